@@ -5,7 +5,6 @@
 
 #include <QFileInfo>
 #include <QThread>
-#include <cerrno>
 #include <cstring>
 #include <random>
 
@@ -19,15 +18,6 @@ constexpr int kReintentos = 4;
 bool contiene(const ISC_STATUS* vector, ISC_STATUS codigo) {
     while (*vector != isc_arg_end) {
         if (*vector == isc_arg_gds && vector[1] == codigo)
-            return true;
-        vector += *vector == isc_arg_cstring ? 3 : 2;
-    }
-    return false;
-}
-
-bool contiene_sistema(const ISC_STATUS* vector, ISC_STATUS numero) {
-    while (*vector != isc_arg_end) {
-        if (*vector == isc_arg_unix && vector[1] == numero)
             return true;
         vector += *vector == isc_arg_cstring ? 3 : 2;
     }
@@ -109,7 +99,7 @@ void Estado::compruebe(bool conectando) {
         QString forma;
         if (!archivo.isEmpty())
             forma = QStringLiteral("I/O error for file \"%1\"\n%2").arg(archivo, texto);
-        else if (red && contiene_sistema(vector, ECONNREFUSED))
+        else if (contiene(vector, isc_net_connect_err) && !contiene(vector, isc_net_lookup_err))
             forma = QStringLiteral("Connection failed\n") + texto;
         else if (red)
             forma = QStringLiteral("Unable to complete network request to host \"%1\"\n%2")
