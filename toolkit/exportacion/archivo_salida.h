@@ -1,22 +1,17 @@
 #pragma once
 
+#include "core/firebird/errores.h"
+
 #include <QByteArray>
 #include <QString>
-#include <exception>
 #include <memory>
 
 class QFileDevice;
 
 /// Falla al grabar un archivo, con el texto que lee el usuario: qué pasó, qué archivo y qué hacer.
-class ErrorExportacion : public std::exception {
+class ErrorExportacion : public ErrorDatos {
 public:
-    explicit ErrorExportacion(const QString& texto) : texto_(texto), bytes_(texto.toUtf8()) {}
-    const QString& texto() const { return texto_; }
-    const char* what() const noexcept override { return bytes_.constData(); }
-
-private:
-    QString texto_;
-    QByteArray bytes_;
+    using ErrorDatos::ErrorDatos;
 };
 
 /// Archivo que solo toma su nombre cuando está completo: se escribe con un nombre provisional en la

@@ -42,7 +42,7 @@ void escriba_csv(TablaExportable& tabla, ArchivoSalida& salida) {
     while (tabla.siguiente())
         escriba_linea([&](int i) {
             const ValorExportable valor = tabla.valor(i);
-            if (const auto* importe = std::get_if<Importe>(&valor))
+            if (const auto* importe = std::get_if<Moneda>(&valor))
                 return texto_exacto(*importe, columnas[i].decimales);
             return texto_valor(valor, columnas[i].decimales);
         });

@@ -57,7 +57,7 @@ Hoja disponga(const MedidaTabla& medida, const std::vector<ColumnaExportable>& c
     for (std::size_t i = 0; i < columnas.size(); ++i) {
         const int ancho = std::max(medida.columnas[i].caracteres, 3);
         caracteres.push_back(
-            columnas[i].tipo == TipoColumna::Texto ? std::min(ancho, kTextoMasAncho) : ancho);
+            columnas[i].tipo == TipoExportable::Texto ? std::min(ancho, kTextoMasAncho) : ancho);
         suma += caracteres.back();
     }
     const int separaciones = static_cast<int>(columnas.size()) * 2 * kSeparacion;

@@ -34,10 +34,10 @@ constexpr int kAnchoMaximo = 60;
 using Celda = std::variant<std::monostate, double, QString>;
 
 // Un real guarda exactas 15 cifras decimales; lo que tenga más va como texto, sin perder ninguna.
-Celda numero_o_texto(Importe importe, int decimales) {
+Celda numero_o_texto(Moneda importe, int decimales) {
     constexpr qint64 kPrimeroDe16Cifras = 1'000'000'000'000'000;
-    qint64 cifras = importe.diezmilesimas;
-    int divisor = 10000;
+    qint64 cifras = importe.unidades();
+    int divisor = Moneda::kEscala;
     while (divisor > 1 && cifras % 10 == 0) {
         cifras /= 10;
         divisor /= 10;
@@ -48,7 +48,7 @@ Celda numero_o_texto(Importe importe, int decimales) {
 }
 
 Celda celda_de(const ValorExportable& valor, int decimales) {
-    if (const auto* importe = std::get_if<Importe>(&valor))
+    if (const auto* importe = std::get_if<Moneda>(&valor))
         return numero_o_texto(*importe, decimales);
     if (const auto* entero = std::get_if<qint64>(&valor)) {
         const auto real = static_cast<double>(*entero);
@@ -213,16 +213,16 @@ Recuento LibroXls::recuento_vacio() const {
 
 quint16 LibroXls::formato_de(const ColumnaExportable& columna) {
     switch (columna.tipo) {
-    case TipoColumna::Entero:
+    case TipoExportable::Entero:
         return kFormatoEntero;
-    case TipoColumna::Moneda:
+    case TipoExportable::Moneda:
         if (columna.decimales == 0)
             return kFormatoMiles;
         if (columna.decimales == 2)
             return kFormatoMilesCentavos;
         return estilos_.formato(QStringLiteral("#,##0.") +
                                 QString(columna.decimales, QLatin1Char('0')));
-    case TipoColumna::Fecha:
+    case TipoExportable::Fecha:
         return estilos_.formato(QStringLiteral("yyyy/mm/dd"));
     default:
         return kFormatoTexto;

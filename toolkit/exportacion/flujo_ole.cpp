@@ -1,9 +1,10 @@
-// Las cabeceras de GLib van antes que las de Qt.
-#include <gsf/gsf.h>
-
 #include "toolkit/exportacion/flujo_ole.h"
 
 #include "toolkit/exportacion/archivo_salida.h"
+
+// GLib usa esta palabra como nombre de campo y Qt la define como macro.
+#undef signals
+#include <gsf/gsf.h>
 
 #include <cerrno>
 #include <cstdio>

@@ -105,7 +105,7 @@ bool Impresion::reparta(double cuerpo, int caracteres_texto) {
                                 tabla_.tiene_pie()
                                     ? negrita.horizontalAdvance(medida_.columnas[i].dato_mas_largo)
                                     : letra.horizontalAdvance(medida_.columnas[i].dato_mas_largo));
-        const bool texto = columnas_[i].tipo == TipoColumna::Texto;
+        const bool texto = columnas_[i].tipo == TipoExportable::Texto;
         if (texto)
             ancho *= 1.05; // El más largo en caracteres no siempre es el más ancho.
         ancho += separacion;
@@ -268,7 +268,7 @@ template <class Texto> void Impresion::escriba_fila(Fila clase, Texto&& texto_de
         const double ancho = reparto_.anchos[i];
         QString texto = en_una_linea(texto_de(static_cast<int>(i)));
         if (!texto.isEmpty()) {
-            if (columnas_[i].tipo == TipoColumna::Texto &&
+            if (columnas_[i].tipo == TipoExportable::Texto &&
                 medidas.horizontalAdvance(texto) > ancho - 2 * margen)
                 texto = medidas.elidedText(texto, Qt::ElideRight, ancho - 2 * margen);
             pintor_.drawText(QRectF(x + margen, y_, ancho - 2 * margen, alto_fila_),

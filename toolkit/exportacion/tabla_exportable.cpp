@@ -4,25 +4,6 @@
 
 namespace {
 
-constexpr int kDecimalesImporte = 4;
-constexpr quint64 kPotencias[] = {1, 10, 100, 1000, 10000};
-
-// Sin signo, para que el menor qint64 también tenga valor absoluto.
-quint64 magnitud(qint64 numero) {
-    return numero < 0 ? 0 - static_cast<quint64>(numero) : static_cast<quint64>(numero);
-}
-
-QString con_decimales(quint64 unidades, int decimales, bool negativo, bool miles) {
-    QString enteros = QString::number(unidades / kPotencias[decimales]);
-    if (miles)
-        for (qsizetype i = enteros.size() - 3; i > 0; i -= 3)
-            enteros.insert(i, QLatin1Char(','));
-    if (decimales > 0)
-        enteros += QLatin1Char('.') + QString::number(unidades % kPotencias[decimales])
-                                          .rightJustified(decimales, QLatin1Char('0'));
-    return negativo && unidades != 0 ? QLatin1Char('-') + enteros : enteros;
-}
-
 bool es_control(QChar c) {
     return c.category() == QChar::Other_Control || c.category() == QChar::Separator_Line ||
            c.category() == QChar::Separator_Paragraph;
@@ -34,10 +15,10 @@ Qt::AlignmentFlag ColumnaExportable::lado() const {
     if (alineacion)
         return *alineacion;
     switch (tipo) {
-    case TipoColumna::Entero:
-    case TipoColumna::Moneda:
+    case TipoExportable::Entero:
+    case TipoExportable::Moneda:
         return Qt::AlignRight;
-    case TipoColumna::Casilla:
+    case TipoExportable::Casilla:
         return Qt::AlignHCenter;
     default:
         return Qt::AlignLeft;
@@ -52,20 +33,12 @@ QString TablaExportable::texto_pie(int indice) const {
     return texto_valor(pie(indice), columna(indice).decimales);
 }
 
-QString texto_importe(Importe importe, int decimales) {
-    decimales = std::clamp(decimales, 0, kDecimalesImporte);
-    const quint64 divisor = kPotencias[kDecimalesImporte - decimales];
-    const quint64 redondeado = (magnitud(importe.diezmilesimas) + divisor / 2) / divisor;
-    return con_decimales(redondeado, decimales, importe.diezmilesimas < 0, true);
-}
-
-QString texto_exacto(Importe importe, int decimales) {
-    decimales = std::clamp(decimales, 0, kDecimalesImporte);
-    const quint64 total = magnitud(importe.diezmilesimas);
-    while (total % kPotencias[kDecimalesImporte - decimales] != 0)
-        ++decimales;
-    return con_decimales(total / kPotencias[kDecimalesImporte - decimales], decimales,
-                         importe.diezmilesimas < 0, false);
+QString texto_exacto(Moneda importe, int decimales) {
+    qint64 resto = importe.unidades();
+    int exactos = Moneda::kDecimales;
+    for (; exactos > 0 && resto % 10 == 0; --exactos)
+        resto /= 10;
+    return importe.formateada(std::max(decimales, exactos)).remove(QLatin1Char(','));
 }
 
 QString texto_valor(const ValorExportable& valor, int decimales) {
@@ -74,7 +47,7 @@ QString texto_valor(const ValorExportable& valor, int decimales) {
         QString operator()(std::monostate) const { return {}; }
         QString operator()(const QString& texto) const { return texto; }
         QString operator()(qint64 entero) const { return QString::number(entero); }
-        QString operator()(Importe importe) const { return texto_importe(importe, decimales); }
+        QString operator()(Moneda importe) const { return importe.formateada(decimales); }
         QString operator()(const QDate& fecha) const {
             return fecha.toString(QStringLiteral("yyyy/MM/dd"));
         }

@@ -1,26 +1,22 @@
 #pragma once
 
-#include <QByteArray>
+#include "core/firebird/moneda.h"
+
 #include <QDate>
 #include <QString>
 #include <optional>
 #include <variant>
 #include <vector>
 
-/// Importe exacto en diezmilésimas: 1234.50 es Importe{12345000}.
-struct Importe {
-    qint64 diezmilesimas = 0;
-};
-
 /// Valor de una celda. El vacío (monostate) no escribe nada; el tipo que lleva manda sobre el de la
 /// columna, de modo que una columna de fechas puede traer el texto "20181301" de un mes 13.
-using ValorExportable = std::variant<std::monostate, QString, qint64, Importe, QDate, bool>;
+using ValorExportable = std::variant<std::monostate, QString, qint64, Moneda, QDate, bool>;
 
-enum class TipoColumna { Texto, Entero, Moneda, Fecha, Casilla };
+enum class TipoExportable { Texto, Entero, Moneda, Fecha, Casilla };
 
 struct ColumnaExportable {
     QString titulo;
-    TipoColumna tipo = TipoColumna::Texto;
+    TipoExportable tipo = TipoExportable::Texto;
     int decimales = 2; ///< Solo Moneda, de 0 a 4.
     int ancho = 0;     ///< Ancho sugerido en caracteres; 0 lo mide el escritor.
     std::optional<Qt::AlignmentFlag> alineacion; ///< Sin ella decide el tipo.
@@ -56,10 +52,8 @@ public:
     virtual QString texto_pie(int indice) const;
 };
 
-/// "1,234.50": con separador de miles y los decimales pedidos; la mitad se aleja de cero.
-QString texto_importe(Importe importe, int decimales);
 /// "1234.50": sin separador de miles y exacto, con más decimales que los pedidos si hacen falta.
-QString texto_exacto(Importe importe, int decimales);
+QString texto_exacto(Moneda importe, int decimales);
 /// Texto por omisión de un valor: fechas aaaa/mm/dd, casillas "S" o "N".
 QString texto_valor(const ValorExportable& valor, int decimales);
 /// El texto en un solo renglón: los saltos, tabuladores y demás controles quedan como un espacio.
