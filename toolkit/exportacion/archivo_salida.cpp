@@ -24,10 +24,6 @@ void compruebe_destino(const QFileInfo& destino) {
         throw ErrorExportacion(
             QStringLiteral("\"%1\" es una carpeta. Indique el nombre de un archivo.")
                 .arg(nombre(destino.filePath())));
-    if (!carpeta.isWritable())
-        throw ErrorExportacion(QStringLiteral("No tiene permiso para grabar en la carpeta \"%1\". "
-                                              "Elija otra carpeta.")
-                                   .arg(nombre(carpeta.filePath())));
     if (destino.exists() && !destino.isWritable())
         throw ErrorExportacion(QStringLiteral("El archivo \"%1\" está protegido contra escritura. "
                                               "Indique otro nombre.")

@@ -18,7 +18,7 @@ QString contenido(const QString& texto) {
     QStringList lineas = escape(texto).split(QLatin1Char('\n'));
     for (QString& linea : lineas)
         linea = en_una_linea(linea);
-    return lineas.join(QStringLiteral("<br>"));
+    return lineas.join(QStringLiteral("<br/>"));
 }
 
 const char* clase(Qt::AlignmentFlag lado) {
@@ -60,7 +60,7 @@ void escriba_htm(TablaExportable& tabla, ArchivoSalida& salida) {
     };
 
     salida.escriba(QStringLiteral("<!DOCTYPE html>\n<html lang=\"es\">\n<head>\n"
-                                  "<meta charset=\"utf-8\">\n<title>%1</title>\n<style>\n")
+                                  "<meta charset=\"utf-8\"/>\n<title>%1</title>\n<style>\n")
                        .arg(titulo.isEmpty() ? QStringLiteral("Datos") : titulo));
     salida.escriba(QByteArray(kEstilo));
     salida.escriba(QByteArray("</style>\n</head>\n<body>\n<table>\n"));

@@ -94,10 +94,9 @@ void FlujoOle::corrija(qint64 posicion, const QByteArray& bytes) {
 void FlujoOle::cierre() {
     objetos_->vacie();
     objetos_->exija(gsf_output_close(objetos_->flujo));
-    objetos_->exija(gsf_output_close(GSF_OUTPUT(objetos_->contenedor)));
-    // El último tramo puede estar aún en la memoria de la biblioteca estándar.
+    // El contenedor cierra también el archivo, cuyo último tramo puede fallar aún.
     errno = 0;
-    objetos_->exija(gsf_output_close(objetos_->archivo));
+    objetos_->exija(gsf_output_close(GSF_OUTPUT(objetos_->contenedor)));
 }
 
 } // namespace exportacion
