@@ -21,6 +21,8 @@ CREATE TABLE COMPROBANTE_ENCABEZADO (
   ENCO_CONTANIIF D_SN
 );
 
+-- CODE_FECHA es solo del servidor: copia la fecha del encabezado (nula si no lo hay) para que los
+-- auxiliares lean por cuenta y fecha con un solo índice, sin crecer con el libro.
 CREATE TABLE COMPROBANTE_DETALLE (
   ENCO_CONSEC integer NOT NULL,
   CODE_ITEM integer NOT NULL,
@@ -41,7 +43,8 @@ CREATE TABLE COMPROBANTE_DETALLE (
   CONC_COD varchar(4),
   CNDE_DOCNUMERO varchar(10),
   CNDE_DOCAPLICA varchar(10),
-  CODE_DESCONTABLE D_SN
+  CODE_DESCONTABLE D_SN,
+  CODE_FECHA D_FECHA
 );
 
 -- CODE_ITEMREP es solo del servidor: la línea 2649 de la que esta es réplica; nula si se digitó.
@@ -66,8 +69,23 @@ CREATE TABLE COMPROBANTE_DETALLE_NIIF (
   CNDE_DOCNUMERO varchar(10),
   CNDE_DOCAPLICA varchar(10),
   CODE_DESCONTABLE D_SN,
+  CODE_FECHA D_FECHA,
   CODE_ITEMREP integer
 );
+
+-- Memoria de la transacción para las réplicas, que se hacen al confirmar: las líneas 2649 tocadas
+-- (CODE_ITEM -1 pide todas las del comprobante) y lo que el usuario digitó en el libro NIIF.
+CREATE GLOBAL TEMPORARY TABLE REPLICA_LINEA (
+  ENCO_CONSEC integer NOT NULL,
+  CODE_ITEM integer NOT NULL,
+  REPL_NUEVA D_SN
+) ON COMMIT DELETE ROWS;
+
+CREATE GLOBAL TEMPORARY TABLE REPLICA_MANO (
+  ENCO_CONSEC integer NOT NULL,
+  CODE_ITEM integer NOT NULL,
+  REPL_NUEVA D_SN
+) ON COMMIT DELETE ROWS;
 
 CREATE TABLE PLANTILLA_ENCABEZADO (
   PLAN_ID integer NOT NULL,
