@@ -172,11 +172,11 @@ QString mensaje_claro(const ErrorDatos& falla) {
         return QStringLiteral("La base de datos está en uso por otra sesión. Cierre los demás "
                               "programas que la tengan abierta e intente de nuevo.\n") +
                t;
-    if (dice("Unable to complete network request"))
-        return QStringLiteral("No se encontró el equipo servidor %1.").arg(citado);
     if (dice("Connection failed"))
         return QStringLiteral("No hay un servidor Firebird atendiendo en la ubicación indicada. "
                               "Verifique el equipo, el puerto y que el servicio esté iniciado.");
+    if (dice("Unable to complete network request"))
+        return QStringLiteral("No se encontró el equipo servidor %1.").arg(citado);
     if (dice("I/O error")) {
         const QString archivo = t.contains(QLatin1String("for file \""))
                                     ? t.section("for file \"", 1).section('"', 0, 0)

@@ -91,8 +91,7 @@ QStringList Instalador::archivos(TipoBase tipo) const {
 QString Instalador::lea(const QString& archivo) const {
     QFile f(carpeta_ + '/' + archivo);
     if (!f.open(QIODevice::ReadOnly))
-        throw ErrorDatos(
-            QStringLiteral("No se pudo leer %1: %2").arg(f.fileName(), f.errorString()));
+        throw ErrorDatos(QStringLiteral("No se pudo leer %1.").arg(f.fileName()));
     return QString::fromUtf8(f.readAll()).remove('\r');
 }
 

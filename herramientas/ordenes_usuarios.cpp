@@ -85,8 +85,9 @@ void conexion(const Sesion& s) {
                   QStringLiteral("/conexion.cfg"));
     const QByteArray texto = s.ubicacion().texto().toLocal8Bit() + "\r\n";
     if (!archivo.open(QIODevice::WriteOnly) || archivo.write(texto) != texto.size())
-        throw ErrorDatos(QStringLiteral("No se pudo escribir %1: %2")
-                             .arg(archivo.fileName(), archivo.errorString()));
+        throw ErrorDatos(
+            QStringLiteral("No se pudo escribir %1. Verifique la carpeta y sus permisos.")
+                .arg(archivo.fileName()));
     diga(QStringLiteral("Escrito %1.").arg(archivo.fileName()));
 }
 

@@ -130,8 +130,10 @@ IXpbBuilder* orden(unsigned char accion) {
 }
 
 [[noreturn]] void no_se_pudo(const QString& verbo, const QFile& archivo) {
-    throw ErrorDatos(QStringLiteral("No se pudo %1 el archivo de respaldo %2: %3")
-                         .arg(verbo, archivo.fileName(), archivo.errorString()));
+    throw ErrorDatos(
+        QStringLiteral("No se pudo %1 el archivo de respaldo %2. Verifique la ruta, los "
+                       "permisos y el espacio en disco.")
+            .arg(verbo, archivo.fileName()));
 }
 
 } // namespace
