@@ -1,0 +1,14 @@
+#pragma once
+#include <QByteArray>
+#include <QDate>
+#include <QDateTime>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QTime>
+#include <QVector>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <variant>
+#include <vector>
