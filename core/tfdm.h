@@ -10,7 +10,7 @@
 #include <QPointer>
 
 /// Encabezado de la compañía para los comprobantes impresos.
-struct DatosCompania {
+struct EncabezadoCompania {
     QString nombre, direccion, telefonos, encabezado;
     QByteArray logo;
 };
@@ -30,7 +30,7 @@ public:
     QString modulo, usuario, nombre_usuario, codigo_compania;
     int sucursal_usuario = 0;
     bool administrador = false;
-    DatosCompania datos_compania;
+    EncabezadoCompania datos_compania;
     int registros_paquete = 1000;
     int duracion_busquedas = 0; ///< milisegundos
     QString color_ventana, color_final;
