@@ -349,7 +349,7 @@ private slots:
         salida_de(oficina,
                   {"-env:UserInstallation=file://" + ruta("perfil"), "--headless", "--convert-to",
                    "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,"
-                   "true,false",
+                   "true,true",
                    "--outdir", carpeta_.path(), ruta("e.xls")});
         const QStringList lineas = QString::fromUtf8(contenido(ruta("e.csv"))).split('\n');
         QCOMPARE(lineas.size(), 3002);

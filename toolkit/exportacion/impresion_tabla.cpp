@@ -26,6 +26,10 @@ struct Reparto {
     std::vector<double> anchos;
 };
 
+double margen_celda(const QFontMetricsF& letra) {
+    return letra.horizontalAdvance(QLatin1Char('0')) * 0.7;
+}
+
 class Impresion {
 public:
     Impresion(TablaExportable& tabla, QPagedPaintDevice& dispositivo,
@@ -94,8 +98,8 @@ QString Impresion::con_marcas(QString texto) const {
 bool Impresion::reparta(double cuerpo, int caracteres_texto) {
     const QFontMetricsF letra(fuente(cuerpo), &dispositivo_);
     const QFontMetricsF negrita(fuente(cuerpo, true), &dispositivo_);
-    const double separacion = letra.horizontalAdvance(QLatin1Char('0'));
-    const double tope_texto = separacion * (caracteres_texto + 1);
+    const double separacion = 2 * margen_celda(letra);
+    const double tope_texto = letra.horizontalAdvance(QLatin1Char('0')) * caracteres_texto;
     std::vector<double> naturales;
     reparto_.cuerpo = cuerpo;
     reparto_.anchos.clear();

@@ -18,7 +18,7 @@ struct ColumnaExportable {
     QString titulo;
     TipoExportable tipo = TipoExportable::Texto;
     int decimales = 2; ///< Solo Moneda, de 0 a 4.
-    int ancho = 0;     ///< Ancho sugerido en caracteres; 0 lo mide el escritor.
+    int ancho = 0;     ///< En caracteres, para el libro; con 0 se mide. Los demás siempre miden.
     std::optional<Qt::AlignmentFlag> alineacion; ///< Sin ella decide el tipo.
 
     Qt::AlignmentFlag lado() const;
