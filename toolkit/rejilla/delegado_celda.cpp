@@ -61,10 +61,9 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
         QStyleOptionButton caja;
         caja.initFrom(&rejilla_);
         caja.rect = DelegadoCelda::caja(celda, &rejilla_);
-        const bool si =
-            modelo.valor(indice.row(), indice.column()).texto() == QLatin1String("S");
-        caja.state = (caja.state & ~QStyle::State_HasFocus) |
-                     (si ? QStyle::State_On : QStyle::State_Off);
+        const bool si = modelo.valor(indice.row(), indice.column()).texto() == QLatin1String("S");
+        caja.state =
+            (caja.state & ~QStyle::State_HasFocus) | (si ? QStyle::State_On : QStyle::State_Off);
         if (modelo.editable(indice.column()))
             caja.state |= QStyle::State_Enabled;
         rejilla_.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &caja, pintor, &rejilla_);

@@ -71,7 +71,8 @@ void EditorCelda::despliegue() {
                 fila = i;
     lista_->setCurrentRow(qMax(fila, 0));
     const int alto = lista_->sizeHintForRow(0) * qMin(int(opciones.size()), 10) + 4;
-    const int largo = lista_->sizeHintForColumn(0) + lista_->verticalScrollBar()->sizeHint().width();
+    const int largo =
+        lista_->sizeHintForColumn(0) + lista_->verticalScrollBar()->sizeHint().width();
     lista_->resize(qMax(width(), largo + 8), alto);
     lista_->move(mapToGlobal(QPoint(0, height())));
     lista_->show();

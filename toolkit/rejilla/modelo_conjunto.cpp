@@ -28,17 +28,20 @@ Valor ModeloConjunto::valor(int fila, int columna) const {
     }
 }
 
-QString ModeloConjunto::texto(int fila, int columna) const {
+QString ModeloConjunto::presente(const Valor& v, int columna) const {
     const ColumnaRejilla& c = rejilla_.columna(columna);
     if (!c.campo)
         return {};
-    const Valor v = valor(fila, columna);
     if (!c.KeyList().isEmpty()) {
         const qsizetype i = c.KeyList().indexOf(v.texto());
         if (i >= 0 && i < c.PickList().size())
             return c.PickList().at(i);
     }
     return c.campo->presente(v, c.DisplayFormat);
+}
+
+QString ModeloConjunto::texto(int fila, int columna) const {
+    return presente(valor(fila, columna), columna);
 }
 
 QString ModeloConjunto::texto_editable(int fila, int columna) const {

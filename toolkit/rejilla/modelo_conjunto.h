@@ -21,7 +21,8 @@ public:
     void fetchMore(const QModelIndex& padre) override;
 
     Valor valor(int fila, int columna) const;
-    QString texto(int fila, int columna) const; ///< como se ve en la celda
+    QString presente(const Valor& valor, int columna) const; ///< como se ve en la columna
+    QString texto(int fila, int columna) const;              ///< como se ve en la celda
     QString texto_editable(int fila, int columna) const;
     bool editable(int columna) const; ///< la columna se deja escribir
     bool numerica(int columna) const;
