@@ -159,6 +159,7 @@ public:
     const Aspecto& aspecto_de(int fila) const;
     ModeloConjunto& modelo() const { return *modelo_; }
     bool reclama(const QKeyEvent& evento) override;
+    bool termine() override { return termine_edicion(); }
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
