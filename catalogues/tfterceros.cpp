@@ -12,7 +12,7 @@
 namespace {
 const QString kBase =
     "select TERC_NIT, TERC_DV, TERC_NOM, TERC_CONTACTO, TERC_TEL, TERC_CIU, TERC_CLIE, TERC_PROV, "
-    "TERC_EMPL, TERC_ESTADO, CIUD_COD from terceros ");
+    "TERC_EMPL, TERC_ESTADO, CIUD_COD from terceros ";
 }
 
 Tfterceros::Tfterceros()

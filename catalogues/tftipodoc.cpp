@@ -50,13 +50,14 @@ Tftipodoc::Tftipodoc()
             detalle_->Cancel();
     };
     detalle_->AfterScroll = [this] { CPrefijosAfterScroll(); };
-    maestro_->AfterScroll = [this] {
-        SpeedButton3->setEnabled(maestro_->FieldByName("TICO_FORMATO").texto() == "S");
-    };
+    maestro_->AfterScroll = [this] { CTipodocAfterScroll(); };
     // La base, y no la pantalla, decide si un tipo puede irse con prefijos: la cascada solo deja
     // quitar la fila de la vista y no borra prefijos al grabar.
     maestro_->BeforeDelete = [this] { proveedor_->Options |= poCascadeDeletes; };
-    maestro_->AfterDelete = [this] { proveedor_->Options &= ~poCascadeDeletes; };
+    maestro_->AfterDelete = [this] {
+        proveedor_->Options &= ~poCascadeDeletes;
+        CTipodocAfterScroll();
+    };
     // Solo los prefijos que de verdad cambian llevan al usuario del cambio.
     proveedor_->BeforeUpdateRecord = [this](ConjuntoDatos& conjunto, Fila& fila, ClaseCambio clase) {
         if (&conjunto == detalle_ && clase != ClaseCambio::Borrado)
@@ -73,6 +74,10 @@ void Tftipodoc::FormCreate() {
         return;
     }
     DBGridEh1->setFocus();
+}
+
+void Tftipodoc::CTipodocAfterScroll() {
+    SpeedButton3->setEnabled(maestro_->FieldByName("TICO_FORMATO").texto() == "S");
 }
 
 void Tftipodoc::CPrefijosAfterScroll() {

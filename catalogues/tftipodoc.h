@@ -11,6 +11,7 @@ public:
     void FormCreate() override;
 
 private:
+    void CTipodocAfterScroll();
     void CPrefijosAfterScroll();
     void SpeedButton2Click();
     void SpeedButton3Click();
