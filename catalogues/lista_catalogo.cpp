@@ -32,23 +32,21 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     DBGridEh1->menu_emergente(
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
-    DBGridEh1->OnDblClick = [this](int) { modo_mantenimiento_ ? SBModificarClick() : SBSelecClick(); };
+    DBGridEh1->OnDblClick = [this](int) {
+        modo_mantenimiento_ ? SBModificarClick() : SBSelecClick();
+    };
 
     barra_ = new BarraBotones(this);
-    barra_->boton("SBSelec", "Enter:Selecciona",
-                  "dialog-ok-apply", QKeySequence(), [this] { SBSelecClick(); });
-    barra_->boton("SBNuevo", "F5:Nuevo",
-                  "document-new", QKeySequence(Qt::Key_F5),
+    barra_->boton("SBSelec", "Enter:Selecciona", "dialog-ok-apply", QKeySequence(),
+                  [this] { SBSelecClick(); });
+    barra_->boton("SBNuevo", "F5:Nuevo", "document-new", QKeySequence(Qt::Key_F5),
                   [this] { SBNuevoClick(); });
-    barra_->boton("SBModificar", "F4:Modificar",
-                  "document-edit", QKeySequence(Qt::Key_F4),
+    barra_->boton("SBModificar", "F4:Modificar", "document-edit", QKeySequence(Qt::Key_F4),
                   [this] { SBModificarClick(); });
-    barra_->boton("SBBorrar", "F3:Eliminar",
-                  "edit-delete", QKeySequence(Qt::Key_F3),
+    barra_->boton("SBBorrar", "F3:Eliminar", "edit-delete", QKeySequence(Qt::Key_F3),
                   [this] { SBBorrarClick(); });
     tecla(Qt::Key_Return, "Enter", [this] { enter(); });
-    tecla(Qt::Key_F12, Qt::ShiftModifier, "EBuscar",
-          [this] { busqueda_->EBuscar->setFocus(); });
+    tecla(Qt::Key_F12, Qt::ShiftModifier, "EBuscar", [this] { busqueda_->EBuscar->setFocus(); });
 }
 
 void ListaCatalogo::enter() {
@@ -64,7 +62,9 @@ QString ListaCatalogo::codigo() const {
     return conjunto_->Active() ? conjunto_->Fields(0).texto() : QString();
 }
 
-void ListaCatalogo::consulte(const QString& sql) { conjunto_->Open(sql); }
+void ListaCatalogo::consulte(const QString& sql) {
+    conjunto_->Open(sql);
+}
 
 void ListaCatalogo::FormActivate() {
     if (!std::exchange(recien_abierta_, false))

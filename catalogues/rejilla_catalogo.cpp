@@ -35,12 +35,10 @@ void RejillaCatalogo::arme(const QVector<DefinicionColumna>& columnas,
     navegador->setObjectName("DBNavigator1");
 
     barra_ = new BarraBotones(this);
-    auto* grabar = barra_->boton("SBGrabar", rotulo_grabar_,
-                                 "document-save", QKeySequence(Qt::Key_F2),
-                                 [this] { SBGrabarClick(); });
+    auto* grabar = barra_->boton("SBGrabar", rotulo_grabar_, "document-save",
+                                 QKeySequence(Qt::Key_F2), [this] { SBGrabarClick(); });
     barra_->principal(grabar);
-    barra_->boton("SBCancelar", "Esc:Salir",
-                  "window-close", QKeySequence(Qt::Key_Escape),
+    barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
                   [this] { SBCancelarClick(); });
 
     Formulario(this).ancha(navegador, 0).ancha(DBGridEh1).botones(barra_);

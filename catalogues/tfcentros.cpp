@@ -38,9 +38,8 @@ Tfcentros::Tfcentros()
                   [this] { SBSelecClick(); });
     barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
                   [this] { cancele_y_cierre(); });
-    tecla(Qt::Key_F12, "Cambiar de rejilla", [this] {
-        (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus();
-    });
+    tecla(Qt::Key_F12, "Cambiar de rejilla",
+          [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
     DBGridEh1->OnDblClick = DBGridEh2->OnDblClick = [this](int) { SBSelecClick(); };
     tamano(980, 520);
 }
@@ -54,8 +53,8 @@ void Tfcentros::FormCreate() {
         fdm().configurado_si("COMPROBANTES", "FILTRAR CENTROS DE COSTO POR AGENCIA");
     maestro_->Open();
     if (por_agencia && fdm().sucursal_usuario != 0) {
-        detalle_->Filter("(SUCU_ID = 0) OR (SUCU_ID = " +
-                         QString::number(fdm().sucursal_usuario) + ")");
+        detalle_->Filter("(SUCU_ID = 0) OR (SUCU_ID = " + QString::number(fdm().sucursal_usuario) +
+                         ")");
         detalle_->Filtered(true);
     }
     DBGridEh1->setFocus();

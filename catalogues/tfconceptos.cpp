@@ -6,17 +6,13 @@
 #include "toolkit/rejilla/rejilla.h"
 
 Tfconceptos::Tfconceptos()
-    : RejillaCatalogo("Tfconceptos", "Categorías",
-                      fdmcnt().TConceptoconta, "Concepto",
+    : RejillaCatalogo("Tfconceptos", "Categorías", fdmcnt().TConceptoconta, "Concepto",
                       "CONC_COD") {
     conjunto_->texto("CONC_COD", 4).etiqueta("Código");
     conjunto_->texto("CONC_NOMBRE", 60).etiqueta("Nombre");
     rotulo_grabar_ = "F2: Grabar";
-    arme({{"CONC_COD", "Código", 8},
-          {"CONC_NOMBRE", "Nombre", 44}},
-         "Categorias");
-    barra_->boton("SpeedButton1", "Seleccionar",
-                  "dialog-ok-apply", QKeySequence(),
+    arme({{"CONC_COD", "Código", 8}, {"CONC_NOMBRE", "Nombre", 44}}, "Categorias");
+    barra_->boton("SpeedButton1", "Seleccionar", "dialog-ok-apply", QKeySequence(),
                   [this] { SpeedButton1Click(); });
     DBGridEh1->OnDblClick = [this](int) { SpeedButton1Click(); };
     tamano(560, 480);

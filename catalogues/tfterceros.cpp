@@ -16,8 +16,7 @@ const QString kBase =
 }
 
 Tfterceros::Tfterceros()
-    : ListaCatalogo("Tfterceros", "Registro de Terceros",
-                    fdmter().QTerceros, "Terceros") {
+    : ListaCatalogo("Tfterceros", "Registro de Terceros", fdmter().QTerceros, "Terceros") {
     ConjuntoDatos& t = *conjunto_;
     t.texto("TERC_NIT", 20).banderas(pfInUpdate | pfInWhere | pfInKey);
     t.bandera("TERC_DV");
@@ -29,9 +28,7 @@ Tfterceros::Tfterceros()
         t.bandera(QString::fromLatin1(bandera));
     t.texto("CIUD_COD", 5);
 
-    arme({{"&NIT", "terc_nit"},
-          {"N&ombre", "terc_nom"},
-          {"&Contacto", "terc_contacto"}},
+    arme({{"&NIT", "terc_nit"}, {"N&ombre", "terc_nom"}, {"&Contacto", "terc_contacto"}},
          "Mostrar inactivos",
          {{"TERC_NIT", "NIT", 14},
           {"TERC_DV", "DV", 3},
@@ -45,16 +42,14 @@ Tfterceros::Tfterceros()
          "Terceros");
     busqueda_->ItemIndex(1);
     DBGridEh1->OnGetCellParams = [this](int fila, QFont&, QColor& frente, QColor&) {
-        if (conjunto_->valor_en(fila, conjunto_->FieldByName("TERC_ESTADO"))
-                .texto() != QLatin1String("S"))
+        if (conjunto_->valor_en(fila, conjunto_->FieldByName("TERC_ESTADO")).texto() !=
+            QLatin1String("S"))
             frente = color_inactivo();
     };
     // El letrero anuncia F8 y la tecla que funciona es F9: así se conoce la pantalla.
-    barra_->boton("SBMovimiento", "F8:Movimiento",
-                  "view-list-details", QKeySequence(Qt::Key_F9),
+    barra_->boton("SBMovimiento", "F8:Movimiento", "view-list-details", QKeySequence(Qt::Key_F9),
                   [this] { SBMovimientoClick(); });
-    barra_->boton("SBSalir", "Esc:Salir",
-                  "window-close", QKeySequence(Qt::Key_Escape),
+    barra_->boton("SBSalir", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
                   [this] { close(); });
     tamano(1060, 560);
 }
@@ -84,12 +79,10 @@ void Tfterceros::sbBuscarClick() {
 void Tfterceros::SBBorrarClick() {
     const QString nit = codigo();
     if (nit.isEmpty() || !fdm().exija_acceso(12) ||
-        !pregunte("Desea borrar definitivamente el tercero con NIT " + nit +
-                  " ?"))
+        !pregunte("Desea borrar definitivamente el tercero con NIT " + nit + " ?"))
         return;
     CBorrar->PacketRecords = 1; // basta saber si hay una línea
-    CBorrar->Open("select * from comprobante_detalle where terc_nit = " +
-                  QuotedStr(nit));
+    CBorrar->Open("select * from comprobante_detalle where terc_nit = " + QuotedStr(nit));
     const bool con_movimiento = !CBorrar->IsEmpty();
     CBorrar->Close();
     if (con_movimiento) {
@@ -100,7 +93,9 @@ void Tfterceros::SBBorrarClick() {
     conjunto_->Refresh();
 }
 
-void Tfterceros::SBNuevoClick() { crear_tercero(); }
+void Tfterceros::SBNuevoClick() {
+    crear_tercero();
+}
 
 void Tfterceros::SBModificarClick() {
     if (codigo().isEmpty())

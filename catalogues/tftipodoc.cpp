@@ -19,7 +19,9 @@ Tftipodoc::Tftipodoc()
     detalle_->bandera("PRCO_ACTIVO").etiqueta("Activo");
 
     arme({"Tipos de comprobante",
-          {{"TICO_COD", "Código", 7}, {"TICO_NOM", "Nombre", 30}, {"TICO_FORMATO", "Formato", 8, Casilla}},
+          {{"TICO_COD", "Código", 7},
+           {"TICO_NOM", "Nombre", 30},
+           {"TICO_FORMATO", "Formato", 8, Casilla}},
           5},
          {"Prefijos",
           {{"PRCO_PREF", "Prefijo", 8},
@@ -59,7 +61,8 @@ Tftipodoc::Tftipodoc()
         CTipodocAfterScroll();
     };
     // Solo los prefijos que de verdad cambian llevan al usuario del cambio.
-    proveedor_->BeforeUpdateRecord = [this](ConjuntoDatos& conjunto, Fila& fila, ClaseCambio clase) {
+    proveedor_->BeforeUpdateRecord = [this](ConjuntoDatos& conjunto, Fila& fila,
+                                            ClaseCambio clase) {
         if (&conjunto == detalle_ && clase != ClaseCambio::Borrado)
             (*fila.valores)[detalle_->FieldByName("PRCO_USUARIO").indice()] = fdm().usuario;
     };
@@ -81,8 +84,7 @@ void Tftipodoc::CTipodocAfterScroll() {
 }
 
 void Tftipodoc::CPrefijosAfterScroll() {
-    if (maestro_->Active() && !detalle_->editando() &&
-        !detalle_->FieldByName("PRCO_PREF").vacio())
+    if (maestro_->Active() && !detalle_->editando() && !detalle_->FieldByName("PRCO_PREF").vacio())
         detalle_->Edit();
 }
 
