@@ -1,0 +1,20 @@
+#pragma once
+// Registro de Terceros: lista, mantenimiento y selección por NIT.
+#include "catalogues/lista_catalogo.h"
+
+class Tfterceros : public ListaCatalogo {
+    Q_OBJECT
+public:
+    Tfterceros();
+    void FormCreate() override;
+
+protected:
+    void sbBuscarClick() override;
+    void SBNuevoClick() override;
+    void SBModificarClick() override;
+    void SBBorrarClick() override;
+    void SBSelecClick() override;
+
+private:
+    void SBMovimientoClick();
+};
