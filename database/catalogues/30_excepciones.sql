@@ -1,0 +1,16 @@
+-- Negativas de los planes de cuentas.
+
+CREATE OR ALTER EXCEPTION CUENTA_DIGITOS
+  'El código de la cuenta solo puede tener dígitos.';
+CREATE OR ALTER EXCEPTION CUENTA_LONGITUD
+  'El código de la cuenta no tiene la longitud de ningún nivel de la estructura.';
+CREATE OR ALTER EXCEPTION CUENTA_SIN_PADRE
+  'No existe la cuenta de nivel superior.';
+CREATE OR ALTER EXCEPTION CUENTA_PADRE_CON_MOVIMIENTO
+  'La cuenta de nivel superior tiene movimiento y no puede recibir auxiliares.';
+CREATE OR ALTER EXCEPTION CUENTA_CON_MOVIMIENTO
+  'La cuenta tiene movimiento: no se pueden cambiar su código ni sus indicadores.';
+CREATE OR ALTER EXCEPTION CUENTA_CON_AUXILIARES
+  'La cuenta tiene auxiliares definidos.';
+CREATE OR ALTER EXCEPTION ESTRUCTURA_EN_USO
+  'La estructura no se puede cambiar: ya hay cuentas creadas.';

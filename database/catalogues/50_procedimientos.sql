@@ -1,0 +1,175 @@
+-- Reglas de las cuentas, terceros, centros y artículos. Ninguno lanza excepción por un código que
+-- no exista: lo dicen en su resultado, y siempre devuelven una fila.
+
+SET TERM ^ ;
+
+--<LIBROS>
+-- Si una cuenta puede llevar movimiento.
+-- ERROR: 0 sí; 1 no existe; 2 la longitud del código no es la de un nivel; 3 es de un nivel
+-- superior al primero afectable; 4 tiene auxiliares. La llama valide_cuenta{_NIIF}.
+CREATE OR ALTER PROCEDURE VALIDE_CUENTA{_NIIF}_C (CUENTA varchar(20))
+RETURNS (ERROR integer)
+AS
+  DECLARE NIVEL integer;
+BEGIN
+  NIVEL = NIVEL_CUENTA(CUENTA);
+  IF (NIVEL IS NULL) THEN
+    ERROR = 2;
+  ELSE IF (NOT EXISTS (SELECT 1 FROM {CUENTAS} WHERE CUEN_COD = :CUENTA)) THEN
+    ERROR = 1;
+  ELSE IF (NIVEL < NIVEL_AFECTABLE()) THEN
+    ERROR = 3;
+  ELSE IF (TIENE_AUXILIARES{_NIIF}(CUENTA)) THEN
+    ERROR = 4;
+  ELSE
+    ERROR = 0;
+  SUSPEND;
+END^
+--</LIBROS>
+
+-- OK "S" solo para un tercero activo. La llama valide_tercero.
+CREATE OR ALTER PROCEDURE EXISTE_TERCERO (NIT varchar(20))
+RETURNS (OK char(1))
+AS
+BEGIN
+  OK = iif(EXISTS (SELECT 1 FROM TERCEROS WHERE TERC_NIT = :NIT AND TERC_ESTADO = 'S'), 'S', 'N');
+  SUSPEND;
+END^
+
+-- OK "S" si el centro existe en el proyecto, de cualquier agencia: la agencia filtra lo que se
+-- ofrece, no lo que vale. La llama valide_centro.
+CREATE OR ALTER PROCEDURE EXISTE_CENTRO (PROYECTO varchar(4), CENTRO varchar(4))
+RETURNS (OK char(1))
+AS
+BEGIN
+  OK = iif(EXISTS (SELECT 1 FROM CENTROS WHERE PROY_COD = :PROYECTO AND CENT_COD = :CENTRO),
+    'S', 'N');
+  SUSPEND;
+END^
+
+-- OK "S" si la cuenta 2649 puede llevar movimiento.
+CREATE OR ALTER PROCEDURE ES_AFECTABLE (CUENTA varchar(20))
+RETURNS (OK char(1))
+AS
+BEGIN
+  OK = iif((SELECT ERROR FROM VALIDE_CUENTA_C(:CUENTA)) = 0, 'S', 'N');
+  SUSPEND;
+END^
+
+-- Código de la cuenta de nivel superior, exista o no; vacío en el primer nivel. Se llama como
+-- consulta (padre de Tfdmcnt) y como procedimiento (Tfnvacuenta, Tfcreactamov).
+CREATE OR ALTER PROCEDURE PADRE (CUENTA varchar(20))
+RETURNS (PADRE varchar(20))
+AS
+BEGIN
+  PADRE = coalesce(CODIGO_PADRE(CUENTA), '');
+  SUSPEND;
+END^
+
+-- Crea en CUENTAS una cuenta del plan publicado que la compañía usa, con las superiores que le
+-- falten. Un código ajeno a la lista no crea nada. La llama Tfpuc.
+CREATE OR ALTER PROCEDURE CREE_CUENTA_PUC (CUENTA varchar(20))
+AS
+  DECLARE LISTA integer;
+BEGIN
+  SELECT decode(CONF_VALOR, 'COMERCIAL', 1, 'OFICIAL', 2, 'COOPERATIVO', 3, 'SERVICIOSP', 4, 5)
+  FROM CONFIGURACION
+  WHERE CONF_MODULO = 'CONTABILIDAD' AND CONF_CATEGORIA = 'GENERAL'
+    AND CONF_PROPIEDAD = 'TIPO DE PUC A UTILIZAR'
+  INTO :LISTA;
+  LISTA = coalesce(LISTA, 5);
+  IF (NOT EXISTS (SELECT 1 FROM PUC WHERE TIPU_COD = :LISTA AND PUC_COD = :CUENTA)) THEN
+    EXIT;
+  INSERT INTO CUENTAS (CUEN_COD, CUEN_NOM, CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION,
+    CUEN_CTAJUSTE, CUEN_CTACORRECION, CUEN_AJUSDB, CUEN_TIPO, CUEN_ACTIVA)
+  SELECT P.PUC_COD, P.PUC_NOM, coalesce(P.PUC_TERC, 'N'), 'N', coalesce(P.PUC_RETEN, 'N'),
+    P.PUC_CTAAJUS, P.PUC_CTACORR, P.PUC_AJDB, 'N', 'S'
+  FROM ESTRUCTURA E
+  JOIN PUC P ON P.TIPU_COD = :LISTA AND P.PUC_COD = substring(:CUENTA FROM 1 FOR E.ESTR_DIGITOS)
+    AND char_length(P.PUC_COD) = E.ESTR_DIGITOS
+  WHERE NOT EXISTS (SELECT 1 FROM CUENTAS C WHERE C.CUEN_COD = P.PUC_COD)
+  ORDER BY E.ESTR_NIVEL;
+END^
+
+-- Copia el plan 2649 al NIIF, código por código, y deja cada cuenta como equivalente de sí misma
+-- donde no tenía equivalencia. Las que el plan NIIF ya tiene no cambian. La llama Tfprincipal.
+CREATE OR ALTER PROCEDURE COPIA_CUENTAS_NIIF
+AS
+BEGIN
+  INSERT INTO CUENTAS_NIIF (CUEN_COD, CUEN_NOM, CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION,
+    CUEN_CTAJUSTE, CUEN_CTACORRECION, CUEN_BASEMIN, CUEN_PORC, CUEN_AJUSDB, CUEN_TIPO,
+    CUEN_ACTIVA, CUEN_NORMA)
+  SELECT C.CUEN_COD, C.CUEN_NOM, C.CUEN_TERCERO, C.CUEN_CENTRO, C.CUEN_RETENCION,
+    C.CUEN_CTAJUSTE, C.CUEN_CTACORRECION, C.CUEN_BASEMIN, C.CUEN_PORC, C.CUEN_AJUSDB, C.CUEN_TIPO,
+    C.CUEN_ACTIVA, C.CUEN_NORMA
+  FROM CUENTAS C
+  WHERE NOT EXISTS (SELECT 1 FROM CUENTAS_NIIF N WHERE N.CUEN_COD = C.CUEN_COD)
+  ORDER BY C.CUEN_COD;
+  UPDATE CUENTAS SET CUEN_EQNIIF = CUEN_COD WHERE coalesce(CUEN_EQNIIF, '') = '';
+END^
+
+-- OK "S" si el artículo existe. La llama valide_articulo.
+CREATE OR ALTER PROCEDURE VALIDE_ARTICULO (CODIGO varchar(15))
+RETURNS (OK char(1))
+AS
+BEGIN
+  OK = iif(EXISTS (SELECT 1 FROM ARTICULO WHERE ARTI_COD = :CODIGO), 'S', 'N');
+  SUSPEND;
+END^
+
+-- Último costo de entrada de un artículo en una bodega (vacía o nula: en cualquiera), 0 si no ha
+-- entrado. Los llaman ultimo_costo y ultimo_costo_niif.
+CREATE OR ALTER PROCEDURE ULTIMO_COSTO (ARTICULO varchar(15), BODEGA varchar(10))
+RETURNS (COSTO numeric(15,4))
+AS
+BEGIN
+  SELECT FIRST 1 MOAR_COSTO FROM MOVIMIENTO_ARTICULO
+  WHERE ARTI_COD = :ARTICULO AND MOAR_CANTIDAD > 0
+    AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
+  ORDER BY MOAR_FECHA DESC, MOAR_ID DESC
+  INTO :COSTO;
+  COSTO = coalesce(COSTO, 0);
+  SUSPEND;
+END^
+
+CREATE OR ALTER PROCEDURE ULTIMO_COSTO_NIIF (ARTICULO varchar(15), BODEGA varchar(10))
+RETURNS (COSTO numeric(15,4))
+AS
+BEGIN
+  SELECT FIRST 1 MOAR_COSTONIIF FROM MOVIMIENTO_ARTICULO
+  WHERE ARTI_COD = :ARTICULO AND MOAR_CANTIDAD > 0
+    AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
+  ORDER BY MOAR_FECHA DESC, MOAR_ID DESC
+  INTO :COSTO;
+  COSTO = coalesce(COSTO, 0);
+  SUSPEND;
+END^
+
+-- Costo promedio por unidad de las existencias de un artículo en una bodega (vacía o nula: en
+-- todas), 0 sin existencias. Los llaman costo_promedio y costo_promedio_niif.
+CREATE OR ALTER PROCEDURE COSTO_PROMEDIO_UNIDAD (ARTICULO varchar(15), BODEGA varchar(10))
+RETURNS (COSTO numeric(15,4))
+AS
+BEGIN
+  SELECT cast(sum(MOAR_CANTIDAD * MOAR_COSTO) / nullif(sum(MOAR_CANTIDAD), 0) AS numeric(15,4))
+  FROM MOVIMIENTO_ARTICULO
+  WHERE ARTI_COD = :ARTICULO AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
+  INTO :COSTO;
+  COSTO = coalesce(COSTO, 0);
+  SUSPEND;
+END^
+
+CREATE OR ALTER PROCEDURE COSTO_PROMEDIO_UNIDAD_NIIF (ARTICULO varchar(15), BODEGA varchar(10))
+RETURNS (COSTO numeric(15,4))
+AS
+BEGIN
+  SELECT cast(sum(MOAR_CANTIDAD * MOAR_COSTONIIF) / nullif(sum(MOAR_CANTIDAD), 0)
+    AS numeric(15,4))
+  FROM MOVIMIENTO_ARTICULO
+  WHERE ARTI_COD = :ARTICULO AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
+  INTO :COSTO;
+  COSTO = coalesce(COSTO, 0);
+  SUSPEND;
+END^
+
+SET TERM ; ^

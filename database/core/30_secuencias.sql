@@ -1,0 +1,4 @@
+-- Consecutivos y excepciones de los servicios comunes.
+
+CREATE SEQUENCE SEC_AUDITORIA;
+CREATE SEQUENCE SEC_MENSAJERIA;

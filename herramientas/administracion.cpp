@@ -1,0 +1,195 @@
+#include "herramientas/administracion.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+void exija(bool condicion, const QString& mensaje) {
+    if (!condicion)
+        throw ErrorDatos(mensaje);
+}
+
+} // namespace
+
+QVector<int> opciones_contabilidad() {
+    QVector<int> opciones;
+    const std::pair<int, int> tramos[] = {
+        {0, 2},     {10, 12},   {20, 20},   {30, 32},   {40, 42},   {50, 51},
+        {60, 60},   {70, 73},   {80, 80},   {90, 99},   {100, 105}, {110, 116},
+        {120, 123}, {130, 133}, {140, 144}, {150, 153}, {160, 162}};
+    for (const auto& [desde, hasta] : tramos)
+        for (int i = desde; i <= hasta; ++i)
+            opciones.push_back(i);
+    return opciones;
+}
+
+QString codigo_usuario(const QString& codigo) {
+    // Es también el usuario del servidor, que no distingue mayúsculas fuera de comillas.
+    static const QRegularExpression forma(QStringLiteral("^[A-Z][A-Z0-9_]{0,9}$"));
+    const QString mayusculas = codigo.toUpper();
+    exija(forma.match(mayusculas).hasMatch(),
+          QStringLiteral("El código de usuario '%1' no es válido: hasta diez letras sin tilde, "
+                         "cifras o _, y la primera una letra.")
+              .arg(codigo));
+    return mayusculas;
+}
+
+QString codigo_compania(const QString& codigo) {
+    static const QRegularExpression forma(QStringLiteral("^[A-Za-z0-9]{3}$"));
+    exija(forma.match(codigo).hasMatch(),
+          QStringLiteral("El código de compañía '%1' no es válido: son tres letras o cifras.")
+              .arg(codigo));
+    return codigo;
+}
+
+void registre_compania(Conexion& general, const DatosCompania& d) {
+    general.ejecute(QStringLiteral("update or insert into compania (comp_cod, com_nombre, comp_nit,"
+                                   " comp_dir, comp_tels, comp_encabezado) values (?,?,?,?,?,?)"
+                                   " matching (comp_cod)"),
+                    {Valor(codigo_compania(d.codigo)), Valor(d.nombre), Valor(d.nit),
+                     Valor(d.direccion), Valor(d.telefonos), Valor(d.encabezado)});
+}
+
+void configure_compania(Conexion& compania, const DatosCompania& d) {
+    const QString general = QStringLiteral("GENERAL"), contabilidad = kModuloContabilidad;
+    configure(compania, general, general, QStringLiteral("NOMBRE COMPAÑIA"), d.nombre);
+    configure(compania, general, general, QStringLiteral("DIRECCION COMPAÑIA"), d.direccion);
+    configure(compania, general, general, QStringLiteral("CIUDAD COMPAÑIA"), d.ciudad);
+    configure(compania, contabilidad, general, QStringLiteral("NIT COMPAÑIA"), d.nit);
+    const QString ano = QString::number(d.ano_inicio);
+    configure(compania, contabilidad, general, QStringLiteral("AÑO DE INICIO"), ano);
+    configure(compania, contabilidad, general, QStringLiteral("MES DE INICIO"),
+              QString::number(d.mes_inicio));
+    configure(compania, contabilidad, general, QStringLiteral("AÑO DE INICIO NIIF"), ano);
+    configure(compania, contabilidad, general, QStringLiteral("AÑO BALANCE DE APERTURA NIIF"), ano);
+}
+
+QStringList companias(Conexion& general) {
+    QStringList codigos;
+    const auto filas = general.abra(QStringLiteral("select comp_cod from compania order by 1"));
+    while (filas->siguiente())
+        codigos << filas->valor(0).texto();
+    return codigos;
+}
+
+void registre_usuario_general(Conexion& general, const DatosUsuario& d) {
+    general.ejecute(
+        QStringLiteral("update or insert into usuario (usua_cod, usua_nombre, usua_admin)"
+                       " values (?,?,?) matching (usua_cod)"),
+        {Valor(codigo_usuario(d.codigo)), Valor(d.nombre), Valor(d.administrador ? "S" : "N")});
+}
+
+void registre_usuario_compania(Conexion& compania, const DatosUsuario& d) {
+    // El año y el periodo son del usuario desde que entra: solo se fijan al crearlo.
+    compania.ejecute(
+        QStringLiteral("merge into usuario u using (select cast(? as varchar(10)) cod,"
+                       " cast(? as integer) sucursal, cast(? as varchar(4)) ano,"
+                       " cast(? as integer) periodo from rdb$database) n on u.user_cod = n.cod"
+                       " when matched then update set sucu_id = n.sucursal"
+                       " when not matched then insert (user_cod, sucu_id, user_anocnt, user_percnt)"
+                       " values (n.cod, n.sucursal, n.ano, n.periodo)"),
+        {Valor(codigo_usuario(d.codigo)), Valor(d.sucursal), Valor(QString::number(d.ano)),
+         Valor(d.periodo)});
+}
+
+void cree_usuario_servidor(Conexion& general, const QString& codigo, const QString& clave) {
+    exija(!clave.isEmpty(), QStringLiteral("Falta la clave del usuario %1.").arg(codigo));
+    general.ejecute(QStringLiteral("create or alter user %1 password %2")
+                        .arg(codigo_usuario(codigo), QuotedStr(clave)));
+}
+
+void otorgue(Conexion& compania, const QString& usuario, const QString& modulo,
+             const QVector<int>& opciones, bool conceder) {
+    const QString codigo = codigo_usuario(usuario);
+    exija(!compania
+               .consulte(QStringLiteral("select user_cod from usuario where user_cod = ?"),
+                         {Valor(codigo)})
+               .nulo(),
+          QStringLiteral("El usuario %1 no está registrado en la compañía.").arg(codigo));
+    Transaccion transaccion(compania, Transaccion::Modo::Escritura);
+    const auto sentencia = compania.prepare(
+        QStringLiteral("update or insert into acceso_usuario (user_cod, acus_modulo, acus_opcion,"
+                       " acus_si) values (?,?,?,?) matching (user_cod, acus_modulo, acus_opcion)"),
+        transaccion);
+    for (const int opcion : opciones)
+        sentencia->ejecute(transaccion, {Valor(codigo), Valor(modulo), Valor(opcion),
+                                         Valor(conceder ? "S" : "N")});
+    transaccion.confirme();
+}
+
+void configure(Conexion& compania, const QString& modulo, const QString& categoria,
+               const QString& propiedad, const QString& valor) {
+    const qint64 filas = compania.ejecute(
+        QStringLiteral("update configuracion set conf_valor = ? where conf_modulo = ?"
+                       " and conf_categoria = ? and conf_propiedad = ?"),
+        {Valor(valor), Valor(modulo), Valor(categoria), Valor(propiedad)});
+    if (filas > 0)
+        return;
+    QStringList parecidas;
+    const auto c = compania.abra(
+        QStringLiteral("select conf_modulo, conf_categoria, conf_propiedad from configuracion where"
+                       " conf_propiedad containing ? or (conf_modulo = ? and conf_categoria = ?)"
+                       " order by 1, 2, 3"),
+        {Valor(propiedad), Valor(modulo), Valor(categoria)});
+    while (c->siguiente())
+        parecidas << QStringLiteral("  %1 / %2 / %3")
+                         .arg(c->valor(0).texto(), c->valor(1).texto(), c->valor(2).texto());
+    QString texto =
+        QStringLiteral("No existe la propiedad '%1' en %2 / %3.").arg(propiedad, modulo, categoria);
+    if (!parecidas.isEmpty())
+        texto += QStringLiteral(" Existen:\n") + parecidas.join('\n');
+    throw ErrorDatos(texto);
+}
+
+QStringList sesiones_ajenas(Conexion& conexion) {
+    QStringList sesiones;
+    const auto c = conexion.abra(QStringLiteral(
+        "select trim(mon$user), mon$remote_process, mon$remote_address, mon$remote_host"
+        " from mon$attachments where mon$attachment_id <> current_connection"
+        " and mon$system_flag = 0 order by mon$timestamp"));
+    while (c->siguiente()) {
+        const QString programa = c->valor(1).texto().section('/', -1);
+        const QString equipo =
+            c->valor(3).texto().isEmpty() ? c->valor(2).texto() : c->valor(3).texto();
+        sesiones << QStringLiteral("%1 desde %2 (%3)")
+                        .arg(c->valor(0).texto(),
+                             programa.isEmpty() ? QStringLiteral("programa desconocido") : programa,
+                             equipo.isEmpty() ? QStringLiteral("este equipo") : equipo);
+    }
+    return sesiones;
+}
+
+QString mensaje_claro(const ErrorDatos& falla) {
+    const QString t = falla.texto();
+    const QString citado = t.section('"', 1, 1);
+    const auto dice = [&](const char* trozo) {
+        return t.contains(QLatin1String(trozo), Qt::CaseInsensitive);
+    };
+    if (dice("Your user name and password are not defined"))
+        return QStringLiteral("El nombre de usuario o la clave son incorrectos.");
+    if (dice("already opened") || dice("database is in use") || dice("is in use") ||
+        dice("Database already opened") || dice("lock time-out on wait transaction"))
+        return QStringLiteral("La base de datos está en uso por otra sesión. Cierre los demás "
+                              "programas que la tengan abierta e intente de nuevo.\n") +
+               t;
+    if (dice("Connection failed"))
+        return QStringLiteral("No hay un servidor Firebird atendiendo en la ubicación indicada. "
+                              "Verifique el equipo, el puerto y que el servicio esté iniciado.");
+    if (dice("Unable to complete network request"))
+        return QStringLiteral("No se encontró el equipo servidor %1.").arg(citado);
+    if (dice("I/O error")) {
+        const QString archivo = t.contains(QLatin1String("for file \""))
+                                    ? t.section("for file \"", 1).section('"', 0, 0)
+                                    : citado;
+        if (dice("permission denied"))
+            return QStringLiteral("No hay permiso para abrir o escribir %1.").arg(archivo);
+        if (dice("No such file") || dice("non-existent"))
+            return QStringLiteral("No se encontró la base de datos %1. Verifique la ubicación y el "
+                                  "código de la compañía.")
+                .arg(archivo);
+        if (dice("File exists") || dice("already exists"))
+            return QStringLiteral("El archivo %1 ya existe.").arg(archivo);
+        return QStringLiteral("No se pudo abrir o crear %1.\n%2").arg(archivo, t);
+    }
+    return t;
+}

@@ -1,0 +1,25 @@
+#pragma once
+// Lectura de los guiones de la base de datos: parte un archivo .sql en sentencias.
+//
+// Reconoce SET TERM, comentarios, literales y nombres entre comillas. El texto entre los renglones
+// --<LIBROS> y --</LIBROS> se repite por cada libro con sus marcas reemplazadas; cada sentencia
+// recuerda el renglón del archivo en que empieza, que es el que nombran los errores.
+#include <QString>
+#include <QVector>
+
+struct Sentencia {
+    QString texto; ///< sin el terminador ni los comentarios
+    int renglon = 0;
+};
+
+/// `archivo` solo se usa para nombrarlo en los errores. Lanza ErrorDatos si un bloque de libros, un
+/// comentario o un literal queda sin cerrar, o si al final sobra texto sin terminador.
+QVector<Sentencia> lea_guion(const QString& texto, const QString& archivo);
+
+/// Lista de una tabla (.tsv): el primer renglón nombra las columnas. "\N" es nulo.
+struct Lista {
+    QStringList columnas;
+    QVector<QStringList> filas; ///< nulo se distingue con isNull()
+};
+/// Lanza ErrorDatos con archivo y renglón si una fila no tiene tantos campos como columnas.
+Lista lea_lista(const QString& texto, const QString& archivo);

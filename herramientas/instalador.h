@@ -1,0 +1,50 @@
+#pragma once
+// Crea y pone al día el esquema de la base de una compañía o de la general a partir de los guiones.
+//
+// Orden de la compañía: por fase (los dos dígitos con que empieza el archivo), luego por subsistema
+// (core, catalogues, vouchers, ledger, hermanos) y luego por nombre; la general solo tiene el suyo.
+// Las listas datos/NN_TABLA.tsv entran en su fase antes que los guiones. Todo puede repetirse: lo
+// que ya existe se deja quieto y una fila de semilla solo se agrega si falta su clave.
+// Los errores son ErrorDatos con archivo, renglón y el texto del servidor.
+#include "core/firebird/conexion.h"
+
+#include <QStringList>
+#include <functional>
+
+enum class TipoBase { Compania, General };
+
+/// Carpeta de los guiones: $QUORVEX_GUIONES, la instalada junto al programa o la del proyecto.
+QString carpeta_guiones();
+
+class Instalador {
+public:
+    Instalador(Conexion& conexion, QString carpeta = carpeta_guiones());
+
+    /// Instala todo en una base recién creada; las actualizaciones numeradas quedan anotadas como
+    /// aplicadas, porque los guiones ya las contienen.
+    void instale(TipoBase tipo);
+    /// Aplica, en orden, las actualizaciones numeradas que falten y repite los guiones. Devuelve
+    /// los nombres de las aplicadas.
+    QStringList actualice(TipoBase tipo);
+
+    /// Archivos de una base, en el orden en que se ejecutan, relativos a la carpeta.
+    QStringList archivos(TipoBase tipo) const;
+
+    /// Se llama con el nombre de cada archivo que comienza; puede ser nulo.
+    std::function<void(const QString&)> aviso;
+
+private:
+    struct Actualizacion {
+        int numero = 0;
+        QString archivo;
+    };
+    QVector<Actualizacion> actualizaciones(TipoBase tipo) const;
+    void ejecute_guiones(TipoBase tipo);
+    void ejecute_guion(const QString& archivo);
+    void cargue_lista(const QString& archivo);
+    void anote_version(const Actualizacion& actualizacion);
+    QString lea(const QString& archivo) const;
+
+    Conexion& conexion_;
+    QString carpeta_;
+};

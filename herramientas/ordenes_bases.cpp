@@ -1,0 +1,170 @@
+// Crear, actualizar, respaldar, restaurar, verificar y compactar bases.
+#include "herramientas/administracion.h"
+#include "herramientas/ordenes.h"
+#include "herramientas/respaldo.h"
+#include "herramientas/verificacion.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+namespace {
+
+/// Crea la base con su esquema; si algo falla no deja una base a medias.
+void cree_base(const Sesion& s, const ParametrosConexion& parametros, TipoBase tipo) {
+    s.ubicacion().prepare_carpeta(parametros.base);
+    if (s.ubicacion().carpetas_alcanzables() &&
+        QFileInfo::exists(s.ubicacion().ruta_de(parametros.base)))
+        throw ErrorDatos(QStringLiteral("Ya existe la base de datos %1.").arg(parametros.base));
+    Conexion conexion;
+    conexion.cree_base(parametros);
+    try {
+        Instalador(conexion).instale(tipo);
+    } catch (...) {
+        conexion.borre_base();
+        throw;
+    }
+}
+
+void crear_general(const Sesion& s) {
+    cree_base(s, s.general(), TipoBase::General);
+    diga(QStringLiteral("Base general creada en %1.").arg(s.general().base));
+}
+
+void crear_compania(const Sesion& s) {
+    const Argumentos& a = s.argumentos();
+    DatosCompania d;
+    d.codigo = codigo_compania(a.exija(QStringLiteral("codigo")));
+    d.nombre = a.exija(QStringLiteral("nombre"));
+    d.nit = a.valor(QStringLiteral("nit"));
+    d.direccion = a.valor(QStringLiteral("direccion"));
+    d.telefonos = a.valor(QStringLiteral("telefonos"));
+    d.encabezado = a.valor(QStringLiteral("encabezado"));
+    d.ciudad = a.valor(QStringLiteral("ciudad"));
+    d.ano_inicio = a.entero(QStringLiteral("ano-inicio"), 2017, 1990, 2100);
+    d.mes_inicio = a.entero(QStringLiteral("mes-inicio"), 1, 1, 12);
+    Conexion general;
+    general.conectar(s.general());
+    cree_base(s, s.compania(d.codigo), TipoBase::Compania);
+    Conexion compania;
+    compania.conectar(s.compania(d.codigo));
+    configure_compania(compania, d);
+    registre_compania(general, d);
+    diga(QStringLiteral("Compañía %1 creada en %2.").arg(d.codigo, s.compania(d.codigo).base));
+}
+
+void actualice_una(const ParametrosConexion& base, TipoBase tipo, const QString& nombre) {
+    Conexion conexion;
+    conexion.conectar(base);
+    if (const QStringList otras = sesiones_ajenas(conexion); !otras.isEmpty())
+        throw ErrorDatos(QStringLiteral("%1 está en uso por %2. Cierre esas sesiones e intente de "
+                                        "nuevo.")
+                             .arg(nombre, otras.join(QStringLiteral(", "))));
+    const QStringList hechas = Instalador(conexion).actualice(tipo);
+    diga(nombre + (hechas.isEmpty() ? QStringLiteral(": al día.")
+                                    : QStringLiteral(": aplicadas %1.").arg(hechas.join(", "))));
+}
+
+void actualizar(const Sesion& s) {
+    actualice_una(s.general(), TipoBase::General, QStringLiteral("Base general"));
+    for (const QString& codigo : s.codigos())
+        actualice_una(s.compania(codigo), TipoBase::Compania,
+                      QStringLiteral("Compañía %1").arg(codigo));
+}
+
+ParametrosConexion base_pedida(const Sesion& s) {
+    return s.argumentos().tiene(QStringLiteral("general")) ? s.general() : s.compania();
+}
+
+void respaldar(const Sesion& s) {
+    const QString cual =
+        s.argumentos().valor(QStringLiteral("compania"), QStringLiteral("general"));
+    const QString archivo = s.argumentos().valor(
+        QStringLiteral("archivo"),
+        QStringLiteral("%1_%2.fbk")
+            .arg(cual, QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_HHmmss"))));
+    const auto r = respalde_y_pruebe(base_pedida(s), archivo);
+    diga(QStringLiteral("Respaldo en %1 (%2 KB), probado: %3 cifras comparadas, %4 filas.")
+             .arg(archivo)
+             .arg(r.octetos / 1024)
+             .arg(r.tablas)
+             .arg(r.filas));
+}
+
+void restaurar(const Sesion& s) {
+    const auto r =
+        restaure_en_lugar(s.argumentos().exija(QStringLiteral("archivo")), base_pedida(s));
+    diga(QStringLiteral("Base restaurada: %1 filas.").arg(r.filas));
+}
+
+void verificar(const Sesion& s) {
+    int fallas = 0;
+    for (const QString& codigo : s.codigos()) {
+        Conexion conexion;
+        conexion.conectar(s.compania(codigo));
+        const QStringList hallazgos = verifique_compania(conexion);
+        for (const QString& h : hallazgos)
+            diga(QStringLiteral("Compañía %1: %2").arg(codigo, h));
+        if (hallazgos.isEmpty())
+            diga(
+                QStringLiteral("Compañía %1: los saldos coinciden con los renglones.").arg(codigo));
+        fallas += int(hallazgos.size());
+    }
+    if (fallas > 0)
+        throw ErrorDatos(QStringLiteral("Se hallaron %1 diferencias.").arg(fallas));
+}
+
+void compactar(const Sesion& s) {
+    for (const QString& codigo : s.codigos()) {
+        Conexion conexion;
+        conexion.conectar(s.compania(codigo));
+        diga(QStringLiteral("Compañía %1: %2 diferencias de saldo compactadas.")
+                 .arg(codigo)
+                 .arg(compacte_saldos(conexion)));
+    }
+}
+
+} // namespace
+
+QVector<Orden> ordenes_de_bases() {
+    return {
+        {"crear-general", "crea la base general de una instalación", "", {}, {}, crear_general},
+        {"crear-compania",
+         "crea la base de una compañía y la registra",
+         "--codigo 001 --nombre NOMBRE [--nit NIT] [--direccion D] [--ciudad C] [--telefonos T]\n"
+         "    [--encabezado E] [--ano-inicio 2017] [--mes-inicio 1]",
+         {"codigo", "nombre", "nit", "direccion", "telefonos", "encabezado", "ciudad", "ano-inicio",
+          "mes-inicio"},
+         {},
+         crear_compania},
+        {"actualizar",
+         "aplica las actualizaciones del esquema que falten",
+         "[--compania 001,002]",
+         {"compania"},
+         {},
+         actualizar},
+        {"respaldar",
+         "respalda una base y prueba el respaldo restaurándolo aparte",
+         "(--compania 001 | --general) [--archivo RUTA.fbk]",
+         {"compania", "archivo"},
+         {"general"},
+         respaldar},
+        {"restaurar",
+         "pone una base como estaba en un respaldo",
+         "(--compania 001 | --general) --archivo RUTA.fbk",
+         {"compania", "archivo"},
+         {"general"},
+         restaurar},
+        {"verificar",
+         "compara los saldos con los renglones de los dos libros",
+         "[--compania 001]",
+         {"compania"},
+         {},
+         verificar},
+        {"compactar",
+         "pasa las diferencias de saldo a las tablas compactadas",
+         "[--compania 001]",
+         {"compania"},
+         {},
+         compactar},
+    };
+}

@@ -1,0 +1,107 @@
+#include "apoyo/base_prueba.h"
+
+#include "apoyo/datos_ejemplo.h"
+#include "herramientas/instalador.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QLockFile>
+
+namespace {
+
+constexpr int kPaginasCache = 2000;
+
+QString carpeta_construccion() {
+    const QString c = qEnvironmentVariable("QUORVEX_CONSTRUCCION");
+    return c.isEmpty() ? QDir::tempPath() : c;
+}
+
+/// Huella de todo lo que decide el contenido de la plantilla.
+QString huella() {
+    QStringList archivos;
+    QDirIterator i(carpeta_guiones(), QDir::Files, QDirIterator::Subdirectories);
+    while (i.hasNext())
+        archivos << i.next();
+    const QString proyecto = carpeta_guiones() + QStringLiteral("/..");
+    archivos << proyecto + QStringLiteral("/tests/apoyo/datos_ejemplo.cpp")
+             << proyecto + QStringLiteral("/herramientas/guion.cpp")
+             << proyecto + QStringLiteral("/herramientas/instalador.cpp")
+             << proyecto + QStringLiteral("/herramientas/administracion.cpp");
+    archivos.sort();
+    QCryptographicHash suma(QCryptographicHash::Sha1);
+    for (const QString& a : archivos) {
+        QFile f(a);
+        suma.addData(a.toUtf8());
+        if (f.open(QIODevice::ReadOnly))
+            suma.addData(f.readAll());
+    }
+    return QString::fromLatin1(suma.result().toHex().left(16));
+}
+
+void arme(const QString& carpeta) {
+    const Ubicacion lugar(carpeta);
+    const QString codigo = QStringLiteral("001"), dueno = QStringLiteral("SYSDBA");
+    lugar.prepare_carpeta(lugar.base_compania(codigo));
+    Conexion general, compania;
+    general.cree_base({lugar.base_general(), dueno, {}}, kPaginasCache);
+    Instalador(general).instale(TipoBase::General);
+    compania.cree_base({lugar.base_compania(codigo), dueno, {}}, kPaginasCache);
+    Instalador(compania).instale(TipoBase::Compania);
+    agregue_datos_ejemplo(general, compania);
+}
+
+} // namespace
+
+QString plantilla_de_bases() {
+    static QString lista;
+    if (!lista.isEmpty())
+        return lista;
+    const QString raiz = carpeta_construccion() + QStringLiteral("/plantilla_bd");
+    QDir().mkpath(raiz);
+    QLockFile cerrojo(raiz + QStringLiteral("/cerrojo"));
+    cerrojo.setStaleLockTime(0);
+    if (!cerrojo.lock())
+        throw ErrorDatos(QStringLiteral("No se pudo tomar el cerrojo de %1.").arg(raiz));
+    const QString nombre = huella();
+    const QString destino = raiz + '/' + nombre;
+    if (!QDir(destino).exists()) {
+        // Se borran las de guiones anteriores; la nueva se arma aparte y se renombra entera.
+        for (const QString& vieja : QDir(raiz).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+            QDir(raiz + '/' + vieja).removeRecursively();
+        const QString provisional = raiz + QStringLiteral("/armando");
+        arme(provisional);
+        if (!QDir().rename(provisional, destino))
+            throw ErrorDatos(QStringLiteral("No se pudo dejar la plantilla en %1.").arg(destino));
+    }
+    return lista = destino;
+}
+
+BaseDePrueba::BaseDePrueba() {
+    const Ubicacion origen(plantilla_de_bases()), destino(ruta());
+    destino.prepare_carpeta(destino.base_compania(compania()));
+    const auto copie = [](const QString& de, const QString& a) {
+        if (!QFile::copy(de, a))
+            throw ErrorDatos(QStringLiteral("No se pudo copiar %1.").arg(de));
+    };
+    copie(origen.base_general(), destino.base_general());
+    copie(origen.base_compania(compania()), destino.base_compania(compania()));
+}
+
+Conexion& BaseDePrueba::base() {
+    if (!base_.conectada())
+        base_.conectar(parametros());
+    return base_;
+}
+
+Conexion& BaseDePrueba::general() {
+    if (!general_.conectada())
+        general_.conectar(parametros_general());
+    return general_;
+}
+
+void BaseDePrueba::ejecute(const QStringList& ordenes) {
+    for (const QString& orden : ordenes)
+        base().ejecute(orden);
+}

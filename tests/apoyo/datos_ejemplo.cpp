@@ -1,0 +1,183 @@
+#include "apoyo/datos_ejemplo.h"
+
+#include "herramientas/administracion.h"
+
+namespace {
+
+struct Cuenta {
+    const char* codigo;
+    const char* nombre;
+    const char* banderas = ""; ///< T tercero, C centro, R retención, X inactiva
+    const char* tipo = "N";
+    Moneda base = {}, porcentaje = {};
+};
+
+void agregue_plan(Conexion& c) {
+    const Cuenta cuentas[] = {
+        {"1", "Activo"},
+        {"11", "Disponible"},
+        {"1105", "Caja"},
+        {"110505", "Caja general"},
+        {"110510", "Cajas menores", "X"},
+        {"1110", "Bancos"},
+        {"111005", "Moneda nacional"},
+        {"13", "Deudores"},
+        {"1305", "Clientes"},
+        {"130505", "Nacionales", "T", "C"},
+        {"1355", "Anticipo de impuestos"},
+        {"135515", "Retención en la fuente", "TR", "N", 0, Moneda::de_texto("2.5")},
+        {"14", "Inventarios"},
+        {"1435", "Mercancías no fabricadas por la empresa"},
+        {"143505", "Mercancías", "", "I"},
+        {"15", "Propiedades, planta y equipo"},
+        {"1524", "Equipo de oficina"},
+        {"152405", "Muebles y enseres", "", "A"},
+        {"1592", "Depreciación acumulada"},
+        {"159215", "Equipo de oficina"},
+        {"2", "Pasivo"},
+        {"22", "Proveedores"},
+        {"2205", "Nacionales"},
+        {"220505", "Proveedores nacionales", "T", "C"},
+        {"23", "Cuentas por pagar"},
+        {"2365", "Retención en la fuente"},
+        {"236540", "Compras", "TR", "N", 895000, Moneda::de_texto("2.5")},
+        {"24", "Impuestos, gravámenes y tasas"},
+        {"2408", "Impuesto sobre las ventas por pagar"},
+        {"240805", "IVA generado"},
+        {"240810", "IVA descontable"},
+        {"3", "Patrimonio"},
+        {"31", "Capital social"},
+        {"3105", "Capital suscrito y pagado"},
+        {"310505", "Capital autorizado"},
+        {"36", "Resultados del ejercicio"},
+        {"3605", "Utilidad del ejercicio"},
+        {"360505", "Utilidad del ejercicio"},
+        {"4", "Ingresos"},
+        {"41", "Operacionales"},
+        {"4135", "Comercio al por mayor y al por menor"},
+        {"413505", "Ventas", "C"},
+        {"5", "Gastos"},
+        {"51", "Operacionales de administración"},
+        {"5105", "Gastos de personal"},
+        {"510506", "Sueldos", "TC"},
+        {"5195", "Diversos"},
+        {"519530", "Útiles, papelería y fotocopias", "C"},
+        {"6", "Costos de ventas"},
+        {"61", "Costo de ventas y de prestación de servicios"},
+        {"6135", "Comercio al por mayor y al por menor"},
+        {"613505", "Costo de ventas", "C"},
+    };
+    Transaccion t(c, Transaccion::Modo::Escritura);
+    for (const QString& libro : {QStringLiteral("CUENTAS_NIIF"), QStringLiteral("CUENTAS")}) {
+        Preparada inserte(
+            c, t,
+            QStringLiteral("insert into %1 (cuen_cod, cuen_nom, cuen_tercero, cuen_centro,"
+                           " cuen_retencion, cuen_tipo, cuen_activa, cuen_basemin, cuen_porc,"
+                           " cuen_eqniif) values (?,?,?,?,?,?,?,?,?,?)")
+                .arg(libro));
+        for (const Cuenta& x : cuentas) {
+            const QString b = QLatin1String(x.banderas);
+            const auto si = [&](QChar letra) { return Valor(b.contains(letra) ? "S" : "N"); };
+            const Valor igual = libro == QLatin1String("CUENTAS") ? Valor(x.codigo) : Valor();
+            inserte.ejecute(t, {Valor(x.codigo), Valor(x.nombre), si('T'), si('C'), si('R'),
+                                Valor(x.tipo), Valor(b.contains('X') ? "N" : "S"), Valor(x.base),
+                                Valor(x.porcentaje), igual});
+        }
+    }
+    t.confirme();
+}
+
+void agregue_terceros(Conexion& c) {
+    struct Tercero {
+        const char *nit, *dv, *tipo, *nombre, *roles; // C cliente, P proveedor, E empleado
+        const char* estado = "S";
+    };
+    const Tercero terceros[] = {
+        {"900123456", "8", "J", "Ferretería El Tornillo S.A.S.", "C"},
+        {"800456789", "1", "J", "Distribuidora Andina Ltda.", "P"},
+        {"52345678", "", "C", "Peña Gómez María", "E"},
+        {"19876543", "", "C", "Ñáñez José", "C", "N"},
+        {"860002964", "4", "J", "Banco de Bogotá", "CP"},
+    };
+    Transaccion t(c, Transaccion::Modo::Escritura);
+    Preparada inserte(
+        c, t,
+        QStringLiteral("insert into terceros (terc_nit, terc_dv, terc_tipoid, terc_nom,"
+                       " terc_clie, terc_prov, terc_empl, terc_estado, ciud_cod,"
+                       " terc_ciu, pais_id) values (?,?,?,?,?,?,?,?,'11001',"
+                       "'Bogotá, D.C.','169')"));
+    for (const Tercero& x : terceros) {
+        const QString r = QLatin1String(x.roles);
+        const auto si = [&](QChar letra) { return Valor(r.contains(letra) ? "S" : "N"); };
+        inserte.ejecute(t, {Valor(x.nit), Valor(x.dv), Valor(x.tipo), Valor(x.nombre), si('C'),
+                            si('P'), si('E'), Valor(x.estado)});
+    }
+    t.confirme();
+    c.ejecute(
+        QStringLiteral("insert into clientes (terc_nit, clie_cod, clie_estado)"
+                       " select terc_nit, terc_nit, 'A' from terceros where terc_clie = 'S'"));
+    c.ejecute(QStringLiteral("insert into proveedores (terc_nit, grpr_cod, prov_simplificado)"
+                             " select terc_nit, '01', 'N' from terceros where terc_prov = 'S'"));
+}
+
+} // namespace
+
+QVector<int> opciones_auxiliar() {
+    return {1, 11, 30, 31, 41, 110, 111, 150};
+}
+
+void agregue_datos_ejemplo(Conexion& general, Conexion& compania) {
+    registre_compania(general, {QStringLiteral("001"), QStringLiteral("Compañía de Pruebas S.A.S."),
+                                QStringLiteral("900555111-6"), QStringLiteral("Calle 10 # 20-30"),
+                                QStringLiteral("601 3334455"), QString(), QString()});
+    DatosCompania datos;
+    datos.nombre = QStringLiteral("Compañía de Pruebas S.A.S.");
+    datos.nit = QStringLiteral("900555111-6");
+    datos.direccion = QStringLiteral("Calle 10 # 20-30");
+    datos.ciudad = QStringLiteral("Bogotá, D.C.");
+    configure_compania(compania, datos);
+    for (const char* orden : {
+             "insert into sucursales (sucu_id, sucu_nombre) values (2, 'Norte')",
+             "insert into proyectos (proy_cod, proy_nom) values ('0001', 'Administración')",
+             "insert into proyectos (proy_cod, proy_nom) values ('0002', 'Ventas')",
+             "insert into centros (proy_cod, cent_cod, cent_nom, sucu_id)"
+             " values ('0001', '0001', 'Gerencia', 0)",
+             "insert into centros (proy_cod, cent_cod, cent_nom, sucu_id)"
+             " values ('0001', '0002', 'Contabilidad', 0)",
+             "insert into centros (proy_cod, cent_cod, cent_nom, sucu_id)"
+             " values ('0002', '0001', 'Mostrador', 1)",
+             "insert into centros (proy_cod, cent_cod, cent_nom, sucu_id)"
+             " values ('0002', '0002', 'Bodega', 2)",
+             "insert into tipo_comprobante (tico_cod, tico_nom, tico_formato)"
+             " values ('CG', 'Comprobante general', 'N')",
+             "insert into tipo_comprobante (tico_cod, tico_nom, tico_formato)"
+             " values ('RC', 'Recibo de caja', 'S')",
+             "insert into tipo_comprobante (tico_cod, tico_nom, tico_formato)"
+             " values ('NC', 'Nota de contabilidad', 'N')",
+             "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, prco_activo)"
+             " values ('CG', '0001', '000001', 'S', 'S')",
+             "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, prco_activo)"
+             " values ('RC', '0001', '000001', 'S', 'S')",
+             "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, prco_activo)"
+             " values ('RC', '0002', '000001', 'N', 'S')",
+             "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, prco_activo)"
+             " values ('NC', '0001', '000001', 'S', 'N')",
+             "insert into concepto_contable (conc_cod, conc_nombre) values ('01', 'Operación')",
+             "insert into concepto_contable (conc_cod, conc_nombre) values ('02', 'Inversión')",
+             "insert into articulo (arti_cod, arti_des, arti_unidad)"
+             " values ('MART01', 'Martillo', 'UNIDAD')",
+             "insert into activos_fijos (acfj_cod, acfj_desc, acfj_activo, acfj_dep)"
+             " values ('ESC01', 'Escritorio', 'S', 'S')",
+         })
+        compania.ejecute(QString::fromUtf8(orden));
+    agregue_plan(compania);
+    agregue_terceros(compania);
+    DatosUsuario admin{QStringLiteral("ADMIN"), QStringLiteral("Administrador General"), true};
+    DatosUsuario auxiliar{QStringLiteral("AUXILIAR"), QStringLiteral("Auxiliar Contable"), false,
+                          2};
+    for (const DatosUsuario& u : {admin, auxiliar}) {
+        registre_usuario_general(general, u);
+        registre_usuario_compania(compania, u);
+    }
+    otorgue(compania, auxiliar.codigo, kModuloContabilidad, opciones_auxiliar(), true);
+}
