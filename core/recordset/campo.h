@@ -58,7 +58,9 @@ public:
     void limpie() { asigne(Valor()); }
     /// Valor como lo muestra una pantalla: con DisplayFormat y sin ceros de más.
     QString presentado() const { return presente(valor()); }
-    QString presente(const Valor& valor) const;
+    QString presente(const Valor& valor) const { return presente(valor, DisplayFormat); }
+    /// Con otro formato: el de la columna de una rejilla. Vacío: el propio.
+    QString presente(const Valor& valor, const QString& formato) const;
     /// Convierte un valor a la clase del campo; lanza ErrorDatos con el nombre del campo.
     Valor convierta(const Valor& valor) const;
 
