@@ -17,8 +17,8 @@ CifrasControl::CifrasControl(Rejilla* rejilla, const QStringList& columnas,
     for (int i = 0; i < nombres.size(); ++i) {
         auto* caja = EditorNumero::de_saldo(this);
         caja->setObjectName(nombres[i]);
-        caja->setAccessibleName(
-            "Cifra de control: " + rejilla->columna(rejilla->columna_de(columnas[i])).Titulo());
+        caja->setAccessibleName("Cifra de control: " +
+                                rejilla->columna(rejilla->columna_de(columnas[i])).Titulo());
         cajas_.append(caja);
     }
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -32,8 +32,7 @@ CifrasControl::CifrasControl(Rejilla* rejilla, const QStringList& columnas,
 void CifrasControl::muestre() {
     const ConjuntoDatos& datos = *conjunto();
     for (int i = 0; i < cajas_.size(); ++i)
-        cajas_[i]->valor(
-            datos.valor_en(0, datos.FieldByName(sumas_[i])).moneda().redondeada(2));
+        cajas_[i]->valor(datos.valor_en(0, datos.FieldByName(sumas_[i])).moneda().redondeada(2));
 }
 
 void CifrasControl::filas_reiniciadas() {
@@ -69,8 +68,8 @@ void CifrasControl::ubique() {
     QVector<QRect> lugares;
     for (const QString& columna : columnas_) {
         const int c = rejilla_->columna_de(columna);
-        lugares.append({margen + titulos.sectionViewportPosition(c), 0, titulos.sectionSize(c),
-                        height()});
+        lugares.append(
+            {margen + titulos.sectionViewportPosition(c), 0, titulos.sectionSize(c), height()});
     }
     // Si la columna quedó bajo el rótulo, o fuera de la vista, se reparten el espacio.
     if (lugares.first().left() < libre || lugares.last().right() > width() + paso()) {

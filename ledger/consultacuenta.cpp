@@ -29,6 +29,7 @@ ConsultaCuenta::ConsultaCuenta(const MiembroConsulta& miembro)
         NomClave = cree_lectura("NomClave");
     }
     tamano(datos_.tamano.width(), datos_.tamano.height());
+    centre_en_area(125, 120);
 }
 
 void ConsultaCuenta::arme_encabezado(Formulario& formulario) {
@@ -66,9 +67,9 @@ void ConsultaCuenta::muestre_clave() {
         break;
     case Clave::Centro:
         EClave->setText(consulta_.proyecto + ' ' + consulta_.centro);
-        NomClave->setText(dato(
-            "select cent_nom from centros where proy_cod = " + QuotedStr(consulta_.proyecto) +
-            " and cent_cod = " + QuotedStr(consulta_.centro)));
+        NomClave->setText(
+            dato("select cent_nom from centros where proy_cod = " + QuotedStr(consulta_.proyecto) +
+                 " and cent_cod = " + QuotedStr(consulta_.centro)));
         break;
     case Clave::Articulo:
         EClave->setText(consulta_.articulo);

@@ -75,21 +75,21 @@ QToolButton* ConsultaPeriodo::cree_paso(const QString& nombre, Qt::ArrowType sen
 }
 
 QWidget* ConsultaPeriodo::cree_periodo(const QString& anterior, const QString& siguiente) {
-    auto* menos = cree_paso(anterior, Qt::LeftArrow, "Período anterior",
-                            [this] { periodo_anterior(); });
-    auto* mas = cree_paso(siguiente, Qt::RightArrow, "Período siguiente",
-                          [this] { periodo_siguiente(); });
+    auto* menos =
+        cree_paso(anterior, Qt::LeftArrow, "Período anterior", [this] { periodo_anterior(); });
+    auto* mas =
+        cree_paso(siguiente, Qt::RightArrow, "Período siguiente", [this] { periodo_siguiente(); });
     return Formulario::junto({menos, periodo, mas});
 }
 
 void ConsultaPeriodo::flechas(const QString& izquierda, const QString& derecha) {
-    tecla(Qt::Key_Left, Qt::AltModifier, izquierda);
-    tecla(Qt::Key_Right, Qt::AltModifier, derecha);
-    for (const auto& [nombre, atajo] :
-         {qMakePair(izquierda, QString("Alt+Izquierda")), qMakePair(derecha, QString("Alt+Derecha"))}) {
+    const auto una = [this](int clave, const QString& nombre, const QString& atajo) {
         auto* boton = findChild<QToolButton*>(nombre);
         boton->setToolTip(boton->toolTip() + " (" + atajo + ')');
-    }
+        tecla(clave, Qt::AltModifier, nombre, [boton] { boton->click(); });
+    };
+    una(Qt::Key_Left, izquierda, "Alt+Izquierda");
+    una(Qt::Key_Right, derecha, "Alt+Derecha");
 }
 
 Rejilla* ConsultaPeriodo::cree_rejilla(const QString& nombre, ConjuntoDatos* conjunto,
@@ -106,9 +106,8 @@ Rejilla* ConsultaPeriodo::cree_rejilla(const QString& nombre, ConjuntoDatos* con
 QCheckBox* ConsultaPeriodo::cree_filtro(Rejilla* rejilla) {
     auto* casilla = new QCheckBox("Habilitar filtros", this);
     casilla->setObjectName("ckfiltro");
-    connect(casilla, &QCheckBox::toggled, this, [this, rejilla](bool activa) {
-        ejecute([=] { rejilla->filtro_visible(activa); });
-    });
+    connect(casilla, &QCheckBox::toggled, this,
+            [this, rejilla](bool activa) { ejecute([=] { rejilla->filtro_visible(activa); }); });
     return casilla;
 }
 

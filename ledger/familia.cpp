@@ -145,11 +145,11 @@ const QVector<DatosSaldo>& saldos_por_clave() {
 
 QString componga_consulta(const char* consulta, const DatosConsulta& d) {
     const QPair<const char*, QString> valores[] = {
-        {"{cuenta}", QuotedStr(d.cuenta)},     {"{cuenta!}", d.cuenta},
-        {"{nit}", QuotedStr(d.nit)},           {"{proyecto}", QuotedStr(d.proyecto)},
-        {"{centro}", QuotedStr(d.centro)},     {"{articulo}", QuotedStr(d.articulo)},
-        {"{ano}", QuotedStr(d.ano)},           {"{ano!}", d.ano},
-        {"{mes}", QString::number(d.mes)},     {"{orden}", d.orden},
+        {"{cuenta}", QuotedStr(d.cuenta)}, {"{cuenta!}", d.cuenta},
+        {"{nit}", QuotedStr(d.nit)},       {"{proyecto}", QuotedStr(d.proyecto)},
+        {"{centro}", QuotedStr(d.centro)}, {"{articulo}", QuotedStr(d.articulo)},
+        {"{ano}", QuotedStr(d.ano)},       {"{ano!}", d.ano},
+        {"{mes}", QString::number(d.mes)}, {"{orden}", d.orden},
     };
     // De una sola pasada: lo que trae un valor no se vuelve a mirar.
     const QString texto = QString::fromUtf8(consulta);

@@ -37,12 +37,12 @@ struct DatosAuxiliar : MiembroConsulta {
     const char* saldo; ///< procedimiento del saldo a la cabeza; vacío: no lo muestra
     unsigned columnas;
     const char* titulo_referencia;
-    QStringList borrados; ///< órdenes, en su orden; a cada una se le agrega el id
+    QStringList borrados;      ///< órdenes, en su orden; a cada una se le agrega el id
     const char* aviso_borrado; ///< antecede a la pregunta
 };
 
 struct DatosSaldo : MiembroConsulta {
-    Clave por;                       ///< de qué es cada fila
+    Clave por; ///< de qué es cada fila
     const char* titulo_creditos;
     const char* auxiliar;            ///< pantalla que abre F8
     const char* saldo_terceros = ""; ///< pantalla que abre "F5:Saldo terceros"

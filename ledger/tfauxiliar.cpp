@@ -13,8 +13,7 @@ constexpr int kBorrarComprobante = 32;
 constexpr const char* kImporte = "#,###.00";
 } // namespace
 
-Tfauxiliar::Tfauxiliar(const DatosAuxiliar& miembro)
-    : ConsultaCuenta(miembro), miembro_(miembro) {
+Tfauxiliar::Tfauxiliar(const DatosAuxiliar& miembro) : ConsultaCuenta(miembro), miembro_(miembro) {
     defina_campos();
     arme();
 }
@@ -50,9 +49,9 @@ void Tfauxiliar::defina_campos() {
 
 void Tfauxiliar::arme() {
     static const QMap<QString, int> kAnchos{
-        {"TIPOCOMP", 4},  {"PREFIJO", 6}, {"NUMERO", 8},   {"FECHA", 9},    {"CONCEPTO", 30},
-        {"NIT", 13},      {"CIUDAD", 7},  {"REF", 10},     {"BASE", 15},    {"PORC", 6},
-        {"DEBITO", 16},   {"CREDITO", 16}, {"PROYECTO", 5}, {"CENTRO", 6}};
+        {"TIPOCOMP", 4}, {"PREFIJO", 6},  {"NUMERO", 8},   {"FECHA", 9}, {"CONCEPTO", 30},
+        {"NIT", 13},     {"CIUDAD", 7},   {"REF", 10},     {"BASE", 15}, {"PORC", 6},
+        {"DEBITO", 16},  {"CREDITO", 16}, {"PROYECTO", 5}, {"CENTRO", 6}};
     DBGridEh1 = cree_rejilla("DBGridEh1", &CAuxiliar, miembro_.archivo);
     QVector<DefinicionColumna> columnas;
     for (int i = 0; i < CAuxiliar.FieldCount(); ++i) {
@@ -120,8 +119,8 @@ bool Tfauxiliar::FormClose() {
 // ---------------------------------------------------------------- consulta
 
 void Tfauxiliar::calcule_saldo_inicial() {
-    CBorrar.Open(QStringLiteral("select * from %1(").arg(miembro_.saldo) +
-                 QuotedStr(cuenta()) + ',' + QuotedStr(fdmcnt().compone_fecha("1")) + ')');
+    CBorrar.Open(QStringLiteral("select * from %1(").arg(miembro_.saldo) + QuotedStr(cuenta()) +
+                 ',' + QuotedStr(fdmcnt().compone_fecha("1")) + ')');
     if (!CBorrar.IsEmpty())
         Saldoi->valor(CBorrar.Fields(0).moneda());
     CBorrar.Close();
@@ -146,7 +145,9 @@ void Tfauxiliar::SpeedButton2Click() {
         borrar_comprobante(CAuxiliar.FieldByName("ID").texto());
 }
 
-void Tfauxiliar::SpeedButton3Click() { pantallas().abrir("Tfmovimien"); }
+void Tfauxiliar::SpeedButton3Click() {
+    pantallas().abrir("Tfmovimien");
+}
 
 void Tfauxiliar::editar_comprobante(const QString& id) {
     fdmcnt().comprobante_encontrado = id;

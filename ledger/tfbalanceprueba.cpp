@@ -1,5 +1,6 @@
 #include "ledger/tfbalanceprueba.h"
 
+#include "catalogues/letracuenta.h"
 #include "ledger/cifrascontrol.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
@@ -12,6 +13,7 @@
 #include <QFrame>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -68,6 +70,7 @@ Tfbalanceprueba::Tfbalanceprueba()
     arme_botones();
     f.botones(findChild<BarraBotones*>());
     flechas("SpeedButton1", "SpeedButton2");
+    tamano_del_area(140, 130);
 
     Panel->setObjectName("Panel");
     Panel->setFrameShape(QFrame::StyledPanel);
@@ -145,7 +148,6 @@ void Tfbalanceprueba::arme_botones() {
 
 void Tfbalanceprueba::FormCreate() {
     fdm().ConfigurarProviders(this);
-    const QSize area = area_principal();
     const Valor niveles = CBorrar.valor_unico("select max(estr_nivel) from estructura");
     nivel_ = niveles.nulo() ? kNivelPorOmision : int(niveles.entero());
     const bool local =
@@ -213,7 +215,9 @@ void Tfbalanceprueba::ubique(Pagina& pagina, const QString& codigo) {
         pagina.conjunto->Locate("CODIGO", {codigo});
 }
 
-void Tfbalanceprueba::BitBtn5Click() { recalcule(); }
+void Tfbalanceprueba::BitBtn5Click() {
+    recalcule();
+}
 
 void Tfbalanceprueba::recalcule() {
     guarde_posiciones();
@@ -224,7 +228,9 @@ void Tfbalanceprueba::recalcule() {
 
 // ---------------------------------------------------------------- período y detalle
 
-void Tfbalanceprueba::periodo_movido() { recalcule(); }
+void Tfbalanceprueba::periodo_movido() {
+    recalcule();
+}
 
 void Tfbalanceprueba::EMesChange(int mes) {
     fdmcnt().periodo_actual = mes;
@@ -291,9 +297,13 @@ void Tfbalanceprueba::BitBtn6Click() {
         mostrar_auxiliar_niif(codigo(paginas_[1]));
 }
 
-void Tfbalanceprueba::BitBtn7Click() { abra(actual(), codigo(actual()), actual().datos->terceros); }
+void Tfbalanceprueba::BitBtn7Click() {
+    abra(actual(), codigo(actual()), actual().datos->terceros);
+}
 
-void Tfbalanceprueba::BitBtn8Click() { abra(actual(), codigo(actual()), actual().datos->centros); }
+void Tfbalanceprueba::BitBtn8Click() {
+    abra(actual(), codigo(actual()), actual().datos->centros);
+}
 
 void Tfbalanceprueba::BitBtn1Click() {
     // Los artículos son del libro 2649, se vea la página que se vea; un rechazo no pita.

@@ -41,14 +41,13 @@ void Tfsaldoterc::defina_campos() {
 }
 
 void Tfsaldoterc::arme() {
-    static const QMap<QString, int> kAnchos{{"CODIGO", 13}, {"NOMBRE", 28}, {"PROYECTO", 8},
-                                            {"CENTRO", 8}};
+    static const QMap<QString, int> kAnchos{
+        {"CODIGO", 13}, {"NOMBRE", 28}, {"PROYECTO", 8}, {"CENTRO", 8}};
     DBGridEh1 = cree_rejilla("DBGridEh1", &CSaldos, miembro_.archivo);
     QVector<DefinicionColumna> columnas;
     for (int i = 0; i < CSaldos.FieldCount(); ++i) {
         const Campo& campo = CSaldos.Fields(i);
-        columnas.append(
-            {campo.FieldName, campo.etiqueta(), kAnchos.value(campo.FieldName, 16)});
+        columnas.append({campo.FieldName, campo.etiqueta(), kAnchos.value(campo.FieldName, 16)});
     }
     DBGridEh1->columnas(columnas);
     DBGridEh1->texto_vacio = "La cuenta no tiene saldos ni movimientos en el período.";
