@@ -76,6 +76,7 @@ public:
     Campo& memo(const QString& nombre);
     Campo& blob(const QString& nombre);
     Campo& calculado(const QString& nombre, ClaseCampo clase, int tamano);
+    Campo& interno(const QString& nombre, ClaseCampo clase, int tamano);
     Campo& busqueda(const QString& nombre, int tamano, const QString& llaves, ConjuntoDatos* tabla,
                     const QString& llaves_tabla, const QString& resultado);
     /// Este conjunto muestra el detalle `sentencia_detalle` de la fila actual de `maestra`.
