@@ -7,7 +7,7 @@
 BarraBotones::BarraBotones(Pantalla* pantalla) : QWidget(pantalla), pantalla_(pantalla) {
     setObjectName(QStringLiteral("BarraBotones"));
     fila_ = new DisposicionFlujo(this, paso());
-    QSizePolicy politica(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy politica(QSizePolicy::Preferred, QSizePolicy::Minimum);
     politica.setHeightForWidth(true);
     setSizePolicy(politica);
 }

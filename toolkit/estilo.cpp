@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QStandardPaths>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QWidget>
@@ -141,8 +142,13 @@ void aplique_estilo(QApplication& aplicacion, const ColoresEmpresa& colores) {
     aplicacion.setStyle(new EstiloQuorvex);
     aplicacion.setPalette(paleta());
     // Adwaita trae sus iconos de color en PNG: no hace falta el complemento de SVG.
-    if (QIcon::fromTheme(QStringLiteral("document-save")).isNull())
+    if (QIcon::fromTheme(QStringLiteral("document-save")).isNull()) {
+        QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() +
+                                   QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
+                                                             QStringLiteral("icons"),
+                                                             QStandardPaths::LocateDirectory));
         QIcon::setThemeName(QStringLiteral("Adwaita"));
+    }
 }
 
 const ColoresEmpresa& colores_empresa() {

@@ -69,8 +69,10 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
         celda->addStretch(0);
         // Una fila corta usa lo que le sobra a la derecha.
         r->addLayout(celda, renglon, columna + 1, 1, ultimo ? -1 : 1);
-        if (alto)
+        if (alto) {
             r->setRowStretch(renglon, 1);
+            elastico_ = true;
+        }
         columna += 2;
     }
     if (columna > 0)
@@ -103,6 +105,7 @@ void Formulario::nombre_accesible(QWidget* control, const QString& texto) {
 }
 
 Formulario& Formulario::ancha(QWidget* control, int estira) {
+    elastico_ = elastico_ || estira > 0;
     if (grupo_) {
         QGridLayout* r = rejilla();
         const int renglon = r->rowCount();
@@ -147,11 +150,14 @@ Formulario& Formulario::al_lado() {
 Formulario& Formulario::estire() {
     fin_grupo();
     raiz_->addStretch(1);
+    elastico_ = true;
     return *this;
 }
 
 Formulario& Formulario::botones(QWidget* barra) {
     fin_grupo();
+    if (!elastico_)
+        raiz_->addStretch(1); // las filas quedan juntas arriba
     raiz_->addWidget(barra);
     return *this;
 }

@@ -58,6 +58,7 @@ private:
     QGridLayout* rejilla_ = nullptr;
     QGroupBox* grupo_ = nullptr;
     bool al_lado_ = false;
+    bool elastico_ = false; ///< algo del formulario toma el alto libre
     struct Rotulo {
         const QWidget* control;
         QLabel* etiqueta;
