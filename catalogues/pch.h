@@ -9,3 +9,4 @@
 #include "toolkit/formulario.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/rejilla.h"
+#include <QDialog>
