@@ -5,6 +5,9 @@
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QCheckBox>
+#include <QLineEdit>
+
 ListaCatalogo::ListaCatalogo(const QString& clase, const QString& titulo, Sentencia& sentencia,
                              const QString& tabla)
     : Pantalla(clase, titulo) {

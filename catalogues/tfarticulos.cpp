@@ -6,6 +6,9 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 
+#include <QCheckBox>
+#include <QLineEdit>
+
 Tfarticulos::Tfarticulos()
     : ListaCatalogo("Tfarticulos", "Artículos", fdmArt().QArticulos, "Articulos") {
     conjunto_->texto("ARTI_COD", 15).banderas(pfInUpdate | pfInWhere | pfInKey);

@@ -2,6 +2,7 @@
 
 #include "core/instalacion.h"
 #include "core/tfdm.h"
+#include "toolkit/proteccion.h"
 
 #include <QDesktopServices>
 #include <QDir>
