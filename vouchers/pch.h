@@ -1,4 +1,5 @@
 #pragma once
+#include <QDialog>
 #include "core/tfdm.h"
 #include "core/tfdmart.h"
 #include "core/tfdmcnt.h"

@@ -1,7 +1,7 @@
 #include "toolkit/rejilla/editor_celda.h"
 
 #include "core/recordset/campo.h"
-#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/delegado_celda.h"
 
@@ -38,12 +38,11 @@ void EditorCelda::digite(const QString& texto) {
 }
 
 void EditorCelda::keyPressEvent(QKeyEvent* evento) {
-    if (numerico_)
-        if (const QString decimal = decimal_de_teclado(*evento); !decimal.isEmpty()) {
-            insert(decimal);
-            modificado_ = true;
-            return;
-        }
+    if (numerico_ && es_decimal_de_teclado(*evento)) {
+        insert(QStringLiteral("."));
+        modificado_ = true;
+        return;
+    }
     QLineEdit::keyPressEvent(evento);
 }
 

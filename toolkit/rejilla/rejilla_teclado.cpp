@@ -1,7 +1,7 @@
 // Teclas y ratón de la rejilla.
 #include "toolkit/rejilla/rejilla.h"
 
-#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/editor_celda.h"
@@ -326,9 +326,8 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
             proteja([&] { asigne(c, letra); });
         return;
     }
-    const QString decimal =
-        c >= 0 && modelo_->numerica(c) ? decimal_de_teclado(*evento) : QString();
-    abra_editor(decimal.isEmpty() ? texto : decimal, true);
+    const bool decimal = c >= 0 && modelo_->numerica(c) && es_decimal_de_teclado(*evento);
+    abra_editor(decimal ? QStringLiteral(".") : texto, true);
 }
 
 void Rejilla::inputMethodEvent(QInputMethodEvent* evento) {
