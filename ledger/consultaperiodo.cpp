@@ -14,8 +14,6 @@
 
 ConsultaPeriodo::ConsultaPeriodo(const QString& clase, const QString& titulo, int primer_ano)
     : Pantalla(clase, titulo), periodo(new CajaPeriodo(this)) {
-    periodo->LMes->setObjectName("EMes");
-    periodo->EAno->setObjectName("EAno");
     periodo->nombres(Tfdm::nombres_periodo().mid(0, 12));
     periodo->rango_ano(primer_ano, 2099);
     connect(periodo, &CajaPeriodo::mes_cambiado, this,
