@@ -42,6 +42,8 @@ public:
     bool modo_selector = false;      ///< la pantalla se abre como selector modal
     QString formato_actual;          ///< formato de impresión a editar
     QString documento_encontrado;    ///< id que dejó existe_numero
+    QString mensaje_responder;       ///< mensaje que se contesta
+    QString autor_responder;         ///< y quién lo escribió
 
     // --- sentencias compartidas
     Sentencia QConfiguracion, QBorrar, QBorrarGen, QAccesous, TNomcampos, QAudit;
@@ -107,8 +109,10 @@ public:
     QString numero_a_letras(Moneda valor);
     QString nombre_impresora(const QString& clave);
 
-private:
+    /// Anota una falla en ERRORES.TXT sin decir nada a nadie.
     void registre_en_archivo(const QString& texto);
+
+private:
     QPointer<AvisosBarra> barra_;
 };
 
