@@ -38,6 +38,9 @@ class ReclamaTeclas {
 public:
     virtual ~ReclamaTeclas() = default;
     virtual bool reclama(const QKeyEvent& evento) = 0;
+    /// Guarda lo digitado a medias antes de la acción de una tecla o un botón. Falso si no se pudo:
+    /// la falla ya se mostró y la acción no corre.
+    virtual bool termine() { return true; }
 };
 
 class Pantalla : public QWidget {

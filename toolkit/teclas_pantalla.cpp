@@ -177,6 +177,9 @@ bool Pantalla::ejecute(const std::function<void()>& accion, bool escribe) {
         ControlDato* control = control_dato(foco);
         if (control && !control->escriba())
             return false;
+        for (QWidget* w = foco; w && w != this; w = w->parentWidget())
+            if (auto* r = dynamic_cast<ReclamaTeclas*>(w); r && !r->termine())
+                return false;
     }
     return !accion || proteja(accion);
 }
