@@ -89,7 +89,7 @@ void PruebaRegistroComprobantes::varios_que_graban_a_la_vez_no_repiten_ni_saltan
     std::mutex cerrojo;
     QStringList fallas;
     int repetidos = 0;
-    const auto usuario = [&](int) {
+    const auto usuario = [&] {
         Conexion c;
         c.conectar(base_->parametros());
         for (int grabados = 0; grabados < kCadaUno;) {
@@ -114,7 +114,7 @@ void PruebaRegistroComprobantes::varios_que_graban_a_la_vez_no_repiten_ni_saltan
     };
     std::vector<std::thread> hilos;
     for (int i = 0; i < kUsuarios; ++i)
-        hilos.emplace_back(usuario, i);
+        hilos.emplace_back(usuario);
     for (auto& h : hilos)
         h.join();
     QCOMPARE(fallas, QStringList());
@@ -168,7 +168,7 @@ void PruebaRegistroComprobantes::un_comprobante_mal_formado_se_rechaza() {
                  .consulte("select count(*) from comprobante_detalle where terc_nit is null and"
                            " proy_cod is null")
                  .entero(),
-             qint64(2 - 1));
+             qint64(1));
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
@@ -204,10 +204,10 @@ void PruebaRegistroComprobantes::la_auditoria_deja_una_fila_por_operacion() {
     {
         Transaccion t(base(), Transaccion::Modo::Escritura);
         base()
-            .prepare("select rdb$set_context('USER_TRANSACTION', 'RAZON_ANULACION', 'Duplicado')"
-                     " from rdb$database",
+            .prepare("execute block as begin rdb$set_context('USER_TRANSACTION',"
+                     " 'RAZON_ANULACION', 'Duplicado'); end",
                      t)
-            ->ejecute_con_salida(t, {});
+            ->ejecute(t, {});
         base()
             .prepare("delete from comprobante_encabezado where enco_consec = 2", t)
             ->ejecute(t, {});
@@ -244,7 +244,7 @@ void PruebaRegistroComprobantes::la_replica_sigue_a_las_lineas_2649() {
                     "insert into comprobante_detalle (enco_consec, code_item, cuen_cod,"
                     " code_credito) values (1, 3, '240805', 50)"});
     QCOMPARE(filas_de(base(), kLineasNiif),
-             QString("1|111005|150|0|1\n2|413505|0|100|2\n3|240805|||3").replace("|||", "||50|"));
+             QString("1|111005|150|0|1\n2|413505|0|100|2\n3|240805||50|3"));
     base_->ejecute({"delete from comprobante_detalle where code_item = 2",
                     "update cuentas set cuen_eqniif = 'NOHAY' where cuen_cod = '240805'",
                     "update comprobante_detalle set code_credito = 150 where code_item = 3"});
