@@ -42,6 +42,8 @@ QGridLayout* Formulario::rejilla() {
         grupo_->setLayout(rejilla_);
     } else {
         raiz_->addLayout(rejilla_);
+        sueltas_.append(rejilla_);
+        rejilla_->setColumnMinimumWidth(0, ancho_rotulos_);
     }
     return rejilla_;
 }
@@ -59,6 +61,8 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
         const bool alto = crece_a_lo_alto(par.control);
         if (!par.etiqueta.isEmpty()) {
             QLabel* rotulo = ponga_rotulo(par.control, par.etiqueta);
+            if (columna == 0 && !grupo_)
+                alinee_rotulos(rotulo->sizeHint().width());
             r->addWidget(rotulo, renglon, columna,
                          (alto ? Qt::AlignTop : Qt::AlignVCenter) | Qt::AlignRight);
         }
@@ -71,13 +75,28 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
         r->addLayout(celda, renglon, columna + 1, 1, ultimo ? -1 : 1);
         if (alto) {
             r->setRowStretch(renglon, 1);
-            elastico_ = true;
+            elastico_ = grupo_elastico_ = true;
         }
         columna += 2;
     }
     if (columna > 0)
         r->setColumnStretch(columna - 1, 1);
     return *this;
+}
+
+void Formulario::alinee_rotulos(int ancho) {
+    // Las filas de antes y de después de un grupo comparten la columna de los rótulos.
+    ancho_rotulos_ = qMax(ancho_rotulos_, ancho);
+    for (QGridLayout* r : sueltas_)
+        r->setColumnMinimumWidth(0, ancho_rotulos_);
+}
+
+void Formulario::remate() {
+    // Las filas de un grupo quedan juntas arriba si el de al lado es más alto.
+    if (grupo_ && rejilla_ && !grupo_elastico_)
+        rejilla_->setRowStretch(rejilla_->rowCount(), 1);
+    rejilla_ = nullptr;
+    grupo_elastico_ = false;
 }
 
 QLabel* Formulario::ponga_rotulo(QWidget* control, const QString& texto) {
@@ -111,6 +130,7 @@ Formulario& Formulario::ancha(QWidget* control, int estira) {
         const int renglon = r->rowCount();
         r->addWidget(control, renglon, 0, 1, -1);
         r->setRowStretch(renglon, estira);
+        grupo_elastico_ = grupo_elastico_ || estira > 0;
         if (estira > 0)
             raiz_->setStretch(raiz_->count() - 1, qMax(1, estira));
     } else {
@@ -121,7 +141,7 @@ Formulario& Formulario::ancha(QWidget* control, int estira) {
 }
 
 Formulario& Formulario::grupo(const QString& titulo) {
-    rejilla_ = nullptr;
+    remate();
     grupo_ = new QGroupBox(titulo, dueno_);
     if (al_lado_ && banda_) {
         banda_->addWidget(grupo_, 1);
@@ -136,8 +156,8 @@ Formulario& Formulario::grupo(const QString& titulo) {
 }
 
 Formulario& Formulario::fin_grupo() {
+    remate();
     grupo_ = nullptr;
-    rejilla_ = nullptr;
     banda_ = nullptr;
     return *this;
 }
