@@ -172,6 +172,9 @@ QString mensaje_claro(const ErrorDatos& falla) {
         return QStringLiteral("La base de datos está en uso por otra sesión. Cierre los demás "
                               "programas que la tengan abierta e intente de nuevo.\n") +
                t;
+    if (dice("reading from backup file") || dice("backup description record") ||
+        dice("backup file is damaged") || dice("unexpected end of file on backup"))
+        return QStringLiteral("El archivo de respaldo está incompleto o no es un respaldo.\n") + t;
     if (dice("Connection failed"))
         return QStringLiteral("No hay un servidor Firebird atendiendo en la ubicación indicada. "
                               "Verifique el equipo, el puerto y que el servicio esté iniciado.");

@@ -50,8 +50,11 @@ public:
     Conexion& operator=(const Conexion&) = delete;
 
     void conectar(const ParametrosConexion& parametros);
-    /// Crea la base vacía (página de 8 KB, caché de `paginas_cache`) y queda conectada a ella.
-    void cree_base(const ParametrosConexion& parametros, int paginas_cache = 8192);
+    /// Crea la base vacía (página de 8 KB, caché de `paginas_cache`) y queda conectada a ella. Sin
+    /// `escritura_inmediata` nada espera al disco: sirve para llenarla de una vez y ponerla después
+    /// (ver ponga_escritura_inmediata), o para bases desechables.
+    void cree_base(const ParametrosConexion& parametros, int paginas_cache = 8192,
+                   bool escritura_inmediata = true);
     void desconectar() noexcept;
     /// Borra la base conectada; la conexión queda cerrada.
     void borre_base();
@@ -83,7 +86,8 @@ public:
     void anote(const QString& sql);
 
 private:
-    void abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache);
+    void abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache,
+                     bool escritura_inmediata);
 
     std::unique_ptr<Interno> interno_;
     ParametrosConexion parametros_;

@@ -245,7 +245,7 @@ void PruebaInstalador::una_base_vieja_recibe_las_actualizaciones_que_le_faltan()
     QTemporaryDir carpeta;
     Conexion nueva;
     nueva.cree_base({carpeta.filePath(QStringLiteral("nueva.fdb")), QStringLiteral("SYSDBA"), {}},
-                    1000);
+                    1000, false);
     Instalador de_nueva(nueva, guiones.ruta());
     de_nueva.instale(TipoBase::Compania);
     QVERIFY(de_nueva.actualice(TipoBase::Compania).isEmpty());
