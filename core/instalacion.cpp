@@ -30,7 +30,8 @@ QString ubicaciondb(const QString& parametro) {
         return parametro;
     QFile archivo(diraplicacion() + QStringLiteral("/conexion.cfg"));
     if (!archivo.open(QIODevice::ReadOnly)) {
-        muestre_error(QStringLiteral("No se encontró el archivo de conexión con la base de datos."));
+        muestre_error(
+            QStringLiteral("No se encontró el archivo de conexión con la base de datos."));
         return {};
     }
     QByteArray contenido = archivo.readAll();

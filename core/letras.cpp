@@ -4,15 +4,22 @@
 
 namespace {
 
-const char* const kCentenas[] = {"",             "",             "DOSCIENTOS ",  "TRESCIENTOS ",
-                                 "CUATROCIENTOS ", "QUINIENTOS ", "SEISCIENTOS ", "SETECIENTOS ",
-                                 "OCHOCIENTOS ", "NOVECIENTOS "};
-const char* const kDieces[] = {"DIEZ ", "ONCE ", "DOCE ", "TRECE ", "CATORCE ", "QUINCE ",
-                               "DIECI", "DIECI", "DIECI", "DIECI"};
+const char* const kCentenas[] = {"",
+                                 "",
+                                 "DOSCIENTOS ",
+                                 "TRESCIENTOS ",
+                                 "CUATROCIENTOS ",
+                                 "QUINIENTOS ",
+                                 "SEISCIENTOS ",
+                                 "SETECIENTOS ",
+                                 "OCHOCIENTOS ",
+                                 "NOVECIENTOS "};
+const char* const kDieces[] = {"DIEZ ",   "ONCE ", "DOCE ", "TRECE ", "CATORCE ",
+                               "QUINCE ", "DIECI", "DIECI", "DIECI",  "DIECI"};
 const char* const kDecenas[] = {"",           "",         "",         "TREINTA ", "CUARENTA ",
                                 "CINCUENTA ", "SESENTA ", "SETENTA ", "OCHENTA ", "NOVENTA "};
-const char* const kUnidades[] = {"",        "UN ",   "DOS ",   "TRES ", "CUATRO ",
-                                 "CINCO ",  "SEIS ", "SIETE ", "OCHO ", "NUEVE "};
+const char* const kUnidades[] = {"",       "UN ",   "DOS ",   "TRES ", "CUATRO ",
+                                 "CINCO ", "SEIS ", "SIETE ", "OCHO ", "NUEVE "};
 
 QString grupo_en_letras(int c, int d, int u) {
     QString t;

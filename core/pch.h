@@ -4,6 +4,7 @@
 #include "toolkit/pantalla.h"
 #include <QApplication>
 #include <QDate>
+#include <QDialog>
 #include <QFile>
 #include <QHash>
 #include <QObject>

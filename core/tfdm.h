@@ -1,15 +1,13 @@
 #pragma once
 // Módulo de datos central: conexiones, configuración, derechos, fallas, numeración y avisos.
 //
-// Vive lo que el proceso y guarda las sentencias compartidas. La sesión (usuario, compañía, agencia,
-// derechos) se llena una vez, en la primera activación del formulario principal.
+// Vive lo que el proceso y guarda las sentencias compartidas. La sesión (usuario, compañía,
+// agencia, derechos) se llena una vez, en la primera activación del formulario principal.
 #include "core/libro.h"
 #include "core/recordset/conjunto.h"
+#include "toolkit/barraestado.h"
 
 #include <QPointer>
-
-class AvisosBarra;
-class QPixmap;
 
 /// Encabezado de la compañía para los comprobantes impresos.
 struct DatosCompania {
@@ -57,7 +55,8 @@ public:
     // --- configuración
     void cargue_configuracion();
     /// Valor de la llave, o vacío después de avisar si no existe. En memoria: no toca la base.
-    QString configuracion(const QString& modulo, const QString& categoria, const QString& propiedad);
+    QString configuracion(const QString& modulo, const QString& categoria,
+                          const QString& propiedad);
     /// El valor es exactamente "SI".
     bool configurado_si(const QString& categoria, const QString& propiedad) {
         return configuracion(QStringLiteral("CONTABILIDAD"), categoria, propiedad) ==

@@ -31,15 +31,16 @@ public:
     QString tercero_auxiliar, proyecto_auxiliar, centro_auxiliar, articulo_auxiliar;
     QString comprobante_encontrado; ///< comprobante por abrir
     QString tipo_informe;
-    Valor tipo_busqueda;             ///< tipo con que abre la búsqueda de comprobantes
-    QString nit_comprobantes;        ///< tercero de la lista de comprobantes
+    Valor tipo_busqueda;      ///< tipo con que abre la búsqueda de comprobantes
+    QString nit_comprobantes; ///< tercero de la lista de comprobantes
     bool balance_por_recalcular = false;
     bool seleccion_cancelada = false;
 
     // --- sentencias compartidas
     Sentencia QBusccuentas, TEstructura, TComprobantes, TComprDetalle, TCompniif, SIdComproba;
     Sentencia QBalanceprueba, QBalniif, QAuxiliar, QSaldos, QComproba, QUsuarios, QSaldo;
-    Sentencia TConceptoconta, TNorma, TNormadet, TNormacta, TPlantilla, TPlantilladetalle, TPlantilladn;
+    Sentencia TConceptoconta, TNorma, TNormadet, TNormacta, TPlantilla, TPlantilladetalle,
+        TPlantilladn;
     Sentencia SIdPlantilla, TSaldiniciales;
     Sentencia QConsultas;
     Proveedor PConsultas, PCuentas, PValidcuenta, PPadre, PSaldocta, PNomcent, PValidcentro;

@@ -7,7 +7,7 @@
 #include <functional>
 
 class Pantalla;
-class QHBoxLayout;
+class DisposicionFlujo;
 
 class BarraBotones : public QWidget {
     Q_OBJECT
@@ -28,5 +28,5 @@ public:
 
 private:
     Pantalla* pantalla_;
-    QHBoxLayout* fila_;
+    DisposicionFlujo* fila_;
 };

@@ -7,6 +7,8 @@
 
 class QApplication;
 class QFontMetrics;
+class QPainter;
+class QRect;
 
 struct ColoresEmpresa {
     QColor principal{0x2b, 0x5c, 0x8a};
@@ -28,6 +30,9 @@ int ancho_caracteres(const QFontMetrics& medidas, int n);
 QFont fuente_cifras(const QFont& base);
 QColor color_negativo();
 QColor color_inactivo(); ///< rojo de las filas inactivas
+
+/// Degradado suave de los dos colores de la empresa; nunca detrás de texto que haya que leer.
+void pinte_degradado(QPainter& pintor, const QRect& marco);
 
 /// Icono del tema instalado por su nombre ("document-save"); vacío si no hay tema.
 QIcon icono(const QString& nombre);

@@ -49,7 +49,8 @@ public:
 
 private:
     QGridLayout* rejilla();
-    void cierre_rejilla();
+    QLabel* ponga_rotulo(QWidget* control, const QString& texto);
+    static void nombre_accesible(QWidget* control, const QString& texto);
 
     QWidget* dueno_;
     QBoxLayout* raiz_;

@@ -17,6 +17,8 @@ class QDialog;
 class QKeyEvent;
 class QMdiArea;
 class QMdiSubWindow;
+class QPushButton;
+class QSettings;
 class Escritorio;
 
 enum ResultadoModal { mrNone = 0, mrOk = 1, mrCancel = 2 };
@@ -36,6 +38,9 @@ class ReclamaTeclas {
 public:
     virtual ~ReclamaTeclas() = default;
     virtual bool reclama(const QKeyEvent& evento) = 0;
+    /// Guarda lo digitado a medias antes de la acción de una tecla o un botón. Falso si no se pudo:
+    /// la falla ya se mostró y la acción no corre.
+    virtual bool termine() { return true; }
 };
 
 class Pantalla : public QWidget {
@@ -52,7 +57,7 @@ public:
     virtual bool FormClose() { return true; }
     /// Cierra y libera la ventana. Falso si FormClose lo rehusó.
     bool close();
-    /// Desde FormCreate: la pantalla se cierra sin haberse mostrado.
+    /// Desde FormCreate: la pantalla se libera sin mostrarse y sin pasar por FormClose.
     void pida_cierre_al_crear() { cierre_pedido_ = true; }
     bool cierre_pedido() const { return cierre_pedido_; }
     /// Corre FormCreate una sola vez. Falso si pidió el cierre o falló (la falla ya se informó).
@@ -80,36 +85,46 @@ public:
     /// Guarda lo escrito en el control con foco y corre la acción, protegida. Falso si algo falló.
     bool ejecute(const std::function<void()>& accion, bool escribe = true);
 
+    /// Sirve una tecla destinada a `destino`. Con `solo_pregunta` solo dice si la serviría. La
+    /// llama el filtro de la aplicación.
+    bool atienda(QKeyEvent& evento, QWidget* destino, bool solo_pregunta);
+
     // --- tamaño
     /// Tamaño con que abre, en píxeles a escala de 100 %; crece con la letra y no pasa del área.
     void tamano(int ancho, int alto);
     QSize tamano_inicial() const;
     /// Espacio disponible para ventanas hijas; sin escritorio, el del monitor.
     QSize area_principal() const;
+    /// Abre arriba a la izquierda, más angosta y más baja que el área en esos píxeles.
+    void tamano_del_area(int menos_ancho, int menos_alto);
     /// Abre ocupando toda el área.
     void abra_maximizada() { maximizada_ = true; }
     bool abre_maximizada() const { return maximizada_; }
 
 protected:
     void closeEvent(QCloseEvent* evento) override;
-    bool focusNextPrevChild(bool siguiente) override;
 
 private:
     friend class Escritorio;
-    friend class DespachoTeclas;
-    bool atienda(QKeyEvent& evento, QWidget* destino, bool solo_pregunta);
+    friend class MarcoPantalla;
+    friend class DialogoPantalla;
+    bool consienta_cierre();
+    QMdiSubWindow* ventana_hija() const;
     const Tecla* busque(int clave, Qt::KeyboardModifiers modificadores) const;
+    QPushButton* boton_de(const Tecla& tecla) const;
+    bool pase_de_control(const QKeyEvent& evento, QWidget* foco, bool solo_pregunta);
 
     QVector<Tecla> teclas_;
     QVector<QString> en_curso_; ///< teclas cuya acción no ha terminado
     QPointer<QDialog> dialogo_;
     QSize tamano_;
+    QSize menos_area_;
     int resultado_modal_ = mrNone;
     bool creada_ = false, creada_bien_ = false;
     bool cierre_pedido_ = false;
-    bool cerrada_ = false;
+    bool cerrando_ = false, cerrada_ = false;
     bool enter_como_tab_ = false;
-    bool maximizada_ = false;
+    bool del_area_ = false, maximizada_ = false;
 };
 
 /// Marco de ventanas hijas. El formulario principal (o una prueba) crea uno sobre su QMdiArea y ese
@@ -129,6 +144,8 @@ public:
     /// Pantallas abiertas, en el orden en que se abrieron.
     QVector<Pantalla*> abiertas() const;
     Pantalla* abierta(const QString& nombre) const;
+    /// Recuerda el tamaño que el usuario dio a cada pantalla. Nulo para dejar de hacerlo.
+    void recuerde_en(QSettings* ajustes);
     /// Cierra todas, de la última activa a la primera. Falso si alguna lo rehusó.
     bool cierre_todas();
 
@@ -138,10 +155,13 @@ signals:
 private:
     friend class Pantalla;
     void activada(QMdiSubWindow* ventana);
-    void olvide(Pantalla* pantalla);
+    void olvide(Pantalla* pantalla); ///< se cierra: activa la anterior
+    void quite(Pantalla* pantalla);
+    static QString clave_tamano(const Pantalla* pantalla);
     void notifique(Pantalla* pantalla);
 
     QMdiArea* area_;
+    QSettings* ajustes_ = nullptr;
     QPointer<Pantalla> activa_;
     QVector<Pantalla*> abiertas_;
     QVector<Pantalla*> historia_; ///< la más reciente al final

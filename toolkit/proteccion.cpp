@@ -8,7 +8,9 @@ namespace {
 ManejadorFallas manejador_;
 }
 
-void instale_manejador_fallas(ManejadorFallas manejador) { manejador_ = std::move(manejador); }
+void instale_manejador_fallas(ManejadorFallas manejador) {
+    manejador_ = std::move(manejador);
+}
 
 void reporte_falla(const QString& texto) {
     if (manejador_)

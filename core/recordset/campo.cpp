@@ -85,25 +85,23 @@ Valor Campo::convierta(const Valor& v) const {
     }
 }
 
-QString Campo::presente(const Valor& v) const {
+QString Campo::presente(const Valor& v, const QString& formato_pedido) const {
     if (v.nulo())
         return {};
-    if (clase != ClaseCampo::Decimal)
+    const QString& formato = formato_pedido.isEmpty() ? DisplayFormat : formato_pedido;
+    if (formato.isEmpty() || !numerico())
         return v.texto();
-    const Moneda m = v.moneda();
-    if (DisplayFormat.isEmpty())
-        return m.texto();
     // "#,###.00": los ceros tras el punto son fijos; los numerales, opcionales.
-    const qsizetype punto = DisplayFormat.indexOf('.');
-    const QString fraccion = punto < 0 ? QString() : DisplayFormat.mid(punto + 1);
+    const qsizetype punto = formato.indexOf('.');
+    const QString fraccion = punto < 0 ? QString() : formato.mid(punto + 1);
     const int fijos = int(fraccion.count('0'));
     const int maximos = int(fraccion.count('0') + fraccion.count('#'));
-    QString t = m.formateada(maximos);
+    QString t = v.moneda().formateada(maximos);
     for (int i = maximos; i > fijos && t.endsWith('0'); --i)
         t.chop(1);
     if (t.endsWith('.'))
         t.chop(1);
-    if (!DisplayFormat.contains(','))
+    if (!formato.contains(','))
         t.remove(',');
     return t;
 }

@@ -8,7 +8,12 @@
 class ConjuntoDatos;
 
 enum class ClaseCampo { Texto, Entero, Decimal, Fecha, Hora, FechaHora, Memo, Blob, Conjunto };
-enum class TipoCampo { Datos, Calculado, Busqueda };
+enum class TipoCampo {
+    Datos,
+    Calculado, ///< lo pone OnCalcFields
+    Interno,   ///< lo asigna la pantalla; vive en la fila y no viaja a la base
+    Busqueda,
+};
 
 enum BanderaProveedor : unsigned { pfInUpdate = 1, pfInWhere = 2, pfInKey = 4, pfHidden = 8 };
 
@@ -58,7 +63,9 @@ public:
     void limpie() { asigne(Valor()); }
     /// Valor como lo muestra una pantalla: con DisplayFormat y sin ceros de más.
     QString presentado() const { return presente(valor()); }
-    QString presente(const Valor& valor) const;
+    QString presente(const Valor& valor) const { return presente(valor, DisplayFormat); }
+    /// Con otro formato: el de la columna de una rejilla. Vacío: el propio.
+    QString presente(const Valor& valor, const QString& formato) const;
     /// Convierte un valor a la clase del campo; lanza ErrorDatos con el nombre del campo.
     Valor convierta(const Valor& valor) const;
 

@@ -20,7 +20,7 @@ public:
     void rango_ano(int minimo, int maximo);
     void nombres(const QStringList& doce);
 
-    QComboBox* LMes; ///< caja de los meses
+    QComboBox* EMes; ///< caja de los meses
     QSpinBox* EAno;  ///< caja del año
 
 signals:
@@ -28,6 +28,8 @@ signals:
     void ano_cambiado(int ano);
 
 private:
-    QString ajeno_;
     class ListaMeses;
+    ListaMeses* meses_;
+    int mes_previo_ = -1;
+    bool por_codigo_ = false;
 };

@@ -22,6 +22,9 @@ public:
     /// Solo lectura propia del control; también manda Campo::ReadOnly.
     void ReadOnly(bool si);
     bool ReadOnly() const { return solo_lectura_; }
+    /// Apaga el control aunque su campo se pueda cambiar. En casillas y listas es mejor que
+    /// setEnabled, que el permiso del campo vuelve a decidir cuando cambia.
+    void habilite(bool si);
     /// El usuario puede cambiar el valor ahora.
     bool editable() const;
     /// Hay algo escrito que aún no está en el campo.
@@ -49,18 +52,25 @@ protected:
     /// El usuario cambió el contenido: entra en edición. Falso si no se pudo y se repuso.
     bool usuario_cambio();
     void foco_ganado();
-    void foco_perdido();
+    void foco_perdido(Qt::FocusReason razon);
     bool mostrando() const { return mostrando_; }
+    /// El campo aunque el conjunto esté cerrado, para medidas y máscara.
+    Campo* definicion() const;
     void refresque();
+    /// Enciende o apaga el control según el permiso del campo, sin pisar lo que dijo la pantalla.
+    void encienda(bool puede);
 
 private:
-    bool guarde(); ///< como escriba, sin proteger: lanza
+    void guarde(); ///< como escriba, sin proteger: lanza
 
     QString nombre_campo_;
     bool solo_lectura_ = false;
     bool modificado_ = false;
     bool mostrando_ = false;
     bool escribiendo_ = false;
+    bool con_foco_ = false;
+    bool permiso_ = true;
+    bool apagado_ = false; ///< la pantalla lo quiere apagado
 };
 
 /// El control atado que contiene a `widget`, o nulo.

@@ -33,13 +33,18 @@ protected:
 
 private:
     void aplique_mascara(const Campo& campo);
+    void ajuste_ancho();
     bool numerico() const;
+    int caracteres() const;
 
     int ancho_ = 0;
+    int firma_ = -1; ///< ancho con que se fijó la política de tamaño
     QString mascara_;
+    class QValidator* validador_ = nullptr;
 };
 
-/// Máscara "999;0; " de la definición de un campo llevada a la de Qt ("000; ").
+/// Máscara "000;0; " de la definición de un campo llevada a la de Qt ("999; ").
 QString mascara_de_entrada(const QString& mascara);
-/// Traduce la tecla decimal del teclado numérico a punto; sin texto si la tecla no es esa.
-QString decimal_de_teclado(const QKeyEvent& evento);
+/// Una máscara solo de cifras opcionales ("999;0; ") es un tope de cifras, no casillas: su
+/// expresión regular, o vacío si la máscara es otra.
+QString patron_opcional(const QString& mascara);

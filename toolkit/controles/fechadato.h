@@ -20,6 +20,7 @@ public:
     void fecha_texto(const QString& aaaammdd);
     /// Después de un cambio del usuario.
     std::function<void()> OnChange;
+    QSize sizeHint() const override;
 
 protected:
     void muestre() override;
@@ -27,11 +28,19 @@ protected:
     void aplique_permiso() override;
     void keyPressEvent(QKeyEvent* evento) override;
     void stepBy(int pasos) override;
+    bool focusNextPrevChild(bool siguiente) override;
+    QString textFromDateTime(const QDateTime& momento) const override;
+    QDateTime dateTimeFromText(const QString& texto) const override;
+    QValidator::State validate(QString& texto, int& posicion) const override;
+    StepEnabled stepEnabled() const override;
     void focusInEvent(QFocusEvent* evento) override;
     void focusOutEvent(QFocusEvent* evento) override;
 
 private:
     void ponga(QDate fecha, const QString& texto_ajeno = {});
-    bool ajena_ = false; ///< muestra un texto que no es fecha (mes 13 de ajustes)
-    QString texto_ajeno_;
+    void vacie_por_usuario();
+    void arranque();
+    bool vacia_ = true;
+    bool poniendo_ = false;
+    QString texto_ajeno_; ///< valor que no es fecha (mes 13 de ajustes); se muestra sin editar
 };

@@ -22,6 +22,8 @@ protected:
     void resizeEvent(QResizeEvent* evento) override;
 
 private:
+    void cambie(const QByteArray& octetos);
+    void acomode();
     QByteArray octetos_;
     QPixmap original_;
 };

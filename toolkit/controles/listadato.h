@@ -17,6 +17,10 @@ public:
     void lista_de(ConjuntoDatos* tabla, const QString& llave, const QString& columna);
     /// Textos fijos; el campo guarda el texto mismo o, con `valores`, el de igual posición.
     void lista_de(const QStringList& textos, const QStringList& valores = {});
+    /// Lo que se ve: el texto escogido o, si el campo no está en la lista, su valor.
+    QString texto_a_la_vista() const {
+        return texto_ajeno_.isEmpty() ? currentText() : texto_ajeno_;
+    }
     /// Valor escogido, o nulo.
     Valor valor() const;
     /// Vuelve a leer la tabla de la lista.
@@ -28,6 +32,7 @@ protected:
     void muestre() override;
     Valor contenido() const override;
     void aplique_permiso() override;
+    void showPopup() override;
     void keyPressEvent(QKeyEvent* evento) override;
     void wheelEvent(QWheelEvent* evento) override;
     void focusInEvent(QFocusEvent* evento) override;
@@ -36,11 +41,16 @@ protected:
 
 private:
     class EnlaceTabla;
-    void escogido();
+    void escogido(int indice);
+    void lea_tabla();
+    void asegure_lista();
+    void marque_vieja();
 
     ConjuntoDatos* tabla_ = nullptr;
     QString llave_, columna_;
     QVector<Valor> valores_;
+    bool releyendo_ = false;
+    bool vieja_ = false;  ///< la tabla cambió desde la última lectura
     QString texto_ajeno_; ///< valor del campo que no está en la lista
     std::unique_ptr<EnlaceTabla> enlace_tabla_;
 };

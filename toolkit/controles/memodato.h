@@ -14,6 +14,7 @@ public:
     /// Alto en líneas de texto.
     void lineas(int cuantas);
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     void muestre() override;

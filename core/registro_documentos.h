@@ -1,0 +1,20 @@
+#pragma once
+// Tipos de documento de los módulos hermanos: dónde está cada uno y cómo se llaman sus columnas.
+//
+// Los nombres son los del esquema de la suite, también los que se escriben mal.
+#include <QString>
+
+struct TipoDocumentoSuite {
+    int tipo;
+    const char* id;
+    const char* tabla;
+    const char* numero;
+    const char* prefijo; ///< columna del prefijo; vacía si el documento no lo lleva
+};
+
+/// Consulta del id de un documento por prefijo y número; vacía si el tipo no está en la tabla.
+QString sql_existe_numero(int tipo, const QString& prefijo, const QString& numero);
+/// Consulta del prefijo y el número de un documento por su id; vacía si el tipo no está.
+QString sql_numero_documento(int tipo, qint64 id);
+/// La variante de los módulos que comparten la rutina, con sus cuatro nombres propios.
+QString sql_num_documento(int tipo, qint64 id);

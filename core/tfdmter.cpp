@@ -1,0 +1,94 @@
+#include "core/tfdmter.h"
+
+#include "core/tfdm.h"
+
+namespace {
+Tfdmter* unico_ = nullptr;
+}
+
+Tfdmter& fdmter() {
+    Q_ASSERT(unico_);
+    return *unico_;
+}
+
+Tfdmter::Tfdmter()
+    : TTercero(this, "TTercero", fdm().Quorvex, "SELECT * FROM TERCEROS WHERE TERC_NIT = :NIT"),
+      QTerceros(this, "QTerceros", fdm().Quorvex),
+      Ttipoid(this, "Ttipoid", fdm().Quorvex, "SELECT * FROM TIPO_ID  "),
+      TCiudades(this, "TCiudades", fdm().Quorvex, "SELECT * FROM CIUDADES ORDER BY CIUD_NOM"),
+      TPaises(this, "TPaises", fdm().Quorvex, "SELECT * FROM PAISES ORDER BY PAIS_NOM"),
+      TDocsterc(this, "TDocsterc", fdm().Quorvex), QBorrarter(this, "QBorrarter", fdm().Quorvex),
+      PConsulta(this, "PConsulta", &QBorrarter, poAllowCommandText),
+      CConsulta(this, "CConsulta", &PConsulta) {
+    setObjectName("Tfdmter");
+    unico_ = this;
+    fdm().ConfigurarProviders(this);
+}
+
+Tfdmter::~Tfdmter() {
+    unico_ = nullptr;
+}
+
+bool Tfdmter::existe_nit(const QString& nit) {
+    CConsulta.Open(
+        "select terc_nit, terc_nom, terc_clie, terc_prov from terceros where terc_nit = " +
+        QuotedStr(nit));
+    return !CConsulta.IsEmpty();
+}
+
+QString Tfdmter::nom_tercero(const QString& nit) {
+    CConsulta.Open(
+        "select terc_nit, terc_nom from terceros where terc_estado = 'S' and terc_nit = " +
+        QuotedStr(nit));
+    return CConsulta.FieldByName("TERC_NOM").texto();
+}
+
+bool Tfdmter::valide_tercero(const QString& nit) {
+    if (CConsulta.valor_unico("select * from existe_tercero(" + QuotedStr(nit) + ')').texto() ==
+        "S")
+        return true;
+    muestre_mensaje("Tercero Inactivo o no encontrado.");
+    return false;
+}
+
+int Tfdmter::dv(const QString& nit) {
+    static const int pesos[] = {3, 7, 13, 17, 19, 23, 29, 37, 41, 43, 47, 53, 59, 67, 71};
+    int suma = 0;
+    for (qsizetype i = 0; i < nit.size(); ++i) {
+        const QChar c = nit[nit.size() - 1 - i];
+        if (c < '0' || c > '9' || i >= qsizetype(std::size(pesos)))
+            throw ErrorDatos(QStringLiteral("'%1' no es un NIT numérico válido.").arg(nit));
+        suma += (c.unicode() - '0') * pesos[i];
+    }
+    const int resto = suma % 11;
+    return resto <= 1 ? resto : 11 - resto;
+}
+
+namespace {
+
+/// Nombre del tercero que además tiene fila en otra tabla (proveedores, clientes, empleados).
+QString sql_con_papel(const char* tabla, const QString& nit) {
+    return QStringLiteral(
+               "select t.terc_nom from terceros t, %1 p where t.terc_nit = p.terc_nit and "
+               "t.terc_estado = 'S' and t.terc_nit = ")
+               .arg(QLatin1String(tabla)) +
+           QuotedStr(nit);
+}
+
+} // namespace
+
+bool Tfdmter::valide_proveedor(const QString& nit) {
+    return !nombre_proveedor(nit).isEmpty();
+}
+QString Tfdmter::nombre_proveedor(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("proveedores", nit)).texto();
+}
+bool Tfdmter::valide_cliente(const QString& nit) {
+    return !nombre_cliente(nit).isEmpty();
+}
+QString Tfdmter::nombre_cliente(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("clientes", nit)).texto();
+}
+QString Tfdmter::nombre_empleado(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("empleados", nit)).texto();
+}

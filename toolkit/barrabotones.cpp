@@ -1,0 +1,45 @@
+#include "toolkit/barrabotones.h"
+
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/estilo.h"
+#include "toolkit/pantalla.h"
+
+BarraBotones::BarraBotones(Pantalla* pantalla) : QWidget(pantalla), pantalla_(pantalla) {
+    setObjectName(QStringLiteral("BarraBotones"));
+    fila_ = new DisposicionFlujo(this, paso());
+    QSizePolicy politica(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    politica.setHeightForWidth(true);
+    setSizePolicy(politica);
+}
+
+QPushButton* BarraBotones::boton(const QString& nombre, const QString& texto, const QString& imagen,
+                                 const QKeySequence& tecla, std::function<void()> accion) {
+    auto* b = new QPushButton(::icono(imagen), texto, this);
+    b->setObjectName(nombre);
+    // Con el ratón no se queda con el foco: la acción trabaja sobre el control que lo tenía.
+    b->setFocusPolicy(Qt::TabFocus);
+    b->setAutoDefault(false);
+    bool es_escape = false;
+    if (!tecla.isEmpty()) {
+        const QKeyCombination k = tecla[0];
+        es_escape = k.key() == Qt::Key_Escape;
+        pantalla_->tecla(k.key(), k.keyboardModifiers(), nombre);
+    }
+    connect(
+        b, &QPushButton::clicked, pantalla_,
+        [p = pantalla_, es_escape, accion = std::move(accion)] { p->ejecute(accion, !es_escape); });
+    fila_->addWidget(b);
+    return b;
+}
+
+void BarraBotones::principal(QPushButton* boton) {
+    boton->setDefault(true);
+}
+
+void BarraBotones::separe() {
+    fila_->separe();
+}
+
+void BarraBotones::agregue(QWidget* control) {
+    fila_->addWidget(control);
+}

@@ -1,0 +1,84 @@
+#include "toolkit/barraestado.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace {
+constexpr int kMsPorDecima = 100;
+const QColor kCeleste(0xA6, 0xCA, 0xF0);
+const QColor kAzul(0x00, 0x00, 0xFF);
+const QColor kRojo(0xFF, 0x00, 0x00);
+const QColor kAmarillo(0xFF, 0xFF, 0x00);
+} // namespace
+
+AvisosBarra::AvisosBarra(QWidget* padre)
+    : QLabel(padre), pitido([] { QApplication::beep(); }), Timer2(new QTimer(this)) {
+    setObjectName(QStringLiteral("AvisosBarra"));
+    setAccessibleName(QStringLiteral("Avisos"));
+    setTextFormat(Qt::PlainText);
+    setAutoFillBackground(true);
+    setSizePolicy(QSizePolicy::Ignored,
+                  QSizePolicy::Fixed); // un aviso largo no ensancha la ventana
+    setMargin(3);
+    Timer2->setObjectName(QStringLiteral("Timer2"));
+    connect(Timer2, &QTimer::timeout, this, &AvisosBarra::Timer2Timer);
+    pinte(Celeste, {});
+}
+
+void AvisosBarra::pinte(Color color, const QString& texto) {
+    color_ = color;
+    QPalette p = QApplication::palette();
+    const QColor fondo = color == Celeste    ? kCeleste
+                         : color == Azul     ? kAzul
+                         : color == Rojo     ? kRojo
+                         : color == Amarillo ? kAmarillo
+                                             : p.color(QPalette::Button);
+    p.setColor(QPalette::Window, fondo);
+    p.setColor(QPalette::WindowText, color == Azul || color == Rojo ? Qt::white : Qt::black);
+    setPalette(p);
+    this->texto(texto);
+}
+
+void AvisosBarra::texto(const QString& texto) {
+    setText(texto);
+    setToolTip(texto);
+}
+
+void AvisosBarra::avise(const QString& texto, Color color, int decimas) {
+    Timer2->stop();
+    pinte(color, texto);
+    if (decimas > 0)
+        Timer2->start(decimas * kMsPorDecima);
+    else
+        Timer2->setInterval(0);
+}
+
+void AvisosBarra::mostrar_advertencia(const QString& texto, int decimas) {
+    pitido();
+    avise(QStringLiteral("Advertencia: ") + texto, Rojo, decimas);
+}
+
+void AvisosBarra::mostrar_alerta(const QString& texto, int decimas) {
+    pitido();
+    if (color_ == Celeste)
+        avise(QStringLiteral("RECORDAR: ") + texto, Amarillo, decimas);
+}
+
+void AvisosBarra::mostrar_mensaje() {
+    if (sin_mensaje || color_ != Boton)
+        return;
+    pinte(Azul, QStringLiteral("Solicitando información. Espere un momento..."));
+    window()->repaint();
+}
+
+void AvisosBarra::quitar_mensaje() {
+    if (color_ != Azul)
+        return;
+    pinte(Celeste, {});
+    window()->repaint();
+}
+
+void AvisosBarra::Timer2Timer() {
+    Timer2->stop();
+    pinte(Boton, {});
+}

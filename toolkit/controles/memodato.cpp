@@ -1,0 +1,55 @@
+#include "toolkit/controles/memodato.h"
+
+#include "toolkit/estilo.h"
+
+#include <QFocusEvent>
+
+MemoDato::MemoDato(QWidget* padre) : QPlainTextEdit(padre) {
+    setTabChangesFocus(true);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] { usuario_cambio(); });
+}
+
+MemoDato::MemoDato(ConjuntoDatos* conjunto, const QString& campo, QWidget* padre)
+    : MemoDato(padre) {
+    ate(conjunto, campo);
+}
+
+void MemoDato::lineas(int cuantas) {
+    lineas_ = cuantas;
+    updateGeometry();
+}
+
+QSize MemoDato::sizeHint() const {
+    const int alto = fontMetrics().lineSpacing() * lineas_ + 2 * frameWidth() +
+                     int(2 * document()->documentMargin());
+    return {ancho_caracteres(fontMetrics(), 40), alto};
+}
+
+QSize MemoDato::minimumSizeHint() const {
+    return {ancho_caracteres(fontMetrics(), 20), sizeHint().height()};
+}
+
+void MemoDato::muestre() {
+    const Campo* c = campo();
+    const QString nuevo = c ? c->texto() : QString();
+    if (nuevo != toPlainText())
+        setPlainText(nuevo);
+}
+
+Valor MemoDato::contenido() const {
+    return Valor(toPlainText());
+}
+
+void MemoDato::aplique_permiso() {
+    setReadOnly(!editable());
+}
+
+void MemoDato::focusInEvent(QFocusEvent* evento) {
+    QPlainTextEdit::focusInEvent(evento);
+    foco_ganado();
+}
+
+void MemoDato::focusOutEvent(QFocusEvent* evento) {
+    QPlainTextEdit::focusOutEvent(evento);
+    foco_perdido(evento->reason());
+}

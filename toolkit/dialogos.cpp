@@ -1,0 +1,126 @@
+#include "toolkit/dialogos.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QThread>
+
+namespace {
+
+/// Esc y la cruz siempre cierran, aunque ningún botón sea el de cancelar.
+class Dialogo : public QMessageBox {
+public:
+    Dialogo(Icon dibujo, const QString& titulo, const QString& texto)
+        : QMessageBox(dibujo, titulo, QString(), NoButton, QApplication::activeWindow()) {
+        setObjectName(QStringLiteral("dialogo"));
+        setTextFormat(Qt::PlainText);
+        setText(texto);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override {
+        if (evento->key() == Qt::Key_Escape && !escapeButton()) {
+            reject();
+            return;
+        }
+        QMessageBox::keyPressEvent(evento);
+    }
+    void closeEvent(QCloseEvent* evento) override {
+        if (escapeButton())
+            QMessageBox::closeEvent(evento);
+        else
+            QDialog::closeEvent(evento);
+    }
+};
+
+QString titulo_programa() {
+    const QString titulo = QApplication::applicationDisplayName();
+    return titulo.isEmpty() ? QStringLiteral("Contabilidad") : titulo;
+}
+
+void avise(QMessageBox::Icon dibujo, const QString& titulo, const QString& texto) {
+    Dialogo d(dibujo, titulo, texto);
+    QPushButton* aceptar = d.addButton(QStringLiteral("Aceptar"), QMessageBox::AcceptRole);
+    d.setDefaultButton(aceptar);
+    d.setEscapeButton(aceptar);
+    d.exec();
+}
+
+/// Ve pasar Esc, esté donde esté el foco.
+class VigiaEscape : public QObject {
+public:
+    VigiaEscape() { qApp->installEventFilter(this); }
+    bool visto = false;
+
+protected:
+    bool eventFilter(QObject*, QEvent* evento) override {
+        const bool tecla =
+            evento->type() == QEvent::KeyPress || evento->type() == QEvent::ShortcutOverride;
+        if (!tecla || static_cast<QKeyEvent*>(evento)->key() != Qt::Key_Escape)
+            return false;
+        visto = true;
+        evento->accept();
+        return true; // el mensaje se la queda: no debe cerrar además la pantalla
+    }
+};
+
+constexpr int kRondas = 10;
+constexpr int kEsperaMs = 500;
+
+} // namespace
+
+void muestre_mensaje(const QString& texto) {
+    avise(QMessageBox::NoIcon, titulo_programa(), texto);
+}
+
+void muestre_advertencia(const QString& texto) {
+    avise(QMessageBox::Warning, QStringLiteral("Advertencia"), texto);
+}
+
+void muestre_error(const QString& texto) {
+    avise(QMessageBox::Critical, QStringLiteral("Error"), texto);
+}
+
+bool pregunte(const QString& texto) {
+    Dialogo d(QMessageBox::Question, QStringLiteral("Confirmación"), texto);
+    QPushButton* si = d.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
+    QPushButton* no = d.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
+    d.setDefaultButton(si);
+    d.setEscapeButton(no);
+    d.exec();
+    return d.clickedButton() == si;
+}
+
+Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos) {
+    Dialogo d(QMessageBox::Question, QStringLiteral("Confirmación"), texto);
+    QVector<QAbstractButton*> botones;
+    for (const QString& rotulo : rotulos)
+        botones << d.addButton(rotulo, QMessageBox::ActionRole);
+    d.exec();
+    // Sin `indexOf` sobre nulo: cerrar el diálogo no oprime ningún botón.
+    const QAbstractButton* oprimido = d.clickedButton();
+    return oprimido ? Respuesta(botones.indexOf(const_cast<QAbstractButton*>(oprimido))) : Ninguna;
+}
+
+void mensaje_temporal(const QString& texto) {
+    QApplication::beep();
+    VigiaEscape vigia;
+    QMessageBox d(QMessageBox::Critical, QStringLiteral("Advertencia"), QString(),
+                  QMessageBox::NoButton, QApplication::activeWindow());
+    d.setObjectName(QStringLiteral("mensaje_temporal"));
+    d.setTextFormat(Qt::PlainText);
+    d.setText(texto);
+    d.setStandardButtons(QMessageBox::NoButton);
+    d.setModal(false);
+    d.show();
+    for (int ronda = 0; ronda < kRondas; ++ronda) {
+        QApplication::processEvents();
+        if (vigia.visto) {
+            QApplication::processEvents();
+            break;
+        }
+        QThread::msleep(kEsperaMs);
+    }
+    d.hide();
+}

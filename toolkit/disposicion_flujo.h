@@ -1,0 +1,30 @@
+#pragma once
+// Fila de controles que pasa a otro renglón cuando no caben, para ventanas angostas y letra grande.
+#include <QLayout>
+#include <QVector>
+
+class DisposicionFlujo : public QLayout {
+public:
+    DisposicionFlujo(QWidget* dueno, int espacio);
+    ~DisposicionFlujo() override;
+
+    /// Lo que sigue va pegado a la derecha mientras todo quepa en un renglón.
+    void separe() { separador_ = int(items_.size()); }
+
+    void addItem(QLayoutItem* item) override { items_.append(item); }
+    int count() const override { return int(items_.size()); }
+    QLayoutItem* itemAt(int i) const override { return items_.value(i); }
+    QLayoutItem* takeAt(int i) override;
+    Qt::Orientations expandingDirections() const override { return {}; }
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int ancho) const override { return acomode({0, 0, ancho, 0}, false); }
+    void setGeometry(const QRect& marco) override;
+    QSize sizeHint() const override;
+    QSize minimumSize() const override;
+
+private:
+    int acomode(const QRect& marco, bool aplicar) const;
+
+    QVector<QLayoutItem*> items_;
+    int separador_ = -1;
+};

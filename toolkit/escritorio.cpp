@@ -1,0 +1,211 @@
+// Marco de ventanas hijas y registro de pantallas por nombre.
+#include "toolkit/estilo.h"
+#include "toolkit/marcos.h"
+#include "toolkit/pantalla.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScopedValueRollback>
+#include <QSettings>
+#include <QStyle>
+
+namespace {
+Escritorio* escritorio_ = nullptr;
+
+Pantalla* pantalla_en(QMdiSubWindow* ventana) {
+    auto* marco = ventana ? dynamic_cast<MarcoPantalla*>(ventana->widget()) : nullptr;
+    return marco ? marco->pantalla() : nullptr;
+}
+} // namespace
+
+Escritorio* escritorio() {
+    return escritorio_;
+}
+
+Escritorio::Escritorio(QMdiArea* area) : QObject(area), area_(area) {
+    escritorio_ = this;
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    connect(area_, &QMdiArea::subWindowActivated, this, &Escritorio::activada);
+}
+
+Escritorio::~Escritorio() {
+    if (escritorio_ == this)
+        escritorio_ = nullptr;
+}
+
+void Escritorio::recuerde_en(QSettings* ajustes) {
+    ajustes_ = ajustes;
+}
+
+Pantalla* Escritorio::muestre(Pantalla* pantalla) {
+    if (!pantalla->cree()) {
+        delete pantalla;
+        return nullptr;
+    }
+    auto* ventana = new QMdiSubWindow;
+    ventana->setAttribute(Qt::WA_DeleteOnClose);
+    ventana->setObjectName(QStringLiteral("ventana_") + pantalla->objectName());
+    ventana->setWidget(new MarcoPantalla(pantalla));
+    ventana->setWindowTitle(pantalla->windowTitle());
+    abiertas_.append(pantalla);
+    {
+        // Qt activa al agregar; FormActivate corre cuando la ventana ya tiene su tamaño.
+        QScopedValueRollback<bool> guarda(en_silencio_, true);
+        area_->addSubWindow(ventana);
+        const QSize marco = ventana->sizeHint() - ventana->widget()->sizeHint();
+        QSize tamano = pantalla->tamano_inicial() + (pantalla->del_area_ ? QSize() : marco);
+        if (ajustes_)
+            tamano = ajustes_->value(clave_tamano(pantalla), tamano).toSize();
+        ventana->resize(tamano.boundedTo(pantalla->area_principal()));
+        ventana->setProperty("inicial", ventana->size());
+        if (pantalla->maximizada_)
+            ventana->showMaximized();
+        else
+            ventana->show();
+        if (pantalla->del_area_)
+            ventana->move(0, 0);
+        area_->setActiveSubWindow(ventana);
+    }
+    emit cambiaron_las_abiertas();
+    QPointer<Pantalla> viva(pantalla);
+    notifique(pantalla);
+    return viva && !viva->cerrada_ ? pantalla : nullptr;
+}
+
+QString Escritorio::clave_tamano(const Pantalla* pantalla) {
+    return QStringLiteral("ventanas/") + pantalla->objectName();
+}
+
+void Escritorio::active(Pantalla* pantalla) {
+    QMdiSubWindow* ventana = pantalla->ventana_hija();
+    if (!ventana)
+        return;
+    if (ventana->isMinimized())
+        ventana->showNormal();
+    area_->setActiveSubWindow(ventana);
+    if (activa_ != pantalla)
+        notifique(pantalla); // con el marco oculto Qt no avisa
+}
+
+QVector<Pantalla*> Escritorio::abiertas() const {
+    return abiertas_;
+}
+
+Pantalla* Escritorio::abierta(const QString& nombre) const {
+    for (Pantalla* p : abiertas_)
+        if (p->objectName() == nombre)
+            return p;
+    return nullptr;
+}
+
+void Escritorio::activada(QMdiSubWindow* ventana) {
+    // Nulo: la aplicación perdió la activación o hay un diálogo; la pantalla activa sigue siéndolo.
+    Pantalla* pantalla = pantalla_en(ventana);
+    if (pantalla && pantalla != activa_ && !en_silencio_)
+        notifique(pantalla);
+}
+
+void Escritorio::notifique(Pantalla* pantalla) {
+    historia_.removeAll(pantalla);
+    historia_.append(pantalla);
+    activa_ = pantalla;
+    proteja([&] { pantalla->FormActivate(); });
+}
+
+void Escritorio::olvide(Pantalla* pantalla) {
+    const bool era_activa = activa_ == pantalla;
+    QMdiSubWindow* ventana = pantalla->ventana_hija();
+    if (ajustes_ && ventana && !ventana->isMaximized() && !ventana->isMinimized() &&
+        ventana->size() != ventana->property("inicial").toSize())
+        ajustes_->setValue(clave_tamano(pantalla), ventana->size());
+    quite(pantalla);
+    emit cambiaron_las_abiertas();
+    if (!era_activa || en_silencio_ || historia_.isEmpty())
+        return;
+    // La anterior se activa antes de que Qt retire esta y escoja por su cuenta.
+    Pantalla* anterior = historia_.last();
+    {
+        QScopedValueRollback<bool> guarda(en_silencio_, true);
+        if (ventana)
+            ventana->hide();
+        if (QMdiSubWindow* suya = anterior->ventana_hija())
+            area_->setActiveSubWindow(suya);
+    }
+    notifique(anterior);
+}
+
+void Escritorio::quite(Pantalla* pantalla) {
+    abiertas_.removeAll(pantalla);
+    historia_.removeAll(pantalla);
+    if (activa_ == pantalla)
+        activa_ = nullptr;
+}
+
+bool Escritorio::cierre_todas() {
+    bool todas = true;
+    {
+        // Mientras se cierran, ninguna de las que quedan recibe activaciones de paso.
+        QScopedValueRollback<bool> guarda(en_silencio_, true);
+        const QVector<Pantalla*> orden = historia_;
+        for (auto p = orden.rbegin(); todas && p != orden.rend(); ++p)
+            if (abiertas_.contains(*p))
+                todas = (*p)->close();
+    }
+    if (!todas && !historia_.isEmpty())
+        active(historia_.last());
+    return todas;
+}
+
+// --- registro
+
+RegistroPantallas& pantallas() {
+    static RegistroPantallas registro;
+    return registro;
+}
+
+void RegistroPantallas::registre(const QString& nombre, Creador creador, Copias copias) {
+    creadores_.insert(nombre, {std::move(creador), copias});
+}
+
+Pantalla* RegistroPantallas::construya(const QString& nombre) const {
+    const auto p = creadores_.find(nombre);
+    if (p == creadores_.end())
+        throw ErrorDatos(QStringLiteral("No existe la pantalla %1.").arg(nombre));
+    return p->creador();
+}
+
+Pantalla* RegistroPantallas::abrir(const QString& nombre, const Preparacion& prepare) {
+    Escritorio* e = escritorio();
+    if (e && creadores_.value(nombre).copias == Unica) {
+        if (Pantalla* abierta = e->abierta(nombre)) {
+            e->active(abierta);
+            return abierta;
+        }
+    }
+    Pantalla* pantalla = construya(nombre);
+    if (prepare)
+        prepare(*pantalla);
+    if (e)
+        return e->muestre(pantalla);
+    if (!pantalla->cree()) {
+        delete pantalla;
+        return nullptr;
+    }
+    pantalla->setAttribute(Qt::WA_DeleteOnClose);
+    pantalla->resize(pantalla->tamano_inicial());
+    pantalla->show();
+    proteja([&] { pantalla->FormActivate(); });
+    return pantalla;
+}
+
+int RegistroPantallas::abrir_modal(const QString& nombre, const Preparacion& prepare,
+                                   const std::function<void(Pantalla&, int)>& al_cerrar) {
+    const std::unique_ptr<Pantalla> pantalla(construya(nombre));
+    if (prepare)
+        prepare(*pantalla);
+    const int resultado = pantalla->mostrar_modal();
+    if (al_cerrar)
+        al_cerrar(*pantalla, resultado);
+    return resultado;
+}

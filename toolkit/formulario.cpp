@@ -1,0 +1,194 @@
+#include "toolkit/formulario.h"
+
+#include "toolkit/estilo.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QWidget>
+
+namespace {
+
+/// El control que de verdad recibe el foco dentro de un conjunto de controles.
+QWidget* receptor(QWidget* control) {
+    QWidget* w = control;
+    while (w->focusProxy())
+        w = w->focusProxy();
+    return w;
+}
+
+bool crece_a_lo_alto(const QWidget* control) {
+    return control->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag;
+}
+
+} // namespace
+
+Formulario::Formulario(QWidget* dueno) : dueno_(dueno) {
+    auto* raiz = new QVBoxLayout(dueno);
+    raiz->setContentsMargins(paso(1.5), paso(1.5), paso(1.5), paso(1.5));
+    raiz->setSpacing(paso(1.5));
+    raiz_ = raiz;
+}
+
+QGridLayout* Formulario::rejilla() {
+    if (rejilla_)
+        return rejilla_;
+    rejilla_ = new QGridLayout;
+    rejilla_->setHorizontalSpacing(paso());
+    rejilla_->setVerticalSpacing(paso());
+    if (grupo_) {
+        rejilla_->setContentsMargins(paso(), paso(), paso(), paso());
+        grupo_->setLayout(rejilla_);
+    } else {
+        raiz_->addLayout(rejilla_);
+    }
+    return rejilla_;
+}
+
+Formulario& Formulario::fila(const QString& texto, QWidget* control) {
+    return fila({{texto, control}});
+}
+
+Formulario& Formulario::fila(std::initializer_list<Par> pares) {
+    QGridLayout* r = rejilla();
+    const int renglon = r->rowCount();
+    int columna = 0;
+    for (const Par& par : pares) {
+        const bool ultimo = &par == pares.end() - 1;
+        const bool alto = crece_a_lo_alto(par.control);
+        if (!par.etiqueta.isEmpty()) {
+            QLabel* rotulo = ponga_rotulo(par.control, par.etiqueta);
+            r->addWidget(rotulo, renglon, columna,
+                         (alto ? Qt::AlignTop : Qt::AlignVCenter) | Qt::AlignRight);
+        }
+        // La casilla de la rejilla crece; el control de ancho fijo se queda a la izquierda de ella.
+        auto* celda = new QHBoxLayout;
+        celda->setSpacing(0);
+        celda->addWidget(par.control, 1);
+        celda->addStretch(0);
+        // Una fila corta usa lo que le sobra a la derecha.
+        r->addLayout(celda, renglon, columna + 1, 1, ultimo ? -1 : 1);
+        if (alto)
+            r->setRowStretch(renglon, 1);
+        columna += 2;
+    }
+    if (columna > 0)
+        r->setColumnStretch(columna - 1, 1);
+    return *this;
+}
+
+QLabel* Formulario::ponga_rotulo(QWidget* control, const QString& texto) {
+    QString con_puntos = texto;
+    if (!con_puntos.endsWith(QLatin1Char(':')))
+        con_puntos += QLatin1Char(':');
+    auto* rotulo = new QLabel(con_puntos, grupo_ ? static_cast<QWidget*>(grupo_) : dueno_);
+    rotulo->setTextFormat(Qt::AutoText);
+    rotulo->setBuddy(receptor(control));
+    rotulos_.append({control, rotulo});
+    nombre_accesible(control, texto);
+    return rotulo;
+}
+
+void Formulario::nombre_accesible(QWidget* control, const QString& texto) {
+    QString limpio = texto;
+    limpio.remove(QLatin1Char('&'));
+    if (limpio.endsWith(QLatin1Char(':')))
+        limpio.chop(1);
+    QWidget* w = receptor(control);
+    if (w->accessibleName().isEmpty() || w->property("rotulado").toBool()) {
+        w->setAccessibleName(limpio);
+        w->setProperty("rotulado", true);
+    }
+}
+
+Formulario& Formulario::ancha(QWidget* control, int estira) {
+    if (grupo_) {
+        QGridLayout* r = rejilla();
+        const int renglon = r->rowCount();
+        r->addWidget(control, renglon, 0, 1, -1);
+        r->setRowStretch(renglon, estira);
+        if (estira > 0)
+            raiz_->setStretch(raiz_->count() - 1, qMax(1, estira));
+    } else {
+        rejilla_ = nullptr; // las filas que sigan van debajo
+        raiz_->addWidget(control, estira);
+    }
+    return *this;
+}
+
+Formulario& Formulario::grupo(const QString& titulo) {
+    rejilla_ = nullptr;
+    grupo_ = new QGroupBox(titulo, dueno_);
+    if (al_lado_ && banda_) {
+        banda_->addWidget(grupo_, 1);
+    } else {
+        banda_ = new QHBoxLayout;
+        banda_->setSpacing(paso(1.5));
+        banda_->addWidget(grupo_, 1);
+        raiz_->addLayout(banda_);
+    }
+    al_lado_ = false;
+    return *this;
+}
+
+Formulario& Formulario::fin_grupo() {
+    grupo_ = nullptr;
+    rejilla_ = nullptr;
+    banda_ = nullptr;
+    return *this;
+}
+
+Formulario& Formulario::al_lado() {
+    al_lado_ = true;
+    return *this;
+}
+
+Formulario& Formulario::estire() {
+    fin_grupo();
+    raiz_->addStretch(1);
+    return *this;
+}
+
+Formulario& Formulario::botones(QWidget* barra) {
+    fin_grupo();
+    raiz_->addWidget(barra);
+    return *this;
+}
+
+QLabel* Formulario::etiqueta(const QWidget* control) const {
+    for (const Rotulo& r : rotulos_)
+        if (r.control == control)
+            return r.etiqueta;
+    return nullptr;
+}
+
+void Formulario::muestre(QWidget* control, bool visible) const {
+    control->setVisible(visible);
+    if (QLabel* rotulo = etiqueta(control))
+        rotulo->setVisible(visible);
+}
+
+void Formulario::rotule(QWidget* control, const QString& texto) const {
+    if (QLabel* rotulo = etiqueta(control))
+        rotulo->setText(texto.endsWith(QLatin1Char(':')) ? texto : texto + QLatin1Char(':'));
+    nombre_accesible(control, texto);
+}
+
+QWidget* Formulario::junto(std::initializer_list<QWidget*> controles) {
+    auto* conjunto = new QWidget;
+    auto* fila = new QHBoxLayout(conjunto);
+    fila->setContentsMargins(0, 0, 0, 0);
+    fila->setSpacing(paso(0.5));
+    bool elastico = false;
+    for (QWidget* control : controles) {
+        const bool crece = control->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag;
+        fila->addWidget(control, crece ? 1 : 0);
+        elastico = elastico || crece;
+        if (!conjunto->focusProxy() && control->focusPolicy() != Qt::NoFocus)
+            conjunto->setFocusProxy(control);
+    }
+    conjunto->setSizePolicy(elastico ? QSizePolicy::Expanding : QSizePolicy::Fixed,
+                            QSizePolicy::Fixed);
+    return conjunto;
+}

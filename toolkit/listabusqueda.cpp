@@ -1,0 +1,140 @@
+#include "toolkit/listabusqueda.h"
+
+#include "toolkit/estilo.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+QString sql_busqueda(const CriterioBusqueda& c) {
+    QString sql = c.base;
+    if (!c.texto.isEmpty()) {
+        const QString abre = c.mayusculas ? QStringLiteral("upper(") : QString();
+        const QString cierra = c.mayusculas ? QStringLiteral(")") : QString();
+        sql += c.conector + abre + c.columna + cierra;
+        // El texto va como lo escribió el usuario: una comilla suelta es una falla de la base.
+        sql += c.desorden ? QStringLiteral(" like ") + abre + QStringLiteral("'%") + c.texto +
+                                QStringLiteral("%'") + cierra
+                          : QStringLiteral(" >= ") + abre + QStringLiteral("'") + c.texto +
+                                QStringLiteral("'") + cierra;
+        sql += QLatin1Char(' ');
+    }
+    if (!c.columna_activo.isEmpty() && !c.inactivos) {
+        const bool con_where = sql.contains(QLatin1String("where"));
+        sql += (con_where ? QStringLiteral("and ") : QStringLiteral(" where ")) + c.columna_activo +
+               QStringLiteral(" = 'S' ");
+    }
+    return sql + QStringLiteral("order by ") + c.columna;
+}
+
+FilaBusqueda::FilaBusqueda(const QVector<Eleccion>& columnas, const QString& rotulo_inactivos,
+                           QWidget* padre)
+    : QWidget(padre), columnas_(columnas) {
+    auto* fila = new QHBoxLayout(this);
+    fila->setContentsMargins(0, 0, 0, 0);
+    fila->setSpacing(paso());
+
+    RBuscar = new QGroupBox(QStringLiteral("Buscar por"), this);
+    RBuscar->setObjectName(QStringLiteral("RBuscar"));
+    auto* radios = new QHBoxLayout(RBuscar);
+    radios->setContentsMargins(paso(), paso(0.5), paso(), paso(0.5));
+    grupo_ = new QButtonGroup(this);
+    for (int i = 0; i < columnas_.size(); ++i) {
+        auto* radio = new QRadioButton(columnas_[i].rotulo, RBuscar);
+        radio->setChecked(i == 0);
+        grupo_->addButton(radio, i);
+        radios->addWidget(radio);
+    }
+    fila->addWidget(RBuscar);
+
+    auto* centro = new QVBoxLayout;
+    centro->setSpacing(paso(0.5));
+    auto* arriba = new QHBoxLayout;
+    auto* rotulo = new QLabel(QStringLiteral("&Texto:"), this);
+    EBuscar = new QLineEdit(this);
+    EBuscar->setObjectName(QStringLiteral("EBuscar"));
+    EBuscar->setAccessibleName(QStringLiteral("Texto por buscar"));
+    EBuscar->setMinimumWidth(ancho_caracteres(fontMetrics(), 24));
+    EBuscar->installEventFilter(this);
+    rotulo->setBuddy(EBuscar);
+    sbBuscar = new QPushButton(icono(QStringLiteral("edit-find")), QStringLiteral("&Buscar"), this);
+    sbBuscar->setObjectName(QStringLiteral("sbBuscar"));
+    sbBuscar->setAutoDefault(false);
+    arriba->addWidget(rotulo);
+    arriba->addWidget(EBuscar, 1);
+    arriba->addWidget(sbBuscar);
+    centro->addLayout(arriba);
+    auto* abajo = new QHBoxLayout;
+    abajo->setSpacing(paso(2));
+    const auto casilla = [&](const char* nombre, const QString& texto) {
+        auto* c = new QCheckBox(texto, this);
+        c->setObjectName(QLatin1String(nombre));
+        abajo->addWidget(c);
+        return c;
+    };
+    CkDesorden = casilla("CkDesorden", QStringLiteral("Buscar en cualquier posición"));
+    if (!rotulo_inactivos.isEmpty())
+        ckinact = casilla("ckinact", rotulo_inactivos);
+    ckfiltro = casilla("ckfiltro", QStringLiteral("Habilitar filtros"));
+    abajo->addStretch();
+    centro->addLayout(abajo);
+    fila->addLayout(centro, 1);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+
+    connect(EBuscar, &QLineEdit::textEdited, this, [this] { pendiente_ = true; });
+    connect(sbBuscar, &QPushButton::clicked, this, [this] { busque(); });
+    if (ckinact)
+        connect(ckinact, &QCheckBox::toggled, this, [this] { busque(); });
+    connect(ckfiltro, &QCheckBox::toggled, this, [this](bool si) {
+        if (ckfiltroClick)
+            proteja([&] { ckfiltroClick(si); });
+    });
+}
+
+int FilaBusqueda::ItemIndex() const {
+    return grupo_->checkedId();
+}
+
+void FilaBusqueda::ItemIndex(int indice) {
+    if (QAbstractButton* radio = grupo_->button(indice))
+        radio->setChecked(true);
+}
+
+QString FilaBusqueda::columna() const {
+    return columnas_.value(ItemIndex()).columna;
+}
+
+CriterioBusqueda FilaBusqueda::criterio(CriterioBusqueda plantilla) const {
+    plantilla.columna = columna();
+    plantilla.texto = EBuscar->text();
+    plantilla.desorden = CkDesorden->isChecked();
+    plantilla.inactivos = ckinact && ckinact->isChecked();
+    return plantilla;
+}
+
+void FilaBusqueda::busque() {
+    pendiente_ = false;
+    if (sbBuscarClick)
+        proteja(sbBuscarClick);
+}
+
+bool FilaBusqueda::reclama(const QKeyEvent& evento) {
+    const bool enter = evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
+    return enter && evento.modifiers() != Qt::ShiftModifier && pendiente_ && EBuscar->hasFocus();
+}
+
+bool FilaBusqueda::eventFilter(QObject* objeto, QEvent* evento) {
+    if (objeto == EBuscar && evento->type() == QEvent::KeyPress &&
+        reclama(*static_cast<QKeyEvent*>(evento))) {
+        busque();
+        return true;
+    }
+    return QWidget::eventFilter(objeto, evento);
+}

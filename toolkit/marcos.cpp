@@ -1,0 +1,62 @@
+#include "toolkit/marcos.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWindowTitle(pantalla->windowTitle());
+    connect(pantalla, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
+    setWidget(pantalla);
+    pantalla->show();
+}
+
+void MarcoPantalla::suelte() {
+    if (pantalla_) {
+        takeWidget();
+        pantalla_->setParent(nullptr);
+    }
+}
+
+QSize MarcoPantalla::sizeHint() const {
+    return pantalla_ ? pantalla_->tamano_inicial() : QScrollArea::sizeHint();
+}
+
+void MarcoPantalla::closeEvent(QCloseEvent* evento) {
+    if (pantalla_ && !pantalla_->consienta_cierre())
+        evento->ignore();
+    else
+        evento->accept();
+}
+
+DialogoPantalla::DialogoPantalla(Pantalla* pantalla, QWidget* padre)
+    : QDialog(padre), pantalla_(pantalla), marco_(new MarcoPantalla(pantalla)) {
+    setObjectName(QStringLiteral("modal_") + pantalla->objectName());
+    setWindowTitle(pantalla->windowTitle());
+    connect(pantalla, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
+    auto* todo = new QVBoxLayout(this);
+    todo->setContentsMargins(0, 0, 0, 0);
+    todo->addWidget(marco_);
+    setModal(true);
+}
+
+void DialogoPantalla::keyPressEvent(QKeyEvent* evento) {
+    // Aquí llega lo que la tabla de teclas no quiso. Enter no oprime ningún botón a espaldas del
+    // usuario, y Esc siempre es una salida.
+    if (evento->key() == Qt::Key_Escape && pantalla_)
+        pantalla_->close();
+    else
+        evento->ignore();
+}
+
+void DialogoPantalla::closeEvent(QCloseEvent* evento) {
+    if (pantalla_ && !pantalla_->consienta_cierre()) {
+        evento->ignore();
+        return;
+    }
+    evento->accept();
+    done(Rejected);
+}

@@ -1,0 +1,38 @@
+#pragma once
+// Detalle privado de las pantallas: las ventanas que las contienen.
+//
+// Toda pantalla va dentro de un marco con barras de desplazamiento: con letra grande o en un
+// monitor pequeño sigue alcanzándose completa con el teclado.
+#include "toolkit/pantalla.h"
+
+#include <QDialog>
+#include <QScrollArea>
+
+class MarcoPantalla : public QScrollArea {
+public:
+    explicit MarcoPantalla(Pantalla* pantalla);
+    Pantalla* pantalla() const { return pantalla_; }
+    /// Devuelve la pantalla a quien la creó.
+    void suelte();
+    QSize sizeHint() const override;
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+
+private:
+    QPointer<Pantalla> pantalla_;
+};
+
+class DialogoPantalla : public QDialog {
+public:
+    DialogoPantalla(Pantalla* pantalla, QWidget* padre);
+    MarcoPantalla* marco() const { return marco_; }
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
+
+private:
+    QPointer<Pantalla> pantalla_;
+    MarcoPantalla* marco_;
+};

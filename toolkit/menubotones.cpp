@@ -1,0 +1,28 @@
+#include "toolkit/menubotones.h"
+
+#include "toolkit/estilo.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+MenuBotones::MenuBotones(const QString& clase, const QString& titulo) : Pantalla(clase, titulo) {
+    columna_ = new QVBoxLayout(this);
+    columna_->setContentsMargins(paso(2), paso(2), paso(2), paso(2));
+    columna_->setSpacing(paso());
+    tecla(Qt::Key_Escape, QStringLiteral("Cerrar"), [this] { close(); });
+    tecla(Qt::Key_Down, QStringLiteral("Opción siguiente"), [this] { focusNextChild(); });
+    tecla(Qt::Key_Up, QStringLiteral("Opción anterior"), [this] { focusPreviousChild(); });
+}
+
+QPushButton* MenuBotones::opcion(const QString& nombre, const QString& texto, const QString& imagen,
+                                 std::function<void()> accion) {
+    auto* boton = new QPushButton(::icono(imagen), texto, this);
+    boton->setObjectName(nombre);
+    boton->setIconSize({escalado(32), escalado(32)});
+    boton->setMinimumSize(escalado(260), escalado(56));
+    boton->setAutoDefault(true); // Enter oprime el que tiene el foco
+    connect(boton, &QPushButton::clicked, this,
+            [this, accion = std::move(accion)] { ejecute(accion); });
+    columna_->addWidget(boton);
+    return boton;
+}

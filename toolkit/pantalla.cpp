@@ -1,0 +1,133 @@
+#include "toolkit/pantalla.h"
+
+#include "toolkit/estilo.h"
+#include "toolkit/marcos.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScreen>
+
+void instale_despacho_teclas(); // teclas_pantalla.cpp
+
+Pantalla::Pantalla(const QString& clase, const QString& titulo, QWidget* padre) : QWidget(padre) {
+    setObjectName(clase);
+    setWindowTitle(titulo);
+    instale_despacho_teclas();
+}
+
+Pantalla::~Pantalla() {
+    if (Escritorio* e = escritorio())
+        e->quite(this);
+}
+
+bool Pantalla::cree() {
+    if (!creada_) {
+        creada_ = true;
+        creada_bien_ = proteja([this] { FormCreate(); });
+    }
+    return creada_bien_ && !cierre_pedido_;
+}
+
+QMdiSubWindow* Pantalla::ventana_hija() const {
+    for (QWidget* w = parentWidget(); w; w = w->parentWidget())
+        if (auto* hija = qobject_cast<QMdiSubWindow*>(w))
+            return hija;
+    return nullptr;
+}
+
+bool Pantalla::close() {
+    if (cerrada_)
+        return true;
+    if (dialogo_)
+        return dialogo_->close();
+    if (QMdiSubWindow* hija = ventana_hija())
+        return hija->close();
+    return QWidget::close();
+}
+
+bool Pantalla::consienta_cierre() {
+    if (cerrada_)
+        return true;
+    if (cerrando_)
+        return false; // FormClose pidió cerrar otra vez
+    cerrando_ = true;
+    bool consiente = false;
+    try {
+        consiente = FormClose();
+    } catch (const EdicionAbortada&) {
+    } catch (...) {
+        // Una falla al cerrar no puede dejar al usuario encerrado en la pantalla.
+        reporte_falla(texto_de_excepcion());
+        consiente = true;
+    }
+    cerrando_ = false;
+    if (consiente) {
+        cerrada_ = true;
+        if (Escritorio* e = escritorio(); e && !dialogo_)
+            e->olvide(this);
+    }
+    return consiente;
+}
+
+void Pantalla::closeEvent(QCloseEvent* evento) {
+    if (consienta_cierre())
+        evento->accept();
+    else
+        evento->ignore();
+}
+
+int Pantalla::mostrar_modal() {
+    resultado_modal_ = mrNone;
+    if (!cree())
+        return mrCancel;
+    cerrada_ = false;
+    QPointer<Pantalla> viva(this);
+    {
+        DialogoPantalla dialogo(this, QApplication::activeWindow());
+        dialogo_ = &dialogo;
+        dialogo.resize(tamano_inicial());
+        dialogo.show();
+        proteja([this] { FormActivate(); });
+        if (viva && !cerrada_)
+            dialogo.exec();
+        if (!viva)
+            return mrCancel;
+        dialogo_ = nullptr;
+        dialogo.marco()->suelte();
+    }
+    return resultado_modal_ == mrNone ? int(mrCancel) : resultado_modal_;
+}
+
+void Pantalla::resultado_modal(int resultado) {
+    resultado_modal_ = resultado;
+    if (resultado != mrNone && dialogo_ && !close())
+        resultado_modal_ = mrNone; // FormClose lo rehusó
+}
+
+void Pantalla::tamano(int ancho, int alto) {
+    tamano_ = {ancho, alto};
+}
+
+void Pantalla::tamano_del_area(int menos_ancho, int menos_alto) {
+    menos_area_ = QSize(menos_ancho, menos_alto);
+    del_area_ = true;
+}
+
+QSize Pantalla::tamano_inicial() const {
+    const QSize area = area_principal();
+    if (del_area_)
+        return (area - menos_area_).expandedTo(QSize(paso(20), paso(15))).boundedTo(area);
+    QSize deseado = sizeHint();
+    if (!tamano_.isEmpty())
+        deseado = {escalado(tamano_.width()), escalado(tamano_.height())};
+    return deseado.expandedTo(minimumSizeHint()).boundedTo(area);
+}
+
+QSize Pantalla::area_principal() const {
+    if (Escritorio* e = escritorio(); e && e->area()->isVisible())
+        return e->area()->viewport()->size();
+    const QScreen* monitor = QApplication::primaryScreen();
+    return monitor ? monitor->availableSize() : QSize(1024, 700);
+}

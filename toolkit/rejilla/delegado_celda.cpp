@@ -1,0 +1,126 @@
+#include "toolkit/rejilla/delegado_celda.h"
+
+#include "toolkit/estilo.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QHelpEvent>
+#include <QToolTip>
+
+namespace {
+
+QColor mezcle(const QColor& base, const QColor& tinte, qreal cuanto) {
+    return QColor::fromRgbF(float(base.redF() + (tinte.redF() - base.redF()) * cuanto),
+                            float(base.greenF() + (tinte.greenF() - base.greenF()) * cuanto),
+                            float(base.blueF() + (tinte.blueF() - base.blueF()) * cuanto));
+}
+
+} // namespace
+
+DelegadoCelda::DelegadoCelda(Rejilla& rejilla) : QStyledItemDelegate(&rejilla), rejilla_(rejilla) {}
+
+int DelegadoCelda::margen(const QFontMetrics& medidas) {
+    return qMax(3, medidas.averageCharWidth() / 2);
+}
+
+QRect DelegadoCelda::caja(const QRect& celda, const QWidget* vista) {
+    const int lado = qMin(vista->style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, vista),
+                          celda.height() - 2);
+    QRect r(0, 0, lado, lado);
+    r.moveCenter(celda.center());
+    return r;
+}
+
+QColor DelegadoCelda::fondo(const QStyleOptionViewItem& opcion, const QModelIndex& indice) const {
+    const QPalette& paleta = rejilla_.palette();
+    const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(indice.row());
+    QColor color = aspecto.fondo;
+    if (!color.isValid())
+        color = paleta.color(indice.row() % 2 ? QPalette::AlternateBase : QPalette::Base);
+    const QColor tinte = paleta.color(QPalette::Active, QPalette::Highlight);
+    const bool actual = indice == rejilla_.currentIndex();
+    if (rejilla_.marcada(indice.row()))
+        color = mezcle(color, tinte, 0.28);
+    if ((opcion.state & QStyle::State_Selected) && !actual)
+        return mezcle(color, tinte, 0.42);
+    if (indice.row() == rejilla_.currentIndex().row())
+        color = mezcle(color, tinte, rejilla_.enfocada() ? 0.16 : 0.09);
+    return color;
+}
+
+void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
+                          const QModelIndex& indice) const {
+    const ModeloConjunto& modelo = rejilla_.modelo();
+    const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(indice.row());
+    const QRect celda = opcion.rect;
+    pintor->save();
+    pintor->fillRect(celda, fondo(opcion, indice));
+
+    const ColumnaRejilla& columna = rejilla_.columna(indice.column());
+    if (columna.casilla) {
+        QStyleOptionButton caja;
+        caja.initFrom(&rejilla_);
+        caja.rect = DelegadoCelda::caja(celda, &rejilla_);
+        const bool si = modelo.valor(indice.row(), indice.column()).texto() == QLatin1String("S");
+        caja.state =
+            (caja.state & ~QStyle::State_HasFocus) | (si ? QStyle::State_On : QStyle::State_Off);
+        if (modelo.editable(indice.column()))
+            caja.state |= QStyle::State_Enabled;
+        rejilla_.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &caja, pintor, &rejilla_);
+    } else {
+        const QFontMetrics medidas(aspecto.letra);
+        QColor frente = aspecto.frente;
+        if (!frente.isValid()) {
+            frente = rejilla_.palette().color(QPalette::Text);
+            if (modelo.numerica(indice.column())) {
+                const Valor v = modelo.valor(indice.row(), indice.column());
+                if (!v.nulo() && v.moneda().negativa())
+                    frente = color_negativo();
+            }
+        }
+        pintor->setFont(aspecto.letra);
+        pintor->setPen(frente);
+        const int aire = margen(medidas);
+        const QRect hueco = celda.adjusted(aire, 0, -aire, 0);
+        QString texto = modelo.texto(indice.row(), indice.column());
+        const qsizetype salto = texto.indexOf('\n');
+        if (salto >= 0)
+            texto = texto.left(salto) + QStringLiteral(" …");
+        pintor->drawText(hueco, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
+                         medidas.elidedText(texto, Qt::ElideRight, hueco.width()));
+    }
+
+    if (indice == rejilla_.currentIndex()) {
+        const bool foco = rejilla_.enfocada();
+        const int grueso = foco ? qMax(2, escalado(2)) : 1;
+        const QColor borde = foco ? rejilla_.palette().color(QPalette::Active, QPalette::Highlight)
+                                  : rejilla_.palette().color(QPalette::Mid);
+        pintor->setPen(QPen(borde, grueso, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        const int medio = grueso / 2;
+        pintor->drawRect(celda.adjusted(medio, medio, -medio - grueso % 2, -medio - grueso % 2));
+    }
+    pintor->restore();
+}
+
+QSize DelegadoCelda::sizeHint(const QStyleOptionViewItem&, const QModelIndex& indice) const {
+    const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(indice.row());
+    const QFontMetrics medidas(aspecto.letra);
+    const int ancho =
+        medidas.horizontalAdvance(rejilla_.modelo().texto(indice.row(), indice.column()));
+    return {ancho + 2 * margen(medidas) + 2, medidas.height()};
+}
+
+bool DelegadoCelda::helpEvent(QHelpEvent* evento, QAbstractItemView* vista,
+                              const QStyleOptionViewItem& opcion, const QModelIndex& indice) {
+    if (evento->type() != QEvent::ToolTip || !indice.isValid())
+        return QStyledItemDelegate::helpEvent(evento, vista, opcion, indice);
+    const QString texto = rejilla_.modelo().texto(indice.row(), indice.column());
+    const bool cabe = sizeHint(opcion, indice).width() <= opcion.rect.width();
+    // Texto plano: lo que viene de la base no se interpreta como marcas.
+    const QString mensaje =
+        cabe && !texto.contains('\n')
+            ? QString()
+            : QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(texto.toHtmlEscaped());
+    QToolTip::showText(evento->globalPos(), mensaje, vista->window(), {});
+    return true;
+}

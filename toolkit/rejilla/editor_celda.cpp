@@ -1,0 +1,112 @@
+#include "toolkit/rejilla/editor_celda.h"
+
+#include "core/recordset/campo.h"
+#include "toolkit/controles/teclas_numericas.h"
+#include "toolkit/estilo.h"
+#include "toolkit/rejilla/delegado_celda.h"
+
+#include <QListWidget>
+#include <QScrollBar>
+
+EditorCelda::EditorCelda(QWidget* padre) : QLineEdit(padre) {
+    setObjectName(QStringLiteral("editor_celda"));
+    setFrame(false);
+    setContextMenuPolicy(Qt::NoContextMenu); // el menú es el de la rejilla
+    hide();
+    connect(this, &QLineEdit::textEdited, this, [this] { modificado_ = true; });
+}
+
+void EditorCelda::prepare(const Campo& campo, bool numerico, const QString& titulo) {
+    numerico_ = numerico;
+    setAlignment(numerico ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
+    setMaxLength(campo.clase == ClaseCampo::Texto && campo.Size > 0 && opciones.isEmpty()
+                     ? campo.Size
+                     : 32767);
+    setAccessibleName(titulo);
+    // El texto queda donde lo pintaba la celda.
+    const int aire = qMax(0, DelegadoCelda::margen(fontMetrics()) - 2);
+    setTextMargins(aire, 0, aire, 0);
+    setStyleSheet(QStringLiteral("QLineEdit { border: %1px solid %2; background: %3; }")
+                      .arg(qMax(2, escalado(2)))
+                      .arg(palette().color(QPalette::Active, QPalette::Highlight).name(),
+                           palette().color(QPalette::Base).name()));
+}
+
+void EditorCelda::digite(const QString& texto) {
+    setText(texto.left(maxLength()));
+    modificado_ = true;
+}
+
+void EditorCelda::keyPressEvent(QKeyEvent* evento) {
+    if (numerico_ && es_decimal_de_teclado(*evento)) {
+        insert(QStringLiteral("."));
+        modificado_ = true;
+        return;
+    }
+    QLineEdit::keyPressEvent(evento);
+}
+
+bool EditorCelda::desplegada() const {
+    return lista_ && lista_->isVisible();
+}
+
+void EditorCelda::despliegue() {
+    if (opciones.isEmpty())
+        return;
+    if (!lista_) {
+        lista_ = new QListWidget(this);
+        lista_->setObjectName(QStringLiteral("lista_celda"));
+        lista_->setWindowFlags(Qt::Popup);
+        lista_->setAccessibleName(accessibleName());
+        lista_->installEventFilter(this);
+        connect(lista_, &QListWidget::itemClicked, this, [this] { escoja(); });
+    }
+    lista_->clear();
+    lista_->addItems(opciones);
+    int fila = int(opciones.indexOf(text()));
+    if (fila < 0)
+        for (int i = 0; fila < 0 && i < opciones.size(); ++i)
+            if (opciones[i].startsWith(text(), Qt::CaseInsensitive))
+                fila = i;
+    lista_->setCurrentRow(qMax(fila, 0));
+    const int alto = lista_->sizeHintForRow(0) * qMin(int(opciones.size()), 10) + 4;
+    const int largo =
+        lista_->sizeHintForColumn(0) + lista_->verticalScrollBar()->sizeHint().width();
+    lista_->resize(qMax(width(), largo + 8), alto);
+    lista_->move(mapToGlobal(QPoint(0, height())));
+    lista_->show();
+    lista_->setFocus(Qt::PopupFocusReason);
+}
+
+void EditorCelda::escoja() {
+    const QListWidgetItem* item = lista_->currentItem();
+    lista_->hide();
+    if (!item)
+        return;
+    digite(item->text());
+    emit escogida();
+}
+
+bool EditorCelda::eventFilter(QObject* objeto, QEvent* evento) {
+    if (objeto != lista_ || evento->type() != QEvent::KeyPress)
+        return QLineEdit::eventFilter(objeto, evento);
+    const auto& tecla = static_cast<const QKeyEvent&>(*evento);
+    switch (tecla.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+        escoja();
+        return true;
+    case Qt::Key_Escape:
+        lista_->hide();
+        return true;
+    case Qt::Key_Up:
+        if (tecla.modifiers() & Qt::AltModifier) {
+            lista_->hide();
+            return true;
+        }
+        return false;
+    default:
+        return false;
+    }
+}

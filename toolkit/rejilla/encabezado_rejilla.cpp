@@ -1,0 +1,182 @@
+#include "toolkit/rejilla/encabezado_rejilla.h"
+
+#include "toolkit/estilo.h"
+#include "toolkit/proteccion.h"
+#include "toolkit/rejilla/filtro_columna.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/rejilla.h"
+
+EncabezadoRejilla::EncabezadoRejilla(Rejilla& rejilla)
+    : QHeaderView(Qt::Horizontal, &rejilla), rejilla_(rejilla) {
+    setSectionsClickable(true);
+    setHighlightSections(false);
+    setSectionResizeMode(QHeaderView::Interactive);
+    setTextElideMode(Qt::ElideRight);
+    setMinimumSectionSize(escalado(12));
+    connect(this, &QHeaderView::sectionResized, this, [this] { ubique_filtros(); });
+}
+
+QSize EncabezadoRejilla::sizeHint() const {
+    QSize s = QHeaderView::sizeHint();
+    if (con_filtros_)
+        s.rheight() += viewportMargins().bottom();
+    return s;
+}
+
+void EncabezadoRejilla::updateGeometries() {
+    const int alto = con_filtros_ ? fontMetrics().height() + escalado(8) : 0;
+    if (viewportMargins().bottom() != alto)
+        setViewportMargins(0, 0, 0, alto);
+    QHeaderView::updateGeometries();
+    ubique_filtros();
+}
+
+void EncabezadoRejilla::rehaga_filtros() {
+    for (QLineEdit* f : filtros_)
+        f->deleteLater();
+    filtros_.clear();
+    for (int c = 0; c < rejilla_.cuenta_columnas(); ++c) {
+        auto* f = new QLineEdit(this);
+        f->setObjectName(QStringLiteral("filtro%1").arg(c));
+        f->setAccessibleName(
+            QStringLiteral("Filtro de %1").arg(QString(rejilla_.columna(c).Titulo)));
+        f->setToolTip(QStringLiteral("Texto que contiene, o =, <>, <, >, <=, >= y un valor. Enter "
+                                     "aplica, Esc limpia."));
+        f->setFocusPolicy(Qt::ClickFocus);
+        f->installEventFilter(this);
+        filtros_.push_back(f);
+    }
+    ubique_filtros();
+}
+
+void EncabezadoRejilla::ubique_filtros() {
+    const QRect titulos = viewport()->geometry();
+    const int alto = viewportMargins().bottom();
+    for (int c = 0; c < int(filtros_.size()); ++c) {
+        QLineEdit* f = filtros_[size_t(c)];
+        const bool visible = con_filtros_ && c < count() && !isSectionHidden(c);
+        if (visible)
+            f->setGeometry(titulos.x() + sectionViewportPosition(c), titulos.bottom() + 1,
+                           sectionSize(c), alto);
+        f->setVisible(visible);
+    }
+}
+
+void EncabezadoRejilla::muestre_filtros(bool visibles) {
+    if (con_filtros_ == visibles)
+        return;
+    if (!visibles) {
+        if (enfocado())
+            rejilla_.setFocus();
+        limpie();
+    }
+    con_filtros_ = visibles;
+    updateGeometries();
+    emit geometriesChanged();
+}
+
+bool EncabezadoRejilla::enfocado() const {
+    const QWidget* foco = QApplication::focusWidget();
+    return std::any_of(filtros_.begin(), filtros_.end(),
+                       [foco](const QLineEdit* f) { return f == foco; });
+}
+
+void EncabezadoRejilla::enfoque(int columna) {
+    if (!con_filtros_ || filtros_.empty())
+        return;
+    filtro(qBound(0, columna, int(filtros_.size()) - 1))->setFocus(Qt::OtherFocusReason);
+}
+
+bool EncabezadoRejilla::aplique() {
+    ConjuntoDatos* c = rejilla_.conjunto();
+    if (!c || !c->Active())
+        return true;
+    struct Condicion {
+        QString campo;
+        int columna;
+        FiltroColumna filtro;
+    };
+    std::vector<Condicion> condiciones;
+    for (int i = 0; i < int(filtros_.size()); ++i) {
+        FiltroColumna f(filtros_[size_t(i)]->text());
+        if (!f.vacio())
+            condiciones.push_back({rejilla_.columna(i).FieldName, i, std::move(f)});
+    }
+    if (condiciones.empty() && !aplicado_)
+        return true;
+    const bool hay = !condiciones.empty();
+    const QPointer<Rejilla> rejilla(&rejilla_);
+    const bool bien = proteja([&] {
+        if (!hay) {
+            c->condicion(nullptr);
+            return;
+        }
+        c->condicion([c, rejilla, condiciones] {
+            for (const Condicion& x : condiciones) {
+                const Campo* campo = c->FindField(x.campo);
+                if (!campo || !rejilla)
+                    continue;
+                const Valor v = campo->valor();
+                if (!x.filtro.cumple(v, rejilla->modelo().presente(v, x.columna)))
+                    return false;
+            }
+            return true;
+        });
+    });
+    if (bien)
+        aplicado_ = hay;
+    return bien;
+}
+
+void EncabezadoRejilla::limpie() {
+    for (QLineEdit* f : filtros_)
+        f->clear();
+    aplique();
+}
+
+bool EncabezadoRejilla::tecla(int columna, QKeyEvent& evento) {
+    const auto vecino = [&](int paso) {
+        for (int c = columna + paso; c >= 0 && c < int(filtros_.size()); c += paso)
+            if (!isSectionHidden(c))
+                return c;
+        return -1;
+    };
+    switch (evento.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        aplique();
+        return true;
+    case Qt::Key_Escape:
+        if (filtro(columna)->text().isEmpty()) {
+            rejilla_.setFocus();
+        } else {
+            filtro(columna)->clear();
+            aplique();
+        }
+        return true;
+    case Qt::Key_Down:
+        rejilla_.setFocus();
+        return true;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: {
+        const bool atras =
+            evento.key() == Qt::Key_Backtab || evento.modifiers() & Qt::ShiftModifier;
+        if (const int c = vecino(atras ? -1 : 1); c >= 0)
+            enfoque(c);
+        else
+            rejilla_.setFocus();
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+bool EncabezadoRejilla::eventFilter(QObject* objeto, QEvent* evento) {
+    if (evento->type() == QEvent::KeyPress)
+        for (int c = 0; c < int(filtros_.size()); ++c)
+            if (filtros_[size_t(c)] == objeto)
+                return tecla(c, static_cast<QKeyEvent&>(*evento));
+    // Desplazar los títulos mueve los filtros con ellos.
+    return QHeaderView::eventFilter(objeto, evento);
+}

@@ -1,0 +1,39 @@
+#pragma once
+// Encabezado de una rejilla: los títulos, el sentido del orden y, debajo, la fila de filtros.
+#include <QHeaderView>
+#include <QLineEdit>
+#include <vector>
+
+class Rejilla;
+
+class EncabezadoRejilla : public QHeaderView {
+    Q_OBJECT
+public:
+    explicit EncabezadoRejilla(Rejilla& rejilla);
+
+    void muestre_filtros(bool visibles);
+    bool con_filtros() const { return con_filtros_; }
+    /// Un filtro por columna; al cambiar las columnas se rehacen vacíos.
+    void rehaga_filtros();
+    QLineEdit* filtro(int columna) const { return filtros_[size_t(columna)]; }
+    bool enfocado() const;
+    void enfoque(int columna);
+    /// Aplica lo escrito al conjunto. Falso si la fila en edición no se dejó grabar.
+    bool aplique();
+    void limpie();
+
+    QSize sizeHint() const override;
+
+protected:
+    void updateGeometries() override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+private:
+    void ubique_filtros();
+    bool tecla(int columna, QKeyEvent& evento);
+
+    Rejilla& rejilla_;
+    std::vector<QLineEdit*> filtros_;
+    bool con_filtros_ = false;
+    bool aplicado_ = false;
+};

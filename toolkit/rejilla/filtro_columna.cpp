@@ -1,0 +1,72 @@
+#include "toolkit/rejilla/filtro_columna.h"
+
+namespace {
+
+/// Sin tildes y en minúsculas: quien busca "bogota" encuentra "Bogotá".
+QString llano(const QString& texto) {
+    QString llano;
+    for (const QChar c : texto.normalized(QString::NormalizationForm_D))
+        if (c.category() != QChar::Mark_NonSpacing)
+            llano += c.toLower();
+    return llano;
+}
+
+} // namespace
+
+FiltroColumna::FiltroColumna(const QString& expresion) {
+    static const std::pair<QLatin1String, Operador> kOperadores[] = {
+        {QLatin1String("<="), Operador::MenorIgual}, {QLatin1String(">="), Operador::MayorIgual},
+        {QLatin1String("<>"), Operador::Distinto},   {QLatin1String("="), Operador::Igual},
+        {QLatin1String("<"), Operador::Menor},       {QLatin1String(">"), Operador::Mayor},
+    };
+    QString t = expresion.trimmed();
+    if (t.isEmpty())
+        return;
+    operador_ = Operador::Contiene;
+    for (const auto& [signo, operador] : kOperadores)
+        if (t.startsWith(signo)) {
+            operador_ = operador;
+            t = t.mid(signo.size()).trimmed();
+            break;
+        }
+    texto_ = llano(t);
+    if (!t.isEmpty())
+        numero_ = Moneda::intente(t);
+    // "<" a medio escribir no compara con nada.
+    if (t.isEmpty() && operador_ != Operador::Igual && operador_ != Operador::Distinto)
+        operador_ = Operador::Ninguno;
+}
+
+bool FiltroColumna::cumple(const Valor& valor, const QString& presentado) const {
+    if (operador_ == Operador::Ninguno)
+        return true;
+    if (operador_ == Operador::Contiene)
+        return llano(presentado).contains(texto_) || llano(valor.texto()).contains(texto_);
+    const bool es_numero = std::holds_alternative<Moneda>(valor.dato()) ||
+                           std::holds_alternative<qint64>(valor.dato());
+    int orden = 0;
+    if (texto_.isEmpty()) {
+        orden = presentado.isEmpty() ? 0 : 1;
+    } else if (es_numero && numero_) {
+        const Moneda m = valor.moneda();
+        orden = m < *numero_ ? -1 : m > *numero_ ? 1 : 0;
+    } else {
+        if (valor.nulo() && operador_ != Operador::Distinto)
+            return false;
+        orden = llano(presentado).compare(texto_);
+    }
+    switch (operador_) {
+    case Operador::Igual:
+        return orden == 0;
+    case Operador::Distinto:
+        return orden != 0;
+    case Operador::Menor:
+        return orden < 0;
+    case Operador::MenorIgual:
+        return orden <= 0;
+    case Operador::Mayor:
+        return orden > 0;
+    default:
+        return orden >= 0;
+    }
+}

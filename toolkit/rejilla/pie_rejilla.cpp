@@ -1,0 +1,58 @@
+#include "toolkit/rejilla/pie_rejilla.h"
+
+#include "toolkit/estilo.h"
+#include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/rejilla.h"
+
+PieRejilla::PieRejilla(Rejilla& rejilla) : QWidget(&rejilla), rejilla_(rejilla) {
+    setObjectName(QStringLiteral("pie"));
+    setAccessibleName(QStringLiteral("Sumas"));
+    hide();
+}
+
+QSize PieRejilla::sizeHint() const {
+    return {0, rejilla_.verticalHeader()->defaultSectionSize() + 2};
+}
+
+QString PieRejilla::texto(int columna) const {
+    const ColumnaRejilla& c = rejilla_.columna(columna);
+    if (!c.ConSuma || !c.campo)
+        return {};
+    try {
+        return c.campo->presente(rejilla_.suma(columna), c.DisplayFormat);
+    } catch (const std::exception&) {
+        return QStringLiteral("fuera de rango");
+    }
+}
+
+void PieRejilla::paintEvent(QPaintEvent*) {
+    QPainter pintor(this);
+    pintor.fillRect(rect(), palette().color(QPalette::Button));
+    pintor.setPen(palette().color(QPalette::Mid));
+    pintor.drawLine(0, 0, width(), 0);
+    QFont letra = font();
+    letra.setBold(true);
+    pintor.setFont(letra);
+    const QFontMetrics medidas(letra);
+    const int corrido = rejilla_.viewport()->x() - x();
+    const QRect campo(corrido, 0, rejilla_.viewport()->width(), height());
+    pintor.setClipRect(campo);
+    for (int c = 0; c < rejilla_.cuenta_columnas(); ++c) {
+        if (rejilla_.isColumnHidden(c))
+            continue;
+        const QString suma = texto(c);
+        if (suma.isEmpty())
+            continue;
+        const QRect celda(corrido + rejilla_.columnViewportPosition(c), 1, rejilla_.columnWidth(c),
+                          height() - 1);
+        if (!celda.intersects(campo))
+            continue;
+        const int aire = DelegadoCelda::margen(QFontMetrics(rejilla_.font()));
+        pintor.setPen(suma.startsWith('-') ? color_negativo() : palette().color(QPalette::Text));
+        QRect hueco = celda.adjusted(aire, 0, -aire, 0);
+        // Una suma nunca se recorta: si no cabe se extiende hacia la izquierda.
+        hueco.setLeft(qMin(hueco.left(), hueco.right() - medidas.horizontalAdvance(suma)));
+        pintor.drawText(hueco, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, suma);
+    }
+}

@@ -1,0 +1,269 @@
+#pragma once
+// Rejilla: tabla sobre un conjunto de datos, hecha para digitar sin soltar el teclado.
+//
+// La fila actual es el cursor del conjunto, en los dos sentidos. Digitar abre el editor de la
+// celda; lo escrito llega al campo al dejar la celda (Campo::asigne, con su OnChange). Salir de la
+// fila la graba en memoria; si la grabación se rehúsa, el cursor se queda y la fila sigue en
+// edición. Perder el foco no graba la fila.
+//
+//   rejilla->columnas({{"CUEN_COD", "Código", 12},
+//                      {"CODE_DEBITO", "Débito", 16, Suma, "#,###.00"},
+//                      {"CODE_DESCONTABLE", "Desc.", 5, Casilla}});
+//   rejilla->ate(CDetalle);
+//   rejilla->ColExit = [this](int columna) { ... };
+//
+// Las columnas se numeran desde 0 en el orden declarado, visibles o no; un número de fuera lanza
+// ErrorDatos "List index out of bounds (n)".
+//
+// Teclas: flechas, Inicio, Fin, AvPág, RePág, Ctrl+Inicio, Ctrl+Fin; Tab, Mayús+Tab y Enter por las
+// celdas; Abajo en la última fila agrega otra; Insert inserta; Ctrl+Supr borra; Esc cancela la
+// celda y luego la fila; Ctrl+Enter o Retroceso abren el editor con lo que hay, Supr lo abre vacío;
+// Alt+Abajo abre la lista; Espacio cambia la casilla o marca la fila; Mayús+flechas seleccionan;
+// Arriba en la primera fila pasa a los filtros.
+#include "core/recordset/conjunto.h"
+#include "toolkit/pantalla.h"
+#include "toolkit/rejilla/columna_rejilla.h"
+
+#include <QTableView>
+#include <memory>
+#include <set>
+#include <vector>
+
+class EditorCelda;
+class EncabezadoRejilla;
+class IndicadorFilas;
+class ModeloConjunto;
+class PieRejilla;
+class QMenu;
+class QSettings;
+class QTimer;
+
+class Rejilla : public QTableView, public ReclamaTeclas {
+    Q_OBJECT
+public:
+    explicit Rejilla(QWidget* padre = nullptr, ConjuntoDatos* conjunto = nullptr);
+    ~Rejilla() override;
+
+    // --- datos y columnas
+    void ate(ConjuntoDatos* conjunto);
+    ConjuntoDatos* conjunto() const;
+    void columnas(const QVector<DefinicionColumna>& definiciones);
+    /// Sin tabla de columnas la rejilla muestra los campos visibles del conjunto cada vez que abre.
+    void columnas_del_conjunto();
+    int cuenta_columnas() const { return int(columnas_.size()); }
+    ColumnaRejilla& columna(int indice) const;
+    /// Número de la columna que muestra el campo, -1 si ninguna.
+    int columna_de(const QString& campo) const;
+    void lista(int indice, const QStringList& textos, const QStringList& valores = {});
+
+    // --- comportamiento
+    bool ReadOnly = false;        ///< no se edita, inserta ni borra desde la rejilla
+    bool permite_insertar = true; ///< Abajo en la última fila agrega otra; Insert inserta
+    bool permite_borrar = true;   ///< Ctrl+Supr pregunta y borra la fila actual
+    bool enter_como_tab = false;  ///< Enter pasa a la celda siguiente si no hay selección
+    bool reclama_escape = true;   ///< Esc cancela la celda o la fila antes de llegar a la pantalla
+    bool orden_local = false;     ///< el título ordena las filas en memoria
+    QString texto_vacio;   ///< lo que dice una lista sin filas, con la tecla que crea la primera
+    bool editable() const; ///< atada, sin ReadOnly y con el conjunto abierto
+
+    // --- celda actual y selección
+    int SelectedIndex() const; ///< columna actual, -1 sin ella
+    void SelectedIndex(int columna);
+    Campo* campo_actual() const;
+    /// El editor de la celda está abierto.
+    bool digitando() const;
+    /// El foco está en la rejilla, en el editor de su celda o en su fila de filtros.
+    bool enfocada() const;
+    /// Escribe en el campo lo digitado a medias. Si el campo lo rehúsa, deja el editor abierto y
+    /// relanza la falla.
+    void escriba_pendiente();
+    void dgMultiSelect(bool activo); ///< varias filas marcadas con Espacio, Mayús y Ctrl
+    bool dgMultiSelect() const { return marcas_activas_; }
+    QVector<int> filas_marcadas() const; ///< en el orden de la vista
+    void marque(int fila, bool marcada = true);
+    void quite_marcas();
+    bool marcada(int fila) const { return marcas_.count(fila) > 0; }
+    /// Hay más de una celda seleccionada.
+    bool tiene_seleccion() const;
+
+    // --- pie, filtros y orden
+    void pie(bool visible);
+    bool pie() const;
+    Moneda suma(int columna) const;    ///< exacta, sobre las filas a la vista ya traídas
+    void filtro_visible(bool visible); ///< ocultarla quita los filtros
+    bool filtro_visible() const;
+    bool en_fila_de_filtro() const; ///< el foco está en la fila de filtros
+    void limpie_filtros();
+    /// Ordena en memoria por la columna, alternando el sentido, sin dejar la fila actual.
+    void ordene_por(int columna);
+
+    // --- portapapeles: texto separado por tabuladores
+    bool puede_copiar() const;
+    bool puede_pegar() const;
+    bool puede_borrar() const;
+    void copie();
+    void corte();
+    /// Pega celda por celda con Campo::asigne desde la actual; agrega las filas que falten. La
+    /// primera fila que se rehúsa queda en edición y detiene el resto.
+    void pegue();
+    void borre_seleccion(); ///< vacía las celdas; si son filas enteras, pregunta y las borra
+    void seleccione_todo();
+
+    // --- menú emergente, archivo e impresión
+    enum Orden {
+        Cortar,
+        Copiar,
+        Pegar,
+        Borrar,
+        SeleccionarTodo,
+        Imprimir,
+        VistaPreliminar,
+        Guardar
+    };
+    /// Arma el menú de la rejilla con sus letreros ("Cor&tar", "&Copiar", "Se&lecccionar todo"...).
+    /// Cada opción se habilita cuando la rejilla la permite. Devuelve el menú, para agregarle.
+    QMenu* menu_emergente(const QVector<Orden>& ordenes);
+    /// Reemplaza lo que hace una opción (el "&Pegar" de los comprobantes prepara la fila antes).
+    void al_ordenar(Orden orden, std::function<void()> accion);
+    void ejecute_orden(Orden orden);
+    bool permite_orden(Orden orden) const;
+    QString nombre_archivo; ///< nombre que propone "&Guardar selección"
+    QString filtro_archivo; ///< vacío: los cinco formatos
+    QString titulo_impreso; ///< encabezado de la impresión; "%[Today]" se cambia por la fecha
+    static QString compania_impresa; ///< la pone la aplicación al abrir la compañía
+    void guarde_seleccion();
+    void imprima();
+
+    // --- anchos recordados
+    /// Lee los anchos guardados bajo la clave y los sigue guardando
+    /// ("usuario/Tfcuentas/DBGridEh1").
+    void guarde_en(QSettings* ajustes, const QString& clave);
+    void ajuste_anchos(); ///< al título y al contenido de las primeras filas
+
+    // --- eventos
+    std::function<void(int)> ColEnter; ///< entró a la celda, o a la rejilla estando en ella
+    std::function<void(int)> ColExit;  ///< deja la celda; lo digitado ya está en el campo
+    std::function<void(int)> OnDblClick;
+    std::function<void(Campo&)> OnTitleClick; ///< sin `orden_local`
+    std::function<void()> OnEnter, OnExit;    ///< el foco entra a la rejilla o la deja
+    std::function<void()> OnEscape;           ///< Esc sin editor ni fila que cancelar
+    std::function<void()> OnSelectionChanged; ///< cambiaron las filas marcadas
+    /// Letra y colores de una fila; el valor de otros campos se lee con conjunto()->valor_en.
+    std::function<void(int fila, QFont& letra, QColor& frente, QColor& fondo)> OnGetCellParams;
+
+    // --- para las piezas de la rejilla
+    struct Aspecto {
+        QFont letra;
+        QColor frente, fondo;
+    };
+    const Aspecto& aspecto_de(int fila) const;
+    ModeloConjunto& modelo() const { return *modelo_; }
+    bool reclama(const QKeyEvent& evento) override;
+    bool termine() override { return termine_edicion(); }
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+    void inputMethodEvent(QInputMethodEvent* evento) override;
+    void mousePressEvent(QMouseEvent* evento) override;
+    void mouseMoveEvent(QMouseEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
+    void mouseDoubleClickEvent(QMouseEvent* evento) override;
+    void contextMenuEvent(QContextMenuEvent* evento) override;
+    void focusInEvent(QFocusEvent* evento) override;
+    void paintEvent(QPaintEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
+    void currentChanged(const QModelIndex& actual, const QModelIndex& anterior) override;
+    void updateGeometries() override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+private:
+    friend class ModeloConjunto;
+    friend class EncabezadoRejilla;
+
+    // rejilla.cpp: columnas, anchos y lo que avisa el conjunto
+    void rehaga_columnas(const QVector<DefinicionColumna>& definiciones);
+    void columna_cambiada();
+    void aplique_anchos();
+    void guarde_anchos();
+    void mida_filas();
+    void conjunto_reiniciado();
+    void cursor_movido();
+    void estado_cambiado();
+    void campo_cambiado(Campo* campo);
+    void filas_corridas(int desde, int cuantas);
+    void traiga_cerca_del_final();
+    void titulo_oprimido(int columna);
+
+    // rejilla_celda.cpp: movimiento y edición
+    bool vaya(int fila, int columna);
+    bool deje_celda();
+    void entre_celda();
+    void fije_actual(int fila, int columna);
+    bool fila_intacta() const;
+    bool agregue_fila(int columna);
+    void inserte_fila();
+    void borre_fila();
+    void cancele_fila();
+    bool termine_edicion();
+    bool celda_editable(const QModelIndex& indice) const;
+    bool asegure_edicion();
+    void abra_editor(const QString& texto, bool digitado);
+    void cierre_editor();
+    void ubique_editor();
+    void asigne(int columna, const QString& texto);
+    void alterne_casilla();
+    void abra_lista();
+    int columna_visible(int desde, int paso) const;
+    void foco_cambiado(QWidget* ahora);
+
+    // rejilla_teclado.cpp: teclas y ratón
+    bool navegue(QKeyEvent& evento);
+    bool tecla_de_celda(QKeyEvent& evento);
+    bool siguiente_celda();
+    bool celda_anterior();
+    void baje();
+    void suba();
+    void extienda(int filas, int columnas);
+    void seleccione_hasta(const QModelIndex& indice);
+    int filas_por_pagina() const;
+    bool salga_con_tab(bool adelante);
+
+    // rejilla_seleccion.cpp: marcas y portapapeles
+    void alterne_marca(int fila);
+    void marque_tramo(int desde, int hasta);
+    QString texto_seleccionado() const;
+    void pegue_celda(int columna, const QString& texto);
+
+    ModeloConjunto* modelo_;
+    EncabezadoRejilla* encabezado_;
+    IndicadorFilas* indicador_;
+    PieRejilla* pie_;
+    EditorCelda* editor_ = nullptr;
+    std::vector<std::unique_ptr<ColumnaRejilla>> columnas_;
+    bool columnas_automaticas_ = true;
+
+    bool moviendo_ = false, sincronizando_ = false, escribiendo_ = false, saliendo_ = false;
+    bool geometria_ = false, ajustando_anchos_ = false, en_rejilla_ = false;
+    bool intacta_ = false, naciendo_ = false;
+    int columna_destino_ = -1;
+    QPersistentModelIndex extremo_; ///< esquina de la selección opuesta a la celda actual
+    bool arrastrando_ = false;
+
+    bool marcas_activas_ = false;
+    std::set<int> marcas_;
+    bool todo_ = false; ///< seleccionado todo, con lo que falte por traer
+
+    QString campo_orden_;
+    bool orden_descendente_ = false;
+
+    QMenu* menu_ = nullptr;
+    QMap<int, std::function<void()>> ordenes_propias_;
+
+    QSettings* ajustes_ = nullptr;
+    QString clave_anchos_;
+    QTimer* reloj_anchos_;
+    bool anchos_puestos_ = false;
+
+    mutable int fila_aspecto_ = -1;
+    mutable Aspecto aspecto_;
+};

@@ -1,0 +1,352 @@
+// Movimiento entre celdas y edición. Salir de una celda sigue siempre el mismo orden: lo digitado
+// pasa al campo, ColExit, la fila se graba si se sale de ella, el cursor se mueve, ColEnter.
+#include "toolkit/rejilla/rejilla.h"
+
+#include "toolkit/dialogos.h"
+#include "toolkit/proteccion.h"
+#include "toolkit/rejilla/editor_celda.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
+#include "toolkit/rejilla/indicador_filas.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/pie_rejilla.h"
+
+#include <QMdiSubWindow>
+
+namespace {
+
+/// Levanta una bandera mientras dura una operación, aunque termine en una excepción.
+class Alza {
+public:
+    explicit Alza(bool& bandera) : bandera_(bandera), antes_(std::exchange(bandera, true)) {}
+    ~Alza() { bandera_ = antes_; }
+
+private:
+    bool& bandera_;
+    bool antes_;
+};
+
+/// Ventana hija o ventana a la que pertenece un control: pasar a otra no es dejar el control.
+const QWidget* contenedor(const QWidget* w) {
+    while (w && !w->isWindow() && !qobject_cast<const QMdiSubWindow*>(w))
+        w = w->parentWidget();
+    return w;
+}
+
+} // namespace
+
+// ---------------------------------------------------------------- celda actual
+
+int Rejilla::SelectedIndex() const {
+    return currentIndex().isValid() ? currentIndex().column() : -1;
+}
+
+void Rejilla::SelectedIndex(int columna) {
+    this->columna(columna);
+    if (conjunto() && columna != SelectedIndex())
+        vaya(conjunto()->RecNo(), columna);
+}
+
+Campo* Rejilla::campo_actual() const {
+    return currentIndex().isValid() ? columna(SelectedIndex()).campo : nullptr;
+}
+
+int Rejilla::columna_visible(int desde, int paso) const {
+    for (int c = desde; c >= 0 && c < cuenta_columnas(); c += paso)
+        if (!isColumnHidden(c))
+            return c;
+    return -1;
+}
+
+void Rejilla::fije_actual(int fila, int columna) {
+    Alza alza(sincronizando_);
+    const QModelIndex indice =
+        fila >= 0 && columna >= 0 ? modelo_->index(fila, columna) : QModelIndex();
+    const int fila_antes = currentIndex().row();
+    if (!indice.isValid()) {
+        selectionModel()->clear();
+        extremo_ = QModelIndex();
+        viewport()->update();
+        return;
+    }
+    todo_ = false;
+    selectionModel()->setCurrentIndex(indice, QItemSelectionModel::ClearAndSelect);
+    extremo_ = indice;
+    scrollTo(indice);
+    // La franja de la fila actual se pinta entera.
+    for (const int f : {fila_antes, fila})
+        if (f >= 0)
+            viewport()->update(0, rowViewportPosition(f), viewport()->width(), rowHeight(f));
+    indicador_->viewport()->update();
+}
+
+void Rejilla::currentChanged(const QModelIndex& actual, const QModelIndex& anterior) {
+    QTableView::currentChanged(actual, anterior);
+    if (sincronizando_ || moviendo_ || !actual.isValid() || !conjunto())
+        return;
+    // Alguien movió la celda por la vista (lector de pantalla): el cursor decide si se puede.
+    fije_actual(anterior.row(), anterior.column());
+    vaya(actual.row(), actual.column());
+}
+
+bool Rejilla::deje_celda() {
+    if (saliendo_)
+        return true;
+    if (!termine_edicion())
+        return false;
+    if (!ColExit || !currentIndex().isValid())
+        return true;
+    Alza alza(saliendo_);
+    const int columna = SelectedIndex();
+    return proteja([&] { ColExit(columna); });
+}
+
+void Rejilla::entre_celda() {
+    if (ColEnter && currentIndex().isValid())
+        proteja([this] { ColEnter(SelectedIndex()); });
+    viewport()->update();
+}
+
+bool Rejilla::vaya(int fila, int columna) {
+    if (moviendo_ || !conjunto() || !conjunto()->Active())
+        return false;
+    const QPersistentModelIndex destino(modelo_->index(fila, columna));
+    if (!destino.isValid())
+        return false;
+    Alza alza(moviendo_);
+    columna_destino_ = columna;
+    if (!deje_celda())
+        return false;
+    if (destino.isValid() && destino.row() != conjunto()->RecNo()) {
+        const QPersistentModelIndex origen(modelo_->index(conjunto()->RecNo(), columna));
+        const auto salte = [&] {
+            if (fila_intacta())
+                conjunto()->Cancel();
+            if (destino.isValid())
+                conjunto()->vaya_a(destino.row());
+        };
+        // Una fila vacía que se cancela sola al grabarse aborta el salto, pero ya no hay nada que
+        // lo impida.
+        if (!proteja(salte) && (origen.isValid() || !proteja(salte))) {
+            fije_actual(conjunto()->RecNo(), SelectedIndex());
+            return false;
+        }
+    }
+    fije_actual(conjunto()->RecNo(), columna);
+    entre_celda();
+    return true;
+}
+
+// ---------------------------------------------------------------- filas
+
+bool Rejilla::fila_intacta() const {
+    return intacta_ && conjunto() && conjunto()->State() == Estado::Insercion &&
+           !(digitando() && editor_->modificado());
+}
+
+bool Rejilla::agregue_fila(int columna) {
+    if (!editable() || !permite_insertar)
+        return false;
+    Alza alza(moviendo_);
+    columna_destino_ = columna;
+    if (!deje_celda())
+        return false;
+    const bool bien = proteja([this] { conjunto()->Append(); });
+    if (bien && conjunto()->State() == Estado::Insercion)
+        intacta_ = true;
+    fije_actual(conjunto()->RecNo(), columna);
+    if (bien)
+        entre_celda();
+    return bien;
+}
+
+void Rejilla::inserte_fila() {
+    if (!editable() || !permite_insertar || fila_intacta())
+        return;
+    Alza alza(moviendo_);
+    columna_destino_ = columna_visible(0, 1);
+    if (!deje_celda())
+        return;
+    if (proteja([this] { conjunto()->Insert(); })) {
+        intacta_ = conjunto()->State() == Estado::Insercion;
+        entre_celda();
+    }
+}
+
+void Rejilla::borre_fila() {
+    if (!editable() || !permite_borrar || conjunto()->IsEmpty())
+        return;
+    if (!fila_intacta() && !pregunte(QStringLiteral("Desea borrar la fila actual?")))
+        return;
+    cierre_editor();
+    proteja([this] { conjunto()->Delete(); });
+}
+
+void Rejilla::cancele_fila() {
+    cierre_editor();
+    proteja([this] { conjunto()->Cancel(); });
+}
+
+// ---------------------------------------------------------------- editor
+
+bool Rejilla::digitando() const {
+    return editor_ && !editor_->isHidden();
+}
+
+bool Rejilla::celda_editable(const QModelIndex& indice) const {
+    return indice.isValid() && modelo_->editable(indice.column());
+}
+
+bool Rejilla::asegure_edicion() {
+    if (!editable())
+        return false;
+    return conjunto()->editando() || proteja([this] { conjunto()->Edit(); });
+}
+
+void Rejilla::abra_editor(const QString& texto, bool digitado) {
+    if (!editable() || columnas_.empty())
+        return;
+    // En una rejilla sin filas, digitar crea la primera.
+    if (conjunto()->IsEmpty() && !agregue_fila(qMax(0, columna_visible(0, 1))))
+        return;
+    if (!celda_editable(currentIndex()) || columna(SelectedIndex()).casilla)
+        return;
+    if (digitado && !asegure_edicion())
+        return;
+    const int c = SelectedIndex();
+    if (!celda_editable(currentIndex()))
+        return;
+    scrollTo(currentIndex());
+    editor_->opciones = columna(c).PickList;
+    editor_->setFont(font());
+    editor_->prepare(*columna(c).campo, modelo_->numerica(c), columna(c).Titulo);
+    editor_->modificado(false);
+    if (digitado) {
+        editor_->digite(texto);
+    } else {
+        editor_->setText(modelo_->texto_editable(currentIndex().row(), c));
+        editor_->selectAll();
+    }
+    ubique_editor();
+    editor_->show();
+    editor_->raise();
+    editor_->setFocus(Qt::OtherFocusReason);
+}
+
+void Rejilla::ubique_editor() {
+    if (editor_ && currentIndex().isValid())
+        editor_->setGeometry(visualRect(currentIndex()));
+}
+
+void Rejilla::cierre_editor() {
+    if (!digitando())
+        return;
+    if (editor_->hasFocus())
+        setFocus(Qt::OtherFocusReason);
+    editor_->hide();
+    editor_->modificado(false);
+    viewport()->update();
+}
+
+void Rejilla::asigne(int columna, const QString& texto) {
+    const ColumnaRejilla& c = this->columna(columna);
+    QString valor = texto;
+    if (!c.KeyList().isEmpty())
+        if (const qsizetype i = c.PickList().indexOf(texto); i >= 0 && i < c.KeyList().size())
+            valor = c.KeyList().at(i);
+    // "20180131" vale en una columna de fechas.
+    if (c.campo->clase == ClaseCampo::Fecha && valor.size() == 8 && !valor.contains('/'))
+        valor = valor.left(4) + '/' + valor.mid(4, 2) + '/' + valor.mid(6);
+    Alza alza(escribiendo_);
+    if (conjunto()->State() == Estado::Insercion)
+        intacta_ = false;
+    c.campo->asigne(valor.isEmpty() ? Valor() : Valor(valor));
+}
+
+void Rejilla::escriba_pendiente() {
+    if (!digitando() || escribiendo_)
+        return;
+    if (!editor_->modificado()) {
+        cierre_editor();
+        return;
+    }
+    // El editor se cierra antes de asignar: OnChange puede llevarse el foco a otra parte.
+    const QString texto = editor_->text();
+    const int columna = SelectedIndex();
+    const bool con_foco = editor_->hasFocus();
+    cierre_editor();
+    try {
+        asigne(columna, texto);
+    } catch (...) {
+        if (conjunto()->editando() && currentIndex().isValid() && SelectedIndex() == columna) {
+            editor_->show();
+            editor_->digite(texto);
+            if (con_foco)
+                editor_->setFocus(Qt::OtherFocusReason);
+        }
+        throw;
+    }
+}
+
+bool Rejilla::termine_edicion() {
+    return proteja([this] { escriba_pendiente(); });
+}
+
+void Rejilla::alterne_casilla() {
+    const int c = SelectedIndex();
+    if (!celda_editable(currentIndex()) || !asegure_edicion())
+        return;
+    const bool si = modelo_->valor(currentIndex().row(), c).texto() == QLatin1String("S");
+    proteja([&] { asigne(c, si ? QStringLiteral("N") : QStringLiteral("S")); });
+}
+
+void Rejilla::abra_lista() {
+    if (SelectedIndex() < 0 || columna(SelectedIndex()).PickList().isEmpty())
+        return;
+    if (!digitando())
+        abra_editor({}, false);
+    if (digitando())
+        editor_->despliegue();
+}
+
+// ---------------------------------------------------------------- foco
+
+bool Rejilla::enfocada() const {
+    const QWidget* foco = QApplication::focusWidget();
+    return foco && (foco == this || isAncestorOf(foco));
+}
+
+void Rejilla::focusInEvent(QFocusEvent* evento) {
+    QTableView::focusInEvent(evento);
+    if (!currentIndex().isValid())
+        cursor_movido();
+    // Volver a la rejilla con una celda a medias es volver a su editor.
+    if (digitando())
+        editor_->setFocus(evento->reason());
+}
+
+void Rejilla::foco_cambiado(QWidget* ahora) {
+    if (!ahora)
+        return;
+    if (ahora == this || isAncestorOf(ahora)) {
+        if (en_rejilla_) {
+            // A la fila de filtros se pasa con la celda terminada.
+            if (en_fila_de_filtro())
+                termine_edicion();
+        } else {
+            en_rejilla_ = true;
+            if (OnEnter)
+                proteja([this] { OnEnter(); });
+            entre_celda();
+        }
+        viewport()->update();
+        return;
+    }
+    viewport()->update();
+    if (!en_rejilla_ || contenedor(ahora) != contenedor(this))
+        return;
+    en_rejilla_ = false;
+    if (!moviendo_)
+        deje_celda();
+    if (OnExit)
+        proteja([this] { OnExit(); });
+}

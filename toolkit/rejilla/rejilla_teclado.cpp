@@ -1,0 +1,439 @@
+// Teclas y ratón de la rejilla.
+#include "toolkit/rejilla/rejilla.h"
+
+#include "toolkit/controles/teclas_numericas.h"
+#include "toolkit/proteccion.h"
+#include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/editor_celda.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+
+#include <QScrollBar>
+
+namespace {
+
+Qt::KeyboardModifiers modificadores(const QKeyEvent& e) {
+    return e.modifiers() & ~Qt::KeypadModifier;
+}
+
+/// Texto que una tecla escribiría en un editor; vacío si es una orden.
+QString escrito(const QKeyEvent& e) {
+    const auto m = modificadores(e);
+    // AltGr llega como Ctrl+Alt en algunos teclados y su carácter es texto.
+    const bool orden =
+        (m & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
+        (m & (Qt::ControlModifier | Qt::AltModifier)) != (Qt::ControlModifier | Qt::AltModifier);
+    const QString texto = e.text();
+    if (orden || texto.isEmpty() || !texto.at(0).isPrint())
+        return {};
+    return texto;
+}
+
+} // namespace
+
+bool Rejilla::reclama(const QKeyEvent& evento) {
+    const bool enter = evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
+    if (en_fila_de_filtro())
+        return enter || evento.key() == Qt::Key_Escape;
+    if (evento.key() == Qt::Key_Escape)
+        return reclama_escape && editable() && (digitando() || conjunto()->editando());
+    return enter && modificadores(evento) == Qt::NoModifier && digitando();
+}
+
+// ---------------------------------------------------------------- movimiento
+
+int Rejilla::filas_por_pagina() const {
+    return qMax(1, viewport()->height() / qMax(1, verticalHeader()->defaultSectionSize()) - 1);
+}
+
+bool Rejilla::siguiente_celda() {
+    const int fila = currentIndex().row();
+    if (const int c = columna_visible(SelectedIndex() + 1, 1); c >= 0) {
+        vaya(fila, c);
+        return true;
+    }
+    const int primera = columna_visible(0, 1);
+    if (fila + 1 >= modelo_->rowCount() && modelo_->canFetchMore({}))
+        modelo_->fetchMore({});
+    if (fila + 1 < modelo_->rowCount()) {
+        vaya(fila + 1, primera);
+        return true;
+    }
+    // La salida de la última fila: una fila nueva sin tocar se cancela y el foco sigue su camino.
+    if (fila_intacta()) {
+        cancele_fila();
+        return false;
+    }
+    if (!editable() || !permite_insertar)
+        return false;
+    agregue_fila(primera);
+    return true;
+}
+
+bool Rejilla::celda_anterior() {
+    const int fila = currentIndex().row();
+    if (const int c = columna_visible(SelectedIndex() - 1, -1); c >= 0) {
+        vaya(fila, c);
+        return true;
+    }
+    if (fila <= 0)
+        return false;
+    vaya(fila - 1, columna_visible(cuenta_columnas() - 1, -1));
+    return true;
+}
+
+void Rejilla::baje() {
+    const int fila = currentIndex().row();
+    const int columna = qMax(0, SelectedIndex());
+    if (fila + 1 >= modelo_->rowCount() && modelo_->canFetchMore({}))
+        modelo_->fetchMore({});
+    if (fila + 1 < modelo_->rowCount())
+        vaya(fila + 1, columna);
+    else if (!fila_intacta())
+        agregue_fila(columna >= 0 && columna < cuenta_columnas() ? columna : 0);
+}
+
+void Rejilla::suba() {
+    const int fila = currentIndex().row();
+    const int columna = SelectedIndex();
+    if (fila_intacta()) {
+        cancele_fila();
+        if (fila > 0 && conjunto()->RecNo() != fila - 1)
+            vaya(fila - 1, columna);
+    } else if (fila > 0) {
+        vaya(fila - 1, columna);
+    } else if (filtro_visible()) {
+        if (termine_edicion())
+            encabezado_->enfoque(qMax(0, columna));
+    }
+}
+
+bool Rejilla::salga_con_tab(bool adelante) {
+    return termine_edicion() && QAbstractScrollArea::focusNextPrevChild(adelante);
+}
+
+void Rejilla::extienda(int filas, int columnas) {
+    QModelIndex desde = extremo_;
+    if (!desde.isValid())
+        desde = currentIndex();
+    if (!desde.isValid())
+        return;
+    int c = desde.column();
+    if (columnas != 0)
+        if (const int otra = columna_visible(c + columnas, columnas); otra >= 0)
+            c = otra;
+    seleccione_hasta(modelo_->index(qBound(0, desde.row() + filas, modelo_->rowCount() - 1), c));
+}
+
+void Rejilla::seleccione_hasta(const QModelIndex& indice) {
+    if (!indice.isValid() || !currentIndex().isValid() || !termine_edicion())
+        return;
+    // La celda actual no se mueve: seleccionar no graba filas ni dispara eventos.
+    extremo_ = indice;
+    todo_ = false;
+    const QModelIndex a = currentIndex();
+    selectionModel()->select(
+        QItemSelection(
+            modelo_->index(qMin(a.row(), indice.row()), qMin(a.column(), indice.column())),
+            modelo_->index(qMax(a.row(), indice.row()), qMax(a.column(), indice.column()))),
+        QItemSelectionModel::ClearAndSelect);
+    scrollTo(indice);
+}
+
+// ---------------------------------------------------------------- teclas
+
+bool Rejilla::navegue(QKeyEvent& e) {
+    const auto m = modificadores(e);
+    const int fila = currentIndex().row();
+    const int columna = SelectedIndex();
+    const int ultima = modelo_->rowCount() - 1;
+    switch (e.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: {
+        if (m & ~Qt::ShiftModifier)
+            return false;
+        const bool adelante = e.key() == Qt::Key_Tab && !(m & Qt::ShiftModifier);
+        if (editable() && currentIndex().isValid() &&
+            (adelante ? siguiente_celda() : celda_anterior()))
+            return true;
+        return salga_con_tab(adelante);
+    }
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (m == Qt::ControlModifier) {
+            if (!digitando())
+                abra_editor({}, false);
+            return true;
+        }
+        if (m != Qt::NoModifier || !editable())
+            return false;
+        if (enter_como_tab) {
+            if (tiene_seleccion())
+                fije_actual(fila, columna);
+            else if (!siguiente_celda())
+                salga_con_tab(true);
+            return true;
+        }
+        if (digitando()) {
+            termine_edicion();
+            return true;
+        }
+        if (!celda_editable(currentIndex()) || this->columna(columna).casilla)
+            return false;
+        abra_editor({}, false);
+        return true;
+    case Qt::Key_Down:
+        if (m == Qt::AltModifier)
+            abra_lista();
+        else if (m == Qt::NoModifier)
+            baje();
+        else
+            return false;
+        return true;
+    case Qt::Key_Up:
+        if (m != Qt::NoModifier)
+            return false;
+        suba();
+        return true;
+    case Qt::Key_PageDown:
+    case Qt::Key_PageUp: {
+        if (m != Qt::NoModifier || ultima < 0)
+            return false;
+        const int salto = e.key() == Qt::Key_PageDown ? filas_por_pagina() : -filas_por_pagina();
+        if (fila + salto > ultima && modelo_->canFetchMore({}))
+            modelo_->fetchMore({});
+        vaya(qBound(0, fila + salto, modelo_->rowCount() - 1), columna);
+        return true;
+    }
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        if (m != Qt::ControlModifier || ultima < 0)
+            return false;
+        if (e.key() == Qt::Key_End && !proteja([this] { conjunto()->FetchAll(); }))
+            return true;
+        vaya(e.key() == Qt::Key_End ? modelo_->rowCount() - 1 : 0, columna);
+        return true;
+    case Qt::Key_Insert:
+        if (m != Qt::NoModifier)
+            return false;
+        inserte_fila();
+        return true;
+    case Qt::Key_Delete:
+        if (m != Qt::ControlModifier)
+            return false;
+        borre_fila();
+        return true;
+    case Qt::Key_Escape:
+        if (m != Qt::NoModifier)
+            return false;
+        if (digitando())
+            cierre_editor();
+        else if (editable() && conjunto()->editando())
+            cancele_fila();
+        else if (tiene_seleccion())
+            fije_actual(fila, columna);
+        else if (OnEscape)
+            proteja([this] { OnEscape(); });
+        else
+            return false;
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool Rejilla::tecla_de_celda(QKeyEvent& e) {
+    const auto m = modificadores(e);
+    const int fila = currentIndex().row();
+    const int columna = SelectedIndex();
+    const auto exacto = [&](Qt::KeyboardModifiers cuales, int tecla) {
+        return m == cuales && e.key() == tecla;
+    };
+    if (e.matches(QKeySequence::Copy) || exacto(Qt::ControlModifier, Qt::Key_Insert))
+        ejecute_orden(Copiar);
+    else if (e.matches(QKeySequence::Cut) || exacto(Qt::ShiftModifier, Qt::Key_Delete))
+        ejecute_orden(Cortar);
+    else if (e.matches(QKeySequence::Paste) || exacto(Qt::ShiftModifier, Qt::Key_Insert))
+        ejecute_orden(Pegar);
+    else if (e.matches(QKeySequence::SelectAll))
+        ejecute_orden(SeleccionarTodo);
+    else if (exacto(Qt::NoModifier, Qt::Key_Left))
+        vaya(fila, columna_visible(columna - 1, -1));
+    else if (exacto(Qt::NoModifier, Qt::Key_Right))
+        vaya(fila, columna_visible(columna + 1, 1));
+    else if (exacto(Qt::NoModifier, Qt::Key_Home))
+        vaya(fila, columna_visible(0, 1));
+    else if (exacto(Qt::NoModifier, Qt::Key_End))
+        vaya(fila, columna_visible(cuenta_columnas() - 1, -1));
+    else if (marcas_activas_ && m == Qt::ShiftModifier &&
+             (e.key() == Qt::Key_Down || e.key() == Qt::Key_Up)) {
+        marque(fila);
+        if (vaya(fila + (e.key() == Qt::Key_Down ? 1 : -1), columna))
+            marque(currentIndex().row());
+    } else if (exacto(Qt::ShiftModifier, Qt::Key_Left))
+        extienda(0, -1);
+    else if (exacto(Qt::ShiftModifier, Qt::Key_Right))
+        extienda(0, 1);
+    else if (exacto(Qt::ShiftModifier, Qt::Key_Up))
+        extienda(-1, 0);
+    else if (exacto(Qt::ShiftModifier, Qt::Key_Down))
+        extienda(1, 0);
+    else if (exacto(Qt::ShiftModifier, Qt::Key_PageUp))
+        extienda(-filas_por_pagina(), 0);
+    else if (exacto(Qt::ShiftModifier, Qt::Key_PageDown))
+        extienda(filas_por_pagina(), 0);
+    else if (exacto(Qt::ShiftModifier, Qt::Key_Home))
+        seleccione_hasta(modelo_->index(fila, columna_visible(0, 1)));
+    else if (exacto(Qt::ShiftModifier, Qt::Key_End))
+        seleccione_hasta(modelo_->index(fila, columna_visible(cuenta_columnas() - 1, -1)));
+    else if (exacto(Qt::NoModifier, Qt::Key_Space) && columna >= 0 &&
+             this->columna(columna).casilla && celda_editable(currentIndex()))
+        alterne_casilla();
+    else if (exacto(Qt::NoModifier, Qt::Key_Space) && marcas_activas_)
+        alterne_marca(fila);
+    else if (exacto(Qt::NoModifier, Qt::Key_Delete)) {
+        if (tiene_seleccion())
+            ejecute_orden(Borrar);
+        else if (celda_editable(currentIndex()))
+            abra_editor({}, true);
+        else
+            return false;
+    } else if (exacto(Qt::NoModifier, Qt::Key_Backspace)) {
+        if (!celda_editable(currentIndex()))
+            return false;
+        abra_editor(modelo_->texto_editable(fila, columna).chopped(1), true);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void Rejilla::keyPressEvent(QKeyEvent* evento) {
+    evento->accept();
+    if (navegue(*evento) || (!digitando() && tecla_de_celda(*evento)))
+        return;
+    const QString texto = escrito(*evento);
+    if (texto.isEmpty() || digitando() || !editable() || columnas_.empty()) {
+        evento->ignore();
+        return;
+    }
+    const int c = SelectedIndex();
+    if (c >= 0 && columna(c).casilla) {
+        // "S" y "N" fijan la casilla sin alternarla.
+        const QString letra = texto.toUpper();
+        if ((letra == QLatin1String("S") || letra == QLatin1String("N")) &&
+            celda_editable(currentIndex()) && asegure_edicion())
+            proteja([&] { asigne(c, letra); });
+        return;
+    }
+    const bool decimal = c >= 0 && modelo_->numerica(c) && es_decimal_de_teclado(*evento);
+    abra_editor(decimal ? QStringLiteral(".") : texto, true);
+}
+
+void Rejilla::inputMethodEvent(QInputMethodEvent* evento) {
+    // Una tecla muerta ("á") llega por aquí y no como tecla.
+    if (!digitando() && editable() &&
+        (!evento->commitString().isEmpty() || !evento->preeditString().isEmpty())) {
+        abra_editor({}, true);
+        if (digitando())
+            QApplication::sendEvent(editor_, evento);
+    }
+    evento->accept();
+}
+
+bool Rejilla::eventFilter(QObject* objeto, QEvent* evento) {
+    if (objeto != editor_)
+        return QTableView::eventFilter(objeto, evento);
+    if (evento->type() == QEvent::KeyPress)
+        return navegue(static_cast<QKeyEvent&>(*evento));
+    if (evento->type() == QEvent::MouseButtonDblClick && OnDblClick) {
+        if (termine_edicion())
+            proteja([this] { OnDblClick(SelectedIndex()); });
+        return true;
+    }
+    if (evento->type() == QEvent::ContextMenu) {
+        auto& menu = static_cast<QContextMenuEvent&>(*evento);
+        contextMenuEvent(&menu);
+        return true;
+    }
+    return false;
+}
+
+// ---------------------------------------------------------------- ratón
+
+void Rejilla::mousePressEvent(QMouseEvent* evento) {
+    evento->accept();
+    arrastrando_ = false;
+    const QModelIndex indice = indexAt(evento->position().toPoint());
+    if (!indice.isValid()) {
+        termine_edicion();
+        return;
+    }
+    if (evento->button() == Qt::RightButton) {
+        if (!selectionModel()->isSelected(indice))
+            vaya(indice.row(), indice.column());
+        return;
+    }
+    if (evento->button() != Qt::LeftButton)
+        return;
+    const bool mayus = evento->modifiers() & Qt::ShiftModifier;
+    const bool control = evento->modifiers() & Qt::ControlModifier;
+    if (marcas_activas_ && (mayus || control)) {
+        const int desde = currentIndex().row();
+        if (!vaya(indice.row(), indice.column()))
+            return;
+        if (mayus)
+            marque_tramo(desde, currentIndex().row());
+        else
+            alterne_marca(currentIndex().row());
+        return;
+    }
+    if (mayus) {
+        seleccione_hasta(indice);
+        return;
+    }
+    const bool misma = indice == currentIndex() && !tiene_seleccion();
+    if (misma ? !termine_edicion() : !vaya(indice.row(), indice.column()))
+        return;
+    arrastrando_ = true;
+    if (!celda_editable(currentIndex()))
+        return;
+    if (columna(SelectedIndex()).casilla) {
+        if (DelegadoCelda::caja(visualRect(currentIndex()), this)
+                .adjusted(-3, -3, 3, 3)
+                .contains(evento->position().toPoint()))
+            alterne_casilla();
+    } else if (misma) {
+        abra_editor({}, false);
+    }
+}
+
+void Rejilla::mouseMoveEvent(QMouseEvent* evento) {
+    if (!arrastrando_ || !(evento->buttons() & Qt::LeftButton) || digitando())
+        return;
+    const QPoint punto = evento->position().toPoint();
+    const QRect campo = viewport()->rect();
+    const QModelIndex indice = indexAt({qBound(campo.left(), punto.x(), campo.right()),
+                                        qBound(campo.top(), punto.y(), campo.bottom())});
+    if (indice.isValid() && indice != extremo_)
+        seleccione_hasta(indice);
+}
+
+void Rejilla::mouseReleaseEvent(QMouseEvent* evento) {
+    arrastrando_ = false;
+    evento->accept();
+}
+
+void Rejilla::mouseDoubleClickEvent(QMouseEvent* evento) {
+    const QModelIndex indice = indexAt(evento->position().toPoint());
+    if (evento->button() != Qt::LeftButton || !indice.isValid())
+        return;
+    if (indice != currentIndex() && !vaya(indice.row(), indice.column()))
+        return;
+    if (!OnDblClick) {
+        mousePressEvent(evento);
+        return;
+    }
+    if (termine_edicion())
+        proteja([this] { OnDblClick(SelectedIndex()); });
+}

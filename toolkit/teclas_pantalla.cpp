@@ -1,0 +1,185 @@
+// Tabla de teclas de las pantallas: la sirve un filtro de la aplicación antes que el control con
+// foco, y también antes que los atajos de menú del formulario principal.
+#include "toolkit/pantalla.h"
+
+#include "toolkit/controles/controldato.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTextEdit>
+#include <QToolButton>
+
+namespace {
+
+constexpr Qt::KeyboardModifiers kDeTeclado = Qt::KeypadModifier | Qt::GroupSwitchModifier;
+
+int clave_comun(int clave) {
+    return clave == Qt::Key_Enter ? int(Qt::Key_Return) : clave;
+}
+
+/// La pantalla que contiene al control; sin salir de su ventana, para que un menú o una lista
+/// desplegada conserven sus teclas.
+Pantalla* pantalla_de(QWidget* widget) {
+    for (QWidget* w = widget; w; w = w->parentWidget()) {
+        if (auto* pantalla = qobject_cast<Pantalla*>(w))
+            return pantalla;
+        if (w->isWindow())
+            break;
+    }
+    // El foco está en el marco de la ventana hija o en el formulario principal.
+    Pantalla* activa = escritorio() ? escritorio()->activa() : nullptr;
+    return activa && widget->isAncestorOf(activa) ? activa : nullptr;
+}
+
+bool es_boton(const QWidget* w) {
+    return qobject_cast<const QPushButton*>(w) || qobject_cast<const QToolButton*>(w);
+}
+
+/// El control está dentro de una rejilla o lo es.
+bool en_rejilla(QWidget* widget) {
+    for (QWidget* w = widget; w && !w->isWindow(); w = w->parentWidget())
+        if (qobject_cast<QAbstractItemView*>(w))
+            return true;
+    return false;
+}
+
+bool alguien_reclama(QWidget* desde, const QWidget* hasta, const QKeyEvent& evento) {
+    for (QWidget* w = desde; w && w != hasta; w = w->parentWidget())
+        if (auto* r = dynamic_cast<ReclamaTeclas*>(w); r && r->reclama(evento))
+            return true;
+    return false;
+}
+
+class DespachoTeclas : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override {
+        const bool pregunta = evento->type() == QEvent::ShortcutOverride;
+        if ((!pregunta && evento->type() != QEvent::KeyPress) || !objeto->isWidgetType())
+            return false;
+        if (QApplication::activePopupWidget())
+            return false;
+        auto* widget = static_cast<QWidget*>(objeto);
+        Pantalla* pantalla = pantalla_de(widget);
+        if (!pantalla)
+            return false;
+        auto& tecla = *static_cast<QKeyEvent*>(evento);
+        if (!pantalla->atienda(tecla, widget, pregunta))
+            return false;
+        evento->accept();
+        return true;
+    }
+};
+
+} // namespace
+
+void instale_despacho_teclas() {
+    static QPointer<DespachoTeclas> despacho;
+    if (!despacho && qApp) {
+        despacho = new DespachoTeclas(qApp);
+        qApp->installEventFilter(despacho);
+    }
+}
+
+void Pantalla::tecla(int clave, Qt::KeyboardModifiers modificadores, const QString& nombre,
+                     std::function<void()> accion, bool escribe) {
+    clave = clave_comun(clave);
+    teclas_.append(
+        {clave, modificadores, nombre, std::move(accion), escribe && clave != int(Qt::Key_Escape)});
+}
+
+void Pantalla::quite_tecla(int clave, Qt::KeyboardModifiers modificadores) {
+    clave = clave_comun(clave);
+    teclas_.removeIf(
+        [&](const Tecla& t) { return t.clave == clave && t.modificadores == modificadores; });
+}
+
+QPushButton* Pantalla::boton_de(const Tecla& tecla) const {
+    return tecla.accion ? nullptr : findChild<QPushButton*>(tecla.nombre);
+}
+
+const Tecla* Pantalla::busque(int clave, Qt::KeyboardModifiers modificadores) const {
+    clave = clave_comun(clave);
+    for (const Tecla& t : teclas_) {
+        if (t.clave != clave || (t.modificadores & ~kDeTeclado) != (modificadores & ~kDeTeclado))
+            continue;
+        // El más y el menos del teclado numérico son teclas distintas de las del principal.
+        if (t.modificadores.testFlag(Qt::KeypadModifier) &&
+            !modificadores.testFlag(Qt::KeypadModifier))
+            continue;
+        // Un botón apagado u oculto no tiene tecla.
+        if (!t.accion) {
+            const QPushButton* b = boton_de(t);
+            if (!b || !b->isEnabledTo(this) || !b->isVisibleTo(this))
+                continue;
+        }
+        return &t;
+    }
+    return nullptr;
+}
+
+bool Pantalla::atienda(QKeyEvent& evento, QWidget* destino, bool solo_pregunta) {
+    QWidget* foco = QApplication::focusWidget();
+    if (!foco || (foco != destino && !destino->isAncestorOf(foco)))
+        foco = destino;
+    const bool retorno = clave_comun(evento.key()) == Qt::Key_Return;
+    if (retorno && es_boton(foco))
+        return false;
+    const Tecla* encontrada = busque(evento.key(), evento.modifiers());
+    if (!encontrada) {
+        return enter_como_tab_ && retorno && pase_de_control(evento, foco, solo_pregunta);
+    }
+    if (alguien_reclama(foco, this, evento))
+        return false;
+    if (solo_pregunta || evento.isAutoRepeat() || en_curso_.contains(encontrada->nombre))
+        return true;
+    const Tecla t = *encontrada; // la acción puede cambiar la tabla
+    QPointer<Pantalla> viva(this);
+    en_curso_.append(t.nombre);
+    if (t.accion)
+        ejecute(t.accion, t.escribe);
+    else
+        boton_de(t)->click();
+    if (viva)
+        en_curso_.removeOne(t.nombre);
+    return true;
+}
+
+bool Pantalla::pase_de_control(const QKeyEvent& evento, QWidget* foco, bool solo_pregunta) {
+    const auto modificadores = evento.modifiers() & ~kDeTeclado;
+    const bool atras = modificadores == Qt::ShiftModifier;
+    if (modificadores != Qt::NoModifier && !atras)
+        return false;
+    if (qobject_cast<QPlainTextEdit*>(foco) || qobject_cast<QTextEdit*>(foco) || en_rejilla(foco) ||
+        foco == this)
+        return false;
+    if (alguien_reclama(foco, this, evento))
+        return false;
+    if (!solo_pregunta) {
+        QKeyEvent tab(QEvent::KeyPress, atras ? Qt::Key_Backtab : Qt::Key_Tab,
+                      atras ? Qt::ShiftModifier : Qt::NoModifier);
+        QApplication::sendEvent(foco, &tab);
+    }
+    return true;
+}
+
+bool Pantalla::ejecute(const std::function<void()>& accion, bool escribe) {
+    QWidget* foco = QApplication::focusWidget();
+    if (!foco || !isAncestorOf(foco))
+        foco = focusWidget();
+    if (escribe) {
+        ControlDato* control = control_dato(foco);
+        if (control && !control->escriba())
+            return false;
+        for (QWidget* w = foco; w && w != this; w = w->parentWidget())
+            if (auto* r = dynamic_cast<ReclamaTeclas*>(w); r && !r->termine())
+                return false;
+    }
+    return !accion || proteja(accion);
+}
