@@ -94,7 +94,8 @@ void registre_usuario_compania(Conexion& compania, const DatosUsuario& d) {
 
 void cree_usuario_servidor(Conexion& general, const QString& codigo, const QString& clave) {
     exija(!clave.isEmpty(), QStringLiteral("Falta la clave del usuario %1.").arg(codigo));
-    general.ejecute(QStringLiteral("create or alter user %1 password %2")
+    // Entre comillas: ADMIN, entre otros, es palabra reservada.
+    general.ejecute(QStringLiteral("create or alter user \"%1\" password %2")
                         .arg(codigo_usuario(codigo), QuotedStr(clave)));
 }
 
