@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int kPaginasCache = 8192; // 64 MB: los saldos de un año de una compañía grande
-
 /// Crea la base con su esquema; si algo falla no deja una base a medias. Mientras se llena no se
 /// espera al disco: quien la llama termina con asegure().
 void cree_base(const Sesion& s, const ParametrosConexion& parametros, TipoBase tipo) {
@@ -21,7 +19,9 @@ void cree_base(const Sesion& s, const ParametrosConexion& parametros, TipoBase t
         QFileInfo::exists(s.ubicacion().ruta_de(parametros.base)))
         throw ErrorDatos(QStringLiteral("Ya existe la base de datos %1.").arg(parametros.base));
     Conexion conexion;
-    conexion.cree_base(parametros, kPaginasCache, false);
+    ParametrosConexion nueva = parametros;
+    nueva.escritura_forzada = false;
+    conexion.cree_base(nueva);
     try {
         Instalador(conexion).instale(tipo);
     } catch (...) {

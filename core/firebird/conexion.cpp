@@ -146,16 +146,14 @@ Conexion::~Conexion() {
 }
 
 void Conexion::conectar(const ParametrosConexion& parametros) {
-    abra_o_cree(parametros, false, 0, true);
+    abra_o_cree(parametros, false, 0);
 }
 
-void Conexion::cree_base(const ParametrosConexion& parametros, int paginas_cache,
-                         bool escritura_inmediata) {
-    abra_o_cree(parametros, true, paginas_cache, escritura_inmediata);
+void Conexion::cree_base(const ParametrosConexion& parametros, int paginas_cache) {
+    abra_o_cree(parametros, true, paginas_cache);
 }
 
-void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache,
-                           bool escritura_inmediata) {
+void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache) {
     desconectar();
     parametros_ = parametros;
     Estado estado;
@@ -174,7 +172,7 @@ void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int
         dpb->insertInt(&estado, isc_dpb_page_size, 8192);
         dpb->insertString(&estado, isc_dpb_set_db_charset, "ISO8859_1");
         dpb->insertInt(&estado, isc_dpb_set_page_buffers, paginas_cache);
-        dpb->insertInt(&estado, isc_dpb_force_write, escritura_inmediata ? 1 : 0);
+        dpb->insertInt(&estado, isc_dpb_force_write, parametros.escritura_forzada ? 1 : 0);
     }
     IProvider* proveedor = maestro()->getDispatcher();
     const QByteArray ruta = parametros.base.toLocal8Bit();

@@ -22,6 +22,8 @@ struct ParametrosConexion {
     QString usuario;
     QString clave;
     int espera_segundos = 10; ///< cuánto se espera por una fila que otro tiene tomada
+    /// Solo al crear: cada escritura llega al disco antes de seguir. Una base desechable lo apaga.
+    bool escritura_forzada = true;
 };
 
 enum class TipoColumna { Texto, Entero, Decimal, Fecha, Hora, FechaHora, Memo, Binario, Flotante };
@@ -50,11 +52,8 @@ public:
     Conexion& operator=(const Conexion&) = delete;
 
     void conectar(const ParametrosConexion& parametros);
-    /// Crea la base vacía (página de 8 KB, caché de `paginas_cache`) y queda conectada a ella. Sin
-    /// `escritura_inmediata` nada espera al disco: sirve para llenarla de una vez y ponerla después
-    /// (ver ponga_escritura_inmediata), o para bases desechables.
-    void cree_base(const ParametrosConexion& parametros, int paginas_cache = 8192,
-                   bool escritura_inmediata = true);
+    /// Crea la base vacía (página de 8 KB, caché de `paginas_cache`) y queda conectada a ella.
+    void cree_base(const ParametrosConexion& parametros, int paginas_cache = 8192);
     void desconectar() noexcept;
     /// Borra la base conectada; la conexión queda cerrada.
     void borre_base();
@@ -86,8 +85,7 @@ public:
     void anote(const QString& sql);
 
 private:
-    void abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache,
-                     bool escritura_inmediata);
+    void abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache);
 
     std::unique_ptr<Interno> interno_;
     ParametrosConexion parametros_;

@@ -46,17 +46,23 @@ QString huella() {
 
 void arme(const QString& carpeta) {
     const Ubicacion lugar(carpeta);
-    const QString codigo = QStringLiteral("001"), dueno = QStringLiteral("SYSDBA");
+    const QString codigo = QStringLiteral("001");
     lugar.prepare_carpeta(lugar.base_compania(codigo));
     Conexion general, compania;
-    general.cree_base({lugar.base_general(), dueno, {}}, kPaginasCache, false);
+    general.cree_base(desechable(lugar.base_general()), kPaginasCache);
     Instalador(general).instale(TipoBase::General);
-    compania.cree_base({lugar.base_compania(codigo), dueno, {}}, kPaginasCache, false);
+    compania.cree_base(desechable(lugar.base_compania(codigo)), kPaginasCache);
     Instalador(compania).instale(TipoBase::Compania);
     agregue_datos_ejemplo(general, compania);
 }
 
 } // namespace
+
+ParametrosConexion desechable(const QString& base) {
+    ParametrosConexion p{base, QStringLiteral("SYSDBA"), {}};
+    p.escritura_forzada = false;
+    return p;
+}
 
 QString plantilla_de_bases() {
     static QString lista;

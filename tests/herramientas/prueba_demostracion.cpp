@@ -13,9 +13,9 @@ namespace {
 /// Una instalación con la compañía de demostración recién generada.
 struct Demo {
     explicit Demo(const OpcionesDemostracion& opciones) {
-        general.cree_base({carpeta.filePath("general.fdb"), "SYSDBA", {}}, 1000, false);
+        general.cree_base(desechable(carpeta.filePath("general.fdb")), 1000);
         Instalador(general).instale(TipoBase::General);
-        compania.cree_base({carpeta.filePath("quorvex.fdb"), "SYSDBA", {}}, 4000, false);
+        compania.cree_base(desechable(carpeta.filePath("quorvex.fdb")), 4000);
         Instalador(compania).instale(TipoBase::Compania);
         resultado = genere_demostracion(general, compania, opciones);
     }
