@@ -1,5 +1,6 @@
 // Crear, actualizar, respaldar, restaurar, verificar y compactar bases.
 #include "herramientas/administracion.h"
+#include "herramientas/demostracion.h"
 #include "herramientas/ordenes.h"
 #include "herramientas/respaldo.h"
 #include "herramientas/verificacion.h"
@@ -50,6 +51,47 @@ void crear_compania(const Sesion& s) {
     configure_compania(compania, d);
     registre_compania(general, d);
     diga(QStringLiteral("Compañía %1 creada en %2.").arg(d.codigo, s.compania(d.codigo).base));
+}
+
+/// Con la general de la instalación; si aún no existe, la crea.
+void crear_demo(const Sesion& s) {
+    const Argumentos& a = s.argumentos();
+    DatosCompania d;
+    d.codigo = codigo_compania(a.valor(QStringLiteral("codigo"), QStringLiteral("001")));
+    d.nombre = QStringLiteral("Comercializadora El Martillo S.A.S.");
+    d.nit = QStringLiteral("901400777-9");
+    d.direccion = QStringLiteral("Carrera 30 # 12-45");
+    d.ciudad = QStringLiteral("Bogotá, D.C.");
+    d.telefonos = QStringLiteral("601 3456789");
+    d.encabezado = QStringLiteral("Todo para construir y habitar");
+    OpcionesDemostracion opciones;
+    opciones.renglones = a.entero(QStringLiteral("lineas"), 0, 0, 5000000);
+    opciones.semilla = quint64(a.entero(QStringLiteral("semilla"), 2018, 0, 2000000000));
+    Conexion general;
+    try {
+        general.conectar(s.general());
+    } catch (const ErrorBase& e) {
+        if (!e.texto().contains(QLatin1String("I/O error")))
+            throw;
+        cree_base(s, s.general(), TipoBase::General);
+        general.conectar(s.general());
+    }
+    cree_base(s, s.compania(d.codigo), TipoBase::Compania);
+    Conexion compania;
+    compania.conectar(s.compania(d.codigo));
+    configure_compania(compania, d);
+    registre_compania(general, d);
+    const auto r = genere_demostracion(general, compania, opciones, diga);
+    compacte_saldos(compania);
+    if (s.ubicacion().en_servidor())
+        for (const char* usuario : {"ADMIN", "AUXILIAR"})
+            cree_usuario_servidor(general, QLatin1String(usuario),
+                                  a.exija(QStringLiteral("clave-usuario")));
+    diga(QStringLiteral("Compañía %1 con %2 comprobantes, %3 renglones 2649 y %4 NIIF.")
+             .arg(d.codigo)
+             .arg(r.comprobantes)
+             .arg(r.renglones)
+             .arg(r.renglones_niif));
 }
 
 void actualice_una(const ParametrosConexion& base, TipoBase tipo, const QString& nombre) {
@@ -136,6 +178,12 @@ QVector<Orden> ordenes_de_bases() {
           "mes-inicio"},
          {},
          crear_compania},
+        {"crear-demo",
+         "crea una compañía de demostración con un año de movimiento",
+         "[--codigo 001] [--lineas N] [--semilla 2018] [--clave-usuario CLAVE]",
+         {"codigo", "lineas", "semilla", "clave-usuario"},
+         {},
+         crear_demo},
         {"actualizar",
          "aplica las actualizaciones del esquema que falten",
          "[--compania 001,002]",

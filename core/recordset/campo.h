@@ -8,7 +8,12 @@
 class ConjuntoDatos;
 
 enum class ClaseCampo { Texto, Entero, Decimal, Fecha, Hora, FechaHora, Memo, Blob, Conjunto };
-enum class TipoCampo { Datos, Calculado, Busqueda };
+enum class TipoCampo {
+    Datos,
+    Calculado, ///< lo pone OnCalcFields
+    Interno,   ///< lo asigna la pantalla; vive en la fila y no viaja a la base
+    Busqueda,
+};
 
 enum BanderaProveedor : unsigned { pfInUpdate = 1, pfInWhere = 2, pfInKey = 4, pfHidden = 8 };
 

@@ -103,6 +103,9 @@ Campo& ConjuntoDatos::blob(const QString& n) {
 Campo& ConjuntoDatos::calculado(const QString& n, ClaseCampo clase, int tamano) {
     return agregue_campo(n, clase, tamano, TipoCampo::Calculado).banderas(0);
 }
+Campo& ConjuntoDatos::interno(const QString& n, ClaseCampo clase, int tamano) {
+    return agregue_campo(n, clase, tamano, TipoCampo::Interno).banderas(0);
+}
 Campo& ConjuntoDatos::busqueda(const QString& n, int tamano, const QString& llaves,
                                ConjuntoDatos* tabla, const QString& llaves_tabla,
                                const QString& resultado) {
@@ -259,7 +262,7 @@ void ConjuntoDatos::asigne(Campo& campo, const Valor& valor) {
     if (!editando())
         throw ErrorDatos(
             QStringLiteral("%1: no está en edición ni en inserción.").arg(objectName()));
-    if (campo.tipo != TipoCampo::Datos)
+    if (campo.tipo != TipoCampo::Datos && campo.tipo != TipoCampo::Interno)
         throw ErrorDatos(
             QStringLiteral("%1: el campo %2 se calcula.").arg(objectName(), campo.FieldName));
     const Valor nuevo = campo.convierta(valor);

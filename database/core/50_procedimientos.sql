@@ -23,4 +23,18 @@ BEGIN
     SUSPEND;
 END^
 
+-- Pone al día las estadísticas de los índices, de las que salen los planes. Conviene tras cargar
+-- mucho movimiento. La llama la herramienta de administración, con el dueño de la base.
+CREATE OR ALTER PROCEDURE ACTUALICE_ESTADISTICAS
+AS
+  DECLARE ORDEN varchar(100);
+BEGIN
+  FOR
+    SELECT 'SET STATISTICS INDEX ' || trim(RDB$INDEX_NAME) FROM RDB$INDICES
+    WHERE coalesce(RDB$SYSTEM_FLAG, 0) = 0
+    INTO :ORDEN
+  DO
+    EXECUTE STATEMENT ORDEN;
+END^
+
 SET TERM ; ^

@@ -80,6 +80,19 @@ CREATE GLOBAL TEMPORARY TABLE SALDOS_LOTE (
   SALD_CREDITO numeric(18,2) NOT NULL
 ) ON COMMIT DELETE ROWS;
 
+-- Lo que suman las líneas, mientras se comparan con los saldos.
+CREATE GLOBAL TEMPORARY TABLE SALDOS_LINEAS (
+  CUEN_COD D_CUENTA NOT NULL,
+  SALD_ANO char(4) NOT NULL,
+  SALD_MES smallint NOT NULL,
+  TERC_NIT D_NIT NOT NULL,
+  PROY_COD D_CODIGO4 NOT NULL,
+  CENT_COD D_CODIGO4 NOT NULL,
+  ARTI_COD D_ARTICULO NOT NULL,
+  SALD_DEBITO numeric(18,2) NOT NULL,
+  SALD_CREDITO numeric(18,2) NOT NULL
+) ON COMMIT DELETE ROWS;
+
 -- Una fila por libro: quien compacta la toma con bloqueo, y SACO_VUELTA le dice a una consulta en
 -- curso si las tablas cambiaron bajo sus pies.
 CREATE TABLE SALDOS_CONTROL (

@@ -1,8 +1,10 @@
 -- Claves de las tablas de saldos. Todas empiezan por la cuenta: se leen por cuenta exacta o por el
 -- prefijo de una cuenta mayor.
+-- SALDOS_DIFERENCIA va sin índice a propósito: es corta, y con él el primero que lee después de una
+-- compactación de 100.000 filas esperaba siete segundos a que el motor limpiara sus nodos; sin él,
+-- una décima.
 
 --<LIBROS>
-CREATE INDEX IX_SALDOS_DIFERENCIA{_NIIF} ON SALDOS_DIFERENCIA{_NIIF} (CUEN_COD);
 ALTER TABLE SALDOS_CUENTA{_NIIF} ADD CONSTRAINT PK_SALDOS_CUENTA{_NIIF}
   PRIMARY KEY (CUEN_COD, SALD_ANO, SALD_MES);
 ALTER TABLE SALDOS_TERCERO{_NIIF} ADD CONSTRAINT PK_SALDOS_TERCERO{_NIIF}

@@ -22,7 +22,7 @@ BEGIN
   BEGIN
     SELECT sum(coalesce(D.CODE_DEBITO, 0) - coalesce(D.CODE_CREDITO, 0))
     FROM {CUENTAS} C
-    JOIN {DETALLE} D ON D.CUEN_COD = C.CUEN_COD
+    LEFT JOIN {DETALLE} D ON D.CUEN_COD = C.CUEN_COD
       AND D.CODE_FECHA >= :PRIMERO AND D.CODE_FECHA < :FECHA
     WHERE C.CUEN_COD STARTING WITH :CUENTA
     INTO :DIAS;
@@ -136,7 +136,8 @@ END^
 -- los dos libros; lo llama CONSULTA_BALANCE_MES{_NIIF}.
 -- Cada cuenta con saldo se reparte a los códigos de los que cuelga según ESTRUCTURA: así el costo
 -- es el de las cuentas y sus meses, no el de las líneas. MOVIDAS dice si algo bajo el código tiene
--- saldo o movimiento, aunque su suma dé cero.
+-- saldo o movimiento, aunque su suma dé cero. La suma va delante y busca cada cuenta por su clave:
+-- al revés, el motor la repetiría por cada cuenta.
 CREATE OR ALTER PROCEDURE BALANCE_PRUEBA{_NIIF} (
   ANO varchar(4), MES smallint, SOLO_MOVIDAS char(1), NIVEL_MAXIMO integer)
 RETURNS (CODIGO varchar(20), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2),
@@ -145,24 +146,25 @@ RETURNS (CODIGO varchar(20), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS 
 AS
 BEGIN
   FOR
-    SELECT C.CUEN_COD, C.CUEN_NOM, coalesce(S.INICIAL, 0), coalesce(S.DEBITOS, 0),
-      coalesce(S.CREDITOS, 0), coalesce(S.INICIAL + S.DEBITOS - S.CREDITOS, 0), E.ESTR_NIVEL,
-      coalesce(sum(iif(E.ESTR_NIVEL = 1, S.INICIAL, 0)) OVER (), 0),
-      coalesce(sum(iif(E.ESTR_NIVEL = 1, S.DEBITOS, 0)) OVER (), 0),
-      coalesce(sum(iif(E.ESTR_NIVEL = 1, S.CREDITOS, 0)) OVER (), 0),
-      coalesce(sum(iif(E.ESTR_NIVEL = 1, S.INICIAL + S.DEBITOS - S.CREDITOS, 0)) OVER (), 0)
-    FROM {CUENTAS} C
-    JOIN ESTRUCTURA E ON E.ESTR_DIGITOS = char_length(C.CUEN_COD)
-      AND (E.ESTR_NIVEL <= :NIVEL_MAXIMO OR E.ESTR_NIVEL = 1)
-    LEFT JOIN (
-      SELECT substring(L.CUENTA FROM 1 FOR N.ESTR_DIGITOS) CODIGO, sum(L.INICIAL) INICIAL,
-        sum(L.DEBITOS) DEBITOS, sum(L.CREDITOS) CREDITOS,
+    SELECT S.CODIGO, C.CUEN_NOM, S.INICIAL, S.DEBITOS, S.CREDITOS,
+      S.INICIAL + S.DEBITOS - S.CREDITOS, S.NIVEL,
+      sum(iif(S.NIVEL = 1, S.INICIAL, 0)) OVER (), sum(iif(S.NIVEL = 1, S.DEBITOS, 0)) OVER (),
+      sum(iif(S.NIVEL = 1, S.CREDITOS, 0)) OVER (),
+      sum(iif(S.NIVEL = 1, S.INICIAL + S.DEBITOS - S.CREDITOS, 0)) OVER ()
+    FROM (
+      SELECT substring(L.CUENTA FROM 1 FOR N.ESTR_DIGITOS) CODIGO, N.ESTR_NIVEL NIVEL,
+        sum(L.INICIAL) INICIAL, sum(L.DEBITOS) DEBITOS, sum(L.CREDITOS) CREDITOS,
         max(iif(L.INICIAL <> 0 OR L.DEBITOS <> 0 OR L.CREDITOS <> 0, 1, 0)) MOVIDAS
-      FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES) L
+      FROM (
+        SELECT CUENTA, INICIAL, DEBITOS, CREDITOS FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES)
+        UNION ALL
+        SELECT CUEN_COD, 0, 0, 0 FROM {CUENTAS} WHERE :SOLO_MOVIDAS <> 'S') L
       JOIN ESTRUCTURA N ON N.ESTR_DIGITOS <= char_length(L.CUENTA)
-      GROUP BY 1) S ON S.CODIGO = C.CUEN_COD
+        AND (N.ESTR_NIVEL <= :NIVEL_MAXIMO OR N.ESTR_NIVEL = 1)
+      GROUP BY 1, 2) S
+    LEFT JOIN {CUENTAS} C ON C.CUEN_COD = S.CODIGO
     WHERE :SOLO_MOVIDAS <> 'S' OR S.MOVIDAS = 1
-    ORDER BY C.CUEN_COD
+    ORDER BY S.CODIGO
     INTO :CODIGO, :NOMBRE, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL, :SUMINI, :SUMDB, :SUMCR,
       :SUMFIN
   DO

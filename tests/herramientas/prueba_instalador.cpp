@@ -209,9 +209,10 @@ void PruebaInstalador::los_gemelos_de_los_dos_libros_tienen_las_mismas_columnas(
 void PruebaInstalador::un_error_de_la_base_nombra_archivo_y_renglon() {
     BaseDePrueba b;
     GuionesCopiados guiones;
-    guiones.escriba(QStringLiteral("ledger/95_malo.sql"),
-                    QStringLiteral("-- uno\nselect 1 from rdb$database;\n\nselect nada from\n"
-                                   " no_existe;\n"));
+    guiones.escriba(
+        QStringLiteral("ledger/95_malo.sql"),
+        QStringLiteral("-- uno\nupdate revision set revi_fecha = revi_fecha;\n\nselect nada from\n"
+                       " no_existe;\n"));
     const QString falla = texto_de([&] {
         Conexion c;
         c.conectar(b.parametros(QStringLiteral("SYSDBA")));

@@ -1,0 +1,443 @@
+// Lo de todos los días: ventas, compras, gastos, recaudos y pagos.
+#include "herramientas/demo_ano.h"
+
+#include <QDate>
+
+using namespace cuenta_demo;
+
+namespace {
+
+constexpr int kFactura = 31, kFacturaCompra = 21;
+constexpr int kBaseRetencion =
+    860000; // 27 UVT de 2017, compras (artículo 401 del Estatuto Tributario)
+constexpr int kIva = 1900, kReteCompras = 250, kReteicaVenta = 97, kReteicaCompra = 110,
+              kReteivaTarifa = 1500; // diezmilésimas
+constexpr int kCajaMaxima = 6000000, kFondoBanco = 8000000;
+constexpr int kRecientes = 25; // facturas más viejas entre las que se elige qué se paga
+
+Moneda parte(Moneda base, int diezmilesimas) {
+    return Moneda::porcentaje(base, Moneda::de_escalado(diezmilesimas, 2)).redondeada(0);
+}
+
+QString plazo(int ano, int mes, int dia, int dias) {
+    return QDate(ano, mes, qMin(dia, QDate(ano, mes, 1).daysInMonth()))
+        .addDays(dias)
+        .toString(QStringLiteral("yyyyMMdd"));
+}
+
+} // namespace
+
+AnoDemo::AnoDemo(Conexion& compania, CatalogosDemo catalogos, quint64 semilla, int ano)
+    : conexion_(compania), demo_(std::move(catalogos)), libro_(compania), azar_(semilla),
+      ano_(ano) {}
+
+QString AnoDemo::fecha(int mes, int dia) const {
+    return QStringLiteral("%1%2%3")
+        .arg(ano_)
+        .arg(mes, 2, 10, QLatin1Char('0'))
+        .arg(dia, 2, 10, QLatin1Char('0'));
+}
+
+AsientoDemo AnoDemo::asiento(const QString& tipo, const QString& concepto) const {
+    AsientoDemo a;
+    a.tipo = tipo;
+    a.concepto = concepto;
+    a.fecha = fecha(mes_, dia_);
+    return a;
+}
+
+RenglonDemo AnoDemo::de(const QString& nit) const {
+    RenglonDemo r;
+    r.nit = nit;
+    return r;
+}
+
+RenglonDemo AnoDemo::en(const CentroDemo& centro, const QString& nit) const {
+    RenglonDemo r = de(nit);
+    r.proyecto = centro.proyecto;
+    r.centro = centro.centro;
+    return r;
+}
+
+qint64 AnoDemo::veces(qint64 por_cien, qint64 milesimas) {
+    constexpr qint64 escala = 100 * 1000;
+    const qint64 total = por_cien * milesimas;
+    return total / escala + (azar_.entre(1, escala) <= total % escala ? 1 : 0);
+}
+
+void AnoDemo::abra() {
+    const int activos[][4] = {{152405, 36000000, 159215, 9600000},
+                              {152805, 28000000, 159220, 14200000},
+                              {154008, 96000000, 159235, 38400000}};
+    const char* const activos_nombre[] = {"MUEBLES", "COMPUTO", "CAMION"};
+    QVector<RenglonDemo> saldos;
+    const auto ponga = [&](const QString& cuenta, Moneda debito, const RenglonDemo& datos = {}) {
+        saldos.push_back(datos);
+        saldos.back().cuenta = cuenta;
+        (debito.negativa() ? saldos.back().credito : saldos.back().debito) = debito.absoluta();
+    };
+    caja_ = 3500000;
+    banco_ = 165000000;
+    ponga(kCaja, caja_);
+    ponga(kCorriente, banco_);
+    ponga(kAhorros, 48000000);
+    for (int i = 0; i < 12; ++i) {
+        const TerceroDemo& t = demo_.clientes[i];
+        Cartera c{QString::number(9001 + i).rightJustified(6, '0'), t.nit,    t.nombre,
+                  Moneda(int(azar_.entre(2, 24)) * 500000),         kFactura, kClientes};
+        RenglonDemo r = de(t.nit);
+        r.documento = c.numero;
+        r.tipo_documento = kFactura;
+        r.vence = plazo(ano_, 1, 5, i * 4);
+        ponga(kClientes, c.valor, r);
+        por_cobrar_.push_back(c);
+    }
+    for (const ArticuloDemo& a : demo_.articulos) {
+        existencias_ << Moneda(a.costo * int(azar_.entre(12000000, 30000000) / a.costo));
+        RenglonDemo r;
+        r.articulo = a.codigo;
+        ponga(kMercancias, existencias_.back(), r);
+    }
+    for (int i = 0; i < 3; ++i) {
+        RenglonDemo r;
+        r.articulo = QLatin1String(activos_nombre[i]);
+        ponga(QString::number(activos[i][0]), activos[i][1], r);
+        ponga(QString::number(activos[i][2]), -Moneda(activos[i][3]));
+        conexion_.ejecute(
+            QStringLiteral("insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing,"
+                           " acfj_mesdep, acfj_depniif, acfj_dep, acfj_activo, acfj_unidades,"
+                           " acfj_vrorig, acfj_ctaconta, acfj_ctadepc, acgr_id)"
+                           " values (?,?,?,?,?,'S','S','N',?,?,?,?)"),
+            {Valor(r.articulo), Valor(r.articulo), Valor(QDate(ano_ - 2, 3, 1)),
+             Valor(i == 0 ? 120 : 60), Valor(i == 0 ? 144 : 96), Valor(activos[i][1]),
+             Valor(QString::number(activos[i][0])), Valor(QString::number(activos[i][2])),
+             Valor(i + 1)});
+    }
+    for (int i = 0; i < 8; ++i) {
+        const TerceroDemo& t = demo_.proveedores[i];
+        Cartera c{QString::number(3301 + i).rightJustified(6, '0'), t.nit,          t.nombre,
+                  Moneda(int(azar_.entre(4, 22)) * 700000),         kFacturaCompra, kProveedores};
+        RenglonDemo r = de(t.nit);
+        r.documento = c.numero;
+        r.tipo_documento = kFacturaCompra;
+        r.vence = plazo(ano_, 1, 8, i * 5);
+        ponga(kProveedores, -c.valor, r);
+        por_pagar_.push_back(c);
+    }
+    retenciones_[kRetencionCompras] = 2140000;
+    for (auto i = retenciones_.begin(); i != retenciones_.end(); ++i)
+        ponga(i.key(), -i.value(), de(demo_.dian));
+    ponga(QStringLiteral("210510"), -Moneda(90000000), de(demo_.banco_corriente));
+    ponga(QStringLiteral("261005"), -Moneda(kCesantiasAnteriores));
+    ponga(QStringLiteral("310505"), -Moneda(400000000));
+    ponga(QStringLiteral("330505"), -Moneda(18500000));
+
+    for (const bool niif : {false, true}) {
+        // El libro NIIF midió el camión con otra vida útil; la diferencia va a lo acumulado.
+        if (niif)
+            for (RenglonDemo& r : saldos)
+                if (r.cuenta == QLatin1String("159235"))
+                    r.credito = 30200000;
+        Moneda diferencia;
+        for (const RenglonDemo& r : saldos)
+            diferencia += r.debito - r.credito;
+        QVector<RenglonDemo> filas = saldos;
+        RenglonDemo resultado;
+        resultado.cuenta = QStringLiteral("370505");
+        (diferencia.negativa() ? resultado.debito : resultado.credito) = diferencia.absoluta();
+        filas.push_back(resultado);
+        Transaccion t(conexion_, Transaccion::Modo::Escritura);
+        Preparada inserte(
+            conexion_, t,
+            QStringLiteral("insert into saldos_iniciales%1 (sain_item, cuen_cod, terc_nit,"
+                           " arti_cod, sain_debito, sain_credito, doco_numero, sain_tipodoc,"
+                           " doco_vence) values (?,?,?,?,?,?,?,?,?)")
+                .arg(QLatin1String(niif ? "_niif" : "")));
+        int item = 0;
+        for (const RenglonDemo& r : filas)
+            inserte.ejecute(t,
+                            {Valor(++item), Valor(r.cuenta), Valor(r.nit), Valor(r.articulo),
+                             Valor(r.debito), Valor(r.credito), Valor(r.documento),
+                             r.tipo_documento ? Valor(r.tipo_documento) : Valor(), Valor(r.vence)});
+        t.confirme();
+    }
+}
+
+void AnoDemo::mes(int mes, qint64 milesimas) {
+    mes_ = mes;
+    const int dias = QDate(ano_, mes, 1).daysInMonth();
+    for (dia_ = 1; dia_ <= dias; ++dia_) {
+        const bool domingo = QDate(ano_, mes, dia_).dayOfWeek() == Qt::Sunday;
+        if (!domingo)
+            dia(milesimas);
+        if (dia_ == 2)
+            for (const GastoDemo& g : demo_.gastos)
+                if (g.minimo == g.maximo)
+                    gaste(g);
+        if (dia_ == 5)
+            pague_credito();
+        if (dia_ == 10)
+            pague_aportes();
+        if (dia_ == 14 && mes == 2)
+            pague_cesantias();
+        if (dia_ == 15)
+            pague_nomina(1);
+        if (dia_ == 16)
+            pague_retenciones();
+        if (dia_ == 18 && mes % 2 == 1 && mes > 1)
+            pague_iva();
+        if (dia_ == 20 && mes % 6 == 0)
+            pague_prima();
+        if (dia_ == dias) {
+            pague_nomina(2);
+            deprecie();
+            cobre_banco();
+        }
+    }
+}
+
+void AnoDemo::dia(qint64 milesimas) {
+    for (qint64 i = veces(250, milesimas); i > 0; --i)
+        venda();
+    for (qint64 i = veces(5, milesimas); i > 0; --i)
+        devuelva();
+    for (qint64 i = veces(30, milesimas); i > 0; --i)
+        compre(int(azar_.entre(0, demo_.articulos.size() - 1)));
+    for (qint64 i = veces(60, milesimas); i > 0; --i)
+        if (const GastoDemo& g = azar_.elija(demo_.gastos); g.minimo < g.maximo)
+            gaste(g);
+    for (qint64 i = veces(160, milesimas); i > 0; --i)
+        recaude();
+    for (qint64 i = veces(82, milesimas); i > 0; --i)
+        pague();
+    if (caja_ > Moneda(kCajaMaxima))
+        consigne();
+}
+
+void AnoDemo::complete(qint64 renglones) {
+    mes_ = 12;
+    dia_ = 30;
+    while (libro_.renglones() < renglones)
+        venda();
+}
+
+void AnoDemo::venda() {
+    const TerceroDemo& cliente = azar_.elija(demo_.clientes);
+    const CentroDemo& centro = azar_.elija(demo_.centros_venta);
+    const bool contado = azar_.sale(cliente.juridica ? 15 : 70);
+    struct Item {
+        int articulo;
+        Moneda costo, precio;
+    };
+    QVector<Item> items;
+    Moneda base;
+    for (qint64 i = azar_.entre(1, 4); i > 0; --i) {
+        const int k = int(azar_.entre(0, demo_.articulos.size() - 1));
+        const ArticuloDemo& a = demo_.articulos[k];
+        const int unidades = int(azar_.entre(1, qMax(1, 900000 / a.costo)));
+        const int precio = a.costo * int(azar_.entre(160, 186)) / 100 / 100 * 100;
+        // Se repone antes de vender: la bodega nunca queda en rojo.
+        if (existencias_[k] < Moneda(a.costo * unidades))
+            compre(k);
+        items.push_back({k, Moneda(a.costo * unidades), Moneda(precio * unidades)});
+        existencias_[k] -= items.back().costo;
+        base += items.back().precio;
+    }
+    AsientoDemo a = asiento(QStringLiteral("FV"), QStringLiteral("Venta de mercancía"));
+    a.prefijo = contado ? QStringLiteral("0001") : QStringLiteral("0002");
+    a.nit = cliente.nit;
+    a.nombre = cliente.nombre;
+    const Moneda iva = parte(base, kIva);
+    Moneda total = base + iva;
+    RenglonDemo retenido = de(cliente.nit);
+    retenido.base = base;
+    if (!contado && cliente.retenedor && base >= Moneda(kBaseRetencion)) {
+        const Moneda fuente = parte(base, kReteCompras), ica = parte(base, kReteicaVenta);
+        retenido.porcentaje = Moneda::de_texto(QStringLiteral("2.5"));
+        a.debite(kRetefuente, fuente, retenido);
+        retenido.porcentaje = Moneda::de_texto(QStringLiteral("0.97"));
+        a.debite(kReteica, ica, retenido);
+        total -= fuente + ica;
+        if (cliente.contribuyente) {
+            const Moneda retenida = parte(iva, kReteivaTarifa);
+            retenido.base = iva;
+            retenido.porcentaje = 15;
+            a.debite(kReteiva, retenida, retenido);
+            reteiva_ += retenida;
+            total -= retenida;
+        }
+    }
+    if (contado) {
+        a.debite(kCaja, total);
+        caja_ += total;
+    } else {
+        const QString numero = libro_.proximo(a.tipo, a.prefijo);
+        RenglonDemo r = de(cliente.nit);
+        r.documento = numero;
+        r.tipo_documento = kFactura;
+        r.vence = plazo(ano_, mes_, dia_, 30);
+        a.debite(kClientes, total, r);
+        por_cobrar_.push_back({numero, cliente.nit, cliente.nombre, total, kFactura, kClientes});
+    }
+    for (const Item& i : items) {
+        const ArticuloDemo& art = demo_.articulos[i.articulo];
+        a.acredite(art.ingreso, i.precio, en(centro));
+        a.debite(art.costo_ventas, i.costo, en(centro));
+        RenglonDemo bodega;
+        bodega.articulo = art.codigo;
+        a.acredite(kMercancias, i.costo, bodega);
+        ventas_ += i.precio;
+        costos_ += i.costo;
+    }
+    a.acredite(kIvaGenerado, iva);
+    iva_generado_ += iva;
+    libro_.asiente(a);
+}
+
+void AnoDemo::devuelva() {
+    const TerceroDemo& cliente = azar_.elija(demo_.clientes);
+    const int k = int(azar_.entre(0, demo_.articulos.size() - 1));
+    const ArticuloDemo& art = demo_.articulos[k];
+    const CentroDemo& centro = azar_.elija(demo_.centros_venta);
+    const Moneda costo(art.costo), precio = Moneda(art.costo * 3 / 2), iva = parte(precio, kIva);
+    if (caja_ < precio + iva)
+        return;
+    AsientoDemo a = asiento(QStringLiteral("DV"), QStringLiteral("Devolución por garantía"));
+    a.nit = cliente.nit;
+    a.nombre = cliente.nombre;
+    a.debite(QStringLiteral("417505"), precio, en(centro));
+    a.debite(kIvaGenerado, iva);
+    a.acredite(kCaja, precio + iva);
+    RenglonDemo bodega;
+    bodega.articulo = art.codigo;
+    a.debite(kMercancias, costo, bodega);
+    a.acredite(art.costo_ventas, costo, en(centro));
+    caja_ -= precio + iva;
+    existencias_[k] += costo;
+    iva_generado_ -= iva;
+    ventas_ -= precio;
+    costos_ -= costo;
+    libro_.asiente(a);
+}
+
+Moneda AnoDemo::retenga(AsientoDemo& a, const QString& cuenta, Moneda base, int diezmilesimas,
+                        const QString& nit) {
+    RenglonDemo r = de(nit);
+    r.base = base;
+    r.porcentaje = Moneda::de_escalado(diezmilesimas, 2);
+    const Moneda valor = parte(base, diezmilesimas);
+    a.acredite(cuenta, valor, r);
+    retenciones_[cuenta] += valor;
+    return valor;
+}
+
+void AnoDemo::compre(int articulo) {
+    const TerceroDemo& proveedor = azar_.elija(demo_.proveedores);
+    AsientoDemo a = asiento(QStringLiteral("FC"), QStringLiteral("Compra de mercancía"));
+    a.nit = proveedor.nit;
+    a.nombre = proveedor.nombre;
+    Moneda base;
+    int k = articulo;
+    for (qint64 i = azar_.entre(1, 3); i > 0; --i) {
+        const ArticuloDemo& art = demo_.articulos[k];
+        const Moneda valor(art.costo * int(azar_.entre(2500000, 6500000) / art.costo));
+        RenglonDemo bodega;
+        bodega.articulo = art.codigo;
+        a.debite(kMercancias, valor, bodega);
+        existencias_[k] += valor;
+        base += valor;
+        k = int(azar_.entre(0, demo_.articulos.size() - 1));
+    }
+    const Moneda iva = parte(base, kIva);
+    a.debite(kIvaDescontable, iva);
+    iva_descontable_ += iva;
+    Moneda total = base + iva;
+    total -= retenga(a, kRetencionCompras, base, kReteCompras, proveedor.nit);
+    total -= retenga(a, kRetencionIca, base, kReteicaCompra, proveedor.nit);
+    RenglonDemo r = de(proveedor.nit);
+    r.documento = QString::number(++consecutivo_proveedor_).rightJustified(6, '0');
+    r.tipo_documento = kFacturaCompra;
+    r.vence = plazo(ano_, mes_, dia_, 45);
+    a.acredite(kProveedores, total, r);
+    por_pagar_.push_back(
+        {r.documento, proveedor.nit, proveedor.nombre, total, kFacturaCompra, kProveedores});
+    libro_.asiente(a);
+}
+
+void AnoDemo::gaste(const GastoDemo& g) {
+    const Moneda base(int(azar_.entre(g.minimo, g.maximo)) / 100 * 100);
+    AsientoDemo a = asiento(QStringLiteral("GA"), g.concepto);
+    a.nit = g.nit;
+    a.debite(g.cuenta, base, en(azar_.elija(demo_.centros_gasto), g.nit));
+    Moneda total = base;
+    if (g.iva > 0) {
+        const Moneda iva = parte(base, g.iva * 100);
+        a.debite(kIvaDescontable, iva);
+        iva_descontable_ += iva;
+        total += iva;
+    }
+    if (!g.retencion.isEmpty())
+        total -= retenga(a, g.retencion, base, g.tarifa, g.nit);
+    RenglonDemo r = de(g.nit);
+    r.documento = QString::number(++consecutivo_proveedor_).rightJustified(6, '0');
+    r.tipo_documento = kFacturaCompra;
+    a.acredite(g.por_pagar, total, r);
+    por_pagar_.push_back({r.documento, g.nit, g.concepto, total, kFacturaCompra, g.por_pagar});
+    gastos_ += base;
+    libro_.asiente(a);
+}
+
+void AnoDemo::recaude() {
+    if (por_cobrar_.empty())
+        return;
+    const auto cual =
+        por_cobrar_.begin() + azar_.entre(0, qMin<qint64>(kRecientes, por_cobrar_.size()) - 1);
+    const Cartera c = *cual;
+    por_cobrar_.erase(cual);
+    AsientoDemo a = asiento(QStringLiteral("RC"), QStringLiteral("Abono factura ") + c.numero);
+    a.nit = c.nit;
+    a.nombre = c.nombre;
+    a.debite(kCorriente, c.valor);
+    banco_ += c.valor;
+    RenglonDemo r = de(c.nit);
+    r.aplica = c.numero;
+    r.tipo_documento = c.tipo;
+    a.acredite(c.cuenta, c.valor, r);
+    libro_.asiente(a);
+}
+
+void AnoDemo::pague() {
+    if (por_pagar_.empty())
+        return;
+    const auto cual =
+        por_pagar_.begin() + azar_.entre(0, qMin<qint64>(kRecientes, por_pagar_.size()) - 1);
+    const Cartera c = *cual;
+    if (banco_ < c.valor + Moneda(kFondoBanco))
+        return;
+    por_pagar_.erase(cual);
+    AsientoDemo a = asiento(QStringLiteral("CE"), QStringLiteral("Pago factura ") + c.numero);
+    a.nit = c.nit;
+    a.nombre = c.nombre;
+    RenglonDemo r = de(c.nit);
+    r.aplica = c.numero;
+    r.tipo_documento = c.tipo;
+    a.debite(c.cuenta, c.valor, r);
+    del_banco(a, c.valor);
+    libro_.asiente(a);
+}
+
+void AnoDemo::consigne() {
+    const Moneda valor = (caja_ - Moneda(1000000)).redondeada(-3);
+    AsientoDemo a = asiento(QStringLiteral("CB"), QStringLiteral("Consignación de ventas"));
+    a.nit = demo_.banco_corriente;
+    a.debite(kCorriente, valor);
+    a.acredite(kCaja, valor);
+    caja_ -= valor;
+    banco_ += valor;
+    libro_.asiente(a);
+}
+
+void AnoDemo::del_banco(AsientoDemo& a, Moneda valor) {
+    a.acredite(kCorriente, valor);
+    banco_ -= valor;
+}

@@ -1,0 +1,76 @@
+#pragma once
+// El año de la compañía de demostración, día por día.
+#include "herramientas/azar.h"
+#include "herramientas/demo_catalogos.h"
+#include "herramientas/demo_libro.h"
+
+#include <deque>
+
+class AnoDemo {
+public:
+    AnoDemo(Conexion& compania, CatalogosDemo catalogos, quint64 semilla, int ano);
+
+    static constexpr int kCesantiasAnteriores = 9600000; ///< del año pasado, se pagan en febrero
+
+    /// Saldos con que arranca el año, cuadrados, en los dos libros.
+    void abra();
+    /// Movimiento de un mes (1 a 12). `milesimas` es el volumen: 1000 es el normal.
+    void mes(int mes, qint64 milesimas);
+    /// Más ventas en diciembre hasta llegar a `renglones`.
+    void complete(qint64 renglones);
+    /// Ajustes del periodo 13.
+    void ajuste();
+
+    LibroDemo& libro() { return libro_; }
+
+private:
+    struct Cartera {
+        QString numero, nit, nombre;
+        Moneda valor;
+        int tipo = 0;
+        QString cuenta;
+    };
+
+    QString fecha(int mes, int dia) const;
+    AsientoDemo asiento(const QString& tipo, const QString& concepto) const;
+    RenglonDemo de(const QString& nit) const;
+    RenglonDemo en(const CentroDemo& centro, const QString& nit = {}) const;
+
+    void dia(qint64 milesimas);
+    void venda();
+    void devuelva();
+    void compre(int articulo);
+    void gaste(const GastoDemo& gasto);
+    void recaude();
+    void pague();
+    void consigne();
+    void pague_nomina(int quincena);
+    void pague_aportes();
+    void pague_prima();
+    void pague_cesantias();
+    void deprecie();
+    void cobre_banco();
+    void pague_credito();
+    void pague_retenciones();
+    void pague_iva();
+    Moneda retenga(AsientoDemo& a, const QString& cuenta, Moneda base, int diezmilesimas,
+                   const QString& nit);
+    /// Cuántas veces ocurre hoy algo que normalmente pasa `por_cien` veces cada cien días.
+    qint64 veces(qint64 por_cien, qint64 milesimas);
+    void del_banco(AsientoDemo& a, Moneda valor);
+
+    Conexion& conexion_;
+    CatalogosDemo demo_;
+    LibroDemo libro_;
+    Azar azar_;
+    int ano_, mes_ = 1, dia_ = 1;
+    std::deque<Cartera> por_cobrar_, por_pagar_;
+    QVector<Moneda> existencias_;        ///< costo en bodega de cada artículo
+    QHash<QString, Moneda> retenciones_; ///< del mes, por cuenta
+    QHash<QString, Moneda> retenciones_anteriores_;
+    Moneda caja_, banco_, iva_generado_, iva_descontable_, reteiva_;
+    QHash<QString, Moneda> primas_; ///< provisionadas y sin pagar, por empleado
+    Moneda aportes_eps_, aportes_pension_, aportes_riesgos_, aportes_caja_;
+    Moneda ventas_, costos_, gastos_;
+    qint64 consecutivo_proveedor_ = 1000;
+};

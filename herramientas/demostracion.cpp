@@ -1,0 +1,47 @@
+#include "herramientas/demostracion.h"
+
+#include "herramientas/administracion.h"
+#include "herramientas/demo_ano.h"
+
+namespace {
+
+// Renglones que da el año normal, para convertir un volumen pedido en documentos por día.
+constexpr qint64 kRenglonesNormales = 14400;
+
+void registre_usuarios(Conexion& general, Conexion& compania, int ano) {
+    DatosUsuario admin{QStringLiteral("ADMIN"), QStringLiteral("Mónica Vélez Aristizábal"), true, 0,
+                       ano};
+    DatosUsuario auxiliar{QStringLiteral("AUXILIAR"), QStringLiteral("Carolina Suárez Peña"), false,
+                          0, ano};
+    for (const DatosUsuario& u : {admin, auxiliar}) {
+        registre_usuario_general(general, u);
+        registre_usuario_compania(compania, u);
+    }
+    otorgue(compania, auxiliar.codigo, kModuloContabilidad, opciones_contabilidad(), true);
+    otorgue(compania, auxiliar.codigo, kModuloContabilidad, opciones_negadas_demo(), false);
+}
+
+} // namespace
+
+QVector<int> opciones_negadas_demo() {
+    return {2, 12, 32, 42, 50, 60, 80, 90, 95, 96, 97, 98, 99, 140, 141, 142, 143, 144};
+}
+
+ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
+                                          const OpcionesDemostracion& opciones,
+                                          const std::function<void(const QString&)>& aviso) {
+    registre_usuarios(general, compania, opciones.ano);
+    AnoDemo ano(compania, siembre_catalogos(compania), opciones.semilla, opciones.ano);
+    ano.abra();
+    const qint64 milesimas = opciones.renglones > 0
+                                 ? qMax<qint64>(1, opciones.renglones * 1000 / kRenglonesNormales)
+                                 : 1000;
+    for (int mes = 1; mes <= 12; ++mes) {
+        ano.mes(mes, milesimas);
+        if (aviso)
+            aviso(QStringLiteral("mes %1: %2 renglones").arg(mes).arg(ano.libro().renglones()));
+    }
+    ano.complete(opciones.renglones);
+    ano.ajuste();
+    return {ano.libro().comprobantes(), ano.libro().renglones(), ano.libro().renglones_niif()};
+}

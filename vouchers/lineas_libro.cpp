@@ -1,0 +1,524 @@
+#include "vouchers/lineas_libro.h"
+
+#include "vouchers/pch.h"
+
+namespace {
+
+enum Columna {
+    kCuenta,
+    kTercero,
+    kProyecto,
+    kCentro,
+    kConcepto,
+    kCategoria,
+    kReferencia,
+    kBase,
+    kPorcentaje,
+    kDebito,
+    kCredito,
+    kDescontable
+};
+
+struct Titulo {
+    const char *campo, *titulo_2649, *titulo_niif;
+    int ancho;
+    unsigned opciones;
+    const char* formato;
+};
+
+const Titulo kColumnas[] = {
+    {"CUEN_COD", "Código", "Cuenta", 12, 0, ""},
+    {"TERC_NIT", "Tercero", "NIT", 14, 0, ""},
+    {"PROY_COD", "Proy", "Proy", 6, 0, ""},
+    {"CENT_COD", "Centro", "Centro", 7, 0, ""},
+    {"CODE_CONCEPTO", "Concepto", "Concepto", 30, 0, ""},
+    {"CONC_COD", "Categoría", "Categoria", 9, 0, ""},
+    {"CODE_REFER", "Ref.", "Referencia", 9, 0, ""},
+    {"CODE_BASE", "Base", "Base", 15, Suma, "#,###.00"},
+    {"CODE_PORC", "Porc.", "Porc.", 8, 0, "#,##0.####"},
+    {"CODE_DEBITO", "Débito", "Debito", 16, Suma, "#,###.00"},
+    {"CODE_CREDITO", "Crédito", "Crédito", 16, Suma, "#,###.00"},
+    {"CODE_DESCONTABLE", "Desc.", "Desc.", 6, Casilla, ""},
+};
+
+bool vacio_o_cero(const Campo& c) {
+    return c.vacio() || c.texto() == "0";
+}
+
+QLineEdit* nombre_de_lectura() {
+    auto* e = new QLineEdit;
+    e->setReadOnly(true);
+    e->setFocusPolicy(Qt::NoFocus);
+    return e;
+}
+
+} // namespace
+
+LineasLibro::LineasLibro(Libro l, AnfitrionLineas& anfitrion, ConjuntoDatos& d,
+                         ConjuntoDatos& consulta, MemoriasLinea& memorias,
+                         const AjustesLinea& ajustes, QObject* dueno)
+    : QObject(dueno), libro(l), detalle(d), anfitrion_(anfitrion), consulta_(consulta),
+      memorias_(memorias), ajustes_(ajustes) {}
+
+void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
+    d.entero("ENCO_CONSEC").requerido();
+    d.entero("CODE_ITEM").requerido();
+    d.texto("CUEN_COD", 20).requerido();
+    d.texto("CODE_CONCEPTO", 60);
+    d.texto("CODE_REFER", 8);
+    d.decimal("CODE_DEBITO").formato("#,###.00");
+    d.decimal("CODE_CREDITO").formato("#,###.00");
+    d.decimal("CODE_BASE").formato("#,###.00");
+    d.decimal("CODE_PORC", es_niif(libro) ? 4 : 2).formato("#,##0.####");
+    d.texto("TERC_NIT", 20);
+    d.texto("PROY_COD", 4);
+    d.texto("CENT_COD", 4);
+    d.texto("DOCO_VENCE", 8);
+    d.texto("ARTI_COD", 15);
+    d.entero("CODE_TIPOAPL");
+    d.entero("CODE_TIPONUE");
+    d.texto("CONC_COD", 4);
+    d.texto("CNDE_DOCNUMERO", 10);
+    d.texto("CNDE_DOCAPLICA", 10);
+    d.bandera("CODE_DESCONTABLE");
+    d.agregado("Sumadebito", "Sum(CODE_DEBITO)");
+    d.agregado("Sumacredito", "sum(CODE_CREDITO)");
+}
+
+// ---------------------------------------------------------------- disposición
+
+QWidget* LineasLibro::construya_pagina() {
+    auto* pagina = new QWidget;
+    pagina->setObjectName(es_niif(libro) ? "TabSheet2" : "TabSheet1");
+    const QString n = es_niif(libro) ? QStringLiteral("N") : QString();
+    rejilla = new Rejilla(pagina);
+    rejilla->setObjectName(es_niif(libro) ? "DBGridEh2" : "DBGridEh1");
+    QVector<DefinicionColumna> columnas;
+    for (const Titulo& t : kColumnas)
+        columnas.push_back({t.campo, es_niif(libro) ? t.titulo_niif : t.titulo_2649, t.ancho,
+                            t.opciones, t.formato});
+    rejilla->columnas(columnas);
+    rejilla->pie(true);
+    rejilla->enter_como_tab = true;
+    rejilla->texto_vacio = QStringLiteral("Sin líneas: digite el código de la cuenta, o F9 para "
+                                          "buscarla.");
+    rejilla->ate(&detalle);
+
+    const auto nombre = [&](QLineEdit*& e, const QString& componente) {
+        e = nombre_de_lectura();
+        e->setObjectName(componente);
+    };
+    const auto saldo = [&](EditorNumero*& e, const QString& componente) {
+        e = EditorNumero::de_saldo();
+        e->setObjectName(componente);
+    };
+    nombre(NomCuenta, "NomCuenta" + n);
+    nombre(NomTerc, "NomTerc" + n);
+    nombre(NomProy, "NomProy" + n);
+    nombre(NomCent, "NomCent" + n);
+    saldo(ESaldocta, es_niif(libro) ? "ESaldoCtaN" : "ESaldocta");
+    saldo(ESaldoter, "ESaldoter" + n);
+    saldo(ESaldocent, es_niif(libro) ? "EsaldocentN" : "ESaldocent");
+    saldo(Sumadeb, "Sumadeb" + n);
+    saldo(SumCred, es_niif(libro) ? "SumaCreN" : "SumCred");
+    saldo(Difdeb, es_niif(libro) ? "DifDebN" : "Difdeb");
+    saldo(DifCred, es_niif(libro) ? "DifCreN" : "DifCred");
+
+    Formulario f(pagina);
+    f.ancha(rejilla, 1);
+    f.fila(
+        {{"Cuenta", NomCuenta}, {"Saldo", ESaldocta}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
+    f.fila({{"Tercero", NomTerc},
+            {"Saldo", ESaldoter},
+            {"Dif. débito", Difdeb},
+            {"Dif. crédito", DifCred}});
+    f.fila({{"Proyecto", NomProy}, {"Saldo", ESaldocent}, {"Centro", NomCent}});
+    return pagina;
+}
+
+void LineasLibro::ate_eventos() {
+    campo("CUEN_COD").OnChange = [this](Campo&) { cuenta_cambiada(); };
+    campo("TERC_NIT").OnChange = [this](Campo&) { tercero_cambiado(); };
+    campo("PROY_COD").OnChange = [this](Campo&) { validar_centro(); };
+    campo("CENT_COD").OnChange = [this](Campo&) { centro_cambiado(); };
+    campo("CONC_COD").OnChange = [this](Campo&) { categoria_cambiada(); };
+    campo("ARTI_COD").OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
+    campo("CODE_BASE").OnChange = [this](Campo&) { base_cambiada(); };
+    campo("CODE_PORC").OnChange = [this](Campo&) { porcentaje_cambiado(); };
+    // Una línea lleva débito o crédito, no ambos.
+    campo("CODE_DEBITO").OnChange = [this](Campo& c) {
+        if (en_edicion() && !c.moneda().es_cero())
+            campo("CODE_CREDITO") = Moneda();
+        diferencia();
+    };
+    campo("CODE_CREDITO").OnChange = [this](Campo& c) {
+        if (en_edicion() && !c.moneda().es_cero())
+            campo("CODE_DEBITO") = Moneda();
+        diferencia();
+    };
+    detalle.BeforePost = [this] { BeforePost(); };
+    detalle.AfterPost = [this] { diferencia(); };
+    detalle.AfterDelete = [this] { diferencia(); };
+    detalle.AfterInsert = [this] { AfterInsert(); };
+    detalle.AfterScroll = [this] { AfterScroll(); };
+    rejilla->ColEnter = [this](int c) { ColEnter(c); };
+    rejilla->ColExit = [this](int c) { ColExit(c); };
+}
+
+// ---------------------------------------------------------------- consultas
+
+bool LineasLibro::en_edicion() const {
+    return detalle.editando();
+}
+
+void LineasLibro::consulte_cuenta(const char* columnas) {
+    consulta_.Open(QStringLiteral("select %1 from %2 where cuen_cod = ")
+                       .arg(QLatin1String(columnas), QLatin1String(datos(libro).cuentas)) +
+                   QuotedStr(cuenta()));
+}
+
+void LineasLibro::saldo(EditorNumero* caja, const char* procedimiento,
+                        const QStringList& argumentos) {
+    Sentencia& q = fdmcnt().QSaldo;
+    q.Open(QStringLiteral("Select * from %1%2(%3,%4,%5,'N')")
+               .arg(QLatin1String(procedimiento), QLatin1String(datos(libro).sufijo),
+                    argumentos.join(','), anfitrion_.ano_saldos())
+               .arg(anfitrion_.mes_saldos()));
+    caja->valor(q.Fields(0).moneda());
+    q.Close();
+}
+
+// ---------------------------------------------------------------- columnas
+
+void LineasLibro::ColEnter(int columna) {
+    if (cuenta().isEmpty())
+        return;
+    consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
+    if (columna == kTercero) {
+        rejilla->columna(kTercero).ReadOnly = consulta_.FieldByName("CUEN_TERCERO").texto() == "N";
+    } else if (columna == kProyecto || columna == kCentro) {
+        const bool sin_centro = consulta_.FieldByName("CUEN_CENTRO").texto() == "N";
+        rejilla->columna(kProyecto).ReadOnly = sin_centro;
+        rejilla->columna(kCentro).ReadOnly = sin_centro;
+    } else if (columna == kPorcentaje && ajustes_.inhabilita_porcentaje &&
+               consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
+        // Nada quita la marca: queda para las líneas que sigan.
+        rejilla->columna(kPorcentaje).ReadOnly = true;
+    }
+}
+
+void LineasLibro::ColExit(int columna) {
+    if (cuenta().isEmpty())
+        return;
+    consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION, CUEN_TIPO");
+    const QString pide_tercero = consulta_.FieldByName("CUEN_TERCERO").texto();
+    ConjuntoDatos& e = anfitrion_.encabezado();
+    switch (columna) {
+    case kCuenta:
+        anfitrion_.panel_de_clase(libro, consulta_.FieldByName("CUEN_TIPO").texto());
+        break;
+    case kTercero:
+        if (en_edicion() && pide_tercero == "S" && campo("TERC_NIT").vacio())
+            campo("TERC_NIT") = memorias_.tercero_anterior;
+        break;
+    case kConcepto:
+        if (!en_edicion())
+            break;
+        if (campo("CODE_CONCEPTO").vacio())
+            campo("CODE_CONCEPTO") = e.FieldByName("ENCO_CONCEPTO").texto();
+        else if (campo("CODE_CONCEPTO").texto() == "\"")
+            campo("CODE_CONCEPTO") = memorias_.concepto_anterior;
+        break;
+    case kReferencia:
+        if (en_edicion() && campo("CODE_REFER").vacio())
+            campo("CODE_REFER") = e.FieldByName("ENCO_REFER").texto();
+        break;
+    default:
+        if (campo("CODE_REFER").texto() == "\"")
+            campo("CODE_REFER") = memorias_.referencia_anterior;
+    }
+}
+
+// ---------------------------------------------------------------- cambios de campo
+
+void LineasLibro::cuenta_cambiada() {
+    const QString texto = cuenta();
+    if (texto.isEmpty())
+        return;
+    if (texto.startsWith('?')) {
+        fdmcnt().texto_busqueda = texto.mid(1);
+        pantallas().abrir(datos(libro).pantalla_cuentas);
+        return;
+    }
+    validar_cuenta();
+    if (!campo("TERC_NIT").vacio())
+        return;
+    consulte_cuenta("CUEN_TERCERO");
+    if (consulta_.Fields(0).texto() == "S")
+        campo("TERC_NIT") = memorias_.tercero_anterior;
+}
+
+void LineasLibro::validar_cuenta() {
+    const QString texto = cuenta();
+    if (texto.isEmpty())
+        return;
+    if (!fdmcnt().valide_cuenta(texto, libro)) {
+        if (en_edicion())
+            campo("CUEN_COD").limpie();
+        return;
+    }
+    NomCuenta->setText(fdmcnt().nom_cuenta(texto, libro));
+    if (ajustes_.mostrar_saldo)
+        saldo(ESaldocta, "saldo_cuenta_mes", {QuotedStr(texto)});
+}
+
+void LineasLibro::tercero_cambiado() {
+    const QString nit = campo("TERC_NIT").texto();
+    if (nit.startsWith('?')) {
+        fdmcnt().texto_busqueda = nit.mid(1);
+        pantallas().abrir("Tfterceros");
+        return;
+    }
+    validar_tercero();
+}
+
+void LineasLibro::validar_tercero() {
+    const QString nit = campo("TERC_NIT").texto();
+    if (nit.isEmpty())
+        return;
+    const QString nombre = fdmter().nom_tercero(nit);
+    NomTerc->setText(nombre);
+    if (nombre.isEmpty()) {
+        if (pregunte("Tercero no encontrado. Desea crearlo?")) {
+            fdmter().tercero_seleccion = nit;
+            pantallas().abrir("Tfnvotercero");
+        } else if (en_edicion()) {
+            campo("TERC_NIT").limpie();
+        }
+    } else if (ajustes_.mostrar_saldo) {
+        saldo(ESaldoter, "saldo_tercero_mes", {QuotedStr(cuenta()), QuotedStr(nit)});
+    }
+}
+
+void LineasLibro::centro_cambiado() {
+    if (campo("CENT_COD").texto().startsWith('?')) {
+        pantallas().abrir("Tfcentros");
+        return;
+    }
+    validar_centro();
+}
+
+void LineasLibro::validar_centro() {
+    const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
+    if (proyecto.isEmpty() || centro.isEmpty())
+        return;
+    NomProy->setText(fdmcnt().nom_centro(proyecto));
+    if (es_niif(libro) && ajustes_.filtra_centros && fdm().sucursal_usuario != 0) {
+        // Sin paréntesis: el OR queda como está escrito y gana cualquier centro general.
+        consulta_.Open("select cent_nom from centros where (SUCU_ID = 0) OR (SUCU_ID = " +
+                       QString::number(fdm().sucursal_usuario) + ") and proy_cod = " +
+                       QuotedStr(proyecto) + " and cent_cod = " + QuotedStr(centro));
+        NomCent->setText(consulta_.Fields(0).texto());
+    } else {
+        NomCent->setText(fdmcnt().nom_subcentro(proyecto, centro));
+    }
+    if (!fdmcnt().valide_centro(proyecto, centro)) {
+        if (en_edicion())
+            campo("CENT_COD").limpie();
+    } else if (ajustes_.mostrar_saldo) {
+        saldo(ESaldocent, "saldo_centro_mes",
+              {QuotedStr(cuenta()), QuotedStr(proyecto), QuotedStr(centro)});
+    }
+}
+
+void LineasLibro::categoria_cambiada() {
+    const QString codigo = campo("CONC_COD").texto();
+    if (codigo.isEmpty())
+        return;
+    consulta_.Open("SELECT CONC_NOMBRE FROM CONCEPTO_CONTABLE WHERE CONC_COD = " +
+                   QuotedStr(codigo));
+    if (!consulta_.IsEmpty())
+        return;
+    muestre_mensaje(datos(libro).categoria_inexistente);
+    campo("CONC_COD").limpie();
+}
+
+void LineasLibro::base_cambiada() {
+    if (!en_edicion() || cuenta().isEmpty())
+        return;
+    consulte_cuenta("CUEN_BASEMIN, CUEN_PORC");
+    const Moneda minimo = consulta_.Fields(0).moneda();
+    if (vacio_o_cero(campo("CODE_PORC")) && minimo <= campo("CODE_BASE").moneda().absoluta() &&
+        !consulta_.IsEmpty())
+        campo("CODE_PORC") = consulta_.Fields(1).moneda();
+    aplique_porcentaje();
+}
+
+void LineasLibro::porcentaje_cambiado() {
+    if (en_edicion())
+        aplique_porcentaje();
+}
+
+void LineasLibro::aplique_porcentaje() {
+    const Moneda base = campo("CODE_BASE").moneda(), porcentaje = campo("CODE_PORC").moneda();
+    if (base.es_cero() || porcentaje <= Moneda())
+        return;
+    const Moneda valor =
+        Moneda::porcentaje_redondeado(base.absoluta(), porcentaje, ajustes_.digito_redondeo);
+    // El signo de la base escoge el lado de la retención.
+    if (base.negativa()) {
+        campo("CODE_DEBITO") = Moneda();
+        campo("CODE_CREDITO") = valor;
+    } else {
+        campo("CODE_DEBITO") = valor;
+        campo("CODE_CREDITO") = Moneda();
+    }
+}
+
+// ---------------------------------------------------------------- la línea
+
+void LineasLibro::AfterInsert() {
+    campo("CODE_ITEM") = ++item;
+    campo("CODE_DESCONTABLE") = anfitrion_.encabezado().FieldByName("ENCO_DESCONTABLE").texto();
+    NomCuenta->clear();
+    NomTerc->clear();
+    if (es_niif(libro)) {
+        NomProy->clear();
+        NomCent->clear();
+    }
+}
+
+void LineasLibro::BeforePost() {
+    if (cuenta().isEmpty()) {
+        detalle.Cancel();
+        throw EdicionAbortada();
+    }
+    MemoriasLinea& m = es_niif(libro) ? propias_ : memorias_;
+    m.concepto_anterior = campo("CODE_CONCEPTO").texto();
+    m.referencia_anterior = campo("CODE_REFER").texto();
+    if (siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio())
+        m.tercero_anterior = campo("TERC_NIT").texto();
+    consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
+    const auto rehuse = [](const char* texto) {
+        muestre_mensaje(texto);
+        throw EdicionAbortada();
+    };
+    const bool sin_tercero = campo("TERC_NIT").vacio();
+    if (consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
+        if (sin_tercero)
+            rehuse("Debe indicar un NIT para el movimiento.");
+        if (vacio_o_cero(campo("CODE_BASE")))
+            rehuse("Debe indicar una base para el movimiento.");
+        if (vacio_o_cero(campo("CODE_PORC")))
+            rehuse("Debe indicar un porcentaje para el movimiento.");
+    }
+    if (consulta_.FieldByName("CUEN_TERCERO").texto() == "S" && sin_tercero)
+        rehuse("Debe indicar un NIT para el movimiento.");
+    if (consulta_.FieldByName("CUEN_CENTRO").texto() == "S" &&
+        (campo("PROY_COD").vacio() || campo("CENT_COD").vacio()))
+        rehuse("Debe indicar un Proyecto-Centro para el movimiento.");
+}
+
+void LineasLibro::AfterScroll() {
+    if (!anfitrion_.encabezado_posteado())
+        return;
+    if (cuenta().isEmpty()) {
+        NomCuenta->clear();
+    } else {
+        detalle.Edit();
+        validar_cuenta();
+    }
+    if (campo("TERC_NIT").vacio())
+        NomTerc->clear();
+    else
+        validar_tercero();
+    if (campo("PROY_COD").vacio() || campo("CENT_COD").vacio()) {
+        NomProy->clear();
+        NomCent->clear();
+    } else {
+        validar_centro();
+    }
+    actualice_sumas();
+}
+
+void LineasLibro::actualice_sumas() {
+    if (detalle.IsEmpty())
+        return;
+    Sumadeb->valor(detalle.agregado("Sumadebito").moneda());
+    SumCred->valor(detalle.agregado("Sumacredito").moneda());
+    diferencia();
+}
+
+void LineasLibro::diferencia() {
+    if (!detalle.Active() || detalle.IsEmpty())
+        return;
+    const Moneda d =
+        detalle.agregado("Sumadebito").moneda() - detalle.agregado("Sumacredito").moneda();
+    if (d > Moneda()) {
+        Difdeb->valor(d);
+        DifCred->vacie();
+    } else {
+        DifCred->valor(d.absoluta());
+        Difdeb->vacie();
+    }
+}
+
+void LineasLibro::vacie_nombres() {
+    for (QLineEdit* e : {NomCuenta, NomTerc, NomProy, NomCent})
+        e->clear();
+}
+
+void LineasLibro::vacie_diferencias() {
+    Difdeb->vacie();
+    DifCred->vacie();
+}
+
+void LineasLibro::termine_linea() {
+    if (!detalle.editando())
+        return;
+    rejilla->escriba_pendiente();
+    if (cuenta().isEmpty())
+        detalle.Cancel();
+    else
+        detalle.Post();
+}
+
+bool LineasLibro::cuadrado() const {
+    const auto texto = [](const Valor& v) { return v.nulo() ? QStringLiteral("0") : v.texto(); };
+    if (ajustes_.permite_descuadre ||
+        texto(detalle.agregado("Sumadebito")) == texto(detalle.agregado("Sumacredito")))
+        return true;
+    muestre_mensaje(datos(libro).descuadrado);
+    return false;
+}
+
+void LineasLibro::sugiera_db_cr() {
+    rejilla->escriba_pendiente();
+    for (const char* lado : {"CODE_DEBITO", "CODE_CREDITO"})
+        if (!vacio_o_cero(campo(lado)))
+            return;
+    detalle.Edit();
+    const Moneda d =
+        detalle.agregado("Sumadebito").moneda() - detalle.agregado("Sumacredito").moneda();
+    if (d <= Moneda()) {
+        campo("CODE_DEBITO") = -d;
+        campo("CODE_CREDITO") = Moneda();
+    } else {
+        campo("CODE_DEBITO") = Moneda();
+        campo("CODE_CREDITO") = d;
+    }
+}
+
+void LineasLibro::prepare_recepcion() {
+    if (detalle.editando())
+        return;
+    if (cuenta().isEmpty())
+        detalle.Insert();
+    else
+        detalle.Edit();
+}
+
+void LineasLibro::reciba(const QString& nombre, const QString& valor) {
+    prepare_recepcion();
+    detalle.FieldByName(nombre) = valor;
+}

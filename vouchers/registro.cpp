@@ -1,0 +1,10 @@
+#include "vouchers/registro.h"
+
+#include "toolkit/pantalla.h"
+#include "vouchers/tfedtmovimien.h"
+#include "vouchers/tfmovimien.h"
+
+void registre_pantallas_comprobantes() {
+    pantallas().registre("Tfmovimien", [] { return new Tfmovimien; });
+    pantallas().registre("Tfedtmovimien", [] { return new Tfedtmovimien; });
+}

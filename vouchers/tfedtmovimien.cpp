@@ -1,0 +1,368 @@
+#include "vouchers/tfedtmovimien.h"
+
+#include "vouchers/copia_plantilla.h"
+#include "vouchers/impresion_pendiente.h"
+#include "vouchers/pch.h"
+
+#include <QMenu>
+
+namespace {
+constexpr const char* kGrabar = "F2:Grabar";
+constexpr const char* kImprime = "F2:Imprime";
+} // namespace
+
+Tfedtmovimien::Tfedtmovimien()
+    : PantallaComprobante("Tfedtmovimien", "Editar comprobantes contables"),
+      PMaxitem(this, "PMaxitem", &fdm().QBorrar, poAllowCommandText),
+      PAudit(this, "PAudit", &fdm().QAudit, poAllowCommandText),
+      PTidocart(this, "PTidocart", &fdm().TTipodoc),
+      PPlantilla(this, "PPlantilla", &fdmcnt().TPlantilla), CMaxitem(this, "CMaxitem", &PMaxitem),
+      CAudit(this, "CAudit", &PAudit), CPrefijos(this, "CPrefijos"),
+      CTidocart(this, "CTidocart", &PTidocart), CPlantilla(this, "CPlantilla", &PPlantilla),
+      CPlantilladet(this, "CPlantilladet") {
+    CMovimiento.interno("PrefRef", ClaseCampo::Texto, 4);
+    CMovimiento.interno("NumRef", ClaseCampo::Texto, 8);
+    CMovimiento.AfterEdit = [this] { CMovimientoAfterEdit(); };
+    CMovimiento.BeforePost = [this] {
+        memorias.tercero_anterior = CMovimiento.FieldByName("TERC_NIT").texto();
+    };
+    CMaxitem.entero("ITEM");
+    CAudit.texto("AUDIT", 35);
+    CPrefijos.anide_en(&CTipodoc, &fdm().TPrefconta);
+    CTidocart.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
+    CPlantilladet.anide_en(&CPlantilla, &fdmcnt().TPlantilladetalle);
+    lineas_2649->siempre_recuerda_tercero = true;
+
+    EPref = new EditorDato(&CMovimiento, "PRCO_PREF");
+    EPref->setObjectName("EPref");
+    EPref->ReadOnly(true);
+    construya(EPref);
+    Etidocart->lista_de(&CTidocart, "TIDO_COD", "TIDO_NOMLARGO");
+    LTipo->ReadOnly(true);
+    LTipo->setEnabled(false);
+    ENumero->ReadOnly(true);
+    EDia->setEnabled(false);
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        l->rejilla->orden_local = true;
+        QMenu* menu = l->rejilla->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar,
+                                                  Rejilla::Borrar, Rejilla::SeleccionarTodo,
+                                                  Rejilla::VistaPreliminar, Rejilla::Guardar});
+        menu->addSeparator();
+        QAction* replicar = menu->addAction("Replicar a NIIF");
+        replicar->setObjectName("ReplicaraNIIF1");
+        connect(replicar, &QAction::triggered, this,
+                [this] { proteja([this] { ReplicaraNIIF1Click(); }); });
+    }
+
+    declare_teclas_comunes();
+    auto* barra = findChild<BarraBotones*>("barra");
+    SBBorrar =
+        barra->boton("SBBorrar", "F3:Borrar", "edit-delete", {}, [this] { SBBorrarClick(); });
+    tecla(Qt::Key_F9, "Tfcuentas", [] { pantallas().abrir("Tfcuentas"); });
+    tecla(Qt::Key_F11, "oculta columnas", [this] { muestre_columnas(false); });
+    tecla(Qt::Key_F12, "muestra columnas", [this] { muestre_columnas(true); });
+
+    Edit1 = new QLineEdit;
+    Edit3 = new QLineEdit;
+    LabAudit = new QLabel;
+    Edit1->setObjectName("Edit1");
+    Edit3->setObjectName("Edit3");
+    LabAudit->setObjectName("LabAudit");
+    const int letra = fontMetrics().averageCharWidth();
+    for (QLineEdit* e : {Edit1, Edit3}) {
+        e->setReadOnly(true);
+        e->setFocusPolicy(Qt::NoFocus);
+        e->setMinimumWidth(letra * 40);
+    }
+    Edit1->setAccessibleName("Origen del comprobante");
+    Edit3->setAccessibleName("Último cambio NIIF");
+    barra->separe();
+    barra->agregue(Edit1);
+    barra->agregue(LabAudit);
+    barra->agregue(Edit3);
+}
+
+// ---------------------------------------------------------------- creación
+
+void Tfedtmovimien::FormCreate() {
+    tipo_anterior.clear();
+    libre_2649 = libre_niif = true;
+    const QSize area = area_principal();
+    tamano(area.width() - 60, area.height() - 40);
+    fdm().ConfigurarProviders(this);
+    const QSignalBlocker callada(PageControl1); // escoger la página inicial no graba nada
+    lea_configuracion(Orden::Editar);
+    CTipodoc.Open();
+    CTidocart.Open();
+    CTidocartera.Open();
+    const QString id = fdmcnt().comprobante_encontrado;
+    lineas_2649->item = maximo_item(Libro::Decreto2649, id);
+    lineas_niif->item = maximo_item(Libro::Niif, id);
+    CCategoria.Open();
+    muestre_auditoria(1, id, [this](const QString& t) { LabAudit->setText(t); });
+    muestre_auditoria(1001, id, [this](const QString& t) { Edit3->setText(t); });
+    llene_categorias(lineas_2649->rejilla);
+    llene_categorias(lineas_niif->rejilla);
+    CMovimiento.FetchParams();
+    CMovimiento.Params["ID"] = id;
+    CMovimiento.Open();
+    fdmcnt().comprobante_encontrado.clear();
+    if (CMovimiento.IsEmpty()) {
+        muestre_mensaje("No se encontró el comprobante solicitado.");
+        pida_cierre_al_crear();
+        return;
+    }
+    CMovimiento.Edit();
+    muestre_origen();
+    muestre_fecha();
+    encabezado_posteado_ = true;
+    lineas_2649->actualice_sumas();
+    lineas_niif->actualice_sumas();
+    if (!fdm().acceso_editacomproba(fdm().usuario, "CONTABILIDAD", 30))
+        SBGrabar->setEnabled(false);
+}
+
+int Tfedtmovimien::maximo_item(Libro libro, const QString& id) {
+    CMaxitem.Open(QStringLiteral("select max(code_item) item from %1 where enco_consec = ")
+                      .arg(QLatin1String(datos(libro).detalle)) +
+                  (id.isEmpty() ? QStringLiteral("0") : id));
+    return int(CMaxitem.FieldByName("ITEM").entero());
+}
+
+void Tfedtmovimien::muestre_auditoria(int tipo, const QString& id,
+                                      const std::function<void(QString)>& donde) {
+    CAudit.Open(Tfdm::sql_auditoria(tipo, "audi_iddoc", id.isEmpty() ? QStringLiteral("0") : id));
+    donde("Modificado: " + CAudit.FieldByName("AUDIT").texto());
+}
+
+void Tfedtmovimien::muestre_origen() {
+    QString texto = "Id:" + CMovimiento.FieldByName("ENCO_CONSEC").texto();
+    const qint64 tipo = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
+    const qint64 origen = CMovimiento.FieldByName("ENCO_IDREF").entero();
+    if (tipo != 0 && tipo != 58 && tipo != 59 && origen != 0) {
+        fdm().numero_documento(int(tipo), origen, CMovimiento.FieldByName("PrefRef"),
+                               CMovimiento.FieldByName("NumRef"));
+        CBorrar.Open("select tido_nomcorto from tipo_documento where tido_cod = " +
+                     QString::number(tipo));
+        texto += " Original:" + CBorrar.Fields(0).texto() + ' ' +
+                 CMovimiento.FieldByName("PrefRef").texto() +
+                 CMovimiento.FieldByName("NumRef").texto();
+    }
+    Edit1->setText(texto);
+}
+
+void Tfedtmovimien::muestre_fecha() {
+    const QString fecha = CMovimiento.FieldByName("ENCO_FECHA").texto();
+    anio_voucher = fecha.left(4);
+    mes_voucher = fecha.mid(4, 2).toInt() - 1;
+    EAno->setText(anio_voucher);
+    EMes->setText(Tfdm::nombres_periodo().value(mes_voucher));
+    EDia->setText(fecha.right(2));
+}
+
+void Tfedtmovimien::CMovimientoAfterEdit() {
+    CMovimiento.FieldByName("ENCO_USUARIO") = fdm().usuario;
+    const QString fecha = CMovimiento.FieldByName("ENCO_FECHA").texto();
+    if (fecha < fdm().configuracion("CONTABILIDAD", "GENERAL", "FECHA DE BLOQUEO")) {
+        lineas_2649->rejilla->ReadOnly = true;
+        libre_2649 = false;
+    }
+    if (fecha < fdm().configuracion("CONTABILIDAD", "GENERAL", "FECHA DE BLOQUEO NIIF")) {
+        lineas_niif->rejilla->ReadOnly = true;
+        libre_niif = false;
+    }
+    if (!libre_2649 && !libre_niif)
+        SBGrabar->setText(kImprime);
+    // La rejilla NIIF de un comprobante ajeno se queda como estaba.
+    if (!fdm().configurado_si("COMPROBANTES",
+                              "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS") &&
+        CMovimiento.FieldByName("ENCO_TIPOREF").entero() != 0) {
+        lineas_2649->rejilla->ReadOnly = true;
+        SBGrabar->setText(kImprime);
+    }
+    memorias.tercero_anterior = CMovimiento.FieldByName("TERC_NIT").texto();
+}
+
+void Tfedtmovimien::FormActivate() {
+    if (ajustes.mostrar_saldo && CTipodoc.Active())
+        CTipodoc.Refresh();
+    atienda_selecciones(true);
+    traiga_plantilla();
+}
+
+// ---------------------------------------------------------------- grabar e imprimir
+
+void Tfedtmovimien::SBGrabarClick() {
+    if (SBGrabar->text() != kGrabar) {
+        fdmcnt().comprobante_encontrado = CMovimiento.FieldByName("ENCO_CONSEC").texto();
+        imprima_comprobante();
+        close();
+        return;
+    }
+    lineas_2649->termine_linea();
+    lineas_niif->termine_linea();
+    bool rehusado = false;
+    for (LineasLibro* l : {lineas_2649, lineas_niif})
+        if (!l->detalle.IsEmpty() && !l->cuadrado())
+            rehusado = true;
+    if (rehusado)
+        return;
+    grabando = true;
+    try {
+        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+        CMovimiento.Edit();
+        // Un blanco que va y viene: el encabezado viaja siempre, aunque solo cambien líneas.
+        Campo& concepto = CMovimiento.FieldByName("ENCO_CONCEPTO");
+        QString texto = concepto.texto();
+        if (texto.endsWith(' '))
+            texto.chop(1);
+        else
+            texto += ' ';
+        concepto = texto;
+        CMovimiento.Post();
+        if (CMovimiento.ApplyUpdates(0) == 0) {
+            fdmcnt().comprobante_encontrado = CMovimiento.FieldByName("ENCO_CONSEC").texto();
+            imprima_comprobante();
+            close();
+        } else {
+            CMovimiento.Edit();
+        }
+    } catch (...) {
+        grabando = false;
+        throw;
+    }
+    grabando = false;
+}
+
+void Tfedtmovimien::TabSheet2Enter() {
+    lineas_niif->rejilla->setFocus();
+    lineas_2649->termine_linea();
+    if (CDetalle.IsEmpty())
+        return;
+    if (!lineas_2649->cuadrado()) {
+        CDetalle.Edit();
+        return;
+    }
+    tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+    tome_id();
+    if (CMovimiento.ApplyUpdates(0) == 0)
+        CMovimiento.Refresh();
+    CMovimiento.Edit();
+}
+
+void Tfedtmovimien::TabSheet2Exit() {
+    lineas_2649->rejilla->setFocus();
+    lineas_niif->termine_linea();
+    if (Cdetniif.IsEmpty())
+        return;
+    if (!lineas_niif->cuadrado()) {
+        Cdetniif.Edit();
+        return;
+    }
+    tome_id();
+    CMovimiento.ApplyUpdates(0);
+    CMovimiento.Edit();
+}
+
+// ---------------------------------------------------------------- órdenes
+
+void Tfedtmovimien::pegue(Rejilla& rejilla) {
+    rejilla.pegue();
+}
+
+void Tfedtmovimien::muestre_columnas(bool visibles) {
+    for (int columna : {11, 12})
+        lineas_2649->rejilla->columna(columna).Visible = visibles;
+}
+
+void Tfedtmovimien::borre_desde_la_actual(ConjuntoDatos& lineas) {
+    lineas.Cancel();
+    int quedan = lineas.RecordCount() - qMax(lineas.RecNo(), 0);
+    while (quedan-- > 0)
+        lineas.Delete();
+}
+
+void Tfedtmovimien::ReplicaraNIIF1Click() {
+    if (CMovimiento.FieldByName("ENCO_REPNIIF").texto() != "S") {
+        muestre_mensaje(
+            "El comprobante debe tener el check de replicar a NIIF antes de usar esta opción.");
+        return;
+    }
+    if (!pregunte("Esta seguro de descartar la información de NIIF y reemplazarla por la "
+                  "equivalencia?"))
+        return;
+    lineas_2649->termine_linea();
+    borre_desde_la_actual(Cdetniif);
+    static const char* const campos[] = {
+        "CODE_CONCEPTO", "TERC_NIT",  "PROY_COD",    "CENT_COD",     "CODE_REFER",
+        "CODE_BASE",     "CODE_PORC", "CODE_DEBITO", "CODE_CREDITO", "CODE_DESCONTABLE"};
+    for (CDetalle.First(); !CDetalle.Eof(); CDetalle.Next()) {
+        Cdetniif.Append();
+        const QString cuenta = CDetalle.FieldByName("CUEN_COD").texto();
+        CBorrar.Open("SELECT CUEN_EQNIIF FROM CUENTAS WHERE CUEN_COD = " + QuotedStr(cuenta));
+        Cdetniif.FieldByName("CUEN_COD") = CBorrar.Fields(0).texto();
+        for (const char* campo : campos)
+            Cdetniif.FieldByName(campo) = CDetalle.FieldByName(campo).valor();
+        try {
+            Cdetniif.Post();
+        } catch (const EdicionAbortada&) {
+            // Sin cuenta equivalente la línea se fue sola; con un dato faltante ya se dijo cuál.
+            Cdetniif.Cancel();
+        }
+    }
+    lineas_niif->actualice_sumas();
+}
+
+void Tfedtmovimien::SBBorrarClick() {
+    if (!fdm().exija_acceso(32)) {
+        close();
+        return;
+    }
+    const Campo& origen = CMovimiento.FieldByName("ENCO_TIPOREF");
+    if (origen.entero() != 0) {
+        CBorrar.Open("select tido_nomlargo from tipo_documento where tido_cod = " + origen.texto());
+        muestre_mensaje("Debe utilizar la opcion " + CBorrar.Fields(0).texto() +
+                        " para borrar el comprobante");
+        return;
+    }
+    const auto t = [this](const char* c) { return CMovimiento.FieldByName(c).texto(); };
+    if (!pregunte("Desea borrar definitivamente el comprobante " + t("TICO_COD") + ' ' +
+                  t("PRCO_PREF") + ' ' + t("ENCO_NUMERO") + '?'))
+        return;
+    const QString id = t("ENCO_CONSEC");
+    CBorrar.Execute("delete from comprobante_detalle where enco_consec = " + id);
+    CBorrar.Execute("delete from comprobante_detalle_niif where enco_consec = " + id);
+    CBorrar.Execute("update comprobante_encabezado set enco_usuario = " + QuotedStr(fdm().usuario) +
+                    " where enco_consec = " + QString::number(comprobante_borrado));
+    CBorrar.Execute("delete from comprobante_encabezado where enco_consec = " + id);
+    close();
+}
+
+void Tfedtmovimien::traiga_plantilla() {
+    if (fdmcnt().plantilla_seleccion.isEmpty())
+        return;
+    if (CDetalle.IsEmpty() ||
+        pregunte("Al traer la plantilla perderá los movimientos digitados en el "
+                 "comprobante, Continuar?")) {
+        if (!CDetalle.IsEmpty())
+            borre_desde_la_actual(CDetalle); // las líneas de arriba se quedan
+        CPlantilla.Close();
+        CPlantilla.Open();
+        CPlantilla.Locate("plan_id", {fdmcnt().plantilla_seleccion.toInt()});
+        copie_lineas_plantilla(CPlantilladet, CDetalle,
+                               CMovimiento.FieldByName("ENCO_CONSEC").valor(),
+                               CMovimiento.FieldByName("ENCO_CONCEPTO").texto());
+        CPlantilla.Close();
+    }
+    fdmcnt().plantilla_seleccion.clear();
+}
+
+void Tfedtmovimien::SBCancelClick() {
+    // El usuario de la fila lo pone la pantalla: no es un cambio que se pueda perder.
+    const bool pendiente = CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
+                           Cdetniif.cambiada() || CMovimiento.cambiada({"ENCO_USUARIO"});
+    if (pendiente && !salida_confirmada())
+        return;
+    CMovimiento.CancelUpdates();
+    close();
+}

@@ -1,0 +1,51 @@
+#pragma once
+// "Editar comprobantes contables": un comprobante guardado, para corregir, imprimir o borrar.
+//
+// Decide qué se puede cambiar todavía: las fechas de bloqueo de cada libro, los comprobantes de
+// otros módulos y los derechos del usuario. Las reglas de las líneas son las de digitar.
+#include "vouchers/pantalla_comprobante.h"
+
+class Tfedtmovimien : public PantallaComprobante {
+    Q_OBJECT
+public:
+    Tfedtmovimien();
+
+    Proveedor PMaxitem, PAudit, PTidocart, PPlantilla;
+    ConjuntoDatos CMaxitem, CAudit, CPrefijos, CTidocart, CPlantilla, CPlantilladet;
+    EditorDato* EPref;
+    QLineEdit *Edit1, *Edit3;
+    QLabel* LabAudit;
+    QPushButton* SBBorrar = nullptr;
+
+    void FormCreate() override;
+    void FormActivate() override;
+
+    QString ano_saldos() const override { return anio_voucher; }
+    int mes_saldos() const override { return mes_voucher + 1; }
+
+    bool libre_2649 = true, libre_niif = true;
+
+protected:
+    QString nombre_exportacion() const override { return "EdCompCont"; }
+    void pegue(Rejilla& rejilla) override;
+    void SBGrabarClick() override;
+    void SBCancelClick() override;
+    void TabSheet2Enter() override;
+    void TabSheet2Exit() override;
+
+private:
+    void CMovimientoAfterEdit();
+    void SBBorrarClick();
+    void ReplicaraNIIF1Click();
+    void muestre_columnas(bool visibles);
+    void muestre_auditoria(int tipo, const QString& id, const std::function<void(QString)>& donde);
+    int maximo_item(Libro libro, const QString& id);
+    void muestre_origen();
+    void muestre_fecha();
+    void traiga_plantilla();
+    void borre_desde_la_actual(ConjuntoDatos& lineas);
+
+    QString anio_voucher;
+    int mes_voucher = 0;
+    int comprobante_borrado = 0; ///< nadie lo asigna: el update previo al borrado nombra el 0
+};

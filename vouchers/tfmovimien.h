@@ -1,0 +1,48 @@
+#pragma once
+// "Comprobantes contables": digitación de comprobantes nuevos, uno tras otro, en el período de la
+// sesión. El usuario teclea el día, el concepto y las líneas; el año y el mes son los de la sesión.
+#include "vouchers/pantalla_comprobante.h"
+
+class Tfmovimien : public PantallaComprobante {
+    Q_OBJECT
+public:
+    Tfmovimien();
+
+    Proveedor PPrefijos, PProyectos, PPlantilla;
+    ConjuntoDatos CPrefijos, CProyectos, CCentros, CPlantilla, CPlantilladet, Cplantilladn;
+    ListaDato* LPref;
+    QPushButton *SBPlantilla = nullptr, *SpeedButton1 = nullptr;
+    QPushButton *speedButton4 = nullptr, *SpeedButton5 = nullptr;
+
+    void FormCreate() override;
+    void FormActivate() override;
+
+    QString ano_saldos() const override;
+    int mes_saldos() const override { return mes_ + 1; }
+
+protected:
+    QString nombre_exportacion() const override { return "CompConta"; }
+    void pegue(Rejilla& rejilla) override;
+    void SBGrabarClick() override;
+    void SBCancelClick() override;
+    void TabSheet2Enter() override;
+    void TabSheet2Exit() override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+private:
+    void CMovimientoAfterInsert();
+    void CMovimientoBeforePost();
+    void CMovimientoTICO_CODChange(Campo& campo);
+    void CMovimientoPRCO_PREFChange(Campo& campo);
+    void CMovimientoENCO_NUMEROChange(Campo& campo);
+    void LTipoEnter();
+    void LPrefExit();
+    void EDiaExit();
+    void aplique_numeracion();
+    void recupere_provisional();
+    void traiga_plantilla();
+    void muestre_periodo();
+    void grabe_por_cambio_de_pagina(LineasLibro& lineas, bool entrando);
+
+    int mes_ = 0; ///< índice del mes en la última activación
+};
