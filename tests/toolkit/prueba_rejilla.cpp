@@ -122,6 +122,12 @@ private slots:
         QCOMPARE(p.detalle->RecNo(), 2);
         p.detalle->Delete();
         QCOMPARE(p.celda().first, p.detalle->RecNo());
+        p.detalle->DisableControls();
+        p.detalle->First();
+        p.detalle->Append();
+        p.detalle->Cancel();
+        p.detalle->EnableControls();
+        QCOMPARE(p.celda(), Celda(p.detalle->RecNo(), p.Cuenta));
         p.detalle->Close();
         QCOMPARE(p.rejilla->SelectedIndex(), -1);
         for (const int malo : {-1, 6}) {
@@ -149,6 +155,15 @@ private slots:
             QCOMPARE(p.detalle->RecordCount(), 3);
             QCOMPARE(p.detalle->State(), Estado::Navegacion);
             QVERIFY(p.fallas.isEmpty());
+        }
+        // Lo que una búsqueda puso en la fila recién creada no es una fila sin tocar.
+        {
+            RejillaDePrueba p;
+            p.detalle->Append();
+            p.detalle->FieldByName("CUEN_COD").asigne("1105");
+            p.detalle->FieldByName("CODE_DEBITO").asigne(Moneda(1));
+            p.tecla(Qt::Key_Up);
+            QCOMPARE(p.detalle->RecordCount(), 4);
         }
         // Lo que el usuario escribió no se cancela: Arriba lo graba.
         RejillaDePrueba p;
