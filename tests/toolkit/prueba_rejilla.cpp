@@ -444,6 +444,17 @@ private slots:
         QCOMPARE(debito.moneda(), Moneda::de_texto("1234.5"));
     }
 
+    void una_tecla_muerta_tambien_empieza_a_digitar() {
+        RejillaDePrueba p;
+        p.rejilla->SelectedIndex(p.Concepto);
+        QInputMethodEvent compuesta;
+        compuesta.setCommitString(QStringLiteral("á"));
+        QApplication::sendEvent(p.rejilla, &compuesta);
+        p.digite("rbol");
+        p.tecla(Qt::Key_Tab);
+        QCOMPARE(p.detalle->FieldByName("CODE_CONCEPTO").texto(), QStringLiteral("árbol"));
+    }
+
     void solo_lectura_no_edita_y_tab_sale() {
         RejillaDePrueba p;
         p.rejilla->ReadOnly = true;

@@ -327,7 +327,7 @@ void Rejilla::showEvent(QShowEvent* evento) {
 void Rejilla::paintEvent(QPaintEvent* evento) {
     fila_aspecto_ = -1;
     QTableView::paintEvent(evento);
-    if (modelo_->rowCount() > 0 || texto_vacio.isEmpty())
+    if (modelo_->rowCount() > 0 || texto_vacio.isEmpty() || !conjunto() || !conjunto()->Active())
         return;
     QPainter pintor(viewport());
     pintor.setPen(palette().color(QPalette::PlaceholderText));

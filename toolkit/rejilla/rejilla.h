@@ -179,7 +179,6 @@ protected:
 
 private:
     friend class ModeloConjunto;
-    friend class EncabezadoRejilla;
 
     // rejilla.cpp: columnas, anchos y lo que avisa el conjunto
     void rehaga_columnas(const QVector<DefinicionColumna>& definiciones);

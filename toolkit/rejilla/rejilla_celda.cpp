@@ -8,7 +8,6 @@
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/indicador_filas.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
-#include "toolkit/rejilla/pie_rejilla.h"
 
 #include <QMdiSubWindow>
 
