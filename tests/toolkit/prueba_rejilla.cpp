@@ -370,6 +370,14 @@ private slots:
         QCOMPARE(p.sucesos, QStringList({"sale 0", "sin foco", "entra 1"}));
         QVERIFY(p.otro->hasFocus());
         QCOMPARE(p.rejilla->SelectedIndex(), int(p.Concepto));
+        // Tampoco si el foco se lo lleva OnChange (la búsqueda de un tercero).
+        p.rejilla->setFocus();
+        p.detalle->FieldByName("CODE_CONCEPTO").OnChange = [&](Campo&) { p.otro->setFocus(); };
+        p.digite("?");
+        p.sucesos.clear();
+        p.tecla(Qt::Key_Tab);
+        QCOMPARE(p.sucesos, QStringList({"sin foco", "sale 1", "entra 2"}));
+        p.rejilla->SelectedIndex(p.Concepto);
         // Si el manejador falla, la celda no se deja.
         p.rejilla->ColExit = [](int) { throw ErrorDatos("no"); };
         p.rejilla->setFocus();
