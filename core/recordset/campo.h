@@ -20,7 +20,7 @@ public:
     QString FieldName;
     ClaseCampo clase = ClaseCampo::Texto;
     TipoCampo tipo = TipoCampo::Datos;
-    int Size = 0;      ///< caracteres de un texto, decimales de un decimal
+    int Size = 0; ///< caracteres de un texto, decimales de un decimal
     bool Required = false;
     bool FixedChar = false;
     bool ReadOnly = false;
@@ -35,7 +35,7 @@ public:
     ConjuntoDatos* LookupDataSet = nullptr;
     QString KeyFields, LookupKeyFields, LookupResultField;
 
-    std::function<void(Campo&)> OnChange;   ///< tras cada asignación, del usuario o del código
+    std::function<void(Campo&)> OnChange; ///< tras cada asignación, del usuario o del código
     std::function<void(Campo&, const Valor&)> OnValidate; ///< antes de guardar; lanza para rehusar
 
     // --- valor en la fila actual
@@ -65,17 +65,42 @@ public:
     QString etiqueta() const { return DisplayLabel.isEmpty() ? FieldName : DisplayLabel; }
     ConjuntoDatos& conjunto() const { return *conjunto_; }
     int indice() const { return indice_; }
+    int columna() const { return columna_; } ///< posición en el resultado, -1 si no viene de él
     bool numerico() const { return clase == ClaseCampo::Decimal || clase == ClaseCampo::Entero; }
 
     // definición encadenada
-    Campo& requerido() { Required = true; return *this; }
-    Campo& fijo() { FixedChar = true; return *this; }
-    Campo& etiqueta(const QString& e) { DisplayLabel = e; return *this; }
-    Campo& formato(const QString& f) { DisplayFormat = f; return *this; }
-    Campo& mascara(const QString& m) { EditMask = m; return *this; }
-    Campo& banderas(unsigned b) { ProviderFlags = b; return *this; }
-    Campo& defecto(const QString& d) { DefaultExpression = d; return *this; }
-    Campo& al_cambiar(std::function<void(Campo&)> f) { OnChange = std::move(f); return *this; }
+    Campo& requerido() {
+        Required = true;
+        return *this;
+    }
+    Campo& fijo() {
+        FixedChar = true;
+        return *this;
+    }
+    Campo& etiqueta(const QString& e) {
+        DisplayLabel = e;
+        return *this;
+    }
+    Campo& formato(const QString& f) {
+        DisplayFormat = f;
+        return *this;
+    }
+    Campo& mascara(const QString& m) {
+        EditMask = m;
+        return *this;
+    }
+    Campo& banderas(unsigned b) {
+        ProviderFlags = b;
+        return *this;
+    }
+    Campo& defecto(const QString& d) {
+        DefaultExpression = d;
+        return *this;
+    }
+    Campo& al_cambiar(std::function<void(Campo&)> f) {
+        OnChange = std::move(f);
+        return *this;
+    }
 
     Campo(const Campo&) = delete;
     Campo& operator=(const Campo&) = delete;

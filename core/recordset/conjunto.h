@@ -46,8 +46,8 @@ public:
     void enlace(ConjuntoDatos* conjunto);
     ConjuntoDatos* conjunto() const { return conjunto_; }
     virtual void estado_cambiado() {}
-    virtual void fila_actual_cambiada() {}            ///< el cursor pasó a otra fila
-    virtual void campo_cambiado(Campo*) {}            ///< de la fila actual; nulo: todos
+    virtual void fila_actual_cambiada() {} ///< el cursor pasó a otra fila
+    virtual void campo_cambiado(Campo*) {} ///< de la fila actual; nulo: todos
     virtual void filas_reiniciadas() {}
     virtual void filas_insertadas(int desde, int cuantas) {}
     virtual void filas_borradas(int desde, int cuantas) {}
@@ -86,10 +86,10 @@ public:
 
     // --- propiedades
     Proveedor* proveedor = nullptr;
-    QString CommandText;      ///< exige poAllowCommandText en el proveedor
-    int PacketRecords = -1;   ///< filas por viaje; -1 todas
+    QString CommandText;    ///< exige poAllowCommandText en el proveedor
+    int PacketRecords = -1; ///< filas por viaje; -1 todas
     QMap<QString, Valor> Params;
-    void FetchParams();       ///< toma de la sentencia los nombres de sus parámetros
+    void FetchParams(); ///< toma de la sentencia los nombres de sus parámetros
     void IndexFieldNames(const QString& campos, bool descendente = false);
     QString IndexFieldNames() const { return indice_; }
     void Filter(const QString& expresion);
@@ -160,7 +160,7 @@ public:
     bool Eof() const { return fin_; }
     bool Bof() const { return inicio_; }
     int RecordCount() const { return int(orden_.size()); } ///< filas a la vista ya traídas
-    bool completo() const { return !cursor_; }            ///< ya llegaron todas
+    bool completo() const { return !cursor_; }             ///< ya llegaron todas
     /// Trae otro paquete; falso si no había más.
     bool traiga_paquete();
     int RecNo() const { return pos_; } ///< 0-based; -1 sin filas
@@ -225,8 +225,8 @@ private:
     Estado estado_ = Estado::Cerrado;
     int pos_ = -1;
     bool inicio_ = true, fin_ = true;
-    std::unique_ptr<Fila> nueva_;         ///< fila en inserción, aún fuera del almacén
-    QVector<Valor> bufer_;                ///< valores de la fila en edición
+    std::unique_ptr<Fila> nueva_; ///< fila en inserción, aún fuera del almacén
+    QVector<Valor> bufer_;        ///< valores de la fila en edición
     int pos_previa_ = -1;
     mutable const Fila* fila_calculo_ = nullptr;
     mutable QVector<Valor> calculados_;
@@ -239,3 +239,12 @@ private:
     int controles_apagados_ = 0;
     QVector<EnlaceDatos*> enlaces_;
 };
+
+template <class F> void ConjuntoDatos::avise(F f) const {
+    if (controles_apagados_ > 0)
+        return;
+    const auto copia = enlaces_; // un control puede nacer o morir mientras se avisa
+    for (EnlaceDatos* e : copia)
+        if (enlaces_.contains(e))
+            f(*e);
+}

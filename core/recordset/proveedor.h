@@ -9,10 +9,10 @@ class Campo;
 struct Fila;
 
 enum OpcionProveedor : unsigned {
-    poAllowCommandText = 1,  ///< el conjunto puede reemplazar el texto de la sentencia
-    poCascadeDeletes = 2,    ///< una maestra borrada se lleva sus detalles anidados
-    poCascadeUpdates = 4,    ///< la llave cambiada de la maestra pasa a los detalles
-    poPropogateChanges = 8,  ///< lo que el servidor cambió al grabar vuelve al conjunto
+    poAllowCommandText = 1, ///< el conjunto puede reemplazar el texto de la sentencia
+    poCascadeDeletes = 2,   ///< una maestra borrada se lleva sus detalles anidados
+    poCascadeUpdates = 4,   ///< la llave cambiada de la maestra pasa a los detalles
+    poPropogateChanges = 8, ///< lo que el servidor cambió al grabar vuelve al conjunto
 };
 
 enum class ClaseCambio { Insercion, Modificacion, Borrado };

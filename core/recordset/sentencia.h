@@ -2,8 +2,9 @@
 // Sentencia: un texto SQL, una tabla o un procedimiento contra una conexión. No sabe de ediciones.
 //
 // Los parámetros se nombran con dos puntos (":ID"). Una sentencia de detalle se une a su maestra
-// con `MasterSource`: sus parámetros toman el valor de los campos de igual nombre de la fila maestra
-// y el proveedor de la maestra entrega el detalle anidado, en un campo con el nombre de la sentencia.
+// con `MasterSource`: sus parámetros toman el valor de los campos de igual nombre de la fila
+// maestra y el proveedor de la maestra entrega el detalle anidado, en un campo con el nombre de la
+// sentencia.
 #include "core/firebird/conexion.h"
 
 #include <QMap>
@@ -19,8 +20,8 @@ public:
     Conexion& conexion() const { return conexion_; }
 
     // --- texto y parámetros
-    QString SQL;                 ///< texto; puede reemplazarse mientras está cerrada
-    QString procedimiento;       ///< no vacío: la sentencia ejecuta este procedimiento (ExecProc)
+    QString SQL;           ///< texto; puede reemplazarse mientras está cerrada
+    QString procedimiento; ///< no vacío: la sentencia ejecuta este procedimiento (ExecProc)
     Valor& ParamByName(const QString& nombre) { return parametros_[nombre.toUpper()]; }
     Valor parametro(const QString& nombre) const { return parametros_.value(nombre.toUpper()); }
     const QMap<QString, Valor>& parametros() const { return parametros_; }

@@ -1,0 +1,11 @@
+#pragma once
+#include "core/recordset/conjunto.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/pantalla.h"
+#include <QApplication>
+#include <QDate>
+#include <QFile>
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+#include <QTime>

@@ -1,0 +1,67 @@
+#pragma once
+// Base de los controles atados a un campo de un conjunto de datos.
+//
+// El control muestra el valor con el formato del campo, pone el conjunto en edición cuando el
+// usuario escribe y guarda en el campo al perder el foco, con Enter y antes de cada Post. Una falla
+// al guardar se informa por la frontera de fallas y el control vuelve a mostrar el valor del campo;
+// si ocurre durante un Post, lo aborta en silencio.
+#include "core/recordset/conjunto.h"
+
+#include <functional>
+
+class QWidget;
+
+class ControlDato : public EnlaceDatos {
+public:
+    ~ControlDato() override;
+
+    void ate(ConjuntoDatos* conjunto, const QString& campo);
+    /// Campo atado; nulo mientras el conjunto esté cerrado o no tenga ese campo.
+    Campo* campo() const;
+    const QString& nombre_campo() const { return nombre_campo_; }
+    /// Solo lectura propia del control; también manda Campo::ReadOnly.
+    void ReadOnly(bool si);
+    bool ReadOnly() const { return solo_lectura_; }
+    /// El usuario puede cambiar el valor ahora.
+    bool editable() const;
+    /// Hay algo escrito que aún no está en el campo.
+    bool modificado() const { return modificado_; }
+    /// Guarda lo escrito. Falso si no se pudo: la falla ya se mostró y se repuso el valor.
+    bool escriba();
+    /// Descarta lo escrito y muestra el valor del campo.
+    void restaure();
+    virtual QWidget* widget() = 0;
+
+    std::function<void()> OnEnter; ///< al recibir el foco
+    std::function<void()> OnExit;  ///< al perderlo, después de guardar
+
+    // --- EnlaceDatos
+    void estado_cambiado() override;
+    void fila_actual_cambiada() override;
+    void campo_cambiado(Campo* cual) override;
+    void filas_reiniciadas() override;
+    void escriba_pendiente() override;
+
+protected:
+    virtual void muestre() = 0;          ///< pasa el valor del campo al control
+    virtual Valor contenido() const = 0; ///< lo que el usuario dejó en el control
+    virtual void aplique_permiso() = 0;  ///< refleja `editable()`
+    /// El usuario cambió el contenido: entra en edición. Falso si no se pudo y se repuso.
+    bool usuario_cambio();
+    void foco_ganado();
+    void foco_perdido();
+    bool mostrando() const { return mostrando_; }
+    void refresque();
+
+private:
+    bool guarde(); ///< como escriba, sin proteger: lanza
+
+    QString nombre_campo_;
+    bool solo_lectura_ = false;
+    bool modificado_ = false;
+    bool mostrando_ = false;
+    bool escribiendo_ = false;
+};
+
+/// El control atado que contiene a `widget`, o nulo.
+ControlDato* control_dato(QWidget* widget);

@@ -1,0 +1,27 @@
+#pragma once
+// Texto de varias líneas atado a un campo memo o de texto. Enter es una línea nueva.
+#include "toolkit/controles/controldato.h"
+
+#include <QPlainTextEdit>
+
+class MemoDato : public QPlainTextEdit, public ControlDato {
+    Q_OBJECT
+public:
+    explicit MemoDato(QWidget* padre = nullptr);
+    MemoDato(ConjuntoDatos* conjunto, const QString& campo, QWidget* padre = nullptr);
+
+    QWidget* widget() override { return this; }
+    /// Alto en líneas de texto.
+    void lineas(int cuantas);
+    QSize sizeHint() const override;
+
+protected:
+    void muestre() override;
+    Valor contenido() const override;
+    void aplique_permiso() override;
+    void focusInEvent(QFocusEvent* evento) override;
+    void focusOutEvent(QFocusEvent* evento) override;
+
+private:
+    int lineas_ = 4;
+};

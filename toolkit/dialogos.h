@@ -1,0 +1,21 @@
+#pragma once
+// Mensajes y preguntas al usuario. Los textos son planos: nada en ellos se interpreta.
+//
+// Cada uno es un QMessageBox modal de objectName "dialogo"; Esc es siempre la salida que no cambia
+// nada.
+#include <QString>
+#include <QStringList>
+
+void muestre_mensaje(const QString& texto);
+void muestre_advertencia(const QString& texto);
+void muestre_error(const QString& texto);
+/// Botones "Sí" y "No"; Esc o cerrar es No.
+bool pregunte(const QString& texto);
+
+enum Respuesta { Ninguna = -1, Primera = 0, Segunda = 1, Tercera = 2 };
+/// Un botón por rótulo; devuelve la posición del oprimido, o Ninguna si se cerró el diálogo.
+Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos);
+
+/// Mensaje que se quita solo: título "Advertencia", sin botones, hasta diez esperas de 500 ms o
+/// Esc.
+void mensaje_temporal(const QString& texto);

@@ -1,0 +1,65 @@
+#pragma once
+// Constructor de formularios: filas de controles con su rótulo sobre una cuadrícula, sin píxeles.
+//
+// Los rótulos van a la derecha, contra su control, con su atajo ("&Nombre") y dan al control su
+// nombre accesible. Todas las distancias son pasos de 8 píxeles que crecen con la letra.
+#include <QString>
+#include <QVector>
+#include <initializer_list>
+
+class QBoxLayout;
+class QGridLayout;
+class QGroupBox;
+class QLabel;
+class QWidget;
+
+class Formulario {
+public:
+    struct Par {
+        QString etiqueta; ///< vacía: control sin rótulo (casillas)
+        QWidget* control;
+    };
+    /// Toma el arreglo de `dueno`; los controles pasan a ser sus hijos.
+    explicit Formulario(QWidget* dueno);
+
+    Formulario& fila(const QString& etiqueta, QWidget* control);
+    /// Varios campos relacionados en una fila.
+    Formulario& fila(std::initializer_list<Par> pares);
+    /// Control a todo el ancho, sin rótulo: rejillas, memos, textos. `estira` toma el alto libre.
+    Formulario& ancha(QWidget* control, int estira = 1);
+    /// Caja con título: las filas que siguen van dentro, hasta `fin_grupo` u otro grupo.
+    Formulario& grupo(const QString& titulo);
+    Formulario& fin_grupo();
+    /// El próximo grupo queda a la derecha del anterior, en la misma banda.
+    Formulario& al_lado();
+    /// Deja libre el espacio restante.
+    Formulario& estire();
+    /// Barra de botones, siempre al pie.
+    Formulario& botones(QWidget* barra);
+
+    /// Rótulo de un control, o nulo.
+    QLabel* etiqueta(const QWidget* control) const;
+    QGroupBox* ultimo_grupo() const { return grupo_; }
+    /// Muestra u oculta un control con su rótulo.
+    void muestre(QWidget* control, bool visible) const;
+    void rotule(QWidget* control, const QString& texto) const;
+
+    /// Varios controles que se leen como uno: caja, botón y nombre. El foco va al primero.
+    static QWidget* junto(std::initializer_list<QWidget*> controles);
+
+private:
+    QGridLayout* rejilla();
+    void cierre_rejilla();
+
+    QWidget* dueno_;
+    QBoxLayout* raiz_;
+    QBoxLayout* banda_ = nullptr; ///< grupos lado a lado
+    QGridLayout* rejilla_ = nullptr;
+    QGroupBox* grupo_ = nullptr;
+    bool al_lado_ = false;
+    struct Rotulo {
+        const QWidget* control;
+        QLabel* etiqueta;
+    };
+    QVector<Rotulo> rotulos_;
+};

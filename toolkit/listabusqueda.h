@@ -1,0 +1,64 @@
+#pragma once
+// Búsqueda de las listas de mantenimiento: texto, columna, cualquier posición, inactivos y filtros.
+#include "toolkit/pantalla.h"
+
+#include <QStringList>
+
+class QButtonGroup;
+class QCheckBox;
+class QGroupBox;
+class QLineEdit;
+class QPushButton;
+
+struct CriterioBusqueda {
+    QString base;           ///< "select * from cuentas "
+    QString columna;        ///< columna de la búsqueda y del orden
+    QString texto;          ///< va tal cual, sin doblar comillas
+    bool desorden = false;  ///< en cualquier posición
+    QString columna_activo; ///< "cuen_activa"; vacía: la lista no distingue inactivos
+    bool inactivos = false; ///< también los inactivos
+    QString conector = QStringLiteral(" where "); ///< " and " si la base ya trae su condición
+    bool mayusculas = true;                       ///< compara con upper() a ambos lados
+};
+/// Texto SQL de la búsqueda.
+QString sql_busqueda(const CriterioBusqueda& criterio);
+
+/// Fila de búsqueda. Con texto sin buscar, Enter en EBuscar busca en vez de escoger.
+class FilaBusqueda : public QWidget, public ReclamaTeclas {
+    Q_OBJECT
+public:
+    struct Eleccion {
+        QString rotulo;
+        QString columna;
+    };
+    /// `rotulo_inactivos` vacío: sin ckinact.
+    FilaBusqueda(const QVector<Eleccion>& columnas, const QString& rotulo_inactivos,
+                 QWidget* padre = nullptr);
+
+    QLineEdit* EBuscar;
+    QGroupBox* RBuscar;
+    QCheckBox* CkDesorden;        ///< "Buscar en cualquier posición"
+    QCheckBox* ckinact = nullptr; ///< "Mostrar inactivas"
+    QCheckBox* ckfiltro;          ///< "Habilitar filtros"
+    QPushButton* sbBuscar;
+
+    int ItemIndex() const;
+    void ItemIndex(int indice);
+    QString columna() const;
+    /// Criterio con lo que el usuario dejó en los controles, sobre `plantilla`.
+    CriterioBusqueda criterio(CriterioBusqueda plantilla) const;
+
+    std::function<void()> sbBuscarClick; ///< también cuando cambia ckinact
+    std::function<void(bool)> ckfiltroClick;
+
+    bool reclama(const QKeyEvent& evento) override;
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+private:
+    void busque();
+    QButtonGroup* grupo_;
+    QVector<Eleccion> columnas_;
+    bool pendiente_ = false;
+};

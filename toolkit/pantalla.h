@@ -1,0 +1,181 @@
+#pragma once
+// Base de las pantallas: nacimiento, activación, cierre, teclas y tamaño.
+//
+// Una pantalla se crea por su nombre (`pantallas().abrir("Tfcuentas")`) o directamente
+// (`escritorio()->muestre(new Tfcuentas)`): FormCreate corre después del constructor, FormActivate
+// cada vez que la ventana hija recibe la activación (no cuando se cierra un simple mensaje), y
+// FormClose antes de liberarla.
+#include "toolkit/proteccion.h"
+
+#include <QMap>
+#include <QPointer>
+#include <QVector>
+#include <QWidget>
+#include <functional>
+
+class QDialog;
+class QKeyEvent;
+class QMdiArea;
+class QMdiSubWindow;
+class Escritorio;
+
+enum ResultadoModal { mrNone = 0, mrOk = 1, mrCancel = 2 };
+
+/// Renglón de la tabla de teclas de una pantalla.
+struct Tecla {
+    int clave = 0;                       ///< Qt::Key; Return y Enter son la misma
+    Qt::KeyboardModifiers modificadores; ///< exactamente estos
+    QString nombre;                      ///< botón que oprime, o descripción
+    std::function<void()> accion;        ///< vacía: oprime el botón de ese nombre
+    bool escribe = true; ///< antes guarda lo escrito en el control con foco (nunca con Esc)
+};
+
+/// Un control que a veces necesita para sí una tecla que la tabla de la pantalla tomaría (Esc que
+/// solo cancela la celda en edición). Se pregunta al control con foco y a los que lo contienen.
+class ReclamaTeclas {
+public:
+    virtual ~ReclamaTeclas() = default;
+    virtual bool reclama(const QKeyEvent& evento) = 0;
+};
+
+class Pantalla : public QWidget {
+    Q_OBJECT
+public:
+    /// `clase`: nombre de la pantalla; queda como objectName.
+    explicit Pantalla(const QString& clase, const QString& titulo = {}, QWidget* padre = nullptr);
+    ~Pantalla() override;
+
+    // --- vida
+    virtual void FormCreate() {}
+    virtual void FormActivate() {}
+    /// Falso rehúsa el cierre.
+    virtual bool FormClose() { return true; }
+    /// Cierra y libera la ventana. Falso si FormClose lo rehusó.
+    bool close();
+    /// Desde FormCreate: la pantalla se cierra sin haberse mostrado.
+    void pida_cierre_al_crear() { cierre_pedido_ = true; }
+    bool cierre_pedido() const { return cierre_pedido_; }
+    /// Corre FormCreate una sola vez. Falso si pidió el cierre o falló (la falla ya se informó).
+    bool cree();
+
+    // --- modal
+    /// Muestra la pantalla y espera. Quien la creó la libera. Devuelve el resultado modal; cerrarla
+    /// de otra manera es mrCancel. Si FormCreate pidió el cierre, mrCancel sin mostrarse.
+    int mostrar_modal();
+    int resultado_modal() const { return resultado_modal_; }
+    /// Fija el resultado y, si está en modal, cierra.
+    void resultado_modal(int resultado);
+    bool es_modal() const { return dialogo_ != nullptr; }
+
+    // --- teclas
+    void tecla(int clave, Qt::KeyboardModifiers modificadores, const QString& nombre,
+               std::function<void()> accion = {}, bool escribe = true);
+    void tecla(int clave, const QString& nombre, std::function<void()> accion = {}) {
+        tecla(clave, Qt::NoModifier, nombre, std::move(accion));
+    }
+    const QVector<Tecla>& teclas() const { return teclas_; }
+    void quite_tecla(int clave, Qt::KeyboardModifiers modificadores = Qt::NoModifier);
+    /// Return y Enter pasan al control siguiente, salvo en memos, botones y rejillas.
+    void enter_como_tab(bool si = true) { enter_como_tab_ = si; }
+    /// Guarda lo escrito en el control con foco y corre la acción, protegida. Falso si algo falló.
+    bool ejecute(const std::function<void()>& accion, bool escribe = true);
+
+    // --- tamaño
+    /// Tamaño con que abre, en píxeles a escala de 100 %; crece con la letra y no pasa del área.
+    void tamano(int ancho, int alto);
+    QSize tamano_inicial() const;
+    /// Espacio disponible para ventanas hijas; sin escritorio, el del monitor.
+    QSize area_principal() const;
+    /// Abre ocupando toda el área.
+    void abra_maximizada() { maximizada_ = true; }
+    bool abre_maximizada() const { return maximizada_; }
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+    bool focusNextPrevChild(bool siguiente) override;
+
+private:
+    friend class Escritorio;
+    friend class DespachoTeclas;
+    bool atienda(QKeyEvent& evento, QWidget* destino, bool solo_pregunta);
+    const Tecla* busque(int clave, Qt::KeyboardModifiers modificadores) const;
+
+    QVector<Tecla> teclas_;
+    QVector<QString> en_curso_; ///< teclas cuya acción no ha terminado
+    QPointer<QDialog> dialogo_;
+    QSize tamano_;
+    int resultado_modal_ = mrNone;
+    bool creada_ = false, creada_bien_ = false;
+    bool cierre_pedido_ = false;
+    bool cerrada_ = false;
+    bool enter_como_tab_ = false;
+    bool maximizada_ = false;
+};
+
+/// Marco de ventanas hijas. El formulario principal (o una prueba) crea uno sobre su QMdiArea y ese
+/// queda como el del proceso mientras viva.
+class Escritorio : public QObject {
+    Q_OBJECT
+public:
+    explicit Escritorio(QMdiArea* area);
+    ~Escritorio() override;
+
+    QMdiArea* area() const { return area_; }
+    /// Corre FormCreate y la muestra como ventana hija, activa. Toma posesión. Nulo (y liberada) si
+    /// FormCreate pidió el cierre o falló.
+    Pantalla* muestre(Pantalla* pantalla);
+    void active(Pantalla* pantalla);
+    Pantalla* activa() const { return activa_; }
+    /// Pantallas abiertas, en el orden en que se abrieron.
+    QVector<Pantalla*> abiertas() const;
+    Pantalla* abierta(const QString& nombre) const;
+    /// Cierra todas, de la última activa a la primera. Falso si alguna lo rehusó.
+    bool cierre_todas();
+
+signals:
+    void cambiaron_las_abiertas();
+
+private:
+    friend class Pantalla;
+    void activada(QMdiSubWindow* ventana);
+    void olvide(Pantalla* pantalla);
+    void notifique(Pantalla* pantalla);
+
+    QMdiArea* area_;
+    QPointer<Pantalla> activa_;
+    QVector<Pantalla*> abiertas_;
+    QVector<Pantalla*> historia_; ///< la más reciente al final
+    bool en_silencio_ = false;
+};
+
+/// Escritorio del proceso, o nulo.
+Escritorio* escritorio();
+
+/// Registro de pantallas por nombre: así un piso bajo abre una de un piso alto.
+class RegistroPantallas {
+public:
+    using Creador = std::function<Pantalla*()>;
+    using Preparacion = std::function<void(Pantalla&)>;
+    enum Copias { Varias, Unica };
+
+    void registre(const QString& nombre, Creador creador, Copias copias = Varias);
+    bool existe(const QString& nombre) const { return creadores_.contains(nombre); }
+    QStringList nombres() const { return creadores_.keys(); }
+    /// La construye sin FormCreate; el que llama es el dueño. Lanza ErrorDatos si no existe.
+    Pantalla* construya(const QString& nombre) const;
+    /// Abre como ventana hija. `prepare` corre entre el constructor y FormCreate. Una pantalla de
+    /// copia única ya abierta se activa. Nulo si FormCreate pidió el cierre.
+    Pantalla* abrir(const QString& nombre, const Preparacion& prepare = {});
+    /// Abre en modal; `al_cerrar` ve la pantalla antes de liberarla.
+    int abrir_modal(const QString& nombre, const Preparacion& prepare = {},
+                    const std::function<void(Pantalla&, int resultado)>& al_cerrar = {});
+
+private:
+    struct Registrada {
+        Creador creador;
+        Copias copias;
+    };
+    QMap<QString, Registrada> creadores_;
+};
+
+RegistroPantallas& pantallas();
