@@ -52,6 +52,17 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
     tecla(Qt::Key_F12, Qt::ShiftModifier, "EBuscar", [this] { busqueda_->EBuscar->setFocus(); });
 }
 
+void ListaCatalogo::aplique_modo() {
+    auto* seleccionar = findChild<QPushButton*>("SBSelec");
+    seleccionar->setVisible(!modo_mantenimiento_);
+    barra_->principal(modo_mantenimiento_ ? findChild<QPushButton*>("SBModificar") : seleccionar);
+}
+
+void ListaCatalogo::boton_salir() {
+    barra_->separe();
+    barra_->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+}
+
 void ListaCatalogo::enter() {
     if (DBGridEh1->filtro_visible())
         return; // la fila de filtros ya tomó su Enter; sobre las filas no hace más

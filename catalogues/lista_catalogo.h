@@ -24,6 +24,10 @@ protected:
     /// Arma búsqueda, rejilla y botones cuando los campos ya están definidos.
     void arme(const QVector<FilaBusqueda::Eleccion>& busquedas, const QString& rotulo_inactivos,
               const QVector<DefinicionColumna>& columnas, const QString& nombre_archivo);
+    /// Cierra la barra; después de los botones propios de la pantalla.
+    void boton_salir();
+    /// Deja a la vista los botones del modo en que se abrió.
+    void aplique_modo();
     /// Código de la fila actual, la primera columna; vacío sin filas.
     QString codigo() const;
     /// Cierra, cambia el texto y abre.
