@@ -50,6 +50,7 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
                   [this] { SBBorrarClick(); });
     tecla(Qt::Key_Return, "Enter", [this] { enter(); });
     tecla(Qt::Key_F12, Qt::ShiftModifier, "EBuscar", [this] { busqueda_->EBuscar->setFocus(); });
+    Formulario(this).ancha(busqueda_, 0).ancha(DBGridEh1).botones(barra_);
 }
 
 void ListaCatalogo::aplique_modo() {

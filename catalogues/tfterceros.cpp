@@ -9,6 +9,8 @@
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QLineEdit>
+
 namespace {
 const QString kBase =
     "select TERC_NIT, TERC_DV, TERC_NOM, TERC_CONTACTO, TERC_TEL, TERC_CIU, TERC_CLIE, TERC_PROV, "
@@ -66,7 +68,14 @@ void Tfterceros::FormCreate() {
         conjunto_->Filter("TERC_ESTADO = 'S'");
         conjunto_->Filtered(true);
     }
-    consulte(kBase + "where terc_estado = 'S' order by terc_nom");
+    const QString buscado = std::exchange(fdmcnt().texto_busqueda, QString());
+    if (buscado.isEmpty()) {
+        consulte(kBase + "where terc_estado = 'S' order by terc_nom");
+        return;
+    }
+    busqueda_->ItemIndex(buscado[0].isDigit() ? 0 : 1);
+    busqueda_->EBuscar->setText(buscado);
+    sbBuscarClick();
 }
 
 void Tfterceros::sbBuscarClick() {
