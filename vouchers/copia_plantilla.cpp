@@ -4,13 +4,17 @@
 
 void copie_lineas_plantilla(ConjuntoDatos& origen, ConjuntoDatos& destino, const Valor& id,
                             const QString& concepto) {
-    static const char* const pares[][2] = {
-        {"CUEN_COD", "CUEN_COD"},          {"TERC_NIT", "TERC_NIT"},
-        {"PROY_COD", "PROY_COD"},          {"CENT_COD", "CENT_COD"},
-        {"CODE_CONCEPTO", "PLDE_CONCEPTO"}, {"CODE_REFER", "PLDE_REFER"},
-        {"CODE_DEBITO", "PLDE_DEBITOS"},   {"CODE_CREDITO", "PLDE_CREDITOS"},
-        {"CODE_BASE", "PLDE_BASE"},        {"CODE_PORC", "PLDE_PORC"},
-        {"ARTI_COD", "ARTI_COD"}};
+    static const char* const pares[][2] = {{"CUEN_COD", "CUEN_COD"},
+                                           {"TERC_NIT", "TERC_NIT"},
+                                           {"PROY_COD", "PROY_COD"},
+                                           {"CENT_COD", "CENT_COD"},
+                                           {"CODE_CONCEPTO", "PLDE_CONCEPTO"},
+                                           {"CODE_REFER", "PLDE_REFER"},
+                                           {"CODE_DEBITO", "PLDE_DEBITOS"},
+                                           {"CODE_CREDITO", "PLDE_CREDITOS"},
+                                           {"CODE_BASE", "PLDE_BASE"},
+                                           {"CODE_PORC", "PLDE_PORC"},
+                                           {"ARTI_COD", "ARTI_COD"}};
     int item = 0;
     for (origen.First(); !origen.Eof(); origen.Next()) {
         destino.Append();
@@ -25,4 +29,3 @@ void copie_lineas_plantilla(ConjuntoDatos& origen, ConjuntoDatos& destino, const
         destino.Post();
     }
 }
-

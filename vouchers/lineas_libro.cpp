@@ -4,8 +4,20 @@
 
 namespace {
 
-enum Columna { kCuenta, kTercero, kProyecto, kCentro, kConcepto, kCategoria, kReferencia, kBase,
-               kPorcentaje, kDebito, kCredito, kDescontable };
+enum Columna {
+    kCuenta,
+    kTercero,
+    kProyecto,
+    kCentro,
+    kConcepto,
+    kCategoria,
+    kReferencia,
+    kBase,
+    kPorcentaje,
+    kDebito,
+    kCredito,
+    kDescontable
+};
 
 struct Titulo {
     const char *campo, *titulo_2649, *titulo_niif;
@@ -29,7 +41,9 @@ const Titulo kColumnas[] = {
     {"CODE_DESCONTABLE", "Desc.", "Desc.", 6, Casilla, ""},
 };
 
-bool vacio_o_cero(const Campo& c) { return c.vacio() || c.texto() == "0"; }
+bool vacio_o_cero(const Campo& c) {
+    return c.vacio() || c.texto() == "0";
+}
 
 QLineEdit* nombre_de_lectura() {
     auto* e = new QLineEdit;
@@ -112,8 +126,12 @@ QWidget* LineasLibro::construya_pagina() {
 
     Formulario f(pagina);
     f.ancha(rejilla, 1);
-    f.fila({{"Cuenta", NomCuenta}, {"Saldo", ESaldocta}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
-    f.fila({{"Tercero", NomTerc}, {"Saldo", ESaldoter}, {"Dif. débito", Difdeb}, {"Dif. crédito", DifCred}});
+    f.fila(
+        {{"Cuenta", NomCuenta}, {"Saldo", ESaldocta}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
+    f.fila({{"Tercero", NomTerc},
+            {"Saldo", ESaldoter},
+            {"Dif. débito", Difdeb},
+            {"Dif. crédito", DifCred}});
     f.fila({{"Proyecto", NomProy}, {"Saldo", ESaldocent}, {"Centro", NomCent}});
     return pagina;
 }
@@ -149,7 +167,9 @@ void LineasLibro::ate_eventos() {
 
 // ---------------------------------------------------------------- consultas
 
-bool LineasLibro::en_edicion() const { return detalle.editando(); }
+bool LineasLibro::en_edicion() const {
+    return detalle.editando();
+}
 
 void LineasLibro::consulte_cuenta(const char* columnas) {
     consulta_.Open(QStringLiteral("select %1 from %2 where cuen_cod = ")
@@ -296,9 +316,8 @@ void LineasLibro::validar_centro() {
     if (es_niif(libro) && ajustes_.filtra_centros && fdm().sucursal_usuario != 0) {
         // Sin paréntesis: el OR queda como está escrito y gana cualquier centro general.
         consulta_.Open("select cent_nom from centros where (SUCU_ID = 0) OR (SUCU_ID = " +
-                       QString::number(fdm().sucursal_usuario) +
-                       ") and proy_cod = " + QuotedStr(proyecto) +
-                       " and cent_cod = " + QuotedStr(centro));
+                       QString::number(fdm().sucursal_usuario) + ") and proy_cod = " +
+                       QuotedStr(proyecto) + " and cent_cod = " + QuotedStr(centro));
         NomCent->setText(consulta_.Fields(0).texto());
     } else {
         NomCent->setText(fdmcnt().nom_subcentro(proyecto, centro));
@@ -344,8 +363,8 @@ void LineasLibro::aplique_porcentaje() {
     const Moneda base = campo("CODE_BASE").moneda(), porcentaje = campo("CODE_PORC").moneda();
     if (base.es_cero() || porcentaje <= Moneda())
         return;
-    const Moneda valor = Moneda::porcentaje_redondeado(base.absoluta(), porcentaje,
-                                                       ajustes_.digito_redondeo);
+    const Moneda valor =
+        Moneda::porcentaje_redondeado(base.absoluta(), porcentaje, ajustes_.digito_redondeo);
     // El signo de la base escoge el lado de la retención.
     if (base.negativa()) {
         campo("CODE_DEBITO") = Moneda();

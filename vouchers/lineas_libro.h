@@ -2,8 +2,9 @@
 // Reglas de las líneas de un libro, las mismas en todas las pantallas que las digitan.
 //
 // Une una rejilla y un conjunto de líneas con sus nombres, saldos y sumas: valida cuenta, tercero,
-// centro y categoría, completa lo que falta, aplica base y porcentaje, y rehúsa la línea incompleta.
-// Los comandos de celda son "?" con texto (buscar) y una comilla sola (repetir lo anterior).
+// centro y categoría, completa lo que falta, aplica base y porcentaje, y rehúsa la línea
+// incompleta. Los comandos de celda son "?" con texto (buscar) y una comilla sola (repetir lo
+// anterior).
 #include "core/libro.h"
 #include "core/recordset/conjunto.h"
 
@@ -59,8 +60,8 @@ public:
     QLineEdit *NomCuenta = nullptr, *NomTerc = nullptr, *NomProy = nullptr, *NomCent = nullptr;
     EditorNumero *ESaldocta = nullptr, *ESaldoter = nullptr, *ESaldocent = nullptr;
     EditorNumero *Sumadeb = nullptr, *SumCred = nullptr, *Difdeb = nullptr, *DifCred = nullptr;
-    /// Al editar, la línea siempre deja su tercero en la memoria; al digitar, solo si el encabezado no
-    /// tiene uno.
+    /// Al editar, la línea siempre deja su tercero en la memoria; al digitar, solo si el encabezado
+    /// no tiene uno.
     bool siempre_recuerda_tercero = false;
     int item = 0; ///< contador de líneas: cada inserción gasta uno
 

@@ -22,13 +22,15 @@ template <class T> T* nombrado(T* control, const char* nombre) {
 
 PantallaComprobante::PantallaComprobante(const QString& clase, const QString& titulo)
     : Pantalla(clase, titulo), PBorrar(this, "PBorrar", &fdm().QBorrar, poAllowCommandText),
-      PMovimiento(this, "PMovimiento", &fdmcnt().TComprobantes, poCascadeDeletes | poCascadeUpdates),
+      PMovimiento(this, "PMovimiento", &fdmcnt().TComprobantes,
+                  poCascadeDeletes | poCascadeUpdates),
       PTipodoc(this, "PTipodoc", &fdm().TTipocomp),
       PTidocartera(this, "PTidocartera", &fdm().TTipodoc),
       PCategoria(this, "PCategoria", &fdmcnt().TConceptoconta), CBorrar(this, "CBorrar", &PBorrar),
       CMovimiento(this, "CMovimiento", &PMovimiento), CDetalle(this, "CDetalle"),
       Cdetniif(this, "Cdetniif"), CTipodoc(this, "CTipodoc", &PTipodoc),
-      CTidocartera(this, "CTidocartera", &PTidocartera), CCategoria(this, "CCategoria", &PCategoria) {
+      CTidocartera(this, "CTidocartera", &PTidocartera),
+      CCategoria(this, "CCategoria", &PCategoria) {
     defina_encabezado();
     CDetalle.anide_en(&CMovimiento, &fdmcnt().TComprDetalle);
     Cdetniif.anide_en(&CMovimiento, &fdmcnt().TCompniif);
@@ -44,7 +46,8 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
     CTidocartera.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
     CCategoria.texto("CONC_COD", 6);
     CCategoria.texto("CONC_NOMBRE", 60);
-    lineas_2649 = new LineasLibro(Libro::Decreto2649, *this, CDetalle, CBorrar, memorias, ajustes, this);
+    lineas_2649 =
+        new LineasLibro(Libro::Decreto2649, *this, CDetalle, CBorrar, memorias, ajustes, this);
     lineas_niif = new LineasLibro(Libro::Niif, *this, Cdetniif, CBorrar, memorias, ajustes, this);
 }
 
@@ -85,7 +88,8 @@ void PantallaComprobante::lea_configuracion(Orden orden) {
         "CONTABILIDAD", "GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES"));
     ajustes.mostrar_saldo = fdm().configurado_si(
         "COMPROBANTES", "MOSTRAR SALDO POR CUENTA Y POR TERCERO AL DIGITAR MOVIMIENTOS");
-    ajustes.permite_descuadre = fdm().configurado_si("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS");
+    ajustes.permite_descuadre =
+        fdm().configurado_si("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS");
     ajustes.inhabilita_porcentaje =
         fdm().configurado_si("COMPROBANTES", "INHABILITAR PORCENTAJE EN CUENTAS DE RETENCION");
     if (orden == Orden::Editar)
@@ -131,8 +135,8 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     NomMand = caja_de_lectura("NomMand", 30);
     DBCheckBox1 =
         nombrado(new CasillaDato("Descontable", &CMovimiento, "ENCO_DESCONTABLE"), "DBCheckBox1");
-    DBCheckBox2 = nombrado(new CasillaDato("Generar comprobante NIIF", &CMovimiento, "ENCO_REPNIIF"),
-                           "DBCheckBox2");
+    DBCheckBox2 = nombrado(
+        new CasillaDato("Generar comprobante NIIF", &CMovimiento, "ENCO_REPNIIF"), "DBCheckBox2");
     DBMemo1 = nombrado(new MemoDato(&CMovimiento, "ENCO_OBS"), "DBMemo1");
     DBMemo1->lineas(2);
     ckFiltro = nombrado(new QCheckBox("Filtro"), "ckFiltro");
@@ -211,8 +215,11 @@ void PantallaComprobante::construya_paneles() {
     buscar->setAccessibleName("Buscar artículo o activo");
     auto* continuar2 = nombrado(new QPushButton("Continuar"), "SpeedButton3");
     Formulario f2(GroupBox2);
-    f2.fila({{"Código", Formulario::junto({EArticod, buscar})}, {"Descripción", Edit2}, {"", continuar2}});
-    connect(buscar, &QPushButton::clicked, this, [this] { proteja([this] { SpeedButton6Click(); }); });
+    f2.fila({{"Código", Formulario::junto({EArticod, buscar})},
+             {"Descripción", Edit2},
+             {"", continuar2}});
+    connect(buscar, &QPushButton::clicked, this,
+            [this] { proteja([this] { SpeedButton6Click(); }); });
     connect(continuar2, &QPushButton::clicked, this,
             [this] { proteja([this] { SpeedButton3Click(); }); });
     for (QGroupBox* g : {GroupBox1, GroupBox2}) {
@@ -417,14 +424,25 @@ bool PantallaComprobante::eventFilter(QObject* objeto, QEvent* evento) {
 
 void PantallaComprobante::DBGridDblClick(Libro libro, int columna) {
     switch (columna) {
-    case 0: pantallas().abrir(datos(libro).pantalla_cuentas); break;
-    case 1: pantallas().abrir("Tfterceros"); break;
+    case 0:
+        pantallas().abrir(datos(libro).pantalla_cuentas);
+        break;
+    case 1:
+        pantallas().abrir("Tfterceros");
+        break;
     case 2:
-    case 3: pantallas().abrir("Tfcentros"); break;
-    case 5: pantallas().abrir("Tfconceptos"); break;
+    case 3:
+        pantallas().abrir("Tfcentros");
+        break;
+    case 5:
+        pantallas().abrir("Tfconceptos");
+        break;
     case 9:
-    case 10: lineas_a_la_vista().sugiera_db_cr(); break;
-    default: break;
+    case 10:
+        lineas_a_la_vista().sugiera_db_cr();
+        break;
+    default:
+        break;
     }
 }
 

@@ -1,4 +1,6 @@
 #pragma once
+#include <QApplication>
+#include <QDialog>
 #include "core/tfdm.h"
 #include "core/tfdmart.h"
 #include "core/tfdmcnt.h"

@@ -56,7 +56,8 @@ Tfedtmovimien::Tfedtmovimien()
 
     declare_teclas_comunes();
     auto* barra = findChild<BarraBotones*>("barra");
-    SBBorrar = barra->boton("SBBorrar", "F3:Borrar", "edit-delete", {}, [this] { SBBorrarClick(); });
+    SBBorrar =
+        barra->boton("SBBorrar", "F3:Borrar", "edit-delete", {}, [this] { SBBorrarClick(); });
     tecla(Qt::Key_F9, "Tfcuentas", [] { pantallas().abrir("Tfcuentas"); });
     tecla(Qt::Key_F11, "oculta columnas", [this] { muestre_columnas(false); });
     tecla(Qt::Key_F12, "muestra columnas", [this] { muestre_columnas(true); });
@@ -173,7 +174,8 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
     if (!libre_2649 && !libre_niif)
         SBGrabar->setText(kImprime);
     // La rejilla NIIF de un comprobante ajeno se queda como estaba.
-    if (!fdm().configurado_si("COMPROBANTES", "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS") &&
+    if (!fdm().configurado_si("COMPROBANTES",
+                              "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS") &&
         CMovimiento.FieldByName("ENCO_TIPOREF").entero() != 0) {
         lineas_2649->rejilla->ReadOnly = true;
         SBGrabar->setText(kImprime);
@@ -264,7 +266,9 @@ void Tfedtmovimien::TabSheet2Exit() {
 
 // ---------------------------------------------------------------- órdenes
 
-void Tfedtmovimien::pegue(Rejilla& rejilla) { rejilla.pegue(); }
+void Tfedtmovimien::pegue(Rejilla& rejilla) {
+    rejilla.pegue();
+}
 
 void Tfedtmovimien::muestre_columnas(bool visibles) {
     for (int columna : {11, 12})
@@ -289,10 +293,9 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
         return;
     lineas_2649->termine_linea();
     borre_desde_la_actual(Cdetniif);
-    static const char* const campos[] = {"CODE_CONCEPTO", "TERC_NIT",  "PROY_COD",
-                                         "CENT_COD",      "CODE_REFER", "CODE_BASE",
-                                         "CODE_PORC",     "CODE_DEBITO", "CODE_CREDITO",
-                                         "CODE_DESCONTABLE"};
+    static const char* const campos[] = {
+        "CODE_CONCEPTO", "TERC_NIT",  "PROY_COD",    "CENT_COD",     "CODE_REFER",
+        "CODE_BASE",     "CODE_PORC", "CODE_DEBITO", "CODE_CREDITO", "CODE_DESCONTABLE"};
     for (CDetalle.First(); !CDetalle.Eof(); CDetalle.Next()) {
         Cdetniif.Append();
         const QString cuenta = CDetalle.FieldByName("CUEN_COD").texto();
@@ -338,8 +341,9 @@ void Tfedtmovimien::SBBorrarClick() {
 void Tfedtmovimien::traiga_plantilla() {
     if (fdmcnt().plantilla_seleccion.isEmpty())
         return;
-    if (CDetalle.IsEmpty() || pregunte("Al traer la plantilla perderá los movimientos digitados en el "
-                                       "comprobante, Continuar?")) {
+    if (CDetalle.IsEmpty() ||
+        pregunte("Al traer la plantilla perderá los movimientos digitados en el "
+                 "comprobante, Continuar?")) {
         if (!CDetalle.IsEmpty())
             borre_desde_la_actual(CDetalle); // las líneas de arriba se quedan
         CPlantilla.Close();
@@ -354,12 +358,10 @@ void Tfedtmovimien::traiga_plantilla() {
 }
 
 void Tfedtmovimien::SBCancelClick() {
-    const bool encabezado_cambiado =
-        CMovimiento.editando() &&
-        CMovimiento.ChangeCount() == 0 && false;
-    if ((CMovimiento.ChangeCount() > 0 || CDetalle.editando() || Cdetniif.editando() ||
-         encabezado_cambiado) &&
-        !salida_confirmada())
+    // El usuario de la fila lo pone la pantalla: no es un cambio que se pueda perder.
+    const bool pendiente = CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
+                           Cdetniif.cambiada() || CMovimiento.cambiada({"ENCO_USUARIO"});
+    if (pendiente && !salida_confirmada())
         return;
     CMovimiento.CancelUpdates();
     close();

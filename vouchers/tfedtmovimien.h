@@ -1,8 +1,8 @@
 #pragma once
 // "Editar comprobantes contables": un comprobante guardado, para corregir, imprimir o borrar.
 //
-// Decide qué se puede cambiar todavía: las fechas de bloqueo de cada libro, los comprobantes de otros
-// módulos y los derechos del usuario. Las reglas de las líneas son las de digitar.
+// Decide qué se puede cambiar todavía: las fechas de bloqueo de cada libro, los comprobantes de
+// otros módulos y los derechos del usuario. Las reglas de las líneas son las de digitar.
 #include "vouchers/pantalla_comprobante.h"
 
 class Tfedtmovimien : public PantallaComprobante {

@@ -8,17 +8,18 @@ Tfmovimien::Tfmovimien()
     : PantallaComprobante("Tfmovimien", "Comprobantes contables"),
       PPrefijos(this, "PPrefijos", &fdm().QPrefijos, poAllowCommandText),
       PProyectos(this, "PProyectos", &fdm().TProyectos),
-      PPlantilla(this, "PPlantilla", &fdmcnt().TPlantilla), CPrefijos(this, "CPrefijos", &PPrefijos),
-      CProyectos(this, "CProyectos", &PProyectos), CCentros(this, "CCentros"),
-      CPlantilla(this, "CPlantilla", &PPlantilla), CPlantilladet(this, "CPlantilladet"),
-      Cplantilladn(this, "Cplantilladn") {
+      PPlantilla(this, "PPlantilla", &fdmcnt().TPlantilla),
+      CPrefijos(this, "CPrefijos", &PPrefijos), CProyectos(this, "CProyectos", &PProyectos),
+      CCentros(this, "CCentros"), CPlantilla(this, "CPlantilla", &PPlantilla),
+      CPlantilladet(this, "CPlantilladet"), Cplantilladn(this, "Cplantilladn") {
     CPrefijos.texto("TICO_COD", 3);
     CPrefijos.texto("PRCO_PREF", 4);
     CPrefijos.texto("PRCO_AUTO", 1);
     CPrefijos.texto("PREF_NUMERO", 6);
     CPrefijos.texto("PRCO_USUARIO", 10);
     CPrefijos.texto("PRCO_ACTIVO", 1);
-    CPrefijos.CommandText = "SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = '' AND PRCO_ACTIVO = 'S'";
+    CPrefijos.CommandText =
+        "SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = '' AND PRCO_ACTIVO = 'S'";
     CCentros.anide_en(&CProyectos, &fdm().TCentros);
     CProyectos.texto("PROY_COD", 4);
     CProyectos.texto("PROY_NOM", 60);
@@ -101,9 +102,10 @@ void Tfmovimien::FormCreate() {
 }
 
 void Tfmovimien::recupere_provisional() {
-    switch (pregunte_botones("Se encontró un comprobante previo que no está correctamente registrado. "
-                             "Desea Eliminarlo o Recuperarlo?",
-                             {"Eliminarlo", "Recuperarlo"})) {
+    switch (
+        pregunte_botones("Se encontró un comprobante previo que no está correctamente registrado. "
+                         "Desea Eliminarlo o Recuperarlo?",
+                         {"Eliminarlo", "Recuperarlo"})) {
     case Primera:
         // Las líneas NIIF bajo el id 0 se quedan donde están.
         CBorrar.Execute("delete from comprobante_detalle where enco_consec = 0");
@@ -128,7 +130,8 @@ void Tfmovimien::recupere_provisional() {
         CMovimiento.Edit();
         break;
     }
-    default: break;
+    default:
+        break;
     }
 }
 
@@ -149,7 +152,9 @@ void Tfmovimien::muestre_periodo() {
     EMes->setText(fdmcnt().nombre_periodo());
 }
 
-QString Tfmovimien::ano_saldos() const { return EAno->text(); }
+QString Tfmovimien::ano_saldos() const {
+    return EAno->text();
+}
 
 // ---------------------------------------------------------------- encabezado
 
@@ -221,7 +226,8 @@ void Tfmovimien::CMovimientoENCO_NUMEROChange(Campo& campo) {
     }
     const QString sugerido = CPrefijos.FieldByName("PREF_NUMERO").texto();
     if (!fdmcnt().valide_NumComConta(CMovimiento.FieldByName("TICO_COD").texto(),
-                                     CMovimiento.FieldByName("PRCO_PREF").texto(), sugerido, campo)) {
+                                     CMovimiento.FieldByName("PRCO_PREF").texto(), sugerido,
+                                     campo)) {
         campo.limpie();
     } else if (!fdmcnt().comprobante_encontrado.isEmpty()) {
         pantallas().abrir("Tfedtmovimien");
@@ -356,8 +362,9 @@ void Tfmovimien::traiga_plantilla() {
     if (buzon.isEmpty())
         return;
     const QString plantilla = std::exchange(buzon, QString());
-    if (!CDetalle.IsEmpty() && !pregunte("Al traer la plantilla perderá los movimientos digitados en "
-                                         "el comprobante, Continuar?"))
+    if (!CDetalle.IsEmpty() &&
+        !pregunte("Al traer la plantilla perderá los movimientos digitados en "
+                  "el comprobante, Continuar?"))
         return;
     const QString concepto = CMovimiento.FieldByName("ENCO_CONCEPTO").texto();
     borre_todas(CDetalle);

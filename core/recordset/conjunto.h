@@ -172,6 +172,8 @@ public:
     /// Valor de la primera columna de la primera fila, vacío si no hay: la consulta de un dato.
     Valor valor_unico(const QString& sql);
     /// Valor de un campo en otra fila a la vista, sin mover el cursor.
+    /// La fila en edición difiere de la guardada en algún campo que no sea de `salvo`.
+    bool cambiada(const QStringList& salvo = {}) const;
     Valor valor_en(int indice, const Campo& campo) const;
     Fila::Marca marca_en(int indice) const { return orden_[size_t(indice)]->marca; }
     QVector<Campo*> campos_llave() const;  ///< los de pfInKey

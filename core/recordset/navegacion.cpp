@@ -245,6 +245,24 @@ void ConjuntoDatos::valide_llave() {
     }
 }
 
+bool ConjuntoDatos::cambiada(const QStringList& salvo) const {
+    if (!editando())
+        return false;
+    const Fila& fila = *orden_[size_t(pos_)];
+    for (const auto& c : campos_) {
+        if (c->tipo != TipoCampo::Datos || salvo.contains(c->FieldName))
+            continue;
+        const Valor antes =
+            fila.valores ? (*fila.valores)[c->indice_]
+            : fila.cruda && c->columna_ >= 0
+                ? decodifique(sentencia()->conexion(), columnas_[c->columna_], fila.cruda)
+                : Valor();
+        if (antes != bufer_[c->indice_])
+            return true;
+    }
+    return false;
+}
+
 void ConjuntoDatos::Post() {
     if (!editando())
         return;
@@ -276,20 +294,7 @@ void ConjuntoDatos::Post() {
             });
         d->filas.insert(donde, std::move(nueva_));
     } else {
-        bool cambio = false;
-        for (const auto& c : campos_)
-            if (c->tipo == TipoCampo::Datos) {
-                const Valor antes =
-                    fila.valores ? (*fila.valores)[c->indice_]
-                    : c->columna_ >= 0
-                        ? decodifique(sentencia()->conexion(), columnas_[c->columna_], fila.cruda)
-                        : Valor();
-                if (antes != bufer_[c->indice_]) {
-                    cambio = true;
-                    break;
-                }
-            }
-        if (cambio) {
+        if (cambiada()) {
             haga_propios(fila);
             if (fila.marca == Fila::Marca::Intacta) {
                 fila.originales = std::move(fila.valores);

@@ -1,7 +1,7 @@
 #include "toolkit/rejilla/editor_celda.h"
 
 #include "core/recordset/campo.h"
-#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/delegado_celda.h"
 
@@ -39,12 +39,9 @@ void EditorCelda::digite(const QString& texto) {
 
 void EditorCelda::keyPressEvent(QKeyEvent* evento) {
     if (numerico_)
-        if (const QString decimal = decimal_de_teclado(*evento); !decimal.isEmpty()) {
-            insert(decimal);
-            modificado_ = true;
-            return;
-        }
-    QLineEdit::keyPressEvent(evento);
+        atienda_tecla_numerica(*evento, [this](QKeyEvent* e) { QLineEdit::keyPressEvent(e); });
+    else
+        QLineEdit::keyPressEvent(evento);
 }
 
 bool EditorCelda::desplegada() const {

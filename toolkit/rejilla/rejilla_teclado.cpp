@@ -1,7 +1,7 @@
 // Teclas y ratón de la rejilla.
 #include "toolkit/rejilla/rejilla.h"
 
-#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/editor_celda.h"
@@ -312,8 +312,19 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
     evento->accept();
     if (navegue(*evento) || (!digitando() && tecla_de_celda(*evento)))
         return;
+    if (digitando()) {
+        // Llegó a la rejilla una tecla del editor; si él tampoco la quiere, sigue su camino.
+        if (!reenviando_) {
+            reenviando_ = true;
+            QApplication::sendEvent(editor_, evento);
+            reenviando_ = false;
+        } else {
+            evento->ignore();
+        }
+        return;
+    }
     const QString texto = escrito(*evento);
-    if (texto.isEmpty() || digitando() || !editable() || columnas_.empty()) {
+    if (texto.isEmpty() || !editable() || columnas_.empty()) {
         evento->ignore();
         return;
     }
@@ -326,9 +337,11 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
             proteja([&] { asigne(c, letra); });
         return;
     }
-    const QString decimal =
-        c >= 0 && modelo_->numerica(c) ? decimal_de_teclado(*evento) : QString();
-    abra_editor(decimal.isEmpty() ? texto : decimal, true);
+    if (c < 0 || !modelo_->numerica(c)) {
+        abra_editor(texto, true);
+        return;
+    }
+    atienda_tecla_numerica(*evento, [this](QKeyEvent* e) { abra_editor(e->text(), true); });
 }
 
 void Rejilla::inputMethodEvent(QInputMethodEvent* evento) {
