@@ -9,8 +9,6 @@
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QLineEdit>
-
 namespace {
 const QString kBase =
     "select TERC_NIT, TERC_DV, TERC_NOM, TERC_CONTACTO, TERC_TEL, TERC_CIU, TERC_CLIE, TERC_PROV, "
@@ -68,14 +66,8 @@ void Tfterceros::FormCreate() {
         conjunto_->Filter("TERC_ESTADO = 'S'");
         conjunto_->Filtered(true);
     }
-    const QString buscado = std::exchange(fdmcnt().texto_busqueda, QString());
-    if (buscado.isEmpty()) {
+    if (!busque_lo_pedido())
         consulte(kBase + "where terc_estado = 'S' order by terc_nom");
-        return;
-    }
-    busqueda_->ItemIndex(buscado[0].isDigit() ? 0 : 1);
-    busqueda_->EBuscar->setText(buscado);
-    sbBuscarClick();
 }
 
 void Tfterceros::sbBuscarClick() {
