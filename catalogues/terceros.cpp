@@ -1,0 +1,36 @@
+#include "catalogues/terceros.h"
+
+#include "core/tfdm.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/pantalla.h"
+
+namespace {
+
+void abra_con_permiso(int opcion, const QString& pantalla) {
+    if (fdm().valide_acceso("CONTABILIDAD", opcion))
+        pantallas().abrir(pantalla);
+    else // estas dos entradas lo dicen con mayúscula
+        muestre_mensaje(
+            QStringLiteral("Acceso no permitido. Comuníquese con el administrador del sistema."));
+}
+
+} // namespace
+
+void crear_tercero() {
+    abra_con_permiso(10, "Tfnvotercero");
+}
+
+void buscar_tercero() {
+    abra_con_permiso(11, "Tfterceros");
+}
+
+void abra_si_existe(const QString& pantalla) {
+    if (pantallas().existe(pantalla))
+        pantallas().abrir(pantalla);
+    else
+        fdm().mostrar_advertencia("La pantalla " + pantalla + " todavía no está disponible.");
+}
+
+QString modulo_de_terceros() {
+    return fdm().modulo == "C. X PAGAR" ? "CAJA" : fdm().modulo;
+}
