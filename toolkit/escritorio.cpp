@@ -43,6 +43,8 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         delete pantalla;
         return nullptr;
     }
+    // El marco nuevo haría olvidar el control que FormCreate escogió para empezar.
+    const QPointer<QWidget> primero = pantalla->focusWidget();
     auto* ventana = new QMdiSubWindow;
     ventana->setAttribute(Qt::WA_DeleteOnClose);
     ventana->setObjectName(QStringLiteral("ventana_") + pantalla->objectName());
@@ -66,6 +68,8 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         if (pantalla->del_area_)
             ventana->move(0, 0);
         area_->setActiveSubWindow(ventana);
+        if (primero)
+            primero->setFocus();
     }
     emit cambiaron_las_abiertas();
     QPointer<Pantalla> viva(pantalla);
