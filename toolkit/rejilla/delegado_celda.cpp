@@ -86,8 +86,14 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
         const qsizetype salto = texto.indexOf('\n');
         if (salto >= 0)
             texto = texto.left(salto) + QStringLiteral(" …");
+        // Un importe recortado se leería como otro importe.
+        if (medidas.horizontalAdvance(texto) > hueco.width())
+            texto =
+                modelo.numerica(indice.column())
+                    ? QString(qMax(1, hueco.width() / qMax(1, medidas.horizontalAdvance('#'))), '#')
+                    : medidas.elidedText(texto, Qt::ElideRight, hueco.width());
         pintor->drawText(hueco, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
-                         medidas.elidedText(texto, Qt::ElideRight, hueco.width()));
+                         texto);
     }
 
     if (indice == rejilla_.currentIndex()) {

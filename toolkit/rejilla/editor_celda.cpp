@@ -38,12 +38,10 @@ void EditorCelda::digite(const QString& texto) {
 }
 
 void EditorCelda::keyPressEvent(QKeyEvent* evento) {
-    if (numerico_ && es_decimal_de_teclado(*evento)) {
-        insert(QStringLiteral("."));
-        modificado_ = true;
-        return;
-    }
-    QLineEdit::keyPressEvent(evento);
+    if (numerico_)
+        atienda_tecla_numerica(*evento, [this](QKeyEvent* e) { QLineEdit::keyPressEvent(e); });
+    else
+        QLineEdit::keyPressEvent(evento);
 }
 
 bool EditorCelda::desplegada() const {

@@ -183,28 +183,44 @@ void Rejilla::mida_filas() {
 void Rejilla::ajuste_anchos() {
     const bool antes = std::exchange(ajustando_anchos_, true);
     const QFontMetrics medidas(font());
+    QFont negrilla = font();
+    negrilla.setBold(true);
+    const QFontMetrics medidas_pie(negrilla);
+    const int aire = DelegadoCelda::margen(medidas);
     const int filas = qMin(modelo_->rowCount(), kFilasMedidas);
-    QStyleOptionViewItem opcion;
+    const QStyleOptionViewItem opcion;
+    QVector<int> anchos, contenidos;
+    int libre = viewport()->width();
     for (int c = 0; c < int(columnas_.size()); ++c) {
         const ColumnaRejilla& columna = *columnas_[size_t(c)];
         const int declarado = ancho_caracteres(medidas, columna.ancho);
-        const int titulo = encabezado_->sectionSizeHint(c);
+        int contenido = 0;
+        for (int f = 0; f < filas && !columna.casilla; ++f)
+            contenido =
+                qMax(contenido, itemDelegate()->sizeHint(opcion, modelo_->index(f, c)).width());
+        if (columna.ConSuma)
+            contenido = qMax(contenido, medidas_pie.horizontalAdvance(pie_->texto(c)) + 4 * aire);
+        // El contenido manda, sin que un nombre largo saque de la vista lo demás ni una columna
+        // vacía se quede sin dónde escribir. Un importe siempre cabe.
         int ancho = declarado;
-        if (filas > 0 && !columna.casilla) {
-            int contenido = 0;
-            for (int f = 0; f < filas; ++f)
-                contenido =
-                    qMax(contenido, itemDelegate()->sizeHint(opcion, modelo_->index(f, c)).width());
-            if (columna.ConSuma)
-                contenido =
-                    qMax(contenido,
-                         QFontMetrics(pie_->font()).horizontalAdvance(pie_->texto(c)) * 11 / 10 +
-                             2 * DelegadoCelda::margen(medidas));
-            // El contenido manda, sin que un nombre largo saque de la vista lo demás ni una columna
-            // vacía se quede sin dónde escribir.
-            ancho = qBound(declarado * 6 / 10, contenido, declarado * 3 / 2);
+        if (filas > 0 && !columna.casilla)
+            ancho = qBound(declarado * 6 / 10, contenido,
+                           modelo_->numerica(c) ? qMax(declarado, contenido) : declarado * 3 / 2);
+        ancho = qMax(encabezado_->sectionSizeHint(c), ancho);
+        anchos << ancho;
+        contenidos << contenido;
+        if (!isColumnHidden(c))
+            libre -= ancho;
+    }
+    for (int c = 0; c < int(columnas_.size()); ++c) {
+        // Lo que sobra a la derecha es de los textos que no caben.
+        if (const int falta = contenidos[c] - anchos[c];
+            isVisible() && !isColumnHidden(c) && falta > 0 && libre > 0) {
+            const int mas = qMin(falta, libre);
+            anchos[c] += mas;
+            libre -= mas;
         }
-        setColumnWidth(c, qMax(titulo, ancho));
+        setColumnWidth(c, anchos[c]);
     }
     ajustando_anchos_ = antes;
 }
@@ -295,6 +311,13 @@ const Rejilla::Aspecto& Rejilla::aspecto_de(int fila) const {
             OnGetCellParams(fila, aspecto_.letra, aspecto_.frente, aspecto_.fondo);
     }
     return aspecto_;
+}
+
+void Rejilla::showEvent(QShowEvent* evento) {
+    QTableView::showEvent(evento);
+    // Antes de mostrarse no se sabía cuánto espacio hay.
+    if (!evento->spontaneous() && !std::exchange(mostrada_, true))
+        aplique_anchos();
 }
 
 void Rejilla::paintEvent(QPaintEvent* evento) {

@@ -171,6 +171,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* evento) override;
     void focusInEvent(QFocusEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
     void changeEvent(QEvent* evento) override;
     void currentChanged(const QModelIndex& actual, const QModelIndex& anterior) override;
     void updateGeometries() override;
@@ -239,10 +240,12 @@ private:
     IndicadorFilas* indicador_;
     PieRejilla* pie_;
     EditorCelda* editor_ = nullptr;
+    bool abierto_ = false; ///< el editor está en la celda actual
     std::vector<std::unique_ptr<ColumnaRejilla>> columnas_;
     bool columnas_automaticas_ = true;
 
-    bool moviendo_ = false, sincronizando_ = false, escribiendo_ = false, saliendo_ = false;
+    bool moviendo_ = false, sincronizando_ = false, escribiendo_ = false, saliendo_ = false,
+         reenviando_ = false;
     bool geometria_ = false, ajustando_anchos_ = false, en_rejilla_ = false;
     bool intacta_ = false, naciendo_ = false;
     int columna_destino_ = -1;
@@ -262,7 +265,7 @@ private:
     QSettings* ajustes_ = nullptr;
     QString clave_anchos_;
     QTimer* reloj_anchos_;
-    bool anchos_puestos_ = false;
+    bool anchos_puestos_ = false, mostrada_ = false;
 
     mutable int fila_aspecto_ = -1;
     mutable Aspecto aspecto_;

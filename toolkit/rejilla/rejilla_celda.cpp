@@ -189,7 +189,7 @@ void Rejilla::cancele_fila() {
 // ---------------------------------------------------------------- editor
 
 bool Rejilla::digitando() const {
-    return editor_ && !editor_->isHidden();
+    return abierto_;
 }
 
 bool Rejilla::celda_editable(const QModelIndex& indice) const {
@@ -227,6 +227,7 @@ void Rejilla::abra_editor(const QString& texto, bool digitado) {
         editor_->selectAll();
     }
     ubique_editor();
+    abierto_ = true;
     editor_->show();
     editor_->raise();
     editor_->setFocus(Qt::OtherFocusReason);
@@ -240,6 +241,7 @@ void Rejilla::ubique_editor() {
 void Rejilla::cierre_editor() {
     if (!digitando())
         return;
+    abierto_ = false; // antes del foco: con él abierto, la rejilla se lo devolvería
     if (editor_->hasFocus())
         setFocus(Qt::OtherFocusReason);
     editor_->hide();
@@ -278,6 +280,7 @@ void Rejilla::escriba_pendiente() {
         asigne(columna, texto);
     } catch (...) {
         if (conjunto()->editando() && currentIndex().isValid() && SelectedIndex() == columna) {
+            abierto_ = true;
             editor_->show();
             editor_->digite(texto);
             if (con_foco)

@@ -312,8 +312,19 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
     evento->accept();
     if (navegue(*evento) || (!digitando() && tecla_de_celda(*evento)))
         return;
+    if (digitando()) {
+        // Llegó a la rejilla una tecla del editor; si él tampoco la quiere, sigue su camino.
+        if (!reenviando_) {
+            reenviando_ = true;
+            QApplication::sendEvent(editor_, evento);
+            reenviando_ = false;
+        } else {
+            evento->ignore();
+        }
+        return;
+    }
     const QString texto = escrito(*evento);
-    if (texto.isEmpty() || digitando() || !editable() || columnas_.empty()) {
+    if (texto.isEmpty() || !editable() || columnas_.empty()) {
         evento->ignore();
         return;
     }
@@ -326,8 +337,11 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
             proteja([&] { asigne(c, letra); });
         return;
     }
-    const bool decimal = c >= 0 && modelo_->numerica(c) && es_decimal_de_teclado(*evento);
-    abra_editor(decimal ? QStringLiteral(".") : texto, true);
+    if (c < 0 || !modelo_->numerica(c)) {
+        abra_editor(texto, true);
+        return;
+    }
+    atienda_tecla_numerica(*evento, [this](QKeyEvent* e) { abra_editor(e->text(), true); });
 }
 
 void Rejilla::inputMethodEvent(QInputMethodEvent* evento) {
