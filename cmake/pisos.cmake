@@ -32,14 +32,11 @@ function(quorvex_prueba archivo)
   cmake_parse_arguments(P "" "" "DEPENDE" ${ARGN})
   get_filename_component(nombre ${archivo} NAME_WE)
   add_executable(${nombre} ${archivo})
-  target_link_libraries(${nombre} PRIVATE ${P_DEPENDE} Qt6::Test)
-  if(TARGET apoyo_pruebas)
-    target_link_libraries(${nombre} PRIVATE apoyo_pruebas)
-  endif()
+  # Las mismas bibliotecas de Qt en todas: la cabecera precompilada exige iguales definiciones.
+  target_link_libraries(${nombre} PRIVATE ${P_DEPENDE} apoyo_pruebas Qt6::Widgets Qt6::PrintSupport
+                        Qt6::Test)
   target_include_directories(${nombre} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests)
-  if(EXISTS ${CMAKE_SOURCE_DIR}/tests/pch.h)
-    target_precompile_headers(${nombre} PRIVATE ${CMAKE_SOURCE_DIR}/tests/pch.h)
-  endif()
+  target_precompile_headers(${nombre} REUSE_FROM pch_pruebas)
   add_test(NAME ${nombre} COMMAND ${nombre} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
   set_tests_properties(${nombre} PROPERTIES ENVIRONMENT
     "QT_QPA_PLATFORM=offscreen;QUORVEX_PROYECTO=${CMAKE_SOURCE_DIR};QUORVEX_CONSTRUCCION=${CMAKE_BINARY_DIR}" TIMEOUT 300)

@@ -1,4 +1,10 @@
 #pragma once
+#include "core/recordset/conjunto.h"
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
 #include <QString>
+#include <QTableView>
+#include <QTemporaryDir>
 #include <QVector>
 #include <QtTest>

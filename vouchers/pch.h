@@ -1,4 +1,5 @@
 #pragma once
+#include <QApplication>
 #include <QDialog>
 #include "core/tfdm.h"
 #include "core/tfdmart.h"

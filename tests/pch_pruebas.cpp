@@ -1,0 +1,1 @@
+// Solo existe para que todas las pruebas compartan una cabecera precompilada.
