@@ -54,7 +54,7 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         QScopedValueRollback<bool> guarda(en_silencio_, true);
         area_->addSubWindow(ventana);
         const QSize marco = ventana->sizeHint() - ventana->widget()->sizeHint();
-        QSize tamano = pantalla->tamano_inicial() + (pantalla->del_area_ ? QSize() : marco);
+        QSize tamano = pantalla->tamano_inicial() + (pantalla->del_area_ ? QSize(0, 0) : marco);
         if (ajustes_)
             tamano = ajustes_->value(clave_tamano(pantalla), tamano).toSize();
         ventana->resize(tamano.boundedTo(pantalla->area_principal()));

@@ -1,0 +1,113 @@
+#pragma once
+// Sesión de una persona para probar pantallas: base propia, módulos de datos y marco de ventanas.
+//
+//     SesionGui s;                       // ADMIN, administrador
+//     SesionGui s("AUXILIAR");           // con las opciones de opciones_auxiliar()
+//     s.escritorio.area()                // aquí se abren las ventanas hijas
+#include "apoyo/base_prueba.h"
+#include "core/tfdm.h"
+#include "core/tfdmart.h"
+#include "core/tfdmcnt.h"
+#include "core/tfdmter.h"
+#include "toolkit/pantalla.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QTest>
+
+struct SesionGui {
+    explicit SesionGui(const QString& usuario = QStringLiteral("ADMIN"))
+        : escritorio(new QMdiArea(&ventana)) {
+        qputenv("QUORVEX_DIRECTORIO", base.ruta().toLocal8Bit());
+        dm.Quorvex.conectar(base.parametros(usuario));
+        dm.ConGeneral.conectar(base.parametros_general(usuario));
+        dm.modulo = QStringLiteral("CONTABILIDAD");
+        dm.codigo_compania = base.compania();
+        dm.usuario = usuario;
+        dm.administrador = usuario == QLatin1String("ADMIN");
+        dm.cargue_configuracion();
+        cnt.ano_actual = QStringLiteral("2017");
+        ventana.setCentralWidget(escritorio.area());
+        ventana.resize(1200, 800);
+        ventana.show();
+        ventana.activateWindow();
+        (void)QTest::qWaitForWindowActive(&ventana);
+    }
+    ~SesionGui() {
+        escritorio.cierre_todas();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    /// Valor de una consulta hecha por fuera de la sesión.
+    QString dato(const QString& sql) { return base.base().consulte(sql).texto(); }
+    /// Otorga una opción de CONTABILIDAD al usuario de la sesión.
+    void otorgue(int opcion) {
+        base.base().ejecute(QStringLiteral("update or insert into acceso_usuario (user_cod, "
+                                           "acus_modulo, acus_opcion, acus_si) values (%1, "
+                                           "'CONTABILIDAD', %2, 'S')")
+                                .arg(QuotedStr(dm.usuario))
+                                .arg(opcion));
+    }
+    void niegue(int opcion) {
+        base.base().ejecute(
+            QStringLiteral("delete from acceso_usuario where user_cod = %1 and acus_opcion = %2")
+                .arg(QuotedStr(dm.usuario))
+                .arg(opcion));
+    }
+    template <class T> T* abra(const QString& nombre) {
+        return qobject_cast<T*>(pantallas().abrir(nombre));
+    }
+
+    BaseDePrueba base;
+    Tfdm dm;
+    Tfdmcnt cnt;
+    Tfdmter ter;
+    TfdmArt art;
+    QMainWindow ventana;
+    Escritorio escritorio;
+};
+
+/// El control con foco. El monitor de las pruebas no devuelve la activación al cerrarse un diálogo.
+inline QWidget* con_foco() {
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (!QApplication::activeWindow() && w->isVisible()) {
+            w->activateWindow();
+            (void)QTest::qWaitForWindowActive(w);
+        }
+    QWidget* foco = QApplication::focusWidget();
+    return foco ? foco : QApplication::activeWindow();
+}
+/// Oprime una tecla donde esté el foco.
+inline void oprima(int clave, Qt::KeyboardModifiers modificadores = Qt::NoModifier) {
+    QTest::keyClick(con_foco(), Qt::Key(clave), modificadores);
+}
+/// Digita un texto donde esté el foco.
+inline void digite(const QString& texto) {
+    for (QChar c : texto)
+        QTest::sendKeyEvent(QTest::Click, con_foco(), Qt::Key(c.toUpper().unicode()), c,
+                            Qt::NoModifier);
+}
+/// Componente de una pantalla por su nombre.
+template <class T> T& componente(QWidget* pantalla, const char* nombre) {
+    T* c = pantalla->findChild<T*>(QLatin1String(nombre));
+    if (!c)
+        qFatal("%s no tiene %s", qPrintable(pantalla->objectName()), nombre);
+    return *c;
+}
+/// Pantalla de un piso más alto que solo se abre: deja ver con qué la llamaron.
+inline void registre_testigo(const QString& nombre, std::function<void()> al_crear = {}) {
+    class Testigo : public Pantalla {
+    public:
+        Testigo(const QString& nombre, std::function<void()> f)
+            : Pantalla(nombre, nombre), al_crear_(std::move(f)) {}
+        void FormCreate() override {
+            if (al_crear_)
+                al_crear_();
+        }
+
+    private:
+        std::function<void()> al_crear_;
+    };
+    pantallas().registre(nombre, [=] { return new Testigo(nombre, al_crear); });
+}
