@@ -7,7 +7,7 @@
 BarraBotones::BarraBotones(Pantalla* pantalla) : QWidget(pantalla), pantalla_(pantalla) {
     setObjectName(QStringLiteral("BarraBotones"));
     fila_ = new DisposicionFlujo(this, paso());
-    QSizePolicy politica(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy politica(QSizePolicy::Preferred, QSizePolicy::Minimum);
     politica.setHeightForWidth(true);
     setSizePolicy(politica);
 }
@@ -19,6 +19,7 @@ QPushButton* BarraBotones::boton(const QString& nombre, const QString& texto, co
     // Con el ratón no se queda con el foco: la acción trabaja sobre el control que lo tenía.
     b->setFocusPolicy(Qt::TabFocus);
     b->setAutoDefault(false);
+    b->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Minimum); // todos del mismo alto
     bool es_escape = false;
     if (!tecla.isEmpty()) {
         const QKeyCombination k = tecla[0];

@@ -43,12 +43,13 @@ QSize DisposicionFlujo::minimumSize() const {
 int DisposicionFlujo::acomode(const QRect& marco, bool aplicar) const {
     const bool cabe = sizeHint().width() <= marco.width();
     const int sobra = marco.width() - sizeHint().width();
+    const int alto_comun = sizeHint().height();
     int x = marco.x(), y = marco.y(), alto = 0;
     for (int i = 0; i < items_.size(); ++i) {
         QLayoutItem* item = items_[i];
         if (item->isEmpty())
             continue;
-        const QSize s = item->sizeHint();
+        const QSize s(item->sizeHint().width(), alto_comun);
         if (i == separador_ && cabe)
             x += sobra;
         if (x > marco.x() && x + s.width() > marco.x() + marco.width()) {

@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QStandardPaths>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QWidget>
@@ -16,6 +17,7 @@ ColoresEmpresa colores_;
 
 constexpr qreal kPixelesLetra = 12.0; ///< letra de 9 puntos a 96 puntos por pulgada
 constexpr int kPuntosMinimos = 9;
+const QColor kFondoFijo(0xe9, 0xed, 0xf1);
 
 /// Fusion con el foco siempre a la vista y medidas que crecen con la letra.
 class EstiloQuorvex : public QProxyStyle {
@@ -45,6 +47,14 @@ public:
         case PM_ExclusiveIndicatorWidth:
         case PM_ExclusiveIndicatorHeight:
             return escalado(14);
+        case PM_CheckBoxLabelSpacing:
+        case PM_RadioButtonLabelSpacing:
+            return escalado(6);
+        case PM_TitleBarHeight:
+            return escalado(24);
+        case PM_TitleBarButtonIconSize:
+        case PM_TitleBarButtonSize:
+            return escalado(16);
         case PM_ScrollBarExtent:
             return escalado(14);
         default:
@@ -57,6 +67,15 @@ public:
         if (elemento == PE_FrameFocusRect) {
             anillo(pintor, opcion->rect);
             return;
+        }
+        if (elemento == PE_PanelLineEdit && opcion->state.testFlag(State_ReadOnly)) {
+            // Lo que no se puede cambiar se ve distinto antes de intentarlo.
+            if (const auto* caja = qstyleoption_cast<const QStyleOptionFrame*>(opcion)) {
+                QStyleOptionFrame copia = *caja;
+                copia.palette.setColor(QPalette::Base, kFondoFijo);
+                QProxyStyle::drawPrimitive(elemento, &copia, pintor, widget);
+                return;
+            }
         }
         QProxyStyle::drawPrimitive(elemento, opcion, pintor, widget);
         if (elemento == PE_FrameLineEdit && opcion->state.testFlag(State_HasFocus))
@@ -141,8 +160,13 @@ void aplique_estilo(QApplication& aplicacion, const ColoresEmpresa& colores) {
     aplicacion.setStyle(new EstiloQuorvex);
     aplicacion.setPalette(paleta());
     // Adwaita trae sus iconos de color en PNG: no hace falta el complemento de SVG.
-    if (QIcon::fromTheme(QStringLiteral("document-save")).isNull())
+    if (QIcon::fromTheme(QStringLiteral("document-save")).isNull()) {
+        QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() +
+                                   QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
+                                                             QStringLiteral("icons"),
+                                                             QStandardPaths::LocateDirectory));
         QIcon::setThemeName(QStringLiteral("Adwaita"));
+    }
 }
 
 const ColoresEmpresa& colores_empresa() {

@@ -42,6 +42,8 @@ QGridLayout* Formulario::rejilla() {
         grupo_->setLayout(rejilla_);
     } else {
         raiz_->addLayout(rejilla_);
+        sueltas_.append(rejilla_);
+        rejilla_->setColumnMinimumWidth(0, ancho_rotulos_);
     }
     return rejilla_;
 }
@@ -59,6 +61,8 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
         const bool alto = crece_a_lo_alto(par.control);
         if (!par.etiqueta.isEmpty()) {
             QLabel* rotulo = ponga_rotulo(par.control, par.etiqueta);
+            if (columna == 0 && !grupo_)
+                alinee_rotulos(rotulo->sizeHint().width());
             r->addWidget(rotulo, renglon, columna,
                          (alto ? Qt::AlignTop : Qt::AlignVCenter) | Qt::AlignRight);
         }
@@ -69,13 +73,30 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
         celda->addStretch(0);
         // Una fila corta usa lo que le sobra a la derecha.
         r->addLayout(celda, renglon, columna + 1, 1, ultimo ? -1 : 1);
-        if (alto)
+        if (alto) {
             r->setRowStretch(renglon, 1);
+            elastico_ = grupo_elastico_ = true;
+        }
         columna += 2;
     }
     if (columna > 0)
         r->setColumnStretch(columna - 1, 1);
     return *this;
+}
+
+void Formulario::alinee_rotulos(int ancho) {
+    // Las filas de antes y de después de un grupo comparten la columna de los rótulos.
+    ancho_rotulos_ = qMax(ancho_rotulos_, ancho);
+    for (QGridLayout* r : sueltas_)
+        r->setColumnMinimumWidth(0, ancho_rotulos_);
+}
+
+void Formulario::remate() {
+    // Las filas de un grupo quedan juntas arriba si el de al lado es más alto.
+    if (grupo_ && rejilla_ && !grupo_elastico_)
+        rejilla_->setRowStretch(rejilla_->rowCount(), 1);
+    rejilla_ = nullptr;
+    grupo_elastico_ = false;
 }
 
 QLabel* Formulario::ponga_rotulo(QWidget* control, const QString& texto) {
@@ -103,11 +124,13 @@ void Formulario::nombre_accesible(QWidget* control, const QString& texto) {
 }
 
 Formulario& Formulario::ancha(QWidget* control, int estira) {
+    elastico_ = elastico_ || estira > 0;
     if (grupo_) {
         QGridLayout* r = rejilla();
         const int renglon = r->rowCount();
         r->addWidget(control, renglon, 0, 1, -1);
         r->setRowStretch(renglon, estira);
+        grupo_elastico_ = grupo_elastico_ || estira > 0;
         if (estira > 0)
             raiz_->setStretch(raiz_->count() - 1, qMax(1, estira));
     } else {
@@ -118,7 +141,7 @@ Formulario& Formulario::ancha(QWidget* control, int estira) {
 }
 
 Formulario& Formulario::grupo(const QString& titulo) {
-    rejilla_ = nullptr;
+    remate();
     grupo_ = new QGroupBox(titulo, dueno_);
     if (al_lado_ && banda_) {
         banda_->addWidget(grupo_, 1);
@@ -133,8 +156,8 @@ Formulario& Formulario::grupo(const QString& titulo) {
 }
 
 Formulario& Formulario::fin_grupo() {
+    remate();
     grupo_ = nullptr;
-    rejilla_ = nullptr;
     banda_ = nullptr;
     return *this;
 }
@@ -147,11 +170,14 @@ Formulario& Formulario::al_lado() {
 Formulario& Formulario::estire() {
     fin_grupo();
     raiz_->addStretch(1);
+    elastico_ = true;
     return *this;
 }
 
 Formulario& Formulario::botones(QWidget* barra) {
     fin_grupo();
+    if (!elastico_)
+        raiz_->addStretch(1); // las filas quedan juntas arriba
     raiz_->addWidget(barra);
     return *this;
 }

@@ -50,6 +50,8 @@ public:
 private:
     QGridLayout* rejilla();
     QLabel* ponga_rotulo(QWidget* control, const QString& texto);
+    void alinee_rotulos(int ancho);
+    void remate();
     static void nombre_accesible(QWidget* control, const QString& texto);
 
     QWidget* dueno_;
@@ -58,6 +60,10 @@ private:
     QGridLayout* rejilla_ = nullptr;
     QGroupBox* grupo_ = nullptr;
     bool al_lado_ = false;
+    bool elastico_ = false; ///< algo del formulario toma el alto libre
+    bool grupo_elastico_ = false;
+    QVector<QGridLayout*> sueltas_; ///< las que no están en un grupo
+    int ancho_rotulos_ = 0;
     struct Rotulo {
         const QWidget* control;
         QLabel* etiqueta;

@@ -1,5 +1,6 @@
 #include "toolkit/pantalla.h"
 
+#include "toolkit/controles/controldato.h"
 #include "toolkit/estilo.h"
 #include "toolkit/marcos.h"
 
@@ -65,6 +66,9 @@ bool Pantalla::consienta_cierre() {
     cerrando_ = false;
     if (consiente) {
         cerrada_ = true;
+        // Lo que quedó a medio escribir se descarta: perder el foco al cerrarse no debe guardarlo.
+        if (ControlDato* control = control_dato(focusWidget()))
+            control->restaure();
         if (Escritorio* e = escritorio(); e && !dialogo_)
             e->olvide(this);
     }

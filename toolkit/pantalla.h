@@ -7,13 +7,13 @@
 // FormClose antes de liberarla.
 #include "toolkit/proteccion.h"
 
+#include <QDialog>
 #include <QMap>
 #include <QPointer>
 #include <QVector>
 #include <QWidget>
 #include <functional>
 
-class QDialog;
 class QKeyEvent;
 class QMdiArea;
 class QMdiSubWindow;

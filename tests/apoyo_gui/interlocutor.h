@@ -7,8 +7,8 @@
 //     QVERIFY2(i.conforme(), qPrintable(i.queja()));
 //
 // Un diálogo que nadie esperaba se cierra con Esc y queda en `queja()`. `vistos()` son los textos
-// de todos los diálogos, en orden. `espere_modal` atiende un diálogo que no es un mensaje (una
-// pantalla modal): recibe la ventana y debe cerrarla.
+// de todos los diálogos, en orden. `espere_modal` atiende una pantalla modal o, con el nombre
+// "dialogo", un mensaje del que hay que mirar más que el texto: recibe la ventana y debe cerrarla.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
@@ -70,7 +70,8 @@ private:
             return;
         QPointer<QWidget> guarda = atendido_;
         atendido_ = modal;
-        if (auto* mensaje = qobject_cast<QMessageBox*>(modal))
+        auto* mensaje = qobject_cast<QMessageBox*>(modal);
+        if (mensaje && (cola_.isEmpty() || cola_.first().texto != mensaje->objectName()))
             conteste(*mensaje);
         else
             atienda(*modal);

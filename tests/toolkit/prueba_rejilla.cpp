@@ -488,7 +488,7 @@ private slots:
             p.digite("1105");
             p.rejilla->SelectedIndex(p.Debito);
             p.digite("7.25");
-            p.tecla(Qt::Key_Home);
+            p.rejilla->SelectedIndex(p.Cuenta);
         }
         p.detalle->Post();
         const qint64 por_renglon = reloj.elapsed() / 40;

@@ -87,9 +87,11 @@ struct RejillaDePrueba {
     }
     /// Teclas a quien tiene el foco, como las del usuario.
     void tecla(int clave, Qt::KeyboardModifiers m = Qt::NoModifier) {
-        // Tras un diálogo la ventana tarda en volver a estar activa.
-        if (!QApplication::focusWidget())
+        // Sin gestor de ventanas, la que queda tras un diálogo no se activa sola.
+        if (!QApplication::focusWidget()) {
+            ventana.activateWindow();
             (void)QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; });
+        }
         QTest::keyClick(QApplication::focusWidget(), Qt::Key(clave), m);
     }
     void digite(const QString& texto) {

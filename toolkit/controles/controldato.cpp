@@ -98,7 +98,11 @@ bool ControlDato::usuario_cambio() {
     }
     modificado_ = true;
     if (!conjunto()->editando()) {
+        // En un conjunto vacío Edit inserta y avisa de la fila nueva: lo recién escrito se
+        // conserva.
+        entrando_ = true;
         const bool bien = proteja([this] { conjunto()->Edit(); });
+        entrando_ = false;
         if (!bien || !conjunto()->editando()) {
             restaure();
             return false;
@@ -133,6 +137,8 @@ void ControlDato::foco_perdido(Qt::FocusReason razon) {
 }
 
 void ControlDato::estado_cambiado() {
+    if (entrando_)
+        return;
     if (modificado_ && conjunto() && conjunto()->editando()) {
         aplique_permiso();
         return;
@@ -141,15 +147,17 @@ void ControlDato::estado_cambiado() {
 }
 
 void ControlDato::fila_actual_cambiada() {
-    restaure();
+    if (!entrando_)
+        restaure();
 }
 
 void ControlDato::filas_reiniciadas() {
-    restaure();
+    if (!entrando_)
+        restaure();
 }
 
 void ControlDato::campo_cambiado(Campo* cual) {
-    if (cual ? cual != campo() : modificado_ && conjunto()->editando())
+    if (entrando_ || (cual ? cual != campo() : modificado_ && conjunto()->editando()))
         return;
     restaure();
 }

@@ -68,6 +68,7 @@ private:
     bool modificado_ = false;
     bool mostrando_ = false;
     bool escribiendo_ = false;
+    bool entrando_ = false; ///< Edit en curso por algo que el usuario escribió
     bool con_foco_ = false;
     bool permiso_ = true;
     bool apagado_ = false; ///< la pantalla lo quiere apagado

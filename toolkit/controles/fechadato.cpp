@@ -194,7 +194,10 @@ bool FechaDato::focusNextPrevChild(bool siguiente) {
 }
 
 void FechaDato::focusInEvent(QFocusEvent* evento) {
-    QDateEdit::focusInEvent(evento);
+    if (vacia_)
+        QAbstractSpinBox::focusInEvent(evento); // sin secciones que escoger
+    else
+        QDateEdit::focusInEvent(evento);
     const Qt::FocusReason razon = evento->reason();
     if (razon != Qt::MouseFocusReason && razon != Qt::PopupFocusReason &&
         razon != Qt::ActiveWindowFocusReason)

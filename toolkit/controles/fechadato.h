@@ -21,13 +21,13 @@ public:
     /// Después de un cambio del usuario.
     std::function<void()> OnChange;
     QSize sizeHint() const override;
+    void stepBy(int pasos) override;
 
 protected:
     void muestre() override;
     Valor contenido() const override;
     void aplique_permiso() override;
     void keyPressEvent(QKeyEvent* evento) override;
-    void stepBy(int pasos) override;
     bool focusNextPrevChild(bool siguiente) override;
     QString textFromDateTime(const QDateTime& momento) const override;
     QDateTime dateTimeFromText(const QString& texto) const override;

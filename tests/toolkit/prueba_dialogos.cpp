@@ -1,0 +1,163 @@
+// Mensajes, preguntas, mensaje que se quita solo y la barra de avisos.
+#include "apoyo_gui/interlocutor.h"
+#include "toolkit/barraestado.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/proteccion.h"
+
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+class PruebaDialogos : public QObject {
+    Q_OBJECT
+private slots:
+    void las_preguntas_solo_dicen_si_cuando_se_oprime_si() {
+        Interlocutor i;
+        const QString t = "Desea borrar <b>todo</b> ?"; // el texto no se interpreta
+        for (const char* respuesta : {"Sí", "No", ""}) {
+            i.espere(t, QString::fromUtf8(respuesta));
+            QCOMPARE(pregunte(t), QString::fromUtf8(respuesta) == QString::fromUtf8("Sí"));
+        }
+        i.espere_modal("dialogo", [&](QWidget* d) {
+            QStringList rotulos;
+            for (QAbstractButton* b : static_cast<QMessageBox*>(d)->buttons())
+                rotulos << b->text().remove('&');
+            QCOMPARE(rotulos, (QStringList{QString::fromUtf8("Sí"), "No"}));
+            d->close();
+        });
+        QVERIFY(!pregunte(t));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void abortar_o_reintentar_con_sus_rotulos() {
+        Interlocutor i;
+        const QStringList rotulos{"Eliminarlo", "Recuperarlo"};
+        const QString t = "Se encontró un comprobante previo. Desea Eliminarlo o Recuperarlo?";
+        i.espere(t, "Recuperarlo");
+        QCOMPARE(pregunte_botones(t, rotulos), Segunda);
+        i.espere(t, "Eliminarlo");
+        QCOMPARE(pregunte_botones(t, rotulos), Primera);
+        i.espere(t, ""); // Esc
+        QCOMPARE(pregunte_botones(t, rotulos), Ninguna);
+        i.espere_modal("dialogo", [](QWidget* d) { d->close(); });
+        QCOMPARE(pregunte_botones(t, rotulos), Ninguna);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void el_interlocutor_no_deja_pasar_un_dialogo_inesperado() {
+        Interlocutor i;
+        i.espere("Uno.");
+        muestre_error("Otro.");
+        QVERIFY(!i.conforme());
+        QVERIFY(i.queja().contains("mensaje inesperado: Otro."));
+        QVERIFY(i.queja().contains("no apareció: Uno."));
+        QCOMPARE(i.vistos(), QStringList{"Otro."});
+        i.olvide();
+        QVERIFY(i.conforme());
+    }
+
+    void las_fallas_de_un_evento_no_lo_cruzan() {
+        QStringList fallas;
+        instale_manejador_fallas([&](const QString& t) { fallas << t; });
+        QVERIFY(proteja([] {}));
+        QVERIFY(!proteja([] { throw EdicionAbortada(); }));
+        QVERIFY(!proteja([] { throw ErrorDatos("Mal."); }));
+        QVERIFY(!proteja([] { throw std::runtime_error("peor"); }));
+        instale_manejador_fallas({});
+        QCOMPARE(fallas, (QStringList{"Mal.", "peor"}));
+    }
+
+    void el_mensaje_temporal_se_va_con_escape() {
+        QWidget ventana;
+        ventana.show();
+        QWidget* visto = nullptr;
+        QTimer::singleShot(0, &ventana, [&] {
+            for (QWidget* w : QApplication::topLevelWidgets())
+                if (w->objectName() == "mensaje_temporal" && w->isVisible())
+                    visto = w;
+            if (!visto)
+                return;
+            auto* m = static_cast<QMessageBox*>(visto);
+            QCOMPARE(m->windowTitle(), "Advertencia");
+            QCOMPARE(m->text(), "El documento no cuadra.");
+            QVERIFY(m->buttons().isEmpty());
+            QVERIFY(!m->isModal());
+            QTest::keyClick(&ventana, Qt::Key_Escape);
+        });
+        QElapsedTimer reloj;
+        reloj.start();
+        mensaje_temporal("El documento no cuadra.");
+        QVERIFY(visto);
+        QVERIFY(reloj.elapsed() < 1500);
+        QTimer::singleShot(0, [] {}); // la vigilancia de Esc terminó con el mensaje
+        bool llego = false;
+        QLineEdit caja;
+        QObject::connect(&caja, &QLineEdit::textEdited, [&] { llego = true; });
+        QTest::keyClicks(&caja, "a");
+        QVERIFY(llego);
+    }
+
+    void el_mensaje_temporal_dura_diez_rondas() {
+        QElapsedTimer reloj;
+        reloj.start();
+        mensaje_temporal("Nadie oprime nada.");
+        QVERIFY2(reloj.elapsed() >= 4900 && reloj.elapsed() < 7000,
+                 qPrintable(QString::number(reloj.elapsed())));
+    }
+
+    void la_ronda_de_colores_de_la_barra() {
+        AvisosBarra barra;
+        int pitidos = 0;
+        barra.pitido = [&] { ++pitidos; };
+        QCOMPARE(barra.color(), AvisosBarra::Celeste);
+        QCOMPARE(barra.palette().color(QPalette::Window), QColor(0xA6, 0xCA, 0xF0));
+        barra.mostrar_mensaje(); // en celeste no se ve la solicitud
+        QCOMPARE(barra.text(), "");
+
+        barra.mostrar_advertencia("La cuenta no existe", 30);
+        QCOMPARE(barra.text(), "Advertencia: La cuenta no existe");
+        QCOMPARE(barra.palette().color(QPalette::Window), QColor(Qt::red));
+        QCOMPARE(barra.Timer2->interval(), 3000);
+        QVERIFY(barra.Timer2->isActive());
+        barra.mostrar_alerta("Cierre el mes", 5); // no tapa una advertencia, pero suena
+        QCOMPARE(barra.text(), "Advertencia: La cuenta no existe");
+        QCOMPARE(barra.Timer2->interval(), 3000);
+        QCOMPARE(pitidos, 2);
+        barra.mostrar_mensaje();
+        QCOMPARE(barra.color(), AvisosBarra::Rojo);
+        barra.quitar_mensaje();
+        QCOMPARE(barra.color(), AvisosBarra::Rojo);
+
+        barra.Timer2Timer();
+        QCOMPARE(barra.color(), AvisosBarra::Boton);
+        QCOMPARE(barra.text(), "");
+        QVERIFY(!barra.Timer2->isActive());
+        barra.mostrar_alerta("Se pierde", 5); // en color de botón el recordatorio se pierde
+        QCOMPARE(barra.text(), "");
+        QCOMPARE(pitidos, 3);
+
+        barra.sin_mensaje = true;
+        barra.mostrar_mensaje();
+        QCOMPARE(barra.color(), AvisosBarra::Boton);
+        barra.sin_mensaje = false;
+        barra.mostrar_mensaje();
+        QCOMPARE(barra.text(), "Solicitando información. Espere un momento...");
+        QCOMPARE(barra.palette().color(QPalette::Window), QColor(Qt::blue));
+        barra.quitar_mensaje();
+        QCOMPARE(barra.color(), AvisosBarra::Celeste);
+        barra.mostrar_alerta("Cierre el mes", 1);
+        QCOMPARE(barra.text(), "RECORDAR: Cierre el mes");
+        QCOMPARE(barra.palette().color(QPalette::Window), QColor(Qt::yellow));
+        QTRY_COMPARE_WITH_TIMEOUT(barra.color(), AvisosBarra::Boton, 1000);
+        // Un aviso nuevo reinicia el reloj, y la duración cero lo deja fijo.
+        barra.mostrar_advertencia("Primero", 1);
+        barra.mostrar_advertencia("Segundo", 0);
+        QTest::qWait(200);
+        QCOMPARE(barra.text(), "Advertencia: Segundo");
+        barra.texto("FieldByName: texto crudo");
+        QCOMPARE(barra.color(), AvisosBarra::Rojo);
+    }
+};
+
+QTEST_MAIN(PruebaDialogos)
+#include "prueba_dialogos.moc"

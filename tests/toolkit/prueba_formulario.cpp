@@ -1,0 +1,260 @@
+// Constructor de formularios, barra de botones que se acomoda, búsqueda de listas y apariencia.
+#include "apoyo_gui/interlocutor.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/controles/casilladato.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/memodato.h"
+#include "toolkit/estilo.h"
+#include "toolkit/formulario.h"
+#include "toolkit/listabusqueda.h"
+
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QRadioButton>
+
+namespace {
+
+QRect en(const QWidget* w, const QWidget* ventana) {
+    return {w->mapTo(ventana, QPoint(0, 0)), w->size()};
+}
+
+/// Deja la letra del programa como estaba.
+struct LetraGrande {
+    QFont antes = QApplication::font();
+    LetraGrande() {
+        QFont f = antes;
+        f.setPointSizeF(f.pointSizeF() * 2);
+        QApplication::setFont(f);
+    }
+    ~LetraGrande() { QApplication::setFont(antes); }
+};
+
+} // namespace
+
+class PruebaFormulario : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { aplique_estilo(*qApp); }
+
+    void rotulos_alineados_con_atajo_y_nombre_accesible() {
+        ConjuntoDatos datos(nullptr, "CDatos");
+        datos.texto("COD", 20);
+        datos.texto("CIUDAD", 20);
+        datos.texto("PAIS", 3);
+        datos.memo("OBS");
+        datos.CreateDataSet();
+        Pantalla ventana("TfEjemplo");
+        auto* codigo = new EditorDato(&datos, "COD");
+        auto* ciudad = new EditorDato(&datos, "CIUDAD");
+        auto* pais = new EditorDato(&datos, "PAIS");
+        auto* nombre_pais = new QLabel("Colombia");
+        auto* notas = new MemoDato(&datos, "OBS");
+        auto* activa = new QCheckBox("&Activa");
+        Formulario f(&ventana);
+        f.fila("&Código", codigo);
+        f.fila({{"Ciudad", ciudad}, {"&País", Formulario::junto({pais, nombre_pais})}});
+        f.grupo("Otros").fila("", activa).fila("Observaciones", notas);
+        ventana.resize(800, 500);
+        ventana.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&ventana));
+
+        QLabel* r = f.etiqueta(codigo);
+        QCOMPARE(r->text(), "&Código:");
+        QCOMPARE(r->buddy(), codigo);
+        QCOMPARE(codigo->accessibleName(), "Código");
+        QCOMPARE(pais->accessibleName(), "País"); // el que recibe el foco dentro del conjunto
+        // El rótulo termina pegado a su control, y los controles empiezan en la misma columna.
+        const QRect c = en(codigo, &ventana), ci = en(ciudad, &ventana);
+        QCOMPARE(c.left(), ci.left());
+        QCOMPARE(c.left() - en(r, &ventana).right() - 1, paso());
+        QCOMPARE(en(f.etiqueta(ciudad), &ventana).right(), en(r, &ventana).right());
+        QVERIFY(en(pais, &ventana).left() > ci.right());
+        QCOMPARE(en(pais, &ventana).center().y(), ci.center().y());
+        QVERIFY(codigo->width() < 400); // del ancho de su dato, no del de la ventana
+        QVERIFY(pais->width() < ciudad->width());
+        QVERIFY(notas->width() > 500);
+        f.muestre(codigo, false);
+        QVERIFY(r->isHidden() && codigo->isHidden());
+        f.rotule(codigo, "Cuenta");
+        QCOMPARE(r->text(), "Cuenta:");
+        QCOMPARE(codigo->accessibleName(), "Cuenta");
+    }
+
+    void con_letra_doble_todo_crece_y_nada_se_corta() {
+        QSize antes;
+        const int paso_antes = paso();
+        for (const bool doble : {false, true}) {
+            std::unique_ptr<LetraGrande> letra;
+            if (doble)
+                letra = std::make_unique<LetraGrande>();
+            Pantalla ventana("TfEjemplo");
+            auto* periodo = new CajaPeriodo;
+            auto* caja = new QLineEdit;
+            Formulario f(&ventana);
+            f.fila({{"Período", periodo}, {"Documento de referencia", caja}});
+            ventana.resize(ventana.sizeHint());
+            ventana.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&ventana));
+            QLabel* r = f.etiqueta(caja);
+            QVERIFY(r->width() >= r->fontMetrics().horizontalAdvance(r->text()));
+            QVERIFY(periodo->height() >= periodo->fontMetrics().height());
+            if (doble) {
+                QVERIFY(ventana.width() > antes.width() * 3 / 2);
+                QVERIFY(qAbs(paso() - 2 * paso_antes) <= 2);
+            }
+            antes = ventana.size();
+        }
+    }
+
+    void la_barra_pasa_a_otro_renglon_si_no_cabe() {
+        Pantalla ventana("TfEjemplo");
+        auto* barra = new BarraBotones(&ventana);
+        QVector<QPushButton*> b;
+        for (int i = 0; i < 6; ++i)
+            b << barra->boton(QString("B%1").arg(i), QString("F%1:Opción %1").arg(i + 2), "",
+                              QKeySequence(), [] {});
+        barra->separe();
+        b << barra->boton("SBSalir", "Esc:Salir", "", Qt::Key_Escape, [] {});
+        barra->principal(b[0]);
+        QVERIFY(b[0]->isDefault());
+        Formulario f(&ventana);
+        f.fila("Dato", new QLineEdit).estire().botones(barra);
+        ventana.resize(1200, 300);
+        ventana.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&ventana));
+        QCOMPARE(b.first()->y(), b.last()->y());
+        QVERIFY(b.last()->geometry().right() >= barra->width() - 2); // separado, a la derecha
+        ventana.resize(420, 300);
+        QTRY_VERIFY(b.last()->y() > b.first()->y());
+        for (QPushButton* x : b)
+            QVERIFY(barra->rect().contains(x->geometry()));
+        QVERIFY(barra->geometry().bottom() <= ventana.height());
+    }
+
+    void una_pantalla_mas_grande_que_el_monitor_se_recorre_con_el_teclado() {
+        QMainWindow ventana;
+        auto* area = new QMdiArea;
+        Escritorio escritorio(area);
+        ventana.setCentralWidget(area);
+        ventana.resize(500, 260);
+        ventana.show();
+        ventana.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&ventana));
+        auto* p = new Pantalla("TfLarga");
+        QVector<QLineEdit*> cajas;
+        Formulario f(p);
+        for (int i = 0; i < 20; ++i) {
+            cajas << new QLineEdit;
+            f.fila(QString("Dato %1").arg(i), cajas.last());
+        }
+        escritorio.muestre(p);
+        cajas.first()->setFocus();
+        for (int i = 0; i < 19; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(cajas.last()->hasFocus());
+        QVERIFY(!cajas.last()->visibleRegion().isEmpty());
+    }
+
+    void texto_sql_de_la_busqueda_data() {
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<bool>("desorden");
+        QTest::addColumn<bool>("inactivos");
+        QTest::addColumn<QString>("sql");
+        QTest::newRow("sin texto") << "" << false << false
+                                   << "select * from cuentas  where cuen_activa = 'S' order by "
+                                      "cuen_nom";
+        QTest::newRow("sin texto y todas")
+            << "" << true << true << "select * from cuentas order by cuen_nom";
+        QTest::newRow("desde el texto")
+            << "caja" << false << false
+            << "select * from cuentas  where upper(cuen_nom) >= upper('caja') and cuen_activa = "
+               "'S' order by cuen_nom";
+        QTest::newRow("en cualquier posición, todas")
+            << "caja" << true << true
+            << "select * from cuentas  where upper(cuen_nom) like upper('%caja%') order by "
+               "cuen_nom";
+        QTest::newRow("la comilla va tal cual")
+            << "d'a" << false << true
+            << "select * from cuentas  where upper(cuen_nom) >= upper('d'a') order by cuen_nom";
+    }
+    void texto_sql_de_la_busqueda() {
+        QFETCH(QString, texto);
+        QFETCH(bool, desorden);
+        QFETCH(bool, inactivos);
+        CriterioBusqueda c{
+            "select * from cuentas ", "cuen_nom", texto, desorden, "cuen_activa", inactivos};
+        QTEST(sql_busqueda(c), "sql");
+    }
+
+    void texto_sql_sobre_una_base_con_condicion() {
+        CriterioBusqueda c;
+        c.base = "select * from PUC where TIPU_COD = 1 ";
+        c.conector = " and ";
+        c.mayusculas = false;
+        c.columna = "puc_cod";
+        c.texto = "11";
+        QCOMPARE(sql_busqueda(c),
+                 "select * from PUC where TIPU_COD = 1  and puc_cod >= '11' order by puc_cod");
+        c.desorden = true;
+        QCOMPARE(sql_busqueda(c),
+                 "select * from PUC where TIPU_COD = 1  and puc_cod like '%11%' order by puc_cod");
+    }
+
+    void la_fila_de_busqueda_arma_su_criterio_y_enter_busca_antes_de_escoger() {
+        QMainWindow ventana;
+        auto* area = new QMdiArea;
+        Escritorio escritorio(area);
+        ventana.setCentralWidget(area);
+        ventana.resize(900, 400);
+        ventana.show();
+        ventana.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&ventana));
+        auto* p = new Pantalla("TfLista");
+        auto* fila =
+            new FilaBusqueda({{"Código", "cuen_cod"}, {"Nombre", "cuen_nom"}}, "Mostrar inactivas");
+        Formulario f(p);
+        f.ancha(fila, 0);
+        QStringList hechos;
+        const CriterioBusqueda plantilla{"select * from cuentas ", {}, {}, false, "cuen_activa"};
+        fila->sbBuscarClick = [&] { hechos << sql_busqueda(fila->criterio(plantilla)); };
+        bool filtros = false;
+        fila->ckfiltroClick = [&](bool si) { filtros = si; };
+        p->tecla(Qt::Key_Return, "SBSelec", [&] { hechos << "escoge"; });
+        escritorio.muestre(p);
+        fila->ItemIndex(1);
+        fila->EBuscar->setFocus();
+        QTest::keyClicks(fila->EBuscar, "caja");
+        QTest::keyClick(fila->EBuscar, Qt::Key_Return);
+        QTest::keyClick(fila->EBuscar, Qt::Key_Return);
+        QCOMPARE(hechos.size(), 2);
+        QVERIFY(hechos[0].contains("upper(cuen_nom) >= upper('caja') and cuen_activa = 'S'"));
+        QCOMPARE(hechos[1], "escoge");
+        QTest::keyClick(fila->CkDesorden, Qt::Key_Space);
+        QCOMPARE(hechos.size(), 2);
+        QTest::keyClick(fila->ckinact, Qt::Key_Space); // cambiar inactivas vuelve a buscar
+        QCOMPARE(hechos.last(), "select * from cuentas  where upper(cuen_nom) like "
+                                "upper('%caja%') order by cuen_nom");
+        QTest::keyClick(fila->ckfiltro, Qt::Key_Space);
+        QVERIFY(filtros);
+        const FilaBusqueda sin_inactivos({{"Código", "arti_cod"}}, "");
+        QVERIFY(!sin_inactivos.ckinact);
+    }
+
+    void el_estilo_tiene_iconos_letra_de_cifras_y_colores_que_se_leen_en_gris() {
+        const QFontMetrics m(fuente_cifras(QApplication::font()));
+        QCOMPARE(m.horizontalAdvance('1'), m.horizontalAdvance('8'));
+        QVERIFY(qGray(color_negativo().rgb()) < 110);
+        QVERIFY(icono("no-existe-este-icono").isNull());
+        if (QFile::exists("/usr/share/icons/Adwaita/index.theme"))
+            for (const char* n : {"document-save", "edit-delete", "edit-find", "document-print"})
+                QVERIFY2(!icono(n).isNull(), n);
+    }
+};
+
+QTEST_MAIN(PruebaFormulario)
+#include "prueba_formulario.moc"

@@ -1,0 +1,370 @@
+// Listas: sumas del pie, filtros, orden, marcas, paquetes, anchos y aspecto de las filas.
+#include "rejilla_de_prueba.h"
+
+#include "apoyo/base_prueba.h"
+#include "core/recordset/proveedor.h"
+#include "core/recordset/sentencia.h"
+#include "toolkit/estilo.h"
+
+#include <QHeaderView>
+#include <QRandomGenerator>
+#include <QScrollBar>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+/// Números del 1 al `cuantos` (hasta un millón), con un texto y un importe, sin tabla alguna.
+QString muchas_filas(int cuantos) {
+    return QStringLiteral(
+               "with recursive n as (select 0 i from rdb$database union all select i + 1 from n "
+               "where i < 999) select a.i * 1000 + b.i + 1 as ID, 'Cuenta ' || (a.i * 1000 + b.i + "
+               "1) as NOMBRE, cast(a.i * 1000 + b.i + 1 as numeric(15,2)) as VALOR from n a cross "
+               "join n b where a.i * 1000 + b.i < %1 order by 1")
+        .arg(cuantos);
+}
+
+bool tiene_color(const QImage& imagen, const QColor& color) {
+    for (int y = 0; y < imagen.height(); ++y)
+        for (int x = 0; x < imagen.width(); ++x)
+            if (imagen.pixelColor(x, y) == color)
+                return true;
+    return false;
+}
+
+} // namespace
+
+class PruebaRejillaListas : public QObject {
+    Q_OBJECT
+    BaseDePrueba base_;
+
+    struct ListaServidor {
+        Sentencia sentencia;
+        Proveedor proveedor;
+        ConjuntoDatos lista;
+        ListaServidor(Conexion& c, int filas, int paquete)
+            : sentencia(nullptr, "Q", c, muchas_filas(filas)), proveedor(nullptr, "P", &sentencia),
+              lista(nullptr, "CLista", &proveedor) {
+            lista.entero("ID").banderas(pfInKey);
+            lista.texto("NOMBRE", 30);
+            lista.decimal("VALOR").formato("#,###.00");
+            lista.PacketRecords = paquete;
+        }
+    };
+
+private slots:
+    void initTestCase() { aplique_estilo(*qApp); }
+
+    void el_pie_es_exacto_despues_de_cada_cambio() {
+        RejillaDePrueba p(30);
+        ConjuntoDatos& d = *p.detalle;
+        const auto cuente = [&] {
+            Moneda suma;
+            for (int i = 0; i < d.RecordCount(); ++i)
+                suma += d.valor_en(i, d.FieldByName("CODE_DEBITO")).moneda();
+            return suma;
+        };
+        QCOMPARE(p.rejilla->suma(p.Debito), cuente());
+        QRandomGenerator azar(7);
+        for (int i = 0; i < 300; ++i) {
+            const Moneda valor = Moneda::de_unidades(azar.bounded(1, 99'999'999));
+            // Algunas grabaciones se rehúsan: también ahí el pie dice lo que hay.
+            proteja([&] {
+                switch (azar.bounded(7)) {
+                case 0:
+                    d.Append();
+                    d.FieldByName("CUEN_COD").asigne("1");
+                    d.FieldByName("CODE_DEBITO").asigne(valor);
+                    break;
+                case 1:
+                    d.Insert();
+                    break;
+                case 2:
+                    d.Edit();
+                    d.FieldByName("CODE_DEBITO").asigne(valor);
+                    break;
+                case 3:
+                    d.Cancel();
+                    break;
+                case 4:
+                    if (d.RecordCount() > 5)
+                        d.Delete();
+                    break;
+                case 5:
+                    d.vaya_a(azar.bounded(d.RecordCount()));
+                    break;
+                default:
+                    p.rejilla->ordene_por(azar.bounded(5));
+                }
+            });
+            QCOMPARE(p.rejilla->suma(p.Debito), cuente());
+        }
+        d.CancelUpdates();
+        QCOMPARE(p.rejilla->suma(p.Debito), cuente());
+        QVERIFY_THROWS_EXCEPTION(ErrorDatos, p.rejilla->suma(9));
+    }
+
+    void la_fila_de_filtros_deja_lo_que_pide_cada_expresion() {
+        RejillaDePrueba p;
+        ConjuntoDatos& d = *p.detalle;
+        d.vaya_a(1);
+        d.Edit();
+        d.FieldByName("CODE_CONCEPTO").asigne(QStringLiteral("Café y té"));
+        d.FieldByName("CODE_DEBITO").asigne(Moneda(1500));
+        d.FieldByName("CONC_COD").asigne("OFI");
+        d.Post();
+        const struct {
+            int columna;
+            const char* expresion;
+            QString quedan; // últimas cifras de las cuentas
+        } casos[] = {
+            {p.Concepto, "cafe", "2"},
+            {p.Concepto, "REN", "13"},
+            {p.Concepto, "<>cafe y te", "13"},
+            {p.Cuenta, ">=110502", "23"},
+            {p.Cuenta, "05", "123"},
+            {p.Debito, ">300", "2"},
+            {p.Debito, "<=300", "13"},
+            {p.Debito, "=1,500.00", "2"},
+            {p.Debito, "1,500", "2"},
+            {p.Categoria, "=", "13"},
+            {p.Categoria, "<>", "2"},
+            {p.Categoria, "oficina", "2"},
+            {p.Debito, ">", "123"},
+            {p.Cuenta, "zz", ""},
+        };
+        p.rejilla->filtro_visible(true);
+        for (const auto& caso : casos) {
+            // Arriba en la primera fila pasa a los filtros, y Enter aplica.
+            d.First();
+            p.rejilla->setFocus();
+            p.rejilla->SelectedIndex(caso.columna);
+            p.tecla(Qt::Key_Up);
+            QVERIFY(p.rejilla->en_fila_de_filtro());
+            const QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+            QVERIFY(p.rejilla->reclama(enter));
+            p.digite(QString::fromUtf8(caso.expresion));
+            p.tecla(Qt::Key_Return);
+            QString quedan;
+            for (int i = 0; i < d.RecordCount(); ++i)
+                quedan += p.en(i, "CUEN_COD").right(1);
+            QVERIFY2(quedan == caso.quedan,
+                     qPrintable(QString("%1: %2").arg(caso.expresion, quedan)));
+            p.tecla(Qt::Key_Escape); // limpia y vuelve a mostrar todo
+            QCOMPARE(d.RecordCount(), 3);
+            p.tecla(Qt::Key_Escape);
+            QVERIFY(!p.rejilla->en_fila_de_filtro());
+        }
+        // Dos columnas se suman; ocultar la fila quita los filtros.
+        p.rejilla->SelectedIndex(p.Cuenta);
+        p.tecla(Qt::Key_Up);
+        p.digite(">=110502");
+        p.tecla(Qt::Key_Tab);
+        p.digite("ren");
+        p.tecla(Qt::Key_Return);
+        QCOMPARE(d.RecordCount(), 1);
+        p.rejilla->filtro_visible(false);
+        QCOMPARE(d.RecordCount(), 3);
+        QVERIFY(p.rejilla->hasFocus());
+    }
+
+    void el_titulo_ordena_en_memoria_y_conserva_fila_y_marcas() {
+        RejillaDePrueba p(20);
+        p.rejilla->dgMultiSelect(true);
+        QHeaderView* titulos = p.rejilla->horizontalHeader();
+        const auto oprima = [&](int c) {
+            const QPoint donde(titulos->sectionViewportPosition(c) + 10, 5);
+            QTest::mouseClick(titulos->viewport(), Qt::LeftButton, {}, donde);
+        };
+        QString titulo;
+        p.rejilla->OnTitleClick = [&](Campo& c) { titulo = c.FieldName; };
+        oprima(p.Debito);
+        QCOMPARE(titulo, QString("CODE_DEBITO"));
+        p.rejilla->orden_local = true;
+        p.detalle->vaya_a(4);
+        p.rejilla->marque(4);
+        p.rejilla->marque(7);
+        oprima(p.Debito);
+        QCOMPARE(p.en(0, "CODE_DEBITO"), QString("100"));
+        oprima(p.Debito);
+        QCOMPARE(p.en(0, "CODE_DEBITO"), QString("2000"));
+        QCOMPARE(p.detalle->FieldByName("CUEN_COD").texto(), QString("110505"));
+        QCOMPARE(p.celda().first, p.detalle->RecNo());
+        QStringList marcadas;
+        for (const int f : p.rejilla->filas_marcadas())
+            marcadas << p.en(f, "CUEN_COD");
+        QCOMPARE(marcadas, QStringList({"110508", "110505"}));
+        QCOMPARE(titulos->sortIndicatorSection(), int(p.Debito));
+    }
+
+    void las_filas_se_marcan_con_espacio_mayus_y_control() {
+        RejillaDePrueba p(10);
+        p.rejilla->ReadOnly = true;
+        p.rejilla->dgMultiSelect(true);
+        int avisos = 0;
+        p.rejilla->OnSelectionChanged = [&] { ++avisos; };
+        p.tecla(Qt::Key_Space);
+        QCOMPARE(p.rejilla->filas_marcadas(), QVector<int>({0}));
+        p.tecla(Qt::Key_Down);
+        p.tecla(Qt::Key_Down);
+        p.tecla(Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(p.rejilla->filas_marcadas(), QVector<int>({0, 2, 3}));
+        p.clic(6, 0, Qt::ControlModifier);
+        p.clic(2, 0, Qt::ControlModifier);
+        QCOMPARE(p.rejilla->filas_marcadas(), QVector<int>({0, 3, 6}));
+        p.clic(4, 0, Qt::ShiftModifier);
+        QCOMPARE(p.rejilla->filas_marcadas(), QVector<int>({0, 2, 3, 4, 6}));
+        QVERIFY(avisos >= 6);
+        p.detalle->First();
+        p.detalle->Delete(); // las marcas siguen a sus filas
+        QCOMPARE(p.rejilla->filas_marcadas(), QVector<int>({1, 2, 3, 5}));
+        p.tecla(Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(p.rejilla->filas_marcadas().size(), 9);
+        p.rejilla->quite_marcas();
+        QVERIFY(p.rejilla->filas_marcadas().isEmpty());
+    }
+
+    void las_filas_llegan_por_paquetes_a_medida_que_se_miran() {
+        ListaServidor s(base_.base(), 1200, 100);
+        Rejilla r;
+        r.columnas({{"ID", "Número", 8}, {"NOMBRE", "Nombre", 20}, {"VALOR", "Valor", 14, Suma}});
+        r.ReadOnly = true;
+        r.pie(true);
+        r.ate(&s.lista);
+        s.lista.Open();
+        r.resize(500, 300);
+        r.show();
+        r.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&r));
+        r.setFocus();
+        QCOMPARE(s.lista.RecordCount(), 100);
+        QCOMPARE(r.suma(2), Moneda(5050));
+        for (int i = 0; i < 12; ++i)
+            QTest::keyClick(&r, Qt::Key_PageDown);
+        const int tras_paginas = s.lista.RecordCount();
+        QVERIFY(tras_paginas > 100 && tras_paginas <= 400);
+        QCOMPARE(r.currentIndex().row(), s.lista.RecNo());
+        QVERIFY(s.lista.RecNo() > 90);
+        r.verticalScrollBar()->setValue(r.verticalScrollBar()->maximum());
+        QCOMPARE(s.lista.RecordCount(), tras_paginas + 100);
+        QTest::keyClick(&r, Qt::Key_End, Qt::ControlModifier);
+        QVERIFY(s.lista.completo());
+        QCOMPARE(s.lista.RecNo(), 1199);
+        QCOMPARE(r.suma(2), Moneda(1200 * 1201 / 2));
+        QVERIFY(r.visualRect(r.currentIndex()).bottom() < r.viewport()->height());
+    }
+
+    void cien_mil_filas_siguen_livianas() {
+        ListaServidor s(base_.base(), 100000, -1);
+        Rejilla r;
+        r.columnas({{"ID", "Número", 8}, {"NOMBRE", "Nombre", 20}, {"VALOR", "Valor", 18, Suma}});
+        r.pie(true);
+        r.ate(&s.lista);
+        s.lista.Open();
+        r.resize(500, 300);
+        r.show();
+        r.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&r));
+        r.setFocus();
+        QCOMPARE(r.suma(2), Moneda::de_texto("5000050000"));
+        QElapsedTimer reloj;
+        reloj.start();
+        for (int i = 0; i < 200; ++i) {
+            QTest::keyClick(&r, i % 2 ? Qt::Key_Down : Qt::Key_PageDown);
+            QCoreApplication::processEvents();
+        }
+        const double por_tecla = reloj.elapsed() / 200.0;
+        QVERIFY2(por_tecla < 25, qPrintable(QString("%1 ms por tecla").arg(por_tecla)));
+        reloj.restart();
+        s.lista.Edit();
+        for (int i = 0; i < 200; ++i) {
+            s.lista.FieldByName("VALOR").asigne(Moneda(i));
+            r.suma(2);
+        }
+        QVERIFY2(reloj.elapsed() < 1000, qPrintable(QString::number(reloj.elapsed())));
+    }
+
+    void sin_tabla_de_columnas_muestra_lo_que_trae_el_conjunto() {
+        Sentencia q(nullptr, "Q", base_.base());
+        Proveedor prov(nullptr, "P", &q, poAllowCommandText);
+        ConjuntoDatos lista(nullptr, "C", &prov);
+        Rejilla r(nullptr, &lista);
+        lista.Open("select cuen_cod, cuen_nom from cuentas order by cuen_cod");
+        QCOMPARE(r.cuenta_columnas(), 2);
+        QCOMPARE(QString(r.columna(0).Titulo), QString("CUEN_COD"));
+        lista.Open("select cuen_cod, cuen_nom, 1234567 as saldo from cuentas order by cuen_cod");
+        QCOMPARE(r.cuenta_columnas(), 3);
+        r.columna(2).DisplayFormat = QString("#,###");
+        r.columna(2).ConSuma = true;
+        QCOMPARE(r.model()->index(0, 2).data().toString(), QString("1,234,567"));
+        QVERIFY(lista.RecordCount() > 5);
+        QCOMPARE(r.suma(2), Moneda(1234567 * lista.RecordCount()));
+    }
+
+    void los_anchos_se_recuerdan_por_usuario_y_pantalla() {
+        QTemporaryDir carpeta;
+        QSettings ajustes(carpeta.filePath("anchos.ini"), QSettings::IniFormat);
+        int elegido = 0;
+        {
+            RejillaDePrueba p;
+            p.rejilla->guarde_en(&ajustes, "ADMIN/Tfmovimien/DBGridEh1");
+            QHeaderView* h = p.rejilla->horizontalHeader();
+            const int borde = h->sectionViewportPosition(1) - 1;
+            QTest::mousePress(h->viewport(), Qt::LeftButton, {}, {borde, 5});
+            QTest::mouseMove(h->viewport(), {borde + 20, 5});
+            QTest::mouseMove(h->viewport(), {borde + 60, 5});
+            QTest::mouseRelease(h->viewport(), Qt::LeftButton, {}, {borde + 60, 5});
+            elegido = p.rejilla->columnWidth(0);
+            QVERIFY(!ajustes.contains("ADMIN/Tfmovimien/DBGridEh1/anchos"));
+        }
+        QVERIFY(ajustes.contains("ADMIN/Tfmovimien/DBGridEh1/anchos"));
+        RejillaDePrueba p;
+        QVERIFY(qAbs(p.rejilla->columnWidth(0) - elegido) > 30);
+        p.rejilla->guarde_en(&ajustes, "ADMIN/Tfmovimien/DBGridEh1");
+        QVERIFY(qAbs(p.rejilla->columnWidth(0) - elegido) <= 1);
+        p.rejilla->guarde_en(&ajustes, "OTRO/Tfmovimien/DBGridEh1");
+        QVERIFY(qAbs(p.rejilla->columnWidth(0) - elegido) > 30);
+    }
+
+    void los_importes_no_se_recortan_y_el_pie_queda_bajo_su_columna() {
+        RejillaDePrueba p;
+        p.detalle->Edit();
+        p.detalle->FieldByName("CODE_DEBITO").asigne(Moneda::de_texto("-9999999999999.99"));
+        p.detalle->Post();
+        p.rejilla->setColumnWidth(p.Debito, 40);
+        const QImage imagen = p.rejilla->grab().toImage();
+        QVERIFY(tiene_color(imagen, color_negativo()));
+        auto* pie = p.rejilla->findChild<QWidget*>("pie");
+        QVERIFY(pie->isVisible());
+        QCOMPARE(pie->geometry().top(), p.rejilla->viewport()->geometry().bottom() + 1);
+        p.rejilla->pie(false);
+        QVERIFY(!pie->isVisible());
+        QVERIFY(p.rejilla->viewport()->geometry().bottom() > pie->geometry().top());
+    }
+
+    void una_lista_sin_filas_lo_dice_y_las_filas_toman_su_color() {
+        RejillaDePrueba p(0);
+        const QImage muda = p.rejilla->viewport()->grab().toImage();
+        p.rejilla->texto_vacio = QStringLiteral("No hay movimientos. Abajo crea el primero.");
+        QVERIFY(p.rejilla->viewport()->grab().toImage() != muda);
+        p.digite("11");
+        p.rejilla->SelectedIndex(p.Debito);
+        p.digite("5");
+        p.detalle->Post();
+        const QColor inactiva(0xc0, 0x10, 0x20), fondo(0xff, 0xee, 0xaa);
+        QVERIFY(!tiene_color(p.rejilla->grab().toImage(), fondo));
+        p.rejilla->OnGetCellParams = [&](int fila, QFont& letra, QColor& frente, QColor& f) {
+            if (p.en(fila, "CUEN_COD") == "11") {
+                letra.setBold(true);
+                frente = inactiva;
+                f = fondo;
+            }
+        };
+        p.detalle->Append();
+        QVERIFY(tiene_color(p.rejilla->grab().toImage(), fondo));
+    }
+};
+
+QTEST_MAIN(PruebaRejillaListas)
+#include "prueba_rejilla_listas.moc"
