@@ -168,7 +168,7 @@ void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int
         dpb->insertInt(&estado, isc_dpb_page_size, 8192);
         dpb->insertString(&estado, isc_dpb_set_db_charset, "ISO8859_1");
         dpb->insertInt(&estado, isc_dpb_set_page_buffers, paginas_cache);
-        dpb->insertInt(&estado, isc_dpb_force_write, 1);
+        dpb->insertInt(&estado, isc_dpb_force_write, parametros.escritura_forzada ? 1 : 0);
     }
     IProvider* proveedor = maestro()->getDispatcher();
     const QByteArray ruta = parametros.base.toLocal8Bit();

@@ -40,14 +40,21 @@ QString huella() {
     return QString::fromLatin1(suma.result().toHex().left(16));
 }
 
+/// Las copias de la plantilla viven lo que la prueba: no hay que esperar al disco por ellas.
+ParametrosConexion desechable(const QString& base) {
+    ParametrosConexion p{base, QStringLiteral("SYSDBA"), {}};
+    p.escritura_forzada = false;
+    return p;
+}
+
 void arme(const QString& carpeta) {
     const Ubicacion lugar(carpeta);
-    const QString codigo = QStringLiteral("001"), dueno = QStringLiteral("SYSDBA");
+    const QString codigo = QStringLiteral("001");
     lugar.prepare_carpeta(lugar.base_compania(codigo));
     Conexion general, compania;
-    general.cree_base({lugar.base_general(), dueno, {}}, kPaginasCache);
+    general.cree_base(desechable(lugar.base_general()), kPaginasCache);
     Instalador(general).instale(TipoBase::General);
-    compania.cree_base({lugar.base_compania(codigo), dueno, {}}, kPaginasCache);
+    compania.cree_base(desechable(lugar.base_compania(codigo)), kPaginasCache);
     Instalador(compania).instale(TipoBase::Compania);
     agregue_datos_ejemplo(general, compania);
 }
