@@ -1,5 +1,6 @@
 #include "catalogues/forma_tercero.h"
 
+#include "catalogues/tfcuentas.h"
 #include "core/tfdm.h"
 #include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
@@ -162,10 +163,7 @@ void FormaTercero::DBEdit9DblClick(EditorDato& editor) {
 }
 
 void FormaTercero::escoja_cuenta(Campo& campo, const QString& desde) {
-    fdmcnt().cuenta_localizar = desde;
-    fdmcnt().cuenta_seleccion.clear();
-    pantallas().abrir_modal("Tfcuentas");
-    const QString escogida = std::exchange(fdmcnt().cuenta_seleccion, QString());
+    const QString escogida = ::escoja_cuenta(desde);
     if (!escogida.isEmpty())
         campo = escogida;
     else if (campo.texto().startsWith('?'))

@@ -19,13 +19,13 @@ Tfarticulos::Tfarticulos()
           {"ARTI_DES", "Descripción", 46},
           {"ARTI_UNIDAD", "Unidad", 10}},
          "Articulos");
-    barra_->boton("SBSalir", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
-                  [this] { close(); });
+    boton_salir();
     tamano(820, 520);
 }
 
 void Tfarticulos::FormCreate() {
     fdm().ConfigurarProviders(this);
+    aplique_modo();
     sbBuscarClick();
 }
 

@@ -50,14 +50,14 @@ Tfterceros::Tfterceros()
     // El letrero anuncia F8 y la tecla que funciona es F9: así se conoce la pantalla.
     barra_->boton("SBMovimiento", "F8:Movimiento", "view-list-details", QKeySequence(Qt::Key_F9),
                   [this] { SBMovimientoClick(); });
-    barra_->boton("SBSalir", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
-                  [this] { close(); });
+    boton_salir();
     tamano(1060, 560);
 }
 
 void Tfterceros::FormCreate() {
     modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
     fdm().ConfigurarProviders(this);
+    aplique_modo();
     if (!fdm().exija_acceso(11)) {
         pida_cierre_al_crear();
         return;
@@ -67,7 +67,8 @@ void Tfterceros::FormCreate() {
         conjunto_->Filter("TERC_ESTADO = 'S'");
         conjunto_->Filtered(true);
     }
-    consulte(kBase + "where terc_estado = 'S' order by terc_nom");
+    if (!busque_lo_pedido())
+        consulte(kBase + "where terc_estado = 'S' order by terc_nom");
 }
 
 void Tfterceros::sbBuscarClick() {

@@ -1,5 +1,8 @@
 #pragma once
 // Registro de Terceros: lista, mantenimiento y selección por NIT.
+//
+// Lo que escoge queda en fdmter().tercero_seleccion. Al abrir busca fdmcnt().texto_busqueda, si lo
+// hay: por NIT si empieza por cifra, si no por nombre.
 #include "catalogues/lista_catalogo.h"
 
 class Tfterceros : public ListaCatalogo {
