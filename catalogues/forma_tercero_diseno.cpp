@@ -7,10 +7,12 @@
 #include "toolkit/controles/fechadato.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/controles/memodato.h"
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 
 #include <QFrame>
 #include <QGridLayout>
+#include <QLabel>
 #include <QScrollArea>
 
 namespace {
@@ -25,8 +27,26 @@ QPushButton* boton_pequeno(QWidget* padre, const QString& nombre, const QString&
     auto* b = con_nombre(new QPushButton(texto, padre), nombre);
     b->setToolTip(ayuda);
     b->setAutoDefault(false);
+    if (texto.size() == 1)
+        b->setFixedWidth(paso(4));
     QObject::connect(b, &QPushButton::clicked, padre, [accion] { proteja(accion); });
     return b;
+}
+
+/// Casillas en columnas parejas, sin columna de rótulos.
+QWidget* en_columnas(int columnas, std::initializer_list<QWidget*> controles) {
+    auto* cuadro = new QWidget;
+    auto* cuadricula = new QGridLayout(cuadro);
+    cuadricula->setContentsMargins(0, 0, 0, 0);
+    cuadricula->setHorizontalSpacing(paso(1.5));
+    int i = 0;
+    for (QWidget* control : controles) {
+        cuadricula->addWidget(control, i / columnas, i % columnas,
+                              Qt::AlignLeft | Qt::AlignVCenter);
+        ++i;
+    }
+    cuadricula->setColumnStretch(columnas, 1);
+    return cuadro;
 }
 
 } // namespace
@@ -47,11 +67,11 @@ void FormaTercero::arme() {
         return l;
     };
     const auto casilla = [this](const QString& texto, const QString& campo) {
-        return con_nombre(new CasillaDato(texto, CTerceros, campo), "CK" + campo.mid(5));
+        return con_nombre(new CasillaDato(texto, CTerceros, campo), "CK" + campo.mid(4));
     };
 
     // --- identificación
-    ENit = editor("TERC_NIT", "ENit", 20);
+    ENit = editor("TERC_NIT", "ENit", 17);
     DBEdit8 = editor("TERC_DV", "DBEdit8", 3);
     dvdian = editor("TERC_DVDIAN", "EDvdian", 3);
     dvdian->setToolTip("Dígito de verificación según la DIAN");
@@ -60,9 +80,13 @@ void FormaTercero::arme() {
     EApellido2 = editor("TERC_APELLIDO2", "EApellido2", 20);
     ENombre1 = editor("TERC_NOMBRE1", "ENombre1", 20);
     ENombre2 = editor("TERC_NOMBRE2", "ENombre2", 20);
-    ENombre = editor("TERC_NOM", "ENombre", 60);
+    ENombre = editor("TERC_NOM", "ENombre", 44);
+    DBEdit8->setAccessibleName("Dígito de verificación");
+    dvdian->setAccessibleName("Dígito de verificación según la DIAN");
     f.grupo("Identificación")
-        .fila({{"N&IT", ENit}, {"D&V", DBEdit8}, {"DV DIAN", dvdian}, {"&Tipo", tipo}})
+        .fila({{"N&IT",
+                Formulario::junto({ENit, new QLabel("DV:"), DBEdit8, new QLabel("DIAN:"), dvdian})},
+               {"&Tipo", tipo}})
         .fila({{"Primer apellido", EApellido1}, {"Segundo apellido", EApellido2}})
         .fila({{"Primer nombre", ENombre1}, {"Segundo nombre", ENombre2}})
         .fila({{"&Nombre", ENombre}, {"", casilla("Activo", "TERC_ESTADO")}});
@@ -73,18 +97,18 @@ void FormaTercero::arme() {
     auto* paises = boton_pequeno(this, "SpeedButton3", "…", "Abrir el catálogo de países",
                                  [this] { abra_catalogo("Tfpaises"); });
     f.grupo("Ubicación")
-        .fila("Di&rección", editor("TERC_DIR", "EDir", 40))
+        .fila("Di&rección", editor("TERC_DIR", "EDir", 30))
         .fila("&Ciudad",
               Formulario::junto(
                   {lista("CIUD_COD", "LCiudad", CCiudades, "CIUD_COD", "CIUD_NOM"), ciudades}))
         .fila("&País", Formulario::junto(
                            {lista("PAIS_ID", "LPais", CPaises, "PAIS_ID", "PAIS_NOM"), paises}))
-        .fila({{"Te&léfono", editor("TERC_TEL", "ETel", 18)},
-               {"Celular", editor("TERC_CEL", "ECel", 16)}})
-        .fila({{"Fax", editor("TERC_FAX", "EFax", 18)},
+        .fila({{"Te&léfono", editor("TERC_TEL", "ETel", 15)},
+               {"Celular", editor("TERC_CEL", "ECel", 13)}})
+        .fila({{"Fax", editor("TERC_FAX", "EFax", 15)},
                {"Aniversario", con_nombre(new FechaDato(CTerceros, "TERC_ANIV"), "FAniv")}})
-        .fila("C&orreo", editor("TERC_EMAIL", "EEmail", 40))
-        .fila("Contacto", editor("TERC_CONTACTO", "EContacto", 40));
+        .fila("C&orreo", editor("TERC_EMAIL", "EEmail", 30))
+        .fila("Contacto", editor("TERC_CONTACTO", "EContacto", 30));
 
     // --- papeles
     panel_exento_ = con_nombre(new QFrame, "PExento");
@@ -104,22 +128,22 @@ void FormaTercero::arme() {
     concepto->setToolTip("Concepto en medios magnéticos");
     f.al_lado()
         .grupo("Papeles y tributos")
-        .fila({{"", casilla("Cl&iente", "TERC_CLIE")},
-               {"", casilla("Proveedor", "TERC_PROV")},
-               {"", casilla("Empleado", "TERC_EMPL")}})
-        .fila({{"", casilla("Conductor", "TERC_CONDUCTOR")},
-               {"", casilla("Asociado", "TERC_ASOCIADO")},
-               {"", casilla("Asociado nacional", "TERC_ASOCINAC")}})
-        .fila({{"", casilla("Transportador", "TERC_TRANS")},
-               {"", casilla("Administrador", "TERC_ADMINI")},
-               {"", casilla("Depositario", "TERC_DEPOS")}})
-        .fila({{"", casilla("Régimen simplificado", "TERC_SIMPLIFICA")},
-               {"", exento},
-               {"", panel_exento_}})
+        .ancha(en_columnas(3, {casilla("Cl&iente", "TERC_CLIE"), casilla("Proveedor", "TERC_PROV"),
+                               casilla("Empleado", "TERC_EMPL"),
+                               casilla("Conductor", "TERC_CONDUCTOR"),
+                               casilla("Transportador", "TERC_TRANS"),
+                               casilla("Administrador", "TERC_ADMINI"),
+                               casilla("Asociado", "TERC_ASOCIADO"),
+                               casilla("Asociado nacional", "TERC_ASOCINAC"),
+                               casilla("Depositario", "TERC_DEPOS")}),
+               0)
+        .ancha(en_columnas(
+                   3, {casilla("Régimen simplificado", "TERC_SIMPLIFICA"), exento, panel_exento_}),
+               0)
         .fila({{"Actividad", actividad}, {"Concepto", concepto}})
-        .fila("NIT contable", nit_contable)
         .fila({{"Licencia vence", con_nombre(new FechaDato(CTerceros, "TERC_LICVEN"), "FLicven")},
-               {"Categoría", editor("TERC_CATEGORIA", "ECategoria", 6)}});
+               {"Categoría", editor("TERC_CATEGORIA", "ECategoria", 6)}})
+        .fila("NIT contable", nit_contable);
 
     // --- cuentas
     const auto cuenta = [&](const char* campo, int numero) {
@@ -129,7 +153,7 @@ void FormaTercero::arme() {
         return e;
     };
     EObs = con_nombre(new MemoDato(CTerceros, "TERC_OBS"), "EObs");
-    EObs->lineas(4);
+    EObs->lineas(3);
     EObs->setAccessibleName("Observaciones");
     f.fin_grupo()
         .grupo("Cuentas propias en vez de las generales")
@@ -147,6 +171,7 @@ void FormaTercero::arme() {
         .fin_grupo()
         .estire();
 
+    cuerpo->layout()->setContentsMargins(0, 0, paso(), 0);
     auto* ventana = new QScrollArea(this);
     ventana->setWidget(cuerpo);
     ventana->setWidgetResizable(true);
@@ -161,5 +186,5 @@ void FormaTercero::arme() {
                   [this] { close(); });
     Formulario(this).ancha(ventana).botones(barra_);
     enter_como_tab();
-    tamano(1000, 620);
+    tamano(1040, 650);
 }

@@ -1,6 +1,7 @@
 #include "catalogues/tfterceros.h"
 
 #include "catalogues/terceros.h"
+#include "core/apertura.h"
 #include "core/tfdm.h"
 #include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
@@ -115,5 +116,5 @@ void Tfterceros::SBMovimientoClick() {
         return;
     fdmcnt().nit_comprobantes = codigo();
     fdmter().nombre_seleccion = conjunto_->FieldByName("TERC_NOM").texto();
-    abra_si_existe("Tfcomproterc");
+    abra_o_avise("Tfcomproterc");
 }
