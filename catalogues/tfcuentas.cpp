@@ -1,5 +1,6 @@
 #include "catalogues/tfcuentas.h"
 
+#include "catalogues/letracuenta.h"
 #include "catalogues/plancuentas.h"
 #include "core/tfdm.h"
 #include "core/tfdmcnt.h"
@@ -145,10 +146,7 @@ void Tfcuentas::SBSelecClick() {
 void Tfcuentas::pinte(int fila, QFont& letra, QColor& frente) const {
     if (conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_ACTIVA")).texto() == "N")
         frente = color_inactivo();
-    const qsizetype digitos =
-        conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_COD")).texto().size();
-    letra.setBold(digitos <= 2);
-    letra.setPointSizeF((digitos == 1 ? 10 : digitos == 2 ? 9 : 8) * escala());
+    letra_por_nivel(letra, conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_COD")).texto());
 }
 
 QString escoja_cuenta(const QString& localizar, Libro libro) {
