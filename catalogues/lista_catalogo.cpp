@@ -1,6 +1,7 @@
 #include "catalogues/lista_catalogo.h"
 
 #include "core/tfdm.h"
+#include "core/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -42,7 +43,7 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
     barra_ = new BarraBotones(this);
     barra_->boton("SBSelec", "Enter:Selecciona", "dialog-ok-apply", QKeySequence(),
                   [this] { SBSelecClick(); });
-    barra_->boton("SBNuevo", "F5:Nuevo", "document-new", QKeySequence(Qt::Key_F5),
+    barra_->boton(nombre_nuevo_, rotulo_nuevo_, "document-new", QKeySequence(Qt::Key_F5),
                   [this] { SBNuevoClick(); });
     barra_->boton("SBModificar", "F4:Modificar", "document-edit", QKeySequence(Qt::Key_F4),
                   [this] { SBModificarClick(); });
@@ -65,12 +66,22 @@ void ListaCatalogo::boton_salir() {
 }
 
 void ListaCatalogo::enter() {
-    if (DBGridEh1->filtro_visible())
+    if (DBGridEh1->filtro_visible() && !enter_con_filtros_)
         return; // la fila de filtros ya tomó su Enter; sobre las filas no hace más
     if (modo_mantenimiento_)
         SBModificarClick();
     else
         SBSelecClick();
+}
+
+bool ListaCatalogo::busque_lo_pedido() {
+    const QString texto = std::exchange(fdmcnt().texto_busqueda, {});
+    if (texto.isEmpty())
+        return false;
+    busqueda_->ItemIndex(texto[0].isDigit() ? 0 : 1);
+    busqueda_->EBuscar->setText(texto);
+    sbBuscarClick();
+    return true;
 }
 
 QString ListaCatalogo::codigo() const {

@@ -28,6 +28,9 @@ protected:
     void boton_salir();
     /// Deja a la vista los botones del modo en que se abrió.
     void aplique_modo();
+    /// Busca el texto que otra pantalla dejó tras un "?": por la primera columna si empieza por
+    /// cifra y si no por la segunda. Falso si no dejó ninguno.
+    bool busque_lo_pedido();
     /// Código de la fila actual, la primera columna; vacío sin filas.
     QString codigo() const;
     /// Cierra, cambia el texto y abre.
@@ -46,6 +49,9 @@ protected:
     Rejilla* DBGridEh1 = nullptr;
     BarraBotones* barra_ = nullptr;
     bool modo_mantenimiento_ = false;
+    // antes de `arme`
+    QString nombre_nuevo_ = "SBNuevo", rotulo_nuevo_ = "F5:Nuevo";
+    bool enter_con_filtros_ = false; ///< Enter actúa aunque la fila de filtros esté abierta
 
 private:
     bool recien_abierta_ = true;

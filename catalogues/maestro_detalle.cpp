@@ -28,12 +28,17 @@ Rejilla* MaestroDetalle::rejilla(const QString& nombre, ConjuntoDatos* conjunto,
     r->setObjectName(nombre);
     r->setAccessibleName(lado.titulo);
     r->columnas(lado.columnas);
+    r->enter_como_tab = true;
     r->texto_vacio = "No hay registros. Insert agrega el primero.";
     auto* navegador = new NavegadorDatos(conjunto, nbRecorrido | nbInsert | nbDelete, marco);
     navegador->setObjectName(QString(nombre).replace("DBGridEh", "DBNavigator"));
     auto* columna = new QVBoxLayout(marco);
     columna->addWidget(navegador);
     columna->addWidget(r, 1);
+    if (lado.debajo) {
+        columna->addWidget(lado.debajo);
+        setTabOrder(r, lado.debajo);
+    }
     return r;
 }
 
@@ -48,6 +53,13 @@ void MaestroDetalle::arme(const Lado& izquierda, const Lado& derecha) {
     division->setStretchFactor(1, derecha.parte);
     barra_ = new BarraBotones(this);
     Formulario(this).ancha(division).botones(barra_);
+}
+
+void MaestroDetalle::escoja_con(std::function<void()> escoja) {
+    DBGridEh1->OnDblClick = DBGridEh2->OnDblClick = [escoja](int) { escoja(); };
+    barra_->boton("SBSelec", "Selecciona", "dialog-ok-apply", QKeySequence(), std::move(escoja));
+    tecla(Qt::Key_F12, "Cambiar de rejilla",
+          [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
 }
 
 void MaestroDetalle::cancele_y_cierre() {

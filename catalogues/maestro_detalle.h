@@ -22,11 +22,14 @@ protected:
     struct Lado {
         QString titulo;
         QVector<DefinicionColumna> columnas;
-        int parte; ///< proporción del ancho
+        int parte;                 ///< proporción del ancho
+        QWidget* debajo = nullptr; ///< otro control, al pie de la rejilla
     };
     /// Arma rejillas, navegadores y barra cuando los campos ya están definidos. La barra queda sin
     /// botones: cada pantalla pone los suyos.
     void arme(const Lado& izquierda, const Lado& derecha);
+    /// Botón de escoger y doble clic en cualquiera de las rejillas; F12 pasa de una a la otra.
+    void escoja_con(std::function<void()> escoja);
     void cancele_y_cierre();
 
     Proveedor* proveedor_;

@@ -24,13 +24,6 @@ void buscar_tercero() {
     abra_con_permiso(11, "Tfterceros");
 }
 
-void abra_si_existe(const QString& pantalla) {
-    if (pantallas().existe(pantalla))
-        pantallas().abrir(pantalla);
-    else
-        fdm().mostrar_advertencia("La pantalla " + pantalla + " todavía no está disponible.");
-}
-
 QString modulo_de_terceros() {
     return fdm().modulo == "C. X PAGAR" ? "CAJA" : fdm().modulo;
 }

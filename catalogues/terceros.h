@@ -7,9 +7,6 @@ void crear_tercero();
 /// Abre la lista de terceros si el usuario puede consultarlos (opción 11).
 void buscar_tercero();
 
-/// Abre la pantalla, o avisa en la barra de estado que todavía no está disponible.
-void abra_si_existe(const QString& pantalla);
-
 /// Módulo cuyos permisos rigen en las pantallas que comparten varios módulos: "CAJA" para cuentas
 /// por pagar, y si no el que está abierto.
 QString modulo_de_terceros();

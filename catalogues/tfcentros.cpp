@@ -34,13 +34,9 @@ Tfcentros::Tfcentros()
     // El letrero dice "Modificar" y la orden graba: es el nombre con que se la conoce.
     barra_->principal(barra_->boton("SBGrabar", "F2:Modificar", "document-save",
                                     QKeySequence(Qt::Key_F2), [this] { SBGrabarClick(); }));
-    barra_->boton("SBSelec", "Selecciona", "dialog-ok-apply", QKeySequence(),
-                  [this] { SBSelecClick(); });
+    escoja_con([this] { SBSelecClick(); });
     barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
                   [this] { cancele_y_cierre(); });
-    tecla(Qt::Key_F12, "Cambiar de rejilla",
-          [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
-    DBGridEh1->OnDblClick = DBGridEh2->OnDblClick = [this](int) { SBSelecClick(); };
     tamano(980, 520);
 }
 

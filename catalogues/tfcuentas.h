@@ -4,50 +4,38 @@
 // La abren con fdm().modo_mantenimiento (Enter modifica) o sin él (Enter escoge: deja el código en
 // fdmcnt().cuenta_seleccion y se cierra). fdmcnt().cuenta_localizar es la fila en que se ubica y
 // fdmcnt().texto_busqueda lo que busca al abrir; toma los dos y los vacía.
+#include "catalogues/lista_catalogo.h"
 #include "core/libro.h"
-#include "core/recordset/conjunto.h"
-#include "toolkit/listabusqueda.h"
-#include "toolkit/pantalla.h"
 
-class BarraBotones;
-class Rejilla;
+class QPushButton;
 
-class Tfcuentas : public Pantalla {
+class Tfcuentas : public ListaCatalogo {
     Q_OBJECT
 public:
     explicit Tfcuentas(Libro libro = Libro::Decreto2649);
 
     void FormCreate() override;
     void FormActivate() override;
-    bool FormClose() override;
 
     /// Deja solo escoger y salir, con sus teclas: así la abre un selector modal.
     void oculte_botones();
 
-    void sbBuscarClick();
-    void SBBorrarClick();
-    void SBNuevaClick();
-    void SBModificarClick();
-    void SBSelecClick();
+protected:
+    void sbBuscarClick() override;
+    void SBNuevoClick() override;
+    void SBModificarClick() override;
+    void SBBorrarClick() override;
+    void SBSelecClick() override;
 
 private:
-    void arme_rejilla();
     void arme_botones();
-    void consulte(const char* pantalla);
+    /// Abre la consulta de la cuenta actual, si puede llevar movimiento.
+    void consulte_cuenta(const char* pantalla);
+    void SBNormasClick();
     void pinte(int fila, QFont& letra, QColor& frente) const;
-    QString codigo() const { return CCuentas->FieldByName("CUEN_COD").texto(); }
 
     const Libro libro_;
     const QString base_;
-    bool modo_mantenimiento_ = false;
-
-    Proveedor *PCuentas, *PBorrar;
-    ConjuntoDatos *CCuentas, *CBorrar;
-    FilaBusqueda* busqueda_;
-    Rejilla* DBGridEh1;
-    BarraBotones* barra_;
-    QPushButton *SBBorrar, *SBModificar, *SBNueva, *SBSaldos, *SBMovimiento, *SBSelec;
-    QPushButton* SBNormas = nullptr;
 };
 
 /// Abre el plan como selector modal, ubicado en `localizar` (vacío: al comienzo). Devuelve el

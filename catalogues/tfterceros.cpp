@@ -1,6 +1,7 @@
 #include "catalogues/tfterceros.h"
 
 #include "catalogues/terceros.h"
+#include "core/apertura.h"
 #include "core/tfdm.h"
 #include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
@@ -8,8 +9,6 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/rejilla.h"
-
-#include <QLineEdit>
 
 namespace {
 const QString kBase =
@@ -68,14 +67,8 @@ void Tfterceros::FormCreate() {
         conjunto_->Filter("TERC_ESTADO = 'S'");
         conjunto_->Filtered(true);
     }
-    const QString buscado = std::exchange(fdmcnt().texto_busqueda, QString());
-    if (buscado.isEmpty()) {
+    if (!busque_lo_pedido())
         consulte(kBase + "where terc_estado = 'S' order by terc_nom");
-        return;
-    }
-    busqueda_->ItemIndex(buscado[0].isDigit() ? 0 : 1);
-    busqueda_->EBuscar->setText(buscado);
-    sbBuscarClick();
 }
 
 void Tfterceros::sbBuscarClick() {
@@ -123,5 +116,5 @@ void Tfterceros::SBMovimientoClick() {
         return;
     fdmcnt().nit_comprobantes = codigo();
     fdmter().nombre_seleccion = conjunto_->FieldByName("TERC_NOM").texto();
-    abra_si_existe("Tfcomproterc");
+    abra_o_avise("Tfcomproterc");
 }

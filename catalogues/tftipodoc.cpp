@@ -1,6 +1,6 @@
 #include "catalogues/tftipodoc.h"
 
-#include "catalogues/terceros.h"
+#include "core/apertura.h"
 #include "core/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -98,5 +98,5 @@ void Tftipodoc::SpeedButton3Click() {
         "COMPROBANTES", "USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR");
     fdm().formato_actual = por_tipo ? maestro_->FieldByName("TICO_COD").texto()
                                     : detalle_->FieldByName("PRCO_PREF").texto();
-    abra_si_existe("Tfedtformato");
+    abra_o_avise("Tfedtformato");
 }

@@ -67,6 +67,8 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
             ventana->show();
         if (pantalla->del_area_)
             ventana->move(0, 0);
+        else if (pantalla->menos_centro_.isValid())
+            ventana->move(pantalla->lugar_centrado(ventana->size()));
         area_->setActiveSubWindow(ventana);
         if (primero)
             primero->setFocus();

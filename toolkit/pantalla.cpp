@@ -122,6 +122,16 @@ void Pantalla::tamano_del_area(int menos_ancho, int menos_alto) {
     del_area_ = true;
 }
 
+void Pantalla::centre_en_area(int menos_ancho, int menos_alto) {
+    menos_centro_ = QSize(menos_ancho, menos_alto);
+}
+
+QPoint Pantalla::lugar_centrado(QSize ventana) const {
+    const QSize menos(escalado(menos_centro_.width()), escalado(menos_centro_.height()));
+    const QSize libre = area_principal() - menos - ventana;
+    return {qMax(0, libre.width() / 2), qMax(0, libre.height() / 2)};
+}
+
 QSize Pantalla::tamano_inicial() const {
     const QSize area = area_principal();
     if (del_area_)

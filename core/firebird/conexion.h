@@ -22,6 +22,8 @@ struct ParametrosConexion {
     QString usuario;
     QString clave;
     int espera_segundos = 10; ///< cuánto se espera por una fila que otro tiene tomada
+    /// Solo al crear: cada escritura llega al disco antes de seguir. Una base desechable lo apaga.
+    bool escritura_forzada = true;
 };
 
 enum class TipoColumna { Texto, Entero, Decimal, Fecha, Hora, FechaHora, Memo, Binario, Flotante };

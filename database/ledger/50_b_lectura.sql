@@ -1,4 +1,4 @@
--- Lectura de los saldos: una fila por clave con INICIAL (antes del mes), DEBITOS y CREDITOS del mes.
+-- Lectura de los saldos: una fila por clave, con su INICIAL (antes del mes), DEBITOS y CREDITOS.
 -- Internas; las llaman los balances y los saldos.
 -- PREFIJO: cuenta, con todo lo que cuelga de ella. ANO "aaaa"; MES 1 a 12, 13 ajustes, 14 cierre.
 --

@@ -85,8 +85,7 @@ private slots:
                  QString("SSN"));
         escriba(p, "ENombre", "Del exterior, Ñame & Cía.");
         oprima(Qt::Key_F2);
-        QCOMPARE(ficha(s, "130510"),
-                 QString("Del exterior, Ñame & Cía.|SSNNS|0.0000|0.00|"));
+        QCOMPARE(ficha(s, "130510"), QString("Del exterior, Ñame & Cía.|SSNNS|0.0000|0.00|"));
         // Otra, enseguida, con el foco en el código.
         QCOMPARE(QApplication::focusWidget(), &editor(p, "ECodigo"));
         QVERIFY(campo(p, "CUEN_COD").isEmpty() && campo(p, "CUEN_NOM").isEmpty());
@@ -147,7 +146,8 @@ private slots:
         // Sin cuenta de nivel superior.
         QString falla;
         try {
-            s.base.base().ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('990505', 'x')");
+            s.base.base().ejecute(
+                "insert into cuentas (cuen_cod, cuen_nom) values ('990505', 'x')");
         } catch (const ErrorDatos& e) {
             falla = e.texto();
         }
@@ -334,11 +334,11 @@ private slots:
         p->close();
         p = modifique(s, "110505");
         const QString linea = componente<QLabel>(p, "LabAudit").text();
-        QVERIFY2(QRegularExpression(
-                     "^Modificado: \\d{4}-\\d\\d-\\d\\d  \\d\\d:\\d\\d:\\d\\d  ADMIN$")
-                     .match(linea)
-                     .hasMatch(),
-                 qPrintable(linea));
+        QVERIFY2(
+            QRegularExpression("^Modificado: \\d{4}-\\d\\d-\\d\\d  \\d\\d:\\d\\d:\\d\\d  ADMIN$")
+                .match(linea)
+                .hasMatch(),
+            qPrintable(linea));
         p->close();
         p = modifique(s, "110505", Libro::Niif);
         QVERIFY(!p->findChild<QLabel*>("LabAudit"));

@@ -20,9 +20,7 @@ class PruebaCuentasLista : public QObject {
     static ConjuntoDatos& cuentas(QWidget* lista) {
         return componente<ConjuntoDatos>(lista, "CCuentas");
     }
-    static QString actual(QWidget* lista) {
-        return cuentas(lista).FieldByName("CUEN_COD").texto();
-    }
+    static QString actual(QWidget* lista) { return cuentas(lista).FieldByName("CUEN_COD").texto(); }
     static QStringList codigos(QWidget* lista) {
         ConjuntoDatos& c = cuentas(lista);
         QStringList todos;
@@ -52,11 +50,10 @@ private slots:
     void initTestCase() {
         aplique_estilo(*qApp);
         registre_pantallas_cuentas();
-        for (const char* nombre : {"Tfsaldoterc", "Tfsaldotercniif", "Tfauxiliar",
-                                   "Tfauxiliarniif"})
-            registre_testigo(nombre, [this, nombre] {
-                abiertas_ << nombre + (' ' + fdmcnt().cuenta_auxiliar);
-            });
+        for (const char* nombre :
+             {"Tfsaldoterc", "Tfsaldotercniif", "Tfauxiliar", "Tfauxiliarniif"})
+            registre_testigo(
+                nombre, [this, nombre] { abiertas_ << nombre + (' ' + fdmcnt().cuenta_auxiliar); });
     }
     void init() { abiertas_.clear(); }
 
@@ -90,7 +87,8 @@ private slots:
             bool negrilla;
         } letras[] = {{"1", 10, true}, {"11", 9, true}, {"1105", 8, false}, {"110505", 8, false}};
         for (const auto& l : letras) {
-            const QFont letra = rejilla(lista).aspecto_de(int(codigos(lista).indexOf(l.cuenta))).letra;
+            const QFont letra =
+                rejilla(lista).aspecto_de(int(codigos(lista).indexOf(l.cuenta))).letra;
             QCOMPARE(letra.pointSizeF(), l.puntos * escala());
             QCOMPARE(letra.bold(), l.negrilla);
         }
@@ -194,8 +192,7 @@ private slots:
                         "insert into cuentas (cuen_cod, cuen_nom) values ('12', 'Inversiones')"});
         s.escritorio.activa()->close();
         QCOMPARE(actual(lista), QString("3105"));
-        QCOMPARE(cuentas(lista).FieldByName("CUEN_NOM").texto(),
-                 QString("Capital de los socios"));
+        QCOMPARE(cuentas(lista).FieldByName("CUEN_NOM").texto(), QString("Capital de los socios"));
         QVERIFY(codigos(lista).contains("12"));
     }
 
@@ -229,9 +226,8 @@ private slots:
                 falla = e.texto();
             }
             QVERIFY(falla.mid(18).startsWith("violation of FOREIGN"));
-            i.espere(
-                QStringLiteral("Desea borrar definitivamente la %1 110505 ?").arg(d.cuenta_de),
-                "Sí");
+            i.espere(QStringLiteral("Desea borrar definitivamente la %1 110505 ?").arg(d.cuenta_de),
+                     "Sí");
             i.espere("Se presento el siguiente error: " + falla);
             oprima(Qt::Key_F3);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));

@@ -49,7 +49,8 @@ class PruebaCuentasPucNormas : public QObject {
              "(13, '4', 'Medición', 'Costo o valor neto realizable')",
              "insert into normas_niif_detalle (nnif_id, nnid_item, nnif_nombre) values (13, '4.1', "
              "'Costo')",
-             "insert into normas_niif_detalle (nnif_id, nnid_item, nnif_nombre) values (13, '4.10', "
+             "insert into normas_niif_detalle (nnif_id, nnid_item, nnif_nombre) values (13, "
+             "'4.10', "
              "'Deterioro')"});
     }
     static QString normas_de(SesionGui& s, const QString& cuenta) {
@@ -81,7 +82,8 @@ private slots:
                                       .arg(c.valor));
             s.dm.cargue_configuracion();
             auto* p = s.abra<Tfpuc>("Tfpuc");
-            QCOMPARE(p->CPuc->FieldByName("PUC_NOM").texto(), QStringLiteral("Lista %1").arg(c.lista));
+            QCOMPARE(p->CPuc->FieldByName("PUC_NOM").texto(),
+                     QStringLiteral("Lista %1").arg(c.lista));
             QVERIFY(!componente<QPushButton>(p, "SBSelec").isVisible());
             p->close();
         }
@@ -146,8 +148,8 @@ private slots:
              {"CUEN_COD", "CUEN_NOM", "CUEN_TERCERO", "CUEN_CENTRO", "CUEN_RETENCION", "CUEN_TIPO",
               "CUEN_CTAJUSTE", "CUEN_CTACORRECION", "CUEN_AJUSDB"})
             valores << conjunto(nueva, "CCuentas").FieldByName(campo).texto();
-        QCOMPARE(valores, QStringList({"110515", nombre, "S", "N", "S", "N", "470505", "470510",
-                                       "S"}));
+        QCOMPARE(valores,
+                 QStringList({"110515", nombre, "S", "N", "S", "N", "470505", "470510", "S"}));
         con_foco();
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select cuen_nom || cuen_ctajuste || cuen_ajusdb from cuentas where "
@@ -185,8 +187,9 @@ private slots:
 
     void la_copia_al_plan_niif_se_rehusa_con_una_sola_cuenta() {
         SesionGui s;
-        const QString pregunta = "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) al "
-                                 "plan de cuentas NIIF. Desea continuar?";
+        const QString pregunta =
+            "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) al "
+            "plan de cuentas NIIF. Desea continuar?";
         s.base.ejecute({"delete from cuentas_niif where cuen_cod starting with '1' and "
                         "char_length(cuen_cod) = 6",
                         "update cuentas set cuen_eqniif = null where cuen_cod = '110505'"});
@@ -218,6 +221,7 @@ private slots:
     void las_normas_se_digitan_y_se_graban_con_sus_items() {
         SesionGui s;
         siembre_normas(s);
+        Interlocutor i;
         auto* p = s.abra<Tfnormas>("Tfnormas");
         QVERIFY(rejilla(p).enfocada());
         oprima(Qt::Key_Insert);
@@ -264,8 +268,7 @@ private slots:
         Pantalla* p = s.escritorio.activa();
         QCOMPARE(p->objectName(), QString("Tfnormacuenta"));
         QVERIFY(componente<QLabel>(p, "LCuenta").text().startsWith("143505"));
-        QVERIFY(componente<QLabel>(p, "LCuenta").text().contains(
-            s.cnt.nom_cuenta_niif("143505")));
+        QVERIFY(componente<QLabel>(p, "LCuenta").text().contains(s.cnt.nom_cuenta_niif("143505")));
         QCOMPARE(rejilla(p).nombre_archivo, QString("NormasNIIF"));
 
         const auto escoja = [&](const char* item, bool con_doble_clic) {

@@ -116,10 +116,13 @@ private slots:
         Ejemplo* b = p.abra("TfB");
         Ejemplo* c = p.abra("TfC");
         p.escritorio.active(a); // A llama a un selector nuevo: al cerrarlo se vuelve a A, no a C
+        a->otra->setFocus();
         Ejemplo* selector = p.abra("TfB");
+        QVERIFY(selector->isAncestorOf(QApplication::focusWidget()));
         saque();
         selector->close();
         QCOMPARE(saque(), (QStringList{"TfB cierra", "TfA activa", "TfB libre"}));
+        QVERIFY(a->otra->hasFocus()); // y sigue donde estaba
         QVERIFY(p.escritorio.activa() == a);
         QVERIFY(p.area->activeSubWindow()->isAncestorOf(a));
         b->close(); // una que no está activa no mueve a nadie

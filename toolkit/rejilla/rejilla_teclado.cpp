@@ -309,6 +309,10 @@ bool Rejilla::tecla_de_celda(QKeyEvent& e) {
 }
 
 void Rejilla::keyPressEvent(QKeyEvent* evento) {
+    if (!conjunto()) {
+        evento->ignore();
+        return;
+    }
     evento->accept();
     if (navegue(*evento) || (!digitando() && tecla_de_celda(*evento)))
         return;

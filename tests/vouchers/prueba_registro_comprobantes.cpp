@@ -1,0 +1,377 @@
+// Lo que hace la base al registrar un comprobante: numeración, auditoría y réplica al libro NIIF.
+#include "apoyo/base_prueba.h"
+#include "apoyo/comprobantes.h"
+
+#include <mutex>
+#include <thread>
+
+namespace {
+
+const QString kLineasNiif =
+    QStringLiteral("select code_item, cuen_cod, code_debito, code_credito, code_itemrep from"
+                   " comprobante_detalle_niif where enco_consec = 1 order by code_item");
+
+QVector<Linea> venta(int pesos) {
+    return {{1, "130505", pesos, 0, "900123456"}, {2, "413505", 0, pesos, {}, "0002", "0001"}};
+}
+
+Comprobante replicado(const QVector<Linea>& lineas, const QVector<Linea>& niif = {}) {
+    return {1, "000001", "20170210", lineas, niif, "S"};
+}
+
+} // namespace
+
+class PruebaRegistroComprobantes : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+
+    void el_contador_avanza_con_el_numero_registrado();
+    void varios_que_graban_a_la_vez_no_repiten_ni_saltan_numeros();
+    void un_comprobante_mal_formado_se_rechaza();
+    void la_auditoria_deja_una_fila_por_operacion();
+    void la_replica_sigue_a_las_lineas_2649();
+    void el_libro_niif_llevado_a_mano_manda();
+    void el_check_de_replica_llena_el_libro_vacio();
+    void las_plantillas_y_planillas_se_van_con_sus_lineas();
+    void un_mensaje_para_todos_llega_a_cada_usuario();
+
+private:
+    Conexion& base() { return base_->base(); }
+    QString contador(const QString& tipo, const QString& prefijo) {
+        return base()
+            .consulte(QString("select pref_numero from prefijos_conta where tico_cod = '%1' and"
+                              " prco_pref = '%2'")
+                          .arg(tipo, prefijo))
+            .texto();
+    }
+    QString auditoria() {
+        return filas_de(base(), "select tido_cod, audi_iddoc, audi_oper, audi_usuario from"
+                                " auditoria where audi_iddoc is not null order by audi_id");
+    }
+
+    std::optional<BaseDePrueba> base_;
+};
+
+void PruebaRegistroComprobantes::init() {
+    base_.emplace();
+}
+
+void PruebaRegistroComprobantes::el_contador_avanza_con_el_numero_registrado() {
+    struct {
+        const char *tipo, *prefijo, *numero, *queda;
+    } const pasos[] = {
+        {"CG", "0001", "000001", "000002"}, // automático
+        {"CG", "0001", "000010", "000011"}, // nunca retrocede, pero puede saltar
+        {"CG", "0001", "000005", "000011"},
+        {"CG", "0001", "0000011", "000012"}, // siete cifras, el mismo valor
+        {"CG", "0001", "A00001", "000012"},
+        {"CG", "0001", "999999", "1000000"},
+        {"RC", "0002", "000007", "000001"}, // a mano: solo avanza con el que ofrece
+        {"RC", "0002", "000001", "000002"},
+    };
+    int id = 0;
+    for (const auto& p : pasos) {
+        grabe(base(), {++id, p.numero, "20170210", {}, {}, "N", p.tipo, p.prefijo});
+        QCOMPARE(contador(p.tipo, p.prefijo), QString(p.queda));
+    }
+    // Un comprobante que no llegó a grabarse no gasta número.
+    {
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        inserte_encabezado(t, {90, "000002", "20170210", {}, {}, "N", "RC", "0002"});
+    }
+    QCOMPARE(contador("RC", "0002"), QString("000002"));
+}
+
+void PruebaRegistroComprobantes::varios_que_graban_a_la_vez_no_repiten_ni_saltan_numeros() {
+    constexpr int kUsuarios = 3, kCadaUno = 40;
+    base();
+    std::mutex cerrojo;
+    QStringList fallas;
+    int repetidos = 0;
+    const auto usuario = [&] {
+        Conexion c;
+        c.conectar(base_->parametros());
+        for (int grabados = 0; grabados < kCadaUno;) {
+            const QString numero =
+                c.consulte("select pref_numero from prefijos_conta where tico_cod = 'CG'").texto();
+            const int id =
+                int(c.ejecute_con_salida("execute procedure cambie_id_comproba").value(0).entero());
+            try {
+                grabe(c, {id, numero, "20170210", venta(10)});
+                ++grabados;
+            } catch (const ErrorBase& e) {
+                const std::lock_guard bloqueo(cerrojo);
+                // Otro tomó el número: se vuelve a ofrecer el siguiente, como en la pantalla.
+                if (e.texto().contains("UK_COMPROBANTE_NUMERO"))
+                    ++repetidos;
+                else
+                    fallas << e.texto();
+            }
+            if (!fallas.isEmpty())
+                return;
+        }
+    };
+    std::vector<std::thread> hilos;
+    for (int i = 0; i < kUsuarios; ++i)
+        hilos.emplace_back(usuario);
+    for (auto& h : hilos)
+        h.join();
+    QCOMPARE(fallas, QStringList());
+    QCOMPARE(filas_de(base(), "select count(*), min(enco_numero), max(enco_numero) from"
+                              " comprobante_encabezado"),
+             QString("120|000001|000120"));
+    QCOMPARE(contador("CG", "0001"), QString("000121"));
+    QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaRegistroComprobantes::un_comprobante_mal_formado_se_rechaza() {
+    grabe(base(), {1, "000001", "20170210", venta(10)});
+    struct {
+        QString sql, texto;
+    } const casos[] = {
+        {"update comprobante_encabezado set enco_fecha = '20171501'", "forma aaaammdd"},
+        {"update comprobante_encabezado set enco_fecha = '2017-1-1'", "forma aaaammdd"},
+        {"insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, enco_numero,"
+         " enco_fecha) values (2, 'CG', '0001', '000001', '20170101')",
+         "violation of PRIMARY"},
+        {"insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, enco_numero,"
+         " enco_fecha) values (2, 'CG', '9999', '000002', '20170101')",
+         "violation of FOREIGN"},
+        {"delete from comprobante_encabezado where enco_consec = 1", "violation of FOREIGN"},
+        {"insert into comprobante_detalle (enco_consec, code_item, cuen_cod) values (5, 1,"
+         " '110505')",
+         "violation of FOREIGN"},
+        {"update comprobante_detalle set cuen_cod = '999999'", "violation of FOREIGN"},
+        {"update comprobante_detalle set terc_nit = '1'", "violation of FOREIGN"},
+        {"update comprobante_detalle set proy_cod = '0009', cent_cod = '0001'",
+         "violation of FOREIGN"},
+        {"delete from cuentas where cuen_cod = '130505'", "violation of FOREIGN"},
+        {"delete from terceros where terc_nit = '900123456'", "violation of FOREIGN"},
+        {"delete from proyectos where proy_cod = '0002'", "violation of FOREIGN"},
+        {"delete from tipo_comprobante where tico_cod = 'CG'", "violation of FOREIGN"},
+    };
+    for (const auto& caso : casos) {
+        QString texto;
+        try {
+            base().ejecute(caso.sql);
+        } catch (const ErrorDatos& e) {
+            texto = e.texto();
+        }
+        QVERIFY2(texto.contains(caso.texto), qPrintable(caso.sql + " -> " + texto));
+    }
+    // El mes de ajustes llega a 31, y un código vacío se guarda como ausente.
+    base_->ejecute({"update comprobante_encabezado set enco_fecha = '20171331'",
+                    "update comprobante_detalle set terc_nit = '', proy_cod = '', cent_cod = ''"
+                    " where code_item = 1"});
+    QCOMPARE(base()
+                 .consulte("select count(*) from comprobante_detalle where terc_nit is null and"
+                           " proy_cod is null")
+                 .entero(),
+             qint64(1));
+    QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaRegistroComprobantes::la_auditoria_deja_una_fila_por_operacion() {
+    grabe(base(), {1, "000001", "20170210", venta(10), venta(10)});
+    QCOMPARE(auditoria(), QString("1|1|I|ADMIN\n1001|1|I|ADMIN"));
+    // Una edición: el encabezado y varias líneas de los dos libros en una transacción.
+    base().ejecute("delete from auditoria");
+    {
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        const auto haga = [&](const char* sql) { base().prepare(sql, t)->ejecute(t, {}); };
+        haga("update comprobante_encabezado set enco_usuario = 'AUXILIAR' where enco_consec = 1");
+        haga("update comprobante_detalle set code_debito = 20 where code_debito > 0");
+        haga("update comprobante_detalle set code_credito = 20 where code_credito > 0");
+        haga("update comprobante_detalle_niif set code_concepto = 'x'");
+        t.confirme();
+    }
+    QCOMPARE(auditoria(), QString("1|1|M|AUXILIAR\n1001|1|M|AUXILIAR"));
+    // Un cambio de fecha copia la fecha en las líneas NIIF, que no por eso se modificaron.
+    base_->ejecute({"delete from auditoria", "update comprobante_encabezado set enco_fecha ="
+                                             " '20170301'"});
+    QCOMPARE(auditoria(), QString("1|1|M|AUXILIAR"));
+    // Un reemplazo en masa lo firma quien se conectó. Las dos órdenes del borrado dejan su huella.
+    base_->ejecute({"delete from auditoria",
+                    "update comprobante_detalle set cuen_cod = '111005' where cuen_cod = '130505'",
+                    "delete from comprobante_detalle where enco_consec = 1"});
+    QCOMPARE(auditoria(), QString("1|1|M|ADMIN\n1|1|M|ADMIN"));
+    base_->ejecute(
+        {"delete from auditoria", "delete from comprobante_encabezado where enco_consec = 1"});
+    QCOMPARE(auditoria(), QString("1|1|E|AUXILIAR"));
+    // Con una razón, el borrado es una anulación.
+    grabe(base(), {2, "000002", "20170210"});
+    {
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        base()
+            .prepare("execute block as begin rdb$set_context('USER_TRANSACTION',"
+                     " 'RAZON_ANULACION', 'Duplicado'); end",
+                     t)
+            ->ejecute(t, {});
+        base()
+            .prepare("delete from comprobante_encabezado where enco_consec = 2", t)
+            ->ejecute(t, {});
+        t.confirme();
+    }
+    QCOMPARE(filas_de(base(), "select audi_oper, audi_razon from auditoria where audi_iddoc = 2"
+                              " order by audi_id"),
+             QString("I|\nA|Duplicado"));
+    // Recuperado del id provisional, el sello de registro queda con el definitivo.
+    grabe(base(), {0, "000003", "20170210", venta(1)});
+    base().ejecute("update comprobante_encabezado set enco_consec = 8 where enco_consec = 0");
+    QCOMPARE(filas_de(base(), "select tido_cod, audi_oper from auditoria where audi_iddoc = 8"),
+             QString("1|I"));
+    // Los catálogos, por su código.
+    base_->ejecute({"delete from auditoria",
+                    "update cuentas set cuen_nom = 'Otra' where cuen_cod ="
+                    " '110505'",
+                    "insert into terceros (terc_nit, terc_nom) values ('55', 'Nuevo')",
+                    "delete from terceros where terc_nit = '55'"});
+    QCOMPARE(filas_de(base(), "select tido_cod, audi_cod, audi_oper, audi_usuario from auditoria"
+                              " order by audi_id"),
+             QString("100|110505|M|ADMIN\n102|55|I|ADMIN\n102|55|E|ADMIN"));
+}
+
+void PruebaRegistroComprobantes::la_replica_sigue_a_las_lineas_2649() {
+    base().ejecute("update cuentas set cuen_eqniif = '111005' where cuen_cod = '110505'");
+    grabe(base(), replicado({{1, "110505", 100, 0}, {2, "413505", 0, 100, {}, "0002", "0001"}}));
+    QCOMPARE(filas_de(base(), kLineasNiif), QString("1|111005|100|0|1\n2|413505|0|100|2"));
+    QCOMPARE(filas_de(base(), "select proy_cod, cent_cod, code_fecha from comprobante_detalle_niif"
+                              " where code_item = 2"),
+             QString("0002|0001|20170210"));
+    // Cambios, una línea nueva y una que se va; otra cuenta sin equivalencia pierde su réplica.
+    base_->ejecute({"update comprobante_detalle set code_debito = 150 where code_item = 1",
+                    "insert into comprobante_detalle (enco_consec, code_item, cuen_cod,"
+                    " code_credito) values (1, 3, '240805', 50)"});
+    QCOMPARE(filas_de(base(), kLineasNiif),
+             QString("1|111005|150|0|1\n2|413505|0|100|2\n3|240805||50|3"));
+    base_->ejecute({"delete from comprobante_detalle where code_item = 2",
+                    "update cuentas set cuen_eqniif = 'NOHAY' where cuen_cod = '240805'",
+                    "update comprobante_detalle set code_credito = 150 where code_item = 3"});
+    QCOMPARE(filas_de(base(), kLineasNiif), QString("1|111005|150|0|1"));
+    QCOMPARE(saldos_distintos(base()), QString());
+    // Sin el check no se replica.
+    grabe(base(), {2, "000002", "20170210", venta(5)});
+    QCOMPARE(base()
+                 .consulte("select count(*) from comprobante_detalle_niif where enco_consec = 2")
+                 .entero(),
+             qint64(0));
+}
+
+void PruebaRegistroComprobantes::el_libro_niif_llevado_a_mano_manda() {
+    // Lo digitado en el mismo guardado queda, y no hay réplicas ni entonces ni después.
+    grabe(base(), replicado(venta(100), {{1, "110505", 70, 0}, {2, "413505", 0, 70}}));
+    base().ejecute("update comprobante_detalle set code_debito = 120 where code_item = 1");
+    QCOMPARE(filas_de(base(), kLineasNiif), QString("1|110505|70|0|\n2|413505|0|70|"));
+
+    // Sobre réplicas anteriores una línea digitada se queda con su lugar y la réplica se corre.
+    base_.emplace();
+    grabe(base(), replicado(venta(100)));
+    base().ejecute("insert into comprobante_detalle_niif (enco_consec, code_item, cuen_cod,"
+                   " code_debito) values (1, 1, '111005', 9)");
+    QCOMPARE(filas_de(base(), kLineasNiif),
+             QString("1|111005|9||\n2|413505|0|100|2\n3|130505|100|0|1"));
+    base().ejecute("update comprobante_detalle set code_debito = 200 where code_item = 1");
+    QCOMPARE(filas_de(base(), kLineasNiif),
+             QString("1|111005|9||\n2|413505|0|100|2\n3|130505|200|0|1"));
+    {
+        // En una misma transacción: línea 2649 nueva con su contraparte NIIF digitada, y una
+        // réplica corregida a mano después de tocar su línea. El usuario la busca por lo que vio.
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        const auto haga = [&](const char* sql) { return base().prepare(sql, t)->ejecute(t, {}); };
+        haga("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, code_debito)"
+             " values (1, 5, '110505', 3)");
+        haga("update comprobante_detalle set code_credito = 201 where code_item = 2");
+        haga("insert into comprobante_detalle_niif (enco_consec, code_item, cuen_cod, code_debito)"
+             " values (1, 5, '152405', 4)");
+        QCOMPARE(haga("update comprobante_detalle_niif set code_credito = 205 where"
+                      " enco_consec = 1 and code_item = 2 and code_credito = 100"),
+                 qint64(1));
+        t.confirme();
+    }
+    QCOMPARE(filas_de(base(), kLineasNiif),
+             QString("1|111005|9||\n2|413505|0|205|2\n3|130505|200|0|1\n5|152405|4||"));
+    // Reemplazar todo el libro a mano (borrar y digitar) también es llevarlo a mano.
+    {
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        const auto haga = [&](const char* sql) { base().prepare(sql, t)->ejecute(t, {}); };
+        haga("update comprobante_detalle set code_debito = 7 where code_item = 1");
+        haga("delete from comprobante_detalle_niif");
+        haga("insert into comprobante_detalle_niif (enco_consec, code_item, cuen_cod, code_debito)"
+             " values (1, 1, '110505', 1)");
+        t.confirme();
+    }
+    QCOMPARE(filas_de(base(), kLineasNiif), QString("1|110505|1||"));
+    QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaRegistroComprobantes::el_check_de_replica_llena_el_libro_vacio() {
+    Comprobante c = replicado(venta(100));
+    c.replica = "N";
+    grabe(base(), c);
+    base().ejecute("update comprobante_encabezado set enco_repniif = 'S'");
+    QCOMPARE(filas_de(base(), kLineasNiif), QString("1|130505|100|0|1\n2|413505|0|100|2"));
+    // Con líneas digitadas el check no agrega nada.
+    base_->ejecute({"update comprobante_encabezado set enco_repniif = 'N'",
+                    "delete from comprobante_detalle_niif",
+                    "insert into comprobante_detalle_niif (enco_consec, code_item, cuen_cod) values"
+                    " (1, 4, '110505')",
+                    "update comprobante_encabezado set enco_repniif = 'S'"});
+    QCOMPARE(filas_de(base(), kLineasNiif), QString("4|110505|||"));
+}
+
+void PruebaRegistroComprobantes::las_plantillas_y_planillas_se_van_con_sus_lineas() {
+    const qint64 id =
+        base().ejecute_con_salida("execute procedure cambie_id_plantilla").value(0).entero();
+    QCOMPARE(base().ejecute_con_salida("execute procedure cambie_id_plantilla").value(0).entero(),
+             id + 1);
+    base_->ejecute(
+        {"insert into plantilla_encabezado (plan_id, plan_concepto) values (7, 'Arriendo')",
+         "insert into plantilla_detalle (plan_id, plde_item, cuen_cod) values (7, 1, '110505')",
+         "insert into plantilla_detalle_niif (plan_id, plde_item, cuen_cod) values (7, 1,"
+         " '110505')",
+         "update plantilla_encabezado set plan_id = 8", "delete from plantilla_encabezado"});
+    QCOMPARE(base()
+                 .consulte("select (select count(*) from plantilla_detalle) + (select count(*)"
+                           " from plantilla_detalle_niif) from rdb$database")
+                 .entero(),
+             qint64(0));
+    // La planilla llega con id 0 y sus cuentas también: la base les da el mismo id.
+    {
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        const auto haga = [&](const char* sql) { base().prepare(sql, t)->ejecute(t, {}); };
+        haga("insert into planilla_digitacion (pldi_id, pldi_nombre) values (0, 'Nómina')");
+        haga("insert into planilla_digitacion_cuentas (pldi_id, pldc_item) values (0, 1)");
+        haga("insert into planilla_digitacion_cuentas (pldi_id, pldc_item) values (0, 2)");
+        t.confirme();
+    }
+    QCOMPARE(filas_de(base(), "select p.pldi_nombre, c.pldc_item from planilla_digitacion p join"
+                              " planilla_digitacion_cuentas c on c.pldi_id = p.pldi_id where"
+                              " p.pldi_id > 0 order by 2"),
+             QString("Nómina|1\nNómina|2"));
+    base().ejecute("delete from planilla_digitacion");
+    QCOMPARE(base().consulte("select count(*) from planilla_digitacion_cuentas").entero(),
+             qint64(0));
+}
+
+void PruebaRegistroComprobantes::un_mensaje_para_todos_llega_a_cada_usuario() {
+    base_->ejecute({"insert into mensajeria (mens_id, mens_mensaje, mens_destino, mens_leido,"
+                    " mens_respuesta, mens_nivel) values (0, 'Cierre hoy', 'Todos', 'N', 0, 3)",
+                    "insert into mensajeria (mens_id, mens_autor, mens_mensaje, mens_destino,"
+                    " mens_leido) values (0, 'AUXILIAR', 'Listo', 'ADMIN', 'N')"});
+    QCOMPARE(filas_de(base(), "select mens_autor, mens_destino, mens_mensaje from mensajeria where"
+                              " mens_leido = 'N' order by mens_id"),
+             QString("ADMIN|AUXILIAR|Cierre hoy\nAUXILIAR|ADMIN|Listo"));
+    QCOMPARE(filas_de(base(), "select eos, remite, mensaje from historia_mensajes('ADMIN') where"
+                              " remite = 'AUXILIAR' order by eos"),
+             QString("E|AUXILIAR|Listo\nS|AUXILIAR|Cierre hoy"));
+    base().ejecute("update mensajeria set mens_leido = 'S'");
+    QCOMPARE(base()
+                 .consulte("select count(*) from mensajeria where mens_destino = 'AUXILIAR' and"
+                           " mens_fecleido is null")
+                 .entero(),
+             qint64(0));
+}
+
+QTEST_GUILESS_MAIN(PruebaRegistroComprobantes)
+#include "prueba_registro_comprobantes.moc"
