@@ -88,11 +88,14 @@ int Pantalla::mostrar_modal() {
         return mrCancel;
     cerrada_ = false;
     QPointer<Pantalla> viva(this);
+    const QPointer<QWidget> primero = focusWidget();
     {
         DialogoPantalla dialogo(this, QApplication::activeWindow());
         dialogo_ = &dialogo;
         dialogo.resize(tamano_inicial());
         dialogo.show();
+        if (primero)
+            primero->setFocus();
         proteja([this] { FormActivate(); });
         if (viva && !cerrada_)
             dialogo.exec();
@@ -117,6 +120,16 @@ void Pantalla::tamano(int ancho, int alto) {
 void Pantalla::tamano_del_area(int menos_ancho, int menos_alto) {
     menos_area_ = QSize(menos_ancho, menos_alto);
     del_area_ = true;
+}
+
+void Pantalla::centre_en_area(int menos_ancho, int menos_alto) {
+    menos_centro_ = QSize(menos_ancho, menos_alto);
+}
+
+QPoint Pantalla::lugar_centrado(QSize ventana) const {
+    const QSize menos(escalado(menos_centro_.width()), escalado(menos_centro_.height()));
+    const QSize libre = area_principal() - menos - ventana;
+    return {qMax(0, libre.width() / 2), qMax(0, libre.height() / 2)};
 }
 
 QSize Pantalla::tamano_inicial() const {

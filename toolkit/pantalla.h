@@ -97,6 +97,8 @@ public:
     QSize area_principal() const;
     /// Abre arriba a la izquierda, más angosta y más baja que el área en esos píxeles.
     void tamano_del_area(int menos_ancho, int menos_alto);
+    /// Abre en el centro del área menos esas medidas, a escala de 100 %.
+    void centre_en_area(int menos_ancho, int menos_alto);
     /// Abre ocupando toda el área.
     void abra_maximizada() { maximizada_ = true; }
     bool abre_maximizada() const { return maximizada_; }
@@ -112,6 +114,7 @@ private:
     QMdiSubWindow* ventana_hija() const;
     const Tecla* busque(int clave, Qt::KeyboardModifiers modificadores) const;
     QPushButton* boton_de(const Tecla& tecla) const;
+    QPoint lugar_centrado(QSize ventana) const;
     bool pase_de_control(const QKeyEvent& evento, QWidget* foco, bool solo_pregunta);
 
     QVector<Tecla> teclas_;
@@ -119,6 +122,7 @@ private:
     QPointer<QDialog> dialogo_;
     QSize tamano_;
     QSize menos_area_;
+    QSize menos_centro_; ///< inválido: la ubica el marco
     int resultado_modal_ = mrNone;
     bool creada_ = false, creada_bien_ = false;
     bool cierre_pedido_ = false;

@@ -204,6 +204,24 @@ private slots:
         QCOMPARE(p.fallas, QStringList{"Sin conexión."});
     }
 
+    void empieza_en_el_control_que_escogio_al_crearse() {
+        Principal p;
+        auto* a = new Ejemplo("TfA");
+        a->al_crear = [](Ejemplo& e) { e.otra->setFocus(); };
+        QVERIFY(p.escritorio.muestre(a));
+        QCOMPARE(QApplication::focusWidget(), a->otra);
+        Ejemplo modal("TfM");
+        modal.al_crear = [](Ejemplo& e) { e.otra->setFocus(); };
+        QWidget* con_foco = nullptr;
+        Interlocutor i;
+        i.espere_modal("TfM", [&](QWidget* ventana) {
+            con_foco = ventana->focusWidget();
+            modal.close();
+        });
+        modal.mostrar_modal();
+        QCOMPARE(con_foco, modal.otra);
+    }
+
     void varias_copias_salvo_que_se_diga_unica() {
         Principal p;
         QVERIFY(p.abra("TfA") != p.abra("TfA"));

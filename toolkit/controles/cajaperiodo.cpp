@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSpinBox>
 #include <QStylePainter>
@@ -112,4 +113,14 @@ void CajaPeriodo::nombres(const QStringList& doce) {
     EMes->clear();
     EMes->addItems(doce);
     mes(qMax(indice, 0));
+}
+
+bool CajaPeriodo::reclama(const QKeyEvent& evento) {
+    return (evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter) && EAno->hasFocus() &&
+           EAno->cleanText() != QString::number(EAno->value());
+}
+
+bool CajaPeriodo::termine() {
+    EAno->interpretText();
+    return true;
 }

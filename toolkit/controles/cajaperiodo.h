@@ -1,11 +1,13 @@
 #pragma once
 // Caja del período: mes y año. Las señales salen solo cuando el usuario cambia algo.
+#include "toolkit/pantalla.h"
+
 #include <QWidget>
 
 class QComboBox;
 class QSpinBox;
 
-class CajaPeriodo : public QWidget {
+class CajaPeriodo : public QWidget, public ReclamaTeclas {
     Q_OBJECT
 public:
     explicit CajaPeriodo(QWidget* padre = nullptr);
@@ -19,6 +21,10 @@ public:
     QString texto_mes() const;
     void rango_ano(int minimo, int maximo);
     void nombres(const QStringList& doce);
+
+    /// Enter confirma el año a medio digitar, y toda otra tecla de la pantalla lo confirma antes.
+    bool reclama(const QKeyEvent& evento) override;
+    bool termine() override;
 
     QComboBox* EMes; ///< caja de los meses
     QSpinBox* EAno;  ///< caja del año

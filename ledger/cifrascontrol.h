@@ -1,0 +1,40 @@
+#pragma once
+// Cifras de control de un balance: cuatro cajas que se quedan debajo de las columnas que suman.
+#include "core/recordset/conjunto.h"
+
+#include <QStringList>
+#include <QVector>
+#include <QWidget>
+
+class EditorNumero;
+class NavegadorDatos;
+class QLabel;
+class Rejilla;
+
+/// Muestra las columnas `sumas` de la primera fila, que el procedimiento repite en todas.
+class CifrasControl : public QWidget, public EnlaceDatos {
+    Q_OBJECT
+public:
+    /// `columnas` son las de la rejilla; `nombres`, los de las cajas.
+    CifrasControl(Rejilla* rejilla, const QStringList& columnas, const QStringList& sumas,
+                  const QStringList& nombres, QWidget* padre = nullptr);
+
+    /// Lee las cifras; sin filas quedan en cero.
+    void muestre();
+
+    void filas_reiniciadas() override;
+    QSize sizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
+
+private:
+    void ubique();
+
+    Rejilla* rejilla_;
+    QStringList columnas_, sumas_;
+    QLabel* rotulo_;
+    NavegadorDatos* navegador_;
+    QVector<EditorNumero*> cajas_;
+};

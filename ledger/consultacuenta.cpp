@@ -1,0 +1,89 @@
+#include "ledger/consultacuenta.h"
+
+#include "toolkit/formulario.h"
+
+#include <QLineEdit>
+
+namespace {
+constexpr int kPrimerAno = 2000;
+
+QString rotulo_de(Clave clave) {
+    switch (clave) {
+    case Clave::Tercero:
+        return "Tercero";
+    case Clave::Centro:
+        return "Centro";
+    case Clave::Articulo:
+        return "Artículo";
+    default:
+        return {};
+    }
+}
+} // namespace
+
+ConsultaCuenta::ConsultaCuenta(const MiembroConsulta& miembro)
+    : ConsultaPeriodo(miembro.clase, miembro.titulo, kPrimerAno),
+      ECuenta(cree_lectura("ECuenta", 16)), NomCuenta(cree_lectura("NomCuenta")), datos_(miembro) {
+    if (datos_.clave != Clave::Ninguna) {
+        EClave = cree_lectura("EClave", 16);
+        NomClave = cree_lectura("NomClave");
+    }
+    tamano(datos_.tamano.width(), datos_.tamano.height());
+    centre_en_area(125, 120);
+}
+
+void ConsultaCuenta::arme_encabezado(Formulario& formulario) {
+    formulario.fila("Cuenta", Formulario::junto({ECuenta, NomCuenta}));
+    if (EClave)
+        formulario.fila(rotulo_de(datos_.clave), Formulario::junto({EClave, NomClave}));
+}
+
+void ConsultaCuenta::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    const Tfdmcnt& sesion = fdmcnt();
+    consulta_.cuenta = sesion.cuenta_auxiliar;
+    consulta_.nit = sesion.tercero_auxiliar;
+    consulta_.proyecto = sesion.proyecto_auxiliar;
+    consulta_.centro = sesion.centro_auxiliar;
+    consulta_.articulo = sesion.articulo_auxiliar;
+    ECuenta->setText(consulta_.cuenta);
+    NomCuenta->setText(nombre_cuenta());
+    if (EClave)
+        muestre_clave();
+}
+
+QString ConsultaCuenta::nombre_cuenta() {
+    if (!*datos_.nombre_cuenta)
+        return fdmcnt().nom_cuenta_niif(consulta_.cuenta);
+    return dato(datos_.nombre_cuenta + QuotedStr(consulta_.cuenta));
+}
+
+void ConsultaCuenta::muestre_clave() {
+    switch (datos_.clave) {
+    case Clave::Tercero:
+        EClave->setText(consulta_.nit);
+        NomClave->setText(
+            dato("select terc_nom from terceros where terc_nit = " + QuotedStr(consulta_.nit)));
+        break;
+    case Clave::Centro:
+        EClave->setText(consulta_.proyecto + ' ' + consulta_.centro);
+        NomClave->setText(
+            dato("select cent_nom from centros where proy_cod = " + QuotedStr(consulta_.proyecto) +
+                 " and cent_cod = " + QuotedStr(consulta_.centro)));
+        break;
+    case Clave::Articulo:
+        EClave->setText(consulta_.articulo);
+        NomClave->setText(dato("select arti_des from articulo where arti_cod = " +
+                               QuotedStr(consulta_.articulo)));
+        break;
+    case Clave::Ninguna:
+        break;
+    }
+}
+
+QString ConsultaCuenta::componga(const QString& orden) {
+    consulta_.ano = fdmcnt().ano_actual;
+    consulta_.mes = fdmcnt().periodo_actual + 1;
+    consulta_.orden = orden;
+    return componga_consulta(datos_.consulta, consulta_);
+}

@@ -1,0 +1,37 @@
+#pragma once
+// Base de las consultas de una cuenta: la toman de la sesión al crearse y muestran su nombre.
+#include "core/tfdmcnt.h"
+#include "ledger/consultaperiodo.h"
+#include "ledger/familia.h"
+
+class Formulario;
+class QLineEdit;
+
+class ConsultaCuenta : public ConsultaPeriodo {
+    Q_OBJECT
+public:
+    explicit ConsultaCuenta(const MiembroConsulta& miembro);
+
+    void FormCreate() override;
+
+    // --- controles
+    Rejilla* DBGridEh1 = nullptr;
+    QLineEdit* ECuenta;
+    QLineEdit* NomCuenta;
+    QLineEdit* EClave = nullptr; ///< tercero, centro o artículo de la consulta
+    QLineEdit* NomClave = nullptr;
+
+protected:
+    /// Filas de la cuenta y de la clave.
+    void arme_encabezado(Formulario& formulario);
+    /// Texto de la consulta en el período de la sesión.
+    QString componga(const QString& orden);
+    const QString& cuenta() const { return consulta_.cuenta; }
+
+private:
+    QString nombre_cuenta();
+    void muestre_clave();
+
+    const MiembroConsulta& datos_;
+    DatosConsulta consulta_;
+};

@@ -1,0 +1,312 @@
+#include "ledger/tfbalanceprueba.h"
+
+#include "catalogues/letracuenta.h"
+#include "ledger/cifrascontrol.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/estilo.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFrame>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScopeGuard>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+constexpr int kPrimerAno = 1990;
+constexpr int kNivelPorOmision = 5;
+constexpr int kNivelMasDetallado = 5; ///< tope de "Más detalle", tenga los que tenga ESTRUCTURA
+constexpr const char* kImporte = "#,###.00";
+} // namespace
+
+struct Tfbalanceprueba::DatosPagina {
+    Libro libro;
+    const char* titulo;
+    const char* rejilla;
+    const char* procedimiento;
+    std::array<const char*, 6> titulos;
+    std::array<const char*, 4> cajas;
+    const char* auxiliar;
+    const char* terceros;
+    const char* centros;
+};
+
+const std::array<Tfbalanceprueba::DatosPagina, 2> Tfbalanceprueba::kPaginas = {{
+    {Libro::Decreto2649,
+     "Dec.2649",
+     "DBGridEh1",
+     "consulta_balance_mes",
+     {"Cód. Cuenta", "Nombre cuenta", "S. Inicial", "Débitos", "Créditos", "S. Final"},
+     {"SIni", "Sdb", "Scr", "Sfin"},
+     "Tfauxiliar",
+     "Tfsaldoterc",
+     "Tfsaldocentro"},
+    {Libro::Niif,
+     "NIIF",
+     "DBGridEh2",
+     "consulta_balance_mes_niif",
+     {"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"},
+     {"SNIni", "SNdb", "SNcr", "SNfin"},
+     "Tfauxiliarniif",
+     "Tfsaldotercniif",
+     "Tfsaldocentroniif"},
+}};
+
+Tfbalanceprueba::Tfbalanceprueba()
+    : ConsultaPeriodo("Tfbalanceprueba", "Balance de prueba", kPrimerAno),
+      PageControl1(new QTabWidget(this)), Panel(new QFrame(this)) {
+    PageControl1->setObjectName("PageControl1");
+    Formulario f(this);
+    QWidget* caja = cree_periodo("SpeedButton1", "SpeedButton2");
+    arme_pagina(0, CBalance);
+    arme_pagina(1, CBalniif);
+    f.fila({{"Período", caja}, {"", cree_filtro(paginas_[0].rejilla)}});
+    f.ancha(PageControl1);
+    arme_botones();
+    f.botones(findChild<BarraBotones*>());
+    flechas("SpeedButton1", "SpeedButton2");
+    tamano_del_area(140, 130);
+
+    Panel->setObjectName("Panel");
+    Panel->setFrameShape(QFrame::StyledPanel);
+    Panel->setAutoFillBackground(true);
+    auto* aviso = new QVBoxLayout(Panel);
+    aviso->setContentsMargins(paso(3), paso(2), paso(3), paso(2));
+    aviso->addWidget(new QLabel("Actualizando balance. Espere un momento...", Panel));
+    Panel->hide();
+}
+
+// ---------------------------------------------------------------- conjuntos y aspecto
+
+void Tfbalanceprueba::arme_pagina(int indice, ConjuntoDatos& conjunto) {
+    const DatosPagina& datos = kPaginas[size_t(indice)];
+    const QStringList importes{"INICIAL", "DEBITOS", "CREDITOS", "FINAL"};
+    const QStringList sumas{"SUMINI", "SUMDB", "SUMCR", "SUMFIN"};
+    conjunto.texto("CODIGO", 20).etiqueta(datos.titulos[0]);
+    conjunto.texto("NOMBRE", 60).etiqueta(datos.titulos[1]);
+    for (int i = 0; i < 4; ++i)
+        conjunto.decimal(importes[i]).etiqueta(datos.titulos[size_t(i) + 2]).formato(kImporte);
+    conjunto.entero("NIVEL");
+    for (const QString& suma : sumas)
+        conjunto.decimal(suma);
+
+    Rejilla* rejilla = cree_rejilla(datos.rejilla, &conjunto, "BalanPrueba");
+    QVector<DefinicionColumna> columnas;
+    const int anchos[] = {12, 40, 17, 17, 17, 17};
+    for (int i = 0; i < 6; ++i)
+        columnas.append({conjunto.Fields(i).FieldName, conjunto.Fields(i).etiqueta(), anchos[i]});
+    rejilla->columnas(columnas);
+    rejilla->horizontalHeader()->setMinimumSectionSize(paso(8));
+    rejilla->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    rejilla->texto_vacio = "El período no tiene saldos ni movimientos.";
+    const Campo& codigo = conjunto.FieldByName("CODIGO");
+    rejilla->OnGetCellParams = [&conjunto, &codigo](int fila, QFont& letra, QColor&, QColor&) {
+        letra_por_nivel(letra, conjunto.valor_en(fila, codigo).texto());
+    };
+    rejilla->OnDblClick = [this](int) { BitBtn6Click(); };
+
+    auto* hoja = new QWidget(PageControl1);
+    auto* columna = new QVBoxLayout(hoja);
+    columna->setContentsMargins(paso(), paso(), paso(), paso());
+    columna->addWidget(rejilla, 1);
+    QStringList cajas;
+    for (const char* nombre : datos.cajas)
+        cajas << nombre;
+    auto* cifras = new CifrasControl(rejilla, importes, sumas, cajas, hoja);
+    columna->addWidget(cifras);
+    PageControl1->addTab(hoja, datos.titulo);
+    paginas_[size_t(indice)] = {&datos, &conjunto, rejilla, cifras, {}};
+}
+
+void Tfbalanceprueba::arme_botones() {
+    auto* barra = new BarraBotones(this);
+    // La tecla F2 no oprime este botón: actualiza sin recordar la fila.
+    barra->boton("BitBtn5", "F2:Actualizar", "view-refresh", {}, [this] { BitBtn5Click(); });
+    tecla(Qt::Key_F2, "actualice_balance", [this] { actualice_balance(); });
+    barra->boton("BitBtn6", "F8:Auxiliar", "view-list-details", Qt::Key_F8,
+                 [this] { BitBtn6Click(); });
+    barra->boton("BitBtn7", "F5:Terceros", "system-users", Qt::Key_F5, [this] { BitBtn7Click(); });
+    barra->boton("BitBtn8", "F7:Centros", "folder", Qt::Key_F7, [this] { BitBtn8Click(); });
+    barra->boton("BitBtn1", "F6:Artículos", "package-x-generic", Qt::Key_F6,
+                 [this] { BitBtn1Click(); });
+    barra->boton("BitBtn2", "Menos detalle", "list-remove", {}, [this] { BitBtn2Click(); })
+        ->setToolTip("Tecla menos del teclado numérico");
+    barra->boton("BitBtn3", "Más detalle", "list-add", {}, [this] { BitBtn3Click(); })
+        ->setToolTip("Tecla más del teclado numérico");
+    tecla(Qt::Key_Minus, Qt::KeypadModifier, "BitBtn2");
+    tecla(Qt::Key_Plus, Qt::KeypadModifier, "BitBtn3");
+    barra->separe();
+    barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+}
+
+// ---------------------------------------------------------------- vida
+
+void Tfbalanceprueba::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    const Valor niveles = CBorrar.valor_unico("select max(estr_nivel) from estructura");
+    nivel_ = niveles.nulo() ? kNivelPorOmision : int(niveles.entero());
+    const bool local =
+        fdm().configuracion("CONTABILIDAD", "GENERAL",
+                            "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
+                            "HACER CONSULTAS") == "2649";
+    PageControl1->setCurrentIndex(local ? 0 : 1);
+    fdmcnt().balance_por_recalcular = true;
+}
+
+void Tfbalanceprueba::FormActivate() {
+    if (fdmcnt().balance_por_recalcular) {
+        actualice_balance();
+        ubique(actual(), actual().posicion);
+        actual().posicion.clear();
+        fdmcnt().balance_por_recalcular = false;
+    }
+    actual().rejilla->setFocus();
+}
+
+bool Tfbalanceprueba::FormClose() {
+    CBalance.Close();
+    CBalniif.Close();
+    CBorrar.Close();
+    return true;
+}
+
+// ---------------------------------------------------------------- lectura
+
+void Tfbalanceprueba::actualice_balance() {
+    Panel->adjustSize();
+    Panel->move(rect().center() - Panel->rect().center());
+    Panel->raise();
+    Panel->show();
+    Panel->repaint();
+    const auto oculte = qScopeGuard([this] { Panel->hide(); });
+    muestre_periodo();
+    for (Pagina& pagina : paginas_)
+        lea(pagina);
+}
+
+void Tfbalanceprueba::lea(Pagina& pagina) {
+    pagina.conjunto->Open(QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
+                          QuotedStr(fdmcnt().ano_actual) + ", " +
+                          QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
+                          QString::number(nivel_) + ')');
+    pagina.cifras->muestre();
+}
+
+Tfbalanceprueba::Pagina& Tfbalanceprueba::actual() {
+    return paginas_[size_t(PageControl1->currentIndex())];
+}
+
+QString Tfbalanceprueba::codigo(const Pagina& pagina) const {
+    return pagina.conjunto->Active() ? pagina.conjunto->FieldByName("CODIGO").texto() : QString();
+}
+
+void Tfbalanceprueba::guarde_posiciones() {
+    for (Pagina& pagina : paginas_)
+        pagina.posicion = codigo(pagina);
+}
+
+void Tfbalanceprueba::ubique(Pagina& pagina, const QString& codigo) {
+    if (!codigo.isEmpty())
+        pagina.conjunto->Locate("CODIGO", {codigo});
+}
+
+void Tfbalanceprueba::BitBtn5Click() {
+    recalcule();
+}
+
+void Tfbalanceprueba::recalcule() {
+    guarde_posiciones();
+    actualice_balance();
+    for (Pagina& pagina : paginas_)
+        ubique(pagina, pagina.posicion);
+}
+
+// ---------------------------------------------------------------- período y detalle
+
+void Tfbalanceprueba::periodo_movido() {
+    recalcule();
+}
+
+void Tfbalanceprueba::EMesChange(int mes) {
+    fdmcnt().periodo_actual = mes;
+    periodo_escogido();
+}
+
+void Tfbalanceprueba::EAnoChange(int ano) {
+    fdmcnt().ano_actual = QString::number(ano);
+    periodo_escogido();
+}
+
+void Tfbalanceprueba::periodo_escogido() {
+    fdmcnt().guarde_periodo();
+    guarde_posiciones();
+    actualice_balance();
+    // Las dos páginas van al código de la primera.
+    for (Pagina& pagina : paginas_)
+        ubique(pagina, paginas_[0].posicion);
+}
+
+void Tfbalanceprueba::BitBtn2Click() {
+    if (nivel_ > 1) {
+        --nivel_;
+        actualice_balance();
+    }
+}
+
+void Tfbalanceprueba::BitBtn3Click() {
+    if (nivel_ < kNivelMasDetallado) {
+        ++nivel_;
+        actualice_balance();
+    }
+}
+
+// ---------------------------------------------------------------- consultas de la cuenta
+
+bool Tfbalanceprueba::consulte(Pagina& pagina, const QString& codigo) {
+    pagina.posicion = this->codigo(pagina);
+    if (!fdmcnt().valide_cuenta(codigo, pagina.datos->libro))
+        return false;
+    fdmcnt().cuenta_auxiliar = codigo;
+    return true;
+}
+
+void Tfbalanceprueba::abra(Pagina& pagina, const QString& codigo, const char* pantalla) {
+    if (consulte(pagina, codigo))
+        pantallas().abrir(pantalla);
+    else
+        QApplication::beep();
+}
+
+void Tfbalanceprueba::mostrar_auxiliar(const QString& codigo) {
+    abra(paginas_[0], codigo, kPaginas[0].auxiliar);
+}
+
+void Tfbalanceprueba::mostrar_auxiliar_niif(const QString& codigo) {
+    abra(paginas_[1], codigo, kPaginas[1].auxiliar);
+}
+
+void Tfbalanceprueba::BitBtn6Click() {
+    if (PageControl1->currentIndex() == 0)
+        mostrar_auxiliar(codigo(paginas_[0]));
+    else
+        mostrar_auxiliar_niif(codigo(paginas_[1]));
+}
+
+void Tfbalanceprueba::BitBtn7Click() {
+    abra(actual(), codigo(actual()), actual().datos->terceros);
+}
+
+void Tfbalanceprueba::BitBtn8Click() {
+    abra(actual(), codigo(actual()), actual().datos->centros);
+}
+
+void Tfbalanceprueba::BitBtn1Click() {
+    // Los artículos son del libro 2649, se vea la página que se vea; un rechazo no pita.
+    if (consulte(paginas_[0], codigo(paginas_[0])))
+        pantallas().abrir("Tfsaldoartc");
+}
