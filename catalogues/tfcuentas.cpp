@@ -49,12 +49,13 @@ Tfcuentas::Tfcuentas(Libro libro)
 
 void Tfcuentas::arme_botones() {
     // Los dos letreros anuncian la tecla anterior a la que funciona: así se conocen.
-    barra_->boton("SBSaldos", "F7:Saldos", "view-statistics", Qt::Key_F8,
+    barra_->boton("SBSaldos", "F7:Saldos", "accessories-calculator", Qt::Key_F8,
                   [this] { consulte_cuenta(plan(libro_).pantalla_saldos); });
-    barra_->boton("SBMovimiento", "F8:Movimiento", "view-list-details", Qt::Key_F9,
+    barra_->boton("SBMovimiento", "F8:Movimiento", "x-office-spreadsheet", Qt::Key_F9,
                   [this] { consulte_cuenta(datos(libro_).pantalla_auxiliar); });
     if (plan(libro_).con_normas)
-        barra_->boton("SBNormas", "No&rmas", "documentation", {}, [this] { SBNormasClick(); });
+        barra_->boton("SBNormas", "No&rmas", "accessories-dictionary", {},
+                      [this] { SBNormasClick(); });
     boton_salir();
 }
 
