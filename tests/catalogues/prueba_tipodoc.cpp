@@ -94,7 +94,7 @@ private slots:
         QCOMPARE(prefijos(p).FieldByName("PRCO_PREF").texto(), QString("0002"));
         QVERIFY(prefijos(p).State() == Estado::Edicion);
         // El número admite cifras; cambiarlo a mano es libre.
-        digite("0x0777");
+        digite("x0x0777");
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select pref_numero || prco_usuario from prefijos_conta where tico_cod = "
