@@ -186,6 +186,8 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
                            Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar});
         r->al_ordenar(Rejilla::Pegar, [this, r] { pegue(*r); });
     }
+    // Solo la rejilla 2649 se queda con Esc para cancelar su fila; en la otra sale de la pantalla.
+    lineas_niif->rejilla->reclama_escape = false;
     construya_paneles();
     enter_como_tab();
 }
@@ -282,8 +284,13 @@ void PantallaComprobante::declare_teclas_comunes() {
     SBCancel = barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
                             [this] { SBCancelClick(); });
     tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas_a_la_vista().sugiera_db_cr(); });
-    tecla(Qt::Key_F6, "Tfterceros", [] { pantallas().abrir("Tfterceros"); });
-    tecla(Qt::Key_F7, "Tfcentros", [] { pantallas().abrir("Tfcentros"); });
+    // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
+    const auto busque = [this](int clave, const char* pantalla) {
+        tecla(
+            clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
+    };
+    busque(Qt::Key_F6, "Tfterceros");
+    busque(Qt::Key_F7, "Tfcentros");
 }
 
 LineasLibro& PantallaComprobante::lineas_a_la_vista() const {

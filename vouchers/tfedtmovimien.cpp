@@ -87,8 +87,7 @@ Tfedtmovimien::Tfedtmovimien()
 void Tfedtmovimien::FormCreate() {
     tipo_anterior.clear();
     libre_2649 = libre_niif = true;
-    const QSize area = area_principal();
-    tamano(area.width() - 60, area.height() - 40);
+    tamano_del_area(60, 40);
     fdm().ConfigurarProviders(this);
     const QSignalBlocker callada(PageControl1); // escoger la página inicial no graba nada
     lea_configuracion(Orden::Editar);

@@ -95,8 +95,7 @@ void Tfmovimien::FormCreate() {
         CMovimiento.Append();
     else
         recupere_provisional();
-    const QSize area = area_principal();
-    tamano(area.width() - 60, area.height() - 40);
+    tamano_del_area(60, 40);
     if (!fdm().exija_acceso(30))
         pida_cierre_al_crear();
 }
