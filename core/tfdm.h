@@ -10,7 +10,7 @@
 #include <QPointer>
 
 /// Encabezado de la compañía para los comprobantes impresos.
-struct DatosCompania {
+struct EncabezadoCompania {
     QString nombre, direccion, telefonos, encabezado;
     QByteArray logo;
 };
@@ -30,7 +30,7 @@ public:
     QString modulo, usuario, nombre_usuario, codigo_compania;
     int sucursal_usuario = 0;
     bool administrador = false;
-    DatosCompania datos_compania;
+    EncabezadoCompania datos_compania;
     int registros_paquete = 1000;
     int duracion_busquedas = 0; ///< milisegundos
     QString color_ventana, color_final;
@@ -42,6 +42,8 @@ public:
     bool modo_selector = false;      ///< la pantalla se abre como selector modal
     QString formato_actual;          ///< formato de impresión a editar
     QString documento_encontrado;    ///< id que dejó existe_numero
+    QString mensaje_responder;       ///< mensaje que se contesta
+    QString autor_responder;         ///< y quién lo escribió
 
     // --- sentencias compartidas
     Sentencia QConfiguracion, QBorrar, QBorrarGen, QAccesous, TNomcampos, QAudit;
@@ -107,8 +109,10 @@ public:
     QString numero_a_letras(Moneda valor);
     QString nombre_impresora(const QString& clave);
 
-private:
+    /// Anota una falla en ERRORES.TXT sin decir nada a nadie.
     void registre_en_archivo(const QString& texto);
+
+private:
     QPointer<AvisosBarra> barra_;
 };
 

@@ -94,7 +94,8 @@ void registre_usuario_compania(Conexion& compania, const DatosUsuario& d) {
 
 void cree_usuario_servidor(Conexion& general, const QString& codigo, const QString& clave) {
     exija(!clave.isEmpty(), QStringLiteral("Falta la clave del usuario %1.").arg(codigo));
-    general.ejecute(QStringLiteral("create or alter user %1 password %2")
+    // Entre comillas: ADMIN, entre otros, es palabra reservada.
+    general.ejecute(QStringLiteral("create or alter user \"%1\" password %2")
                         .arg(codigo_usuario(codigo), QuotedStr(clave)));
 }
 
@@ -172,6 +173,9 @@ QString mensaje_claro(const ErrorDatos& falla) {
         return QStringLiteral("La base de datos está en uso por otra sesión. Cierre los demás "
                               "programas que la tengan abierta e intente de nuevo.\n") +
                t;
+    if (dice("reading from backup file") || dice("backup description record") ||
+        dice("backup file is damaged") || dice("unexpected end of file on backup"))
+        return QStringLiteral("El archivo de respaldo está incompleto o no es un respaldo.\n") + t;
     if (dice("Connection failed"))
         return QStringLiteral("No hay un servidor Firebird atendiendo en la ubicación indicada. "
                               "Verifique el equipo, el puerto y que el servicio esté iniciado.");

@@ -5,8 +5,9 @@
 
 namespace {
 
-// Renglones que da el año normal, para convertir un volumen pedido en documentos por día.
-constexpr qint64 kRenglonesNormales = 14400;
+// Medido en el año normal: lo que pasa una vez al mes y lo que crece con el volumen pedido. El
+// volumen queda apenas corto y las últimas ventas de diciembre lo completan.
+constexpr qint64 kRenglonesFijos = 3521, kRenglonesVariables = 10700;
 
 void registre_usuarios(Conexion& general, Conexion& compania, int ano) {
     DatosUsuario admin{QStringLiteral("ADMIN"), QStringLiteral("Mónica Vélez Aristizábal"), true, 0,
@@ -33,9 +34,10 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
     registre_usuarios(general, compania, opciones.ano);
     AnoDemo ano(compania, siembre_catalogos(compania), opciones.semilla, opciones.ano);
     ano.abra();
-    const qint64 milesimas = opciones.renglones > 0
-                                 ? qMax<qint64>(1, opciones.renglones * 1000 / kRenglonesNormales)
-                                 : 1000;
+    const qint64 milesimas =
+        opciones.renglones > 0
+            ? qMax<qint64>(1, (opciones.renglones - kRenglonesFijos) * 1000 / kRenglonesVariables)
+            : 1000;
     for (int mes = 1; mes <= 12; ++mes) {
         ano.mes(mes, milesimas);
         if (aviso)

@@ -72,7 +72,7 @@ public:
     Partidor(QVector<Renglon> renglones, QString archivo)
         : renglones_(std::move(renglones)), archivo_(std::move(archivo)) {}
 
-    QVector<Sentencia> parta() {
+    QVector<SentenciaGuion> parta() {
         for (const Renglon& r : renglones_) {
             numero_ = r.numero;
             recorra(r.texto);
@@ -140,7 +140,7 @@ private:
 
     QVector<Renglon> renglones_;
     QString archivo_;
-    QVector<Sentencia> sentencias_;
+    QVector<SentenciaGuion> sentencias_;
     QString actual_, fin_ = QStringLiteral(";");
     QChar comilla_;
     bool comentario_ = false, con_texto_ = false;
@@ -149,12 +149,12 @@ private:
 
 } // namespace
 
-QVector<Sentencia> lea_guion(const QString& texto, const QString& archivo) {
+QVector<SentenciaGuion> lea_guion(const QString& texto, const QString& archivo) {
     return Partidor(expanda_libros(texto, archivo), archivo).parta();
 }
 
-Lista lea_lista(const QString& texto, const QString& archivo) {
-    Lista lista;
+ListaGuion lea_lista(const QString& texto, const QString& archivo) {
+    ListaGuion lista;
     int numero = 0;
     for (const QString& linea : texto.split('\n')) {
         ++numero;

@@ -7,19 +7,19 @@
 #include <QString>
 #include <QVector>
 
-struct Sentencia {
+struct SentenciaGuion {
     QString texto; ///< sin el terminador ni los comentarios
     int renglon = 0;
 };
 
 /// `archivo` solo se usa para nombrarlo en los errores. Lanza ErrorDatos si un bloque de libros, un
 /// comentario o un literal queda sin cerrar, o si al final sobra texto sin terminador.
-QVector<Sentencia> lea_guion(const QString& texto, const QString& archivo);
+QVector<SentenciaGuion> lea_guion(const QString& texto, const QString& archivo);
 
-/// Lista de una tabla (.tsv): el primer renglón nombra las columnas. "\N" es nulo.
-struct Lista {
+/// ListaGuion de una tabla (.tsv): el primer renglón nombra las columnas. "\N" es nulo.
+struct ListaGuion {
     QStringList columnas;
     QVector<QStringList> filas; ///< nulo se distingue con isNull()
 };
 /// Lanza ErrorDatos con archivo y renglón si una fila no tiene tantos campos como columnas.
-Lista lea_lista(const QString& texto, const QString& archivo);
+ListaGuion lea_lista(const QString& texto, const QString& archivo);

@@ -160,7 +160,7 @@ void Instalador::ejecute_guiones(TipoBase tipo) {
 
 void Instalador::ejecute_guion(const QString& archivo) {
     Existentes existentes(conexion_);
-    for (const Sentencia& s : lea_guion(lea(archivo), archivo)) {
+    for (const SentenciaGuion& s : lea_guion(lea(archivo), archivo)) {
         if (existentes.sobra(s.texto))
             continue;
         try {
@@ -178,7 +178,7 @@ void Instalador::ejecute_guion(const QString& archivo) {
 }
 
 void Instalador::cargue_lista(const QString& archivo) {
-    const Lista lista = lea_lista(lea(archivo), archivo);
+    const ListaGuion lista = lea_lista(lea(archivo), archivo);
     const QString tabla = QFileInfo(archivo).completeBaseName().section('_', 1);
     const QStringList clave = columnas_clave(conexion_, tabla);
     if (clave.isEmpty())

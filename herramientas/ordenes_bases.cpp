@@ -1,4 +1,5 @@
 // Crear, actualizar, respaldar, restaurar, verificar y compactar bases.
+#include "core/firebird/servicios.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demostracion.h"
 #include "herramientas/ordenes.h"
@@ -10,14 +11,17 @@
 
 namespace {
 
-/// Crea la base con su esquema; si algo falla no deja una base a medias.
+/// Crea la base con su esquema; si algo falla no deja una base a medias. Mientras se llena no se
+/// espera al disco: quien la llama termina con asegure().
 void cree_base(const Sesion& s, const ParametrosConexion& parametros, TipoBase tipo) {
     s.ubicacion().prepare_carpeta(parametros.base);
     if (s.ubicacion().carpetas_alcanzables() &&
         QFileInfo::exists(s.ubicacion().ruta_de(parametros.base)))
         throw ErrorDatos(QStringLiteral("Ya existe la base de datos %1.").arg(parametros.base));
     Conexion conexion;
-    conexion.cree_base(parametros);
+    ParametrosConexion nueva = parametros;
+    nueva.escritura_forzada = false;
+    conexion.cree_base(nueva);
     try {
         Instalador(conexion).instale(tipo);
     } catch (...) {
@@ -26,8 +30,14 @@ void cree_base(const Sesion& s, const ParametrosConexion& parametros, TipoBase t
     }
 }
 
+/// Desde aquí cada confirmación llega al disco. No debe quedar conexión propia abierta.
+void asegure(const ParametrosConexion& parametros) {
+    ponga_escritura_inmediata(parametros, true);
+}
+
 void crear_general(const Sesion& s) {
     cree_base(s, s.general(), TipoBase::General);
+    asegure(s.general());
     diga(QStringLiteral("Base general creada en %1.").arg(s.general().base));
 }
 
@@ -49,6 +59,8 @@ void crear_compania(const Sesion& s) {
     Conexion compania;
     compania.conectar(s.compania(d.codigo));
     configure_compania(compania, d);
+    compania.desconectar();
+    asegure(s.compania(d.codigo));
     registre_compania(general, d);
     diga(QStringLiteral("Compañía %1 creada en %2.").arg(d.codigo, s.compania(d.codigo).base));
 }
@@ -74,6 +86,7 @@ void crear_demo(const Sesion& s) {
         if (!e.texto().contains(QLatin1String("I/O error")))
             throw;
         cree_base(s, s.general(), TipoBase::General);
+        asegure(s.general());
         general.conectar(s.general());
     }
     cree_base(s, s.compania(d.codigo), TipoBase::Compania);
@@ -83,6 +96,8 @@ void crear_demo(const Sesion& s) {
     registre_compania(general, d);
     const auto r = genere_demostracion(general, compania, opciones, diga);
     compacte_saldos(compania);
+    compania.desconectar();
+    asegure(s.compania(d.codigo));
     if (s.ubicacion().en_servidor())
         for (const char* usuario : {"ADMIN", "AUXILIAR"})
             cree_usuario_servidor(general, QLatin1String(usuario),

@@ -74,7 +74,7 @@ void clave(const Sesion& s) {
     const QString usuario = codigo_usuario(a.exija(QStringLiteral("codigo")));
     const QString disfrazada = ofusque_clave(a.valor(QStringLiteral("clave-usuario")));
     diga(QStringLiteral("Clave: %1").arg(disfrazada));
-    diga(QStringLiteral("Arranque: contabilidad PUENTES %1 %2 %3 \"%4\"")
+    diga(QStringLiteral("Arranque: quorvex-contabilidad PUENTES %1 %2 %3 \"%4\"")
              .arg(usuario, codigo_compania(a.exija(QStringLiteral("compania"))), disfrazada,
                   s.ubicacion().texto()));
 }

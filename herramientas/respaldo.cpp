@@ -65,6 +65,12 @@ QMap<QString, QString> recuento_de(const ParametrosConexion& parametros) {
     return recuento(c);
 }
 
+/// Un archivo cortado a tiempo puede dar una base sin filas: no es un respaldo de este sistema.
+void exija_contenido(const QMap<QString, QString>& cuenta) {
+    if (cuenta.value(QStringLiteral("VERSION_ESQUEMA")).toInt() < 1)
+        throw ErrorDatos(QStringLiteral("El respaldo está incompleto o no es de este sistema."));
+}
+
 void exija_sola(const ParametrosConexion& base) {
     Conexion c;
     c.conectar(base);
@@ -102,6 +108,7 @@ ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QStrin
     try {
         restaure_base(archivo, aparte.parametros(), true);
         const auto copia = recuento_de(aparte.parametros());
+        exija_contenido(copia);
         if (copia.keys() != antes.keys())
             throw ErrorDatos(QStringLiteral("la copia no tiene las mismas tablas"));
         for (auto i = copia.begin(); i != copia.end(); ++i)
@@ -132,7 +139,7 @@ ResultadoRespaldo restaure_en_lugar(const QString& archivo, const ParametrosCone
         {
             const BaseAparte aparte(base);
             restaure_base(archivo, aparte.parametros(), true);
-            recuento_de(aparte.parametros());
+            exija_contenido(recuento_de(aparte.parametros()));
         }
         // Sin base previa no hay sesión que estorbe; con ella, el servidor también la protege.
         try {
@@ -150,6 +157,7 @@ ResultadoRespaldo restaure_en_lugar(const QString& archivo, const ParametrosCone
     try {
         restaure_base(archivo, nueva, false);
         const auto cuenta = recuento_de(nueva);
+        exija_contenido(cuenta);
         if (QFile::exists(base.base)) {
             exija_sola(base);
             const QString anterior = base.base + QStringLiteral(".anterior");

@@ -43,6 +43,8 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         delete pantalla;
         return nullptr;
     }
+    // El marco nuevo haría olvidar el control que FormCreate escogió para empezar.
+    const QPointer<QWidget> primero = pantalla->focusWidget();
     auto* ventana = new QMdiSubWindow;
     ventana->setAttribute(Qt::WA_DeleteOnClose);
     ventana->setObjectName(QStringLiteral("ventana_") + pantalla->objectName());
@@ -68,6 +70,8 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         else if (pantalla->menos_centro_.isValid())
             ventana->move(pantalla->lugar_centrado(ventana->size()));
         area_->setActiveSubWindow(ventana);
+        if (primero)
+            primero->setFocus();
     }
     emit cambiaron_las_abiertas();
     QPointer<Pantalla> viva(pantalla);

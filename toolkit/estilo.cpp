@@ -4,11 +4,13 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QLibraryInfo>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStandardPaths>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QTranslator>
 #include <QWidget>
 #include <QtMath>
 
@@ -152,6 +154,11 @@ QPalette paleta() {
 } // namespace
 
 void aplique_estilo(QApplication& aplicacion, const ColoresEmpresa& colores) {
+    // Los menús propios de Qt (copiar, pegar, restaurar la ventana) también van en español.
+    auto* textos = new QTranslator(&aplicacion);
+    if (textos->load(QStringLiteral("qtbase_es"),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        aplicacion.installTranslator(textos);
     colores_ = colores;
     QFont letra = aplicacion.font();
     if (letra.pointSizeF() > 0 && letra.pointSizeF() < kPuntosMinimos)

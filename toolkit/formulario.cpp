@@ -18,6 +18,32 @@ QWidget* receptor(QWidget* control) {
     return w;
 }
 
+/// Lo que recibe el foco con Tab dentro de un control, en el orden en que se ve.
+void recolecte(QWidget* control, QVector<QWidget*>& lista);
+
+void recolecte(QLayout* arreglo, QVector<QWidget*>& lista) {
+    for (int i = 0; i < arreglo->count(); ++i) {
+        if (QWidget* w = arreglo->itemAt(i)->widget())
+            recolecte(w, lista);
+        else if (QLayout* interior = arreglo->itemAt(i)->layout())
+            recolecte(interior, lista);
+    }
+}
+
+void recolecte(QWidget* control, QVector<QWidget*>& lista) {
+    if ((control->focusPolicy() & Qt::TabFocus) && !control->focusProxy()) {
+        lista << control;
+        return;
+    }
+    if (control->layout()) {
+        recolecte(control->layout(), lista);
+        return;
+    }
+    for (QObject* hijo : control->children())
+        if (hijo->isWidgetType())
+            recolecte(static_cast<QWidget*>(hijo), lista);
+}
+
 bool crece_a_lo_alto(const QWidget* control) {
     return control->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag;
 }
@@ -29,6 +55,20 @@ Formulario::Formulario(QWidget* dueno) : dueno_(dueno) {
     raiz->setContentsMargins(paso(1.5), paso(1.5), paso(1.5), paso(1.5));
     raiz->setSpacing(paso(1.5));
     raiz_ = raiz;
+}
+
+Formulario::~Formulario() {
+    encadene();
+}
+
+void Formulario::encadene() {
+    QVector<QWidget*> orden;
+    for (QWidget* control : puestos_)
+        if (control)
+            recolecte(control, orden);
+    puestos_.clear();
+    for (int i = 1; i < orden.size(); ++i)
+        QWidget::setTabOrder(orden[i - 1], orden[i]);
 }
 
 QGridLayout* Formulario::rejilla() {
@@ -57,6 +97,7 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
     const int renglon = r->rowCount();
     int columna = 0;
     for (const Par& par : pares) {
+        puestos_ << par.control;
         const bool ultimo = &par == pares.end() - 1;
         const bool alto = crece_a_lo_alto(par.control);
         if (!par.etiqueta.isEmpty()) {
@@ -124,6 +165,7 @@ void Formulario::nombre_accesible(QWidget* control, const QString& texto) {
 }
 
 Formulario& Formulario::ancha(QWidget* control, int estira) {
+    puestos_ << control;
     elastico_ = elastico_ || estira > 0;
     if (grupo_) {
         QGridLayout* r = rejilla();
@@ -179,6 +221,8 @@ Formulario& Formulario::botones(QWidget* barra) {
     if (!elastico_)
         raiz_->addStretch(1); // las filas quedan juntas arriba
     raiz_->addWidget(barra);
+    puestos_ << barra;
+    encadene();
     return *this;
 }
 

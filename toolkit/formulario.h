@@ -3,6 +3,7 @@
 //
 // Los rótulos van a la derecha, contra su control, con su atajo ("&Nombre") y dan al control su
 // nombre accesible. Todas las distancias son pasos de 8 píxeles que crecen con la letra.
+#include <QPointer>
 #include <QString>
 #include <QVector>
 #include <initializer_list>
@@ -21,6 +22,10 @@ public:
     };
     /// Toma el arreglo de `dueno`; los controles pasan a ser sus hijos.
     explicit Formulario(QWidget* dueno);
+    /// Al terminar, Tab recorre los controles en el orden en que se leen.
+    ~Formulario();
+    Formulario(const Formulario&) = delete;
+    Formulario& operator=(const Formulario&) = delete;
 
     Formulario& fila(const QString& etiqueta, QWidget* control);
     /// Varios campos relacionados en una fila.
@@ -69,4 +74,6 @@ private:
         QLabel* etiqueta;
     };
     QVector<Rotulo> rotulos_;
+    void encadene();
+    QVector<QPointer<QWidget>> puestos_; ///< en orden de lectura
 };

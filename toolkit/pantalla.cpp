@@ -89,11 +89,14 @@ int Pantalla::mostrar_modal() {
         return mrCancel;
     cerrada_ = false;
     QPointer<Pantalla> viva(this);
+    const QPointer<QWidget> primero = focusWidget();
     {
         DialogoPantalla dialogo(this, QApplication::activeWindow());
         dialogo_ = &dialogo;
         dialogo.resize(tamano_inicial());
         dialogo.show();
+        if (primero)
+            primero->setFocus();
         proteja([this] { FormActivate(); });
         if (viva && !cerrada_)
             dialogo.exec();

@@ -3,7 +3,7 @@
 #include "core/firebird/interno.h"
 #include "core/firebird/motor.h"
 
-#include <QFileInfo>
+#include <QCoreApplication>
 #include <QThread>
 #include <cstring>
 #include <random>
@@ -164,6 +164,10 @@ void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int
         dpb->insertString(&estado, isc_dpb_password, parametros.clave.toUtf8().constData());
     dpb->insertString(&estado, isc_dpb_lc_ctype, "ISO8859_1");
     dpb->insertInt(&estado, isc_dpb_sql_dialect, 3);
+    // Quién tiene abierta la base: un servidor lo averigua solo, el motor en proceso no.
+    const QByteArray programa = QCoreApplication::applicationName().toLocal8Bit();
+    dpb->insertString(&estado, isc_dpb_process_name, programa.constData());
+    dpb->insertInt(&estado, isc_dpb_process_id, int(QCoreApplication::applicationPid()));
     if (crear) {
         dpb->insertInt(&estado, isc_dpb_page_size, 8192);
         dpb->insertString(&estado, isc_dpb_set_db_charset, "ISO8859_1");

@@ -4,6 +4,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <array>
+#include <cstdio>
 
 using namespace Firebird;
 using namespace fbc;
@@ -16,17 +18,16 @@ constexpr unsigned kBufer = 32000;
 struct Direccion {
     QByteArray servicio;
     QByteArray ruta;
-    bool remota = false;
 };
 
 Direccion direccion_de(const QString& base) {
     const qsizetype corte = base.indexOf(':');
     Direccion d;
-    d.remota = corte > 1;
+    const bool remota = corte > 1;
     d.servicio =
-        (d.remota ? base.left(corte) + QStringLiteral(":service_mgr") : QString("service_mgr"))
+        (remota ? base.left(corte) + QStringLiteral(":service_mgr") : QString("service_mgr"))
             .toLocal8Bit();
-    d.ruta = (d.remota ? base.mid(corte + 1) : base).toLocal8Bit();
+    d.ruta = (remota ? base.mid(corte + 1) : base).toLocal8Bit();
     return d;
 }
 
@@ -105,11 +106,10 @@ public:
         return r;
     }
 
-    /// Espera el final leyendo el informe; los renglones de error se vuelven una excepción.
-    void espere(const AvisoServicio& aviso) {
+    void espere() {
         const QByteArray renglon(1, char(isc_info_svc_line));
-        for (Respuesta r = consulte(renglon); r.sigue; r = consulte(renglon))
-            anote(r.datos, aviso);
+        while (consulte(renglon).sigue) {
+        }
     }
 
     void anote(const QByteArray& renglon, const AvisoServicio& aviso) {
@@ -138,8 +138,7 @@ IXpbBuilder* orden(unsigned char accion) {
 
 } // namespace
 
-void respalde_base(const ParametrosConexion& origen, const QString& archivo,
-                   const AvisoServicio& aviso) {
+void respalde_base(const ParametrosConexion& origen, const QString& archivo) {
     const Direccion direccion = direccion_de(origen.base);
     const QString provisional = archivo + QStringLiteral(".parcial");
     QFile destino(provisional);
@@ -150,22 +149,15 @@ void respalde_base(const ParametrosConexion& origen, const QString& archivo,
         IXpbBuilder* spb = orden(isc_action_svc_backup);
         Estado estado;
         spb->insertString(&estado, isc_spb_dbname, direccion.ruta.constData());
-        if (direccion.remota) {
-            spb->insertString(&estado, isc_spb_bkp_file, "stdout");
-            servicio.inicie(spb);
-            const QByteArray todo(1, char(isc_info_svc_to_eof));
-            for (auto r = servicio.consulte(todo); r.sigue; r = servicio.consulte(todo))
-                if (destino.write(r.datos) != r.datos.size())
-                    no_se_pudo(QStringLiteral("escribir"), destino);
-        } else {
-            destino.close();
-            spb->insertString(&estado, isc_spb_bkp_file,
-                              QFile::encodeName(provisional).constData());
-            spb->insertTag(&estado, isc_spb_verbose);
-            servicio.inicie(spb);
-            servicio.espere(aviso);
-        }
-        if (destino.isOpen() && !destino.flush())
+        // Por la conexión también en este equipo: con un archivo por medio, el motor en proceso
+        // pregunta por el teclado cuando el archivo le queda corto.
+        spb->insertString(&estado, isc_spb_bkp_file, "stdout");
+        servicio.inicie(spb);
+        const QByteArray todo(1, char(isc_info_svc_to_eof));
+        for (auto r = servicio.consulte(todo); r.sigue; r = servicio.consulte(todo))
+            if (destino.write(r.datos) != r.datos.size())
+                no_se_pudo(QStringLiteral("escribir"), destino);
+        if (!destino.flush())
             no_se_pudo(QStringLiteral("escribir"), destino);
         destino.close();
     } catch (...) {
@@ -173,8 +165,9 @@ void respalde_base(const ParametrosConexion& origen, const QString& archivo,
         QFile::remove(provisional);
         throw;
     }
-    QFile::remove(archivo);
-    if (!destino.rename(archivo))
+    // El cambio es de una vez: hasta aquí el respaldo anterior sigue entero.
+    if (std::rename(QFile::encodeName(provisional).constData(),
+                    QFile::encodeName(archivo).constData()) != 0)
         no_se_pudo(QStringLiteral("renombrar"), destino);
 }
 
@@ -187,18 +180,13 @@ void restaure_base(const QString& archivo, const ParametrosConexion& destino, bo
     Servicio servicio(direccion, destino);
     IXpbBuilder* spb = orden(isc_action_svc_restore);
     Estado estado;
-    spb->insertString(&estado, isc_spb_bkp_file,
-                      direccion.remota ? "stdin" : QFile::encodeName(archivo).constData());
+    spb->insertString(&estado, isc_spb_bkp_file, "stdin");
     spb->insertString(&estado, isc_spb_dbname, direccion.ruta.constData());
     spb->insertInt(&estado, isc_spb_res_buffers, paginas_cache);
     spb->insertInt(&estado, isc_spb_options,
                    int(reemplazar ? isc_spb_res_replace : isc_spb_res_create));
     spb->insertTag(&estado, isc_spb_verbose);
     servicio.inicie(spb);
-    if (!direccion.remota) {
-        servicio.espere(aviso);
-        return;
-    }
     const QByteArray que{QByteArray(1, char(isc_info_svc_stdin)) + char(isc_info_svc_line)};
     QByteArray envio;
     for (auto r = servicio.consulte(que); r.sigue || r.pide > 0;
@@ -215,4 +203,20 @@ void restaure_base(const QString& archivo, const ParametrosConexion& destino, bo
         envio.append(char(trozo.size() >> 8));
         envio += trozo;
     }
+}
+
+void ponga_escritura_inmediata(const ParametrosConexion& base, bool inmediata) {
+    const Direccion direccion = direccion_de(base.base);
+    Servicio servicio(direccion, base);
+    IXpbBuilder* spb = orden(isc_action_svc_properties);
+    Estado estado;
+    spb->insertString(&estado, isc_spb_dbname, direccion.ruta.constData());
+    spb->insertBytes(
+        &estado, isc_spb_prp_write_mode,
+        std::array<unsigned char, 1>{
+            static_cast<unsigned char>(inmediata ? isc_spb_prp_wm_sync : isc_spb_prp_wm_async)}
+            .data(),
+        1);
+    servicio.inicie(spb);
+    servicio.espere();
 }

@@ -24,6 +24,8 @@ Valor Campo::convierta(const Valor& v) const {
     case ClaseCampo::Texto:
     case ClaseCampo::Memo: {
         QString t = v.texto();
+        if (t.isEmpty()) // el texto vacío es un nulo: la base también los iguala
+            return {};
         if (const QChar fuera = caracter_fuera_de_latin1(t); !fuera.isNull())
             throw ErrorDatos(
                 QStringLiteral("El carácter '%1' del campo %2 no se puede guardar en la "

@@ -269,6 +269,7 @@ void ConjuntoDatos::asigne(Campo& campo, const Valor& valor) {
     if (campo.OnValidate)
         campo.OnValidate(campo, nuevo);
     bufer_[campo.indice_] = nuevo;
+    modificado_ = true;
     avise([&](EnlaceDatos& e) { e.campo_cambiado(&campo); });
     if (campo.OnChange)
         campo.OnChange(campo);

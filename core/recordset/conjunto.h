@@ -157,6 +157,9 @@ public:
     Estado State() const { return estado_; }
     bool Active() const { return estado_ != Estado::Cerrado; }
     bool editando() const { return estado_ == Estado::Edicion || estado_ == Estado::Insercion; }
+    /// Algún campo cambió desde que la fila entró en edición. Los valores con que nace una fila
+    /// (DefaultExpression, AfterInsert, OnNewRecord) no cuentan.
+    bool Modified() const { return editando() && modificado_; }
     bool IsEmpty() const;
     bool Eof() const { return fin_; }
     bool Bof() const { return inicio_; }
@@ -231,6 +234,7 @@ private:
     std::unique_ptr<Fila> nueva_; ///< fila en inserción, aún fuera del almacén
     QVector<Valor> bufer_;        ///< valores de la fila en edición
     int pos_previa_ = -1;
+    bool modificado_ = false;
     mutable const Fila* fila_calculo_ = nullptr;
     mutable QVector<Valor> calculados_;
     mutable bool calculando_ = false;

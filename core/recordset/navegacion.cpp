@@ -184,6 +184,7 @@ void ConjuntoDatos::inserte_fila(int posicion) {
         OnNewRecord();
     if (AfterScroll)
         AfterScroll();
+    modificado_ = false;
 }
 
 void ConjuntoDatos::Append() {
@@ -218,6 +219,7 @@ void ConjuntoDatos::Edit() {
         if (c->tipo == TipoCampo::Datos)
             valores[c->indice_] = valor_de(fila, *c);
     bufer_ = std::move(valores);
+    modificado_ = false;
     estado_ = Estado::Edicion;
     avise([](EnlaceDatos& e) { e.estado_cambiado(); });
     if (AfterEdit)

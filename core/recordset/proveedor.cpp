@@ -131,8 +131,7 @@ void Proveedor::resuelva_conjunto(Grabacion& g, ConjuntoDatos& conjunto) {
     };
     for (const auto& f : almacen->borradas)
         en_punto([&] {
-            if (Options & poCascadeDeletes)
-                resuelva_detalles(g, conjunto, *f, true);
+            resuelva_detalles(g, conjunto, *f, true);
             borre(g, conjunto, *f);
             g.borradas.emplace_back(almacen, f.get());
         });
@@ -183,7 +182,7 @@ void Proveedor::resuelva_detalles(Grabacion& g, ConjuntoDatos& maestra, Fila& fi
         for (const auto& f : detalle.filas) {
             if (!solo_borrados) {
                 resuelva_fila(g, *d, *f);
-            } else if (f->marca != Fila::Marca::Insertada) {
+            } else if ((Options & poCascadeDeletes) && f->marca != Fila::Marca::Insertada) {
                 d->haga_propios(*f);
                 borre(g, *d, *f);
             }

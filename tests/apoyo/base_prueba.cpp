@@ -3,7 +3,9 @@
 #include "apoyo/datos_ejemplo.h"
 #include "herramientas/instalador.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -12,10 +14,11 @@
 namespace {
 
 constexpr int kPaginasCache = 2000;
+constexpr int kHorasDeVida = 2; // de una plantilla que ya no es la vigente
 
 QString carpeta_construccion() {
     const QString c = qEnvironmentVariable("QUORVEX_CONSTRUCCION");
-    return c.isEmpty() ? QDir::tempPath() : c;
+    return c.isEmpty() ? QCoreApplication::applicationDirPath() + QStringLiteral("/..") : c;
 }
 
 /// Huella de todo lo que decide el contenido de la plantilla.
@@ -26,6 +29,7 @@ QString huella() {
         archivos << i.next();
     const QString proyecto = carpeta_guiones() + QStringLiteral("/..");
     archivos << proyecto + QStringLiteral("/tests/apoyo/datos_ejemplo.cpp")
+             << proyecto + QStringLiteral("/tests/apoyo/base_prueba.cpp")
              << proyecto + QStringLiteral("/herramientas/guion.cpp")
              << proyecto + QStringLiteral("/herramientas/instalador.cpp")
              << proyecto + QStringLiteral("/herramientas/administracion.cpp");
@@ -38,13 +42,6 @@ QString huella() {
             suma.addData(f.readAll());
     }
     return QString::fromLatin1(suma.result().toHex().left(16));
-}
-
-/// Las copias de la plantilla viven lo que la prueba: no hay que esperar al disco por ellas.
-ParametrosConexion desechable(const QString& base) {
-    ParametrosConexion p{base, QStringLiteral("SYSDBA"), {}};
-    p.escritura_forzada = false;
-    return p;
 }
 
 void arme(const QString& carpeta) {
@@ -61,6 +58,12 @@ void arme(const QString& carpeta) {
 
 } // namespace
 
+ParametrosConexion desechable(const QString& base) {
+    ParametrosConexion p{base, QStringLiteral("SYSDBA"), {}};
+    p.escritura_forzada = false;
+    return p;
+}
+
 QString plantilla_de_bases() {
     static QString lista;
     if (!lista.isEmpty())
@@ -74,10 +77,14 @@ QString plantilla_de_bases() {
     const QString nombre = huella();
     const QString destino = raiz + '/' + nombre;
     if (!QDir(destino).exists()) {
-        // Se borran las de guiones anteriores; la nueva se arma aparte y se renombra entera.
-        for (const QString& vieja : QDir(raiz).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-            QDir(raiz + '/' + vieja).removeRecursively();
+        // La nueva se arma aparte y se renombra entera. Las de otros guiones se borran cuando ya
+        // nadie puede estar copiándolas.
+        const QDateTime hace_rato = QDateTime::currentDateTime().addSecs(-kHorasDeVida * 3600);
+        for (const QFileInfo& vieja : QDir(raiz).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+            if (vieja.lastModified() < hace_rato)
+                QDir(vieja.filePath()).removeRecursively();
         const QString provisional = raiz + QStringLiteral("/armando");
+        QDir(provisional).removeRecursively();
         arme(provisional);
         if (!QDir().rename(provisional, destino))
             throw ErrorDatos(QStringLiteral("No se pudo dejar la plantilla en %1.").arg(destino));

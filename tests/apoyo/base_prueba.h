@@ -36,5 +36,8 @@ private:
     Conexion base_, general_;
 };
 
+/// Para crear una base que vive lo que la prueba: no hay que esperar al disco por ella.
+ParametrosConexion desechable(const QString& base);
+
 /// Carpeta de la plantilla al día; la arma si hace falta.
 QString plantilla_de_bases();

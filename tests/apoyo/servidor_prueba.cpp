@@ -106,7 +106,7 @@ void ServidorDePrueba::cree_seguridad() {
     QString guion =
         QStringLiteral("create database '%1';\n").arg(carpeta_.filePath("seguridad.fdb"));
     for (const char* usuario : {"SYSDBA", "ADMIN", "AUXILIAR"})
-        guion += QStringLiteral("create user %1 password '%2';\ncommit;\n")
+        guion += QStringLiteral("create user \"%1\" password '%2';\ncommit;\n")
                      .arg(QLatin1String(usuario), QLatin1String(kClave));
     QProcess isql;
     isql.setProcessEnvironment(entorno());

@@ -244,8 +244,7 @@ void PruebaInstalador::una_base_vieja_recibe_las_actualizaciones_que_le_faltan()
     // Una base nueva ya trae en sus guiones lo que las actualizaciones harían.
     QTemporaryDir carpeta;
     Conexion nueva;
-    nueva.cree_base({carpeta.filePath(QStringLiteral("nueva.fdb")), QStringLiteral("SYSDBA"), {}},
-                    1000);
+    nueva.cree_base(desechable(carpeta.filePath(QStringLiteral("nueva.fdb"))), 1000);
     Instalador de_nueva(nueva, guiones.ruta());
     de_nueva.instale(TipoBase::Compania);
     QVERIFY(de_nueva.actualice(TipoBase::Compania).isEmpty());

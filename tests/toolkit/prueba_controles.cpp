@@ -352,6 +352,8 @@ private slots:
         Mesa m;
         m.tipo.setFocus();
         QCOMPARE(m.tipos.RecNo(), 0);
+        QTest::keyClick(&m.tipo, Qt::Key_Home); // lo mismo que había
+        QVERIFY(m.cuentas.State() == Estado::Navegacion);
         QTest::keyClick(&m.tipo, Qt::Key_Down);
         QCOMPARE(m.campo("CUEN_TIPO"), "I");
         QCOMPARE(m.tipos.FieldByName("NOMBRE").texto(), "Inventario");

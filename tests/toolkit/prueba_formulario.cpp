@@ -85,6 +85,28 @@ private slots:
         QCOMPARE(codigo->accessibleName(), "Cuenta");
     }
 
+    void tab_recorre_los_controles_como_se_leen_aunque_se_creen_en_otro_orden() {
+        Pantalla ventana("TfEjemplo");
+        auto* tercero = new QLineEdit;
+        auto* boton = new QPushButton("…");
+        auto* primero = new QLineEdit;
+        auto* segundo = new QLineEdit;
+        auto* barra = new BarraBotones(&ventana);
+        auto* salir = barra->boton("SBSalir", "Esc:Salir", "", Qt::Key_Escape, [] {});
+        Formulario(&ventana)
+            .fila("Primero", Formulario::junto({primero, boton}))
+            .grupo("Grupo")
+            .fila({{"Segundo", segundo}, {"Tercero", tercero}})
+            .botones(barra);
+        const QVector<QWidget*> esperado{primero, boton, segundo, tercero, salir};
+        QVector<QWidget*> recorrido;
+        for (QWidget* w = primero; !recorrido.contains(w); w = w->nextInFocusChain())
+            recorrido << w;
+        erase_if(recorrido,
+                 [](QWidget* w) { return !(w->focusPolicy() & Qt::TabFocus) || w->focusProxy(); });
+        QCOMPARE(recorrido, esperado);
+    }
+
     void con_letra_doble_todo_crece_y_nada_se_corta() {
         QSize antes;
         const int paso_antes = paso();
@@ -250,6 +272,8 @@ private slots:
         QCOMPARE(m.horizontalAdvance('1'), m.horizontalAdvance('8'));
         QVERIFY(qGray(color_negativo().rgb()) < 110);
         QVERIFY(icono("no-existe-este-icono").isNull());
+        if (QFile::exists("/usr/share/qt6/translations/qtbase_es.qm"))
+            QCOMPARE(QCoreApplication::translate("QLineEdit", "&Copy"), "&Copiar");
         if (QFile::exists("/usr/share/icons/Adwaita/index.theme"))
             for (const char* n : {"document-save", "edit-delete", "edit-find", "document-print"})
                 QVERIFY2(!icono(n).isNull(), n);

@@ -116,10 +116,13 @@ private slots:
         Ejemplo* b = p.abra("TfB");
         Ejemplo* c = p.abra("TfC");
         p.escritorio.active(a); // A llama a un selector nuevo: al cerrarlo se vuelve a A, no a C
+        a->otra->setFocus();
         Ejemplo* selector = p.abra("TfB");
+        QVERIFY(selector->isAncestorOf(QApplication::focusWidget()));
         saque();
         selector->close();
         QCOMPARE(saque(), (QStringList{"TfB cierra", "TfA activa", "TfB libre"}));
+        QVERIFY(a->otra->hasFocus()); // y sigue donde estaba
         QVERIFY(p.escritorio.activa() == a);
         QVERIFY(p.area->activeSubWindow()->isAncestorOf(a));
         b->close(); // una que no está activa no mueve a nadie
@@ -199,6 +202,24 @@ private slots:
         });
         QVERIFY(!pantallas().abrir("TfRota"));
         QCOMPARE(p.fallas, QStringList{"Sin conexión."});
+    }
+
+    void empieza_en_el_control_que_escogio_al_crearse() {
+        Principal p;
+        auto* a = new Ejemplo("TfA");
+        a->al_crear = [](Ejemplo& e) { e.otra->setFocus(); };
+        QVERIFY(p.escritorio.muestre(a));
+        QCOMPARE(QApplication::focusWidget(), a->otra);
+        Ejemplo modal("TfM");
+        modal.al_crear = [](Ejemplo& e) { e.otra->setFocus(); };
+        QWidget* con_foco = nullptr;
+        Interlocutor i;
+        i.espere_modal("TfM", [&](QWidget* ventana) {
+            con_foco = ventana->focusWidget();
+            modal.close();
+        });
+        modal.mostrar_modal();
+        QCOMPARE(con_foco, modal.otra);
     }
 
     void varias_copias_salvo_que_se_diga_unica() {

@@ -122,6 +122,12 @@ private slots:
         QCOMPARE(p.detalle->RecNo(), 2);
         p.detalle->Delete();
         QCOMPARE(p.celda().first, p.detalle->RecNo());
+        p.detalle->DisableControls();
+        p.detalle->First();
+        p.detalle->Append();
+        p.detalle->Cancel();
+        p.detalle->EnableControls();
+        QCOMPARE(p.celda(), Celda(p.detalle->RecNo(), p.Cuenta));
         p.detalle->Close();
         QCOMPARE(p.rejilla->SelectedIndex(), -1);
         for (const int malo : {-1, 6}) {
@@ -149,6 +155,15 @@ private slots:
             QCOMPARE(p.detalle->RecordCount(), 3);
             QCOMPARE(p.detalle->State(), Estado::Navegacion);
             QVERIFY(p.fallas.isEmpty());
+        }
+        // Lo que una búsqueda puso en la fila recién creada no es una fila sin tocar.
+        {
+            RejillaDePrueba p;
+            p.detalle->Append();
+            p.detalle->FieldByName("CUEN_COD").asigne("1105");
+            p.detalle->FieldByName("CODE_DEBITO").asigne(Moneda(1));
+            p.tecla(Qt::Key_Up);
+            QCOMPARE(p.detalle->RecordCount(), 4);
         }
         // Lo que el usuario escribió no se cancela: Arriba lo graba.
         RejillaDePrueba p;
@@ -355,6 +370,14 @@ private slots:
         QCOMPARE(p.sucesos, QStringList({"sale 0", "sin foco", "entra 1"}));
         QVERIFY(p.otro->hasFocus());
         QCOMPARE(p.rejilla->SelectedIndex(), int(p.Concepto));
+        // Tampoco si el foco se lo lleva OnChange (la búsqueda de un tercero).
+        p.rejilla->setFocus();
+        p.detalle->FieldByName("CODE_CONCEPTO").OnChange = [&](Campo&) { p.otro->setFocus(); };
+        p.digite("?");
+        p.sucesos.clear();
+        p.tecla(Qt::Key_Tab);
+        QCOMPARE(p.sucesos, QStringList({"sin foco", "sale 1", "entra 2"}));
+        p.rejilla->SelectedIndex(p.Concepto);
         // Si el manejador falla, la celda no se deja.
         p.rejilla->ColExit = [](int) { throw ErrorDatos("no"); };
         p.rejilla->setFocus();
@@ -427,6 +450,17 @@ private slots:
         p.digite("1,234.5x0"); // la letra no entra
         p.tecla(Qt::Key_Tab);
         QCOMPARE(debito.moneda(), Moneda::de_texto("1234.5"));
+    }
+
+    void una_tecla_muerta_tambien_empieza_a_digitar() {
+        RejillaDePrueba p;
+        p.rejilla->SelectedIndex(p.Concepto);
+        QInputMethodEvent compuesta;
+        compuesta.setCommitString(QStringLiteral("á"));
+        QApplication::sendEvent(p.rejilla, &compuesta);
+        p.digite("rbol");
+        p.tecla(Qt::Key_Tab);
+        QCOMPARE(p.detalle->FieldByName("CODE_CONCEPTO").texto(), QStringLiteral("árbol"));
     }
 
     void solo_lectura_no_edita_y_tab_sale() {

@@ -255,6 +255,18 @@ private slots:
         QVERIFY(r.visualRect(r.currentIndex()).bottom() < r.viewport()->height());
     }
 
+    void un_paquete_que_no_llena_la_vista_pide_el_siguiente() {
+        ListaServidor s(base_.base(), 1200, 5);
+        Rejilla r(nullptr, &s.lista);
+        r.columnas({{"ID", "Número", 8}});
+        r.resize(300, 400);
+        r.show();
+        s.lista.Open();
+        QTRY_VERIFY(r.verticalScrollBar()->maximum() > 0);
+        QTest::qWait(20);
+        QVERIFY(s.lista.RecordCount() < 100);
+    }
+
     void cien_mil_filas_siguen_livianas() {
         ListaServidor s(base_.base(), 100000, -1);
         Rejilla r;

@@ -23,6 +23,19 @@ struct Digitador {
         registre_pantallas_comprobantes();
         s.cnt.dia_actual = "05";
         s.dm.barra(&barra);
+        // Un diálogo que nadie esperaba no puede dejar colgada la prueba.
+        guardia.setInterval(1500);
+        QObject::connect(&guardia, &QTimer::timeout, &guardia, [this] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (modal && modal == visto) {
+                auto* mensaje = qobject_cast<QMessageBox*>(modal);
+                qWarning("diálogo sin respuesta: %s",
+                         qPrintable(mensaje ? mensaje->text() : modal->objectName()));
+                modal->close();
+            }
+            visto = modal;
+        });
+        guardia.start();
     }
     ~Digitador() { s.dm.barra(nullptr); }
 
@@ -38,8 +51,10 @@ struct Digitador {
     /// Encabezado: tipo, día y concepto, desde la lista de tipos.
     void encabezado(const QString& tipo, const QString& dia, const QString& concepto) {
         p->LTipo->setFocus();
-        for (int i = 0; i < 20 && p->LTipo->valor().texto() != tipo; ++i)
-            oprima(Qt::Key_Down);
+        // la primera palabra de su nombre: un blanco desplegaría la lista
+        const QString nombre =
+            s.dato("select tico_nom from tipo_comprobante where tico_cod = " + QuotedStr(tipo));
+        digite(nombre.section(' ', 0, 0));
         QCOMPARE(p->LTipo->valor().texto(), tipo);
         p->EDia->setFocus();
         p->EDia->selectAll();
@@ -73,6 +88,8 @@ struct Digitador {
 
     SesionGui& s;
     AvisosBarra barra;
+    QTimer guardia;
+    QPointer<QWidget> visto;
     Tfmovimien* p = nullptr;
 };
 

@@ -156,6 +156,9 @@ void ListaDato::aplique_permiso() {
 
 void ListaDato::escogido(int indice) {
     if (!nombre_campo().isEmpty()) {
+        const Campo* c = campo();
+        if (c && indice >= 0 && valores_.value(indice).texto() == c->texto())
+            return; // desplegar y dejar lo mismo no es un cambio
         if (!usuario_cambio())
             return;
         setCurrentIndex(indice); // entrar en edición pudo reponer el valor anterior

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPrinter>
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -63,6 +64,10 @@ private:
     QPainter pintor_;
     QFont letra_titulo_;
     QFont letra_pagina_;
+    QFont letra_;
+    QFont letra_negrita_;
+    std::optional<QFontMetricsF> medidas_;
+    std::optional<QFontMetricsF> medidas_negrita_;
     double ancho_ = 0;
     double alto_ = 0;
     double alto_fila_ = 0;
@@ -167,7 +172,11 @@ int Impresion::imprima() {
     ancho_ = dispositivo_.width();
     alto_ = dispositivo_.height();
     decida_reparto();
-    alto_fila_ = alto_renglon(fuente(reparto_.cuerpo)) * 1.25;
+    letra_ = fuente(reparto_.cuerpo);
+    letra_negrita_ = fuente(reparto_.cuerpo, true);
+    medidas_.emplace(letra_, &dispositivo_);
+    medidas_negrita_.emplace(letra_negrita_, &dispositivo_);
+    alto_fila_ = medidas_->height() * 1.25;
     alto_encabezado_ =
         alto_renglon(letra_titulo_) * (opciones_.compania.isEmpty() ? 1 : 2) + puntos(8);
     const double alto_pie = alto_renglon(letra_pagina_) + puntos(8);
@@ -246,11 +255,9 @@ void Impresion::escriba_pie_pagina() {
 template <class Texto> void Impresion::escriba_fila(Fila clase, Texto&& texto_de) {
     if (!se_imprime(pagina_))
         return;
-    const QFont letra = fuente(reparto_.cuerpo, clase == Fila::Titulos || clase == Fila::Sumas);
-    const QFontMetricsF medidas(letra, &dispositivo_);
-    const double margen =
-        QFontMetricsF(fuente(reparto_.cuerpo), &dispositivo_).horizontalAdvance(QLatin1Char('0')) /
-        2;
+    const bool negrita = clase == Fila::Titulos || clase == Fila::Sumas;
+    const QFontMetricsF& medidas = *(negrita ? medidas_negrita_ : medidas_);
+    const double margen = margen_celda(*medidas_);
     double ancho_tabla = 0;
     for (double ancho : reparto_.anchos)
         ancho_tabla += ancho;
@@ -265,22 +272,25 @@ template <class Texto> void Impresion::escriba_fila(Fila clase, Texto&& texto_de
     if (clase == Fila::Sumas)
         pintor_.drawLine(renglon.topLeft(), renglon.topRight());
 
-    pintor_.setFont(letra);
+    pintor_.setFont(negrita ? letra_negrita_ : letra_);
     pintor_.setPen(Qt::black);
+    const double base = y_ + (alto_fila_ - medidas.height()) / 2 + medidas.ascent();
     double x = 0;
     for (std::size_t i = 0; i < columnas_.size(); ++i) {
-        const double ancho = reparto_.anchos[i];
+        const double ancho = reparto_.anchos[i] - 2 * margen;
         QString texto = en_una_linea(texto_de(static_cast<int>(i)));
-        if (!texto.isEmpty()) {
-            if (columnas_[i].tipo == TipoExportable::Texto &&
-                medidas.horizontalAdvance(texto) > ancho - 2 * margen)
-                texto = medidas.elidedText(texto, Qt::ElideRight, ancho - 2 * margen);
-            pintor_.drawText(QRectF(x + margen, y_, ancho - 2 * margen, alto_fila_),
-                             columnas_[i].lado() | Qt::AlignVCenter | Qt::TextSingleLine |
-                                 Qt::TextDontClip,
-                             texto);
+        double largo = medidas.horizontalAdvance(texto);
+        if (columnas_[i].tipo == TipoExportable::Texto && largo > ancho) {
+            texto = medidas.elidedText(texto, Qt::ElideRight, ancho);
+            largo = medidas.horizontalAdvance(texto);
         }
-        x += ancho;
+        const Qt::AlignmentFlag lado = columnas_[i].lado();
+        const double sangria = lado == Qt::AlignRight     ? ancho - largo
+                               : lado == Qt::AlignHCenter ? (ancho - largo) / 2
+                                                          : 0;
+        if (!texto.isEmpty())
+            pintor_.drawText(QPointF(x + margen + sangria, base), texto);
+        x += reparto_.anchos[i];
     }
     y_ += alto_fila_;
 }

@@ -44,8 +44,8 @@ void PieRejilla::paintEvent(QPaintEvent*) {
         const QString suma = texto(c);
         if (suma.isEmpty())
             continue;
-        const QRect celda(corrido + rejilla_.columnViewportPosition(c), 1, rejilla_.columnWidth(c),
-                          height() - 1);
+        const QRect celda(corrido + rejilla_.columnViewportPosition(c), 1,
+                          rejilla_.columnWidth(c) - 1, height() - 1);
         if (!celda.intersects(campo))
             continue;
         const int aire = DelegadoCelda::margen(QFontMetrics(rejilla_.font()));

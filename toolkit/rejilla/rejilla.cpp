@@ -289,6 +289,10 @@ void Rejilla::updateGeometries() {
     }
     geometria_ = false;
     ubique_editor();
+    // Un primer paquete que no llena la vista no se deja desplazar: el siguiente se pide ya.
+    if (isVisible() && modelo_->canFetchMore({}) &&
+        verticalScrollBar()->maximum() <= verticalScrollBar()->pageStep())
+        QMetaObject::invokeMethod(this, &Rejilla::traiga_cerca_del_final, Qt::QueuedConnection);
 }
 
 void Rejilla::pie(bool visible) {
@@ -323,7 +327,7 @@ void Rejilla::showEvent(QShowEvent* evento) {
 void Rejilla::paintEvent(QPaintEvent* evento) {
     fila_aspecto_ = -1;
     QTableView::paintEvent(evento);
-    if (modelo_->rowCount() > 0 || texto_vacio.isEmpty())
+    if (modelo_->rowCount() > 0 || texto_vacio.isEmpty() || !conjunto() || !conjunto()->Active())
         return;
     QPainter pintor(viewport());
     pintor.setPen(palette().color(QPalette::PlaceholderText));
@@ -382,31 +386,17 @@ void Rejilla::cursor_movido() {
         columna = columna_visible(0, 1);
     if (digitando() && currentIndex().row() != conjunto()->RecNo())
         cierre_editor();
-    if (conjunto()->State() != Estado::Insercion)
-        intacta_ = false;
     fije_actual(conjunto()->RecNo(), columna);
     indicador_->viewport()->update();
 }
 
 void Rejilla::estado_cambiado() {
-    const Estado estado = conjunto()->State();
-    if (estado == Estado::Insercion) {
-        // Los valores con que nace la fila no son del usuario.
-        intacta_ = naciendo_ = true;
-        QMetaObject::invokeMethod(
-            this, [this] { naciendo_ = false; }, Qt::QueuedConnection);
-    } else {
-        intacta_ = false;
-    }
-    if (estado != Estado::Edicion && estado != Estado::Insercion && digitando() &&
-        editor_->modificado() && !escribiendo_)
+    if (!conjunto()->editando() && digitando() && editor_->modificado() && !escribiendo_)
         cierre_editor();
     indicador_->viewport()->update();
 }
 
 void Rejilla::campo_cambiado(Campo* campo) {
-    if (!naciendo_ && conjunto()->State() == Estado::Insercion)
-        intacta_ = false;
     pie_->update();
     // Otro escribió en la celda abierta (el resultado de una búsqueda): lo digitado ya no vale.
     if (digitando() && !escribiendo_ && campo && campo == campo_actual())

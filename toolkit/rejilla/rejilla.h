@@ -179,7 +179,6 @@ protected:
 
 private:
     friend class ModeloConjunto;
-    friend class EncabezadoRejilla;
 
     // rejilla.cpp: columnas, anchos y lo que avisa el conjunto
     void rehaga_columnas(const QVector<DefinicionColumna>& definiciones);
@@ -247,7 +246,6 @@ private:
     bool moviendo_ = false, sincronizando_ = false, escribiendo_ = false, saliendo_ = false,
          reenviando_ = false;
     bool geometria_ = false, ajustando_anchos_ = false, en_rejilla_ = false;
-    bool intacta_ = false, naciendo_ = false;
     int columna_destino_ = -1;
     QPersistentModelIndex extremo_; ///< esquina de la selección opuesta a la celda actual
     bool arrastrando_ = false;

@@ -8,7 +8,6 @@
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/indicador_filas.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
-#include "toolkit/rejilla/pie_rejilla.h"
 
 #include <QMdiSubWindow>
 
@@ -139,7 +138,7 @@ bool Rejilla::vaya(int fila, int columna) {
 // ---------------------------------------------------------------- filas
 
 bool Rejilla::fila_intacta() const {
-    return intacta_ && conjunto() && conjunto()->State() == Estado::Insercion &&
+    return conjunto() && conjunto()->State() == Estado::Insercion && !conjunto()->Modified() &&
            !(digitando() && editor_->modificado());
 }
 
@@ -151,8 +150,6 @@ bool Rejilla::agregue_fila(int columna) {
     if (!deje_celda())
         return false;
     const bool bien = proteja([this] { conjunto()->Append(); });
-    if (bien && conjunto()->State() == Estado::Insercion)
-        intacta_ = true;
     fije_actual(conjunto()->RecNo(), columna);
     if (bien)
         entre_celda();
@@ -166,10 +163,8 @@ void Rejilla::inserte_fila() {
     columna_destino_ = columna_visible(0, 1);
     if (!deje_celda())
         return;
-    if (proteja([this] { conjunto()->Insert(); })) {
-        intacta_ = conjunto()->State() == Estado::Insercion;
+    if (proteja([this] { conjunto()->Insert(); }))
         entre_celda();
-    }
 }
 
 void Rejilla::borre_fila() {
@@ -259,8 +254,6 @@ void Rejilla::asigne(int columna, const QString& texto) {
     if (c.campo->clase == ClaseCampo::Fecha && valor.size() == 8 && !valor.contains('/'))
         valor = valor.left(4) + '/' + valor.mid(4, 2) + '/' + valor.mid(6);
     Alza alza(escribiendo_);
-    if (conjunto()->State() == Estado::Insercion)
-        intacta_ = false;
     c.campo->asigne(valor.isEmpty() ? Valor() : Valor(valor));
 }
 

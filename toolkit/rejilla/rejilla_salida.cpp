@@ -4,6 +4,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/exportacion/impresion_tabla.h"
+#include "toolkit/impresora.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/tabla_rejilla.h"
 
@@ -167,6 +168,7 @@ void Rejilla::imprima() {
     if (!termine_edicion() || !puede_copiar())
         return;
     QPrinter impresora;
+    prepare_impresora(impresora);
     QPrintPreviewDialog vista(&impresora, this);
     vista.setObjectName(QStringLiteral("vista_preliminar"));
     vista.setWindowTitle(QStringLiteral("Vista preliminar"));

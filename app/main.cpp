@@ -1,0 +1,25 @@
+// Entrada del proceso. La arranca el módulo principal de la suite:
+//   quorvex-contabilidad PUENTES usuario compañía clave-ofuscada [ubicación]
+#include "app/aplicacion.h"
+#include "app/registro.h"
+#include "app/tfacercade.h"
+#include "app/tfprincipal.h"
+#include "core/tfdmart.h"
+#include "core/tfdmcnt.h"
+#include "core/tfdmter.h"
+
+int main(int cuantos, char** argumentos) {
+    Aplicacion aplicacion(cuantos, argumentos);
+    Tfdm datos;
+    Tfacercade portada;
+    portada.muestre_portada();
+    Tfdmcnt datos_contables;
+    TfdmArt datos_articulos;
+    Tfdmter datos_terceros;
+    registre_pantallas();
+    Tfprincipal principal(Aplicacion::arguments().mid(1));
+    QObject::connect(&principal, &Tfprincipal::activacion_terminada, &portada, &QWidget::hide);
+    principal.showMaximized();
+    portada.raise();
+    return Aplicacion::exec();
+}

@@ -1,0 +1,27 @@
+#include "app/paneldegradado.h"
+
+#include "toolkit/estilo.h"
+
+PanelDegradado::PanelDegradado(const QString& nombre, QWidget* padre)
+    : QWidget(padre), inicial_(colores_empresa().secundario.lighter(140)),
+      final_(palette().color(QPalette::Window)) {
+    setObjectName(nombre);
+}
+
+void PanelDegradado::colores(const QColor& inicial, const QColor& final) {
+    inicial_ = inicial;
+    final_ = final;
+    update();
+}
+
+QColor PanelDegradado::color(int numero) {
+    return QColor(numero & 0xFF, (numero >> 8) & 0xFF, (numero >> 16) & 0xFF);
+}
+
+void PanelDegradado::paintEvent(QPaintEvent*) {
+    QPainter pintor(this);
+    QLinearGradient degradado(0, 0, width(), 0);
+    degradado.setColorAt(0, inicial_);
+    degradado.setColorAt(1, final_);
+    pintor.fillRect(rect(), degradado);
+}

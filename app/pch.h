@@ -1,0 +1,20 @@
+#pragma once
+#include "core/recordset/conjunto.h"
+#include "core/tfdm.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/pantalla.h"
+#include <QAction>
+#include <QApplication>
+#include <QDate>
+#include <QDialog> // antes que pantalla.h, que solo lo anuncia
+#include <QHBoxLayout>
+#include <QHash>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMenu>
+#include <QPainter>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>

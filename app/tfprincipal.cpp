@@ -1,0 +1,287 @@
+#include "app/tfprincipal.h"
+
+#include "app/botoncomando.h"
+#include "app/compactador.h"
+#include "app/marca.h"
+#include "app/paneldegradado.h"
+#include "app/revision.h"
+#include "app/vigiamensajes.h"
+#include "catalogues/copiacuentas.h"
+#include "catalogues/terceros.h"
+#include "core/apertura.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/barraestado.h"
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/estilo.h"
+#include "toolkit/formulario.h"
+
+#include <QDesktopServices>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QSettings>
+#include <QStyle>
+#include <QUrl>
+
+namespace {
+
+/// Superficie lisa sobre el degradado: lo que se lee nunca va sobre él.
+QFrame* tarjeta() {
+    auto* t = new QFrame;
+    t->setAutoFillBackground(true);
+    t->setFrameShape(QFrame::StyledPanel);
+    return t;
+}
+
+QLineEdit* campo_fijo(const QString& nombre, int ancho) {
+    auto* e = new QLineEdit;
+    e->setObjectName(nombre);
+    e->setReadOnly(true);
+    e->setFocusPolicy(Qt::NoFocus);
+    e->setMinimumWidth(escalado(ancho));
+    return e;
+}
+
+/// Página del fabricante: ajuste Pagina de la instalación.
+QString pagina_fabricante() {
+    return QSettings(QStringLiteral("/etc/quorvex2018.conf"), QSettings::IniFormat)
+        .value(QStringLiteral("Pagina"), QStringLiteral("https://quorvex.example/"))
+        .toString();
+}
+
+} // namespace
+
+Tfprincipal::Tfprincipal(const QStringList& argumentos)
+    : AdvPanel1(new PanelDegradado("AdvPanel1")), AdvPanel2(new PanelDegradado("AdvPanel2")),
+      ECompania(campo_fijo("ECompania", 240)), EUsuario(campo_fijo("EUsuario", 240)),
+      LabRevision(new QLabel(QStringLiteral("Rev: %1 BD: ").arg(kRevision))), Label3(new QLabel),
+      Image2(new QLabel), barra(new AvisosBarra), mensajes(nullptr),
+      compactador(new Compactador(this)), Action1(new QAction(this)), argumentos_(argumentos),
+      area_(new QMdiArea), escritorio_(new Escritorio(area_)),
+      Pusuario(this, "Pusuario", &fdm().TUsracceso, poAllowCommandText),
+      PCompania(this, "PCompania", &fdm().TCompania),
+      PAgencia(this, "PAgencia", &fdm().TSubEmpresa), CUsuario(this, "CUsuario", &Pusuario),
+      CCompania(this, "CCompania", &PCompania), CAgencia(this, "CAgencia", &PAgencia) {
+    setObjectName("Tfprincipal");
+    setWindowTitle("Contabilidad NIIF - Quorvex 2018");
+
+    CUsuario.texto("USER_COD", 10).requerido();
+    CUsuario.texto("USER_ANOCNT", 4);
+    CUsuario.entero("USER_PERCNT");
+    CUsuario.entero("SUCU_ID");
+    CCompania.texto("COMP_COD", 3).requerido().fijo();
+    CCompania.texto("COM_NOMBRE", 80);
+    CCompania.texto("COMP_NIT", 20);
+    CCompania.blob("COMP_LOGO");
+    CCompania.texto("COMP_DIR", 140);
+    CCompania.texto("COMP_TELS", 140);
+    CCompania.texto("COMP_ENCABEZADO", 140);
+    CAgencia.entero("SUCU_ID").requerido();
+    CAgencia.texto("SUCU_NOMBRE", 60);
+    CAgencia.texto("SUCU_DIRECCION", 60);
+    CAgencia.texto("SUCU_TELEFONOS", 60);
+
+    arme_panel_superior();
+    arme_panel_inferior();
+    auto* centro = new QWidget;
+    auto* columna = new QVBoxLayout(centro);
+    columna->setContentsMargins({});
+    columna->setSpacing(0);
+    columna->addWidget(AdvPanel1);
+    auto* medio = new QHBoxLayout;
+    medio->setSpacing(0);
+    medio->addWidget(columna_de_botones());
+    medio->addWidget(area_, 1);
+    columna->addLayout(medio, 1);
+    columna->addWidget(AdvPanel2);
+    setCentralWidget(centro);
+    area_->setBackground(palette().color(QPalette::Window).darker(112));
+    arme_menu();
+    mensajes = new VigiaMensajes(this);
+
+    resize(QSize(escalado(1280), escalado(720))
+               .boundedTo(QGuiApplication::primaryScreen()->availableSize()));
+    proteja([this] { FormCreate(); });
+}
+
+Tfprincipal::~Tfprincipal() {
+    // Las pantallas guardan sentencias de los módulos de datos y se despiden de su escritorio.
+    delete area_;
+}
+
+void Tfprincipal::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    fdm().barra(barra);
+    fdm().modulo = "CONTABILIDAD";
+    primera_activacion = true;
+}
+
+// ---------------------------------------------------------------- paneles
+
+void Tfprincipal::arme_panel_superior() {
+    Image2->setObjectName("Image2");
+    Image2->setPixmap(marca(escalado(56), devicePixelRatioF()));
+    Image2->setCursor(Qt::PointingHandCursor);
+    Image2->setToolTip("Página del fabricante");
+    Image2->installEventFilter(this);
+
+    QFrame* datos = tarjeta();
+    Formulario(datos).fila("Compañía", ECompania).fila("Usuario", EUsuario);
+
+    auto* botones = new QWidget;
+    auto* fila_botones = new DisposicionFlujo(botones, paso());
+    for (const Comando& c : comandos_balance()) {
+        QPushButton* b = boton(c);
+        b->setIconSize({escalado(24), escalado(24)});
+        b->setMinimumHeight(escalado(44));
+        fila_botones->addWidget(b);
+    }
+    auto* fila = new QHBoxLayout(AdvPanel1);
+    fila->setContentsMargins(paso(), paso(), paso(), paso());
+    fila->setSpacing(paso(2));
+    fila->addWidget(Image2);
+    fila->addWidget(datos);
+    fila->addWidget(botones, 1, Qt::AlignVCenter);
+}
+
+void Tfprincipal::arme_panel_inferior() {
+    LabRevision->setObjectName("LabRevision");
+    LabRevision->setTextFormat(Qt::PlainText);
+    Label3->setObjectName("Label3");
+    Label3->setText(QStringLiteral("<a href=\"pagina\">Quorvex</a>"));
+    Label3->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    Label3->setToolTip("Página del fabricante");
+    connect(Label3, &QLabel::linkActivated, this, [this] { abra_pagina(); });
+
+    QFrame* pie = tarjeta();
+    auto* fila_pie = new QHBoxLayout(pie);
+    fila_pie->setContentsMargins(paso(), paso(0.25), paso(), paso(0.25));
+    fila_pie->setSpacing(paso(2));
+    fila_pie->addWidget(LabRevision);
+    fila_pie->addWidget(Label3);
+    auto* fila = new QHBoxLayout(AdvPanel2);
+    fila->setContentsMargins(paso(), paso(0.5), paso(), paso(0.5));
+    fila->addWidget(barra, 1);
+    fila->addWidget(pie);
+}
+
+QWidget* Tfprincipal::columna_de_botones() {
+    auto* contenido = new QWidget;
+    auto* columna = new QVBoxLayout(contenido);
+    columna->setContentsMargins(paso(), paso(), paso(), paso());
+    columna->setSpacing(paso(0.5));
+    for (const Comando& c : comandos_columna()) {
+        QPushButton* b = boton(c);
+        b->setMinimumHeight(escalado(34));
+        columna->addWidget(b);
+    }
+    columna->addStretch();
+    // Sin texto ni tamaño: solo prestan su tecla Alt (keyPressEvent) al botón que reenvían.
+    for (const AtajoAlt& a : atajos_alt()) {
+        auto* oculto = new QPushButton(contenido);
+        oculto->setObjectName(QStringLiteral("alt_") + QLatin1Char(a.letra));
+        oculto->setFocusPolicy(Qt::NoFocus);
+        oculto->setFixedSize(0, 0);
+        auto* destino = contenido->findChild<QPushButton*>(a.boton);
+        connect(oculto, &QPushButton::clicked, destino, &QPushButton::click);
+        destino->setToolTip(destino->toolTip() + " (Alt+" + QChar(a.letra).toUpper() + ")");
+    }
+    auto* marco = new QScrollArea;
+    marco->setWidget(contenido);
+    marco->setWidgetResizable(true);
+    marco->setFrameShape(QFrame::NoFrame);
+    marco->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    marco->setFocusPolicy(Qt::NoFocus);
+    marco->setFixedWidth(contenido->sizeHint().width() +
+                         marco->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    return marco;
+}
+
+QPushButton* Tfprincipal::boton(const Comando& comando) {
+    auto* b = new BotonComando(icono(comando.icono), comando.texto());
+    b->setObjectName(comando.nombre);
+    b->setToolTip(comando.texto());
+    b->setMinimumWidth(b->sizeHint().width() + paso(2));
+    connect(b, &QPushButton::clicked, this, [this, comando] { ejecute(comando); });
+    return b;
+}
+
+void Tfprincipal::keyPressEvent(QKeyEvent* evento) {
+    // Aquí llega lo que la ventana hija no quiso: sus propios atajos van primero.
+    if (evento->modifiers() == Qt::AltModifier)
+        for (const AtajoAlt& a : atajos_alt())
+            if (evento->key() == Qt::Key_A + (a.letra - 'a')) {
+                findChild<QPushButton*>(QStringLiteral("alt_") + QLatin1Char(a.letra))->click();
+                return;
+            }
+    QMainWindow::keyPressEvent(evento);
+}
+
+void Tfprincipal::abra_pagina() {
+    QDesktopServices::openUrl(QUrl(pagina_fabricante()));
+}
+
+bool Tfprincipal::eventFilter(QObject* objeto, QEvent* evento) {
+    if (objeto == Image2 && evento->type() == QEvent::MouseButtonRelease)
+        abra_pagina();
+    return QMainWindow::eventFilter(objeto, evento);
+}
+
+// ---------------------------------------------------------------- órdenes
+
+void Tfprincipal::ejecute(const Comando& comando) {
+    proteja([&] {
+        if (comando.apertura == Apertura::Propia) {
+            abra(comando);
+            return;
+        }
+        const bool esta = pantallas().existe(comando.abre);
+        const Permiso permiso = comando.derecho.permiso;
+        // La pantalla que debía preguntar y no está no es razón para callar la negativa.
+        const bool pregunta =
+            permiso == Permiso::Entrada || (permiso == Permiso::Pantalla && !esta);
+        if (pregunta && !fdm().exija_acceso(comando.derecho.opcion))
+            return;
+        if (comando.apertura == Apertura::Informe)
+            fdm().mostrar_advertencia(
+                QStringLiteral("El informe %1 todavía no está disponible.").arg(comando.abre));
+        else if (hay_pantalla(comando.abre))
+            abra(comando);
+    });
+}
+
+void Tfprincipal::abra(const Comando& comando) {
+    if (comando.modo == kModoMantenimiento)
+        fdm().modo_mantenimiento = true;
+    else if (comando.modo == kModoDescuadres)
+        fdmcnt().cuenta_auxiliar = fdm().configuracion(
+            "CONTABILIDAD", "GENERAL", "CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ");
+    else if (!comando.modo.isEmpty())
+        fdmcnt().tipo_informe = comando.modo;
+
+    if (comando.nombre == "Nuevotercero1")
+        crear_tercero();
+    else if (comando.nombre == "Regitrodeterceros1")
+        buscar_tercero();
+    else if (comando.nombre == "CopiarcuentasaNIIF1")
+        copie_cuentas_a_niif();
+    else if (comando.apertura == Apertura::Modal)
+        pantallas().abrir_modal(comando.abre);
+    else
+        pantallas().abrir(comando.abre);
+    // La pantalla ya lo tomó al crearse; si se negó, no queda para la siguiente.
+    fdm().modo_mantenimiento = false;
+}
+
+void Tfprincipal::crear_tercero() {
+    ::crear_tercero();
+}
+
+void Tfprincipal::buscar_tercero() {
+    ::buscar_tercero();
+}
+
+void Tfprincipal::Action1Execute() {
+    fdm().cargue_configuracion();
+}

@@ -1,0 +1,205 @@
+// La sesión: primera activación, fila de la sesión y cierre.
+#include "app/tfprincipal.h"
+
+#include "app/compactador.h"
+#include "app/paneldegradado.h"
+#include "app/vigiamensajes.h"
+#include "core/apertura.h"
+#include "core/firebird/claves.h"
+#include "core/instalacion.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QCloseEvent>
+#include <QScopedValueRollback>
+#include <QSettings>
+
+namespace {
+
+QString hoy() {
+    return QDate::currentDate().toString(QStringLiteral("yyyy/MM/dd"));
+}
+
+QString general(const QString& propiedad) {
+    return fdm().configuracion("GENERAL", "GENERAL", propiedad);
+}
+
+QString contable(const QString& propiedad) {
+    return fdm().configuracion("CONTABILIDAD", "GENERAL", propiedad);
+}
+
+} // namespace
+
+void Tfprincipal::showEvent(QShowEvent* evento) {
+    QMainWindow::showEvent(evento);
+    if (mostrada_)
+        return;
+    mostrada_ = true;
+    // Con la ventana ya pintada.
+    QTimer::singleShot(0, this, [this] {
+        proteja([this] { FormActivate(); });
+        emit activacion_terminada();
+    });
+}
+
+void Tfprincipal::FormActivate() {
+    if (!primera_activacion || activando_)
+        return;
+    // Un diálogo de la propia activación, al cerrarse, vuelve a activar la ventana.
+    QScopedValueRollback<bool> guarda(activando_, true);
+    if (!tome_argumentos()) {
+        muestre_error("Acceso no permitido. Ingrese al módulo principal especificando un usuario "
+                      "válido.");
+        close();
+        return;
+    }
+    conecte_compania();
+    fdm().cargue_configuracion();
+    fdm().registros_paquete =
+        Tfdm::entero(general("NUMERO DE REGISTROS A TRANSMITIR SIMULTANEAMENTE"));
+    fdm().duracion_busquedas = Tfdm::entero(general("DURACION DE LAS BUSQUEDAS")) * 1000;
+    fdm().QRevision.Open("select revi_fecha from revision");
+    LabRevision->setText(LabRevision->text() + fdm().QRevision.Fields(0).texto());
+    fdm().QRevision.Close();
+    conecte_general();
+    lea_usuario();
+    lea_compania();
+    tome_colores();
+    fdm().usuario = usuario;
+    if (entre_usuario())
+        abra_iniciales();
+    habilite_submenus();
+    primera_activacion = false;
+    mensajes->Timer3Timer();
+    if (isVisible())
+        compactador->inicie();
+}
+
+bool Tfprincipal::tome_argumentos() {
+    if (argumentos_.value(3).isEmpty() || argumentos_.value(0) != "PUENTES")
+        return false;
+    usuario = argumentos_.value(1);
+    codigo_compania = argumentos_.value(2);
+    ubicacion_parametro = argumentos_.value(4);
+    clave = aclare_clave(argumentos_.value(3));
+    fdm().codigo_compania = codigo_compania;
+    return true;
+}
+
+void Tfprincipal::conecte_compania() {
+    fdm().Quorvex.desconectar();
+    fdm().Quorvex.conectar(
+        {ruta_base(ubicaciondb(ubicacion_parametro), codigo_compania), usuario, clave});
+}
+
+void Tfprincipal::conecte_general() {
+    fdm().ConGeneral.desconectar();
+    fdm().ConGeneral.conectar({ruta_base(ubicaciondb(ubicacion_parametro), {}), usuario, clave});
+    ConGeneralAfterConnect();
+}
+
+void Tfprincipal::ConGeneralAfterConnect() {
+    fdm().QUserFec.ExecSQL("UPDATE USUARIO SET FECCON = " + QuotedStr(hoy()) +
+                           " WHERE USUA_COD = " + QuotedStr(fdm().ConGeneral.parametros().usuario));
+}
+
+void Tfprincipal::lea_usuario() {
+    fdm().administrador =
+        fdm()
+            .CBorrarGen
+            .valor_unico("select usua_admin from usuario where usua_cod = " + QuotedStr(usuario))
+            .texto() == "S";
+    fdm().nombre_usuario = fdm().valide_usuario(usuario);
+}
+
+void Tfprincipal::lea_compania() {
+    CCompania.Open();
+    // Una compañía que no está deja la primera fila, y de esa se copia.
+    CCompania.Locate("COMP_COD", {codigo_compania});
+    fdm().datos_compania = {CCompania.FieldByName("COM_NOMBRE").texto(),
+                            CCompania.FieldByName("COMP_DIR").texto(),
+                            CCompania.FieldByName("COMP_TELS").texto(),
+                            CCompania.FieldByName("COMP_ENCABEZADO").texto(),
+                            CCompania.FieldByName("COMP_LOGO").valor().binario()};
+}
+
+void Tfprincipal::tome_colores() {
+    fdm().color_ventana = contable("COLOR VENTANA PRINCIPAL");
+    fdm().color_final = contable("COLOR FINAL VENTANA PRINCIPAL");
+    const QColor ventana = PanelDegradado::color(Tfdm::entero(fdm().color_ventana));
+    const QColor final = PanelDegradado::color(Tfdm::entero(fdm().color_final));
+    AdvPanel1->colores(ventana, final);
+    AdvPanel2->colores(final, ventana);
+}
+
+bool Tfprincipal::entre_usuario() {
+    if (fdm().nombre_usuario.isEmpty()) {
+        muestre_error("Usuario no registrado.");
+        close();
+        return false;
+    }
+    CUsuario.Open("select * from usuario where user_cod = " + QuotedStr(usuario));
+    if (CUsuario.IsEmpty()) {
+        muestre_error("Nombre de usuario incorrecto");
+        close();
+        CUsuario.Close();
+        return false;
+    }
+    fdm().sucursal_usuario = int(CUsuario.FieldByName("SUCU_ID").entero());
+    EUsuario->setText(fdm().nombre_usuario);
+    fdmcnt().ano_actual = CUsuario.FieldByName("USER_ANOCNT").texto();
+    fdmcnt().periodo_actual = int(CUsuario.FieldByName("USER_PERCNT").entero());
+    CUsuario.Close();
+    return true;
+}
+
+void Tfprincipal::abra_iniciales() {
+    ECompania->setText(general("NOMBRE COMPAÑIA"));
+    recuerde_preferencias();
+    if (contable("MOSTRAR COMPROBANTES SIN CONTABILIZAR AL ENTRAR AL MODULO") == "SI" &&
+        hay_pantalla("Tfsincontab"))
+        pantallas().abrir_modal("Tfsincontab");
+    fdmcnt().balance_por_recalcular = true;
+    if (contable("MOSTRAR EL BALANCE DE PRUEBA AL ENTRAR AL MODULO") == "SI" &&
+        fdm().exija_acceso(150))
+        abra_o_avise("Tfbalanceprueba");
+}
+
+void Tfprincipal::recuerde_preferencias() {
+    Rejilla::compania_impresa = ECompania->text();
+    ajustes_ =
+        std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                    QStringLiteral("quorvex2018"), QStringLiteral("contabilidad"));
+    ajustes_->beginGroup(usuario);
+    escritorio_->recuerde_en(ajustes_.get());
+}
+
+void Tfprincipal::habilite_submenus() {
+    for (const Submenu& s : submenus())
+        if (!fdm().valide_acceso("CONTABILIDAD", s.opcion))
+            findChild<QMenu*>(s.nombre)->setEnabled(false);
+}
+
+void Tfprincipal::closeEvent(QCloseEvent* evento) {
+    if (!escritorio_->cierre_todas()) {
+        evento->ignore();
+        return;
+    }
+    // Una falla se informa, pero no retiene al usuario: el servidor puede haberse ido.
+    proteja([this] { FormClose(); });
+    evento->accept();
+}
+
+void Tfprincipal::FormClose() {
+    if (!fdm().ConGeneral.conectada())
+        return;
+    const QString quien = QuotedStr(fdm().ConGeneral.parametros().usuario);
+    Sentencia& cuenta = fdm().QCuentausr;
+    cuenta.Open("SELECT COUNT(USUA_COD) FROM USUARIO WHERE FECCON = " + QuotedStr(hoy()) +
+                " AND USUA_COD = " + quien);
+    const bool de_hoy = cuenta.Fields(0).entero() == 1;
+    cuenta.Close();
+    // El sello de otro día se queda como está.
+    if (de_hoy)
+        fdm().QUserFec.ExecSQL("UPDATE USUARIO SET FECCON = NULL WHERE USUA_COD = " + quien);
+}

@@ -1,0 +1,120 @@
+#include "app/ventanaavisos.h"
+
+#include "toolkit/estilo.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+VentanaAvisos::VentanaAvisos(QWidget* marco)
+    : QFrame(marco), texto_(new QLabel), cuenta_(new QLabel) {
+    setObjectName("AdvAlertWindow2");
+    setAccessibleName("Mensajes de otros usuarios");
+    setFrameShape(QFrame::Box);
+    setAutoFillBackground(true);
+    setFocusPolicy(Qt::StrongFocus);
+    texto_->setTextFormat(Qt::RichText);
+    texto_->setWordWrap(true);
+    texto_->setCursor(Qt::PointingHandCursor);
+    texto_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    texto_->installEventFilter(this);
+    marco->installEventFilter(this);
+
+    anterior_ = boton("Anterior", "Anterior", "go-previous");
+    siguiente_ = boton("Siguiente", "Siguiente", "go-next");
+    QPushButton* leido = boton("Leido", "Leído", "mail-mark-read");
+    QPushButton* responder = boton("Responder", "Responder", "mail-reply-sender");
+    QPushButton* cerrar = boton("Cerrar", "Cerrar", "window-close");
+    connect(anterior_, &QPushButton::clicked, this, [this] {
+        --actual_;
+        presente();
+    });
+    connect(siguiente_, &QPushButton::clicked, this, [this] {
+        ++actual_;
+        presente();
+    });
+    connect(leido, &QPushButton::clicked, this, &VentanaAvisos::oprimido);
+    connect(responder, &QPushButton::clicked, this, &VentanaAvisos::respuesta);
+    connect(cerrar, &QPushButton::clicked, this, &VentanaAvisos::cierre);
+
+    auto* paso_a_paso = new QHBoxLayout;
+    paso_a_paso->addWidget(anterior_);
+    paso_a_paso->addWidget(siguiente_);
+    paso_a_paso->addWidget(cuenta_, 1, Qt::AlignRight);
+    auto* acciones = new QHBoxLayout;
+    for (QPushButton* b : {leido, responder, cerrar})
+        acciones->addWidget(b);
+    auto* columna = new QVBoxLayout(this);
+    columna->addWidget(texto_, 1);
+    columna->addLayout(paso_a_paso);
+    columna->addLayout(acciones);
+    hide();
+}
+
+QPushButton* VentanaAvisos::boton(const QString& nombre, const QString& texto,
+                                  const QString& imagen) {
+    auto* b = new QPushButton(icono(imagen), texto);
+    b->setObjectName(nombre);
+    return b;
+}
+
+void VentanaAvisos::limpie() {
+    avisos_.clear();
+    actual_ = 0;
+}
+
+void VentanaAvisos::agregue(const QString& texto, const QColor& color) {
+    avisos_.append({texto, color});
+}
+
+QString VentanaAvisos::texto_actual() const {
+    return actual_ < avisos_.size() ? avisos_[actual_].texto : QString();
+}
+
+void VentanaAvisos::muestre() {
+    presente();
+    ubique();
+    show();
+    raise();
+}
+
+void VentanaAvisos::cierre() {
+    hide();
+    emit cerrada();
+}
+
+void VentanaAvisos::presente() {
+    actual_ = qBound(0, actual_, qMax(0, cuantos() - 1));
+    texto_->setText(texto_actual());
+    cuenta_->setText(QStringLiteral("%1 de %2").arg(actual_ + 1).arg(cuantos()));
+    anterior_->setEnabled(actual_ > 0);
+    siguiente_->setEnabled(actual_ + 1 < cuantos());
+    QPalette p = parentWidget()->palette();
+    if (actual_ < avisos_.size() && avisos_[actual_].color.isValid()) {
+        p.setColor(QPalette::Window, avisos_[actual_].color);
+        p.setColor(QPalette::WindowText, Qt::black);
+    }
+    setPalette(p);
+}
+
+void VentanaAvisos::ubique() {
+    const QSize lugar = parentWidget()->size();
+    const int ancho = qMin(qMax(escalado(360), sizeHint().width()), lugar.width());
+    const int alto =
+        qMin(qMax(escalado(190), layout()->totalHeightForWidth(ancho)), lugar.height());
+    setGeometry(lugar.width() - ancho - paso(), lugar.height() - alto - paso(6), ancho, alto);
+}
+
+bool VentanaAvisos::eventFilter(QObject* objeto, QEvent* evento) {
+    if (objeto == texto_ && evento->type() == QEvent::MouseButtonRelease)
+        emit oprimido();
+    else if (objeto == parentWidget() && evento->type() == QEvent::Resize && isVisible())
+        ubique();
+    return QFrame::eventFilter(objeto, evento);
+}
+
+void VentanaAvisos::keyPressEvent(QKeyEvent* evento) {
+    if (evento->key() == Qt::Key_Escape)
+        cierre();
+    else
+        QFrame::keyPressEvent(evento);
+}

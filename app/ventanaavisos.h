@@ -1,0 +1,46 @@
+#pragma once
+// Aviso emergente en la esquina de una ventana: una lista de mensajes, uno a la vez.
+#include <QColor>
+#include <QFrame>
+#include <QVector>
+
+class QLabel;
+class QPushButton;
+
+class VentanaAvisos : public QFrame {
+    Q_OBJECT
+public:
+    explicit VentanaAvisos(QWidget* marco);
+
+    void limpie();
+    /// `texto` con etiquetas <b> y <br>; el color inválido deja el del aviso.
+    void agregue(const QString& texto, const QColor& color);
+    int cuantos() const { return int(avisos_.size()); }
+    QString texto_actual() const;
+    void muestre();
+    /// Oculta y avisa con `cerrada`.
+    void cierre();
+
+signals:
+    void oprimido();  ///< clic en el mensaje
+    void respuesta(); ///< el usuario quiere contestarlo
+    void cerrada();
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+
+private:
+    struct Aviso {
+        QString texto;
+        QColor color;
+    };
+    void presente();
+    void ubique();
+    QPushButton* boton(const QString& nombre, const QString& texto, const QString& imagen);
+
+    QVector<Aviso> avisos_;
+    int actual_ = 0;
+    QLabel *texto_, *cuenta_;
+    QPushButton *anterior_, *siguiente_;
+};

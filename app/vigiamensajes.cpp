@@ -1,0 +1,81 @@
+#include "app/vigiamensajes.h"
+
+#include "app/ventanaavisos.h"
+#include "core/apertura.h"
+
+namespace {
+
+constexpr int kIntervalo = 10000;
+
+QColor color_de_nivel(qint64 nivel) {
+    switch (nivel) {
+    case 1:
+        return QColor(0xFF, 0x80, 0xFF);
+    case 2:
+        return QColor(0x80, 0xFF, 0xFF);
+    case 3:
+        return QColor(0xFF, 0xFF, 0x80);
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+VigiaMensajes::VigiaMensajes(QWidget* marco)
+    : QObject(marco), Timer3(new QTimer(this)), AdvAlertWindow2(new VentanaAvisos(marco)),
+      QMensajes(this, "QMensajes", fdm().Quorvex),
+      PMensajes(this, "PMensajes", &QMensajes, poAllowCommandText),
+      CMensajes(this, "CMensajes", &PMensajes) {
+    fdm().ConfigurarProviders(this);
+    Timer3->setObjectName("Timer3");
+    Timer3->setInterval(kIntervalo);
+    connect(Timer3, &QTimer::timeout, this, [this] { proteja([this] { Timer3Timer(); }); });
+    connect(AdvAlertWindow2, &VentanaAvisos::cerrada, Timer3, qOverload<>(&QTimer::start));
+    connect(AdvAlertWindow2, &VentanaAvisos::oprimido, this,
+            [this] { proteja([this] { AdvAlertWindow2AlertClick(); }); });
+    connect(AdvAlertWindow2, &VentanaAvisos::respuesta, this,
+            [this] { proteja([this] { AdvAlertWindow2PopupClick(); }); });
+}
+
+void VigiaMensajes::Timer3Timer() {
+    Timer3->stop();
+    if (!fdm().Quorvex.conectada())
+        return;
+    AdvAlertWindow2->limpie();
+    CMensajes.Open("select mens_id, mens_autor, mens_mensaje, mens_nivel  from mensajeria where "
+                   "mens_destino = " +
+                   QuotedStr(fdm().usuario) + " and mens_leido = 'N'");
+    if (CMensajes.IsEmpty()) {
+        Timer3->start();
+        return;
+    }
+    for (; !CMensajes.Eof(); CMensajes.Next())
+        AdvAlertWindow2->agregue(
+            CMensajes.FieldByName("MENS_ID").texto() + "<br><b>" +
+                CMensajes.FieldByName("MENS_MENSAJE").texto().toHtmlEscaped() +
+                "<br>De : " + CMensajes.FieldByName("MENS_AUTOR").texto().toHtmlEscaped() +
+                "</b><br>Haga clic para marcar como leído",
+            color_de_nivel(CMensajes.FieldByName("MENS_NIVEL").entero()));
+    AdvAlertWindow2->muestre();
+}
+
+void VigiaMensajes::marque_leido(const QString& id) {
+    CMensajes.Close();
+    CMensajes.Execute("update mensajeria set mens_leido = 'S' where mens_id = " + id);
+}
+
+void VigiaMensajes::AdvAlertWindow2AlertClick() {
+    marque_leido(AdvAlertWindow2->texto_actual().section("<br>", 0, 0));
+    AdvAlertWindow2->cierre();
+}
+
+void VigiaMensajes::AdvAlertWindow2PopupClick() {
+    const QString id = AdvAlertWindow2->texto_actual().section("<br>", 0, 0);
+    fdm().mensaje_responder = id;
+    fdm().autor_responder =
+        CMensajes.valor_unico("select mens_autor from mensajeria where mens_id = " + id).texto();
+    marque_leido(id);
+    AdvAlertWindow2->cierre();
+    abra_o_avise("Tfmensaje");
+}

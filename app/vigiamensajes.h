@@ -1,0 +1,30 @@
+#pragma once
+// Mensajes entre usuarios: pregunta cada diez segundos por los que no se han leído y los muestra.
+//
+// Mientras el aviso está a la vista no se pregunta; al cerrarlo el reloj vuelve a andar.
+#include "core/recordset/conjunto.h"
+
+#include <QPointer>
+
+class QTimer;
+class VentanaAvisos;
+
+class VigiaMensajes : public QObject {
+    Q_OBJECT
+public:
+    /// `marco`: la ventana en cuya esquina aparecen los avisos.
+    explicit VigiaMensajes(QWidget* marco);
+
+    QTimer* Timer3;
+    VentanaAvisos* AdvAlertWindow2;
+    void Timer3Timer();
+    void AdvAlertWindow2AlertClick();
+    void AdvAlertWindow2PopupClick();
+
+private:
+    void marque_leido(const QString& id);
+
+    Sentencia QMensajes;
+    Proveedor PMensajes;
+    ConjuntoDatos CMensajes;
+};

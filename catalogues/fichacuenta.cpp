@@ -1,0 +1,142 @@
+#include "catalogues/fichacuenta.h"
+
+#include "catalogues/plancuentas.h"
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/casilladato.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/listadato.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/formulario.h"
+
+#include <QLabel>
+#include <QToolButton>
+
+FichaCuenta::FichaCuenta(const QString& clase, const QString& titulo, Libro libro)
+    : Pantalla(clase, titulo), libro_(libro) {
+    PCuentas =
+        new Proveedor(this, "PCuentas", es_niif(libro) ? &fdm().TCuentasniif : &fdm().TCuentas);
+    CCuentas = new ConjuntoDatos(this, "CCuentas", PCuentas);
+    campos_ficha_cuenta(*CCuentas);
+    PBorrar = new Proveedor(this, "PBorrar", &fdm().QBorrar, poAllowCommandText);
+    CBorrar = new ConjuntoDatos(this, "CBorrar", PBorrar);
+    barra_ = new BarraBotones(this);
+}
+
+void FichaCuenta::arme_ficha() {
+    const auto editor = [this](const char* nombre, const char* campo, int ancho = 0) {
+        auto* e = new EditorDato(CCuentas, campo, this);
+        e->setObjectName(nombre);
+        if (ancho > 0)
+            e->ancho(ancho);
+        return e;
+    };
+    const auto casilla = [this](const char* nombre, const char* texto, const char* campo) {
+        auto* c = new CasillaDato(texto, CCuentas, campo, this);
+        c->setObjectName(nombre);
+        return c;
+    };
+    ECodigo = editor("ECodigo", "CUEN_COD");
+    ENombre = editor("ENombre", "CUEN_NOM", 50);
+    LTipo = new ListaDato(CCuentas, "CUEN_TIPO", this);
+    LTipo->setObjectName("LTipo");
+    LTipo->lista_de(QStringList{"Normal", "Inventario", "Cartera", "Activo fijo"},
+                    {"N", "I", "C", "A"});
+    CkActiva = casilla("CkActiva", "Ac&tiva", "CUEN_ACTIVA");
+    CkTerceros = casilla("CkTerceros", "Detalla &terceros", "CUEN_TERCERO");
+    CkCentros = casilla("CkCentros", "Detalla &centros de costo", "CUEN_CENTRO");
+    CkRetenciones = casilla("CkRetenciones", "Cuenta de &retenciones", "CUEN_RETENCION");
+    CkRetenciones->OnClick = [this] { CkRetencionesClick(); };
+    EPorcentaje = editor("EPorcentaje", "CUEN_PORC", 10);
+    EBase = editor("EBase", "CUEN_BASEMIN", 18);
+    ECtaAjuste = editor("ECtaAjuste", "CUEN_CTAJUSTE");
+    ECtaCorreccion = editor("ECtaCorreccion", "CUEN_CTACORRECION");
+    CkAjusteDb = casilla("CkAjusteDb", "Ajuste al &débito", "CUEN_AJUSDB");
+    ENorma = editor("ENorma", "CUEN_NORMA", 50);
+
+    Formulario forma(this);
+    forma.fila({{"C&ódigo", ECodigo}, {"Ti&po", LTipo}, {"", CkActiva}}).fila("&Nombre", ENombre);
+    forma.grupo("Movimiento")
+        .fila({{"", CkTerceros}, {"", CkCentros}})
+        .fila({{"", CkRetenciones}, {"P&orcentaje", EPorcentaje}, {"&Base mínima", EBase}});
+    forma.grupo("Ajustes por inflación")
+        .fila({{"Cuenta de a&juste", ECtaAjuste},
+               {"Cuenta de corrección", ECtaCorreccion},
+               {"", CkAjusteDb}})
+        .fin_grupo();
+    if (plan(libro_).con_equivalencia) {
+        ECtaAjus = editor("ECtaAjus", "CUEN_EQNIIF");
+        ECtaAjus->OnDblClick = [this] { ECtaAjusDblClick(); };
+        ECtaAjus->setToolTip("Doble clic: escoger del plan NIIF");
+        CCuentas->FieldByName("CUEN_EQNIIF").OnChange = [this](Campo&) {
+            CCuentasCUEN_EQNIIFChange();
+        };
+        auto* escoger = new QToolButton(this);
+        escoger->setText("...");
+        escoger->setToolTip("Escoger del plan NIIF");
+        escoger->setAccessibleName("Escoger la cuenta NIIF equivalente");
+        connect(escoger, &QToolButton::clicked, this,
+                [this] { ejecute([this] { ECtaAjusDblClick(); }); });
+        NomCtaniif = new QLabel(this);
+        NomCtaniif->setObjectName("NomCtaniif");
+        forma.fila("Cuenta NII&F equivalente", Formulario::junto({ECtaAjus, escoger, NomCtaniif}));
+    }
+    forma.fila("Nor&ma", ENorma);
+    if (plan(libro_).con_auditoria) {
+        LabAudit = new QLabel(this);
+        LabAudit->setObjectName("LabAudit");
+        forma.ancha(LabAudit, 0);
+    }
+    arme_botones();
+    forma.estire().botones(barra_);
+    tamano(760, 430);
+    enter_como_tab();
+}
+
+void FichaCuenta::FormActivate() {
+    if (!ECtaAjus || fdmcnt().cuenta_seleccion.isEmpty())
+        return;
+    CCuentas->Edit();
+    CCuentas->FieldByName("CUEN_EQNIIF") = std::exchange(fdmcnt().cuenta_seleccion, {});
+}
+
+bool FichaCuenta::FormClose() {
+    CCuentas->Cancel();
+    CCuentas->Close();
+    CBorrar->Close();
+    return true;
+}
+
+void FichaCuenta::habilite_retencion(bool si) {
+    EPorcentaje->setEnabled(si);
+    EBase->setEnabled(si);
+}
+
+void FichaCuenta::CkRetencionesClick() {
+    if (!CkRetenciones->isChecked()) {
+        CCuentas->FieldByName("CUEN_PORC").limpie();
+        CCuentas->FieldByName("CUEN_BASEMIN").limpie();
+    } else if (CCuentas->State() == estado_de_trabajo()) {
+        CCuentas->FieldByName("CUEN_RETENCION") = "S";
+    }
+    habilite_retencion(CkRetenciones->isChecked());
+}
+
+void FichaCuenta::CCuentasCUEN_EQNIIFChange() {
+    const QString cuenta = CCuentas->FieldByName("CUEN_EQNIIF").texto();
+    NomCtaniif->setText(cuenta.isEmpty() ? QString() : fdmcnt().nom_cuenta_niif(cuenta));
+}
+
+void FichaCuenta::ECtaAjusDblClick() {
+    fdm().modo_mantenimiento = false;
+    pantallas().abrir(datos(Libro::Niif).pantalla_cuentas);
+}
+
+bool FichaCuenta::hay_nombre() {
+    if (!CCuentas->FieldByName("CUEN_NOM").texto().trimmed().isEmpty())
+        return true;
+    muestre_mensaje("Falta ingresar el nombre de la cuenta.");
+    ENombre->setFocus();
+    return false;
+}

@@ -1,0 +1,233 @@
+#include "catalogues/forma_tercero.h"
+
+#include "catalogues/tfcuentas.h"
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "core/tfdmter.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/memodato.h"
+#include "toolkit/dialogos.h"
+
+namespace {
+
+const char* const kCuentas[] = {"TERC_CTACLIENTE", "TERC_CTAPROV",  "TERC_CTAEMPL",
+                                "TERC_CTAVENTA",   "TERC_CTARTFTE", "TERC_CTARTIVA",
+                                "TERC_CTARTICA",   "TERC_CTARCREE"};
+
+QString configurado(const QString& propiedad) {
+    return fdm().configuracion("CONTABILIDAD", "TERCEROS", propiedad);
+}
+
+} // namespace
+
+FormaTercero::FormaTercero(const QString& clase, const QString& titulo) : Pantalla(clase, titulo) {
+    PTerceros = new Proveedor(this, "PTerceros", &fdmter().TTercero);
+    PCiudades = new Proveedor(this, "PCiudades", &fdmter().TCiudades);
+    PPaises = new Proveedor(this, "PPaises", &fdmter().TPaises);
+    Ptipo_id = new Proveedor(this, "Ptipo_id", &fdmter().Ttipoid);
+    PBorrar = new Proveedor(this, "PBorrar", &fdm().QBorrar, poAllowCommandText);
+    CTerceros = new ConjuntoDatos(this, "CTerceros", PTerceros);
+    CCiudades = new ConjuntoDatos(this, "CCiudades", PCiudades);
+    CPaises = new ConjuntoDatos(this, "CPaises", PPaises);
+    Ctipo_id = new ConjuntoDatos(this, "Ctipo_id", Ptipo_id);
+    CBorrar = new ConjuntoDatos(this, "CBorrar", PBorrar);
+    defina_campos();
+    arme();
+
+    CTerceros->BeforePost = [this] { CTercerosBeforePost(); };
+    campo("TERC_TIPOID").OnChange = [this](Campo&) { CTercerosTERC_TIPOIDChange(); };
+    campo("CIUD_COD").OnChange = [this](Campo&) { CTercerosCIUD_CODChange(); };
+    for (const char* cuenta : kCuentas)
+        campo(cuenta).OnChange = [this](Campo& c) { CTercerosTERC_CTACLIENTEChange(c); };
+}
+
+void FormaTercero::defina_campos() {
+    ConjuntoDatos& t = *CTerceros;
+    t.texto("TERC_NIT", 20).requerido().etiqueta("NIT");
+    t.bandera("TERC_DV");
+    t.bandera("TERC_DVDIAN");
+    t.bandera("TERC_TIPOID");
+    t.texto("TERC_NOM", 60).requerido().etiqueta("Nombre");
+    for (const char* parte : {"TERC_APELLIDO1", "TERC_APELLIDO2", "TERC_NOMBRE1", "TERC_NOMBRE2"})
+        t.texto(parte, 60);
+    t.texto("TERC_DIR", 60);
+    t.texto("TERC_CIU", 40);
+    t.texto("CIUD_COD", 5);
+    t.texto("PAIS_ID", 3).fijo();
+    t.texto("TERC_TEL", 40);
+    t.texto("TERC_FAX", 25);
+    t.texto("TERC_CEL", 25);
+    t.texto("TERC_EMAIL", 100);
+    t.texto("TERC_CONTACTO", 255);
+    t.memo("TERC_OBS");
+    for (const char* bandera : {"TERC_CLIE", "TERC_PROV", "TERC_EMPL", "TERC_CONDUCTOR",
+                                "TERC_ASOCIADO", "TERC_ASOCINAC", "TERC_TRANS", "TERC_ADMINI",
+                                "TERC_DEPOS", "TERC_SIMPLIFICA", "TERC_EXENTO", "TERC_ESTADO"})
+        t.bandera(bandera);
+    t.fecha("TERC_ANIV");
+    t.fecha("TERC_LICVEN");
+    t.texto("TERC_CATEGORIA", 10);
+    t.texto("TERC_USUARIO", 10);
+    for (const char* cuenta : kCuentas)
+        t.texto(cuenta, 20);
+    t.texto("TERC_NITCONTA", 20);
+    t.texto("TERC_ACTIVIDAD", 4).fijo();
+    t.entero("TERC_CONCSH");
+
+    CCiudades->texto("CIUD_COD", 5);
+    CCiudades->texto("CIUD_NOM", 60);
+    CCiudades->bandera("CIUD_ACTIVA");
+    CPaises->texto("PAIS_ID", 3).fijo();
+    CPaises->texto("PAIS_NOM", 60);
+    Ctipo_id->texto("TIID_COD", 3);
+    Ctipo_id->texto("TIID_NOM", 60);
+    Ctipo_id->texto("TIID_CODIGO", 3);
+}
+
+void FormaTercero::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    DBEdit8->ReadOnly(configurado("PERMITIR MODIFICAR DIGITO DE VERIFICACION DEL NIT") == "NO");
+    obligatorios_ =
+        configurado("DATOS DE DIRECCION, CIUDAD, PAIS, TELEFONO Y MAIL OBLIGATORIOS") == "SI";
+    CPaises->Open();
+    CCiudades->Open();
+    Ctipo_id->Open();
+    for (ConjuntoDatos* lista : {CPaises, CCiudades, Ctipo_id})
+        lista->FetchAll(); // una lista desplegable se ofrece entera
+    CTerceros->Close();
+    CTerceros->FetchParams();
+}
+
+void FormaTercero::FormActivate() {
+    activada_ = true;
+    if (!std::exchange(releer_catalogos_, false))
+        return;
+    for (ConjuntoDatos* lista : {CPaises, CCiudades}) {
+        lista->Refresh();
+        lista->FetchAll();
+    }
+}
+
+bool FormaTercero::natural() const {
+    return campo("TERC_TIPOID").texto() != "J";
+}
+
+void FormaTercero::habilite_nombres() {
+    for (EditorDato* parte : {EApellido1, EApellido2, ENombre1, ENombre2})
+        parte->setEnabled(natural());
+}
+
+void FormaTercero::CTercerosTERC_TIPOIDChange() {
+    habilite_nombres();
+    if (natural()) {
+        if (activada_)
+            EApellido1->setFocus();
+        return;
+    }
+    for (const char* parte : {"TERC_NOMBRE1", "TERC_NOMBRE2", "TERC_APELLIDO1", "TERC_APELLIDO2"})
+        campo(parte).limpie();
+}
+
+void FormaTercero::CTercerosBeforePost() {
+    if (!campo("TERC_NOM").vacio())
+        return;
+    QString nombre = campo("TERC_APELLIDO1").texto() + ' ';
+    for (const char* parte : {"TERC_APELLIDO2", "TERC_NOMBRE1"})
+        if (!campo(parte).vacio())
+            nombre += campo(parte).texto() + ' ';
+    campo("TERC_NOM") = nombre + campo("TERC_NOMBRE2").texto();
+}
+
+void FormaTercero::CTercerosCIUD_CODChange() {
+    campo("TERC_CIU") =
+        CCiudades->Lookup("CIUD_COD", {campo("CIUD_COD").valor()}, "CIUD_NOM").texto().left(40);
+}
+
+// ---------------------------------------------------------------- cuentas del tercero
+
+void FormaTercero::CTercerosTERC_CTACLIENTEChange(Campo& campo) {
+    const QString texto = campo.texto();
+    if (texto.isEmpty())
+        return;
+    if (texto.startsWith('?'))
+        escoja_cuenta(campo, texto.mid(1));
+    else if (!fdmcnt().valide_cuenta(texto))
+        campo.limpie();
+}
+
+void FormaTercero::DBEdit9DblClick(EditorDato& editor) {
+    if (!editor.editable())
+        return;
+    CTerceros->Edit();
+    escoja_cuenta(*editor.campo(), editor.text());
+}
+
+void FormaTercero::escoja_cuenta(Campo& campo, const QString& desde) {
+    const QString escogida = ::escoja_cuenta(desde);
+    if (!escogida.isEmpty())
+        campo = escogida;
+    else if (campo.texto().startsWith('?'))
+        campo.limpie(); // la pregunta sin respuesta no es una cuenta
+}
+
+// ---------------------------------------------------------------- grabación
+
+bool FormaTercero::complete_y_valide(bool con_nit) {
+    EObs->setFocus(); // lo que se estaba escribiendo llega al campo
+    const QString compuesto = campo("TERC_APELLIDO1").texto() + ' ' +
+                              campo("TERC_APELLIDO2").texto() + ' ' +
+                              campo("TERC_NOMBRE1").texto() + ' ' + campo("TERC_NOMBRE2").texto();
+    // Sin ninguna de las partes no hay de qué componer: queda el nombre escrito.
+    if (natural() && !compuesto.trimmed().isEmpty() && campo("TERC_NOM").texto() != compuesto) {
+        CTerceros->Edit();
+        campo("TERC_NOM") = compuesto;
+    }
+    struct Exigido {
+        const char* campo;
+        const char* mensaje;
+        bool siempre;
+    };
+    static const Exigido exigidos[] = {
+        {"TERC_NIT", "Falta ingresar el NIT o identificación del tercero.", true},
+        {"TERC_TIPOID", "Falta ingresar el tipo de documento.", true},
+        {"TERC_NOM", "Falta ingresar el nombre del tercero.", true},
+        {"TERC_DIR", "Falta ingresar la dirección del tercero.", false},
+        {"TERC_TEL", "Falta ingresar el teléfono del tercero.", false},
+        {"TERC_EMAIL", "Falta ingresar el correo electrónico del tercero.", false},
+        {"CIUD_COD", "Falta ingresar la ciudad del tercero.", false},
+        {"PAIS_ID", "Falta ingresar el país del tercero.", false},
+    };
+    for (const Exigido& e : exigidos) {
+        if (!(e.siempre || obligatorios_) || (!con_nit && e.campo == exigidos[0].campo))
+            continue;
+        if (campo(e.campo).vacio()) {
+            muestre_mensaje(e.mensaje);
+            return false;
+        }
+    }
+    return true;
+}
+
+void FormaTercero::agregue_cliente() {
+    const QString nit = QuotedStr(campo("TERC_NIT").texto());
+    CBorrar->Execute("insert into clientes (TERC_NIT, CLIE_COD, CLIE_ESTADO) VALUES (" + nit + "," +
+                     nit + ", 'A')");
+}
+
+void FormaTercero::agregue_proveedor() {
+    CBorrar->Execute("insert into proveedores (TERC_NIT, GRPR_COD, PROV_SIMPLIFICADO) VALUES (" +
+                     QuotedStr(campo("TERC_NIT").texto()) + "," +
+                     QuotedStr(configurado("CODIGO DE GRUPO PROVEEDORES")) + ", 'N')");
+}
+
+void FormaTercero::abra_catalogo(const QString& pantalla) {
+    releer_catalogos_ = true;
+    pantallas().abrir(pantalla);
+}
+
+bool FormaTercero::FormClose() {
+    CTerceros->Cancel();
+    for (ConjuntoDatos* conjunto : {CTerceros, CCiudades, CPaises, Ctipo_id})
+        conjunto->Close();
+    return true;
+}

@@ -1,0 +1,60 @@
+#pragma once
+// Formulario de un tercero: lo que comparten crear uno nuevo y modificarlo.
+//
+// Una persona natural lleva sus apellidos y nombres aparte y el nombre completo se compone de
+// ellos; una jurídica ("J") no los tiene. Un campo de cuenta que empieza por "?" abre el plan de
+// cuentas en lo que sigue; con doble clic, en la cuenta escrita.
+#include "core/recordset/conjunto.h"
+#include "toolkit/pantalla.h"
+
+class BarraBotones;
+class EditorDato;
+class ListaDato;
+class MemoDato;
+class QFrame;
+class QPushButton;
+
+class FormaTercero : public Pantalla {
+    Q_OBJECT
+public:
+    void FormCreate() override;
+    void FormActivate() override;
+    bool FormClose() override;
+
+protected:
+    FormaTercero(const QString& clase, const QString& titulo);
+
+    void CTercerosTERC_TIPOIDChange();
+    void CTercerosBeforePost();
+    void CTercerosTERC_CTACLIENTEChange(Campo& campo);
+    void CTercerosCIUD_CODChange();
+    void DBEdit9DblClick(EditorDato& editor);
+
+    virtual void SBGrabarClick() = 0;
+    /// Compone el nombre y revisa lo obligatorio; falso después de decir lo que falta.
+    bool complete_y_valide(bool con_nit);
+    void agregue_cliente();
+    void agregue_proveedor();
+
+    bool natural() const;
+    void habilite_nombres();
+    Campo& campo(const QString& nombre) const { return CTerceros->FieldByName(nombre); }
+
+    Proveedor *PTerceros, *PCiudades, *PPaises, *Ptipo_id, *PBorrar;
+    ConjuntoDatos *CTerceros, *CCiudades, *CPaises, *Ctipo_id, *CBorrar;
+
+    EditorDato *ENit, *DBEdit8, *EApellido1, *EApellido2, *ENombre1, *ENombre2, *ENombre;
+    MemoDato* EObs;
+    BarraBotones* barra_;
+    QPushButton* SBGrabar;
+    bool activada_ = false;
+
+private:
+    void defina_campos();
+    void arme(); ///< en forma_tercero_diseno.cpp
+    void escoja_cuenta(Campo& campo, const QString& desde);
+    void abra_catalogo(const QString& pantalla);
+
+    QFrame* panel_exento_;
+    bool obligatorios_ = false, releer_catalogos_ = false;
+};

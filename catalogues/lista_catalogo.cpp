@@ -1,0 +1,104 @@
+#include "catalogues/lista_catalogo.h"
+
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+
+ListaCatalogo::ListaCatalogo(const QString& clase, const QString& titulo, Sentencia& sentencia,
+                             const QString& tabla)
+    : Pantalla(clase, titulo) {
+    proveedor_ = new Proveedor(this, "P" + tabla, &sentencia, poAllowCommandText);
+    conjunto_ = new ConjuntoDatos(this, "C" + tabla, proveedor_);
+    PBorrar = new Proveedor(this, "PBorrar", &fdm().QBorrar, poAllowCommandText);
+    CBorrar = new ConjuntoDatos(this, "CBorrar", PBorrar);
+}
+
+void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
+                         const QString& rotulo_inactivos,
+                         const QVector<DefinicionColumna>& columnas,
+                         const QString& nombre_archivo) {
+    busqueda_ = new FilaBusqueda(busquedas, rotulo_inactivos, this);
+    busqueda_->sbBuscarClick = [this] { sbBuscarClick(); };
+    busqueda_->ckfiltroClick = [this](bool visible) { DBGridEh1->filtro_visible(visible); };
+
+    DBGridEh1 = new Rejilla(this, conjunto_);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName(windowTitle());
+    DBGridEh1->columnas(columnas);
+    DBGridEh1->ReadOnly = true;
+    DBGridEh1->texto_vacio = "No hay registros. F5 crea uno nuevo.";
+    DBGridEh1->nombre_archivo = nombre_archivo;
+    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+    DBGridEh1->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    DBGridEh1->OnDblClick = [this](int) {
+        modo_mantenimiento_ ? SBModificarClick() : SBSelecClick();
+    };
+
+    barra_ = new BarraBotones(this);
+    barra_->boton("SBSelec", "Enter:Selecciona", "dialog-ok-apply", QKeySequence(),
+                  [this] { SBSelecClick(); });
+    barra_->boton(nombre_nuevo_, rotulo_nuevo_, "document-new", QKeySequence(Qt::Key_F5),
+                  [this] { SBNuevoClick(); });
+    barra_->boton("SBModificar", "F4:Modificar", "document-edit", QKeySequence(Qt::Key_F4),
+                  [this] { SBModificarClick(); });
+    barra_->boton("SBBorrar", "F3:Eliminar", "edit-delete", QKeySequence(Qt::Key_F3),
+                  [this] { SBBorrarClick(); });
+    tecla(Qt::Key_Return, "Enter", [this] { enter(); });
+    tecla(Qt::Key_F12, Qt::ShiftModifier, "EBuscar", [this] { busqueda_->EBuscar->setFocus(); });
+    Formulario(this).ancha(busqueda_, 0).ancha(DBGridEh1).botones(barra_);
+}
+
+void ListaCatalogo::aplique_modo() {
+    auto* seleccionar = findChild<QPushButton*>("SBSelec");
+    seleccionar->setVisible(!modo_mantenimiento_);
+    barra_->principal(modo_mantenimiento_ ? findChild<QPushButton*>("SBModificar") : seleccionar);
+}
+
+void ListaCatalogo::boton_salir() {
+    barra_->separe();
+    barra_->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+}
+
+void ListaCatalogo::enter() {
+    if (DBGridEh1->filtro_visible() && !enter_con_filtros_)
+        return; // la fila de filtros ya tomó su Enter; sobre las filas no hace más
+    if (modo_mantenimiento_)
+        SBModificarClick();
+    else
+        SBSelecClick();
+}
+
+bool ListaCatalogo::busque_lo_pedido() {
+    const QString texto = std::exchange(fdmcnt().texto_busqueda, {});
+    if (texto.isEmpty())
+        return false;
+    busqueda_->ItemIndex(texto[0].isDigit() ? 0 : 1);
+    busqueda_->EBuscar->setText(texto);
+    sbBuscarClick();
+    return true;
+}
+
+QString ListaCatalogo::codigo() const {
+    return conjunto_->Active() ? conjunto_->Fields(0).texto() : QString();
+}
+
+void ListaCatalogo::consulte(const QString& sql) {
+    conjunto_->Open(sql);
+}
+
+void ListaCatalogo::FormActivate() {
+    if (!std::exchange(recien_abierta_, false))
+        conjunto_->Refresh();
+    DBGridEh1->setFocus();
+}
+
+bool ListaCatalogo::FormClose() {
+    conjunto_->Close();
+    return true;
+}

@@ -1,0 +1,75 @@
+#include "catalogues/maestro_detalle.h"
+
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/navegadordatos.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QGroupBox>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+MaestroDetalle::MaestroDetalle(const QString& clase, const QString& titulo,
+                               const QString& proveedor, Sentencia& sentencia, unsigned opciones,
+                               const QString& maestro, const QString& detalle,
+                               Sentencia& sentencia_detalle)
+    : Pantalla(clase, titulo) {
+    proveedor_ = new Proveedor(this, proveedor, &sentencia, opciones);
+    maestro_ = new ConjuntoDatos(this, maestro, proveedor_);
+    detalle_ = new ConjuntoDatos(this, detalle);
+    detalle_->anide_en(maestro_, &sentencia_detalle);
+    // El detalle nace con la llave de su maestro: ese registro ya debe estar completo.
+    detalle_->BeforeInsert = [this] { maestro_->CheckBrowseMode(); };
+}
+
+Rejilla* MaestroDetalle::rejilla(const QString& nombre, ConjuntoDatos* conjunto, const Lado& lado,
+                                 QWidget* marco) {
+    auto* r = new Rejilla(marco, conjunto);
+    r->setObjectName(nombre);
+    r->setAccessibleName(lado.titulo);
+    r->columnas(lado.columnas);
+    r->enter_como_tab = true;
+    r->texto_vacio = "No hay registros. Insert agrega el primero.";
+    auto* navegador = new NavegadorDatos(conjunto, nbRecorrido | nbInsert | nbDelete, marco);
+    navegador->setObjectName(QString(nombre).replace("DBGridEh", "DBNavigator"));
+    auto* columna = new QVBoxLayout(marco);
+    columna->addWidget(navegador);
+    columna->addWidget(r, 1);
+    if (lado.debajo) {
+        columna->addWidget(lado.debajo);
+        setTabOrder(r, lado.debajo);
+    }
+    return r;
+}
+
+void MaestroDetalle::arme(const Lado& izquierda, const Lado& derecha) {
+    auto* division = new QSplitter(Qt::Horizontal, this);
+    division->setChildrenCollapsible(false);
+    auto* marco1 = new QGroupBox(izquierda.titulo, division);
+    auto* marco2 = new QGroupBox(derecha.titulo, division);
+    DBGridEh1 = rejilla("DBGridEh1", maestro_, izquierda, marco1);
+    DBGridEh2 = rejilla("DBGridEh2", detalle_, derecha, marco2);
+    division->setStretchFactor(0, izquierda.parte);
+    division->setStretchFactor(1, derecha.parte);
+    barra_ = new BarraBotones(this);
+    Formulario(this).ancha(division).botones(barra_);
+}
+
+void MaestroDetalle::escoja_con(std::function<void()> escoja) {
+    DBGridEh1->OnDblClick = DBGridEh2->OnDblClick = [escoja](int) { escoja(); };
+    barra_->boton("SBSelec", "Selecciona", "dialog-ok-apply", QKeySequence(), std::move(escoja));
+    tecla(Qt::Key_F12, "Cambiar de rejilla",
+          [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
+}
+
+void MaestroDetalle::cancele_y_cierre() {
+    maestro_->CancelUpdates();
+    close();
+}
+
+bool MaestroDetalle::FormClose() {
+    detalle_->Cancel();
+    maestro_->Cancel();
+    maestro_->Close();
+    return true;
+}

@@ -1,0 +1,12 @@
+#pragma once
+#include "core/tfdm.h"
+#include "core/tfdmart.h"
+#include "core/tfdmcnt.h"
+#include "core/tfdmter.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/formulario.h"
+#include "toolkit/pantalla.h"
+#include "toolkit/rejilla/rejilla.h"
+#include <QDialog>

@@ -1,0 +1,39 @@
+#include "catalogues/plancuentas.h"
+
+#include "core/recordset/conjunto.h"
+
+namespace {
+
+const PlanCuentas kPlanes[] = {
+    {"Plan de cuentas", "Nueva cuenta", "Modificar cuenta", "MantCuentas", "Tfsaldoterc", false,
+     true, true, true, false},
+    {"Plan de cuentas NIIF", "Nueva cuenta NIIF", "Modificar cuenta NIIF", "Cuentasniif",
+     "Tfsaldotercniif", true, false, false, false, true},
+};
+
+} // namespace
+
+const PlanCuentas& plan(Libro libro) {
+    return kPlanes[es_niif(libro) ? 1 : 0];
+}
+
+void campos_lista_cuentas(ConjuntoDatos& cuentas) {
+    cuentas.texto("CUEN_COD", 20).requerido().etiqueta("Código");
+    cuentas.texto("CUEN_NOM", 60).requerido().etiqueta("Nombre");
+    cuentas.bandera("CUEN_TERCERO").requerido().etiqueta("Terceros");
+    cuentas.bandera("CUEN_CENTRO").requerido().etiqueta("Centros");
+    cuentas.bandera("CUEN_RETENCION").requerido().etiqueta("Retenciones");
+    cuentas.texto("CUEN_CTAJUSTE", 20).etiqueta("Cuenta de ajuste");
+    cuentas.texto("CUEN_CTACORRECION", 20).etiqueta("Cuenta de corrección");
+    cuentas.decimal("CUEN_BASEMIN", 2).etiqueta("Base mínima").formato("#,##0.00");
+    cuentas.decimal("CUEN_PORC", 4).etiqueta("Porcentaje").formato("#,##0.####");
+    cuentas.bandera("CUEN_AJUSDB").etiqueta("Ajuste al débito");
+    cuentas.bandera("CUEN_TIPO").requerido().etiqueta("Tipo");
+    cuentas.bandera("CUEN_ACTIVA").etiqueta("Activa");
+}
+
+void campos_ficha_cuenta(ConjuntoDatos& cuentas) {
+    campos_lista_cuentas(cuentas);
+    cuentas.texto("CUEN_EQNIIF", 20).etiqueta("Cuenta NIIF equivalente");
+    cuentas.texto("CUEN_NORMA", 255).etiqueta("Norma");
+}

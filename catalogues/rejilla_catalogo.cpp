@@ -1,0 +1,75 @@
+#include "catalogues/rejilla_catalogo.h"
+
+#include "core/tfdm.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/navegadordatos.h"
+#include "toolkit/estilo.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+RejillaCatalogo::RejillaCatalogo(const QString& clase, const QString& titulo, Sentencia& sentencia,
+                                 const QString& tabla, const QString& llave)
+    : Pantalla(clase, titulo), llave_(llave) {
+    proveedor_ = new Proveedor(this, "P" + tabla, &sentencia);
+    conjunto_ = new ConjuntoDatos(this, "C" + tabla, proveedor_);
+    conjunto_->BeforePost = [this] {
+        if (conjunto_->FieldByName(llave_).vacio())
+            conjunto_->Cancel();
+    };
+}
+
+void RejillaCatalogo::arme(const QVector<DefinicionColumna>& columnas,
+                           const QString& nombre_archivo) {
+    DBGridEh1 = new Rejilla(this, conjunto_);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName(windowTitle());
+    DBGridEh1->columnas(columnas);
+    DBGridEh1->orden_local = true;
+    DBGridEh1->texto_vacio = "No hay registros. Insert agrega el primero.";
+    DBGridEh1->nombre_archivo = nombre_archivo;
+    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+    DBGridEh1->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+
+    auto* navegador = new NavegadorDatos(conjunto_, nbRecorrido | nbInsert | nbDelete, this);
+    navegador->setObjectName("DBNavigator1");
+
+    barra_ = new BarraBotones(this);
+    auto* grabar = barra_->boton("SBGrabar", rotulo_grabar_, "document-save",
+                                 QKeySequence(Qt::Key_F2), [this] { SBGrabarClick(); });
+    barra_->principal(grabar);
+    barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
+                  [this] { SBCancelarClick(); });
+
+    Formulario(this).ancha(navegador, 0).ancha(DBGridEh1).botones(barra_);
+}
+
+void RejillaCatalogo::resalte_inactivos(const QString& columna) {
+    DBGridEh1->OnGetCellParams = [this, columna](int fila, QFont&, QColor& frente, QColor&) {
+        if (conjunto_->valor_en(fila, conjunto_->FieldByName(columna)).texto() !=
+            QLatin1String("S"))
+            frente = color_inactivo();
+    };
+}
+
+void RejillaCatalogo::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    conjunto_->Open();
+    DBGridEh1->setFocus();
+}
+
+void RejillaCatalogo::SBGrabarClick() {
+    if (conjunto_->ApplyUpdates(0) == 0)
+        close();
+}
+
+void RejillaCatalogo::SBCancelarClick() {
+    conjunto_->CancelUpdates();
+    close();
+}
+
+bool RejillaCatalogo::FormClose() {
+    conjunto_->Cancel();
+    conjunto_->Close();
+    return true;
+}

@@ -1,0 +1,64 @@
+#include "catalogues/tfarticulos.h"
+
+#include "core/tfdm.h"
+#include "core/tfdmart.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/dialogos.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+
+Tfarticulos::Tfarticulos()
+    : ListaCatalogo("Tfarticulos", "Artículos", fdmArt().QArticulos, "Articulos") {
+    conjunto_->texto("ARTI_COD", 15).banderas(pfInUpdate | pfInWhere | pfInKey);
+    conjunto_->texto("ARTI_DES", 60);
+    conjunto_->texto("ARTI_UNIDAD", 10);
+    arme({{"&Descripción", "arti_des"}, {"C&ódigo", "arti_cod"}}, {},
+         {{"ARTI_COD", "Código", 16},
+          {"ARTI_DES", "Descripción", 46},
+          {"ARTI_UNIDAD", "Unidad", 10}},
+         "Articulos");
+    boton_salir();
+    tamano(820, 520);
+}
+
+void Tfarticulos::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    aplique_modo();
+    sbBuscarClick();
+}
+
+void Tfarticulos::sbBuscarClick() {
+    const QString columna = busqueda_->columna(), texto = busqueda_->EBuscar->text();
+    QString sql = "select arti_cod, arti_des, arti_unidad from articulo ";
+    if (!texto.isEmpty())
+        sql += "where " + columna +
+               (busqueda_->CkDesorden->isChecked() ? " like '%" + texto + "%' "
+                                                   : " >= " + QuotedStr(texto));
+    consulte(sql + " order by " + columna);
+}
+
+void Tfarticulos::SBBorrarClick() {
+    if (codigo().isEmpty() ||
+        !pregunte("Desea borrar definitivamente el artículo " + codigo() + " ?"))
+        return;
+    CBorrar->Execute("delete from articulo where arti_cod = " + QuotedStr(codigo()));
+    conjunto_->Refresh();
+}
+
+void Tfarticulos::SBNuevoClick() {
+    pantallas().abrir("Tfnvoarticulo");
+}
+
+void Tfarticulos::SBModificarClick() {
+    if (codigo().isEmpty())
+        return;
+    fdmcnt().articulo_seleccion = codigo();
+    pantallas().abrir("Tfedtarticulo");
+}
+
+void Tfarticulos::SBSelecClick() {
+    fdmcnt().articulo_seleccion = codigo();
+    close();
+}

@@ -1,0 +1,93 @@
+#include "catalogues/tfcentros.h"
+
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/rejilla/rejilla.h"
+
+Tfcentros::Tfcentros()
+    : MaestroDetalle("Tfcentros", "Registro de centros de costo", "PProyecto", fdm().TProyectos,
+                     poCascadeDeletes | poCascadeUpdates, "CProyectos", "CCentros",
+                     fdm().TCentros) {
+    PSubemp = new Proveedor(this, "PSubemp", &fdm().TSubEmpresa);
+    CSubemp = new ConjuntoDatos(this, "CSubemp", PSubemp);
+    CSubemp->entero("SUCU_ID");
+    CSubemp->texto("SUCU_NOMBRE", 60);
+    CSubemp->texto("SUCU_DIRECCION", 60);
+    CSubemp->texto("SUCU_TELEFONOS", 60);
+
+    maestro_->texto("PROY_COD", 4).requerido().etiqueta("Código");
+    maestro_->texto("PROY_NOM", 60).requerido().etiqueta("Nombre");
+    constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
+    detalle_->texto("PROY_COD", 4).requerido().banderas(kLlave).etiqueta("Proyecto");
+    detalle_->texto("CENT_COD", 4).requerido().banderas(kLlave).etiqueta("Código");
+    detalle_->texto("CENT_NOM", 60).requerido().etiqueta("Nombre");
+    detalle_->entero("SUCU_ID").etiqueta("Agencia").defecto("0");
+    detalle_->busqueda("NomAgen", 60, "SUCU_ID", CSubemp, "SUCU_ID", "SUCU_NOMBRE")
+        .etiqueta("Agencia");
+
+    arme({"Proyectos", {{"PROY_COD", "Código", 7}, {"PROY_NOM", "Nombre", 28}}, 4},
+         {"Centros de costo",
+          {{"CENT_COD", "Código", 7}, {"CENT_NOM", "Nombre", 28}, {"SUCU_ID", "Agencia", 16}},
+          5});
+    // El letrero dice "Modificar" y la orden graba: es el nombre con que se la conoce.
+    barra_->principal(barra_->boton("SBGrabar", "F2:Modificar", "document-save",
+                                    QKeySequence(Qt::Key_F2), [this] { SBGrabarClick(); }));
+    escoja_con([this] { SBSelecClick(); });
+    barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
+                  [this] { cancele_y_cierre(); });
+    tamano(980, 520);
+}
+
+void Tfcentros::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    modo_selector_ = std::exchange(fdm().modo_selector, false);
+    CSubemp->Open();
+    liste_agencias();
+    const bool por_agencia =
+        fdm().configurado_si("COMPROBANTES", "FILTRAR CENTROS DE COSTO POR AGENCIA");
+    maestro_->Open();
+    if (por_agencia && fdm().sucursal_usuario != 0) {
+        detalle_->Filter("(SUCU_ID = 0) OR (SUCU_ID = " + QString::number(fdm().sucursal_usuario) +
+                         ")");
+        detalle_->Filtered(true);
+    }
+    DBGridEh1->setFocus();
+}
+
+void Tfcentros::liste_agencias() {
+    QStringList nombres, codigos;
+    for (int i = 0; i < CSubemp->RecordCount(); ++i) {
+        codigos << CSubemp->valor_en(i, CSubemp->FieldByName("SUCU_ID")).texto();
+        nombres << CSubemp->valor_en(i, CSubemp->FieldByName("SUCU_NOMBRE")).texto();
+    }
+    if (!codigos.contains("0")) {
+        codigos.prepend("0");
+        nombres.prepend("Todas");
+    }
+    DBGridEh2->lista(DBGridEh2->columna_de("SUCU_ID"), nombres, codigos);
+}
+
+void Tfcentros::SBGrabarClick() {
+    if (fdm().valide_acceso("CONTABILIDAD", 20))
+        maestro_->ApplyUpdates(0);
+    else
+        muestre_mensaje("Acceso no permitido. NO se grabarán los cambios.");
+    // Cierra también si la grabación falló: lo digitado se pierde, y así se quiere.
+    close();
+}
+
+void Tfcentros::SBSelecClick() {
+    fdmcnt().centro_seleccion = detalle_->FieldByName("CENT_COD").texto();
+    fdmcnt().proyecto_seleccion = maestro_->FieldByName("PROY_COD").texto();
+    if (modo_selector_)
+        resultado_modal(mrOk);
+    else
+        close();
+}
+
+bool Tfcentros::FormClose() {
+    CSubemp->Close();
+    return MaestroDetalle::FormClose();
+}

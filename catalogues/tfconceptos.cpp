@@ -1,0 +1,37 @@
+#include "catalogues/tfconceptos.h"
+
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/rejilla/rejilla.h"
+
+Tfconceptos::Tfconceptos()
+    : RejillaCatalogo("Tfconceptos", "Categorías", fdmcnt().TConceptoconta, "Concepto",
+                      "CONC_COD") {
+    conjunto_->texto("CONC_COD", 4).etiqueta("Código");
+    conjunto_->texto("CONC_NOMBRE", 60).etiqueta("Nombre");
+    rotulo_grabar_ = "F2: Grabar";
+    arme({{"CONC_COD", "Código", 8}, {"CONC_NOMBRE", "Nombre", 44}}, "Categorias");
+    barra_->boton("SpeedButton1", "Seleccionar", "dialog-ok-apply", QKeySequence(),
+                  [this] { SpeedButton1Click(); });
+    DBGridEh1->OnDblClick = [this](int) { SpeedButton1Click(); };
+    tamano(560, 480);
+}
+
+void Tfconceptos::FormCreate() {
+    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
+    RejillaCatalogo::FormCreate();
+    // Como selector, Enter escoge; en mantenimiento sigue siendo de la rejilla.
+    if (!modo_mantenimiento_)
+        tecla(Qt::Key_Return, "SpeedButton1", [this] {
+            if (conjunto_->editando())
+                conjunto_->Post();
+            else
+                SpeedButton1Click();
+        });
+}
+
+void Tfconceptos::SpeedButton1Click() {
+    fdmcnt().concepto_seleccion = conjunto_->FieldByName("CONC_COD").texto();
+    close();
+}

@@ -1,0 +1,166 @@
+#include "catalogues/tfcuentas.h"
+
+#include "catalogues/plancuentas.h"
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/estilo.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QApplication>
+#include <QPushButton>
+
+namespace {
+
+constexpr int kOpcionConsultar = 1;
+constexpr int kOpcionBorrar = 2;
+
+} // namespace
+
+Tfcuentas::Tfcuentas(Libro libro)
+    : ListaCatalogo(datos(libro).pantalla_cuentas, plan(libro).titulo_lista, fdmcnt().QBusccuentas,
+                    "Cuentas"),
+      libro_(libro), base_(QStringLiteral("select * from %1 ").arg(datos(libro).cuentas)) {
+    campos_lista_cuentas(*conjunto_);
+    // La lista no se edita: la llave sirve para volver a la misma cuenta al refrescar.
+    conjunto_->FieldByName("CUEN_COD").banderas(pfInUpdate | pfInWhere | pfInKey);
+    nombre_nuevo_ = "SBNueva";
+    rotulo_nuevo_ = "F5:Nueva";
+    enter_con_filtros_ = true;
+    arme({{"&Código", "cuen_cod"}, {"N&ombre", "cuen_nom"}}, "Mostrar inactivas",
+         {{"CUEN_COD", "Código", 12},
+          {"CUEN_NOM", "Nombre", 40},
+          {"CUEN_TERCERO", "Terc.", 5, Casilla},
+          {"CUEN_CENTRO", "Cent.", 5, Casilla},
+          {"CUEN_RETENCION", "Ret.", 5, Casilla},
+          {"CUEN_BASEMIN", "Base mínima", 14},
+          {"CUEN_PORC", "Porcentaje", 10},
+          {"CUEN_TIPO", "Tipo", 5},
+          {"CUEN_ACTIVA", "Activa", 6, Casilla}},
+         plan(libro).nombre_archivo);
+    DBGridEh1->texto_vacio = "No hay cuentas que mostrar. F5 crea una.";
+    DBGridEh1->OnGetCellParams = [this](int fila, QFont& letra, QColor& frente, QColor&) {
+        pinte(fila, letra, frente);
+    };
+    arme_botones();
+    tamano(960, 560);
+}
+
+void Tfcuentas::arme_botones() {
+    // Los dos letreros anuncian la tecla anterior a la que funciona: así se conocen.
+    barra_->boton("SBSaldos", "F7:Saldos", "view-statistics", Qt::Key_F8,
+                  [this] { consulte_cuenta(plan(libro_).pantalla_saldos); });
+    barra_->boton("SBMovimiento", "F8:Movimiento", "view-list-details", Qt::Key_F9,
+                  [this] { consulte_cuenta(datos(libro_).pantalla_auxiliar); });
+    if (plan(libro_).con_normas)
+        barra_->boton("SBNormas", "No&rmas", "documentation", {}, [this] { SBNormasClick(); });
+    boton_salir();
+}
+
+void Tfcuentas::oculte_botones() {
+    for (const char* nombre :
+         {"SBNueva", "SBModificar", "SBBorrar", "SBSaldos", "SBMovimiento", "SBNormas"})
+        if (auto* boton = findChild<QPushButton*>(nombre))
+            boton->hide();
+}
+
+void Tfcuentas::FormCreate() {
+    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
+    if (plan(libro_).toma_selector && std::exchange(fdm().modo_selector, false))
+        oculte_botones();
+    fdm().ConfigurarProviders(this);
+    aplique_modo();
+    consulte(base_ + "where cuen_activa = 'S' order by cuen_cod");
+    if (!fdmcnt().cuenta_localizar.isEmpty())
+        conjunto_->Locate("CUEN_COD", {std::exchange(fdmcnt().cuenta_localizar, {})});
+    busque_lo_pedido();
+    if (!fdm().exija_acceso(kOpcionConsultar))
+        pida_cierre_al_crear();
+}
+
+void Tfcuentas::FormActivate() {
+    fdmcnt().cuenta_seleccion.clear();
+    fdmcnt().cuenta_auxiliar.clear();
+    ListaCatalogo::FormActivate();
+}
+
+void Tfcuentas::sbBuscarClick() {
+    CriterioBusqueda criterio;
+    criterio.base = base_;
+    criterio.columna_activo = "cuen_activa";
+    consulte(sql_busqueda(busqueda_->criterio(criterio)));
+}
+
+void Tfcuentas::SBBorrarClick() {
+    if (!fdm().exija_acceso(kOpcionBorrar))
+        return;
+    const QString cuenta = codigo();
+    if (cuenta.isEmpty() || !pregunte(QStringLiteral("Desea borrar definitivamente la %1 %2 ?")
+                                          .arg(datos(libro_).cuenta_de, cuenta)))
+        return;
+    CBorrar->Execute(QStringLiteral("delete from %1 where cuen_cod = ").arg(datos(libro_).cuentas) +
+                     QuotedStr(cuenta));
+    conjunto_->Refresh();
+}
+
+void Tfcuentas::SBNuevoClick() {
+    pantallas().abrir(datos(libro_).pantalla_nueva_cuenta);
+}
+
+void Tfcuentas::SBModificarClick() {
+    if (codigo().isEmpty())
+        return;
+    fdmcnt().cuenta_seleccion = codigo();
+    pantallas().abrir(datos(libro_).pantalla_modificar_cuenta);
+}
+
+void Tfcuentas::consulte_cuenta(const char* pantalla) {
+    const QString cuenta = codigo();
+    if (!fdmcnt().valide_cuenta(cuenta, libro_)) {
+        QApplication::beep();
+        return;
+    }
+    fdmcnt().cuenta_auxiliar = cuenta;
+    pantallas().abrir(pantalla);
+}
+
+void Tfcuentas::SBNormasClick() {
+    if (codigo().isEmpty())
+        return;
+    fdmcnt().cuenta_auxiliar = codigo();
+    pantallas().abrir("Tfnormacuenta");
+}
+
+void Tfcuentas::SBSelecClick() {
+    fdmcnt().seleccion_cancelada = false;
+    fdmcnt().cuenta_seleccion = codigo();
+    if (es_modal())
+        resultado_modal(mrOk);
+    else
+        close();
+}
+
+void Tfcuentas::pinte(int fila, QFont& letra, QColor& frente) const {
+    if (conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_ACTIVA")).texto() == "N")
+        frente = color_inactivo();
+    const qsizetype digitos =
+        conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_COD")).texto().size();
+    letra.setBold(digitos <= 2);
+    letra.setPointSizeF((digitos == 1 ? 10 : digitos == 2 ? 9 : 8) * escala());
+}
+
+QString escoja_cuenta(const QString& localizar, Libro libro) {
+    Tfdmcnt& contabilidad = fdmcnt();
+    contabilidad.cuenta_localizar = localizar;
+    contabilidad.cuenta_seleccion.clear();
+    contabilidad.seleccion_cancelada = true;
+    fdm().modo_mantenimiento = false;
+    fdm().modo_selector = plan(libro).toma_selector;
+    pantallas().abrir_modal(datos(libro).pantalla_cuentas, [](Pantalla& lista) {
+        static_cast<Tfcuentas&>(lista).oculte_botones();
+    });
+    if (contabilidad.seleccion_cancelada)
+        return {};
+    return std::exchange(contabilidad.cuenta_seleccion, {});
+}

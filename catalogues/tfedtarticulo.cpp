@@ -1,0 +1,20 @@
+#include "catalogues/tfedtarticulo.h"
+
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/controles/editordato.h"
+
+Tfedtarticulo::Tfedtarticulo() : FormaArticulo("Tfedtarticulo", "Modificar artículo") {}
+
+void Tfedtarticulo::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    CArticulo->FetchParams();
+    CArticulo->Params["COD"] = std::exchange(fdmcnt().articulo_seleccion, QString());
+    CArticulo->Open();
+    EDescripcion->setFocus();
+}
+
+void Tfedtarticulo::SBGrabarClick() {
+    if (CArticulo->ApplyUpdates(0) == 0)
+        close();
+}

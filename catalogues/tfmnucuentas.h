@@ -1,0 +1,14 @@
+#pragma once
+// Escoge cuál de los dos planes de cuentas se abre.
+#include "toolkit/menubotones.h"
+
+class Tfmnucuentas : public MenuBotones {
+    Q_OBJECT
+public:
+    Tfmnucuentas();
+    void FormCreate() override;
+
+private:
+    void abra(const char* pantalla);
+    bool modo_mantenimiento_ = false;
+};

@@ -1,0 +1,135 @@
+#include "catalogues/tfmodcuenta.h"
+
+#include "catalogues/plancuentas.h"
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/casilladato.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/dialogos.h"
+
+#include <QApplication>
+#include <QLabel>
+
+namespace {
+
+constexpr int kAuditoriaCuentas = 100;
+
+} // namespace
+
+Tfmodcuenta::Tfmodcuenta(Libro libro)
+    : FichaCuenta(datos(libro).pantalla_modificar_cuenta, plan(libro).titulo_modificar, libro) {
+    PAudit = new Proveedor(this, "PAudit", &fdm().QAudit, poAllowCommandText);
+    CAudit = new ConjuntoDatos(this, "CAudit", PAudit);
+    CCuentas->AfterEdit = [this] { CCuentasAfterEdit(); };
+    CCuentas->AfterScroll = [this] { CCuentasAfterScroll(); };
+    arme_ficha();
+    ECodigo->ReadOnly(true);
+    setFocusProxy(ENombre);
+}
+
+void Tfmodcuenta::arme_botones() {
+    QPushButton* grabar = barra_->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
+                                        [this] { SBGrabarClick(); });
+    barra_->principal(grabar);
+    barra_->boton("SpeedButton2", "F4:Anterior", "go-previous", Qt::Key_F4,
+                  [this] { muevase(false); });
+    barra_->boton("SpeedButton1", "F5:Siguiente", "go-next", Qt::Key_F5, [this] { muevase(true); });
+    barra_->boton("SpeedButton3", "Inventario", "package", Qt::Key_F11,
+                  [] { pantallas().abrir("Tfarticulos"); });
+    barra_->separe();
+    barra_->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape,
+                  [this] { SBSalirClick(); });
+}
+
+void Tfmodcuenta::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    // Aquí se vacía: si siguiera puesta, FormActivate la tomaría por la equivalencia escogida.
+    const QString cuenta = std::exchange(fdmcnt().cuenta_seleccion, {});
+    CCuentas->Open();
+    if (!CCuentas->Locate("CUEN_COD", {cuenta})) {
+        muestre_mensaje("La " + QString(datos(libro_).cuenta_de) + ' ' + cuenta + " no existe.");
+        pida_cierre_al_crear();
+        return;
+    }
+    CCuentas->Edit();
+    muestre_cuenta();
+}
+
+void Tfmodcuenta::muestre_cuenta() {
+    if (NomCtaniif)
+        CCuentasCUEN_EQNIIFChange();
+    // Lo que una cuenta exige a sus líneas no cambia cuando ya las tiene.
+    CBorrar->Open(
+        QStringLiteral("select cuen_cod from %1 where cuen_cod = ").arg(datos(libro_).detalle) +
+        QuotedStr(codigo()));
+    for (CasillaDato* casilla : {CkTerceros, CkRetenciones, CkCentros})
+        casilla->setEnabled(CBorrar->IsEmpty());
+    CBorrar->Close();
+    if (LabAudit)
+        LabAudit->setText("Modificado: " +
+                          CAudit
+                              ->valor_unico(Tfdm::sql_auditoria(kAuditoriaCuentas, "audi_cod",
+                                                                QuotedStr(codigo())))
+                              .texto());
+}
+
+QStringList Tfmodcuenta::indicadores() const {
+    QStringList valores;
+    for (const char* campo : {"CUEN_TERCERO", "CUEN_CENTRO", "CUEN_RETENCION"})
+        valores << CCuentas->FieldByName(campo).texto();
+    return valores;
+}
+
+void Tfmodcuenta::CCuentasAfterEdit() {
+    indicadores_antes_ = indicadores();
+}
+
+void Tfmodcuenta::CCuentasAfterScroll() {
+    habilite_retencion(CCuentas->FieldByName("CUEN_RETENCION").texto() == "S");
+}
+
+void Tfmodcuenta::SBGrabarClick() {
+    if (!hay_nombre())
+        return;
+    CCuentas->Post();
+    const int errores = CCuentas->ApplyUpdates(0);
+    if (errores == 0 && indicadores() != indicadores_antes_ &&
+        pregunte("Desea aplicar el cambio a las subcuentas?"))
+        aplique_a_subcuentas();
+    CCuentas->Edit();
+    if (errores == 0)
+        muestre_cuenta();
+}
+
+void Tfmodcuenta::aplique_a_subcuentas() {
+    const QString cuenta = codigo();
+    const QStringList valores = indicadores();
+    CBorrar->Execute("update " + tabla() + " set cuen_tercero = " + QuotedStr(valores[0]) +
+                     ", cuen_centro = " + QuotedStr(valores[1]) +
+                     ", cuen_retencion = " + QuotedStr(valores[2]) + " where substr(cuen_cod, 1, " +
+                     QString::number(cuenta.size()) + ") = " + QuotedStr(cuenta));
+    CCuentas->Refresh();
+    // Entre tanto otro usuario pudo crear o borrar cuentas: la posición no dice cuál es.
+    CCuentas->Locate("CUEN_COD", {cuenta});
+}
+
+void Tfmodcuenta::muevase(bool adelante) {
+    if (CCuentas->editando()) {
+        CCuentas->Post();
+        if (CCuentas->ApplyUpdates(0) > 0) {
+            CCuentas->Edit();
+            return;
+        }
+    }
+    adelante ? CCuentas->Next() : CCuentas->Prior();
+    if (adelante ? CCuentas->Eof() : CCuentas->Bof())
+        QApplication::beep();
+    CCuentas->Edit();
+    muestre_cuenta();
+}
+
+void Tfmodcuenta::SBSalirClick() {
+    CCuentas->CancelUpdates();
+    close();
+}

@@ -1,0 +1,62 @@
+#include "catalogues/tfmodtercero.h"
+
+#include "catalogues/terceros.h"
+#include "core/tfdm.h"
+#include "core/tfdmter.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/dialogos.h"
+
+#include <QLabel>
+
+Tfmodtercero::Tfmodtercero() : FormaTercero("Tfmodtercero", "Modificar tercero") {
+    PAudit = new Proveedor(this, "PAudit", &fdm().QAudit, poAllowCommandText);
+    CAudit = new ConjuntoDatos(this, "CAudit", PAudit);
+    ENit->ReadOnly(true);
+    barra_->boton("SBDocumentos", "Documentos", "document-multiple", QKeySequence(), [this] {
+        fdmter().tercero_seleccion = campo("TERC_NIT").texto();
+        pantallas().abrir("Tfdocsterc");
+    });
+    barra_->separe();
+    LabAudit = new QLabel(this);
+    LabAudit->setObjectName("LabAudit");
+    barra_->agregue(LabAudit);
+    CTerceros->AfterEdit = [this] { campo("TERC_USUARIO") = fdm().usuario; };
+}
+
+void Tfmodtercero::FormCreate() {
+    FormaTercero::FormCreate();
+    CTerceros->Params["NIT"] = std::exchange(fdmter().tercero_seleccion, QString());
+    CTerceros->Open();
+    if (CTerceros->IsEmpty()) {
+        muestre_mensaje("No se encontró el NIT seleccionado.");
+        pida_cierre_al_crear();
+        return;
+    }
+    habilite_nombres();
+    LabAudit->setText("Modificado: " +
+                      CAudit
+                          ->valor_unico(Tfdm::sql_auditoria(102, "audi_cod",
+                                                            QuotedStr(campo("TERC_NIT").texto())))
+                          .texto());
+    SBGrabar->setEnabled(fdm().valide_acceso(modulo_de_terceros(), 10));
+    ENombre->setFocus();
+}
+
+bool Tfmodtercero::tiene_papel(const QString& tabla) {
+    CBorrar->Open("select * from " + tabla +
+                  " where TERC_NIT = " + QuotedStr(campo("TERC_NIT").texto()));
+    const bool tiene = !CBorrar->IsEmpty();
+    CBorrar->Close();
+    return tiene;
+}
+
+void Tfmodtercero::SBGrabarClick() {
+    if (!complete_y_valide(false) || CTerceros->ApplyUpdates(0) != 0)
+        return;
+    if (campo("TERC_CLIE").texto() == "S" && !tiene_papel("clientes"))
+        agregue_cliente();
+    if (campo("TERC_PROV").texto() == "S" && !tiene_papel("proveedores"))
+        agregue_proveedor();
+    close();
+}

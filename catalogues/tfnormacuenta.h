@@ -1,0 +1,27 @@
+#pragma once
+// Normas a las que responde una cuenta NIIF: la de fdmcnt().cuenta_auxiliar al abrir.
+#include "core/recordset/conjunto.h"
+#include "toolkit/pantalla.h"
+
+class QLabel;
+class Rejilla;
+
+class Tfnormacuenta : public Pantalla {
+    Q_OBJECT
+public:
+    Tfnormacuenta();
+
+    void FormCreate() override;
+    void FormActivate() override;
+    bool FormClose() override;
+    void SBBorrarClick();
+
+private:
+    void agregue(const QString& norma, const QString& item);
+
+    QString cuenta_;
+    Proveedor *PAuxiliar, *PNormacta, *PBorrar;
+    ConjuntoDatos *CAuxiliar, *CNormacta, *CBorrar;
+    QLabel* LCuenta;
+    Rejilla* DBGridEh1;
+};

@@ -1,0 +1,41 @@
+#include "catalogues/tfnvoarticulo.h"
+
+#include "core/tfdm.h"
+#include "toolkit/controles/editordato.h"
+
+namespace {
+constexpr const char* kTarifaGeneral = "01"; ///< IVA a la tarifa general
+}
+
+Tfnvoarticulo::Tfnvoarticulo() : FormaArticulo("Tfnvoarticulo", "Nuevo artículo") {
+    CArticulo->AfterInsert = [this] { CArticuloAfterInsert(); };
+}
+
+void Tfnvoarticulo::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    CArticulo->FetchParams();
+    CArticulo->Params["COD"] = 0;
+    CArticulo->Open();
+    CArticulo->Append();
+    ECodigo->setFocus();
+}
+
+void Tfnvoarticulo::CArticuloAfterInsert() {
+    struct Inicial {
+        const char *campo, *valor;
+    };
+    for (const Inicial& i : {Inicial{"ARTI_DESVAR", "S"},
+                             {"ARTI_TIPO", "A"},
+                             {"ARTI_EXIST", "B"},
+                             {"ARTI_UNIDAD", "UNIDAD"},
+                             {"TAIV_COD", kTarifaGeneral}})
+        CArticulo->FieldByName(i.campo) = i.valor;
+    CArticulo->FieldByName("ARTI_USUARIO") = fdm().usuario;
+}
+
+void Tfnvoarticulo::SBGrabarClick() {
+    if (CArticulo->ApplyUpdates(0) != 0)
+        return;
+    CArticulo->Append();
+    ECodigo->setFocus();
+}

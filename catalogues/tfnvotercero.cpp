@@ -1,0 +1,74 @@
+#include "catalogues/tfnvotercero.h"
+
+#include "core/tfdm.h"
+#include "core/tfdmter.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/dialogos.h"
+
+Tfnvotercero::Tfnvotercero() : FormaTercero("Tfnvotercero", "Nuevo tercero") {
+    CTerceros->AfterInsert = [this] { CTercerosAfterInsert(); };
+    campo("TERC_NIT").OnChange = [this](Campo&) { CTercerosTERC_NITChange(); };
+}
+
+void Tfnvotercero::FormCreate() {
+    FormaTercero::FormCreate();
+    solo_cifras_ = fdm().configuracion("CONTABILIDAD", "TERCEROS",
+                                       "PERMITIR LETRAS Y CARACTERES ADICIONALES EN NIT") == "NO";
+    if (solo_cifras_)
+        campo("TERC_NIT").EditMask = "999999999999999;0; ";
+    CTerceros->Params["NIT"] = QString();
+    CTerceros->Open();
+    CTerceros->Append();
+    ENit->setFocus();
+    const QString pedido = std::exchange(fdmter().tercero_seleccion, QString());
+    if (pedido.isEmpty())
+        return;
+    un_solo_nit_ = true;
+    campo("TERC_NIT") = pedido;
+}
+
+void Tfnvotercero::CTercerosAfterInsert() {
+    for (const char* bandera : {"TERC_CLIE", "TERC_PROV", "TERC_EMPL", "TERC_CONDUCTOR",
+                                "TERC_SIMPLIFICA", "TERC_EXENTO"})
+        campo(bandera) = "N";
+    campo("TERC_TIPOID") = "J";
+    campo("TERC_ESTADO") = "S";
+    const QString ciudad =
+        fdm().configuracion("CONTABILIDAD", "TERCEROS", "CODIGO DE CIUDAD A SUGERIR");
+    CCiudades->Locate("CIUD_COD", {ciudad});
+    campo("PAIS_ID") = "169";
+    campo("CIUD_COD") = ciudad;
+}
+
+void Tfnvotercero::CTercerosTERC_NITChange() {
+    Campo& nit = campo("TERC_NIT");
+    if (nit.vacio())
+        return;
+    if (fdmter().existe_nit(nit.texto())) {
+        muestre_mensaje("El Nit ya está Registrado.");
+        nit.limpie(); // el dígito queda con el del NIT anterior
+    } else if (solo_cifras_) {
+        campo("TERC_DV") = QString::number(Tfdmter::dv(nit.texto()));
+    }
+}
+
+void Tfnvotercero::SBGrabarClick() {
+    if (!complete_y_valide(true))
+        return;
+    if (CTerceros->State() == Estado::Insercion)
+        CTerceros->Post();
+    if (CTerceros->ApplyUpdates(0) != 0)
+        return;
+    // El tercero ya quedó: si falla uno de sus papeles, solo falta ese papel.
+    if (campo("TERC_CLIE").texto() == "S")
+        agregue_cliente();
+    if (campo("TERC_PROV").texto() == "S")
+        agregue_proveedor();
+    if (un_solo_nit_) {
+        fdmter().tercero_seleccion = campo("TERC_NIT").texto();
+        close();
+        return;
+    }
+    CTerceros->Append();
+    ENit->setFocus();
+}

@@ -1,0 +1,120 @@
+#include "catalogues/tfterceros.h"
+
+#include "catalogues/terceros.h"
+#include "core/apertura.h"
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "core/tfdmter.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/estilo.h"
+#include "toolkit/rejilla/rejilla.h"
+
+namespace {
+const QString kBase =
+    "select TERC_NIT, TERC_DV, TERC_NOM, TERC_CONTACTO, TERC_TEL, TERC_CIU, TERC_CLIE, TERC_PROV, "
+    "TERC_EMPL, TERC_ESTADO, CIUD_COD from terceros ";
+}
+
+Tfterceros::Tfterceros()
+    : ListaCatalogo("Tfterceros", "Registro de Terceros", fdmter().QTerceros, "Terceros") {
+    ConjuntoDatos& t = *conjunto_;
+    t.texto("TERC_NIT", 20).banderas(pfInUpdate | pfInWhere | pfInKey);
+    t.bandera("TERC_DV");
+    t.texto("TERC_NOM", 60);
+    t.texto("TERC_CONTACTO", 255);
+    t.texto("TERC_TEL", 40);
+    t.texto("TERC_CIU", 40);
+    for (const char* bandera : {"TERC_CLIE", "TERC_PROV", "TERC_EMPL", "TERC_ESTADO"})
+        t.bandera(QString::fromLatin1(bandera));
+    t.texto("CIUD_COD", 5);
+
+    arme({{"&NIT", "terc_nit"}, {"N&ombre", "terc_nom"}, {"&Contacto", "terc_contacto"}},
+         "Mostrar inactivos",
+         {{"TERC_NIT", "NIT", 14},
+          {"TERC_DV", "DV", 3},
+          {"TERC_NOM", "Nombre", 36},
+          {"TERC_CONTACTO", "Contacto", 20},
+          {"TERC_TEL", "Teléfono", 14},
+          {"TERC_CIU", "Ciudad", 16},
+          {"TERC_CLIE", "Cliente", 7, Casilla},
+          {"TERC_PROV", "Proveedor", 9, Casilla},
+          {"TERC_EMPL", "Empleado", 9, Casilla}},
+         "Terceros");
+    busqueda_->ItemIndex(1);
+    DBGridEh1->OnGetCellParams = [this](int fila, QFont&, QColor& frente, QColor&) {
+        if (conjunto_->valor_en(fila, conjunto_->FieldByName("TERC_ESTADO")).texto() !=
+            QLatin1String("S"))
+            frente = color_inactivo();
+    };
+    // El letrero anuncia F8 y la tecla que funciona es F9: así se conoce la pantalla.
+    barra_->boton("SBMovimiento", "F8:Movimiento", "view-list-details", QKeySequence(Qt::Key_F9),
+                  [this] { SBMovimientoClick(); });
+    boton_salir();
+    tamano(1060, 560);
+}
+
+void Tfterceros::FormCreate() {
+    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
+    fdm().ConfigurarProviders(this);
+    aplique_modo();
+    if (!fdm().exija_acceso(11)) {
+        pida_cierre_al_crear();
+        return;
+    }
+    // Un selector no ofrece inactivos aunque la búsqueda los pida.
+    if (!modo_mantenimiento_) {
+        conjunto_->Filter("TERC_ESTADO = 'S'");
+        conjunto_->Filtered(true);
+    }
+    if (!busque_lo_pedido())
+        consulte(kBase + "where terc_estado = 'S' order by terc_nom");
+}
+
+void Tfterceros::sbBuscarClick() {
+    CriterioBusqueda plantilla;
+    plantilla.base = kBase;
+    plantilla.columna_activo = "terc_estado";
+    consulte(sql_busqueda(busqueda_->criterio(plantilla)));
+}
+
+void Tfterceros::SBBorrarClick() {
+    const QString nit = codigo();
+    if (nit.isEmpty() || !fdm().exija_acceso(12) ||
+        !pregunte("Desea borrar definitivamente el tercero con NIT " + nit + " ?"))
+        return;
+    CBorrar->PacketRecords = 1; // basta saber si hay una línea
+    CBorrar->Open("select * from comprobante_detalle where terc_nit = " + QuotedStr(nit));
+    const bool con_movimiento = !CBorrar->IsEmpty();
+    CBorrar->Close();
+    if (con_movimiento) {
+        muestre_mensaje("El tercero tiene movimientos registrados.");
+        return;
+    }
+    CBorrar->Execute("delete from terceros where terc_nit = " + QuotedStr(nit));
+    conjunto_->Refresh();
+}
+
+void Tfterceros::SBNuevoClick() {
+    crear_tercero();
+}
+
+void Tfterceros::SBModificarClick() {
+    if (codigo().isEmpty())
+        return;
+    fdmter().tercero_seleccion = codigo();
+    pantallas().abrir("Tfmodtercero");
+}
+
+void Tfterceros::SBSelecClick() {
+    fdmter().tercero_seleccion = codigo();
+    close();
+}
+
+void Tfterceros::SBMovimientoClick() {
+    if (codigo().isEmpty())
+        return;
+    fdmcnt().nit_comprobantes = codigo();
+    fdmter().nombre_seleccion = conjunto_->FieldByName("TERC_NOM").texto();
+    abra_o_avise("Tfcomproterc");
+}

@@ -1,0 +1,23 @@
+#pragma once
+// Registro de Terceros: lista, mantenimiento y selección por NIT.
+//
+// Lo que escoge queda en fdmter().tercero_seleccion. Al abrir busca fdmcnt().texto_busqueda, si lo
+// hay: por NIT si empieza por cifra, si no por nombre.
+#include "catalogues/lista_catalogo.h"
+
+class Tfterceros : public ListaCatalogo {
+    Q_OBJECT
+public:
+    Tfterceros();
+    void FormCreate() override;
+
+protected:
+    void sbBuscarClick() override;
+    void SBNuevoClick() override;
+    void SBModificarClick() override;
+    void SBBorrarClick() override;
+    void SBSelecClick() override;
+
+private:
+    void SBMovimientoClick();
+};

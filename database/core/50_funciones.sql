@@ -1,0 +1,13 @@
+-- Funciones de texto que los textos SQL del programa llaman por su nombre.
+
+SET TERM ^ ;
+
+-- Los caracteres DESDE a HASTA de un texto, contados desde 1.
+CREATE OR ALTER FUNCTION SUBSTR (TEXTO varchar(255), DESDE integer, HASTA integer)
+RETURNS varchar(255) DETERMINISTIC
+AS
+BEGIN
+  RETURN substring(:TEXTO FROM :DESDE FOR maxvalue(:HASTA - :DESDE + 1, 0));
+END^
+
+SET TERM ; ^

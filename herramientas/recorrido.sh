@@ -1,0 +1,97 @@
+#!/usr/bin/env bash
+# Recorrido guiado: abre el programa en una pantalla virtual de 1366x768, lo maneja con teclas
+# verdaderas y deja fotos numeradas en recorrido/. Trabaja sobre una copia de la demostración, así
+# que siempre empieza igual.
+#
+#   herramientas/recorrido.sh CARPETA_DEMO USUARIO CLAVE_OFUSCADA
+set -euo pipefail
+. "$(dirname "$0")/comun.sh"
+demo=$1 usuario=$2 clave=$3
+fotos=${QUORVEX_RECORRIDO:-$raiz/recorrido}
+trabajo=$(mktemp -d)
+numero=0
+programa= pantalla= gestor=
+
+termine() {
+    for proceso in $programa $gestor $pantalla; do
+        kill "$proceso" 2>/dev/null && wait "$proceso" 2>/dev/null || true
+    done
+    rm -rf "$trabajo"
+}
+trap termine EXIT
+
+# --- escena
+rm -rf "$fotos"
+mkdir -p "$fotos" "$trabajo/aplicacion"
+cp -r "$demo/datos" "$trabajo/datos"
+"$construccion/bin/quorvex-admin" conexion --ubicacion "$trabajo" \
+    --carpeta "$trabajo/aplicacion" >/dev/null
+export QUORVEX_DIRECTORIO=$trabajo/aplicacion
+export XDG_CONFIG_HOME=$trabajo/preferencias QT_QPA_PLATFORM=xcb
+
+Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$trabajo/monitor" 2>/dev/null &
+pantalla=$!
+for _ in $(seq 100); do [ -s "$trabajo/monitor" ] && break; sleep 0.1; done
+export DISPLAY=:$(cat "$trabajo/monitor")
+openbox --config-file "$raiz/herramientas/openbox.xml" 2>/dev/null &
+gestor=$!
+sleep 0.5
+
+# --- manos y ojos
+viva() { kill -0 "$programa" 2>/dev/null || { echo "El programa terminó antes de tiempo."; exit 1; }; }
+espere() { sleep "${1:-0.5}"; }
+# teclas F2 Return ...: cada una por aparte, con un respiro.
+teclas() { local t; for t in "$@"; do xdotool key --clearmodifiers "$t"; espere 0.12; done; espere 0.3; }
+escriba() { xdotool type --delay 15 "$1"; espere 0.25; }
+foto() {
+    viva
+    espere "${2:-0.4}"
+    numero=$((numero + 1))
+    import -window root "$fotos/$(printf '%02d' "$numero")_$1.png"
+    echo "  $(printf '%02d' "$numero") $1"
+}
+espere_ventana() {
+    for _ in $(seq 150); do
+        xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 && return
+        viva
+        sleep 0.2
+    done
+    echo "No apareció la ventana «$1»."
+    exit 1
+}
+
+# --- sin línea de órdenes no se entra
+"$construccion/bin/quorvex-contabilidad" &
+programa=$!
+espere_ventana "Contabilidad"
+foto acceso_negado 1.2
+teclas Return
+wait "$programa" || true
+
+# --- entrada
+"$construccion/bin/quorvex-contabilidad" PUENTES "$usuario" 001 "$clave" &
+programa=$!
+espere_ventana "Contabilidad NIIF"
+foto formulario_principal 1.5
+
+shopt -s nullglob
+for guion in "$raiz"/herramientas/recorrido/*.sh; do
+    . "$guion"
+done
+
+# --- salida
+teclas ctrl+s
+for _ in $(seq 50); do kill -0 "$programa" 2>/dev/null || break; sleep 0.1; done
+if kill -0 "$programa" 2>/dev/null; then
+    foto no_cerro
+    echo "El programa no cerró con Ctrl+S."
+    exit 1
+fi
+programa=
+if [ -s "$trabajo/aplicacion/ERRORES.TXT" ]; then
+    cp "$trabajo/aplicacion/ERRORES.TXT" "$fotos/"
+    echo "Fallas anotadas durante el recorrido:"
+    iconv -f ISO-8859-1 -t UTF-8 "$trabajo/aplicacion/ERRORES.TXT"
+fi
+"$construccion/bin/quorvex-admin" verificar --ubicacion "$trabajo" --compania 001
+echo "Recorrido terminado: $numero fotos en $fotos"

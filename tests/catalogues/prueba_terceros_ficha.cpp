@@ -1,0 +1,472 @@
+// Tercero nuevo y modificación de un tercero.
+#include "apoyo_gui/interlocutor.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "catalogues/registro_cuentas.h"
+#include "catalogues/registro_terceros.h"
+#include "catalogues/terceros.h"
+#include "toolkit/controles/casilladato.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/listadato.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+Campo& campo(Pantalla* p, const QString& nombre) {
+    return componente<ConjuntoDatos>(p, "CTerceros").FieldByName(nombre);
+}
+/// Digita en un control y pasa al siguiente.
+void escriba(Pantalla* p, const char* control, const QString& texto) {
+    con_foco();
+    auto& e = componente<QLineEdit>(p, control);
+    e.setFocus();
+    e.selectAll();
+    digite(texto);
+    oprima(Qt::Key_Return);
+}
+/// La primera letra del tipo lo escoge en la lista: "C" cédula de ciudadanía, "N" el NIT jurídico.
+void escoja_tipo(Pantalla* p, const QString& letra) {
+    con_foco();
+    componente<ListaDato>(p, "LTipoid").setFocus();
+    digite(letra);
+}
+void marque(Pantalla* p, const char* casilla) {
+    con_foco();
+    componente<CasillaDato>(p, casilla).setFocus();
+    oprima(Qt::Key_Space);
+}
+void configure(SesionGui& s, const QString& propiedad, const QString& valor) {
+    s.base.base().ejecute("update configuracion set conf_valor = ? where conf_categoria = "
+                          "'TERCEROS' and conf_propiedad = ?",
+                          {valor, propiedad});
+    s.dm.cargue_configuracion();
+}
+const QString kObligatorios = "DATOS DE DIRECCION, CIUDAD, PAIS, TELEFONO Y MAIL OBLIGATORIOS";
+const QString kLetras = "PERMITIR LETRAS Y CARACTERES ADICIONALES EN NIT";
+const QString kDigito = "PERMITIR MODIFICAR DIGITO DE VERIFICACION DEL NIT";
+
+Pantalla* nuevo() {
+    crear_tercero();
+    return escritorio()->abierta("Tfnvotercero");
+}
+Pantalla* modifique(SesionGui& s, const QString& nit) {
+    s.ter.tercero_seleccion = nit;
+    return pantallas().abrir("Tfmodtercero");
+}
+
+} // namespace
+
+class PruebaTercerosFicha : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() {
+        registre_pantallas_cuentas();
+        registre_pantallas_terceros();
+    }
+
+    void crear_un_tercero_pide_la_opcion_10_y_la_niega_con_mayuscula() {
+        SesionGui s("AUXILIAR");
+        Interlocutor i;
+        i.espere("Acceso no permitido. Comuníquese con el administrador del sistema.");
+        crear_tercero();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        s.otorgue(10);
+        QVERIFY(nuevo());
+    }
+
+    void un_tercero_nuevo_queda_con_su_digito_sus_papeles_y_la_pantalla_lista_para_otro() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = nuevo();
+        QVERIFY(p);
+        QCOMPARE(QApplication::focusWidget()->objectName(), QString("ENit"));
+        escriba(p, "ENit", "890903938");
+        QCOMPARE(campo(p, "TERC_DV").texto(), QString("8"));
+        escriba(p, "ENombre", "Bancolombia S.A.");
+        marque(p, "CK_CLIE");
+        marque(p, "CK_PROV");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select terc_nom || '|' || terc_dv || '|' || terc_tipoid || '|' || "
+                        "terc_estado || '|' || ciud_cod || '|' || terc_ciu || '|' || pais_id || "
+                        "'|' || terc_clie || terc_prov || terc_empl || terc_conductor || "
+                        "terc_simplifica || terc_exento from terceros where terc_nit = "
+                        "'890903938'"),
+                 QString("Bancolombia S.A.|8|J|S|11001|Bogotá, D.C.|169|SSNNNN"));
+        QCOMPARE(s.dato("select clie_cod || clie_estado from clientes where terc_nit = "
+                        "'890903938'"),
+                 QString("890903938A"));
+        QCOMPARE(s.dato("select grpr_cod || prov_simplificado from proveedores where terc_nit = "
+                        "'890903938'"),
+                 QString("01N"));
+        QVERIFY(componente<ConjuntoDatos>(p, "CTerceros").State() == Estado::Insercion);
+        QVERIFY(campo(p, "TERC_NIT").vacio());
+        QCOMPARE(con_foco()->objectName(), QString("ENit"));
+        oprima(Qt::Key_Escape);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+    }
+
+    void lo_que_falta_se_dice_en_orden_y_lo_obligatorio_depende_de_la_configuracion() {
+        SesionGui s;
+        configure(s, kObligatorios, "SI");
+        Interlocutor i;
+        Pantalla* p = nuevo();
+        campo(p, "TERC_TIPOID").limpie();
+        campo(p, "CIUD_COD").limpie();
+        campo(p, "PAIS_ID").limpie();
+        const struct {
+            const char *mensaje, *campo, *valor;
+        } pasos[] = {
+            {"Falta ingresar el NIT o identificación del tercero.", "TERC_NIT", "901555666"},
+            {"Falta ingresar el tipo de documento.", "TERC_TIPOID", "J"},
+            {"Falta ingresar el nombre del tercero.", "TERC_NOM", "Tuercas Ltda."},
+            {"Falta ingresar la dirección del tercero.", "TERC_DIR", "Calle 1"},
+            {"Falta ingresar el teléfono del tercero.", "TERC_TEL", "6011234567"},
+            {"Falta ingresar el correo electrónico del tercero.", "TERC_EMAIL", "a@b.co"},
+            {"Falta ingresar la ciudad del tercero.", "CIUD_COD", "05001"},
+            {"Falta ingresar el país del tercero.", "PAIS_ID", "169"},
+        };
+        for (const auto& paso : pasos) {
+            i.espere(paso.mensaje);
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(s.dato("select count(*) from terceros where terc_nit = '901555666'"),
+                     QString("0"));
+            campo(p, paso.campo) = paso.valor;
+        }
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select terc_ciu from terceros where terc_nit = '901555666'"),
+                 QString("Medellín"));
+        p->close();
+
+        configure(s, kObligatorios, "NO");
+        p = nuevo();
+        escriba(p, "ENit", "901555667");
+        escriba(p, "ENombre", "Sin señas Ltda.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from terceros where terc_nit = '901555667'"),
+                 QString("1"));
+    }
+
+    void un_nit_repetido_se_rehusa_y_el_digito_queda_con_el_anterior() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = nuevo();
+        escriba(p, "ENit", "890903938");
+        i.espere("El Nit ya está Registrado.");
+        escriba(p, "ENit", "19876543"); // el inactivo también cuenta
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(campo(p, "TERC_NIT").vacio());
+        QVERIFY(componente<EditorDato>(p, "ENit").text().trimmed().isEmpty());
+        QCOMPARE(campo(p, "TERC_DV").texto(), QString("8"));
+    }
+
+    void el_nit_admite_letras_segun_la_configuracion_y_solo_sin_ellas_lleva_digito() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = nuevo();
+        escriba(p, "ENit", "12AB34567890123456789");
+        QCOMPARE(campo(p, "TERC_NIT").texto(), QString("123456789012345"));
+        QVERIFY(componente<EditorDato>(p, "DBEdit8").isReadOnly());
+        p->close();
+
+        configure(s, kLetras, "SI");
+        configure(s, kDigito, "SI");
+        p = nuevo();
+        escriba(p, "ENit", "EX-77 B");
+        QCOMPARE(campo(p, "TERC_NIT").texto(), QString("EX-77 B"));
+        QVERIFY(campo(p, "TERC_DV").vacio());
+        escriba(p, "DBEdit8", "5");
+        QCOMPARE(campo(p, "TERC_DV").texto(), QString("5"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void el_digito_de_verificacion_sigue_los_pesos_de_la_dian() {
+        const struct {
+            const char* nit;
+            int digito;
+        } casos[] = {{"1", 8},         {"4", 1},         {"0", 0},         {"890903938", 8},
+                     {"860002964", 4}, {"800197268", 4}, {"899999063", 3}, {"830114921", 1}};
+        for (const auto& c : casos)
+            QCOMPARE(Tfdmter::dv(c.nit), c.digito);
+        QVERIFY_EXCEPTION_THROWN(Tfdmter::dv("12A"), ErrorDatos);
+    }
+
+    void una_persona_natural_lleva_nombres_y_una_juridica_los_pierde() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = nuevo();
+        auto& apellido = componente<EditorDato>(p, "EApellido1");
+        QVERIFY(!apellido.isEnabled());
+        escriba(p, "ENit", "79555444");
+        escoja_tipo(p, "C");
+        QCOMPARE(campo(p, "TERC_TIPOID").texto(), QString("C"));
+        QVERIFY(apellido.isEnabled());
+        escriba(p, "EApellido1", "Nuñez");
+        escriba(p, "ENombre1", "Ana");
+        escriba(p, "ENombre2", "Sofía");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        // El segundo apellido que falta deja sus dos blancos.
+        QCOMPARE(s.dato("select terc_nom from terceros where terc_nit = '79555444'"),
+                 QString("Nuñez  Ana Sofía"));
+
+        escriba(p, "ENit", "79555445");
+        escoja_tipo(p, "C");
+        for (const char* parte : {"EApellido1", "EApellido2", "ENombre1", "ENombre2"})
+            escriba(p, parte, "Algo");
+        escoja_tipo(p, "N");
+        for (const char* parte :
+             {"TERC_APELLIDO1", "TERC_APELLIDO2", "TERC_NOMBRE1", "TERC_NOMBRE2"})
+            QVERIFY2(campo(p, parte).nulo() || campo(p, parte).vacio(), parte);
+        QVERIFY(!apellido.isEnabled());
+    }
+
+    void escoger_el_tipo_lleva_al_primer_apellido() {
+        SesionGui s;
+        Pantalla* p = nuevo();
+        con_foco();
+        campo(p, "TERC_TIPOID") = "C";
+        QCOMPARE(con_foco()->objectName(), QString("EApellido1"));
+    }
+
+    void una_cuenta_se_valida_o_se_escoge_en_el_plan() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = nuevo();
+        escriba(p, "DBEdit9", "130505");
+        QCOMPARE(campo(p, "TERC_CTACLIENTE").texto(), QString("130505"));
+        i.espere("La cuenta es de nivel inferior al mínimo afectable.");
+        escriba(p, "DBEdit9", "1305");
+        QVERIFY(campo(p, "TERC_CTACLIENTE").vacio());
+        i.espere("La cuenta especificada no existe. Desea Crearla?", "No");
+        escriba(p, "DBEdit10", "220599");
+        QVERIFY(campo(p, "TERC_CTAPROV").vacio());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+
+        const auto en_plan = [](const QString& esperada, int tecla) {
+            return [=](QWidget* modal) {
+                auto* plan = modal->findChild<Pantalla*>("Tfcuentas");
+                auto& cuentas = componente<ConjuntoDatos>(plan, "CCuentas");
+                QCOMPARE(cuentas.FieldByName("CUEN_COD").texto(), esperada);
+                QVERIFY(!componente<QPushButton>(plan, "SBBorrar").isVisible());
+                QVERIFY(!componente<QPushButton>(plan, "SBNueva").isVisible());
+                QTest::keyClick(&componente<QWidget>(plan, "DBGridEh1"), Qt::Key(tecla));
+            };
+        };
+        i.espere_modal("Tfcuentas", en_plan("220505", Qt::Key_Return));
+        escriba(p, "DBEdit10", "?220505");
+        QCOMPARE(campo(p, "TERC_CTAPROV").texto(), QString("220505"));
+        i.espere_modal("Tfcuentas", en_plan("1", Qt::Key_Escape)); // sin posición
+        escriba(p, "DBEdit11", "?");
+        QVERIFY(campo(p, "TERC_CTAEMPL").vacio());
+        i.espere_modal("Tfcuentas", en_plan("220505", Qt::Key_Escape));
+        QTest::mouseDClick(&componente<EditorDato>(p, "DBEdit10"), Qt::LeftButton);
+        QCOMPARE(campo(p, "TERC_CTAPROV").texto(), QString("220505"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void llamada_para_un_nit_lo_devuelve_grabado_y_se_cierra() {
+        SesionGui s;
+        Interlocutor i;
+        s.ter.tercero_seleccion = "901777888";
+        Pantalla* p = nuevo();
+        QVERIFY(s.ter.tercero_seleccion.isEmpty());
+        QCOMPARE(campo(p, "TERC_NIT").texto(), QString("901777888"));
+        escriba(p, "ENombre", "Pedido S.A.S.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.ter.tercero_seleccion, QString("901777888"));
+
+        s.ter.tercero_seleccion = "901777999";
+        nuevo();
+        oprima(Qt::Key_Escape);
+        QVERIFY(s.ter.tercero_seleccion.isEmpty());
+        QCOMPARE(s.dato("select count(*) from terceros where terc_nit = '901777999'"),
+                 QString("0"));
+    }
+
+    void un_papel_que_falla_deja_al_tercero_grabado_sin_el() {
+        SesionGui s;
+        configure(s, "CODIGO DE GRUPO PROVEEDORES", "GRUPO MAS LARGO QUE SU COLUMNA");
+        Interlocutor i;
+        Pantalla* p = nuevo();
+        escriba(p, "ENit", "901222333");
+        escriba(p, "ENombre", "Medio Proveedor Ltda.");
+        marque(p, "CK_CLIE");
+        marque(p, "CK_PROV");
+        oprima(Qt::Key_F2);
+        QCOMPARE(i.vistos().size(), 1);
+        QVERIFY2(i.vistos()[0].startsWith("Se presento el siguiente error: "),
+                 qPrintable(i.vistos()[0]));
+        i.olvide();
+        QCOMPARE(s.dato("select count(*) from clientes where terc_nit = '901222333'"),
+                 QString("1"));
+        QCOMPARE(s.dato("select count(*) from proveedores where terc_nit = '901222333'"),
+                 QString("0"));
+        QCOMPARE(campo(p, "TERC_NIT").texto(), QString("901222333"));
+    }
+
+    void una_grabacion_rehusada_deja_lo_digitado() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = nuevo();
+        escriba(p, "ENit", "901444555");
+        escriba(p, "ENombre", "Gemelo S.A.");
+        // Otro usuario lo registra entre tanto.
+        s.base.ejecute({"insert into terceros (terc_nit, terc_nom) values ('901444555', 'Otro')"});
+        i.espere("Ya existe el registro en la tabla Tercero");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(campo(p, "TERC_NOM").texto(), QString("Gemelo S.A."));
+        QCOMPARE(s.dato("select terc_nom from terceros where terc_nit = '901444555'"),
+                 QString("Otro"));
+    }
+
+    // ------------------------------------------------------------ modificación
+
+    void modificar_un_nit_que_no_existe_lo_dice_y_no_abre() {
+        SesionGui s;
+        Interlocutor i;
+        i.espere("No se encontró el NIT seleccionado.");
+        QVERIFY(!modifique(s, "999"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.ter.tercero_seleccion.isEmpty());
+    }
+
+    void modificar_deja_usuario_agrega_los_papeles_que_faltan_y_no_quita_los_otros() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = modifique(s, "900123456"); // cliente
+        QVERIFY(p);
+        QVERIFY(componente<EditorDato>(p, "ENit").isReadOnly());
+        QVERIFY(componente<EditorDato>(p, "DBEdit8").isReadOnly());
+        const QString auditoria =
+            s.dato("select first 1 audi_fecha || '  ' || substring(audi_hora from 1 for 8) || '  ' "
+                   "|| audi_usuario from auditoria where tido_cod = 102 and audi_cod = "
+                   "'900123456' order by audi_fecha desc, audi_hora desc");
+        QVERIFY(auditoria.size() > 20);
+        QCOMPARE(componente<QLabel>(p, "LabAudit").text(), "Modificado: " + auditoria);
+        escriba(p, "ETel", "6017778899");
+        QCOMPARE(campo(p, "TERC_USUARIO").texto(), QString("ADMIN"));
+        marque(p, "CK_CLIE"); // deja de ser cliente
+        marque(p, "CK_PROV");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select terc_tel || terc_clie || terc_prov || terc_usuario from terceros "
+                        "where terc_nit = '900123456'"),
+                 QString("6017778899NSADMIN"));
+        QCOMPARE(s.dato("select count(*) from clientes where terc_nit = '900123456'"),
+                 QString("1"));
+        QCOMPARE(s.dato("select grpr_cod from proveedores where terc_nit = '900123456'"),
+                 QString("01"));
+        // Con la fila ya creada, volver a grabar no la repite.
+        p = modifique(s, "900123456");
+        escriba(p, "ETel", "1");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void una_persona_guardada_sin_partes_conserva_su_nombre() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = modifique(s, "52345678");
+        QVERIFY(componente<EditorDato>(p, "EApellido1").isEnabled());
+        escriba(p, "ETel", "3001234567");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select terc_nom || terc_tel from terceros where terc_nit = '52345678'"),
+                 QString("Peña Gómez María3001234567"));
+        p = modifique(s, "52345678");
+        escriba(p, "EApellido1", "Peña");
+        escriba(p, "EApellido2", "Gómez");
+        escriba(p, "ENombre1", "María");
+        escriba(p, "ENombre2", "Luz");
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select terc_nom from terceros where terc_nit = '52345678'"),
+                 QString("Peña Gómez María Luz"));
+    }
+
+    void grabar_un_cambio_pide_la_opcion_10_del_modulo_en_que_corre() {
+        SesionGui s("AUXILIAR");
+        Interlocutor i;
+        Pantalla* p = modifique(s, "800456789");
+        QVERIFY(!componente<QPushButton>(p, "SBGrabar").isEnabled());
+        escriba(p, "ETel", "5551234");
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
+        QVERIFY(s.dato("select terc_tel from terceros where terc_nit = '800456789'").isEmpty());
+        p->close();
+
+        s.dm.modulo = "C. X PAGAR"; // rige el permiso de CAJA
+        s.otorgue(10);
+        p = modifique(s, "800456789");
+        QVERIFY(!componente<QPushButton>(p, "SBGrabar").isEnabled());
+        p->close();
+        s.base.ejecute({"insert into acceso_usuario (user_cod, acus_modulo, acus_opcion, acus_si) "
+                        "values ('AUXILIAR', 'CAJA', 10, 'S')"});
+        p = modifique(s, "800456789");
+        QVERIFY(componente<QPushButton>(p, "SBGrabar").isEnabled());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void el_panel_de_exento_se_muestra_y_se_oculta() {
+        SesionGui s;
+        Pantalla* p = nuevo();
+        auto& panel = componente<QWidget>(p, "PExento");
+        QVERIFY(!panel.isVisible());
+        componente<QPushButton>(p, "SpeedButton7").click();
+        QVERIFY(panel.isVisible());
+        marque(p, "CK_EXENTO");
+        QCOMPARE(campo(p, "TERC_EXENTO").texto(), QString("S"));
+        componente<QPushButton>(p, "SpeedButton2").click();
+        QVERIFY(!panel.isVisible());
+    }
+
+    void una_ciudad_agregada_desde_la_ficha_se_puede_escoger_al_volver() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = nuevo();
+        componente<QPushButton>(p, "SpeedButton1").click();
+        Pantalla* ciudades = s.escritorio.abierta("Tfciudades");
+        QVERIFY(ciudades);
+        auto& c = componente<ConjuntoDatos>(ciudades, "CCiudades");
+        c.Append();
+        c.FieldByName("CIUD_COD") = "99999";
+        c.FieldByName("CIUD_NOM") = "Macondo";
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfciudades"));
+        campo(p, "CIUD_COD") = "99999";
+        QCOMPARE(campo(p, "TERC_CIU").texto(), QString("Macondo"));
+        QCOMPARE(componente<ListaDato>(p, "LCiudad").currentText(), QString("Macondo"));
+        componente<QPushButton>(p, "SpeedButton3").click();
+        QVERIFY(s.escritorio.abierta("Tfpaises"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void la_ficha_se_recorre_en_el_orden_en_que_se_lee() {
+        SesionGui s;
+        Pantalla* p = nuevo();
+        con_foco();
+        campo(p, "TERC_TIPOID") = "C";
+        componente<EditorDato>(p, "ENit").setFocus();
+        QStringList recorrido;
+        for (int paso = 0; paso < 14; ++paso) {
+            recorrido << con_foco()->objectName();
+            oprima(paso < 10 ? Qt::Key_Return : Qt::Key_Tab); // en un botón, Enter lo oprime
+        }
+        QCOMPARE(recorrido.join(' '),
+                 QString("ENit DBEdit8 EDvdian LTipoid EApellido1 EApellido2 ENombre1 ENombre2 "
+                         "ENombre CK_ESTADO EDir LCiudad SpeedButton1 LPais"));
+    }
+};
+
+QTEST_MAIN(PruebaTercerosFicha)
+#include "prueba_terceros_ficha.moc"

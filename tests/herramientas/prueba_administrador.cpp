@@ -1,0 +1,290 @@
+// La herramienta de administración, ejecutada como proceso.
+#include "apoyo/base_prueba.h"
+#include "apoyo/herramienta.h"
+#include "core/firebird/claves.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+QStringList en(const QString& ubicacion, QStringList orden) {
+    return orden << QStringLiteral("--ubicacion") << ubicacion;
+}
+
+} // namespace
+
+class PruebaAdministrador : public QObject {
+    Q_OBJECT
+private slots:
+    void una_instalacion_nueva_se_arma_paso_a_paso();
+    void cada_falla_se_dice_en_espanol_y_cambia_el_codigo();
+    void la_ayuda_nombra_todas_las_ordenes();
+    void un_respaldo_probado_devuelve_los_datos();
+    void un_respaldo_danado_no_toca_la_base();
+    void con_otra_sesion_abierta_no_se_actualiza_ni_restaura();
+    void verificar_encuentra_un_saldo_alterado_y_un_descuadre();
+    void la_clave_disfrazada_vuelve_a_ser_la_misma();
+};
+
+void PruebaAdministrador::una_instalacion_nueva_se_arma_paso_a_paso() {
+    QTemporaryDir carpeta;
+    const QString lugar = carpeta.filePath(QStringLiteral("instalacion"));
+    const QList<QStringList> pasos = {
+        {"crear-general"},
+        {"crear-compania", "--codigo", "002", "--nombre", "Frutas Ñame & Cía.", "--nit",
+         "900111222-5", "--ano-inicio", "2018", "--mes-inicio", "3"},
+        {"usuario-crear", "--codigo", "ana", "--nombre", "Ana Nariño", "--sucursal", "1"},
+        {"usuario-crear", "--codigo", "JEFE", "--nombre", "Jefe", "--administrador"},
+        {"conceder", "--codigo", "ANA", "--compania", "002", "30", "100-102"},
+        {"negar", "--codigo", "ANA", "--compania", "002", "101"},
+        {"conceder", "--codigo", "ANA", "--compania", "002", "--modulo", "CAJA", "5"},
+        {"configurar", "--compania", "002", "GENERAL", "GENERAL", "DURACION DE LAS BUSQUEDAS", "3"},
+        {"actualizar"},
+        {"compactar"},
+        {"verificar"},
+    };
+    for (const QStringList& paso : pasos) {
+        const auto r = administre(en(lugar, paso));
+        QVERIFY2(r.codigo == 0, qPrintable(paso.join(' ') + ": " + r.errores));
+    }
+    const Ubicacion u(lugar);
+    Conexion general, compania;
+    general.conectar({u.base_general(), QStringLiteral("ANA"), {}});
+    compania.conectar({u.base_compania(QStringLiteral("002")), QStringLiteral("ANA"), {}});
+    const auto de = [](Conexion& c, const char* sql) {
+        return c.consulte(QString::fromUtf8(sql)).texto();
+    };
+    QCOMPARE(de(general, "select com_nombre || '/' || comp_nit from compania where comp_cod ="
+                         " '002'"),
+             QStringLiteral("Frutas Ñame & Cía./900111222-5"));
+    QCOMPARE(de(general, "select list(usua_cod || usua_admin) from usuario"),
+             QStringLiteral("ANAN,JEFES"));
+    QCOMPARE(de(compania, "select user_anocnt || '/' || user_percnt || '/' || sucu_id from usuario"
+                          " where user_cod = 'ANA'"),
+             QStringLiteral("2018/0/1"));
+    QCOMPARE(de(compania, "select list(acus_opcion || acus_si) from (select acus_opcion, acus_si"
+                          " from acceso_usuario where acus_modulo = 'CONTABILIDAD' order by 1)"),
+             QStringLiteral("30S,100S,101N,102S"));
+    QCOMPARE(de(compania, "select acus_si from acceso_usuario where acus_modulo = 'CAJA'"),
+             QStringLiteral("S"));
+    for (const auto& [propiedad, valor] : {std::pair{"NOMBRE COMPAÑIA", "Frutas Ñame & Cía."},
+                                           {"AÑO DE INICIO", "2018"},
+                                           {"MES DE INICIO", "3"},
+                                           {"DURACION DE LAS BUSQUEDAS", "3"}})
+        QCOMPARE(compania
+                     .consulte(QStringLiteral("select conf_valor from configuracion where"
+                                              " conf_propiedad = ?"),
+                               {Valor(propiedad)})
+                     .texto(),
+                 QString::fromUtf8(valor));
+}
+
+void PruebaAdministrador::cada_falla_se_dice_en_espanol_y_cambia_el_codigo() {
+    BaseDePrueba b;
+    const QString malo = b.ruta() + QStringLiteral("/no/existe");
+    struct Caso {
+        QStringList orden;
+        QString lugar;
+        int codigo;
+        const char* texto;
+    };
+    const Caso casos[] = {
+        {{"respaldar", "--general"}, malo, 1, "No se encontró la base de datos"},
+        {{"respaldar", "--compania", "007"}, b.ruta(), 1, "La compañía 007 no está registrada."},
+        {{"actualizar", "--compania", "007"}, b.ruta(), 1, "La compañía 007 no está registrada."},
+        {{"crear-general"}, b.ruta(), 1, "Ya existe la base de datos"},
+        {{"crear-general"}, "/proc/quorvex", 1, "No se pudo crear la carpeta"},
+        {{"crear-compania", "--codigo", "01", "--nombre", "X"}, b.ruta(), 1, "son tres letras"},
+        {{"crear-compania", "--codigo", "001", "--nombre", "X"}, b.ruta(), 1, "Ya existe"},
+        {{"crear-compania", "--codigo", "003"}, b.ruta(), 2, "Falta la opción --nombre."},
+        {{"usuario-crear", "--codigo", "PEÑA", "--nombre", "X"}, b.ruta(), 1, "no es válido"},
+        {{"conceder", "--codigo", "NADIE", "--compania", "001", "1"},
+         b.ruta(),
+         1,
+         "El usuario NADIE no está registrado"},
+        {{"conceder", "--codigo", "ADMIN", "--compania", "001", "x"},
+         b.ruta(),
+         2,
+         "'x' no es un número de opción"},
+        {{"conceder", "--codigo", "ADMIN", "--compania", "001"},
+         b.ruta(),
+         2,
+         "Faltan las opciones."},
+        {{"configurar", "--compania", "001", "GENERAL", "GENERAL", "BUSQUEDAS", "1"},
+         b.ruta(),
+         1,
+         "DURACION DE LAS BUSQUEDAS"},
+        {{"configurar", "--compania", "001", "GENERAL", "GENERAL", "NOMBRE COMPAÑIA", "€ uros"},
+         b.ruta(),
+         1,
+         "El carácter '€'"},
+        {{"restaurar", "--compania", "001", "--archivo", "/no/hay.fbk"},
+         b.ruta(),
+         1,
+         "No se encontró el archivo de respaldo"},
+        {{"conexion", "--carpeta", "/no/hay"}, b.ruta(), 1, "No se pudo escribir"},
+        {{"respaldar", "--color"}, b.ruta(), 2, "No se conoce la opción --color."},
+        {{"bailar"}, b.ruta(), 2, "No se conoce la orden 'bailar'"},
+        {{"verificar"}, "127.0.0.1/1:/x", 1, "No hay un servidor Firebird atendiendo"},
+        {{"verificar"},
+         "equipo.que.no.existe.invalid/3050:/x",
+         1,
+         "No se encontró el equipo servidor equipo.que.no.existe.invalid"},
+    };
+    for (const Caso& c : casos) {
+        const auto r = administre(en(c.lugar, c.orden));
+        QVERIFY2(
+            r.codigo == c.codigo && r.errores.contains(QString::fromUtf8(c.texto)),
+            qPrintable(c.orden.join(' ') + QStringLiteral(" -> %1: ").arg(r.codigo) + r.errores));
+    }
+    const auto sin_lugar = administre({"crear-general"});
+    QCOMPARE(sin_lugar.codigo, 2);
+    QVERIFY(sin_lugar.errores.contains(QStringLiteral("Falta la opción --ubicacion.")));
+}
+
+void PruebaAdministrador::la_ayuda_nombra_todas_las_ordenes() {
+    const auto r = administre({"--help"});
+    QCOMPARE(r.codigo, 0);
+    for (const char* orden : {"crear-general", "crear-compania", "crear-demo", "usuario-crear",
+                              "conceder", "negar", "configurar", "respaldar", "restaurar",
+                              "actualizar", "verificar", "compactar", "clave", "conexion"}) {
+        QVERIFY2(r.salida.contains(QStringLiteral("quorvex-admin ") + QLatin1String(orden)), orden);
+        QCOMPARE(administre({QLatin1String(orden), "--help"}).codigo, 0);
+    }
+}
+
+void PruebaAdministrador::un_respaldo_probado_devuelve_los_datos() {
+    BaseDePrueba b;
+    const QString archivo = b.ruta() + QStringLiteral("/copia.fbk");
+    const auto respaldo =
+        administre(en(b.ruta(), {"respaldar", "--compania", "001", "--archivo", archivo}));
+    QVERIFY2(respaldo.codigo == 0, qPrintable(respaldo.errores));
+    QVERIFY(respaldo.salida.contains(QStringLiteral("probado")));
+    QVERIFY(QFile::exists(archivo));
+    {
+        Conexion c;
+        c.conectar(b.parametros());
+        c.ejecute(QStringLiteral("delete from centros"));
+        c.ejecute(QStringLiteral("update terceros set terc_nom = 'Otro'"));
+    }
+    const auto vuelta =
+        administre(en(b.ruta(), {"restaurar", "--compania", "001", "--archivo", archivo}));
+    QVERIFY2(vuelta.codigo == 0, qPrintable(vuelta.errores));
+    QCOMPARE(b.base().consulte(QStringLiteral("select count(*) from centros")).entero(), 4);
+    QCOMPARE(b.base()
+                 .consulte(QStringLiteral("select terc_nom from terceros where terc_nit ="
+                                          " '19876543'"))
+                 .texto(),
+             QStringLiteral("Ñáñez José"));
+    // Lo que había antes de restaurar queda al lado, por si el respaldo era el equivocado.
+    Conexion anterior;
+    anterior.conectar(
+        {b.ubicacion().base_compania(QStringLiteral("001")) + QStringLiteral(".anterior"),
+         QStringLiteral("ADMIN"),
+         {}});
+    QCOMPARE(anterior.consulte(QStringLiteral("select count(*) from centros")).entero(), 0);
+}
+
+void PruebaAdministrador::un_respaldo_danado_no_toca_la_base() {
+    BaseDePrueba b;
+    const QString archivo = b.ruta() + QStringLiteral("/copia.fbk");
+    QCOMPARE(
+        administre(en(b.ruta(), {"respaldar", "--compania", "001", "--archivo", archivo})).codigo,
+        0);
+    const qint64 entero = QFileInfo(archivo).size();
+    for (const qint64 tamano : {entero - 1000, entero / 2, qint64(5000), qint64(0)}) {
+        QVERIFY(QFile::resize(archivo, tamano));
+        const auto r =
+            administre(en(b.ruta(), {"restaurar", "--compania", "001", "--archivo", archivo}));
+        QCOMPARE(r.codigo, 1);
+        QVERIFY2(r.errores.contains(QStringLiteral("incompleto")), qPrintable(r.errores));
+    }
+    QCOMPARE(b.base().consulte(QStringLiteral("select count(*) from centros")).entero(), 4);
+    QCOMPARE(QDir(b.ruta() + QStringLiteral("/datos/001")).entryList(QDir::Files),
+             QStringList{QStringLiteral("quorvex.fdb")});
+}
+
+void PruebaAdministrador::con_otra_sesion_abierta_no_se_actualiza_ni_restaura() {
+    BaseDePrueba b;
+    const QString archivo = b.ruta() + QStringLiteral("/copia.fbk");
+    QCOMPARE(b.base().consulte(QStringLiteral("select count(*) from centros")).entero(), 4);
+    // Respaldar no estorba a quien trabaja.
+    QCOMPARE(
+        administre(en(b.ruta(), {"respaldar", "--compania", "001", "--archivo", archivo})).codigo,
+        0);
+    for (const QStringList& orden :
+         {QStringList{"actualizar"},
+          QStringList{"restaurar", "--compania", "001", "--archivo", archivo}}) {
+        const auto r = administre(en(b.ruta(), orden));
+        QCOMPARE(r.codigo, 1);
+        QVERIFY2(r.errores.contains(QStringLiteral("está en uso por ADMIN desde prueba_admin")),
+                 qPrintable(r.errores));
+    }
+    b.base().desconectar();
+    QCOMPARE(administre(en(b.ruta(), {"actualizar"})).codigo, 0);
+}
+
+void PruebaAdministrador::verificar_encuentra_un_saldo_alterado_y_un_descuadre() {
+    BaseDePrueba b;
+    const char* renglon = "insert into comprobante_detalle (enco_consec, code_item, cuen_cod,"
+                          " code_debito, code_credito) values (1, %1, '%2', %3, %4)";
+    b.ejecute(
+        {QStringLiteral("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref,"
+                        " enco_numero, enco_fecha) values (1, 'CG', '0001', '000001',"
+                        " '20170210')"),
+         QString::fromUtf8(renglon).arg(1).arg("110505").arg("100.50").arg("0"),
+         QString::fromUtf8(renglon).arg(2).arg("111005").arg("0").arg("100.50")});
+    QCOMPARE(administre(en(b.ruta(), {"verificar"})).codigo, 0);
+    const auto compactado = administre(en(b.ruta(), {"compactar"}));
+    QVERIFY2(compactado.salida.contains(QStringLiteral("2 diferencias")),
+             qPrintable(compactado.salida + compactado.errores));
+    QCOMPARE(administre(en(b.ruta(), {"verificar"})).codigo, 0);
+    b.ejecute({QStringLiteral("update saldos_cuenta set sald_debito = sald_debito + 1"
+                              " where cuen_cod = '110505'")});
+    const auto alterado = administre(en(b.ruta(), {"verificar"}));
+    QCOMPARE(alterado.codigo, 1);
+    QVERIFY2(alterado.salida.contains(QStringLiteral("saldo distinto")) &&
+                 alterado.salida.contains(QStringLiteral("110505")),
+             qPrintable(alterado.salida));
+    b.ejecute({QStringLiteral("update saldos_cuenta set sald_debito = sald_debito - 1"
+                              " where cuen_cod = '110505'"),
+               QStringLiteral("update comprobante_detalle set code_debito = 100 where"
+                              " code_item = 1")});
+    const auto descuadre = administre(en(b.ruta(), {"verificar"}));
+    QCOMPARE(descuadre.codigo, 1);
+    QVERIFY2(descuadre.salida.contains(QStringLiteral("descuadrado en el libro 2649")) &&
+                 !descuadre.salida.contains(QStringLiteral("saldo distinto")),
+             qPrintable(descuadre.salida));
+}
+
+void PruebaAdministrador::la_clave_disfrazada_vuelve_a_ser_la_misma() {
+    for (const QString& clave : {QString(), QStringLiteral("a"),
+                                 QStringLiteral("contraseña larga con €, \" y espacios")}) {
+        const QString disfrazada = ofusque_clave(clave);
+        QVERIFY(!disfrazada.isEmpty() && !disfrazada.contains(' '));
+        QVERIFY(clave.isEmpty() || !disfrazada.contains(clave));
+        QCOMPARE(aclare_clave(disfrazada), clave);
+    }
+    for (const QString& mala : {QString(), QStringLiteral("zz"), QStringLiteral("12"),
+                                QStringLiteral("tornillo"), ofusque_clave("clave").chopped(2)})
+        QVERIFY_EXCEPTION_THROWN(aclare_clave(mala), ErrorDatos);
+    QTemporaryDir carpeta;
+    const auto r = administre(en(carpeta.path(), {"clave", "--codigo", "ana", "--compania", "001",
+                                                  "--clave-usuario", "secreta"}));
+    QCOMPARE(r.codigo, 0);
+    const QStringList linea =
+        r.salida.section(QStringLiteral("PUENTES "), 1).simplified().split(' ');
+    QCOMPARE(linea.mid(0, 2), QStringList({"ANA", "001"}));
+    QCOMPARE(aclare_clave(linea.value(2)), QStringLiteral("secreta"));
+    QCOMPARE(administre(en(QStringLiteral("servidor/3053:/datos/quorvex"),
+                           {"conexion", "--carpeta", carpeta.path()}))
+                 .codigo,
+             0);
+    QFile cfg(carpeta.filePath(QStringLiteral("conexion.cfg")));
+    QVERIFY(cfg.open(QIODevice::ReadOnly));
+    QCOMPARE(cfg.readAll(), QByteArray("servidor/3053:/datos/quorvex\r\n"));
+}
+
+QTEST_GUILESS_MAIN(PruebaAdministrador)
+#include "prueba_administrador.moc"

@@ -1,0 +1,143 @@
+// La compañía de demostración es un libro creíble, cuadrado y repetible.
+#include "apoyo/base_prueba.h"
+#include "herramientas/administracion.h"
+#include "herramientas/demo_catalogos.h"
+#include "herramientas/demostracion.h"
+#include "herramientas/instalador.h"
+#include "herramientas/verificacion.h"
+
+#include <QTemporaryDir>
+
+namespace {
+
+/// Una instalación con la compañía de demostración recién generada.
+struct Demo {
+    explicit Demo(const OpcionesDemostracion& opciones) {
+        general.cree_base(desechable(carpeta.filePath("general.fdb")), 1000);
+        Instalador(general).instale(TipoBase::General);
+        compania.cree_base(desechable(carpeta.filePath("quorvex.fdb")), 4000);
+        Instalador(compania).instale(TipoBase::Compania);
+        resultado = genere_demostracion(general, compania, opciones);
+    }
+    qint64 n(const char* sql) { return compania.consulte(QString::fromUtf8(sql)).entero(); }
+
+    QTemporaryDir carpeta;
+    Conexion general, compania;
+    ResultadoDemostracion resultado;
+};
+
+/// Todo lo que distingue un libro de otro, en un renglón.
+QString resumen(Demo& d) {
+    return d.compania
+        .consulte(QStringLiteral("select count(*) || '/' || sum(code_debito) || '/' ||"
+                                 " sum(code_item * code_credito) || '/' || max(terc_nit)"
+                                 " from comprobante_detalle"))
+        .texto();
+}
+
+} // namespace
+
+class PruebaDemostracion : public QObject {
+    Q_OBJECT
+private slots:
+    void un_ano_normal_es_un_libro_completo();
+    void la_misma_semilla_da_el_mismo_libro();
+    void el_digito_de_verificacion_sigue_la_regla();
+};
+
+void PruebaDemostracion::un_ano_normal_es_un_libro_completo() {
+    Demo d({});
+    QVERIFY2(d.resultado.comprobantes > 1800 && d.resultado.comprobantes < 2300,
+             qPrintable(QString::number(d.resultado.comprobantes)));
+    QCOMPARE(d.n("select count(*) from comprobante_encabezado"), d.resultado.comprobantes);
+    QCOMPARE(d.n("select count(*) from comprobante_detalle"), d.resultado.renglones);
+    QCOMPARE(d.n("select count(*) from comprobante_detalle_niif"), d.resultado.renglones_niif);
+    const qint64 terceros = d.n("select count(*) from terceros");
+    QVERIFY(terceros >= 55 && terceros <= 70);
+    QCOMPARE(d.n("select count(*) from proyectos"), 4);
+    QVERIFY(d.n("select count(*) from cuentas") > 2527);
+    QCOMPARE(d.n("select count(*) from cuentas_niif"), d.n("select count(*) from cuentas"));
+
+    // Los saldos coinciden con los renglones antes y después de compactar, y todo cuadra.
+    QCOMPARE(verifique_compania(d.compania), QStringList());
+    QVERIFY(compacte_saldos(d.compania) > 0);
+    QCOMPARE(verifique_compania(d.compania), QStringList());
+    for (const char* tabla : {"saldos_iniciales", "saldos_iniciales_niif"})
+        QCOMPARE(d.compania
+                     .consulte(QStringLiteral("select sum(sain_debito) - sum(sain_credito) from ") +
+                               QLatin1String(tabla))
+                     .moneda(),
+                 Moneda());
+
+    // Cada renglón cumple lo que su cuenta exige, en los dos libros.
+    for (const char* libro : {"", "_niif"}) {
+        const auto faltan = [&](const char* condicion) {
+            return d.compania
+                .consulte(QStringLiteral("select count(*) from comprobante_detalle%1 d"
+                                         " join cuentas%1 c on c.cuen_cod = d.cuen_cod where %2")
+                              .arg(QLatin1String(libro), QLatin1String(condicion)))
+                .entero();
+        };
+        QCOMPARE(faltan("c.cuen_afectable <> 'S' or c.cuen_activa <> 'S'"), 0);
+        QCOMPARE(faltan("c.cuen_tercero = 'S' and d.terc_nit is null"), 0);
+        QCOMPARE(faltan("c.cuen_centro = 'S' and d.cent_cod is null"), 0);
+        QCOMPARE(faltan("c.cuen_tipo = 'I' and d.arti_cod is null"), 0);
+        QCOMPARE(faltan("d.code_debito < 0 or d.code_credito < 0 or (d.code_debito <> 0 and"
+                        " d.code_credito <> 0) or (d.code_debito = 0 and d.code_credito = 0)"),
+                 0);
+    }
+    // El libro NIIF no es una copia: deprecia y deteriora con otras cifras.
+    QVERIFY(
+        d.n("select count(*) from comprobante_detalle a join comprobante_detalle_niif b on"
+            " b.enco_consec = a.enco_consec and b.code_item = a.code_item where a.code_debito <>"
+            " b.code_debito") >= 24);
+    // Cada mes se mueve, y el 13 también.
+    QCOMPARE(d.n("select count(distinct substring(enco_fecha from 5 for 2)) from"
+                 " comprobante_encabezado where enco_fecha starting '2017'"),
+             13);
+    // Ni caja, ni bancos, ni mercancía quedan en rojo al final.
+    QCOMPARE(
+        d.n("select count(*) from saldos_articulo where cuen_cod in ('110505', '11100501',"
+            " '143505') group by cuen_cod, arti_cod having sum(sald_debito - sald_credito) < 0"),
+        0);
+    // El contador de cada prefijo ofrece el número siguiente al último usado.
+    QCOMPARE(d.n("select count(*) from prefijos_conta p where exists (select 1 from"
+                 " comprobante_encabezado e where e.tico_cod = p.tico_cod and e.prco_pref ="
+                 " p.prco_pref) and cast(pref_numero as integer) <> (select max(cast(enco_numero as"
+                 " integer)) + 1 from comprobante_encabezado e where e.tico_cod = p.tico_cod and"
+                 " e.prco_pref = p.prco_pref)"),
+             0);
+    // Usuarios: el auxiliar tiene opciones concedidas y otras negadas.
+    QCOMPARE(d.general.consulte("select usua_admin from usuario where usua_cod = 'ADMIN'").texto(),
+             QStringLiteral("S"));
+    QCOMPARE(
+        d.n("select count(*) from acceso_usuario where user_cod = 'AUXILIAR' and acus_si = 'N'"),
+        opciones_negadas_demo().size());
+    QVERIFY(
+        d.n("select count(*) from acceso_usuario where user_cod = 'AUXILIAR' and acus_si = 'S'") >
+        30);
+}
+
+void PruebaDemostracion::la_misma_semilla_da_el_mismo_libro() {
+    OpcionesDemostracion opciones;
+    opciones.renglones = 4500;
+    Demo uno(opciones), dos(opciones);
+    QVERIFY(uno.resultado.renglones >= 4500 && uno.resultado.renglones < 5200);
+    QCOMPARE(resumen(uno), resumen(dos));
+    opciones.semilla = 7;
+    Demo otra(opciones);
+    QVERIFY(resumen(otra) != resumen(uno));
+    QCOMPARE(verifique_compania(otra.compania), QStringList());
+}
+
+void PruebaDemostracion::el_digito_de_verificacion_sigue_la_regla() {
+    // Los tres primeros son números públicos conocidos; los demás, los restos que no se restan.
+    const std::pair<const char*, int> casos[] = {
+        {"800197268", 4}, {"899999061", 9}, {"860002964", 4}, {"0", 0},
+        {"4", 1},         {"7", 1},         {"1", 8}};
+    for (const auto& [nit, digito] : casos)
+        QCOMPARE(digito_de(QLatin1String(nit)), digito);
+}
+
+QTEST_GUILESS_MAIN(PruebaDemostracion)
+#include "prueba_demostracion.moc"

@@ -1,0 +1,280 @@
+// Portapapeles, menú emergente, archivos e impresión de la rejilla.
+#include "rejilla_de_prueba.h"
+
+#include "apoyo_gui/interlocutor.h"
+#include "toolkit/exportacion/exportacion.h"
+#include "toolkit/rejilla/tabla_rejilla.h"
+#include "toolkit/rejilla/texto_tabulado.h"
+
+#include <QClipboard>
+#include <QFileDialog>
+#include <QMenu>
+#include <QPrintPreviewWidget>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+QString portapapeles() {
+    return QApplication::clipboard()->text();
+}
+
+void ponga(const QString& texto) {
+    QApplication::clipboard()->setText(texto);
+}
+
+QString lea(const QString& ruta) {
+    QFile f(ruta);
+    return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+}
+
+} // namespace
+
+class PruebaRejillaSalida : public QObject {
+    Q_OBJECT
+private slots:
+    void el_texto_tabulado_va_y_vuelve() {
+        const TextoTabulado tabla{{"1105", "a\tb", "\"", ""},
+                                  {"dos\nlíneas", "\"con\" comillas", "x", "\"y\""}};
+        QCOMPARE(lea_tabulado(escriba_tabulado(tabla)), tabla);
+        // Lo que pone una hoja de cálculo, y la marca de repetición sin pareja.
+        QCOMPARE(lea_tabulado("1\t\"a\"\"b\"\r\n\"\t3\r\n"),
+                 TextoTabulado({{"1", "a\"b"}, {"\"", "3"}}));
+        QCOMPARE(lea_tabulado("\"sin cerrar\t2"), TextoTabulado({{"\"sin cerrar", "2"}}));
+        QCOMPARE(lea_tabulado("a\n\nb"), TextoTabulado({{"a"}, {""}, {"b"}}));
+        QVERIFY(lea_tabulado("").isEmpty());
+    }
+
+    void copiar_lleva_lo_seleccionado_y_seleccionar_no_mueve_el_cursor() {
+        RejillaDePrueba p;
+        p.rejilla->columna(p.Categoria).Visible = false;
+        p.rejilla->SelectedIndex(p.Concepto);
+        p.tecla(Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(portapapeles(), QString("Renglón 1"));
+        QVERIFY(!p.rejilla->tiene_seleccion());
+        p.tecla(Qt::Key_Down, Qt::ShiftModifier);
+        p.tecla(Qt::Key_Right, Qt::ShiftModifier);
+        QVERIFY(p.rejilla->tiene_seleccion());
+        QCOMPARE(p.detalle->RecNo(), 0);
+        p.tecla(Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(portapapeles(), QString("Renglón 1\t100\nRenglón 2\t200"));
+        // Con selección, Enter no es Tab: solo la quita.
+        p.tecla(Qt::Key_Return);
+        QVERIFY(!p.rejilla->tiene_seleccion());
+        QCOMPARE(p.rejilla->SelectedIndex(), int(p.Concepto));
+        p.rejilla->seleccione_todo();
+        p.rejilla->copie();
+        QCOMPARE(portapapeles().split('\n').size(), 3);
+        QTest::mousePress(p.rejilla->viewport(), Qt::LeftButton, {}, p.centro(0, p.Cuenta));
+        QTest::mouseMove(p.rejilla->viewport(), p.centro(1, p.Concepto));
+        QMouseEvent arrastre(QEvent::MouseMove, p.centro(1, p.Concepto),
+                             p.rejilla->viewport()->mapToGlobal(p.centro(1, p.Concepto)),
+                             Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(p.rejilla->viewport(), &arrastre);
+        QTest::mouseRelease(p.rejilla->viewport(), Qt::LeftButton, {}, p.centro(1, p.Concepto));
+        p.rejilla->copie();
+        QCOMPARE(portapapeles(), QString("110501\tRenglón 1\n110502\tRenglón 2"));
+    }
+
+    void pegar_pasa_por_las_reglas_y_agrega_las_filas_que_falten() {
+        RejillaDePrueba p;
+        int cambios = 0;
+        p.detalle->FieldByName("CUEN_COD").OnChange = [&](Campo&) { ++cambios; };
+        p.detalle->vaya_a(2);
+        p.rejilla->SelectedIndex(p.Cuenta);
+        ponga("5105\tSueldos\tViajes\t1,250.50\t\ts\r\n5195\tÚtiles\tVAR\t20\t0\tno\r\n");
+        p.tecla(Qt::Key_V, Qt::ControlModifier);
+        QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
+        QCOMPARE(cambios, 2);
+        QCOMPARE(p.detalle->RecordCount(), 4);
+        QCOMPARE(p.en(2, "CUEN_COD"), QString("5105"));
+        QCOMPARE(p.en(2, "CONC_COD"), QString("VIA"));
+        QCOMPARE(p.en(2, "CODE_DEBITO"), QString("1250.5"));
+        QCOMPARE(p.en(2, "CODE_DESCONTABLE"), QString("S"));
+        QCOMPARE(p.en(3, "CODE_CONCEPTO"), QString("Útiles"));
+        QCOMPARE(p.en(3, "CONC_COD"), QString("VAR"));
+        QCOMPARE(p.en(3, "CODE_DESCONTABLE"), QString("N"));
+        QCOMPARE(p.detalle->State(), Estado::Insercion); // la última queda por grabar
+        QCOMPARE(p.rejilla->suma(p.Debito), Moneda::de_texto("1570.5"));
+    }
+
+    void pegar_se_detiene_en_la_linea_que_se_rehusa_y_salta_las_vacias() {
+        RejillaDePrueba p(0);
+        ponga("1105\ta\t\t10\n\tsin cuenta\n2205\tb\t\t0\n2335\tc\t\t30");
+        p.rejilla->pegue();
+        // La segunda línea no tiene cuenta: se cancela sola. La tercera no tiene valor.
+        QCOMPARE(p.fallas,
+                 QStringList{"Línea 4 de lo pegado: Debe indicar un valor para el movimiento."});
+        QCOMPARE(p.detalle->RecordCount(), 2);
+        QCOMPARE(p.en(1, "CUEN_COD"), QString("2205"));
+        QVERIFY(p.detalle->editando());
+        p.fallas.clear();
+        p.detalle->Cancel();
+        p.rejilla->columna(p.Cuenta).ReadOnly = true; // una columna cerrada no se pega
+        p.detalle->First();
+        p.rejilla->SelectedIndex(p.Cuenta);
+        ponga("9999\tnuevo\t\tx1");
+        p.rejilla->pegue();
+        QCOMPARE(p.detalle->FieldByName("CUEN_COD").texto(), QString("1105"));
+        QCOMPARE(p.detalle->FieldByName("CODE_CONCEPTO").texto(), QString("nuevo"));
+        QCOMPARE(p.fallas, QStringList{"'x1' no es un número para el campo CODE_DEBITO."});
+    }
+
+    void cortar_y_borrar_vacian_celdas_y_las_filas_enteras_se_preguntan() {
+        RejillaDePrueba p;
+        Interlocutor i;
+        p.rejilla->SelectedIndex(p.Concepto);
+        p.tecla(Qt::Key_Down, Qt::ShiftModifier);
+        p.tecla(Qt::Key_X, Qt::ControlModifier);
+        QCOMPARE(portapapeles(), QString("Renglón 1\nRenglón 2"));
+        QVERIFY(p.detalle->valor_en(0, p.detalle->FieldByName("CODE_CONCEPTO")).nulo());
+        QVERIFY(p.detalle->valor_en(1, p.detalle->FieldByName("CODE_CONCEPTO")).nulo());
+        QCOMPARE(p.detalle->RecordCount(), 3);
+        QCOMPARE(p.detalle->RecNo(), 0);
+        p.rejilla->SelectedIndex(p.Cuenta);
+        p.tecla(Qt::Key_End, Qt::ShiftModifier);
+        p.tecla(Qt::Key_Down, Qt::ShiftModifier);
+        i.espere("Desea borrar las 2 filas seleccionadas?", "No");
+        p.tecla(Qt::Key_Delete);
+        QCOMPARE(p.detalle->RecordCount(), 3);
+        i.espere("Desea borrar las 2 filas seleccionadas?", QStringLiteral("Sí"));
+        p.tecla(Qt::Key_Delete);
+        QCOMPARE(p.detalle->RecordCount(), 1);
+        QCOMPARE(p.en(0, "CUEN_COD"), QString("110503"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void el_menu_ofrece_lo_que_la_rejilla_permite() {
+        RejillaDePrueba p;
+        QMenu* menu =
+            p.rejilla->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar,
+                                       Rejilla::Borrar, Rejilla::SeleccionarTodo, Rejilla::Imprimir,
+                                       Rejilla::VistaPreliminar, Rejilla::Guardar});
+        const auto estado = [&] {
+            emit menu->aboutToShow();
+            QStringList activas;
+            for (const QAction* a : menu->actions())
+                if (!a->isSeparator() && a->isEnabled())
+                    activas << a->text();
+            return activas.join('|');
+        };
+        ponga("x");
+        QCOMPARE(estado(), QString("Cor&tar|&Copiar|&Pegar|&Borrar|Se&lecccionar todo|&Imprimir|"
+                                   "&Vista preliminar|&Guardar selección"));
+        p.rejilla->ReadOnly = true;
+        QCOMPARE(estado(), QString("&Copiar|Se&lecccionar todo|&Imprimir|&Vista preliminar|"
+                                   "&Guardar selección"));
+        p.rejilla->ReadOnly = false;
+        while (!p.detalle->IsEmpty())
+            p.detalle->Delete();
+        QCOMPARE(estado(), QString("&Pegar"));
+        // La pantalla reemplaza una opción; la tecla corre lo mismo que el menú.
+        int propias = 0;
+        p.rejilla->al_ordenar(Rejilla::Pegar, [&] { ++propias; });
+        p.tecla(Qt::Key_V, Qt::ControlModifier);
+        menu->actions()[2]->trigger();
+        QCOMPARE(propias, 2);
+        QVERIFY(p.detalle->IsEmpty());
+        // Clic derecho fuera de la selección mueve la celda antes de abrir el menú.
+        ponga("1105");
+        p.rejilla->pegue();
+        p.detalle->Cancel();
+        QContextMenuEvent clic(QContextMenuEvent::Mouse, {5, 5}, {5, 5});
+        QApplication::sendEvent(p.rejilla->viewport(), &clic);
+        QVERIFY(menu->isVisible());
+        menu->close();
+    }
+
+    void guardar_exporta_las_columnas_visibles_con_su_extension() {
+        QTemporaryDir carpeta;
+        RejillaDePrueba p;
+        p.rejilla->nombre_archivo = "CompConta";
+        p.rejilla->columna(p.Categoria).Visible = false;
+        Interlocutor i;
+        const auto guarde = [&](const QString& filtro, const QString& nombre) {
+            i.espere_modal("guardar_seleccion", [=, &carpeta](QWidget* w) {
+                auto* d = qobject_cast<QFileDialog*>(w);
+                auto* caja = d->findChild<QLineEdit*>("fileNameEdit");
+                if (nombre.isEmpty() && caja->text() != "CompConta")
+                    qCritical() << "nombre propuesto" << caja->text();
+                d->selectNameFilter(filtro);
+                caja->setText(carpeta.filePath(nombre.isEmpty() ? "CompConta" : nombre));
+                QTest::keyClick(d->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+            });
+            p.rejilla->ejecute_orden(Rejilla::Guardar);
+        };
+        guarde("Comma separated values (*.csv)", "");
+        const QString csv = lea(carpeta.filePath("CompConta.csv"));
+        QVERIFY2(csv.contains(QStringLiteral("Código,Concepto,Débito,Crédito,Desc.")),
+                 qPrintable(csv));
+        QVERIFY(csv.contains(QStringLiteral("110502,Renglón 2,200.00,,S")));
+        // El archivo que ya existe se pregunta con su nombre final.
+        i.espere_modal("guardar_seleccion", [&carpeta](QWidget* w) {
+            auto* d = qobject_cast<QFileDialog*>(w);
+            d->selectNameFilter("Comma separated values (*.csv)");
+            d->findChild<QLineEdit*>("fileNameEdit")->setText(carpeta.filePath("CompConta"));
+            QTest::keyClick(d->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        });
+        i.espere(QString("El archivo %1 ya existe. Desea reemplazarlo?")
+                     .arg(carpeta.filePath("CompConta.csv")),
+                 "No");
+        p.detalle->Delete();
+        p.rejilla->guarde_seleccion();
+        QCOMPARE(lea(carpeta.filePath("CompConta.csv")), csv);
+        guarde("Microsoft Excel Workbook (*.xls)", "datosxls");
+        QVERIFY(
+            QFile::exists(carpeta.filePath("datosxls"))); // la regla mira las tres últimas letras
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
+    }
+
+    void la_tabla_entrega_valores_con_su_tipo_y_las_sumas() {
+        RejillaDePrueba p;
+        p.detalle->Edit();
+        p.detalle->FieldByName("CONC_COD").asigne("OFI");
+        p.detalle->Post();
+        TablaRejilla tabla(*p.rejilla);
+        QCOMPARE(tabla.columnas(), 6);
+        QCOMPARE(tabla.columna(p.Cuenta).tipo, TipoExportable::Texto);
+        QCOMPARE(tabla.columna(p.Debito).tipo, TipoExportable::Moneda);
+        QCOMPARE(tabla.columna(p.Debito).decimales, 2);
+        QCOMPARE(tabla.columna(p.Descontable).tipo, TipoExportable::Casilla);
+        for (int pasada = 0; pasada < 2; ++pasada) {
+            tabla.inicie();
+            QVERIFY(tabla.siguiente());
+            QCOMPARE(std::get<QString>(tabla.valor(p.Cuenta)), QString("110501"));
+            QCOMPARE(std::get<QString>(tabla.valor(p.Categoria)), QString("Oficina"));
+            QCOMPARE(std::get<Moneda>(tabla.valor(p.Debito)), Moneda(100));
+            QCOMPARE(tabla.texto(p.Debito), QString("100.00"));
+            QVERIFY(std::get<bool>(tabla.valor(p.Descontable)));
+            QVERIFY(std::holds_alternative<std::monostate>(tabla.valor(p.Credito)));
+            QVERIFY(tabla.siguiente());
+            QVERIFY(tabla.siguiente());
+            QVERIFY(!tabla.siguiente());
+        }
+        QVERIFY(tabla.tiene_pie());
+        QCOMPARE(std::get<Moneda>(tabla.pie(p.Debito)), Moneda(600));
+        QCOMPARE(tabla.texto_pie(p.Debito), QString("600.00"));
+        QCOMPARE(p.detalle->RecNo(), 0); // recorrerla no mueve el cursor
+    }
+
+    void la_vista_preliminar_imprime_la_rejilla() {
+        RejillaDePrueba p(120);
+        p.rejilla->titulo_impreso = QStringLiteral("Comprobante a %[Today]");
+        Interlocutor i;
+        int paginas = 0;
+        i.espere_modal("vista_preliminar", [&](QWidget* w) {
+            auto* vista = w->findChild<QPrintPreviewWidget*>();
+            vista->updatePreview();
+            paginas = vista->pageCount();
+            w->close();
+        });
+        p.rejilla->ejecute_orden(Rejilla::VistaPreliminar);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
+        QVERIFY(paginas >= 2);
+    }
+};
+
+QTEST_MAIN(PruebaRejillaSalida)
+#include "prueba_rejilla_salida.moc"

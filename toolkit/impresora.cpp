@@ -1,0 +1,39 @@
+#include "toolkit/impresora.h"
+
+#include <QPageLayout>
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace {
+struct Escogida {
+    bool hay = false;
+    QString nombre, archivo;
+    QPageLayout hoja;
+    QPrinter::ColorMode color = QPrinter::Color;
+};
+Escogida escogida_;
+} // namespace
+
+void configure_impresora(QWidget* ventana) {
+    QPrinter impresora;
+    prepare_impresora(impresora);
+    QPrintDialog dialogo(&impresora, ventana);
+    dialogo.setObjectName(QStringLiteral("ConfigurarImpresora"));
+    dialogo.setWindowTitle(QStringLiteral("Configurar impresora"));
+    // Aquí no se imprime nada: sobran el rango y la selección.
+    dialogo.setOptions(QAbstractPrintDialog::PrintToFile);
+    if (dialogo.exec() == QDialog::Accepted)
+        escogida_ = {true, impresora.printerName(), impresora.outputFileName(),
+                     impresora.pageLayout(), impresora.colorMode()};
+}
+
+void prepare_impresora(QPrinter& impresora) {
+    if (!escogida_.hay)
+        return;
+    if (!escogida_.nombre.isEmpty())
+        impresora.setPrinterName(escogida_.nombre);
+    if (!escogida_.archivo.isEmpty())
+        impresora.setOutputFileName(escogida_.archivo);
+    impresora.setPageLayout(escogida_.hoja);
+    impresora.setColorMode(escogida_.color);
+}
