@@ -1,0 +1,223 @@
+// El orden de la casa: flechas entre pisos, dinero exacto, literales SQL entre comillas seguras,
+// restos, anchos de línea y palabras que el producto no dice.
+#include <QDirIterator>
+#include <QRegularExpression>
+
+namespace {
+
+struct Archivo {
+    QString ruta; ///< relativa al proyecto
+    QStringList renglones;
+
+    QString piso() const {
+        const QString carpeta = ruta.section('/', 0, -2);
+        for (const char* p : {"core/firebird", "core/recordset"})
+            if (carpeta == QLatin1String(p))
+                return carpeta;
+        return ruta.section('/', 0, 0);
+    }
+    bool es_codigo() const { return ruta.endsWith(".cpp") || ruta.endsWith(".h"); }
+};
+
+const QStringList kPisosCodigo{"core",      "toolkit",  "catalogues", "vouchers", "ledger",
+                               "reports",   "tax",      "posting",    "niif",     "assets",
+                               "periodend", "budget",   "exchange",   "app",      "herramientas",
+                               "bench",     "database", "tests"};
+
+QVector<Archivo> archivos() {
+    static const QVector<Archivo> todos = [] {
+        QVector<Archivo> lista;
+        const QDir raiz(qEnvironmentVariable("QUORVEX_PROYECTO"));
+        const auto lea = [&](const QString& ruta) {
+            QFile f(ruta);
+            if (f.open(QIODevice::ReadOnly))
+                lista.append(
+                    {raiz.relativeFilePath(ruta), QString::fromUtf8(f.readAll()).split('\n')});
+        };
+        for (const QString& piso : kPisosCodigo)
+            for (QDirIterator i(raiz.filePath(piso), QDir::Files, QDirIterator::Subdirectories);
+                 i.hasNext();) {
+                const QString ruta = i.next();
+                static const QRegularExpression texto("\\.(cpp|h|sql|sh|md|txt|xml|tsv)$");
+                if (texto.match(ruta).hasMatch())
+                    lea(ruta);
+            }
+        for (const char* suelto : {"CMakeLists.txt", "README.md", "ejecutar", "probar",
+                                   "paquetes.txt", "cmake/pisos.cmake"})
+            lea(raiz.filePath(suelto));
+        return lista;
+    }();
+    return todos;
+}
+
+/// El renglón sin su comentario final ni el contenido de sus literales.
+QString sin_textos(QString renglon) {
+    static const QRegularExpression literal("\"(\\\\.|[^\"\\\\])*\"");
+    renglon.replace(literal, "\"\"");
+    return renglon.section("//", 0, 0);
+}
+
+/// Recorre los renglones y reúne los que la regla encuentra mal.
+template <class Cuales, class Regla> QStringList faltas(Cuales cuales, Regla regla) {
+    QStringList lista;
+    for (const Archivo& a : archivos())
+        if (cuales(a))
+            for (int n = 0; n < a.renglones.size(); ++n)
+                if (regla(a, a.renglones[n]))
+                    lista << QString("%1:%2: %3")
+                                 .arg(a.ruta)
+                                 .arg(n + 1)
+                                 .arg(a.renglones[n].trimmed());
+    return lista;
+}
+
+bool siempre(const Archivo&) {
+    return true;
+}
+bool codigo(const Archivo& a) {
+    return a.es_codigo();
+}
+bool producto(const Archivo& a) {
+    return a.es_codigo() && a.piso() != "tests";
+}
+
+} // namespace
+
+#define SIN_FALTAS(lista)                                                                          \
+    do {                                                                                           \
+        const QStringList f = (lista);                                                             \
+        QVERIFY2(f.isEmpty(), qPrintable('\n' + f.join('\n')));                                    \
+    } while (false)
+
+class PruebaOrden : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { QVERIFY(archivos().size() > 100); }
+
+    void ningun_piso_incluye_a_uno_de_arriba();
+    void solo_el_piso_de_firebird_conoce_al_cliente();
+    void el_dinero_no_pasa_por_punto_flotante();
+    void ningun_literal_sql_se_pega_sin_comillas_seguras();
+    void no_quedan_restos();
+    void los_renglones_caben_en_cien_columnas();
+    void el_producto_habla_solo_de_si_mismo();
+    void cada_archivo_tiene_quien_lo_use();
+};
+
+void PruebaOrden::ningun_piso_incluye_a_uno_de_arriba() {
+    // Un piso solo mira hacia abajo. Los de la misma altura se encuentran por el núcleo.
+    const QStringList subsistemas{"vouchers", "ledger", "reports", "tax",       "posting",
+                                  "niif",     "assets", "budget",  "periodend", "exchange"};
+    QMap<QString, QStringList> abajo{
+        {"core/firebird", {}},
+        {"core/recordset", {"core/firebird"}},
+        {"toolkit", {"core/recordset", "core/firebird"}},
+        {"core", {"toolkit", "core/recordset", "core/firebird"}},
+        {"catalogues", {"core", "toolkit", "core/recordset", "core/firebird"}},
+        {"herramientas", {"core/firebird"}},
+    };
+    for (const QString& s : subsistemas)
+        abajo[s] = QStringList{"catalogues"} + abajo["catalogues"];
+    abajo["app"] = subsistemas + abajo["vouchers"];
+    SIN_FALTAS(faltas([&](const Archivo& a) { return producto(a) && abajo.contains(a.piso()); },
+                      [&](const Archivo& a, const QString& renglon) {
+                          static const QRegularExpression incluye(
+                              "^#include \"([a-z_/]+)/[^/\"]+\"");
+                          const auto m = incluye.match(renglon);
+                          if (!m.hasMatch())
+                              return false;
+                          QString piso = m.captured(1);
+                          if (piso != "core/firebird" && piso != "core/recordset")
+                              piso = piso.section('/', 0, 0);
+                          return piso != a.piso() && !abajo[a.piso()].contains(piso);
+                      }));
+}
+
+void PruebaOrden::solo_el_piso_de_firebird_conoce_al_cliente() {
+    SIN_FALTAS(faltas([](const Archivo& a) { return codigo(a) && a.piso() != "core/firebird"; },
+                      [](const Archivo&, const QString& r) {
+                          return r.contains("#include <firebird/") ||
+                                 r.contains("#include <ibase.h>");
+                      }));
+}
+
+void PruebaOrden::el_dinero_no_pasa_por_punto_flotante() {
+    static const QRegularExpression flotante("\\b(double|float|qreal|toDouble|toFloat)\\b");
+    // El dibujo del marco principal mide píxeles; la base decodifica columnas flotantes ajenas.
+    const QStringList dibujo{"app/marca.cpp", "app/marca.h", "app/tfacercade.cpp"};
+    SIN_FALTAS(faltas(
+        [&](const Archivo& a) {
+            return producto(a) && a.piso() != "toolkit" && a.piso() != "bench" &&
+                   !dibujo.contains(a.ruta);
+        },
+        [](const Archivo& a, const QString& r) {
+            const QString texto = sin_textos(r);
+            return flotante.match(texto).hasMatch() &&
+                   !(a.piso() == "core/firebird" && a.ruta.endsWith("valor.cpp"));
+        }));
+}
+
+void PruebaOrden::ningun_literal_sql_se_pega_sin_comillas_seguras() {
+    // Una comilla sencilla abierta al final o cerrada al comienzo de un literal pegado con + es un
+    // texto que nadie dobló: debe pasar por QuotedStr.
+    static const QRegularExpression abierta("'\" *\\+"), cerrada("\\+ *\"'"),
+        plantilla("(?i)\"[^\"]*(select|update|delete|insert)[^\"]*'%[0-9]'");
+    SIN_FALTAS(faltas(producto, [](const Archivo&, const QString& r) {
+        return abierta.match(r).hasMatch() || cerrada.match(r).hasMatch() ||
+               plantilla.match(r).hasMatch();
+    }));
+}
+
+void PruebaOrden::no_quedan_restos() {
+    // Partidas para que este archivo no se acuse a sí mismo.
+    static const QRegularExpression resto(QString("\\b(TO") + "DO|FIX" + "ME|XX" + "X|HA" +
+                                          "CK)\\b|por ha" + "cer:|QSK" + "IP\\(|QVERIFY\\(tr" +
+                                          "ue\\)|qDe" + "bug\\(|std::ce" + "rr");
+    SIN_FALTAS(faltas([](const Archivo& a) { return a.es_codigo() || a.ruta.endsWith(".sql"); },
+                      [](const Archivo&, const QString& r) { return resto.match(r).hasMatch(); }));
+    SIN_FALTAS(faltas(codigo, [](const Archivo&, const QString& r) {
+        return r.startsWith("<<<<<<<") || r.startsWith(">>>>>>>") || r == "=======" ||
+               r.startsWith("#if 0");
+    }));
+}
+
+void PruebaOrden::los_renglones_caben_en_cien_columnas() {
+    SIN_FALTAS(faltas(
+        [](const Archivo& a) {
+            return a.es_codigo() || a.ruta.endsWith(".sql") || a.ruta.endsWith(".sh");
+        },
+        [](const Archivo&, const QString& r) { return r.size() > 100; }));
+    SIN_FALTAS(faltas(codigo, [](const Archivo&, const QString& r) {
+        return r.contains('\t') || (!r.isEmpty() && r.back().isSpace());
+    }));
+}
+
+void PruebaOrden::el_producto_habla_solo_de_si_mismo() {
+    static const QRegularExpression ajeno(QString("\\bPar") + "te?s? [0-9]+\\.[0-9]|spec" +
+                                              "\\.md|\\bspec" + "ification|\\.\\./sha" + "red|/wo" +
+                                              "rk/|/fa" + "rm/",
+                                          QRegularExpression::NoPatternOption);
+    SIN_FALTAS(faltas(siempre,
+                      [](const Archivo&, const QString& r) { return ajeno.match(r).hasMatch(); }));
+}
+
+void PruebaOrden::cada_archivo_tiene_quien_lo_use() {
+    // Una cabecera que nadie incluye es un archivo muerto.
+    QSet<QString> incluidas;
+    static const QRegularExpression incluye("^#include \"([^\"]+)\"");
+    for (const Archivo& a : archivos())
+        for (const QString& r : a.renglones)
+            if (const auto m = incluye.match(r); m.hasMatch()) {
+                incluidas << m.captured(1);
+                incluidas << a.ruta.section('/', 0, -2) + '/' + m.captured(1);
+                incluidas << "tests/" + m.captured(1);
+            }
+    QStringList muertas;
+    for (const Archivo& a : archivos())
+        if (a.ruta.endsWith(".h") && !a.ruta.endsWith("pch.h") && !incluidas.contains(a.ruta))
+            muertas << a.ruta;
+    QVERIFY2(muertas.isEmpty(), qPrintable(muertas.join('\n')));
+}
+
+QTEST_APPLESS_MAIN(PruebaOrden)
+#include "prueba_orden.moc"
