@@ -100,7 +100,9 @@ void Estado::compruebe(bool conectando) {
         if (!archivo.isEmpty())
             forma = QStringLiteral("I/O error for file \"%1\"\n%2").arg(archivo, texto);
         else if (contiene(vector, isc_net_connect_err) && !contiene(vector, isc_net_lookup_err))
-            forma = QStringLiteral("Connection failed\n") + texto;
+            // El primer renglón del servidor es el de un equipo desconocido, y este sí responde.
+            forma = QStringLiteral("Connection failed: %1\n%2")
+                        .arg(primer_argumento(vector, isc_network_error), texto.section('\n', 1));
         else if (red)
             forma = QStringLiteral("Unable to complete network request to host \"%1\"\n%2")
                         .arg(primer_argumento(vector, isc_network_error), texto);
