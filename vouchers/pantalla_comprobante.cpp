@@ -13,6 +13,13 @@ QLineEdit* caja_de_lectura(const QString& nombre, int caracteres) {
     return e;
 }
 
+QLabel* rotulo(const QString& texto, QWidget* control) {
+    auto* l = new QLabel(texto + ':');
+    l->setBuddy(control);
+    control->setAccessibleName(texto);
+    return l;
+}
+
 template <class T> T* nombrado(T* control, const char* nombre) {
     control->setObjectName(nombre);
     return control;
@@ -124,7 +131,8 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     for (QLineEdit* e : {EAno, EMes})
         e->setEnabled(false);
     EDia = nombrado(new QLineEdit, "EDia");
-    EDia->setInputMask("00;");
+    EDia->setValidator(new QIntValidator(1, 31, EDia));
+    EDia->setMaxLength(2);
     EDia->setFixedWidth(EDia->fontMetrics().horizontalAdvance("0000"));
     ERef = nombrado(new EditorDato(&CMovimiento, "ENCO_REFER"), "ERef");
     DBEdit1 = nombrado(new EditorDato(&CMovimiento, "ENCO_CONCEPTO"), "DBEdit1");
@@ -156,13 +164,15 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
 
     Formulario f(this);
     f.fila({{"Tipo", LTipo},
-            {"Prefijo", control_prefijo},
-            {"Número", ENumero},
-            {"Fecha", Formulario::junto({EDia, EMes, EAno})},
-            {"Referencia", ERef}});
-    f.fila({{"Concepto", DBEdit1}, {"Monto", DBEdit6}, {"", DBCheckBox1}});
-    f.fila({{"Tercero", DBEdit2}, {"Nombre", DBEdit3}, {"", DBCheckBox2}, {"", ckFiltro}});
-    f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}, {"Observaciones", DBMemo1}});
+            {"Prefijo", Formulario::junto({control_prefijo, rotulo("Número", ENumero), ENumero})},
+            {"Fecha", Formulario::junto({EDia, EMes, EAno})}});
+    f.fila({{"Concepto", DBEdit1},
+            {"Referencia", Formulario::junto({ERef, rotulo("Monto", DBEdit6), DBEdit6})},
+            {"", Formulario::junto({DBCheckBox1, ckFiltro})}});
+    f.fila({{"Tercero", Formulario::junto({DBEdit2, DBEdit3})},
+            {"Observaciones", DBMemo1},
+            {"", DBCheckBox2}});
+    f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
     if (!LabMand)
         LabMand = new QLabel("Mandante", this);

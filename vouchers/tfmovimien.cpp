@@ -199,7 +199,10 @@ void Tfmovimien::CMovimientoTICO_CODChange(Campo& campo) {
 }
 
 void Tfmovimien::aplique_numeracion() {
-    ENumero->ReadOnly(CPrefijos.FieldByName("PRCO_AUTO").texto() == "S");
+    const bool automatico = CPrefijos.FieldByName("PRCO_AUTO").texto() == "S";
+    ENumero->ReadOnly(automatico);
+    // Lo que no se digita no estorba al pasar de campo en campo.
+    ENumero->setFocusPolicy(automatico ? Qt::ClickFocus : Qt::StrongFocus);
 }
 
 void Tfmovimien::CMovimientoPRCO_PREFChange(Campo& campo) {
