@@ -137,6 +137,7 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     ERef = nombrado(new EditorDato(&CMovimiento, "ENCO_REFER"), "ERef");
     DBEdit1 = nombrado(new EditorDato(&CMovimiento, "ENCO_CONCEPTO"), "DBEdit1");
     DBEdit2 = nombrado(new EditorDato(&CMovimiento, "TERC_NIT"), "DBEdit2");
+    DBEdit2->ancho(13);
     DBEdit3 = nombrado(new EditorDato(&CMovimiento, "ENCO_NOMTERC"), "DBEdit3");
     DBEdit6 = nombrado(new EditorDato(&CMovimiento, "ENCO_MONTO"), "DBEdit6");
     Mand = nombrado(new EditorDato(&CMovimiento, "ENCO_MANDANTE"), "Mand");
@@ -149,6 +150,7 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     DBMemo1->lineas(2);
     ckFiltro = nombrado(new QCheckBox("Filtro"), "ckFiltro");
     PageControl1 = nombrado(new QTabWidget, "PageControl1");
+    PageControl1->tabBar()->setFocusPolicy(Qt::NoFocus); // de página a página con Ctrl+Av/Re Pág
     PageControl1->addTab(lineas_2649->construya_pagina(), "Dec. 2649");
     PageControl1->addTab(lineas_niif->construya_pagina(), "NIIF");
 
@@ -299,6 +301,12 @@ void PantallaComprobante::declare_teclas_comunes() {
         tecla(
             clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
     };
+    const auto pagina = [this](int clave, int indice) {
+        tecla(clave, Qt::ControlModifier, "PageControl1",
+              [this, indice] { PageControl1->setCurrentIndex(indice); });
+    };
+    pagina(Qt::Key_PageDown, 1);
+    pagina(Qt::Key_PageUp, 0);
     busque(Qt::Key_F6, "Tfterceros");
     busque(Qt::Key_F7, "Tfcentros");
 }

@@ -22,5 +22,6 @@
 #include <QIntValidator>
 #include <QLabel>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>

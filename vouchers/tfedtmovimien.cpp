@@ -72,7 +72,7 @@ Tfedtmovimien::Tfedtmovimien()
     for (QLineEdit* e : {Edit1, Edit3}) {
         e->setReadOnly(true);
         e->setFocusPolicy(Qt::NoFocus);
-        e->setMinimumWidth(letra * 40);
+        e->setMinimumWidth(letra * 46);
     }
     Edit1->setAccessibleName("Origen del comprobante");
     Edit3->setAccessibleName("Último cambio NIIF");

@@ -2,12 +2,29 @@
 linea() { local celda; for celda in "$@"; do [ -n "$celda" ] && escriba "$celda"; teclas Return; done; }
 
 teclas ctrl+b
-foto comprobante_nuevo 1
-escriba "C"
+escriba "R"
 teclas Tab
 escriba "15"
 teclas Tab
 escriba "Venta de contado del día"
-foto encabezado
 teclas Tab Tab Tab Tab Tab Tab Tab Tab
-foto rejilla
+teclas space
+foto encabezado
+teclas Tab
+linea "?caja"
+foto busqueda_de_cuenta 1
+teclas Down Return
+foto cuenta_escogida
+teclas Tab Tab Tab Tab Tab
+linea "" "RC-15" "" "" "595000"
+teclas Tab Tab
+linea "413548" "" "0004" "0001" "\"" "" "\"" "" "" "" "500000" ""
+foto segunda_linea
+linea "240805" "" "" "" "Iva generado" "" "\"" ""
+teclas F5
+foto f5_cuadra
+teclas ctrl+Next
+foto replica_niif 1
+teclas ctrl+Prior F2
+foto grabado 1
+teclas Escape
