@@ -295,6 +295,11 @@ void PantallaComprobante::declare_teclas_comunes() {
     barra->principal(SBGrabar);
     SBCancel = barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
                             [this] { SBCancelClick(); });
+    // Del encabezado se pasa a la rejilla de la página a la vista, y de ella a los botones.
+    PageControl1->setFocusPolicy(Qt::NoFocus);
+    QWidget::setTabOrder(DBCheckBox2, lineas_2649->rejilla);
+    QWidget::setTabOrder(lineas_2649->rejilla, lineas_niif->rejilla);
+    QWidget::setTabOrder(lineas_niif->rejilla, SBGrabar);
     tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas_a_la_vista().sugiera_db_cr(); });
     // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
     const auto busque = [this](int clave, const char* pantalla) {

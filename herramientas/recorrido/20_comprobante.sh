@@ -15,9 +15,7 @@ linea "?caja"
 foto busqueda_de_cuenta 1
 teclas Down Return
 foto cuenta_escogida
-teclas Tab Tab Tab Tab Tab
-linea "" "RC-15" "" "" "595000"
-teclas Tab Tab
+linea "" "" "" "" "" "RC-15" "" "" "595000" "" ""
 linea "413548" "" "0004" "0001" "\"" "" "\"" "" "" "" "500000" ""
 foto segunda_linea
 linea "240805" "" "" "" "Iva generado" "" "\"" ""
