@@ -38,10 +38,21 @@ gestor=$!
 sleep 0.5
 
 # --- manos y ojos
-viva() { kill -0 "$programa" 2>/dev/null || { echo "El programa terminó antes de tiempo."; exit 1; }; }
+viva() {
+    kill -0 "$programa" 2>/dev/null && return
+    echo "El programa terminó antes de tiempo."
+    exit 1
+}
 espere() { sleep "${1:-0.5}"; }
 # teclas F2 Return ...: cada una por aparte, con un respiro.
-teclas() { local t; for t in "$@"; do xdotool key --clearmodifiers "$t"; espere 0.12; done; espere 0.3; }
+teclas() {
+    local tecla
+    for tecla in "$@"; do
+        xdotool key --clearmodifiers "$tecla"
+        espere 0.12
+    done
+    espere 0.3
+}
 escriba() { xdotool type --delay 15 "$1"; espere 0.25; }
 foto() {
     viva

@@ -45,7 +45,7 @@ QStringList verifique_compania(Conexion& compania) {
     for (const auto& [libro, sufijo] : kLibros) {
         const QString nombre = QLatin1String(libro);
         liste(compania, QStringLiteral("saldo distinto de los renglones en el libro ") + nombre,
-              QStringLiteral("select * from verifique_saldos('%1')").arg(nombre), hallazgos);
+              "select * from verifique_saldos(" + QuotedStr(nombre) + ')', hallazgos);
         if (cuadrados)
             liste(compania, QStringLiteral("comprobante descuadrado en el libro ") + nombre,
                   QStringLiteral("select e.tico_cod, e.prco_pref, e.enco_numero, sum(d.code_debito)"

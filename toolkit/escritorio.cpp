@@ -6,6 +6,7 @@
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QSettings>
 #include <QStyle>
@@ -50,6 +51,10 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
     ventana->setAttribute(Qt::WA_DeleteOnClose);
     ventana->setObjectName(QStringLiteral("ventana_") + pantalla->objectName());
     ventana->setWidget(new MarcoPantalla(pantalla));
+    // Ctrl+F4 es una orden del menú del programa: el menú de la ventana no puede disputársela.
+    if (QMenu* menu = ventana->systemMenu())
+        for (QAction* accion : menu->actions())
+            accion->setShortcut({});
     ventana->setWindowTitle(pantalla->windowTitle());
     abiertas_.append(pantalla);
     {

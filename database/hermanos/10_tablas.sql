@@ -1,7 +1,8 @@
--- Documentos de los módulos hermanos (ventas, compras, inventario, cartera, caja, bancos, nómina...).
--- Cada módulo es dueño de sus tablas; aquí están las columnas que la contabilidad consulta para saber
--- si un número ya fue usado y para mostrar el documento del que salió un comprobante. Quien instala el
--- módulo agrega las suyas: por eso ninguna columna distinta de la clave y el número es obligatoria.
+-- Documentos de los módulos hermanos (ventas, compras, inventario, cartera, caja, bancos...).
+-- Cada módulo es dueño de sus tablas; aquí están las columnas que la contabilidad consulta para
+-- saber si un número ya fue usado y para mostrar el documento del que salió un comprobante. Quien
+-- instala el módulo agrega las suyas: por eso ninguna columna distinta de la clave y el número es
+-- obligatoria.
 
 -- Inventario
 CREATE TABLE CAMBIO_COSTO (

@@ -94,7 +94,7 @@ void PruebaComandos::sin_derecho_cada_orden_se_niega_con_su_texto() {
         QVERIFY(!s_->datos.modo_mantenimiento); // no queda para la siguiente
         ++negadas;
     }
-    QCOMPARE(negadas, 44);
+    QCOMPARE(negadas, 53);
 }
 
 void PruebaComandos::lo_que_aun_no_esta_se_dice_en_la_barra() {

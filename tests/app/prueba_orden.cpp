@@ -134,7 +134,7 @@ void PruebaOrden::ningun_piso_incluye_a_uno_de_arriba() {
 }
 
 void PruebaOrden::solo_el_piso_de_firebird_conoce_al_cliente() {
-    SIN_FALTAS(faltas([](const Archivo& a) { return codigo(a) && a.piso() != "core/firebird"; },
+    SIN_FALTAS(faltas([](const Archivo& a) { return producto(a) && a.piso() != "core/firebird"; },
                       [](const Archivo&, const QString& r) {
                           return r.contains("#include <firebird/") ||
                                  r.contains("#include <ibase.h>");
@@ -142,19 +142,14 @@ void PruebaOrden::solo_el_piso_de_firebird_conoce_al_cliente() {
 }
 
 void PruebaOrden::el_dinero_no_pasa_por_punto_flotante() {
-    static const QRegularExpression flotante("\\b(double|float|qreal|toDouble|toFloat)\\b");
-    // El dibujo del marco principal mide píxeles; la base decodifica columnas flotantes ajenas.
-    const QStringList dibujo{"app/marca.cpp", "app/marca.h", "app/tfacercade.cpp"};
+    static const QRegularExpression flotante("\\b(double|float|toDouble|toFloat)\\b");
+    // Solo la puerta de la base, que lee y escribe columnas flotantes de tablas ajenas.
+    const QString puerta = "core/firebird/preparada.cpp";
     SIN_FALTAS(faltas(
         [&](const Archivo& a) {
-            return producto(a) && a.piso() != "toolkit" && a.piso() != "bench" &&
-                   !dibujo.contains(a.ruta);
+            return producto(a) && a.piso() != "toolkit" && a.piso() != "bench" && a.ruta != puerta;
         },
-        [](const Archivo& a, const QString& r) {
-            const QString texto = sin_textos(r);
-            return flotante.match(texto).hasMatch() &&
-                   !(a.piso() == "core/firebird" && a.ruta.endsWith("valor.cpp"));
-        }));
+        [](const Archivo&, const QString& r) { return flotante.match(sin_textos(r)).hasMatch(); }));
 }
 
 void PruebaOrden::ningun_literal_sql_se_pega_sin_comillas_seguras() {

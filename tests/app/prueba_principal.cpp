@@ -5,6 +5,8 @@
 #include "app/vigiamensajes.h"
 #include "sesion_de_prueba.h"
 
+#include <QMenu>
+#include <QPushButton>
 #include <QTcpServer>
 
 class PruebaPrincipal : public QObject {
