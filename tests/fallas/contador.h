@@ -16,8 +16,9 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
-struct Contador {
-    Contador(const Ubicacion& lugar, const QString& usuario, const QString& clave)
+/// Módulos de datos y marco de ventanas sobre las bases de `lugar`. Lee los mensajes y los cierra.
+struct SesionEnLugar {
+    SesionEnLugar(const Ubicacion& lugar, const QString& usuario, const QString& clave)
         : escritorio(new QMdiArea(&ventana)) {
         qputenv("QUORVEX_DIRECTORIO", carpeta.path().toLocal8Bit());
         dm.Quorvex.conectar({lugar.base_compania("001"), usuario, clave});
@@ -37,13 +38,39 @@ struct Contador {
         (void)QTest::qWaitForWindowActive(&ventana);
         QObject::connect(&reloj, &QTimer::timeout, &reloj, [this] { cierre_mensaje(); });
         reloj.start(2);
-        registre_pantallas_comprobantes();
-        p = qobject_cast<Tfmovimien*>(pantallas().abrir("Tfmovimien"));
     }
-    ~Contador() {
+    ~SesionEnLugar() {
         escritorio.cierre_todas();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         dm.barra(nullptr);
+    }
+    void cierre_mensaje() {
+        auto* mensaje = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!mensaje || !mensaje->isVisible())
+            return;
+        mensajes << mensaje->text();
+        QTest::keyClick(mensaje, Qt::Key_Escape);
+        if (mensaje->isVisible())
+            mensaje->done(QMessageBox::Cancel);
+    }
+
+    QTemporaryDir carpeta;
+    Tfdm dm;
+    Tfdmcnt cnt;
+    Tfdmter ter;
+    TfdmArt art;
+    AvisosBarra barra;
+    QMainWindow ventana;
+    Escritorio escritorio;
+    QTimer reloj;
+    QStringList mensajes; ///< los que ha cerrado
+};
+
+struct Contador : SesionEnLugar {
+    Contador(const Ubicacion& lugar, const QString& usuario, const QString& clave)
+        : SesionEnLugar(lugar, usuario, clave) {
+        registre_pantallas_comprobantes();
+        p = qobject_cast<Tfmovimien*>(pantallas().abrir("Tfmovimien"));
     }
 
     /// Escoge CG, pasando por el último tipo: la pantalla vuelve a leer el número.
@@ -93,25 +120,5 @@ struct Contador {
         return {};
     }
 
-    void cierre_mensaje() {
-        auto* mensaje = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (!mensaje || !mensaje->isVisible())
-            return;
-        mensajes << mensaje->text();
-        QTest::keyClick(mensaje, Qt::Key_Escape);
-        if (mensaje->isVisible())
-            mensaje->done(QMessageBox::Cancel);
-    }
-
-    QTemporaryDir carpeta;
-    Tfdm dm;
-    Tfdmcnt cnt;
-    Tfdmter ter;
-    TfdmArt art;
-    AvisosBarra barra;
-    QMainWindow ventana;
-    Escritorio escritorio;
-    QTimer reloj;
-    QStringList mensajes; ///< los que ha cerrado
     Tfmovimien* p = nullptr;
 };
