@@ -197,8 +197,7 @@ private slots:
         compruebe_conexion(s, {"127.0.0.1/1:/x.fdb", "ADMIN", {}},
                            "No se encontró el servidor Interbase/Firebird. Verifique Servidor en "
                            "panel de control y puerto TCP 3050.");
-        if (ServidorDePrueba::programa().isEmpty())
-            QSKIP("falta firebird3.0-server");
+        QVERIFY2(!ServidorDePrueba::programa().isEmpty(), "falta el paquete firebird3.0-server");
         ServidorDePrueba servidor;
         auto p = servidor.parametros();
         p.clave = "otra";

@@ -128,8 +128,8 @@ private slots:
         oprima(Qt::Key_F5);
         QCOMPARE(p->Cdetniif.FieldByName("CODE_CREDITO").texto(), QString("100"));
         QCOMPARE(p->Cdetniif.FieldByName("CODE_ITEM").texto(), QString("2"));
-        const char* modificado = "select count(*) from auditoria where tido_cod = 1 and audi_iddoc = 1 and "
-                                 "audi_oper = 'M'";
+        const QString modificado = "select count(*) from auditoria where tido_cod = 1 and "
+                                   "audi_iddoc = 1 and audi_oper = 'M'";
         const int antes = s.dato(modificado).toInt();
         oprima(Qt::Key_F2);
         QCOMPARE(s.escritorio.abiertas().size(), 0);
