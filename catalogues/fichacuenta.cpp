@@ -13,6 +13,12 @@
 #include <QLabel>
 #include <QToolButton>
 
+namespace {
+
+constexpr int kDigitos = 14; ///< ancho de un código: caben los del plan sin estirar la ficha
+
+} // namespace
+
 FichaCuenta::FichaCuenta(const QString& clase, const QString& titulo, Libro libro)
     : Pantalla(clase, titulo), libro_(libro) {
     PCuentas =
@@ -37,8 +43,8 @@ void FichaCuenta::arme_ficha() {
         c->setObjectName(nombre);
         return c;
     };
-    ECodigo = editor("ECodigo", "CUEN_COD");
-    ENombre = editor("ENombre", "CUEN_NOM", 50);
+    ECodigo = editor("ECodigo", "CUEN_COD", kDigitos);
+    ENombre = editor("ENombre", "CUEN_NOM", 40);
     LTipo = new ListaDato(CCuentas, "CUEN_TIPO", this);
     LTipo->setObjectName("LTipo");
     LTipo->lista_de(QStringList{"Normal", "Inventario", "Cartera", "Activo fijo"},
@@ -49,14 +55,15 @@ void FichaCuenta::arme_ficha() {
     CkRetenciones = casilla("CkRetenciones", "Cuenta de &retenciones", "CUEN_RETENCION");
     CkRetenciones->OnClick = [this] { CkRetencionesClick(); };
     EPorcentaje = editor("EPorcentaje", "CUEN_PORC", 10);
-    EBase = editor("EBase", "CUEN_BASEMIN", 18);
-    ECtaAjuste = editor("ECtaAjuste", "CUEN_CTAJUSTE");
-    ECtaCorreccion = editor("ECtaCorreccion", "CUEN_CTACORRECION");
+    EBase = editor("EBase", "CUEN_BASEMIN", 16);
+    ECtaAjuste = editor("ECtaAjuste", "CUEN_CTAJUSTE", kDigitos);
+    ECtaCorreccion = editor("ECtaCorreccion", "CUEN_CTACORRECION", kDigitos);
     CkAjusteDb = casilla("CkAjusteDb", "Ajuste al &débito", "CUEN_AJUSDB");
-    ENorma = editor("ENorma", "CUEN_NORMA", 50);
+    ENorma = editor("ENorma", "CUEN_NORMA", 40);
 
     Formulario forma(this);
-    forma.fila({{"C&ódigo", ECodigo}, {"Ti&po", LTipo}, {"", CkActiva}}).fila("&Nombre", ENombre);
+    forma.fila({{"C&ódigo", ECodigo}, {"&Nombre", ENombre}})
+        .fila({{"Ti&po", LTipo}, {"", CkActiva}});
     forma.grupo("Movimiento")
         .fila({{"", CkTerceros}, {"", CkCentros}})
         .fila({{"", CkRetenciones}, {"P&orcentaje", EPorcentaje}, {"&Base mínima", EBase}});
@@ -66,7 +73,7 @@ void FichaCuenta::arme_ficha() {
                {"", CkAjusteDb}})
         .fin_grupo();
     if (plan(libro_).con_equivalencia) {
-        ECtaAjus = editor("ECtaAjus", "CUEN_EQNIIF");
+        ECtaAjus = editor("ECtaAjus", "CUEN_EQNIIF", kDigitos);
         ECtaAjus->OnDblClick = [this] { ECtaAjusDblClick(); };
         ECtaAjus->setToolTip("Doble clic: escoger del plan NIIF");
         CCuentas->FieldByName("CUEN_EQNIIF").OnChange = [this](Campo&) {

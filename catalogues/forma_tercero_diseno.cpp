@@ -13,7 +13,6 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
-#include <QScrollArea>
 
 namespace {
 
@@ -52,8 +51,7 @@ QWidget* en_columnas(int columnas, std::initializer_list<QWidget*> controles) {
 } // namespace
 
 void FormaTercero::arme() {
-    auto* cuerpo = new QWidget;
-    Formulario f(cuerpo);
+    Formulario f(this);
     EditorDato *dvdian, *nit_contable, *actividad, *concepto;
     const auto editor = [this](const QString& campo, const QString& nombre, int ancho = 0) {
         auto* e = con_nombre(new EditorDato(CTerceros, campo), nombre);
@@ -167,16 +165,7 @@ void FormaTercero::arme() {
                {"Autorretención", cuenta("TERC_CTARCREE", 16)}})
         .al_lado()
         .grupo("Observaciones")
-        .ancha(EObs)
-        .fin_grupo()
-        .estire();
-
-    cuerpo->layout()->setContentsMargins(0, 0, paso(), 0);
-    auto* ventana = new QScrollArea(this);
-    ventana->setWidget(cuerpo);
-    ventana->setWidgetResizable(true);
-    ventana->setFrameShape(QFrame::NoFrame);
-    ventana->setFocusPolicy(Qt::NoFocus);
+        .ancha(EObs);
 
     barra_ = new BarraBotones(this);
     SBGrabar = barra_->boton("SBGrabar", "F2:Grabar", "document-save", QKeySequence(Qt::Key_F2),
@@ -184,7 +173,7 @@ void FormaTercero::arme() {
     barra_->principal(SBGrabar);
     barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
                   [this] { close(); });
-    Formulario(this).ancha(ventana).botones(barra_);
+    f.botones(barra_);
     enter_como_tab();
     tamano(1040, 650);
 }

@@ -41,12 +41,12 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
     };
 
     barra_ = new BarraBotones(this);
-    barra_->boton("SBSelec", "Enter:Selecciona", "dialog-ok-apply", QKeySequence(),
+    barra_->boton("SBSelec", "Enter:Selecciona", "emblem-default", QKeySequence(),
                   [this] { SBSelecClick(); });
     barra_->boton(nombre_nuevo_, rotulo_nuevo_, "document-new", QKeySequence(Qt::Key_F5),
                   [this] { SBNuevoClick(); });
-    barra_->boton("SBModificar", "F4:Modificar", "document-edit", QKeySequence(Qt::Key_F4),
-                  [this] { SBModificarClick(); });
+    barra_->boton("SBModificar", "F4:Modificar", "accessories-text-editor",
+                  QKeySequence(Qt::Key_F4), [this] { SBModificarClick(); });
     barra_->boton("SBBorrar", "F3:Eliminar", "edit-delete", QKeySequence(Qt::Key_F3),
                   [this] { SBBorrarClick(); });
     tecla(Qt::Key_Return, "Enter", [this] { enter(); });

@@ -57,7 +57,7 @@ void MaestroDetalle::arme(const Lado& izquierda, const Lado& derecha) {
 
 void MaestroDetalle::escoja_con(std::function<void()> escoja) {
     DBGridEh1->OnDblClick = DBGridEh2->OnDblClick = [escoja](int) { escoja(); };
-    barra_->boton("SBSelec", "Selecciona", "dialog-ok-apply", QKeySequence(), std::move(escoja));
+    barra_->boton("SBSelec", "Selecciona", "emblem-default", QKeySequence(), std::move(escoja));
     tecla(Qt::Key_F12, "Cambiar de rejilla",
           [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
 }

@@ -1,5 +1,6 @@
 #include "catalogues/tfcuentas.h"
 
+#include "catalogues/letracuenta.h"
 #include "catalogues/plancuentas.h"
 #include "core/tfdm.h"
 #include "core/tfdmcnt.h"
@@ -49,12 +50,13 @@ Tfcuentas::Tfcuentas(Libro libro)
 
 void Tfcuentas::arme_botones() {
     // Los dos letreros anuncian la tecla anterior a la que funciona: así se conocen.
-    barra_->boton("SBSaldos", "F7:Saldos", "view-statistics", Qt::Key_F8,
+    barra_->boton("SBSaldos", "F7:Saldos", "accessories-calculator", Qt::Key_F8,
                   [this] { consulte_cuenta(plan(libro_).pantalla_saldos); });
-    barra_->boton("SBMovimiento", "F8:Movimiento", "view-list-details", Qt::Key_F9,
+    barra_->boton("SBMovimiento", "F8:Movimiento", "x-office-spreadsheet", Qt::Key_F9,
                   [this] { consulte_cuenta(datos(libro_).pantalla_auxiliar); });
     if (plan(libro_).con_normas)
-        barra_->boton("SBNormas", "No&rmas", "documentation", {}, [this] { SBNormasClick(); });
+        barra_->boton("SBNormas", "No&rmas", "accessories-dictionary", {},
+                      [this] { SBNormasClick(); });
     boton_salir();
 }
 
@@ -144,10 +146,7 @@ void Tfcuentas::SBSelecClick() {
 void Tfcuentas::pinte(int fila, QFont& letra, QColor& frente) const {
     if (conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_ACTIVA")).texto() == "N")
         frente = color_inactivo();
-    const qsizetype digitos =
-        conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_COD")).texto().size();
-    letra.setBold(digitos <= 2);
-    letra.setPointSizeF((digitos == 1 ? 10 : digitos == 2 ? 9 : 8) * escala());
+    letra_por_nivel(letra, conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_COD")).texto());
 }
 
 QString escoja_cuenta(const QString& localizar, Libro libro) {

@@ -3,9 +3,9 @@
 #include "core/tfdm.h"
 
 Tfmnucuentas::Tfmnucuentas() : MenuBotones("Tfmnucuentas", "Planes de cuentas") {
-    opcion("SBPlan2649", "Plan Dec.2649", "view-list-tree",
+    opcion("SBPlan2649", "Plan Dec.2649", "x-office-spreadsheet",
            [this] { abra(datos(Libro::Decreto2649).pantalla_cuentas); });
-    opcion("SBPlanNiif", "Plan NIIF", "view-list-tree",
+    opcion("SBPlanNiif", "Plan NIIF", "x-office-spreadsheet",
            [this] { abra(datos(Libro::Niif).pantalla_cuentas); });
 }
 

@@ -25,7 +25,6 @@ Tfmodcuenta::Tfmodcuenta(Libro libro)
     CCuentas->AfterScroll = [this] { CCuentasAfterScroll(); };
     arme_ficha();
     ECodigo->ReadOnly(true);
-    setFocusProxy(ENombre);
 }
 
 void Tfmodcuenta::arme_botones() {
@@ -35,7 +34,7 @@ void Tfmodcuenta::arme_botones() {
     barra_->boton("SpeedButton2", "F4:Anterior", "go-previous", Qt::Key_F4,
                   [this] { muevase(false); });
     barra_->boton("SpeedButton1", "F5:Siguiente", "go-next", Qt::Key_F5, [this] { muevase(true); });
-    barra_->boton("SpeedButton3", "Inventario", "package", Qt::Key_F11,
+    barra_->boton("SpeedButton3", "Inventario", "package-x-generic", Qt::Key_F11,
                   [] { pantallas().abrir("Tfarticulos"); });
     barra_->separe();
     barra_->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape,
@@ -54,6 +53,12 @@ void Tfmodcuenta::FormCreate() {
     }
     CCuentas->Edit();
     muestre_cuenta();
+}
+
+void Tfmodcuenta::FormActivate() {
+    FichaCuenta::FormActivate();
+    if (ECodigo->hasFocus())
+        ENombre->setFocus(); // el código no se cambia
 }
 
 void Tfmodcuenta::muestre_cuenta() {

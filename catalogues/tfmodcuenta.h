@@ -9,6 +9,7 @@ public:
     explicit Tfmodcuenta(Libro libro = Libro::Decreto2649);
 
     void FormCreate() override;
+    void FormActivate() override;
     void CCuentasAfterEdit();
     void CCuentasAfterScroll();
     void SBGrabarClick();

@@ -29,7 +29,8 @@ Tfnormacuenta::Tfnormacuenta() : Pantalla("Tfnormacuenta", "Normatividad asociad
     LCuenta->setObjectName("LCuenta");
     DBGridEh1 = new Rejilla(this, CAuxiliar);
     DBGridEh1->setObjectName("DBGridEh1");
-    DBGridEh1->columnas({{"NNIF_NOMBRE", "Norma", 40}, {"NNID_ITEM", "Ítem", 12}});
+    DBGridEh1->columnas(
+        {{"NNIF_ID", "Número", 8}, {"NNID_ITEM", "Ítem", 10}, {"NNIF_NOMBRE", "Norma", 50}});
     DBGridEh1->ReadOnly = true;
     DBGridEh1->texto_vacio = "La cuenta no tiene normas. F5 agrega la primera.";
     DBGridEh1->nombre_archivo = "NormasNIIF";

@@ -36,9 +36,9 @@ void Tfnvacuenta::arme_botones() {
                                         [this] { SBGrabarClick(); });
     barra_->principal(grabar);
     if (plan(libro_).con_puc)
-        barra_->boton("BitBtn1", "P.U.C.", "view-list-tree", Qt::Key_F5,
+        barra_->boton("BitBtn1", "P.U.C.", "accessories-dictionary", Qt::Key_F5,
                       [this] { BitBtn1Click(); });
-    barra_->boton("SpeedButton1", "Inventario", "package", Qt::Key_F11,
+    barra_->boton("SpeedButton1", "Inventario", "package-x-generic", Qt::Key_F11,
                   [] { pantallas().abrir("Tfarticulos"); });
     barra_->separe();
     barra_->boton("SBCancelar", "Esc:Salir", "window-close", Qt::Key_Escape,

@@ -51,7 +51,7 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
 
     auto* barra = new BarraBotones(this);
-    SBSelec = barra->boton("SBSelec", "Enter:Selecciona", "dialog-ok-apply", {},
+    SBSelec = barra->boton("SBSelec", "Enter:Selecciona", "emblem-default", {},
                            [this] { resultado_modal(mrOk); });
     SBSelec->hide();
     barra->boton("SpeedButton1", "Crear Seleccionados", "list-add", {},
@@ -73,6 +73,9 @@ void Tfpuc::FormCreate() {
     fdm().ConfigurarProviders(this);
     base_ = QStringLiteral("select * from PUC where TIPU_COD = %1 ").arg(lista_en_uso());
     CPuc->Open(base_ + "order by puc_cod");
+}
+
+void Tfpuc::FormActivate() {
     DBGridEh1->setFocus();
 }
 

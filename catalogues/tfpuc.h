@@ -12,6 +12,7 @@ public:
     Tfpuc();
 
     void FormCreate() override;
+    void FormActivate() override;
     /// Muestra el botón de escoger: quien la abre espera una cuenta. La lee de CPuc al cerrar.
     void ofrezca_seleccion();
     void sbBuscarClick();

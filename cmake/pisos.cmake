@@ -34,7 +34,7 @@ function(quorvex_prueba archivo)
   add_executable(${nombre} ${archivo})
   # Las mismas bibliotecas de Qt en todas: la cabecera precompilada exige iguales definiciones.
   target_link_libraries(${nombre} PRIVATE ${P_DEPENDE} apoyo_pruebas Qt6::Widgets Qt6::PrintSupport
-                        Qt6::Test)
+                        Qt6::Network Qt6::Test)
   target_include_directories(${nombre} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests)
   target_precompile_headers(${nombre} REUSE_FROM pch_pruebas)
   add_test(NAME ${nombre} COMMAND ${nombre} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})

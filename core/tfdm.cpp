@@ -207,6 +207,9 @@ void Tfdm::valide_fecha(Campo& campo) {
         return;
     const QDate cierre(entero(contable.left(4)), entero(contable.mid(4, 2)),
                        entero(contable.mid(6, 2)));
+    // Un bloqueo ilegible no puede leerse como que no hay bloqueo.
+    if (!cierre.isValid())
+        throw ErrorDatos(QStringLiteral("'%1' no es una fecha válida.").arg(contable));
     if (fecha <= cierre) {
         muestre_mensaje("La contabilidad esta bloqueada a: " +
                         cierre.toString(QStringLiteral("yyyy/MM/dd")));

@@ -11,6 +11,9 @@
 namespace {
 constexpr int kBorrarComprobante = 32;
 constexpr const char* kImporte = "#,###.00";
+// El motor no conserva el orden entre iguales: dentro del mismo día, o del mismo valor de la
+// columna pedida, van como en el libro.
+constexpr const char* kDesempate = ",FECHA,TIPOCOMP,PREFIJO,NUMERO,ITEM";
 } // namespace
 
 Tfauxiliar::Tfauxiliar(const DatosAuxiliar& miembro) : ConsultaCuenta(miembro), miembro_(miembro) {
@@ -45,12 +48,13 @@ void Tfauxiliar::defina_campos() {
     }
     CAuxiliar.entero("TIPOREF");
     CAuxiliar.entero("IDREF");
+    CAuxiliar.entero("ITEM");
 }
 
 void Tfauxiliar::arme() {
     static const QMap<QString, int> kAnchos{
-        {"TIPOCOMP", 4}, {"PREFIJO", 6},  {"NUMERO", 8},   {"FECHA", 9}, {"CONCEPTO", 30},
-        {"NIT", 13},     {"CIUDAD", 7},   {"REF", 10},     {"BASE", 15}, {"PORC", 6},
+        {"TIPOCOMP", 4}, {"PREFIJO", 6},  {"NUMERO", 8},   {"FECHA", 9}, {"CONCEPTO", 24},
+        {"NIT", 13},     {"CIUDAD", 7},   {"REF", 10},     {"BASE", 13}, {"PORC", 6},
         {"DEBITO", 16},  {"CREDITO", 16}, {"PROYECTO", 5}, {"CENTRO", 6}};
     DBGridEh1 = cree_rejilla("DBGridEh1", &CAuxiliar, miembro_.archivo);
     QVector<DefinicionColumna> columnas;
@@ -78,7 +82,7 @@ void Tfauxiliar::arme() {
     f.ancha(DBGridEh1);
 
     auto* barra = new BarraBotones(this);
-    barra->boton("SpeedButton1", "F4:Modificar", "document-edit", Qt::Key_F4,
+    barra->boton("SpeedButton1", "F4:Modificar", "accessories-text-editor", Qt::Key_F4,
                  [this] { SpeedButton1Click(); });
     barra->boton("SpeedButton2", "F3:Eliminar", "edit-delete", Qt::Key_F3,
                  [this] { SpeedButton2Click(); });
@@ -103,10 +107,12 @@ void Tfauxiliar::recalcule() {
 
 void Tfauxiliar::FormActivate() {
     // Quien vuelve del comprobante sigue en el renglón del que salió.
-    const Valor id = CAuxiliar.Active() ? CAuxiliar.FieldByName("ID").valor() : Valor();
+    QVector<Valor> renglon;
+    if (!CAuxiliar.IsEmpty())
+        renglon = {CAuxiliar.FieldByName("ID").valor(), CAuxiliar.FieldByName("ITEM").valor()};
     recalcule();
-    if (!id.nulo())
-        CAuxiliar.Locate("ID", {id});
+    if (!renglon.isEmpty())
+        CAuxiliar.Locate("ID;ITEM", renglon);
     DBGridEh1->setFocus();
 }
 
@@ -129,7 +135,7 @@ void Tfauxiliar::calcule_saldo_inicial() {
 void Tfauxiliar::calcule_auxiliar(const QString& orden) {
     if (Saldoi)
         calcule_saldo_inicial();
-    CAuxiliar.Open(componga(orden));
+    CAuxiliar.Open(componga(orden) + kDesempate);
     muestre_periodo();
 }
 

@@ -128,8 +128,7 @@ void Tfbalanceprueba::arme_botones() {
     // La tecla F2 no oprime este botón: actualiza sin recordar la fila.
     barra->boton("BitBtn5", "F2:Actualizar", "view-refresh", {}, [this] { BitBtn5Click(); });
     tecla(Qt::Key_F2, "actualice_balance", [this] { actualice_balance(); });
-    barra->boton("BitBtn6", "F8:Auxiliar", "view-list-details", Qt::Key_F8,
-                 [this] { BitBtn6Click(); });
+    barra->boton("BitBtn6", "F8:Auxiliar", "edit-find", Qt::Key_F8, [this] { BitBtn6Click(); });
     barra->boton("BitBtn7", "F5:Terceros", "system-users", Qt::Key_F5, [this] { BitBtn7Click(); });
     barra->boton("BitBtn8", "F7:Centros", "folder", Qt::Key_F7, [this] { BitBtn8Click(); });
     barra->boton("BitBtn1", "F6:Artículos", "package-x-generic", Qt::Key_F6,

@@ -60,7 +60,7 @@ void Tfsaldoterc::arme() {
     f.ancha(DBGridEh1);
 
     auto* barra = new BarraBotones(this);
-    barra->boton("SpeedButton1", "F8:Auxiliar", "view-list-details", Qt::Key_F8,
+    barra->boton("SpeedButton1", "F8:Auxiliar", "edit-find", Qt::Key_F8,
                  [this] { SpeedButton1Click(); });
     if (*miembro_.saldo_terceros) // F5 está en el letrero y no en el teclado
         barra->boton("AdvGlowButton1", "F5:Saldo terceros", "system-users", {},
@@ -102,7 +102,9 @@ bool Tfsaldoterc::FormClose() {
 // ---------------------------------------------------------------- consulta
 
 void Tfsaldoterc::calcule_saldoterc(const QString& orden) {
-    CSaldos.Open(componga(orden) + kMovidos + " order by " + orden);
+    // Entre iguales, por su llave: el motor no conserva ningún orden.
+    CSaldos.Open(componga(orden) + kMovidos + " order by " + orden +
+                 (por_centro() ? ",proyecto,centro" : ",codigo"));
     muestre_periodo();
 }
 

@@ -2,9 +2,11 @@
 #include "toolkit/estilo.h"
 #include "toolkit/marcos.h"
 #include "toolkit/pantalla.h"
+#include "toolkit/rejilla/rejilla.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QSettings>
 #include <QStyle>
@@ -49,6 +51,10 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
     ventana->setAttribute(Qt::WA_DeleteOnClose);
     ventana->setObjectName(QStringLiteral("ventana_") + pantalla->objectName());
     ventana->setWidget(new MarcoPantalla(pantalla));
+    // Ctrl+F4 es una orden del menú del programa: el menú de la ventana no puede disputársela.
+    if (QMenu* menu = ventana->systemMenu())
+        for (QAction* accion : menu->actions())
+            accion->setShortcut({});
     ventana->setWindowTitle(pantalla->windowTitle());
     abiertas_.append(pantalla);
     {
@@ -57,6 +63,11 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         area_->addSubWindow(ventana);
         const QSize marco = ventana->sizeHint() - ventana->widget()->sizeHint();
         QSize tamano = pantalla->tamano_inicial() + (pantalla->del_area_ ? QSize(0, 0) : marco);
+        // Los anchos que el usuario dejó en cada rejilla vuelven con la pantalla.
+        if (ajustes_)
+            for (Rejilla* r : pantalla->findChildren<Rejilla*>())
+                if (!r->objectName().isEmpty())
+                    r->guarde_en(ajustes_, pantalla->objectName() + '/' + r->objectName());
         if (ajustes_)
             tamano = ajustes_->value(clave_tamano(pantalla), tamano).toSize();
         ventana->resize(tamano.boundedTo(pantalla->area_principal()));

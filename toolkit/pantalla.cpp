@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScreen>
@@ -140,6 +141,10 @@ QSize Pantalla::tamano_inicial() const {
     if (!tamano_.isEmpty())
         deseado = {escalado(tamano_.width()), escalado(tamano_.height())};
     return deseado.expandedTo(minimumSizeHint()).boundedTo(area);
+}
+
+int Pantalla::heightForWidth(int ancho) const {
+    return layout() ? layout()->minimumHeightForWidth(ancho) : QWidget::heightForWidth(ancho);
 }
 
 QSize Pantalla::area_principal() const {

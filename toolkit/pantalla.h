@@ -102,6 +102,8 @@ public:
     /// Abre ocupando toda el área.
     void abra_maximizada() { maximizada_ = true; }
     bool abre_maximizada() const { return maximizada_; }
+    /// El alto que de verdad necesita: lo que puede encogerse no hace salir una barra.
+    int heightForWidth(int ancho) const override;
 
 protected:
     void closeEvent(QCloseEvent* evento) override;

@@ -27,18 +27,18 @@ struct Titulo {
 };
 
 const Titulo kColumnas[] = {
-    {"CUEN_COD", "Código", "Cuenta", 12, 0, ""},
-    {"TERC_NIT", "Tercero", "NIT", 14, 0, ""},
-    {"PROY_COD", "Proy", "Proy", 6, 0, ""},
-    {"CENT_COD", "Centro", "Centro", 7, 0, ""},
-    {"CODE_CONCEPTO", "Concepto", "Concepto", 30, 0, ""},
-    {"CONC_COD", "Categoría", "Categoria", 9, 0, ""},
-    {"CODE_REFER", "Ref.", "Referencia", 9, 0, ""},
-    {"CODE_BASE", "Base", "Base", 15, Suma, "#,###.00"},
-    {"CODE_PORC", "Porc.", "Porc.", 8, 0, "#,##0.####"},
-    {"CODE_DEBITO", "Débito", "Debito", 16, Suma, "#,###.00"},
-    {"CODE_CREDITO", "Crédito", "Crédito", 16, Suma, "#,###.00"},
-    {"CODE_DESCONTABLE", "Desc.", "Desc.", 6, Casilla, ""},
+    {"CUEN_COD", "Código", "Cuenta", 11, 0, ""},
+    {"TERC_NIT", "Tercero", "NIT", 13, 0, ""},
+    {"PROY_COD", "Proy", "Proy", 5, 0, ""},
+    {"CENT_COD", "Centro", "Centro", 6, 0, ""},
+    {"CODE_CONCEPTO", "Concepto", "Concepto", 22, 0, ""},
+    {"CONC_COD", "Categoría", "Categoria", 8, 0, ""},
+    {"CODE_REFER", "Ref.", "Referencia", 8, 0, ""},
+    {"CODE_BASE", "Base", "Base", 13, Suma, "#,###.00"},
+    {"CODE_PORC", "Porc.", "Porc.", 6, 0, "#,##0.####"},
+    {"CODE_DEBITO", "Débito", "Debito", 15, Suma, "#,###.00"},
+    {"CODE_CREDITO", "Crédito", "Crédito", 15, Suma, "#,###.00"},
+    {"CODE_DESCONTABLE", "Desc.", "Desc.", 5, Casilla, ""},
 };
 
 bool vacio_o_cero(const Campo& c) {
@@ -126,13 +126,20 @@ QWidget* LineasLibro::construya_pagina() {
 
     Formulario f(pagina);
     f.ancha(rejilla, 1);
-    f.fila(
-        {{"Cuenta", NomCuenta}, {"Saldo", ESaldocta}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
-    f.fila({{"Tercero", NomTerc},
-            {"Saldo", ESaldoter},
+    f.fila({{"Cuenta", Formulario::junto({NomCuenta, ESaldocta})},
+            {"Débitos", Sumadeb},
+            {"Créditos", SumCred}});
+    f.fila({{"Tercero", Formulario::junto({NomTerc, ESaldoter})},
             {"Dif. débito", Difdeb},
             {"Dif. crédito", DifCred}});
-    f.fila({{"Proyecto", NomProy}, {"Saldo", ESaldocent}, {"Centro", NomCent}});
+    f.fila({{"Proyecto", Formulario::junto({NomProy, NomCent, ESaldocent})}});
+    NomCuenta->setAccessibleName("Nombre de la cuenta");
+    ESaldocta->setAccessibleName("Saldo de la cuenta");
+    NomTerc->setAccessibleName("Nombre del tercero");
+    ESaldoter->setAccessibleName("Saldo del tercero");
+    NomProy->setAccessibleName("Nombre del proyecto");
+    NomCent->setAccessibleName("Nombre del centro");
+    ESaldocent->setAccessibleName("Saldo del centro");
     return pagina;
 }
 

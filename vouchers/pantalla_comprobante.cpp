@@ -13,6 +13,13 @@ QLineEdit* caja_de_lectura(const QString& nombre, int caracteres) {
     return e;
 }
 
+QLabel* rotulo(const QString& texto, QWidget* control) {
+    auto* l = new QLabel(texto + ':');
+    l->setBuddy(control);
+    control->setAccessibleName(texto);
+    return l;
+}
+
 template <class T> T* nombrado(T* control, const char* nombre) {
     control->setObjectName(nombre);
     return control;
@@ -124,11 +131,13 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     for (QLineEdit* e : {EAno, EMes})
         e->setEnabled(false);
     EDia = nombrado(new QLineEdit, "EDia");
-    EDia->setInputMask("00;");
+    EDia->setValidator(new QIntValidator(1, 31, EDia));
+    EDia->setMaxLength(2);
     EDia->setFixedWidth(EDia->fontMetrics().horizontalAdvance("0000"));
     ERef = nombrado(new EditorDato(&CMovimiento, "ENCO_REFER"), "ERef");
     DBEdit1 = nombrado(new EditorDato(&CMovimiento, "ENCO_CONCEPTO"), "DBEdit1");
     DBEdit2 = nombrado(new EditorDato(&CMovimiento, "TERC_NIT"), "DBEdit2");
+    DBEdit2->ancho(13);
     DBEdit3 = nombrado(new EditorDato(&CMovimiento, "ENCO_NOMTERC"), "DBEdit3");
     DBEdit6 = nombrado(new EditorDato(&CMovimiento, "ENCO_MONTO"), "DBEdit6");
     Mand = nombrado(new EditorDato(&CMovimiento, "ENCO_MANDANTE"), "Mand");
@@ -141,6 +150,7 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     DBMemo1->lineas(2);
     ckFiltro = nombrado(new QCheckBox("Filtro"), "ckFiltro");
     PageControl1 = nombrado(new QTabWidget, "PageControl1");
+    PageControl1->tabBar()->setFocusPolicy(Qt::NoFocus); // de página a página con Ctrl+Av/Re Pág
     PageControl1->addTab(lineas_2649->construya_pagina(), "Dec. 2649");
     PageControl1->addTab(lineas_niif->construya_pagina(), "NIIF");
 
@@ -156,13 +166,15 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
 
     Formulario f(this);
     f.fila({{"Tipo", LTipo},
-            {"Prefijo", control_prefijo},
-            {"Número", ENumero},
-            {"Fecha", Formulario::junto({EDia, EMes, EAno})},
-            {"Referencia", ERef}});
-    f.fila({{"Concepto", DBEdit1}, {"Monto", DBEdit6}, {"", DBCheckBox1}});
-    f.fila({{"Tercero", DBEdit2}, {"Nombre", DBEdit3}, {"", DBCheckBox2}, {"", ckFiltro}});
-    f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}, {"Observaciones", DBMemo1}});
+            {"Prefijo", Formulario::junto({control_prefijo, rotulo("Número", ENumero), ENumero})},
+            {"Fecha", Formulario::junto({EDia, EMes, EAno})}});
+    f.fila({{"Concepto", DBEdit1},
+            {"Referencia", Formulario::junto({ERef, rotulo("Monto", DBEdit6), DBEdit6})},
+            {"", Formulario::junto({DBCheckBox1, ckFiltro})}});
+    f.fila({{"Tercero", Formulario::junto({DBEdit2, DBEdit3})},
+            {"Observaciones", DBMemo1},
+            {"", DBCheckBox2}});
+    f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
     if (!LabMand)
         LabMand = new QLabel("Mandante", this);
@@ -186,6 +198,8 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
                            Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar});
         r->al_ordenar(Rejilla::Pegar, [this, r] { pegue(*r); });
     }
+    // Solo la rejilla 2649 se queda con Esc para cancelar su fila; en la otra sale de la pantalla.
+    lineas_niif->rejilla->reclama_escape = false;
     construya_paneles();
     enter_como_tab();
 }
@@ -281,9 +295,25 @@ void PantallaComprobante::declare_teclas_comunes() {
     barra->principal(SBGrabar);
     SBCancel = barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
                             [this] { SBCancelClick(); });
+    // Del encabezado se pasa a la rejilla de la página a la vista, y de ella a los botones.
+    PageControl1->setFocusPolicy(Qt::NoFocus);
+    QWidget::setTabOrder(DBCheckBox2, lineas_2649->rejilla);
+    QWidget::setTabOrder(lineas_2649->rejilla, lineas_niif->rejilla);
+    QWidget::setTabOrder(lineas_niif->rejilla, SBGrabar);
     tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas_a_la_vista().sugiera_db_cr(); });
-    tecla(Qt::Key_F6, "Tfterceros", [] { pantallas().abrir("Tfterceros"); });
-    tecla(Qt::Key_F7, "Tfcentros", [] { pantallas().abrir("Tfcentros"); });
+    // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
+    const auto busque = [this](int clave, const char* pantalla) {
+        tecla(
+            clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
+    };
+    const auto pagina = [this](int clave, int indice) {
+        tecla(clave, Qt::ControlModifier, "PageControl1",
+              [this, indice] { PageControl1->setCurrentIndex(indice); });
+    };
+    pagina(Qt::Key_PageDown, 1);
+    pagina(Qt::Key_PageUp, 0);
+    busque(Qt::Key_F6, "Tfterceros");
+    busque(Qt::Key_F7, "Tfcentros");
 }
 
 LineasLibro& PantallaComprobante::lineas_a_la_vista() const {

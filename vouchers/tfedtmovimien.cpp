@@ -72,7 +72,7 @@ Tfedtmovimien::Tfedtmovimien()
     for (QLineEdit* e : {Edit1, Edit3}) {
         e->setReadOnly(true);
         e->setFocusPolicy(Qt::NoFocus);
-        e->setMinimumWidth(letra * 40);
+        e->setMinimumWidth(letra * 46);
     }
     Edit1->setAccessibleName("Origen del comprobante");
     Edit3->setAccessibleName("Último cambio NIIF");
@@ -87,8 +87,7 @@ Tfedtmovimien::Tfedtmovimien()
 void Tfedtmovimien::FormCreate() {
     tipo_anterior.clear();
     libre_2649 = libre_niif = true;
-    const QSize area = area_principal();
-    tamano(area.width() - 60, area.height() - 40);
+    tamano_del_area(60, 40);
     fdm().ConfigurarProviders(this);
     const QSignalBlocker callada(PageControl1); // escoger la página inicial no graba nada
     lea_configuracion(Orden::Editar);

@@ -95,8 +95,7 @@ void Tfmovimien::FormCreate() {
         CMovimiento.Append();
     else
         recupere_provisional();
-    const QSize area = area_principal();
-    tamano(area.width() - 60, area.height() - 40);
+    tamano_del_area(60, 40);
     if (!fdm().exija_acceso(30))
         pida_cierre_al_crear();
 }
@@ -200,7 +199,10 @@ void Tfmovimien::CMovimientoTICO_CODChange(Campo& campo) {
 }
 
 void Tfmovimien::aplique_numeracion() {
-    ENumero->ReadOnly(CPrefijos.FieldByName("PRCO_AUTO").texto() == "S");
+    const bool automatico = CPrefijos.FieldByName("PRCO_AUTO").texto() == "S";
+    ENumero->ReadOnly(automatico);
+    // Lo que no se digita no estorba al pasar de campo en campo.
+    ENumero->setFocusPolicy(automatico ? Qt::ClickFocus : Qt::StrongFocus);
 }
 
 void Tfmovimien::CMovimientoPRCO_PREFChange(Campo& campo) {

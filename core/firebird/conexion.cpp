@@ -14,6 +14,9 @@ namespace {
 
 constexpr int kSentenciasOciosas = 48;
 constexpr int kReintentos = 4;
+const QString kSinServidor =
+    QStringLiteral("Se perdió la conexión con el servidor de la base de datos. Los datos de la "
+                   "pantalla se conservan; intente de nuevo cuando el servidor esté disponible.\n");
 
 bool contiene(const ISC_STATUS* vector, ISC_STATUS codigo) {
     while (*vector != isc_arg_end) {
@@ -48,6 +51,8 @@ QString primer_argumento(const ISC_STATUS* vector, ISC_STATUS codigo) {
 } // namespace
 
 namespace fbc {
+
+std::atomic<quint64> redes_caidas = 0;
 
 IMaster* maestro() {
     static IMaster* m = [] {
@@ -86,6 +91,8 @@ void Estado::compruebe(bool conectando) {
     const bool conflicto =
         contiene(vector, isc_deadlock) || contiene(vector, isc_update_conflict) ||
         contiene(vector, isc_lock_conflict) || contiene(vector, isc_lock_timeout);
+    if (perdida && !conectando)
+        ++redes_caidas;
     if (conectando) {
         // El reporte de fallas reconoce estas cuatro formas; el servidor las redacta de otro modo.
         const QString archivo = [&] {
@@ -100,7 +107,9 @@ void Estado::compruebe(bool conectando) {
         if (!archivo.isEmpty())
             forma = QStringLiteral("I/O error for file \"%1\"\n%2").arg(archivo, texto);
         else if (contiene(vector, isc_net_connect_err) && !contiene(vector, isc_net_lookup_err))
-            forma = QStringLiteral("Connection failed\n") + texto;
+            // El primer renglón del servidor es el de un equipo desconocido, y este sí responde.
+            forma = QStringLiteral("Connection failed: %1\n%2")
+                        .arg(primer_argumento(vector, isc_network_error), texto.section('\n', 1));
         else if (red)
             forma = QStringLiteral("Unable to complete network request to host \"%1\"\n%2")
                         .arg(primer_argumento(vector, isc_network_error), texto);
@@ -111,11 +120,7 @@ void Estado::compruebe(bool conectando) {
     if (const QString frase = frase_de_excepcion(vector); !frase.isEmpty())
         throw ErrorBase(frase, codigo, false, false);
     if (perdida)
-        throw ErrorBase(QStringLiteral("Se perdió la conexión con el servidor de la base de datos. "
-                                       "Los datos de la pantalla se conservan; intente de nuevo "
-                                       "cuando el servidor esté disponible.\n") +
-                            texto,
-                        codigo, false, true);
+        throw ErrorBase(kSinServidor + texto, codigo, false, true);
     if (conflicto)
         throw ErrorBase(
             QStringLiteral("Otro usuario está modificando el mismo registro y no ha terminado. "
@@ -184,11 +189,35 @@ void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int
     dpb->dispose();
     proveedor->release();
     estado.compruebe(true);
+    static std::atomic<quint64> enlaces = 0;
     interno_->enlace = enlace;
+    interno_->numero = ++enlaces;
+    interno_->redes_vistas = redes_caidas;
     interno_->perdida = false;
 }
 
+void Conexion::asegure_enlace() {
+    Interno& i = *interno_;
+    if (i.enlace && i.redes_vistas != redes_caidas) {
+        i.redes_vistas = redes_caidas;
+        Estado estado;
+        i.enlace->ping(&estado);
+        i.perdida = estado.fallo();
+    }
+    if (!i.perdida)
+        return;
+    try {
+        conectar(ParametrosConexion(parametros_));
+    } catch (const ErrorBase& e) {
+        i.perdida = true; // la próxima operación prueba otra vez
+        if (e.conexion_perdida())
+            throw ErrorBase(kSinServidor + e.texto(), e.codigo(), false, true);
+        throw;
+    }
+}
+
 void Conexion::desconectar() noexcept {
+    interno_->perdida = false;
     if (!interno_->enlace)
         return;
     interno_->ociosas.clear();
@@ -223,6 +252,7 @@ void Conexion::anote(const QString& sql) {
 }
 
 Transaccion& Conexion::lectura() {
+    asegure_enlace();
     if (!lectura_ || !lectura_->activa())
         lectura_ = std::make_unique<Transaccion>(*this, Transaccion::Modo::Lectura);
     return *lectura_;
@@ -242,10 +272,10 @@ std::shared_ptr<Preparada> Conexion::prepare(const QString& sql, Transaccion& tr
     // Al soltarla vuelve a la reserva, si la conexión sigue abierta.
     Interno* interno = interno_.get();
     std::weak_ptr<bool> viva = interno->viva;
-    IAttachment* enlace = interno->enlace;
-    return {sentencia.release(), [interno, viva, enlace](Preparada* p) {
+    const quint64 numero = interno->numero;
+    return {sentencia.release(), [interno, viva, numero](Preparada* p) {
                 std::unique_ptr<Preparada> propia(p);
-                if (viva.expired() || interno->enlace != enlace)
+                if (viva.expired() || !interno->enlace || interno->numero != numero)
                     return;
                 interno->ociosas.push_front(std::move(propia));
                 if (interno->ociosas.size() > kSentenciasOciosas)
@@ -295,6 +325,7 @@ Valor Conexion::consulte(const QString& sql, const QVector<Valor>& valores) {
 
 Transaccion::Transaccion(Conexion& conexion, Modo modo)
     : conexion_(conexion), interno_(std::make_unique<Interno>()) {
+    conexion.asegure_enlace();
     if (!conexion.conectada())
         throw ErrorBase(QStringLiteral("No hay conexión con la base de datos."), 0, false, true);
     Estado estado;

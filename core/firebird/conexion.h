@@ -5,6 +5,10 @@
 // proceso (ubicación sin servidor) y a un servidor ("equipo/puerto:ruta"). Dialecto 3, juego de
 // caracteres ISO8859_1, lectura confirmada con versión de registro y espera acotada de bloqueos.
 // Todas las fallas salen como ErrorBase con el texto del servidor (ver errores.h).
+//
+// Si se cae el servidor, la operación en curso falla (conexion_perdida) y la siguiente vuelve a
+// entrar con los mismos parámetros. Lo que quedó abierto de antes, cursores y transacciones, ya no
+// sirve; ninguna otra falla, ni un disco lleno, suelta la conexión.
 #include "core/firebird/errores.h"
 #include "core/firebird/valor.h"
 
@@ -83,6 +87,8 @@ public:
     struct Interno;
     Interno& interno() { return *interno_; }
     void anote(const QString& sql);
+    /// Antes de cada operación: si se perdió el servidor, vuelve a entrar. Lanza si aún no atiende.
+    void asegure_enlace();
 
 private:
     void abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache);
@@ -177,6 +183,7 @@ private:
     std::unique_ptr<Interno> interno_;
     QByteArray mensaje_;
     bool agotado_ = false;
+    quint64 enlace_ = 0; ///< número del enlace con que se abrió
 };
 
 /// Lee una columna de un mensaje crudo. Los blobs se leen con la transacción de lectura.

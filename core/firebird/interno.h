@@ -2,6 +2,7 @@
 // Detalle privado del piso: el cliente de Firebird no se ve desde ningún otro lugar.
 #include "core/firebird/conexion.h"
 
+#include <atomic>
 #include <firebird/Interface.h>
 #include <list>
 
@@ -24,6 +25,10 @@ private:
     Firebird::CheckStatusWrapper envoltura_;
 };
 
+/// Cuántas veces ha fallado la red en este programa. La falla no dice de qué conexión es: cada una
+/// se revisa a sí misma cuando ve que la cuenta cambió.
+extern std::atomic<quint64> redes_caidas;
+
 /// Texto que guarda la base: rechaza lo que ISO 8859-1 no puede representar.
 QByteArray a_latin1(const QString& texto);
 
@@ -31,6 +36,8 @@ QByteArray a_latin1(const QString& texto);
 
 struct Conexion::Interno {
     Firebird::IAttachment* enlace = nullptr;
+    quint64 numero = 0;       ///< del enlace; cambia cada vez que se entra
+    quint64 redes_vistas = 0; ///< redes_caidas en la última revisión
     bool perdida = false;
     /// Sentencias preparadas sin uso, la más reciente al frente.
     std::list<std::unique_ptr<Preparada>> ociosas;

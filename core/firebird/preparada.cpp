@@ -258,7 +258,8 @@ QVector<Valor> Preparada::ejecute_con_salida(Transaccion& transaccion,
 
 Cursor::Cursor(std::shared_ptr<Preparada> sentencia, Transaccion& transaccion,
                const QVector<Valor>& valores)
-    : sentencia_(std::move(sentencia)), interno_(std::make_unique<Interno>()) {
+    : sentencia_(std::move(sentencia)), interno_(std::make_unique<Interno>()),
+      enlace_(sentencia_->conexion_.interno().numero) {
     sentencia_->conexion_.anote(sentencia_->sql_);
     const char* entrada = sentencia_->cargue(transaccion, valores);
     auto& s = *sentencia_->interno_;
@@ -302,6 +303,10 @@ bool Cursor::siguiente() {
 bool Cursor::siguiente_en(char* destino) {
     if (agotado_)
         return false;
+    if (sentencia_->conexion_.interno().numero != enlace_)
+        throw ErrorBase(QStringLiteral("La conexión con el servidor se restableció y esta consulta "
+                                       "quedó a medias. Ábrala de nuevo."),
+                        0, false, true);
     Estado estado;
     const int r = interno_->filas->fetchNext(&estado, destino);
     estado.compruebe();

@@ -2,6 +2,7 @@
 -- las que cuelgan de ella) a sus líneas por el índice de cuenta y fecha: solo leen el mes.
 -- Los LEFT JOIN fijan ese orden: con las estadísticas viejas de un libro que creció, el motor
 -- prefería recorrer todas las líneas.
+-- ITEM deja a quien ordena por otra columna volver a ese orden dentro de las iguales.
 -- CONCEPTO y REF son los de la línea y, si no los tiene, los del encabezado. El año y la cuenta
 -- pueden llegar como números sin comillas.
 
@@ -14,7 +15,7 @@ CREATE OR ALTER PROCEDURE AUXILIAR_CUENTA_MES{_NIIF} (
 RETURNS (ID integer, TIPOCOMP varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CONCEPTO varchar(60), NIT varchar(20), CIUDAD varchar(5), REF varchar(20), BASE numeric(15,2),
   PORC numeric(15,4), DEBITO numeric(15,2), CREDITO numeric(15,2), PROYECTO varchar(4),
-  CENTRO varchar(4), TIPOREF integer, IDREF integer)
+  CENTRO varchar(4), TIPOREF integer, IDREF integer, ITEM integer)
 AS
   DECLARE DESDE char(8);
   DECLARE HASTA char(8);
@@ -26,7 +27,7 @@ BEGIN
       coalesce(nullif(D.CODE_CONCEPTO, ''), E.ENCO_CONCEPTO), D.TERC_NIT, T.CIUD_COD,
       coalesce(nullif(D.CODE_REFER, ''), E.ENCO_REFER), D.CODE_BASE, D.CODE_PORC,
       coalesce(D.CODE_DEBITO, 0), coalesce(D.CODE_CREDITO, 0), D.PROY_COD, D.CENT_COD,
-      E.ENCO_TIPOREF, E.ENCO_IDREF
+      E.ENCO_TIPOREF, E.ENCO_IDREF, D.CODE_ITEM
     FROM {CUENTAS} C
     LEFT JOIN {DETALLE} D ON D.CUEN_COD = C.CUEN_COD
       AND D.CODE_FECHA BETWEEN :DESDE AND :HASTA
@@ -35,7 +36,7 @@ BEGIN
     WHERE C.CUEN_COD STARTING WITH :CUENTA AND E.ENCO_CONSEC IS NOT NULL
     ORDER BY E.ENCO_FECHA, E.TICO_COD, E.PRCO_PREF, E.ENCO_NUMERO, D.CODE_ITEM
     INTO :ID, :TIPOCOMP, :PREFIJO, :NUMERO, :FECHA, :CONCEPTO, :NIT, :CIUDAD, :REF, :BASE, :PORC,
-      :DEBITO, :CREDITO, :PROYECTO, :CENTRO, :TIPOREF, :IDREF
+      :DEBITO, :CREDITO, :PROYECTO, :CENTRO, :TIPOREF, :IDREF, :ITEM
   DO
     SUSPEND;
 END^
@@ -46,7 +47,7 @@ CREATE OR ALTER PROCEDURE AUXILIAR_TERCERO_MES{_N} (
 RETURNS (ID integer, TIPOCOMP varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CONCEPTO varchar(60), REF varchar(20), BASE numeric(15,2), PORC numeric(15,4),
   DEBITO numeric(15,2), CREDITO numeric(15,2), PROYECTO varchar(4), CENTRO varchar(4),
-  TIPOREF integer, IDREF integer)
+  TIPOREF integer, IDREF integer, ITEM integer)
 AS
   DECLARE DESDE char(8);
   DECLARE HASTA char(8);
@@ -58,7 +59,7 @@ BEGIN
       coalesce(nullif(D.CODE_CONCEPTO, ''), E.ENCO_CONCEPTO),
       coalesce(nullif(D.CODE_REFER, ''), E.ENCO_REFER), D.CODE_BASE, D.CODE_PORC,
       coalesce(D.CODE_DEBITO, 0), coalesce(D.CODE_CREDITO, 0), D.PROY_COD, D.CENT_COD,
-      E.ENCO_TIPOREF, E.ENCO_IDREF
+      E.ENCO_TIPOREF, E.ENCO_IDREF, D.CODE_ITEM
     FROM {CUENTAS} C
     LEFT JOIN {DETALLE} D ON D.CUEN_COD = C.CUEN_COD
       AND D.CODE_FECHA BETWEEN :DESDE AND :HASTA
@@ -67,7 +68,7 @@ BEGIN
       AND coalesce(D.TERC_NIT, '') = coalesce(:NIT, '')
     ORDER BY E.ENCO_FECHA, E.TICO_COD, E.PRCO_PREF, E.ENCO_NUMERO, D.CODE_ITEM
     INTO :ID, :TIPOCOMP, :PREFIJO, :NUMERO, :FECHA, :CONCEPTO, :REF, :BASE, :PORC, :DEBITO,
-      :CREDITO, :PROYECTO, :CENTRO, :TIPOREF, :IDREF
+      :CREDITO, :PROYECTO, :CENTRO, :TIPOREF, :IDREF, :ITEM
   DO
     SUSPEND;
 END^
@@ -79,7 +80,8 @@ CREATE OR ALTER PROCEDURE AUXILIAR_CENTRO_MES (CUENTA varchar(20), PROYECTO varc
   CENTRO varchar(4), ANO varchar(4), MES smallint)
 RETURNS (ID integer, TIPOCOMP varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CONCEPTO varchar(60), NIT varchar(20), CIUDAD varchar(5), REF varchar(20), BASE numeric(15,2),
-  PORC numeric(15,4), DEBITO numeric(15,2), CREDITO numeric(15,2), TIPOREF integer, IDREF integer)
+  PORC numeric(15,4), DEBITO numeric(15,2), CREDITO numeric(15,2), TIPOREF integer,
+  IDREF integer, ITEM integer)
 AS
   DECLARE DESDE char(8);
   DECLARE HASTA char(8);
@@ -90,7 +92,8 @@ BEGIN
     SELECT E.ENCO_CONSEC, E.TICO_COD, E.PRCO_PREF, E.ENCO_NUMERO, E.ENCO_FECHA,
       coalesce(nullif(D.CODE_CONCEPTO, ''), E.ENCO_CONCEPTO), D.TERC_NIT, T.CIUD_COD,
       coalesce(nullif(D.CODE_REFER, ''), E.ENCO_REFER), D.CODE_BASE, D.CODE_PORC,
-      coalesce(D.CODE_DEBITO, 0), coalesce(D.CODE_CREDITO, 0), E.ENCO_TIPOREF, E.ENCO_IDREF
+      coalesce(D.CODE_DEBITO, 0), coalesce(D.CODE_CREDITO, 0), E.ENCO_TIPOREF,
+      E.ENCO_IDREF, D.CODE_ITEM
     FROM CUENTAS C
     LEFT JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = C.CUEN_COD
       AND D.CODE_FECHA BETWEEN :DESDE AND :HASTA
@@ -101,7 +104,7 @@ BEGIN
       AND coalesce(D.CENT_COD, '') = coalesce(:CENTRO, '')
     ORDER BY E.ENCO_FECHA, E.TICO_COD, E.PRCO_PREF, E.ENCO_NUMERO, D.CODE_ITEM
     INTO :ID, :TIPOCOMP, :PREFIJO, :NUMERO, :FECHA, :CONCEPTO, :NIT, :CIUDAD, :REF, :BASE, :PORC,
-      :DEBITO, :CREDITO, :TIPOREF, :IDREF
+      :DEBITO, :CREDITO, :TIPOREF, :IDREF, :ITEM
   DO
     SUSPEND;
 END^
@@ -112,7 +115,7 @@ CREATE OR ALTER PROCEDURE AUXILIAR_ARTICULO_MES (
 RETURNS (ID integer, TIPOCOMP varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CONCEPTO varchar(60), NIT varchar(20), REF varchar(20), BASE numeric(15,2), PORC numeric(15,4),
   DEBITO numeric(15,2), CREDITO numeric(15,2), PROYECTO varchar(4), CENTRO varchar(4),
-  TIPOREF integer, IDREF integer)
+  TIPOREF integer, IDREF integer, ITEM integer)
 AS
   DECLARE DESDE char(8);
   DECLARE HASTA char(8);
@@ -124,7 +127,7 @@ BEGIN
       coalesce(nullif(D.CODE_CONCEPTO, ''), E.ENCO_CONCEPTO), D.TERC_NIT,
       coalesce(nullif(D.CODE_REFER, ''), E.ENCO_REFER), D.CODE_BASE, D.CODE_PORC,
       coalesce(D.CODE_DEBITO, 0), coalesce(D.CODE_CREDITO, 0), D.PROY_COD, D.CENT_COD,
-      E.ENCO_TIPOREF, E.ENCO_IDREF
+      E.ENCO_TIPOREF, E.ENCO_IDREF, D.CODE_ITEM
     FROM CUENTAS C
     LEFT JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = C.CUEN_COD
       AND D.CODE_FECHA BETWEEN :DESDE AND :HASTA
@@ -133,7 +136,7 @@ BEGIN
       AND coalesce(D.ARTI_COD, '') = coalesce(:ARTICULO, '')
     ORDER BY E.ENCO_FECHA, E.TICO_COD, E.PRCO_PREF, E.ENCO_NUMERO, D.CODE_ITEM
     INTO :ID, :TIPOCOMP, :PREFIJO, :NUMERO, :FECHA, :CONCEPTO, :NIT, :REF, :BASE, :PORC, :DEBITO,
-      :CREDITO, :PROYECTO, :CENTRO, :TIPOREF, :IDREF
+      :CREDITO, :PROYECTO, :CENTRO, :TIPOREF, :IDREF, :ITEM
   DO
     SUSPEND;
 END^

@@ -22,7 +22,10 @@ class Interlocutor : public QObject {
 public:
     Interlocutor() {
         reloj_.setInterval(5);
-        connect(&reloj_, &QTimer::timeout, this, [this] { mire(); });
+        // Encolado: un reloj no vuelve a sonar dentro de su propio aviso, y atender una ventana
+        // puede abrir otra.
+        connect(
+            &reloj_, &QTimer::timeout, this, [this] { mire(); }, Qt::QueuedConnection);
         reloj_.start();
     }
     ~Interlocutor() override {

@@ -5,6 +5,8 @@
 #include "app/vigiamensajes.h"
 #include "sesion_de_prueba.h"
 
+#include <QMenu>
+#include <QPushButton>
 #include <QTcpServer>
 
 class PruebaPrincipal : public QObject {
@@ -286,6 +288,7 @@ void PruebaPrincipal::un_valor_de_configuracion_danado_detiene_la_entrada() {
     QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
     QVERIFY(p.isVisible() && p.EUsuario->text().isEmpty());
     s_->cierre();
+    s_->datos.ConGeneral.desconectar();
 
     s_->bases.base().ejecute(
         "delete from configuracion where conf_propiedad = 'DURACION DE LAS BUSQUEDAS'");

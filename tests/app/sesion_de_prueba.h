@@ -46,6 +46,9 @@ public:
         principal->show();
         if (terminada.isEmpty())
             terminada.wait(20000);
+        // Los atajos solo viven en la ventana activa.
+        principal->activateWindow();
+        (void)QTest::qWaitForWindowActive(principal.get(), 2000);
         return *principal;
     }
     Tfprincipal& entre(const QString& usuario = "ADMIN") { return abra(argumentos(usuario)); }

@@ -253,10 +253,12 @@ private slots:
         }
     }
 
-    void recorre_el_plan_grabando_y_pita_en_los_extremos() {
+    void recorre_el_plan_grabando_y_se_queda_en_los_extremos() {
         SesionGui s;
         Pantalla* p = modifique(s, "11");
-        escriba(p, "ENombre", "Efectivo y equivalentes");
+        QCOMPARE(con_foco(), &editor(p, "ENombre"));
+        editor(p, "ENombre").selectAll();
+        digite("Efectivo y equivalentes");
         oprima(Qt::Key_F5);
         QCOMPARE(campo(p, "CUEN_COD"), QString("1105"));
         QVERIFY(ficha(s, "11").startsWith("Efectivo y equivalentes|"));

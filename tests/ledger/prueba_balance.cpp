@@ -76,12 +76,10 @@ class PruebaBalance : public QObject {
 
     /// Las demás consultas solo se dejan ver en la prueba que las pide.
     void vigile() {
-        for (const char* nombre : {"Tfauxiliar", "Tfauxiliarniif", "Tfsaldoterc",
-                                   "Tfsaldotercniif", "Tfsaldocentro", "Tfsaldocentroniif",
-                                   "Tfsaldoartc"})
-            registre_testigo(nombre, [this, nombre] {
-                abiertas_ << nombre + (' ' + fdmcnt().cuenta_auxiliar);
-            });
+        for (const char* nombre : {"Tfauxiliar", "Tfauxiliarniif", "Tfsaldoterc", "Tfsaldotercniif",
+                                   "Tfsaldocentro", "Tfsaldocentroniif", "Tfsaldoartc"})
+            registre_testigo(
+                nombre, [this, nombre] { abiertas_ << nombre + (' ' + fdmcnt().cuenta_auxiliar); });
     }
 
 private slots:
@@ -193,6 +191,12 @@ private slots:
 
     void con_seis_niveles_empieza_en_seis_y_sin_estructura_en_cinco() {
         SesionGui s;
+        {
+            // La estructura de una compañía con cuentas está protegida.
+            Conexion dueno;
+            dueno.conectar(s.base.parametros("SYSDBA"));
+            dueno.ejecute("alter trigger estructura_biud inactive");
+        }
         s.base.ejecute({"insert into estructura (estr_nivel, estr_digitos) values (6, 12)"});
         auto* b = abra(s);
         QCOMPARE(b->nivel(), 6);
@@ -217,8 +221,10 @@ private slots:
             int tecla;
             const char* nombre;
             const char* guardado;
-        } pasos[] = {{Qt::Key_Right, "Ajustes", "2017 12"}, {Qt::Key_Right, "Enero", "2018 0"},
-                     {Qt::Key_Left, "Ajustes", "2017 12"},  {Qt::Key_Left, "Diciembre", "2017 11"}};
+        } pasos[] = {{Qt::Key_Right, "Ajustes", "2017 12"},
+                     {Qt::Key_Right, "Enero", "2018 0"},
+                     {Qt::Key_Left, "Ajustes", "2017 12"},
+                     {Qt::Key_Left, "Diciembre", "2017 11"}};
         for (const auto& paso : pasos) {
             oprima(paso.tecla, Qt::AltModifier);
             QCOMPARE(periodo->texto_mes(), QString(paso.nombre));
@@ -320,10 +326,10 @@ private slots:
             int tecla;
             const char* abre;
         } casos[] = {
-            {0, Qt::Key_F8, "Tfauxiliar 110505"},      {1, Qt::Key_F8, "Tfauxiliarniif 413505"},
-            {0, Qt::Key_F5, "Tfsaldoterc 110505"},     {1, Qt::Key_F5, "Tfsaldotercniif 413505"},
-            {0, Qt::Key_F7, "Tfsaldocentro 110505"},   {1, Qt::Key_F7, "Tfsaldocentroniif 413505"},
-            {0, Qt::Key_F6, "Tfsaldoartc 110505"},     {1, Qt::Key_F6, "Tfsaldoartc 110505"},
+            {0, Qt::Key_F8, "Tfauxiliar 110505"},    {1, Qt::Key_F8, "Tfauxiliarniif 413505"},
+            {0, Qt::Key_F5, "Tfsaldoterc 110505"},   {1, Qt::Key_F5, "Tfsaldotercniif 413505"},
+            {0, Qt::Key_F7, "Tfsaldocentro 110505"}, {1, Qt::Key_F7, "Tfsaldocentroniif 413505"},
+            {0, Qt::Key_F6, "Tfsaldoartc 110505"},   {1, Qt::Key_F6, "Tfsaldoartc 110505"},
         };
         for (const auto& caso : casos) {
             pagina(*b, caso.pagina);
@@ -388,8 +394,8 @@ private slots:
         };
         QCOMPARE(titulos(local), QStringList({"Cód. Cuenta", "Nombre cuenta", "S. Inicial",
                                               "Débitos", "Créditos", "S. Final"}));
-        QCOMPARE(titulos(niif), QStringList({"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos",
-                                             "Final"}));
+        QCOMPARE(titulos(niif),
+                 QStringList({"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"}));
         componente<QCheckBox>(b, "ckfiltro").click();
         QVERIFY(local.filtro_visible());
         QVERIFY(!niif.filtro_visible());

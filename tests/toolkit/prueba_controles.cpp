@@ -452,7 +452,7 @@ private slots:
         QCOMPARE(m.campo("CUEN_COD"), "1110");
         QCOMPARE(encendidos(), "First Prior Insert Delete Edit Refresh");
         nav.boton(nbEdit)->click();
-        QCOMPARE(encendidos(), "First Prior Next Last Insert Post Cancel");
+        QCOMPARE(encendidos(), "First Prior Next Last Insert Delete Post Cancel");
         nav.boton(nbCancel)->click();
         Interlocutor i;
         i.espere("Desea borrar el registro?", "No");

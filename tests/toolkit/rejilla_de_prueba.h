@@ -7,7 +7,17 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
+#include <ctime>
 #include <memory>
+
+/// Tiempo de procesador: no depende de cuánto más haga la máquina.
+class TiempoProceso {
+public:
+    double milisegundos() const { return 1000.0 * double(std::clock() - desde_) / CLOCKS_PER_SEC; }
+
+private:
+    std::clock_t desde_ = std::clock();
+};
 
 struct RejillaDePrueba {
     enum Columna { Cuenta, Concepto, Categoria, Debito, Credito, Descontable };

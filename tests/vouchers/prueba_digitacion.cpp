@@ -75,6 +75,7 @@ private slots:
         }
         // una línea sin cuenta desaparece callada al grabar
         d.entre_a_la_rejilla();
+        oprima(Qt::Key_Insert);
         d.rejilla().SelectedIndex(4);
         d.linea({"solo concepto"});
         oprima(Qt::Key_F2);
@@ -657,13 +658,15 @@ private slots:
         d.encabezado("CG", "05", "");
         d.entre_a_la_rejilla();
         d.linea({"240805", "", "", "", "", "", "", "", "", "1", "", ""});
-        Interlocutor i;
-        i.espere(
-            "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
-            "Sí");
-        s.cnt.plantilla_seleccion = "3";
-        p->FormActivate();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        {
+            Interlocutor i;
+            i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
+                     "Continuar?",
+                     "Sí");
+            s.cnt.plantilla_seleccion = "3";
+            p->FormActivate();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
         QCOMPARE(p->DBEdit1->text(), QString("Arriendo"));
         QCOMPARE(p->ERef->text(), QString("ARR"));
         QCOMPARE(p->CDetalle.RecordCount(), 2);
@@ -675,7 +678,7 @@ private slots:
         d.rejilla().setFocus();
         Interlocutor j;
         j.espere("No puede grabar un comprobante NIIF descuadrado");
-        oprima(Qt::Key_F2);
+        p->SBGrabar->click();
         QVERIFY2(j.conforme(), qPrintable(j.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         p->Cdetniif.Cancel();

@@ -124,7 +124,7 @@ void NavegadorDatos::actualice() {
                                 adelante,
                                 adelante,
                                 abierto,
-                                filas && !editando,
+                                filas,
                                 filas && !editando,
                                 editando,
                                 editando,

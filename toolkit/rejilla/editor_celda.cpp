@@ -1,11 +1,13 @@
 #include "toolkit/rejilla/editor_celda.h"
 
 #include "core/recordset/campo.h"
+#include "toolkit/controles/editordato.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/delegado_celda.h"
 
 #include <QListWidget>
+#include <QRegularExpressionValidator>
 #include <QScrollBar>
 
 EditorCelda::EditorCelda(QWidget* padre) : QLineEdit(padre) {
@@ -22,6 +24,12 @@ void EditorCelda::prepare(const Campo& campo, bool numerico, const QString& titu
     setMaxLength(campo.clase == ClaseCampo::Texto && campo.Size > 0 && opciones.isEmpty()
                      ? campo.Size
                      : 32767);
+    const QString patron = patron_opcional(campo.EditMask);
+    const QValidator* anterior = validator();
+    setValidator(patron.isEmpty()
+                     ? nullptr
+                     : new QRegularExpressionValidator(QRegularExpression(patron), this));
+    delete anterior;
     setAccessibleName(titulo);
     // El texto queda donde lo pintaba la celda.
     const int aire = qMax(0, DelegadoCelda::margen(fontMetrics()) - 2);
@@ -30,6 +38,12 @@ void EditorCelda::prepare(const Campo& campo, bool numerico, const QString& titu
                       .arg(qMax(2, escalado(2)))
                       .arg(palette().color(QPalette::Active, QPalette::Highlight).name(),
                            palette().color(QPalette::Base).name()));
+}
+
+bool EditorCelda::admite(const QString& texto) const {
+    QString copia = texto;
+    int posicion = 0;
+    return !validator() || validator()->validate(copia, posicion) != QValidator::Invalid;
 }
 
 void EditorCelda::digite(const QString& texto) {

@@ -13,6 +13,8 @@ public:
 
     /// `numerico`: a la derecha y con el decimal del teclado numérico.
     void prepare(const Campo& campo, bool numerico, const QString& titulo);
+    /// La máscara del campo deja digitar ese texto.
+    bool admite(const QString& texto) const;
     /// Reemplaza el contenido como si se hubiera digitado.
     void digite(const QString& texto);
     bool modificado() const { return modificado_; }

@@ -279,6 +279,8 @@ void ModeloConjunto::filas_borradas(int desde, int cuantas) {
         filas_reiniciadas();
         return;
     }
+    // La vista escoge otra celda actual al quitar filas; quien manda es el cursor del conjunto.
+    const bool antes = std::exchange(rejilla_.sincronizando_, true);
     beginRemoveRows({}, desde, desde + cuantas - 1);
     filas_ -= cuantas;
     for (Sumandos& s : sumas_) {
@@ -290,6 +292,7 @@ void ModeloConjunto::filas_borradas(int desde, int cuantas) {
         s.unidades.erase(primera, primera + cuantas);
     }
     endRemoveRows();
+    rejilla_.sincronizando_ = antes;
     rejilla_.filas_corridas(desde, -cuantas);
 }
 

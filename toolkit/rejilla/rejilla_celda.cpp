@@ -215,6 +215,10 @@ void Rejilla::abra_editor(const QString& texto, bool digitado) {
     editor_->setFont(font());
     editor_->prepare(*columna(c).campo, modelo_->numerica(c), columna(c).Titulo);
     editor_->modificado(false);
+    if (digitado && !editor_->admite(texto)) {
+        QApplication::beep();
+        return;
+    }
     if (digitado) {
         editor_->digite(texto);
     } else {

@@ -33,8 +33,8 @@ QString escrito(const QKeyEvent& e) {
 
 bool Rejilla::reclama(const QKeyEvent& evento) {
     const bool enter = evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
-    if (en_fila_de_filtro())
-        return enter || evento.key() == Qt::Key_Escape;
+    if (en_fila_de_filtro()) // lo que se escribe es del filtro, aunque la pantalla use esa tecla
+        return enter || evento.key() == Qt::Key_Escape || !escrito(evento).isEmpty();
     if (evento.key() == Qt::Key_Escape)
         return reclama_escape && editable() && (digitando() || conjunto()->editando());
     return enter && modificadores(evento) == Qt::NoModifier && digitando();

@@ -1,0 +1,44 @@
+// bench [apertura|guardado|celdas|balance|auxiliar|lista ...]: sin argumentos, todas. Cada medida
+// corre en un proceso propio: su memoria máxima es la suya. Sale con 1 si alguna no cumple.
+#include "bench/medidas.h"
+#include "core/firebird/errores.h"
+
+#include <QApplication>
+#include <QProcess>
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    QApplication aplicacion(argc, argv);
+    const QList<std::pair<QString, void (*)()>> medidas{
+        {"apertura", mida_apertura}, {"guardado", mida_guardado}, {"celdas", mida_celdas},
+        {"balance", mida_balance},   {"auxiliar", mida_auxiliar}, {"lista", mida_lista},
+    };
+    const QStringList pedidas = aplicacion.arguments().mid(1);
+    if (pedidas.size() != 1) {
+        std::printf(
+            "| medida | ms | contra | ms | razón | exigencia |\n|---|---|---|---|---|---|\n");
+        std::fflush(stdout);
+        int malas = 0;
+        for (const auto& [nombre, medida] : medidas)
+            if (pedidas.isEmpty() || pedidas.contains(nombre))
+                malas += QProcess::execute(aplicacion.applicationFilePath(), {nombre}) != 0;
+        return malas > 0;
+    }
+    for (const auto& [nombre, medida] : medidas) {
+        if (nombre != pedidas[0])
+            continue;
+        try {
+            medida();
+        } catch (const std::exception& e) {
+            std::fprintf(stderr, "%s: %s\n", qPrintable(nombre), e.what());
+            return 2;
+        }
+        nota(QStringLiteral("%1: memoria máxima %2 MB").arg(nombre).arg(memoria_maxima_mb()));
+        return faltas() > 0;
+    }
+    std::fprintf(stderr, "no hay una medida '%s'\n", qPrintable(pedidas[0]));
+    return 2;
+}

@@ -1,0 +1,34 @@
+# Un comprobante digitado en los dos libros, solo con el teclado.
+linea() {
+    local celda
+    for celda in "$@"; do
+        [ -n "$celda" ] && escriba "$celda"
+        teclas Return
+    done
+}
+
+teclas ctrl+b
+escriba "R"
+teclas Tab
+escriba "15"
+teclas Tab
+escriba "Venta de contado del día"
+teclas Tab Tab Tab Tab Tab Tab Tab Tab
+teclas space
+foto encabezado
+teclas Tab
+linea "?caja"
+foto busqueda_de_cuenta 1
+teclas Down Return
+foto cuenta_escogida
+linea "" "" "" "" "" "RC-15" "" "" "595000" "" ""
+linea "413548" "" "0004" "0001" "\"" "" "\"" "" "" "" "500000" ""
+foto segunda_linea
+linea "240805" "" "" "" "Iva generado" "" "\"" ""
+teclas F5
+foto f5_cuadra
+teclas ctrl+Next
+foto replica_niif 1
+teclas ctrl+Prior F2
+foto grabado 1
+teclas Escape

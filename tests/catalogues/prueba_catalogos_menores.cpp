@@ -1,0 +1,244 @@
+// Ciudades, países, categorías y artículos.
+#include "apoyo_gui/interlocutor.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "catalogues/registro_terceros.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/estilo.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+struct Menor {
+    const char *pantalla, *conjunto, *tabla, *llave, *nombre, *archivo, *codigo;
+};
+const Menor menores[] = {
+    {"Tfciudades", "CCiudades", "ciudades", "CIUD_COD", "CIUD_NOM", "Ciudades", "99998"},
+    {"Tfpaises", "CPaises", "paises", "PAIS_ID", "PAIS_NOM", "Paises", "998"},
+    {"Tfconceptos", "CConcepto", "concepto_contable", "CONC_COD", "CONC_NOMBRE", "Categorias",
+     "0998"},
+};
+QString nombre_de(SesionGui& s, const Menor& m) {
+    return s.dato(
+        QString("select %1 from %2 where %3 = '%4'").arg(m.nombre, m.tabla, m.llave, m.codigo));
+}
+void cree_articulos(SesionGui& s) {
+    s.base.ejecute({"insert into articulo (arti_cod, arti_des, arti_unidad) values ('A01', "
+                    "'Tornillo', 'UNIDAD')",
+                    "insert into articulo (arti_cod, arti_des, arti_unidad) values ('B02', "
+                    "'Arandela de presión', 'CAJA')",
+                    "insert into articulo (arti_cod, arti_des, arti_unidad) values ('B03', "
+                    "'Brocha d''oro', 'UNIDAD')"});
+}
+QString codigos(Pantalla* p) {
+    auto& c = componente<ConjuntoDatos>(p, "CArticulos");
+    QStringList todos;
+    for (int i = 0; i < c.RecordCount(); ++i)
+        todos << c.valor_en(i, c.FieldByName("ARTI_COD")).texto();
+    return todos.join(',');
+}
+void busque(Pantalla* p, int columna, const QString& texto) {
+    componente<QWidget>(p, "RBuscar").findChildren<QRadioButton*>().at(columna)->click();
+    oprima(Qt::Key_F12, Qt::ShiftModifier);
+    componente<QLineEdit>(p, "EBuscar").clear();
+    digite(texto);
+    oprima(Qt::Key_Return);
+}
+void escriba(Pantalla* p, const char* control, const QString& texto) {
+    con_foco();
+    auto& e = componente<QLineEdit>(p, control);
+    e.setFocus();
+    e.selectAll();
+    digite(texto);
+    oprima(Qt::Key_Return);
+}
+
+} // namespace
+
+class PruebaCatalogosMenores : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() {
+        aplique_estilo(*qApp);
+        registre_pantallas_terceros();
+    }
+
+    void f2_graba_lo_digitado_esc_lo_descarta_y_una_fila_sin_codigo_desaparece() {
+        for (const Menor& m : menores) {
+            SesionGui s;
+            Interlocutor i;
+            Pantalla* p = pantallas().abrir(m.pantalla);
+            QVERIFY2(p, m.pantalla);
+            auto& rejilla = componente<Rejilla>(p, "DBGridEh1");
+            auto& conjunto = componente<ConjuntoDatos>(p, m.conjunto);
+            QCOMPARE(rejilla.nombre_archivo, QString(m.archivo));
+            const int antes = conjunto.RecordCount();
+            rejilla.SelectedIndex(1);
+            oprima(Qt::Key_Insert);
+            rejilla.SelectedIndex(1);
+            digite("Sin llave");
+            oprima(Qt::Key_Down);
+            QCOMPARE(conjunto.RecordCount(), antes);
+
+            conjunto.First();
+            oprima(Qt::Key_Insert);
+            rejilla.SelectedIndex(0);
+            digite(m.codigo);
+            oprima(Qt::Key_Tab);
+            digite("Prueba ñandú");
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QVERIFY2(s.escritorio.abiertas().isEmpty(), m.pantalla);
+            QCOMPARE(nombre_de(s, m), QString("Prueba ñandú"));
+
+            p = pantallas().abrir(m.pantalla);
+            auto& de_nuevo = componente<ConjuntoDatos>(p, m.conjunto);
+            QVERIFY(de_nuevo.Locate(m.llave, {QString(m.codigo)}));
+            de_nuevo.Edit();
+            de_nuevo.FieldByName(m.nombre) = "Descartado";
+            de_nuevo.Next(); // queda en memoria, no en la base
+            oprima(Qt::Key_Escape);
+            QVERIFY2(s.escritorio.abiertas().isEmpty(), m.pantalla);
+            QCOMPARE(nombre_de(s, m), QString("Prueba ñandú"));
+        }
+    }
+
+    void un_codigo_repetido_lo_dice_y_deja_la_pantalla_con_lo_digitado() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tfpaises");
+        auto& paises = componente<ConjuntoDatos>(p, "CPaises");
+        paises.Insert();
+        paises.FieldByName("PAIS_ID") = "169";
+        paises.FieldByName("PAIS_NOM") = "Otra Colombia";
+        i.espere("Ya existe el registro en la tabla Paises");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
+        QVERIFY(paises.Locate("PAIS_NOM", {"Otra Colombia"}));
+    }
+
+    void una_ciudad_inactiva_sale_en_rojo() {
+        SesionGui s;
+        s.base.ejecute({"update ciudades set ciud_activa = 'N' where ciud_cod = '05002'"});
+        Pantalla* p = pantallas().abrir("Tfciudades");
+        auto& rejilla = componente<Rejilla>(p, "DBGridEh1");
+        auto& ciudades = componente<ConjuntoDatos>(p, "CCiudades");
+        QVERIFY(ciudades.Locate("CIUD_COD", {"05002"}));
+        QCOMPARE(rejilla.aspecto_de(ciudades.RecNo()).frente, color_inactivo());
+        QVERIFY(rejilla.aspecto_de(ciudades.RecNo() + 1).frente != color_inactivo());
+    }
+
+    void una_categoria_se_escoge_con_el_boton_enter_o_doble_clic() {
+        SesionGui s;
+        s.base.ejecute({"delete from concepto_contable",
+                        "insert into concepto_contable (conc_cod, conc_nombre) values ('01', "
+                        "'Ventas')",
+                        "insert into concepto_contable (conc_cod, conc_nombre) values ('02', "
+                        "'Compras')"});
+        const auto escoja = [&](const std::function<void(Pantalla*, Rejilla&)>& como) {
+            s.cnt.concepto_seleccion.clear();
+            Pantalla* p = pantallas().abrir("Tfconceptos");
+            con_foco();
+            componente<ConjuntoDatos>(p, "CConcepto").Last();
+            como(p, componente<Rejilla>(p, "DBGridEh1"));
+            return s.cnt.concepto_seleccion;
+        };
+        QCOMPARE(escoja([](Pantalla* p, Rejilla&) {
+                     componente<QPushButton>(p, "SpeedButton1").click();
+                 }),
+                 QString("02"));
+        QCOMPARE(escoja([](Pantalla*, Rejilla&) { oprima(Qt::Key_Return); }), QString("02"));
+        QCOMPARE(escoja([](Pantalla*, Rejilla& r) {
+                     QTest::mouseDClick(r.viewport(), Qt::LeftButton, {},
+                                        r.visualRect(r.currentIndex()).center());
+                 }),
+                 QString("02"));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        // En mantenimiento Enter es de la rejilla.
+        s.dm.modo_mantenimiento = true;
+        QVERIFY(escoja([](Pantalla*, Rejilla&) { oprima(Qt::Key_Return); }).isEmpty());
+        QVERIFY(!s.dm.modo_mantenimiento);
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
+    }
+
+    // ------------------------------------------------------------ artículos
+
+    void la_lista_de_articulos_busca_escoge_y_elimina() {
+        SesionGui s;
+        cree_articulos(s);
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tfarticulos");
+        QCOMPARE(codigos(p), QString("B02,B03,MART01,A01")); // por descripción
+        busque(p, 0, "Br");
+        QCOMPARE(codigos(p), QString("B03,MART01,A01"));
+        busque(p, 1, "B");
+        QCOMPARE(codigos(p), QString("B02,B03,MART01"));
+        busque(p, 1, "B'");
+        QCOMPARE(codigos(p),
+                 QString("B02,B03,MART01")); // la comilla va doblada en esta comparación
+        componente<QCheckBox>(p, "CkDesorden").setChecked(true);
+        busque(p, 0, "presi");
+        QCOMPARE(codigos(p), QString("B02"));
+        con_foco();
+        componente<Rejilla>(p, "DBGridEh1").setFocus();
+        i.espere("Desea borrar definitivamente el artículo B02 ?", "No");
+        oprima(Qt::Key_F3);
+        i.espere("Desea borrar definitivamente el artículo B02 ?", "Sí");
+        oprima(Qt::Key_F3);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from articulo where arti_cod = 'B02'"), QString("0"));
+        // En cualquier posición el texto va tal cual: una comilla suelta la rehúsa la base.
+        busque(p, 0, "d'oro");
+        QCOMPARE(i.vistos().size(), 3);
+        i.olvide();
+        busque(p, 0, "Torn");
+        componente<Rejilla>(p, "DBGridEh1").setFocus();
+        oprima(Qt::Key_Return);
+        QCOMPARE(s.cnt.articulo_seleccion, QString("A01"));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+    }
+
+    void un_articulo_se_crea_con_sus_valores_iniciales_y_se_modifica() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* lista = pantallas().abrir("Tfarticulos");
+        oprima(Qt::Key_F5);
+        Pantalla* p = s.escritorio.abierta("Tfnvoarticulo");
+        QVERIFY(p);
+        i.espere("Los campos Código de artículo,  son obligatorios.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        escriba(p, "EARTI_COD", "Z9");
+        escriba(p, "EARTI_DES", "Llave inglesa");
+        escriba(p, "EARTI_PRECIO", "1,234.50");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select arti_des || '|' || arti_desvar || arti_tipo || arti_exist || '|' "
+                        "|| arti_unidad || '|' || arti_usuario || '|' || taiv_cod || '|' || "
+                        "arti_precio from articulo where arti_cod = 'Z9'"),
+                 QString("Llave inglesa|SAB|UNIDAD|ADMIN|01|1234.50"));
+        QCOMPARE(con_foco()->objectName(), QString("EARTI_COD")); // lista para otro
+        oprima(Qt::Key_Escape);
+        QCOMPARE(s.escritorio.activa(), lista);
+        QVERIFY(codigos(lista).contains("Z9"));
+        oprima(Qt::Key_F4);
+        p = s.escritorio.abierta("Tfedtarticulo");
+        QVERIFY(p);
+        QVERIFY(s.cnt.articulo_seleccion.isEmpty());
+        escriba(p, "EARTI_DES", "Llave de tubo");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(!s.escritorio.abierta("Tfedtarticulo"));
+        QCOMPARE(componente<ConjuntoDatos>(lista, "CArticulos").FieldByName("ARTI_DES").texto(),
+                 QString("Llave de tubo"));
+    }
+};
+
+QTEST_MAIN(PruebaCatalogosMenores)
+#include "prueba_catalogos_menores.moc"

@@ -1,0 +1,222 @@
+// Proyectos y centros de costo: mantenimiento, selección y agencias.
+#include "apoyo_gui/interlocutor.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "catalogues/registro_terceros.h"
+#include "toolkit/controles/navegadordatos.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QPushButton>
+
+namespace {
+
+ConjuntoDatos& proyectos(Pantalla* p) {
+    return componente<ConjuntoDatos>(p, "CProyectos");
+}
+ConjuntoDatos& centros(Pantalla* p) {
+    return componente<ConjuntoDatos>(p, "CCentros");
+}
+QString nombres(ConjuntoDatos& c, const QString& campo) {
+    QStringList todos;
+    for (int i = 0; i < c.RecordCount(); ++i)
+        todos << c.valor_en(i, c.FieldByName(campo)).texto();
+    return todos.join(',');
+}
+void enfoque(Pantalla* p, const char* rejilla, int columna) {
+    con_foco();
+    auto& r = componente<Rejilla>(p, rejilla);
+    r.setFocus();
+    r.SelectedIndex(columna);
+}
+void filtre_por_agencia(SesionGui& s) {
+    s.base.ejecute({"update configuracion set conf_valor = 'SI' where conf_propiedad = 'FILTRAR "
+                    "CENTROS DE COSTO POR AGENCIA'"});
+    s.dm.cargue_configuracion();
+}
+
+} // namespace
+
+class PruebaCentros : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { registre_pantallas_terceros(); }
+
+    void un_proyecto_y_sus_centros_se_digitan_y_se_graban_juntos() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tfcentros");
+        QVERIFY(p);
+        QCOMPARE(nombres(proyectos(p), "PROY_NOM"), QString("Administración,Ventas"));
+        QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Gerencia,Contabilidad"));
+        oprima(Qt::Key_Down);
+        QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Mostrador,Bodega"));
+        QCOMPARE(nombres(centros(p), "NomAgen"), QString("Principal,Norte"));
+
+        componente<NavegadorDatos>(p, "DBNavigator1").boton(nbInsert)->click();
+        enfoque(p, "DBGridEh1", 0);
+        digite("0009");
+        oprima(Qt::Key_Tab);
+        digite("Obra");
+        oprima(Qt::Key_F12); // a la otra rejilla
+        QVERIFY(componente<Rejilla>(p, "DBGridEh2").enfocada());
+        oprima(Qt::Key_Insert);
+        enfoque(p, "DBGridEh2", 0);
+        digite("0001");
+        oprima(Qt::Key_Tab);
+        digite("Cimientos");
+        oprima(Qt::Key_Tab);
+        QCOMPARE(s.dato("select count(*) from proyectos where proy_cod = '0009'"), QString("0"));
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select p.proy_nom || '/' || c.cent_nom || '/' || c.sucu_id from proyectos "
+                        "p, centros c where c.proy_cod = p.proy_cod and p.proy_cod = '0009'"),
+                 QString("Obra/Cimientos/0"));
+    }
+
+    void cambiar_el_codigo_de_un_proyecto_arrastra_sus_centros() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tfcentros");
+        enfoque(p, "DBGridEh1", 0);
+        digite("0005");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select list(cent_nom) from centros where proy_cod = '0005'"),
+                 QString("Gerencia,Contabilidad"));
+        // Y borrarlo se los lleva.
+        p = pantallas().abrir("Tfcentros");
+        QVERIFY(proyectos(p).Locate("PROY_COD", {"0005"}));
+        i.espere("Desea borrar el registro?", "Sí");
+        componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click();
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from centros where proy_cod in ('0001', '0005')"),
+                 QString("0"));
+    }
+
+    void sin_la_opcion_20_no_graba_y_con_una_falla_cierra_de_todos_modos() {
+        {
+            SesionGui s("AUXILIAR");
+            Interlocutor i;
+            Pantalla* p = pantallas().abrir("Tfcentros");
+            QVERIFY(p); // abre para todos
+            enfoque(p, "DBGridEh1", 1);
+            digite("Otra cosa");
+            i.espere("Acceso no permitido. NO se grabarán los cambios.");
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QVERIFY(s.escritorio.abiertas().isEmpty());
+            QCOMPARE(s.dato("select proy_nom from proyectos where proy_cod = '0001'"),
+                     QString("Administración"));
+        }
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tfcentros");
+        proyectos(p).Append();
+        proyectos(p).FieldByName("PROY_COD") = "0002";
+        proyectos(p).FieldByName("PROY_NOM") = "Repetido";
+        i.espere("Ya existe el registro en la tabla Proyectos");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select proy_nom from proyectos where proy_cod = '0002'"),
+                 QString("Ventas"));
+    }
+
+    void un_centro_repetido_o_incompleto_se_rehusa_al_dejar_su_fila() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tfcentros");
+        enfoque(p, "DBGridEh2", 0);
+        oprima(Qt::Key_Insert);
+        digite("0002");
+        oprima(Qt::Key_Tab);
+        i.espere("Los campos Nombre del centro,  son obligatorios.");
+        oprima(Qt::Key_Down);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        digite("Otro");
+        i.espere("Ya existe un registro con el mismo Proyecto Centro de costo ");
+        oprima(Qt::Key_Down);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(centros(p).editando());
+        oprima(Qt::Key_Escape); // la celda o la fila
+        oprima(Qt::Key_Escape);
+        if (s.escritorio.abierta("Tfcentros"))
+            oprima(Qt::Key_Escape);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select count(*) from centros where proy_cod = '0001'"), QString("2"));
+    }
+
+    void la_agencia_del_usuario_filtra_los_centros_si_asi_se_configura() {
+        SesionGui s;
+        s.dm.sucursal_usuario = 2;
+        Pantalla* p = pantallas().abrir("Tfcentros"); // sin configurar, todos
+        proyectos(p).Last();
+        QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Mostrador,Bodega"));
+        p->close();
+        filtre_por_agencia(s);
+        p = pantallas().abrir("Tfcentros");
+        QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Gerencia,Contabilidad")); // de todas
+        proyectos(p).Last();
+        QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Bodega"));
+        p->close();
+        s.dm.sucursal_usuario = 0;
+        p = pantallas().abrir("Tfcentros");
+        proyectos(p).Last();
+        QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Mostrador,Bodega"));
+    }
+
+    void escoge_proyecto_y_centro_como_ventana_o_como_selector_modal() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tfcentros");
+        proyectos(p).Last();
+        centros(p).Last();
+        componente<QPushButton>(p, "SBSelec").click();
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.cnt.proyecto_seleccion + s.cnt.centro_seleccion, QString("00020002"));
+
+        s.cnt.proyecto_seleccion.clear();
+        s.cnt.centro_seleccion.clear();
+        s.dm.modo_selector = true;
+        i.espere_modal("Tfcentros", [&](QWidget* modal) {
+            auto* lista = modal->findChild<Pantalla*>("Tfcentros");
+            QVERIFY(!s.dm.modo_selector);
+            auto& rejilla = componente<Rejilla>(lista, "DBGridEh2");
+            centros(lista).Last();
+            QTest::mouseDClick(rejilla.viewport(), Qt::LeftButton, {},
+                               rejilla.visualRect(rejilla.currentIndex()).center());
+        });
+        QCOMPARE(pantallas().abrir_modal("Tfcentros"), int(mrOk));
+        QCOMPARE(s.cnt.proyecto_seleccion + s.cnt.centro_seleccion, QString("00010002"));
+
+        s.cnt.proyecto_seleccion.clear();
+        s.dm.modo_selector = true;
+        i.espere_modal("Tfcentros", [&](QWidget* modal) {
+            QTest::keyClick(&componente<Rejilla>(modal, "DBGridEh1"), Qt::Key_Escape);
+        });
+        QCOMPARE(pantallas().abrir_modal("Tfcentros"), int(mrCancel));
+        QVERIFY(s.cnt.proyecto_seleccion.isEmpty());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void los_nombres_y_la_validacion_avisan_cada_uno_lo_suyo() {
+        SesionGui s;
+        Interlocutor i;
+        QCOMPARE(s.cnt.nom_centro("0001"), QString("Administración"));
+        QCOMPARE(s.cnt.nom_subcentro("0002", "0001"), QString("Mostrador"));
+        QVERIFY(s.cnt.valide_centro("0002", "0001"));
+        // Un par desconocido da dos mensajes: el del nombre y el de la validación.
+        i.espere("Centro de costos no encontrado.");
+        i.espere("Proyecto-Centro no encontrado.");
+        QVERIFY(s.cnt.nom_subcentro("0001", "0009").isEmpty());
+        QVERIFY(!s.cnt.valide_centro("0001", "0009"));
+        i.espere("Proyecto no encontrado.");
+        QVERIFY(s.cnt.nom_centro("0077").isEmpty());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+};
+
+QTEST_MAIN(PruebaCentros)
+#include "prueba_centros.moc"

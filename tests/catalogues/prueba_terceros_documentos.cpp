@@ -1,0 +1,147 @@
+// Documentos digitalizados de un tercero.
+#include "apoyo_gui/interlocutor.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "catalogues/registro_terceros.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QUrl>
+
+/// Hace de visor de PDF del sistema.
+class VisorTestigo : public QObject {
+    Q_OBJECT
+public:
+    VisorTestigo() { QDesktopServices::setUrlHandler("file", this, "abra"); }
+    ~VisorTestigo() override { QDesktopServices::unsetUrlHandler("file"); }
+    QList<QByteArray> vistos;
+public slots:
+    void abra(const QUrl& url) {
+        QFile f(url.toLocalFile());
+        vistos << (f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("no está"));
+    }
+};
+
+class PruebaTercerosDocumentos : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir carpeta_;
+
+    QString archivo(const QString& nombre, const QByteArray& contenido) {
+        QFile f(carpeta_.filePath(nombre));
+        if (!f.open(QIODevice::WriteOnly))
+            qFatal("sin archivo de prueba");
+        f.write(contenido);
+        return f.fileName();
+    }
+    static QStringList en_pdf(SesionGui& s) {
+        return QDir(s.base.ruta() + "/pdf").entryList(QDir::Files);
+    }
+    void agregue(SesionGui& s, const QString& item, const QString& nombre,
+                 const QByteArray& contenido) {
+        s.base.base().ejecute("insert into tercero_documentos (terc_nit, tedo_item, tedo_nombre, "
+                              "tedo_archivo) values ('900123456', ?, ?, ?)",
+                              {item, nombre, contenido});
+    }
+    static Pantalla* documentos(SesionGui& s) {
+        s.ter.tercero_seleccion = "900123456";
+        return pantallas().abrir("Tfdocsterc");
+    }
+
+private slots:
+    void initTestCase() { registre_pantallas_terceros(); }
+
+    void el_documento_senalado_se_extrae_y_se_ve_y_al_dejarlo_se_borra() {
+        SesionGui s;
+        VisorTestigo visor;
+        agregue(s, "1", "RUT", "%PDF uno");
+        agregue(s, "2", "Cámara de comercio", "%PDF dos");
+        agregue(s, "3", "Cédula", "%PDF tres");
+        Pantalla* p = documentos(s);
+        QVERIFY(p);
+        QVERIFY(s.ter.tercero_seleccion.isEmpty());
+        QCOMPARE(en_pdf(s), QStringList({"900123456 1.pdf"}));
+        QTRY_COMPARE(visor.vistos, QList<QByteArray>({"%PDF uno"}));
+        // Pasar de largo por el segundo no lo abre.
+        oprima(Qt::Key_Down);
+        QCOMPARE(en_pdf(s), QStringList({"900123456 2.pdf"}));
+        oprima(Qt::Key_Down);
+        QCOMPARE(en_pdf(s), QStringList({"900123456 3.pdf"}));
+        QTRY_COMPARE(visor.vistos.size(), 2);
+        QCOMPARE(visor.vistos.last(), QByteArray("%PDF tres"));
+        oprima(Qt::Key_Escape);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QVERIFY(en_pdf(s).isEmpty());
+    }
+
+    void se_agrega_un_pdf_y_se_rehusa_lo_que_no_lo_es() {
+        SesionGui s;
+        VisorTestigo visor;
+        Interlocutor i;
+        agregue(s, "4", "RUT", "%PDF viejo");
+        const QString bueno = archivo("Certificado.pdf", "%PDF-1.4 contenido\0 binario");
+        const QString malo = archivo("carta.txt", "Señores");
+        Pantalla* p = documentos(s);
+        i.espere_modal("Tfnvodocterc", [&](QWidget* modal) {
+            auto* forma = modal->findChild<Pantalla*>("Tfnvodocterc");
+            auto& ruta = componente<QLineEdit>(forma, "EArchivo");
+            QCOMPARE(modal->focusWidget(), &ruta);
+            for (const QString& falsa : {QString(), carpeta_.filePath("no_existe.pdf"), malo}) {
+                ruta.setText(falsa);
+                i.espere(falsa == malo ? "El archivo no es un documento PDF."
+                                       : "No se pudo abrir el archivo del documento. Revise su "
+                                         "ruta.");
+                QTest::keyClick(&ruta, Qt::Key_F2);
+            }
+            ruta.setText(bueno);
+            QTest::keyClick(&ruta, Qt::Key_F2);
+        });
+        oprima(Qt::Key_F5);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(
+            s.dato("select tedo_item || ' ' || tedo_nombre || ' ' || octet_length(tedo_archivo) "
+                   "from tercero_documentos where terc_nit = '900123456' and tedo_item > 4"),
+            QString("5 Certificado %1").arg(QFileInfo(bueno).size()));
+        QCOMPARE(componente<ConjuntoDatos>(p, "CDocs").RecordCount(), 2);
+    }
+
+    void eliminar_pide_la_opcion_12_del_modulo_y_pregunta() {
+        SesionGui s("AUXILIAR");
+        VisorTestigo visor;
+        Interlocutor i;
+        agregue(s, "1", "RUT", "%PDF uno");
+        Pantalla* p = documentos(s);
+        i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+        oprima(Qt::Key_F3);
+        s.dm.modulo = "C. X PAGAR";
+        s.base.ejecute({"insert into acceso_usuario (user_cod, acus_modulo, acus_opcion, acus_si) "
+                        "values ('AUXILIAR', 'CAJA', 12, 'S')"});
+        i.espere("Desea borrar definitivamente el documento RUT?", "No");
+        oprima(Qt::Key_F3);
+        i.espere("Desea borrar definitivamente el documento RUT?", "Sí");
+        oprima(Qt::Key_F3);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(componente<ConjuntoDatos>(p, "CDocs").IsEmpty());
+        QVERIFY(en_pdf(s).isEmpty());
+        oprima(Qt::Key_F3); // sin documentos no pregunta nada
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void la_ficha_del_tercero_abre_sus_documentos() {
+        SesionGui s;
+        VisorTestigo visor;
+        agregue(s, "1", "RUT", "%PDF uno");
+        s.ter.tercero_seleccion = "900123456";
+        Pantalla* ficha = pantallas().abrir("Tfmodtercero");
+        componente<QPushButton>(ficha, "SBDocumentos").click();
+        Pantalla* p = s.escritorio.abierta("Tfdocsterc");
+        QVERIFY(p);
+        QCOMPARE(componente<ConjuntoDatos>(p, "CDocs").RecordCount(), 1);
+    }
+};
+
+QTEST_MAIN(PruebaTercerosDocumentos)
+#include "prueba_terceros_documentos.moc"

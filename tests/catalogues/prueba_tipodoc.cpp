@@ -1,0 +1,204 @@
+// Tipos de comprobante y sus prefijos.
+#include "apoyo_gui/interlocutor.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "catalogues/registro_terceros.h"
+#include "toolkit/barraestado.h"
+#include "toolkit/controles/navegadordatos.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QPushButton>
+
+namespace {
+
+ConjuntoDatos& tipos(Pantalla* p) {
+    return componente<ConjuntoDatos>(p, "CTipodoc");
+}
+ConjuntoDatos& prefijos(Pantalla* p) {
+    return componente<ConjuntoDatos>(p, "CPrefijos");
+}
+void enfoque(Pantalla* p, const char* rejilla, int columna) {
+    con_foco();
+    auto& r = componente<Rejilla>(p, rejilla);
+    r.setFocus();
+    r.SelectedIndex(columna);
+}
+
+} // namespace
+
+class PruebaTipodoc : public QObject {
+    Q_OBJECT
+    QString formato_; ///< llave con que se abrió el editor de formatos
+
+private slots:
+    void initTestCase() { registre_pantallas_terceros(); }
+
+    void pide_la_opcion_60() {
+        SesionGui s("AUXILIAR");
+        Interlocutor i;
+        i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+        QVERIFY(!pantallas().abrir("Tftipodoc"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        s.otorgue(60);
+        QVERIFY(pantallas().abrir("Tftipodoc"));
+    }
+
+    void un_tipo_nuevo_nace_sin_formato_y_su_prefijo_a_mano_y_activo() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tftipodoc");
+        enfoque(p, "DBGridEh1", 0);
+        oprima(Qt::Key_Insert);
+        digite("EG");
+        oprima(Qt::Key_Tab);
+        digite("Egreso");
+        enfoque(p, "DBGridEh2", 0);
+        oprima(Qt::Key_Insert);
+        digite("0001");
+        oprima(Qt::Key_Tab);
+        digite("000100");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select t.tico_nom || '|' || t.tico_formato || '|' || p.prco_pref || '|' "
+                        "|| p.pref_numero || '|' || p.prco_auto || p.prco_activo || '|' || "
+                        "p.prco_usuario from tipo_comprobante t, prefijos_conta p where "
+                        "p.tico_cod = t.tico_cod and t.tico_cod = 'EG'"),
+                 QString("Egreso|N|0001|000100|NS|ADMIN"));
+    }
+
+    void una_fila_sin_codigo_desaparece_al_dejarla() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tftipodoc");
+        const int antes = tipos(p).RecordCount();
+        tipos(p).Append();
+        tipos(p).FieldByName("TICO_NOM") = "Sin código";
+        componente<NavegadorDatos>(p, "DBNavigator1").boton(nbFirst)->click();
+        QCOMPARE(tipos(p).RecordCount(), antes);
+        const int de_prefijos = prefijos(p).RecordCount();
+        prefijos(p).Append();
+        QCOMPARE(prefijos(p).RecordCount(), de_prefijos + 1);
+        componente<NavegadorDatos>(p, "DBNavigator2").boton(nbFirst)->click();
+        QCOMPARE(prefijos(p).RecordCount(), de_prefijos);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void el_prefijo_senalado_queda_en_edicion_y_solo_el_que_cambia_lleva_el_usuario() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tftipodoc");
+        QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
+        QVERIFY(prefijos(p).State() == Estado::Edicion);
+        enfoque(p, "DBGridEh2", 1);
+        oprima(Qt::Key_Down);
+        QCOMPARE(prefijos(p).FieldByName("PRCO_PREF").texto(), QString("0002"));
+        QVERIFY(prefijos(p).State() == Estado::Edicion);
+        // El número admite cifras; cambiarlo a mano es libre.
+        digite("x0x0777");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select pref_numero || prco_usuario from prefijos_conta where tico_cod = "
+                        "'RC' and prco_pref = '0002'"),
+                 QString("00777ADMIN"));
+        QVERIFY(s.dato("select prco_usuario from prefijos_conta where tico_cod = 'RC' and "
+                       "prco_pref = '0001'")
+                    .isEmpty());
+    }
+
+    void el_contador_que_otro_movio_no_se_pisa() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tftipodoc");
+        s.base.ejecute({"update prefijos_conta set pref_numero = '000050' where tico_cod = 'CG'"});
+        enfoque(p, "DBGridEh2", 1);
+        digite("000009");
+        oprima(Qt::Key_F2);
+        QCOMPARE(i.vistos().size(), 1);
+        QVERIFY(i.vistos()[0].startsWith("Otro usuario cambió"));
+        i.olvide();
+        QCOMPARE(s.escritorio.abiertas().size(), 1); // lo digitado sigue ahí
+        QCOMPARE(prefijos(p).FieldByName("PREF_NUMERO").texto(), QString("000009"));
+        QCOMPARE(s.dato("select pref_numero from prefijos_conta where tico_cod = 'CG'"),
+                 QString("000050"));
+    }
+
+    void la_base_rehusa_un_tipo_repetido_y_borrar_uno_con_prefijos() {
+        SesionGui s;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tftipodoc");
+        tipos(p).Append();
+        tipos(p).FieldByName("TICO_COD") = "CG";
+        tipos(p).FieldByName("TICO_NOM") = "Otro";
+        i.espere("Ya existe el registro en la tabla Tipocomp");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        oprima(Qt::Key_Escape);
+
+        p = pantallas().abrir("Tftipodoc");
+        QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
+        i.espere("Desea borrar el registro?", "Sí");
+        componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click();
+        i.espere("Está borrando o insertando un registro en la tabla Tipocomp que tiene una "
+                 "relación con otra tabla.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'RC'"),
+                 QString("1"));
+        QCOMPARE(s.dato("select count(*) from prefijos_conta where tico_cod = 'RC'"), QString("2"));
+        oprima(Qt::Key_Escape);
+
+        // Quitando antes los prefijos, en la misma ventana, el tipo sí se va.
+        p = pantallas().abrir("Tftipodoc");
+        QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
+        for (const char* navegador : {"DBNavigator2", "DBNavigator2", "DBNavigator1"}) {
+            i.espere("Desea borrar el registro?", "Sí");
+            componente<NavegadorDatos>(p, navegador).boton(nbDelete)->click();
+        }
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'RC'"),
+                 QString("0"));
+    }
+
+    void esc_deja_todo_como_estaba() {
+        SesionGui s;
+        Pantalla* p = pantallas().abrir("Tftipodoc");
+        enfoque(p, "DBGridEh1", 1);
+        digite("Cambiado");
+        oprima(Qt::Key_Tab);
+        tipos(p).Last();
+        oprima(Qt::Key_Escape);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_nom = 'Cambiado'"),
+                 QString("0"));
+    }
+
+    void el_formato_se_abre_con_f8_en_los_tipos_que_lo_tienen() {
+        SesionGui s;
+        AvisosBarra barra;
+        s.dm.barra(&barra);
+        Pantalla* p = pantallas().abrir("Tftipodoc");
+        auto& boton = componente<QPushButton>(p, "SpeedButton3");
+        QVERIFY(!boton.isEnabled()); // CG no tiene formato
+        oprima(Qt::Key_F8);
+        QVERIFY(s.dm.formato_actual.isEmpty());
+        QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
+        prefijos(p).Last();
+        QVERIFY(boton.isEnabled());
+        oprima(Qt::Key_F8);
+        QCOMPARE(barra.text(),
+                 QString("Advertencia: La pantalla Tfedtformato todavía no está disponible."));
+        QCOMPARE(s.dm.formato_actual, QString("RC"));
+
+        registre_testigo("Tfedtformato", [this] { formato_ = fdm().formato_actual; });
+        s.base.ejecute({"update configuracion set conf_valor = 'NO' where conf_propiedad = 'USAR "
+                        "TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR'"});
+        s.dm.cargue_configuracion();
+        oprima(Qt::Key_F8);
+        QCOMPARE(formato_, QString("0002"));
+        s.dm.barra(nullptr);
+    }
+};
+
+QTEST_MAIN(PruebaTipodoc)
+#include "prueba_tipodoc.moc"

@@ -1,0 +1,124 @@
+#pragma once
+// Un contador que graba comprobantes de los dos libros en la pantalla, con el teclado, sobre las
+// bases de cualquier ubicación. Como una persona: lee los mensajes, los cierra y vuelve a intentar.
+#include "apoyo_gui/sesion_gui.h"
+#include "herramientas/ubicacion.h"
+#include "toolkit/barraestado.h"
+#include "toolkit/controles/casilladato.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/listadato.h"
+#include "toolkit/rejilla/rejilla.h"
+#include "vouchers/registro.h"
+#include "vouchers/tfmovimien.h"
+
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+
+/// Módulos de datos y marco de ventanas sobre las bases de `lugar`. Lee los mensajes y los cierra.
+struct SesionEnLugar {
+    SesionEnLugar(const Ubicacion& lugar, const QString& usuario, const QString& clave)
+        : escritorio(new QMdiArea(&ventana)) {
+        qputenv("QUORVEX_DIRECTORIO", carpeta.path().toLocal8Bit());
+        dm.Quorvex.conectar({lugar.base_compania("001"), usuario, clave});
+        dm.ConGeneral.conectar({lugar.base_general(), usuario, clave});
+        dm.modulo = "CONTABILIDAD";
+        dm.codigo_compania = "001";
+        dm.usuario = usuario;
+        dm.administrador = true;
+        dm.cargue_configuracion();
+        cnt.ano_actual = "2017";
+        cnt.dia_actual = "05";
+        dm.barra(&barra);
+        ventana.setCentralWidget(escritorio.area());
+        ventana.resize(1200, 800);
+        ventana.show();
+        ventana.activateWindow();
+        (void)QTest::qWaitForWindowActive(&ventana);
+        QObject::connect(&reloj, &QTimer::timeout, &reloj, [this] { cierre_mensaje(); });
+        reloj.start(2);
+    }
+    ~SesionEnLugar() {
+        escritorio.cierre_todas();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        dm.barra(nullptr);
+    }
+    void cierre_mensaje() {
+        auto* mensaje = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!mensaje || !mensaje->isVisible())
+            return;
+        mensajes << mensaje->text();
+        QTest::keyClick(mensaje, Qt::Key_Escape);
+        if (mensaje->isVisible())
+            mensaje->done(QMessageBox::Cancel);
+    }
+
+    QTemporaryDir carpeta;
+    Tfdm dm;
+    Tfdmcnt cnt;
+    Tfdmter ter;
+    TfdmArt art;
+    AvisosBarra barra;
+    QMainWindow ventana;
+    Escritorio escritorio;
+    QTimer reloj;
+    QStringList mensajes; ///< los que ha cerrado
+};
+
+struct Contador : SesionEnLugar {
+    Contador(const Ubicacion& lugar, const QString& usuario, const QString& clave)
+        : SesionEnLugar(lugar, usuario, clave) {
+        registre_pantallas_comprobantes();
+        p = qobject_cast<Tfmovimien*>(pantallas().abrir("Tfmovimien"));
+    }
+
+    /// Escoge CG, pasando por el último tipo: la pantalla vuelve a leer el número.
+    void escoja_tipo() {
+        p->LTipo->setFocus();
+        oprima(Qt::Key_End);
+        oprima(Qt::Key_Home);
+    }
+    /// Encabezado con réplica y dos renglones que cuadran, sin grabar.
+    void digite_comprobante(const QString& debito, const QString& credito, const QString& valor) {
+        if (p->LTipo->valor().texto() != "CG")
+            escoja_tipo();
+        p->DBEdit1->setFocus();
+        digite("Concepto");
+        p->DBCheckBox2->setFocus();
+        oprima(Qt::Key_Space);
+        Rejilla& r = *p->lineas_2649->rejilla;
+        r.setFocus();
+        r.SelectedIndex(0);
+        linea({debito, "", "", "", "", "", "", "", "", valor, "", ""});
+        linea({credito, "", "", "", "", "", "", "", "", "", valor});
+    }
+    void linea(const QStringList& celdas) {
+        for (const QString& celda : celdas) {
+            if (!celda.isEmpty())
+                digite(celda);
+            oprima(Qt::Key_Return);
+        }
+    }
+    /// F2; cierto si quedó grabado: la pantalla pasa al siguiente, sin renglones.
+    bool grabe() {
+        p->activateWindow();
+        p->lineas_2649->rejilla->setFocus();
+        if (p->CDetalle.RecordCount() != 2)
+            qFatal("el comprobante no tiene sus dos renglones");
+        oprima(Qt::Key_F2);
+        return p->CDetalle.IsEmpty();
+    }
+    /// Graba insistiendo; devuelve el número, o vacío si ni así.
+    QString grabe_insistiendo(int intentos = 200) {
+        while (intentos-- > 0) {
+            const QString numero = p->ENumero->text();
+            if (grabe())
+                return numero;
+            escoja_tipo();
+        }
+        return {};
+    }
+
+    Tfmovimien* p = nullptr;
+};

@@ -1,0 +1,110 @@
+// El servidor se cae con la pantalla de comprobantes a medio digitar, y vuelve.
+#include "apoyo/base_prueba.h"
+#include "apoyo/servidor_prueba.h"
+#include "fallas/comprobaciones.h"
+#include "fallas/contador.h"
+
+#include <csignal>
+#include <sys/resource.h>
+
+class PruebaServidorCaido : public QObject {
+    Q_OBJECT
+private slots:
+    void la_pantalla_conserva_lo_digitado_y_graba_cuando_vuelve() {
+        ServidorDePrueba servidor;
+        Contador c(servidor.ubicacion(), "ADMIN", ServidorDePrueba::kClave);
+        c.digite_comprobante("110505", "111005", "10");
+        QVERIFY(c.grabe());
+        c.digite_comprobante("110505", "111005", "25");
+        QCOMPARE(c.mensajes, QStringList());
+        servidor.detenga();
+
+        // Insistir no daña nada: cada intento avisa en español y todo sigue en su sitio.
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY(!c.grabe());
+            QCOMPARE(c.mensajes.size(), i + 1);
+            QVERIFY2(c.mensajes.last().contains(
+                         "Se perdió la conexión con el servidor de la base de datos. Los datos de "
+                         "la pantalla se conservan"),
+                     qPrintable(c.mensajes.last()));
+            QCOMPARE(c.p->CDetalle.RecordCount(), 2);
+            QCOMPARE(c.p->CMovimiento.FieldByName("ENCO_CONCEPTO").texto(), QString("Concepto"));
+            QVERIFY(!c.p->CMovimiento.FieldByName("ENCO_NUMERO").vacio());
+        }
+        // Una celda que se valida contra la base tampoco tumba la pantalla.
+        c.p->lineas_2649->rejilla->setFocus();
+        oprima(Qt::Key_Up);
+        oprima(Qt::Key_Home);
+        c.linea({"110505", "900123456"});
+        QVERIFY(c.mensajes.size() > 3);
+        c.mensajes.clear();
+
+        servidor.inicie();
+        QVERIFY2(c.grabe(), qPrintable(c.mensajes.join('|')));
+        QCOMPARE(c.mensajes, QStringList());
+        c.digite_comprobante("110505", "111005", "40");
+        QVERIFY2(c.grabe(), qPrintable(c.mensajes.join('|')));
+        Conexion otra;
+        otra.conectar(servidor.parametros());
+        QCOMPARE(filas_de(otra, "select e.enco_numero, sum(d.code_debito) from "
+                                "comprobante_encabezado e join comprobante_detalle d on "
+                                "d.enco_consec = e.enco_consec group by 1 order by 1"),
+                 QString("000001|10\n000002|25\n000003|40"));
+        QCOMPARE(a_medias(otra), QString());
+        QCOMPARE(saldos_distintos(otra), QString());
+    }
+
+    void lo_abierto_antes_de_la_caida_no_se_confunde_con_lo_nuevo() {
+        ServidorDePrueba servidor;
+        Conexion c;
+        c.conectar(servidor.parametros());
+        const auto viejo = c.abra("select * from rdb$fields");
+        QVERIFY(viejo->siguiente());
+        auto escritura = std::make_unique<Transaccion>(c, Transaccion::Modo::Escritura);
+        const auto preparada =
+            c.prepare("update revision set revi_fecha = current_date", *escritura);
+        QCOMPARE(preparada->ejecute(*escritura, {}), 1);
+        servidor.detenga();
+        QVERIFY_EXCEPTION_THROWN(c.consulte("select 1 from rdb$database"), ErrorBase);
+        QVERIFY_EXCEPTION_THROWN(c.consulte("select 1 from rdb$database"), ErrorBase);
+        servidor.inicie();
+        QCOMPARE(c.consulte("select 1 from rdb$database").entero(), 1);
+        QVERIFY_EXCEPTION_THROWN(while (viejo->siguiente()){}, ErrorDatos);
+        QVERIFY_EXCEPTION_THROWN(preparada->ejecute(*escritura, {}), ErrorDatos);
+        escritura.reset();
+        QCOMPARE(c.ejecute("update revision set revi_fecha = current_date"), 1);
+    }
+
+    void un_disco_lleno_no_suelta_la_conexion() {
+        QTemporaryDir carpeta;
+        const QString base = carpeta.filePath("lleno.fdb");
+        Conexion c;
+        c.cree_base(desechable(base));
+        const QString sesion = "select current_connection from rdb$database";
+        const qint64 antes = c.consulte(sesion).entero();
+        c.ejecute("create table relleno (texto varchar(8000) character set octets)");
+        // El límite de tamaño da la misma falla de escritura que un disco sin espacio.
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit previo{};
+        getrlimit(RLIMIT_FSIZE, &previo);
+        const rlimit corto{rlim_t(QFileInfo(base).size()), previo.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &corto);
+        bool fallo = false, perdida = false;
+        try {
+            for (int i = 0; i < 2000; ++i)
+                c.ejecute("insert into relleno select lpad('', 8000, gen_uuid()) from "
+                          "rdb$types");
+        } catch (const ErrorBase& e) {
+            fallo = true;
+            perdida = e.conexion_perdida();
+        }
+        setrlimit(RLIMIT_FSIZE, &previo);
+        QVERIFY(fallo);
+        QVERIFY(!perdida);
+        QCOMPARE(c.consulte(sesion).entero(), antes);
+        QCOMPARE(c.ejecute("insert into relleno values ('x')"), 1);
+    }
+};
+
+QTEST_MAIN(PruebaServidorCaido)
+#include "prueba_servidor_caido.moc"

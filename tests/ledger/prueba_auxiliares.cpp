@@ -1,0 +1,665 @@
+// Auxiliares y saldos por clave: lo que cada miembro de las dos familias muestra, abre y borra.
+#include "apoyo_gui/interlocutor.h"
+#include "ledger/registro.h"
+#include "ledger/tfauxiliar.h"
+#include "ledger/tfsaldoterc.h"
+#include "libro_de_prueba.h"
+#include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/controles/editornumero.h"
+#include "toolkit/estilo.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QToolButton>
+
+class PruebaAuxiliares : public QObject {
+    Q_OBJECT
+
+    QStringList abiertas_;
+
+    template <class T>
+    static T* abra(SesionGui& s, const char* clase, const char* cuenta, int mes) {
+        s.cnt.cuenta_auxiliar = cuenta;
+        s.cnt.periodo_actual = mes - 1;
+        return s.abra<T>(clase);
+    }
+    static QStringList columna(const ConjuntoDatos& c, const char* campo) {
+        QStringList todos;
+        for (int i = 0; i < c.RecordCount(); ++i)
+            todos << c.valor_en(i, c.FieldByName(campo)).texto();
+        return todos;
+    }
+    static QStringList titulos(const Rejilla& r) {
+        QStringList t;
+        for (int i = 0; i < r.cuenta_columnas(); ++i)
+            t << r.columna(i).Titulo();
+        return t;
+    }
+    static QString guardado(SesionGui& s) {
+        return s.dato("select user_anocnt || ' ' || user_percnt from usuario where user_cod = " +
+                      QuotedStr(s.dm.usuario));
+    }
+    static QString lineas(SesionGui& s, int id) {
+        const QString n = QString::number(id);
+        return s.dato(
+            "select (select count(*) from comprobante_encabezado where enco_consec = " + n +
+            ") || ' ' || (select count(*) from comprobante_detalle where "
+            "enco_consec = " +
+            n +
+            ") || ' ' || (select count(*) from "
+            "comprobante_detalle_niif where enco_consec = " +
+            n +
+            ") from "
+            "rdb$database");
+    }
+    static void claves(SesionGui& s) {
+        s.cnt.tercero_auxiliar = "52345678";
+        s.cnt.proyecto_auxiliar = "0001";
+        s.cnt.centro_auxiliar = "0002";
+        s.cnt.articulo_auxiliar = "MART01";
+    }
+
+private slots:
+    void initTestCase() {
+        aplique_estilo(*qApp);
+        registre_pantallas_consulta();
+        for (const char* nombre : {"Tfmovimien", "Tfedtmovimien"})
+            registre_testigo(nombre, [this, nombre] {
+                abiertas_ << nombre + (' ' + fdmcnt().comprobante_encontrado);
+            });
+    }
+    void init() { abiertas_.clear(); }
+
+    void cada_auxiliar_trae_las_lineas_de_su_clave_en_su_libro() {
+        SesionGui s;
+        agregue_libro(s);
+        s.base.ejecute({"update cuentas_niif set cuen_nom = 'Caja NIIF' where cuen_cod = '110505'",
+                        "update cuentas_niif set cuen_nom = 'Sueldos NIIF' where cuen_cod = "
+                        "'510506'"});
+        const QStringList todas{"Tipo",   "Prefijo", "Número",     "Fecha", "Concepto",
+                                "NIT",    "Mcpio",   "Referencia", "Base",  "Porc.",
+                                "Débito", "Crédito", "Pry.",       "Centro"};
+        QStringList de_tercero = todas, de_centro = todas, de_articulo = todas;
+        de_tercero.removeOne("NIT");
+        de_tercero.removeOne("Mcpio");
+        de_tercero.replaceInStrings("Referencia", "Ref.");
+        de_centro.removeOne("Pry.");
+        de_centro.removeOne("Centro");
+        de_articulo.removeOne("Mcpio");
+        const struct {
+            const char* clase;
+            const char* cuenta;
+            const char* nombre;
+            const char* clave;
+            QStringList titulos;
+            const char* archivo;
+            QStringList ids, debitos, creditos;
+            const char* inicial;
+            QSize tamano;
+        } casos[] = {
+            {"Tfauxiliar",
+             "110505",
+             "Caja general",
+             "",
+             todas,
+             "Auxiliar",
+             {"903", "902", "906"},
+             {"0", "1190000.25", "11.11"},
+             {"432000.12", "0", "0"},
+             "5,000,000.00",
+             {680, 350}},
+            {"Tfauxiliarniif",
+             "110505",
+             "Caja NIIF",
+             "",
+             todas,
+             "AuxiliarNIIF",
+             {"903", "902", "906"},
+             {"0", "1190000.75", "22.22"},
+             {"560000.6", "0", "0"},
+             "4,000,000.00",
+             {680, 350}},
+            {"Tfauxiliarterc",
+             "510506",
+             "Sueldos",
+             "Peña Gómez María",
+             de_tercero,
+             "AuxTerc",
+             {"903", "903"},
+             {"400000", "2000.02"},
+             {"0", "0"},
+             "",
+             {}},
+            {"Tfauxiliartercniif",
+             "510506",
+             "Sueldos",
+             "Peña Gómez María",
+             de_tercero,
+             "AuxTerc",
+             {"903"},
+             {"500000"},
+             {"0"},
+             "",
+             {}},
+            {"Tfauxiliarcentro",
+             "510506",
+             "Sueldos",
+             "Contabilidad",
+             de_centro,
+             "AuxCentroCosto",
+             {"903", "903"},
+             {"30000.1", "2000.02"},
+             {"0", "0"},
+             "",
+             {638, 297}},
+            // Lee el libro 2649 aunque sea la pantalla del otro.
+            {"Tfauxiliarcentroniif",
+             "510506",
+             "Sueldos",
+             "Contabilidad",
+             de_centro,
+             "AuxCentroCosto",
+             {"903", "903"},
+             {"30000.1", "2000.02"},
+             {"0", "0"},
+             "",
+             {638, 297}},
+            {"Tfauxiliarart",
+             "143505",
+             "Mercancías",
+             "Martillo",
+             de_articulo,
+             "AuxArtic",
+             {"907", "907"},
+             {"100.1", "0"},
+             {"0", "40.04"},
+             "",
+             {}},
+        };
+        claves(s);
+        for (const auto& caso : casos) {
+            auto* p = abra<Tfauxiliar>(s, caso.clase, caso.cuenta, 3);
+            QVERIFY(p);
+            QCOMPARE(p->NomCuenta->text(), QString::fromUtf8(caso.nombre));
+            QCOMPARE(p->NomClave ? p->NomClave->text() : QString(), QString::fromUtf8(caso.clave));
+            QCOMPARE(titulos(*p->DBGridEh1), caso.titulos);
+            QCOMPARE(p->DBGridEh1->nombre_archivo, QString(caso.archivo));
+            QCOMPARE(columna(p->CAuxiliar, "ID"), caso.ids);
+            QCOMPARE(columna(p->CAuxiliar, "DEBITO"), caso.debitos);
+            QCOMPARE(columna(p->CAuxiliar, "CREDITO"), caso.creditos);
+            QCOMPARE(p->CAuxiliar.FieldByName("PORC").presentado(), QString("2.5"));
+            QCOMPARE(p->Saldoi ? p->Saldoi->text() : QString(), QString(caso.inicial));
+            QCOMPARE(p->periodo->texto_mes(), QString("Marzo"));
+            if (!caso.tamano.isEmpty())
+                QCOMPARE(p->size(), caso.tamano);
+            // Al centro de lo que queda del área.
+            const auto* v = s.escritorio.area()->activeSubWindow();
+            const QSize libre =
+                s.escritorio.area()->viewport()->size() - QSize(125, 120) - v->size();
+            QCOMPARE(v->pos(), QPoint(libre.width() / 2, libre.height() / 2));
+            oprima(Qt::Key_Escape);
+            QVERIFY(!s.escritorio.abierta(caso.clase));
+        }
+    }
+
+    void el_saldo_de_la_cabeza_es_el_inicial_de_cada_periodo_tambien_en_ajustes() {
+        SesionGui s;
+        agregue_libro(s);
+        auto* local = abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 1);
+        auto* niif = abra<Tfauxiliar>(s, "Tfauxiliarniif", "110505", 1);
+        for (int mes : {1, 2, 4, 12, 13}) {
+            s.cnt.periodo_actual = mes - 1;
+            for (const auto& [p, detalle] : {qMakePair(local, "comprobante_detalle"),
+                                             qMakePair(niif, "comprobante_detalle_niif")}) {
+                p->calcule_auxiliar("FECHA");
+                const SumaLineas suma = sume_lineas(s, detalle, mes, "d.cuen_cod = '110505'");
+                QCOMPARE(p->Saldoi->valor().texto(), suma.inicial.texto());
+                Moneda debitos, creditos;
+                for (int i = 0; i < p->CAuxiliar.RecordCount(); ++i) {
+                    debitos +=
+                        p->CAuxiliar.valor_en(i, p->CAuxiliar.FieldByName("DEBITO")).moneda();
+                    creditos +=
+                        p->CAuxiliar.valor_en(i, p->CAuxiliar.FieldByName("CREDITO")).moneda();
+                }
+                QCOMPARE(debitos.texto(), suma.debitos.texto());
+                QCOMPARE(creditos.texto(), suma.creditos.texto());
+            }
+        }
+        QCOMPARE(columna(local->CAuxiliar, "FECHA"), QStringList("20171301"));
+        QCOMPARE(local->periodo->texto_mes(), QString("Ajustes"));
+    }
+
+    void el_titulo_ordena_y_la_cuenta_sin_comillas_solo_admite_cifras() {
+        SesionGui s;
+        agregue_libro(s);
+        auto* p = abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 3);
+        const int debito = p->DBGridEh1->columna_de("DEBITO");
+        QTest::mouseClick(p->DBGridEh1->horizontalHeader()->viewport(), Qt::LeftButton, {},
+                          {p->DBGridEh1->horizontalHeader()->sectionViewportPosition(
+                               p->DBGridEh1->columna_de("NUMERO")) +
+                               8,
+                           8});
+        QCOMPARE(columna(p->CAuxiliar, "NUMERO"), QStringList({"000001", "000002", "000002"}));
+        p->DBGridEh1->OnTitleClick(*p->DBGridEh1->columna(debito).campo);
+        QCOMPARE(columna(p->CAuxiliar, "ID"), QStringList({"903", "906", "902"}));
+        p->close();
+
+        Interlocutor i;
+        s.cnt.cuenta_auxiliar = "11A5";
+        QVERIFY(s.abra<Tfauxiliar>("Tfauxiliarterc"));
+        QVERIFY(i.vistos().isEmpty());
+        s.abra<Tfauxiliar>("Tfauxiliar");
+        QCOMPARE(i.vistos().size(), 1);
+        QVERIFY(i.vistos().first().startsWith("Se presento el siguiente error: "));
+        i.olvide();
+        // Los demás llevan la clave entre comillas, con las suyas dobladas.
+        s.cnt.cuenta_auxiliar = "510506";
+        s.cnt.tercero_auxiliar = "5'2";
+        auto* tercero = s.abra<Tfauxiliar>("Tfauxiliarterc");
+        QVERIFY(tercero && tercero->CAuxiliar.Active() && tercero->CAuxiliar.IsEmpty());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void abre_el_comprobante_con_f4_enter_o_doble_clic_y_uno_nuevo_con_f5() {
+        SesionGui s;
+        agregue_libro(s);
+        auto* p = abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 3);
+        QVERIFY(p->CAuxiliar.Locate("ID", {902}));
+        auto vuelva = [&] {
+            s.escritorio.activa()->close();
+            return abiertas_.takeFirst();
+        };
+        oprima(Qt::Key_F4);
+        QCOMPARE(vuelva(), QString("Tfedtmovimien 902"));
+        // Al volver consulta de nuevo y sigue en su renglón.
+        QCOMPARE(p->CAuxiliar.FieldByName("ID").texto(), QString("902"));
+        oprima(Qt::Key_Return);
+        QCOMPARE(vuelva(), QString("Tfedtmovimien 902"));
+        QTest::mouseDClick(p->DBGridEh1->viewport(), Qt::LeftButton, {},
+                           p->DBGridEh1->visualRect(p->DBGridEh1->currentIndex()).center());
+        QCOMPARE(vuelva(), QString("Tfedtmovimien 902"));
+        s.cnt.comprobante_encontrado.clear();
+        oprima(Qt::Key_F5);
+        QCOMPARE(vuelva(), QString("Tfmovimien "));
+
+        // En la fila de filtros Enter filtra.
+        componente<QCheckBox>(p, "ckfiltro").click();
+        QVERIFY(p->DBGridEh1->filtro_visible());
+        p->CAuxiliar.First();
+        p->DBGridEh1->SelectedIndex(p->DBGridEh1->columna_de("DEBITO"));
+        oprima(Qt::Key_Up);
+        QVERIFY(p->DBGridEh1->en_fila_de_filtro());
+        digite("11.11");
+        oprima(Qt::Key_Return);
+        QVERIFY(abiertas_.isEmpty());
+        QCOMPARE(columna(p->CAuxiliar, "ID"), QStringList("906"));
+        componente<QCheckBox>(p, "ckfiltro").click();
+        QCOMPARE(p->CAuxiliar.RecordCount(), 3);
+
+        // Sin renglones no hay comprobante que abrir ni que borrar.
+        s.cnt.periodo_actual = 1;
+        p->calcule_auxiliar("FECHA");
+        p->DBGridEh1->setFocus();
+        for (int tecla : {Qt::Key_F4, Qt::Key_Return, Qt::Key_F3})
+            oprima(tecla);
+        QVERIFY(abiertas_.isEmpty());
+    }
+
+    void las_flechas_van_al_reves_en_los_auxiliares_y_solo_ellas_guardan() {
+        SesionGui s;
+        agregue_libro(s);
+        claves(s);
+        s.cnt.guarde_periodo();
+        for (const DatosAuxiliar& miembro : auxiliares()) {
+            auto* p = abra<Tfauxiliar>(s, miembro.clase, "510506", 3);
+            s.cnt.guarde_periodo();
+            s.cnt.balance_por_recalcular = false;
+            const bool tiene = !QString(miembro.clase).contains("centro") &&
+                               !QString(miembro.clase).endsWith("art");
+            oprima(Qt::Key_Left, Qt::AltModifier);
+            QCOMPARE(p->periodo->texto_mes(), QString(tiene ? "Abril" : "Marzo"));
+            QCOMPARE(guardado(s), QString(tiene ? "2017 3" : "2017 2"));
+            QCOMPARE(s.cnt.balance_por_recalcular, tiene);
+            oprima(Qt::Key_Right, Qt::AltModifier);
+            QCOMPARE(guardado(s), QString("2017 2"));
+            componente<QToolButton>(p, "SpeedButton5").click();
+            QCOMPARE(guardado(s), QString("2017 3"));
+            componente<QToolButton>(p, "SpeedButton4").click();
+            QCOMPARE(guardado(s), QString("2017 2"));
+            QVERIFY(s.cnt.balance_por_recalcular);
+            p->close();
+        }
+        auto* p = abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 3);
+        s.cnt.balance_por_recalcular = false;
+        componente<QComboBox>(p, "EMes").setFocus();
+        oprima(Qt::Key_Up);
+        oprima(Qt::Key_Up);
+        QCOMPARE(s.cnt.periodo_actual, 0);
+        QCOMPARE(columna(p->CAuxiliar, "ID"), QStringList("901"));
+        QVERIFY(s.cnt.balance_por_recalcular);
+        auto& ano = componente<QSpinBox>(p, "EAno");
+        QCOMPARE(ano.minimum(), 2000);
+        QCOMPARE(ano.maximum(), 2099);
+        ano.setFocus();
+        ano.selectAll();
+        digite("2018");
+        oprima(Qt::Key_Return);
+        QVERIFY(abiertas_.isEmpty());
+        QCOMPARE(s.cnt.ano_actual, QString("2018"));
+        QVERIFY(p->CAuxiliar.IsEmpty());
+        QCOMPARE(guardado(s), QString("2017 2"));
+    }
+
+    void cada_miembro_borra_lo_suyo_tras_preguntar() {
+        for (const DatosAuxiliar& miembro : auxiliares()) {
+            SesionGui s;
+            agregue_libro(s);
+            claves(s);
+            const QString clase = miembro.clase;
+            const char* cuenta = clase.endsWith("art") ? "143505" : "510506";
+            const int id = clase.endsWith("art") ? 907 : 903;
+            const QString numero = clase.endsWith("art") ? "000005" : "000002";
+            auto* p = abra<Tfauxiliar>(s, miembro.clase, cuenta, 3);
+            const QString cabeza = clase == "Tfauxiliarniif"
+                                       ? "Recuerde que al borrar esta eiminando el movimiento NIIF "
+                                         "y el movimiento en la contabilidad según decreto 2694. "
+                                       : "";
+            const QString pregunta =
+                cabeza + "Desea borrar definitivamente el comprobante CG 0001 " + numero + '?';
+            const QString antes = lineas(s, id);
+            Interlocutor i;
+            i.espere(pregunta, "No");
+            oprima(Qt::Key_F3);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(lineas(s, id), antes);
+            s.cnt.balance_por_recalcular = false;
+            i.espere(pregunta, "Sí");
+            oprima(Qt::Key_F3);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            // Solo los de tercero y el NIIF se llevan las líneas del otro libro.
+            const bool ambos = clase.contains("terc") || clase == "Tfauxiliarniif";
+            const QString quedan = ambos ? QString("0") : antes.section(' ', 2);
+            QVERIFY(antes.section(' ', 2).toInt() > 0);
+            QCOMPARE(lineas(s, id), "0 0 " + quedan);
+            QVERIFY(p->CAuxiliar.IsEmpty());
+            QVERIFY(s.cnt.balance_por_recalcular);
+        }
+    }
+
+    void no_borra_lo_de_otro_modulo_ni_sin_derecho() {
+        {
+            SesionGui s;
+            agregue_libro(s);
+            auto* p = abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 3);
+            QVERIFY(p->CAuxiliar.Locate("ID", {906}));
+            Interlocutor i;
+            i.espere("Debe utilizar la opcion Factura de venta para borrar el comprobante");
+            oprima(Qt::Key_F3);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(lineas(s, 906), QString("1 2 2"));
+        }
+        SesionGui s("AUXILIAR");
+        agregue_libro(s);
+        Interlocutor i;
+        QVERIFY(abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 3));
+        i.espere(kAccesoNegado);
+        oprima(Qt::Key_F3);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(!s.escritorio.abierta("Tfauxiliar"));
+        QCOMPARE(lineas(s, 903), QString("1 4 3"));
+        s.otorgue(32);
+        abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 3);
+        i.espere("Desea borrar definitivamente el comprobante CG 0001 000002?", "");
+        oprima(Qt::Key_F3);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(lineas(s, 903), QString("1 4 3"));
+    }
+
+    void cada_saldo_reparte_la_cuenta_por_su_clave_y_abre_su_auxiliar() {
+        SesionGui s;
+        agregue_libro(s);
+        s.base.ejecute({"update cuentas_niif set cuen_nom = 'Sueldos NIIF' where cuen_cod = "
+                        "'510506'"});
+        const QStringList por_nit{"NIT", "Nombre", "S. Inicial", "Débitos", "Créditos", "S. Final"};
+        const QStringList por_centro{"Centro",  "Subc.",    "S. Inicial",
+                                     "Débitos", "Créditos", "S. Final"};
+        const QStringList por_articulo{"Artículo", "Descripción", "S. Inicial",
+                                       "Débitos",  "Céditos",     "S. Final"};
+        const struct {
+            const char* clase;
+            const char* titulo;
+            const char* cuenta;
+            const char* nombre;
+            QStringList titulos;
+            const char* archivo;
+            QStringList llaves, finales;
+            const char* abre;
+            QStringList ids; ///< del auxiliar de la segunda fila, o de la única
+            QSize tamano;
+        } casos[] = {
+            {"Tfsaldoterc",
+             "Saldos por tercero",
+             "510506",
+             "Sueldos",
+             por_nit,
+             "SaldoTerc",
+             {"52345678", "900123456"},
+             {"402000.02", "30000.1"},
+             "Tfauxiliarterc",
+             {"903"},
+             {616, 350}},
+            {"Tfsaldotercniif",
+             "Saldos por tercero NIIF",
+             "510506",
+             "Sueldos",
+             por_nit,
+             "SaldoTercNIIF",
+             {"52345678", "900123456"},
+             {"500000", "60000.6"},
+             "Tfauxiliartercniif",
+             {"903"},
+             {616, 350}},
+            {"Tfsaldotercent",
+             "Saldos centro por tercero",
+             "510506",
+             "Sueldos",
+             por_nit,
+             "SaldoTerc",
+             {"52345678", "900123456"},
+             {"2000.02", "30000.1"},
+             "Tfauxiliarterc",
+             {"903"},
+             {616, 350}},
+            {"Tfsaldotercentniif",
+             "Saldos centro por tercero NIIF",
+             "510506",
+             "Sueldos NIIF",
+             por_nit,
+             "SaldoTercNiif",
+             {"900123456"},
+             {"60000.6"},
+             "Tfauxiliartercniif",
+             {"903"},
+             {616, 350}},
+            {"Tfsaldocentro",
+             "Saldos por centro",
+             "510506",
+             "Sueldos",
+             por_centro,
+             "SaldoCentro",
+             {"0001 0001", "0001 0002"},
+             {"400000", "32000.12"},
+             "Tfauxiliarcentro",
+             {"903", "903"},
+             {616, 236}},
+            {"Tfsaldocentroniif",
+             "Saldos por centro NIIF",
+             "510506",
+             "Sueldos NIIF",
+             por_centro,
+             "SaldoCentroNiif",
+             {"0001 0001", "0001 0002"},
+             {"500000", "60000.6"},
+             "Tfauxiliarcentroniif",
+             {"903", "903"},
+             {616, 236}},
+            {"Tfsaldoartc",
+             "Saldos por artículo",
+             "143505",
+             "Mercancías",
+             por_articulo,
+             "SaldoArti",
+             {"MART01"},
+             {"60.06"},
+             "Tfauxiliarart",
+             {"907", "907"},
+             {676, 273}},
+        };
+        for (const auto& caso : casos) {
+            claves(s);
+            auto* p = abra<Tfsaldoterc>(s, caso.clase, caso.cuenta, 3);
+            QVERIFY(p);
+            QCOMPARE(p->windowTitle(), QString::fromUtf8(caso.titulo));
+            QCOMPARE(p->NomCuenta->text(), QString::fromUtf8(caso.nombre));
+            QCOMPARE(titulos(*p->DBGridEh1), caso.titulos);
+            QCOMPARE(p->DBGridEh1->nombre_archivo, QString(caso.archivo));
+            QCOMPARE(p->size(), caso.tamano);
+            QStringList llaves;
+            for (int i = 0; i < p->CSaldos.RecordCount(); ++i)
+                llaves << (caso.titulos == por_centro
+                               ? p->CSaldos.valor_en(i, p->CSaldos.Fields(0)).texto() + ' ' +
+                                     p->CSaldos.valor_en(i, p->CSaldos.Fields(1)).texto()
+                               : p->CSaldos.valor_en(i, p->CSaldos.Fields(0)).texto());
+            QCOMPARE(llaves, caso.llaves);
+            QCOMPARE(columna(p->CSaldos, "FINAL"), caso.finales);
+            for (int tecla : {int(Qt::Key_F8), int(Qt::Key_Return)}) {
+                p->CSaldos.Last();
+                oprima(tecla);
+                auto* auxiliar = qobject_cast<Tfauxiliar*>(s.escritorio.activa());
+                QVERIFY(auxiliar);
+                QCOMPARE(auxiliar->objectName(), QString(caso.abre));
+                QCOMPARE(columna(auxiliar->CAuxiliar, "ID"), caso.ids);
+                auxiliar->close();
+                QCOMPARE(p->CSaldos.RecNo(), p->CSaldos.RecordCount() - 1);
+            }
+            QTest::mouseDClick(p->DBGridEh1->viewport(), Qt::LeftButton, {},
+                               p->DBGridEh1->visualRect(p->DBGridEh1->currentIndex()).center());
+            QCOMPARE(s.escritorio.activa()->objectName(), QString(caso.abre));
+            s.escritorio.activa()->close();
+            QCOMPARE(componente<QPushButton>(p, "SBSalir").text(), QString("Esc:Cancelar"));
+            oprima(Qt::Key_Escape);
+            QVERIFY(!s.escritorio.abierta(caso.clase));
+        }
+    }
+
+    void el_centro_no_baja_con_el_tercero_y_lo_que_no_se_movio_no_sale() {
+        SesionGui s;
+        agregue_libro(s);
+        // El de la empleada en el centro 0002 muestra también lo del 0001.
+        claves(s);
+        abra<Tfsaldoterc>(s, "Tfsaldotercent", "510506", 3);
+        oprima(Qt::Key_F8);
+        auto* auxiliar = qobject_cast<Tfauxiliar*>(s.escritorio.activa());
+        QCOMPARE(columna(auxiliar->CAuxiliar, "CENTRO"), QStringList({"0001", "0002"}));
+        s.escritorio.cierre_todas();
+
+        // Un tercero cuyo saldo se anuló y sin movimiento en el mes no se muestra.
+        agregue_comprobante(
+            s, 993, "CG", "000903", "20170331",
+            {{"510506", "0", "30000.10", "900123456", "0001", "0002"}, {"110505", "30000.1", "0"}},
+            {});
+        auto* p = abra<Tfsaldoterc>(s, "Tfsaldoterc", "510506", 3);
+        QCOMPARE(columna(p->CSaldos, "FINAL"), QStringList({"402000.02", "0"}));
+        oprima(Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(p->periodo->texto_mes(), QString("Abril"));
+        QCOMPARE(columna(p->CSaldos, "CODIGO"), QStringList("52345678"));
+        // La cuenta de caja no lleva terceros: una fila sin NIT, y su auxiliar.
+        auto* caja = abra<Tfsaldoterc>(s, "Tfsaldoterc", "110505", 3);
+        QCOMPARE(columna(caja->CSaldos, "CODIGO"), QStringList(""));
+        oprima(Qt::Key_F8);
+        QCOMPARE(qobject_cast<Tfauxiliar*>(s.escritorio.activa())->CAuxiliar.RecordCount(), 4);
+    }
+
+    void los_pasos_del_periodo_conservan_la_llave_y_el_titulo_ordena() {
+        SesionGui s;
+        agregue_libro(s);
+        claves(s);
+        for (const DatosSaldo& miembro : saldos_por_clave()) {
+            const bool articulo = miembro.por == Clave::Articulo;
+            auto* p = abra<Tfsaldoterc>(s, miembro.clase, articulo ? "143505" : "510506", 3);
+            s.cnt.guarde_periodo();
+            s.cnt.balance_por_recalcular = false;
+            p->CSaldos.Last();
+            const QString llave = p->CSaldos.Fields(0).texto() + p->CSaldos.Fields(1).texto();
+            const bool tiene = QString(miembro.clase).contains("terc");
+            // Sin espejo: la derecha adelanta.
+            oprima(Qt::Key_Right, Qt::AltModifier);
+            QCOMPARE(guardado(s), QString(tiene ? "2017 3" : "2017 2"));
+            QCOMPARE(s.cnt.balance_por_recalcular, tiene);
+            oprima(Qt::Key_Left, Qt::AltModifier);
+            QCOMPARE(guardado(s), QString("2017 2"));
+            componente<QToolButton>(p, "SpeedButton3").click();
+            QCOMPARE(p->periodo->texto_mes(), QString("Abril"));
+            QCOMPARE(p->CSaldos.Fields(0).texto() + p->CSaldos.Fields(1).texto(), llave);
+            componente<QToolButton>(p, "SpeedButton2").click();
+            QCOMPARE(guardado(s), QString("2017 2"));
+            if (p->CSaldos.RecordCount() > 1) {
+                const Campo& final = p->CSaldos.FieldByName("FINAL");
+                p->DBGridEh1->OnTitleClick(p->CSaldos.FieldByName("FINAL"));
+                QVERIFY(p->CSaldos.valor_en(0, final).moneda() <=
+                        p->CSaldos.valor_en(1, final).moneda());
+            }
+            componente<QComboBox>(p, "EMes").setFocus();
+            oprima(Qt::Key_Down);
+            QCOMPARE(s.cnt.periodo_actual, 3);
+            QCOMPARE(guardado(s), QString("2017 2"));
+            p->close();
+        }
+    }
+
+    void el_saldo_de_terceros_de_un_centro_se_abre_con_el_boton_y_no_con_f5() {
+        SesionGui s;
+        agregue_libro(s);
+        for (const auto& [clase, abre, final] :
+             {std::tuple("Tfsaldocentro", "Tfsaldotercent", "30000.1"),
+              std::tuple("Tfsaldocentroniif", "Tfsaldotercentniif", "60000.6")}) {
+            auto* p = abra<Tfsaldoterc>(s, clase, "510506", 3);
+            p->CSaldos.Last();
+            auto& boton = componente<QPushButton>(p, "AdvGlowButton1");
+            QCOMPARE(boton.text(), QString("F5:Saldo terceros"));
+            oprima(Qt::Key_F5);
+            QCOMPARE(s.escritorio.activa(), static_cast<Pantalla*>(p));
+            boton.click();
+            auto* terceros = qobject_cast<Tfsaldoterc*>(s.escritorio.activa());
+            QCOMPARE(terceros->objectName(), QString(abre));
+            QCOMPARE(terceros->EClave->text(), QString("0001 0002"));
+            QCOMPARE(columna(terceros->CSaldos, "FINAL").last(), QString(final));
+            s.escritorio.cierre_todas();
+        }
+    }
+
+    void los_articulos_solo_se_consultan_en_una_cuenta_de_inventario() {
+        SesionGui s;
+        Interlocutor i;
+        for (const char* cuenta : {"110505", "999999"}) {
+            i.espere("La cuenta especificada no es de inventario.");
+            QVERIFY(!abra<Tfsaldoterc>(s, "Tfsaldoartc", cuenta, 3));
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        // Sin movimientos, la rejilla queda vacía y sin mensaje.
+        auto* p = abra<Tfsaldoterc>(s, "Tfsaldocentro", "510506", 3);
+        QVERIFY(p && p->CSaldos.IsEmpty());
+        oprima(Qt::Key_F8);
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
+        QVERIFY(i.vistos().size() == 2);
+    }
+};
+
+QTEST_MAIN(PruebaAuxiliares)
+#include "prueba_auxiliares.moc"

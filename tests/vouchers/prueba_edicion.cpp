@@ -1,0 +1,329 @@
+#include "vouchers/digitador.h"
+
+#include <QLabel>
+
+namespace {
+
+/// Abre para editar el comprobante del id.
+Tfedtmovimien* edite(SesionGui& s, int id) {
+    s.cnt.comprobante_encontrado = QString::number(id);
+    return s.abra<Tfedtmovimien>("Tfedtmovimien");
+}
+
+const QStringList kCuadrado{"110505:100:0", "310505:0:100"};
+const char* const kNiif = "comprobante_detalle_niif";
+
+} // namespace
+
+class PruebaEdicion : public QObject {
+    Q_OBJECT
+private slots:
+    void abre_el_comprobante_con_su_fecha_su_origen_y_su_ultimo_cambio() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute(
+            {"insert into facturas (fact_id, pref_pre, fact_numero) values (9, 'FV', '00012')"});
+        s.cnt.periodo_actual = 7;
+        ponga_comprobante(s, 500, "000020", "20170315", kCuadrado, "comprobante_detalle", 31, 9);
+        Tfedtmovimien* p = edite(s, 500);
+        QVERIFY(p);
+        QVERIFY(s.cnt.comprobante_encontrado.isEmpty());
+        QCOMPARE(p->EDia->text() + p->EMes->text() + p->EAno->text(), QString("15Marzo2017"));
+        QCOMPARE(p->ano_saldos() + QString::number(p->mes_saldos()), QString("20173"));
+        QCOMPARE(p->Edit1->text(),
+                 "Id:500 Original:" +
+                     s.dato("select tido_nomcorto from tipo_documento where tido_cod = "
+                            "31") +
+                     " FV00012");
+        QVERIFY(p->LabAudit->text().startsWith("Modificado: ") &&
+                p->LabAudit->text().endsWith("ADMIN"));
+        QCOMPARE(p->Edit3->text(), QString("Modificado: "));
+        QVERIFY(!p->LTipo->isEnabled() && p->EPref->isReadOnly() && p->ENumero->isReadOnly() &&
+                !p->EDia->isEnabled());
+        p->close();
+        Interlocutor i;
+        i.espere("No se encontró el comprobante solicitado.");
+        QVERIFY(!edite(s, 12345));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void las_fechas_de_bloqueo_y_el_origen_deciden_que_se_puede_cambiar() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado, kNiif);
+        ponga_comprobante(s, 2, "000022", "20170315", kCuadrado, "comprobante_detalle", 58, 3);
+        const struct {
+            int id;
+            const char *bloqueo, *bloqueo_niif, *ajenos;
+            bool lectura, lectura_niif;
+            const char* letrero;
+        } casos[] = {
+            {1, "", "", "NO", false, false, "F2:Grabar"},
+            {1, "20170315", "20170315", "NO", false, false,
+             "F2:Grabar"}, // la fecha misma no bloquea
+            {1, "20170316", "", "NO", true, false, "F2:Grabar"},
+            {1, "", "20170331", "NO", false, true, "F2:Grabar"},
+            {1, "20170316", "20170331", "NO", true, true, "F2:Imprime"},
+            {2, "", "", "NO", true, false,
+             "F2:Imprime"}, // de otro módulo: la NIIF se queda como estaba
+            {2, "", "", "SI", false, false, "F2:Grabar"},
+        };
+        for (const auto& c : casos) {
+            d.configure("GENERAL", "FECHA DE BLOQUEO", c.bloqueo);
+            d.configure("GENERAL", "FECHA DE BLOQUEO NIIF", c.bloqueo_niif);
+            d.configure("COMPROBANTES", "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS",
+                        c.ajenos);
+            Tfedtmovimien* p = edite(s, c.id);
+            QCOMPARE(p->lineas_2649->rejilla->ReadOnly, c.lectura);
+            QCOMPARE(p->lineas_niif->rejilla->ReadOnly, c.lectura_niif);
+            QCOMPARE(p->SBGrabar->text(), QString(c.letrero));
+            if (c.id == 2)
+                QVERIFY(!p->Edit1->text().contains("Original")); // 58 no muestra documento
+            if (QString(c.letrero) == "F2:Imprime") {
+                const QString antes = s.dato("select count(*) from auditoria");
+                oprima(Qt::Key_F2); // imprime y cierra sin escribir nada
+                QCOMPARE(s.escritorio.abiertas().size(), 0);
+                QCOMPARE(s.dato("select count(*) from auditoria"), antes);
+            } else {
+                p->close();
+            }
+        }
+    }
+
+    void sin_derecho_de_edicion_el_boton_de_grabar_se_apaga() {
+        SesionGui s("AUXILIAR");
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
+        s.niegue(30);
+        Tfedtmovimien* p = edite(s, 1);
+        QVERIFY(!p->SBGrabar->isEnabled());
+        p->close();
+        s.otorgue(30);
+        p = edite(s, 1);
+        QVERIFY(p->SBGrabar->isEnabled());
+    }
+
+    void grabar_escribe_siempre_el_encabezado_y_prueba_cada_libro_por_separado() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
+        ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0"}, kNiif);
+        Tfedtmovimien* p = edite(s, 1);
+        {
+            Interlocutor i;
+            i.espere("No puede grabar un comprobante NIIF descuadrado");
+            p->lineas_2649->rejilla->setFocus();
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        QVERIFY(!p->Cdetniif.editando() || p->Cdetniif.RecordCount() == 1);
+        QCOMPARE(s.dato("select enco_concepto || '|' from comprobante_encabezado"),
+                 QString("Concepto|"));
+        p->PageControl1->setCurrentIndex(1);
+        p->lineas_niif->rejilla->setFocus();
+        oprima(Qt::Key_Down);
+        digite("310505");
+        oprima(Qt::Key_Return);
+        oprima(Qt::Key_F5);
+        QCOMPARE(p->Cdetniif.FieldByName("CODE_CREDITO").texto(), QString("100"));
+        QCOMPARE(p->Cdetniif.FieldByName("CODE_ITEM").texto(), QString("2"));
+        const QString modificado = "select count(*) from auditoria where tido_cod = 1 and "
+                                   "audi_iddoc = 1 and audi_oper = 'M'";
+        const int antes = s.dato(modificado).toInt();
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.escritorio.abiertas().size(), 0);
+        // la base guardó el blanco del concepto, el usuario y la línea
+        QCOMPARE(s.dato("select enco_concepto || '|' from comprobante_encabezado"),
+                 QString("Concepto |"));
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle_niif"), QString("2"));
+        QCOMPARE(s.dato(modificado).toInt(), antes + 1);
+        QVERIFY(s.dato("select count(*) from auditoria where tido_cod = 1001 and audi_iddoc = 1")
+                    .toInt() > 0);
+        // un concepto de sesenta letras no tiene dónde poner el blanco y se graba igual
+        s.base.ejecute(
+            {"update comprobante_encabezado set enco_concepto = '" + QString(60, 'x') + "'"});
+        p = edite(s, 1);
+        p->lineas_2649->rejilla->setFocus();
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.escritorio.abiertas().size(), 0);
+        QCOMPARE(s.dato("select char_length(enco_concepto) from comprobante_encabezado"),
+                 QString("60"));
+    }
+
+    void corregir_un_valor_corrige_los_saldos_de_los_dos_libros() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
+        Tfedtmovimien* p = edite(s, 1);
+        p->lineas_2649->rejilla->setFocus();
+        p->lineas_2649->rejilla->SelectedIndex(9);
+        digite("250");
+        oprima(Qt::Key_Down);
+        p->lineas_2649->rejilla->SelectedIndex(10);
+        digite("250");
+        oprima(Qt::Key_Return);
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.escritorio.abiertas().size(), 0);
+        QCOMPARE(s.dato("select saldo from saldo_cuenta_mes('110505', '2017', 3, 'N')"),
+                 QString("250"));
+        QCOMPARE(s.dato("select count(*) from verifique_saldos('2649')"), QString("0"));
+    }
+
+    void replicar_a_niif_traduce_por_la_cuenta_equivalente() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315",
+                          {"110505:100:0", "240805:7:0", "310505:0:100", "310505:0:7"});
+        ponga_comprobante(s, 1, "000021", "20170315", {"111005:1:0", "310505:0:1"}, kNiif);
+        s.base.ejecute({"update cuentas set cuen_eqniif = '111005' where cuen_cod = '110505'",
+                        "update cuentas set cuen_eqniif = null where cuen_cod = '240805'"});
+        Tfedtmovimien* p = edite(s, 1);
+        auto* replicar = p->findChild<QAction*>("ReplicaraNIIF1");
+        QVERIFY(replicar);
+        {
+            Interlocutor i;
+            i.espere(
+                "El comprobante debe tener el check de replicar a NIIF antes de usar esta opción.");
+            replicar->trigger();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        p->DBCheckBox2->setFocus();
+        oprima(Qt::Key_Space);
+        Interlocutor i;
+        i.espere(
+            "Esta seguro de descartar la información de NIIF y reemplazarla por la equivalencia?",
+            "Sí");
+        replicar->trigger();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        // la línea sin equivalente desaparece
+        QStringList lineas;
+        for (int n = 0; n < p->Cdetniif.RecordCount(); ++n)
+            lineas << p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName("CUEN_COD")).texto() + ':' +
+                          p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName("CODE_DEBITO")).texto() +
+                          ':' +
+                          p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName("CODE_CREDITO")).texto();
+        QCOMPARE(lineas, QStringList({"111005:100:0", "310505:0:100", "310505:0:7"}));
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void borrar_pide_el_derecho_respeta_el_origen_y_pregunta() {
+        SesionGui s("AUXILIAR");
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado, kNiif);
+        ponga_comprobante(s, 2, "000022", "20170315", kCuadrado, "comprobante_detalle", 31, 9);
+        s.otorgue(30);
+        s.niegue(32);
+        {
+            Interlocutor i;
+            i.espere(kAccesoNegado);
+            edite(s, 1)->SBBorrar->click();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(s.escritorio.abiertas().size(), 0);
+        }
+        s.otorgue(32);
+        {
+            Interlocutor i;
+            i.espere("Debe utilizar la opcion " +
+                     s.dato("select tido_nomlargo from tipo_documento where tido_cod = 31") +
+                     " para borrar el comprobante");
+            Tfedtmovimien* p = edite(s, 2);
+            p->SBBorrar->click();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            p->CMovimiento.CancelUpdates();
+            p->close();
+        }
+        Interlocutor i;
+        i.espere("Desea borrar definitivamente el comprobante CG 0001 000021?", "No");
+        i.espere("Desea borrar definitivamente el comprobante CG 0001 000021?", "Sí");
+        Tfedtmovimien* p = edite(s, 1);
+        p->setFocus();
+        oprima(Qt::Key_F3); // la tecla que anuncia el botón no borra
+        QVERIFY(i.vistos().isEmpty());
+        p->SBBorrar->click();
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle where enco_consec = 1"),
+                 QString("2"));
+        p->SBBorrar->click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(
+            s.dato(
+                "select (select count(*) from comprobante_detalle where enco_consec = 1) + (select "
+                "count(*) from comprobante_detalle_niif where enco_consec = 1) + (select count(*) "
+                "from comprobante_encabezado where enco_consec = 1) from rdb$database"),
+            QString("0"));
+        // el update previo nombra el comprobante 0: el que se va conserva el usuario que lo hizo
+        QCOMPARE(
+            s.dato(
+                "select first 1 audi_usuario from auditoria where audi_iddoc = 1 and audi_oper = "
+                "'E' and tido_cod = 1"),
+            QString("ADMIN"));
+        QCOMPARE(s.dato("select count(*) from verifique_saldos('2649')"), QString("0"));
+    }
+
+    void f11_oculta_la_columna_11_y_falla_en_la_que_no_existe() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
+        Tfedtmovimien* p = edite(s, 1);
+        for (const int clave : {Qt::Key_F11, Qt::Key_F12}) {
+            Interlocutor i;
+            i.espere("Se presento el siguiente error: List index out of bounds (12)");
+            p->lineas_2649->rejilla->setFocus();
+            oprima(clave);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(p->lineas_2649->rejilla->columna(11).Visible(), clave == Qt::Key_F12);
+        }
+    }
+
+    void salir_pregunta_solo_si_hay_algo_que_perder() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
+        Tfedtmovimien* p = edite(s, 1);
+        p->DBEdit1->setFocus();
+        oprima(Qt::Key_Escape);
+        QCOMPARE(s.escritorio.abiertas().size(), 0);
+        p = edite(s, 1);
+        p->DBEdit1->setFocus();
+        digite("Otro");
+        oprima(Qt::Key_Tab);
+        Interlocutor i;
+        i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+        oprima(Qt::Key_Escape);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.escritorio.abiertas().size(), 0);
+        QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado"), QString("Concepto"));
+    }
+
+    void una_plantilla_conserva_las_lineas_de_arriba_de_la_actual() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute(
+            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
+             "values (3, 'CG', '0001', 'Arriendo')",
+             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_concepto, "
+             "plde_debitos, plde_creditos) values (3, 5, '240805', 'línea', 40, 0)"});
+        ponga_comprobante(s, 1, "000021", "20170315",
+                          {"110505:100:0", "111005:1:0", "310505:0:101"});
+        Tfedtmovimien* p = edite(s, 1);
+        p->CDetalle.First();
+        p->CDetalle.Next();
+        Interlocutor i;
+        i.espere(
+            "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
+            "Sí");
+        s.cnt.plantilla_seleccion = "3";
+        p->FormActivate();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->CDetalle.RecordCount(), 2);
+        QCOMPARE(p->CDetalle.valor_en(0, p->CDetalle.FieldByName("CUEN_COD")).texto(),
+                 QString("110505"));
+        QCOMPARE(p->CDetalle.valor_en(1, p->CDetalle.FieldByName("CODE_CONCEPTO")).texto(),
+                 QString("Concepto"));
+        p->CMovimiento.CancelUpdates();
+    }
+};
+
+QTEST_MAIN(PruebaEdicion)
+#include "prueba_edicion.moc"
