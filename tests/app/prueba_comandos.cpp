@@ -180,7 +180,7 @@ void PruebaComandos::las_teclas_del_menu_y_de_los_botones_funcionan_con_una_vent
         QCOMPARE(Testigo::vistas.last().pantalla, c.abre);
         ++teclas;
     }
-    QCOMPARE(teclas, 14);
+    QCOMPARE(teclas, 13);
     QVERIFY(escritorio()->abiertas().contains(abierta)); // Ctrl+F4 no la cerró
     QVERIFY(p.isVisible());
 }
@@ -210,7 +210,7 @@ void PruebaComandos::cada_letra_con_alt_oprime_su_boton() {
     hija->texto->setFocus();
     const qsizetype antes = Testigo::vistas.size();
     QTest::keyClick(hija->texto, Qt::Key_C, Qt::AltModifier);
-    QCOMPARE(oprimido, 1);
+    QTRY_COMPARE(oprimido, 1); // el botón se hunde un instante antes de contestar
     QCOMPARE(Testigo::vistas.size(), antes);
 }
 
