@@ -134,6 +134,7 @@ struct Contador : SesionEnLugar {
     /// poco antes de volver a intentar.
     QString grabe_insistiendo(const QString& debito, const QString& credito, const QString& valor,
                               int intentos = 300) {
+        bool cayo = false;
         while (intentos-- > 0) {
             const int vistos = int(mensajes.size());
             if (!completo(debito, credito, valor))
@@ -141,11 +142,29 @@ struct Contador : SesionEnLugar {
             const QString numero = p->ENumero->text();
             if (completo(debito, credito, valor) && !numero.isEmpty() && grabe())
                 return numero;
-            if (mensajes.mid(vistos).join(' ').contains("Se perdió la conexión"))
+            const QString dicho = mensajes.mid(vistos).join(' ');
+            if (dicho.contains("Se perdió la conexión")) {
+                cayo = true;
                 QTest::qWait(200);
+            } else if (cayo && dicho.contains("Ya existe")) {
+                // La caída pudo llegar después de confirmar: lo busca antes de repetirlo.
+                if (const QString suyo = en_la_base(); !suyo.isEmpty()) {
+                    p->CMovimiento.CancelUpdates();
+                    p->CMovimiento.Append();
+                    return suyo;
+                }
+            }
             escoja_tipo();
         }
         return {};
     }
+    /// Número con que quedó en la base el comprobante de la pantalla; vacío si no está.
+    QString en_la_base() {
+        return dm.Quorvex
+            .consulte("select enco_numero from comprobante_encabezado where enco_consec = ?",
+                      {p->CMovimiento.FieldByName("ENCO_CONSEC").valor()})
+            .texto();
+    }
+
     Tfmovimien* p = nullptr;
 };

@@ -64,7 +64,7 @@ private slots:
                         QString::number(kComprobantes)});
         QVERIFY(grabador.waitForReadyRead(30000));
         QTest::qWait(150);
-        servidor.detenga();
+        servidor.mate();
         QCOMPARE(grabador.state(), QProcess::Running);
         servidor.inicie();
         QVERIFY(grabador.waitForFinished(60000));
