@@ -175,6 +175,12 @@ void Tfmovimien::CMovimientoAfterInsert() {
     for (EditorNumero* e :
          {lineas_2649->ESaldocta, lineas_2649->ESaldoter, lineas_2649->ESaldocent})
         e->vacie();
+    // Las sumas del comprobante anterior no son las del nuevo.
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        l->Sumadeb->vacie();
+        l->SumCred->vacie();
+        l->vacie_diferencias();
+    }
 }
 
 void Tfmovimien::LTipoEnter() {

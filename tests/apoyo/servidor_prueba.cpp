@@ -146,6 +146,11 @@ void ServidorDePrueba::detenga() {
     }
 }
 
+void ServidorDePrueba::mate() {
+    proceso_.kill();
+    proceso_.waitForFinished();
+}
+
 Ubicacion ServidorDePrueba::ubicacion() const {
     return Ubicacion(QStringLiteral("127.0.0.1/%1:%2").arg(puerto_).arg(carpeta_.path()));
 }

@@ -28,6 +28,8 @@ public:
     /// Para y vuelve a arrancar en el mismo puerto: lo que ve un cliente cuando se cae el servidor.
     void detenga();
     void inicie();
+    /// Muere sin despedirse, con lo que estuviera haciendo.
+    void mate();
 
 private:
     QProcessEnvironment entorno() const;

@@ -79,19 +79,40 @@ struct Contador : SesionEnLugar {
         oprima(Qt::Key_End);
         oprima(Qt::Key_Home);
     }
-    /// Encabezado con réplica y dos renglones que cuadran, sin grabar.
+    /// Encabezado con réplica y dos renglones que cuadran, sin grabar. Lo que haya se digita de
+    /// nuevo.
     void digite_comprobante(const QString& debito, const QString& credito, const QString& valor) {
-        if (p->LTipo->valor().texto() != "CG")
+        const auto campo = [this](const char* c) { return p->CMovimiento.FieldByName(c).texto(); };
+        if (campo("TICO_COD") != "CG")
             escoja_tipo();
-        p->DBEdit1->setFocus();
-        digite("Concepto");
-        p->DBCheckBox2->setFocus();
-        oprima(Qt::Key_Space);
+        if (campo("ENCO_CONCEPTO").isEmpty()) {
+            p->DBEdit1->setFocus();
+            digite("Concepto");
+        }
+        if (campo("ENCO_REPNIIF") != "S") {
+            p->DBCheckBox2->setFocus();
+            oprima(Qt::Key_Space);
+        }
         Rejilla& r = *p->lineas_2649->rejilla;
         r.setFocus();
+        p->CDetalle.Cancel();
+        while (!p->CDetalle.IsEmpty())
+            oprima(Qt::Key_Delete, Qt::ControlModifier);
         r.SelectedIndex(0);
         linea({debito, "", "", "", "", "", "", "", "", valor, "", ""});
         linea({credito, "", "", "", "", "", "", "", "", "", valor});
+    }
+    /// Los dos renglones quedaron como se digitaron: una caída a media línea los deja a medias.
+    bool completo(const QString& debito, const QString& credito, const QString& valor) {
+        const ConjuntoDatos& d = p->CDetalle;
+        const auto dice = [&d](int fila, const char* campo) {
+            return d.valor_en(fila, d.FieldByName(campo));
+        };
+        const Moneda esperado = Moneda::de_texto(valor);
+        return d.RecordCount() == 2 && p->CMovimiento.FieldByName("ENCO_REPNIIF").texto() == "S" &&
+               dice(0, "CUEN_COD").texto() == debito && dice(1, "CUEN_COD").texto() == credito &&
+               dice(0, "CODE_DEBITO").moneda() == esperado &&
+               dice(1, "CODE_CREDITO").moneda() == esperado;
     }
     void linea(const QStringList& celdas) {
         for (const QString& celda : celdas) {
@@ -109,15 +130,40 @@ struct Contador : SesionEnLugar {
         oprima(Qt::Key_F2);
         return p->CDetalle.IsEmpty();
     }
-    /// Graba insistiendo; devuelve el número, o vacío si ni así.
-    QString grabe_insistiendo(int intentos = 200) {
+    /// Digita y graba insistiendo; devuelve el número, o vacío si ni así. Sin servidor, espera un
+    /// poco antes de volver a intentar.
+    QString grabe_insistiendo(const QString& debito, const QString& credito, const QString& valor,
+                              int intentos = 300) {
+        bool cayo = false;
         while (intentos-- > 0) {
+            const int vistos = int(mensajes.size());
+            if (!completo(debito, credito, valor))
+                digite_comprobante(debito, credito, valor);
             const QString numero = p->ENumero->text();
-            if (grabe())
+            if (completo(debito, credito, valor) && !numero.isEmpty() && grabe())
                 return numero;
+            const QString dicho = mensajes.mid(vistos).join(' ');
+            if (dicho.contains("Se perdió la conexión")) {
+                cayo = true;
+                QTest::qWait(200);
+            } else if (cayo && dicho.contains("Ya existe")) {
+                // La caída pudo llegar después de confirmar: lo busca antes de repetirlo.
+                if (const QString suyo = en_la_base(); !suyo.isEmpty()) {
+                    p->CMovimiento.CancelUpdates();
+                    p->CMovimiento.Append();
+                    return suyo;
+                }
+            }
             escoja_tipo();
         }
         return {};
+    }
+    /// Número con que quedó en la base el comprobante de la pantalla; vacío si no está.
+    QString en_la_base() {
+        return dm.Quorvex
+            .consulte("select enco_numero from comprobante_encabezado where enco_consec = ?",
+                      {p->CMovimiento.FieldByName("ENCO_CONSEC").valor()})
+            .texto();
     }
 
     Tfmovimien* p = nullptr;

@@ -15,8 +15,7 @@ int main(int argc, char** argv) {
     try {
         Contador contador{Ubicacion(a[1]), a[2], a[3]};
         for (int i = 0, n = a[4].toInt(); i < n; ++i) {
-            contador.digite_comprobante("110505", "111005", "1000.50");
-            const QString numero = contador.grabe_insistiendo();
+            const QString numero = contador.grabe_insistiendo("110505", "111005", "1000.50");
             if (numero.isEmpty()) {
                 std::fprintf(
                     stderr, "no grabó: %s\n",

@@ -4,6 +4,7 @@
 #include "fallas/comprobaciones.h"
 #include "fallas/contador.h"
 
+#include <QProcess>
 #include <csignal>
 #include <sys/resource.h>
 
@@ -52,6 +53,33 @@ private slots:
                  QString("000001|10\n000002|25\n000003|40"));
         QCOMPARE(a_medias(otra), QString());
         QCOMPARE(saldos_distintos(otra), QString());
+    }
+
+    void quien_estaba_grabando_espera_y_sigue_sin_perder_ni_repetir() {
+        constexpr int kComprobantes = 200;
+        ServidorDePrueba servidor;
+        QProcess grabador;
+        grabador.start(QCoreApplication::applicationDirPath() + "/grabador",
+                       {servidor.ubicacion().texto(), "ADMIN", ServidorDePrueba::kClave,
+                        QString::number(kComprobantes)});
+        QVERIFY(grabador.waitForReadyRead(30000));
+        QTest::qWait(150);
+        servidor.mate();
+        QCOMPARE(grabador.state(), QProcess::Running);
+        servidor.inicie();
+        QVERIFY(grabador.waitForFinished(60000));
+        const QByteArray dicho = grabador.readAllStandardError();
+        QVERIFY2(grabador.exitCode() == 0, dicho.constData());
+        QVERIFY2(dicho.contains("Se perdió la conexión"), dicho.constData());
+        const QStringList numeros =
+            QString::fromLatin1(grabador.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+        Conexion c;
+        c.conectar(servidor.parametros());
+        QCOMPARE(filas_de(c, "select enco_numero from comprobante_encabezado order by 1"),
+                 numeros.join('\n'));
+        QCOMPARE(numeros.size(), kComprobantes);
+        QCOMPARE(a_medias(c), QString());
+        QCOMPARE(saldos_distintos(c), QString());
     }
 
     void lo_abierto_antes_de_la_caida_no_se_confunde_con_lo_nuevo() {
