@@ -5,6 +5,19 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+void BotonComando::solo_icono(bool si) {
+    solo_icono_ = si;
+    updateGeometry();
+    update();
+}
+
+QSize BotonComando::sizeHint() const {
+    const QSize comun = QPushButton::sizeHint();
+    if (solo_icono_)
+        return {iconSize().width() + paso(2), comun.height()};
+    return comun + QSize(paso(2), 0);
+}
+
 void BotonComando::paintEvent(QPaintEvent*) {
     QStyleOptionButton opcion;
     initStyleOption(&opcion);
@@ -14,6 +27,8 @@ void BotonComando::paintEvent(QPaintEvent*) {
     const QRect sitio(marco.left(), marco.center().y() - iconSize().height() / 2 + 1,
                       iconSize().width(), iconSize().height());
     icon().paint(&pintor, sitio, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    if (solo_icono_)
+        return;
     marco.setLeft(sitio.right() + paso());
     pintor.drawItemText(marco, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(),
                         isEnabled(), text(), QPalette::ButtonText);

@@ -48,7 +48,7 @@ void Tfacercade::FormCreate() {
                                    "%5\nCarpeta de la aplicación: %6")
                         .arg(kRevision, fdm().codigo_compania, fdm().datos_compania.nombre,
                              fdm().usuario, fdm().nombre_usuario, diraplicacion_callada()));
-    LDatos->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    LDatos->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SBCerrar", "Esc:Cerrar", "window-close", Qt::Key_Escape,
                                   [this] { close(); }));

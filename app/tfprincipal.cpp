@@ -13,10 +13,10 @@
 #include "toolkit/barraestado.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
-#include "toolkit/formulario.h"
 
 #include <QDesktopServices>
 #include <QFrame>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QScrollArea>
@@ -34,12 +34,11 @@ QFrame* tarjeta() {
     return t;
 }
 
-QLineEdit* campo_fijo(const QString& nombre, int ancho) {
+QLineEdit* campo_fijo(const QString& nombre) {
     auto* e = new QLineEdit;
     e->setObjectName(nombre);
     e->setReadOnly(true);
     e->setFocusPolicy(Qt::NoFocus);
-    e->setMinimumWidth(escalado(ancho));
     return e;
 }
 
@@ -54,7 +53,7 @@ QString pagina_fabricante() {
 
 Tfprincipal::Tfprincipal(const QStringList& argumentos)
     : AdvPanel1(new PanelDegradado("AdvPanel1")), AdvPanel2(new PanelDegradado("AdvPanel2")),
-      ECompania(campo_fijo("ECompania", 240)), EUsuario(campo_fijo("EUsuario", 240)),
+      ECompania(campo_fijo("ECompania")), EUsuario(campo_fijo("EUsuario")),
       LabRevision(new QLabel(QStringLiteral("Rev: %1 BD: ").arg(kRevision))), Label3(new QLabel),
       Image2(new QLabel), barra(new AvisosBarra), mensajes(nullptr),
       compactador(new Compactador(this)), Action1(new QAction(this)), argumentos_(argumentos),
@@ -121,21 +120,27 @@ void Tfprincipal::FormCreate() {
 
 void Tfprincipal::arme_panel_superior() {
     Image2->setObjectName("Image2");
-    Image2->setPixmap(marca(escalado(56), devicePixelRatioF()));
     Image2->setCursor(Qt::PointingHandCursor);
     Image2->setToolTip("Página del fabricante");
     Image2->installEventFilter(this);
 
     QFrame* datos = tarjeta();
-    Formulario(datos).fila("Compañía", ECompania).fila("Usuario", EUsuario);
+    campos_ = new QGridLayout(datos);
+    for (auto [campo, rotulo] : {std::pair{ECompania, "Compañía:"}, {EUsuario, "Usuario:"}}) {
+        auto* etiqueta = new QLabel(rotulo);
+        etiqueta->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        etiqueta->setBuddy(campo);
+        rotulos_ << etiqueta;
+    }
 
     auto* botones = new QWidget;
     auto* fila_botones = new DisposicionFlujo(botones, paso());
     for (const Comando& c : comandos_balance()) {
-        QPushButton* b = boton(c);
+        BotonComando* b = boton(c);
         b->setIconSize({escalado(24), escalado(24)});
         b->setMinimumHeight(escalado(44));
         fila_botones->addWidget(b);
+        botones_balance_ << b;
     }
     auto* fila = new QHBoxLayout(AdvPanel1);
     fila->setContentsMargins(paso(), paso(), paso(), paso());
@@ -143,6 +148,31 @@ void Tfprincipal::arme_panel_superior() {
     fila->addWidget(Image2);
     fila->addWidget(datos);
     fila->addWidget(botones, 1, Qt::AlignVCenter);
+    acomode_panel_superior();
+}
+
+void Tfprincipal::acomode_panel_superior() {
+    const bool estrecho = width() < escalado(1000) || height() < escalado(560);
+    if (estrecho_ == int(estrecho))
+        return;
+    estrecho_ = estrecho;
+    QLineEdit* const campos[] = {ECompania, EUsuario};
+    for (int i = 0; i < 2; ++i) {
+        campos_->removeWidget(rotulos_[i]);
+        campos_->removeWidget(campos[i]);
+        campos_->addWidget(rotulos_[i], estrecho ? 0 : i, estrecho ? 2 * i : 0);
+        campos_->addWidget(campos[i], estrecho ? 0 : i, estrecho ? 2 * i + 1 : 1);
+        campos[i]->setMinimumWidth(escalado(estrecho ? 100 : 240));
+        campos[i]->home(false); // si no cabe, se ve el comienzo
+    }
+    for (BotonComando* b : botones_balance_)
+        b->solo_icono(estrecho);
+    Image2->setPixmap(marca(escalado(estrecho ? 32 : 56), devicePixelRatioF()));
+}
+
+void Tfprincipal::resizeEvent(QResizeEvent* evento) {
+    QMainWindow::resizeEvent(evento);
+    acomode_panel_superior();
 }
 
 void Tfprincipal::arme_panel_inferior() {
@@ -198,11 +228,11 @@ QWidget* Tfprincipal::columna_de_botones() {
     return marco;
 }
 
-QPushButton* Tfprincipal::boton(const Comando& comando) {
+BotonComando* Tfprincipal::boton(const Comando& comando) {
     auto* b = new BotonComando(icono(comando.icono), comando.texto());
     b->setObjectName(comando.nombre);
     b->setToolTip(comando.texto());
-    b->setMinimumWidth(b->sizeHint().width() + paso(2));
+    b->setAccessibleName(comando.texto());
     connect(b, &QPushButton::clicked, this, [this, comando] { ejecute(comando); });
     return b;
 }

@@ -11,13 +11,14 @@
 #include <QPointer>
 
 class AvisosBarra;
+class BotonComando;
 class Compactador;
 class Escritorio;
 class PanelDegradado;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QMdiArea;
-class QPushButton;
 class QSettings;
 class VigiaMensajes;
 
@@ -61,6 +62,7 @@ protected:
     void showEvent(QShowEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
@@ -68,7 +70,8 @@ private:
     void arme_panel_superior();
     void arme_panel_inferior();
     QWidget* columna_de_botones();
-    QPushButton* boton(const Comando& comando);
+    BotonComando* boton(const Comando& comando);
+    void acomode_panel_superior(); ///< en un renglón si la ventana es pequeña para su letra
     void abra(const Comando& comando);
     void abra_pagina();
     // tfprincipal_menu.cpp
@@ -96,6 +99,10 @@ private:
     QStringList argumentos_;
     QMdiArea* area_;
     Escritorio* escritorio_;
+    QGridLayout* campos_;
+    QVector<QLabel*> rotulos_;
+    QVector<BotonComando*> botones_balance_;
+    int estrecho_ = -1; ///< aún sin acomodar
     QHash<QString, QMenu*> menus_;
     QMenu* ventanas_ = nullptr;
     QList<QAction*> lista_ventanas_;

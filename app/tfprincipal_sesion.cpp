@@ -147,6 +147,8 @@ bool Tfprincipal::entre_usuario() {
     }
     fdm().sucursal_usuario = int(CUsuario.FieldByName("SUCU_ID").entero());
     EUsuario->setText(fdm().nombre_usuario);
+    EUsuario->setToolTip(EUsuario->text());
+    EUsuario->home(false);
     fdmcnt().ano_actual = CUsuario.FieldByName("USER_ANOCNT").texto();
     fdmcnt().periodo_actual = int(CUsuario.FieldByName("USER_PERCNT").entero());
     CUsuario.Close();
@@ -155,6 +157,8 @@ bool Tfprincipal::entre_usuario() {
 
 void Tfprincipal::abra_iniciales() {
     ECompania->setText(general("NOMBRE COMPAÑIA"));
+    ECompania->setToolTip(ECompania->text());
+    ECompania->home(false);
     recuerde_preferencias();
     if (contable("MOSTRAR COMPROBANTES SIN CONTABILIZAR AL ENTRAR AL MODULO") == "SI" &&
         hay_pantalla("Tfsincontab"))
