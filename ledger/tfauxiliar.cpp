@@ -1,5 +1,6 @@
 #include "ledger/tfauxiliar.h"
 
+#include "core/borrado.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/dialogos.h"
@@ -9,7 +10,6 @@
 #include <QCheckBox>
 
 namespace {
-constexpr int kBorrarComprobante = 32;
 constexpr const char* kImporte = "#,###.00";
 // El motor no conserva el orden entre iguales: dentro del mismo día, o del mismo valor de la
 // columna pedida, van como en el libro.
@@ -161,26 +161,23 @@ void Tfauxiliar::editar_comprobante(const QString& id) {
 }
 
 void Tfauxiliar::borrar_comprobante(const QString& id) {
-    if (!fdm().exija_acceso(kBorrarComprobante)) {
-        close();
-        return;
-    }
-    const QString tipo_origen = CAuxiliar.FieldByName("TIPOREF").texto();
-    if (CAuxiliar.FieldByName("TIPOREF").entero() != 0) {
-        muestre_mensaje(
-            "Debe utilizar la opcion " +
-            dato("select tido_nomlargo from tipo_documento where tido_cod = " + tipo_origen) +
-            " para borrar el comprobante");
-        return;
-    }
-    if (!pregunte(miembro_.aviso_borrado +
-                  QStringLiteral("Desea borrar definitivamente el comprobante ") +
-                  CAuxiliar.FieldByName("TIPOCOMP").texto() + ' ' +
-                  CAuxiliar.FieldByName("PREFIJO").texto() + ' ' +
-                  CAuxiliar.FieldByName("NUMERO").texto() + '?'))
-        return;
+    BorradoComprobante c;
+    c.tipo = CAuxiliar.FieldByName("TIPOCOMP").texto();
+    c.prefijo = CAuxiliar.FieldByName("PREFIJO").texto();
+    c.numero = CAuxiliar.FieldByName("NUMERO").texto();
+    c.tipo_origen = CAuxiliar.FieldByName("TIPOREF").entero();
+    c.aviso = miembro_.aviso_borrado;
     for (const QString& orden : miembro_.borrados)
-        CBorrar.Execute(orden + id);
-    fdmcnt().balance_por_recalcular = true;
-    CAuxiliar.Refresh();
+        c.ordenes << orden + id;
+    switch (borre_comprobante(c)) {
+    case ResultadoBorrado::Negado:
+        close();
+        break;
+    case ResultadoBorrado::Borrado:
+        fdmcnt().balance_por_recalcular = true;
+        CAuxiliar.Refresh();
+        break;
+    default:
+        break;
+    }
 }

@@ -1,5 +1,6 @@
 #include "vouchers/tfedtmovimien.h"
 
+#include "core/borrado.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
@@ -313,28 +314,21 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
 }
 
 void Tfedtmovimien::SBBorrarClick() {
-    if (!fdm().exija_acceso(32)) {
-        close();
-        return;
-    }
-    const Campo& origen = CMovimiento.FieldByName("ENCO_TIPOREF");
-    if (origen.entero() != 0) {
-        CBorrar.Open("select tido_nomlargo from tipo_documento where tido_cod = " + origen.texto());
-        muestre_mensaje("Debe utilizar la opcion " + CBorrar.Fields(0).texto() +
-                        " para borrar el comprobante");
-        return;
-    }
     const auto t = [this](const char* c) { return CMovimiento.FieldByName(c).texto(); };
-    if (!pregunte("Desea borrar definitivamente el comprobante " + t("TICO_COD") + ' ' +
-                  t("PRCO_PREF") + ' ' + t("ENCO_NUMERO") + '?'))
-        return;
     const QString id = t("ENCO_CONSEC");
-    CBorrar.Execute("delete from comprobante_detalle where enco_consec = " + id);
-    CBorrar.Execute("delete from comprobante_detalle_niif where enco_consec = " + id);
-    CBorrar.Execute("update comprobante_encabezado set enco_usuario = " + QuotedStr(fdm().usuario) +
-                    " where enco_consec = " + QString::number(comprobante_borrado));
-    CBorrar.Execute("delete from comprobante_encabezado where enco_consec = " + id);
-    close();
+    BorradoComprobante c;
+    c.tipo = t("TICO_COD");
+    c.prefijo = t("PRCO_PREF");
+    c.numero = t("ENCO_NUMERO");
+    c.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
+    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
+                 "delete from comprobante_detalle_niif where enco_consec = " + id,
+                 "update comprobante_encabezado set enco_usuario = " + QuotedStr(fdm().usuario) +
+                     " where enco_consec = " + QString::number(comprobante_borrado),
+                 "delete from comprobante_encabezado where enco_consec = " + id};
+    const ResultadoBorrado resultado = borre_comprobante(c);
+    if (resultado == ResultadoBorrado::Negado || resultado == ResultadoBorrado::Borrado)
+        close();
 }
 
 void Tfedtmovimien::traiga_plantilla() {

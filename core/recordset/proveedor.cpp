@@ -202,7 +202,32 @@ QString tabla_de(const QVector<Columna>& columnas) {
     return mejor;
 }
 
+QString nombres_de(const QVector<Campo*>& campos) {
+    QStringList nombres;
+    for (const Campo* c : campos)
+        nombres << c->FieldName;
+    return nombres.join(',');
+}
+
 } // namespace
+
+QVector<Campo*> Proveedor::campos_de(const ConjuntoDatos& conjunto, const QString& tabla) {
+    QVector<Campo*> campos;
+    for (const auto& c : conjunto.campos_)
+        if (c->tipo == TipoCampo::Datos && c->columna() >= 0 &&
+            conjunto.columnas_[c->columna()].tabla == tabla)
+            campos << c.get();
+    return campos;
+}
+
+QVector<Campo*> Proveedor::campos_devueltos(const QVector<Campo*>& campos) const {
+    QVector<Campo*> devueltos;
+    if (Options & poPropogateChanges)
+        for (Campo* c : campos)
+            if (c->clase != ClaseCampo::Blob && c->clase != ClaseCampo::Memo)
+                devueltos << c;
+    return devueltos;
+}
 
 void Proveedor::inserte(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     g.conjunto = &conjunto;
@@ -210,18 +235,10 @@ void Proveedor::inserte(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     if (BeforeUpdateRecord)
         BeforeUpdateRecord(conjunto, fila, ClaseCambio::Insercion);
     const QString tabla = tabla_de(conjunto.columnas_);
-    QStringList nombres, incognitas, devueltos;
+    const QVector<Campo*> campos = campos_de(conjunto, tabla), devueltos = campos_devueltos(campos);
+    QStringList nombres, incognitas;
     QVector<Valor> valores;
-    QVector<Campo*> campos_devueltos;
-    for (const auto& c : conjunto.campos_) {
-        if (c->tipo != TipoCampo::Datos || c->columna() < 0 ||
-            conjunto.columnas_[c->columna()].tabla != tabla)
-            continue;
-        if ((Options & poPropogateChanges) && c->clase != ClaseCampo::Blob &&
-            c->clase != ClaseCampo::Memo) {
-            devueltos << c->FieldName;
-            campos_devueltos << c.get();
-        }
+    for (Campo* c : campos) {
         const Valor& v = (*fila.valores)[c->indice()];
         if (v.nulo() || !(c->ProviderFlags & pfInUpdate))
             continue;
@@ -232,11 +249,11 @@ void Proveedor::inserte(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     QString sql = QStringLiteral("insert into %1 (%2) values (%3)")
                       .arg(tabla, nombres.join(','), incognitas.join(','));
     if (!devueltos.isEmpty())
-        sql += QStringLiteral(" returning ") + devueltos.join(',');
+        sql += QStringLiteral(" returning ") + nombres_de(devueltos);
     const auto salida =
         g.conexion.prepare(sql, g.transaccion)->ejecute_con_salida(g.transaccion, valores);
     for (int i = 0; i < salida.size(); ++i)
-        g.devueltas.push_back({&fila, campos_devueltos[i], salida[i]});
+        g.devueltas.push_back({&fila, devueltos[i], salida[i]});
 }
 
 namespace {
@@ -283,18 +300,10 @@ void Proveedor::modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     if (BeforeUpdateRecord)
         BeforeUpdateRecord(conjunto, fila, ClaseCambio::Modificacion);
     const QString tabla = tabla_de(conjunto.columnas_);
-    QStringList cambios, devueltos;
+    const QVector<Campo*> campos = campos_de(conjunto, tabla), devueltos = campos_devueltos(campos);
+    QStringList cambios;
     QVector<Valor> valores;
-    QVector<Campo*> campos_devueltos;
-    for (const auto& c : conjunto.campos_) {
-        if (c->tipo != TipoCampo::Datos || c->columna() < 0 ||
-            conjunto.columnas_[c->columna()].tabla != tabla)
-            continue;
-        if ((Options & poPropogateChanges) && c->clase != ClaseCampo::Blob &&
-            c->clase != ClaseCampo::Memo) {
-            devueltos << c->FieldName;
-            campos_devueltos << c.get();
-        }
+    for (Campo* c : campos) {
         const Valor& v = (*fila.valores)[c->indice()];
         if (!(c->ProviderFlags & pfInUpdate) || v == (*fila.originales)[c->indice()])
             continue;
@@ -318,16 +327,16 @@ void Proveedor::modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     // Lo que dejaron los disparadores vuelve a la fila, en la misma transacción.
     Condicion llave;
     for (Campo* c :
-         conjunto.campos_llave().isEmpty() ? campos_devueltos.mid(0, 1) : conjunto.campos_llave())
+         conjunto.campos_llave().isEmpty() ? devueltos.mid(0, 1) : conjunto.campos_llave())
         llave.agregue(*c, (*fila.valores)[c->indice()]);
     auto lectura = g.conexion.prepare(
         QStringLiteral("select %1 from %2 where %3")
-            .arg(devueltos.join(','), tabla, llave.partes.join(QStringLiteral(" and "))),
+            .arg(nombres_de(devueltos), tabla, llave.partes.join(QStringLiteral(" and "))),
         g.transaccion);
     Cursor cursor(lectura, g.transaccion, llave.valores);
     if (cursor.siguiente())
-        for (int i = 0; i < campos_devueltos.size(); ++i)
-            g.devueltas.push_back({&fila, campos_devueltos[i], cursor.valor(i)});
+        for (int i = 0; i < devueltos.size(); ++i)
+            g.devueltas.push_back({&fila, devueltos[i], cursor.valor(i)});
 }
 
 void Proveedor::borre(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {

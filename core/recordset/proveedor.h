@@ -41,6 +41,10 @@ private:
     void resuelva_conjunto(Grabacion& g, ConjuntoDatos& conjunto);
     void resuelva_fila(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);
     void resuelva_detalles(Grabacion& g, ConjuntoDatos& maestra, Fila& fila, bool solo_borrados);
+    /// Campos del conjunto que son columnas de `tabla`.
+    static QVector<Campo*> campos_de(const ConjuntoDatos& conjunto, const QString& tabla);
+    /// De ellos, los que se releen tras grabar (poPropogateChanges).
+    QVector<Campo*> campos_devueltos(const QVector<Campo*>& campos) const;
     void inserte(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);
     void modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);
     void borre(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);

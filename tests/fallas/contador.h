@@ -97,7 +97,7 @@ struct Contador : SesionEnLugar {
         r.setFocus();
         p->CDetalle.Cancel();
         while (!p->CDetalle.IsEmpty())
-            oprima(Qt::Key_Delete, Qt::ControlModifier);
+            p->CDetalle.Delete();
         r.SelectedIndex(0);
         linea({debito, "", "", "", "", "", "", "", "", valor, "", ""});
         linea({credito, "", "", "", "", "", "", "", "", "", valor});

@@ -7,7 +7,10 @@
 
 int main(int argc, char** argv) {
     // El monitor sin pantalla se queja de cada ventana.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    qInstallMessageHandler([](QtMsgType tipo, const QMessageLogContext&, const QString& texto) {
+        if (tipo == QtFatalMsg)
+            std::fprintf(stderr, "%s\n", qPrintable(texto));
+    });
     QApplication aplicacion(argc, argv);
     const QStringList a = aplicacion.arguments();
     if (a.size() != 5)
@@ -29,8 +32,8 @@ int main(int argc, char** argv) {
                      qPrintable(QSet<QString>(contador.mensajes.begin(), contador.mensajes.end())
                                     .values()
                                     .join('\n')));
-    } catch (const ErrorDatos& e) {
-        std::fprintf(stderr, "%s\n", qPrintable(e.texto()));
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "%s\n", e.what());
         return 1;
     }
     return 0;
