@@ -137,6 +137,13 @@ void Tfbalanceprueba::arme_botones() {
         ->setToolTip("Tecla menos del teclado numérico");
     barra->boton("BitBtn3", "Más detalle", "list-add", {}, [this] { BitBtn3Click(); })
         ->setToolTip("Tecla más del teclado numérico");
+    // La rejilla se queda con Tab: al otro libro se pasa como en los comprobantes.
+    const auto pagina = [this](int clave, int indice) {
+        tecla(clave, Qt::ControlModifier, "PageControl1",
+              [this, indice] { PageControl1->setCurrentIndex(indice); });
+    };
+    pagina(Qt::Key_PageDown, 1);
+    pagina(Qt::Key_PageUp, 0);
     tecla(Qt::Key_Minus, Qt::KeypadModifier, "BitBtn2");
     tecla(Qt::Key_Plus, Qt::KeypadModifier, "BitBtn3");
     barra->separe();

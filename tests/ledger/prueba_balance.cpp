@@ -103,6 +103,9 @@ private slots:
             const QSize area = s.escritorio.area()->viewport()->size();
             QCOMPARE(ventana->pos(), QPoint(0, 0));
             QCOMPARE(ventana->size(), area - QSize(140, 130));
+            // Sin ratón se llega al otro libro y se vuelve.
+            oprima(indice == 0 ? Qt::Key_PageDown : Qt::Key_PageUp, Qt::ControlModifier);
+            QCOMPARE(b->PageControl1->currentIndex(), 1 - indice);
             oprima(Qt::Key_Escape);
             QVERIFY(!s.escritorio.abierta("Tfbalanceprueba"));
         }
