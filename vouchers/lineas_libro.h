@@ -76,6 +76,8 @@ public:
     void vacie_nombres();
     void vacie_diferencias();
     void actualice_sumas();
+    /// Nombres, saldos y sumas de la línea actual, como al pasar a ella.
+    void muestre_linea() { AfterScroll(); }
     /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
     void reciba(const QString& campo, const QString& valor);
     void prepare_recepcion();

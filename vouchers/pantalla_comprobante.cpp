@@ -421,6 +421,9 @@ void PantallaComprobante::GroupBox1Enter() {
 }
 
 void PantallaComprobante::DateTimePicker1Change() {
+    // El panel edita siempre la línea 2649; sin líneas no hay a quién ponerle fecha.
+    if (CDetalle.IsEmpty())
+        return;
     CDetalle.Edit();
     CDetalle.FieldByName("DOCO_VENCE") = DateTimePicker1->fecha_texto();
 }

@@ -1,6 +1,4 @@
 #pragma once
-#include <QApplication>
-#include <QDialog>
 #include "core/tfdm.h"
 #include "core/tfdmart.h"
 #include "core/tfdmcnt.h"
@@ -16,8 +14,10 @@
 #include "toolkit/formulario.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/rejilla.h"
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QGroupBox>
 #include <QIntValidator>
 #include <QLabel>

@@ -73,7 +73,7 @@ Tfedtmovimien::Tfedtmovimien()
     for (QLineEdit* e : {Edit1, Edit3}) {
         e->setReadOnly(true);
         e->setFocusPolicy(Qt::NoFocus);
-        e->setMinimumWidth(letra * 46);
+        e->setMinimumWidth(letra * (e == Edit1 ? 34 : 44));
     }
     Edit1->setAccessibleName("Origen del comprobante");
     Edit3->setAccessibleName("Último cambio NIIF");
@@ -116,8 +116,8 @@ void Tfedtmovimien::FormCreate() {
     muestre_origen();
     muestre_fecha();
     encabezado_posteado_ = true;
-    lineas_2649->actualice_sumas();
-    lineas_niif->actualice_sumas();
+    lineas_2649->muestre_linea();
+    lineas_niif->muestre_linea();
     if (!fdm().acceso_editacomproba(fdm().usuario, "CONTABILIDAD", 30))
         SBGrabar->setEnabled(false);
 }

@@ -289,7 +289,13 @@ void Tfmovimien::SBGrabarClick() {
         fdmcnt().dia_actual = EDia->text();
         tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
         const QString id = tome_id();
+        if (ya_habia_quedado_grabado()) {
+            grabando = false;
+            return;
+        }
+        grabacion_dudosa_ = true;
         if (CMovimiento.ApplyUpdates(0) == 0) {
+            grabacion_dudosa_ = false;
             CMovimiento.Refresh();
             fdmcnt().comprobante_encontrado = id;
             imprima_comprobante();
@@ -305,6 +311,26 @@ void Tfmovimien::SBGrabarClick() {
         throw;
     }
     grabando = false;
+}
+
+bool Tfmovimien::ya_habia_quedado_grabado() {
+    if (!std::exchange(grabacion_dudosa_, false))
+        return false;
+    // Un intento que falla se deshace entero: si el id está en la base, lo que se perdió fue la
+    // respuesta del servidor y no el comprobante.
+    const QString id = CMovimiento.FieldByName("ENCO_CONSEC").texto();
+    CBorrar.Open("select enco_numero from comprobante_encabezado where enco_consec = " + id);
+    if (CBorrar.IsEmpty())
+        return false;
+    muestre_mensaje("El comprobante " + CBorrar.Fields(0).texto() +
+                    " ya había quedado grabado cuando se perdió la conexión. Revíselo antes de "
+                    "seguir.");
+    CMovimiento.CancelUpdates();
+    CMovimiento.Append();
+    CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
+    fdmcnt().comprobante_encontrado = id;
+    pantallas().abrir("Tfedtmovimien");
+    return true;
 }
 
 void Tfmovimien::TabSheet2Enter() {

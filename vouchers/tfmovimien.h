@@ -44,5 +44,8 @@ private:
     void muestre_periodo();
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, bool entrando);
 
-    int mes_ = 0; ///< índice del mes en la última activación
+    bool ya_habia_quedado_grabado();
+
+    bool grabacion_dudosa_ = false; ///< el último intento falló: pudo perderse solo la respuesta
+    int mes_ = 0;                   ///< índice del mes en la última activación
 };

@@ -466,6 +466,35 @@ private slots:
             id);
     }
 
+    void si_solo_se_perdio_la_respuesta_el_comprobante_no_se_graba_dos_veces() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.asiento("110505", "310505", "10");
+        ponga_comprobante(s, 700, "000001", "20170101", {});
+        {
+            Interlocutor i;
+            i.espere("Ya existe el registro en la tabla Comprobantes");
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        const QString id = p->CMovimiento.FieldByName("ENCO_CONSEC").texto();
+        // el intento sí llegó a la base: como si solo faltara su respuesta
+        ponga_comprobante(s, id.toInt(), "000002", "20170105", {"110505:10:0", "310505:0:10"});
+        Interlocutor i;
+        i.espere(
+            "El comprobante 000002 ya había quedado grabado cuando se perdió la conexión. Revíselo "
+            "antes de seguir.");
+        p->SBGrabar->click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        auto* edicion = qobject_cast<Tfedtmovimien*>(s.escritorio.activa());
+        QVERIFY(edicion);
+        QCOMPARE(edicion->CMovimiento.FieldByName("ENCO_CONSEC").texto(), id);
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("2"));
+        QVERIFY(p->CDetalle.IsEmpty());
+    }
+
     void las_busquedas_entregan_su_seleccion_donde_estaba_el_foco() {
         SesionGui s;
         Digitador d(s);
