@@ -1,5 +1,7 @@
 #include "vouchers/pantalla_comprobante.h"
 
+#include "core/apertura.h"
+
 #include "vouchers/pch.h"
 
 namespace {
@@ -433,11 +435,11 @@ void PantallaComprobante::EArticodDblClick() {
     CBorrar.Open(QStringLiteral("select CUEN_TIPO from %1 where cuen_cod = ")
                      .arg(QLatin1String(datos(l.libro).cuentas)) +
                  QuotedStr(l.detalle.FieldByName("CUEN_COD").texto()));
-    pantallas().abrir(CBorrar.Fields(0).texto() == "I" ? "Tfarticulos" : "Tfactivos");
+    abra_o_avise(CBorrar.Fields(0).texto() == "I" ? "Tfarticulos" : "Tfactivos");
 }
 
 void PantallaComprobante::SpeedButton6Click() {
-    pantallas().abrir(GroupBox2->title() == "Activo fijo" ? "Tfactivos" : "Tfarticulos");
+    abra_o_avise(GroupBox2->title() == "Activo fijo" ? "Tfactivos" : "Tfarticulos");
 }
 
 void PantallaComprobante::SpeedButton3Click() {

@@ -12,8 +12,7 @@ struct ResultadoHerramienta {
 
 inline ResultadoHerramienta administre(const QStringList& argumentos) {
     QProcess p;
-    p.start(QCoreApplication::applicationDirPath() + QStringLiteral("/quorvex-admin"),
-            argumentos);
+    p.start(QCoreApplication::applicationDirPath() + QStringLiteral("/quorvex-admin"), argumentos);
     if (!p.waitForFinished(120000))
         p.kill();
     return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
