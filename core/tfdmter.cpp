@@ -66,13 +66,21 @@ int Tfdmter::dv(const QString& nit) {
 
 namespace {
 
-/// Nombre del tercero que además tiene fila en otra tabla (proveedores, clientes, empleados).
-QString sql_con_papel(const char* tabla, const QString& nit) {
-    return QStringLiteral(
-               "select t.terc_nom from terceros t, %1 p where t.terc_nit = p.terc_nit and "
-               "t.terc_estado = 'S' and t.terc_nit = ")
-               .arg(QLatin1String(tabla)) +
+/// Columnas del tercero activo que además tiene fila en otra tabla (proveedores, clientes...).
+QString sql_con_papel(const char* tabla, const char* columnas, const QString& nit) {
+    return QStringLiteral("select %1 from terceros t, %2 p where t.terc_nit = p.terc_nit and "
+                          "t.terc_estado = 'S' and t.terc_nit = ")
+               .arg(QLatin1String(columnas), QLatin1String(tabla)) +
            QuotedStr(nit);
+}
+
+bool lea_retenciones(ConjuntoDatos& consulta, const QString& sql, Tfdmter::Retenciones& tarifas) {
+    consulta.Open(sql);
+    const auto tarifa = [&](int columna) {
+        return consulta.IsEmpty() ? Moneda() : consulta.Fields(columna).moneda();
+    };
+    tarifas = {tarifa(0), tarifa(1), tarifa(2), tarifa(3)};
+    return !consulta.IsEmpty();
 }
 
 } // namespace
@@ -81,14 +89,57 @@ bool Tfdmter::valide_proveedor(const QString& nit) {
     return !nombre_proveedor(nit).isEmpty();
 }
 QString Tfdmter::nombre_proveedor(const QString& nit) {
-    return CConsulta.valor_unico(sql_con_papel("proveedores", nit)).texto();
+    return CConsulta.valor_unico(sql_con_papel("proveedores", "t.terc_nom", nit)).texto();
+}
+bool Tfdmter::valide_proveedor_ret(const QString& nit, Retenciones& tarifas) {
+    return lea_retenciones(
+        CConsulta,
+        sql_con_papel("proveedores", "prov_retefte, prov_rteiva, prov_rteica, prov_rtcree", nit),
+        tarifas);
+}
+bool Tfdmter::base_rtfte(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("proveedores", "prov_rtftebase", nit)).texto() ==
+           "S";
+}
+bool Tfdmter::base_rtica(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("proveedores", "prov_rticabase", nit)).texto() ==
+           "S";
 }
 bool Tfdmter::valide_cliente(const QString& nit) {
     return !nombre_cliente(nit).isEmpty();
 }
 QString Tfdmter::nombre_cliente(const QString& nit) {
-    return CConsulta.valor_unico(sql_con_papel("clientes", nit)).texto();
+    return CConsulta.valor_unico(sql_con_papel("clientes", "t.terc_nom", nit)).texto();
+}
+bool Tfdmter::valide_retenCartera(const QString& nit, Retenciones& tarifas) {
+    return lea_retenciones(
+        CConsulta,
+        sql_con_papel("clientes", "clie_rtefte, clie_rteiva, clie_rteica, clie_rtcree", nit),
+        tarifas);
+}
+bool Tfdmter::base_rtfte_cli(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("clientes", "clie_rtftebase", nit)).texto() == "S";
+}
+Moneda Tfdmter::descuento_max(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("clientes", "clie_dtomax", nit)).moneda();
+}
+Moneda Tfdmter::cupo_credito(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("clientes", "clie_cupo", nit)).moneda();
+}
+QString Tfdmter::cobrador_cliente(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("clientes", "cobr_cod", nit)).texto();
 }
 QString Tfdmter::nombre_empleado(const QString& nit) {
-    return CConsulta.valor_unico(sql_con_papel("empleados", nit)).texto();
+    return CConsulta.valor_unico(sql_con_papel("empleados", "t.terc_nom", nit)).texto();
+}
+bool Tfdmter::valide_conductor(const QString& nit) {
+    return !nombre_conductor(nit).isEmpty();
+}
+QString Tfdmter::nombre_conductor(const QString& nit) {
+    return CConsulta
+        .valor_unico(
+            "select terc_nom from terceros where terc_estado = 'S' and terc_conductor = 'S' and "
+            "terc_nit = " +
+            QuotedStr(nit))
+        .texto();
 }

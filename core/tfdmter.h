@@ -22,12 +22,28 @@ public:
     /// Dígito de verificación de la DIAN. Lanza ErrorDatos con un carácter que no es cifra.
     static int dv(const QString& nit);
 
-    // terceros con papel de proveedor o cliente
+    /// Tarifas de retención de un tercero, en porcentaje.
+    struct Retenciones {
+        Moneda fuente, iva, ica, cree;
+    };
+    // terceros activos con papel de proveedor, cliente, empleado o conductor; callados: sin fila
+    // dan vacío, cero o falso
     bool valide_proveedor(const QString& nit);
     QString nombre_proveedor(const QString& nit);
+    /// Como valide_proveedor, y deja sus tarifas.
+    bool valide_proveedor_ret(const QString& nit, Retenciones& tarifas);
+    bool base_rtfte(const QString& nit); ///< se le retiene en la fuente solo desde la base mínima
+    bool base_rtica(const QString& nit); ///< lo mismo con el ICA
     bool valide_cliente(const QString& nit);
     QString nombre_cliente(const QString& nit);
+    bool valide_retenCartera(const QString& nit, Retenciones& tarifas); ///< las de un cliente
+    bool base_rtfte_cli(const QString& nit);  ///< el cliente retiene solo desde la base mínima
+    Moneda descuento_max(const QString& nit); ///< porcentaje
+    Moneda cupo_credito(const QString& nit);  ///< pesos
+    QString cobrador_cliente(const QString& nit);
     QString nombre_empleado(const QString& nit);
+    bool valide_conductor(const QString& nit);
+    QString nombre_conductor(const QString& nit);
 };
 
 Tfdmter& fdmter();

@@ -4,6 +4,36 @@
 class PruebaConsultas : public QObject {
     Q_OBJECT
 private slots:
+    void las_tarifas_y_cupos_son_los_del_papel_del_tercero() {
+        SesionGui s;
+        s.base.ejecute(
+            {"update proveedores set prov_retefte = 2.5, prov_rteiva = 15, prov_rteica = "
+             "0.966, prov_rtcree = 0.4, prov_rtftebase = 'S', prov_rticabase = 'N' where "
+             "terc_nit = '800456789'",
+             "update clientes set clie_rtefte = 3.5, clie_rtftebase = 'S', clie_dtomax = "
+             "12.5, clie_cupo = 5000000.25, cobr_cod = 'C7' where terc_nit = '900123456'",
+             "update terceros set terc_conductor = 'S' where terc_nit in ('52345678', "
+             "'19876543')"});
+        Tfdmter::Retenciones r;
+        QVERIFY(s.ter.valide_proveedor_ret("800456789", r));
+        QCOMPARE(r.fuente.texto() + '/' + r.iva.texto() + '/' + r.ica.texto() + '/' +
+                     r.cree.texto(),
+                 QString("2.5/15/0.966/0.4"));
+        QVERIFY(s.ter.base_rtfte("800456789") && !s.ter.base_rtica("800456789"));
+        QVERIFY(s.ter.valide_retenCartera("900123456", r));
+        QCOMPARE(r.fuente.texto(), QString("3.5"));
+        QVERIFY(s.ter.base_rtfte_cli("900123456"));
+        QCOMPARE(s.ter.descuento_max("900123456").texto(), QString("12.5"));
+        QCOMPARE(s.ter.cupo_credito("900123456").texto(), QString("5000000.25"));
+        QCOMPARE(s.ter.cobrador_cliente("900123456"), QString("C7"));
+        QVERIFY(s.ter.valide_conductor("52345678"));
+        QVERIFY(!s.ter.valide_conductor("19876543")); // inactivo
+        // con el papel equivocado no hay tarifa que dar
+        QVERIFY(!s.ter.valide_proveedor_ret("900123456", r));
+        QVERIFY(r.fuente.es_cero() && !s.ter.base_rtfte("900123456"));
+        QVERIFY(s.ter.cupo_credito("800456789").es_cero());
+    }
+
     void la_cuenta_con_movimiento_se_valida_igual_en_los_dos_libros() {
         SesionGui s;
         static QStringList abiertas;
