@@ -263,7 +263,8 @@ void PruebaAdministrador::la_clave_disfrazada_vuelve_a_ser_la_misma() {
                                  QStringLiteral("contraseña larga con €, \" y espacios")}) {
         const QString disfrazada = ofusque_clave(clave);
         QVERIFY(!disfrazada.isEmpty() && !disfrazada.contains(' '));
-        QVERIFY(clave.isEmpty() || !disfrazada.contains(clave));
+        // Una letra sola puede salir por azar entre las cifras del disfraz.
+        QVERIFY(clave.size() < 2 || !disfrazada.contains(clave));
         QCOMPARE(aclare_clave(disfrazada), clave);
     }
     for (const QString& mala : {QString(), QStringLiteral("zz"), QStringLiteral("12"),
