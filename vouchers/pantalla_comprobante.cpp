@@ -2,6 +2,7 @@
 
 #include "core/apertura.h"
 
+#include "vouchers/panel_documento.h"
 #include "vouchers/pch.h"
 
 namespace {
@@ -47,12 +48,7 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
     LineasLibro::defina_campos(Cdetniif, Libro::Niif);
     CTipodoc.texto("TICO_COD", 3);
     CTipodoc.texto("TICO_NOM", 60);
-    CTidocartera.entero("TIDO_COD");
-    CTidocartera.texto("TIDO_NOMCORTO", 8);
-    CTidocartera.texto("TIDO_NOMLARGO", 30);
-    CTidocartera.texto("TIDO_CART", 1);
-    CTidocartera.texto("TIDO_CXP", 1);
-    CTidocartera.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
+    PanelDocumento::defina_tipos(CTidocartera);
     CCategoria.texto("CONC_COD", 6);
     CCategoria.texto("CONC_NOMBRE", 60);
     lineas_2649 =
@@ -204,20 +200,13 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
 }
 
 void PantallaComprobante::construya_paneles() {
-    GroupBox1 = new PanelFlotante("GroupBox1", "Documento cartera ", this);
-    auto* documento = nombrado(new EditorDato(&CDetalle, "CNDE_DOCNUMERO"), "EDocumento");
-    Etidocart = nombrado(new ListaDato(&CDetalle, "CODE_TIPONUE"), "Etidocart");
-    Etidocart->lista_de(&CTidocartera, "TIDO_COD", "TIDO_NOMLARGO");
-    DateTimePicker1 = nombrado(new FechaDato, "DateTimePicker1");
-    auto* aplica = nombrado(new EditorDato(&CDetalle, "CNDE_DOCAPLICA"), "EAplica");
-    auto* tipo_aplica = nombrado(new ListaDato(&CDetalle, "CODE_TIPOAPL"), "Etidoapl");
-    tipo_aplica->lista_de(&CTidocartera, "TIDO_COD", "TIDO_NOMLARGO");
-    auto* continuar1 = nombrado(new QPushButton("Continuar"), "SpeedButton2");
-    Formulario f1(GroupBox1);
-    f1.fila({{"Documento", documento}, {"Tipo", Etidocart}, {"Vence", DateTimePicker1}});
-    f1.fila({{"Aplica a:", aplica}, {"Tipo", tipo_aplica}, {"", continuar1}});
-    connect(continuar1, &QPushButton::clicked, GroupBox1, &PanelFlotante::oculte);
-    DateTimePicker1->OnChange = [this] { DateTimePicker1Change(); };
+    // El panel edita siempre la línea 2649.
+    auto* documento =
+        new PanelDocumento(this, CDetalle, CTidocartera,
+                           {"CNDE_DOCNUMERO", "CODE_TIPONUE", "CNDE_DOCAPLICA", "CODE_TIPOAPL"});
+    GroupBox1 = documento;
+    Etidocart = documento->Etidocart;
+    DateTimePicker1 = documento->DateTimePicker1;
 
     GroupBox2 = new PanelFlotante("GroupBox2", "Artículo del inventario ", this);
     EArticod = nombrado(new QLineEdit, "EArticod");
@@ -235,7 +224,6 @@ void PantallaComprobante::construya_paneles() {
             [this] { proteja([this] { SpeedButton6Click(); }); });
     connect(continuar2, &QPushButton::clicked, this,
             [this] { proteja([this] { SpeedButton3Click(); }); });
-    GroupBox1->OnEnter = [this] { GroupBox1Enter(); };
     GroupBox1->vuelve = [this](bool) { return lineas_2649->rejilla; };
     GroupBox2->vuelve = [this](bool tenia_foco) {
         return tenia_foco ? lineas_a_la_vista().rejilla : nullptr;
@@ -376,19 +364,6 @@ void PantallaComprobante::articulo_cambiado(Libro libro) {
     const QString articulo = d.FieldByName("ARTI_COD").texto();
     Edit2->setText(CBorrar.Fields(0).texto() == "I" ? fdmArt().desc_articulo(articulo)
                                                     : fdmcnt().desc_activo(articulo));
-}
-
-void PantallaComprobante::GroupBox1Enter() {
-    DateTimePicker1->fecha(QDate::currentDate());
-    DateTimePicker1Change();
-}
-
-void PantallaComprobante::DateTimePicker1Change() {
-    // El panel edita siempre la línea 2649; sin líneas no hay a quién ponerle fecha.
-    if (CDetalle.IsEmpty())
-        return;
-    CDetalle.Edit();
-    CDetalle.FieldByName("DOCO_VENCE") = DateTimePicker1->fecha_texto();
 }
 
 void PantallaComprobante::EArticodDblClick() {

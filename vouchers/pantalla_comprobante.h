@@ -80,8 +80,6 @@ protected:
     void ENCO_MANDANTEChange(Campo& campo);
     void DBGridDblClick(Libro libro, int columna);
     void ckFiltroClick();
-    void GroupBox1Enter();
-    void DateTimePicker1Change();
     void SpeedButton3Click(); ///< "Continuar" del panel de artículo
     void EArticodDblClick();
     void SpeedButton6Click();

@@ -2,9 +2,13 @@
 
 #include "toolkit/pantalla.h"
 #include "vouchers/tfedtmovimien.h"
+#include "vouchers/tfmnusaldosi.h"
 #include "vouchers/tfmovimien.h"
+#include "vouchers/tfsaldiniciales.h"
 
 void registre_pantallas_comprobantes() {
     pantallas().registre("Tfmovimien", [] { return new Tfmovimien; });
     pantallas().registre("Tfedtmovimien", [] { return new Tfedtmovimien; });
+    pantallas().registre("Tfsaldiniciales", [] { return new Tfsaldiniciales; });
+    pantallas().registre("Tfmnusaldosi", [] { return new Tfmnusaldosi; });
 }
