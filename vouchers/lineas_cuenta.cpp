@@ -165,7 +165,11 @@ QMenu* LineasCuenta::arme_menu(const QString& nombre_archivo, const QString& tit
 }
 
 void LineasCuenta::pegue() {
+    const bool en_blanco = detalle.State() == Estado::Insercion && cuenta().isEmpty();
     termine_linea();
+    // Lo que se pega sobre la fila en blanco del final se agrega: no reemplaza la anterior.
+    if (en_blanco && !detalle.IsEmpty())
+        detalle.Append();
     for (int columna : {kTercero, kProyecto, kCentro})
         rejilla->columna(columna).ReadOnly = false;
     rejilla->pegue();
@@ -192,6 +196,9 @@ void LineasCuenta::reciba_cuenta_y_centro() {
         reciba("CUEN_COD", tome(fdmcnt().cuenta_seleccion));
     if (!fdmcnt().proyecto_seleccion.isEmpty()) {
         const QString centro = tome(fdmcnt().centro_seleccion);
+        // El "?" que abrió la búsqueda no es un centro del proyecto que llega.
+        prepare_recepcion();
+        campo("CENT_COD").limpie();
         reciba("PROY_COD", tome(fdmcnt().proyecto_seleccion));
         reciba("CENT_COD", centro);
     }

@@ -68,11 +68,12 @@ void LineasSaldos::ate_eventos() {
 // ---------------------------------------------------------------- celdas
 
 void LineasSaldos::devuelva_a(int columna) {
-    // Rehusar lo digitado deja el cursor en su celda; lo que llegó por otro camino lo lleva allá.
-    if (rejilla->SelectedIndex() != columna)
-        QMetaObject::invokeMethod(
-            rejilla, [r = rejilla, columna] { r->SelectedIndex(columna); }, Qt::QueuedConnection);
-    throw EdicionAbortada();
+    // Rehusar lo que se digita en la celda la deja abierta; lo que llegó por otro camino (otra
+    // celda, una búsqueda) lleva el cursor allá.
+    if (rejilla->SelectedIndex() == columna)
+        throw EdicionAbortada();
+    QMetaObject::invokeMethod(
+        rejilla, [r = rejilla, columna] { r->SelectedIndex(columna); }, Qt::QueuedConnection);
 }
 
 void LineasSaldos::cuenta_cambiada() {
@@ -81,7 +82,9 @@ void LineasSaldos::cuenta_cambiada() {
         return;
     if (!fdmcnt().valide_cuenta(texto)) {
         campo("CUEN_COD").limpie();
+        NomCuenta->clear();
         devuelva_a(kCuenta);
+        return;
     }
     NomCuenta->setText(fdmcnt().nom_cuenta(texto));
 }
@@ -100,13 +103,20 @@ void LineasSaldos::tercero_cambiado() {
 void LineasSaldos::centro_cambiado() {
     if (busque_centro())
         return;
-    const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
-    NomProy->setText(proyecto.isEmpty() ? QString() : fdmcnt().nom_centro(proyecto));
+    NomProy->clear();
     NomCent->clear();
+    const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
     if (proyecto.isEmpty() || centro.isEmpty())
         return;
-    if (!fdmcnt().valide_centro(proyecto, centro))
+    if (!fdmcnt().valide_centro(proyecto, centro)) {
         devuelva_a(kCentro);
+        return;
+    }
+    muestre_centro(proyecto, centro);
+}
+
+void LineasSaldos::muestre_centro(const QString& proyecto, const QString& centro) {
+    NomProy->setText(fdmcnt().nom_centro(proyecto));
     NomCent->setText(fdmcnt().nom_subcentro(proyecto, centro));
 }
 
@@ -153,10 +163,8 @@ void LineasSaldos::AfterScroll() {
     if (!campo("TERC_NIT").vacio())
         NomTerc->setText(fdmter().nom_tercero(campo("TERC_NIT").texto()));
     const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
-    if (!proyecto.isEmpty())
-        NomProy->setText(fdmcnt().nom_centro(proyecto));
-    if (!centro.isEmpty())
-        NomCent->setText(fdmcnt().nom_subcentro(proyecto, centro));
+    if (!proyecto.isEmpty() && !centro.isEmpty())
+        muestre_centro(proyecto, centro);
     actualice_sumas();
 }
 

@@ -23,10 +23,11 @@ private:
     void cuenta_cambiada();
     void tercero_cambiado();
     void centro_cambiado();
+    void muestre_centro(const QString& proyecto, const QString& centro);
     void ColEnter(int columna);
     void ColExit(int columna);
     void BeforePost();
     void AfterInsert();
     void AfterScroll();
-    [[noreturn]] void devuelva_a(int columna);
+    void devuelva_a(int columna);
 };
