@@ -1,22 +1,8 @@
 #include "vouchers/tfcomproterc.h"
 
 #include "core/borrado.h"
-#include "toolkit/estilo.h"
 #include "vouchers/pch.h"
-
-namespace {
-
-/// Caja que solo muestra; a ella no se llega con Tab.
-QLineEdit* de_lectura(const char* nombre, int caracteres) {
-    auto* e = new QLineEdit;
-    e->setObjectName(nombre);
-    e->setReadOnly(true);
-    e->setFocusPolicy(Qt::NoFocus);
-    e->setMinimumWidth(ancho_caracteres(e->fontMetrics(), caracteres));
-    return e;
-}
-
-} // namespace
+#include "vouchers/piezas.h"
 
 Tfcomproterc::Tfcomproterc()
     : BusquedaPorTipo("Tfcomproterc", "Comprobantes tercero", fdmcnt().QComproba, "CComproba") {
@@ -34,8 +20,8 @@ Tfcomproterc::Tfcomproterc()
     columna_tipo_ = "tipo";
     condicion_base_ = " where id > 0 ";
 
-    ENIT = de_lectura("ENIT", 16);
-    ENom = de_lectura("ENom", 40);
+    ENIT = caja_de_lectura("ENIT", 16);
+    ENom = caja_de_lectura("ENom", 40);
     auto* tercero = new QWidget(this);
     Formulario(tercero).fila({{"NIT", Formulario::junto({ENIT, ENom})}});
     ENom->setAccessibleName("Nombre del tercero");
