@@ -1,6 +1,8 @@
 #include "vouchers/registro.h"
 
 #include "toolkit/pantalla.h"
+#include "vouchers/tfbuscomproba.h"
+#include "vouchers/tfcomproterc.h"
 #include "vouchers/tfedtformato.h"
 #include "vouchers/tfedtmovimien.h"
 #include "vouchers/tfmnusaldosi.h"
@@ -15,4 +17,6 @@ void registre_pantallas_comprobantes() {
     pantallas().registre("Tfmnusaldosi", [] { return new Tfmnusaldosi; });
     pantallas().registre("Tfedtformato", [] { return new Tfedtformato; });
     pantallas().registre("TFmoverforma", [] { return new TFmoverforma; });
+    pantallas().registre("Tfbuscomproba", [] { return new Tfbuscomproba; });
+    pantallas().registre("Tfcomproterc", [] { return new Tfcomproterc; });
 }

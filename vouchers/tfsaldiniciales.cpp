@@ -102,7 +102,7 @@ void Tfsaldiniciales::construya() {
 
     lineas->ate_eventos();
     lineas->al_dejar_la_cuenta = [this](const QString& clase) { panel_de_clase(clase); };
-    lineas->arme_menu("SaldoIni", windowTitle());
+    lineas->arme_menu(LineasCuenta::ordenes_de_comprobante(), "SaldoIni", windowTitle());
     lineas->rejilla->al_ordenar(Rejilla::Pegar, [this] { lineas->pegue(); });
     lineas->rejilla->OnDblClick = [this](int columna) { DBGridEh1DblClick(columna); };
     enter_como_tab();
