@@ -77,6 +77,13 @@ void PantallaComprobante::lea_configuracion(Orden orden) {
     abra_pagina_inicial();
 }
 
+void PantallaComprobante::llene_categorias(Rejilla* rejilla) {
+    QStringList codigos;
+    for (CCategoria.First(); !CCategoria.Eof(); CCategoria.Next())
+        codigos << CCategoria.FieldByName("CONC_COD").texto();
+    rejilla->lista(5, codigos);
+}
+
 // ---------------------------------------------------------------- disposición
 
 void PantallaComprobante::construya(QWidget* control_prefijo) {
@@ -135,7 +142,8 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     f.botones(barra);
 
     ate_rejillas({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
-                  Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar});
+                  Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar},
+                 nombre_exportacion());
     ultimo_ = DBCheckBox2;
     construya_panel_documento();
     construya_panel_articulo("Edit2");

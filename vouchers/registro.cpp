@@ -2,13 +2,21 @@
 
 #include "toolkit/pantalla.h"
 #include "vouchers/tfbuscomproba.h"
+#include "vouchers/tfbuscplantilla.h"
 #include "vouchers/tfcomproterc.h"
 #include "vouchers/tfedtmovimien.h"
+#include "vouchers/tfedtplantilla.h"
+#include "vouchers/tfmnuplantilla.h"
 #include "vouchers/tfmovimien.h"
+#include "vouchers/tfplantilla.h"
 
 void registre_pantallas_comprobantes() {
     pantallas().registre("Tfmovimien", [] { return new Tfmovimien; });
     pantallas().registre("Tfedtmovimien", [] { return new Tfedtmovimien; });
     pantallas().registre("Tfbuscomproba", [] { return new Tfbuscomproba; });
     pantallas().registre("Tfcomproterc", [] { return new Tfcomproterc; });
+    pantallas().registre("Tfbuscplantilla", [] { return new Tfbuscplantilla; });
+    pantallas().registre("Tfplantilla", [] { return new Tfplantilla; });
+    pantallas().registre("Tfedtplantilla", [] { return new Tfedtplantilla; });
+    pantallas().registre("Tfmnuplantilla", [] { return new Tfmnuplantilla; });
 }
