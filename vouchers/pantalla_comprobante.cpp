@@ -73,6 +73,13 @@ void PantallaComprobante::lea_configuracion(Orden orden) {
     abra_pagina_inicial();
 }
 
+void PantallaComprobante::llene_categorias(Rejilla* rejilla) {
+    QStringList codigos;
+    for (CCategoria.First(); !CCategoria.Eof(); CCategoria.Next())
+        codigos << CCategoria.FieldByName("CONC_COD").texto();
+    rejilla->lista(5, codigos);
+}
+
 // ---------------------------------------------------------------- disposición
 
 void PantallaComprobante::construya(QWidget* control_prefijo) {
@@ -130,7 +137,7 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     barra->setObjectName("barra");
     f.botones(barra);
 
-    ate_rejillas(LineasCuenta::ordenes_de_comprobante());
+    ate_rejillas(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion());
     ultimo_ = DBCheckBox2;
     construya_panel_documento();
     construya_panel_articulo("Edit2");

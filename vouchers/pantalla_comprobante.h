@@ -45,6 +45,8 @@ protected:
     void lea_configuracion(Orden orden);
     void construya(QWidget* control_prefijo);
     void declare_teclas_comunes() { PantallaLineas::declare_teclas_comunes(ultimo_); }
+    virtual QString nombre_exportacion() const = 0;
+    void llene_categorias(Rejilla* rejilla);
     void pagina_cambiada(int pagina) override { pagina == 1 ? TabSheet2Enter() : TabSheet2Exit(); }
     virtual void TabSheet2Enter() = 0;
     virtual void TabSheet2Exit() = 0;

@@ -31,13 +31,6 @@ void PantallaLineas::abra_pagina_inicial() {
     PageControl1->setCurrentIndex(decreto ? 0 : 1);
 }
 
-void PantallaLineas::llene_categorias(Rejilla* rejilla) {
-    QStringList codigos;
-    for (CCategoria.First(); !CCategoria.Eof(); CCategoria.Next())
-        codigos << CCategoria.FieldByName("CONC_COD").texto();
-    rejilla->lista(5, codigos);
-}
-
 // ---------------------------------------------------------------- páginas y rejillas
 
 void PantallaLineas::construya_paginas() {
@@ -51,7 +44,7 @@ void PantallaLineas::construya_paginas() {
             [this](int pagina) { proteja([this, pagina] { pagina_cambiada(pagina); }); });
 }
 
-void PantallaLineas::ate_rejillas(const QVector<Rejilla::Orden>& menu) {
+void PantallaLineas::ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo) {
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->ate_eventos();
         Rejilla* r = l->rejilla;
@@ -59,7 +52,7 @@ void PantallaLineas::ate_rejillas(const QVector<Rejilla::Orden>& menu) {
         r->OnEnter = [this] { en_grilla = true; };
         r->OnExit = [this] { en_grilla = false; };
         r->OnDblClick = [this, libro](int columna) { DBGridDblClick(libro, columna); };
-        l->arme_menu(menu, nombre_exportacion(), windowTitle());
+        l->arme_menu(menu, archivo, windowTitle());
         r->al_ordenar(Rejilla::Pegar, [this, r] { pegue(*r); });
     }
     // Solo la rejilla 2649 se queda con Esc para cancelar su fila; en la otra sale de la pantalla.

@@ -43,8 +43,8 @@ protected:
 
     /// Páginas de los dos libros; la pantalla las pone en su formulario.
     void construya_paginas();
-    /// Eventos y menú emergente de las rejillas, cuando el título ya está puesto.
-    void ate_rejillas(const QVector<Rejilla::Orden>& menu);
+    /// Eventos y menú emergente de las rejillas, con el nombre de archivo que proponen.
+    void ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo);
     void construya_panel_articulo(const char* nombre_descripcion);
     /// El panel flota sobre las páginas. Al ocultarse el foco va a `destino`, o a la rejilla a la
     /// vista si el panel lo tenía.
@@ -53,7 +53,6 @@ protected:
     /// Tab.
     void declare_teclas_comunes(QWidget* anterior);
     void abra_pagina_inicial();
-    void llene_categorias(Rejilla* rejilla);
     /// Con el tipo vacío propone el anterior o el primero.
     void LTipoEnter();
     /// Cuenta, proyecto con centro, categoría y artículo escogidos en otra pantalla. Con `en_linea`
@@ -62,7 +61,6 @@ protected:
     ConjuntoDatos& lineas_de(Libro libro) { return libro == Libro::Niif ? Cdetniif : CDetalle; }
     ConjuntoDatos& atributos(const LineasLibro& lineas, const char* columnas);
 
-    virtual QString nombre_exportacion() const = 0;
     virtual void pegue(Rejilla& rejilla) = 0;
     virtual void SBGrabarClick() = 0;
     virtual void SBCancelClick() = 0;
