@@ -400,7 +400,9 @@ void PruebaProcedimientosInformes::
     cada_informe_tiene_sus_columnas_y_admite_lo_que_le_agrega_la_pantalla() {
     QFETCH(QString, sql);
     QFETCH(QString, columnas);
-    const auto cursor = base().abra(sql);
+    Conexion auxiliar; // un usuario cualquiera
+    auxiliar.conectar(base_->parametros("AUXILIAR"));
+    const auto cursor = auxiliar.abra(sql);
     const QStringList esperadas = columnas.split(' ');
     QStringList halladas;
     for (const Columna& c : cursor->columnas())
