@@ -5,15 +5,9 @@
 // centro y categoría, completa lo que falta, aplica base y porcentaje, y rehúsa la línea
 // incompleta. Los comandos de celda son "?" con texto (buscar) y una comilla sola (repetir lo
 // anterior).
-#include "core/libro.h"
-#include "core/recordset/conjunto.h"
+#include "vouchers/lineas_cuenta.h"
 
-#include <QObject>
-
-class EditorNumero;
-class QLineEdit;
 class QWidget;
-class Rejilla;
 
 /// Lo que se recuerda de una línea a otra. Los dos libros leen las mismas memorias; la NIIF guarda
 /// las suyas en otras que nadie lee, y así se queda.
@@ -43,7 +37,7 @@ public:
     virtual void articulo_cambiado(Libro libro) = 0;
 };
 
-class LineasLibro : public QObject {
+class LineasLibro : public LineasCuenta {
     Q_OBJECT
 public:
     LineasLibro(Libro libro, AnfitrionLineas& anfitrion, ConjuntoDatos& detalle,
@@ -54,33 +48,18 @@ public:
     QWidget* construya_pagina();
     void ate_eventos();
 
-    const Libro libro;
-    ConjuntoDatos& detalle;
-    Rejilla* rejilla = nullptr;
-    QLineEdit *NomCuenta = nullptr, *NomTerc = nullptr, *NomProy = nullptr, *NomCent = nullptr;
     EditorNumero *ESaldocta = nullptr, *ESaldoter = nullptr, *ESaldocent = nullptr;
-    EditorNumero *Sumadeb = nullptr, *SumCred = nullptr, *Difdeb = nullptr, *DifCred = nullptr;
     /// Al editar, la línea siempre deja su tercero en la memoria; al digitar, solo si el encabezado
     /// no tiene uno.
     bool siempre_recuerda_tercero = false;
-    int item = 0; ///< contador de líneas: cada inserción gasta uno
 
     /// Define los campos del detalle (los llama la pantalla antes de abrir).
     static void defina_campos(ConjuntoDatos& detalle, Libro libro);
 
-    /// Graba la línea pendiente si tiene cuenta; si no, la cancela.
-    void termine_linea();
     /// Compara los textos de las dos sumas; muestra el rechazo del libro si difieren.
     bool cuadrado() const;
-    void sugiera_db_cr();
-    void vacie_nombres();
-    void vacie_diferencias();
-    void actualice_sumas();
     /// Nombres, saldos y sumas de la línea actual, como al pasar a ella.
     void muestre_linea() { AfterScroll(); }
-    /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
-    void reciba(const QString& campo, const QString& valor);
-    void prepare_recepcion();
 
     // validadores
     void validar_cuenta();
@@ -88,9 +67,6 @@ public:
     void validar_centro();
 
 private:
-    Campo& campo(const char* nombre) const { return detalle.FieldByName(QLatin1String(nombre)); }
-    QString cuenta() const { return campo("CUEN_COD").texto(); }
-    void consulte_cuenta(const char* columnas);
     void saldo(EditorNumero* caja, const char* procedimiento, const QStringList& argumentos);
     void cuenta_cambiada();
     void tercero_cambiado();
@@ -104,11 +80,8 @@ private:
     void BeforePost();
     void AfterInsert();
     void AfterScroll();
-    void diferencia();
-    bool en_edicion() const;
 
     AnfitrionLineas& anfitrion_;
-    ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
     MemoriasLinea& memorias_;
     MemoriasLinea propias_; ///< las de la NIIF, que nadie lee
     const AjustesLinea& ajustes_;

@@ -2,6 +2,7 @@
 
 #include "core/apertura.h"
 
+#include "vouchers/panel_documento.h"
 #include "vouchers/pch.h"
 
 namespace {
@@ -47,12 +48,7 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
     LineasLibro::defina_campos(Cdetniif, Libro::Niif);
     CTipodoc.texto("TICO_COD", 3);
     CTipodoc.texto("TICO_NOM", 60);
-    CTidocartera.entero("TIDO_COD");
-    CTidocartera.texto("TIDO_NOMCORTO", 8);
-    CTidocartera.texto("TIDO_NOMLARGO", 30);
-    CTidocartera.texto("TIDO_CART", 1);
-    CTidocartera.texto("TIDO_CXP", 1);
-    CTidocartera.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
+    PanelDocumento::defina_tipos(CTidocartera);
     CCategoria.texto("CONC_COD", 6);
     CCategoria.texto("CONC_NOMBRE", 60);
     lineas_2649 =
@@ -194,10 +190,7 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
         r->OnEnter = [this] { en_grilla = true; };
         r->OnExit = [this] { en_grilla = false; };
         r->OnDblClick = [this, libro](int columna) { DBGridDblClick(libro, columna); };
-        r->nombre_archivo = nombre_exportacion();
-        r->titulo_impreso = windowTitle() + " %[Today]";
-        r->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
-                           Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar});
+        l->arme_menu(nombre_exportacion(), windowTitle());
         r->al_ordenar(Rejilla::Pegar, [this, r] { pegue(*r); });
     }
     // Solo la rejilla 2649 se queda con Esc para cancelar su fila; en la otra sale de la pantalla.
@@ -207,22 +200,15 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
 }
 
 void PantallaComprobante::construya_paneles() {
-    GroupBox1 = nombrado(new QGroupBox("Documento cartera ", this), "GroupBox1");
-    auto* documento = nombrado(new EditorDato(&CDetalle, "CNDE_DOCNUMERO"), "EDocumento");
-    Etidocart = nombrado(new ListaDato(&CDetalle, "CODE_TIPONUE"), "Etidocart");
-    Etidocart->lista_de(&CTidocartera, "TIDO_COD", "TIDO_NOMLARGO");
-    DateTimePicker1 = nombrado(new FechaDato, "DateTimePicker1");
-    auto* aplica = nombrado(new EditorDato(&CDetalle, "CNDE_DOCAPLICA"), "EAplica");
-    auto* tipo_aplica = nombrado(new ListaDato(&CDetalle, "CODE_TIPOAPL"), "Etidoapl");
-    tipo_aplica->lista_de(&CTidocartera, "TIDO_COD", "TIDO_NOMLARGO");
-    auto* continuar1 = nombrado(new QPushButton("Continuar"), "SpeedButton2");
-    Formulario f1(GroupBox1);
-    f1.fila({{"Documento", documento}, {"Tipo", Etidocart}, {"Vence", DateTimePicker1}});
-    f1.fila({{"Aplica a:", aplica}, {"Tipo", tipo_aplica}, {"", continuar1}});
-    connect(continuar1, &QPushButton::clicked, this, [this] { oculte_panel(GroupBox1); });
-    DateTimePicker1->OnChange = [this] { DateTimePicker1Change(); };
+    // El panel edita siempre la línea 2649.
+    auto* documento =
+        new PanelDocumento(this, CDetalle, CTidocartera,
+                           {"CNDE_DOCNUMERO", "CODE_TIPONUE", "CNDE_DOCAPLICA", "CODE_TIPOAPL"});
+    GroupBox1 = documento;
+    Etidocart = documento->Etidocart;
+    DateTimePicker1 = documento->DateTimePicker1;
 
-    GroupBox2 = nombrado(new QGroupBox("Artículo del inventario ", this), "GroupBox2");
+    GroupBox2 = new PanelFlotante("GroupBox2", "Artículo del inventario ", this);
     EArticod = nombrado(new QLineEdit, "EArticod");
     EArticod->setReadOnly(true);
     EArticod->installEventFilter(this);
@@ -238,56 +224,19 @@ void PantallaComprobante::construya_paneles() {
             [this] { proteja([this] { SpeedButton6Click(); }); });
     connect(continuar2, &QPushButton::clicked, this,
             [this] { proteja([this] { SpeedButton3Click(); }); });
-    for (QGroupBox* g : {GroupBox1, GroupBox2}) {
-        g->setAutoFillBackground(true);
-        g->hide();
-    }
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* antes, QWidget* ahora) {
-        if (!ahora)
-            return;
-        for (QGroupBox* g : {GroupBox1, GroupBox2}) {
-            const bool estaba = antes && g->isAncestorOf(antes), esta = g->isAncestorOf(ahora);
-            if (esta && !estaba && g == GroupBox1)
-                proteja([this] { GroupBox1Enter(); });
-            // Salir del panel lo oculta; una lista desplegada o un diálogo no es salir.
-            if (estaba && !esta && g->isVisible() && ahora->window() == window())
-                oculte_panel(g);
-        }
-    });
-}
-
-void PantallaComprobante::ubique_paneles() {
-    // Sobre la rejilla, abajo: la línea en edición queda a la vista.
-    const QPoint base = PageControl1->mapTo(this, QPoint(0, 0));
-    for (QGroupBox* g : {GroupBox1, GroupBox2}) {
-        g->adjustSize();
-        const int ancho = qMin(g->sizeHint().width() + 16, PageControl1->width());
-        const int alto = g->sizeHint().height();
-        g->setGeometry(base.x() + (PageControl1->width() - ancho) / 2,
-                       base.y() + PageControl1->height() / 3, ancho, alto);
-    }
+    GroupBox1->vuelve = [this](bool) { return lineas_2649->rejilla; };
+    GroupBox2->vuelve = [this](bool tenia_foco) {
+        return tenia_foco ? lineas_a_la_vista().rejilla : nullptr;
+    };
+    for (PanelFlotante* p : {GroupBox1, GroupBox2})
+        p->flote_sobre(PageControl1);
 }
 
 void PantallaComprobante::resizeEvent(QResizeEvent* evento) {
     Pantalla::resizeEvent(evento);
-    if (GroupBox1)
-        ubique_paneles();
-}
-
-void PantallaComprobante::muestre_panel(QGroupBox* panel, QWidget* foco) {
-    ubique_paneles();
-    panel->show();
-    panel->raise();
-    foco->setFocus();
-}
-
-void PantallaComprobante::oculte_panel(QGroupBox* panel) {
-    const bool tenia_foco = panel->isAncestorOf(QApplication::focusWidget());
-    panel->hide();
-    if (panel == GroupBox1)
-        lineas_2649->rejilla->setFocus();
-    else if (tenia_foco)
-        lineas_a_la_vista().rejilla->setFocus();
+    for (PanelFlotante* p : {GroupBox1, GroupBox2})
+        if (p)
+            p->ubique();
 }
 
 void PantallaComprobante::declare_teclas_comunes() {
@@ -389,7 +338,7 @@ void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
         // La clase "I" no devuelve el título: tras un activo el panel se queda con el suyo.
         if (clase == "A")
             GroupBox2->setTitle("Activo fijo");
-        muestre_panel(GroupBox2, EArticod);
+        GroupBox2->muestre(EArticod);
         const QString articulo = d.FieldByName("ARTI_COD").texto();
         if (!articulo.isEmpty()) {
             if (clase == "I")
@@ -402,7 +351,7 @@ void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
         GroupBox2->hide();
     }
     if (clase == "C")
-        muestre_panel(GroupBox1, Etidocart);
+        GroupBox1->muestre(Etidocart);
     else
         GroupBox1->hide();
 }
@@ -415,19 +364,6 @@ void PantallaComprobante::articulo_cambiado(Libro libro) {
     const QString articulo = d.FieldByName("ARTI_COD").texto();
     Edit2->setText(CBorrar.Fields(0).texto() == "I" ? fdmArt().desc_articulo(articulo)
                                                     : fdmcnt().desc_activo(articulo));
-}
-
-void PantallaComprobante::GroupBox1Enter() {
-    DateTimePicker1->fecha(QDate::currentDate());
-    DateTimePicker1Change();
-}
-
-void PantallaComprobante::DateTimePicker1Change() {
-    // El panel edita siempre la línea 2649; sin líneas no hay a quién ponerle fecha.
-    if (CDetalle.IsEmpty())
-        return;
-    CDetalle.Edit();
-    CDetalle.FieldByName("DOCO_VENCE") = DateTimePicker1->fecha_texto();
 }
 
 void PantallaComprobante::EArticodDblClick() {
@@ -446,7 +382,7 @@ void PantallaComprobante::SpeedButton3Click() {
     LineasLibro& l = lineas_a_la_vista();
     l.prepare_recepcion();
     l.detalle.FieldByName("ARTI_COD") = EArticod->text();
-    oculte_panel(GroupBox2);
+    GroupBox2->oculte();
 }
 
 bool PantallaComprobante::eventFilter(QObject* objeto, QEvent* evento) {
@@ -498,13 +434,8 @@ void PantallaComprobante::atienda_selecciones(bool sin_foco_en_grilla) {
         }
         fdmter().seleccion_mandante = false;
     }
-    if (en_linea && !fdmcnt().cuenta_seleccion.isEmpty())
-        l.reciba("CUEN_COD", tome(fdmcnt().cuenta_seleccion));
-    if (en_linea && !fdmcnt().proyecto_seleccion.isEmpty()) {
-        const QString centro = tome(fdmcnt().centro_seleccion);
-        l.reciba("PROY_COD", tome(fdmcnt().proyecto_seleccion));
-        l.reciba("CENT_COD", centro);
-    }
+    if (en_linea)
+        l.reciba_cuenta_y_centro();
     if (en_linea && !fdmcnt().concepto_seleccion.isEmpty())
         l.detalle.FieldByName("CONC_COD") = tome(fdmcnt().concepto_seleccion);
     if (GroupBox2->isVisible()) {

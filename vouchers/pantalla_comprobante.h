@@ -2,6 +2,7 @@
 // Lo común a digitar y a editar un comprobante: encabezado, dos libros con sus páginas y paneles.
 #include "toolkit/pantalla.h"
 #include "vouchers/lineas_libro.h"
+#include "vouchers/panel_flotante.h"
 
 class BarraBotones;
 class CasillaDato;
@@ -10,7 +11,6 @@ class FechaDato;
 class ListaDato;
 class MemoDato;
 class QCheckBox;
-class QGroupBox;
 class QLabel;
 class QPushButton;
 class QTabWidget;
@@ -35,7 +35,7 @@ public:
     MemoDato* DBMemo1;
     QCheckBox* ckFiltro;
     QTabWidget* PageControl1;
-    QGroupBox *GroupBox1, *GroupBox2;
+    PanelFlotante *GroupBox1 = nullptr, *GroupBox2 = nullptr;
     QLineEdit *EArticod, *Edit2;
     ListaDato* Etidocart;
     FechaDato* DateTimePicker1;
@@ -80,8 +80,6 @@ protected:
     void ENCO_MANDANTEChange(Campo& campo);
     void DBGridDblClick(Libro libro, int columna);
     void ckFiltroClick();
-    void GroupBox1Enter();
-    void DateTimePicker1Change();
     void SpeedButton3Click(); ///< "Continuar" del panel de artículo
     void EArticodDblClick();
     void SpeedButton6Click();
@@ -97,7 +95,4 @@ protected:
 private:
     void defina_encabezado();
     void construya_paneles();
-    void ubique_paneles();
-    void muestre_panel(QGroupBox* panel, QWidget* foco);
-    void oculte_panel(QGroupBox* panel);
 };

@@ -1,10 +1,18 @@
 #include "vouchers/registro.h"
 
 #include "toolkit/pantalla.h"
+#include "vouchers/tfedtformato.h"
 #include "vouchers/tfedtmovimien.h"
+#include "vouchers/tfmnusaldosi.h"
+#include "vouchers/tfmoverforma.h"
 #include "vouchers/tfmovimien.h"
+#include "vouchers/tfsaldiniciales.h"
 
 void registre_pantallas_comprobantes() {
     pantallas().registre("Tfmovimien", [] { return new Tfmovimien; });
     pantallas().registre("Tfedtmovimien", [] { return new Tfedtmovimien; });
+    pantallas().registre("Tfsaldiniciales", [] { return new Tfsaldiniciales; });
+    pantallas().registre("Tfmnusaldosi", [] { return new Tfmnusaldosi; });
+    pantallas().registre("Tfedtformato", [] { return new Tfedtformato; });
+    pantallas().registre("TFmoverforma", [] { return new TFmoverforma; });
 }
