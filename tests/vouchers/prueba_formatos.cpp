@@ -470,7 +470,9 @@ private slots:
         QCOMPARE(logo.size(), QSize(116, 200));
         QVERIFY(logo.pixelColor(2, 2) != logo.pixelColor(40, 50)); // la letra sobre su fondo
         s.base.ejecute({"insert into tipo_comprobante (tico_cod, tico_nom, tico_formato) values "
-                        "('CE', 'Comprobante de egreso', 'N')"});
+                        "('CE', 'Comprobante de egreso', 'N')",
+                        "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, "
+                        "prco_activo) values ('CE', '0001', '000001', 'S', 'S')"});
         siembre_formatos(s.base.base());
         s.dm.datos_compania.nombre = "Comercializadora de Prueba";
         s.dm.datos_compania.logo = logo_demo();
