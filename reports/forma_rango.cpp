@@ -3,7 +3,6 @@
 #include "core/instalacion.h"
 #include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
-#include "core/variables_informe.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/dialogos.h"
