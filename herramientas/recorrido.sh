@@ -54,6 +54,14 @@ teclas() {
     espere 0.3
 }
 escriba() { xdotool type --delay 15 "$1"; espere 0.25; }
+# linea CELDA...: una fila de una rejilla con Enter; una celda vacía se deja como esté.
+linea() {
+    local celda
+    for celda in "$@"; do
+        [ -n "$celda" ] && escriba "$celda"
+        teclas Return
+    done
+}
 foto() {
     viva
     espere "${2:-0.4}"

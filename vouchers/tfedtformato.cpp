@@ -5,6 +5,7 @@
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/lienzo_formato.h"
 #include "vouchers/pch.h"
+#include "vouchers/piezas.h"
 
 #include <QFileDialog>
 #include <QFontDatabase>
@@ -64,6 +65,9 @@ Tfedtformato::Tfedtformato()
     f.botones(barra);
     declare_botones(barra);
     construya_paneles();
+    QWidget* orden[] = {ultimo_, DBGridEh2, ckfildat, DBGridEh1, ckfiltex, grafico_};
+    for (size_t i = 1; i < std::size(orden); ++i)
+        QWidget::setTabOrder(orden[i - 1], orden[i]);
     enter_como_tab();
 }
 
@@ -161,18 +165,18 @@ void Tfedtformato::construya_encabezado(Formulario& f) {
     llave->setFocusPolicy(Qt::NoFocus);
     LFont = new ListaDato(&CFormato, "FORM_FONT");
     LFont->setObjectName("LFont");
-    f.fila({{"Formato:", llave},
-            {"Número de repeticiones items:", editor("FORM_NROITEMS", 6)},
-            {"Espacio entre líneas:", editor("FORM_ENTRELINEA", 6)},
-            {"", new CasillaDato("Permitir varias páginas", &CFormato, "FORM_PAGINAS")}});
-    auto* alto = editor("FORM_PAPELAL", 7);
-    auto* rotulo = new QLabel("Alto:");
-    rotulo->setBuddy(alto);
-    alto->setAccessibleName("Alto del papel en pulgadas");
-    f.fila({{"Tipo de letra:", LFont},
-            {"Tamaño:", editor("FORM_FSIZE", 4)},
-            {"Ancho:", Formulario::junto({editor("FORM_PAPELAN", 7), rotulo, alto})},
-            {"Impresora:", editor("FORM_IMPRE", 22)}});
+    LFont->setMinimumContentsLength(14);
+    LFont->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    auto* tamano_letra = editor("FORM_FSIZE", 4);
+    auto* alto = editor("FORM_PAPELAL", 6);
+    auto* impresora = editor("FORM_IMPRE", 14);
+    ultimo_ = new CasillaDato("Permitir varias páginas", &CFormato, "FORM_PAGINAS");
+    f.fila({{"Formato:", Formulario::junto({llave, rotulo("Tipo de letra", LFont), LFont,
+                                            rotulo("Tamaño", tamano_letra), tamano_letra})},
+            {"Número de repeticiones items:", editor("FORM_NROITEMS", 6)}});
+    f.fila({{"Ancho:", Formulario::junto({editor("FORM_PAPELAN", 6), rotulo("Alto", alto), alto,
+                                          rotulo("Impresora", impresora), impresora})},
+            {"Espacio entre líneas:", Formulario::junto({editor("FORM_ENTRELINEA", 6), ultimo_})}});
 }
 
 QWidget* Tfedtformato::construya_datos() {
@@ -231,14 +235,14 @@ QWidget* Tfedtformato::construya_lineas() {
             [this](bool si) { DBGridEh1->filtro_visible(si); });
     DBGridEh1->enter_como_tab = true;
     // El doble clic, al alcance del teclado.
-    auto* grafico = new QPushButton("Gráfico…");
-    grafico->setObjectName("SBGrafico");
-    grafico->setAutoDefault(false);
-    connect(grafico, &QPushButton::clicked, this,
+    grafico_ = new QPushButton("Gráfico…");
+    grafico_->setObjectName("SBGrafico");
+    grafico_->setAutoDefault(false);
+    connect(grafico_, &QPushButton::clicked, this,
             [this] { ejecute([this] { DBGridEh1DblClick(); }); });
     Formulario f(caja);
     f.ancha(DBGridEh1, 1);
-    f.fila({{"", ckfiltex}, {"", grafico}});
+    f.fila("", Formulario::junto({ckfiltex, grafico_}));
     return caja;
 }
 

@@ -12,6 +12,7 @@ class LienzoFormato;
 class ListaDato;
 class QCheckBox;
 class QComboBox;
+class QPushButton;
 class Rejilla;
 
 class Tfedtformato : public Pantalla {
@@ -60,6 +61,8 @@ private:
     void AdvGlowButton2Click();
     void SpeedButton4Click();
 
+    QWidget* ultimo_;
+    QPushButton* grafico_; ///< para el recorrido con Tab
     QString llave_;
     int item_datos_ = 0, item_lineas_ = 0;
 };

@@ -150,7 +150,7 @@ void Tfsaldiniciales::FormCreate() {
     CMaxitem.Open();
     item_al_abrir_ = CMaxitem.FieldByName("ITEM").entero();
     lineas->item = int(item_al_abrir_);
-    tamano_del_area(60, 40);
+    tamano(860, 560);
     if (!fdm().exija_acceso(80))
         pida_cierre_al_crear();
 }

@@ -1,12 +1,4 @@
 # Un comprobante digitado en los dos libros, solo con el teclado.
-linea() {
-    local celda
-    for celda in "$@"; do
-        [ -n "$celda" ] && escriba "$celda"
-        teclas Return
-    done
-}
-
 teclas ctrl+b
 escriba "R"
 teclas Tab

@@ -7,7 +7,7 @@ teclas ctrl+End Down
 linea "?caja"
 foto saldos_busqueda 1
 teclas Down Return
-linea "" "" "" ""
+linea "" "" ""
 escriba "250000"
 teclas Return
 foto saldos_descuadrados
@@ -16,16 +16,18 @@ foto saldos_rechazo
 teclas Return
 teclas Escape Escape
 foto saldos_salir
-teclas alt+s
+teclas alt+s # Sí
 espere 0.5
 teclas Escape
 
 teclas alt+n
 foto tipos_de_comprobante 1
-teclas Down F8
+teclas Down Down F8
 foto formato_egreso 1.2
 teclas Tab Tab Tab Tab Tab Tab Tab Tab
 foto formato_dato
-teclas Escape Escape
+teclas alt+Down
+foto formato_lista_de_datos
+teclas Escape Escape Escape
 espere 0.5
 teclas Escape
