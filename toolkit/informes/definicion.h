@@ -16,7 +16,11 @@
 //
 // En un texto, {COLUMNA} es el dato de la fila, {@Variable} una variable del reporte, {#pagina},
 // {#paginas}, {#fecha}, {#hora} lo que dicen, y {#sigue} " (continuación)" cuando la banda se
-// repite en otra hoja. Una fórmula suma y resta columnas, `suma(COLUMNA)` y `cuenta()`.
+// repite en otra hoja. Una fórmula suma y resta columnas, `suma(COLUMNA)` y `cuenta()`: en un
+// total, de su grupo; en un detalle, lo que va del grupo de su `nivel`, con la fila misma.
+//
+// Una banda de alto 0 se imprime sobre la anterior, con medidas negativas: así el cliente puede
+// dejar por fuera una parte de otra banda.
 #include "core/firebird/errores.h"
 
 #include <QString>
