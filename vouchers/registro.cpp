@@ -3,6 +3,8 @@
 #include "toolkit/pantalla.h"
 #include "vouchers/tfedtformato.h"
 #include "vouchers/tfedtmovimien.h"
+#include "vouchers/tfimprcomproba.h"
+#include "vouchers/tfimprmascomproba.h"
 #include "vouchers/tfmnusaldosi.h"
 #include "vouchers/tfmoverforma.h"
 #include "vouchers/tfmovimien.h"
@@ -15,4 +17,6 @@ void registre_pantallas_comprobantes() {
     pantallas().registre("Tfmnusaldosi", [] { return new Tfmnusaldosi; });
     pantallas().registre("Tfedtformato", [] { return new Tfedtformato; });
     pantallas().registre("TFmoverforma", [] { return new TFmoverforma; });
+    pantallas().registre("Tfimprcomproba", [] { return new Tfimprcomproba; });
+    pantallas().registre("Tfimprmascomproba", [] { return new Tfimprmascomproba; });
 }
