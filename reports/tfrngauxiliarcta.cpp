@@ -88,6 +88,6 @@ void Tfrngauxiliarcta::ajuste_reporte(MotorInformes& motor, const QString& pagin
     for (const char* banda : {"grupo", "inicial", "total", "final"})
         motor.fijar_grupo(pagina, banda, "CUENTA");
     for (const char* banda :
-         {"centro", "totalcentro", "sincentro", "totalsincentro", "inicialcentro", "saldocentro", "finalcentro"})
+         {"centro", "totalcentro", "inicialcentro", "saldocentro", "finalcentro"})
         motor.fijar_grupo(pagina, banda, {});
 }

@@ -363,9 +363,11 @@ QString Compositor::texto_de(const Item& item, Mira mira, bool sigue) {
         case Pedazo::Literal:
             texto += p.texto;
             break;
-        case Pedazo::Columna:
-            texto += formatee(dato(p.columna, mira), item);
+        case Pedazo::Columna: {
+            const QString valor = formatee(dato(p.columna, mira), item);
+            texto += valor.isEmpty() ? p.si_falta : valor;
             break;
+        }
         case Pedazo::Variable:
             texto += variables_.textos.value(p.texto);
             break;

@@ -327,7 +327,8 @@ private:
                     falle(QStringLiteral("\"{%1}\" no se conoce").arg(nombre));
                 pedazos << Pedazo{Pedazo::Especial, nombre.mid(1)};
             } else {
-                pedazos << Pedazo{Pedazo::Columna, nombre};
+                pedazos << Pedazo{Pedazo::Columna, nombre.section(QLatin1Char('|'), 0, 0),
+                                  nombre.section(QLatin1Char('|'), 1)};
             }
             i = cierra + 1;
         }
