@@ -271,6 +271,12 @@ bool FormaRango::marcada(const QCheckBox* casilla) const {
     return casilla && casilla->isChecked();
 }
 
+void FormaRango::rehuse(QWidget* caja, const QString& texto) {
+    muestre_mensaje(texto);
+    caja->setFocus();
+    throw EdicionAbortada();
+}
+
 const ParRango* FormaRango::par_de(const QString& caja) const {
     for (const ParRango& p : datos_.pares)
         if (p.desde == caja || p.hasta == caja)
@@ -356,10 +362,9 @@ void FormaRango::complete_rangos() {
     for (const ParRango& par : datos_.pares) {
         QLineEdit *desde = renglon(par.desde), *hasta = renglon(par.hasta);
         if (par.omision_hasta.isEmpty() && desde->text().isEmpty()) {
-            findChild<QWidget*>(par.desde)->setFocus();
-            throw ErrorDatos(
-                QStringLiteral("Falta \"%1 desde\": escójalo de la lista (F5) o digite "
-                               "su código.")
+            rehuse(
+                findChild<QWidget*>(par.desde),
+                QStringLiteral("Falta \"%1 desde\": escójalo de la lista (F5) o digite su código.")
                     .arg(par.rotulo));
         }
         if (desde->text().isEmpty() && hasta->text().isEmpty()) {
@@ -372,12 +377,11 @@ void FormaRango::complete_rangos() {
             continue;
         static const QRegularExpression fecha(QStringLiteral("^[0-9]{8}$"));
         for (QLineEdit* c : {desde, hasta})
-            if (!c->text().isEmpty() && !fecha.match(c->text()).hasMatch()) {
-                c->setFocus();
-                throw ErrorDatos(QStringLiteral("La fecha \"%1\" no es válida: digítela como "
-                                                "aaaammdd, por ejemplo 20170131.")
-                                     .arg(c->text()));
-            }
+            if (!c->text().isEmpty() && !fecha.match(c->text()).hasMatch())
+                rehuse(c,
+                       QStringLiteral("La fecha \"%1\" no es válida: digítela como aaaammdd, por "
+                                      "ejemplo 20170131.")
+                           .arg(c->text()));
     }
 }
 

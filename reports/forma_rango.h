@@ -128,6 +128,8 @@ private:
     void busque(QWidget* caja);
     void reciba(QLineEdit* caja, const QString& valor);
     void complete_rangos();
+    /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
+    [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
     void muestre_periodo();
     void arme_tipos(Formulario& f, const ParRango& par);
     /// Donde se escribe: la caja misma o la de su lista.

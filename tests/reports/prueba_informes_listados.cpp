@@ -160,10 +160,12 @@ void PruebaInformesListados::el_tipo_se_digita_o_se_escoge_y_es_obligatorio() {
         lista << desde.itemText(i);
     QCOMPARE(lista, QStringList({"CG Comprobante general", "NC Nota de contabilidad",
                                  "RC Recibo de caja"}));
-    Interlocutor i;
-    i.espere("Falta \"Tipos desde\": escójalo de la lista (F5) o digite su código.");
-    oprima(Qt::Key_F2);
-    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    {
+        Interlocutor i;
+        i.espere("Falta \"Tipos desde\": escójalo de la lista (F5) o digite su código.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
     QCOMPARE(con_foco(), &desde);
     // Digitar el código completa el nombre; Enter pasa a la otra caja y Tab le copia el tipo.
     digite("rc");
