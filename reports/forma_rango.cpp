@@ -3,6 +3,7 @@
 #include "core/instalacion.h"
 #include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
+#include "core/variables_informe.h"
 #include "reports/columnas_auxiliar.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
@@ -52,12 +53,6 @@ AspectoCaja aspecto_de(ClaseRango clase) {
 }
 
 } // namespace
-
-void fije_variables(MotorInformes& motor, const QString& titulo) {
-    motor.fijar_parametro("NomCia", fdm().configuracion("GENERAL", "GENERAL", "NOMBRE COMPAÑIA"));
-    motor.fijar_parametro("Titulo", titulo);
-    motor.fijar_parametro("Usuario", fdm().nombre_usuario);
-}
 
 // ---------------------------------------------------------------- período propio
 
@@ -317,7 +312,7 @@ void FormaRango::busque(QWidget* caja) {
         return;
     }
     const ParRango* par = caja ? par_de(caja->objectName()) : nullptr;
-    const QString lista = par ? aspecto_de(par->clase).lista : QString();
+    const QString lista = par ? aspecto_de(clase_de(*par)).lista : QString();
     if (lista.isEmpty())
         return;
     pidio_ = caja;

@@ -27,7 +27,7 @@ QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
 
 void LineasCuenta::consulte_cuenta(const char* columnas) {
     consulta_.Open(QStringLiteral("select %1 from %2 where cuen_cod = ")
-                       .arg(QLatin1String(columnas), QLatin1String(datos(libro).cuentas)) +
+                       .arg(QLatin1String(columnas), QLatin1String(tabla_atributos())) +
                    QuotedStr(cuenta()));
 }
 
@@ -156,12 +156,16 @@ void LineasCuenta::sugiera_db_cr() {
 
 // ---------------------------------------------------------------- menú y recepción
 
-QMenu* LineasCuenta::arme_menu(const QString& nombre_archivo, const QString& titulo) {
+QVector<Rejilla::Orden> LineasCuenta::ordenes_de_comprobante() {
+    return {Rejilla::Cortar,          Rejilla::Copiar,          Rejilla::Pegar,  Rejilla::Borrar,
+            Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar};
+}
+
+QMenu* LineasCuenta::arme_menu(const QVector<Rejilla::Orden>& ordenes,
+                               const QString& nombre_archivo, const QString& titulo) {
     rejilla->nombre_archivo = nombre_archivo;
     rejilla->titulo_impreso = titulo + " %[Today]";
-    return rejilla->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar,
-                                    Rejilla::Borrar, Rejilla::SeleccionarTodo,
-                                    Rejilla::VistaPreliminar, Rejilla::Guardar});
+    return rejilla->menu_emergente(ordenes);
 }
 
 void LineasCuenta::pegue() {

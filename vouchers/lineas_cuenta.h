@@ -6,13 +6,13 @@
 // Las cuatro primeras columnas de la rejilla son cuenta, tercero, proyecto y centro.
 #include "core/libro.h"
 #include "core/recordset/conjunto.h"
+#include "toolkit/rejilla/rejilla.h"
 
 #include <QObject>
 
 class EditorNumero;
 class QLineEdit;
 class QMenu;
-class Rejilla;
 
 /// Dónde lleva cada tabla los dos lados de la línea.
 struct LadosLinea {
@@ -49,7 +49,10 @@ public:
     Moneda suma_debito() const { return detalle.agregado("Sumadebito").moneda(); }
     Moneda suma_credito() const { return detalle.agregado("Sumacredito").moneda(); }
     /// Menú emergente de la rejilla, con el nombre que propone al guardar.
-    QMenu* arme_menu(const QString& nombre_archivo, const QString& titulo);
+    QMenu* arme_menu(const QVector<Rejilla::Orden>& ordenes, const QString& nombre_archivo,
+                     const QString& titulo);
+    /// Las órdenes del menú de un comprobante.
+    static QVector<Rejilla::Orden> ordenes_de_comprobante();
     /// Termina la línea, abre las columnas que la anterior cerró, pega y vuelve a la primera.
     void pegue();
     /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
@@ -57,6 +60,8 @@ public:
     void prepare_recepcion();
     /// La cuenta, el proyecto y el centro que dejaron las pantallas de búsqueda.
     void reciba_cuenta_y_centro();
+    /// Tabla de la que salen los atributos de la cuenta de la línea.
+    virtual const char* tabla_atributos() const { return datos(libro).cuentas; }
 
 protected:
     Campo& campo(const char* nombre) const { return detalle.FieldByName(QLatin1String(nombre)); }

@@ -7,6 +7,7 @@
 // anterior).
 #include "vouchers/lineas_cuenta.h"
 
+class Formulario;
 class QWidget;
 
 /// Lo que se recuerda de una línea a otra. Los dos libros leen las mismas memorias; la NIIF guarda
@@ -24,13 +25,23 @@ struct AjustesLinea {
     int digito_redondeo = 0;
 };
 
+/// Nombres de las columnas y controles de unas líneas: las de un comprobante o las de una
+/// plantilla.
+struct CamposLinea {
+    const char *item, *concepto, *referencia, *base, *porcentaje, *debito, *credito;
+    const char* descontable; ///< nulo: las líneas no lo llevan
+    const char *concepto_encabezado, *referencia_encabezado;
+    const char *dif_debito, *dif_credito, *dif_debito_niif, *dif_credito_niif;
+    bool con_saldos; ///< muestra los saldos junto a los nombres
+};
+
 /// Lo que la línea pide a la pantalla que la aloja.
 class AnfitrionLineas {
 public:
     virtual ~AnfitrionLineas() = default;
     virtual ConjuntoDatos& encabezado() = 0;
-    virtual QString ano_saldos() const = 0; ///< año de las consultas de saldo
-    virtual int mes_saldos() const = 0;     ///< 1 a 13
+    virtual QString ano_saldos() const { return {}; } ///< año de las consultas de saldo
+    virtual int mes_saldos() const { return 0; }      ///< 1 a 13
     virtual bool encabezado_posteado() const = 0;
     /// Salió de la columna de la cuenta: muestra u oculta los paneles según la clase de cuenta.
     virtual void panel_de_clase(Libro libro, const QString& clase) = 0;
@@ -43,6 +54,7 @@ public:
     LineasLibro(Libro libro, AnfitrionLineas& anfitrion, ConjuntoDatos& detalle,
                 ConjuntoDatos& consulta, MemoriasLinea& memorias, const AjustesLinea& ajustes,
                 QObject* dueno);
+    ~LineasLibro() override;
 
     /// Página completa: rejilla, nombres con saldos y sumas.
     QWidget* construya_pagina();
@@ -63,8 +75,22 @@ public:
 
     // validadores
     void validar_cuenta();
-    void validar_tercero();
-    void validar_centro();
+    virtual void validar_tercero();
+    virtual void validar_centro();
+
+protected:
+    LineasLibro(Libro libro, const CamposLinea& campos, AnfitrionLineas& anfitrion,
+                ConjuntoDatos& detalle, ConjuntoDatos& consulta, MemoriasLinea& memorias,
+                const AjustesLinea& ajustes, QObject* dueno);
+    virtual void complete(Formulario&) {} ///< renglones propios, al pie de la página
+    virtual void AfterInsert();
+    virtual void base_cambiada();
+    virtual void comilla_de_referencia(); ///< al salir de una columna sin regla propia
+    /// Lo que retiene una línea con esa base, sin signo, y ese porcentaje.
+    virtual Moneda retencion(Moneda base, Moneda porcentaje) const;
+    void aplique_porcentaje();
+
+    const CamposLinea& c_;
 
 private:
     void saldo(EditorNumero* caja, const char* procedimiento, const QStringList& argumentos);
@@ -72,13 +98,10 @@ private:
     void tercero_cambiado();
     void centro_cambiado();
     void categoria_cambiada();
-    void base_cambiada();
     void porcentaje_cambiado();
-    void aplique_porcentaje();
     void ColEnter(int columna);
     void ColExit(int columna);
     void BeforePost();
-    void AfterInsert();
     void AfterScroll();
 
     AnfitrionLineas& anfitrion_;

@@ -183,15 +183,6 @@ void Tfmovimien::CMovimientoAfterInsert() {
     }
 }
 
-void Tfmovimien::LTipoEnter() {
-    if (!CMovimiento.Active() || !CMovimiento.FieldByName("TICO_COD").vacio())
-        return;
-    CMovimiento.Edit();
-    CTipodoc.First();
-    CMovimiento.FieldByName("TICO_COD") =
-        tipo_anterior.isEmpty() ? CTipodoc.FieldByName("TICO_COD").texto() : tipo_anterior;
-}
-
 void Tfmovimien::CMovimientoTICO_CODChange(Campo& campo) {
     CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " + QuotedStr(campo.texto()) +
                    " AND PRCO_ACTIVO = 'S'");
