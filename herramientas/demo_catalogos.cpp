@@ -1,5 +1,7 @@
 #include "herramientas/demo_catalogos.h"
 
+#include "herramientas/demo_plantillas.h"
+
 #include <array>
 
 namespace {
@@ -379,28 +381,6 @@ void cree_menores(Conexion& c, CatalogosDemo& demo) {
         c.ejecute(QString::fromUtf8(orden));
 }
 
-void cree_plantilla(Conexion& c, const CatalogosDemo& demo) {
-    const GastoDemo& arriendo = demo.gastos.front();
-    c.ejecute(QStringLiteral("insert into plantilla_encabezado (plan_id, tico_cod, prco_pref,"
-                             " plan_concepto, plan_usuario) select id, 'GA', '0001',"
-                             " 'Arriendo mensual', 'ADMIN' from cambie_id_plantilla"));
-    for (const QString& tabla :
-         {QStringLiteral("plantilla_detalle"), QStringLiteral("plantilla_detalle_niif")}) {
-        const QString sql = QStringLiteral("insert into %1 (plan_id, plde_item, cuen_cod,"
-                                           " plde_concepto, plde_debitos, plde_creditos, terc_nit,"
-                                           " proy_cod, cent_cod) select plan_id, ?, ?,"
-                                           " 'Arriendo mensual', ?, ?, ?, ?, ? from"
-                                           " plantilla_encabezado where plan_concepto = ?")
-                                .arg(tabla);
-        const Valor nombre("Arriendo mensual"), nit(arriendo.nit);
-        const Moneda monto(arriendo.minimo);
-        c.ejecute(sql, {Valor(1), Valor(arriendo.cuenta), Valor(monto), Valor(0), nit,
-                        Valor("0001"), Valor("0001"), nombre});
-        c.ejecute(sql, {Valor(2), Valor(arriendo.por_pagar), Valor(0), Valor(monto), nit, Valor(),
-                        Valor(), nombre});
-    }
-}
-
 } // namespace
 
 int digito_de(const QString& nit) {
@@ -417,6 +397,6 @@ CatalogosDemo siembre_catalogos(Conexion& compania) {
     cree_plan(compania);
     cree_terceros(compania, demo);
     cree_menores(compania, demo);
-    cree_plantilla(compania, demo);
+    siembre_plantillas(compania, demo);
     return demo;
 }

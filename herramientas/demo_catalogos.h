@@ -48,6 +48,18 @@ struct CatalogosDemo {
     QString dian, hacienda, eps, pensiones, riesgos, caja_compensacion, socio;
 };
 
+/// Depreciación de cada mes, que los dos libros miden distinto.
+struct DepreciacionDemo {
+    const char *gasto, *acumulada;
+    int local, niif; // pesos al mes
+    const char *proyecto, *centro;
+};
+inline constexpr DepreciacionDemo kDepreciaciones[] = {
+    {"516015", "159215", 300000, 250000, "0001", "0001"},
+    {"516020", "159220", 466667, 583333, "0001", "0003"},
+    {"526035", "159235", 1600000, 1000000, "0003", "0002"},
+};
+
 namespace cuenta_demo {
 inline constexpr const char* kCaja = "110505";
 inline constexpr const char* kCorriente = "11100501";

@@ -8,17 +8,6 @@ namespace {
 constexpr int kAuxilioTransporte = 83140,
               kTopeAuxilio = 1475434; // pesos de 2017, dos salarios mínimos
 
-struct Depreciacion {
-    const char *gasto, *acumulada;
-    int local, niif; // pesos al mes
-    const char *proyecto, *centro;
-};
-constexpr Depreciacion kDepreciaciones[] = {
-    {"516015", "159215", 300000, 250000, "0001", "0001"},
-    {"516020", "159220", 466667, 583333, "0001", "0003"},
-    {"526035", "159235", 1600000, 1000000, "0003", "0002"},
-};
-
 Moneda parte(Moneda base, int diezmilesimas) {
     return Moneda::porcentaje(base, Moneda::de_escalado(diezmilesimas, 2)).redondeada(0);
 }
@@ -127,7 +116,7 @@ void AnoDemo::pague_aportes() {
 void AnoDemo::deprecie() {
     AsientoDemo a = asiento(QStringLiteral("DP"), QStringLiteral("Depreciación del mes"));
     AsientoDemo niif = a;
-    for (const Depreciacion& d : kDepreciaciones) {
+    for (const DepreciacionDemo& d : kDepreciaciones) {
         const RenglonDemo donde = en({QLatin1String(d.proyecto), QLatin1String(d.centro)});
         a.debite(QLatin1String(d.gasto), d.local, donde);
         a.acredite(QLatin1String(d.acumulada), d.local);

@@ -3,6 +3,7 @@
 #include "core/instalacion.h"
 #include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
+#include "core/variables_informe.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/dialogos.h"
@@ -49,12 +50,6 @@ AspectoCaja aspecto_de(ClaseRango clase) {
 }
 
 } // namespace
-
-void fije_variables(MotorInformes& motor, const QString& titulo) {
-    motor.fijar_parametro("NomCia", fdm().configuracion("GENERAL", "GENERAL", "NOMBRE COMPAÑIA"));
-    motor.fijar_parametro("Titulo", titulo);
-    motor.fijar_parametro("Usuario", fdm().nombre_usuario);
-}
 
 // ---------------------------------------------------------------- período propio
 

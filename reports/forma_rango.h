@@ -127,6 +127,3 @@ private:
 
     QPointer<QLineEdit> pidio_; ///< la caja que abrió una lista
 };
-
-/// Nombre de la compañía, usuario y título: las variables que toda plantilla recibe, en ese orden.
-void fije_variables(MotorInformes& motor, const QString& titulo);

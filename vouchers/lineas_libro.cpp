@@ -4,20 +4,21 @@
 
 namespace {
 
-enum Columna {
-    kCuenta,
-    kTercero,
-    kProyecto,
-    kCentro,
-    kConcepto,
+// Las que siguen a las cuatro comunes.
+enum ColumnaLibro {
+    kConcepto = LineasCuenta::kCentro + 1,
     kCategoria,
     kReferencia,
     kBase,
     kPorcentaje,
     kDebito,
     kCredito,
-    kDescontable
 };
+
+const CamposLinea kDeComprobante{
+    "CODE_ITEM",   "CODE_CONCEPTO", "CODE_REFER",       "CODE_BASE",     "CODE_PORC",
+    "CODE_DEBITO", "CODE_CREDITO",  "CODE_DESCONTABLE", "ENCO_CONCEPTO", "ENCO_REFER",
+    "Difdeb",      "DifCred",       "DifDebN",          "DifCreN",       true};
 
 struct Titulo {
     const char *campo, *titulo_2649, *titulo_niif;
@@ -26,30 +27,23 @@ struct Titulo {
     const char* formato;
 };
 
-const Titulo kColumnas[] = {
-    {"CUEN_COD", "Código", "Cuenta", 11, 0, ""},
-    {"TERC_NIT", "Tercero", "NIT", 13, 0, ""},
-    {"PROY_COD", "Proy", "Proy", 5, 0, ""},
-    {"CENT_COD", "Centro", "Centro", 6, 0, ""},
-    {"CODE_CONCEPTO", "Concepto", "Concepto", 22, 0, ""},
-    {"CONC_COD", "Categoría", "Categoria", 8, 0, ""},
-    {"CODE_REFER", "Ref.", "Referencia", 8, 0, ""},
-    {"CODE_BASE", "Base", "Base", 13, Suma, "#,###.00"},
-    {"CODE_PORC", "Porc.", "Porc.", 6, 0, "#,##0.####"},
-    {"CODE_DEBITO", "Débito", "Debito", 15, Suma, "#,###.00"},
-    {"CODE_CREDITO", "Crédito", "Crédito", 15, Suma, "#,###.00"},
-    {"CODE_DESCONTABLE", "Desc.", "Desc.", 5, Casilla, ""},
-};
-
-bool vacio_o_cero(const Campo& c) {
-    return c.vacio() || c.texto() == "0";
-}
-
-QLineEdit* nombre_de_lectura() {
-    auto* e = new QLineEdit;
-    e->setReadOnly(true);
-    e->setFocusPolicy(Qt::NoFocus);
-    return e;
+QVector<Titulo> titulos(const CamposLinea& c) {
+    QVector<Titulo> t{
+        {"CUEN_COD", "Código", "Cuenta", 11, 0, ""},
+        {"TERC_NIT", "Tercero", "NIT", 13, 0, ""},
+        {"PROY_COD", "Proy", "Proy", 5, 0, ""},
+        {"CENT_COD", "Centro", "Centro", 6, 0, ""},
+        {c.concepto, "Concepto", "Concepto", 22, 0, ""},
+        {"CONC_COD", "Categoría", "Categoria", 8, 0, ""},
+        {c.referencia, "Ref.", "Referencia", 8, 0, ""},
+        {c.base, "Base", "Base", 13, Suma, "#,###.00"},
+        {c.porcentaje, "Porc.", "Porc.", 6, 0, "#,##0.####"},
+        {c.debito, "Débito", "Debito", 15, Suma, "#,###.00"},
+        {c.credito, "Crédito", "Crédito", 15, Suma, "#,###.00"},
+    };
+    if (c.descontable)
+        t.append({c.descontable, "Desc.", "Desc.", 5, Casilla, ""});
+    return t;
 }
 
 } // namespace
@@ -57,8 +51,15 @@ QLineEdit* nombre_de_lectura() {
 LineasLibro::LineasLibro(Libro l, AnfitrionLineas& anfitrion, ConjuntoDatos& d,
                          ConjuntoDatos& consulta, MemoriasLinea& memorias,
                          const AjustesLinea& ajustes, QObject* dueno)
-    : QObject(dueno), libro(l), detalle(d), anfitrion_(anfitrion), consulta_(consulta),
-      memorias_(memorias), ajustes_(ajustes) {}
+    : LineasLibro(l, kDeComprobante, anfitrion, d, consulta, memorias, ajustes, dueno) {}
+
+LineasLibro::LineasLibro(Libro l, const CamposLinea& campos, AnfitrionLineas& anfitrion,
+                         ConjuntoDatos& d, ConjuntoDatos& consulta, MemoriasLinea& memorias,
+                         const AjustesLinea& ajustes, QObject* dueno)
+    : LineasCuenta(l, d, consulta, {campos.debito, campos.credito}, dueno), c_(campos),
+      anfitrion_(anfitrion), memorias_(memorias), ajustes_(ajustes) {}
+
+LineasLibro::~LineasLibro() = default;
 
 void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
     d.entero("ENCO_CONSEC").requerido();
@@ -81,8 +82,7 @@ void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
     d.texto("CNDE_DOCNUMERO", 10);
     d.texto("CNDE_DOCAPLICA", 10);
     d.bandera("CODE_DESCONTABLE");
-    d.agregado("Sumadebito", "Sum(CODE_DEBITO)");
-    d.agregado("Sumacredito", "sum(CODE_CREDITO)");
+    defina_sumas(d, {kDeComprobante.debito, kDeComprobante.credito});
 }
 
 // ---------------------------------------------------------------- disposición
@@ -94,7 +94,7 @@ QWidget* LineasLibro::construya_pagina() {
     rejilla = new Rejilla(pagina);
     rejilla->setObjectName(es_niif(libro) ? "DBGridEh2" : "DBGridEh1");
     QVector<DefinicionColumna> columnas;
-    for (const Titulo& t : kColumnas)
+    for (const Titulo& t : titulos(c_))
         columnas.push_back({t.campo, es_niif(libro) ? t.titulo_niif : t.titulo_2649, t.ancho,
                             t.opciones, t.formato});
     rejilla->columnas(columnas);
@@ -104,42 +104,44 @@ QWidget* LineasLibro::construya_pagina() {
                                           "buscarla.");
     rejilla->ate(&detalle);
 
-    const auto nombre = [&](QLineEdit*& e, const QString& componente) {
-        e = nombre_de_lectura();
-        e->setObjectName(componente);
-    };
     const auto saldo = [&](EditorNumero*& e, const QString& componente) {
         e = EditorNumero::de_saldo();
         e->setObjectName(componente);
     };
-    nombre(NomCuenta, "NomCuenta" + n);
-    nombre(NomTerc, "NomTerc" + n);
-    nombre(NomProy, "NomProy" + n);
-    nombre(NomCent, "NomCent" + n);
-    saldo(ESaldocta, es_niif(libro) ? "ESaldoCtaN" : "ESaldocta");
-    saldo(ESaldoter, "ESaldoter" + n);
-    saldo(ESaldocent, es_niif(libro) ? "EsaldocentN" : "ESaldocent");
+    NomCuenta = caja_de_nombre("NomCuenta" + n);
+    NomTerc = caja_de_nombre("NomTerc" + n);
+    NomProy = caja_de_nombre("NomProy" + n);
+    NomCent = caja_de_nombre("NomCent" + n);
+    if (c_.con_saldos) {
+        saldo(ESaldocta, es_niif(libro) ? "ESaldoCtaN" : "ESaldocta");
+        saldo(ESaldoter, "ESaldoter" + n);
+        saldo(ESaldocent, es_niif(libro) ? "EsaldocentN" : "ESaldocent");
+        ESaldocta->setAccessibleName("Saldo de la cuenta");
+        ESaldoter->setAccessibleName("Saldo del tercero");
+        ESaldocent->setAccessibleName("Saldo del centro");
+    }
     saldo(Sumadeb, "Sumadeb" + n);
     saldo(SumCred, es_niif(libro) ? "SumaCreN" : "SumCred");
-    saldo(Difdeb, es_niif(libro) ? "DifDebN" : "Difdeb");
-    saldo(DifCred, es_niif(libro) ? "DifCreN" : "DifCred");
+    saldo(Difdeb, es_niif(libro) ? c_.dif_debito_niif : c_.dif_debito);
+    saldo(DifCred, es_niif(libro) ? c_.dif_credito_niif : c_.dif_credito);
 
     Formulario f(pagina);
     f.ancha(rejilla, 1);
-    f.fila({{"Cuenta", Formulario::junto({NomCuenta, ESaldocta})},
-            {"Débitos", Sumadeb},
-            {"Créditos", SumCred}});
-    f.fila({{"Tercero", Formulario::junto({NomTerc, ESaldoter})},
+    // Sin saldos el nombre queda solo.
+    const auto con_saldo = [](QWidget* nombres, QWidget* caja) {
+        return caja ? Formulario::junto({nombres, caja}) : nombres;
+    };
+    f.fila(
+        {{"Cuenta", con_saldo(NomCuenta, ESaldocta)}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
+    f.fila({{"Tercero", con_saldo(NomTerc, ESaldoter)},
             {"Dif. débito", Difdeb},
             {"Dif. crédito", DifCred}});
-    f.fila({{"Proyecto", Formulario::junto({NomProy, NomCent, ESaldocent})}});
+    f.fila({{"Proyecto", con_saldo(Formulario::junto({NomProy, NomCent}), ESaldocent)}});
+    complete(f);
     NomCuenta->setAccessibleName("Nombre de la cuenta");
-    ESaldocta->setAccessibleName("Saldo de la cuenta");
     NomTerc->setAccessibleName("Nombre del tercero");
-    ESaldoter->setAccessibleName("Saldo del tercero");
     NomProy->setAccessibleName("Nombre del proyecto");
     NomCent->setAccessibleName("Nombre del centro");
-    ESaldocent->setAccessibleName("Saldo del centro");
     return pagina;
 }
 
@@ -150,22 +152,10 @@ void LineasLibro::ate_eventos() {
     campo("CENT_COD").OnChange = [this](Campo&) { centro_cambiado(); };
     campo("CONC_COD").OnChange = [this](Campo&) { categoria_cambiada(); };
     campo("ARTI_COD").OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
-    campo("CODE_BASE").OnChange = [this](Campo&) { base_cambiada(); };
-    campo("CODE_PORC").OnChange = [this](Campo&) { porcentaje_cambiado(); };
-    // Una línea lleva débito o crédito, no ambos.
-    campo("CODE_DEBITO").OnChange = [this](Campo& c) {
-        if (en_edicion() && !c.moneda().es_cero())
-            campo("CODE_CREDITO") = Moneda();
-        diferencia();
-    };
-    campo("CODE_CREDITO").OnChange = [this](Campo& c) {
-        if (en_edicion() && !c.moneda().es_cero())
-            campo("CODE_DEBITO") = Moneda();
-        diferencia();
-    };
+    campo(c_.base).OnChange = [this](Campo&) { base_cambiada(); };
+    campo(c_.porcentaje).OnChange = [this](Campo&) { porcentaje_cambiado(); };
+    ate_lados();
     detalle.BeforePost = [this] { BeforePost(); };
-    detalle.AfterPost = [this] { diferencia(); };
-    detalle.AfterDelete = [this] { diferencia(); };
     detalle.AfterInsert = [this] { AfterInsert(); };
     detalle.AfterScroll = [this] { AfterScroll(); };
     rejilla->ColEnter = [this](int c) { ColEnter(c); };
@@ -173,16 +163,6 @@ void LineasLibro::ate_eventos() {
 }
 
 // ---------------------------------------------------------------- consultas
-
-bool LineasLibro::en_edicion() const {
-    return detalle.editando();
-}
-
-void LineasLibro::consulte_cuenta(const char* columnas) {
-    consulta_.Open(QStringLiteral("select %1 from %2 where cuen_cod = ")
-                       .arg(QLatin1String(columnas), QLatin1String(datos(libro).cuentas)) +
-                   QuotedStr(cuenta()));
-}
 
 void LineasLibro::saldo(EditorNumero* caja, const char* procedimiento,
                         const QStringList& argumentos) {
@@ -201,14 +181,9 @@ void LineasLibro::ColEnter(int columna) {
     if (cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
-    if (columna == kTercero) {
-        rejilla->columna(kTercero).ReadOnly = consulta_.FieldByName("CUEN_TERCERO").texto() == "N";
-    } else if (columna == kProyecto || columna == kCentro) {
-        const bool sin_centro = consulta_.FieldByName("CUEN_CENTRO").texto() == "N";
-        rejilla->columna(kProyecto).ReadOnly = sin_centro;
-        rejilla->columna(kCentro).ReadOnly = sin_centro;
-    } else if (columna == kPorcentaje && ajustes_.inhabilita_porcentaje &&
-               consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
+    abra_o_cierre(columna);
+    if (columna == kPorcentaje && ajustes_.inhabilita_porcentaje &&
+        consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
         // Nada quita la marca: queda para las líneas que sigan.
         rejilla->columna(kPorcentaje).ReadOnly = true;
     }
@@ -231,32 +206,30 @@ void LineasLibro::ColExit(int columna) {
     case kConcepto:
         if (!en_edicion())
             break;
-        if (campo("CODE_CONCEPTO").vacio())
-            campo("CODE_CONCEPTO") = e.FieldByName("ENCO_CONCEPTO").texto();
-        else if (campo("CODE_CONCEPTO").texto() == "\"")
-            campo("CODE_CONCEPTO") = memorias_.concepto_anterior;
+        if (campo(c_.concepto).vacio())
+            campo(c_.concepto) = e.FieldByName(c_.concepto_encabezado).texto();
+        else if (campo(c_.concepto).texto() == "\"")
+            campo(c_.concepto) = memorias_.concepto_anterior;
         break;
     case kReferencia:
-        if (en_edicion() && campo("CODE_REFER").vacio())
-            campo("CODE_REFER") = e.FieldByName("ENCO_REFER").texto();
+        if (en_edicion() && campo(c_.referencia).vacio())
+            campo(c_.referencia) = e.FieldByName(c_.referencia_encabezado).texto();
         break;
     default:
-        if (campo("CODE_REFER").texto() == "\"")
-            campo("CODE_REFER") = memorias_.referencia_anterior;
+        comilla_de_referencia();
     }
+}
+
+void LineasLibro::comilla_de_referencia() {
+    if (campo(c_.referencia).texto() == "\"")
+        campo(c_.referencia) = memorias_.referencia_anterior;
 }
 
 // ---------------------------------------------------------------- cambios de campo
 
 void LineasLibro::cuenta_cambiada() {
-    const QString texto = cuenta();
-    if (texto.isEmpty())
+    if (cuenta().isEmpty() || busque_cuenta())
         return;
-    if (texto.startsWith('?')) {
-        fdmcnt().texto_busqueda = texto.mid(1);
-        pantallas().abrir(datos(libro).pantalla_cuentas);
-        return;
-    }
     validar_cuenta();
     if (!campo("TERC_NIT").vacio())
         return;
@@ -280,13 +253,8 @@ void LineasLibro::validar_cuenta() {
 }
 
 void LineasLibro::tercero_cambiado() {
-    const QString nit = campo("TERC_NIT").texto();
-    if (nit.startsWith('?')) {
-        fdmcnt().texto_busqueda = nit.mid(1);
-        pantallas().abrir("Tfterceros");
-        return;
-    }
-    validar_tercero();
+    if (!busque_tercero())
+        validar_tercero();
 }
 
 void LineasLibro::validar_tercero() {
@@ -308,11 +276,8 @@ void LineasLibro::validar_tercero() {
 }
 
 void LineasLibro::centro_cambiado() {
-    if (campo("CENT_COD").texto().startsWith('?')) {
-        pantallas().abrir("Tfcentros");
-        return;
-    }
-    validar_centro();
+    if (!busque_centro())
+        validar_centro();
 }
 
 void LineasLibro::validar_centro() {
@@ -355,9 +320,9 @@ void LineasLibro::base_cambiada() {
         return;
     consulte_cuenta("CUEN_BASEMIN, CUEN_PORC");
     const Moneda minimo = consulta_.Fields(0).moneda();
-    if (vacio_o_cero(campo("CODE_PORC")) && minimo <= campo("CODE_BASE").moneda().absoluta() &&
+    if (vacio_o_cero(campo(c_.porcentaje)) && minimo <= campo(c_.base).moneda().absoluta() &&
         !consulta_.IsEmpty())
-        campo("CODE_PORC") = consulta_.Fields(1).moneda();
+        campo(c_.porcentaje) = consulta_.Fields(1).moneda();
     aplique_porcentaje();
 }
 
@@ -366,27 +331,31 @@ void LineasLibro::porcentaje_cambiado() {
         aplique_porcentaje();
 }
 
+Moneda LineasLibro::retencion(Moneda base, Moneda porcentaje) const {
+    return Moneda::porcentaje_redondeado(base, porcentaje, ajustes_.digito_redondeo);
+}
+
 void LineasLibro::aplique_porcentaje() {
-    const Moneda base = campo("CODE_BASE").moneda(), porcentaje = campo("CODE_PORC").moneda();
+    const Moneda base = campo(c_.base).moneda(), porcentaje = campo(c_.porcentaje).moneda();
     if (base.es_cero() || porcentaje <= Moneda())
         return;
-    const Moneda valor =
-        Moneda::porcentaje_redondeado(base.absoluta(), porcentaje, ajustes_.digito_redondeo);
+    const Moneda valor = retencion(base.absoluta(), porcentaje);
     // El signo de la base escoge el lado de la retención.
     if (base.negativa()) {
-        campo("CODE_DEBITO") = Moneda();
-        campo("CODE_CREDITO") = valor;
+        campo(c_.debito) = Moneda();
+        campo(c_.credito) = valor;
     } else {
-        campo("CODE_DEBITO") = valor;
-        campo("CODE_CREDITO") = Moneda();
+        campo(c_.debito) = valor;
+        campo(c_.credito) = Moneda();
     }
 }
 
 // ---------------------------------------------------------------- la línea
 
 void LineasLibro::AfterInsert() {
-    campo("CODE_ITEM") = ++item;
-    campo("CODE_DESCONTABLE") = anfitrion_.encabezado().FieldByName("ENCO_DESCONTABLE").texto();
+    campo(c_.item) = ++item;
+    if (c_.descontable)
+        campo(c_.descontable) = anfitrion_.encabezado().FieldByName("ENCO_DESCONTABLE").texto();
     NomCuenta->clear();
     NomTerc->clear();
     if (es_niif(libro)) {
@@ -401,29 +370,22 @@ void LineasLibro::BeforePost() {
         throw EdicionAbortada();
     }
     MemoriasLinea& m = es_niif(libro) ? propias_ : memorias_;
-    m.concepto_anterior = campo("CODE_CONCEPTO").texto();
-    m.referencia_anterior = campo("CODE_REFER").texto();
+    m.concepto_anterior = campo(c_.concepto).texto();
+    m.referencia_anterior = campo(c_.referencia).texto();
     if (siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio())
         m.tercero_anterior = campo("TERC_NIT").texto();
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
-    const auto rehuse = [](const char* texto) {
-        muestre_mensaje(texto);
-        throw EdicionAbortada();
-    };
-    const bool sin_tercero = campo("TERC_NIT").vacio();
     if (consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
-        if (sin_tercero)
-            rehuse("Debe indicar un NIT para el movimiento.");
-        if (vacio_o_cero(campo("CODE_BASE")))
+        exija_tercero();
+        if (vacio_o_cero(campo(c_.base)))
             rehuse("Debe indicar una base para el movimiento.");
-        if (vacio_o_cero(campo("CODE_PORC")))
+        if (vacio_o_cero(campo(c_.porcentaje)))
             rehuse("Debe indicar un porcentaje para el movimiento.");
     }
-    if (consulta_.FieldByName("CUEN_TERCERO").texto() == "S" && sin_tercero)
-        rehuse("Debe indicar un NIT para el movimiento.");
-    if (consulta_.FieldByName("CUEN_CENTRO").texto() == "S" &&
-        (campo("PROY_COD").vacio() || campo("CENT_COD").vacio()))
-        rehuse("Debe indicar un Proyecto-Centro para el movimiento.");
+    if (consulta_.FieldByName("CUEN_TERCERO").texto() == "S")
+        exija_tercero();
+    if (consulta_.FieldByName("CUEN_CENTRO").texto() == "S")
+        exija_centro();
 }
 
 void LineasLibro::AfterScroll() {
@@ -448,48 +410,6 @@ void LineasLibro::AfterScroll() {
     actualice_sumas();
 }
 
-void LineasLibro::actualice_sumas() {
-    if (detalle.IsEmpty())
-        return;
-    Sumadeb->valor(detalle.agregado("Sumadebito").moneda());
-    SumCred->valor(detalle.agregado("Sumacredito").moneda());
-    diferencia();
-}
-
-void LineasLibro::diferencia() {
-    if (!detalle.Active() || detalle.IsEmpty())
-        return;
-    const Moneda d =
-        detalle.agregado("Sumadebito").moneda() - detalle.agregado("Sumacredito").moneda();
-    if (d > Moneda()) {
-        Difdeb->valor(d);
-        DifCred->vacie();
-    } else {
-        DifCred->valor(d.absoluta());
-        Difdeb->vacie();
-    }
-}
-
-void LineasLibro::vacie_nombres() {
-    for (QLineEdit* e : {NomCuenta, NomTerc, NomProy, NomCent})
-        e->clear();
-}
-
-void LineasLibro::vacie_diferencias() {
-    Difdeb->vacie();
-    DifCred->vacie();
-}
-
-void LineasLibro::termine_linea() {
-    if (!detalle.editando())
-        return;
-    rejilla->escriba_pendiente();
-    if (cuenta().isEmpty())
-        detalle.Cancel();
-    else
-        detalle.Post();
-}
-
 bool LineasLibro::cuadrado() const {
     const auto texto = [](const Valor& v) { return v.nulo() ? QStringLiteral("0") : v.texto(); };
     if (ajustes_.permite_descuadre ||
@@ -497,35 +417,4 @@ bool LineasLibro::cuadrado() const {
         return true;
     muestre_mensaje(datos(libro).descuadrado);
     return false;
-}
-
-void LineasLibro::sugiera_db_cr() {
-    rejilla->escriba_pendiente();
-    for (const char* lado : {"CODE_DEBITO", "CODE_CREDITO"})
-        if (!vacio_o_cero(campo(lado)))
-            return;
-    detalle.Edit();
-    const Moneda d =
-        detalle.agregado("Sumadebito").moneda() - detalle.agregado("Sumacredito").moneda();
-    if (d <= Moneda()) {
-        campo("CODE_DEBITO") = -d;
-        campo("CODE_CREDITO") = Moneda();
-    } else {
-        campo("CODE_DEBITO") = Moneda();
-        campo("CODE_CREDITO") = d;
-    }
-}
-
-void LineasLibro::prepare_recepcion() {
-    if (detalle.editando())
-        return;
-    if (cuenta().isEmpty())
-        detalle.Insert();
-    else
-        detalle.Edit();
-}
-
-void LineasLibro::reciba(const QString& nombre, const QString& valor) {
-    prepare_recepcion();
-    detalle.FieldByName(nombre) = valor;
 }

@@ -5,15 +5,10 @@
 // centro y categoría, completa lo que falta, aplica base y porcentaje, y rehúsa la línea
 // incompleta. Los comandos de celda son "?" con texto (buscar) y una comilla sola (repetir lo
 // anterior).
-#include "core/libro.h"
-#include "core/recordset/conjunto.h"
+#include "vouchers/lineas_cuenta.h"
 
-#include <QObject>
-
-class EditorNumero;
-class QLineEdit;
+class Formulario;
 class QWidget;
-class Rejilla;
 
 /// Lo que se recuerda de una línea a otra. Los dos libros leen las mismas memorias; la NIIF guarda
 /// las suyas en otras que nadie lee, y así se queda.
@@ -30,85 +25,86 @@ struct AjustesLinea {
     int digito_redondeo = 0;
 };
 
+/// Nombres de las columnas y controles de unas líneas: las de un comprobante o las de una
+/// plantilla.
+struct CamposLinea {
+    const char *item, *concepto, *referencia, *base, *porcentaje, *debito, *credito;
+    const char* descontable; ///< nulo: las líneas no lo llevan
+    const char *concepto_encabezado, *referencia_encabezado;
+    const char *dif_debito, *dif_credito, *dif_debito_niif, *dif_credito_niif;
+    bool con_saldos; ///< muestra los saldos junto a los nombres
+};
+
 /// Lo que la línea pide a la pantalla que la aloja.
 class AnfitrionLineas {
 public:
     virtual ~AnfitrionLineas() = default;
     virtual ConjuntoDatos& encabezado() = 0;
-    virtual QString ano_saldos() const = 0; ///< año de las consultas de saldo
-    virtual int mes_saldos() const = 0;     ///< 1 a 13
+    virtual QString ano_saldos() const { return {}; } ///< año de las consultas de saldo
+    virtual int mes_saldos() const { return 0; }      ///< 1 a 13
     virtual bool encabezado_posteado() const = 0;
     /// Salió de la columna de la cuenta: muestra u oculta los paneles según la clase de cuenta.
     virtual void panel_de_clase(Libro libro, const QString& clase) = 0;
     virtual void articulo_cambiado(Libro libro) = 0;
 };
 
-class LineasLibro : public QObject {
+class LineasLibro : public LineasCuenta {
     Q_OBJECT
 public:
     LineasLibro(Libro libro, AnfitrionLineas& anfitrion, ConjuntoDatos& detalle,
                 ConjuntoDatos& consulta, MemoriasLinea& memorias, const AjustesLinea& ajustes,
                 QObject* dueno);
+    ~LineasLibro() override;
 
     /// Página completa: rejilla, nombres con saldos y sumas.
     QWidget* construya_pagina();
     void ate_eventos();
 
-    const Libro libro;
-    ConjuntoDatos& detalle;
-    Rejilla* rejilla = nullptr;
-    QLineEdit *NomCuenta = nullptr, *NomTerc = nullptr, *NomProy = nullptr, *NomCent = nullptr;
     EditorNumero *ESaldocta = nullptr, *ESaldoter = nullptr, *ESaldocent = nullptr;
-    EditorNumero *Sumadeb = nullptr, *SumCred = nullptr, *Difdeb = nullptr, *DifCred = nullptr;
     /// Al editar, la línea siempre deja su tercero en la memoria; al digitar, solo si el encabezado
     /// no tiene uno.
     bool siempre_recuerda_tercero = false;
-    int item = 0; ///< contador de líneas: cada inserción gasta uno
 
     /// Define los campos del detalle (los llama la pantalla antes de abrir).
     static void defina_campos(ConjuntoDatos& detalle, Libro libro);
 
-    /// Graba la línea pendiente si tiene cuenta; si no, la cancela.
-    void termine_linea();
     /// Compara los textos de las dos sumas; muestra el rechazo del libro si difieren.
     bool cuadrado() const;
-    void sugiera_db_cr();
-    void vacie_nombres();
-    void vacie_diferencias();
-    void actualice_sumas();
     /// Nombres, saldos y sumas de la línea actual, como al pasar a ella.
     void muestre_linea() { AfterScroll(); }
-    /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
-    void reciba(const QString& campo, const QString& valor);
-    void prepare_recepcion();
 
     // validadores
     void validar_cuenta();
-    void validar_tercero();
-    void validar_centro();
+    virtual void validar_tercero();
+    virtual void validar_centro();
+
+protected:
+    LineasLibro(Libro libro, const CamposLinea& campos, AnfitrionLineas& anfitrion,
+                ConjuntoDatos& detalle, ConjuntoDatos& consulta, MemoriasLinea& memorias,
+                const AjustesLinea& ajustes, QObject* dueno);
+    virtual void complete(Formulario&) {} ///< renglones propios, al pie de la página
+    virtual void AfterInsert();
+    virtual void base_cambiada();
+    virtual void comilla_de_referencia(); ///< al salir de una columna sin regla propia
+    /// Lo que retiene una línea con esa base, sin signo, y ese porcentaje.
+    virtual Moneda retencion(Moneda base, Moneda porcentaje) const;
+    void aplique_porcentaje();
+
+    const CamposLinea& c_;
 
 private:
-    Campo& campo(const char* nombre) const { return detalle.FieldByName(QLatin1String(nombre)); }
-    QString cuenta() const { return campo("CUEN_COD").texto(); }
-    void consulte_cuenta(const char* columnas);
     void saldo(EditorNumero* caja, const char* procedimiento, const QStringList& argumentos);
     void cuenta_cambiada();
     void tercero_cambiado();
     void centro_cambiado();
     void categoria_cambiada();
-    void base_cambiada();
     void porcentaje_cambiado();
-    void aplique_porcentaje();
     void ColEnter(int columna);
     void ColExit(int columna);
     void BeforePost();
-    void AfterInsert();
     void AfterScroll();
-    void diferencia();
-    bool en_edicion() const;
 
     AnfitrionLineas& anfitrion_;
-    ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
     MemoriasLinea& memorias_;
     MemoriasLinea propias_; ///< las de la NIIF, que nadie lee
     const AjustesLinea& ajustes_;

@@ -1,60 +1,22 @@
 #include "vouchers/pantalla_comprobante.h"
 
-#include "core/apertura.h"
-
+#include "vouchers/panel_documento.h"
 #include "vouchers/pch.h"
-
-namespace {
-
-QLineEdit* caja_de_lectura(const QString& nombre, int caracteres) {
-    auto* e = new QLineEdit;
-    e->setObjectName(nombre);
-    e->setReadOnly(true);
-    e->setFocusPolicy(Qt::NoFocus);
-    e->setFixedWidth(e->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (caracteres + 2));
-    return e;
-}
-
-QLabel* rotulo(const QString& texto, QWidget* control) {
-    auto* l = new QLabel(texto + ':');
-    l->setBuddy(control);
-    control->setAccessibleName(texto);
-    return l;
-}
-
-template <class T> T* nombrado(T* control, const char* nombre) {
-    control->setObjectName(nombre);
-    return control;
-}
-
-} // namespace
+#include "vouchers/piezas.h"
 
 PantallaComprobante::PantallaComprobante(const QString& clase, const QString& titulo)
-    : Pantalla(clase, titulo), PBorrar(this, "PBorrar", &fdm().QBorrar, poAllowCommandText),
+    : PantallaLineas(clase, titulo, "Cdetniif"),
       PMovimiento(this, "PMovimiento", &fdmcnt().TComprobantes,
                   poCascadeDeletes | poCascadeUpdates),
-      PTipodoc(this, "PTipodoc", &fdm().TTipocomp),
       PTidocartera(this, "PTidocartera", &fdm().TTipodoc),
-      PCategoria(this, "PCategoria", &fdmcnt().TConceptoconta), CBorrar(this, "CBorrar", &PBorrar),
-      CMovimiento(this, "CMovimiento", &PMovimiento), CDetalle(this, "CDetalle"),
-      Cdetniif(this, "Cdetniif"), CTipodoc(this, "CTipodoc", &PTipodoc),
-      CTidocartera(this, "CTidocartera", &PTidocartera),
-      CCategoria(this, "CCategoria", &PCategoria) {
+      CMovimiento(this, "CMovimiento", &PMovimiento),
+      CTidocartera(this, "CTidocartera", &PTidocartera) {
     defina_encabezado();
     CDetalle.anide_en(&CMovimiento, &fdmcnt().TComprDetalle);
     Cdetniif.anide_en(&CMovimiento, &fdmcnt().TCompniif);
     LineasLibro::defina_campos(CDetalle, Libro::Decreto2649);
     LineasLibro::defina_campos(Cdetniif, Libro::Niif);
-    CTipodoc.texto("TICO_COD", 3);
-    CTipodoc.texto("TICO_NOM", 60);
-    CTidocartera.entero("TIDO_COD");
-    CTidocartera.texto("TIDO_NOMCORTO", 8);
-    CTidocartera.texto("TIDO_NOMLARGO", 30);
-    CTidocartera.texto("TIDO_CART", 1);
-    CTidocartera.texto("TIDO_CXP", 1);
-    CTidocartera.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
-    CCategoria.texto("CONC_COD", 6);
-    CCategoria.texto("CONC_NOMBRE", 60);
+    PanelDocumento::defina_tipos(CTidocartera);
     lineas_2649 =
         new LineasLibro(Libro::Decreto2649, *this, CDetalle, CBorrar, memorias, ajustes, this);
     lineas_niif = new LineasLibro(Libro::Niif, *this, Cdetniif, CBorrar, memorias, ajustes, this);
@@ -108,11 +70,7 @@ void PantallaComprobante::lea_configuracion(Orden orden) {
     for (QWidget* w : {static_cast<QWidget*>(LabMand), static_cast<QWidget*>(Mand),
                        static_cast<QWidget*>(NomMand)})
         w->setVisible(pregunta_mandante);
-    const bool decreto =
-        fdm().configuracion("CONTABILIDAD", "GENERAL",
-                            "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
-                            "HACER CONSULTAS") == "2649";
-    PageControl1->setCurrentIndex(decreto ? 0 : 1);
+    abra_pagina_inicial();
 }
 
 void PantallaComprobante::llene_categorias(Rejilla* rejilla) {
@@ -151,10 +109,7 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     DBMemo1 = nombrado(new MemoDato(&CMovimiento, "ENCO_OBS"), "DBMemo1");
     DBMemo1->lineas(2);
     ckFiltro = nombrado(new QCheckBox("Filtro"), "ckFiltro");
-    PageControl1 = nombrado(new QTabWidget, "PageControl1");
-    PageControl1->tabBar()->setFocusPolicy(Qt::NoFocus); // de página a página con Ctrl+Av/Re Pág
-    PageControl1->addTab(lineas_2649->construya_pagina(), "Dec. 2649");
-    PageControl1->addTab(lineas_niif->construya_pagina(), "NIIF");
+    construya_paginas();
 
     DBEdit2->OnDblClick = [] { pantallas().abrir("Tfterceros"); };
     Mand->OnDblClick = [] {
@@ -162,10 +117,6 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
         pantallas().abrir("Tfterceros");
     };
     connect(ckFiltro, &QCheckBox::toggled, this, [this] { proteja([this] { ckFiltroClick(); }); });
-    connect(PageControl1, &QTabWidget::currentChanged, this, [this](int pagina) {
-        proteja([this, pagina] { pagina == 1 ? TabSheet2Enter() : TabSheet2Exit(); });
-    });
-
     Formulario f(this);
     f.fila({{"Tipo", LTipo},
             {"Prefijo", Formulario::junto({control_prefijo, rotulo("Número", ENumero), ENumero})},
@@ -186,140 +137,23 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     barra->setObjectName("barra");
     f.botones(barra);
 
-    lineas_2649->ate_eventos();
-    lineas_niif->ate_eventos();
-    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
-        Rejilla* r = l->rejilla;
-        const Libro libro = l->libro;
-        r->OnEnter = [this] { en_grilla = true; };
-        r->OnExit = [this] { en_grilla = false; };
-        r->OnDblClick = [this, libro](int columna) { DBGridDblClick(libro, columna); };
-        r->nombre_archivo = nombre_exportacion();
-        r->titulo_impreso = windowTitle() + " %[Today]";
-        r->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
-                           Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar});
-        r->al_ordenar(Rejilla::Pegar, [this, r] { pegue(*r); });
-    }
-    // Solo la rejilla 2649 se queda con Esc para cancelar su fila; en la otra sale de la pantalla.
-    lineas_niif->rejilla->reclama_escape = false;
-    construya_paneles();
+    ate_rejillas(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion());
+    ultimo_ = DBCheckBox2;
+    construya_panel_documento();
+    construya_panel_articulo("Edit2");
+    Edit2 = descripcion_articulo;
     enter_como_tab();
 }
 
-void PantallaComprobante::construya_paneles() {
-    GroupBox1 = nombrado(new QGroupBox("Documento cartera ", this), "GroupBox1");
-    auto* documento = nombrado(new EditorDato(&CDetalle, "CNDE_DOCNUMERO"), "EDocumento");
-    Etidocart = nombrado(new ListaDato(&CDetalle, "CODE_TIPONUE"), "Etidocart");
-    Etidocart->lista_de(&CTidocartera, "TIDO_COD", "TIDO_NOMLARGO");
-    DateTimePicker1 = nombrado(new FechaDato, "DateTimePicker1");
-    auto* aplica = nombrado(new EditorDato(&CDetalle, "CNDE_DOCAPLICA"), "EAplica");
-    auto* tipo_aplica = nombrado(new ListaDato(&CDetalle, "CODE_TIPOAPL"), "Etidoapl");
-    tipo_aplica->lista_de(&CTidocartera, "TIDO_COD", "TIDO_NOMLARGO");
-    auto* continuar1 = nombrado(new QPushButton("Continuar"), "SpeedButton2");
-    Formulario f1(GroupBox1);
-    f1.fila({{"Documento", documento}, {"Tipo", Etidocart}, {"Vence", DateTimePicker1}});
-    f1.fila({{"Aplica a:", aplica}, {"Tipo", tipo_aplica}, {"", continuar1}});
-    connect(continuar1, &QPushButton::clicked, this, [this] { oculte_panel(GroupBox1); });
-    DateTimePicker1->OnChange = [this] { DateTimePicker1Change(); };
-
-    GroupBox2 = nombrado(new QGroupBox("Artículo del inventario ", this), "GroupBox2");
-    EArticod = nombrado(new QLineEdit, "EArticod");
-    EArticod->setReadOnly(true);
-    EArticod->installEventFilter(this);
-    Edit2 = caja_de_lectura("Edit2", 40);
-    auto* buscar = nombrado(new QPushButton("..."), "SpeedButton6");
-    buscar->setAccessibleName("Buscar artículo o activo");
-    auto* continuar2 = nombrado(new QPushButton("Continuar"), "SpeedButton3");
-    Formulario f2(GroupBox2);
-    f2.fila({{"Código", Formulario::junto({EArticod, buscar})},
-             {"Descripción", Edit2},
-             {"", continuar2}});
-    connect(buscar, &QPushButton::clicked, this,
-            [this] { proteja([this] { SpeedButton6Click(); }); });
-    connect(continuar2, &QPushButton::clicked, this,
-            [this] { proteja([this] { SpeedButton3Click(); }); });
-    for (QGroupBox* g : {GroupBox1, GroupBox2}) {
-        g->setAutoFillBackground(true);
-        g->hide();
-    }
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* antes, QWidget* ahora) {
-        if (!ahora)
-            return;
-        for (QGroupBox* g : {GroupBox1, GroupBox2}) {
-            const bool estaba = antes && g->isAncestorOf(antes), esta = g->isAncestorOf(ahora);
-            if (esta && !estaba && g == GroupBox1)
-                proteja([this] { GroupBox1Enter(); });
-            // Salir del panel lo oculta; una lista desplegada o un diálogo no es salir.
-            if (estaba && !esta && g->isVisible() && ahora->window() == window())
-                oculte_panel(g);
-        }
-    });
-}
-
-void PantallaComprobante::ubique_paneles() {
-    // Sobre la rejilla, abajo: la línea en edición queda a la vista.
-    const QPoint base = PageControl1->mapTo(this, QPoint(0, 0));
-    for (QGroupBox* g : {GroupBox1, GroupBox2}) {
-        g->adjustSize();
-        const int ancho = qMin(g->sizeHint().width() + 16, PageControl1->width());
-        const int alto = g->sizeHint().height();
-        g->setGeometry(base.x() + (PageControl1->width() - ancho) / 2,
-                       base.y() + PageControl1->height() / 3, ancho, alto);
-    }
-}
-
-void PantallaComprobante::resizeEvent(QResizeEvent* evento) {
-    Pantalla::resizeEvent(evento);
-    if (GroupBox1)
-        ubique_paneles();
-}
-
-void PantallaComprobante::muestre_panel(QGroupBox* panel, QWidget* foco) {
-    ubique_paneles();
-    panel->show();
-    panel->raise();
-    foco->setFocus();
-}
-
-void PantallaComprobante::oculte_panel(QGroupBox* panel) {
-    const bool tenia_foco = panel->isAncestorOf(QApplication::focusWidget());
-    panel->hide();
-    if (panel == GroupBox1)
-        lineas_2649->rejilla->setFocus();
-    else if (tenia_foco)
-        lineas_a_la_vista().rejilla->setFocus();
-}
-
-void PantallaComprobante::declare_teclas_comunes() {
-    auto* barra = findChild<BarraBotones*>("barra");
-    SBGrabar = barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
-                            [this] { SBGrabarClick(); });
-    barra->principal(SBGrabar);
-    SBCancel = barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
-                            [this] { SBCancelClick(); });
-    // Del encabezado se pasa a la rejilla de la página a la vista, y de ella a los botones.
-    PageControl1->setFocusPolicy(Qt::NoFocus);
-    QWidget::setTabOrder(DBCheckBox2, lineas_2649->rejilla);
-    QWidget::setTabOrder(lineas_2649->rejilla, lineas_niif->rejilla);
-    QWidget::setTabOrder(lineas_niif->rejilla, SBGrabar);
-    tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas_a_la_vista().sugiera_db_cr(); });
-    // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
-    const auto busque = [this](int clave, const char* pantalla) {
-        tecla(
-            clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
-    };
-    const auto pagina = [this](int clave, int indice) {
-        tecla(clave, Qt::ControlModifier, "PageControl1",
-              [this, indice] { PageControl1->setCurrentIndex(indice); });
-    };
-    pagina(Qt::Key_PageDown, 1);
-    pagina(Qt::Key_PageUp, 0);
-    busque(Qt::Key_F6, "Tfterceros");
-    busque(Qt::Key_F7, "Tfcentros");
-}
-
-LineasLibro& PantallaComprobante::lineas_a_la_vista() const {
-    return PageControl1->currentIndex() == 1 ? *lineas_niif : *lineas_2649;
+void PantallaComprobante::construya_panel_documento() {
+    // El panel edita siempre la línea 2649.
+    auto* documento =
+        new PanelDocumento(this, CDetalle, CTidocartera,
+                           {"CNDE_DOCNUMERO", "CODE_TIPONUE", "CNDE_DOCAPLICA", "CODE_TIPOAPL"});
+    GroupBox1 = documento;
+    Etidocart = documento->Etidocart;
+    DateTimePicker1 = documento->DateTimePicker1;
+    agregue_panel(GroupBox1, lineas_2649->rejilla);
 }
 
 void PantallaComprobante::ckFiltroClick() {
@@ -384,12 +218,12 @@ QString PantallaComprobante::tome_id() {
 // ---------------------------------------------------------------- paneles
 
 void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
-    ConjuntoDatos& d = libro == Libro::Niif ? Cdetniif : CDetalle;
+    ConjuntoDatos& d = lineas_de(libro);
     if (clase == "I" || clase == "A") {
         // La clase "I" no devuelve el título: tras un activo el panel se queda con el suyo.
         if (clase == "A")
             GroupBox2->setTitle("Activo fijo");
-        muestre_panel(GroupBox2, EArticod);
+        GroupBox2->muestre(EArticod);
         const QString articulo = d.FieldByName("ARTI_COD").texto();
         if (!articulo.isEmpty()) {
             if (clase == "I")
@@ -402,83 +236,18 @@ void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
         GroupBox2->hide();
     }
     if (clase == "C")
-        muestre_panel(GroupBox1, Etidocart);
+        GroupBox1->muestre(Etidocart);
     else
         GroupBox1->hide();
 }
 
-void PantallaComprobante::articulo_cambiado(Libro libro) {
-    ConjuntoDatos& d = libro == Libro::Niif ? Cdetniif : CDetalle;
-    CBorrar.Open(QStringLiteral("select CUEN_TIPO from %1 where cuen_cod = ")
-                     .arg(QLatin1String(datos(libro).cuentas)) +
-                 QuotedStr(d.FieldByName("CUEN_COD").texto()));
-    const QString articulo = d.FieldByName("ARTI_COD").texto();
-    Edit2->setText(CBorrar.Fields(0).texto() == "I" ? fdmArt().desc_articulo(articulo)
-                                                    : fdmcnt().desc_activo(articulo));
-}
-
-void PantallaComprobante::GroupBox1Enter() {
-    DateTimePicker1->fecha(QDate::currentDate());
-    DateTimePicker1Change();
-}
-
-void PantallaComprobante::DateTimePicker1Change() {
-    // El panel edita siempre la línea 2649; sin líneas no hay a quién ponerle fecha.
-    if (CDetalle.IsEmpty())
-        return;
-    CDetalle.Edit();
-    CDetalle.FieldByName("DOCO_VENCE") = DateTimePicker1->fecha_texto();
-}
-
-void PantallaComprobante::EArticodDblClick() {
-    LineasLibro& l = lineas_a_la_vista();
-    CBorrar.Open(QStringLiteral("select CUEN_TIPO from %1 where cuen_cod = ")
-                     .arg(QLatin1String(datos(l.libro).cuentas)) +
-                 QuotedStr(l.detalle.FieldByName("CUEN_COD").texto()));
-    abra_o_avise(CBorrar.Fields(0).texto() == "I" ? "Tfarticulos" : "Tfactivos");
-}
-
-void PantallaComprobante::SpeedButton6Click() {
-    abra_o_avise(GroupBox2->title() == "Activo fijo" ? "Tfactivos" : "Tfarticulos");
-}
-
-void PantallaComprobante::SpeedButton3Click() {
-    LineasLibro& l = lineas_a_la_vista();
-    l.prepare_recepcion();
-    l.detalle.FieldByName("ARTI_COD") = EArticod->text();
-    oculte_panel(GroupBox2);
-}
-
-bool PantallaComprobante::eventFilter(QObject* objeto, QEvent* evento) {
-    if (objeto == EArticod && evento->type() == QEvent::MouseButtonDblClick) {
-        proteja([this] { EArticodDblClick(); });
-        return true;
-    }
-    return Pantalla::eventFilter(objeto, evento);
-}
-
 void PantallaComprobante::DBGridDblClick(Libro libro, int columna) {
-    switch (columna) {
-    case 0:
-        pantallas().abrir(datos(libro).pantalla_cuentas);
-        break;
-    case 1:
-        pantallas().abrir("Tfterceros");
-        break;
-    case 2:
-    case 3:
-        pantallas().abrir("Tfcentros");
-        break;
-    case 5:
+    if (columna == 5)
         pantallas().abrir("Tfconceptos");
-        break;
-    case 9:
-    case 10:
+    else if (columna == 9 || columna == 10)
         lineas_a_la_vista().sugiera_db_cr();
-        break;
-    default:
-        break;
-    }
+    else
+        PantallaLineas::DBGridDblClick(libro, columna);
 }
 
 // ---------------------------------------------------------------- selecciones
@@ -486,7 +255,6 @@ void PantallaComprobante::DBGridDblClick(Libro libro, int columna) {
 void PantallaComprobante::atienda_selecciones(bool sin_foco_en_grilla) {
     LineasLibro& l = lineas_a_la_vista();
     const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
-    const bool en_linea = en_grilla || sin_foco_en_grilla;
     if (!fdmter().tercero_seleccion.isEmpty()) {
         const QString nit = tome(fdmter().tercero_seleccion);
         if (en_grilla) {
@@ -498,23 +266,7 @@ void PantallaComprobante::atienda_selecciones(bool sin_foco_en_grilla) {
         }
         fdmter().seleccion_mandante = false;
     }
-    if (en_linea && !fdmcnt().cuenta_seleccion.isEmpty())
-        l.reciba("CUEN_COD", tome(fdmcnt().cuenta_seleccion));
-    if (en_linea && !fdmcnt().proyecto_seleccion.isEmpty()) {
-        const QString centro = tome(fdmcnt().centro_seleccion);
-        l.reciba("PROY_COD", tome(fdmcnt().proyecto_seleccion));
-        l.reciba("CENT_COD", centro);
-    }
-    if (en_linea && !fdmcnt().concepto_seleccion.isEmpty())
-        l.detalle.FieldByName("CONC_COD") = tome(fdmcnt().concepto_seleccion);
-    if (GroupBox2->isVisible()) {
-        for (QString* buzon : {&fdmcnt().articulo_seleccion, &fdmcnt().activo_seleccionado})
-            if (!buzon->isEmpty()) {
-                const QString codigo = tome(*buzon);
-                EArticod->setText(codigo);
-                l.reciba("ARTI_COD", codigo);
-            }
-    }
+    atienda_lineas(en_grilla || sin_foco_en_grilla);
 }
 
 // ---------------------------------------------------------------- salida

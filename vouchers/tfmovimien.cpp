@@ -183,15 +183,6 @@ void Tfmovimien::CMovimientoAfterInsert() {
     }
 }
 
-void Tfmovimien::LTipoEnter() {
-    if (!CMovimiento.Active() || !CMovimiento.FieldByName("TICO_COD").vacio())
-        return;
-    CMovimiento.Edit();
-    CTipodoc.First();
-    CMovimiento.FieldByName("TICO_COD") =
-        tipo_anterior.isEmpty() ? CTipodoc.FieldByName("TICO_COD").texto() : tipo_anterior;
-}
-
 void Tfmovimien::CMovimientoTICO_CODChange(Campo& campo) {
     CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " + QuotedStr(campo.texto()) +
                    " AND PRCO_ACTIVO = 'S'");
@@ -370,12 +361,7 @@ void Tfmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, bool entrando) 
 }
 
 void Tfmovimien::pegue(Rejilla& rejilla) {
-    LineasLibro& l = &rejilla == lineas_niif->rejilla ? *lineas_niif : *lineas_2649;
-    l.termine_linea();
-    for (int columna : {1, 2, 3})
-        rejilla.columna(columna).ReadOnly = false;
-    rejilla.pegue();
-    l.detalle.First();
+    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->pegue();
 }
 
 // ---------------------------------------------------------------- plantilla

@@ -35,7 +35,6 @@ private:
     void CMovimientoTICO_CODChange(Campo& campo);
     void CMovimientoPRCO_PREFChange(Campo& campo);
     void CMovimientoENCO_NUMEROChange(Campo& campo);
-    void LTipoEnter();
     void LPrefExit();
     void EDiaExit();
     void aplique_numeracion();

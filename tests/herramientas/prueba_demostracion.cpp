@@ -1,7 +1,9 @@
 // La compañía de demostración es un libro creíble, cuadrado y repetible.
 #include "apoyo/base_prueba.h"
+#include "apoyo/comprobantes.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demo_catalogos.h"
+#include "herramientas/demo_formatos.h"
 #include "herramientas/demostracion.h"
 #include "herramientas/instalador.h"
 #include "herramientas/verificacion.h"
@@ -29,10 +31,12 @@ struct Demo {
 /// Todo lo que distingue un libro de otro, en un renglón.
 QString resumen(Demo& d) {
     return d.compania
-        .consulte(QStringLiteral("select count(*) || '/' || sum(code_debito) || '/' ||"
-                                 " sum(code_item * code_credito) || '/' || max(terc_nit)"
-                                 " from comprobante_detalle"))
-        .texto();
+               .consulte(QStringLiteral("select count(*) || '/' || sum(code_debito) || '/' ||"
+                                        " sum(code_item * code_credito) || '/' || max(terc_nit)"
+                                        " from comprobante_detalle"))
+               .texto() +
+           filas_de(d.compania, "select plan_id, plde_item, cuen_cod, plde_debitos, plde_creditos "
+                                "from plantilla_detalle");
 }
 
 } // namespace
@@ -41,6 +45,8 @@ class PruebaDemostracion : public QObject {
     Q_OBJECT
 private slots:
     void un_ano_normal_es_un_libro_completo();
+    void las_plantillas_cuadran_y_cumplen_lo_que_sus_cuentas_exigen();
+    void el_egreso_tiene_su_formato_y_la_compania_su_logo();
     void la_misma_semilla_da_el_mismo_libro();
     void el_digito_de_verificacion_sigue_la_regla();
 };
@@ -116,6 +122,85 @@ void PruebaDemostracion::un_ano_normal_es_un_libro_completo() {
     QVERIFY(
         d.n("select count(*) from acceso_usuario where user_cod = 'AUXILIAR' and acus_si = 'S'") >
         30);
+}
+
+void PruebaDemostracion::las_plantillas_cuadran_y_cumplen_lo_que_sus_cuentas_exigen() {
+    OpcionesDemostracion opciones;
+    opciones.renglones = 4500;
+    Demo d(opciones);
+    QCOMPARE(filas_de(d.compania, "select p.tico_cod, p.plan_concepto from plantilla_encabezado p "
+                                  "join prefijos_conta x on x.tico_cod = p.tico_cod and "
+                                  "x.prco_pref = p.prco_pref order by p.plan_id"),
+             QStringLiteral("NO|Nómina quincenal de administración\nGA|Arriendo mensual\n"
+                            "DP|Depreciación mensual\nGA|Servicios públicos del mes\n"
+                            "NB|Comisión bancaria y gravamen\nFV|Venta de contado"));
+    for (const char* libro : {"", "_niif"}) {
+        const auto filas = [&](const char* sql) {
+            return filas_de(d.compania, QString::fromUtf8(sql).replace("$", QLatin1String(libro)));
+        };
+        QCOMPARE(filas("select count(distinct plan_id) from plantilla_detalle$"), QString("6"));
+        QCOMPARE(filas("select plan_id, sum(plde_debitos), sum(plde_creditos) from "
+                       "plantilla_detalle$ group by 1 having sum(plde_debitos) <> "
+                       "sum(plde_creditos) or sum(plde_debitos) < 100000"),
+                 QString());
+        // Las mismas exigencias que la pantalla le hace a una línea.
+        QCOMPARE(filas("select d.plan_id, d.plde_item, d.cuen_cod from plantilla_detalle$ d join "
+                       "cuentas$ c on c.cuen_cod = d.cuen_cod where c.cuen_afectable <> 'S' or "
+                       "c.cuen_activa <> 'S' or (c.cuen_tercero = 'S' and d.terc_nit is null) or "
+                       "(c.cuen_centro = 'S' and d.cent_cod is null) or (c.cuen_tipo = 'I' and "
+                       "d.arti_cod is null) or (c.cuen_retencion = 'S' and (d.terc_nit is null or "
+                       "d.plde_base = 0 or d.plde_porc = 0))"),
+                 QString());
+        QCOMPARE(filas("select plan_id from plantilla_detalle$ where plde_base <> 0 and "
+                       "plde_creditos <> -plde_base * plde_porc / 100"),
+                 QString());
+    }
+    // La depreciación NIIF usa otras vidas útiles.
+    QVERIFY(d.n("select count(*) from plantilla_detalle a join plantilla_detalle_niif b on "
+                "b.plan_id = a.plan_id and b.plde_item = a.plde_item where a.plde_debitos <> "
+                "b.plde_debitos") == 3);
+}
+
+void PruebaDemostracion::el_egreso_tiene_su_formato_y_la_compania_su_logo() {
+    OpcionesDemostracion opciones;
+    opciones.renglones = 4500;
+    Demo d(opciones);
+    // Solo el egreso pide formato propio, y lo tiene; el "0000" es el de último recurso.
+    QCOMPARE(d.compania
+                 .consulte("select list(tico_cod) from tipo_comprobante where tico_formato ="
+                           " 'S'")
+                 .texto(),
+             QStringLiteral("CE"));
+    QCOMPARE(d.compania
+                 .consulte("select list(pref_pre) from (select pref_pre from formatos order"
+                           " by 1)")
+                 .texto(),
+             QStringLiteral("0000,CE"));
+    QCOMPARE(d.n("select form_nroitems from formatos where pref_pre = 'CE' and form_paginas = 'S'"),
+             kRenglonesEgreso);
+    QVERIFY(d.n("select count(*) from comprobante_encabezado where tico_cod = 'CE' and enco_monto"
+                " > 0") > 50);
+    // Todo cae dentro de la hoja, también la última firma de una página llena.
+    QCOMPARE(d.n("select count(*) from formato_datos where dafo_posx not between 0 and 2000 or"
+                 " dafo_posy not between 0 and 1500 or dafo_imprime <> 'S'"),
+             0);
+    QCOMPARE(d.n("select count(*) from formato_lineas l join formatos f on f.pref_pre = l.pref_pre"
+                 " where l.foli_posx + l.foli_x > 2000 or l.foli_posy + l.foli_y +"
+                 " iif(l.foli_liquida = 'S', f.form_nroitems * f.form_entrelinea, 0) > 1480"),
+             0);
+    // Los totales quedan fijos bajo el detalle y las firmas siempre debajo de ellos.
+    QCOMPARE(d.n("select count(*) from formato_lineas l join formatos f on f.pref_pre = l.pref_pre"
+                 " join formato_datos t on t.pref_pre = l.pref_pre and t.dafo_dato ="
+                 " 'TOTAL DEBITOS' where l.foli_liquida = 'S' and l.foli_posy + f.form_entrelinea"
+                 " <= t.dafo_posy"),
+             0);
+
+    registre_compania(d.general,
+                      {QStringLiteral("001"), QStringLiteral("Demo"), {}, {}, {}, {}, {}});
+    registre_logo(d.general, QStringLiteral("001"), logo_demo());
+    const QByteArray logo = d.general.consulte("select comp_logo from compania").binario();
+    QCOMPARE(logo, logo_demo());
+    QVERIFY(logo.startsWith("BM") && logo.size() == 54 + 348 * 200);
 }
 
 void PruebaDemostracion::la_misma_semilla_da_el_mismo_libro() {

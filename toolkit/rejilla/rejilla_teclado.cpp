@@ -168,7 +168,7 @@ bool Rejilla::navegue(QKeyEvent& e) {
         if (m != Qt::NoModifier || !editable())
             return false;
         if (enter_como_tab) {
-            if (tiene_seleccion())
+            if (tiene_seleccion() && !enter_con_seleccion)
                 fije_actual(fila, columna);
             else if (!siguiente_celda())
                 salga_con_tab(true);

@@ -1,0 +1,712 @@
+// Plantillas: crearlas, corregirlas, buscarlas y traerlas a un comprobante.
+#include "vouchers/digitador.h"
+#include "vouchers/tfbuscplantilla.h"
+#include "vouchers/tfedtplantilla.h"
+#include "vouchers/tfplantilla.h"
+
+namespace {
+
+void ponga_plantilla(SesionGui& s, int id, const QString& tipo, const QString& prefijo,
+                     const QString& concepto, const QString& refer, const QStringList& lineas = {},
+                     const QString& sufijo = {}) {
+    Conexion& b = s.base.base();
+    if (sufijo.isEmpty())
+        b.ejecute("insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto, "
+                  "plan_refer, plan_usuario) values (?, ?, ?, ?, ?, 'OTRO')",
+                  {Valor(id), Valor(tipo), Valor(prefijo), Valor(concepto), Valor(refer)});
+    int item = 0;
+    for (const QString& l : lineas) {
+        const QStringList x = l.split(':');
+        b.ejecute("insert into plantilla_detalle" + sufijo +
+                      " (plan_id, plde_item, cuen_cod, plde_debitos, plde_creditos, plde_base, "
+                      "plde_porc) values (?, ?, ?, ?, ?, 0, 0)",
+                  {Valor(id), Valor(++item), Valor(x[0]), Valor(Moneda::de_texto(x[1])),
+                   Valor(Moneda::de_texto(x[2]))});
+    }
+}
+
+ConjuntoDatos& lista(Pantalla* p) {
+    return componente<ConjuntoDatos>(p, "CPlantilla");
+}
+QString ids(Pantalla* p) {
+    ConjuntoDatos& c = lista(p);
+    QStringList todos;
+    for (int i = 0; c.Active() && i < c.RecordCount(); ++i)
+        todos << c.valor_en(i, c.FieldByName("PLAN_ID")).texto();
+    return todos.join(',');
+}
+void llene(Pantalla* p, const char* nombre, const QString& texto) {
+    auto& caja = componente<QLineEdit>(p, nombre);
+    con_foco();
+    caja.setFocus();
+    caja.selectAll();
+    oprima(Qt::Key_Delete);
+    digite(texto);
+}
+void escoja(ListaDato& tipos, const QString& nombre) {
+    con_foco();
+    tipos.setFocus();
+    oprima(Qt::Key_Home);
+    for (int i = 0; i < tipos.count() && tipos.texto_a_la_vista() != nombre; ++i)
+        oprima(Qt::Key_Down);
+    QCOMPARE(tipos.texto_a_la_vista(), nombre);
+}
+void busque(Pantalla* p) {
+    componente<QPushButton>(p, "SpeedButton5").setFocus();
+    oprima(Qt::Key_Space);
+}
+/// Recorre celdas con Enter desde la primera de la rejilla a la vista.
+void linea(PantallaPlantilla* p, const QStringList& celdas, int desde = 0) {
+    Rejilla& r = *p->lineas_a_la_vista().rejilla;
+    r.setFocus();
+    r.SelectedIndex(desde);
+    for (const QString& celda : celdas) {
+        if (!celda.isEmpty())
+            digite(celda);
+        oprima(Qt::Key_Return);
+        if (p->GroupBox2->isVisible())
+            componente<QPushButton>(p, "SpeedButton3").click();
+    }
+}
+QString celda(PantallaPlantilla* p, const char* campo) {
+    return p->lineas_a_la_vista().detalle.FieldByName(campo).texto();
+}
+void otra_linea(PantallaPlantilla* p) {
+    p->lineas_a_la_vista().rejilla->setFocus();
+    oprima(Qt::Key_Down);
+}
+Tfplantilla* nueva(SesionGui& s, const QString& concepto) {
+    auto* p = s.abra<Tfplantilla>("Tfplantilla");
+    p->LTipo->setFocus();
+    p->EConcepto->setFocus();
+    digite(concepto);
+    oprima(Qt::Key_Tab);
+    return p;
+}
+Tfedtplantilla* edite(SesionGui& s, const QString& id) {
+    s.cnt.plantilla_seleccion = id;
+    return s.abra<Tfedtplantilla>("Tfedtplantilla");
+}
+
+const QString kSalir = "Desea salir de la plantilla y perder los movimientos que no ha grabado?";
+
+} // namespace
+
+class PruebaPlantillas : public QObject {
+    Q_OBJECT
+    QTimer guardia_; ///< una prueba que falla deja preguntas que nadie contesta
+    QPointer<QWidget> visto_;
+
+private slots:
+    void initTestCase() {
+        guardia_.setInterval(1500);
+        connect(&guardia_, &QTimer::timeout, this, [this] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (modal && modal == visto_)
+                modal->close();
+            visto_ = modal;
+        });
+        guardia_.start();
+    }
+
+    // ------------------------------------------------------------ crear
+
+    void una_plantilla_descuadrada_se_graba_en_los_dos_libros_y_sigue_la_proxima() {
+        SesionGui s;
+        Digitador d(s);
+        Tfplantilla* p = nueva(s, "Arriendo");
+        QCOMPARE(p->LTipo->valor().texto(), QString("CG")); // el primero de los tipos
+        QCOMPARE(p->LPref->valor().texto(), QString("0001"));
+        QVERIFY(!p->LPref->isEnabled()); // es el único
+        p->ERef->setFocus();
+        digite("ARR");
+        oprima(Qt::Key_Tab);
+        linea(p, {"110505", "", "", "", "", "", "", "", "", "100"});
+        QCOMPARE(celda(p, "PLDE_CONCEPTO") + celda(p, "PLDE_REFER"), QString("ArriendoARR"));
+        otra_linea(p);
+        linea(p, {"310505", "", "", "", "\"", "01", "\"", "", "", ""});
+        digite("40");
+        oprima(Qt::Key_Left);
+        QCOMPARE(celda(p, "PLDE_CONCEPTO"), QString("Arriendo"));
+        QCOMPARE(celda(p, "PLDE_REFER"), QString("\"")); // aquí la comilla no repite
+        QCOMPARE(celda(p, "CateNom"), QString("Operación"));
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(p->PageControl1->currentIndex(), 1);
+        linea(p, {"111005", "", "", "", "", "", "", "", "", "7"});
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select tico_cod || prco_pref || plan_concepto || plan_refer || "
+                        "plan_usuario from plantilla_encabezado"),
+                 QString("CG0001ArriendoARRADMIN"));
+        QCOMPARE(s.dato("select list(plde_item || ':' || cuen_cod || ':' || plde_debitos || ':' || "
+                        "plde_creditos || ':' || plde_base || plde_porc) from plantilla_detalle"),
+                 QString("1:110505:100.00:0.00:0.000.00,2:310505:0.00:40.00:0.000.00"));
+        QCOMPARE(s.dato("select d.cuen_cod || (d.plan_id - e.plan_id) from plantilla_detalle_niif "
+                        "d, plantilla_encabezado e"),
+                 QString("1110050"));
+        QVERIFY(s.dato("select plan_id from plantilla_encabezado").toInt() > 0);
+        // empieza otra: en blanco, con el mismo tipo y los contadores en cero
+        QVERIFY(p->CDetalle.IsEmpty() && p->CDetallen.IsEmpty());
+        QVERIFY(p->LTipo->hasFocus());
+        QCOMPARE(p->LTipo->valor().texto(), QString("CG"));
+        QCOMPARE(p->CPlantilla.FieldByName("PLAN_ID").texto(), QString("0"));
+        QVERIFY(p->lineas_2649->Difdeb->text().isEmpty());
+        p->EConcepto->setFocus();
+        digite("Segunda");
+        oprima(Qt::Key_Tab);
+        oprima(Qt::Key_PageUp, Qt::ControlModifier);
+        linea(p, {"110505"});
+        QCOMPARE(celda(p, "PLDE_ITEM"), QString("1"));
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select count(*) from plantilla_encabezado"), QString("2"));
+        oprima(Qt::Key_Escape); // sin líneas sale sin preguntar
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+    }
+
+    void el_encabezado_exige_tipo_prefijo_y_concepto_en_ese_orden() {
+        SesionGui s;
+        Digitador d(s);
+        auto* p = s.abra<Tfplantilla>("Tfplantilla");
+        const auto id = [&] {
+            return s.base.base()
+                .consulte("select gen_id(sec_plantilla, 0) from rdb$database")
+                .entero();
+        };
+        const qint64 antes = id();
+        p->LTipo->setFocus();
+        oprima(Qt::Key_Delete);
+        Interlocutor i;
+        i.espere("Debe indicar el tipo de comprobante.");
+        p->lineas_2649->rejilla->setFocus();
+        oprima(Qt::Key_F2);
+        con_foco();
+        p->LTipo->setFocus();
+        QCOMPARE(p->LTipo->valor().texto(), QString("CG"));
+        p->CPlantilla.FieldByName("PRCO_PREF").limpie();
+        i.espere("Debe indicar el prefijo de comprobante.");
+        p->lineas_2649->rejilla->setFocus();
+        oprima(Qt::Key_F2);
+        p->CPlantilla.FieldByName("PRCO_PREF") = "0001";
+        i.espere("Debe indicar un concepto para el comprobante.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(p->CPlantilla.editando());
+        QCOMPARE(id(), antes + 3); // cada intento pidió un id
+        p->EConcepto->setFocus();
+        digite("Ya");
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select plan_id from plantilla_encabezado").toLongLong(), antes + 4);
+    }
+
+    void el_tipo_trae_sus_prefijos_y_sin_ellos_lo_dice_con_la_arroba() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute({"insert into tipo_comprobante (tico_cod, tico_nom, tico_formato) values "
+                        "('ZZ', 'Zeta', 'N')"});
+        auto* p = s.abra<Tfplantilla>("Tfplantilla");
+        p->LTipo->setFocus();
+        escoja(*p->LTipo, "Recibo de caja");
+        QVERIFY(p->LPref->isEnabled());
+        QCOMPARE(p->LPref->count(), 2);
+        QCOMPARE(p->LPref->valor().texto(), QString("0001"));
+        Interlocutor i;
+        QString texto;
+        i.espere_modal("dialogo", [&](QWidget* modal) {
+            texto = static_cast<QMessageBox*>(modal)->text();
+            modal->close();
+        });
+        oprima(Qt::Key_Down);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY2(texto.contains("@Debe registrar antes los prefijos."), qPrintable(texto));
+        QCOMPARE(p->CPlantilla.FieldByName("TICO_COD").texto(), QString("ZZ"));
+    }
+
+    // ------------------------------------------------------------ líneas
+
+    void la_linea_incompleta_se_rehusa_tambien_en_una_plantilla() {
+        SesionGui s;
+        Digitador d(s);
+        Tfplantilla* p = nueva(s, "x");
+        const struct {
+            QStringList celdas;
+            const char* mensaje;
+        } casos[] = {
+            {{"130505", "", "", "", "", "", "", "", "", "5"},
+             "Debe indicar un NIT para el movimiento."},
+            {{"236540"}, "Debe indicar un NIT para el movimiento."},
+            {{"236540", "900123456"}, "Debe indicar una base para el movimiento."},
+            {{"236540", "900123456", "", "", "", "", "", "1000000"},
+             "Debe indicar un porcentaje para el movimiento."},
+            {{"413505", "", "0002", "", "", "", "", "", "", "5"},
+             "Debe indicar un Proyecto-Centro para el movimiento."},
+        };
+        for (const auto& c : casos) {
+            Interlocutor i;
+            i.espere(c.mensaje);
+            linea(p, c.celdas);
+            otra_linea(p);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(p->CDetalle.RecordCount(), 1);
+            QVERIFY(p->CDetalle.editando());
+            p->CDetalle.Cancel();
+        }
+    }
+
+    void base_y_porcentaje_no_leen_la_cuenta_ni_redondean_a_multiplos() {
+        SesionGui s;
+        Digitador d(s);
+        d.configure("GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES", "2");
+        d.configure("COMPROBANTES", "INHABILITAR PORCENTAJE EN CUENTAS DE RETENCION", "SI");
+        Tfplantilla* p = nueva(s, "x");
+        linea(p, {"236540", "900123456", "", "", "", "", "", "1000000"});
+        QCOMPARE(celda(p, "PLDE_PORC"), QString("0")); // el 2,5 % de la cuenta no entra solo
+        const struct {
+            const char *base, *porcentaje, *debito, *credito;
+        } casos[] = {{"1250", "2.5", "31.25", "0"},
+                     {"-1250", "2.5", "0", "31.25"},
+                     {"333.33", "1.1", "3.67", "0"},
+                     {"-0.1", "50", "0", "0.05"}};
+        for (const auto& c : casos) {
+            linea(p, {c.base, c.porcentaje}, 7);
+            QCOMPARE(celda(p, "PLDE_DEBITOS"), QString(c.debito));
+            QCOMPARE(celda(p, "PLDE_CREDITOS"), QString(c.credito));
+        }
+        QVERIFY(!p->lineas_2649->rejilla->columna(8).ReadOnly());
+        // un lado borra el otro, y F5 cuadra solo el libro a la vista
+        linea(p, {"8"}, 9);
+        QCOMPARE(celda(p, "PLDE_CREDITOS"), QString("0"));
+        otra_linea(p);
+        linea(p, {"110505"});
+        oprima(Qt::Key_F5);
+        QCOMPARE(celda(p, "PLDE_CREDITOS"), QString("8"));
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        linea(p, {"110505"});
+        oprima(Qt::Key_F5);
+        QCOMPARE(celda(p, "PLDE_DEBITOS") + celda(p, "PLDE_CREDITOS"), QString("00"));
+        oprima(Qt::Key_Return);
+    }
+
+    void el_libro_niif_valida_su_plan_y_lee_los_atributos_del_2649() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute({"insert into cuentas_niif (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, "
+                        "cuen_retencion, cuen_tipo, cuen_activa) values ('130599', 'Solo NIIF', "
+                        "'S', 'S', 'S', 'N', 'S')",
+                        "update cuentas_niif set cuen_tercero = 'N' where cuen_cod = '130505'"});
+        Tfplantilla* p = nueva(s, "x");
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        linea(p, {"130599", "", "", "", "", "", "", "", "", "5"});
+        QCOMPARE(celda(p, "CUEN_COD"), QString("130599"));
+        QCOMPARE(p->lineas_niif->NomCuenta->text(), QString("Solo NIIF"));
+        otra_linea(p); // sin atributos en el 2649, nadie le pide tercero ni centro
+        QCOMPARE(p->CDetallen.RecordCount(), 2);
+        // con tercero en el 2649 y sin él en el NIIF, manda el 2649
+        linea(p, {"130505", "", "", "", "", "", "", "", "", "5"});
+        Interlocutor i;
+        i.espere("Debe indicar un NIT para el movimiento.");
+        otra_linea(p);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        p->CDetallen.Cancel();
+        // y en la página 2649 la cuenta que solo es NIIF no existe
+        oprima(Qt::Key_PageUp, Qt::ControlModifier);
+        i.espere("La cuenta especificada no existe. Desea Crearla?", "No");
+        linea(p, {"130599"});
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(celda(p, "CUEN_COD"), QString());
+    }
+
+    void tercero_centro_y_articulo_se_validan_sin_ofrecer_crearlos() {
+        SesionGui s;
+        Digitador d(s);
+        Tfplantilla* p = nueva(s, "x");
+        Interlocutor i;
+        i.espere("Tercero Inactivo o no encontrado.");
+        linea(p, {"130505", "19876543"});
+        QCOMPARE(celda(p, "TERC_NIT"), QString());
+        linea(p, {"900123456"}, 1);
+        QCOMPARE(p->lineas_2649->NomTerc->text(), QString("Ferretería El Tornillo S.A.S."));
+        i.espere("Proyecto-Centro no encontrado."); // uno solo: la validación va primero
+        linea(p, {"413505", "", "0001", "0099"});
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(celda(p, "CENT_COD"), QString());
+        linea(p, {"0001", "0002"}, 2);
+        QCOMPARE(p->lineas_2649->NomCent->text(), QString("Contabilidad"));
+        // la línea que sigue recuerda el tercero de la anterior
+        linea(p, {"", "", "", "", "", "", "", "", "", "9"});
+        otra_linea(p);
+        linea(p, {"130505"});
+        QCOMPARE(celda(p, "TERC_NIT"), QString("900123456"));
+        // el panel del artículo es de la línea
+        p->lineas_2649->rejilla->SelectedIndex(0);
+        digite("143505");
+        oprima(Qt::Key_Return);
+        QVERIFY(p->GroupBox2->isVisible() && p->EArticod->hasFocus());
+        QCOMPARE(p->GroupBox2->title(), QString("Artículo del inventario "));
+        s.cnt.articulo_seleccion = "MART01";
+        p->FormActivate();
+        QCOMPARE(p->Edit7->text(), QString("Martillo"));
+        QCOMPARE(celda(p, "ARTI_COD") + celda(p, "ArtiDes"), QString("MART01Martillo"));
+        componente<QPushButton>(p, "SpeedButton3").click();
+        QVERIFY(p->GroupBox2->isHidden());
+        p->lineas_2649->rejilla->setFocus();
+        p->lineas_2649->rejilla->SelectedIndex(0);
+        oprima(Qt::Key_Return); // de nuevo, ya con artículo: código y descripción
+        QCOMPARE(p->EArticod->text() + p->Edit7->text(), QString("MART01Martillo"));
+        p->lineas_2649->rejilla->setFocus();
+        p->lineas_2649->rejilla->SelectedIndex(0);
+        digite("152405");
+        oprima(Qt::Key_Return);
+        QCOMPARE(p->GroupBox2->title(), QString("Activo fijo"));
+        p->lineas_2649->rejilla->setFocus();
+        // una cuenta de documento no tiene panel
+        p->lineas_2649->rejilla->SelectedIndex(0);
+        digite("130505");
+        oprima(Qt::Key_Return);
+        QVERIFY(p->GroupBox2->isHidden());
+    }
+
+    void las_teclas_abren_las_busquedas_y_sus_selecciones_llegan_a_la_linea() {
+        SesionGui s;
+        Digitador d(s);
+        QStringList abiertas;
+        for (const char* n : {"Tfterceros", "Tfcentros", "Tfcuentas", "Tfauxiliar",
+                              "Tfauxiliarniif", "Tfcuentasniif"})
+            registre_testigo(n, [&abiertas, n] { abiertas << n; });
+        Tfplantilla* p = nueva(s, "x");
+        linea(p, {"510506"});
+        oprima(Qt::Key_F6);
+        s.ter.tercero_seleccion = "52345678";
+        s.escritorio.activa()->close();
+        QCOMPARE(celda(p, "TERC_NIT"), QString("52345678"));
+        oprima(Qt::Key_F7);
+        s.cnt.proyecto_seleccion = "0001";
+        s.cnt.centro_seleccion = "0001";
+        s.escritorio.activa()->close();
+        QCOMPARE(celda(p, "PROY_COD") + celda(p, "CENT_COD"), QString("00010001"));
+        oprima(Qt::Key_F8);
+        QCOMPARE(s.cnt.cuenta_auxiliar, QString("510506"));
+        s.escritorio.activa()->close();
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        linea(p, {"110505"});
+        oprima(Qt::Key_F8);
+        QCOMPARE(s.cnt.cuenta_auxiliar, QString("110505"));
+        s.escritorio.activa()->close();
+        oprima(Qt::Key_F9); // Tfcuentas también en la página NIIF
+        s.cnt.cuenta_seleccion = "111005";
+        s.escritorio.activa()->close();
+        QCOMPARE(celda(p, "CUEN_COD"), QString("111005"));
+        p->lineas_niif->rejilla->OnDblClick(0);
+        s.escritorio.activa()->close();
+        for (int columna : {5, 9, 10})
+            p->lineas_niif->rejilla->OnDblClick(columna); // nada
+        p->lineas_niif->rejilla->setFocus();
+        linea(p, {"?caja"});
+        QCOMPARE(s.cnt.texto_busqueda, QString("caja"));
+        QCOMPARE(abiertas, QStringList({"Tfterceros", "Tfcentros", "Tfauxiliar", "Tfauxiliarniif",
+                                        "Tfcuentas", "Tfcuentas", "Tfcuentasniif"}));
+        s.escritorio.activa()->close();
+        QCOMPARE(p->lineas_2649->rejilla->nombre_archivo, QString("Plantillas"));
+    }
+
+    void salir_con_lineas_pregunta_y_sin_un_si_se_queda() {
+        SesionGui s;
+        Digitador d(s);
+        Tfplantilla* p = nueva(s, "x");
+        linea(p, {"110505", ""});
+        p->CDetalle.Post();
+        for (const char* respuesta : {"No", "", "Sí"}) {
+            Interlocutor i;
+            i.espere(kSalir, respuesta);
+            p->EConcepto->setFocus();
+            oprima(Qt::Key_Escape);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(s.escritorio.abiertas().isEmpty(), QString(respuesta) == "Sí");
+        }
+        QCOMPARE(s.dato("select count(*) from plantilla_encabezado"), QString("0"));
+    }
+
+    // ------------------------------------------------------------ editar
+
+    void editar_sigue_los_contadores_y_graba_lo_cambiado() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_plantilla(s, 8, "RC", "0002", "Abono", "R-1", {"110505:50:0", "310505:0:50"});
+        ponga_plantilla(s, 8, "", "", "", "", {"110505:1:0", "110505:2:0", "310505:0:3"}, "_niif");
+        ponga_plantilla(s, 3, "CG", "0001", "Otra", "");
+        Tfedtplantilla* p = edite(s, "8");
+        QVERIFY(p);
+        QVERIFY(s.cnt.plantilla_seleccion.isEmpty());
+        QCOMPARE(p->CMovimiento.FieldByName("PLAN_ID").texto(), QString("8"));
+        QVERIFY(p->CMovimiento.editando());
+        QCOMPARE(p->LPref->count(), 2);
+        QCOMPARE(p->LPref->valor().texto(), QString("0002"));
+        QCOMPARE(p->lineas_2649->NomCuenta->text(), QString("Caja general"));
+        QCOMPARE(p->lineas_2649->SumCred->text(), QString("50.00"));
+        QCOMPARE(p->lineas_2649->rejilla->nombre_archivo, QString("EdPlantillas"));
+        p->lineas_2649->rejilla->setFocus();
+        otra_linea(p);
+        otra_linea(p);
+        linea(p, {"111005", "", "", "", "", "", "", "", "", "4"});
+        QCOMPARE(celda(p, "PLDE_ITEM"), QString("3"));
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        for (int i = 0; i < 3; ++i)
+            otra_linea(p);
+        linea(p, {"111005"});
+        QCOMPARE(celda(p, "PLDE_ITEM"), QString("4"));
+        oprima(Qt::Key_F2);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select list(plde_item || cuen_cod) from plantilla_detalle"),
+                 QString("1110505,2310505,3111005"));
+        QCOMPARE(s.dato("select count(*) from plantilla_detalle_niif"), QString("4"));
+        QCOMPARE(s.dato("select plan_usuario from plantilla_encabezado where plan_id = 8"),
+                 QString("ADMIN"));
+        QCOMPARE(s.dato("select plan_usuario from plantilla_encabezado where plan_id = 3"),
+                 QString("OTRO"));
+        // sin cambios sale callado; con ellos pregunta
+        p = edite(s, "8");
+        oprima(Qt::Key_Escape);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        p = edite(s, "8");
+        p->EConcepto->setFocus();
+        p->EConcepto->selectAll();
+        digite("Cambio");
+        oprima(Qt::Key_Tab);
+        Interlocutor i;
+        for (const char* respuesta : {"No", "Sí"}) {
+            i.espere(kSalir, respuesta);
+            p->LPref->setFocus();
+            oprima(Qt::Key_Escape);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select plan_concepto from plantilla_encabezado where plan_id = 8"),
+                 QString("Abono"));
+        i.espere("No se encontró la plantilla solicitada.");
+        QVERIFY(!edite(s, "99"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void borrar_desde_la_edicion_nombra_la_plantilla_cero() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_plantilla(s, 8, "CG", "0001", "Abono", "", {"110505:50:0"});
+        Tfedtplantilla* p = edite(s, "8");
+        Interlocutor i;
+        i.espere("Desea borrar definitivamente la plantilla 0?", "Sí");
+        oprima(Qt::Key_F3);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abierta("Tfedtplantilla"));
+        QCOMPARE(s.dato("select count(*) from plantilla_encabezado"), QString("1"));
+        // volver a activarla con una selección también busca la cero, y la deja en blanco
+        s.cnt.plantilla_seleccion = "8";
+        p->FormActivate();
+        QVERIFY(p->CMovimiento.editando());
+        QVERIFY(p->CMovimiento.FieldByName("PLAN_CONCEPTO").vacio());
+        QCOMPARE(s.cnt.plantilla_seleccion, QString("8"));
+        p->close();
+        QCOMPARE(s.dato("select count(*) from plantilla_detalle"), QString("1"));
+    }
+
+    // ------------------------------------------------------------ buscar
+
+    void la_lista_busca_al_abrir_y_filtra_por_tipo_prefijo_concepto_y_referencia() {
+        SesionGui s;
+        Digitador d(s);
+        const struct {
+            int id;
+            const char *tipo, *prefijo, *concepto, *refer;
+        } filas[] = {{1, "RC", "0002", "Arriendo recibido", "A-1"},
+                     {2, "CG", "0001", "Arriendo pagado", "A-2"},
+                     {3, "RC", "0001", "Abono", "B-1"},
+                     {4, "RC", "0002", "Abono", "A-3"}};
+        for (const auto& f : filas)
+            ponga_plantilla(s, f.id, f.tipo, f.prefijo, f.concepto, f.refer);
+        s.dm.modo_mantenimiento = true;
+        auto* p = s.abra<Tfbuscplantilla>("Tfbuscplantilla");
+        QVERIFY(!s.dm.modo_mantenimiento);
+        QCOMPARE(ids(p), QString("2,3,1,4"));
+        const struct {
+            const char *caja, *texto;
+            std::function<bool(const decltype(filas[0])&)> cumple;
+        } filtros[] = {
+            {"TPref", "0002", [](const auto& f) { return !qstrcmp(f.prefijo, "0002"); }},
+            {"TConc", "bono",
+             [](const auto& f) { return QByteArray(f.concepto).contains("bono"); }},
+            {"TRef", "A-", [](const auto& f) { return QByteArray(f.refer).contains("A-"); }}};
+        auto& tipos = componente<ListaDato>(p, "LTipo");
+        escoja(tipos, "Recibo de caja");
+        for (int mascara = 0; mascara < 8; ++mascara) {
+            QStringList esperados;
+            for (const auto& f : filas) {
+                bool entra = !qstrcmp(f.tipo, "RC");
+                for (int k = 0; k < 3; ++k)
+                    entra = entra && (!(mascara >> k & 1) || filtros[k].cumple(f));
+                if (entra)
+                    esperados << QString::number(f.id);
+            }
+            for (int k = 0; k < 3; ++k)
+                llene(p, filtros[k].caja, mascara >> k & 1 ? filtros[k].texto : "");
+            busque(p);
+            QStringList salieron = ids(p).split(',', Qt::SkipEmptyParts);
+            salieron.sort();
+            QCOMPARE(salieron, esperados);
+        }
+        // con todos los tipos solo cabe un filtro
+        escoja(tipos, "Todos");
+        llene(p, "TPref", "");
+        llene(p, "TConc", "Arriendo");
+        llene(p, "TRef", "");
+        oprima(Qt::Key_Backspace);
+        llene(p, "TConc", "Arriendo");
+        oprima(Qt::Key_Return); // con texto sin buscar, Enter busca y no escoge
+        QCOMPARE(ids(p), QString("2,1"));
+        llene(p, "TRef", "A");
+        Interlocutor i;
+        i.espere_modal("dialogo", [](QWidget* modal) { modal->close(); });
+        busque(p);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(!lista(p).Active());
+        llene(p, "TRef", "");
+        llene(p, "TConc", "");
+        busque(p);
+        // el título ordena volviendo a consultar
+        p->DBGridEh1->OnTitleClick(lista(p).FieldByName("PLAN_CONCEPTO"));
+        QCOMPARE(ids(p).right(3), QString("2,1"));
+        oprima(Qt::Key_F12, Qt::ShiftModifier);
+        QVERIFY(tipos.hasFocus());
+    }
+
+    void las_teclas_de_la_lista_crean_modifican_y_borran_con_sus_derechos() {
+        SesionGui s("AUXILIAR");
+        Digitador d(s);
+        ponga_plantilla(s, 4, "CG", "0001", "Arriendo", "", {"110505:50:0"});
+        ponga_plantilla(s, 4, "", "", "", "", {"110505:50:0"}, "_niif");
+        s.dm.modo_mantenimiento = true;
+        Pantalla* p = pantallas().abrir("Tfbuscplantilla");
+        QCOMPARE(componente<QPushButton>(p, "SpeedButton1").text(), QString("F5: Nueva"));
+        Interlocutor i;
+        oprima(Qt::Key_F5); // la tecla del letrero no hace nada
+        i.espere(kAccesoNegado);
+        oprima(Qt::Key_F6);
+        i.espere(kAccesoNegado);
+        oprima(Qt::Key_F3);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.escritorio.abiertas(), QVector<Pantalla*>({p}));
+        s.otorgue(40);
+        s.otorgue(42);
+        oprima(Qt::Key_F6);
+        QVERIFY(s.escritorio.abierta("Tfplantilla"));
+        s.escritorio.activa()->close();
+        oprima(Qt::Key_F4);
+        auto* e = qobject_cast<Tfedtplantilla*>(s.escritorio.abierta("Tfedtplantilla"));
+        QVERIFY(e);
+        e->EConcepto->setFocus();
+        oprima(Qt::Key_End);
+        digite(" mensual");
+        oprima(Qt::Key_F2);
+        QCOMPARE(lista(p).FieldByName("PLAN_CONCEPTO").texto(), QString("Arriendo mensual"));
+        componente<Rejilla>(p, "DBGridEh1").OnDblClick(0); // en mantenimiento, edita
+        QVERIFY(s.escritorio.abierta("Tfedtplantilla"));
+        s.escritorio.activa()->close();
+        for (const char* respuesta : {"No", "Sí"}) {
+            i.espere("Desea borrar definitivamente la plantilla 4?", respuesta);
+            con_foco();
+            componente<Rejilla>(p, "DBGridEh1").setFocus();
+            oprima(Qt::Key_F3);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        QCOMPARE(ids(p), QString());
+        QCOMPARE(s.dato("select (select count(*) from plantilla_detalle) + (select count(*) from "
+                        "plantilla_detalle_niif) from rdb$database"),
+                 QString("0"));
+        p->close();
+        s.niegue(41);
+        i.espere(kAccesoNegado);
+        QVERIFY(!pantallas().abrir("Tfbuscplantilla"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void el_comprobante_escoge_una_plantilla_con_f11_y_descuadrada_no_se_graba() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_plantilla(s, 4, "CG", "0001", "Arriendo", "ARR", {"110505:50:0", "310505:0:40"});
+        Tfmovimien* m = d.abra();
+        oprima(Qt::Key_F11);
+        Pantalla* p = s.escritorio.abierta("Tfbuscplantilla");
+        QVERIFY(p);
+        oprima(Qt::Key_Return);
+        QVERIFY(!s.escritorio.abierta("Tfbuscplantilla"));
+        QVERIFY(s.cnt.plantilla_seleccion.isEmpty());
+        QCOMPARE(m->DBEdit1->text(), QString("Arriendo"));
+        QCOMPARE(m->CDetalle.RecordCount(), 2);
+        Interlocutor i;
+        i.espere("No puede grabar un comprobante descuadrado");
+        d.rejilla().setFocus();
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        m->CMovimiento.CancelUpdates();
+        m->close();
+
+        // en mantenimiento Enter también escoge, y la toma el próximo comprobante que se active
+        s.dm.modo_mantenimiento = true;
+        pantallas().abrir("Tfbuscplantilla");
+        oprima(Qt::Key_Return);
+        QCOMPARE(s.cnt.plantilla_seleccion, QString("4"));
+        m = d.abra();
+        QCOMPARE(m->CDetalle.RecordCount(), 2);
+        m->CMovimiento.CancelUpdates();
+        m->close();
+        // como selector, el doble clic escoge
+        auto* lista = s.abra<Tfbuscplantilla>("Tfbuscplantilla");
+        lista->DBGridEh1->OnDblClick(0);
+        QCOMPARE(s.cnt.plantilla_seleccion, QString("4"));
+    }
+
+    void en_la_edicion_los_items_de_la_plantilla_cuentan_desde_uno_sobre_los_que_quedan() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_plantilla(s, 4, "CG", "0001", "Arriendo", "", {"111005:50:0", "240805:0:50"});
+        ponga_comprobante(s, 1, "000021", "20170315",
+                          {"110505:100:0", "310505:0:100", "110505:1:0"});
+        s.cnt.comprobante_encontrado = "1";
+        auto* e = s.abra<Tfedtmovimien>("Tfedtmovimien");
+        e->CDetalle.First();
+        e->CDetalle.Next();
+        e->CDetalle.Next();
+        pantallas().abrir("Tfbuscplantilla");
+        Interlocutor i;
+        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
+                 "Continuar?",
+                 "Sí");
+        oprima(Qt::Key_Return);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QStringList lineas;
+        for (int k = 0; k < e->CDetalle.RecordCount(); ++k)
+            lineas << e->CDetalle.valor_en(k, e->CDetalle.FieldByName("CODE_ITEM")).texto() + ':' +
+                          e->CDetalle.valor_en(k, e->CDetalle.FieldByName("CUEN_COD")).texto();
+        // quedan las de arriba de la actual, y las nuevas repiten sus números
+        QCOMPARE(lineas, QStringList({"1:110505", "2:310505", "1:111005", "2:240805"}));
+        e->CMovimiento.CancelUpdates();
+    }
+
+    void el_menu_abre_la_lista_en_mantenimiento() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_plantilla(s, 4, "CG", "0001", "Arriendo", "");
+        Pantalla* m = pantallas().abrir("Tfmnuplantilla");
+        QCOMPARE(componente<QPushButton>(m, "SBDigitacion").text(),
+                 QString("Digitación rápida   "));
+        componente<QPushButton>(m, "SBDigitacion").click();
+        QVERIFY(d.barra.text().contains("Tfbuscplanillasd"));
+        QVERIFY(!s.dm.modo_mantenimiento);
+        componente<QPushButton>(m, "SBPlantillas").setFocus();
+        oprima(Qt::Key_Return);
+        auto* p = qobject_cast<Tfbuscplantilla*>(s.escritorio.abierta("Tfbuscplantilla"));
+        QVERIFY(p);
+        p->DBGridEh1->OnDblClick(0);
+        QVERIFY(s.escritorio.abierta("Tfedtplantilla"));
+    }
+};
+
+QTEST_MAIN(PruebaPlantillas)
+#include "prueba_plantillas.moc"

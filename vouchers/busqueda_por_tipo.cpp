@@ -1,0 +1,75 @@
+#include "vouchers/busqueda_por_tipo.h"
+
+#include "vouchers/pch.h"
+
+BusquedaPorTipo::BusquedaPorTipo(const QString& clase, const QString& titulo, Sentencia& sentencia,
+                                 const QString& conjunto)
+    : Pantalla(clase, titulo), PTipodoc(this, "PTipodoc", &fdm().TTipocomp),
+      PBorrar(this, "PBorrar", &fdm().QBorrar, poAllowCommandText),
+      proveedor_(this, 'P' + conjunto.mid(1), &sentencia, poAllowCommandText),
+      CTipodoc(this, "CTipodoc", &PTipodoc), CVirtual(this, "CVirtual"),
+      CBorrar(this, "CBorrar", &PBorrar), conjunto_(this, conjunto, &proveedor_) {
+    CTipodoc.texto("TICO_COD", 3);
+    CTipodoc.texto("TICO_NOM", 60);
+    CVirtual.texto("TICO_COD", 3);
+    CVirtual.texto("TICO_NOM", 60);
+    CVirtual.IndexFieldNames("TICO_NOM");
+}
+
+void BusquedaPorTipo::construya_filtros(const QVector<FiltroTexto>& filtros,
+                                        const char* nombre_boton, bool con_fila) {
+    filtros_ = new FiltrosBusqueda(CVirtual, filtros, nombre_boton, con_fila, this);
+}
+
+Rejilla* BusquedaPorTipo::rejilla(const char* nombre, const QVector<DefinicionColumna>& columnas,
+                                  const QString& archivo, Rejilla::Orden orden_imprimir) {
+    auto* r = new Rejilla(this, &conjunto_);
+    r->setObjectName(nombre);
+    r->setAccessibleName(windowTitle());
+    r->columnas(columnas);
+    r->ReadOnly = true;
+    r->nombre_archivo = archivo;
+    r->titulo_impreso = windowTitle() + "  %[Today]";
+    r->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, orden_imprimir, Rejilla::Guardar});
+    return r;
+}
+
+void BusquedaPorTipo::abra_tipos() {
+    fdm().ConfigurarProviders(this);
+    CTipodoc.Open();
+    CVirtual.CreateDataSet();
+    const auto agregue = [this](const QString& codigo, const QString& nombre) {
+        CVirtual.Append();
+        CVirtual.FieldByName("TICO_COD") = codigo;
+        CVirtual.FieldByName("TICO_NOM") = nombre;
+        CVirtual.Post();
+    };
+    agregue(FiltrosBusqueda::kTodos, "Todos");
+    for (CTipodoc.First(); !CTipodoc.Eof(); CTipodoc.Next())
+        agregue(CTipodoc.FieldByName("TICO_COD").texto(), CTipodoc.FieldByName("TICO_NOM").texto());
+    filtros_->escoja_tipo(FiltrosBusqueda::kTodos);
+}
+
+void BusquedaPorTipo::compone_query() {
+    condicion_ = filtros_->condicion(condicion_base_, columna_tipo_);
+}
+
+void BusquedaPorTipo::busque(const QString& orden) {
+    compone_query();
+    conjunto_.Open(fijo_ + condicion_ + orden);
+}
+
+QString BusquedaPorTipo::dato(const char* campo) const {
+    return conjunto_.FieldByName(campo).texto();
+}
+
+void BusquedaPorTipo::editar_comprobante(const QString& id) {
+    fdmcnt().comprobante_encontrado = id;
+    pantallas().abrir("Tfedtmovimien");
+}
+
+bool BusquedaPorTipo::FormClose() {
+    conjunto_.Close();
+    return true;
+}

@@ -1,0 +1,93 @@
+#include "vouchers/filtros_busqueda.h"
+
+#include "toolkit/estilo.h"
+#include "vouchers/pch.h"
+
+#include <QKeyEvent>
+
+FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto>& filtros,
+                                 const char* nombre_boton, bool con_fila, QWidget* padre)
+    : QWidget(padre), tipos_(tipos), filtros_(filtros) {
+    LTipo = new ListaDato(this);
+    LTipo->setObjectName("LTipo");
+    LTipo->lista_de(&tipos, "TICO_COD", "TICO_NOM");
+    buscar = new QPushButton(icono("edit-find"), "&Buscar", this);
+    buscar->setObjectName(nombre_boton);
+    buscar->setAutoDefault(false);
+    QVector<Formulario::Par> pares{{"Tipo", LTipo}};
+    for (const FiltroTexto& f : filtros_) {
+        auto* caja = new QLineEdit(this);
+        caja->setObjectName(f.nombre);
+        caja->setMaxLength(f.ancho);
+        caja->setMinimumWidth(ancho_caracteres(fontMetrics(), qMin(f.ancho, 24) + 2));
+        caja->installEventFilter(this);
+        connect(caja, &QLineEdit::textEdited, this, [this] { pendiente_ = true; });
+        cajas_ << caja;
+        pares.append({QString::fromUtf8(f.rotulo), caja});
+    }
+    QWidget*& ultimo = pares.last().control;
+    if (con_fila) {
+        ckfiltro = new QCheckBox("Habilitar filtros", this);
+        ckfiltro->setObjectName("ckfiltro");
+        ultimo = Formulario::junto({ultimo, buscar, ckfiltro});
+    } else {
+        ultimo = Formulario::junto({ultimo, buscar});
+    }
+    constexpr int kPorFila = 4;
+    while (pares.size() % kPorFila != 0)
+        pares.append({"", new QWidget(this)});
+    Formulario formulario(this);
+    for (int i = 0; i < pares.size(); i += kPorFila)
+        formulario.fila({pares[i], pares[i + 1], pares[i + 2], pares[i + 3]});
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(buscar, &QPushButton::clicked, this, [this] { busque(); });
+}
+
+QLineEdit* FiltrosBusqueda::caja(const char* nombre) const {
+    return findChild<QLineEdit*>(QLatin1String(nombre));
+}
+
+void FiltrosBusqueda::escoja_tipo(const QString& codigo) {
+    const Campo& llave = tipos_.FieldByName("TICO_COD");
+    for (int i = 0; i < tipos_.RecordCount(); ++i)
+        if (tipos_.valor_en(i, llave).texto() == codigo.trimmed()) {
+            LTipo->relea();
+            LTipo->setCurrentIndex(i);
+        }
+}
+
+QString FiltrosBusqueda::condicion(const QString& base, const QString& columna_tipo) const {
+    QString texto = base;
+    bool hay_where = !base.isEmpty();
+    const QString tipo = LTipo->valor().texto();
+    if (!tipo.isEmpty() && tipo != kTodos) {
+        texto += (hay_where ? "and " : " where ") + columna_tipo + " = " + QuotedStr(tipo) + ' ';
+        hay_where = true;
+    }
+    // Solo el tipo cuenta como un where ya puesto: con todos los tipos y dos cajas llenas el texto
+    // lo trae dos veces y la base lo rehúsa.
+    for (int i = 0; i < filtros_.size(); ++i)
+        if (const QString valor = cajas_[i]->text(); !valor.isEmpty())
+            texto += (hay_where ? "and " : "where ") + QLatin1String(filtros_[i].antes) + valor +
+                     QLatin1String(filtros_[i].despues);
+    return texto;
+}
+
+void FiltrosBusqueda::busque() {
+    pendiente_ = false;
+    if (al_buscar)
+        proteja(al_buscar);
+}
+
+bool FiltrosBusqueda::reclama(const QKeyEvent& evento) {
+    const bool enter = evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
+    return enter && pendiente_ && cajas_.contains(qobject_cast<QLineEdit*>(focusWidget()));
+}
+
+bool FiltrosBusqueda::eventFilter(QObject* objeto, QEvent* evento) {
+    if (evento->type() == QEvent::KeyPress && reclama(*static_cast<QKeyEvent*>(evento))) {
+        busque();
+        return true;
+    }
+    return QWidget::eventFilter(objeto, evento);
+}

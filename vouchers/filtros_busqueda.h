@@ -1,0 +1,58 @@
+#pragma once
+// Filtros de las listas de comprobantes y plantillas: el tipo y unas cajas de texto.
+#include "toolkit/pantalla.h"
+
+#include <QVector>
+
+class ConjuntoDatos;
+class ListaDato;
+class QCheckBox;
+class QLineEdit;
+class QPushButton;
+
+/// Caja de la que sale una condición: `antes` + lo digitado + `despues`.
+struct FiltroTexto {
+    const char* nombre;
+    const char* rotulo;
+    int ancho; ///< caracteres que admite
+    const char* antes;
+    const char* despues = "' ";
+};
+
+/// Con texto sin buscar, Enter en una caja busca en vez de lo que haga la pantalla.
+class FiltrosBusqueda : public QWidget, public ReclamaTeclas {
+    Q_OBJECT
+public:
+    /// Valor de LTipo que no filtra.
+    static constexpr const char* kTodos = "__";
+
+    /// `tipos` tiene TICO_COD y TICO_NOM y se abre después. Sin `con_fila` no hay ckfiltro.
+    FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto>& filtros,
+                    const char* nombre_boton, bool con_fila, QWidget* padre);
+
+    ListaDato* LTipo;
+    QPushButton* buscar;
+    QCheckBox* ckfiltro = nullptr; ///< "Habilitar filtros"
+    QLineEdit* caja(const char* nombre) const;
+
+    /// Deja escogido el tipo si está en la lista.
+    void escoja_tipo(const QString& codigo);
+    /// `base` con las condiciones de los controles llenos; `columna_tipo` es la del tipo. Lo
+    /// digitado va sin doblar comillas: una suelta es una falla de la base.
+    QString condicion(const QString& base, const QString& columna_tipo) const;
+
+    std::function<void()> al_buscar;
+
+    bool reclama(const QKeyEvent& evento) override;
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+private:
+    void busque();
+
+    ConjuntoDatos& tipos_;
+    QVector<FiltroTexto> filtros_;
+    QVector<QLineEdit*> cajas_;
+    bool pendiente_ = false;
+};

@@ -1,0 +1,97 @@
+#include "vouchers/lineas_plantilla.h"
+
+#include "vouchers/pch.h"
+#include "vouchers/piezas.h"
+
+namespace {
+
+const CamposLinea kDePlantilla{
+    "PLDE_ITEM",    "PLDE_CONCEPTO", "PLDE_REFER", "PLDE_BASE",     "PLDE_PORC",
+    "PLDE_DEBITOS", "PLDE_CREDITOS", nullptr,      "PLAN_CONCEPTO", "PLAN_REFER",
+    "DifDeb",       "DifCred",       "DifDebN",    "DifCredN",      false};
+
+EditorDato* solo_muestra(ConjuntoDatos& detalle, const char* campo) {
+    auto* e = nombrado(new EditorDato(&detalle, campo), campo);
+    e->ReadOnly(true);
+    e->setFocusPolicy(Qt::NoFocus);
+    return e;
+}
+
+} // namespace
+
+LineasPlantilla::LineasPlantilla(Libro l, AnfitrionLineas& anfitrion, ConjuntoDatos& d,
+                                 ConjuntoDatos& consulta, MemoriasLinea& memorias,
+                                 const AjustesLinea& ajustes, QObject* dueno)
+    : LineasLibro(l, kDePlantilla, anfitrion, d, consulta, memorias, ajustes, dueno) {
+    siempre_recuerda_tercero = true; // el encabezado no tiene tercero
+}
+
+void LineasPlantilla::defina_campos(ConjuntoDatos& d) {
+    d.entero("PLAN_ID").requerido();
+    d.entero("PLDE_ITEM").requerido();
+    d.texto("CUEN_COD", 20);
+    d.texto("PLDE_CONCEPTO", 60);
+    d.texto("PLDE_REFER", 8);
+    for (const char* monto : {"PLDE_DEBITOS", "PLDE_CREDITOS", "PLDE_BASE"})
+        d.decimal(monto).formato("#,###.00");
+    d.texto("TERC_NIT", 20);
+    d.texto("PROY_COD", 4);
+    d.texto("CENT_COD", 4);
+    d.decimal("PLDE_PORC").formato("#,##0.####");
+    d.texto("ARTI_COD", 15);
+    d.texto("CONC_COD", 4);
+    d.calculado("ArtiDes", ClaseCampo::Texto, 60);
+    d.calculado("CateNom", ClaseCampo::Texto, 60);
+    defina_sumas(d, {kDePlantilla.debito, kDePlantilla.credito});
+}
+
+void LineasPlantilla::complete(Formulario& f) {
+    f.fila({{"Categoría", solo_muestra(detalle, "CateNom")},
+            {"Artículo", solo_muestra(detalle, "ArtiDes")}});
+}
+
+const char* LineasPlantilla::tabla_atributos() const {
+    return datos(Libro::Decreto2649).cuentas;
+}
+
+void LineasPlantilla::AfterInsert() {
+    campo(c_.item) = ++item;
+    for (const char* monto : {c_.debito, c_.credito, c_.base, c_.porcentaje})
+        campo(monto) = Moneda();
+    vacie_nombres();
+}
+
+void LineasPlantilla::validar_tercero() {
+    const QString nit = campo("TERC_NIT").texto();
+    if (nit.isEmpty())
+        return;
+    if (fdmter().valide_tercero(nit)) {
+        NomTerc->setText(fdmter().nom_tercero(nit));
+        return;
+    }
+    NomTerc->clear();
+    if (en_edicion())
+        campo("TERC_NIT").limpie();
+}
+
+void LineasPlantilla::validar_centro() {
+    const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
+    if (proyecto.isEmpty() || centro.isEmpty())
+        return;
+    if (!fdmcnt().valide_centro(proyecto, centro)) {
+        if (en_edicion())
+            campo("CENT_COD").limpie();
+        return;
+    }
+    NomProy->setText(fdmcnt().nom_centro(proyecto));
+    NomCent->setText(fdmcnt().nom_subcentro(proyecto, centro));
+}
+
+void LineasPlantilla::base_cambiada() {
+    if (en_edicion() && !cuenta().isEmpty())
+        aplique_porcentaje();
+}
+
+Moneda LineasPlantilla::retencion(Moneda base, Moneda porcentaje) const {
+    return Moneda::porcentaje(base, porcentaje);
+}

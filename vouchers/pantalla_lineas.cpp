@@ -1,0 +1,211 @@
+#include "vouchers/pantalla_lineas.h"
+
+#include "core/apertura.h"
+#include "vouchers/pch.h"
+#include "vouchers/piezas.h"
+
+PantallaLineas::PantallaLineas(const QString& clase, const QString& titulo,
+                               const QString& detalle_niif)
+    : Pantalla(clase, titulo), PBorrar(this, "PBorrar", &fdm().QBorrar, poAllowCommandText),
+      PTipodoc(this, "PTipodoc", &fdm().TTipocomp),
+      PCategoria(this, "PCategoria", &fdmcnt().TConceptoconta), CBorrar(this, "CBorrar", &PBorrar),
+      CDetalle(this, "CDetalle"), Cdetniif(this, detalle_niif),
+      CTipodoc(this, "CTipodoc", &PTipodoc), CCategoria(this, "CCategoria", &PCategoria) {
+    CTipodoc.texto("TICO_COD", 3);
+    CTipodoc.texto("TICO_NOM", 60);
+    CCategoria.texto("CONC_COD", 6);
+    CCategoria.texto("CONC_NOMBRE", 60);
+}
+
+PantallaLineas::~PantallaLineas() = default;
+
+LineasLibro& PantallaLineas::lineas_a_la_vista() const {
+    return PageControl1->currentIndex() == 1 ? *lineas_niif : *lineas_2649;
+}
+
+void PantallaLineas::abra_pagina_inicial() {
+    const bool decreto =
+        fdm().configuracion("CONTABILIDAD", "GENERAL",
+                            "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
+                            "HACER CONSULTAS") == "2649";
+    PageControl1->setCurrentIndex(decreto ? 0 : 1);
+}
+
+// ---------------------------------------------------------------- páginas y rejillas
+
+void PantallaLineas::construya_paginas() {
+    PageControl1 = new QTabWidget;
+    PageControl1->setObjectName("PageControl1");
+    PageControl1->tabBar()->setFocusPolicy(Qt::NoFocus); // de página a página con Ctrl+Av/Re Pág
+    PageControl1->setFocusPolicy(Qt::NoFocus);
+    PageControl1->addTab(lineas_2649->construya_pagina(), "Dec. 2649");
+    PageControl1->addTab(lineas_niif->construya_pagina(), "NIIF");
+    connect(PageControl1, &QTabWidget::currentChanged, this,
+            [this](int pagina) { proteja([this, pagina] { pagina_cambiada(pagina); }); });
+}
+
+void PantallaLineas::ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo) {
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        l->ate_eventos();
+        Rejilla* r = l->rejilla;
+        const Libro libro = l->libro;
+        r->OnEnter = [this] { en_grilla = true; };
+        r->OnExit = [this] { en_grilla = false; };
+        r->OnDblClick = [this, libro](int columna) { DBGridDblClick(libro, columna); };
+        l->arme_menu(menu, archivo, windowTitle());
+        r->al_ordenar(Rejilla::Pegar, [this, r] { pegue(*r); });
+    }
+    // Solo la rejilla 2649 se queda con Esc para cancelar su fila; en la otra sale de la pantalla.
+    lineas_niif->rejilla->reclama_escape = false;
+}
+
+void PantallaLineas::declare_teclas_comunes(QWidget* anterior) {
+    auto* barra = findChild<BarraBotones*>("barra");
+    SBGrabar = barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
+                            [this] { SBGrabarClick(); });
+    barra->principal(SBGrabar);
+    SBCancel = barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
+                            [this] { SBCancelClick(); });
+    // Del encabezado se pasa a la rejilla de la página a la vista, y de ella a los botones.
+    QWidget::setTabOrder(anterior, lineas_2649->rejilla);
+    QWidget::setTabOrder(lineas_2649->rejilla, lineas_niif->rejilla);
+    QWidget::setTabOrder(lineas_niif->rejilla, SBGrabar);
+    tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas_a_la_vista().sugiera_db_cr(); });
+    // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
+    const auto busque = [this](int clave, const char* pantalla) {
+        tecla(
+            clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
+    };
+    const auto pagina = [this](int clave, int indice) {
+        tecla(clave, Qt::ControlModifier, "PageControl1",
+              [this, indice] { PageControl1->setCurrentIndex(indice); });
+    };
+    pagina(Qt::Key_PageDown, 1);
+    pagina(Qt::Key_PageUp, 0);
+    busque(Qt::Key_F6, "Tfterceros");
+    busque(Qt::Key_F7, "Tfcentros");
+}
+
+void PantallaLineas::DBGridDblClick(Libro libro, int columna) {
+    switch (columna) {
+    case 0:
+        pantallas().abrir(pantalla_cuentas(libro));
+        break;
+    case 1:
+        pantallas().abrir("Tfterceros");
+        break;
+    case 2:
+    case 3:
+        pantallas().abrir("Tfcentros");
+        break;
+    default:
+        break;
+    }
+}
+
+void PantallaLineas::LTipoEnter() {
+    ConjuntoDatos& e = encabezado();
+    if (!e.Active() || !e.FieldByName("TICO_COD").vacio())
+        return;
+    e.Edit();
+    CTipodoc.First();
+    e.FieldByName("TICO_COD") =
+        tipo_anterior.isEmpty() ? CTipodoc.FieldByName("TICO_COD").texto() : tipo_anterior;
+}
+
+ConjuntoDatos& PantallaLineas::atributos(const LineasLibro& lineas, const char* columnas) {
+    CBorrar.Open(QStringLiteral("select %1 from %2 where cuen_cod = ")
+                     .arg(QLatin1String(columnas), QLatin1String(lineas.tabla_atributos())) +
+                 QuotedStr(lineas.detalle.FieldByName("CUEN_COD").texto()));
+    return CBorrar;
+}
+
+// ---------------------------------------------------------------- paneles
+
+void PantallaLineas::construya_panel_articulo(const char* nombre_descripcion) {
+    GroupBox2 = new PanelFlotante("GroupBox2", "Artículo del inventario ", this);
+    EArticod = nombrado(new QLineEdit, "EArticod");
+    EArticod->setReadOnly(true);
+    EArticod->installEventFilter(this);
+    descripcion_articulo = caja_de_lectura(nombre_descripcion, 40);
+    auto* buscar = nombrado(new QPushButton("..."), "SpeedButton6");
+    buscar->setAccessibleName("Buscar artículo o activo");
+    auto* continuar2 = nombrado(new QPushButton("Continuar"), "SpeedButton3");
+    Formulario f2(GroupBox2);
+    f2.fila({{"Código", Formulario::junto({EArticod, buscar})},
+             {"Descripción", descripcion_articulo},
+             {"", continuar2}});
+    connect(buscar, &QPushButton::clicked, this,
+            [this] { proteja([this] { SpeedButton6Click(); }); });
+    connect(continuar2, &QPushButton::clicked, this,
+            [this] { proteja([this] { SpeedButton3Click(); }); });
+    agregue_panel(GroupBox2);
+}
+
+void PantallaLineas::agregue_panel(PanelFlotante* panel, QWidget* destino) {
+    panel->flote_sobre(PageControl1);
+    panel->vuelve = [this, destino](bool tenia_foco) -> QWidget* {
+        if (destino)
+            return destino;
+        return tenia_foco ? lineas_a_la_vista().rejilla : nullptr;
+    };
+    paneles_.append(panel);
+}
+
+void PantallaLineas::resizeEvent(QResizeEvent* evento) {
+    Pantalla::resizeEvent(evento);
+    for (PanelFlotante* p : paneles_)
+        p->ubique();
+}
+
+void PantallaLineas::articulo_cambiado(Libro libro) {
+    const LineasLibro& l = libro == Libro::Niif ? *lineas_niif : *lineas_2649;
+    const bool inventario = atributos(l, "CUEN_TIPO").Fields(0).texto() == "I";
+    const QString articulo = l.detalle.FieldByName("ARTI_COD").texto();
+    descripcion_articulo->setText(inventario ? fdmArt().desc_articulo(articulo)
+                                             : fdmcnt().desc_activo(articulo));
+}
+
+void PantallaLineas::EArticodDblClick() {
+    abra_o_avise(atributos(lineas_a_la_vista(), "CUEN_TIPO").Fields(0).texto() == "I"
+                     ? "Tfarticulos"
+                     : "Tfactivos");
+}
+
+void PantallaLineas::SpeedButton6Click() {
+    abra_o_avise(GroupBox2->title() == "Activo fijo" ? "Tfactivos" : "Tfarticulos");
+}
+
+void PantallaLineas::SpeedButton3Click() {
+    LineasLibro& l = lineas_a_la_vista();
+    l.prepare_recepcion();
+    l.detalle.FieldByName("ARTI_COD") = EArticod->text();
+    GroupBox2->oculte();
+}
+
+bool PantallaLineas::eventFilter(QObject* objeto, QEvent* evento) {
+    if (objeto == EArticod && evento->type() == QEvent::MouseButtonDblClick) {
+        proteja([this] { EArticodDblClick(); });
+        return true;
+    }
+    return Pantalla::eventFilter(objeto, evento);
+}
+
+// ---------------------------------------------------------------- selecciones
+
+void PantallaLineas::atienda_lineas(bool en_linea) {
+    LineasLibro& l = lineas_a_la_vista();
+    const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
+    if (en_linea)
+        l.reciba_cuenta_y_centro();
+    if (en_linea && !fdmcnt().concepto_seleccion.isEmpty())
+        l.detalle.FieldByName("CONC_COD") = tome(fdmcnt().concepto_seleccion);
+    if (GroupBox2->isVisible()) {
+        for (QString* buzon : {&fdmcnt().articulo_seleccion, &fdmcnt().activo_seleccionado})
+            if (!buzon->isEmpty()) {
+                const QString codigo = tome(*buzon);
+                EArticod->setText(codigo);
+                l.reciba("ARTI_COD", codigo);
+            }
+    }
+}

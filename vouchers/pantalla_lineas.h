@@ -1,0 +1,82 @@
+#pragma once
+// Lo común a las pantallas que digitan líneas en los dos libros, sean de un comprobante o de una
+// plantilla: páginas, rejillas, teclas, el panel del artículo y la entrega de selecciones.
+#include "toolkit/pantalla.h"
+#include "toolkit/rejilla/rejilla.h"
+#include "vouchers/lineas_libro.h"
+#include "vouchers/panel_flotante.h"
+
+class BarraBotones;
+class ListaDato;
+class QPushButton;
+class QTabWidget;
+
+class PantallaLineas : public Pantalla, public AnfitrionLineas {
+    Q_OBJECT
+public:
+    ~PantallaLineas() override;
+
+    Proveedor PBorrar, PTipodoc, PCategoria;
+    ConjuntoDatos CBorrar, CDetalle, Cdetniif, CTipodoc, CCategoria;
+
+    ListaDato* LTipo = nullptr;
+    QTabWidget* PageControl1;
+    PanelFlotante* GroupBox2;
+    QLineEdit *EArticod, *descripcion_articulo;
+    QPushButton *SBGrabar = nullptr, *SBCancel = nullptr;
+
+    LineasLibro* lineas_2649 = nullptr;
+    LineasLibro* lineas_niif = nullptr;
+    LineasLibro& lineas_a_la_vista() const;
+
+    void articulo_cambiado(Libro libro) override;
+
+protected:
+    /// `detalle_niif`: nombre del conjunto de líneas NIIF. La pantalla anida los dos detalles en su
+    /// encabezado y crea sus líneas.
+    PantallaLineas(const QString& clase, const QString& titulo, const QString& detalle_niif);
+
+    QString tipo_anterior;
+    bool en_grilla = false;
+    MemoriasLinea memorias;
+    AjustesLinea ajustes;
+
+    /// Páginas de los dos libros; la pantalla las pone en su formulario.
+    void construya_paginas();
+    /// Eventos y menú emergente de las rejillas, con el nombre de archivo que proponen.
+    void ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo);
+    void construya_panel_articulo(const char* nombre_descripcion);
+    /// El panel flota sobre las páginas. Al ocultarse el foco va a `destino`, o a la rejilla a la
+    /// vista si el panel lo tenía.
+    void agregue_panel(PanelFlotante* panel, QWidget* destino = nullptr);
+    /// SBGrabar, SBCancel y las teclas que son las mismas; `anterior` precede a las rejillas con
+    /// Tab.
+    void declare_teclas_comunes(QWidget* anterior);
+    void abra_pagina_inicial();
+    /// Con el tipo vacío propone el anterior o el primero.
+    void LTipoEnter();
+    /// Cuenta, proyecto con centro, categoría y artículo escogidos en otra pantalla. Con `en_linea`
+    /// falso solo se entrega el artículo.
+    void atienda_lineas(bool en_linea);
+    ConjuntoDatos& lineas_de(Libro libro) { return libro == Libro::Niif ? Cdetniif : CDetalle; }
+    ConjuntoDatos& atributos(const LineasLibro& lineas, const char* columnas);
+
+    virtual void pegue(Rejilla& rejilla) = 0;
+    virtual void SBGrabarClick() = 0;
+    virtual void SBCancelClick() = 0;
+    virtual void pagina_cambiada(int pagina) = 0;
+    virtual void DBGridDblClick(Libro libro, int columna);
+    /// Lista de cuentas que abre el doble clic en la columna de la cuenta.
+    virtual const char* pantalla_cuentas(Libro libro) const {
+        return datos(libro).pantalla_cuentas;
+    }
+
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+
+private:
+    void SpeedButton3Click(); ///< "Continuar" del panel de artículo
+    void SpeedButton6Click();
+    void EArticodDblClick();
+    QVector<PanelFlotante*> paneles_;
+};

@@ -1,0 +1,187 @@
+#include "vouchers/pantalla_plantilla.h"
+
+#include "core/apertura.h"
+#include "vouchers/lineas_plantilla.h"
+#include "vouchers/pch.h"
+#include "vouchers/piezas.h"
+
+PantallaPlantilla::PantallaPlantilla(const QString& clase, const QString& titulo,
+                                     const QString& conjunto, const QString& archivo)
+    : PantallaLineas(clase, titulo, "CDetallen"),
+      PPlantilla(this, 'P' + conjunto.mid(1), &fdmcnt().TPlantilla,
+                 poAllowCommandText | poCascadeDeletes | poCascadeUpdates),
+      PArticulo(this, "PArticulo", &fdmArt().QArticulos, poAllowCommandText),
+      CPlantilla(this, conjunto, &PPlantilla), CDetallen(Cdetniif), CPrefijos(this, "CPrefijos"),
+      CArticulo(this, "CArticulo", &PArticulo) {
+    defina_campos();
+    lineas_2649 =
+        new LineasPlantilla(Libro::Decreto2649, *this, CDetalle, CBorrar, memorias, ajustes, this);
+    lineas_niif =
+        new LineasPlantilla(Libro::Niif, *this, CDetallen, CBorrar, memorias, ajustes, this);
+    construya(archivo);
+}
+
+PantallaPlantilla::~PantallaPlantilla() = default;
+
+void PantallaPlantilla::defina_campos() {
+    ConjuntoDatos& c = CPlantilla;
+    c.entero("PLAN_ID").banderas(pfInUpdate | pfInWhere | pfInKey);
+    c.texto("TICO_COD", 3);
+    c.texto("PRCO_PREF", 4);
+    c.texto("PLAN_CONCEPTO", 60);
+    c.texto("PLAN_REFER", 8);
+    c.texto("PLAN_USUARIO", 10);
+    c.BeforePost = [this] { CPlantillaBeforePost(); };
+    c.FieldByName("TICO_COD").OnChange = [this](Campo& x) { TICO_CODChange(x); };
+    CDetalle.anide_en(&c, &fdmcnt().TPlantilladetalle);
+    CDetallen.anide_en(&c, &fdmcnt().TPlantilladn);
+    for (ConjuntoDatos* d : {&CDetalle, &CDetallen}) {
+        LineasPlantilla::defina_campos(*d);
+        d->OnCalcFields = [this, d] { calcule(*d); };
+    }
+    CPrefijos.anide_en(&CTipodoc, &fdm().TPrefconta);
+    CPrefijos.texto("TICO_COD", 3);
+    CPrefijos.texto("PRCO_PREF", 4);
+    CArticulo.texto("ARTI_COD", 15);
+    CArticulo.texto("ARTI_DES", 60);
+    CArticulo.CommandText = "select ARTI_COD, ARTI_DES from articulo order by arti_cod";
+}
+
+void PantallaPlantilla::construya(const QString& archivo) {
+    LTipo = nombrado(new ListaDato(&CPlantilla, "TICO_COD"), "LTipo");
+    LTipo->lista_de(&CTipodoc, "TICO_COD", "TICO_NOM");
+    LTipo->OnEnter = [this] { LTipoEnter(); };
+    LPref = nombrado(new ListaDato(&CPlantilla, "PRCO_PREF"), "LPref");
+    LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
+    EConcepto = nombrado(new EditorDato(&CPlantilla, "PLAN_CONCEPTO"), "EConcepto");
+    ERef = nombrado(new EditorDato(&CPlantilla, "PLAN_REFER"), "ERef");
+    construya_paginas();
+    Formulario f(this);
+    f.fila({{"Tipo", LTipo}, {"Prefijo", LPref}});
+    f.fila({{"Concepto", EConcepto}, {"Referencia", ERef}});
+    f.ancha(PageControl1, 1);
+    f.botones(nombrado(new BarraBotones(this), "barra"));
+    ate_rejillas({Rejilla::Pegar, Rejilla::Borrar, Rejilla::Cortar, Rejilla::Copiar,
+                  Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar},
+                 archivo);
+    for (LineasLibro* l : {lineas_2649, lineas_niif})
+        l->rejilla->enter_con_seleccion = true;
+    construya_panel_articulo("Edit7");
+    Edit7 = descripcion_articulo;
+    declare_teclas_comunes(ERef);
+    tecla(Qt::Key_F8, "Tfauxiliar", [this] {
+        const LineasLibro& l = lineas_a_la_vista();
+        fdmcnt().cuenta_auxiliar = l.detalle.FieldByName("CUEN_COD").texto();
+        abra_o_avise(datos(l.libro).pantalla_auxiliar);
+    });
+    tecla(
+        Qt::Key_F9, Qt::NoModifier, "Tfcuentas", [] { pantallas().abrir("Tfcuentas"); }, false);
+    enter_como_tab();
+    tamano_del_area(60, 40);
+}
+
+void PantallaPlantilla::calcule(ConjuntoDatos& d) {
+    const auto busque = [&](ConjuntoDatos& tabla, const char* llave, const char* nombre) {
+        const Valor codigo = d.FieldByName(llave).valor();
+        return tabla.Active() && !codigo.nulo() ? tabla.Lookup(llave, {codigo}, nombre) : Valor();
+    };
+    d.FieldByName("ArtiDes") = busque(CArticulo, "ARTI_COD", "ARTI_DES");
+    d.FieldByName("CateNom") = busque(CCategoria, "CONC_COD", "CONC_NOMBRE");
+}
+
+void PantallaPlantilla::abra_catalogos() {
+    fdm().ConfigurarProviders(this);
+    CTipodoc.Open();
+    CArticulo.Open();
+    CCategoria.Open();
+    abra_pagina_inicial();
+    QStringList codigos, nombres;
+    for (CCategoria.First(); !CCategoria.Eof(); CCategoria.Next()) {
+        codigos << CCategoria.FieldByName("CONC_COD").texto();
+        nombres << CCategoria.FieldByName("CONC_NOMBRE").texto();
+    }
+    lineas_2649->rejilla->lista(5, nombres, codigos);
+}
+
+void PantallaPlantilla::FormActivate() {
+    if (CTipodoc.Active())
+        CTipodoc.Refresh();
+    if (en_grilla && !fdmter().tercero_seleccion.isEmpty())
+        lineas_a_la_vista().reciba("TERC_NIT", std::exchange(fdmter().tercero_seleccion, {}));
+    atienda_lineas(en_grilla);
+}
+
+// ---------------------------------------------------------------- encabezado
+
+void PantallaPlantilla::ubique_tipo() {
+    const Campo& tipo = CPlantilla.FieldByName("TICO_COD");
+    if (!tipo.vacio())
+        CTipodoc.Locate("TICO_COD", {tipo.valor()});
+}
+
+void PantallaPlantilla::TICO_CODChange(Campo& campo) {
+    if (campo.vacio()) {
+        CPlantilla.FieldByName("PRCO_PREF").limpie();
+        return;
+    }
+    ubique_tipo();
+    if (CPrefijos.IsEmpty())
+        throw ErrorDatos(QStringLiteral("@Debe registrar antes los prefijos."));
+    LPref->setEnabled(true);
+    CPrefijos.First();
+    CPlantilla.FieldByName("PRCO_PREF") = CPrefijos.FieldByName("PRCO_PREF").texto();
+    if (CPrefijos.RecordCount() == 1)
+        LPref->setEnabled(false);
+}
+
+void PantallaPlantilla::CPlantillaBeforePost() {
+    const std::pair<const char*, const char*> exigidos[] = {
+        {"TICO_COD", "Debe indicar el tipo de comprobante."},
+        {"PRCO_PREF", "Debe indicar el prefijo de comprobante."},
+        {"PLAN_CONCEPTO", "Debe indicar un concepto para el comprobante."}};
+    for (const auto& [campo, mensaje] : exigidos)
+        if (CPlantilla.FieldByName(campo).vacio()) {
+            muestre_mensaje(mensaje);
+            throw EdicionAbortada();
+        }
+}
+
+// ---------------------------------------------------------------- líneas
+
+void PantallaPlantilla::panel_de_clase(Libro libro, const QString& clase) {
+    if (clase != "I" && clase != "A") {
+        GroupBox2->hide();
+        return;
+    }
+    GroupBox2->setTitle(clase == "A" ? "Activo fijo" : "Artículo del inventario ");
+    Edit7->clear();
+    EArticod->clear(); // el de otra línea no es el de esta
+    GroupBox2->muestre(EArticod);
+    const QString articulo = lineas_de(libro).FieldByName("ARTI_COD").texto();
+    if (articulo.isEmpty())
+        return;
+    EArticod->setText(articulo);
+    Edit7->setText(clase == "I" ? fdmArt().desc_articulo(articulo)
+                                : fdmcnt().desc_activo(articulo));
+}
+
+void PantallaPlantilla::termine_lineas() {
+    lineas_2649->termine_linea();
+    lineas_niif->termine_linea();
+}
+
+void PantallaPlantilla::pegue(Rejilla& rejilla) {
+    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->termine_linea();
+    rejilla.pegue();
+}
+
+// ---------------------------------------------------------------- salida
+
+bool PantallaPlantilla::FormClose() {
+    if (hay_por_perder() &&
+        !pregunte("Desea salir de la plantilla y perder los movimientos que no ha grabado?"))
+        return false;
+    CPlantilla.CancelUpdates();
+    CPlantilla.Close();
+    return true;
+}

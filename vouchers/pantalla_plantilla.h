@@ -1,0 +1,52 @@
+#pragma once
+// Lo común a crear y a editar una plantilla: encabezado sin fecha ni número y los dos libros.
+#include "vouchers/pantalla_lineas.h"
+
+class EditorDato;
+
+class PantallaPlantilla : public PantallaLineas {
+    Q_OBJECT
+public:
+    ~PantallaPlantilla() override;
+
+    void FormActivate() override;
+    /// Pregunta si hay algo por perder; sin un "Sí" no cierra.
+    bool FormClose() override;
+
+    Proveedor PPlantilla, PArticulo;
+    ConjuntoDatos CPlantilla; ///< se llama CMovimiento en la pantalla de editar
+    ConjuntoDatos& CDetallen; ///< líneas NIIF
+    ConjuntoDatos CPrefijos, CArticulo;
+    ListaDato* LPref;
+    EditorDato *EConcepto, *ERef;
+    QLineEdit* Edit7;
+
+    ConjuntoDatos& encabezado() override { return CPlantilla; }
+    bool encabezado_posteado() const override { return muestra_lineas_; }
+    void panel_de_clase(Libro libro, const QString& clase) override;
+
+protected:
+    PantallaPlantilla(const QString& clase, const QString& titulo, const QString& conjunto,
+                      const QString& archivo);
+
+    bool muestra_lineas_ = false; ///< al pasar a una línea se muestran sus nombres y sumas
+
+    /// Abre los catálogos y escoge la página inicial.
+    void abra_catalogos();
+    /// Deja en LPref los prefijos del tipo del encabezado, sin tocar el que tiene.
+    void ubique_tipo();
+    void termine_lineas();
+    virtual bool hay_por_perder() const = 0;
+
+    void pegue(Rejilla& rejilla) override;
+    void SBCancelClick() override { close(); }
+    void pagina_cambiada(int) override { lineas_a_la_vista().rejilla->setFocus(); }
+    const char* pantalla_cuentas(Libro) const override { return "Tfcuentas"; }
+
+private:
+    void defina_campos();
+    void construya(const QString& archivo);
+    void CPlantillaBeforePost();
+    void TICO_CODChange(Campo& campo);
+    void calcule(ConjuntoDatos& detalle);
+};

@@ -1,0 +1,27 @@
+#pragma once
+// Piezas pequeñas con que se arman las pantallas de comprobantes.
+#include <QLabel>
+#include <QLineEdit>
+
+/// Caja que solo muestra; a ella no se llega con Tab.
+inline QLineEdit* caja_de_lectura(const QString& nombre, int caracteres) {
+    auto* e = new QLineEdit;
+    e->setObjectName(nombre);
+    e->setReadOnly(true);
+    e->setFocusPolicy(Qt::NoFocus);
+    e->setFixedWidth(e->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (caracteres + 2));
+    return e;
+}
+
+/// Rótulo de un control que va en medio de otro renglón.
+inline QLabel* rotulo(const QString& texto, QWidget* control) {
+    auto* l = new QLabel(texto + ':');
+    l->setBuddy(control);
+    control->setAccessibleName(texto);
+    return l;
+}
+
+template <class T> T* nombrado(T* control, const char* nombre) {
+    control->setObjectName(nombre);
+    return control;
+}

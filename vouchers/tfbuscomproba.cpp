@@ -1,0 +1,130 @@
+#include "vouchers/tfbuscomproba.h"
+
+#include "core/borrado.h"
+#include "vouchers/impresion_pendiente.h"
+#include "vouchers/pch.h"
+
+Tfbuscomproba::Tfbuscomproba()
+    : BusquedaPorTipo("Tfbuscomproba", "Búsqueda de comprobantes", fdmcnt().QComproba,
+                      "CComproba") {
+    ConjuntoDatos& c = conjunto_;
+    c.entero("ENCO_CONSEC").banderas(pfInUpdate | pfInWhere | pfInKey);
+    c.texto("TICO_COD", 3);
+    c.texto("PRCO_PREF", 4);
+    c.texto("ENCO_NUMERO", 8);
+    c.texto("ENCO_CONCEPTO", 60);
+    c.texto("ENCO_REFER", 8);
+    c.entero("ENCO_TIPOREF");
+    c.entero("ENCO_IDREF");
+    c.texto("ENCO_FECHA", 8);
+    fijo_ = "select * from comprobante_encabezado ";
+
+    construya_filtros({{"TPref", "Prefijo:", 4, "prco_pref = '"},
+                       {"TNum", "Número:", 8, "enco_numero >= '"},
+                       {"FecIni", "Fecha desde:", 8, "enco_fecha >= '"},
+                       {"FecFin", "Fecha hasta:", 8, "enco_fecha <= '"},
+                       {"TConc", "Concepto:", 60, "enco_concepto like '%", "%' "},
+                       {"TRef", "Referencia:", 20, "enco_refer like '%", "%' "}},
+                      "BitBtn1", true);
+    filtros_->al_buscar = [this] { BitBtn1Click(); };
+    DBGridEh1 = rejilla("DBGridEh1",
+                        {{"ENCO_FECHA", "Fecha", 9},
+                         {"TICO_COD", "Tipo", 5},
+                         {"PRCO_PREF", "Prefijo", 7},
+                         {"ENCO_NUMERO", "Número", 9},
+                         {"ENCO_CONCEPTO", "Concepto", 48},
+                         {"ENCO_REFER", "Referencia", 12}},
+                        "BuscCompro", Rejilla::VistaPreliminar);
+    DBGridEh1->orden_local = true;
+    DBGridEh1->texto_vacio = "No hay comprobantes con esas condiciones.";
+    DBGridEh1->OnDblClick = [this](int) { SpeedButton2Click(); };
+    connect(filtros_->ckfiltro, &QCheckBox::toggled, this,
+            [this](bool visible) { DBGridEh1->filtro_visible(visible); });
+
+    barra_ = new BarraBotones(this);
+    barra_->principal(barra_->boton("SpeedButton2", "F4:Modificar", "accessories-text-editor",
+                                    Qt::Key_F4, [this] { SpeedButton2Click(); }));
+    // Los letreros no son las teclas: F2 no hace nada y F3 imprime y después borra.
+    barra_->boton("SpeedButton1", "F2:Imprimir", "document-print", {},
+                  [this] { SpeedButton1Click(); });
+    barra_->boton("SpeedButton3", "F3:Eliminar", "edit-delete", {},
+                  [this] { SpeedButton3Click(); });
+    tecla(Qt::Key_F3, "SpeedButton1, SpeedButton3", [this] {
+        SpeedButton1Click();
+        SpeedButton3Click();
+    });
+    barra_->separe();
+    barra_->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    tecla(Qt::Key_F12, Qt::ShiftModifier, "LTipo", [this] { filtros_->LTipo->setFocus(); });
+    Formulario(this).ancha(filtros_, 0).ancha(DBGridEh1).botones(barra_);
+    tamano(1060, 560);
+}
+
+void Tfbuscomproba::FormCreate() {
+    const QString tipo = std::exchange(fdmcnt().tipo_busqueda, Valor()).texto();
+    abra_tipos();
+    if (!tipo.isEmpty())
+        filtros_->escoja_tipo(tipo);
+    const QString ano = fdmcnt().ano_actual;
+    filtros_->caja("FecIni")->setText(ano + "0101");
+    filtros_->caja("FecFin")->setText(ano + "1331"); // también el período trece
+    if (!fdm().exija_acceso(31))
+        pida_cierre_al_crear();
+}
+
+void Tfbuscomproba::FormActivate() {
+    if (conjunto_.Active())
+        conjunto_.Refresh();
+    filtros_->LTipo->setFocus();
+}
+
+bool Tfbuscomproba::FormClose() {
+    fdmcnt().tipo_busqueda = Valor();
+    return BusquedaPorTipo::FormClose();
+}
+
+void Tfbuscomproba::BitBtn1Click() {
+    busque("order by tico_cod, enco_fecha desc");
+}
+
+void Tfbuscomproba::SpeedButton1Click() {
+    if (!hay_fila())
+        return;
+    fdmcnt().comprobante_encontrado = dato("ENCO_CONSEC");
+    imprima_comprobante();
+}
+
+void Tfbuscomproba::SpeedButton2Click() {
+    if (hay_fila())
+        editar_comprobante(dato("ENCO_CONSEC"));
+}
+
+void Tfbuscomproba::SpeedButton3Click() {
+    if (hay_fila())
+        borrar_comprobante();
+}
+
+void Tfbuscomproba::borrar_comprobante() {
+    const QString id = dato("ENCO_CONSEC");
+    BorradoComprobante c;
+    c.tipo = dato("TICO_COD");
+    c.prefijo = dato("PRCO_PREF");
+    c.numero = dato("ENCO_NUMERO");
+    c.tipo_origen = conjunto_.FieldByName("ENCO_TIPOREF").entero();
+    // El encabezado que se va nombra a quien lo borró.
+    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
+                 "delete from comprobante_detalle_niif where enco_consec = " + id,
+                 "update comprobante_encabezado set enco_usuario = " + QuotedStr(fdm().usuario) +
+                     " where enco_consec = " + id,
+                 "delete from comprobante_encabezado where enco_consec = " + id};
+    switch (borre_comprobante(c)) {
+    case ResultadoBorrado::Negado:
+        close();
+        break;
+    case ResultadoBorrado::Borrado:
+        busque(" order by tico_cod, enco_fecha desc");
+        break;
+    default:
+        break;
+    }
+}

@@ -1,0 +1,113 @@
+#include "vouchers/tfcomproterc.h"
+
+#include "core/borrado.h"
+#include "vouchers/pch.h"
+#include "vouchers/piezas.h"
+
+Tfcomproterc::Tfcomproterc()
+    : BusquedaPorTipo("Tfcomproterc", "Comprobantes tercero", fdmcnt().QComproba, "CComproba") {
+    ConjuntoDatos& c = conjunto_;
+    c.entero("ID");
+    c.texto("TIPO", 3);
+    c.texto("PREFIJO", 4);
+    c.texto("NUMERO", 8);
+    c.texto("FECHA", 8);
+    c.texto("CONCEPTO", 60);
+    c.texto("REF", 20);
+    c.entero("TIPOREF");
+    c.texto("CUENTA", 20);
+    c.decimal("MONTO").formato("#,###.00");
+    columna_tipo_ = "tipo";
+    condicion_base_ = " where id > 0 ";
+
+    ENIT = caja_de_lectura("ENIT", 16);
+    ENom = caja_de_lectura("ENom", 40);
+    auto* tercero = new QWidget(this);
+    Formulario(tercero).fila({{"NIT", Formulario::junto({ENIT, ENom})}});
+    ENom->setAccessibleName("Nombre del tercero");
+    construya_filtros({{"TPref", "Prefijo:", 4, "prefijo = '"},
+                       {"TNum", "Número:", 8, "numero >= '"},
+                       {"TFecha", "Fecha:", 8, "fecha >= '"},
+                       {"TConc", "Concepto:", 60, "concepto like '%", "%' "},
+                       {"TRef", "Referencia:", 20, "ref like '%", "%' "}},
+                      "BitBtn1", false);
+    filtros_->al_buscar = [this] { busque("order by tipo, fecha desc"); };
+
+    // Las mismas filas vistas de tres maneras.
+    const DefinicionColumna tipo{"TIPO", "Tipo", 5}, prefijo{"PREFIJO", "Prefijo", 7},
+        numero{"NUMERO", "Número", 9}, fecha{"FECHA", "Fecha", 9}, cuenta{"CUENTA", "Cuenta", 12},
+        concepto{"CONCEPTO", "Concepto", 36}, ref{"REF", "Referencia", 11},
+        monto{"MONTO", "Monto", 16, Suma, "#,###.00"};
+    paginas = new QTabWidget(this);
+    paginas->setObjectName("PageControl1");
+    paginas->setFocusPolicy(Qt::NoFocus);
+    const auto pagina = [this](const char* nombre, const QString& titulo,
+                               const QVector<DefinicionColumna>& columnas) {
+        Rejilla* r = rejilla(nombre, columnas, "CompTercero", Rejilla::Imprimir);
+        r->orden_local = true;
+        r->texto_vacio = "El tercero no tiene movimiento con esas condiciones.";
+        r->OnDblClick = [this](int) { SpeedButton2Click(); };
+        paginas->addTab(r, titulo);
+        return r;
+    };
+    DBGridEh2 = pagina("DBGridEh2", "Movimiento",
+                       {tipo, prefijo, numero, fecha, cuenta, concepto, ref, monto});
+    DBGridEh1 = pagina("DBGridEh1", "Comprobantes", {fecha, tipo, prefijo, numero, concepto, ref});
+    DBGridEh3 = pagina("DBGridEh3", "Cuentas", {cuenta, fecha, concepto, monto});
+    for (Rejilla* r : {DBGridEh2, DBGridEh3})
+        r->pie(true);
+
+    barra_ = new BarraBotones(this);
+    barra_->principal(barra_->boton("SpeedButton2", "F4:Modificar", "accessories-text-editor",
+                                    Qt::Key_F4, [this] { SpeedButton2Click(); }));
+    barra_->boton("SpeedButton3", "F3: Eliminar", "edit-delete", Qt::Key_F3, [this] {
+        if (hay_fila())
+            borrar_comprobante();
+    });
+    barra_->separe();
+    barra_->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    tecla(Qt::Key_F12, Qt::ShiftModifier, "TPref", [this] { filtros_->caja("TPref")->setFocus(); });
+    for (const auto& [clave, paso] : {std::pair{Qt::Key_PageDown, 1}, {Qt::Key_PageUp, -1}})
+        tecla(clave, Qt::ControlModifier, "PageControl1", [this, salto = paso] {
+            paginas->setCurrentIndex(qBound(0, paginas->currentIndex() + salto, 2));
+            paginas->currentWidget()->setFocus();
+        });
+    Formulario(this).ancha(tercero, 0).ancha(filtros_, 0).ancha(paginas).botones(barra_);
+    tamano(1060, 560);
+}
+
+void Tfcomproterc::FormCreate() {
+    abra_tipos();
+    DBGridEh2->setFocus();
+}
+
+void Tfcomproterc::FormActivate() {
+    ENIT->setText(fdmcnt().nit_comprobantes);
+    ENom->setText(fdmter().nombre_seleccion);
+    fijo_ = "select * FROM COMPROBANTES_TERCERO(" + QuotedStr(ENIT->text()) + ')';
+    const Valor actual = hay_fila() ? conjunto_.FieldByName("ID").valor() : Valor();
+    busque(" order by tipo, fecha desc");
+    // De vuelta del comprobante, la lista sigue en él.
+    if (!actual.nulo())
+        conjunto_.Locate("ID", {actual});
+}
+
+void Tfcomproterc::SpeedButton2Click() {
+    if (hay_fila())
+        editar_comprobante(dato("ID"));
+}
+
+void Tfcomproterc::borrar_comprobante() {
+    const QString id = dato("ID");
+    BorradoComprobante c;
+    c.tipo = dato("TIPO");
+    c.prefijo = dato("PREFIJO");
+    c.numero = dato("NUMERO");
+    c.tipo_origen = conjunto_.FieldByName("TIPOREF").entero();
+    // Esta lista no pregunta el derecho y deja las líneas NIIF en su sitio.
+    c.exige_derecho = false;
+    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
+                 "delete from comprobante_encabezado where enco_consec = " + id};
+    if (borre_comprobante(c) == ResultadoBorrado::Borrado)
+        conjunto_.Refresh();
+}

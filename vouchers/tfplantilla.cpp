@@ -1,0 +1,50 @@
+#include "vouchers/tfplantilla.h"
+
+#include "vouchers/pch.h"
+
+Tfplantilla::Tfplantilla()
+    : PantallaPlantilla("Tfplantilla", "Plantillas", "CPlantilla", "Plantillas") {
+    CPlantilla.AfterInsert = [this] { CPlantillaAfterInsert(); };
+}
+
+void Tfplantilla::FormCreate() {
+    abra_catalogos();
+    CPlantilla.Open();
+    CPlantilla.Append();
+    muestra_lineas_ = true;
+    LTipo->setFocus();
+}
+
+void Tfplantilla::CPlantillaAfterInsert() {
+    CPlantilla.FieldByName("PLAN_ID") = 0;
+    CPlantilla.FieldByName("PLAN_USUARIO") = fdm().usuario;
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        l->item = 0;
+        l->Sumadeb->vacie();
+        l->SumCred->vacie();
+        l->vacie_diferencias();
+        l->vacie_nombres();
+    }
+}
+
+void Tfplantilla::SBGrabarClick() {
+    termine_lineas();
+    tipo_anterior = CPlantilla.FieldByName("TICO_COD").texto();
+    // Cada intento pide un id: el de uno fallido se pierde.
+    Sentencia& s = fdmcnt().SIdPlantilla;
+    s.Close();
+    s.ExecProc();
+    CPlantilla.Edit();
+    CPlantilla.FieldByName("PLAN_ID") = s.ParamByName("ID");
+    CPlantilla.Post();
+    // No se prueba que cuadre: eso lo exige el comprobante que la use.
+    if (CPlantilla.ApplyUpdates(0) != 0) {
+        CPlantilla.Edit();
+        return;
+    }
+    muestra_lineas_ = false;
+    CPlantilla.Refresh();
+    CPlantilla.Append();
+    muestra_lineas_ = true;
+    LTipo->setFocus();
+}

@@ -1,0 +1,17 @@
+#pragma once
+// Plantillas nuevas, una tras otra.
+#include "vouchers/pantalla_plantilla.h"
+
+class Tfplantilla : public PantallaPlantilla {
+    Q_OBJECT
+public:
+    Tfplantilla();
+    void FormCreate() override;
+
+protected:
+    void SBGrabarClick() override;
+    bool hay_por_perder() const override { return !CDetalle.IsEmpty(); }
+
+private:
+    void CPlantillaAfterInsert();
+};
