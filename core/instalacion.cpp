@@ -60,3 +60,7 @@ QString impresora_de(const QString& formato) {
     }
     return {};
 }
+
+QString ruta_informe(const QString& archivo) {
+    return diraplicacion_callada() + QStringLiteral("/contabilidad/Reportes/") + archivo;
+}

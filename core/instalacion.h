@@ -17,3 +17,6 @@ QString ubicaciondb(const QString& parametro);
 QString ruta_base(const QString& ubicacion, const QString& compania);
 /// Impresora del formato en impresoras.cfg; vacía si no tiene línea.
 QString impresora_de(const QString& formato);
+/// Ruta de un proyecto de informes ("auxiliares.rav") en la carpeta de la aplicación. Si allí no
+/// está, el motor usa el que trae el programa.
+QString ruta_informe(const QString& archivo);

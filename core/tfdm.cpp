@@ -48,6 +48,14 @@ Tfdm::Tfdm()
       QUserFec(this, "QUserFec", ConGeneral), QCuentausr(this, "QCuentausr", ConGeneral),
       QRevision(this, "QRevision", Quorvex), SPCtaPadre(this, "SPCtaPadre", Quorvex),
       SCreectapuc(this, "SCreectapuc", Quorvex), SAfectable(this, "SAfectable", Quorvex),
+      Tformatos(this, "Tformatos", Quorvex, "SELECT * FROM FORMATOS"),
+      Tformadatos(this, "Tformadatos", Quorvex,
+                  "SELECT * FROM FORMATO_DATOS WHERE TIDO_COD = :TIDO_COD AND PREF_PRE = :PREF_PRE"
+                  " ORDER BY DAFO_DATO"),
+      Tformalineas(this, "Tformalineas", Quorvex,
+                   "SELECT * FROM FORMATO_LINEAS WHERE TIDO_COD = :TIDO_COD AND"
+                   " PREF_PRE = :PREF_PRE ORDER BY FOLI_ITEM"),
+      Smueveformato(this, "Smueveformato", Quorvex),
       PConfiguracion(this, "PConfiguracion", &QConfiguracion),
       PBorrar(this, "PBorrar", &QBorrar, poAllowCommandText),
       PBorrarGen(this, "PBorrarGen", &QBorrarGen, poAllowCommandText),
@@ -60,6 +68,9 @@ Tfdm::Tfdm()
     unico_ = this;
     TPrefconta.enlace_maestra(&TTipocomp, {"TICO_COD"});
     TCentros.enlace_maestra(&TProyectos, {"PROY_COD"});
+    Tformadatos.enlace_maestra(&Tformatos, {"TIDO_COD", "PREF_PRE"});
+    Tformalineas.enlace_maestra(&Tformatos, {"TIDO_COD", "PREF_PRE"});
+    Smueveformato.procedimiento = "MOVER_FORMATO";
     SPCtaPadre.procedimiento = "PADRE";
     SCreectapuc.procedimiento = "CREE_CUENTA_PUC";
     SAfectable.procedimiento = "ES_AFECTABLE";

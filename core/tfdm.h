@@ -51,6 +51,7 @@ public:
     Sentencia TProyectos, TCentros, TSubEmpresa, TCuentas, TCuentasniif, QPuc;
     Sentencia QNumerodoc, QNomtipo, TUsracceso, TCompania, QUserFec, QCuentausr, QRevision;
     Sentencia SPCtaPadre, SCreectapuc, SAfectable;
+    Sentencia Tformatos, Tformadatos, Tformalineas, Smueveformato;
     Proveedor PConfiguracion, PBorrar, PBorrarGen, PAccesous, PNomcampos;
     ConjuntoDatos CConfiguracion, CBorrar, CBorrarGen, CAccesous, CNomcampos;
 

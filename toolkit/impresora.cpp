@@ -34,6 +34,15 @@ void prepare_impresora(QPrinter& impresora) {
         impresora.setPrinterName(escogida_.nombre);
     if (!escogida_.archivo.isEmpty())
         impresora.setOutputFileName(escogida_.archivo);
-    impresora.setPageLayout(escogida_.hoja);
+    if (escogida_.hoja.isValid())
+        impresora.setPageLayout(escogida_.hoja);
     impresora.setColorMode(escogida_.color);
+}
+
+QString impresora_escogida() {
+    return escogida_.nombre;
+}
+
+void fije_impresora(const QString& nombre, const QString& archivo) {
+    escogida_ = {!nombre.isEmpty() || !archivo.isEmpty(), nombre, archivo, {}, QPrinter::Color};
 }

@@ -1,6 +1,8 @@
 #pragma once
 // Impresora de la sesión: la que el usuario escogió en "Configurar Impresora..." sirve a todo lo
 // que se imprima hasta cerrar el programa.
+#include <QString>
+
 class QPrinter;
 class QWidget;
 
@@ -8,3 +10,7 @@ class QWidget;
 void configure_impresora(QWidget* ventana);
 /// Da a una impresora nueva lo escogido, si algo se escogió.
 void prepare_impresora(QPrinter& impresora);
+/// Nombre de la escogida, o vacío.
+QString impresora_escogida();
+/// Escoge sin diálogo: con `archivo`, lo que se imprima queda en ese PDF.
+void fije_impresora(const QString& nombre, const QString& archivo = {});

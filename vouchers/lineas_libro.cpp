@@ -4,24 +4,23 @@
 
 namespace {
 
-enum Columna {
-    kCuenta,
-    kTercero,
-    kProyecto,
-    kCentro,
-    kConcepto,
+// Las que siguen a las cuatro comunes.
+enum ColumnaLibro {
+    kConcepto = LineasCuenta::kCentro + 1,
     kCategoria,
     kReferencia,
     kBase,
     kPorcentaje,
     kDebito,
-    kCredito,
+    kCredito
 };
 
+constexpr LadosLinea kLados{"CODE_DEBITO", "CODE_CREDITO"};
+
 const CamposLinea kDeComprobante{
-    "CODE_ITEM",   "CODE_CONCEPTO", "CODE_REFER",       "CODE_BASE",     "CODE_PORC",
-    "CODE_DEBITO", "CODE_CREDITO",  "CODE_DESCONTABLE", "ENCO_CONCEPTO", "ENCO_REFER",
-    "Difdeb",      "DifCred",       "DifDebN",          "DifCreN",       true};
+    "CODE_ITEM", "CODE_CONCEPTO",    "CODE_REFER",    "CODE_BASE",  "CODE_PORC",
+    kLados,      "CODE_DESCONTABLE", "ENCO_CONCEPTO", "ENCO_REFER", "Difdeb",
+    "DifCred",   "DifDebN",          "DifCreN",       true};
 
 struct Titulo {
     const char *campo, *titulo_2649, *titulo_niif;
@@ -41,23 +40,12 @@ QVector<Titulo> titulos(const CamposLinea& c) {
         {c.referencia, "Ref.", "Referencia", 8, 0, ""},
         {c.base, "Base", "Base", 13, Suma, "#,###.00"},
         {c.porcentaje, "Porc.", "Porc.", 6, 0, "#,##0.####"},
-        {c.debito, "Débito", "Debito", 15, Suma, "#,###.00"},
-        {c.credito, "Crédito", "Crédito", 15, Suma, "#,###.00"},
+        {c.lados.debito, "Débito", "Debito", 15, Suma, "#,###.00"},
+        {c.lados.credito, "Crédito", "Crédito", 15, Suma, "#,###.00"},
     };
     if (c.descontable)
         t.append({c.descontable, "Desc.", "Desc.", 5, Casilla, ""});
     return t;
-}
-
-bool vacio_o_cero(const Campo& c) {
-    return c.vacio() || c.texto() == "0";
-}
-
-QLineEdit* nombre_de_lectura() {
-    auto* e = new QLineEdit;
-    e->setReadOnly(true);
-    e->setFocusPolicy(Qt::NoFocus);
-    return e;
 }
 
 } // namespace
@@ -70,10 +58,8 @@ LineasLibro::LineasLibro(Libro l, AnfitrionLineas& anfitrion, ConjuntoDatos& d,
 LineasLibro::LineasLibro(Libro l, const CamposLinea& campos, AnfitrionLineas& anfitrion,
                          ConjuntoDatos& d, ConjuntoDatos& consulta, MemoriasLinea& memorias,
                          const AjustesLinea& ajustes, QObject* dueno)
-    : QObject(dueno), libro(l), detalle(d), c_(campos), anfitrion_(anfitrion), consulta_(consulta),
+    : LineasCuenta(l, d, consulta, campos.lados, dueno), c_(campos), anfitrion_(anfitrion),
       memorias_(memorias), ajustes_(ajustes) {}
-
-LineasLibro::~LineasLibro() = default;
 
 void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
     d.entero("ENCO_CONSEC").requerido();
@@ -96,8 +82,7 @@ void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
     d.texto("CNDE_DOCNUMERO", 10);
     d.texto("CNDE_DOCAPLICA", 10);
     d.bandera("CODE_DESCONTABLE");
-    d.agregado("Sumadebito", "Sum(CODE_DEBITO)");
-    d.agregado("Sumacredito", "sum(CODE_CREDITO)");
+    defina_sumas(d, kLados);
 }
 
 // ---------------------------------------------------------------- disposición
@@ -119,18 +104,14 @@ QWidget* LineasLibro::construya_pagina() {
                                           "buscarla.");
     rejilla->ate(&detalle);
 
-    const auto nombre = [&](QLineEdit*& e, const QString& componente) {
-        e = nombre_de_lectura();
-        e->setObjectName(componente);
-    };
     const auto saldo = [&](EditorNumero*& e, const QString& componente) {
         e = EditorNumero::de_saldo();
         e->setObjectName(componente);
     };
-    nombre(NomCuenta, "NomCuenta" + n);
-    nombre(NomTerc, "NomTerc" + n);
-    nombre(NomProy, "NomProy" + n);
-    nombre(NomCent, "NomCent" + n);
+    NomCuenta = caja_de_nombre("NomCuenta" + n);
+    NomTerc = caja_de_nombre("NomTerc" + n);
+    NomProy = caja_de_nombre("NomProy" + n);
+    NomCent = caja_de_nombre("NomCent" + n);
     if (c_.con_saldos) {
         saldo(ESaldocta, es_niif(libro) ? "ESaldoCtaN" : "ESaldocta");
         saldo(ESaldoter, "ESaldoter" + n);
@@ -173,20 +154,8 @@ void LineasLibro::ate_eventos() {
     campo("ARTI_COD").OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
     campo(c_.base).OnChange = [this](Campo&) { base_cambiada(); };
     campo(c_.porcentaje).OnChange = [this](Campo&) { porcentaje_cambiado(); };
-    // Una línea lleva débito o crédito, no ambos.
-    campo(c_.debito).OnChange = [this](Campo& c) {
-        if (en_edicion() && !c.moneda().es_cero())
-            campo(c_.credito) = Moneda();
-        diferencia();
-    };
-    campo(c_.credito).OnChange = [this](Campo& c) {
-        if (en_edicion() && !c.moneda().es_cero())
-            campo(c_.debito) = Moneda();
-        diferencia();
-    };
+    ate_lados();
     detalle.BeforePost = [this] { BeforePost(); };
-    detalle.AfterPost = [this] { diferencia(); };
-    detalle.AfterDelete = [this] { diferencia(); };
     detalle.AfterInsert = [this] { AfterInsert(); };
     detalle.AfterScroll = [this] { AfterScroll(); };
     rejilla->ColEnter = [this](int c) { ColEnter(c); };
@@ -194,16 +163,6 @@ void LineasLibro::ate_eventos() {
 }
 
 // ---------------------------------------------------------------- consultas
-
-bool LineasLibro::en_edicion() const {
-    return detalle.editando();
-}
-
-void LineasLibro::consulte_cuenta(const char* columnas) {
-    consulta_.Open(QStringLiteral("select %1 from %2 where cuen_cod = ")
-                       .arg(QLatin1String(columnas), QLatin1String(tabla_atributos())) +
-                   QuotedStr(cuenta()));
-}
 
 void LineasLibro::saldo(EditorNumero* caja, const char* procedimiento,
                         const QStringList& argumentos) {
@@ -222,14 +181,9 @@ void LineasLibro::ColEnter(int columna) {
     if (cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
-    if (columna == kTercero) {
-        rejilla->columna(kTercero).ReadOnly = consulta_.FieldByName("CUEN_TERCERO").texto() == "N";
-    } else if (columna == kProyecto || columna == kCentro) {
-        const bool sin_centro = consulta_.FieldByName("CUEN_CENTRO").texto() == "N";
-        rejilla->columna(kProyecto).ReadOnly = sin_centro;
-        rejilla->columna(kCentro).ReadOnly = sin_centro;
-    } else if (columna == kPorcentaje && ajustes_.inhabilita_porcentaje &&
-               consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
+    abra_o_cierre(columna);
+    if (columna == kPorcentaje && ajustes_.inhabilita_porcentaje &&
+        consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
         // Nada quita la marca: queda para las líneas que sigan.
         rejilla->columna(kPorcentaje).ReadOnly = true;
     }
@@ -274,14 +228,8 @@ void LineasLibro::comilla_de_referencia() {
 // ---------------------------------------------------------------- cambios de campo
 
 void LineasLibro::cuenta_cambiada() {
-    const QString texto = cuenta();
-    if (texto.isEmpty())
+    if (cuenta().isEmpty() || busque_cuenta())
         return;
-    if (texto.startsWith('?')) {
-        fdmcnt().texto_busqueda = texto.mid(1);
-        pantallas().abrir(datos(libro).pantalla_cuentas);
-        return;
-    }
     validar_cuenta();
     if (!campo("TERC_NIT").vacio())
         return;
@@ -305,13 +253,8 @@ void LineasLibro::validar_cuenta() {
 }
 
 void LineasLibro::tercero_cambiado() {
-    const QString nit = campo("TERC_NIT").texto();
-    if (nit.startsWith('?')) {
-        fdmcnt().texto_busqueda = nit.mid(1);
-        pantallas().abrir("Tfterceros");
-        return;
-    }
-    validar_tercero();
+    if (!busque_tercero())
+        validar_tercero();
 }
 
 void LineasLibro::validar_tercero() {
@@ -333,11 +276,8 @@ void LineasLibro::validar_tercero() {
 }
 
 void LineasLibro::centro_cambiado() {
-    if (campo("CENT_COD").texto().startsWith('?')) {
-        pantallas().abrir("Tfcentros");
-        return;
-    }
-    validar_centro();
+    if (!busque_centro())
+        validar_centro();
 }
 
 void LineasLibro::validar_centro() {
@@ -402,11 +342,11 @@ void LineasLibro::aplique_porcentaje() {
     const Moneda valor = retencion(base.absoluta(), porcentaje);
     // El signo de la base escoge el lado de la retención.
     if (base.negativa()) {
-        campo(c_.debito) = Moneda();
-        campo(c_.credito) = valor;
+        campo(c_.lados.debito) = Moneda();
+        campo(c_.lados.credito) = valor;
     } else {
-        campo(c_.debito) = valor;
-        campo(c_.credito) = Moneda();
+        campo(c_.lados.debito) = valor;
+        campo(c_.lados.credito) = Moneda();
     }
 }
 
@@ -435,24 +375,17 @@ void LineasLibro::BeforePost() {
     if (siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio())
         m.tercero_anterior = campo("TERC_NIT").texto();
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
-    const auto rehuse = [](const char* texto) {
-        muestre_mensaje(texto);
-        throw EdicionAbortada();
-    };
-    const bool sin_tercero = campo("TERC_NIT").vacio();
     if (consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
-        if (sin_tercero)
-            rehuse("Debe indicar un NIT para el movimiento.");
+        exija_tercero();
         if (vacio_o_cero(campo(c_.base)))
             rehuse("Debe indicar una base para el movimiento.");
         if (vacio_o_cero(campo(c_.porcentaje)))
             rehuse("Debe indicar un porcentaje para el movimiento.");
     }
-    if (consulta_.FieldByName("CUEN_TERCERO").texto() == "S" && sin_tercero)
-        rehuse("Debe indicar un NIT para el movimiento.");
-    if (consulta_.FieldByName("CUEN_CENTRO").texto() == "S" &&
-        (campo("PROY_COD").vacio() || campo("CENT_COD").vacio()))
-        rehuse("Debe indicar un Proyecto-Centro para el movimiento.");
+    if (consulta_.FieldByName("CUEN_TERCERO").texto() == "S")
+        exija_tercero();
+    if (consulta_.FieldByName("CUEN_CENTRO").texto() == "S")
+        exija_centro();
 }
 
 void LineasLibro::AfterScroll() {
@@ -477,48 +410,6 @@ void LineasLibro::AfterScroll() {
     actualice_sumas();
 }
 
-void LineasLibro::actualice_sumas() {
-    if (detalle.IsEmpty())
-        return;
-    Sumadeb->valor(detalle.agregado("Sumadebito").moneda());
-    SumCred->valor(detalle.agregado("Sumacredito").moneda());
-    diferencia();
-}
-
-void LineasLibro::diferencia() {
-    if (!detalle.Active() || detalle.IsEmpty())
-        return;
-    const Moneda d =
-        detalle.agregado("Sumadebito").moneda() - detalle.agregado("Sumacredito").moneda();
-    if (d > Moneda()) {
-        Difdeb->valor(d);
-        DifCred->vacie();
-    } else {
-        DifCred->valor(d.absoluta());
-        Difdeb->vacie();
-    }
-}
-
-void LineasLibro::vacie_nombres() {
-    for (QLineEdit* e : {NomCuenta, NomTerc, NomProy, NomCent})
-        e->clear();
-}
-
-void LineasLibro::vacie_diferencias() {
-    Difdeb->vacie();
-    DifCred->vacie();
-}
-
-void LineasLibro::termine_linea() {
-    if (!detalle.editando())
-        return;
-    rejilla->escriba_pendiente();
-    if (cuenta().isEmpty())
-        detalle.Cancel();
-    else
-        detalle.Post();
-}
-
 bool LineasLibro::cuadrado() const {
     const auto texto = [](const Valor& v) { return v.nulo() ? QStringLiteral("0") : v.texto(); };
     if (ajustes_.permite_descuadre ||
@@ -526,35 +417,4 @@ bool LineasLibro::cuadrado() const {
         return true;
     muestre_mensaje(datos(libro).descuadrado);
     return false;
-}
-
-void LineasLibro::sugiera_db_cr() {
-    rejilla->escriba_pendiente();
-    for (const char* lado : {c_.debito, c_.credito})
-        if (!vacio_o_cero(campo(lado)))
-            return;
-    detalle.Edit();
-    const Moneda d =
-        detalle.agregado("Sumadebito").moneda() - detalle.agregado("Sumacredito").moneda();
-    if (d <= Moneda()) {
-        campo(c_.debito) = -d;
-        campo(c_.credito) = Moneda();
-    } else {
-        campo(c_.debito) = Moneda();
-        campo(c_.credito) = d;
-    }
-}
-
-void LineasLibro::prepare_recepcion() {
-    if (detalle.editando())
-        return;
-    if (cuenta().isEmpty())
-        detalle.Insert();
-    else
-        detalle.Edit();
-}
-
-void LineasLibro::reciba(const QString& nombre, const QString& valor) {
-    prepare_recepcion();
-    detalle.FieldByName(nombre) = valor;
 }

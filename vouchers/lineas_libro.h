@@ -5,16 +5,10 @@
 // centro y categoría, completa lo que falta, aplica base y porcentaje, y rehúsa la línea
 // incompleta. Los comandos de celda son "?" con texto (buscar) y una comilla sola (repetir lo
 // anterior).
-#include "core/libro.h"
-#include "core/recordset/conjunto.h"
+#include "vouchers/lineas_cuenta.h"
 
-#include <QObject>
-
-class EditorNumero;
 class Formulario;
-class QLineEdit;
 class QWidget;
-class Rejilla;
 
 /// Lo que se recuerda de una línea a otra. Los dos libros leen las mismas memorias; la NIIF guarda
 /// las suyas en otras que nadie lee, y así se queda.
@@ -34,7 +28,8 @@ struct AjustesLinea {
 /// Nombres de las columnas y controles de unas líneas: las de un comprobante o las de una
 /// plantilla.
 struct CamposLinea {
-    const char *item, *concepto, *referencia, *base, *porcentaje, *debito, *credito;
+    const char *item, *concepto, *referencia, *base, *porcentaje;
+    LadosLinea lados;
     const char* descontable; ///< nulo: las líneas no lo llevan
     const char *concepto_encabezado, *referencia_encabezado;
     const char *dif_debito, *dif_credito, *dif_debito_niif, *dif_credito_niif;
@@ -54,61 +49,39 @@ public:
     virtual void articulo_cambiado(Libro libro) = 0;
 };
 
-class LineasLibro : public QObject {
+class LineasLibro : public LineasCuenta {
     Q_OBJECT
 public:
     LineasLibro(Libro libro, AnfitrionLineas& anfitrion, ConjuntoDatos& detalle,
                 ConjuntoDatos& consulta, MemoriasLinea& memorias, const AjustesLinea& ajustes,
                 QObject* dueno);
-    ~LineasLibro() override;
 
     /// Página completa: rejilla, nombres con saldos y sumas.
     QWidget* construya_pagina();
     void ate_eventos();
 
-    const Libro libro;
-    ConjuntoDatos& detalle;
-    Rejilla* rejilla = nullptr;
-    QLineEdit *NomCuenta = nullptr, *NomTerc = nullptr, *NomProy = nullptr, *NomCent = nullptr;
     EditorNumero *ESaldocta = nullptr, *ESaldoter = nullptr, *ESaldocent = nullptr;
-    EditorNumero *Sumadeb = nullptr, *SumCred = nullptr, *Difdeb = nullptr, *DifCred = nullptr;
     /// Al editar, la línea siempre deja su tercero en la memoria; al digitar, solo si el encabezado
     /// no tiene uno.
     bool siempre_recuerda_tercero = false;
-    int item = 0; ///< contador de líneas: cada inserción gasta uno
 
     /// Define los campos del detalle (los llama la pantalla antes de abrir).
     static void defina_campos(ConjuntoDatos& detalle, Libro libro);
 
-    /// Graba la línea pendiente si tiene cuenta; si no, la cancela.
-    void termine_linea();
     /// Compara los textos de las dos sumas; muestra el rechazo del libro si difieren.
     bool cuadrado() const;
-    void sugiera_db_cr();
-    void vacie_nombres();
-    void vacie_diferencias();
-    void actualice_sumas();
     /// Nombres, saldos y sumas de la línea actual, como al pasar a ella.
     void muestre_linea() { AfterScroll(); }
-    /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
-    void reciba(const QString& campo, const QString& valor);
-    void prepare_recepcion();
 
     // validadores
     void validar_cuenta();
     virtual void validar_tercero();
     virtual void validar_centro();
 
-    /// Tabla de la que salen los atributos de la cuenta de la línea.
-    virtual const char* tabla_atributos() const { return datos(libro).cuentas; }
-
 protected:
     LineasLibro(Libro libro, const CamposLinea& campos, AnfitrionLineas& anfitrion,
                 ConjuntoDatos& detalle, ConjuntoDatos& consulta, MemoriasLinea& memorias,
                 const AjustesLinea& ajustes, QObject* dueno);
-    Campo& campo(const char* nombre) const { return detalle.FieldByName(QLatin1String(nombre)); }
-    QString cuenta() const { return campo("CUEN_COD").texto(); }
-    bool en_edicion() const;
     virtual void complete(Formulario&) {} ///< renglones propios, al pie de la página
     virtual void AfterInsert();
     virtual void base_cambiada();
@@ -120,7 +93,6 @@ protected:
     const CamposLinea& c_;
 
 private:
-    void consulte_cuenta(const char* columnas);
     void saldo(EditorNumero* caja, const char* procedimiento, const QStringList& argumentos);
     void cuenta_cambiada();
     void tercero_cambiado();
@@ -131,10 +103,8 @@ private:
     void ColExit(int columna);
     void BeforePost();
     void AfterScroll();
-    void diferencia();
 
     AnfitrionLineas& anfitrion_;
-    ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
     MemoriasLinea& memorias_;
     MemoriasLinea propias_; ///< las de la NIIF, que nadie lee
     const AjustesLinea& ajustes_;

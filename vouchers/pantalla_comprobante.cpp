@@ -1,5 +1,6 @@
 #include "vouchers/pantalla_comprobante.h"
 
+#include "vouchers/panel_documento.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
@@ -15,12 +16,7 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
     Cdetniif.anide_en(&CMovimiento, &fdmcnt().TCompniif);
     LineasLibro::defina_campos(CDetalle, Libro::Decreto2649);
     LineasLibro::defina_campos(Cdetniif, Libro::Niif);
-    CTidocartera.entero("TIDO_COD");
-    CTidocartera.texto("TIDO_NOMCORTO", 8);
-    CTidocartera.texto("TIDO_NOMLARGO", 30);
-    CTidocartera.texto("TIDO_CART", 1);
-    CTidocartera.texto("TIDO_CXP", 1);
-    CTidocartera.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
+    PanelDocumento::defina_tipos(CTidocartera);
     lineas_2649 =
         new LineasLibro(Libro::Decreto2649, *this, CDetalle, CBorrar, memorias, ajustes, this);
     lineas_niif = new LineasLibro(Libro::Niif, *this, Cdetniif, CBorrar, memorias, ajustes, this);
@@ -141,9 +137,7 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     barra->setObjectName("barra");
     f.botones(barra);
 
-    ate_rejillas({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
-                  Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar},
-                 nombre_exportacion());
+    ate_rejillas(nombre_exportacion());
     ultimo_ = DBCheckBox2;
     construya_panel_documento();
     construya_panel_articulo("Edit2");
@@ -152,22 +146,15 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
 }
 
 void PantallaComprobante::construya_panel_documento() {
-    GroupBox1 = nombrado(new QGroupBox("Documento cartera ", this), "GroupBox1");
-    auto* documento = nombrado(new EditorDato(&CDetalle, "CNDE_DOCNUMERO"), "EDocumento");
-    Etidocart = nombrado(new ListaDato(&CDetalle, "CODE_TIPONUE"), "Etidocart");
-    Etidocart->lista_de(&CTidocartera, "TIDO_COD", "TIDO_NOMLARGO");
-    DateTimePicker1 = nombrado(new FechaDato, "DateTimePicker1");
-    auto* aplica = nombrado(new EditorDato(&CDetalle, "CNDE_DOCAPLICA"), "EAplica");
-    auto* tipo_aplica = nombrado(new ListaDato(&CDetalle, "CODE_TIPOAPL"), "Etidoapl");
-    tipo_aplica->lista_de(&CTidocartera, "TIDO_COD", "TIDO_NOMLARGO");
-    auto* continuar1 = nombrado(new QPushButton("Continuar"), "SpeedButton2");
-    Formulario f1(GroupBox1);
-    f1.fila({{"Documento", documento}, {"Tipo", Etidocart}, {"Vence", DateTimePicker1}});
-    f1.fila({{"Aplica a:", aplica}, {"Tipo", tipo_aplica}, {"", continuar1}});
-    connect(continuar1, &QPushButton::clicked, this, [this] { oculte_panel(GroupBox1); });
-    DateTimePicker1->OnChange = [this] { DateTimePicker1Change(); };
-
-    agregue_panel(GroupBox1, lineas_2649->rejilla);
+    // El panel edita siempre la línea 2649.
+    auto* documento =
+        new PanelDocumento(this, CDetalle, CTidocartera,
+                           {"CNDE_DOCNUMERO", "CODE_TIPONUE", "CNDE_DOCAPLICA", "CODE_TIPOAPL"});
+    GroupBox1 = documento;
+    Etidocart = documento->Etidocart;
+    DateTimePicker1 = documento->DateTimePicker1;
+    GroupBox1->vuelve = [this](bool) { return lineas_2649->rejilla; };
+    GroupBox1->flote_sobre(PageControl1);
 }
 
 void PantallaComprobante::ckFiltroClick() {
@@ -237,7 +224,7 @@ void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
         // La clase "I" no devuelve el título: tras un activo el panel se queda con el suyo.
         if (clase == "A")
             GroupBox2->setTitle("Activo fijo");
-        muestre_panel(GroupBox2, EArticod);
+        GroupBox2->muestre(EArticod);
         const QString articulo = d.FieldByName("ARTI_COD").texto();
         if (!articulo.isEmpty()) {
             if (clase == "I")
@@ -250,27 +237,9 @@ void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
         GroupBox2->hide();
     }
     if (clase == "C")
-        muestre_panel(GroupBox1, Etidocart);
+        GroupBox1->muestre(Etidocart);
     else
         GroupBox1->hide();
-}
-
-void PantallaComprobante::panel_recibio_foco(QGroupBox* panel) {
-    if (panel == GroupBox1)
-        GroupBox1Enter();
-}
-
-void PantallaComprobante::GroupBox1Enter() {
-    DateTimePicker1->fecha(QDate::currentDate());
-    DateTimePicker1Change();
-}
-
-void PantallaComprobante::DateTimePicker1Change() {
-    // El panel edita siempre la línea 2649; sin líneas no hay a quién ponerle fecha.
-    if (CDetalle.IsEmpty())
-        return;
-    CDetalle.Edit();
-    CDetalle.FieldByName("DOCO_VENCE") = DateTimePicker1->fecha_texto();
 }
 
 void PantallaComprobante::DBGridDblClick(Libro libro, int columna) {

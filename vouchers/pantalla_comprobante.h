@@ -26,7 +26,7 @@ public:
     CasillaDato *DBCheckBox1, *DBCheckBox2;
     MemoDato* DBMemo1;
     QCheckBox* ckFiltro;
-    QGroupBox* GroupBox1;
+    PanelFlotante* GroupBox1 = nullptr;
     ListaDato* Etidocart;
     FechaDato* DateTimePicker1;
 
@@ -56,9 +56,6 @@ protected:
     void ENCO_MANDANTEChange(Campo& campo);
     void DBGridDblClick(Libro libro, int columna) override;
     void ckFiltroClick();
-    void GroupBox1Enter();
-    void DateTimePicker1Change();
-    void panel_recibio_foco(QGroupBox* panel) override;
     /// Entrega las selecciones que dejaron las pantallas de búsqueda, en su orden.
     void atienda_selecciones(bool sin_foco_en_grilla);
     /// Toma un id si el comprobante aún lleva el provisional; devuelve el que queda.

@@ -44,7 +44,7 @@ void PantallaLineas::construya_paginas() {
             [this](int pagina) { proteja([this, pagina] { pagina_cambiada(pagina); }); });
 }
 
-void PantallaLineas::ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo) {
+void PantallaLineas::ate_rejillas(const QString& archivo, const QVector<Rejilla::Orden>& menu) {
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->ate_eventos();
         Rejilla* r = l->rejilla;
@@ -52,9 +52,7 @@ void PantallaLineas::ate_rejillas(const QVector<Rejilla::Orden>& menu, const QSt
         r->OnEnter = [this] { en_grilla = true; };
         r->OnExit = [this] { en_grilla = false; };
         r->OnDblClick = [this, libro](int columna) { DBGridDblClick(libro, columna); };
-        r->nombre_archivo = archivo;
-        r->titulo_impreso = windowTitle() + " %[Today]";
-        r->menu_emergente(menu);
+        l->arme_menu(archivo, windowTitle(), menu);
         r->al_ordenar(Rejilla::Pegar, [this, r] { pegue(*r); });
     }
     // Solo la rejilla 2649 se queda con Esc para cancelar su fila; en la otra sale de la pantalla.
@@ -125,7 +123,7 @@ ConjuntoDatos& PantallaLineas::atributos(const LineasLibro& lineas, const char* 
 // ---------------------------------------------------------------- paneles
 
 void PantallaLineas::construya_panel_articulo(const char* nombre_descripcion) {
-    GroupBox2 = nombrado(new QGroupBox("Artículo del inventario ", this), "GroupBox2");
+    GroupBox2 = new PanelFlotante("GroupBox2", "Artículo del inventario ", this);
     EArticod = nombrado(new QLineEdit, "EArticod");
     EArticod->setReadOnly(true);
     EArticod->installEventFilter(this);
@@ -141,61 +139,16 @@ void PantallaLineas::construya_panel_articulo(const char* nombre_descripcion) {
             [this] { proteja([this] { SpeedButton6Click(); }); });
     connect(continuar2, &QPushButton::clicked, this,
             [this] { proteja([this] { SpeedButton3Click(); }); });
-    agregue_panel(GroupBox2);
-}
-
-void PantallaLineas::agregue_panel(QGroupBox* panel, QWidget* destino) {
-    panel->setAutoFillBackground(true);
-    panel->hide();
-    paneles_.append({panel, destino});
-    connect(qApp, &QApplication::focusChanged, panel,
-            [this, panel](QWidget* antes, QWidget* ahora) {
-                if (!ahora)
-                    return;
-                const bool estaba = antes && panel->isAncestorOf(antes),
-                           esta = panel->isAncestorOf(ahora);
-                if (esta && !estaba)
-                    proteja([&] { panel_recibio_foco(panel); });
-                // Salir del panel lo oculta; una lista desplegada o un diálogo no es salir.
-                if (estaba && !esta && panel->isVisible() && ahora->window() == window())
-                    oculte_panel(panel);
-            });
-}
-
-void PantallaLineas::ubique_paneles() {
-    // Sobre la rejilla, abajo: la línea en edición queda a la vista.
-    const QPoint base = PageControl1->mapTo(this, QPoint(0, 0));
-    for (const auto& [g, destino] : paneles_) {
-        g->adjustSize();
-        const int ancho = qMin(g->sizeHint().width() + 16, PageControl1->width());
-        const int alto = g->sizeHint().height();
-        g->setGeometry(base.x() + (PageControl1->width() - ancho) / 2,
-                       base.y() + PageControl1->height() / 3, ancho, alto);
-    }
+    GroupBox2->vuelve = [this](bool tenia_foco) {
+        return tenia_foco ? lineas_a_la_vista().rejilla : nullptr;
+    };
+    GroupBox2->flote_sobre(PageControl1);
 }
 
 void PantallaLineas::resizeEvent(QResizeEvent* evento) {
     Pantalla::resizeEvent(evento);
-    ubique_paneles();
-}
-
-void PantallaLineas::muestre_panel(QGroupBox* panel, QWidget* foco) {
-    ubique_paneles();
-    panel->show();
-    panel->raise();
-    foco->setFocus();
-}
-
-void PantallaLineas::oculte_panel(QGroupBox* panel) {
-    const bool tenia_foco = panel->isAncestorOf(QApplication::focusWidget());
-    panel->hide();
-    for (const auto& [caja, destino] : paneles_)
-        if (caja == panel && destino) {
-            destino->setFocus();
-            return;
-        }
-    if (tenia_foco)
-        lineas_a_la_vista().rejilla->setFocus();
+    for (PanelFlotante* p : findChildren<PanelFlotante*>())
+        p->ubique();
 }
 
 void PantallaLineas::articulo_cambiado(Libro libro) {
@@ -220,7 +173,7 @@ void PantallaLineas::SpeedButton3Click() {
     LineasLibro& l = lineas_a_la_vista();
     l.prepare_recepcion();
     l.detalle.FieldByName("ARTI_COD") = EArticod->text();
-    oculte_panel(GroupBox2);
+    GroupBox2->oculte();
 }
 
 bool PantallaLineas::eventFilter(QObject* objeto, QEvent* evento) {
@@ -236,13 +189,8 @@ bool PantallaLineas::eventFilter(QObject* objeto, QEvent* evento) {
 void PantallaLineas::atienda_lineas(bool en_linea) {
     LineasLibro& l = lineas_a_la_vista();
     const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
-    if (en_linea && !fdmcnt().cuenta_seleccion.isEmpty())
-        l.reciba("CUEN_COD", tome(fdmcnt().cuenta_seleccion));
-    if (en_linea && !fdmcnt().proyecto_seleccion.isEmpty()) {
-        const QString centro = tome(fdmcnt().centro_seleccion);
-        l.reciba("PROY_COD", tome(fdmcnt().proyecto_seleccion));
-        l.reciba("CENT_COD", centro);
-    }
+    if (en_linea)
+        l.reciba_cuenta_y_centro();
     if (en_linea && !fdmcnt().concepto_seleccion.isEmpty())
         l.detalle.FieldByName("CONC_COD") = tome(fdmcnt().concepto_seleccion);
     if (GroupBox2->isVisible()) {

@@ -2,12 +2,11 @@
 // Lo común a las pantallas que digitan líneas en los dos libros, sean de un comprobante o de una
 // plantilla: páginas, rejillas, teclas, el panel del artículo y la entrega de selecciones.
 #include "toolkit/pantalla.h"
-#include "toolkit/rejilla/rejilla.h"
 #include "vouchers/lineas_libro.h"
+#include "vouchers/panel_flotante.h"
 
 class BarraBotones;
 class ListaDato;
-class QGroupBox;
 class QPushButton;
 class QTabWidget;
 
@@ -21,7 +20,7 @@ public:
 
     ListaDato* LTipo = nullptr;
     QTabWidget* PageControl1;
-    QGroupBox* GroupBox2;
+    PanelFlotante* GroupBox2 = nullptr;
     QLineEdit *EArticod, *descripcion_articulo;
     QPushButton *SBGrabar = nullptr, *SBCancel = nullptr;
 
@@ -44,13 +43,9 @@ protected:
     /// Páginas de los dos libros; la pantalla las pone en su formulario.
     void construya_paginas();
     /// Eventos y menú emergente de las rejillas, con el nombre de archivo que proponen.
-    void ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo);
+    void ate_rejillas(const QString& archivo,
+                      const QVector<Rejilla::Orden>& menu = LineasCuenta::kMenu);
     void construya_panel_articulo(const char* nombre_descripcion);
-    /// El panel tapa la rejilla hasta que se sale de él. Al ocultarse el foco va a `destino`, o a
-    /// la rejilla a la vista si el panel lo tenía.
-    void agregue_panel(QGroupBox* panel, QWidget* destino = nullptr);
-    void muestre_panel(QGroupBox* panel, QWidget* foco);
-    void oculte_panel(QGroupBox* panel);
     /// SBGrabar, SBCancel y las teclas que son las mismas; `anterior` precede a las rejillas con
     /// Tab.
     void declare_teclas_comunes(QWidget* anterior);
@@ -72,20 +67,12 @@ protected:
     virtual const char* pantalla_cuentas(Libro libro) const {
         return datos(libro).pantalla_cuentas;
     }
-    virtual void panel_recibio_foco(QGroupBox*) {}
 
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
 
 private:
-    void ubique_paneles();
     void SpeedButton3Click(); ///< "Continuar" del panel de artículo
     void SpeedButton6Click();
     void EArticodDblClick();
-
-    struct Panel {
-        QGroupBox* caja;
-        QWidget* destino;
-    };
-    QVector<Panel> paneles_;
 };

@@ -61,9 +61,8 @@ void PantallaPlantilla::construya(const QString& archivo) {
     f.fila({{"Concepto", EConcepto}, {"Referencia", ERef}});
     f.ancha(PageControl1, 1);
     f.botones(nombrado(new BarraBotones(this), "barra"));
-    ate_rejillas({Rejilla::Pegar, Rejilla::Borrar, Rejilla::Cortar, Rejilla::Copiar,
-                  Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar},
-                 archivo);
+    ate_rejillas(archivo, {Rejilla::Pegar, Rejilla::Borrar, Rejilla::Cortar, Rejilla::Copiar,
+                           Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     for (LineasLibro* l : {lineas_2649, lineas_niif})
         l->rejilla->enter_con_seleccion = true;
     construya_panel_articulo("Edit7");
@@ -156,7 +155,7 @@ void PantallaPlantilla::panel_de_clase(Libro libro, const QString& clase) {
     GroupBox2->setTitle(clase == "A" ? "Activo fijo" : "Artículo del inventario ");
     Edit7->clear();
     EArticod->clear(); // el de otra línea no es el de esta
-    muestre_panel(GroupBox2, EArticod);
+    GroupBox2->muestre(EArticod);
     const QString articulo = lineas_de(libro).FieldByName("ARTI_COD").texto();
     if (articulo.isEmpty())
         return;
@@ -171,7 +170,7 @@ void PantallaPlantilla::termine_lineas() {
 }
 
 void PantallaPlantilla::pegue(Rejilla& rejilla) {
-    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->termine_linea();
+    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->prepare_pegado();
     rejilla.pegue();
 }
 

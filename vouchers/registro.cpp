@@ -4,11 +4,15 @@
 #include "vouchers/tfbuscomproba.h"
 #include "vouchers/tfbuscplantilla.h"
 #include "vouchers/tfcomproterc.h"
+#include "vouchers/tfedtformato.h"
 #include "vouchers/tfedtmovimien.h"
 #include "vouchers/tfedtplantilla.h"
 #include "vouchers/tfmnuplantilla.h"
+#include "vouchers/tfmnusaldosi.h"
+#include "vouchers/tfmoverforma.h"
 #include "vouchers/tfmovimien.h"
 #include "vouchers/tfplantilla.h"
+#include "vouchers/tfsaldiniciales.h"
 
 void registre_pantallas_comprobantes() {
     pantallas().registre("Tfmovimien", [] { return new Tfmovimien; });
@@ -19,4 +23,8 @@ void registre_pantallas_comprobantes() {
     pantallas().registre("Tfplantilla", [] { return new Tfplantilla; });
     pantallas().registre("Tfedtplantilla", [] { return new Tfedtplantilla; });
     pantallas().registre("Tfmnuplantilla", [] { return new Tfmnuplantilla; });
+    pantallas().registre("Tfsaldiniciales", [] { return new Tfsaldiniciales; });
+    pantallas().registre("Tfmnusaldosi", [] { return new Tfmnusaldosi; });
+    pantallas().registre("Tfedtformato", [] { return new Tfedtformato; });
+    pantallas().registre("TFmoverforma", [] { return new TFmoverforma; });
 }

@@ -45,9 +45,7 @@ Tfedtmovimien::Tfedtmovimien()
     EDia->setEnabled(false);
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->rejilla->orden_local = true;
-        QMenu* menu = l->rejilla->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar,
-                                                  Rejilla::Borrar, Rejilla::SeleccionarTodo,
-                                                  Rejilla::VistaPreliminar, Rejilla::Guardar});
+        QMenu* menu = l->arme_menu(nombre_exportacion(), windowTitle());
         menu->addSeparator();
         QAction* replicar = menu->addAction("Replicar a NIIF");
         replicar->setObjectName("ReplicaraNIIF1");

@@ -361,12 +361,7 @@ void Tfmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, bool entrando) 
 }
 
 void Tfmovimien::pegue(Rejilla& rejilla) {
-    LineasLibro& l = &rejilla == lineas_niif->rejilla ? *lineas_niif : *lineas_2649;
-    l.termine_linea();
-    for (int columna : {1, 2, 3})
-        rejilla.columna(columna).ReadOnly = false;
-    rejilla.pegue();
-    l.detalle.First();
+    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->pegue();
 }
 
 // ---------------------------------------------------------------- plantilla

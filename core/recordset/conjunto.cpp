@@ -215,11 +215,14 @@ Valor ConjuntoDatos::valor_en(int indice, const Campo& campo) const {
     return valor_de(*orden_[size_t(indice)], campo);
 }
 
-Valor ConjuntoDatos::calcule(const Fila& fila, const Campo& campo) const {
-    if (calculando_ || !OnCalcFields)
-        return campo.indice_ < calculados_.size() ? calculados_[campo.indice_] : Valor();
+int ConjuntoDatos::orden_calculado(const Campo& campo) const {
+    return int(std::count_if(campos_.begin(), campos_.begin() + campo.indice_,
+                             [](const auto& c) { return c->tipo == TipoCampo::Calculado; }));
+}
+
+void ConjuntoDatos::corra_calculo(const Fila* fila) const {
     const Fila* antes = fila_calculo_;
-    fila_calculo_ = &fila;
+    fila_calculo_ = fila;
     calculados_.fill(Valor(), int(campos_.size()));
     calculando_ = true;
     try {
@@ -231,6 +234,24 @@ Valor ConjuntoDatos::calcule(const Fila& fila, const Campo& campo) const {
     }
     calculando_ = false;
     fila_calculo_ = antes;
+}
+
+void ConjuntoDatos::calcule_al_traer(Fila& fila) const {
+    if (!OnCalcFields)
+        return;
+    corra_calculo(&fila);
+    fila.calculados = std::make_unique<QVector<Valor>>();
+    for (const auto& c : campos_)
+        if (c->tipo == TipoCampo::Calculado)
+            fila.calculados->append(calculados_[c->indice_]);
+}
+
+Valor ConjuntoDatos::calcule(const Fila& fila, const Campo& campo) const {
+    if (calculando_ || !OnCalcFields)
+        return campo.indice_ < calculados_.size() ? calculados_[campo.indice_] : Valor();
+    if (calcular_al_traer)
+        return fila.calculados ? fila.calculados->value(orden_calculado(campo)) : Valor();
+    corra_calculo(&fila);
     return calculados_[campo.indice_];
 }
 
@@ -329,7 +350,12 @@ void ConjuntoDatos::abra_cursor() {
         valores << (maestra_             ? maestra_->FieldByName(n).valor()
                     : Params.contains(n) ? Params.value(n)
                                          : s->parametro(n));
-    cursor_ = s->conexion().abra(texto, valores);
+    if (Instantanea) {
+        foto_ = std::make_unique<Transaccion>(s->conexion(), Transaccion::Modo::Instantanea);
+        cursor_ = std::make_unique<Cursor>(s->conexion().prepare(texto, *foto_), *foto_, valores);
+    } else {
+        cursor_ = s->conexion().abra(texto, valores);
+    }
     columnas_ = cursor_->columnas();
     ate_campos();
 }
@@ -365,6 +391,8 @@ bool ConjuntoDatos::traiga_paquete() {
             }
             auto fila = std::make_unique<Fila>();
             fila->cruda = libre;
+            if (calcular_al_traer)
+                calcule_al_traer(*fila);
             if (con_blobs) // un blob se lee ya: su identificador no sobrevive a otros usuarios
                 haga_propios(*fila);
             libre += largo;
@@ -414,11 +442,14 @@ void ConjuntoDatos::Open() {
             abra_cursor();
             if (filtrado_ && !filtro_.isEmpty())
                 expresion_filtro_ = std::make_shared<Expresion>(*this, filtro_);
+            if (calcular_al_traer && OnCalcFields)
+                corra_calculo(nullptr);
             traiga_paquete();
             abriendo_ = false;
         } catch (...) {
             abriendo_ = false;
             cursor_.reset();
+            foto_.reset();
             orden_.clear();
             propio_ = Detalle();
             throw;
@@ -501,6 +532,7 @@ void ConjuntoDatos::Close() {
     for (ConjuntoDatos* d : anidados_)
         d->Close();
     cursor_.reset();
+    foto_.reset();
     nueva_.reset();
     bufer_.clear();
     orden_.clear();

@@ -28,6 +28,8 @@ struct Fila {
     std::unique_ptr<QVector<Valor>> valores;    ///< por campo; nulo mientras baste el mensaje crudo
     std::unique_ptr<QVector<Valor>> originales; ///< lo que la base tenía, en filas modificadas
     Marca marca = Marca::Intacta;
+    std::unique_ptr<QVector<Valor>>
+        calculados; ///< con calcular_al_traer, en el orden de los campos
     std::vector<std::unique_ptr<Detalle>> detalles; ///< uno por detalle de la sentencia maestra
 };
 
@@ -89,6 +91,15 @@ public:
     Proveedor* proveedor = nullptr;
     QString CommandText;    ///< exige poAllowCommandText en el proveedor
     int PacketRecords = -1; ///< filas por viaje; -1 todas
+    /// Lee todo de una sola foto de la base, para que lo que se imprime cuadre.
+    bool Instantanea = false;
+    /// Solo hacia adelante: al pasar de un paquete al otro se sueltan las filas del anterior y la
+    /// memoria no crece con el resultado. Después de la última no queda fila actual.
+    bool Unidireccional = false;
+    /// OnCalcFields corre una vez por fila, al traerla y en su orden (más una vez, sin fila, al
+    /// abrir): sirve a lo que depende de la fila anterior, como un saldo corrido. Sin esto corre
+    /// cada vez que se lee un campo calculado.
+    bool calcular_al_traer = false;
     QMap<QString, Valor> Params;
     void FetchParams(); ///< toma de la sentencia los nombres de sus parámetros
     void IndexFieldNames(const QString& campos, bool descendente = false);
@@ -206,6 +217,9 @@ private:
     void haga_propios(Fila& fila) const;
     Valor valor_de(const Fila& fila, const Campo& campo) const;
     Valor calcule(const Fila& fila, const Campo& campo) const;
+    void corra_calculo(const Fila* fila) const;
+    void calcule_al_traer(Fila& fila) const;
+    int orden_calculado(const Campo& campo) const;
     Valor busque(const Campo& campo) const;
     const Fila* fila_activa() const;
     void asigne(Campo& campo, const Valor& valor);
@@ -227,6 +241,7 @@ private:
 
     Detalle propio_;
     std::vector<Fila*> orden_;
+    std::unique_ptr<Transaccion> foto_; ///< la de Instantanea; vive más que su cursor
     std::unique_ptr<Cursor> cursor_;
     Estado estado_ = Estado::Cerrado;
     int pos_ = -1;

@@ -47,6 +47,11 @@ void ConjuntoDatos::Last() {
 
 void ConjuntoDatos::Next() {
     CheckBrowseMode();
+    if (Unidireccional && cursor_ && pos_ + 1 >= int(orden_.size())) {
+        orden_.clear();
+        propio_ = Detalle();
+        pos_ = -1;
+    }
     if (pos_ + 1 >= int(orden_.size()) && !traiga_paquete()) {
         fin_ = true;
         return;

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QImageReader>
+#include <QKeyEvent>
 #include <QResizeEvent>
 
 ImagenDato::ImagenDato(QWidget* padre) : QLabel(padre) {
@@ -31,6 +32,28 @@ void ImagenDato::cargue_archivo(const QString& ruta) {
 
 void ImagenDato::limpie() {
     cambie({});
+}
+
+void ImagenDato::al_pulsar(std::function<void()> accion) {
+    accion_ = std::move(accion);
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(QFrame::Panel);
+    setCursor(Qt::PointingHandCursor);
+}
+
+void ImagenDato::mouseReleaseEvent(QMouseEvent* evento) {
+    QLabel::mouseReleaseEvent(evento);
+    if (accion_ && evento->button() == Qt::LeftButton && rect().contains(evento->pos()))
+        proteja(accion_);
+}
+
+void ImagenDato::keyPressEvent(QKeyEvent* evento) {
+    const bool pulsa = evento->key() == Qt::Key_Space || evento->key() == Qt::Key_Return ||
+                       evento->key() == Qt::Key_Enter;
+    if (accion_ && pulsa)
+        proteja(accion_);
+    else
+        QLabel::keyPressEvent(evento);
 }
 
 void ImagenDato::cambie(const QByteArray& octetos) {

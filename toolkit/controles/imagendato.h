@@ -14,16 +14,21 @@ public:
     /// Pone el archivo en el campo. Lanza ErrorDatos si no es una imagen que se pueda leer.
     void cargue_archivo(const QString& ruta);
     void limpie();
+    /// Clic, Espacio o Enter: quien lo pone hace del control un botón que recibe el foco.
+    void al_pulsar(std::function<void()> accion);
 
 protected:
     void muestre() override;
     Valor contenido() const override;
     void aplique_permiso() override {}
     void resizeEvent(QResizeEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
 
 private:
     void cambie(const QByteArray& octetos);
     void acomode();
     QByteArray octetos_;
     QPixmap original_;
+    std::function<void()> accion_;
 };

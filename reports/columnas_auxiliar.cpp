@@ -1,0 +1,85 @@
+#include "reports/columnas_auxiliar.h"
+
+#include "core/tfdmcnt.h"
+
+namespace {
+constexpr const char* kImporte = "#,###.00";
+constexpr const char* kPorcentaje = "#.##";
+
+QString dia_del_periodo(const QString& dia) {
+    return fdmcnt().ano_actual +
+           QStringLiteral("%1").arg(fdmcnt().periodo_actual + 1, 2, 10, QLatin1Char('0')) + dia;
+}
+} // namespace
+
+SaldoCorrido::SaldoCorrido(ConjuntoDatos& conjunto, const QString& clave, const QString& inicial)
+    : conjunto_(conjunto), clave_(clave), inicial_(inicial) {
+    conjunto_.calcular_al_traer = true;
+    conjunto_.OnCalcFields = [this] { CAuxiliarCalcFields(); };
+}
+
+void SaldoCorrido::comience() {
+    primera_ = true;
+    ultima_clave_ = QString();
+    saldo_ = Moneda();
+}
+
+void SaldoCorrido::CAuxiliarCalcFields() {
+    if (std::exchange(primera_, false))
+        return;
+    const QString clave = conjunto_.FieldByName(clave_).texto();
+    if (clave != ultima_clave_ || ultima_clave_.isNull())
+        saldo_ = conjunto_.FieldByName(inicial_).moneda();
+    saldo_ += conjunto_.FieldByName("DEBITO").moneda() - conjunto_.FieldByName("CREDITO").moneda();
+    conjunto_.FieldByName("SaldoF") = saldo_;
+    ultima_clave_ = clave.isNull() ? QStringLiteral("") : clave;
+}
+
+void defina_auxiliar(ConjuntoDatos& c) {
+    c.entero("ID");
+    c.texto("CUENTA", 20).etiqueta("Cuenta");
+    c.texto("TIPOCOMP", 3).etiqueta("Tipo");
+    c.texto("PREFIJO", 4).etiqueta("Prefijo");
+    c.texto("NUMERO", 8).etiqueta("Número");
+    c.texto("FECHA", 8).etiqueta("Fecha");
+    c.texto("CONCEPTO", 60).etiqueta("Concepto");
+    c.texto("NIT", 20).etiqueta("NIT");
+    c.texto("REF", 20).etiqueta("Referencia");
+    c.decimal("BASE").etiqueta("Base").formato(kImporte);
+    c.decimal("PORC", 4).etiqueta("Porc.").formato(kPorcentaje);
+    c.decimal("DEBITO").etiqueta("Débito").formato(kImporte);
+    c.decimal("CREDITO").etiqueta("Crédito").formato(kImporte);
+    c.texto("PROYECTO", 4).etiqueta("Proyecto");
+    c.texto("CENTRO", 4).etiqueta("Centro");
+    c.entero("TIPOREF");
+    c.entero("IDREF");
+}
+
+void defina_listado(ConjuntoDatos& c) {
+    c.entero("ID");
+    c.texto("TIPOCOMP", 3).etiqueta("Tipo");
+    c.texto("PREFIJO", 4).etiqueta("Prefijo");
+    c.texto("NUMERO", 8).etiqueta("Número");
+    c.texto("FECHA", 8).etiqueta("Fecha");
+    c.texto("CUENTA", 20).etiqueta("Cuenta");
+    c.texto("NIT", 20).etiqueta("NIT");
+    c.texto("PROYECTO", 4).etiqueta("Proyecto");
+    c.texto("CENTRO", 4).etiqueta("Centro");
+    c.texto("CONCEPTO", 60).etiqueta("Concepto");
+    c.texto("REF", 20).etiqueta("Referencia");
+    c.decimal("BASE").etiqueta("Base").formato(kImporte);
+    c.decimal("PORC", 4).etiqueta("Porc.").formato(kPorcentaje);
+    c.decimal("DEBITO").etiqueta("Débito").formato(kImporte);
+    c.decimal("CREDITO").etiqueta("Crédito").formato(kImporte);
+    c.entero("TIPOREF");
+    c.entero("IDREF");
+    c.texto("NOMTIPO", 60).etiqueta("Nombre del tipo");
+}
+
+QString primer_dia_del_periodo() {
+    return dia_del_periodo(QStringLiteral("01"));
+}
+
+QString ultimo_dia_del_periodo() {
+    return dia_del_periodo(fdmcnt().dias_periodo());
+}

@@ -1,0 +1,30 @@
+#pragma once
+// Campos de los auxiliares y su saldo corrido.
+#include "core/recordset/conjunto.h"
+
+/// `SaldoF`: el saldo después de cada movimiento. Empieza en el saldo inicial de la clave y se
+/// calcula fila a fila, en el orden en que llegan.
+class SaldoCorrido {
+public:
+    /// `clave`: columna que, al cambiar, vuelve a empezar desde la columna `inicial`.
+    SaldoCorrido(ConjuntoDatos& conjunto, const QString& clave, const QString& inicial);
+    /// Antes de abrir el conjunto: el cálculo que viene es el de la apertura, sin fila.
+    void comience();
+
+private:
+    void CAuxiliarCalcFields();
+
+    ConjuntoDatos& conjunto_;
+    QString clave_, inicial_;
+    bool primera_ = true;
+    QString ultima_clave_;
+    Moneda saldo_;
+};
+
+/// Las diecisiete columnas con que empiezan los auxiliares por cuenta, tercero y centro.
+void defina_auxiliar(ConjuntoDatos& conjunto);
+/// Columnas de los listados de comprobantes.
+void defina_listado(ConjuntoDatos& conjunto);
+/// Primer y último día del período de la sesión, como aaaammdd.
+QString primer_dia_del_periodo();
+QString ultimo_dia_del_periodo();

@@ -1,0 +1,387 @@
+#include "reports/forma_rango.h"
+
+#include "core/instalacion.h"
+#include "core/tfdmcnt.h"
+#include "core/tfdmter.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/estilo.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScopeGuard>
+#include <QSpinBox>
+#include <QToolButton>
+
+namespace {
+
+constexpr int kLargoFecha = 8;
+constexpr int kPrimerAno = 1990;
+
+struct AspectoCaja {
+    int caracteres;
+    QString ayuda;
+    QString lista; ///< pantalla que escoge el dato
+};
+
+AspectoCaja aspecto_de(ClaseRango clase) {
+    const QString con_lista = QStringLiteral("F5 o doble clic muestra la lista");
+    switch (clase) {
+    case ClaseRango::Cuenta:
+        return {20, con_lista, QStringLiteral("Tfcuentas")};
+    case ClaseRango::Tercero:
+        return {15, con_lista, QStringLiteral("Tfterceros")};
+    case ClaseRango::Proyecto:
+    case ClaseRango::Centro:
+        return {4, con_lista, QStringLiteral("Tfcentros")};
+    case ClaseRango::Fecha:
+        return {kLargoFecha, QStringLiteral("aaaammdd"), {}};
+    default:
+        return {10, {}, {}};
+    }
+}
+
+} // namespace
+
+void fije_variables(MotorInformes& motor, const QString& titulo) {
+    motor.fijar_parametro("NomCia", fdm().configuracion("GENERAL", "GENERAL", "NOMBRE COMPAÑIA"));
+    motor.fijar_parametro("Titulo", titulo);
+    motor.fijar_parametro("Usuario", fdm().nombre_usuario);
+}
+
+// ---------------------------------------------------------------- período propio
+
+PeriodoPrivado PeriodoPrivado::de_la_sesion() {
+    return {Tfdm::entero(fdmcnt().ano_actual), qMin(fdmcnt().periodo_actual, 12)};
+}
+
+void PeriodoPrivado::mas() {
+    if (indice >= 12) {
+        indice = 0;
+        ++ano;
+    } else {
+        ++indice;
+    }
+}
+
+void PeriodoPrivado::menos() {
+    const int inicio =
+        Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "AÑO DE INICIO"));
+    const int mes = Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "MES DE INICIO"));
+    if (ano < inicio || (ano == inicio && indice <= mes - 1)) {
+        QApplication::beep();
+    } else if (indice < 1) {
+        indice = 12;
+        --ano;
+    } else {
+        --indice;
+    }
+}
+
+// ---------------------------------------------------------------- construcción
+
+FormaRango::FormaRango(const DatosRango& datos)
+    : Pantalla(datos.clase, datos.titulo), CAuxiliar(this, datos.conjunto, &PAuxiliar),
+      ETit(new QLineEdit(this)), DBGridEh1(new Rejilla(this)), Panel5(new QLabel(this)),
+      datos_(datos), periodo(PeriodoPrivado::de_la_sesion()) {
+    ETit->setObjectName("ETit");
+    ETit->setPlaceholderText(QStringLiteral("(lo compone el programa)"));
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->nombre_archivo = datos_.archivo;
+    DBGridEh1->hide();
+    Panel5->setObjectName("Panel5");
+    Panel5->setText(QStringLiteral("Generando informe. espere un momento..."));
+    Panel5->setAlignment(Qt::AlignCenter);
+    Panel5->setAutoFillBackground(true);
+    Panel5->setFrameShape(QFrame::StyledPanel);
+    Panel5->setMargin(paso(2));
+    Panel5->hide();
+    CAuxiliar.Instantanea = true;
+    enter_como_tab();
+    tamano(datos_.tamano.width(), datos_.tamano.height());
+    centre_en_area(125, 120);
+}
+
+QLineEdit* FormaRango::caja(const QString& nombre, int caracteres) {
+    auto* c = new QLineEdit(this);
+    c->setObjectName(nombre);
+    c->setMaxLength(caracteres);
+    c->setMinimumWidth(ancho_caracteres(c->fontMetrics(), qMin(caracteres, 12) + 2));
+    c->installEventFilter(this);
+    return c;
+}
+
+QCheckBox* FormaRango::casilla(const QString& nombre, const QString& texto) {
+    auto* c = new QCheckBox(texto, this);
+    c->setObjectName(nombre);
+    return c;
+}
+
+void FormaRango::arme_pares(Formulario& f) {
+    for (const ParRango& par : datos_.pares) {
+        const AspectoCaja aspecto = aspecto_de(par.clase);
+        QLineEdit* desde = caja(par.desde, aspecto.caracteres);
+        QLineEdit* hasta = caja(par.hasta, aspecto.caracteres);
+        for (QLineEdit* c : {desde, hasta})
+            c->setToolTip(aspecto.ayuda);
+        f.fila({{par.rotulo + QStringLiteral(" desde:"), desde}, {"hasta:", hasta}});
+    }
+    // Escape no es la única salida del teclado: la lista también se alcanza sin ratón.
+    tecla(Qt::Key_F5, "lista", [this] {
+        if (auto* c = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
+            busque(c);
+    });
+}
+
+void FormaRango::arme_titulo(Formulario& f) {
+    f.fila("Título:", ETit);
+}
+
+void FormaRango::arme_botones(Formulario& f) {
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SBImprimir", "F2:Imprimir", "document-print", Qt::Key_F2,
+                                  [this] { imprimirClick(); }));
+    if (datos_.opcion_exportar)
+        barra->boton("botonExportar", "F4:Exportar", "document-save-as", {},
+                     [this] { botonExportarClick(); });
+    barra->boton("SpeedButton4", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    f.estire();
+    f.botones(barra);
+}
+
+QWidget* FormaRango::cree_periodo() {
+    caja_periodo = new CajaPeriodo(this);
+    caja_periodo->rango_ano(kPrimerAno, 9999);
+    const auto boton = [this](const char* nombre, Qt::ArrowType flecha, const QString& ayuda,
+                              void (PeriodoPrivado::*mueva)()) {
+        auto* b = new QToolButton(this);
+        b->setObjectName(nombre);
+        b->setArrowType(flecha);
+        b->setToolTip(ayuda);
+        b->setAccessibleName(ayuda);
+        connect(b, &QToolButton::clicked, this, [this, mueva] {
+            proteja([&] {
+                (periodo.*mueva)();
+                muestre_periodo();
+            });
+        });
+        return b;
+    };
+    connect(caja_periodo, &CajaPeriodo::mes_cambiado, this, [this](int m) { periodo.indice = m; });
+    connect(caja_periodo, &CajaPeriodo::ano_cambiado, this, [this](int a) { periodo.ano = a; });
+    muestre_periodo();
+    return Formulario::junto(
+        {boton("SpeedButton1", Qt::LeftArrow, "Período anterior", &PeriodoPrivado::menos),
+         caja_periodo,
+         boton("SpeedButton2", Qt::RightArrow, "Período siguiente", &PeriodoPrivado::mas)});
+}
+
+void FormaRango::muestre_periodo() {
+    caja_periodo->ano(periodo.ano);
+    if (periodo.indice < 12)
+        caja_periodo->mes(periodo.indice);
+    else
+        caja_periodo->texto_mes(Tfdm::nombres_periodo()[periodo.indice]);
+}
+
+void FormaRango::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    if (auto* primera =
+            datos_.pares.isEmpty() ? nullptr : findChild<QLineEdit*>(datos_.pares.first().desde))
+        primera->setFocus();
+}
+
+// ---------------------------------------------------------------- cajas
+
+QString FormaRango::valor(const QString& nombre) const {
+    if (const auto* c = findChild<QLineEdit*>(nombre))
+        return c->text().trimmed();
+    if (const auto* lista = findChild<QComboBox*>(nombre))
+        return lista->currentText().section(QLatin1Char(' '), 0, 0);
+    throw ErrorDatos(QStringLiteral("%1: no existe la caja %2.").arg(objectName(), nombre));
+}
+
+QString FormaRango::entre_comillas(const QString& nombre) const {
+    return QuotedStr(valor(nombre));
+}
+
+QString FormaRango::tramo(const QString& rotulo, const QString& desde, const QString& hasta) const {
+    return rotulo + valor(desde) + QStringLiteral("...") + valor(hasta);
+}
+
+bool FormaRango::niif() const {
+    return marcada(ckniif);
+}
+
+bool FormaRango::marcada(const QCheckBox* casilla) const {
+    return casilla && casilla->isChecked();
+}
+
+const ParRango* FormaRango::par_de(const QString& caja) const {
+    for (const ParRango& p : datos_.pares)
+        if (p.desde == caja || p.hasta == caja)
+            return &p;
+    return nullptr;
+}
+
+bool FormaRango::eventFilter(QObject* objeto, QEvent* evento) {
+    if (evento->type() == QEvent::MouseButtonDblClick) {
+        if (auto* c = qobject_cast<QLineEdit*>(objeto))
+            ejecute([&] { busque(c); });
+    } else if (evento->type() == QEvent::FocusOut) {
+        const ParRango* par = par_de(objeto->objectName());
+        if (par && par->hasta == objeto->objectName())
+            EHastaExit(*par);
+    }
+    return Pantalla::eventFilter(objeto, evento);
+}
+
+void FormaRango::EHastaExit(const ParRango& par) {
+    auto* hasta = findChild<QLineEdit*>(par.hasta);
+    if (hasta && hasta->text().isEmpty())
+        hasta->setText(findChild<QLineEdit*>(par.desde)->text());
+}
+
+void FormaRango::busque(QLineEdit* caja) {
+    const ParRango* par = par_de(caja->objectName());
+    const QString lista = par ? aspecto_de(par->clase).lista : QString();
+    if (lista.isEmpty())
+        return;
+    pidio_ = caja;
+    fdm().modo_mantenimiento = false;
+    pantallas().abrir(par->clase == ClaseRango::Cuenta && niif() ? QStringLiteral("Tfcuentasniif")
+                                                                 : lista);
+}
+
+void FormaRango::FormActivate() {
+    // La lista dejó lo escogido en la sesión; va a la caja que la pidió.
+    QString cuenta = std::exchange(fdmcnt().cuenta_seleccion, {});
+    QString tercero = std::exchange(fdmter().tercero_seleccion, {});
+    QString proyecto = std::exchange(fdmcnt().proyecto_seleccion, {});
+    QString centro = std::exchange(fdmcnt().centro_seleccion, {});
+    const ParRango* par = pidio_ ? par_de(pidio_->objectName()) : nullptr;
+    if (!par)
+        return;
+    if (par->clase == ClaseRango::Cuenta)
+        reciba(pidio_, cuenta);
+    else if (par->clase == ClaseRango::Tercero)
+        reciba(pidio_, tercero);
+    else {
+        // Proyecto y centro se escogen juntos: el otro par recibe el suyo del mismo lado.
+        const bool abajo = par->desde == pidio_->objectName();
+        for (const ParRango& p : datos_.pares) {
+            auto* caja = findChild<QLineEdit*>(abajo ? p.desde : p.hasta);
+            if (p.clase == ClaseRango::Proyecto)
+                reciba(caja, proyecto);
+            else if (p.clase == ClaseRango::Centro)
+                reciba(caja, centro);
+        }
+    }
+    pidio_.clear();
+}
+
+void FormaRango::reciba(QLineEdit* caja, const QString& valor) {
+    if (caja && !valor.isEmpty())
+        caja->setText(valor);
+}
+
+void FormaRango::complete_rangos() {
+    for (const ParRango& par : datos_.pares) {
+        auto* desde = findChild<QLineEdit*>(par.desde);
+        auto* hasta = findChild<QLineEdit*>(par.hasta);
+        if (!desde || !hasta)
+            continue;
+        if (desde->text().isEmpty() && hasta->text().isEmpty()) {
+            desde->setText(par.omision_desde);
+            hasta->setText(par.omision_hasta);
+        } else if (hasta->text().isEmpty()) {
+            hasta->setText(desde->text());
+        }
+        if (par.clase != ClaseRango::Fecha)
+            continue;
+        static const QRegularExpression fecha(QStringLiteral("^[0-9]{8}$"));
+        for (QLineEdit* c : {desde, hasta})
+            if (!c->text().isEmpty() && !fecha.match(c->text()).hasMatch()) {
+                c->setFocus();
+                throw ErrorDatos(QStringLiteral("La fecha \"%1\" no es válida: digítela como "
+                                                "aaaammdd, por ejemplo 20170131.")
+                                     .arg(c->text()));
+            }
+    }
+}
+
+// ---------------------------------------------------------------- informe
+
+void FormaRango::imprimirClick() {
+    {
+        complete_rangos();
+        Panel5->adjustSize();
+        Panel5->move((width() - Panel5->width()) / 2, (height() - Panel5->height()) / 2);
+        Panel5->show();
+        Panel5->raise();
+        Panel5->repaint();
+        const auto quite = qScopeGuard([this] { Panel5->hide(); });
+        CAuxiliar.Close();
+        // Para imprimir basta una pasada; la exportación mide la tabla antes de escribirla.
+        CAuxiliar.Unidireccional = !exportar;
+        antes_de_abrir();
+        CAuxiliar.Open(sql());
+    }
+    const auto cierre_conjunto = qScopeGuard([this] { CAuxiliar.Close(); });
+    if (CAuxiliar.IsEmpty()) {
+        muestre_mensaje("No hay datos que cumplan con los rangos indicados.");
+        close();
+        return;
+    }
+    compone_titulo();
+    MotorInformes motor(this);
+    motor.nombre_archivo = datos_.archivo;
+    motor.ProjectFile = ruta_informe(datos_.proyecto);
+    motor.abrir_proyecto(motor.ProjectFile);
+    fije_variables(motor, ETit->text());
+    motor.conecte(datos_.conexion, CAuxiliar);
+    motor.seleccionar_reporte(reporte());
+    const QString pagina = reporte() + QStringLiteral(".Page1");
+    if (niif() && !titulo_niif().isEmpty())
+        motor.fijar_texto(pagina, item_titulo(), titulo_niif());
+    ajuste_reporte(motor, pagina);
+    if (exportar) {
+        seleccionartodo();
+        guardarseleccion();
+    } else {
+        motor.ejecutar();
+    }
+    motor.cerrar();
+    close();
+}
+
+void FormaRango::compone_titulo() {
+    if (ETit->text().isEmpty())
+        ETit->setText(titulo());
+}
+
+void FormaRango::botonExportarClick() {
+    if (!fdm().exija_acceso(datos_.opcion_exportar))
+        return;
+    exportar = true;
+    const auto baje = qScopeGuard([this] { exportar = false; });
+    imprimirClick();
+}
+
+void FormaRango::seleccionartodo() {
+    CAuxiliar.FetchAll();
+    DBGridEh1->columnas_del_conjunto();
+    DBGridEh1->ate(&CAuxiliar);
+    DBGridEh1->seleccione_todo();
+}
+
+void FormaRango::guardarseleccion() {
+    DBGridEh1->guarde_seleccion();
+}

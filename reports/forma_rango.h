@@ -1,0 +1,130 @@
+#pragma once
+// Base de los informes por rango: cajas de límites, título, consulta y plantilla.
+//
+// Un miembro es sus pares de cajas, su consulta, su reporte y su título. F2 consulta y manda las
+// filas al motor de informes; "F4:Exportar" las graba completas, en las columnas de la rejilla. La
+// pantalla se cierra al terminar, también cuando no hay datos.
+#include "core/tfdm.h"
+#include "toolkit/informes/motor.h"
+#include "toolkit/pantalla.h"
+
+class BarraBotones;
+class CajaPeriodo;
+class Formulario;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class Rejilla;
+
+/// Qué recibe una caja de rango, y por tanto qué lista se abre desde ella.
+enum class ClaseRango { Codigo, Cuenta, Tercero, Proyecto, Centro, Fecha };
+
+/// Par de cajas. Vacías las dos, toman los valores por omisión; con solo la de abajo, las dos lo
+/// mismo.
+struct ParRango {
+    QString desde, hasta; ///< nombres de los componentes
+    QString rotulo;       ///< "Cuentas"
+    ClaseRango clase = ClaseRango::Codigo;
+    QString omision_desde = QStringLiteral("0");
+    QString omision_hasta = QStringLiteral("ZZ");
+};
+
+/// Lo que un miembro dice de sí mismo.
+struct DatosRango {
+    QString clase, titulo; ///< de la pantalla
+    QSize tamano{382, 344};
+    QString proyecto; ///< "auxiliares.rav"
+    QString conexion; ///< la que conoce la plantilla
+    QString conjunto = QStringLiteral("CAuxiliar");
+    QString archivo; ///< que se propone al exportar
+    int opcion_exportar = 0;
+    QVector<ParRango> pares;
+};
+
+/// Período propio de una pantalla: se mueve como el de la sesión, sin tocarlo ni guardarlo.
+struct PeriodoPrivado {
+    int ano = 0;
+    int indice = 0; ///< 0 a 11 los meses, 12 "Ajustes"
+    static PeriodoPrivado de_la_sesion();
+    void mas();
+    void menos(); ///< no pasa del período más antiguo
+    /// Número que va a un procedimiento: 1 a 13.
+    int numero() const { return indice + 1; }
+};
+
+class FormaRango : public Pantalla {
+    Q_OBJECT
+public:
+    explicit FormaRango(const DatosRango& datos);
+
+    // --- conjuntos
+    Sentencia QAuxiliar{this, "QAuxiliar", fdm().Quorvex};
+    Proveedor PAuxiliar{this, "PAuxiliar", &QAuxiliar, poAllowCommandText};
+    ConjuntoDatos CAuxiliar;
+
+    // --- controles
+    QLineEdit* ETit;
+    QCheckBox* ckniif = nullptr; ///< "Cuentas NIIF"; nulo si el informe es de un solo libro
+    Rejilla* DBGridEh1;
+    QLabel* Panel5;
+
+    void FormCreate() override;
+    void FormActivate() override;
+
+    void imprimirClick();
+    void botonExportarClick();
+    void compone_titulo();
+    void seleccionartodo();
+    void guardarseleccion();
+
+protected:
+    // --- lo que distingue a un miembro, en el orden en que se usa
+    virtual QString sql() = 0;
+    /// Columnas que la base no calcula y pasos antes de abrir el conjunto.
+    virtual void antes_de_abrir() {}
+    virtual QString titulo() = 0;
+    virtual QString reporte() = 0;
+    virtual QString titulo_niif() { return {}; }
+    /// Texto de la página que lleva el título de NIIF.
+    virtual QString item_titulo() { return QStringLiteral("Text1"); }
+    /// Grupos, variables y demás cambios sobre la página `pagina` ("Cuentas.Page1").
+    virtual void ajuste_reporte(MotorInformes& motor, const QString& pagina) {}
+
+    // --- construcción: primero las cajas, luego lo propio del miembro y al final los botones
+    void arme_pares(Formulario& f);
+    void arme_titulo(Formulario& f);
+    void arme_botones(Formulario& f);
+    QCheckBox* casilla(const QString& nombre, const QString& texto);
+    QLineEdit* caja(const QString& nombre, int caracteres);
+    /// Caja de mes y año con sus dos botones, sobre `periodo`.
+    QWidget* cree_periodo();
+
+    // --- lectura
+    /// Texto de una caja, sin espacios a los lados.
+    QString valor(const QString& nombre) const;
+    /// El mismo, como literal.
+    QString entre_comillas(const QString& nombre) const;
+    /// "Cuentas:" + desde + "..." + hasta.
+    QString tramo(const QString& rotulo, const QString& desde, const QString& hasta) const;
+    bool niif() const;
+    bool marcada(const QCheckBox* casilla) const;
+
+    const DatosRango datos_;
+    PeriodoPrivado periodo;
+    CajaPeriodo* caja_periodo = nullptr;
+    bool exportar = false;
+
+private:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+    void EHastaExit(const ParRango& par);
+    void busque(QLineEdit* caja);
+    void reciba(QLineEdit* caja, const QString& valor);
+    void complete_rangos();
+    void muestre_periodo();
+    const ParRango* par_de(const QString& caja) const;
+
+    QPointer<QLineEdit> pidio_; ///< la caja que abrió una lista
+};
+
+/// Nombre de la compañía, usuario y título: las variables que toda plantilla recibe, en ese orden.
+void fije_variables(MotorInformes& motor, const QString& titulo);

@@ -1,0 +1,13 @@
+#pragma once
+#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
+#include "toolkit/pantalla.h"
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QToolButton>

@@ -1,0 +1,24 @@
+#pragma once
+// Auxiliar por cuenta: los movimientos de un rango de cuentas entre dos fechas.
+#include "reports/columnas_auxiliar.h"
+#include "reports/forma_rango.h"
+
+class Tfrngauxiliarcta : public FormaRango {
+    Q_OBJECT
+public:
+    Tfrngauxiliarcta();
+
+    QCheckBox *CkSinMov, *CkCateg, *Chcentro;
+    QLineEdit* TxCateg;
+
+protected:
+    QString sql() override;
+    void antes_de_abrir() override;
+    QString titulo() override;
+    QString reporte() override;
+    QString titulo_niif() override { return QStringLiteral("Auxiliar por cuenta NIIF"); }
+    void ajuste_reporte(MotorInformes& motor, const QString& pagina) override;
+
+private:
+    SaldoCorrido saldo_{CAuxiliar, "CUENTA", "INICIAL"};
+};

@@ -1,0 +1,195 @@
+// Lo común de los informes por rango, visto en el auxiliar por cuenta.
+#include "apoyo_gui/interlocutor.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "informe_de_prueba.h"
+#include "ledger/libro_de_prueba.h"
+#include "reports/registro.h"
+#include "reports/tfrngauxiliarcta.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QTemporaryDir>
+
+class PruebaFormaRango : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { registre_pantallas_informes(); }
+    void las_cajas_vacias_toman_sus_valores_y_el_titulo_los_dice();
+    void lo_impreso_es_la_suma_de_las_lineas();
+    void sin_datos_avisa_y_se_cierra();
+    void exportar_exige_su_derecho_y_graba_todas_las_columnas();
+    void una_fecha_mal_escrita_no_pierde_lo_digitado();
+    void lo_impreso_cuadra_mientras_otro_graba();
+    void la_lista_escribe_en_la_caja_que_la_pidio();
+};
+
+void PruebaFormaRango::las_cajas_vacias_toman_sus_valores_y_el_titulo_los_dice() {
+    SesionGui s;
+    agregue_libro(s);
+    s.cnt.periodo_actual = 2;
+    auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    QVERIFY(f);
+    QCOMPARE(componente<QLineEdit>(f, "EFecIni").text(), QString("20170301"));
+    QCOMPARE(componente<QLineEdit>(f, "EFecFin").text(), QString("20170331"));
+    // Al dejar la caja de arriba vacía, toma lo de la de abajo.
+    auto& desde = componente<QLineEdit>(f, "EDesde");
+    auto& hasta = componente<QLineEdit>(f, "EHasta");
+    desde.setFocus();
+    digite("110505");
+    oprima(Qt::Key_Return);
+    QCOMPARE(con_foco(), &hasta);
+    oprima(Qt::Key_Tab);
+    QCOMPARE(hasta.text(), QString("110505"));
+    desde.clear();
+    hasta.clear();
+    const QString texto = informe_como_texto(f, Qt::Key_F2);
+    QVERIFY2(texto.contains("Cuentas:0...ZZFechas:20170301...20170331"), qPrintable(texto));
+    QVERIFY(texto.contains("Auxiliar por cuenta") && !texto.contains("NIIF"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!s.escritorio.abierta("Tfrngauxiliarcta")); // se cierra al terminar
+}
+
+void PruebaFormaRango::lo_impreso_es_la_suma_de_las_lineas() {
+    SesionGui s;
+    agregue_libro(s);
+    s.cnt.periodo_actual = 2;
+    for (bool niif : {false, true}) {
+        auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+        f->ckniif->setChecked(niif);
+        f->ETit->setText("Mi título");
+        const QString texto = informe_como_texto(f, Qt::Key_F2);
+        QVERIFY2(texto.contains("Mi título"), qPrintable(texto));
+        QCOMPARE(texto.contains("Auxiliar por cuenta NIIF"), niif);
+        const QString sumas =
+            s.dato(QString("select sum(code_debito) from comprobante_detalle%1 d join "
+                           "comprobante_encabezado e on e.enco_consec = d.enco_consec where "
+                           "e.enco_fecha between '20170301' and '20170331'")
+                       .arg(niif ? "_niif" : ""));
+        const QString total = Moneda::de_texto(sumas).formateada();
+        QVERIFY2(texto.section("Total del informe", 1).contains(total),
+                 qPrintable(total + "\n" + texto));
+        // El saldo final de caja: el inicial más el movimiento.
+        const QString caja =
+            Moneda::de_texto(s.dato(QString("select sum(code_debito - code_credito) from "
+                                            "comprobante_detalle%1 d join "
+                                            "comprobante_encabezado e on e.enco_consec = "
+                                            "d.enco_consec where cuen_cod = '110505' and "
+                                            "e.enco_fecha <= '20170331'")
+                                        .arg(niif ? "_niif" : "")))
+                .formateada();
+        QVERIFY2(texto.section("Total 110505", 1).section('\n', 0, 0).endsWith(caja),
+                 qPrintable(caja + "\n" + texto));
+    }
+}
+
+void PruebaFormaRango::sin_datos_avisa_y_se_cierra() {
+    SesionGui s;
+    auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    Interlocutor i;
+    i.espere("No hay datos que cumplan con los rangos indicados.");
+    componente<QLineEdit>(f, "EDesde").setText("999999");
+    oprima(Qt::Key_F2);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!s.escritorio.abierta("Tfrngauxiliarcta"));
+}
+
+void PruebaFormaRango::exportar_exige_su_derecho_y_graba_todas_las_columnas() {
+    SesionGui s("AUXILIAR");
+    agregue_libro(s);
+    s.cnt.periodo_actual = 2;
+    s.niegue(116);
+    s.otorgue(110);
+    auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    Interlocutor i;
+    i.espere(kAccesoNegado);
+    componente<QPushButton>(f, "botonExportar").click();
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QVERIFY(s.escritorio.abierta("Tfrngauxiliarcta"));
+    QVERIFY(f->ETit->text().isEmpty());
+
+    s.otorgue(116);
+    QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath("aux.csv");
+    i.espere_modal("guardar_seleccion", [&](QWidget* w) {
+        auto* nombre = w->findChild<QLineEdit*>("fileNameEdit");
+        QCOMPARE(nombre->text(), QString("RepAuxCta"));
+        static_cast<QFileDialog*>(w)->selectNameFilter("Comma separated values (*.csv)");
+        nombre->setText(ruta);
+        QMetaObject::invokeMethod(w, "accept");
+    });
+    componente<QPushButton>(f, "botonExportar").click();
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QFile archivo(ruta);
+    QVERIFY(archivo.open(QIODevice::ReadOnly));
+    const QStringList filas =
+        QString::fromUtf8(archivo.readAll()).split("\r\n", Qt::SkipEmptyParts);
+    const QStringList titulos = filas.value(0).remove(QChar(0xFEFF)).split(',');
+    for (const char* columna : {"Cuenta", "NIT", "Proyecto", "Categoría", "Inicial", "Saldo final"})
+        QVERIFY2(titulos.contains(columna), qPrintable(filas.value(0)));
+    // El saldo corrido de cada fila es el de las anteriores de su cuenta, desde el inicial.
+    QString cuenta;
+    Moneda saldo;
+    const auto celda = [&](const QString& fila, const char* titulo) {
+        return fila.split(',').value(titulos.indexOf(titulo));
+    };
+    for (const QString& fila : filas.mid(1)) {
+        if (celda(fila, "Cuenta") != cuenta)
+            saldo = Moneda::de_texto(celda(fila, "Inicial"));
+        cuenta = celda(fila, "Cuenta");
+        saldo += Moneda::de_texto(celda(fila, "Débito")) - Moneda::de_texto(celda(fila, "Crédito"));
+        QCOMPARE(Moneda::de_texto(celda(fila, "Saldo final")), saldo);
+    }
+    QVERIFY(filas.size() > 4);
+}
+
+void PruebaFormaRango::una_fecha_mal_escrita_no_pierde_lo_digitado() {
+    SesionGui s;
+    agregue_libro(s);
+    auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    auto& fecha = componente<QLineEdit>(f, "EFecIni");
+    fecha.setText("2017/1");
+    componente<QLineEdit>(f, "EDesde").setText("11");
+    Interlocutor i;
+    i.espere_modal("dialogo", [](QWidget* w) {
+        QVERIFY(static_cast<QMessageBox*>(w)->text().contains("\"2017/1\" no es válida"));
+        w->close();
+    });
+    oprima(Qt::Key_F2);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QVERIFY(s.escritorio.abierta("Tfrngauxiliarcta"));
+    QCOMPARE(componente<QLineEdit>(f, "EDesde").text(), QString("11"));
+}
+
+void PruebaFormaRango::lo_impreso_cuadra_mientras_otro_graba() {
+    SesionGui s;
+    agregue_libro(s);
+    s.cnt.periodo_actual = 2;
+    auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    f->CAuxiliar.AfterOpen = [&] {
+        // Después de abrir y antes de componer, otro usuario registra un comprobante.
+        agregue_comprobante(s, 950, "CG", "000950", "20170320",
+                            {{"110505", "777777", "0"}, {"310505", "0", "777777"}}, {});
+    };
+    const QString texto = informe_como_texto(f, Qt::Key_F2);
+    QVERIFY2(!texto.contains("777,777.00"), qPrintable(texto));
+    const QStringList total =
+        texto.section("Total del informe", 1).section('\n', 0, 0).simplified().split(' ');
+    QCOMPARE(total.size(), 2);
+    QCOMPARE(total[0], total[1]);
+}
+
+void PruebaFormaRango::la_lista_escribe_en_la_caja_que_la_pidio() {
+    SesionGui s;
+    auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    registre_testigo("Tfcuentas", [&] { s.cnt.cuenta_seleccion = "130505"; });
+    QTest::mouseDClick(&componente<QLineEdit>(f, "EHasta"), Qt::LeftButton);
+    s.escritorio.abierta("Tfcuentas")->close();
+    s.escritorio.active(f);
+    QTRY_COMPARE(componente<QLineEdit>(f, "EHasta").text(), QString("130505"));
+    QVERIFY(componente<QLineEdit>(f, "EDesde").text().isEmpty());
+    QVERIFY(s.cnt.cuenta_seleccion.isEmpty());
+}
+
+QTEST_MAIN(PruebaFormaRango)
+#include "prueba_forma_rango.moc"

@@ -1,0 +1,477 @@
+// Motor de informes: plantillas, grupos, hojas, salidas, opciones y fallas.
+#include "apoyo_gui/interlocutor.h"
+#include "toolkit/exportacion/archivo_salida.h"
+#include "toolkit/impresora.h"
+#include "toolkit/informes/motor.h"
+#include "toolkit/informes/vista_preliminar.h"
+#include "toolkit/proteccion.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace informes;
+
+namespace {
+
+const char* const kPlantilla = R"xml(<?xml version="1.0" encoding="UTF-8"?>
+<proyecto>
+  <estilo nombre="normal" letra="Liberation Sans" cuerpo="8"/>
+  <estilo nombre="fuerte" base="normal" negrita="si"/>
+  <reporte nombre="Ventas" conexion="RVentas">
+    <banda tipo="encabezado" alto="12">
+      <texto nombre="Text1" x="0" y="0" ancho="100">Ventas por zona</texto>
+      <texto x="-40" y="0" lado="derecha">Página {#pagina} de {#paginas}</texto>
+      <texto x="0" y="5" ancho="150">{@Titulo}</texto>
+    </banda>
+    <banda tipo="grupo" nombre="zona" columna="ZONA" nivel="1" alto="6" repite="si">
+      <texto x="0" y="1" ancho="90" estilo="fuerte">Zona {ZONA}{#sigue}</texto>
+    </banda>
+    <banda tipo="grupo" nombre="ciudad" columna="CIUDAD" nivel="2" alto="5">
+      <texto x="5" y="0" ancho="90">Ciudad {CIUDAD}</texto>
+    </banda>
+    <banda tipo="detalle" alto="5">
+      <texto x="10" y="0" ancho="30">{NOMBRE}</texto>
+      <dato x="60" y="0" ancho="30" de="VALOR" formato="importe"/>
+    </banda>
+    <banda tipo="total" nombre="totciudad" columna="CIUDAD" nivel="2" alto="5">
+      <texto x="5" y="0" ancho="50">Total {CIUDAD}</texto>
+      <dato x="60" y="0" ancho="30" de="suma(VALOR)" formato="importe"/>
+      <dato x="100" y="0" ancho="20" de="cuenta()" formato="entero"/>
+    </banda>
+    <banda tipo="total" nombre="totzona" columna="ZONA" nivel="1" alto="5">
+      <texto x="0" y="0" ancho="50">Total zona {ZONA}</texto>
+      <dato x="60" y="0" ancho="30" de="suma(VALOR)-VALOR" formato="importe"/>
+    </banda>
+    <banda tipo="final" alto="6">
+      <linea x="0" y="1"/>
+      <texto x="0" y="1" ancho="50" estilo="fuerte">Gran total</texto>
+      <dato x="60" y="1" ancho="30" de="suma(VALOR)" formato="importe"/>
+    </banda>
+  </reporte>
+</proyecto>
+)xml";
+
+struct Venta {
+    const char* zona;
+    const char* ciudad;
+    QString nombre;
+    int valor;
+};
+
+} // namespace
+
+class PruebaInformes : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void los_grupos_suman_y_se_anuncian();
+    void una_hoja_nueva_repite_lo_que_debe();
+    void el_cliente_cambia_textos_y_grupos();
+    void una_plantilla_con_error_dice_archivo_y_linea_data();
+    void una_plantilla_con_error_dice_archivo_y_linea();
+    void los_textos_largos_se_acortan_y_los_numeros_no();
+    void cada_formato_lleva_lo_mismo();
+    void las_opciones_deciden_el_destino_y_las_paginas();
+    void la_vista_preliminar_busca_y_pasa_paginas();
+    void una_falla_no_deja_un_archivo_a_medias();
+    void un_lote_numera_cada_documento();
+
+private:
+    QString escriba(const QString& plantilla, const QString& nombre = "ventas.rav") {
+        QFile f(carpeta_.filePath(nombre));
+        if (!f.open(QIODevice::WriteOnly))
+            qFatal("no se pudo escribir la plantilla");
+        f.write(plantilla.toUtf8());
+        return f.fileName();
+    }
+    void llene(ConjuntoDatos& c, const QVector<Venta>& ventas) {
+        c.texto("ZONA", 20);
+        c.texto("CIUDAD", 20);
+        c.texto("NOMBRE", 200);
+        c.decimal("VALOR");
+        c.CreateDataSet();
+        for (const Venta& v : ventas) {
+            c.Append();
+            c.FieldByName("ZONA") = v.zona;
+            c.FieldByName("CIUDAD") = v.ciudad;
+            c.FieldByName("NOMBRE") = v.nombre;
+            c.FieldByName("VALOR") = v.valor;
+            c.Post();
+        }
+    }
+    void prepare(MotorInformes& motor, ConjuntoDatos& c, const QString& plantilla = kPlantilla) {
+        motor.ProjectFile = escriba(plantilla);
+        motor.abrir_proyecto(motor.ProjectFile);
+        motor.fijar_parametro("Titulo", "Del 1 al 31");
+        motor.conecte("RVentas", c);
+        motor.seleccionar_reporte("ventas");
+    }
+    /// Compone y da los renglones de cada hoja como texto.
+    QVector<QStringList> componga(const QVector<Venta>& ventas,
+                                  const QString& plantilla = kPlantilla) {
+        ConjuntoDatos c(nullptr, "CVentas");
+        llene(c, ventas);
+        Proyecto proyecto = lea_proyecto(escriba(plantilla));
+        Variables variables;
+        variables.textos["Titulo"] = "Del 1 al 31";
+        Hojas hojas;
+        DatosConjunto datos(c);
+        Compositor(proyecto, *proyecto.reporte("Ventas"), variables, datos, hojas).componga();
+        QVector<QStringList> todas;
+        for (int p = 0; p < hojas.paginas(); ++p) {
+            QStringList hoja;
+            for (const Renglon& r : renglones_de(hojas, p)) {
+                QStringList trozos;
+                for (const Trozo& t : r.trozos)
+                    trozos << t.texto;
+                if (!r.raya)
+                    hoja << trozos.join("|");
+            }
+            todas << hoja;
+        }
+        return todas;
+    }
+    static QString texto_pdf(const QString& ruta) {
+        QProcess p;
+        p.start("pdftotext", {"-layout", ruta, "-"});
+        p.waitForFinished();
+        return QString::fromUtf8(p.readAllStandardOutput());
+    }
+    /// Contesta "Opciones de impresión" con archivo y formato.
+    void conteste_archivo(Interlocutor& i, const QString& ruta, int formato) {
+        i.espere_modal("OpcionesImpresion", [=](QWidget* w) {
+            w->findChild<QRadioButton*>("a_archivo")->click();
+            w->findChild<QComboBox*>("formato")->setCurrentIndex(formato);
+            w->findChild<QPushButton*>("ok")->click();
+        });
+        i.espere_modal("guardar_informe", [=](QWidget* w) {
+            w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
+            QMetaObject::invokeMethod(w, "accept");
+        });
+    }
+    QTemporaryDir carpeta_;
+};
+
+void PruebaInformes::init() {
+    fije_impresora({});
+}
+
+void PruebaInformes::los_grupos_suman_y_se_anuncian() {
+    const auto hojas = componga({{"Norte", "Sincelejo", "Ana", 1000},
+                                 {"Norte", "Sincelejo", "Beto", -250},
+                                 {"Norte", "Montería", "Ciro", 30},
+                                 // La misma ciudad en otra zona es otro grupo.
+                                 {"Sur", "Montería", "Dora", 7}});
+    QCOMPARE(hojas.size(), 1);
+    QCOMPARE(hojas[0], QStringList({"Ventas por zona|Página 1 de 1", "Del 1 al 31", "Zona Norte",
+                                    "Ciudad Sincelejo", "Ana|1,000.00", "Beto|-250.00",
+                                    "Total Sincelejo|750.00|2", "Ciudad Montería", "Ciro|30.00",
+                                    "Total Montería|30.00|1", "Total zona Norte|750.00", "Zona Sur",
+                                    "Ciudad Montería", "Dora|7.00", "Total Montería|7.00|1",
+                                    "Total zona Sur|0.00", "Gran total|787.00"}));
+    QCOMPARE(componga({})[0],
+             QStringList({"Ventas por zona|Página 1 de 1", "Del 1 al 31", "Gran total|0.00"}));
+}
+
+void PruebaInformes::una_hoja_nueva_repite_lo_que_debe() {
+    QVector<Venta> muchas;
+    for (int i = 0; i < 120; ++i)
+        muchas << Venta{"Norte", "Sincelejo", QString("Cliente %1").arg(i), 1};
+    const auto hojas = componga(muchas);
+    QCOMPARE(hojas.size(), 3);
+    int clientes = 0;
+    for (int p = 0; p < hojas.size(); ++p) {
+        QCOMPARE(hojas[p][0], QString("Ventas por zona|Página %1 de 3").arg(p + 1));
+        QCOMPARE(hojas[p][2], p == 0 ? "Zona Norte" : "Zona Norte (continuación)");
+        QCOMPARE(hojas[p].contains("Ciudad Sincelejo"), p == 0);
+        clientes += int(hojas[p].filter("Cliente").size());
+    }
+    QCOMPARE(clientes, 120);
+    QCOMPARE(hojas[2].last(), QString("Gran total|120.00"));
+
+    // Un grupo no se anuncia al pie de una hoja: pasa con su primer renglón.
+    muchas.resize(44);
+    muchas << Venta{"Sur", "Pasto", "Zoe", 5};
+    for (const QStringList& hoja : componga(muchas))
+        QVERIFY2(!hoja.last().startsWith("Zona Sur") && !hoja.last().startsWith("Ciudad"),
+                 qPrintable(hoja.last()));
+}
+
+void PruebaInformes::el_cliente_cambia_textos_y_grupos() {
+    ConjuntoDatos c(nullptr, "CVentas");
+    llene(c, {{"Norte", "Sincelejo", "Ana", 1}, {"Norte", "Montería", "Beto", 2}});
+    MotorInformes motor;
+    prepare(motor, c);
+    motor.fijar_texto("ventas.page1", "text1", "Ventas NIIF");
+    for (const char* banda : {"ciudad", "totciudad"})
+        motor.fijar_grupo("Ventas.Page1", banda, {});
+    motor.fijar_grupo("Ventas.Page1", "zona", "nombre");
+    motor.fijar_grupo("Ventas.Page1", "totzona", "nombre");
+    const QString ruta = carpeta_.filePath("cambiado.txt");
+    Interlocutor i;
+    conteste_archivo(i, ruta, int(FormatoArchivo::Texto));
+    QVERIFY(motor.ejecutar());
+    QFile f(ruta);
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    const QString texto = QString::fromUtf8(f.readAll());
+    QVERIFY2(texto.contains("Ventas NIIF") && !texto.contains("Ciudad") &&
+                 texto.count("Zona Norte") == 2,
+             qPrintable(texto));
+    QVERIFY_EXCEPTION_THROWN(motor.fijar_texto("ventas.page1", "nadie", "x"), ErrorInforme);
+    QVERIFY_EXCEPTION_THROWN(motor.fijar_texto("otra.page1", "Text1", "x"), ErrorInforme);
+    QVERIFY_EXCEPTION_THROWN(motor.fijar_grupo("ventas.page1", "nadie", "x"), ErrorInforme);
+}
+
+void PruebaInformes::una_plantilla_con_error_dice_archivo_y_linea_data() {
+    QTest::addColumn<QString>("quita");
+    QTest::addColumn<QString>("pone");
+    QTest::addColumn<QString>("mensaje");
+    const QString inicio = "La plantilla de informes \"ventas.rav\", línea %1: %2.";
+    QTest::newRow("elemento") << "<linea x=\"0\" y=\"1\"/>"
+                              << "<lineas/>"
+                              << inicio.arg(31).arg("el elemento \"lineas\" no se conoce aquí");
+    QTest::newRow("atributo") << "alto=\"12\""
+                              << "altura=\"12\""
+                              << inicio.arg(6).arg("el atributo \"altura\" no se conoce");
+    QTest::newRow("estilo") << "<texto x=\"0\" y=\"1\" ancho=\"90\" estilo=\"fuerte\">"
+                            << "<texto x=\"0\" y=\"1\" ancho=\"90\" estilo=\"grueso\">"
+                            << inicio.arg(12).arg("el estilo \"grueso\" no está definido");
+    QTest::newRow("medida") << "alto=\"12\""
+                            << "alto=\"doce\""
+                            << inicio.arg(6).arg("\"alto\" no es una medida: doce");
+    QTest::newRow("columna") << "{NOMBRE}"
+                             << "{NOMBRES}"
+                             << inicio.arg(18).arg(
+                                    "la conexión RVentas no tiene la columna \"NOMBRES\"");
+    QTest::newRow("variable") << "{@Titulo}"
+                              << "{@Nadie}"
+                              << inicio.arg(9).arg("nadie dio valor a la variable \"Nadie\"");
+    QTest::newRow("fórmula") << "de=\"cuenta()\""
+                             << "de=\"cuenta(\""
+                             << inicio.arg(24).arg("la fórmula \"cuenta(\" no se entiende");
+    QTest::newRow("fuera de la hoja")
+        << "ancho=\"150\""
+        << "ancho=\"250\"" << inicio.arg(9).arg("el item se sale de la hoja");
+}
+
+void PruebaInformes::una_plantilla_con_error_dice_archivo_y_linea() {
+    QFETCH(QString, quita);
+    QFETCH(QString, pone);
+    QFETCH(QString, mensaje);
+    QString plantilla = kPlantilla;
+    QVERIFY(plantilla.contains(quita));
+    plantilla.replace(quita, pone);
+    try {
+        componga({}, plantilla);
+        QFAIL("se esperaba una falla");
+    } catch (const ErrorInforme&) {
+        QCOMPARE(texto_de_excepcion(), mensaje);
+    }
+}
+
+void PruebaInformes::los_textos_largos_se_acortan_y_los_numeros_no() {
+    const auto hojas = componga(
+        {{"N", "C", QString(120, 'M'), 900'000'000}},
+        QString(kPlantilla).replace("ancho=\"30\" de=\"VALOR\"", "ancho=\"3\" de=\"VALOR\""));
+    const QString fila = hojas[0].filter("MMM").value(0);
+    QVERIFY2(fila.startsWith("MMMM") && fila.contains(u'…') && fila.size() < 60, qPrintable(fila));
+    QVERIFY2(fila.endsWith("|900,000,000.00"), qPrintable(fila));
+}
+
+void PruebaInformes::cada_formato_lleva_lo_mismo() {
+    ConjuntoDatos c(nullptr, "CVentas");
+    QVector<Venta> ventas;
+    for (int i = 0; i < 100; ++i)
+        ventas << Venta{"Norte <1>", "Nariño {a}", QString("Peña \\ Güiza %1").arg(i), i * 1000};
+    llene(c, ventas);
+    for (int formato = 0; formato < 4; ++formato) {
+        MotorInformes motor;
+        prepare(motor, c);
+        const QString ruta = carpeta_.filePath("salida." + extension_de(FormatoArchivo(formato)));
+        Interlocutor i;
+        conteste_archivo(i, ruta, formato);
+        QVERIFY(motor.ejecutar());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QString texto;
+        if (formato == int(FormatoArchivo::Pdf)) {
+            texto = texto_pdf(ruta);
+        } else {
+            QFile f(ruta);
+            QVERIFY(f.open(QIODevice::ReadOnly));
+            texto = QString::fromUtf8(f.readAll());
+        }
+        if (formato == int(FormatoArchivo::Rtf)) {
+            QVERIFY(texto.contains("Pe\\u241?a \\\\ G\\u252?iza 99"));
+            QVERIFY(texto.contains("Nari\\u241?o \\{a\\}"));
+            QCOMPARE(texto.count("\\page\n"), 2);
+        } else if (formato == int(FormatoArchivo::Html)) {
+            QVERIFY(texto.contains("Zona Norte &lt;1&gt;"));
+            QCOMPARE(texto.count("class=\"hoja\""), 3);
+        } else {
+            QVERIFY(texto.contains("Peña \\ Güiza 99"));
+            QVERIFY(texto.contains("Zona Norte <1> (continuación)"));
+            QCOMPARE(texto.count('\f'), formato == int(FormatoArchivo::Pdf) ? 3 : 2);
+        }
+        QVERIFY2(texto.contains("4,950,000.00"), qPrintable(ruta)); // el gran total
+        QVERIFY(texto.contains("gina 3 de 3"));
+    }
+}
+
+void PruebaInformes::las_opciones_deciden_el_destino_y_las_paginas() {
+    ConjuntoDatos c(nullptr, "CVentas");
+    QVector<Venta> ventas(120, {"Norte", "Sincelejo", "Ana", 1});
+    llene(c, ventas);
+    const QString ruta = carpeta_.filePath("impreso.pdf");
+    fije_impresora("Oficina", ruta); // lo que se "imprime" queda en el archivo
+    MotorInformes motor;
+    prepare(motor, c);
+    {
+        Interlocutor i;
+        i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+            QCOMPARE(w->windowTitle(), QString("Opciones de impresión"));
+            QVERIFY(!w->findChild<QRadioButton*>("seleccion")->isEnabled());
+            w->findChild<QRadioButton*>("a_impresora")->click();
+            w->findChild<QRadioButton*>("paginas")->click();
+            w->findChild<QSpinBox*>("desde")->setValue(2);
+            w->findChild<QSpinBox*>("hasta")->setValue(9);
+            w->findChild<QPushButton*>("ok")->click();
+        });
+        QVERIFY(motor.ejecutar());
+    }
+    const QString texto = texto_pdf(ruta);
+    QVERIFY2(texto.contains("Página 2 de 3") && texto.contains("Página 3 de 3") &&
+                 !texto.contains("Página 1 de 3"),
+             qPrintable(texto));
+    {
+        Interlocutor i;
+        i.espere_modal("OpcionesImpresion",
+                       [](QWidget* w) { w->findChild<QPushButton*>("cancelar")->click(); });
+        QVERIFY(!motor.ejecutar());
+    }
+    // Una página que no existe se dice, y no sale nada.
+    {
+        Interlocutor i;
+        i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+            w->findChild<QRadioButton*>("paginas")->click();
+            w->findChild<QSpinBox*>("hasta")->setValue(9);
+            w->findChild<QSpinBox*>("desde")->setValue(8);
+            w->findChild<QPushButton*>("ok")->click();
+        });
+        QVERIFY_EXCEPTION_THROWN(motor.ejecutar(), ErrorInforme);
+    }
+}
+
+void PruebaInformes::la_vista_preliminar_busca_y_pasa_paginas() {
+    ConjuntoDatos c(nullptr, "CVentas");
+    QVector<Venta> ventas(120, {"Norte", "Sincelejo", "Ana", 1});
+    ventas[100].nombre = "Aguja";
+    llene(c, ventas);
+    MotorInformes motor;
+    prepare(motor, c);
+    const QString ruta = carpeta_.filePath("vista.pdf");
+    Interlocutor i;
+    i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+        w->findChild<QRadioButton*>("a_vista")->click();
+        QTest::keyClick(w, Qt::Key_Return); // OK es el botón por omisión
+    });
+    i.espere_modal("VistaPreliminar", [&](QWidget* w) {
+        auto* hojas = w->findChild<VistaHojas*>();
+        auto* pagina = w->findChild<QSpinBox*>("pagina");
+        QCOMPARE(pagina->suffix(), QString(" de 3"));
+        QTest::keyClick(hojas, Qt::Key_End);
+        QCOMPARE(pagina->value(), 3);
+        QTest::keyClick(hojas, Qt::Key_Home);
+        QCOMPARE(pagina->value(), 1);
+        auto* buscado = w->findChild<QLineEdit*>("buscado");
+        QTest::keyClicks(buscado, "AGUJA");
+        QTest::keyClick(buscado, Qt::Key_Return);
+        QCOMPARE(pagina->value(), 3);
+        buscado->setText("nunca");
+        QTest::keyClick(buscado, Qt::Key_Return);
+        QCOMPARE(w->findChild<QLabel*>("estado")->text(),
+                 QString("\"nunca\" no está en el informe."));
+        hojas->tamano(400);
+        QCOMPARE(hojas->pagina(), 2);
+        w->grab(); // dibuja sin fallar a otro tamaño
+        w->close();
+    });
+    QVERIFY(motor.ejecutar());
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+}
+
+void PruebaInformes::una_falla_no_deja_un_archivo_a_medias() {
+    ConjuntoDatos c(nullptr, "CVentas");
+    llene(c, QVector<Venta>(3000, {"Norte", "Sincelejo", "Cliente", 1}));
+    MotorInformes motor;
+    prepare(motor, c);
+    // Una carpeta que no existe, un disco lleno y una impresora que no recibe.
+    QTemporaryDir destino;
+    for (int formato : {int(FormatoArchivo::Pdf), int(FormatoArchivo::Html)}) {
+        const QString ruta = destino.filePath("lleno." + extension_de(FormatoArchivo(formato)));
+        Interlocutor i;
+        conteste_archivo(i, ruta, formato);
+        struct rlimit antes;
+        getrlimit(RLIMIT_FSIZE, &antes);
+        const auto anterior = std::signal(SIGXFSZ, SIG_IGN);
+        // Las hojas compuestas caben; el archivo final no.
+        Proyecto proyecto = lea_proyecto(motor.ProjectFile);
+        bool fallo = false;
+        Hojas hojas;
+        DatosConjunto datos(c);
+        Variables variables;
+        variables.textos["Titulo"] = "x";
+        Compositor(proyecto, *proyecto.reporte("Ventas"), variables, datos, hojas).componga();
+        const struct rlimit poco = {20000, antes.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &poco);
+        try {
+            grabe(hojas, FormatoArchivo(formato), ruta, todas(hojas), "x");
+        } catch (const ErrorDatos&) {
+            fallo = texto_de_excepcion().contains(ruta);
+        }
+        setrlimit(RLIMIT_FSIZE, &antes);
+        std::signal(SIGXFSZ, anterior);
+        QVERIFY(fallo);
+        QCOMPARE(QDir(destino.path()).entryList(QDir::Files).size(), 0);
+        i.olvide();
+    }
+    fije_impresora("Oficina", "/no/hay/carpeta/impreso.pdf");
+    Interlocutor i;
+    i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+        w->findChild<QRadioButton*>("a_impresora")->click();
+        w->findChild<QPushButton*>("ok")->click();
+    });
+    QVERIFY_EXCEPTION_THROWN(motor.ejecutar(), ErrorInforme);
+}
+
+void PruebaInformes::un_lote_numera_cada_documento() {
+    ConjuntoDatos c(nullptr, "CVentas");
+    llene(c, QVector<Venta>(60, {"Norte", "Sincelejo", "Ana", 1}));
+    MotorInformes motor;
+    prepare(motor, c);
+    const QString ruta = carpeta_.filePath("lote.txt");
+    Interlocutor i;
+    conteste_archivo(i, ruta, int(FormatoArchivo::Texto)); // una sola vez
+    motor.comience_lote();
+    QVERIFY(motor.ejecutar());
+    QVERIFY(motor.ejecutar());
+    QVERIFY(motor.termine_lote());
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QFile f(ruta);
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    const QString texto = QString::fromUtf8(f.readAll());
+    QCOMPARE(texto.count("Página 1 de 2"), 2);
+    QCOMPARE(texto.count("Página 2 de 2"), 2);
+}
+
+QTEST_MAIN(PruebaInformes)
+#include "prueba_informes.moc"

@@ -1,0 +1,474 @@
+// Editor de los formatos con que se imprimen los comprobantes, y su copia, movimiento y borrado.
+#include "toolkit/controles/imagendato.h"
+#include "vouchers/datos_formato.h"
+#include "vouchers/digitador.h"
+#include "vouchers/lienzo_formato.h"
+#include "vouchers/tfedtformato.h"
+#include "vouchers/tfmoverforma.h"
+
+#include <QBuffer>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFontDatabase>
+
+namespace {
+
+const char* const kFormato =
+    "select pref_pre || '|' || form_nroitems || '|' || form_paginas || '|' || form_entrelinea || "
+    "'|' || form_font || '|' || form_fsize || '|' || form_papelan || '|' || form_papelal from "
+    "formatos where tido_cod = 1";
+const char* const kDatos =
+    "select list(dafo_item || ':' || dafo_dato || ':' || trim(coalesce(dafo_imprime, '')) || ':' "
+    "|| "
+    "dafo_ini || ':' || dafo_repite || dafo_liquida || dafo_posyvar || ':' || coalesce(dafo_posx, "
+    "0) || ',' || coalesce(dafo_posy, 0) || ':' || coalesce(dafo_font, '') || "
+    "coalesce(dafo_fsize, '')) from (select * from formato_datos order by dafo_item)";
+const char* const kLineas =
+    "select list(foli_item || ':' || foli_tipo || ':' || coalesce(foli_cadena, '') || ':' || "
+    "coalesce(foli_posx, 0) || ',' || coalesce(foli_posy, 0) || ':' || coalesce(foli_x, 0) || ',' "
+    "|| coalesce(foli_y, 0) || ':' || foli_liquida) from (select * from formato_lineas order by "
+    "foli_item)";
+
+QByteArray imagen() {
+    QImage i(4, 4, QImage::Format_RGB32);
+    i.fill(Qt::red);
+    QByteArray octetos;
+    QBuffer salida(&octetos);
+    i.save(&salida, "BMP");
+    return octetos;
+}
+
+/// Un formato puesto por SQL: dos datos y dos líneas.
+void ponga_formato(SesionGui& s, const QString& llave) {
+    const QString k = "1, " + QuotedStr(llave);
+    s.base.ejecute(
+        {"insert into formatos (tido_cod, pref_pre, form_nroitems, form_paginas, form_entrelinea, "
+         "form_font, form_fsize, form_papelan, form_papelal) values (" +
+             k + ", 10, 'N', 40, 'Monospace', 9, 8.5, 5.5)",
+         "insert into formato_datos (tido_cod, pref_pre, dafo_item, dafo_dato, dafo_imprime, "
+         "dafo_ini, dafo_repite, dafo_liquida, dafo_posyvar, dafo_posx, dafo_posy) values (" +
+             k + ", 4, 'NUMERO', 'S', 1, 'N', 'N', 'N', 1500, 100)",
+         "insert into formato_datos (tido_cod, pref_pre, dafo_item, dafo_dato, dafo_imprime, "
+         "dafo_ini, dafo_repite, dafo_liquida, dafo_posyvar, dafo_posx, dafo_posy) values (" +
+             k + ", 2, 'CUENTA', 'S', 1, 'S', 'N', 'N', 100, 400)",
+         "insert into formato_lineas (tido_cod, pref_pre, foli_item, foli_tipo, foli_posx, "
+         "foli_posy, foli_x, foli_y, foli_liquida) values (" +
+             k + ", 1, 'C', 50, 60, 1900, 300, 'N')",
+         "insert into formato_lineas (tido_cod, pref_pre, foli_item, foli_tipo, foli_cadena, "
+         "foli_posx, foli_posy, foli_liquida) values (" +
+             k + ", 3, 'T', 'RECIBO', 900, 80, 'S')"});
+}
+
+struct Editor : Digitador {
+    explicit Editor(SesionGui& s) : Digitador(s) {}
+    Tfedtformato* abra(const QString& llave) {
+        s.dm.formato_actual = llave;
+        e = s.abra<Tfedtformato>("Tfedtformato");
+        return e;
+    }
+    void enfoque(Rejilla* r, int columna) {
+        con_foco();
+        r->setFocus();
+        if (!e->CFormadatos.IsEmpty() || r == e->DBGridEh1)
+            r->SelectedIndex(columna);
+    }
+    void pulse(const char* boton) {
+        auto& b = componente<QPushButton>(e, boton);
+        con_foco();
+        b.setFocus();
+        oprima(Qt::Key_Space);
+    }
+    void escriba_en(const char* campo, const QString& texto) {
+        auto& x = componente<EditorDato>(e, campo);
+        x.setFocus();
+        x.selectAll();
+        digite(texto);
+        oprima(Qt::Key_Return);
+    }
+    QString dato(const char* campo) { return e->CFormadatos.FieldByName(campo).texto(); }
+    Tfedtformato* e = nullptr;
+};
+
+} // namespace
+
+class PruebaFormatos : public QObject {
+    Q_OBJECT
+private slots:
+    void el_vocabulario_cubre_los_dos_pases_sin_repetirse() {
+        QSet<QString> nombres;
+        int detalle = 0;
+        for (const DatoFormato& d : kDatosFormato) {
+            nombres << d.nombre;
+            detalle += d.detalle;
+            QVERIFY(QString(d.nombre).size() <= 30); // cabe en DAFO_DATO
+        }
+        QCOMPARE(nombres.size(), qsizetype(std::size(kDatosFormato)));
+        QCOMPARE(std::size(kDatosFormato) - size_t(detalle), size_t(25));
+        QCOMPARE(detalle, 21);
+        QVERIFY(nombres.contains("NOMBRE SUBCEBTRO COSTO")); // la errata es la llave
+    }
+
+    void un_formato_nuevo_se_arma_con_el_teclado() {
+        SesionGui s;
+        Editor d(s);
+        Interlocutor i;
+        d.abra(" RC ");
+        QCOMPARE(d.e->windowTitle(), QString("Definición de formatos documentos"));
+        QVERIFY(d.e->CFormato.State() == Estado::Insercion);
+        d.escriba_en("FORM_NROITEMS", "12");
+        d.escriba_en("FORM_ENTRELINEA", "35");
+        d.e->LFont->setFocus();
+        d.e->LFont->setCurrentIndex(0);
+        d.e->CFormato.FieldByName("FORM_FONT") = "Monospace";
+        d.escriba_en("FORM_FSIZE", "9");
+        d.escriba_en("FORM_PAPELAN", "8.5");
+        d.escriba_en("FORM_PAPELAL", "5.5");
+
+        d.enfoque(d.e->DBGridEh2, 0);
+        d.linea({"numero"}); // las llaves van en mayúsculas
+        oprima(Qt::Key_Space);
+        d.e->DBGridEh2->SelectedIndex(2);
+        d.linea({"1500", "80"});
+        oprima(Qt::Key_Down);
+        d.e->DBGridEh2->SelectedIndex(0);
+        d.linea({"DEBITO ITEM"});
+        QCOMPARE(d.dato("DAFO_REPITE"), QString("S")); // es del detalle
+        oprima(Qt::Key_Down);
+        // sin nombre, la fila desaparece al dejarla
+        d.e->DBGridEh2->SelectedIndex(2);
+        digite("5");
+        oprima(Qt::Key_Up);
+        QCOMPARE(d.e->CFormadatos.RecordCount(), 2);
+
+        d.enfoque(d.e->DBGridEh1, 0);
+        oprima(Qt::Key_Insert);
+        QCOMPARE(d.e->CFormalineas.FieldByName("FOLI_TIPO").texto(), QString("T"));
+        d.linea({"", "RECIBO DE CAJA", "900", "40"});
+        oprima(Qt::Key_Down);
+        d.e->DBGridEh1->SelectedIndex(0);
+        d.linea({"Cuadro", "", "20", "30", "1960", "1400"});
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato(kFormato), QString("RC|12|S|35|Monospace|9|8.50|5.50"));
+        QCOMPARE(s.dato(kDatos), QString("1:NUMERO:S:1:NNN:1500,80:Monospace9,"
+                                         "2:DEBITO ITEM::1:SNN:0,0:Monospace9"));
+        QCOMPARE(s.dato(kLineas), QString("1:T:RECIBO DE CAJA:900,40:0,0:N,"
+                                          "2:C::20,30:1960,1400:N"));
+    }
+
+    void uno_que_existe_sigue_sus_contadores_y_ordena_los_datos() {
+        SesionGui s;
+        Editor d(s);
+        ponga_formato(s, "RC");
+        s.base.ejecute({"insert into formatos (tido_cod, pref_pre) values (31, 'RC')"});
+        d.abra("RC");
+        QVERIFY(d.e->CFormato.State() == Estado::Edicion);
+        QCOMPARE(d.e->CFormato.FieldByName("FORM_PAGINAS").texto(), QString("N"));
+        QCOMPARE(d.dato("DAFO_DATO"), QString("CUENTA"));
+        d.enfoque(d.e->DBGridEh2, 0);
+        oprima(Qt::Key_Insert);
+        digite("TIPO");
+        oprima(Qt::Key_Return);
+        QCOMPARE(d.dato("DAFO_ITEM") + d.dato("DAFO_INI") + d.dato("DAFO_FONT") +
+                     d.dato("DAFO_FSIZE") + d.dato("DAFO_LIQUIDA") + d.dato("DAFO_POSYVAR") +
+                     d.dato("DAFO_REPITE"),
+                 QString("51Monospace9NNN"));
+        d.enfoque(d.e->DBGridEh1, 1);
+        oprima(Qt::Key_Insert);
+        oprima(Qt::Key_Tab);
+        digite("Firma");
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select list(foli_item || foli_tipo || coalesce(foli_font, '')) from "
+                        "formato_lineas"),
+                 QString("1C,3T,4TMonospace"));
+        QCOMPARE(s.dato("select count(*) from formato_datos"), QString("3"));
+        QCOMPARE(s.dato("select count(*) from formatos"), QString("2"));
+    }
+
+    void la_lista_de_datos_y_las_letras_se_ofrecen_en_la_celda() {
+        SesionGui s;
+        Editor d(s);
+        ponga_formato(s, "RC");
+        d.abra("RC");
+        QCOMPARE(d.e->DBGridEh2->columna(0).PickList().size(), qsizetype(std::size(kDatosFormato)));
+        QCOMPARE(d.e->DBGridEh2->columna(0).PickList().first(), QString("TIPO"));
+        const QStringList letras = QFontDatabase::families();
+        QVERIFY(!letras.isEmpty());
+        QCOMPARE(d.e->DBGridEh2->columna(8).PickList(), letras);
+        QCOMPARE(d.e->DBGridEh2->columna(8).FieldName, QString("DAFO_FONT"));
+        QCOMPARE(d.e->DBGridEh1->columna(6).PickList(), letras);
+        QCOMPARE(d.e->DBGridEh1->columna(6).FieldName, QString("FOLI_FONT"));
+        QCOMPARE(d.e->LFont->count(), int(letras.size()));
+        for (auto [casilla, rejilla] :
+             {std::pair{d.e->ckfildat, d.e->DBGridEh2}, {d.e->ckfiltex, d.e->DBGridEh1}}) {
+            casilla->setFocus();
+            oprima(Qt::Key_Space);
+            QVERIFY(rejilla->filtro_visible());
+            oprima(Qt::Key_Space);
+            QVERIFY(!rejilla->filtro_visible());
+        }
+    }
+
+    void solo_f2_y_esc_son_teclas() {
+        SesionGui s;
+        Editor d(s);
+        ponga_formato(s, "RC");
+        ponga_comprobante(s, 5, "000001", "20170101", {});
+        d.abra("RC");
+        d.e->DBGridEh2->setFocus();
+        for (int tecla : {Qt::Key_F3, Qt::Key_F5, Qt::Key_F8, Qt::Key_F9})
+            oprima(tecla);
+        QCOMPARE(s.dato("select count(*) from formatos"), QString("1"));
+        QVERIFY(!d.e->Panel2->isVisible() && s.cnt.comprobante_encontrado.isEmpty());
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
+        d.e->DBGridEh2->SelectedIndex(2);
+        digite("777");
+        oprima(Qt::Key_Return);
+        for (int i = 0; i < 3 && !s.escritorio.abiertas().isEmpty(); ++i)
+            oprima(Qt::Key_Escape); // la fila, y luego la pantalla
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select count(*) from formato_datos where dafo_posx = 777"), QString("0"));
+    }
+
+    void la_copia_lleva_los_elementos_y_sus_imagenes_a_otra_llave() {
+        SesionGui s;
+        Editor d(s);
+        ponga_formato(s, "RC");
+        s.base.base().ejecute("update formato_lineas set foli_tipo = 'G', foli_imagen = ? where "
+                              "foli_item = 1",
+                              {Valor(imagen())});
+        d.abra("RC");
+        d.pulse("AdvGlowButton1");
+        QVERIFY(d.e->Panel2->isVisible() && d.e->Pref->hasFocus());
+        QVERIFY(d.e->Pref->findText("CG") >= 0 && d.e->Pref->findText("RC") < 0);
+        oprima(Qt::Key_Escape); // cancela la copia, no la pantalla
+        QVERIFY(!d.e->Panel2->isVisible());
+        d.pulse("AdvGlowButton1");
+        d.pulse("SpeedButton4"); // sin llave no hace más que ocultar el panel
+        QVERIFY(!d.e->Panel2->isVisible());
+        QCOMPARE(s.dato("select count(*) from formatos"), QString("1"));
+        d.pulse("AdvGlowButton1");
+        digite("CG");
+        d.pulse("SpeedButton4");
+        QVERIFY(!d.e->Panel2->isVisible());
+        const QString iguales =
+            "select count(*) from %1 a join %1 b on a.%2 = b.%2 and a.pref_pre = 'RC' and "
+            "b.pref_pre = 'CG' where %3";
+        QCOMPARE(s.dato(iguales.arg("formatos", "tido_cod",
+                                    "a.form_nroitems = b.form_nroitems and a.form_paginas = "
+                                    "b.form_paginas and a.form_entrelinea = b.form_entrelinea and "
+                                    "a.form_font = b.form_font and a.form_papelal = "
+                                    "b.form_papelal")),
+                 QString("1"));
+        QCOMPARE(s.dato(iguales.arg("formato_datos", "dafo_item",
+                                    "a.dafo_dato = b.dafo_dato and a.dafo_posx = b.dafo_posx and "
+                                    "a.dafo_repite = b.dafo_repite and a.dafo_ini = b.dafo_ini")),
+                 QString("2"));
+        QCOMPARE(s.dato(iguales.arg("formato_lineas", "foli_item",
+                                    "a.foli_tipo = b.foli_tipo and a.foli_posx = b.foli_posx and "
+                                    "a.foli_imagen is not distinct from b.foli_imagen")),
+                 QString("2"));
+        // Sobre una llave que existe la primera orden falla y no corre ninguna más.
+        s.base.ejecute({"delete from formato_datos where pref_pre = 'CG'"});
+        d.pulse("AdvGlowButton1");
+        digite("CG");
+        Interlocutor i;
+        d.pulse("SpeedButton4");
+        QCOMPARE(i.vistos().size(), 1);
+        i.olvide();
+        QCOMPARE(s.dato("select count(*) from formato_datos where pref_pre = 'CG'"), QString("0"));
+    }
+
+    void borrar_no_pregunta_y_se_lleva_los_elementos() {
+        SesionGui s;
+        Editor d(s);
+        Interlocutor i;
+        ponga_formato(s, "RC");
+        ponga_formato(s, "CG");
+        d.abra("RC");
+        d.pulse("AdvGlowButton2");
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select list(pref_pre) from formatos"), QString("CG"));
+        QCOMPARE(s.dato("select count(*) from formato_datos"), QString("2"));
+        QCOMPARE(s.dato("select count(*) from formato_lineas"), QString("2"));
+    }
+
+    void la_vista_previa_imprime_el_ultimo_comprobante_de_la_llave() {
+        SesionGui s;
+        Editor d(s);
+        ponga_comprobante(s, 5, "000001", "20170101", {});
+        ponga_comprobante(s, 9, "000002", "20170101", {});
+        QString impreso;
+        registre_testigo("Tfimprcomproba",
+                         [&impreso] { impreso = fdmcnt().comprobante_encontrado; });
+        const struct {
+            const char *por_tipo, *llave, *ultimo;
+        } casos[] = {{"SI", "CG", "9"}, {"NO", "0001", "9"}, {"SI", "0001", ""}, {"NO", "CG", ""}};
+        for (const auto& c : casos) {
+            d.configure("COMPROBANTES",
+                        "USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR", c.por_tipo);
+            impreso.clear();
+            d.abra(c.llave);
+            Interlocutor i;
+            if (*c.ultimo)
+                i.espere_modal("Tfimprcomproba", [](QWidget* w) { w->close(); });
+            d.pulse("SpeedButton3");
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(impreso, QString(c.ultimo));
+            // lo editado ya quedó grabado
+            QCOMPARE(s.dato("select count(*) from formatos where pref_pre = " + QuotedStr(c.llave)),
+                     QString("1"));
+            d.e->close();
+        }
+    }
+
+    void mover_graba_antes_y_deja_ver_lo_movido() {
+        SesionGui s;
+        Editor d(s);
+        ponga_formato(s, "RC");
+        d.abra("RC");
+        d.escriba_en("FORM_NROITEMS", "15");
+        Interlocutor i;
+        i.espere_modal("TFmoverforma", [](QWidget* w) {
+            auto& m = componente<TFmoverforma>(w, "TFmoverforma");
+            QCOMPARE(m.windowTitle(), QString("Mover Formato"));
+            QCOMPARE(m.acciones->checkedId(), int('R'));
+            QVERIFY(m.Pos->isEnabled());
+            m.Pos->setFocus();
+            digite("30");
+            oprima(Qt::Key_Return);
+            digite("800");
+            oprima(Qt::Key_F2);
+        });
+        d.pulse("SpeedButton2");
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        // Desde 800 hasta 2000: el número y el texto, no la cuenta ni el cuadro.
+        QCOMPARE(s.dato("select list(dafo_posx) from formato_datos"), QString("1530,100"));
+        QCOMPARE(s.dato("select list(foli_posx) from formato_lineas"), QString("50,930"));
+        QCOMPARE(s.dato("select form_nroitems from formatos"), QString("15"));
+        QCOMPARE(d.dato("DAFO_DATO") + d.dato("DAFO_POSX"), QString("CUENTA100"));
+        d.e->CFormadatos.Last();
+        QCOMPARE(d.dato("DAFO_DATO") + d.dato("DAFO_POSX"), QString("NUMERO1530"));
+    }
+
+    void las_ocho_acciones_del_movimiento() {
+        SesionGui s;
+        Digitador d(s);
+        const struct {
+            char letra;
+            const char *pos, *desde, *hasta;
+            const char* queda; ///< x,y del número; x,y,ancho,alto del cuadro
+        } casos[] = {
+            {'R', "10", "", "", "1510,100 60,60,1900,300"},
+            {'L', "10", "", "", "1490,100 40,60,1900,300"},
+            {'U', "10", "", "", "1500,90 50,50,1900,300"},
+            {'D', "10", "", "80", "1500,100 50,70,1900,300"},
+            {'D', "", "", "", "1500,100 50,60,1900,300"},
+            {'M', "", "", "", "1500,50 50,30,1900,150"},
+            {'Y', "", "", "", "750,100 25,60,950,300"},
+            {'C', "", "", "", "1500,200 50,120,1900,600"},
+            {'X', "", "", "", "3000,100 100,60,3800,300"},
+        };
+        for (const auto& c : casos) {
+            s.base.ejecute({"delete from formatos"});
+            ponga_formato(s, "RC");
+            s.dm.Smueveformato.ParamByName("TIPO") = 1;
+            s.dm.Smueveformato.ParamByName("PREFI") = "RC";
+            auto* m = s.abra<TFmoverforma>("TFmoverforma");
+            m->Pos->setText("7"); // las de tamaño la vacían
+            m->acciones->button(c.letra)->setFocus();
+            oprima(Qt::Key_Space);
+            const bool corre = QString("RLUD").contains(c.letra);
+            for (QLineEdit* e : {m->Pos, m->Desde, m->Hasta})
+                QCOMPARE(e->isEnabled(), corre);
+            if (corre)
+                m->Pos->setText(c.pos);
+            QCOMPARE(m->Pos->text(), QString(c.pos));
+            m->Desde->setText(c.desde);
+            m->Hasta->setText(c.hasta);
+            oprima(Qt::Key_F2);
+            QVERIFY(s.escritorio.abiertas().isEmpty());
+            QCOMPARE(s.dato("select d.dafo_posx || ',' || d.dafo_posy || ' ' || l.foli_posx || ',' "
+                            "|| l.foli_posy || ',' || l.foli_x || ',' || l.foli_y from "
+                            "formato_datos d, formato_lineas l where d.dafo_item = 4 and "
+                            "l.foli_item = 1"),
+                     QString(c.queda));
+        }
+    }
+
+    void un_grafico_toma_su_imagen_de_un_archivo() {
+        SesionGui s;
+        Editor d(s);
+        ponga_formato(s, "RC");
+        QTemporaryDir carpeta;
+        QFile archivo(carpeta.filePath("logo.bmp"));
+        QVERIFY(archivo.open(QIODevice::WriteOnly));
+        archivo.write(imagen());
+        archivo.close();
+        d.abra("RC");
+        // un cuadro no abre el panel, pero queda en edición
+        d.e->DBGridEh1->OnDblClick(0);
+        QVERIFY(!d.e->GroupBox3->isVisible() && d.e->CFormalineas.State() == Estado::Edicion);
+        d.enfoque(d.e->DBGridEh1, 0);
+        digite("Gráfico");
+        oprima(Qt::Key_Return);
+        QCOMPARE(d.e->CFormalineas.FieldByName("FOLI_TIPO").texto(), QString("G"));
+        d.pulse("SBGrafico");
+        QVERIFY(d.e->GroupBox3->isVisible() && d.e->DBImage1->hasFocus());
+        Interlocutor i;
+        i.espere_modal("abrir_imagen", [&](QWidget* w) {
+            w->findChild<QLineEdit*>("fileNameEdit")->setText(archivo.fileName());
+            QTest::keyClick(w->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        });
+        oprima(Qt::Key_Space);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        d.pulse("SpeedButton1");
+        QVERIFY(!d.e->GroupBox3->isVisible() && d.e->DBGridEh1->enfocada());
+        oprima(Qt::Key_F2);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.base.base()
+                     .consulte("select foli_imagen from formato_lineas where foli_tipo = 'G'")
+                     .binario(),
+                 imagen());
+    }
+
+    void la_pagina_a_escala_sigue_lo_que_se_edita() {
+        SesionGui s;
+        Editor d(s);
+        ponga_formato(s, "RC");
+        d.abra("RC");
+        const QRect hoja = d.e->lienzo->hoja();
+        QVERIFY(qAbs(hoja.width() * 55 - hoja.height() * 85) < 100); // 8.5 por 5.5 pulgadas
+        const auto en = [&](int x, int y) {
+            return QPoint(hoja.left() + x * hoja.width() / LienzoFormato::kAncho,
+                          hoja.top() + y * hoja.height() / LienzoFormato::kAlto);
+        };
+        const auto oscuro = [&](QPoint p) {
+            return qGray(d.e->lienzo->grab().toImage().pixel(p)) < 128;
+        };
+        QVERIFY(oscuro(en(50, 200)));    // el borde izquierdo del cuadro
+        QVERIFY(!oscuro(en(200, 1000))); // el blanco
+        QVERIFY(d.e->CFormalineas.Locate("FOLI_ITEM", {1}));
+        d.e->CFormalineas.Edit();
+        d.e->CFormalineas.FieldByName("FOLI_POSX") = 200;
+        d.e->CFormalineas.FieldByName("FOLI_POSY") = 900;
+        QVERIFY(!oscuro(en(50, 200)));
+        QVERIFY(oscuro(en(200, 1000)));
+    }
+
+    void sin_llave_no_hay_que_editar() {
+        SesionGui s;
+        Editor d(s);
+        Interlocutor i;
+        i.espere("Escoja antes un prefijo: su formato se guarda con él.");
+        QVERIFY(!d.abra("  "));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+};
+
+QTEST_MAIN(PruebaFormatos)
+#include "prueba_formatos.moc"

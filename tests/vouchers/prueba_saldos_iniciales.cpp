@@ -1,0 +1,411 @@
+// Saldos iniciales: una tabla plana que se digita como un gran comprobante.
+#include "vouchers/digitador.h"
+#include "vouchers/lineas_saldos.h"
+#include "vouchers/tfmnusaldosi.h"
+#include "vouchers/tfsaldiniciales.h"
+
+#include <QClipboard>
+
+namespace {
+
+const char* const kTabla =
+    "select list(sain_item || ':' || cuen_cod || ':' || coalesce(terc_nit, '') || ':' || "
+    "coalesce(cent_cod, '') || ':' || sain_debito || ':' || sain_credito) from (select * from "
+    "saldos_iniciales order by sain_item)";
+
+struct Saldos : Digitador {
+    explicit Saldos(SesionGui& s) : Digitador(s) {}
+    Tfsaldiniciales* abra() {
+        saldos = s.abra<Tfsaldiniciales>("Tfsaldiniciales");
+        if (saldos)
+            rejilla().setFocus();
+        return saldos;
+    }
+    Rejilla& rejilla() { return *saldos->lineas->rejilla; }
+    QString celda(const char* campo) { return saldos->CSaldos.FieldByName(campo).texto(); }
+    /// Digita la fila celda por celda con Enter, desde la primera columna.
+    void fila(const QStringList& celdas) {
+        rejilla().setFocus();
+        rejilla().SelectedIndex(0);
+        linea(celdas);
+    }
+    Tfsaldiniciales* saldos = nullptr;
+};
+
+} // namespace
+
+class PruebaSaldosIniciales : public QObject {
+    Q_OBJECT
+private slots:
+    void el_menu_abre_los_saldos_y_el_balance_de_apertura() {
+        SesionGui s;
+        Saldos d(s);
+        auto* menu = s.abra<Tfmnusaldosi>("Tfmnusaldosi");
+        QCOMPARE(menu->windowTitle(), QString("Saldos iniciales"));
+        auto& niif = componente<QPushButton>(menu, "SBAperturaNiif");
+        QCOMPARE(componente<QPushButton>(menu, "SBSaldos2649").text(),
+                 QString("Saldos Dec.2649        "));
+        QCOMPARE(niif.text(), QString("Balance apertura NIIF "));
+        niif.setFocus();
+        oprima(Qt::Key_Return);
+        QCOMPARE(d.barra.text(),
+                 QString("Advertencia: La pantalla Tfbalaperturaniif todavía no está disponible."));
+        oprima(Qt::Key_Up);
+        oprima(Qt::Key_Return);
+        QCOMPARE(s.escritorio.activa()->objectName(), QString("Tfsaldiniciales"));
+        QCOMPARE(s.escritorio.activa()->windowTitle(), QString("Saldos Iniciales"));
+    }
+
+    void piden_la_opcion_80_y_muestran_el_mes_en_que_empiezan_los_libros() {
+        SesionGui s("AUXILIAR");
+        Saldos d(s);
+        Interlocutor i;
+        i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+        QVERIFY(!d.abra());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        s.otorgue(80);
+        d.configure("GENERAL", "MES DE INICIO", "4");
+        s.cnt.ano_actual = "2019";
+        QVERIFY(d.abra());
+        QCOMPARE(d.saldos->EMes->text() + d.saldos->EAno->text(), QString("Abril2017"));
+        QVERIFY(!d.saldos->EAno->isEnabled() && !d.saldos->EMes->isEnabled());
+    }
+
+    void una_apertura_cuadrada_digitada_con_el_teclado_llega_a_los_saldos() {
+        SesionGui s;
+        Saldos d(s);
+        s.base.ejecute({"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, "
+                        "sain_credito) values (7, '111005', 1000, 0)"});
+        d.abra();
+        QVERIFY(d.rejilla().hasFocus() || d.rejilla().enfocada());
+        QCOMPARE(d.saldos->lineas->NomCuenta->text(), QString("Moneda nacional"));
+        oprima(Qt::Key_Down);
+        d.fila({"110505", "", "", "", "500.5", ""});
+        // el débito sobra: la diferencia sale a su lado
+        QCOMPARE(d.saldos->lineas->Sumadeb->valor(), Moneda::de_texto("1500.5"));
+        QCOMPARE(d.saldos->lineas->Difdeb->valor(), Moneda::de_texto("1500.5"));
+        QVERIFY(d.saldos->lineas->DifCred->text().isEmpty());
+        d.fila({"310505"});
+        QCOMPARE(d.celda("SAIN_ITEM"), QString("9"));
+        oprima(Qt::Key_F5); // cuadra con las sumas del pie
+        QCOMPARE(d.celda("SAIN_CREDITO"), QString("1500.5"));
+        QCOMPARE(d.celda("SAIN_DEBITO"), QString("0"));
+        oprima(Qt::Key_F5); // con un lado escrito no hace nada
+        QCOMPARE(d.celda("SAIN_CREDITO"), QString("1500.5"));
+        oprima(Qt::Key_Up);
+        QVERIFY(d.saldos->lineas->Difdeb->text().isEmpty());
+        QCOMPARE(d.saldos->lineas->DifCred->text(), QString("0.00"));
+        QCOMPARE(d.rejilla().suma(4), d.rejilla().suma(5));
+        s.cnt.balance_por_recalcular = false;
+        oprima(Qt::Key_F2);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QVERIFY(s.cnt.balance_por_recalcular);
+        QCOMPARE(s.dato(kTabla), QString("7:111005:::1000.00:0.00,8:110505:::500.50:0.00,"
+                                         "9:310505:::0.00:1500.50"));
+        QCOMPARE(s.cnt.saldo_cuenta("310505", "20170101"), Moneda::de_texto("-1500.5"));
+    }
+
+    void una_tabla_vacia_se_graba_sin_decir_nada() {
+        SesionGui s;
+        Saldos d(s);
+        Interlocutor i;
+        d.abra();
+        oprima(Qt::Key_F2);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        // una fila sin cuenta se cancela en lugar de grabarse
+        d.abra();
+        oprima(Qt::Key_Insert);
+        d.rejilla().SelectedIndex(4);
+        digite("300");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select count(*) from saldos_iniciales"), QString("0"));
+    }
+
+    void sumas_distintas_no_se_graban_salvo_que_la_compania_lo_permita() {
+        SesionGui s;
+        Saldos d(s);
+        Interlocutor i;
+        d.abra();
+        d.fila({"110505", "", "", "", "100", ""});
+        d.fila({"310505", "", "", "", "", "99.99"});
+        i.espere("No puede grabar un comprobante descuadrado");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(d.saldos->CSaldos.State() == Estado::Edicion);
+        QCOMPARE(s.dato("select count(*) from saldos_iniciales"), QString("0"));
+        d.configure("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS", "SI");
+        oprima(Qt::Key_F2);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select count(*) from saldos_iniciales"), QString("2"));
+    }
+
+    void un_lado_quita_el_otro_y_las_celdas_cerradas_son_las_que_la_cuenta_no_lleva() {
+        SesionGui s;
+        Saldos d(s);
+        d.abra();
+        d.fila({"110505", "", "", "", "100", ""});
+        oprima(Qt::Key_Up);
+        d.rejilla().SelectedIndex(5);
+        digite("40");
+        oprima(Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(d.celda("SAIN_DEBITO"), QString("0"));
+        QCOMPARE(d.celda("SAIN_CREDITO"), QString("40"));
+        for (int columna : {1, 2, 3}) {
+            d.rejilla().SelectedIndex(columna);
+            QVERIFY(d.rejilla().columna(columna).ReadOnly);
+        }
+        oprima(Qt::Key_Escape); // solo cancela la fila
+        QCOMPARE(d.celda("SAIN_DEBITO"), QString("100"));
+    }
+
+    void la_celda_mal_digitada_se_queda_con_el_cursor() {
+        SesionGui s;
+        Saldos d(s);
+        Interlocutor i;
+        d.abra();
+        d.rejilla().SelectedIndex(0);
+        i.espere("La cuenta no puede recibir movimientos porque tiene cuentas auxiliares.");
+        digite("1105");
+        oprima(Qt::Key_Return);
+        i.conforme();
+        QCOMPARE(i.vistos().size(), 1);
+        i.olvide();
+        QCOMPARE(d.rejilla().SelectedIndex(), 0);
+        QVERIFY(d.celda("CUEN_COD").isEmpty());
+
+        oprima(Qt::Key_Escape);
+        digite("510506");
+        oprima(Qt::Key_Return);
+        i.espere("Tercero no encontrado."); // sin ofrecer crearlo
+        digite("123");
+        oprima(Qt::Key_Return);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(d.rejilla().SelectedIndex(), 1);
+        oprima(Qt::Key_Escape);
+        digite("52345678");
+        oprima(Qt::Key_Return);
+        QCOMPARE(d.saldos->lineas->NomTerc->text(), QString("Peña Gómez María"));
+
+        d.linea({"0001"});
+        i.espere("Proyecto-Centro no encontrado.");
+        digite("0009");
+        oprima(Qt::Key_Return);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(d.rejilla().SelectedIndex(), 3);
+        oprima(Qt::Key_Escape);
+        digite("0002");
+        oprima(Qt::Key_Return);
+        QCOMPARE(d.rejilla().SelectedIndex(), 4);
+        QCOMPARE(d.saldos->lineas->NomCent->text(), QString("Contabilidad"));
+        // cambiar el proyecto por uno sin ese centro también lleva al centro
+        d.rejilla().SelectedIndex(2);
+        i.espere("Proyecto-Centro no encontrado.");
+        digite("0003");
+        oprima(Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCoreApplication::processEvents();
+        QCOMPARE(d.rejilla().SelectedIndex(), 3);
+    }
+
+    void la_fila_incompleta_no_se_graba() {
+        SesionGui s;
+        Saldos d(s);
+        const struct {
+            QStringList celdas;
+            const char* rechazo;
+        } casos[] = {
+            {{"510506", "", "", "", "10", ""}, "Debe indicar un NIT para el movimiento."},
+            {{"236540", "", "", "", "", "10"}, "Debe indicar un NIT para el movimiento."},
+            {{"519530", "", "0001", "", "10", ""},
+             "Debe indicar un Proyecto-Centro para el movimiento."},
+            {{"519530", "", "", "", "10", ""},
+             "Debe indicar un Proyecto-Centro para el movimiento."},
+        };
+        d.abra();
+        for (const auto& c : casos) {
+            Interlocutor i;
+            i.espere(c.rechazo);
+            d.fila(c.celdas);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QVERIFY(d.saldos->CSaldos.editando());
+            oprima(Qt::Key_Escape);
+        }
+        // a diferencia de un comprobante, una cuenta de retención no pide base ni porcentaje
+        d.fila({"236540", "800456789", "", "", "", "10"});
+        QCOMPARE(d.saldos->CSaldos.RecordCount(), 2);
+    }
+
+    void la_clase_de_la_cuenta_pide_el_documento_o_el_articulo() {
+        SesionGui s;
+        Saldos d(s);
+        Tfsaldiniciales* p = d.abra();
+        d.fila({"130505"});
+        QVERIFY(p->GroupBox1->isVisible() && p->GroupBox1->Etidocart->hasFocus());
+        QCOMPARE(p->GroupBox1->title(), QString("Documento cartera "));
+        QCOMPARE(d.celda("DOCO_VENCE"), QDate::currentDate().toString("yyyyMMdd"));
+        QCOMPARE(p->GroupBox1->DateTimePicker1->fecha(), QDate::currentDate());
+        digite("Factura de venta");
+        QCOMPARE(d.celda("SAIN_TIPODOC"),
+                 s.dato("select tido_cod from tipo_documento where tido_nomlargo = " +
+                        QuotedStr(p->GroupBox1->Etidocart->currentText())));
+        componente<EditorDato>(p->GroupBox1, "EDocumento").setFocus();
+        digite("000123");
+        p->GroupBox1->DateTimePicker1->setFocus();
+        oprima(Qt::Key_Up);
+        const QString vence = p->GroupBox1->DateTimePicker1->fecha_texto();
+        QVERIFY(vence != QDate::currentDate().toString("yyyyMMdd"));
+        componente<QPushButton>(p->GroupBox1, "SpeedButton2").setFocus();
+        oprima(Qt::Key_Space);
+        QVERIFY(!p->GroupBox1->isVisible() && d.rejilla().enfocada());
+        d.rejilla().SelectedIndex(1);
+        d.linea({"900123456", "", "", "100", ""});
+
+        d.fila({"143505"});
+        QVERIFY(p->GroupBox2->isVisible() && p->EArticod->hasFocus() && !p->GroupBox1->isVisible());
+        QCOMPARE(p->GroupBox2->title(), QString("Artículo del inventario "));
+        digite("Martillo");
+        QCOMPARE(d.celda("ARTI_COD"), QString("MART01"));
+        QCOMPARE(d.celda("ArtiDes"), QString("Martillo"));
+        d.rejilla().setFocus(); // salir del panel lo oculta
+        QVERIFY(!p->GroupBox2->isVisible());
+        d.rejilla().SelectedIndex(4);
+        d.linea({"50", ""});
+        // un activo fijo no tiene panel aquí
+        d.fila({"152405"});
+        QVERIFY(!p->GroupBox1->isVisible() && !p->GroupBox2->isVisible());
+        oprima(Qt::Key_F5);
+        oprima(Qt::Key_F2);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select doco_numero || doco_vence from saldos_iniciales where cuen_cod = "
+                        "'130505'"),
+                 "000123" + vence);
+        QCOMPARE(s.dato("select arti_cod from saldos_iniciales where cuen_cod = '143505'"),
+                 QString("MART01"));
+    }
+
+    void las_busquedas_entregan_siempre_en_la_linea() {
+        SesionGui s;
+        Saldos d(s);
+        QStringList abiertas;
+        for (const char* n : {"Tfcuentas", "Tfterceros", "Tfcentros"})
+            registre_testigo(n, [&abiertas, n] {
+                abiertas << QLatin1String(n) + fdmcnt().texto_busqueda;
+                fdmcnt().texto_busqueda.clear();
+            });
+        Tfsaldiniciales* p = d.abra();
+        const auto vuelva = [&](QString& buzon, const char* valor) {
+            buzon = QString::fromUtf8(valor);
+            s.escritorio.activa()->close();
+            QVERIFY(buzon.isEmpty());
+        };
+        d.rejilla().SelectedIndex(0);
+        digite("?caja");
+        oprima(Qt::Key_Return);
+        vuelva(s.cnt.cuenta_seleccion, "510506");
+        QCOMPARE(d.celda("CUEN_COD"), QString("510506"));
+        d.rejilla().SelectedIndex(1);
+        digite("?pe");
+        oprima(Qt::Key_Return);
+        vuelva(s.ter.tercero_seleccion, "52345678");
+        d.rejilla().SelectedIndex(3);
+        digite("?");
+        oprima(Qt::Key_Return);
+        s.cnt.centro_seleccion = "0002";
+        vuelva(s.cnt.proyecto_seleccion, "0001");
+        QCOMPARE(abiertas, QStringList({"Tfcuentascaja",
+                                        "Tfterceros"
+                                        "pe",
+                                        "Tfcentros"}));
+        QCOMPARE(d.celda("TERC_NIT") + d.celda("PROY_COD") + d.celda("CENT_COD"),
+                 QString("5234567800010002"));
+        p->CProyectos.Locate("PROY_COD", {"0001"});
+        QCOMPARE(d.celda("ProyNom") + '/' + d.celda("CentNom"),
+                 QString("Administración/Contabilidad"));
+        for (int tecla : {Qt::Key_F6, Qt::Key_F7, Qt::Key_F9}) {
+            oprima(tecla);
+            s.escritorio.activa()->close();
+        }
+        QCOMPARE(abiertas.mid(3), QStringList({"Tfterceros", "Tfcentros", "Tfcuentas"}));
+        // también con el foco en un botón: no hay otro lugar a donde ir
+        componente<QPushButton>(p, "SBGrabar").setFocus();
+        oprima(Qt::Key_F6);
+        vuelva(s.ter.tercero_seleccion, "800456789");
+        QCOMPARE(d.celda("TERC_NIT"), QString("800456789"));
+    }
+
+    void pegar_abre_las_columnas_cerradas_y_el_menu_propone_su_archivo() {
+        SesionGui s;
+        Saldos d(s);
+        d.abra();
+        QCOMPARE(d.rejilla().nombre_archivo, QString("SaldoIni"));
+        d.fila({"110505", "", "", "", "150", ""});
+        d.rejilla().SelectedIndex(0);
+        QGuiApplication::clipboard()->setText(
+            "510506\t52345678\t0001\t0002\t10\t0\n310505\t\t\t\t0\t160");
+        d.rejilla().ejecute_orden(Rejilla::Pegar);
+        QCOMPARE(d.celda("CUEN_COD"), QString("110505")); // la primera
+        QCOMPARE(d.saldos->CSaldos.RecordCount(), 3);
+        QCOMPARE(d.rejilla().suma(4), d.rejilla().suma(5));
+    }
+
+    void salir_pregunta_siempre() {
+        SesionGui s;
+        Saldos d(s);
+        const QString pregunta =
+            "Desea salir del comprobante y perder los movimientos que no ha grabado?";
+        d.abra();
+        Interlocutor i;
+        i.espere(pregunta, "No");
+        oprima(Qt::Key_Escape);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
+        d.fila({"110505", "", "", "", "150", ""});
+        componente<QPushButton>(d.saldos, "SBCancel").setFocus();
+        i.espere(pregunta, "Sí");
+        oprima(Qt::Key_Escape);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select count(*) from saldos_iniciales"), QString("0"));
+    }
+
+    void lo_que_se_puede_grabar_se_graba_y_lo_demas_queda_en_la_pantalla() {
+        SesionGui s;
+        Saldos d(s);
+        Interlocutor i;
+        d.abra();
+        d.fila({"130505"});
+        d.rejilla().setFocus();
+        d.rejilla().SelectedIndex(1);
+        d.linea({"900123456", "", "", "150", ""});
+        d.fila({"310505", "", "", "", "", "150"});
+        oprima(Qt::Key_Up);
+        // otro borra el tercero mientras tanto; y un tercero usa el primer número
+        s.base.ejecute({"delete from clientes where terc_nit = '900123456'",
+                        "delete from terceros where terc_nit = '900123456'",
+                        "insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, "
+                        "sain_credito) values (1, '111005', 0, 0)"});
+        i.espere("Está borrando o insertando un registro en la tabla Saldiniciales que tiene una "
+                 "relación con otra tabla.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
+        QCOMPARE(s.dato(kTabla), QString("1:111005:::0.00:0.00,3:310505:::0.00:150.00"));
+        QCOMPARE(d.saldos->CSaldos.ChangeCount(), 1);
+        QVERIFY(d.saldos->CSaldos.Locate("CUEN_COD", {"130505"}));
+        d.rejilla().setFocus();
+        d.rejilla().SelectedIndex(1);
+        d.rejilla().setFocus(); // dejar la cuenta abrió el panel del documento
+        digite("860002964");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select terc_nit || ':' || sain_debito from saldos_iniciales where "
+                        "cuen_cod = '130505'"),
+                 QString("860002964:150.00"));
+    }
+};
+
+QTEST_MAIN(PruebaSaldosIniciales)
+#include "prueba_saldos_iniciales.moc"

@@ -1,0 +1,228 @@
+// Salidas de renglones: texto, HTML y RTF.
+#include "toolkit/exportacion/archivo_salida.h"
+#include "toolkit/informes/salidas.h"
+
+#include <cmath>
+
+namespace informes {
+
+// ---------------------------------------------------------------- texto
+
+namespace {
+
+/// Columnas de texto por milímetro: con ellas caben las cifras de la letra pequeña de las
+/// plantillas.
+constexpr double kColumnasPorMilimetro = 0.72;
+
+QString renglon_de_texto(const Renglon& renglon, double ancho) {
+    const int columnas = int(std::lround(ancho * kColumnasPorMilimetro));
+    if (renglon.raya)
+        return QString(columnas, QLatin1Char('-'));
+    QString linea;
+    for (const Trozo& t : renglon.trozos) {
+        const QString texto = QString(t.texto).replace(QLatin1Char('\n'), QLatin1Char(' '));
+        const double ancla = t.lado == Lado::Derecha  ? t.x + t.ancho
+                             : t.lado == Lado::Centro ? t.x + t.ancho / 2
+                                                      : t.x;
+        qsizetype columna = std::lround(ancla * kColumnasPorMilimetro);
+        if (t.lado == Lado::Derecha)
+            columna -= texto.size();
+        else if (t.lado == Lado::Centro)
+            columna -= texto.size() / 2;
+        // Nada se escribe encima de lo anterior: si no cabe en su sitio, corre.
+        const qsizetype libre = linea.isEmpty() ? 0 : linea.size() + 1;
+        linea = linea.leftJustified(qMax(columna, libre));
+        linea += texto;
+    }
+    return linea;
+}
+
+} // namespace
+
+void escriba_texto(const Hojas& hojas, ArchivoSalida& salida, Rango rango) {
+    for (int p = rango.desde; p <= rango.hasta; ++p) {
+        if (p > rango.desde)
+            salida.escriba(QStringLiteral("\f"));
+        for (const Renglon& r : renglones_de(hojas, p))
+            salida.escriba(renglon_de_texto(r, hojas.papel(p).ancho) + QLatin1Char('\n'));
+    }
+}
+
+// ---------------------------------------------------------------- HTML
+
+namespace {
+
+/// Celdas de un renglón: dónde empieza cada una. Los renglones con las mismas celdas van en la
+/// misma tabla, de modo que las columnas siguen alineadas sin la hoja.
+struct Celdas {
+    QVector<int> bordes; ///< en décimas de milímetro, del margen izquierdo al derecho
+    bool operator==(const Celdas&) const = default;
+};
+
+int decimas(double mm) {
+    return int(std::lround(mm * 10));
+}
+
+Celdas celdas_de(const Renglon& renglon, double ancho) {
+    Celdas c;
+    int anterior = 0;
+    for (const Trozo& t : renglon.trozos) {
+        const int desde = qMax(anterior, decimas(t.x));
+        const int hasta = qMax(desde + 1, decimas(t.x + t.ancho));
+        c.bordes << desde << hasta;
+        anterior = hasta;
+    }
+    c.bordes << decimas(ancho);
+    return c;
+}
+
+QString clase_de(const Trozo& t) {
+    static const char* const lados[] = {"i", "c", "d"};
+    return QStringLiteral("e%1 %2").arg(t.estilo).arg(QLatin1String(lados[int(t.lado)]));
+}
+
+} // namespace
+
+void escriba_html(const Hojas& hojas, ArchivoSalida& salida, Rango rango, const QString& titulo) {
+    QString estilos;
+    int cuantos = 0;
+    for (int p = rango.desde; p <= rango.hasta; ++p)
+        for (const Trazo& t : hojas.lea(p))
+            if (t.clase == Trazo::Texto)
+                cuantos = qMax(cuantos, int(t.recurso) + 1);
+    for (int i = 0; i < cuantos; ++i) {
+        const Estilo& e = hojas.estilo_de(i);
+        estilos +=
+            QStringLiteral(".e%1{font:%2 %3 %4pt '%5',sans-serif;color:%6}\n")
+                .arg(i)
+                .arg(e.cursiva ? QStringLiteral("italic") : QStringLiteral("normal"),
+                     e.negrita ? QStringLiteral("bold") : QStringLiteral("normal"))
+                .arg(e.cuerpo)
+                .arg(e.letra.isEmpty() ? QStringLiteral("Liberation Sans") : e.letra, e.color);
+    }
+    salida.escriba(
+        QStringLiteral("<!DOCTYPE html>\n<html lang=\"es\"><head><meta charset=\"utf-8\">"
+                       "<title>%1</title>\n<style>\n.hoja{margin:8mm auto;page-break-after:always}"
+                       "\ntable{border-collapse:collapse;table-layout:fixed;width:100%}\n"
+                       "td{padding:0;vertical-align:top;overflow:hidden;white-space:nowrap}\n"
+                       ".c{text-align:center}.d{text-align:right}\n"
+                       "hr{border:0;border-top:1px solid #000;margin:1px 0}\n%2</style></head>"
+                       "<body>\n")
+            .arg(titulo.toHtmlEscaped(), estilos));
+    for (int p = rango.desde; p <= rango.hasta; ++p) {
+        const double ancho = hojas.papel(p).ancho;
+        salida.escriba(QStringLiteral("<div class=\"hoja\" style=\"width:%1mm\">\n").arg(ancho));
+        Celdas abiertas;
+        const auto cierre = [&] {
+            if (!abiertas.bordes.isEmpty())
+                salida.escriba(QStringLiteral("</table>\n"));
+            abiertas.bordes.clear();
+        };
+        for (const Renglon& r : renglones_de(hojas, p)) {
+            if (r.raya) {
+                cierre();
+                salida.escriba(QStringLiteral("<hr>\n"));
+                continue;
+            }
+            const Celdas celdas = celdas_de(r, ancho);
+            if (!(celdas == abiertas)) {
+                cierre();
+                abiertas = celdas;
+                QString columnas = QStringLiteral("<table><colgroup>");
+                int anterior = 0;
+                for (int b : celdas.bordes) {
+                    columnas +=
+                        QStringLiteral("<col style=\"width:%1mm\">").arg((b - anterior) / 10.0);
+                    anterior = b;
+                }
+                salida.escriba(columnas + QStringLiteral("</colgroup>\n"));
+            }
+            QString fila = QStringLiteral("<tr>");
+            for (const Trozo& t : r.trozos)
+                fila += QStringLiteral("<td></td><td class=\"%1\">%2</td>")
+                            .arg(clase_de(t), t.texto.toHtmlEscaped().replace(
+                                                  QLatin1Char('\n'), QLatin1String("<br>")));
+            salida.escriba(fila + QStringLiteral("<td></td></tr>\n"));
+        }
+        cierre();
+        salida.escriba(QStringLiteral("</div>\n"));
+    }
+    salida.escriba(QStringLiteral("</body></html>\n"));
+}
+
+// ---------------------------------------------------------------- RTF
+
+namespace {
+
+int twips(double mm) {
+    return int(std::lround(mm * 1440 / 25.4));
+}
+
+QString escape_rtf(const QString& texto) {
+    QString r;
+    for (QChar c : texto) {
+        if (c == QLatin1Char('\\') || c == QLatin1Char('{') || c == QLatin1Char('}'))
+            r += QLatin1Char('\\') + QString(c);
+        else if (c == QLatin1Char('\n'))
+            r += QStringLiteral("\\line ");
+        else if (c.unicode() < 128)
+            r += c;
+        else
+            r += QStringLiteral("\\u%1?").arg(qint16(c.unicode()));
+    }
+    return r;
+}
+
+} // namespace
+
+void escriba_rtf(const Hojas& hojas, ArchivoSalida& salida, Rango rango) {
+    const Papel hoja = hojas.papel(rango.desde);
+    salida.escriba(QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss "
+                                  "Liberation Sans;}}\n\\paperw%1\\paperh%2%3\\margl%4\\margr%4"
+                                  "\\margt%5\\margb%6\n")
+                       .arg(twips(hoja.ancho))
+                       .arg(twips(hoja.alto))
+                       .arg(hoja.horizontal ? QStringLiteral("\\landscape") : QString())
+                       .arg(twips(hoja.margen_x))
+                       .arg(twips(hoja.margen_y))
+                       .arg(twips(hoja.margen_y / 2)));
+    for (int p = rango.desde; p <= rango.hasta; ++p) {
+        const double margen = hojas.papel(p).margen_x;
+        if (p > rango.desde)
+            salida.escriba(QStringLiteral("\\page\n"));
+        bool raya = false;
+        for (const Renglon& r : renglones_de(hojas, p)) {
+            if (r.raya) {
+                raya = true; // es el borde superior del renglón que sigue
+                continue;
+            }
+            // Cada texto va a su tabulador, con la alineación de su columna.
+            QString parrafo = QStringLiteral("\\pard");
+            if (raya)
+                parrafo += QStringLiteral("\\brdrt\\brdrs\\brdrw5");
+            raya = false;
+            for (const Trozo& t : r.trozos) {
+                const double ancla = t.lado == Lado::Derecha  ? t.x + t.ancho
+                                     : t.lado == Lado::Centro ? t.x + t.ancho / 2
+                                                              : t.x;
+                parrafo += QStringLiteral("%1\\tx%2")
+                               .arg(t.lado == Lado::Derecha  ? QStringLiteral("\\tqr")
+                                    : t.lado == Lado::Centro ? QStringLiteral("\\tqc")
+                                                             : QString())
+                               .arg(qMax(1, twips(ancla - margen)));
+            }
+            for (const Trozo& t : r.trozos) {
+                const Estilo& e = hojas.estilo_de(t.estilo);
+                parrafo += QStringLiteral("\\tab{\\fs%1%2%3 ")
+                               .arg(qRound(e.cuerpo * 2))
+                               .arg(e.negrita ? QStringLiteral("\\b") : QString(),
+                                    e.cursiva ? QStringLiteral("\\i") : QString()) +
+                           escape_rtf(t.texto) + QLatin1Char('}');
+            }
+            salida.escriba(parrafo + QStringLiteral("\\par\n"));
+        }
+    }
+    salida.escriba(QStringLiteral("}\n"));
+}
+
+} // namespace informes

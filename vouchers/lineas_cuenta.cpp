@@ -1,0 +1,212 @@
+#include "vouchers/lineas_cuenta.h"
+
+#include "vouchers/pch.h"
+
+bool vacio_o_cero(const Campo& c) {
+    return c.vacio() || c.texto() == "0";
+}
+
+LineasCuenta::LineasCuenta(Libro l, ConjuntoDatos& d, ConjuntoDatos& consulta, LadosLinea lados,
+                           QObject* dueno)
+    : QObject(dueno), libro(l), detalle(d), consulta_(consulta), lados_(lados) {}
+
+void LineasCuenta::defina_sumas(ConjuntoDatos& d, LadosLinea lados) {
+    d.agregado("Sumadebito", QStringLiteral("Sum(%1)").arg(QLatin1String(lados.debito)));
+    d.agregado("Sumacredito", QStringLiteral("Sum(%1)").arg(QLatin1String(lados.credito)));
+}
+
+QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
+    auto* e = new QLineEdit;
+    e->setObjectName(componente);
+    e->setReadOnly(true);
+    e->setFocusPolicy(Qt::NoFocus);
+    return e;
+}
+
+// ---------------------------------------------------------------- la cuenta de la línea
+
+void LineasCuenta::consulte_cuenta(const char* columnas) {
+    consulta_.Open(QStringLiteral("select %1 from %2 where cuen_cod = ")
+                       .arg(QLatin1String(columnas), QLatin1String(tabla_atributos())) +
+                   QuotedStr(cuenta()));
+}
+
+bool LineasCuenta::busque_cuenta() {
+    const QString texto = cuenta();
+    if (!texto.startsWith('?'))
+        return false;
+    fdmcnt().texto_busqueda = texto.mid(1);
+    pantallas().abrir(datos(libro).pantalla_cuentas);
+    return true;
+}
+
+bool LineasCuenta::busque_tercero() {
+    const QString nit = campo("TERC_NIT").texto();
+    if (!nit.startsWith('?'))
+        return false;
+    fdmcnt().texto_busqueda = nit.mid(1);
+    pantallas().abrir("Tfterceros");
+    return true;
+}
+
+bool LineasCuenta::busque_centro() {
+    if (!campo("CENT_COD").texto().startsWith('?'))
+        return false;
+    pantallas().abrir("Tfcentros");
+    return true;
+}
+
+void LineasCuenta::abra_o_cierre(int columna) {
+    if (columna == kTercero) {
+        rejilla->columna(kTercero).ReadOnly = consulta_.FieldByName("CUEN_TERCERO").texto() == "N";
+    } else if (columna == kProyecto || columna == kCentro) {
+        const bool sin_centro = consulta_.FieldByName("CUEN_CENTRO").texto() == "N";
+        rejilla->columna(kProyecto).ReadOnly = sin_centro;
+        rejilla->columna(kCentro).ReadOnly = sin_centro;
+    }
+}
+
+void LineasCuenta::rehuse(const char* texto) {
+    muestre_mensaje(texto);
+    throw EdicionAbortada();
+}
+
+void LineasCuenta::exija_tercero() {
+    if (campo("TERC_NIT").vacio())
+        rehuse("Debe indicar un NIT para el movimiento.");
+}
+
+void LineasCuenta::exija_centro() {
+    if (campo("PROY_COD").vacio() || campo("CENT_COD").vacio())
+        rehuse("Debe indicar un Proyecto-Centro para el movimiento.");
+}
+
+// ---------------------------------------------------------------- los dos lados
+
+void LineasCuenta::ate_lados() {
+    const auto ate = [this](const char* uno, const char* otro) {
+        campo(uno).OnChange = [this, otro](Campo& c) {
+            if (en_edicion() && !c.moneda().es_cero())
+                campo(otro) = Moneda();
+            diferencia();
+        };
+    };
+    ate(lados_.debito, lados_.credito);
+    ate(lados_.credito, lados_.debito);
+    detalle.AfterPost = [this] { diferencia(); };
+    detalle.AfterDelete = [this] { diferencia(); };
+}
+
+void LineasCuenta::actualice_sumas() {
+    if (detalle.IsEmpty())
+        return;
+    Sumadeb->valor(suma_debito());
+    SumCred->valor(suma_credito());
+    diferencia();
+}
+
+void LineasCuenta::diferencia() {
+    if (!detalle.Active() || detalle.IsEmpty())
+        return;
+    const Moneda d = suma_debito() - suma_credito();
+    if (d > Moneda()) {
+        Difdeb->valor(d);
+        DifCred->vacie();
+    } else {
+        DifCred->valor(d.absoluta());
+        Difdeb->vacie();
+    }
+}
+
+void LineasCuenta::vacie_nombres() {
+    for (QLineEdit* e : {NomCuenta, NomTerc, NomProy, NomCent})
+        e->clear();
+}
+
+void LineasCuenta::vacie_diferencias() {
+    Difdeb->vacie();
+    DifCred->vacie();
+}
+
+void LineasCuenta::termine_linea() {
+    if (!detalle.editando())
+        return;
+    rejilla->escriba_pendiente();
+    if (cuenta().isEmpty())
+        detalle.Cancel();
+    else
+        detalle.Post();
+}
+
+void LineasCuenta::sugiera_db_cr() {
+    rejilla->escriba_pendiente();
+    for (const char* lado : {lados_.debito, lados_.credito})
+        if (!vacio_o_cero(campo(lado)))
+            return;
+    detalle.Edit();
+    const Moneda d = suma_debito() - suma_credito();
+    if (d <= Moneda()) {
+        campo(lados_.debito) = -d;
+        campo(lados_.credito) = Moneda();
+    } else {
+        campo(lados_.debito) = Moneda();
+        campo(lados_.credito) = d;
+    }
+}
+
+// ---------------------------------------------------------------- menú y recepción
+
+const QVector<Rejilla::Orden> LineasCuenta::kMenu{
+    Rejilla::Cortar,          Rejilla::Copiar,          Rejilla::Pegar,  Rejilla::Borrar,
+    Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar};
+
+QMenu* LineasCuenta::arme_menu(const QString& nombre_archivo, const QString& titulo,
+                               const QVector<Rejilla::Orden>& ordenes) {
+    rejilla->nombre_archivo = nombre_archivo;
+    rejilla->titulo_impreso = titulo + " %[Today]";
+    return rejilla->menu_emergente(ordenes);
+}
+
+void LineasCuenta::prepare_pegado() {
+    const bool en_blanco = detalle.State() == Estado::Insercion && cuenta().isEmpty();
+    termine_linea();
+    // Lo que se pega sobre la fila en blanco del final se agrega: no reemplaza la anterior.
+    if (en_blanco && !detalle.IsEmpty())
+        detalle.Append();
+}
+
+void LineasCuenta::pegue() {
+    prepare_pegado();
+    for (int columna : {kTercero, kProyecto, kCentro})
+        rejilla->columna(columna).ReadOnly = false;
+    rejilla->pegue();
+    detalle.First();
+}
+
+void LineasCuenta::prepare_recepcion() {
+    if (detalle.editando())
+        return;
+    if (cuenta().isEmpty())
+        detalle.Insert();
+    else
+        detalle.Edit();
+}
+
+void LineasCuenta::reciba(const QString& nombre, const QString& valor) {
+    prepare_recepcion();
+    detalle.FieldByName(nombre) = valor;
+}
+
+void LineasCuenta::reciba_cuenta_y_centro() {
+    const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
+    if (!fdmcnt().cuenta_seleccion.isEmpty())
+        reciba("CUEN_COD", tome(fdmcnt().cuenta_seleccion));
+    if (!fdmcnt().proyecto_seleccion.isEmpty()) {
+        const QString centro = tome(fdmcnt().centro_seleccion);
+        // El "?" que abrió la búsqueda no es un centro del proyecto que llega.
+        prepare_recepcion();
+        campo("CENT_COD").limpie();
+        reciba("PROY_COD", tome(fdmcnt().proyecto_seleccion));
+        reciba("CENT_COD", centro);
+    }
+}

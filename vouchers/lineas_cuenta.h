@@ -1,0 +1,95 @@
+#pragma once
+// Lo común a toda rejilla de líneas contables: cuenta, tercero, centro, un débito o un crédito.
+//
+// Une la rejilla y su conjunto con los nombres y las sumas que van debajo: suma y compara los dos
+// lados, sugiere el que cuadra, recibe lo escogido en las búsquedas y rehúsa la línea incompleta.
+// Las cuatro primeras columnas de la rejilla son cuenta, tercero, proyecto y centro.
+#include "core/libro.h"
+#include "core/recordset/conjunto.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QObject>
+
+class EditorNumero;
+class QLineEdit;
+class QMenu;
+
+/// Dónde lleva cada tabla los dos lados de la línea.
+struct LadosLinea {
+    const char *debito, *credito;
+};
+
+class LineasCuenta : public QObject {
+    Q_OBJECT
+public:
+    LineasCuenta(Libro libro, ConjuntoDatos& detalle, ConjuntoDatos& consulta, LadosLinea lados,
+                 QObject* dueno);
+
+    /// Menú de las pantallas de digitación.
+    static const QVector<Rejilla::Orden> kMenu;
+    /// Tabla de la que salen los atributos de la cuenta de la línea.
+    virtual const char* tabla_atributos() const { return datos(libro).cuentas; }
+
+    enum Columna { kCuenta, kTercero, kProyecto, kCentro };
+
+    const Libro libro;
+    ConjuntoDatos& detalle;
+    Rejilla* rejilla = nullptr;
+    QLineEdit *NomCuenta = nullptr, *NomTerc = nullptr, *NomProy = nullptr, *NomCent = nullptr;
+    EditorNumero *Sumadeb = nullptr, *SumCred = nullptr, *Difdeb = nullptr, *DifCred = nullptr;
+    int item = 0; ///< contador de líneas: cada inserción gasta uno
+
+    /// Agregados de los dos lados, que las sumas leen por su nombre.
+    static void defina_sumas(ConjuntoDatos& detalle, LadosLinea lados);
+    /// Caja de lectura para un nombre, fuera del recorrido de Tab.
+    static QLineEdit* caja_de_nombre(const QString& componente);
+
+    /// Graba la línea pendiente si tiene cuenta; si no, la cancela.
+    void termine_linea();
+    /// Escribe en la línea lo que cuadra el comprobante; con un lado ya escrito no hace nada.
+    void sugiera_db_cr();
+    void vacie_nombres();
+    void vacie_diferencias();
+    void actualice_sumas();
+    Moneda suma_debito() const { return detalle.agregado("Sumadebito").moneda(); }
+    Moneda suma_credito() const { return detalle.agregado("Sumacredito").moneda(); }
+    /// Menú emergente de la rejilla, con el nombre que propone al guardar.
+    QMenu* arme_menu(const QString& nombre_archivo, const QString& titulo,
+                     const QVector<Rejilla::Orden>& ordenes = kMenu);
+    /// Deja la rejilla lista para pegar: graba o cancela la línea en edición.
+    void prepare_pegado();
+    /// Termina la línea, abre las columnas que la anterior cerró, pega y vuelve a la primera.
+    void pegue();
+    /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
+    void reciba(const QString& campo, const QString& valor);
+    void prepare_recepcion();
+    /// La cuenta, el proyecto y el centro que dejaron las pantallas de búsqueda.
+    void reciba_cuenta_y_centro();
+
+protected:
+    Campo& campo(const char* nombre) const { return detalle.FieldByName(QLatin1String(nombre)); }
+    QString cuenta() const { return campo("CUEN_COD").texto(); }
+    bool en_edicion() const { return detalle.editando(); }
+    /// Deja en la consulta de la pantalla las columnas de la cuenta de la línea.
+    void consulte_cuenta(const char* columnas);
+    /// "?" con texto: abre la búsqueda y lo que sigue al signo es lo buscado.
+    bool busque_cuenta();
+    bool busque_tercero();
+    bool busque_centro();
+    /// Cierra al entrar las columnas que la cuenta no lleva.
+    void abra_o_cierre(int columna);
+    /// Un débito quita el crédito, y al revés; y la diferencia sigue a las sumas.
+    void ate_lados();
+    void diferencia();
+    [[noreturn]] static void rehuse(const char* texto);
+    void exija_tercero();
+    void exija_centro();
+
+    ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
+
+private:
+    const LadosLinea lados_;
+};
+
+/// Sin valor, o cero escrito.
+bool vacio_o_cero(const Campo& campo);

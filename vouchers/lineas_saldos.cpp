@@ -1,0 +1,173 @@
+#include "vouchers/lineas_saldos.h"
+
+#include "vouchers/pch.h"
+
+namespace {
+
+constexpr LadosLinea kLados{"SAIN_DEBITO", "SAIN_CREDITO"};
+constexpr int kDebito = 4, kCredito = 5;
+
+} // namespace
+
+LineasSaldos::LineasSaldos(ConjuntoDatos& saldos, ConjuntoDatos& consulta, QObject* dueno)
+    : LineasCuenta(Libro::Decreto2649, saldos, consulta, kLados, dueno) {
+    defina_sumas(saldos, kLados);
+}
+
+QWidget* LineasSaldos::construya_pagina() {
+    auto* pagina = new QWidget;
+    rejilla = new Rejilla(pagina);
+    rejilla->setObjectName("DBGridEh1");
+    rejilla->setAccessibleName("Saldos iniciales");
+    rejilla->columnas({{"CUEN_COD", "Cuenta", 13},
+                       {"TERC_NIT", "Tercero", 15},
+                       {"PROY_COD", "Proy", 6},
+                       {"CENT_COD", "Centro", 7},
+                       {"SAIN_DEBITO", "Débito", 18, Suma, "#,###.00"},
+                       {"SAIN_CREDITO", "Crédito", 18, Suma, "#,###.00"}});
+    rejilla->pie(true);
+    rejilla->enter_como_tab = true;
+    rejilla->texto_vacio = "Sin saldos: digite el código de la cuenta, o F9 para buscarla.";
+    rejilla->ate(&detalle);
+
+    NomCuenta = caja_de_nombre("NomCuenta");
+    NomTerc = caja_de_nombre("NomTerc");
+    NomProy = caja_de_nombre("NomProy");
+    NomCent = caja_de_nombre("NomCent");
+    const auto suma = [](const char* nombre) {
+        EditorNumero* e = EditorNumero::de_saldo();
+        e->setObjectName(nombre);
+        return e;
+    };
+    Sumadeb = suma("Sumadeb");
+    SumCred = suma("SumCred");
+    Difdeb = suma("Difdeb");
+    DifCred = suma("DifCred");
+    Formulario f(pagina);
+    f.ancha(rejilla, 1);
+    f.fila({{"Cuenta", NomCuenta}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
+    f.fila({{"Tercero", NomTerc}, {"Dif. débito", Difdeb}, {"Dif. crédito", DifCred}});
+    f.fila({{"Proyecto", Formulario::junto({NomProy, NomCent})}});
+    NomProy->setAccessibleName("Nombre del proyecto");
+    NomCent->setAccessibleName("Nombre del centro");
+    return pagina;
+}
+
+void LineasSaldos::ate_eventos() {
+    campo("CUEN_COD").OnChange = [this](Campo&) { cuenta_cambiada(); };
+    campo("TERC_NIT").OnChange = [this](Campo&) { tercero_cambiado(); };
+    campo("PROY_COD").OnChange = campo("CENT_COD").OnChange = [this](Campo&) { centro_cambiado(); };
+    ate_lados();
+    detalle.BeforePost = [this] { BeforePost(); };
+    detalle.AfterInsert = [this] { AfterInsert(); };
+    detalle.AfterScroll = [this] { AfterScroll(); };
+    rejilla->ColEnter = [this](int c) { ColEnter(c); };
+    rejilla->ColExit = [this](int c) { ColExit(c); };
+}
+
+// ---------------------------------------------------------------- celdas
+
+void LineasSaldos::devuelva_a(int columna) {
+    // Rehusar lo que se digita en la celda la deja abierta; lo que llegó por otro camino (otra
+    // celda, una búsqueda) lleva el cursor allá.
+    if (rejilla->SelectedIndex() == columna)
+        throw EdicionAbortada();
+    QMetaObject::invokeMethod(
+        rejilla, [r = rejilla, columna] { r->SelectedIndex(columna); }, Qt::QueuedConnection);
+}
+
+void LineasSaldos::cuenta_cambiada() {
+    const QString texto = cuenta();
+    if (texto.isEmpty() || busque_cuenta())
+        return;
+    if (!fdmcnt().valide_cuenta(texto)) {
+        campo("CUEN_COD").limpie();
+        NomCuenta->clear();
+        devuelva_a(kCuenta);
+        return;
+    }
+    NomCuenta->setText(fdmcnt().nom_cuenta(texto));
+}
+
+void LineasSaldos::tercero_cambiado() {
+    const QString nit = campo("TERC_NIT").texto();
+    if (busque_tercero())
+        return;
+    NomTerc->setText(nit.isEmpty() ? QString() : fdmter().nom_tercero(nit));
+    if (!nit.isEmpty() && NomTerc->text().isEmpty()) {
+        muestre_mensaje("Tercero no encontrado.");
+        devuelva_a(kTercero);
+    }
+}
+
+void LineasSaldos::centro_cambiado() {
+    if (busque_centro())
+        return;
+    NomProy->clear();
+    NomCent->clear();
+    const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
+    if (proyecto.isEmpty() || centro.isEmpty())
+        return;
+    if (!fdmcnt().valide_centro(proyecto, centro)) {
+        devuelva_a(kCentro);
+        return;
+    }
+    muestre_centro(proyecto, centro);
+}
+
+void LineasSaldos::muestre_centro(const QString& proyecto, const QString& centro) {
+    NomProy->setText(fdmcnt().nom_centro(proyecto));
+    NomCent->setText(fdmcnt().nom_subcentro(proyecto, centro));
+}
+
+void LineasSaldos::ColEnter(int columna) {
+    if (cuenta().isEmpty())
+        return;
+    consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO");
+    abra_o_cierre(columna);
+}
+
+void LineasSaldos::ColExit(int columna) {
+    if (columna != kCuenta || cuenta().isEmpty())
+        return;
+    consulte_cuenta("CUEN_TIPO");
+    al_dejar_la_cuenta(consulta_.FieldByName("CUEN_TIPO").texto());
+}
+
+// ---------------------------------------------------------------- la línea
+
+void LineasSaldos::AfterInsert() {
+    campo("SAIN_ITEM") = ++item;
+    campo("SAIN_DEBITO") = Moneda();
+    campo("SAIN_CREDITO") = Moneda();
+    vacie_nombres();
+}
+
+void LineasSaldos::BeforePost() {
+    if (cuenta().isEmpty()) {
+        detalle.Cancel();
+        throw EdicionAbortada();
+    }
+    consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
+    if (consulta_.FieldByName("CUEN_RETENCION").texto() == "S" ||
+        consulta_.FieldByName("CUEN_TERCERO").texto() == "S")
+        exija_tercero();
+    if (consulta_.FieldByName("CUEN_CENTRO").texto() == "S")
+        exija_centro();
+}
+
+void LineasSaldos::AfterScroll() {
+    vacie_nombres();
+    if (!cuenta().isEmpty())
+        NomCuenta->setText(fdmcnt().nom_cuenta(cuenta()));
+    if (!campo("TERC_NIT").vacio())
+        NomTerc->setText(fdmter().nom_tercero(campo("TERC_NIT").texto()));
+    const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
+    if (!proyecto.isEmpty() && !centro.isEmpty())
+        muestre_centro(proyecto, centro);
+    actualice_sumas();
+}
+
+bool LineasSaldos::cuadrados() const {
+    return rejilla->suma(kDebito) == rejilla->suma(kCredito);
+}

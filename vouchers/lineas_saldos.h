@@ -1,0 +1,33 @@
+#pragma once
+// Líneas de los saldos iniciales: las de un comprobante, sin conceptos, bases ni memorias.
+#include "vouchers/lineas_cuenta.h"
+
+#include <functional>
+
+class QWidget;
+
+class LineasSaldos : public LineasCuenta {
+public:
+    LineasSaldos(ConjuntoDatos& saldos, ConjuntoDatos& consulta, QObject* dueno);
+
+    /// Salió de la columna de la cuenta, con la clase de esta.
+    std::function<void(const QString& clase)> al_dejar_la_cuenta;
+
+    /// Página completa: rejilla, nombres y sumas.
+    QWidget* construya_pagina();
+    void ate_eventos();
+    /// Las dos sumas del pie, iguales como importes.
+    bool cuadrados() const;
+
+private:
+    void cuenta_cambiada();
+    void tercero_cambiado();
+    void centro_cambiado();
+    void muestre_centro(const QString& proyecto, const QString& centro);
+    void ColEnter(int columna);
+    void ColExit(int columna);
+    void BeforePost();
+    void AfterInsert();
+    void AfterScroll();
+    void devuelva_a(int columna);
+};

@@ -1,0 +1,62 @@
+#include "vouchers/panel_documento.h"
+
+#include "vouchers/pch.h"
+
+PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, ConjuntoDatos& tipos,
+                               const Campos& campos)
+    : PanelFlotante("GroupBox1", "Documento cartera ", pantalla), lineas_(lineas) {
+    const auto numero = [&](const char* campo, const char* nombre) {
+        auto* e = new EditorDato(&lineas, campo);
+        e->setObjectName(nombre);
+        return e;
+    };
+    const auto tipo = [&](const char* campo, const char* nombre) {
+        auto* l = new ListaDato(&lineas, campo);
+        l->setObjectName(nombre);
+        l->lista_de(&tipos, "TIDO_COD", "TIDO_NOMLARGO");
+        return l;
+    };
+    Etidocart = tipo(campos.tipo, "Etidocart");
+    DateTimePicker1 = new FechaDato;
+    DateTimePicker1->setObjectName("DateTimePicker1");
+    DateTimePicker1->OnChange = [this] { DateTimePicker1Change(); };
+    auto* continuar = new QPushButton("Continuar");
+    continuar->setObjectName("SpeedButton2");
+    connect(continuar, &QPushButton::clicked, this, &PanelFlotante::oculte);
+    Formulario f(this);
+    if (campos.aplica) {
+        f.fila({{"Documento", numero(campos.numero, "EDocumento")},
+                {"Tipo", Etidocart},
+                {"Vence", DateTimePicker1}});
+        f.fila({{"Aplica a:", numero(campos.aplica, "EAplica")},
+                {"Tipo", tipo(campos.tipo_aplica, "Etidoapl")},
+                {"", continuar}});
+    } else {
+        f.fila({{"Documento", numero(campos.numero, "EDocumento")},
+                {"Tipo", Etidocart},
+                {"Vence", DateTimePicker1},
+                {"", continuar}});
+    }
+    // Entrar propone hoy como vencimiento, aunque la línea ya tuviera otro.
+    OnEnter = [this] {
+        DateTimePicker1->fecha(QDate::currentDate());
+        DateTimePicker1Change();
+    };
+}
+
+void PanelDocumento::defina_tipos(ConjuntoDatos& tipos) {
+    tipos.entero("TIDO_COD");
+    tipos.texto("TIDO_NOMCORTO", 8);
+    tipos.texto("TIDO_NOMLARGO", 30);
+    tipos.texto("TIDO_CART", 1);
+    tipos.texto("TIDO_CXP", 1);
+    tipos.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
+}
+
+void PanelDocumento::DateTimePicker1Change() {
+    // Sin líneas no hay a quién ponerle fecha.
+    if (lineas_.IsEmpty())
+        return;
+    lineas_.Edit();
+    lineas_.FieldByName("DOCO_VENCE") = DateTimePicker1->fecha_texto();
+}

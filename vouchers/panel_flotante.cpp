@@ -1,0 +1,45 @@
+#include "vouchers/panel_flotante.h"
+
+#include "vouchers/pch.h"
+
+PanelFlotante::PanelFlotante(const QString& nombre, const QString& titulo, QWidget* pantalla)
+    : QGroupBox(titulo, pantalla), pantalla_(pantalla) {
+    setObjectName(nombre);
+    setAutoFillBackground(true);
+    hide();
+    connect(qApp, &QApplication::focusChanged, this, &PanelFlotante::foco_cambiado);
+}
+
+void PanelFlotante::foco_cambiado(const QWidget* antes, const QWidget* ahora) {
+    if (!ahora)
+        return;
+    const bool estaba = antes && isAncestorOf(antes), esta = isAncestorOf(ahora);
+    if (esta && !estaba && OnEnter)
+        proteja([this] { OnEnter(); });
+    if (estaba && !esta && isVisible() && ahora->window() == window())
+        oculte();
+}
+
+void PanelFlotante::ubique() {
+    if (!base_)
+        return;
+    const QPoint origen = base_->mapTo(pantalla_, QPoint(0, 0));
+    adjustSize();
+    const int ancho = qMin(sizeHint().width() + 16, base_->width());
+    setGeometry(origen.x() + (base_->width() - ancho) / 2, origen.y() + base_->height() / 3, ancho,
+                sizeHint().height());
+}
+
+void PanelFlotante::muestre(QWidget* foco) {
+    ubique();
+    show();
+    raise();
+    foco->setFocus();
+}
+
+void PanelFlotante::oculte() {
+    const bool tenia_foco = isAncestorOf(QApplication::focusWidget());
+    hide();
+    if (QWidget* destino = vuelve ? vuelve(tenia_foco) : nullptr)
+        destino->setFocus();
+}

@@ -1,0 +1,236 @@
+#include "vouchers/tfsaldiniciales.h"
+
+#include "vouchers/lineas_saldos.h"
+#include "vouchers/pch.h"
+
+Tfsaldiniciales::Tfsaldiniciales()
+    : Pantalla("Tfsaldiniciales", "Saldos Iniciales"),
+      PSaldos(this, "PSaldos", &fdmcnt().TSaldiniciales),
+      PProyectos(this, "PProyectos", &fdm().TProyectos),
+      PArticulo(this, "PArticulo", &fdmArt().QArticulos, poAllowCommandText),
+      PTidocartera(this, "PTidocartera", &fdm().TTipodoc),
+      PMaxitem(this, "PMaxitem", &fdm().QBorrar, poAllowCommandText),
+      PBalance(this, "PBalance", &fdmcnt().QConsultas, poAllowCommandText),
+      PBorrar(this, "PBorrar", &fdm().QBorrar, poAllowCommandText),
+      CSaldos(this, "CSaldos", &PSaldos), CProyectos(this, "CProyectos", &PProyectos),
+      CCentros(this, "CCentros"), CArticulo(this, "CArticulo", &PArticulo),
+      CTidocartera(this, "CTidocartera", &PTidocartera), CMaxitem(this, "CMaxitem", &PMaxitem),
+      CBalance(this, "CBalance", &PBalance), CBorrar(this, "CBorrar", &PBorrar) {
+    defina_conjuntos();
+    lineas = new LineasSaldos(CSaldos, CBorrar, this);
+    construya();
+    declare_teclas();
+}
+
+Tfsaldiniciales::~Tfsaldiniciales() = default;
+
+void Tfsaldiniciales::defina_conjuntos() {
+    CCentros.anide_en(&CProyectos, &fdm().TCentros);
+    CProyectos.texto("PROY_COD", 4);
+    CProyectos.texto("PROY_NOM", 60);
+    CCentros.texto("PROY_COD", 4);
+    CCentros.texto("CENT_COD", 4);
+    CCentros.texto("CENT_NOM", 60);
+    CArticulo.texto("ARTI_COD", 15);
+    CArticulo.texto("ARTI_DES", 60);
+    CArticulo.CommandText = "select arti_cod, arti_des from articulo order by arti_des, arti_cod";
+    PanelDocumento::defina_tipos(CTidocartera);
+    CMaxitem.CommandText = "select max(SAIN_ITEM) item from saldos_iniciales";
+    CBalance.CommandText = "select * from balance_inicial order by cuenta, nit, proy, centro";
+
+    ConjuntoDatos& c = CSaldos;
+    c.entero("SAIN_ITEM").requerido();
+    c.texto("CUEN_COD", 20).requerido().etiqueta("Cuenta");
+    c.texto("TERC_NIT", 20).etiqueta("Tercero");
+    c.texto("PROY_COD", 4).etiqueta("Proyecto");
+    c.texto("CENT_COD", 4).etiqueta("Centro");
+    c.decimal("SAIN_DEBITO").formato("#,###.00").etiqueta("Débito");
+    c.decimal("SAIN_CREDITO").formato("#,###.00").etiqueta("Crédito");
+    c.texto("ARTI_COD", 15).etiqueta("Artículo");
+    c.texto("DOCO_NUMERO", 8).etiqueta("Documento");
+    c.entero("SAIN_TIPODOC");
+    c.texto("DOCO_VENCE", 8);
+    c.busqueda("ProyNom", 60, "PROY_COD", &CProyectos, "PROY_COD", "PROY_NOM");
+    c.busqueda("CentNom", 60, "PROY_COD;CENT_COD", &CCentros, "PROY_COD;CENT_COD", "CENT_NOM");
+    c.busqueda("ArtiDes", 60, "ARTI_COD", &CArticulo, "ARTI_COD", "ARTI_DES");
+    PSaldos.BeforeUpdateRecord = [this](ConjuntoDatos& conjunto, Fila& fila, ClaseCambio clase) {
+        Valor& numero = (*fila.valores)[conjunto.FieldByName("SAIN_ITEM").indice()];
+        if (clase == ClaseCambio::Insercion && corrimiento_ > 0)
+            numero = numero.entero() + corrimiento_;
+    };
+}
+
+// ---------------------------------------------------------------- disposición
+
+void Tfsaldiniciales::construya() {
+    const auto caja = [](const char* nombre, int ancho) {
+        QLineEdit* e = LineasCuenta::caja_de_nombre(nombre);
+        e->setEnabled(false);
+        e->setFixedWidth(e->fontMetrics().horizontalAdvance(QLatin1Char('0')) * ancho);
+        return e;
+    };
+    EAno = caja("EAno", 7);
+    EMes = caja("EMes", 14);
+    QWidget* pagina = lineas->construya_pagina();
+    DBGridEh2 = new Rejilla(this, &CBalance);
+    DBGridEh2->setObjectName("DBGridEh2");
+    DBGridEh2->hide();
+    auto* barra = new BarraBotones(this);
+    barra->setObjectName("barra");
+    Formulario f(this);
+    f.fila({{"Año", EAno}, {"Mes", EMes}});
+    f.ancha(pagina, 1);
+    f.botones(barra);
+
+    GroupBox1 = new PanelDocumento(this, CSaldos, CTidocartera, {"DOCO_NUMERO", "SAIN_TIPODOC"});
+    GroupBox1->vuelve = [this](bool) { return lineas->rejilla; };
+    GroupBox2 = new PanelFlotante("GroupBox2", "Artículo del inventario ", this);
+    GroupBox2->vuelve = [this](bool tenia_foco) { return tenia_foco ? lineas->rejilla : nullptr; };
+    EArticod = new ListaDato(&CSaldos, "ARTI_COD");
+    EArticod->setObjectName("EArticod");
+    EArticod->lista_de(&CArticulo, "ARTI_COD", "ARTI_DES");
+    auto* codigo = new EditorDato(&CSaldos, "ARTI_COD");
+    codigo->setObjectName("ECodigo");
+    codigo->ReadOnly(true);
+    codigo->setFocusPolicy(Qt::NoFocus);
+    auto* continuar = new QPushButton("Continuar");
+    continuar->setObjectName("SpeedButton3");
+    connect(continuar, &QPushButton::clicked, GroupBox2, &PanelFlotante::oculte);
+    Formulario(GroupBox2).fila({{"Artículo", EArticod}, {"Código", codigo}, {"", continuar}});
+    for (PanelFlotante* p : {static_cast<PanelFlotante*>(GroupBox1), GroupBox2})
+        p->flote_sobre(lineas->rejilla);
+
+    lineas->ate_eventos();
+    lineas->al_dejar_la_cuenta = [this](const QString& clase) { panel_de_clase(clase); };
+    lineas->arme_menu("SaldoIni", windowTitle());
+    lineas->rejilla->al_ordenar(Rejilla::Pegar, [this] { lineas->pegue(); });
+    lineas->rejilla->OnDblClick = [this](int columna) { DBGridEh1DblClick(columna); };
+    enter_como_tab();
+}
+
+void Tfsaldiniciales::resizeEvent(QResizeEvent* evento) {
+    Pantalla::resizeEvent(evento);
+    GroupBox1->ubique();
+    GroupBox2->ubique();
+}
+
+void Tfsaldiniciales::declare_teclas() {
+    auto* barra = findChild<BarraBotones*>("barra");
+    barra->principal(barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
+                                  [this] { SBGrabarClick(); }));
+    barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
+                 [this] { SBCancelClick(); });
+    tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas->sugiera_db_cr(); });
+    // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
+    const auto busque = [this](int clave, const char* pantalla) {
+        tecla(
+            clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
+    };
+    busque(Qt::Key_F6, "Tfterceros");
+    busque(Qt::Key_F7, "Tfcentros");
+    busque(Qt::Key_F9, "Tfcuentas");
+}
+
+// ---------------------------------------------------------------- creación
+
+void Tfsaldiniciales::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    // Las sumas son de toda la tabla: no puede llegar por paquetes.
+    CSaldos.PacketRecords = -1;
+    muestre_periodo();
+    CProyectos.Open();
+    CArticulo.Open();
+    CTidocartera.Open();
+    CTidocartera.Filtered(true);
+    CMaxitem.Open();
+    item_al_abrir_ = CMaxitem.FieldByName("ITEM").entero();
+    lineas->item = int(item_al_abrir_);
+    tamano_del_area(60, 40);
+    if (!fdm().exija_acceso(80))
+        pida_cierre_al_crear();
+}
+
+void Tfsaldiniciales::muestre_periodo() {
+    EAno->setText(fdm().configuracion("CONTABILIDAD", "GENERAL", "AÑO DE INICIO"));
+    const int mes = Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "MES DE INICIO"));
+    EMes->setText(Tfdm::nombres_periodo().value(mes - 1));
+}
+
+void Tfsaldiniciales::FormActivate() {
+    if (!CSaldos.Active()) {
+        CSaldos.Open();
+        lineas->rejilla->setFocus();
+    }
+    if (!fdmter().tercero_seleccion.isEmpty())
+        lineas->reciba("TERC_NIT", std::exchange(fdmter().tercero_seleccion, QString()));
+    lineas->reciba_cuenta_y_centro();
+}
+
+// ---------------------------------------------------------------- líneas
+
+void Tfsaldiniciales::panel_de_clase(const QString& clase) {
+    if (clase == "I")
+        GroupBox2->muestre(EArticod);
+    else
+        GroupBox2->hide();
+    if (clase == "C")
+        GroupBox1->muestre(GroupBox1->Etidocart);
+    else
+        GroupBox1->hide();
+}
+
+void Tfsaldiniciales::DBGridEh1DblClick(int columna) {
+    switch (columna) {
+    case LineasCuenta::kCuenta:
+        pantallas().abrir("Tfcuentas");
+        break;
+    case LineasCuenta::kTercero:
+        pantallas().abrir("Tfterceros");
+        break;
+    case LineasCuenta::kProyecto:
+    case LineasCuenta::kCentro:
+        pantallas().abrir("Tfcentros");
+        break;
+    default:
+        lineas->sugiera_db_cr();
+    }
+}
+
+// ---------------------------------------------------------------- grabar y salir
+
+void Tfsaldiniciales::SBGrabarClick() {
+    lineas->termine_linea();
+    if (!lineas->cuadrados() &&
+        !fdm().configurado_si("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS")) {
+        muestre_mensaje(datos(Libro::Decreto2649).descuadrado);
+        CSaldos.Edit();
+        return;
+    }
+    corrimiento_ = separe_numeros();
+    lineas->item += corrimiento_;
+    // Lo que se puede grabar se graba; lo demás queda en la pantalla.
+    if (CSaldos.ApplyUpdates(-1) == 0)
+        close();
+}
+
+int Tfsaldiniciales::separe_numeros() {
+    // Otro equipo pudo tomar desde que se abrió la pantalla los números de las líneas nuevas.
+    CMaxitem.Refresh();
+    return int(qMax<qint64>(0, CMaxitem.FieldByName("ITEM").entero() - item_al_abrir_));
+}
+
+void Tfsaldiniciales::SBCancelClick() {
+    if (!pregunte("Desea salir del comprobante y perder los movimientos que no ha grabado?"))
+        return;
+    CSaldos.CancelUpdates();
+    close();
+}
+
+bool Tfsaldiniciales::FormClose() {
+    CSaldos.Cancel();
+    for (ConjuntoDatos* c :
+         {&CSaldos, &CBalance, &CMaxitem, &CTidocartera, &CArticulo, &CProyectos})
+        c->Close();
+    fdmcnt().balance_por_recalcular = true;
+    return true;
+}

@@ -1,0 +1,48 @@
+#pragma once
+// "Saldos Iniciales": los saldos con que la compañía empieza en el programa, cuenta por cuenta, en
+// una sola tabla que se digita como un gran comprobante del período de inicio.
+#include "toolkit/pantalla.h"
+#include "vouchers/panel_documento.h"
+
+class EditorDato;
+class LineasSaldos;
+class Rejilla;
+
+class Tfsaldiniciales : public Pantalla {
+    Q_OBJECT
+public:
+    Tfsaldiniciales();
+    ~Tfsaldiniciales() override;
+
+    Proveedor PSaldos, PProyectos, PArticulo, PTidocartera, PMaxitem, PBalance, PBorrar;
+    ConjuntoDatos CSaldos, CProyectos, CCentros, CArticulo, CTidocartera, CMaxitem, CBalance,
+        CBorrar;
+
+    QLineEdit *EAno, *EMes;
+    LineasSaldos* lineas;
+    Rejilla* DBGridEh2; ///< lo que se imprime; no se ve
+    PanelDocumento* GroupBox1;
+    PanelFlotante* GroupBox2;
+    ListaDato* EArticod;
+
+    void FormCreate() override;
+    void FormActivate() override;
+    bool FormClose() override;
+
+protected:
+    void resizeEvent(QResizeEvent* evento) override;
+
+private:
+    void defina_conjuntos();
+    void construya();
+    void declare_teclas();
+    void muestre_periodo();
+    void panel_de_clase(const QString& clase);
+    void DBGridEh1DblClick(int columna);
+    void SBGrabarClick();
+    void SBCancelClick();
+    int separe_numeros();
+
+    qint64 item_al_abrir_ = 0;
+    int corrimiento_ = 0; ///< cuánto se corren los números de las líneas nuevas al grabar
+};
