@@ -638,6 +638,16 @@ private slots:
         QVERIFY(s.cnt.plantilla_seleccion.isEmpty());
         QCOMPARE(m->DBEdit1->text(), QString("Arriendo"));
         QCOMPARE(m->CDetalle.RecordCount(), 2);
+        {
+            Interlocutor k;
+            k.espere("No puede grabar un comprobante descuadrado");
+            m->LTipo->setFocus();
+            oprima(Qt::Key_PageDown, Qt::ControlModifier);
+            QCOMPARE(m->PageControl1->currentIndex(), 1); // pasar de página no lo impide nada
+            QVERIFY2(k.conforme(), qPrintable(k.queja()));
+            con_foco();
+            oprima(Qt::Key_PageUp, Qt::ControlModifier);
+        }
         Interlocutor i;
         i.espere("No puede grabar un comprobante descuadrado");
         d.rejilla().setFocus();
