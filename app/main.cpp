@@ -4,6 +4,7 @@
 #include "app/registro.h"
 #include "app/tfacercade.h"
 #include "app/tfprincipal.h"
+#include "core/modulos_suite.h"
 #include "core/tfdmart.h"
 #include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
@@ -11,11 +12,20 @@
 int main(int cuantos, char** argumentos) {
     Aplicacion aplicacion(cuantos, argumentos);
     Tfdm datos;
+    Tfdmnomina datos_nomina;
     Tfacercade portada;
     portada.muestre_portada();
     Tfdmcnt datos_contables;
     TfdmArt datos_articulos;
     Tfdmter datos_terceros;
+    Tfdmfact datos_facturacion;
+    TfdmInv datos_inventario;
+    Tfdmcxp datos_por_pagar;
+    Tfdmcja datos_caja;
+    Tfdmcar datos_cartera;
+    Tfdmcmp datos_compras;
+    Tfdmbnc datos_bancos;
+    Tfdmcrm datos_clientes;
     registre_pantallas();
     Tfprincipal principal(Aplicacion::arguments().mid(1));
     QObject::connect(&principal, &Tfprincipal::activacion_terminada, &portada, &QWidget::hide);

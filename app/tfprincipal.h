@@ -90,6 +90,7 @@ private:
     void ConGeneralAfterConnect();
     void lea_usuario();
     void lea_compania();
+    void lea_agencia();
     void tome_colores();
     bool entre_usuario();
     void abra_iniciales();

@@ -120,7 +120,20 @@ void Tfprincipal::lea_compania() {
                             CCompania.FieldByName("COMP_DIR").texto(),
                             CCompania.FieldByName("COMP_TELS").texto(),
                             CCompania.FieldByName("COMP_ENCABEZADO").texto(),
-                            CCompania.FieldByName("COMP_LOGO").valor().binario()};
+                            CCompania.FieldByName("COMP_LOGO").valor().binario(),
+                            CCompania.FieldByName("COMP_NIT").texto()};
+}
+
+void Tfprincipal::lea_agencia() {
+    CAgencia.Open();
+    const bool hay = CAgencia.Locate("SUCU_ID", {fdm().sucursal_usuario});
+    const auto dato = [&](const char* campo) {
+        return hay ? CAgencia.FieldByName(campo).texto() : QString();
+    };
+    fdm().SUCU_NOMBRE = dato("SUCU_NOMBRE");
+    fdm().SUCU_DIRECCION = dato("SUCU_DIRECCION");
+    fdm().SUCU_TELEFONOS = dato("SUCU_TELEFONOS");
+    CAgencia.Close();
 }
 
 void Tfprincipal::tome_colores() {
@@ -146,6 +159,7 @@ bool Tfprincipal::entre_usuario() {
         return false;
     }
     fdm().sucursal_usuario = int(CUsuario.FieldByName("SUCU_ID").entero());
+    lea_agencia();
     EUsuario->setText(fdm().nombre_usuario);
     EUsuario->setToolTip(EUsuario->text());
     EUsuario->home(false);

@@ -1,4 +1,4 @@
-// bench [apertura|guardado|celdas|balance|auxiliar|lista ...]: sin argumentos, todas. Cada medida
+// bench [apertura|guardado|celdas|balance|auxiliar|lista|informe|masiva ...]: sin argumentos, todas. Cada medida
 // corre en un proceso propio: su memoria máxima es la suya. Sale con 1 si alguna no cumple.
 #include "bench/medidas.h"
 #include "core/firebird/errores.h"
@@ -15,6 +15,7 @@ int main(int argc, char** argv) {
     const QList<std::pair<QString, void (*)()>> medidas{
         {"apertura", mida_apertura}, {"guardado", mida_guardado}, {"celdas", mida_celdas},
         {"balance", mida_balance},   {"auxiliar", mida_auxiliar}, {"lista", mida_lista},
+        {"informe", mida_informe},   {"masiva", mida_masiva},
     };
     const QStringList pedidas = aplicacion.arguments().mid(1);
     if (pedidas.size() != 1) {

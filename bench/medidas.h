@@ -33,3 +33,5 @@ void mida_celdas();
 void mida_balance();
 void mida_auxiliar();
 void mida_lista();
+void mida_informe();
+void mida_masiva();

@@ -13,6 +13,7 @@
 struct EncabezadoCompania {
     QString nombre, direccion, telefonos, encabezado;
     QByteArray logo;
+    QString nit;
 };
 
 class Tfdm : public QObject {
@@ -31,6 +32,7 @@ public:
     int sucursal_usuario = 0;
     bool administrador = false;
     EncabezadoCompania datos_compania;
+    QString SUCU_NOMBRE, SUCU_DIRECCION, SUCU_TELEFONOS; ///< de la agencia de la sesión
     int registros_paquete = 1000;
     int duracion_busquedas = 0; ///< milisegundos
     QString color_ventana, color_final;

@@ -1,4 +1,5 @@
 // Numeración y registro de los documentos de la suite.
+#include "core/modulos_suite.h"
 #include "core/registro_documentos.h"
 #include "core/tfdm.h"
 
@@ -24,6 +25,8 @@ bool Tfdm::existe_numero(int tipo, const QString& prefijo, const QString& numero
     QBorrar.Open(sql_existe_numero(tipo, prefijo, complete_numero(numero)));
     const bool existe = !QBorrar.IsEmpty();
     documento_encontrado = QBorrar.Fields(0).texto();
+    if (ModuloSuite* modulo = ModuloSuite::de(area_del_documento(tipo)))
+        modulo->documento_encontrado = documento_encontrado;
     QBorrar.Close();
     return existe;
 }

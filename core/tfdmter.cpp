@@ -143,3 +143,43 @@ QString Tfdmter::nombre_conductor(const QString& nit) {
             QuotedStr(nit))
         .texto();
 }
+
+bool Tfdmter::valide_solocliente(const QString& nit) {
+    return valide_cliente(nit) && !valide_proveedor(nit);
+}
+bool Tfdmter::valide_clientCartera(const QString& nit) {
+    return CConsulta.valor_unico(sql_con_papel("clientes", "clie_estado", nit)).texto() == "S";
+}
+bool Tfdmter::valide_retenciones(const QString& nit, Retenciones& tarifas) {
+    return valide_proveedor_ret(nit, tarifas) || valide_retenCartera(nit, tarifas);
+}
+QString Tfdmter::nombre_vendedor(const QString& codigo) {
+    return CConsulta
+        .valor_unico("select t.terc_nom from terceros t, empleados p where t.terc_nit = "
+                     "p.terc_nit and t.terc_estado = 'S' and (t.terc_nit = " +
+                     QuotedStr(codigo) + " or p.empl_cod = " + QuotedStr(codigo) + ")")
+        .texto();
+}
+Moneda Tfdmter::precio_proveedor(const QString& nit, const QString& articulo) {
+    return CConsulta
+        .valor_unico("select first 1 m.moar_costo from movimiento_articulo m join "
+                     "comprobante_encabezado e on e.enco_tiporef = m.tido_cod and e.enco_idref = "
+                     "m.moar_iddoc where m.moar_cantidad > 0 and m.arti_cod = " +
+                     QuotedStr(articulo) + " and e.terc_nit = " + QuotedStr(nit) +
+                     " order by m.moar_fecha desc, m.moar_id desc")
+        .moneda();
+}
+Moneda Tfdmter::cartera_vencida_cliente(const QString& nit, const QString& fecha) {
+    // Un documento nace en la línea que lo abre y baja con las que se le aplican; vence con la
+    // primera.
+    return CConsulta
+        .valor_unico("select sum(saldo) from (select sum(coalesce(d.code_debito, 0) - "
+                     "coalesce(d.code_credito, 0)) saldo, min(nullif(d.doco_vence, '')) vence from "
+                     "comprobante_detalle d join cuentas c on c.cuen_cod = d.cuen_cod where "
+                     "c.cuen_tipo = 'C' and d.terc_nit = " +
+                     QuotedStr(nit) +
+                     " group by coalesce(nullif(d.cnde_docaplica, ''), d.cnde_docnumero)) where "
+                     "saldo > 0 and vence < " +
+                     QuotedStr(fecha))
+        .moneda();
+}

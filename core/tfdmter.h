@@ -44,6 +44,18 @@ public:
     QString nombre_empleado(const QString& nit);
     bool valide_conductor(const QString& nit);
     QString nombre_conductor(const QString& nit);
+    /// Cliente que no es además proveedor.
+    bool valide_solocliente(const QString& nit);
+    /// Cliente al que se le puede vender a crédito: activo también en su ficha de cartera.
+    bool valide_clientCartera(const QString& nit);
+    /// Tarifas del tercero como proveedor y, si no lo es, como cliente.
+    bool valide_retenciones(const QString& nit, Retenciones& tarifas);
+    QString nombre_vendedor(const QString& codigo); ///< por NIT o por su código de empleado
+    /// Pesos: último precio sin descuento, por unidad, de la compra contabilizada a ese proveedor;
+    /// cero si nunca se le compró.
+    Moneda precio_proveedor(const QString& nit, const QString& articulo);
+    /// Pesos: saldo de los documentos del cliente que vencieron antes de `fecha`, "aaaammdd".
+    Moneda cartera_vencida_cliente(const QString& nit, const QString& fecha);
 };
 
 Tfdmter& fdmter();

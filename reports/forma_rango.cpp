@@ -251,7 +251,7 @@ void FormaRango::EHastaExit(const ParRango& par) {
 
 void FormaRango::busque(QLineEdit* caja) {
     const ParRango* par = par_de(caja->objectName());
-    const QString lista = par ? aspecto_de(par->clase).lista : QString();
+    const QString lista = par ? aspecto_de(clase_de(*par)).lista : QString();
     if (lista.isEmpty())
         return;
     pidio_ = caja;

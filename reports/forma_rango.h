@@ -80,6 +80,8 @@ public:
 protected:
     // --- lo que distingue a un miembro, en el orden en que se usa
     virtual QString sql() = 0;
+    /// Qué se escoge en las cajas de un par, cuando depende de lo marcado en la pantalla.
+    virtual ClaseRango clase_de(const ParRango& par) const { return par.clase; }
     /// Columnas que la base no calcula y pasos antes de abrir el conjunto.
     virtual void antes_de_abrir() {}
     virtual QString titulo() = 0;

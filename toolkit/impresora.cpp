@@ -39,6 +39,14 @@ void prepare_impresora(QPrinter& impresora) {
     impresora.setColorMode(escogida_.color);
 }
 
+QSizeF hoja_de_impresora() {
+    const QPageLayout hoja =
+        escogida_.hoja.isValid()
+            ? escogida_.hoja
+            : QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF());
+    return hoja.fullRect(QPageLayout::Millimeter).size();
+}
+
 QString impresora_escogida() {
     return escogida_.nombre;
 }

@@ -7,6 +7,8 @@
 #include "vouchers/tfedtformato.h"
 #include "vouchers/tfedtmovimien.h"
 #include "vouchers/tfedtplantilla.h"
+#include "vouchers/tfimprcomproba.h"
+#include "vouchers/tfimprmascomproba.h"
 #include "vouchers/tfmnuplantilla.h"
 #include "vouchers/tfmnusaldosi.h"
 #include "vouchers/tfmoverforma.h"
@@ -27,4 +29,6 @@ void registre_pantallas_comprobantes() {
     pantallas().registre("Tfmnusaldosi", [] { return new Tfmnusaldosi; });
     pantallas().registre("Tfedtformato", [] { return new Tfedtformato; });
     pantallas().registre("TFmoverforma", [] { return new TFmoverforma; });
+    pantallas().registre("Tfimprcomproba", [] { return new Tfimprcomproba; });
+    pantallas().registre("Tfimprmascomproba", [] { return new Tfimprmascomproba; });
 }

@@ -23,8 +23,8 @@ SET TERM ^ ;
 -- centros. Sin movimiento salen todas las cuentas del rango que pueden llevarlo, también en cero.
 -- Lo llama Tfrngauxiliarcta.
 CREATE OR ALTER PROCEDURE AUXILIAR_DESDE_HASTA{_NIIF} (CTAINI varchar(20), CTAFIN varchar(20),
-  FECINI varchar(10), FECFIN varchar(10), PROYINI varchar(4), PROYFIN varchar(4),
-  CENTINI varchar(4), CENTFIN varchar(4), SINMOV char(1))
+  FECINI varchar(20), FECFIN varchar(20), PROYINI varchar(20), PROYFIN varchar(20),
+  CENTINI varchar(20), CENTFIN varchar(20), SINMOV char(1))
 RETURNS (ID integer, CUENTA varchar(20), TIPOCOMP varchar(3), PREFIJO varchar(4),
   NUMERO varchar(8), FECHA varchar(8), CONCEPTO varchar(60), NIT varchar(20), REF varchar(20),
   BASE numeric(15,2), PORC numeric(15,4), DEBITO numeric(15,2), CREDITO numeric(15,2),
@@ -86,9 +86,9 @@ END^
 -- SALDOCTAF: los de la cuenta en todos los terceros del rango, se listen o no. Sin movimiento salen
 -- los terceros con saldo. Lo llama Tfrngauxiliarter.
 CREATE OR ALTER PROCEDURE AUXILIAR_TERCERO_DESDE_HASTA{_N} (CTAINI varchar(20),
-  CTAFIN varchar(20), NITINI varchar(20), NITFIN varchar(20), FECINI varchar(10),
-  FECFIN varchar(10), PROYINI varchar(4), PROYFIN varchar(4), CENTINI varchar(4),
-  CENTFIN varchar(4), SINMOV char(1))
+  CTAFIN varchar(20), NITINI varchar(20), NITFIN varchar(20), FECINI varchar(20),
+  FECFIN varchar(20), PROYINI varchar(20), PROYFIN varchar(20), CENTINI varchar(20),
+  CENTFIN varchar(20), SINMOV char(1))
 RETURNS (ID integer, CUENTA varchar(20), TIPOCOMP varchar(3), PREFIJO varchar(4),
   NUMERO varchar(8), FECHA varchar(8), CONCEPTO varchar(60), NIT varchar(20), REF varchar(20),
   BASE numeric(15,2), PORC numeric(15,4), DEBITO numeric(15,2), CREDITO numeric(15,2),
@@ -151,8 +151,8 @@ END^
 -- cuatro posiciones. SALDO y SALDOF: partida y final de CTAPROYCENT. TERCERO: nombre del tercero.
 -- Lo llama Tfrngauxiliarcent.
 CREATE OR ALTER PROCEDURE AUXILIAR_CENTRO_DESDE_HASTA{_N} (CTAINI varchar(20), CTAFIN varchar(20),
-  PROYINI varchar(4), PROYFIN varchar(4), CENTINI varchar(4), CENTFIN varchar(4),
-  FECINI varchar(10), FECFIN varchar(10))
+  PROYINI varchar(20), PROYFIN varchar(20), CENTINI varchar(20), CENTFIN varchar(20),
+  FECINI varchar(20), FECFIN varchar(20))
 RETURNS (ID integer, CUENTA varchar(20), TIPOCOMP varchar(3), PREFIJO varchar(4),
   NUMERO varchar(8), FECHA varchar(8), CONCEPTO varchar(60), NIT varchar(20), REF varchar(20),
   BASE numeric(15,2), PORC numeric(15,4), DEBITO numeric(15,2), CREDITO numeric(15,2),

@@ -80,8 +80,8 @@ END^
 -- Comprobantes por tipo, prefijo y número. CONSOLIDADO "S": una fila por comprobante con sus sumas
 -- y los datos del encabezado; otro valor, una por línea. NIIF "S": libro NIIF. Un número corto se
 -- completa a seis cifras. Lo llama Tfrngconsecutivos.
-CREATE OR ALTER PROCEDURE CONSECUTIVOS_CONTA (TIPOINI varchar(4), TIPOFIN varchar(4),
-  PREFINI varchar(4), PREFFIN varchar(4), NUMINI varchar(8), NUMFIN varchar(8),
+CREATE OR ALTER PROCEDURE CONSECUTIVOS_CONTA (TIPOINI varchar(20), TIPOFIN varchar(20),
+  PREFINI varchar(20), PREFFIN varchar(20), NUMINI varchar(20), NUMFIN varchar(20),
   CONSOLIDADO char(1), NIIF char(1))
 RETURNS (ID integer, TIPOCOMP varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CUENTA varchar(20), NIT varchar(20), PROYECTO varchar(4), CENTRO varchar(4),
@@ -118,8 +118,8 @@ END^
 
 -- Comprobantes por fecha y, en el día, por tipo, prefijo y número. Lo demás, como
 -- CONSECUTIVOS_CONTA. Lo llama Tfrngcronologicos.
-CREATE OR ALTER PROCEDURE CRONOLOGICO_CONTA (TIPOINI varchar(4), TIPOFIN varchar(4),
-  FECINI varchar(10), FECFIN varchar(10), CONSOLIDADO char(1), NIIF char(1))
+CREATE OR ALTER PROCEDURE CRONOLOGICO_CONTA (TIPOINI varchar(20), TIPOFIN varchar(20),
+  FECINI varchar(20), FECFIN varchar(20), CONSOLIDADO char(1), NIIF char(1))
 RETURNS (ID integer, TIPOCOMP varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CUENTA varchar(20), NIT varchar(20), PROYECTO varchar(4), CENTRO varchar(4),
   CONCEPTO varchar(60), REF varchar(20), BASE numeric(15,2), PORC numeric(15,4),
@@ -152,8 +152,8 @@ END^
 -- tipo; otro valor, una por comprobante, con su concepto y su referencia. MES 1 a 12, 13 ajustes,
 -- 14 cierre. Por CUENTA, TIPOCOMP, FECHA, PREFIJO y NUMERO. Lo llama Tfrngcomprodiario.
 CREATE OR ALTER PROCEDURE LIBRO_DIARIO_CUENTA{_N} (ANO varchar(4), MES smallint,
-  CONSOLIDADO char(1), CTAINI varchar(20), CTAFIN varchar(20), TIPOINI varchar(4),
-  TIPOFIN varchar(4))
+  CONSOLIDADO char(1), CTAINI varchar(20), CTAFIN varchar(20), TIPOINI varchar(20),
+  TIPOFIN varchar(20))
 RETURNS (CUENTA varchar(20), TIPOCOMP varchar(3), NOMCOMP varchar(60), PREFIJO varchar(4),
   NUMERO varchar(8), FECHA varchar(8), DEBITOS numeric(15,2), CREDITOS numeric(15,2),
   NOMCUENTA varchar(60), CONCEPTO varchar(60), REFER varchar(8))

@@ -71,6 +71,9 @@ private:
         QWidget* modal = QApplication::activeModalWidget();
         if (!modal || modal == atendido_ || !modal->isVisible())
             return;
+        // Un aviso de avance se quita solo: cerrarlo cancelaría el trabajo.
+        if (modal->objectName().startsWith(QLatin1String("avance")))
+            return;
         QPointer<QWidget> guarda = atendido_;
         atendido_ = modal;
         auto* mensaje = qobject_cast<QMessageBox*>(modal);

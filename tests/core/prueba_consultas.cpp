@@ -34,6 +34,72 @@ private slots:
         QVERIFY(s.ter.cupo_credito("800456789").es_cero());
     }
 
+    void los_papeles_cruzados_precios_y_cartera_del_tercero() {
+        SesionGui s;
+        s.base.ejecute(
+            {"update clientes set clie_estado = 'S', clie_rtefte = 3.5 where terc_nit = "
+             "'900123456'",
+             "update or insert into empleados (terc_nit, empl_cod, empl_estado) values ("
+             "'52345678', 'V1', 'S') matching (terc_nit)",
+             "insert into movimiento_articulo (moar_id, arti_cod, tido_cod, moar_iddoc, "
+             "moar_fecha, moar_cantidad, moar_costo) values (1, 'MART01', 21, 5, '20170301', 10, "
+             "950.5)",
+             "insert into movimiento_articulo (moar_id, arti_cod, tido_cod, moar_iddoc, "
+             "moar_fecha, moar_cantidad, moar_costo) values (2, 'MART01', 21, 6, '20170401', 10, "
+             "990)",
+             "insert into movimiento_articulo (moar_id, arti_cod, tido_cod, moar_iddoc, "
+             "moar_fecha, moar_cantidad, moar_costo) values (3, 'MART01', 31, 7, '20170501', -3, "
+             "1200)"});
+        const auto comprobante = [&](int id, const char* numero, const char* nit, int tipo,
+                                     int documento) {
+            s.base.ejecute({QString("insert into comprobante_encabezado (enco_consec, tico_cod, "
+                                    "prco_pref, enco_numero, enco_fecha, terc_nit, enco_tiporef, "
+                                    "enco_idref) values (%1, 'CG', '0001', '%2', '20170401', '%3', "
+                                    "%4, %5)")
+                                .arg(id)
+                                .arg(numero, nit)
+                                .arg(tipo)
+                                .arg(documento)});
+        };
+        comprobante(31, "000031", "800456789", 21, 5);
+        comprobante(32, "000032", "860002964", 21, 6); // la más reciente es de otro proveedor
+        QCOMPARE(s.ter.precio_proveedor("800456789", "MART01").texto(), QString("950.5"));
+        QVERIFY(s.ter.precio_proveedor("900123456", "MART01").es_cero());
+
+        // Dos facturas vencidas, una abonada en parte y otra pagada; una tercera aún no vence.
+        comprobante(33, "000033", "900123456", 0, 0);
+        const auto linea = [&](int item, const char* nuevo, const char* aplica, const char* vence,
+                               int debito, int credito) {
+            s.base.ejecute(
+                {QString("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, "
+                         "terc_nit, cnde_docnumero, cnde_docaplica, doco_vence, code_debito, "
+                         "code_credito) values (33, %1, '130505', '900123456', %2, %3, %4, %5, %6)")
+                     .arg(item)
+                     .arg(nuevo, aplica, vence)
+                     .arg(debito)
+                     .arg(credito)});
+        };
+        linea(1, "'F1'", "null", "'20170201'", 1000, 0);
+        linea(2, "null", "'F1'", "null", 0, 400);
+        linea(3, "'F2'", "null", "'20170201'", 500, 0);
+        linea(4, "null", "'F2'", "null", 0, 500);
+        linea(5, "'F3'", "null", "'20170901'", 700, 0);
+        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20170401").texto(), QString("600"));
+        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20171001").texto(), QString("1300"));
+
+        QVERIFY(s.ter.valide_solocliente("900123456"));
+        QVERIFY(!s.ter.valide_solocliente("860002964")); // también es proveedor
+        QVERIFY(s.ter.valide_clientCartera("900123456"));
+        QVERIFY(!s.ter.valide_clientCartera("860002964"));
+        Tfdmter::Retenciones r;
+        QVERIFY(s.ter.valide_retenciones("900123456", r));
+        QCOMPARE(r.fuente.texto(), QString("3.5"));
+        QVERIFY(!s.ter.valide_retenciones("52345678", r));
+        QCOMPARE(s.ter.nombre_vendedor("V1"), QString("María Peña Gómez"));
+        QCOMPARE(s.ter.nombre_vendedor("52345678"), s.ter.nombre_vendedor("V1"));
+        QVERIFY(s.ter.nombre_vendedor("900123456").isEmpty());
+    }
+
     void la_cuenta_con_movimiento_se_valida_igual_en_los_dos_libros() {
         SesionGui s;
         static QStringList abiertas;

@@ -1,5 +1,6 @@
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
+#include "core/modulos_suite.h"
 
 namespace {
 
@@ -170,6 +171,9 @@ private slots:
 
     void cada_documento_hermano_se_encuentra_por_prefijo_y_numero() {
         SesionGui s;
+        Tfdmfact facturacion;
+        TfdmInv inventario;
+        Tfdmcrm clientes;
         inserte_documentos(s);
         int cuantos = 0;
         for (const Documento& d : kDocumentos) {
@@ -183,11 +187,19 @@ private slots:
             ++cuantos;
             QVERIFY2(s.dm.existe_numero(d.tipo, prefijo, digitado), qPrintable(tipo));
             QVERIFY2(s.dm.documento_encontrado == QString::number(id_de(d)), qPrintable(tipo));
+            // también en el módulo de su área, que es quien lo abre
+            if (const ModuloSuite* modulo = ModuloSuite::de(area_del_documento(d.tipo)))
+                QCOMPARE(modulo->documento_encontrado, s.dm.documento_encontrado);
             QVERIFY2(s.dm.existe_numero(d.tipo, "X'X", digitado) == !*d.prefijo, qPrintable(tipo));
             QVERIFY2(!s.dm.existe_numero(d.tipo, prefijo, "999999"), qPrintable(tipo));
             QVERIFY2(s.dm.documento_encontrado.isEmpty(), qPrintable(tipo));
         }
         QCOMPARE(cuantos, 58);
+        QCOMPARE(area_del_documento(31), AreaSuite::Facturacion);
+        QCOMPARE(area_del_documento(20), AreaSuite::Inventario);
+        QCOMPARE(area_del_documento(77), AreaSuite::Bancos);
+        QCOMPARE(area_del_documento(301), AreaSuite::Clientes);
+        QVERIFY(!ModuloSuite::de(AreaSuite::Bancos)); // este proceso no lo creó
         // las remesas comparten tabla y se separan por tipo; las proformas la comparten sin más
         QVERIFY(!s.dm.existe_numero(85, "P87", "587"));
         QVERIFY(!s.dm.existe_numero(87, "P85", "585"));

@@ -150,9 +150,12 @@ bool MotorInformes::corra(const std::function<bool(Hojas&, const Compositor::Ava
         if (!lote_pedido_) {
             lote_pedido_ = true;
             lote_cancelado_ = !pida_opciones();
+            avance_lote_ = [avance = std::make_shared<AvanceHojas>(ventana_)](int pagina) {
+                return (*avance)(pagina);
+            };
         }
         if (!lote_cancelado_)
-            lote_cancelado_ = !componga(*lote_, {});
+            lote_cancelado_ = !componga(*lote_, avance_lote_);
         return !lote_cancelado_;
     }
     if (!pida_opciones())
@@ -167,10 +170,15 @@ bool MotorInformes::corra(const std::function<bool(Hojas&, const Compositor::Ava
     return true;
 }
 
+void MotorInformes::comience_lote() {
+    lote_ = std::make_unique<Hojas>();
+    lote_pedido_ = lote_cancelado_ = false;
+}
+
 bool MotorInformes::termine_lote() {
+    avance_lote_ = {};
     const std::unique_ptr<Hojas> hojas = std::move(lote_);
     const bool hay = hojas && lote_pedido_ && !lote_cancelado_ && hojas->paginas() > 0;
-    lote_pedido_ = lote_cancelado_ = false;
     if (hay)
         saque(*hojas);
     return hay;

@@ -52,9 +52,8 @@ public:
 
     /// Impresión de varios documentos como uno solo: las opciones se piden una vez, antes del
     /// primero, y `termine_lote` los saca juntos. Falso si no se imprimió nada.
-    void comience_lote() { lote_ = std::make_unique<informes::Hojas>(); }
+    void comience_lote();
     bool termine_lote();
-    bool lote_cancelado() const { return lote_cancelado_; }
 
 private:
     informes::Reporte& reporte_de(const QString& pagina);
@@ -70,5 +69,6 @@ private:
     QMap<QString, ConjuntoDatos*> conexiones_;
     informes::OpcionesReporte opciones_;
     std::unique_ptr<informes::Hojas> lote_;
+    informes::Compositor::Avance avance_lote_;
     bool lote_pedido_ = false, lote_cancelado_ = false;
 };

@@ -20,7 +20,7 @@ BEGIN
 END^
 
 -- Una fecha "aaaammdd", también con separadores. Vacía es un límite abierto hacia atrás.
-CREATE OR ALTER FUNCTION FECHA_LIMITE (FECHA varchar(10))
+CREATE OR ALTER FUNCTION FECHA_LIMITE (FECHA varchar(20))
 RETURNS varchar(8)
 AS
 BEGIN
@@ -31,28 +31,41 @@ BEGIN
 END^
 
 --<LIBROS>
--- Las líneas de un rango, por el índice de cuenta y fecha como los demás auxiliares, con vacíos en
--- lugar de nulos en lo que es clave. NITINI nulo: todos. Interno; lo llaman los auxiliares por
--- rango.
+-- Las líneas de un rango, por el índice de cuenta y fecha como los demás auxiliares, y por el del
+-- tercero si es uno solo, con vacíos en lugar de nulos en lo que es clave. NITINI nulo: todos.
+-- Interno; lo llaman los auxiliares por rango.
 CREATE OR ALTER PROCEDURE LEA_LINEAS{_NIIF} (CTAINI varchar(20), CTAFIN varchar(20),
-  NITINI varchar(20), NITFIN varchar(20), PROYINI varchar(4), PROYFIN varchar(4),
-  CENTINI varchar(4), CENTFIN varchar(4), FECINI varchar(8), FECFIN varchar(8))
+  NITINI varchar(20), NITFIN varchar(20), PROYINI varchar(20), PROYFIN varchar(20),
+  CENTINI varchar(20), CENTFIN varchar(20), FECINI varchar(8), FECFIN varchar(8))
 RETURNS (CUENTA varchar(20), NIT varchar(20), PROYECTO varchar(4), CENTRO varchar(4), ID integer,
   ITEM integer, CONCEPTO varchar(60), REFER varchar(8), BASE numeric(15,2), PORC numeric(15,4),
   DEBITO numeric(15,2), CREDITO numeric(15,2), CATEGORIA varchar(4))
 AS
+  DECLARE UNICO varchar(20);
 BEGIN
+  UNICO = iif(NITINI = NITFIN, nullif(NITINI, ''), NULL);
   FOR
-    SELECT D.CUEN_COD, coalesce(D.TERC_NIT, ''), coalesce(D.PROY_COD, ''),
-      coalesce(D.CENT_COD, ''), D.ENCO_CONSEC, D.CODE_ITEM, nullif(D.CODE_CONCEPTO, ''),
-      nullif(D.CODE_REFER, ''), D.CODE_BASE, D.CODE_PORC, coalesce(D.CODE_DEBITO, 0),
-      coalesce(D.CODE_CREDITO, 0), coalesce(D.CONC_COD, '')
-    FROM {CUENTAS} C
-    LEFT JOIN {DETALLE} D ON D.CUEN_COD = C.CUEN_COD AND D.CODE_FECHA BETWEEN :FECINI AND :FECFIN
-    WHERE C.CUEN_COD BETWEEN :CTAINI AND :CTAFIN AND D.CUEN_COD IS NOT NULL
-      AND coalesce(D.PROY_COD, '') BETWEEN :PROYINI AND :PROYFIN
-      AND coalesce(D.CENT_COD, '') BETWEEN :CENTINI AND :CENTFIN
-      AND (:NITINI IS NULL OR coalesce(D.TERC_NIT, '') BETWEEN :NITINI AND :NITFIN)
+    SELECT CUEN_COD, NIT, PROYECTO, CENTRO, ENCO_CONSEC, CODE_ITEM, nullif(CODE_CONCEPTO, ''),
+      nullif(CODE_REFER, ''), CODE_BASE, CODE_PORC, coalesce(CODE_DEBITO, 0),
+      coalesce(CODE_CREDITO, 0), coalesce(CONC_COD, '')
+    FROM (
+      SELECT D.CUEN_COD, coalesce(D.TERC_NIT, '') NIT, coalesce(D.PROY_COD, '') PROYECTO,
+        coalesce(D.CENT_COD, '') CENTRO, D.ENCO_CONSEC, D.CODE_ITEM, D.CODE_CONCEPTO,
+        D.CODE_REFER, D.CODE_BASE, D.CODE_PORC, D.CODE_DEBITO, D.CODE_CREDITO, D.CONC_COD
+      FROM {CUENTAS} C
+      LEFT JOIN {DETALLE} D ON D.CUEN_COD = C.CUEN_COD AND D.CODE_FECHA BETWEEN :FECINI AND :FECFIN
+      WHERE C.CUEN_COD BETWEEN :CTAINI AND iif(:UNICO IS NULL, :CTAFIN, '')
+        AND D.CUEN_COD IS NOT NULL
+      UNION ALL
+      SELECT D.CUEN_COD, D.TERC_NIT, coalesce(D.PROY_COD, ''), coalesce(D.CENT_COD, ''),
+        D.ENCO_CONSEC, D.CODE_ITEM, D.CODE_CONCEPTO, D.CODE_REFER, D.CODE_BASE, D.CODE_PORC,
+        D.CODE_DEBITO, D.CODE_CREDITO, D.CONC_COD
+      FROM TERCEROS T
+      LEFT JOIN {DETALLE} D ON D.TERC_NIT = T.TERC_NIT
+      WHERE T.TERC_NIT = :UNICO AND D.CUEN_COD BETWEEN :CTAINI AND :CTAFIN
+        AND D.CODE_FECHA BETWEEN :FECINI AND :FECFIN)
+    WHERE PROYECTO BETWEEN :PROYINI AND :PROYFIN AND CENTRO BETWEEN :CENTINI AND :CENTFIN
+      AND (:NITINI IS NULL OR NIT BETWEEN :NITINI AND :NITFIN)
     INTO :CUENTA, :NIT, :PROYECTO, :CENTRO, :ID, :ITEM, :CONCEPTO, :REFER, :BASE, :PORC, :DEBITO,
       :CREDITO, :CATEGORIA
   DO
@@ -68,8 +81,9 @@ END^
 -- De cada tabla se lee un rango de cuentas, el pedido o ninguno: así solo se recorre la que tiene
 -- las dimensiones que hacen falta. SACO_VUELTA, como en LEA_SALDOS_CUENTA.
 CREATE OR ALTER PROCEDURE LEA_INICIALES{_NIIF} (POR_TERCERO char(1), CTAINI varchar(20),
-  CTAFIN varchar(20), NITINI varchar(20), NITFIN varchar(20), PROYINI varchar(4),
-  PROYFIN varchar(4), CENTINI varchar(4), CENTFIN varchar(4), FECINI varchar(8), ANOFIN varchar(4))
+  CTAFIN varchar(20), NITINI varchar(20), NITFIN varchar(20), PROYINI varchar(20),
+  PROYFIN varchar(20), CENTINI varchar(20), CENTFIN varchar(20), FECINI varchar(8),
+  ANOFIN varchar(4))
 RETURNS (CUENTA varchar(20), NIT varchar(20), PROYECTO varchar(4), CENTRO varchar(4),
   INICIAL numeric(18,2))
 AS

@@ -1,0 +1,134 @@
+// Informes: el auxiliar de cien mil renglones a PDF y la impresión de mil comprobantes, por sus
+// pantallas.
+#include "bench/medidas.h"
+#include "core/firebird/conexion.h"
+#include "fallas/contador.h"
+#include "reports/informe_de_prueba.h"
+#include "reports/registro.h"
+#include "reports/tfrngauxiliarcta.h"
+#include "vouchers/registro.h"
+#include "vouchers/tfimprmascomproba.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+namespace {
+
+constexpr int kRenglones = 100000;
+
+int paginas_de(const QString& ruta) {
+    QProcess p;
+    p.start("pdfinfo", {ruta});
+    p.waitForFinished();
+    const auto cuantas = QRegularExpression("Pages:\\s+(\\d+)")
+                             .match(QString::fromUtf8(p.readAllStandardOutput()));
+    return cuantas.captured(1).toInt();
+}
+
+struct Salida {
+    double ms;
+    int paginas;
+};
+
+/// Imprime a PDF con la tecla F2 y mide desde ella hasta que el archivo está.
+Salida imprima(Pantalla* pantalla) {
+    QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath("informe.pdf");
+    Interlocutor i;
+    espere_pdf(i, ruta);
+    QElapsedTimer reloj;
+    reloj.start();
+    QTest::keyClick(pantalla, Qt::Key_F2);
+    const double ms = double(reloj.nsecsElapsed()) / 1e6;
+    if (!i.conforme())
+        throw ErrorDatos(i.queja());
+    return {ms, paginas_de(ruta)};
+}
+
+Salida auxiliar(const QString& desde, const QString& hasta) {
+    auto* p = qobject_cast<Tfrngauxiliarcta*>(pantallas().abrir("Tfrngauxiliarcta"));
+    p->findChild<QLineEdit*>("EFecIni")->setText(desde);
+    p->findChild<QLineEdit*>("EFecFin")->setText(hasta);
+    return imprima(p);
+}
+
+int traiga(const QString& desde, const QString& hasta) {
+    const auto cursor = fdm().Quorvex.abra(
+        "select * from auxiliar_desde_hasta('0', 'ZZ', " + QuotedStr(desde) + ", " +
+        QuotedStr(hasta) + ", '', 'zz', '', 'zz', 'N') order by CUENTA,FECHA,PREFIJO,NUMERO");
+    int filas = 0;
+    while (cursor->siguiente())
+        ++filas;
+    return filas;
+}
+
+} // namespace
+
+void mida_informe() {
+    SesionEnLugar s(Ubicacion(demostracion(kRenglones)), "ADMIN", {});
+    registre_pantallas_informes();
+    int filas = 0;
+    const double crudo = mida([&] { filas = traiga("20170101", "20171399"); }, 2);
+    const int filas_mes = traiga("20170601", "20170699");
+    const long vacia = memoria_maxima_mb();
+    (void)auxiliar("20170601", "20170699");
+    const long mes = memoria_maxima_mb();
+    const Salida todo = auxiliar("20170101", "20171399");
+    const long ano = memoria_maxima_mb();
+    informe(QStringLiteral("auxiliar por cuenta de %1 renglones a PDF").arg(filas), todo.ms,
+            "traer las mismas filas", crudo);
+    nota(QStringLiteral("informe: %1 páginas, %2 por segundo")
+             .arg(todo.paginas)
+             .arg(todo.paginas * 1000.0 / todo.ms, 0, 'f', 0));
+    nota(QStringLiteral("informe: memoria máxima %1 MB antes, %2 MB con %3 renglones")
+             .arg(vacia)
+             .arg(mes)
+             .arg(filas_mes));
+    informe(QStringLiteral("memoria máxima con %1 renglones, en MB").arg(filas), double(ano),
+            QStringLiteral("con %1").arg(filas_mes), double(mes), 1.3);
+}
+
+void mida_masiva() {
+    SesionEnLugar s(Ubicacion(demostracion(kRenglones)), "ADMIN", {});
+    registre_pantallas_comprobantes();
+    const auto cursor = fdm().Quorvex.abra(
+        "select first 1 tico_cod, prco_pref, min(enco_numero) from comprobante_encabezado group "
+        "by 1, 2 having count(*) > 1200 order by count(*)");
+    if (!cursor->siguiente())
+        throw ErrorDatos("la demostración no tiene un tipo con mil comprobantes");
+    const QString tipo = cursor->valor(0).texto(), prefijo = cursor->valor(1).texto();
+    const int desde = cursor->valor(2).entero();
+    constexpr int kComprobantes = 1000;
+    const QString condicion = QStringLiteral(" where tico_cod = %1 and prco_pref = %2 and "
+                                             "enco_numero between %3 and %4")
+                                  .arg(QuotedStr(tipo), QuotedStr(prefijo),
+                                       QuotedStr(Tfdm::complete_numero(QString::number(desde))),
+                                       QuotedStr(Tfdm::complete_numero(
+                                           QString::number(desde + kComprobantes - 1))));
+    const double crudo = mida(
+        [&] {
+            QVector<int> ids;
+            for (auto c = fdm().Quorvex.abra(
+                     "select enco_consec from comprobante_encabezado" + condicion);
+                 c->siguiente();)
+                ids << int(c->valor(0).entero());
+            for (int id : ids)
+                for (auto c = fdm().Quorvex.abra(
+                         QStringLiteral("select * from impr_comprobante(%1)").arg(id));
+                     c->siguiente();) {
+                }
+        },
+        2);
+    auto* p = qobject_cast<Tfimprmascomproba*>(pantallas().abrir("Tfimprmascomproba"));
+    p->CProv.FieldByName("TIPO") = tipo;
+    p->CProv.FieldByName("PREF") = prefijo;
+    p->Desde->setText(QString::number(desde));
+    p->Hasta->setText(QString::number(desde + kComprobantes - 1));
+    const Salida salida = imprima(p);
+    informe(QStringLiteral("imprimir %1 comprobantes a PDF (%2 páginas)")
+                .arg(kComprobantes)
+                .arg(salida.paginas),
+            salida.ms, "traer sus filas", crudo);
+}

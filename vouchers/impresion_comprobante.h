@@ -1,0 +1,38 @@
+#pragma once
+// Impresión de comprobantes: por la plantilla de informes o por el formato propio de la compañía.
+//
+// La base de las dos pantallas que imprimen. Cada comprobante dice, en la columna FTO de sus filas,
+// por cuál de los dos caminos sale.
+#include "core/tfdm.h"
+#include "toolkit/informes/motor.h"
+#include "toolkit/pantalla.h"
+
+class ImpresionComprobante : public Pantalla {
+    Q_OBJECT
+public:
+    ImpresionComprobante(const QString& clase, const QString& titulo);
+
+    // --- conjuntos
+    Sentencia QComproba{this, "QComproba", fdm().Quorvex};
+    Proveedor PComproba{this, "PComproba", &QComproba, poAllowCommandText};
+    Proveedor PFormato{this, "PFormato", &fdm().Tformatos};
+    ConjuntoDatos CComproba{this, "CComproba", &PComproba};
+    ConjuntoDatos CFormato{this, "CFormato", &PFormato};
+    ConjuntoDatos CFormdatos{this, "CFormdatos"};
+    ConjuntoDatos CFormlineas{this, "CFormlineas"};
+
+    bool formato_base = false; ///< F10: el formato de último recurso, "0000"
+
+    void FormCreate() override;
+
+protected:
+    /// Imprime el comprobante. Falso si el usuario canceló; un formato que no existe solo avisa.
+    bool imprima(MotorInformes& motor, const QString& id, bool niif, bool masiva);
+
+private:
+    bool por_plantilla(MotorInformes& motor, bool niif);
+    bool por_formato(MotorInformes& motor, const QString& id, bool masiva);
+    bool abra_formato();
+
+    QString formato_abierto_; ///< filtro con que está abierto CFormato
+};

@@ -1,0 +1,56 @@
+#pragma once
+// Intérprete de los formatos de impresión: dibuja un comprobante en la papelería de la compañía
+// como dicen sus tablas.
+//
+// La rejilla de la página mide 2000 por 1500 unidades cualquiera que sea el papel. El pase de
+// encabezado se dibuja al comienzo de cada hoja y el de cierre una vez, al final; entre los dos,
+// los renglones del detalle.
+#include "core/recordset/conjunto.h"
+#include "toolkit/informes/hojas.h"
+
+/// Datos de un formato abiertos y ubicados en él.
+struct TablasFormato {
+    ConjuntoDatos& CFormato;
+    ConjuntoDatos& CFormdatos;
+    ConjuntoDatos& CFormlineas;
+};
+
+class InterpreteFormato {
+public:
+    /// `CComproba`: una fila por renglón, con el encabezado repetido. `id`: el comprobante, para
+    /// los datos de su registro.
+    InterpreteFormato(const TablasFormato& tablas, ConjuntoDatos& CComproba, const QString& id);
+
+    /// Los gráficos se estiran sobre su cuadro; en la impresión masiva van a su tamaño.
+    bool graficos_a_su_tamano = false;
+    /// Lanza ErrorDatos con un dato que no es el número que el formato pide.
+    void imprima(informes::Hojas& hojas);
+
+private:
+    void imprime_encabezado(bool final);
+    void imprime_detalle();
+    void dibuje_linea();
+    void imprima_dato_encabezado(double x, double y);
+    void imprima_dato_detalle(double x, double y);
+    void imprima_paso(const char* dato);
+    void imprima_cadena(const QString& texto, double x, double y);
+    void imprima_numero(const QString& formato, const QString& texto, bool moneda, double x,
+                        double y);
+    void imagen(const QByteArray& bytes, const QRectF& lugar, bool a_su_tamano);
+    void texto_en(const QString& texto, double x, double y, bool a_la_derecha);
+    void pagina_nueva();
+
+    bool toma(ConjuntoDatos& elementos, const char* prefijo, bool final) const;
+    void letra_de(ConjuntoDatos& elementos, const char* prefijo);
+    QPointF punto(double x, double y) const; ///< de la rejilla a milímetros
+    QString registro(const char* columna) const;
+
+    TablasFormato t_;
+    ConjuntoDatos& comprobante_;
+    QString id_;
+    informes::Hojas* hojas_ = nullptr;
+    informes::Papel papel_;
+    informes::Estilo letra_;
+    int pagina = 1, linea = 0;
+    double escala_x = 0, escala_y = 0; ///< centésimas de milímetro por unidad
+};

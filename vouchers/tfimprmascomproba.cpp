@@ -1,0 +1,110 @@
+#include "vouchers/tfimprmascomproba.h"
+
+#include "vouchers/pch.h"
+
+#include <QEvent>
+#include <QLineEdit>
+
+namespace {
+constexpr int kLargoNumero = 8;
+}
+
+Tfimprmascomproba::Tfimprmascomproba()
+    : ImpresionComprobante("Tfimprmascomproba", "Impresión masiva comprobantes") {
+    CProv.texto("TIPO", 3).OnChange = [this](Campo&) { CProvTIPOChange(); };
+    CProv.texto("PREF", 4);
+    CTipo.texto("TICO_COD", 3).requerido();
+    CTipo.texto("TICO_NOM", 60);
+    CPrefijos.texto("PRCO_PREF", 4);
+    CImprmasiva.entero("ENCO_CONSEC");
+
+    LTipo = new ListaDato(&CProv, "TIPO");
+    LTipo->setObjectName("LTipo");
+    LTipo->lista_de(&CTipo, "TICO_COD", "TICO_NOM");
+    LPref = new ListaDato(&CProv, "PREF");
+    LPref->setObjectName("LPref");
+    LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
+    const auto caja = [this](const char* nombre) {
+        auto* c = new QLineEdit;
+        c->setObjectName(nombre);
+        c->setMaxLength(kLargoNumero);
+        c->installEventFilter(this);
+        return c;
+    };
+    Desde = caja("Desde");
+    Hasta = caja("Hasta");
+    Formulario f(this);
+    f.fila("Tipo:", LTipo);
+    f.fila("Prefijo:", LPref);
+    f.fila({{"Desde:", Desde}, {"Hasta:", Hasta}});
+    f.estire();
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SpeedButton1", "F2:Imprimir", "document-print", Qt::Key_F2,
+                                  [this] { SpeedButton1Click(); }));
+    barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    f.botones(barra);
+    enter_como_tab();
+    tecla(Qt::Key_F10, "formato base", [this] {
+        formato_base = true;
+        SpeedButton1Click();
+    });
+    tamano(420, 220);
+}
+
+void Tfimprmascomproba::FormCreate() {
+    ImpresionComprobante::FormCreate();
+    CTipo.Open();
+    CProv.CreateDataSet();
+    CProv.Append();
+    LTipo->setFocus();
+}
+
+void Tfimprmascomproba::CProvTIPOChange() {
+    CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " +
+                   QuotedStr(CProv.FieldByName("TIPO").texto()) + " AND PRCO_ACTIVO = 'S'");
+    // El prefijo de otro tipo no sirve a este; con uno solo no hay qué escoger.
+    CProv.FieldByName("PREF") =
+        CPrefijos.IsEmpty() ? Valor() : CPrefijos.FieldByName("PRCO_PREF").valor();
+}
+
+bool Tfimprmascomproba::eventFilter(QObject* objeto, QEvent* evento) {
+    auto* caja = qobject_cast<QLineEdit*>(objeto);
+    if (evento->type() == QEvent::FocusOut && caja && !caja->text().trimmed().isEmpty())
+        caja->setText(Tfdm::complete_numero(caja->text().trimmed()));
+    return ImpresionComprobante::eventFilter(objeto, evento);
+}
+
+void Tfimprmascomproba::SpeedButton1Click() {
+    const QString tipo = CProv.FieldByName("TIPO").texto();
+    const QString prefijo = CProv.FieldByName("PREF").texto();
+    if (tipo.isEmpty() || prefijo.isEmpty()) {
+        muestre_mensaje("Escoja el tipo y el prefijo de los comprobantes.");
+        (tipo.isEmpty() ? LTipo : LPref)->setFocus();
+        return;
+    }
+    if (Hasta->text().isEmpty())
+        Hasta->setText(Desde->text());
+    for (QLineEdit* caja : {Desde, Hasta})
+        if (!caja->text().trimmed().isEmpty())
+            caja->setText(Tfdm::complete_numero(caja->text().trimmed()));
+    MotorInformes motor(this);
+    motor.nombre_archivo = "Comprobantes";
+    motor.vista_previa = fdm().configuracion("CONTABILIDAD", "GENERAL",
+                                             "PREVISUALIZAR IMPRESION DE DOCUMENTOS") == "SI";
+    CImprmasiva.Open("select enco_consec from comprobante_encabezado where tico_cod = " +
+                     QuotedStr(tipo) + " and prco_pref = " + QuotedStr(prefijo) +
+                     " and enco_numero >= " + QuotedStr(Desde->text()) +
+                     " and enco_numero <= " + QuotedStr(Hasta->text()) + " order by enco_numero");
+    if (CImprmasiva.IsEmpty()) {
+        muestre_mensaje("No hay comprobantes de ese tipo y prefijo entre los números pedidos.");
+        Desde->setFocus();
+        return;
+    }
+    motor.comience_lote();
+    bool sigue = true;
+    for (CImprmasiva.First(); sigue && !CImprmasiva.Eof(); CImprmasiva.Next())
+        sigue = imprima(motor, CImprmasiva.FieldByName("ENCO_CONSEC").texto(), false, true);
+    CImprmasiva.Close();
+    motor.termine_lote();
+    close();
+}
