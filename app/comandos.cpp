@@ -91,9 +91,8 @@ const QVector<Comando>& comandos_menu() {
     {"Informes/Catálogos", {
         {"Cuentas", "Cuentas2", "", pide(100), "Tfcatacuentas"},
         {"Terceros", "erceros2", "", pide(101), "Tfcataterceros"},
-        {"Centros", "Centros1", "", pide(102), "Centros", "", "", Apertura::Informe},
-        {"Tipo comprobante", "ipocomprobante1", "", pide(103),
-         "Tipo comprobante", "", "", Apertura::Informe},
+        {"Centros", "Centros1", "", pide(102), "Tfimprcentros", "", "", Apertura::Informe},
+        {"Tipo comprobante", "ipocomprobante1", "", pide(103), "Tipos", "", "", Apertura::Informe},
         {"Plantillas", "Plantillas2", "", pide(104), "Plantillas", "", "", Apertura::Informe},
     }},
     {"Informes/Auxiliares", {

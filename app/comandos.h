@@ -17,7 +17,7 @@ enum class Permiso {
 enum class Apertura {
     Hija,    ///< ventana hija del formulario principal
     Modal,   ///< pantalla modal
-    Informe, ///< informe que se imprime directamente
+    Informe, ///< se imprime al abrirla: no queda ventana
     Propia,  ///< la atiende el formulario principal: `abre` no es una pantalla
 };
 

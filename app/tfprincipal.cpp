@@ -273,10 +273,7 @@ void Tfprincipal::ejecute(const Comando& comando) {
             permiso == Permiso::Entrada || (permiso == Permiso::Pantalla && !esta);
         if (pregunta && !fdm().exija_acceso(comando.derecho.opcion))
             return;
-        if (comando.apertura == Apertura::Informe)
-            fdm().mostrar_advertencia(
-                QStringLiteral("El informe %1 todavía no está disponible.").arg(comando.abre));
-        else if (hay_pantalla(comando.abre))
+        if (hay_pantalla(comando.abre))
             abra(comando);
     });
 }

@@ -1,5 +1,6 @@
-// bench [apertura|guardado|celdas|balance|auxiliar|lista|informe|masiva ...]: sin argumentos, todas. Cada medida
-// corre en un proceso propio: su memoria máxima es la suya. Sale con 1 si alguna no cumple.
+// bench [medida ...]: apertura, guardado, celdas, balance, auxiliar, lista, informe, masiva; sin
+// argumentos, todas. Cada una corre en un proceso propio: su memoria máxima es la suya. Sale con 1
+// si alguna no cumple.
 #include "bench/medidas.h"
 #include "core/firebird/errores.h"
 

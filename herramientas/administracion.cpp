@@ -50,6 +50,11 @@ void registre_compania(Conexion& general, const DatosCompania& d) {
                      Valor(d.direccion), Valor(d.telefonos), Valor(d.encabezado)});
 }
 
+void registre_logo(Conexion& general, const QString& codigo, const QByteArray& imagen) {
+    general.ejecute(QStringLiteral("update compania set comp_logo = ? where comp_cod = ?"),
+                    {Valor(imagen), Valor(codigo_compania(codigo))});
+}
+
 void configure_compania(Conexion& compania, const DatosCompania& d) {
     const QString general = QStringLiteral("GENERAL"), contabilidad = kModuloContabilidad;
     configure(compania, general, general, QStringLiteral("NOMBRE COMPAÑIA"), d.nombre);

@@ -31,6 +31,8 @@ QString codigo_compania(const QString& codigo);
 
 /// Fila de COMPANIA en la general; si ya existe, la pone al día.
 void registre_compania(Conexion& general, const DatosCompania& datos);
+/// Imagen que encabeza los comprobantes de una compañía registrada.
+void registre_logo(Conexion& general, const QString& codigo, const QByteArray& imagen);
 /// Nombre, NIT, dirección, ciudad e inicio de los libros en la configuración de la compañía.
 void configure_compania(Conexion& compania, const DatosCompania& datos);
 /// Códigos de las compañías registradas, en orden.

@@ -2,6 +2,7 @@
 
 #include "herramientas/administracion.h"
 #include "herramientas/demo_ano.h"
+#include "herramientas/demo_formatos.h"
 
 namespace {
 
@@ -33,6 +34,7 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
                                           const std::function<void(const QString&)>& aviso) {
     registre_usuarios(general, compania, opciones.ano);
     AnoDemo ano(compania, siembre_catalogos(compania), opciones.semilla, opciones.ano);
+    siembre_formatos(compania);
     ano.abra();
     const qint64 milesimas =
         opciones.renglones > 0

@@ -1,6 +1,7 @@
 // Crear, actualizar, respaldar, restaurar, verificar y compactar bases.
 #include "core/firebird/servicios.h"
 #include "herramientas/administracion.h"
+#include "herramientas/demo_formatos.h"
 #include "herramientas/demostracion.h"
 #include "herramientas/ordenes.h"
 #include "herramientas/respaldo.h"
@@ -94,6 +95,7 @@ void crear_demo(const Sesion& s) {
     compania.conectar(s.compania(d.codigo));
     configure_compania(compania, d);
     registre_compania(general, d);
+    registre_logo(general, d.codigo, logo_demo());
     const auto r = genere_demostracion(general, compania, opciones, diga);
     compacte_saldos(compania);
     compania.desconectar();

@@ -13,6 +13,8 @@ numero=0
 programa= pantalla= gestor=
 
 termine() {
+    # El motor de la base, que va dentro del programa, se queda con el aviso de terminar.
+    [ -n "$programa" ] && kill -KILL "$programa" 2>/dev/null || true
     for proceso in $programa $gestor $pantalla; do
         kill "$proceso" 2>/dev/null && wait "$proceso" 2>/dev/null || true
     done

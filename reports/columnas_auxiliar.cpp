@@ -76,6 +76,20 @@ void defina_listado(ConjuntoDatos& c) {
     c.texto("NOMTIPO", 60).etiqueta("Nombre del tipo");
 }
 
+void defina_diario(ConjuntoDatos& c) {
+    c.texto("CUENTA", 20).etiqueta("Cuenta");
+    c.texto("TIPOCOMP", 3).etiqueta("Tipo");
+    c.texto("NOMCOMP", 60).etiqueta("Nombre del tipo");
+    c.texto("PREFIJO", 4).etiqueta("Prefijo");
+    c.texto("NUMERO", 8).etiqueta("Número");
+    c.texto("FECHA", 8).etiqueta("Fecha");
+    c.decimal("DEBITOS").etiqueta("Débitos").formato(kImporte);
+    c.decimal("CREDITOS").etiqueta("Créditos").formato(kImporte);
+    c.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
+    c.texto("CONCEPTO", 60).etiqueta("Concepto");
+    c.texto("REFER", 20).etiqueta("Referencia");
+}
+
 QString primer_dia_del_periodo() {
     return dia_del_periodo(QStringLiteral("01"));
 }

@@ -25,6 +25,8 @@ private:
 void defina_auxiliar(ConjuntoDatos& conjunto);
 /// Columnas de los listados de comprobantes.
 void defina_listado(ConjuntoDatos& conjunto);
+/// Columnas del comprobante de diario.
+void defina_diario(ConjuntoDatos& conjunto);
 /// Primer y último día del período de la sesión, como aaaammdd.
 QString primer_dia_del_periodo();
 QString ultimo_dia_del_periodo();

@@ -32,7 +32,6 @@ FormaCatalogo::FormaCatalogo(const QString& clase, const QString& titulo, const 
     fila->setContentsMargins(paso(), paso(0.5), paso(), paso(0.5));
     for (int i = 0; i < ordenes_.size(); ++i) {
         auto* radio = new QRadioButton(ordenes_[i].rotulo, RGOrd);
-        radio->setChecked(i == 0);
         grupo_->addButton(radio, i);
         fila->addWidget(radio);
     }
@@ -42,6 +41,20 @@ FormaCatalogo::FormaCatalogo(const QString& clase, const QString& titulo, const 
         if (std::exchange(hay_fila_, true))
             describa();
     };
+}
+
+void FormaCatalogo::FormCreate() {
+    // Con las teclas ya en orden: Tab solo se detiene en el renglón escogido, y de ahí se pasa al
+    // otro con las flechas.
+    for (QAbstractButton* b : grupo_->buttons()) {
+        const auto siga = [b](bool escogido) {
+            b->setFocusPolicy(escogido ? Qt::StrongFocus : Qt::ClickFocus);
+        };
+        connect(b, &QAbstractButton::toggled, this, siga);
+        siga(false);
+    }
+    grupo_->button(0)->setChecked(true);
+    FormaRango::FormCreate();
 }
 
 void FormaCatalogo::arme_rango(Formulario& f) {

@@ -19,6 +19,8 @@ public:
 
     QGroupBox* RGOrd;
 
+    void FormCreate() override;
+
 protected:
     /// Las cajas y el ordenamiento; después van las casillas propias y los botones.
     void arme_rango(Formulario& f);

@@ -3,6 +3,8 @@
 #include "core/instalacion.h"
 #include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
+#include "core/variables_informe.h"
+#include "reports/columnas_auxiliar.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/dialogos.h"
@@ -13,7 +15,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QEvent>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopeGuard>
@@ -43,18 +45,14 @@ AspectoCaja aspecto_de(ClaseRango clase) {
         return {4, con_lista, QStringLiteral("Tfcentros")};
     case ClaseRango::Fecha:
         return {kLargoFecha, QStringLiteral("aaaammdd"), {}};
+    case ClaseRango::Tipo:
+        return {0, QStringLiteral("F5 muestra la lista"), {}};
     default:
         return {10, {}, {}};
     }
 }
 
 } // namespace
-
-void fije_variables(MotorInformes& motor, const QString& titulo) {
-    motor.fijar_parametro("NomCia", fdm().configuracion("GENERAL", "GENERAL", "NOMBRE COMPAÑIA"));
-    motor.fijar_parametro("Titulo", titulo);
-    motor.fijar_parametro("Usuario", fdm().nombre_usuario);
-}
 
 // ---------------------------------------------------------------- período propio
 
@@ -118,15 +116,46 @@ QLineEdit* FormaRango::caja(const QString& nombre, int caracteres) {
     return c;
 }
 
+void FormaRango::arme_tipos(Formulario& f, const ParRango& par) {
+    // Una fila para cada caja: el nombre del tipo se lee entero.
+    for (const auto& [lado, nombre] :
+         {std::pair{" desde:", par.desde}, std::pair{" hasta:", par.hasta}}) {
+        auto* lista = new QComboBox(this);
+        lista->setObjectName(nombre);
+        lista->setEditable(true);
+        lista->setInsertPolicy(QComboBox::NoInsert);
+        lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        lista->setFocusPolicy(Qt::StrongFocus); // la rueda sobre la caja no la cambia sin querer
+        lista->setToolTip(aspecto_de(par.clase).ayuda);
+        for (QTipos.Open("select * from tipo_comprobante order by tico_cod"); !QTipos.Eof();
+             QTipos.Next()) {
+            const QString codigo = QTipos.FieldByName("TICO_COD").texto().trimmed();
+            lista->addItem(codigo + ' ' + QTipos.FieldByName("TICO_NOM").texto(), codigo);
+        }
+        QTipos.Close();
+        lista->setCurrentIndex(-1);
+        lista->installEventFilter(this);
+        f.fila(par.rotulo + QLatin1String(lado), lista);
+    }
+}
+
 QCheckBox* FormaRango::casilla(const QString& nombre, const QString& texto) {
     auto* c = new QCheckBox(texto, this);
     c->setObjectName(nombre);
     return c;
 }
 
+QCheckBox* FormaRango::casilla_niif(const QString& texto) {
+    return ckniif = casilla(QStringLiteral("ckniif"), texto);
+}
+
 void FormaRango::arme_pares(Formulario& f) {
     for (const ParRango& par : datos_.pares) {
         const AspectoCaja aspecto = aspecto_de(par.clase);
+        if (par.clase == ClaseRango::Tipo) {
+            arme_tipos(f, par);
+            continue;
+        }
         QLineEdit* desde = caja(par.desde, aspecto.caracteres);
         QLineEdit* hasta = caja(par.hasta, aspecto.caracteres);
         for (QLineEdit* c : {desde, hasta})
@@ -134,10 +163,7 @@ void FormaRango::arme_pares(Formulario& f) {
         f.fila({{par.rotulo + QStringLiteral(" desde:"), desde}, {"hasta:", hasta}});
     }
     // Escape no es la única salida del teclado: la lista también se alcanza sin ratón.
-    tecla(Qt::Key_F5, "lista", [this] {
-        if (auto* c = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
-            busque(c);
-    });
+    tecla(Qt::Key_F5, "lista", [this] { busque(QApplication::focusWidget()); });
 }
 
 void FormaRango::arme_titulo(Formulario& f) {
@@ -183,6 +209,11 @@ QWidget* FormaRango::cree_periodo() {
          boton("SpeedButton2", Qt::RightArrow, "Período siguiente", &PeriodoPrivado::mas)});
 }
 
+void FormaRango::ponga_fechas() {
+    renglon(QStringLiteral("EFecIni"))->setText(primer_dia_del_periodo());
+    renglon(QStringLiteral("EFecFin"))->setText(ultimo_dia_del_periodo());
+}
+
 void FormaRango::muestre_periodo() {
     caja_periodo->ano(periodo.ano);
     if (periodo.indice < 12)
@@ -194,7 +225,7 @@ void FormaRango::muestre_periodo() {
 void FormaRango::FormCreate() {
     fdm().ConfigurarProviders(this);
     if (auto* primera =
-            datos_.pares.isEmpty() ? nullptr : findChild<QLineEdit*>(datos_.pares.first().desde))
+            datos_.pares.isEmpty() ? nullptr : findChild<QWidget*>(datos_.pares.first().desde))
         primera->setFocus();
 }
 
@@ -203,13 +234,24 @@ void FormaRango::FormCreate() {
 QString FormaRango::valor(const QString& nombre) const {
     if (const auto* c = findChild<QLineEdit*>(nombre))
         return c->text().trimmed();
-    if (const auto* lista = findChild<QComboBox*>(nombre))
-        return lista->currentText().section(QLatin1Char(' '), 0, 0);
+    if (const auto* lista = findChild<QComboBox*>(nombre)) {
+        // "CG Comprobante general", escogido o digitado de cualquier modo, es el tipo CG.
+        const QString codigo = lista->currentText().trimmed().section(QLatin1Char(' '), 0, 0);
+        const int indice = lista->findData(codigo, Qt::UserRole, Qt::MatchFixedString);
+        return indice < 0 ? codigo : lista->itemData(indice).toString();
+    }
     throw ErrorDatos(QStringLiteral("%1: no existe la caja %2.").arg(objectName(), nombre));
 }
 
 QString FormaRango::entre_comillas(const QString& nombre) const {
     return QuotedStr(valor(nombre));
+}
+
+QString FormaRango::argumentos(std::initializer_list<const char*> nombres) const {
+    QStringList valores;
+    for (const char* n : nombres)
+        valores << entre_comillas(QString::fromLatin1(n));
+    return valores.join(QStringLiteral(", "));
 }
 
 QString FormaRango::tramo(const QString& rotulo, const QString& desde, const QString& hasta) const {
@@ -222,6 +264,12 @@ bool FormaRango::niif() const {
 
 bool FormaRango::marcada(const QCheckBox* casilla) const {
     return casilla && casilla->isChecked();
+}
+
+void FormaRango::rehuse(QWidget* caja, const QString& texto) {
+    muestre_mensaje(texto);
+    caja->setFocus();
+    throw EdicionAbortada();
 }
 
 const ParRango* FormaRango::par_de(const QString& caja) const {
@@ -237,20 +285,33 @@ bool FormaRango::eventFilter(QObject* objeto, QEvent* evento) {
             ejecute([&] { busque(c); });
     } else if (evento->type() == QEvent::FocusOut) {
         const ParRango* par = par_de(objeto->objectName());
-        if (par && par->hasta == objeto->objectName())
+        if (par && par->hasta == objeto->objectName() &&
+            static_cast<QFocusEvent*>(evento)->reason() != Qt::PopupFocusReason)
             EHastaExit(*par);
+    } else if (evento->type() == QEvent::Wheel) {
+        const auto* lista = qobject_cast<QComboBox*>(objeto);
+        return lista && !lista->hasFocus();
     }
     return Pantalla::eventFilter(objeto, evento);
 }
 
 void FormaRango::EHastaExit(const ParRango& par) {
-    auto* hasta = findChild<QLineEdit*>(par.hasta);
-    if (hasta && hasta->text().isEmpty())
-        hasta->setText(findChild<QLineEdit*>(par.desde)->text());
+    if (renglon(par.hasta)->text().isEmpty())
+        renglon(par.hasta)->setText(renglon(par.desde)->text());
 }
 
-void FormaRango::busque(QLineEdit* caja) {
-    const ParRango* par = par_de(caja->objectName());
+QLineEdit* FormaRango::renglon(const QString& nombre) const {
+    if (auto* c = findChild<QLineEdit*>(nombre))
+        return c;
+    return findChild<QComboBox*>(nombre)->lineEdit();
+}
+
+void FormaRango::busque(QWidget* caja) {
+    if (auto* desplegable = qobject_cast<QComboBox*>(caja)) {
+        desplegable->showPopup();
+        return;
+    }
+    const ParRango* par = caja ? par_de(caja->objectName()) : nullptr;
     const QString lista = par ? aspecto_de(clase_de(*par)).lista : QString();
     if (lista.isEmpty())
         return;
@@ -270,34 +331,37 @@ void FormaRango::FormActivate() {
     if (!par)
         return;
     if (par->clase == ClaseRango::Cuenta)
-        reciba(pidio_, cuenta);
+        reciba(renglon(pidio_->objectName()), cuenta);
     else if (par->clase == ClaseRango::Tercero)
-        reciba(pidio_, tercero);
+        reciba(renglon(pidio_->objectName()), tercero);
     else {
         // Proyecto y centro se escogen juntos: el otro par recibe el suyo del mismo lado.
         const bool abajo = par->desde == pidio_->objectName();
         for (const ParRango& p : datos_.pares) {
-            auto* caja = findChild<QLineEdit*>(abajo ? p.desde : p.hasta);
+            const QString& caja = abajo ? p.desde : p.hasta;
             if (p.clase == ClaseRango::Proyecto)
-                reciba(caja, proyecto);
+                reciba(renglon(caja), proyecto);
             else if (p.clase == ClaseRango::Centro)
-                reciba(caja, centro);
+                reciba(renglon(caja), centro);
         }
     }
     pidio_.clear();
 }
 
 void FormaRango::reciba(QLineEdit* caja, const QString& valor) {
-    if (caja && !valor.isEmpty())
+    if (!valor.isEmpty())
         caja->setText(valor);
 }
 
 void FormaRango::complete_rangos() {
     for (const ParRango& par : datos_.pares) {
-        auto* desde = findChild<QLineEdit*>(par.desde);
-        auto* hasta = findChild<QLineEdit*>(par.hasta);
-        if (!desde || !hasta)
-            continue;
+        QLineEdit *desde = renglon(par.desde), *hasta = renglon(par.hasta);
+        if (par.omision_hasta.isEmpty() && desde->text().isEmpty()) {
+            rehuse(
+                findChild<QWidget*>(par.desde),
+                QStringLiteral("Falta \"%1 desde\": escójalo de la lista (F5) o digite su código.")
+                    .arg(par.rotulo));
+        }
         if (desde->text().isEmpty() && hasta->text().isEmpty()) {
             desde->setText(par.omision_desde);
             hasta->setText(par.omision_hasta);
@@ -308,12 +372,11 @@ void FormaRango::complete_rangos() {
             continue;
         static const QRegularExpression fecha(QStringLiteral("^[0-9]{8}$"));
         for (QLineEdit* c : {desde, hasta})
-            if (!c->text().isEmpty() && !fecha.match(c->text()).hasMatch()) {
-                c->setFocus();
-                throw ErrorDatos(QStringLiteral("La fecha \"%1\" no es válida: digítela como "
-                                                "aaaammdd, por ejemplo 20170131.")
-                                     .arg(c->text()));
-            }
+            if (!c->text().isEmpty() && !fecha.match(c->text()).hasMatch())
+                rehuse(c,
+                       QStringLiteral("La fecha \"%1\" no es válida: digítela como aaaammdd, por "
+                                      "ejemplo 20170131.")
+                           .arg(c->text()));
     }
 }
 

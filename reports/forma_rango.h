@@ -12,15 +12,17 @@ class BarraBotones;
 class CajaPeriodo;
 class Formulario;
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class Rejilla;
 
 /// Qué recibe una caja de rango, y por tanto qué lista se abre desde ella.
-enum class ClaseRango { Codigo, Cuenta, Tercero, Proyecto, Centro, Fecha };
+/// El tipo de comprobante se digita o se escoge de su lista en la misma caja.
+enum class ClaseRango { Codigo, Cuenta, Tercero, Proyecto, Centro, Fecha, Tipo };
 
 /// Par de cajas. Vacías las dos, toman los valores por omisión; con solo la de abajo, las dos lo
-/// mismo.
+/// mismo. Sin `omision_hasta` el par es obligatorio.
 struct ParRango {
     QString desde, hasta; ///< nombres de los componentes
     QString rotulo;       ///< "Cuentas"
@@ -61,6 +63,7 @@ public:
     Sentencia QAuxiliar{this, "QAuxiliar", fdm().Quorvex};
     Proveedor PAuxiliar{this, "PAuxiliar", &QAuxiliar, poAllowCommandText};
     ConjuntoDatos CAuxiliar;
+    Sentencia QTipos{this, "QTipos", fdm().Quorvex};
 
     // --- controles
     QLineEdit* ETit;
@@ -97,15 +100,20 @@ protected:
     void arme_titulo(Formulario& f);
     void arme_botones(Formulario& f);
     QCheckBox* casilla(const QString& nombre, const QString& texto);
+    QCheckBox* casilla_niif(const QString& texto = QStringLiteral("Cuentas NIIF"));
     QLineEdit* caja(const QString& nombre, int caracteres);
     /// Caja de mes y año con sus dos botones, sobre `periodo`.
     QWidget* cree_periodo();
+    /// Las cajas EFecIni y EFecFin, con el primer día y el último del período de la sesión.
+    void ponga_fechas();
 
     // --- lectura
     /// Texto de una caja, sin espacios a los lados.
     QString valor(const QString& nombre) const;
     /// El mismo, como literal.
     QString entre_comillas(const QString& nombre) const;
+    /// Varios, como argumentos de un procedimiento.
+    QString argumentos(std::initializer_list<const char*> nombres) const;
     /// "Cuentas:" + desde + "..." + hasta.
     QString tramo(const QString& rotulo, const QString& desde, const QString& hasta) const;
     bool niif() const;
@@ -119,14 +127,16 @@ protected:
 private:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void EHastaExit(const ParRango& par);
-    void busque(QLineEdit* caja);
+    void busque(QWidget* caja);
     void reciba(QLineEdit* caja, const QString& valor);
     void complete_rangos();
+    /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
+    [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
     void muestre_periodo();
+    void arme_tipos(Formulario& f, const ParRango& par);
+    /// Donde se escribe: la caja misma o la de su lista.
+    QLineEdit* renglon(const QString& nombre) const;
     const ParRango* par_de(const QString& caja) const;
 
-    QPointer<QLineEdit> pidio_; ///< la caja que abrió una lista
+    QPointer<QWidget> pidio_; ///< la caja que abrió una lista
 };
-
-/// Nombre de la compañía, usuario y título: las variables que toda plantilla recibe, en ese orden.
-void fije_variables(MotorInformes& motor, const QString& titulo);

@@ -1,11 +1,18 @@
 #include "reports/registro.h"
 
+#include "reports/tfauxiliares.h"
 #include "reports/tfcataactivos.h"
 #include "reports/tfcatacuentas.h"
 #include "reports/tfcatalogos.h"
 #include "reports/tfcataterceros.h"
 #include "reports/tfimprcentros.h"
+#include "reports/tfinformes.h"
+#include "reports/tfrngauxiliarcent.h"
 #include "reports/tfrngauxiliarcta.h"
+#include "reports/tfrngauxiliarter.h"
+#include "reports/tfrngcomprodiario.h"
+#include "reports/tfrngconsecutivos.h"
+#include "reports/tfrngcronologicos.h"
 
 namespace {
 
@@ -21,6 +28,13 @@ void registre_catalogos() {
 } // namespace
 
 void registre_pantallas_informes() {
+    pantallas().registre("Tfinformes", [] { return new Tfinformes; });
     registre_catalogos();
+    pantallas().registre("Tfauxiliares", [] { return new Tfauxiliares; });
     pantallas().registre("Tfrngauxiliarcta", [] { return new Tfrngauxiliarcta; });
+    pantallas().registre("Tfrngauxiliarter", [] { return new Tfrngauxiliarter; });
+    pantallas().registre("Tfrngauxiliarcent", [] { return new Tfrngauxiliarcent; });
+    pantallas().registre("Tfrngconsecutivos", [] { return new Tfrngconsecutivos; });
+    pantallas().registre("Tfrngcronologicos", [] { return new Tfrngcronologicos; });
+    pantallas().registre("Tfrngcomprodiario", [] { return new Tfrngcomprodiario; });
 }

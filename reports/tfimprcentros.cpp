@@ -1,5 +1,7 @@
 #include "reports/tfimprcentros.h"
 
+#include "core/variables_informe.h"
+
 #include "core/instalacion.h"
 #include "reports/forma_rango.h"
 #include "toolkit/dialogos.h"

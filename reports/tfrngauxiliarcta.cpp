@@ -36,23 +36,21 @@ Tfrngauxiliarcta::Tfrngauxiliarcta() : FormaRango(kDatos) {
     CkSinMov = casilla("CkSinMov", "Incluir cuentas sin movimiento");
     CkCateg = casilla("CkCateg", "Agrupar por categoría");
     Chcentro = casilla("Chcentro", "Agrupar por centros");
-    ckniif = casilla("ckniif", "Cuentas NIIF");
+    casilla_niif();
     f.fila("Incluir sólamente:", TxCateg);
     f.fila({{"", CkSinMov}, {"", CkCateg}});
     f.fila({{"", Chcentro}, {"", ckniif}});
     arme_titulo(f);
     arme_botones(f);
-    findChild<QLineEdit*>("EFecIni")->setText(primer_dia_del_periodo());
-    findChild<QLineEdit*>("EFecFin")->setText(ultimo_dia_del_periodo());
+    ponga_fechas();
 }
 
 QString Tfrngauxiliarcta::sql() {
     QString texto = QStringLiteral("select * from ") +
-                    (niif() ? "auxiliar_desde_hasta_niif(" : "auxiliar_desde_hasta(");
-    for (const char* c :
-         {"EDesde", "EHasta", "EFecIni", "EFecFin", "ProyIni", "ProyFin", "CentIni", "CentFin"})
-        texto += entre_comillas(c) + ", ";
-    texto += marcada(CkSinMov) ? "'S')" : "'N')";
+                    (niif() ? "auxiliar_desde_hasta_niif(" : "auxiliar_desde_hasta(") +
+                    argumentos({"EDesde", "EHasta", "EFecIni", "EFecFin", "ProyIni", "ProyFin",
+                                "CentIni", "CentFin"}) +
+                    (marcada(CkSinMov) ? ", 'S')" : ", 'N')");
     if (!TxCateg->text().isEmpty())
         texto += " where CATEGORIA = " + entre_comillas("TxCateg");
     if (marcada(CkCateg))
@@ -79,9 +77,17 @@ QString Tfrngauxiliarcta::reporte() {
 }
 
 void Tfrngauxiliarcta::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
-    if (marcada(CkCateg) || marcada(Chcentro))
+    if (marcada(CkCateg))
+        return; // ya agrupa por cuenta, y dentro por categoría
+    if (marcada(Chcentro)) {
+        // El saldo corrido es de la cuenta; dentro de un centro interesa el del centro.
+        for (const char* banda : {"inicial", "saldo", "final"})
+            motor.fijar_grupo(pagina, banda, {});
         return;
-    for (const char* banda : {"grupo", "total"})
+    }
+    for (const char* banda : {"grupo", "inicial", "total", "final"})
         motor.fijar_grupo(pagina, banda, "CUENTA");
-    motor.fijar_grupo(pagina, "centro", {});
+    for (const char* banda :
+         {"centro", "totalcentro", "inicialcentro", "saldocentro", "finalcentro"})
+        motor.fijar_grupo(pagina, banda, {});
 }

@@ -135,8 +135,12 @@ QPoint Pantalla::lugar_centrado(QSize ventana) const {
 
 QSize Pantalla::tamano_inicial() const {
     const QSize area = area_principal();
+    // En un monitor pequeño o con letra grande el margen se comería las filas de la rejilla.
+    const bool estrecha = area.height() < paso(60);
     if (del_area_)
-        return (area - menos_area_).expandedTo(QSize(paso(20), paso(15))).boundedTo(area);
+        return estrecha
+                   ? area
+                   : (area - menos_area_).expandedTo(QSize(paso(20), paso(15))).boundedTo(area);
     QSize deseado = sizeHint();
     if (!tamano_.isEmpty())
         deseado = {escalado(tamano_.width()), escalado(tamano_.height())};

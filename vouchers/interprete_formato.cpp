@@ -12,12 +12,12 @@ using namespace informes;
 
 namespace {
 
-constexpr double kAnchoRejilla = 2000, kAltoRejilla = 1500;
-constexpr double kTrazo = 0.2;         // mm
+constexpr qreal kAnchoRejilla = 2000, kAltoRejilla = 1500;
+constexpr qreal kTrazo = 0.2;         // mm
 constexpr int kCorrimientoPasan = 100; // unidades a la izquierda del total
-constexpr double kPixelesPorMilimetro = 96 / 25.4;
+constexpr qreal kPixelesPorMilimetro = 96 / 25.4;
 
-double cuatro_decimales(double valor) {
+qreal cuatro_decimales(qreal valor) {
     return std::round(valor * 10000) / 10000;
 }
 
@@ -151,39 +151,39 @@ void InterpreteFormato::letra_de(ConjuntoDatos& elementos, const char* prefijo) 
     const QString base = QLatin1String(prefijo);
     const Valor familia = elementos.FieldByName(base + QLatin1String("_FONT")).valor();
     const Valor cuerpo = elementos.FieldByName(base + QLatin1String("_FSIZE")).valor();
-    constexpr double kCuerpoPorOmision = 9;
+    constexpr qreal kCuerpoPorOmision = 9;
     letra_.letra =
         familia.texto().isEmpty() ? t_.CFormato.FieldByName("FORM_FONT").texto() : familia.texto();
-    letra_.cuerpo = double(cuerpo.entero() > 0 ? cuerpo.entero()
+    letra_.cuerpo = qreal(cuerpo.entero() > 0 ? cuerpo.entero()
                                                : t_.CFormato.FieldByName("FORM_FSIZE").entero());
     if (letra_.cuerpo <= 0)
         letra_.cuerpo = kCuerpoPorOmision;
 }
 
-QPointF InterpreteFormato::punto(double x, double y) const {
+QPointF InterpreteFormato::punto(qreal x, qreal y) const {
     return QPointF(x * escala_x, y * escala_y) / kPorMilimetro;
 }
 
 // ---------------------------------------------------------------- encabezado y cierre
 
 void InterpreteFormato::imprime_encabezado(bool final) {
-    const double baja = double(t_.CFormato.FieldByName("FORM_ENTRELINEA").entero()) * linea;
+    const qreal baja = qreal(t_.CFormato.FieldByName("FORM_ENTRELINEA").entero()) * linea;
     ConjuntoDatos& l = t_.CFormlineas;
     for (const bool textos : {false, true})
         for (l.First(); !l.Eof(); l.Next()) {
             const bool es_texto = l.FieldByName("FOLI_TIPO").texto() == QLatin1String("T");
             if (es_texto != textos || !toma(l, "FOLI", final))
                 continue;
-            const double x = double(l.FieldByName("FOLI_POSX").entero());
-            const double y = double(l.FieldByName("FOLI_POSY").entero()) + baja;
+            const qreal x = qreal(l.FieldByName("FOLI_POSX").entero());
+            const qreal y = qreal(l.FieldByName("FOLI_POSY").entero()) + baja;
             if (es_texto) {
                 letra_de(l, "FOLI");
                 texto_en(l.FieldByName("FOLI_CADENA").texto(), x, y, false);
                 continue;
             }
             const QPointF desde = punto(x, y);
-            const QPointF hasta = punto(x + double(l.FieldByName("FOLI_X").entero()),
-                                        y + double(l.FieldByName("FOLI_Y").entero()));
+            const QPointF hasta = punto(x + qreal(l.FieldByName("FOLI_X").entero()),
+                                        y + qreal(l.FieldByName("FOLI_Y").entero()));
             const QString tipo = l.FieldByName("FOLI_TIPO").texto();
             if (tipo == QLatin1String("L"))
                 hojas_->linea(desde, hasta, kTrazo);
@@ -200,19 +200,19 @@ void InterpreteFormato::imprime_encabezado(bool final) {
             continue;
         const bool sigue = d.FieldByName("DAFO_POSYVAR").texto() == QLatin1String("S");
         letra_de(d, "DAFO");
-        imprima_dato_encabezado(double(d.FieldByName("DAFO_POSX").entero()),
-                                double(d.FieldByName("DAFO_POSY").entero()) + (sigue ? baja : 0));
+        imprima_dato_encabezado(qreal(d.FieldByName("DAFO_POSX").entero()),
+                                qreal(d.FieldByName("DAFO_POSY").entero()) + (sigue ? baja : 0));
     }
 }
 
-void InterpreteFormato::imprima_dato_encabezado(double x, double y) {
+void InterpreteFormato::imprima_dato_encabezado(qreal x, qreal y) {
     ConjuntoDatos& d = t_.CFormdatos;
     const QString nombre = d.FieldByName("DAFO_DATO").texto();
     const DatoFormato* dato = dato_llamado(nombre, false);
     if (!dato)
         return;
     if (dato->clase == ClaseDatoFormato::Imagen) {
-        const double lado = double(d.FieldByName("DAFO_LONG").entero());
+        const qreal lado = qreal(d.FieldByName("DAFO_LONG").entero());
         imagen(fdm().datos_compania.logo, QRectF(punto(x, y), punto(x + lado, y + lado)), false);
     } else if (nombre == QLatin1String("NUMERO PAGINA")) {
         imprima_cadena(QString::number(pagina), x, y);
@@ -248,7 +248,7 @@ void InterpreteFormato::imprime_detalle() {
     ConjuntoDatos& d = t_.CFormdatos;
     const qint64 caben = t_.CFormato.FieldByName("FORM_NROITEMS").entero();
     const bool varias = t_.CFormato.FieldByName("FORM_PAGINAS").texto() == QLatin1String("S");
-    const double alto = double(t_.CFormato.FieldByName("FORM_ENTRELINEA").entero());
+    const qreal alto = qreal(t_.CFormato.FieldByName("FORM_ENTRELINEA").entero());
     linea = 0;
     for (comprobante_.First(); !comprobante_.Eof(); comprobante_.Next()) {
         if (linea >= caben) {
@@ -268,14 +268,14 @@ void InterpreteFormato::imprime_detalle() {
                 d.FieldByName("DAFO_LIQUIDA").texto() == QLatin1String("S"))
                 continue;
             letra_de(d, "DAFO");
-            imprima_dato_detalle(double(d.FieldByName("DAFO_POSX").entero()),
-                                 double(d.FieldByName("DAFO_POSY").entero()) + alto * linea);
+            imprima_dato_detalle(qreal(d.FieldByName("DAFO_POSX").entero()),
+                                 qreal(d.FieldByName("DAFO_POSY").entero()) + alto * linea);
         }
         ++linea;
     }
 }
 
-void InterpreteFormato::imprima_dato_detalle(double x, double y) {
+void InterpreteFormato::imprima_dato_detalle(qreal x, qreal y) {
     ConjuntoDatos& d = t_.CFormdatos;
     const QString nombre = d.FieldByName("DAFO_DATO").texto();
     const DatoFormato* dato = dato_llamado(nombre, true);
@@ -294,20 +294,20 @@ void InterpreteFormato::imprima_paso(const char* dato) {
         return;
     letra_de(d, "DAFO");
     imprima_cadena(QStringLiteral("PASAN"),
-                   double(d.FieldByName("DAFO_POSX").entero()) - kCorrimientoPasan,
-                   double(d.FieldByName("DAFO_POSY").entero()));
+                   qreal(d.FieldByName("DAFO_POSX").entero()) - kCorrimientoPasan,
+                   qreal(d.FieldByName("DAFO_POSY").entero()));
 }
 
 // ---------------------------------------------------------------- trazos
 
-void InterpreteFormato::imprima_cadena(const QString& texto, double x, double y) {
+void InterpreteFormato::imprima_cadena(const QString& texto, qreal x, qreal y) {
     const qint64 largo = t_.CFormdatos.FieldByName("DAFO_LONG").entero();
     const qint64 desde = qMax<qint64>(1, t_.CFormdatos.FieldByName("DAFO_INI").entero());
     texto_en(largo > 0 ? texto.mid(desde - 1, largo) : texto, x, y, false);
 }
 
 void InterpreteFormato::imprima_numero(const QString& formato, const QString& texto, bool moneda,
-                                       double x, double y) {
+                                       qreal x, qreal y) {
     if (texto.isEmpty())
         return;
     bool bien = false;
@@ -319,8 +319,8 @@ void InterpreteFormato::imprima_numero(const QString& formato, const QString& te
     texto_en(moneda ? QLatin1Char('$') + cifras : cifras, x, y, true);
 }
 
-void InterpreteFormato::texto_en(const QString& texto, double x, double y, bool a_la_derecha) {
-    const double ancho =
+void InterpreteFormato::texto_en(const QString& texto, qreal x, qreal y, bool a_la_derecha) {
+    const qreal ancho =
         QFontMetricsF(informes::letra_de(letra_)).horizontalAdvance(texto) / kPorMilimetro;
     const QPointF donde = punto(x, y) - QPointF(a_la_derecha ? ancho : 0, 0);
     hojas_->texto(QRectF(donde, QSizeF(ancho, 0)), texto, hojas_->estilo(letra_),

@@ -30,19 +30,19 @@ private:
     void imprime_encabezado(bool final);
     void imprime_detalle();
     void dibuje_linea();
-    void imprima_dato_encabezado(double x, double y);
-    void imprima_dato_detalle(double x, double y);
+    void imprima_dato_encabezado(qreal x, qreal y);
+    void imprima_dato_detalle(qreal x, qreal y);
     void imprima_paso(const char* dato);
-    void imprima_cadena(const QString& texto, double x, double y);
-    void imprima_numero(const QString& formato, const QString& texto, bool moneda, double x,
-                        double y);
+    void imprima_cadena(const QString& texto, qreal x, qreal y);
+    void imprima_numero(const QString& formato, const QString& texto, bool moneda, qreal x,
+                        qreal y);
     void imagen(const QByteArray& bytes, const QRectF& lugar, bool a_su_tamano);
-    void texto_en(const QString& texto, double x, double y, bool a_la_derecha);
+    void texto_en(const QString& texto, qreal x, qreal y, bool a_la_derecha);
     void pagina_nueva();
 
     bool toma(ConjuntoDatos& elementos, const char* prefijo, bool final) const;
     void letra_de(ConjuntoDatos& elementos, const char* prefijo);
-    QPointF punto(double x, double y) const; ///< de la rejilla a milímetros
+    QPointF punto(qreal x, qreal y) const; ///< de la rejilla a milímetros
     QString registro(const char* columna) const;
 
     TablasFormato t_;
@@ -52,5 +52,5 @@ private:
     informes::Papel papel_;
     informes::Estilo letra_;
     int pagina = 1, linea = 0;
-    double escala_x = 0, escala_y = 0; ///< centésimas de milímetro por unidad
+    qreal escala_x = 0, escala_y = 0; ///< centésimas de milímetro por unidad
 };

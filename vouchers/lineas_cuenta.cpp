@@ -156,27 +156,24 @@ void LineasCuenta::sugiera_db_cr() {
 
 // ---------------------------------------------------------------- menú y recepción
 
-const QVector<Rejilla::Orden> LineasCuenta::kMenu{
-    Rejilla::Cortar,          Rejilla::Copiar,          Rejilla::Pegar,  Rejilla::Borrar,
-    Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar};
+QVector<Rejilla::Orden> LineasCuenta::ordenes_de_comprobante() {
+    return {Rejilla::Cortar,          Rejilla::Copiar,          Rejilla::Pegar,  Rejilla::Borrar,
+            Rejilla::SeleccionarTodo, Rejilla::VistaPreliminar, Rejilla::Guardar};
+}
 
-QMenu* LineasCuenta::arme_menu(const QString& nombre_archivo, const QString& titulo,
-                               const QVector<Rejilla::Orden>& ordenes) {
+QMenu* LineasCuenta::arme_menu(const QVector<Rejilla::Orden>& ordenes,
+                               const QString& nombre_archivo, const QString& titulo) {
     rejilla->nombre_archivo = nombre_archivo;
     rejilla->titulo_impreso = titulo + " %[Today]";
     return rejilla->menu_emergente(ordenes);
 }
 
-void LineasCuenta::prepare_pegado() {
+void LineasCuenta::pegue() {
     const bool en_blanco = detalle.State() == Estado::Insercion && cuenta().isEmpty();
     termine_linea();
     // Lo que se pega sobre la fila en blanco del final se agrega: no reemplaza la anterior.
     if (en_blanco && !detalle.IsEmpty())
         detalle.Append();
-}
-
-void LineasCuenta::pegue() {
-    prepare_pegado();
     for (int columna : {kTercero, kProyecto, kCentro})
         rejilla->columna(columna).ReadOnly = false;
     rejilla->pegue();

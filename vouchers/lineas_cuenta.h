@@ -25,11 +25,6 @@ public:
     LineasCuenta(Libro libro, ConjuntoDatos& detalle, ConjuntoDatos& consulta, LadosLinea lados,
                  QObject* dueno);
 
-    /// Menú de las pantallas de digitación.
-    static const QVector<Rejilla::Orden> kMenu;
-    /// Tabla de la que salen los atributos de la cuenta de la línea.
-    virtual const char* tabla_atributos() const { return datos(libro).cuentas; }
-
     enum Columna { kCuenta, kTercero, kProyecto, kCentro };
 
     const Libro libro;
@@ -54,10 +49,10 @@ public:
     Moneda suma_debito() const { return detalle.agregado("Sumadebito").moneda(); }
     Moneda suma_credito() const { return detalle.agregado("Sumacredito").moneda(); }
     /// Menú emergente de la rejilla, con el nombre que propone al guardar.
-    QMenu* arme_menu(const QString& nombre_archivo, const QString& titulo,
-                     const QVector<Rejilla::Orden>& ordenes = kMenu);
-    /// Deja la rejilla lista para pegar: graba o cancela la línea en edición.
-    void prepare_pegado();
+    QMenu* arme_menu(const QVector<Rejilla::Orden>& ordenes, const QString& nombre_archivo,
+                     const QString& titulo);
+    /// Las órdenes del menú de un comprobante.
+    static QVector<Rejilla::Orden> ordenes_de_comprobante();
     /// Termina la línea, abre las columnas que la anterior cerró, pega y vuelve a la primera.
     void pegue();
     /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
@@ -65,6 +60,8 @@ public:
     void prepare_recepcion();
     /// La cuenta, el proyecto y el centro que dejaron las pantallas de búsqueda.
     void reciba_cuenta_y_centro();
+    /// Tabla de la que salen los atributos de la cuenta de la línea.
+    virtual const char* tabla_atributos() const { return datos(libro).cuentas; }
 
 protected:
     Campo& campo(const char* nombre) const { return detalle.FieldByName(QLatin1String(nombre)); }

@@ -12,15 +12,13 @@ enum ColumnaLibro {
     kBase,
     kPorcentaje,
     kDebito,
-    kCredito
+    kCredito,
 };
 
-constexpr LadosLinea kLados{"CODE_DEBITO", "CODE_CREDITO"};
-
 const CamposLinea kDeComprobante{
-    "CODE_ITEM", "CODE_CONCEPTO",    "CODE_REFER",    "CODE_BASE",  "CODE_PORC",
-    kLados,      "CODE_DESCONTABLE", "ENCO_CONCEPTO", "ENCO_REFER", "Difdeb",
-    "DifCred",   "DifDebN",          "DifCreN",       true};
+    "CODE_ITEM",   "CODE_CONCEPTO", "CODE_REFER",       "CODE_BASE",     "CODE_PORC",
+    "CODE_DEBITO", "CODE_CREDITO",  "CODE_DESCONTABLE", "ENCO_CONCEPTO", "ENCO_REFER",
+    "Difdeb",      "DifCred",       "DifDebN",          "DifCreN",       true};
 
 struct Titulo {
     const char *campo, *titulo_2649, *titulo_niif;
@@ -40,8 +38,8 @@ QVector<Titulo> titulos(const CamposLinea& c) {
         {c.referencia, "Ref.", "Referencia", 8, 0, ""},
         {c.base, "Base", "Base", 13, Suma, "#,###.00"},
         {c.porcentaje, "Porc.", "Porc.", 6, 0, "#,##0.####"},
-        {c.lados.debito, "Débito", "Debito", 15, Suma, "#,###.00"},
-        {c.lados.credito, "Crédito", "Crédito", 15, Suma, "#,###.00"},
+        {c.debito, "Débito", "Debito", 15, Suma, "#,###.00"},
+        {c.credito, "Crédito", "Crédito", 15, Suma, "#,###.00"},
     };
     if (c.descontable)
         t.append({c.descontable, "Desc.", "Desc.", 5, Casilla, ""});
@@ -58,8 +56,10 @@ LineasLibro::LineasLibro(Libro l, AnfitrionLineas& anfitrion, ConjuntoDatos& d,
 LineasLibro::LineasLibro(Libro l, const CamposLinea& campos, AnfitrionLineas& anfitrion,
                          ConjuntoDatos& d, ConjuntoDatos& consulta, MemoriasLinea& memorias,
                          const AjustesLinea& ajustes, QObject* dueno)
-    : LineasCuenta(l, d, consulta, campos.lados, dueno), c_(campos), anfitrion_(anfitrion),
-      memorias_(memorias), ajustes_(ajustes) {}
+    : LineasCuenta(l, d, consulta, {campos.debito, campos.credito}, dueno), c_(campos),
+      anfitrion_(anfitrion), memorias_(memorias), ajustes_(ajustes) {}
+
+LineasLibro::~LineasLibro() = default;
 
 void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
     d.entero("ENCO_CONSEC").requerido();
@@ -82,7 +82,7 @@ void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
     d.texto("CNDE_DOCNUMERO", 10);
     d.texto("CNDE_DOCAPLICA", 10);
     d.bandera("CODE_DESCONTABLE");
-    defina_sumas(d, kLados);
+    defina_sumas(d, {kDeComprobante.debito, kDeComprobante.credito});
 }
 
 // ---------------------------------------------------------------- disposición
@@ -342,11 +342,11 @@ void LineasLibro::aplique_porcentaje() {
     const Moneda valor = retencion(base.absoluta(), porcentaje);
     // El signo de la base escoge el lado de la retención.
     if (base.negativa()) {
-        campo(c_.lados.debito) = Moneda();
-        campo(c_.lados.credito) = valor;
+        campo(c_.debito) = Moneda();
+        campo(c_.credito) = valor;
     } else {
-        campo(c_.lados.debito) = valor;
-        campo(c_.lados.credito) = Moneda();
+        campo(c_.debito) = valor;
+        campo(c_.credito) = Moneda();
     }
 }
 

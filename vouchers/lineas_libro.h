@@ -28,8 +28,7 @@ struct AjustesLinea {
 /// Nombres de las columnas y controles de unas líneas: las de un comprobante o las de una
 /// plantilla.
 struct CamposLinea {
-    const char *item, *concepto, *referencia, *base, *porcentaje;
-    LadosLinea lados;
+    const char *item, *concepto, *referencia, *base, *porcentaje, *debito, *credito;
     const char* descontable; ///< nulo: las líneas no lo llevan
     const char *concepto_encabezado, *referencia_encabezado;
     const char *dif_debito, *dif_credito, *dif_debito_niif, *dif_credito_niif;
@@ -55,6 +54,7 @@ public:
     LineasLibro(Libro libro, AnfitrionLineas& anfitrion, ConjuntoDatos& detalle,
                 ConjuntoDatos& consulta, MemoriasLinea& memorias, const AjustesLinea& ajustes,
                 QObject* dueno);
+    ~LineasLibro() override;
 
     /// Página completa: rejilla, nombres con saldos y sumas.
     QWidget* construya_pagina();

@@ -5,11 +5,10 @@
 
 namespace {
 
-constexpr LadosLinea kLados{"PLDE_DEBITOS", "PLDE_CREDITOS"};
-
 const CamposLinea kDePlantilla{
-    "PLDE_ITEM",     "PLDE_CONCEPTO", "PLDE_REFER", "PLDE_BASE", "PLDE_PORC", kLados,     nullptr,
-    "PLAN_CONCEPTO", "PLAN_REFER",    "DifDeb",     "DifCred",   "DifDebN",   "DifCredN", false};
+    "PLDE_ITEM",    "PLDE_CONCEPTO", "PLDE_REFER", "PLDE_BASE",     "PLDE_PORC",
+    "PLDE_DEBITOS", "PLDE_CREDITOS", nullptr,      "PLAN_CONCEPTO", "PLAN_REFER",
+    "DifDeb",       "DifCred",       "DifDebN",    "DifCredN",      false};
 
 EditorDato* solo_muestra(ConjuntoDatos& detalle, const char* campo) {
     auto* e = nombrado(new EditorDato(&detalle, campo), campo);
@@ -43,7 +42,7 @@ void LineasPlantilla::defina_campos(ConjuntoDatos& d) {
     d.texto("CONC_COD", 4);
     d.calculado("ArtiDes", ClaseCampo::Texto, 60);
     d.calculado("CateNom", ClaseCampo::Texto, 60);
-    defina_sumas(d, kLados);
+    defina_sumas(d, {kDePlantilla.debito, kDePlantilla.credito});
 }
 
 void LineasPlantilla::complete(Formulario& f) {
@@ -57,7 +56,7 @@ const char* LineasPlantilla::tabla_atributos() const {
 
 void LineasPlantilla::AfterInsert() {
     campo(c_.item) = ++item;
-    for (const char* monto : {c_.lados.debito, c_.lados.credito, c_.base, c_.porcentaje})
+    for (const char* monto : {c_.debito, c_.credito, c_.base, c_.porcentaje})
         campo(monto) = Moneda();
     vacie_nombres();
 }

@@ -137,7 +137,7 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     barra->setObjectName("barra");
     f.botones(barra);
 
-    ate_rejillas(nombre_exportacion());
+    ate_rejillas(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion());
     ultimo_ = DBCheckBox2;
     construya_panel_documento();
     construya_panel_articulo("Edit2");
@@ -153,8 +153,7 @@ void PantallaComprobante::construya_panel_documento() {
     GroupBox1 = documento;
     Etidocart = documento->Etidocart;
     DateTimePicker1 = documento->DateTimePicker1;
-    GroupBox1->vuelve = [this](bool) { return lineas_2649->rejilla; };
-    GroupBox1->flote_sobre(PageControl1);
+    agregue_panel(GroupBox1, lineas_2649->rejilla);
 }
 
 void PantallaComprobante::ckFiltroClick() {

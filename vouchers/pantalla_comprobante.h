@@ -26,7 +26,7 @@ public:
     CasillaDato *DBCheckBox1, *DBCheckBox2;
     MemoDato* DBMemo1;
     QCheckBox* ckFiltro;
-    PanelFlotante* GroupBox1 = nullptr;
+    PanelFlotante* GroupBox1;
     ListaDato* Etidocart;
     FechaDato* DateTimePicker1;
 

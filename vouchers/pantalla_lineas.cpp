@@ -44,7 +44,7 @@ void PantallaLineas::construya_paginas() {
             [this](int pagina) { proteja([this, pagina] { pagina_cambiada(pagina); }); });
 }
 
-void PantallaLineas::ate_rejillas(const QString& archivo, const QVector<Rejilla::Orden>& menu) {
+void PantallaLineas::ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo) {
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->ate_eventos();
         Rejilla* r = l->rejilla;
@@ -52,7 +52,7 @@ void PantallaLineas::ate_rejillas(const QString& archivo, const QVector<Rejilla:
         r->OnEnter = [this] { en_grilla = true; };
         r->OnExit = [this] { en_grilla = false; };
         r->OnDblClick = [this, libro](int columna) { DBGridDblClick(libro, columna); };
-        l->arme_menu(archivo, windowTitle(), menu);
+        l->arme_menu(menu, archivo, windowTitle());
         r->al_ordenar(Rejilla::Pegar, [this, r] { pegue(*r); });
     }
     // Solo la rejilla 2649 se queda con Esc para cancelar su fila; en la otra sale de la pantalla.
@@ -139,15 +139,22 @@ void PantallaLineas::construya_panel_articulo(const char* nombre_descripcion) {
             [this] { proteja([this] { SpeedButton6Click(); }); });
     connect(continuar2, &QPushButton::clicked, this,
             [this] { proteja([this] { SpeedButton3Click(); }); });
-    GroupBox2->vuelve = [this](bool tenia_foco) {
+    agregue_panel(GroupBox2);
+}
+
+void PantallaLineas::agregue_panel(PanelFlotante* panel, QWidget* destino) {
+    panel->flote_sobre(PageControl1);
+    panel->vuelve = [this, destino](bool tenia_foco) -> QWidget* {
+        if (destino)
+            return destino;
         return tenia_foco ? lineas_a_la_vista().rejilla : nullptr;
     };
-    GroupBox2->flote_sobre(PageControl1);
+    paneles_.append(panel);
 }
 
 void PantallaLineas::resizeEvent(QResizeEvent* evento) {
     Pantalla::resizeEvent(evento);
-    for (PanelFlotante* p : findChildren<PanelFlotante*>())
+    for (PanelFlotante* p : paneles_)
         p->ubique();
 }
 

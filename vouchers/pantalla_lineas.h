@@ -2,6 +2,7 @@
 // Lo común a las pantallas que digitan líneas en los dos libros, sean de un comprobante o de una
 // plantilla: páginas, rejillas, teclas, el panel del artículo y la entrega de selecciones.
 #include "toolkit/pantalla.h"
+#include "toolkit/rejilla/rejilla.h"
 #include "vouchers/lineas_libro.h"
 #include "vouchers/panel_flotante.h"
 
@@ -20,7 +21,7 @@ public:
 
     ListaDato* LTipo = nullptr;
     QTabWidget* PageControl1;
-    PanelFlotante* GroupBox2 = nullptr;
+    PanelFlotante* GroupBox2;
     QLineEdit *EArticod, *descripcion_articulo;
     QPushButton *SBGrabar = nullptr, *SBCancel = nullptr;
 
@@ -43,9 +44,11 @@ protected:
     /// Páginas de los dos libros; la pantalla las pone en su formulario.
     void construya_paginas();
     /// Eventos y menú emergente de las rejillas, con el nombre de archivo que proponen.
-    void ate_rejillas(const QString& archivo,
-                      const QVector<Rejilla::Orden>& menu = LineasCuenta::kMenu);
+    void ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo);
     void construya_panel_articulo(const char* nombre_descripcion);
+    /// El panel flota sobre las páginas. Al ocultarse el foco va a `destino`, o a la rejilla a la
+    /// vista si el panel lo tenía.
+    void agregue_panel(PanelFlotante* panel, QWidget* destino = nullptr);
     /// SBGrabar, SBCancel y las teclas que son las mismas; `anterior` precede a las rejillas con
     /// Tab.
     void declare_teclas_comunes(QWidget* anterior);
@@ -75,4 +78,5 @@ private:
     void SpeedButton3Click(); ///< "Continuar" del panel de artículo
     void SpeedButton6Click();
     void EArticodDblClick();
+    QVector<PanelFlotante*> paneles_;
 };

@@ -61,8 +61,9 @@ void PantallaPlantilla::construya(const QString& archivo) {
     f.fila({{"Concepto", EConcepto}, {"Referencia", ERef}});
     f.ancha(PageControl1, 1);
     f.botones(nombrado(new BarraBotones(this), "barra"));
-    ate_rejillas(archivo, {Rejilla::Pegar, Rejilla::Borrar, Rejilla::Cortar, Rejilla::Copiar,
-                           Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    ate_rejillas({Rejilla::Pegar, Rejilla::Borrar, Rejilla::Cortar, Rejilla::Copiar,
+                  Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar},
+                 archivo);
     for (LineasLibro* l : {lineas_2649, lineas_niif})
         l->rejilla->enter_con_seleccion = true;
     construya_panel_articulo("Edit7");
@@ -170,7 +171,7 @@ void PantallaPlantilla::termine_lineas() {
 }
 
 void PantallaPlantilla::pegue(Rejilla& rejilla) {
-    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->prepare_pegado();
+    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->termine_linea();
     rejilla.pegue();
 }
 

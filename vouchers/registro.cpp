@@ -19,16 +19,16 @@
 void registre_pantallas_comprobantes() {
     pantallas().registre("Tfmovimien", [] { return new Tfmovimien; });
     pantallas().registre("Tfedtmovimien", [] { return new Tfedtmovimien; });
+    pantallas().registre("Tfsaldiniciales", [] { return new Tfsaldiniciales; });
+    pantallas().registre("Tfmnusaldosi", [] { return new Tfmnusaldosi; });
+    pantallas().registre("Tfedtformato", [] { return new Tfedtformato; });
+    pantallas().registre("TFmoverforma", [] { return new TFmoverforma; });
     pantallas().registre("Tfbuscomproba", [] { return new Tfbuscomproba; });
     pantallas().registre("Tfcomproterc", [] { return new Tfcomproterc; });
     pantallas().registre("Tfbuscplantilla", [] { return new Tfbuscplantilla; });
     pantallas().registre("Tfplantilla", [] { return new Tfplantilla; });
     pantallas().registre("Tfedtplantilla", [] { return new Tfedtplantilla; });
     pantallas().registre("Tfmnuplantilla", [] { return new Tfmnuplantilla; });
-    pantallas().registre("Tfsaldiniciales", [] { return new Tfsaldiniciales; });
-    pantallas().registre("Tfmnusaldosi", [] { return new Tfmnusaldosi; });
-    pantallas().registre("Tfedtformato", [] { return new Tfedtformato; });
-    pantallas().registre("TFmoverforma", [] { return new TFmoverforma; });
     pantallas().registre("Tfimprcomproba", [] { return new Tfimprcomproba; });
     pantallas().registre("Tfimprmascomproba", [] { return new Tfimprmascomproba; });
 }

@@ -45,7 +45,8 @@ Tfedtmovimien::Tfedtmovimien()
     EDia->setEnabled(false);
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->rejilla->orden_local = true;
-        QMenu* menu = l->arme_menu(nombre_exportacion(), windowTitle());
+        QMenu* menu = l->arme_menu(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion(),
+                                   windowTitle());
         menu->addSeparator();
         QAction* replicar = menu->addAction("Replicar a NIIF");
         replicar->setObjectName("ReplicaraNIIF1");

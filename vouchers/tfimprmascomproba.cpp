@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QLineEdit>
+#include <QScopeGuard>
 
 namespace {
 constexpr int kLargoNumero = 8;
@@ -91,6 +92,14 @@ void Tfimprmascomproba::SpeedButton1Click() {
     motor.nombre_archivo = "Comprobantes";
     motor.vista_previa = fdm().configuracion("CONTABILIDAD", "GENERAL",
                                              "PREVISUALIZAR IMPRESION DE DOCUMENTOS") == "SI";
+    // Todo el trabajo sale de la misma foto del libro, aunque otros sigan grabando.
+    CImprmasiva.Instantanea = true;
+    CImprmasiva.foto = CComproba.foto =
+        std::make_shared<Transaccion>(fdm().Quorvex, Transaccion::Modo::Instantanea);
+    const auto suelte = qScopeGuard([this] {
+        CImprmasiva.Close();
+        CImprmasiva.foto = CComproba.foto = nullptr;
+    });
     CImprmasiva.Open("select enco_consec from comprobante_encabezado where tico_cod = " +
                      QuotedStr(tipo) + " and prco_pref = " + QuotedStr(prefijo) +
                      " and enco_numero >= " + QuotedStr(Desde->text()) +
@@ -104,7 +113,6 @@ void Tfimprmascomproba::SpeedButton1Click() {
     bool sigue = true;
     for (CImprmasiva.First(); sigue && !CImprmasiva.Eof(); CImprmasiva.Next())
         sigue = imprima(motor, CImprmasiva.FieldByName("ENCO_CONSEC").texto(), false, true);
-    CImprmasiva.Close();
     motor.termine_lote();
     close();
 }

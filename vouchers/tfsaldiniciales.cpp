@@ -1,5 +1,8 @@
 #include "vouchers/tfsaldiniciales.h"
 
+#include "core/instalacion.h"
+#include "core/variables_informe.h"
+#include "toolkit/informes/motor.h"
 #include "vouchers/lineas_saldos.h"
 #include "vouchers/pch.h"
 
@@ -102,7 +105,7 @@ void Tfsaldiniciales::construya() {
 
     lineas->ate_eventos();
     lineas->al_dejar_la_cuenta = [this](const QString& clase) { panel_de_clase(clase); };
-    lineas->arme_menu("SaldoIni", windowTitle());
+    lineas->arme_menu(LineasCuenta::ordenes_de_comprobante(), "SaldoIni", windowTitle());
     lineas->rejilla->al_ordenar(Rejilla::Pegar, [this] { lineas->pegue(); });
     lineas->rejilla->OnDblClick = [this](int columna) { DBGridEh1DblClick(columna); };
     enter_como_tab();
@@ -120,6 +123,8 @@ void Tfsaldiniciales::declare_teclas() {
                                   [this] { SBGrabarClick(); }));
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
                  [this] { SBCancelClick(); });
+    barra->boton("SpeedButton1", "F8:Imprimir", "document-print", Qt::Key_F8,
+                 [this] { SpeedButton1Click(); });
     tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas->sugiera_db_cr(); });
     // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
     const auto busque = [this](int clave, const char* pantalla) {
@@ -217,6 +222,26 @@ int Tfsaldiniciales::separe_numeros() {
     // Otro equipo pudo tomar desde que se abrió la pantalla los números de las líneas nuevas.
     CMaxitem.Refresh();
     return int(qMax<qint64>(0, CMaxitem.FieldByName("ITEM").entero() - item_al_abrir_));
+}
+
+void Tfsaldiniciales::SpeedButton1Click() {
+    MotorInformes motor(this);
+    motor.nombre_archivo = "SaldoIni";
+    motor.ProjectFile = ruta_informe("saldos.rav");
+    motor.abrir_proyecto(motor.ProjectFile);
+    fije_variables(motor, "Saldos iniciales");
+    // De una vez: lo impreso cuadra aunque otro grabe mientras se escogen las opciones.
+    CBalance.Instantanea = true;
+    CBalance.Open();
+    if (!CBalance.IsEmpty()) {
+        CBalance.FetchAll();
+        motor.conecte("RBalance", CBalance);
+        motor.seleccionar_reporte("Balanceinicial");
+        motor.ejecutar();
+    }
+    motor.cerrar();
+    CBalance.Close();
+    close(); // lo que no se ha grabado se pierde
 }
 
 void Tfsaldiniciales::SBCancelClick() {

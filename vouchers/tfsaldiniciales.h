@@ -40,6 +40,7 @@ private:
     void panel_de_clase(const QString& clase);
     void DBGridEh1DblClick(int columna);
     void SBGrabarClick();
+    void SpeedButton1Click();
     void SBCancelClick();
     int separe_numeros();
 

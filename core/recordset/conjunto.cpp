@@ -351,7 +351,8 @@ void ConjuntoDatos::abra_cursor() {
                     : Params.contains(n) ? Params.value(n)
                                          : s->parametro(n));
     if (Instantanea) {
-        foto_ = std::make_unique<Transaccion>(s->conexion(), Transaccion::Modo::Instantanea);
+        foto_ = foto ? foto
+                     : std::make_shared<Transaccion>(s->conexion(), Transaccion::Modo::Instantanea);
         cursor_ = std::make_unique<Cursor>(s->conexion().prepare(texto, *foto_), *foto_, valores);
     } else {
         cursor_ = s->conexion().abra(texto, valores);

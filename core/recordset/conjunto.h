@@ -93,6 +93,9 @@ public:
     int PacketRecords = -1; ///< filas por viaje; -1 todas
     /// Lee todo de una sola foto de la base, para que lo que se imprime cuadre.
     bool Instantanea = false;
+    /// Con Instantanea, la foto que este conjunto comparte con otros o con varias aperturas suyas;
+    /// nula, cada apertura toma la suya.
+    std::shared_ptr<Transaccion> foto;
     /// Solo hacia adelante: al pasar de un paquete al otro se sueltan las filas del anterior y la
     /// memoria no crece con el resultado. Después de la última no queda fila actual.
     bool Unidireccional = false;
@@ -241,7 +244,7 @@ private:
 
     Detalle propio_;
     std::vector<Fila*> orden_;
-    std::unique_ptr<Transaccion> foto_; ///< la de Instantanea; vive más que su cursor
+    std::shared_ptr<Transaccion> foto_; ///< la de Instantanea; vive más que su cursor
     std::unique_ptr<Cursor> cursor_;
     Estado estado_ = Estado::Cerrado;
     int pos_ = -1;

@@ -30,5 +30,11 @@ foto f5_cuadra
 teclas ctrl+Next
 foto replica_niif 1
 teclas ctrl+Prior F2
+foto ofrece_imprimir 1
+teclas Return
+foto opciones_de_impresion 1
+teclas Return
+foto vista_preliminar 2
+teclas Escape
 foto grabado 1
 teclas Escape

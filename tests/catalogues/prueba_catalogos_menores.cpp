@@ -7,9 +7,11 @@
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QCheckBox>
+#include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -217,8 +219,29 @@ private slots:
         escriba(p, "EARTI_COD", "Z9");
         escriba(p, "EARTI_DES", "Llave inglesa");
         escriba(p, "EARTI_PRECIO", "1,234.50");
+        // La foto se escoge en el diálogo de archivos; lo que no es imagen se rehúsa.
+        QTemporaryDir carpeta;
+        QImage foto(12, 8, QImage::Format_RGB32);
+        foto.fill(Qt::red);
+        QVERIFY(foto.save(carpeta.filePath("llave.png")));
+        QFile falsa(carpeta.filePath("falsa.png"));
+        QVERIFY(falsa.open(QIODevice::WriteOnly) && falsa.write("nada") && (falsa.close(), true));
+        for (const char* archivo : {"falsa.png", "llave.png"}) {
+            i.espere_modal("QFileDialog", [&](QWidget* w) {
+                w->findChild<QLineEdit*>("fileNameEdit")->setText(carpeta.filePath(archivo));
+                QMetaObject::invokeMethod(w, "accept");
+            });
+            if (*archivo == 'f')
+                i.espere_modal("dialogo", [](QWidget* w) { w->close(); });
+            componente<QPushButton>(p, "SBFoto").click();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        componente<QLineEdit>(p, "EARTI_COD").setFocus();
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(
+            s.dato("select octet_length(arti_foto) from articulo where arti_cod = 'Z9'").toInt() >
+            20);
         QCOMPARE(s.dato("select arti_des || '|' || arti_desvar || arti_tipo || arti_exist || '|' "
                         "|| arti_unidad || '|' || arti_usuario || '|' || taiv_cod || '|' || "
                         "arti_precio from articulo where arti_cod = 'Z9'"),

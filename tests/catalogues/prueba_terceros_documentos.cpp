@@ -96,7 +96,12 @@ private slots:
                                          "ruta.");
                 QTest::keyClick(&ruta, Qt::Key_F2);
             }
-            ruta.setText(bueno);
+            i.espere_modal("QFileDialog", [&](QWidget* w) {
+                w->findChild<QLineEdit*>("fileNameEdit")->setText(bueno);
+                QMetaObject::invokeMethod(w, "accept");
+            });
+            componente<QPushButton>(forma, "SBExaminar").click();
+            QCOMPARE(ruta.text(), bueno);
             QTest::keyClick(&ruta, Qt::Key_F2);
         });
         oprima(Qt::Key_F5);

@@ -95,7 +95,7 @@ private slots:
         QVERIFY(s.ter.valide_retenciones("900123456", r));
         QCOMPARE(r.fuente.texto(), QString("3.5"));
         QVERIFY(!s.ter.valide_retenciones("52345678", r));
-        QCOMPARE(s.ter.nombre_vendedor("V1"), QString("María Peña Gómez"));
+        QCOMPARE(s.ter.nombre_vendedor("V1"), QString("Peña Gómez María"));
         QCOMPARE(s.ter.nombre_vendedor("52345678"), s.ter.nombre_vendedor("V1"));
         QVERIFY(s.ter.nombre_vendedor("900123456").isEmpty());
     }

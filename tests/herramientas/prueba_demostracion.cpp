@@ -3,6 +3,7 @@
 #include "apoyo/comprobantes.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demo_catalogos.h"
+#include "herramientas/demo_formatos.h"
 #include "herramientas/demostracion.h"
 #include "herramientas/instalador.h"
 #include "herramientas/verificacion.h"
@@ -45,6 +46,7 @@ class PruebaDemostracion : public QObject {
 private slots:
     void un_ano_normal_es_un_libro_completo();
     void las_plantillas_cuadran_y_cumplen_lo_que_sus_cuentas_exigen();
+    void el_egreso_tiene_su_formato_y_la_compania_su_logo();
     void la_misma_semilla_da_el_mismo_libro();
     void el_digito_de_verificacion_sigue_la_regla();
 };
@@ -157,6 +159,48 @@ void PruebaDemostracion::las_plantillas_cuadran_y_cumplen_lo_que_sus_cuentas_exi
     QVERIFY(d.n("select count(*) from plantilla_detalle a join plantilla_detalle_niif b on "
                 "b.plan_id = a.plan_id and b.plde_item = a.plde_item where a.plde_debitos <> "
                 "b.plde_debitos") == 3);
+}
+
+void PruebaDemostracion::el_egreso_tiene_su_formato_y_la_compania_su_logo() {
+    OpcionesDemostracion opciones;
+    opciones.renglones = 4500;
+    Demo d(opciones);
+    // Solo el egreso pide formato propio, y lo tiene; el "0000" es el de último recurso.
+    QCOMPARE(d.compania
+                 .consulte("select list(tico_cod) from tipo_comprobante where tico_formato ="
+                           " 'S'")
+                 .texto(),
+             QStringLiteral("CE"));
+    QCOMPARE(d.compania
+                 .consulte("select list(pref_pre) from (select pref_pre from formatos order"
+                           " by 1)")
+                 .texto(),
+             QStringLiteral("0000,CE"));
+    QCOMPARE(d.n("select form_nroitems from formatos where pref_pre = 'CE' and form_paginas = 'S'"),
+             kRenglonesEgreso);
+    QVERIFY(d.n("select count(*) from comprobante_encabezado where tico_cod = 'CE' and enco_monto"
+                " > 0") > 50);
+    // Todo cae dentro de la hoja, también la última firma de una página llena.
+    QCOMPARE(d.n("select count(*) from formato_datos where dafo_posx not between 0 and 2000 or"
+                 " dafo_posy not between 0 and 1500 or dafo_imprime <> 'S'"),
+             0);
+    QCOMPARE(d.n("select count(*) from formato_lineas l join formatos f on f.pref_pre = l.pref_pre"
+                 " where l.foli_posx + l.foli_x > 2000 or l.foli_posy + l.foli_y +"
+                 " iif(l.foli_liquida = 'S', f.form_nroitems * f.form_entrelinea, 0) > 1480"),
+             0);
+    // Los totales quedan fijos bajo el detalle y las firmas siempre debajo de ellos.
+    QCOMPARE(d.n("select count(*) from formato_lineas l join formatos f on f.pref_pre = l.pref_pre"
+                 " join formato_datos t on t.pref_pre = l.pref_pre and t.dafo_dato ="
+                 " 'TOTAL DEBITOS' where l.foli_liquida = 'S' and l.foli_posy + f.form_entrelinea"
+                 " <= t.dafo_posy"),
+             0);
+
+    registre_compania(d.general,
+                      {QStringLiteral("001"), QStringLiteral("Demo"), {}, {}, {}, {}, {}});
+    registre_logo(d.general, QStringLiteral("001"), logo_demo());
+    const QByteArray logo = d.general.consulte("select comp_logo from compania").binario();
+    QCOMPARE(logo, logo_demo());
+    QVERIFY(logo.startsWith("BM") && logo.size() == 54 + 348 * 200);
 }
 
 void PruebaDemostracion::la_misma_semilla_da_el_mismo_libro() {

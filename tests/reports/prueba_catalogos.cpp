@@ -41,8 +41,14 @@ QStringList columna(SesionGui& s, const QString& sql) {
     return valores;
 }
 
+/// Con el teclado: hacia atrás desde la primera caja y a la derecha.
 void ordene_por_nombre(FormaCatalogo* f) {
-    f->RGOrd->findChildren<QRadioButton*>().at(1)->click();
+    escritorio()->active(f);
+    componente<QLineEdit>(f, "EDesde").setFocus();
+    oprima(Qt::Key_Backtab, Qt::ShiftModifier);
+    oprima(Qt::Key_Right);
+    if (!f->RGOrd->findChildren<QRadioButton*>().at(1)->isChecked())
+        QTest::qFail("el nombre no quedó escogido", __FILE__, __LINE__);
 }
 
 /// Abre un catálogo directo, lo graba como PDF y devuelve su texto.

@@ -75,6 +75,7 @@ class PruebaInformes : public QObject {
 private slots:
     void init();
     void los_grupos_suman_y_se_anuncian();
+    void un_detalle_lleva_la_suma_de_su_grupo_con_su_fila();
     void una_hoja_nueva_repite_lo_que_debe();
     void el_cliente_cambia_textos_y_grupos();
     void una_plantilla_con_error_dice_archivo_y_linea_data();
@@ -181,6 +182,25 @@ void PruebaInformes::los_grupos_suman_y_se_anuncian() {
                                     "Total zona Sur|0.00", "Gran total|787.00"}));
     QCOMPARE(componga({})[0],
              QStringList({"Ventas por zona|Página 1 de 1", "Del 1 al 31", "Gran total|0.00"}));
+}
+
+void PruebaInformes::un_detalle_lleva_la_suma_de_su_grupo_con_su_fila() {
+    // El saldo va en una banda sin alto, sobre el renglón: se deja por fuera sin mover lo demás.
+    const QString plantilla = QString(kPlantilla)
+                                  .replace("Ciudad {CIUDAD}", "Ciudad {CIUDAD|(ninguna)}")
+                                  .replace("    <banda tipo=\"total\" nombre=\"totciudad\"", R"xml(
+    <banda tipo="detalle" nombre="saldo" nivel="2" alto="0">
+      <dato x="100" y="-5" ancho="30" de="suma(VALOR)" formato="importe"/>
+      <dato x="140" y="-5" ancho="10" de="cuenta()" formato="entero"/>
+    </banda>
+    <banda tipo="total" nombre="totciudad")xml");
+    const QVector<Venta> ventas{
+        {"Norte", "", "Ana", 1000}, {"Norte", "", "Beto", -250}, {"Norte", "Montería", "Ciro", 30}};
+    const QStringList hoja = componga(ventas, plantilla)[0];
+    for (const char* renglon :
+         {"Ciudad (ninguna)", "Ana|1,000.00|1,000.00|1", "Beto|-250.00|750.00|2", "Ciudad Montería",
+          "Ciro|30.00|30.00|1", "Total |750.00|2"})
+        QVERIFY2(hoja.contains(QString(renglon)), qPrintable(hoja.join('\n')));
 }
 
 void PruebaInformes::una_hoja_nueva_repite_lo_que_debe() {

@@ -1,9 +1,12 @@
 // Editor de los formatos con que se imprimen los comprobantes, y su copia, movimiento y borrado.
+#include "herramientas/demo_formatos.h"
+#include "reports/informe_de_prueba.h"
 #include "toolkit/controles/imagendato.h"
 #include "vouchers/datos_formato.h"
 #include "vouchers/digitador.h"
 #include "vouchers/lienzo_formato.h"
 #include "vouchers/tfedtformato.h"
+#include "vouchers/tfimprcomproba.h"
 #include "vouchers/tfmoverforma.h"
 
 #include <QBuffer>
@@ -458,6 +461,40 @@ private slots:
         d.e->CFormalineas.FieldByName("FOLI_POSY") = 900;
         QVERIFY(!oscuro(en(50, 200)));
         QVERIFY(oscuro(en(200, 1000)));
+    }
+
+    void el_formato_de_la_demostracion_imprime_dos_hojas_y_sus_firmas() {
+        SesionGui s;
+        Digitador d(s);
+        const QImage logo = QImage::fromData(logo_demo());
+        QCOMPARE(logo.size(), QSize(116, 200));
+        QVERIFY(logo.pixelColor(2, 2) != logo.pixelColor(40, 50)); // la letra sobre su fondo
+        s.base.ejecute({"insert into tipo_comprobante (tico_cod, tico_nom, tico_formato) values "
+                        "('CE', 'Comprobante de egreso', 'N')",
+                        "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, "
+                        "prco_activo) values ('CE', '0001', '000001', 'S', 'S')"});
+        siembre_formatos(s.base.base());
+        s.dm.datos_compania.nombre = "Comercializadora de Prueba";
+        s.dm.datos_compania.logo = logo_demo();
+        QStringList lineas;
+        for (int k = 0; k < kRenglonesEgreso; ++k)
+            lineas << "519530:1000:0";
+        lineas << QStringLiteral("111005:0:%1").arg(kRenglonesEgreso * 1000);
+        ponga_comprobante(s, 7, "000020", "20170315", lineas);
+        s.base.ejecute({"update comprobante_encabezado set tico_cod = 'CE', enco_monto = 12000"});
+        const auto imprima = [&] {
+            s.cnt.comprobante_encontrado = "7";
+            return informe_como_texto(s.abra<Tfimprcomproba>("Tfimprcomproba"), Qt::Key_F2);
+        };
+        const QStringList hojas = imprima().split('\f', Qt::SkipEmptyParts);
+        QCOMPARE(hojas.size(), 2);
+        QCOMPARE(hojas[0].count("519530"), kRenglonesEgreso);
+        QCOMPARE(hojas[0].count("PASAN"), 2);
+        QVERIFY(!hojas[0].contains("Recibí conforme") && !hojas[1].contains("PASAN"));
+        for (const char* lleva :
+             {"Comercializadora de Prueba", "Comprobante de egreso", "000020", "111005",
+              "$12,000.00", "DOCE MIL", "Recibí conforme: C.C. o NIT", "ADMIN"})
+            QVERIFY2(hojas[1].contains(QString::fromUtf8(lleva), Qt::CaseInsensitive), lleva);
     }
 
     void sin_llave_no_hay_que_editar() {

@@ -1,4 +1,5 @@
 // Saldos iniciales: una tabla plana que se digita como un gran comprobante.
+#include "reports/informe_de_prueba.h"
 #include "vouchers/digitador.h"
 #include "vouchers/lineas_saldos.h"
 #include "vouchers/tfmnusaldosi.h"
@@ -348,6 +349,38 @@ private slots:
         QCOMPARE(d.celda("CUEN_COD"), QString("110505")); // la primera
         QCOMPARE(d.saldos->CSaldos.RecordCount(), 3);
         QCOMPARE(d.rejilla().suma(4), d.rejilla().suma(5));
+    }
+
+    void imprimir_muestra_lo_grabado_y_cierra_perdiendo_lo_demas() {
+        SesionGui s;
+        Saldos d(s);
+        s.dm.nombre_usuario = "Administrador General";
+        d.abra();
+        oprima(Qt::Key_F8); // sin saldos no hay informe, y también cierra
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        s.base.ejecute(
+            {"insert into saldos_iniciales (sain_item, cuen_cod, terc_nit, sain_debito, "
+             "sain_credito) values (1, '130505', '900123456', 1200000, 0)",
+             "insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, sain_credito) values "
+             "(2, '110505', 300000.5, 0)",
+             "insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, sain_credito) values "
+             "(3, '310505', 0, 1500000.5)"});
+        d.abra();
+        d.rejilla().SelectedIndex(4);
+        digite("7777");
+        oprima(Qt::Key_Return);
+        const QString texto = informe_como_texto(d.saldos, Qt::Key_F8);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select sum(sain_debito) from saldos_iniciales"), QString("1500000.5"));
+        for (const char* lleva :
+             {"Compañía de Pruebas S.A.S.", "Saldos iniciales", "Ferretería El Tornillo",
+              "1,200,000.00", "Elaborado por: Administrador General"})
+            QVERIFY2(texto.contains(QString::fromUtf8(lleva)), lleva);
+        // por cuenta, y las sumas iguales al final
+        QVERIFY(texto.indexOf("110505") < texto.indexOf("130505") &&
+                texto.indexOf("130505") < texto.indexOf("310505"));
+        QCOMPARE(texto.section("Sumas", 1).count("1,500,000.50"), 2);
+        QVERIFY(!texto.contains("7,777"));
     }
 
     void salir_pregunta_siempre() {

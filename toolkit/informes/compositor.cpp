@@ -196,7 +196,9 @@ void Compositor::detalle() {
             continue;
         if (!cabe(alto_de(b, Mira::Actual)))
             hoja_nueva(9);
+        en_detalle_ = true;
         imprima(b, Mira::Actual);
+        en_detalle_ = false;
     }
 }
 
@@ -317,8 +319,10 @@ bool Compositor::condicion(const Banda& banda, Mira mira) const {
 Moneda Compositor::evalue(const QVector<Sumando>& formula, Mira mira) const {
     Moneda total;
     for (const Sumando& s : formula) {
-        const Moneda valor = s.clase == Sumando::Columna ? dato(s.columna, mira).moneda()
-                                                         : acumulados_[s.acumulado].suma;
+        Moneda valor = s.clase == Sumando::Columna ? dato(s.columna, mira).moneda()
+                                                   : acumulados_[s.acumulado].suma;
+        if (en_detalle_ && s.clase != Sumando::Columna) // su fila todavía no se ha acumulado
+            valor += s.clase == Sumando::Cuenta ? Moneda(1) : dato(s.columna, mira).moneda();
         total = s.resta ? total - valor : total + valor;
     }
     return total;
@@ -359,9 +363,11 @@ QString Compositor::texto_de(const Item& item, Mira mira, bool sigue) {
         case Pedazo::Literal:
             texto += p.texto;
             break;
-        case Pedazo::Columna:
-            texto += formatee(dato(p.columna, mira), item);
+        case Pedazo::Columna: {
+            const QString valor = formatee(dato(p.columna, mira), item);
+            texto += valor.isEmpty() ? p.si_falta : valor;
             break;
+        }
         case Pedazo::Variable:
             texto += variables_.textos.value(p.texto);
             break;

@@ -77,6 +77,7 @@ private:
     Avance avance_;
     bool abandonado_ = false;
     bool hubo_grupo_ = false;
+    bool en_detalle_ = false;
 
     QVector<int> usadas_;           ///< posición en los datos de cada columna que se usa
     QMap<QString, int> por_nombre_; ///< y cuál es, por nombre en mayúsculas

@@ -214,8 +214,10 @@ private:
         b.repite = si("repite");
         b.pagina_nueva = si("pagina_nueva");
         b.si = atributo("si");
-        if (b.tipo == TipoBanda::Grupo || b.tipo == TipoBanda::Total) {
+        const bool grupo = b.tipo == TipoBanda::Grupo || b.tipo == TipoBanda::Total;
+        if (grupo)
             b.columnas = exija("columna").split(QLatin1Char(','));
+        if (grupo || (b.tipo == TipoBanda::Detalle && tiene("nivel"))) {
             b.nivel = int(medida("nivel", 1));
             if (b.nivel < 1 || b.nivel > 9)
                 falle(QStringLiteral("el nivel de un grupo va de 1 a 9"));
@@ -325,7 +327,8 @@ private:
                     falle(QStringLiteral("\"{%1}\" no se conoce").arg(nombre));
                 pedazos << Pedazo{Pedazo::Especial, nombre.mid(1)};
             } else {
-                pedazos << Pedazo{Pedazo::Columna, nombre};
+                pedazos << Pedazo{Pedazo::Columna, nombre.section(QLatin1Char('|'), 0, 0),
+                                  nombre.section(QLatin1Char('|'), 1)};
             }
             i = cierra + 1;
         }

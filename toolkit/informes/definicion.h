@@ -14,9 +14,14 @@
 //       </banda>
 //     </reporte>
 //
-// En un texto, {COLUMNA} es el dato de la fila, {@Variable} una variable del reporte, {#pagina},
+// En un texto, {COLUMNA} es el dato de la fila, {COLUMNA|sin dato} lo mismo con lo que se escribe
+// si está vacía, {@Variable} una variable del reporte, {#pagina},
 // {#paginas}, {#fecha}, {#hora} lo que dicen, y {#sigue} " (continuación)" cuando la banda se
-// repite en otra hoja. Una fórmula suma y resta columnas, `suma(COLUMNA)` y `cuenta()`.
+// repite en otra hoja. Una fórmula suma y resta columnas, `suma(COLUMNA)` y `cuenta()`: en un
+// total, de su grupo; en un detalle, lo que va del grupo de su `nivel`, con la fila misma.
+//
+// Una banda de alto 0 se imprime sobre la anterior, con medidas negativas: así el cliente puede
+// dejar por fuera una parte de otra banda.
 #include "core/firebird/errores.h"
 
 #include <QString>
@@ -46,7 +51,8 @@ struct Estilo {
 struct Pedazo {
     enum Clase { Literal, Columna, Variable, Especial } clase = Literal;
     QString texto;
-    int columna = -1; ///< posición en los datos, cuando ya se conocen
+    QString si_falta{}; ///< lo que se escribe si la columna está vacía
+    int columna = -1;   ///< posición en los datos, cuando ya se conocen
 };
 
 /// Sumando de una fórmula.

@@ -1,0 +1,61 @@
+#include "reports/tfrngauxiliarcent.h"
+
+#include "toolkit/formulario.h"
+
+#include <QCheckBox>
+
+namespace {
+const DatosRango kDatos{"Tfrngauxiliarcent",
+                        "Auxiliar por centro",
+                        {382, 389},
+                        "auxiliares.rav",
+                        "RAuxiliarcent",
+                        "CAuxiliar",
+                        "RepAuxCentro",
+                        116,
+                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
+                         {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
+                         {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"},
+                         {"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"}}};
+}
+
+Tfrngauxiliarcent::Tfrngauxiliarcent() : FormaRango(kDatos) {
+    defina_auxiliar(CAuxiliar);
+    CAuxiliar.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
+    CAuxiliar.texto("NOMPROY", 60).etiqueta("Nombre del proyecto");
+    CAuxiliar.texto("NOMCENT", 60).etiqueta("Nombre del centro");
+    CAuxiliar.texto("CTAPROY", 24).etiqueta("Cuenta y proyecto");
+    CAuxiliar.texto("CTAPROYCENT", 28).etiqueta("Cuenta, proyecto y centro");
+    CAuxiliar.decimal("SALDO").etiqueta("Saldo inicial").formato("#,###.00");
+    CAuxiliar.texto("TERCERO", 60).etiqueta("Nombre del tercero");
+    CAuxiliar.decimal("SALDOF").etiqueta("Saldo final").formato("#,###.00");
+
+    Formulario f(this);
+    arme_pares(f);
+    agrupater = casilla("agrupater", "Agrupar por tercero");
+    casilla_niif();
+    f.fila({{"", agrupater}, {"", ckniif}});
+    arme_titulo(f);
+    arme_botones(f);
+    ponga_fechas();
+}
+
+QString Tfrngauxiliarcent::sql() {
+    return QStringLiteral("select * from ") +
+           (niif() ? "auxiliar_centro_desde_hasta_n(" : "auxiliar_centro_desde_hasta(") +
+           argumentos({"EDesde", "EHasta", "ProyIni", "ProyFin", "CentIni", "CentFin", "EFecIni",
+                       "EFecFin"}) +
+           ")";
+}
+
+QString Tfrngauxiliarcent::titulo() {
+    return tramo("Cuentas:", "EDesde", "EHasta") + tramo(" Proy:", "ProyIni", "ProyFin") +
+           tramo(" Cent:", "CentIni", "CentFin") + tramo(" Fechas:", "EFecIni", "EFecFin");
+}
+
+void Tfrngauxiliarcent::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
+    if (marcada(agrupater))
+        return;
+    for (const char* banda : {"tercero", "totalter"})
+        motor.fijar_grupo(pagina, banda, {});
+}

@@ -1,0 +1,19 @@
+#pragma once
+// Auxiliar por centro de costo: los movimientos de cada cuenta en sus proyectos y centros.
+#include "reports/columnas_auxiliar.h"
+#include "reports/forma_rango.h"
+
+class Tfrngauxiliarcent : public FormaRango {
+    Q_OBJECT
+public:
+    Tfrngauxiliarcent();
+
+    QCheckBox* agrupater; ///< separa los terceros dentro del centro
+
+protected:
+    QString sql() override;
+    QString titulo() override;
+    QString reporte() override { return QStringLiteral("Centros"); }
+    QString titulo_niif() override { return QStringLiteral("Auxiliar por centro NIIF"); }
+    void ajuste_reporte(MotorInformes& motor, const QString& pagina) override;
+};

@@ -1,0 +1,89 @@
+#include "reports/tfrngauxiliarter.h"
+
+#include "toolkit/formulario.h"
+
+#include <QCheckBox>
+
+namespace {
+const DatosRango kDatos{"Tfrngauxiliarter",
+                        "Auxiliar por tercero",
+                        {382, 344},
+                        "auxiliares.rav",
+                        "RAuxiliarterc",
+                        "CAuxiliar",
+                        "RepAuxTerc",
+                        116,
+                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
+                         {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero},
+                         {"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "", "99991231"},
+                         {"ProyIni", "ProyFin", "Proyectos", ClaseRango::Proyecto, "", "zz"},
+                         {"CentIni", "CentFin", "Centros", ClaseRango::Centro, "", "zz"}}};
+}
+
+Tfrngauxiliarter::Tfrngauxiliarter() : FormaRango(kDatos) {
+    defina_auxiliar(CAuxiliar);
+    CAuxiliar.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
+    CAuxiliar.texto("NOMTERCERO", 60).etiqueta("Nombre del tercero");
+    CAuxiliar.texto("CUENTANIT", 40).etiqueta("Cuenta y NIT");
+    for (const auto& [campo, rotulo] : {std::pair{"SALDO", "Saldo inicial"},
+                                        {"SALDOFIN", "Saldo final"},
+                                        {"SALDOCTA", "Inicial de la cuenta"}})
+        CAuxiliar.decimal(campo).etiqueta(rotulo).formato("#,###.00");
+    CAuxiliar.texto("DV", 1).etiqueta("DV");
+    CAuxiliar.decimal("SALDOCTAF").etiqueta("Final de la cuenta").formato("#,###.00");
+    CAuxiliar.calculado("SaldoF", ClaseCampo::Decimal, 2).etiqueta("Saldo").formato("#,###.00");
+
+    Formulario f(this);
+    arme_pares(f);
+    CkSinMov = casilla("CkSinMov", "Incluir cuentas sin movimiento");
+    cknombre = casilla("cknombre", "Ordenar por nombre");
+    Chcentro = casilla("Chcentro", "Agrupar por centros");
+    casilla_niif();
+    f.fila({{"", CkSinMov}, {"", cknombre}});
+    f.fila({{"", Chcentro}, {"", ckniif}});
+    arme_titulo(f);
+    arme_botones(f);
+    ponga_fechas();
+}
+
+QString Tfrngauxiliarter::sql() {
+    const QString texto =
+        QStringLiteral("select * from ") +
+        (niif() ? "auxiliar_tercero_desde_hasta_n(" : "auxiliar_tercero_desde_hasta(") +
+        argumentos({"EDesde", "EHasta", "TerIni", "TerFin", "EFecIni", "EFecFin", "ProyIni",
+                    "ProyFin", "CentIni", "CentFin"}) +
+        (marcada(CkSinMov) ? ",'S')" : ",'N')");
+    if (marcada(cknombre))
+        return texto + "ORDER BY PROYECTO,CENTRO,CUENTA,NOMTERCERO,FECHA,PREFIJO,NUMERO";
+    if (marcada(Chcentro))
+        return texto + "ORDER BY PROYECTO,CENTRO,CUENTA,NIT,FECHA,PREFIJO,NUMERO";
+    return texto;
+}
+
+QString Tfrngauxiliarter::titulo() {
+    return tramo("Cuentas:", "EDesde", "EHasta") + tramo(" Terceros:", "TerIni", "TerFin") +
+           tramo(" Fechas:", "EFecIni", "EFecFin");
+}
+
+bool Tfrngauxiliarter::un_solo_centro() const {
+    return valor("ProyIni") == valor("ProyFin") && valor("CentIni") == valor("CentFin");
+}
+
+void Tfrngauxiliarter::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
+    if (marcada(Chcentro)) {
+        // El saldo de partida es del tercero en todos los centros pedidos: repartido en varios, la
+        // hoja muestra solo el movimiento de cada uno.
+        if (!un_solo_centro())
+            for (const char* banda :
+                 {"inicialcuenta", "inicial", "rotulosaldo", "saldo", "final", "finalcuenta"})
+                motor.fijar_grupo(pagina, banda, {});
+        return;
+    }
+    for (const char* banda : {"grupo", "inicialcuenta", "total", "finalcuenta"})
+        motor.fijar_grupo(pagina, banda, "cuenta");
+    for (const char* banda : {"tercero", "inicial", "tottercero", "final"})
+        motor.fijar_grupo(pagina, banda, "CUENTANIT");
+    // Agrupado por la cuenta repetiría su título: queda por fuera.
+    for (const char* banda : {"centro", "totalcentro"})
+        motor.fijar_grupo(pagina, banda, {});
+}

@@ -1,0 +1,25 @@
+#pragma once
+// Auxiliar por tercero: los movimientos de cada tercero en un rango de cuentas, entre dos fechas.
+#include "reports/columnas_auxiliar.h"
+#include "reports/forma_rango.h"
+
+class Tfrngauxiliarter : public FormaRango {
+    Q_OBJECT
+public:
+    Tfrngauxiliarter();
+
+    QCheckBox *CkSinMov, *cknombre, *Chcentro;
+
+protected:
+    QString sql() override;
+    void antes_de_abrir() override { saldo_.comience(); }
+    QString titulo() override;
+    QString reporte() override { return QStringLiteral("Terceros"); }
+    QString titulo_niif() override { return QStringLiteral("Auxiliar por tercero NIIF"); }
+    void ajuste_reporte(MotorInformes& motor, const QString& pagina) override;
+
+private:
+    bool un_solo_centro() const;
+
+    SaldoCorrido saldo_{CAuxiliar, "CUENTANIT", "SALDO"};
+};

@@ -1,0 +1,19 @@
+#pragma once
+// Comprobante de diario: lo que movió cada cuenta en un período, por tipo de comprobante.
+#include "reports/columnas_auxiliar.h"
+#include "reports/forma_rango.h"
+
+class Tfrngcomprodiario : public FormaRango {
+    Q_OBJECT
+public:
+    Tfrngcomprodiario();
+
+    QCheckBox* Ckdetalle;
+
+protected:
+    QString sql() override;
+    QString titulo() override;
+    QString reporte() override;
+    QString titulo_niif() override;
+    void ajuste_reporte(MotorInformes& motor, const QString& pagina) override;
+};

@@ -1,0 +1,72 @@
+#pragma once
+// Informes sobre un libro al azar: rangos, lo impreso y las mismas cuentas hechas por fuera.
+#include "informe_de_prueba.h"
+#include "ledger/libro_al_azar.h"
+#include "reports/forma_rango.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QRegularExpression>
+
+/// Valores de las cajas de una pantalla, por nombre.
+using Cajas = QMap<QString, QString>;
+
+/// Escribe en cajas y listas.
+inline void llene(Pantalla* f, const Cajas& cajas) {
+    for (const auto& [nombre, valor] : cajas.asKeyValueRange()) {
+        if (auto* lista = f->findChild<QComboBox*>(nombre))
+            lista->setEditText(valor);
+        else
+            componente<QLineEdit>(f, qPrintable(nombre)).setText(valor);
+    }
+}
+
+/// Abre el informe, marca las casillas, llena las cajas, oprime F2 y devuelve lo impreso. `orden`
+/// recibe la consulta que se hizo.
+inline QString imprima(const QString& clase, const Cajas& cajas, const QStringList& casillas = {},
+                       QString* orden = nullptr) {
+    auto* f = qobject_cast<FormaRango*>(pantallas().abrir(clase));
+    if (!f)
+        qFatal("no existe %s", qPrintable(clase));
+    for (const QString& c : casillas)
+        componente<QCheckBox>(f, qPrintable(c)).click();
+    llene(f, cajas);
+    if (orden)
+        f->CAuxiliar.AfterOpen = [=] { *orden = f->CAuxiliar.CommandText; };
+    const QString texto = informe_como_texto(f, Qt::Key_F2);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return texto;
+}
+
+/// Importes con que termina un renglón: "1,190.00 -5.00".
+inline QString importes(const QString& renglon) {
+    static const QRegularExpression numero(R"(-?[\d,]+\.\d\d)");
+    QStringList todos;
+    for (auto i = numero.globalMatch(renglon); i.hasNext();)
+        todos << i.next().captured();
+    return todos.join(' ');
+}
+
+/// Renglones que empiezan así, sin los espacios de los lados.
+inline QStringList renglones_con(const QString& texto, const QString& comienzo) {
+    QStringList lista;
+    const QRegularExpression patron(QRegularExpression::anchoredPattern("\\s*" + comienzo + ".*"));
+    for (const QString& r : texto.split('\n'))
+        if (patron.match(r).hasMatch())
+            lista << r.trimmed();
+    return lista;
+}
+
+inline const QString kDiaImpreso = QStringLiteral(R"(\d{4}/\d\d/\d\d\s)");
+
+/// Condición SQL de un rango de códigos; "ZZ" es hasta el último.
+inline QString entre(const QString& columna, const QString& desde, const QString& hasta) {
+    const QString c = "coalesce(" + columna + ", '')";
+    const QString abajo = c + " >= " + QuotedStr(desde);
+    return hasta.toUpper() == "ZZ" ? abajo : abajo + " and " + c + " <= " + QuotedStr(hasta);
+}
+/// Una cuenta de límite superior trae las que cuelgan de ella.
+inline QString entre_cuentas(const QString& columna, const QString& desde, const QString& hasta) {
+    return '(' + entre(columna, desde, hasta) + " or " + columna + " starting with " +
+           QuotedStr(hasta) + ')';
+}
