@@ -5,6 +5,7 @@
 // filas al motor de informes; "F4:Exportar" las graba completas, en las columnas de la rejilla. La
 // pantalla se cierra al terminar, también cuando no hay datos.
 #include "core/tfdm.h"
+#include "core/variables_informe.h"
 #include "toolkit/informes/motor.h"
 #include "toolkit/pantalla.h"
 

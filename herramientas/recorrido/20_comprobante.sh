@@ -12,7 +12,7 @@ escriba "R"
 teclas Tab
 escriba "15"
 teclas Tab
-escriba "Venta de contado del día"
+escriba "Venta de contado"
 teclas Tab Tab Tab Tab Tab Tab Tab Tab
 teclas space
 foto encabezado

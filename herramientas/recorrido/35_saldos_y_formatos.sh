@@ -22,7 +22,7 @@ teclas Escape
 
 teclas alt+n
 foto tipos_de_comprobante 1
-teclas Down F8
+teclas Down Down F8
 foto formato_egreso 1.2
 teclas Tab Tab Tab Tab Tab Tab Tab Tab
 foto formato_dato

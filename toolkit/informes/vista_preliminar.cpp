@@ -260,8 +260,10 @@ VistaPreliminar::VistaPreliminar(const Hojas& hojas, const QString& archivo, QWi
     connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this, [this] { busque(); });
 
     for (QWidget* w : std::initializer_list<QWidget*>{rotulo_pagina, pagina_, rotulo_tamano,
-                                                      tamano_, rotulo_busca})
+                                                      tamano_, rotulo_busca}) {
+        w->setMinimumWidth(w->sizeHint().width());
         barra->addWidget(w);
+    }
     barra->addWidget(buscado_, 1);
     boton("salir", QStringLiteral("Esc:Salir"), "window-close", QKeySequence(),
           [this] { reject(); });
