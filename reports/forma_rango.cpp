@@ -3,6 +3,7 @@
 #include "core/instalacion.h"
 #include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
+#include "core/variables_informe.h"
 #include "reports/columnas_auxiliar.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"

@@ -2,7 +2,9 @@
 
 #include "toolkit/estilo.h"
 #include "vouchers/pch.h"
+#include "vouchers/piezas.h"
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 
 FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto>& filtros,
@@ -14,31 +16,46 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     buscar = new QPushButton(icono("edit-find"), "&Buscar", this);
     buscar->setObjectName(nombre_boton);
     buscar->setAutoDefault(false);
-    QVector<Formulario::Par> pares{{"Tipo", LTipo}};
+    // Los datos cortos van con el tipo; del primero largo en adelante, en el otro renglón.
+    auto* arriba = new QHBoxLayout;
+    auto* abajo = new QHBoxLayout;
+    arriba->addWidget(LTipo);
+    QLineEdit* primero_largo = nullptr;
+    constexpr int kCorto = 8;
     for (const FiltroTexto& f : filtros_) {
-        auto* caja = new QLineEdit(this);
-        caja->setObjectName(f.nombre);
+        auto* caja = nombrado(new QLineEdit(this), f.nombre);
         caja->setMaxLength(f.ancho);
-        caja->setMinimumWidth(ancho_caracteres(fontMetrics(), qMin(f.ancho, 24) + 2));
         caja->installEventFilter(this);
         connect(caja, &QLineEdit::textEdited, this, [this] { pendiente_ = true; });
         cajas_ << caja;
-        pares.append({QString::fromUtf8(f.rotulo), caja});
+        const QString texto = QString::fromUtf8(f.rotulo);
+        if (f.ancho > kCorto && !primero_largo) {
+            primero_largo = caja;
+            abajo->addWidget(caja, 1);
+            continue;
+        }
+        caja->setFixedWidth(ancho_caracteres(fontMetrics(), f.ancho + 2));
+        QHBoxLayout* renglon = primero_largo ? abajo : arriba;
+        renglon->addWidget(rotulo(texto, caja));
+        renglon->addWidget(caja);
     }
-    QWidget*& ultimo = pares.last().control;
+    arriba->addStretch();
+    abajo->addWidget(buscar);
     if (con_fila) {
-        ckfiltro = new QCheckBox("Habilitar filtros", this);
-        ckfiltro->setObjectName("ckfiltro");
-        ultimo = Formulario::junto({ultimo, buscar, ckfiltro});
-    } else {
-        ultimo = Formulario::junto({ultimo, buscar});
+        ckfiltro = nombrado(new QCheckBox("Habilitar filtros", this), "ckfiltro");
+        abajo->addWidget(ckfiltro);
     }
-    constexpr int kPorFila = 4;
-    while (pares.size() % kPorFila != 0)
-        pares.append({"", new QWidget(this)});
-    Formulario formulario(this);
-    for (int i = 0; i < pares.size(); i += kPorFila)
-        formulario.fila({pares[i], pares[i + 1], pares[i + 2], pares[i + 3]});
+    const auto renglon = [](QHBoxLayout* fila, QWidget* foco) {
+        auto* w = new QWidget;
+        fila->setContentsMargins(0, 0, 0, 0);
+        w->setLayout(fila);
+        w->setFocusProxy(foco);
+        return w;
+    };
+    Formulario(this)
+        .fila("Tipo", renglon(arriba, LTipo))
+        .fila("Concepto", renglon(abajo, primero_largo));
+    layout()->setContentsMargins(0, 0, 0, 0);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(buscar, &QPushButton::clicked, this, [this] { busque(); });
 }

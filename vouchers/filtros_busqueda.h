@@ -26,7 +26,8 @@ public:
     /// Valor de LTipo que no filtra.
     static constexpr const char* kTodos = "__";
 
-    /// `tipos` tiene TICO_COD y TICO_NOM y se abre después. Sin `con_fila` no hay ckfiltro.
+    /// `tipos` tiene TICO_COD y TICO_NOM y se abre después. Uno de los filtros es el
+    /// concepto, que abre el segundo renglón. Sin `con_fila` no hay ckfiltro.
     FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto>& filtros,
                     const char* nombre_boton, bool con_fila, QWidget* padre);
 

@@ -168,12 +168,16 @@ QMenu* LineasCuenta::arme_menu(const QVector<Rejilla::Orden>& ordenes,
     return rejilla->menu_emergente(ordenes);
 }
 
-void LineasCuenta::pegue() {
+void LineasCuenta::prepare_pegado() {
     const bool en_blanco = detalle.State() == Estado::Insercion && cuenta().isEmpty();
     termine_linea();
     // Lo que se pega sobre la fila en blanco del final se agrega: no reemplaza la anterior.
     if (en_blanco && !detalle.IsEmpty())
         detalle.Append();
+}
+
+void LineasCuenta::pegue() {
+    prepare_pegado();
     for (int columna : {kTercero, kProyecto, kCentro})
         rejilla->columna(columna).ReadOnly = false;
     rejilla->pegue();

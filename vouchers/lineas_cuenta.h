@@ -53,6 +53,8 @@ public:
                      const QString& titulo);
     /// Las órdenes del menú de un comprobante.
     static QVector<Rejilla::Orden> ordenes_de_comprobante();
+    /// Deja la rejilla lista para pegar: graba o cancela la línea en edición.
+    void prepare_pegado();
     /// Termina la línea, abre las columnas que la anterior cerró, pega y vuelve a la primera.
     void pegue();
     /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.

@@ -171,7 +171,7 @@ void PantallaPlantilla::termine_lineas() {
 }
 
 void PantallaPlantilla::pegue(Rejilla& rejilla) {
-    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->termine_linea();
+    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->prepare_pegado();
     rejilla.pegue();
 }
 

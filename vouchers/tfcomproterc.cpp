@@ -24,12 +24,14 @@ Tfcomproterc::Tfcomproterc()
     ENom = caja_de_lectura("ENom", 40);
     auto* tercero = new QWidget(this);
     Formulario(tercero).fila({{"NIT", Formulario::junto({ENIT, ENom})}});
+    tercero->layout()->setContentsMargins(0, 0, 0, 0);
     ENom->setAccessibleName("Nombre del tercero");
-    construya_filtros({{"TPref", "Prefijo:", 4, "prefijo = '"},
-                       {"TNum", "Número:", 8, "numero >= '"},
-                       {"TFecha", "Fecha:", 8, "fecha >= '"},
-                       {"TConc", "Concepto:", 60, "concepto like '%", "%' "},
-                       {"TRef", "Referencia:", 20, "ref like '%", "%' "}},
+    ENom->setMaximumWidth(QWIDGETSIZE_MAX);
+    construya_filtros({{"TPref", "Prefijo", 4, "prefijo = '"},
+                       {"TNum", "Número", 8, "numero >= '"},
+                       {"TFecha", "Fecha", 8, "fecha >= '"},
+                       {"TConc", "Concepto", 60, "concepto like '%", "%' "},
+                       {"TRef", "Referencia", 20, "ref like '%", "%' "}},
                       "BitBtn1", false);
     filtros_->al_buscar = [this] { busque("order by tipo, fecha desc"); };
 

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QThread>
+#include <csignal>
 #include <cstring>
 #include <random>
 
@@ -158,6 +159,27 @@ void Conexion::cree_base(const ParametrosConexion& parametros, int paginas_cache
     abra_o_cree(parametros, true, paginas_cache);
 }
 
+namespace {
+
+/// El cliente toma SIGTERM y SIGINT para apagar el motor y deja vivo el proceso, ya sin base. Aquí
+/// terminan el programa, como los deja el sistema: una transacción sin confirmar se deshace sola.
+class SenalesPropias {
+public:
+    SenalesPropias() {
+        sigaction(SIGTERM, nullptr, &terminar_);
+        sigaction(SIGINT, nullptr, &interrumpir_);
+    }
+    ~SenalesPropias() {
+        sigaction(SIGTERM, &terminar_, nullptr);
+        sigaction(SIGINT, &interrumpir_, nullptr);
+    }
+
+private:
+    struct sigaction terminar_, interrumpir_;
+};
+
+} // namespace
+
 void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache) {
     desconectar();
     parametros_ = parametros;
@@ -179,6 +201,7 @@ void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int
         dpb->insertInt(&estado, isc_dpb_set_page_buffers, paginas_cache);
         dpb->insertInt(&estado, isc_dpb_force_write, parametros.escritura_forzada ? 1 : 0);
     }
+    const SenalesPropias senales;
     IProvider* proveedor = maestro()->getDispatcher();
     const QByteArray ruta = parametros.base.toLocal8Bit();
     IAttachment* enlace =

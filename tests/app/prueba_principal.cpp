@@ -4,6 +4,7 @@
 #include "app/ventanaavisos.h"
 #include "app/vigiamensajes.h"
 #include "sesion_de_prueba.h"
+#include "toolkit/rejilla/rejilla.h"
 
 #include <QMenu>
 #include <QPushButton>
@@ -32,6 +33,7 @@ private slots:
     void el_sello_de_la_sesion_se_borra_solo_el_mismo_dia();
     void ctrl_f1_recarga_la_configuracion_y_conserva_lo_copiado();
     void lo_que_se_muestra_al_entrar_depende_de_un_si_exacto();
+    void busqueda_y_plantillas_se_abren_con_sus_teclas_y_sus_derechos();
     void los_mensajes_sin_leer_aparecen_al_entrar_y_se_marcan();
     void una_excepcion_que_nadie_atrapa_llega_a_la_falla_general();
     void los_saldos_se_compactan_en_silencio();
@@ -376,6 +378,60 @@ void PruebaPrincipal::lo_que_se_muestra_al_entrar_depende_de_un_si_exacto() {
     s_->entre("AUXILIAR");
     QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
     QVERIFY(escritorio()->abiertas().isEmpty());
+}
+
+void PruebaPrincipal::busqueda_y_plantillas_se_abren_con_sus_teclas_y_sus_derechos() {
+    const auto nombres = [] {
+        QStringList todas;
+        for (Pantalla* x : escritorio()->abiertas())
+            todas << x->objectName();
+        return todas;
+    };
+    const auto concede = [this](int opcion, bool si) {
+        s_->bases.base().ejecute(
+            QString("update or insert into acceso_usuario (user_cod, acus_modulo, acus_opcion, "
+                    "acus_si) values ('AUXILIAR', 'CONTABILIDAD', %1, '%2')")
+                .arg(opcion)
+                .arg(si ? 'S' : 'N'));
+    };
+    s_->bases.base().ejecute(
+        "insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) values "
+        "(1, 'CG', '0001', 'Arriendo')");
+    Tfprincipal& p = s_->entre("AUXILIAR");
+    const struct {
+        const char *entrada, *pantalla;
+        int opcion;
+    } casos[] = {{"Busquedadecomprobantes1", "Tfbuscomproba", 31},
+                 {"Buscarplantillas1", "Tfbuscplantilla", 41},
+                 {"Crearnuevaplantilla1", "Tfplantilla", 40}};
+    for (const auto& c : casos) {
+        QAction* entrada = p.findChild<QAction*>(c.entrada);
+        QVERIFY(entrada);
+        concede(c.opcion, false);
+        s_->dialogos.espere(kAccesoNegado);
+        entrada->trigger();
+        QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+        QCOMPARE(nombres(), QStringList());
+        concede(c.opcion, true);
+        entrada->trigger();
+        QCOMPARE(nombres(), QStringList({c.pantalla}));
+        QVERIFY(!s_->datos.modo_mantenimiento);
+        escritorio()->cierre_todas();
+    }
+    p.activateWindow(); // los diálogos se llevaron la activación
+    (void)QTest::qWaitForWindowActive(&p);
+    QTest::keyClick(&p, Qt::Key_F1, Qt::ShiftModifier);
+    QCOMPARE(nombres(), QStringList({"Tfbuscomproba"}));
+    escritorio()->cierre_todas();
+    // Desde el menú la lista se mantiene: el doble clic edita en vez de escoger.
+    QTest::keyClick(&p, Qt::Key_F6, Qt::ShiftModifier);
+    QCOMPARE(nombres(), QStringList({"Tfbuscplantilla"}));
+    auto* rejilla = escritorio()->activa()->findChild<Rejilla*>("DBGridEh1");
+    rejilla->OnDblClick(0);
+    QCOMPARE(nombres(), QStringList({"Tfbuscplantilla", "Tfedtplantilla"}));
+    escritorio()->cierre_todas();
+    p.findChild<QPushButton*>("sButton6")->click();
+    QCOMPARE(nombres(), QStringList({"Tfmnuplantilla"}));
 }
 
 void PruebaPrincipal::los_mensajes_sin_leer_aparecen_al_entrar_y_se_marcan() {

@@ -45,7 +45,13 @@ struct SesionEnLugar {
         dm.barra(nullptr);
     }
     void cierre_mensaje() {
-        auto* mensaje = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QWidget* modal = QApplication::activeModalWidget();
+        // La impresión que sale tras cada grabación se deja con Esc.
+        if (auto* impresion = modal && modal->isVisible()
+                                  ? modal->findChild<Pantalla*>("Tfimprcomproba")
+                                  : nullptr)
+            return QTest::keyClick(impresion, Qt::Key_Escape);
+        auto* mensaje = qobject_cast<QMessageBox*>(modal);
         if (!mensaje || !mensaje->isVisible())
             return;
         mensajes << mensaje->text();

@@ -41,6 +41,20 @@ private slots:
             QVERIFY(hay >= confirmados);
         }
     }
+
+    void la_orden_de_terminar_del_sistema_lo_termina() {
+        BaseDePrueba b;
+        QProcess p;
+        p.start(QCoreApplication::applicationDirPath() + "/grabador",
+                {b.ruta(), "ADMIN", "", "100000"});
+        QVERIFY2(p.waitForReadyRead(30000), p.readAllStandardError());
+        p.terminate(); // el cliente de la base la toma para sí y dejaba un proceso sin base
+        QVERIFY(p.waitForFinished(10000));
+        Conexion c;
+        c.conectar(b.parametros());
+        QCOMPARE(a_medias(c), QString());
+        QCOMPARE(saldos_distintos(c), QString());
+    }
 };
 
 QTEST_GUILESS_MAIN(PruebaMuerteSubita)

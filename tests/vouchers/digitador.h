@@ -18,9 +18,18 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+/// Impresión que se cierra sola: quien digita no la atiende en cada comprobante.
+class SinImpresion : public Pantalla {
+public:
+    SinImpresion() : Pantalla("Tfimprcomproba") {}
+    void FormCreate() override { pida_cierre_al_crear(); }
+};
+
 struct Digitador {
-    explicit Digitador(SesionGui& sesion) : s(sesion) {
+    explicit Digitador(SesionGui& sesion, bool imprime = false) : s(sesion) {
         registre_pantallas_comprobantes();
+        if (!imprime)
+            pantallas().registre("Tfimprcomproba", [] { return new SinImpresion; });
         s.cnt.dia_actual = "05";
         s.dm.barra(&barra);
         // Un diálogo que nadie esperaba no puede dejar colgada la prueba.

@@ -465,7 +465,7 @@ private slots:
 
     void el_formato_de_la_demostracion_imprime_dos_hojas_y_sus_firmas() {
         SesionGui s;
-        Digitador d(s);
+        Digitador d(s, true);
         const QImage logo = QImage::fromData(logo_demo());
         QCOMPARE(logo.size(), QSize(116, 200));
         QVERIFY(logo.pixelColor(2, 2) != logo.pixelColor(40, 50)); // la letra sobre su fondo

@@ -4,6 +4,8 @@
 #include "vouchers/tfedtplantilla.h"
 #include "vouchers/tfplantilla.h"
 
+#include <QClipboard>
+
 namespace {
 
 void ponga_plantilla(SesionGui& s, int id, const QString& tipo, const QString& prefijo,
@@ -407,6 +409,24 @@ private slots:
         QCOMPARE(p->lineas_2649->rejilla->nombre_archivo, QString("Plantillas"));
     }
 
+    void pegar_en_la_fila_en_blanco_agrega_y_no_reemplaza() {
+        SesionGui s;
+        Digitador d(s);
+        Tfplantilla* p = nueva(s, "x");
+        linea(p, {"110505", "", "", "", "", "", "", "", "", "5"});
+        otra_linea(p);
+        QGuiApplication::clipboard()->setText("111005\n240805");
+        p->lineas_2649->rejilla->SelectedIndex(0);
+        p->lineas_2649->rejilla->ejecute_orden(Rejilla::Pegar);
+        p->CDetalle.Cancel();
+        QStringList cuentas;
+        for (int k = 0; k < p->CDetalle.RecordCount(); ++k)
+            cuentas << p->CDetalle.valor_en(k, p->CDetalle.FieldByName("CUEN_COD")).texto();
+        QVERIFY2(cuentas.mid(0, 2) == QStringList({"110505", "111005"}),
+                 qPrintable(cuentas.join(',')));
+        p->CPlantilla.CancelUpdates();
+    }
+
     void salir_con_lineas_pregunta_y_sin_un_si_se_queda() {
         SesionGui s;
         Digitador d(s);
@@ -638,6 +658,16 @@ private slots:
         QVERIFY(s.cnt.plantilla_seleccion.isEmpty());
         QCOMPARE(m->DBEdit1->text(), QString("Arriendo"));
         QCOMPARE(m->CDetalle.RecordCount(), 2);
+        {
+            Interlocutor k;
+            k.espere("No puede grabar un comprobante descuadrado");
+            m->LTipo->setFocus();
+            oprima(Qt::Key_PageDown, Qt::ControlModifier);
+            QCOMPARE(m->PageControl1->currentIndex(), 1); // pasar de página no lo impide nada
+            QVERIFY2(k.conforme(), qPrintable(k.queja()));
+            con_foco();
+            oprima(Qt::Key_PageUp, Qt::ControlModifier);
+        }
         Interlocutor i;
         i.espere("No puede grabar un comprobante descuadrado");
         d.rejilla().setFocus();
