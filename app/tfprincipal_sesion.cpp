@@ -159,7 +159,8 @@ bool Tfprincipal::entre_usuario() {
         return false;
     }
     fdm().sucursal_usuario = int(CUsuario.FieldByName("SUCU_ID").entero());
-    lea_agencia();
+    if (fdm().sucursal_usuario != 0)
+        lea_agencia();
     EUsuario->setText(fdm().nombre_usuario);
     EUsuario->setToolTip(EUsuario->text());
     EUsuario->home(false);

@@ -96,7 +96,7 @@ espere_ventana "Contabilidad NIIF"
 foto formulario_principal 1.5
 
 shopt -s nullglob
-for guion in "${QUORVEX_GUIONES:-$raiz/herramientas/recorrido}"/*.sh; do
+for guion in "${QUORVEX_ESCENAS:-$raiz/herramientas/recorrido}"/*.sh; do
     . "$guion"
 done
 
