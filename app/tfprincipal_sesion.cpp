@@ -71,6 +71,8 @@ void Tfprincipal::FormActivate() {
     habilite_submenus();
     primera_activacion = false;
     mensajes->Timer3Timer();
+    if (fdm().sucursal_usuario != 0)
+        lea_agencia();
     if (isVisible())
         compactador->inicie();
 }
@@ -159,8 +161,6 @@ bool Tfprincipal::entre_usuario() {
         return false;
     }
     fdm().sucursal_usuario = int(CUsuario.FieldByName("SUCU_ID").entero());
-    if (fdm().sucursal_usuario != 0)
-        lea_agencia();
     EUsuario->setText(fdm().nombre_usuario);
     EUsuario->setToolTip(EUsuario->text());
     EUsuario->home(false);
