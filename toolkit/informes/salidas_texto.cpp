@@ -76,39 +76,26 @@ Celdas celdas_de(const Renglon& renglon, double ancho) {
     return c;
 }
 
-QString clase_de(const Trozo& t) {
-    static const char* const lados[] = {"i", "c", "d"};
-    return QStringLiteral("e%1 %2").arg(t.estilo).arg(QLatin1String(lados[int(t.lado)]));
+/// Estilo de un texto, en la propia celda: los procesadores de texto no leen el de las clases.
+QString estilo_html(const Estilo& e) {
+    return QStringLiteral("font-family:'%1',sans-serif;font-size:%2pt;color:%3%4%5")
+        .arg(e.letra.isEmpty() ? QStringLiteral("Liberation Sans") : e.letra)
+        .arg(e.cuerpo)
+        .arg(e.color, e.negrita ? QStringLiteral(";font-weight:bold") : QString(),
+             e.cursiva ? QStringLiteral(";font-style:italic") : QString());
 }
 
 } // namespace
 
 void escriba_html(const Hojas& hojas, ArchivoSalida& salida, Rango rango, const QString& titulo) {
-    QString estilos;
-    int cuantos = 0;
-    for (int p = rango.desde; p <= rango.hasta; ++p)
-        for (const Trazo& t : hojas.lea(p))
-            if (t.clase == Trazo::Texto)
-                cuantos = qMax(cuantos, int(t.recurso) + 1);
-    for (int i = 0; i < cuantos; ++i) {
-        const Estilo& e = hojas.estilo_de(i);
-        estilos +=
-            QStringLiteral(".e%1{font:%2 %3 %4pt '%5',sans-serif;color:%6}\n")
-                .arg(i)
-                .arg(e.cursiva ? QStringLiteral("italic") : QStringLiteral("normal"),
-                     e.negrita ? QStringLiteral("bold") : QStringLiteral("normal"))
-                .arg(e.cuerpo)
-                .arg(e.letra.isEmpty() ? QStringLiteral("Liberation Sans") : e.letra, e.color);
-    }
     salida.escriba(
         QStringLiteral("<!DOCTYPE html>\n<html lang=\"es\"><head><meta charset=\"utf-8\">"
                        "<title>%1</title>\n<style>\n.hoja{margin:8mm auto;page-break-after:always}"
-                       "\ntable{border-collapse:collapse;table-layout:fixed;width:100%}\n"
+                       "\ntable{border-collapse:collapse;table-layout:fixed}\n"
                        "td{padding:0;vertical-align:top;overflow:hidden;white-space:nowrap}\n"
-                       ".c{text-align:center}.d{text-align:right}\n"
-                       "hr{border:0;border-top:1px solid #000;margin:1px 0}\n%2</style></head>"
+                       "hr{border:0;border-top:1px solid #000;margin:1px 0}\n</style></head>"
                        "<body>\n")
-            .arg(titulo.toHtmlEscaped(), estilos));
+            .arg(titulo.toHtmlEscaped()));
     for (int p = rango.desde; p <= rango.hasta; ++p) {
         const double ancho = hojas.papel(p).ancho;
         salida.escriba(QStringLiteral("<div class=\"hoja\" style=\"width:%1mm\">\n").arg(ancho));
@@ -128,21 +115,31 @@ void escriba_html(const Hojas& hojas, ArchivoSalida& salida, Rango rango, const 
             if (!(celdas == abiertas)) {
                 cierre();
                 abiertas = celdas;
-                QString columnas = QStringLiteral("<table><colgroup>");
-                int anterior = 0;
-                for (int b : celdas.bordes) {
-                    columnas +=
-                        QStringLiteral("<col style=\"width:%1mm\">").arg((b - anterior) / 10.0);
-                    anterior = b;
-                }
-                salida.escriba(columnas + QStringLiteral("</colgroup>\n"));
+                salida.escriba(QStringLiteral("<table width=\"100%\" cellspacing=\"0\" "
+                                              "cellpadding=\"0\">\n"));
             }
             QString fila = QStringLiteral("<tr>");
-            for (const Trozo& t : r.trozos)
-                fila += QStringLiteral("<td></td><td class=\"%1\">%2</td>")
-                            .arg(clase_de(t), t.texto.toHtmlEscaped().replace(
-                                                  QLatin1Char('\n'), QLatin1String("<br>")));
-            salida.escriba(fila + QStringLiteral("<td></td></tr>\n"));
+            int anterior = 0;
+            const auto por_ciento = [&](int borde) {
+                const double parte = (borde - anterior) * 10 / ancho;
+                anterior = borde;
+                return QString::number(parte, 'f', 2);
+            };
+            static const char* const lados[] = {"left", "center", "right"};
+            for (qsizetype i = 0; i < r.trozos.size(); ++i) {
+                const Trozo& t = r.trozos[i];
+                fila +=
+                    QStringLiteral("<td width=\"%1%\"></td>").arg(por_ciento(celdas.bordes[2 * i]));
+                fila += QStringLiteral("<td width=\"%1%\" align=\"%2\"><span style=\"%3\">%4"
+                                       "</span></td>")
+                            .arg(por_ciento(celdas.bordes[2 * i + 1]),
+                                 QLatin1String(lados[int(t.lado)]),
+                                 estilo_html(hojas.estilo_de(t.estilo)),
+                                 t.texto.toHtmlEscaped().replace(QLatin1Char('\n'),
+                                                                 QLatin1String("<br>")));
+            }
+            salida.escriba(fila + QStringLiteral("<td width=\"%1%\"></td></tr>\n")
+                                      .arg(por_ciento(celdas.bordes.last())));
         }
         cierre();
         salida.escriba(QStringLiteral("</div>\n"));
