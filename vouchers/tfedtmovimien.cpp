@@ -99,7 +99,11 @@ void Tfedtmovimien::FormCreate() {
     lineas_niif->item = maximo_item(Libro::Niif, id);
     CCategoria.Open();
     muestre_auditoria(1, id, [this](const QString& t) { LabAudit->setText(t); });
-    muestre_auditoria(1001, id, [this](const QString& t) { Edit3->setText(t); });
+    muestre_auditoria(1001, id, [this](const QString& t) {
+        Edit3->setText(t);
+        Edit3->setToolTip(t);
+        Edit3->setCursorPosition(0); // si no cabe, que se vea el comienzo
+    });
     llene_categorias(lineas_2649->rejilla);
     llene_categorias(lineas_niif->rejilla);
     CMovimiento.FetchParams();

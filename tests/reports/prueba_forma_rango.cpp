@@ -5,6 +5,7 @@
 #include "ledger/libro_de_prueba.h"
 #include "reports/registro.h"
 #include "reports/tfrngauxiliarcta.h"
+#include "toolkit/lector_xls.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -18,6 +19,7 @@ private slots:
     void lo_impreso_es_la_suma_de_las_lineas();
     void sin_datos_avisa_y_se_cierra();
     void exportar_exige_su_derecho_y_graba_todas_las_columnas();
+    void el_libro_de_calculo_lleva_numeros_y_tildes();
     void una_fecha_mal_escrita_no_pierde_lo_digitado();
     void lo_impreso_cuadra_mientras_otro_graba();
     void la_lista_escribe_en_la_caja_que_la_pidio();
@@ -141,6 +143,42 @@ void PruebaFormaRango::exportar_exige_su_derecho_y_graba_todas_las_columnas() {
         QCOMPARE(Moneda::de_texto(celda(fila, "Saldo final")), saldo);
     }
     QVERIFY(filas.size() > 4);
+}
+
+void PruebaFormaRango::el_libro_de_calculo_lleva_numeros_y_tildes() {
+    SesionGui s;
+    agregue_libro(s);
+    s.cnt.periodo_actual = 2;
+    auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    QTemporaryDir carpeta;
+    Interlocutor i;
+    i.espere_modal("guardar_seleccion", [&](QWidget* w) {
+        static_cast<QFileDialog*>(w)->selectNameFilter("Microsoft Excel Workbook (*.xls)");
+        w->findChild<QLineEdit*>("fileNameEdit")->setText(carpeta.filePath("aux.xls"));
+        QMetaObject::invokeMethod(w, "accept");
+    });
+    componente<QPushButton>(f, "botonExportar").click();
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    const LectorXls libro(carpeta.filePath("aux.xls"));
+    QVERIFY2(libro.falla.isEmpty() && libro.hojas.size() == 1, qPrintable(libro.falla));
+    const HojaLeida& hoja = libro.hojas[0];
+    int titulos = 0;
+    while (hoja.valor(titulos, 1).toString() != "Cuenta" && titulos < 10)
+        ++titulos;
+    QMap<QString, int> columna;
+    for (int c = 0; c < 30; ++c)
+        columna[hoja.valor(titulos, c).toString()] = c;
+    const auto celda = [&](const char* titulo) { return hoja.valor(titulos + 1, columna[titulo]); };
+    QVERIFY(columna.contains("Débito") && columna.contains("Saldo final"));
+    // La primera fila: el crédito de la caja en marzo. El código es texto; los importes, números.
+    QCOMPARE(celda("Cuenta").typeId(), int(QMetaType::QString));
+    QCOMPARE(celda("Cuenta").toString(), QString("110505"));
+    QCOMPARE(celda("Concepto").toString(), QString("Línea"));
+    QCOMPARE(celda("Crédito").typeId(), int(QMetaType::Double));
+    QCOMPARE(celda("Crédito").toDouble(), 432000.12);
+    QCOMPARE(celda("Saldo final").toDouble(), 4567999.88);
+    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
+        QFile::copy(carpeta.filePath("aux.xls"), deja + "/aux.xls");
 }
 
 void PruebaFormaRango::una_fecha_mal_escrita_no_pierde_lo_digitado() {
