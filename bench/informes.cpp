@@ -22,8 +22,8 @@ int paginas_de(const QString& ruta) {
     QProcess p;
     p.start("pdfinfo", {ruta});
     p.waitForFinished();
-    const auto cuantas = QRegularExpression("Pages:\\s+(\\d+)")
-                             .match(QString::fromUtf8(p.readAllStandardOutput()));
+    const auto cuantas =
+        QRegularExpression("Pages:\\s+(\\d+)").match(QString::fromUtf8(p.readAllStandardOutput()));
     return cuantas.captured(1).toInt();
 }
 
@@ -101,17 +101,17 @@ void mida_masiva() {
     const QString tipo = cursor->valor(0).texto(), prefijo = cursor->valor(1).texto();
     const int desde = cursor->valor(2).entero();
     constexpr int kComprobantes = 1000;
-    const QString condicion = QStringLiteral(" where tico_cod = %1 and prco_pref = %2 and "
-                                             "enco_numero between %3 and %4")
-                                  .arg(QuotedStr(tipo), QuotedStr(prefijo),
-                                       QuotedStr(Tfdm::complete_numero(QString::number(desde))),
-                                       QuotedStr(Tfdm::complete_numero(
-                                           QString::number(desde + kComprobantes - 1))));
+    const QString condicion =
+        QStringLiteral(" where tico_cod = %1 and prco_pref = %2 and "
+                       "enco_numero between %3 and %4")
+            .arg(QuotedStr(tipo), QuotedStr(prefijo),
+                 QuotedStr(Tfdm::complete_numero(QString::number(desde))),
+                 QuotedStr(Tfdm::complete_numero(QString::number(desde + kComprobantes - 1))));
     const double crudo = mida(
         [&] {
             QVector<int> ids;
-            for (auto c = fdm().Quorvex.abra(
-                     "select enco_consec from comprobante_encabezado" + condicion);
+            for (auto c = fdm().Quorvex.abra("select enco_consec from comprobante_encabezado" +
+                                             condicion);
                  c->siguiente();)
                 ids << int(c->valor(0).entero());
             for (int id : ids)

@@ -13,7 +13,7 @@ using namespace informes;
 namespace {
 
 constexpr qreal kAnchoRejilla = 2000, kAltoRejilla = 1500;
-constexpr qreal kTrazo = 0.2;         // mm
+constexpr qreal kTrazo = 0.2;          // mm
 constexpr int kCorrimientoPasan = 100; // unidades a la izquierda del total
 constexpr qreal kPixelesPorMilimetro = 96 / 25.4;
 
@@ -155,7 +155,7 @@ void InterpreteFormato::letra_de(ConjuntoDatos& elementos, const char* prefijo) 
     letra_.letra =
         familia.texto().isEmpty() ? t_.CFormato.FieldByName("FORM_FONT").texto() : familia.texto();
     letra_.cuerpo = qreal(cuerpo.entero() > 0 ? cuerpo.entero()
-                                               : t_.CFormato.FieldByName("FORM_FSIZE").entero());
+                                              : t_.CFormato.FieldByName("FORM_FSIZE").entero());
     if (letra_.cuerpo <= 0)
         letra_.cuerpo = kCuerpoPorOmision;
 }

@@ -57,13 +57,13 @@ public:
     void lista(int indice, const QStringList& textos, const QStringList& valores = {});
 
     // --- comportamiento
-    bool ReadOnly = false;        ///< no se edita, inserta ni borra desde la rejilla
-    bool permite_insertar = true; ///< Abajo en la última fila agrega otra; Insert inserta
-    bool permite_borrar = true;   ///< Ctrl+Supr pregunta y borra la fila actual
-    bool enter_como_tab = false;  ///< Enter pasa a la celda siguiente si no hay selección
+    bool ReadOnly = false;            ///< no se edita, inserta ni borra desde la rejilla
+    bool permite_insertar = true;     ///< Abajo en la última fila agrega otra; Insert inserta
+    bool permite_borrar = true;       ///< Ctrl+Supr pregunta y borra la fila actual
+    bool enter_como_tab = false;      ///< Enter pasa a la celda siguiente si no hay selección
     bool enter_con_seleccion = false; ///< enter_como_tab también con varias celdas seleccionadas
-    bool reclama_escape = true;   ///< Esc cancela la celda o la fila antes de llegar a la pantalla
-    bool orden_local = false;     ///< el título ordena las filas en memoria
+    bool reclama_escape = true; ///< Esc cancela la celda o la fila antes de llegar a la pantalla
+    bool orden_local = false;   ///< el título ordena las filas en memoria
     QString texto_vacio;   ///< lo que dice una lista sin filas, con la tecla que crea la primera
     bool editable() const; ///< atada, sin ReadOnly y con el conjunto abierto
 
