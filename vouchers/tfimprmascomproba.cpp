@@ -44,7 +44,7 @@ Tfimprmascomproba::Tfimprmascomproba()
                                   [this] { SpeedButton1Click(); }));
     barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     f.botones(barra);
-    enter_como_tab();
+    tecla(Qt::Key_Return, "SpeedButton1");
     tecla(Qt::Key_F10, "formato base", [this] {
         formato_base = true;
         SpeedButton1Click();
