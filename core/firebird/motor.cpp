@@ -63,11 +63,13 @@ void prepare_motor_local() {
     copie(instalado + "/intl/fbintl.conf", carpeta_ + "/intl/fbintl.conf");
     enlace(instalado + "/firebird.msg", carpeta_ + "/firebird.msg");
     enlace(QStringLiteral("/etc/firebird/3.0/plugins.conf"), carpeta_ + "/plugins.conf");
+    // TempCacheLimit: de ahí en adelante los ordenamientos van a disco; la memoria de un informe no
+    // crece con sus filas y el tiempo es el mismo.
     // Classic: el archivo se comparte entre procesos; Super lo abriría en exclusiva.
     escriba(carpeta_ + "/firebird.conf", "ServerMode = Classic\n"
                                          "Providers = Remote, Engine12, Loopback\n"
                                          "DatabaseAccess = Full\n"
-                                         "TempCacheLimit = 134217728\n"
+                                         "TempCacheLimit = 16777216\n"
                                          "FileSystemCacheThreshold = 1000000\n");
     escriba(carpeta_ + "/databases.conf", "");
     qputenv("FIREBIRD", QFile::encodeName(carpeta_));
