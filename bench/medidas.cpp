@@ -1,8 +1,10 @@
 #include "bench/medidas.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <cstdio>
 #include <stdexcept>
@@ -75,15 +77,27 @@ QString demostracion(int renglones) {
     const QString carpeta =
         QDir::cleanPath(QStringLiteral("%1/../bench_bd/%2").arg(programas).arg(renglones));
     const QString listo = carpeta + QStringLiteral("/listo");
-    if (QFile::exists(listo))
+    const QString administrador = programas + QStringLiteral("/quorvex-admin");
+    const auto marque = [&] {
+        QFile marca(listo);
+        if (!marca.open(QIODevice::WriteOnly))
+            throw std::runtime_error("no se pudo escribir en la carpeta de las medidas");
+    };
+    if (QFile::exists(listo)) {
+        // La de una versión anterior recibe los procedimientos de esta.
+        if (QFileInfo(listo).lastModified() < QFileInfo(administrador).lastModified()) {
+            if (QProcess::execute(administrador, {"actualizar", "--ubicacion", carpeta}) != 0)
+                throw std::runtime_error("no se pudo poner al día la demostración");
+            marque();
+        }
         return carpeta;
+    }
     QDir(carpeta).removeRecursively();
     QDir().mkpath(carpeta);
     std::fprintf(stderr, "creando la demostración de %d renglones...\n", renglones);
-    if (QProcess::execute(
-            programas + QStringLiteral("/quorvex-admin"),
-            {"crear-demo", "--ubicacion", carpeta, "--lineas", QString::number(renglones)}) != 0)
+    if (QProcess::execute(administrador, {"crear-demo", "--ubicacion", carpeta, "--lineas",
+                                          QString::number(renglones)}) != 0)
         throw std::runtime_error("no se pudo crear la demostración");
-    QFile(listo).open(QIODevice::WriteOnly);
+    marque();
     return carpeta;
 }
