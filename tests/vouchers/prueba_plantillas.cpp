@@ -686,6 +686,7 @@ private slots:
         QVERIFY(s.cnt.plantilla_seleccion.isEmpty());
         QCOMPARE(m->DBEdit1->text(), QString("Arriendo"));
         QCOMPARE(m->CDetalle.RecordCount(), 2);
+        QCOMPARE(m->lineas_2649->SumCred->text(), QString("40.00"));
         {
             Interlocutor k;
             k.espere("No puede grabar un comprobante descuadrado");
@@ -744,6 +745,7 @@ private slots:
                           e->CDetalle.valor_en(k, e->CDetalle.FieldByName("CUEN_COD")).texto();
         // quedan las de arriba de la actual, y las nuevas repiten sus números
         QCOMPARE(lineas, QStringList({"1:110505", "2:310505", "1:111005", "2:240805"}));
+        QCOMPARE(e->lineas_2649->SumCred->text(), QString("150.00"));
         e->CMovimiento.CancelUpdates();
     }
 
