@@ -13,7 +13,7 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     LTipo = new ListaDato(this);
     LTipo->setObjectName("LTipo");
     LTipo->lista_de(&tipos, "TICO_COD", "TICO_NOM");
-    buscar = new QPushButton(icono("edit-find"), "&Buscar", this);
+    buscar = new QPushButton(icono("edit-find"), "Buscar", this);
     buscar->setObjectName(nombre_boton);
     buscar->setAutoDefault(false);
     // Los datos cortos van con el tipo; del primero largo en adelante, en el otro renglón.

@@ -11,7 +11,8 @@ PantallaLineas::PantallaLineas(const QString& clase, const QString& titulo,
       PCategoria(this, "PCategoria", &fdmcnt().TConceptoconta), CBorrar(this, "CBorrar", &PBorrar),
       CDetalle(this, "CDetalle"), Cdetniif(this, detalle_niif),
       CTipodoc(this, "CTipodoc", &PTipodoc), CCategoria(this, "CCategoria", &PCategoria) {
-    CTipodoc.texto("TICO_COD", 3);
+    // Con llave, al releerse por otro tipo nuevo sigue en el escogido, y con él sus prefijos.
+    CTipodoc.texto("TICO_COD", 3).banderas(pfInUpdate | pfInWhere | pfInKey);
     CTipodoc.texto("TICO_NOM", 60);
     CCategoria.texto("CONC_COD", 6);
     CCategoria.texto("CONC_NOMBRE", 60);

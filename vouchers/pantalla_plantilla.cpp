@@ -94,7 +94,6 @@ void PantallaPlantilla::abra_catalogos() {
     CTipodoc.Open();
     CArticulo.Open();
     CCategoria.Open();
-    abra_pagina_inicial();
     QStringList codigos, nombres;
     for (CCategoria.First(); !CCategoria.Eof(); CCategoria.Next()) {
         codigos << CCategoria.FieldByName("CONC_COD").texto();

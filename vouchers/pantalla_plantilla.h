@@ -31,7 +31,7 @@ protected:
 
     bool muestra_lineas_ = false; ///< al pasar a una línea se muestran sus nombres y sumas
 
-    /// Abre los catálogos y escoge la página inicial.
+    /// Une los proveedores y abre los catálogos.
     void abra_catalogos();
     /// Deja en LPref los prefijos del tipo del encabezado, sin tocar el que tiene.
     void ubique_tipo();

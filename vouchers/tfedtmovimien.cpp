@@ -348,6 +348,7 @@ void Tfedtmovimien::traiga_plantilla() {
         copie_lineas_plantilla(CPlantilladet, CDetalle,
                                CMovimiento.FieldByName("ENCO_CONSEC").valor(),
                                CMovimiento.FieldByName("ENCO_CONCEPTO").texto());
+        lineas_2649->actualice_sumas(); // con la última línea, que no se dejó
         CPlantilla.Close();
     }
     fdmcnt().plantilla_seleccion.clear();

@@ -409,6 +409,9 @@ void Tfmovimien::traiga_plantilla() {
     const Valor id = CMovimiento.FieldByName("ENCO_CONSEC").valor();
     copie_lineas_plantilla(CPlantilladet, CDetalle, id, concepto);
     copie_lineas_plantilla(Cplantilladn, Cdetniif, id, concepto);
+    // La última línea se grabó sin pasar a otra: las sumas aún no la cuentan.
+    lineas_2649->actualice_sumas();
+    lineas_niif->actualice_sumas();
     CPlantilla.Close();
 }
 

@@ -9,6 +9,7 @@ Tfplantilla::Tfplantilla()
 
 void Tfplantilla::FormCreate() {
     abra_catalogos();
+    abra_pagina_inicial(); // al editar se abre siempre en el 2649
     CPlantilla.Open();
     CPlantilla.Append();
     muestra_lineas_ = true;

@@ -222,6 +222,22 @@ private slots:
         QCOMPARE(p->CPlantilla.FieldByName("TICO_COD").texto(), QString("ZZ"));
     }
 
+    void un_tipo_nuevo_antes_del_escogido_no_cambia_sus_prefijos() {
+        SesionGui s;
+        Digitador d(s);
+        auto* p = s.abra<Tfplantilla>("Tfplantilla");
+        p->LTipo->setFocus();
+        escoja(*p->LTipo, "Recibo de caja");
+        s.base.ejecute({"insert into tipo_comprobante (tico_cod, tico_nom, tico_formato) values "
+                        "('AA', 'Alfa', 'N')"});
+        p->FormActivate();
+        QCOMPARE(p->LPref->count(), 2);
+        QCOMPARE(p->CPrefijos.FieldByName("TICO_COD").texto(), QString("RC"));
+        p->LPref->setFocus();
+        oprima(Qt::Key_Down);
+        QCOMPARE(p->CPlantilla.FieldByName("PRCO_PREF").texto(), QString("0002"));
+    }
+
     // ------------------------------------------------------------ líneas
 
     void la_linea_incompleta_se_rehusa_tambien_en_una_plantilla() {
@@ -505,6 +521,18 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
+    void solo_la_plantilla_nueva_abre_en_el_libro_configurado() {
+        SesionGui s;
+        Digitador d(s);
+        d.configure("GENERAL",
+                    "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y HACER "
+                    "CONSULTAS",
+                    "NIIF");
+        ponga_plantilla(s, 8, "CG", "0001", "Abono", "", {"110505:50:0"});
+        QCOMPARE(s.abra<Tfplantilla>("Tfplantilla")->PageControl1->currentIndex(), 1);
+        QCOMPARE(edite(s, "8")->PageControl1->currentIndex(), 0);
+    }
+
     void borrar_desde_la_edicion_nombra_la_plantilla_cero() {
         SesionGui s;
         Digitador d(s);
@@ -658,6 +686,7 @@ private slots:
         QVERIFY(s.cnt.plantilla_seleccion.isEmpty());
         QCOMPARE(m->DBEdit1->text(), QString("Arriendo"));
         QCOMPARE(m->CDetalle.RecordCount(), 2);
+        QCOMPARE(m->lineas_2649->SumCred->text(), QString("40.00"));
         {
             Interlocutor k;
             k.espere("No puede grabar un comprobante descuadrado");
@@ -716,6 +745,7 @@ private slots:
                           e->CDetalle.valor_en(k, e->CDetalle.FieldByName("CUEN_COD")).texto();
         // quedan las de arriba de la actual, y las nuevas repiten sus números
         QCOMPARE(lineas, QStringList({"1:110505", "2:310505", "1:111005", "2:240805"}));
+        QCOMPARE(e->lineas_2649->SumCred->text(), QString("150.00"));
         e->CMovimiento.CancelUpdates();
     }
 
