@@ -75,33 +75,50 @@ Tfdmcnt::~Tfdmcnt() {
 
 // ---------------------------------------------------------------- período
 
-void Tfdmcnt::mes_mas() {
-    if (periodo_actual >= 12) {
-        periodo_actual = 0;
-        ano_actual = QString::number(Tfdm::entero(ano_actual) + 1);
+void CursorPeriodo::mas() {
+    if (indice >= 12) {
+        indice = 0;
+        ++ano;
     } else {
-        ++periodo_actual;
+        ++indice;
     }
-    guarde_periodo();
 }
 
-void Tfdmcnt::mes_menos() {
-    const int ano = Tfdm::entero(ano_actual);
+void CursorPeriodo::menos() {
     const int inicio =
         Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "AÑO DE INICIO"));
     const int mes = Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "MES DE INICIO"));
     if (ano <= inicio) {
-        if (periodo_actual > mes - 1)
-            --periodo_actual;
+        if (indice > mes - 1)
+            --indice;
         else
             QApplication::beep();
-    } else if (periodo_actual < 1) {
-        periodo_actual = 12;
-        ano_actual = QString::number(ano - 1);
+    } else if (indice < 1) {
+        indice = 12;
+        --ano;
     } else {
-        --periodo_actual;
+        --indice;
     }
+}
+
+CursorPeriodo Tfdmcnt::cursor() const {
+    return {Tfdm::entero(ano_actual), periodo_actual};
+}
+
+void Tfdmcnt::mueva_periodo(void (CursorPeriodo::*paso)()) {
+    CursorPeriodo nuevo = cursor();
+    (nuevo.*paso)();
+    ano_actual = QString::number(nuevo.ano);
+    periodo_actual = nuevo.indice;
     guarde_periodo();
+}
+
+void Tfdmcnt::mes_mas() {
+    mueva_periodo(&CursorPeriodo::mas);
+}
+
+void Tfdmcnt::mes_menos() {
+    mueva_periodo(&CursorPeriodo::menos);
 }
 
 void Tfdmcnt::guarde_periodo() {

@@ -4,6 +4,18 @@
 #include "core/libro.h"
 #include "core/recordset/conjunto.h"
 
+/// Período contable y cómo se mueve: 0 a 11 los meses, 12 "Ajustes".
+struct CursorPeriodo {
+    int ano = 0;
+    int indice = 0;
+    /// Después de "Ajustes" sigue el primer mes del otro año; no hay límite.
+    void mas();
+    /// En el mes de inicio de la contabilidad se queda, con un pitido.
+    void menos();
+    /// Número que va a un procedimiento: 1 a 13.
+    int numero() const { return indice + 1; }
+};
+
 class Tfdmcnt : public QObject {
     Q_OBJECT
 public:
@@ -18,6 +30,7 @@ public:
     void mes_menos();
     /// Guarda el período en la fila del usuario.
     void guarde_periodo();
+    CursorPeriodo cursor() const;
     QString nombre_periodo() const;
     QString dias_periodo() const;
     QString compone_fecha(const QString& dia) const;       ///< "aaaammdd"; corrige y pita si excede
@@ -70,6 +83,9 @@ public:
                             const QString& numero_sugerido, Campo& campo);
     /// Descripción de un activo fijo, o vacía.
     QString desc_activo(const QString& codigo);
+
+private:
+    void mueva_periodo(void (CursorPeriodo::*paso)());
 };
 
 Tfdmcnt& fdmcnt();

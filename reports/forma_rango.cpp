@@ -1,7 +1,6 @@
 #include "reports/forma_rango.h"
 
 #include "core/instalacion.h"
-#include "core/tfdmcnt.h"
 #include "core/tfdmter.h"
 #include "core/variables_informe.h"
 #include "reports/columnas_auxiliar.h"
@@ -16,6 +15,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopeGuard>
@@ -54,41 +54,12 @@ AspectoCaja aspecto_de(ClaseRango clase) {
 
 } // namespace
 
-// ---------------------------------------------------------------- período propio
-
-PeriodoPrivado PeriodoPrivado::de_la_sesion() {
-    return {Tfdm::entero(fdmcnt().ano_actual), qMin(fdmcnt().periodo_actual, 12)};
-}
-
-void PeriodoPrivado::mas() {
-    if (indice >= 12) {
-        indice = 0;
-        ++ano;
-    } else {
-        ++indice;
-    }
-}
-
-void PeriodoPrivado::menos() {
-    const int inicio =
-        Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "AÑO DE INICIO"));
-    const int mes = Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "MES DE INICIO"));
-    if (ano < inicio || (ano == inicio && indice <= mes - 1)) {
-        QApplication::beep();
-    } else if (indice < 1) {
-        indice = 12;
-        --ano;
-    } else {
-        --indice;
-    }
-}
-
 // ---------------------------------------------------------------- construcción
 
 FormaRango::FormaRango(const DatosRango& datos)
     : Pantalla(datos.clase, datos.titulo), CAuxiliar(this, datos.conjunto, &PAuxiliar),
       ETit(new QLineEdit(this)), DBGridEh1(new Rejilla(this)), Panel5(new QLabel(this)),
-      datos_(datos), periodo(PeriodoPrivado::de_la_sesion()) {
+      datos_(datos), periodo(fdmcnt().cursor()) {
     ETit->setObjectName("ETit");
     ETit->setPlaceholderText(QStringLiteral("(lo compone el programa)"));
     DBGridEh1->setObjectName("DBGridEh1");
@@ -101,6 +72,8 @@ FormaRango::FormaRango(const DatosRango& datos)
     Panel5->setFrameShape(QFrame::StyledPanel);
     Panel5->setMargin(paso(2));
     Panel5->hide();
+    // "Cierre", que solo queda guardado, no es un período de los informes.
+    periodo.indice = qMin(periodo.indice, 12);
     CAuxiliar.Instantanea = true;
     enter_como_tab();
     tamano(datos_.tamano.width(), datos_.tamano.height());
@@ -111,7 +84,7 @@ QLineEdit* FormaRango::caja(const QString& nombre, int caracteres) {
     auto* c = new QLineEdit(this);
     c->setObjectName(nombre);
     c->setMaxLength(caracteres);
-    c->setMinimumWidth(ancho_caracteres(c->fontMetrics(), qMin(caracteres, 12) + 2));
+    c->setMinimumWidth(ancho_caracteres(c->fontMetrics(), qMin(caracteres, 8) + 2));
     c->installEventFilter(this);
     return c;
 }
@@ -143,6 +116,19 @@ QCheckBox* FormaRango::casilla(const QString& nombre, const QString& texto) {
     auto* c = new QCheckBox(texto, this);
     c->setObjectName(nombre);
     return c;
+}
+
+void FormaRango::arme_casillas(Formulario& f, std::initializer_list<QCheckBox*> casillas) {
+    auto* grupo = new QWidget(this);
+    auto* rejilla = new QGridLayout(grupo);
+    rejilla->setSpacing(paso(0.25));
+    rejilla->setContentsMargins(0, 0, 0, 0);
+    int puestas = 0;
+    for (QCheckBox* c : casillas) {
+        rejilla->addWidget(c, puestas / 2, puestas % 2);
+        ++puestas;
+    }
+    f.ancha(grupo, 0);
 }
 
 QCheckBox* FormaRango::casilla_niif(const QString& texto) {
@@ -186,7 +172,7 @@ QWidget* FormaRango::cree_periodo() {
     caja_periodo = new CajaPeriodo(this);
     caja_periodo->rango_ano(kPrimerAno, 9999);
     const auto boton = [this](const char* nombre, Qt::ArrowType flecha, const QString& ayuda,
-                              void (PeriodoPrivado::*mueva)()) {
+                              void (CursorPeriodo::*mueva)()) {
         auto* b = new QToolButton(this);
         b->setObjectName(nombre);
         b->setArrowType(flecha);
@@ -204,9 +190,9 @@ QWidget* FormaRango::cree_periodo() {
     connect(caja_periodo, &CajaPeriodo::ano_cambiado, this, [this](int a) { periodo.ano = a; });
     muestre_periodo();
     return Formulario::junto(
-        {boton("SpeedButton1", Qt::LeftArrow, "Período anterior", &PeriodoPrivado::menos),
+        {boton("SpeedButton1", Qt::LeftArrow, "Período anterior", &CursorPeriodo::menos),
          caja_periodo,
-         boton("SpeedButton2", Qt::RightArrow, "Período siguiente", &PeriodoPrivado::mas)});
+         boton("SpeedButton2", Qt::RightArrow, "Período siguiente", &CursorPeriodo::mas)});
 }
 
 void FormaRango::ponga_fechas() {
@@ -356,23 +342,24 @@ void FormaRango::reciba(QLineEdit* caja, const QString& valor) {
 void FormaRango::complete_rangos() {
     for (const ParRango& par : datos_.pares) {
         QLineEdit *desde = renglon(par.desde), *hasta = renglon(par.hasta);
-        if (par.omision_hasta.isEmpty() && desde->text().isEmpty()) {
+        if (par.omision_hasta.isEmpty() && valor(par.desde).isEmpty()) {
             rehuse(
                 findChild<QWidget*>(par.desde),
                 QStringLiteral("Falta \"%1 desde\": escójalo de la lista (F5) o digite su código.")
                     .arg(par.rotulo));
         }
-        if (desde->text().isEmpty() && hasta->text().isEmpty()) {
+        if (valor(par.desde).isEmpty() && valor(par.hasta).isEmpty()) {
             desde->setText(par.omision_desde);
             hasta->setText(par.omision_hasta);
-        } else if (hasta->text().isEmpty()) {
+        } else if (valor(par.hasta).isEmpty()) {
             hasta->setText(desde->text());
         }
         if (par.clase != ClaseRango::Fecha)
             continue;
         static const QRegularExpression fecha(QStringLiteral("^[0-9]{8}$"));
         for (QLineEdit* c : {desde, hasta})
-            if (!c->text().isEmpty() && !fecha.match(c->text()).hasMatch())
+            if (const QString dia = c->text().trimmed();
+                !dia.isEmpty() && !fecha.match(dia).hasMatch())
                 rehuse(c,
                        QStringLiteral("La fecha \"%1\" no es válida: digítela como aaaammdd, por "
                                       "ejemplo 20170131.")

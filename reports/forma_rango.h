@@ -4,7 +4,7 @@
 // Un miembro es sus pares de cajas, su consulta, su reporte y su título. F2 consulta y manda las
 // filas al motor de informes; "F4:Exportar" las graba completas, en las columnas de la rejilla. La
 // pantalla se cierra al terminar, también cuando no hay datos.
-#include "core/tfdm.h"
+#include "core/tfdmcnt.h"
 #include "core/variables_informe.h"
 #include "toolkit/informes/motor.h"
 #include "toolkit/pantalla.h"
@@ -42,17 +42,6 @@ struct DatosRango {
     QString archivo; ///< que se propone al exportar
     int opcion_exportar = 0;
     QVector<ParRango> pares;
-};
-
-/// Período propio de una pantalla: se mueve como el de la sesión, sin tocarlo ni guardarlo.
-struct PeriodoPrivado {
-    int ano = 0;
-    int indice = 0; ///< 0 a 11 los meses, 12 "Ajustes"
-    static PeriodoPrivado de_la_sesion();
-    void mas();
-    void menos(); ///< no pasa del período más antiguo
-    /// Número que va a un procedimiento: 1 a 13.
-    int numero() const { return indice + 1; }
 };
 
 class FormaRango : public Pantalla {
@@ -102,6 +91,8 @@ protected:
     void arme_botones(Formulario& f);
     QCheckBox* casilla(const QString& nombre, const QString& texto);
     QCheckBox* casilla_niif(const QString& texto = QStringLiteral("Cuentas NIIF"));
+    /// Las casillas, de a dos por renglón y a todo el ancho: la pantalla es angosta.
+    void arme_casillas(Formulario& f, std::initializer_list<QCheckBox*> casillas);
     QLineEdit* caja(const QString& nombre, int caracteres);
     /// Caja de mes y año con sus dos botones, sobre `periodo`.
     QWidget* cree_periodo();
@@ -121,7 +112,7 @@ protected:
     bool marcada(const QCheckBox* casilla) const;
 
     const DatosRango datos_;
-    PeriodoPrivado periodo;
+    CursorPeriodo periodo; ///< propio: no es el de la sesión ni se guarda
     CajaPeriodo* caja_periodo = nullptr;
     bool exportar = false;
 

@@ -34,7 +34,7 @@ Tfrngauxiliarcent::Tfrngauxiliarcent() : FormaRango(kDatos) {
     arme_pares(f);
     agrupater = casilla("agrupater", "Agrupar por tercero");
     casilla_niif();
-    f.fila({{"", agrupater}, {"", ckniif}});
+    arme_casillas(f, {agrupater, ckniif});
     arme_titulo(f);
     arme_botones(f);
     ponga_fechas();

@@ -38,8 +38,7 @@ Tfrngauxiliarcta::Tfrngauxiliarcta() : FormaRango(kDatos) {
     Chcentro = casilla("Chcentro", "Agrupar por centros");
     casilla_niif();
     f.fila("Incluir sólamente:", TxCateg);
-    f.fila({{"", CkSinMov}, {"", CkCateg}});
-    f.fila({{"", Chcentro}, {"", ckniif}});
+    arme_casillas(f, {CkSinMov, ckniif, CkCateg, Chcentro});
     arme_titulo(f);
     arme_botones(f);
     ponga_fechas();
@@ -51,7 +50,7 @@ QString Tfrngauxiliarcta::sql() {
                     argumentos({"EDesde", "EHasta", "EFecIni", "EFecFin", "ProyIni", "ProyFin",
                                 "CentIni", "CentFin"}) +
                     (marcada(CkSinMov) ? ", 'S')" : ", 'N')");
-    if (!TxCateg->text().isEmpty())
+    if (!valor("TxCateg").isEmpty())
         texto += " where CATEGORIA = " + entre_comillas("TxCateg");
     if (marcada(CkCateg))
         return texto + " order by CUENTA,CATEGORIA,FECHA,PREFIJO,NUMERO";

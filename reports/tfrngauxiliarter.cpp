@@ -39,8 +39,7 @@ Tfrngauxiliarter::Tfrngauxiliarter() : FormaRango(kDatos) {
     cknombre = casilla("cknombre", "Ordenar por nombre");
     Chcentro = casilla("Chcentro", "Agrupar por centros");
     casilla_niif();
-    f.fila({{"", CkSinMov}, {"", cknombre}});
-    f.fila({{"", Chcentro}, {"", ckniif}});
+    arme_casillas(f, {CkSinMov, ckniif, cknombre, Chcentro});
     arme_titulo(f);
     arme_botones(f);
     ponga_fechas();

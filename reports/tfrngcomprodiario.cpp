@@ -25,7 +25,7 @@ Tfrngcomprodiario::Tfrngcomprodiario() : FormaRango(kDatos) {
     arme_pares(f);
     Ckdetalle = casilla("Ckdetalle", "Incluir detalle de comprobantes");
     casilla_niif("Movimiento NIIF");
-    f.fila({{"", Ckdetalle}, {"", ckniif}});
+    arme_casillas(f, {Ckdetalle, ckniif});
     arme_titulo(f);
     arme_botones(f);
 }

@@ -26,8 +26,7 @@ Tfrngconsecutivos::Tfrngconsecutivos() : FormaRango(kDatos) {
     Ckdetalle = casilla("Ckdetalle", "Incluir detalle de comprobantes");
     CkDesc = casilla("CkDesc", "Sólo descuadrados");
     casilla_niif("Movimiento NIIF");
-    f.fila({{"", Ckdetalle}, {"", CkDesc}});
-    f.fila({{"", ckniif}});
+    arme_casillas(f, {Ckdetalle, ckniif, CkDesc});
     arme_titulo(f);
     arme_botones(f);
 }

@@ -1,6 +1,7 @@
 // Auxiliares por cuenta, tercero y centro: lo impreso contra las líneas mismas.
 #include "auxiliar_de_prueba.h"
 #include "reports/registro.h"
+#include "reports/tfrngauxiliarcta.h"
 
 namespace {
 
@@ -259,6 +260,19 @@ void PruebaInformesAuxiliares::la_consulta_es_la_convenida() {
              cta + "'S') order by CUENTA,CATEGORIA,FECHA,PREFIJO,NUMERO");
     QCOMPARE(consulta("Tfrngauxiliarcta", {"Chcentro"}),
              cta + "'N') order by PROYECTO,CENTRO,CUENTA,FECHA,PREFIJO,NUMERO");
+    // Una categoría que no existe no trae filas, con su comilla y todo.
+    auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    llene(f, kTodo);
+    f->ckniif->setChecked(true);
+    f->TxCateg->setText("x'y");
+    f->CAuxiliar.AfterOpen = [&] { orden = f->CAuxiliar.CommandText; };
+    Interlocutor i;
+    i.espere("No hay datos que cumplan con los rangos indicados.");
+    oprima(Qt::Key_F2);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCOMPARE(orden, QString("select * from auxiliar_desde_hasta_niif('0', 'ZZ', '20170101', "
+                            "'20181431', '', 'zz', '', 'zz', 'N') where CATEGORIA = 'x''y' "
+                            "order by CUENTA,FECHA,PREFIJO,NUMERO"));
 }
 
 void PruebaInformesAuxiliares::todas_las_opciones_encuentran_sus_bandas_y_su_titulo() {

@@ -4,6 +4,7 @@
 #include "reports/tfrngcomprodiario.h"
 #include "reports/tfrngconsecutivos.h"
 
+#include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QAbstractItemView>
@@ -42,6 +43,8 @@ private slots:
     void solo_descuadrados_deja_los_que_no_cuadran();
     void el_tipo_se_digita_o_se_escoge_y_es_obligatorio();
     void el_diario_es_del_periodo_que_se_ve();
+    void el_periodo_del_diario_se_mueve_como_el_de_la_sesion();
+    void las_consultas_llevan_los_valores_por_omision();
     void un_comprobante_sin_lineas_tambien_se_lista();
     void los_menus_piden_su_acceso_y_abren_lo_suyo();
 };
@@ -228,6 +231,54 @@ void PruebaInformesListados::el_diario_es_del_periodo_que_se_ve() {
     QCOMPARE(s.cnt.periodo_actual, 10); // el de la sesión no se movió
 }
 
+void PruebaInformesListados::el_periodo_del_diario_se_mueve_como_el_de_la_sesion() {
+    SesionGui s;
+    s.base.base().ejecute("update configuracion set conf_valor = '4' where conf_propiedad = "
+                          "'MES DE INICIO' and conf_modulo = 'CONTABILIDAD'");
+    s.dm.cargue_configuracion();
+    const struct {
+        const char* ano;
+        int periodo;
+        const char *boton, *queda;
+    } casos[] = {
+        {"2018", 0, "SpeedButton1", "2017 Ajustes"},   {"2017", 4, "SpeedButton1", "2017 Abril"},
+        {"2017", 3, "SpeedButton1", "2017 Abril"},     {"2016", 8, "SpeedButton1", "2016 Agosto"},
+        {"2017", 11, "SpeedButton2", "2017 Ajustes"},  {"2017", 12, "SpeedButton2", "2018 Enero"},
+        {"2017", 13, "SpeedButton1", "2017 Diciembre"}};
+    const QString guardado = s.dato("select user_anocnt || user_percnt from usuario where user_cod "
+                                    "= 'ADMIN'");
+    for (const auto& c : casos) {
+        s.cnt.ano_actual = c.ano;
+        s.cnt.periodo_actual = c.periodo;
+        auto* f = s.abra<Tfrngcomprodiario>("Tfrngcomprodiario");
+        componente<QToolButton>(f, c.boton).click();
+        const auto* caja = f->findChild<CajaPeriodo*>();
+        QCOMPARE(QString::number(caja->ano()) + ' ' + caja->texto_mes(), QString(c.queda));
+        QCOMPARE(s.cnt.ano_actual, QString(c.ano));
+        QCOMPARE(s.cnt.periodo_actual, c.periodo);
+        oprima(Qt::Key_Escape);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!s.escritorio.abierta("Tfrngcomprodiario"));
+    }
+    QCOMPARE(s.dato("select user_anocnt || user_percnt from usuario where user_cod = 'ADMIN'"),
+             guardado);
+}
+
+void PruebaInformesListados::las_consultas_llevan_los_valores_por_omision() {
+    SesionGui s;
+    arme_libro_al_azar(s.base.base());
+    QString orden;
+    // Espacios sueltos son una caja vacía.
+    Cajas cajas = kTipos;
+    cajas["EPrefIni"] = cajas["ENumFin"] = " ";
+    imprima("Tfrngconsecutivos", cajas, {"Ckdetalle", "ckniif"}, &orden);
+    QCOMPARE(orden, QString("select * from consecutivos_conta('CG', 'RC', '0', 'ZZ', '0', 'ZZ', "
+                            "'N', 'S')"));
+    imprima("Tfrngcronologicos", kFechas, {}, &orden);
+    QCOMPARE(orden, QString("select * from cronologico_conta('0', 'ZZ', '', '99991231', 'S', "
+                            "'N')"));
+}
+
 void PruebaInformesListados::un_comprobante_sin_lineas_tambien_se_lista() {
     SesionGui s;
     grabe(s.base.base(), {5, "000005", "20170315"});
@@ -241,13 +292,13 @@ void PruebaInformesListados::un_comprobante_sin_lineas_tambien_se_lista() {
 
 void PruebaInformesListados::los_menus_piden_su_acceso_y_abren_lo_suyo() {
     SesionGui s("AUXILIAR");
-    const QVector<std::tuple<QString, QString, int, QString>> entradas{
-        {"Aux. por cuenta", "Tfrngauxiliarcta", 110, "RepAuxCta"},
-        {"Aux. por tercero", "Tfrngauxiliarter", 111, "RepAuxTerc"},
-        {"Aux. por centros", "Tfrngauxiliarcent", 112, "RepAuxCentro"},
-        {"Consecutivos", "Tfrngconsecutivos", 113, "RepCompConsec"},
-        {"Cronológico", "Tfrngcronologicos", 114, "RepCompCrono"},
-        {"Diario detallado", "Tfrngcomprodiario", 115, "RepCompDiar"}};
+    const QVector<std::tuple<QString, QString, int, QString, QSize>> entradas{
+        {"Aux. por cuenta", "Tfrngauxiliarcta", 110, "RepAuxCta", {382, 345}},
+        {"Aux. por tercero", "Tfrngauxiliarter", 111, "RepAuxTerc", {382, 344}},
+        {"Aux. por centros", "Tfrngauxiliarcent", 112, "RepAuxCentro", {382, 389}},
+        {"Consecutivos", "Tfrngconsecutivos", 113, "RepCompConsec", {382, 254}},
+        {"Cronológico", "Tfrngcronologicos", 114, "RepCompCrono", {382, 251}},
+        {"Diario detallado", "Tfrngcomprodiario", 115, "RepCompDiar", {400, 264}}};
     auto* informes = pantallas().abrir("Tfinformes");
     QVERIFY(informes);
     // Cada menú que existe se abre; el que falta se avisa.
@@ -273,7 +324,7 @@ void PruebaInformesListados::los_menus_piden_su_acceso_y_abren_lo_suyo() {
     QCOMPARE(botones.size(), entradas.size());
     Interlocutor i;
     for (int n = 0; n < entradas.size(); ++n) {
-        const auto& [texto, clase, acceso, archivo] = entradas[n];
+        const auto& [texto, clase, acceso, archivo, tamano] = entradas[n];
         QCOMPARE(botones[n]->text(), texto);
         s.niegue(acceso);
         i.espere(kAccesoNegado);
@@ -285,6 +336,8 @@ void PruebaInformesListados::los_menus_piden_su_acceso_y_abren_lo_suyo() {
         auto* f = qobject_cast<FormaRango*>(s.escritorio.abierta(clase));
         QVERIFY2(f, qPrintable(clase));
         QCOMPARE(f->DBGridEh1->nombre_archivo, archivo);
+        QCOMPARE(f->width(), tamano.width());
+        QCOMPARE(f->height(), qMax(tamano.height(), f->minimumSizeHint().height()));
         s.niegue(116);
         i.espere(kAccesoNegado);
         componente<QPushButton>(f, "botonExportar").click();

@@ -6,8 +6,10 @@
 #include "toolkit/informes/vista_preliminar.h"
 #include "toolkit/proteccion.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
@@ -360,6 +362,18 @@ void PruebaInformes::las_opciones_deciden_el_destino_y_las_paginas() {
         i.espere_modal("OpcionesImpresion", [](QWidget* w) {
             QCOMPARE(w->windowTitle(), QString("Opciones de impresión"));
             QVERIFY(!w->findChild<QRadioButton*>("seleccion")->isEnabled());
+            QStringList textos;
+            for (const auto* b : w->findChildren<QAbstractButton*>())
+                textos << b->text();
+            for (const auto* g : w->findChildren<QGroupBox*>())
+                textos << g->title();
+            for (const auto* r : w->findChildren<QLabel*>())
+                textos << r->text();
+            for (const char* t :
+                 {"Configurar", "&Copias", "in&tercalar", "&Duplex", "Destino del reporte ",
+                  "&Impresora", "&Vista preliminar", "&Archivo", "Formato:", "All", "Pages", "From",
+                  "to", "Selection", "OK", "Cancelar"})
+                QVERIFY2(textos.contains(t), t);
             w->findChild<QRadioButton*>("a_impresora")->click();
             w->findChild<QRadioButton*>("paginas")->click();
             w->findChild<QSpinBox*>("desde")->setValue(2);
@@ -402,11 +416,19 @@ void PruebaInformes::la_vista_preliminar_busca_y_pasa_paginas() {
     Interlocutor i;
     i.espere_modal("OpcionesImpresion", [](QWidget* w) {
         w->findChild<QRadioButton*>("a_vista")->click();
+        w->findChild<QSpinBox*>("copias")->setValue(3);
+        w->findChild<QCheckBox*>("intercalar")->setChecked(false);
+        w->findChild<QRadioButton*>("paginas")->click();
+        w->findChild<QSpinBox*>("desde")->setValue(2);
+        w->findChild<QSpinBox*>("hasta")->setValue(3);
         QTest::keyClick(w, Qt::Key_Return); // OK es el botón por omisión
     });
     i.espere_modal("VistaPreliminar", [&](QWidget* w) {
         auto* hojas = w->findChild<VistaHojas*>();
         auto* pagina = w->findChild<QSpinBox*>("pagina");
+        QCOMPARE(w->windowTitle(), QString("Vista preliminar"));
+        QVERIFY(w->isMaximized());
+        QCOMPARE(hojas->tamano(), 100);
         QCOMPARE(pagina->suffix(), QString(" de 3"));
         QTest::keyClick(hojas, Qt::Key_End);
         QCOMPARE(pagina->value(), 3);
@@ -423,7 +445,18 @@ void PruebaInformes::la_vista_preliminar_busca_y_pasa_paginas() {
         hojas->tamano(400);
         QCOMPARE(hojas->pagina(), 2);
         w->grab(); // dibuja sin fallar a otro tamaño
+        QTest::keyClick(w, Qt::Key_P, Qt::ControlModifier);
         w->close();
+    });
+    // Imprimir desde la vista propone lo que se escogió al pedirla.
+    i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+        QVERIFY(w->findChild<QRadioButton*>("a_impresora")->isChecked());
+        QCOMPARE(w->findChild<QSpinBox*>("copias")->value(), 3);
+        QVERIFY(!w->findChild<QCheckBox*>("intercalar")->isChecked());
+        QVERIFY(w->findChild<QRadioButton*>("paginas")->isChecked());
+        QCOMPARE(w->findChild<QSpinBox*>("desde")->value(), 2);
+        QCOMPARE(w->findChild<QSpinBox*>("hasta")->value(), 3);
+        w->findChild<QPushButton*>("cancelar")->click();
     });
     QVERIFY(motor.ejecutar());
     QVERIFY2(i.conforme(), qPrintable(i.queja()));

@@ -187,7 +187,7 @@ bool MotorInformes::termine_lote() {
 void MotorInformes::saque(const Hojas& hojas) {
     switch (opciones_.destino) {
     case OpcionesReporte::Vista: {
-        VistaPreliminar vista(hojas, nombre_archivo, ventana_);
+        VistaPreliminar vista(hojas, nombre_archivo, opciones_, ventana_);
         vista.exec();
         break;
     }

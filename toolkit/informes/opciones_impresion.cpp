@@ -76,7 +76,7 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
 
     impresora_ = con_nombre(new QComboBox, "impresora");
     impresora_->setAccessibleName(QStringLiteral("Impresora"));
-    auto* configurar = con_nombre(new QPushButton(QStringLiteral("Con&figurar")), "configurar");
+    auto* configurar = con_nombre(new QPushButton(QStringLiteral("Configurar")), "configurar");
     connect(configurar, &QPushButton::clicked, this, [this] { configure(); });
     copias_ = con_nombre(new QSpinBox, "copias");
     copias_->setRange(1, 99);
@@ -112,7 +112,7 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     destinos->addWidget(a_impresora_);
     destinos->addWidget(a_vista_);
     auto* fila_archivo = new QHBoxLayout;
-    auto* rotulo_formato = new QLabel(QStringLiteral("Fo&rmato:"));
+    auto* rotulo_formato = new QLabel(QStringLiteral("Formato:"));
     rotulo_formato->setBuddy(formato_);
     fila_archivo->addWidget(a_archivo_);
     fila_archivo->addStretch();

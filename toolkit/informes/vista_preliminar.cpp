@@ -186,8 +186,9 @@ void VistaHojas::muestre_hallazgo() {
 
 // ---------------------------------------------------------------- ventana
 
-VistaPreliminar::VistaPreliminar(const Hojas& hojas, const QString& archivo, QWidget* padre)
-    : QDialog(padre), hojas_(hojas), archivo_(archivo) {
+VistaPreliminar::VistaPreliminar(const Hojas& hojas, const QString& archivo,
+                                 const OpcionesReporte& opciones, QWidget* padre)
+    : QDialog(padre), hojas_(hojas), archivo_(archivo), opciones_(opciones) {
     setObjectName(QStringLiteral("VistaPreliminar"));
     setWindowTitle(QStringLiteral("Vista preliminar"));
     setWindowFlags(windowFlags() | Qt::WindowMaximizeButtonHint);
@@ -286,9 +287,10 @@ void VistaPreliminar::muestre_pagina(int pagina) {
 }
 
 void VistaPreliminar::imprima() {
-    OpcionesReporte opciones;
+    OpcionesReporte opciones = opciones_;
     opciones.destino = OpcionesReporte::Impresora;
-    opciones.desde = opciones.hasta = vista_->pagina() + 1;
+    if (opciones.alcance != OpcionesReporte::Paginas)
+        opciones.desde = opciones.hasta = vista_->pagina() + 1;
     DialogoOpciones dialogo(opciones, archivo_, true, this);
     if (dialogo.exec() != QDialog::Accepted)
         return;

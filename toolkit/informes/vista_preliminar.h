@@ -56,7 +56,9 @@ private:
 class VistaPreliminar : public QDialog {
     Q_OBJECT
 public:
-    VistaPreliminar(const Hojas& hojas, const QString& archivo, QWidget* padre);
+    /// `opciones`: las escogidas al pedir el informe; con ellas se propone la impresión.
+    VistaPreliminar(const Hojas& hojas, const QString& archivo, const OpcionesReporte& opciones,
+                    QWidget* padre);
 
 private:
     void imprima();
@@ -66,6 +68,7 @@ private:
 
     const Hojas& hojas_;
     QString archivo_;
+    OpcionesReporte opciones_;
     VistaHojas* vista_;
     QComboBox* tamano_;
     QSpinBox* pagina_;
