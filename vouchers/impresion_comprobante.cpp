@@ -1,7 +1,9 @@
 #include "vouchers/impresion_comprobante.h"
 
 #include "core/instalacion.h"
+#include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/formulario.h"
 #include "vouchers/interprete_formato.h"
 
 #include <QScopeGuard>
@@ -60,6 +62,19 @@ ImpresionComprobante::ImpresionComprobante(const QString& clase, const QString& 
 
 void ImpresionComprobante::FormCreate() {
     fdm().ConfigurarProviders(this);
+}
+
+void ImpresionComprobante::arme_botones(Formulario& f) {
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SpeedButton1", "F2:Imprimir", "document-print", Qt::Key_F2,
+                                  [this] { SpeedButton1Click(); }));
+    barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    f.botones(barra);
+    tecla(Qt::Key_Return, "SpeedButton1");
+    tecla(Qt::Key_F10, "formato base", [this] {
+        formato_base = true;
+        SpeedButton1Click();
+    });
 }
 
 bool ImpresionComprobante::imprima(MotorInformes& motor, const QString& id, bool niif,

@@ -25,7 +25,12 @@ public:
 
     void FormCreate() override;
 
+    /// Imprime lo pedido y cierra la pantalla.
+    virtual void SpeedButton1Click() = 0;
+
 protected:
+    /// Los botones y las teclas, que son los mismos: F2 y Enter imprimen, F10 con el formato base.
+    void arme_botones(class Formulario& f);
     /// Imprime el comprobante. Falso si el usuario canceló; un formato que no existe solo avisa.
     bool imprima(MotorInformes& motor, const QString& id, bool niif, bool masiva);
 

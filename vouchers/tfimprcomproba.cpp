@@ -13,16 +13,7 @@ Tfimprcomproba::Tfimprcomproba() : ImpresionComprobante("Tfimprcomproba", "Impri
     Formulario f(this);
     f.ancha(rotulo);
     f.fila({}, ckniif);
-    auto* barra = new BarraBotones(this);
-    barra->principal(barra->boton("SpeedButton1", "F2:Imprimir", "document-print", Qt::Key_F2,
-                                  [this] { SpeedButton1Click(); }));
-    barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
-    f.botones(barra);
-    tecla(Qt::Key_Return, "SpeedButton1");
-    tecla(Qt::Key_F10, "formato base", [this] {
-        formato_base = true;
-        SpeedButton1Click();
-    });
+    arme_botones(f);
     tamano(400, 160);
 }
 

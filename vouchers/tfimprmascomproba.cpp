@@ -39,16 +39,7 @@ Tfimprmascomproba::Tfimprmascomproba()
     f.fila("Prefijo:", LPref);
     f.fila({{"Desde:", Desde}, {"Hasta:", Hasta}});
     f.estire();
-    auto* barra = new BarraBotones(this);
-    barra->principal(barra->boton("SpeedButton1", "F2:Imprimir", "document-print", Qt::Key_F2,
-                                  [this] { SpeedButton1Click(); }));
-    barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
-    f.botones(barra);
-    tecla(Qt::Key_Return, "SpeedButton1");
-    tecla(Qt::Key_F10, "formato base", [this] {
-        formato_base = true;
-        SpeedButton1Click();
-    });
+    arme_botones(f);
     tamano(420, 220);
 }
 
