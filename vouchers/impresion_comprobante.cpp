@@ -72,6 +72,8 @@ void ImpresionComprobante::arme_botones(Formulario& f) {
     f.botones(barra);
     tecla(Qt::Key_Return, "SpeedButton1");
     tecla(Qt::Key_F10, "formato base", [this] {
+        // Si no alcanza a imprimir, el F2 que siga vuelve al formato del tipo.
+        const auto vuelva = qScopeGuard([this] { formato_base = false; });
         formato_base = true;
         SpeedButton1Click();
     });

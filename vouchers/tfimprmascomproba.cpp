@@ -54,7 +54,7 @@ void Tfimprmascomproba::FormCreate() {
 void Tfimprmascomproba::CProvTIPOChange() {
     CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " +
                    QuotedStr(CProv.FieldByName("TIPO").texto()) + " AND PRCO_ACTIVO = 'S'");
-    // El prefijo de otro tipo no sirve a este; con uno solo no hay qué escoger.
+    // El prefijo de otro tipo no sirve a este: se propone su primero.
     CProv.FieldByName("PREF") =
         CPrefijos.IsEmpty() ? Valor() : CPrefijos.FieldByName("PRCO_PREF").valor();
 }

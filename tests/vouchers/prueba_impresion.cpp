@@ -346,6 +346,11 @@ void PruebaImpresion::la_masiva_imprime_un_rango_en_un_solo_trabajo() {
     oprima(Qt::Key_F2);
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QCOMPARE(f->Desde->text(), QString("000900"));
+    // F10 sin nada que imprimir no deja puesto el formato de último recurso.
+    i.espere("No hay comprobantes de ese tipo y prefijo entre los números pedidos.");
+    oprima(Qt::Key_F10);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QVERIFY(!f->formato_base);
 }
 
 QTEST_MAIN(PruebaImpresion)
