@@ -62,6 +62,16 @@ void ImpresionComprobante::FormCreate() {
     fdm().ConfigurarProviders(this);
 }
 
+void ImpresionComprobante::declare_teclas() {
+    tecla(Qt::Key_Return, "SpeedButton1");
+    tecla(Qt::Key_F10, "formato base", [this] {
+        // Si no alcanza a imprimir, el F2 que siga vuelve al formato del tipo.
+        const auto vuelva = qScopeGuard([this] { formato_base = false; });
+        formato_base = true;
+        SpeedButton1Click();
+    });
+}
+
 bool ImpresionComprobante::imprima(MotorInformes& motor, const QString& id, bool niif,
                                    bool masiva) {
     CComproba.Close();

@@ -24,8 +24,11 @@ public:
     bool formato_base = false; ///< F10: el formato de último recurso, "0000"
 
     void FormCreate() override;
+    virtual void SpeedButton1Click() = 0; ///< "F2:Imprimir"
 
 protected:
+    /// Return imprime, y F10 también, con el formato de último recurso.
+    void declare_teclas();
     /// Imprime el comprobante. Falso si el usuario canceló; un formato que no existe solo avisa.
     bool imprima(MotorInformes& motor, const QString& id, bool niif, bool masiva);
 

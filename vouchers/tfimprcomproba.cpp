@@ -18,11 +18,7 @@ Tfimprcomproba::Tfimprcomproba() : ImpresionComprobante("Tfimprcomproba", "Impri
                                   [this] { SpeedButton1Click(); }));
     barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     f.botones(barra);
-    tecla(Qt::Key_Return, "SpeedButton1");
-    tecla(Qt::Key_F10, "formato base", [this] {
-        formato_base = true;
-        SpeedButton1Click();
-    });
+    declare_teclas();
     tamano(400, 160);
 }
 

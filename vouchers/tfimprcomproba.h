@@ -11,5 +11,5 @@ public:
 
     QCheckBox* ckniif; ///< "Cuentas NIIF"
 
-    void SpeedButton1Click();
+    void SpeedButton1Click() override;
 };

@@ -44,11 +44,7 @@ Tfimprmascomproba::Tfimprmascomproba()
                                   [this] { SpeedButton1Click(); }));
     barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     f.botones(barra);
-    tecla(Qt::Key_Return, "SpeedButton1");
-    tecla(Qt::Key_F10, "formato base", [this] {
-        formato_base = true;
-        SpeedButton1Click();
-    });
+    declare_teclas();
     tamano(420, 220);
 }
 
@@ -63,7 +59,7 @@ void Tfimprmascomproba::FormCreate() {
 void Tfimprmascomproba::CProvTIPOChange() {
     CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " +
                    QuotedStr(CProv.FieldByName("TIPO").texto()) + " AND PRCO_ACTIVO = 'S'");
-    // El prefijo de otro tipo no sirve a este; con uno solo no hay qué escoger.
+    // El prefijo de otro tipo no sirve a este: se propone su primero.
     CProv.FieldByName("PREF") =
         CPrefijos.IsEmpty() ? Valor() : CPrefijos.FieldByName("PRCO_PREF").valor();
 }

@@ -28,7 +28,7 @@ public:
     void FormCreate() override;
 
     void CProvTIPOChange();
-    void SpeedButton1Click();
+    void SpeedButton1Click() override;
 
 private:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
