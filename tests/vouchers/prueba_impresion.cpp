@@ -3,11 +3,13 @@
 #include "reports/informe_de_prueba.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/informes/vista_preliminar.h"
+#include "vouchers/datos_formato.h"
 #include "vouchers/interprete_formato.h"
 #include "vouchers/registro.h"
 #include "vouchers/tfimprcomproba.h"
 #include "vouchers/tfimprmascomproba.h"
 
+#include <QBuffer>
 #include <QCheckBox>
 
 using namespace informes;
@@ -89,6 +91,48 @@ void defina_formato(SesionGui& s, const QString& llave, int items, const char* p
     s.base.ejecute(sql);
 }
 
+QByteArray imagen(int ancho, int alto) {
+    QImage i(ancho, alto, QImage::Format_RGB32);
+    i.fill(Qt::blue);
+    QByteArray octetos;
+    QBuffer salida(&octetos);
+    i.save(&salida, "BMP");
+    return octetos;
+}
+
+/// El comprobante kId dibujado con el único formato que hay; sus medidas, en unidades de rejilla.
+struct Dibujo {
+    explicit Dibujo(bool masiva = false) {
+        Tfimprcomproba f;
+        f.cree();
+        f.CComproba.Open(QString("select * from impr_comprobante(%1)").arg(kId));
+        f.CComproba.FetchAll();
+        f.CFormato.Open();
+        InterpreteFormato interprete({f.CFormato, f.CFormdatos, f.CFormlineas}, f.CComproba,
+                                     QString::number(kId));
+        interprete.graficos_a_su_tamano = masiva;
+        interprete.imprima(hojas);
+    }
+    static int x(qreal mm) { return qRound(mm * 2000 / 215.9); }
+    static int y(qreal mm) { return qRound(mm * 1500 / 279.4); }
+    /// "x,y" de cada vez que sale el texto en la hoja.
+    QStringList lugares(int hoja, const QString& texto) const {
+        QStringList l;
+        for (const Trazo& t : hojas.lea(hoja))
+            if (t.clase == Trazo::Texto && t.texto == texto)
+                l << QString("%1,%2").arg(x(t.lugar.left())).arg(y(t.lugar.top()));
+        return l;
+    }
+    QVector<QRectF> imagenes() const {
+        QVector<QRectF> l;
+        for (const Trazo& t : hojas.lea(0))
+            if (t.clase == Trazo::Imagen)
+                l << t.lugar;
+        return l;
+    }
+    Hojas hojas;
+};
+
 } // namespace
 
 class PruebaImpresion : public QObject {
@@ -97,6 +141,9 @@ private slots:
     void initTestCase() { registre_pantallas_comprobantes(); }
     void sin_formato_sale_la_plantilla_en_el_papel_configurado();
     void el_formato_dibuja_lo_que_dicen_sus_tablas();
+    void cada_dato_imprime_lo_suyo();
+    void los_graficos_se_estiran_y_en_la_masiva_van_a_su_tamano();
+    void la_hoja_que_sigue_repite_el_encabezado_en_su_lugar();
     void lo_que_no_cabe_pasa_a_otra_hoja_o_se_pierde();
     void el_formato_se_busca_por_el_tipo_y_f10_usa_el_de_ultimo_recurso();
     void una_referencia_con_letras_detiene_el_trabajo();
@@ -212,6 +259,152 @@ void PruebaImpresion::el_formato_dibuja_lo_que_dicen_sus_tablas() {
     QVERIFY(!usuario.isEmpty() && esta(usuario, 900, 1400));
 }
 
+void PruebaImpresion::cada_dato_imprime_lo_suyo() {
+    SesionGui s;
+    agregue(s, 2);
+    s.base.ejecute(
+        {"update comprobante_detalle set terc_nit = '800456789', code_concepto = 'Resma', "
+         "code_refer = '45', arti_cod = 'MART01', code_base = 1000, code_porc = 16, cnde_docnumero "
+         "= '000123', cnde_docaplica = '000124', doco_vence = '20170430' where enco_consec = 700 "
+         "and code_item = 1",
+         "insert into formatos (tido_cod, pref_pre, form_nroitems, form_paginas, form_entrelinea) "
+         "values (1, 'CG', 1, 'N', 0)"});
+    QStringList sql;
+    const auto renglon = [](const DatoFormato& d) { return 20 * int(&d - kDatosFormato + 1); };
+    for (const DatoFormato& d : kDatosFormato)
+        sql << QString("insert into formato_datos (tido_cod, pref_pre, dafo_item, dafo_dato, "
+                       "dafo_imprime, dafo_posx, dafo_posy, dafo_ini, dafo_long, dafo_repite, "
+                       "dafo_liquida, dafo_posyvar) values (1, 'CG', %1, '%2', 'S', 1000, %1, 1, "
+                       "%3, '%4', 'N', 'N')")
+                   .arg(renglon(d))
+                   .arg(d.nombre)
+                   .arg(d.clase == ClaseDatoFormato::Imagen ? 60 : 0)
+                   .arg(d.detalle ? "S" : "N");
+    s.base.ejecute(sql);
+    s.dm.datos_compania = {"Ferretería S.A.", "Calle 1",    "555",
+                           "Régimen común",   imagen(8, 8), "900.1"};
+    s.dm.SUCU_NOMBRE = "Norte";
+    s.dm.SUCU_DIRECCION = "Carrera 9";
+    s.dm.SUCU_TELEFONOS = "777";
+    const auto registro = [&](const char* columna) {
+        return s.dato(QString("select %1 from auditoria where tido_cod = 1 and audi_oper = 'I' and "
+                              "audi_iddoc = 700")
+                          .arg(columna));
+    };
+    QMap<QString, QString> debe{
+        {"TIPO", "CG"},
+        {"NOMBRE TIPO", s.dato("select tico_nom from tipo_comprobante where tico_cod = 'CG'")},
+        {"PREFIJO", "0001"},
+        {"NUMERO", "000700"},
+        {"FECHA", "20170315"},
+        {"CONCEPTO", "Útiles de marzo"},
+        {"REFERENCIA", "R-7"},
+        {"ENCABEZADO NIT", "Distribuidora Andina Ltda."},
+        {"ENCABEZADO NOMBRE", "Distribuidora Andina Ltda."},
+        {"TOTAL DEBITOS", "$100.00"},
+        {"TOTAL CREDITOS", "$100.00"},
+        {"MONTO COMPROBANTE", "$100.00"},
+        {"MONTO LETRAS", s.dm.numero_a_letras(Moneda(100))},
+        {"NOMBRE USUARIO", s.dm.nombre_usuario},
+        {"CODIGO USUARIO", s.dm.usuario},
+        {"NUMERO PAGINA", "1"},
+        {"FECHA REGISTRO", registro("audi_fecha")},
+        {"HORA REGISTRO", registro("audi_hora")},
+        {"USUARIO REGISTRO", registro("audi_usuario")},
+        {"NOMBRE COMPANIA", "Ferretería S.A."},
+        {"DIR COMPANIA", "Calle 1"},
+        {"TELS COMPANIA", "555"},
+        {"NIT COMPANIA", "900.1"},
+        {"ENCABEZA COMPANIA", "Régimen común"},
+        {"ITEM", "1"},
+        {"CUENTA", "519530"},
+        {"NOMBRE CUENTA", s.dato("select cuen_nom from cuentas where cuen_cod = '519530'")},
+        {"NIT TERCERO", "800456789"},
+        {"NOMBRE TERCERO", "Distribuidora Andina Ltda."},
+        {"CENTRO COSTO", "0001"},
+        {"SUBCENTRO COSTO", "0002"},
+        {"NOMBRE CENTRO COSTO", "Administración"},
+        {"NOMBRE SUBCEBTRO COSTO", "Contabilidad"},
+        {"CONCEPTO ITEM", "Resma"},
+        {"REFERENCIA ITEM", "45.00"}, // por la rutina de números
+        {"ARTICULO", "MART01"},
+        {"DESCRIPCION ARTICULO", "Martillo"},
+        {"DEBITO ITEM", "100.00"},
+        {"CREDITO ITEM", "0.00"},
+        {"NETO ITEM", "100.00"},
+        {"BASE ITEM", "1,000.00"},
+        {"PORCENTAJE ITEM", "16.00"},
+        {"DOCUMENTO ITEM", "000123"},
+        {"DOCUMENTO APLICACION", "000124"},
+        {"DOCUMENTO VENCE", "20170430"},
+    };
+    for (int agencia : {0, 2}) {
+        s.dm.sucursal_usuario = agencia;
+        if (agencia) {
+            debe["NOMBRE COMPANIA"] = "Norte";
+            debe["DIR COMPANIA"] = "Carrera 9";
+            debe["TELS COMPANIA"] = "777";
+        }
+        const Dibujo dibujo;
+        QMap<int, QString> impreso;
+        for (const Trazo& t : dibujo.hojas.lea(0))
+            if (t.clase == Trazo::Texto)
+                impreso[Dibujo::y(t.lugar.top())] += t.texto;
+        for (const DatoFormato& d : kDatosFormato)
+            QCOMPARE(QLatin1String(d.nombre) + ": " + impreso.value(renglon(d)),
+                     QLatin1String(d.nombre) + ": " + debe.value(d.nombre));
+        // El logo, un cuadrado de DAFO_LONG unidades.
+        QCOMPARE(dibujo.imagenes().size(), 1);
+        const QRectF logo = dibujo.imagenes().constFirst();
+        QCOMPARE(QPoint(Dibujo::x(logo.width()), Dibujo::y(logo.height())), QPoint(60, 60));
+        QCOMPARE(Dibujo::x(logo.left()), 1000);
+    }
+    // Sin quién lo registró esos tres datos no salen.
+    s.base.ejecute({"delete from auditoria"});
+    const QString usuario = debe["USUARIO REGISTRO"];
+    const int antes = usuario == s.dm.usuario ? 1 : 0;
+    QCOMPARE(Dibujo().lugares(0, usuario).size(), antes);
+}
+
+void PruebaImpresion::los_graficos_se_estiran_y_en_la_masiva_van_a_su_tamano() {
+    SesionGui s;
+    agregue(s, 2);
+    s.base.ejecute(
+        {"insert into formatos (tido_cod, pref_pre, form_nroitems) values (1, 'CG', 9)"});
+    s.base.base().ejecute("insert into formato_lineas (tido_cod, pref_pre, foli_item, foli_tipo, "
+                          "foli_posx, foli_posy, foli_x, foli_y, foli_imagen) values (1, 'CG', 1, "
+                          "'G', 100, 200, 400, 300, ?)",
+                          {Valor(imagen(96, 48))});
+    const QRectF uno = Dibujo().imagenes().value(0), masiva = Dibujo(true).imagenes().value(0);
+    QCOMPARE(QPoint(Dibujo::x(uno.width()), Dibujo::y(uno.height())), QPoint(400, 300));
+    for (const QRectF& r : {uno, masiva})
+        QCOMPARE(QPoint(Dibujo::x(r.left()), Dibujo::y(r.top())), QPoint(100, 200));
+    QVERIFY(qAbs(masiva.width() - 25.4) < 0.05 && qAbs(masiva.height() - 12.7) < 0.05);
+}
+
+void PruebaImpresion::la_hoja_que_sigue_repite_el_encabezado_en_su_lugar() {
+    SesionGui s;
+    agregue(s, 6);
+    defina_formato(s, "CG", 4, "S");
+    const Dibujo d;
+    QCOMPARE(d.hojas.paginas(), 2);
+    // "PASAN", cien unidades antes de cada total, solo en la hoja que no alcanzó.
+    QCOMPARE(d.lugares(0, "PASAN"), QStringList({"1400,1300", "1700,1300"}));
+    QVERIFY(d.lugares(1, "PASAN").isEmpty());
+    for (int hoja : {0, 1}) {
+        QCOMPARE(d.lugares(hoja, "PAPELERÍA PROPIA"), QStringList("100,20"));
+        // Con "Y variable", pero aún sin líneas en la hoja.
+        QCOMPARE(d.lugares(hoja, "Útiles de marzo"), QStringList("100,80"));
+        QCOMPARE(d.lugares(hoja, QString::number(hoja + 1)), QStringList("1900,50"));
+    }
+    // La línea que no cupo es la primera de la otra, y el cierre sigue a las dos que lleva.
+    QCOMPARE(d.lugares(0, "Útiles").size(), 4);
+    QCOMPARE(d.lugares(1, "Útiles"), QStringList("300,200"));
+    const QString letras = s.dm.numero_a_letras(Moneda(500));
+    QVERIFY(d.lugares(0, letras).isEmpty());
+    QCOMPARE(d.lugares(1, letras), QStringList("100,340"));
+}
+
 void PruebaImpresion::lo_que_no_cabe_pasa_a_otra_hoja_o_se_pierde() {
     SesionGui s;
     agregue(s, 6);
@@ -318,6 +511,14 @@ void PruebaImpresion::la_masiva_imprime_un_rango_en_un_solo_trabajo() {
         QCOMPARE(f->Desde->text(), QString("000702"));
         digite("703");
     };
+    // F10 antes de escoger no deja el formato de último recurso para el F2 que sigue.
+    {
+        Interlocutor antes;
+        antes.espere("Escoja el tipo y el prefijo de los comprobantes.");
+        oprima(Qt::Key_F10);
+        QVERIFY2(antes.conforme(), qPrintable(antes.queja()));
+    }
+    QVERIFY(!f->formato_base);
     escoja();
     const QString texto = informe_como_texto(f, Qt::Key_Return);
     QVERIFY2(texto.contains("No. 0001 000702") && texto.contains("No. 0001 000703") &&
