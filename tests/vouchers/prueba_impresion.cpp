@@ -148,6 +148,7 @@ private slots:
     void el_formato_se_busca_por_el_tipo_y_f10_usa_el_de_ultimo_recurso();
     void una_referencia_con_letras_detiene_el_trabajo();
     void la_masiva_imprime_un_rango_en_un_solo_trabajo();
+    void la_masiva_muestra_antes_las_hojas_solo_si_la_compania_lo_pide();
 
 private:
     /// Abre la pantalla modal, la deja contestar y devuelve lo impreso.
@@ -552,6 +553,33 @@ void PruebaImpresion::la_masiva_imprime_un_rango_en_un_solo_trabajo() {
     oprima(Qt::Key_F10);
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QVERIFY(!f->formato_base);
+}
+
+void PruebaImpresion::la_masiva_muestra_antes_las_hojas_solo_si_la_compania_lo_pide() {
+    SesionGui s;
+    agregue(s, 3);
+    for (const char* previsualiza : {"SI", "NO"}) {
+        s.base.ejecute({"update configuracion set conf_valor = " + QuotedStr(previsualiza) +
+                        " where conf_propiedad = 'PREVISUALIZAR IMPRESION DE DOCUMENTOS'"});
+        s.dm.cargue_configuracion();
+        auto* f = s.abra<Tfimprmascomproba>("Tfimprmascomproba");
+        f->CProv.FieldByName("TIPO") = "CG";
+        f->Desde->setText("700");
+        Interlocutor i;
+        const bool si = *previsualiza == 'S';
+        i.espere_modal("OpcionesImpresion", [=](QWidget* w) {
+            if (si)
+                w->findChild<QRadioButton*>("a_vista")->click();
+            else // la última salida fue la vista, y aun así propone la impresora
+                QVERIFY(w->findChild<QRadioButton*>("a_impresora")->isChecked());
+            w->findChild<QPushButton*>(si ? "ok" : "cancelar")->click();
+        });
+        if (si)
+            i.espere_modal("VistaPreliminar", [](QWidget* w) { w->close(); });
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abiertas().isEmpty()); // cancelar también la cierra
+    }
 }
 
 QTEST_MAIN(PruebaImpresion)

@@ -236,6 +236,8 @@ private slots:
         // a diferencia de un comprobante, una cuenta de retención no pide base ni porcentaje
         d.fila({"236540", "800456789", "", "", "", "10"});
         QCOMPARE(d.saldos->CSaldos.RecordCount(), 2);
+        QCOMPARE(d.saldos->lineas->DifCred->valor(), Moneda(10)); // sobra el crédito
+        QVERIFY(d.saldos->lineas->Difdeb->text().isEmpty());
     }
 
     void la_clase_de_la_cuenta_pide_el_documento_o_el_articulo() {
