@@ -4,7 +4,7 @@
 // Los comprobantes solo insertan diferencias de saldo; compactarlas a tiempo mantiene rápidos los
 // balances. Se hace por pasos cortos al entrar y cada pocos minutos, y una falla suya solo se anota
 // en ERRORES.TXT: no es asunto del usuario.
-#include "core/recordset/sentencia.h"
+#include "datos/recordset/sentencia.h"
 
 #include <QElapsedTimer>
 

@@ -4,10 +4,10 @@
 #include "app/registro.h"
 #include "app/tfacercade.h"
 #include "app/tfprincipal.h"
-#include "core/modulos_suite.h"
-#include "core/tfdmart.h"
-#include "core/tfdmcnt.h"
-#include "core/tfdmter.h"
+#include "sesion/modulos_suite.h"
+#include "sesion/tfdmart.h"
+#include "sesion/tfdmcnt.h"
+#include "sesion/tfdmter.h"
 
 int main(int cuantos, char** argumentos) {
     Aplicacion aplicacion(cuantos, argumentos);

@@ -1,6 +1,6 @@
 #pragma once
-#include "core/recordset/conjunto.h"
-#include "core/tfdm.h"
+#include "datos/recordset/conjunto.h"
+#include "sesion/tfdm.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/pantalla.h"
 #include <QAction>

@@ -2,7 +2,7 @@
 
 #include "app/marca.h"
 #include "app/revision.h"
-#include "core/instalacion.h"
+#include "sesion/instalacion.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/estilo.h"
 

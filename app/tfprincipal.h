@@ -5,7 +5,7 @@
 // conecta la compañía y la general, carga la configuración y lee el usuario y la compañía. La
 // sesión termina solo al cerrarlo.
 #include "app/comandos.h"
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 #include <QMainWindow>
 #include <QPointer>

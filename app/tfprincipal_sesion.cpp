@@ -4,10 +4,10 @@
 #include "app/compactador.h"
 #include "app/paneldegradado.h"
 #include "app/vigiamensajes.h"
-#include "core/apertura.h"
-#include "core/firebird/claves.h"
-#include "core/instalacion.h"
-#include "core/tfdmcnt.h"
+#include "sesion/apertura.h"
+#include "datos/firebird/claves.h"
+#include "sesion/instalacion.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QCloseEvent>

@@ -1,7 +1,7 @@
 #include "app/vigiamensajes.h"
 
 #include "app/ventanaavisos.h"
-#include "core/apertura.h"
+#include "sesion/apertura.h"
 
 namespace {
 

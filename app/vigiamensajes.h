@@ -2,7 +2,7 @@
 // Mensajes entre usuarios: pregunta cada diez segundos por los que no se han leído y los muestra.
 //
 // Mientras el aviso está a la vista no se pregunta; al cerrarlo el reloj vuelve a andar.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 #include <QPointer>
 

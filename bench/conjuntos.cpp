@@ -1,7 +1,7 @@
 // El conjunto de datos contra el cliente de la base: abrir 100.000 filas, y el primer paquete de
 // una lista de comprobantes.
 #include "bench/medidas.h"
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "herramientas/ubicacion.h"
 #include "vouchers/lineas_libro.h"
 

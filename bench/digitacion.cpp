@@ -1,6 +1,6 @@
 // Digitar y grabar: sentencias por cambio de celda, y el guardado contra inserciones preparadas.
 #include "bench/medidas.h"
-#include "core/firebird/servicios.h"
+#include "datos/firebird/servicios.h"
 #include "fallas/contador.h"
 
 #include <QFile>

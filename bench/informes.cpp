@@ -1,7 +1,7 @@
 // Informes: el auxiliar de cien mil renglones a PDF y la impresión de mil comprobantes, por sus
 // pantallas.
 #include "bench/medidas.h"
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 #include "fallas/contador.h"
 #include "reports/informe_de_prueba.h"
 #include "reports/registro.h"

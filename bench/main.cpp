@@ -2,7 +2,7 @@
 // argumentos, todas. Cada una corre en un proceso propio: su memoria máxima es la suya. Sale con 1
 // si alguna no cumple.
 #include "bench/medidas.h"
-#include "core/firebird/errores.h"
+#include "datos/firebird/errores.h"
 
 #include <QApplication>
 #include <QProcess>

@@ -1,6 +1,6 @@
 #include "catalogues/copiacuentas.h"
 
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 #include "toolkit/dialogos.h"
 
 void copie_cuentas_a_niif() {

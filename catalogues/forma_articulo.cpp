@@ -1,7 +1,7 @@
 #include "catalogues/forma_articulo.h"
 
-#include "core/tfdm.h"
-#include "core/tfdmart.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmart.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/casilladato.h"
 #include "toolkit/controles/editordato.h"

@@ -1,7 +1,7 @@
 #pragma once
 // Formulario de un artículo: lo que comparten crear uno nuevo y modificarlo. El inventario es de
 // otro módulo; aquí solo se lleva la ficha que la contabilidad necesita.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 
 class EditorDato;

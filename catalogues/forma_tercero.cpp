@@ -1,9 +1,9 @@
 #include "catalogues/forma_tercero.h"
 
 #include "catalogues/tfcuentas.h"
-#include "core/tfdm.h"
-#include "core/tfdmcnt.h"
-#include "core/tfdmter.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
+#include "sesion/tfdmter.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/dialogos.h"

@@ -4,7 +4,7 @@
 // Una persona natural lleva sus apellidos y nombres aparte y el nombre completo se compone de
 // ellos; una jurídica ("J") no los tiene. Un campo de cuenta que empieza por "?" abre el plan de
 // cuentas en lo que sigue; con doble clic, en la cuenta escrita.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 
 class BarraBotones;

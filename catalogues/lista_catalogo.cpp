@@ -1,7 +1,7 @@
 #include "catalogues/lista_catalogo.h"
 
-#include "core/tfdm.h"
-#include "core/tfdmcnt.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"

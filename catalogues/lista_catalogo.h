@@ -4,7 +4,7 @@
 // F3 elimina, F4 modifica, F5 crea, Mayús+F12 lleva al texto de búsqueda y Esc cierra. Enter
 // modifica en mantenimiento y escoge como selector; con la fila de filtros abierta solo aplica el
 // filtro. Al volver a la lista las filas se releen.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/listabusqueda.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/columna_rejilla.h"

@@ -1,7 +1,7 @@
 #pragma once
 // Pantalla de dos rejillas unidas: a la izquierda los registros maestros y a la derecha los
 // detalles del que está señalado. Todo se graba junto, en una sola transacción.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/columna_rejilla.h"
 

@@ -1,8 +1,8 @@
 #pragma once
-#include "core/tfdm.h"
-#include "core/tfdmart.h"
-#include "core/tfdmcnt.h"
-#include "core/tfdmter.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmart.h"
+#include "sesion/tfdmcnt.h"
+#include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/dialogos.h"

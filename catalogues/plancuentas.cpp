@@ -1,6 +1,6 @@
 #include "catalogues/plancuentas.h"
 
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 // Lo que cambia de un plan de cuentas al otro en sus pantallas, y los campos de sus tablas.
-#include "core/libro.h"
+#include "libro/libro.h"
 
 class ConjuntoDatos;
 

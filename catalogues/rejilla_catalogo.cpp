@@ -1,6 +1,6 @@
 #include "catalogues/rejilla_catalogo.h"
 
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/navegadordatos.h"
 #include "toolkit/estilo.h"

@@ -3,7 +3,7 @@
 //
 // F2 graba y cierra, Esc deja todo como estaba. Una fila sin llave se descarta al dejarla; así una
 // fila nueva que se abandona desaparece sin preguntar.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/columna_rejilla.h"
 

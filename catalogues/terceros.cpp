@@ -1,6 +1,6 @@
 #include "catalogues/terceros.h"
 
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/pantalla.h"
 

@@ -1,8 +1,8 @@
 #include "catalogues/tfarticulos.h"
 
-#include "core/tfdm.h"
-#include "core/tfdmart.h"
-#include "core/tfdmcnt.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmart.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 

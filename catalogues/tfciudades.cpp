@@ -1,6 +1,6 @@
 #include "catalogues/tfciudades.h"
 
-#include "core/tfdmter.h"
+#include "sesion/tfdmter.h"
 
 Tfciudades::Tfciudades()
     : RejillaCatalogo("Tfciudades", "Ciudades", fdmter().TCiudades, "Ciudades", "CIUD_COD") {

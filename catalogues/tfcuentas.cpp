@@ -2,8 +2,8 @@
 
 #include "catalogues/letracuenta.h"
 #include "catalogues/plancuentas.h"
-#include "core/tfdm.h"
-#include "core/tfdmcnt.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"

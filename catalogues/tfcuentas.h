@@ -5,7 +5,7 @@
 // fdmcnt().cuenta_seleccion y se cierra). fdmcnt().cuenta_localizar es la fila en que se ubica y
 // fdmcnt().texto_busqueda lo que busca al abrir; toma los dos y los vacía.
 #include "catalogues/lista_catalogo.h"
-#include "core/libro.h"
+#include "libro/libro.h"
 
 class QPushButton;
 

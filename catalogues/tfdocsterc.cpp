@@ -1,8 +1,8 @@
 #include "catalogues/tfdocsterc.h"
 
 #include "catalogues/terceros.h"
-#include "core/tfdm.h"
-#include "core/tfdmter.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"

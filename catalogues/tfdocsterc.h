@@ -1,7 +1,7 @@
 #pragma once
 // Documentos digitalizados de un tercero. El señalado se ve en el visor de PDF del sistema.
-#include "core/recordset/conjunto.h"
-#include "core/visor_documento.h"
+#include "datos/recordset/conjunto.h"
+#include "sesion/visor_documento.h"
 #include "toolkit/pantalla.h"
 
 class Rejilla;

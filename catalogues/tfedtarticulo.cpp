@@ -1,7 +1,7 @@
 #include "catalogues/tfedtarticulo.h"
 
-#include "core/tfdm.h"
-#include "core/tfdmcnt.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/controles/editordato.h"
 
 Tfedtarticulo::Tfedtarticulo() : FormaArticulo("Tfedtarticulo", "Modificar artículo") {}

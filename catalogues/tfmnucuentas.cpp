@@ -1,6 +1,6 @@
 #include "catalogues/tfmnucuentas.h"
 
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 
 Tfmnucuentas::Tfmnucuentas() : MenuBotones("Tfmnucuentas", "Planes de cuentas") {
     opcion("SBPlan2649", "Plan Dec.2649", "x-office-spreadsheet",

@@ -1,8 +1,8 @@
 #include "catalogues/tfmodcuenta.h"
 
 #include "catalogues/plancuentas.h"
-#include "core/tfdm.h"
-#include "core/tfdmcnt.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/casilladato.h"
 #include "toolkit/controles/editordato.h"

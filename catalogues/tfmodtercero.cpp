@@ -1,8 +1,8 @@
 #include "catalogues/tfmodtercero.h"
 
 #include "catalogues/terceros.h"
-#include "core/tfdm.h"
-#include "core/tfdmter.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/dialogos.h"

@@ -1,7 +1,7 @@
 #include "catalogues/tfnormacuenta.h"
 
-#include "core/tfdm.h"
-#include "core/tfdmcnt.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/dialogos.h"

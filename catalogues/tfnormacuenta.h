@@ -1,6 +1,6 @@
 #pragma once
 // Normas a las que responde una cuenta NIIF: la de fdmcnt().cuenta_auxiliar al abrir.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 
 class QLabel;

@@ -2,8 +2,8 @@
 
 #include "catalogues/plancuentas.h"
 #include "catalogues/tfpuc.h"
-#include "core/tfdm.h"
-#include "core/tfdmcnt.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/casilladato.h"
 #include "toolkit/controles/editordato.h"

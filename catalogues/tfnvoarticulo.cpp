@@ -1,6 +1,6 @@
 #include "catalogues/tfnvoarticulo.h"
 
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 #include "toolkit/controles/editordato.h"
 
 namespace {

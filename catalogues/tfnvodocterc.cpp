@@ -1,7 +1,7 @@
 #include "catalogues/tfnvodocterc.h"
 
-#include "core/tfdm.h"
-#include "core/tfdmter.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/dialogos.h"

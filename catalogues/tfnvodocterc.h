@@ -1,6 +1,6 @@
 #pragma once
 // Agrega un documento PDF a un tercero. Se abre en modal desde la lista de documentos.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 
 class EditorDato;

@@ -1,7 +1,7 @@
 #include "catalogues/tfnvotercero.h"
 
-#include "core/tfdm.h"
-#include "core/tfdmter.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmter.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/dialogos.h"
 

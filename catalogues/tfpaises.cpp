@@ -1,6 +1,6 @@
 #include "catalogues/tfpaises.h"
 
-#include "core/tfdmter.h"
+#include "sesion/tfdmter.h"
 
 Tfpaises::Tfpaises()
     : RejillaCatalogo("Tfpaises", "Países", fdmter().TPaises, "Paises", "PAIS_ID") {

@@ -1,6 +1,6 @@
 #include "catalogues/tfpuc.h"
 
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"

@@ -1,6 +1,6 @@
 #pragma once
 // El plan único de cuentas publicado, como lista: de aquí se copian cuentas al plan de la compañía.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/listabusqueda.h"
 #include "toolkit/pantalla.h"
 

@@ -1,7 +1,7 @@
 #include "catalogues/tftipodoc.h"
 
-#include "core/apertura.h"
-#include "core/tfdm.h"
+#include "sesion/apertura.h"
+#include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/rejilla/rejilla.h"
 

@@ -1,6 +1,6 @@
 # Declara un piso del sistema: una biblioteca estática con todos los .cpp de su carpeta, su cabecera
 # precompilada (pch.h de la carpeta, si existe) y los pisos de los que depende.
-#   quorvex_piso(core_firebird DEPENDE Qt6::Core)
+#   quorvex_piso(datos_firebird DEPENDE Qt6::Core)
 function(quorvex_piso nombre)
   cmake_parse_arguments(P "RECURSIVO" "" "DEPENDE" ${ARGN})
   if(P_RECURSIVO)

@@ -1,7 +1,7 @@
 #pragma once
 // Lo que el módulo principal de la suite mantiene y este cliente solo lee: compañías, usuarios,
 // permisos y configuración. Trabaja sobre conexiones ya abiertas por un administrador.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 #include <QVector>
 

@@ -1,7 +1,7 @@
 #pragma once
 // Catálogos de la compañía de demostración: plan de los dos libros, terceros, centros, tipos de
 // comprobante, artículos, activos y plantillas de una comercializadora de ferretería y hogar.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 #include <QVector>
 

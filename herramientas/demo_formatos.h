@@ -1,6 +1,6 @@
 #pragma once
 // Papelería de la compañía de demostración: su logo y los formatos de impresión de comprobantes.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 /// Renglones de detalle que caben en una página del egreso.
 inline constexpr int kRenglonesEgreso = 12;

@@ -1,6 +1,6 @@
 #pragma once
 // Escribe comprobantes en los dos libros con sentencias preparadas y transacciones por lotes.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 #include <QDate>
 #include <QHash>

@@ -4,7 +4,7 @@
 // Lo genera un sorteo con semilla: la misma semilla y el mismo volumen dan el mismo libro, que es
 // lo que pide medir. Ventas con IVA y retenciones, compras, gastos, recaudos, pagos, nómina,
 // bancos, impuestos y depreciación (distinta en cada libro), sobre saldos iniciales cuadrados.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 #include <functional>
 

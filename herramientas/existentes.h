@@ -1,6 +1,6 @@
 #pragma once
 // Objetos que ya tiene una base: lo que permite repetir un guion sin tocar lo hecho.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 #include <QSet>
 

@@ -1,6 +1,6 @@
 #include "herramientas/guion.h"
 
-#include "core/firebird/errores.h"
+#include "datos/firebird/errores.h"
 
 #include <QStringList>
 #include <array>

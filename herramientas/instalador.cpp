@@ -12,7 +12,9 @@
 
 namespace {
 
-const QStringList kSubsistemas = {"core", "catalogues", "vouchers", "ledger", "hermanos"};
+const QStringList kSubsistemas = {"sesion",  "catalogues", "vouchers",  "ledger", "hermanos",
+                                  "posting", "reports",    "periodend", "assets", "budget",
+                                  "tax",     "niif",       "exchange"};
 constexpr int kVersionInicial = 1;
 
 QStringList columnas_clave(Conexion& conexion, const QString& tabla) {
@@ -52,7 +54,7 @@ QString carpeta_guiones() {
                                         QStringLiteral("/database"),
                                     QStringLiteral(QUORVEX_CARPETA_GUIONES)};
     for (const QString& carpeta : candidatas)
-        if (!carpeta.isEmpty() && QDir(carpeta + QStringLiteral("/core")).exists())
+        if (!carpeta.isEmpty() && QDir(carpeta + QStringLiteral("/sesion")).exists())
             return QDir::cleanPath(carpeta);
     throw ErrorDatos(QStringLiteral("No se encontró la carpeta de los guiones de la base de datos. "
                                     "Indíquela en la variable QUORVEX_GUIONES."));

@@ -2,11 +2,11 @@
 // Crea y pone al día el esquema de la base de una compañía o de la general a partir de los guiones.
 //
 // Orden de la compañía: por fase (los dos dígitos con que empieza el archivo), luego por subsistema
-// (core, catalogues, vouchers, ledger, hermanos) y luego por nombre; la general solo tiene el suyo.
+// (sesion, catalogues, vouchers, ledger...) y luego por nombre; la general solo tiene el suyo.
 // Las listas datos/NN_TABLA.tsv entran en su fase antes que los guiones. Todo puede repetirse: lo
 // que ya existe se deja quieto y una fila de semilla solo se agrega si falta su clave.
 // Los errores son ErrorDatos con archivo, renglón y el texto del servidor.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 #include <QStringList>
 #include <functional>

@@ -1,5 +1,5 @@
 // Crear, actualizar, respaldar, restaurar, verificar y compactar bases.
-#include "core/firebird/servicios.h"
+#include "datos/firebird/servicios.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demo_formatos.h"
 #include "herramientas/demostracion.h"

@@ -1,5 +1,5 @@
 // Usuarios, permisos, configuración y línea de arranque.
-#include "core/firebird/claves.h"
+#include "datos/firebird/claves.h"
 #include "herramientas/administracion.h"
 #include "herramientas/ordenes.h"
 

@@ -1,6 +1,6 @@
 #include "herramientas/respaldo.h"
 
-#include "core/firebird/servicios.h"
+#include "datos/firebird/servicios.h"
 #include "herramientas/administracion.h"
 #include "herramientas/ubicacion.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 // Respaldo probado: no se da por bueno hasta restaurarlo aparte y encontrar los mismos datos.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 #include <QMap>
 

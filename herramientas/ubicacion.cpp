@@ -1,6 +1,6 @@
 #include "herramientas/ubicacion.h"
 
-#include "core/firebird/errores.h"
+#include "datos/firebird/errores.h"
 
 #include <QDir>
 #include <QFile>

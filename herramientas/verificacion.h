@@ -1,6 +1,6 @@
 #pragma once
 // Comprobaciones de los libros de una compañía.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 // Cifras de control de un balance: cuatro cajas que se quedan debajo de las columnas que suman.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 #include <QStringList>
 #include <QVector>

@@ -1,6 +1,6 @@
 #pragma once
 // Base de las consultas de una cuenta: la toman de la sesión al crearse y muestran su nombre.
-#include "core/tfdmcnt.h"
+#include "sesion/tfdmcnt.h"
 #include "ledger/consultaperiodo.h"
 #include "ledger/familia.h"
 

@@ -1,6 +1,6 @@
 #include "ledger/consultaperiodo.h"
 
-#include "core/tfdmcnt.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"

@@ -3,7 +3,7 @@
 //
 // Los botones y las flechas guardan el período en la fila del usuario; la caja del mes y la del año
 // lo cambian solo en memoria, salvo donde la pantalla diga otra cosa.
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 #include "toolkit/pantalla.h"
 
 class CajaPeriodo;

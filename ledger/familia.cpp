@@ -1,6 +1,6 @@
 #include "ledger/familia.h"
 
-#include "core/firebird/valor.h"
+#include "datos/firebird/valor.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 // Cada pantalla es un renglón de estas tablas. También están aquí las diferencias que se conservan:
 // el auxiliar de cuenta sin comillas, el centro NIIF que lee el libro 2649, los borrados desiguales
 // y las flechas que unos tienen y otros no.
-#include "core/libro.h"
+#include "libro/libro.h"
 
 #include <QSize>
 #include <QString>

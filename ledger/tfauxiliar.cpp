@@ -1,6 +1,6 @@
 #include "ledger/tfauxiliar.h"
 
-#include "core/borrado.h"
+#include "sesion/borrado.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/dialogos.h"

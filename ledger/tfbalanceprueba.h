@@ -1,6 +1,6 @@
 #pragma once
 // Balance de prueba: los dos libros en un período, y la entrada a auxiliares y saldos.
-#include "core/tfdmcnt.h"
+#include "sesion/tfdmcnt.h"
 #include "ledger/consultaperiodo.h"
 
 #include <array>

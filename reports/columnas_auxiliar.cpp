@@ -1,6 +1,6 @@
 #include "reports/columnas_auxiliar.h"
 
-#include "core/tfdmcnt.h"
+#include "sesion/tfdmcnt.h"
 
 namespace {
 constexpr const char* kImporte = "#,###.00";

@@ -1,6 +1,6 @@
 #pragma once
 // Campos de los auxiliares y su saldo corrido.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 /// `SaldoF`: el saldo después de cada movimiento. Empieza en el saldo inicial de la clave y se
 /// calcula fila a fila, en el orden en que llegan.

@@ -1,8 +1,8 @@
 #include "reports/forma_rango.h"
 
-#include "core/instalacion.h"
-#include "core/tfdmter.h"
-#include "core/variables_informe.h"
+#include "sesion/instalacion.h"
+#include "sesion/tfdmter.h"
+#include "sesion/variables_informe.h"
 #include "reports/columnas_auxiliar.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"

@@ -4,8 +4,8 @@
 // Un miembro es sus pares de cajas, su consulta, su reporte y su título. F2 consulta y manda las
 // filas al motor de informes; "F4:Exportar" las graba completas, en las columnas de la rejilla. La
 // pantalla se cierra al terminar, también cuando no hay datos.
-#include "core/tfdmcnt.h"
-#include "core/variables_informe.h"
+#include "sesion/tfdmcnt.h"
+#include "sesion/variables_informe.h"
 #include "toolkit/informes/motor.h"
 #include "toolkit/pantalla.h"
 

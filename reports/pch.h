@@ -1,6 +1,6 @@
 #pragma once
-#include "core/tfdm.h"
-#include "core/tfdmcnt.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/pantalla.h"
 #include <QBoxLayout>
 #include <QCheckBox>

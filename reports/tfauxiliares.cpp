@@ -1,7 +1,7 @@
 #include "reports/tfauxiliares.h"
 
-#include "core/apertura.h"
-#include "core/tfdm.h"
+#include "sesion/apertura.h"
+#include "sesion/tfdm.h"
 
 Tfauxiliares::Tfauxiliares() : MenuBotones("Tfauxiliares", "Auxiliares") {
     static const struct {

@@ -1,7 +1,7 @@
 #include "reports/tfcatalogos.h"
 
-#include "core/apertura.h"
-#include "core/tfdm.h"
+#include "sesion/apertura.h"
+#include "sesion/tfdm.h"
 
 Tfcatalogos::Tfcatalogos() : MenuBotones("Tfcatalogos", "Catálogos") {
     struct Entrada {

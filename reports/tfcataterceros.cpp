@@ -1,6 +1,6 @@
 #include "reports/tfcataterceros.h"
 
-#include "core/tfdmcnt.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/formulario.h"
 
 #include <QCheckBox>

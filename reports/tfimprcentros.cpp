@@ -1,8 +1,8 @@
 #include "reports/tfimprcentros.h"
 
-#include "core/variables_informe.h"
+#include "sesion/variables_informe.h"
 
-#include "core/instalacion.h"
+#include "sesion/instalacion.h"
 #include "reports/forma_rango.h"
 #include "toolkit/dialogos.h"
 

@@ -3,7 +3,7 @@
 //
 // Abrir uno es imprimirlo: pide las opciones de impresión, sale y no deja ventana. Cada uno es una
 // consulta plana; la plantilla junta sus grupos.
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 #include "toolkit/pantalla.h"
 
 struct DatosDirecto {

@@ -1,6 +1,6 @@
 #include "reports/tfinformes.h"
 
-#include "core/apertura.h"
+#include "sesion/apertura.h"
 
 Tfinformes::Tfinformes() : MenuBotones("Tfinformes", "Informes contables") {
     // Cada menú pide el acceso de sus opciones.

@@ -1,5 +1,5 @@
 #pragma once
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>

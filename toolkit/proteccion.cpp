@@ -1,6 +1,6 @@
 #include "toolkit/proteccion.h"
 
-#include "core/firebird/moneda.h"
+#include "datos/firebird/moneda.h"
 
 #include <QMessageBox>
 

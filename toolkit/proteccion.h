@@ -1,6 +1,6 @@
 #pragma once
 // Frontera entre los eventos de la interfaz y las fallas: ninguna excepción cruza el lazo de Qt.
-#include "core/firebird/errores.h"
+#include "datos/firebird/errores.h"
 
 #include <functional>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 // Lista de consulta con filtros por tipo: la comparten la búsqueda de comprobantes, la de los de un
 // tercero y la de plantillas.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 #include "vouchers/filtros_busqueda.h"
 

@@ -1,6 +1,6 @@
 #include "vouchers/copia_plantilla.h"
 
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 void copie_lineas_plantilla(ConjuntoDatos& origen, ConjuntoDatos& destino, const Valor& id,
                             const QString& concepto) {

@@ -1,6 +1,6 @@
 #include "vouchers/impresion_comprobante.h"
 
-#include "core/instalacion.h"
+#include "sesion/instalacion.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"

@@ -3,7 +3,7 @@
 //
 // La base de las dos pantallas que imprimen. Cada comprobante dice, en la columna FTO de sus filas,
 // por cuál de los dos caminos sale.
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 #include "toolkit/informes/motor.h"
 #include "toolkit/pantalla.h"
 

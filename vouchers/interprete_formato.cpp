@@ -1,6 +1,6 @@
 #include "vouchers/interprete_formato.h"
 
-#include "core/tfdm.h"
+#include "sesion/tfdm.h"
 #include "toolkit/impresora.h"
 #include "vouchers/datos_formato.h"
 

@@ -5,7 +5,7 @@
 // La rejilla de la página mide 2000 por 1500 unidades cualquiera que sea el papel. El pase de
 // encabezado se dibuja al comienzo de cada hoja y el de cierre una vez, al final; entre los dos,
 // los renglones del detalle.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/informes/hojas.h"
 
 /// Datos de un formato abiertos y ubicados en él.

@@ -3,7 +3,7 @@
 //
 // Muestra las líneas, cuadros y textos como salen y cada dato por su nombre; los que repiten se ven
 // una vez, con la banda que ocupan los renglones de la página. No lee comprobantes.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 #pragma once
 // "Documento cartera": el documento que abre una línea de clase C y, en un comprobante, el que
 // paga.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "vouchers/panel_flotante.h"
 
 class FechaDato;

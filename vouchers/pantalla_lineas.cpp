@@ -1,6 +1,6 @@
 #include "vouchers/pantalla_lineas.h"
 
-#include "core/apertura.h"
+#include "sesion/apertura.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 

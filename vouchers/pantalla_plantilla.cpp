@@ -1,6 +1,6 @@
 #include "vouchers/pantalla_plantilla.h"
 
-#include "core/apertura.h"
+#include "sesion/apertura.h"
 #include "vouchers/lineas_plantilla.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"

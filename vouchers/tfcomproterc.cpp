@@ -1,6 +1,6 @@
 #include "vouchers/tfcomproterc.h"
 
-#include "core/borrado.h"
+#include "sesion/borrado.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 

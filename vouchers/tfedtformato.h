@@ -1,7 +1,7 @@
 #pragma once
 // "Definición de formatos documentos": el formato con que un tipo o prefijo imprime sus
 // comprobantes en la papelería de la compañía. La llave llega en fdm().formato_actual.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 #include "vouchers/panel_flotante.h"
 

@@ -1,6 +1,6 @@
 #include "vouchers/tfedtmovimien.h"
 
-#include "core/borrado.h"
+#include "sesion/borrado.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"

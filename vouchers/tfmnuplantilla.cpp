@@ -1,7 +1,7 @@
 #include "vouchers/tfmnuplantilla.h"
 
-#include "core/apertura.h"
-#include "core/tfdm.h"
+#include "sesion/apertura.h"
+#include "sesion/tfdm.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "vouchers/tfmnusaldosi.h"
 
-#include "core/apertura.h"
+#include "sesion/apertura.h"
 
 Tfmnusaldosi::Tfmnusaldosi() : MenuBotones("Tfmnusaldosi", "Saldos iniciales") {
     opcion("SBSaldos2649", "Saldos Dec.2649        ", "go-first",

@@ -1,7 +1,7 @@
 #include "vouchers/tfsaldiniciales.h"
 
-#include "core/instalacion.h"
-#include "core/variables_informe.h"
+#include "sesion/instalacion.h"
+#include "sesion/variables_informe.h"
 #include "toolkit/informes/motor.h"
 #include "vouchers/lineas_saldos.h"
 #include "vouchers/pch.h"

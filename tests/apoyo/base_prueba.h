@@ -4,7 +4,7 @@
 // La plantilla (general y compañía 001 con los datos de ejemplo de datos_ejemplo.h) se arma una vez
 // por versión de los guiones en $QUORVEX_CONSTRUCCION/plantilla_bd; cada BaseDePrueba es una copia
 // propia que se borra al final. Las pruebas pueden correr en paralelo.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 #include "herramientas/ubicacion.h"
 
 #include <QTemporaryDir>

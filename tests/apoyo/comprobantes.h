@@ -1,7 +1,7 @@
 #pragma once
 // Comprobantes escritos directamente en las tablas, como los manda el resolvedor: primero el
 // encabezado, luego las líneas 2649 y al final las NIIF, fila por fila.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 #include <QVector>
 

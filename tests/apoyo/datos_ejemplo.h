@@ -19,7 +19,7 @@
 // Tipos: CG (prefijo 0001 automático), RC (0001 automático y 0002 a mano), NC sin prefijos activos.
 // Usuarios: ADMIN, administrador; AUXILIAR, solo con las opciones de opciones_auxiliar(),
 // agencia 2.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 
 void agregue_datos_ejemplo(Conexion& general, Conexion& compania);
 

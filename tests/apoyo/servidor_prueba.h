@@ -2,7 +2,7 @@
 // Servidor Firebird privado para las pruebas: solo atiende en 127.0.0.1, en un puerto libre, con su
 // propia base de seguridad, y muere con la prueba. Necesita el paquete firebird3.0-server (o la
 // ruta de su programa en QUORVEX_FIREBIRD) e isql-fb.
-#include "core/firebird/conexion.h"
+#include "datos/firebird/conexion.h"
 #include "herramientas/ubicacion.h"
 
 #include <QProcess>

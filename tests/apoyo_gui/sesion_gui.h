@@ -5,10 +5,10 @@
 //     SesionGui s("AUXILIAR");           // con las opciones de opciones_auxiliar()
 //     s.escritorio.area()                // aquí se abren las ventanas hijas
 #include "apoyo/base_prueba.h"
-#include "core/tfdm.h"
-#include "core/tfdmart.h"
-#include "core/tfdmcnt.h"
-#include "core/tfdmter.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmart.h"
+#include "sesion/tfdmcnt.h"
+#include "sesion/tfdmter.h"
 #include "toolkit/pantalla.h"
 
 #include <QApplication>

@@ -11,7 +11,7 @@ struct Archivo {
 
     QString piso() const {
         const QString carpeta = ruta.section('/', 0, -2);
-        for (const char* p : {"core/firebird", "core/recordset"})
+        for (const char* p : {"datos/firebird", "datos/recordset"})
             if (carpeta == QLatin1String(p))
                 return carpeta;
         return ruta.section('/', 0, 0);
@@ -19,10 +19,10 @@ struct Archivo {
     bool es_codigo() const { return ruta.endsWith(".cpp") || ruta.endsWith(".h"); }
 };
 
-const QStringList kPisosCodigo{"core",      "toolkit",  "catalogues", "vouchers", "ledger",
-                               "reports",   "tax",      "posting",    "niif",     "assets",
-                               "periodend", "budget",   "exchange",   "app",      "herramientas",
-                               "bench",     "database", "tests"};
+const QStringList kPisosCodigo{"datos",    "libro",        "sesion",    "toolkit",  "catalogues",
+                               "vouchers", "ledger",       "reports",   "tax",      "posting",
+                               "niif",     "assets",       "periodend", "budget",   "exchange",
+                               "app",      "herramientas", "bench",     "database", "tests"};
 
 QVector<Archivo> archivos() {
     static const QVector<Archivo> todos = [] {
@@ -105,16 +105,17 @@ private slots:
 };
 
 void PruebaOrden::ningun_piso_incluye_a_uno_de_arriba() {
-    // Un piso solo mira hacia abajo. Los de la misma altura se encuentran por el núcleo.
+    // Un piso solo mira hacia abajo. Los de la misma altura se encuentran por la sesión.
     const QStringList subsistemas{"vouchers", "ledger", "reports", "tax",       "posting",
                                   "niif",     "assets", "budget",  "periodend", "exchange"};
     QMap<QString, QStringList> abajo{
-        {"core/firebird", {}},
-        {"core/recordset", {"core/firebird"}},
-        {"toolkit", {"core/recordset", "core/firebird"}},
-        {"core", {"toolkit", "core/recordset", "core/firebird"}},
-        {"catalogues", {"core", "toolkit", "core/recordset", "core/firebird"}},
-        {"herramientas", {"core/firebird"}},
+        {"datos/firebird", {}},
+        {"datos/recordset", {"datos/firebird"}},
+        {"libro", {"datos/recordset", "datos/firebird"}},
+        {"toolkit", {"libro", "datos/recordset", "datos/firebird"}},
+        {"sesion", {"toolkit", "libro", "datos/recordset", "datos/firebird"}},
+        {"catalogues", {"sesion", "toolkit", "libro", "datos/recordset", "datos/firebird"}},
+        {"herramientas", {"datos/firebird"}},
     };
     for (const QString& s : subsistemas)
         abajo[s] = QStringList{"catalogues"} + abajo["catalogues"];
@@ -127,14 +128,14 @@ void PruebaOrden::ningun_piso_incluye_a_uno_de_arriba() {
                           if (!m.hasMatch())
                               return false;
                           QString piso = m.captured(1);
-                          if (piso != "core/firebird" && piso != "core/recordset")
+                          if (piso != "datos/firebird" && piso != "datos/recordset")
                               piso = piso.section('/', 0, 0);
                           return piso != a.piso() && !abajo[a.piso()].contains(piso);
                       }));
 }
 
 void PruebaOrden::solo_el_piso_de_firebird_conoce_al_cliente() {
-    SIN_FALTAS(faltas([](const Archivo& a) { return producto(a) && a.piso() != "core/firebird"; },
+    SIN_FALTAS(faltas([](const Archivo& a) { return producto(a) && a.piso() != "datos/firebird"; },
                       [](const Archivo&, const QString& r) {
                           return r.contains("#include <firebird/") ||
                                  r.contains("#include <ibase.h>");
@@ -144,7 +145,7 @@ void PruebaOrden::solo_el_piso_de_firebird_conoce_al_cliente() {
 void PruebaOrden::el_dinero_no_pasa_por_punto_flotante() {
     static const QRegularExpression flotante("\\b(double|float|toDouble|toFloat)\\b");
     // Solo la puerta de la base, que lee y escribe columnas flotantes de tablas ajenas.
-    const QString puerta = "core/firebird/preparada.cpp";
+    const QString puerta = "datos/firebird/preparada.cpp";
     SIN_FALTAS(faltas(
         [&](const Archivo& a) {
             return producto(a) && a.piso() != "toolkit" && a.piso() != "bench" && a.ruta != puerta;

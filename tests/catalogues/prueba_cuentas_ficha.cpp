@@ -5,7 +5,7 @@
 #include "catalogues/tfcuentas.h"
 #include "catalogues/tfmodcuenta.h"
 #include "catalogues/tfnvacuenta.h"
-#include "core/libro.h"
+#include "libro/libro.h"
 #include "toolkit/controles/casilladato.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/estilo.h"

@@ -3,7 +3,7 @@
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/tfcuentas.h"
-#include "core/libro.h"
+#include "libro/libro.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/rejilla.h"
 

@@ -1,7 +1,7 @@
 // La herramienta de administración, ejecutada como proceso.
 #include "apoyo/base_prueba.h"
 #include "apoyo/herramienta.h"
-#include "core/firebird/claves.h"
+#include "datos/firebird/claves.h"
 
 #include <QDir>
 #include <QFile>

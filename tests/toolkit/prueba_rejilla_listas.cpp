@@ -2,8 +2,8 @@
 #include "rejilla_de_prueba.h"
 
 #include "apoyo/base_prueba.h"
-#include "core/recordset/proveedor.h"
-#include "core/recordset/sentencia.h"
+#include "datos/recordset/proveedor.h"
+#include "datos/recordset/sentencia.h"
 #include "toolkit/estilo.h"
 
 #include <QHeaderView>

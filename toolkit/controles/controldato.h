@@ -5,7 +5,7 @@
 // usuario escribe y guarda en el campo al perder el foco, con Enter y antes de cada Post. Una falla
 // al guardar se informa por la frontera de fallas y el control vuelve a mostrar el valor del campo;
 // si ocurre durante un Post, lo aborta en silencio.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 #include <functional>
 

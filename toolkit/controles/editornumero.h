@@ -1,6 +1,6 @@
 #pragma once
 // Caja de un importe que no está en ningún campo: dos decimales, a la derecha, negativos en color.
-#include "core/firebird/moneda.h"
+#include "datos/firebird/moneda.h"
 
 #include <QLineEdit>
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 // Botones para recorrer y editar un conjunto de datos.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 #include <QToolButton>
 #include <QWidget>

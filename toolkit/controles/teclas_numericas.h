@@ -1,6 +1,6 @@
 #pragma once
 // Reglas de digitación de números que comparten los controles y las celdas.
-#include "core/firebird/valor.h"
+#include "datos/firebird/valor.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/firebird/errores.h"
+#include "datos/firebird/errores.h"
 
 #include <QByteArray>
 #include <QString>

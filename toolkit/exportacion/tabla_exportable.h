@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/firebird/moneda.h"
+#include "datos/firebird/moneda.h"
 
 #include <QDate>
 #include <QString>

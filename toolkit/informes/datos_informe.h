@@ -1,6 +1,6 @@
 #pragma once
 // Filas de un informe: lo que el compositor necesita de un conjunto de registros.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 namespace informes {
 

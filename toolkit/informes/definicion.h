@@ -22,7 +22,7 @@
 //
 // Una banda de alto 0 se imprime sobre la anterior, con medidas negativas: así el cliente puede
 // dejar por fuera una parte de otra banda.
-#include "core/firebird/errores.h"
+#include "datos/firebird/errores.h"
 
 #include <QString>
 #include <QStringList>

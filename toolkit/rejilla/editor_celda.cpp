@@ -1,6 +1,6 @@
 #include "toolkit/rejilla/editor_celda.h"
 
-#include "core/recordset/campo.h"
+#include "datos/recordset/campo.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/estilo.h"

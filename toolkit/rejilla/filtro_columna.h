@@ -4,7 +4,7 @@
 // Un texto solo: la celda lo contiene, sin distinguir mayúsculas ni tildes. Con =, <>, <, >, <= o
 // >= delante compara: números con números, lo demás por su texto. "=" solo: vacías; "<>" solo: con
 // algo.
-#include "core/firebird/valor.h"
+#include "datos/firebird/valor.h"
 
 class FiltroColumna {
 public:

@@ -1,6 +1,6 @@
 #pragma once
 // Modelo de la rejilla: lee las filas del conjunto sin copiarlas y traduce sus avisos a los de Qt.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 
 #include <QAbstractTableModel>
 #include <vector>

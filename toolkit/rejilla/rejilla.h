@@ -20,7 +20,7 @@
 // celda y luego la fila; Ctrl+Enter o Retroceso abren el editor con lo que hay, Supr lo abre vacío;
 // Alt+Abajo abre la lista; Espacio cambia la casilla o marca la fila; Mayús+flechas seleccionan;
 // Arriba en la primera fila pasa a los filtros.
-#include "core/recordset/conjunto.h"
+#include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/columna_rejilla.h"
 

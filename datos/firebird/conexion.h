@@ -1,0 +1,190 @@
+#pragma once
+// Conexión a una base Firebird, sus transacciones, sentencias preparadas y cursores.
+//
+// Es la única puerta del sistema al cliente de Firebird. La misma conexión sirve al motor en
+// proceso (ubicación sin servidor) y a un servidor ("equipo/puerto:ruta"). Dialecto 3, juego de
+// caracteres ISO8859_1, lectura confirmada con versión de registro y espera acotada de bloqueos.
+// Todas las fallas salen como ErrorBase con el texto del servidor (ver errores.h).
+//
+// Si se cae el servidor, la operación en curso falla (conexion_perdida) y la siguiente vuelve a
+// entrar con los mismos parámetros. Lo que quedó abierto de antes, cursores y transacciones, ya no
+// sirve; ninguna otra falla, ni un disco lleno, suelta la conexión.
+#include "datos/firebird/errores.h"
+#include "datos/firebird/valor.h"
+
+#include <QStringList>
+#include <QVector>
+#include <functional>
+#include <memory>
+
+class Transaccion;
+class Preparada;
+class Cursor;
+
+struct ParametrosConexion {
+    QString base; ///< "equipo/puerto:ruta" o una ruta del equipo local
+    QString usuario;
+    QString clave;
+    int espera_segundos = 10; ///< cuánto se espera por una fila que otro tiene tomada
+    /// Solo al crear: cada escritura llega al disco antes de seguir. Una base desechable lo apaga.
+    bool escritura_forzada = true;
+};
+
+enum class TipoColumna { Texto, Entero, Decimal, Fecha, Hora, FechaHora, Memo, Binario, Flotante };
+
+/// Columna de un resultado o parámetro de una sentencia, como la describe el servidor.
+struct Columna {
+    QString nombre;
+    QString tabla;
+    TipoColumna tipo = TipoColumna::Texto;
+    int longitud = 0;  ///< caracteres, para textos
+    int decimales = 0; ///< para decimales
+    bool fija = false; ///< CHAR
+    bool admite_nulo = true;
+    unsigned tipo_sql = 0;
+    unsigned desplazamiento = 0;
+    unsigned desplazamiento_nulo = 0;
+    unsigned octetos = 0;
+    int subtipo = 0;
+};
+
+class Conexion {
+public:
+    Conexion();
+    ~Conexion();
+    Conexion(const Conexion&) = delete;
+    Conexion& operator=(const Conexion&) = delete;
+
+    void conectar(const ParametrosConexion& parametros);
+    /// Crea la base vacía (página de 8 KB, caché de `paginas_cache`) y queda conectada a ella.
+    void cree_base(const ParametrosConexion& parametros, int paginas_cache = 8192);
+    void desconectar() noexcept;
+    /// Borra la base conectada; la conexión queda cerrada.
+    void borre_base();
+    bool conectada() const;
+    const ParametrosConexion& parametros() const { return parametros_; }
+
+    /// Ejecuta una orden en su propia transacción corta; devuelve las filas tocadas.
+    /// Un conflicto con otro usuario que no aplicó nada se intenta de nuevo unas pocas veces.
+    qint64 ejecute(const QString& sql, const QVector<Valor>& valores = {});
+    /// Ejecuta un procedimiento y devuelve su única fila de salida.
+    QVector<Valor> ejecute_con_salida(const QString& sql, const QVector<Valor>& valores = {});
+    /// Abre un cursor en la transacción de lectura de la conexión.
+    std::unique_ptr<Cursor> abra(const QString& sql, const QVector<Valor>& valores = {});
+    /// Primera columna de la primera fila; nulo si no hay filas.
+    Valor consulte(const QString& sql, const QVector<Valor>& valores = {});
+
+    /// Transacción de lectura que comparten las pantallas: no retiene versiones viejas.
+    Transaccion& lectura();
+    /// Sentencia preparada de la memoria de la conexión: los textos repetidos no se preparan dos
+    /// veces.
+    std::shared_ptr<Preparada> prepare(const QString& sql, Transaccion& transaccion);
+
+    quint64 sentencias_ejecutadas() const { return sentencias_; }
+    /// Se llama con cada texto que se ejecuta; nulo para no observar.
+    std::function<void(const QString&)> observador;
+
+    struct Interno;
+    Interno& interno() { return *interno_; }
+    void anote(const QString& sql);
+    /// Antes de cada operación: si se perdió el servidor, vuelve a entrar. Lanza si aún no atiende.
+    void asegure_enlace();
+
+private:
+    void abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache);
+
+    std::unique_ptr<Interno> interno_;
+    ParametrosConexion parametros_;
+    std::unique_ptr<Transaccion> lectura_;
+    quint64 sentencias_ = 0;
+};
+
+class Transaccion {
+public:
+    enum class Modo {
+        Escritura,   ///< lectura confirmada, espera bloqueos
+        Lectura,     ///< solo lectura, lectura confirmada
+        Instantanea, ///< solo lectura, una sola foto de toda la base: lo que se imprime cuadra
+    };
+    Transaccion(Conexion& conexion, Modo modo);
+    /// Sin confirmar, se deshace.
+    ~Transaccion();
+    Transaccion(const Transaccion&) = delete;
+    Transaccion& operator=(const Transaccion&) = delete;
+    void confirme();
+    void deshaga() noexcept;
+    bool activa() const;
+    Conexion& conexion() { return conexion_; }
+
+    struct Interno;
+    Interno& interno() { return *interno_; }
+
+private:
+    Conexion& conexion_;
+    std::unique_ptr<Interno> interno_;
+};
+
+class Preparada {
+public:
+    Preparada(Conexion& conexion, Transaccion& transaccion, const QString& sql);
+    ~Preparada();
+    Preparada(const Preparada&) = delete;
+    Preparada& operator=(const Preparada&) = delete;
+
+    const QVector<Columna>& columnas() const { return columnas_; }
+    const QVector<Columna>& parametros() const { return parametros_; }
+    bool devuelve_filas() const;
+    QString plan() const;
+    const QString& sql() const { return sql_; }
+
+    qint64 ejecute(Transaccion& transaccion, const QVector<Valor>& valores);
+    QVector<Valor> ejecute_con_salida(Transaccion& transaccion, const QVector<Valor>& valores);
+
+    struct Interno;
+    Interno& interno() { return *interno_; }
+
+private:
+    friend class Cursor;
+    const char* cargue(Transaccion& transaccion, const QVector<Valor>& valores);
+
+    Conexion& conexion_;
+    QString sql_;
+    std::unique_ptr<Interno> interno_;
+    QVector<Columna> columnas_;
+    QVector<Columna> parametros_;
+    QByteArray entrada_;
+};
+
+/// Resultado de una consulta, fila a fila. El mensaje crudo puede copiarse y leerse después con
+/// `decodifique`, que es lo que hace el conjunto de datos para no pagar por columnas que nadie
+/// mira.
+class Cursor {
+public:
+    Cursor(std::shared_ptr<Preparada> sentencia, Transaccion& transaccion,
+           const QVector<Valor>& valores);
+    ~Cursor();
+    Cursor(const Cursor&) = delete;
+    Cursor& operator=(const Cursor&) = delete;
+
+    bool siguiente();
+    bool agotado() const { return agotado_; }
+    const QVector<Columna>& columnas() const;
+    Valor valor(int columna) const;
+    const char* mensaje() const { return mensaje_.constData(); }
+    unsigned largo_mensaje() const { return unsigned(mensaje_.size()); }
+    /// Lee la siguiente fila dentro de `destino` (de largo_mensaje octetos).
+    bool siguiente_en(char* destino);
+    void cierre() noexcept;
+
+    struct Interno;
+
+private:
+    std::shared_ptr<Preparada> sentencia_;
+    std::unique_ptr<Interno> interno_;
+    QByteArray mensaje_;
+    bool agotado_ = false;
+    quint64 enlace_ = 0; ///< número del enlace con que se abrió
+};
+
+/// Lee una columna de un mensaje crudo. Los blobs se leen con la transacción de lectura.
+Valor decodifique(Conexion& conexion, const Columna& columna, const char* mensaje);

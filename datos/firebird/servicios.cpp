@@ -1,0 +1,222 @@
+#include "datos/firebird/servicios.h"
+
+#include "datos/firebird/interno.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <array>
+#include <cstdio>
+
+using namespace Firebird;
+using namespace fbc;
+
+namespace {
+
+constexpr unsigned kBufer = 32000;
+
+/// "equipo/puerto:ruta" partido en servidor y ruta; sin servidor, todo es ruta local.
+struct Direccion {
+    QByteArray servicio;
+    QByteArray ruta;
+};
+
+Direccion direccion_de(const QString& base) {
+    const qsizetype corte = base.indexOf(':');
+    Direccion d;
+    const bool remota = corte > 1;
+    d.servicio =
+        (remota ? base.left(corte) + QStringLiteral(":service_mgr") : QString("service_mgr"))
+            .toLocal8Bit();
+    d.ruta = (remota ? base.mid(corte + 1) : base).toLocal8Bit();
+    return d;
+}
+
+class Servicio {
+public:
+    Servicio(const Direccion& direccion, const ParametrosConexion& parametros) {
+        Estado estado;
+        IXpbBuilder* spb =
+            utilidades()->getXpbBuilder(&estado, IXpbBuilder::SPB_ATTACH, nullptr, 0);
+        estado.compruebe();
+        spb->insertString(&estado, isc_spb_user_name, a_latin1(parametros.usuario).constData());
+        if (!parametros.clave.isEmpty())
+            spb->insertString(&estado, isc_spb_password, parametros.clave.toUtf8().constData());
+        IProvider* proveedor = maestro()->getDispatcher();
+        servicio_ =
+            proveedor->attachServiceManager(&estado, direccion.servicio.constData(),
+                                            spb->getBufferLength(&estado), spb->getBuffer(&estado));
+        spb->dispose();
+        proveedor->release();
+        estado.compruebe(true);
+    }
+    ~Servicio() {
+        Estado estado;
+        servicio_->detach(&estado);
+        if (estado.fallo())
+            servicio_->release();
+    }
+    Servicio(const Servicio&) = delete;
+    Servicio& operator=(const Servicio&) = delete;
+
+    void inicie(IXpbBuilder* orden) {
+        Estado estado;
+        servicio_->start(&estado, orden->getBufferLength(&estado), orden->getBuffer(&estado));
+        orden->dispose();
+        estado.compruebe();
+    }
+
+    struct Respuesta {
+        QByteArray datos;
+        unsigned pide = 0; ///< octetos que el servicio espera recibir
+        bool sigue = false;
+    };
+
+    Respuesta consulte(const QByteArray& que, const QByteArray& envio = {}) {
+        unsigned char bufer[kBufer + 16];
+        Estado estado;
+        servicio_->query(
+            &estado, unsigned(envio.size()),
+            reinterpret_cast<const unsigned char*>(envio.constData()), unsigned(que.size()),
+            reinterpret_cast<const unsigned char*>(que.constData()), sizeof bufer, bufer);
+        estado.compruebe();
+        Respuesta r;
+        for (const unsigned char* p = bufer; *p != isc_info_end;) {
+            switch (*p++) {
+            case isc_info_svc_line:
+            case isc_info_svc_to_eof: {
+                const unsigned largo = p[0] | p[1] << 8;
+                r.datos.append(reinterpret_cast<const char*>(p + 2), int(largo));
+                p += 2 + largo;
+                r.sigue = r.sigue || largo > 0;
+                break;
+            }
+            case isc_info_svc_stdin:
+                r.pide = p[0] | p[1] << 8 | p[2] << 16 | unsigned(p[3]) << 24;
+                p += 4;
+                break;
+            case isc_info_truncated:
+            case isc_info_data_not_ready:
+            case isc_info_svc_timeout:
+                r.sigue = true;
+                break;
+            default:
+                return r;
+            }
+        }
+        return r;
+    }
+
+    void espere() {
+        const QByteArray renglon(1, char(isc_info_svc_line));
+        while (consulte(renglon).sigue) {
+        }
+    }
+
+    void anote(const QByteArray& renglon, const AvisoServicio& aviso) {
+        if (!renglon.isEmpty() && aviso)
+            aviso(QString::fromLatin1(renglon).trimmed());
+    }
+
+private:
+    IService* servicio_ = nullptr;
+};
+
+IXpbBuilder* orden(unsigned char accion) {
+    Estado estado;
+    IXpbBuilder* spb = utilidades()->getXpbBuilder(&estado, IXpbBuilder::SPB_START, nullptr, 0);
+    estado.compruebe();
+    spb->insertTag(&estado, accion);
+    return spb;
+}
+
+[[noreturn]] void no_se_pudo(const QString& verbo, const QFile& archivo) {
+    throw ErrorDatos(
+        QStringLiteral("No se pudo %1 el archivo de respaldo %2. Verifique la ruta, los "
+                       "permisos y el espacio en disco.")
+            .arg(verbo, archivo.fileName()));
+}
+
+} // namespace
+
+void respalde_base(const ParametrosConexion& origen, const QString& archivo) {
+    const Direccion direccion = direccion_de(origen.base);
+    const QString provisional = archivo + QStringLiteral(".parcial");
+    QFile destino(provisional);
+    if (!destino.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        no_se_pudo(QStringLiteral("crear"), destino);
+    try {
+        Servicio servicio(direccion, origen);
+        IXpbBuilder* spb = orden(isc_action_svc_backup);
+        Estado estado;
+        spb->insertString(&estado, isc_spb_dbname, direccion.ruta.constData());
+        // Por la conexión también en este equipo: con un archivo por medio, el motor en proceso
+        // pregunta por el teclado cuando el archivo le queda corto.
+        spb->insertString(&estado, isc_spb_bkp_file, "stdout");
+        servicio.inicie(spb);
+        const QByteArray todo(1, char(isc_info_svc_to_eof));
+        for (auto r = servicio.consulte(todo); r.sigue; r = servicio.consulte(todo))
+            if (destino.write(r.datos) != r.datos.size())
+                no_se_pudo(QStringLiteral("escribir"), destino);
+        if (!destino.flush())
+            no_se_pudo(QStringLiteral("escribir"), destino);
+        destino.close();
+    } catch (...) {
+        destino.close();
+        QFile::remove(provisional);
+        throw;
+    }
+    // El cambio es de una vez: hasta aquí el respaldo anterior sigue entero.
+    if (std::rename(QFile::encodeName(provisional).constData(),
+                    QFile::encodeName(archivo).constData()) != 0)
+        no_se_pudo(QStringLiteral("renombrar"), destino);
+}
+
+void restaure_base(const QString& archivo, const ParametrosConexion& destino, bool reemplazar,
+                   int paginas_cache, const AvisoServicio& aviso) {
+    QFile origen(archivo);
+    if (!origen.open(QIODevice::ReadOnly))
+        no_se_pudo(QStringLiteral("abrir"), origen);
+    const Direccion direccion = direccion_de(destino.base);
+    Servicio servicio(direccion, destino);
+    IXpbBuilder* spb = orden(isc_action_svc_restore);
+    Estado estado;
+    spb->insertString(&estado, isc_spb_bkp_file, "stdin");
+    spb->insertString(&estado, isc_spb_dbname, direccion.ruta.constData());
+    spb->insertInt(&estado, isc_spb_res_buffers, paginas_cache);
+    spb->insertInt(&estado, isc_spb_options,
+                   int(reemplazar ? isc_spb_res_replace : isc_spb_res_create));
+    spb->insertTag(&estado, isc_spb_verbose);
+    servicio.inicie(spb);
+    const QByteArray que{QByteArray(1, char(isc_info_svc_stdin)) + char(isc_info_svc_line)};
+    QByteArray envio;
+    for (auto r = servicio.consulte(que); r.sigue || r.pide > 0;
+         r = servicio.consulte(que, envio)) {
+        servicio.anote(r.datos, aviso);
+        envio.clear();
+        if (r.pide == 0)
+            continue;
+        const QByteArray trozo = origen.read(qMin<qint64>(r.pide, kBufer - 8));
+        if (trozo.isEmpty() && !origen.atEnd())
+            no_se_pudo(QStringLiteral("leer"), origen);
+        envio.append(char(isc_info_svc_line));
+        envio.append(char(trozo.size() & 0xFF));
+        envio.append(char(trozo.size() >> 8));
+        envio += trozo;
+    }
+}
+
+void ponga_escritura_inmediata(const ParametrosConexion& base, bool inmediata) {
+    const Direccion direccion = direccion_de(base.base);
+    Servicio servicio(direccion, base);
+    IXpbBuilder* spb = orden(isc_action_svc_properties);
+    Estado estado;
+    spb->insertString(&estado, isc_spb_dbname, direccion.ruta.constData());
+    spb->insertBytes(
+        &estado, isc_spb_prp_write_mode,
+        std::array<unsigned char, 1>{
+            static_cast<unsigned char>(inmediata ? isc_spb_prp_wm_sync : isc_spb_prp_wm_async)}
+            .data(),
+        1);
+    servicio.inicie(spb);
+    servicio.espere();
+}

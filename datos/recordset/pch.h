@@ -1,0 +1,11 @@
+#pragma once
+#include "datos/firebird/conexion.h"
+#include <QMap>
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+#include <algorithm>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <vector>

@@ -1,0 +1,12 @@
+#pragma once
+#include "datos/recordset/conjunto.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/pantalla.h"
+#include <QApplication>
+#include <QDate>
+#include <QDialog>
+#include <QFile>
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+#include <QTime>

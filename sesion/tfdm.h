@@ -1,0 +1,124 @@
+#pragma once
+// Módulo de datos central: conexiones, configuración, derechos, fallas, numeración y avisos.
+//
+// Vive lo que el proceso y guarda las sentencias compartidas. La sesión (usuario, compañía,
+// agencia, derechos) se llena una vez, en la primera activación del formulario principal.
+#include "libro/libro.h"
+#include "datos/recordset/conjunto.h"
+#include "toolkit/barraestado.h"
+
+#include <QPointer>
+
+/// Encabezado de la compañía para los comprobantes impresos.
+struct EncabezadoCompania {
+    QString nombre, direccion, telefonos, encabezado;
+    QByteArray logo;
+    QString nit;
+};
+
+class Tfdm : public QObject {
+    Q_OBJECT
+public:
+    Tfdm();
+    ~Tfdm() override;
+    void DataModuleCreate();
+
+    // --- conexiones
+    Conexion Quorvex;    ///< base de la compañía
+    Conexion ConGeneral; ///< base general
+
+    // --- sesión
+    QString modulo, usuario, nombre_usuario, codigo_compania;
+    int sucursal_usuario = 0;
+    bool administrador = false;
+    EncabezadoCompania datos_compania;
+    QString SUCU_NOMBRE, SUCU_DIRECCION, SUCU_TELEFONOS; ///< de la agencia de la sesión
+    int registros_paquete = 1000;
+    int duracion_busquedas = 0; ///< milisegundos
+    QString color_ventana, color_final;
+    bool hubo_error = false, sin_mensaje = false;
+    static const QStringList& nombres_periodo(); ///< catorce: Enero a Diciembre, Ajustes, Cierre
+
+    // --- banderas que una pantalla pasa a la que abre
+    bool modo_mantenimiento = false; ///< la lista se abre para mantenimiento, no para escoger
+    bool modo_selector = false;      ///< la pantalla se abre como selector modal
+    QString formato_actual;          ///< formato de impresión a editar
+    QString documento_encontrado;    ///< id que dejó existe_numero
+    QString mensaje_responder;       ///< mensaje que se contesta
+    QString autor_responder;         ///< y quién lo escribió
+
+    // --- sentencias compartidas
+    Sentencia QConfiguracion, QBorrar, QBorrarGen, QAccesous, TNomcampos, QAudit;
+    Sentencia TTipocomp, TPrefconta, QPrefijos, TTipodoc, TPrefijo;
+    Sentencia TProyectos, TCentros, TSubEmpresa, TCuentas, TCuentasniif, QPuc;
+    Sentencia QNumerodoc, QNomtipo, TUsracceso, TCompania, QUserFec, QCuentausr, QRevision;
+    Sentencia SPCtaPadre, SCreectapuc, SAfectable;
+    Sentencia Tformatos, Tformadatos, Tformalineas, Smueveformato;
+    Proveedor PConfiguracion, PBorrar, PBorrarGen, PAccesous, PNomcampos;
+    ConjuntoDatos CConfiguracion, CBorrar, CBorrarGen, CAccesous, CNomcampos;
+
+    // --- configuración
+    void cargue_configuracion();
+    /// Valor de la llave, o vacío después de avisar si no existe. En memoria: no toca la base.
+    QString configuracion(const QString& modulo, const QString& categoria,
+                          const QString& propiedad);
+    /// El valor es exactamente "SI".
+    bool configurado_si(const QString& categoria, const QString& propiedad) {
+        return configuracion(QStringLiteral("CONTABILIDAD"), categoria, propiedad) ==
+               QLatin1String("SI");
+    }
+    /// Conversión estricta; lanza ErrorDatos si el texto no es un entero.
+    static int entero(const QString& texto);
+
+    // --- proveedores y fallas
+    /// Recorre lo que `componente` posee: une las fallas, los avisos de espera y el tamaño de
+    /// paquete. Toda pantalla y módulo de datos la llama al crearse.
+    void ConfigurarProviders(QObject* componente);
+    void ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const ErrorDatos& error);
+    void ManejarClientError(ConjuntoDatos& conjunto, const ErrorDatos& error);
+    void ENoManejada(const QString& texto);
+    QString nombre_campo(const QString& nombre);
+    AvisosBarra* barra() const { return barra_; }
+    void barra(AvisosBarra* barra);
+    void mostrar_advertencia(const QString& texto);
+    void mostrar_alerta(const QString& texto);
+    void mostrar_mensaje();
+    void quitar_mensaje();
+    void mensaje_error(const QString& texto);
+
+    // --- derechos y auditoría
+    bool valide_acceso(const QString& modulo, int opcion);
+    /// La opción del módulo CONTABILIDAD; si se niega, muestra la negativa.
+    bool exija_acceso(int opcion);
+    bool acceso_editacomproba(const QString& usuario, const QString& modulo, int opcion);
+    QString valide_usuario(const QString& usuario);
+    QString razon_anulacion(int tipo, int id);
+    /// Último cambio de un maestro o comprobante: "aaaa-mm-dd  hh:mm:ss  USUARIO", o vacío.
+    /// `columna` es "audi_cod" (con el código entre comillas) o "audi_iddoc".
+    static QString sql_auditoria(int tipo, const QString& columna, const QString& valor);
+
+    // --- numeración de documentos
+    static QString complete_numero(const QString& numero) { return complete_numero_n(numero, 6); }
+    static QString complete_numero_n(const QString& numero, int n);
+    void registre_prefijo(int tipo);
+    bool valide_numero(int tipo, const QString& prefijo, const QString& numero, Campo& campo);
+    bool existe_numero(int tipo, const QString& prefijo, const QString& numero);
+    void numero_documento(int tipo, qint64 id, Campo& campo_prefijo, Campo& campo_numero);
+    void num_documento(int tipo, qint64 id, QString& prefijo, QString& numero);
+    QString nombre_tipo(int tipo);
+
+    // --- fechas y letras
+    void valide_fecha(Campo& campo);
+    QString numero_a_letras(Moneda valor);
+    QString nombre_impresora(const QString& clave);
+
+    /// Anota una falla en ERRORES.TXT sin decir nada a nadie.
+    void registre_en_archivo(const QString& texto);
+
+private:
+    QPointer<AvisosBarra> barra_;
+};
+
+Tfdm& fdm();
+constexpr const char* kAccesoNegado =
+    "Acceso no permitido. comuníquese con el administrador del sistema.";

@@ -1,0 +1,89 @@
+// Numeración y registro de los documentos de la suite.
+#include "sesion/modulos_suite.h"
+#include "sesion/registro_documentos.h"
+#include "sesion/tfdm.h"
+
+QString Tfdm::complete_numero_n(const QString& numero, int n) {
+    return numero.size() >= n ? numero : numero.rightJustified(n, '0');
+}
+
+void Tfdm::registre_prefijo(int tipo) {
+    const QString t = QString::number(tipo);
+    CBorrar.Open("select pref_activo from prefijos where pref_pre = '0000' and tido_cod = " + t);
+    if (!CBorrar.IsEmpty())
+        CBorrar.Execute(
+            "update prefijos set pref_activo = 'S' where pref_pre = '0000' and tido_cod = " + t);
+    else
+        CBorrar.Execute("insert into prefijos (tido_cod, pref_pre, pref_auto, pref_actual, "
+                        "pref_ivainc, pref_activo) values (" +
+                        t + ", '0000', 'N', '000001', 'N', 'S')");
+}
+
+bool Tfdm::existe_numero(int tipo, const QString& prefijo, const QString& numero) {
+    if (numero.isEmpty())
+        return true;
+    QBorrar.Open(sql_existe_numero(tipo, prefijo, complete_numero(numero)));
+    const bool existe = !QBorrar.IsEmpty();
+    documento_encontrado = QBorrar.Fields(0).texto();
+    if (ModuloSuite* modulo = ModuloSuite::de(area_del_documento(tipo)))
+        modulo->documento_encontrado = documento_encontrado;
+    QBorrar.Close();
+    return existe;
+}
+
+bool Tfdm::valide_numero(int tipo, const QString& prefijo, const QString& numero_sugerido,
+                         Campo& campo) {
+    documento_encontrado.clear();
+    if (campo.vacio())
+        return true;
+    QString numero = campo.texto();
+    if (!existe_numero(tipo, prefijo, numero))
+        return true;
+    if (numero != numero_sugerido) {
+        if (pregunte("Documento " + numero + " previamente registrado. Consultar?"))
+            return true;
+        documento_encontrado.clear();
+        return false;
+    }
+    do
+        numero = complete_numero_n(QString::number(entero(numero) + 1), tipo == 31 ? 8 : 6);
+    while (existe_numero(tipo, prefijo, numero));
+    campo = numero;
+    return true;
+}
+
+void Tfdm::numero_documento(int tipo, qint64 id, Campo& campo_prefijo, Campo& campo_numero) {
+    if (tipo <= 10) {
+        campo_prefijo = "";
+        campo_numero = "";
+        return;
+    }
+    QNumerodoc.Open(sql_numero_documento(tipo, id));
+    if (!QNumerodoc.IsEmpty()) {
+        campo_prefijo = QNumerodoc.Fields(0).texto();
+        campo_numero = QNumerodoc.Fields(1).texto();
+    }
+    QNumerodoc.Close();
+}
+
+void Tfdm::num_documento(int tipo, qint64 id, QString& prefijo, QString& numero) {
+    if (tipo <= 10) {
+        prefijo.clear();
+        numero.clear();
+        return;
+    }
+    QNumerodoc.Open(sql_num_documento(tipo, id));
+    if (!QNumerodoc.IsEmpty()) {
+        prefijo = QNumerodoc.Fields(0).texto();
+        numero = QNumerodoc.Fields(1).texto();
+    }
+    QNumerodoc.Close();
+}
+
+QString Tfdm::nombre_tipo(int tipo) {
+    QNomtipo.Open("select tido_nomcorto from tipo_documento where tido_cod = " +
+                  QString::number(tipo));
+    const QString nombre = QNomtipo.Fields(0).texto();
+    QNomtipo.Close();
+    return nombre;
+}

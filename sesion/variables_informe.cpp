@@ -1,0 +1,10 @@
+#include "sesion/variables_informe.h"
+
+#include "sesion/tfdm.h"
+#include "toolkit/informes/motor.h"
+
+void fije_variables(MotorInformes& motor, const QString& titulo) {
+    motor.fijar_parametro("NomCia", fdm().configuracion("GENERAL", "GENERAL", "NOMBRE COMPAÑIA"));
+    motor.fijar_parametro("Titulo", titulo);
+    motor.fijar_parametro("Usuario", fdm().nombre_usuario);
+}

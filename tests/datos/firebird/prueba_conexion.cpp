@@ -1,0 +1,127 @@
+#include "datos/firebird/conexion.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+class PruebaConexion : public QObject {
+    Q_OBJECT
+    QTemporaryDir carpeta_;
+    Conexion c_;
+
+private slots:
+    void initTestCase() {
+        c_.cree_base({carpeta_.filePath("x.fdb"), "SYSDBA", "", 1}, 512);
+        c_.ejecute("create table t (id integer not null constraint pk_t primary key, nombre "
+                   "varchar(10), flag char(3), v numeric(15,2), p numeric(15,4), d date, h time, m "
+                   "blob sub_type text, b blob)");
+        c_.ejecute("create exception ex_prueba 'La cuenta ñ no existe.'");
+    }
+
+    void los_tipos_van_y_vuelven_exactos() {
+        const QByteArray binario("\x00\x01\xff", 3);
+        QCOMPARE(c_.ejecute("insert into t values (?,?,?,?,?,?,?,?,?)",
+                            {1, "Ñandú", "S", Moneda::de_texto("9999999999999.99"),
+                             Moneda::de_texto("0.0001"), QDate(2018, 2, 21), QTime(13, 5, 9),
+                             QString(40000, QChar(0xF1)), binario}),
+                 qint64(1));
+        c_.ejecute("insert into t (id) values (2)");
+        const auto cursor = c_.abra("select * from t order by id");
+        QVERIFY(cursor->siguiente());
+        QCOMPARE(cursor->valor(1).texto(), QString("Ñandú"));
+        QCOMPARE(cursor->valor(2).texto(), QString("S")); // los blancos del CHAR se recortan
+        QCOMPARE(cursor->valor(3).moneda().texto(), QString("9999999999999.99"));
+        QCOMPARE(cursor->valor(4).texto(), QString("0.0001"));
+        QCOMPARE(cursor->valor(5).texto(), QString("2018/02/21"));
+        QCOMPARE(cursor->valor(6).texto(), QString("13:05:09"));
+        QCOMPARE(cursor->valor(7).texto().size(), 40000);
+        QCOMPARE(cursor->valor(8).binario(), binario);
+        QVERIFY(cursor->siguiente());
+        for (int i = 1; i < 9; ++i)
+            QVERIFY(cursor->valor(i).nulo());
+        QVERIFY(!cursor->siguiente());
+        QVERIFY(c_.consulte("select id from t where id = 77").nulo());
+    }
+
+    void lo_que_no_cabe_se_rechaza_nombrandolo() {
+        try {
+            c_.ejecute("update t set nombre = ? where id = 1", {QString("100 €")});
+            QFAIL("aceptó un carácter que la base no puede guardar");
+        } catch (const ErrorDatos& e) {
+            QVERIFY(e.texto().contains("'€'"));
+        }
+        QVERIFY_THROWS_EXCEPTION(
+            ErrorDatos, c_.ejecute("update t set nombre = ? where id = 1", {"12345678901"}));
+        QCOMPARE(c_.consulte("select nombre from t where id = 1").texto(), QString("Ñandú"));
+    }
+
+    void las_fallas_del_servidor_llevan_su_prefijo() {
+        try {
+            c_.ejecute("insert into t (id) values (1)");
+            QFAIL("aceptó una llave repetida");
+        } catch (const ErrorBase& e) {
+            QCOMPARE(e.texto().mid(18, 20), QString("violation of PRIMARY"));
+        }
+        try {
+            c_.ejecute("execute block as begin exception ex_prueba; end");
+            QFAIL("no lanzó la excepción");
+        } catch (const ErrorBase& e) {
+            QCOMPARE(e.texto(), QString("La cuenta ñ no existe."));
+        }
+        Conexion otra;
+        try {
+            otra.conectar({"/no/existe.fdb", "SYSDBA", "", 1});
+            QFAIL("abrió lo que no existe");
+        } catch (const ErrorBase& e) {
+            QVERIFY(e.texto().startsWith("dbExpress Error: I/O error for file \"/no/existe.fdb\""));
+        }
+        try {
+            otra.conectar({"127.0.0.1/1:/x.fdb", "SYSDBA", "x", 1});
+            QFAIL("se conectó a un puerto cerrado");
+        } catch (const ErrorBase& e) {
+            QVERIFY2(e.texto().startsWith("dbExpress Error: Connection failed"), e.what());
+        }
+        try {
+            otra.conectar({"equipo.invalid/3050:/x.fdb", "SYSDBA", "x", 1});
+            QFAIL("se conectó a un equipo que no existe");
+        } catch (const ErrorBase& e) {
+            QVERIFY2(
+                e.texto().contains("Unable to complete network request to host \"equipo.invalid"),
+                e.what());
+        }
+    }
+
+    void dos_conexiones_comparten_el_archivo_y_se_esperan() {
+        Conexion otra;
+        otra.conectar({carpeta_.filePath("x.fdb"), "SYSDBA", "", 1});
+        Transaccion a(c_, Transaccion::Modo::Escritura);
+        c_.prepare("update t set nombre = 'a' where id = 2", a)->ejecute(a, {});
+        QElapsedTimer reloj;
+        reloj.start();
+        try {
+            otra.ejecute("update t set nombre = 'b' where id = 2");
+            QFAIL("pasó por encima del bloqueo");
+        } catch (const ErrorBase& e) {
+            QVERIFY(e.conflicto());
+            QVERIFY2(e.texto().contains("Otro usuario"), e.what());
+        }
+        QVERIFY(otra.consulte("select nombre from t where id = 2").nulo()); // leer no espera
+        a.confirme();
+        otra.ejecute("update t set nombre = 'b' where id = 2");
+        QCOMPARE(c_.consulte("select nombre from t where id = 2").texto(), QString("b"));
+    }
+
+    void una_sentencia_repetida_no_se_prepara_de_nuevo() {
+        int vistas = 0;
+        c_.observador = [&vistas](const QString&) { ++vistas; };
+        auto uno = c_.abra("select id from t order by id");
+        auto dos = c_.abra("select id from t order by id"); // dos cursores a la vez, sin pisarse
+        QVERIFY(uno->siguiente() && dos->siguiente() && uno->siguiente());
+        QCOMPARE(dos->valor(0).entero(), qint64(1));
+        QCOMPARE(uno->valor(0).entero(), qint64(2));
+        QCOMPARE(vistas, 2);
+        c_.observador = nullptr;
+    }
+};
+
+QTEST_GUILESS_MAIN(PruebaConexion)
+#include "prueba_conexion.moc"

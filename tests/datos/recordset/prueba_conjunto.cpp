@@ -1,0 +1,365 @@
+#include "datos/recordset/conjunto.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+/// Maestra y dos detalles, como un comprobante con sus dos libros.
+struct Documento {
+    explicit Documento(Conexion& c)
+        : q(&dueno, "TDocumentos", c, "select * from documento where id = :ID"),
+          ql(&dueno, "TLineas", c, "select * from linea where id = :ID"),
+          qn(&dueno, "TLineasn", c, "select * from linea_n where id = :ID"),
+          p(&dueno, "PDocumentos", &q, poCascadeDeletes | poCascadeUpdates) {
+        ql.enlace_maestra(&q, {"ID"});
+        qn.enlace_maestra(&q, {"ID"});
+        doc.proveedor = &p;
+        doc.entero("ID").requerido();
+        doc.texto("NOMBRE", 10).requerido().etiqueta("Nombre");
+        doc.memo("NOTA");
+        lineas.anide_en(&doc, &ql);
+        otras.anide_en(&doc, &qn);
+        for (ConjuntoDatos* l : {&lineas, &otras}) {
+            l->entero("ID").requerido();
+            l->entero("ITEM").requerido();
+            l->decimal("VALOR").formato("#,###.00");
+            l->agregado("SUMA", "Sum(VALOR)");
+        }
+        p.OnUpdateError = [this](Proveedor&, ConjuntoDatos& d, const ErrorDatos& e, ClaseCambio) {
+            fallas << d.objectName() + ": " + e.texto();
+        };
+    }
+    void abra(int id) {
+        doc.Close();
+        doc.FetchParams();
+        doc.Params["ID"] = id;
+        doc.Open();
+    }
+    void linea(ConjuntoDatos& l, int item, int valor) {
+        l.Append();
+        l.FieldByName("ITEM") = item;
+        l.FieldByName("VALOR") = Moneda(valor);
+        l.Post();
+    }
+    QObject dueno;
+    Sentencia q, ql, qn;
+    Proveedor p;
+    ConjuntoDatos doc{&dueno, "CDocumento"}, lineas{&dueno, "CLineas"}, otras{&dueno, "COtras"};
+    QStringList fallas;
+};
+
+} // namespace
+
+class PruebaConjunto : public QObject {
+    Q_OBJECT
+    QTemporaryDir carpeta_;
+    Conexion c_;
+    QObject dueno_;
+
+    int cuenta(const QString& tabla) {
+        return int(c_.consulte("select count(*) from " + tabla).entero());
+    }
+
+private slots:
+    void initTestCase() {
+        c_.cree_base({carpeta_.filePath("x.fdb"), "SYSDBA", "", 2}, 1024);
+        c_.ejecute(
+            "create table documento (id integer not null constraint pk_d primary key, nombre "
+            "varchar(10), nota blob sub_type text)");
+        for (const char* t : {"linea", "linea_n"})
+            c_.ejecute(
+                QString("create table %1 (id integer not null, item integer not null, valor "
+                        "numeric(15,2) check (valor < 1000), constraint pk_%1 primary key (id, "
+                        "item), constraint fk_%1 foreign key (id) references documento (id) on "
+                        "update cascade)")
+                    .arg(t));
+        c_.ejecute("create table lista (cod integer not null constraint pk_l primary key, nom "
+                   "varchar(20), v numeric(15,2))");
+        c_.ejecute(
+            "execute block as declare i integer = 0; begin while (i < 2500) do begin insert "
+            "into lista values (:i, 'nombre ' || mod(:i, 7), :i / 2.00); i = i + 1; end end");
+        c_.ejecute("create procedure cambie_id returns (id integer) as begin id = 77; end");
+    }
+    void cleanup() {
+        for (const char* t : {"linea", "linea_n", "documento"})
+            c_.ejecute(QString("delete from ") + t);
+    }
+
+    void los_eventos_de_una_fila_salen_en_su_orden() {
+        Documento d(c_);
+        d.abra(0);
+        QStringList orden;
+        auto& doc = d.doc;
+        const auto anote = [&orden](const char* que) { return [&orden, que] { orden << que; }; };
+        doc.BeforeInsert = anote("BeforeInsert");
+        doc.OnNewRecord = anote("OnNewRecord");
+        doc.BeforePost = anote("BeforePost");
+        doc.AfterPost = anote("AfterPost");
+        doc.BeforeEdit = anote("BeforeEdit");
+        doc.AfterEdit = anote("AfterEdit");
+        doc.BeforeDelete = anote("BeforeDelete");
+        doc.AfterDelete = anote("AfterDelete");
+        doc.BeforeCancel = anote("BeforeCancel");
+        doc.AfterCancel = anote("AfterCancel");
+        doc.FieldByName("NOMBRE").OnChange = [&](Campo& c) { orden << "OnChange " + c.texto(); };
+        doc.AfterInsert = [&] {
+            orden << "AfterInsert";
+            doc.FieldByName("ID") = 5;
+            doc.FieldByName("NOMBRE") = "uno"; // asignar por código también dispara OnChange
+        };
+        doc.Append();
+        doc.Post();
+        doc.Edit();
+        doc.Cancel();
+        doc.Delete();
+        QCOMPARE(orden,
+                 QStringList({"BeforeInsert", "AfterInsert", "OnChange uno", "OnNewRecord",
+                              "BeforePost", "AfterPost", "BeforeEdit", "AfterEdit", "BeforeCancel",
+                              "AfterCancel", "BeforeDelete", "AfterDelete"}));
+        QCOMPARE(doc.ApplyUpdates(0), 0); // nacida y muerta en memoria: la base ni se entera
+        QCOMPARE(cuenta("documento"), 0);
+    }
+
+    void una_maestra_y_sus_detalles_se_graban_juntos_bajo_la_llave_final() {
+        Documento d(c_);
+        d.abra(0);
+        d.doc.Append();
+        d.doc.FieldByName("ID") = 0;
+        d.doc.FieldByName("NOMBRE") = "doc";
+        for (int i = 1; i <= 3; ++i) // las líneas nacen con la maestra todavía en inserción
+            d.linea(d.lineas, i, i * 10);
+        d.linea(d.otras, 1, 60);
+        QCOMPARE(d.lineas.agregado("SUMA").texto(), QString("60"));
+        QCOMPARE(d.lineas.FieldByName("ID").entero(), qint64(0));
+        QCOMPARE(int(d.doc.State()), int(Estado::Insercion));
+        QCOMPARE(cuenta("documento"), 0); // nada viaja hasta ApplyUpdates
+        d.doc.FieldByName("ID") = 9;
+        d.doc.FieldByName("NOTA") = "observación";
+        QCOMPARE(d.doc.ApplyUpdates(0), 0);
+        QCOMPARE(d.doc.ChangeCount(), 0);
+        QVERIFY(d.doc.Active());
+        QCOMPARE(c_.consulte("select sum(valor) from linea where id = 9").texto(), QString("60"));
+        QCOMPARE(cuenta("linea_n"), 1);
+        QCOMPARE(c_.consulte("select nota from documento").texto(), QString("observación"));
+
+        // de vuelta: leer, cambiar una, borrar otra, agregar una
+        Documento e(c_);
+        e.abra(9);
+        QCOMPARE(e.lineas.RecordCount(), 3);
+        e.lineas.Edit();
+        e.lineas.FieldByName("VALOR") = Moneda(15);
+        e.lineas.Next(); // pasar de fila graba en memoria
+        QCOMPARE(e.doc.ChangeCount(), 1);
+        e.lineas.Delete();
+        e.linea(e.lineas, 4, 1);
+        QCOMPARE(e.doc.ApplyUpdates(0), 0);
+        QCOMPARE(c_.consulte("select list(item || ':' || valor) from (select * from linea order by "
+                             "item)")
+                     .texto(),
+                 QString("1:15.00,3:30.00,4:1.00"));
+
+        // cambiar la llave de la maestra lleva las líneas, también la que cambia a la vez
+        Documento f(c_);
+        f.abra(9);
+        f.lineas.Edit();
+        f.lineas.FieldByName("VALOR") = Moneda(16);
+        f.lineas.Post();
+        f.doc.Edit();
+        f.doc.FieldByName("ID") = 10;
+        QCOMPARE(f.doc.ApplyUpdates(0), 0);
+        QCOMPARE(c_.consulte("select sum(valor) from linea where id = 10").texto(), QString("47"));
+
+        f.doc.Delete();
+        QCOMPARE(f.doc.ApplyUpdates(0), 0);
+        QCOMPARE(cuenta("linea") + cuenta("linea_n") + cuenta("documento"), 0);
+    }
+
+    void un_error_deshace_todo_y_deja_los_cambios_en_la_pantalla() {
+        Documento d(c_);
+        d.abra(0);
+        d.doc.Append();
+        d.doc.FieldByName("ID") = 1;
+        d.doc.FieldByName("NOMBRE") = "doc";
+        d.linea(d.lineas, 1, 10);
+        d.linea(d.lineas, 2, 5000); // viola la restricción de la tabla
+        QCOMPARE(d.doc.ApplyUpdates(0), 1);
+        QCOMPARE(d.fallas.size(), 1);
+        QVERIFY(d.fallas[0].startsWith("CLineas: SQL Server Error: "));
+        QCOMPARE(cuenta("documento"), 0);
+        QCOMPARE(d.doc.ChangeCount(), 3);
+        d.lineas.Last();
+        d.lineas.Edit();
+        d.lineas.FieldByName("VALOR") = Moneda(500);
+        QCOMPARE(d.doc.ApplyUpdates(0), 0);
+        QCOMPARE(cuenta("linea"), 2);
+        d.doc.Edit();
+        d.doc.FieldByName("NOMBRE") = "otro";
+        d.lineas.First();
+        d.lineas.Delete();
+        d.doc.CancelUpdates();
+        QCOMPARE(d.doc.FieldByName("NOMBRE").texto(), QString("doc"));
+        QCOMPARE(d.lineas.RecordCount(), 2);
+        QCOMPARE(d.doc.ApplyUpdates(0), 0);
+    }
+
+    void con_errores_tolerados_se_graba_lo_que_se_puede() {
+        QObject dueno;
+        Sentencia q(&dueno, "TLista", c_, "select * from lista where cod < 0");
+        Proveedor p(&dueno, "PLista", &q);
+        ConjuntoDatos l(&dueno, "CLista", &p);
+        QStringList fallas;
+        p.OnUpdateError = [&](Proveedor&, ConjuntoDatos&, const ErrorDatos& e, ClaseCambio) {
+            fallas << e.texto();
+        };
+        l.Open();
+        for (int cod : {-1, 7, -2}) {
+            l.Append();
+            l.Fields(0) = cod;
+            l.Post();
+        }
+        QCOMPARE(l.ApplyUpdates(-1), 1);
+        QVERIFY(fallas[0].mid(18).startsWith("violation of PRIMARY"));
+        QCOMPARE(l.ChangeCount(), 1); // la que falló espera en el registro
+        l.CancelUpdates();
+        QCOMPARE(l.RecordCount(), 2);
+        QCOMPARE(c_.ejecute("delete from lista where cod < 0"), qint64(2));
+    }
+
+    void dos_usuarios_sobre_la_misma_fila_se_encuentran_al_grabar() {
+        c_.ejecute("insert into documento (id, nombre) values (3, 'a')");
+        Documento uno(c_), dos(c_);
+        uno.abra(3);
+        dos.abra(3);
+        for (Documento* d : {&uno, &dos}) {
+            d->doc.Edit();
+            d->doc.FieldByName("NOMBRE") = d == &uno ? "b" : "c";
+        }
+        QCOMPARE(uno.doc.ApplyUpdates(0), 0);
+        QCOMPARE(dos.doc.ApplyUpdates(0), 1);
+        QVERIFY(dos.fallas[0].contains("Otro usuario cambió o borró"));
+        QCOMPARE(c_.consulte("select nombre from documento").texto(), QString("b"));
+        QCOMPARE(dos.doc.FieldByName("NOMBRE").texto(), QString("c"));
+        dos.doc.CancelUpdates();
+        dos.doc.Refresh();
+        QCOMPARE(dos.doc.FieldByName("NOMBRE").texto(), QString("b"));
+    }
+
+    void las_fallas_en_memoria_traen_los_textos_convenidos() {
+        Documento d(c_);
+        c_.ejecute("insert into documento (id, nombre) values (4, 'a')");
+        c_.ejecute("insert into linea values (4, 1, 1)");
+        d.abra(4);
+        QStringList textos;
+        d.doc.OnPostError = [&](ConjuntoDatos&, const ErrorDatos& e) { textos << e.texto(); };
+        d.doc.OnDeleteError = d.doc.OnPostError;
+        d.doc.Edit();
+        d.doc.FieldByName("NOMBRE").limpie();
+        QVERIFY_THROWS_EXCEPTION(EdicionAbortada, d.doc.Post());
+        QCOMPARE(int(d.doc.State()), int(Estado::Edicion));
+        d.doc.Cancel();
+        d.p.Options = 0;
+        QVERIFY_THROWS_EXCEPTION(EdicionAbortada, d.doc.Delete());
+        QCOMPARE(d.doc.RecordCount(), 1);
+        d.lineas.FieldByName("ID").ProviderFlags |= pfInKey;
+        d.lineas.FieldByName("ITEM").ProviderFlags |= pfInKey;
+        d.lineas.OnPostError = d.doc.OnPostError;
+        d.lineas.Append();
+        d.lineas.FieldByName("ITEM") = 1;
+        QVERIFY_THROWS_EXCEPTION(EdicionAbortada, d.lineas.Post());
+        QCOMPARE(textos[0].left(3), QString("Fie"));
+        QCOMPARE(textos[1].left(30), QString("Cannot delete master record wi"));
+        QCOMPARE(textos[2].left(3), QString("key"));
+        QVERIFY_THROWS_EXCEPTION(ErrorDatos, d.doc.FieldByName("NOMBRE").asigne("x")); // sin editar
+        d.lineas.Cancel();
+        d.doc.Edit();
+        QVERIFY_THROWS_EXCEPTION(ErrorDatos, d.doc.FieldByName("NOMBRE").asigne("demasiado largo"));
+        QVERIFY_THROWS_EXCEPTION(ErrorDatos, d.doc.FieldByName("NOMBRE").asigne("10 €"));
+        d.doc.FieldByName("NOMBRE").asigne("1234567890   "); // los blancos sobrantes se cortan
+        QCOMPARE(d.doc.FieldByName("NOMBRE").texto(), QString("1234567890"));
+        QVERIFY_THROWS_EXCEPTION(ErrorDatos, d.doc.FieldByName("ID").asigne("doce"));
+    }
+
+    void las_filas_llegan_por_paquetes_segun_se_piden() {
+        QObject dueno;
+        Sentencia q(&dueno, "QLista", c_);
+        Proveedor p(&dueno, "PLista", &q, poAllowCommandText);
+        ConjuntoDatos l(&dueno, "CLista", &p);
+        int viajes = 0;
+        l.BeforeGetRecords = [&] { ++viajes; };
+        l.PacketRecords = 1000;
+        l.Open("select * from lista order by cod");
+        QCOMPARE(l.RecordCount(), 1000);
+        QVERIFY(!l.completo());
+        QVERIFY(l.Locate("COD", {1500}));
+        QCOMPARE(l.RecordCount(), 2000);
+        QCOMPARE(l.FieldByName("V").texto(), QString("750"));
+        l.Last();
+        QCOMPARE(l.RecNo(), 2499);
+        QCOMPARE(viajes, 3);
+        l.Next();
+        QVERIFY(l.Eof());
+        QVERIFY(!l.Locate("COD;NOM", {10, "nombre 4"}));
+        QVERIFY(l.Locate("NOM", {"NOMBRE 3"}, loCaseInsensitive | loPartialKey));
+        QCOMPARE(l.Lookup("COD", {2000}, "NOM").texto(), QString("nombre 5"));
+        // un resultado vacío lee como vacío o cero
+        QCOMPARE(l.valor_unico("select nom from lista where cod = -5").texto(), QString());
+        QCOMPARE(l.Fields(0).entero(), qint64(0));
+        QVERIFY_THROWS_EXCEPTION(ErrorBase, l.Open("select * from no_existe"));
+        QVERIFY(!l.Active());
+        l.Open("select cod from lista where cod = 3"); // la falla no deja el conjunto inservible
+        QCOMPARE(l.Fields(0).entero(), qint64(3));
+    }
+
+    void filtro_orden_y_agregados_en_memoria() {
+        QObject dueno;
+        ConjuntoDatos m(&dueno, "CMemoria");
+        m.entero("SUCU_ID");
+        m.texto("NOM", 20);
+        m.decimal("V");
+        auto& total = m.calculado("DOBLE", ClaseCampo::Decimal, 2);
+        m.OnCalcFields = [&] { total = m.FieldByName("V").moneda() + m.FieldByName("V").moneda(); };
+        m.agregado("T", "sum(V)");
+        m.CreateDataSet();
+        const char* nombres[] = {"c", "a", "b", "O'Higgins"};
+        for (int i = 0; i < 4; ++i) {
+            m.Append();
+            m.Fields(0) = i;
+            m.Fields(1) = nombres[i];
+            m.Fields(2) = Moneda(i + 1);
+            m.Post();
+        }
+        m.Filter("(SUCU_ID = 0) OR (SUCU_ID = 2)");
+        QCOMPARE(m.RecordCount(), 4); // con Filtered apagado se ven todas
+        m.Filtered(true);
+        QCOMPARE(m.RecordCount(), 2);
+        QCOMPARE(m.agregado("T").texto(), QString("4"));
+        m.Filter("NOM = 'O''Higgins'");
+        QCOMPARE(m.RecordCount(), 1);
+        QCOMPARE(total.texto(), QString("8"));
+        m.Filter("NOM like '%H_gg%' and not (V < 4) and NOM is not null");
+        QCOMPARE(m.RecordCount(), 1);
+        QVERIFY_THROWS_EXCEPTION(ErrorDatos, m.Filter("NOM = "));
+        m.Filtered(false);
+        m.IndexFieldNames("NOM");
+        m.First();
+        QCOMPARE(m.Fields(1).texto(), QString("O'Higgins"));
+        m.Edit();
+        m.Fields(1) = "zz";
+        m.Post(); // la fila se corre a su lugar y sigue siendo la actual
+        QCOMPARE(m.RecNo(), 3);
+        m.IndexFieldNames("NOM", true);
+        QCOMPARE(m.RecNo(), 0);
+    }
+
+    void un_procedimiento_deja_sus_salidas_en_los_parametros() {
+        QObject dueno;
+        Sentencia s(&dueno, "SIdComproba", c_);
+        s.procedimiento = "CAMBIE_ID";
+        s.ExecProc();
+        QCOMPARE(s.ParamByName("ID").texto(), QString("77"));
+    }
+};
+
+QTEST_GUILESS_MAIN(PruebaConjunto)
+#include "prueba_conjunto.moc"
