@@ -38,13 +38,13 @@ BEGIN
     FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :ID), 'id ' || :ID);
 END^
 
--- Fecha "aaaammdd" como se le muestra a una persona: "2017/12/31".
-CREATE OR ALTER FUNCTION FECHA_LEGIBLE (FECHA varchar(8))
+-- Usuario a cuyo nombre se hace o se deshace un proceso.
+CREATE OR ALTER FUNCTION USUARIO_ACTUAL
 RETURNS varchar(10)
 AS
 BEGIN
-  RETURN substring(FECHA FROM 1 FOR 4) || '/' || substring(FECHA FROM 5 FOR 2) || '/'
-    || substring(FECHA FROM 7 FOR 2);
+  RETURN substring(coalesce(rdb$get_context('USER_TRANSACTION', 'USUARIO'),
+    rdb$get_context('USER_SESSION', 'USUARIO'), CURRENT_USER) FROM 1 FOR 10);
 END^
 
 -- Verdadero si el alcance ("C" local, "N" NIIF, "A" ambos) toca el libro.
@@ -94,15 +94,20 @@ CREATE OR ALTER PROCEDURE ASIENTE_PROCESO (
 RETURNS (ID integer, NUMERO_FINAL varchar(8))
 AS
   DECLARE MONTO numeric(15,2);
+  DECLARE NOMBRE varchar(60);
 BEGIN
   SELECT max(DEBITOS) FROM (SELECT sum(CODE_DEBITO) DEBITOS FROM ASIENTO_LINEA
     WHERE ASIE_ID = :ASIENTO GROUP BY LIBRO)
   INTO :MONTO;
   IF (MONTO IS NULL) THEN
     EXCEPTION PROCESO_VACIO QUE || ': ' || VACIO || ' No se hizo ningún comprobante.';
+  -- Un saldo se cancela como está, aunque a la cuenta hoy se le exija más.
+  rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', 'S');
+  NOMBRE = (SELECT TERC_NOM FROM TERCEROS WHERE TERC_NIT = :NIT);
   EXECUTE PROCEDURE ASIENTE_COMPROBANTE(ASIENTO, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO, REFER, 0, 0,
-    USUARIO, NIT, (SELECT TERC_NOM FROM TERCEROS WHERE TERC_NIT = :NIT), MONTO, 'N', 'N', NULL)
+    USUARIO, NIT, NOMBRE, MONTO, 'N', 'N', NULL)
   RETURNING_VALUES ID, NUMERO_FINAL;
+  rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', NULL);
 END^
 
 SET TERM ; ^

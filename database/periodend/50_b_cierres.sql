@@ -90,7 +90,7 @@ BEGIN
   ANO = substring(FECHA FROM 1 FOR 4);
   IF (substring(FECHA FROM 5 FOR 2) < '12') THEN
     EXCEPTION PROCESO_INCOMPLETO 'El cierre anual se hace en diciembre o en el período de ajustes; '
-      || 'la fecha ' || FECHA_LEGIBLE(FECHA) || ' no es de ninguno de los dos.';
+      || 'la fecha ' || FECHA_CON_BARRAS(FECHA) || ' no es de ninguno de los dos.';
   SELECT FIRST 1 ENCO_CONSEC, CIAN_NIIF FROM CIERRE_ANUAL
   WHERE CIAN_FECHA STARTING WITH :ANO AND (CIAN_NIIF = :ALCANCE OR 'A' IN (CIAN_NIIF, :ALCANCE))
   ORDER BY CIAN_ID
@@ -156,7 +156,7 @@ BEGIN
     NEW.CITE_FECHA, NEW.CITE_CONCEPTO, NEW.CITE_REFER, NEW.TERC_NIT, NEW.CITE_USUARIO,
     'Cierre de terceros de la cuenta ' || NEW.CUEN_COD,
     'ningún tercero distinto de ' || NEW.TERC_NIT || ' tiene saldo a '
-      || FECHA_LEGIBLE(NEW.CITE_FECHA) || '.')
+      || FECHA_CON_BARRAS(NEW.CITE_FECHA) || '.')
   RETURNING_VALUES NEW.ENCO_CONSEC, NEW.ENCO_NUMERO;
 END^
 
