@@ -67,8 +67,8 @@ CREATE GLOBAL TEMPORARY TABLE ACTIVO_CARGO (
   CTA_CREDITO D_CUENTA
 ) ON COMMIT DELETE ROWS;
 
--- Depreciaciones de la transacción en curso: el comprobante se hace al confirmar, cuando ya llegaron
--- las unidades producidas de la misma grabación.
+-- Depreciaciones de la transacción en curso: el comprobante se hace al confirmar, cuando ya
+-- llegaron las unidades producidas de la misma grabación.
 CREATE GLOBAL TEMPORARY TABLE DEPRECIACION_PENDIENTE (
   DEPR_ID integer NOT NULL
 ) ON COMMIT DELETE ROWS;

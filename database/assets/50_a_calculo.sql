@@ -1,6 +1,6 @@
--- Cuánto se deprecia un activo. Todo sale de DEPRECIACION_DETALLE y de la ficha: el cargo de un mes
--- es lo que debería llevar acumulado menos lo que ya lleva, así un mes que se saltó se recupera y el
--- último toma los centavos que faltan.
+-- Cuánto se deprecia un activo. Todo sale de DEPRECIACION_DETALLE y de la ficha: el cargo de un
+-- mes es lo que debería llevar acumulado menos lo que ya lleva, así un mes que se saltó se
+-- recupera y el último toma los centavos que faltan.
 
 SET TERM ^ ;
 
@@ -21,7 +21,8 @@ BEGIN
     + minvalue(cast(substring(FECHA FROM 5 FOR 2) AS integer), 12);
 END^
 
--- Primer mes que se deprecia: el de entrada si el activo entró hasta el día 15; si no, el siguiente.
+-- Primer mes que se deprecia: el de entrada si el activo entró hasta el día 15; si no, el
+-- siguiente.
 CREATE OR ALTER FUNCTION PRIMER_MES_ACTIVO (ENTRADA date)
 RETURNS integer
 AS
@@ -30,8 +31,8 @@ BEGIN
     + iif(extract(day FROM ENTRADA) <= 15, 0, 1);
 END^
 
--- Valor en libros de un activo al fin de una fecha ("aaaammdd"). NIIF "S" lo da en el libro NIIF; lo
--- demás, en la norma local. Un activo dado de baja vale 0. La llaman Tfedtactivo y Tfvalactivo.
+-- Valor en libros de un activo al fin de una fecha ("aaaammdd"). NIIF "S" lo da en el libro NIIF;
+-- lo demás, en la norma local. Un activo dado de baja vale 0. La llaman Tfedtactivo y Tfvalactivo.
 CREATE OR ALTER PROCEDURE ACTIVO_VALOR (CODIGO varchar(15), FECHA varchar(8), NIIF char(1))
 RETURNS (VALOR numeric(15,2))
 AS
@@ -45,8 +46,8 @@ BEGIN
   SUSPEND;
 END^
 
--- VALOR * NUMERADOR / DENOMINADOR redondeado al centavo, exacto: el resto se reparte aparte para que el
--- producto no se desborde.
+-- VALOR * NUMERADOR / DENOMINADOR redondeado al centavo, exacto: el resto se reparte aparte para
+-- que el producto no se desborde.
 CREATE OR ALTER FUNCTION PROPORCION (
   VALOR numeric(15,2), NUMERADOR bigint, DENOMINADOR bigint)
 RETURNS numeric(15,2)
@@ -60,11 +61,12 @@ BEGIN
     + iif(2 * mod(PARTE, DENOMINADOR) >= DENOMINADOR, 1, 0)) / 100.00;
 END^
 
--- Cargo de un mes por un método, a partir del valor que falta por depreciar. Todo está contado desde
--- la última revaluación (o la entrada): BASE el valor de entonces, LLEVA lo ya depreciado, MES el
--- que se calcula (1 a VIDA), VIDA los meses o unidades de vida, HECHAS las unidades producidas hasta
--- el fin del mes. METODO: 1 línea recta, 2 saldos decrecientes (el doble de la tasa recta, y línea
--- recta sobre lo que falta cuando esta es mayor), 3 suma de dígitos, 4 unidades producidas.
+-- Cargo de un mes por un método, a partir del valor que falta por depreciar. Todo está contado
+-- desde la última revaluación (o la entrada): BASE el valor de entonces, LLEVA lo ya depreciado,
+-- MES el que se calcula (1 a VIDA), VIDA los meses o unidades de vida, HECHAS las unidades
+-- producidas hasta el fin del mes. METODO: 1 línea recta, 2 saldos decrecientes (el doble de la
+-- tasa recta, y línea recta sobre lo que falta cuando esta es mayor), 3 suma de dígitos, 4
+-- unidades producidas.
 CREATE OR ALTER FUNCTION CARGO_DEPRECIACION (
   METODO integer, BASE numeric(15,2), RESCATE numeric(15,2), LLEVA numeric(15,2), MES integer,
   VIDA integer, HECHAS bigint)

@@ -69,12 +69,14 @@ BEGIN
     -- Tras un deterioro o una recuperación se reparte el valor que quedó en la vida que quedaba.
     REVALUADO = NULL;
     SELECT max(DEDE_FECHA) FROM DEPRECIACION_DETALLE
-    WHERE ACFJ_COD = :ACTIVO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE = 'V' AND DEDE_FECHA <= :FECHA
+    WHERE ACFJ_COD = :ACTIVO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE = 'V'
+      AND DEDE_FECHA <= :FECHA
     INTO :REVALUADO;
     IF (REVALUADO IS NOT NULL) THEN
     BEGIN
       SELECT :BASE - sum(DEDE_VALOR), :VIDA - iif(:METODO = 4, sum(DEDE_UNIDADES),
-        maxvalue(max(DEDE_MES) - :ANTES, 0)), iif(:METODO = 4, :ANTES, maxvalue(max(DEDE_MES), :ANTES))
+        maxvalue(max(DEDE_MES) - :ANTES, 0)),
+        iif(:METODO = 4, :ANTES, maxvalue(max(DEDE_MES), :ANTES))
       FROM DEPRECIACION_DETALLE
       WHERE ACFJ_COD = :ACTIVO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_FECHA <= :REVALUADO
       INTO :BASE, :VIDA, :ANTES;
@@ -91,7 +93,8 @@ BEGIN
     TOTAL = 0;
     WHILE (MES <= HASTA AND (METODO = 4 OR MES - ANTES <= VIDA)) DO
     BEGIN
-      CARGO = CARGO_DEPRECIACION(METODO, BASE, RESCATE, LLEVA, MES - ANTES, VIDA, HECHAS + UNIDADES);
+      CARGO = CARGO_DEPRECIACION(METODO, BASE, RESCATE, LLEVA, MES - ANTES, VIDA,
+        HECHAS + UNIDADES);
       TOTAL = TOTAL + CARGO;
       LLEVA = LLEVA + CARGO;
       MES = MES + 1;
@@ -107,8 +110,8 @@ BEGIN
   END
 END^
 
--- Lleva a la hoja los cargos del libro: el gasto repartido por los centros del activo (el último toma
--- los centavos), el acumulado sin repartir. Interna de ASIENTE_DEPRECIACION.
+-- Lleva a la hoja los cargos del libro: el gasto repartido por los centros del activo (el último
+-- toma los centavos), el acumulado sin repartir. Interna de ASIENTE_DEPRECIACION.
 CREATE OR ALTER PROCEDURE ARME_DEPRECIACION{_NIIF} (ASIENTO integer, REFER varchar(8))
 AS
 BEGIN
@@ -143,8 +146,9 @@ BEGIN
   WHERE M.VALOR <> 0;
 END^
 
--- Saca del libro los activos que la ficha tiene fuera de uso y no se han dado de baja: cancela costo,
--- depreciación y deterioro acumulados; lo que faltaba es pérdida. Interna de ASIENTE_DEPRECIACION.
+-- Saca del libro los activos que la ficha tiene fuera de uso y no se han dado de baja: cancela
+-- costo, depreciación y deterioro acumulados; lo que faltaba es pérdida. Interna de
+-- ASIENTE_DEPRECIACION.
 CREATE OR ALTER PROCEDURE ARME_BAJA{_NIIF} (ASIENTO integer, FECHA varchar(8), REFER varchar(8))
 AS
   DECLARE ACTIVO varchar(15);
@@ -164,8 +168,8 @@ BEGIN
   ORDER BY ACFJ_COD
   INTO :ACTIVO;
   IF (ROW_COUNT > 0) THEN
-    EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || ACTIVO || ' le faltan las cuentas del activo o de su '
-      || 'depreciación' || iif('{LIBRO}' = 'NIIF', ' NIIF', '') || '.';
+    EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || ACTIVO || ' le faltan las cuentas del activo o '
+      || 'de su depreciación' || iif('{LIBRO}' = 'NIIF', ' NIIF', '') || '.';
   INSERT INTO ASIENTO_LINEA (ASIE_ID, LIBRO, CODE_ITEM, CUEN_COD, CODE_CONCEPTO, CODE_REFER,
     CODE_DEBITO, CODE_CREDITO, CODE_DESCONTABLE)
   WITH MOVIMIENTO AS (
@@ -193,7 +197,8 @@ BEGIN
 END^
 --</LIBROS>
 
--- Hace el comprobante de una depreciación o de una baja. La llama la confirmación de la transacción.
+-- Hace el comprobante de una depreciación o de una baja. La llama la confirmación de la
+-- transacción.
 CREATE OR ALTER PROCEDURE ASIENTE_DEPRECIACION (DEPR integer)
 AS
   DECLARE ASIENTO integer;
@@ -208,7 +213,8 @@ AS
   DECLARE ID integer;
   DECLARE NUMERO_FINAL varchar(8);
 BEGIN
-  SELECT DEPR_FECHA, TICO_COD, PRCO_PREF, ENCO_NUMERO, DEPR_REFER, DEPR_CONC, DEPR_USUARIO, DEPR_NIIF
+  SELECT DEPR_FECHA, TICO_COD, PRCO_PREF, ENCO_NUMERO, DEPR_REFER, DEPR_CONC,
+    DEPR_USUARIO, DEPR_NIIF
   FROM DEPRECIACION WHERE DEPR_ID = :DEPR
   INTO :FECHA, :TIPO, :PREFIJO, :NUMERO, :REFER, :CONCEPTO, :USUARIO, :ALCANCE;
   IF (ROW_COUNT = 0) THEN
@@ -343,7 +349,8 @@ BEGIN
   WHERE ACFJ_COD = NEW.ACFJ_COD
   INTO :DEBITO, :CREDITO, :NOMBRE;
   IF (DEBITO IS NULL OR CREDITO IS NULL) THEN
-    EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || NEW.ACFJ_COD || ' le faltan las cuentas de deterioro.';
+    EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || NEW.ACFJ_COD
+      || ' le faltan las cuentas de deterioro.';
   MONTO = abs(coalesce(NEW.ACFV_DIFER, 0));
   ASIENTO = NEXT VALUE FOR SEC_ASIENTO_PROCESO;
   IF (MONTO <> 0) THEN
@@ -355,7 +362,8 @@ BEGIN
     FROM (SELECT 1 ITEM, cast(:DEBITO AS varchar(20)) CUENTA FROM RDB$DATABASE
       UNION ALL SELECT 2, cast(:CREDITO AS varchar(20)) FROM RDB$DATABASE);
   EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, NEW.TICO_COD, NEW.PRCO_PREF, NEW.ENCO_NUMERO,
-    NEW.ACFV_FECHA, NEW.ACFV_CONC, NULL, NULL, USUARIO_ACTUAL(), 'Deterioro del activo ' || NEW.ACFJ_COD,
+    NEW.ACFV_FECHA, NEW.ACFV_CONC, NULL, NULL, USUARIO_ACTUAL(),
+    'Deterioro del activo ' || NEW.ACFJ_COD,
     'el valor recuperable es el valor en libros.')
   RETURNING_VALUES NEW.ACFV_IDCOMP, NEW.ENCO_NUMERO;
 END^
@@ -397,7 +405,8 @@ BEGIN
       JOIN CUENTAS C ON C.CUEN_COD = D.CUEN_COD AND C.CUEN_TIPO = 'A'
       WHERE D.ARTI_COD = :CODIGO
       UNION ALL
-      SELECT P.ENCO_CONSEC, 100000, decode(P.DEDE_CLASE, 'D', 'Depreciación', 'B', 'Baja', 'Deterioro')
+      SELECT P.ENCO_CONSEC, 100000,
+          decode(P.DEDE_CLASE, 'D', 'Depreciación', 'B', 'Baja', 'Deterioro')
           || iif(P.DEDE_LIBRO = 'NIIF', ' NIIF', ''), NULL,
         iif(P.DEDE_VALOR < 0, -P.DEDE_VALOR, 0), iif(P.DEDE_VALOR > 0, P.DEDE_VALOR, 0)
       FROM DEPRECIACION_DETALLE P WHERE P.ACFJ_COD = :CODIGO) M

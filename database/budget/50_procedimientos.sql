@@ -40,8 +40,10 @@ AS
 BEGIN
   FOR
     SELECT C.CUEN_COD, C.CUEN_NOM,
-      coalesce(sum(iif(T.MES_T = :MES, T.PRD, 0)), 0), coalesce(sum(iif(T.MES_T = :MES, T.PRC, 0)), 0),
-      coalesce(sum(iif(T.MES_T = :MES, T.MVD, 0)), 0), coalesce(sum(iif(T.MES_T = :MES, T.MVC, 0)), 0),
+      coalesce(sum(iif(T.MES_T = :MES, T.PRD, 0)), 0),
+      coalesce(sum(iif(T.MES_T = :MES, T.PRC, 0)), 0),
+      coalesce(sum(iif(T.MES_T = :MES, T.MVD, 0)), 0),
+      coalesce(sum(iif(T.MES_T = :MES, T.MVC, 0)), 0),
       coalesce(sum(T.PRD), 0), coalesce(sum(T.PRC), 0), coalesce(sum(T.MVD), 0),
       coalesce(sum(T.MVC), 0)
     FROM CUENTAS C

@@ -1,6 +1,7 @@
--- El piso de los procesos que hacen un comprobante: arman sus líneas en ASIENTO_LINEA y las asientan
--- por la misma puerta que los demás, así numeran, respetan los bloqueos, auditan y mueven los saldos
--- igual. Internas de los procesos de fin de período, de activos y de registros automáticos.
+-- El piso de los procesos que hacen un comprobante: arman sus líneas en ASIENTO_LINEA y las
+-- asientan por la misma puerta que los demás, así numeran, respetan los bloqueos, auditan y mueven
+-- los saldos igual. Internas de los procesos de fin de período, de activos y de registros
+-- automáticos.
 
 SET TERM ^ ;
 
@@ -29,7 +30,8 @@ BEGIN
   SUSPEND;
 END^
 
--- Nombre de una clave de comprobante como la lee una persona: "CG 0001 000045"; el id si ya no está.
+-- Nombre de una clave de comprobante como la lee una persona: "CG 0001 000045"; el id si ya no
+-- está.
 CREATE OR ALTER FUNCTION NOMBRE_COMPROBANTE (ID integer)
 RETURNS varchar(30)
 AS
@@ -55,8 +57,8 @@ BEGIN
   RETURN ALCANCE = 'A' OR ALCANCE = iif(LIBRO = 'NIIF', 'N', 'C');
 END^
 
--- Cuenta que la configuración nombra para los cierres (categoría CIERRES). Rehúsa con el nombre de la
--- propiedad si falta o no está en el plan del libro.
+-- Cuenta que la configuración nombra para los cierres (categoría CIERRES). Rehúsa con el nombre de
+-- la propiedad si falta o no está en el plan del libro.
 CREATE OR ALTER FUNCTION CUENTA_DE_CIERRE (LIBRO varchar(4), PROPIEDAD varchar(100))
 RETURNS varchar(20)
 AS
@@ -77,7 +79,8 @@ BEGIN
   RETURN CUENTA;
 END^
 
--- Toma los saldos de un libro para leerlos enteros: mientras no termine la transacción nadie compacta.
+-- Toma los saldos de un libro para leerlos enteros: mientras no termine la transacción nadie
+-- compacta.
 CREATE OR ALTER PROCEDURE RETENGA_SALDOS (LIBRO varchar(4))
 AS
   DECLARE TOMADO varchar(4);
@@ -85,8 +88,8 @@ BEGIN
   SELECT SACO_LIBRO FROM SALDOS_CONTROL WHERE SACO_LIBRO = :LIBRO WITH LOCK INTO :TOMADO;
 END^
 
--- Asienta lo que el proceso armó en la hoja ASIENTO y devuelve el comprobante. QUE nombra el proceso
--- en la negativa de una hoja vacía; VACIO dice por qué lo está.
+-- Asienta lo que el proceso armó en la hoja ASIENTO y devuelve el comprobante. QUE nombra el
+-- proceso en la negativa de una hoja vacía; VACIO dice por qué lo está.
 CREATE OR ALTER PROCEDURE ASIENTE_PROCESO (
   ASIENTO integer, TIPO varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CONCEPTO varchar(60), REFER varchar(8), NIT varchar(20), USUARIO varchar(10), QUE varchar(60),
@@ -104,8 +107,8 @@ BEGIN
   -- Un saldo se cancela como está, aunque a la cuenta hoy se le exija más.
   rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', 'S');
   NOMBRE = (SELECT TERC_NOM FROM TERCEROS WHERE TERC_NIT = :NIT);
-  EXECUTE PROCEDURE ASIENTE_COMPROBANTE(ASIENTO, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO, REFER, 0, 0,
-    USUARIO, NIT, NOMBRE, MONTO, 'N', 'N', NULL)
+  EXECUTE PROCEDURE ASIENTE_COMPROBANTE(ASIENTO, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO, REFER, 0,
+    0, USUARIO, NIT, NOMBRE, MONTO, 'N', 'N', NULL)
   RETURNING_VALUES ID, NUMERO_FINAL;
   rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', NULL);
 END^
