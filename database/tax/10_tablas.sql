@@ -196,7 +196,8 @@ CREATE TABLE TAXONOMIA_DETALLE (
   TAXD_NORMA varchar(255)
 );
 
--- TAXC_TIPO: 1 saldo, 2 movimiento del año, 3 solo débitos del año, 4 solo créditos del año.
+-- TAXC_TIPO: 1 saldo, 2 movimiento del año, 3 solo débitos del año, 4 solo créditos del año; con
+-- signo menos, el valor va por el lado crédito aunque la cuenta sea débito.
 CREATE TABLE TAXONOMIA_CUENTAS (
   TAXO_ID integer NOT NULL,
   TAXE_ID integer NOT NULL,
