@@ -185,7 +185,7 @@ private slots:
         d.linea(d.lineas, 2, 5000); // viola la restricción de la tabla
         QCOMPARE(d.doc.ApplyUpdates(0), 1);
         QCOMPARE(d.fallas.size(), 1);
-        QVERIFY(d.fallas[0].startsWith("CLineas: SQL Server Error: "));
+        QCOMPARE(d.fallas[0], QString("CLineas: Un dato tiene un valor que no se admite."));
         QCOMPARE(cuenta("documento"), 0);
         QCOMPARE(d.doc.ChangeCount(), 3);
         d.lineas.Last();
@@ -237,7 +237,10 @@ private slots:
         }
         QCOMPARE(uno.doc.ApplyUpdates(0), 0);
         QCOMPARE(dos.doc.ApplyUpdates(0), 1);
-        QVERIFY(dos.fallas[0].contains("Otro usuario cambió o borró"));
+        QCOMPARE(dos.fallas[0],
+                 QString("CDocumento: Otro usuario cambió este registro después de que usted lo "
+                         "abrió. Vuelva a abrirlo y repita el cambio.\nNombre era 'a' y ahora es "
+                         "'b'"));
         QCOMPARE(c_.consulte("select nombre from documento").texto(), QString("b"));
         QCOMPARE(dos.doc.FieldByName("NOMBRE").texto(), QString("c"));
         dos.doc.CancelUpdates();
@@ -305,9 +308,16 @@ private slots:
         // un resultado vacío lee como vacío o cero
         QCOMPARE(l.valor_unico("select nom from lista where cod = -5").texto(), QString());
         QCOMPARE(l.Fields(0).entero(), qint64(0));
+        // una lectura que falla deja lo que había
+        QVERIFY_THROWS_EXCEPTION(ErrorBase, l.Open("select * from no_existe"));
+        QVERIFY(l.Active());
+        QCOMPARE(l.CommandText, QString("select nom from lista where cod = -5"));
+        QCOMPARE(l.FieldCount(), 1);
+        QCOMPARE(l.Fields(0).FieldName, QString("NOM"));
+        l.Close();
         QVERIFY_THROWS_EXCEPTION(ErrorBase, l.Open("select * from no_existe"));
         QVERIFY(!l.Active());
-        l.Open("select cod from lista where cod = 3"); // la falla no deja el conjunto inservible
+        l.Open("select cod from lista where cod = 3");
         QCOMPARE(l.Fields(0).entero(), qint64(3));
     }
 
