@@ -282,8 +282,7 @@ void Tfprincipal::abra(const Comando& comando) {
     if (comando.modo == kModoMantenimiento)
         fdm().modo_mantenimiento = true;
     else if (comando.modo == kModoDescuadres)
-        fdmcnt().cuenta_auxiliar = fdm().configuracion(
-            "CONTABILIDAD", "GENERAL", "CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ");
+        fdmcnt().cuenta_auxiliar = fdm().valor<Llave::CuentaDescuadres>();
     else if (!comando.modo.isEmpty())
         fdmcnt().tipo_informe = comando.modo;
 

@@ -156,10 +156,7 @@ void Tfbalanceprueba::FormCreate() {
     fdm().ConfigurarProviders(this);
     const Valor niveles = CBorrar.valor_unico("select max(estr_nivel) from estructura");
     nivel_ = niveles.nulo() ? kNivelPorOmision : int(niveles.entero());
-    const bool local =
-        fdm().configuracion("CONTABILIDAD", "GENERAL",
-                            "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
-                            "HACER CONSULTAS") == "2649";
+    const bool local = fdm().valor<Llave::LibroInicial>() == "2649";
     PageControl1->setCurrentIndex(local ? 0 : 1);
     fdmcnt().balance_por_recalcular = true;
 }
