@@ -4,8 +4,8 @@
 #include "app/compactador.h"
 #include "app/paneldegradado.h"
 #include "app/vigiamensajes.h"
-#include "sesion/apertura.h"
 #include "datos/firebird/claves.h"
+#include "sesion/apertura.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -50,7 +50,7 @@ void Tfprincipal::FormActivate() {
     fdm().registros_paquete = fdm().valor<Llave::RegistrosPorPaquete>();
     fdm().duracion_busquedas = fdm().valor<Llave::DuracionBusquedas>() * 1000;
     fdm().QRevision.Open("select revi_fecha from revision");
-    LabRevision->setText(LabRevision->text() + fdm().QRevision.Fields(0).texto());
+    LabRevision->setText(rotulo_revision() + fdm().QRevision.Fields(0).texto());
     fdm().QRevision.Close();
     conecte_general();
     lea_usuario();
@@ -66,6 +66,13 @@ void Tfprincipal::FormActivate() {
         lea_agencia();
     if (isVisible())
         compactador->inicie();
+}
+
+bool Tfprincipal::entre_si_falta() {
+    // La entrada falló (no había servidor) y el usuario pide algo: se intenta otra vez.
+    if (primera_activacion)
+        FormActivate();
+    return !primera_activacion;
 }
 
 bool Tfprincipal::tome_argumentos() {
@@ -166,12 +173,10 @@ void Tfprincipal::abra_iniciales() {
     ECompania->setToolTip(ECompania->text());
     ECompania->home(false);
     recuerde_preferencias();
-    if (fdm().valor<Llave::MostrarSinContabilizar>() &&
-        hay_pantalla("Tfsincontab"))
+    if (fdm().valor<Llave::MostrarSinContabilizar>() && hay_pantalla("Tfsincontab"))
         pantallas().abrir_modal("Tfsincontab");
     fdmcnt().balance_por_recalcular = true;
-    if (fdm().valor<Llave::MostrarBalance>() &&
-        fdm().exija_acceso(150))
+    if (fdm().valor<Llave::MostrarBalance>() && fdm().exija_acceso(150))
         abra_o_avise("Tfbalanceprueba");
 }
 

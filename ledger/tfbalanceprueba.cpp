@@ -1,5 +1,7 @@
 #include "ledger/tfbalanceprueba.h"
 
+#include "datos/recordset/foto.h"
+
 #include "catalogues/letracuenta.h"
 #include "ledger/cifrascontrol.h"
 #include "toolkit/barrabotones.h"
@@ -188,15 +190,18 @@ void Tfbalanceprueba::actualice_balance() {
     Panel->repaint();
     const auto oculte = qScopeGuard([this] { Panel->hide(); });
     muestre_periodo();
+    // Los dos libros y sus cifras de control son del mismo instante, aunque otros estén grabando.
+    Foto foto(fdm().Quorvex);
     for (Pagina& pagina : paginas_)
-        lea(pagina);
+        lea(pagina, foto);
 }
 
-void Tfbalanceprueba::lea(Pagina& pagina) {
-    pagina.conjunto->Open(QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
-                          QuotedStr(fdmcnt().ano_actual) + ", " +
-                          QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
-                          QString::number(nivel_) + ')');
+void Tfbalanceprueba::lea(Pagina& pagina, Foto& foto) {
+    foto.abra(*pagina.conjunto,
+              QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
+                  QuotedStr(fdmcnt().ano_actual) + ", " +
+                  QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
+                  QString::number(nivel_) + ')');
     pagina.cifras->muestre();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // Balance de prueba: los dos libros en un período, y la entrada a auxiliares y saldos.
-#include "sesion/tfdmcnt.h"
 #include "ledger/consultaperiodo.h"
+#include "sesion/tfdmcnt.h"
 
 #include <array>
 
@@ -63,7 +63,7 @@ private:
     void arme_botones();
     Pagina& actual();
     QString codigo(const Pagina& pagina) const;
-    void lea(Pagina& pagina);
+    void lea(Pagina& pagina, class Foto& foto);
     void guarde_posiciones();
     static void ubique(Pagina& pagina, const QString& codigo);
     void periodo_escogido();

@@ -1,8 +1,8 @@
 #include "sesion/tfdm.h"
 
 #include "datos/firebird/nombres.h"
-#include "sesion/instalacion.h"
 #include "libro/letras.h"
+#include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/proteccion.h"
@@ -269,9 +269,9 @@ void Tfdm::valide_fecha(Campo& campo) {
 QString Tfdm::numero_a_letras(Moneda valor) {
     if (valor <= Moneda())
         return {};
-    return importe_en_letras(
-        valor, this->valor<Llave::MonedaEnLetras>(), this->valor<Llave::FraccionEnLetras>(),
-        this->valor<Llave::FinalEnLetras>());
+    return importe_en_letras(valor, this->valor<Llave::MonedaEnLetras>(),
+                             this->valor<Llave::FraccionEnLetras>(),
+                             this->valor<Llave::FinalEnLetras>());
 }
 
 QString Tfdm::nombre_impresora(const QString& clave) {

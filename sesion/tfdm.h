@@ -3,8 +3,8 @@
 //
 // Vive lo que el proceso y guarda las sentencias compartidas. La sesión (usuario, compañía,
 // agencia, derechos) se llena una vez, en la primera activación del formulario principal.
-#include "libro/libro.h"
 #include "datos/recordset/conjunto.h"
+#include "libro/libro.h"
 #include "sesion/llaves.h"
 #include "toolkit/barraestado.h"
 

@@ -110,16 +110,16 @@ void Tfdm::instale_nombres() {
         const QString descripcion = nombre_campo(nombre);
         return descripcion == nombre ? QString() : descripcion;
     };
-    instale_nombres_de_datos(
-        {del_diccionario, del_diccionario, [this] {
-             QStringList otros;
-             auto c = ConGeneral.abra("select usua_cod from usuario where feccon = current_date "
+    instale_nombres_de_datos({del_diccionario, del_diccionario, [this] {
+                                  QStringList otros;
+                                  auto c = ConGeneral.abra(
+                                      "select usua_cod from usuario where feccon = current_date "
                                       "and usua_cod <> ? order by usua_cod",
                                       {ConGeneral.parametros().usuario});
-             while (c->siguiente())
-                 otros << c->valor(0).texto();
-             return otros;
-         }});
+                                  while (c->siguiente())
+                                      otros << c->valor(0).texto();
+                                  return otros;
+                              }});
 }
 
 QString Tfdm::nombre_campo(const QString& nombre) {

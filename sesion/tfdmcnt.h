@@ -1,8 +1,8 @@
 #pragma once
 // Módulo de datos de la contabilidad: período, cuentas, centros, comprobantes y los campos con que
 // una pantalla entrega una selección a otra.
-#include "libro/libro.h"
 #include "datos/recordset/conjunto.h"
+#include "libro/libro.h"
 
 /// Período contable y cómo se mueve: 0 a 11 los meses, 12 "Ajustes".
 struct CursorPeriodo {

@@ -191,6 +191,10 @@ bool Conexion::conectada() const {
     return interno_->enlace != nullptr;
 }
 
+bool Conexion::en_linea() const {
+    return conectada() && !interno_->perdida && interno_->redes_vistas == redes_caidas;
+}
+
 void Conexion::anote(const QString& sql) {
     ++sentencias_;
     if (observador)

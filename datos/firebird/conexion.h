@@ -74,6 +74,9 @@ public:
     /// Borra la base conectada; la conexión queda cerrada.
     void borre_base();
     bool conectada() const;
+    /// Conectada y sin noticia de que se haya perdido el servidor. Lo que el programa hace por su
+    /// cuenta lo pregunta antes: no le toca a él esperar a que vuelva.
+    bool en_linea() const;
     const ParametrosConexion& parametros() const { return parametros_; }
 
     /// Corre `trabajo(Transaccion&)` en una transacción propia y la confirma. Si choca con otro
