@@ -1,9 +1,9 @@
 #pragma once
 // Base de las consultas de una cuenta: la de la AbreAuxiliar que las abre, con su nombre.
-#include "sesion/tfdmcnt.h"
 #include "ledger/consultaperiodo.h"
 #include "ledger/familia.h"
 #include "sesion/peticiones.h"
+#include "sesion/tfdmcnt.h"
 
 class Formulario;
 class QLineEdit;

@@ -1,7 +1,7 @@
 #pragma once
 // Balance de prueba: los dos libros en un período, y la entrada a auxiliares y saldos.
-#include "sesion/tfdmcnt.h"
 #include "ledger/consultaperiodo.h"
+#include "sesion/tfdmcnt.h"
 
 #include <array>
 

@@ -1,9 +1,9 @@
 #include "reports/forma_rango.h"
 
+#include "reports/columnas_auxiliar.h"
 #include "sesion/instalacion.h"
 #include "sesion/peticiones.h"
 #include "sesion/variables_informe.h"
-#include "reports/columnas_auxiliar.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/dialogos.h"

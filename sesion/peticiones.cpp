@@ -5,8 +5,7 @@
 
 namespace {
 
-template <class P>
-void pida(Pantalla& este, const char* nombre, P peticion, Recibo<P> reciba) {
+template <class P> void pida(Pantalla& este, const char* nombre, P peticion, Recibo<P> reciba) {
     if (hay_pantalla(nombre))
         este.pida(nombre, std::move(peticion), std::move(reciba));
 }

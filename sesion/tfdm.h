@@ -3,8 +3,8 @@
 //
 // Vive lo que el proceso y guarda las sentencias compartidas. La sesión (usuario, compañía,
 // agencia, derechos) se llena una vez, en la primera activación del formulario principal.
-#include "libro/libro.h"
 #include "datos/recordset/conjunto.h"
+#include "libro/libro.h"
 #include "toolkit/barraestado.h"
 
 #include <QPointer>
@@ -102,7 +102,7 @@ public:
     void registre_prefijo(int tipo);
     /// Id del documento, nulo si no existe. Sin número se da por existente, con id vacío.
     std::optional<QString> existe_numero(int tipo, const QString& prefijo, const QString& numero);
-    /// Con el número de otro documento pregunta si se consulta; el sugerido se adelanta a uno libre.
+    /// Con el número de otro documento pregunta si se consulta; el sugerido pasa a uno libre.
     NumeroValidado valide_numero(int tipo, const QString& prefijo, const QString& numero_sugerido,
                                  Campo& campo);
     void numero_documento(int tipo, qint64 id, Campo& campo_prefijo, Campo& campo_numero);

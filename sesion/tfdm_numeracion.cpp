@@ -30,8 +30,8 @@ std::optional<QString> Tfdm::existe_numero(int tipo, const QString& prefijo,
     return id;
 }
 
-NumeroValidado Tfdm::valide_numero(int tipo, const QString& prefijo,
-                                   const QString& numero_sugerido, Campo& campo) {
+NumeroValidado Tfdm::valide_numero(int tipo, const QString& prefijo, const QString& numero_sugerido,
+                                   Campo& campo) {
     if (campo.vacio())
         return {};
     QString numero = campo.texto();

@@ -87,8 +87,8 @@ public:
                                  reciba = std::move(reciba)](const std::any& respuesta) {
             if (yo)
                 yo->espere_entrega({typeid(P), [reciba, respuesta] {
-                                        reciba(std::any_cast<const typename P::Respuesta&>(
-                                            respuesta));
+                                        reciba(
+                                            std::any_cast<const typename P::Respuesta&>(respuesta));
                                     }});
         };
         abra_encargo(nombre, std::move(encargo));
@@ -108,8 +108,7 @@ public:
         deje(typeid(P), std::move(respuesta));
     }
     /// Acepta al activarse lo que otra pantalla haya ofrecido. Con falso lo ve y lo deja esperando.
-    template <class P>
-    void acepte(std::function<bool(const typename P::Respuesta&)> acepta) {
+    template <class P> void acepte(std::function<bool(const typename P::Respuesta&)> acepta) {
         aceptadas_[typeid(P)] = [acepta = std::move(acepta)](const std::any& respuesta) {
             return acepta(std::any_cast<const typename P::Respuesta&>(respuesta));
         };
@@ -226,7 +225,7 @@ private:
     QSettings* ajustes_ = nullptr;
     QPointer<Pantalla> activa_;
     QVector<Pantalla*> abiertas_;
-    QVector<Pantalla*> historia_; ///< la más reciente al final
+    QVector<Pantalla*> historia_;                   ///< la más reciente al final
     std::map<std::type_index, std::any> ofrecidas_; ///< respuestas que nadie pidió
     bool en_silencio_ = false;
 };

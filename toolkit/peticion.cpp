@@ -33,7 +33,8 @@ void Pantalla::espere_entrega(Entrega entrega) {
     entregas_.push_back(std::move(entrega));
     // Sin marco de ventanas nadie avisa la activación: se recibe al volver al lazo de eventos.
     if (!ventana_hija() && !es_modal())
-        QMetaObject::invokeMethod(this, [this] { reciba_entregas(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { reciba_entregas(); }, Qt::QueuedConnection);
 }
 
 void Pantalla::reciba_entregas() {
@@ -49,9 +50,8 @@ void Pantalla::reciba_entregas() {
         return std::find(orden_.begin(), orden_.end(), e.tipo) - orden_.begin();
     };
     std::vector<Entrega> todas = std::exchange(entregas_, {});
-    std::stable_sort(
-        todas.begin(), todas.end(),
-        [&](const Entrega& a, const Entrega& b) { return puesto(a) < puesto(b); });
+    std::stable_sort(todas.begin(), todas.end(),
+                     [&](const Entrega& a, const Entrega& b) { return puesto(a) < puesto(b); });
     const QPointer<Pantalla> viva(this);
     for (const Entrega& e : todas)
         if (viva && !viva->cerrada_)

@@ -50,8 +50,7 @@ public:
     Encargo() = default;
     /// De cualquier petición, para escribir abrir("Tfx", Peticion{...}).
     template <class P>
-        requires std::is_aggregate_v<P>
-    Encargo(P peticion) : peticion_(std::move(peticion)) {}
+    requires std::is_aggregate_v<P> Encargo(P peticion) : peticion_(std::move(peticion)) {}
 
     bool vacio() const { return !peticion_.has_value(); }
     /// La petición, o nulo si es de otro tipo.

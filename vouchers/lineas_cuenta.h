@@ -4,8 +4,8 @@
 // Une la rejilla y su conjunto con los nombres y las sumas que van debajo: suma y compara los dos
 // lados, sugiere el que cuadra, recibe lo escogido en las búsquedas y rehúsa la línea incompleta.
 // Las cuatro primeras columnas de la rejilla son cuenta, tercero, proyecto y centro.
-#include "libro/libro.h"
 #include "datos/recordset/conjunto.h"
+#include "libro/libro.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QObject>

@@ -177,9 +177,8 @@ void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
     if (!nombre.isEmpty())
         return;
     if (pregunte("Tercero no encontrado. Desea crearlo?")) {
-        cree_tercero(*this, nit, [this](const QString& creado) {
-            reciba_en_encabezado("TERC_NIT", creado);
-        });
+        cree_tercero(*this, nit,
+                     [this](const QString& creado) { reciba_en_encabezado("TERC_NIT", creado); });
     } else {
         campo.limpie();
     }

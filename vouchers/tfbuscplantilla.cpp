@@ -84,7 +84,7 @@ void Tfbuscplantilla::SpeedButton3Click() {
 }
 
 void Tfbuscplantilla::SpeedButton4Click() {
-    // Sin que nadie la pida, también en mantenimiento, la toma el próximo comprobante que se active.
+    // Sin quien la pida, y en mantenimiento, es para el próximo comprobante que se active.
     if (hay_fila() && !responda<PidePlantilla>(dato("PLAN_ID")))
         ofrezca<PidePlantilla>(dato("PLAN_ID"));
     close();

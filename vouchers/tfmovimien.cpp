@@ -63,9 +63,8 @@ Tfmovimien::Tfmovimien()
                                     fdmcnt().mes_mas();
                                     muestre_periodo();
                                 });
-    tecla(Qt::Key_F8, "Tfauxiliar", [this] {
-        abra_auxiliar(Libro::Decreto2649, CDetalle.FieldByName("CUEN_COD").texto());
-    });
+    tecla(Qt::Key_F8, "Tfauxiliar",
+          [this] { abra_auxiliar(Libro::Decreto2649, CDetalle.FieldByName("CUEN_COD").texto()); });
     tecla(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(lineas_a_la_vista().libro); });
     orden_de_entrega<PidePlantilla, PideTercero, PideNuevoTercero, PideCuenta, PideCentro,
                      PideConcepto, PideArticulo, PideActivo>();
@@ -221,9 +220,9 @@ void Tfmovimien::CMovimientoENCO_NUMEROChange(Campo& campo) {
         return;
     }
     const QString sugerido = CPrefijos.FieldByName("PREF_NUMERO").texto();
-    const NumeroValidado numero_validado = fdmcnt().valide_NumComConta(
-        CMovimiento.FieldByName("TICO_COD").texto(), CMovimiento.FieldByName("PRCO_PREF").texto(),
-        sugerido, campo);
+    const NumeroValidado numero_validado =
+        fdmcnt().valide_NumComConta(CMovimiento.FieldByName("TICO_COD").texto(),
+                                    CMovimiento.FieldByName("PRCO_PREF").texto(), sugerido, campo);
     if (!numero_validado.vale) {
         campo.limpie();
     } else if (!numero_validado.encontrado.isEmpty()) {

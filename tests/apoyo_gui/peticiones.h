@@ -1,6 +1,6 @@
 #pragma once
-// Pantallas de mentira para probar lo que una pide a otra: la que solo se abre, la lista que contesta
-// lo que la prueba diga y la que pide.
+// Pantallas de mentira para probar lo que una pide a otra: la que solo se abre, la lista que
+// contesta lo que la prueba diga y la que pide.
 #include "toolkit/pantalla.h"
 
 #include <QCoreApplication>
@@ -8,8 +8,7 @@
 #include <memory>
 
 /// Pantalla de un piso más alto que solo se abre: deja ver con qué petición la llamaron.
-inline void registre_testigo(const QString& nombre,
-                             std::function<void(const Pantalla&)> al_crear) {
+inline void registre_testigo(const QString& nombre, std::function<void(const Pantalla&)> al_crear) {
     class Testigo : public Pantalla {
     public:
         Testigo(const QString& nombre, std::function<void(const Pantalla&)> f)
@@ -21,7 +20,8 @@ inline void registre_testigo(const QString& nombre,
     };
     pantallas().registre(nombre, [=] { return new Testigo(nombre, al_crear); });
 }
-inline void registre_testigo(const QString& nombre, std::function<void()> al_crear = [] {}) {
+inline void registre_testigo(
+    const QString& nombre, std::function<void()> al_crear = [] {}) {
     registre_testigo(nombre, [al_crear](const Pantalla&) { al_crear(); });
 }
 

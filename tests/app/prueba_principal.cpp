@@ -472,9 +472,8 @@ void PruebaPrincipal::los_mensajes_sin_leer_aparecen_al_entrar_y_se_marcan() {
     p.mensajes->Timer3Timer();
     QCOMPARE(aviso->cuantos(), 1);
     RespondeMensaje contestado;
-    registre_testigo("Tfmensaje", [&](const Pantalla& m) {
-        contestado = m.peticion<RespondeMensaje>();
-    });
+    registre_testigo("Tfmensaje",
+                     [&](const Pantalla& m) { contestado = m.peticion<RespondeMensaje>(); });
     QTest::mouseClick(aviso->findChild<QPushButton*>("Responder"), Qt::LeftButton);
     QCOMPARE(leidos(), 2);
     QCOMPARE(contestado.mensaje_responder, QString("901"));

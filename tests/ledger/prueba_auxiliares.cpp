@@ -354,7 +354,7 @@ private slots:
         for (const DatosAuxiliar& miembro : auxiliares()) {
             SesionGui s;
             agregue_libro(s);
-                const QString clase = miembro.clase;
+            const QString clase = miembro.clase;
             const char* cuenta = clase.endsWith("art") ? "143505" : "510506";
             const int id = clase.endsWith("art") ? 907 : 903;
             const QString numero = clase.endsWith("art") ? "000005" : "000002";
@@ -515,7 +515,7 @@ private slots:
              {676, 273}},
         };
         for (const auto& caso : casos) {
-                auto* p = abra<Tfsaldoterc>(s, caso.clase, caso.cuenta, 3);
+            auto* p = abra<Tfsaldoterc>(s, caso.clase, caso.cuenta, 3);
             QVERIFY(p);
             QCOMPARE(p->windowTitle(), QString::fromUtf8(caso.titulo));
             QCOMPARE(p->NomCuenta->text(), QString::fromUtf8(caso.nombre));

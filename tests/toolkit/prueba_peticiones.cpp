@@ -220,9 +220,8 @@ private slots:
             Marco::saque();
             b->close();
             const QStringList recibido{"A recibe gris", "A recibe 3x4"};
-            QCOMPARE(Marco::saque().mid(1), color_primero ? recibido
-                                                          : QStringList(recibido.rbegin(),
-                                                                        recibido.rend()));
+            QCOMPARE(Marco::saque().mid(1),
+                     color_primero ? recibido : QStringList(recibido.rbegin(), recibido.rend()));
             a->close();
         }
     }

@@ -204,7 +204,8 @@ void PruebaImpresion::sin_formato_sale_la_plantilla_en_el_papel_configurado() {
     i.espere_modal("Tfimprcomproba", [](QWidget* w) {
         QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key_Escape);
     });
-    QCOMPARE(pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)}), int(mrCancel));
+    QCOMPARE(pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)}),
+             int(mrCancel));
 }
 
 void PruebaImpresion::el_formato_dibuja_lo_que_dicen_sus_tablas() {
