@@ -9,6 +9,7 @@
 #include "catalogues/copiacuentas.h"
 #include "catalogues/terceros.h"
 #include "sesion/apertura.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/disposicion_flujo.h"
@@ -285,13 +286,6 @@ void Tfprincipal::ejecute(const Comando& comando) {
 }
 
 void Tfprincipal::abra(const Comando& comando) {
-    if (comando.modo == kModoMantenimiento)
-        fdm().modo_mantenimiento = true;
-    else if (comando.modo == kModoDescuadres)
-        fdmcnt().cuenta_auxiliar = fdm().valor<Llave::CuentaDescuadres>();
-    else if (!comando.modo.isEmpty())
-        fdmcnt().tipo_informe = comando.modo;
-
     if (comando.nombre == "Nuevotercero1")
         crear_tercero();
     else if (comando.nombre == "Regitrodeterceros1")
@@ -299,11 +293,19 @@ void Tfprincipal::abra(const Comando& comando) {
     else if (comando.nombre == "CopiarcuentasaNIIF1")
         copie_cuentas_a_niif();
     else if (comando.apertura == Apertura::Modal)
-        pantallas().abrir_modal(comando.abre);
+        pantallas().abrir_modal(comando.abre, peticion(comando));
     else
-        pantallas().abrir(comando.abre);
-    // La pantalla ya lo tomó al crearse; si se negó, no queda para la siguiente.
-    fdm().modo_mantenimiento = false;
+        pantallas().abrir(comando.abre, peticion(comando));
+}
+
+Encargo Tfprincipal::peticion(const Comando& comando) {
+    if (comando.modo == kModoMantenimiento)
+        return AbreLista{.modo_mantenimiento = true};
+    if (comando.modo == kModoDescuadres)
+        return AbreAuxiliar{.cuenta_auxiliar = fdm().valor<Llave::CuentaDescuadres>()};
+    if (!comando.modo.isEmpty())
+        return AbreInforme{comando.modo};
+    return {};
 }
 
 void Tfprincipal::crear_tercero() {

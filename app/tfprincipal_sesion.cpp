@@ -175,7 +175,7 @@ void Tfprincipal::abra_iniciales() {
     recuerde_preferencias();
     if (fdm().valor<Llave::MostrarSinContabilizar>() && hay_pantalla("Tfsincontab"))
         pantallas().abrir_modal("Tfsincontab");
-    fdmcnt().balance_por_recalcular = true;
+    emit fdmcnt().balance_por_recalcular();
     if (fdm().valor<Llave::MostrarBalance>() && fdm().exija_acceso(150))
         abra_o_avise("Tfbalanceprueba");
 }

@@ -249,6 +249,7 @@ private:
     bool visible(Fila& fila);
     bool menor(const Fila& a, const Fila& b) const;
     void inserte_fila(int posicion);
+    void guarde_en_memoria(Fila& fila);
     void falle(const std::function<void(ConjuntoDatos&, const ErrorDatos&)>& manejador,
                const ErrorDatos& error);
     void exija_abierto() const;
@@ -278,7 +279,17 @@ private:
     int cuente_cambios(const Detalle& detalle) const;
     template <class F> void avise(F f) const;
     Valor valor_guardado(const Fila& fila, const Campo& campo) const;
-    template <class Filas> Valor sume(const QString& nombre, const Filas& filas) const;
+    // agregados.cpp
+    struct SumaViva {
+        unsigned version = 0; ///< de las filas que suma
+        Moneda suma;
+        int cuantos = 0; ///< filas con valor
+    };
+    using Sumas = QHash<QString, SumaViva>; ///< por la expresión del agregado
+    template <class Filas>
+    Valor sume(const QString& nombre, const Filas& filas, Sumas& sumas) const;
+    /// Hace un cambio que solo toca esa fila, la actual, y corrige con ella las sumas ya hechas.
+    void cambie_fila(const Fila& fila, const std::function<void()>& cambio);
 
     std::vector<std::unique_ptr<Campo>> campos_;
     std::vector<std::unique_ptr<Campo>> campos_previos_; ///< dinámicos, mientras se abre otro texto
@@ -314,6 +325,7 @@ private:
     std::function<bool()> condicion_;
     std::shared_ptr<class Expresion> expresion_filtro_;
     QMap<QString, QString> agregados_;
+    mutable Sumas sumas_a_la_vista_, sumas_totales_;
     int controles_apagados_ = 0;
     QVector<EnlaceDatos*> enlaces_;
 };

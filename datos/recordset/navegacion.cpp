@@ -167,11 +167,12 @@ void ConjuntoDatos::inserte_fila(int posicion) {
     nueva_ = std::make_unique<Fila>();
     nueva_->marca = Fila::Marca::Nueva;
     bufer_.fill(Valor(), int(campos_.size()));
-    orden_.insert(orden_.begin() + posicion, nueva_.get());
-    pos_ = posicion;
+    cambie_fila(*nueva_, [&] {
+        orden_.insert(orden_.begin() + posicion, nueva_.get());
+        pos_ = posicion;
+        estado_ = Estado::Insercion;
+    });
     inicio_ = fin_ = false;
-    estado_ = Estado::Insercion;
-    cambiaron_filas();
     cargue_anidados(); // una maestra que nace no tiene detalles que leer
     avise([&](EnlaceDatos& e) { e.filas_insertadas(posicion, 1); });
     avise([](EnlaceDatos& e) { e.estado_cambiado(); });
@@ -277,6 +278,29 @@ bool ConjuntoDatos::cambiada(const QStringList& salvo) const {
     return false;
 }
 
+void ConjuntoDatos::guarde_en_memoria(Fila& fila) {
+    if (estado_ == Estado::Insercion) {
+        fila.valores = std::make_unique<QVector<Valor>>(bufer_);
+        fila.marca = Fila::Marca::Insertada;
+        Detalle* d = almacen();
+        // Una fila insertada en medio entra al almacén donde se ve, y no al final.
+        auto donde = d->filas.end();
+        if (size_t(pos_) + 1 < orden_.size())
+            donde = std::find_if(d->filas.begin(), d->filas.end(), [&](const auto& f) {
+                return f.get() == orden_[size_t(pos_) + 1];
+            });
+        d->filas.insert(donde, std::move(nueva_));
+    } else if (cambiada()) {
+        haga_propios(fila);
+        if (fila.marca == Fila::Marca::Intacta) {
+            fila.originales = std::move(fila.valores);
+            fila.marca = Fila::Marca::Modificada;
+        }
+        fila.valores = std::make_unique<QVector<Valor>>(bufer_);
+    }
+    estado_ = Estado::Navegacion;
+}
+
 void ConjuntoDatos::Post() {
     if (!editando())
         return;
@@ -296,30 +320,8 @@ void ConjuntoDatos::Post() {
         falle(OnPostError, error);
     }
     Fila& fila = *orden_[size_t(pos_)];
-    if (estado_ == Estado::Insercion) {
-        fila.valores = std::make_unique<QVector<Valor>>(bufer_);
-        fila.marca = Fila::Marca::Insertada;
-        Detalle* d = almacen();
-        // Una fila insertada en medio entra al almacén donde se ve, y no al final.
-        auto donde = d->filas.end();
-        if (size_t(pos_) + 1 < orden_.size())
-            donde = std::find_if(d->filas.begin(), d->filas.end(), [&](const auto& f) {
-                return f.get() == orden_[size_t(pos_) + 1];
-            });
-        d->filas.insert(donde, std::move(nueva_));
-    } else {
-        if (cambiada()) {
-            haga_propios(fila);
-            if (fila.marca == Fila::Marca::Intacta) {
-                fila.originales = std::move(fila.valores);
-                fila.marca = Fila::Marca::Modificada;
-            }
-            fila.valores = std::make_unique<QVector<Valor>>(bufer_);
-        }
-    }
-    estado_ = Estado::Navegacion;
+    cambie_fila(fila, [&] { guarde_en_memoria(fila); });
     valores_cambiados(fila);
-    cambiaron_filas();
     if (!indice_.isEmpty() || (filtrado_ && expresion_filtro_) || condicion_) {
         reordene_y_avise();
     } else {
@@ -339,12 +341,14 @@ void ConjuntoDatos::Cancel() {
         d->Cancel();
     const bool insercion = estado_ == Estado::Insercion;
     std::exception_ptr falla;
-    valores_cambiados(*orden_[size_t(pos_)]);
-    cambiaron_filas();
-    estado_ = Estado::Navegacion;
+    const Fila& fila = *orden_[size_t(pos_)];
+    valores_cambiados(fila);
     if (insercion) {
         const int quitada = pos_;
-        orden_.erase(orden_.begin() + quitada);
+        cambie_fila(fila, [&] {
+            estado_ = Estado::Navegacion;
+            orden_.erase(orden_.begin() + quitada);
+        });
         nueva_.reset();
         pos_ = qMin(pos_previa_, int(orden_.size()) - 1);
         if (pos_ < 0 && !orden_.empty())
@@ -355,6 +359,7 @@ void ConjuntoDatos::Cancel() {
         avise([&](EnlaceDatos& e) { e.filas_borradas(quitada, 1); });
         avise([](EnlaceDatos& e) { e.fila_actual_cambiada(); });
     } else {
+        cambie_fila(fila, [&] { estado_ = Estado::Navegacion; });
         avise([](EnlaceDatos& e) { e.campo_cambiado(nullptr); });
         avise([&](EnlaceDatos& e) { e.fila_modificada(pos_); });
     }
@@ -390,14 +395,18 @@ void ConjuntoDatos::Delete() {
                                     [&](const auto& f) { return f.get() == fila; });
     // Lo que la base no conoce desaparece; lo demás espera en el registro de cambios. Una nueva que
     // ya viajó y no se sabe si quedó, también espera.
-    if (fila->marca != Fila::Marca::Insertada || fila->envio) {
-        haga_propios(*fila);
-        d->borradas.push_back(std::move(*donde));
-    }
-    std::unique_ptr<Fila> difunta = std::move(*donde);
-    d->filas.erase(donde);
+    const bool espera = fila->marca != Fila::Marca::Insertada || fila->envio;
     const int quitada = pos_;
-    orden_.erase(orden_.begin() + quitada);
+    std::unique_ptr<Fila> difunta;
+    cambie_fila(*fila, [&] {
+        if (espera)
+            haga_propios(*fila);
+        difunta = std::move(*donde);
+        d->filas.erase(donde);
+        orden_.erase(orden_.begin() + quitada);
+    });
+    if (espera)
+        d->borradas.push_back(std::move(difunta));
     std::exception_ptr falla;
     try {
         if (pos_ >= int(orden_.size()) && !traiga_paquete())
@@ -407,7 +416,6 @@ void ConjuntoDatos::Delete() {
         pos_ = int(orden_.size()) - 1;
     }
     fin_ = orden_.empty();
-    cambiaron_filas();
     if (const auto otra = siga_a_la_fila(); !falla)
         falla = otra;
     anuncie_anidados();
