@@ -181,6 +181,10 @@ Valor ConjuntoDatos::valor_de(const Fila& fila, const Campo& campo) const {
     }
     if (editando() && pos_ >= 0 && orden_[size_t(pos_)] == &fila)
         return bufer_[campo.indice_];
+    return valor_guardado(fila, campo);
+}
+
+Valor ConjuntoDatos::valor_guardado(const Fila& fila, const Campo& campo) const {
     if (fila.valores)
         return (*fila.valores)[campo.indice_];
     if (fila.cruda && campo.columna_ >= 0)
@@ -368,6 +372,9 @@ void ConjuntoDatos::condicion(std::function<bool()> f) {
     condicion_ = std::move(f);
     if (!Active())
         return;
+    if (const Detalle* d = almacen())
+        for (const auto& fila : d->filas)
+            fila->retenida = false;
     reordene_y_avise();
     if (pos_ >= 0 && AfterScroll)
         AfterScroll();
@@ -377,7 +384,7 @@ bool ConjuntoDatos::visible(Fila& fila) {
     const Fila* antes = fila_calculo_;
     fila_calculo_ = &fila;
     const bool si = (!filtrado_ || !expresion_filtro_ || expresion_filtro_->verdadera()) &&
-                    (!condicion_ || condicion_());
+                    (!condicion_ || fila.retenida || condicion_());
     fila_calculo_ = antes;
     return si;
 }

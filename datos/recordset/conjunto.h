@@ -31,6 +31,7 @@ struct Fila {
     std::unique_ptr<QVector<Valor>> valores;    ///< por campo; nulo mientras baste el mensaje crudo
     std::unique_ptr<QVector<Valor>> originales; ///< lo que la base tenía, en filas modificadas
     Marca marca = Marca::Intacta;
+    bool retenida = false; ///< nació con un filtro puesto: sigue a la vista aunque no lo cumpla
     /// Campos calculados, en su orden, y la vigencia del conjunto con que se calcularon.
     mutable std::unique_ptr<QVector<Valor>> calculados;
     mutable unsigned vigencia = 0;
@@ -111,7 +112,10 @@ public:
     /// una vez por fila cuando se la mira, y otra si la fila o su maestra cambian.
     bool calcular_al_traer = false;
     /// Los campos calculados dependen de algo de afuera que cambió: se calculan de nuevo.
-    void recalcule() { ++vigencia_; }
+    void recalcule() {
+        ++vigencia_;
+        ++version_;
+    }
     /// Campo que numera los detalles de una maestra ("CODE_ITEM"). Si otro usuario ya grabó una
     /// línea con el número de una nueva, la nueva toma el siguiente libre en vez de rehusarse.
     QString CampoConsecutivo;
@@ -128,11 +132,21 @@ public:
     /// Agregado con nombre sobre las filas a la vista: "Sum(CODE_DEBITO)".
     void agregado(const QString& nombre, const QString& expresion);
     Valor agregado(const QString& nombre) const;
-    /// El mismo agregado sobre todas las filas en memoria, también las que esconde un filtro.
-    Valor agregado_total(const QString& nombre) const;
-    /// Filas en memoria, también las que esconde un filtro, sin las borradas.
-    int filas_en_memoria() const;
     bool AggregatesActive = true;
+
+    // --- todas las filas en memoria, también las que un filtro oculta
+    /// Cuántas son, con la que se está insertando.
+    int filas_en_memoria() const;
+    /// Suma de un campo. La fila en edición cuenta con lo que tenía, como en los agregados.
+    Moneda total(const Campo& campo) const;
+    /// Las recorre en el orden en que se graban. La que se está insertando no ha entrado.
+    void recorra_todas(const std::function<void(const Fila&)>& visita) const;
+    /// Valor de un campo en una fila de las que recorre `recorra_todas`.
+    Valor valor_de(const Fila& fila, const Campo& campo) const;
+    /// Las borra de una vez, con un solo AfterDelete; cancela la edición en curso.
+    void borre_todas();
+    /// Corre un número entero en las filas que aún no están en la base: otro tomó los suyos.
+    void corra_las_nuevas(const Campo& campo, qint64 cuanto);
 
     // --- eventos, en el orden de la vida de una fila
     std::function<void()> BeforeOpen, AfterOpen, BeforeClose, AfterClose;
@@ -257,7 +271,7 @@ private:
     void valide_llave();
     void mueva(int destino, bool avise = true);
     void haga_propios(Fila& fila) const;
-    Valor valor_de(const Fila& fila, const Campo& campo) const;
+    Valor valor_guardado(const Fila& fila, const Campo& campo) const;
     Valor calcule(const Fila& fila, const Campo& campo) const;
     void corra_calculo(const Fila* fila) const;
     void calcule_al_traer(Fila& fila) const;
@@ -278,7 +292,6 @@ private:
     void descarte(Detalle& detalle);
     int cuente_cambios(const Detalle& detalle) const;
     template <class F> void avise(F f) const;
-    Valor valor_guardado(const Fila& fila, const Campo& campo) const;
     // agregados.cpp
     struct SumaViva {
         unsigned version = 0; ///< de las filas que suma
@@ -286,8 +299,9 @@ private:
         int cuantos = 0; ///< filas con valor
     };
     using Sumas = QHash<QString, SumaViva>; ///< por la expresión del agregado
+    Valor sumando(const Fila& fila, const Campo& campo) const;
     template <class Filas>
-    Valor sume(const QString& nombre, const Filas& filas, Sumas& sumas) const;
+    const SumaViva& sume(const QString& expresion, const Filas& filas, Sumas& sumas) const;
     /// Hace un cambio que solo toca esa fila, la actual, y corrige con ella las sumas ya hechas.
     void cambie_fila(const Fila& fila, const std::function<void()>& cambio);
 

@@ -282,6 +282,7 @@ void ConjuntoDatos::guarde_en_memoria(Fila& fila) {
     if (estado_ == Estado::Insercion) {
         fila.valores = std::make_unique<QVector<Valor>>(bufer_);
         fila.marca = Fila::Marca::Insertada;
+        fila.retenida = bool(condicion_);
         Detalle* d = almacen();
         // Una fila insertada en medio entra al almacén donde se ve, y no al final.
         auto donde = d->filas.end();
