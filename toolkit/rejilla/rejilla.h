@@ -234,6 +234,7 @@ private:
     void marque_tramo(int desde, int hasta);
     QString texto_seleccionado() const;
     void pegue_celda(int columna, const QString& texto);
+    bool pase_a_la_fila_pegada(int& fila, bool primera);
 
     ModeloConjunto* modelo_;
     EncabezadoRejilla* encabezado_;
