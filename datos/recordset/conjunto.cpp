@@ -121,7 +121,8 @@ Campo& ConjuntoDatos::FieldByName(const QString& nombre) const {
 
 Campo& ConjuntoDatos::Fields(int indice) const {
     if (indice < 0 || indice >= FieldCount())
-        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice));
+        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice), objectName(),
+                         QStringLiteral("La consulta no trae la columna %1.").arg(indice));
     return *campos_[size_t(indice)];
 }
 

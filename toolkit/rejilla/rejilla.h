@@ -107,6 +107,8 @@ public:
     /// Pega celda por celda con Campo::asigne desde la actual; agrega las filas que falten. La
     /// primera fila que se rehúsa queda en edición y detiene el resto.
     void pegue();
+    /// Un pegado que tarda más muestra cuántas líneas van. Milisegundos.
+    static inline int ms_avance = 300;
     void borre_seleccion(); ///< vacía las celdas; si son filas enteras, pregunta y las borra
     void seleccione_todo();
 

@@ -242,7 +242,7 @@ private:
     qsizetype total_;
     std::unique_ptr<QLabel> rotulo_;
     QElapsedTimer reloj_;
-    qint64 proximo_ = 300; ///< lo corto no llega a mostrarlo
+    qint64 proximo_ = Rejilla::ms_avance; ///< lo corto no llega a mostrarlo
 };
 
 } // namespace
