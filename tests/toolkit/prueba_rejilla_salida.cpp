@@ -8,8 +8,10 @@
 
 #include <QClipboard>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMenu>
 #include <QPrintPreviewWidget>
+#include <QScopedValueRollback>
 #include <QTemporaryDir>
 #include <QtTest>
 
