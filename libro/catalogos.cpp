@@ -149,7 +149,7 @@ std::optional<Rechazo> revise_categoria(Conexion& conexion, Libro libro, const Q
 std::optional<Rechazo> revise_articulo(Conexion& conexion, const QString& clase,
                                        const QString& codigo) {
     const bool activo = clase == "A";
-    if (codigo.isEmpty() || (!activo && clase != "I"))
+    if (codigo.isEmpty())
         return {};
     const QString sql = activo ? "select 1 from activos_fijos where acfj_cod = ?"
                                : "select 1 from articulo where arti_cod = ?";

@@ -43,6 +43,6 @@ QString nombre_de_centro(Conexion& conexion, const QString& proyecto, const QStr
 std::optional<Rechazo> revise_centro(Conexion& conexion, const QString& proyecto,
                                      const QString& centro);
 std::optional<Rechazo> revise_categoria(Conexion& conexion, Libro libro, const QString& codigo);
-/// `clase` de la cuenta: "I" busca un artículo, "A" un activo fijo; con otra no hay qué buscar.
+/// Según la clase de la cuenta: con "A" es un activo fijo, con cualquier otra un artículo.
 std::optional<Rechazo> revise_articulo(Conexion& conexion, const QString& clase,
                                        const QString& codigo);

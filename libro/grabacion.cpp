@@ -176,7 +176,8 @@ bool GrabacionComprobante::aplique(const ModoGrabacion& modo, ResultadoGrabacion
             break;
         }
         const bool sigue =
-            (modo.nuevo && fallas.al_insertar(c_.encabezado) && tome_otro_numero()) ||
+            (modo.nuevo && !numero_fijo && fallas.al_insertar(c_.encabezado) &&
+             tome_otro_numero()) ||
             ((fallas.al_insertar(c_.lineas_2649) || fallas.al_insertar(c_.lineas_niif)) &&
              separe_lineas_nuevas());
         if (!sigue)
@@ -301,5 +302,7 @@ ResultadoGrabacion grabe_comprobante(Conexion& conexion, const Comprobante& comp
         return r;
     }
     vuelque(c, mesa.conjuntos());
-    return GrabacionComprobante(mesa.conjuntos()).grabe(modo);
+    GrabacionComprobante grabacion(mesa.conjuntos());
+    grabacion.numero_fijo = !comprobante.numero.isEmpty();
+    return grabacion.grabe(modo);
 }

@@ -37,6 +37,9 @@ class GrabacionComprobante {
 public:
     explicit GrabacionComprobante(const ConjuntosComprobante& conjuntos);
 
+    /// El número es el que escribió quien graba: aunque el prefijo numere solo, no avanza.
+    bool numero_fijo = false;
+
     Rechazos revise(const ModoGrabacion& modo, const AjustesLibro& ajustes) const;
     /// Graba lo que ya se revisó. Las fallas las dice el OnUpdateError del proveedor, salvo el
     /// número automático que otro tomó: ese avanza solo.
@@ -63,6 +66,7 @@ private:
 };
 
 /// Graba un comprobante completo: con id 0 es nuevo y toma el suyo y, si no trae número, el del
-/// contador de su prefijo; con id reemplaza al que hay. Revisa dato por dato.
+/// contador de su prefijo, que avanza si otro lo tomó; con id reemplaza al que hay. Revisa dato por
+/// dato.
 ResultadoGrabacion grabe_comprobante(Conexion& conexion, const Comprobante& comprobante,
                                      const AjustesLibro& ajustes);

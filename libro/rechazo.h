@@ -10,7 +10,7 @@
 enum class Motivo {
     Tipo,
     Prefijo,
-    NumeroVacio,
+    Numero,
     NumeroTomado,
     NumeroAgotado, ///< el contador del prefijo pasó de 999999
     Fecha,

@@ -27,15 +27,12 @@ public:
             return;
         }
         if (c_.numero.isEmpty()) {
-            // El siguiente del contador, si el prefijo numera solo.
-            if (!prefijo->automatico)
-                agregue(lista, Motivo::NumeroVacio, "ENCO_NUMERO",
-                        "Debe indicar el número del comprobante.");
-            else if (const auto r = revise_contador(c_.tipo, c_.prefijo, prefijo->siguiente))
+            // Tomará el que sigue en el contador, numere solo el prefijo o no.
+            if (const auto r = revise_contador(c_.tipo, c_.prefijo, prefijo->siguiente))
                 lista << *r;
             return;
         }
-        numero(lista, *prefijo);
+        numero(lista);
     }
 
     void tercero_del_encabezado(Rechazos& lista) {
@@ -53,15 +50,18 @@ public:
         junte(cuenta(libro, l.cuenta));
         if (!l.nit.isEmpty())
             junte(recuerde(terceros_, l.nit, [&] { return revise_tercero(conexion_, l.nit); }));
-        if (!l.proyecto.isEmpty() && !l.centro.isEmpty())
+        // Un proyecto sin centro tampoco es un centro.
+        if (!l.proyecto.isEmpty() || !l.centro.isEmpty())
             junte(recuerde(centros_, l.proyecto + '/' + l.centro,
                            [&] { return revise_centro(conexion_, l.proyecto, l.centro); }));
         if (!l.categoria.isEmpty())
             junte(revise_categoria(conexion_, libro, l.categoria));
-        if (const auto a = atributos(libro, l.cuenta)) {
-            junte(revise_articulo(conexion_, a->clase, l.articulo));
-            propias << faltas_de_linea(l, *a);
-        }
+        const auto& a = atributos(libro, l.cuenta);
+        junte(revise_articulo(conexion_, a ? a->clase : QString(), l.articulo));
+        if (a)
+            for (const Rechazo& r : faltas_de_linea(l, *a))
+                if (r.motivo != Motivo::FaltaCentro || (l.proyecto.isEmpty() && l.centro.isEmpty()))
+                    propias << r;
         junte(revise_porcentaje(l.porcentaje));
         std::stable_sort(propias.begin(), propias.end(),
                          [](const Rechazo& a, const Rechazo& b) { return a.motivo < b.motivo; });
@@ -90,18 +90,17 @@ private:
                          .arg(c_.prefijo, c_.tipo);
     }
 
-    void numero(Rechazos& lista, const PrefijoContable& prefijo) {
+    void numero(Rechazos& lista) {
         bool cifras = true;
         for (const QChar x : c_.numero)
             cifras = cifras && x >= '0' && x <= '9';
         if (!cifras || c_.numero.size() > kCifrasNumero) {
-            agregue(lista, Motivo::NumeroVacio, "ENCO_NUMERO",
+            agregue(lista, Motivo::Numero, "ENCO_NUMERO",
                     QStringLiteral("El número %1 no es de seis cifras.").arg(c_.numero));
             return;
         }
-        // Uno automático que otro tomó avanza solo al grabar.
         const auto tomado = revise_numero(conexion_, c_.tipo, c_.prefijo, c_.numero);
-        if (tomado && tomado->dato != QString::number(c_.id) && !(prefijo.automatico && c_.id == 0))
+        if (tomado && tomado->dato != QString::number(c_.id))
             lista << *tomado;
     }
 
