@@ -2,6 +2,7 @@
 
 #include "libro/catalogos.h"
 #include "libro/numeracion.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 
 namespace {
@@ -149,8 +150,7 @@ bool Tfdmcnt::valide_cuenta(const QString& cuenta, Libro libro) {
     if (rechazo->oferta == Oferta::CrearCuenta) {
         if (!pregunte(rechazo->pregunta))
             return false;
-        cuenta_seleccion = cuenta;
-        pantallas().abrir(datos(libro).pantalla_nueva_cuenta);
+        cree_cuenta(libro, cuenta);
         return true;
     }
     if (!rechazo->texto.isEmpty())
@@ -201,32 +201,30 @@ bool Tfdmcnt::valide_centro(const QString& proyecto, const QString& centro) {
 
 // ---------------------------------------------------------------- comprobantes
 
-bool Tfdmcnt::existe_ComContable(const QString& tipo, const QString& prefijo,
-                                 const QString& numero) {
+std::optional<QString> Tfdmcnt::existe_ComContable(const QString& tipo, const QString& prefijo,
+                                                   const QString& numero) {
     if (numero.isEmpty())
-        return false;
-    comprobante_encontrado = id_del_numero(fdm().Quorvex, tipo, prefijo, numero);
-    return !comprobante_encontrado.isEmpty();
+        return std::nullopt;
+    const QString id = id_del_numero(fdm().Quorvex, tipo, prefijo, numero);
+    return id.isEmpty() ? std::nullopt : std::optional(id);
 }
 
-bool Tfdmcnt::valide_NumComConta(const QString& tipo, const QString& prefijo,
-                                 const QString& numero_sugerido, Campo& campo) {
+NumeroValidado Tfdmcnt::valide_NumComConta(const QString& tipo, const QString& prefijo,
+                                           const QString& numero_sugerido, Campo& campo) {
     if (campo.vacio())
-        return true;
-    comprobante_encontrado.clear();
+        return {};
     const QString numero = campo.texto();
     const auto tomado = revise_numero(fdm().Quorvex, tipo, prefijo, numero);
     if (!tomado)
-        return true;
+        return {};
     if (numero != numero_sugerido) {
-        if (!pregunte(tomado->pregunta))
-            return false;
-        comprobante_encontrado = tomado->dato;
-        return true;
+        if (pregunte(tomado->pregunta))
+            return {.encontrado = tomado->dato};
+        return {.vale = false};
     }
     // El contador quedó atrás porque otro usuario tomó el número: se adelanta hasta uno libre.
     campo = adelante_contador(fdm().Quorvex, tipo, prefijo, numero);
-    return true;
+    return {};
 }
 
 AjustesLibro Tfdmcnt::ajustes_libro() {
