@@ -82,14 +82,26 @@ void muestre_error(const QString& texto) {
     avise(QMessageBox::Critical, QStringLiteral("Error"), texto);
 }
 
-bool pregunte(const QString& texto) {
+namespace {
+
+bool pregunte_si_o_no(const QString& texto, bool si_escogido) {
     Dialogo d(QMessageBox::Question, QStringLiteral("Confirmación"), texto);
     QPushButton* si = d.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
     QPushButton* no = d.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
-    d.setDefaultButton(si);
+    d.setDefaultButton(si_escogido ? si : no);
     d.setEscapeButton(no);
     d.exec();
     return d.clickedButton() == si;
+}
+
+} // namespace
+
+bool pregunte(const QString& texto) {
+    return pregunte_si_o_no(texto, true);
+}
+
+bool pregunte_con_no(const QString& texto) {
+    return pregunte_si_o_no(texto, false);
 }
 
 Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos) {

@@ -11,6 +11,8 @@ void muestre_advertencia(const QString& texto);
 void muestre_error(const QString& texto);
 /// Botones "Sí" y "No"; Esc o cerrar es No.
 bool pregunte(const QString& texto);
+/// Como pregunte, con "No" ya escogido: lo que se va a perder o a pasar por alto pide decirlo.
+bool pregunte_con_no(const QString& texto);
 
 enum Respuesta { Ninguna = -1, Primera = 0, Segunda = 1, Tercera = 2 };
 /// Un botón por rótulo; devuelve la posición del oprimido, o Ninguna si se cerró el diálogo.

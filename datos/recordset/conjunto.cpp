@@ -202,6 +202,10 @@ Valor ConjuntoDatos::valor_de(const Fila& fila, const Campo& campo) const {
     }
     if (editando() && pos_ >= 0 && orden_[size_t(pos_)] == &fila)
         return bufer_[campo.indice_];
+    return valor_guardado(fila, campo);
+}
+
+Valor ConjuntoDatos::valor_guardado(const Fila& fila, const Campo& campo) const {
     if (fila.valores)
         return (*fila.valores)[campo.indice_];
     if (fila.cruda && campo.columna_ >= 0)
@@ -672,6 +676,9 @@ void ConjuntoDatos::condicion(std::function<bool()> f) {
     condicion_ = std::move(f);
     if (!Active())
         return;
+    if (const Detalle* d = almacen())
+        for (const auto& fila : d->filas)
+            fila->retenida = false;
     if (condicion_)
         FetchAll();
     reordene(pos_ >= 0 ? orden_[size_t(pos_)] : nullptr);
@@ -684,7 +691,7 @@ bool ConjuntoDatos::visible(Fila& fila) {
     const Fila* antes = fila_calculo_;
     fila_calculo_ = &fila;
     const bool si = (!filtrado_ || !expresion_filtro_ || expresion_filtro_->verdadera()) &&
-                    (!condicion_ || condicion_());
+                    (!condicion_ || fila.retenida || condicion_());
     fila_calculo_ = antes;
     return si;
 }
@@ -762,9 +769,7 @@ Valor ConjuntoDatos::agregado(const QString& nombre) const {
         if (editando() && int(i) == pos_) {
             if (estado_ == Estado::Insercion)
                 continue;
-            v = fila.valores
-                    ? (*fila.valores)[campo.indice_]
-                    : decodifique(sentencia()->conexion(), columnas_[campo.columna_], fila.cruda);
+            v = valor_guardado(fila, campo);
         } else {
             v = valor_de(fila, campo);
         }
@@ -777,4 +782,60 @@ Valor ConjuntoDatos::agregado(const QString& nombre) const {
             suma += v.moneda();
     }
     return hay ? Valor(suma) : Valor();
+}
+
+// ---------------------------------------------------------------- todas las filas
+
+int ConjuntoDatos::filas_en_memoria() const {
+    const Detalle* d = Active() ? almacen() : nullptr;
+    return (d ? int(d->filas.size()) : 0) + (nueva_ ? 1 : 0);
+}
+
+void ConjuntoDatos::recorra_todas(const std::function<void(const Fila&)>& visita) const {
+    if (const Detalle* d = Active() ? almacen() : nullptr)
+        for (const auto& fila : d->filas)
+            visita(*fila);
+}
+
+Moneda ConjuntoDatos::total(const Campo& campo) const {
+    Moneda suma;
+    recorra_todas([&](const Fila& fila) {
+        const bool de_datos = campo.tipo == TipoCampo::Datos || campo.tipo == TipoCampo::Interno;
+        suma += (de_datos ? valor_guardado(fila, campo) : valor_de(fila, campo)).moneda();
+    });
+    return suma;
+}
+
+void ConjuntoDatos::borre_todas() {
+    Cancel();
+    Detalle* d = Active() ? almacen() : nullptr;
+    if (!d || d->filas.empty())
+        return;
+    if (BeforeDelete)
+        BeforeDelete();
+    for (auto& fila : d->filas)
+        if (fila->marca != Fila::Marca::Insertada) {
+            haga_propios(*fila);
+            d->borradas.push_back(std::move(fila));
+        }
+    orden_.clear();
+    pos_ = -1;
+    fin_ = true;
+    d->filas.clear();
+    for (ConjuntoDatos* a : anidados_)
+        a->maestra_movida();
+    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
+    if (AfterDelete)
+        AfterDelete();
+}
+
+void ConjuntoDatos::corra_las_nuevas(const Campo& campo, qint64 cuanto) {
+    CheckBrowseMode();
+    if (const Detalle* d = Active() ? almacen() : nullptr)
+        for (const auto& fila : d->filas)
+            if (fila->marca == Fila::Marca::Insertada) {
+                Valor& numero = (*fila->valores)[campo.indice_];
+                numero = numero.entero() + cuanto;
+            }
+    avise([](EnlaceDatos& e) { e.campo_cambiado(nullptr); });
 }

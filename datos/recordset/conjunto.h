@@ -28,6 +28,7 @@ struct Fila {
     std::unique_ptr<QVector<Valor>> valores;    ///< por campo; nulo mientras baste el mensaje crudo
     std::unique_ptr<QVector<Valor>> originales; ///< lo que la base tenía, en filas modificadas
     Marca marca = Marca::Intacta;
+    bool retenida = false; ///< nació con un filtro puesto: sigue a la vista aunque no lo cumpla
     std::unique_ptr<QVector<Valor>>
         calculados; ///< con calcular_al_traer, en el orden de los campos
     std::vector<std::unique_ptr<Detalle>> detalles; ///< uno por detalle de la sentencia maestra
@@ -117,6 +118,20 @@ public:
     void agregado(const QString& nombre, const QString& expresion);
     Valor agregado(const QString& nombre) const;
     bool AggregatesActive = true;
+
+    // --- todas las filas en memoria, también las que un filtro oculta
+    /// Cuántas son, con la que se está insertando.
+    int filas_en_memoria() const;
+    /// Suma de un campo. La fila en edición cuenta con lo que tenía, como en los agregados.
+    Moneda total(const Campo& campo) const;
+    /// Las recorre en el orden en que se graban. La que se está insertando no ha entrado.
+    void recorra_todas(const std::function<void(const Fila&)>& visita) const;
+    /// Valor de un campo en una fila de las que recorre `recorra_todas`.
+    Valor valor_de(const Fila& fila, const Campo& campo) const;
+    /// Las borra de una vez, con un solo AfterDelete; cancela la edición en curso.
+    void borre_todas();
+    /// Corre un número entero en las filas que aún no están en la base: otro tomó los suyos.
+    void corra_las_nuevas(const Campo& campo, qint64 cuanto);
 
     // --- eventos, en el orden de la vida de una fila
     std::function<void()> BeforeOpen, AfterOpen, BeforeClose, AfterClose;
@@ -218,7 +233,7 @@ private:
     void mueva(int destino, bool avise = true);
     void maestra_movida();
     void haga_propios(Fila& fila) const;
-    Valor valor_de(const Fila& fila, const Campo& campo) const;
+    Valor valor_guardado(const Fila& fila, const Campo& campo) const;
     Valor calcule(const Fila& fila, const Campo& campo) const;
     void corra_calculo(const Fila* fila) const;
     void calcule_al_traer(Fila& fila) const;

@@ -292,6 +292,7 @@ void ConjuntoDatos::Post() {
     if (estado_ == Estado::Insercion) {
         fila.valores = std::make_unique<QVector<Valor>>(bufer_);
         fila.marca = Fila::Marca::Insertada;
+        fila.retenida = bool(condicion_);
         Detalle* d = almacen();
         // Una fila insertada en medio entra al almacén donde se ve, y no al final.
         auto donde = d->filas.end();

@@ -292,7 +292,8 @@ private slots:
             {"000003", "000001", "000003", "", false, "000003", "", "000001"}, // Esc
             {"000003", "000001", "000003", "Sí", true, "000003", "43", "000001"},
             {"000005", "000005", "", "", true, "000006", "", "000006"},
-            {"000001", "000001", "", "", true, "000004", "", "000004"}, // salta los tomados
+            // salta los tomados, sin devolver el contador que otro llevó más lejos
+            {"000001", "000001", "", "", true, "000004", "", "000006"},
         };
         for (const auto& c : casos) {
             Encabezado e;

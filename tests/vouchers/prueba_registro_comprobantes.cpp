@@ -15,7 +15,7 @@ QVector<Linea> venta(int pesos) {
     return {{1, "130505", pesos, 0, "900123456"}, {2, "413505", 0, pesos, {}, "0002", "0001"}};
 }
 
-Comprobante replicado(const QVector<Linea>& lineas, const QVector<Linea>& niif = {}) {
+ComprobanteEnTablas replicado(const QVector<Linea>& lineas, const QVector<Linea>& niif = {}) {
     return {1, "000001", "20170210", lineas, niif, "S"};
 }
 
@@ -306,7 +306,7 @@ void PruebaRegistroComprobantes::el_libro_niif_llevado_a_mano_manda() {
 }
 
 void PruebaRegistroComprobantes::el_check_de_replica_llena_el_libro_vacio() {
-    Comprobante c = replicado(venta(100));
+    ComprobanteEnTablas c = replicado(venta(100));
     c.replica = "N";
     grabe(base(), c);
     base().ejecute("update comprobante_encabezado set enco_repniif = 'S'");
