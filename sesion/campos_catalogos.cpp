@@ -63,6 +63,13 @@ void campos_paises(ConjuntoDatos& c) {
     c.texto("PAIS_NOM", 60).etiqueta("Nombre");
 }
 
+void campos_documentos_tercero(ConjuntoDatos& c) {
+    c.texto("TERC_NIT", 20);
+    c.entero("TEDO_ITEM");
+    c.texto("TEDO_NOMBRE", 255);
+    c.blob("TEDO_ARCHIVO");
+}
+
 void campos_articulos(ConjuntoDatos& c) {
     c.texto("ARTI_COD", 15).banderas(kLlave).etiqueta("Código");
     c.texto("ARTI_DES", 60).etiqueta("Descripción");

@@ -11,6 +11,7 @@ void campos_centros(ConjuntoDatos& c);           ///< TCentros
 void campos_agencias(ConjuntoDatos& c);          ///< TSubEmpresa
 /// TConceptoconta. Las listas de los comprobantes dan seis caracteres al código.
 void campos_categorias(ConjuntoDatos& c, int largo_codigo = 4);
-void campos_ciudades(ConjuntoDatos& c);  ///< TCiudades
-void campos_paises(ConjuntoDatos& c);    ///< TPaises
-void campos_articulos(ConjuntoDatos& c); ///< QArticulos: código y descripción
+void campos_ciudades(ConjuntoDatos& c);           ///< TCiudades
+void campos_paises(ConjuntoDatos& c);             ///< TPaises
+void campos_documentos_tercero(ConjuntoDatos& c); ///< TDocsterc
+void campos_articulos(ConjuntoDatos& c);          ///< QArticulos: código y descripción
