@@ -9,6 +9,7 @@
 #include "catalogues/copiacuentas.h"
 #include "catalogues/terceros.h"
 #include "sesion/apertura.h"
+#include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barraestado.h"
@@ -77,10 +78,7 @@ Tfprincipal::Tfprincipal(const QStringList& argumentos)
     CCompania.texto("COMP_DIR", 140);
     CCompania.texto("COMP_TELS", 140);
     CCompania.texto("COMP_ENCABEZADO", 140);
-    CAgencia.entero("SUCU_ID").requerido();
-    CAgencia.texto("SUCU_NOMBRE", 60);
-    CAgencia.texto("SUCU_DIRECCION", 60);
-    CAgencia.texto("SUCU_TELEFONOS", 60);
+    campos_agencias(CAgencia);
 
     arme_panel_superior();
     arme_panel_inferior();

@@ -1,5 +1,6 @@
 #include "catalogues/forma_tercero.h"
 
+#include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -74,11 +75,8 @@ void FormaTercero::defina_campos() {
     t.texto("TERC_ACTIVIDAD", 4).fijo();
     t.entero("TERC_CONCSH");
 
-    CCiudades->texto("CIUD_COD", 5);
-    CCiudades->texto("CIUD_NOM", 60);
-    CCiudades->bandera("CIUD_ACTIVA");
-    CPaises->texto("PAIS_ID", 3).fijo();
-    CPaises->texto("PAIS_NOM", 60);
+    campos_ciudades(*CCiudades);
+    campos_paises(*CPaises);
     Ctipo_id->texto("TIID_COD", 3);
     Ctipo_id->texto("TIID_NOM", 60);
     Ctipo_id->texto("TIID_CODIGO", 3);

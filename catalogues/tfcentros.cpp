@@ -1,5 +1,6 @@
 #include "catalogues/tfcentros.h"
 
+#include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
@@ -12,18 +13,9 @@ Tfcentros::Tfcentros()
                      fdm().TCentros) {
     PSubemp = new Proveedor(this, "PSubemp", &fdm().TSubEmpresa);
     CSubemp = new ConjuntoDatos(this, "CSubemp", PSubemp);
-    CSubemp->entero("SUCU_ID");
-    CSubemp->texto("SUCU_NOMBRE", 60);
-    CSubemp->texto("SUCU_DIRECCION", 60);
-    CSubemp->texto("SUCU_TELEFONOS", 60);
-
-    maestro_->texto("PROY_COD", 4).requerido().etiqueta("Código");
-    maestro_->texto("PROY_NOM", 60).requerido().etiqueta("Nombre");
-    constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
-    detalle_->texto("PROY_COD", 4).requerido().banderas(kLlave).etiqueta("Proyecto");
-    detalle_->texto("CENT_COD", 4).requerido().banderas(kLlave).etiqueta("Código");
-    detalle_->texto("CENT_NOM", 60).requerido().etiqueta("Nombre");
-    detalle_->entero("SUCU_ID").etiqueta("Agencia").defecto("0");
+    campos_agencias(*CSubemp);
+    campos_proyectos(*maestro_);
+    campos_centros(*detalle_);
     detalle_->busqueda("NomAgen", 60, "SUCU_ID", CSubemp, "SUCU_ID", "SUCU_NOMBRE")
         .etiqueta("Agencia");
 

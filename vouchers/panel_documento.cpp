@@ -45,11 +45,7 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
 }
 
 void PanelDocumento::defina_tipos(ConjuntoDatos& tipos) {
-    tipos.entero("TIDO_COD");
-    tipos.texto("TIDO_NOMCORTO", 8);
-    tipos.texto("TIDO_NOMLARGO", 30);
-    tipos.texto("TIDO_CART", 1);
-    tipos.texto("TIDO_CXP", 1);
+    campos_documentos(tipos);
     tipos.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
 }
 

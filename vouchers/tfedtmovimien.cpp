@@ -6,11 +6,6 @@
 
 #include <QMenu>
 
-namespace {
-constexpr const char* kGrabar = "F2:Grabar";
-constexpr const char* kImprime = "F2:Imprime";
-} // namespace
-
 Tfedtmovimien::Tfedtmovimien()
     : PantallaComprobante("Tfedtmovimien", "Editar comprobantes contables"),
       PMaxitem(this, "PMaxitem", &fdm().QBorrar, poAllowCommandText),
@@ -175,15 +170,20 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
         libre_niif = false;
     }
     if (!libre_2649 && !libre_niif)
-        SBGrabar->setText(kImprime);
+        deje_solo_imprimir();
     // La rejilla NIIF de un comprobante ajeno se queda como estaba.
     if (!fdm().configurado_si("COMPROBANTES",
                               "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS") &&
         CMovimiento.FieldByName("ENCO_TIPOREF").entero() != 0) {
         lineas_2649->rejilla->ReadOnly = true;
-        SBGrabar->setText(kImprime);
+        deje_solo_imprimir();
     }
     memorias.tercero_anterior = CMovimiento.FieldByName("TERC_NIT").texto();
+}
+
+void Tfedtmovimien::deje_solo_imprimir() {
+    solo_imprime_ = true;
+    SBGrabar->setText("F2:Imprime");
 }
 
 void Tfedtmovimien::FormActivate() {
@@ -194,7 +194,7 @@ void Tfedtmovimien::FormActivate() {
 // ---------------------------------------------------------------- grabar e imprimir
 
 void Tfedtmovimien::SBGrabarClick() {
-    if (SBGrabar->text() != kGrabar) {
+    if (solo_imprime_) {
         imprima_comprobante(CMovimiento.FieldByName("ENCO_CONSEC").texto());
         close();
         return;
@@ -270,7 +270,8 @@ void Tfedtmovimien::pegue(Rejilla& rejilla) {
 }
 
 void Tfedtmovimien::muestre_columnas(bool visibles) {
-    for (int columna : {11, 12})
+    // La segunda no existe: la orden falla cuando ya cambió la primera.
+    for (int columna : {int(LineasLibro::kDescontable), LineasLibro::kDescontable + 1})
         lineas_2649->rejilla->columna(columna).Visible = visibles;
 }
 

@@ -12,21 +12,12 @@ Tfmovimien::Tfmovimien()
       CPrefijos(this, "CPrefijos", &PPrefijos), CProyectos(this, "CProyectos", &PProyectos),
       CCentros(this, "CCentros"), CPlantilla(this, "CPlantilla", &PPlantilla),
       CPlantilladet(this, "CPlantilladet"), Cplantilladn(this, "Cplantilladn") {
-    CPrefijos.texto("TICO_COD", 3);
-    CPrefijos.texto("PRCO_PREF", 4);
-    CPrefijos.texto("PRCO_AUTO", 1);
-    CPrefijos.texto("PREF_NUMERO", 6);
-    CPrefijos.texto("PRCO_USUARIO", 10);
-    CPrefijos.texto("PRCO_ACTIVO", 1);
+    campos_prefijos(CPrefijos);
     CPrefijos.CommandText =
         "SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = '' AND PRCO_ACTIVO = 'S'";
     CCentros.anide_en(&CProyectos, &fdm().TCentros);
-    CProyectos.texto("PROY_COD", 4);
-    CProyectos.texto("PROY_NOM", 60);
-    CCentros.texto("PROY_COD", 4);
-    CCentros.texto("CENT_COD", 4);
-    CCentros.texto("CENT_NOM", 60);
-    CCentros.entero("SUCU_ID");
+    campos_proyectos(CProyectos);
+    campos_centros(CCentros);
     CCentros.Filter("SUCU_ID = 0");
     CPlantilladet.anide_en(&CPlantilla, &fdmcnt().TPlantilladetalle);
     Cplantilladn.anide_en(&CPlantilla, &fdmcnt().TPlantilladn);

@@ -96,7 +96,7 @@ private slots:
         oprima(Qt::Key_Up);
         QVERIFY(d.saldos->lineas->Difdeb->text().isEmpty());
         QCOMPARE(d.saldos->lineas->DifCred->text(), QString("0.00"));
-        QCOMPARE(d.rejilla().suma(4), d.rejilla().suma(5));
+        QCOMPARE(d.rejilla().suma(LineasSaldos::kDebito), d.rejilla().suma(LineasSaldos::kCredito));
         QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         oprima(Qt::Key_F2);
         QVERIFY(s.escritorio.abiertas().isEmpty());
@@ -339,7 +339,7 @@ private slots:
         d.rejilla().ejecute_orden(Rejilla::Pegar);
         QCOMPARE(d.celda("CUEN_COD"), QString("110505")); // la primera
         QCOMPARE(d.saldos->CSaldos.RecordCount(), 3);
-        QCOMPARE(d.rejilla().suma(4), d.rejilla().suma(5));
+        QCOMPARE(d.rejilla().suma(LineasSaldos::kDebito), d.rejilla().suma(LineasSaldos::kCredito));
     }
 
     void imprimir_muestra_lo_grabado_y_cierra_perdiendo_lo_demas() {
