@@ -56,10 +56,10 @@ QString pagina_fabricante() {
 Tfprincipal::Tfprincipal(const QStringList& argumentos)
     : AdvPanel1(new PanelDegradado("AdvPanel1")), AdvPanel2(new PanelDegradado("AdvPanel2")),
       ECompania(campo_fijo("ECompania")), EUsuario(campo_fijo("EUsuario")),
-      LabRevision(new QLabel(QStringLiteral("Rev: %1 BD: ").arg(kRevision))), Label3(new QLabel),
-      Image2(new QLabel), barra(new AvisosBarra), mensajes(nullptr),
-      compactador(new Compactador(this)), Action1(new QAction(this)), argumentos_(argumentos),
-      area_(new QMdiArea), escritorio_(new Escritorio(area_)),
+      LabRevision(new QLabel(rotulo_revision())), Label3(new QLabel), Image2(new QLabel),
+      barra(new AvisosBarra), mensajes(nullptr), compactador(new Compactador(this)),
+      Action1(new QAction(this)), argumentos_(argumentos), area_(new QMdiArea),
+      escritorio_(new Escritorio(area_)),
       Pusuario(this, "Pusuario", &fdm().TUsracceso, poAllowCommandText),
       PCompania(this, "PCompania", &fdm().TCompania),
       PAgencia(this, "PAgencia", &fdm().TSubEmpresa), CUsuario(this, "CUsuario", &Pusuario),
@@ -257,10 +257,16 @@ bool Tfprincipal::eventFilter(QObject* objeto, QEvent* evento) {
     return QMainWindow::eventFilter(objeto, evento);
 }
 
+QString Tfprincipal::rotulo_revision() {
+    return QStringLiteral("Rev: %1 BD: ").arg(kRevision);
+}
+
 // ---------------------------------------------------------------- órdenes
 
 void Tfprincipal::ejecute(const Comando& comando) {
     proteja([&] {
+        if (!entre_si_falta())
+            return;
         if (comando.apertura == Apertura::Propia) {
             abra(comando);
             return;
@@ -294,9 +300,7 @@ Encargo Tfprincipal::peticion(const Comando& comando) {
     if (comando.modo == kModoMantenimiento)
         return AbreLista{.modo_mantenimiento = true};
     if (comando.modo == kModoDescuadres)
-        return AbreAuxiliar{.cuenta_auxiliar = fdm().configuracion(
-                                "CONTABILIDAD", "GENERAL",
-                                "CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ")};
+        return AbreAuxiliar{.cuenta_auxiliar = fdm().valor<Llave::CuentaDescuadres>()};
     if (!comando.modo.isEmpty())
         return AbreInforme{comando.modo};
     return {};
@@ -311,5 +315,6 @@ void Tfprincipal::buscar_tercero() {
 }
 
 void Tfprincipal::Action1Execute() {
-    fdm().cargue_configuracion();
+    if (entre_si_falta())
+        fdm().cargue_configuracion();
 }

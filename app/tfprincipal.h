@@ -95,6 +95,9 @@ private:
     void lea_agencia();
     void tome_colores();
     bool entre_usuario();
+    /// Hay sesión, o se logra entrar ahora que el usuario pide algo.
+    bool entre_si_falta();
+    static QString rotulo_revision();
     void abra_iniciales();
     void habilite_submenus();
     void recuerde_preferencias();

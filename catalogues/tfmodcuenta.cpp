@@ -64,12 +64,15 @@ void Tfmodcuenta::muestre_cuenta() {
     if (NomCtaniif)
         CCuentasCUEN_EQNIIFChange();
     // Lo que una cuenta exige a sus líneas no cambia cuando ya las tiene.
-    CBorrar->Open(
-        QStringLiteral("select cuen_cod from %1 where cuen_cod = ").arg(datos(libro_).detalle) +
-        QuotedStr(codigo()));
-    for (CasillaDato* casilla : {CkTerceros, CkRetenciones, CkCentros})
-        casilla->setEnabled(CBorrar->IsEmpty());
+    const bool sin_lineas =
+        CBorrar
+            ->valor_unico(QStringLiteral("select first 1 cuen_cod from %1 where cuen_cod = ")
+                              .arg(datos(libro_).detalle) +
+                          QuotedStr(codigo()))
+            .nulo();
     CBorrar->Close();
+    for (CasillaDato* casilla : {CkTerceros, CkRetenciones, CkCentros})
+        casilla->setEnabled(sin_lineas);
     if (LabAudit)
         LabAudit->setText("Modificado: " +
                           CAudit

@@ -63,7 +63,7 @@ private slots:
         QVERIFY(!proteja([] { throw EdicionAbortada(); }));
         QVERIFY(!proteja([] { throw ErrorDatos("Mal."); }));
         QVERIFY(!proteja([] { throw std::runtime_error("peor"); }));
-        instale_manejador_fallas({});
+        retire_manejador_fallas();
         QCOMPARE(fallas, (QStringList{"Mal.", "peor"}));
     }
 

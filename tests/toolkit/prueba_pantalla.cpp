@@ -77,7 +77,7 @@ struct Principal {
             pantallas().registre(n, [n] { return new Ejemplo(n); });
         pasos.clear();
     }
-    ~Principal() { instale_manejador_fallas({}); }
+    ~Principal() { retire_manejador_fallas(); }
     Ejemplo* abra(const char* nombre) { return static_cast<Ejemplo*>(pantallas().abrir(nombre)); }
 };
 
