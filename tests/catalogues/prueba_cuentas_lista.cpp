@@ -202,6 +202,7 @@ private slots:
             const DatosLibro& d = datos(libro);
             const QString tabla = d.cuentas;
             agregue_linea(s, d.sufijo, "110505");
+            s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '519530'"});
             s.dm.modo_mantenimiento = true;
             auto* lista = s.abra<Tfcuentas>(d.pantalla_cuentas);
             cuentas(lista).Locate("CUEN_COD", {"519530"});
