@@ -302,7 +302,7 @@ void PruebaRegistroComprobantes::el_libro_niif_llevado_a_mano_manda() {
              " values (1, 1, '110505', 1)");
         t.confirme();
     }
-    QCOMPARE(filas_de(base(), kLineasNiif), QString("1|110505|1||"));
+    QCOMPARE(filas_de(base(), kLineasNiif), QString("1|110505|1|0|"));
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
