@@ -176,6 +176,7 @@ private slots:
             const DatosLibro& d = datos(libro);
             const QString tabla = d.cuentas;
             agregue_linea(s, d.sufijo, "110505");
+            s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '519530'"});
             auto* lista = s.abra<Tfcuentas>(d.pantalla_cuentas, AbreLista{true});
             cuentas(lista).Locate("CUEN_COD", {"519530"});
             Interlocutor i;

@@ -188,9 +188,9 @@ private slots:
         const QString pregunta =
             "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) al "
             "plan de cuentas NIIF. Desea continuar?";
-        s.base.ejecute({"delete from cuentas_niif where cuen_cod starting with '1' and "
-                        "char_length(cuen_cod) = 6",
-                        "update cuentas set cuen_eqniif = null where cuen_cod = '110505'"});
+        s.base.ejecute({"update cuentas set cuen_eqniif = null",
+                        "delete from cuentas_niif where cuen_cod starting with '1' and "
+                        "char_length(cuen_cod) = 6"});
         Interlocutor i;
         i.espere("Ya existen cuentas del plan NIIF. Si desea usar opción debería borrarlas "
                  "previamente.");

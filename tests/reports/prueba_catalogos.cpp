@@ -175,6 +175,7 @@ void PruebaCatalogos::el_plan_niif_lleva_su_codigo_por_equivalente() {
     SesionGui s;
     s.base.ejecute({"update cuentas_niif set cuen_nom = 'Efectivo en caja' where cuen_cod = "
                     "'1105'",
+                    "update cuentas set cuen_eqniif = null where cuen_cod = '613505'",
                     "delete from cuentas_niif where cuen_cod = '613505'"});
     auto* f = s.abra<Tfcatacuentas>("Tfcatacuentas");
     f->ckniif->setChecked(true);

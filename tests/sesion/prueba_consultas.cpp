@@ -113,7 +113,8 @@ private slots:
                             "cuen_tipo, cuen_activa) values ('11050505', 'Caja Sur', 'N', 'N', "
                             "'N', 'N', 'S')"});
         // una de un solo libro, para que nadie mire el plan del otro
-        s.base.ejecute({"delete from cuentas_niif where cuen_cod = '519530'"});
+        s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '519530'",
+                        "delete from cuentas_niif where cuen_cod = '519530'"});
         const struct {
             const char *cuenta, *mensaje, *respuesta;
             bool vale;

@@ -257,11 +257,11 @@ private slots:
     void un_comprobante_se_busca_con_su_numero_completo() {
         SesionGui s;
         comprobante(s, 41, "000007");
-        comprobante(s, 42, "1234567");
+        comprobante(s, 42, "A234567"); // siete caracteres: se busca como se escribió
         const struct {
             const char *tipo, *prefijo, *numero, *encontrado;
         } casos[] = {{"CG", "0001", "7", "41"},       {"CG", "0001", "000007", "41"},
-                     {"CG", "0001", "1234567", "42"}, {"CG", "0001", "8", ""},
+                     {"CG", "0001", "A234567", "42"}, {"CG", "0001", "8", ""},
                      {"RC", "0001", "7", ""},         {"CG", "0002", "7", ""},
                      {"C'G", "0001", "7", ""}};
         for (const auto& c : casos) {
