@@ -309,7 +309,7 @@ bool Tfmovimien::ya_habia_quedado_grabado() {
         return false;
     // Un intento que falla se deshace entero: si el id está en la base, lo que se perdió fue la
     // respuesta del servidor y no el comprobante.
-    const QString id = CMovimiento.FieldByName("ENCO_CONSEC").texto();
+    const QString id = QString::number(CMovimiento.FieldByName("ENCO_CONSEC").entero());
     CBorrar.Open("select enco_numero from comprobante_encabezado where enco_consec = " + id);
     if (CBorrar.IsEmpty())
         return false;
