@@ -18,7 +18,6 @@ public:
     Libro libro() const { return libro_; }
 
     // --- eventos
-    void FormActivate() override;
     bool FormClose() override;
     void CkRetencionesClick();
     void CCuentasCUEN_EQNIIFChange();

@@ -18,5 +18,4 @@ private:
 
     Proveedor* PSubemp;
     ConjuntoDatos* CSubemp;
-    bool modo_selector_ = false;
 };
