@@ -1,5 +1,7 @@
 // El orden de la casa: flechas entre pisos, dinero exacto, literales SQL entre comillas seguras,
 // restos, anchos de línea y palabras que el producto no dice.
+#include "app/sql_digitado.h"
+
 #include <QDirIterator>
 #include <QRegularExpression>
 
@@ -98,6 +100,8 @@ private slots:
     void solo_el_piso_de_firebird_conoce_al_cliente();
     void el_dinero_no_pasa_por_punto_flotante();
     void ningun_literal_sql_se_pega_sin_comillas_seguras();
+    void ningun_texto_digitado_llega_crudo_a_una_sentencia();
+    void el_vigia_del_sql_ve_lo_que_debe();
     void no_quedan_restos();
     void los_renglones_caben_en_cien_columnas();
     void el_producto_habla_solo_de_si_mismo();
@@ -162,6 +166,64 @@ void PruebaOrden::ningun_literal_sql_se_pega_sin_comillas_seguras() {
         return abierta.match(r).hasMatch() || cerrada.match(r).hasMatch() ||
                plantilla.match(r).hasMatch();
     }));
+}
+
+void PruebaOrden::ningun_texto_digitado_llega_crudo_a_una_sentencia() {
+    // Los LIKE con lo que alguien digitó salen de un solo sitio, que escapa los comodines.
+    const QStringList puertas{"datos/recordset/condicion.cpp", "datos/recordset/expresion.cpp"};
+    static const QRegularExpression comparacion(
+        "(?i)\\b(like|containing|starting( with)?) *(upper *\\()?'?[%]?\"");
+    SIN_FALTAS(faltas(
+        [&](const Archivo& a) {
+            return producto(a) && a.piso() != "herramientas" && !puertas.contains(a.ruta);
+        },
+        [](const Archivo&, const QString& r) {
+            return comparacion.match(r.section("//", 0, 0)).hasMatch();
+        }));
+    // Un literal que abre comilla y no la cierra espera que le peguen un texto.
+    SIN_FALTAS(faltas(
+        [](const Archivo& a) {
+            return producto(a) && a.piso() != "bench" && a.piso() != "herramientas" &&
+                   !a.ruta.startsWith("toolkit/exportacion/") && !a.ruta.startsWith("datos/");
+        },
+        [](const Archivo&, const QString& r) { return sql_digitado::comilla_sin_pareja(r); }));
+    QStringList crudos;
+    for (const Archivo& a : archivos())
+        if (producto(a) && a.piso() != "herramientas" && a.piso() != "bench")
+            for (const auto& [renglon, que] : sql_digitado::Lector(a.renglones).faltas())
+                crudos << QString("%1:%2: %3").arg(a.ruta).arg(renglon).arg(que);
+    SIN_FALTAS(crudos);
+}
+
+void PruebaOrden::el_vigia_del_sql_ve_lo_que_debe() {
+    const auto ve = [](const char* fuente) {
+        return !sql_digitado::Lector(QString(fuente).split('\n')).faltas().isEmpty();
+    };
+    for (const char* malo :
+         {"void f() { c.Open(\"select * from t where a = \" + E->text()); }",
+          "void f() { const QString t = E->text(); c.Open(\"select * from t where a = \" + t); }",
+          "void f() { const QString t = E->text().trimmed(), u = \"'%\" + t;\n"
+          " sql += \"and nombre like \" + u; }",
+          "void f() { x = QString(\"delete from t where a = %1\").arg(CB->currentText()); }",
+          "void f() { QString s = \"where a = \";\n if (si) s += \" and b = \" + caja->text(); }",
+          "void f() { const QString id = c.FieldByName(\"X\").texto();\n"
+          " e.ExecSQL(\"update t set a = 1 where id = \" + id); }"})
+        QVERIFY2(ve(malo), malo);
+    for (const char* bueno :
+         {"void f() { c.Open(\"select * from t where a = \" + QuotedStr(E->text())); }",
+          "void f() { const QString t = QuotedStr(E->text()); c.Open(\"select * from t where a = "
+          "\" "
+          "+ t); }",
+          "void f() { const QString t = E->text(); if (t == \"x\") c.Open(\"select * from t where "
+          "a = "
+          "\" + QuotedStr(t)); }",
+          "void f() { const QString t = E->text(); }\nvoid g(int t) { c.Open(\"select * from t "
+          "where a "
+          "= \" + t); }",
+          "void f() { muestre_mensaje(\"Falta \" + E->text()); }",
+          "void f() { c.Open(\"select * from t where \" + condicion_contiene(\"a\", E->text())); }",
+          "void f() { c.Open(\"select * from t where a = \" + QString::number(F.entero())); }"})
+        QVERIFY2(!ve(bueno), bueno);
 }
 
 void PruebaOrden::no_quedan_restos() {

@@ -312,6 +312,28 @@ private slots:
         }
     }
 
+    void las_subcuentas_que_no_pueden_cambiar_se_dicen_y_las_demas_cambian() {
+        for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
+            SesionGui s;
+            const QString tabla = datos(libro).cuentas;
+            agregue_linea(s, datos(libro).sufijo, "110505");
+            const QString con_centro = "select list(cuen_cod) from (select cuen_cod from " + tabla +
+                                       " where cuen_centro = 'S' and cuen_cod starting with '11' "
+                                       "order by cuen_cod)";
+            Pantalla* p = modifique(s, "11", libro);
+            casilla(p, "CkCentros").click();
+            Interlocutor i;
+            i.espere("Desea aplicar el cambio a las subcuentas?", "Sí");
+            i.espere("El cambio se aplicó a 4 subcuentas. Estas no cambiaron, porque ya tienen "
+                     "movimiento:\n110505 Caja general");
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(s.dato(con_centro), QString("11,1105,110510,1110,111005"));
+            QCOMPARE(campo(p, "CUEN_COD"), QString("11"));
+            QVERIFY(cuentas(p).State() == Estado::Edicion);
+        }
+    }
+
     void dos_usuarios_sobre_la_misma_cuenta() {
         SesionGui s;
         Pantalla* p = modifique(s, "3105");

@@ -37,7 +37,8 @@ private slots:
     void los_papeles_cruzados_precios_y_cartera_del_tercero() {
         SesionGui s;
         s.base.ejecute(
-            {"update clientes set clie_estado = 'S', clie_rtefte = 3.5 where terc_nit = "
+            {"update clientes set clie_estado = 'I' where terc_nit = '860002964'",
+             "update clientes set clie_estado = 'A', clie_rtefte = 3.5 where terc_nit = "
              "'900123456'",
              "update or insert into empleados (terc_nit, empl_cod, empl_estado) values ("
              "'52345678', 'V1', 'S') matching (terc_nit)",

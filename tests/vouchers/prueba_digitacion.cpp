@@ -413,6 +413,19 @@ private slots:
                  QString("2"));
     }
 
+    void sin_el_derecho_ni_se_pregunta_por_el_provisional() {
+        SesionGui s("AUXILIAR");
+        Digitador d(s);
+        s.niegue(30);
+        ponga_comprobante(s, 0, "000001", "20170115", {"110505:5:0", "310505:0:5"});
+        Interlocutor i;
+        i.espere(kAccesoNegado);
+        QVERIFY(!pantallas().abrir("Tfmovimien"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle where enco_consec = 0"),
+                 QString("2"));
+    }
+
     void pasar_de_pagina_graba_y_trae_la_replica_niif() {
         SesionGui s;
         Digitador d(s);
