@@ -6,6 +6,7 @@
 #include "app/vigiamensajes.h"
 #include "sesion/apertura.h"
 #include "datos/firebird/claves.h"
+#include "datos/firebird/reloj.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -17,7 +18,7 @@
 namespace {
 
 QString hoy() {
-    return QDate::currentDate().toString(QStringLiteral("yyyy/MM/dd"));
+    return reloj().hoy().toString(QStringLiteral("yyyy/MM/dd"));
 }
 
 QString general(const QString& propiedad) {

@@ -1,5 +1,6 @@
 #include "sesion/tfdm.h"
 
+#include "datos/firebird/reloj.h"
 #include "sesion/instalacion.h"
 #include "libro/letras.h"
 #include "sesion/tfdmcnt.h"
@@ -224,16 +225,16 @@ void Tfdm::valide_fecha(Campo& campo) {
     if (fecha <= cierre) {
         muestre_mensaje("La contabilidad esta bloqueada a: " +
                         cierre.toString(QStringLiteral("yyyy/MM/dd")));
-        campo = QDate::currentDate() < cierre ? cierre : QDate::currentDate();
+        campo = std::max(reloj().hoy(), cierre);
         return;
     }
     const int dias = entero(
         configuracion("GENERAL", "GENERAL", "MAXIMO NUMERO DE DIAS PARA DOCUMENTOS FUTUROS"));
-    if (QDate::currentDate().addDays(dias) < fecha) {
+    if (reloj().hoy().addDays(dias) < fecha) {
         muestre_mensaje(
             "La fecha del documento es demasiado lejana. Revise la fecha del mismo y la "
             "fecha del sistema.");
-        campo = QDate::currentDate();
+        campo = reloj().hoy();
     }
 }
 

@@ -5,6 +5,7 @@
 //     SesionGui s("AUXILIAR");           // con las opciones de opciones_auxiliar()
 //     s.escritorio.area()                // aquí se abren las ventanas hijas
 #include "apoyo/base_prueba.h"
+#include "apoyo_gui/interlocutor.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"
 #include "sesion/tfdmcnt.h"
@@ -19,6 +20,7 @@
 struct SesionGui {
     explicit SesionGui(const QString& usuario = QStringLiteral("ADMIN"))
         : escritorio(new QMdiArea(&ventana)) {
+        Guardia::unica();
         qputenv("QUORVEX_DIRECTORIO", base.ruta().toLocal8Bit());
         dm.Quorvex.conectar(base.parametros(usuario));
         dm.ConGeneral.conectar(base.parametros_general(usuario));

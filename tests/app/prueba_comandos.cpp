@@ -79,7 +79,8 @@ private:
 
 void PruebaComandos::la_impresora_configurada_sirve_a_lo_que_se_imprima() {
     s_->entre("ADMIN");
-    fije_impresora({}, "/tmp/impreso.pdf");
+    const QString archivo = s_->carpeta() + "/impreso.pdf";
+    fije_impresora({}, archivo);
     s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
         QMetaObject::invokeMethod(w, "reject"); // desistir no cambia lo escogido
     });
@@ -87,7 +88,7 @@ void PruebaComandos::la_impresora_configurada_sirve_a_lo_que_se_imprima() {
     QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
     QPrinter impresora;
     prepare_impresora(impresora);
-    QCOMPARE(impresora.outputFileName(), QString("/tmp/impreso.pdf"));
+    QCOMPARE(impresora.outputFileName(), archivo);
     s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
         static_cast<QPrintDialog*>(w)->printer()->setPageOrientation(QPageLayout::Landscape);
         QMetaObject::invokeMethod(w, "accept");
@@ -255,9 +256,26 @@ void PruebaComandos::cada_letra_con_alt_oprime_su_boton() {
 
 void PruebaComandos::copiar_las_cuentas_a_niif_pregunta_solo_si_no_hay() {
     s_->entre();
+    const auto copiadas = [this] {
+        return s_->bases.base().consulte("select count(*) from cuentas_niif").entero();
+    };
+    const qint64 habia = copiadas();
+    s_->dialogos.espere("Ya existen cuentas del plan NIIF. Si desea usar opción debería borrarlas "
+                        "previamente.");
     accion("CopiarcuentasaNIIF1")->trigger();
-    QTRY_COMPARE(s_->dialogos.vistos().size(), 1); // ya hay plan NIIF: solo lo dice
-    s_->dialogos.olvide();
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+    QCOMPARE(copiadas(), habia);
+
+    s_->bases.ejecute({"update cuentas set cuen_eqniif = null", "delete from cuentas_niif"});
+    const QString pregunta = "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) al "
+                             "plan de cuentas NIIF. Desea continuar?";
+    s_->dialogos.espere(pregunta, "No");
+    accion("CopiarcuentasaNIIF1")->trigger();
+    QCOMPARE(copiadas(), 0);
+    s_->dialogos.espere(pregunta, "Sí");
+    accion("CopiarcuentasaNIIF1")->trigger();
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+    QCOMPARE(copiadas(), s_->bases.base().consulte("select count(*) from cuentas").entero());
 }
 
 void PruebaComandos::edicion_trabaja_sobre_el_control_con_foco() {

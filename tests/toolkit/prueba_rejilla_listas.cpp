@@ -263,7 +263,7 @@ private slots:
         r.show();
         s.lista.Open();
         QTRY_VERIFY(r.verticalScrollBar()->maximum() > 0);
-        QTest::qWait(20);
+        agote_eventos();
         QVERIFY(s.lista.RecordCount() < 100);
     }
 

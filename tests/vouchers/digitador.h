@@ -32,19 +32,6 @@ struct Digitador {
             pantallas().registre("Tfimprcomproba", [] { return new SinImpresion; });
         s.cnt.dia_actual = "05";
         s.dm.barra(&barra);
-        // Un diálogo que nadie esperaba no puede dejar colgada la prueba.
-        guardia.setInterval(1500);
-        QObject::connect(&guardia, &QTimer::timeout, &guardia, [this] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (modal && modal == visto) {
-                auto* mensaje = qobject_cast<QMessageBox*>(modal);
-                qWarning("diálogo sin respuesta: %s",
-                         qPrintable(mensaje ? mensaje->text() : modal->objectName()));
-                modal->close();
-            }
-            visto = modal;
-        });
-        guardia.start();
     }
     ~Digitador() { s.dm.barra(nullptr); }
 
@@ -97,8 +84,6 @@ struct Digitador {
 
     SesionGui& s;
     AvisosBarra barra;
-    QTimer guardia;
-    QPointer<QWidget> visto;
     Tfmovimien* p = nullptr;
 };
 

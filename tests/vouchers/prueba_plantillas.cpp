@@ -96,21 +96,7 @@ const QString kSalir = "Desea salir de la plantilla y perder los movimientos que
 
 class PruebaPlantillas : public QObject {
     Q_OBJECT
-    QTimer guardia_; ///< una prueba que falla deja preguntas que nadie contesta
-    QPointer<QWidget> visto_;
-
 private slots:
-    void initTestCase() {
-        guardia_.setInterval(1500);
-        connect(&guardia_, &QTimer::timeout, this, [this] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (modal && modal == visto_)
-                modal->close();
-            visto_ = modal;
-        });
-        guardia_.start();
-    }
-
     // ------------------------------------------------------------ crear
 
     void una_plantilla_descuadrada_se_graba_en_los_dos_libros_y_sigue_la_proxima() {
