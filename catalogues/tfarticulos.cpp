@@ -6,9 +6,6 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 
-#include <QCheckBox>
-#include <QLineEdit>
-
 Tfarticulos::Tfarticulos()
     : ListaCatalogo("Tfarticulos", "Artículos", fdmArt().QArticulos, "Articulos") {
     conjunto_->texto("ARTI_COD", 15).banderas(pfInUpdate | pfInWhere | pfInKey);
@@ -30,13 +27,9 @@ void Tfarticulos::FormCreate() {
 }
 
 void Tfarticulos::sbBuscarClick() {
-    const QString columna = busqueda_->columna(), texto = busqueda_->EBuscar->text();
-    QString sql = "select arti_cod, arti_des, arti_unidad from articulo ";
-    if (!texto.isEmpty())
-        sql += "where " + columna +
-               (busqueda_->CkDesorden->isChecked() ? " like '%" + texto + "%' "
-                                                   : " >= " + QuotedStr(texto));
-    consulte(sql + " order by " + columna);
+    CriterioBusqueda criterio;
+    criterio.base = "select arti_cod, arti_des, arti_unidad from articulo ";
+    consulte(sql_busqueda(busqueda_->criterio(criterio)));
 }
 
 void Tfarticulos::SBBorrarClick() {

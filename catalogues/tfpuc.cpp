@@ -83,7 +83,6 @@ void Tfpuc::sbBuscarClick() {
     CriterioBusqueda criterio;
     criterio.base = base_;
     criterio.conector = " and ";
-    criterio.mayusculas = false;
     CPuc->Close();
     CPuc->IndexFieldNames({}); // el orden de un título no sobrevive a otra búsqueda
     CPuc->CommandText = sql_busqueda(busqueda_->criterio(criterio));

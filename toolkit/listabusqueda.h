@@ -13,12 +13,11 @@ class QPushButton;
 struct CriterioBusqueda {
     QString base;           ///< "select * from cuentas "
     QString columna;        ///< columna de la búsqueda y del orden
-    QString texto;          ///< va tal cual, sin doblar comillas
+    QString texto;          ///< como se digitó; se busca sin mayúsculas ni tildes
     bool desorden = false;  ///< en cualquier posición
     QString columna_activo; ///< "cuen_activa"; vacía: la lista no distingue inactivos
     bool inactivos = false; ///< también los inactivos
     QString conector = QStringLiteral(" where "); ///< " and " si la base ya trae su condición
-    bool mayusculas = true;                       ///< compara con upper() a ambos lados
 };
 /// Texto SQL de la búsqueda.
 QString sql_busqueda(const CriterioBusqueda& criterio);

@@ -2,6 +2,20 @@
 
 #include "vouchers/pch.h"
 
+namespace {
+
+/// Qué hacer cuando la búsqueda en todos los tipos lleva más de una condición.
+QString texto_sobrantes(QStringList llenas) {
+    const QString ultima = llenas.takeLast(), otras = llenas.join(", ");
+    return QString("Con todos los tipos la búsqueda admite un solo dato y hay varios: %1 y %2. "
+                   "Escoja un tipo o %3.")
+        .arg(otras, ultima,
+             llenas.size() == 1 ? QString("vacíe %1 o %2").arg(otras, ultima)
+                                : QString("deje lleno solo uno de ellos"));
+}
+
+} // namespace
+
 BusquedaPorTipo::BusquedaPorTipo(const QString& clase, const QString& titulo, Sentencia& sentencia,
                                  const QString& conjunto)
     : Pantalla(clase, titulo), PTipodoc(this, "PTipodoc", &fdm().TTipocomp),
@@ -57,6 +71,11 @@ void BusquedaPorTipo::compone_query() {
 
 void BusquedaPorTipo::busque(const QString& orden) {
     compone_query();
+    if (const QStringList llenas = filtros_->sobrantes(condicion_base_); !llenas.isEmpty()) {
+        conjunto_.Close();
+        muestre_mensaje(texto_sobrantes(llenas));
+        return;
+    }
     conjunto_.Open(fijo_ + condicion_ + orden);
 }
 

@@ -19,12 +19,12 @@ Tfbuscomproba::Tfbuscomproba()
     c.texto("ENCO_FECHA", 8);
     fijo_ = "select * from comprobante_encabezado ";
 
-    construya_filtros({{"TPref", "Prefijo", 4, "prco_pref = '"},
-                       {"TNum", "Número", 8, "enco_numero >= '"},
-                       {"FecIni", "Fecha desde", 8, "enco_fecha >= '"},
-                       {"FecFin", "Fecha hasta", 8, "enco_fecha <= '"},
-                       {"TConc", "Concepto", 60, "enco_concepto like '%", "%' "},
-                       {"TRef", "Referencia", 20, "enco_refer like '%", "%' "}},
+    construya_filtros({{"TPref", "Prefijo", 4, "prco_pref"},
+                       {"TNum", "Número", 8, "enco_numero", FiltroTexto::Desde},
+                       {"FecIni", "Fecha desde", 8, "enco_fecha", FiltroTexto::Desde},
+                       {"FecFin", "Fecha hasta", 8, "enco_fecha", FiltroTexto::Hasta},
+                       {"TConc", "Concepto", 60, "enco_concepto", FiltroTexto::Contiene},
+                       {"TRef", "Referencia", 20, "enco_refer", FiltroTexto::Contiene}},
                       "BitBtn1", true);
     filtros_->al_buscar = [this] { BitBtn1Click(); };
     DBGridEh1 = rejilla("DBGridEh1",

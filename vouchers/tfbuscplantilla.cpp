@@ -19,9 +19,9 @@ Tfbuscplantilla::Tfbuscplantilla()
     c.texto("PLAN_USUARIO", 10);
     fijo_ = "select * from plantilla_encabezado ";
 
-    construya_filtros({{"TPref", "Prefijo", 4, "prco_pref = '"},
-                       {"TConc", "Concepto", 60, "plan_concepto like '%", "%' "},
-                       {"TRef", "Referencia", 8, "plan_refer like '%", "%' "}},
+    construya_filtros({{"TPref", "Prefijo", 4, "prco_pref"},
+                       {"TConc", "Concepto", 60, "plan_concepto", FiltroTexto::Contiene},
+                       {"TRef", "Referencia", 8, "plan_refer", FiltroTexto::Contiene}},
                       "SpeedButton5", false);
     filtros_->al_buscar = [this] { busque(kOrden); };
     DBGridEh1 = rejilla("DBGridEh1",

@@ -27,11 +27,11 @@ Tfcomproterc::Tfcomproterc()
     tercero->layout()->setContentsMargins(0, 0, 0, 0);
     ENom->setAccessibleName("Nombre del tercero");
     ENom->setMaximumWidth(QWIDGETSIZE_MAX);
-    construya_filtros({{"TPref", "Prefijo", 4, "prefijo = '"},
-                       {"TNum", "Número", 8, "numero >= '"},
-                       {"TFecha", "Fecha", 8, "fecha >= '"},
-                       {"TConc", "Concepto", 60, "concepto like '%", "%' "},
-                       {"TRef", "Referencia", 20, "ref like '%", "%' "}},
+    construya_filtros({{"TPref", "Prefijo", 4, "prefijo"},
+                       {"TNum", "Número", 8, "numero", FiltroTexto::Desde},
+                       {"TFecha", "Fecha", 8, "fecha", FiltroTexto::Desde},
+                       {"TConc", "Concepto", 60, "concepto", FiltroTexto::Contiene},
+                       {"TRef", "Referencia", 20, "ref", FiltroTexto::Contiene}},
                       "BitBtn1", false);
     filtros_->al_buscar = [this] { busque("order by tipo, fecha desc"); };
 

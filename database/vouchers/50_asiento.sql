@@ -41,7 +41,10 @@ AS
   DECLARE ERROR integer;
   DECLARE SITIO varchar(80);
   DECLARE NOMBRE varchar(11) = 'cuenta';
+  DECLARE DE_SALDOS char(1);
 BEGIN
+  -- Un proceso que cancela saldos los toma como están: no les exige lo que hoy pide la cuenta.
+  DE_SALDOS = rdb$get_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS');
   IF ('{LIBRO}' = 'NIIF') THEN
     NOMBRE = 'cuenta NIIF';
   FOR
@@ -82,7 +85,7 @@ BEGIN
         SUSPEND;
       END
     END
-    IF (ACTIVA = 'N') THEN
+    IF (ACTIVA = 'N' AND DE_SALDOS IS NULL) THEN
     BEGIN
       CODIGO = 'CUENTA_INACTIVA';
       TEXTO = SITIO || 'La ' || NOMBRE || ' ' || CUENTA || ' está inactiva.';
@@ -90,13 +93,13 @@ BEGIN
     END
 
     CAMPO = 'TERC_NIT';
-    IF (NIT <> '' AND HAY_TERCERO IS NULL) THEN
+    IF (NIT <> '' AND HAY_TERCERO IS NULL AND DE_SALDOS IS NULL) THEN
     BEGIN
       CODIGO = 'TERCERO';
       TEXTO = SITIO || 'Tercero no encontrado.';
       SUSPEND;
     END
-    IF (NIT = '' AND 'S' IN (TERCERO, RETENCION)) THEN
+    IF (NIT = '' AND 'S' IN (TERCERO, RETENCION) AND DE_SALDOS IS NULL) THEN
     BEGIN
       CODIGO = 'FALTA_TERCERO';
       TEXTO = SITIO || 'Debe indicar un NIT para el movimiento.';
@@ -110,7 +113,7 @@ BEGIN
       TEXTO = SITIO || 'Proyecto-Centro no encontrado.';
       SUSPEND;
     END
-    ELSE IF (CENTRO = 'S' AND (PROY = '' OR CENT = '')) THEN
+    ELSE IF (CENTRO = 'S' AND (PROY = '' OR CENT = '') AND DE_SALDOS IS NULL) THEN
     BEGIN
       CODIGO = 'FALTA_CENTRO';
       TEXTO = SITIO || 'Debe indicar un Proyecto-Centro para el movimiento.';
@@ -136,7 +139,7 @@ BEGIN
       SUSPEND;
     END
 
-    IF (RETENCION = 'S' AND BASE = 0) THEN
+    IF (RETENCION = 'S' AND BASE = 0 AND DE_SALDOS IS NULL) THEN
     BEGIN
       CODIGO = 'FALTA_BASE';
       CAMPO = 'CODE_BASE';
@@ -144,7 +147,7 @@ BEGIN
       SUSPEND;
     END
     CAMPO = 'CODE_PORC';
-    IF (RETENCION = 'S' AND PORC = 0) THEN
+    IF (RETENCION = 'S' AND PORC = 0 AND DE_SALDOS IS NULL) THEN
     BEGIN
       CODIGO = 'FALTA_PORCENTAJE';
       TEXTO = SITIO || 'Debe indicar un porcentaje para el movimiento.';

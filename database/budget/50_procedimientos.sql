@@ -1,0 +1,73 @@
+-- Consulta del presupuesto y su comparación con el movimiento del libro 2649.
+
+SET TERM ^ ;
+
+-- Presupuesto de un período por cuenta, con las superiores. MES 1 a 13. El presupuesto es de la
+-- compañía: con PROYECTO y CENTRO se ven solo las cuentas que ese centro movió en el año. La llama
+-- Tfpresupuesto.
+CREATE OR ALTER PROCEDURE CONSULTA_PRESUPUESTO_MES (
+  ANO varchar(4), MES integer, PROYECTO varchar(4), CENTRO varchar(4))
+RETURNS (CUENTA varchar(20), NOMBRE varchar(60), DEBITO numeric(15,2), CREDITO numeric(15,2))
+AS
+BEGIN
+  FOR
+    SELECT P.CUEN_COD, C.CUEN_NOM, P.PRES_DEBITO, P.PRES_CREDITO
+    FROM PRESUPUESTO P
+    JOIN CUENTAS C ON C.CUEN_COD = P.CUEN_COD
+    WHERE P.PRES_ANO = :ANO AND P.PRES_PERIODO = :MES
+      AND (coalesce(:CENTRO, '') = '' OR EXISTS (
+        SELECT 1 FROM VISTA_SALDOS_CENTRO S
+        WHERE S.CUEN_COD STARTING WITH P.CUEN_COD AND S.SALD_ANO = :ANO AND S.PROY_COD = :PROYECTO
+          AND S.CENT_COD = :CENTRO))
+    ORDER BY P.CUEN_COD
+    INTO :CUENTA, :NOMBRE, :DEBITO, :CREDITO
+  DO
+    SUSPEND;
+END^
+
+-- Presupuesto contra movimiento, del mes y acumulado desde enero, de las cuentas DESDE a HASTA con
+-- las subcuentas de HASTA. MES 1 a 13. DIFERENCIA es movimiento neto (débitos menos créditos) menos
+-- presupuesto neto; PORCENTAJE, lo ejecutado de cada cien presupuestados, nulo sin presupuesto. La
+-- llama Tfcompresupuesto.
+CREATE OR ALTER PROCEDURE PRESUPUESTO_MES (
+  MES integer, ANO varchar(4), DESDE varchar(20), HASTA varchar(20))
+RETURNS (CUENTA varchar(20), NOMCUENTA varchar(60), PRDEBITO numeric(15,2), PRCREDITO numeric(15,2),
+  MVDEBITO numeric(15,2), MVCREDITO numeric(15,2), DIFERENCIAM numeric(15,2),
+  PORCENTAJEM numeric(15,2), APDEBITO numeric(15,2), APCREDITO numeric(15,2),
+  AMDEBITO numeric(15,2), AMCREDITO numeric(15,2), DIFERENCIAA numeric(15,2),
+  PORCENTAJEA numeric(15,2))
+AS
+BEGIN
+  FOR
+    SELECT C.CUEN_COD, C.CUEN_NOM,
+      coalesce(sum(iif(T.MES_T = :MES, T.PRD, 0)), 0),
+      coalesce(sum(iif(T.MES_T = :MES, T.PRC, 0)), 0),
+      coalesce(sum(iif(T.MES_T = :MES, T.MVD, 0)), 0),
+      coalesce(sum(iif(T.MES_T = :MES, T.MVC, 0)), 0),
+      coalesce(sum(T.PRD), 0), coalesce(sum(T.PRC), 0), coalesce(sum(T.MVD), 0),
+      coalesce(sum(T.MVC), 0)
+    FROM CUENTAS C
+    JOIN (
+      SELECT CUEN_COD, PRES_PERIODO MES_T, PRES_DEBITO PRD, PRES_CREDITO PRC, 0 MVD, 0 MVC
+      FROM PRESUPUESTO
+      WHERE PRES_ANO = :ANO AND PRES_PERIODO <= :MES AND PRES_AFECTA = 'S'
+      UNION ALL
+      SELECT CUEN_COD, SALD_MES, 0, 0, SALD_DEBITO, SALD_CREDITO FROM VISTA_SALDOS_CUENTA
+      WHERE SALD_ANO = :ANO AND SALD_MES BETWEEN 1 AND :MES) T
+      ON T.CUEN_COD STARTING WITH C.CUEN_COD
+    WHERE C.CUEN_COD >= :DESDE AND (C.CUEN_COD <= :HASTA OR C.CUEN_COD STARTING WITH :HASTA)
+    GROUP BY C.CUEN_COD, C.CUEN_NOM
+    ORDER BY C.CUEN_COD
+    INTO :CUENTA, :NOMCUENTA, :PRDEBITO, :PRCREDITO, :MVDEBITO, :MVCREDITO, :APDEBITO, :APCREDITO,
+      :AMDEBITO, :AMCREDITO
+  DO
+  BEGIN
+    DIFERENCIAM = (MVDEBITO - MVCREDITO) - (PRDEBITO - PRCREDITO);
+    PORCENTAJEM = (MVDEBITO - MVCREDITO) * 100 / nullif(PRDEBITO - PRCREDITO, 0);
+    DIFERENCIAA = (AMDEBITO - AMCREDITO) - (APDEBITO - APCREDITO);
+    PORCENTAJEA = (AMDEBITO - AMCREDITO) * 100 / nullif(APDEBITO - APCREDITO, 0);
+    SUSPEND;
+  END
+END^
+
+SET TERM ; ^

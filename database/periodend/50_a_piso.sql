@@ -1,0 +1,116 @@
+-- El piso de los procesos que hacen un comprobante: arman sus líneas en ASIENTO_LINEA y las
+-- asientan por la misma puerta que los demás, así numeran, respetan los bloqueos, auditan y mueven
+-- los saldos igual. Internas de los procesos de fin de período, de activos y de registros
+-- automáticos.
+
+SET TERM ^ ;
+
+-- Id nuevo de cada proceso. Los piden los formularios al grabar.
+CREATE OR ALTER PROCEDURE CAMBIE_ID_CIERANUAL
+RETURNS (ID integer)
+AS
+BEGIN
+  ID = NEXT VALUE FOR SEC_CIERRE_ANUAL;
+  SUSPEND;
+END^
+
+CREATE OR ALTER PROCEDURE CAMBIE_ID_CIERTERC
+RETURNS (ID integer)
+AS
+BEGIN
+  ID = NEXT VALUE FOR SEC_CIERRE_TERCEROS;
+  SUSPEND;
+END^
+
+CREATE OR ALTER PROCEDURE CAMBIE_ID_AJUSTESINF
+RETURNS (ID integer)
+AS
+BEGIN
+  ID = NEXT VALUE FOR SEC_AJUSTE_INFLACION;
+  SUSPEND;
+END^
+
+-- Nombre de una clave de comprobante como la lee una persona: "CG 0001 000045"; el id si ya no
+-- está.
+CREATE OR ALTER FUNCTION NOMBRE_COMPROBANTE (ID integer)
+RETURNS varchar(30)
+AS
+BEGIN
+  RETURN coalesce((SELECT trim(TICO_COD) || ' ' || PRCO_PREF || ' ' || ENCO_NUMERO
+    FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :ID), 'id ' || :ID);
+END^
+
+-- Usuario a cuyo nombre se hace o se deshace un proceso.
+CREATE OR ALTER FUNCTION USUARIO_ACTUAL
+RETURNS varchar(10)
+AS
+BEGIN
+  RETURN substring(coalesce(rdb$get_context('USER_TRANSACTION', 'USUARIO'),
+    rdb$get_context('USER_SESSION', 'USUARIO'), CURRENT_USER) FROM 1 FOR 10);
+END^
+
+-- Verdadero si el alcance ("C" local, "N" NIIF, "A" ambos) toca el libro.
+CREATE OR ALTER FUNCTION ALCANZA_LIBRO (ALCANCE char(1), LIBRO varchar(4))
+RETURNS boolean
+AS
+BEGIN
+  RETURN ALCANCE = 'A' OR ALCANCE = iif(LIBRO = 'NIIF', 'N', 'C');
+END^
+
+-- Cuenta que la configuración nombra para los cierres (categoría CIERRES). Rehúsa con el nombre de
+-- la propiedad si falta o no está en el plan del libro.
+CREATE OR ALTER FUNCTION CUENTA_DE_CIERRE (LIBRO varchar(4), PROPIEDAD varchar(100))
+RETURNS varchar(20)
+AS
+  DECLARE CUENTA varchar(100);
+BEGIN
+  SELECT trim(CONF_VALOR) FROM CONFIGURACION
+  WHERE CONF_MODULO = 'CONTABILIDAD' AND CONF_CATEGORIA = 'CIERRES'
+    AND CONF_PROPIEDAD = :PROPIEDAD || iif(:LIBRO = 'NIIF', ' NIIF', '')
+  INTO :CUENTA;
+  IF (coalesce(CUENTA, '') = '') THEN
+    EXCEPTION PROCESO_INCOMPLETO 'Falta en la configuración la propiedad "' || PROPIEDAD
+      || iif(LIBRO = 'NIIF', ' NIIF', '') || '" (Contabilidad, Cierres).';
+  IF (NOT EXISTS (SELECT 1 FROM CUENTAS WHERE CUEN_COD = :CUENTA AND :LIBRO <> 'NIIF')
+    AND NOT EXISTS (SELECT 1 FROM CUENTAS_NIIF WHERE CUEN_COD = :CUENTA AND :LIBRO = 'NIIF')) THEN
+    EXCEPTION PROCESO_INCOMPLETO 'La cuenta ' || CUENTA || ' de la propiedad "' || PROPIEDAD
+      || iif(LIBRO = 'NIIF', ' NIIF', '') || '" no está en el plan de cuentas '
+      || iif(LIBRO = 'NIIF', 'NIIF', '2649') || '.';
+  RETURN CUENTA;
+END^
+
+-- Toma los saldos de un libro para leerlos enteros: mientras no termine la transacción nadie
+-- compacta.
+CREATE OR ALTER PROCEDURE RETENGA_SALDOS (LIBRO varchar(4))
+AS
+  DECLARE TOMADO varchar(4);
+BEGIN
+  SELECT SACO_LIBRO FROM SALDOS_CONTROL WHERE SACO_LIBRO = :LIBRO WITH LOCK INTO :TOMADO;
+END^
+
+-- Asienta lo que el proceso armó en la hoja ASIENTO y devuelve el comprobante. QUE nombra el
+-- proceso en la negativa de una hoja vacía; VACIO dice por qué lo está.
+CREATE OR ALTER PROCEDURE ASIENTE_PROCESO (
+  ASIENTO integer, TIPO varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
+  CONCEPTO varchar(60), REFER varchar(8), NIT varchar(20), USUARIO varchar(10), QUE varchar(60),
+  VACIO varchar(120))
+RETURNS (ID integer, NUMERO_FINAL varchar(8))
+AS
+  DECLARE MONTO numeric(15,2);
+  DECLARE NOMBRE varchar(60);
+BEGIN
+  SELECT max(DEBITOS) FROM (SELECT sum(CODE_DEBITO) DEBITOS FROM ASIENTO_LINEA
+    WHERE ASIE_ID = :ASIENTO GROUP BY LIBRO)
+  INTO :MONTO;
+  IF (MONTO IS NULL) THEN
+    EXCEPTION PROCESO_VACIO QUE || ': ' || VACIO || ' No se hizo ningún comprobante.';
+  -- Un saldo se cancela como está, aunque a la cuenta hoy se le exija más.
+  rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', 'S');
+  NOMBRE = (SELECT TERC_NOM FROM TERCEROS WHERE TERC_NIT = :NIT);
+  EXECUTE PROCEDURE ASIENTE_COMPROBANTE(ASIENTO, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO, REFER, 0,
+    0, USUARIO, NIT, NOMBRE, MONTO, 'N', 'N', NULL)
+  RETURNING_VALUES ID, NUMERO_FINAL;
+  rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', NULL);
+END^
+
+SET TERM ; ^

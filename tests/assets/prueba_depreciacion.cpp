@@ -1,0 +1,286 @@
+// La depreciación reparte exactamente el costo menos el rescate, por cualquier método, en los dos
+// libros, con deterioros y bajas de por medio.
+#include "apoyo/base_prueba.h"
+#include "apoyo/comprobantes.h"
+
+#include <QRandomGenerator>
+
+namespace {
+
+QString falla_de(Conexion& base, const QString& orden) {
+    try {
+        base.ejecute(orden);
+    } catch (const ErrorDatos& e) {
+        return e.texto();
+    }
+    return {};
+}
+
+} // namespace
+
+class PruebaDepreciacion : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+
+    void la_suma_de_los_cargos_es_el_costo_menos_el_rescate();
+    void cada_metodo_carga_lo_suyo_cada_mes();
+    void el_gasto_se_reparte_por_los_centros_del_activo();
+    void un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupera();
+    void las_unidades_producidas_mandan_y_no_pueden_ser_cero();
+    void el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene();
+    void lo_que_falta_se_dice_por_el_nombre_del_activo();
+
+private:
+    Conexion& base() { return base_->base(); }
+    void grupo(int id, int metodo) {
+        base().ejecute(QString("insert into activos_grupos (acgr_id, acgr_nom, acgr_tipodep) values"
+                               " (%1, 'Grupo', %2)")
+                           .arg(id)
+                           .arg(metodo));
+    }
+    void activo(const QString& codigo, const char* costo, const char* rescate, int meses,
+                int meses_niif, int grupo, const char* entrada, const char* unidades = "N") {
+        base().ejecute(
+            QString("insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing, acfj_mesdep,"
+                    " acfj_depniif, acfj_dep, acfj_activo, acfj_rescate, acgr_id, acfj_unidades,"
+                    " acfj_ctaconta, acfj_ctadepd, acfj_ctadepc, acfj_ctaniif, acfj_ctaniifd,"
+                    " acfj_ctaniifc, acfj_ctadeterd, acfj_ctadeterc, acfj_vrorig) values ('%1',"
+                    " 'Equipo %1', '%2', %3, %4, 'S', 'S', %5, %6, '%7', '152405', '519530',"
+                    " '159215', '152405', '519530', '159215', '530525', '159220', %8)")
+                .arg(codigo, entrada)
+                .arg(meses)
+                .arg(meses_niif)
+                .arg(rescate)
+                .arg(grupo)
+                .arg(unidades, costo));
+    }
+    void deprecie(const QString& fecha, const QString& alcance = "A") {
+        base().ejecute(orden(fecha, alcance));
+    }
+    static QString orden(const QString& fecha, const QString& alcance) {
+        return "insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, depr_conc,"
+               " depr_niif) values (0, " +
+               QuotedStr(fecha) + ", 'CG', '0001', 'Depreciación', " +
+               (alcance.isEmpty() ? QString("null") : QuotedStr(alcance)) + ')';
+    }
+    static QString mes(int numero) {
+        return QString("%1%2%3")
+            .arg((numero - 1) / 12)
+            .arg((numero - 1) % 12 + 1, 2, 10, QChar('0'))
+            .arg(28);
+    }
+    /// Centavos depreciados de un activo en un libro.
+    qint64 depreciado(const QString& codigo, const QString& libro) {
+        return base()
+            .consulte("select cast(coalesce(sum(dede_valor), 0) * 100 as bigint) from"
+                      " depreciacion_detalle where acfj_cod = " +
+                      QuotedStr(codigo) + " and dede_libro = " + QuotedStr(libro))
+            .entero();
+    }
+    QStringList cargos(const QString& codigo, const QString& libro = "2649") {
+        return filas_de(base(), "select dede_valor from depreciacion_detalle where acfj_cod = " +
+                                    QuotedStr(codigo) + " and dede_libro = " + QuotedStr(libro) +
+                                    " order by dede_id")
+            .split('\n', Qt::SkipEmptyParts);
+    }
+    std::optional<BaseDePrueba> base_;
+};
+
+void PruebaDepreciacion::init() {
+    base_.emplace();
+    for (const char* plan : {"cuentas", "cuentas_niif"})
+        for (const char* cuenta : {"53", "5305", "530525", "5310", "531015", "159220"})
+            base().ejecute(QString("update or insert into %1 (cuen_cod, cuen_nom) values (%2, %2)"
+                                   " matching (cuen_cod)")
+                               .arg(plan, QuotedStr(cuenta)));
+    base().ejecute(
+        "update cuentas set cuen_tipo = 'N', cuen_tercero = 'N' where cuen_cod = '152405'");
+    for (int metodo : {1, 2, 3})
+        grupo(metodo, metodo);
+}
+
+void PruebaDepreciacion::la_suma_de_los_cargos_es_el_costo_menos_el_rescate() {
+    const int semilla = 20240917;
+    QRandomGenerator azar(semilla);
+    struct Uno {
+        qint64 costo, rescate;
+    };
+    QMap<QString, Uno> activos;
+    int ultimo = 0;
+    for (int i = 1; i <= 60; ++i) {
+        const qint64 costo = 1000 + qint64(azar.bounded(900000000));
+        const qint64 rescate = azar.bounded(3) ? 0 : azar.bounded(int(costo / 4));
+        const int vida = 1 + azar.bounded(30), vida_niif = 1 + azar.bounded(30);
+        const int entra = azar.bounded(6), dia = 1 + azar.bounded(28);
+        const QString codigo = QString("A%1").arg(i, 3, 10, QChar('0'));
+        activos[codigo] = {costo, rescate};
+        activo(codigo, qPrintable(QString::number(costo / 100.0, 'f', 2)),
+               qPrintable(QString::number(rescate / 100.0, 'f', 2)), vida, vida_niif,
+               1 + azar.bounded(3), qPrintable(QString("2017-%1-%2").arg(1 + entra).arg(dia)));
+        ultimo = qMax(ultimo, entra + 2 + qMax(vida, vida_niif));
+    }
+    int corridas = 0;
+    for (int m = 2017 * 12 + 1; m <= 2017 * 12 + ultimo; ++m)
+        if (azar.bounded(5)) { // alguno se salta
+            if (falla_de(base(), orden(mes(m), "A")).isEmpty())
+                ++corridas;
+        }
+    falla_de(base(), orden(mes(2017 * 12 + ultimo + 1), "A"));
+    for (auto i = activos.begin(); i != activos.end(); ++i)
+        for (const char* libro : {"2649", "NIIF"})
+            QVERIFY2(depreciado(i.key(), libro) == i->costo - i->rescate,
+                     qPrintable(QString("semilla %1: %2 %3").arg(semilla).arg(i.key(), libro)));
+    QCOMPARE(saldos_distintos(base()), QString());
+    // El libro dice lo mismo que el detalle.
+    for (const char* s : {"", "_niif"})
+        QCOMPARE(base()
+                     .consulte(QString("select sum(code_credito) from comprobante_detalle%1 where"
+                                       " cuen_cod = '159215'")
+                                   .arg(s))
+                     .texto(),
+                 base()
+                     .consulte(QString("select sum(dede_valor) from depreciacion_detalle where"
+                                       " dede_libro = '%1'")
+                                   .arg(*s ? "NIIF" : "2649"))
+                     .texto());
+    // De la última a la primera, deshacerlo todo no deja nada.
+    while (base().consulte("select count(*) from depreciacion").entero() > 0)
+        base().ejecute("delete from depreciacion where depr_id = (select max(depr_id) from"
+                       " depreciacion)");
+    QCOMPARE(base().consulte("select count(*) from comprobante_encabezado").entero(), 0);
+    QCOMPARE(base().consulte("select count(*) from depreciacion_detalle").entero(), 0);
+    QVERIFY(corridas > 10);
+}
+
+void PruebaDepreciacion::cada_metodo_carga_lo_suyo_cada_mes() {
+    // Trabajado a mano: 1.000 menos 100 de rescate en 4 meses.
+    activo("RECTA", "1000", "100", 4, 2, 1, "2017-01-15");
+    activo("DOBLE", "1000", "100", 4, 4, 2, "2017-01-16"); // entra tarde: empieza en febrero
+    activo("DIGITOS", "1000", "100", 4, 4, 3, "2017-01-01");
+    for (int m = 1; m <= 5; ++m)
+        deprecie(mes(2017 * 12 + m));
+    QCOMPARE(cargos("RECTA"), (QStringList{"225", "225", "225", "225"}));
+    QCOMPARE(cargos("RECTA", "NIIF"), (QStringList{"450", "450"}));
+    QCOMPARE(cargos("DOBLE"), (QStringList{"500", "250", "125", "25"}));
+    QCOMPARE(cargos("DIGITOS"), (QStringList{"360", "270", "180", "90"}));
+    QCOMPARE(base().consulte("select valor from activo_valor('RECTA', '20170228', 'N')").texto(),
+             QString("550"));
+    QCOMPARE(base().consulte("select valor from activo_valor('RECTA', '20170228', 'S')").texto(),
+             QString("100"));
+}
+
+void PruebaDepreciacion::el_gasto_se_reparte_por_los_centros_del_activo() {
+    activo("TORNO", "100", "0", 1, 1, 1, "2017-01-01");
+    for (const auto& [item, centro] : {std::pair(1, "0001"), {2, "0002"}})
+        base().ejecute(
+            QString("insert into activos_centros values ('TORNO', %1, '0001', '%2', 33.3333)")
+                .arg(item)
+                .arg(centro));
+    base().ejecute("insert into activos_centros values ('TORNO', 3, '0002', '0001', 33.3333)");
+    deprecie("20170131", "C");
+    QCOMPARE(filas_de(base(),
+                      "select proy_cod, cent_cod, code_debito from comprobante_detalle where"
+                      " cuen_cod = '519530' order by code_item"),
+             QString("0001|0001|33.33\n0001|0002|33.33\n0002|0001|33.34"));
+    QCOMPARE(base().consulte("select count(*) from comprobante_detalle_niif").entero(), 0);
+}
+
+void PruebaDepreciacion::un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupera() {
+    activo("MESA", "1200", "0", 12, 12, 1, "2017-01-01");
+    deprecie("20170131", "C");
+    QVERIFY(falla_de(base(), orden("20170115", "A")).contains("ya se depreció"));
+    deprecie("20170131", "N");
+    deprecie("20170430");
+    QCOMPARE(cargos("MESA"), (QStringList{"100", "300"}));
+    QVERIFY(falla_de(base(),
+                     "delete from depreciacion where depr_fecha = '20170131' and depr_niif ="
+                     " 'C'")
+                .contains("proceso posterior"));
+    // Un mes bloqueado se niega diciendo el bloqueo, y no queda nada.
+    base().ejecute("update configuracion set conf_valor = '20170531' where conf_propiedad ="
+                   " 'FECHA DE BLOQUEO'");
+    QVERIFY(falla_de(base(), orden("20170531", "C")).contains("bloqueada a: 2017/05/31"));
+    QCOMPARE(base().consulte("select count(*) from depreciacion").entero(), 3);
+}
+
+void PruebaDepreciacion::las_unidades_producidas_mandan_y_no_pueden_ser_cero() {
+    activo("PRENSA", "1000", "0", 300, 300, 1, "2017-01-01", "S");
+    QCOMPARE(
+        filas_de(base(), "select activo, unirest from ultima_depreciacion_unidades('20170131')"),
+        QString("PRENSA|300"));
+    const auto corra = [this](const QString& fecha, int unidades) {
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        base().prepare(orden(fecha, "A"), t)->ejecute(t, {});
+        base()
+            .prepare("insert into depreciacion_unidades values (0, 1, 'PRENSA', " +
+                         QString::number(unidades) + ')',
+                     t)
+            ->ejecute(t, {});
+        t.confirme();
+    };
+    corra("20170131", 100);
+    QVERIFY_EXCEPTION_THROWN(corra("20170228", 0), ErrorDatos);
+    corra("20170331", 50);
+    corra("20170430", 400); // más de lo que restaba: se carga lo que falta
+    QCOMPARE(cargos("PRENSA"), (QStringList{"333.33", "166.67", "500"}));
+    QCOMPARE(filas_de(base(), "select activo from ultima_depreciacion_unidades('20170531')"),
+             QString());
+}
+
+void PruebaDepreciacion::el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene() {
+    activo("CAMION", "1000", "0", 10, 10, 1, "2017-01-01");
+    for (int m = 1; m <= 4; ++m)
+        deprecie(mes(2017 * 12 + m));
+    base().ejecute(
+        "insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_valor, acfv_vrrecup,"
+        " acfv_difer, tico_cod, prco_pref, acfv_conc) values ('CAMION', '20170430', 600,"
+        " 300, -300, 'CG', '0001', 'Deterioro')");
+    QCOMPARE(filas_de(base(),
+                      "select cuen_cod, code_debito, code_credito from"
+                      " comprobante_detalle_niif where enco_consec = (select acfv_idcomp from"
+                      " activos_fijos_valor) order by code_item"),
+             QString("530525|300|0\n159220|0|300"));
+    deprecie("20170531");
+    QCOMPARE(cargos("CAMION").last(), QString("100"));
+    QCOMPARE(cargos("CAMION", "NIIF").last(), QString("50")); // 300 en los 6 meses que quedaban
+    base().ejecute("update activos_fijos set acfj_activo = 'N' where acfj_cod = 'CAMION'");
+    base().ejecute(orden("20170630", ""));
+    const QString id = base().consulte("select max(enco_consec) from depreciacion").texto();
+    QCOMPARE(filas_de(base(), "select cuen_cod, code_debito, code_credito from comprobante_detalle"
+                              " where enco_consec = " +
+                                  id + " order by code_item"),
+             QString("152405|0|1000\n159215|500|0\n531015|500|0"));
+    QCOMPARE(filas_de(base(), "select cuen_cod, code_debito, code_credito from"
+                              " comprobante_detalle_niif where enco_consec = " +
+                                  id + " order by code_item"),
+             QString("152405|0|1000\n159215|450|0\n159220|300|0\n531015|250|0"));
+    for (const char* niif : {"N", "S"})
+        QCOMPARE(
+            base()
+                .consulte(
+                    QString("select valor from activo_valor('CAMION', '20170630', '%1')").arg(niif))
+                .texto(),
+            QString("0"));
+    QVERIFY(falla_de(base(), orden("20170731", "A")).contains("ningún activo tiene cargo"));
+    QVERIFY(falla_de(base(), orden("20170731", "")).contains("no hay activos fuera de uso"));
+    QCOMPARE(base().consulte("select count(*) from comprobantes_activo('CAMION')").entero(), 13);
+    QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaDepreciacion::lo_que_falta_se_dice_por_el_nombre_del_activo() {
+    activo("SINCTA", "1200", "0", 12, 12, 1, "2017-01-01");
+    base().ejecute("update activos_fijos set acfj_ctaniifc = null, acfj_ctadeterc = ''");
+    QVERIFY(
+        falla_de(base(), orden("20170131", "A")).contains("activo SINCTA le faltan las cuentas"));
+    QCOMPARE(base().consulte("select count(*) from depreciacion").entero(), 0);
+    deprecie("20170131", "C");
+    QVERIFY(falla_de(base(),
+                     "insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer,"
+                     " tico_cod, prco_pref) values ('SINCTA', '20170430', -3, 'CG', '0001')")
+                .contains("cuentas de deterioro"));
+    QVERIFY(!falla_de(base(), "delete from activos_fijos").isEmpty());
+}
+
+QTEST_APPLESS_MAIN(PruebaDepreciacion)
+#include "prueba_depreciacion.moc"

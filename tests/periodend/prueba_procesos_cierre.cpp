@@ -1,0 +1,350 @@
+// Cada proceso hace el comprobante que un contador haría a mano con las líneas a la vista, en los
+// libros de su alcance, y borrarlo lo deja todo como estaba.
+#include "apoyo/base_prueba.h"
+#include "apoyo/comprobantes.h"
+#include "ledger/libro_al_azar.h"
+
+namespace {
+
+/// Cuenta, tercero, proyecto, centro y artículo de un saldo.
+using Clave = std::tuple<QString, QString, QString, QString>;
+
+QMap<Clave, Moneda> netos(Conexion& base, int libro,
+                          const std::function<bool(const Renglon&)>& va) {
+    QMap<Clave, Moneda> suma;
+    for (const Renglon& r : renglones(base, libro, true))
+        if (va(r))
+            suma[{r.cuenta, r.nit, r.proyecto, r.centro}] += r.neto();
+    suma.removeIf([](const auto& i) { return i.value() == Moneda(); });
+    return suma;
+}
+
+QMap<Clave, Moneda> lineas_de(Conexion& base, int libro, const QString& id) {
+    QMap<Clave, Moneda> suma;
+    for (const Renglon& r : renglones(base, libro, false))
+        if (QString::number(r.id) == id)
+            suma[{r.cuenta, r.nit, r.proyecto, r.centro}] += r.neto();
+    return suma;
+}
+
+bool de_resultados(const QString& cuenta) {
+    return cuenta >= "4" && cuenta < "8";
+}
+
+/// Todo lo que un proceso podría cambiar, como texto.
+QString foto(Conexion& base) {
+    QString todo;
+    for (const char* s : {"", "_niif"})
+        todo += filas_de(base, QString("select cuen_cod, terc_nit, proy_cod, cent_cod, sald_ano,"
+                                       " sald_mes, sum(sald_debito), sum(sald_credito)"
+                                       " from vista_saldos_detalle%1 group by 1, 2, 3, 4, 5, 6"
+                                       " having sum(sald_debito) <> 0 or sum(sald_credito) <> 0"
+                                       " order by 1, 2, 3, 4, 5, 6")
+                                   .arg(s));
+    return todo + filas_de(base, "select enco_consec, enco_numero from comprobante_encabezado"
+                                 " order by 1");
+}
+
+QString falla_de(Conexion& base, const QString& orden) {
+    try {
+        base.ejecute(orden);
+    } catch (const ErrorDatos& e) {
+        return e.texto();
+    }
+    return {};
+}
+
+} // namespace
+
+class PruebaProcesosCierre : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+
+    void el_cierre_anual_deja_en_cero_los_resultados_de_su_alcance_data();
+    void el_cierre_anual_deja_en_cero_los_resultados_de_su_alcance();
+    void el_cierre_no_se_repite_ni_se_salta_ni_se_edita();
+    void el_cierre_de_terceros_pasa_los_saldos_al_tercero();
+    void el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del_comienzo();
+    void un_registro_automatico_calcula_cada_base();
+    void la_diferencia_en_cambio_lleva_los_documentos_a_la_tasa();
+
+private:
+    Conexion& base() { return base_->base(); }
+    QString cierre_anual(const QString& fecha, const QString& alcance) {
+        return "insert into cierre_anual (cian_id, cian_concepto, terc_nit, tico_cod, prco_pref,"
+               " cian_fecha, cian_niif) values (0, 'Cierre', '860002964', 'CG', '0001', " +
+               QuotedStr(fecha) + ',' + QuotedStr(alcance) + ')';
+    }
+    std::optional<BaseDePrueba> base_;
+};
+
+void PruebaProcesosCierre::init() {
+    base_.emplace();
+    arme_libro_al_azar(base());
+    base().consulte("select gen_id(sec_comprobante, 2000) from rdb$database");
+    base().ejecute("update prefijos_conta set pref_numero = '000500'");
+    for (const char* plan : {"cuentas", "cuentas_niif"})
+        for (const char* cuenta :
+             {"3610", "361005", "42", "4210", "421020", "53", "5305", "530525"})
+            base().ejecute(QString("update or insert into %1 (cuen_cod, cuen_nom) values (%2, %2)"
+                                   " matching (cuen_cod)")
+                               .arg(plan, QuotedStr(cuenta)));
+}
+
+void PruebaProcesosCierre::el_cierre_anual_deja_en_cero_los_resultados_de_su_alcance_data() {
+    QTest::addColumn<QString>("alcance");
+    for (const char* a : {"C", "N", "A"})
+        QTest::newRow(a) << a;
+}
+
+void PruebaProcesosCierre::el_cierre_anual_deja_en_cero_los_resultados_de_su_alcance() {
+    QFETCH(QString, alcance);
+    const QString antes = foto(base());
+    const auto hasta_2017 = [](const Renglon& r) {
+        return de_resultados(r.cuenta) && r.fecha.left(4) <= "2017";
+    };
+    const QMap<Clave, Moneda> esperado[] = {netos(base(), 0, hasta_2017),
+                                            netos(base(), 1, hasta_2017)};
+    base().ejecute(cierre_anual("20171231", alcance));
+    const QString id = base().consulte("select enco_consec from cierre_anual").texto();
+    QCOMPARE(
+        base()
+            .consulte("select enco_fecha from comprobante_encabezado where enco_consec = " + id)
+            .texto(),
+        QString("20171431"));
+    for (int libro : {0, 1}) {
+        auto hecho = lineas_de(base(), libro, id);
+        if (alcance != "A" && alcance != (libro ? "N" : "C")) {
+            QVERIFY(hecho.isEmpty());
+            continue;
+        }
+        Moneda resultado;
+        for (auto i = esperado[libro].begin(); i != esperado[libro].end(); ++i) {
+            QCOMPARE(hecho.take(i.key()), Moneda() - i.value());
+            resultado += i.value();
+        }
+        // Lo que queda es una sola línea, la del resultado.
+        QCOMPARE(hecho.size(), 1);
+        QCOMPARE(std::get<0>(hecho.firstKey()),
+                 QString(resultado < Moneda() ? "360505" : "361005"));
+        QCOMPARE(hecho.first(), resultado);
+        QVERIFY(netos(base(), libro, hasta_2017).isEmpty());
+    }
+    QCOMPARE(saldos_distintos(base()), QString());
+    base().ejecute("delete from cierre_anual");
+    QCOMPARE(foto(base()), antes);
+    QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaProcesosCierre::el_cierre_no_se_repite_ni_se_salta_ni_se_edita() {
+    base().ejecute(cierre_anual("20171231", "C"));
+    const QString hecho = foto(base());
+    QVERIFY(
+        falla_de(base(), cierre_anual("20171331", "A")).contains("El año 2017 ya tiene cierre"));
+    QVERIFY(falla_de(base(), cierre_anual("20180630", "A")).contains("se hace en diciembre"));
+    QVERIFY(falla_de(base(), cierre_anual("20161231", "C")).contains("posterior a 2016"));
+    QVERIFY(falla_de(base(), "update cierre_anual set cian_concepto = 'Otro'")
+                .contains("no se modifica"));
+    // Un comprobante hecho por un proceso solo sale con él.
+    QVERIFY(!falla_de(base(), "delete from comprobante_encabezado where enco_consec ="
+                              " (select enco_consec from cierre_anual)")
+                 .isEmpty());
+    // Un comprobante tardío no deja cerrar otra vez hasta deshacer el cierre; rehecho, lo toma.
+    grabe(base(), {900,
+                   "000900",
+                   "20171105",
+                   {{1, "110505", Moneda(1000), Moneda()},
+                    {2, "413505", Moneda(), Moneda(1000), "", "0002", "0001"}}});
+    QVERIFY(falla_de(base(), cierre_anual("20171231", "C")).contains("ya tiene cierre"));
+    base().ejecute("delete from cierre_anual");
+    base().ejecute(cierre_anual("20171231", "C"));
+    QVERIFY(netos(base(), 0, [](const Renglon& r) {
+                return de_resultados(r.cuenta) && r.fecha.left(4) <= "2017";
+            }).isEmpty());
+    QVERIFY(foto(base()) != hecho);
+    // El año siguiente abre limpio y, sin más movimiento que cancelar, dice por qué no hace nada.
+    base().ejecute("delete from comprobante_detalle_niif where substring(code_fecha from 1 for 4)"
+                   " = '2017' and cuen_cod between '4' and '8'");
+    base().ejecute("delete from saldos_iniciales_niif");
+    QVERIFY(falla_de(base(), cierre_anual("20171231", "N")).contains("no tienen saldo"));
+    QCOMPARE(base().consulte("select count(*) from cierre_anual").entero(), 1);
+}
+
+void PruebaProcesosCierre::el_cierre_de_terceros_pasa_los_saldos_al_tercero() {
+    const QString antes = foto(base());
+    const auto hasta = [](const Renglon& r) {
+        return r.cuenta.startsWith("22") && r.fecha.left(6) <= "201706";
+    };
+    const auto saldos = netos(base(), 0, hasta);
+    base().ejecute("insert into cierre_terceros (cite_id, cite_concepto, tico_cod, prco_pref,"
+                   " terc_nit, cite_fecha, cite_niif, cuen_cod)"
+                   " values (0, 'Cierre', 'CG', '0001', '860002964', '20170630', 'C', '22')");
+    const QString id = base().consulte("select enco_consec from cierre_terceros").texto();
+    QMap<Clave, Moneda> esperado;
+    for (auto i = saldos.begin(); i != saldos.end(); ++i) {
+        const auto& [cuenta, nit, proyecto, centro] = i.key();
+        if (nit.isEmpty() || nit == "860002964")
+            continue;
+        esperado[i.key()] += Moneda() - i.value();
+        esperado[{cuenta, "860002964", proyecto, centro}] += i.value();
+    }
+    esperado.removeIf([](const auto& i) { return i.value() == Moneda(); });
+    QVERIFY(!esperado.isEmpty());
+    QCOMPARE(lineas_de(base(), 0, id), esperado);
+    QVERIFY(lineas_de(base(), 1, id).isEmpty());
+    const auto despues = netos(base(), 0, hasta);
+    for (auto i = despues.begin(); i != despues.end(); ++i)
+        QVERIFY(std::get<1>(i.key()).isEmpty() || std::get<1>(i.key()) == "860002964");
+    QVERIFY(falla_de(base(), "insert into cierre_terceros (cite_id, tico_cod, prco_pref, terc_nit,"
+                             " cite_fecha, cuen_cod) values (0, 'CG', '0001', '860002964',"
+                             " '20170630', '22')")
+                .contains("ningún tercero distinto"));
+    base().ejecute("delete from cierre_terceros");
+    QCOMPARE(foto(base()), antes);
+}
+
+void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del_comienzo() {
+    base().ejecute("update cuentas set cuen_ctajuste = '143505', cuen_ctacorrecion = '421020',"
+                   " cuen_ajusdb = 'S' where cuen_cod = '143505'");
+    base().ejecute("update cuentas set cuen_ctajuste = '310505', cuen_ctacorrecion = '421020',"
+                   " cuen_ajusdb = 'N' where cuen_cod = '220505'");
+    const QString antes = foto(base());
+    const auto inicio = [](const Renglon& r) {
+        return (r.cuenta == "143505" || r.cuenta == "220505") && r.fecha.left(6) < "201803";
+    };
+    const auto saldos = netos(base(), 0, inicio);
+    const QString orden =
+        "insert into ajustes_inflacion (ajus_id, tico_cod, prco_pref, ajus_conc,"
+        " ajus_fecha, ajus_paag) values (0, 'CG', '0001', 'PAAG', '20180331', 1.25)";
+    base().ejecute(orden);
+    const QString id = base().consulte("select enco_consec from ajustes_inflacion").texto();
+    QMap<Clave, Moneda> esperado;
+    for (auto i = saldos.begin(); i != saldos.end(); ++i) {
+        const auto& [cuenta, nit, proyecto, centro] = i.key();
+        // 1,25 % en centavos, la mitad hacia arriba.
+        const qint64 centavos = qAbs(i.value().unidades() / 100);
+        const Moneda ajuste = Moneda::de_unidades((centavos * 125 + 5000) / 10000 * 100);
+        const bool debita = cuenta == "143505";
+        esperado[{debita ? "143505" : "310505", nit, proyecto, centro}] +=
+            debita ? ajuste : Moneda() - ajuste;
+        esperado[{"421020", "", proyecto, centro}] += debita ? Moneda() - ajuste : ajuste;
+    }
+    esperado.removeIf([](const auto& i) { return i.value() == Moneda(); });
+    QCOMPARE(lineas_de(base(), 0, id), esperado);
+    QVERIFY(falla_de(base(), orden).contains("ya tiene ajuste por inflación"));
+    base().ejecute("delete from ajustes_inflacion");
+    QCOMPARE(foto(base()), antes);
+}
+
+void PruebaProcesosCierre::un_registro_automatico_calcula_cada_base() {
+    const auto suma = [this](const std::function<bool(const Renglon&)>& va) {
+        Moneda s;
+        for (const Renglon& r : renglones(base(), 0, true))
+            if (va(r))
+                s += r.neto();
+        return s.unidades() / 100;
+    };
+    base().ejecute("insert into conceptos (conc_cod, conc_nom, conc_debito, conc_ctacierre)"
+                   " values ('PROV', 'Provisión', 'N', '220505')");
+    base().ejecute(
+        "insert into conceptos (conc_cod, conc_nom, conc_vence, conc_anoini, conc_mesini,"
+        " conc_anofin, conc_mesfin, conc_ctacierre) values ('VIEJ', 'Vencido', 'S', '2017',"
+        " 0, '2017', 11, '111005')");
+    int item = 0;
+    for (const char* b : {"INI", "DEB", "CRE", "NET", "FIN"})
+        base().ejecute(
+            QString("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod,"
+                    " cocu_cuentabase, cocu_base, cocu_porc, cocu_debito) values ('PROV',"
+                    " %1, '111005', '1105', '%2', %3, 'S')")
+                .arg(++item)
+                .arg(b)
+                .arg(item));
+    base().ejecute("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, cocu_monto,"
+                   " cocu_debito) values ('VIEJ', 1, '110505', 500, 'S')");
+    base().ejecute("insert into registro_automatico values ('R1', 'Receta', 'CG', '0001')");
+    base().ejecute("insert into registro_conceptos values ('R1', 1, 'PROV')");
+    base().ejecute("insert into registro_conceptos values ('R1', 2, 'VIEJ')");
+    const auto caja = [](const Renglon& r) { return r.cuenta.startsWith("1105"); };
+    const qint64 ini =
+        suma([&](const Renglon& r) { return caja(r) && r.fecha.left(6) < "201805"; });
+    qint64 deb = 0, cre = 0;
+    for (const Renglon& r : renglones(base(), 0, false))
+        if (caja(r) && r.fecha.left(6) == "201805") {
+            deb += r.debito.unidades() / 100;
+            cre += r.credito.unidades() / 100;
+        }
+    const qint64 bases[] = {qAbs(ini), deb, cre, qAbs(deb - cre), qAbs(ini + deb - cre)};
+    const auto corra = [this](const QString& porcentaje) {
+        return base()
+            .ejecute_con_salida("execute procedure registre_regiauto('R1', '2018', 5, 31, '', " +
+                                porcentaje + ", 'Mayo', 'R')")
+            .first()
+            .texto();
+    };
+    for (const bool fijo : {false, true}) {
+        const QString id = corra(fijo ? "10" : "0");
+        qint64 total = 0;
+        QStringList esperado;
+        for (int i = 0; i < 5; ++i) {
+            const qint64 importe = (bases[i] * (fijo ? 10 : i + 1) + 50) / 100;
+            total += importe;
+            if (importe)
+                esperado << QString::number(importe);
+        }
+        esperado << QString::number(-total);
+        QCOMPARE(filas_de(base(), "select cast((code_debito - code_credito) * 100 as bigint) from"
+                                  " comprobante_detalle where enco_consec = " +
+                                      id + " order by code_item")
+                     .split('\n'),
+                 esperado);
+    }
+    // Sin nada que calcular no se escribe nada ni se gasta un número.
+    base().ejecute("delete from registro_conceptos where conc_cod = 'PROV'");
+    QCOMPARE(corra("0"), QString());
+}
+
+void PruebaProcesosCierre::la_diferencia_en_cambio_lleva_los_documentos_a_la_tasa() {
+    // Factura de 1.000 a 3.000, abono de 400 a 2.900 y otra en pesos que no entra.
+    const auto linea = [this](int id, const char* debito, const char* credito, const char* base_,
+                              const char* abre, const char* aplica) {
+        grabe(base(), {id,
+                       QString("%1").arg(id, 6, 10, QChar('0')),
+                       "20180910",
+                       {{2, "111005", Moneda::de_texto(credito), Moneda::de_texto(debito)}}});
+        base().ejecute(
+            QString("insert into comprobante_detalle (enco_consec, code_item, cuen_cod,"
+                    " terc_nit, code_debito, code_credito, code_base, cnde_docnumero,"
+                    " code_tiponue, cnde_docaplica, code_tipoapl) values (%1, 1, '130505',"
+                    " '900123456', %2, %3, %4, '%5', 31, '%6', 31)")
+                .arg(id)
+                .arg(debito, credito, base_, abre, aplica));
+    };
+    base().ejecute("delete from comprobante_detalle where cuen_cod = '130505'");
+    linea(901, "3000000", "0", "1000", "F1", "");
+    linea(902, "0", "1160000", "400", "", "F1");
+    linea(903, "500000", "0", "0", "F2", "");
+    const QString llamada = "select nit, numero, diferencia from causa_diferencia_cambio("
+                            "'2018/12/31', 'CG', '0001', '', %1, '1305')";
+    const auto corra = [&](const char* tasa) {
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        Cursor c(base().prepare(llamada.arg(tasa), t), t, {});
+        QStringList filas;
+        while (c.siguiente())
+            filas << c.valor(0).texto() + '|' + c.valor(1).texto() + '|' + c.valor(2).texto();
+        c.cierre();
+        t.confirme();
+        return filas.join('\n');
+    };
+    // 600 a 3.100 son 1.860.000; los libros llevan 1.840.000.
+    QCOMPARE(corra("3100"), QString("900123456|F1|20000"));
+    QVERIFY_EXCEPTION_THROWN(corra("3100"), ErrorDatos); // ya está en esa tasa
+    QCOMPARE(corra("3000"), QString("900123456|F1|-60000"));
+    QCOMPARE(filas_de(base(), "select cuen_cod, sum(code_debito - code_credito) from"
+                              " comprobante_detalle where cuen_cod in ('421020', '530525')"
+                              " group by 1 order by 1"),
+             QString("421020|-20000\n530525|60000"));
+}
+
+QTEST_APPLESS_MAIN(PruebaProcesosCierre)
+#include "prueba_procesos_cierre.moc"

@@ -1,0 +1,213 @@
+// Los totales de un formato, por concepto y por tercero, son los de las líneas del libro; nada se
+// cuenta dos veces ni se pierde.
+#include "apoyo/base_prueba.h"
+#include "apoyo/comprobantes.h"
+#include "ledger/libro_al_azar.h"
+
+namespace {
+
+qint64 al_peso(Moneda m) {
+    const qint64 u = m.unidades();
+    return (qAbs(u) + 5000) / 10000 * (u < 0 ? -1 : 1);
+}
+
+} // namespace
+
+class PruebaMediosBase : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+
+    void cada_linea_va_a_un_solo_concepto();
+    void una_companera_compartida_sigue_al_comprobante();
+    void las_cuantias_menores_se_juntan_sin_perder_un_peso();
+    void los_saldos_incluyen_los_iniciales();
+    void lo_que_nadie_toma_y_lo_incompleto_se_dice();
+    void todos_los_formatos_sembrados_calculan();
+
+private:
+    Conexion& base() { return base_->base(); }
+    void concepto(int item, int formato, int codigo, const char* natur, const char* minimo = "0") {
+        base().ejecute(QString("insert into configura_mediosmag (come_item, come_descripcion,"
+                               " come_respuesta, come_formato, come_minimo, come_natur) values (%1,"
+                               " 'Concepto %3', '%3', %2, %5, '%4')")
+                           .arg(item)
+                           .arg(formato)
+                           .arg(codigo)
+                           .arg(natur, minimo));
+    }
+    void cuentas(int item, const QStringList& columnas) {
+        base().ejecute("insert into mediosmag_cuentas (mmcu_cons, mmcu_item, mmcu_cuenta,"
+                       " mmcu_ctartf, mmcu_ctaiva) values (" +
+                       QString::number(++cons_) + ',' + QString::number(item) + ",'" +
+                       columnas.join("','") + "')");
+    }
+    QStringList filas(int formato, const char* columnas) {
+        return filas_de(base(),
+                        QString("select %1 from medios_magneticos_datos where memg_formato ="
+                                " %2 order by memg_item")
+                            .arg(columnas)
+                            .arg(formato))
+            .split('\n', Qt::SkipEmptyParts);
+    }
+    std::optional<BaseDePrueba> base_;
+    int cons_ = 90000;
+};
+
+void PruebaMediosBase::init() {
+    base_.emplace();
+    arme_libro_al_azar(base());
+    base().ejecute("delete from configura_mediosmag");
+}
+
+void PruebaMediosBase::cada_linea_va_a_un_solo_concepto() {
+    concepto(1, 10019, 5001, "D");
+    concepto(2, 10019, 5016, "D");
+    cuentas(1, {"5105", "", ""});
+    cuentas(2, {"51", "", ""});
+    cuentas(2, {"6135", "", ""}); // el prefijo más largo es el que manda
+    base().ejecute(
+        "update comprobante_detalle set code_descontable = iif(mod(code_item, 2) = 0, 'N',"
+        " 'S')");
+    base().ejecute("update terceros set terc_apellido1 = 'Peña', terc_apellido2 = 'Gómez',"
+                   " terc_nombre1 = 'María' where terc_nit = '52345678'");
+    QMap<QString, QPair<Moneda, Moneda>> esperado;
+    for (const Renglon& r : renglones(base(), 0, false)) {
+        if (r.fecha.left(4) != "2018" || r.fecha > "20181231")
+            continue;
+        const int codigo = r.cuenta.startsWith("5105")                                ? 5001
+                           : r.cuenta.startsWith("51") || r.cuenta.startsWith("6135") ? 5016
+                                                                                      : 0;
+        auto& e = esperado[QString("%1|%2").arg(codigo).arg(r.nit)];
+        (r.item % 2 ? e.first : e.second) += r.neto();
+    }
+    base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
+    QStringList texto;
+    for (auto i = esperado.begin(); i != esperado.end(); ++i)
+        if (!i.key().startsWith('0') && (al_peso(i->first) || al_peso(i->second)))
+            texto
+                << QString("%1|%2|%3").arg(i.key()).arg(al_peso(i->first)).arg(al_peso(i->second));
+    QCOMPARE(filas(10019, "memg_concepto, memg_nit, memg_pago, memg_pagond"), texto);
+    // La cédula trae su tipo y sus apellidos; el NIT, razón social y dígito.
+    QCOMPARE(filas_de(base(), "select distinct memg_tipodoc, memg_dv, memg_apellido1,"
+                              " memg_razonsocial from medios_magneticos_datos where memg_nit in"
+                              " ('52345678', '900123456') order by 1"),
+             filas_de(base(), "select 13, null, terc_apellido1, null from terceros where terc_nit ="
+                              " '52345678' union all select 31, terc_dv, null, terc_nom from"
+                              " terceros where terc_nit = '900123456'"));
+    // El cuadre contra el libro no pasa del redondeo.
+    QCOMPARE(
+        base()
+            .consulte("select count(*) from cuadre_medio(10019, '2018', '20180101', '20181231')"
+                      " where concepto is not null and abs(diferencia) > 5")
+            .entero(),
+        0);
+}
+
+void PruebaMediosBase::una_companera_compartida_sigue_al_comprobante() {
+    base().ejecute("delete from comprobante_detalle");
+    const QString nit = "800456789";
+    // Honorarios con IVA y retención, compra con IVA, un IVA suelto y otro de un tercero que compró
+    // en otro comprobante.
+    grabe(base(), {901,
+                   "000901",
+                   "20180310",
+                   {{1, "510506", 1000, 0, nit},
+                    {2, "240805", 190, 0, nit},
+                    {3, "236540", 0, 110, nit},
+                    {4, "220505", 0, 1080, nit}}});
+    grabe(base(),
+          {902,
+           "000902",
+           "20180310",
+           {{1, "519530", 500, 0, nit}, {2, "240805", 95, 0, nit}, {3, "220505", 0, 595, nit}}});
+    grabe(base(),
+          {903, "000903", "20180310", {{1, "240805", 7, 0, nit}, {2, "220505", 0, 7, nit}}});
+    concepto(1, 10019, 5002, "D");
+    concepto(2, 10019, 5016, "D");
+    cuentas(1, {"5105", "236540", "2408"});
+    cuentas(2, {"5195", "236540", "2408"});
+    base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
+    QCOMPARE(filas(10019, "memg_concepto, memg_pago, memg_iva, memg_retencion"),
+             (QStringList{"5002|1000|197|110", "5016|500|95|0"}));
+}
+
+void PruebaMediosBase::las_cuantias_menores_se_juntan_sin_perder_un_peso() {
+    base().ejecute("delete from comprobante_detalle");
+    int id = 900;
+    const auto venta = [&](const char* nit, const char* valor) {
+        const Moneda m = Moneda::de_texto(valor);
+        grabe(base(), {++id,
+                       QString("%1").arg(id, 6, 10, QChar('0')),
+                       "20180310",
+                       {{1, "111005", m, 0}, {2, "413505", 0, m, nit, "0002", "0001"}}});
+    };
+    venta("900123456", "1000.40");
+    venta("52345678", "499.40");
+    venta("800456789", "0.60");
+    venta("860002964", "1000");
+    concepto(1, 10078, 4001, "C", "1000");
+    cuentas(1, {"41", "", ""});
+    base().ejecute("execute procedure medio_1007_v8('20180101', '20181231')");
+    // El que llega a la cuantía va solo; los demás, redondeados uno por uno.
+    QCOMPARE(filas(10078, "memg_nit, memg_tipodoc, memg_razonsocial, memg_pago"),
+             (QStringList{"222222222|43|CUANTIAS MENORES|500", "860002964|31|Banco de Bogotá|1000",
+                          "900123456|31|Ferretería El Tornillo S.A.S.|1000"}));
+}
+
+void PruebaMediosBase::los_saldos_incluyen_los_iniciales() {
+    concepto(1, 10097, 2201, "C");
+    cuentas(1, {"22", "", ""});
+    QMap<QString, Moneda> saldo;
+    for (const Renglon& r : renglones(base(), 0, true))
+        if (r.cuenta.startsWith("22") && r.fecha <= "20171231")
+            saldo[r.nit] -= r.neto();
+    base().ejecute("execute procedure medio_1009_v7('20170101', '20171231')");
+    QStringList texto;
+    for (auto i = saldo.begin(); i != saldo.end(); ++i)
+        if (al_peso(i.value()))
+            texto << i.key() + '|' + QString::number(al_peso(i.value()));
+    QCOMPARE(filas(10097, "memg_nit, memg_pago"), texto);
+}
+
+void PruebaMediosBase::lo_que_nadie_toma_y_lo_incompleto_se_dice() {
+    concepto(1, 10019, 5001, "D");
+    cuentas(1, {"5105", "", ""});
+    base().ejecute(
+        "update terceros set terc_dir = '', ciud_cod = null where terc_nit = '800456789'");
+    base().ejecute("delete from comprobante_detalle");
+    grabe(base(), {901,
+                   "000901",
+                   "20180310",
+                   {{1, "510506", 1000, 0, "800456789"},
+                    {2, "510506", 0, 300, "900123456"},
+                    {3, "510506", 40, 0},
+                    {4, "519530", 60, 0},
+                    {5, "111005", 0, 800}}});
+    base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
+    const QString causas = filas_de(base(), "select nit, causa from revise_medio(10019, '2018')");
+    for (const char* c : {"|Movimiento sin tercero", "900123456|Valor negativo",
+                          "800456789|Falta la dirección", "800456789|Falta el municipio"})
+        QVERIFY2(('\n' + causas).contains(c), qPrintable(causas));
+    QCOMPARE(filas_de(base(), "select cuenta, libro from cuadre_medio(10019, '2018', '20180101',"
+                              " '20181231') where concepto is null"),
+             QString("519530|60"));
+}
+
+void PruebaMediosBase::todos_los_formatos_sembrados_calculan() {
+    base_.emplace();
+    arme_libro_al_azar(base());
+    const QStringList todos =
+        filas_de(base(), "select medm_formato || '|' || medm_procedimiento from mediosmag_archivos")
+            .split('\n');
+    QVERIFY(todos.size() >= 10);
+    int con_filas = 0;
+    for (const QString& f : todos) {
+        base().ejecute("execute procedure " + f.section('|', 1) + "('20180101', '20181231')");
+        con_filas += !filas(f.section('|', 0, 0).toInt(), "memg_item").isEmpty();
+    }
+    QVERIFY(con_filas >= 6);
+}
+
+QTEST_APPLESS_MAIN(PruebaMediosBase)
+#include "prueba_medios_base.moc"
