@@ -136,8 +136,21 @@ struct Contador : SesionEnLugar {
         oprima(Qt::Key_F2);
         return p->CDetalle.IsEmpty();
     }
-    /// Digita y graba insistiendo; devuelve el número, o vacío si ni así. Sin servidor, espera un
-    /// poco antes de volver a intentar.
+    /// Sin servidor no hay que insistir: espera a que vuelva a atender, o un minuto.
+    void espere_servidor() {
+        (void)QTest::qWaitFor(
+            [this] {
+                try {
+                    Conexion prueba;
+                    prueba.conectar(dm.ConGeneral.parametros());
+                    return true;
+                } catch (const ErrorDatos&) {
+                    return false;
+                }
+            },
+            60000);
+    }
+    /// Digita y graba insistiendo; devuelve el número, o vacío si ni así.
     QString grabe_insistiendo(const QString& debito, const QString& credito, const QString& valor,
                               int intentos = 300) {
         bool cayo = false;
@@ -151,7 +164,7 @@ struct Contador : SesionEnLugar {
             const QString dicho = mensajes.mid(vistos).join(' ');
             if (dicho.contains("Se perdió la conexión")) {
                 cayo = true;
-                QTest::qWait(200);
+                espere_servidor();
             } else if (cayo && dicho.contains("Ya existe")) {
                 // La caída pudo llegar después de confirmar: lo busca antes de repetirlo.
                 if (const QString suyo = en_la_base(); !suyo.isEmpty()) {

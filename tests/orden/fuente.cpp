@@ -75,7 +75,7 @@ void Fuente::trocee(const QString& t) {
             agregue(Trozo::Cifra, t.mid(antes, i - antes), linea);
         } else {
             static const char* const kDobles[] = {
-                "->", "::", "==", "!=", "<=", ">=", "+=", "&&", "||", "<<"};
+                "->", "::", "==", "!=", "<=", ">=", "+=", "&&", "||", "<<", "++", "--"};
             i += 1;
             for (const char* doble : kDobles)
                 if (t.mid(antes, 2) == QLatin1String(doble))

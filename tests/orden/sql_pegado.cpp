@@ -37,7 +37,7 @@ private:
             "\\b(select|where|values|having|order\\s+by)\\b|^\\s*from\\s+\\w|\\binsert\\s+into|"
             "\\bupdate\\s+\\w+\\s+set|\\bdelete\\s+from|\\bexecute\\s+(procedure|block)|"
             "\\b(and|or)\\s+\\w+\\s*(=|<|>|like|starting|containing|in\\b)|"
-            "(=|<>|<=|>=|\\blike|\\bstarting with|\\bcontaining)\\s*'?%?\\s*$|^'%?$",
+            "(=|<>|<=|>=|\\blike|\\bstarting with|\\bcontaining)\\s*'?%?\\s*$",
             QRegularExpression::CaseInsensitiveOption);
         static const QRegularExpression prosa("[áéíóúñ¿?.]\\s*$");
         bool consulta = false;
@@ -106,7 +106,9 @@ private:
         if (!hay_sql(a, b))
             return;
         for (int i = a; i < b; ++i) {
-            if (t_[i].es("+") || t_[i].es("+=")) {
+            if (t_[i].es("+=") && partes(i + 1, b, {"?"}).size() > 1) {
+                pruebe(i + 1, b);
+            } else if (t_[i].es("+") || t_[i].es("+=")) {
                 pruebe(i + 1, fin_de_operando(i + 1, b));
                 if (t_[i].es("+") && i > a)
                     pruebe(comienzo_de_operando(i, a), i);
