@@ -82,6 +82,8 @@ private:
         control->setEnabled(false);
         control->setToolTip(comando.texto() + ": aún no está en esta versión");
     }
+    /// Lo que el modo de la orden dice a la pantalla que abre.
+    static Encargo peticion(const Comando& comando);
     void abra_pagina();
     // tfprincipal_menu.cpp
     void arme_menu();
