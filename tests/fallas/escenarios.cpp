@@ -1,5 +1,6 @@
 #include "fallas/escenarios.h"
 
+#include "apoyo/azar_de_prueba.h"
 #include "apoyo/base_prueba.h"
 #include "apoyo/herramienta.h"
 #include "apoyo/servidor_prueba.h"
@@ -7,7 +8,6 @@
 #include "fallas/diario.h"
 
 #include <QDir>
-#include <QRandomGenerator>
 #include <QThread>
 
 namespace {
@@ -35,7 +35,7 @@ QStringList con_titulo(const QString& titulo, const QStringList& faltas) {
 } // namespace
 
 QStringList muertes(int cuantas, const Corrida& corrida) {
-    QRandomGenerator azar(corrida.semilla);
+    QRandomGenerator azar = azar_de_prueba(corrida.semilla);
     BaseDePrueba b;
     Diario diario;
     QStringList faltas;
@@ -69,7 +69,7 @@ QStringList muertes(int cuantas, const Corrida& corrida) {
 }
 
 QStringList restauraciones_muertas(int cuantas, const Corrida& corrida) {
-    QRandomGenerator azar(corrida.semilla);
+    QRandomGenerator azar = azar_de_prueba(corrida.semilla);
     BaseDePrueba b;
     QProcess llene;
     llene.start(grabador(), {b.ruta(), "ADMIN", "", "40"});

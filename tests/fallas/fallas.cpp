@@ -52,7 +52,6 @@ int main(int argc, char** argv) {
         std::printf("%s\n", qPrintable(como_va));
         std::fflush(stdout);
     };
-    corrida.diga(QString("semilla %1").arg(corrida.semilla));
     bool hubo = false, bien = true;
     for (const Escenario& e : escenarios)
         if (pedido == "todo" || pedido == QLatin1String(e.nombre)) {
