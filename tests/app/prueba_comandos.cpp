@@ -1,5 +1,6 @@
 // El menú y los botones del formulario principal, contra una tabla escrita aparte: letreros,
 // teclas, derechos, lo que abren y en qué modo.
+#include "apoyo/tabla_esperada.h"
 #include "pantallas_de_prueba.h"
 #include "sesion/peticiones.h"
 #include "sesion_de_prueba.h"
@@ -12,7 +13,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QRegularExpression>
 
 namespace {
 
@@ -27,18 +27,8 @@ struct Orden {
 const QVector<Orden>& ordenes() {
     static const QVector<Orden> tabla = [] {
         QVector<Orden> filas;
-        QFile f(qEnvironmentVariable("QUORVEX_PROYECTO") + "/tests/app/ordenes.tsv");
-        if (!f.open(QIODevice::ReadOnly))
-            qFatal("falta ordenes.tsv");
-        for (const QString& r : QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts)) {
-            if (r.startsWith('#'))
-                continue;
-            QStringList c = r.split('\t');
-            if (c.size() != 9)
-                qFatal("ordenes.tsv: %s", qPrintable(r));
-            c.replaceInStrings(QRegularExpression("^-$"), "");
+        for (const QStringList& c : tabla_esperada("app/ordenes.tsv", 9))
             filas.append({c[0], c[1], c[2], c[3], c[4], c[5], c[6], c[7], c[8]});
-        }
         return filas;
     }();
     return tabla;

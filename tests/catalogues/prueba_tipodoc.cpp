@@ -16,12 +16,6 @@ ConjuntoDatos& tipos(Pantalla* p) {
 ConjuntoDatos& prefijos(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CPrefijos");
 }
-void enfoque(Pantalla* p, const char* rejilla, int columna) {
-    con_foco();
-    auto& r = componente<Rejilla>(p, rejilla);
-    r.setFocus();
-    r.SelectedIndex(columna);
-}
 
 } // namespace
 

@@ -127,13 +127,7 @@ struct Contador : SesionEnLugar {
                dice(0, "CODE_DEBITO").moneda() == esperado &&
                dice(1, "CODE_CREDITO").moneda() == esperado;
     }
-    void linea(const QStringList& celdas) {
-        for (const QString& celda : celdas) {
-            if (!celda.isEmpty())
-                digite(celda);
-            oprima(Qt::Key_Return);
-        }
-    }
+    void linea(const QStringList& celdas) { digite_celdas(celdas); }
     /// F2; cierto si quedó grabado: la pantalla pasa al siguiente, sin renglones.
     bool grabe() {
         p->activateWindow();

@@ -36,10 +36,7 @@ class PruebaAuxiliares : public QObject {
         return s.abra<T>(clase, pedido(cuenta));
     }
     static QStringList columna(const ConjuntoDatos& c, const char* campo) {
-        QStringList todos;
-        for (int i = 0; i < c.RecordCount(); ++i)
-            todos << c.valor_en(i, c.FieldByName(campo)).texto();
-        return todos;
+        return valores_de(c, campo);
     }
     static QStringList titulos(const Rejilla& r) {
         QStringList t;

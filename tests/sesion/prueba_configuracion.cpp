@@ -1,23 +1,6 @@
+#include "apoyo/tabla_esperada.h"
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
-
-#include <QFile>
-
-namespace {
-
-/// Las que el programa puede leer, de llaves.tsv.
-QList<QStringList> llaves() {
-    QFile f(qEnvironmentVariable("QUORVEX_PROYECTO") + "/tests/sesion/llaves.tsv");
-    if (!f.open(QIODevice::ReadOnly))
-        qFatal("falta llaves.tsv");
-    QList<QStringList> lista;
-    for (const QString& r : QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts))
-        if (!r.startsWith('#'))
-            lista << r.split('\t');
-    return lista;
-}
-
-} // namespace
 
 class PruebaConfiguracion : public QObject {
     Q_OBJECT
@@ -31,7 +14,7 @@ private slots:
     void toda_llave_nace_con_la_compania() {
         SesionGui s;
         Interlocutor i; // una llave sin fila abriría un diálogo
-        const auto todas = llaves();
+        const auto todas = tabla_esperada("sesion/llaves.tsv", 3);
         QCOMPARE(todas.size(), 63);
         for (const QStringList& l : todas)
             s.dm.configuracion(l[0], l[1], l[2]);

@@ -1,3 +1,4 @@
+#include "apoyo/tabla_esperada.h"
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "sesion/modulos_suite.h"
@@ -12,15 +13,10 @@ struct Documento {
 };
 
 QVector<Documento> documentos(const QString& rutina) {
-    QFile f(qEnvironmentVariable("QUORVEX_PROYECTO") + "/tests/sesion/documentos.tsv");
-    if (!f.open(QIODevice::ReadOnly))
-        qFatal("falta documentos.tsv");
     QVector<Documento> lista;
-    for (const QString& r : QString::fromUtf8(f.readAll()).split('\n')) {
-        const QStringList c = r.split('\t');
-        if (c.size() == 6 && c[0] == rutina)
+    for (const QStringList& c : tabla_esperada("sesion/documentos.tsv", 6))
+        if (c[0] == rutina)
             lista.append({c[1].toInt(), c[2], c[3], c[4], c[5]});
-    }
     return lista;
 }
 

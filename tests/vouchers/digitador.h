@@ -65,13 +65,7 @@ struct Digitador {
         rejilla().SelectedIndex(0);
     }
     /// Recorre una línea celda por celda con Enter; "" deja la celda como esté.
-    void linea(const QStringList& celdas) {
-        for (const QString& celda : celdas) {
-            if (!celda.isEmpty())
-                digite(celda);
-            oprima(Qt::Key_Return);
-        }
-    }
+    void linea(const QStringList& celdas) { digite_celdas(celdas); }
     /// Dos líneas que cuadran, en la página a la vista.
     void asiento(const QString& debito, const QString& credito, const QString& valor) {
         entre_a_la_rejilla();

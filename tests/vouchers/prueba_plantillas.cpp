@@ -31,19 +31,7 @@ ConjuntoDatos& lista(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CPlantilla");
 }
 QString ids(Pantalla* p) {
-    ConjuntoDatos& c = lista(p);
-    QStringList todos;
-    for (int i = 0; c.Active() && i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName("PLAN_ID")).texto();
-    return todos.join(',');
-}
-void llene(Pantalla* p, const char* nombre, const QString& texto) {
-    auto& caja = componente<QLineEdit>(p, nombre);
-    con_foco();
-    caja.setFocus();
-    caja.selectAll();
-    oprima(Qt::Key_Delete);
-    digite(texto);
+    return valores_de(lista(p), "PLAN_ID").join(',');
 }
 void escoja(ListaDato& tipos, const QString& nombre) {
     con_foco();
@@ -54,8 +42,7 @@ void escoja(ListaDato& tipos, const QString& nombre) {
     QCOMPARE(tipos.texto_a_la_vista(), nombre);
 }
 void busque(Pantalla* p) {
-    componente<QPushButton>(p, "SpeedButton5").setFocus();
-    oprima(Qt::Key_Space);
+    pulse(p, "SpeedButton5");
 }
 /// Recorre celdas con Enter desde la primera de la rejilla a la vista.
 void linea(PantallaPlantilla* p, const QStringList& celdas, int desde = 0) {
