@@ -16,16 +16,7 @@ ConjuntoDatos& centros(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CCentros");
 }
 QString nombres(ConjuntoDatos& c, const QString& campo) {
-    QStringList todos;
-    for (int i = 0; i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName(campo)).texto();
-    return todos.join(',');
-}
-void enfoque(Pantalla* p, const char* rejilla, int columna) {
-    con_foco();
-    auto& r = componente<Rejilla>(p, rejilla);
-    r.setFocus();
-    r.SelectedIndex(columna);
+    return valores_de(c, campo).join(',');
 }
 void filtre_por_agencia(SesionGui& s) {
     s.base.ejecute({"update configuracion set conf_valor = 'SI' where conf_propiedad = 'FILTRAR "

@@ -27,16 +27,6 @@ class PruebaCuentasFicha : public QObject {
     static CasillaDato& casilla(QWidget* p, const char* nombre) {
         return componente<CasillaDato>(p, nombre);
     }
-    /// Digita en el control y pasa al siguiente con Enter.
-    static void escriba(QWidget* p, const char* nombre, const QString& texto) {
-        con_foco();
-        editor(p, nombre).setFocus();
-        editor(p, nombre).selectAll();
-        if (texto.isEmpty())
-            oprima(Qt::Key_Delete);
-        digite(texto);
-        oprima(Qt::Key_Return);
-    }
     static Pantalla* modifique(SesionGui&, const QString& cuenta,
                                Libro libro = Libro::Decreto2649) {
         return pantallas().abrir(datos(libro).pantalla_modificar_cuenta, AbreCuenta{cuenta});

@@ -27,20 +27,8 @@ class PruebaCuentasPucNormas : public QObject {
     static Rejilla& rejilla(QWidget* p, const char* nombre = "DBGridEh1") {
         return componente<Rejilla>(p, nombre);
     }
-    static QStringList columna(ConjuntoDatos& c, const char* campo) {
-        QStringList todos;
-        for (int i = 0; i < c.RecordCount(); ++i)
-            todos << c.valor_en(i, c.FieldByName(campo)).texto();
-        return todos;
-    }
-    static void busque(QWidget* lista, const QString& texto) {
-        con_foco();
-        auto& caja = componente<QLineEdit>(lista, "EBuscar");
-        caja.setFocus();
-        caja.clear();
-        digite(texto);
-        oprima(Qt::Key_Return);
-    }
+    static QStringList columna(ConjuntoDatos& c, const char* campo) { return valores_de(c, campo); }
+    static void busque(QWidget* lista, const QString& texto) { escriba(lista, "EBuscar", texto); }
     static void siembre_normas(SesionGui& s) {
         s.base.ejecute(
             {"insert into normas_niif (nnif_id, nnif_nombre) values (11, 'Sección 11')",

@@ -115,7 +115,9 @@ private slots:
             oprima(Qt::Key_F2);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
-        QVERIFY(!p->Cdetniif.editando() || p->Cdetniif.RecordCount() == 1);
+        // a diferencia de la digitación, la fila rehusada no queda en edición
+        QVERIFY(!p->CDetalle.editando() && !p->Cdetniif.editando());
+        QCOMPARE(p->Cdetniif.RecordCount(), 1);
         QCOMPARE(s.dato("select enco_concepto || '|' from comprobante_encabezado"),
                  QString("Concepto|"));
         p->PageControl1->setCurrentIndex(1);
