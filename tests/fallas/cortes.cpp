@@ -4,6 +4,7 @@
 #include "fallas/contador.h"
 #include "fallas/escenarios.h"
 
+#include <QPushButton>
 #include <QRegularExpression>
 
 namespace {

@@ -38,7 +38,7 @@ inline QString fecha_al_azar(QRandomGenerator& azar) {
 
 inline void comprobantes_al_azar(Conexion& base, QRandomGenerator& azar, int desde, int hasta) {
     for (int id = desde; id <= hasta; ++id) {
-        Comprobante c{id, QString("%1").arg(id, 6, 10, QChar('0')), fecha_al_azar(azar)};
+        ComprobanteEnTablas c{id, QString("%1").arg(id, 6, 10, QChar('0')), fecha_al_azar(azar)};
         c.tipo = uno_de(azar, QStringList{"CG", "RC"});
         c.prefijo = c.tipo == "RC" ? uno_de(azar, QStringList{"0001", "0002"}) : "0001";
         for (auto* lineas : {&c.lineas, &c.lineas_niif})

@@ -325,7 +325,7 @@ void PruebaInformesAuxiliares::las_hojas_repiten_el_grupo_y_no_pierden_renglones
         // Comprobantes de cien líneas, una por renglón del auxiliar.
         const int nuevos = renglones - total;
         for (int hechas = 0; hechas < nuevos; hechas += 100) {
-            Comprobante c{++id, QString("%1").arg(id, 6, 10, QChar('0')), "20170315"};
+            ComprobanteEnTablas c{++id, QString("%1").arg(id, 6, 10, QChar('0')), "20170315"};
             for (int item = 1; item <= qMin(100, nuevos - hechas); ++item) {
                 const Moneda valor = Moneda::de_texto(QString("%1.25").arg(item));
                 c.lineas.push_back(

@@ -2,12 +2,13 @@
 #include "rejilla_de_prueba.h"
 
 #include "apoyo/base_prueba.h"
+#include "apoyo_gui/interlocutor.h"
 #include "datos/recordset/proveedor.h"
 #include "datos/recordset/sentencia.h"
 #include "toolkit/estilo.h"
 
-#include <QHeaderView>
 #include "apoyo/azar_de_prueba.h"
+#include <QHeaderView>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>

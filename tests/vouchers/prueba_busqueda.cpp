@@ -205,7 +205,6 @@ private slots:
             siembre(senuelo);
         for (const auto& caso : casos)
             siembre(caso.concepto);
-        s.cnt.nit_comprobantes = "900123456";
         const QString consecutivo = "select gen_id(sec_comprobante, 0) from rdb$database";
         const QString antes = s.dato(consecutivo);
         for (const auto& [pantalla, conjunto, campo, boton] :
@@ -214,7 +213,8 @@ private slots:
               {"Tfbuscplantilla", "CPlantilla", "PLAN_CONCEPTO", "SpeedButton5"}}) {
             s.otorgue(41);
             Interlocutor i;
-            Pantalla* p = pantallas().abrir(pantalla);
+            Pantalla* p = pantallas().abrir(
+                pantalla, AbreComprobantesTercero{.nit_comprobantes = "900123456"});
             QVERIFY(p);
             escoja(p, "Comprobante general");
             auto& c = componente<ConjuntoDatos>(p, conjunto);

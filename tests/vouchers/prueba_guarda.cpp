@@ -136,7 +136,7 @@ void PruebaGuarda::los_importes_sin_digitar_son_cero() {
 }
 
 void PruebaGuarda::las_lineas_niif_quedan_donde_las_dejan_los_borrados_de_dos_ordenes() {
-    const Comprobante completo{
+    const ComprobanteEnTablas completo{
         7, "000001", "20170310", {{1, "110505", 9, 9}}, {{1, "110505", 5, 0}, {2, "111005", 0, 5}}};
     grabe(base(), completo);
     base_->ejecute({"delete from comprobante_detalle where enco_consec = 7",
@@ -146,7 +146,7 @@ void PruebaGuarda::las_lineas_niif_quedan_donde_las_dejan_los_borrados_de_dos_or
              QString("7|2|0"));
     QCOMPARE(filas("select saldo from saldo_cuenta_niif('110505', '20171231')"), QString("0"));
     // "Eliminarlo": las del id provisional también quedan, y no estorban al siguiente.
-    Comprobante provisional = completo;
+    ComprobanteEnTablas provisional = completo;
     provisional.id = 0;
     grabe(base(), provisional);
     base_->ejecute({"delete from comprobante_detalle where enco_consec = 0",
@@ -380,7 +380,7 @@ void PruebaGuarda::replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649
 }
 
 void PruebaGuarda::un_libro_niif_distinto_sigue_siendo_del_usuario() {
-    Comprobante c{1,
+    ComprobanteEnTablas c{1,
                   "000001",
                   "20170310",
                   {{1, "110505", 100, 0}, {2, "111005", 0, 100}},

@@ -21,7 +21,7 @@ constexpr int kId = 700;
 /// Comprobante de `lineas` débitos de 100 y un crédito que cuadra; en NIIF, de 200.
 void agregue(SesionGui& s, int lineas, int id = kId, const QString& numero = "000700",
              const QString& tipo = "CG") {
-    Comprobante c{id, numero, "20170315"};
+    ComprobanteEnTablas c{id, numero, "20170315"};
     c.tipo = tipo;
     for (int i = 1; i < lineas; ++i) {
         c.lineas << Linea{i, "519530", Moneda(100), Moneda(), "", "0001", "0002"};
