@@ -9,6 +9,7 @@
 #include "catalogues/copiacuentas.h"
 #include "catalogues/terceros.h"
 #include "sesion/apertura.h"
+#include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barraestado.h"
@@ -77,10 +78,7 @@ Tfprincipal::Tfprincipal(const QStringList& argumentos)
     CCompania.texto("COMP_DIR", 140);
     CCompania.texto("COMP_TELS", 140);
     CCompania.texto("COMP_ENCABEZADO", 140);
-    CAgencia.entero("SUCU_ID").requerido();
-    CAgencia.texto("SUCU_NOMBRE", 60);
-    CAgencia.texto("SUCU_DIRECCION", 60);
-    CAgencia.texto("SUCU_TELEFONOS", 60);
+    campos_agencias(CAgencia);
 
     arme_panel_superior();
     arme_panel_inferior();
@@ -234,6 +232,7 @@ BotonComando* Tfprincipal::boton(const Comando& comando) {
     b->setObjectName(comando.nombre);
     b->setToolTip(comando.texto());
     b->setAccessibleName(comando.texto());
+    habilite_segun(b, comando);
     connect(b, &QPushButton::clicked, this, [this, comando] { ejecute(comando); });
     return b;
 }
@@ -265,6 +264,10 @@ QString Tfprincipal::rotulo_revision() {
 
 // ---------------------------------------------------------------- órdenes
 
+bool Tfprincipal::esta_hecha(const Comando& comando) {
+    return comando.abre.isEmpty() || pantallas().existe(comando.abre);
+}
+
 void Tfprincipal::ejecute(const Comando& comando) {
     proteja([&] {
         if (!entre_si_falta())
@@ -273,15 +276,10 @@ void Tfprincipal::ejecute(const Comando& comando) {
             abra(comando);
             return;
         }
-        const bool esta = pantallas().existe(comando.abre);
-        const Permiso permiso = comando.derecho.permiso;
-        // La pantalla que debía preguntar y no está no es razón para callar la negativa.
-        const bool pregunta =
-            permiso == Permiso::Entrada || (permiso == Permiso::Pantalla && !esta);
-        if (pregunta && !fdm().exija_acceso(comando.derecho.opcion))
+        if (comando.derecho.permiso == Permiso::Entrada &&
+            !fdm().exija_acceso(comando.derecho.opcion))
             return;
-        if (hay_pantalla(comando.abre))
-            abra(comando);
+        abra(comando);
     });
 }
 

@@ -5,6 +5,7 @@
 #include "app/paneldegradado.h"
 #include "app/vigiamensajes.h"
 #include "datos/firebird/claves.h"
+#include "datos/firebird/reloj.h"
 #include "sesion/apertura.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
@@ -17,7 +18,7 @@
 namespace {
 
 QString hoy() {
-    return QDate::currentDate().toString(QStringLiteral("yyyy/MM/dd"));
+    return reloj().hoy().toString(QStringLiteral("yyyy/MM/dd"));
 }
 
 } // namespace

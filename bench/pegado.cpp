@@ -1,7 +1,7 @@
 // Pegar un comprobante largo, y guardar una cuenta en un plan grande.
 #include "bench/copia.h"
 #include "bench/medidas.h"
-#include "fallas/contador.h"
+#include "tests/fallas/contador.h"
 
 #include <QClipboard>
 

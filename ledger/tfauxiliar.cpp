@@ -1,8 +1,6 @@
 #include "ledger/tfauxiliar.h"
 
 #include "datos/recordset/foto.h"
-
-#include "sesion/borrado.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/dialogos.h"
@@ -164,15 +162,13 @@ void Tfauxiliar::editar_comprobante(const QString& id) {
 }
 
 void Tfauxiliar::borrar_comprobante(const QString& id) {
-    BorradoComprobante c;
-    c.tipo = CAuxiliar.FieldByName("TIPOCOMP").texto();
-    c.prefijo = CAuxiliar.FieldByName("PREFIJO").texto();
-    c.numero = CAuxiliar.FieldByName("NUMERO").texto();
-    c.tipo_origen = CAuxiliar.FieldByName("TIPOREF").entero();
-    c.aviso = miembro_.aviso_borrado;
-    for (const QString& orden : miembro_.borrados)
-        c.ordenes << orden + id;
-    switch (borre_comprobante(c)) {
+    PedidoBorrado pedido;
+    pedido.id = id.toLongLong();
+    pedido.tipo = CAuxiliar.FieldByName("TIPOCOMP").texto();
+    pedido.prefijo = CAuxiliar.FieldByName("PREFIJO").texto();
+    pedido.numero = CAuxiliar.FieldByName("NUMERO").texto();
+    pedido.tipo_origen = CAuxiliar.FieldByName("TIPOREF").entero();
+    switch (fdmcnt().borrar_comprobante(objectName(), pedido)) {
     case ResultadoBorrado::Negado:
         close();
         break;

@@ -40,24 +40,29 @@ struct Tfbalanceprueba::DatosPagina {
 };
 
 const std::array<Tfbalanceprueba::DatosPagina, 2> Tfbalanceprueba::kPaginas = {{
-    {Libro::Decreto2649,
-     "Dec.2649",
-     "DBGridEh1",
-     "consulta_balance_mes",
-     {"Cód. Cuenta", "Nombre cuenta", "S. Inicial", "Débitos", "Créditos", "S. Final"},
-     {"SIni", "Sdb", "Scr", "Sfin"},
-     "Tfauxiliar",
-     "Tfsaldoterc",
-     "Tfsaldocentro"},
-    {Libro::Niif,
-     "NIIF",
-     "DBGridEh2",
-     "consulta_balance_mes_niif",
-     {"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"},
-     {"SNIni", "SNdb", "SNcr", "SNfin"},
-     "Tfauxiliarniif",
-     "Tfsaldotercniif",
-     "Tfsaldocentroniif"},
+    {
+        .libro = Libro::Decreto2649,
+        .titulo = "Dec.2649",
+        .rejilla = "DBGridEh1",
+        .procedimiento = "consulta_balance_mes",
+        .titulos = {"Cód. Cuenta", "Nombre cuenta", "S. Inicial", "Débitos", "Créditos",
+                    "S. Final"},
+        .cajas = {"SIni", "Sdb", "Scr", "Sfin"},
+        .auxiliar = "Tfauxiliar",
+        .terceros = "Tfsaldoterc",
+        .centros = "Tfsaldocentro",
+    },
+    {
+        .libro = Libro::Niif,
+        .titulo = "NIIF",
+        .rejilla = "DBGridEh2",
+        .procedimiento = "consulta_balance_mes_niif",
+        .titulos = {"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"},
+        .cajas = {"SNIni", "SNdb", "SNcr", "SNfin"},
+        .auxiliar = "Tfauxiliarniif",
+        .terceros = "Tfsaldotercniif",
+        .centros = "Tfsaldocentroniif",
+    },
 }};
 
 Tfbalanceprueba::Tfbalanceprueba()

@@ -22,7 +22,6 @@ const DatosRango kDatos{"Tfrngauxiliarcta",
 
 Tfrngauxiliarcta::Tfrngauxiliarcta() : FormaRango(kDatos) {
     defina_auxiliar(CAuxiliar);
-    CAuxiliar.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
     CAuxiliar.decimal("SALDO").etiqueta("Saldo").formato("#,###.00");
     CAuxiliar.texto("CATEGORIA", 4).etiqueta("Categoría");
     CAuxiliar.decimal("INICIAL").etiqueta("Inicial").formato("#,###.00");

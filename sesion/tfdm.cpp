@@ -1,6 +1,7 @@
 #include "sesion/tfdm.h"
 
 #include "datos/firebird/nombres.h"
+#include "datos/firebird/reloj.h"
 #include "libro/letras.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
@@ -255,14 +256,14 @@ void Tfdm::valide_fecha(Campo& campo) {
     if (fecha <= cierre) {
         muestre_mensaje("La contabilidad esta bloqueada a: " +
                         cierre.toString(QStringLiteral("yyyy/MM/dd")));
-        campo = QDate::currentDate() < cierre ? cierre : QDate::currentDate();
+        campo = std::max(reloj().hoy(), cierre);
         return;
     }
-    if (QDate::currentDate().addDays(valor<Llave::DiasDocumentosFuturos>()) < fecha) {
+    if (reloj().hoy().addDays(valor<Llave::DiasDocumentosFuturos>()) < fecha) {
         muestre_mensaje(
             "La fecha del documento es demasiado lejana. Revise la fecha del mismo y la "
             "fecha del sistema.");
-        campo = QDate::currentDate();
+        campo = reloj().hoy();
     }
 }
 

@@ -2,6 +2,7 @@
 #include "sesion/tfdm.h"
 
 #include "datos/firebird/nombres.h"
+#include "datos/firebird/reloj.h"
 #include "sesion/instalacion.h"
 #include "toolkit/barraestado.h"
 
@@ -15,9 +16,8 @@ void Tfdm::registre_en_archivo(const QString& texto) {
         return;
     QString linea = texto;
     linea.replace("\r\n", " ").replace('\n', ' ');
-    archivo.write((QDate::currentDate().toString(QStringLiteral("yyyy/MM/dd")) + ',' +
-                   QTime::currentTime().toString(QStringLiteral("HH:mm:ss")) + ',' + usuario + ',' +
-                   linea + "\r\n")
+    archivo.write((reloj().ahora().toString(QStringLiteral("yyyy/MM/dd,HH:mm:ss")) + ',' + usuario +
+                   ',' + linea + "\r\n")
                       .toLatin1());
 }
 

@@ -105,6 +105,7 @@ void ConjuntoDatos::corra_las_nuevas(const Campo& campo, qint64 cuanto) {
             if (fila->marca == Fila::Marca::Insertada) {
                 Valor& numero = (*fila->valores)[campo.indice_];
                 numero = numero.entero() + cuanto;
+                valores_cambiados(*fila);
             }
     cambiaron_filas();
     avise([](EnlaceDatos& e) { e.campo_cambiado(nullptr); });

@@ -114,18 +114,17 @@ private slots:
         SesionGui s;
         registre_pantallas_consulta();
         s.cnt.periodo_actual = 2;
-        s.cnt.cuenta_auxiliar = "110505";
         // Cada comprobante toca febrero y marzo a la vez: saldo inicial y renglones van a la par.
         Otros otros(s.base.parametros());
         grabe(s.base.base(), {1, "000001", "20170210", asiento(1)});
         grabe(s.base.base(), {2, "000002", "20170310", asiento(1)});
-        auto* p = s.abra<Tfauxiliar>("Tfauxiliar");
+        auto* p = s.abra<Tfauxiliar>("Tfauxiliar", AbreAuxiliar{.cuenta_auxiliar = "110505"});
         QVERIFY(p);
         otros.corra([i = 0](Conexion& c) mutable {
             Transaccion t(c, Transaccion::Modo::Escritura);
             for (const char* fecha : {"20170210", "20170310"}) {
                 const int id = 100 + ++i;
-                const Comprobante uno{id, QString("%1").arg(id, 6, 10, QChar('0')), fecha};
+                const ComprobanteEnTablas uno{id, QString("%1").arg(id, 6, 10, QChar('0')), fecha};
                 inserte_encabezado(t, uno);
                 inserte_lineas(t, id, asiento(1));
             }

@@ -1,3 +1,4 @@
+#include "apoyo/tabla_esperada.h"
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 
@@ -10,6 +11,16 @@ class PruebaConfiguracion : public QObject {
     }
 
 private slots:
+    void toda_llave_nace_con_la_compania() {
+        SesionGui s;
+        Interlocutor i; // una llave sin fila abriría un diálogo
+        const auto todas = tabla_esperada("sesion/llaves.tsv", 3);
+        QCOMPARE(todas.size(), 63);
+        for (const QStringList& l : todas)
+            s.dm.configuracion(l[0], l[1], l[2]);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
     void la_tabla_de_llaves_y_la_compania_nueva_son_la_misma() {
         SesionGui s;
         Interlocutor i; // una llave sin fila abriría un diálogo
@@ -43,6 +54,10 @@ private slots:
                               .join('|');
         QCOMPARE(en_la_tabla.size(), int(kLlaves.size())); // ninguna dos veces
         QCOMPARE(en_la_tabla, en_la_base);
+        QSet<QString> escritas;
+        for (const QStringList& l : tabla_esperada("sesion/llaves.tsv", 3))
+            escritas << l.join('|');
+        QCOMPARE(en_la_tabla, escritas);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 

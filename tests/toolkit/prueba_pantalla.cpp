@@ -150,7 +150,7 @@ private slots:
         i.espere("Seguro?", "No");
         muestre_mensaje("Hola.");
         QVERIFY(!pregunte("Seguro?"));
-        QTest::qWait(20);
+        agote_eventos();
         QCOMPARE(saque(), QStringList());
         p.area->setActiveSubWindow(p.area->subWindowList().last());
         QCOMPARE(saque(), QStringList{"TfB activa"}); // un clic en la otra sí
