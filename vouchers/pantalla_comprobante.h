@@ -60,6 +60,7 @@ protected:
     void busque_tercero() override;
     void busque_tercero_del_encabezado(const QString& texto);
     void busque_mandante(const QString& texto);
+    void escoja_para_encabezado(const char* campo, const QString& texto);
     void reciba_en_encabezado(const char* campo, const QString& valor);
     virtual void traiga_plantilla(const QString& plantilla) = 0;
     /// Toma un id si el comprobante aún lleva el provisional; devuelve el que queda.
