@@ -32,6 +32,23 @@ void ponga_encabezados(SesionGui& s) {
              Valor(e.concepto), Valor(e.refer)});
 }
 
+/// Un comprobante y una plantilla con ese concepto, y su final de referencia.
+void siembre(SesionGui& s, int id, const QString& concepto) {
+    Conexion& b = s.base.base();
+    b.ejecute("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, enco_numero, "
+              "enco_fecha, enco_concepto, enco_refer, enco_usuario) values (?, 'CG', '0001', ?, "
+              "'20170115', ?, ?, 'ADMIN')",
+              {Valor(id), Valor(QString::number(id).rightJustified(6, '0')), Valor(concepto),
+               Valor(concepto.right(8))});
+    b.ejecute("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit, "
+              "code_concepto, code_refer, code_debito, code_credito) values (?, 1, '130505', "
+              "'900123456', ?, ?, 1, 0)",
+              {Valor(id), Valor(concepto), Valor(concepto.right(8))});
+    b.ejecute("insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto, "
+              "plan_refer) values (?, 'CG', '0001', ?, ?)",
+              {Valor(id), Valor(concepto), Valor(concepto.right(8))});
+}
+
 ConjuntoDatos& resultado(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CComproba");
 }
@@ -184,28 +201,11 @@ private slots:
                      {"mercancia", "MERCANCÍA en tránsito"},
                      {"señal", "Señal de radio"}};
         int id = 100;
-        const auto siembre = [&](const QString& concepto) {
-            Conexion& b = s.base.base();
-            b.ejecute("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, "
-                      "enco_numero, enco_fecha, enco_concepto, enco_refer, enco_usuario) values "
-                      "(?, 'CG', '0001', ?, '20170115', ?, ?, 'ADMIN')",
-                      {Valor(id), Valor(QString::number(id).rightJustified(6, '0')),
-                       Valor(concepto), Valor(concepto.right(8))});
-            b.ejecute("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit,"
-                      " code_concepto, code_refer, code_debito, code_credito) values (?, 1, "
-                      "'130505', '900123456', ?, ?, 1, 0)",
-                      {Valor(id), Valor(concepto), Valor(concepto.right(8))});
-            b.ejecute("insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
-                      "plan_concepto, plan_refer) values (?, 'CG', '0001', ?, ?)",
-                      {Valor(id), Valor(concepto), Valor(concepto.right(8))});
-            ++id;
-        };
         for (const char* senuelo :
              {"Venta a DXAngelo", "Rebaja del 50", "Clave AXB", "Ruta cXd", "Senal de radio"})
-            siembre(senuelo);
+            siembre(s, id++, senuelo);
         for (const auto& caso : casos)
-            siembre(caso.concepto);
-        s.cnt.nit_comprobantes = "900123456";
+            siembre(s, id++, caso.concepto);
         const QString consecutivo = "select gen_id(sec_comprobante, 0) from rdb$database";
         const QString antes = s.dato(consecutivo);
         for (const auto& [pantalla, conjunto, campo, boton] :
@@ -214,7 +214,7 @@ private slots:
               {"Tfbuscplantilla", "CPlantilla", "PLAN_CONCEPTO", "SpeedButton5"}}) {
             s.otorgue(41);
             Interlocutor i;
-            Pantalla* p = pantallas().abrir(pantalla);
+            Pantalla* p = pantallas().abrir(pantalla, AbreComprobantesTercero{"900123456", ""});
             QVERIFY(p);
             escoja(p, "Comprobante general");
             auto& c = componente<ConjuntoDatos>(p, conjunto);
