@@ -49,6 +49,26 @@ void siembre(SesionGui& s, int id, const QString& concepto) {
               {Valor(id), Valor(concepto), Valor(concepto.right(8))});
 }
 
+/// Movimiento de dos terceros en los encabezados.
+void ponga_movimiento(SesionGui& s) {
+    const auto linea = [&](int id, int item, const char* nit, int monto,
+                           const char* tabla = "comprobante_detalle") {
+        s.base.base().ejecute(
+            QString("insert into %1 (enco_consec, code_item, cuen_cod, terc_nit, "
+                    "code_concepto, code_debito, code_credito, code_descontable) values (?, "
+                    "?, '130505', ?, ?, ?, ?, 'S')")
+                .arg(tabla),
+            {Valor(id), Valor(item), Valor(nit), Valor(id == 7 ? "Ajuste" : ""),
+             Valor(monto > 0 ? monto : 0), Valor(monto < 0 ? -monto : 0)});
+    };
+    linea(1, 1, "900123456", 500);
+    linea(1, 2, "800456789", 7);
+    linea(5, 1, "900123456", -200);
+    linea(5, 2, "900123456", -50);
+    linea(7, 1, "900123456", 30);
+    linea(7, 1, "900123456", 30, "comprobante_detalle_niif");
+}
+
 ConjuntoDatos& resultado(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CComproba");
 }
@@ -376,26 +396,11 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
-    void el_movimiento_de_un_tercero_se_filtra_se_edita_y_se_borra() {
+    void el_movimiento_de_un_tercero_se_filtra_y_se_edita() {
         SesionGui s("AUXILIAR"); // sin el derecho de borrar: esta lista no lo pregunta
         Digitador d(s);
         ponga_encabezados(s);
-        const auto linea = [&](int id, int item, const char* nit, int monto,
-                               const char* tabla = "comprobante_detalle") {
-            s.base.base().ejecute(
-                QString("insert into %1 (enco_consec, code_item, cuen_cod, terc_nit, "
-                        "code_concepto, code_debito, code_credito, code_descontable) values (?, "
-                        "?, '130505', ?, ?, ?, ?, 'S')")
-                    .arg(tabla),
-                {Valor(id), Valor(item), Valor(nit), Valor(id == 7 ? "Ajuste" : ""),
-                 Valor(monto > 0 ? monto : 0), Valor(monto < 0 ? -monto : 0)});
-        };
-        linea(1, 1, "900123456", 500);
-        linea(1, 2, "800456789", 7);
-        linea(5, 1, "900123456", -200);
-        linea(5, 2, "900123456", -50);
-        linea(7, 1, "900123456", 30);
-        linea(7, 1, "900123456", 30, "comprobante_detalle_niif");
+        ponga_movimiento(s);
         auto* p = s.abra<Tfcomproterc>(
             "Tfcomproterc", AbreComprobantesTercero{"900123456", "Ferretería El Tornillo S.A.S."});
         QVERIFY(p);
@@ -431,12 +436,21 @@ private slots:
         oprima(Qt::Key_F4);
         QVERIFY(s.escritorio.abierta("Tfedtmovimien"));
         s.escritorio.activa()->close();
+    }
+
+    void el_movimiento_de_un_tercero_se_borra_sin_pedir_el_derecho() {
+        SesionGui s("AUXILIAR");
+        Digitador d(s);
+        ponga_encabezados(s);
+        ponga_movimiento(s);
+        auto* p = s.abra<Tfcomproterc>(
+            "Tfcomproterc", AbreComprobantesTercero{"900123456", "Ferretería El Tornillo S.A.S."});
         Interlocutor i;
         i.espere("Desea borrar definitivamente el comprobante RC 0002 000021?", "Sí");
         ubique(p, "ID", 7, "DBGridEh2");
         oprima(Qt::Key_F3);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QCOMPARE(columna(p, "ID"), QString());
+        QCOMPARE(columna(p, "ID"), QString("1,5,5"));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado where enco_consec = 7"),
                  QString("0"));
         // las líneas NIIF se quedan
