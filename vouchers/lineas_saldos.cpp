@@ -5,7 +5,6 @@
 namespace {
 
 constexpr LadosLinea kLados{"SAIN_DEBITO", "SAIN_CREDITO"};
-constexpr int kDebito = 4, kCredito = 5;
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "vouchers/panel_documento.h"
 
+#include "datos/firebird/reloj.h"
 #include "vouchers/pch.h"
 
 PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, ConjuntoDatos& tipos,
@@ -39,17 +40,13 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
     }
     // Entrar propone hoy como vencimiento, aunque la línea ya tuviera otro.
     OnEnter = [this] {
-        DateTimePicker1->fecha(QDate::currentDate());
+        DateTimePicker1->fecha(reloj().hoy());
         DateTimePicker1Change();
     };
 }
 
 void PanelDocumento::defina_tipos(ConjuntoDatos& tipos) {
-    tipos.entero("TIDO_COD");
-    tipos.texto("TIDO_NOMCORTO", 8);
-    tipos.texto("TIDO_NOMLARGO", 30);
-    tipos.texto("TIDO_CART", 1);
-    tipos.texto("TIDO_CXP", 1);
+    campos_documentos(tipos);
     tipos.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
 }
 

@@ -1,16 +1,10 @@
 #include "vouchers/tfedtmovimien.h"
 
-#include "sesion/borrado.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
 
 #include <QMenu>
-
-namespace {
-constexpr const char* kGrabar = "F2:Grabar";
-constexpr const char* kImprime = "F2:Imprime";
-} // namespace
 
 Tfedtmovimien::Tfedtmovimien()
     : PantallaComprobante("Tfedtmovimien", "Editar comprobantes contables"),
@@ -176,15 +170,20 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
         libre_niif = false;
     }
     if (!libre_2649 && !libre_niif)
-        SBGrabar->setText(kImprime);
+        deje_solo_imprimir();
     // La rejilla NIIF de un comprobante ajeno se queda como estaba.
     if (!fdm().configurado_si("COMPROBANTES",
                               "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS") &&
         CMovimiento.FieldByName("ENCO_TIPOREF").entero() != 0) {
         lineas_2649->rejilla->ReadOnly = true;
-        SBGrabar->setText(kImprime);
+        deje_solo_imprimir();
     }
     memorias.tercero_anterior = CMovimiento.FieldByName("TERC_NIT").texto();
+}
+
+void Tfedtmovimien::deje_solo_imprimir() {
+    solo_imprime_ = true;
+    SBGrabar->setText("F2:Imprime");
 }
 
 void Tfedtmovimien::FormActivate() {
@@ -195,7 +194,7 @@ void Tfedtmovimien::FormActivate() {
 // ---------------------------------------------------------------- grabar e imprimir
 
 void Tfedtmovimien::SBGrabarClick() {
-    if (SBGrabar->text() != kGrabar) {
+    if (solo_imprime_) {
         imprima_comprobante(CMovimiento.FieldByName("ENCO_CONSEC").texto());
         close();
         return;
@@ -271,7 +270,8 @@ void Tfedtmovimien::pegue(Rejilla& rejilla) {
 }
 
 void Tfedtmovimien::muestre_columnas(bool visibles) {
-    for (int columna : {11, 12})
+    // La segunda no existe: la orden falla cuando ya cambió la primera.
+    for (int columna : {int(LineasLibro::kDescontable), LineasLibro::kDescontable + 1})
         lineas_2649->rejilla->columna(columna).Visible = visibles;
 }
 
@@ -315,18 +315,13 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
 
 void Tfedtmovimien::SBBorrarClick() {
     const auto t = [this](const char* c) { return CMovimiento.FieldByName(c).texto(); };
-    const QString id = t("ENCO_CONSEC");
-    BorradoComprobante c;
-    c.tipo = t("TICO_COD");
-    c.prefijo = t("PRCO_PREF");
-    c.numero = t("ENCO_NUMERO");
-    c.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
-    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
-                 "delete from comprobante_detalle_niif where enco_consec = " + id,
-                 "update comprobante_encabezado set enco_usuario = " + QuotedStr(fdm().usuario) +
-                     " where enco_consec = " + QString::number(comprobante_borrado),
-                 "delete from comprobante_encabezado where enco_consec = " + id};
-    const ResultadoBorrado resultado = borre_comprobante(c);
+    PedidoBorrado pedido;
+    pedido.id = CMovimiento.FieldByName("ENCO_CONSEC").entero();
+    pedido.tipo = t("TICO_COD");
+    pedido.prefijo = t("PRCO_PREF");
+    pedido.numero = t("ENCO_NUMERO");
+    pedido.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
+    const ResultadoBorrado resultado = fdmcnt().borrar_comprobante(objectName(), pedido);
     if (resultado == ResultadoBorrado::Negado || resultado == ResultadoBorrado::Borrado)
         close();
 }

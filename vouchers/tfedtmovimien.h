@@ -37,6 +37,8 @@ protected:
 
 private:
     void CMovimientoAfterEdit();
+    /// F2 imprime sin grabar: no hay nada que se pueda cambiar.
+    void deje_solo_imprimir();
     void SBBorrarClick();
     void ReplicaraNIIF1Click();
     void muestre_columnas(bool visibles);
@@ -47,7 +49,7 @@ private:
     void traiga_plantilla(const QString& plantilla) override;
     void borre_desde_la_actual(ConjuntoDatos& lineas);
 
+    bool solo_imprime_ = false;
     QString anio_voucher;
     int mes_voucher = 0;
-    int comprobante_borrado = 0; ///< nadie lo asigna: el update previo al borrado nombra el 0
 };

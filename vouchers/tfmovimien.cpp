@@ -12,21 +12,12 @@ Tfmovimien::Tfmovimien()
       CPrefijos(this, "CPrefijos", &PPrefijos), CProyectos(this, "CProyectos", &PProyectos),
       CCentros(this, "CCentros"), CPlantilla(this, "CPlantilla", &PPlantilla),
       CPlantilladet(this, "CPlantilladet"), Cplantilladn(this, "Cplantilladn") {
-    CPrefijos.texto("TICO_COD", 3);
-    CPrefijos.texto("PRCO_PREF", 4);
-    CPrefijos.texto("PRCO_AUTO", 1);
-    CPrefijos.texto("PREF_NUMERO", 6);
-    CPrefijos.texto("PRCO_USUARIO", 10);
-    CPrefijos.texto("PRCO_ACTIVO", 1);
+    campos_prefijos(CPrefijos);
     CPrefijos.CommandText =
         "SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = '' AND PRCO_ACTIVO = 'S'";
     CCentros.anide_en(&CProyectos, &fdm().TCentros);
-    CProyectos.texto("PROY_COD", 4);
-    CProyectos.texto("PROY_NOM", 60);
-    CCentros.texto("PROY_COD", 4);
-    CCentros.texto("CENT_COD", 4);
-    CCentros.texto("CENT_NOM", 60);
-    CCentros.entero("SUCU_ID");
+    campos_proyectos(CProyectos);
+    campos_centros(CCentros);
     CCentros.Filter("SUCU_ID = 0");
     CPlantilladet.anide_en(&CPlantilla, &fdmcnt().TPlantilladetalle);
     Cplantilladn.anide_en(&CPlantilla, &fdmcnt().TPlantilladn);
@@ -76,6 +67,11 @@ void Tfmovimien::FormCreate() {
     tipo_anterior.clear();
     en_grilla = false;
     fdm().ConfigurarProviders(this);
+    // El derecho, antes que nada: el comprobante provisional se podría eliminar sin él.
+    if (!fdm().exija_acceso(30)) {
+        pida_cierre_al_crear();
+        return;
+    }
     {
         const QSignalBlocker callada(PageControl1); // escoger la página inicial no graba nada
         lea_configuracion(Orden::Digitar);
@@ -94,8 +90,6 @@ void Tfmovimien::FormCreate() {
     else
         recupere_provisional();
     tamano_del_area(60, 40);
-    if (!fdm().exija_acceso(30))
-        pida_cierre_al_crear();
 }
 
 void Tfmovimien::recupere_provisional() {
@@ -304,7 +298,7 @@ bool Tfmovimien::ya_habia_quedado_grabado() {
         return false;
     // Un intento que falla se deshace entero: si el id está en la base, lo que se perdió fue la
     // respuesta del servidor y no el comprobante.
-    const QString id = CMovimiento.FieldByName("ENCO_CONSEC").texto();
+    const QString id = QString::number(CMovimiento.FieldByName("ENCO_CONSEC").entero());
     CBorrar.Open("select enco_numero from comprobante_encabezado where enco_consec = " + id);
     if (CBorrar.IsEmpty())
         return false;
