@@ -54,6 +54,8 @@ void Tfprincipal::FormActivate() {
         return;
     }
     conecte_compania();
+    if (!version_al_dia(fdm().Quorvex, TipoBase::Compania))
+        return;
     fdm().cargue_configuracion();
     fdm().registros_paquete =
         Tfdm::entero(general("NUMERO DE REGISTROS A TRANSMITIR SIMULTANEAMENTE"));
@@ -62,6 +64,9 @@ void Tfprincipal::FormActivate() {
     LabRevision->setText(LabRevision->text() + fdm().QRevision.Fields(0).texto());
     fdm().QRevision.Close();
     conecte_general();
+    if (!version_al_dia(fdm().ConGeneral, TipoBase::General))
+        return;
+    ConGeneralAfterConnect();
     lea_usuario();
     lea_compania();
     tome_colores();
@@ -97,7 +102,17 @@ void Tfprincipal::conecte_compania() {
 void Tfprincipal::conecte_general() {
     fdm().ConGeneral.desconectar();
     fdm().ConGeneral.conectar({ruta_base(ubicaciondb(ubicacion_parametro), {}), usuario, clave});
-    ConGeneralAfterConnect();
+}
+
+bool Tfprincipal::version_al_dia(Conexion& base, TipoBase tipo) {
+    const QString negativa = negativa_de_version(tipo, version_de_esquema(base));
+    if (negativa.isEmpty())
+        return true;
+    muestre_error(negativa);
+    fdm().ConGeneral.desconectar(); // no hay sesión que anotar ni que cerrar
+    fdm().Quorvex.desconectar();
+    close();
+    return false;
 }
 
 void Tfprincipal::ConGeneralAfterConnect() {

@@ -195,6 +195,8 @@ void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int
     const QByteArray programa = QCoreApplication::applicationName().toLocal8Bit();
     dpb->insertString(&estado, isc_dpb_process_name, programa.constData());
     dpb->insertInt(&estado, isc_dpb_process_id, int(QCoreApplication::applicationPid()));
+    if (!crear && !parametros.rol.isEmpty())
+        dpb->insertString(&estado, isc_dpb_sql_role_name, a_latin1(parametros.rol).constData());
     if (crear) {
         dpb->insertInt(&estado, isc_dpb_page_size, 8192);
         dpb->insertString(&estado, isc_dpb_set_db_charset, "ISO8859_1");
@@ -353,7 +355,12 @@ Transaccion::Transaccion(Conexion& conexion, Modo modo)
         throw ErrorBase(QStringLiteral("No hay conexión con la base de datos."), 0, false, true);
     Estado estado;
     IXpbBuilder* tpb = utilidades()->getXpbBuilder(&estado, IXpbBuilder::TPB, nullptr, 0);
-    if (modo == Modo::Instantanea) {
+    if (modo == Modo::EscrituraInstantanea) {
+        tpb->insertTag(&estado, isc_tpb_concurrency);
+        tpb->insertTag(&estado, isc_tpb_write);
+        tpb->insertTag(&estado, isc_tpb_wait);
+        tpb->insertInt(&estado, isc_tpb_lock_timeout, conexion.parametros().espera_segundos);
+    } else if (modo == Modo::Instantanea) {
         tpb->insertTag(&estado, isc_tpb_concurrency);
         tpb->insertTag(&estado, isc_tpb_read);
         tpb->insertTag(&estado, isc_tpb_nowait);

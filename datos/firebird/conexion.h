@@ -21,6 +21,9 @@ class Transaccion;
 class Preparada;
 class Cursor;
 
+/// Papel con que entra el programa: lo crean los guiones y lo concede la administración.
+inline constexpr const char* kRolPrograma = "QUORVEX_PROGRAMA";
+
 struct ParametrosConexion {
     QString base; ///< "equipo/puerto:ruta" o una ruta del equipo local
     QString usuario;
@@ -28,6 +31,8 @@ struct ParametrosConexion {
     int espera_segundos = 10; ///< cuánto se espera por una fila que otro tiene tomada
     /// Solo al crear: cada escritura llega al disco antes de seguir. Una base desechable lo apaga.
     bool escritura_forzada = true;
+    /// Papel que se toma al entrar; con uno que no le han concedido, el usuario entra sin ninguno.
+    QString rol = QLatin1String(kRolPrograma);
 };
 
 enum class TipoColumna { Texto, Entero, Decimal, Fecha, Hora, FechaHora, Memo, Binario, Flotante };
@@ -102,8 +107,9 @@ private:
 class Transaccion {
 public:
     enum class Modo {
-        Escritura,   ///< lectura confirmada, espera bloqueos
-        Lectura,     ///< solo lectura, lectura confirmada
+        Escritura,            ///< lectura confirmada, espera bloqueos
+        EscrituraInstantanea, ///< escribe sobre una sola foto: lo que otro cambie es conflicto
+        Lectura,              ///< solo lectura, lectura confirmada
         Instantanea, ///< solo lectura, una sola foto de toda la base: lo que se imprime cuadra
     };
     Transaccion(Conexion& conexion, Modo modo);
