@@ -397,6 +397,7 @@ void FormaRango::imprimirClick() {
     motor.abrir_proyecto(motor.ProjectFile);
     fije_variables(motor, ETit->text());
     motor.conecte(datos_.conexion, CAuxiliar);
+    motor.al_componer = [this] { CAuxiliar.Close(); };
     motor.seleccionar_reporte(reporte());
     const QString pagina = reporte() + QStringLiteral(".Page1");
     if (niif() && !titulo_niif().isEmpty())

@@ -117,7 +117,7 @@ QVector<Renglon> renglones_de(const Hojas& hojas, int pagina) {
     QVector<Puesto> puestos;
     for (const Trazo& t : trazos)
         if (t.clase == Trazo::Texto)
-            puestos << Puesto{t.parte ? t.lugar.y() + 1 : t.lugar.center().y(), &t};
+            puestos << Puesto{t.lugar.center().y(), &t};
         else if (t.clase == Trazo::Linea && t.lugar.height() == 0 && t.lugar.width() > 20)
             puestos << Puesto{t.lugar.y(), &t};
     std::stable_sort(puestos.begin(), puestos.end(),
