@@ -9,6 +9,7 @@
 #include "catalogues/copiacuentas.h"
 #include "catalogues/terceros.h"
 #include "sesion/apertura.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/disposicion_flujo.h"
@@ -279,14 +280,6 @@ void Tfprincipal::ejecute(const Comando& comando) {
 }
 
 void Tfprincipal::abra(const Comando& comando) {
-    if (comando.modo == kModoMantenimiento)
-        fdm().modo_mantenimiento = true;
-    else if (comando.modo == kModoDescuadres)
-        fdmcnt().cuenta_auxiliar = fdm().configuracion(
-            "CONTABILIDAD", "GENERAL", "CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ");
-    else if (!comando.modo.isEmpty())
-        fdmcnt().tipo_informe = comando.modo;
-
     if (comando.nombre == "Nuevotercero1")
         crear_tercero();
     else if (comando.nombre == "Regitrodeterceros1")
@@ -294,11 +287,21 @@ void Tfprincipal::abra(const Comando& comando) {
     else if (comando.nombre == "CopiarcuentasaNIIF1")
         copie_cuentas_a_niif();
     else if (comando.apertura == Apertura::Modal)
-        pantallas().abrir_modal(comando.abre);
+        pantallas().abrir_modal(comando.abre, peticion(comando));
     else
-        pantallas().abrir(comando.abre);
-    // La pantalla ya lo tomó al crearse; si se negó, no queda para la siguiente.
-    fdm().modo_mantenimiento = false;
+        pantallas().abrir(comando.abre, peticion(comando));
+}
+
+Encargo Tfprincipal::peticion(const Comando& comando) {
+    if (comando.modo == kModoMantenimiento)
+        return AbreLista{.modo_mantenimiento = true};
+    if (comando.modo == kModoDescuadres)
+        return AbreAuxiliar{.cuenta_auxiliar = fdm().configuracion(
+                                "CONTABILIDAD", "GENERAL",
+                                "CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ")};
+    if (!comando.modo.isEmpty())
+        return AbreInforme{comando.modo};
+    return {};
 }
 
 void Tfprincipal::crear_tercero() {

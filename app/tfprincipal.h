@@ -73,6 +73,8 @@ private:
     BotonComando* boton(const Comando& comando);
     void acomode_panel_superior(); ///< en un renglón si la ventana es pequeña para su letra
     void abra(const Comando& comando);
+    /// Lo que el modo de la orden dice a la pantalla que abre.
+    static Encargo peticion(const Comando& comando);
     void abra_pagina();
     // tfprincipal_menu.cpp
     void arme_menu();

@@ -4,8 +4,8 @@
 #include "app/compactador.h"
 #include "app/paneldegradado.h"
 #include "app/vigiamensajes.h"
-#include "sesion/apertura.h"
 #include "datos/firebird/claves.h"
+#include "sesion/apertura.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -178,7 +178,7 @@ void Tfprincipal::abra_iniciales() {
     if (contable("MOSTRAR COMPROBANTES SIN CONTABILIZAR AL ENTRAR AL MODULO") == "SI" &&
         hay_pantalla("Tfsincontab"))
         pantallas().abrir_modal("Tfsincontab");
-    fdmcnt().balance_por_recalcular = true;
+    emit fdmcnt().balance_por_recalcular();
     if (contable("MOSTRAR EL BALANCE DE PRUEBA AL ENTRAR AL MODULO") == "SI" &&
         fdm().exija_acceso(150))
         abra_o_avise("Tfbalanceprueba");

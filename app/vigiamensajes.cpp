@@ -2,6 +2,7 @@
 
 #include "app/ventanaavisos.h"
 #include "sesion/apertura.h"
+#include "sesion/peticiones.h"
 
 namespace {
 
@@ -72,10 +73,9 @@ void VigiaMensajes::AdvAlertWindow2AlertClick() {
 
 void VigiaMensajes::AdvAlertWindow2PopupClick() {
     const QString id = AdvAlertWindow2->texto_actual().section("<br>", 0, 0);
-    fdm().mensaje_responder = id;
-    fdm().autor_responder =
+    const QString autor =
         CMensajes.valor_unico("select mens_autor from mensajeria where mens_id = " + id).texto();
     marque_leido(id);
     AdvAlertWindow2->cierre();
-    abra_o_avise("Tfmensaje");
+    abra_o_avise("Tfmensaje", RespondeMensaje{id, autor});
 }

@@ -1,6 +1,6 @@
 #include "catalogues/forma_tercero.h"
 
-#include "catalogues/tfcuentas.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "sesion/tfdmter.h"
@@ -163,7 +163,7 @@ void FormaTercero::DBEdit9DblClick(EditorDato& editor) {
 }
 
 void FormaTercero::escoja_cuenta(Campo& campo, const QString& desde) {
-    const QString escogida = ::escoja_cuenta(desde);
+    const QString escogida = escoja_cuenta_modal(desde);
     if (!escogida.isEmpty())
         campo = escogida;
     else if (campo.texto().startsWith('?'))

@@ -1,7 +1,7 @@
 #include "catalogues/lista_catalogo.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
-#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -55,6 +55,7 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
 }
 
 void ListaCatalogo::aplique_modo() {
+    modo_mantenimiento_ = peticion<AbreLista>().modo_mantenimiento;
     auto* seleccionar = findChild<QPushButton*>("SBSelec");
     seleccionar->setVisible(!modo_mantenimiento_);
     barra_->principal(modo_mantenimiento_ ? findChild<QPushButton*>("SBModificar") : seleccionar);
@@ -74,8 +75,7 @@ void ListaCatalogo::enter() {
         SBSelecClick();
 }
 
-bool ListaCatalogo::busque_lo_pedido() {
-    const QString texto = std::exchange(fdmcnt().texto_busqueda, {});
+bool ListaCatalogo::busque_lo_pedido(const QString& texto) {
     if (texto.isEmpty())
         return false;
     busqueda_->ItemIndex(texto[0].isDigit() ? 0 : 1);

@@ -28,9 +28,18 @@ protected:
     void boton_salir();
     /// Deja a la vista los botones del modo en que se abrió.
     void aplique_modo();
-    /// Busca el texto que otra pantalla dejó tras un "?": por la primera columna si empieza por
-    /// cifra y si no por la segunda. Falso si no dejó ninguno.
-    bool busque_lo_pedido();
+    /// Con fila señalada contesta su código a quien abrió la lista; cierra en todo caso.
+    template <class P> void responda_codigo() {
+        if (!codigo().isEmpty())
+            responda<P>(codigo());
+        if (es_modal())
+            resultado_modal(mrOk);
+        else
+            close();
+    }
+    /// Busca el texto con que otra pantalla la abrió tras un "?": por la primera columna si empieza
+    /// por cifra y si no por la segunda. Falso si viene vacío.
+    bool busque_lo_pedido(const QString& texto_busqueda);
     /// Código de la fila actual, la primera columna; vacío sin filas.
     QString codigo() const;
     /// Cierra, cambia el texto y abre.

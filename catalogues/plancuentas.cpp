@@ -5,10 +5,10 @@
 namespace {
 
 const PlanCuentas kPlanes[] = {
-    {"Plan de cuentas", "Nueva cuenta", "Modificar cuenta", "MantCuentas", "Tfsaldoterc", false,
-     true, true, true, false},
+    {"Plan de cuentas", "Nueva cuenta", "Modificar cuenta", "MantCuentas", "Tfsaldoterc", true,
+     true, true, false},
     {"Plan de cuentas NIIF", "Nueva cuenta NIIF", "Modificar cuenta NIIF", "Cuentasniif",
-     "Tfsaldotercniif", true, false, false, false, true},
+     "Tfsaldotercniif", false, false, false, true},
 };
 
 } // namespace

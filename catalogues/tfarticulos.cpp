@@ -1,8 +1,8 @@
 #include "catalogues/tfarticulos.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"
-#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 
@@ -47,11 +47,9 @@ void Tfarticulos::SBNuevoClick() {
 void Tfarticulos::SBModificarClick() {
     if (codigo().isEmpty())
         return;
-    fdmcnt().articulo_seleccion = codigo();
-    pantallas().abrir("Tfedtarticulo");
+    pantallas().abrir("Tfedtarticulo", AbreArticulo{codigo()});
 }
 
 void Tfarticulos::SBSelecClick() {
-    fdmcnt().articulo_seleccion = codigo();
-    close();
+    responda_codigo<PideArticulo>();
 }

@@ -1,7 +1,7 @@
 #include "catalogues/tfcentros.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
-#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -42,7 +42,6 @@ Tfcentros::Tfcentros()
 
 void Tfcentros::FormCreate() {
     fdm().ConfigurarProviders(this);
-    modo_selector_ = std::exchange(fdm().modo_selector, false);
     CSubemp->Open();
     liste_agencias();
     const bool por_agencia =
@@ -79,9 +78,9 @@ void Tfcentros::SBGrabarClick() {
 }
 
 void Tfcentros::SBSelecClick() {
-    fdmcnt().centro_seleccion = detalle_->FieldByName("CENT_COD").texto();
-    fdmcnt().proyecto_seleccion = maestro_->FieldByName("PROY_COD").texto();
-    if (modo_selector_)
+    responda<PideCentro>({.proyecto_seleccion = maestro_->FieldByName("PROY_COD").texto(),
+                          .centro_seleccion = detalle_->FieldByName("CENT_COD").texto()});
+    if (peticion<PideCentro>().modo_selector)
         resultado_modal(mrOk);
     else
         close();

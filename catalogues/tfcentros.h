@@ -16,5 +16,4 @@ private:
 
     Proveedor* PSubemp;
     ConjuntoDatos* CSubemp;
-    bool modo_selector_ = false;
 };

@@ -1,6 +1,6 @@
 #include "catalogues/tfconceptos.h"
 
-#include "sesion/tfdm.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -19,10 +19,9 @@ Tfconceptos::Tfconceptos()
 }
 
 void Tfconceptos::FormCreate() {
-    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
     RejillaCatalogo::FormCreate();
     // Como selector, Enter escoge; en mantenimiento sigue siendo de la rejilla.
-    if (!modo_mantenimiento_)
+    if (!peticion<AbreLista>().modo_mantenimiento)
         tecla(Qt::Key_Return, "SpeedButton1", [this] {
             if (conjunto_->editando())
                 conjunto_->Post();
@@ -32,6 +31,6 @@ void Tfconceptos::FormCreate() {
 }
 
 void Tfconceptos::SpeedButton1Click() {
-    fdmcnt().concepto_seleccion = conjunto_->FieldByName("CONC_COD").texto();
+    responda<PideConcepto>(conjunto_->FieldByName("CONC_COD").texto());
     close();
 }

@@ -1,6 +1,7 @@
 #include "catalogues/tfdocsterc.h"
 
 #include "catalogues/terceros.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"
@@ -43,7 +44,7 @@ Tfdocsterc::Tfdocsterc() : Pantalla("Tfdocsterc", "Documentos del tercero") {
 void Tfdocsterc::FormCreate() {
     fdm().ConfigurarProviders(this);
     CDocs->PacketRecords = 5; // cada fila trae su documento entero
-    nit_ = std::exchange(fdmter().tercero_seleccion, QString());
+    nit_ = peticion<AbreTercero>().tercero_seleccion;
     setWindowTitle(windowTitle() + ' ' + nit_);
     CDocs->Open("select * from tercero_documentos where terc_nit = " + QuotedStr(nit_));
     DBGridEh1->setFocus();
@@ -55,8 +56,7 @@ void Tfdocsterc::CDocsAfterScroll() {
 }
 
 void Tfdocsterc::PngSpeedButton1Click() {
-    fdmter().tercero_seleccion = nit_;
-    if (pantallas().abrir_modal("Tfnvodocterc") == mrOk)
+    if (pantallas().abrir_modal("Tfnvodocterc", AbreTercero{nit_}) == mrOk)
         CDocs->Open(CDocs->CommandText);
 }
 

@@ -1,6 +1,7 @@
 #include "catalogues/tfmodcuenta.h"
 
 #include "catalogues/plancuentas.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -43,8 +44,7 @@ void Tfmodcuenta::arme_botones() {
 
 void Tfmodcuenta::FormCreate() {
     fdm().ConfigurarProviders(this);
-    // Aquí se vacía: si siguiera puesta, FormActivate la tomaría por la equivalencia escogida.
-    const QString cuenta = std::exchange(fdmcnt().cuenta_seleccion, {});
+    const QString cuenta = peticion<AbreCuenta>().cuenta_seleccion;
     CCuentas->Open();
     if (!CCuentas->Locate("CUEN_COD", {cuenta})) {
         muestre_mensaje("La " + QString(datos(libro_).cuenta_de) + ' ' + cuenta + " no existe.");
@@ -56,7 +56,6 @@ void Tfmodcuenta::FormCreate() {
 }
 
 void Tfmodcuenta::FormActivate() {
-    FichaCuenta::FormActivate();
     if (ECodigo->hasFocus())
         ENombre->setFocus(); // el código no se cambia
 }

@@ -1,5 +1,6 @@
 #include "catalogues/tfnormas.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -57,7 +58,7 @@ void Tfnormas::SBSelecClick() {
         QApplication::beep();
         return;
     }
-    fdmcnt().norma_seleccion = detalle_->FieldByName("NNIF_ID").texto();
-    fdmcnt().item_norma_seleccion = detalle_->FieldByName("NNID_ITEM").texto();
+    responda<PideNorma>({.norma_seleccion = detalle_->FieldByName("NNIF_ID").texto(),
+                         .item_norma_seleccion = detalle_->FieldByName("NNID_ITEM").texto()});
     close();
 }

@@ -1,5 +1,6 @@
 #include "catalogues/tfnvodocterc.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"
@@ -47,7 +48,7 @@ Tfnvodocterc::Tfnvodocterc() : Pantalla("Tfnvodocterc", "Nuevo documento del ter
 
 void Tfnvodocterc::FormCreate() {
     fdm().ConfigurarProviders(this);
-    const QString nit = std::exchange(fdmter().tercero_seleccion, QString());
+    const QString nit = peticion<AbreTercero>().tercero_seleccion;
     // Sin filas: solo se agrega, y leer las otras traería sus documentos.
     CDocs->Open("select * from tercero_documentos where terc_nit = " + QuotedStr(nit) +
                 " and tedo_item < 0");

@@ -1,5 +1,6 @@
 #include "catalogues/tfnvotercero.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/controles/editordato.h"
@@ -20,7 +21,7 @@ void Tfnvotercero::FormCreate() {
     CTerceros->Open();
     CTerceros->Append();
     ENit->setFocus();
-    const QString pedido = std::exchange(fdmter().tercero_seleccion, QString());
+    const QString pedido = peticion<PideNuevoTercero>().tercero_seleccion;
     if (pedido.isEmpty())
         return;
     un_solo_nit_ = true;
@@ -65,7 +66,7 @@ void Tfnvotercero::SBGrabarClick() {
     if (campo("TERC_PROV").texto() == "S")
         agregue_proveedor();
     if (un_solo_nit_) {
-        fdmter().tercero_seleccion = campo("TERC_NIT").texto();
+        responda<PideNuevoTercero>(campo("TERC_NIT").texto());
         close();
         return;
     }

@@ -52,7 +52,7 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
 
     auto* barra = new BarraBotones(this);
     SBSelec = barra->boton("SBSelec", "Enter:Selecciona", "emblem-default", {},
-                           [this] { resultado_modal(mrOk); });
+                           [this] { SBSelecClick(); });
     SBSelec->hide();
     barra->boton("SpeedButton1", "Crear Seleccionados", "list-add", {},
                  [this] { SpeedButton1Click(); });
@@ -66,11 +66,22 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
 void Tfpuc::ofrezca_seleccion() {
     SBSelec->show();
     tecla(Qt::Key_Return, "SBSelec");
-    DBGridEh1->OnDblClick = [this](int) { resultado_modal(mrOk); };
+    DBGridEh1->OnDblClick = [this](int) { SBSelecClick(); };
+}
+
+void Tfpuc::SBSelecClick() {
+    QMap<QString, Valor> cuenta;
+    for (int i = 0; i < CPuc->FieldCount(); ++i)
+        cuenta[CPuc->Fields(i).FieldName] = CPuc->Fields(i).valor();
+    if (!CPuc->IsEmpty())
+        responda<PidePuc>(cuenta);
+    resultado_modal(mrOk);
 }
 
 void Tfpuc::FormCreate() {
     fdm().ConfigurarProviders(this);
+    if (trae<PidePuc>())
+        ofrezca_seleccion();
     base_ = QStringLiteral("select * from PUC where TIPU_COD = %1 ").arg(lista_en_uso());
     CPuc->Open(base_ + "order by puc_cod");
 }

@@ -2,8 +2,8 @@
 
 #include "catalogues/terceros.h"
 #include "sesion/apertura.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
-#include "sesion/tfdmcnt.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
@@ -55,7 +55,6 @@ Tfterceros::Tfterceros()
 }
 
 void Tfterceros::FormCreate() {
-    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
     fdm().ConfigurarProviders(this);
     aplique_modo();
     if (!fdm().exija_acceso(11)) {
@@ -67,7 +66,7 @@ void Tfterceros::FormCreate() {
         conjunto_->Filter("TERC_ESTADO = 'S'");
         conjunto_->Filtered(true);
     }
-    if (!busque_lo_pedido())
+    if (!busque_lo_pedido(peticion<PideTercero>().texto_busqueda))
         consulte(kBase + "where terc_estado = 'S' order by terc_nom");
 }
 
@@ -102,19 +101,16 @@ void Tfterceros::SBNuevoClick() {
 void Tfterceros::SBModificarClick() {
     if (codigo().isEmpty())
         return;
-    fdmter().tercero_seleccion = codigo();
-    pantallas().abrir("Tfmodtercero");
+    pantallas().abrir("Tfmodtercero", AbreTercero{codigo()});
 }
 
 void Tfterceros::SBSelecClick() {
-    fdmter().tercero_seleccion = codigo();
-    close();
+    responda_codigo<PideTercero>();
 }
 
 void Tfterceros::SBMovimientoClick() {
     if (codigo().isEmpty())
         return;
-    fdmcnt().nit_comprobantes = codigo();
-    fdmter().nombre_seleccion = conjunto_->FieldByName("TERC_NOM").texto();
-    abra_o_avise("Tfcomproterc");
+    abra_o_avise("Tfcomproterc",
+                 AbreComprobantesTercero{codigo(), conjunto_->FieldByName("TERC_NOM").texto()});
 }

@@ -1,6 +1,7 @@
 #include "catalogues/tftipodoc.h"
 
 #include "sesion/apertura.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -96,7 +97,7 @@ void Tftipodoc::SpeedButton2Click() {
 void Tftipodoc::SpeedButton3Click() {
     const bool por_tipo = fdm().configurado_si(
         "COMPROBANTES", "USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR");
-    fdm().formato_actual = por_tipo ? maestro_->FieldByName("TICO_COD").texto()
-                                    : detalle_->FieldByName("PRCO_PREF").texto();
-    abra_o_avise("Tfedtformato");
+    abra_o_avise("Tfedtformato",
+                 AbreFormato{por_tipo ? maestro_->FieldByName("TICO_COD").texto()
+                                      : detalle_->FieldByName("PRCO_PREF").texto()});
 }

@@ -156,8 +156,7 @@ void Tfauxiliar::SpeedButton3Click() {
 }
 
 void Tfauxiliar::editar_comprobante(const QString& id) {
-    fdmcnt().comprobante_encontrado = id;
-    pantallas().abrir("Tfedtmovimien");
+    abra_comprobante(id);
 }
 
 void Tfauxiliar::borrar_comprobante(const QString& id) {
@@ -174,7 +173,7 @@ void Tfauxiliar::borrar_comprobante(const QString& id) {
         close();
         break;
     case ResultadoBorrado::Borrado:
-        fdmcnt().balance_por_recalcular = true;
+        emit fdmcnt().balance_por_recalcular();
         CAuxiliar.Refresh();
         break;
     default:

@@ -2,6 +2,7 @@
 
 #include "catalogues/letracuenta.h"
 #include "ledger/cifrascontrol.h"
+#include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/estilo.h"
@@ -71,6 +72,7 @@ Tfbalanceprueba::Tfbalanceprueba()
     f.botones(findChild<BarraBotones*>());
     flechas("SpeedButton1", "SpeedButton2");
     tamano_del_area(140, 130);
+    connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] { por_recalcular_ = true; });
 
     Panel->setObjectName("Panel");
     Panel->setFrameShape(QFrame::StyledPanel);
@@ -161,15 +163,14 @@ void Tfbalanceprueba::FormCreate() {
                             "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
                             "HACER CONSULTAS") == "2649";
     PageControl1->setCurrentIndex(local ? 0 : 1);
-    fdmcnt().balance_por_recalcular = true;
 }
 
 void Tfbalanceprueba::FormActivate() {
-    if (fdmcnt().balance_por_recalcular) {
+    if (por_recalcular_) {
         actualice_balance();
         ubique(actual(), actual().posicion);
         actual().posicion.clear();
-        fdmcnt().balance_por_recalcular = false;
+        por_recalcular_ = false;
     }
     actual().rejilla->setFocus();
 }
@@ -273,18 +274,16 @@ void Tfbalanceprueba::BitBtn3Click() {
 
 // ---------------------------------------------------------------- consultas de la cuenta
 
-bool Tfbalanceprueba::consulte(Pagina& pagina, const QString& codigo) {
+bool Tfbalanceprueba::consulte(Pagina& pagina, const QString& codigo, const char* pantalla) {
     pagina.posicion = this->codigo(pagina);
     if (!fdmcnt().valide_cuenta(codigo, pagina.datos->libro))
         return false;
-    fdmcnt().cuenta_auxiliar = codigo;
+    pantallas().abrir(pantalla, AbreAuxiliar{.cuenta_auxiliar = codigo});
     return true;
 }
 
 void Tfbalanceprueba::abra(Pagina& pagina, const QString& codigo, const char* pantalla) {
-    if (consulte(pagina, codigo))
-        pantallas().abrir(pantalla);
-    else
+    if (!consulte(pagina, codigo, pantalla))
         QApplication::beep();
 }
 
@@ -313,6 +312,5 @@ void Tfbalanceprueba::BitBtn8Click() {
 
 void Tfbalanceprueba::BitBtn1Click() {
     // Los artículos son del libro 2649, se vea la página que se vea; un rechazo no pita.
-    if (consulte(paginas_[0], codigo(paginas_[0])))
-        pantallas().abrir("Tfsaldoartc");
+    consulte(paginas_[0], codigo(paginas_[0]), "Tfsaldoartc");
 }

@@ -1,9 +1,9 @@
 #include "reports/forma_rango.h"
 
-#include "sesion/instalacion.h"
-#include "sesion/tfdmter.h"
-#include "sesion/variables_informe.h"
 #include "reports/columnas_auxiliar.h"
+#include "sesion/instalacion.h"
+#include "sesion/peticiones.h"
+#include "sesion/variables_informe.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/dialogos.h"
@@ -30,25 +30,24 @@ constexpr int kPrimerAno = 1990;
 struct AspectoCaja {
     int caracteres;
     QString ayuda;
-    QString lista; ///< pantalla que escoge el dato
 };
 
 AspectoCaja aspecto_de(ClaseRango clase) {
     const QString con_lista = QStringLiteral("F5 o doble clic muestra la lista");
     switch (clase) {
     case ClaseRango::Cuenta:
-        return {20, con_lista, QStringLiteral("Tfcuentas")};
+        return {20, con_lista};
     case ClaseRango::Tercero:
-        return {15, con_lista, QStringLiteral("Tfterceros")};
+        return {15, con_lista};
     case ClaseRango::Proyecto:
     case ClaseRango::Centro:
-        return {4, con_lista, QStringLiteral("Tfcentros")};
+        return {4, con_lista};
     case ClaseRango::Fecha:
-        return {kLargoFecha, QStringLiteral("aaaammdd"), {}};
+        return {kLargoFecha, QStringLiteral("aaaammdd")};
     case ClaseRango::Tipo:
-        return {0, QStringLiteral("F5 muestra la lista"), {}};
+        return {0, QStringLiteral("F5 muestra la lista")};
     default:
-        return {10, {}, {}};
+        return {10, {}};
     }
 }
 
@@ -298,40 +297,36 @@ void FormaRango::busque(QWidget* caja) {
         return;
     }
     const ParRango* par = caja ? par_de(caja->objectName()) : nullptr;
-    const QString lista = par ? aspecto_de(clase_de(*par)).lista : QString();
-    if (lista.isEmpty())
-        return;
-    pidio_ = caja;
-    fdm().modo_mantenimiento = false;
-    pantallas().abrir(par->clase == ClaseRango::Cuenta && niif() ? QStringLiteral("Tfcuentasniif")
-                                                                 : lista);
-}
-
-void FormaRango::FormActivate() {
-    // La lista dejó lo escogido en la sesión; va a la caja que la pidió.
-    QString cuenta = std::exchange(fdmcnt().cuenta_seleccion, {});
-    QString tercero = std::exchange(fdmter().tercero_seleccion, {});
-    QString proyecto = std::exchange(fdmcnt().proyecto_seleccion, {});
-    QString centro = std::exchange(fdmcnt().centro_seleccion, {});
-    const ParRango* par = pidio_ ? par_de(pidio_->objectName()) : nullptr;
     if (!par)
         return;
-    if (par->clase == ClaseRango::Cuenta)
-        reciba(renglon(pidio_->objectName()), cuenta);
-    else if (par->clase == ClaseRango::Tercero)
-        reciba(renglon(pidio_->objectName()), tercero);
-    else {
-        // Proyecto y centro se escogen juntos: el otro par recibe el suyo del mismo lado.
-        const bool abajo = par->desde == pidio_->objectName();
-        for (const ParRango& p : datos_.pares) {
-            const QString& caja = abajo ? p.desde : p.hasta;
-            if (p.clase == ClaseRango::Proyecto)
-                reciba(renglon(caja), proyecto);
-            else if (p.clase == ClaseRango::Centro)
-                reciba(renglon(caja), centro);
-        }
+    QLineEdit* destino = renglon(caja->objectName());
+    const auto reciba_codigo = [this, destino](const QString& codigo) { reciba(destino, codigo); };
+    switch (clase_de(*par)) {
+    case ClaseRango::Cuenta:
+        escoja_cuenta(*this, niif() ? Libro::Niif : Libro::Decreto2649, {}, reciba_codigo);
+        break;
+    case ClaseRango::Tercero:
+        escoja_tercero(*this, {}, reciba_codigo);
+        break;
+    case ClaseRango::Proyecto:
+    case ClaseRango::Centro:
+        escoja_centro(*this, [this, abajo = par->desde == caja->objectName()](
+                                 const CentroEscogido& centro) { reciba_centro(abajo, centro); });
+        break;
+    default:
+        break;
     }
-    pidio_.clear();
+}
+
+void FormaRango::reciba_centro(bool abajo, const CentroEscogido& centro) {
+    // Proyecto y centro se escogen juntos: el otro par recibe el suyo del mismo lado.
+    for (const ParRango& p : datos_.pares) {
+        const QString& caja = abajo ? p.desde : p.hasta;
+        if (p.clase == ClaseRango::Proyecto)
+            reciba(renglon(caja), centro.proyecto_seleccion);
+        else if (p.clase == ClaseRango::Centro)
+            reciba(renglon(caja), centro.centro_seleccion);
+    }
 }
 
 void FormaRango::reciba(QLineEdit* caja, const QString& valor) {

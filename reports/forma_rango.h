@@ -17,6 +17,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class Rejilla;
+struct CentroEscogido;
 
 /// Qué recibe una caja de rango, y por tanto qué lista se abre desde ella.
 /// El tipo de comprobante se digita o se escoge de su lista en la misma caja.
@@ -62,7 +63,6 @@ public:
     QLabel* Panel5;
 
     void FormCreate() override;
-    void FormActivate() override;
 
     void imprimirClick();
     void botonExportarClick();
@@ -121,6 +121,7 @@ private:
     void EHastaExit(const ParRango& par);
     void busque(QWidget* caja);
     void reciba(QLineEdit* caja, const QString& valor);
+    void reciba_centro(bool abajo, const CentroEscogido& centro);
     void complete_rangos();
     /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
     [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
@@ -129,6 +130,4 @@ private:
     /// Donde se escribe: la caja misma o la de su lista.
     QLineEdit* renglon(const QString& nombre) const;
     const ParRango* par_de(const QString& caja) const;
-
-    QPointer<QWidget> pidio_; ///< la caja que abrió una lista
 };

@@ -4,11 +4,6 @@
 
 namespace {
 
-QMap<AreaSuite, ModuloSuite*>& creados() {
-    static QMap<AreaSuite, ModuloSuite*> todos;
-    return todos;
-}
-
 struct Tramo {
     int desde, hasta;
     AreaSuite area;
@@ -31,17 +26,7 @@ AreaSuite area_del_documento(int tipo) {
     return AreaSuite::Facturacion;
 }
 
-ModuloSuite::ModuloSuite(const char* nombre, AreaSuite area) : area_(area) {
+ModuloSuite::ModuloSuite(const char* nombre, AreaSuite area) : area(area) {
     setObjectName(QLatin1String(nombre));
-    creados()[area_] = this;
     fdm().ConfigurarProviders(this);
-}
-
-ModuloSuite::~ModuloSuite() {
-    if (creados().value(area_) == this)
-        creados().remove(area_);
-}
-
-ModuloSuite* ModuloSuite::de(AreaSuite area) {
-    return creados().value(area);
 }

@@ -1,8 +1,8 @@
 #pragma once
 // Módulos de datos de los módulos hermanos de la suite: ventas, inventario, cartera, caja...
 //
-// Viven lo que el proceso, se crean al comienzo sin tocar datos y cada uno guarda el documento de
-// su área que otra pantalla debe abrir. La contabilización de cada área se agrega en el suyo.
+// Viven lo que el proceso y se crean al comienzo sin tocar datos. La contabilización de cada área
+// se agrega en el suyo.
 #include <QObject>
 
 enum class AreaSuite {
@@ -23,18 +23,10 @@ AreaSuite area_del_documento(int tipo);
 class ModuloSuite : public QObject {
     Q_OBJECT
 public:
-    ~ModuloSuite() override;
-    /// Id del documento que dejó `existe_numero`, para quien lo abre; vacío si no existe.
-    QString documento_encontrado;
-
-    /// El del área, o nulo si no se ha creado.
-    static ModuloSuite* de(AreaSuite area);
+    const AreaSuite area;
 
 protected:
     ModuloSuite(const char* nombre, AreaSuite area);
-
-private:
-    const AreaSuite area_;
 };
 
 #define QUORVEX_MODULO_SUITE(Clase, area)                                                          \

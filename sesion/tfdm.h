@@ -3,17 +3,24 @@
 //
 // Vive lo que el proceso y guarda las sentencias compartidas. La sesión (usuario, compañía,
 // agencia, derechos) se llena una vez, en la primera activación del formulario principal.
-#include "libro/libro.h"
 #include "datos/recordset/conjunto.h"
+#include "libro/libro.h"
 #include "toolkit/barraestado.h"
 
 #include <QPointer>
+#include <optional>
 
 /// Encabezado de la compañía para los comprobantes impresos.
 struct EncabezadoCompania {
     QString nombre, direccion, telefonos, encabezado;
     QByteArray logo;
     QString nit;
+};
+
+/// Lo que dice la revisión de un número digitado.
+struct NumeroValidado {
+    bool vale = true;   ///< falso: el usuario no quiso consultarlo y el número debe vaciarse
+    QString encontrado; ///< id del documento que debe abrirse; vacío: ninguno
 };
 
 class Tfdm : public QObject {
@@ -38,14 +45,6 @@ public:
     QString color_ventana, color_final;
     bool hubo_error = false, sin_mensaje = false;
     static const QStringList& nombres_periodo(); ///< catorce: Enero a Diciembre, Ajustes, Cierre
-
-    // --- banderas que una pantalla pasa a la que abre
-    bool modo_mantenimiento = false; ///< la lista se abre para mantenimiento, no para escoger
-    bool modo_selector = false;      ///< la pantalla se abre como selector modal
-    QString formato_actual;          ///< formato de impresión a editar
-    QString documento_encontrado;    ///< id que dejó existe_numero
-    QString mensaje_responder;       ///< mensaje que se contesta
-    QString autor_responder;         ///< y quién lo escribió
 
     // --- sentencias compartidas
     Sentencia QConfiguracion, QBorrar, QBorrarGen, QAccesous, TNomcampos, QAudit;
@@ -101,8 +100,11 @@ public:
     static QString complete_numero(const QString& numero) { return complete_numero_n(numero, 6); }
     static QString complete_numero_n(const QString& numero, int n);
     void registre_prefijo(int tipo);
-    bool valide_numero(int tipo, const QString& prefijo, const QString& numero, Campo& campo);
-    bool existe_numero(int tipo, const QString& prefijo, const QString& numero);
+    /// Id del documento, nulo si no existe. Sin número se da por existente, con id vacío.
+    std::optional<QString> existe_numero(int tipo, const QString& prefijo, const QString& numero);
+    /// Con el número de otro documento pregunta si se consulta; el sugerido pasa a uno libre.
+    NumeroValidado valide_numero(int tipo, const QString& prefijo, const QString& numero_sugerido,
+                                 Campo& campo);
     void numero_documento(int tipo, qint64 id, Campo& campo_prefijo, Campo& campo_numero);
     void num_documento(int tipo, qint64 id, QString& prefijo, QString& numero);
     QString nombre_tipo(int tipo);

@@ -1,5 +1,6 @@
 #include "sesion/tfdmcnt.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 
 namespace {
@@ -171,8 +172,7 @@ bool Tfdmcnt::valide_cuenta(const QString& cuenta, Libro libro) {
     case 1:
         if (!pregunte(l.no_existe))
             return false;
-        cuenta_seleccion = cuenta;
-        pantallas().abrir(l.pantalla_nueva_cuenta);
+        cree_cuenta(libro, cuenta);
         return true;
     case 2:
         muestre_mensaje(l.incompleta);
@@ -244,33 +244,33 @@ bool Tfdmcnt::valide_centro(const QString& proyecto, const QString& centro) {
 
 // ---------------------------------------------------------------- comprobantes
 
-bool Tfdmcnt::existe_ComContable(const QString& tipo, const QString& prefijo,
-                                 const QString& numero) {
+std::optional<QString> Tfdmcnt::existe_ComContable(const QString& tipo, const QString& prefijo,
+                                                   const QString& numero) {
     if (numero.isEmpty())
-        return false;
+        return std::nullopt;
     Sentencia& q = fdm().QBorrar;
     q.Open("select enco_consec from comprobante_encabezado where tico_cod = " + QuotedStr(tipo) +
            " and prco_pref = " + QuotedStr(prefijo) +
            " and enco_numero = " + QuotedStr(Tfdm::complete_numero(numero)));
-    const bool existe = !q.IsEmpty();
-    comprobante_encontrado = q.Fields(0).texto();
+    std::optional<QString> id;
+    if (!q.IsEmpty())
+        id = q.Fields(0).texto();
     q.Close();
-    return existe;
+    return id;
 }
 
-bool Tfdmcnt::valide_NumComConta(const QString& tipo, const QString& prefijo,
-                                 const QString& numero_sugerido, Campo& campo) {
+NumeroValidado Tfdmcnt::valide_NumComConta(const QString& tipo, const QString& prefijo,
+                                           const QString& numero_sugerido, Campo& campo) {
     if (campo.vacio())
-        return true;
-    comprobante_encontrado.clear();
+        return {};
     QString numero = campo.texto();
-    if (!existe_ComContable(tipo, prefijo, numero))
-        return true;
+    const std::optional<QString> id = existe_ComContable(tipo, prefijo, numero);
+    if (!id)
+        return {};
     if (numero != numero_sugerido) {
         if (pregunte("Comprobante " + numero + " previamente registrado. Consultar?"))
-            return true;
-        comprobante_encontrado.clear();
-        return false;
+            return {.encontrado = *id};
+        return {.vale = false};
     }
     // El contador quedó atrás porque otro usuario tomó el número: se adelanta hasta uno libre.
     do {
@@ -280,7 +280,7 @@ bool Tfdmcnt::valide_NumComConta(const QString& tipo, const QString& prefijo,
                               " and prco_pref = " + QuotedStr(prefijo));
     } while (existe_ComContable(tipo, prefijo, numero));
     campo = numero;
-    return true;
+    return {};
 }
 
 QString Tfdmcnt::desc_activo(const QString& codigo) {

@@ -127,7 +127,10 @@ void Escritorio::notifique(Pantalla* pantalla) {
     historia_.removeAll(pantalla);
     historia_.append(pantalla);
     activa_ = pantalla;
+    const QPointer<Pantalla> viva(pantalla);
     proteja([&] { pantalla->FormActivate(); });
+    if (viva)
+        viva->reciba_entregas();
 }
 
 void Escritorio::olvide(Pantalla* pantalla) {
@@ -192,17 +195,18 @@ Pantalla* RegistroPantallas::construya(const QString& nombre) const {
     return p->creador();
 }
 
-Pantalla* RegistroPantallas::abrir(const QString& nombre, const Preparacion& prepare) {
+Pantalla* RegistroPantallas::abrir(const QString& nombre, Encargo encargo) {
     Escritorio* e = escritorio();
     if (e && creadores_.value(nombre).copias == Unica) {
         if (Pantalla* abierta = e->abierta(nombre)) {
+            if (!encargo.vacio())
+                abierta->encargo_ = std::move(encargo);
             e->active(abierta);
             return abierta;
         }
     }
     Pantalla* pantalla = construya(nombre);
-    if (prepare)
-        prepare(*pantalla);
+    pantalla->encargo_ = std::move(encargo);
     if (e)
         return e->muestre(pantalla);
     if (!pantalla->cree()) {
@@ -216,13 +220,8 @@ Pantalla* RegistroPantallas::abrir(const QString& nombre, const Preparacion& pre
     return pantalla;
 }
 
-int RegistroPantallas::abrir_modal(const QString& nombre, const Preparacion& prepare,
-                                   const std::function<void(Pantalla&, int)>& al_cerrar) {
+int RegistroPantallas::abrir_modal(const QString& nombre, Encargo encargo) {
     const std::unique_ptr<Pantalla> pantalla(construya(nombre));
-    if (prepare)
-        prepare(*pantalla);
-    const int resultado = pantalla->mostrar_modal();
-    if (al_cerrar)
-        al_cerrar(*pantalla, resultado);
-    return resultado;
+    pantalla->encargo_ = std::move(encargo);
+    return pantalla->mostrar_modal();
 }

@@ -84,8 +84,7 @@ QString BusquedaPorTipo::dato(const char* campo) const {
 }
 
 void BusquedaPorTipo::editar_comprobante(const QString& id) {
-    fdmcnt().comprobante_encontrado = id;
-    pantallas().abrir("Tfedtmovimien");
+    abra_comprobante(id);
 }
 
 bool BusquedaPorTipo::FormClose() {

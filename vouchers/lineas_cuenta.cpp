@@ -35,8 +35,7 @@ bool LineasCuenta::busque_cuenta() {
     const QString texto = cuenta();
     if (!texto.startsWith('?'))
         return false;
-    fdmcnt().texto_busqueda = texto.mid(1);
-    pantallas().abrir(datos(libro).pantalla_cuentas);
+    escoja_cuenta(texto.mid(1));
     return true;
 }
 
@@ -44,15 +43,14 @@ bool LineasCuenta::busque_tercero() {
     const QString nit = campo("TERC_NIT").texto();
     if (!nit.startsWith('?'))
         return false;
-    fdmcnt().texto_busqueda = nit.mid(1);
-    pantallas().abrir("Tfterceros");
+    escoja_tercero(nit.mid(1));
     return true;
 }
 
 bool LineasCuenta::busque_centro() {
     if (!campo("CENT_COD").texto().startsWith('?'))
         return false;
-    pantallas().abrir("Tfcentros");
+    escoja_centro();
     return true;
 }
 
@@ -198,16 +196,29 @@ void LineasCuenta::reciba(const QString& nombre, const QString& valor) {
     detalle.FieldByName(nombre) = valor;
 }
 
-void LineasCuenta::reciba_cuenta_y_centro() {
-    const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
-    if (!fdmcnt().cuenta_seleccion.isEmpty())
-        reciba("CUEN_COD", tome(fdmcnt().cuenta_seleccion));
-    if (!fdmcnt().proyecto_seleccion.isEmpty()) {
-        const QString centro = tome(fdmcnt().centro_seleccion);
-        // El "?" que abrió la búsqueda no es un centro del proyecto que llega.
-        prepare_recepcion();
-        campo("CENT_COD").limpie();
-        reciba("PROY_COD", tome(fdmcnt().proyecto_seleccion));
-        reciba("CENT_COD", centro);
-    }
+void LineasCuenta::reciba(const CentroEscogido& escogido) {
+    if (escogido.proyecto_seleccion.isEmpty())
+        return;
+    // El "?" que abrió la búsqueda no es un centro del proyecto que llega.
+    prepare_recepcion();
+    campo("CENT_COD").limpie();
+    reciba("PROY_COD", escogido.proyecto_seleccion);
+    reciba("CENT_COD", escogido.centro_seleccion);
+}
+
+Pantalla& LineasCuenta::pantalla() const {
+    return *qobject_cast<Pantalla*>(parent());
+}
+
+void LineasCuenta::escoja_cuenta(Libro plan, const QString& texto) {
+    ::escoja_cuenta(pantalla(), plan, texto,
+                    [this](const QString& cuenta) { reciba("CUEN_COD", cuenta); });
+}
+
+void LineasCuenta::escoja_tercero(const QString& texto) {
+    ::escoja_tercero(pantalla(), texto, [this](const QString& nit) { reciba("TERC_NIT", nit); });
+}
+
+void LineasCuenta::escoja_centro() {
+    ::escoja_centro(pantalla(), [this](const CentroEscogido& centro) { reciba(centro); });
 }

@@ -4,15 +4,17 @@
 // Une la rejilla y su conjunto con los nombres y las sumas que van debajo: suma y compara los dos
 // lados, sugiere el que cuadra, recibe lo escogido en las búsquedas y rehúsa la línea incompleta.
 // Las cuatro primeras columnas de la rejilla son cuenta, tercero, proyecto y centro.
-#include "libro/libro.h"
 #include "datos/recordset/conjunto.h"
+#include "libro/libro.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QObject>
 
 class EditorNumero;
+class Pantalla;
 class QLineEdit;
 class QMenu;
+struct CentroEscogido;
 
 /// Dónde lleva cada tabla los dos lados de la línea.
 struct LadosLinea {
@@ -60,8 +62,12 @@ public:
     /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
     void reciba(const QString& campo, const QString& valor);
     void prepare_recepcion();
-    /// La cuenta, el proyecto y el centro que dejaron las pantallas de búsqueda.
-    void reciba_cuenta_y_centro();
+    void reciba(const CentroEscogido& centro);
+    // Abren la lista; lo escogido llega a esta línea cuando la pantalla vuelve a activarse.
+    void escoja_cuenta(const QString& texto = {}) { escoja_cuenta(libro, texto); }
+    void escoja_cuenta(Libro plan, const QString& texto);
+    void escoja_tercero(const QString& texto = {});
+    void escoja_centro();
     /// Tabla de la que salen los atributos de la cuenta de la línea.
     virtual const char* tabla_atributos() const { return datos(libro).cuentas; }
 
@@ -81,6 +87,8 @@ protected:
     void ate_lados();
     void diferencia();
     [[noreturn]] static void rehuse(const char* texto);
+    /// La pantalla que las aloja, que es la que pide por ellas.
+    Pantalla& pantalla() const;
     void exija_tercero();
     void exija_centro();
 

@@ -4,17 +4,6 @@
 
 namespace {
 
-// Las que siguen a las cuatro comunes.
-enum ColumnaLibro {
-    kConcepto = LineasCuenta::kCentro + 1,
-    kCategoria,
-    kReferencia,
-    kBase,
-    kPorcentaje,
-    kDebito,
-    kCredito,
-};
-
 const CamposLinea kDeComprobante{
     "CODE_ITEM",   "CODE_CONCEPTO", "CODE_REFER",       "CODE_BASE",     "CODE_PORC",
     "CODE_DEBITO", "CODE_CREDITO",  "CODE_DESCONTABLE", "ENCO_CONCEPTO", "ENCO_REFER",
@@ -265,8 +254,8 @@ void LineasLibro::validar_tercero() {
     NomTerc->setText(nombre);
     if (nombre.isEmpty()) {
         if (pregunte("Tercero no encontrado. Desea crearlo?")) {
-            fdmter().tercero_seleccion = nit;
-            pantallas().abrir("Tfnvotercero");
+            cree_tercero(pantalla(), nit,
+                         [this](const QString& creado) { reciba("TERC_NIT", creado); });
         } else if (en_edicion()) {
             campo("TERC_NIT").limpie();
         }

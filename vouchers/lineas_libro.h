@@ -56,6 +56,18 @@ public:
                 QObject* dueno);
     ~LineasLibro() override;
 
+    /// Columnas de la rejilla que siguen a las cuatro comunes.
+    enum ColumnaLibro {
+        kConcepto = kCentro + 1,
+        kCategoria,
+        kReferencia,
+        kBase,
+        kPorcentaje,
+        kDebito,
+        kCredito,
+        kDescontable, ///< solo en las líneas de un comprobante
+    };
+
     /// Página completa: rejilla, nombres con saldos y sumas.
     QWidget* construya_pagina();
     void ate_eventos();

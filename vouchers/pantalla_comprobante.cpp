@@ -20,6 +20,11 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
     lineas_2649 =
         new LineasLibro(Libro::Decreto2649, *this, CDetalle, CBorrar, memorias, ajustes, this);
     lineas_niif = new LineasLibro(Libro::Niif, *this, Cdetniif, CBorrar, memorias, ajustes, this);
+    // La plantilla escogida sin que nadie la pida es para el primer comprobante que se active.
+    acepte<PidePlantilla>([this](const QString& plantilla) {
+        traiga_plantilla(plantilla);
+        return true;
+    });
 }
 
 PantallaComprobante::~PantallaComprobante() = default;
@@ -77,7 +82,7 @@ void PantallaComprobante::llene_categorias(Rejilla* rejilla) {
     QStringList codigos;
     for (CCategoria.First(); !CCategoria.Eof(); CCategoria.Next())
         codigos << CCategoria.FieldByName("CONC_COD").texto();
-    rejilla->lista(5, codigos);
+    rejilla->lista(LineasLibro::kCategoria, codigos);
 }
 
 // ---------------------------------------------------------------- disposición
@@ -111,11 +116,8 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     ckFiltro = nombrado(new QCheckBox("Filtro"), "ckFiltro");
     construya_paginas();
 
-    DBEdit2->OnDblClick = [] { pantallas().abrir("Tfterceros"); };
-    Mand->OnDblClick = [] {
-        fdmter().seleccion_mandante = true;
-        pantallas().abrir("Tfterceros");
-    };
+    DBEdit2->OnDblClick = [this] { busque_tercero_del_encabezado({}); };
+    Mand->OnDblClick = [this] { busque_mandante({}); };
     connect(ckFiltro, &QCheckBox::toggled, this, [this] { proteja([this] { ckFiltroClick(); }); });
     Formulario f(this);
     f.fila({{"Tipo", LTipo},
@@ -167,8 +169,7 @@ void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
     if (nit.isEmpty())
         return;
     if (nit.startsWith('?')) {
-        fdmcnt().texto_busqueda = nit.mid(1);
-        pantallas().abrir("Tfterceros");
+        busque_tercero_del_encabezado(nit.mid(1));
         return;
     }
     const QString nombre = fdmter().nom_tercero(nit);
@@ -176,8 +177,8 @@ void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
     if (!nombre.isEmpty())
         return;
     if (pregunte("Tercero no encontrado. Desea crearlo?")) {
-        fdmter().tercero_seleccion = nit;
-        pantallas().abrir("Tfnvotercero");
+        cree_tercero(*this, nit,
+                     [this](const QString& creado) { reciba_en_encabezado("TERC_NIT", creado); });
     } else {
         campo.limpie();
     }
@@ -188,9 +189,7 @@ void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {
     if (nit.isEmpty())
         return;
     if (nit.startsWith('?')) {
-        fdmcnt().texto_busqueda = nit.mid(1);
-        fdmter().seleccion_mandante = true;
-        pantallas().abrir("Tfterceros");
+        busque_mandante(nit.mid(1));
         return;
     }
     const QString nombre = fdmter().nom_tercero(nit);
@@ -242,9 +241,9 @@ void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
 }
 
 void PantallaComprobante::DBGridDblClick(Libro libro, int columna) {
-    if (columna == 5)
-        pantallas().abrir("Tfconceptos");
-    else if (columna == 9 || columna == 10)
+    if (columna == LineasLibro::kCategoria)
+        busque_concepto();
+    else if (columna == LineasLibro::kDebito || columna == LineasLibro::kCredito)
         lineas_a_la_vista().sugiera_db_cr();
     else
         PantallaLineas::DBGridDblClick(libro, columna);
@@ -252,21 +251,26 @@ void PantallaComprobante::DBGridDblClick(Libro libro, int columna) {
 
 // ---------------------------------------------------------------- selecciones
 
-void PantallaComprobante::atienda_selecciones(bool sin_foco_en_grilla) {
-    LineasLibro& l = lineas_a_la_vista();
-    const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
-    if (!fdmter().tercero_seleccion.isEmpty()) {
-        const QString nit = tome(fdmter().tercero_seleccion);
-        if (en_grilla) {
-            l.reciba("TERC_NIT", nit);
-        } else {
-            CMovimiento.Edit();
-            const bool mandante = std::exchange(fdmter().seleccion_mandante, false);
-            CMovimiento.FieldByName(mandante ? "ENCO_MANDANTE" : "TERC_NIT") = nit;
-        }
-        fdmter().seleccion_mandante = false;
-    }
-    atienda_lineas(en_grilla || sin_foco_en_grilla);
+void PantallaComprobante::busque_tercero() {
+    if (en_grilla)
+        PantallaLineas::busque_tercero();
+    else
+        busque_tercero_del_encabezado({});
+}
+
+void PantallaComprobante::busque_tercero_del_encabezado(const QString& texto) {
+    escoja_tercero(*this, texto,
+                   [this](const QString& nit) { reciba_en_encabezado("TERC_NIT", nit); });
+}
+
+void PantallaComprobante::busque_mandante(const QString& texto) {
+    escoja_tercero(*this, texto,
+                   [this](const QString& nit) { reciba_en_encabezado("ENCO_MANDANTE", nit); });
+}
+
+void PantallaComprobante::reciba_en_encabezado(const char* campo, const QString& valor) {
+    CMovimiento.Edit();
+    CMovimiento.FieldByName(campo) = valor;
 }
 
 // ---------------------------------------------------------------- salida
@@ -279,6 +283,6 @@ bool PantallaComprobante::FormClose() {
     for (ConjuntoDatos* c : {&CDetalle, &Cdetniif, &CMovimiento})
         c->Cancel();
     CMovimiento.Close();
-    fdmcnt().balance_por_recalcular = true;
+    emit fdmcnt().balance_por_recalcular();
     return true;
 }

@@ -56,8 +56,12 @@ protected:
     void ENCO_MANDANTEChange(Campo& campo);
     void DBGridDblClick(Libro libro, int columna) override;
     void ckFiltroClick();
-    /// Entrega las selecciones que dejaron las pantallas de búsqueda, en su orden.
-    void atienda_selecciones(bool sin_foco_en_grilla);
+    /// Fuera de la rejilla, al tercero del encabezado.
+    void busque_tercero() override;
+    void busque_tercero_del_encabezado(const QString& texto);
+    void busque_mandante(const QString& texto);
+    void reciba_en_encabezado(const char* campo, const QString& valor);
+    virtual void traiga_plantilla(const QString& plantilla) = 0;
     /// Toma un id si el comprobante aún lleva el provisional; devuelve el que queda.
     QString tome_id();
     bool FormClose() override;

@@ -1,6 +1,5 @@
 #include "vouchers/pantalla_lineas.h"
 
-#include "sesion/apertura.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
@@ -73,9 +72,8 @@ void PantallaLineas::declare_teclas_comunes(QWidget* anterior) {
     QWidget::setTabOrder(lineas_niif->rejilla, SBGrabar);
     tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas_a_la_vista().sugiera_db_cr(); });
     // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
-    const auto busque = [this](int clave, const char* pantalla) {
-        tecla(
-            clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
+    const auto busque = [this](int clave, const char* pantalla, std::function<void()> accion) {
+        tecla(clave, Qt::NoModifier, pantalla, std::move(accion), false);
     };
     const auto pagina = [this](int clave, int indice) {
         tecla(clave, Qt::ControlModifier, "PageControl1",
@@ -83,21 +81,21 @@ void PantallaLineas::declare_teclas_comunes(QWidget* anterior) {
     };
     pagina(Qt::Key_PageDown, 1);
     pagina(Qt::Key_PageUp, 0);
-    busque(Qt::Key_F6, "Tfterceros");
-    busque(Qt::Key_F7, "Tfcentros");
+    busque(Qt::Key_F6, "Tfterceros", [this] { busque_tercero(); });
+    busque(Qt::Key_F7, "Tfcentros", [this] { busque_centro(); });
 }
 
 void PantallaLineas::DBGridDblClick(Libro libro, int columna) {
     switch (columna) {
-    case 0:
-        pantallas().abrir(pantalla_cuentas(libro));
+    case LineasLibro::kCuenta:
+        busque_cuenta(libro);
         break;
-    case 1:
-        pantallas().abrir("Tfterceros");
+    case LineasLibro::kTercero:
+        busque_tercero();
         break;
-    case 2:
-    case 3:
-        pantallas().abrir("Tfcentros");
+    case LineasLibro::kProyecto:
+    case LineasLibro::kCentro:
+        busque_centro();
         break;
     default:
         break;
@@ -168,13 +166,11 @@ void PantallaLineas::articulo_cambiado(Libro libro) {
 }
 
 void PantallaLineas::EArticodDblClick() {
-    abra_o_avise(atributos(lineas_a_la_vista(), "CUEN_TIPO").Fields(0).texto() == "I"
-                     ? "Tfarticulos"
-                     : "Tfactivos");
+    busque_articulo(atributos(lineas_a_la_vista(), "CUEN_TIPO").Fields(0).texto() != "I");
 }
 
 void PantallaLineas::SpeedButton6Click() {
-    abra_o_avise(GroupBox2->title() == "Activo fijo" ? "Tfactivos" : "Tfarticulos");
+    busque_articulo(GroupBox2->title() == "Activo fijo");
 }
 
 void PantallaLineas::SpeedButton3Click() {
@@ -194,19 +190,49 @@ bool PantallaLineas::eventFilter(QObject* objeto, QEvent* evento) {
 
 // ---------------------------------------------------------------- selecciones
 
-void PantallaLineas::atienda_lineas(bool en_linea) {
-    LineasLibro& l = lineas_a_la_vista();
-    const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
-    if (en_linea)
-        l.reciba_cuenta_y_centro();
-    if (en_linea && !fdmcnt().concepto_seleccion.isEmpty())
-        l.detalle.FieldByName("CONC_COD") = tome(fdmcnt().concepto_seleccion);
-    if (GroupBox2->isVisible()) {
-        for (QString* buzon : {&fdmcnt().articulo_seleccion, &fdmcnt().activo_seleccionado})
-            if (!buzon->isEmpty()) {
-                const QString codigo = tome(*buzon);
-                EArticod->setText(codigo);
-                l.reciba("ARTI_COD", codigo);
-            }
-    }
+// El destino se escoge al pedir: al volver el foco puede estar en otra parte.
+
+LineasLibro* PantallaLineas::linea_que_pide() const {
+    return en_grilla ? &lineas_a_la_vista() : nullptr;
+}
+
+void PantallaLineas::busque_cuenta(Libro plan) {
+    escoja_cuenta(*this, plan, {}, [l = linea_que_pide()](const QString& cuenta) {
+        if (l)
+            l->reciba("CUEN_COD", cuenta);
+    });
+}
+
+void PantallaLineas::busque_tercero() {
+    escoja_tercero(*this, {}, [l = linea_que_pide()](const QString& nit) {
+        if (l)
+            l->reciba("TERC_NIT", nit);
+    });
+}
+
+void PantallaLineas::busque_centro() {
+    escoja_centro(*this, [l = linea_que_pide()](const CentroEscogido& centro) {
+        if (l)
+            l->reciba(centro);
+    });
+}
+
+void PantallaLineas::busque_concepto() {
+    escoja_concepto(*this, [l = linea_que_pide()](const QString& concepto) {
+        if (l)
+            l->detalle.FieldByName("CONC_COD") = concepto; // sin abrir la línea
+    });
+}
+
+void PantallaLineas::busque_articulo(bool activo) {
+    const auto reciba = [this, l = &lineas_a_la_vista()](const QString& codigo) {
+        if (!GroupBox2->isVisible())
+            return;
+        EArticod->setText(codigo);
+        l->reciba("ARTI_COD", codigo);
+    };
+    if (activo)
+        escoja_activo(*this, reciba);
+    else
+        escoja_articulo(*this, reciba);
 }

@@ -1,6 +1,5 @@
 #include "vouchers/pantalla_plantilla.h"
 
-#include "sesion/apertura.h"
 #include "vouchers/lineas_plantilla.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -71,11 +70,12 @@ void PantallaPlantilla::construya(const QString& archivo) {
     declare_teclas_comunes(ERef);
     tecla(Qt::Key_F8, "Tfauxiliar", [this] {
         const LineasLibro& l = lineas_a_la_vista();
-        fdmcnt().cuenta_auxiliar = l.detalle.FieldByName("CUEN_COD").texto();
-        abra_o_avise(datos(l.libro).pantalla_auxiliar);
+        abra_auxiliar(l.libro, l.detalle.FieldByName("CUEN_COD").texto());
     });
     tecla(
-        Qt::Key_F9, Qt::NoModifier, "Tfcuentas", [] { pantallas().abrir("Tfcuentas"); }, false);
+        Qt::Key_F9, Qt::NoModifier, "Tfcuentas", [this] { busque_cuenta(Libro::Decreto2649); },
+        false);
+    orden_de_entrega<PideTercero, PideCuenta, PideCentro, PideArticulo, PideActivo>();
     enter_como_tab();
     tamano_del_area(60, 40);
 }
@@ -99,15 +99,12 @@ void PantallaPlantilla::abra_catalogos() {
         codigos << CCategoria.FieldByName("CONC_COD").texto();
         nombres << CCategoria.FieldByName("CONC_NOMBRE").texto();
     }
-    lineas_2649->rejilla->lista(5, nombres, codigos);
+    lineas_2649->rejilla->lista(LineasLibro::kCategoria, nombres, codigos);
 }
 
 void PantallaPlantilla::FormActivate() {
     if (CTipodoc.Active())
         CTipodoc.Refresh();
-    if (en_grilla && !fdmter().tercero_seleccion.isEmpty())
-        lineas_a_la_vista().reciba("TERC_NIT", std::exchange(fdmter().tercero_seleccion, {}));
-    atienda_lineas(en_grilla);
 }
 
 // ---------------------------------------------------------------- encabezado
@@ -162,6 +159,14 @@ void PantallaPlantilla::panel_de_clase(Libro libro, const QString& clase) {
     EArticod->setText(articulo);
     Edit7->setText(clase == "I" ? fdmArt().desc_articulo(articulo)
                                 : fdmcnt().desc_activo(articulo));
+}
+
+void PantallaPlantilla::DBGridDblClick(Libro libro, int columna) {
+    // Las cuentas se buscan en el plan 2649 desde las dos rejillas.
+    if (columna == LineasLibro::kCuenta)
+        busque_cuenta(Libro::Decreto2649);
+    else
+        PantallaLineas::DBGridDblClick(libro, columna);
 }
 
 void PantallaPlantilla::termine_lineas() {

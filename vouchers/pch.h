@@ -1,4 +1,6 @@
 #pragma once
+#include "sesion/apertura.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"
 #include "sesion/tfdmcnt.h"

@@ -61,7 +61,7 @@ Tfbuscomproba::Tfbuscomproba()
 }
 
 void Tfbuscomproba::FormCreate() {
-    const QString tipo = std::exchange(fdmcnt().tipo_busqueda, Valor()).texto();
+    const QString tipo = peticion<AbreBusquedaComprobantes>().tipo_busqueda;
     abra_tipos();
     if (!tipo.isEmpty())
         filtros_->escoja_tipo(tipo);
@@ -78,20 +78,13 @@ void Tfbuscomproba::FormActivate() {
     filtros_->LTipo->setFocus();
 }
 
-bool Tfbuscomproba::FormClose() {
-    fdmcnt().tipo_busqueda = Valor();
-    return BusquedaPorTipo::FormClose();
-}
-
 void Tfbuscomproba::BitBtn1Click() {
     busque("order by tico_cod, enco_fecha desc");
 }
 
 void Tfbuscomproba::SpeedButton1Click() {
-    if (!hay_fila())
-        return;
-    fdmcnt().comprobante_encontrado = dato("ENCO_CONSEC");
-    imprima_comprobante();
+    if (hay_fila())
+        imprima_comprobante(dato("ENCO_CONSEC"));
 }
 
 void Tfbuscomproba::SpeedButton2Click() {

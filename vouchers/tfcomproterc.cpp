@@ -79,13 +79,14 @@ Tfcomproterc::Tfcomproterc()
 }
 
 void Tfcomproterc::FormCreate() {
+    const auto pedido = peticion<AbreComprobantesTercero>();
+    ENIT->setText(pedido.nit_comprobantes);
+    ENom->setText(pedido.nombre_seleccion);
     abra_tipos();
     DBGridEh2->setFocus();
 }
 
 void Tfcomproterc::FormActivate() {
-    ENIT->setText(fdmcnt().nit_comprobantes);
-    ENom->setText(fdmter().nombre_seleccion);
     fijo_ = "select * FROM COMPROBANTES_TERCERO(" + QuotedStr(ENIT->text()) + ')';
     const Valor actual = hay_fila() ? conjunto_.FieldByName("ID").valor() : Valor();
     busque(" order by tipo, fecha desc");

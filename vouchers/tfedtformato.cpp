@@ -305,7 +305,7 @@ void Tfedtformato::resizeEvent(QResizeEvent* evento) {
 // ---------------------------------------------------------------- apertura
 
 void Tfedtformato::FormCreate() {
-    llave_ = fdm().formato_actual.trimmed();
+    llave_ = peticion<AbreFormato>().formato_actual.trimmed();
     if (llave_.isEmpty()) {
         muestre_mensaje("Escoja antes un prefijo: su formato se guarda con él.");
         pida_cierre_al_crear();
@@ -410,10 +410,8 @@ void Tfedtformato::SpeedButton3Click() {
                     .arg(por_tipo ? "TICO_COD" : "PRCO_PREF") +
                 QuotedStr(llave_))
             .texto();
-    if (ultimo.isEmpty())
-        return;
-    fdmcnt().comprobante_encontrado = ultimo;
-    imprima_comprobante();
+    if (!ultimo.isEmpty())
+        imprima_comprobante(ultimo);
 }
 
 void Tfedtformato::AdvGlowButton1Click() {

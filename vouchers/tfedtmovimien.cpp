@@ -58,7 +58,9 @@ Tfedtmovimien::Tfedtmovimien()
     auto* barra = findChild<BarraBotones*>("barra");
     SBBorrar =
         barra->boton("SBBorrar", "F3:Borrar", "edit-delete", {}, [this] { SBBorrarClick(); });
-    tecla(Qt::Key_F9, "Tfcuentas", [] { pantallas().abrir("Tfcuentas"); });
+    tecla(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(Libro::Decreto2649); });
+    orden_de_entrega<PideTercero, PideNuevoTercero, PideCuenta, PideConcepto, PideCentro,
+                     PideArticulo, PideActivo, PidePlantilla>();
     tecla(Qt::Key_F11, "oculta columnas", [this] { muestre_columnas(false); });
     tecla(Qt::Key_F12, "muestra columnas", [this] { muestre_columnas(true); });
 
@@ -94,7 +96,7 @@ void Tfedtmovimien::FormCreate() {
     CTipodoc.Open();
     CTidocart.Open();
     CTidocartera.Open();
-    const QString id = fdmcnt().comprobante_encontrado;
+    const QString id = peticion<AbreComprobante>().comprobante_encontrado;
     lineas_2649->item = maximo_item(Libro::Decreto2649, id);
     lineas_niif->item = maximo_item(Libro::Niif, id);
     CCategoria.Open();
@@ -109,7 +111,6 @@ void Tfedtmovimien::FormCreate() {
     CMovimiento.FetchParams();
     CMovimiento.Params["ID"] = id;
     CMovimiento.Open();
-    fdmcnt().comprobante_encontrado.clear();
     if (CMovimiento.IsEmpty()) {
         muestre_mensaje("No se encontró el comprobante solicitado.");
         pida_cierre_al_crear();
@@ -189,16 +190,13 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
 void Tfedtmovimien::FormActivate() {
     if (ajustes.mostrar_saldo && CTipodoc.Active())
         CTipodoc.Refresh();
-    atienda_selecciones(true);
-    traiga_plantilla();
 }
 
 // ---------------------------------------------------------------- grabar e imprimir
 
 void Tfedtmovimien::SBGrabarClick() {
     if (SBGrabar->text() != kGrabar) {
-        fdmcnt().comprobante_encontrado = CMovimiento.FieldByName("ENCO_CONSEC").texto();
-        imprima_comprobante();
+        imprima_comprobante(CMovimiento.FieldByName("ENCO_CONSEC").texto());
         close();
         return;
     }
@@ -224,8 +222,7 @@ void Tfedtmovimien::SBGrabarClick() {
         concepto = texto;
         CMovimiento.Post();
         if (CMovimiento.ApplyUpdates(0) == 0) {
-            fdmcnt().comprobante_encontrado = CMovimiento.FieldByName("ENCO_CONSEC").texto();
-            imprima_comprobante();
+            imprima_comprobante(CMovimiento.FieldByName("ENCO_CONSEC").texto());
             close();
         } else {
             CMovimiento.Edit();
@@ -334,24 +331,20 @@ void Tfedtmovimien::SBBorrarClick() {
         close();
 }
 
-void Tfedtmovimien::traiga_plantilla() {
-    if (fdmcnt().plantilla_seleccion.isEmpty())
+void Tfedtmovimien::traiga_plantilla(const QString& plantilla) {
+    if (!CDetalle.IsEmpty() &&
+        !pregunte("Al traer la plantilla perderá los movimientos digitados en el "
+                  "comprobante, Continuar?"))
         return;
-    if (CDetalle.IsEmpty() ||
-        pregunte("Al traer la plantilla perderá los movimientos digitados en el "
-                 "comprobante, Continuar?")) {
-        if (!CDetalle.IsEmpty())
-            borre_desde_la_actual(CDetalle); // las líneas de arriba se quedan
-        CPlantilla.Close();
-        CPlantilla.Open();
-        CPlantilla.Locate("plan_id", {fdmcnt().plantilla_seleccion.toInt()});
-        copie_lineas_plantilla(CPlantilladet, CDetalle,
-                               CMovimiento.FieldByName("ENCO_CONSEC").valor(),
-                               CMovimiento.FieldByName("ENCO_CONCEPTO").texto());
-        lineas_2649->actualice_sumas(); // con la última línea, que no se dejó
-        CPlantilla.Close();
-    }
-    fdmcnt().plantilla_seleccion.clear();
+    if (!CDetalle.IsEmpty())
+        borre_desde_la_actual(CDetalle); // las líneas de arriba se quedan
+    CPlantilla.Close();
+    CPlantilla.Open();
+    CPlantilla.Locate("plan_id", {plantilla.toInt()});
+    copie_lineas_plantilla(CPlantilladet, CDetalle, CMovimiento.FieldByName("ENCO_CONSEC").valor(),
+                           CMovimiento.FieldByName("ENCO_CONCEPTO").texto());
+    lineas_2649->actualice_sumas(); // con la última línea, que no se dejó
+    CPlantilla.Close();
 }
 
 void Tfedtmovimien::SBCancelClick() {

@@ -32,6 +32,8 @@ protected:
     void SBCancelClick() override;
     void TabSheet2Enter() override;
     void TabSheet2Exit() override;
+    /// Con el foco donde esté.
+    LineasLibro* linea_que_pide() const override { return &lineas_a_la_vista(); }
 
 private:
     void CMovimientoAfterEdit();
@@ -42,7 +44,7 @@ private:
     int maximo_item(Libro libro, const QString& id);
     void muestre_origen();
     void muestre_fecha();
-    void traiga_plantilla();
+    void traiga_plantilla(const QString& plantilla) override;
     void borre_desde_la_actual(ConjuntoDatos& lineas);
 
     QString anio_voucher;

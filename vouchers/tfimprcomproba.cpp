@@ -21,6 +21,6 @@ void Tfimprcomproba::SpeedButton1Click() {
     MotorInformes motor(this);
     motor.nombre_archivo = "Comprobante";
     motor.al_componer = [this] { CComproba.Close(); };
-    imprima(motor, fdmcnt().comprobante_encontrado, ckniif->isChecked(), false);
+    imprima(motor, peticion<AbreComprobante>().comprobante_encontrado, ckniif->isChecked(), false);
     close();
 }

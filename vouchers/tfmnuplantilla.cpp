@@ -1,14 +1,12 @@
 #include "vouchers/tfmnuplantilla.h"
 
 #include "sesion/apertura.h"
-#include "sesion/tfdm.h"
+#include "sesion/peticiones.h"
 
 namespace {
 
 void abra_en_mantenimiento(const char* pantalla) {
-    fdm().modo_mantenimiento = true;
-    abra_o_avise(pantalla);
-    fdm().modo_mantenimiento = false; // si no se abrió, no queda para otra lista
+    abra_o_avise(pantalla, AbreLista{.modo_mantenimiento = true});
 }
 
 } // namespace

@@ -49,10 +49,9 @@ Tfmovimien::Tfmovimien()
     declare_teclas_comunes();
     auto* barra = findChild<BarraBotones*>("barra");
     SBPlantilla = barra->boton("SBPlantilla", "Plantilla", "folder-open", Qt::Key_F11,
-                               [] { abra_o_avise("Tfbuscplantilla"); });
+                               [this] { busque_plantilla(); });
     SpeedButton1 = barra->boton("SpeedButton1", "Buscar", "edit-find", {}, [this] {
-        fdmcnt().tipo_busqueda = LTipo->valor();
-        abra_o_avise("Tfbuscomproba");
+        abra_o_avise("Tfbuscomproba", AbreBusquedaComprobantes{LTipo->valor().texto()});
     });
     speedButton4 = barra->boton("speedButton4", "Mes anterior", "go-previous",
                                 QKeySequence(Qt::ALT | Qt::Key_Left), [this] {
@@ -64,12 +63,11 @@ Tfmovimien::Tfmovimien()
                                     fdmcnt().mes_mas();
                                     muestre_periodo();
                                 });
-    tecla(Qt::Key_F8, "Tfauxiliar", [this] {
-        fdmcnt().cuenta_auxiliar = CDetalle.FieldByName("CUEN_COD").texto();
-        pantallas().abrir("Tfauxiliar");
-    });
-    tecla(Qt::Key_F9, "Tfcuentas",
-          [this] { pantallas().abrir(datos(lineas_a_la_vista().libro).pantalla_cuentas); });
+    tecla(Qt::Key_F8, "Tfauxiliar",
+          [this] { abra_auxiliar(Libro::Decreto2649, CDetalle.FieldByName("CUEN_COD").texto()); });
+    tecla(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(lineas_a_la_vista().libro); });
+    orden_de_entrega<PidePlantilla, PideTercero, PideNuevoTercero, PideCuenta, PideCentro,
+                     PideConcepto, PideArticulo, PideActivo>();
 }
 
 // ---------------------------------------------------------------- creación
@@ -142,8 +140,6 @@ void Tfmovimien::FormActivate() {
         for (ConjuntoDatos* c : {&CTipodoc, &CPrefijos, &CProyectos})
             if (c->Active())
                 c->Refresh();
-    traiga_plantilla();
-    atienda_selecciones(false);
 }
 
 void Tfmovimien::muestre_periodo() {
@@ -224,13 +220,13 @@ void Tfmovimien::CMovimientoENCO_NUMEROChange(Campo& campo) {
         return;
     }
     const QString sugerido = CPrefijos.FieldByName("PREF_NUMERO").texto();
-    if (!fdmcnt().valide_NumComConta(CMovimiento.FieldByName("TICO_COD").texto(),
-                                     CMovimiento.FieldByName("PRCO_PREF").texto(), sugerido,
-                                     campo)) {
+    const NumeroValidado numero_validado =
+        fdmcnt().valide_NumComConta(CMovimiento.FieldByName("TICO_COD").texto(),
+                                    CMovimiento.FieldByName("PRCO_PREF").texto(), sugerido, campo);
+    if (!numero_validado.vale) {
         campo.limpie();
-    } else if (!fdmcnt().comprobante_encontrado.isEmpty()) {
-        pantallas().abrir("Tfedtmovimien");
-        fdmcnt().comprobante_encontrado.clear();
+    } else if (!numero_validado.encontrado.isEmpty()) {
+        abra_comprobante(numero_validado.encontrado);
         campo = sugerido;
     }
 }
@@ -288,8 +284,7 @@ void Tfmovimien::SBGrabarClick() {
         if (CMovimiento.ApplyUpdates(0) == 0) {
             grabacion_dudosa_ = false;
             CMovimiento.Refresh();
-            fdmcnt().comprobante_encontrado = id;
-            imprima_comprobante();
+            imprima_comprobante(id);
             lineas_2649->vacie_diferencias();
             CMovimiento.Append();
             CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
@@ -319,8 +314,7 @@ bool Tfmovimien::ya_habia_quedado_grabado() {
     CMovimiento.CancelUpdates();
     CMovimiento.Append();
     CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
-    fdmcnt().comprobante_encontrado = id;
-    pantallas().abrir("Tfedtmovimien");
+    abra_comprobante(id);
     return true;
 }
 
@@ -377,11 +371,11 @@ void borre_todas(ConjuntoDatos& lineas) {
 
 } // namespace
 
-void Tfmovimien::traiga_plantilla() {
-    QString& buzon = fdmcnt().plantilla_seleccion;
-    if (buzon.isEmpty())
-        return;
-    const QString plantilla = std::exchange(buzon, QString());
+void Tfmovimien::busque_plantilla() {
+    escoja_plantilla(*this, [this](const QString& plantilla) { traiga_plantilla(plantilla); });
+}
+
+void Tfmovimien::traiga_plantilla(const QString& plantilla) {
     if (!CDetalle.IsEmpty() &&
         !pregunte("Al traer la plantilla perderá los movimientos digitados en "
                   "el comprobante, Continuar?"))

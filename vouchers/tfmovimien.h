@@ -39,7 +39,8 @@ private:
     void EDiaExit();
     void aplique_numeracion();
     void recupere_provisional();
-    void traiga_plantilla();
+    void busque_plantilla();
+    void traiga_plantilla(const QString& plantilla) override;
     void muestre_periodo();
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, bool entrando);
 

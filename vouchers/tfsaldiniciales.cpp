@@ -127,13 +127,12 @@ void Tfsaldiniciales::declare_teclas() {
                  [this] { SpeedButton1Click(); });
     tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas->sugiera_db_cr(); });
     // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
-    const auto busque = [this](int clave, const char* pantalla) {
-        tecla(
-            clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
+    const auto busque = [this](int clave, const char* pantalla, std::function<void()> accion) {
+        tecla(clave, Qt::NoModifier, pantalla, std::move(accion), false);
     };
-    busque(Qt::Key_F6, "Tfterceros");
-    busque(Qt::Key_F7, "Tfcentros");
-    busque(Qt::Key_F9, "Tfcuentas");
+    busque(Qt::Key_F6, "Tfterceros", [this] { lineas->escoja_tercero(); });
+    busque(Qt::Key_F7, "Tfcentros", [this] { lineas->escoja_centro(); });
+    busque(Qt::Key_F9, "Tfcuentas", [this] { lineas->escoja_cuenta(); });
 }
 
 // ---------------------------------------------------------------- creación
@@ -166,9 +165,6 @@ void Tfsaldiniciales::FormActivate() {
         CSaldos.Open();
         lineas->rejilla->setFocus();
     }
-    if (!fdmter().tercero_seleccion.isEmpty())
-        lineas->reciba("TERC_NIT", std::exchange(fdmter().tercero_seleccion, QString()));
-    lineas->reciba_cuenta_y_centro();
 }
 
 // ---------------------------------------------------------------- líneas
@@ -187,14 +183,14 @@ void Tfsaldiniciales::panel_de_clase(const QString& clase) {
 void Tfsaldiniciales::DBGridEh1DblClick(int columna) {
     switch (columna) {
     case LineasCuenta::kCuenta:
-        pantallas().abrir("Tfcuentas");
+        lineas->escoja_cuenta();
         break;
     case LineasCuenta::kTercero:
-        pantallas().abrir("Tfterceros");
+        lineas->escoja_tercero();
         break;
     case LineasCuenta::kProyecto:
     case LineasCuenta::kCentro:
-        pantallas().abrir("Tfcentros");
+        lineas->escoja_centro();
         break;
     default:
         lineas->sugiera_db_cr();
@@ -257,6 +253,6 @@ bool Tfsaldiniciales::FormClose() {
     for (ConjuntoDatos* c :
          {&CSaldos, &CBalance, &CMaxitem, &CTidocartera, &CArticulo, &CProyectos})
         c->Close();
-    fdmcnt().balance_por_recalcular = true;
+    emit fdmcnt().balance_por_recalcular();
     return true;
 }

@@ -5,6 +5,8 @@
 //     SesionGui s("AUXILIAR");           // con las opciones de opciones_auxiliar()
 //     s.escritorio.area()                // aquí se abren las ventanas hijas
 #include "apoyo/base_prueba.h"
+#include "apoyo_gui/peticiones.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"
 #include "sesion/tfdmcnt.h"
@@ -14,6 +16,7 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QSignalSpy>
 #include <QTest>
 
 struct SesionGui {
@@ -55,8 +58,8 @@ struct SesionGui {
                 .arg(QuotedStr(dm.usuario))
                 .arg(opcion));
     }
-    template <class T> T* abra(const QString& nombre) {
-        return qobject_cast<T*>(pantallas().abrir(nombre));
+    template <class T> T* abra(const QString& nombre, Encargo encargo = {}) {
+        return qobject_cast<T*>(pantallas().abrir(nombre, std::move(encargo)));
     }
 
     BaseDePrueba base;
@@ -94,20 +97,4 @@ template <class T> T& componente(QWidget* pantalla, const char* nombre) {
     if (!c)
         qFatal("%s no tiene %s", qPrintable(pantalla->objectName()), nombre);
     return *c;
-}
-/// Pantalla de un piso más alto que solo se abre: deja ver con qué la llamaron.
-inline void registre_testigo(const QString& nombre, std::function<void()> al_crear = {}) {
-    class Testigo : public Pantalla {
-    public:
-        Testigo(const QString& nombre, std::function<void()> f)
-            : Pantalla(nombre, nombre), al_crear_(std::move(f)) {}
-        void FormCreate() override {
-            if (al_crear_)
-                al_crear_();
-        }
-
-    private:
-        std::function<void()> al_crear_;
-    };
-    pantallas().registre(nombre, [=] { return new Testigo(nombre, al_crear); });
 }

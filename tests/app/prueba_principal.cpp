@@ -1,8 +1,10 @@
 // La entrada al programa, la sesión y su cierre, con las bases verdaderas.
 #include "apoyo/servidor_prueba.h"
+#include "apoyo_gui/peticiones.h"
 #include "app/paneldegradado.h"
 #include "app/ventanaavisos.h"
 #include "app/vigiamensajes.h"
+#include "sesion/peticiones.h"
 #include "sesion_de_prueba.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -234,7 +236,6 @@ void PruebaPrincipal::la_sesion_queda_con_lo_que_dicen_las_bases() {
     QCOMPARE(s_->datos.duracion_busquedas, 3000);
     QCOMPARE(s_->contables.ano_actual, QString("2017"));
     QCOMPARE(s_->contables.periodo_actual, 12);
-    QVERIFY(s_->contables.balance_por_recalcular);
     QCOMPARE(s_->datos.datos_compania.nombre, QString("Registrada"));
     QCOMPARE(s_->datos.datos_compania.direccion, QString("Calle 10 # 20-30"));
     QCOMPARE(s_->datos.datos_compania.telefonos, QString("601 3334455"));
@@ -415,7 +416,6 @@ void PruebaPrincipal::busqueda_y_plantillas_se_abren_con_sus_teclas_y_sus_derech
         concede(c.opcion, true);
         entrada->trigger();
         QCOMPARE(nombres(), QStringList({c.pantalla}));
-        QVERIFY(!s_->datos.modo_mantenimiento);
         escritorio()->cierre_todas();
     }
     p.activateWindow(); // los diálogos se llevaron la activación
@@ -471,10 +471,14 @@ void PruebaPrincipal::los_mensajes_sin_leer_aparecen_al_entrar_y_se_marcan() {
 
     p.mensajes->Timer3Timer();
     QCOMPARE(aviso->cuantos(), 1);
+    RespondeMensaje contestado;
+    registre_testigo("Tfmensaje",
+                     [&](const Pantalla& m) { contestado = m.peticion<RespondeMensaje>(); });
     QTest::mouseClick(aviso->findChild<QPushButton*>("Responder"), Qt::LeftButton);
     QCOMPARE(leidos(), 2);
-    QCOMPARE(s_->datos.mensaje_responder, QString("901"));
-    QCOMPARE(s_->datos.autor_responder, QString("AUXILIAR"));
+    QCOMPARE(contestado.mensaje_responder, QString("901"));
+    QCOMPARE(contestado.autor_responder, QString("AUXILIAR"));
+    escritorio()->cierre_todas();
     p.mensajes->Timer3Timer();
     QVERIFY(!aviso->isVisible() && reloj->isActive());
 }

@@ -143,13 +143,13 @@ private slots:
                         "'Ventas')",
                         "insert into concepto_contable (conc_cod, conc_nombre) values ('02', "
                         "'Compras')"});
+        Solicitante<PideConcepto> yo;
         const auto escoja = [&](const std::function<void(Pantalla*, Rejilla&)>& como) {
-            s.cnt.concepto_seleccion.clear();
-            Pantalla* p = pantallas().abrir("Tfconceptos");
+            Pantalla* p = yo.pida("Tfconceptos");
             con_foco();
             componente<ConjuntoDatos>(p, "CConcepto").Last();
             como(p, componente<Rejilla>(p, "DBGridEh1"));
-            return s.cnt.concepto_seleccion;
+            return yo.recibidas().join(',');
         };
         QCOMPARE(escoja([](Pantalla* p, Rejilla&) {
                      componente<QPushButton>(p, "SpeedButton1").click();
@@ -161,12 +161,13 @@ private slots:
                                         r.visualRect(r.currentIndex()).center());
                  }),
                  QString("02"));
-        QVERIFY(s.escritorio.abiertas().isEmpty());
-        // En mantenimiento Enter es de la rejilla.
-        s.dm.modo_mantenimiento = true;
-        QVERIFY(escoja([](Pantalla*, Rejilla&) { oprima(Qt::Key_Return); }).isEmpty());
-        QVERIFY(!s.dm.modo_mantenimiento);
         QCOMPARE(s.escritorio.abiertas().size(), 1);
+        // En mantenimiento Enter es de la rejilla.
+        Pantalla* p = pantallas().abrir("Tfconceptos", AbreLista{true});
+        con_foco();
+        componente<ConjuntoDatos>(p, "CConcepto").Last();
+        oprima(Qt::Key_Return);
+        QCOMPARE(s.escritorio.activa(), p);
     }
 
     // ------------------------------------------------------------ artículos
@@ -175,7 +176,8 @@ private slots:
         SesionGui s;
         cree_articulos(s);
         Interlocutor i;
-        Pantalla* p = pantallas().abrir("Tfarticulos");
+        Solicitante<PideArticulo> yo;
+        Pantalla* p = yo.pida("Tfarticulos");
         QCOMPARE(codigos(p), QString("B02,B03,MART01,A01")); // por descripción
         busque(p, 0, "Br");
         QCOMPARE(codigos(p), QString("B03,MART01,A01"));
@@ -199,8 +201,8 @@ private slots:
         busque(p, 0, "Torn");
         componente<Rejilla>(p, "DBGridEh1").setFocus();
         oprima(Qt::Key_Return);
-        QCOMPARE(s.cnt.articulo_seleccion, QString("A01"));
-        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(yo.recibidas(), QStringList("A01"));
+        QCOMPARE(s.escritorio.activa(), yo.pantalla());
     }
 
     void un_articulo_se_crea_con_sus_valores_iniciales_y_se_modifica() {
@@ -250,7 +252,6 @@ private slots:
         oprima(Qt::Key_F4);
         p = s.escritorio.abierta("Tfedtarticulo");
         QVERIFY(p);
-        QVERIFY(s.cnt.articulo_seleccion.isEmpty());
         escriba(p, "EARTI_DES", "Llave de tubo");
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));

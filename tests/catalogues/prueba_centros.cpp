@@ -170,34 +170,34 @@ private slots:
     void escoge_proyecto_y_centro_como_ventana_o_como_selector_modal() {
         SesionGui s;
         Interlocutor i;
-        Pantalla* p = pantallas().abrir("Tfcentros");
+        Solicitante<PideCentro> yo;
+        Pantalla* p = yo.pida("Tfcentros");
         proyectos(p).Last();
         centros(p).Last();
         componente<QPushButton>(p, "SBSelec").click();
-        QVERIFY(s.escritorio.abiertas().isEmpty());
-        QCOMPARE(s.cnt.proyecto_seleccion + s.cnt.centro_seleccion, QString("00020002"));
+        const QList<CentroEscogido> recibidos = yo.recibidas();
+        QCOMPARE(recibidos.size(), 1);
+        QCOMPARE(recibidos[0].proyecto_seleccion + recibidos[0].centro_seleccion,
+                 QString("00020002"));
 
-        s.cnt.proyecto_seleccion.clear();
-        s.cnt.centro_seleccion.clear();
-        s.dm.modo_selector = true;
-        i.espere_modal("Tfcentros", [&](QWidget* modal) {
-            auto* lista = modal->findChild<Pantalla*>("Tfcentros");
-            QVERIFY(!s.dm.modo_selector);
-            auto& rejilla = componente<Rejilla>(lista, "DBGridEh2");
-            centros(lista).Last();
-            QTest::mouseDClick(rejilla.viewport(), Qt::LeftButton, {},
-                               rejilla.visualRect(rejilla.currentIndex()).center());
-        });
-        QCOMPARE(pantallas().abrir_modal("Tfcentros"), int(mrOk));
-        QCOMPARE(s.cnt.proyecto_seleccion + s.cnt.centro_seleccion, QString("00010002"));
-
-        s.cnt.proyecto_seleccion.clear();
-        s.dm.modo_selector = true;
-        i.espere_modal("Tfcentros", [&](QWidget* modal) {
-            QTest::keyClick(&componente<Rejilla>(modal, "DBGridEh1"), Qt::Key_Escape);
-        });
-        QCOMPARE(pantallas().abrir_modal("Tfcentros"), int(mrCancel));
-        QVERIFY(s.cnt.proyecto_seleccion.isEmpty());
+        const auto pida_modal = [&](std::function<void(Pantalla*)> atienda) {
+            i.espere_modal("Tfcentros", [=](QWidget* modal) {
+                atienda(modal->findChild<Pantalla*>("Tfcentros"));
+            });
+            const auto c = pantallas().pida_modal("Tfcentros", PideCentro{.modo_selector = true});
+            return c ? c->proyecto_seleccion + c->centro_seleccion : QString("nada");
+        };
+        QCOMPARE(pida_modal([](Pantalla* lista) {
+                     auto& rejilla = componente<Rejilla>(lista, "DBGridEh2");
+                     centros(lista).Last();
+                     QTest::mouseDClick(rejilla.viewport(), Qt::LeftButton, {},
+                                        rejilla.visualRect(rejilla.currentIndex()).center());
+                 }),
+                 QString("00010002"));
+        QCOMPARE(pida_modal([](Pantalla* lista) {
+                     QTest::keyClick(&componente<Rejilla>(lista, "DBGridEh1"), Qt::Key_Escape);
+                 }),
+                 QString("nada"));
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 

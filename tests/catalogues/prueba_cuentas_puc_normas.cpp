@@ -291,7 +291,6 @@ private slots:
         QCOMPARE(normas_de(s, "143505"), QString("13-4,13-4.1,13-4.10"));
         ConjuntoDatos& c = conjunto(p, "CAuxiliar");
         QCOMPARE(c.RecordCount(), 3);
-        QVERIFY(s.cnt.norma_seleccion.isEmpty() && s.cnt.item_norma_seleccion.isEmpty());
 
         QVERIFY(c.Locate("NNID_ITEM", {"4"}));
         QCOMPARE(componente<QPlainTextEdit>(p, "DBMemo1").toPlainText(),
@@ -312,8 +311,7 @@ private slots:
     void el_item_recien_digitado_se_graba_antes_de_escogerlo() {
         SesionGui s;
         siembre_normas(s);
-        s.cnt.cuenta_auxiliar = "110505";
-        Pantalla* p = pantallas().abrir("Tfnormacuenta");
+        Pantalla* p = pantallas().abrir("Tfnormacuenta", AbreAuxiliar{"110505"});
         oprima(Qt::Key_F5);
         Pantalla* normas = s.escritorio.activa();
         QVERIFY(conjunto(normas, "CNorma").Locate("NNIF_ID", {qint64(11)}));

@@ -50,9 +50,8 @@ Pantalla* nuevo() {
     crear_tercero();
     return escritorio()->abierta("Tfnvotercero");
 }
-Pantalla* modifique(SesionGui& s, const QString& nit) {
-    s.ter.tercero_seleccion = nit;
-    return pantallas().abrir("Tfmodtercero");
+Pantalla* modifique(SesionGui&, const QString& nit) {
+    return pantallas().abrir("Tfmodtercero", AbreTercero{nit});
 }
 
 } // namespace
@@ -274,20 +273,18 @@ private slots:
     void llamada_para_un_nit_lo_devuelve_grabado_y_se_cierra() {
         SesionGui s;
         Interlocutor i;
-        s.ter.tercero_seleccion = "901777888";
-        Pantalla* p = nuevo();
-        QVERIFY(s.ter.tercero_seleccion.isEmpty());
+        Solicitante<PideNuevoTercero> yo;
+        Pantalla* p = yo.pida("Tfnvotercero", {"901777888"});
         QCOMPARE(campo(p, "TERC_NIT").texto(), QString("901777888"));
         escriba(p, "ENombre", "Pedido S.A.S.");
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QVERIFY(s.escritorio.abiertas().isEmpty());
-        QCOMPARE(s.ter.tercero_seleccion, QString("901777888"));
+        QCOMPARE(s.escritorio.activa(), yo.pantalla());
+        QCOMPARE(yo.recibidas(), QStringList("901777888"));
 
-        s.ter.tercero_seleccion = "901777999";
-        nuevo();
+        yo.pida("Tfnvotercero", {"901777999"});
         oprima(Qt::Key_Escape);
-        QVERIFY(s.ter.tercero_seleccion.isEmpty());
+        QVERIFY(yo.recibidas().isEmpty());
         QCOMPARE(s.dato("select count(*) from terceros where terc_nit = '901777999'"),
                  QString("0"));
     }
@@ -337,7 +334,6 @@ private slots:
         i.espere("No se encontró el NIT seleccionado.");
         QVERIFY(!modifique(s, "999"));
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QVERIFY(s.ter.tercero_seleccion.isEmpty());
     }
 
     void modificar_deja_usuario_agrega_los_papeles_que_faltan_y_no_quita_los_otros() {

@@ -181,16 +181,19 @@ private slots:
         auto& boton = componente<QPushButton>(p, "SpeedButton3");
         QVERIFY(!boton.isEnabled()); // CG no tiene formato
         oprima(Qt::Key_F8);
-        QVERIFY(s.dm.formato_actual.isEmpty());
+        QVERIFY(barra.text().isEmpty());
         QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
         prefijos(p).Last();
         QVERIFY(boton.isEnabled());
         oprima(Qt::Key_F8);
         QCOMPARE(barra.text(),
                  QString("Advertencia: La pantalla Tfedtformato todavía no está disponible."));
-        QCOMPARE(s.dm.formato_actual, QString("RC"));
-
-        registre_testigo("Tfedtformato", [this] { formato_ = fdm().formato_actual; });
+        registre_testigo("Tfedtformato", [this](const Pantalla& p) {
+            formato_ = p.peticion<AbreFormato>().formato_actual;
+        });
+        oprima(Qt::Key_F8);
+        QCOMPARE(formato_, QString("RC"));
+        s.escritorio.activa()->close();
         s.base.ejecute({"update configuracion set conf_valor = 'NO' where conf_propiedad = 'USAR "
                         "TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR'"});
         s.dm.cargue_configuracion();

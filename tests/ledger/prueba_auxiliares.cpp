@@ -22,11 +22,18 @@ class PruebaAuxiliares : public QObject {
 
     QStringList abiertas_;
 
+    /// Con las mismas claves para todos los que las lleven.
+    static AbreAuxiliar pedido(const char* cuenta) {
+        return {.cuenta_auxiliar = cuenta,
+                .tercero_auxiliar = "52345678",
+                .proyecto_auxiliar = "0001",
+                .centro_auxiliar = "0002",
+                .articulo_auxiliar = "MART01"};
+    }
     template <class T>
     static T* abra(SesionGui& s, const char* clase, const char* cuenta, int mes) {
-        s.cnt.cuenta_auxiliar = cuenta;
         s.cnt.periodo_actual = mes - 1;
-        return s.abra<T>(clase);
+        return s.abra<T>(clase, pedido(cuenta));
     }
     static QStringList columna(const ConjuntoDatos& c, const char* campo) {
         QStringList todos;
@@ -57,20 +64,14 @@ class PruebaAuxiliares : public QObject {
             ") from "
             "rdb$database");
     }
-    static void claves(SesionGui& s) {
-        s.cnt.tercero_auxiliar = "52345678";
-        s.cnt.proyecto_auxiliar = "0001";
-        s.cnt.centro_auxiliar = "0002";
-        s.cnt.articulo_auxiliar = "MART01";
-    }
 
 private slots:
     void initTestCase() {
         aplique_estilo(*qApp);
         registre_pantallas_consulta();
         for (const char* nombre : {"Tfmovimien", "Tfedtmovimien"})
-            registre_testigo(nombre, [this, nombre] {
-                abiertas_ << nombre + (' ' + fdmcnt().comprobante_encontrado);
+            registre_testigo(nombre, [this, nombre](const Pantalla& p) {
+                abiertas_ << nombre + (' ' + p.peticion<AbreComprobante>().comprobante_encontrado);
             });
     }
     void init() { abiertas_.clear(); }
@@ -181,7 +182,6 @@ private slots:
              "",
              {}},
         };
-        claves(s);
         for (const auto& caso : casos) {
             auto* p = abra<Tfauxiliar>(s, caso.clase, caso.cuenta, 3);
             QVERIFY(p);
@@ -250,17 +250,14 @@ private slots:
         p->close();
 
         Interlocutor i;
-        s.cnt.cuenta_auxiliar = "11A5";
-        QVERIFY(s.abra<Tfauxiliar>("Tfauxiliarterc"));
+        QVERIFY(s.abra<Tfauxiliar>("Tfauxiliarterc", AbreAuxiliar{"11A5"}));
         QVERIFY(i.vistos().isEmpty());
-        s.abra<Tfauxiliar>("Tfauxiliar");
+        s.abra<Tfauxiliar>("Tfauxiliar", AbreAuxiliar{"11A5"});
         QCOMPARE(i.vistos().size(), 1);
         QVERIFY(i.vistos().first().startsWith("Se presento el siguiente error: "));
         i.olvide();
         // Los demás llevan la clave entre comillas, con las suyas dobladas.
-        s.cnt.cuenta_auxiliar = "510506";
-        s.cnt.tercero_auxiliar = "5'2";
-        auto* tercero = s.abra<Tfauxiliar>("Tfauxiliarterc");
+        auto* tercero = s.abra<Tfauxiliar>("Tfauxiliarterc", AbreAuxiliar{"510506", "5'2"});
         QVERIFY(tercero && tercero->CAuxiliar.Active() && tercero->CAuxiliar.IsEmpty());
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
@@ -283,7 +280,6 @@ private slots:
         QTest::mouseDClick(p->DBGridEh1->viewport(), Qt::LeftButton, {},
                            p->DBGridEh1->visualRect(p->DBGridEh1->currentIndex()).center());
         QCOMPARE(vuelva(), QString("Tfedtmovimien 902"));
-        s.cnt.comprobante_encontrado.clear();
         oprima(Qt::Key_F5);
         QCOMPARE(vuelva(), QString("Tfmovimien "));
 
@@ -313,35 +309,34 @@ private slots:
     void las_flechas_van_al_reves_en_los_auxiliares_y_solo_ellas_guardan() {
         SesionGui s;
         agregue_libro(s);
-        claves(s);
         s.cnt.guarde_periodo();
         for (const DatosAuxiliar& miembro : auxiliares()) {
             auto* p = abra<Tfauxiliar>(s, miembro.clase, "510506", 3);
             s.cnt.guarde_periodo();
-            s.cnt.balance_por_recalcular = false;
+            QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
             const bool tiene = !QString(miembro.clase).contains("centro") &&
                                !QString(miembro.clase).endsWith("art");
             oprima(Qt::Key_Left, Qt::AltModifier);
             QCOMPARE(p->periodo->texto_mes(), QString(tiene ? "Abril" : "Marzo"));
             QCOMPARE(guardado(s), QString(tiene ? "2017 3" : "2017 2"));
-            QCOMPARE(s.cnt.balance_por_recalcular, tiene);
+            QCOMPARE(aviso.count(), int(tiene));
             oprima(Qt::Key_Right, Qt::AltModifier);
             QCOMPARE(guardado(s), QString("2017 2"));
             componente<QToolButton>(p, "SpeedButton5").click();
             QCOMPARE(guardado(s), QString("2017 3"));
             componente<QToolButton>(p, "SpeedButton4").click();
             QCOMPARE(guardado(s), QString("2017 2"));
-            QVERIFY(s.cnt.balance_por_recalcular);
+            QVERIFY(aviso.count() > 0);
             p->close();
         }
         auto* p = abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 3);
-        s.cnt.balance_por_recalcular = false;
+        QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         componente<QComboBox>(p, "EMes").setFocus();
         oprima(Qt::Key_Up);
         oprima(Qt::Key_Up);
         QCOMPARE(s.cnt.periodo_actual, 0);
         QCOMPARE(columna(p->CAuxiliar, "ID"), QStringList("901"));
-        QVERIFY(s.cnt.balance_por_recalcular);
+        QVERIFY(aviso.count() > 0);
         auto& ano = componente<QSpinBox>(p, "EAno");
         QCOMPARE(ano.minimum(), 2000);
         QCOMPARE(ano.maximum(), 2099);
@@ -359,7 +354,6 @@ private slots:
         for (const DatosAuxiliar& miembro : auxiliares()) {
             SesionGui s;
             agregue_libro(s);
-            claves(s);
             const QString clase = miembro.clase;
             const char* cuenta = clase.endsWith("art") ? "143505" : "510506";
             const int id = clase.endsWith("art") ? 907 : 903;
@@ -377,7 +371,7 @@ private slots:
             oprima(Qt::Key_F3);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(lineas(s, id), antes);
-            s.cnt.balance_por_recalcular = false;
+            QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
             i.espere(pregunta, "Sí");
             oprima(Qt::Key_F3);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
@@ -387,7 +381,7 @@ private slots:
             QVERIFY(antes.section(' ', 2).toInt() > 0);
             QCOMPARE(lineas(s, id), "0 0 " + quedan);
             QVERIFY(p->CAuxiliar.IsEmpty());
-            QVERIFY(s.cnt.balance_por_recalcular);
+            QVERIFY(aviso.count() > 0);
         }
     }
 
@@ -521,7 +515,6 @@ private slots:
              {676, 273}},
         };
         for (const auto& caso : casos) {
-            claves(s);
             auto* p = abra<Tfsaldoterc>(s, caso.clase, caso.cuenta, 3);
             QVERIFY(p);
             QCOMPARE(p->windowTitle(), QString::fromUtf8(caso.titulo));
@@ -561,7 +554,6 @@ private slots:
         SesionGui s;
         agregue_libro(s);
         // El de la empleada en el centro 0002 muestra también lo del 0001.
-        claves(s);
         abra<Tfsaldoterc>(s, "Tfsaldotercent", "510506", 3);
         oprima(Qt::Key_F8);
         auto* auxiliar = qobject_cast<Tfauxiliar*>(s.escritorio.activa());
@@ -588,19 +580,18 @@ private slots:
     void los_pasos_del_periodo_conservan_la_llave_y_el_titulo_ordena() {
         SesionGui s;
         agregue_libro(s);
-        claves(s);
         for (const DatosSaldo& miembro : saldos_por_clave()) {
             const bool articulo = miembro.por == Clave::Articulo;
             auto* p = abra<Tfsaldoterc>(s, miembro.clase, articulo ? "143505" : "510506", 3);
             s.cnt.guarde_periodo();
-            s.cnt.balance_por_recalcular = false;
+            QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
             p->CSaldos.Last();
             const QString llave = p->CSaldos.Fields(0).texto() + p->CSaldos.Fields(1).texto();
             const bool tiene = QString(miembro.clase).contains("terc");
             // Sin espejo: la derecha adelanta.
             oprima(Qt::Key_Right, Qt::AltModifier);
             QCOMPARE(guardado(s), QString(tiene ? "2017 3" : "2017 2"));
-            QCOMPARE(s.cnt.balance_por_recalcular, tiene);
+            QCOMPARE(aviso.count(), int(tiene));
             oprima(Qt::Key_Left, Qt::AltModifier);
             QCOMPARE(guardado(s), QString("2017 2"));
             componente<QToolButton>(p, "SpeedButton3").click();

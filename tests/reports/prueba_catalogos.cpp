@@ -453,27 +453,19 @@ void PruebaCatalogos::lo_que_el_programa_nombra_esta_en_la_plantilla() {
 
 void PruebaCatalogos::la_lista_de_cuentas_llena_un_codigo_y_no_un_nombre() {
     SesionGui s;
-    int abiertas = 0, abiertas_niif = 0;
-    registre_testigo("Tfcuentas", [&] {
-        ++abiertas;
-        s.cnt.cuenta_seleccion = "130505";
-    });
-    registre_testigo("Tfcuentasniif", [&] { ++abiertas_niif; });
+    ListaFalsa<PideCuenta> cuentas("Tfcuentas"), cuentas_niif("Tfcuentasniif");
     auto* f = s.abra<Tfcatacuentas>("Tfcatacuentas");
     auto& desde = componente<QLineEdit>(f, "EDesde");
     QTest::mouseDClick(&desde, Qt::LeftButton);
-    QCOMPARE(abiertas, 1);
-    s.escritorio.abierta("Tfcuentas")->close();
-    s.escritorio.active(f);
-    QTRY_COMPARE(desde.text(), QString("130505"));
+    cuentas.conteste("130505");
+    QCOMPARE(desde.text(), QString("130505"));
     f->ckniif->setChecked(true);
     QTest::mouseDClick(&desde, Qt::LeftButton);
-    QCOMPARE(abiertas_niif, 1);
-    s.escritorio.abierta("Tfcuentasniif")->close();
-    s.escritorio.active(f);
+    cuentas_niif.cancele();
+    QCOMPARE(desde.text(), QString("130505"));
     ordene_por_nombre(f);
     QTest::mouseDClick(&desde, Qt::LeftButton);
-    QCOMPARE(abiertas + abiertas_niif, 2);
+    QCOMPARE(cuentas.veces() + cuentas_niif.veces(), 2);
     desde.setText(QString(60, 'x')); // un nombre entero cabe
     QCOMPARE(desde.text().size(), 60);
 }

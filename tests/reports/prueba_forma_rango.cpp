@@ -220,13 +220,11 @@ void PruebaFormaRango::lo_impreso_cuadra_mientras_otro_graba() {
 void PruebaFormaRango::la_lista_escribe_en_la_caja_que_la_pidio() {
     SesionGui s;
     auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
-    registre_testigo("Tfcuentas", [&] { s.cnt.cuenta_seleccion = "130505"; });
+    ListaFalsa<PideCuenta> cuentas("Tfcuentas");
     QTest::mouseDClick(&componente<QLineEdit>(f, "EHasta"), Qt::LeftButton);
-    s.escritorio.abierta("Tfcuentas")->close();
-    s.escritorio.active(f);
-    QTRY_COMPARE(componente<QLineEdit>(f, "EHasta").text(), QString("130505"));
+    cuentas.conteste("130505");
+    QCOMPARE(componente<QLineEdit>(f, "EHasta").text(), QString("130505"));
     QVERIFY(componente<QLineEdit>(f, "EDesde").text().isEmpty());
-    QVERIFY(s.cnt.cuenta_seleccion.isEmpty());
 }
 
 QTEST_MAIN(PruebaFormaRango)

@@ -104,8 +104,9 @@ private slots:
         SesionGui s;
         static QStringList abiertas;
         for (const char* pantalla : {"Tfnvacuenta", "Tfnvacuentaniif"})
-            registre_testigo(
-                pantalla, [pantalla] { abiertas << pantalla + (':' + fdmcnt().cuenta_seleccion); });
+            registre_testigo(pantalla, [pantalla](const Pantalla& p) {
+                abiertas << pantalla + (':' + p.peticion<AbreCuenta>().cuenta_seleccion);
+            });
         for (const QString& tabla : {QString("cuentas"), QString("cuentas_niif")})
             s.base.ejecute({"insert into " + tabla +
                             " (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, cuen_retencion, "

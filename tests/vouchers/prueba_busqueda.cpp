@@ -273,7 +273,6 @@ private slots:
         QCOMPARE(columna(p, "ENCO_CONSEC"), QString("7,6,5"));
         oprima(Qt::Key_Escape);
         QVERIFY(!s.escritorio.abierta("Tfbuscomproba"));
-        QVERIFY(s.cnt.tipo_busqueda.nulo());
         p = pantallas().abrir("Tfbuscomproba");
         QCOMPARE(componente<ListaDato>(p, "LTipo").valor().texto(), QString("__"));
         m->CMovimiento.CancelUpdates();
@@ -316,7 +315,9 @@ private slots:
         ponga_comprobante(s, 2, "", "", cuadrado);
         ponga_comprobante(s, 2, "", "", cuadrado, "comprobante_detalle_niif");
         QStringList impresos;
-        registre_testigo("Tfimprcomproba", [&] { impresos << s.cnt.comprobante_encontrado; });
+        registre_testigo("Tfimprcomproba", [&](const Pantalla& p) {
+            impresos << p.peticion<AbreComprobante>().comprobante_encontrado;
+        });
         Pantalla* p = pantallas().abrir("Tfbuscomproba");
         escoja(p, "Comprobante general");
         busque(p);
@@ -384,10 +385,8 @@ private slots:
         p->close();
         s.niegue(31);
         i.espere(kAccesoNegado);
-        s.cnt.tipo_busqueda = "CG";
         QVERIFY(!pantallas().abrir("Tfbuscomproba"));
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QVERIFY(s.cnt.tipo_busqueda.nulo()); // no queda para la próxima
     }
 
     void el_movimiento_de_un_tercero_se_filtra_se_edita_y_se_borra() {
@@ -410,9 +409,8 @@ private slots:
         linea(5, 2, "900123456", -50);
         linea(7, 1, "900123456", 30);
         linea(7, 1, "900123456", 30, "comprobante_detalle_niif");
-        s.cnt.nit_comprobantes = "900123456";
-        s.ter.nombre_seleccion = "Ferretería El Tornillo S.A.S.";
-        auto* p = s.abra<Tfcomproterc>("Tfcomproterc");
+        auto* p = s.abra<Tfcomproterc>(
+            "Tfcomproterc", AbreComprobantesTercero{"900123456", "Ferretería El Tornillo S.A.S."});
         QVERIFY(p);
         QCOMPARE(p->ENIT->text() + p->ENom->text(),
                  QString("900123456Ferretería El Tornillo S.A.S."));
@@ -461,8 +459,7 @@ private slots:
         s.base.ejecute({"update comprobante_encabezado set enco_tiporef = 31, enco_idref = 1 "
                         "where enco_consec = 1"});
         p->close();
-        s.cnt.nit_comprobantes = "800456789";
-        p = s.abra<Tfcomproterc>("Tfcomproterc");
+        p = s.abra<Tfcomproterc>("Tfcomproterc", AbreComprobantesTercero{"800456789", {}});
         QCOMPARE(columna(p, "MONTO"), QString("7"));
         i.espere("Debe utilizar la opcion " +
                  s.dato("select tido_nomlargo from tipo_documento where tido_cod = 31") +

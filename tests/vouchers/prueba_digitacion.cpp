@@ -314,7 +314,6 @@ private slots:
         QCOMPARE(edicion->CMovimiento.FieldByName("ENCO_CONSEC").texto(), QString("500"));
         QCOMPARE(p->CMovimiento.FieldByName("ENCO_NUMERO").texto(),
                  p->CPrefijos.FieldByName("PREF_NUMERO").texto());
-        QVERIFY(s.cnt.comprobante_encontrado.isEmpty());
     }
 
     void el_contador_atrasado_se_repara_y_el_tipo_sin_prefijos_se_rehusa() {
@@ -499,54 +498,56 @@ private slots:
         SesionGui s;
         Digitador d(s);
         d.configure("COMPROBANTES", "PREGUNTAR MANDANTE EN COMPROBANTES CONTABLES", "SI");
-        QStringList abiertas;
-        for (const char* n : {"Tfcuentas", "Tfcuentasniif", "Tfterceros", "Tfcentros",
-                              "Tfconceptos", "Tfauxiliar", "Tfarticulos"})
-            registre_testigo(n, [&abiertas, n] { abiertas << n; });
+        ListaFalsa<PideCuenta> cuentas("Tfcuentas"), cuentas_niif("Tfcuentasniif");
+        ListaFalsa<PideTercero> terceros("Tfterceros");
+        ListaFalsa<PideCentro> centros("Tfcentros");
+        QString auxiliar;
+        registre_testigo("Tfauxiliar", [&](const Pantalla& a) {
+            auxiliar = a.peticion<AbreAuxiliar>().cuenta_auxiliar;
+        });
         Tfmovimien* p = d.abra();
         QVERIFY(p->Mand->isVisible());
         d.encabezado("CG", "05", "x");
         p->DBEdit2->setFocus();
         oprima(Qt::Key_F6);
-        s.ter.tercero_seleccion = "900123456";
-        s.escritorio.activa()->close();
+        terceros.conteste("900123456");
         QCOMPARE(p->DBEdit3->text(), QString("Ferretería El Tornillo S.A.S."));
         p->Mand->setFocus();
         digite("?banco");
         oprima(Qt::Key_Tab);
-        QCOMPARE(s.cnt.texto_busqueda, QString("banco"));
-        QVERIFY(s.ter.seleccion_mandante);
-        s.ter.tercero_seleccion = "860002964";
-        s.escritorio.activa()->close();
+        QCOMPARE(terceros.pedida().texto_busqueda, QString("banco"));
+        terceros.conteste("860002964");
         QCOMPARE(p->NomMand->text(), QString("Banco de Bogotá"));
-        QVERIFY(!s.ter.seleccion_mandante);
+        QCOMPARE(p->CMovimiento.FieldByName("TERC_NIT").texto(), QString("900123456"));
+        // una búsqueda del mandante que se abandona no desvía la siguiente
+        p->Mand->OnDblClick();
+        terceros.cancele();
+        p->DBEdit2->OnDblClick();
+        terceros.conteste("52345678");
+        QCOMPARE(p->CMovimiento.FieldByName("TERC_NIT").texto(), QString("52345678"));
+        QCOMPARE(p->CMovimiento.FieldByName("ENCO_MANDANTE").texto(), QString("860002964"));
 
         d.entre_a_la_rejilla();
         d.linea({"?caja"});
-        QCOMPARE(s.cnt.texto_busqueda, QString("caja"));
-        s.cnt.cuenta_seleccion = "510506";
-        s.escritorio.activa()->close();
+        QCOMPARE(cuentas.pedida().texto_busqueda, QString("caja"));
+        cuentas.conteste("510506");
         QCOMPARE(d.celda("CUEN_COD"), QString("510506"));
         oprima(Qt::Key_F7);
-        s.cnt.proyecto_seleccion = "0001";
-        s.cnt.centro_seleccion = "0002";
-        s.escritorio.activa()->close();
+        centros.conteste({"0001", "0002"});
         QCOMPARE(d.celda("PROY_COD") + d.celda("CENT_COD"), QString("00010002"));
-        QVERIFY(s.cnt.proyecto_seleccion.isEmpty() && s.cnt.centro_seleccion.isEmpty());
         oprima(Qt::Key_F8);
-        QCOMPARE(s.cnt.cuenta_auxiliar, QString("510506"));
+        QCOMPARE(auxiliar, QString("510506"));
         s.escritorio.activa()->close();
         oprima(Qt::Key_F9);
-        s.escritorio.activa()->close();
+        cuentas.cancele();
+        QCOMPARE(d.celda("CUEN_COD"), QString("510506"));
         p->CDetalle.Cancel();
         p->PageControl1->setCurrentIndex(1);
         d.entre_a_la_rejilla();
         oprima(Qt::Key_F9);
-        s.cnt.cuenta_seleccion = "110505";
-        s.escritorio.activa()->close();
+        cuentas_niif.conteste("110505");
         QCOMPARE(p->Cdetniif.FieldByName("CUEN_COD").texto(), QString("110505"));
-        QCOMPARE(abiertas, QStringList({"Tfterceros", "Tfterceros", "Tfcuentas", "Tfcentros",
-                                        "Tfauxiliar", "Tfcuentas", "Tfcuentasniif"}));
+        QCOMPARE(terceros.veces() * 100 + cuentas.veces() * 10 + cuentas_niif.veces(), 421);
         oprima(Qt::Key_F11);
         QCOMPARE(s.escritorio.activa()->objectName(), QString("Tfbuscplantilla"));
     }
@@ -557,8 +558,8 @@ private slots:
         s.base.ejecute(
             {"insert into articulo (arti_cod, arti_des) values ('T-100', 'Tornillo')",
              "insert into activos_fijos (acfj_cod, acfj_desc) values ('MUEB1', 'Escritorio')"});
-        for (const char* n : {"Tfarticulos", "Tfactivos"})
-            registre_testigo(n);
+        registre_testigo("Tfarticulos");
+        ListaFalsa<PideActivo> activos("Tfactivos");
         Tfmovimien* p = d.abra();
         d.encabezado("CG", "05", "x");
         d.entre_a_la_rejilla();
@@ -578,8 +579,7 @@ private slots:
         QCOMPARE(p->GroupBox2->title(), QString("Activo fijo"));
         componente<QPushButton>(p, "SpeedButton6").click();
         QCOMPARE(s.escritorio.activa()->objectName(), QString("Tfactivos"));
-        s.cnt.activo_seleccionado = "MUEB1";
-        s.escritorio.activa()->close();
+        activos.conteste("MUEB1");
         QCOMPARE(d.celda("ARTI_COD"), QString("MUEB1"));
         QCOMPARE(p->Edit2->text(), QString("Escritorio"));
         componente<QPushButton>(p, "SpeedButton3").click();
@@ -649,11 +649,11 @@ private slots:
         }
         Interlocutor i;
         i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
-        s.cnt.balance_por_recalcular = false;
+        QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         oprima(Qt::Key_Escape);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 0);
-        QVERIFY(s.cnt.balance_por_recalcular);
+        QCOMPARE(aviso.count(), 1);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
     }
 
@@ -691,8 +691,9 @@ private slots:
             i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
                      "Continuar?",
                      "Sí");
-            s.cnt.plantilla_seleccion = "3";
-            p->FormActivate();
+            ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
+            oprima(Qt::Key_F11);
+            plantillas.conteste("3");
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
         QCOMPARE(p->DBEdit1->text(), QString("Arriendo"));

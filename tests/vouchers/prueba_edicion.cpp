@@ -6,8 +6,7 @@ namespace {
 
 /// Abre para editar el comprobante del id.
 Tfedtmovimien* edite(SesionGui& s, int id) {
-    s.cnt.comprobante_encontrado = QString::number(id);
-    return s.abra<Tfedtmovimien>("Tfedtmovimien");
+    return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{QString::number(id)});
 }
 
 const QStringList kCuadrado{"110505:100:0", "310505:0:100"};
@@ -27,7 +26,6 @@ private slots:
         ponga_comprobante(s, 500, "000020", "20170315", kCuadrado, "comprobante_detalle", 31, 9);
         Tfedtmovimien* p = edite(s, 500);
         QVERIFY(p);
-        QVERIFY(s.cnt.comprobante_encontrado.isEmpty());
         QCOMPARE(p->EDia->text() + p->EMes->text() + p->EAno->text(), QString("15Marzo2017"));
         QCOMPARE(p->ano_saldos() + QString::number(p->mes_saldos()), QString("20173"));
         QCOMPARE(p->Edit1->text(),
@@ -313,8 +311,11 @@ private slots:
         i.espere(
             "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
             "Sí");
-        s.cnt.plantilla_seleccion = "3";
-        p->FormActivate();
+        // la que nadie pidió es para el primer comprobante que se active
+        registre_testigo("TfOtra");
+        Pantalla* otra = pantallas().abrir("TfOtra");
+        otra->ofrezca<PidePlantilla>("3");
+        otra->close();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         QCOMPARE(p->CDetalle.valor_en(0, p->CDetalle.FieldByName("CUEN_COD")).texto(),

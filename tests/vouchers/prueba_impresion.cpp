@@ -153,7 +153,6 @@ private slots:
 private:
     /// Abre la pantalla modal, la deja contestar y devuelve lo impreso.
     QString imprima(SesionGui& s, int clave, bool niif = false) {
-        s.cnt.comprobante_encontrado = QString::number(kId);
         QTemporaryDir carpeta;
         const QString ruta = carpeta.filePath("comprobante.pdf");
         Interlocutor i;
@@ -162,7 +161,7 @@ private:
             QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key(clave));
         });
         espere_pdf(i, ruta);
-        pantallas().abrir_modal("Tfimprcomproba");
+        pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
         if (!i.conforme())
             QTest::qFail(qPrintable(i.queja()), __FILE__, __LINE__);
         QProcess hoja;
@@ -205,7 +204,8 @@ void PruebaImpresion::sin_formato_sale_la_plantilla_en_el_papel_configurado() {
     i.espere_modal("Tfimprcomproba", [](QWidget* w) {
         QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key_Escape);
     });
-    QCOMPARE(pantallas().abrir_modal("Tfimprcomproba"), int(mrCancel));
+    QCOMPARE(pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)}),
+             int(mrCancel));
 }
 
 void PruebaImpresion::el_formato_dibuja_lo_que_dicen_sus_tablas() {
@@ -443,7 +443,7 @@ void PruebaImpresion::lo_que_no_cabe_pasa_a_otra_hoja_o_se_pierde() {
         w->close();
     });
     i.espere_modal("Tfimprcomproba", [](QWidget* w) { w->close(); });
-    pantallas().abrir_modal("Tfimprcomproba");
+    pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
     QVERIFY(!QFile::exists("/tmp/no_se_escribe.pdf"));
 }
 
@@ -454,14 +454,13 @@ void PruebaImpresion::el_formato_se_busca_por_el_tipo_y_f10_usa_el_de_ultimo_rec
     s.base.ejecute({"update configuracion set conf_valor = 'NO' where conf_propiedad = "
                     "'USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR'"});
     s.dm.cargue_configuracion();
-    s.cnt.comprobante_encontrado = QString::number(kId);
     for (int clave : {int(Qt::Key_F2), int(Qt::Key_F10)}) {
         Interlocutor i;
         i.espere_modal("Tfimprcomproba", [=](QWidget* w) {
             QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key(clave));
         });
         i.espere("No se encontró el formato de impresión para el comprobante CG");
-        pantallas().abrir_modal("Tfimprcomproba");
+        pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
     s.base.ejecute({"update formatos set pref_pre = '0000'"});
@@ -474,7 +473,6 @@ void PruebaImpresion::una_referencia_con_letras_detiene_el_trabajo() {
     defina_formato(s, "CG", 10, "S");
     s.base.ejecute({"update formato_datos set dafo_dato = 'REFERENCIA ITEM' where dafo_dato = "
                     "'DEBITO ITEM'"});
-    s.cnt.comprobante_encontrado = QString::number(kId);
     Interlocutor i;
     i.espere_modal("Tfimprcomproba", [](QWidget* w) {
         QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key_F2);
@@ -490,7 +488,7 @@ void PruebaImpresion::una_referencia_con_letras_detiene_el_trabajo() {
         w->close();
     });
     i.espere_modal("Tfimprcomproba", [](QWidget* w) { w->close(); }); // sigue viva
-    pantallas().abrir_modal("Tfimprcomproba");
+    pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
 }
 

@@ -97,10 +97,10 @@ private slots:
         QVERIFY(d.saldos->lineas->Difdeb->text().isEmpty());
         QCOMPARE(d.saldos->lineas->DifCred->text(), QString("0.00"));
         QCOMPARE(d.rejilla().suma(4), d.rejilla().suma(5));
-        s.cnt.balance_por_recalcular = false;
+        QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         oprima(Qt::Key_F2);
         QVERIFY(s.escritorio.abiertas().isEmpty());
-        QVERIFY(s.cnt.balance_por_recalcular);
+        QCOMPARE(aviso.count(), 1);
         QCOMPARE(s.dato(kTabla), QString("7:111005:::1000.00:0.00,8:110505:::500.50:0.00,"
                                          "9:310505:::0.00:1500.50"));
         QCOMPARE(s.cnt.saldo_cuenta("310505", "20170101"), Moneda::de_texto("-1500.5"));
@@ -291,36 +291,25 @@ private slots:
     void las_busquedas_entregan_siempre_en_la_linea() {
         SesionGui s;
         Saldos d(s);
-        QStringList abiertas;
-        for (const char* n : {"Tfcuentas", "Tfterceros", "Tfcentros"})
-            registre_testigo(n, [&abiertas, n] {
-                abiertas << QLatin1String(n) + fdmcnt().texto_busqueda;
-                fdmcnt().texto_busqueda.clear();
-            });
+        ListaFalsa<PideCuenta> cuentas("Tfcuentas");
+        ListaFalsa<PideTercero> terceros("Tfterceros");
+        ListaFalsa<PideCentro> centros("Tfcentros");
         Tfsaldiniciales* p = d.abra();
-        const auto vuelva = [&](QString& buzon, const char* valor) {
-            buzon = QString::fromUtf8(valor);
-            s.escritorio.activa()->close();
-            QVERIFY(buzon.isEmpty());
-        };
         d.rejilla().SelectedIndex(0);
         digite("?caja");
         oprima(Qt::Key_Return);
-        vuelva(s.cnt.cuenta_seleccion, "510506");
+        QCOMPARE(cuentas.pedida().texto_busqueda, QString("caja"));
+        cuentas.conteste("510506");
         QCOMPARE(d.celda("CUEN_COD"), QString("510506"));
         d.rejilla().SelectedIndex(1);
         digite("?pe");
         oprima(Qt::Key_Return);
-        vuelva(s.ter.tercero_seleccion, "52345678");
+        QCOMPARE(terceros.pedida().texto_busqueda, QString("pe"));
+        terceros.conteste("52345678");
         d.rejilla().SelectedIndex(3);
         digite("?");
         oprima(Qt::Key_Return);
-        s.cnt.centro_seleccion = "0002";
-        vuelva(s.cnt.proyecto_seleccion, "0001");
-        QCOMPARE(abiertas, QStringList({"Tfcuentascaja",
-                                        "Tfterceros"
-                                        "pe",
-                                        "Tfcentros"}));
+        centros.conteste({"0001", "0002"});
         QCOMPARE(d.celda("TERC_NIT") + d.celda("PROY_COD") + d.celda("CENT_COD"),
                  QString("5234567800010002"));
         p->CProyectos.Locate("PROY_COD", {"0001"});
@@ -330,11 +319,11 @@ private slots:
             oprima(tecla);
             s.escritorio.activa()->close();
         }
-        QCOMPARE(abiertas.mid(3), QStringList({"Tfterceros", "Tfcentros", "Tfcuentas"}));
+        QCOMPARE(cuentas.veces() * 100 + terceros.veces() * 10 + centros.veces(), 222);
         // también con el foco en un botón: no hay otro lugar a donde ir
         componente<QPushButton>(p, "SBGrabar").setFocus();
         oprima(Qt::Key_F6);
-        vuelva(s.ter.tercero_seleccion, "800456789");
+        terceros.conteste("800456789");
         QCOMPARE(d.celda("TERC_NIT"), QString("800456789"));
     }
 

@@ -1,0 +1,77 @@
+#include "sesion/peticiones.h"
+
+#include "sesion/apertura.h"
+#include "toolkit/pantalla.h"
+
+namespace {
+
+template <class P> void pida(Pantalla& este, const char* nombre, P peticion, Recibo<P> reciba) {
+    if (hay_pantalla(nombre))
+        este.pida(nombre, std::move(peticion), std::move(reciba));
+}
+
+} // namespace
+
+// ---------------------------------------------------------------- listas
+
+void escoja_cuenta(Pantalla& este, Libro libro, const QString& texto, Recibo<PideCuenta> reciba) {
+    pida(este, datos(libro).pantalla_cuentas, PideCuenta{.texto_busqueda = texto},
+         std::move(reciba));
+}
+
+QString escoja_cuenta_modal(const QString& cuenta_localizar, Libro libro) {
+    return pantallas()
+        .pida_modal(datos(libro).pantalla_cuentas,
+                    PideCuenta{.cuenta_localizar = cuenta_localizar, .modo_selector = true})
+        .value_or(QString());
+}
+
+void escoja_tercero(Pantalla& este, const QString& texto, Recibo<PideTercero> reciba) {
+    pida(este, "Tfterceros", PideTercero{texto}, std::move(reciba));
+}
+
+void cree_tercero(Pantalla& este, const QString& nit, Recibo<PideNuevoTercero> reciba) {
+    pida(este, "Tfnvotercero", PideNuevoTercero{nit}, std::move(reciba));
+}
+
+void escoja_centro(Pantalla& este, Recibo<PideCentro> reciba) {
+    pida(este, "Tfcentros", PideCentro{}, std::move(reciba));
+}
+
+void escoja_concepto(Pantalla& este, Recibo<PideConcepto> reciba) {
+    pida(este, "Tfconceptos", PideConcepto{}, std::move(reciba));
+}
+
+void escoja_articulo(Pantalla& este, Recibo<PideArticulo> reciba) {
+    pida(este, "Tfarticulos", PideArticulo{}, std::move(reciba));
+}
+
+void escoja_activo(Pantalla& este, Recibo<PideActivo> reciba) {
+    pida(este, "Tfactivos", PideActivo{}, std::move(reciba));
+}
+
+void escoja_plantilla(Pantalla& este, Recibo<PidePlantilla> reciba) {
+    pida(este, "Tfbuscplantilla", PidePlantilla{}, std::move(reciba));
+}
+
+void escoja_norma(Pantalla& este, Recibo<PideNorma> reciba) {
+    pida(este, "Tfnormas", PideNorma{}, std::move(reciba));
+}
+
+// ---------------------------------------------------------------- fichas y consultas
+
+void cree_cuenta(Libro libro, const QString& cuenta) {
+    abra_o_avise(datos(libro).pantalla_nueva_cuenta, AbreCuenta{cuenta});
+}
+
+void modifique_cuenta(Libro libro, const QString& cuenta) {
+    abra_o_avise(datos(libro).pantalla_modificar_cuenta, AbreCuenta{cuenta});
+}
+
+void abra_comprobante(const QString& id) {
+    abra_o_avise("Tfedtmovimien", AbreComprobante{id});
+}
+
+void abra_auxiliar(Libro libro, const QString& cuenta) {
+    abra_o_avise(datos(libro).pantalla_auxiliar, AbreAuxiliar{.cuenta_auxiliar = cuenta});
+}
