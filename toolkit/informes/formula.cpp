@@ -184,7 +184,7 @@ private:
             {"suma", Formula::Suma, 1, 2},       {"cuenta", Formula::Cuenta, 0, 1},
             {"si", Formula::Si, 3, 3},           {"abs", Formula::Abs, 1, 1},
             {"redondee", Formula::Redondee, 2, 2}, {"largo", Formula::Largo, 1, 1},
-            {"empieza", Formula::Empieza, 2, 2}};
+            {"empieza", Formula::Empieza, 2, 2}, {"termina", Formula::Termina, 2, 2}};
         QVector<int> argumentos;
         if (!tome(")")) {
             do
@@ -338,7 +338,8 @@ Cifra Formula::funcion(const ContextoFormula& contexto, const Nodo& n) const {
     const QString a = evalue(contexto, n.a).como_texto();
     if (n.op == Largo)
         return Cifra::de(Racional::entero(a.size()));
-    return Cifra::de(a.startsWith(evalue(contexto, n.b).como_texto()));
+    const QString b = evalue(contexto, n.b).como_texto();
+    return Cifra::de(n.op == Empieza ? a.startsWith(b) : a.endsWith(b));
 }
 
 Cifra Formula::evalue(const ContextoFormula& contexto) const {
@@ -369,6 +370,7 @@ Cifra Formula::evalue(const ContextoFormula& contexto, int nodo) const {
         return evalue(contexto, evalue(contexto, n.a).cierta() ? n.b : n.c);
     case Largo:
     case Empieza:
+    case Termina:
         return funcion(contexto, n);
     case Igual:
     case Distinto:

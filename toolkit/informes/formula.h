@@ -5,7 +5,7 @@
 // comparaciones (= <> < <= > >=), `y`, `o`, `no` (o `!`), y las funciones:
 //     suma(e [, condición])  cuenta([condición])   de las filas del grupo de la banda
 //     si(condición, a, b)    abs(e)    redondee(e, decimales)
-//     largo(texto)           empieza(texto, comienzo)
+//     largo(texto)           empieza(texto, comienzo)    termina(texto, final)
 // Una columna nula vale cero al sumar; dividir por cero deja la fórmula sin valor y no imprime nada.
 #include "datos/firebird/valor.h"
 #include "toolkit/informes/racional.h"
@@ -64,7 +64,8 @@ public:
         Abs,
         Redondee,
         Largo,
-        Empieza
+        Empieza,
+        Termina
     };
     struct Nodo {
         Op op = Numero;

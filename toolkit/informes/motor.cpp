@@ -163,10 +163,12 @@ bool MotorInformes::agregue() {
 }
 
 bool MotorInformes::ejecutar() {
-    if (!agregue())
+    return agregue() && (en_lote_ || saque_documento());
+}
+
+bool MotorInformes::saque_documento() {
+    if (!documento_)
         return false;
-    if (en_lote_)
-        return true;
     const std::unique_ptr<Hojas> hojas = std::move(documento_);
     if (al_componer)
         al_componer();

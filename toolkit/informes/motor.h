@@ -53,8 +53,11 @@ public:
     void fijar_grupo(const QString& pagina, const QString& banda, const QString& columna);
     /// Falso si el usuario canceló.
     bool ejecutar();
-    /// Compone el reporte y lo deja listo: el que se ejecute después sigue en el mismo documento.
+    /// Compone el reporte al final del documento, sin sacarlo: sus páginas siguen la numeración de
+    /// las que ya hay. Falso si el usuario lo abandonó, y entonces no queda documento.
     bool agregue();
+    /// Pide las opciones y saca lo agregado. Falso si el usuario canceló.
+    bool saque_documento();
     /// Graba el informe en ese archivo, sin preguntar nada.
     void ejecutar_en(const QString& ruta,
                      informes::FormatoArchivo formato = informes::FormatoArchivo::Pdf);

@@ -1,0 +1,3 @@
+-- Consecutivos de los informes.
+
+CREATE SEQUENCE SEC_NOTAS_ESTADOS;

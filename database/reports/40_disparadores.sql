@@ -1,0 +1,14 @@
+-- Disparadores de lo que guardan los informes.
+
+SET TERM ^ ;
+
+-- Una nota nueva llega con su id en cero.
+CREATE OR ALTER TRIGGER NOTAS_ESTADOS_FINANCIEROS_BI FOR NOTAS_ESTADOS_FINANCIEROS
+ACTIVE BEFORE INSERT POSITION 0
+AS
+BEGIN
+  IF (coalesce(NEW.NOEF_ID, 0) = 0) THEN
+    NEW.NOEF_ID = NEXT VALUE FOR SEC_NOTAS_ESTADOS;
+END^
+
+SET TERM ; ^
