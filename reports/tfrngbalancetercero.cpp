@@ -31,7 +31,7 @@ Tfrngbalancetercero::Tfrngbalancetercero() : FormaConTerceros(kDatos) {
 
 void Tfrngbalancetercero::FormCreate() {
     FormaConTerceros::FormCreate();
-    setWindowTitle(es("T") ? "Balance terceros" : "Balance de prueba terceros");
+    setWindowTitle(es("R") ? "Balance de prueba terceros" : "Balance terceros");
 }
 
 QString Tfrngbalancetercero::sql() {
@@ -44,9 +44,9 @@ QString Tfrngbalancetercero::titulo() {
 }
 
 QString Tfrngbalancetercero::reporte() {
-    return es("T") ? "Balanceterceros" : "Balanceprutercero";
+    return es("R") ? "Balanceprutercero" : "Balanceterceros";
 }
 
 QString Tfrngbalancetercero::titulo_niif() {
-    return es("T") ? "Balance Detallado con Terceros NIIF" : "Balance de Prueba con Terceros NIIF";
+    return es("R") ? "Balance de Prueba con Terceros NIIF" : "Balance Detallado con Terceros NIIF";
 }
