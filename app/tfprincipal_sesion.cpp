@@ -105,7 +105,16 @@ void Tfprincipal::conecte_general() {
 }
 
 bool Tfprincipal::version_al_dia(Conexion& base, TipoBase tipo) {
-    const QString negativa = negativa_de_version(tipo, version_de_esquema(base));
+    QString negativa;
+    try {
+        negativa = negativa_de_version(tipo, version_de_esquema(base));
+    } catch (const ErrorBase& e) {
+        if (!sin_permiso(e))
+            throw;
+        // El servidor lo dejó entrar, pero nadie lo registró en esta base.
+        negativa = tipo == TipoBase::Compania ? QStringLiteral("Nombre de usuario incorrecto")
+                                              : QStringLiteral("Usuario no registrado.");
+    }
     if (negativa.isEmpty())
         return true;
     muestre_error(negativa);

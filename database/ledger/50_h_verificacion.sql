@@ -88,7 +88,7 @@ BEGIN
   DO
     SUSPEND;
 
-  COMPROBANTE = 'saldos iniciales';
+  COMPROBANTE = NULL;
   CAUSA = 'saldo inicial en una cuenta que no puede llevarlo';
   FOR
     SELECT 'línea ' || S.SAIN_ITEM || ', cuenta ' || S.CUEN_COD
@@ -117,7 +117,6 @@ BEGIN
     DO
       SUSPEND;
 
-  COMPROBANTE = NULL;
   IF (NOT EXISTS (SELECT 1 FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}')) THEN
   BEGIN
     CAUSA = 'los saldos no tienen su fila de control';

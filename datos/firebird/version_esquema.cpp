@@ -1,5 +1,15 @@
 #include "datos/firebird/version_esquema.h"
 
+namespace {
+
+constexpr qint64 kSinPermiso = 335544352; // isc_no_priv
+
+} // namespace
+
+bool sin_permiso(const ErrorBase& falla) {
+    return falla.codigo() == kSinPermiso;
+}
+
 int version_de_esquema(Conexion& conexion) {
     const bool hay =
         !conexion

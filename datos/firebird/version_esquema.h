@@ -15,6 +15,9 @@ inline int version_conocida(TipoBase tipo) {
 /// Versión que dice la base conectada; 0 si no es de este sistema.
 int version_de_esquema(Conexion& conexion);
 
+/// Verdadero si la falla es que el usuario no tiene permiso en la base: nadie le concedió el papel.
+bool sin_permiso(const ErrorBase& falla);
+
 /// Por qué no se debe trabajar con una base de esa versión, para mostrarlo; vacío si se puede. Una
 /// base más nueva puede guardar lo que este programa no sabe cuidar; a una anterior le falta lo que
 /// este programa usa.
