@@ -43,6 +43,7 @@ void Tfcentros::FormCreate() {
         detalle_->Filter("(SUCU_ID = 0) OR (SUCU_ID = " + QString::number(fdm().sucursal_usuario) +
                          ")");
         detalle_->Filtered(true);
+        maestro_->BeforeDelete = [this] { revise_centros_ocultos(); };
     }
     DBGridEh1->setFocus();
 }
@@ -58,6 +59,28 @@ void Tfcentros::liste_agencias() {
         nombres.prepend("Todas");
     }
     DBGridEh2->lista(DBGridEh2->columna_de("SUCU_ID"), nombres, codigos);
+}
+
+void Tfcentros::revise_centros_ocultos() {
+    const auto centros = [this] {
+        QStringList lista;
+        for (int i = 0; i < detalle_->RecordCount(); ++i)
+            lista << detalle_->valor_en(i, detalle_->FieldByName("CENT_COD")).texto() + ' ' +
+                         detalle_->valor_en(i, detalle_->FieldByName("CENT_NOM")).texto();
+        return lista;
+    };
+    const QStringList a_la_vista = centros();
+    detalle_->Filtered(false);
+    QStringList ocultos = centros();
+    detalle_->Filtered(true);
+    for (const QString& centro : a_la_vista)
+        ocultos.removeOne(centro);
+    if (ocultos.isEmpty())
+        return;
+    muestre_mensaje("El proyecto " + maestro_->FieldByName("PROY_COD").texto() +
+                    " tiene centros de otras agencias, que aquí no se ven: " + ocultos.join(", ") +
+                    ". No se puede borrar.");
+    throw EdicionAbortada();
 }
 
 void Tfcentros::SBGrabarClick() {

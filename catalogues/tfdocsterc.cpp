@@ -68,8 +68,9 @@ void Tfdocsterc::PngSpeedButton3Click() {
     if (!pregunte("Desea borrar definitivamente el documento " +
                   CDocs->FieldByName("TEDO_NOMBRE").texto() + "?"))
         return;
-    CBorrar->Execute("delete from tercero_documentos where terc_nit = " + QuotedStr(nit_) +
-                     " and tedo_item = " + CDocs->FieldByName("TEDO_ITEM").texto());
+    CBorrar->Execute(
+        "delete from tercero_documentos where terc_nit = " + QuotedStr(nit_) +
+        " and tedo_item = " + QString::number(CDocs->FieldByName("TEDO_ITEM").entero()));
     CDocs->Open(CDocs->CommandText);
 }
 

@@ -1,5 +1,7 @@
 #include "ledger/tfbalanceprueba.h"
 
+#include "datos/recordset/foto.h"
+
 #include "catalogues/letracuenta.h"
 #include "ledger/cifrascontrol.h"
 #include "sesion/peticiones.h"
@@ -163,10 +165,7 @@ void Tfbalanceprueba::FormCreate() {
     fdm().ConfigurarProviders(this);
     const Valor niveles = CBorrar.valor_unico("select max(estr_nivel) from estructura");
     nivel_ = niveles.nulo() ? kNivelPorOmision : int(niveles.entero());
-    const bool local =
-        fdm().configuracion("CONTABILIDAD", "GENERAL",
-                            "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
-                            "HACER CONSULTAS") == "2649";
+    const bool local = fdm().valor<Llave::LibroInicial>() == "2649";
     PageControl1->setCurrentIndex(local ? 0 : 1);
 }
 
@@ -197,15 +196,18 @@ void Tfbalanceprueba::actualice_balance() {
     Panel->repaint();
     const auto oculte = qScopeGuard([this] { Panel->hide(); });
     muestre_periodo();
+    // Los dos libros y sus cifras de control son del mismo instante, aunque otros estén grabando.
+    Foto foto(fdm().Quorvex);
     for (Pagina& pagina : paginas_)
-        lea(pagina);
+        lea(pagina, foto);
 }
 
-void Tfbalanceprueba::lea(Pagina& pagina) {
-    pagina.conjunto->Open(QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
-                          QuotedStr(fdmcnt().ano_actual) + ", " +
-                          QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
-                          QString::number(nivel_) + ')');
+void Tfbalanceprueba::lea(Pagina& pagina, Foto& foto) {
+    foto.abra(*pagina.conjunto,
+              QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
+                  QuotedStr(fdmcnt().ano_actual) + ", " +
+                  QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
+                  QString::number(nivel_) + ')');
     pagina.cifras->muestre();
 }
 

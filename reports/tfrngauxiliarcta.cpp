@@ -69,7 +69,7 @@ QString Tfrngauxiliarcta::titulo() {
 QString Tfrngauxiliarcta::reporte() {
     if (marcada(CkCateg))
         return "Categorias";
-    return fdm().configurado_si("COMPROBANTES", "AUXILIAR POR CUENTA MOSTRANDO CENTROS DE COSTOS")
+    return fdm().valor<Llave::AuxiliarConCentros>()
                ? "Cuentas"
                : "Cuentassc";
 }

@@ -1,9 +1,10 @@
 // Numeración y registro de los documentos de la suite.
+#include "libro/numeracion.h"
 #include "sesion/registro_documentos.h"
 #include "sesion/tfdm.h"
 
 QString Tfdm::complete_numero_n(const QString& numero, int n) {
-    return numero.size() >= n ? numero : numero.rightJustified(n, '0');
+    return ::complete_numero(numero, n);
 }
 
 void Tfdm::registre_prefijo(int tipo) {

@@ -1,5 +1,7 @@
 #pragma once
 // Módulo de datos de la contabilidad: período, cuentas, centros y comprobantes.
+#include "libro/borrado.h"
+#include "libro/fechas.h"
 #include "sesion/tfdm.h"
 
 /// Período contable y cómo se mueve: 0 a 11 los meses, 12 "Ajustes".
@@ -13,6 +15,8 @@ struct CursorPeriodo {
     /// Número que va a un procedimiento: 1 a 13.
     int numero() const { return indice + 1; }
 };
+
+enum class ResultadoBorrado { Negado, Ajeno, Conservado, Borrado };
 
 class Tfdmcnt : public QObject {
     Q_OBJECT
@@ -41,9 +45,8 @@ public:
         TPlantilladn;
     Sentencia SIdPlantilla, TSaldiniciales;
     Sentencia QConsultas;
-    Proveedor PConsultas, PCuentas, PValidcuenta, PPadre, PSaldocta, PNomcent, PValidcentro;
-    ConjuntoDatos CConsultas, CCuentas, CValidcuenta, CPadre, CSaldocta, CNomcent, CValidcentro;
-    Sentencia QCtaActiva;
+    Proveedor PConsultas, PPadre, PSaldocta;
+    ConjuntoDatos CConsultas, CPadre, CSaldocta;
 
     // --- cuentas; con el libro por omisión son las de 2649
     /// Pregunta a la base si la cuenta puede llevar movimiento, con sus mensajes. Una cuenta que no
@@ -69,6 +72,11 @@ public:
     /// se adelanta a uno libre, y con él el contador.
     NumeroValidado valide_NumComConta(const QString& tipo, const QString& prefijo,
                                       const QString& numero_sugerido, Campo& campo);
+    /// Lo que la compañía decide de todo comprobante.
+    AjustesLibro ajustes_libro();
+    /// Derecho, origen, pregunta y borrado, con las diferencias del renglón de esa pantalla.
+    /// Muestra sus mensajes; las fallas de la base salen.
+    ResultadoBorrado borrar_comprobante(const QString& pantalla, const PedidoBorrado& pedido);
     /// Descripción de un activo fijo, o vacía.
     QString desc_activo(const QString& codigo);
 

@@ -1,5 +1,6 @@
 #include "vouchers/panel_documento.h"
 
+#include "datos/firebird/reloj.h"
 #include "vouchers/pch.h"
 
 PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, ConjuntoDatos& tipos,
@@ -39,7 +40,7 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
     }
     // Entrar propone hoy como vencimiento, aunque la línea ya tuviera otro.
     OnEnter = [this] {
-        DateTimePicker1->fecha(QDate::currentDate());
+        DateTimePicker1->fecha(reloj().hoy());
         DateTimePicker1Change();
     };
 }

@@ -1,6 +1,5 @@
 #include "vouchers/tfbuscomproba.h"
 
-#include "sesion/borrado.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
 
@@ -98,19 +97,13 @@ void Tfbuscomproba::SpeedButton3Click() {
 }
 
 void Tfbuscomproba::borrar_comprobante() {
-    const QString id = dato("ENCO_CONSEC");
-    BorradoComprobante c;
-    c.tipo = dato("TICO_COD");
-    c.prefijo = dato("PRCO_PREF");
-    c.numero = dato("ENCO_NUMERO");
-    c.tipo_origen = conjunto_.FieldByName("ENCO_TIPOREF").entero();
-    // El encabezado que se va nombra a quien lo borró.
-    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
-                 "delete from comprobante_detalle_niif where enco_consec = " + id,
-                 "update comprobante_encabezado set enco_usuario = " + QuotedStr(fdm().usuario) +
-                     " where enco_consec = " + id,
-                 "delete from comprobante_encabezado where enco_consec = " + id};
-    switch (borre_comprobante(c)) {
+    PedidoBorrado pedido;
+    pedido.id = conjunto_.FieldByName("ENCO_CONSEC").entero();
+    pedido.tipo = dato("TICO_COD");
+    pedido.prefijo = dato("PRCO_PREF");
+    pedido.numero = dato("ENCO_NUMERO");
+    pedido.tipo_origen = conjunto_.FieldByName("ENCO_TIPOREF").entero();
+    switch (fdmcnt().borrar_comprobante(objectName(), pedido)) {
     case ResultadoBorrado::Negado:
         close();
         break;

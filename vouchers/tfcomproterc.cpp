@@ -1,6 +1,5 @@
 #include "vouchers/tfcomproterc.h"
 
-#include "sesion/borrado.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
@@ -101,16 +100,12 @@ void Tfcomproterc::SpeedButton2Click() {
 }
 
 void Tfcomproterc::borrar_comprobante() {
-    const QString id = dato("ID");
-    BorradoComprobante c;
-    c.tipo = dato("TIPO");
-    c.prefijo = dato("PREFIJO");
-    c.numero = dato("NUMERO");
-    c.tipo_origen = conjunto_.FieldByName("TIPOREF").entero();
-    // Esta lista no pregunta el derecho y deja las líneas NIIF en su sitio.
-    c.exige_derecho = false;
-    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
-                 "delete from comprobante_encabezado where enco_consec = " + id};
-    if (borre_comprobante(c) == ResultadoBorrado::Borrado)
+    PedidoBorrado pedido;
+    pedido.id = conjunto_.FieldByName("ID").entero();
+    pedido.tipo = dato("TIPO");
+    pedido.prefijo = dato("PREFIJO");
+    pedido.numero = dato("NUMERO");
+    pedido.tipo_origen = conjunto_.FieldByName("TIPOREF").entero();
+    if (fdmcnt().borrar_comprobante(objectName(), pedido) == ResultadoBorrado::Borrado)
         conjunto_.Refresh();
 }

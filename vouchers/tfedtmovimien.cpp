@@ -1,6 +1,5 @@
 #include "vouchers/tfedtmovimien.h"
 
-#include "sesion/borrado.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
@@ -316,18 +315,13 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
 
 void Tfedtmovimien::SBBorrarClick() {
     const auto t = [this](const char* c) { return CMovimiento.FieldByName(c).texto(); };
-    const QString id = t("ENCO_CONSEC");
-    BorradoComprobante c;
-    c.tipo = t("TICO_COD");
-    c.prefijo = t("PRCO_PREF");
-    c.numero = t("ENCO_NUMERO");
-    c.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
-    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
-                 "delete from comprobante_detalle_niif where enco_consec = " + id,
-                 "update comprobante_encabezado set enco_usuario = " + QuotedStr(fdm().usuario) +
-                     " where enco_consec = " + QString::number(comprobante_borrado),
-                 "delete from comprobante_encabezado where enco_consec = " + id};
-    const ResultadoBorrado resultado = borre_comprobante(c);
+    PedidoBorrado pedido;
+    pedido.id = CMovimiento.FieldByName("ENCO_CONSEC").entero();
+    pedido.tipo = t("TICO_COD");
+    pedido.prefijo = t("PRCO_PREF");
+    pedido.numero = t("ENCO_NUMERO");
+    pedido.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
+    const ResultadoBorrado resultado = fdmcnt().borrar_comprobante(objectName(), pedido);
     if (resultado == ResultadoBorrado::Negado || resultado == ResultadoBorrado::Borrado)
         close();
 }

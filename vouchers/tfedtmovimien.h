@@ -52,5 +52,4 @@ private:
     bool solo_imprime_ = false;
     QString anio_voucher;
     int mes_voucher = 0;
-    int comprobante_borrado = 0; ///< nadie lo asigna: el update previo al borrado nombra el 0
 };

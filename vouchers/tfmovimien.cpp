@@ -67,6 +67,11 @@ void Tfmovimien::FormCreate() {
     tipo_anterior.clear();
     en_grilla = false;
     fdm().ConfigurarProviders(this);
+    // El derecho, antes que nada: el comprobante provisional se podría eliminar sin él.
+    if (!fdm().exija_acceso(30)) {
+        pida_cierre_al_crear();
+        return;
+    }
     {
         const QSignalBlocker callada(PageControl1); // escoger la página inicial no graba nada
         lea_configuracion(Orden::Digitar);
@@ -85,8 +90,6 @@ void Tfmovimien::FormCreate() {
     else
         recupere_provisional();
     tamano_del_area(60, 40);
-    if (!fdm().exija_acceso(30))
-        pida_cierre_al_crear();
 }
 
 void Tfmovimien::recupere_provisional() {
@@ -295,7 +298,7 @@ bool Tfmovimien::ya_habia_quedado_grabado() {
         return false;
     // Un intento que falla se deshace entero: si el id está en la base, lo que se perdió fue la
     // respuesta del servidor y no el comprobante.
-    const QString id = CMovimiento.FieldByName("ENCO_CONSEC").texto();
+    const QString id = QString::number(CMovimiento.FieldByName("ENCO_CONSEC").entero());
     CBorrar.Open("select enco_numero from comprobante_encabezado where enco_consec = " + id);
     if (CBorrar.IsEmpty())
         return false;

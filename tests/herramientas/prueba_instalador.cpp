@@ -282,7 +282,11 @@ void PruebaInstalador::una_base_vieja_recibe_las_actualizaciones_que_le_faltan()
     Instalador de_nueva(nueva, guiones.ruta());
     de_nueva.instale(TipoBase::Compania);
     QVERIFY(de_nueva.actualice(TipoBase::Compania).isEmpty());
-    QCOMPARE(nueva.consulte(QStringLiteral("select count(*) from version_esquema")).entero(), 3);
+    QCOMPARE(nueva
+                 .consulte(QStringLiteral("select count(*) from version_esquema"
+                                          " where vers_numero > 9000"))
+                 .entero(),
+             2);
 }
 
 QTEST_GUILESS_MAIN(PruebaInstalador)

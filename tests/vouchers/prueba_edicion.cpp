@@ -115,7 +115,9 @@ private slots:
             oprima(Qt::Key_F2);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
-        QVERIFY(!p->Cdetniif.editando() || p->Cdetniif.RecordCount() == 1);
+        // a diferencia de la digitación, la fila rehusada no queda en edición
+        QVERIFY(!p->CDetalle.editando() && !p->Cdetniif.editando());
+        QCOMPARE(p->Cdetniif.RecordCount(), 1);
         QCOMPARE(s.dato("select enco_concepto || '|' from comprobante_encabezado"),
                  QString("Concepto|"));
         p->PageControl1->setCurrentIndex(1);
@@ -250,12 +252,12 @@ private slots:
                 "count(*) from comprobante_detalle_niif where enco_consec = 1) + (select count(*) "
                 "from comprobante_encabezado where enco_consec = 1) from rdb$database"),
             QString("0"));
-        // el update previo nombra el comprobante 0: el que se va conserva el usuario que lo hizo
+        // el update previo nombra el comprobante 0, y aun así la auditoría dice quién borró
         QCOMPARE(
             s.dato(
                 "select first 1 audi_usuario from auditoria where audi_iddoc = 1 and audi_oper = "
                 "'E' and tido_cod = 1"),
-            QString("ADMIN"));
+            QString("AUXILIAR"));
         QCOMPARE(s.dato("select count(*) from verifique_saldos('2649')"), QString("0"));
     }
 

@@ -1,0 +1,308 @@
+#include "libro/grabacion.h"
+
+#include "libro/numeracion.h"
+#include "libro/revision.h"
+
+namespace {
+
+// Cada vuelta perdida es un comprobante que otro sí grabó: con más que estas algo anda mal.
+constexpr int kVueltas = 50;
+
+/// Guarda las fallas de una grabación en lugar de decirlas, para decirlas después o callarlas.
+class FallasPospuestas {
+public:
+    explicit FallasPospuestas(Proveedor& p) : p_(p), manejador_(p.OnUpdateError) {
+        p_.OnUpdateError = [this](Proveedor&, ConjuntoDatos& d, const ErrorDatos& e,
+                                  ClaseCambio clase) {
+            const auto* de_base = dynamic_cast<const ErrorBase*>(&e);
+            fallas_.push_back({&d, clase, de_base && de_base->conexion_perdida(),
+                               de_base ? std::shared_ptr<ErrorDatos>(new ErrorBase(*de_base))
+                                       : std::make_shared<ErrorDatos>(e)});
+        };
+    }
+    ~FallasPospuestas() { p_.OnUpdateError = manejador_; }
+    FallasPospuestas(const FallasPospuestas&) = delete;
+    FallasPospuestas& operator=(const FallasPospuestas&) = delete;
+
+    bool perdida() const {
+        return std::any_of(fallas_.begin(), fallas_.end(), [](auto& f) { return f.perdida; });
+    }
+    bool al_insertar(const ConjuntoDatos& d) const {
+        return fallas_.size() == 1 && fallas_[0].conjunto == &d &&
+               fallas_[0].clase == ClaseCambio::Insercion;
+    }
+    QString texto() const { return fallas_.empty() ? QString() : fallas_[0].error->texto(); }
+    void olvide() { fallas_.clear(); }
+    void digalas() {
+        for (const auto& f : fallas_)
+            if (manejador_)
+                manejador_(p_, *f.conjunto, *f.error, f.clase);
+    }
+
+private:
+    struct Falla {
+        ConjuntoDatos* conjunto;
+        ClaseCambio clase;
+        bool perdida;
+        std::shared_ptr<ErrorDatos> error;
+    };
+    Proveedor& p_;
+    decltype(Proveedor::OnUpdateError) manejador_;
+    std::vector<Falla> fallas_;
+};
+
+/// El menor CODE_ITEM de las líneas que aún no están en la base; cero si no hay.
+qint64 primer_item_nuevo(const ConjuntoDatos& lineas) {
+    const Campo& item = lineas.FieldByName("CODE_ITEM");
+    qint64 menor = 0;
+    lineas.recorra_todas([&](const Fila& f) {
+        if (f.marca != Fila::Marca::Insertada)
+            return;
+        const qint64 n = lineas.valor_de(f, item).entero();
+        menor = menor == 0 ? n : qMin(menor, n);
+    });
+    return menor;
+}
+
+} // namespace
+
+void termine_linea(ConjuntoDatos& lineas) {
+    if (!lineas.editando())
+        return;
+    const bool intacta = lineas.State() == Estado::Edicion && !lineas.cambiada();
+    if (intacta || lineas.FieldByName("CUEN_COD").vacio())
+        lineas.Cancel();
+    else
+        lineas.Post();
+}
+
+GrabacionComprobante::GrabacionComprobante(const ConjuntosComprobante& conjuntos)
+    : c_(conjuntos), conexion_(conjuntos.encabezado.conexion()) {}
+
+QString GrabacionComprobante::numero() const {
+    return c_.encabezado.FieldByName("ENCO_NUMERO").texto();
+}
+
+Rechazos GrabacionComprobante::revise(const ModoGrabacion& modo,
+                                      const AjustesLibro& ajustes) const {
+    return ::revise(conexion_, lea_comprobante(c_), modo, ajustes);
+}
+
+qint64 GrabacionComprobante::tome_id() {
+    const qint64 id = c_.encabezado.FieldByName("ENCO_CONSEC").entero();
+    if (id != 0)
+        return id;
+    const qint64 nuevo =
+        conexion_.ejecute_con_salida("execute procedure CAMBIE_ID_COMPROBA").value(0).entero();
+    c_.encabezado.Edit();
+    c_.encabezado.FieldByName("ENCO_CONSEC") = nuevo;
+    c_.encabezado.Post();
+    return nuevo;
+}
+
+void GrabacionComprobante::relea() {
+    c_.encabezado.Params["ID"] = c_.encabezado.FieldByName("ENCO_CONSEC").texto();
+    c_.encabezado.Refresh();
+}
+
+void GrabacionComprobante::olvide() {
+    en_duda_.reset();
+    blanco_puesto_ = false;
+}
+
+ResultadoGrabacion GrabacionComprobante::grabe(const ModoGrabacion& modo) {
+    ResultadoGrabacion r;
+    r.id = tome_id();
+    r.numero_pedido = numero();
+    if (ya_quedo()) {
+        r.clase = ResultadoGrabacion::YaEstaba;
+    } else {
+        if (modo.encabezado_viaja)
+            haga_viajar_el_encabezado();
+        r.clase = aplique(modo, r) ? ResultadoGrabacion::Grabado : ResultadoGrabacion::Fallo;
+    }
+    r.numero = numero();
+    return r;
+}
+
+bool GrabacionComprobante::ya_quedo() {
+    if (!en_duda_)
+        return false;
+    // Si el servidor sigue caído esta lectura falla, y la duda queda para el próximo intento.
+    const auto guardado = ::lea_comprobante(conexion_, en_duda_->id);
+    const Comprobante mandado = *std::exchange(en_duda_, std::nullopt);
+    if (!guardado || !quedo_como_se_mando(mandado, *guardado))
+        return false;
+    blanco_puesto_ = false;
+    Comprobante ahora = lea_comprobante(c_);
+    const bool sin_cambios = quedo_como_se_mando(ahora, *guardado);
+    relea();
+    if (sin_cambios)
+        return true;
+    // Lo que el usuario cambió desde entonces se graba sobre lo que quedó.
+    for (const LineaComprobante& l : guardado->lineas_niif)
+        if (l.item_replica != 0 &&
+            std::none_of(mandado.lineas_niif.begin(), mandado.lineas_niif.end(),
+                         [&](const auto& m) { return m.item == l.item; }))
+            ahora.lineas_niif << l;
+    vuelque(ahora, c_);
+    return false;
+}
+
+void GrabacionComprobante::haga_viajar_el_encabezado() {
+    c_.encabezado.Edit();
+    if (!std::exchange(blanco_puesto_, true)) {
+        Campo& concepto = c_.encabezado.FieldByName("ENCO_CONCEPTO");
+        QString texto = concepto.texto();
+        if (texto.endsWith(' '))
+            texto.chop(1);
+        else
+            texto += ' ';
+        concepto = texto;
+    }
+    c_.encabezado.Post();
+}
+
+bool GrabacionComprobante::aplique(const ModoGrabacion& modo, ResultadoGrabacion& resultado) {
+    FallasPospuestas fallas(*c_.encabezado.proveedor);
+    for (int vuelta = 0; vuelta < kVueltas; ++vuelta) {
+        fallas.olvide();
+        if (c_.encabezado.ApplyUpdates(0) == 0) {
+            blanco_puesto_ = false;
+            return true;
+        }
+        if (fallas.perdida()) {
+            en_duda_ = lea_comprobante(c_);
+            break;
+        }
+        const bool sigue =
+            (modo.nuevo && !numero_fijo && fallas.al_insertar(c_.encabezado) &&
+             tome_otro_numero()) ||
+            ((fallas.al_insertar(c_.lineas_2649) || fallas.al_insertar(c_.lineas_niif)) &&
+             separe_lineas_nuevas());
+        if (!sigue)
+            break;
+    }
+    resultado.falla = fallas.texto();
+    fallas.digalas();
+    return false;
+}
+
+bool GrabacionComprobante::tome_otro_numero() {
+    const auto texto = [this](const char* c) { return c_.encabezado.FieldByName(c).texto(); };
+    const QString tipo = texto("TICO_COD"), prefijo = texto("PRCO_PREF");
+    const QString de_otro = id_del_numero(conexion_, tipo, prefijo, numero());
+    const auto datos = prefijo_contable(conexion_, tipo, prefijo);
+    if (de_otro.isEmpty() || de_otro == texto("ENCO_CONSEC") || !datos || !datos->automatico ||
+        revise_contador(tipo, prefijo, datos->siguiente))
+        return false;
+    QString libre = datos->siguiente;
+    if (!id_del_numero(conexion_, tipo, prefijo, libre).isEmpty())
+        libre = adelante_contador(conexion_, tipo, prefijo, libre);
+    ponga_callado(c_.encabezado, "ENCO_NUMERO", libre);
+    return true;
+}
+
+bool GrabacionComprobante::separe_lineas_nuevas() {
+    // Otro editor agregó líneas con los mismos números: las nuestras pasan a los que siguen.
+    bool corridas = false;
+    for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
+        ConjuntoDatos& d = c_.lineas(libro);
+        const qint64 en_la_base =
+            conexion_
+                .consulte(QStringLiteral("select max(code_item) from %1 where enco_consec = ?")
+                              .arg(QLatin1String(datos(libro).detalle)),
+                          {c_.encabezado.FieldByName("ENCO_CONSEC").valor()})
+                .entero();
+        const qint64 primero = primer_item_nuevo(d);
+        if (primero == 0 || primero > en_la_base)
+            continue;
+        d.corra_las_nuevas(d.FieldByName("CODE_ITEM"), en_la_base + 1 - primero);
+        corridas = true;
+    }
+    return corridas;
+}
+
+// ---------------------------------------------------------------- en lote
+
+namespace {
+
+/// Los conjuntos de un comprobante sin pantalla.
+class Mesa {
+public:
+    explicit Mesa(Conexion& conexion)
+        : encabezados_(&dueno_, "TComprobantes", conexion,
+                       "SELECT * FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :ID"),
+          de_2649_(&dueno_, "TComprDetalle", conexion,
+                   "SELECT * FROM COMPROBANTE_DETALLE WHERE ENCO_CONSEC = :ENCO_CONSEC"),
+          de_niif_(&dueno_, "TCompniif", conexion,
+                   "SELECT * FROM COMPROBANTE_DETALLE_NIIF WHERE ENCO_CONSEC = :ENCO_CONSEC"),
+          proveedor_(&dueno_, "PMovimiento", &encabezados_, poCascadeDeletes | poCascadeUpdates),
+          encabezado_(&dueno_, "CMovimiento", &proveedor_), lineas_2649_(&dueno_, "CDetalle"),
+          lineas_niif_(&dueno_, "Cdetniif") {
+        for (Sentencia* s : {&de_2649_, &de_niif_})
+            s->enlace_maestra(&encabezados_, {"ENCO_CONSEC"});
+        defina_encabezado(encabezado_);
+        lineas_2649_.anide_en(&encabezado_, &de_2649_);
+        lineas_niif_.anide_en(&encabezado_, &de_niif_);
+        defina_lineas(lineas_2649_, Libro::Decreto2649);
+        defina_lineas(lineas_niif_, Libro::Niif);
+    }
+    ConjuntosComprobante conjuntos() { return {encabezado_, lineas_2649_, lineas_niif_}; }
+
+    /// Abre el comprobante, o uno nuevo con id 0. Falso si el id no está.
+    bool abra(qint64 id) {
+        encabezado_.Params["ID"] = id == 0 ? Valor() : Valor(QString::number(id));
+        encabezado_.Open();
+        if (id != 0)
+            return !encabezado_.IsEmpty();
+        encabezado_.Append();
+        encabezado_.FieldByName("ENCO_CONSEC") = 0;
+        return true;
+    }
+
+private:
+    QObject dueno_;
+    Sentencia encabezados_, de_2649_, de_niif_;
+    Proveedor proveedor_;
+    ConjuntoDatos encabezado_, lineas_2649_, lineas_niif_;
+};
+
+/// Las líneas sin número toman los que siguen.
+void numere_lineas(Comprobante& c) {
+    for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
+        qint64 mayor = 0;
+        for (const LineaComprobante& l : c.lineas(libro))
+            mayor = qMax(mayor, l.item);
+        for (LineaComprobante& l : c.lineas(libro))
+            if (l.item == 0)
+                l.item = ++mayor;
+    }
+}
+
+} // namespace
+
+ResultadoGrabacion grabe_comprobante(Conexion& conexion, const Comprobante& comprobante,
+                                     const AjustesLibro& ajustes) {
+    const ModoGrabacion& modo = modo_de(Grabador::Lote);
+    ResultadoGrabacion r;
+    Comprobante c = comprobante;
+    if (!c.numero.isEmpty())
+        c.numero = complete_numero(c.numero);
+    numere_lineas(c);
+    r.rechazos = revise(conexion, c, modo, ajustes);
+    if (!r.rechazos.isEmpty())
+        return r;
+    if (c.numero.isEmpty())
+        c.numero = prefijo_contable(conexion, c.tipo, c.prefijo)->siguiente;
+    Mesa mesa(conexion);
+    if (!mesa.abra(c.id)) {
+        r.clase = ResultadoGrabacion::Fallo;
+        r.falla = QStringLiteral("No se encontró el comprobante solicitado.");
+        return r;
+    }
+    vuelque(c, mesa.conjuntos());
+    GrabacionComprobante grabacion(mesa.conjuntos());
+    grabacion.numero_fijo = !comprobante.numero.isEmpty();
+    return grabacion.grabe(modo);
+}
