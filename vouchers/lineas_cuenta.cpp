@@ -1,5 +1,7 @@
 #include "vouchers/lineas_cuenta.h"
 
+#include "libro/grabacion.h"
+#include "libro/importes.h"
 #include "vouchers/pch.h"
 
 bool vacio_o_cero(const Campo& c) {
@@ -64,19 +66,36 @@ void LineasCuenta::abra_o_cierre(int columna) {
     }
 }
 
-void LineasCuenta::rehuse(const char* texto) {
-    muestre_mensaje(texto);
+AtributosCuenta LineasCuenta::atributos() const {
+    const auto dice = [this](const char* columna) {
+        const Campo* c = consulta_.FindField(QLatin1String(columna));
+        return c ? c->texto() : QString();
+    };
+    AtributosCuenta a;
+    a.tercero = dice("CUEN_TERCERO");
+    a.centro = dice("CUEN_CENTRO");
+    a.retencion = dice("CUEN_RETENCION");
+    a.clase = dice("CUEN_TIPO");
+    return a;
+}
+
+LineaComprobante LineasCuenta::linea() const {
+    LineaComprobante l;
+    l.nit = campo("TERC_NIT").texto();
+    l.proyecto = campo("PROY_COD").texto();
+    l.centro = campo("CENT_COD").texto();
+    return l;
+}
+
+bool LineasCuenta::intacta() const {
+    return detalle.State() == Estado::Edicion && !detalle.cambiada();
+}
+
+void LineasCuenta::exija(const Rechazos& faltas) {
+    if (faltas.isEmpty())
+        return;
+    muestre_mensaje(faltas.first().texto);
     throw EdicionAbortada();
-}
-
-void LineasCuenta::exija_tercero() {
-    if (campo("TERC_NIT").vacio())
-        rehuse("Debe indicar un NIT para el movimiento.");
-}
-
-void LineasCuenta::exija_centro() {
-    if (campo("PROY_COD").vacio() || campo("CENT_COD").vacio())
-        rehuse("Debe indicar un Proyecto-Centro para el movimiento.");
 }
 
 // ---------------------------------------------------------------- los dos lados
@@ -96,7 +115,7 @@ void LineasCuenta::ate_lados() {
 }
 
 void LineasCuenta::actualice_sumas() {
-    if (detalle.IsEmpty())
+    if (sin_lineas())
         return;
     Sumadeb->valor(suma_debito());
     SumCred->valor(suma_credito());
@@ -104,7 +123,7 @@ void LineasCuenta::actualice_sumas() {
 }
 
 void LineasCuenta::diferencia() {
-    if (!detalle.Active() || detalle.IsEmpty())
+    if (!detalle.Active() || sin_lineas())
         return;
     const Moneda d = suma_debito() - suma_credito();
     if (d > Moneda()) {
@@ -130,10 +149,17 @@ void LineasCuenta::termine_linea() {
     if (!detalle.editando())
         return;
     rejilla->escriba_pendiente();
-    if (cuenta().isEmpty())
-        detalle.Cancel();
-    else
-        detalle.Post();
+    ::termine_linea(detalle);
+}
+
+void LineasCuenta::vaya_a(qint64 numero, const QString& campo_item, const QString& celda) {
+    detalle.Cancel();
+    rejilla->limpie_filtros(); // pudo quedar oculta
+    detalle.Locate(campo_item, {numero});
+    const int columna = rejilla->columna_de(celda);
+    rejilla->setFocus();
+    if (columna >= 0)
+        rejilla->SelectedIndex(columna);
 }
 
 void LineasCuenta::sugiera_db_cr() {
@@ -142,14 +168,9 @@ void LineasCuenta::sugiera_db_cr() {
         if (!vacio_o_cero(campo(lado)))
             return;
     detalle.Edit();
-    const Moneda d = suma_debito() - suma_credito();
-    if (d <= Moneda()) {
-        campo(lados_.debito) = -d;
-        campo(lados_.credito) = Moneda();
-    } else {
-        campo(lados_.debito) = Moneda();
-        campo(lados_.credito) = d;
-    }
+    const Lados cuadra = lados_que_cuadran(suma_debito(), suma_credito());
+    campo(lados_.debito) = cuadra.debito;
+    campo(lados_.credito) = cuadra.credito;
 }
 
 // ---------------------------------------------------------------- menú y recepción

@@ -5,7 +5,7 @@
 // lados, sugiere el que cuadra, recibe lo escogido en las búsquedas y rehúsa la línea incompleta.
 // Las cuatro primeras columnas de la rejilla son cuenta, tercero, proyecto y centro.
 #include "datos/recordset/conjunto.h"
-#include "libro/libro.h"
+#include "libro/lineas.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QObject>
@@ -34,7 +34,7 @@ public:
     Rejilla* rejilla = nullptr;
     QLineEdit *NomCuenta = nullptr, *NomTerc = nullptr, *NomProy = nullptr, *NomCent = nullptr;
     EditorNumero *Sumadeb = nullptr, *SumCred = nullptr, *Difdeb = nullptr, *DifCred = nullptr;
-    int item = 0; ///< contador de líneas: cada inserción gasta uno
+    ContadorLineas contador;
 
     /// Agregados de los dos lados, que las sumas leen por su nombre.
     static void defina_sumas(ConjuntoDatos& detalle, LadosLinea lados);
@@ -48,8 +48,12 @@ public:
     void vacie_nombres();
     void vacie_diferencias();
     void actualice_sumas();
-    Moneda suma_debito() const { return detalle.agregado("Sumadebito").moneda(); }
-    Moneda suma_credito() const { return detalle.agregado("Sumacredito").moneda(); }
+    // De todas las líneas del comprobante, también las que un filtro oculta.
+    Moneda suma_debito() const { return detalle.total(campo(lados_.debito)); }
+    Moneda suma_credito() const { return detalle.total(campo(lados_.credito)); }
+    bool sin_lineas() const { return detalle.filas_en_memoria() == 0; }
+    /// Lleva el cursor a la línea de ese número, sin el filtro que la oculte, y a la celda.
+    void vaya_a(qint64 numero, const QString& campo_item, const QString& celda);
     /// Menú emergente de la rejilla, con el nombre que propone al guardar.
     QMenu* arme_menu(const QVector<Rejilla::Orden>& ordenes, const QString& nombre_archivo,
                      const QString& titulo);
@@ -86,11 +90,16 @@ protected:
     /// Un débito quita el crédito, y al revés; y la diferencia sigue a las sumas.
     void ate_lados();
     void diferencia();
-    [[noreturn]] static void rehuse(const char* texto);
+    /// Dice lo primero que falta y deja la línea en edición.
+    static void exija(const Rechazos& faltas);
+    /// La cuenta de la línea, de la última consulta; lo que no se pidió queda vacío.
+    AtributosCuenta atributos() const;
+    /// Lo que la cuenta mira de la línea.
+    virtual LineaComprobante linea() const;
+    /// La línea guardada que nadie ha cambiado no se vuelve a probar: pasar por ella no atrapa.
+    bool intacta() const;
     /// La pantalla que las aloja, que es la que pide por ellas.
     Pantalla& pantalla() const;
-    void exija_tercero();
-    void exija_centro();
 
     ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
 

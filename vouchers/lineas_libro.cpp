@@ -1,6 +1,10 @@
 #include "vouchers/lineas_libro.h"
 
+#include "libro/conjuntos_comprobante.h"
+#include "libro/importes.h"
 #include "vouchers/pch.h"
+
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -51,26 +55,7 @@ LineasLibro::LineasLibro(Libro l, const CamposLinea& campos, AnfitrionLineas& an
 LineasLibro::~LineasLibro() = default;
 
 void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
-    d.entero("ENCO_CONSEC").requerido();
-    d.entero("CODE_ITEM").requerido();
-    d.texto("CUEN_COD", 20).requerido();
-    d.texto("CODE_CONCEPTO", 60);
-    d.texto("CODE_REFER", 8);
-    d.decimal("CODE_DEBITO").formato("#,###.00");
-    d.decimal("CODE_CREDITO").formato("#,###.00");
-    d.decimal("CODE_BASE").formato("#,###.00");
-    d.decimal("CODE_PORC", es_niif(libro) ? 4 : 2).formato("#,##0.####");
-    d.texto("TERC_NIT", 20);
-    d.texto("PROY_COD", 4);
-    d.texto("CENT_COD", 4);
-    d.texto("DOCO_VENCE", 8);
-    d.texto("ARTI_COD", 15);
-    d.entero("CODE_TIPOAPL");
-    d.entero("CODE_TIPONUE");
-    d.texto("CONC_COD", 4);
-    d.texto("CNDE_DOCNUMERO", 10);
-    d.texto("CNDE_DOCAPLICA", 10);
-    d.bandera("CODE_DESCONTABLE");
+    defina_lineas(d, libro);
     defina_sumas(d, {kDeComprobante.debito, kDeComprobante.credito});
 }
 
@@ -195,14 +180,14 @@ void LineasLibro::ColExit(int columna) {
     case kConcepto:
         if (!en_edicion())
             break;
-        if (campo(c_.concepto).vacio())
-            campo(c_.concepto) = e.FieldByName(c_.concepto_encabezado).texto();
-        else if (campo(c_.concepto).texto() == "\"")
-            campo(c_.concepto) = memorias_.concepto_anterior;
+        if (const QString t = campo(c_.concepto).texto(); t.isEmpty() || es_repeticion(t))
+            campo(c_.concepto) =
+                concepto_al_dejarlo(t, e.FieldByName(c_.concepto_encabezado).texto(), memorias_);
         break;
     case kReferencia:
         if (en_edicion() && campo(c_.referencia).vacio())
-            campo(c_.referencia) = e.FieldByName(c_.referencia_encabezado).texto();
+            campo(c_.referencia) =
+                referencia_al_dejarla({}, e.FieldByName(c_.referencia_encabezado).texto());
         break;
     default:
         comilla_de_referencia();
@@ -210,7 +195,7 @@ void LineasLibro::ColExit(int columna) {
 }
 
 void LineasLibro::comilla_de_referencia() {
-    if (campo(c_.referencia).texto() == "\"")
+    if (es_repeticion(campo(c_.referencia).texto()))
         campo(c_.referencia) = memorias_.referencia_anterior;
 }
 
@@ -296,53 +281,63 @@ void LineasLibro::categoria_cambiada() {
     const QString codigo = campo("CONC_COD").texto();
     if (codigo.isEmpty())
         return;
-    consulta_.Open("SELECT CONC_NOMBRE FROM CONCEPTO_CONTABLE WHERE CONC_COD = " +
-                   QuotedStr(codigo));
-    if (!consulta_.IsEmpty())
-        return;
-    muestre_mensaje(datos(libro).categoria_inexistente);
-    campo("CONC_COD").limpie();
+    if (const auto rechazo = revise_categoria(detalle.conexion(), libro, codigo)) {
+        muestre_mensaje(rechazo->texto);
+        campo("CONC_COD").limpie();
+    }
 }
 
 void LineasLibro::base_cambiada() {
     if (!en_edicion() || cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_BASEMIN, CUEN_PORC");
-    const Moneda minimo = consulta_.Fields(0).moneda();
-    if (vacio_o_cero(campo(c_.porcentaje)) && minimo <= campo(c_.base).moneda().absoluta() &&
-        !consulta_.IsEmpty())
-        campo(c_.porcentaje) = consulta_.Fields(1).moneda();
-    aplique_porcentaje();
+    const Moneda minimo = consulta_.Fields(0).moneda(), tarifa = consulta_.Fields(1).moneda();
+    const auto sugerido =
+        porcentaje_sugerido(campo(c_.base).moneda(), campo(c_.porcentaje).moneda(), minimo, tarifa);
+    if (sugerido && !consulta_.IsEmpty()) {
+        const QScopedValueRollback<bool> guarda(sugiriendo_, true);
+        campo(c_.porcentaje) = *sugerido;
+        if (!confirme_porcentaje())
+            return;
+    }
+    aplique_porcentaje(tarifa);
 }
 
 void LineasLibro::porcentaje_cambiado() {
-    if (en_edicion())
-        aplique_porcentaje();
+    if (en_edicion() && !sugiriendo_ && confirme_porcentaje())
+        aplique_porcentaje(tarifa_de_la_cuenta());
 }
 
-Moneda LineasLibro::retencion(Moneda base, Moneda porcentaje) const {
-    return Moneda::porcentaje_redondeado(base, porcentaje, ajustes_.digito_redondeo);
+bool LineasLibro::confirme_porcentaje() {
+    const auto alto = revise_porcentaje(campo(c_.porcentaje).moneda());
+    if (!alto || pregunte_con_no(alto->pregunta))
+        return true;
+    const QScopedValueRollback<bool> guarda(sugiriendo_, true);
+    campo(c_.porcentaje).limpie();
+    return false;
 }
 
-void LineasLibro::aplique_porcentaje() {
-    const Moneda base = campo(c_.base).moneda(), porcentaje = campo(c_.porcentaje).moneda();
-    if (base.es_cero() || porcentaje <= Moneda())
-        return;
-    const Moneda valor = retencion(base.absoluta(), porcentaje);
-    // El signo de la base escoge el lado de la retención.
-    if (base.negativa()) {
-        campo(c_.debito) = Moneda();
-        campo(c_.credito) = valor;
-    } else {
-        campo(c_.debito) = valor;
-        campo(c_.credito) = Moneda();
+Moneda LineasLibro::tarifa_de_la_cuenta() {
+    if (campo(c_.base).moneda().es_cero() || cuenta().isEmpty())
+        return {};
+    consulte_cuenta("CUEN_PORC");
+    return consulta_.Fields(0).moneda();
+}
+
+void LineasLibro::aplique_porcentaje(Moneda tarifa_cuenta) {
+    const Campo& porcentaje = campo(c_.porcentaje);
+    // La columna guarda menos decimales que la tarifa: el valor es el de la tarifa entera.
+    const Moneda tarifa = tarifa_plena(porcentaje.moneda(), tarifa_cuenta, porcentaje.Size);
+    if (const auto lados = lados_de_retencion(campo(c_.base).moneda(), tarifa, digito())) {
+        campo(c_.debito) = lados->debito;
+        campo(c_.credito) = lados->credito;
     }
 }
 
 // ---------------------------------------------------------------- la línea
 
 void LineasLibro::AfterInsert() {
-    campo(c_.item) = ++item;
+    campo(c_.item) = contador.siguiente();
     if (c_.descontable)
         campo(c_.descontable) = anfitrion_.encabezado().FieldByName("ENCO_DESCONTABLE").texto();
     NomCuenta->clear();
@@ -363,18 +358,17 @@ void LineasLibro::BeforePost() {
     m.referencia_anterior = campo(c_.referencia).texto();
     if (siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio())
         m.tercero_anterior = campo("TERC_NIT").texto();
+    if (replicando || intacta())
+        return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
-    if (consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
-        exija_tercero();
-        if (vacio_o_cero(campo(c_.base)))
-            rehuse("Debe indicar una base para el movimiento.");
-        if (vacio_o_cero(campo(c_.porcentaje)))
-            rehuse("Debe indicar un porcentaje para el movimiento.");
-    }
-    if (consulta_.FieldByName("CUEN_TERCERO").texto() == "S")
-        exija_tercero();
-    if (consulta_.FieldByName("CUEN_CENTRO").texto() == "S")
-        exija_centro();
+    exija(faltas_de_linea(linea(), atributos()));
+}
+
+LineaComprobante LineasLibro::linea() const {
+    LineaComprobante l = LineasCuenta::linea();
+    l.base = campo(c_.base).moneda();
+    l.porcentaje = campo(c_.porcentaje).moneda();
+    return l;
 }
 
 void LineasLibro::AfterScroll() {
@@ -397,13 +391,4 @@ void LineasLibro::AfterScroll() {
         validar_centro();
     }
     actualice_sumas();
-}
-
-bool LineasLibro::cuadrado() const {
-    const auto texto = [](const Valor& v) { return v.nulo() ? QStringLiteral("0") : v.texto(); };
-    if (ajustes_.permite_descuadre ||
-        texto(detalle.agregado("Sumadebito")) == texto(detalle.agregado("Sumacredito")))
-        return true;
-    muestre_mensaje(datos(libro).descuadrado);
-    return false;
 }

@@ -5,24 +5,17 @@
 // centro y categoría, completa lo que falta, aplica base y porcentaje, y rehúsa la línea
 // incompleta. Los comandos de celda son "?" con texto (buscar) y una comilla sola (repetir lo
 // anterior).
+#include "libro/fechas.h"
 #include "vouchers/lineas_cuenta.h"
 
 class Formulario;
 class QWidget;
 
-/// Lo que se recuerda de una línea a otra. Los dos libros leen las mismas memorias; la NIIF guarda
-/// las suyas en otras que nadie lee, y así se queda.
-struct MemoriasLinea {
-    QString concepto_anterior, referencia_anterior, tercero_anterior;
-};
-
 /// Ajustes de la compañía que cambian las reglas.
-struct AjustesLinea {
+struct AjustesLinea : AjustesLibro {
     bool mostrar_saldo = false;
     bool inhabilita_porcentaje = false;
     bool filtra_centros = false; ///< solo lo mira el validador de centros NIIF
-    bool permite_descuadre = false;
-    int digito_redondeo = 0;
 };
 
 /// Nombres de las columnas y controles de unas líneas: las de un comprobante o las de una
@@ -77,11 +70,13 @@ public:
     /// no tiene uno.
     bool siempre_recuerda_tercero = false;
 
+    /// La línea nace de otra, por equivalencia: puede entrar sin lo que su cuenta exige, que al
+    /// grabar se pide diciendo cuál es.
+    bool replicando = false;
+
     /// Define los campos del detalle (los llama la pantalla antes de abrir).
     static void defina_campos(ConjuntoDatos& detalle, Libro libro);
 
-    /// Compara los textos de las dos sumas; muestra el rechazo del libro si difieren.
-    bool cuadrado() const;
     /// Nombres, saldos y sumas de la línea actual, como al pasar a ella.
     void muestre_linea() { AfterScroll(); }
 
@@ -98,9 +93,12 @@ protected:
     virtual void AfterInsert();
     virtual void base_cambiada();
     virtual void comilla_de_referencia(); ///< al salir de una columna sin regla propia
-    /// Lo que retiene una línea con esa base, sin signo, y ese porcentaje.
-    virtual Moneda retencion(Moneda base, Moneda porcentaje) const;
-    void aplique_porcentaje();
+    /// Dígito a que se redondea lo retenido; nada, a centavos.
+    virtual std::optional<int> digito() const { return ajustes_.digito_redondeo; }
+    /// Tarifa de la cuenta de la línea, con todos sus decimales; cero si no cuenta.
+    virtual Moneda tarifa_de_la_cuenta();
+    void aplique_porcentaje(Moneda tarifa_cuenta);
+    LineaComprobante linea() const override;
 
     const CamposLinea& c_;
 
@@ -111,6 +109,7 @@ private:
     void centro_cambiado();
     void categoria_cambiada();
     void porcentaje_cambiado();
+    bool confirme_porcentaje();
     void ColEnter(int columna);
     void ColExit(int columna);
     void BeforePost();
@@ -120,4 +119,5 @@ private:
     MemoriasLinea& memorias_;
     MemoriasLinea propias_; ///< las de la NIIF, que nadie lee
     const AjustesLinea& ajustes_;
+    bool sugiriendo_ = false; ///< el porcentaje lo pone la cuenta, no el usuario
 };

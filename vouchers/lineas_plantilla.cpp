@@ -55,7 +55,7 @@ const char* LineasPlantilla::tabla_atributos() const {
 }
 
 void LineasPlantilla::AfterInsert() {
-    campo(c_.item) = ++item;
+    campo(c_.item) = contador.siguiente();
     for (const char* monto : {c_.debito, c_.credito, c_.base, c_.porcentaje})
         campo(monto) = Moneda();
     vacie_nombres();
@@ -89,9 +89,5 @@ void LineasPlantilla::validar_centro() {
 
 void LineasPlantilla::base_cambiada() {
     if (en_edicion() && !cuenta().isEmpty())
-        aplique_porcentaje();
-}
-
-Moneda LineasPlantilla::retencion(Moneda base, Moneda porcentaje) const {
-    return Moneda::porcentaje(base, porcentaje);
+        aplique_porcentaje({});
 }

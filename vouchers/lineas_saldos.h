@@ -16,7 +16,7 @@ public:
     /// Página completa: rejilla, nombres y sumas.
     QWidget* construya_pagina();
     void ate_eventos();
-    /// Las dos sumas del pie, iguales como importes.
+    /// Las dos sumas, de todas las líneas, iguales como importes.
     bool cuadrados() const;
 
 private:

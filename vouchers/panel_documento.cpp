@@ -37,11 +37,7 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
                 {"Vence", DateTimePicker1},
                 {"", continuar}});
     }
-    // Entrar propone hoy como vencimiento, aunque la línea ya tuviera otro.
-    OnEnter = [this] {
-        DateTimePicker1->fecha(QDate::currentDate());
-        DateTimePicker1Change();
-    };
+    OnEnter = [this] { proponga_vencimiento(); };
 }
 
 void PanelDocumento::defina_tipos(ConjuntoDatos& tipos) {
@@ -51,6 +47,18 @@ void PanelDocumento::defina_tipos(ConjuntoDatos& tipos) {
     tipos.texto("TIDO_CART", 1);
     tipos.texto("TIDO_CXP", 1);
     tipos.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
+}
+
+void PanelDocumento::proponga_vencimiento() {
+    // Entrar propone hoy; el que la línea ya tenía se queda, que pasar por ella no es cambiarlo.
+    const QString guardado = lineas_.FieldByName("DOCO_VENCE").texto();
+    if (guardado.isEmpty()) {
+        DateTimePicker1->fecha(QDate::currentDate());
+        DateTimePicker1Change();
+    } else if (const QDate d = QDate::fromString(guardado, QStringLiteral("yyyyMMdd"));
+               d.isValid()) {
+        DateTimePicker1->fecha(d);
+    }
 }
 
 void PanelDocumento::DateTimePicker1Change() {

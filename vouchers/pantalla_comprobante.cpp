@@ -4,14 +4,23 @@
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
+#include <QScopedValueRollback>
+
 PantallaComprobante::PantallaComprobante(const QString& clase, const QString& titulo)
     : PantallaLineas(clase, titulo, "Cdetniif"),
       PMovimiento(this, "PMovimiento", &fdmcnt().TComprobantes,
                   poCascadeDeletes | poCascadeUpdates),
       PTidocartera(this, "PTidocartera", &fdm().TTipodoc),
       CMovimiento(this, "CMovimiento", &PMovimiento),
-      CTidocartera(this, "CTidocartera", &PTidocartera) {
-    defina_encabezado();
+      CTidocartera(this, "CTidocartera", &PTidocartera), grabacion(conjuntos()) {
+    defina_encabezado(CMovimiento);
+    CMovimiento.FieldByName("TERC_NIT").OnChange = [this](Campo& x) {
+        encabezado_TERC_NITChange(x);
+    };
+    CMovimiento.FieldByName("ENCO_MANDANTE").OnChange = [this](Campo& x) {
+        ENCO_MANDANTEChange(x);
+    };
+    CMovimiento.AfterPost = [this] { encabezado_posteado_ = true; };
     CDetalle.anide_en(&CMovimiento, &fdmcnt().TComprDetalle);
     Cdetniif.anide_en(&CMovimiento, &fdmcnt().TCompniif);
     LineasLibro::defina_campos(CDetalle, Libro::Decreto2649);
@@ -28,30 +37,6 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
 }
 
 PantallaComprobante::~PantallaComprobante() = default;
-
-void PantallaComprobante::defina_encabezado() {
-    ConjuntoDatos& c = CMovimiento;
-    c.entero("ENCO_CONSEC").requerido();
-    c.texto("TICO_COD", 3).fijo().requerido();
-    c.texto("PRCO_PREF", 4).requerido();
-    c.texto("ENCO_NUMERO", 6).requerido();
-    c.texto("ENCO_FECHA", 8).fijo().requerido();
-    c.texto("ENCO_CONCEPTO", 60);
-    c.texto("ENCO_REFER", 8);
-    c.entero("ENCO_TIPOREF");
-    c.entero("ENCO_IDREF");
-    c.texto("ENCO_USUARIO", 10);
-    c.texto("TERC_NIT", 20);
-    c.texto("ENCO_NOMTERC", 60);
-    c.decimal("ENCO_MONTO").formato("#,###.00");
-    c.bandera("ENCO_DESCONTABLE");
-    c.texto("ENCO_MANDANTE", 20);
-    c.bandera("ENCO_REPNIIF");
-    c.memo("ENCO_OBS");
-    c.FieldByName("TERC_NIT").OnChange = [this](Campo& x) { encabezado_TERC_NITChange(x); };
-    c.FieldByName("ENCO_MANDANTE").OnChange = [this](Campo& x) { ENCO_MANDANTEChange(x); };
-    c.AfterPost = [this] { encabezado_posteado_ = true; };
-}
 
 void PantallaComprobante::lea_configuracion(Orden orden) {
     const auto centros = [this] {
@@ -88,6 +73,18 @@ void PantallaComprobante::llene_categorias(Rejilla* rejilla) {
 // ---------------------------------------------------------------- disposición
 
 void PantallaComprobante::construya(QWidget* control_prefijo) {
+    construya_controles();
+    construya_paginas();
+    disponga(control_prefijo);
+    ate_rejillas(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion());
+    ultimo_ = DBCheckBox2;
+    construya_panel_documento();
+    construya_panel_articulo("Edit2");
+    Edit2 = descripcion_articulo;
+    enter_como_tab();
+}
+
+void PantallaComprobante::construya_controles() {
     LTipo = nombrado(new ListaDato(&CMovimiento, "TICO_COD"), "LTipo");
     LTipo->lista_de(&CTipodoc, "TICO_COD", "TICO_NOM");
     ENumero = nombrado(new EditorDato(&CMovimiento, "ENCO_NUMERO"), "ENumero");
@@ -114,11 +111,12 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     DBMemo1 = nombrado(new MemoDato(&CMovimiento, "ENCO_OBS"), "DBMemo1");
     DBMemo1->lineas(2);
     ckFiltro = nombrado(new QCheckBox("Filtro"), "ckFiltro");
-    construya_paginas();
-
     DBEdit2->OnDblClick = [this] { busque_tercero_del_encabezado({}); };
     Mand->OnDblClick = [this] { busque_mandante({}); };
     connect(ckFiltro, &QCheckBox::toggled, this, [this] { proteja([this] { ckFiltroClick(); }); });
+}
+
+void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
     f.fila({{"Tipo", LTipo},
             {"Prefijo", Formulario::junto({control_prefijo, rotulo("Número", ENumero), ENumero})},
@@ -138,13 +136,6 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     auto* barra = new BarraBotones(this);
     barra->setObjectName("barra");
     f.botones(barra);
-
-    ate_rejillas(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion());
-    ultimo_ = DBCheckBox2;
-    construya_panel_documento();
-    construya_panel_articulo("Edit2");
-    Edit2 = descripcion_articulo;
-    enter_como_tab();
 }
 
 void PantallaComprobante::construya_panel_documento() {
@@ -174,8 +165,10 @@ void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
     }
     const QString nombre = fdmter().nom_tercero(nit);
     CMovimiento.FieldByName("ENCO_NOMTERC") = nombre;
-    if (!nombre.isEmpty())
+    if (!nombre.isEmpty()) {
+        memorias.tercero_anterior = nit; // desde ya es el de las líneas que pidan uno
         return;
+    }
     if (pregunte("Tercero no encontrado. Desea crearlo?")) {
         cree_tercero(*this, nit,
                      [this](const QString& creado) { reciba_en_encabezado("TERC_NIT", creado); });
@@ -200,35 +193,92 @@ void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {
     }
 }
 
-QString PantallaComprobante::tome_id() {
-    const QString id = CMovimiento.FieldByName("ENCO_CONSEC").texto();
-    if (id != "0")
-        return id;
-    Sentencia& s = fdmcnt().SIdComproba;
-    s.Close();
-    s.ExecProc();
-    const QString nuevo = s.ParamByName("ID").texto();
-    CMovimiento.Edit();
-    CMovimiento.FieldByName("ENCO_CONSEC") = nuevo;
-    CMovimiento.Post();
-    return nuevo;
+// ---------------------------------------------------------------- grabar
+
+void PantallaComprobante::termine_lineas() {
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        try {
+            l->termine_linea();
+        } catch (const EdicionAbortada&) {
+            muestre_pagina(l->libro);
+            throw;
+        }
+    }
+}
+
+void PantallaComprobante::muestre_pagina(Libro libro) {
+    const QSignalBlocker callada(PageControl1); // ir a corregir no graba nada
+    PageControl1->setCurrentIndex(es_niif(libro) ? 1 : 0);
+    lineas_a_la_vista().rejilla->setFocus();
+}
+
+void PantallaComprobante::siga_los_items() {
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        const Campo& item = l->detalle.FieldByName("CODE_ITEM");
+        qint64 mayor = l->contador.ultimo();
+        l->detalle.recorra_todas(
+            [&](const Fila& f) { mayor = qMax(mayor, l->detalle.valor_de(f, item).entero()); });
+        l->contador.empiece(int(mayor));
+    }
+}
+
+ResultadoGrabacion PantallaComprobante::grabe(Grabador quien) {
+    const ModoGrabacion& modo = modo_de(quien);
+    AjustesLibro a = fdmcnt().ajustes_libro();
+    a.permite_descuadre = ajustes.permite_descuadre;
+    ResultadoGrabacion r;
+    r.rechazos = grabacion.revise(modo, a);
+    r.rechazos.removeIf([this](const Rechazo& x) { return se_tolera(x); });
+    if (!r.rechazos.isEmpty()) {
+        diga(r.rechazos, modo);
+        return r;
+    }
+    const QScopedValueRollback<bool> guarda(grabando, true);
+    r = grabacion.grabe(modo);
+    if (r.cambio_de_numero())
+        fdm().mostrar_advertencia("El número " + r.numero_pedido +
+                                  " lo tomó otro comprobante: este quedó con el " + r.numero + '.');
+    return r;
+}
+
+void PantallaComprobante::diga(const Rechazos& rechazos, const ModoGrabacion& modo) {
+    for (const Rechazo& r : rechazos) {
+        muestre_mensaje(r.texto);
+        if (r.motivo == Motivo::Descuadre && modo.vuelve_a_edicion &&
+            !lineas_de(*r.libro).IsEmpty())
+            lineas_de(*r.libro).Edit();
+    }
+    const auto primera = std::find_if(rechazos.begin(), rechazos.end(),
+                                      [](const Rechazo& r) { return r.item != 0; });
+    if (primera == rechazos.end())
+        return;
+    muestre_pagina(*primera->libro);
+    quite_filtro();
+    lineas_a_la_vista().vaya_a(primera->item, "CODE_ITEM", primera->campo);
 }
 
 // ---------------------------------------------------------------- paneles
 
 void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
+    // Al pasar de página la celda se deja cuando su rejilla ya no está a la vista.
+    if (lineas_a_la_vista().libro != libro) {
+        GroupBox1->hide();
+        GroupBox2->hide();
+        return;
+    }
     ConjuntoDatos& d = lineas_de(libro);
     if (clase == "I" || clase == "A") {
         // La clase "I" no devuelve el título: tras un activo el panel se queda con el suyo.
         if (clase == "A")
             GroupBox2->setTitle("Activo fijo");
         GroupBox2->muestre(EArticod);
+        // El artículo de otra línea no es el de esta.
         const QString articulo = d.FieldByName("ARTI_COD").texto();
+        EArticod->setText(articulo);
+        Edit2->clear();
         if (!articulo.isEmpty()) {
             if (clase == "I")
                 Edit2->setText(fdmArt().desc_articulo(articulo));
-            else
-                EArticod->setText(articulo);
             Edit2->setText(fdmcnt().desc_activo(articulo));
         }
     } else {
@@ -276,13 +326,46 @@ void PantallaComprobante::reciba_en_encabezado(const char* campo, const QString&
 // ---------------------------------------------------------------- salida
 
 bool PantallaComprobante::salida_confirmada() {
-    return pregunte("Desea salir del comprobante y perder los movimientos que no ha grabado?");
+    return pregunte_con_no(
+        "Desea salir del comprobante y perder los movimientos que no ha grabado?");
+}
+
+void PantallaComprobante::SBCancelClick() {
+    if (hay_por_perder() && !salida_confirmada())
+        return;
+    CMovimiento.CancelUpdates();
+    cierre();
+}
+
+void PantallaComprobante::cierre() {
+    cierre_confirmado_ = true;
+    close();
 }
 
 bool PantallaComprobante::FormClose() {
+    if (!cierre_confirmado_ && hay_por_perder() && !salida_confirmada())
+        return false;
     for (ConjuntoDatos* c : {&CDetalle, &Cdetniif, &CMovimiento})
         c->Cancel();
     CMovimiento.Close();
     emit fdmcnt().balance_por_recalcular();
     return true;
+}
+
+// ---------------------------------------------------------------- plantillas y filtro
+
+bool PantallaComprobante::ubique_plantilla(ConjuntoDatos& plantillas, const QString& id) {
+    plantillas.Close();
+    plantillas.Open();
+    if (plantillas.Locate("plan_id", {id.toInt()}))
+        return true;
+    plantillas.Close();
+    muestre_mensaje("La plantilla " + id + " ya no existe: otro usuario la borró.");
+    return false;
+}
+
+void PantallaComprobante::quite_filtro() {
+    ckFiltro->setChecked(false);
+    for (LineasLibro* l : {lineas_2649, lineas_niif})
+        l->rejilla->limpie_filtros();
 }

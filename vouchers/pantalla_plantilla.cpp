@@ -183,7 +183,7 @@ void PantallaPlantilla::pegue(Rejilla& rejilla) {
 
 bool PantallaPlantilla::FormClose() {
     if (hay_por_perder() &&
-        !pregunte("Desea salir de la plantilla y perder los movimientos que no ha grabado?"))
+        !pregunte_con_no("Desea salir de la plantilla y perder los movimientos que no ha grabado?"))
         return false;
     CPlantilla.CancelUpdates();
     CPlantilla.Close();

@@ -1,15 +1,12 @@
 #include "vouchers/tfedtmovimien.h"
 
+#include "libro/revision.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
 
 #include <QMenu>
-
-namespace {
-constexpr const char* kGrabar = "F2:Grabar";
-constexpr const char* kImprime = "F2:Imprime";
-} // namespace
+#include <QScopedValueRollback>
 
 Tfedtmovimien::Tfedtmovimien()
     : PantallaComprobante("Tfedtmovimien", "Editar comprobantes contables"),
@@ -20,6 +17,17 @@ Tfedtmovimien::Tfedtmovimien()
       CAudit(this, "CAudit", &PAudit), CPrefijos(this, "CPrefijos"),
       CTidocart(this, "CTidocart", &PTidocart), CPlantilla(this, "CPlantilla", &PPlantilla),
       CPlantilladet(this, "CPlantilladet") {
+    defina_conjuntos();
+    EPref = new EditorDato(&CMovimiento, "PRCO_PREF");
+    EPref->setObjectName("EPref");
+    EPref->ReadOnly(true);
+    construya(EPref);
+    fije_encabezado();
+    declare_menu_y_teclas();
+    declare_pie();
+}
+
+void Tfedtmovimien::defina_conjuntos() {
     CMovimiento.interno("PrefRef", ClaseCampo::Texto, 4);
     CMovimiento.interno("NumRef", ClaseCampo::Texto, 8);
     CMovimiento.AfterEdit = [this] { CMovimientoAfterEdit(); };
@@ -32,16 +40,17 @@ Tfedtmovimien::Tfedtmovimien()
     CTidocart.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
     CPlantilladet.anide_en(&CPlantilla, &fdmcnt().TPlantilladetalle);
     lineas_2649->siempre_recuerda_tercero = true;
+}
 
-    EPref = new EditorDato(&CMovimiento, "PRCO_PREF");
-    EPref->setObjectName("EPref");
-    EPref->ReadOnly(true);
-    construya(EPref);
+void Tfedtmovimien::fije_encabezado() {
     Etidocart->lista_de(&CTidocart, "TIDO_COD", "TIDO_NOMLARGO");
     LTipo->ReadOnly(true);
     LTipo->setEnabled(false);
     ENumero->ReadOnly(true);
     EDia->setEnabled(false);
+}
+
+void Tfedtmovimien::declare_menu_y_teclas() {
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->rejilla->orden_local = true;
         QMenu* menu = l->arme_menu(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion(),
@@ -62,7 +71,10 @@ Tfedtmovimien::Tfedtmovimien()
                      PideArticulo, PideActivo, PidePlantilla>();
     tecla(Qt::Key_F11, "oculta columnas", [this] { muestre_columnas(false); });
     tecla(Qt::Key_F12, "muestra columnas", [this] { muestre_columnas(true); });
+}
 
+void Tfedtmovimien::declare_pie() {
+    auto* barra = findChild<BarraBotones*>("barra");
     Edit1 = new QLineEdit;
     Edit3 = new QLineEdit;
     LabAudit = new QLabel;
@@ -96,8 +108,8 @@ void Tfedtmovimien::FormCreate() {
     CTidocart.Open();
     CTidocartera.Open();
     const QString id = peticion<AbreComprobante>().comprobante_encontrado;
-    lineas_2649->item = maximo_item(Libro::Decreto2649, id);
-    lineas_niif->item = maximo_item(Libro::Niif, id);
+    lineas_2649->contador.empiece(maximo_item(Libro::Decreto2649, id));
+    lineas_niif->contador.empiece(maximo_item(Libro::Niif, id));
     CCategoria.Open();
     muestre_auditoria(1, id, [this](const QString& t) { LabAudit->setText(t); });
     muestre_auditoria(1001, id, [this](const QString& t) {
@@ -115,6 +127,7 @@ void Tfedtmovimien::FormCreate() {
         pida_cierre_al_crear();
         return;
     }
+    visto_ = lea_comprobante(conjuntos());
     CMovimiento.Edit();
     muestre_origen();
     muestre_fecha();
@@ -175,13 +188,13 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
         libre_niif = false;
     }
     if (!libre_2649 && !libre_niif)
-        SBGrabar->setText(kImprime);
+        solo_imprima();
     // La rejilla NIIF de un comprobante ajeno se queda como estaba.
     if (!fdm().configurado_si("COMPROBANTES",
                               "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS") &&
         CMovimiento.FieldByName("ENCO_TIPOREF").entero() != 0) {
         lineas_2649->rejilla->ReadOnly = true;
-        SBGrabar->setText(kImprime);
+        solo_imprima();
     }
     memorias.tercero_anterior = CMovimiento.FieldByName("TERC_NIT").texto();
 }
@@ -193,74 +206,66 @@ void Tfedtmovimien::FormActivate() {
 
 // ---------------------------------------------------------------- grabar e imprimir
 
+void Tfedtmovimien::solo_imprima() {
+    solo_imprime_ = true;
+    SBGrabar->setText("F2:Imprime");
+}
+
 void Tfedtmovimien::SBGrabarClick() {
-    if (SBGrabar->text() != kGrabar) {
+    if (solo_imprime_) {
         imprima_comprobante(CMovimiento.FieldByName("ENCO_CONSEC").texto());
-        close();
+        cierre();
         return;
     }
-    lineas_2649->termine_linea();
-    lineas_niif->termine_linea();
-    bool rehusado = false;
-    for (LineasLibro* l : {lineas_2649, lineas_niif})
-        if (!l->detalle.IsEmpty() && !l->cuadrado())
-            rehusado = true;
-    if (rehusado)
+    termine_lineas();
+    const ResultadoGrabacion r = grabe(Grabador::Editar);
+    if (r.clase == ResultadoGrabacion::Rehusado)
         return;
-    grabando = true;
-    try {
-        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+    tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+    if (r.clase == ResultadoGrabacion::Fallo) {
         CMovimiento.Edit();
-        // Un blanco que va y viene: el encabezado viaja siempre, aunque solo cambien líneas.
-        Campo& concepto = CMovimiento.FieldByName("ENCO_CONCEPTO");
-        QString texto = concepto.texto();
-        if (texto.endsWith(' '))
-            texto.chop(1);
-        else
-            texto += ' ';
-        concepto = texto;
-        CMovimiento.Post();
-        if (CMovimiento.ApplyUpdates(0) == 0) {
-            imprima_comprobante(CMovimiento.FieldByName("ENCO_CONSEC").texto());
-            close();
-        } else {
-            CMovimiento.Edit();
-        }
-    } catch (...) {
-        grabando = false;
-        throw;
+        return;
     }
-    grabando = false;
+    imprima_comprobante(QString::number(r.id));
+    cierre();
+}
+
+bool Tfedtmovimien::se_tolera(const Rechazo& rechazo) const {
+    // Lo que está cerrado no se puede corregir: no por eso deja de grabarse lo demás.
+    return rechazo.libro == Libro::Niif && rechazo.item != 0 && !libre_niif;
 }
 
 void Tfedtmovimien::TabSheet2Enter() {
     lineas_niif->rejilla->setFocus();
-    lineas_2649->termine_linea();
-    if (CDetalle.IsEmpty())
-        return;
-    if (!lineas_2649->cuadrado()) {
-        CDetalle.Edit();
-        return;
-    }
-    tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
-    tome_id();
-    if (CMovimiento.ApplyUpdates(0) == 0)
-        CMovimiento.Refresh();
-    CMovimiento.Edit();
+    grabe_por_cambio_de_pagina(*lineas_2649, Grabador::EditarEntraNiif);
 }
 
 void Tfedtmovimien::TabSheet2Exit() {
     lineas_2649->rejilla->setFocus();
-    lineas_niif->termine_linea();
-    if (Cdetniif.IsEmpty())
+    grabe_por_cambio_de_pagina(*lineas_niif, Grabador::EditarSaleNiif);
+}
+
+void Tfedtmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien) {
+    lineas.termine_linea();
+    if (lineas.sin_lineas())
         return;
-    if (!lineas_niif->cuadrado()) {
-        Cdetniif.Edit();
+    const ResultadoGrabacion r = grabe(quien);
+    if (r.clase == ResultadoGrabacion::Rehusado)
         return;
-    }
-    tome_id();
-    CMovimiento.ApplyUpdates(0);
+    const bool entra = quien == Grabador::EditarEntraNiif, grabado = r.clase != r.Fallo;
+    if (entra)
+        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+    if (entra && grabado)
+        CMovimiento.Refresh();
+    if (grabado)
+        recuerde_lo_visto();
     CMovimiento.Edit();
+}
+
+void Tfedtmovimien::recuerde_lo_visto() {
+    const qint64 id = CMovimiento.FieldByName("ENCO_CONSEC").entero();
+    if (const auto guardado = lea_comprobante(fdm().Quorvex, id))
+        visto_ = *guardado;
 }
 
 // ---------------------------------------------------------------- órdenes
@@ -276,6 +281,7 @@ void Tfedtmovimien::muestre_columnas(bool visibles) {
 
 void Tfedtmovimien::borre_desde_la_actual(ConjuntoDatos& lineas) {
     lineas.Cancel();
+    quite_filtro(); // las ocultas también se reemplazan
     int quedan = lineas.RecordCount() - qMax(lineas.RecNo(), 0);
     while (quedan-- > 0)
         lineas.Delete();
@@ -291,10 +297,24 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
                   "equivalencia?"))
         return;
     lineas_2649->termine_linea();
+    // Media réplica no cuadra: antes de descartar nada se dice qué cuenta no tiene equivalente.
+    Comprobante sin_niif = lea_comprobante(conjuntos());
+    sin_niif.lineas_niif.clear();
+    const Rechazos sin_equivalente = revise_replica(fdm().Quorvex, sin_niif);
+    if (!sin_equivalente.isEmpty()) {
+        diga(sin_equivalente, modo_de(Grabador::Editar));
+        return;
+    }
     borre_desde_la_actual(Cdetniif);
+    replique();
+    lineas_niif->actualice_sumas();
+}
+
+void Tfedtmovimien::replique() {
     static const char* const campos[] = {
         "CODE_CONCEPTO", "TERC_NIT",  "PROY_COD",    "CENT_COD",     "CODE_REFER",
         "CODE_BASE",     "CODE_PORC", "CODE_DEBITO", "CODE_CREDITO", "CODE_DESCONTABLE"};
+    const QScopedValueRollback<bool> replicando(lineas_niif->replicando, true);
     for (CDetalle.First(); !CDetalle.Eof(); CDetalle.Next()) {
         Cdetniif.Append();
         const QString cuenta = CDetalle.FieldByName("CUEN_COD").texto();
@@ -302,14 +322,10 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
         Cdetniif.FieldByName("CUEN_COD") = CBorrar.Fields(0).texto();
         for (const char* campo : campos)
             Cdetniif.FieldByName(campo) = CDetalle.FieldByName(campo).valor();
-        try {
-            Cdetniif.Post();
-        } catch (const EdicionAbortada&) {
-            // Sin cuenta equivalente la línea se fue sola; con un dato faltante ya se dijo cuál.
-            Cdetniif.Cancel();
-        }
+        // Con ella la base lleva a esta línea lo que después se corrija en la del 2649.
+        Cdetniif.FieldByName("CODE_ITEMREP") = CDetalle.FieldByName("CODE_ITEM").valor();
+        Cdetniif.Post();
     }
-    lineas_niif->actualice_sumas();
 }
 
 void Tfedtmovimien::SBBorrarClick() {
@@ -320,33 +336,29 @@ void Tfedtmovimien::SBBorrarClick() {
     pedido.prefijo = t("PRCO_PREF");
     pedido.numero = t("ENCO_NUMERO");
     pedido.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
+    pedido.visto = visto_;
     const ResultadoBorrado resultado = fdmcnt().borrar_comprobante(objectName(), pedido);
     if (resultado == ResultadoBorrado::Negado || resultado == ResultadoBorrado::Borrado)
-        close();
+        cierre();
 }
 
 void Tfedtmovimien::traiga_plantilla(const QString& plantilla) {
-    if (!CDetalle.IsEmpty() &&
+    if (!lineas_2649->sin_lineas() &&
         !pregunte("Al traer la plantilla perderá los movimientos digitados en el "
                   "comprobante, Continuar?"))
         return;
-    if (!CDetalle.IsEmpty())
+    if (!ubique_plantilla(CPlantilla, plantilla))
+        return;
+    if (!lineas_2649->sin_lineas())
         borre_desde_la_actual(CDetalle); // las líneas de arriba se quedan
-    CPlantilla.Close();
-    CPlantilla.Open();
-    CPlantilla.Locate("plan_id", {plantilla.toInt()});
     copie_lineas_plantilla(CPlantilladet, CDetalle, CMovimiento.FieldByName("ENCO_CONSEC").valor(),
                            CMovimiento.FieldByName("ENCO_CONCEPTO").texto());
     lineas_2649->actualice_sumas(); // con la última línea, que no se dejó
     CPlantilla.Close();
 }
 
-void Tfedtmovimien::SBCancelClick() {
+bool Tfedtmovimien::hay_por_perder() const {
     // El usuario de la fila lo pone la pantalla: no es un cambio que se pueda perder.
-    const bool pendiente = CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
-                           Cdetniif.cambiada() || CMovimiento.cambiada({"ENCO_USUARIO"});
-    if (pendiente && !salida_confirmada())
-        return;
-    CMovimiento.CancelUpdates();
-    close();
+    return CMovimiento.Active() && (CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
+                                    Cdetniif.cambiada() || CMovimiento.cambiada({"ENCO_USUARIO"}));
 }

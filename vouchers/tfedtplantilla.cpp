@@ -28,8 +28,8 @@ void Tfedtplantilla::FormCreate() {
     }
     ubique_tipo();
     CMovimiento.Edit();
-    lineas_2649->item = maximo_item(Libro::Decreto2649, id);
-    lineas_niif->item = maximo_item(Libro::Niif, id);
+    lineas_2649->contador.empiece(maximo_item(Libro::Decreto2649, id));
+    lineas_niif->contador.empiece(maximo_item(Libro::Niif, id));
     muestra_lineas_ = true;
     lineas_2649->muestre_linea();
     lineas_niif->muestre_linea();

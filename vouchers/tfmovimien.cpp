@@ -1,8 +1,11 @@
 #include "vouchers/tfmovimien.h"
 
+#include "libro/numeracion.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
+
+#include <QScopedValueRollback>
 
 Tfmovimien::Tfmovimien()
     : PantallaComprobante("Tfmovimien", "Comprobantes contables"),
@@ -12,10 +15,25 @@ Tfmovimien::Tfmovimien()
       CPrefijos(this, "CPrefijos", &PPrefijos), CProyectos(this, "CProyectos", &PProyectos),
       CCentros(this, "CCentros"), CPlantilla(this, "CPlantilla", &PPlantilla),
       CPlantilladet(this, "CPlantilladet"), Cplantilladn(this, "Cplantilladn") {
+    defina_conjuntos();
+    LPref = new ListaDato(&CMovimiento, "PRCO_PREF");
+    LPref->setObjectName("LPref");
+    LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
+    construya(LPref);
+    LTipo->OnEnter = [this] { LTipoEnter(); };
+    LPref->OnExit = [this] { LPrefExit(); };
+    EDia->installEventFilter(this);
+    declare_teclas_comunes();
+    declare_botones();
+    orden_de_entrega<PidePlantilla, PideTercero, PideNuevoTercero, PideCuenta, PideCentro,
+                     PideConcepto, PideArticulo, PideActivo>();
+}
+
+void Tfmovimien::defina_conjuntos() {
     CPrefijos.texto("TICO_COD", 3);
     CPrefijos.texto("PRCO_PREF", 4);
     CPrefijos.texto("PRCO_AUTO", 1);
-    CPrefijos.texto("PREF_NUMERO", 6);
+    CPrefijos.texto("PREF_NUMERO", 8);
     CPrefijos.texto("PRCO_USUARIO", 10);
     CPrefijos.texto("PRCO_ACTIVO", 1);
     CPrefijos.CommandText =
@@ -37,16 +55,9 @@ Tfmovimien::Tfmovimien()
     c.FieldByName("TICO_COD").OnChange = [this](Campo& x) { CMovimientoTICO_CODChange(x); };
     c.FieldByName("PRCO_PREF").OnChange = [this](Campo& x) { CMovimientoPRCO_PREFChange(x); };
     c.FieldByName("ENCO_NUMERO").OnChange = [this](Campo& x) { CMovimientoENCO_NUMEROChange(x); };
+}
 
-    LPref = new ListaDato(&CMovimiento, "PRCO_PREF");
-    LPref->setObjectName("LPref");
-    LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
-    construya(LPref);
-    LTipo->OnEnter = [this] { LTipoEnter(); };
-    LPref->OnExit = [this] { LPrefExit(); };
-    EDia->installEventFilter(this);
-
-    declare_teclas_comunes();
+void Tfmovimien::declare_botones() {
     auto* barra = findChild<BarraBotones*>("barra");
     SBPlantilla = barra->boton("SBPlantilla", "Plantilla", "folder-open", Qt::Key_F11,
                                [this] { busque_plantilla(); });
@@ -66,13 +77,15 @@ Tfmovimien::Tfmovimien()
     tecla(Qt::Key_F8, "Tfauxiliar",
           [this] { abra_auxiliar(Libro::Decreto2649, CDetalle.FieldByName("CUEN_COD").texto()); });
     tecla(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(lineas_a_la_vista().libro); });
-    orden_de_entrega<PidePlantilla, PideTercero, PideNuevoTercero, PideCuenta, PideCentro,
-                     PideConcepto, PideArticulo, PideActivo>();
 }
 
 // ---------------------------------------------------------------- creación
 
 void Tfmovimien::FormCreate() {
+    if (!fdm().exija_acceso(30)) { // antes que nada: la recuperación puede borrar
+        pida_cierre_al_crear();
+        return;
+    }
     tipo_anterior.clear();
     en_grilla = false;
     fdm().ConfigurarProviders(this);
@@ -94,8 +107,6 @@ void Tfmovimien::FormCreate() {
     else
         recupere_provisional();
     tamano_del_area(60, 40);
-    if (!fdm().exija_acceso(30))
-        pida_cierre_al_crear();
 }
 
 void Tfmovimien::recupere_provisional() {
@@ -105,8 +116,7 @@ void Tfmovimien::recupere_provisional() {
                          {"Eliminarlo", "Recuperarlo"})) {
     case Primera:
         // Las líneas NIIF bajo el id 0 se quedan donde están.
-        CBorrar.Execute("delete from comprobante_detalle where enco_consec = 0");
-        CBorrar.Execute("delete from comprobante_encabezado where enco_consec = 0");
+        borre_comprobante(fdm().Quorvex, modo_borrado(objectName()), {}, fdm().usuario);
         CMovimiento.Refresh();
         CMovimiento.Append();
         break;
@@ -116,14 +126,7 @@ void Tfmovimien::recupere_provisional() {
         EDia->setText(rescatado("ENCO_FECHA").right(2));
         CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " +
                        QuotedStr(rescatado("TICO_COD")) + " AND PRCO_ACTIVO = 'S'");
-        const auto mayor = [](const ConjuntoDatos& d) {
-            qint64 n = 0;
-            for (int i = 0; i < d.RecordCount(); ++i)
-                n = qMax(n, d.valor_en(i, d.FieldByName("CODE_ITEM")).entero());
-            return int(n);
-        };
-        lineas_2649->item = mayor(CDetalle);
-        lineas_niif->item = mayor(Cdetniif);
+        siga_los_items();
         CMovimiento.Edit();
         break;
     }
@@ -167,7 +170,11 @@ void Tfmovimien::CMovimientoAfterInsert() {
     EDia->setText(fdmcnt().dia_actual);
     lineas_2649->NomCuenta->clear();
     lineas_2649->NomTerc->clear();
-    lineas_2649->item = lineas_niif->item = 0;
+    for (LineasLibro* l : {lineas_2649, lineas_niif})
+        l->contador.empiece();
+    EArticod->clear(); // los de una línea del comprobante anterior
+    Edit2->clear();
+    grabacion.olvide();
     for (EditorNumero* e :
          {lineas_2649->ESaldocta, lineas_2649->ESaldoter, lineas_2649->ESaldocent})
         e->vacie();
@@ -201,14 +208,32 @@ void Tfmovimien::aplique_numeracion() {
 void Tfmovimien::CMovimientoPRCO_PREFChange(Campo& campo) {
     if (!CPrefijos.Locate("PRCO_PREF", {campo.texto()}))
         return;
-    CMovimiento.FieldByName("ENCO_NUMERO") = CPrefijos.FieldByName("PREF_NUMERO").texto();
+    CMovimiento.FieldByName("ENCO_NUMERO") = siguiente_numero();
     aplique_numeracion();
+}
+
+QString Tfmovimien::siguiente_numero() {
+    const QString numero = CPrefijos.FieldByName("PREF_NUMERO").texto();
+    const auto agotado = revise_contador(CPrefijos.FieldByName("TICO_COD").texto(),
+                                         CPrefijos.FieldByName("PRCO_PREF").texto(), numero);
+    if (agotado)
+        muestre_mensaje(agotado->texto);
+    return agotado ? QString() : numero;
+}
+
+void Tfmovimien::asegure_numeracion() {
+    // Un corte mientras se preparaba el comprobante pudo dejarlo sin prefijo ni número.
+    Campo& tipo = CMovimiento.FieldByName("TICO_COD");
+    if (!tipo.vacio() && CMovimiento.FieldByName("PRCO_PREF").vacio()) {
+        CMovimiento.Edit();
+        tipo = tipo.texto();
+    }
 }
 
 void Tfmovimien::LPrefExit() {
     aplique_numeracion();
     if (CMovimiento.editando() && CMovimiento.FieldByName("ENCO_NUMERO").vacio())
-        CMovimiento.FieldByName("ENCO_NUMERO") = CPrefijos.FieldByName("PREF_NUMERO").texto();
+        CMovimiento.FieldByName("ENCO_NUMERO") = siguiente_numero();
 }
 
 void Tfmovimien::CMovimientoENCO_NUMEROChange(Campo& campo) {
@@ -232,21 +257,42 @@ void Tfmovimien::CMovimientoENCO_NUMEROChange(Campo& campo) {
 }
 
 void Tfmovimien::CMovimientoBeforePost() {
-    CMovimiento.FieldByName("ENCO_FECHA") =
-        fdmcnt().compone_fecha(EDia->text().isEmpty() ? QStringLiteral("1") : EDia->text());
+    CMovimiento.FieldByName("ENCO_FECHA") = fecha_digitada();
     memorias.tercero_anterior = CMovimiento.FieldByName("TERC_NIT").texto();
 }
 
-void Tfmovimien::EDiaExit() {
+QString Tfmovimien::fecha_digitada() {
+    if (EDia->text().isEmpty()) {
+        muestre_mensaje("Debe indicar el día del comprobante.");
+        EDia->setFocus();
+        throw EdicionAbortada();
+    }
+    ajuste_dia();
+    return fdmcnt().compone_fecha(EDia->text());
+}
+
+void Tfmovimien::ajuste_dia() {
     const QString tope = fdmcnt().dias_periodo();
+    if (EDia->text().toInt() <= tope.toInt())
+        return;
+    EDia->setText(tope);
+    QApplication::beep();
+    fdm().mostrar_advertencia(fdmcnt().nombre_periodo() + " de " + fdmcnt().ano_actual + " tiene " +
+                              tope + " días: el comprobante queda con el día " + tope + '.');
+}
+
+void Tfmovimien::ponga_fecha() {
+    CMovimiento.Edit();
+    CMovimiento.FieldByName("ENCO_FECHA") = fecha_digitada();
+}
+
+void Tfmovimien::EDiaExit() {
     if (EDia->text().isEmpty())
         return;
-    if (EDia->text().toInt() > tope.toInt()) {
-        EDia->setText(tope);
-    } else if (CMovimiento.Active() && !CMovimiento.IsEmpty()) {
-        CMovimiento.Edit();
-        CMovimiento.FieldByName("ENCO_FECHA") = fdmcnt().compone_fecha(EDia->text());
-    }
+    if (EDia->text().toInt() > fdmcnt().dias_periodo().toInt())
+        ajuste_dia();
+    else if (CMovimiento.Active() && !CMovimiento.IsEmpty())
+        ponga_fecha();
 }
 
 bool Tfmovimien::eventFilter(QObject* objeto, QEvent* evento) {
@@ -258,100 +304,83 @@ bool Tfmovimien::eventFilter(QObject* objeto, QEvent* evento) {
 // ---------------------------------------------------------------- grabar
 
 void Tfmovimien::SBGrabarClick() {
-    lineas_2649->termine_linea();
-    lineas_niif->termine_linea();
-    // Sin líneas 2649 no se prueba ninguno de los dos libros.
-    if (!CDetalle.IsEmpty()) {
-        bool rehusado = false;
-        for (LineasLibro* l : {lineas_2649, lineas_niif})
-            if (!l->cuadrado()) {
-                l->detalle.Edit();
-                rehusado = true;
-            }
-        if (rehusado)
-            return;
+    termine_lineas();
+    if (!hay_por_perder() && CMovimiento.FieldByName("ENCO_CONCEPTO").vacio() &&
+        !pregunte_con_no("El comprobante no tiene líneas ni concepto. Desea grabarlo así?"))
+        return;
+    asegure_numeracion();
+    ponga_fecha();
+    const ResultadoGrabacion r = grabe(Grabador::Digitar);
+    if (r.clase == ResultadoGrabacion::Rehusado) {
+        if (r.rechazos.first().motivo == Motivo::Bloqueo)
+            EDia->setFocus();
+        return;
     }
-    grabando = true;
-    try {
-        fdmcnt().dia_actual = EDia->text();
-        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
-        const QString id = tome_id();
-        if (ya_habia_quedado_grabado()) {
-            grabando = false;
-            return;
-        }
-        grabacion_dudosa_ = true;
-        if (CMovimiento.ApplyUpdates(0) == 0) {
-            grabacion_dudosa_ = false;
-            CMovimiento.Refresh();
-            imprima_comprobante(id);
-            lineas_2649->vacie_diferencias();
-            CMovimiento.Append();
-            CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
-            DBEdit1->setFocus();
-        } else {
-            CMovimiento.Edit();
-        }
-    } catch (...) {
-        grabando = false;
-        throw;
+    recuerde_para_el_siguiente();
+    if (r.clase == ResultadoGrabacion::Fallo) {
+        CMovimiento.Edit();
+    } else if (r.clase == ResultadoGrabacion::YaEstaba) {
+        avise_que_ya_estaba(r);
+    } else {
+        CMovimiento.Refresh();
+        imprima_comprobante(QString::number(r.id));
+        siga_con_otro();
+        DBEdit1->setFocus();
     }
-    grabando = false;
 }
 
-bool Tfmovimien::ya_habia_quedado_grabado() {
-    if (!std::exchange(grabacion_dudosa_, false))
-        return false;
-    // Un intento que falla se deshace entero: si el id está en la base, lo que se perdió fue la
-    // respuesta del servidor y no el comprobante.
-    const QString id = CMovimiento.FieldByName("ENCO_CONSEC").texto();
-    CBorrar.Open("select enco_numero from comprobante_encabezado where enco_consec = " + id);
-    if (CBorrar.IsEmpty())
-        return false;
-    muestre_mensaje("El comprobante " + CBorrar.Fields(0).texto() +
+void Tfmovimien::recuerde_para_el_siguiente() {
+    fdmcnt().dia_actual = EDia->text();
+    tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+}
+
+void Tfmovimien::siga_con_otro() {
+    lineas_2649->vacie_diferencias();
+    CMovimiento.Append();
+    quite_filtro();
+    CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
+}
+
+void Tfmovimien::avise_que_ya_estaba(const ResultadoGrabacion& resultado) {
+    muestre_mensaje("El comprobante " + resultado.numero +
                     " ya había quedado grabado cuando se perdió la conexión. Revíselo antes de "
                     "seguir.");
-    CMovimiento.CancelUpdates();
-    CMovimiento.Append();
-    CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
-    abra_comprobante(id);
-    return true;
+    siga_con_otro();
+    abra_comprobante(QString::number(resultado.id));
 }
 
 void Tfmovimien::TabSheet2Enter() {
     if (!grabando)
-        grabe_por_cambio_de_pagina(*lineas_2649, true);
+        grabe_por_cambio_de_pagina(*lineas_2649, Grabador::DigitarEntraNiif);
     lineas_niif->rejilla->setFocus();
 }
 
 void Tfmovimien::TabSheet2Exit() {
     if (!grabando)
-        grabe_por_cambio_de_pagina(*lineas_niif, false);
+        grabe_por_cambio_de_pagina(*lineas_niif, Grabador::DigitarSaleNiif);
     lineas_2649->rejilla->setFocus();
 }
 
-void Tfmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, bool entrando) {
+void Tfmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien) {
     lineas.termine_linea();
-    if (lineas.detalle.IsEmpty())
+    if (lineas.sin_lineas())
         return;
-    if (!lineas.cuadrado()) {
-        lineas.detalle.Edit();
+    asegure_numeracion();
+    ponga_fecha();
+    const ResultadoGrabacion r = grabe(quien);
+    if (r.clase == ResultadoGrabacion::Rehusado)
         return;
+    if (quien == Grabador::DigitarEntraNiif)
+        recuerde_para_el_siguiente();
+    if (r.clase == ResultadoGrabacion::Fallo)
+        return;
+    {
+        const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
+        grabacion.relea();
+        CMovimiento.Edit();
     }
-    if (entrando) {
-        fdmcnt().dia_actual = EDia->text();
-        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
-    }
-    const QString id = tome_id();
-    if (CMovimiento.ApplyUpdates(0) != 0)
-        return;
-    encabezado_posteado_ = false;
-    CMovimiento.Close();
-    CMovimiento.FetchParams();
-    CMovimiento.Params["ID"] = id;
-    CMovimiento.Open();
-    CMovimiento.Edit();
     encabezado_posteado_ = true;
+    siga_los_items(); // las réplicas ya ocupan los suyos
 }
 
 void Tfmovimien::pegue(Rejilla& rejilla) {
@@ -360,33 +389,22 @@ void Tfmovimien::pegue(Rejilla& rejilla) {
 
 // ---------------------------------------------------------------- plantilla
 
-namespace {
-
-void borre_todas(ConjuntoDatos& lineas) {
-    lineas.Cancel();
-    lineas.First();
-    while (!lineas.IsEmpty())
-        lineas.Delete();
-}
-
-} // namespace
-
 void Tfmovimien::busque_plantilla() {
     escoja_plantilla(*this, [this](const QString& plantilla) { traiga_plantilla(plantilla); });
 }
 
 void Tfmovimien::traiga_plantilla(const QString& plantilla) {
-    if (!CDetalle.IsEmpty() &&
+    if (!lineas_2649->sin_lineas() &&
         !pregunte("Al traer la plantilla perderá los movimientos digitados en "
                   "el comprobante, Continuar?"))
         return;
+    if (!ubique_plantilla(CPlantilla, plantilla))
+        return;
     const QString concepto = CMovimiento.FieldByName("ENCO_CONCEPTO").texto();
-    borre_todas(CDetalle);
-    borre_todas(Cdetniif);
+    CDetalle.borre_todas();
+    Cdetniif.borre_todas();
+    quite_filtro();
     CMovimiento.Edit();
-    CPlantilla.Close();
-    CPlantilla.Open();
-    CPlantilla.Locate("plan_id", {plantilla.toInt()});
     const auto copie = [this](const char* hacia, const char* desde) {
         CMovimiento.FieldByName(hacia) = CPlantilla.FieldByName(desde).valor();
     };
@@ -397,8 +415,8 @@ void Tfmovimien::traiga_plantilla(const QString& plantilla) {
     copie("ENCO_REFER", "PLAN_REFER");
     if (CPrefijos.Locate("TICO_COD;PRCO_PREF", {CMovimiento.FieldByName("TICO_COD").valor(),
                                                 CMovimiento.FieldByName("PRCO_PREF").valor()}))
-        CMovimiento.FieldByName("ENCO_NUMERO") = CPrefijos.FieldByName("PREF_NUMERO").texto();
-    CMovimiento.FieldByName("ENCO_FECHA") = fdmcnt().compone_fecha(EDia->text());
+        CMovimiento.FieldByName("ENCO_NUMERO") = siguiente_numero();
+    ponga_fecha();
     CMovimiento.Post();
     const Valor id = CMovimiento.FieldByName("ENCO_CONSEC").valor();
     copie_lineas_plantilla(CPlantilladet, CDetalle, id, concepto);
@@ -411,9 +429,6 @@ void Tfmovimien::traiga_plantilla(const QString& plantilla) {
 
 // ---------------------------------------------------------------- salir
 
-void Tfmovimien::SBCancelClick() {
-    if (!CDetalle.IsEmpty() && !salida_confirmada())
-        return;
-    CMovimiento.CancelUpdates();
-    close();
+bool Tfmovimien::hay_por_perder() const {
+    return !lineas_2649->sin_lineas() || !lineas_niif->sin_lineas();
 }

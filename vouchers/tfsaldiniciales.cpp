@@ -148,7 +148,7 @@ void Tfsaldiniciales::FormCreate() {
     CTidocartera.Filtered(true);
     CMaxitem.Open();
     item_al_abrir_ = CMaxitem.FieldByName("ITEM").entero();
-    lineas->item = int(item_al_abrir_);
+    lineas->contador.empiece(int(item_al_abrir_));
     tamano(860, 560);
     if (!fdm().exija_acceso(80))
         pida_cierre_al_crear();
@@ -208,7 +208,7 @@ void Tfsaldiniciales::SBGrabarClick() {
         return;
     }
     corrimiento_ = separe_numeros();
-    lineas->item += corrimiento_;
+    lineas->contador.empiece(lineas->contador.ultimo() + corrimiento_);
     // Lo que se puede grabar se graba; lo demás queda en la pantalla.
     if (CSaldos.ApplyUpdates(-1) == 0)
         close();
@@ -237,17 +237,33 @@ void Tfsaldiniciales::SpeedButton1Click() {
     }
     motor.cerrar();
     CBalance.Close();
-    close(); // lo que no se ha grabado se pierde
+    cierre(); // lo que no se ha grabado se pierde
+}
+
+bool Tfsaldiniciales::hay_por_perder() const {
+    return CSaldos.Active() && (CSaldos.ChangeCount() > 0 || CSaldos.Modified());
+}
+
+bool Tfsaldiniciales::salida_confirmada() {
+    return pregunte_con_no(
+        "Desea salir del comprobante y perder los movimientos que no ha grabado?");
 }
 
 void Tfsaldiniciales::SBCancelClick() {
-    if (!pregunte("Desea salir del comprobante y perder los movimientos que no ha grabado?"))
+    if (!salida_confirmada())
         return;
     CSaldos.CancelUpdates();
+    cierre();
+}
+
+void Tfsaldiniciales::cierre() {
+    cierre_confirmado_ = true;
     close();
 }
 
 bool Tfsaldiniciales::FormClose() {
+    if (!cierre_confirmado_ && hay_por_perder() && !salida_confirmada())
+        return false;
     CSaldos.Cancel();
     for (ConjuntoDatos* c :
          {&CSaldos, &CBalance, &CMaxitem, &CTidocartera, &CArticulo, &CProyectos})

@@ -196,7 +196,7 @@ private slots:
         QCOMPARE(modo_borrado("Tfauxiliarniif").ordenes,
                  (QVector{LineasNiif, Lineas2649, Encabezado}));
         QVERIFY(QString(modo_borrado("Tfauxiliarniif").aviso).contains("eiminando"));
-        QVERIFY_THROWS_EXCEPTION(ErrorDatos, modo_borrado("Tfmovimien"));
+        QVERIFY_THROWS_EXCEPTION(ErrorDatos, modo_borrado("Tfcuentas"));
     }
 
     void el_numero_tiene_seis_cifras_y_se_acaba_en_999999() {
