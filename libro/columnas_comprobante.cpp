@@ -37,7 +37,7 @@ QVector<ColumnaDe<LineaComprobante>> arme_columnas(Libro libro) {
         {"CODE_DEBITO", &L::debito, niif ? "Debito" : "Débito", 2},
         {"CODE_CREDITO", &L::credito, "Crédito", 2},
         {"CODE_BASE", &L::base, "Base", 2, ColCeroNulo},
-        {"CODE_PORC", &L::porcentaje, "Porc.", niif ? 4 : 2, ColCeroNulo, "#,##0.####"},
+        {"CODE_PORC", &L::porcentaje, "Porc.", niif ? 4 : 2, ColCeroNulo | ColTasa, "#,##0.####"},
         {"TERC_NIT", &L::nit, "Tercero", 20},
         {"PROY_COD", &L::proyecto, "Proy", 4},
         {"CENT_COD", &L::centro, "Centro", 4},

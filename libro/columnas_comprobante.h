@@ -12,6 +12,7 @@ enum RasgoColumna : unsigned {
     ColFija = 2,
     ColMemo = 4,
     ColCeroNulo = 8, ///< un cero va a la base como nulo
+    ColTasa = 16,    ///< un porcentaje
 };
 
 template <class T> struct ColumnaDe {

@@ -18,6 +18,7 @@ template <class T> void defina(ConjuntoDatos& d, const ColumnaDe<T>& c) {
         campo->fijo();
     if (c.rasgos & ColRequerida)
         campo->requerido();
+    campo->Tasa = c.rasgos & ColTasa;
 }
 
 /// Mientras vive, el conjunto cambia sin avisar a la pantalla: ni validaciones ni diálogos.

@@ -37,7 +37,7 @@ void LineasPlantilla::defina_campos(ConjuntoDatos& d) {
     d.texto("TERC_NIT", 20);
     d.texto("PROY_COD", 4);
     d.texto("CENT_COD", 4);
-    d.decimal("PLDE_PORC").formato("#,##0.####");
+    d.decimal("PLDE_PORC").formato("#,##0.####").tasa();
     d.texto("ARTI_COD", 15);
     d.texto("CONC_COD", 4);
     d.calculado("ArtiDes", ClaseCampo::Texto, 60);

@@ -30,6 +30,7 @@ public:
     bool FixedChar = false;
     bool ReadOnly = false;
     bool Visible = true;
+    bool Tasa = false; ///< un porcentaje: al digitarlo, un solo separador siempre es el decimal
     QString DisplayLabel;
     QString DisplayFormat; ///< "#,###.00" o "#,##0.####"
     QString EditMask;
@@ -90,6 +91,10 @@ public:
     }
     Campo& formato(const QString& f) {
         DisplayFormat = f;
+        return *this;
+    }
+    Campo& tasa() {
+        Tasa = true;
         return *this;
     }
     Campo& mascara(const QString& m) {

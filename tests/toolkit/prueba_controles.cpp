@@ -203,9 +203,6 @@ private slots:
         QTest::newRow("coma decimal") << "12,5"
                                       << "12.5"
                                       << "12.50";
-        QTest::newRow("letras no entran") << "1x2a"
-                                          << "12"
-                                          << "12.00";
         QTest::newRow("negativo") << "-7"
                                   << "-7"
                                   << "-7.00";

@@ -447,9 +447,13 @@ private slots:
         p.tecla(Qt::Key_Tab);
         QCOMPARE(debito.moneda(), Moneda::de_texto("0.25"));
         p.rejilla->SelectedIndex(p.Debito);
-        p.digite("1,234.5x0"); // la letra no entra
+        p.digite("1,234.5x0"); // quitarle la letra daría otro número: se rehúsa entero
         p.tecla(Qt::Key_Tab);
-        QCOMPARE(debito.moneda(), Moneda::de_texto("1234.5"));
+        QCOMPARE(p.fallas, QStringList{"'1,234.5x0' no es un número para Débito."});
+        QVERIFY(p.rejilla->digitando());
+        p.fallas.clear();
+        p.tecla(Qt::Key_Escape);
+        QCOMPARE(debito.moneda(), Moneda::de_texto("0.25"));
     }
 
     void una_tecla_muerta_tambien_empieza_a_digitar() {

@@ -117,7 +117,7 @@ private slots:
         p.rejilla->pegue();
         QCOMPARE(p.detalle->FieldByName("CUEN_COD").texto(), QString("1105"));
         QCOMPARE(p.detalle->FieldByName("CODE_CONCEPTO").texto(), QString("nuevo"));
-        QCOMPARE(p.fallas, QStringList{"'x1' no es un número para el campo CODE_DEBITO."});
+        QCOMPARE(p.fallas, QStringList{"'x1' no es un número para Débito."});
     }
 
     void cortar_y_borrar_vacian_celdas_y_las_filas_enteras_se_preguntan() {

@@ -2,6 +2,7 @@
 // pasa al campo, ColExit, la fila se graba si se sale de ella, el cursor se mueve, ColEnter.
 #include "toolkit/rejilla/rejilla.h"
 
+#include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/editor_celda.h"
@@ -258,7 +259,10 @@ void Rejilla::asigne(int columna, const QString& texto) {
     if (c.campo->clase == ClaseCampo::Fecha && valor.size() == 8 && !valor.contains('/'))
         valor = valor.left(4) + '/' + valor.mid(4, 2) + '/' + valor.mid(6);
     Alza alza(escribiendo_);
-    c.campo->asigne(valor.isEmpty() ? Valor() : Valor(valor));
+    if (modelo_->numerica(columna))
+        c.campo->asigne(contenido_numerico(valor, *c.campo, c.Titulo()));
+    else
+        c.campo->asigne(valor.isEmpty() ? Valor() : Valor(valor));
 }
 
 void Rejilla::escriba_pendiente() {
