@@ -7,6 +7,18 @@ QString concepto_al_dejarlo(const QString& celda, const QString& encabezado,
     return es_repeticion(celda) ? memorias.concepto_anterior : celda;
 }
 
+QString tercero_al_dejarlo(const QString& celda, const AtributosCuenta& cuenta,
+                           const MemoriasLinea& memorias) {
+    return celda.isEmpty() && cuenta.tercero == "S" ? memorias.tercero_anterior : celda;
+}
+
+void recuerde(MemoriasLinea& memorias, const LineaComprobante& linea, bool con_tercero) {
+    memorias.concepto_anterior = linea.concepto;
+    memorias.referencia_anterior = linea.referencia;
+    if (con_tercero)
+        memorias.tercero_anterior = linea.nit;
+}
+
 QString referencia_al_dejarla(const QString& celda, const QString& encabezado) {
     return celda.isEmpty() ? encabezado : celda;
 }

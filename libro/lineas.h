@@ -29,6 +29,11 @@ inline bool es_repeticion(const QString& celda) {
 /// anterior.
 QString concepto_al_dejarlo(const QString& celda, const QString& encabezado,
                             const MemoriasLinea& memorias);
+/// El tercero de una línea sin él: el de la memoria, si su cuenta lo exige.
+QString tercero_al_dejarlo(const QString& celda, const AtributosCuenta& cuenta,
+                           const MemoriasLinea& memorias);
+/// La línea queda en las memorias; su tercero, solo si se pide.
+void recuerde(MemoriasLinea& memorias, const LineaComprobante& linea, bool con_tercero);
 /// La comilla de la referencia se cambia en la celda que sigue; vacía toma la del encabezado.
 QString referencia_al_dejarla(const QString& celda, const QString& encabezado);
 

@@ -167,15 +167,14 @@ void LineasLibro::ColExit(int columna) {
     if (cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION, CUEN_TIPO");
-    const QString pide_tercero = consulta_.FieldByName("CUEN_TERCERO").texto();
     ConjuntoDatos& e = anfitrion_.encabezado();
     switch (columna) {
     case kCuenta:
         anfitrion_.panel_de_clase(libro, consulta_.FieldByName("CUEN_TIPO").texto());
         break;
     case kTercero:
-        if (en_edicion() && pide_tercero == "S" && campo("TERC_NIT").vacio())
-            campo("TERC_NIT") = memorias_.tercero_anterior;
+        if (en_edicion())
+            complete_tercero();
         break;
     case kConcepto:
         if (!en_edicion())
@@ -208,8 +207,14 @@ void LineasLibro::cuenta_cambiada() {
     if (!campo("TERC_NIT").vacio())
         return;
     consulte_cuenta("CUEN_TERCERO");
-    if (consulta_.Fields(0).texto() == "S")
-        campo("TERC_NIT") = memorias_.tercero_anterior;
+    complete_tercero();
+}
+
+void LineasLibro::complete_tercero() {
+    const QString nit = campo("TERC_NIT").texto();
+    const QString queda = tercero_al_dejarlo(nit, atributos(), memorias_);
+    if (nit != queda)
+        campo("TERC_NIT") = queda;
 }
 
 void LineasLibro::validar_cuenta() {
@@ -353,11 +358,8 @@ void LineasLibro::BeforePost() {
         detalle.Cancel();
         throw EdicionAbortada();
     }
-    MemoriasLinea& m = es_niif(libro) ? propias_ : memorias_;
-    m.concepto_anterior = campo(c_.concepto).texto();
-    m.referencia_anterior = campo(c_.referencia).texto();
-    if (siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio())
-        m.tercero_anterior = campo("TERC_NIT").texto();
+    recuerde(es_niif(libro) ? propias_ : memorias_, linea(),
+             siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio());
     if (replicando || intacta())
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
@@ -366,6 +368,8 @@ void LineasLibro::BeforePost() {
 
 LineaComprobante LineasLibro::linea() const {
     LineaComprobante l = LineasCuenta::linea();
+    l.concepto = campo(c_.concepto).texto();
+    l.referencia = campo(c_.referencia).texto();
     l.base = campo(c_.base).moneda();
     l.porcentaje = campo(c_.porcentaje).moneda();
     return l;

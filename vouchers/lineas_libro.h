@@ -105,6 +105,7 @@ protected:
 private:
     void saldo(EditorNumero* caja, const char* procedimiento, const QStringList& argumentos);
     void cuenta_cambiada();
+    void complete_tercero();
     void tercero_cambiado();
     void centro_cambiado();
     void categoria_cambiada();
