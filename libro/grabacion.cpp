@@ -8,48 +8,32 @@ namespace {
 // Cada vuelta perdida es un comprobante que otro sí grabó: con más que estas algo anda mal.
 constexpr int kVueltas = 50;
 
-/// Guarda las fallas de una grabación en lugar de decirlas, para decirlas después o callarlas.
-class FallasPospuestas {
+/// Mientras vive ve primero las fallas del proveedor: las que atiende no llegan a su manejador.
+class AtiendeFallas {
 public:
-    explicit FallasPospuestas(Proveedor& p) : p_(p), manejador_(p.OnUpdateError) {
-        p_.OnUpdateError = [this](Proveedor&, ConjuntoDatos& d, const ErrorDatos& e,
-                                  ClaseCambio clase) {
-            const auto* de_base = dynamic_cast<const ErrorBase*>(&e);
-            fallas_.push_back({&d, clase, de_base && de_base->conexion_perdida(),
-                               de_base ? std::shared_ptr<ErrorDatos>(new ErrorBase(*de_base))
-                                       : std::make_shared<ErrorDatos>(e)});
+    using Atencion = std::function<bool(ConjuntoDatos&, const ErrorDatos&, ClaseCambio)>;
+
+    AtiendeFallas(Proveedor& p, Atencion atienda) : p_(p), manejador_(p.OnUpdateError) {
+        p_.OnUpdateError = [this,
+                            atienda = std::move(atienda)](Proveedor& remitente, ConjuntoDatos& d,
+                                                          const ErrorDatos& e, ClaseCambio clase) {
+            if (!atienda(d, e, clase) && manejador_)
+                manejador_(remitente, d, e, clase);
         };
     }
-    ~FallasPospuestas() { p_.OnUpdateError = manejador_; }
-    FallasPospuestas(const FallasPospuestas&) = delete;
-    FallasPospuestas& operator=(const FallasPospuestas&) = delete;
-
-    bool perdida() const {
-        return std::any_of(fallas_.begin(), fallas_.end(), [](auto& f) { return f.perdida; });
-    }
-    bool al_insertar(const ConjuntoDatos& d) const {
-        return fallas_.size() == 1 && fallas_[0].conjunto == &d &&
-               fallas_[0].clase == ClaseCambio::Insercion;
-    }
-    QString texto() const { return fallas_.empty() ? QString() : fallas_[0].error->texto(); }
-    void olvide() { fallas_.clear(); }
-    void digalas() {
-        for (const auto& f : fallas_)
-            if (manejador_)
-                manejador_(p_, *f.conjunto, *f.error, f.clase);
-    }
+    ~AtiendeFallas() { p_.OnUpdateError = manejador_; }
+    AtiendeFallas(const AtiendeFallas&) = delete;
+    AtiendeFallas& operator=(const AtiendeFallas&) = delete;
 
 private:
-    struct Falla {
-        ConjuntoDatos* conjunto;
-        ClaseCambio clase;
-        bool perdida;
-        std::shared_ptr<ErrorDatos> error;
-    };
     Proveedor& p_;
     decltype(Proveedor::OnUpdateError) manejador_;
-    std::vector<Falla> fallas_;
 };
+
+bool de_red(const ErrorDatos& e) {
+    const auto* falla = dynamic_cast<const ErrorBase*>(&e);
+    return falla && falla->conexion_perdida();
+}
 
 /// El menor CODE_ITEM de las líneas que aún no están en la base; cero si no hay.
 qint64 primer_item_nuevo(const ConjuntoDatos& lineas) {
@@ -164,27 +148,29 @@ void GrabacionComprobante::haga_viajar_el_encabezado() {
 }
 
 bool GrabacionComprobante::aplique(const ModoGrabacion& modo, ResultadoGrabacion& resultado) {
-    FallasPospuestas fallas(*c_.encabezado.proveedor);
+    bool sigue = false;
+    // La falla llega con la transacción ya deshecha: aquí se puede consultar y corregir.
+    const AtiendeFallas atiende(
+        *c_.encabezado.proveedor, [&](ConjuntoDatos& d, const ErrorDatos& e, ClaseCambio clase) {
+            resultado.falla = e.texto();
+            if (de_red(e))
+                en_duda_ = lea_comprobante(c_);
+            else if (clase == ClaseCambio::Insercion && &d == &c_.encabezado)
+                sigue = modo.nuevo && !numero_fijo && tome_otro_numero();
+            else if (clase == ClaseCambio::Insercion)
+                sigue = separe_lineas_nuevas();
+            return sigue;
+        });
     for (int vuelta = 0; vuelta < kVueltas; ++vuelta) {
-        fallas.olvide();
+        sigue = false;
         if (c_.encabezado.ApplyUpdates(0) == 0) {
             blanco_puesto_ = false;
+            resultado.falla.clear();
             return true;
         }
-        if (fallas.perdida()) {
-            en_duda_ = lea_comprobante(c_);
-            break;
-        }
-        const bool sigue =
-            (modo.nuevo && !numero_fijo && fallas.al_insertar(c_.encabezado) &&
-             tome_otro_numero()) ||
-            ((fallas.al_insertar(c_.lineas_2649) || fallas.al_insertar(c_.lineas_niif)) &&
-             separe_lineas_nuevas());
         if (!sigue)
             break;
     }
-    resultado.falla = fallas.texto();
-    fallas.digalas();
     return false;
 }
 

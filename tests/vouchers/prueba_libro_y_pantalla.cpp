@@ -362,7 +362,9 @@ private:
             l.referencia = memorias_.referencia_anterior;
         l.descontable = c_.descontable;
         // Lo que los códigos tienen de malo se corrige primero, celda por celda.
+        con_importes_ = false;
         corrija(libro, n, l, plan);
+        con_importes_ = true;
         l.base = importe(n, numero, LineasLibro::kBase, plan);
         l.porcentaje = importe(n, numero, LineasLibro::kPorcentaje, plan);
         l.debito = importe(n, numero, LineasLibro::kDebito, plan);
