@@ -232,7 +232,16 @@ void Tfedtmovimien::SBGrabarClick() {
 
 bool Tfedtmovimien::se_tolera(const Rechazo& rechazo) const {
     // Lo que está cerrado no se puede corregir: no por eso deja de grabarse lo demás.
-    return rechazo.libro == Libro::Niif && rechazo.item != 0 && !libre_niif;
+    if (rechazo.libro == Libro::Niif && rechazo.item != 0 && !libre_niif)
+        return true;
+    // Sin tocar el libro 2649 no hay réplica que hacer.
+    return rechazo.motivo == Motivo::SinEquivalente && !toca_la_replica();
+}
+
+bool Tfedtmovimien::toca_la_replica() const {
+    bool toca = CMovimiento.FieldByName("ENCO_REPNIIF").texto() != visto_.replica;
+    CDetalle.recorra_todas([&](const Fila& f) { toca = toca || f.marca != Fila::Marca::Intacta; });
+    return toca;
 }
 
 void Tfedtmovimien::TabSheet2Enter() {

@@ -46,6 +46,7 @@ private:
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
     void replique();
     void recuerde_lo_visto();
+    bool toca_la_replica() const;
     void SBBorrarClick();
     void ReplicaraNIIF1Click();
     void muestre_columnas(bool visibles);
