@@ -59,6 +59,42 @@ private slots:
         QCOMPARE(p->CDetalle.RecordCount(), 2);
     }
 
+    void lo_digitado_despues_de_un_f2_fallido_no_se_pierde() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        p->PageControl1->setCurrentIndex(0);
+        d.encabezado("RC", "05", "x");
+        p->LPref->setFocus();
+        oprima(Qt::Key_Down);
+        const auto numero = [p](const char* n) {
+            p->ENumero->setFocus();
+            p->ENumero->selectAll();
+            digite(n);
+            oprima(Qt::Key_Tab);
+        };
+        numero("7");
+        d.asiento("110505", "310505", "10");
+        ponga_comprobante(s, 700, "000007", "20170101", {});
+        s.base.ejecute({"update comprobante_encabezado set tico_cod = 'RC', prco_pref = '0002'"});
+        {
+            Interlocutor i;
+            i.espere("Ya existe el registro en la tabla Comprobantes");
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        numero("8");
+        d.rejilla().setFocus();
+        oprima(Qt::Key_PageDown, Qt::ControlModifier); // pasar de página lo graba
+        QCOMPARE(numeros(s), QString("000007,000008"));
+        d.asiento("111005", "310505", "25");
+        oprima(Qt::Key_F2);
+        QVERIFY(p->CDetalle.IsEmpty());
+        QCOMPARE(s.dato("select count(*) || '/' || sum(code_debito) from comprobante_detalle_niif"),
+                 QString("2/25.00"));
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
+    }
+
     void un_numero_por_debajo_no_devuelve_el_contador() {
         SesionGui s;
         Digitador d(s);
