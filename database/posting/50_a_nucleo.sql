@@ -45,19 +45,19 @@ AS
 BEGIN
   RETURN trim(CASE
     WHEN CODIGO STARTING WITH 'CUENTA' THEN
-      ' Corrija la cuenta en la interfaz ' || INTERFAZ || ' o en la ficha del tercero.'
+      'Corrija la cuenta en la interfaz ' || INTERFAZ || ' o en la ficha del tercero.'
     WHEN CODIGO IN ('TIPO', 'PREFIJO', 'NUMERO_AGOTADO') THEN
-      ' Corrija el tipo y el prefijo de comprobante de la interfaz ' || INTERFAZ || '.'
+      'Corrija el tipo y el prefijo de comprobante de la interfaz ' || INTERFAZ || '.'
     WHEN CODIGO IN ('TERCERO', 'FALTA_TERCERO') THEN
-      ' Ponga en el documento un tercero activo.'
+      'Ponga en el documento un tercero activo.'
     WHEN CODIGO IN ('CENTRO', 'FALTA_CENTRO') THEN
-      ' Ponga el proyecto y el centro en el documento.'
-    WHEN CODIGO = 'ARTICULO' THEN ' Corrija el artículo en el documento.'
+      'Ponga el proyecto y el centro en el documento.'
+    WHEN CODIGO = 'ARTICULO' THEN 'Corrija el artículo en el documento.'
     WHEN CODIGO IN ('FALTA_BASE', 'FALTA_PORCENTAJE') THEN
-      ' Ponga en el documento la base y el porcentaje de la retención.'
-    WHEN CODIGO = 'CATEGORIA' THEN ' Corrija la categoría en la interfaz ' || INTERFAZ || '.'
-    WHEN CODIGO = 'BLOQUEO' THEN ' Cambie la fecha del documento o el bloqueo.'
-    WHEN CODIGO = 'VACIO' THEN ' El documento no tiene importes para este libro.'
+      'Ponga en el documento la base y el porcentaje de la retención.'
+    WHEN CODIGO = 'CATEGORIA' THEN 'Corrija la categoría en la interfaz ' || INTERFAZ || '.'
+    WHEN CODIGO = 'BLOQUEO' THEN 'Cambie la fecha del documento o el bloqueo.'
+    WHEN CODIGO = 'VACIO' THEN 'El documento no tiene importes para este libro.'
     ELSE '' END);
 END^
 
@@ -270,7 +270,8 @@ BEGIN
     IF (CODIGO = 'BLOQUEO') THEN
       BLOQUEADA = 'S';
     EXECUTE PROCEDURE ANOTE_ERROR(TIDO, ID, '{LIBRO}', CODIGO,
-      iif(right(TEXTO, 1) = '.', TEXTO, TEXTO || '.') || REMEDIO_DE(CODIGO, INTERFAZ));
+      trim(iif(right(TEXTO, 1) = '.', TEXTO, TEXTO || '.') || ' '
+        || REMEDIO_DE(CODIGO, INTERFAZ)));
   END
   SUSPEND;
 END^

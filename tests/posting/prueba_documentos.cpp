@@ -311,11 +311,13 @@ void PruebaDocumentos::cada_documento_da_su_comprobante_en_los_dos_libros() {
                                   .arg(tipo))
                     .texto();
             };
-            registre(c, tipo, caso.interfaz);
+            InterfazPrueba interfaz = caso.interfaz;
+            interfaz.id = tipo;
+            registre(c, tipo, interfaz);
             const int id = registre(c, caso.documento);
             const bool con_interfaz = dato("doct_interfaz") == "S";
-            const QString resultado =
-                contabil(c, dato("doct_proc"), con_interfaz ? QVector<int>{id, 1} : QVector{id});
+            const QString resultado = contabil(
+                c, dato("doct_proc"), con_interfaz ? QVector<int>{id, tipo} : QVector<int>{id});
             const bool corta = tipo == 91 || tipo == 92;
             QVERIFY2(
                 resultado.startsWith(corta ? "0|" : "0|N|"),
@@ -326,7 +328,7 @@ void PruebaDocumentos::cada_documento_da_su_comprobante_en_los_dos_libros() {
             const int propuesta = resultado.section('|', corta ? 1 : 2).toInt();
             QVERIFY2(propuesta > 0, qPrintable(resultado));
             if (const QString gemelo = dato("doct_gemelo"); !gemelo.isEmpty())
-                QCOMPARE(contabil(c, gemelo, {id, 1, propuesta}),
+                QCOMPARE(contabil(c, gemelo, {id, tipo, propuesta}),
                          QStringLiteral("0|N|%1").arg(propuesta));
             c.ejecute(QStringLiteral("execute procedure contabiliza_pendiente(%1)").arg(propuesta));
             QCOMPARE(comprobante_de(c, tipo, id, ""), esperado(caso.libro));

@@ -249,13 +249,13 @@ void PruebaReglasContabilizacion::los_errores_quedan_bajo_los_codigos_que_los_pr
         {95, "contabil_prestamo", "", "95", ""},
     };
     for (const Caso& caso : casos) {
-        InterfazPrueba i = reglas("X 110505 D; X 110515 C");
+        InterfazPrueba i = reglas("X 110505 D; X 110515 C", caso.tipo);
         i.reglas_niif = "Y 110505 D";
         registre(base(), caso.tipo, i);
         const int malo = registre(base(), {caso.tipo, "SIN 10", "1"});
         const int bueno = registre(base(), {caso.tipo, "X 10", "2"});
         const auto args = [&](int id) {
-            return caso.tipo > 90 ? QVector<int>{id} : QVector<int>{id, 1};
+            return caso.tipo > 90 ? QVector<int>{id} : QVector<int>{id, caso.tipo};
         };
         const auto codigos = [&](int id, const char* libro) {
             return filas(QStringLiteral("select distinct erro_tipodoc from errores where erro_iddoc"
@@ -269,7 +269,7 @@ void PruebaReglasContabilizacion::los_errores_quedan_bajo_los_codigos_que_los_pr
         const QString r = contabil(base(), caso.procedimiento, args(bueno));
         if (*caso.gemelo) {
             QCOMPARE(codigos(bueno, "2649"), QString());
-            const QString g = contabil(base(), caso.gemelo, {bueno, 1, propuesta(r)});
+            const QString g = contabil(base(), caso.gemelo, {bueno, caso.tipo, propuesta(r)});
             QVERIFY2(g.section('|', 0, 0).toInt() > 0, qPrintable(g));
             QCOMPARE(codigos(bueno, "NIIF"), QString(caso.codigos_niif));
         } else {
