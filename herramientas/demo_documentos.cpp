@@ -383,11 +383,11 @@ void MesesDemo::dia(QDate fecha) {
         pague_nomina(2);
     if (fecha.dayOfWeek() == Qt::Sunday)
         return;
-    for (int i = 0, n = int(azar_.entre(2, 4)); i < n; ++i)
+    for (int i = 0, n = int(azar_.entre(3, 4)); i < n; ++i)
         venda();
-    if (azar_.sale(70))
+    if (azar_.sale(85))
         compre();
-    if (azar_.sale(80))
+    if (azar_.sale(95))
         recaude();
     if (azar_.sale(50))
         pague();

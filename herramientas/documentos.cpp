@@ -351,9 +351,13 @@ void anule_documento(Conexion& conexion, const QString& cual, const QString& usu
         throw ErrorDatos(
             QStringLiteral("El documento se escribe tipo/prefijo/número: %1").arg(cual));
     Transaccion t(conexion, Transaccion::Modo::Escritura);
-    conexion
-        .prepare("select rdb$set_context('USER_TRANSACTION', 'USUARIO', ?) from rdb$database", t)
-        ->ejecute_con_salida(t, {usuario});
+    {
+        Cursor contexto(conexion.prepare("select rdb$set_context('USER_TRANSACTION', 'USUARIO',"
+                                         " cast(? as varchar(31))) from rdb$database",
+                                         t),
+                        t, {usuario});
+        contexto.siguiente();
+    }
     const qint64 anulados =
         conexion
             .prepare("update documento set docu_anulado = 'S' where tido_cod = ? and pref_pre = ?"

@@ -329,8 +329,8 @@ QString liste_interfaces(Conexion& conexion, const QString& familia) {
         "select i.familia, i.interfaz, i.tido_cod, i.pref_pre, i.nombre, i.tico_cod, i.prco_pre,"
         " i.confirmar, i.detallada, b.cuba_cod from interfaz_contable i left join interfaz_bancos b"
         " on b.inba_id = i.interfaz and i.familia = 'BANCOS'"
-        " where i.familia = ? or ? = '' order by i.familia, i.interfaz",
-        {familia, familia});
+        " where cast(? as varchar(10)) in ('', i.familia) order by i.familia, i.interfaz",
+        {familia});
     while (f->siguiente()) {
         const QString de = f->valor(0).texto();
         const bool nomina = de == kNomina;

@@ -133,9 +133,7 @@ const QVector<Caso>& comercial() {
          " 413505 D 100000 c=0002-0001; 413506 C 1000000 c=0002-0001; 413506 C 500000 c=0002-0002;"
          " 240805 C 266000; 613505 D 940000 c=0002-0001; 143505 C 940000 a=MART01"},
         {documento(32, "COSTO 80000 a=MART01", kCliente, kMostrador),
-         interfaz("COSTO 146505 D; COSTO 143505 C a"),
-         "146505 D 80000 a=MART01; 143505 C 80000"
-         " a=MART01",
+         interfaz("COSTO 146505 D; COSTO 143505 C a"), "146505 D 80000; 143505 C 80000 a=MART01",
          nullptr},
         {documento(33,
                    "VENTA 100000; IVA:19 19000; CLIENTE 119000 x=31-000900; COSTO 60000"
@@ -243,7 +241,7 @@ const QVector<Caso>& tesoreria() {
          "111010 D 2000000; 111005 C 2000000", nullptr},
         {documento(77, "CLIENTE 500000; SANCION 100000; BANCO 500000; INTERES 100000", kCliente),
          interfaz("CLIENTE 130510 D t; SANCION 130510 D t; BANCO 111005 C; INTERES 425050 C"),
-         "130510 D 500000 t=900123456; 130510 D 100000 t=900123456; 111005 C 500000;"
+         "130510 D 600000 t=900123456; 111005 C 500000;"
          " 425050 C 100000",
          nullptr},
     };
