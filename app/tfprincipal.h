@@ -73,6 +73,15 @@ private:
     BotonComando* boton(const Comando& comando);
     void acomode_panel_superior(); ///< en un renglón si la ventana es pequeña para su letra
     void abra(const Comando& comando);
+    /// Esta versión trae lo que la orden abre.
+    static bool esta_hecha(const Comando& comando);
+    /// La orden de lo que aún no está hecho se ve y no se puede pedir.
+    template <class Control> static void habilite_segun(Control* control, const Comando& comando) {
+        if (esta_hecha(comando))
+            return;
+        control->setEnabled(false);
+        control->setToolTip(comando.texto() + ": aún no está en esta versión");
+    }
     /// Lo que el modo de la orden dice a la pantalla que abre.
     static Encargo peticion(const Comando& comando);
     void abra_pagina();
@@ -95,6 +104,9 @@ private:
     void lea_agencia();
     void tome_colores();
     bool entre_usuario();
+    /// Hay sesión, o se logra entrar ahora que el usuario pide algo.
+    bool entre_si_falta();
+    static QString rotulo_revision();
     void abra_iniciales();
     void habilite_submenus();
     void recuerde_preferencias();

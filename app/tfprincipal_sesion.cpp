@@ -5,6 +5,7 @@
 #include "app/paneldegradado.h"
 #include "app/vigiamensajes.h"
 #include "datos/firebird/claves.h"
+#include "datos/firebird/reloj.h"
 #include "sesion/apertura.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
@@ -17,15 +18,7 @@
 namespace {
 
 QString hoy() {
-    return QDate::currentDate().toString(QStringLiteral("yyyy/MM/dd"));
-}
-
-QString general(const QString& propiedad) {
-    return fdm().configuracion("GENERAL", "GENERAL", propiedad);
-}
-
-QString contable(const QString& propiedad) {
-    return fdm().configuracion("CONTABILIDAD", "GENERAL", propiedad);
+    return reloj().hoy().toString(QStringLiteral("yyyy/MM/dd"));
 }
 
 } // namespace
@@ -55,11 +48,10 @@ void Tfprincipal::FormActivate() {
     }
     conecte_compania();
     fdm().cargue_configuracion();
-    fdm().registros_paquete =
-        Tfdm::entero(general("NUMERO DE REGISTROS A TRANSMITIR SIMULTANEAMENTE"));
-    fdm().duracion_busquedas = Tfdm::entero(general("DURACION DE LAS BUSQUEDAS")) * 1000;
+    fdm().registros_paquete = fdm().valor<Llave::RegistrosPorPaquete>();
+    fdm().duracion_busquedas = fdm().valor<Llave::DuracionBusquedas>() * 1000;
     fdm().QRevision.Open("select revi_fecha from revision");
-    LabRevision->setText(LabRevision->text() + fdm().QRevision.Fields(0).texto());
+    LabRevision->setText(rotulo_revision() + fdm().QRevision.Fields(0).texto());
     fdm().QRevision.Close();
     conecte_general();
     lea_usuario();
@@ -75,6 +67,13 @@ void Tfprincipal::FormActivate() {
         lea_agencia();
     if (isVisible())
         compactador->inicie();
+}
+
+bool Tfprincipal::entre_si_falta() {
+    // La entrada falló (no había servidor) y el usuario pide algo: se intenta otra vez.
+    if (primera_activacion)
+        FormActivate();
+    return !primera_activacion;
 }
 
 bool Tfprincipal::tome_argumentos() {
@@ -139,10 +138,10 @@ void Tfprincipal::lea_agencia() {
 }
 
 void Tfprincipal::tome_colores() {
-    fdm().color_ventana = contable("COLOR VENTANA PRINCIPAL");
-    fdm().color_final = contable("COLOR FINAL VENTANA PRINCIPAL");
-    const QColor ventana = PanelDegradado::color(Tfdm::entero(fdm().color_ventana));
-    const QColor final = PanelDegradado::color(Tfdm::entero(fdm().color_final));
+    fdm().color_ventana = fdm().texto_de(Llave::ColorVentana);
+    fdm().color_final = fdm().texto_de(Llave::ColorFinalVentana);
+    const QColor ventana = PanelDegradado::color(fdm().valor<Llave::ColorVentana>());
+    const QColor final = PanelDegradado::color(fdm().valor<Llave::ColorFinalVentana>());
     AdvPanel1->colores(ventana, final);
     AdvPanel2->colores(final, ventana);
 }
@@ -171,16 +170,14 @@ bool Tfprincipal::entre_usuario() {
 }
 
 void Tfprincipal::abra_iniciales() {
-    ECompania->setText(general("NOMBRE COMPAÑIA"));
+    ECompania->setText(fdm().valor<Llave::NombreCompania>());
     ECompania->setToolTip(ECompania->text());
     ECompania->home(false);
     recuerde_preferencias();
-    if (contable("MOSTRAR COMPROBANTES SIN CONTABILIZAR AL ENTRAR AL MODULO") == "SI" &&
-        hay_pantalla("Tfsincontab"))
+    if (fdm().valor<Llave::MostrarSinContabilizar>() && hay_pantalla("Tfsincontab"))
         pantallas().abrir_modal("Tfsincontab");
     emit fdmcnt().balance_por_recalcular();
-    if (contable("MOSTRAR EL BALANCE DE PRUEBA AL ENTRAR AL MODULO") == "SI" &&
-        fdm().exija_acceso(150))
+    if (fdm().valor<Llave::MostrarBalance>() && fdm().exija_acceso(150))
         abra_o_avise("Tfbalanceprueba");
 }
 

@@ -43,6 +43,11 @@ void VigiaMensajes::Timer3Timer() {
     Timer3->stop();
     if (!fdm().Quorvex.conectada())
         return;
+    // Sin servidor no hay mensajes; no le toca a este reloj esperar a que vuelva.
+    if (!fdm().Quorvex.en_linea()) {
+        Timer3->start();
+        return;
+    }
     AdvAlertWindow2->limpie();
     CMensajes.Open("select mens_id, mens_autor, mens_mensaje, mens_nivel  from mensajeria where "
                    "mens_destino = " +

@@ -1,7 +1,7 @@
 // Digitar y grabar: sentencias por cambio de celda, y el guardado contra inserciones preparadas.
 #include "bench/medidas.h"
 #include "datos/firebird/servicios.h"
-#include "fallas/contador.h"
+#include "tests/fallas/contador.h"
 
 #include <QFile>
 

@@ -2,7 +2,7 @@
 // pantallas.
 #include "bench/medidas.h"
 #include "datos/firebird/conexion.h"
-#include "fallas/contador.h"
+#include "tests/fallas/contador.h"
 #include "reports/informe_de_prueba.h"
 #include "reports/registro.h"
 #include "reports/tfrngauxiliarcta.h"

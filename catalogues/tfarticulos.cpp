@@ -1,5 +1,6 @@
 #include "catalogues/tfarticulos.h"
 
+#include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"
@@ -8,8 +9,7 @@
 
 Tfarticulos::Tfarticulos()
     : ListaCatalogo("Tfarticulos", "Artículos", fdmArt().QArticulos, "Articulos") {
-    conjunto_->texto("ARTI_COD", 15).banderas(pfInUpdate | pfInWhere | pfInKey);
-    conjunto_->texto("ARTI_DES", 60);
+    campos_articulos(*conjunto_);
     conjunto_->texto("ARTI_UNIDAD", 10);
     arme({{"&Descripción", "arti_des"}, {"C&ódigo", "arti_cod"}}, {},
          {{"ARTI_COD", "Código", 16},

@@ -1,5 +1,6 @@
 #include "catalogues/tfconceptos.h"
 
+#include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -8,8 +9,7 @@
 Tfconceptos::Tfconceptos()
     : RejillaCatalogo("Tfconceptos", "Categorías", fdmcnt().TConceptoconta, "Concepto",
                       "CONC_COD") {
-    conjunto_->texto("CONC_COD", 4).etiqueta("Código");
-    conjunto_->texto("CONC_NOMBRE", 60).etiqueta("Nombre");
+    campos_categorias(*conjunto_);
     rotulo_grabar_ = "F2: Grabar";
     arme({{"CONC_COD", "Código", 8}, {"CONC_NOMBRE", "Nombre", 44}}, "Categorias");
     barra_->boton("SpeedButton1", "Seleccionar", "dialog-ok-apply", QKeySequence(),

@@ -1,6 +1,7 @@
 #include "catalogues/tfdocsterc.h"
 
 #include "catalogues/terceros.h"
+#include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
@@ -12,10 +13,7 @@
 Tfdocsterc::Tfdocsterc() : Pantalla("Tfdocsterc", "Documentos del tercero") {
     PDocs = new Proveedor(this, "PDocs", &fdmter().TDocsterc, poAllowCommandText);
     CDocs = new ConjuntoDatos(this, "CDocs", PDocs);
-    CDocs->texto("TERC_NIT", 20);
-    CDocs->entero("TEDO_ITEM");
-    CDocs->texto("TEDO_NOMBRE", 255);
-    CDocs->blob("TEDO_ARCHIVO");
+    campos_documentos_tercero(*CDocs);
     PBorrar = new Proveedor(this, "PBorrar", &fdm().QBorrar, poAllowCommandText);
     CBorrar = new ConjuntoDatos(this, "CBorrar", PBorrar);
 
@@ -70,8 +68,9 @@ void Tfdocsterc::PngSpeedButton3Click() {
     if (!pregunte("Desea borrar definitivamente el documento " +
                   CDocs->FieldByName("TEDO_NOMBRE").texto() + "?"))
         return;
-    CBorrar->Execute("delete from tercero_documentos where terc_nit = " + QuotedStr(nit_) +
-                     " and tedo_item = " + CDocs->FieldByName("TEDO_ITEM").texto());
+    CBorrar->Execute(
+        "delete from tercero_documentos where terc_nit = " + QuotedStr(nit_) +
+        " and tedo_item = " + QString::number(CDocs->FieldByName("TEDO_ITEM").entero()));
     CDocs->Open(CDocs->CommandText);
 }
 

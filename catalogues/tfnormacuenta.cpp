@@ -100,8 +100,9 @@ void Tfnormacuenta::SBBorrarClick() {
                   CAuxiliar->FieldByName("NNIF_NOMBRE").texto() + " para la cuenta " + cuenta_))
         return;
     // El ítem va entre comillas: "2.10" y "2.1" son dos ítems y como número serían uno.
-    CBorrar->Execute("delete from cuentas_niif_norma where cuen_cod = " + QuotedStr(cuenta_) +
-                     " and nnif_id = " + CAuxiliar->FieldByName("NNIF_ID").texto() +
-                     " and nnid_item = " + QuotedStr(CAuxiliar->FieldByName("NNID_ITEM").texto()));
+    CBorrar->Execute(
+        "delete from cuentas_niif_norma where cuen_cod = " + QuotedStr(cuenta_) +
+        " and nnif_id = " + QString::number(CAuxiliar->FieldByName("NNIF_ID").entero()) +
+        " and nnid_item = " + QuotedStr(CAuxiliar->FieldByName("NNID_ITEM").texto()));
     CAuxiliar->Refresh();
 }

@@ -1,5 +1,6 @@
 #include "catalogues/tfnvodocterc.h"
 
+#include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
@@ -14,10 +15,7 @@
 Tfnvodocterc::Tfnvodocterc() : Pantalla("Tfnvodocterc", "Nuevo documento del tercero") {
     PDocs = new Proveedor(this, "PDocs", &fdmter().TDocsterc, poAllowCommandText);
     CDocs = new ConjuntoDatos(this, "CDocs", PDocs);
-    CDocs->texto("TERC_NIT", 20);
-    CDocs->entero("TEDO_ITEM");
-    CDocs->texto("TEDO_NOMBRE", 255);
-    CDocs->blob("TEDO_ARCHIVO");
+    campos_documentos_tercero(*CDocs);
     PBorrar = new Proveedor(this, "PBorrar", &fdm().QBorrar, poAllowCommandText);
     CBorrar = new ConjuntoDatos(this, "CBorrar", PBorrar);
 

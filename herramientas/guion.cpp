@@ -32,38 +32,107 @@ constexpr Marcas kLibroNiif{{{"{CUENTAS}", "CUENTAS_NIIF"},
     throw ErrorDatos(QStringLiteral("%1:%2: %3").arg(archivo).arg(renglon).arg(razon));
 }
 
-void agregue_para(const Marcas& marcas, const QVector<Renglon>& bloque, QVector<Renglon>& salida) {
+using Texto = QVector<Renglon>;
+
+Texto renglones_de(const QString& texto) {
+    Texto lista;
+    for (const QString& linea : texto.split('\n'))
+        lista.push_back({linea, int(lista.size()) + 1});
+    return lista;
+}
+
+void agregue_para(const QStringList& marcas, const QStringList& valores, const Texto& bloque,
+                  Texto& salida) {
     for (Renglon r : bloque) {
-        for (const auto& [marca, valor] : marcas)
-            r.texto.replace(QLatin1String(marca), QLatin1String(valor));
+        for (int i = 0; i < marcas.size(); ++i)
+            r.texto.replace(marcas[i], valores[i]);
         salida.push_back(r);
     }
 }
 
-QVector<Renglon> expanda_libros(const QString& texto, const QString& archivo) {
-    QVector<Renglon> salida, bloque;
-    int abierto = 0, numero = 0;
-    for (const QString& linea : texto.split('\n')) {
-        ++numero;
-        const QString limpia = linea.trimmed();
-        if (limpia == QLatin1String("--<LIBROS>")) {
+/// Cambia cada bloque entre --<ETIQUETA> y --</ETIQUETA> por lo que `repita` haga con él.
+template <class Repita>
+Texto expanda(const Texto& entrada, const QString& etiqueta, const QString& archivo,
+              Repita repita) {
+    const QString abre = "--<" + etiqueta + '>', cierra = "--</" + etiqueta + '>';
+    Texto salida, bloque;
+    int abierto = 0;
+    for (const Renglon& r : entrada) {
+        const QString limpia = r.texto.trimmed();
+        if (limpia == abre) {
             if (abierto)
-                falle(archivo, numero, QStringLiteral("un bloque de libros dentro de otro"));
-            abierto = numero;
+                falle(archivo, r.numero,
+                      QStringLiteral("un bloque %1 dentro de otro").arg(etiqueta));
+            abierto = r.numero;
             bloque.clear();
-        } else if (limpia == QLatin1String("--</LIBROS>")) {
+        } else if (limpia == cierra) {
             if (!abierto)
-                falle(archivo, numero, QStringLiteral("cierre de libros sin apertura"));
-            agregue_para(kLibro2649, bloque, salida);
-            agregue_para(kLibroNiif, bloque, salida);
+                falle(archivo, r.numero, QStringLiteral("cierre de %1 sin apertura").arg(etiqueta));
+            repita(bloque, salida);
             abierto = 0;
         } else {
-            (abierto ? bloque : salida).push_back({linea, numero});
+            (abierto ? bloque : salida).push_back(r);
         }
     }
     if (abierto)
-        falle(archivo, abierto, QStringLiteral("bloque de libros sin cierre"));
+        falle(archivo, abierto, QStringLiteral("bloque %1 sin cierre").arg(etiqueta));
     return salida;
+}
+
+QStringList campos_de(const QString& fila) {
+    QStringList campos = fila.split('|');
+    for (QString& campo : campos)
+        campo = campo.trimmed();
+    return campos;
+}
+
+/// El bloque trae sus propias filas de marcas: se repite por cada una.
+void repita_por_clave(const Texto& bloque, Texto& salida, const QString& archivo) {
+    QVector<Renglon> filas;
+    Texto cuerpo;
+    for (const Renglon& r : bloque) {
+        const QString limpia = r.texto.trimmed();
+        if (limpia.startsWith(QLatin1String("--|")))
+            filas.push_back({limpia.mid(3), r.numero});
+        else if (limpia.startsWith(QLatin1String("--&")) && !filas.isEmpty())
+            filas.last().texto += limpia.mid(3);
+        else
+            cuerpo.push_back(r);
+    }
+    if (filas.size() < 2)
+        falle(archivo, bloque.isEmpty() ? 0 : bloque.first().numero,
+              QStringLiteral("un bloque CLAVES sin filas"));
+    QStringList marcas = campos_de(filas.first().texto);
+    for (QString& marca : marcas)
+        marca = '{' + marca + '}';
+    for (const Renglon& fila : filas.mid(1)) {
+        const QStringList valores = campos_de(fila.texto);
+        if (valores.size() != marcas.size())
+            falle(archivo, fila.numero,
+                  QStringLiteral("%1 valores donde se esperaban %2")
+                      .arg(valores.size())
+                      .arg(marcas.size()));
+        agregue_para(marcas, valores, cuerpo, salida);
+    }
+}
+
+void repita_por_libro(const Texto& bloque, Texto& salida) {
+    for (const Marcas& libro : {kLibro2649, kLibroNiif}) {
+        QStringList marcas, valores;
+        for (const auto& [marca, valor] : libro) {
+            marcas << QLatin1String(marca);
+            valores << QLatin1String(valor);
+        }
+        agregue_para(marcas, valores, bloque, salida);
+    }
+}
+
+/// Las claves primero: sus valores pueden llevar marcas de libro.
+Texto expanda_bloques(const QString& texto, const QString& archivo) {
+    const Texto por_clave =
+        expanda(renglones_de(texto), QStringLiteral("CLAVES"), archivo,
+                [&](const Texto& b, Texto& salida) { repita_por_clave(b, salida, archivo); });
+    return expanda(por_clave, QStringLiteral("LIBROS"), archivo, repita_por_libro);
 }
 
 /// Recorre los renglones ya expandidos y junta sentencias hasta cada terminador.
@@ -150,7 +219,7 @@ private:
 } // namespace
 
 QVector<SentenciaGuion> lea_guion(const QString& texto, const QString& archivo) {
-    return Partidor(expanda_libros(texto, archivo), archivo).parta();
+    return Partidor(expanda_bloques(texto, archivo), archivo).parta();
 }
 
 ListaGuion lea_lista(const QString& texto, const QString& archivo) {

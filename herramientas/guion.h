@@ -4,6 +4,18 @@
 // Reconoce SET TERM, comentarios, literales y nombres entre comillas. El texto entre los renglones
 // --<LIBROS> y --</LIBROS> se repite por cada libro con sus marcas reemplazadas; cada sentencia
 // recuerda el renglón del archivo en que empieza, que es el que nombran los errores.
+//
+// Lo que se repite por clave (cuenta, tercero, centro...) va entre --<CLAVES> y --</CLAVES>, dentro
+// o fuera de un bloque de libros, y dice allí mismo sus marcas y una fila por clave; --& continúa
+// la fila anterior:
+//
+//     --<CLAVES>
+//     --| CLAVE   | COLUMNAS
+//     --| TERCERO | TERC_NIT
+//     --| CENTRO  | PROY_COD,
+//     --&           CENT_COD
+//     SELECT {COLUMNAS} FROM SALDOS_{CLAVE}{_NIIF};
+//     --</CLAVES>
 #include <QString>
 #include <QVector>
 
@@ -12,7 +24,7 @@ struct SentenciaGuion {
     int renglon = 0;
 };
 
-/// `archivo` solo se usa para nombrarlo en los errores. Lanza ErrorDatos si un bloque de libros, un
+/// `archivo` solo se usa para nombrarlo en los errores. Lanza ErrorDatos si un bloque, un
 /// comentario o un literal queda sin cerrar, o si al final sobra texto sin terminador.
 QVector<SentenciaGuion> lea_guion(const QString& texto, const QString& archivo);
 

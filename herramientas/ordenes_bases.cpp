@@ -1,4 +1,5 @@
 // Crear, actualizar, respaldar, restaurar, verificar y compactar bases.
+#include "datos/firebird/reloj.h"
 #include "datos/firebird/servicios.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demo_formatos.h"
@@ -7,7 +8,6 @@
 #include "herramientas/respaldo.h"
 #include "herramientas/verificacion.h"
 
-#include <QDateTime>
 #include <QFileInfo>
 
 namespace {
@@ -140,7 +140,7 @@ void respaldar(const Sesion& s) {
     const QString archivo = s.argumentos().valor(
         QStringLiteral("archivo"),
         QStringLiteral("%1_%2.fbk")
-            .arg(cual, QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_HHmmss"))));
+            .arg(cual, reloj().ahora().toString(QStringLiteral("yyyyMMdd_HHmmss"))));
     const auto r = respalde_y_pruebe(base_pedida(s), archivo);
     diga(QStringLiteral("Respaldo en %1 (%2 KB), probado: %3 cifras comparadas, %4 filas.")
              .arg(archivo)

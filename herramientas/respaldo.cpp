@@ -89,13 +89,13 @@ QMap<QString, QString> recuento(Conexion& conexion) {
         Cursor c(std::make_shared<Preparada>(conexion, foto, sql), foto, {});
         cuenta[clave] = c.siguiente() ? c.valor(0).texto() : QString();
     };
-    for (const QString& t : tablas_de(conexion)) {
-        mida(t, QStringLiteral("select count(*) from \"%1\"").arg(t));
-        if (t.startsWith(QLatin1String("COMPROBANTE_DETALLE")))
+    for (const QString& tabla : tablas_de(conexion)) {
+        mida(tabla, QStringLiteral("select count(*) from \"%1\"").arg(tabla));
+        if (tabla.startsWith(QLatin1String("COMPROBANTE_DETALLE")))
             for (const char* columna : {"CODE_DEBITO", "CODE_CREDITO"})
-                mida(t + '.' + QLatin1String(columna),
+                mida(tabla + '.' + QLatin1String(columna),
                      QStringLiteral("select coalesce(sum(%2), 0) from %1")
-                         .arg(t, QLatin1String(columna)));
+                         .arg(tabla, QLatin1String(columna)));
     }
     return cuenta;
 }

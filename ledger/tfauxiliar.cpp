@@ -1,5 +1,6 @@
 #include "ledger/tfauxiliar.h"
 
+#include "datos/recordset/foto.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/dialogos.h"
@@ -123,18 +124,20 @@ bool Tfauxiliar::FormClose() {
 
 // ---------------------------------------------------------------- consulta
 
-void Tfauxiliar::calcule_saldo_inicial() {
-    CBorrar.Open(QStringLiteral("select * from %1(").arg(miembro_.saldo) + QuotedStr(cuenta()) +
-                 ',' + QuotedStr(fdmcnt().compone_fecha("1")) + ')');
-    if (!CBorrar.IsEmpty())
-        Saldoi->valor(CBorrar.Fields(0).moneda());
-    CBorrar.Close();
+void Tfauxiliar::calcule_saldo_inicial(Foto& foto) {
+    const Valor saldo =
+        foto.consulte(QStringLiteral("select * from %1(").arg(miembro_.saldo) +
+                      QuotedStr(cuenta()) + ',' + QuotedStr(fdmcnt().compone_fecha("1")) + ')');
+    if (!saldo.nulo())
+        Saldoi->valor(saldo.moneda());
 }
 
 void Tfauxiliar::calcule_auxiliar(const QString& orden) {
+    // El saldo inicial y los renglones son del mismo instante.
+    Foto foto(fdm().Quorvex);
     if (Saldoi)
-        calcule_saldo_inicial();
-    CAuxiliar.Open(componga(orden) + kDesempate);
+        calcule_saldo_inicial(foto);
+    foto.abra(CAuxiliar, componga(orden) + kDesempate, Foto::PorPaquetes);
     muestre_periodo();
 }
 

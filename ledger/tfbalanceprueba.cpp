@@ -1,5 +1,7 @@
 #include "ledger/tfbalanceprueba.h"
 
+#include "datos/recordset/foto.h"
+
 #include "catalogues/letracuenta.h"
 #include "ledger/cifrascontrol.h"
 #include "sesion/peticiones.h"
@@ -38,24 +40,29 @@ struct Tfbalanceprueba::DatosPagina {
 };
 
 const std::array<Tfbalanceprueba::DatosPagina, 2> Tfbalanceprueba::kPaginas = {{
-    {Libro::Decreto2649,
-     "Dec.2649",
-     "DBGridEh1",
-     "consulta_balance_mes",
-     {"Cód. Cuenta", "Nombre cuenta", "S. Inicial", "Débitos", "Créditos", "S. Final"},
-     {"SIni", "Sdb", "Scr", "Sfin"},
-     "Tfauxiliar",
-     "Tfsaldoterc",
-     "Tfsaldocentro"},
-    {Libro::Niif,
-     "NIIF",
-     "DBGridEh2",
-     "consulta_balance_mes_niif",
-     {"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"},
-     {"SNIni", "SNdb", "SNcr", "SNfin"},
-     "Tfauxiliarniif",
-     "Tfsaldotercniif",
-     "Tfsaldocentroniif"},
+    {
+        .libro = Libro::Decreto2649,
+        .titulo = "Dec.2649",
+        .rejilla = "DBGridEh1",
+        .procedimiento = "consulta_balance_mes",
+        .titulos = {"Cód. Cuenta", "Nombre cuenta", "S. Inicial", "Débitos", "Créditos",
+                    "S. Final"},
+        .cajas = {"SIni", "Sdb", "Scr", "Sfin"},
+        .auxiliar = "Tfauxiliar",
+        .terceros = "Tfsaldoterc",
+        .centros = "Tfsaldocentro",
+    },
+    {
+        .libro = Libro::Niif,
+        .titulo = "NIIF",
+        .rejilla = "DBGridEh2",
+        .procedimiento = "consulta_balance_mes_niif",
+        .titulos = {"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"},
+        .cajas = {"SNIni", "SNdb", "SNcr", "SNfin"},
+        .auxiliar = "Tfauxiliarniif",
+        .terceros = "Tfsaldotercniif",
+        .centros = "Tfsaldocentroniif",
+    },
 }};
 
 Tfbalanceprueba::Tfbalanceprueba()
@@ -158,10 +165,7 @@ void Tfbalanceprueba::FormCreate() {
     fdm().ConfigurarProviders(this);
     const Valor niveles = CBorrar.valor_unico("select max(estr_nivel) from estructura");
     nivel_ = niveles.nulo() ? kNivelPorOmision : int(niveles.entero());
-    const bool local =
-        fdm().configuracion("CONTABILIDAD", "GENERAL",
-                            "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
-                            "HACER CONSULTAS") == "2649";
+    const bool local = fdm().valor<Llave::LibroInicial>() == "2649";
     PageControl1->setCurrentIndex(local ? 0 : 1);
 }
 
@@ -192,15 +196,18 @@ void Tfbalanceprueba::actualice_balance() {
     Panel->repaint();
     const auto oculte = qScopeGuard([this] { Panel->hide(); });
     muestre_periodo();
+    // Los dos libros y sus cifras de control son del mismo instante, aunque otros estén grabando.
+    Foto foto(fdm().Quorvex);
     for (Pagina& pagina : paginas_)
-        lea(pagina);
+        lea(pagina, foto);
 }
 
-void Tfbalanceprueba::lea(Pagina& pagina) {
-    pagina.conjunto->Open(QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
-                          QuotedStr(fdmcnt().ano_actual) + ", " +
-                          QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
-                          QString::number(nivel_) + ')');
+void Tfbalanceprueba::lea(Pagina& pagina, Foto& foto) {
+    foto.abra(*pagina.conjunto,
+              QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
+                  QuotedStr(fdmcnt().ano_actual) + ", " +
+                  QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
+                  QString::number(nivel_) + ')');
     pagina.cifras->muestre();
 }
 

@@ -63,7 +63,7 @@ private:
     void arme_botones();
     Pagina& actual();
     QString codigo(const Pagina& pagina) const;
-    void lea(Pagina& pagina);
+    void lea(Pagina& pagina, class Foto& foto);
     void guarde_posiciones();
     static void ubique(Pagina& pagina, const QString& codigo);
     void periodo_escogido();

@@ -1,5 +1,7 @@
 #include "ledger/tfsaldoterc.h"
 
+#include "datos/recordset/foto.h"
+
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
@@ -103,8 +105,9 @@ bool Tfsaldoterc::FormClose() {
 
 void Tfsaldoterc::calcule_saldoterc(const QString& orden) {
     // Entre iguales, por su llave: el motor no conserva ningún orden.
-    CSaldos.Open(componga(orden) + kMovidos + " order by " + orden +
-                 (por_centro() ? ",proyecto,centro" : ",codigo"));
+    Foto(fdm().Quorvex)
+        .abra(CSaldos, componga(orden) + kMovidos + " order by " + orden +
+                           (por_centro() ? ",proyecto,centro" : ",codigo"));
     muestre_periodo();
 }
 

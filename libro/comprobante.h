@@ -51,7 +51,3 @@ struct Comprobante {
 
 /// Lee el comprobante de la base, con sus líneas por CODE_ITEM; nada si el id no está.
 std::optional<Comprobante> lea_comprobante(Conexion& conexion, qint64 id);
-
-/// Lo guardado es lo que se mandó. El blanco al final de un texto no cuenta, ni quién lo escribió;
-/// con réplica, el libro NIIF puede traer además las líneas que nacieron en la base.
-bool quedo_como_se_mando(const Comprobante& mandado, const Comprobante& guardado);

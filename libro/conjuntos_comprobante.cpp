@@ -103,6 +103,7 @@ void defina_encabezado(ConjuntoDatos& encabezado) {
 }
 
 void defina_lineas(ConjuntoDatos& lineas, Libro libro) {
+    lineas.CampoConsecutivo = "CODE_ITEM"; // dos editores pueden agregar a la vez
     lineas.entero("ENCO_CONSEC").requerido();
     for (const auto& c : columnas_linea(libro))
         defina(lineas, c);

@@ -30,24 +30,6 @@ private:
     decltype(Proveedor::OnUpdateError) manejador_;
 };
 
-bool de_red(const ErrorDatos& e) {
-    const auto* falla = dynamic_cast<const ErrorBase*>(&e);
-    return falla && falla->conexion_perdida();
-}
-
-/// El menor CODE_ITEM de las líneas que aún no están en la base; cero si no hay.
-qint64 primer_item_nuevo(const ConjuntoDatos& lineas) {
-    const Campo& item = lineas.FieldByName("CODE_ITEM");
-    qint64 menor = 0;
-    lineas.recorra_todas([&](const Fila& f) {
-        if (f.marca != Fila::Marca::Insertada)
-            return;
-        const qint64 n = lineas.valor_de(f, item).entero();
-        menor = menor == 0 ? n : qMin(menor, n);
-    });
-    return menor;
-}
-
 } // namespace
 
 void termine_linea(ConjuntoDatos& lineas) {
@@ -90,7 +72,6 @@ void GrabacionComprobante::relea() {
 }
 
 void GrabacionComprobante::olvide() {
-    en_duda_.reset();
     blanco_puesto_ = false;
 }
 
@@ -98,39 +79,11 @@ ResultadoGrabacion GrabacionComprobante::grabe(const ModoGrabacion& modo) {
     ResultadoGrabacion r;
     r.id = tome_id();
     r.numero_pedido = numero();
-    if (ya_quedo()) {
-        r.clase = ResultadoGrabacion::YaEstaba;
-    } else {
-        if (modo.encabezado_viaja)
-            haga_viajar_el_encabezado();
-        r.clase = aplique(modo, r) ? ResultadoGrabacion::Grabado : ResultadoGrabacion::Fallo;
-    }
+    if (modo.encabezado_viaja)
+        haga_viajar_el_encabezado();
+    r.clase = aplique(modo, r) ? ResultadoGrabacion::Grabado : ResultadoGrabacion::Fallo;
     r.numero = numero();
     return r;
-}
-
-bool GrabacionComprobante::ya_quedo() {
-    if (!en_duda_)
-        return false;
-    // Si el servidor sigue caído esta lectura falla, y la duda queda para el próximo intento.
-    const auto guardado = ::lea_comprobante(conexion_, en_duda_->id);
-    const Comprobante mandado = *std::exchange(en_duda_, std::nullopt);
-    if (!guardado || !quedo_como_se_mando(mandado, *guardado))
-        return false;
-    blanco_puesto_ = false;
-    Comprobante ahora = lea_comprobante(c_);
-    const bool sin_cambios = quedo_como_se_mando(ahora, *guardado);
-    relea();
-    if (sin_cambios)
-        return true;
-    // Lo que el usuario cambió desde entonces se graba sobre lo que quedó.
-    for (const LineaComprobante& l : guardado->lineas_niif)
-        if (l.item_replica != 0 &&
-            std::none_of(mandado.lineas_niif.begin(), mandado.lineas_niif.end(),
-                         [&](const auto& m) { return m.item == l.item; }))
-            ahora.lineas_niif << l;
-    vuelque(ahora, c_);
-    return false;
 }
 
 void GrabacionComprobante::haga_viajar_el_encabezado() {
@@ -153,12 +106,8 @@ bool GrabacionComprobante::aplique(const ModoGrabacion& modo, ResultadoGrabacion
     const AtiendeFallas atiende(
         *c_.encabezado.proveedor, [&](ConjuntoDatos& d, const ErrorDatos& e, ClaseCambio clase) {
             resultado.falla = e.texto();
-            if (de_red(e))
-                en_duda_ = lea_comprobante(c_);
-            else if (clase == ClaseCambio::Insercion && &d == &c_.encabezado)
-                sigue = modo.nuevo && !numero_fijo && tome_otro_numero();
-            else if (clase == ClaseCambio::Insercion)
-                sigue = separe_lineas_nuevas();
+            sigue = modo.nuevo && !numero_fijo && clase == ClaseCambio::Insercion &&
+                    &d == &c_.encabezado && tome_otro_numero();
             return sigue;
         });
     for (int vuelta = 0; vuelta < kVueltas; ++vuelta) {
@@ -187,26 +136,6 @@ bool GrabacionComprobante::tome_otro_numero() {
         libre = adelante_contador(conexion_, tipo, prefijo, libre);
     ponga_callado(c_.encabezado, "ENCO_NUMERO", libre);
     return true;
-}
-
-bool GrabacionComprobante::separe_lineas_nuevas() {
-    // Otro editor agregó líneas con los mismos números: las nuestras pasan a los que siguen.
-    bool corridas = false;
-    for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
-        ConjuntoDatos& d = c_.lineas(libro);
-        const qint64 en_la_base =
-            conexion_
-                .consulte(QStringLiteral("select max(code_item) from %1 where enco_consec = ?")
-                              .arg(QLatin1String(datos(libro).detalle)),
-                          {c_.encabezado.FieldByName("ENCO_CONSEC").valor()})
-                .entero();
-        const qint64 primero = primer_item_nuevo(d);
-        if (primero == 0 || primero > en_la_base)
-            continue;
-        d.corra_las_nuevas(d.FieldByName("CODE_ITEM"), en_la_base + 1 - primero);
-        corridas = true;
-    }
-    return corridas;
 }
 
 // ---------------------------------------------------------------- en lote

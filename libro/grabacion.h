@@ -5,7 +5,8 @@
 // El orden: la línea pendiente de cada libro entra o se cancela; se revisa todo lo que está en
 // memoria, a la vista o no; el comprobante provisional toma su id, que conserva aunque falle; el
 // encabezado y los dos libros van en una transacción. Si se pierde la respuesta del servidor, el
-// intento siguiente pregunta primero si lo que se mandó quedó, comparándolo con lo guardado.
+// proveedor averigua por lo que se envió, y una línea nueva cuyo número otro tomó pasa al que
+// sigue.
 #include "libro/conjuntos_comprobante.h"
 #include "libro/fechas.h"
 #include "libro/modos.h"
@@ -14,7 +15,6 @@
 struct ResultadoGrabacion {
     enum Clase {
         Grabado,
-        YaEstaba, ///< lo había grabado un intento cuya respuesta se perdió; no se repitió
         Rehusado, ///< nada cambió en la base
         Fallo,    ///< la base no lo recibió; los cambios siguen en memoria
     };
@@ -52,17 +52,14 @@ public:
     void olvide();
 
 private:
-    bool ya_quedo();
     bool aplique(const ModoGrabacion& modo, ResultadoGrabacion& resultado);
     bool tome_otro_numero();
-    bool separe_lineas_nuevas();
     void haga_viajar_el_encabezado();
     QString numero() const;
 
     ConjuntosComprobante c_;
     Conexion& conexion_;
-    std::optional<Comprobante> en_duda_; ///< lo que se mandó sin saber si llegó
-    bool blanco_puesto_ = false;         ///< el de este comprobante ya viajó o está por viajar
+    bool blanco_puesto_ = false; ///< el de este comprobante ya viajó o está por viajar
 };
 
 /// Graba un comprobante completo: con id 0 es nuevo y toma el suyo y, si no trae número, el del

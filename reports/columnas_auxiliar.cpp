@@ -2,9 +2,50 @@
 
 #include "sesion/tfdmcnt.h"
 
+#include <algorithm>
+
 namespace {
 constexpr const char* kImporte = "#,###.00";
 constexpr const char* kPorcentaje = "#.##";
+
+enum class Clase { Entero, Texto, Importe, Porcentaje };
+
+struct ColumnaInforme {
+    const char* campo;
+    Clase clase = Clase::Entero;
+    int largo = 0;
+    const char* rotulo = "";
+};
+
+const ColumnaInforme kColumnas[] = {
+    {"ID"},
+    {"TIPOREF"},
+    {"IDREF"},
+    {"CUENTA", Clase::Texto, 20, "Cuenta"},
+    {"NOMCUENTA", Clase::Texto, 60, "Nombre de la cuenta"},
+    {"TIPOCOMP", Clase::Texto, 3, "Tipo"},
+    {"NOMTIPO", Clase::Texto, 60, "Nombre del tipo"},
+    {"NOMCOMP", Clase::Texto, 60, "Nombre del tipo"},
+    {"PREFIJO", Clase::Texto, 4, "Prefijo"},
+    {"NUMERO", Clase::Texto, 8, "Número"},
+    {"FECHA", Clase::Texto, 8, "Fecha"},
+    {"CONCEPTO", Clase::Texto, 60, "Concepto"},
+    {"NIT", Clase::Texto, 20, "NIT"},
+    {"NOMTERCERO", Clase::Texto, 60, "Nombre del tercero"},
+    {"TERCERO", Clase::Texto, 60, "Nombre del tercero"},
+    {"REF", Clase::Texto, 20, "Referencia"},
+    {"REFER", Clase::Texto, 20, "Referencia"},
+    {"BASE", Clase::Importe, 0, "Base"},
+    {"PORC", Clase::Porcentaje, 0, "Porc."},
+    {"DEBITO", Clase::Importe, 0, "Débito"},
+    {"CREDITO", Clase::Importe, 0, "Crédito"},
+    {"DEBITOS", Clase::Importe, 0, "Débitos"},
+    {"CREDITOS", Clase::Importe, 0, "Créditos"},
+    {"PROYECTO", Clase::Texto, 4, "Proyecto"},
+    {"CENTRO", Clase::Texto, 4, "Centro"},
+    {"NOMPROY", Clase::Texto, 60, "Nombre del proyecto"},
+    {"NOMCENT", Clase::Texto, 60, "Nombre del centro"},
+};
 
 QString dia_del_periodo(const QString& dia) {
     return fdmcnt().ano_actual +
@@ -35,59 +76,34 @@ void SaldoCorrido::CAuxiliarCalcFields() {
     ultima_clave_ = clave.isNull() ? QStringLiteral("") : clave;
 }
 
+void defina_columnas(ConjuntoDatos& conjunto, std::initializer_list<const char*> campos) {
+    for (const char* campo : campos) {
+        const auto columna =
+            std::find_if(std::begin(kColumnas), std::end(kColumnas),
+                         [&](const ColumnaInforme& c) { return qstrcmp(c.campo, campo) == 0; });
+        if (columna == std::end(kColumnas))
+            throw ErrorDatos(QStringLiteral("Los informes no tienen la columna %1.").arg(campo));
+        switch (columna->clase) {
+        case Clase::Entero:
+            conjunto.entero(campo);
+            break;
+        case Clase::Texto:
+            conjunto.texto(campo, columna->largo).etiqueta(columna->rotulo);
+            break;
+        case Clase::Importe:
+            conjunto.decimal(campo).etiqueta(columna->rotulo).formato(kImporte);
+            break;
+        case Clase::Porcentaje:
+            conjunto.decimal(campo, 4).etiqueta(columna->rotulo).formato(kPorcentaje);
+            break;
+        }
+    }
+}
+
 void defina_auxiliar(ConjuntoDatos& c) {
-    c.entero("ID");
-    c.texto("CUENTA", 20).etiqueta("Cuenta");
-    c.texto("TIPOCOMP", 3).etiqueta("Tipo");
-    c.texto("PREFIJO", 4).etiqueta("Prefijo");
-    c.texto("NUMERO", 8).etiqueta("Número");
-    c.texto("FECHA", 8).etiqueta("Fecha");
-    c.texto("CONCEPTO", 60).etiqueta("Concepto");
-    c.texto("NIT", 20).etiqueta("NIT");
-    c.texto("REF", 20).etiqueta("Referencia");
-    c.decimal("BASE").etiqueta("Base").formato(kImporte);
-    c.decimal("PORC", 4).etiqueta("Porc.").formato(kPorcentaje);
-    c.decimal("DEBITO").etiqueta("Débito").formato(kImporte);
-    c.decimal("CREDITO").etiqueta("Crédito").formato(kImporte);
-    c.texto("PROYECTO", 4).etiqueta("Proyecto");
-    c.texto("CENTRO", 4).etiqueta("Centro");
-    c.entero("TIPOREF");
-    c.entero("IDREF");
-}
-
-void defina_listado(ConjuntoDatos& c) {
-    c.entero("ID");
-    c.texto("TIPOCOMP", 3).etiqueta("Tipo");
-    c.texto("PREFIJO", 4).etiqueta("Prefijo");
-    c.texto("NUMERO", 8).etiqueta("Número");
-    c.texto("FECHA", 8).etiqueta("Fecha");
-    c.texto("CUENTA", 20).etiqueta("Cuenta");
-    c.texto("NIT", 20).etiqueta("NIT");
-    c.texto("PROYECTO", 4).etiqueta("Proyecto");
-    c.texto("CENTRO", 4).etiqueta("Centro");
-    c.texto("CONCEPTO", 60).etiqueta("Concepto");
-    c.texto("REF", 20).etiqueta("Referencia");
-    c.decimal("BASE").etiqueta("Base").formato(kImporte);
-    c.decimal("PORC", 4).etiqueta("Porc.").formato(kPorcentaje);
-    c.decimal("DEBITO").etiqueta("Débito").formato(kImporte);
-    c.decimal("CREDITO").etiqueta("Crédito").formato(kImporte);
-    c.entero("TIPOREF");
-    c.entero("IDREF");
-    c.texto("NOMTIPO", 60).etiqueta("Nombre del tipo");
-}
-
-void defina_diario(ConjuntoDatos& c) {
-    c.texto("CUENTA", 20).etiqueta("Cuenta");
-    c.texto("TIPOCOMP", 3).etiqueta("Tipo");
-    c.texto("NOMCOMP", 60).etiqueta("Nombre del tipo");
-    c.texto("PREFIJO", 4).etiqueta("Prefijo");
-    c.texto("NUMERO", 8).etiqueta("Número");
-    c.texto("FECHA", 8).etiqueta("Fecha");
-    c.decimal("DEBITOS").etiqueta("Débitos").formato(kImporte);
-    c.decimal("CREDITOS").etiqueta("Créditos").formato(kImporte);
-    c.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
-    c.texto("CONCEPTO", 60).etiqueta("Concepto");
-    c.texto("REFER", 20).etiqueta("Referencia");
+    defina_columnas(c, {"ID", "CUENTA", "TIPOCOMP", "PREFIJO", "NUMERO", "FECHA", "CONCEPTO", "NIT",
+                        "REF", "BASE", "PORC", "DEBITO", "CREDITO", "PROYECTO", "CENTRO", "TIPOREF",
+                        "IDREF", "NOMCUENTA"});
 }
 
 QString primer_dia_del_periodo() {

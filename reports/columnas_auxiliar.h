@@ -21,12 +21,10 @@ private:
     Moneda saldo_;
 };
 
-/// Las diecisiete columnas con que empiezan los auxiliares por cuenta, tercero y centro.
+/// Las columnas de los auxiliares y listados que se nombren, en ese orden y con su rótulo.
+void defina_columnas(ConjuntoDatos& conjunto, std::initializer_list<const char*> campos);
+/// Las dieciocho columnas con que empiezan los auxiliares por cuenta, tercero y centro.
 void defina_auxiliar(ConjuntoDatos& conjunto);
-/// Columnas de los listados de comprobantes.
-void defina_listado(ConjuntoDatos& conjunto);
-/// Columnas del comprobante de diario.
-void defina_diario(ConjuntoDatos& conjunto);
 /// Primer y último día del período de la sesión, como aaaammdd.
 QString primer_dia_del_periodo();
 QString ultimo_dia_del_periodo();

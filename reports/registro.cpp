@@ -12,7 +12,6 @@
 #include "reports/tfrngauxiliarter.h"
 #include "reports/tfrngcomprodiario.h"
 #include "reports/tfrngconsecutivos.h"
-#include "reports/tfrngcronologicos.h"
 
 namespace {
 
@@ -34,7 +33,7 @@ void registre_pantallas_informes() {
     pantallas().registre("Tfrngauxiliarcta", [] { return new Tfrngauxiliarcta; });
     pantallas().registre("Tfrngauxiliarter", [] { return new Tfrngauxiliarter; });
     pantallas().registre("Tfrngauxiliarcent", [] { return new Tfrngauxiliarcent; });
-    pantallas().registre("Tfrngconsecutivos", [] { return new Tfrngconsecutivos; });
-    pantallas().registre("Tfrngcronologicos", [] { return new Tfrngcronologicos; });
+    for (const DatosListado& d : Tfrngconsecutivos::listados())
+        pantallas().registre(d.rango.clase, [&d] { return new Tfrngconsecutivos(d); });
     pantallas().registre("Tfrngcomprodiario", [] { return new Tfrngcomprodiario; });
 }

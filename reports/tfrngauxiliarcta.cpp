@@ -22,7 +22,6 @@ const DatosRango kDatos{"Tfrngauxiliarcta",
 
 Tfrngauxiliarcta::Tfrngauxiliarcta() : FormaRango(kDatos) {
     defina_auxiliar(CAuxiliar);
-    CAuxiliar.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
     CAuxiliar.decimal("SALDO").etiqueta("Saldo").formato("#,###.00");
     CAuxiliar.texto("CATEGORIA", 4).etiqueta("Categoría");
     CAuxiliar.decimal("INICIAL").etiqueta("Inicial").formato("#,###.00");
@@ -70,7 +69,7 @@ QString Tfrngauxiliarcta::titulo() {
 QString Tfrngauxiliarcta::reporte() {
     if (marcada(CkCateg))
         return "Categorias";
-    return fdm().configurado_si("COMPROBANTES", "AUXILIAR POR CUENTA MOSTRANDO CENTROS DE COSTOS")
+    return fdm().valor<Llave::AuxiliarConCentros>()
                ? "Cuentas"
                : "Cuentassc";
 }

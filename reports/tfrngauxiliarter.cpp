@@ -22,8 +22,7 @@ const DatosRango kDatos{"Tfrngauxiliarter",
 
 Tfrngauxiliarter::Tfrngauxiliarter() : FormaRango(kDatos) {
     defina_auxiliar(CAuxiliar);
-    CAuxiliar.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
-    CAuxiliar.texto("NOMTERCERO", 60).etiqueta("Nombre del tercero");
+    defina_columnas(CAuxiliar, {"NOMTERCERO"});
     CAuxiliar.texto("CUENTANIT", 40).etiqueta("Cuenta y NIT");
     for (const auto& [campo, rotulo] : {std::pair{"SALDO", "Saldo inicial"},
                                         {"SALDOFIN", "Saldo final"},

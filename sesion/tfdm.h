@@ -5,6 +5,7 @@
 // agencia, derechos) se llena una vez, en la primera activación del formulario principal.
 #include "datos/recordset/conjunto.h"
 #include "libro/libro.h"
+#include "sesion/llaves.h"
 #include "toolkit/barraestado.h"
 
 #include <QPointer>
@@ -20,7 +21,7 @@ struct EncabezadoCompania {
 /// Lo que dice la revisión de un número digitado.
 struct NumeroValidado {
     bool vale = true;   ///< falso: el usuario no quiso consultarlo y el número debe vaciarse
-    QString encontrado; ///< id del documento que debe abrirse; vacío: ninguno
+    QString encontrado = {}; ///< id del documento que debe abrirse; vacío: ninguno
 };
 
 class Tfdm : public QObject {
@@ -66,6 +67,23 @@ public:
         return configuracion(QStringLiteral("CONTABILIDAD"), categoria, propiedad) ==
                QLatin1String("SI");
     }
+    /// Valor de una llave de la tabla, ya convertido a su tipo (ver llaves.h). Lanza ErrorDatos,
+    /// nombrando la llave, si su texto no lo permite.
+    template <Llave L> auto valor() {
+        constexpr TipoLlave tipo = datos_de(L).tipo;
+        const QString texto = texto_de(L);
+        if constexpr (tipo == TipoLlave::Si)
+            return texto == QLatin1String("SI");
+        else if constexpr (tipo == TipoLlave::SalvoNo)
+            return texto != QLatin1String("NO");
+        else if constexpr (tipo == TipoLlave::Entero)
+            return entero_de(L, texto);
+        else if constexpr (tipo == TipoLlave::Fecha)
+            return fecha_de(L, texto);
+        else
+            return texto;
+    }
+    QString texto_de(Llave llave);
     /// Conversión estricta; lanza ErrorDatos si el texto no es un entero.
     static int entero(const QString& texto);
 
@@ -75,7 +93,8 @@ public:
     void ConfigurarProviders(QObject* componente);
     void ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const ErrorDatos& error);
     void ManejarClientError(ConjuntoDatos& conjunto, const ErrorDatos& error);
-    void ENoManejada(const QString& texto);
+    void ENoManejada(const ErrorDatos& falla);
+    void ENoManejada(const QString& texto) { ENoManejada(ErrorDatos(texto)); }
     QString nombre_campo(const QString& nombre);
     AvisosBarra* barra() const { return barra_; }
     void barra(AvisosBarra* barra);
@@ -118,6 +137,13 @@ public:
     void registre_en_archivo(const QString& texto);
 
 private:
+    static int entero_de(Llave llave, const QString& texto);
+    static QDate fecha_de(Llave llave, const QString& texto);
+    QString mensaje_en_memoria(ConjuntoDatos& conjunto, const ErrorDatos& error);
+    static QString mensaje_al_grabar(const Proveedor& remitente, const ErrorDatos& error);
+    static QString mensaje_no_manejada(const ErrorDatos& error);
+    void instale_nombres();
+
     QPointer<AvisosBarra> barra_;
 };
 

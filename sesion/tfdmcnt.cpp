@@ -78,9 +78,7 @@ void CursorPeriodo::mas() {
 }
 
 void CursorPeriodo::menos() {
-    const int inicio =
-        Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "AÑO DE INICIO"));
-    const int mes = Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "MES DE INICIO"));
+    const int inicio = fdm().valor<Llave::AnoInicio>(), mes = fdm().valor<Llave::MesInicio>();
     if (ano <= inicio) {
         if (indice > mes - 1)
             --indice;

@@ -145,7 +145,8 @@ bool Tfdmter::valide_solocliente(const QString& nit) {
     return valide_cliente(nit) && !valide_proveedor(nit);
 }
 bool Tfdmter::valide_clientCartera(const QString& nit) {
-    return CConsulta.valor_unico(sql_con_papel("clientes", "clie_estado", nit)).texto() == "S";
+    // Activo: así lo deja la ficha del tercero al darle el papel de cliente.
+    return CConsulta.valor_unico(sql_con_papel("clientes", "clie_estado", nit)).texto() == "A";
 }
 bool Tfdmter::valide_retenciones(const QString& nit, Retenciones& tarifas) {
     return valide_proveedor_ret(nit, tarifas) || valide_retenCartera(nit, tarifas);

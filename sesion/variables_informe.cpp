@@ -4,7 +4,7 @@
 #include "toolkit/informes/motor.h"
 
 void fije_variables(MotorInformes& motor, const QString& titulo) {
-    motor.fijar_parametro("NomCia", fdm().configuracion("GENERAL", "GENERAL", "NOMBRE COMPAÑIA"));
+    motor.fijar_parametro("NomCia", fdm().valor<Llave::NombreCompania>());
     motor.fijar_parametro("Titulo", titulo);
     motor.fijar_parametro("Usuario", fdm().nombre_usuario);
 }

@@ -68,6 +68,11 @@ protected:
 constexpr int kRondas = 10;
 constexpr int kEsperaMs = 500;
 
+std::function<void(int)>& espera() {
+    static std::function<void(int)> funcion = [](int ms) { QThread::msleep(ms); };
+    return funcion;
+}
+
 } // namespace
 
 void muestre_mensaje(const QString& texto) {
@@ -132,7 +137,11 @@ void mensaje_temporal(const QString& texto) {
             QApplication::processEvents();
             break;
         }
-        QThread::msleep(kEsperaMs);
+        espera()(kEsperaMs);
     }
     d.hide();
+}
+
+std::function<void(int)> cambie_espera_de_mensajes(std::function<void(int)> nueva) {
+    return std::exchange(espera(), std::move(nueva));
 }

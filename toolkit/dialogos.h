@@ -5,6 +5,7 @@
 // nada.
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 void muestre_mensaje(const QString& texto);
 void muestre_advertencia(const QString& texto);
@@ -21,3 +22,6 @@ Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos);
 /// Mensaje que se quita solo: título "Advertencia", sin botones, hasta diez esperas de 500 ms o
 /// Esc.
 void mensaje_temporal(const QString& texto);
+/// Reemplaza cómo espera `mensaje_temporal` entre rondas y devuelve la espera anterior.
+std::function<void(int milisegundos)>
+cambie_espera_de_mensajes(std::function<void(int milisegundos)> espera);

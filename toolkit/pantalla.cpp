@@ -61,7 +61,7 @@ bool Pantalla::consienta_cierre() {
     } catch (const EdicionAbortada&) {
     } catch (...) {
         // Una falla al cerrar no puede dejar al usuario encerrado en la pantalla.
-        reporte_falla(texto_de_excepcion());
+        reporte_excepcion();
         consiente = true;
     }
     cerrando_ = false;

@@ -23,10 +23,8 @@ BusquedaPorTipo::BusquedaPorTipo(const QString& clase, const QString& titulo, Se
       proveedor_(this, 'P' + conjunto.mid(1), &sentencia, poAllowCommandText),
       CTipodoc(this, "CTipodoc", &PTipodoc), CVirtual(this, "CVirtual"),
       CBorrar(this, "CBorrar", &PBorrar), conjunto_(this, conjunto, &proveedor_) {
-    CTipodoc.texto("TICO_COD", 3);
-    CTipodoc.texto("TICO_NOM", 60);
-    CVirtual.texto("TICO_COD", 3);
-    CVirtual.texto("TICO_NOM", 60);
+    campos_tipos_comprobante(CTipodoc);
+    campos_tipos_comprobante(CVirtual);
     CVirtual.IndexFieldNames("TICO_NOM");
 }
 

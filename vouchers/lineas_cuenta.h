@@ -49,8 +49,8 @@ public:
     void vacie_diferencias();
     void actualice_sumas();
     // De todas las líneas del comprobante, también las que un filtro oculta.
-    Moneda suma_debito() const { return detalle.total(campo(lados_.debito)); }
-    Moneda suma_credito() const { return detalle.total(campo(lados_.credito)); }
+    Moneda suma_debito() const { return detalle.agregado_total("Sumadebito").moneda(); }
+    Moneda suma_credito() const { return detalle.agregado_total("Sumacredito").moneda(); }
     bool sin_lineas() const { return detalle.filas_en_memoria() == 0; }
     /// Lleva el cursor a la línea de ese número, sin el filtro que la oculte, y a la celda.
     void vaya_a(qint64 numero, const QString& campo_item, const QString& celda);

@@ -9,9 +9,22 @@
 namespace {
 
 const CamposLinea kDeComprobante{
-    "CODE_ITEM",   "CODE_CONCEPTO", "CODE_REFER",       "CODE_BASE",     "CODE_PORC",
-    "CODE_DEBITO", "CODE_CREDITO",  "CODE_DESCONTABLE", "ENCO_CONCEPTO", "ENCO_REFER",
-    "Difdeb",      "DifCred",       "DifDebN",          "DifCreN",       true};
+    .item = "CODE_ITEM",
+    .concepto = "CODE_CONCEPTO",
+    .referencia = "CODE_REFER",
+    .base = "CODE_BASE",
+    .porcentaje = "CODE_PORC",
+    .debito = "CODE_DEBITO",
+    .credito = "CODE_CREDITO",
+    .descontable = "CODE_DESCONTABLE",
+    .concepto_encabezado = "ENCO_CONCEPTO",
+    .referencia_encabezado = "ENCO_REFER",
+    .dif_debito = "Difdeb",
+    .dif_credito = "DifCred",
+    .dif_debito_niif = "DifDebN",
+    .dif_credito_niif = "DifCreN",
+    .con_saldos = true,
+};
 
 struct Titulo {
     const char *campo, *titulo_2649, *titulo_niif;

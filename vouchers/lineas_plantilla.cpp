@@ -6,9 +6,22 @@
 namespace {
 
 const CamposLinea kDePlantilla{
-    "PLDE_ITEM",    "PLDE_CONCEPTO", "PLDE_REFER", "PLDE_BASE",     "PLDE_PORC",
-    "PLDE_DEBITOS", "PLDE_CREDITOS", nullptr,      "PLAN_CONCEPTO", "PLAN_REFER",
-    "DifDeb",       "DifCred",       "DifDebN",    "DifCredN",      false};
+    .item = "PLDE_ITEM",
+    .concepto = "PLDE_CONCEPTO",
+    .referencia = "PLDE_REFER",
+    .base = "PLDE_BASE",
+    .porcentaje = "PLDE_PORC",
+    .debito = "PLDE_DEBITOS",
+    .credito = "PLDE_CREDITOS",
+    .descontable = nullptr,
+    .concepto_encabezado = "PLAN_CONCEPTO",
+    .referencia_encabezado = "PLAN_REFER",
+    .dif_debito = "DifDeb",
+    .dif_credito = "DifCred",
+    .dif_debito_niif = "DifDebN",
+    .dif_credito_niif = "DifCredN",
+    .con_saldos = false,
+};
 
 EditorDato* solo_muestra(ConjuntoDatos& detalle, const char* campo) {
     auto* e = nombrado(new EditorDato(&detalle, campo), campo);

@@ -10,6 +10,9 @@ class LineasSaldos : public LineasCuenta {
 public:
     LineasSaldos(ConjuntoDatos& saldos, ConjuntoDatos& consulta, QObject* dueno);
 
+    /// Columnas de la rejilla que siguen a las cuatro comunes.
+    enum ColumnaSaldos { kDebito = kCentro + 1, kCredito };
+
     /// Salió de la columna de la cuenta, con la clase de esta.
     std::function<void(const QString& clase)> al_dejar_la_cuenta;
 

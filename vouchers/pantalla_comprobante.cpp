@@ -270,7 +270,7 @@ void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
     if (clase == "I" || clase == "A") {
         // La clase "I" no devuelve el título: tras un activo el panel se queda con el suyo.
         if (clase == "A")
-            GroupBox2->setTitle("Activo fijo");
+            destine_panel(true);
         GroupBox2->muestre(EArticod);
         // El artículo de otra línea no es el de esta.
         const QString articulo = d.FieldByName("ARTI_COD").texto();

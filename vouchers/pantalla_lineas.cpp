@@ -11,10 +11,9 @@ PantallaLineas::PantallaLineas(const QString& clase, const QString& titulo,
       CDetalle(this, "CDetalle"), Cdetniif(this, detalle_niif),
       CTipodoc(this, "CTipodoc", &PTipodoc), CCategoria(this, "CCategoria", &PCategoria) {
     // Con llave, al releerse por otro tipo nuevo sigue en el escogido, y con él sus prefijos.
-    CTipodoc.texto("TICO_COD", 3).banderas(pfInUpdate | pfInWhere | pfInKey);
-    CTipodoc.texto("TICO_NOM", 60);
-    CCategoria.texto("CONC_COD", 6);
-    CCategoria.texto("CONC_NOMBRE", 60);
+    campos_tipos_comprobante(CTipodoc);
+    CTipodoc.FieldByName("TICO_COD").banderas(pfInUpdate | pfInWhere | pfInKey);
+    campos_categorias(CCategoria, 6);
 }
 
 PantallaLineas::~PantallaLineas() = default;
@@ -122,7 +121,8 @@ ConjuntoDatos& PantallaLineas::atributos(const LineasLibro& lineas, const char* 
 // ---------------------------------------------------------------- paneles
 
 void PantallaLineas::construya_panel_articulo(const char* nombre_descripcion) {
-    GroupBox2 = new PanelFlotante("GroupBox2", "Artículo del inventario ", this);
+    GroupBox2 = new PanelFlotante("GroupBox2", {}, this);
+    destine_panel(false);
     EArticod = nombrado(new QLineEdit, "EArticod");
     EArticod->setReadOnly(true);
     EArticod->installEventFilter(this);
@@ -139,6 +139,11 @@ void PantallaLineas::construya_panel_articulo(const char* nombre_descripcion) {
     connect(continuar2, &QPushButton::clicked, this,
             [this] { proteja([this] { SpeedButton3Click(); }); });
     agregue_panel(GroupBox2);
+}
+
+void PantallaLineas::destine_panel(bool a_activo) {
+    panel_de_activo_ = a_activo;
+    GroupBox2->setTitle(a_activo ? "Activo fijo" : "Artículo del inventario ");
 }
 
 void PantallaLineas::agregue_panel(PanelFlotante* panel, QWidget* destino) {
@@ -170,7 +175,7 @@ void PantallaLineas::EArticodDblClick() {
 }
 
 void PantallaLineas::SpeedButton6Click() {
-    busque_articulo(GroupBox2->title() == "Activo fijo");
+    busque_articulo(panel_de_activo_);
 }
 
 void PantallaLineas::SpeedButton3Click() {

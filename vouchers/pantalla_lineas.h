@@ -46,6 +46,8 @@ protected:
     /// Eventos y menú emergente de las rejillas, con el nombre de archivo que proponen.
     void ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo);
     void construya_panel_articulo(const char* nombre_descripcion);
+    /// El panel pide un activo fijo o un artículo: su título lo dice y el botón abre esa lista.
+    void destine_panel(bool a_activo);
     /// El panel flota sobre las páginas. Al ocultarse el foco va a `destino`, o a la rejilla a la
     /// vista si el panel lo tenía.
     void agregue_panel(PanelFlotante* panel, QWidget* destino = nullptr);
@@ -80,4 +82,5 @@ private:
     void SpeedButton6Click();
     void EArticodDblClick();
     QVector<PanelFlotante*> paneles_;
+    bool panel_de_activo_ = false;
 };

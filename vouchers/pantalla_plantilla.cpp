@@ -39,10 +39,8 @@ void PantallaPlantilla::defina_campos() {
         d->OnCalcFields = [this, d] { calcule(*d); };
     }
     CPrefijos.anide_en(&CTipodoc, &fdm().TPrefconta);
-    CPrefijos.texto("TICO_COD", 3);
-    CPrefijos.texto("PRCO_PREF", 4);
-    CArticulo.texto("ARTI_COD", 15);
-    CArticulo.texto("ARTI_DES", 60);
+    campos_prefijos(CPrefijos);
+    campos_articulos(CArticulo);
     CArticulo.CommandText = "select ARTI_COD, ARTI_DES from articulo order by arti_cod";
 }
 
@@ -149,7 +147,7 @@ void PantallaPlantilla::panel_de_clase(Libro libro, const QString& clase) {
         GroupBox2->hide();
         return;
     }
-    GroupBox2->setTitle(clase == "A" ? "Activo fijo" : "Artículo del inventario ");
+    destine_panel(clase == "A");
     Edit7->clear();
     EArticod->clear(); // el de otra línea no es el de esta
     GroupBox2->muestre(EArticod);

@@ -113,8 +113,7 @@ void Tfedtformato::defina_conjuntos() {
     CFormalineas.bandera("FOLI_LIQUIDA");
     CFormalineas.blob("FOLI_IMAGEN");
 
-    CTipocomp.texto("TICO_COD", 3);
-    CTipocomp.texto("TICO_NOM", 60);
+    campos_tipos_comprobante(CTipocomp);
 
     CFormato.AfterInsert = [this] {
         CFormato.FieldByName("TIDO_COD") = kComprobantes;

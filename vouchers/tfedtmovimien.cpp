@@ -284,7 +284,8 @@ void Tfedtmovimien::pegue(Rejilla& rejilla) {
 }
 
 void Tfedtmovimien::muestre_columnas(bool visibles) {
-    for (int columna : {11, 12})
+    // La segunda no existe: la orden falla cuando ya cambió la primera.
+    for (int columna : {int(LineasLibro::kDescontable), LineasLibro::kDescontable + 1})
         lineas_2649->rejilla->columna(columna).Visible = visibles;
 }
 

@@ -14,9 +14,8 @@ Tfimprmascomproba::Tfimprmascomproba()
     : ImpresionComprobante("Tfimprmascomproba", "Impresión masiva comprobantes") {
     CProv.texto("TIPO", 3).OnChange = [this](Campo&) { CProvTIPOChange(); };
     CProv.texto("PREF", 4);
-    CTipo.texto("TICO_COD", 3).requerido();
-    CTipo.texto("TICO_NOM", 60);
-    CPrefijos.texto("PRCO_PREF", 4);
+    campos_tipos_comprobante(CTipo);
+    campos_prefijos(CPrefijos);
     CImprmasiva.entero("ENCO_CONSEC");
 
     LTipo = new ListaDato(&CProv, "TIPO");

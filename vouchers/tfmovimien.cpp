@@ -30,21 +30,12 @@ Tfmovimien::Tfmovimien()
 }
 
 void Tfmovimien::defina_conjuntos() {
-    CPrefijos.texto("TICO_COD", 3);
-    CPrefijos.texto("PRCO_PREF", 4);
-    CPrefijos.texto("PRCO_AUTO", 1);
-    CPrefijos.texto("PREF_NUMERO", 8);
-    CPrefijos.texto("PRCO_USUARIO", 10);
-    CPrefijos.texto("PRCO_ACTIVO", 1);
+    campos_prefijos(CPrefijos);
     CPrefijos.CommandText =
         "SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = '' AND PRCO_ACTIVO = 'S'";
     CCentros.anide_en(&CProyectos, &fdm().TCentros);
-    CProyectos.texto("PROY_COD", 4);
-    CProyectos.texto("PROY_NOM", 60);
-    CCentros.texto("PROY_COD", 4);
-    CCentros.texto("CENT_COD", 4);
-    CCentros.texto("CENT_NOM", 60);
-    CCentros.entero("SUCU_ID");
+    campos_proyectos(CProyectos);
+    campos_centros(CCentros);
     CCentros.Filter("SUCU_ID = 0");
     CPlantilladet.anide_en(&CPlantilla, &fdmcnt().TPlantilladetalle);
     Cplantilladn.anide_en(&CPlantilla, &fdmcnt().TPlantilladn);
@@ -89,6 +80,11 @@ void Tfmovimien::FormCreate() {
     tipo_anterior.clear();
     en_grilla = false;
     fdm().ConfigurarProviders(this);
+    // El derecho, antes que nada: el comprobante provisional se podría eliminar sin él.
+    if (!fdm().exija_acceso(30)) {
+        pida_cierre_al_crear();
+        return;
+    }
     {
         const QSignalBlocker callada(PageControl1); // escoger la página inicial no graba nada
         lea_configuracion(Orden::Digitar);
@@ -319,8 +315,6 @@ void Tfmovimien::SBGrabarClick() {
     recuerde_para_el_siguiente();
     if (r.clase == ResultadoGrabacion::Fallo) {
         CMovimiento.Edit();
-    } else if (r.clase == ResultadoGrabacion::YaEstaba) {
-        avise_que_ya_estaba(r);
     } else {
         CMovimiento.Refresh();
         imprima_comprobante(QString::number(r.id));
@@ -339,14 +333,6 @@ void Tfmovimien::siga_con_otro() {
     CMovimiento.Append();
     quite_filtro();
     CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
-}
-
-void Tfmovimien::avise_que_ya_estaba(const ResultadoGrabacion& resultado) {
-    muestre_mensaje("El comprobante " + resultado.numero +
-                    " ya había quedado grabado cuando se perdió la conexión. Revíselo antes de "
-                    "seguir.");
-    siga_con_otro();
-    abra_comprobante(QString::number(resultado.id));
 }
 
 void Tfmovimien::TabSheet2Enter() {

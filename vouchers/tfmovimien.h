@@ -52,7 +52,6 @@ private:
     void recuerde_para_el_siguiente();
     void siga_con_otro();
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
-    void avise_que_ya_estaba(const ResultadoGrabacion& resultado);
 
     int mes_ = 0; ///< índice del mes en la última activación
 };

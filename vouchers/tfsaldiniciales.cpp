@@ -29,13 +29,9 @@ Tfsaldiniciales::~Tfsaldiniciales() = default;
 
 void Tfsaldiniciales::defina_conjuntos() {
     CCentros.anide_en(&CProyectos, &fdm().TCentros);
-    CProyectos.texto("PROY_COD", 4);
-    CProyectos.texto("PROY_NOM", 60);
-    CCentros.texto("PROY_COD", 4);
-    CCentros.texto("CENT_COD", 4);
-    CCentros.texto("CENT_NOM", 60);
-    CArticulo.texto("ARTI_COD", 15);
-    CArticulo.texto("ARTI_DES", 60);
+    campos_proyectos(CProyectos);
+    campos_centros(CCentros);
+    campos_articulos(CArticulo);
     CArticulo.CommandText = "select arti_cod, arti_des from articulo order by arti_des, arti_cod";
     PanelDocumento::defina_tipos(CTidocartera);
     CMaxitem.CommandText = "select max(SAIN_ITEM) item from saldos_iniciales";

@@ -4,15 +4,6 @@
 
 SET TERM ^ ;
 
--- Lo que se dice cuando el contador de un prefijo pasó de 999999.
-CREATE OR ALTER FUNCTION NUMERO_AGOTADO (TIPO varchar(20), PREFIJO varchar(20))
-RETURNS varchar(255) DETERMINISTIC
-AS
-BEGIN
-  RETURN 'El prefijo ' || PREFIJO || ' del tipo ' || TIPO || ' ya usó el 999999, su último número. '
-    || 'Registre otro prefijo para el tipo y escójalo en el comprobante.';
-END^
-
 --<LIBROS>
 -- Negativas de las líneas de un libro, línea por línea: cuenta, tercero, centro, categoría,
 -- artículo, base y porcentaje. Interna; la llama REVISE_ASIENTO.
@@ -475,15 +466,15 @@ BEGIN
       || FECHA_CON_BARRAS(BLOQUEO) || ' (libro NIIF)' || NOMBRE;
 
   -- Una sola fila de auditoría por libro, la del borrado: las líneas ya cuentan como auditadas.
-  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC) VALUES (1, :ID);
-  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC) VALUES (1001, :ID);
+  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC, AUDI_ORIGEN) VALUES (1, :ID, 'E');
+  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC, AUDI_ORIGEN) VALUES (1001, :ID, 'E');
   ANTES = rdb$get_context('USER_TRANSACTION', 'USUARIO');
   rdb$set_context('USER_TRANSACTION', 'USUARIO', nullif(USUARIO, ''));
   DELETE FROM COMPROBANTE_DETALLE WHERE ENCO_CONSEC = :ID;
   DELETE FROM COMPROBANTE_DETALLE_NIIF WHERE ENCO_CONSEC = :ID;
   DELETE FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :ID;
   IF (OTRAS > 0) THEN
-    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1001, ID, 'E', USUARIO);
+    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1001, ID, 'E', USUARIO, 'E');
   rdb$set_context('USER_TRANSACTION', 'USUARIO', ANTES);
 END^
 

@@ -5,7 +5,9 @@
 //     SesionGui s("AUXILIAR");           // con las opciones de opciones_auxiliar()
 //     s.escritorio.area()                // aquí se abren las ventanas hijas
 #include "apoyo/base_prueba.h"
+#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/peticiones.h"
+#include "apoyo_gui/teclado.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"
@@ -22,6 +24,7 @@
 struct SesionGui {
     explicit SesionGui(const QString& usuario = QStringLiteral("ADMIN"))
         : escritorio(new QMdiArea(&ventana)) {
+        Guardia::unica();
         qputenv("QUORVEX_DIRECTORIO", base.ruta().toLocal8Bit());
         dm.Quorvex.conectar(base.parametros(usuario));
         dm.ConGeneral.conectar(base.parametros_general(usuario));
@@ -70,31 +73,3 @@ struct SesionGui {
     QMainWindow ventana;
     Escritorio escritorio;
 };
-
-/// El control con foco. El monitor de las pruebas no devuelve la activación al cerrarse un diálogo.
-inline QWidget* con_foco() {
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (!QApplication::activeWindow() && w->isVisible()) {
-            w->activateWindow();
-            (void)QTest::qWaitForWindowActive(w);
-        }
-    QWidget* foco = QApplication::focusWidget();
-    return foco ? foco : QApplication::activeWindow();
-}
-/// Oprime una tecla donde esté el foco.
-inline void oprima(int clave, Qt::KeyboardModifiers modificadores = Qt::NoModifier) {
-    QTest::keyClick(con_foco(), Qt::Key(clave), modificadores);
-}
-/// Digita un texto donde esté el foco.
-inline void digite(const QString& texto) {
-    for (QChar c : texto)
-        QTest::sendKeyEvent(QTest::Click, con_foco(), Qt::Key(c.toUpper().unicode()), c,
-                            Qt::NoModifier);
-}
-/// Componente de una pantalla por su nombre.
-template <class T> T& componente(QWidget* pantalla, const char* nombre) {
-    T* c = pantalla->findChild<T*>(QLatin1String(nombre));
-    if (!c)
-        qFatal("%s no tiene %s", qPrintable(pantalla->objectName()), nombre);
-    return *c;
-}

@@ -3,7 +3,7 @@
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
 
-#include <QRandomGenerator>
+#include "apoyo/azar_de_prueba.h"
 
 namespace {
 
@@ -102,7 +102,7 @@ void PruebaDepreciacion::init() {
 
 void PruebaDepreciacion::la_suma_de_los_cargos_es_el_costo_menos_el_rescate() {
     const int semilla = 20240917;
-    QRandomGenerator azar(semilla);
+    QRandomGenerator azar = azar_de_prueba(semilla);
     struct Uno {
         qint64 costo, rescate;
     };

@@ -37,24 +37,12 @@ void cree_articulos(SesionGui& s) {
                     "'Brocha d''oro', 'UNIDAD')"});
 }
 QString codigos(Pantalla* p) {
-    auto& c = componente<ConjuntoDatos>(p, "CArticulos");
-    QStringList todos;
-    for (int i = 0; i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName("ARTI_COD")).texto();
-    return todos.join(',');
+    return valores_de(componente<ConjuntoDatos>(p, "CArticulos"), "ARTI_COD").join(',');
 }
 void busque(Pantalla* p, int columna, const QString& texto) {
     componente<QWidget>(p, "RBuscar").findChildren<QRadioButton*>().at(columna)->click();
     oprima(Qt::Key_F12, Qt::ShiftModifier);
     componente<QLineEdit>(p, "EBuscar").clear();
-    digite(texto);
-    oprima(Qt::Key_Return);
-}
-void escriba(Pantalla* p, const char* control, const QString& texto) {
-    con_foco();
-    auto& e = componente<QLineEdit>(p, control);
-    e.setFocus();
-    e.selectAll();
     digite(texto);
     oprima(Qt::Key_Return);
 }

@@ -16,16 +16,7 @@ ConjuntoDatos& centros(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CCentros");
 }
 QString nombres(ConjuntoDatos& c, const QString& campo) {
-    QStringList todos;
-    for (int i = 0; i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName(campo)).texto();
-    return todos.join(',');
-}
-void enfoque(Pantalla* p, const char* rejilla, int columna) {
-    con_foco();
-    auto& r = componente<Rejilla>(p, rejilla);
-    r.setFocus();
-    r.SelectedIndex(columna);
+    return valores_de(c, campo).join(',');
 }
 void filtre_por_agencia(SesionGui& s) {
     s.base.ejecute({"update configuracion set conf_valor = 'SI' where conf_propiedad = 'FILTRAR "
@@ -165,6 +156,32 @@ private slots:
         p = pantallas().abrir("Tfcentros");
         proyectos(p).Last();
         QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Mostrador,Bodega"));
+    }
+
+    void con_el_filtro_no_se_borra_un_proyecto_con_centros_que_no_se_ven() {
+        SesionGui s;
+        s.base.ejecute({"update centros set sucu_id = 3 where proy_cod = '0002' and cent_cod = "
+                        "'0001'"});
+        filtre_por_agencia(s);
+        s.dm.sucursal_usuario = 2;
+        Interlocutor i;
+        Pantalla* p = pantallas().abrir("Tfcentros");
+        proyectos(p).Last();
+        QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Bodega"));
+        i.espere("Desea borrar el registro?", "Sí");
+        i.espere("El proyecto 0002 tiene centros de otras agencias, que aquí no se ven: 0001 "
+                 "Mostrador. No se puede borrar.");
+        componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(nombres(proyectos(p), "PROY_COD"), QString("0001,0002"));
+        // Con todos a la vista, sí.
+        proyectos(p).First();
+        i.espere("Desea borrar el registro?", "Sí");
+        componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click();
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select list(proy_cod || cent_cod) from centros"),
+                 QString("00020001,00020002"));
     }
 
     void escoge_proyecto_y_centro_como_ventana_o_como_selector_modal() {

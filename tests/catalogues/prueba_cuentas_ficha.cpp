@@ -27,16 +27,6 @@ class PruebaCuentasFicha : public QObject {
     static CasillaDato& casilla(QWidget* p, const char* nombre) {
         return componente<CasillaDato>(p, nombre);
     }
-    /// Digita en el control y pasa al siguiente con Enter.
-    static void escriba(QWidget* p, const char* nombre, const QString& texto) {
-        con_foco();
-        editor(p, nombre).setFocus();
-        editor(p, nombre).selectAll();
-        if (texto.isEmpty())
-            oprima(Qt::Key_Delete);
-        digite(texto);
-        oprima(Qt::Key_Return);
-    }
     static Pantalla* modifique(SesionGui&, const QString& cuenta,
                                Libro libro = Libro::Decreto2649) {
         return pantallas().abrir(datos(libro).pantalla_modificar_cuenta, AbreCuenta{cuenta});
@@ -309,6 +299,28 @@ private slots:
             escriba(p, "ENombre", "");
             oprima(Qt::Key_F2);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+    }
+
+    void las_subcuentas_que_no_pueden_cambiar_se_dicen_y_las_demas_cambian() {
+        for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
+            SesionGui s;
+            const QString tabla = datos(libro).cuentas;
+            agregue_linea(s, datos(libro).sufijo, "110505");
+            const QString con_centro = "select list(cuen_cod) from (select cuen_cod from " + tabla +
+                                       " where cuen_centro = 'S' and cuen_cod starting with '11' "
+                                       "order by cuen_cod)";
+            Pantalla* p = modifique(s, "11", libro);
+            casilla(p, "CkCentros").click();
+            Interlocutor i;
+            i.espere("Desea aplicar el cambio a las subcuentas?", "Sí");
+            i.espere("El cambio se aplicó a 4 subcuentas. Estas no cambiaron, porque ya tienen "
+                     "movimiento:\n110505 Caja general");
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(s.dato(con_centro), QString("11,1105,110510,1110,111005"));
+            QCOMPARE(campo(p, "CUEN_COD"), QString("11"));
+            QVERIFY(cuentas(p).State() == Estado::Edicion);
         }
     }
 

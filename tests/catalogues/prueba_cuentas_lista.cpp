@@ -21,22 +21,9 @@ class PruebaCuentasLista : public QObject {
         return componente<ConjuntoDatos>(lista, "CCuentas");
     }
     static QString actual(QWidget* lista) { return cuentas(lista).FieldByName("CUEN_COD").texto(); }
-    static QStringList codigos(QWidget* lista) {
-        ConjuntoDatos& c = cuentas(lista);
-        QStringList todos;
-        for (int i = 0; i < c.RecordCount(); ++i)
-            todos << c.valor_en(i, c.FieldByName("CUEN_COD")).texto();
-        return todos;
-    }
+    static QStringList codigos(QWidget* lista) { return valores_de(cuentas(lista), "CUEN_COD"); }
     static Rejilla& rejilla(QWidget* lista) { return componente<Rejilla>(lista, "DBGridEh1"); }
-    static void busque(QWidget* lista, const QString& texto) {
-        auto& caja = componente<QLineEdit>(lista, "EBuscar");
-        con_foco();
-        caja.setFocus();
-        caja.clear();
-        digite(texto);
-        oprima(Qt::Key_Return);
-    }
+    static void busque(QWidget* lista, const QString& texto) { escriba(lista, "EBuscar", texto); }
     static void agregue_linea(SesionGui& s, const QString& libro, const QString& cuenta) {
         s.base.ejecute(
             {"insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, enco_numero, "
@@ -176,6 +163,7 @@ private slots:
             const DatosLibro& d = datos(libro);
             const QString tabla = d.cuentas;
             agregue_linea(s, d.sufijo, "110505");
+            s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '519530'"});
             auto* lista = s.abra<Tfcuentas>(d.pantalla_cuentas, AbreLista{true});
             cuentas(lista).Locate("CUEN_COD", {"519530"});
             Interlocutor i;

@@ -27,20 +27,8 @@ class PruebaCuentasPucNormas : public QObject {
     static Rejilla& rejilla(QWidget* p, const char* nombre = "DBGridEh1") {
         return componente<Rejilla>(p, nombre);
     }
-    static QStringList columna(ConjuntoDatos& c, const char* campo) {
-        QStringList todos;
-        for (int i = 0; i < c.RecordCount(); ++i)
-            todos << c.valor_en(i, c.FieldByName(campo)).texto();
-        return todos;
-    }
-    static void busque(QWidget* lista, const QString& texto) {
-        con_foco();
-        auto& caja = componente<QLineEdit>(lista, "EBuscar");
-        caja.setFocus();
-        caja.clear();
-        digite(texto);
-        oprima(Qt::Key_Return);
-    }
+    static QStringList columna(ConjuntoDatos& c, const char* campo) { return valores_de(c, campo); }
+    static void busque(QWidget* lista, const QString& texto) { escriba(lista, "EBuscar", texto); }
     static void siembre_normas(SesionGui& s) {
         s.base.ejecute(
             {"insert into normas_niif (nnif_id, nnif_nombre) values (11, 'Sección 11')",
@@ -188,9 +176,9 @@ private slots:
         const QString pregunta =
             "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) al "
             "plan de cuentas NIIF. Desea continuar?";
-        s.base.ejecute({"delete from cuentas_niif where cuen_cod starting with '1' and "
-                        "char_length(cuen_cod) = 6",
-                        "update cuentas set cuen_eqniif = null where cuen_cod = '110505'"});
+        s.base.ejecute({"update cuentas set cuen_eqniif = null",
+                        "delete from cuentas_niif where cuen_cod starting with '1' and "
+                        "char_length(cuen_cod) = 6"});
         Interlocutor i;
         i.espere("Ya existen cuentas del plan NIIF. Si desea usar opción debería borrarlas "
                  "previamente.");

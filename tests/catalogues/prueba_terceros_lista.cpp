@@ -23,11 +23,7 @@ Rejilla& rejilla(Pantalla* lista) {
     return componente<Rejilla>(lista, "DBGridEh1");
 }
 QStringList nits(Pantalla* lista) {
-    ConjuntoDatos& c = terceros(lista);
-    QStringList todos;
-    for (int i = 0; i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName("TERC_NIT")).texto();
-    return todos;
+    return valores_de(terceros(lista), "TERC_NIT");
 }
 Pantalla* mantenimiento(SesionGui&) {
     return pantallas().abrir("Tfterceros", AbreLista{true});

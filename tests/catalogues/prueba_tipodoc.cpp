@@ -16,12 +16,6 @@ ConjuntoDatos& tipos(Pantalla* p) {
 ConjuntoDatos& prefijos(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CPrefijos");
 }
-void enfoque(Pantalla* p, const char* rejilla, int columna) {
-    con_foco();
-    auto& r = componente<Rejilla>(p, rejilla);
-    r.setFocus();
-    r.SelectedIndex(columna);
-}
 
 } // namespace
 
@@ -112,10 +106,9 @@ private slots:
         s.base.ejecute({"update prefijos_conta set pref_numero = '000050' where tico_cod = 'CG'"});
         enfoque(p, "DBGridEh2", 1);
         digite("000009");
+        i.espere_comienzo("Otro usuario cambió");
         oprima(Qt::Key_F2);
-        QCOMPARE(i.vistos().size(), 1);
-        QVERIFY(i.vistos()[0].startsWith("Otro usuario cambió"));
-        i.olvide();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 1); // lo digitado sigue ahí
         QCOMPARE(prefijos(p).FieldByName("PREF_NUMERO").texto(), QString("000009"));
         QCOMPARE(s.dato("select pref_numero from prefijos_conta where tico_cod = 'CG'"),

@@ -43,12 +43,7 @@ class PruebaBalance : public QObject {
         return s.abra<Tfbalanceprueba>("Tfbalanceprueba");
     }
     static QString codigo(const ConjuntoDatos& c) { return c.FieldByName("CODIGO").texto(); }
-    static QStringList codigos(const ConjuntoDatos& c) {
-        QStringList todos;
-        for (int i = 0; i < c.RecordCount(); ++i)
-            todos << c.valor_en(i, c.FieldByName("CODIGO")).texto();
-        return todos;
-    }
+    static QStringList codigos(const ConjuntoDatos& c) { return valores_de(c, "CODIGO"); }
     static int nivel_mayor(const ConjuntoDatos& c) {
         int mayor = 0;
         for (int i = 0; i < c.RecordCount(); ++i)

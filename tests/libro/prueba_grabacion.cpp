@@ -65,7 +65,6 @@ private slots:
     void sin_cuenta_equivalente_no_se_replica_a_medias();
     void el_numero_automatico_tomado_avanza_solo();
     void varios_que_graban_a_la_vez_no_ven_un_numero_repetido();
-    void lo_guardado_se_compara_con_lo_mandado();
     void el_borrado_es_todo_o_nada_y_lo_firma_quien_borra();
     void un_cambio_ajeno_se_avisa_antes_de_borrar();
 
@@ -470,36 +469,6 @@ void PruebaGrabacion::varios_que_graban_a_la_vez_no_ven_un_numero_repetido() {
                               "comprobante_encabezado"),
              QString("100|000001|000100"));
     QCOMPARE(saldos_distintos(base()), QString());
-}
-
-void PruebaGrabacion::lo_guardado_se_compara_con_lo_mandado() {
-    Comprobante c = sencillo();
-    c.replica = "S";
-    c.id = grabe(c).id;
-    const auto leido = lea_comprobante(base(), c.id);
-    QVERIFY(leido);
-    const Comprobante guardado = *leido;
-    QCOMPARE(guardado.lineas_niif.size(), 2); // las réplicas nacieron en la base
-    Comprobante mandado = guardado;
-    mandado.lineas_niif.clear();
-    mandado.concepto += ' '; // la base no distingue los blancos del final
-    mandado.usuario = "OTRO";
-    QVERIFY(quedo_como_se_mando(mandado, guardado));
-    const std::function<void(Comprobante&)> cambios[] = {
-        [](Comprobante& x) { x.lineas_2649[1].credito = 99; },
-        [](Comprobante& x) { x.lineas_2649[1].concepto = "x"; },
-        [](Comprobante& x) { x.lineas_2649.removeLast(); },
-        [](Comprobante& x) { x.lineas_2649 << LineaComprobante{.item = 3, .cuenta = "110505"}; },
-        [](Comprobante& x) { x.numero = "000009"; },
-        [](Comprobante& x) { x.observaciones = "x"; },
-        [](Comprobante& x) { x.replica = "N"; },
-        [](Comprobante& x) { x.lineas_niif << LineaComprobante{.item = 1, .cuenta = "152405"}; },
-    };
-    for (const auto& cambio : cambios) {
-        Comprobante otro = mandado;
-        cambio(otro);
-        QVERIFY(!quedo_como_se_mando(otro, guardado));
-    }
 }
 
 void PruebaGrabacion::el_borrado_es_todo_o_nada_y_lo_firma_quien_borra() {

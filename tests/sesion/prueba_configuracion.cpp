@@ -1,43 +1,6 @@
+#include "apoyo/tabla_esperada.h"
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
-
-#include <QDirIterator>
-#include <QRegularExpression>
-
-namespace {
-
-/// Llaves que el programa pide con textos literales: módulo, categoría y propiedad.
-QSet<QStringList> llaves_del_codigo(const QString& proyecto) {
-    static const QRegularExpression directa(
-        "\\bconfiguracion\\(\\s*\"([^\"]+)\",\\s*\"([^\"]+)\",\\s*\"([^\"]+)\"\\s*\\)");
-    static const QRegularExpression bandera(
-        "\\bconfigurado_si\\(\\s*\"([^\"]+)\",\\s*\"([^\"]+)\"\\s*\\)");
-    // una propiedad larga se escribe en dos literales seguidos
-    static const QRegularExpression union_literales("\"\\s*\\n\\s*\"");
-    QSet<QStringList> llaves;
-    QDirIterator i(proyecto, {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
-    while (i.hasNext()) {
-        const QString ruta = i.next();
-        const QString piso = ruta.mid(proyecto.size() + 1).section('/', 0, 0);
-        if (piso == "tests" || piso == "build" || piso == "bench")
-            continue;
-        QFile f(ruta);
-        if (!f.open(QIODevice::ReadOnly))
-            continue;
-        const QString texto = QString::fromUtf8(f.readAll()).remove(union_literales);
-        for (auto m = directa.globalMatch(texto); m.hasNext();) {
-            const auto x = m.next();
-            llaves << QStringList{x.captured(1), x.captured(2), x.captured(3)};
-        }
-        for (auto m = bandera.globalMatch(texto); m.hasNext();) {
-            const auto x = m.next();
-            llaves << QStringList{"CONTABILIDAD", x.captured(1), x.captured(2)};
-        }
-    }
-    return llaves;
-}
-
-} // namespace
 
 class PruebaConfiguracion : public QObject {
     Q_OBJECT
@@ -48,12 +11,12 @@ class PruebaConfiguracion : public QObject {
     }
 
 private slots:
-    void toda_llave_que_pide_el_programa_nace_con_la_compania() {
+    void toda_llave_nace_con_la_compania() {
         SesionGui s;
         Interlocutor i; // una llave sin fila abriría un diálogo
-        const auto llaves = llaves_del_codigo(qEnvironmentVariable("QUORVEX_PROYECTO"));
-        QVERIFY2(llaves.size() > 15, qPrintable(QString::number(llaves.size())));
-        for (const QStringList& l : llaves)
+        const auto todas = tabla_esperada("sesion/llaves.tsv", 3);
+        QCOMPARE(todas.size(), 63);
+        for (const QStringList& l : todas)
             s.dm.configuracion(l[0], l[1], l[2]);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }

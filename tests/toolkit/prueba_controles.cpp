@@ -79,7 +79,7 @@ struct Mesa {
         [[maybe_unused]] const bool activa = QTest::qWaitForWindowActive(&ventana);
         ajena.setFocus();
     }
-    ~Mesa() { instale_manejador_fallas({}); }
+    ~Mesa() { retire_manejador_fallas(); }
 
     void fila(const QVector<Valor>& valores) {
         cuentas.Append();

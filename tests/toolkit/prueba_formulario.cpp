@@ -281,11 +281,9 @@ private slots:
         QCOMPARE(m.horizontalAdvance('1'), m.horizontalAdvance('8'));
         QVERIFY(qGray(color_negativo().rgb()) < 110);
         QVERIFY(icono("no-existe-este-icono").isNull());
-        if (QFile::exists("/usr/share/qt6/translations/qtbase_es.qm"))
-            QCOMPARE(QCoreApplication::translate("QLineEdit", "&Copy"), "&Copiar");
-        if (QFile::exists("/usr/share/icons/Adwaita/index.theme"))
-            for (const char* n : {"document-save", "edit-delete", "edit-find", "document-print"})
-                QVERIFY2(!icono(n).isNull(), n);
+        QCOMPARE(QCoreApplication::translate("QLineEdit", "&Copy"), "&Copiar");
+        for (const char* n : {"document-save", "edit-delete", "edit-find", "document-print"})
+            QVERIFY2(!icono(n).isNull(), n);
     }
 };
 

@@ -1,4 +1,5 @@
 // Motor de informes: plantillas, grupos, hojas, salidas, opciones y fallas.
+#include "apoyo/herramienta.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/exportacion/archivo_salida.h"
 #include "toolkit/impresora.h"
@@ -12,7 +13,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -143,12 +143,6 @@ private:
             todas << hoja;
         }
         return todas;
-    }
-    static QString texto_pdf(const QString& ruta) {
-        QProcess p;
-        p.start("pdftotext", {"-layout", ruta, "-"});
-        p.waitForFinished();
-        return QString::fromUtf8(p.readAllStandardOutput());
     }
     /// Contesta "Opciones de impresión" con archivo y formato.
     void conteste_archivo(Interlocutor& i, const QString& ruta, int formato) {
@@ -326,7 +320,7 @@ void PruebaInformes::cada_formato_lleva_lo_mismo() {
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QString texto;
         if (formato == int(FormatoArchivo::Pdf)) {
-            texto = texto_pdf(ruta);
+            texto = texto_de_pdf(ruta);
         } else {
             QFile f(ruta);
             QVERIFY(f.open(QIODevice::ReadOnly));
@@ -382,7 +376,7 @@ void PruebaInformes::las_opciones_deciden_el_destino_y_las_paginas() {
         });
         QVERIFY(motor.ejecutar());
     }
-    const QString texto = texto_pdf(ruta);
+    const QString texto = texto_de_pdf(ruta);
     QVERIFY2(texto.contains("Página 2 de 3") && texto.contains("Página 3 de 3") &&
                  !texto.contains("Página 1 de 3"),
              qPrintable(texto));
@@ -471,8 +465,6 @@ void PruebaInformes::una_falla_no_deja_un_archivo_a_medias() {
     QTemporaryDir destino;
     for (int formato : {int(FormatoArchivo::Pdf), int(FormatoArchivo::Html)}) {
         const QString ruta = destino.filePath("lleno." + extension_de(FormatoArchivo(formato)));
-        Interlocutor i;
-        conteste_archivo(i, ruta, formato);
         struct rlimit antes;
         getrlimit(RLIMIT_FSIZE, &antes);
         const auto anterior = std::signal(SIGXFSZ, SIG_IGN);
@@ -495,7 +487,6 @@ void PruebaInformes::una_falla_no_deja_un_archivo_a_medias() {
         std::signal(SIGXFSZ, anterior);
         QVERIFY(fallo);
         QCOMPARE(QDir(destino.path()).entryList(QDir::Files).size(), 0);
-        i.olvide();
     }
     fije_impresora("Oficina", "/no/hay/carpeta/impreso.pdf");
     Interlocutor i;

@@ -77,7 +77,7 @@ struct Principal {
             pantallas().registre(n, [n] { return new Ejemplo(n); });
         pasos.clear();
     }
-    ~Principal() { instale_manejador_fallas({}); }
+    ~Principal() { retire_manejador_fallas(); }
     Ejemplo* abra(const char* nombre) { return static_cast<Ejemplo*>(pantallas().abrir(nombre)); }
 };
 
@@ -150,7 +150,7 @@ private slots:
         i.espere("Seguro?", "No");
         muestre_mensaje("Hola.");
         QVERIFY(!pregunte("Seguro?"));
-        QTest::qWait(20);
+        agote_eventos();
         QCOMPARE(saque(), QStringList());
         p.area->setActiveSubWindow(p.area->subWindowList().last());
         QCOMPARE(saque(), QStringList{"TfB activa"}); // un clic en la otra sí

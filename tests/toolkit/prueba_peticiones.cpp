@@ -62,7 +62,7 @@ struct Marco {
         registre_testigo("TfOtra");
         pasos.clear();
     }
-    ~Marco() { instale_manejador_fallas({}); }
+    ~Marco() { instale_manejador_fallas(ManejadorFallas()); }
     Pide* abra(const QString& nombre) {
         auto* p = new Pide(nombre);
         escritorio.muestre(p);

@@ -2,12 +2,13 @@
 #include "rejilla_de_prueba.h"
 
 #include "apoyo/base_prueba.h"
+#include "apoyo_gui/interlocutor.h"
 #include "datos/recordset/proveedor.h"
 #include "datos/recordset/sentencia.h"
 #include "toolkit/estilo.h"
 
+#include "apoyo/azar_de_prueba.h"
 #include <QHeaderView>
-#include <QRandomGenerator>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -66,7 +67,7 @@ private slots:
             return suma;
         };
         QCOMPARE(p.rejilla->suma(p.Debito), cuente());
-        QRandomGenerator azar(7);
+        QRandomGenerator azar = azar_de_prueba(7);
         for (int i = 0; i < 300; ++i) {
             const Moneda valor = Moneda::de_unidades(azar.bounded(1, 99'999'999));
             // Algunas grabaciones se rehúsan: también ahí el pie dice lo que hay.
@@ -263,7 +264,7 @@ private slots:
         r.show();
         s.lista.Open();
         QTRY_VERIFY(r.verticalScrollBar()->maximum() > 0);
-        QTest::qWait(20);
+        agote_eventos();
         QVERIFY(s.lista.RecordCount() < 100);
     }
 

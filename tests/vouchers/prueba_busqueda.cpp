@@ -5,7 +5,6 @@
 #include "vouchers/tfcomproterc.h"
 
 #include <QCheckBox>
-#include <QElapsedTimer>
 
 namespace {
 
@@ -37,20 +36,10 @@ ConjuntoDatos& resultado(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CComproba");
 }
 QString columna(Pantalla* p, const char* campo) {
-    ConjuntoDatos& c = resultado(p);
-    QStringList todos;
-    for (int i = 0; c.Active() && i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName(campo)).texto();
-    return todos.join(',');
+    return valores_de(resultado(p), campo).join(',');
 }
 QLineEdit& caja(Pantalla* p, const char* nombre) {
     return componente<QLineEdit>(p, nombre);
-}
-void llene(Pantalla* p, const char* nombre, const QString& texto) {
-    caja(p, nombre).setFocus();
-    caja(p, nombre).selectAll();
-    oprima(Qt::Key_Delete);
-    digite(texto);
 }
 void escoja(Pantalla* p, const QString& nombre) {
     auto& lista = componente<ListaDato>(p, "LTipo");
@@ -62,12 +51,10 @@ void escoja(Pantalla* p, const QString& nombre) {
 }
 void ubique(Pantalla* p, const char* llave, int id, const char* rejilla = "DBGridEh1") {
     QVERIFY(resultado(p).Locate(llave, {id}));
-    con_foco();
-    componente<Rejilla>(p, rejilla).setFocus();
+    enfoque(p, rejilla);
 }
 void busque(Pantalla* p) {
-    componente<QPushButton>(p, "BitBtn1").setFocus();
-    oprima(Qt::Key_Space);
+    pulse(p, "BitBtn1");
 }
 
 } // namespace
@@ -218,7 +205,6 @@ private slots:
             siembre(senuelo);
         for (const auto& caso : casos)
             siembre(caso.concepto);
-        s.cnt.nit_comprobantes = "900123456";
         const QString consecutivo = "select gen_id(sec_comprobante, 0) from rdb$database";
         const QString antes = s.dato(consecutivo);
         for (const auto& [pantalla, conjunto, campo, boton] :
@@ -227,7 +213,8 @@ private slots:
               {"Tfbuscplantilla", "CPlantilla", "PLAN_CONCEPTO", "SpeedButton5"}}) {
             s.otorgue(41);
             Interlocutor i;
-            Pantalla* p = pantallas().abrir(pantalla);
+            Pantalla* p = pantallas().abrir(
+                pantalla, AbreComprobantesTercero{.nit_comprobantes = "900123456"});
             QVERIFY(p);
             escoja(p, "Comprobante general");
             auto& c = componente<ConjuntoDatos>(p, conjunto);
@@ -481,11 +468,8 @@ private slots:
                   "lpad(mod(:n, 28) + 1, 2, '0'), 'Comprobante ' || :n, 'ADMIN'); end end");
         Pantalla* p = pantallas().abrir("Tfbuscomproba");
         escoja(p, "Comprobante general");
-        QElapsedTimer reloj;
-        reloj.start();
         busque(p);
         QCOMPARE(resultado(p).RecordCount(), s.dm.registros_paquete);
-        QVERIFY2(reloj.elapsed() < 2000, qPrintable(QString::number(reloj.elapsed())));
         // Cada texto que la pantalla puede componer entra por un índice.
         const char* const orden = "order by tico_cod, enco_fecha desc";
         for (const char* condicion :

@@ -115,7 +115,9 @@ private slots:
             oprima(Qt::Key_F2);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
-        QVERIFY(!p->Cdetniif.editando() || p->Cdetniif.RecordCount() == 1);
+        // a diferencia de la digitación, la fila rehusada no queda en edición
+        QVERIFY(!p->CDetalle.editando() && !p->Cdetniif.editando());
+        QCOMPARE(p->Cdetniif.RecordCount(), 1);
         QCOMPARE(s.dato("select enco_concepto || '|' from comprobante_encabezado"),
                  QString("Concepto|"));
         p->PageControl1->setCurrentIndex(1);
@@ -188,20 +190,35 @@ private slots:
         }
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
+        const char* pregunta =
+            "Esta seguro de descartar la información de NIIF y reemplazarla por la equivalencia?";
+        const auto lineas = [p] {
+            QStringList todas;
+            const auto texto = [p](int n, const char* campo) {
+                return p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName(campo)).texto();
+            };
+            for (int n = 0; n < p->Cdetniif.RecordCount(); ++n)
+                todas << texto(n, "CUEN_COD") + ':' + texto(n, "CODE_DEBITO") + ':' +
+                             texto(n, "CODE_CREDITO");
+            return todas;
+        };
+        {
+            // sin una equivalencia no hay réplica: se nombra la cuenta y nada se descarta
+            Interlocutor i;
+            i.espere(pregunta, "Sí");
+            i.espere("La cuenta 240805 (línea 2) no tiene una cuenta NIIF equivalente que pueda "
+                     "llevar movimiento: la réplica quedaría descuadrada.");
+            replicar->trigger();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(lineas(), QStringList({"111005:1:0", "310505:0:1"}));
+        }
+        s.base.ejecute({"update cuentas set cuen_eqniif = '240805' where cuen_cod = '240805'"});
         Interlocutor i;
-        i.espere(
-            "Esta seguro de descartar la información de NIIF y reemplazarla por la equivalencia?",
-            "Sí");
+        i.espere(pregunta, "Sí");
         replicar->trigger();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        // la línea sin equivalente desaparece
-        QStringList lineas;
-        for (int n = 0; n < p->Cdetniif.RecordCount(); ++n)
-            lineas << p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName("CUEN_COD")).texto() + ':' +
-                          p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName("CODE_DEBITO")).texto() +
-                          ':' +
-                          p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName("CODE_CREDITO")).texto();
-        QCOMPARE(lineas, QStringList({"111005:100:0", "310505:0:100", "310505:0:7"}));
+        QCOMPARE(lineas(),
+                 QStringList({"111005:100:0", "240805:7:0", "310505:0:100", "310505:0:7"}));
         p->CMovimiento.CancelUpdates();
     }
 

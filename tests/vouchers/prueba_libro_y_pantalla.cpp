@@ -172,22 +172,16 @@ private:
             rechazos_ << rechazado(libro_, linea, t.remove("Se presento el siguiente error: "));
         }
     }
-    struct Oyente : QObject {
-        Oyente() {
-            reloj.setInterval(1);
-            connect(
-                &reloj, &QTimer::timeout, this,
-                [this] {
-                    auto* m = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-                    if (!m || !m->isVisible())
-                        return;
-                    dichos << m->text();
-                    QTest::keyClick(m, Qt::Key_Escape); // "No" o "Aceptar"
-                },
-                Qt::QueuedConnection);
-            reloj.start();
+    /// Anota lo que dice cada diálogo y lo deja con Esc: "No" o "Aceptar".
+    struct Oyente : AtiendeDialogos {
+        Oyente() { Guardia::unica().tome(this); }
+        ~Oyente() override { Guardia::unica().suelte(this); }
+        Oyente(const Oyente&) = delete;
+        void atienda(QWidget& modal) override {
+            const auto* mensaje = qobject_cast<QMessageBox*>(&modal);
+            dichos << (mensaje ? mensaje->text() : Guardia::nombre(modal));
+            Guardia::cierre(modal);
         }
-        QTimer reloj;
         QStringList dichos;
     };
 

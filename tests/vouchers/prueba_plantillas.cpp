@@ -31,19 +31,7 @@ ConjuntoDatos& lista(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CPlantilla");
 }
 QString ids(Pantalla* p) {
-    ConjuntoDatos& c = lista(p);
-    QStringList todos;
-    for (int i = 0; c.Active() && i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName("PLAN_ID")).texto();
-    return todos.join(',');
-}
-void llene(Pantalla* p, const char* nombre, const QString& texto) {
-    auto& caja = componente<QLineEdit>(p, nombre);
-    con_foco();
-    caja.setFocus();
-    caja.selectAll();
-    oprima(Qt::Key_Delete);
-    digite(texto);
+    return valores_de(lista(p), "PLAN_ID").join(',');
 }
 void escoja(ListaDato& tipos, const QString& nombre) {
     con_foco();
@@ -54,8 +42,7 @@ void escoja(ListaDato& tipos, const QString& nombre) {
     QCOMPARE(tipos.texto_a_la_vista(), nombre);
 }
 void busque(Pantalla* p) {
-    componente<QPushButton>(p, "SpeedButton5").setFocus();
-    oprima(Qt::Key_Space);
+    pulse(p, "SpeedButton5");
 }
 /// Recorre celdas con Enter desde la primera de la rejilla a la vista.
 void linea(PantallaPlantilla* p, const QStringList& celdas, int desde = 0) {
@@ -103,21 +90,7 @@ const QString kSalir = "Desea salir de la plantilla y perder los movimientos que
 
 class PruebaPlantillas : public QObject {
     Q_OBJECT
-    QTimer guardia_; ///< una prueba que falla deja preguntas que nadie contesta
-    QPointer<QWidget> visto_;
-
 private slots:
-    void initTestCase() {
-        guardia_.setInterval(1500);
-        connect(&guardia_, &QTimer::timeout, this, [this] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (modal && modal == visto_)
-                modal->close();
-            visto_ = modal;
-        });
-        guardia_.start();
-    }
-
     // ------------------------------------------------------------ crear
 
     void una_plantilla_descuadrada_se_graba_en_los_dos_libros_y_sigue_la_proxima() {

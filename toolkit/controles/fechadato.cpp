@@ -1,5 +1,6 @@
 #include "toolkit/controles/fechadato.h"
 
+#include "datos/firebird/reloj.h"
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
 
@@ -134,7 +135,7 @@ void FechaDato::arranque() {
     poniendo_ = true;
     vacia_ = false;
     texto_ajeno_.clear();
-    setDate(QDate::currentDate());
+    setDate(reloj().hoy());
     poniendo_ = false;
     setSelectedSection(QDateTimeEdit::YearSection);
 }

@@ -4,6 +4,7 @@
 // Por fila: si cambió algún grupo, los totales de adentro hacia afuera y los anuncios de afuera
 // hacia adentro; luego el detalle. Lo que no cabe pasa a otra hoja, con los encabezados y los
 // grupos que se repiten. Los totales leen la última fila de su grupo y los anuncios la primera.
+#include "datos/firebird/reloj.h"
 #include "toolkit/informes/datos_informe.h"
 #include "toolkit/informes/hojas.h"
 
@@ -19,7 +20,7 @@ namespace informes {
 struct Variables {
     QMap<QString, QString> textos;
     QMap<QString, QImage> imagenes;
-    QDateTime ahora = QDateTime::currentDateTime();
+    QDateTime ahora = reloj().ahora();
 };
 
 class Compositor {

@@ -219,6 +219,11 @@ private:
 
     // rejilla_teclado.cpp: teclas y ratón
     bool navegue(QKeyEvent& evento);
+    bool pase_con_tab(bool adelante);
+    bool oprima_enter(Qt::KeyboardModifiers modificadores);
+    bool salte_pagina(bool abajo);
+    bool vaya_al_extremo(bool al_final);
+    bool desista(); ///< Esc: de lo que haya a medias, de adentro hacia afuera
     bool tecla_de_celda(QKeyEvent& evento);
     bool siguiente_celda();
     bool celda_anterior();

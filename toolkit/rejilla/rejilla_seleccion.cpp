@@ -257,10 +257,12 @@ void Rejilla::pegue() {
         }
     } catch (const EdicionAbortada&) {
     } catch (...) {
-        const QString falla = texto_de_excepcion();
-        reporte_falla(tabla.size() == 1
-                          ? falla
-                          : QStringLiteral("Línea %1 de lo pegado: %2").arg(linea + 1).arg(falla));
+        if (tabla.size() == 1)
+            reporte_excepcion();
+        else
+            reporte_falla(QStringLiteral("Línea %1 de lo pegado: %2")
+                              .arg(linea + 1)
+                              .arg(falla_de_excepcion().para_usuario()));
     }
     fije_actual(conjunto()->RecNo(), primera);
 }

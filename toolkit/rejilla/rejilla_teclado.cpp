@@ -144,102 +144,109 @@ void Rejilla::seleccione_hasta(const QModelIndex& indice) {
 
 bool Rejilla::navegue(QKeyEvent& e) {
     const auto m = modificadores(e);
-    const int fila = currentIndex().row();
-    const int columna = SelectedIndex();
-    const int ultima = modelo_->rowCount() - 1;
+    const bool sola = m == Qt::NoModifier;
     switch (e.key()) {
     case Qt::Key_Tab:
-    case Qt::Key_Backtab: {
-        if (m & ~Qt::ShiftModifier)
-            return false;
-        const bool adelante = e.key() == Qt::Key_Tab && !(m & Qt::ShiftModifier);
-        if (editable() && currentIndex().isValid() &&
-            (adelante ? siguiente_celda() : celda_anterior()))
-            return true;
-        return salga_con_tab(adelante);
-    }
+    case Qt::Key_Backtab:
+        return !(m & ~Qt::ShiftModifier) &&
+               pase_con_tab(e.key() == Qt::Key_Tab && !(m & Qt::ShiftModifier));
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (m == Qt::ControlModifier) {
-            if (!digitando())
-                abra_editor({}, false);
-            return true;
-        }
-        if (m != Qt::NoModifier || !editable())
-            return false;
-        if (enter_como_tab) {
-            if (tiene_seleccion() && !enter_con_seleccion)
-                fije_actual(fila, columna);
-            else if (!siguiente_celda())
-                salga_con_tab(true);
-            return true;
-        }
-        if (digitando()) {
-            termine_edicion();
-            return true;
-        }
-        if (!celda_editable(currentIndex()) || this->columna(columna).casilla)
-            return false;
-        abra_editor({}, false);
-        return true;
+        return oprima_enter(m);
     case Qt::Key_Down:
         if (m == Qt::AltModifier)
             abra_lista();
-        else if (m == Qt::NoModifier)
+        else if (sola)
             baje();
         else
             return false;
         return true;
     case Qt::Key_Up:
-        if (m != Qt::NoModifier)
-            return false;
-        suba();
-        return true;
+        if (sola)
+            suba();
+        return sola;
     case Qt::Key_PageDown:
-    case Qt::Key_PageUp: {
-        if (m != Qt::NoModifier || ultima < 0)
-            return false;
-        const int salto = e.key() == Qt::Key_PageDown ? filas_por_pagina() : -filas_por_pagina();
-        if (fila + salto > ultima && modelo_->canFetchMore({}))
-            modelo_->fetchMore({});
-        vaya(qBound(0, fila + salto, modelo_->rowCount() - 1), columna);
-        return true;
-    }
+    case Qt::Key_PageUp:
+        return sola && salte_pagina(e.key() == Qt::Key_PageDown);
     case Qt::Key_Home:
     case Qt::Key_End:
-        if (m != Qt::ControlModifier || ultima < 0)
-            return false;
-        if (e.key() == Qt::Key_End && !proteja([this] { conjunto()->FetchAll(); }))
-            return true;
-        vaya(e.key() == Qt::Key_End ? modelo_->rowCount() - 1 : 0, columna);
-        return true;
+        return m == Qt::ControlModifier && vaya_al_extremo(e.key() == Qt::Key_End);
     case Qt::Key_Insert:
-        if (m != Qt::NoModifier)
-            return false;
-        inserte_fila();
-        return true;
+        if (sola)
+            inserte_fila();
+        return sola;
     case Qt::Key_Delete:
-        if (m != Qt::ControlModifier)
-            return false;
-        borre_fila();
-        return true;
+        if (m == Qt::ControlModifier)
+            borre_fila();
+        return m == Qt::ControlModifier;
     case Qt::Key_Escape:
-        if (m != Qt::NoModifier)
-            return false;
-        if (digitando())
-            cierre_editor();
-        else if (editable() && conjunto()->editando())
-            cancele_fila();
-        else if (tiene_seleccion())
-            fije_actual(fila, columna);
-        else if (OnEscape)
-            proteja([this] { OnEscape(); });
-        else
-            return false;
-        return true;
+        return sola && desista();
     default:
         return false;
     }
+}
+
+bool Rejilla::pase_con_tab(bool adelante) {
+    if (editable() && currentIndex().isValid() && (adelante ? siguiente_celda() : celda_anterior()))
+        return true;
+    return salga_con_tab(adelante);
+}
+
+bool Rejilla::oprima_enter(Qt::KeyboardModifiers m) {
+    if (m == Qt::ControlModifier) {
+        if (!digitando())
+            abra_editor({}, false);
+        return true;
+    }
+    if (m != Qt::NoModifier || !editable())
+        return false;
+    if (enter_como_tab) {
+        if (tiene_seleccion() && !enter_con_seleccion)
+            fije_actual(currentIndex().row(), SelectedIndex());
+        else if (!siguiente_celda())
+            salga_con_tab(true);
+        return true;
+    }
+    if (digitando()) {
+        termine_edicion();
+        return true;
+    }
+    if (!celda_editable(currentIndex()) || columna(SelectedIndex()).casilla)
+        return false;
+    abra_editor({}, false);
+    return true;
+}
+
+bool Rejilla::salte_pagina(bool abajo) {
+    const int fila = currentIndex().row(), salto = abajo ? filas_por_pagina() : -filas_por_pagina();
+    if (modelo_->rowCount() == 0)
+        return false;
+    if (fila + salto > modelo_->rowCount() - 1 && modelo_->canFetchMore({}))
+        modelo_->fetchMore({});
+    vaya(qBound(0, fila + salto, modelo_->rowCount() - 1), SelectedIndex());
+    return true;
+}
+
+bool Rejilla::vaya_al_extremo(bool al_final) {
+    if (modelo_->rowCount() == 0)
+        return false;
+    if (!al_final || proteja([this] { conjunto()->FetchAll(); }))
+        vaya(al_final ? modelo_->rowCount() - 1 : 0, SelectedIndex());
+    return true;
+}
+
+bool Rejilla::desista() {
+    if (digitando())
+        cierre_editor();
+    else if (editable() && conjunto()->editando())
+        cancele_fila();
+    else if (tiene_seleccion())
+        fije_actual(currentIndex().row(), SelectedIndex());
+    else if (OnEscape)
+        proteja([this] { OnEscape(); });
+    else
+        return false;
+    return true;
 }
 
 bool Rejilla::tecla_de_celda(QKeyEvent& e) {

@@ -1,0 +1,374 @@
+-- Estados financieros por cuenta. Todos salen de los saldos mensuales, nunca de las líneas.
+-- INICIAL, DEBITOS, CREDITOS y FINAL llevan el signo del libro (débitos menos créditos). Las
+-- columnas por nivel (SCLASE, SGRUPO, SSUBGRUPO y SCUENTA para el saldo; MCLASE... para el
+-- movimiento) van con el signo del estado: positivo lo que es natural de la clase, y cero en las
+-- filas de otro nivel.
+
+SET TERM ^ ;
+
+-- Verdadero si la clase de la cuenta es de naturaleza crédito.
+CREATE OR ALTER FUNCTION NATURALEZA (CUENTA varchar(20))
+RETURNS smallint DETERMINISTIC
+AS
+BEGIN
+  RETURN iif(left(CUENTA, 1) IN ('2', '3', '4', '9'), -1, 1);
+END^
+
+--<LIBROS>
+-- Balance de un mes con el que se imprimen los balances y los estados de resultados. MES 1 a 12, 13
+-- ajustes, 14 cierre. Los cinco indicadores son "S" o "N":
+--  * SIN_MOVIMIENTO: también las cuentas sin saldo ni movimiento;
+--  * CON_RESULTADO: el resultado sin cerrar de las clases 4 a 7 va en el patrimonio, en el renglón
+--    39 y sumado a la clase 3, para que activo sea pasivo más patrimonio;
+--  * GENERAL: calcula UOP y NETO, iguales en todas las filas (ingresos al crédito menos costos y
+--    gastos; la utilidad operacional toma 41, 51, 52, 6 y 7);
+--  * MENSUAL: MOVIMIEN, UOP y NETO son del mes; con "N", MOVIMIEN es el saldo.
+-- Lo llaman Tfrngbalancegeneral y Tfrngresulgeneral; la comparación de dos compañías también.
+CREATE OR ALTER PROCEDURE BALANCE_MES{_NIIF} (
+  ANO varchar(4), MES smallint, SIN_MOVIMIENTO char(1), CON_RESULTADO char(1), GENERAL char(1),
+  MENSUAL char(1))
+RETURNS (CODIGO varchar(20), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2),
+  CREDITOS numeric(15,2), FINAL numeric(15,2), SCLASE numeric(15,2), SGRUPO numeric(15,2),
+  SSUBGRUPO numeric(15,2), SCUENTA numeric(15,2), NIVEL integer, MOVIMIEN numeric(15,2),
+  UOP numeric(15,2), MCLASE numeric(15,2), MGRUPO numeric(15,2), MSUBGRUPO numeric(15,2),
+  MCUENTA numeric(15,2), NETO numeric(15,2))
+AS
+  DECLARE RINI numeric(18,2) = 0;
+  DECLARE RDEB numeric(18,2) = 0;
+  DECLARE RCRE numeric(18,2) = 0;
+  DECLARE SIGNO smallint;
+BEGIN
+  UOP = 0;
+  NETO = 0;
+  SELECT coalesce(sum(INICIAL), 0), coalesce(sum(DEBITOS), 0), coalesce(sum(CREDITOS), 0),
+    -coalesce(sum(iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS), 0),
+    -coalesce(sum(iif(left(CUENTA, 2) IN ('41', '51', '52') OR left(CUENTA, 1) IN ('6', '7'),
+      iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS, 0)), 0)
+  FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES)
+  WHERE CUENTA >= '4' AND CUENTA < '8'
+  INTO :RINI, :RDEB, :RCRE, :NETO, :UOP;
+  IF (GENERAL <> 'S') THEN
+  BEGIN
+    UOP = 0;
+    NETO = 0;
+  END
+  IF (CON_RESULTADO <> 'S' OR (RINI = 0 AND RDEB = 0 AND RCRE = 0)) THEN
+    CON_RESULTADO = 'N';
+  FOR
+    SELECT CODIGO, NOMBRE, sum(INICIAL), sum(DEBITOS), sum(CREDITOS), sum(FINAL), NIVEL
+    FROM (
+      SELECT CODIGO, NOMBRE, INICIAL, DEBITOS, CREDITOS, FINAL, NIVEL
+      FROM BALANCE_PRUEBA{_NIIF}(:ANO, :MES, iif(:SIN_MOVIMIENTO = 'S', 'N', 'S'), 99)
+      UNION ALL
+      SELECT cast('3' AS varchar(20)), C.CUEN_NOM, :RINI, :RDEB, :RCRE, :RINI + :RDEB - :RCRE, 1
+      FROM {CUENTAS} C WHERE C.CUEN_COD = '3' AND :CON_RESULTADO = 'S'
+      UNION ALL
+      SELECT '39', 'Resultado del ejercicio en curso', :RINI, :RDEB, :RCRE, :RINI + :RDEB - :RCRE, 2
+      FROM RDB$DATABASE WHERE :CON_RESULTADO = 'S')
+    GROUP BY CODIGO, NOMBRE, NIVEL
+    ORDER BY CODIGO
+    INTO :CODIGO, :NOMBRE, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL
+  DO
+  BEGIN
+    SIGNO = NATURALEZA(CODIGO);
+    MOVIMIEN = iif(MENSUAL = 'S', DEBITOS - CREDITOS, FINAL);
+    SCLASE = iif(NIVEL = 1, SIGNO * FINAL, 0);
+    SGRUPO = iif(NIVEL = 2, SIGNO * FINAL, 0);
+    SSUBGRUPO = iif(NIVEL = 3, SIGNO * FINAL, 0);
+    SCUENTA = iif(NIVEL > 3, SIGNO * FINAL, 0);
+    MCLASE = iif(NIVEL = 1, SIGNO * MOVIMIEN, 0);
+    MGRUPO = iif(NIVEL = 2, SIGNO * MOVIMIEN, 0);
+    MSUBGRUPO = iif(NIVEL = 3, SIGNO * MOVIMIEN, 0);
+    MCUENTA = iif(NIVEL > 3, SIGNO * MOVIMIEN, 0);
+    SUSPEND;
+  END
+END^
+
+-- Saldos de un tramo de meses por cuenta y tercero. NIT vacío: lo que no lleva tercero. Interna.
+CREATE OR ALTER PROCEDURE LEA_TRAMO_TERCERO{_NIIF} (
+  DESDE varchar(20), HASTA varchar(20), NITINI varchar(20), NITFIN varchar(20), ANO varchar(4),
+  MES1 smallint, MES2 smallint)
+RETURNS (CUENTA varchar(20), NIT varchar(20), INICIAL numeric(18,2), DEBITOS numeric(18,2),
+  CREDITOS numeric(18,2))
+AS
+BEGIN
+  FOR
+    SELECT CUEN_COD, TERC_NIT,
+      sum(iif(SALD_ANO < :ANO OR SALD_MES < :MES1, SALD_DEBITO - SALD_CREDITO, 0)),
+      sum(iif(SALD_ANO = :ANO AND SALD_MES >= :MES1, SALD_DEBITO, 0)),
+      sum(iif(SALD_ANO = :ANO AND SALD_MES >= :MES1, SALD_CREDITO, 0))
+    FROM VISTA_SALDOS_TERCERO{_NIIF}
+    WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
+      AND TERC_NIT >= :NITINI AND TERC_NIT <= :NITFIN
+      AND (SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES <= :MES2))
+    GROUP BY CUEN_COD, TERC_NIT
+    INTO :CUENTA, :NIT, :INICIAL, :DEBITOS, :CREDITOS
+  DO
+    SUSPEND;
+END^
+
+-- El mismo tramo repartido a todos los niveles: una fila por código (NIT nulo) y, con TERCEROS "S",
+-- una por cada tercero de cada cuenta con saldo propio, después de la suya. Las sumas son solo de
+-- los terceros del rango. Interna de los balances con terceros.
+CREATE OR ALTER PROCEDURE BALANCE_TRAMO{_NIIF} (
+  DESDE varchar(20), HASTA varchar(20), NITINI varchar(20), NITFIN varchar(20), ANO varchar(4),
+  MES1 smallint, MES2 smallint, SIN_MOVIMIENTO char(1), TERCEROS char(1))
+RETURNS (CODIGO varchar(20), NIT varchar(20), NIVEL integer, INICIAL numeric(18,2),
+  DEBITOS numeric(18,2), CREDITOS numeric(18,2))
+AS
+BEGIN
+  FOR
+    SELECT substring(L.CUENTA FROM 1 FOR N.ESTR_DIGITOS), cast(NULL AS varchar(20)), N.ESTR_NIVEL,
+      sum(L.INICIAL), sum(L.DEBITOS), sum(L.CREDITOS)
+    FROM (
+      SELECT CUENTA, INICIAL, DEBITOS, CREDITOS
+      FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2)
+      WHERE :SIN_MOVIMIENTO = 'S' OR INICIAL <> 0 OR DEBITOS <> 0 OR CREDITOS <> 0
+      UNION ALL
+      SELECT CUEN_COD, 0, 0, 0 FROM {CUENTAS}
+      WHERE :SIN_MOVIMIENTO = 'S' AND CUEN_COD >= :DESDE
+        AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)) L
+    JOIN ESTRUCTURA N ON N.ESTR_DIGITOS <= char_length(L.CUENTA)
+    GROUP BY 1, 3
+    UNION ALL
+    SELECT T.CUENTA, T.NIT, N.ESTR_NIVEL, T.INICIAL, T.DEBITOS, T.CREDITOS
+    FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2) T
+    LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(T.CUENTA)
+    WHERE :TERCEROS = 'S' AND T.NIT <> ''
+      AND (:SIN_MOVIMIENTO = 'S' OR T.INICIAL <> 0 OR T.DEBITOS <> 0 OR T.CREDITOS <> 0)
+    ORDER BY 1, 2 NULLS FIRST
+    INTO :CODIGO, :NIT, :NIVEL, :INICIAL, :DEBITOS, :CREDITOS
+  DO
+    SUSPEND;
+END^
+
+-- Balance de un mes con los terceros de cada cuenta. En las filas de tercero NIVEL es 99, STERCERO
+-- su saldo final y NOMCTATER su nombre; en las demás NOMCTATER es el de la cuenta. SIN_MOVIMIENTO
+-- "S" incluye lo que no tiene saldo ni movimiento. Lo llaman Tfrngbalancetercero y
+-- Tfrngresultadotercero.
+CREATE OR ALTER PROCEDURE BALANCE_CON_TERCEROS_MES{_N} (
+  ANO varchar(4), MES smallint, DESDE varchar(20), HASTA varchar(20), NITINI varchar(20),
+  NITFIN varchar(20), SIN_MOVIMIENTO char(1))
+RETURNS (CUENTA varchar(20), NOM_CUENTA varchar(60), NIT varchar(20), NOM_TERCERO varchar(60),
+  INICIAL numeric(15,2), DEBITOS numeric(15,2), CREDITOS numeric(15,2), FINAL numeric(15,2),
+  SCLASE numeric(15,2), SGRUPO numeric(15,2), SSUBGRUPO numeric(15,2), SCUENTA numeric(15,2),
+  NOMCTATER varchar(60), STERCERO numeric(15,2), NIVEL integer, DV char(1), DIR varchar(60),
+  CIUDAD varchar(40), CODCIU varchar(5), TEL varchar(40), FAX varchar(25), CEL varchar(25))
+AS
+  DECLARE SIGNO smallint;
+BEGIN
+  FOR
+    SELECT B.CODIGO, C.CUEN_NOM, B.NIT, T.TERC_NOM, B.INICIAL, B.DEBITOS, B.CREDITOS,
+      B.INICIAL + B.DEBITOS - B.CREDITOS, iif(B.NIT IS NULL, B.NIVEL, 99), T.TERC_DV, T.TERC_DIR,
+      T.TERC_CIU, T.CIUD_COD, T.TERC_TEL, T.TERC_FAX, T.TERC_CEL
+    FROM BALANCE_TRAMO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES, :MES, :SIN_MOVIMIENTO,
+      'S') B
+    LEFT JOIN {CUENTAS} C ON C.CUEN_COD = B.CODIGO
+    LEFT JOIN TERCEROS T ON T.TERC_NIT = B.NIT
+    INTO :CUENTA, :NOM_CUENTA, :NIT, :NOM_TERCERO, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL,
+      :DV, :DIR, :CIUDAD, :CODCIU, :TEL, :FAX, :CEL
+  DO
+  BEGIN
+    SIGNO = NATURALEZA(CUENTA);
+    NOMCTATER = iif(NIT IS NULL, NOM_CUENTA, NOM_TERCERO);
+    STERCERO = iif(NIVEL = 99, SIGNO * FINAL, 0);
+    SCLASE = iif(NIVEL = 1, SIGNO * FINAL, 0);
+    SGRUPO = iif(NIVEL = 2, SIGNO * FINAL, 0);
+    SSUBGRUPO = iif(NIVEL = 3, SIGNO * FINAL, 0);
+    SCUENTA = iif(NIVEL BETWEEN 4 AND 98, SIGNO * FINAL, 0);
+    SUSPEND;
+  END
+END^
+
+-- Balance de un tramo de meses del año (MES1 a MES2) por cuenta y, con TERCEROS "S", por tercero.
+-- La fila de un tercero lleva el NIVEL de su cuenta y por CODIGO el de ella y su turno, para que
+-- quede en su sitio al ordenar. Lo llama Tfrngbalanceacumulado.
+CREATE OR ALTER PROCEDURE BALANCE_PRUEBA_ACUMULADO{_NIIF} (
+  ANO varchar(4), MES1 smallint, MES2 smallint, DESDE varchar(20), HASTA varchar(20),
+  TERINI varchar(20), TERFIN varchar(20), SIN_MOVIMIENTO char(1), TERCEROS char(1))
+RETURNS (CODIGO varchar(30), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2),
+  CREDITOS numeric(15,2), FINAL numeric(15,2), NIVEL integer, AFECTABLE char(1),
+  NIT varchar(20), NOMTERC varchar(60), NOMCTATER varchar(60))
+AS
+  DECLARE TURNO integer = 0;
+BEGIN
+  FOR
+    SELECT B.CODIGO, C.CUEN_NOM, B.INICIAL, B.DEBITOS, B.CREDITOS,
+      B.INICIAL + B.DEBITOS - B.CREDITOS, B.NIVEL, C.CUEN_AFECTABLE, B.NIT, T.TERC_NOM
+    FROM BALANCE_TRAMO{_NIIF}(:DESDE, :HASTA, iif(:TERINI = '0', '', :TERINI), :TERFIN, :ANO, :MES1,
+      :MES2, :SIN_MOVIMIENTO, :TERCEROS) B
+    LEFT JOIN {CUENTAS} C ON C.CUEN_COD = B.CODIGO
+    LEFT JOIN TERCEROS T ON T.TERC_NIT = B.NIT
+    INTO :CODIGO, :NOMBRE, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL, :AFECTABLE, :NIT, :NOMTERC
+  DO
+  BEGIN
+    NOMCTATER = iif(NIT IS NULL, NOMBRE, NOMTERC);
+    TURNO = iif(NIT IS NULL, 0, TURNO + 1);
+    IF (TURNO > 0) THEN
+      CODIGO = CODIGO || '.' || lpad(TURNO, 6, '0');
+    SUSPEND;
+  END
+END^
+
+-- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre.
+-- Con TERCERO "S", también por tercero, como el acumulado. Lo llama Tfrngbalanceanual. CENTROS no
+-- se usa: los centros tienen su procedimiento.
+CREATE OR ALTER PROCEDURE BALANCE_ANUAL{_NIIF} (
+  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), CENTROS char(1))
+RETURNS (CODIGO varchar(30), NOMBRE varchar(60), INICIAL numeric(15,2), MVENE numeric(15,2),
+  MVFEB numeric(15,2), MVMAR numeric(15,2), MVABR numeric(15,2), MVMAY numeric(15,2),
+  MVJUN numeric(15,2), MVJUL numeric(15,2), MVAGO numeric(15,2), MVSEP numeric(15,2),
+  MVOCT numeric(15,2), MVNOV numeric(15,2), MVDIC numeric(15,2), MVCIE numeric(15,2),
+  FINAL numeric(15,2), NIVEL integer, NIT varchar(20), NOMTERC varchar(60), PROY varchar(4),
+  CENTRO varchar(4))
+AS
+BEGIN
+  FOR
+    WITH HOJA AS (
+      SELECT S.CUEN_COD CUENTA, S.TERC_NIT NIT,
+        sum(iif(S.SALD_ANO < :ANO OR S.SALD_MES = 0, S.SALD_DEBITO - S.SALD_CREDITO, 0)) INI,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 1, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M01,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 2, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M02,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 3, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M03,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 4, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M04,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 5, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M05,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 6, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M06,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 7, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M07,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 8, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M08,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 9, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M09,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 10, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M10,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 11, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M11,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 12, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M12,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES > 12, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M13,
+        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES > 0, 1, 0)) MOVIDAS
+      FROM VISTA_SALDOS_TERCERO{_NIIF} S
+      WHERE S.CUEN_COD >= :DESDE AND (S.CUEN_COD <= :HASTA OR S.CUEN_COD STARTING WITH :HASTA)
+        AND S.SALD_ANO <= :ANO
+      GROUP BY S.CUEN_COD, S.TERC_NIT),
+    FILA AS (
+      SELECT substring(H.CUENTA FROM 1 FOR N.ESTR_DIGITOS) CUENTA, cast(NULL AS varchar(20)) NIT,
+        N.ESTR_NIVEL NIVEL, sum(INI) INI, sum(M01) M01, sum(M02) M02, sum(M03) M03, sum(M04) M04,
+        sum(M05) M05, sum(M06) M06, sum(M07) M07, sum(M08) M08, sum(M09) M09, sum(M10) M10,
+        sum(M11) M11, sum(M12) M12, sum(M13) M13
+      FROM HOJA H
+      JOIN ESTRUCTURA N ON N.ESTR_DIGITOS <= char_length(H.CUENTA)
+      WHERE H.INI <> 0 OR H.MOVIDAS > 0
+      GROUP BY 1, 3
+      UNION ALL
+      SELECT H.CUENTA, H.NIT, N.ESTR_NIVEL, INI, M01, M02, M03, M04, M05, M06, M07, M08, M09, M10,
+        M11, M12, M13
+      FROM HOJA H
+      LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(H.CUENTA)
+      WHERE :TERCERO = 'S' AND H.NIT <> '' AND (H.INI <> 0 OR H.MOVIDAS > 0))
+    SELECT F.CUENTA || iif(F.NIT IS NULL, '', '.' || F.NIT), C.CUEN_NOM, F.INI, F.M01, F.M02, F.M03,
+      F.M04, F.M05, F.M06, F.M07, F.M08, F.M09, F.M10, F.M11, F.M12, F.M13, F.INI + F.M01 + F.M02
+        + F.M03 + F.M04 + F.M05 + F.M06 + F.M07 + F.M08 + F.M09 + F.M10 + F.M11 + F.M12 + F.M13,
+      F.NIVEL, F.NIT, T.TERC_NOM
+    FROM FILA F
+    LEFT JOIN {CUENTAS} C ON C.CUEN_COD = F.CUENTA
+    LEFT JOIN TERCEROS T ON T.TERC_NIT = F.NIT
+    ORDER BY F.CUENTA, F.NIT NULLS FIRST
+    INTO :CODIGO, :NOMBRE, :INICIAL, :MVENE, :MVFEB, :MVMAR, :MVABR, :MVMAY, :MVJUN, :MVJUL, :MVAGO,
+      :MVSEP, :MVOCT, :MVNOV, :MVDIC, :MVCIE, :FINAL, :NIVEL, :NIT, :NOMTERC
+  DO
+    SUSPEND;
+END^
+
+-- Dos meses de cualquier año, lado a lado; con TERCEROS "S", también por tercero. TERCERO es "S" en
+-- las filas de tercero. Lo llama Tfrngbalancecomparativo.
+CREATE OR ALTER PROCEDURE BALANCE_COMPARATIVO{_NIIF} (
+  ANO1 varchar(4), MES1 smallint, ANO2 varchar(4), MES2 smallint, TERCEROS char(1))
+RETURNS (CUENTA varchar(30), NOM_CUENTA varchar(60), NIT varchar(20), NOM_TERCERO varchar(60),
+  INICIAL1 numeric(15,2), DEBITOS1 numeric(15,2), CREDITOS1 numeric(15,2), FINAL1 numeric(15,2),
+  INICIAL2 numeric(15,2), DEBITOS2 numeric(15,2), CREDITOS2 numeric(15,2), FINAL2 numeric(15,2),
+  TERCERO char(1), NIVEL integer, NOMCTATER varchar(60))
+AS
+BEGIN
+  FOR
+    SELECT U.CODIGO || iif(U.NIT IS NULL, '', '.' || U.NIT), C.CUEN_NOM, U.NIT, T.TERC_NOM,
+      sum(iif(U.CUAL = 1, U.INICIAL, 0)), sum(iif(U.CUAL = 1, U.DEBITOS, 0)),
+      sum(iif(U.CUAL = 1, U.CREDITOS, 0)), sum(iif(U.CUAL = 2, U.INICIAL, 0)),
+      sum(iif(U.CUAL = 2, U.DEBITOS, 0)), sum(iif(U.CUAL = 2, U.CREDITOS, 0)), U.NIVEL
+    FROM (
+      SELECT 1 CUAL, CODIGO, NIT, NIVEL, INICIAL, DEBITOS, CREDITOS
+      FROM BALANCE_TRAMO{_NIIF}('', 'ZZ', '', 'ZZ', :ANO1, :MES1, :MES1, 'N', :TERCEROS)
+      UNION ALL
+      SELECT 2, CODIGO, NIT, NIVEL, INICIAL, DEBITOS, CREDITOS
+      FROM BALANCE_TRAMO{_NIIF}('', 'ZZ', '', 'ZZ', :ANO2, :MES2, :MES2, 'N', :TERCEROS)) U
+    LEFT JOIN {CUENTAS} C ON C.CUEN_COD = U.CODIGO
+    LEFT JOIN TERCEROS T ON T.TERC_NIT = U.NIT
+    GROUP BY U.CODIGO, U.NIT, C.CUEN_NOM, T.TERC_NOM, U.NIVEL
+    ORDER BY U.CODIGO, U.NIT NULLS FIRST
+    INTO :CUENTA, :NOM_CUENTA, :NIT, :NOM_TERCERO, :INICIAL1, :DEBITOS1, :CREDITOS1, :INICIAL2,
+      :DEBITOS2, :CREDITOS2, :NIVEL
+  DO
+  BEGIN
+    FINAL1 = INICIAL1 + DEBITOS1 - CREDITOS1;
+    FINAL2 = INICIAL2 + DEBITOS2 - CREDITOS2;
+    TERCERO = iif(NIT IS NULL, 'N', 'S');
+    NOMCTATER = iif(NIT IS NULL, NOM_CUENTA, NOM_TERCERO);
+    SUSPEND;
+  END
+END^
+--</LIBROS>
+
+-- Resultado del año mes a mes, con el signo del estado: MV el movimiento del mes, SA el acumulado
+-- hasta él. CIE son ajustes y cierre. Filas de las clases 4 a 7 y, al final, la utilidad (CODIGO
+-- "Z", NIVEL 0). Lo llama Tfrngresultadoanual.
+CREATE OR ALTER PROCEDURE RESULTADO_ANUAL (ANO varchar(4), NIIF char(1))
+RETURNS (CODIGO varchar(20), NOMBRE varchar(60), NIVEL integer, MVENE numeric(15,2),
+  MVFEB numeric(15,2), MVMAR numeric(15,2), MVABR numeric(15,2), MVMAY numeric(15,2),
+  MVJUN numeric(15,2), MVJUL numeric(15,2), MVAGO numeric(15,2), MVSEP numeric(15,2),
+  MVOCT numeric(15,2), MVNOV numeric(15,2), MVDIC numeric(15,2), MVCIE numeric(15,2),
+  SAENE numeric(15,2), SAFEB numeric(15,2), SAMAR numeric(15,2), SAABR numeric(15,2),
+  SAMAY numeric(15,2), SAJUN numeric(15,2), SAJUL numeric(15,2), SAAGO numeric(15,2),
+  SASEP numeric(15,2), SAOCT numeric(15,2), SANOV numeric(15,2), SADIC numeric(15,2),
+  SACIE numeric(15,2))
+AS
+BEGIN
+  FOR
+    WITH TODO AS (
+      SELECT CODIGO, NOMBRE, NIVEL, MVENE, MVFEB, MVMAR, MVABR, MVMAY, MVJUN, MVJUL, MVAGO, MVSEP,
+        MVOCT, MVNOV, MVDIC, MVCIE
+      FROM BALANCE_ANUAL(:ANO, '4', '7', 'N', 'N') WHERE :NIIF <> 'S'
+      UNION ALL
+      SELECT CODIGO, NOMBRE, NIVEL, MVENE, MVFEB, MVMAR, MVABR, MVMAY, MVJUN, MVJUL, MVAGO, MVSEP,
+        MVOCT, MVNOV, MVDIC, MVCIE
+      FROM BALANCE_ANUAL_NIIF(:ANO, '4', '7', 'N', 'N') WHERE :NIIF = 'S'),
+    FILA AS (
+      SELECT CODIGO, NOMBRE, NIVEL, NATURALEZA(CODIGO) SIGNO, MVENE, MVFEB, MVMAR, MVABR, MVMAY,
+        MVJUN, MVJUL, MVAGO, MVSEP, MVOCT, MVNOV, MVDIC, MVCIE
+      FROM TODO
+      UNION ALL
+      SELECT 'Z', 'Utilidad o pérdida', 0, -1, sum(MVENE), sum(MVFEB), sum(MVMAR), sum(MVABR),
+        sum(MVMAY), sum(MVJUN), sum(MVJUL), sum(MVAGO), sum(MVSEP), sum(MVOCT), sum(MVNOV),
+        sum(MVDIC), sum(MVCIE)
+      FROM TODO WHERE NIVEL = 1
+      HAVING count(*) > 0)
+    SELECT CODIGO, NOMBRE, NIVEL, SIGNO * MVENE, SIGNO * MVFEB, SIGNO * MVMAR, SIGNO * MVABR,
+      SIGNO * MVMAY, SIGNO * MVJUN, SIGNO * MVJUL, SIGNO * MVAGO, SIGNO * MVSEP, SIGNO * MVOCT,
+      SIGNO * MVNOV, SIGNO * MVDIC, SIGNO * MVCIE
+    FROM FILA
+    ORDER BY CODIGO
+    INTO :CODIGO, :NOMBRE, :NIVEL, :MVENE, :MVFEB, :MVMAR, :MVABR, :MVMAY, :MVJUN, :MVJUL, :MVAGO,
+      :MVSEP, :MVOCT, :MVNOV, :MVDIC, :MVCIE
+  DO
+  BEGIN
+    SAENE = MVENE;
+    SAFEB = SAENE + MVFEB;
+    SAMAR = SAFEB + MVMAR;
+    SAABR = SAMAR + MVABR;
+    SAMAY = SAABR + MVMAY;
+    SAJUN = SAMAY + MVJUN;
+    SAJUL = SAJUN + MVJUL;
+    SAAGO = SAJUL + MVAGO;
+    SASEP = SAAGO + MVSEP;
+    SAOCT = SASEP + MVOCT;
+    SANOV = SAOCT + MVNOV;
+    SADIC = SANOV + MVDIC;
+    SACIE = SADIC + MVCIE;
+    SUSPEND;
+  END
+END^
+
+SET TERM ; ^
