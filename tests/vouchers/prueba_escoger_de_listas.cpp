@@ -117,10 +117,7 @@ private slots:
         QCOMPARE(ficha_de_a->objectName(), QString("Tfnvotercero"));
         Tfmovimien* b = comprobante(d, "dos");
         i.espere(pregunta, "Sí");
-        d.linea({"130505"});
-        d.rejilla().SelectedIndex(LineasLibro::kTercero);
-        digite("901777999");
-        oprima(Qt::Key_Return);
+        d.linea({"510506", "901777999"}); // sin panel que se lleve el foco
         QCOMPARE(s.escritorio.activa()->objectName(), QString("Tfnvotercero"));
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         // el de la línea se abandona; el del encabezado del otro comprobante se graba
