@@ -96,7 +96,8 @@ QStringList Sesion::codigos() const {
 int main(int argc, char** argv) {
     QCoreApplication aplicacion(argc, argv);
     QStringList escritos = aplicacion.arguments().mid(1);
-    const QVector<Orden> ordenes = ordenes_de_bases() + ordenes_de_usuarios();
+    const QVector<Orden> ordenes =
+        ordenes_de_bases() + ordenes_de_usuarios() + ordenes_de_documentos();
     const QStringList ayudas = {"--help", "--ayuda", "-h"};
     if (escritos.isEmpty() || ayudas.contains(escritos.front())) {
         muestre_ayuda(ordenes);

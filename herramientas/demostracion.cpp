@@ -2,6 +2,7 @@
 
 #include "herramientas/administracion.h"
 #include "herramientas/demo_ano.h"
+#include "herramientas/demo_documentos.h"
 #include "herramientas/demo_formatos.h"
 
 namespace {
@@ -33,7 +34,8 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
                                           const OpcionesDemostracion& opciones,
                                           const std::function<void(const QString&)>& aviso) {
     registre_usuarios(general, compania, opciones.ano);
-    AnoDemo ano(compania, siembre_catalogos(compania), opciones.semilla, opciones.ano);
+    const CatalogosDemo catalogos = siembre_catalogos(compania);
+    AnoDemo ano(compania, catalogos, opciones.semilla, opciones.ano);
     siembre_formatos(compania);
     ano.abra();
     const qint64 milesimas =
@@ -47,5 +49,8 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
     }
     ano.complete(opciones.renglones);
     ano.ajuste();
-    return {ano.libro().comprobantes(), ano.libro().renglones(), ano.libro().renglones_niif()};
+    const DocumentosDemo pendientes =
+        siembre_documentos(compania, catalogos, opciones.semilla, opciones.ano + 1);
+    return {ano.libro().comprobantes(), ano.libro().renglones(), ano.libro().renglones_niif(),
+            pendientes.documentos, pendientes.defectuosos};
 }

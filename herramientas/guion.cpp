@@ -13,17 +13,19 @@ struct Renglon {
     int numero = 0;
 };
 
-using Marcas = std::array<std::pair<const char*, const char*>, 6>;
+using Marcas = std::array<std::pair<const char*, const char*>, 7>;
 
 constexpr Marcas kLibro2649{{{"{CUENTAS}", "CUENTAS"},
                              {"{DETALLE}", "COMPROBANTE_DETALLE"},
                              {"{_NIIF}", ""},
+                             {"{_CTAS}", "_CTAS"},
                              {"{_N}", ""},
                              {"{TIDO}", "1"},
                              {"{LIBRO}", "2649"}}};
 constexpr Marcas kLibroNiif{{{"{CUENTAS}", "CUENTAS_NIIF"},
                              {"{DETALLE}", "COMPROBANTE_DETALLE_NIIF"},
                              {"{_NIIF}", "_NIIF"},
+                             {"{_CTAS}", "_NIIF"},
                              {"{_N}", "_N"},
                              {"{TIDO}", "1001"},
                              {"{LIBRO}", "NIIF"}}};
@@ -50,32 +52,33 @@ void agregue_para(const QStringList& marcas, const QStringList& valores, const T
     }
 }
 
-/// Cambia cada bloque entre --<ETIQUETA> y --</ETIQUETA> por lo que `repita` haga con él.
+/// Cambia cada bloque entre --<ETIQUETA> y --</ETIQUETA> por lo que `repita` haga con él. Le da
+/// también las palabras que la apertura lleve tras la etiqueta.
 template <class Repita>
 Texto expanda(const Texto& entrada, const QString& etiqueta, const QString& archivo,
               Repita repita) {
-    const QString abre = "--<" + etiqueta + '>', cierra = "--</" + etiqueta + '>';
+    const QString abre = "--<" + etiqueta, cierra = "--</" + etiqueta + '>';
     Texto salida, bloque;
-    int abierto = 0;
+    Renglon abierto;
     for (const Renglon& r : entrada) {
         const QString limpia = r.texto.trimmed();
-        if (limpia == abre) {
-            if (abierto)
+        if (limpia.startsWith(abre)) {
+            if (abierto.numero)
                 falle(archivo, r.numero,
                       QStringLiteral("un bloque %1 dentro de otro").arg(etiqueta));
-            abierto = r.numero;
+            abierto = r;
             bloque.clear();
         } else if (limpia == cierra) {
-            if (!abierto)
+            if (!abierto.numero)
                 falle(archivo, r.numero, QStringLiteral("cierre de %1 sin apertura").arg(etiqueta));
-            repita(bloque, salida);
-            abierto = 0;
+            repita(bloque, salida, abierto);
+            abierto = {};
         } else {
-            (abierto ? bloque : salida).push_back(r);
+            (abierto.numero ? bloque : salida).push_back(r);
         }
     }
-    if (abierto)
-        falle(archivo, abierto, QStringLiteral("bloque %1 sin cierre").arg(etiqueta));
+    if (abierto.numero)
+        falle(archivo, abierto.numero, QStringLiteral("bloque %1 sin cierre").arg(etiqueta));
     return salida;
 }
 
@@ -116,6 +119,26 @@ void repita_por_clave(const Texto& bloque, Texto& salida, const QString& archivo
     }
 }
 
+/// Se repite por cada fila de la lista que la apertura nombra.
+void repita_por_fila(const Texto& bloque, Texto& salida, const Renglon& apertura,
+                     const QString& archivo, const LectorListas& listas) {
+    const QStringList palabras = apertura.texto.trimmed().chopped(1).simplified().split(' ');
+    const bool con = palabras.size() == 4 && palabras[2] == QLatin1String("CON");
+    if (!listas || (palabras.size() != 2 && !con))
+        falle(archivo, apertura.numero, QStringLiteral("un bloque FILAS mal escrito"));
+    const ListaGuion lista = lea_lista(listas(palabras[1]), palabras[1]);
+    const qsizetype exigida = con ? lista.columnas.indexOf(palabras[3]) : 0;
+    if (exigida < 0)
+        falle(archivo, apertura.numero,
+              QStringLiteral("%1 no tiene la columna %2").arg(palabras[1], palabras[3]));
+    QStringList marcas;
+    for (const QString& columna : lista.columnas)
+        marcas << '{' + columna + '}';
+    for (const QStringList& fila : lista.filas)
+        if (!con || !fila[exigida].isEmpty())
+            agregue_para(marcas, fila, bloque, salida);
+}
+
 void repita_por_libro(const Texto& bloque, Texto& salida) {
     for (const Marcas& libro : {kLibro2649, kLibroNiif}) {
         QStringList marcas, valores;
@@ -127,12 +150,20 @@ void repita_por_libro(const Texto& bloque, Texto& salida) {
     }
 }
 
-/// Las claves primero: sus valores pueden llevar marcas de libro.
-Texto expanda_bloques(const QString& texto, const QString& archivo) {
-    const Texto por_clave =
-        expanda(renglones_de(texto), QStringLiteral("CLAVES"), archivo,
-                [&](const Texto& b, Texto& salida) { repita_por_clave(b, salida, archivo); });
-    return expanda(por_clave, QStringLiteral("LIBROS"), archivo, repita_por_libro);
+/// Las filas y las claves primero: sus valores pueden llevar marcas de libro.
+Texto expanda_bloques(const QString& texto, const QString& archivo, const LectorListas& listas) {
+    const auto por_fila = [&](const Texto& b, Texto& salida, const Renglon& apertura) {
+        repita_por_fila(b, salida, apertura, archivo, listas);
+    };
+    const auto por_clave = [&](const Texto& b, Texto& salida, const Renglon&) {
+        repita_por_clave(b, salida, archivo);
+    };
+    const auto por_libro = [](const Texto& b, Texto& salida, const Renglon&) {
+        repita_por_libro(b, salida);
+    };
+    Texto t = expanda(renglones_de(texto), QStringLiteral("FILAS"), archivo, por_fila);
+    t = expanda(t, QStringLiteral("CLAVES"), archivo, por_clave);
+    return expanda(t, QStringLiteral("LIBROS"), archivo, por_libro);
 }
 
 /// Recorre los renglones ya expandidos y junta sentencias hasta cada terminador.
@@ -218,8 +249,9 @@ private:
 
 } // namespace
 
-QVector<SentenciaGuion> lea_guion(const QString& texto, const QString& archivo) {
-    return Partidor(expanda_bloques(texto, archivo), archivo).parta();
+QVector<SentenciaGuion> lea_guion(const QString& texto, const QString& archivo,
+                                  const LectorListas& listas) {
+    return Partidor(expanda_bloques(texto, archivo, listas), archivo).parta();
 }
 
 ListaGuion lea_lista(const QString& texto, const QString& archivo) {

@@ -162,7 +162,8 @@ void Instalador::ejecute_guiones(TipoBase tipo) {
 
 void Instalador::ejecute_guion(const QString& archivo) {
     Existentes existentes(conexion_);
-    for (const SentenciaGuion& s : lea_guion(lea(archivo), archivo)) {
+    const auto lista = [this](const QString& nombre) { return lea(nombre); };
+    for (const SentenciaGuion& s : lea_guion(lea(archivo), archivo, lista)) {
         if (existentes.sobra(s.texto))
             continue;
         try {

@@ -34,6 +34,7 @@ struct Orden {
 
 QVector<Orden> ordenes_de_bases();
 QVector<Orden> ordenes_de_usuarios();
+QVector<Orden> ordenes_de_documentos();
 
 /// Renglón en la salida normal.
 void diga(const QString& texto);

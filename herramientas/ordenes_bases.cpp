@@ -104,11 +104,13 @@ void crear_demo(const Sesion& s) {
         for (const char* usuario : {"ADMIN", "AUXILIAR"})
             cree_usuario_servidor(general, QLatin1String(usuario),
                                   a.exija(QStringLiteral("clave-usuario")));
-    diga(QStringLiteral("Compañía %1 con %2 comprobantes, %3 renglones 2649 y %4 NIIF.")
+    diga(QStringLiteral("Compañía %1 con %2 comprobantes, %3 renglones 2649 y %4 NIIF, y %5"
+                        " documentos sin contabilizar.")
              .arg(d.codigo)
              .arg(r.comprobantes)
              .arg(r.renglones)
-             .arg(r.renglones_niif));
+             .arg(r.renglones_niif)
+             .arg(r.documentos));
 }
 
 void actualice_una(const ParametrosConexion& base, TipoBase tipo, const QString& nombre) {
