@@ -1,7 +1,8 @@
 #pragma once
 // Lista de un catálogo grande (terceros, artículos): búsqueda, mantenimiento y selección.
 //
-// F3 elimina, F4 modifica, F5 crea, Mayús+F12 lleva al texto de búsqueda y Esc cierra. Enter
+// Lo que se teclea sobre las filas se busca, las cifras por el código y lo demás por el nombre. F3
+// elimina, F4 modifica, F5 crea, Mayús+F12 lleva al texto de búsqueda y Esc cierra. Enter
 // modifica en mantenimiento y escoge como selector; con la fila de filtros abierta solo aplica el
 // filtro. Al volver a la lista las filas se releen.
 #include "datos/recordset/conjunto.h"
@@ -37,9 +38,10 @@ protected:
         else
             close();
     }
-    /// Busca el texto con que otra pantalla la abrió tras un "?": por la primera columna si empieza
-    /// por cifra y si no por la segunda. Falso si viene vacío.
+    /// Busca el texto con que otra pantalla la abrió tras un "?". Falso si viene vacío.
     bool busque_lo_pedido(const QString& texto_busqueda);
+    /// Señala la fila de ese código, si está en la lista.
+    void ubique(const QString& codigo);
     /// Código de la fila actual, la primera columna; vacío sin filas.
     QString codigo() const;
     /// Cierra, cambia el texto y abre.

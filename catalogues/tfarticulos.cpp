@@ -11,7 +11,7 @@ Tfarticulos::Tfarticulos()
     : ListaCatalogo("Tfarticulos", "Artículos", fdmArt().QArticulos, "Articulos") {
     campos_articulos(*conjunto_);
     conjunto_->texto("ARTI_UNIDAD", 10);
-    arme({{"&Descripción", "arti_des"}, {"C&ódigo", "arti_cod"}}, {},
+    arme({{"&Descripción", "arti_des"}, {"C&ódigo", "arti_cod", true}}, {},
          {{"ARTI_COD", "Código", 16},
           {"ARTI_DES", "Descripción", 46},
           {"ARTI_UNIDAD", "Unidad", 10}},
@@ -24,6 +24,7 @@ void Tfarticulos::FormCreate() {
     fdm().ConfigurarProviders(this);
     aplique_modo();
     sbBuscarClick();
+    ubique(peticion<PideArticulo>().articulo_localizar);
 }
 
 void Tfarticulos::sbBuscarClick() {

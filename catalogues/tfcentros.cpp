@@ -45,6 +45,15 @@ void Tfcentros::FormCreate() {
         detalle_->Filtered(true);
         maestro_->BeforeDelete = [this] { revise_centros_ocultos(); };
     }
+    if (trae<PideCentro>())
+        como_selector();
+    const CentroEscogido actual = peticion<PideCentro>().localizar;
+    if (!actual.proyecto_seleccion.isEmpty() &&
+        maestro_->Locate("PROY_COD", {actual.proyecto_seleccion})) {
+        detalle_->Locate("CENT_COD", {actual.centro_seleccion});
+        DBGridEh2->setFocus();
+        return;
+    }
     DBGridEh1->setFocus();
 }
 

@@ -21,16 +21,21 @@ Tfconceptos::Tfconceptos()
 void Tfconceptos::FormCreate() {
     RejillaCatalogo::FormCreate();
     // Como selector, Enter escoge; en mantenimiento sigue siendo de la rejilla.
-    if (!peticion<AbreLista>().modo_mantenimiento)
-        tecla(Qt::Key_Return, "SpeedButton1", [this] {
-            if (conjunto_->editando())
-                conjunto_->Post();
-            else
-                SpeedButton1Click();
-        });
+    if (peticion<AbreLista>().modo_mantenimiento)
+        return;
+    DBGridEh1->ubica_al_teclear = true;
+    if (const QString actual = peticion<PideConcepto>().concepto_localizar; !actual.isEmpty())
+        conjunto_->Locate("CONC_COD", {actual});
+    tecla(Qt::Key_Return, "SpeedButton1", [this] {
+        if (conjunto_->editando())
+            conjunto_->Post();
+        else
+            SpeedButton1Click();
+    });
 }
 
 void Tfconceptos::SpeedButton1Click() {
-    responda<PideConcepto>(conjunto_->FieldByName("CONC_COD").texto());
+    if (const QString concepto = conjunto_->FieldByName("CONC_COD").texto(); !concepto.isEmpty())
+        responda<PideConcepto>(concepto);
     close();
 }

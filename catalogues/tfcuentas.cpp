@@ -30,7 +30,7 @@ Tfcuentas::Tfcuentas(Libro libro)
     nombre_nuevo_ = "SBNueva";
     rotulo_nuevo_ = "F5:Nueva";
     enter_con_filtros_ = true;
-    arme({{"&Código", "cuen_cod"}, {"N&ombre", "cuen_nom"}}, "Mostrar inactivas",
+    arme({{"&Código", "cuen_cod", true}, {"N&ombre", "cuen_nom"}}, "Mostrar inactivas",
          {{"CUEN_COD", "Código", 12},
           {"CUEN_NOM", "Nombre", 40},
           {"CUEN_TERCERO", "Terc.", 5, Casilla},
@@ -73,13 +73,27 @@ void Tfcuentas::FormCreate() {
     if (pedida.modo_selector)
         oculte_botones();
     fdm().ConfigurarProviders(this);
+    lea_niveles();
     aplique_modo();
     consulte(base_ + "where cuen_activa = 'S' order by cuen_cod");
-    if (!pedida.cuenta_localizar.isEmpty())
-        conjunto_->Locate("CUEN_COD", {pedida.cuenta_localizar});
+    ubique(pedida.cuenta_localizar);
     busque_lo_pedido(pedida.texto_busqueda);
     if (!fdm().exija_acceso(kOpcionConsultar))
         pida_cierre_al_crear();
+}
+
+void Tfcuentas::lea_niveles() {
+    QVector<qsizetype> digitos; // de cada nivel, del primero al último
+    CBorrar->Open("select estr_digitos from estructura order by estr_nivel");
+    for (; !CBorrar->Eof(); CBorrar->Next())
+        digitos << qsizetype(CBorrar->Fields(0).entero());
+    CBorrar->Close();
+    DBGridEh1->sangre("CUEN_NOM", [this, digitos](int fila) {
+        const QString codigo =
+            conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_COD")).texto();
+        return int(std::count_if(digitos.begin(), digitos.end(),
+                                 [&](qsizetype d) { return d < codigo.size(); }));
+    });
 }
 
 void Tfcuentas::sbBuscarClick() {

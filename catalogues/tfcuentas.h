@@ -24,6 +24,8 @@ protected:
 
 private:
     void arme_botones();
+    /// Los nombres se sangran según el nivel de la cuenta en la estructura.
+    void lea_niveles();
     /// Deja solo escoger y salir, con sus teclas: así la abre un selector modal.
     void oculte_botones();
     /// Abre la consulta de la cuenta actual, si puede llevar movimiento.

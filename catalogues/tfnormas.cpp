@@ -43,6 +43,8 @@ Tfnormas::Tfnormas()
 void Tfnormas::FormCreate() {
     fdm().ConfigurarProviders(this);
     maestro_->Open();
+    if (trae<PideNorma>())
+        como_selector();
     DBGridEh1->setFocus();
 }
 

@@ -31,7 +31,7 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
     CPuc->texto("PUC_CTACORR", 20).etiqueta("Cuenta de corrección");
     CPuc->bandera("PUC_AJDB").etiqueta("Ajuste al débito");
 
-    busqueda_ = new FilaBusqueda({{"Código", "puc_cod"}, {"Nombre", "puc_nom"}}, {}, this);
+    busqueda_ = new FilaBusqueda({{"Código", "puc_cod", true}, {"Nombre", "puc_nom"}}, {}, this);
     busqueda_->sbBuscarClick = [this] { sbBuscarClick(); };
     busqueda_->ckfiltroClick = [this](bool si) { DBGridEh1->filtro_visible(si); };
 
@@ -44,6 +44,8 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
     DBGridEh1->ReadOnly = true;
     DBGridEh1->orden_local = true;
     DBGridEh1->dgMultiSelect(true);
+    DBGridEh1->OnTeclear = [this](const QString& texto) { busqueda_->busque_texto(texto); };
+    busqueda_->al_bajar = [this] { DBGridEh1->setFocus(); };
     DBGridEh1->texto_vacio = "La lista publicada no tiene cuentas.";
     DBGridEh1->nombre_archivo = "PlanUnico";
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";

@@ -29,7 +29,7 @@ Tfterceros::Tfterceros()
         t.bandera(QString::fromLatin1(bandera));
     t.texto("CIUD_COD", 5);
 
-    arme({{"&NIT", "terc_nit"}, {"N&ombre", "terc_nom"}, {"&Contacto", "terc_contacto"}},
+    arme({{"&NIT", "terc_nit", true}, {"N&ombre", "terc_nom"}, {"&Contacto", "terc_contacto"}},
          "Mostrar inactivos",
          {{"TERC_NIT", "NIT", 14},
           {"TERC_DV", "DV", 3},
@@ -66,8 +66,10 @@ void Tfterceros::FormCreate() {
         conjunto_->Filter("TERC_ESTADO = 'S'");
         conjunto_->Filtered(true);
     }
-    if (!busque_lo_pedido(peticion<PideTercero>().texto_busqueda))
+    const auto pedido = peticion<PideTercero>();
+    if (!busque_lo_pedido(pedido.texto_busqueda))
         consulte(kBase + "where terc_estado = 'S' order by terc_nom");
+    ubique(pedido.tercero_localizar);
 }
 
 void Tfterceros::sbBuscarClick() {

@@ -303,10 +303,11 @@ void FormaRango::busque(QWidget* caja) {
     const auto reciba_codigo = [this, destino](const QString& codigo) { reciba(destino, codigo); };
     switch (clase_de(*par)) {
     case ClaseRango::Cuenta:
-        escoja_cuenta(*this, niif() ? Libro::Niif : Libro::Decreto2649, {}, reciba_codigo);
+        escoja_cuenta(*this, niif() ? Libro::Niif : Libro::Decreto2649, {}, reciba_codigo,
+                      destino->text());
         break;
     case ClaseRango::Tercero:
-        escoja_tercero(*this, {}, reciba_codigo);
+        escoja_tercero(*this, {}, reciba_codigo, destino->text());
         break;
     case ClaseRango::Proyecto:
     case ClaseRango::Centro:

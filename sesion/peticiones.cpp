@@ -14,9 +14,10 @@ template <class P> void pida(Pantalla& este, const char* nombre, P peticion, Rec
 
 // ---------------------------------------------------------------- listas
 
-void escoja_cuenta(Pantalla& este, Libro libro, const QString& texto, Recibo<PideCuenta> reciba) {
-    pida(este, datos(libro).pantalla_cuentas, PideCuenta{.texto_busqueda = texto},
-         std::move(reciba));
+void escoja_cuenta(Pantalla& este, Libro libro, const QString& texto, Recibo<PideCuenta> reciba,
+                   const QString& actual) {
+    pida(este, datos(libro).pantalla_cuentas,
+         PideCuenta{.texto_busqueda = texto, .cuenta_localizar = actual}, std::move(reciba));
 }
 
 QString escoja_cuenta_modal(const QString& cuenta_localizar, Libro libro) {
@@ -26,28 +27,29 @@ QString escoja_cuenta_modal(const QString& cuenta_localizar, Libro libro) {
         .value_or(QString());
 }
 
-void escoja_tercero(Pantalla& este, const QString& texto, Recibo<PideTercero> reciba) {
-    pida(este, "Tfterceros", PideTercero{texto}, std::move(reciba));
+void escoja_tercero(Pantalla& este, const QString& texto, Recibo<PideTercero> reciba,
+                    const QString& actual) {
+    pida(este, "Tfterceros", PideTercero{texto, actual}, std::move(reciba));
 }
 
 void cree_tercero(Pantalla& este, const QString& nit, Recibo<PideNuevoTercero> reciba) {
     pida(este, "Tfnvotercero", PideNuevoTercero{nit}, std::move(reciba));
 }
 
-void escoja_centro(Pantalla& este, Recibo<PideCentro> reciba) {
-    pida(este, "Tfcentros", PideCentro{}, std::move(reciba));
+void escoja_centro(Pantalla& este, Recibo<PideCentro> reciba, const CentroEscogido& actual) {
+    pida(este, "Tfcentros", PideCentro{.localizar = actual}, std::move(reciba));
 }
 
-void escoja_concepto(Pantalla& este, Recibo<PideConcepto> reciba) {
-    pida(este, "Tfconceptos", PideConcepto{}, std::move(reciba));
+void escoja_concepto(Pantalla& este, Recibo<PideConcepto> reciba, const QString& actual) {
+    pida(este, "Tfconceptos", PideConcepto{actual}, std::move(reciba));
 }
 
-void escoja_articulo(Pantalla& este, Recibo<PideArticulo> reciba) {
-    pida(este, "Tfarticulos", PideArticulo{}, std::move(reciba));
+void escoja_articulo(Pantalla& este, Recibo<PideArticulo> reciba, const QString& actual) {
+    pida(este, "Tfarticulos", PideArticulo{actual}, std::move(reciba));
 }
 
-void escoja_activo(Pantalla& este, Recibo<PideActivo> reciba) {
-    pida(este, "Tfactivos", PideActivo{}, std::move(reciba));
+void escoja_activo(Pantalla& este, Recibo<PideActivo> reciba, const QString& actual) {
+    pida(este, "Tfactivos", PideActivo{actual}, std::move(reciba));
 }
 
 void escoja_plantilla(Pantalla& este, Recibo<PidePlantilla> reciba) {

@@ -32,6 +32,7 @@ struct PideCuenta {
 struct PideTercero {
     using Respuesta = QString; ///< NIT
     QString texto_busqueda = {};
+    QString tercero_localizar = {}; ///< fila en que se ubica
 };
 /// Un tercero nuevo con ese NIT; responde cuando queda grabado.
 struct PideNuevoTercero {
@@ -43,16 +44,20 @@ struct CentroEscogido {
 };
 struct PideCentro {
     using Respuesta = CentroEscogido;
-    bool modo_selector = false; ///< modal
+    bool modo_selector = false;    ///< modal
+    CentroEscogido localizar = {}; ///< filas en que se ubica
 };
 struct PideConcepto {
     using Respuesta = QString; ///< código de la categoría
+    QString concepto_localizar = {};
 };
 struct PideArticulo {
     using Respuesta = QString;
+    QString articulo_localizar = {};
 };
 struct PideActivo {
     using Respuesta = QString;
+    QString activo_localizar = {};
 };
 struct PidePlantilla {
     using Respuesta = QString; ///< id
@@ -66,16 +71,19 @@ struct PideNorma {
 
 template <class P> using Recibo = std::function<void(const typename P::Respuesta&)>;
 
-/// El plan del libro, buscando `texto` si lo hay.
-void escoja_cuenta(Pantalla& este, Libro libro, const QString& texto, Recibo<PideCuenta> reciba);
+/// El plan del libro, buscando `texto` si lo hay. `actual`, en esta y en las demás, es lo que ya
+/// tiene quien pide: la lista se ubica ahí.
+void escoja_cuenta(Pantalla& este, Libro libro, const QString& texto, Recibo<PideCuenta> reciba,
+                   const QString& actual = {});
 /// El plan como selector modal, ubicado en `cuenta_localizar`; vacío si salió sin escoger.
 QString escoja_cuenta_modal(const QString& cuenta_localizar, Libro libro = Libro::Decreto2649);
-void escoja_tercero(Pantalla& este, const QString& texto, Recibo<PideTercero> reciba);
+void escoja_tercero(Pantalla& este, const QString& texto, Recibo<PideTercero> reciba,
+                    const QString& actual = {});
 void cree_tercero(Pantalla& este, const QString& nit, Recibo<PideNuevoTercero> reciba);
-void escoja_centro(Pantalla& este, Recibo<PideCentro> reciba);
-void escoja_concepto(Pantalla& este, Recibo<PideConcepto> reciba);
-void escoja_articulo(Pantalla& este, Recibo<PideArticulo> reciba);
-void escoja_activo(Pantalla& este, Recibo<PideActivo> reciba);
+void escoja_centro(Pantalla& este, Recibo<PideCentro> reciba, const CentroEscogido& actual = {});
+void escoja_concepto(Pantalla& este, Recibo<PideConcepto> reciba, const QString& actual = {});
+void escoja_articulo(Pantalla& este, Recibo<PideArticulo> reciba, const QString& actual = {});
+void escoja_activo(Pantalla& este, Recibo<PideActivo> reciba, const QString& actual = {});
 void escoja_plantilla(Pantalla& este, Recibo<PidePlantilla> reciba);
 void escoja_norma(Pantalla& este, Recibo<PideNorma> reciba);
 

@@ -111,6 +111,18 @@ QString FilaBusqueda::columna() const {
     return columnas_.value(ItemIndex()).columna;
 }
 
+void FilaBusqueda::busque_texto(const QString& texto) {
+    const bool codigo = !texto.isEmpty() && texto[0].isDigit();
+    if (!texto.isEmpty() && columnas_.value(ItemIndex()).de_codigo != codigo)
+        for (int i = 0; i < columnas_.size(); ++i)
+            if (columnas_[i].de_codigo == codigo) {
+                ItemIndex(i);
+                break;
+            }
+    EBuscar->setText(texto);
+    busque();
+}
+
 CriterioBusqueda FilaBusqueda::criterio(CriterioBusqueda plantilla) const {
     plantilla.columna = columna();
     plantilla.texto = EBuscar->text();
@@ -135,6 +147,15 @@ bool FilaBusqueda::eventFilter(QObject* objeto, QEvent* evento) {
         reclama(*static_cast<QKeyEvent*>(evento))) {
         busque();
         return true;
+    }
+    if (objeto == EBuscar && evento->type() == QEvent::KeyPress && al_bajar) {
+        const auto& tecla = *static_cast<QKeyEvent*>(evento);
+        if (tecla.key() == Qt::Key_Down && !(tecla.modifiers() & ~Qt::KeypadModifier)) {
+            if (pendiente_)
+                busque();
+            al_bajar();
+            return true;
+        }
     }
     return QWidget::eventFilter(objeto, evento);
 }

@@ -227,19 +227,30 @@ void LineasCuenta::reciba(const CentroEscogido& escogido) {
     reciba("CENT_COD", escogido.centro_seleccion);
 }
 
+QString LineasCuenta::actual(const char* nombre) const {
+    // Lo que se está digitando también es lo que la celda tiene.
+    const Campo* c = detalle.Active() ? detalle.FindField(nombre) : nullptr;
+    const QString texto = c ? c->texto() : QString();
+    return texto.startsWith('?') ? QString() : texto;
+}
+
 Pantalla& LineasCuenta::pantalla() const {
     return *qobject_cast<Pantalla*>(parent());
 }
 
 void LineasCuenta::escoja_cuenta(Libro plan, const QString& texto) {
-    ::escoja_cuenta(pantalla(), plan, texto,
-                    [this](const QString& cuenta) { reciba("CUEN_COD", cuenta); });
+    ::escoja_cuenta(
+        pantalla(), plan, texto, [this](const QString& cuenta) { reciba("CUEN_COD", cuenta); },
+        actual("CUEN_COD"));
 }
 
 void LineasCuenta::escoja_tercero(const QString& texto) {
-    ::escoja_tercero(pantalla(), texto, [this](const QString& nit) { reciba("TERC_NIT", nit); });
+    ::escoja_tercero(
+        pantalla(), texto, [this](const QString& nit) { reciba("TERC_NIT", nit); },
+        actual("TERC_NIT"));
 }
 
 void LineasCuenta::escoja_centro() {
-    ::escoja_centro(pantalla(), [this](const CentroEscogido& centro) { reciba(centro); });
+    ::escoja_centro(pantalla(), [this](const CentroEscogido& centro) { reciba(centro); },
+                    {actual("PROY_COD"), actual("CENT_COD")});
 }

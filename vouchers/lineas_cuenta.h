@@ -72,6 +72,8 @@ public:
     void escoja_cuenta(Libro plan, const QString& texto);
     void escoja_tercero(const QString& texto = {});
     void escoja_centro();
+    /// Lo que la línea tiene en ese campo; vacío si es una pregunta ("?...").
+    QString actual(const char* campo) const;
     /// Tabla de la que salen los atributos de la cuenta de la línea.
     virtual const char* tabla_atributos() const { return datos(libro).cuentas; }
 

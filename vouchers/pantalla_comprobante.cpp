@@ -309,13 +309,18 @@ void PantallaComprobante::busque_tercero() {
 }
 
 void PantallaComprobante::busque_tercero_del_encabezado(const QString& texto) {
-    escoja_tercero(*this, texto,
-                   [this](const QString& nit) { reciba_en_encabezado("TERC_NIT", nit); });
+    escoja_para_encabezado("TERC_NIT", texto);
 }
 
 void PantallaComprobante::busque_mandante(const QString& texto) {
-    escoja_tercero(*this, texto,
-                   [this](const QString& nit) { reciba_en_encabezado("ENCO_MANDANTE", nit); });
+    escoja_para_encabezado("ENCO_MANDANTE", texto);
+}
+
+void PantallaComprobante::escoja_para_encabezado(const char* campo, const QString& texto) {
+    const QString actual = texto.isEmpty() ? CMovimiento.FieldByName(campo).texto() : QString();
+    escoja_tercero(
+        *this, texto, [this, campo](const QString& nit) { reciba_en_encabezado(campo, nit); },
+        actual);
 }
 
 void PantallaComprobante::reciba_en_encabezado(const char* campo, const QString& valor) {

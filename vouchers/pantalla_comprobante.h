@@ -66,6 +66,7 @@ protected:
     void busque_tercero() override;
     void busque_tercero_del_encabezado(const QString& texto);
     void busque_mandante(const QString& texto);
+    void escoja_para_encabezado(const char* campo, const QString& texto);
     void reciba_en_encabezado(const char* campo, const QString& valor);
     virtual void traiga_plantilla(const QString& plantilla) = 0;
     /// Revisa y graba por el único camino. Lo rehusado se dice aquí y deja el cursor donde se

@@ -202,31 +202,47 @@ LineasLibro* PantallaLineas::linea_que_pide() const {
 }
 
 void PantallaLineas::busque_cuenta(Libro plan) {
-    escoja_cuenta(*this, plan, {}, [l = linea_que_pide()](const QString& cuenta) {
-        if (l)
-            l->reciba("CUEN_COD", cuenta);
-    });
+    LineasLibro* l = linea_que_pide();
+    escoja_cuenta(
+        *this, plan, {},
+        [l](const QString& cuenta) {
+            if (l)
+                l->reciba("CUEN_COD", cuenta);
+        },
+        l ? l->actual("CUEN_COD") : QString());
 }
 
 void PantallaLineas::busque_tercero() {
-    escoja_tercero(*this, {}, [l = linea_que_pide()](const QString& nit) {
-        if (l)
-            l->reciba("TERC_NIT", nit);
-    });
+    LineasLibro* l = linea_que_pide();
+    escoja_tercero(
+        *this, {},
+        [l](const QString& nit) {
+            if (l)
+                l->reciba("TERC_NIT", nit);
+        },
+        l ? l->actual("TERC_NIT") : QString());
 }
 
 void PantallaLineas::busque_centro() {
-    escoja_centro(*this, [l = linea_que_pide()](const CentroEscogido& centro) {
-        if (l)
-            l->reciba(centro);
-    });
+    LineasLibro* l = linea_que_pide();
+    escoja_centro(
+        *this,
+        [l](const CentroEscogido& centro) {
+            if (l)
+                l->reciba(centro);
+        },
+        l ? CentroEscogido{l->actual("PROY_COD"), l->actual("CENT_COD")} : CentroEscogido());
 }
 
 void PantallaLineas::busque_concepto() {
-    escoja_concepto(*this, [l = linea_que_pide()](const QString& concepto) {
-        if (l)
-            l->detalle.FieldByName("CONC_COD") = concepto; // sin abrir la línea
-    });
+    LineasLibro* l = linea_que_pide();
+    escoja_concepto(
+        *this,
+        [l](const QString& concepto) {
+            if (l)
+                l->detalle.FieldByName("CONC_COD") = concepto; // sin abrir la línea
+        },
+        l ? l->actual("CONC_COD") : QString());
 }
 
 void PantallaLineas::busque_articulo(bool activo) {
@@ -237,7 +253,7 @@ void PantallaLineas::busque_articulo(bool activo) {
         l->reciba("ARTI_COD", codigo);
     };
     if (activo)
-        escoja_activo(*this, reciba);
+        escoja_activo(*this, reciba, EArticod->text());
     else
-        escoja_articulo(*this, reciba);
+        escoja_articulo(*this, reciba, EArticod->text());
 }

@@ -37,6 +37,7 @@ Tfbuscomproba::Tfbuscomproba()
     DBGridEh1->orden_local = true;
     DBGridEh1->texto_vacio = "No hay comprobantes con esas condiciones.";
     DBGridEh1->OnDblClick = [this](int) { SpeedButton2Click(); };
+    DBGridEh1->OnReturn = [this] { SpeedButton2Click(); };
     connect(filtros_->ckfiltro, &QCheckBox::toggled, this,
             [this](bool visible) { DBGridEh1->filtro_visible(visible); });
 

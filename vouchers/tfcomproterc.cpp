@@ -48,6 +48,7 @@ Tfcomproterc::Tfcomproterc()
         r->orden_local = true;
         r->texto_vacio = "El tercero no tiene movimiento con esas condiciones.";
         r->OnDblClick = [this](int) { SpeedButton2Click(); };
+        r->OnReturn = [this] { SpeedButton2Click(); };
         paginas->addTab(r, titulo);
         return r;
     };

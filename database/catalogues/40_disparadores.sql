@@ -244,6 +244,34 @@ BEGIN
     EXECUTE PROCEDURE AUDITE_CATALOGO(102, OLD.TERC_NIT, 'E', NULL);
 END^
 
+-- Ciudades y países: los terceros guardan su código sin clave foránea, porque puede venir de otra
+-- parte sin estar en la lista. Lo que alguno usa no se borra ni cambia de código.
+CREATE OR ALTER TRIGGER CIUDADES_EN_USO FOR CIUDADES
+ACTIVE BEFORE UPDATE OR DELETE POSITION 5
+AS
+  DECLARE NIT varchar(20);
+BEGIN
+  IF (UPDATING AND NEW.CIUD_COD = OLD.CIUD_COD) THEN
+    EXIT;
+  SELECT FIRST 1 TERC_NIT FROM TERCEROS WHERE CIUD_COD = OLD.CIUD_COD INTO :NIT;
+  IF (NIT IS NOT NULL) THEN
+    EXCEPTION CATALOGO_EN_USO 'La ciudad ' || OLD.CIUD_COD || ' es la del tercero ' || NIT
+      || ': no se puede borrar ni cambiar de código.';
+END^
+
+CREATE OR ALTER TRIGGER PAISES_EN_USO FOR PAISES
+ACTIVE BEFORE UPDATE OR DELETE POSITION 5
+AS
+  DECLARE NIT varchar(20);
+BEGIN
+  IF (UPDATING AND NEW.PAIS_ID = OLD.PAIS_ID) THEN
+    EXIT;
+  SELECT FIRST 1 TERC_NIT FROM TERCEROS WHERE PAIS_ID = OLD.PAIS_ID INTO :NIT;
+  IF (NIT IS NOT NULL) THEN
+    EXCEPTION CATALOGO_EN_USO 'El país ' || trim(OLD.PAIS_ID) || ' es el del tercero ' || NIT
+      || ': no se puede borrar ni cambiar de código.';
+END^
+
 CREATE OR ALTER TRIGGER CENTROS_BI FOR CENTROS
 ACTIVE BEFORE INSERT OR UPDATE POSITION 0
 AS

@@ -135,6 +135,7 @@ void Rejilla::rehaga_columnas(const QVector<DefinicionColumna>& definiciones) {
                 std::make_unique<ColumnaRejilla>(d, [this] { columna_cambiada(); }));
     });
     encabezado_->rehaga_filtros();
+    columna_sangrada_ = campo_sangrado_.isEmpty() ? -1 : columna_de(campo_sangrado_);
     campo_orden_.clear();
     encabezado_->setSortIndicatorShown(false);
     columna_cambiada();
@@ -154,6 +155,13 @@ int Rejilla::columna_de(const QString& campo) const {
         if (columnas_[size_t(i)]->FieldName.compare(campo, Qt::CaseInsensitive) == 0)
             return i;
     return -1;
+}
+
+void Rejilla::sangre(const QString& campo, std::function<int(int fila)> nivel) {
+    campo_sangrado_ = campo;
+    nivel_ = std::move(nivel);
+    columna_sangrada_ = columna_de(campo_sangrado_);
+    viewport()->update();
 }
 
 void Rejilla::lista(int indice, const QStringList& textos, const QStringList& valores) {
@@ -308,8 +316,10 @@ bool Rejilla::pie() const {
 
 const Rejilla::Aspecto& Rejilla::aspecto_de(int fila) const {
     if (fila != fila_aspecto_) {
-        aspecto_ = {font(), {}, {}};
+        aspecto_ = {font(), {}, {}, 0};
         fila_aspecto_ = fila;
+        if (nivel_ && conjunto() && conjunto()->Active() && fila < conjunto()->RecordCount())
+            aspecto_.nivel = qMax(0, nivel_(fila));
         if (OnGetCellParams && conjunto() && conjunto()->Active() &&
             fila < conjunto()->RecordCount())
             OnGetCellParams(fila, aspecto_.letra, aspecto_.frente, aspecto_.fondo);

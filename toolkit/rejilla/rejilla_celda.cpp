@@ -349,6 +349,7 @@ void Rejilla::foco_cambiado(QWidget* ahora) {
     if (!en_rejilla_ || contenedor(ahora) != contenedor(this))
         return;
     en_rejilla_ = false;
+    olvide_tecleo();
     if (!moviendo_)
         deje_celda();
     if (OnExit)

@@ -7,26 +7,15 @@
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/tecleo.h"
 
+#include <QLabel>
 #include <QScrollBar>
 
 namespace {
 
 Qt::KeyboardModifiers modificadores(const QKeyEvent& e) {
     return e.modifiers() & ~Qt::KeypadModifier;
-}
-
-/// Texto que una tecla escribiría en un editor; vacío si es una orden.
-QString escrito(const QKeyEvent& e) {
-    const auto m = modificadores(e);
-    // AltGr llega como Ctrl+Alt en algunos teclados y su carácter es texto.
-    const bool orden =
-        (m & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
-        (m & (Qt::ControlModifier | Qt::AltModifier)) != (Qt::ControlModifier | Qt::AltModifier);
-    const QString texto = e.text();
-    if (orden || texto.isEmpty() || !texto.at(0).isPrint())
-        return {};
-    return texto;
 }
 
 } // namespace
@@ -152,7 +141,32 @@ bool Rejilla::navegue(QKeyEvent& e) {
                pase_con_tab(e.key() == Qt::Key_Tab && !(m & Qt::ShiftModifier));
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return oprima_enter(m);
+        if (m == Qt::ControlModifier) {
+            if (!digitando())
+                abra_editor({}, false);
+            return true;
+        }
+        if (m == Qt::NoModifier && OnReturn && !digitando()) {
+            proteja(OnReturn);
+            return true;
+        }
+        if (m != Qt::NoModifier || !editable())
+            return false;
+        if (enter_como_tab) {
+            if (tiene_seleccion() && !enter_con_seleccion)
+                fije_actual(fila, columna);
+            else if (!siguiente_celda())
+                salga_con_tab(true);
+            return true;
+        }
+        if (digitando()) {
+            termine_edicion();
+            return true;
+        }
+        if (!celda_editable(currentIndex()) || this->columna(columna).casilla)
+            return false;
+        abra_editor({}, false);
+        return true;
     case Qt::Key_Down:
         if (m == Qt::AltModifier)
             abra_lista();
@@ -196,6 +210,10 @@ bool Rejilla::oprima_enter(Qt::KeyboardModifiers m) {
     if (m == Qt::ControlModifier) {
         if (!digitando())
             abra_editor({}, false);
+        return true;
+    }
+    if (m == Qt::NoModifier && OnReturn && !digitando()) {
+        proteja(OnReturn);
         return true;
     }
     if (m != Qt::NoModifier || !editable())
@@ -321,6 +339,8 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     evento->accept();
+    if (busca_al_teclear() && teclee(*evento))
+        return;
     if (navegue(*evento) || (!digitando() && tecla_de_celda(*evento)))
         return;
     if (digitando()) {
@@ -355,8 +375,97 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
     atienda_tecla_numerica(*evento, [this](QKeyEvent* e) { abra_editor(e->text(), true); });
 }
 
+// ---------------------------------------------------------------- búsqueda al teclear
+
+bool Rejilla::busca_al_teclear() const {
+    return !digitando() && conjunto()->Active() &&
+           (ReadOnly || (ubica_al_teclear && !conjunto()->editando()));
+}
+
+bool Rejilla::teclee(const QKeyEvent& tecla) {
+    if (!tecleo_.reciba(tecla)) {
+        if (tecla.key() != Qt::Key_Shift && tecla.key() != Qt::Key_AltGr)
+            olvide_tecleo();
+        return false;
+    }
+    ubique_lo_tecleado();
+    return true;
+}
+
+void Rejilla::ubique_lo_tecleado() {
+    proteja([this] {
+        if (OnTeclear)
+            OnTeclear(tecleo_.texto());
+        else if (!tecleo_.vacio() && !ubique_prefijo())
+            tecleo_.devuelva();
+    });
+    muestre_tecleo();
+}
+
+bool Rejilla::ubique_prefijo() {
+    int c = SelectedIndex();
+    if (c < 0 || columna(c).casilla)
+        c = columna_visible(0, 1);
+    if (c < 0)
+        return false;
+    const QString buscado =
+        texto_llano(tecleo_.repetido() ? tecleo_.texto().left(1) : tecleo_.texto());
+    // Una letra sola, y la misma otra vez, pasan a la siguiente; un texto más largo mira la actual.
+    const int actual = currentIndex().row();
+    const int desde = qMax(0, actual) + (buscado.size() == 1 && actual >= 0 ? 1 : 0);
+    const auto empieza = [&](int fila) {
+        return texto_llano(modelo_->texto(fila, c)).startsWith(buscado);
+    };
+    int fila = desde;
+    for (;; ++fila) {
+        if (fila >= modelo_->rowCount() && modelo_->canFetchMore({}))
+            modelo_->fetchMore({});
+        if (fila >= modelo_->rowCount())
+            break;
+        if (empieza(fila))
+            return vaya(fila, c);
+    }
+    for (fila = 0; fila < qMin(desde, modelo_->rowCount()); ++fila)
+        if (empieza(fila))
+            return vaya(fila, c);
+    return false;
+}
+
+void Rejilla::olvide_tecleo() {
+    tecleo_.olvide();
+    muestre_tecleo();
+}
+
+void Rejilla::muestre_tecleo() {
+    if (tecleo_.vacio() || OnTeclear) { // quien la atiende lo muestra en su caja
+        if (letrero_tecleo_)
+            letrero_tecleo_->hide();
+        return;
+    }
+    if (!letrero_tecleo_) {
+        letrero_tecleo_ = new QLabel(this);
+        letrero_tecleo_->setObjectName("letrero_tecleo");
+        letrero_tecleo_->setAutoFillBackground(true);
+        letrero_tecleo_->setBackgroundRole(QPalette::ToolTipBase);
+        letrero_tecleo_->setForegroundRole(QPalette::ToolTipText);
+        letrero_tecleo_->setFrameShape(QFrame::Box);
+        letrero_tecleo_->setMargin(3);
+    }
+    letrero_tecleo_->setText(QStringLiteral("Busca: ") + tecleo_.texto());
+    letrero_tecleo_->adjustSize();
+    const QRect filas = viewport()->geometry();
+    letrero_tecleo_->move(filas.left(), filas.bottom() - letrero_tecleo_->height());
+    letrero_tecleo_->show();
+    letrero_tecleo_->raise();
+}
+
 void Rejilla::inputMethodEvent(QInputMethodEvent* evento) {
     // Una tecla muerta ("á") llega por aquí y no como tecla.
+    if (conjunto() && busca_al_teclear() && !evento->commitString().isEmpty()) {
+        teclee({QEvent::KeyPress, 0, Qt::NoModifier, evento->commitString()});
+        evento->accept();
+        return;
+    }
     if (!digitando() && editable() &&
         (!evento->commitString().isEmpty() || !evento->preeditString().isEmpty())) {
         abra_editor({}, true);
@@ -389,6 +498,7 @@ bool Rejilla::eventFilter(QObject* objeto, QEvent* evento) {
 void Rejilla::mousePressEvent(QMouseEvent* evento) {
     evento->accept();
     arrastrando_ = false;
+    olvide_tecleo();
     const QModelIndex indice = indexAt(evento->position().toPoint());
     if (!indice.isValid()) {
         termine_edicion();
