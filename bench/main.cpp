@@ -1,4 +1,5 @@
-// bench [medida ...]: apertura, guardado, celdas, balance, auxiliar, lista, informe, masiva; sin
+// bench [medida ...]: apertura, guardado, celdas, pegado, plan, balance, auxiliar, lista, informe,
+// masiva; sin
 // argumentos, todas. Cada una corre en un proceso propio: su memoria máxima es la suya. Sale con 1
 // si alguna no cumple.
 #include "bench/medidas.h"
@@ -15,8 +16,9 @@ int main(int argc, char** argv) {
     QApplication aplicacion(argc, argv);
     const QList<std::pair<QString, void (*)()>> medidas{
         {"apertura", mida_apertura}, {"guardado", mida_guardado}, {"celdas", mida_celdas},
-        {"balance", mida_balance},   {"auxiliar", mida_auxiliar}, {"lista", mida_lista},
-        {"informe", mida_informe},   {"masiva", mida_masiva},
+        {"pegado", mida_pegado},     {"plan", mida_plan},         {"balance", mida_balance},
+        {"auxiliar", mida_auxiliar}, {"lista", mida_lista},       {"informe", mida_informe},
+        {"masiva", mida_masiva},
     };
     const QStringList pedidas = aplicacion.arguments().mid(1);
     if (pedidas.size() != 1) {

@@ -30,6 +30,8 @@ QString demostracion(int renglones);
 void mida_apertura();
 void mida_guardado();
 void mida_celdas();
+void mida_pegado();
+void mida_plan();
 void mida_balance();
 void mida_auxiliar();
 void mida_lista();

@@ -21,10 +21,6 @@ QString sin_blancos_finales(QString texto) {
     return texto;
 }
 
-QString configurado(const QString& propiedad) {
-    return fdm().configuracion("CONTABILIDAD", "TERCEROS", propiedad);
-}
-
 } // namespace
 
 FormaTercero::FormaTercero(const QString& clase, const QString& titulo) : Pantalla(clase, titulo) {
@@ -90,9 +86,8 @@ void FormaTercero::defina_campos() {
 
 void FormaTercero::FormCreate() {
     fdm().ConfigurarProviders(this);
-    DBEdit8->ReadOnly(configurado("PERMITIR MODIFICAR DIGITO DE VERIFICACION DEL NIT") == "NO");
-    obligatorios_ =
-        configurado("DATOS DE DIRECCION, CIUDAD, PAIS, TELEFONO Y MAIL OBLIGATORIOS") == "SI";
+    DBEdit8->ReadOnly(!fdm().valor<Llave::ModificarDigito>());
+    obligatorios_ = fdm().valor<Llave::DatosTerceroObligatorios>();
     CPaises->Open();
     CCiudades->Open();
     Ctipo_id->Open();
@@ -257,7 +252,7 @@ void FormaTercero::agregue_cliente() {
 void FormaTercero::agregue_proveedor() {
     CBorrar->Execute("insert into proveedores (TERC_NIT, GRPR_COD, PROV_SIMPLIFICADO) VALUES (" +
                      QuotedStr(campo("TERC_NIT").texto()) + "," +
-                     QuotedStr(configurado("CODIGO DE GRUPO PROVEEDORES")) + ", 'N')");
+                     QuotedStr(fdm().valor<Llave::GrupoProveedores>()) + ", 'N')");
 }
 
 void FormaTercero::abra_catalogo(const QString& pantalla) {

@@ -36,8 +36,7 @@ void Tfcentros::FormCreate() {
     fdm().ConfigurarProviders(this);
     CSubemp->Open();
     liste_agencias();
-    const bool por_agencia =
-        fdm().configurado_si("COMPROBANTES", "FILTRAR CENTROS DE COSTO POR AGENCIA");
+    const bool por_agencia = fdm().valor<Llave::CentrosPorAgencia>();
     maestro_->Open();
     if (por_agencia && fdm().sucursal_usuario != 0) {
         detalle_->Filter("(SUCU_ID = 0) OR (SUCU_ID = " + QString::number(fdm().sucursal_usuario) +

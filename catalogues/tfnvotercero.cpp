@@ -13,8 +13,7 @@ Tfnvotercero::Tfnvotercero() : FormaTercero("Tfnvotercero", "Nuevo tercero") {
 
 void Tfnvotercero::FormCreate() {
     FormaTercero::FormCreate();
-    solo_cifras_ = fdm().configuracion("CONTABILIDAD", "TERCEROS",
-                                       "PERMITIR LETRAS Y CARACTERES ADICIONALES EN NIT") == "NO";
+    solo_cifras_ = !fdm().valor<Llave::LetrasEnNit>();
     if (solo_cifras_)
         campo("TERC_NIT").EditMask = "999999999999999;0; ";
     CTerceros->Params["NIT"] = QString();
@@ -34,8 +33,7 @@ void Tfnvotercero::CTercerosAfterInsert() {
         campo(bandera) = "N";
     campo("TERC_TIPOID") = "J";
     campo("TERC_ESTADO") = "S";
-    const QString ciudad =
-        fdm().configuracion("CONTABILIDAD", "TERCEROS", "CODIGO DE CIUDAD A SUGERIR");
+    const QString ciudad = fdm().valor<Llave::CiudadSugerida>();
     CCiudades->Locate("CIUD_COD", {ciudad});
     campo("PAIS_ID") = "169";
     campo("CIUD_COD") = ciudad;

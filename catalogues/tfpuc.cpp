@@ -12,8 +12,7 @@ namespace {
 /// Número de la lista publicada que usa la compañía.
 int lista_en_uso() {
     static const QStringList kListas = {"COMERCIAL", "OFICIAL", "COOPERATIVO", "SERVICIOSP"};
-    const qsizetype i =
-        kListas.indexOf(fdm().configuracion("CONTABILIDAD", "GENERAL", "TIPO DE PUC A UTILIZAR"));
+    const qsizetype i = kListas.indexOf(fdm().valor<Llave::TipoPuc>());
     return i < 0 ? 5 : int(i) + 1;
 }
 

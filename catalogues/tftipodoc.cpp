@@ -90,8 +90,7 @@ void Tftipodoc::SpeedButton2Click() {
 }
 
 void Tftipodoc::SpeedButton3Click() {
-    const bool por_tipo = fdm().configurado_si(
-        "COMPROBANTES", "USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR");
+    const bool por_tipo = fdm().valor<Llave::FormatoPorTipo>();
     abra_o_avise("Tfedtformato",
                  AbreFormato{por_tipo ? maestro_->FieldByName("TICO_COD").texto()
                                       : detalle_->FieldByName("PRCO_PREF").texto()});

@@ -166,39 +166,32 @@ QStringList sesiones_ajenas(Conexion& conexion) {
 }
 
 QString mensaje_claro(const ErrorDatos& falla) {
-    const QString t = falla.texto();
-    const QString citado = t.section('"', 1, 1);
-    const auto dice = [&](const char* trozo) {
-        return t.contains(QLatin1String(trozo), Qt::CaseInsensitive);
-    };
-    if (dice("Your user name and password are not defined"))
+    const auto* motor = dynamic_cast<const ErrorBase*>(&falla);
+    if (!motor)
+        return falla.para_usuario();
+    const QString& archivo = motor->causa().archivo;
+    switch (motor->clase()) {
+    case ClaseFalla::ClaveErrada:
         return QStringLiteral("El nombre de usuario o la clave son incorrectos.");
-    if (dice("already opened") || dice("database is in use") || dice("is in use") ||
-        dice("Database already opened") || dice("lock time-out on wait transaction"))
-        return QStringLiteral("La base de datos está en uso por otra sesión. Cierre los demás "
-                              "programas que la tengan abierta e intente de nuevo.\n") +
-               t;
-    if (dice("reading from backup file") || dice("backup description record") ||
-        dice("backup file is damaged") || dice("unexpected end of file on backup"))
-        return QStringLiteral("El archivo de respaldo está incompleto o no es un respaldo.\n") + t;
-    if (dice("Connection failed"))
-        return QStringLiteral("No hay un servidor Firebird atendiendo en la ubicación indicada. "
-                              "Verifique el equipo, el puerto y que el servicio esté iniciado.");
-    if (dice("Unable to complete network request"))
-        return QStringLiteral("No se encontró el equipo servidor %1.").arg(citado);
-    if (dice("I/O error")) {
-        const QString archivo = t.contains(QLatin1String("for file \""))
-                                    ? t.section("for file \"", 1).section('"', 0, 0)
-                                    : citado;
-        if (dice("permission denied"))
-            return QStringLiteral("No hay permiso para abrir o escribir %1.").arg(archivo);
-        if (dice("No such file") || dice("non-existent"))
+    case ClaseFalla::NoExiste:
+        if (!archivo.isEmpty())
             return QStringLiteral("No se encontró la base de datos %1. Verifique la ubicación y el "
                                   "código de la compañía.")
                 .arg(archivo);
-        if (dice("File exists") || dice("already exists"))
+        break;
+    case ClaseFalla::SoloLectura:
+        if (!archivo.isEmpty())
+            return QStringLiteral("No hay permiso para abrir o escribir %1.").arg(archivo);
+        break;
+    case ClaseFalla::YaExiste:
+        if (!archivo.isEmpty())
             return QStringLiteral("El archivo %1 ya existe.").arg(archivo);
-        return QStringLiteral("No se pudo abrir o crear %1.\n%2").arg(archivo, t);
+        break;
+    case ClaseFalla::Otra:
+        // Quien administra puede hacer algo con lo que dijo el motor.
+        return falla.para_usuario() + '\n' + falla.detalle();
+    default:
+        break;
     }
-    return t;
+    return falla.para_usuario();
 }

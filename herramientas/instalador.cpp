@@ -171,10 +171,11 @@ void Instalador::ejecute_guion(const QString& archivo) {
             Preparada(conexion_, transaccion, s.texto).ejecute(transaccion, {});
             transaccion.confirme();
         } catch (const ErrorDatos& e) {
-            throw ErrorDatos(QStringLiteral("%1:%2: %3\n%4")
-                                 .arg(archivo)
-                                 .arg(s.renglon)
-                                 .arg(primera_linea(s.texto), e.texto()));
+            throw ErrorDatos(
+                QStringLiteral("%1:%2: %3\n%4")
+                    .arg(archivo)
+                    .arg(s.renglon)
+                    .arg(primera_linea(s.texto), e.detalle().isEmpty() ? e.texto() : e.detalle()));
         }
         existentes.anote(s.texto);
     }
@@ -224,7 +225,9 @@ void Instalador::cargue_lista(const QString& archivo) {
         try {
             inserte.ejecute(transaccion, valores);
         } catch (const ErrorDatos& e) {
-            throw ErrorDatos(QStringLiteral("%1:%2: %3").arg(archivo).arg(renglon).arg(e.texto()));
+            throw ErrorDatos(
+                QStringLiteral("%1:%2: %3").arg(archivo).arg(renglon).arg(e.para_usuario()),
+                e.detalle());
         }
         presentes.insert(clave_unida(partes));
     }

@@ -84,7 +84,7 @@ void crear_demo(const Sesion& s) {
     try {
         general.conectar(s.general());
     } catch (const ErrorBase& e) {
-        if (!e.texto().contains(QLatin1String("I/O error")))
+        if (e.clase() != ClaseFalla::NoExiste)
             throw;
         cree_base(s, s.general(), TipoBase::General);
         asegure(s.general());

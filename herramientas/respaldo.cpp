@@ -123,7 +123,8 @@ ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QStrin
         throw ErrorDatos(
             QStringLiteral("El respaldo no pasó la prueba de restauración y quedó como "
                            "%1: %2")
-                .arg(dudoso, e.texto()));
+                .arg(dudoso, e.para_usuario()),
+            e.detalle());
     }
 }
 
@@ -145,7 +146,7 @@ ResultadoRespaldo restaure_en_lugar(const QString& archivo, const ParametrosCone
         try {
             exija_sola(base);
         } catch (const ErrorBase& e) {
-            if (!e.texto().contains(QLatin1String("I/O error")))
+            if (e.clase() != ClaseFalla::NoExiste)
                 throw;
         }
         restaure_base(archivo, base, true);

@@ -62,11 +62,6 @@ public:
     /// Valor de la llave, o vacío después de avisar si no existe. En memoria: no toca la base.
     QString configuracion(const QString& modulo, const QString& categoria,
                           const QString& propiedad);
-    /// El valor es exactamente "SI".
-    bool configurado_si(const QString& categoria, const QString& propiedad) {
-        return configuracion(QStringLiteral("CONTABILIDAD"), categoria, propiedad) ==
-               QLatin1String("SI");
-    }
     /// Valor de una llave de la tabla, ya convertido a su tipo (ver llaves.h). Lanza ErrorDatos,
     /// nombrando la llave, si su texto no lo permite.
     template <Llave L> auto valor() {

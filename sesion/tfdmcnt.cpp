@@ -226,16 +226,12 @@ NumeroValidado Tfdmcnt::valide_NumComConta(const QString& tipo, const QString& p
 }
 
 AjustesLibro Tfdmcnt::ajustes_libro() {
-    const auto contable = [](const char* propiedad) {
-        return fdm().configuracion("CONTABILIDAD", "GENERAL", propiedad);
-    };
     AjustesLibro a;
-    a.permite_descuadre = contable("PERMITIR COMPROBANTES DESCUADRADOS") == "SI";
-    a.digito_redondeo = Tfdm::entero(contable("REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES"));
-    a.bloqueo_2649 = contable("FECHA DE BLOQUEO");
-    a.bloqueo_niif = contable("FECHA DE BLOQUEO NIIF");
-    a.bloqueo_administrativo =
-        fdm().configuracion("GENERAL", "GENERAL", "FECHA DE BLOQUEO ADMINISTRATIVO").remove('/');
+    a.permite_descuadre = fdm().valor<Llave::PermitirDescuadrados>();
+    a.digito_redondeo = fdm().valor<Llave::RedondeoComprobantes>();
+    a.bloqueo_2649 = fdm().texto_de(Llave::FechaBloqueo);
+    a.bloqueo_niif = fdm().texto_de(Llave::FechaBloqueoNiif);
+    a.bloqueo_administrativo = fdm().texto_de(Llave::BloqueoAdministrativo).remove('/');
     return a;
 }
 

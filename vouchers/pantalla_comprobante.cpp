@@ -40,23 +40,17 @@ PantallaComprobante::~PantallaComprobante() = default;
 
 void PantallaComprobante::lea_configuracion(Orden orden) {
     const auto centros = [this] {
-        ajustes.filtra_centros =
-            fdm().configurado_si("COMPROBANTES", "FILTRAR CENTROS DE COSTO POR AGENCIA");
+        ajustes.filtra_centros = fdm().valor<Llave::CentrosPorAgencia>();
     };
     if (orden == Orden::Digitar)
         centros();
-    ajustes.digito_redondeo = Tfdm::entero(fdm().configuracion(
-        "CONTABILIDAD", "GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES"));
-    ajustes.mostrar_saldo = fdm().configurado_si(
-        "COMPROBANTES", "MOSTRAR SALDO POR CUENTA Y POR TERCERO AL DIGITAR MOVIMIENTOS");
-    ajustes.permite_descuadre =
-        fdm().configurado_si("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS");
-    ajustes.inhabilita_porcentaje =
-        fdm().configurado_si("COMPROBANTES", "INHABILITAR PORCENTAJE EN CUENTAS DE RETENCION");
+    ajustes.digito_redondeo = fdm().valor<Llave::RedondeoComprobantes>();
+    ajustes.mostrar_saldo = fdm().valor<Llave::MostrarSaldos>();
+    ajustes.permite_descuadre = fdm().valor<Llave::PermitirDescuadrados>();
+    ajustes.inhabilita_porcentaje = fdm().valor<Llave::InhabilitarPorcentaje>();
     if (orden == Orden::Editar)
         centros();
-    pregunta_mandante =
-        fdm().configurado_si("COMPROBANTES", "PREGUNTAR MANDANTE EN COMPROBANTES CONTABLES");
+    pregunta_mandante = fdm().valor<Llave::PreguntarMandante>();
     for (QWidget* w : {static_cast<QWidget*>(LabMand), static_cast<QWidget*>(Mand),
                        static_cast<QWidget*>(NomMand)})
         w->setVisible(pregunta_mandante);

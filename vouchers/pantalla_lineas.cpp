@@ -23,10 +23,7 @@ LineasLibro& PantallaLineas::lineas_a_la_vista() const {
 }
 
 void PantallaLineas::abra_pagina_inicial() {
-    const bool decreto =
-        fdm().configuracion("CONTABILIDAD", "GENERAL",
-                            "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
-                            "HACER CONSULTAS") == "2649";
+    const bool decreto = fdm().valor<Llave::LibroInicial>() == "2649";
     PageControl1->setCurrentIndex(decreto ? 0 : 1);
 }
 

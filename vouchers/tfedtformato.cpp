@@ -15,7 +15,6 @@ namespace {
 
 constexpr int kComprobantes = 1; // TIDO_COD de los formatos de comprobante
 constexpr int kFuenteLineas = 6, kFuenteDatos = 8;
-constexpr const char* kPorTipo = "USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR";
 
 /// Tablas de un formato con las columnas que se copian, todas menos la llave.
 struct TablaFormato {
@@ -401,7 +400,7 @@ void Tfedtformato::SpeedButton2Click() {
 void Tfedtformato::SpeedButton3Click() {
     if (!aplique())
         return;
-    const bool por_tipo = fdm().configurado_si("COMPROBANTES", kPorTipo);
+    const bool por_tipo = fdm().valor<Llave::FormatoPorTipo>();
     const QString ultimo =
         CBorrar
             .valor_unico(

@@ -179,19 +179,18 @@ void Tfedtmovimien::muestre_fecha() {
 void Tfedtmovimien::CMovimientoAfterEdit() {
     CMovimiento.FieldByName("ENCO_USUARIO") = fdm().usuario;
     const QString fecha = CMovimiento.FieldByName("ENCO_FECHA").texto();
-    if (fecha < fdm().configuracion("CONTABILIDAD", "GENERAL", "FECHA DE BLOQUEO")) {
+    if (fecha < fdm().texto_de(Llave::FechaBloqueo)) {
         lineas_2649->rejilla->ReadOnly = true;
         libre_2649 = false;
     }
-    if (fecha < fdm().configuracion("CONTABILIDAD", "GENERAL", "FECHA DE BLOQUEO NIIF")) {
+    if (fecha < fdm().texto_de(Llave::FechaBloqueoNiif)) {
         lineas_niif->rejilla->ReadOnly = true;
         libre_niif = false;
     }
     if (!libre_2649 && !libre_niif)
         solo_imprima();
     // La rejilla NIIF de un comprobante ajeno se queda como estaba.
-    if (!fdm().configurado_si("COMPROBANTES",
-                              "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS") &&
+    if (!fdm().valor<Llave::ModificarDeOtrosModulos>() &&
         CMovimiento.FieldByName("ENCO_TIPOREF").entero() != 0) {
         lineas_2649->rejilla->ReadOnly = true;
         solo_imprima();

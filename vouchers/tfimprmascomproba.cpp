@@ -80,8 +80,7 @@ void Tfimprmascomproba::SpeedButton1Click() {
             caja->setText(Tfdm::complete_numero(caja->text().trimmed()));
     MotorInformes motor(this);
     motor.nombre_archivo = "Comprobantes";
-    motor.vista_previa = fdm().configuracion("CONTABILIDAD", "GENERAL",
-                                             "PREVISUALIZAR IMPRESION DE DOCUMENTOS") == "SI";
+    motor.vista_previa = fdm().valor<Llave::PrevisualizarImpresion>();
     // Todo el trabajo sale de la misma foto del libro, aunque otros sigan grabando.
     CImprmasiva.Instantanea = true;
     CImprmasiva.foto = CComproba.foto =

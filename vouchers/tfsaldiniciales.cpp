@@ -151,8 +151,8 @@ void Tfsaldiniciales::FormCreate() {
 }
 
 void Tfsaldiniciales::muestre_periodo() {
-    EAno->setText(fdm().configuracion("CONTABILIDAD", "GENERAL", "AÑO DE INICIO"));
-    const int mes = Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "MES DE INICIO"));
+    EAno->setText(fdm().texto_de(Llave::AnoInicio));
+    const int mes = fdm().valor<Llave::MesInicio>();
     EMes->setText(Tfdm::nombres_periodo().value(mes - 1));
 }
 
@@ -197,8 +197,7 @@ void Tfsaldiniciales::DBGridEh1DblClick(int columna) {
 
 void Tfsaldiniciales::SBGrabarClick() {
     lineas->termine_linea();
-    if (!lineas->cuadrados() &&
-        !fdm().configurado_si("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS")) {
+    if (!lineas->cuadrados() && !fdm().valor<Llave::PermitirDescuadrados>()) {
         muestre_mensaje(datos(Libro::Decreto2649).descuadrado);
         CSaldos.Edit();
         return;

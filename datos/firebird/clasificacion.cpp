@@ -78,6 +78,9 @@ const char* const kSinMemoria =
 const char* const kNumeroGrande =
     "Un número es demasiado grande para la base de datos. Revise los importes.";
 const char* const kDivision = "Una operación de la base de datos dividió por cero.";
+const char* const kEnUso = "La base de datos está en uso por otra sesión. Cierre los demás "
+                           "programas que la tengan abierta "
+                           "e intente de nuevo.";
 const char* const kSinOrden =
     "No se pudo ordenar la información: falta espacio en la carpeta temporal del equipo de la base "
     "de datos. Libere espacio o pida menos información.";
@@ -111,9 +114,12 @@ const Regla kReglas[] = {
     {isc_dsql_procedure_err, ClaseFalla::OtraVersion, kOtraVersion},
     {isc_virmemexh, ClaseFalla::SinRecursos, kSinMemoria},
     {isc_bufexh, ClaseFalla::SinRecursos, kSinMemoria},
-    {isc_instance_conflict, ClaseFalla::Apagada,
+    {isc_instance_conflict, ClaseFalla::EnUso,
      "Otro programa tiene abierta la base de datos solo para él. Ciérrelo e intente de nuevo."},
-    {isc_obj_in_use, ClaseFalla::Otra,
+    {isc_gbak_db_in_use, ClaseFalla::EnUso, kEnUso},
+    {isc_file_in_use, ClaseFalla::EnUso, kEnUso},
+    {isc_db_or_file_exists, ClaseFalla::YaExiste, "Ya existe un archivo con ese nombre."},
+    {isc_obj_in_use, ClaseFalla::EnUso,
      "Otro usuario está usando lo que se quiere cambiar. Inténtelo cuando nadie más esté en la "
      "compañía."},
     {isc_lock_dir_access, ClaseFalla::SinPermiso,
@@ -129,6 +135,7 @@ const Regla* causa_del_sistema(int error) {
         {ENOSPC, {0, ClaseFalla::DiscoLleno, kSinEspacio}},
         {EDQUOT, {0, ClaseFalla::DiscoLleno, kSinEspacio}},
         {EFBIG, {0, ClaseFalla::DiscoLleno, kSinEspacio}},
+        {EEXIST, {0, ClaseFalla::YaExiste, "Ya existe un archivo con ese nombre."}},
         {EROFS, {0, ClaseFalla::SoloLectura, "El disco de la base de datos es de solo lectura."}},
         {EACCES,
          {0, ClaseFalla::SoloLectura,
@@ -177,6 +184,12 @@ QString frase_de_excepcion(const Vector& v) {
         siguiente = *p == isc_arg_gds && p[1] == isc_random;
     });
     return sueltos.value(1, sueltos.value(0));
+}
+
+/// El código lo dio el programa de respaldos del motor: lo dice en sus bits de procedencia.
+bool de_respaldo(qint64 codigo) {
+    constexpr int kProcedencia = 16, kRespaldos = 12;
+    return ((codigo >> kProcedencia) & 0x1F) == kRespaldos;
 }
 
 using Causa = ErrorBase::Causa;
@@ -290,6 +303,11 @@ ErrorBase trabajando(const Vector& v, Causa causa, const QString& motor) {
     if (v.tiene(isc_convert_error))
         return de_clase(ClaseFalla::DatoIlegible, con("'%1' no es un número ni una fecha válida.",
                                                       v.argumento(isc_convert_error)));
+    if (de_respaldo(causa.codigo) && !v.tiene(isc_gbak_db_in_use))
+        return de_clase(ClaseFalla::RespaldoDanado,
+                        QStringLiteral("El archivo de respaldo está incompleto o no es un "
+                                       "respaldo."));
+    causa.archivo = v.argumento(isc_io_error, 1);
     // Un archivo temporal sin espacio también llega como falla del sistema: manda el ordenamiento.
     for (const Regla& r : kReglas)
         if (v.tiene(r.codigo))
@@ -330,6 +348,7 @@ ErrorBase conectando(const Vector& v, Causa causa, const QString& motor) {
     if (v.tiene(isc_io_error) &&
         (sistema == 0 || sistema == ENOENT || sistema == ENOTDIR || sistema == ENAMETOOLONG)) {
         const QString archivo = v.argumento(isc_io_error, 1);
+        causa.archivo = archivo;
         return forma(ClaseFalla::NoExiste, con("I/O error for file \"%1\"", archivo),
                      con("No se encontró el archivo o la ruta %1", archivo));
     }

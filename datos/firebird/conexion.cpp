@@ -245,6 +245,8 @@ QVector<Valor> Conexion::ejecute_con_salida(const QString& sql, const QVector<Va
 }
 
 std::unique_ptr<Cursor> Conexion::abra(const QString& sql, const QVector<Valor>& valores) {
+    if (interno_->recordando > 0)
+        return ConsultasRepetidas::abra(*this, sql, valores);
     Transaccion& t = lectura();
     return std::make_unique<Cursor>(prepare(sql, t), t, valores);
 }
@@ -352,6 +354,7 @@ void Transaccion::confirme() {
         throw;
     }
     interno_->transaccion = nullptr;
+    conexion_.interno().contestadas.clear(); // lo que se confirmó pudo cambiarlas
 }
 
 void Transaccion::deshaga() noexcept {

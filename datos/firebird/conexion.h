@@ -125,6 +125,24 @@ private:
     quint64 sentencias_ = 0;
 };
 
+/// Mientras vive, una consulta igual a otra que ya se hizo por `Conexion::abra` no vuelve a la
+/// base: pegar mil líneas de la misma cuenta la valida una vez. Lo que esta conexión confirme lo
+/// borra; lo que confirmen otros se ve al terminar, así que solo sirve para trabajos de pocos
+/// segundos.
+class ConsultasRepetidas {
+public:
+    explicit ConsultasRepetidas(Conexion& conexion);
+    ~ConsultasRepetidas();
+    ConsultasRepetidas(const ConsultasRepetidas&) = delete;
+    ConsultasRepetidas& operator=(const ConsultasRepetidas&) = delete;
+
+private:
+    friend class Conexion;
+    static std::unique_ptr<Cursor> abra(Conexion& conexion, const QString& sql,
+                                        const QVector<Valor>& valores);
+    Conexion& conexion_;
+};
+
 class Transaccion {
 public:
     using Modo = ModoTransaccion;
@@ -225,8 +243,16 @@ public:
     struct Interno;
 
 private:
+    friend class ConsultasRepetidas;
+    /// Da las filas de una consulta ya contestada, sin ir a la base.
+    Cursor(Conexion& conexion, std::shared_ptr<const struct Contestada> contestada);
+
+    Conexion& conexion_;
     std::shared_ptr<Preparada> sentencia_;
     std::unique_ptr<Interno> interno_;
+    std::shared_ptr<const struct Contestada>
+        contestada_; ///< filas que van antes que las de la base
+    qsizetype dadas_ = 0;
     QByteArray mensaje_;
     bool agotado_ = false;
     quint64 enlace_ = 0; ///< número del enlace con que se abrió

@@ -47,6 +47,9 @@ enum class ClaseFalla {
     OtraVersion,     ///< la base no tiene lo que este programa pide
     Apagada,         ///< el administrador cerró la base
     ClaveErrada,     ///< usuario o clave
+    EnUso,           ///< otra sesión tiene abierto lo que se quiere solo
+    YaExiste,        ///< el archivo que se quiere crear
+    RespaldoDanado,  ///< el archivo no es un respaldo, o está incompleto
     NoExiste,        ///< el archivo, el equipo o el servicio no se encontró
 };
 
@@ -57,6 +60,7 @@ public:
         ClaseFalla clase = ClaseFalla::Otra;
         qint64 codigo = 0; ///< el primero de los del motor
         QString tabla{}, columna{}, restriccion{};
+        QString archivo{};      ///< de una falla del disco
         QString llave{};        ///< de una llave repetida o en uso: ("CODIGO" = 'x')
         bool en_uso = false;    ///< de una llave foránea: lo que se borra lo usa `tabla`
         qint64 transaccion = 0; ///< de un conflicto: la que tiene la fila

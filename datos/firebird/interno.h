@@ -53,6 +53,13 @@ Firebird::IAttachment* pida_enlace(const ParametrosConexion& parametros, bool cr
 
 } // namespace fbc
 
+/// Resultado de una consulta, entero o su comienzo.
+struct Contestada {
+    QVector<Columna> columnas;
+    QVector<QByteArray> filas;
+    int largo = 0; ///< octetos de cada fila
+};
+
 struct Conexion::Interno {
     Firebird::IAttachment* enlace = nullptr;
     quint64 numero = 0;       ///< del enlace; cambia cada vez que se entra
@@ -65,6 +72,9 @@ struct Conexion::Interno {
     /// Sentencias preparadas sin uso, la más reciente al frente.
     std::list<std::unique_ptr<Preparada>> ociosas;
     QHash<QString, QStringList> llaves; ///< llave primaria de las tablas ya consultadas
+    /// Lo ya contestado, mientras haya quien lo pida (ConsultasRepetidas).
+    QHash<QString, std::shared_ptr<const Contestada>> contestadas;
+    int recordando = 0;
     std::shared_ptr<bool> viva = std::make_shared<bool>(true);
 };
 

@@ -282,10 +282,15 @@ QVector<Valor> Preparada::ejecute_con_salida(Transaccion& transaccion,
     return resultado;
 }
 
+Cursor::Cursor(Conexion& conexion, std::shared_ptr<const Contestada> contestada)
+    : conexion_(conexion), interno_(std::make_unique<Interno>()),
+      contestada_(std::move(contestada)), mensaje_(contestada_->largo, Qt::Uninitialized),
+      enlace_(conexion.interno().numero) {}
+
 Cursor::Cursor(std::shared_ptr<Preparada> sentencia, Transaccion& transaccion,
                const QVector<Valor>& valores)
-    : sentencia_(std::move(sentencia)), interno_(std::make_unique<Interno>()),
-      enlace_(sentencia_->conexion_.interno().numero) {
+    : conexion_(sentencia->conexion_), sentencia_(std::move(sentencia)),
+      interno_(std::make_unique<Interno>()), enlace_(sentencia_->conexion_.interno().numero) {
     sentencia_->conexion_.anote(sentencia_->sql_);
     const char* entrada = sentencia_->cargue(transaccion, valores);
     auto& s = *sentencia_->interno_;
@@ -327,8 +332,14 @@ bool Cursor::siguiente() {
 }
 
 bool Cursor::siguiente_en(char* destino) {
-    if (agotado_)
+    if (contestada_ && dadas_ < contestada_->filas.size()) {
+        std::memcpy(destino, contestada_->filas[dadas_++].constData(), size_t(mensaje_.size()));
+        return true;
+    }
+    if (agotado_ || !sentencia_) {
+        agotado_ = true;
         return false;
+    }
     if (sentencia_->conexion_.interno().numero != enlace_)
         throw ErrorBase({ClaseFalla::ConexionPerdida},
                         QStringLiteral("La conexión con el servidor se restableció y esta consulta "
@@ -343,11 +354,11 @@ bool Cursor::siguiente_en(char* destino) {
 }
 
 const QVector<Columna>& Cursor::columnas() const {
-    return sentencia_->columnas();
+    return sentencia_ ? sentencia_->columnas() : contestada_->columnas;
 }
 
 Valor Cursor::valor(int columna) const {
-    return decodifique(sentencia_->conexion_, columnas()[columna], mensaje_.constData());
+    return decodifique(conexion_, columnas()[columna], mensaje_.constData());
 }
 
 Valor decodifique(Conexion& conexion, const Columna& c, const char* mensaje) {

@@ -22,44 +22,87 @@ struct Agregado {
 
 } // namespace
 
-Valor ConjuntoDatos::valor_que_cuenta(const Fila& fila, const Campo& campo) const {
-    // La fila en edición cuenta con lo que tenía: lo tecleado a medias no ha entrado al libro.
-    if (!editando() || pos_ < 0 || orden_[size_t(pos_)] != &fila)
-        return valor_de(fila, campo);
-    if (fila.valores)
-        return (*fila.valores)[campo.indice_];
-    if (fila.cruda && campo.columna_ >= 0)
-        return decodifique(sentencia()->conexion(), columnas_[campo.columna_], fila.cruda);
-    return {}; // una que nace no tiene nada
+/// Lo que una fila pone en una suma: la que se edita cuenta con lo que tenía, que lo tecleado a
+/// medias no ha entrado al libro.
+Valor ConjuntoDatos::sumando(const Fila& fila, const Campo& campo) const {
+    const bool de_datos = campo.tipo == TipoCampo::Datos || campo.tipo == TipoCampo::Interno;
+    return de_datos ? valor_guardado(fila, campo) : valor_de(fila, campo);
 }
 
 template <class Filas>
-Valor ConjuntoDatos::sume(const QString& nombre, const Filas& filas, Sumas& sumas) const {
-    const QString expresion = agregados_.value(nombre.toUpper());
-    if (!AggregatesActive || expresion.isEmpty() || !Active())
-        return {};
+const ConjuntoDatos::SumaViva& ConjuntoDatos::sume(const QString& expresion, const Filas& filas,
+                                                   Sumas& sumas) const {
     SumaViva& s = sumas[expresion];
-    if (s.version != version_) {
-        const Agregado agregado(expresion);
-        const Campo& campo = FieldByName(agregado.columna);
-        s = {version_, {}, 0};
-        for (const auto& fila : filas)
-            if (const Valor v = valor_que_cuenta(*fila, campo); !v.nulo()) {
-                ++s.cuantos;
-                s.suma += agregado.sumando(v);
-            }
-    }
-    return s.cuantos > 0 ? Valor(s.suma) : Valor();
+    if (s.version == version_)
+        return s;
+    const Agregado agregado(expresion);
+    const Campo& campo = FieldByName(agregado.columna);
+    s = {version_, {}, 0};
+    for (const auto& fila : filas)
+        if (const Valor v = sumando(*fila, campo); !v.nulo()) {
+            ++s.cuantos;
+            s.suma += agregado.sumando(v);
+        }
+    return s;
 }
 
 Valor ConjuntoDatos::agregado(const QString& nombre) const {
-    return sume(nombre, orden_, sumas_a_la_vista_);
+    const QString expresion = agregados_.value(nombre.toUpper());
+    if (!AggregatesActive || expresion.isEmpty() || !Active())
+        return {};
+    const SumaViva& s = sume(expresion, orden_, sumas_a_la_vista_);
+    return s.cuantos > 0 ? Valor(s.suma) : Valor();
 }
 
 Valor ConjuntoDatos::agregado_total(const QString& nombre) const {
-    const Detalle* d = almacen();
-    return d ? sume(nombre, d->filas, sumas_totales_) : Valor();
+    const QString expresion = agregados_.value(nombre.toUpper());
+    const Detalle* d = Active() ? almacen() : nullptr;
+    if (!d || expresion.isEmpty())
+        return {};
+    const SumaViva& s = sume(expresion, d->filas, sumas_totales_);
+    return s.cuantos > 0 ? Valor(s.suma) : Valor();
 }
+
+// ---------------------------------------------------------------- todas las filas
+
+int ConjuntoDatos::filas_en_memoria() const {
+    const Detalle* d = Active() ? almacen() : nullptr;
+    return (d ? int(d->filas.size()) : 0) + (nueva_ ? 1 : 0);
+}
+
+void ConjuntoDatos::recorra_todas(const std::function<void(const Fila&)>& visita) const {
+    if (const Detalle* d = Active() ? almacen() : nullptr)
+        for (const auto& fila : d->filas)
+            visita(*fila);
+}
+
+void ConjuntoDatos::borre_todas() {
+    Cancel();
+    Detalle* d = Active() ? almacen() : nullptr;
+    if (!d || d->filas.empty())
+        return;
+    if (BeforeDelete)
+        BeforeDelete();
+    for (auto& fila : d->filas)
+        if (fila->marca != Fila::Marca::Insertada || fila->envio) {
+            haga_propios(*fila);
+            d->borradas.push_back(std::move(fila));
+        }
+    orden_.clear();
+    pos_ = -1;
+    fin_ = true;
+    cambiaron_filas();
+    const std::exception_ptr falla = siga_a_la_fila();
+    d->filas.clear();
+    anuncie_anidados();
+    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
+    if (AfterDelete)
+        AfterDelete();
+    if (falla)
+        std::rethrow_exception(falla);
+}
+
+// ---------------------------------------------------------------- sumas al día
 
 void ConjuntoDatos::cambie_fila(const Fila& fila, const std::function<void()>& cambio) {
     struct Vigente {
@@ -75,7 +118,7 @@ void ConjuntoDatos::cambie_fila(const Fila& fila, const std::function<void()>& c
                 continue;
             const Agregado a(i.key());
             SumaViva s = *i;
-            if (const Valor v = valor_que_cuenta(fila, FieldByName(a.columna)); !v.nulo()) {
+            if (const Valor v = sumando(fila, FieldByName(a.columna)); !v.nulo()) {
                 --s.cuantos;
                 s.suma -= a.sumando(v);
             }
@@ -91,7 +134,7 @@ void ConjuntoDatos::cambie_fila(const Fila& fila, const std::function<void()>& c
     for (Vigente& v : vigentes) {
         const Agregado a(v.expresion);
         if (queda)
-            if (const Valor valor = valor_que_cuenta(fila, FieldByName(a.columna)); !valor.nulo()) {
+            if (const Valor valor = sumando(fila, FieldByName(a.columna)); !valor.nulo()) {
                 ++v.s.cuantos;
                 v.s.suma += a.sumando(valor);
             }

@@ -121,7 +121,8 @@ Campo& ConjuntoDatos::FieldByName(const QString& nombre) const {
 
 Campo& ConjuntoDatos::Fields(int indice) const {
     if (indice < 0 || indice >= FieldCount())
-        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice));
+        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice), objectName(),
+                         QStringLiteral("La consulta no trae la columna %1.").arg(indice));
     return *campos_[size_t(indice)];
 }
 
@@ -439,40 +440,4 @@ void ConjuntoDatos::reordene(const Fila* conservar) {
     const auto donde = std::find(orden_.begin(), orden_.end(), conservar);
     pos_ = donde != orden_.end() ? int(donde - orden_.begin()) : orden_.empty() ? -1 : 0;
     fin_ = orden_.empty();
-}
-
-// ---------------------------------------------------------------- todas las filas
-
-int ConjuntoDatos::filas_en_memoria() const {
-    const Detalle* d = Active() ? almacen() : nullptr;
-    return (d ? int(d->filas.size()) : 0) + (nueva_ ? 1 : 0);
-}
-
-void ConjuntoDatos::recorra_todas(const std::function<void(const Fila&)>& visita) const {
-    if (const Detalle* d = Active() ? almacen() : nullptr)
-        for (const auto& fila : d->filas)
-            visita(*fila);
-}
-
-void ConjuntoDatos::borre_todas() {
-    Cancel();
-    Detalle* d = Active() ? almacen() : nullptr;
-    if (!d || d->filas.empty())
-        return;
-    if (BeforeDelete)
-        BeforeDelete();
-    for (auto& fila : d->filas)
-        if (fila->marca != Fila::Marca::Insertada) {
-            haga_propios(*fila);
-            d->borradas.push_back(std::move(fila));
-        }
-    orden_.clear();
-    pos_ = -1;
-    fin_ = true;
-    d->filas.clear();
-    cambiaron_filas();
-    anuncie_anidados();
-    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
-    if (AfterDelete)
-        AfterDelete();
 }

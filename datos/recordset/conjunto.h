@@ -112,7 +112,10 @@ public:
     /// una vez por fila cuando se la mira, y otra si la fila o su maestra cambian.
     bool calcular_al_traer = false;
     /// Los campos calculados dependen de algo de afuera que cambió: se calculan de nuevo.
-    void recalcule() { ++vigencia_; }
+    void recalcule() {
+        ++vigencia_;
+        ++version_;
+    }
     /// Campo que numera los detalles de una maestra ("CODE_ITEM"). Si otro usuario ya grabó una
     /// línea con el número de una nueva, la nueva toma el siguiente libre en vez de rehusarse.
     QString CampoConsecutivo;
@@ -287,7 +290,6 @@ private:
     void descarte(Detalle& detalle);
     int cuente_cambios(const Detalle& detalle) const;
     template <class F> void avise(F f) const;
-    Valor valor_que_cuenta(const Fila& fila, const Campo& campo) const;
     // agregados.cpp
     struct SumaViva {
         unsigned version = 0; ///< de las filas que suma
@@ -295,8 +297,9 @@ private:
         int cuantos = 0; ///< filas con valor
     };
     using Sumas = QHash<QString, SumaViva>; ///< por la expresión del agregado
+    Valor sumando(const Fila& fila, const Campo& campo) const;
     template <class Filas>
-    Valor sume(const QString& nombre, const Filas& filas, Sumas& sumas) const;
+    const SumaViva& sume(const QString& expresion, const Filas& filas, Sumas& sumas) const;
     /// Hace un cambio que solo toca esa fila, la actual, y corrige con ella las sumas ya hechas.
     void cambie_fila(const Fila& fila, const std::function<void()>& cambio);
 

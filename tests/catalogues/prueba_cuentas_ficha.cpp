@@ -330,8 +330,11 @@ private slots:
         s.base.ejecute({"update cuentas set cuen_nom = 'De otro' where cuen_cod = '3105'"});
         escriba(p, "ENombre", "Mío");
         Interlocutor i;
-        i.espere("Otro usuario cambió o borró este registro de CUENTAS después de que usted lo "
-                 "abrió. Vuelva a abrirlo y repita el cambio.");
+        i.espere(
+            "Otro usuario cambió este registro después de que usted lo abrió. Vuelva a abrirlo "
+            "y repita el cambio.\n" +
+            cuentas(p).FieldByName("CUEN_NOM").nombre_visible() +
+            " era 'Capital suscrito y pagado' y ahora es 'De otro'");
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(ficha(s, "3105").startsWith("De otro|"));

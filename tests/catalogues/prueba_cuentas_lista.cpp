@@ -184,9 +184,10 @@ private slots:
             try {
                 s.base.base().ejecute("delete from " + tabla + " where cuen_cod = '110505'");
             } catch (const ErrorDatos& e) {
-                falla = e.texto();
+                QVERIFY(e.texto().mid(18).startsWith("violation of FOREIGN"));
+                falla = e.para_usuario();
             }
-            QVERIFY(falla.mid(18).startsWith("violation of FOREIGN"));
+            QVERIFY2(falla.contains("se usa en los "), qPrintable(falla));
             i.espere(QStringLiteral("Desea borrar definitivamente la %1 110505 ?").arg(d.cuenta_de),
                      "Sí");
             i.espere("Se presento el siguiente error: " + falla);

@@ -132,7 +132,8 @@ private slots:
         i.espere("Desea borrar el registro?", "Sí");
         componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click();
         i.espere("Está borrando o insertando un registro en la tabla Tipocomp que tiene una "
-                 "relación con otra tabla.");
+                 "relación con otra tabla. No se puede borrar ni cambiar su código: se usa en los "
+                 "prefijos de los comprobantes.");
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'RC'"),

@@ -156,7 +156,8 @@ private slots:
             p.c.Delete();
             Interlocutor i;
             i.espere("Está borrando o insertando un registro en la tabla Tipocomp que tiene una "
-                     "relación con otra tabla.");
+                     "relación con otra tabla. No se puede borrar ni cambiar su código: se usa en "
+                     "los prefijos de los comprobantes.");
             QCOMPARE(p.c.ApplyUpdates(0), 1);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'CG'"),
@@ -172,7 +173,8 @@ private slots:
             c.Delete();
             Interlocutor i;
             i.espere("Está borrando o insertando un registro en la tabla Borrar que tiene una "
-                     "relación con otra tabla.");
+                     "relación con otra tabla. No se puede borrar ni cambiar su código: se usa en "
+                     "los prefijos de los comprobantes.");
             QCOMPARE(c.ApplyUpdates(0), 1);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
@@ -187,6 +189,80 @@ private slots:
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
         s.dm.barra(nullptr);
+    }
+
+    void toda_llave_foranea_sabe_nombrar_sus_dos_tablas() {
+        SesionGui s;
+        for (auto c = s.base.base().abra(
+                 "select distinct trim(t.rdb$relation_name) from rdb$ref_constraints r join "
+                 "rdb$relation_constraints t on t.rdb$constraint_name in (r.rdb$constraint_name, "
+                 "r.rdb$const_name_uq)");
+             c->siguiente();) {
+            const QString tabla = c->valor(0).texto();
+            QVERIFY2(s.dm.nombre_campo(tabla) != tabla, qPrintable(tabla));
+        }
+    }
+
+    void lo_que_dice_el_motor_queda_en_el_archivo_y_no_en_la_pantalla() {
+        SesionGui s;
+        AvisosBarra barra;
+        s.dm.barra(&barra);
+        s.base.ejecute({"create exception ex_prueba 'El período @1 está cerrado.'",
+                        "create procedure falle as begin exception ex_prueba using ('enero'); end",
+                        "grant execute on procedure falle to public",
+                        "grant usage on exception ex_prueba to public"});
+        const struct {
+            const char *sql, *mensaje, *motor;
+        } casos[] = {
+            {"execute procedure falle", "El período enero está cerrado.", "At procedure 'FALLE'"},
+            {"insert into tipo_comprobante (tico_cod, tico_nom) values ('CG', 'x')",
+             "Ya existe un registro con el mismo Tipo CG.", "violation of PRIMARY"},
+            {"delete from tipo_comprobante where tico_cod = 'CG'",
+             "No se puede borrar ni cambiar su código: se usa en los prefijos de los comprobantes.",
+             "violation of FOREIGN"},
+            {"update tipo_comprobante set tico_nom = null where tico_cod = 'CG'",
+             "Falta el dato %n.", "validation error"},
+            {"select * from no_existe",
+             "La base de datos no es de la versión de este programa: le falta algo que se "
+             "necesita. El administrador del sistema debe actualizarla.",
+             "Table unknown"},
+        };
+        for (const auto& caso : casos) {
+            Interlocutor i;
+            i.espere("Se presento el siguiente error: " +
+                     QString(caso.mensaje).replace("%n", s.dm.nombre_campo("TICO_NOM")));
+            QVERIFY(!proteja([&] { s.dm.CBorrar.Execute(caso.sql); }));
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QVERIFY2(lineas_de_errores(s).last().contains(caso.motor),
+                     qPrintable(lineas_de_errores(s).last()));
+        }
+        s.dm.barra(nullptr);
+    }
+
+    void el_dato_se_nombra_con_las_palabras_de_la_compania() {
+        SesionGui s;
+        Pantallita p(s);
+        p.c.Append();
+        const QString nombre = s.dm.nombre_campo("TICO_NOM");
+        const struct {
+            Valor valor;
+            QString dice;
+        } casos[] = {
+            {QString(61, 'x'),
+             QString("El campo %1 admite 60 caracteres y el texto tiene 61.").arg(nombre)},
+            {"10 €",
+             QString("El carácter '€' del campo %1 no se puede guardar en la base de datos. "
+                     "Reemplácelo por uno equivalente.")
+                 .arg(nombre)},
+        };
+        for (const auto& caso : casos) {
+            try {
+                p.c.FieldByName("TICO_NOM") = caso.valor;
+                QFAIL("aceptó lo que no cabe");
+            } catch (const ErrorDatos& e) {
+                QCOMPARE(e.texto(), caso.dice);
+            }
+        }
     }
 
     void conectarse_a_lo_que_no_existe_dice_que_falta() {

@@ -283,7 +283,7 @@ private slots:
         Tfedtmovimien* p = edite(s, 1);
         for (const int clave : {Qt::Key_F11, Qt::Key_F12}) {
             Interlocutor i;
-            i.espere("Se presento el siguiente error: List index out of bounds (12)");
+            i.espere("Se presento el siguiente error: La lista no tiene la columna 12.");
             p->lineas_2649->rejilla->setFocus();
             oprima(clave);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));

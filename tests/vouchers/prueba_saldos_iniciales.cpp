@@ -411,7 +411,7 @@ private slots:
                         "insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, "
                         "sain_credito) values (1, '111005', 0, 0)"});
         i.espere("Está borrando o insertando un registro en la tabla Saldiniciales que tiene una "
-                 "relación con otra tabla.");
+                 "relación con otra tabla. No está registrado lo que se indica en NIT 900123456.");
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 1);

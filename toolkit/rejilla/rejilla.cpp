@@ -146,7 +146,8 @@ void Rejilla::rehaga_columnas(const QVector<DefinicionColumna>& definiciones) {
 
 ColumnaRejilla& Rejilla::columna(int indice) const {
     if (indice < 0 || indice >= int(columnas_.size()))
-        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice));
+        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice), {},
+                         QStringLiteral("La lista no tiene la columna %1.").arg(indice));
     return *columnas_[size_t(indice)];
 }
 

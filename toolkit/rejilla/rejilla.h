@@ -111,6 +111,8 @@ public:
     /// Pega celda por celda con Campo::asigne desde la actual; agrega las filas que falten. La
     /// primera fila que se rehúsa queda en edición y detiene el resto.
     void pegue();
+    /// Un pegado que tarda más muestra cuántas líneas van. Milisegundos.
+    static inline int ms_avance = 300;
     void borre_seleccion(); ///< vacía las celdas; si son filas enteras, pregunta y las borra
     void seleccione_todo();
 
@@ -258,6 +260,7 @@ private:
     void marque_tramo(int desde, int hasta);
     QString texto_seleccionado() const;
     void pegue_celda(int columna, const QString& texto);
+    bool pase_a_la_fila_pegada(int& fila, bool primera);
 
     ModeloConjunto* modelo_;
     EncabezadoRejilla* encabezado_;
