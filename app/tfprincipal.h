@@ -5,6 +5,7 @@
 // conecta la compañía y la general, carga la configuración y lee el usuario y la compañía. La
 // sesión termina solo al cerrarlo.
 #include "app/comandos.h"
+#include "datos/firebird/version_esquema.h"
 #include "datos/recordset/conjunto.h"
 
 #include <QMainWindow>
@@ -98,6 +99,8 @@ private:
     bool tome_argumentos();
     void conecte_compania();
     void conecte_general();
+    /// Si la base es de la versión de este programa; si no, lo dice y cierra.
+    bool version_al_dia(Conexion& base, TipoBase tipo);
     void ConGeneralAfterConnect();
     void lea_usuario();
     void lea_compania();

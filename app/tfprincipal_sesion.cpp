@@ -47,6 +47,8 @@ void Tfprincipal::FormActivate() {
         return;
     }
     conecte_compania();
+    if (!version_al_dia(fdm().Quorvex, TipoBase::Compania))
+        return;
     fdm().cargue_configuracion();
     fdm().registros_paquete = fdm().valor<Llave::RegistrosPorPaquete>();
     fdm().duracion_busquedas = fdm().valor<Llave::DuracionBusquedas>() * 1000;
@@ -54,6 +56,9 @@ void Tfprincipal::FormActivate() {
     LabRevision->setText(rotulo_revision() + fdm().QRevision.Fields(0).texto());
     fdm().QRevision.Close();
     conecte_general();
+    if (!version_al_dia(fdm().ConGeneral, TipoBase::General))
+        return;
+    ConGeneralAfterConnect();
     lea_usuario();
     lea_compania();
     tome_colores();
@@ -96,7 +101,26 @@ void Tfprincipal::conecte_compania() {
 void Tfprincipal::conecte_general() {
     fdm().ConGeneral.desconectar();
     fdm().ConGeneral.conectar({ruta_base(ubicaciondb(ubicacion_parametro), {}), usuario, clave});
-    ConGeneralAfterConnect();
+}
+
+bool Tfprincipal::version_al_dia(Conexion& base, TipoBase tipo) {
+    QString negativa;
+    try {
+        negativa = negativa_de_version(tipo, version_de_esquema(base));
+    } catch (const ErrorBase& e) {
+        if (!sin_permiso(e))
+            throw;
+        // El servidor lo dejó entrar, pero nadie lo registró en esta base.
+        negativa = tipo == TipoBase::Compania ? QStringLiteral("Nombre de usuario incorrecto")
+                                              : QStringLiteral("Usuario no registrado.");
+    }
+    if (negativa.isEmpty())
+        return true;
+    muestre_error(negativa);
+    fdm().ConGeneral.desconectar(); // no hay sesión que anotar ni que cerrar
+    fdm().Quorvex.desconectar();
+    close();
+    return false;
 }
 
 void Tfprincipal::ConGeneralAfterConnect() {

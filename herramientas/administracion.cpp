@@ -77,11 +77,22 @@ QStringList companias(Conexion& general) {
     return codigos;
 }
 
+void conceda_papel(Conexion& base, const QString& codigo) {
+    base.ejecute(QStringLiteral("grant %1 to user \"%2\"")
+                     .arg(QLatin1String(kRolPrograma), codigo_usuario(codigo)));
+}
+
 void registre_usuario_general(Conexion& general, const DatosUsuario& d) {
+    // Volver a registrar a un administrador, por ejemplo para cambiarle la clave, no lo degrada.
     general.ejecute(
-        QStringLiteral("update or insert into usuario (usua_cod, usua_nombre, usua_admin)"
-                       " values (?,?,?) matching (usua_cod)"),
+        QStringLiteral("merge into usuario u using (select cast(? as varchar(10)) cod,"
+                       " cast(? as varchar(60)) nombre, cast(? as char(1)) adm from rdb$database) n"
+                       " on u.usua_cod = n.cod when matched then update set usua_nombre = n.nombre,"
+                       " usua_admin = iif(n.adm = 'S', 'S', u.usua_admin)"
+                       " when not matched then insert (usua_cod, usua_nombre, usua_admin)"
+                       " values (n.cod, n.nombre, n.adm)"),
         {Valor(codigo_usuario(d.codigo)), Valor(d.nombre), Valor(d.administrador ? "S" : "N")});
+    conceda_papel(general, d.codigo);
 }
 
 void registre_usuario_compania(Conexion& compania, const DatosUsuario& d) {
@@ -95,6 +106,7 @@ void registre_usuario_compania(Conexion& compania, const DatosUsuario& d) {
                        " values (n.cod, n.sucursal, n.ano, n.periodo)"),
         {Valor(codigo_usuario(d.codigo)), Valor(d.sucursal), Valor(QString::number(d.ano)),
          Valor(d.periodo)});
+    conceda_papel(compania, d.codigo);
 }
 
 void cree_usuario_servidor(Conexion& general, const QString& codigo, const QString& clave) {

@@ -103,18 +103,26 @@ void Instalador::instale(TipoBase tipo) {
         anote_version(a);
 }
 
+QSet<qint64> Instalador::aplicadas() {
+    QSet<qint64> numeros;
+    Transaccion lectura(conexion_, Transaccion::Modo::Lectura);
+    auto s = std::make_shared<Preparada>(conexion_, lectura,
+                                         QStringLiteral("select vers_numero from version_esquema"));
+    Cursor filas(s, lectura, {});
+    while (filas.siguiente())
+        numeros.insert(filas.valor(0).entero());
+    return numeros;
+}
+
 QStringList Instalador::actualice(TipoBase tipo) {
-    QSet<qint64> aplicadas;
-    {
-        Transaccion lectura(conexion_, Transaccion::Modo::Lectura);
-        auto s = std::make_shared<Preparada>(
-            conexion_, lectura, QStringLiteral("select vers_numero from version_esquema"));
-        Cursor filas(s, lectura, {});
-        while (filas.siguiente())
-            aplicadas.insert(filas.valor(0).entero());
-    }
+    const QSet<qint64> aplicadas = this->aplicadas();
+    const QVector<Actualizacion> conocidas = actualizaciones(tipo);
+    const int ultima = conocidas.isEmpty() ? kVersionInicial : conocidas.back().numero;
+    for (const qint64 numero : aplicadas)
+        if (numero > ultima)
+            throw ErrorDatos(negativa_de_version(tipo, int(numero)));
     QStringList hechas;
-    for (const Actualizacion& a : actualizaciones(tipo)) {
+    for (const Actualizacion& a : conocidas) {
         if (aplicadas.contains(a.numero))
             continue;
         ejecute_guion(a.archivo);
@@ -139,6 +147,8 @@ QVector<Instalador::Actualizacion> Instalador::actualizaciones(TipoBase tipo) co
                                  .arg(kVersionInicial));
         lista.push_back({numero, relativa + n});
     }
+    std::sort(lista.begin(), lista.end(),
+              [](const auto& a, const auto& b) { return a.numero < b.numero; });
     return lista;
 }
 

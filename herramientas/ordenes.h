@@ -21,6 +21,8 @@ public:
     QStringList codigos() const;
 
 private:
+    ParametrosConexion de(const QString& base) const;
+
     const Argumentos& argumentos_;
     Ubicacion ubicacion_;
     QString usuario_, clave_;

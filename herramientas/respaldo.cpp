@@ -7,6 +7,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <optional>
+#include <unistd.h>
 
 namespace {
 
@@ -128,49 +132,181 @@ ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QStrin
     }
 }
 
-ResultadoRespaldo restaure_en_lugar(const QString& archivo, const ParametrosConexion& base) {
-    if (!QFile::exists(archivo))
-        throw ErrorDatos(QStringLiteral("No se encontró el archivo de respaldo %1.").arg(archivo));
-    const Ubicacion lugar(base.base);
-    const auto resultado = [&](const QMap<QString, QString>& cuenta) {
-        return ResultadoRespaldo{int(cuenta.size()), total_filas(cuenta),
-                                 QFileInfo(archivo).size()};
-    };
-    if (lugar.en_servidor()) {
-        {
-            const BaseAparte aparte(base);
-            restaure_base(archivo, aparte.parametros(), true);
-            exija_contenido(recuento_de(aparte.parametros()));
-        }
-        // Sin base previa no hay sesión que estorbe; con ella, el servidor también la protege.
-        try {
-            exija_sola(base);
-        } catch (const ErrorBase& e) {
-            if (e.clase() != ClaseFalla::NoExiste)
-                throw;
-        }
-        restaure_base(archivo, base, true);
-        return resultado(recuento_de(base));
-    }
-    ParametrosConexion nueva = base;
-    nueva.base = base.base + QStringLiteral(".restaurada");
-    QFile::remove(nueva.base);
+namespace {
+
+ParametrosConexion con_sufijo(const ParametrosConexion& base, const QString& sufijo) {
+    ParametrosConexion otra = base;
+    otra.base += sufijo;
+    return otra;
+}
+
+/// El recuento de una base que abre y es de este sistema; nada si no la hay o quedó a medias.
+std::optional<QMap<QString, QString>> contenido(const ParametrosConexion& base) {
     try {
-        restaure_base(archivo, nueva, false);
-        const auto cuenta = recuento_de(nueva);
+        const auto cuenta = recuento_de(base);
         exija_contenido(cuenta);
-        if (QFile::exists(base.base)) {
-            exija_sola(base);
-            const QString anterior = base.base + QStringLiteral(".anterior");
-            QFile::remove(anterior);
-            if (!QFile::rename(base.base, anterior))
-                throw ErrorDatos(QStringLiteral("No se pudo apartar %1.").arg(base.base));
-        }
-        if (!QFile::rename(nueva.base, base.base))
-            throw ErrorDatos(QStringLiteral("No se pudo dejar la base en %1.").arg(base.base));
-        return resultado(cuenta);
+        return cuenta;
+    } catch (const ErrorDatos&) {
+        return {};
+    }
+}
+
+/// Restaura en `destino`, que aún no es la base de nadie, y revisa lo que quedó.
+QMap<QString, QString> restaure_y_revise(const QString& archivo, const ParametrosConexion& destino,
+                                         TipoBase tipo) {
+    restaure_base(archivo, destino, true);
+    const auto cuenta = recuento_de(destino);
+    exija_contenido(cuenta);
+    Conexion c;
+    c.conectar(destino);
+    const int version = version_de_esquema(c);
+    if (version > version_conocida(tipo))
+        throw ErrorDatos(negativa_de_version(tipo, version));
+    return cuenta;
+}
+
+void borre(const ParametrosConexion& base) noexcept {
+    try {
+        Conexion c;
+        c.conectar(base);
+        c.borre_base();
+    } catch (const std::exception&) {
+        // Lo que no se pudo abrir no es una base buena: estorba, pero no hace daño.
+    }
+}
+
+/// Cambia un archivo de nombre y, si el otro existe, lo reemplaza sin que falte un instante.
+void renombre(const QString& de, const QString& a) {
+    if (std::rename(QFile::encodeName(de).constData(), QFile::encodeName(a).constData()) != 0)
+        throw ErrorDatos(QStringLiteral("No se pudo cambiar de nombre %1 a %2. Verifique los "
+                                        "permisos de la carpeta; los dos archivos siguen en su "
+                                        "sitio.")
+                             .arg(de, a));
+}
+
+/// El mismo archivo con otro nombre; en un disco que no admite enlaces, una copia.
+void duplique(const QString& de, const QString& a) {
+    QFile::remove(a);
+    if (::link(QFile::encodeName(de).constData(), QFile::encodeName(a).constData()) != 0 &&
+        !QFile::copy(de, a))
+        throw ErrorDatos(QStringLiteral("No se pudo apartar %1. Verifique el espacio y los "
+                                        "permisos de la carpeta.")
+                             .arg(de));
+}
+
+// El archivo en curso no vale hasta revisarlo; de ahí en adelante solo hay cambios de nombre, y en
+// todo momento la base está en su sitio: o la de antes o la restaurada.
+QMap<QString, QString> restaure_aqui(const QString& archivo, const ParametrosConexion& base,
+                                     TipoBase tipo, const PasoRestauracion& paso) {
+    const QString ruta = base.base, lista = ruta + QStringLiteral(".restaurada"),
+                  anterior = ruta + QStringLiteral(".anterior");
+    const ParametrosConexion en_curso = con_sufijo(base, QStringLiteral(".restaurando"));
+    QMap<QString, QString> cuenta;
+    QFile::remove(en_curso.base);
+    try {
+        cuenta = restaure_y_revise(archivo, en_curso, tipo);
     } catch (...) {
-        QFile::remove(nueva.base);
+        QFile::remove(en_curso.base);
         throw;
     }
+    paso("restaurada");
+    renombre(en_curso.base, lista);
+    paso("lista");
+    if (QFile::exists(ruta)) {
+        try {
+            exija_sola(base);
+        } catch (...) {
+            QFile::remove(lista); // la base sigue en uso y no hizo falta
+            throw;
+        }
+        duplique(ruta, anterior + QStringLiteral(".nueva"));
+        paso("duplicada");
+        renombre(anterior + QStringLiteral(".nueva"), anterior);
+        paso("apartada");
+    }
+    renombre(lista, ruta);
+    paso("cambiada");
+    return cuenta;
+}
+
+/// Nombre para la copia probada en el servidor: nunca el de otra que aún sirva.
+ParametrosConexion lugar_de_prueba(const ParametrosConexion& base) {
+    for (int i = 1;; ++i) {
+        const ParametrosConexion lugar = con_sufijo(
+            base, i == 1 ? QStringLiteral(".restaurada") : QStringLiteral(".restaurada%1").arg(i));
+        if (!contenido(lugar))
+            return lugar;
+    }
+}
+
+/// Deja en ".anterior" lo que la base tiene, comprobado fila por fila.
+void aparte_en_servidor(const ParametrosConexion& base, const QMap<QString, QString>& cuenta) {
+    const ParametrosConexion anterior = con_sufijo(base, QStringLiteral(".anterior"));
+    QTemporaryDir carpeta;
+    const QString copia = carpeta.filePath(QStringLiteral("anterior.fbk"));
+    respalde_base(base, copia);
+    restaure_base(copia, anterior, true);
+    if (recuento_de(anterior) != cuenta)
+        throw ErrorDatos(QStringLiteral("No se pudo apartar la base actual: su copia en %1 no "
+                                        "quedó igual. La base sigue como estaba.")
+                             .arg(anterior.base));
+}
+
+// En un servidor no hay cambios de nombre: mientras la base se reescribe en su sitio hay otras dos
+// completas, la restaurada y la anterior.
+QMap<QString, QString> restaure_en_servidor(const QString& archivo, const ParametrosConexion& base,
+                                            TipoBase tipo, const PasoRestauracion& paso) {
+    const ParametrosConexion lista = lugar_de_prueba(base);
+    QMap<QString, QString> cuenta;
+    try {
+        cuenta = restaure_y_revise(archivo, lista, tipo);
+    } catch (...) {
+        borre(lista);
+        throw;
+    }
+    paso("lista");
+    if (const auto actual = contenido(base)) {
+        try {
+            exija_sola(base);
+            aparte_en_servidor(base, *actual);
+        } catch (...) {
+            borre(lista);
+            throw;
+        }
+        paso("apartada");
+    }
+    QString falla;
+    try {
+        restaure_base(archivo, base, true);
+        if (recuento_de(base) != cuenta)
+            falla = QStringLiteral("no quedó igual a la copia probada");
+    } catch (const ErrorDatos& e) {
+        falla = e.texto();
+    }
+    if (!falla.isEmpty())
+        throw ErrorDatos(
+            QStringLiteral("La base %1 pudo quedar a medias: repita la orden. El "
+                           "respaldo restaurado y probado está en %2, y lo anterior "
+                           "en %3.\n%4")
+                .arg(base.base, lista.base, base.base + QStringLiteral(".anterior"), falla));
+    paso("cambiada");
+    borre(lista);
+    for (int i = 1; i < 10; ++i)
+        borre(con_sufijo(base, i == 1 ? QStringLiteral(".restaurada")
+                                      : QStringLiteral(".restaurada%1").arg(i)));
+    paso("limpia");
+    return cuenta;
+}
+
+} // namespace
+
+ResultadoRespaldo restaure_en_lugar(const QString& archivo, const ParametrosConexion& base,
+                                    TipoBase tipo, const PasoRestauracion& paso) {
+    if (!QFile::exists(archivo))
+        throw ErrorDatos(QStringLiteral("No se encontró el archivo de respaldo %1.").arg(archivo));
+    const PasoRestauracion avise = paso ? paso : [](const char*) {};
+    const auto cuenta = Ubicacion(base.base).en_servidor()
+                            ? restaure_en_servidor(archivo, base, tipo, avise)
+                            : restaure_aqui(archivo, base, tipo, avise);
+    return {int(cuenta.size()), total_filas(cuenta), QFileInfo(archivo).size()};
 }

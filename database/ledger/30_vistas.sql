@@ -25,3 +25,14 @@ FROM SALDOS_INICIALES S
 JOIN CUENTAS C ON C.CUEN_COD = S.CUEN_COD
 LEFT JOIN TERCEROS T ON T.TERC_NIT = S.TERC_NIT
 GROUP BY S.CUEN_COD, C.CUEN_NOM, S.TERC_NIT, T.TERC_DV, S.PROY_COD, T.TERC_NOM, S.CENT_COD;
+
+--<LIBROS>
+-- Débitos menos créditos de cada línea, partidos en cientos de millones y resto para que ninguna
+-- suma se desborde. Un nulo cuenta como cero.
+CREATE OR ALTER VIEW VISTA_IMPORTES{_NIIF} (ENCO_CONSEC, ALTO, BAJO) AS
+SELECT ENCO_CONSEC,
+  trunc(coalesce(CODE_DEBITO, 0) / 100000000) - trunc(coalesce(CODE_CREDITO, 0) / 100000000),
+  coalesce(CODE_DEBITO, 0) - trunc(coalesce(CODE_DEBITO, 0) / 100000000) * 100000000
+    - coalesce(CODE_CREDITO, 0) + trunc(coalesce(CODE_CREDITO, 0) / 100000000) * 100000000
+FROM {DETALLE};
+--</LIBROS>

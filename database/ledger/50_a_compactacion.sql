@@ -58,6 +58,10 @@ BEGIN
   IF (EXISTS (SELECT 1 FROM SALDOS_DIFERENCIA{_NIIF} ROWS 1)) THEN
   BEGIN
     SELECT SACO_LIBRO FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}' WITH LOCK INTO :LIBRO;
+    -- Sin la fila de control no hay turno que tomar: lo pendiente espera al recálculo, que la
+    -- repone.
+    IF (LIBRO IS NULL) THEN
+      MAXIMO = 0;
     -- Fila por fila y con el mismo cursor: se borra exactamente lo que se suma, aunque otro
     -- confirme un comprobante entretanto.
     FOR
@@ -97,21 +101,46 @@ SELECT S.CUEN_COD, ANO_INICIO('{LIBRO}'), cast(0 AS smallint), coalesce(S.TERC_N
   coalesce(S.SAIN_DEBITO, 0), coalesce(S.SAIN_CREDITO, 0)
 FROM SALDOS_INICIALES{_NIIF} S^
 
--- Claves de un libro cuyo saldo no es el de sus líneas, una tabla de saldos tras otra. Vacío
--- cuando todo cuadra. Léase en una instantánea si otros graban. La llama VERIFIQUE_SALDOS.
+-- Claves de un libro cuyo saldo no es el de sus líneas, una tabla de saldos tras otra. Vacío cuando
+-- todo cuadra. Léase en una instantánea si otros graban. Una cuenta cuyos importes no caben en una
+-- suma sale una sola vez, con TABLA "DESBORDE" y sin cifras. La llama VERIFIQUE_SALDOS.
 CREATE OR ALTER PROCEDURE VERIFIQUE_LIBRO{_NIIF}
 RETURNS (TABLA varchar(31), CUENTA varchar(20), ANO char(4), MES smallint, NIT varchar(20),
   PROYECTO varchar(4), CENTRO varchar(4), ARTICULO varchar(15), DEBITO numeric(18,2),
   CREDITO numeric(18,2), DEBITO_LINEAS numeric(18,2), CREDITO_LINEAS numeric(18,2))
 AS
 BEGIN
+  -- La suma aproximada no se desborda: basta para saber de cuáles no se puede hacer la exacta.
+  DELETE FROM SALDOS_DESBORDE;
+  INSERT INTO SALDOS_DESBORDE (CUEN_COD)
+  SELECT DISTINCT CUEN_COD FROM (
+    SELECT CUEN_COD FROM (
+      SELECT 0 TABLA, CUEN_COD, SALD_DEBITO, SALD_CREDITO FROM VISTA_LINEAS{_NIIF}
+      UNION ALL
+      SELECT 1, CUEN_COD, SALD_DEBITO, SALD_CREDITO FROM VISTA_SALDOS_CUENTA{_NIIF}
+      UNION ALL
+      SELECT 2, CUEN_COD, SALD_DEBITO, SALD_CREDITO FROM VISTA_SALDOS_TERCERO{_NIIF}
+      UNION ALL
+      SELECT 3, CUEN_COD, SALD_DEBITO, SALD_CREDITO FROM VISTA_SALDOS_CENTRO{_NIIF}
+      UNION ALL
+      SELECT 4, CUEN_COD, SALD_DEBITO, SALD_CREDITO FROM VISTA_SALDOS_ARTICULO{_NIIF}
+      UNION ALL
+      SELECT 5, CUEN_COD, SALD_DEBITO, SALD_CREDITO FROM VISTA_SALDOS_DETALLE{_NIIF})
+    GROUP BY TABLA, CUEN_COD
+    HAVING sum(abs(cast(SALD_DEBITO AS double precision))
+      + abs(cast(SALD_CREDITO AS double precision))) > 9e16);
+  TABLA = 'DESBORDE';
+  FOR SELECT CUEN_COD FROM SALDOS_DESBORDE ORDER BY CUEN_COD INTO :CUENTA DO
+    SUSPEND;
+
   -- Las líneas se recorren una vez; las cinco tablas se comparan con su resumen.
   DELETE FROM SALDOS_LINEAS;
   INSERT INTO SALDOS_LINEAS (CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD,
     SALD_DEBITO, SALD_CREDITO)
   SELECT CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD, sum(SALD_DEBITO),
     sum(SALD_CREDITO)
-  FROM VISTA_LINEAS{_NIIF}
+  FROM VISTA_LINEAS{_NIIF} L
+  WHERE NOT EXISTS (SELECT 1 FROM SALDOS_DESBORDE X WHERE X.CUEN_COD = L.CUEN_COD)
   GROUP BY CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD;
 
 --<CLAVES>
@@ -131,7 +160,8 @@ BEGIN
     SELECT {COLUMNAS}, SALD_ANO, SALD_MES, sum(D), sum(C), sum(DL), sum(CL)
     FROM (
       SELECT {COLUMNAS}, SALD_ANO, SALD_MES, SALD_DEBITO D, SALD_CREDITO C, 0 DL, 0 CL
-      FROM VISTA_SALDOS_{CLAVE}{_NIIF}
+      FROM VISTA_SALDOS_{CLAVE}{_NIIF} V
+      WHERE NOT EXISTS (SELECT 1 FROM SALDOS_DESBORDE X WHERE X.CUEN_COD = V.CUEN_COD)
       UNION ALL
       SELECT {COLUMNAS}, SALD_ANO, SALD_MES, 0, 0, SALD_DEBITO, SALD_CREDITO
       FROM SALDOS_LINEAS)
@@ -145,21 +175,31 @@ BEGIN
 END^
 
 -- Recálculo de los saldos de las cuentas de CTAINI a CTAFIN desde el período de FECINI
--- ("aaaammdd"), a partir de las líneas. Lo llama Tfchequeosaldos.
--- Rehace la tabla más fina y de ella las otras cuatro. Si otros graban mientras corre, repasa
--- contra las líneas hasta que una pasada no encuentra nada; en una instantánea basta la primera.
+-- ("aaaammdd"), a partir de las líneas. CORREGIDOS: cuántos estaban mal; cuáles, quedan en
+-- SALDOS_CORREGIDOS. Lo llaman Tfchequeosaldos y la herramienta de administración.
+-- Exige una instantánea que escriba: borra lo que ella ve, compactado y pendiente, y lo rehace con
+-- las líneas que ella ve. Lo que otros confirmen entretanto queda pendiente y no se pierde ni se
+-- cuenta dos veces. Si otro compactó mientras tanto hay un conflicto, y quien llama repite.
 CREATE OR ALTER PROCEDURE CHEQUEO_SALDOS_CONTA{_NIIF} (
   FECINI varchar(10), CTAINI varchar(20), CTAFIN varchar(20))
+RETURNS (CORREGIDOS integer)
 AS
   DECLARE LIBRO varchar(4);
   DECLARE ANO0 char(4);
   DECLARE MES0 smallint;
-  DECLARE PASADA smallint = 0;
-  DECLARE CORREGIDAS integer = 1;
 BEGIN
+  IF (rdb$get_context('SYSTEM', 'ISOLATION_LEVEL') <> 'SNAPSHOT') THEN
+    EXCEPTION SALDOS_SIN_INSTANTANEA;
   FECINI = replace(replace(FECINI, '/', ''), '-', '');
   ANO0 = substring(FECINI FROM 1 FOR 4);
   MES0 = substring(FECINI FROM 5 FOR 2);
+  DELETE FROM SALDOS_CORREGIDOS WHERE SACO_LIBRO = '{LIBRO}';
+  IF (NOT EXISTS (SELECT 1 FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}')) THEN
+  BEGIN
+    INSERT INTO SALDOS_CONTROL (SACO_LIBRO, SACO_ANO)
+    VALUES ('{LIBRO}', coalesce(ANO_CONFIGURADO('{LIBRO}'), '0000'));
+    INSERT INTO SALDOS_CORREGIDOS (SACO_LIBRO, TABLA) VALUES ('{LIBRO}', 'SALDOS_CONTROL');
+  END
   SELECT SACO_LIBRO FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}' WITH LOCK INTO :LIBRO;
 
   -- Una fecha mal copiada en la línea engañaría al auxiliar: también se repone.
@@ -168,29 +208,28 @@ BEGIN
     AND D.CODE_FECHA IS DISTINCT FROM (SELECT E.ENCO_FECHA FROM COMPROBANTE_ENCABEZADO E
       WHERE E.ENCO_CONSEC = D.ENCO_CONSEC);
 
-  DELETE FROM SALDOS_LOTE;
-  WHILE (CORREGIDAS > 0 AND PASADA < 5) DO
-  BEGIN
-    PASADA = PASADA + 1;
-    INSERT INTO SALDOS_LOTE (CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD,
-      SALD_DEBITO, SALD_CREDITO)
-    SELECT CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD, sum(D), sum(C)
-    FROM (
-      SELECT CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD,
-        SALD_DEBITO D, SALD_CREDITO C
-      FROM VISTA_LINEAS{_NIIF}
-      UNION ALL
-      SELECT CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD,
-        -SALD_DEBITO, -SALD_CREDITO
-      FROM VISTA_SALDOS_DETALLE{_NIIF})
-    WHERE CUEN_COD BETWEEN :CTAINI AND :CTAFIN
-      AND (SALD_ANO > :ANO0 OR (SALD_ANO = :ANO0 AND SALD_MES >= :MES0))
-    GROUP BY CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD
-    HAVING sum(D) <> 0 OR sum(C) <> 0;
-    CORREGIDAS = ROW_COUNT;
-    IF (CORREGIDAS > 0) THEN
-      EXECUTE PROCEDURE SUME_LOTE{_NIIF};
-  END
+  INSERT INTO SALDOS_CORREGIDOS (SACO_LIBRO, TABLA, CUENTA, ANO, MES, NIT, PROYECTO, CENTRO,
+    ARTICULO, DEBITO, CREDITO, DEBITO_LINEAS, CREDITO_LINEAS)
+  SELECT '{LIBRO}', TABLA, CUENTA, ANO, MES, NIT, PROYECTO, CENTRO, ARTICULO, DEBITO, CREDITO,
+    DEBITO_LINEAS, CREDITO_LINEAS
+  FROM VERIFIQUE_LIBRO{_NIIF}
+  WHERE CUENTA BETWEEN :CTAINI AND :CTAFIN
+    AND (ANO IS NULL OR ANO > :ANO0 OR (ANO = :ANO0 AND MES >= :MES0));
+  SELECT count(*) FROM SALDOS_CORREGIDOS WHERE SACO_LIBRO = '{LIBRO}' INTO :CORREGIDOS;
+
+  DELETE FROM SALDOS_DIFERENCIA{_NIIF} WHERE CUEN_COD BETWEEN :CTAINI AND :CTAFIN
+    AND (SALD_ANO > :ANO0 OR (SALD_ANO = :ANO0 AND SALD_MES >= :MES0));
+  DELETE FROM SALDOS_DETALLE{_NIIF} WHERE CUEN_COD BETWEEN :CTAINI AND :CTAFIN
+    AND (SALD_ANO > :ANO0 OR (SALD_ANO = :ANO0 AND SALD_MES >= :MES0));
+  INSERT INTO SALDOS_DETALLE{_NIIF} (CUEN_COD, PROY_COD, CENT_COD, TERC_NIT, ARTI_COD, SALD_ANO,
+    SALD_MES, SALD_DEBITO, SALD_CREDITO)
+  SELECT CUEN_COD, PROY_COD, CENT_COD, TERC_NIT, ARTI_COD, SALD_ANO, SALD_MES, sum(SALD_DEBITO),
+    sum(SALD_CREDITO)
+  FROM VISTA_LINEAS{_NIIF}
+  WHERE CUEN_COD BETWEEN :CTAINI AND :CTAFIN
+    AND (SALD_ANO > :ANO0 OR (SALD_ANO = :ANO0 AND SALD_MES >= :MES0))
+  GROUP BY CUEN_COD, PROY_COD, CENT_COD, TERC_NIT, ARTI_COD, SALD_ANO, SALD_MES
+  HAVING sum(SALD_DEBITO) <> 0 OR sum(SALD_CREDITO) <> 0;
 
 --<CLAVES>
 --| CLAVE    | COLUMNAS
@@ -209,6 +248,7 @@ BEGIN
 --</CLAVES>
 
   UPDATE SALDOS_CONTROL SET SACO_VUELTA = SACO_VUELTA + 1 WHERE SACO_LIBRO = '{LIBRO}';
+  SUSPEND;
 END^
 --</LIBROS>
 

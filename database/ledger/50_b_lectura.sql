@@ -4,8 +4,9 @@
 --
 -- Al leer sin instantánea puede confirmarse una compactación a media lectura, y lo que salió de las
 -- diferencias no estar todavía en lo compactado que ya se leyó. SACO_VUELTA lo delata: si cambió
--- mientras se sumaba, se suma otra vez. La suma termina antes de la primera fila porque agrupa con
--- un ordenamiento, así que ninguna fila sale dos veces.
+-- mientras se sumaba, se suma otra vez; sin su fila no hay quien compacte, y no hace falta. La suma
+-- termina antes de la primera fila porque agrupa con un ordenamiento, así que ninguna fila sale dos
+-- veces.
 
 SET TERM ^ ;
 
@@ -33,7 +34,7 @@ AS
 BEGIN
   WHILE (VUELTA IS DISTINCT FROM OTRA) DO
   BEGIN
-    SELECT SACO_VUELTA FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}' INTO :VUELTA;
+    VUELTA = (SELECT SACO_VUELTA FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}');
     PRIMERA = 1;
     FOR
       SELECT {COLUMNAS},
@@ -50,14 +51,14 @@ BEGIN
       IF (PRIMERA = 1) THEN
       BEGIN
         PRIMERA = 0;
-        SELECT SACO_VUELTA FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}' INTO :OTRA;
+        OTRA = (SELECT SACO_VUELTA FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}');
         IF (VUELTA IS DISTINCT FROM OTRA) THEN
           LEAVE;
       END
       SUSPEND;
     END
     IF (PRIMERA = 1) THEN
-      SELECT SACO_VUELTA FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}' INTO :OTRA;
+      OTRA = (SELECT SACO_VUELTA FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}');
   END
 END^
 --</CLAVES>

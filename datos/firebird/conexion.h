@@ -33,6 +33,9 @@ enum class ModoTransaccion {
 
 class Transaccion;
 
+/// Papel con que entra el programa: lo crean los guiones y lo concede la administración.
+inline constexpr const char* kRolPrograma = "QUORVEX_PROGRAMA";
+
 struct ParametrosConexion {
     QString base; ///< "equipo/puerto:ruta" o una ruta del equipo local
     QString usuario;
@@ -40,6 +43,8 @@ struct ParametrosConexion {
     int espera_segundos = 10; ///< cuánto se espera por una fila que otro tiene tomada
     /// Solo al crear: cada escritura llega al disco antes de seguir. Una base desechable lo apaga.
     bool escritura_forzada = true;
+    /// Papel que se toma al entrar; con uno que no le han concedido, el usuario entra sin ninguno.
+    QString rol = QLatin1String(kRolPrograma);
 };
 
 enum class TipoColumna { Texto, Entero, Decimal, Fecha, Hora, FechaHora, Memo, Binario, Flotante };

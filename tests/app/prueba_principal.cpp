@@ -29,6 +29,9 @@ private slots:
     void la_sesion_queda_con_lo_que_dicen_las_bases();
     void un_usuario_que_falta_en_una_base_no_entra_data();
     void un_usuario_que_falta_en_una_base_no_entra();
+    void quien_nadie_registro_en_la_base_no_entra();
+    void una_base_de_otra_version_no_se_abre_data();
+    void una_base_de_otra_version_no_se_abre();
     void una_compania_sin_fila_toma_los_datos_de_la_primera();
     void un_valor_de_configuracion_danado_detiene_la_entrada();
     void los_submenus_de_estados_financieros_se_apagan_sin_su_derecho();
@@ -273,6 +276,49 @@ void PruebaPrincipal::un_usuario_que_falta_en_una_base_no_entra() {
     QVERIFY(!p.Generales1->isEnabled());
     QVERIFY(!p.primera_activacion);
     QVERIFY(p.EUsuario->text().isEmpty() && p.ECompania->text().isEmpty());
+}
+
+void PruebaPrincipal::quien_nadie_registro_en_la_base_no_entra() {
+    s_->dialogos.espere("Nombre de usuario incorrecto");
+    Tfprincipal& p = s_->entre("EXTRANO");
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+    QVERIFY(!p.isVisible());
+}
+
+void PruebaPrincipal::una_base_de_otra_version_no_se_abre_data() {
+    QTest::addColumn<bool>("general");
+    QTest::addColumn<int>("version"); // 0: la anterior a la de este programa
+    QTest::addColumn<QString>("dice");
+    const QString nueva = "La base de datos %1 es de una versión más nueva que este programa"
+                          " (esquema 9999; el programa conoce hasta el %2). Instale la versión"
+                          " nueva del programa en este equipo.";
+    QTest::newRow("compañía nueva")
+        << false << 9999 << nueva.arg("de la compañía").arg(kVersionCompania);
+    QTest::newRow("general nueva") << true << 9999 << nueva.arg("general").arg(kVersionGeneral);
+    QTest::newRow("compañía vieja")
+        << false << 0
+        << QString("La base de datos de la compañía es de una versión anterior a este programa"
+                   " (esquema %1; el programa necesita el %2). Pida al administrador que la ponga"
+                   " al día con quorvex-admin actualizar.")
+               .arg(kVersionCompania - 1)
+               .arg(kVersionCompania);
+}
+
+void PruebaPrincipal::una_base_de_otra_version_no_se_abre() {
+    QFETCH(bool, general);
+    QFETCH(int, version);
+    QFETCH(QString, dice);
+    Conexion& base = general ? s_->bases.general() : s_->bases.base();
+    if (version)
+        base.ejecute("insert into version_esquema (vers_numero) values (?)", {Valor(version)});
+    else
+        base.ejecute("delete from version_esquema where vers_numero = ?",
+                     {Valor(kVersionCompania)});
+    s_->dialogos.espere(dice);
+    Tfprincipal& p = s_->entre();
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+    QVERIFY(!p.isVisible());
+    QCOMPARE(s_->sello(), QString()); // ni siquiera se anotó la sesión
 }
 
 void PruebaPrincipal::una_compania_sin_fila_toma_los_datos_de_la_primera() {

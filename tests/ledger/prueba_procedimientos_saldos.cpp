@@ -43,6 +43,15 @@ private:
         return base().consulte("select saldo from " + llamada).texto();
     }
 
+    /// Cuántos saldos corrigió.
+    qint64 recalcule(const QString& llamada) {
+        Transaccion t(base(), Transaccion::Modo::EscrituraInstantanea);
+        const auto salida =
+            base().prepare("execute procedure " + llamada, t)->ejecute_con_salida(t, {});
+        t.confirme();
+        return salida[0].entero();
+    }
+
     std::optional<BaseDePrueba> base_;
 };
 
@@ -341,17 +350,23 @@ void PruebaProcedimientosSaldos::el_recalculo_repone_lo_danado_sin_tocar_lo_ante
                     "insert into saldos_diferencia values ('130505', '2018', 2, '', '', '', '', 3,"
                     " 0)"});
     QVERIFY(!saldos_distintos(base()).isEmpty());
-    base().ejecute("execute procedure chequeo_saldos_conta('20000101', '0', '99999999')");
+    // Sumar mientras otros graban daría saldos falsos: solo se recalcula sobre una foto.
+    QVERIFY_EXCEPTION_THROWN(
+        base().ejecute("execute procedure chequeo_saldos_conta('20000101', '0', '99999999')"),
+        ErrorBase);
+    const auto malos = base().consulte("select count(*) from verifique_saldos('2649')").entero();
+    QCOMPARE(recalcule("chequeo_saldos_conta('20000101', '0', '99999999')"), malos);
     QCOMPARE(saldos_distintos(base()), QString());
+    QCOMPARE(recalcule("chequeo_saldos_conta('20000101', '0', '99999999')"), 0);
 
     // Desde una fecha y en unas cuentas: lo demás queda como estaba.
     base().ejecute(dano);
-    base().ejecute("execute procedure chequeo_saldos_conta('20180101', '13', '1399999999')");
+    recalcule("chequeo_saldos_conta('20180101', '13', '1399999999')");
     QCOMPARE(filas_de(base(), "select cuenta || ' ' || ano from verifique_saldos('2649') where"
                               " tabla = 'SALDOS_CUENTA' order by 1"),
              QString("110505 2017\n130505 2017\n413505 2017\n413505 2018"));
     base().ejecute("delete from saldos_centro_niif");
-    base().ejecute("execute procedure chequeo_saldos_conta_niif('20000101', '0', '99999999')");
+    recalcule("chequeo_saldos_conta_niif('20000101', '0', '99999999')");
     QCOMPARE(filas_de(base(), "select * from verifique_saldos('NIIF')"), QString());
 }
 
