@@ -1,19 +1,18 @@
 #include "vouchers/tfmnuplantilla.h"
 
-#include "sesion/apertura.h"
 #include "sesion/peticiones.h"
 
 namespace {
 
 void abra_en_mantenimiento(const char* pantalla) {
-    abra_o_avise(pantalla, AbreLista{.modo_mantenimiento = true});
+    pantallas().abrir(pantalla, AbreLista{.modo_mantenimiento = true});
 }
 
 } // namespace
 
 Tfmnuplantilla::Tfmnuplantilla() : MenuBotones("Tfmnuplantilla", "Plantillas") {
-    opcion("SBPlantillas", "Plantillas contables", "x-office-document-template",
+    opcion("SBPlantillas", "Plantillas contables", "x-office-document-template", "Tfbuscplantilla",
            [] { abra_en_mantenimiento("Tfbuscplantilla"); });
-    opcion("SBDigitacion", "Digitación rápida   ", "x-office-spreadsheet",
+    opcion("SBDigitacion", "Digitación rápida   ", "x-office-spreadsheet", "Tfbuscplanillasd",
            [] { abra_en_mantenimiento("Tfbuscplanillasd"); });
 }

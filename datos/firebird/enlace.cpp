@@ -28,8 +28,8 @@ IXpbBuilder* parametros_del_enlace(const ParametrosConexion& p, bool crear, int 
     const QByteArray programa = QCoreApplication::applicationName().toLocal8Bit();
     dpb->insertString(&estado, isc_dpb_process_name, programa.constData());
     dpb->insertInt(&estado, isc_dpb_process_id, int(QCoreApplication::applicationPid()));
-    if (!crear && !parametros.rol.isEmpty())
-        dpb->insertString(&estado, isc_dpb_sql_role_name, a_latin1(parametros.rol).constData());
+    if (!crear && !p.rol.isEmpty())
+        dpb->insertString(&estado, isc_dpb_sql_role_name, fbc::a_latin1(p.rol).constData());
     if (crear) {
         dpb->insertInt(&estado, isc_dpb_page_size, 8192);
         dpb->insertString(&estado, isc_dpb_set_db_charset, "ISO8859_1");

@@ -141,6 +141,7 @@ private slots:
                       "zz' or gen_id(sec_comprobante, 10000000000) > 0 or 'a' like '"}) {
                     componente<QCheckBox>(p, "CkDesorden").setChecked(desorden);
                     busque(p, 1, texto);
+                    QVERIFY2(i.conforme(), qPrintable(i.queja()));
                     QCOMPARE(s.dato("select gen_id(sec_comprobante, 0) from rdb$database"), antes);
                 }
         }

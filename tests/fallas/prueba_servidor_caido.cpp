@@ -5,8 +5,10 @@
 #include "fallas/contador.h"
 
 #include <QProcess>
+#include <QThread>
 #include <csignal>
 #include <sys/resource.h>
+#include <thread>
 
 class PruebaServidorCaido : public QObject {
     Q_OBJECT
@@ -83,6 +85,58 @@ private slots:
         QCOMPARE(numeros.size(), kComprobantes);
         QCOMPARE(a_medias(c), QString());
         QCOMPARE(saldos_distintos(c), QString());
+    }
+
+    void una_caida_a_mitad_de_un_borrado_deja_el_comprobante_entero() {
+        ServidorDePrueba servidor;
+        Contador c(servidor.ubicacion(), "ADMIN", ServidorDePrueba::kClave);
+        c.digite_comprobante("110505", "111005", "10");
+        QVERIFY(c.grabe());
+        {
+            // Otro retiene un renglón: el borrado empieza y espera, y ahí muere el servidor.
+            Conexion otra;
+            otra.conectar(servidor.parametros());
+            Transaccion retiene(otra, Transaccion::Modo::Escritura);
+            otra.prepare("update comprobante_detalle set code_concepto = 'x'", retiene)
+                ->ejecute(retiene, {});
+            std::thread verdugo([&servidor, pid = servidor.proceso()] {
+                Conexion vigia;
+                vigia.conectar(servidor.parametros("SYSDBA"));
+                while (vigia
+                           .consulte("select count(*) from mon$statements where mon$state = 1 and "
+                                     "mon$attachment_id <> current_connection")
+                           .entero() == 0)
+                    QThread::msleep(10);
+                ::kill(pid_t(pid), SIGKILL);
+            });
+            Tfedtmovimien* e = c.edite("000001");
+            e->SBBorrar->setFocus();
+            oprima(Qt::Key_Space);
+            verdugo.join();
+        }
+        QVERIFY2(c.mensajes.join('|').contains("Se perdió la conexión"),
+                 qPrintable(c.mensajes.join('|')));
+        servidor.mate(); // lo da por muerto
+        servidor.inicie();
+        Conexion mira;
+        mira.conectar(servidor.parametros());
+        QCOMPARE(filas_de(mira, "select enco_numero from comprobante_encabezado"),
+                 QString("000001"));
+        QCOMPARE(a_medias(mira), QString());
+        QCOMPARE(saldos_distintos(mira), QString());
+        // La pantalla sigue ahí y el segundo intento lo borra entero.
+        c.mensajes.clear();
+        auto* e = qobject_cast<Tfedtmovimien*>(c.escritorio.abierta("Tfedtmovimien"));
+        QVERIFY(e);
+        e->activateWindow();
+        e->SBBorrar->setFocus();
+        oprima(Qt::Key_Space);
+        QCOMPARE(c.mensajes, QStringList({"Desea borrar definitivamente el comprobante CG 0001 "
+                                          "000001?"}));
+        QVERIFY(c.cerrada("Tfedtmovimien"));
+        QCOMPARE(filas_de(mira, "select enco_numero from comprobante_encabezado"), QString());
+        QCOMPARE(a_medias(mira), QString());
+        QCOMPARE(saldos_distintos(mira), QString());
     }
 
     void lo_abierto_antes_de_la_caida_no_se_confunde_con_lo_nuevo() {

@@ -17,6 +17,215 @@
 #include <QSpinBox>
 #include <QToolButton>
 
+namespace {
+
+struct CasoAuxiliar {
+    const char* clase;
+    const char* cuenta;
+    const char* nombre;
+    const char* clave;
+    QStringList titulos;
+    const char* archivo;
+    QStringList ids, debitos, creditos;
+    const char* inicial;
+    QSize tamano;
+};
+/// Lo que muestra cada auxiliar del libro de prueba en marzo.
+QVector<CasoAuxiliar> casos_de_auxiliar() {
+    const QStringList todas{"Tipo",   "Prefijo", "Número",     "Fecha", "Concepto",
+                            "NIT",    "Mcpio",   "Referencia", "Base",  "Porc.",
+                            "Débito", "Crédito", "Pry.",       "Centro"};
+    QStringList de_tercero = todas, de_centro = todas, de_articulo = todas;
+    de_tercero.removeOne("NIT");
+    de_tercero.removeOne("Mcpio");
+    de_tercero.replaceInStrings("Referencia", "Ref.");
+    de_centro.removeOne("Pry.");
+    de_centro.removeOne("Centro");
+    de_articulo.removeOne("Mcpio");
+    return {
+        {"Tfauxiliar",
+         "110505",
+         "Caja general",
+         "",
+         todas,
+         "Auxiliar",
+         {"903", "902", "906"},
+         {"0", "1190000.25", "11.11"},
+         {"432000.12", "0", "0"},
+         "5,000,000.00",
+         {680, 350}},
+        {"Tfauxiliarniif",
+         "110505",
+         "Caja NIIF",
+         "",
+         todas,
+         "AuxiliarNIIF",
+         {"903", "902", "906"},
+         {"0", "1190000.75", "22.22"},
+         {"560000.6", "0", "0"},
+         "4,000,000.00",
+         {680, 350}},
+        {"Tfauxiliarterc",
+         "510506",
+         "Sueldos",
+         "Peña Gómez María",
+         de_tercero,
+         "AuxTerc",
+         {"903", "903"},
+         {"400000", "2000.02"},
+         {"0", "0"},
+         "",
+         {}},
+        {"Tfauxiliartercniif",
+         "510506",
+         "Sueldos",
+         "Peña Gómez María",
+         de_tercero,
+         "AuxTerc",
+         {"903"},
+         {"500000"},
+         {"0"},
+         "",
+         {}},
+        {"Tfauxiliarcentro",
+         "510506",
+         "Sueldos",
+         "Contabilidad",
+         de_centro,
+         "AuxCentroCosto",
+         {"903", "903"},
+         {"30000.1", "2000.02"},
+         {"0", "0"},
+         "",
+         {638, 297}},
+        // Lee el libro 2649 aunque sea la pantalla del otro.
+        {"Tfauxiliarcentroniif",
+         "510506",
+         "Sueldos",
+         "Contabilidad",
+         de_centro,
+         "AuxCentroCosto",
+         {"903", "903"},
+         {"30000.1", "2000.02"},
+         {"0", "0"},
+         "",
+         {638, 297}},
+        {"Tfauxiliarart",
+         "143505",
+         "Mercancías",
+         "Martillo",
+         de_articulo,
+         "AuxArtic",
+         {"907", "907"},
+         {"100.1", "0"},
+         {"0", "40.04"},
+         "",
+         {}},
+    };
+}
+
+struct CasoSaldo {
+    const char* clase;
+    const char* titulo;
+    const char* cuenta;
+    const char* nombre;
+    QStringList titulos;
+    const char* archivo;
+    QStringList llaves, finales;
+    const char* abre;
+    QStringList ids; ///< del auxiliar de la segunda fila, o de la única
+    QSize tamano;
+};
+const QStringList kTitulosCentro{"Centro",  "Subc.",    "S. Inicial",
+                                 "Débitos", "Créditos", "S. Final"};
+/// Lo que muestra cada lista de saldos del libro de prueba en marzo.
+QVector<CasoSaldo> casos_de_saldo() {
+    const QStringList por_nit{"NIT", "Nombre", "S. Inicial", "Débitos", "Créditos", "S. Final"};
+    const QStringList por_articulo{"Artículo", "Descripción", "S. Inicial",
+                                   "Débitos",  "Céditos",     "S. Final"};
+    return {
+        {"Tfsaldoterc",
+         "Saldos por tercero",
+         "510506",
+         "Sueldos",
+         por_nit,
+         "SaldoTerc",
+         {"52345678", "900123456"},
+         {"402000.02", "30000.1"},
+         "Tfauxiliarterc",
+         {"903"},
+         {616, 350}},
+        {"Tfsaldotercniif",
+         "Saldos por tercero NIIF",
+         "510506",
+         "Sueldos",
+         por_nit,
+         "SaldoTercNIIF",
+         {"52345678", "900123456"},
+         {"500000", "60000.6"},
+         "Tfauxiliartercniif",
+         {"903"},
+         {616, 350}},
+        {"Tfsaldotercent",
+         "Saldos centro por tercero",
+         "510506",
+         "Sueldos",
+         por_nit,
+         "SaldoTerc",
+         {"52345678", "900123456"},
+         {"2000.02", "30000.1"},
+         "Tfauxiliarterc",
+         {"903"},
+         {616, 350}},
+        {"Tfsaldotercentniif",
+         "Saldos centro por tercero NIIF",
+         "510506",
+         "Sueldos NIIF",
+         por_nit,
+         "SaldoTercNiif",
+         {"900123456"},
+         {"60000.6"},
+         "Tfauxiliartercniif",
+         {"903"},
+         {616, 350}},
+        {"Tfsaldocentro",
+         "Saldos por centro",
+         "510506",
+         "Sueldos",
+         kTitulosCentro,
+         "SaldoCentro",
+         {"0001 0001", "0001 0002"},
+         {"400000", "32000.12"},
+         "Tfauxiliarcentro",
+         {"903", "903"},
+         {616, 236}},
+        {"Tfsaldocentroniif",
+         "Saldos por centro NIIF",
+         "510506",
+         "Sueldos NIIF",
+         kTitulosCentro,
+         "SaldoCentroNiif",
+         {"0001 0001", "0001 0002"},
+         {"500000", "60000.6"},
+         "Tfauxiliarcentroniif",
+         {"903", "903"},
+         {616, 236}},
+        {"Tfsaldoartc",
+         "Saldos por artículo",
+         "143505",
+         "Mercancías",
+         por_articulo,
+         "SaldoArti",
+         {"MART01"},
+         {"60.06"},
+         "Tfauxiliarart",
+         {"907", "907"},
+         {676, 273}},
+    };
+}
+
+} // namespace
+
 class PruebaAuxiliares : public QObject {
     Q_OBJECT
 
@@ -79,107 +288,7 @@ private slots:
         s.base.ejecute({"update cuentas_niif set cuen_nom = 'Caja NIIF' where cuen_cod = '110505'",
                         "update cuentas_niif set cuen_nom = 'Sueldos NIIF' where cuen_cod = "
                         "'510506'"});
-        const QStringList todas{"Tipo",   "Prefijo", "Número",     "Fecha", "Concepto",
-                                "NIT",    "Mcpio",   "Referencia", "Base",  "Porc.",
-                                "Débito", "Crédito", "Pry.",       "Centro"};
-        QStringList de_tercero = todas, de_centro = todas, de_articulo = todas;
-        de_tercero.removeOne("NIT");
-        de_tercero.removeOne("Mcpio");
-        de_tercero.replaceInStrings("Referencia", "Ref.");
-        de_centro.removeOne("Pry.");
-        de_centro.removeOne("Centro");
-        de_articulo.removeOne("Mcpio");
-        const struct {
-            const char* clase;
-            const char* cuenta;
-            const char* nombre;
-            const char* clave;
-            QStringList titulos;
-            const char* archivo;
-            QStringList ids, debitos, creditos;
-            const char* inicial;
-            QSize tamano;
-        } casos[] = {
-            {"Tfauxiliar",
-             "110505",
-             "Caja general",
-             "",
-             todas,
-             "Auxiliar",
-             {"903", "902", "906"},
-             {"0", "1190000.25", "11.11"},
-             {"432000.12", "0", "0"},
-             "5,000,000.00",
-             {680, 350}},
-            {"Tfauxiliarniif",
-             "110505",
-             "Caja NIIF",
-             "",
-             todas,
-             "AuxiliarNIIF",
-             {"903", "902", "906"},
-             {"0", "1190000.75", "22.22"},
-             {"560000.6", "0", "0"},
-             "4,000,000.00",
-             {680, 350}},
-            {"Tfauxiliarterc",
-             "510506",
-             "Sueldos",
-             "Peña Gómez María",
-             de_tercero,
-             "AuxTerc",
-             {"903", "903"},
-             {"400000", "2000.02"},
-             {"0", "0"},
-             "",
-             {}},
-            {"Tfauxiliartercniif",
-             "510506",
-             "Sueldos",
-             "Peña Gómez María",
-             de_tercero,
-             "AuxTerc",
-             {"903"},
-             {"500000"},
-             {"0"},
-             "",
-             {}},
-            {"Tfauxiliarcentro",
-             "510506",
-             "Sueldos",
-             "Contabilidad",
-             de_centro,
-             "AuxCentroCosto",
-             {"903", "903"},
-             {"30000.1", "2000.02"},
-             {"0", "0"},
-             "",
-             {638, 297}},
-            // Lee el libro 2649 aunque sea la pantalla del otro.
-            {"Tfauxiliarcentroniif",
-             "510506",
-             "Sueldos",
-             "Contabilidad",
-             de_centro,
-             "AuxCentroCosto",
-             {"903", "903"},
-             {"30000.1", "2000.02"},
-             {"0", "0"},
-             "",
-             {638, 297}},
-            {"Tfauxiliarart",
-             "143505",
-             "Mercancías",
-             "Martillo",
-             de_articulo,
-             "AuxArtic",
-             {"907", "907"},
-             {"100.1", "0"},
-             {"0", "40.04"},
-             "",
-             {}},
-        };
-        for (const auto& caso : casos) {
+        for (const CasoAuxiliar& caso : casos_de_auxiliar()) {
             auto* p = abra<Tfauxiliar>(s, caso.clase, caso.cuenta, 3);
             QVERIFY(p);
             QCOMPARE(p->NomCuenta->text(), QString::fromUtf8(caso.nombre));
@@ -414,102 +523,7 @@ private slots:
         agregue_libro(s);
         s.base.ejecute({"update cuentas_niif set cuen_nom = 'Sueldos NIIF' where cuen_cod = "
                         "'510506'"});
-        const QStringList por_nit{"NIT", "Nombre", "S. Inicial", "Débitos", "Créditos", "S. Final"};
-        const QStringList por_centro{"Centro",  "Subc.",    "S. Inicial",
-                                     "Débitos", "Créditos", "S. Final"};
-        const QStringList por_articulo{"Artículo", "Descripción", "S. Inicial",
-                                       "Débitos",  "Céditos",     "S. Final"};
-        const struct {
-            const char* clase;
-            const char* titulo;
-            const char* cuenta;
-            const char* nombre;
-            QStringList titulos;
-            const char* archivo;
-            QStringList llaves, finales;
-            const char* abre;
-            QStringList ids; ///< del auxiliar de la segunda fila, o de la única
-            QSize tamano;
-        } casos[] = {
-            {"Tfsaldoterc",
-             "Saldos por tercero",
-             "510506",
-             "Sueldos",
-             por_nit,
-             "SaldoTerc",
-             {"52345678", "900123456"},
-             {"402000.02", "30000.1"},
-             "Tfauxiliarterc",
-             {"903"},
-             {616, 350}},
-            {"Tfsaldotercniif",
-             "Saldos por tercero NIIF",
-             "510506",
-             "Sueldos",
-             por_nit,
-             "SaldoTercNIIF",
-             {"52345678", "900123456"},
-             {"500000", "60000.6"},
-             "Tfauxiliartercniif",
-             {"903"},
-             {616, 350}},
-            {"Tfsaldotercent",
-             "Saldos centro por tercero",
-             "510506",
-             "Sueldos",
-             por_nit,
-             "SaldoTerc",
-             {"52345678", "900123456"},
-             {"2000.02", "30000.1"},
-             "Tfauxiliarterc",
-             {"903"},
-             {616, 350}},
-            {"Tfsaldotercentniif",
-             "Saldos centro por tercero NIIF",
-             "510506",
-             "Sueldos NIIF",
-             por_nit,
-             "SaldoTercNiif",
-             {"900123456"},
-             {"60000.6"},
-             "Tfauxiliartercniif",
-             {"903"},
-             {616, 350}},
-            {"Tfsaldocentro",
-             "Saldos por centro",
-             "510506",
-             "Sueldos",
-             por_centro,
-             "SaldoCentro",
-             {"0001 0001", "0001 0002"},
-             {"400000", "32000.12"},
-             "Tfauxiliarcentro",
-             {"903", "903"},
-             {616, 236}},
-            {"Tfsaldocentroniif",
-             "Saldos por centro NIIF",
-             "510506",
-             "Sueldos NIIF",
-             por_centro,
-             "SaldoCentroNiif",
-             {"0001 0001", "0001 0002"},
-             {"500000", "60000.6"},
-             "Tfauxiliarcentroniif",
-             {"903", "903"},
-             {616, 236}},
-            {"Tfsaldoartc",
-             "Saldos por artículo",
-             "143505",
-             "Mercancías",
-             por_articulo,
-             "SaldoArti",
-             {"MART01"},
-             {"60.06"},
-             "Tfauxiliarart",
-             {"907", "907"},
-             {676, 273}},
-        };
-        for (const auto& caso : casos) {
+        for (const CasoSaldo& caso : casos_de_saldo()) {
             auto* p = abra<Tfsaldoterc>(s, caso.clase, caso.cuenta, 3);
             QVERIFY(p);
             QCOMPARE(p->windowTitle(), QString::fromUtf8(caso.titulo));
@@ -519,7 +533,7 @@ private slots:
             QCOMPARE(p->size(), caso.tamano);
             QStringList llaves;
             for (int i = 0; i < p->CSaldos.RecordCount(); ++i)
-                llaves << (caso.titulos == por_centro
+                llaves << (caso.titulos == kTitulosCentro
                                ? p->CSaldos.valor_en(i, p->CSaldos.Fields(0)).texto() + ' ' +
                                      p->CSaldos.valor_en(i, p->CSaldos.Fields(1)).texto()
                                : p->CSaldos.valor_en(i, p->CSaldos.Fields(0)).texto());

@@ -325,13 +325,6 @@ void PruebaOrden::el_examen_del_sql_ve_lo_que_debe() {
 const QStringList kLargas{
     "catalogues/forma_tercero_diseno.cpp FormaTercero::arme",
     "datos/recordset/campo.cpp Campo::convierta",
-    "tests/vouchers/prueba_comprobante_completo.cpp veinte_lineas_por_libro_solo_con_el_teclado",
-    "tests/vouchers/prueba_busqueda.cpp lo_digitado_se_busca_a_si_mismo_y_no_es_mas_que_un_texto",
-    "tests/vouchers/prueba_busqueda.cpp el_movimiento_de_un_tercero_se_filtra_se_edita_y_se_borra",
-    "tests/vouchers/prueba_impresion.cpp PruebaImpresion::cada_dato_imprime_lo_suyo",
-    "tests/ledger/prueba_auxiliares.cpp cada_auxiliar_trae_las_lineas_de_su_clave_en_su_libro",
-    "tests/ledger/prueba_auxiliares.cpp "
-    "cada_saldo_reparte_la_cuenta_por_su_clave_y_abre_su_auxiliar",
     "toolkit/informes/opciones_impresion.cpp DialogoOpciones::DialogoOpciones",
     "toolkit/informes/vista_preliminar.cpp VistaPreliminar::VistaPreliminar",
     "vouchers/tfcomproterc.cpp Tfcomproterc::Tfcomproterc",

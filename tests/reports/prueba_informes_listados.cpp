@@ -299,12 +299,16 @@ void PruebaInformesListados::los_menus_piden_su_acceso_y_abren_lo_suyo() {
         {"Consecutivos", "Tfrngconsecutivos", 113, "RepCompConsec", {382, 254}},
         {"Cronológico", "Tfrngcronologicos", 114, "RepCompCrono", {382, 251}},
         {"Diario detallado", "Tfrngcomprodiario", 115, "RepCompDiar", {400, 264}}};
-    auto* informes = pantallas().abrir("Tfinformes");
-    QVERIFY(informes);
-    // Cada menú que existe se abre; el que falta se avisa.
+    // Cada menú que existe se abre; el que falta está apagado.
+    auto* faltan = pantallas().abrir("Tfinformes");
+    QVERIFY(faltan);
+    for (const auto* b : faltan->findChildren<QPushButton*>())
+        QCOMPARE(b->isEnabled(), b->text() == "Catálogos" || b->text() == "Auxiliares");
+    faltan->close();
     for (const char* menu : {"Tfcatalogos", "Tfmnufinancieros", "Tfmnuinfniif", "Tfmnuconsol",
                              "Tfmnuanexos", "Tfoficiales", "Tfformatoconta"})
         registre_testigo(menu);
+    auto* informes = pantallas().abrir("Tfinformes");
     for (const auto& [texto, menu] : {std::pair{"Catálogos", "Tfcatalogos"},
                                       {"Estados financieros", "Tfmnufinancieros"},
                                       {"Estados NIIF", "Tfmnuinfniif"},

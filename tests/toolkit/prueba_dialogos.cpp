@@ -1,4 +1,5 @@
 // Mensajes, preguntas, mensaje que se quita solo y la barra de avisos.
+#include "apoyo/herramienta.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/dialogos.h"
@@ -7,9 +8,40 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 
+/// Todas fallan a propósito: las corre aparte una_prueba_que_falla_lo_dice_y_no_se_queda_colgada.
+class PruebaQueFalla : public QObject {
+    Q_OBJECT
+private slots:
+    void dentro_de_una_ventana_modal() {
+        Interlocutor i;
+        i.espere_modal("dialogo", [](QWidget* d) { QCOMPARE(d->objectName(), QString("otro")); });
+        muestre_mensaje("Nadie lo cierra.");
+    }
+    void sin_interlocutor() { muestre_mensaje("Nadie lo esperaba."); }
+    void despues_de_darse_por_conforme() {
+        Interlocutor i;
+        i.espere("Uno.");
+        muestre_mensaje("Uno.");
+        QVERIFY(i.conforme());
+        muestre_mensaje("De más.");
+    }
+    void lo_esperado_no_aparece() {
+        Interlocutor i;
+        i.espere("Nunca.");
+    }
+};
+
 class PruebaDialogos : public QObject {
     Q_OBJECT
 private slots:
+    void una_prueba_que_falla_lo_dice_y_no_se_queda_colgada() {
+        const auto r = corra(QCoreApplication::applicationFilePath(), {"--falla"});
+        QCOMPARE(r.codigo, 4);
+        for (const char* queja : {"Actual", "mensaje inesperado: Nadie lo esperaba.",
+                                  "mensaje inesperado: De más.", "no apareció: Nunca."})
+            QVERIFY2(r.salida.contains(queja), qPrintable(r.salida));
+    }
+
     void las_preguntas_solo_dicen_si_cuando_se_oprime_si() {
         Interlocutor i;
         const QString t = "Desea borrar <b>todo</b> ?"; // el texto no se interpreta
@@ -157,5 +189,13 @@ private slots:
     }
 };
 
-QTEST_MAIN(PruebaDialogos)
+int main(int cuantos, char** argumentos) {
+    QApplication aplicacion(cuantos, argumentos);
+    if (cuantos == 2 && qstrcmp(argumentos[1], "--falla") == 0) {
+        PruebaQueFalla prueba;
+        return QTest::qExec(&prueba);
+    }
+    PruebaDialogos prueba;
+    return QTest::qExec(&prueba, cuantos, argumentos);
+}
 #include "prueba_dialogos.moc"

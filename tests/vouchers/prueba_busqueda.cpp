@@ -32,6 +32,43 @@ void ponga_encabezados(SesionGui& s) {
              Valor(e.concepto), Valor(e.refer)});
 }
 
+/// Un comprobante y una plantilla con ese concepto, y su final de referencia.
+void siembre(SesionGui& s, int id, const QString& concepto) {
+    Conexion& b = s.base.base();
+    b.ejecute("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, enco_numero, "
+              "enco_fecha, enco_concepto, enco_refer, enco_usuario) values (?, 'CG', '0001', ?, "
+              "'20170115', ?, ?, 'ADMIN')",
+              {Valor(id), Valor(QString::number(id).rightJustified(6, '0')), Valor(concepto),
+               Valor(concepto.right(8))});
+    b.ejecute("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit, "
+              "code_concepto, code_refer, code_debito, code_credito) values (?, 1, '130505', "
+              "'900123456', ?, ?, 1, 0)",
+              {Valor(id), Valor(concepto), Valor(concepto.right(8))});
+    b.ejecute("insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto, "
+              "plan_refer) values (?, 'CG', '0001', ?, ?)",
+              {Valor(id), Valor(concepto), Valor(concepto.right(8))});
+}
+
+/// Movimiento de dos terceros en los encabezados.
+void ponga_movimiento(SesionGui& s) {
+    const auto linea = [&](int id, int item, const char* nit, int monto,
+                           const char* tabla = "comprobante_detalle") {
+        s.base.base().ejecute(
+            QString("insert into %1 (enco_consec, code_item, cuen_cod, terc_nit, "
+                    "code_concepto, code_debito, code_credito, code_descontable) values (?, "
+                    "?, '130505', ?, ?, ?, ?, 'S')")
+                .arg(tabla),
+            {Valor(id), Valor(item), Valor(nit), Valor(id == 7 ? "Ajuste" : ""),
+             Valor(monto > 0 ? monto : 0), Valor(monto < 0 ? -monto : 0)});
+    };
+    linea(1, 1, "900123456", 500);
+    linea(1, 2, "800456789", 7);
+    linea(5, 1, "900123456", -200);
+    linea(5, 2, "900123456", -50);
+    linea(7, 1, "900123456", 30);
+    linea(7, 1, "900123456", 30, "comprobante_detalle_niif");
+}
+
 ConjuntoDatos& resultado(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CComproba");
 }
@@ -184,27 +221,11 @@ private slots:
                      {"mercancia", "MERCANCÍA en tránsito"},
                      {"señal", "Señal de radio"}};
         int id = 100;
-        const auto siembre = [&](const QString& concepto) {
-            Conexion& b = s.base.base();
-            b.ejecute("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, "
-                      "enco_numero, enco_fecha, enco_concepto, enco_refer, enco_usuario) values "
-                      "(?, 'CG', '0001', ?, '20170115', ?, ?, 'ADMIN')",
-                      {Valor(id), Valor(QString::number(id).rightJustified(6, '0')),
-                       Valor(concepto), Valor(concepto.right(8))});
-            b.ejecute("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit,"
-                      " code_concepto, code_refer, code_debito, code_credito) values (?, 1, "
-                      "'130505', '900123456', ?, ?, 1, 0)",
-                      {Valor(id), Valor(concepto), Valor(concepto.right(8))});
-            b.ejecute("insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
-                      "plan_concepto, plan_refer) values (?, 'CG', '0001', ?, ?)",
-                      {Valor(id), Valor(concepto), Valor(concepto.right(8))});
-            ++id;
-        };
         for (const char* senuelo :
              {"Venta a DXAngelo", "Rebaja del 50", "Clave AXB", "Ruta cXd", "Senal de radio"})
-            siembre(senuelo);
+            siembre(s, id++, senuelo);
         for (const auto& caso : casos)
-            siembre(caso.concepto);
+            siembre(s, id++, caso.concepto);
         const QString consecutivo = "select gen_id(sec_comprobante, 0) from rdb$database";
         const QString antes = s.dato(consecutivo);
         for (const auto& [pantalla, conjunto, campo, boton] :
@@ -213,8 +234,7 @@ private slots:
               {"Tfbuscplantilla", "CPlantilla", "PLAN_CONCEPTO", "SpeedButton5"}}) {
             s.otorgue(41);
             Interlocutor i;
-            Pantalla* p = pantallas().abrir(
-                pantalla, AbreComprobantesTercero{.nit_comprobantes = "900123456"});
+            Pantalla* p = pantallas().abrir(pantalla, AbreComprobantesTercero{"900123456", ""});
             QVERIFY(p);
             escoja(p, "Comprobante general");
             auto& c = componente<ConjuntoDatos>(p, conjunto);
@@ -376,26 +396,11 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
-    void el_movimiento_de_un_tercero_se_filtra_se_edita_y_se_borra() {
+    void el_movimiento_de_un_tercero_se_filtra_y_se_edita() {
         SesionGui s("AUXILIAR"); // sin el derecho de borrar: esta lista no lo pregunta
         Digitador d(s);
         ponga_encabezados(s);
-        const auto linea = [&](int id, int item, const char* nit, int monto,
-                               const char* tabla = "comprobante_detalle") {
-            s.base.base().ejecute(
-                QString("insert into %1 (enco_consec, code_item, cuen_cod, terc_nit, "
-                        "code_concepto, code_debito, code_credito, code_descontable) values (?, "
-                        "?, '130505', ?, ?, ?, ?, 'S')")
-                    .arg(tabla),
-                {Valor(id), Valor(item), Valor(nit), Valor(id == 7 ? "Ajuste" : ""),
-                 Valor(monto > 0 ? monto : 0), Valor(monto < 0 ? -monto : 0)});
-        };
-        linea(1, 1, "900123456", 500);
-        linea(1, 2, "800456789", 7);
-        linea(5, 1, "900123456", -200);
-        linea(5, 2, "900123456", -50);
-        linea(7, 1, "900123456", 30);
-        linea(7, 1, "900123456", 30, "comprobante_detalle_niif");
+        ponga_movimiento(s);
         auto* p = s.abra<Tfcomproterc>(
             "Tfcomproterc", AbreComprobantesTercero{"900123456", "Ferretería El Tornillo S.A.S."});
         QVERIFY(p);
@@ -431,12 +436,21 @@ private slots:
         oprima(Qt::Key_F4);
         QVERIFY(s.escritorio.abierta("Tfedtmovimien"));
         s.escritorio.activa()->close();
+    }
+
+    void el_movimiento_de_un_tercero_se_borra_sin_pedir_el_derecho() {
+        SesionGui s("AUXILIAR");
+        Digitador d(s);
+        ponga_encabezados(s);
+        ponga_movimiento(s);
+        auto* p = s.abra<Tfcomproterc>(
+            "Tfcomproterc", AbreComprobantesTercero{"900123456", "Ferretería El Tornillo S.A.S."});
         Interlocutor i;
         i.espere("Desea borrar definitivamente el comprobante RC 0002 000021?", "Sí");
         ubique(p, "ID", 7, "DBGridEh2");
         oprima(Qt::Key_F3);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QCOMPARE(columna(p, "ID"), QString());
+        QCOMPARE(columna(p, "ID"), QString("1,5,5"));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado where enco_consec = 7"),
                  QString("0"));
         // las líneas NIIF se quedan

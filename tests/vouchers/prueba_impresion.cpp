@@ -133,6 +133,62 @@ struct Dibujo {
     Hojas hojas;
 };
 
+/// Lo que imprime cada dato de un formato con el comprobante de cada_dato_imprime_lo_suyo.
+QMap<QString, QString> dice_cada_dato(SesionGui& s) {
+    const auto registro = [&](const char* columna) {
+        return s.dato(QString("select %1 from auditoria where tido_cod = 1 and audi_oper = 'I' and "
+                              "audi_iddoc = 700")
+                          .arg(columna));
+    };
+    return {
+        {"TIPO", "CG"},
+        {"NOMBRE TIPO", s.dato("select tico_nom from tipo_comprobante where tico_cod = 'CG'")},
+        {"PREFIJO", "0001"},
+        {"NUMERO", "000700"},
+        {"FECHA", "20170315"},
+        {"CONCEPTO", "Útiles de marzo"},
+        {"REFERENCIA", "R-7"},
+        {"ENCABEZADO NIT", "Distribuidora Andina Ltda."},
+        {"ENCABEZADO NOMBRE", "Distribuidora Andina Ltda."},
+        {"TOTAL DEBITOS", "$100.00"},
+        {"TOTAL CREDITOS", "$100.00"},
+        {"MONTO COMPROBANTE", "$100.00"},
+        {"MONTO LETRAS", s.dm.numero_a_letras(Moneda(100))},
+        {"NOMBRE USUARIO", s.dm.nombre_usuario},
+        {"CODIGO USUARIO", s.dm.usuario},
+        {"NUMERO PAGINA", "1"},
+        {"FECHA REGISTRO", registro("audi_fecha")},
+        {"HORA REGISTRO", registro("audi_hora")},
+        {"USUARIO REGISTRO", registro("audi_usuario")},
+        {"NOMBRE COMPANIA", "Ferretería S.A."},
+        {"DIR COMPANIA", "Calle 1"},
+        {"TELS COMPANIA", "555"},
+        {"NIT COMPANIA", "900.1"},
+        {"ENCABEZA COMPANIA", "Régimen común"},
+        {"ITEM", "1"},
+        {"CUENTA", "519530"},
+        {"NOMBRE CUENTA", s.dato("select cuen_nom from cuentas where cuen_cod = '519530'")},
+        {"NIT TERCERO", "800456789"},
+        {"NOMBRE TERCERO", "Distribuidora Andina Ltda."},
+        {"CENTRO COSTO", "0001"},
+        {"SUBCENTRO COSTO", "0002"},
+        {"NOMBRE CENTRO COSTO", "Administración"},
+        {"NOMBRE SUBCEBTRO COSTO", "Contabilidad"},
+        {"CONCEPTO ITEM", "Resma"},
+        {"REFERENCIA ITEM", "45.00"}, // por la rutina de números
+        {"ARTICULO", "MART01"},
+        {"DESCRIPCION ARTICULO", "Martillo"},
+        {"DEBITO ITEM", "100.00"},
+        {"CREDITO ITEM", "0.00"},
+        {"NETO ITEM", "100.00"},
+        {"BASE ITEM", "1,000.00"},
+        {"PORCENTAJE ITEM", "16.00"},
+        {"DOCUMENTO ITEM", "000123"},
+        {"DOCUMENTO APLICACION", "000124"},
+        {"DOCUMENTO VENCE", "20170430"},
+    };
+}
+
 } // namespace
 
 class PruebaImpresion : public QObject {
@@ -282,58 +338,7 @@ void PruebaImpresion::cada_dato_imprime_lo_suyo() {
     s.dm.SUCU_NOMBRE = "Norte";
     s.dm.SUCU_DIRECCION = "Carrera 9";
     s.dm.SUCU_TELEFONOS = "777";
-    const auto registro = [&](const char* columna) {
-        return s.dato(QString("select %1 from auditoria where tido_cod = 1 and audi_oper = 'I' and "
-                              "audi_iddoc = 700")
-                          .arg(columna));
-    };
-    QMap<QString, QString> debe{
-        {"TIPO", "CG"},
-        {"NOMBRE TIPO", s.dato("select tico_nom from tipo_comprobante where tico_cod = 'CG'")},
-        {"PREFIJO", "0001"},
-        {"NUMERO", "000700"},
-        {"FECHA", "20170315"},
-        {"CONCEPTO", "Útiles de marzo"},
-        {"REFERENCIA", "R-7"},
-        {"ENCABEZADO NIT", "Distribuidora Andina Ltda."},
-        {"ENCABEZADO NOMBRE", "Distribuidora Andina Ltda."},
-        {"TOTAL DEBITOS", "$100.00"},
-        {"TOTAL CREDITOS", "$100.00"},
-        {"MONTO COMPROBANTE", "$100.00"},
-        {"MONTO LETRAS", s.dm.numero_a_letras(Moneda(100))},
-        {"NOMBRE USUARIO", s.dm.nombre_usuario},
-        {"CODIGO USUARIO", s.dm.usuario},
-        {"NUMERO PAGINA", "1"},
-        {"FECHA REGISTRO", registro("audi_fecha")},
-        {"HORA REGISTRO", registro("audi_hora")},
-        {"USUARIO REGISTRO", registro("audi_usuario")},
-        {"NOMBRE COMPANIA", "Ferretería S.A."},
-        {"DIR COMPANIA", "Calle 1"},
-        {"TELS COMPANIA", "555"},
-        {"NIT COMPANIA", "900.1"},
-        {"ENCABEZA COMPANIA", "Régimen común"},
-        {"ITEM", "1"},
-        {"CUENTA", "519530"},
-        {"NOMBRE CUENTA", s.dato("select cuen_nom from cuentas where cuen_cod = '519530'")},
-        {"NIT TERCERO", "800456789"},
-        {"NOMBRE TERCERO", "Distribuidora Andina Ltda."},
-        {"CENTRO COSTO", "0001"},
-        {"SUBCENTRO COSTO", "0002"},
-        {"NOMBRE CENTRO COSTO", "Administración"},
-        {"NOMBRE SUBCEBTRO COSTO", "Contabilidad"},
-        {"CONCEPTO ITEM", "Resma"},
-        {"REFERENCIA ITEM", "45.00"}, // por la rutina de números
-        {"ARTICULO", "MART01"},
-        {"DESCRIPCION ARTICULO", "Martillo"},
-        {"DEBITO ITEM", "100.00"},
-        {"CREDITO ITEM", "0.00"},
-        {"NETO ITEM", "100.00"},
-        {"BASE ITEM", "1,000.00"},
-        {"PORCENTAJE ITEM", "16.00"},
-        {"DOCUMENTO ITEM", "000123"},
-        {"DOCUMENTO APLICACION", "000124"},
-        {"DOCUMENTO VENCE", "20170430"},
-    };
+    QMap<QString, QString> debe = dice_cada_dato(s);
     for (int agencia : {0, 2}) {
         s.dm.sucursal_usuario = agencia;
         if (agencia) {
