@@ -5,7 +5,7 @@
 #include "fallas/comprobaciones.h"
 #include "fallas/contador.h"
 
-class PruebaDosEditores : public QObject {
+class PruebaEdicionEntreProgramas : public QObject {
     Q_OBJECT
 
     /// Lo que hace el otro, en su propio programa.
@@ -72,5 +72,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(PruebaDosEditores)
-#include "prueba_dos_editores.moc"
+QTEST_MAIN(PruebaEdicionEntreProgramas)
+#include "prueba_edicion_entre_programas.moc"
