@@ -55,25 +55,46 @@ QString dia_del_periodo(const QString& dia) {
 
 SaldoCorrido::SaldoCorrido(ConjuntoDatos& conjunto, const QString& clave, const QString& inicial)
     : conjunto_(conjunto), clave_(clave), inicial_(inicial) {
-    conjunto_.calcular_al_traer = true;
     conjunto_.OnCalcFields = [this] { CAuxiliarCalcFields(); };
+    comience();
 }
 
-void SaldoCorrido::comience() {
+void SaldoCorrido::comience(bool reordenadas) {
+    reordenadas_ = reordenadas;
+    conjunto_.calcular_al_traer = !reordenadas;
     primera_ = true;
     ultima_clave_ = QString();
     saldo_ = Moneda();
+    de_linea_.clear();
 }
 
-void SaldoCorrido::CAuxiliarCalcFields() {
-    if (std::exchange(primera_, false))
+void SaldoCorrido::recorra() {
+    if (!reordenadas_)
         return;
+    for (conjunto_.First(); !conjunto_.Eof(); conjunto_.Next())
+        de_linea_.insert(linea(), siguiente());
+    conjunto_.First();
+}
+
+QString SaldoCorrido::linea() const {
+    return conjunto_.FieldByName("ID").texto() + '|' + conjunto_.FieldByName("ITEM").texto() + '|' +
+           conjunto_.FieldByName(clave_).texto();
+}
+
+Moneda SaldoCorrido::siguiente() {
     const QString clave = conjunto_.FieldByName(clave_).texto();
     if (clave != ultima_clave_ || ultima_clave_.isNull())
         saldo_ = conjunto_.FieldByName(inicial_).moneda();
     saldo_ += conjunto_.FieldByName("DEBITO").moneda() - conjunto_.FieldByName("CREDITO").moneda();
-    conjunto_.FieldByName("SaldoF") = saldo_;
     ultima_clave_ = clave.isNull() ? QStringLiteral("") : clave;
+    return saldo_;
+}
+
+void SaldoCorrido::CAuxiliarCalcFields() {
+    if (reordenadas_)
+        conjunto_.FieldByName("SaldoF") = de_linea_.value(linea());
+    else if (!std::exchange(primera_, false))
+        conjunto_.FieldByName("SaldoF") = siguiente();
 }
 
 void defina_columnas(ConjuntoDatos& conjunto, std::initializer_list<const char*> campos) {

@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateEdit>
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -26,6 +27,12 @@ namespace {
 
 constexpr int kLargoFecha = 8;
 constexpr int kPrimerAno = 1990;
+
+const QStringList& codigos_de_mes() {
+    static const QStringList codigos{"ENE", "FEB", "MAR", "ABR", "MAY", "JUN", "JUL",
+                                     "AGO", "SEP", "OCT", "NOV", "DIC", "AJU"};
+    return codigos;
+}
 
 struct AspectoCaja {
     int caracteres;
@@ -145,7 +152,10 @@ void FormaRango::arme_pares(Formulario& f) {
         QLineEdit* hasta = caja(par.hasta, aspecto.caracteres);
         for (QLineEdit* c : {desde, hasta})
             c->setToolTip(aspecto.ayuda);
-        f.fila({{par.rotulo + QStringLiteral(" desde:"), desde}, {"hasta:", hasta}});
+        if (par.uso == UsoPar::DosValores)
+            f.fila({{par.rotulo + QStringLiteral(" 1:"), desde}, {"2:", hasta}});
+        else
+            f.fila({{par.rotulo + QStringLiteral(" desde:"), desde}, {"hasta:", hasta}});
     }
     // Escape no es la única salida del teclado: la lista también se alcanza sin ratón.
     tecla(Qt::Key_F5, "lista", [this] { busque(QApplication::focusWidget()); });
@@ -194,6 +204,43 @@ QWidget* FormaRango::cree_periodo() {
          boton("SpeedButton2", Qt::RightArrow, "Período siguiente", &CursorPeriodo::mas)});
 }
 
+QWidget* FormaRango::cree_nivel(int inicial, bool fija) {
+    constexpr int kNiveles = 10;
+    auto* nivel = new QSpinBox(this);
+    nivel->setObjectName(QStringLiteral("Nivel"));
+    nivel->setAccessibleName(QStringLiteral("Nivel"));
+    nivel->setRange(1, kNiveles);
+    nivel->setValue(inicial);
+    nivel->setEnabled(!fija);
+    return nivel;
+}
+
+QWidget* FormaRango::cree_ano(const QString& nombre) {
+    auto* ano = new QSpinBox(this);
+    ano->setObjectName(nombre);
+    ano->setAccessibleName(QStringLiteral("Año"));
+    ano->setRange(kPrimerAno, 9999);
+    ano->setValue(periodo.ano);
+    return ano;
+}
+
+QWidget* FormaRango::cree_mes(const QString& nombre, int escogido, int primero, int ultimo) {
+    auto* lista = new QComboBox(this);
+    lista->setObjectName(nombre);
+    lista->setAccessibleName(QStringLiteral("Mes"));
+    lista->addItems(codigos_de_mes().mid(primero - 1, ultimo - primero + 1));
+    lista->setCurrentText(codigos_de_mes().value(escogido - 1));
+    return lista;
+}
+
+QWidget* FormaRango::cree_fecha(const QString& nombre) {
+    auto* fecha = new QDateEdit(QDate::currentDate(), this);
+    fecha->setObjectName(nombre);
+    fecha->setDisplayFormat(QStringLiteral("yyyy/MM/dd"));
+    fecha->setCalendarPopup(true);
+    return fecha;
+}
+
 void FormaRango::ponga_fechas() {
     renglon(QStringLiteral("EFecIni"))->setText(primer_dia_del_periodo());
     renglon(QStringLiteral("EFecFin"))->setText(ultimo_dia_del_periodo());
@@ -219,6 +266,8 @@ void FormaRango::FormCreate() {
 QString FormaRango::valor(const QString& nombre) const {
     if (const auto* c = findChild<QLineEdit*>(nombre))
         return c->text().trimmed();
+    if (const auto* numero = findChild<QSpinBox*>(nombre))
+        return QString::number(numero->value());
     if (const auto* lista = findChild<QComboBox*>(nombre)) {
         // "CG Comprobante general", escogido o digitado de cualquier modo, es el tipo CG.
         const QString codigo = lista->currentText().trimmed().section(QLatin1Char(' '), 0, 0);
@@ -241,6 +290,22 @@ QString FormaRango::argumentos(std::initializer_list<const char*> nombres) const
 
 QString FormaRango::tramo(const QString& rotulo, const QString& desde, const QString& hasta) const {
     return rotulo + valor(desde) + QStringLiteral("...") + valor(hasta);
+}
+
+int FormaRango::mes(const QString& nombre) const {
+    return int(codigos_de_mes().indexOf(findChild<QComboBox*>(nombre)->currentText())) + 1;
+}
+
+QDate FormaRango::fecha(const QString& nombre) const {
+    return findChild<QDateEdit*>(nombre)->date();
+}
+
+QString FormaRango::ano_y_periodo() const {
+    return QuotedStr(QString::number(periodo.ano)) + ", " + QString::number(periodo.numero());
+}
+
+QString FormaRango::nombre_del_periodo() const {
+    return Tfdm::nombres_periodo()[periodo.indice] + '/' + QString::number(periodo.ano);
 }
 
 bool FormaRango::niif() const {
@@ -270,7 +335,7 @@ bool FormaRango::eventFilter(QObject* objeto, QEvent* evento) {
             ejecute([&] { busque(c); });
     } else if (evento->type() == QEvent::FocusOut) {
         const ParRango* par = par_de(objeto->objectName());
-        if (par && par->hasta == objeto->objectName() &&
+        if (par && par->uso == UsoPar::Rango && par->hasta == objeto->objectName() &&
             static_cast<QFocusEvent*>(evento)->reason() != Qt::PopupFocusReason)
             EHastaExit(*par);
     } else if (evento->type() == QEvent::Wheel) {
@@ -337,6 +402,8 @@ void FormaRango::reciba(QLineEdit* caja, const QString& valor) {
 
 void FormaRango::complete_rangos() {
     for (const ParRango& par : datos_.pares) {
+        if (par.uso == UsoPar::DosValores)
+            continue;
         QLineEdit *desde = renglon(par.desde), *hasta = renglon(par.hasta);
         if (par.omision_hasta.isEmpty() && valor(par.desde).isEmpty()) {
             rehuse(
@@ -366,22 +433,9 @@ void FormaRango::complete_rangos() {
 // ---------------------------------------------------------------- informe
 
 void FormaRango::imprimirClick() {
-    {
-        complete_rangos();
-        Panel5->adjustSize();
-        Panel5->move((width() - Panel5->width()) / 2, (height() - Panel5->height()) / 2);
-        Panel5->show();
-        Panel5->raise();
-        Panel5->repaint();
-        const auto quite = qScopeGuard([this] { Panel5->hide(); });
-        CAuxiliar.Close();
-        // Para imprimir basta una pasada; la exportación mide la tabla antes de escribirla.
-        CAuxiliar.Unidireccional = !exportar;
-        antes_de_abrir();
-        CAuxiliar.Open(sql());
-    }
+    complete_rangos();
     const auto cierre_conjunto = qScopeGuard([this] { CAuxiliar.Close(); });
-    if (CAuxiliar.IsEmpty()) {
+    if (!abra()) {
         muestre_mensaje("No hay datos que cumplan con los rangos indicados.");
         close();
         return;
@@ -393,19 +447,46 @@ void FormaRango::imprimirClick() {
     motor.abrir_proyecto(motor.ProjectFile);
     fije_variables(motor, ETit->text());
     motor.conecte(datos_.conexion, CAuxiliar);
+    motor.al_componer = [this] { CAuxiliar.Close(); };
     motor.seleccionar_reporte(reporte());
     const QString pagina = reporte() + QStringLiteral(".Page1");
     if (niif() && !titulo_niif().isEmpty())
         motor.fijar_texto(pagina, item_titulo(), titulo_niif());
     ajuste_reporte(motor, pagina);
+    saque(motor);
+    motor.cerrar();
+    close();
+}
+
+bool FormaRango::abra() {
+    antes_de_abrir();
+    Panel5->adjustSize();
+    Panel5->move((width() - Panel5->width()) / 2, (height() - Panel5->height()) / 2);
+    Panel5->show();
+    Panel5->raise();
+    Panel5->repaint();
+    const auto quite = qScopeGuard([this] { Panel5->hide(); });
+    CAuxiliar.Close();
+    // Para imprimir basta una pasada; la exportación mide la tabla antes de escribirla.
+    CAuxiliar.Unidireccional = !exportar && !todas_las_filas();
+    CAuxiliar.Open(sql());
+    if (CAuxiliar.IsEmpty())
+        return false;
+    despues_de_abrir();
+    return true;
+}
+
+void FormaRango::saque(MotorInformes& motor) {
     if (exportar) {
         seleccionartodo();
         guardarseleccion();
-    } else {
-        motor.ejecutar();
+        return;
     }
-    motor.cerrar();
-    close();
+    if (!motor.agregue())
+        return;
+    anexe(motor);
+    if (motor.saque_documento())
+        despues_de_imprimir();
 }
 
 void FormaRango::compone_titulo() {

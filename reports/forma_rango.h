@@ -23,6 +23,9 @@ struct CentroEscogido;
 /// El tipo de comprobante se digita o se escoge de su lista en la misma caja.
 enum class ClaseRango { Codigo, Cuenta, Tercero, Proyecto, Centro, Fecha, Tipo };
 
+/// Los dos límites de un rango, o dos valores que se comparan: estos ni se completan ni se copian.
+enum class UsoPar { Rango, DosValores };
+
 /// Par de cajas. Vacías las dos, toman los valores por omisión; con solo la de abajo, las dos lo
 /// mismo. Sin `omision_hasta` el par es obligatorio.
 struct ParRango {
@@ -31,6 +34,7 @@ struct ParRango {
     ClaseRango clase = ClaseRango::Codigo;
     QString omision_desde = QStringLiteral("0");
     QString omision_hasta = QStringLiteral("ZZ");
+    UsoPar uso = UsoPar::Rango;
 };
 
 /// Lo que un miembro dice de sí mismo.
@@ -75,8 +79,13 @@ protected:
     virtual QString sql() = 0;
     /// Qué se escoge en las cajas de un par, cuando depende de lo marcado en la pantalla.
     virtual ClaseRango clase_de(const ParRango& par) const { return par.clase; }
-    /// Columnas que la base no calcula y pasos antes de abrir el conjunto.
+    /// Columnas que la base no calcula y pasos antes de abrir el conjunto. Lo que no se pueda
+    /// imprimir se dice aquí con `rehuse`: la pantalla queda como estaba.
     virtual void antes_de_abrir() {}
+    /// El miembro mira o cambia las filas antes de imprimirlas: se traen todas.
+    virtual bool todas_las_filas() const { return false; }
+    /// Las filas ya están: con `todas_las_filas` se pueden recorrer y cambiar.
+    virtual void despues_de_abrir() {}
     virtual QString titulo() = 0;
     virtual QString reporte() = 0;
     virtual QString titulo_niif() { return {}; }
@@ -84,6 +93,11 @@ protected:
     virtual QString item_titulo() { return QStringLiteral("Text1"); }
     /// Grupos, variables y demás cambios sobre la página `pagina` ("Cuentas.Page1").
     virtual void ajuste_reporte(MotorInformes& motor, const QString& pagina) {}
+    /// Lo que va después del reporte en el mismo documento: conecta sus filas, escoge su reporte y
+    /// lo agrega. No corre al exportar.
+    virtual void anexe(MotorInformes& motor) {}
+    /// Ya salió; tampoco corre al exportar.
+    virtual void despues_de_imprimir() {}
 
     // --- construcción: primero las cajas, luego lo propio del miembro y al final los botones
     void arme_pares(Formulario& f);
@@ -96,6 +110,14 @@ protected:
     QLineEdit* caja(const QString& nombre, int caracteres);
     /// Caja de mes y año con sus dos botones, sobre `periodo`.
     QWidget* cree_periodo();
+    /// Caja "Nivel": hasta qué nivel de cuentas llega el informe. Fija, no se puede cambiar.
+    QWidget* cree_nivel(int inicial, bool fija = false);
+    /// Caja de un año, con el del período propio.
+    QWidget* cree_ano(const QString& nombre);
+    /// Lista de los meses por su código, de "ENE" a "AJU"; `primero` y `ultimo`, 1 a 13.
+    QWidget* cree_mes(const QString& nombre, int escogido, int primero = 1, int ultimo = 13);
+    /// Caja de una fecha, con el día de hoy.
+    QWidget* cree_fecha(const QString& nombre);
     /// Las cajas EFecIni y EFecFin, con el primer día y el último del período de la sesión.
     void ponga_fechas();
 
@@ -108,8 +130,20 @@ protected:
     QString argumentos(std::initializer_list<const char*> nombres) const;
     /// "Cuentas:" + desde + "..." + hasta.
     QString tramo(const QString& rotulo, const QString& desde, const QString& hasta) const;
+    /// Mes escogido en una lista de códigos, 1 a 13.
+    int mes(const QString& nombre) const;
+    QDate fecha(const QString& nombre) const;
+    /// 'S' o 'N', como literal.
+    static QString bandera(bool si) { return si ? QStringLiteral("'S'") : QStringLiteral("'N'"); }
+    /// El año y el número del período propio, como argumentos: "'2017', 3".
+    QString ano_y_periodo() const;
+    /// "Marzo/2017".
+    QString nombre_del_periodo() const;
     bool niif() const;
     bool marcada(const QCheckBox* casilla) const;
+
+    /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
+    [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
 
     const DatosRango datos_;
     CursorPeriodo periodo; ///< propio: no es el de la sesión ni se guarda
@@ -123,8 +157,8 @@ private:
     void reciba(QLineEdit* caja, const QString& valor);
     void reciba_centro(bool abajo, const CentroEscogido& centro);
     void complete_rangos();
-    /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
-    [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
+    bool abra();
+    void saque(MotorInformes& motor);
     void muestre_periodo();
     void arme_tipos(Formulario& f, const ParRango& par);
     /// Donde se escribe: la caja misma o la de su lista.

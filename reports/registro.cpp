@@ -1,5 +1,6 @@
 #include "reports/registro.h"
 
+#include "reports/menu_estados.h"
 #include "reports/tfauxiliares.h"
 #include "reports/tfcataactivos.h"
 #include "reports/tfcatacuentas.h"
@@ -10,8 +11,18 @@
 #include "reports/tfrngauxiliarcent.h"
 #include "reports/tfrngauxiliarcta.h"
 #include "reports/tfrngauxiliarter.h"
+#include "reports/tfrngbalanceacumulado.h"
+#include "reports/tfrngbalanceanual.h"
+#include "reports/tfrngbalancecentro.h"
+#include "reports/tfrngbalancecomparativo.h"
+#include "reports/tfrngbalancegeneral.h"
+#include "reports/tfrngbalancetercero.h"
+#include "reports/tfrngcomparacentro.h"
 #include "reports/tfrngcomprodiario.h"
 #include "reports/tfrngconsecutivos.h"
+#include "reports/tfrngresulgeneral.h"
+#include "reports/tfrngresultadocentro.h"
+#include "reports/tfrngresultadotercero.h"
 
 namespace {
 
@@ -24,11 +35,27 @@ void registre_catalogos() {
         pantallas().registre(d.pantalla, [&d] { return new Tfimprcentros(d); });
 }
 
+void registre_estados() {
+    for (const DatosMenuEstados& d : MenuEstados::todos())
+        pantallas().registre(d.pantalla, [&d] { return new MenuEstados(d); });
+    pantallas().registre("Tfrngbalancegeneral", [] { return new Tfrngbalancegeneral; });
+    pantallas().registre("Tfrngresulgeneral", [] { return new Tfrngresulgeneral; });
+    pantallas().registre("Tfrngbalancetercero", [] { return new Tfrngbalancetercero; });
+    pantallas().registre("Tfrngresultadotercero", [] { return new Tfrngresultadotercero; });
+    pantallas().registre("Tfrngbalancecentro", [] { return new Tfrngbalancecentro; });
+    pantallas().registre("Tfrngresultadocentro", [] { return new Tfrngresultadocentro; });
+    pantallas().registre("Tfrngbalanceacumulado", [] { return new Tfrngbalanceacumulado; });
+    pantallas().registre("Tfrngbalanceanual", [] { return new Tfrngbalanceanual; });
+    pantallas().registre("Tfrngbalancecomparativo", [] { return new Tfrngbalancecomparativo; });
+    pantallas().registre("Tfrngcomparacentro", [] { return new Tfrngcomparacentro; });
+}
+
 } // namespace
 
 void registre_pantallas_informes() {
     pantallas().registre("Tfinformes", [] { return new Tfinformes; });
     registre_catalogos();
+    registre_estados();
     pantallas().registre("Tfauxiliares", [] { return new Tfauxiliares; });
     pantallas().registre("Tfrngauxiliarcta", [] { return new Tfrngauxiliarcta; });
     pantallas().registre("Tfrngauxiliarter", [] { return new Tfrngauxiliarter; });

@@ -72,6 +72,7 @@ void Tfimprcentros::imprima() {
     motor.abrir_proyecto(motor.ProjectFile);
     fije_variables(motor, datos_.titulo);
     motor.conecte(datos_.conexion, CCatalogo);
+    motor.al_componer = [this] { CCatalogo.Close(); };
     motor.seleccionar_reporte(datos_.reporte);
     motor.ejecutar();
     motor.cerrar();

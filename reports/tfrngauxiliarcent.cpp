@@ -52,6 +52,7 @@ QString Tfrngauxiliarcent::titulo() {
 }
 
 void Tfrngauxiliarcent::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
+    motor.fijar_parametro("Saldo", "centro");
     if (marcada(agrupater))
         return;
     for (const char* banda : {"tercero", "totalter"})

@@ -75,17 +75,16 @@ QString Tfrngauxiliarcta::reporte() {
 }
 
 void Tfrngauxiliarcta::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
-    if (marcada(CkCateg))
-        return; // ya agrupa por cuenta, y dentro por categoría
-    if (marcada(Chcentro)) {
-        // El saldo corrido es de la cuenta; dentro de un centro interesa el del centro.
-        for (const char* banda : {"inicial", "saldo", "final"})
-            motor.fijar_grupo(pagina, banda, {});
+    const bool por_centros = marcada(Chcentro) && !marcada(CkCateg);
+    // El saldo corrido es de la cuenta; dentro de un centro interesa el del centro. De una sola
+    // categoría no hay saldo que partir ni que cerrar: solo su movimiento.
+    QString saldo = por_centros ? "centro" : "cuenta";
+    if (!valor("TxCateg").isEmpty())
+        saldo.clear();
+    motor.fijar_parametro("Saldo", saldo);
+    if (por_centros || marcada(CkCateg)) // por categoría ya agrupa por cuenta
         return;
-    }
-    for (const char* banda : {"grupo", "inicial", "total", "final"})
+    for (const char* banda : {"grupo", "total"})
         motor.fijar_grupo(pagina, banda, "CUENTA");
-    for (const char* banda :
-         {"centro", "totalcentro", "inicialcentro", "saldocentro", "finalcentro"})
-        motor.fijar_grupo(pagina, banda, {});
+    motor.fijar_grupo(pagina, "centro", {});
 }

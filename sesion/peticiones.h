@@ -126,6 +126,7 @@ struct AbreFormato {
 /// Informe que varios reportes comparten: la letra dice cuál.
 struct AbreInforme {
     QString tipo_informe = {};
+    bool niif = false; ///< con el libro NIIF ya marcado
 };
 struct RespondeMensaje {
     QString mensaje_responder = {}; ///< id del que se contesta

@@ -81,27 +81,40 @@ void Tfimprmascomproba::SpeedButton1Click() {
     MotorInformes motor(this);
     motor.nombre_archivo = "Comprobantes";
     motor.vista_previa = fdm().valor<Llave::PrevisualizarImpresion>();
-    // Todo el trabajo sale de la misma foto del libro, aunque otros sigan grabando.
-    CImprmasiva.Instantanea = true;
-    CImprmasiva.foto = CComproba.foto =
-        std::make_shared<Transaccion>(fdm().Quorvex, Transaccion::Modo::Instantanea);
-    const auto suelte = qScopeGuard([this] {
-        CImprmasiva.Close();
-        CImprmasiva.foto = CComproba.foto = nullptr;
-    });
-    CImprmasiva.Open("select enco_consec from comprobante_encabezado where tico_cod = " +
-                     QuotedStr(tipo) + " and prco_pref = " + QuotedStr(prefijo) +
-                     " and enco_numero >= " + QuotedStr(Desde->text()) +
-                     " and enco_numero <= " + QuotedStr(Hasta->text()) + " order by enco_numero");
-    if (CImprmasiva.IsEmpty()) {
+    const QString numeros =
+        "select enco_consec from comprobante_encabezado where tico_cod = " + QuotedStr(tipo) +
+        " and prco_pref = " + QuotedStr(prefijo) + " and enco_numero >= " +
+        QuotedStr(Desde->text()) + " and enco_numero <= " + QuotedStr(Hasta->text()) +
+        " order by enco_numero";
+    CImprmasiva.Open(numeros);
+    const bool hay = !CImprmasiva.IsEmpty();
+    CImprmasiva.Close();
+    if (!hay) {
         muestre_mensaje("No hay comprobantes de ese tipo y prefijo entre los números pedidos.");
         Desde->setFocus();
         return;
     }
-    motor.comience_lote();
+    if (motor.comience_lote())
+        imprima_todos(motor, numeros);
+    close();
+}
+
+void Tfimprmascomproba::imprima_todos(MotorInformes& motor, const QString& numeros) {
+    // Todo el trabajo sale de la misma foto del libro, aunque otros sigan grabando; se suelta antes
+    // de mostrarlo.
+    CImprmasiva.Instantanea = true;
+    CImprmasiva.foto = CComproba.foto =
+        std::make_shared<Transaccion>(fdm().Quorvex, Transaccion::Modo::Instantanea);
+    const auto suelte = [this] {
+        CImprmasiva.Close();
+        CImprmasiva.Instantanea = false;
+        CImprmasiva.foto = CComproba.foto = nullptr;
+    };
+    const auto al_salir = qScopeGuard(suelte);
+    motor.al_componer = suelte;
     bool sigue = true;
+    CImprmasiva.Open(numeros);
     for (CImprmasiva.First(); sigue && !CImprmasiva.Eof(); CImprmasiva.Next())
         sigue = imprima(motor, CImprmasiva.FieldByName("ENCO_CONSEC").texto(), false, true);
     motor.termine_lote();
-    close();
 }

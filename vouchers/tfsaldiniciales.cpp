@@ -227,6 +227,7 @@ void Tfsaldiniciales::SpeedButton1Click() {
     if (!CBalance.IsEmpty()) {
         CBalance.FetchAll();
         motor.conecte("RBalance", CBalance);
+        motor.al_componer = [this] { CBalance.Close(); };
         motor.seleccionar_reporte("Balanceinicial");
         motor.ejecutar();
     }

@@ -442,7 +442,7 @@ void PruebaCatalogos::lo_que_el_programa_nombra_esta_en_la_plantilla() {
     for (auto i = reportes.begin(); i != reportes.end(); ++i) {
         informes::Reporte* reporte = proyecto.reporte(i.key());
         QVERIFY2(reporte, qPrintable(i.key()));
-        QCOMPARE(reporte->conexion, i.value());
+        QCOMPARE(reporte->conexion(), i.value());
         QCOMPARE(reporte->pagina, i.key() + ".Page1");
     }
     QVERIFY(proyecto.reporte("Contactos")->banda("letra"));

@@ -2,6 +2,7 @@
 #include "apoyo/comprobantes.h"
 #include "reports/informe_de_prueba.h"
 #include "toolkit/controles/listadato.h"
+#include "toolkit/impresora.h"
 #include "toolkit/informes/vista_preliminar.h"
 #include "vouchers/datos_formato.h"
 #include "vouchers/interprete_formato.h"
@@ -11,6 +12,10 @@
 
 #include <QBuffer>
 #include <QCheckBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QRegularExpression>
+#include <QScopeGuard>
 
 using namespace informes;
 
@@ -205,6 +210,8 @@ private slots:
     void una_referencia_con_letras_detiene_el_trabajo();
     void la_masiva_imprime_un_rango_en_un_solo_trabajo();
     void la_masiva_muestra_antes_las_hojas_solo_si_la_compania_lo_pide();
+    void un_comprobante_descuadrado_no_dice_sumas_iguales();
+    void el_papel_escogido_en_las_opciones_es_el_del_formato();
 
 private:
     /// Abre la pantalla modal, la deja contestar y devuelve lo impreso.
@@ -533,6 +540,8 @@ void PruebaImpresion::la_masiva_imprime_un_rango_en_un_solo_trabajo() {
     f = s.abra<Tfimprmascomproba>("Tfimprmascomproba");
     escoja();
     Interlocutor i;
+    i.espere_modal("OpcionesImpresion",
+                   [](QWidget* w) { w->findChild<QPushButton*>("ok")->click(); });
     for (int n = 0; n < 2; ++n)
         i.espere("No se encontró el formato de impresión para el comprobante CG");
     oprima(Qt::Key_F2);
@@ -579,6 +588,59 @@ void PruebaImpresion::la_masiva_muestra_antes_las_hojas_solo_si_la_compania_lo_p
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(s.escritorio.abiertas().isEmpty()); // cancelar también la cierra
     }
+}
+
+void PruebaImpresion::un_comprobante_descuadrado_no_dice_sumas_iguales() {
+    SesionGui s;
+    Comprobante c{kId, "000700", "20170315"};
+    c.lineas << Linea{1, "519530", Moneda(700), Moneda()}
+             << Linea{2, "110505", Moneda(), Moneda::de_texto("699.99")};
+    c.lineas_niif = {Linea{1, "519530", Moneda(50), Moneda()},
+                     Linea{2, "110505", Moneda(), Moneda(50)}};
+    grabe(s.base.base(), c);
+    const QString decreto = imprima(s, Qt::Key_F2);
+    QVERIFY2(!decreto.contains("Sumas iguales"), qPrintable(decreto));
+    QCOMPARE(decreto.section("Sumas", 1).section('\n', 0, 0).simplified(), QString("700.00 699.99"));
+    QCOMPARE(decreto.section("descuadrado en", 1).section('\n', 0, 0).simplified(),
+             QString("0.01"));
+    const QString niif = imprima(s, Qt::Key_F2, true);
+    QVERIFY2(niif.contains("Sumas iguales") && !niif.contains("descuadrado"), qPrintable(niif));
+}
+
+void PruebaImpresion::el_papel_escogido_en_las_opciones_es_el_del_formato() {
+    SesionGui s;
+    agregue(s, 3);
+    defina_formato(s, "CG", 10, "S");
+    QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath("formato.pdf");
+    const auto suelte = qScopeGuard([] { fije_impresora({}); });
+    Interlocutor i;
+    i.espere_modal("Tfimprcomproba", [](QWidget* w) {
+        QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key_F2);
+    });
+    i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+        w->findChild<QPushButton*>("configurar")->click();
+        w->findChild<QRadioButton*>("a_archivo")->click();
+        w->findChild<QComboBox*>("formato")->setCurrentIndex(3);
+        w->findChild<QPushButton*>("ok")->click();
+    });
+    i.espere_modal("ConfigurarImpresora", [](QWidget* w) {
+        auto* dialogo = static_cast<QPrintDialog*>(w);
+        dialogo->printer()->setPageSize(QPageSize(QPageSize::A5));
+        dialogo->done(QDialog::Accepted);
+    });
+    i.espere_modal("guardar_informe", [=](QWidget* w) {
+        w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
+        QMetaObject::invokeMethod(w, "accept");
+    });
+    pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QProcess hoja;
+    hoja.start("pdfinfo", {ruta});
+    hoja.waitForFinished();
+    const QString datos = QString::fromUtf8(hoja.readAllStandardOutput());
+    QVERIFY2(datos.contains(QRegularExpression("Page size:\\s+4(19|20)[.\\d]* x 59[45]")),
+             qPrintable(datos));
 }
 
 QTEST_MAIN(PruebaImpresion)

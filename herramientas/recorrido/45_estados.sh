@@ -1,0 +1,51 @@
+# Estados financieros, por el menú Informes > Estados Financieros.
+
+estado() {
+    informe Down Down Right "$@"
+}
+
+estado Right Return
+foto rango_balance_general
+teclas F2
+a_pdf balance_general
+
+estado Right Down Return
+teclas F2
+a_pdf estado_de_resultados
+
+estado Down Right Return
+teclas F2
+a_pdf balance_detallado
+estado Down Right Down Return
+teclas F2
+a_pdf balance_con_terceros
+estado Down Right Down Down Return
+foto rango_centros
+teclas F2
+a_pdf balance_con_centros
+estado Down Right Down Down Down Return
+teclas F2
+a_pdf balance_de_prueba
+estado Down Right Down Down Down Down Return
+teclas F2
+a_pdf balance_de_prueba_terceros
+estado Down Right Down Down Down Down Down Return
+teclas F2
+a_pdf resultados_detallado
+estado Down Right Down Down Down Down Down Down Return
+teclas F2
+a_pdf resultados_por_tercero
+estado Down Right Down Down Down Down Down Down Down Return
+teclas F2
+a_pdf resultados_por_centro
+
+estado Down Down Right Return
+foto rango_acumulado
+teclas F2
+a_pdf balance_acumulado
+estado Down Down Right Down Return
+teclas F2
+a_pdf comparativo_anual
+estado Down Down Right Down Down Return
+teclas F2
+a_pdf compara_periodos
