@@ -34,13 +34,13 @@ private:
     QStringList todas_;
 };
 
-Comprobante cuadrado(QRandomGenerator& azar, int id) {
+ComprobanteEnTablas cuadrado(QRandomGenerator& azar, int id) {
     static const QStringList cuentas{"110505", "111005", "143505", "240805", "310505", "360505"};
     const auto cuenta = [&] { return cuentas[azar.bounded(int(cuentas.size()))]; };
-    Comprobante c{id, QString::number(id),
-                  QString("2017%1%2")
-                      .arg(1 + azar.bounded(12), 2, 10, QChar('0'))
-                      .arg(1 + azar.bounded(28), 2, 10, QChar('0'))};
+    ComprobanteEnTablas c{id, QString::number(id),
+                          QString("2017%1%2")
+                              .arg(1 + azar.bounded(12), 2, 10, QChar('0'))
+                              .arg(1 + azar.bounded(28), 2, 10, QChar('0'))};
     for (auto* lineas : {&c.lineas, &c.lineas_niif}) {
         const Moneda valor = Moneda::de_unidades(100 * qint64(1 + azar.bounded(9000000)));
         *lineas = {{1, cuenta(), valor, 0}, {2, cuenta(), 0, valor}, {3, cuenta(), valor, valor}};

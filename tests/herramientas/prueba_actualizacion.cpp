@@ -4,6 +4,7 @@
 #include "apoyo/comprobantes.h"
 #include "apoyo/herramienta.h"
 #include "datos/firebird/servicios.h"
+#include "datos/firebird/version_esquema.h"
 
 #include <QDir>
 #include <QFile>

@@ -5,9 +5,14 @@
 
 #include <functional>
 
-inline const QStringList kHojas{"110505",   "111005010101010101", "11100502", "130505", "143505",
-                                "159215",   "220505",             "240805",   "310505", "360505",
-                                "413505",   "510506",             "519530",   "613505", "61350501"};
+inline const QStringList kHojas{"110505",   "111005010101010101",
+                                "11100502", "130505",
+                                "143505",   "159215",
+                                "220505",   "240805",
+                                "310505",   "360505",
+                                "413505",   "510506",
+                                "519530",   "613505",
+                                "61350501"};
 constexpr int kPrimerAnoLibro = 2017, kAnosLibro = 3;
 
 /// Cinco niveles más que los oficiales, y cuentas que los usan.
@@ -35,9 +40,13 @@ inline QVector<Linea> lineas_cuadradas(QRandomGenerator& azar) {
         const Moneda valor = Moneda::de_unidades(100 * qint64(1 + azar.bounded(90000000)));
         const bool debe = azar.bounded(2);
         const QString centro = uno_de(azar, kCentros);
-        lineas << Linea{item, uno_de(azar, kHojas), debe ? valor : Moneda(),
-                        debe ? Moneda() : valor, uno_de(azar, kNits),
-                        centro.section('|', 0, 0), centro.section('|', 1)};
+        lineas << Linea{item,
+                        uno_de(azar, kHojas),
+                        debe ? valor : Moneda(),
+                        debe ? Moneda() : valor,
+                        uno_de(azar, kNits),
+                        centro.section('|', 0, 0),
+                        centro.section('|', 1)};
         diferencia += debe ? valor : -valor;
     }
     lineas << Linea{n, uno_de(azar, kHojas), diferencia.negativa() ? -diferencia : Moneda(),
@@ -47,7 +56,7 @@ inline QVector<Linea> lineas_cuadradas(QRandomGenerator& azar) {
 
 /// Cancela las clases 4 a 7 contra la utilidad, en el mes 14 del año.
 inline void cierre_libro(Conexion& base, int ano, int id) {
-    Comprobante c{id, QString("%1").arg(id, 6, 10, QChar('0')), QString("%11431").arg(ano)};
+    ComprobanteEnTablas c{id, QString("%1").arg(id, 6, 10, QChar('0')), QString("%11431").arg(ano)};
     for (int libro : {0, 1}) {
         QMap<std::tuple<QString, QString, QString, QString>, Moneda> netos;
         for (const Renglon& r : renglones(base, libro, true))
@@ -99,7 +108,7 @@ inline void arme_libro_de_estados(Conexion& base, quint32 semilla) {
                                   .arg(kPrimerAnoLibro + azar.bounded(kAnosLibro))
                                   .arg(1 + azar.bounded(13), 2, 10, QChar('0'))
                                   .arg(1 + azar.bounded(28), 2, 10, QChar('0'));
-        Comprobante c{id, QString("%1").arg(id, 6, 10, QChar('0')), fecha};
+        ComprobanteEnTablas c{id, QString("%1").arg(id, 6, 10, QChar('0')), fecha};
         c.lineas = lineas_cuadradas(azar);
         c.lineas_niif = lineas_cuadradas(azar);
         grabe(base, c);
@@ -112,9 +121,7 @@ inline void arme_libro_de_estados(Conexion& base, quint32 semilla) {
 struct Cifras {
     Moneda inicial, debitos, creditos;
     Moneda final() const { return inicial + debitos - creditos; }
-    bool movida() const {
-        return !inicial.es_cero() || !debitos.es_cero() || !creditos.es_cero();
-    }
+    bool movida() const { return !inicial.es_cero() || !debitos.es_cero() || !creditos.es_cero(); }
     void sume(const Cifras& c) {
         inicial += c.inicial;
         debitos += c.debitos;
@@ -155,8 +162,8 @@ inline QMap<std::pair<QString, QString>, Cifras> saldos(const QVector<Renglon>& 
     return por_hoja;
 }
 
-/// Las mismas, repartidas en los códigos de los que cuelga cada cuenta, y sus filas de detalle donde
-/// la cuenta tiene alguno. Solo lo que se movió.
+/// Las mismas, repartidas en los códigos de los que cuelga cada cuenta, y sus filas de detalle
+/// donde la cuenta tiene alguno. Solo lo que se movió.
 inline QMap<QString, Cifras> por_codigo(const QMap<std::pair<QString, QString>, Cifras>& hojas,
                                         bool con_detalle) {
     QSet<QString> detalladas;

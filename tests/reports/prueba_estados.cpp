@@ -13,36 +13,42 @@ namespace {
 const Filtro kTodo = [](const Renglon&) { return true; };
 
 /// Un estado con la letra de su menú y lo que cambia en su título con el libro NIIF.
-struct Estado {
+struct EstadoImpreso {
     QString clase, tipo;
     QStringList casillas;
     QString niif;
 };
-const QVector<Estado>& estados() {
-    static const QVector<Estado> todos{
-        {"Tfrngbalancegeneral", "G", {}, "Estado de Situación Financiera"},
+const QVector<EstadoImpreso>& estados() {
+    static const QVector<EstadoImpreso> todos{
+        {"Tfrngbalancegeneral", "G", {}, "EstadoImpreso de Situación Financiera"},
         {"Tfrngbalancegeneral", "D", {}, "Balance Detallado por Cuenta NIIF"},
         {"Tfrngbalancegeneral", "P", {}, "Balance de Prueba NIIF"},
-        {"Tfrngresulgeneral", "G", {}, "Estado de Resultados NIIF"},
-        {"Tfrngresulgeneral", "G", {"ckMes"}, "Estado de Resultados Mensual NIIF"},
-        {"Tfrngresulgeneral", "D", {"ckMes"}, "Estado de Resultados Detallado NIIF"},
+        {"Tfrngresulgeneral", "G", {}, "EstadoImpreso de Resultados NIIF"},
+        {"Tfrngresulgeneral", "G", {"ckMes"}, "EstadoImpreso de Resultados Mensual NIIF"},
+        {"Tfrngresulgeneral", "D", {"ckMes"}, "EstadoImpreso de Resultados Detallado NIIF"},
         {"Tfrngbalancetercero", "T", {}, "Balance Detallado con Terceros NIIF"},
         {"Tfrngbalancetercero", "R", {"cknombre"}, "Balance de Prueba con Terceros NIIF"},
         {"Tfrngbalancecentro", "C", {}, "Balance con Centros de Costo NIIF"},
         {"Tfrngbalancecentro", "P", {}, "Balance de Prueba con Centros de Costo NIIF"},
         {"Tfrngbalancecentro", "C", {"Centro"}, "Balance Centro de Costos NIIF"},
         {"Tfrngbalancecentro", "P", {"Centro"}, "Balance de Prueba Centro de Costos NIIF"},
-        {"Tfrngresultadotercero", "", {}, "Estado de resultados detallado con terceros NIIF"},
-        {"Tfrngresultadocentro", "", {}, "Estado de resultados con centros de costo NIIF"},
-        {"Tfrngresultadocentro", "", {"Centro"}, "Estado de resultados con centros de costo NIIF"},
+        {"Tfrngresultadotercero",
+         "",
+         {},
+         "EstadoImpreso de resultados detallado con terceros NIIF"},
+        {"Tfrngresultadocentro", "", {}, "EstadoImpreso de resultados con centros de costo NIIF"},
+        {"Tfrngresultadocentro",
+         "",
+         {"Centro"},
+         "EstadoImpreso de resultados con centros de costo NIIF"},
         {"Tfrngresultadocentro",
          "",
          {"ckMes"},
-         "Estado de resultados mensual con centros de costo NIIF"},
+         "EstadoImpreso de resultados mensual con centros de costo NIIF"},
         {"Tfrngresultadocentro",
          "",
          {"ckMes", "Centro"},
-         "Estado de resultados mensual con centros de costo NIIF"},
+         "EstadoImpreso de resultados mensual con centros de costo NIIF"},
         {"Tfrngbalanceacumulado", "", {}, "Balance de Prueba Acumulado NIIF"},
         {"Tfrngbalanceacumulado", "", {"ckterceros"}, "Balance de Prueba Acumulado NIIF"},
         {"Tfrngbalanceanual", "", {}, "Balance Comparativo Anual NIIF"},
@@ -53,8 +59,8 @@ const QVector<Estado>& estados() {
     return todos;
 }
 
-const Cajas kDosCentros{{"Proy1", "0001"}, {"ECenIni", "0002"}, {"Proy2", "0002"},
-                        {"ECenFin", "0001"}};
+const Cajas kDosCentros{
+    {"Proy1", "0001"}, {"ECenIni", "0002"}, {"Proy2", "0002"}, {"ECenFin", "0001"}};
 
 /// Importe como lo escriben los estados: los negativos, entre paréntesis.
 QString impreso(Moneda m) {
@@ -85,7 +91,7 @@ private slots:
 
 private:
     /// Abre, llena, marca e imprime un estado.
-    QString corra(const Estado& e, const Cajas& cajas, const QStringList& otras = {},
+    QString corra(const EstadoImpreso& e, const Cajas& cajas, const QStringList& otras = {},
                   QString* orden = nullptr) {
         QStringList casillas = e.casillas + otras;
         Cajas todas = cajas;
@@ -124,17 +130,18 @@ void PruebaEstados::la_consulta_es_la_convenida() {
              QString("select * from balance_mes('2018', 3,'N', 'S','S','N')  where CODIGO >= '0' "
                      "and CODIGO <= 'ZZ' and nivel < 5 and CODIGO < '4' and Nivel <= 3 order by "
                      "CODIGO"));
-    QCOMPARE(consulta("Tfrngbalancegeneral", "D", {"Cksinmov", "ckniif"}, {{"EDesde", "11"},
-                                                                            {"EHasta", "2"}}),
+    QCOMPARE(consulta("Tfrngbalancegeneral", "D", {"Cksinmov", "ckniif"},
+                      {{"EDesde", "11"}, {"EHasta", "2"}}),
              QString("select * from balance_mes_niif('2018', 3,'S', 'N','N','N')  where CODIGO >= "
                      "'11' and CODIGO <= '2' and Nivel <= 5 order by CODIGO"));
     QCOMPARE(consulta("Tfrngbalancegeneral", "P", {}, {{"Nivel", "2"}}),
              QString("select * from balance_mes('2018', 3,'N', 'N','N','N')  where CODIGO >= '0' "
                      "and CODIGO <= 'ZZ' and Nivel <= 2 order by CODIGO"));
     // Resultados.
-    QCOMPARE(consulta("Tfrngresulgeneral", "G", {"ckMes"}),
-             QString("select * from balance_mes('2018', 3,'N','N', 'S','S') where CODIGO >= '4' and "
-                     "CODIGO < '8' and NIVEL < 4 order by CODIGO"));
+    QCOMPARE(
+        consulta("Tfrngresulgeneral", "G", {"ckMes"}),
+        QString("select * from balance_mes('2018', 3,'N','N', 'S','S') where CODIGO >= '4' and "
+                "CODIGO < '8' and NIVEL < 4 order by CODIGO"));
     QCOMPARE(consulta("Tfrngresulgeneral", "D", {"Cksinmov", "ckniif"}, {{"Nivel", "4"}}),
              QString("select * from balance_mes_niif('2018', 3,'S','N', 'N','N') where CODIGO >= "
                      "'4' and CODIGO < '8' and nivel <= 4 order by CODIGO"));
@@ -142,8 +149,9 @@ void PruebaEstados::la_consulta_es_la_convenida() {
     QCOMPARE(consulta("Tfrngbalancetercero", "T", {"cknombre", "Cksinmov"}),
              QString("SELECT * FROM BALANCE_CON_TERCEROS_MES('2018', 3, '', 'ZZ', '', "
                      "'ZZ','S')ORDER BY CUENTA,NOM_TERCERO"));
-    QCOMPARE(consulta("Tfrngresultadotercero", "", {"ckniif"}, {{"ENitIni", "8"}, {"ENitFin", "9"}}),
-             QString("SELECT * FROM BALANCE_CON_TERCEROS_MES_N('2018', 3, '4', '8', '8', '9','N')"));
+    QCOMPARE(
+        consulta("Tfrngresultadotercero", "", {"ckniif"}, {{"ENitIni", "8"}, {"ENitFin", "9"}}),
+        QString("SELECT * FROM BALANCE_CON_TERCEROS_MES_N('2018', 3, '4', '8', '8', '9','N')"));
     const QString centros = "('2018', 3,'N','','ZZ','','zz','','zz')";
     QCOMPARE(consulta("Tfrngbalancecentro", "C", {"Cksinmov"}),
              "SELECT * FROM BALANCE_CON_CENTROS_MES" + centros);
@@ -180,7 +188,7 @@ void PruebaEstados::cada_estado_sale_con_su_titulo_en_los_dos_libros() {
     arme_libro_de_estados(s.base.base(), 2);
     s.cnt.ano_actual = "2018";
     s.cnt.periodo_actual = 5;
-    for (const Estado& e : estados())
+    for (const EstadoImpreso& e : estados())
         for (bool niif : {false, true}) {
             const QString texto = corra(e, {}, niif ? QStringList{"ckniif"} : QStringList());
             const QString quien = e.clase + ' ' + e.tipo + ' ' + e.casillas.join(',');
@@ -191,8 +199,9 @@ void PruebaEstados::cada_estado_sale_con_su_titulo_en_los_dos_libros() {
         }
     // El título que compone el programa.
     QVERIFY(corra(estados()[0], {}).contains("Período:Junio/2018 - Cuentas:0...ZZ"));
-    QVERIFY(corra(estados()[17], {}).contains("Período:2018:ENE...DIC - Cuentas:0...ZZ "
-                                              "Terceros:0...ZZ Nivel:5"));
+    QVERIFY(corra(estados()[17], {})
+                .contains("Período:2018:ENE...DIC - Cuentas:0...ZZ "
+                          "Terceros:0...ZZ Nivel:5"));
     const QString centros = corra(estados().last(), {});
     QVERIFY2(centros.contains("Período:Junio/2018 - Cuentas:...ZZ Centros:0001-0002 vs 0002-0001"),
              qPrintable(centros));
@@ -206,9 +215,9 @@ void PruebaEstados::el_general_cuadra_y_no_pasa_de_las_clases_del_balance() {
             s.cnt.ano_actual = QString::number(ano);
             s.cnt.periodo_actual = periodo;
             Moneda activo, utilidad;
-            for (const auto& [llave, c] : saldos(renglones(s.base.base(), libro, true), kTodo, ano,
-                                                 periodo + 1, periodo + 1)
-                                              .asKeyValueRange()) {
+            for (const auto& [llave, c] :
+                 saldos(renglones(s.base.base(), libro, true), kTodo, ano, periodo + 1, periodo + 1)
+                     .asKeyValueRange()) {
                 if (llave.first < "2")
                     activo += c.final();
                 else if (llave.first >= "4")
@@ -223,8 +232,7 @@ void PruebaEstados::el_general_cuadra_y_no_pasa_de_las_clases_del_balance() {
             QVERIFY2(renglones_con(texto, "[4-9]\\d*\\s").isEmpty(), qPrintable(texto));
         }
     // De la clase 4 en adelante no hay balance general.
-    auto* f = qobject_cast<FormaRango*>(
-        pantallas().abrir("Tfrngbalancegeneral", AbreInforme{"G"}));
+    auto* f = qobject_cast<FormaRango*>(pantallas().abrir("Tfrngbalancegeneral", AbreInforme{"G"}));
     llene(f, {{"EDesde", "4"}, {"EHasta", "5"}});
     Interlocutor i;
     i.espere("No hay datos que cumplan con los rangos indicados.");
@@ -237,14 +245,13 @@ void PruebaEstados::el_general_cuadra_y_no_pasa_de_las_clases_del_balance() {
 
 void PruebaEstados::el_nivel_del_general_esta_fijo() {
     SesionGui s;
-    for (const auto& [clase, tipo, nivel, fijo] :
-         {std::tuple{"Tfrngbalancegeneral", "G", 3, true},
-          {"Tfrngbalancegeneral", "D", 5, false},
-          {"Tfrngbalancegeneral", "P", 5, false},
-          {"Tfrngresulgeneral", "G", 3, true},
-          {"Tfrngresulgeneral", "D", 5, false},
-          {"Tfrngbalanceacumulado", "", 5, false},
-          {"Tfrngbalanceanual", "", 5, false}}) {
+    for (const auto& [clase, tipo, nivel, fijo] : {std::tuple{"Tfrngbalancegeneral", "G", 3, true},
+                                                   {"Tfrngbalancegeneral", "D", 5, false},
+                                                   {"Tfrngbalancegeneral", "P", 5, false},
+                                                   {"Tfrngresulgeneral", "G", 3, true},
+                                                   {"Tfrngresulgeneral", "D", 5, false},
+                                                   {"Tfrngbalanceacumulado", "", 5, false},
+                                                   {"Tfrngbalanceanual", "", 5, false}}) {
         auto* f = qobject_cast<FormaRango*>(pantallas().abrir(clase, AbreInforme{tipo}));
         auto& caja = componente<QSpinBox>(f, "Nivel");
         QCOMPARE(caja.value(), nivel);
@@ -252,8 +259,8 @@ void PruebaEstados::el_nivel_del_general_esta_fijo() {
         f->close();
     }
     // Desde el menú de NIIF el libro ya viene marcado.
-    auto* f = qobject_cast<FormaRango*>(
-        pantallas().abrir("Tfrngbalancegeneral", AbreInforme{"G", true}));
+    auto* f =
+        qobject_cast<FormaRango*>(pantallas().abrir("Tfrngbalancegeneral", AbreInforme{"G", true}));
     QVERIFY(f->ckniif->isChecked());
 }
 
@@ -338,7 +345,8 @@ void PruebaEstados::las_notas_van_a_continuacion_solo_si_se_piden() {
         return QList<bool>{texto.contains("Notas a los estados financieros"),
                            texto.contains("Nota 1  Ente económico") ||
                                texto.contains(QRegularExpression("Nota 1\\s+Ente económico")),
-                           texto.contains("Efectivo de marzo"), texto.contains("Efectivo de abril")};
+                           texto.contains("Efectivo de marzo"),
+                           texto.contains("Efectivo de abril")};
     };
     for (int e : {0, 3}) {
         const QString con = corra(estados()[e], {}, {"ckNotas"});
@@ -400,7 +408,7 @@ void PruebaEstados::lo_que_falta_se_dice_sin_cerrar_la_pantalla() {
 void PruebaEstados::un_estado_largo_repite_sus_encabezados() {
     SesionGui s;
     arme_libro_de_estados(s.base.base(), 8);
-    Comprobante c{900, "000900", "20180305"};
+    ComprobanteEnTablas c{900, "000900", "20180305"};
     constexpr int kTerceros = 1500;
     for (int n = 1; n <= kTerceros; ++n) {
         const QString nit = QString("7%1").arg(n, 6, 10, QChar('0'));

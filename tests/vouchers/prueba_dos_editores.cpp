@@ -1,5 +1,6 @@
 // Dos personas con el mismo comprobante abierto: ninguna pierde lo suyo ni pisa lo de la otra sin
 // saberlo.
+#include "toolkit/controles/memodato.h"
 #include "vouchers/digitador.h"
 
 namespace {

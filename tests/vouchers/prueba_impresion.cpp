@@ -592,7 +592,7 @@ void PruebaImpresion::la_masiva_muestra_antes_las_hojas_solo_si_la_compania_lo_p
 
 void PruebaImpresion::un_comprobante_descuadrado_no_dice_sumas_iguales() {
     SesionGui s;
-    Comprobante c{kId, "000700", "20170315"};
+    ComprobanteEnTablas c{kId, "000700", "20170315"};
     c.lineas << Linea{1, "519530", Moneda(700), Moneda()}
              << Linea{2, "110505", Moneda(), Moneda::de_texto("699.99")};
     c.lineas_niif = {Linea{1, "519530", Moneda(50), Moneda()},
@@ -600,7 +600,8 @@ void PruebaImpresion::un_comprobante_descuadrado_no_dice_sumas_iguales() {
     grabe(s.base.base(), c);
     const QString decreto = imprima(s, Qt::Key_F2);
     QVERIFY2(!decreto.contains("Sumas iguales"), qPrintable(decreto));
-    QCOMPARE(decreto.section("Sumas", 1).section('\n', 0, 0).simplified(), QString("700.00 699.99"));
+    QCOMPARE(decreto.section("Sumas", 1).section('\n', 0, 0).simplified(),
+             QString("700.00 699.99"));
     QCOMPARE(decreto.section("descuadrado en", 1).section('\n', 0, 0).simplified(),
              QString("0.01"));
     const QString niif = imprima(s, Qt::Key_F2, true);

@@ -141,32 +141,7 @@ bool Rejilla::navegue(QKeyEvent& e) {
                pase_con_tab(e.key() == Qt::Key_Tab && !(m & Qt::ShiftModifier));
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (m == Qt::ControlModifier) {
-            if (!digitando())
-                abra_editor({}, false);
-            return true;
-        }
-        if (m == Qt::NoModifier && OnReturn && !digitando()) {
-            proteja(OnReturn);
-            return true;
-        }
-        if (m != Qt::NoModifier || !editable())
-            return false;
-        if (enter_como_tab) {
-            if (tiene_seleccion() && !enter_con_seleccion)
-                fije_actual(fila, columna);
-            else if (!siguiente_celda())
-                salga_con_tab(true);
-            return true;
-        }
-        if (digitando()) {
-            termine_edicion();
-            return true;
-        }
-        if (!celda_editable(currentIndex()) || this->columna(columna).casilla)
-            return false;
-        abra_editor({}, false);
-        return true;
+        return oprima_enter(m);
     case Qt::Key_Down:
         if (m == Qt::AltModifier)
             abra_lista();
