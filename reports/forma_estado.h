@@ -1,6 +1,6 @@
 #pragma once
 // Estados financieros: lo que sus pantallas tienen en común.
-#include "reports/forma_rango.h"
+#include "catalogues/forma_rango.h"
 #include "sesion/peticiones.h"
 
 class FormaEstado : public FormaRango {
@@ -31,8 +31,8 @@ protected:
     Campo& importe(const QString& nombre, const QString& rotulo);
 
     /// La casilla Cksinmov.
-    QCheckBox* casilla_sin_movimiento(const QString& texto = QStringLiteral(
-                                          "Incluir cuentas sin movimiento o saldo"));
+    QCheckBox* casilla_sin_movimiento(
+        const QString& texto = QStringLiteral("Incluir cuentas sin movimiento o saldo"));
     /// "balance_mes" o, en el libro NIIF, con su sufijo.
     QString procedimiento(const char* nombre, const char* sufijo = "_niif") const;
     /// "Período:" + mes + "/" + año.

@@ -2,8 +2,8 @@
 
 #include "sesion/variables_informe.h"
 
+#include "catalogues/forma_rango.h"
 #include "sesion/instalacion.h"
-#include "reports/forma_rango.h"
 #include "toolkit/dialogos.h"
 
 #include <QMdiArea>

@@ -1,6 +1,6 @@
 #include "reports/tfrngconsecutivos.h"
 
-#include "reports/columnas_auxiliar.h"
+#include "catalogues/columnas_auxiliar.h"
 #include "toolkit/formulario.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #pragma once
 // Listados de comprobantes: los consecutivos de un rango de números, para ver que no falte ninguno
 // (Tfrngconsecutivos), y los de un rango de tipos en el orden de sus fechas (Tfrngcronologicos).
-#include "reports/forma_rango.h"
+#include "catalogues/forma_rango.h"
 
 /// Lo que distingue a un listado.
 struct DatosListado {

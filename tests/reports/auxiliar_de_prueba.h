@@ -1,8 +1,8 @@
 #pragma once
 // Informes sobre un libro al azar: rangos, lo impreso y las mismas cuentas hechas por fuera.
+#include "catalogues/forma_rango.h"
 #include "informe_de_prueba.h"
 #include "ledger/libro_al_azar.h"
-#include "reports/forma_rango.h"
 
 #include <QCheckBox>
 #include <QComboBox>

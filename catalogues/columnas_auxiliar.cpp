@@ -1,4 +1,4 @@
-#include "reports/columnas_auxiliar.h"
+#include "catalogues/columnas_auxiliar.h"
 
 #include "sesion/tfdmcnt.h"
 

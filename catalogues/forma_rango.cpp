@@ -1,6 +1,6 @@
-#include "reports/forma_rango.h"
+#include "catalogues/forma_rango.h"
 
-#include "reports/columnas_auxiliar.h"
+#include "catalogues/columnas_auxiliar.h"
 #include "sesion/instalacion.h"
 #include "sesion/peticiones.h"
 #include "sesion/variables_informe.h"

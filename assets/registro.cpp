@@ -1,0 +1,5 @@
+#include "assets/registro.h"
+
+#include "toolkit/pantalla.h"
+
+void registre_pantallas_activos() {}

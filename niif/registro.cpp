@@ -1,0 +1,5 @@
+#include "niif/registro.h"
+
+#include "toolkit/pantalla.h"
+
+void registre_pantallas_niif() {}

@@ -1,0 +1,5 @@
+#include "periodend/registro.h"
+
+#include "toolkit/pantalla.h"
+
+void registre_pantallas_cierres() {}

@@ -1,0 +1,5 @@
+#include "posting/registro.h"
+
+#include "toolkit/pantalla.h"
+
+void registre_pantallas_contabilizacion() {}

@@ -1,0 +1,13 @@
+#pragma once
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
+#include "toolkit/pantalla.h"
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QToolButton>

@@ -1,0 +1,5 @@
+#include "tax/registro.h"
+
+#include "toolkit/pantalla.h"
+
+void registre_pantallas_impuestos() {}
