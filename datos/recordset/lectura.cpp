@@ -492,7 +492,8 @@ void ConjuntoDatos::Reabra() {
 }
 
 void ConjuntoDatos::Open(const QString& texto) {
-    const QString antes = std::exchange(CommandText, texto);
+    const QString antes = CommandText; // `texto` puede ser el mismo que ya tenía
+    CommandText = texto;
     try {
         if (Active())
             Reabra();
