@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QScopedValueRollback>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -41,6 +42,7 @@ struct SesionGui {
         (void)QTest::qWaitForWindowActive(&ventana);
     }
     ~SesionGui() {
+        const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
         escritorio.cierre_todas();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }

@@ -85,7 +85,7 @@ private slots:
         QVERIFY(casilla(p, "CkRetenciones").isChecked());
         escriba(p, "ENombre", "Impuesto retenido");
         escriba(p, "EPorcentaje", "3.5");
-        escriba(p, "EBase", "895,000");
+        escriba(p, "EBase", "895000");
         oprima(Qt::Key_F2);
         QCOMPARE(ficha(s, "135517"), QString("Impuesto retenido|NNSNS|3.5000|895000.00|"));
 
