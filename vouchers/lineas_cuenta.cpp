@@ -110,8 +110,8 @@ void LineasCuenta::ate_lados() {
     };
     ate(lados_.debito, lados_.credito);
     ate(lados_.credito, lados_.debito);
-    detalle.AfterPost = [this] { diferencia(); };
-    detalle.AfterDelete = [this] { diferencia(); };
+    detalle.AfterPost = [this] { actualice_sumas(); };
+    detalle.AfterDelete = [this] { actualice_sumas(); };
 }
 
 void LineasCuenta::actualice_sumas() {
