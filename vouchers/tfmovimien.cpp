@@ -240,7 +240,9 @@ void Tfmovimien::CMovimientoENCO_NUMEROChange(Campo& campo) {
         campo = Tfdm::complete_numero(numero);
         return;
     }
-    const QString sugerido = CPrefijos.FieldByName("PREF_NUMERO").texto();
+    // El automático nadie lo digitó: si otro lo toma, avanza cuantas veces haga falta.
+    const bool automatico = CPrefijos.FieldByName("PRCO_AUTO").texto() == "S";
+    const QString sugerido = automatico ? numero : CPrefijos.FieldByName("PREF_NUMERO").texto();
     const NumeroValidado numero_validado =
         fdmcnt().valide_NumComConta(CMovimiento.FieldByName("TICO_COD").texto(),
                                     CMovimiento.FieldByName("PRCO_PREF").texto(), sugerido, campo);

@@ -46,10 +46,11 @@ void PruebaActualizacion::initTestCase() {
     descomprime.start("gzip", {"-dc", datos});
     QVERIFY(descomprime.waitForFinished() && descomprime.exitCode() == 0);
     QCOMPARE(ordene({"crear-general"}).codigo, 0);
-    Conexion general;
-    ParametrosConexion p{lugar().base_general(), "SYSDBA", {}};
-    general.conectar(p);
-    general.ejecute("insert into compania (comp_cod, com_nombre) values ('001', 'Vieja')");
+    {
+        Conexion general;
+        general.conectar({lugar().base_general(), "SYSDBA", {}});
+        general.ejecute("insert into compania (comp_cod, com_nombre) values ('001', 'Vieja')");
+    }
     lugar().prepare_carpeta(lugar().base_compania("001"));
     restaure_base(respaldo, {lugar().base_compania("001"), "SYSDBA", {}}, false);
     QCOMPARE(filas("select max(vers_numero) from version_esquema"), QString("1"));

@@ -127,7 +127,7 @@ void PruebaAdministrador::cada_falla_se_dice_en_espanol_y_cambia_el_codigo() {
         {{"conexion", "--carpeta", "/no/hay"}, b.ruta(), 1, "No se pudo escribir"},
         {{"respaldar", "--color"}, b.ruta(), 2, "No se conoce la opción --color."},
         {{"bailar"}, b.ruta(), 2, "No se conoce la orden 'bailar'"},
-        {{"verificar"}, "127.0.0.1/1:/x", 1, "No hay un servidor Firebird atendiendo"},
+        {{"verificar"}, "127.0.0.1/1:/x", 1, "No se encontró el servidor Interbase/Firebird"},
         {{"verificar"},
          "equipo.que.no.existe.invalid/3050:/x",
          1,

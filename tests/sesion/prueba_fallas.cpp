@@ -193,14 +193,17 @@ private slots:
 
     void toda_llave_foranea_sabe_nombrar_sus_dos_tablas() {
         SesionGui s;
+        QStringList sin_nombre;
         for (auto c = s.base.base().abra(
                  "select distinct trim(t.rdb$relation_name) from rdb$ref_constraints r join "
                  "rdb$relation_constraints t on t.rdb$constraint_name in (r.rdb$constraint_name, "
                  "r.rdb$const_name_uq)");
              c->siguiente();) {
             const QString tabla = c->valor(0).texto();
-            QVERIFY2(s.dm.nombre_campo(tabla) != tabla, qPrintable(tabla));
+            if (s.dm.nombre_campo(tabla) == tabla)
+                sin_nombre << tabla;
         }
+        QCOMPARE(sin_nombre.join(' '), QString());
     }
 
     void lo_que_dice_el_motor_queda_en_el_archivo_y_no_en_la_pantalla() {
@@ -216,7 +219,7 @@ private slots:
         } casos[] = {
             {"execute procedure falle", "El período enero está cerrado.", "At procedure 'FALLE'"},
             {"insert into tipo_comprobante (tico_cod, tico_nom) values ('CG', 'x')",
-             "Ya existe un registro con el mismo Tipo CG.", "violation of PRIMARY"},
+             "Ya existe un registro con el mismo Tipo de comprobante CG.", "violation of PRIMARY"},
             {"delete from tipo_comprobante where tico_cod = 'CG'",
              "No se puede borrar ni cambiar su código: se usa en los prefijos de los comprobantes.",
              "violation of FOREIGN"},

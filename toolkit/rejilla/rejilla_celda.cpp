@@ -42,8 +42,10 @@ int Rejilla::SelectedIndex() const {
 
 void Rejilla::SelectedIndex(int columna) {
     this->columna(columna);
-    if (conjunto() && columna != SelectedIndex())
-        vaya(conjunto()->RecNo(), columna);
+    if (!conjunto() || columna == SelectedIndex())
+        return;
+    olvide_tecleo();
+    vaya(conjunto()->RecNo(), columna);
 }
 
 Campo* Rejilla::campo_actual() const {
