@@ -168,7 +168,7 @@ BEGIN
   CAUSA = 'número repetido';
   FOR
     SELECT TICO_COD || ' ' || PRCO_PREF || ' ' || lpad(trim(ENCO_NUMERO), 8, '0'),
-      list(trim(ENCO_NUMERO), ', ')
+      min(trim(ENCO_NUMERO)) || ', ' || max(trim(ENCO_NUMERO))
     FROM COMPROBANTE_ENCABEZADO
     WHERE trim(ENCO_NUMERO) SIMILAR TO '[0-9]+'
     GROUP BY TICO_COD, PRCO_PREF, lpad(trim(ENCO_NUMERO), 8, '0')

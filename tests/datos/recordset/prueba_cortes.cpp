@@ -12,7 +12,7 @@ namespace {
 /// Maestra y dos detalles, como un comprobante con sus dos libros.
 struct Documento {
     explicit Documento(Conexion& c)
-        : q(&dueno, "TDocumentos", c, "select * from documento where id >= :ID order by id"),
+        : q(&dueno, "TDocumentos", c, "select * from papel where id >= :ID order by id"),
           ql(&dueno, "TLineas", c, "select * from linea where id = :ID order by item"),
           qn(&dueno, "TLineasn", c, "select * from linea_n where id = :ID order by item"),
           p(&dueno, "PDocumentos", &q, poCascadeDeletes | poCascadeUpdates | poAllowCommandText) {
@@ -106,10 +106,10 @@ class PruebaCortes : public QObject {
     }
     void restaure() {
         for (const char* sql :
-             {"delete from linea", "delete from linea_n", "delete from documento",
-              "insert into documento values (1, 'uno', 'nota del uno')",
-              "insert into documento values (2, 'dos', null)",
-              "insert into documento values (3, 'tres', 'nota del tres')",
+             {"delete from linea", "delete from linea_n", "delete from papel",
+              "insert into papel values (1, 'uno', 'nota del uno')",
+              "insert into papel values (2, 'dos', null)",
+              "insert into papel values (3, 'tres', 'nota del tres')",
               "insert into linea values (1, 1, 10)", "insert into linea values (1, 2, 20)",
               "insert into linea_n values (1, 1, 30)", "insert into linea values (2, 1, 5)",
               "insert into linea_n values (2, 1, 6)", "insert into linea_n values (2, 2, 7)"})
@@ -152,13 +152,13 @@ private slots:
         servidor_ = std::make_unique<ServidorDePrueba>();
         red_ = std::make_unique<Intermediario>(servidor_->puerto());
         directa_.conectar(servidor_->parametros("SYSDBA"));
-        directa_.ejecute("create table documento (id integer not null constraint pk_d primary key, "
+        directa_.ejecute("create table papel (id integer not null constraint pk_d primary key, "
                          "nombre varchar(20), nota blob sub_type text)");
         for (const char* t : {"linea", "linea_n"})
             directa_.ejecute(
                 QString("create table %1 (id integer not null, item integer not null, valor "
                         "numeric(15,2), constraint pk_%1 primary key (id, item), constraint fk_%1 "
-                        "foreign key (id) references documento (id) on update cascade)")
+                        "foreign key (id) references papel (id) on update cascade)")
                     .arg(t));
         directa_.ejecute("create table larga (cod integer not null primary key, nom varchar(40))");
         directa_.ejecute("execute block as declare i integer = 0; begin while (i < 3000) do begin "
@@ -189,7 +189,7 @@ private slots:
             {"Refresh", [&] { d.doc.Refresh(); }},
             {"Reabra", [&] { d.doc.Reabra(); }},
             {"Open con otro texto",
-             [&] { d.doc.Open("select * from documento where id >= 2 order by id"); }},
+             [&] { d.doc.Open("select * from papel where id >= 2 order by id"); }},
             {"pasar a otra maestra", [&] { d.doc.Next(); }},
             {"Refresh de un detalle", [&] { d.otras.Refresh(); }},
         };
@@ -338,7 +338,7 @@ private slots:
             std::unique_ptr<Documento> d;
             int resultado = 0;
             const QString sql =
-                QString("select nombre, nota from documento where id = %1").arg(caso.id);
+                QString("select nombre, nota from papel where id = %1").arg(caso.id);
             barra(
                 paso(61),
                 [&] {
@@ -441,7 +441,7 @@ private slots:
         QVERIFY2(d.fallas.last().startsWith("Se perdió la conexión"), qPrintable(d.fallas.last()));
         red_->atienda();
         QCOMPARE(d.doc.ApplyUpdates(0), 0);
-        QCOMPARE(base("select nombre from documento where id = 1"), QString("mudo"));
+        QCOMPARE(base("select nombre from papel where id = 1"), QString("mudo"));
         limites_de_red(antes);
     }
 };
