@@ -46,7 +46,7 @@ QVector<QWidget*> en_orden(QVector<QWidget*> hermanos, QWidget* padre) {
             const QRect este = lugar(w);
             const int comun =
                 qMin(primero.bottom(), este.bottom()) - qMax(primero.top(), este.top());
-            if (comun > qMin(primero.height(), este.height()) / 2)
+            if (w == hermanos.first() || comun > qMin(primero.height(), este.height()) / 2)
                 renglon << w;
         }
         std::stable_sort(renglon.begin(), renglon.end(),

@@ -331,11 +331,10 @@ private slots:
         TablaDePrueba tabla = movimiento(3000);
         exporte(tabla, FormatoExportacion::Xls, ruta("e.xls"));
         const QStringList lineas =
-            salida_de("xls2csv", {"-q", "0", "-d", "utf-8", "-f", "%Y/%m/%d", ruta("e.xls")})
-                .split('\n');
+            salida_de("xls2csv", {"-q", "0", "-d", "utf-8", ruta("e.xls")}).split('\n');
         QCOMPARE(lineas[0], QString("Cód. Cuenta,Nombre cuenta,Nivel,S. Final,Fecha,Act."));
-        QCOMPARE(lineas[3000],
-                 QString("113504,Pago de la factura 2999,2999,3028.99,2018/03/21,N"));
+        // Ese lector muestra la fecha como los días desde 1900: 43180 es el 2018/03/21.
+        QCOMPARE(lineas[3000], QString("113504,Pago de la factura 2999,2999,3028.99,43180,N"));
     }
 
     void cien_mil_filas_no_ocupan_mas_memoria() {
