@@ -40,6 +40,8 @@ public:
             return AbreArticulo{"MART01"};
         if (nombre == "Tfcomproterc")
             return AbreComprobantesTercero{"900123456", "Ferretería El Tornillo S.A.S."};
+        if (nombre.startsWith("Tfsaldoart"))
+            return AbreAuxiliar{.cuenta_auxiliar = "143505"};
         if (nombre.startsWith("Tfauxiliar") || nombre.startsWith("Tfsaldo") ||
             nombre == "Tfnormacuenta")
             return AbreAuxiliar{"413505", "900123456", "0002", "0001", "MART01"};
