@@ -182,6 +182,8 @@ void renombre(const QString& de, const QString& a) {
                                         "permisos de la carpeta; los dos archivos siguen en su "
                                         "sitio.")
                              .arg(de, a));
+    // Dos nombres del mismo archivo: el sistema no hace nada y quedan los dos.
+    QFile::remove(de);
 }
 
 /// El mismo archivo con otro nombre; en un disco que no admite enlaces, una copia.

@@ -63,6 +63,9 @@ struct Regla {
     const char* texto;
 };
 
+const char* const kSinPermiso =
+    "Su usuario no tiene permiso en la base de datos para hacer esto. Comuníquese con el "
+    "administrador del sistema.";
 const char* const kSinEspacio =
     "No queda espacio en el disco de la base de datos. Nada se grabó: libere espacio e intente de "
     "nuevo.";
@@ -87,9 +90,12 @@ const char* const kSinOrden =
 
 /// Las que se explican con una frase fija. Vale la primera cuyo código traiga el motor.
 const Regla kReglas[] = {
-    {isc_no_priv, ClaseFalla::SinPermiso,
-     "Su usuario no tiene permiso en la base de datos para hacer esto. Comuníquese con el "
-     "administrador del sistema."},
+    {isc_no_priv, ClaseFalla::SinPermiso, kSinPermiso},
+    {isc_dyn_no_priv, ClaseFalla::SinPermiso, kSinPermiso},
+    {isc_grant_nopriv, ClaseFalla::SinPermiso, kSinPermiso},
+    {isc_grant_nopriv_on_base, ClaseFalla::SinPermiso, kSinPermiso},
+    {isc_dyn_user_not_role_member, ClaseFalla::SinPermiso, kSinPermiso},
+    {isc_dyn_no_grant_admin_opt, ClaseFalla::SinPermiso, kSinPermiso},
     {isc_read_only_database, ClaseFalla::SoloLectura,
      "La base de datos es de solo lectura: no se puede grabar en ella."},
     {isc_read_only_trans, ClaseFalla::SoloLectura, "Esta consulta no puede grabar."},
