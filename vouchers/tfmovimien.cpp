@@ -80,11 +80,6 @@ void Tfmovimien::FormCreate() {
     tipo_anterior.clear();
     en_grilla = false;
     fdm().ConfigurarProviders(this);
-    // El derecho, antes que nada: el comprobante provisional se podría eliminar sin él.
-    if (!fdm().exija_acceso(30)) {
-        pida_cierre_al_crear();
-        return;
-    }
     {
         const QSignalBlocker callada(PageControl1); // escoger la página inicial no graba nada
         lea_configuracion(Orden::Digitar);
