@@ -311,6 +311,9 @@ void Tfmovimien::SBGrabarClick() {
     if (r.clase == ResultadoGrabacion::Fallo) {
         CMovimiento.Edit();
     } else {
+        // La llave que dejó un cambio de página traería otra vez ese comprobante, y sus líneas
+        // pasarían por las memorias del que sigue.
+        CMovimiento.Params["ID"] = "0";
         CMovimiento.Refresh();
         imprima_comprobante(QString::number(r.id));
         siga_con_otro();
