@@ -80,11 +80,6 @@ void Tfmovimien::FormCreate() {
     tipo_anterior.clear();
     en_grilla = false;
     fdm().ConfigurarProviders(this);
-    // El derecho, antes que nada: el comprobante provisional se podría eliminar sin él.
-    if (!fdm().exija_acceso(30)) {
-        pida_cierre_al_crear();
-        return;
-    }
     {
         const QSignalBlocker callada(PageControl1); // escoger la página inicial no graba nada
         lea_configuracion(Orden::Digitar);
@@ -318,6 +313,9 @@ void Tfmovimien::SBGrabarClick() {
     if (r.clase == ResultadoGrabacion::Fallo) {
         CMovimiento.Edit();
     } else {
+        // La llave que dejó un cambio de página traería otra vez ese comprobante, y sus líneas
+        // pasarían por las memorias del que sigue.
+        CMovimiento.Params["ID"] = "0";
         CMovimiento.Refresh();
         imprima_comprobante(QString::number(r.id));
         siga_con_otro();

@@ -490,10 +490,16 @@ void PruebaGrabacion::el_borrado_es_todo_o_nada_y_lo_firma_quien_borra() {
         Conexion dueno;
         dueno.conectar(base_->parametros("SYSDBA"));
         dueno.ejecute("create exception no_se_va 'no se va'");
+        // Encendido y apagado por la sesión que borra: otra no le quita un disparador ya leído.
         dueno.ejecute("create trigger estorbo for comprobante_encabezado before delete as begin "
                       "if (old.enco_refer = 'ESTORBA') then exception no_se_va; end");
         dueno.ejecute("update comprobante_encabezado set enco_refer = 'ESTORBA'");
     }
+    const auto estorbe = [&](const char* si) {
+        base().consulte("select rdb$set_context('USER_SESSION', 'ESTORBO', ?) from rdb$database",
+                        {QString(si)});
+    };
+    estorbe("S");
     for (const char* pantalla : {"Tfbuscomproba", "Tfedtmovimien", "Tfauxiliarterc"}) {
         QVERIFY_THROWS_EXCEPTION(
             ErrorBase, borre_comprobante(base(), modo_borrado(pantalla), pedido, "AUXILIAR"));

@@ -161,8 +161,8 @@ private slots:
         p->close();
         p = qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
         p->lineas_2649->rejilla->setFocus();
-        oprima(Qt::Key_Home, Qt::ControlModifier);
-        p->lineas_2649->rejilla->SelectedIndex(0);
+        QCOMPARE(p->lineas_2649->rejilla->SelectedIndex(), int(LineasLibro::kCuenta));
+        QCOMPARE(p->CDetalle.FieldByName("CUEN_COD").texto(), QString("220505"));
         oprima(Qt::Key_PageDown, Qt::ControlModifier);
         QCOMPARE(p->PageControl1->currentIndex(), 1);
         QVERIFY(!p->GroupBox1->isVisible());

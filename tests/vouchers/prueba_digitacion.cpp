@@ -399,6 +399,8 @@ private slots:
             i.espere(texto, ""); // cerrado de otro modo: se queda en navegación
             Tfmovimien* p = d.abra();
             QCOMPARE(int(p->CMovimiento.State()), int(Estado::Navegacion));
+            i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?",
+                     "Sí"); // sus líneas no son de ningún comprobante grabado
             p->close();
         }
         Interlocutor i;

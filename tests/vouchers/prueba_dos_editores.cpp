@@ -30,6 +30,7 @@ struct Editor {
         active();
         rejilla().setFocus();
         oprima(Qt::Key_F2);
+        agote_eventos(); // la pantalla que se cierra muere después
     }
     QPointer<Tfedtmovimien> p;
 };
@@ -115,6 +116,7 @@ private slots:
         i.espere("Desea borrar definitivamente el comprobante CG 0001 000022?", "Sí");
         solo.p->SBBorrar->click();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        agote_eventos();
         QVERIFY(!solo.p);
     }
 };

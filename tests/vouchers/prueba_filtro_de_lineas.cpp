@@ -15,6 +15,7 @@ struct Filtrado : Digitador {
         rejilla().SelectedIndex(columna);
         oprima(Qt::Key_Up);
         QVERIFY(rejilla().en_fila_de_filtro());
+        oprima(Qt::Key_A, Qt::ControlModifier); // reemplaza la condición que hubiera
         digite(condicion);
         oprima(Qt::Key_Return);
     }
@@ -75,6 +76,7 @@ private slots:
         QVERIFY(!p->ckFiltro->isChecked());
         d.entre_a_la_rejilla();
         d.linea_de_debito("110505", "900");
+        oprima(Qt::Key_Up); // sin la fila en blanco que quedó al final
         QCOMPARE(p->CDetalle.RecordCount(), 1);
         p->CDetalle.Cancel();
         p->CMovimiento.CancelUpdates();

@@ -278,7 +278,8 @@ private slots:
         d.pulse("AdvGlowButton1");
         digite("CG");
         Interlocutor i;
-        i.espere_comienzo("Ya existe el registro");
+        i.espere("Se presento el siguiente error: Ya existe un registro con el mismo Tipo de "
+                 "documento 1, Prefijo CG.");
         d.pulse("SpeedButton4");
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from formato_datos where pref_pre = 'CG'"), QString("0"));
@@ -338,6 +339,8 @@ private slots:
         Interlocutor i;
         i.espere_modal("TFmoverforma", [](QWidget* w) {
             auto& m = componente<TFmoverforma>(w, "TFmoverforma");
+            w->activateWindow(); // hasta entonces las teclas son de la pantalla de abajo
+            QTRY_COMPARE(QApplication::activeWindow(), w);
             QCOMPARE(m.windowTitle(), QString("Mover Formato"));
             QCOMPARE(m.acciones->checkedId(), int('R'));
             QVERIFY(m.Pos->isEnabled());

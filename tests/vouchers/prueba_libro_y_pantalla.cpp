@@ -193,8 +193,17 @@ private:
                 digite(texto);
             oprima(Qt::Key_Return);
             if (r().digitando())
-                oprima(Qt::Key_Escape); // lo que la celda rehusó se deja como estaba
+                deseche();
         });
+    }
+    /// Lo que la celda rehusó no se queda en ella. En la rejilla NIIF Esc es de la pantalla.
+    void deseche() {
+        if (libro_ == 0) {
+            oprima(Qt::Key_Escape);
+            return;
+        }
+        oprima(Qt::Key_A, Qt::ControlModifier);
+        oprima(Qt::Key_Delete);
     }
     void linea(int numero, const LineaPlaneada& l) {
         if (numero > 1) {
@@ -232,9 +241,9 @@ private:
                 return;
             const QString dicho = rechazos_.last();
             const int falta = dicho.contains("un NIT")          ? int(LineasLibro::kTercero)
-                              : dicho.contains("una base")      ? LineasLibro::kBase
-                              : dicho.contains("un porcentaje") ? LineasLibro::kPorcentaje
-                                                                : LineasLibro::kCentro;
+                              : dicho.contains("una base")      ? int(LineasLibro::kBase)
+                              : dicho.contains("un porcentaje") ? int(LineasLibro::kPorcentaje)
+                                                                : int(LineasLibro::kCentro);
             celda(numero, falta,
                   l.celdas[falta].isEmpty() ? QString("900123456") : l.celdas[falta]);
         }
@@ -323,16 +332,19 @@ private:
         (l.debito.es_cero() ? l.credito : l.debito) += Moneda(cuanto);
     }
     Moneda importe(int n, int numero, int columna, const LineaPlaneada& l) {
-        for (const QString& texto : {l.primero.value(columna), l.celdas[columna]}) {
+        QStringList escritos{l.celdas[columna]};
+        if (l.primero.contains(columna)) {
+            if (l.primero[columna].isEmpty())
+                return {}; // olvidado
+            escritos.prepend(l.primero[columna]);
+        }
+        for (const QString& texto : escritos) {
             const auto leido =
                 columna == LineasLibro::kPorcentaje ? lea_porcentaje(texto) : lea_importe(texto);
             const QString dicho = rechazo_de_importe(leido, texto, kTitulos[n][columna]);
-            if (!dicho.isEmpty())
-                rechazos_ << rechazado(n, numero, dicho);
-            else if (!texto.isEmpty() || !l.primero.contains(columna))
+            if (dicho.isEmpty())
                 return leido.valor;
-            if (texto.isEmpty() && l.primero.contains(columna))
-                return {}; // olvidado
+            rechazos_ << rechazado(n, numero, dicho);
         }
         return {};
     }
@@ -452,6 +464,16 @@ QString filas(Conexion& c) {
     return todo;
 }
 
+/// Las filas que no son las mismas, una junto a la otra.
+QString distintas(const QString& pantalla, const QString& libro) {
+    const QStringList una = pantalla.split('\n'), otra = libro.split('\n');
+    QString todas;
+    for (qsizetype i = 0; i < qMax(una.size(), otra.size()); ++i)
+        if (una.value(i) != otra.value(i))
+            todas += "\npantalla: " + una.value(i) + "\nlibro:    " + otra.value(i);
+    return todas;
+}
+
 } // namespace
 
 class PruebaLibroYPantalla : public QObject {
@@ -484,7 +506,8 @@ private slots:
                                                  .arg(uno.join('\n'), otro.join('\n'))));
             con_rechazos += uno.isEmpty() ? 0 : 1;
         }
-        QCOMPARE(filas(s.base.base()), filas(sola.base()));
+        const QString otras = distintas(filas(s.base.base()), filas(sola.base()));
+        QVERIFY2(otras.isEmpty(), qPrintable(otras));
         QCOMPARE(s.base.base().consulte("select count(*) from comprobante_encabezado").entero(),
                  qint64(cuantos));
         QVERIFY(con_rechazos > cuantos / 3);

@@ -27,7 +27,8 @@ private slots:
         QVERIFY(p->CDetalle.IsEmpty());
         QCOMPARE(p->ENumero->text(), QString("000004"));
         QCOMPARE(d.barra.text(),
-                 QString("El número 000001 lo tomó otro comprobante: este quedó con el 000003."));
+                 QString("Advertencia: El número 000001 lo tomó otro comprobante: este quedó con "
+                         "el 000003."));
         // También al pasar de página.
         d.encabezado("CG", "05", "y");
         d.asiento("110505", "310505", "10");
@@ -150,13 +151,13 @@ private slots:
             oprima(Qt::Key_F2);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(numeros(s), QString());
-            QVERIFY(p->EDia->hasFocus());
+            QCOMPARE(con_foco(), p->EDia);
         }
         digite("31");
         oprima(Qt::Key_Tab);
         QCOMPARE(p->EDia->text(), QString("28"));
-        QCOMPARE(d.barra.text(), QString("Febrero de 2017 tiene 28 días: el comprobante queda con "
-                                         "el día 28."));
+        QCOMPARE(d.barra.text(), QString("Advertencia: Febrero de 2017 tiene 28 días: el "
+                                         "comprobante queda con el día 28."));
         // También si el mes se movió después de digitarlo.
         s.cnt.periodo_actual = 2;
         p->EDia->setFocus();
@@ -167,7 +168,7 @@ private slots:
         d.barra.texto({});
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select enco_fecha from comprobante_encabezado"), QString("20170430"));
-        QVERIFY(d.barra.text().startsWith("Abril de 2017 tiene 30 días"));
+        QVERIFY(d.barra.text().startsWith("Advertencia: Abril de 2017 tiene 30 días"));
     }
 
     void lo_bloqueado_no_se_graba_y_cada_libro_tiene_su_llave() {

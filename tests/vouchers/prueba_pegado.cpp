@@ -43,11 +43,13 @@ private slots:
             QCOMPARE(dice("CODE_ITEM"), QString::number(i + 1));
             QCOMPARE(dice("TERC_NIT"), QString(i % 2 ? "800456789" : ""));
             QCOMPARE(dice("CODE_CONCEPTO"), QString("Línea %1").arg(i));
-            QCOMPARE(dice(i % 2 ? "CODE_DEBITO" : "CODE_CREDITO"), QString("0"));
+            QCOMPARE(dice(i % 2 ? "CODE_CREDITO" : "CODE_DEBITO"), QString("12.5"));
         }
         oprima(Qt::Key_F2);
-        QCOMPARE(s.dato("select count(*) || ':' || sum(code_debito) from comprobante_detalle"),
-                 QString("100:625.00"));
+        // La celda pegada en blanco se guarda en cero.
+        QCOMPARE(s.dato("select count(*) || ':' || sum(code_debito) || ':' || sum(code_credito) "
+                        "from comprobante_detalle where code_debito = 0 or code_credito = 0"),
+                 QString("100:625.00:625.00"));
     }
 };
 

@@ -63,7 +63,11 @@ private slots:
         QCOMPARE(p->Cdetniif.RecordCount(), 2);
         // Pasar por ella no atrapa: se va y se vuelve sin un mensaje.
         d.rejilla().setFocus();
-        oprima(Qt::Key_Home, Qt::ControlModifier);
+        d.rejilla().SelectedIndex(LineasLibro::kDebito); // dejar la cuenta muestra su panel
+        QVERIFY(p->GroupBox1->isVisible());
+        componente<QPushButton>(p, "SpeedButton2").click();
+        d.rejilla().setFocus();
+        QCOMPARE(d.celda("CUEN_COD"), QString("130505"));
         oprima(Qt::Key_Down);
         QCOMPARE(d.celda("CUEN_COD"), QString("310505"));
         oprima(Qt::Key_Up);

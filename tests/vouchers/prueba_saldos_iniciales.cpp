@@ -165,7 +165,7 @@ private slots:
         Interlocutor i;
         d.abra();
         d.rejilla().SelectedIndex(0);
-        i.espere("La cuenta no puede recibir movimientos.");
+        i.espere("La cuenta es de nivel inferior al mínimo afectable.");
         digite("1105");
         oprima(Qt::Key_Return);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));

@@ -140,6 +140,11 @@ void FechaDato::arranque() {
     setSelectedSection(QDateTimeEdit::YearSection);
 }
 
+void FechaDato::entre_por_el_ano() {
+    if (lineEdit()->selectedText() == lineEdit()->text())
+        setSelectedSection(QDateTimeEdit::YearSection);
+}
+
 void FechaDato::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) {
         interpretText();
@@ -164,8 +169,8 @@ void FechaDato::keyPressEvent(QKeyEvent* evento) {
             arranque();
             if (!nombre_campo().isEmpty() && !usuario_cambio())
                 return;
-        } else if (todo) {
-            setSelectedSection(QDateTimeEdit::YearSection);
+        } else {
+            entre_por_el_ano();
         }
     }
     QDateEdit::keyPressEvent(evento);
@@ -173,6 +178,7 @@ void FechaDato::keyPressEvent(QKeyEvent* evento) {
 
 void FechaDato::stepBy(int pasos) {
     if (!vacia_) {
+        entre_por_el_ano();
         QDateEdit::stepBy(pasos);
         return;
     }
