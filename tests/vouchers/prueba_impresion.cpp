@@ -540,12 +540,14 @@ void PruebaImpresion::la_masiva_imprime_un_rango_en_un_solo_trabajo() {
     f = s.abra<Tfimprmascomproba>("Tfimprmascomproba");
     escoja();
     Interlocutor i;
-    i.espere_modal("OpcionesImpresion",
-                   [](QWidget* w) { w->findChild<QPushButton*>("ok")->click(); });
+    const QTemporaryDir carpeta;
+    const QString sin_formato = carpeta.filePath("sin_formato.pdf");
+    espere_pdf(i, sin_formato);
     for (int n = 0; n < 2; ++n)
         i.espere("No se encontró el formato de impresión para el comprobante CG");
     oprima(Qt::Key_F2);
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QVERIFY(!QFile::exists(sin_formato)); // sin una sola hoja no hay archivo
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     // Un rango sin comprobantes se dice, y lo digitado sigue ahí.
     f = s.abra<Tfimprmascomproba>("Tfimprmascomproba");
