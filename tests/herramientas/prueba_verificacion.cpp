@@ -82,7 +82,7 @@ void PruebaVerificacion::cada_mal_se_nombra_con_su_comprobante_su_libro_y_su_cau
           " enco_fecha) values (10, 'CG', '0001', '8', '20170310')"});
     QCOMPARE(verificacion(),
              QString("comprobante CG 0001 000007: la fecha no existe (fecha 20170231)\n"
-                     "comprobante CG 0001 00000008: número repetido (8, 000008)\n"
+                     "comprobante CG 0001 00000008: número repetido (000008, 8)\n"
                      "comprobante CG 0001 000001, libro 2649: descuadrado (débitos menos créditos:"
                      " 1.00)\n"
                      "comprobante CG 0001 000005, libro 2649: el artículo no existe (línea 1,"
