@@ -570,7 +570,9 @@ void PruebaInformes::una_banda_mas_alta_que_la_hoja_se_reparte() {
         for (const Trazo& t : hojas.lea(p)) {
             QVERIFY2(t.lugar.bottom() <= hojas.papel(p).alto - 9,
                      qPrintable(QString("hoja %1: %2").arg(p).arg(t.lugar.bottom())));
-            todo += t.texto;
+            // Entre una hoja y otra van los encabezados: aquí solo lo que se repartió.
+            if (t.clase == Trazo::Texto && hojas.estilo_de(t.recurso).cuerpo == 20)
+                todo += t.texto;
         }
     for (const QString& palabra : palabras)
         QVERIFY2(todo.contains(palabra), qPrintable(palabra));
@@ -628,7 +630,8 @@ void PruebaInformes::el_html_lleva_entero_el_texto_que_sigue_en_otro_renglon() {
         const double ancho = QFontMetricsF(letra).horizontalAdvance(r.captured(3)) / 100 * 25.4 / 72;
         const double campo = r.captured(1).toDouble() / 100 * 215.9;
         QVERIFY2(ancho <= campo + 0.6, qPrintable(r.captured(3)));
-        escrito << r.captured(3);
+        if (r.captured(3) != "1.00") // el importe va en el primer renglón
+            escrito << r.captured(3);
     }
     QVERIFY2(escrito.join(' ').contains(largo.trimmed()), qPrintable(escrito.join(' ')));
 }
