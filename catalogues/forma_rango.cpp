@@ -445,7 +445,7 @@ void FormaRango::imprimirClick() {
     motor.nombre_archivo = datos_.archivo;
     motor.ProjectFile = ruta_informe(datos_.proyecto);
     motor.abrir_proyecto(motor.ProjectFile);
-    fije_variables(motor, ETit->text());
+    fije_encabezado(motor);
     motor.conecte(datos_.conexion, CAuxiliar);
     motor.al_componer = [this] { CAuxiliar.Close(); };
     motor.seleccionar_reporte(reporte());
@@ -456,6 +456,10 @@ void FormaRango::imprimirClick() {
     saque(motor);
     motor.cerrar();
     close();
+}
+
+void FormaRango::fije_encabezado(MotorInformes& motor) {
+    fije_variables(motor, ETit->text());
 }
 
 bool FormaRango::abra() {

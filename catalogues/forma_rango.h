@@ -91,6 +91,8 @@ protected:
     virtual QString titulo_niif() { return {}; }
     /// Texto de la página que lleva el título de NIIF.
     virtual QString item_titulo() { return QStringLiteral("Text1"); }
+    /// Las variables de la plantilla que todos los informes llevan.
+    virtual void fije_encabezado(MotorInformes& motor);
     /// Grupos, variables y demás cambios sobre la página `pagina` ("Cuentas.Page1").
     virtual void ajuste_reporte(MotorInformes& motor, const QString& pagina) {}
     /// Lo que va después del reporte en el mismo documento: conecta sus filas, escoge su reporte y
@@ -145,7 +147,7 @@ protected:
     /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
     [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
 
-    const DatosRango datos_;
+    DatosRango datos_; ///< un miembro que sirve a varias letras lo completa al abrirse
     CursorPeriodo periodo; ///< propio: no es el de la sesión ni se guarda
     CajaPeriodo* caja_periodo = nullptr;
     bool exportar = false;

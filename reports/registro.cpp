@@ -2,10 +2,13 @@
 
 #include "reports/menu_estados.h"
 #include "reports/tfauxiliares.h"
+#include "reports/tfcambiopatr.h"
 #include "reports/tfcataactivos.h"
 #include "reports/tfcatacuentas.h"
 #include "reports/tfcatalogos.h"
 #include "reports/tfcataterceros.h"
+#include "reports/tfconfcambiosit.h"
+#include "reports/tfconfflujoef.h"
 #include "reports/tfimprcentros.h"
 #include "reports/tfinformes.h"
 #include "reports/tfrngauxiliarcent.h"
@@ -21,6 +24,7 @@
 #include "reports/tfrngcomprodiario.h"
 #include "reports/tfrngconsecutivos.h"
 #include "reports/tfrngresulgeneral.h"
+#include "reports/tfrngresultadoanual.h"
 #include "reports/tfrngresultadocentro.h"
 #include "reports/tfrngresultadotercero.h"
 
@@ -48,6 +52,13 @@ void registre_estados() {
     pantallas().registre("Tfrngbalanceanual", [] { return new Tfrngbalanceanual; });
     pantallas().registre("Tfrngbalancecomparativo", [] { return new Tfrngbalancecomparativo; });
     pantallas().registre("Tfrngcomparacentro", [] { return new Tfrngcomparacentro; });
+    pantallas().registre("Tfrngresultadoanual", [] { return new Tfrngresultadoanual; });
+}
+
+void registre_cambios() {
+    pantallas().registre("Tfcambiopatr", [] { return new Tfcambiopatr; });
+    pantallas().registre("Tfconfcambiosit", [] { return new Tfconfcambiosit; });
+    pantallas().registre("Tfconfflujoef", [] { return new Tfconfflujoef; });
 }
 
 } // namespace
@@ -56,6 +67,7 @@ void registre_pantallas_informes() {
     pantallas().registre("Tfinformes", [] { return new Tfinformes; });
     registre_catalogos();
     registre_estados();
+    registre_cambios();
     pantallas().registre("Tfauxiliares", [] { return new Tfauxiliares; });
     pantallas().registre("Tfrngauxiliarcta", [] { return new Tfrngauxiliarcta; });
     pantallas().registre("Tfrngauxiliarter", [] { return new Tfrngauxiliarter; });
