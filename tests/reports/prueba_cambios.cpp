@@ -202,8 +202,7 @@ void PruebaCambios::la_configuracion_valida_su_cuenta_y_es_de_su_libro() {
                     "flef_id = (select max(flef_id) from flujo_efectivo)"),
              QString("130505S1"));
     // La del otro estado, de un solo libro, y lo abandonado no se graba.
-    qobject_cast<Tfcambiopatr*>(pantallas().abrir("Tfcambiopatr", AbreInforme{"S"}));
-    pulse(s.escritorio.abierta("Tfcambiopatr"), "SpeedButton1");
+    pulse(pantallas().abrir("Tfcambiopatr", AbreInforme{"S"}), "SpeedButton1");
     QVERIFY(s.escritorio.abierta("Tfconfcambiosit"));
     const QString situacion = s.dato("select count(*) from cambios_situacion_ctas");
     enfoque(s.escritorio.abierta("Tfconfcambiosit"), "DBGridEh1", 1);
