@@ -2,6 +2,7 @@
 
 #include "reports/menu_estados.h"
 #include "reports/tfauxiliares.h"
+#include "reports/tfbuscnotasestado.h"
 #include "reports/tfcambiopatr.h"
 #include "reports/tfcataactivos.h"
 #include "reports/tfcatacuentas.h"
@@ -11,6 +12,9 @@
 #include "reports/tfconfflujoef.h"
 #include "reports/tfimprcentros.h"
 #include "reports/tfinformes.h"
+#include "reports/tfmodnotasestados.h"
+#include "reports/tfnotasestados.h"
+#include "reports/tfnumeracion.h"
 #include "reports/tfrngauxiliarcent.h"
 #include "reports/tfrngauxiliarcta.h"
 #include "reports/tfrngauxiliarter.h"
@@ -23,6 +27,7 @@
 #include "reports/tfrngcomparacentro.h"
 #include "reports/tfrngcomprodiario.h"
 #include "reports/tfrngconsecutivos.h"
+#include "reports/tfrngoficiales.h"
 #include "reports/tfrngresulgeneral.h"
 #include "reports/tfrngresultadoanual.h"
 #include "reports/tfrngresultadocentro.h"
@@ -59,6 +64,14 @@ void registre_cambios() {
     pantallas().registre("Tfcambiopatr", [] { return new Tfcambiopatr; });
     pantallas().registre("Tfconfcambiosit", [] { return new Tfconfcambiosit; });
     pantallas().registre("Tfconfflujoef", [] { return new Tfconfflujoef; });
+    pantallas().registre("Tfbuscnotasestado", [] { return new Tfbuscnotasestado; });
+    pantallas().registre("Tfnotasestados", [] { return new Tfnotasestados; });
+    pantallas().registre("Tfmodnotasestados", [] { return new Tfmodnotasestados; });
+}
+
+void registre_oficiales() {
+    pantallas().registre("Tfrngoficiales", [] { return new Tfrngoficiales; });
+    pantallas().registre("Tfnumeracion", [] { return new Tfnumeracion; });
 }
 
 } // namespace
@@ -68,6 +81,7 @@ void registre_pantallas_informes() {
     registre_catalogos();
     registre_estados();
     registre_cambios();
+    registre_oficiales();
     pantallas().registre("Tfauxiliares", [] { return new Tfauxiliares; });
     pantallas().registre("Tfrngauxiliarcta", [] { return new Tfrngauxiliarcta; });
     pantallas().registre("Tfrngauxiliarter", [] { return new Tfrngauxiliarter; });
