@@ -511,6 +511,7 @@ void FormaRango::seleccionartodo() {
     CAuxiliar.FetchAll();
     DBGridEh1->columnas_del_conjunto();
     DBGridEh1->ate(&CAuxiliar);
+    DBGridEh1->OnSangria = [this](int fila, const Campo& campo) { return sangria(fila, campo); };
     DBGridEh1->seleccione_todo();
 }
 

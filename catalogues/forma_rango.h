@@ -100,6 +100,8 @@ protected:
     virtual void anexe(MotorInformes& motor) {}
     /// Ya salió; tampoco corre al exportar.
     virtual void despues_de_imprimir() {}
+    /// Niveles que entra una celda en el libro exportado: los que su renglón tiene impreso.
+    virtual int sangria(int fila, const Campo& campo) { return 0; }
 
     // --- construcción: primero las cajas, luego lo propio del miembro y al final los botones
     void arme_pares(Formulario& f);
