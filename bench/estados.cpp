@@ -22,8 +22,8 @@ constexpr EstadoMedido kEstados[]{
     {"compara dos períodos", "balance_comparativo('2017', 6, '2017', 12, 'N')"},
     {"cambios en el patrimonio", "cambios_patrimonio('2017')"},
     {"flujo de efectivo", "estado_flujo_efectivo('2017', 'N')"},
-    {"balance con terceros",
-     "balance_con_terceros_mes('2017', 12, '', 'ZZ', '', 'ZZ', 'N')", "terc_nit"},
+    {"balance con terceros", "balance_con_terceros_mes('2017', 12, '', 'ZZ', '', 'ZZ', 'N')",
+     "terc_nit"},
     {"acumulado con terceros",
      "balance_prueba_acumulado('2017', 1, 12, '0', 'ZZ', '0', 'ZZ', 'N', 'S')", "terc_nit"},
     {"anual con terceros", "balance_anual('2017', '0', 'ZZ', 'S', 'N')", "terc_nit"},
@@ -62,14 +62,13 @@ void mida_estados() {
         const int filas = traiga(grande, sql), filas_chica = traiga(chica, sql);
         if (filas == 0)
             throw ErrorDatos(QStringLiteral("%1 salió vacío").arg(QString::fromUtf8(e.nombre)));
-        const auto [ms, base] = compare([&] { (void)traiga(grande, sql); },
-                                        [&] { (void)traiga(chica, sql); }, 7);
+        const auto [ms, base] =
+            compare([&] { (void)traiga(grande, sql); }, [&] { (void)traiga(chica, sql); }, 7);
         const QString nombre = QString::fromUtf8(e.nombre);
         // Con terceros y centros hay más filas que traer: se compara lo que cuesta cada una.
         const bool por_fila = *e.detalle;
-        const double de_mil = por_fila ? 1000.0 / filas : 1, de_mil_chica = por_fila
-                                                                ? 1000.0 / filas_chica
-                                                                : 1;
+        const double de_mil = por_fila ? 1000.0 / filas : 1,
+                     de_mil_chica = por_fila ? 1000.0 / filas_chica : 1;
         informe(QStringLiteral("%1%2, 1.000.000 de renglones por libro (%3 filas)")
                     .arg(nombre, por_fila ? ", cada mil filas" : "")
                     .arg(filas),

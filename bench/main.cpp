@@ -1,6 +1,6 @@
 // bench [medida ...]: apertura, guardado, celdas, pegado, plan, balance, auxiliar, lista, informe,
-// masiva, estados; sin argumentos, todas. Cada una corre en un proceso propio: su memoria máxima es la suya. Sale con 1
-// si alguna no cumple.
+// masiva, estados; sin argumentos, todas. Cada una corre en un proceso propio: su memoria máxima es
+// la suya. Sale con 1 si alguna no cumple.
 #include "bench/medidas.h"
 #include "datos/firebird/errores.h"
 

@@ -149,7 +149,7 @@ protected:
     /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
     [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
 
-    DatosRango datos_; ///< un miembro que sirve a varias letras lo completa al abrirse
+    DatosRango datos_;     ///< un miembro que sirve a varias letras lo completa al abrirse
     CursorPeriodo periodo; ///< propio: no es el de la sesión ni se guarda
     CajaPeriodo* caja_periodo = nullptr;
     bool exportar = false;

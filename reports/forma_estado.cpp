@@ -5,7 +5,7 @@
 namespace {
 constexpr const char* kImporte = "#,###.00";
 constexpr int kDeDetalle = 99; ///< NIVEL de los terceros y los centros de una cuenta
-}
+} // namespace
 
 void FormaEstado::FormCreate() {
     FormaRango::FormCreate();
@@ -15,8 +15,8 @@ void FormaEstado::FormCreate() {
 
 const QVector<std::pair<QString, QString>>& FormaEstado::meses_del_ano() {
     static const QVector<std::pair<QString, QString>> meses{
-        {"ENE", "Enero"}, {"FEB", "Febrero"}, {"MAR", "Marzo"},      {"ABR", "Abril"},
-        {"MAY", "Mayo"},  {"JUN", "Junio"},   {"JUL", "Julio"},      {"AGO", "Agosto"},
+        {"ENE", "Enero"},      {"FEB", "Febrero"}, {"MAR", "Marzo"},     {"ABR", "Abril"},
+        {"MAY", "Mayo"},       {"JUN", "Junio"},   {"JUL", "Julio"},     {"AGO", "Agosto"},
         {"SEP", "Septiembre"}, {"OCT", "Octubre"}, {"NOV", "Noviembre"}, {"DIC", "Diciembre"},
         {"CIE", "Cierre"}};
     return meses;
@@ -52,8 +52,7 @@ void FormaEstado::defina_totales(const QString& cuenta) {
     CAuxiliar.OnCalcFields = [this, cuenta] {
         const bool clase = CAuxiliar.FieldByName("NIVEL").texto() == QLatin1String("1");
         for (const auto& [nombre, de] : totales)
-            CAuxiliar.FieldByName(nombre) =
-                clase ? CAuxiliar.FieldByName(de).moneda() : Moneda();
+            CAuxiliar.FieldByName(nombre) = clase ? CAuxiliar.FieldByName(de).moneda() : Moneda();
         CAuxiliar.FieldByName("Clase") = CAuxiliar.FieldByName(cuenta).texto().left(1);
     };
 }

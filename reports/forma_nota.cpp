@@ -102,9 +102,9 @@ QWidget* FormaNota::cajas_de_periodo() {
         EMes->setEnabled(!si);
         proteja([this] { cambio_el_periodo(); });
     });
-    return Formulario::junto(
-        {boton("SpeedButton1", Qt::LeftArrow, "Período anterior", false), EMes, EAno,
-         boton("SpeedButton2", Qt::RightArrow, "Período siguiente", true)});
+    return Formulario::junto({boton("SpeedButton1", Qt::LeftArrow, "Período anterior", false), EMes,
+                              EAno,
+                              boton("SpeedButton2", Qt::RightArrow, "Período siguiente", true)});
 }
 
 void FormaNota::mueva(bool adelante) {

@@ -69,7 +69,7 @@ void Tfcambiopatr::FormCreate() {
 void Tfcambiopatr::defina_patrimonio() {
     CAuxiliar.texto("CONCEPTO", 60).etiqueta("Concepto");
     static const QVector<std::pair<QString, QString>> grupos{
-        {"31", "Capital Social"}, {"32", "Superabit"}, {"33", "Reservas"},
+        {"31", "Capital Social"}, {"32", "Superabit"},  {"33", "Reservas"},
         {"34", "Revalorización"}, {"35", "Dividendos"}, {"36", "Resultado"},
         {"38", "Super avit v"}};
     for (const auto& [grupo, rotulo] : grupos)

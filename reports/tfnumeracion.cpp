@@ -79,8 +79,7 @@ void Tfnumeracion::imprima(QPrinter& impresora) const {
     const QFontMetrics medidas(pintor.font(), &impresora);
     const int ancho = impresora.width() - kMargen, base = kArriba + medidas.ascent();
     const QString libro = Elibro->text();
-    const int centro =
-        2 * int(std::ceil((ancho - medidas.horizontalAdvance(libro)) / 3.0));
+    const int centro = 2 * int(std::ceil((ancho - medidas.horizontalAdvance(libro)) / 3.0));
     for (int n = PagIni->text().toInt(); n <= PagFin->text().toInt(); ++n) {
         const QString numero = QStringLiteral("%1").arg(n, kCifras, 10, QLatin1Char('0'));
         pintor.drawText(kIzquierda, base, ECia->text());

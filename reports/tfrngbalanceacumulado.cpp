@@ -16,7 +16,7 @@ const DatosRango kDatos{"Tfrngbalanceacumulado",
                         {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
                          {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero}}};
 constexpr int kDiciembre = 12, kAjustes = 13;
-}
+} // namespace
 
 Tfrngbalanceacumulado::Tfrngbalanceacumulado() : FormaEstado(kDatos) {
     CAuxiliar.texto("CODIGO", 30).etiqueta("Código");

@@ -158,7 +158,7 @@ QString Tfrngoficiales::reporte() {
     if (es("I"))
         return QStringLiteral("Invybalance");
     if (es("D"))
-        return !por_cuenta()        ? QStringLiteral("Librodiariocmp")
+        return !por_cuenta()       ? QStringLiteral("Librodiariocmp")
                : marcada(Ckfechas) ? QStringLiteral("Librodiariocta")
                                    : QStringLiteral("Librodiario");
     const bool solo_afectables = fdm().valor<Llave::MayorSoloAfectables>();

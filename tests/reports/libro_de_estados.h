@@ -56,7 +56,8 @@ inline QVector<Linea> lineas_cuadradas(QRandomGenerator& azar) {
 
 /// Cancela las clases 4 a 7 contra la utilidad, en el mes 14 del año.
 inline void cierre_libro(Conexion& base, int ano, int id) {
-    ComprobanteEnTablas c{id, QString("%1").arg(id, 6, 10, QChar('0')), QString::number(ano) + "1431"};
+    ComprobanteEnTablas c{id, QString("%1").arg(id, 6, 10, QChar('0')),
+                          QString::number(ano) + "1431"};
     for (int libro : {0, 1}) {
         QMap<std::tuple<QString, QString, QString, QString>, Moneda> netos;
         for (const Renglon& r : renglones(base, libro, true))

@@ -61,8 +61,8 @@ void PruebaCambios::la_letra_dice_el_estado_y_su_consulta() {
            "Estado de Cambios en la Situación Financiera"},
           {"F", "Flujo de Efectivo", "select * from estado_flujo_efectivo('2018', 'N')",
            "Estado de Flujos de Efectivo"}}) {
-        auto* f = qobject_cast<Tfcambiopatr*>(
-            pantallas().abrir("Tfcambiopatr", AbreInforme{letra}));
+        auto* f =
+            qobject_cast<Tfcambiopatr*>(pantallas().abrir("Tfcambiopatr", AbreInforme{letra}));
         QCOMPARE(f->LTitulo->text(), QString::fromUtf8(titulo));
         QCOMPARE(f->ckniif->isVisible(), QLatin1String(letra) == QLatin1String("F"));
         f->close();
@@ -149,11 +149,10 @@ void PruebaCambios::el_resultado_anual_acumula_los_meses() {
             acumulados << impreso(corre);
         }
         QString hecha;
-        const QString texto =
-            imprima("Tfrngresultadoanual", {{"EAno", "2018"}},
-                    libro ? QStringList{"ckniif"} : QStringList(), &hecha);
-        QCOMPARE(hecha, QString("select * from resultado_anual('2018','%1')")
-                            .arg(libro ? "S" : "N"));
+        const QString texto = imprima("Tfrngresultadoanual", {{"EAno", "2018"}},
+                                      libro ? QStringList{"ckniif"} : QStringList(), &hecha);
+        QCOMPARE(hecha,
+                 QString("select * from resultado_anual('2018','%1')").arg(libro ? "S" : "N"));
         QCOMPARE(texto.contains("Resultado Comparativo Anual NIIF"), libro == 1);
         // La utilidad, en el último cuadro: dos renglones del mes y dos de lo acumulado.
         QStringList cifras;

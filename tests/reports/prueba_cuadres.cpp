@@ -102,10 +102,9 @@ void PruebaCuadres::el_patrimonio_y_el_efectivo_terminan_en_los_libros() {
                  (-todo(0, de("3"), ano, 1, 14).inicial).texto());
         // Termina en la clase 3 del balance general del cierre.
         QCOMPARE(patrimonio.last(),
-                 base()
-                         .consulte(QString("select sclase from balance_mes('%1', 14, 'N', 'S', "
-                                           "'N', 'N') where codigo = '3'")
-                                       .arg(ano))
+                 base().consulte(QString("select sclase from balance_mes('%1', 14, 'N', 'S', "
+                                         "'N', 'N') where codigo = '3'")
+                                     .arg(ano))
                          .texto() +
                      "|S");
         for (int libro : {0, 1}) {
@@ -168,23 +167,24 @@ void PruebaCuadres::cada_fila_es_la_suma_de_sus_lineas_en_rangos_al_azar() {
         const Separa por_centro = [](const Renglon& r) {
             return r.centro.isEmpty() ? QString() : r.proyecto + '-' + r.centro;
         };
-        compare(filas(QString("select cuenta || iif(coalesce(centro, '') = '', '', '/' || proy || "
-                              "'-' || centro), %1 from balance_con_centros_mes%2('%3', %4, 'N', "
-                              "'%5', '%6', '', 'zz', '', 'zz') where inicial <> 0 or debitos <> 0 "
-                              "or creditos <> 0")
-                          .arg(cifras, libro ? "_n" : "")
-                          .arg(ano)
-                          .arg(hasta)
-                          .arg(c1, c2)),
-                por_codigo(saldos(lineas_[libro], en_cuentas, ano, hasta, hasta, por_centro),
-                           true));
-        compare(filas(QString("select codigo, %1 from balance_mes%2('%3', %4, 'N', 'N', 'N', 'N')")
-                          .arg(cifras, sufijo(libro))
-                          .arg(ano)
-                          .arg(hasta)),
-                por_codigo(saldos(lineas_[libro], [](const Renglon&) { return true; }, ano, hasta,
-                                  hasta),
-                           false));
+        compare(
+            filas(QString("select cuenta || iif(coalesce(centro, '') = '', '', '/' || proy || "
+                          "'-' || centro), %1 from balance_con_centros_mes%2('%3', %4, 'N', "
+                          "'%5', '%6', '', 'zz', '', 'zz') where inicial <> 0 or debitos <> 0 "
+                          "or creditos <> 0")
+                      .arg(cifras, libro ? "_n" : "")
+                      .arg(ano)
+                      .arg(hasta)
+                      .arg(c1, c2)),
+            por_codigo(saldos(lineas_[libro], en_cuentas, ano, hasta, hasta, por_centro), true));
+        compare(
+            filas(QString("select codigo, %1 from balance_mes%2('%3', %4, 'N', 'N', 'N', 'N')")
+                      .arg(cifras, sufijo(libro))
+                      .arg(ano)
+                      .arg(hasta)),
+            por_codigo(saldos(
+                           lineas_[libro], [](const Renglon&) { return true; }, ano, hasta, hasta),
+                       false));
     }
 }
 

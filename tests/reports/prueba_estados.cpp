@@ -33,15 +33,9 @@ const QVector<EstadoImpreso>& estados() {
         {"Tfrngbalancecentro", "P", {}, "Balance de Prueba con Centros de Costo NIIF"},
         {"Tfrngbalancecentro", "C", {"Centro"}, "Balance Centro de Costos NIIF"},
         {"Tfrngbalancecentro", "P", {"Centro"}, "Balance de Prueba Centro de Costos NIIF"},
-        {"Tfrngresultadotercero",
-         "",
-         {},
-         "Estado de resultados detallado con terceros NIIF"},
+        {"Tfrngresultadotercero", "", {}, "Estado de resultados detallado con terceros NIIF"},
         {"Tfrngresultadocentro", "", {}, "Estado de resultados con centros de costo NIIF"},
-        {"Tfrngresultadocentro",
-         "",
-         {"Centro"},
-         "Estado de resultados con centros de costo NIIF"},
+        {"Tfrngresultadocentro", "", {"Centro"}, "Estado de resultados con centros de costo NIIF"},
         {"Tfrngresultadocentro",
          "",
          {"ckMes"},
@@ -463,7 +457,7 @@ void PruebaEstados::el_libro_exportado_lleva_tipos_y_sangria() {
         QMap<QString, int> columna;
         for (int c = int(hoja.anchos.size()) - 1; c >= 0; --c)
             columna[hoja.valor(0, c).toString()] = c; // de los títulos iguales, el primero
-        const QString con_nombre = columna.contains("Cuenta o tercero") ? "Cuenta o tercero"
+        const QString con_nombre = columna.contains("Cuenta o tercero")  ? "Cuenta o tercero"
                                    : columna.contains("Cuenta o centro") ? "Cuenta o centro"
                                                                          : "Nombre";
         int hondas = 0, de_detalle = 0;
@@ -478,8 +472,8 @@ void PruebaEstados::el_libro_exportado_lleva_tipos_y_sangria() {
                 if (columna.contains(importe))
                     QCOMPARE(celda(importe).valor.typeId(), int(QMetaType::Double));
             const QString cuenta = codigo.valor.toString().section('.', 0, 0);
-            const bool detalle = codigo.valor.toString().contains('.') ||
-                                 celda("Nivel").valor.toDouble() == 99;
+            const bool detalle =
+                codigo.valor.toString().contains('.') || celda("Nivel").valor.toDouble() == 99;
             const int nivel = QList<int>{1, 2, 4, 6, 8, 10, 12, 14, 16, 18}.indexOf(cuenta.size());
             QCOMPARE(celda(con_nombre).sangria, detalle ? nivel + 1 : nivel);
             QCOMPARE(codigo.sangria, 0);

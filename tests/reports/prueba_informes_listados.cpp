@@ -300,14 +300,15 @@ void PruebaInformesListados::los_menus_piden_su_acceso_y_abren_lo_suyo() {
         {"Cronológico", "Tfrngcronologicos", 114, "RepCompCrono", {382, 251}},
         {"Diario detallado", "Tfrngcomprodiario", 115, "RepCompDiar", {400, 264}}};
     // Cada menú que existe se abre; el que falta está apagado.
-    const QVector<std::pair<QString, const char*>> menus{{"Catálogos", "Tfcatalogos"},
-                                                         {"Estados financieros", "Tfmnufinancieros"},
-                                                         {"Estados NIIF", "Tfmnuinfniif"},
-                                                         {"Consolidados", "Tfmnuconsol"},
-                                                         {"Anexos", "Tfmnuanexos"},
-                                                         {"Libros oficiales", "Tfoficiales"},
-                                                         {"Formatos especiales", "Tfformatoconta"},
-                                                         {"Auxiliares", "Tfauxiliares"}};
+    const QVector<std::pair<QString, const char*>> menus{
+        {"Catálogos", "Tfcatalogos"},
+        {"Estados financieros", "Tfmnufinancieros"},
+        {"Estados NIIF", "Tfmnuinfniif"},
+        {"Consolidados", "Tfmnuconsol"},
+        {"Anexos", "Tfmnuanexos"},
+        {"Libros oficiales", "Tfoficiales"},
+        {"Formatos especiales", "Tfformatoconta"},
+        {"Auxiliares", "Tfauxiliares"}};
     auto* faltan = pantallas().abrir("Tfinformes");
     QVERIFY(faltan);
     for (const auto& [texto, menu] : menus)

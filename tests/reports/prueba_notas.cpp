@@ -96,8 +96,9 @@ void PruebaNotas::el_periodo_da_el_numero_y_retrocede_hasta_el_cierre() {
     f->ckTodos->click();
     QCOMPARE(cajas(), QString("0 2018 3"));
     oprima(Qt::Key_F2);
-    QCOMPARE(s.dato("select max(noef_numero) from notas_estados_financieros where noef_periodo = 0"),
-             QString("3"));
+    QCOMPARE(
+        s.dato("select max(noef_numero) from notas_estados_financieros where noef_periodo = 0"),
+        QString("3"));
 }
 
 void PruebaNotas::se_copia_de_otro_periodo_y_se_modifica() {
@@ -125,7 +126,8 @@ void PruebaNotas::se_copia_de_otro_periodo_y_se_modifica() {
     QVERIFY(s.escritorio.abierta("Tfmodnotasestados"));
     oprima(Qt::Key_F2);
     QCOMPARE(s.dato("select noef_titulo || noef_numero from notas_estados_financieros where "
-                    "noef_id = " + id),
+                    "noef_id = " +
+                    id),
              QString("Inversiones1"));
     QVERIFY(s.dato("select noef_nota from notas_estados_financieros where noef_id = " + id)
                 .contains("italic"));

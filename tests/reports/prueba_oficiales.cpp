@@ -17,8 +17,9 @@ constexpr const char* kEncabezado = "IMPRIMIR ENCABEZADO EN IMPRESION DE LIBROS 
 
 /// Cambia una llave de la contabilidad y la vuelve a leer.
 void configure(SesionGui& s, const char* llave, const char* valor) {
-    s.base.ejecute({QString("update configuracion set conf_valor = '%1' where conf_propiedad = '%2'")
-                        .arg(QString::fromUtf8(valor), QString::fromUtf8(llave))});
+    s.base.ejecute(
+        {QString("update configuracion set conf_valor = '%1' where conf_propiedad = '%2'")
+             .arg(QString::fromUtf8(valor), QString::fromUtf8(llave))});
     s.dm.cargue_configuracion();
 }
 
@@ -58,18 +59,20 @@ void PruebaOficiales::la_consulta_sigue_a_la_letra_y_a_la_configuracion() {
         libro(letra, cajas, casillas, &orden);
         return orden;
     };
-    QCOMPARE(consulta("M"), QString("select * from mayor_y_balance('2018', 5,'N','N') where Nivel = "
-                                    "3 order by CODIGO"));
+    QCOMPARE(consulta("M"),
+             QString("select * from mayor_y_balance('2018', 5,'N','N') where Nivel = "
+                     "3 order by CODIGO"));
     QCOMPARE(consulta("M", {{"Nivel", "4"}}, {"ckniif", "Cksinmov"}),
              QString("select * from mayor_y_balance('2018', 5,'S','S') where Nivel = 4 order by "
                      "CODIGO"));
     configure(s, kSoloAfectables, "SI");
     QCOMPARE(consulta("M"),
              QString("select * from mayor_y_balance('2018', 5,'N','N') order by CODIGO"));
-    QCOMPARE(consulta("I", {{"Nivel", "5"}}),
-             QString("select * from inventario_y_balance('2018', 5,'N') where nivel <= 5 and (SALDO "
-                     "<> 0 OR SCUENTA <> 0 OR SSUBGRUPO <> 0 OR SGRUPO <> 0 OR SCLASE <> 0) order "
-                     "by CODIGO"));
+    QCOMPARE(
+        consulta("I", {{"Nivel", "5"}}),
+        QString("select * from inventario_y_balance('2018', 5,'N') where nivel <= 5 and (SALDO "
+                "<> 0 OR SCUENTA <> 0 OR SSUBGRUPO <> 0 OR SGRUPO <> 0 OR SCLASE <> 0) order "
+                "by CODIGO"));
     QCOMPARE(consulta("I", {}, {"ckniif", "Cksinmov"}),
              QString("select * from inventario_y_balance('2018', 5,'S') where nivel <= 3 order by "
                      "CODIGO"));

@@ -14,8 +14,7 @@
 
 namespace {
 
-constexpr Qt::Alignment kLados[]{Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight,
-                                 Qt::AlignJustify};
+constexpr Qt::Alignment kLados[]{Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight, Qt::AlignJustify};
 constexpr int kCuerpo = 10;
 
 /// La base guarda ISO 8859-1: lo demás va como entidad.
@@ -23,9 +22,8 @@ QString con_entidades(const QString& html) {
     QString salida;
     salida.reserve(html.size());
     for (const char32_t c : html.toUcs4())
-        salida += c < 0x80 || (c >= 0xA0 && c <= 0xFF)
-                      ? QString(QChar(char16_t(c)))
-                      : QStringLiteral("&#%1;").arg(uint(c));
+        salida += c < 0x80 || (c >= 0xA0 && c <= 0xFF) ? QString(QChar(char16_t(c)))
+                                                       : QStringLiteral("&#%1;").arg(uint(c));
     return salida;
 }
 
@@ -88,12 +86,12 @@ void EditorRico::arme_letras() {
         f.setFontPointSize(cuerpo_->itemData(i).toInt());
         aplique(f);
     });
-    negrita_ = orden("negrita", "Negrita", "format-text-bold", QKeySequence::Bold, true,
-                     [this](bool si) {
-                         QTextCharFormat f;
-                         f.setFontWeight(si ? QFont::Bold : QFont::Normal);
-                         aplique(f);
-                     });
+    negrita_ =
+        orden("negrita", "Negrita", "format-text-bold", QKeySequence::Bold, true, [this](bool si) {
+            QTextCharFormat f;
+            f.setFontWeight(si ? QFont::Bold : QFont::Normal);
+            aplique(f);
+        });
     cursiva_ = orden("cursiva", "Cursiva", "format-text-italic", QKeySequence::Italic, true,
                      [this](bool si) {
                          QTextCharFormat f;

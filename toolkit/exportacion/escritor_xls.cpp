@@ -161,7 +161,7 @@ private:
     std::vector<ColumnaExportable> columnas_;
     FlujoOle flujo_;
     EstilosBiff estilos_;
-    std::vector<quint16> estilo_columna_[3]; // Por papel.
+    std::vector<quint16> estilo_columna_[3];        // Por papel.
     std::vector<std::vector<quint16>> con_sangria_; // Por niveles menos uno, de los datos.
     Recuento recuento_;
     Recuento escrito_;
@@ -244,9 +244,8 @@ void LibroXls::prepare_estilos() {
     for (int nivel = 1; nivel <= recuento_.sangria; ++nivel) {
         con_sangria_.emplace_back();
         for (const ColumnaExportable& columna : columnas_)
-            con_sangria_.back().push_back(estilos_.numero({formato_de(columna), lado_de(columna),
-                                                           Papel::Dato,
-                                                           static_cast<quint8>(nivel)}));
+            con_sangria_.back().push_back(estilos_.numero(
+                {formato_de(columna), lado_de(columna), Papel::Dato, static_cast<quint8>(nivel)}));
     }
 }
 
