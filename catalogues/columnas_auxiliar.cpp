@@ -73,6 +73,7 @@ void SaldoCorrido::recorra() {
         return;
     for (conjunto_.First(); !conjunto_.Eof(); conjunto_.Next())
         de_linea_.insert(linea(), siguiente());
+    conjunto_.recalcule();
     conjunto_.First();
 }
 

@@ -446,7 +446,7 @@ void FormaRango::imprimirClick() {
     motor.nombre_archivo = datos_.archivo;
     motor.ProjectFile = ruta_informe(datos_.proyecto);
     motor.abrir_proyecto(motor.ProjectFile);
-    fije_variables(motor, ETit->text());
+    fije_encabezado(motor);
     motor.conecte(datos_.conexion, CAuxiliar);
     motor.al_componer = [this] { CAuxiliar.Close(); };
     motor.seleccionar_reporte(reporte());
@@ -457,6 +457,10 @@ void FormaRango::imprimirClick() {
     saque(motor);
     motor.cerrar();
     close();
+}
+
+void FormaRango::fije_encabezado(MotorInformes& motor) {
+    fije_variables(motor, ETit->text());
 }
 
 bool FormaRango::abra() {
@@ -507,6 +511,7 @@ void FormaRango::seleccionartodo() {
     CAuxiliar.FetchAll();
     DBGridEh1->columnas_del_conjunto();
     DBGridEh1->ate(&CAuxiliar);
+    DBGridEh1->OnSangria = [this](int fila, const Campo& campo) { return sangria(fila, campo); };
     DBGridEh1->seleccione_todo();
 }
 

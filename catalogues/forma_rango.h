@@ -91,6 +91,8 @@ protected:
     virtual QString titulo_niif() { return {}; }
     /// Texto de la página que lleva el título de NIIF.
     virtual QString item_titulo() { return QStringLiteral("Text1"); }
+    /// Las variables de la plantilla que todos los informes llevan.
+    virtual void fije_encabezado(MotorInformes& motor);
     /// Grupos, variables y demás cambios sobre la página `pagina` ("Cuentas.Page1").
     virtual void ajuste_reporte(MotorInformes& motor, const QString& pagina) {}
     /// Lo que va después del reporte en el mismo documento: conecta sus filas, escoge su reporte y
@@ -98,6 +100,8 @@ protected:
     virtual void anexe(MotorInformes& motor) {}
     /// Ya salió; tampoco corre al exportar.
     virtual void despues_de_imprimir() {}
+    /// Niveles que entra una celda en el libro exportado: los que su renglón tiene impreso.
+    virtual int sangria(int fila, const Campo& campo) { return 0; }
 
     // --- construcción: primero las cajas, luego lo propio del miembro y al final los botones
     void arme_pares(Formulario& f);
@@ -145,7 +149,7 @@ protected:
     /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
     [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
 
-    const DatosRango datos_;
+    DatosRango datos_;     ///< un miembro que sirve a varias letras lo completa al abrirse
     CursorPeriodo periodo; ///< propio: no es el de la sesión ni se guarda
     CajaPeriodo* caja_periodo = nullptr;
     bool exportar = false;

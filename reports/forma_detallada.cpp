@@ -8,6 +8,11 @@
 #include <QGroupBox>
 #include <QRadioButton>
 
+void deje_solo_resultados(ConjuntoDatos& conjunto) {
+    conjunto.Filter(QStringLiteral("CUENTA < '8'"));
+    conjunto.Filtered(true);
+}
+
 // ---------------------------------------------------------------- terceros
 
 FormaConTerceros::FormaConTerceros(const DatosRango& datos)

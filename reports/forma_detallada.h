@@ -6,6 +6,10 @@
 class QButtonGroup;
 class QGroupBox;
 
+/// De los estados de resultados: el rango que pide la base, '4' a '8', trae también las cuentas de
+/// orden deudoras, que no son del resultado.
+void deje_solo_resultados(ConjuntoDatos& conjunto);
+
 class FormaConTerceros : public FormaEstado {
     Q_OBJECT
 public:

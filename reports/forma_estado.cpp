@@ -4,7 +4,8 @@
 
 namespace {
 constexpr const char* kImporte = "#,###.00";
-}
+constexpr int kDeDetalle = 99; ///< NIVEL de los terceros y los centros de una cuenta
+} // namespace
 
 void FormaEstado::FormCreate() {
     FormaRango::FormCreate();
@@ -14,8 +15,8 @@ void FormaEstado::FormCreate() {
 
 const QVector<std::pair<QString, QString>>& FormaEstado::meses_del_ano() {
     static const QVector<std::pair<QString, QString>> meses{
-        {"ENE", "Enero"}, {"FEB", "Febrero"}, {"MAR", "Marzo"},      {"ABR", "Abril"},
-        {"MAY", "Mayo"},  {"JUN", "Junio"},   {"JUL", "Julio"},      {"AGO", "Agosto"},
+        {"ENE", "Enero"},      {"FEB", "Febrero"}, {"MAR", "Marzo"},     {"ABR", "Abril"},
+        {"MAY", "Mayo"},       {"JUN", "Junio"},   {"JUL", "Julio"},     {"AGO", "Agosto"},
         {"SEP", "Septiembre"}, {"OCT", "Octubre"}, {"NOV", "Noviembre"}, {"DIC", "Diciembre"},
         {"CIE", "Cierre"}};
     return meses;
@@ -51,10 +52,24 @@ void FormaEstado::defina_totales(const QString& cuenta) {
     CAuxiliar.OnCalcFields = [this, cuenta] {
         const bool clase = CAuxiliar.FieldByName("NIVEL").texto() == QLatin1String("1");
         for (const auto& [nombre, de] : totales)
-            CAuxiliar.FieldByName(nombre) =
-                clase ? CAuxiliar.FieldByName(de).moneda() : Moneda();
+            CAuxiliar.FieldByName(nombre) = clase ? CAuxiliar.FieldByName(de).moneda() : Moneda();
         CAuxiliar.FieldByName("Clase") = CAuxiliar.FieldByName(cuenta).texto().left(1);
     };
+}
+
+int FormaEstado::sangria(int fila, const Campo& campo) {
+    static const QStringList nombres{"NOMBRE", "NOM_CUENTA", "NOMCTATER", "NOMCTACEN", "NOMCTAART"};
+    if (!nombres.contains(campo.FieldName))
+        return 0;
+    const auto dato = [&](const char* nombre) {
+        const Campo* c = CAuxiliar.FindField(QLatin1String(nombre));
+        return c ? CAuxiliar.valor_en(fila, *c) : Valor();
+    };
+    const int nivel = int(dato("NIVEL").entero());
+    const QString codigo = dato("CODIGO").texto() + dato("CUENTA").texto();
+    if (nivel == kDeDetalle) // uno y dos dígitos son la clase y el grupo; después, de a dos
+        return int(codigo.size() < 3 ? codigo.size() : codigo.size() / 2 + 1);
+    return qMax(0, codigo.contains('.') ? nivel : nivel - 1); // "130505.900123456"
 }
 
 QCheckBox* FormaEstado::casilla_sin_movimiento(const QString& texto) {

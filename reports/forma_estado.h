@@ -13,6 +13,9 @@ public:
     void FormCreate() override;
 
 protected:
+    /// El nombre de una cuenta entra según su nivel; el de un tercero, un centro o un artículo, un
+    /// nivel más que su cuenta.
+    int sangria(int fila, const Campo& campo) override;
     /// Letra con que el menú abrió la pantalla: cuál de sus informes es.
     QString tipo() const { return peticion<AbreInforme>().tipo_informe; }
     bool es(const char* letra) const { return tipo() == QLatin1String(letra); }

@@ -46,7 +46,13 @@ const QVector<DatosMenuEstados>& MenuEstados::todos() {
           {"SBResultados", "Estado de resultados", "Tfrngresulgeneral", "G", 120, true},
           {"SBFlujo", "Estado de flujos de efectivo", "Tfcambiopatr", "F", 120, true},
           {"SBPatrimonio", "Estado cambios patrimonio", "Tfcambiopatr", "P", 120, true},
-          {"SBNotas", "Notas a estados financieros", "Tfbuscnotasestado", "", 120}}}};
+          {"SBNotas", "Notas a estados financieros", "Tfbuscnotasestado", "", 120}}},
+        {"Tfoficiales",
+         "Libros oficiales",
+         {{"SBMayor", "Mayor y balance", "Tfrngoficiales", "M", 140},
+          {"SBInventario", "Inventario y balance", "Tfrngoficiales", "I", 141},
+          {"SBDiario", "Libro diario", "Tfrngoficiales", "D", 142},
+          {"SBNumeracion", "Numeración hojas", "Tfnumeracion", "", 143}}}};
     return tabla;
 }
 

@@ -2,12 +2,19 @@
 
 #include "reports/menu_estados.h"
 #include "reports/tfauxiliares.h"
+#include "reports/tfbuscnotasestado.h"
+#include "reports/tfcambiopatr.h"
 #include "reports/tfcataactivos.h"
 #include "reports/tfcatacuentas.h"
 #include "reports/tfcatalogos.h"
 #include "reports/tfcataterceros.h"
+#include "reports/tfconfcambiosit.h"
+#include "reports/tfconfflujoef.h"
 #include "reports/tfimprcentros.h"
 #include "reports/tfinformes.h"
+#include "reports/tfmodnotasestados.h"
+#include "reports/tfnotasestados.h"
+#include "reports/tfnumeracion.h"
 #include "reports/tfrngauxiliarcent.h"
 #include "reports/tfrngauxiliarcta.h"
 #include "reports/tfrngauxiliarter.h"
@@ -20,7 +27,9 @@
 #include "reports/tfrngcomparacentro.h"
 #include "reports/tfrngcomprodiario.h"
 #include "reports/tfrngconsecutivos.h"
+#include "reports/tfrngoficiales.h"
 #include "reports/tfrngresulgeneral.h"
+#include "reports/tfrngresultadoanual.h"
 #include "reports/tfrngresultadocentro.h"
 #include "reports/tfrngresultadotercero.h"
 
@@ -48,6 +57,21 @@ void registre_estados() {
     pantallas().registre("Tfrngbalanceanual", [] { return new Tfrngbalanceanual; });
     pantallas().registre("Tfrngbalancecomparativo", [] { return new Tfrngbalancecomparativo; });
     pantallas().registre("Tfrngcomparacentro", [] { return new Tfrngcomparacentro; });
+    pantallas().registre("Tfrngresultadoanual", [] { return new Tfrngresultadoanual; });
+}
+
+void registre_cambios() {
+    pantallas().registre("Tfcambiopatr", [] { return new Tfcambiopatr; });
+    pantallas().registre("Tfconfcambiosit", [] { return new Tfconfcambiosit; });
+    pantallas().registre("Tfconfflujoef", [] { return new Tfconfflujoef; });
+    pantallas().registre("Tfbuscnotasestado", [] { return new Tfbuscnotasestado; });
+    pantallas().registre("Tfnotasestados", [] { return new Tfnotasestados; });
+    pantallas().registre("Tfmodnotasestados", [] { return new Tfmodnotasestados; });
+}
+
+void registre_oficiales() {
+    pantallas().registre("Tfrngoficiales", [] { return new Tfrngoficiales; });
+    pantallas().registre("Tfnumeracion", [] { return new Tfnumeracion; });
 }
 
 } // namespace
@@ -56,6 +80,8 @@ void registre_pantallas_informes() {
     pantallas().registre("Tfinformes", [] { return new Tfinformes; });
     registre_catalogos();
     registre_estados();
+    registre_cambios();
+    registre_oficiales();
     pantallas().registre("Tfauxiliares", [] { return new Tfauxiliares; });
     pantallas().registre("Tfrngauxiliarcta", [] { return new Tfrngauxiliarcta; });
     pantallas().registre("Tfrngauxiliarter", [] { return new Tfrngauxiliarter; });

@@ -69,9 +69,7 @@ QString Tfrngauxiliarcta::titulo() {
 QString Tfrngauxiliarcta::reporte() {
     if (marcada(CkCateg))
         return "Categorias";
-    return fdm().valor<Llave::AuxiliarConCentros>()
-               ? "Cuentas"
-               : "Cuentassc";
+    return fdm().valor<Llave::AuxiliarConCentros>() ? "Cuentas" : "Cuentassc";
 }
 
 void Tfrngauxiliarcta::ajuste_reporte(MotorInformes& motor, const QString& pagina) {

@@ -96,6 +96,7 @@ void Tfrngauxiliarter::despues_de_abrir() {
     std::sort(nombres.begin(), nombres.end(), alfabeto);
     for (int i = 0; i < nombres.size(); ++i)
         lugar_.insert(nombres[i], i);
+    CAuxiliar.recalcule();
     const QString de_la_cuenta = "CUENTA;Lugar;NIT;FECHA;TIPOCOMP;PREFIJO;NUMERO;ITEM";
     CAuxiliar.IndexFieldNames(marcada(Chcentro) ? "PROYECTO;CENTRO;" + de_la_cuenta : de_la_cuenta);
     saldo_.recorra();

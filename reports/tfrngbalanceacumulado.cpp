@@ -16,10 +16,10 @@ const DatosRango kDatos{"Tfrngbalanceacumulado",
                         {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta},
                          {"TerIni", "TerFin", "Terceros", ClaseRango::Tercero}}};
 constexpr int kDiciembre = 12, kAjustes = 13;
-}
+} // namespace
 
 Tfrngbalanceacumulado::Tfrngbalanceacumulado() : FormaEstado(kDatos) {
-    CAuxiliar.texto("CODIGO", 20).etiqueta("Código");
+    CAuxiliar.texto("CODIGO", 30).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     defina_saldos();
     CAuxiliar.entero("NIVEL").etiqueta("Nivel");
@@ -47,8 +47,6 @@ void Tfrngbalanceacumulado::antes_de_abrir() {
     if (mes("MesFin") < mes("MesIni"))
         rehuse(findChild<QWidget*>("MesFin"),
                "El mes final del acumulado no puede ser anterior al inicial.");
-    // Una cuenta y sus terceros llevan el mismo código: se acomodan aquí, la cuenta delante.
-    CAuxiliar.IndexFieldNames(marcada(ckterceros) ? "CODIGO;NOMTERC;NIT" : "");
 }
 
 QString Tfrngbalanceacumulado::sql() {

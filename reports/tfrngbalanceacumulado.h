@@ -12,7 +12,6 @@ public:
 protected:
     QString sql() override;
     void antes_de_abrir() override;
-    bool todas_las_filas() const override { return marcada(ckterceros); }
     QString titulo() override;
     QString reporte() override { return QStringLiteral("Balanacumulado"); }
     QString titulo_niif() override { return QStringLiteral("Balance de Prueba Acumulado NIIF"); }

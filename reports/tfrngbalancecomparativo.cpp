@@ -17,7 +17,7 @@ const DatosRango kDatos{"Tfrngbalancecomparativo",
 }
 
 Tfrngbalancecomparativo::Tfrngbalancecomparativo() : FormaEstado(kDatos) {
-    CAuxiliar.texto("CUENTA", 20).etiqueta("Cuenta");
+    CAuxiliar.texto("CUENTA", 30).etiqueta("Cuenta");
     CAuxiliar.texto("NOM_CUENTA", 60).etiqueta("Nombre de la cuenta");
     CAuxiliar.texto("NIT", 20).etiqueta("NIT");
     CAuxiliar.texto("NOM_TERCERO", 60).etiqueta("Nombre del tercero");
@@ -36,11 +36,6 @@ Tfrngbalancecomparativo::Tfrngbalancecomparativo() : FormaEstado(kDatos) {
     arme_casillas(f, {CkTerceros, ckniif});
     arme_titulo(f);
     arme_botones(f);
-}
-
-void Tfrngbalancecomparativo::antes_de_abrir() {
-    // Una cuenta y sus terceros llevan el mismo código: se acomodan aquí, la cuenta delante.
-    CAuxiliar.IndexFieldNames(marcada(CkTerceros) ? "CUENTA;TERCERO;NOM_TERCERO;NIT" : "");
 }
 
 QString Tfrngbalancecomparativo::sql() {

@@ -11,8 +11,6 @@ public:
 
 protected:
     QString sql() override;
-    void antes_de_abrir() override;
-    bool todas_las_filas() const override { return marcada(CkTerceros); }
     QString titulo() override;
     QString reporte() override { return QStringLiteral("Balancecomparativo"); }
     QString titulo_niif() override { return QStringLiteral("Balance Comparativo NIIF"); }

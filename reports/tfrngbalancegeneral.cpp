@@ -7,15 +7,10 @@
 
 namespace {
 
-const DatosRango kDatos{"Tfrngbalancegeneral",
-                        "Balance",
-                        {382, 235},
-                        "balances.rav",
-                        "RBalance",
-                        "CBalance",
-                        "RepBalanCta",
-                        123,
-                        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta}}};
+const DatosRango kDatos{
+    "Tfrngbalancegeneral", "Balance",  {382, 235},
+    "balances.rav",        "RBalance", "CBalance",
+    "RepBalanCta",         123,        {{"EDesde", "EHasta", "Cuentas", ClaseRango::Cuenta}}};
 
 struct Variante {
     const char *tipo, *ventana, *reporte, *niif;

@@ -45,9 +45,9 @@ void Tfrngcomparacentro::antes_de_abrir() {
 
 QString Tfrngcomparacentro::sql() {
     return "SELECT * FROM " + procedimiento("COMPARA_CENTROS", "_NIIF") + '(' + ano_y_periodo() +
-           ", " + argumentos({"Proy1", "ECenIni", "Proy2", "ECenFin"}) + ") WHERE CUENTA >= " +
-           entre_comillas("EDesde") + " and CUENTA <= " + entre_comillas("EHasta") +
-           " order by CUENTA";
+           ", " + argumentos({"Proy1", "ECenIni", "Proy2", "ECenFin"}) +
+           ") WHERE CUENTA >= " + entre_comillas("EDesde") +
+           " and CUENTA <= " + entre_comillas("EHasta") + " order by CUENTA";
 }
 
 QString Tfrngcomparacentro::centro(int lado) const {

@@ -63,7 +63,7 @@ QString Tfrngresulgeneral::reporte() {
 }
 
 QString Tfrngresulgeneral::titulo_niif() {
-    return del_mes()  ? "Estado de Resultados Mensual NIIF"
+    return del_mes() ? "Estado de Resultados Mensual NIIF"
            : es("G") ? "Estado de Resultados NIIF"
                      : "Estado de Resultados Detallado NIIF";
 }

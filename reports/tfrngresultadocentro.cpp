@@ -20,6 +20,7 @@ const DatosRango kDatos{"Tfrngresultadocentro",
 
 Tfrngresultadocentro::Tfrngresultadocentro() : FormaConCentros(kDatos) {
     defina_columnas(true);
+    deje_solo_resultados(CAuxiliar);
     Formulario f(this);
     f.fila("Período:", cree_periodo());
     arme_pares(f);

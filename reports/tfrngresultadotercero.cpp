@@ -18,6 +18,7 @@ const DatosRango kDatos{"Tfrngresultadotercero",
 
 Tfrngresultadotercero::Tfrngresultadotercero() : FormaConTerceros(kDatos) {
     defina_columnas(false);
+    deje_solo_resultados(CAuxiliar);
     Formulario f(this);
     f.fila("Período:", cree_periodo());
     arme_pares(f);

@@ -20,9 +20,11 @@ END^
 --  * SIN_MOVIMIENTO: también las cuentas sin saldo ni movimiento;
 --  * CON_RESULTADO: el resultado sin cerrar de las clases 4 a 7 va en el patrimonio, en el renglón
 --    39 y sumado a la clase 3, para que activo sea pasivo más patrimonio;
---  * GENERAL: calcula UOP y NETO, iguales en todas las filas (ingresos al crédito menos costos y
---    gastos; la utilidad operacional toma 41, 51, 52, 6 y 7);
---  * MENSUAL: MOVIMIEN, UOP y NETO son del mes; con "N", MOVIMIEN es el saldo.
+--  * GENERAL: con MENSUAL, también UOP y NETO son del mes; sin él son siempre los del saldo, que es
+--    lo que suma el estado detallado;
+--  * MENSUAL: MOVIMIEN es el movimiento del mes; con "N", el saldo.
+-- UOP y NETO van iguales en todas las filas: ingresos al crédito menos costos y gastos; la utilidad
+-- operacional toma 41, 51, 52, 6 y 7.
 -- Lo llaman Tfrngbalancegeneral y Tfrngresulgeneral; la comparación de dos compañías también.
 CREATE OR ALTER PROCEDURE BALANCE_MES{_NIIF} (
   ANO varchar(4), MES smallint, SIN_MOVIMIENTO char(1), CON_RESULTADO char(1), GENERAL char(1),
@@ -37,21 +39,16 @@ AS
   DECLARE RDEB numeric(18,2) = 0;
   DECLARE RCRE numeric(18,2) = 0;
   DECLARE SIGNO smallint;
+  DECLARE DEL_MES char(1);
 BEGIN
-  UOP = 0;
-  NETO = 0;
+  DEL_MES = iif(GENERAL = 'S', MENSUAL, 'N');
   SELECT coalesce(sum(INICIAL), 0), coalesce(sum(DEBITOS), 0), coalesce(sum(CREDITOS), 0),
-    -coalesce(sum(iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS), 0),
+    -coalesce(sum(iif(:DEL_MES = 'S', 0, INICIAL) + DEBITOS - CREDITOS), 0),
     -coalesce(sum(iif(left(CUENTA, 2) IN ('41', '51', '52') OR left(CUENTA, 1) IN ('6', '7'),
-      iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS, 0)), 0)
+      iif(:DEL_MES = 'S', 0, INICIAL) + DEBITOS - CREDITOS, 0)), 0)
   FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES)
   WHERE CUENTA >= '4' AND CUENTA < '8'
   INTO :RINI, :RDEB, :RCRE, :NETO, :UOP;
-  IF (GENERAL <> 'S') THEN
-  BEGIN
-    UOP = 0;
-    NETO = 0;
-  END
   IF (CON_RESULTADO <> 'S' OR (RINI = 0 AND RDEB = 0 AND RCRE = 0)) THEN
     CON_RESULTADO = 'N';
   FOR

@@ -13,6 +13,17 @@ estado Right Down Return
 teclas F2
 a_pdf estado_de_resultados
 
+estado Right Down Down Return
+teclas F2
+a_pdf cambios_en_el_patrimonio
+estado Right Down Down Down Return
+teclas F2
+a_pdf cambios_de_la_situacion
+estado Right Down Down Down Down Return
+foto rango_flujo_de_efectivo
+teclas F2
+a_pdf flujo_de_efectivo
+
 estado Down Right Return
 teclas F2
 a_pdf balance_detallado
@@ -49,3 +60,16 @@ a_pdf comparativo_anual
 estado Down Down Right Down Down Return
 teclas F2
 a_pdf compara_periodos
+# Los proyectos y los centros se escogen juntos; aquí se digitan.
+estado Down Down Right Down Down Down Return
+teclas Tab Tab
+linea 0001 0001 0001 0002
+foto rango_compara_centros
+teclas F2
+a_pdf compara_centros
+
+# Las cuentas del flujo de efectivo.
+estado Right Down Down Down Down Return
+teclas alt+c
+foto configuracion_del_flujo 1
+teclas Escape Escape

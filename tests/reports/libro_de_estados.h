@@ -12,7 +12,7 @@ inline const QStringList kHojas{"110505",   "111005010101010101",
                                 "310505",   "360505",
                                 "413505",   "510506",
                                 "519530",   "613505",
-                                "61350501"};
+                                "613510"};
 constexpr int kPrimerAnoLibro = 2017, kAnosLibro = 3;
 
 /// Cinco niveles más que los oficiales, y cuentas que los usan.
@@ -23,13 +23,13 @@ inline void agregue_niveles(Conexion& base) {
                          .arg(nivel)
                          .arg(2 * nivel - 2));
     base.ejecute("alter trigger ESTRUCTURA_BIUD active");
-    QStringList nuevas{"11100502"};
-    for (int digitos = 8; digitos <= 18; digitos += 2)
-        nuevas << kHojas[1].left(digitos);
     for (const char* tabla : {"cuentas", "cuentas_niif"})
-        for (const QString& c : nuevas)
-            base.ejecute(QString("insert into %1 (cuen_cod, cuen_nom) values ('%2', 'Banco %2')")
-                             .arg(QLatin1String(tabla), c));
+        for (const QString& hoja : kHojas)
+            for (int digitos = 4; digitos <= hoja.size(); digitos += 2)
+                base.ejecute(QString("insert into %1 (cuen_cod, cuen_nom) select '%2', 'Cuenta %2' "
+                                     "from rdb$database where not exists (select 1 from %1 where "
+                                     "cuen_cod = '%2')")
+                                 .arg(QLatin1String(tabla), hoja.left(digitos)));
 }
 
 inline QVector<Linea> lineas_cuadradas(QRandomGenerator& azar) {
@@ -56,7 +56,8 @@ inline QVector<Linea> lineas_cuadradas(QRandomGenerator& azar) {
 
 /// Cancela las clases 4 a 7 contra la utilidad, en el mes 14 del año.
 inline void cierre_libro(Conexion& base, int ano, int id) {
-    ComprobanteEnTablas c{id, QString("%1").arg(id, 6, 10, QChar('0')), QString("%11431").arg(ano)};
+    ComprobanteEnTablas c{id, QString("%1").arg(id, 6, 10, QChar('0')),
+                          QString::number(ano) + "1431"};
     for (int libro : {0, 1}) {
         QMap<std::tuple<QString, QString, QString, QString>, Moneda> netos;
         for (const Renglon& r : renglones(base, libro, true))

@@ -5,6 +5,7 @@
 #include "reports/registro.h"
 #include "reports/tfrngbalancegeneral.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/lector_xls.h"
 
 #include <QGroupBox>
 
@@ -20,35 +21,29 @@ struct EstadoImpreso {
 };
 const QVector<EstadoImpreso>& estados() {
     static const QVector<EstadoImpreso> todos{
-        {"Tfrngbalancegeneral", "G", {}, "EstadoImpreso de Situación Financiera"},
+        {"Tfrngbalancegeneral", "G", {}, "Estado de Situación Financiera"},
         {"Tfrngbalancegeneral", "D", {}, "Balance Detallado por Cuenta NIIF"},
         {"Tfrngbalancegeneral", "P", {}, "Balance de Prueba NIIF"},
-        {"Tfrngresulgeneral", "G", {}, "EstadoImpreso de Resultados NIIF"},
-        {"Tfrngresulgeneral", "G", {"ckMes"}, "EstadoImpreso de Resultados Mensual NIIF"},
-        {"Tfrngresulgeneral", "D", {"ckMes"}, "EstadoImpreso de Resultados Detallado NIIF"},
+        {"Tfrngresulgeneral", "G", {}, "Estado de Resultados NIIF"},
+        {"Tfrngresulgeneral", "G", {"ckMes"}, "Estado de Resultados Mensual NIIF"},
+        {"Tfrngresulgeneral", "D", {"ckMes"}, "Estado de Resultados Detallado NIIF"},
         {"Tfrngbalancetercero", "T", {}, "Balance Detallado con Terceros NIIF"},
         {"Tfrngbalancetercero", "R", {"cknombre"}, "Balance de Prueba con Terceros NIIF"},
         {"Tfrngbalancecentro", "C", {}, "Balance con Centros de Costo NIIF"},
         {"Tfrngbalancecentro", "P", {}, "Balance de Prueba con Centros de Costo NIIF"},
         {"Tfrngbalancecentro", "C", {"Centro"}, "Balance Centro de Costos NIIF"},
         {"Tfrngbalancecentro", "P", {"Centro"}, "Balance de Prueba Centro de Costos NIIF"},
-        {"Tfrngresultadotercero",
-         "",
-         {},
-         "EstadoImpreso de resultados detallado con terceros NIIF"},
-        {"Tfrngresultadocentro", "", {}, "EstadoImpreso de resultados con centros de costo NIIF"},
-        {"Tfrngresultadocentro",
-         "",
-         {"Centro"},
-         "EstadoImpreso de resultados con centros de costo NIIF"},
+        {"Tfrngresultadotercero", "", {}, "Estado de resultados detallado con terceros NIIF"},
+        {"Tfrngresultadocentro", "", {}, "Estado de resultados con centros de costo NIIF"},
+        {"Tfrngresultadocentro", "", {"Centro"}, "Estado de resultados con centros de costo NIIF"},
         {"Tfrngresultadocentro",
          "",
          {"ckMes"},
-         "EstadoImpreso de resultados mensual con centros de costo NIIF"},
+         "Estado de resultados mensual con centros de costo NIIF"},
         {"Tfrngresultadocentro",
          "",
          {"ckMes", "Centro"},
-         "EstadoImpreso de resultados mensual con centros de costo NIIF"},
+         "Estado de resultados mensual con centros de costo NIIF"},
         {"Tfrngbalanceacumulado", "", {}, "Balance de Prueba Acumulado NIIF"},
         {"Tfrngbalanceacumulado", "", {"ckterceros"}, "Balance de Prueba Acumulado NIIF"},
         {"Tfrngbalanceanual", "", {}, "Balance Comparativo Anual NIIF"},
@@ -67,9 +62,9 @@ QString impreso(Moneda m) {
     return m.negativa() ? '(' + m.absoluta().formateada() + ')' : m.formateada();
 }
 
-/// Lo que va después de un rótulo, en su renglón.
+/// Lo que va después de un rótulo la última vez que sale, en su renglón.
 QString tras(const QString& texto, const QString& rotulo) {
-    return texto.section(rotulo, 1).section('\n', 0, 0).simplified();
+    return texto.section(rotulo, -1).section('\n', 0, 0).simplified();
 }
 
 } // namespace
@@ -88,6 +83,7 @@ private slots:
     void las_notas_van_a_continuacion_solo_si_se_piden();
     void lo_que_falta_se_dice_sin_cerrar_la_pantalla();
     void un_estado_largo_repite_sus_encabezados();
+    void el_libro_exportado_lleva_tipos_y_sangria();
 
 private:
     /// Abre, llena, marca e imprime un estado.
@@ -227,8 +223,8 @@ void PruebaEstados::el_general_cuadra_y_no_pasa_de_las_clases_del_balance() {
                 corra(estados()[0], {}, libro ? QStringList{"ckniif"} : QStringList());
             QCOMPARE(tras(texto, "Total activo"), impreso(activo));
             QCOMPARE(tras(texto, "Total pasivo y patrimonio"), impreso(activo));
-            QCOMPARE(tras(texto, "Resultado del ejercicio"), impreso(utilidad));
-            QVERIFY(!texto.contains("36RR"));
+            QCOMPARE(tras(texto, "Resultado del ejercicio en curso"), impreso(utilidad));
+            QVERIFY(renglones_con(texto, "39\\s").isEmpty()); // no es una cuenta
             QVERIFY2(renglones_con(texto, "[4-9]\\d*\\s").isEmpty(), qPrintable(texto));
         }
     // De la clase 4 en adelante no hay balance general.
@@ -432,6 +428,61 @@ void PruebaEstados::un_estado_largo_repite_sus_encabezados() {
     QCOMPARE(renglones_con(texto, "7\\d{6}\\s+Tercero").size(), 2 * kTerceros);
     // Las firmas van con el total, nunca solas.
     QVERIFY(hojas.last().contains("Revisor fiscal") && hojas.last().contains(" Total "));
+}
+
+void PruebaEstados::el_libro_exportado_lleva_tipos_y_sangria() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 9);
+    s.otorgue(123);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 5;
+    QTemporaryDir carpeta;
+    for (const int e : {1, 7, 9, 18, 20, 22}) {
+        auto* f = qobject_cast<FormaRango*>(
+            pantallas().abrir(estados()[e].clase, AbreInforme{estados()[e].tipo}));
+        for (const QString& c : estados()[e].casillas)
+            componente<QCheckBox>(f, qPrintable(c)).click();
+        const QString ruta = carpeta.filePath(QString("e%1.xls").arg(e));
+        Interlocutor i;
+        i.espere_modal("guardar_seleccion", [&](QWidget* w) {
+            static_cast<QFileDialog*>(w)->selectNameFilter("Microsoft Excel Workbook (*.xls)");
+            w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
+            QMetaObject::invokeMethod(w, "accept");
+        });
+        componente<QPushButton>(f, "botonExportar").click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        LectorXls libro(ruta);
+        QCOMPARE(libro.falla, QString());
+        const HojaLeida& hoja = libro.hojas[0];
+        QMap<QString, int> columna;
+        for (int c = int(hoja.anchos.size()) - 1; c >= 0; --c)
+            columna[hoja.valor(0, c).toString()] = c; // de los títulos iguales, el primero
+        const QString con_nombre = columna.contains("Cuenta o tercero")  ? "Cuenta o tercero"
+                                   : columna.contains("Cuenta o centro") ? "Cuenta o centro"
+                                                                         : "Nombre";
+        int hondas = 0, de_detalle = 0;
+        for (int fila = 1; fila < hoja.filas_declaradas; ++fila) {
+            const auto celda = [&](const QString& titulo) {
+                return hoja.celdas.value({fila, columna.value(titulo, -1)});
+            };
+            const auto codigo = celda(columna.contains("Código") ? "Código" : "Cuenta");
+            QCOMPARE(codigo.valor.typeId(), int(QMetaType::QString));
+            QCOMPARE(codigo.formato, QString("@"));
+            for (const char* importe : {"Saldo inicial", "Saldo final", "Saldo final 2"})
+                if (columna.contains(importe))
+                    QCOMPARE(celda(importe).valor.typeId(), int(QMetaType::Double));
+            const QString cuenta = codigo.valor.toString().section('.', 0, 0);
+            const bool detalle =
+                codigo.valor.toString().contains('.') || celda("Nivel").valor.toDouble() == 99;
+            const int nivel = QList<int>{1, 2, 4, 6, 8, 10, 12, 14, 16, 18}.indexOf(cuenta.size());
+            QCOMPARE(celda(con_nombre).sangria, detalle ? nivel + 1 : nivel);
+            QCOMPARE(codigo.sangria, 0);
+            hondas += int(nivel > 3);
+            de_detalle += int(detalle);
+        }
+        QVERIFY(hondas > 0);
+        QCOMPARE(de_detalle > 0, e != 1);
+    }
 }
 
 QTEST_MAIN(PruebaEstados)

@@ -365,9 +365,10 @@ void PruebaInformesAuxiliares::por_nombre_cada_tercero_de_una_cuenta_abre_y_cier
     // Dos que se llaman igual siguen siendo dos.
     s.base.ejecute({"update terceros set terc_nom = 'Homónimo Ltda.' where terc_nit in "
                     "('900123456', '52345678')"});
-    const Cajas r{{"EDesde", "0"},  {"EHasta", "ZZ"},  {"TerIni", ""},          {"TerFin", "ZZ"},
-                  {"ProyIni", ""},  {"ProyFin", "zz"}, {"CentIni", ""},         {"CentFin", "zz"},
-                  {"EFecIni", "20170615"}, {"EFecFin", "20180331"}};
+    const Cajas r{{"EDesde", "0"},        {"EHasta", "ZZ"},  {"TerIni", ""},
+                  {"TerFin", "ZZ"},       {"ProyIni", ""},   {"ProyFin", "zz"},
+                  {"CentIni", ""},        {"CentFin", "zz"}, {"EFecIni", "20170615"},
+                  {"EFecFin", "20180331"}};
     const auto ordenados = [](QStringList lista) {
         lista.sort();
         return lista;
@@ -390,8 +391,7 @@ void PruebaInformesAuxiliares::por_nombre_cada_tercero_de_una_cuenta_abre_y_cier
                 QCOMPARE(importes(l).section(' ', -1), ultimo);
         texto = imprima("Tfrngauxiliarter", r, niif + QStringList{"cknombre", "Chcentro"});
         QStringList por_centro;
-        for (const QString& f :
-             totales_por_fuera(s, libro, r, "proy, cent, cuen_cod, nit", true))
+        for (const QString& f : totales_por_fuera(s, libro, r, "proy, cent, cuen_cod, nit", true))
             por_centro << importes(f).section(' ', 0, 1);
         QCOMPARE(ordenados(solo_importes(renglones_con(texto, tercero))), ordenados(por_centro));
     }

@@ -34,6 +34,7 @@ public:
     qint64 filas = 0;
     std::function<Fila(qint64)> fila;
     Fila sumas;
+    bool con_sangria = false;
 
     TablaDePrueba(QVector<ColumnaExportable> columnas, QVector<Fila> datos)
         : titulos(std::move(columnas)), filas(datos.size()),
@@ -53,6 +54,9 @@ public:
         return true;
     }
     ValorExportable valor(int indice) const override { return valores_[indice]; }
+    int sangria(int indice) const override {
+        return indice == 1 && con_sangria ? int(actual_) * 9 : 0; // la última pasa del tope
+    }
     bool tiene_pie() const override { return !sumas.isEmpty(); }
     ValorExportable pie(int indice) const override { return sumas[indice]; }
 
@@ -265,6 +269,23 @@ private slots:
         QVERIFY(!hoja.celdas.contains({3, 1}));
         QCOMPARE(hoja.valor(4, 3), QVariant(1234577.5734));
         QVERIFY(hoja.celdas[qMakePair(4, 3)].negrita && hoja.celdas.contains({4, 1}));
+    }
+
+    void el_libro_lleva_la_sangria_de_sus_celdas() {
+        TablaDePrueba tabla = balance();
+        tabla.fila = [fila = tabla.fila](qint64 i) {
+            auto f = fila(i);
+            f[1] = QStringLiteral("nombre");
+            return f;
+        };
+        tabla.con_sangria = true;
+        exporte(tabla, FormatoExportacion::Xls, ruta("sangria.xls"));
+        LectorXls libro(ruta("sangria.xls"));
+        QCOMPARE(libro.falla, QString());
+        for (const auto& [fila, entra] : {std::pair{0, 0}, {1, 0}, {2, 9}, {3, 15}, {4, 0}}) {
+            QCOMPARE(libro.hojas[0].celdas[qMakePair(fila, 1)].sangria, entra);
+            QCOMPARE(libro.hojas[0].celdas[qMakePair(fila, 0)].sangria, 0);
+        }
     }
 
     void el_libro_no_pierde_cifras_ni_caracteres() {

@@ -10,13 +10,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFontMetricsF>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QFontMetricsF>
-#include <QRegularExpression>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -570,7 +570,9 @@ void PruebaInformes::una_banda_mas_alta_que_la_hoja_se_reparte() {
         for (const Trazo& t : hojas.lea(p)) {
             QVERIFY2(t.lugar.bottom() <= hojas.papel(p).alto - 9,
                      qPrintable(QString("hoja %1: %2").arg(p).arg(t.lugar.bottom())));
-            todo += t.texto;
+            // Entre una hoja y otra van los encabezados: aquí solo lo que se repartió.
+            if (t.clase == Trazo::Texto && hojas.estilo_de(t.recurso).cuerpo == 20)
+                todo += t.texto;
         }
     for (const QString& palabra : palabras)
         QVERIFY2(todo.contains(palabra), qPrintable(palabra));
@@ -579,8 +581,8 @@ void PruebaInformes::una_banda_mas_alta_que_la_hoja_se_reparte() {
 
 void PruebaInformes::lo_que_cierra_el_informe_nunca_queda_solo_en_una_hoja() {
     const QString plantilla =
-        QString(kPlantilla).replace("<banda tipo=\"final\" alto=\"6\">",
-                                    "<banda tipo=\"final\" alto=\"40\">");
+        QString(kPlantilla)
+            .replace("<banda tipo=\"final\" alto=\"6\">", "<banda tipo=\"final\" alto=\"40\">");
     int hojas_de_mas = 0;
     for (int filas = 1; filas < 60; ++filas) {
         QVector<Venta> ventas;
@@ -625,10 +627,12 @@ void PruebaInformes::el_html_lleva_entero_el_texto_que_sigue_en_otro_renglon() {
         const auto r = m.next();
         QFont letra("Liberation Sans");
         letra.setPixelSize(qRound(r.captured(2).toDouble() * 100)); // centésimas de punto
-        const double ancho = QFontMetricsF(letra).horizontalAdvance(r.captured(3)) / 100 * 25.4 / 72;
+        const double ancho =
+            QFontMetricsF(letra).horizontalAdvance(r.captured(3)) / 100 * 25.4 / 72;
         const double campo = r.captured(1).toDouble() / 100 * 215.9;
         QVERIFY2(ancho <= campo + 0.6, qPrintable(r.captured(3)));
-        escrito << r.captured(3);
+        if (r.captured(3) != "1.00") // el importe va en el primer renglón
+            escrito << r.captured(3);
     }
     QVERIFY2(escrito.join(' ').contains(largo.trimmed()), qPrintable(escrito.join(' ')));
 }

@@ -45,7 +45,10 @@ const Letra& Dibujante::letra(int estilo) {
 // ---------------------------------------------------------------- bandas
 
 bool Dibujante::visible(const Banda& banda) {
-    return (banda.si.vacia() || banda.si.cierta(datos_)) && !vista_de(banda.aspecto).omite;
+    const bool antes = std::exchange(datos_.en_detalle, banda.tipo == TipoBanda::Detalle);
+    const bool si = (banda.si.vacia() || banda.si.cierta(datos_)) && !vista_de(banda.aspecto).omite;
+    datos_.en_detalle = antes;
+    return si;
 }
 
 Dibujante::Vista Dibujante::vista_de(int aspecto) const {

@@ -16,7 +16,7 @@ bool alto_de_verdad(const Trazo& t) {
 
 // ---------------------------------------------------------------- corte
 
-double BloqueHoja::corte(double tope) const {
+double BloqueHoja::corte(double tope, double hoja) const {
     double y = tope;
     for (bool movido = true; movido && y > 0;) {
         movido = false;
@@ -30,7 +30,7 @@ double BloqueHoja::corte(double tope) const {
             if (alto_de_verdad(t))
                 evite(t.lugar.top(), t.lugar.bottom());
         for (const auto& [arriba, abajo] : indivisibles)
-            if (abajo - arriba <= tope)
+            if (abajo - arriba <= hoja)
                 evite(arriba, abajo);
     }
     return y < kMinimo ? 0 : y;
@@ -147,7 +147,7 @@ void Paginador::coloque(BloqueHoja bloque) {
     while (bloque.alto > libre(bloque) + kHolgura) {
         const double campo = libre(bloque);
         const bool divisible = bloque.corta || bloque.alto > fondo_ - inicio_;
-        double corte = divisible ? bloque.corte(campo) : 0;
+        double corte = divisible ? bloque.corte(campo, fondo_ - inicio_) : 0;
         if (corte <= 0 && vacia()) {
             if (campo < kMinimo)
                 break; // los encabezados no dejan campo: sobresale

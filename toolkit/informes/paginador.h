@@ -20,8 +20,9 @@ struct BloqueHoja {
     int repite = 0;          ///< niveles de grupo que se anuncian otra vez si empieza la hoja
     QVector<Racional> sumas; ///< lo acumulado antes de él, si la hoja lo escribe
 
-    /// Dónde se puede cortar sin pasar de `tope`; 0 si en ninguna parte.
-    double corte(double tope) const;
+    /// Dónde se puede cortar sin pasar de `tope`; 0 si en ninguna parte. Un tramo indivisible solo
+    /// se corta si no cabe entero en una `hoja`.
+    double corte(double tope, double hoja) const;
     /// Deja aquí lo de arriba del corte y devuelve lo de abajo.
     BloqueHoja divida(double corte);
 };

@@ -158,6 +158,8 @@ public:
     std::function<void()> OnSelectionChanged; ///< cambiaron las filas marcadas
     /// Letra y colores de una fila; el valor de otros campos se lee con conjunto()->valor_en.
     std::function<void(int fila, QFont& letra, QColor& frente, QColor& fondo)> OnGetCellParams;
+    /// Niveles que entra una celda en el libro exportado.
+    std::function<int(int fila, const Campo& campo)> OnSangria;
 
     /// Atiende lo que se teclea sobre una lista de consulta (o con `ubica_al_teclear`). Sin él la
     /// rejilla se ubica en la primera fila que empiece así en la columna actual.
