@@ -1,5 +1,21 @@
 #include "tax/registro.h"
 
-#include "toolkit/pantalla.h"
+#include "tax/tfconfmediosm.h"
+#include "tax/tfmediosmag13.h"
+#include "tax/tfmnuanexos.h"
+#include "tax/tfrevisamedio.h"
 
-void registre_pantallas_impuestos() {}
+namespace {
+
+template <class P> void registre(const char* nombre) {
+    pantallas().registre(nombre, [] { return new P; });
+}
+
+} // namespace
+
+void registre_pantallas_impuestos() {
+    registre<Tfmnuanexos>("Tfmnuanexos");
+    registre<Tfmediosmag13>("Tfmediosmag13");
+    registre<Tfconfmediosm>("Tfconfmediosm");
+    registre<Tfrevisamedio>("Tfrevisamedio");
+}
