@@ -1,9 +1,11 @@
 #include "tax/registro.h"
 
+#include "tax/tfconfcertrte.h"
 #include "tax/tfconfmediosm.h"
 #include "tax/tfmediosmag13.h"
 #include "tax/tfmnuanexos.h"
 #include "tax/tfrevisamedio.h"
+#include "tax/tfrngcertificados.h"
 
 namespace {
 
@@ -15,6 +17,8 @@ template <class P> void registre(const char* nombre) {
 
 void registre_pantallas_impuestos() {
     registre<Tfmnuanexos>("Tfmnuanexos");
+    registre<Tfrngcertificados>("Tfrngcertificados");
+    registre<Tfconfcertrte>("Tfconfcertrte");
     registre<Tfmediosmag13>("Tfmediosmag13");
     registre<Tfconfmediosm>("Tfconfmediosm");
     registre<Tfrevisamedio>("Tfrevisamedio");

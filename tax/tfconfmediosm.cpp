@@ -75,7 +75,7 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
     detalle_->texto("MMCU_NATUR", 1).etiqueta("Nat.");
     columnas << DefinicionColumna{"MMCU_NATUR", "Nat.", 5};
     arme({"Conceptos",
-          {{"COME_ITEM", "#", 9, SoloLectura},
+          {{"COME_ITEM", "#", 11, SoloLectura},
            {"COME_RESPUESTA", "Concepto", 9},
            {"COME_DESCRIPCION", "Descripción", 36},
            {"COME_MINIMO", "Base Mínima", 13},
