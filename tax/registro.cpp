@@ -1,10 +1,12 @@
 #include "tax/registro.h"
 
+#include "tax/tfconfcertdet.h"
 #include "tax/tfconfcertrte.h"
 #include "tax/tfconfmediosm.h"
 #include "tax/tfmediosmag13.h"
 #include "tax/tfmnuanexos.h"
 #include "tax/tfrevisamedio.h"
+#include "tax/tfrngcertificadet.h"
 #include "tax/tfrngcertificados.h"
 
 namespace {
@@ -19,6 +21,8 @@ void registre_pantallas_impuestos() {
     registre<Tfmnuanexos>("Tfmnuanexos");
     registre<Tfrngcertificados>("Tfrngcertificados");
     registre<Tfconfcertrte>("Tfconfcertrte");
+    registre<Tfrngcertificadet>("Tfrngcertificadet");
+    registre<Tfconfcertdet>("Tfconfcertdet");
     registre<Tfmediosmag13>("Tfmediosmag13");
     registre<Tfconfmediosm>("Tfconfmediosm");
     registre<Tfrevisamedio>("Tfrevisamedio");

@@ -4,6 +4,7 @@
 #include "sesion/instalacion.h"
 #include "tax/archivos_por_tercero.h"
 #include "tax/avance.h"
+#include "tax/variables_certificado.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
@@ -23,7 +24,7 @@ namespace {
 
 const DatosRango kDatos{"Tfrngcertificados",
                         "Certificados de retención",
-                        {460, 480},
+                        {560, 440},
                         "auxiliares.rav",
                         "RCertificados",
                         "CAuxiliar",
@@ -77,7 +78,7 @@ Tfrngcertificados::Tfrngcertificados() : FormaRango(kDatos) {
     arme_pares(f);
     f.fila({{"Fecha de expedición:", Fecexp}});
     f.fila("Admón de impuestos:", Admon);
-    f.fila({{"", Numerar}, {"Número inicial:", NumIni}});
+    f.fila({{"Número inicial:", NumIni}, {"", Numerar}});
     arme_titulo(f);
     arme_barra(f);
 }
@@ -209,11 +210,7 @@ QString Tfrngcertificados::reporte() {
 }
 
 void Tfrngcertificados::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
-    motor.fijar_parametro("NitCia", fdm().valor<Llave::NitCompania>());
-    motor.fijar_parametro("DirCia", fdm().valor<Llave::DireccionCompania>());
-    motor.fijar_parametro("CiuCia", fdm().valor<Llave::CiudadCompania>());
-    motor.fijar_parametro("Firma", fdm().valor<Llave::FirmaCertificados>());
-    motor.fijar_parametro("Cargo", fdm().valor<Llave::CargoCertificados>());
+    fije_compania(motor);
     motor.fijar_parametro("Ano", DateAno->text());
     motor.fijar_parametro("Inicial", QString::number(Lperiodo->currentIndex() + 1));
     motor.fijar_parametro("Final", Lperiodo->currentText());
