@@ -2,15 +2,15 @@
 
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
+#include "tax/escoja_archivo.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
-#include "toolkit/exportacion/exportacion.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QDir>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
@@ -74,6 +74,11 @@ FormaMedio::FormaMedio(const DatosFormaMedio& datos)
     DBGridEh1->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
                                Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     PanelAdvertencia = cree_advertencia(this);
+    // El nombre que sigue se compone sin carpeta: queda en la última que se escogió o digitó.
+    connect(Ubicacion, &QLineEdit::editingFinished, this, [this] {
+        if (QDir::isAbsolutePath(Ubicacion->text()))
+            carpeta_ = QFileInfo(Ubicacion->text()).path();
+    });
     connect(EAno, &QLineEdit::editingFinished, this, [this] { ejecute([this] { EAnoExit(); }); });
     enter_como_tab();
     tamano(1100, 600);
@@ -148,6 +153,10 @@ QString FormaMedio::ruta() const {
 // ---------------------------------------------------------------- consulta y cálculo
 
 void FormaMedio::SpeedButton5Click() {
+    if (!hay_formato()) {
+        fdm().mostrar_advertencia("El año no tiene formatos: F8 los configura.");
+        return;
+    }
     if (!revise_fechas() || !grabe_cambios())
         return;
     PanelAdvertencia->show();
@@ -191,6 +200,7 @@ void FormaMedio::abre_query() {
     ano_a_la_vista_ = ano();
     if (!hay || confirme_recalculo()) {
         fdm().mostrar_mensaje();
+        prepare_calculo();
         // Borrar y calcular van juntos: si el cálculo falla, lo guardado sigue ahí.
         fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
             Conexion& base = fdm().Quorvex;
@@ -250,13 +260,9 @@ void FormaMedio::SpeedButton2Click() {
 }
 
 void FormaMedio::SpeedButton1Click() {
-    QFileDialog dialogo(this, "Nombre del archivo", QFileInfo(ruta()).path(),
-                        filtro_para_qt(datos_.filtro));
-    dialogo.setObjectName("escoja_archivo");
-    dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    dialogo.selectFile(QFileInfo(ruta()).fileName());
-    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
+    const QString escogido = escoja_archivo(this, ruta(), datos_.filtro);
+    if (escogido.isEmpty())
         return;
-    Ubicacion->setText(dialogo.selectedFiles().first());
-    carpeta_ = QFileInfo(Ubicacion->text()).path();
+    Ubicacion->setText(escogido);
+    carpeta_ = QFileInfo(escogido).path();
 }

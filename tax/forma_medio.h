@@ -42,6 +42,10 @@ protected:
     virtual QString codigo() const = 0;
     /// La orden que llena la tabla.
     virtual QString calculo() const = 0;
+    /// Hay un formato escogido.
+    virtual bool hay_formato() const { return true; }
+    /// Lo que el cálculo necesita ya guardado.
+    virtual void prepare_calculo() {}
     virtual void SBGrabarClick() = 0;
     virtual void SpeedButton3Click() = 0;
     virtual void EAnoExit();

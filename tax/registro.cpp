@@ -3,7 +3,10 @@
 #include "tax/tfconfcertdet.h"
 #include "tax/tfconfcertrte.h"
 #include "tax/tfconfmediosm.h"
+#include "tax/tfmeddisctas.h"
+#include "tax/tfmediosmag.h"
 #include "tax/tfmediosmag13.h"
+#include "tax/tfmediosmagbog.h"
 #include "tax/tfmnuanexos.h"
 #include "tax/tfrevisamedio.h"
 #include "tax/tfrngcertificadet.h"
@@ -25,5 +28,8 @@ void registre_pantallas_impuestos() {
     registre<Tfconfcertdet>("Tfconfcertdet");
     registre<Tfmediosmag13>("Tfmediosmag13");
     registre<Tfconfmediosm>("Tfconfmediosm");
+    registre<Tfmediosmagbog>("Tfmediosmagbog");
+    registre<Tfmeddisctas>("Tfmeddisctas");
+    registre<Tfmediosmag>("Tfmediosmag");
     registre<Tfrevisamedio>("Tfrevisamedio");
 }

@@ -29,7 +29,6 @@ const QString kSeguro =
 
 struct Medios {
     Medios() {
-        qputenv("HOME", carpeta.path().toLocal8Bit());
         arme_libro_al_azar(s.base.base());
         s.base.ejecute({"update terceros set terc_dir = 'Calle 1', ciud_cod = '11001'"});
     }
@@ -38,6 +37,12 @@ struct Medios {
         auto* p = s.abra<Tfmediosmag13>("Tfmediosmag13");
         p->LFormato->setCurrentText(formato);
         return p;
+    }
+    /// Escoge la carpeta y graba.
+    void grabe(Tfmediosmag13* p) {
+        ::llene(p, "Ubicacion", carpeta.filePath(p->Ubicacion->text()));
+        oprima(Qt::Key_F5);
+        agote_eventos();
     }
     QString filas(int formato = 10019) {
         return s.dato(QString("select count(*) from medios_magneticos_datos where memg_formato = %1"
@@ -227,8 +232,7 @@ void PruebaMediosNacionales::el_archivo_dice_lo_de_la_rejilla_y_cumple_su_esquem
         ++registros;
     }
     QVERIFY(registros > 2);
-    oprima(Qt::Key_F5);
-    agote_eventos();
+    m.grabe(p);
     QVERIFY(!m.s.escritorio.abierta("Tfmediosmag13")); // al terminar se cierra
     const QByteArray xml = m.archivo("Dmuisca_010100907201700000001.xml");
     const QString texto = QString::fromLatin1(xml);
@@ -259,8 +263,7 @@ void PruebaMediosNacionales::lo_incompleto_se_muestra_antes_y_abre_el_tercero() 
     oprima(Qt::Key_F2);
     if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
         p->grab().save(deja + "/Tfmediosmag13.png");
-    oprima(Qt::Key_F5);
-    agote_eventos();
+    m.grabe(p);
     QVERIFY(m.archivo("Dmuisca_010100907201700000001.xml").isEmpty());
     auto* r = qobject_cast<Tfrevisamedio*>(m.s.escritorio.activa());
     QVERIFY(r);
