@@ -8,9 +8,14 @@
 #include "tax/tfmediosmag13.h"
 #include "tax/tfmediosmagbog.h"
 #include "tax/tfmnuanexos.h"
+#include "tax/tfmodtaxonom.h"
 #include "tax/tfrevisamedio.h"
 #include "tax/tfrngcertificadet.h"
 #include "tax/tfrngcertificados.h"
+#include "tax/tfsupersociedades.h"
+#include "tax/tftaxcuentas.h"
+#include "tax/tftaxnotas.h"
+#include "tax/tftaxonomias.h"
 
 namespace {
 
@@ -32,4 +37,9 @@ void registre_pantallas_impuestos() {
     registre<Tfmeddisctas>("Tfmeddisctas");
     registre<Tfmediosmag>("Tfmediosmag");
     registre<Tfrevisamedio>("Tfrevisamedio");
+    registre<Tftaxonomias>("Tftaxonomias");
+    registre<Tfmodtaxonom>("Tfmodtaxonom");
+    registre<Tftaxcuentas>("Tftaxcuentas");
+    registre<Tftaxnotas>("Tftaxnotas");
+    registre<Tfsupersociedades>("Tfsupersociedades");
 }
