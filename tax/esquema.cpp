@@ -85,10 +85,10 @@ FallaEsquema traduzca(const xmlError& error, int registro) {
     const QString dice = QString::fromUtf8(error.message);
     FallaEsquema f;
     f.registro = registro;
-    f.atributo = capturado(dice, "[Aa]ttribute '([^']+)'");
+    f.atributo = capturado(dice, "[Aa]ttribute \\x27([^\\x27]+)\\x27");
     const bool de_atributo = !f.atributo.isEmpty();
     if (!de_atributo)
-        f.atributo = capturado(dice, "Element '([^']+)'");
+        f.atributo = capturado(dice, "Element \\x27([^\\x27]+)\\x27");
     const QString lugar =
         registro ? QStringLiteral("Registro %1: ").arg(registro) : QStringLiteral("Encabezado: ");
     const QString cual = de_atributo ? QStringLiteral("el atributo \"%1\"").arg(f.atributo)
@@ -113,7 +113,7 @@ FallaEsquema traduzca(const xmlError& error, int registro) {
                                             "en el orden que los pide.");
         break;
     default: {
-        const QString valor = capturado(dice, "(?:value |: )'([^']*)'");
+        const QString valor = capturado(dice, "(?:value |: )\\x27([^\\x27]*)\\x27");
         f.texto = lugar + cual +
                   (valor.isEmpty() ? QStringLiteral(" está vacío.")
                                    : QStringLiteral(" no admite \"%1\".").arg(valor));

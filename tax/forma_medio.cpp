@@ -142,10 +142,6 @@ QString FormaMedio::ano() const {
     return EAno->text().trimmed();
 }
 
-QString FormaMedio::ano_entre_comillas() const {
-    return QuotedStr(ano());
-}
-
 QString FormaMedio::ruta() const {
     return QDir(carpeta_).absoluteFilePath(Ubicacion->text().trimmed());
 }
@@ -212,12 +208,12 @@ void FormaMedio::abre_query() {
         fdm().quitar_mensaje();
     }
     CMedmagdata->Open("SELECT * FROM " + datos_.tabla + " where " + condicion() + " order by " +
-                      datos_.item);
+                      datos_.columna);
     CMedmagdata->FetchAll();
     item_ = int(fdm()
                     .Quorvex
-                    .consulte("select max(" + datos_.item + ") from " + datos_.tabla + " where " +
-                              condicion())
+                    .consulte("select max(" + datos_.columna + ") from " + datos_.tabla +
+                              " where " + condicion())
                     .entero());
 }
 

@@ -16,8 +16,8 @@ class Rejilla;
 
 struct DatosFormaMedio {
     QString clase, titulo;
-    QString tabla, item; ///< de las filas guardadas, y su columna de consecutivo
-    QString filtro;      ///< del diálogo de archivo: "Archivos XML|*.xml"
+    QString tabla, columna; ///< de las filas guardadas, y la de su consecutivo
+    QString filtro;         ///< del diálogo de archivo: "Archivos XML|*.xml"
 };
 
 class FormaMedio : public Pantalla {
@@ -57,7 +57,6 @@ protected:
                   const std::function<void(BarraBotones&)>& otros = {});
 
     QString ano() const;
-    QString ano_entre_comillas() const;
     /// La del archivo, con la última carpeta escogida si no la dice.
     QString ruta() const;
     /// Graba lo que se digitó. Falso si algo no se pudo; la falla ya se dijo.

@@ -57,7 +57,7 @@ public:
             // El concepto va pegado al elemento; los demás llevan su blanco.
             if (a.nombre != QLatin1String("cpt"))
                 renglon += ' ';
-            renglon += a.nombre + '=' + cadenahtml(valor);
+            renglon += QStringLiteral("%1=%2").arg(a.nombre, cadenahtml(valor));
         }
         return renglon + " />\r\n";
     }
@@ -87,7 +87,8 @@ private:
 } // namespace
 
 QString cadenahtml(const QString& valor) {
-    return '"' + QString(valor).replace('&', "&amp;").replace('"', "&quot;") + '"';
+    const QLatin1String comilla("\"");
+    return comilla + QString(valor).replace('&', "&amp;").replace(comilla, "&quot;") + comilla;
 }
 
 QString cabeza_xml(const QString& esquema) {

@@ -44,8 +44,8 @@ void exporte_taxonomia(ConjuntoDatos& filas, const QString& ano, const QString& 
     escriba(cabeza_xml(QStringLiteral("1002")) + "<Ano>" + ano + "</Ano>\r\n<CantReg>" +
             QString::number(filas.RecordCount()) + "</CantReg>\r\n");
     for (int i = 0; i < filas.RecordCount(); ++i)
-        escriba("  <pagos  ndom=" +
-                cadenahtml(filas.valor_en(i, filas.FieldByName("VALOR")).texto()) + " />\r\n");
+        escriba(QStringLiteral("  <pagos  ndom=%1 />\r\n")
+                    .arg(cadenahtml(filas.valor_en(i, filas.FieldByName("VALOR")).texto())));
     escriba("</mas>\r\n");
     archivo.confirme();
 }

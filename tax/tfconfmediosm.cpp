@@ -107,7 +107,7 @@ void Tfconfmediosm::FormCreate() {
     muestre_columnas(formato_);
     conceptos_->SQL = QStringLiteral("SELECT * FROM CONFIGURA_MEDIOSMAG where COME_FORMATO = %1 "
                                      "order by COME_ITEM")
-                          .arg(formato_);
+                          .arg(QString::number(formato_));
     const Valor ultimo = fdm().Quorvex.consulte("select max(mmcu_cons) from mediosmag_cuentas");
     siguiente_ = ultimo.nulo() ? 0 : int(ultimo.entero()) + 1;
     maestro_->Open();

@@ -2,10 +2,10 @@
 
 #include "catalogues/columnas_auxiliar.h"
 #include "sesion/tfdm.h"
-#include "sesion/variables_informe.h"
 #include "tax/avance.h"
 #include "tax/escoja_archivo.h"
 #include "tax/medio_distrital.h"
+#include "tax/procedimiento.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
@@ -99,8 +99,9 @@ bool Tfmediosmag::FormClose() {
 void Tfmediosmag::abre_query() {
     if (!CListados->Locate("MM14_NOMBRE", {LFormato->currentText()}))
         return;
-    CMedmagdata->Open("select * from " + CListados->FieldByName("MM14_PROCEDIMIENTO").texto() +
-                      '(' + QuotedStr(FecIni->text()) + ',' + QuotedStr(FecFin->text()) + ')');
+    CMedmagdata->Open("select * from " +
+                      procedimiento(CListados->FieldByName("MM14_PROCEDIMIENTO").texto()) + '(' +
+                      QuotedStr(FecIni->text()) + ',' + QuotedStr(FecFin->text()) + ')');
     DBGridEh1->columnas_del_conjunto();
 }
 

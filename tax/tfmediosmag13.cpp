@@ -6,6 +6,7 @@
 #include "tax/avance.h"
 #include "tax/filas_conjunto.h"
 #include "tax/medio_xml.h"
+#include "tax/procedimiento.h"
 #include "tax/revision_medio.h"
 #include "tax/tfrevisamedio.h"
 #include "toolkit/barrabotones.h"
@@ -197,8 +198,7 @@ EnvioMedio Tfmediosmag13::envio() const {
 // ---------------------------------------------------------------- filas
 
 QString Tfmediosmag13::condicion() const {
-    return "MEMG_FORMATO = " + QString::number(formato_) +
-           " and MEMG_ANO = " + ano_entre_comillas();
+    return "MEMG_FORMATO = " + QString::number(formato_) + " and MEMG_ANO = " + QuotedStr(ano());
 }
 
 QString Tfmediosmag13::codigo() const {
@@ -206,7 +206,7 @@ QString Tfmediosmag13::codigo() const {
 }
 
 QString Tfmediosmag13::calculo() const {
-    return "execute procedure " + del_formato("MEDM_PROCEDIMIENTO") + '(' +
+    return "execute procedure " + procedimiento(del_formato("MEDM_PROCEDIMIENTO")) + '(' +
            QuotedStr(FecIni->text()) + ", " + QuotedStr(FecFin->text()) + ')';
 }
 

@@ -5,6 +5,7 @@
 #include "tax/avance.h"
 #include "tax/filas_conjunto.h"
 #include "tax/medio_distrital.h"
+#include "tax/procedimiento.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -146,7 +147,7 @@ void Tfmediosmagbog::liste_articulos() {
     const int antes = articulo();
     const QSignalBlocker callada(LFormato);
     LFormato->clear();
-    CMeddist->Open("select * from MEDIOSMAG_DISTR where MMDI_ANO = " + ano_entre_comillas() +
+    CMeddist->Open("select * from MEDIOSMAG_DISTR where MMDI_ANO = " + QuotedStr(ano()) +
                    " order by MMDI_ARTICULO");
     for (CMeddist->First(); !CMeddist->Eof(); CMeddist->Next()) {
         const QString codigo = CMeddist->FieldByName("MMDI_ARTICULO").texto();
@@ -177,8 +178,7 @@ void Tfmediosmagbog::LFormatoExit() {
 }
 
 QString Tfmediosmagbog::condicion() const {
-    return "MMDI_ARTICULO = " + QString::number(articulo()) +
-           " and MMDI_ANO = " + ano_entre_comillas();
+    return "MMDI_ARTICULO = " + QString::number(articulo()) + " and MMDI_ANO = " + QuotedStr(ano());
 }
 
 QString Tfmediosmagbog::codigo() const {
@@ -186,9 +186,10 @@ QString Tfmediosmagbog::codigo() const {
 }
 
 QString Tfmediosmagbog::calculo() const {
-    return "execute procedure " + CMeddist->FieldByName("MMDI_PROCEDIMIENTO").texto() + '(' +
-           ano_entre_comillas() + ", " + QuotedStr(FecIni->text()) + ", " +
-           QuotedStr(FecFin->text()) + ", " + QuotedStr(NitShd->text().trimmed()) + ')';
+    return "execute procedure " +
+           procedimiento(CMeddist->FieldByName("MMDI_PROCEDIMIENTO").texto()) + '(' +
+           QuotedStr(ano()) + ", " + QuotedStr(FecIni->text()) + ", " + QuotedStr(FecFin->text()) +
+           ", " + QuotedStr(NitShd->text().trimmed()) + ')';
 }
 
 void Tfmediosmagbog::prepare_calculo() {

@@ -1,6 +1,5 @@
 #include "tax/tfmodtaxonom.h"
 
-#include "datos/firebird/reloj.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -10,7 +9,6 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/fechadato.h"
 #include "toolkit/dialogos.h"
-#include "toolkit/estilo.h"
 #include "toolkit/informes/motor.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -162,7 +160,7 @@ void Tfmodtaxonom::FormCreate() {
     categorias_->SQL =
         QStringLiteral("SELECT * FROM TAXONOMIA_ENCABEZA where TAXO_ID = %1 order by "
                        "TAXE_ID")
-            .arg(taxonomia_);
+            .arg(QString::number(taxonomia_));
     EFecIni->fecha(QDate(fdmcnt().ano_actual.toInt(), 12, 31));
     maestro_->Open();
     DBGridEh1->setFocus();

@@ -1,6 +1,5 @@
 #include "tax/tfrngcertificados.h"
 
-#include "datos/firebird/reloj.h"
 #include "sesion/instalacion.h"
 #include "tax/archivos_por_tercero.h"
 #include "tax/avance.h"
@@ -96,7 +95,6 @@ void Tfrngcertificados::arme_encabezado(Formulario& f) {
     auto* ano = cree_ano("DateAno");
     DateAno = qobject_cast<QSpinBox*>(ano);
     Fecexp = qobject_cast<QDateEdit*>(cree_fecha("Fecexp"));
-    Fecexp->setDate(reloj().hoy());
     Admon = caja("Admon", 60);
     NumIni = caja("NumIni", 20);
     Numerar = casilla("Numerar", "Numerar certificados");

@@ -5,6 +5,7 @@
 #include "sesion/tfdmcnt.h"
 #include "tax/taxonomia.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -34,6 +35,9 @@ Tfsupersociedades::Tfsupersociedades() : Pantalla("Tfsupersociedades", "Supersoc
     division->setChildrenCollapsible(false);
     DBGridEh1 = cree_rejilla("DBGridEh1", CImprtax, "Situación financiera", division);
     DBGridEh2 = cree_rejilla("DBGridEh2", CImptaxr, "Resultados", division);
+    division->setStretchFactor(0, 3);
+    division->setStretchFactor(1, 2);
+    EAno->setMaximumWidth(escalado(110));
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SpeedButton5", "F2:Calcula", "system-run", Qt::Key_F2,
                                   [this] { SpeedButton5Click(); }));
@@ -87,6 +91,9 @@ void Tfsupersociedades::SpeedButton5Click() {
     // El resultado de una sección está en la otra: las dos salen de la misma foto.
     const QString fecha = QString::number(EAno->value()) + "1231";
     Foto foto(fdm().Quorvex);
-    foto.abra(*CImprtax, sql_taxonomia(kTaxonomia, kSituacion, fecha) + " order by ITEM");
-    foto.abra(*CImptaxr, sql_taxonomia(kTaxonomia, kResultados, fecha) + " order by ITEM");
+    for (const auto& [conjunto, seccion] :
+         {std::pair{CImprtax, kSituacion}, {CImptaxr, kResultados}}) {
+        const QString base = sql_taxonomia(kTaxonomia, seccion, fecha);
+        foto.abra(*conjunto, base + " order by ITEM");
+    }
 }

@@ -46,9 +46,9 @@ void Tftaxcuentas::FormCreate() {
     CCambiosit->proveedor->sentencia->SQL =
         QStringLiteral("SELECT * FROM TAXONOMIA_CUENTAS where TAXO_ID = %1 and TAXE_ID = %2 and "
                        "TAXD_ID = %3 order by TAXC_ITEM")
-            .arg(renglon_.taxonomia)
-            .arg(renglon_.seccion)
-            .arg(renglon_.renglon);
+            .arg(QString::number(renglon_.taxonomia))
+            .arg(QString::number(renglon_.seccion))
+            .arg(QString::number(renglon_.renglon));
     RejillaConfiguracion::FormCreate();
 }
 

@@ -40,9 +40,9 @@ void Tftaxnotas::FormCreate() {
     CTaxnotas->proveedor->sentencia->SQL =
         QStringLiteral("SELECT * FROM TAXONOMIA_NOTAS where TAXO_ID = %1 and TAXE_ID = %2 and "
                        "TAXD_ID = %3")
-            .arg(renglon_.taxonomia)
-            .arg(renglon_.seccion)
-            .arg(renglon_.renglon);
+            .arg(QString::number(renglon_.taxonomia))
+            .arg(QString::number(renglon_.seccion))
+            .arg(QString::number(renglon_.renglon));
     CTaxnotas->Open();
     ubique();
     DBMemo1->setFocus();

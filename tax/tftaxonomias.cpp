@@ -83,6 +83,6 @@ void Tftaxonomias::SBBorrarClick() {
                   Ctaxonomia->FieldByName("TAXO_NOMBRE").texto() + "?"))
         return;
     fdm().Quorvex.ejecute("delete from taxonomia where taxo_id = " +
-                          Ctaxonomia->FieldByName("TAXO_ID").texto());
+                          QString::number(Ctaxonomia->FieldByName("TAXO_ID").entero()));
     Ctaxonomia->Reabra();
 }
