@@ -463,13 +463,17 @@ void FormaRango::fije_encabezado(MotorInformes& motor) {
     fije_variables(motor, ETit->text());
 }
 
-bool FormaRango::abra() {
-    antes_de_abrir();
+void FormaRango::muestre_panel() {
     Panel5->adjustSize();
     Panel5->move((width() - Panel5->width()) / 2, (height() - Panel5->height()) / 2);
     Panel5->show();
     Panel5->raise();
     Panel5->repaint();
+}
+
+bool FormaRango::abra() {
+    antes_de_abrir();
+    muestre_panel();
     const auto quite = qScopeGuard([this] { Panel5->hide(); });
     CAuxiliar.Close();
     // Para imprimir basta una pasada; la exportación mide la tabla antes de escribirla.

@@ -146,6 +146,12 @@ protected:
     bool niif() const;
     bool marcada(const QCheckBox* casilla) const;
 
+    /// Abre la lista de lo que va en esa caja.
+    void busque(QWidget* caja);
+    /// Pone los valores por omisión en los pares y revisa las fechas.
+    void complete_rangos();
+    /// "Generando informe...", sobre el centro de la pantalla.
+    void muestre_panel();
     /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
     [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
 
@@ -157,10 +163,8 @@ protected:
 private:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void EHastaExit(const ParRango& par);
-    void busque(QWidget* caja);
     void reciba(QLineEdit* caja, const QString& valor);
     void reciba_centro(bool abajo, const CentroEscogido& centro);
-    void complete_rangos();
     bool abra();
     void saque(MotorInformes& motor);
     void muestre_periodo();

@@ -65,7 +65,7 @@ void PruebaPlantillasInformes::
     }
     // Lo que el programa dice: los literales de quien imprime.
     QString fuentes;
-    for (const char* carpeta : {"reports", "vouchers", "ledger"})
+    for (const char* carpeta : {"reports", "vouchers", "ledger", "tax"})
         for (const QFileInfo& f : QDir(casa() + '/' + carpeta).entryInfoList({"*.cpp", "*.h"}))
             fuentes += lea(f.filePath());
     const QStringList archivos = QDir(casa() + "/plantillas").entryList({"*.rav"});
