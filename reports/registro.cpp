@@ -1,6 +1,7 @@
 #include "reports/registro.h"
 
 #include "reports/menu_estados.h"
+#include "reports/registro_definibles.h"
 #include "reports/tfauxiliares.h"
 #include "reports/tfcataactivos.h"
 #include "reports/tfcatacuentas.h"
@@ -56,6 +57,7 @@ void registre_pantallas_informes() {
     pantallas().registre("Tfinformes", [] { return new Tfinformes; });
     registre_catalogos();
     registre_estados();
+    registre_pantallas_definibles();
     pantallas().registre("Tfauxiliares", [] { return new Tfauxiliares; });
     pantallas().registre("Tfrngauxiliarcta", [] { return new Tfrngauxiliarcta; });
     pantallas().registre("Tfrngauxiliarter", [] { return new Tfrngauxiliarter; });
