@@ -14,7 +14,7 @@ public:
 
 protected:
     /// Letra con que el menú abrió la pantalla: cuál de sus informes es.
-    const QString& tipo() const { return peticion<AbreInforme>().tipo_informe; }
+    QString tipo() const { return peticion<AbreInforme>().tipo_informe; }
     bool es(const char* letra) const { return tipo() == QLatin1String(letra); }
 
     // --- columnas
