@@ -10,6 +10,7 @@
 #include <QLineSeries>
 #include <QVBoxLayout>
 #include <QValueAxis>
+#include <algorithm>
 
 namespace {
 
@@ -29,7 +30,12 @@ Escala escala_de(qreal mayor) {
 
 } // namespace
 
-GraficoCuenta::GraficoCuenta(QWidget* padre) : QWidget(padre), grafico_(new QChart) {
+GraficoCuenta::GraficoCuenta(QWidget* padre)
+    : QWidget(padre), grafico_(new QChart), eje_meses_(new QBarCategoryAxis),
+      eje_valores_(new QValueAxis) {
+    grafico_->addAxis(eje_meses_, Qt::AlignBottom);
+    grafico_->addAxis(eje_valores_, Qt::AlignLeft);
+    eje_valores_->setLabelFormat(QStringLiteral("%.0f"));
     auto* vista = new QChartView(grafico_);
     vista->setRenderHint(QPainter::Antialiasing);
     vista->setFocusPolicy(Qt::NoFocus);
@@ -51,10 +57,6 @@ void GraficoCuenta::muestre(ConjuntoDatos& CGrafcta, const QString& titulo, Form
     }
     const Escala escala = escala_de(mayor);
     grafico_->removeAllSeries();
-    for (QAbstractAxis* eje : grafico_->axes()) {
-        grafico_->removeAxis(eje);
-        delete eje;
-    }
     auto* barras = forma == Barras ? new QBarSet(titulo) : nullptr;
     auto* linea = forma == Linea ? new QLineSeries : nullptr;
     QAbstractSeries* serie = linea;
@@ -75,16 +77,14 @@ void GraficoCuenta::muestre(ConjuntoDatos& CGrafcta, const QString& titulo, Form
         linea->setPointsVisible(true);
     }
     grafico_->addSeries(serie);
-    auto* eje_meses = new QBarCategoryAxis;
-    eje_meses->append(meses);
-    auto* eje_valores = new QValueAxis;
-    eje_valores->setTitleText(QString::fromUtf8(escala.titulo));
-    grafico_->addAxis(eje_meses, Qt::AlignBottom);
-    grafico_->addAxis(eje_valores, Qt::AlignLeft);
-    serie->attachAxis(eje_meses);
-    serie->attachAxis(eje_valores);
+    eje_meses_->setCategories(meses);
+    eje_valores_->setTitleText(QString::fromUtf8(escala.titulo));
+    serie->attachAxis(eje_meses_);
+    serie->attachAxis(eje_valores_);
     // El cero siempre a la vista: sin él una variación pequeña parece un salto.
-    eje_valores->setRange(qMin<qreal>(0, eje_valores->min()), qMax<qreal>(0, eje_valores->max()));
-    eje_valores->applyNiceNumbers();
+    const auto [menor, tope] = std::minmax_element(valores.begin(), valores.end());
+    eje_valores_->setRange(qMin<qreal>(0, *menor) / escala.divisor,
+                           qMax<qreal>(1, *tope) / escala.divisor);
+    eje_valores_->applyNiceNumbers();
     grafico_->setTitle(titulo);
 }

@@ -5,7 +5,9 @@
 
 #include <QWidget>
 
+class QBarCategoryAxis;
 class QChart;
+class QValueAxis;
 
 class GraficoCuenta : public QWidget {
     Q_OBJECT
@@ -18,4 +20,6 @@ public:
 
 private:
     QChart* grafico_;
+    QBarCategoryAxis* eje_meses_;
+    QValueAxis* eje_valores_;
 };

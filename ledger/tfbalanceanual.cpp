@@ -57,7 +57,7 @@ Tfbalanceanual::Tfbalanceanual() : ConsultaPeriodo("Tfbalanceanual", "balance an
     Formulario f(this);
     f.fila({{"Año", periodo}, {"", Formulario::junto({ckTerc, cksaldos, cree_filtro(DBGridEh1)})}});
     f.ancha(DBGridEh1);
-    f.ancha(cree_grafico(), 0);
+    f.ancha(cree_grafico(), 1);
     arme_botones();
     f.botones(findChild<BarraBotones*>());
     tamano_del_area(140, 130);
