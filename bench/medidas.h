@@ -37,3 +37,6 @@ void mida_auxiliar();
 void mida_lista();
 void mida_informe();
 void mida_masiva();
+void mida_definible();
+void mida_anual();
+void mida_cubo();

@@ -164,15 +164,14 @@ bool Tfbalanceanual::FormClose() {
 // ---------------------------------------------------------------- lectura
 
 void Tfbalanceanual::actualice_balance() {
-    const auto si = [](const QCheckBox* c) {
-        return c->isChecked() ? QStringLiteral("'S'") : QStringLiteral("'N'");
-    };
+    const QString terceros = ckTerc->isChecked() ? QuotedStr("S") : QuotedStr("N");
+    const QString saldos = cksaldos->isChecked() ? QuotedStr("S") : QuotedStr("N");
     muestre_periodo();
     for (const char* columna : {"NIT", "NOMTERC"})
         DBGridEh1->columna(DBGridEh1->columna_de(columna)).Visible = ckTerc->isChecked();
     Foto foto(fdm().Quorvex);
     foto.abra(CBalance, "select * from balance_anual(" + QuotedStr(fdmcnt().ano_actual) +
-                            ", '1','99', " + si(ckTerc) + ", " + si(cksaldos) +
+                            ", '1','99', " + terceros + ", " + saldos +
                             ") where Nivel <= " + QString::number(nivel_) + " order by CODIGO");
 }
 

@@ -123,26 +123,32 @@ DisposicionCubo lea_archivo_disposicion(const QString& ruta, const QStringList& 
 }
 
 QString escriba_disposicion(const DisposicionCubo& d) {
+    QStringList lineas{QStringLiteral("# Disposición de un cubo")};
+    const auto diga = [&](const QString& clave, const QString& valor) {
+        lineas << QStringList{clave, valor}.join(QStringLiteral(" = "));
+    };
     const auto si = [](bool x) { return x ? QStringLiteral("si") : QStringLiteral("no"); };
-    const QString coma = QStringLiteral(", ");
-    QStringList valores, lineas;
+    const auto lista = [](const QStringList& campos) { return campos.join(QStringLiteral(", ")); };
+    QStringList valores;
     for (const ValorCubo& v : d.valores)
         valores << v.campo;
-    lineas << QStringLiteral("# Disposición de un cubo") << "filas = " + d.filas.join(coma)
-           << "columnas = " + d.columnas.join(coma) << "filtros = " + d.filtros.join(coma);
+    diga(QStringLiteral("filas"), lista(d.filas));
+    diga(QStringLiteral("columnas"), lista(d.columnas));
+    diga(QStringLiteral("filtros"), lista(d.filtros));
     for (const auto& [campo, pasan] : d.solo.asKeyValueRange()) {
         QStringList orden(pasan.begin(), pasan.end());
         orden.sort();
         for (const QString& valor : orden)
-            lineas << QStringLiteral("solo %1 = %2").arg(campo, valor);
+            diga(QStringLiteral("solo ") + campo, valor);
     }
-    lineas << "valores = " + valores.join(coma);
+    diga(QStringLiteral("valores"), lista(valores));
     for (const ValorCubo& v : d.valores)
         if (v.muestra != MuestraCubo::Valor)
-            lineas << QStringLiteral("muestra %1 = %2").arg(v.campo, texto_de(v.muestra));
-    lineas << QStringLiteral("nivel filas = %1").arg(d.nivel_filas)
-           << QStringLiteral("nivel columnas = %1").arg(d.nivel_columnas)
-           << "total filas = " + si(d.total_filas) << "total columnas = " + si(d.total_columnas);
+            diga(QStringLiteral("muestra ") + v.campo, texto_de(v.muestra));
+    diga(QStringLiteral("nivel filas"), QString::number(d.nivel_filas));
+    diga(QStringLiteral("nivel columnas"), QString::number(d.nivel_columnas));
+    diga(QStringLiteral("total filas"), si(d.total_filas));
+    diga(QStringLiteral("total columnas"), si(d.total_columnas));
     return lineas.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
