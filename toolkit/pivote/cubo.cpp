@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 namespace {
 
@@ -20,6 +21,14 @@ Moneda porcentaje_de(Moneda parte, Moneda todo) {
 } // namespace
 
 // ---------------------------------------------------------------- resultado
+
+QString NodoCubo::texto() const {
+    if (padre < 0)
+        return QStringLiteral("Total");
+    if (valor.isEmpty() && nombre.isEmpty())
+        return QStringLiteral("(sin dato)");
+    return (valor + QLatin1Char(' ') + nombre).trimmed();
+}
 
 Moneda TablaCubo::suma(int fila, int columna, int valor) const {
     return sumas_[lugar(fila, columna, valor)];
@@ -133,9 +142,12 @@ QVector<std::pair<QString, QString>> Cubo::valores_de(const QString& nombre) con
 /// Los campos de las filas o de las columnas: de los valores de un hecho al nodo en que cae.
 class Cubo::Eje {
 public:
-    Eje(const Cubo& cubo, const QStringList& campos) : cubo_(cubo), campos_(campos), nodos_(1) {
-        for (const QString& c : campos)
+    Eje(const Cubo& cubo, const QStringList& campos) : nodos_(1) {
+        for (const QString& c : campos) {
+            const QString& nombre = cubo.campo(c)->etiqueta;
             columnas_.push_back(&cubo.texto(c));
+            nombres_.push_back(nombre.isEmpty() ? nullptr : &cubo.texto(nombre));
+        }
     }
     /// Nodo del hecho, que se crea si es el primero que cae en él.
     int nodo(int hecho) {
@@ -146,59 +158,67 @@ public:
             const auto it = por_llave_.constFind(llave);
             if (it != por_llave_.constEnd()) {
                 actual = *it;
-                if (!etiquetas_[size_t(actual)].ambigua)
-                    revise(actual, campos_[qsizetype(i)], hecho);
+                if (!datos_[size_t(actual)].ambiguo)
+                    revise(actual, i, hecho);
                 continue;
             }
             const int nuevo = int(nodos_.size());
             por_llave_.insert(llave, nuevo);
-            nodos_.push_back({actual, int(i) + 1, columnas_[i]->valores[valor], {}, {}});
-            etiquetas_.resize(nodos_.size());
-            etiquetas_[size_t(nuevo)] = {numero_etiqueta(campos_[qsizetype(i)], hecho), false};
+            nodos_.push_back({actual, int(i) + 1, columnas_[i]->valores[valor], {}});
+            datos_.push_back({valor, numero_nombre(i, hecho), false});
             nodos_[size_t(actual)].hijos.push_back(nuevo);
             actual = nuevo;
         }
         return actual;
     }
-    /// Los nodos con sus hijos en orden y su texto.
+    /// Los nodos con sus hijos en orden y su nombre.
     std::vector<NodoCubo> termine() {
-        for (NodoCubo& n : nodos_)
-            std::sort(n.hijos.begin(), n.hijos.end(), [this](int a, int b) {
-                return nodos_[size_t(a)].valor < nodos_[size_t(b)].valor;
+        std::vector<std::vector<int>> puestos;
+        for (const Columna* c : columnas_)
+            puestos.push_back(puestos_de(c->valores));
+        for (NodoCubo& n : nodos_) {
+            if (n.hijos.size() < 2)
+                continue;
+            const std::vector<int>& puesto = puestos[size_t(n.profundidad)];
+            std::sort(n.hijos.begin(), n.hijos.end(), [&](int a, int b) {
+                return puesto[size_t(datos_[size_t(a)].valor)] <
+                       puesto[size_t(datos_[size_t(b)].valor)];
             });
-        nodos_[0].texto = QStringLiteral("Total");
-        for (size_t i = 1; i < nodos_.size(); ++i) {
-            NodoCubo& n = nodos_[i];
-            const QString& campo = campos_[n.profundidad - 1];
-            n.texto = n.valor.isEmpty() ? QStringLiteral("(sin dato)") : n.valor;
-            const QString de = cubo_.campo(campo)->etiqueta;
-            if (!de.isEmpty() && !etiquetas_[i].ambigua)
-                n.texto += QLatin1Char(' ') + cubo_.texto(de).valores[etiquetas_[i].numero];
-            n.texto = n.texto.trimmed();
         }
-        return nodos_;
+        for (size_t i = 1; i < nodos_.size(); ++i)
+            if (const Columna* c = nombres_[size_t(nodos_[i].profundidad) - 1];
+                c && !datos_[i].ambiguo)
+                nodos_[i].nombre = c->valores[datos_[i].nombre];
+        return std::move(nodos_);
     }
 
 private:
-    /// Nombre de un nodo; ambigua si sus hechos traen varios.
-    struct Etiqueta {
-        int numero = -1;
-        bool ambigua = false;
+    /// Valor y nombre de un nodo, por su número; ambiguo si sus hechos traen varios nombres.
+    struct Dato {
+        int valor = -1, nombre = -1;
+        bool ambiguo = false;
     };
-    int numero_etiqueta(const QString& campo, int hecho) const {
-        const QString de = cubo_.campo(campo)->etiqueta;
-        return de.isEmpty() ? -1 : cubo_.texto(de).de[size_t(hecho)];
+    /// Puesto de cada valor al ordenarlos: se comparan una vez y no por cada nodo.
+    static std::vector<int> puestos_de(const QStringList& valores) {
+        std::vector<int> orden(size_t(valores.size())), puestos(orden.size());
+        std::iota(orden.begin(), orden.end(), 0);
+        std::sort(orden.begin(), orden.end(),
+                  [&](int a, int b) { return valores[a] < valores[b]; });
+        for (size_t i = 0; i < orden.size(); ++i)
+            puestos[size_t(orden[i])] = int(i);
+        return puestos;
     }
-    void revise(int nodo, const QString& campo, int hecho) {
-        Etiqueta& e = etiquetas_[size_t(nodo)];
-        e.ambigua = e.numero != numero_etiqueta(campo, hecho);
+    int numero_nombre(size_t campo, int hecho) const {
+        return nombres_[campo] ? nombres_[campo]->de[size_t(hecho)] : -1;
+    }
+    void revise(int nodo, size_t campo, int hecho) {
+        Dato& d = datos_[size_t(nodo)];
+        d.ambiguo = d.nombre != numero_nombre(campo, hecho);
     }
 
-    const Cubo& cubo_;
-    QStringList campos_;
-    std::vector<const Columna*> columnas_;
+    std::vector<const Columna*> columnas_, nombres_; ///< nulo si el campo no lo tiene
     std::vector<NodoCubo> nodos_;
-    std::vector<Etiqueta> etiquetas_{1};
+    std::vector<Dato> datos_{1}; ///< por nodo
     QHash<qint64, int> por_llave_;
 };
 

@@ -25,9 +25,11 @@ struct CampoCubo {
 /// Un valor de un eje con los que cuelgan de él. El 0 es la raíz: el total de todo.
 struct NodoCubo {
     int padre = -1;
-    int profundidad = 0; ///< 0 la raíz
-    QString valor, texto;
-    std::vector<int> hijos; ///< por valor
+    int profundidad = 0;         ///< 0 la raíz
+    QString valor, nombre;       ///< sin nombre si sus hechos traen varios
+    std::vector<int> hijos = {}; ///< por valor
+    /// El valor con su nombre. Se compone al pedirlo: de miles de nodos se ven unos pocos.
+    QString texto() const;
 };
 
 /// Resultado de una disposición: los dos ejes y sus cruces.

@@ -127,9 +127,9 @@ QStringList ModeloCubo::camino(int fila) const {
     const Nodos& nodos = tabla_.filas();
     const int nodo = filas_[size_t(fila)];
     for (int n = nodo; n > 0; n = nodos[size_t(n)].padre)
-        valores[nodos[size_t(n)].profundidad - 1] = nodos[size_t(n)].texto;
+        valores[nodos[size_t(n)].profundidad - 1] = nodos[size_t(n)].texto();
     if (nodo == 0 && !valores.isEmpty())
-        valores[0] = nodos[0].texto;
+        valores[0] = nodos[0].texto();
     return valores;
 }
 
@@ -145,9 +145,9 @@ QString ModeloCubo::titulo_columna(int columna, const QString& separador) const 
     const Nodos& nodos = tabla_.columnas();
     const int nodo = nodo_columna(columna);
     for (int n = nodo; n > 0; n = nodos[size_t(n)].padre)
-        partes.prepend(nodos[size_t(n)].texto);
+        partes.prepend(nodos[size_t(n)].texto());
     if (nodo == 0)
-        partes << nodos[0].texto;
+        partes << nodos[0].texto();
     else if (!nodos[size_t(nodo)].hijos.empty())
         partes.last().prepend(QStringLiteral("Total "));
     const ValorCubo& v = disposicion_.valores[valor_de_columna(columna)];
@@ -163,12 +163,12 @@ QString ModeloCubo::rotulo(int fila) const {
     const NodoCubo& n = nodos[size_t(nodo)];
     const QString sangria(qMax(0, n.profundidad - 1) * 4, QLatin1Char(' '));
     if (nodo == 0)
-        return n.texto;
+        return n.texto();
     if (n.hijos.empty())
         return sangria + (disposicion_.filas.size() > 1 ? QStringLiteral("   ") : QString()) +
-               n.texto;
+               n.texto();
     const bool abierto = desplegado(nodos, nodo, disposicion_.nivel_filas, filas_a_mano_);
-    return sangria + (abierto ? QStringLiteral("▾ ") : QStringLiteral("▸ ")) + n.texto;
+    return sangria + (abierto ? QStringLiteral("▾ ") : QStringLiteral("▸ ")) + n.texto();
 }
 
 int ModeloCubo::rowCount(const QModelIndex& padre) const {
