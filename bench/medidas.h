@@ -38,3 +38,6 @@ void mida_lista();
 void mida_informe();
 void mida_masiva();
 void mida_estados();
+void mida_definible();
+void mida_anual();
+void mida_cubo();

@@ -2,6 +2,7 @@
 
 #include "herramientas/administracion.h"
 #include "herramientas/demo_ano.h"
+#include "herramientas/demo_definibles.h"
 #include "herramientas/demo_documentos.h"
 #include "herramientas/demo_formatos.h"
 
@@ -37,6 +38,7 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
     const CatalogosDemo catalogos = siembre_catalogos(compania);
     AnoDemo ano(compania, catalogos, opciones.semilla, opciones.ano);
     siembre_formatos(compania);
+    siembre_informes_definibles(compania);
     ano.abra();
     const qint64 milesimas =
         opciones.renglones > 0

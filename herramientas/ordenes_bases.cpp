@@ -3,6 +3,7 @@
 #include "datos/firebird/servicios.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demo_formatos.h"
+#include "herramientas/demo_segunda.h"
 #include "herramientas/demostracion.h"
 #include "herramientas/ordenes.h"
 #include "herramientas/respaldo.h"
@@ -104,17 +105,13 @@ void crear_compania(const Sesion& s) {
 /// Con la general de la instalación; si aún no existe, la crea.
 void crear_demo(const Sesion& s) {
     const Argumentos& a = s.argumentos();
-    DatosCompania d;
-    d.codigo = codigo_compania(a.valor(QStringLiteral("codigo"), QStringLiteral("001")));
-    d.nombre = QStringLiteral("Comercializadora El Martillo S.A.S.");
-    d.nit = QStringLiteral("901400777-9");
-    d.direccion = QStringLiteral("Carrera 30 # 12-45");
-    d.ciudad = QStringLiteral("Bogotá, D.C.");
-    d.telefonos = QStringLiteral("601 3456789");
-    d.encabezado = QStringLiteral("Todo para construir y habitar");
+    const DatosCompania d =
+        compania_demo(codigo_compania(a.valor(QStringLiteral("codigo"), QStringLiteral("001"))));
+    const bool segunda = d.codigo == QLatin1String(kSegundaDemo);
     OpcionesDemostracion opciones;
     opciones.renglones = a.entero(QStringLiteral("lineas"), 0, 0, 5000000);
-    opciones.semilla = quint64(a.entero(QStringLiteral("semilla"), 2018, 0, 2000000000));
+    opciones.semilla =
+        quint64(a.entero(QStringLiteral("semilla"), segunda ? 2019 : 2018, 0, 2000000000));
     Conexion general;
     try {
         general.conectar(s.general());
@@ -128,6 +125,8 @@ void crear_demo(const Sesion& s) {
     BaseNueva nueva(s, s.compania(d.codigo), TipoBase::Compania);
     configure_compania(nueva.base, d);
     const auto r = genere_demostracion(general, nueva.base, opciones, diga);
+    if (segunda)
+        siembre_lo_propio_de_la_segunda(nueva.base, opciones.ano);
     compacte_saldos(nueva.base);
     registre_compania(general, d);
     registre_logo(general, d.codigo, logo_demo());
@@ -247,7 +246,8 @@ QVector<Orden> ordenes_de_bases() {
          crear_compania},
         {"crear-demo",
          "crea una compañía de demostración con un año de movimiento",
-         "[--codigo 001] [--lineas N] [--semilla 2018] [--clave-usuario CLAVE]",
+         "[--codigo 001] [--lineas N] [--semilla 2018] [--clave-usuario CLAVE]\n"
+         "    con --codigo 002, la filial que se consolida con la primera",
          {"codigo", "lineas", "semilla", "clave-usuario"},
          {},
          crear_demo},

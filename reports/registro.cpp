@@ -1,6 +1,7 @@
 #include "reports/registro.h"
 
 #include "reports/menu_estados.h"
+#include "reports/registro_definibles.h"
 #include "reports/tfauxiliares.h"
 #include "reports/tfbuscnotasestado.h"
 #include "reports/tfcambiopatr.h"
@@ -82,6 +83,7 @@ void registre_pantallas_informes() {
     registre_estados();
     registre_cambios();
     registre_oficiales();
+    registre_pantallas_definibles();
     pantallas().registre("Tfauxiliares", [] { return new Tfauxiliares; });
     pantallas().registre("Tfrngauxiliarcta", [] { return new Tfrngauxiliarcta; });
     pantallas().registre("Tfrngauxiliarter", [] { return new Tfrngauxiliarter; });

@@ -207,11 +207,11 @@ BEGIN
   END
 END^
 
--- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre.
--- Con TERCERO "S", también por tercero, como el acumulado. Lo llama Tfrngbalanceanual. CENTROS no
--- se usa: los centros tienen su procedimiento.
+-- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre. Con
+-- SALDOS "S" cada mes lleva, en vez de su movimiento, el saldo con que termina. Con TERCERO "S",
+-- también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual.
 CREATE OR ALTER PROCEDURE BALANCE_ANUAL{_NIIF} (
-  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), CENTROS char(1))
+  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), SALDOS char(1))
 RETURNS (CODIGO varchar(30), NOMBRE varchar(60), INICIAL numeric(15,2), MVENE numeric(15,2),
   MVFEB numeric(15,2), MVMAR numeric(15,2), MVABR numeric(15,2), MVMAY numeric(15,2),
   MVJUN numeric(15,2), MVJUL numeric(15,2), MVAGO numeric(15,2), MVSEP numeric(15,2),
@@ -268,7 +268,25 @@ BEGIN
     INTO :CODIGO, :NOMBRE, :INICIAL, :MVENE, :MVFEB, :MVMAR, :MVABR, :MVMAY, :MVJUN, :MVJUL, :MVAGO,
       :MVSEP, :MVOCT, :MVNOV, :MVDIC, :MVCIE, :FINAL, :NIVEL, :NIT, :NOMTERC
   DO
+  BEGIN
+    IF (SALDOS = 'S') THEN
+    BEGIN
+      MVENE = INICIAL + MVENE;
+      MVFEB = MVENE + MVFEB;
+      MVMAR = MVFEB + MVMAR;
+      MVABR = MVMAR + MVABR;
+      MVMAY = MVABR + MVMAY;
+      MVJUN = MVMAY + MVJUN;
+      MVJUL = MVJUN + MVJUL;
+      MVAGO = MVJUL + MVAGO;
+      MVSEP = MVAGO + MVSEP;
+      MVOCT = MVSEP + MVOCT;
+      MVNOV = MVOCT + MVNOV;
+      MVDIC = MVNOV + MVDIC;
+      MVCIE = MVDIC + MVCIE;
+    END
     SUSPEND;
+  END
 END^
 
 -- Dos meses de cualquier año, lado a lado; con TERCEROS "S", también por tercero. TERCERO es "S" en
