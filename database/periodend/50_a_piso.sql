@@ -40,13 +40,12 @@ BEGIN
     FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :ID), 'id ' || :ID);
 END^
 
--- Usuario a cuyo nombre se hace o se deshace un proceso.
+-- Usuario a cuyo nombre se hace o se deshace un proceso: el mismo que anota la auditoría.
 CREATE OR ALTER FUNCTION USUARIO_ACTUAL
 RETURNS varchar(10)
 AS
 BEGIN
-  RETURN substring(coalesce(rdb$get_context('USER_TRANSACTION', 'USUARIO'),
-    rdb$get_context('USER_SESSION', 'USUARIO'), CURRENT_USER) FROM 1 FOR 10);
+  RETURN USUARIO_AUDITADO(USUARIO_QUE_OPERA());
 END^
 
 -- Verdadero si el alcance ("C" local, "N" NIIF, "A" ambos) toca el libro.
@@ -111,6 +110,12 @@ BEGIN
     0, USUARIO, NIT, NOMBRE, MONTO, 'N', 'N', NULL)
   RETURNING_VALUES ID, NUMERO_FINAL;
   rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', NULL);
+
+  WHEN ANY DO
+  BEGIN
+    rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', NULL);
+    EXCEPTION;
+  END
 END^
 
 SET TERM ; ^
