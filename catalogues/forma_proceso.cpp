@@ -216,8 +216,7 @@ void FormaProceso::TICO_CODChange(Campo& tipo) {
 }
 
 void FormaProceso::PRCO_PREFChange(Campo& prefijo) {
-    if (prefijo.vacio() || !CPrefijos.Active() ||
-        !CPrefijos.Locate("PRCO_PREF", {prefijo.valor()}))
+    if (prefijo.vacio() || !CPrefijos.Active() || !CPrefijos.Locate("PRCO_PREF", {prefijo.valor()}))
         return;
     campo("ENCO_NUMERO") = CPrefijos.FieldByName("PREF_NUMERO").texto();
     prefijo_cambiado();

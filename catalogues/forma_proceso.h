@@ -22,9 +22,9 @@ struct DatosProceso {
     const char *id = nullptr, *procedimiento_id = nullptr;
     const char *fecha, *concepto, *referencia;
     const char *tercero = nullptr, *usuario = nullptr;
-    const char* libros = nullptr;              ///< columna del alcance "C", "N" o "A"
+    const char* libros = nullptr; ///< columna del alcance "C", "N" o "A"
     const char* rotulo_libros = "Cerrar en:";
-    QStringList nombres_libros = {};           ///< en el orden C, N, A
+    QStringList nombres_libros = {}; ///< en el orden C, N, A
     int largo_numero = 6, largo_referencia = 8;
     bool id_en_cada_intento = false; ///< pide uno nuevo aunque el anterior no se haya usado
     /// Con "%1": se muestra con el tipo, y prefijo y número se apagan. Sin él, se lanza.

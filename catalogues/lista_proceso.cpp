@@ -22,9 +22,9 @@ ConjuntoDatos& nuevo(QObject* dueno, const QString& nombre, Proveedor* proveedor
 
 ListaProceso::ListaProceso(const DatosLista& datos)
     : Pantalla(datos.clase, datos.titulo),
-      CLista(nuevo(this, datos.conjunto,
-                   new Proveedor(this, 'P' + QString(datos.conjunto).mid(1), nullptr,
-                                 poAllowCommandText))),
+      CLista(nuevo(
+          this, datos.conjunto,
+          new Proveedor(this, 'P' + QString(datos.conjunto).mid(1), nullptr, poAllowCommandText))),
       CBorrar(nuevo(this, "CBorrar",
                     new Proveedor(this, "PBorrar", &fdm().QBorrar, poAllowCommandText))),
       datos_(datos), orden_(datos.orden), QLista(this, "QLista", fdm().Quorvex) {
@@ -116,8 +116,9 @@ QString ListaProceso::compone_query() const {
         if (texto.isEmpty())
             continue;
         const DatosLista::Filtro& f = datos_.filtros[i];
-        sql += conector + (f.desde ? f.columna + (" >= " + QuotedStr(QString(texto).remove('/')))
-                                   : condicion_contiene(f.columna, texto)) +
+        sql += conector +
+               (f.desde ? f.columna + (" >= " + QuotedStr(QString(texto).remove('/')))
+                        : condicion_contiene(f.columna, texto)) +
                ' ';
         conector = "and ";
     }

@@ -72,7 +72,8 @@ void FormaConcepto::construya() {
     NomCuenta = caja_que_muestra("NomCuenta", 34);
     NomBase = caja_que_muestra("NomBase", 34);
     auto* lado = nombrado(new CasillaDato("Débito", &CConceptos, "CONC_DEBITO"), "CKDebito");
-    lado->setToolTip("Lado acostumbrado de la cuenta de cierre; lo decide lo que falte por cuadrar");
+    lado->setToolTip(
+        "Lado acostumbrado de la cuenta de cierre; lo decide lo que falte por cuadrar");
     construya_vigencia();
 
     DBGridEh1 = nombrado(new Rejilla(this, &CCuentas), "DBGridEh1");
@@ -240,9 +241,8 @@ void FormaConcepto::cuenta_cambiada(Campo& campo, QLineEdit* nombre) {
         return;
     }
     // La base puede ser una cuenta con auxiliares: suma las suyas.
-    const bool vale = campo.FieldName == "COCU_CUENTABASE"
-                          ? !fdmcnt().nom_cuenta(cuenta).isEmpty()
-                          : fdmcnt().valide_cuenta(cuenta);
+    const bool vale = campo.FieldName == "COCU_CUENTABASE" ? !fdmcnt().nom_cuenta(cuenta).isEmpty()
+                                                           : fdmcnt().valide_cuenta(cuenta);
     if (vale) {
         nombre->setText(fdmcnt().nom_cuenta(cuenta));
         nombre->setCursorPosition(0);
@@ -259,12 +259,11 @@ void FormaConcepto::tercero_cambiado(Campo& nit) {
     if (nit.texto().startsWith('?')) {
         const QString texto = nit.texto().mid(1);
         nit.limpie();
-        escoja_tercero(*this, texto,
-                       [this](const QString& n) { reciba(CCuentas, "TERC_NIT", n); });
+        escoja_tercero(*this, texto, [this](const QString& n) { reciba(CCuentas, "TERC_NIT", n); });
         return;
     }
-    if (CBorrar.valor_unico("select terc_nom from terceros where terc_nit = " +
-                            QuotedStr(nit.texto()))
+    if (CBorrar
+            .valor_unico("select terc_nom from terceros where terc_nit = " + QuotedStr(nit.texto()))
             .nulo()) {
         muestre_mensaje("Tercero no encontrado.");
         nit.limpie();

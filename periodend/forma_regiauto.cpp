@@ -19,8 +19,7 @@ FormaRegiauto::FormaRegiauto(Modo modo)
       PBorrar(this, "PBorrar", &fdm().QBorrar, poAllowCommandText),
       CRegistro(this, "CRegistro", &PRegistro), CDetalle(this, "CDetalle"),
       CTipodoc(this, "CTipodoc", &PTipodoc), CPrefijos(this, "CPrefijos", &PPrefijos),
-      CConceptos(this, "CConceptos", &PConceptos), CBorrar(this, "CBorrar", &PBorrar),
-      modo_(modo) {
+      CConceptos(this, "CConceptos", &PConceptos), CBorrar(this, "CBorrar", &PBorrar), modo_(modo) {
     TRegConceptos.enlace_maestra(&TRegistro, {"REAU_COD"});
     CDetalle.anide_en(&CRegistro, &TRegConceptos);
     defina_campos();

@@ -93,8 +93,10 @@ void Tfcausadifc::CUEN_CODChange(Campo& cuenta) {
 QString Tfcausadifc::llamada() const {
     return "select * from causa_diferencia_cambio(" +
            QStringList{QuotedStr(fdmcnt().compone_fecha_admin(EDia->text())),
-                       QuotedStr(campo("TICO_COD").texto()), QuotedStr(campo("PRCO_PREF").texto()),
-                       QuotedStr(campo("ENCO_NUMERO").texto()), campo("TRM").moneda().texto(),
+                       QuotedStr(campo("TICO_COD").texto()),
+                       QuotedStr(campo("PRCO_PREF").texto()),
+                       QuotedStr(campo("ENCO_NUMERO").texto()),
+                       campo("TRM").moneda().texto(),
                        QuotedStr(campo("CUENTA").texto())}
                .join(',') +
            ')';
@@ -103,11 +105,12 @@ QString Tfcausadifc::llamada() const {
 void Tfcausadifc::cause(Transaccion& t) {
     CDiferencia.borre_todas();
     const auto variable = [&](const char* nombre, const QString& valor) {
-        Conexion& c = t.conexion();
-        c.prepare(QString("select rdb$set_context('USER_TRANSACTION', '%1', %2) from rdb$database")
-                      .arg(nombre, QuotedStr(valor)),
-                  t)
-            ->ejecute_con_salida(t, {});
+        Cursor(t.conexion().prepare(
+                   QString("select rdb$set_context('USER_TRANSACTION', '%1', %2) from rdb$database")
+                       .arg(nombre, QuotedStr(valor)),
+                   t),
+               t, {})
+            .siguiente();
     };
     variable("CONCEPTO_PROCESO", campo("CONCEPTO").texto());
     variable("REFER_PROCESO", campo("REFERENCIA").texto());

@@ -1,6 +1,6 @@
 #pragma once
-// Aviso de un trabajo largo que la base hace de un solo viaje: dice qué se está haciendo mientras la
-// pantalla espera. No se puede cancelar, porque nada quedaría a medias.
+// Aviso de un trabajo largo que la base hace de un solo viaje: dice qué se está haciendo mientras
+// la pantalla espera. No se puede cancelar, porque nada quedaría a medias.
 #include <QString>
 #include <memory>
 

@@ -88,11 +88,12 @@ BEGIN
 END^
 
 -- Asienta lo que el proceso armó en la hoja ASIENTO y devuelve el comprobante. QUE nombra el
--- proceso en la negativa de una hoja vacía; VACIO dice por qué lo está.
+-- proceso en la negativa de una hoja vacía; VACIO dice por qué lo está. DE_SALDOS "N": las líneas
+-- son movimiento nuevo y cumplen lo que su cuenta exige.
 CREATE OR ALTER PROCEDURE ASIENTE_PROCESO (
   ASIENTO integer, TIPO varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CONCEPTO varchar(60), REFER varchar(8), NIT varchar(20), USUARIO varchar(10), QUE varchar(60),
-  VACIO varchar(120))
+  VACIO varchar(120), DE_SALDOS char(1) = 'S')
 RETURNS (ID integer, NUMERO_FINAL varchar(8))
 AS
   DECLARE MONTO numeric(15,2);
@@ -104,7 +105,7 @@ BEGIN
   IF (MONTO IS NULL) THEN
     EXCEPTION PROCESO_VACIO QUE || ': ' || VACIO || ' No se hizo ningún comprobante.';
   -- Un saldo se cancela como está, aunque a la cuenta hoy se le exija más.
-  rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', 'S');
+  rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', nullif(DE_SALDOS, 'N'));
   NOMBRE = (SELECT TERC_NOM FROM TERCEROS WHERE TERC_NIT = :NIT);
   EXECUTE PROCEDURE ASIENTE_COMPROBANTE(ASIENTO, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO, REFER, 0,
     0, USUARIO, NIT, NOMBRE, MONTO, 'N', 'N', NULL)

@@ -132,7 +132,7 @@ BEGIN
   BEGIN
     EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, TIPO, PREFIJO, NUMERO,
       ANO || lpad(MES, 2, '0') || lpad(DIA, 2, '0'), CONCEPTO, REFER, NULL, USUARIO_ACTUAL(),
-      'Registro automático ' || REGISTRO, 'ninguna línea dio valor.')
+      'Registro automático ' || REGISTRO, 'ninguna línea dio valor.', 'N')
     RETURNING_VALUES CONSECUTIVO, NUMERO_FINAL;
     INSERT INTO REGISTRO_EJECUCION (ENCO_CONSEC, REAU_COD, REEJ_ANO, REEJ_MES)
     VALUES (:CONSECUTIVO, :REGISTRO, :ANO, :MES);
