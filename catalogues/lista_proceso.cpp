@@ -71,7 +71,7 @@ ListaProceso::ListaProceso(const DatosLista& datos)
     tamano(940, 520);
 }
 
-void ListaProceso::arme_barra() {
+void ListaProceso::arme_botones() {
     if (datos_.nuevo)
         barra_->boton("SBNuevo", "F5: Nuevo", "document-new", Qt::Key_F5,
                       [this] { SBNuevoClick(); });
@@ -80,14 +80,14 @@ void ListaProceso::arme_barra() {
     barra_->boton("SBBorrar", "F3:Eliminar", "edit-delete", Qt::Key_F3,
                   [this] { SBBorrarClick(); });
     botones_propios(*barra_);
-    barra_->separe();
-    barra_->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
 }
 
 // ---------------------------------------------------------------- vida
 
 void ListaProceso::FormCreate() {
-    arme_barra();
+    arme_botones();
+    barra_->separe();
+    barra_->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     fdm().ConfigurarProviders(this);
     if (datos_.opcion && !fdm().exija_acceso(datos_.opcion)) {
         pida_cierre_al_crear();

@@ -44,7 +44,8 @@ public:
     Rejilla* DBGridEh1;
 
 protected:
-    /// Los botones propios, antes de Esc.
+    /// F5, F4 y F3, y los propios; después va Esc.
+    virtual void arme_botones();
     virtual void botones_propios(BarraBotones&) {}
     virtual void SBNuevoClick();
     /// Por omisión, el comprobante del proceso.
@@ -61,8 +62,6 @@ protected:
     BarraBotones* barra_ = nullptr;
 
 private:
-    void arme_barra();
-
     QVector<QLineEdit*> cajas_;
     QString orden_;
     bool recien_abierta_ = true;
