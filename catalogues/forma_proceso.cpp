@@ -13,6 +13,7 @@
 #include "toolkit/formulario.h"
 
 #include <QIntValidator>
+#include <QLayout>
 #include <QLabel>
 
 QLineEdit* caja_que_muestra(const char* nombre, int caracteres) {
@@ -51,7 +52,7 @@ FormaProceso::FormaProceso(const DatosProceso& datos, SinArmar)
       PProceso(this, "PProceso", &QProceso) {
     if (datos_.tabla) {
         CProceso.proveedor = &PProceso;
-        QProceso.SQL = QStringLiteral("select * from %1 where %2 = 0").arg(datos_.tabla, datos_.id);
+        QProceso.SQL = QStringLiteral("select * from %1 where 1 = 0").arg(datos_.tabla);
         SId.procedimiento = datos_.procedimiento_id;
     }
     defina_campos();
@@ -69,7 +70,8 @@ void FormaProceso::defina_campos() {
     c.texto("ENCO_NUMERO", datos_.largo_numero).etiqueta("Número");
     c.texto(datos_.fecha, 8).etiqueta("Fecha");
     c.texto(datos_.concepto, 60).etiqueta("Concepto");
-    c.texto(datos_.referencia, datos_.largo_referencia).etiqueta("Referencia");
+    if (datos_.referencia)
+        c.texto(datos_.referencia, datos_.largo_referencia).etiqueta("Referencia");
     if (datos_.tercero)
         c.texto(datos_.tercero, 20).etiqueta("Tercero").OnChange = [this](Campo& x) {
             TERC_NITChange(x);
@@ -90,7 +92,8 @@ void FormaProceso::construya() {
     LPref->OnExit = [this] { tome_numero(); };
     ENumero = nombrado(new EditorDato(&CProceso, "ENCO_NUMERO"), "ENumero");
     EConcepto = nombrado(new EditorDato(&CProceso, datos_.concepto), "EConcepto");
-    ERef = nombrado(new EditorDato(&CProceso, datos_.referencia), "ERef");
+    if (datos_.referencia)
+        ERef = nombrado(new EditorDato(&CProceso, datos_.referencia), "ERef");
     EAno = caja_que_muestra("EAno", 4);
     EMes = caja_que_muestra("EMes", 10);
     EDia = nombrado(new QLineEdit, "EDia");
@@ -108,9 +111,31 @@ void FormaProceso::construya() {
 }
 
 void FormaProceso::arme() {
+    Panel1 = nombrado(new QWidget(this), "Panel1");
+    arme_encabezado();
     Formulario f(this);
+    f.ancha(Panel1, 0);
+    bajo_el_encabezado(f);
+    auto* barra = nombrado(new BarraBotones(this), "barra");
+    barra->principal(barra->boton("SBGrabar", "F2: &Grabar", "document-save", Qt::Key_F2,
+                                  [this] { SBGrabarClick(); }));
+    botones_propios(*barra);
+    barra->separe();
+    barra->boton("SBCancel", "ESC:Cancelar", "dialog-cancel", Qt::Key_Escape,
+                 [this] { cancele(); });
+    f.botones(barra);
+    enter_como_tab();
+    tamano(760, 340);
+}
+
+void FormaProceso::arme_encabezado() {
+    Formulario f(Panel1);
+    QWidget* fecha = Formulario::junto({EDia, EMes, EAno});
     f.fila({{"&Tipo", LTipo}, {"&Prefijo", LPref}, {"&Número", ENumero}});
-    f.fila({{"&Día", Formulario::junto({EDia, EMes, EAno})}, {"&Referencia", ERef}});
+    if (ERef)
+        f.fila({{"&Día", fecha}, {"&Referencia", ERef}});
+    else
+        f.fila("&Día", fecha);
     f.fila("&Concepto", EConcepto);
     if (ENit)
         f.fila("Tercer&o", Formulario::junto({ENit, NomTerc}));
@@ -125,17 +150,11 @@ void FormaProceso::arme() {
         nota->setWordWrap(true);
         f.ancha(nota, 0);
     }
+    Panel1->layout()->setContentsMargins(0, 0, 0, 0);
+}
+
+void FormaProceso::bajo_el_encabezado(Formulario& f) {
     f.estire();
-    auto* barra = nombrado(new BarraBotones(this), "barra");
-    barra->principal(barra->boton("SBGrabar", "F2: &Grabar", "document-save", Qt::Key_F2,
-                                  [this] { SBGrabarClick(); }));
-    botones_propios(*barra);
-    barra->separe();
-    barra->boton("SBCancel", "ESC:Cancelar", "dialog-cancel", Qt::Key_Escape,
-                 [this] { cancele(); });
-    f.botones(barra);
-    enter_como_tab();
-    tamano(760, 340);
 }
 
 // ---------------------------------------------------------------- vida
@@ -260,7 +279,7 @@ void FormaProceso::grabe() {
         EDia->setText("1");
     CProceso.Edit();
     ponga_fecha();
-    if (datos_.id_en_cada_intento || campo(datos_.id).entero() == 0) {
+    if (datos_.procedimiento_id && (datos_.id_en_cada_intento || campo(datos_.id).entero() == 0)) {
         SId.Close();
         SId.ExecProc();
         campo(datos_.id) = SId.ParamByName("ID");

@@ -20,7 +20,8 @@ struct DatosProceso {
     const char* tabla = nullptr; ///< nula: el proceso no guarda fila
     const char* conjunto = "CProceso";
     const char *id = nullptr, *procedimiento_id = nullptr;
-    const char *fecha, *concepto, *referencia;
+    const char *fecha, *concepto;
+    const char* referencia = nullptr;
     const char *tercero = nullptr, *usuario = nullptr;
     const char* libros = nullptr; ///< columna del alcance "C", "N" o "A"
     const char* rotulo_libros = "Cerrar en:";
@@ -50,8 +51,10 @@ protected:
     struct SinArmar {};
     FormaProceso(const DatosProceso& datos, SinArmar);
     void arme();
-    /// Renglones propios, antes de la nota y los botones.
+    /// Renglones propios, antes de la nota.
     virtual void complete(Formulario&) {}
+    /// Lo que va debajo del encabezado, entre él y los botones.
+    virtual void bajo_el_encabezado(Formulario& f);
     virtual void botones_propios(BarraBotones&) {}
     /// Valores con que nace la fila.
     virtual void nueva_fila() {}
@@ -68,6 +71,7 @@ protected:
     const DatosProceso datos_;
     ListaDato *LTipo = nullptr, *LPref = nullptr;
     EditorDato *ENumero = nullptr, *EConcepto = nullptr, *ERef = nullptr, *ENit = nullptr;
+    QWidget* Panel1 = nullptr; ///< el encabezado entero
     QLineEdit *EDia = nullptr, *EMes = nullptr, *EAno = nullptr, *NomTerc = nullptr;
     Sentencia QProceso, SId;
     Proveedor PProceso;
@@ -75,6 +79,7 @@ protected:
 private:
     void defina_campos();
     void construya();
+    void arme_encabezado();
     void EDiaExit();
     void TICO_CODChange(Campo& campo);
     void PRCO_PREFChange(Campo& campo);

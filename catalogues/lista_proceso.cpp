@@ -110,7 +110,7 @@ bool ListaProceso::FormClose() {
 // ---------------------------------------------------------------- consulta
 
 QString ListaProceso::compone_query() const {
-    QString sql = datos_.consulta, conector = "where ";
+    QString sql = consulta(), conector = "where ";
     for (qsizetype i = 0; i < cajas_.size(); ++i) {
         const QString texto = cajas_[i]->text().trimmed();
         if (texto.isEmpty())

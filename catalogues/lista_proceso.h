@@ -55,6 +55,8 @@ protected:
     virtual void escoja() { SBModificarClick(); }
     bool hay_fila() const { return CLista.Active() && !CLista.IsEmpty(); }
     QString dato(const char* campo) const { return CLista.FieldByName(campo).texto(); }
+    /// El texto hasta su FROM, cuando depende de lo que la pantalla trae.
+    virtual QString consulta() const { return QString::fromUtf8(datos_.consulta); }
     QString compone_query() const;
     void busque(const QString& orden);
 

@@ -57,6 +57,9 @@ Tfcausadifc::Tfcausadifc() : FormaProceso(kDatos, SinArmar{}), CDiferencia(this,
 
 void Tfcausadifc::complete(Formulario& f) {
     f.fila({{"T&RM Día:", Trm}, {"C&uenta cartera:", Formulario::junto({Cta, NomCta})}});
+}
+
+void Tfcausadifc::bajo_el_encabezado(Formulario& f) {
     f.ancha(DBGridEh1);
 }
 

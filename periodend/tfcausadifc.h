@@ -16,6 +16,7 @@ public:
 
 protected:
     void complete(Formulario& f) override;
+    void bajo_el_encabezado(Formulario& f) override;
     void SBGrabarClick() override;
 
 private:

@@ -55,6 +55,9 @@ Tfejecutaregiauto::Tfejecutaregiauto()
 
 void Tfejecutaregiauto::complete(Formulario& f) {
     f.fila({{"Registro", ERegistro}, {"Porcenta&je", Porc}});
+}
+
+void Tfejecutaregiauto::bajo_el_encabezado(Formulario& f) {
     f.ancha(DBGridEh1);
 }
 

@@ -19,6 +19,7 @@ public:
 
 protected:
     void complete(Formulario& f) override;
+    void bajo_el_encabezado(Formulario& f) override;
     void botones_propios(BarraBotones& barra) override;
     void SBGrabarClick() override;
     void prefijo_cambiado() override;

@@ -190,7 +190,7 @@ private slots:
                  QString("20170228Ventas 15800456789"));
         QCOMPARE(s.dato("select code_base || ':' || code_porc || ':' || code_concepto || ':' || "
                         "proy_cod || cent_cod from comprobante_detalle where cuen_cod = '236540'"),
-                 QString("900.00:2.5000:Mostrador:00020001"));
+                 QString("900.00:2.50:Mostrador:00020001"));
     }
 
     void los_descuadrados_se_omiten_y_se_dicen_de_una_vez() {
