@@ -18,12 +18,8 @@ Tfvalactivo::Tfvalactivo() : FormaProceso(valoracion(), SinArmar{}) {
         c.FieldByName(columna).OnChange = [this](Campo&) { recalcule(); };
     c.memo("ACFV_OBS").etiqueta("Observaciones");
     c.blob("ACFV_DOCUMENTO");
-    c.calculado("VrUso", ClaseCampo::Decimal, 2).formato("#,###.00");
-    c.calculado("VrRazon", ClaseCampo::Decimal, 2).formato("#,###.00");
-    c.OnCalcFields = [this] {
-        campo("VrUso") = campo("ACFV_VRUSO").moneda() - campo("ACFJ_CSUSO").moneda();
-        campo("VrRazon") = campo("ACFV_PRVENTA").moneda() - campo("ACFV_CSVENTA").moneda();
-    };
+    c.interno("VrUso", ClaseCampo::Decimal, 2).formato("#,###.00");
+    c.interno("VrRazon", ClaseCampo::Decimal, 2).formato("#,###.00");
     ECodigo = caja_que_muestra("ECodigo", 56);
     EDocumento = caja_que_muestra("EDocumento", 40);
     EDocumento->setPlaceholderText("F8 agrega el documento de soporte");
@@ -96,6 +92,8 @@ void Tfvalactivo::nueva_fila() {
 void Tfvalactivo::recalcule() {
     const Moneda uso = campo("ACFV_VRUSO").moneda() - campo("ACFJ_CSUSO").moneda(),
                  venta = campo("ACFV_PRVENTA").moneda() - campo("ACFV_CSVENTA").moneda();
+    campo("VrUso") = uso;
+    campo("VrRazon") = venta;
     campo("ACFV_VRRECUP") = qMax(uso, venta);
     campo("ACFV_DIFER") = campo("ACFV_VRRECUP").moneda() - campo("ACFV_VALOR").moneda();
 }

@@ -184,7 +184,8 @@ void Tfnvopresup::reemplace_con(const QMap<QString, std::array<Moneda, 2>>& copi
         c.FieldByName("PRES_CREDITO") = valores[1];
         c.Post();
     };
-    for (c.First(); !c.IsEmpty() && !c.Eof();) {
+    for (int i = c.RecordCount() - 1; i >= 0; --i) {
+        c.vaya_a(i);
         const auto copiada = faltan.find(c.FieldByName("CUEN_COD").texto());
         if (copiada == faltan.end()) {
             c.Delete();
@@ -193,7 +194,6 @@ void Tfnvopresup::reemplace_con(const QMap<QString, std::array<Moneda, 2>>& copi
         c.Edit();
         ponga(*copiada);
         faltan.erase(copiada);
-        c.Next();
     }
     const auto cambio = std::exchange(c.FieldByName("CUEN_COD").OnChange, nullptr);
     for (auto i = faltan.begin(); i != faltan.end(); ++i) {
