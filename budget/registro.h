@@ -1,4 +1,4 @@
 #pragma once
-// Pantallas de el presupuesto, por su nombre.
+// Pantallas del presupuesto, por su nombre.
 
 void registre_pantallas_presupuesto();

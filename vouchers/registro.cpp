@@ -1,7 +1,9 @@
 #include "vouchers/registro.h"
 
 #include "toolkit/pantalla.h"
+#include "vouchers/forma_planilla.h"
 #include "vouchers/tfbuscomproba.h"
+#include "vouchers/tfbuscplanillasd.h"
 #include "vouchers/tfbuscplantilla.h"
 #include "vouchers/tfcomproterc.h"
 #include "vouchers/tfedtformato.h"
@@ -13,6 +15,7 @@
 #include "vouchers/tfmnusaldosi.h"
 #include "vouchers/tfmoverforma.h"
 #include "vouchers/tfmovimien.h"
+#include "vouchers/tfplanilladatos.h"
 #include "vouchers/tfplantilla.h"
 #include "vouchers/tfsaldiniciales.h"
 
@@ -31,4 +34,9 @@ void registre_pantallas_comprobantes() {
     pantallas().registre("Tfmnuplantilla", [] { return new Tfmnuplantilla; });
     pantallas().registre("Tfimprcomproba", [] { return new Tfimprcomproba; });
     pantallas().registre("Tfimprmascomproba", [] { return new Tfimprmascomproba; });
+    pantallas().registre("Tfbuscplanillasd", [] { return new Tfbuscplanillasd; });
+    pantallas().registre("Tfnvaplanillad", [] { return new FormaPlanilla(FormaPlanilla::Nueva); });
+    pantallas().registre("Tfmodplanillad",
+                         [] { return new FormaPlanilla(FormaPlanilla::Modificar); });
+    pantallas().registre("Tfplanilladatos", [] { return new Tfplanilladatos; });
 }

@@ -56,6 +56,12 @@ CREATE TABLE ACTIVOS_FIJOS_VALOR (
   ENCO_NUMERO varchar(8)
 );
 
+-- Foto del activo; aparte de la ficha, para que las listas no la carguen.
+CREATE TABLE ACTIVOS_FOTOS (
+  ACFJ_COD D_ARTICULO NOT NULL,
+  ACFO_FOTO blob sub_type binary
+);
+
 -- Lo que una corrida le hará a cada activo, mientras se arma su asiento.
 CREATE GLOBAL TEMPORARY TABLE ACTIVO_CARGO (
   ACFJ_COD D_ARTICULO NOT NULL,
