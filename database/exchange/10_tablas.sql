@@ -32,3 +32,15 @@ CREATE TABLE PROCEDIMIENTOS_USUARIO (
   PRUS_PARAM5 varchar(40),
   PRUS_MODULO varchar(20)
 );
+
+-- De los módulos hermanos, lo que la exportación busca para nombrar el documento de referencia: la
+-- factura que se devuelve y los documentos que paga un egreso.
+ALTER TABLE DEVOLUCIONES_VENTAS ADD DEVT_FACTURA varchar(20);
+ALTER TABLE DEVOLUCIONES_COMPRAS ADD DVCO_FACTURA varchar(20);
+CREATE TABLE EGRESOS_DETALLE (
+  EGRE_ID integer NOT NULL,
+  EGDE_ITEM integer NOT NULL,
+  EGDE_TIPODOC varchar(3),
+  EGDE_PREFIJO varchar(4),
+  EGDE_NUMERO varchar(8)
+);
