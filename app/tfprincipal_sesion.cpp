@@ -9,7 +9,9 @@
 #include "sesion/apertura.h"
 #include "sesion/guardas.h"
 #include "sesion/instalacion.h"
+#include "sesion/respaldos.h"
 #include "sesion/tfdmcnt.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QCloseEvent>
@@ -68,6 +70,8 @@ void Tfprincipal::FormActivate() {
         abra_iniciales();
     habilite_submenus();
     primera_activacion = false;
+    if (fdm().administrador && ultimo_respaldo(codigo_compania).isValid())
+        barra->texto(letrero_respaldo(codigo_compania));
     revise_guardas();
     mensajes->Timer3Timer();
     if (fdm().sucursal_usuario != 0)

@@ -7,6 +7,8 @@
 #include "exchange/tfcambitermov.h"
 #include "exchange/tfchequeosaldos.h"
 #include "exchange/tfconfexporta.h"
+#include "exchange/tfcopiacatalogo.h"
+#include "exchange/tfcopiaterceros.h"
 #include "exchange/tfcreactamov.h"
 #include "exchange/tfestructura.h"
 #include "exchange/tfexportar.h"
@@ -14,7 +16,9 @@
 #include "exchange/tfimportarinv2.h"
 #include "exchange/tfimportarinv3.h"
 #include "exchange/tfmnumantenim.h"
+#include "exchange/tfprocusr.h"
 #include "exchange/tfrechazosimp.h"
+#include "exchange/tfrespaldo.h"
 #include "toolkit/pantalla.h"
 
 namespace {
@@ -41,4 +45,8 @@ void registre_pantallas_intercambio() {
     registre<Tfborractas>("Tfborractas");
     registre<Tfchequeosaldos>("Tfchequeosaldos");
     registre<Tfestructura>("Tfestructura");
+    registre<Tfrespaldo>("Tfrespaldo");
+    registre<Tfprocusr>("Tfprocusr");
+    registre<Tfcopiaterceros>("Tfcopiaterceros");
+    registre<Tfcopiacatalogo>("Tfcopiacatalogo");
 }
