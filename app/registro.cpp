@@ -1,6 +1,7 @@
 #include "app/registro.h"
 
 #include "app/tfacercade.h"
+#include "app/tfmensaje.h"
 #include "assets/registro.h"
 #include "budget/registro.h"
 #include "catalogues/registro_cuentas.h"
@@ -27,6 +28,7 @@ void registre_pantallas() {
     registre_pantallas_activos();
     registre_pantallas_presupuesto();
     registre_pantallas_intercambio();
+    pantallas().registre("Tfmensaje", [] { return new Tfmensaje; });
     pantallas().registre(
         "Tfacercade", [] { return new Tfacercade; }, RegistroPantallas::Unica);
 }

@@ -101,6 +101,8 @@ private:
     void conecte_general();
     /// Si la base es de la versión de este programa; si no, lo dice y cierra.
     bool version_al_dia(Conexion& base, TipoBase tipo);
+    /// Una guarda que alguien dejó apagada se enciende o, sin permiso, se dice.
+    void revise_guardas();
     void ConGeneralAfterConnect();
     void lea_usuario();
     void lea_compania();

@@ -7,8 +7,11 @@
 #include "datos/firebird/claves.h"
 #include "datos/firebird/reloj.h"
 #include "sesion/apertura.h"
+#include "sesion/guardas.h"
 #include "sesion/instalacion.h"
+#include "sesion/respaldos.h"
 #include "sesion/tfdmcnt.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QCloseEvent>
@@ -67,11 +70,20 @@ void Tfprincipal::FormActivate() {
         abra_iniciales();
     habilite_submenus();
     primera_activacion = false;
+    if (fdm().administrador && ultimo_respaldo(codigo_compania).isValid())
+        barra->texto(letrero_respaldo(codigo_compania));
+    revise_guardas();
     mensajes->Timer3Timer();
     if (fdm().sucursal_usuario != 0)
         lea_agencia();
     if (isVisible())
         compactador->inicie();
+}
+
+void Tfprincipal::revise_guardas() {
+    if (encienda_guardas(fdm().Quorvex) > 0)
+        fdm().mostrar_advertencia("Hay guardas de la base de datos apagadas. Pida al administrador "
+                                  "que las encienda con quorvex-admin actualizar.");
 }
 
 bool Tfprincipal::entre_si_falta() {

@@ -46,6 +46,7 @@ const ModoBorrado kBorrado[] = {
     {"Tfbuscomproba", true, {Lineas2649, LineasNiif, Firma, Encabezado}},
     {"Tfedtmovimien", true, {Lineas2649, LineasNiif, FirmaCero, Encabezado}},
     {"Tfcomproterc", false, kSolo2649},
+    {"Tfconciliacta", true, kSolo2649},
     {"Tfmovimien", false, kSolo2649}, // el provisional que se elimina al entrar
     {"Tfauxiliar", true, kSolo2649},
     {"Tfauxiliarcentro", true, kSolo2649},

@@ -1,7 +1,8 @@
 -- Guardas de los planes de cuentas y auditoría de los catálogos.
--- CUENTAS_BI, CUENTAS_BU y sus gemelos se apagan por su nombre desde el mantenimiento (abrir un
--- auxiliar, cambiar el detalle de una cuenta): por eso solo guardan y nada más depende de ellos.
--- Lo que se lleva por cuenta propia (CUEN_AFECTABLE, auditoría) va en otros disparadores.
+-- CUENTAS_BI, CUENTAS_BU y sus gemelos solo guardan, y nada más depende de ellos: el mantenimiento
+-- (abrir un auxiliar, cambiar el detalle de una cuenta) pasa por delante anotando la cuenta en
+-- CUENTA_EN_MANTENIMIENTO. Lo que se lleva por cuenta propia (CUEN_AFECTABLE, auditoría) va en
+-- otros disparadores.
 
 SET TERM ^ ;
 
@@ -52,6 +53,15 @@ BEGIN
   IF (NIVEL_CUENTA(PADRE) >= NIVEL_AFECTABLE()) THEN
     FOR SELECT PRCO_PREF FROM PREFIJOS_CONTA WITH LOCK INTO :PREFIJO DO
       PREFIJO = NULL;
+END^
+
+-- El mantenimiento está cambiando la cuenta en esta transacción.
+CREATE OR ALTER FUNCTION EN_MANTENIMIENTO (LIBRO varchar(4), CUENTA varchar(20))
+RETURNS boolean
+AS
+BEGIN
+  RETURN EXISTS (SELECT 1 FROM CUENTA_EN_MANTENIMIENTO
+    WHERE LIBRO = :LIBRO AND CUEN_COD = :CUENTA);
 END^
 
 CREATE OR ALTER TRIGGER ESTRUCTURA_BIUD FOR ESTRUCTURA
@@ -117,7 +127,7 @@ BEGIN
       EXCEPTION CUENTA_SIN_PADRE 'No existe la cuenta ' || PADRE
         || ', de nivel superior a la ' || NEW.CUEN_COD || '.';
     EXECUTE PROCEDURE ESPERE_GRABACIONES(PADRE);
-    IF (TIENE_MOVIMIENTO{_NIIF}(PADRE)) THEN
+    IF (NOT EN_MANTENIMIENTO('{LIBRO}', PADRE) AND TIENE_MOVIMIENTO{_NIIF}(PADRE)) THEN
       EXCEPTION CUENTA_PADRE_CON_MOVIMIENTO 'La cuenta ' || PADRE
         || ' tiene movimiento y no puede recibir auxiliares.';
   END
@@ -159,7 +169,8 @@ BEGIN
   END
   IF (NEW.CUEN_COD <> OLD.CUEN_COD OR NEW.CUEN_TERCERO <> OLD.CUEN_TERCERO
     OR NEW.CUEN_CENTRO <> OLD.CUEN_CENTRO OR NEW.CUEN_RETENCION <> OLD.CUEN_RETENCION) THEN
-    IF (EXISTS (SELECT 1 FROM {DETALLE} WHERE CUEN_COD = OLD.CUEN_COD)) THEN
+    IF (NOT EN_MANTENIMIENTO('{LIBRO}', OLD.CUEN_COD)
+      AND EXISTS (SELECT 1 FROM {DETALLE} WHERE CUEN_COD = OLD.CUEN_COD)) THEN
       EXCEPTION CUENTA_CON_MOVIMIENTO 'La cuenta ' || OLD.CUEN_COD
         || ' tiene movimiento: no se pueden cambiar su código ni sus indicadores.';
 END^
