@@ -67,20 +67,28 @@ QString pregunta_borrado(const ModoBorrado& modo, const PedidoBorrado& pedido) {
            pedido.tipo + ' ' + pedido.prefijo + ' ' + pedido.numero + '?';
 }
 
+void opere_como(Transaccion& t, const QString& usuario) {
+    Cursor(t.conexion().prepare("select rdb$set_context('USER_TRANSACTION', 'USUARIO', cast(? as "
+                                "varchar(10))) from rdb$database",
+                                t),
+           t, {usuario})
+        .siguiente();
+}
+
+void borre_comprobante(Transaccion& t, const ModoBorrado& modo, qint64 id, const QString& usuario) {
+    for (const OrdenBorrado clase : modo.ordenes) {
+        const Orden orden = orden_de(clase, id, usuario);
+        t.conexion().prepare(orden.sql, t)->ejecute(t, orden.valores);
+    }
+}
+
 void borre_comprobante(Conexion& conexion, const ModoBorrado& modo, const PedidoBorrado& pedido,
                        const QString& usuario) {
     try {
         Transaccion t(conexion, Transaccion::Modo::Escritura);
         // La auditoría nombra a quien borra, firme o no el encabezado.
-        Cursor(conexion.prepare("select rdb$set_context('USER_TRANSACTION', 'USUARIO', cast(? as "
-                                "varchar(10))) from rdb$database",
-                                t),
-               t, {usuario})
-            .siguiente();
-        for (const OrdenBorrado clase : modo.ordenes) {
-            const Orden orden = orden_de(clase, pedido.id, usuario);
-            conexion.prepare(orden.sql, t)->ejecute(t, orden.valores);
-        }
+        opere_como(t, usuario);
+        borre_comprobante(t, modo, pedido.id, usuario);
         t.confirme();
     } catch (const ErrorBase& e) {
         // La confirmación pudo llegar aunque su respuesta no.

@@ -18,6 +18,10 @@ std::optional<Rechazo> revise_borrado(Conexion& conexion, const PedidoBorrado& p
 std::optional<Rechazo> revise_cambio_ajeno(Conexion& conexion, const PedidoBorrado& pedido);
 /// Con qué se pregunta.
 QString pregunta_borrado(const ModoBorrado& modo, const PedidoBorrado& pedido);
+/// Lo que se escriba en la transacción queda a nombre de ese usuario en la auditoría.
+void opere_como(Transaccion& t, const QString& usuario);
+/// Las órdenes del modo, en la transacción de quien llama.
+void borre_comprobante(Transaccion& t, const ModoBorrado& modo, qint64 id, const QString& usuario);
 /// Borra todo o nada. Si se pierde la respuesta del servidor, mira si el comprobante sigue ahí
 /// antes de darlo por no borrado. Lanza la falla de la base cuando nada quedó borrado.
 void borre_comprobante(Conexion& conexion, const ModoBorrado& modo, const PedidoBorrado& pedido,

@@ -60,6 +60,19 @@ void escoja_norma(Pantalla& este, Recibo<PideNorma> reciba) {
     pida(este, "Tfnormas", PideNorma{}, std::move(reciba));
 }
 
+// ---------------------------------------------------------------- contabilización
+
+bool revise_contabilizacion(int tipo_ref, int id_ref) {
+    return hay_pantalla("Tfcontabiliza") &&
+           pantallas().abrir_modal("Tfcontabiliza", AbreContabilizacion{tipo_ref, id_ref}) == mrOk;
+}
+
+std::optional<int> escoja_interfaz(const QVector<InterfazContable>& interfaces) {
+    if (!hay_pantalla("Tfpreginterfaz"))
+        return {};
+    return pantallas().pida_modal("Tfpreginterfaz", PideInterfaz{interfaces});
+}
+
 // ---------------------------------------------------------------- fichas y consultas
 
 void cree_cuenta(Libro libro, const QString& cuenta) {

@@ -9,6 +9,7 @@
 // Quien atiende lee la petición por su tipo, peticion<PideTercero>().texto_busqueda, y contesta con
 // responda<PideTercero>(nit). Todas avisan en la barra si la pantalla no está en esta versión.
 #include "libro/libro.h"
+#include "sesion/contabilizacion.h"
 #include "toolkit/peticion.h"
 
 #include <QString>
@@ -132,6 +133,21 @@ struct RespondeMensaje {
     QString mensaje_responder = {}; ///< id del que se contesta
     QString autor_responder = {};
 };
+
+/// Propuesta por revisar: la del documento de otro módulo.
+struct AbreContabilizacion {
+    int tipo_ref = 0, id_ref = 0;
+};
+/// Una de varias interfaces contables; responde su id.
+struct PideInterfaz {
+    using Respuesta = int;
+    QVector<InterfazContable> interfaces = {};
+};
+
+/// Abre la revisión en modal. Verdadero si quedó guardada, y entonces falta convertirla.
+bool revise_contabilizacion(int tipo_ref, int id_ref);
+/// Nulo si se desistió.
+std::optional<int> escoja_interfaz(const QVector<InterfazContable>& interfaces);
 
 void cree_cuenta(Libro libro, const QString& cuenta);
 void modifique_cuenta(Libro libro, const QString& cuenta);

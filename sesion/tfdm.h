@@ -45,6 +45,8 @@ public:
     int duracion_busquedas = 0; ///< milisegundos
     QString color_ventana, color_final;
     bool hubo_error = false, sin_mensaje = false;
+    /// La última propuesta contabilizada pide que una persona la confirme.
+    bool confirmar_contabilizacion = false;
     static const QStringList& nombres_periodo(); ///< catorce: Enero a Diciembre, Ajustes, Cierre
 
     // --- sentencias compartidas

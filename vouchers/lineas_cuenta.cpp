@@ -8,13 +8,13 @@ bool vacio_o_cero(const Campo& c) {
     return c.vacio() || c.texto() == "0";
 }
 
-LineasCuenta::LineasCuenta(Libro l, ConjuntoDatos& d, ConjuntoDatos& consulta, LadosLinea lados,
-                           QObject* dueno)
-    : QObject(dueno), libro(l), detalle(d), consulta_(consulta), lados_(lados) {}
+LineasCuenta::LineasCuenta(Libro l, ConjuntoDatos& d, ConjuntoDatos& consulta,
+                           const NombresLinea& nombres, QObject* dueno)
+    : QObject(dueno), libro(l), detalle(d), consulta_(consulta), n_(nombres) {}
 
-void LineasCuenta::defina_sumas(ConjuntoDatos& d, LadosLinea lados) {
-    d.agregado("Sumadebito", QStringLiteral("Sum(%1)").arg(QLatin1String(lados.debito)));
-    d.agregado("Sumacredito", QStringLiteral("Sum(%1)").arg(QLatin1String(lados.credito)));
+void LineasCuenta::defina_sumas(ConjuntoDatos& d, const NombresLinea& nombres) {
+    d.agregado("Sumadebito", QStringLiteral("Sum(%1)").arg(QLatin1String(nombres.debito)));
+    d.agregado("Sumacredito", QStringLiteral("Sum(%1)").arg(QLatin1String(nombres.credito)));
 }
 
 QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
@@ -27,9 +27,9 @@ QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
 
 // ---------------------------------------------------------------- la cuenta de la línea
 
-void LineasCuenta::consulte_cuenta(const char* columnas) {
+void LineasCuenta::consulte_cuenta(const char* columnas, const char* plan) {
     consulta_.Open(QStringLiteral("select %1 from %2 where cuen_cod = ")
-                       .arg(QLatin1String(columnas), QLatin1String(tabla_atributos())) +
+                       .arg(QLatin1String(columnas), QLatin1String(plan)) +
                    QuotedStr(cuenta()));
 }
 
@@ -42,7 +42,7 @@ bool LineasCuenta::busque_cuenta() {
 }
 
 bool LineasCuenta::busque_tercero() {
-    const QString nit = campo("TERC_NIT").texto();
+    const QString nit = campo(n_.tercero).texto();
     if (!nit.startsWith('?'))
         return false;
     escoja_tercero(nit.mid(1));
@@ -50,7 +50,7 @@ bool LineasCuenta::busque_tercero() {
 }
 
 bool LineasCuenta::busque_centro() {
-    if (!campo("CENT_COD").texto().startsWith('?'))
+    if (!campo(n_.centro).texto().startsWith('?'))
         return false;
     escoja_centro();
     return true;
@@ -81,9 +81,9 @@ AtributosCuenta LineasCuenta::atributos() const {
 
 LineaComprobante LineasCuenta::linea() const {
     LineaComprobante l;
-    l.nit = campo("TERC_NIT").texto();
-    l.proyecto = campo("PROY_COD").texto();
-    l.centro = campo("CENT_COD").texto();
+    l.nit = campo(n_.tercero).texto();
+    l.proyecto = campo(n_.proyecto).texto();
+    l.centro = campo(n_.centro).texto();
     return l;
 }
 
@@ -92,9 +92,14 @@ bool LineasCuenta::intacta() const {
 }
 
 void LineasCuenta::exija(const Rechazos& faltas) {
-    if (faltas.isEmpty())
-        return;
-    muestre_mensaje(faltas.first().texto);
+    if (!faltas.isEmpty())
+        rehuse(faltas.first().texto);
+}
+
+void LineasCuenta::rehuse(const QString& texto) {
+    if (al_rehusar)
+        al_rehusar();
+    muestre_mensaje(texto);
     throw EdicionAbortada();
 }
 
@@ -108,8 +113,8 @@ void LineasCuenta::ate_lados() {
             diferencia();
         };
     };
-    ate(lados_.debito, lados_.credito);
-    ate(lados_.credito, lados_.debito);
+    ate(n_.debito, n_.credito);
+    ate(n_.credito, n_.debito);
     detalle.AfterPost = [this] { actualice_sumas(); };
     detalle.AfterDelete = [this] { actualice_sumas(); };
 }
@@ -164,13 +169,13 @@ void LineasCuenta::vaya_a(qint64 numero, const QString& campo_item, const QStrin
 
 void LineasCuenta::sugiera_db_cr() {
     rejilla->escriba_pendiente();
-    for (const char* lado : {lados_.debito, lados_.credito})
+    for (const char* lado : {n_.debito, n_.credito})
         if (!vacio_o_cero(campo(lado)))
             return;
     detalle.Edit();
     const Lados cuadra = lados_que_cuadran(suma_debito(), suma_credito());
-    campo(lados_.debito) = cuadra.debito;
-    campo(lados_.credito) = cuadra.credito;
+    campo(n_.debito) = cuadra.debito;
+    campo(n_.credito) = cuadra.credito;
 }
 
 // ---------------------------------------------------------------- menú y recepción
@@ -222,9 +227,9 @@ void LineasCuenta::reciba(const CentroEscogido& escogido) {
         return;
     // El "?" que abrió la búsqueda no es un centro del proyecto que llega.
     prepare_recepcion();
-    campo("CENT_COD").limpie();
-    reciba("PROY_COD", escogido.proyecto_seleccion);
-    reciba("CENT_COD", escogido.centro_seleccion);
+    campo(n_.centro).limpie();
+    reciba(n_.proyecto, escogido.proyecto_seleccion);
+    reciba(n_.centro, escogido.centro_seleccion);
 }
 
 QString LineasCuenta::actual(const char* nombre) const {
@@ -240,17 +245,17 @@ Pantalla& LineasCuenta::pantalla() const {
 
 void LineasCuenta::escoja_cuenta(Libro plan, const QString& texto) {
     ::escoja_cuenta(
-        pantalla(), plan, texto, [this](const QString& cuenta) { reciba("CUEN_COD", cuenta); },
-        actual("CUEN_COD"));
+        pantalla(), plan, texto, [this](const QString& cuenta) { reciba(n_.cuenta, cuenta); },
+        actual(n_.cuenta));
 }
 
 void LineasCuenta::escoja_tercero(const QString& texto) {
     ::escoja_tercero(
-        pantalla(), texto, [this](const QString& nit) { reciba("TERC_NIT", nit); },
-        actual("TERC_NIT"));
+        pantalla(), texto, [this](const QString& nit) { reciba(n_.tercero, nit); },
+        actual(n_.tercero));
 }
 
 void LineasCuenta::escoja_centro() {
     ::escoja_centro(pantalla(), [this](const CentroEscogido& centro) { reciba(centro); },
-                    {actual("PROY_COD"), actual("CENT_COD")});
+                    {actual(n_.proyecto), actual(n_.centro)});
 }

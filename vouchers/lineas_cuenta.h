@@ -9,6 +9,7 @@
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QObject>
+#include <functional>
 
 class EditorNumero;
 class Pantalla;
@@ -16,16 +17,20 @@ class QLineEdit;
 class QMenu;
 struct CentroEscogido;
 
-/// Dónde lleva cada tabla los dos lados de la línea.
-struct LadosLinea {
+/// Cómo llama cada tabla lo que toda línea lleva.
+struct NombresLinea {
     const char *debito, *credito;
+    const char* cuenta = "CUEN_COD";
+    const char* tercero = "TERC_NIT";
+    const char* proyecto = "PROY_COD";
+    const char* centro = "CENT_COD";
 };
 
 class LineasCuenta : public QObject {
     Q_OBJECT
 public:
-    LineasCuenta(Libro libro, ConjuntoDatos& detalle, ConjuntoDatos& consulta, LadosLinea lados,
-                 QObject* dueno);
+    LineasCuenta(Libro libro, ConjuntoDatos& detalle, ConjuntoDatos& consulta,
+                 const NombresLinea& nombres, QObject* dueno);
 
     enum Columna { kCuenta, kTercero, kProyecto, kCentro };
 
@@ -36,8 +41,11 @@ public:
     EditorNumero *Sumadeb = nullptr, *SumCred = nullptr, *Difdeb = nullptr, *DifCred = nullptr;
     ContadorLineas contador;
 
+    /// La línea se va a rehusar: corre antes de decirlo.
+    std::function<void()> al_rehusar;
+
     /// Agregados de los dos lados, que las sumas leen por su nombre.
-    static void defina_sumas(ConjuntoDatos& detalle, LadosLinea lados);
+    static void defina_sumas(ConjuntoDatos& detalle, const NombresLinea& nombres);
     /// Caja de lectura para un nombre, fuera del recorrido de Tab.
     static QLineEdit* caja_de_nombre(const QString& componente);
 
@@ -49,8 +57,8 @@ public:
     void vacie_diferencias();
     void actualice_sumas();
     // De todas las líneas del comprobante, también las que un filtro oculta.
-    Moneda suma_debito() const { return detalle.agregado_total("Sumadebito").moneda(); }
-    Moneda suma_credito() const { return detalle.agregado_total("Sumacredito").moneda(); }
+    virtual Moneda suma_debito() const { return detalle.agregado_total("Sumadebito").moneda(); }
+    virtual Moneda suma_credito() const { return detalle.agregado_total("Sumacredito").moneda(); }
     bool sin_lineas() const { return detalle.filas_en_memoria() == 0; }
     /// Lleva el cursor a la línea de ese número, sin el filtro que la oculte, y a la celda.
     void vaya_a(qint64 numero, const QString& campo_item, const QString& celda);
@@ -79,10 +87,11 @@ public:
 
 protected:
     Campo& campo(const char* nombre) const { return detalle.FieldByName(QLatin1String(nombre)); }
-    QString cuenta() const { return campo("CUEN_COD").texto(); }
+    QString cuenta() const { return campo(n_.cuenta).texto(); }
     bool en_edicion() const { return detalle.editando(); }
     /// Deja en la consulta de la pantalla las columnas de la cuenta de la línea.
-    void consulte_cuenta(const char* columnas);
+    void consulte_cuenta(const char* columnas) { consulte_cuenta(columnas, tabla_atributos()); }
+    void consulte_cuenta(const char* columnas, const char* plan);
     /// "?" con texto: abre la búsqueda y lo que sigue al signo es lo buscado.
     bool busque_cuenta();
     bool busque_tercero();
@@ -93,7 +102,8 @@ protected:
     void ate_lados();
     void diferencia();
     /// Dice lo primero que falta y deja la línea en edición.
-    static void exija(const Rechazos& faltas);
+    void exija(const Rechazos& faltas);
+    [[noreturn]] void rehuse(const QString& texto);
     /// La cuenta de la línea, de la última consulta; lo que no se pidió queda vacío.
     AtributosCuenta atributos() const;
     /// Lo que la cuenta mira de la línea.
@@ -104,9 +114,7 @@ protected:
     Pantalla& pantalla() const;
 
     ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
-
-private:
-    const LadosLinea lados_;
+    const NombresLinea n_;
 };
 
 /// Sin valor, o cero escrito.

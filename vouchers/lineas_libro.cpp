@@ -9,13 +9,12 @@
 namespace {
 
 const CamposLinea kDeComprobante{
+    .linea = {.debito = "CODE_DEBITO", .credito = "CODE_CREDITO"},
     .item = "CODE_ITEM",
     .concepto = "CODE_CONCEPTO",
     .referencia = "CODE_REFER",
     .base = "CODE_BASE",
     .porcentaje = "CODE_PORC",
-    .debito = "CODE_DEBITO",
-    .credito = "CODE_CREDITO",
     .descontable = "CODE_DESCONTABLE",
     .concepto_encabezado = "ENCO_CONCEPTO",
     .referencia_encabezado = "ENCO_REFER",
@@ -35,18 +34,20 @@ struct Titulo {
 
 QVector<Titulo> titulos(const CamposLinea& c) {
     QVector<Titulo> t{
-        {"CUEN_COD", "Código", "Cuenta", 11, 0, ""},
-        {"TERC_NIT", "Tercero", "NIT", 13, 0, ""},
-        {"PROY_COD", "Proy", "Proy", 5, 0, ""},
-        {"CENT_COD", "Centro", "Centro", 6, 0, ""},
+        {c.linea.cuenta, "Código", "Cuenta", 11, 0, ""},
+        {c.linea.tercero, "Tercero", "NIT", 13, 0, ""},
+        {c.linea.proyecto, "Proy", "Proy", 5, 0, ""},
+        {c.linea.centro, "Centro", "Centro", 6, 0, ""},
         {c.concepto, "Concepto", "Concepto", 22, 0, ""},
-        {"CONC_COD", "Categoría", "Categoria", 8, 0, ""},
+        {c.categoria, "Categoría", "Categoria", 8, 0, ""},
         {c.referencia, "Ref.", "Referencia", 8, 0, ""},
         {c.base, "Base", "Base", 13, Suma, "#,###.00"},
         {c.porcentaje, "Porc.", "Porc.", 6, 0, "#,##0.####"},
-        {c.debito, "Débito", "Debito", 15, Suma, "#,###.00"},
-        {c.credito, "Crédito", "Crédito", 15, Suma, "#,###.00"},
+        {c.linea.debito, "Débito", "Debito", 15, Suma, "#,###.00"},
+        {c.linea.credito, "Crédito", "Crédito", 15, Suma, "#,###.00"},
     };
+    if (c.referencia_antes)
+        t.swapItemsAt(LineasLibro::kCategoria, LineasLibro::kReferencia);
     if (c.descontable)
         t.append({c.descontable, "Desc.", "Desc.", 5, Casilla, ""});
     return t;
@@ -62,14 +63,14 @@ LineasLibro::LineasLibro(Libro l, AnfitrionLineas& anfitrion, ConjuntoDatos& d,
 LineasLibro::LineasLibro(Libro l, const CamposLinea& campos, AnfitrionLineas& anfitrion,
                          ConjuntoDatos& d, ConjuntoDatos& consulta, MemoriasLinea& memorias,
                          const AjustesLinea& ajustes, QObject* dueno)
-    : LineasCuenta(l, d, consulta, {campos.debito, campos.credito}, dueno), c_(campos),
-      anfitrion_(anfitrion), memorias_(memorias), ajustes_(ajustes) {}
+    : LineasCuenta(l, d, consulta, campos.linea, dueno), c_(campos), anfitrion_(anfitrion),
+      memorias_(memorias), ajustes_(ajustes) {}
 
 LineasLibro::~LineasLibro() = default;
 
 void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
     defina_lineas(d, libro);
-    defina_sumas(d, {kDeComprobante.debito, kDeComprobante.credito});
+    defina_sumas(d, kDeComprobante.linea);
 }
 
 // ---------------------------------------------------------------- disposición
@@ -133,14 +134,20 @@ QWidget* LineasLibro::construya_pagina() {
 }
 
 void LineasLibro::ate_eventos() {
-    campo("CUEN_COD").OnChange = [this](Campo&) { cuenta_cambiada(); };
-    campo("TERC_NIT").OnChange = [this](Campo&) { tercero_cambiado(); };
-    campo("PROY_COD").OnChange = [this](Campo&) { validar_centro(); };
-    campo("CENT_COD").OnChange = [this](Campo&) { centro_cambiado(); };
-    campo("CONC_COD").OnChange = [this](Campo&) { categoria_cambiada(); };
-    campo("ARTI_COD").OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
+    campo(n_.cuenta).OnChange = [this](Campo&) { cuenta_cambiada(); };
+    campo(n_.tercero).OnChange = [this](Campo&) { tercero_cambiado(); };
+    campo(n_.proyecto).OnChange = [this](Campo&) { validar_centro(); };
+    campo(n_.centro).OnChange = [this](Campo&) { centro_cambiado(); };
+    campo(c_.categoria).OnChange = [this](Campo&) { categoria_cambiada(); };
+    campo(c_.articulo).OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
     campo(c_.base).OnChange = [this](Campo&) { base_cambiada(); };
     campo(c_.porcentaje).OnChange = [this](Campo&) { porcentaje_cambiado(); };
+    if (c_.comilla_en_celda) {
+        campo(c_.concepto).OnChange = [this](Campo& c) { repita(c, memorias_.concepto_anterior); };
+        campo(c_.referencia).OnChange = [this](Campo& c) {
+            repita(c, memorias_.referencia_anterior);
+        };
+    }
     ate_lados();
     detalle.BeforePost = [this] { BeforePost(); };
     detalle.AfterInsert = [this] { AfterInsert(); };
@@ -165,7 +172,7 @@ void LineasLibro::saldo(EditorNumero* caja, const char* procedimiento,
 // ---------------------------------------------------------------- columnas
 
 void LineasLibro::ColEnter(int columna) {
-    if (cuenta().isEmpty())
+    if (c_.columnas_libres || cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
     abra_o_cierre(columna);
@@ -199,7 +206,8 @@ void LineasLibro::ColExit(int columna) {
     case kReferencia:
         if (en_edicion() && campo(c_.referencia).vacio())
             campo(c_.referencia) =
-                referencia_al_dejarla({}, e.FieldByName(c_.referencia_encabezado).texto());
+                referencia_al_dejarla({}, e.FieldByName(c_.referencia_encabezado).texto())
+                    .left(campo(c_.referencia).Size);
         break;
     default:
         comilla_de_referencia();
@@ -217,17 +225,17 @@ void LineasLibro::cuenta_cambiada() {
     if (cuenta().isEmpty() || busque_cuenta())
         return;
     validar_cuenta();
-    if (!campo("TERC_NIT").vacio())
+    if (!c_.completa_con_la_cuenta || !campo(n_.tercero).vacio())
         return;
     consulte_cuenta("CUEN_TERCERO");
     complete_tercero();
 }
 
 void LineasLibro::complete_tercero() {
-    const QString nit = campo("TERC_NIT").texto();
+    const QString nit = campo(n_.tercero).texto();
     const QString queda = tercero_al_dejarlo(nit, atributos(), memorias_);
     if (nit != queda)
-        campo("TERC_NIT") = queda;
+        campo(n_.tercero) = queda;
 }
 
 void LineasLibro::validar_cuenta() {
@@ -236,7 +244,7 @@ void LineasLibro::validar_cuenta() {
         return;
     if (!fdmcnt().valide_cuenta(texto, libro)) {
         if (en_edicion())
-            campo("CUEN_COD").limpie();
+            campo(n_.cuenta).limpie();
         return;
     }
     NomCuenta->setText(fdmcnt().nom_cuenta(texto, libro));
@@ -244,13 +252,20 @@ void LineasLibro::validar_cuenta() {
         saldo(ESaldocta, "saldo_cuenta_mes", {QuotedStr(texto)});
 }
 
+void LineasLibro::repita(Campo& celda, const QString& anterior) {
+    if (es_repeticion(celda.texto()) && !es_repeticion(anterior))
+        celda = anterior;
+}
+
 void LineasLibro::tercero_cambiado() {
-    if (!busque_tercero())
+    if (c_.comilla_en_celda && es_repeticion(campo(n_.tercero).texto()))
+        campo(n_.tercero) = memorias_.tercero_anterior;
+    else if (!busque_tercero())
         validar_tercero();
 }
 
 void LineasLibro::validar_tercero() {
-    const QString nit = campo("TERC_NIT").texto();
+    const QString nit = campo(n_.tercero).texto();
     if (nit.isEmpty())
         return;
     const QString nombre = fdmter().nom_tercero(nit);
@@ -258,9 +273,9 @@ void LineasLibro::validar_tercero() {
     if (nombre.isEmpty()) {
         if (pregunte("Tercero no encontrado. Desea crearlo?")) {
             cree_tercero(pantalla(), nit,
-                         [this](const QString& creado) { reciba("TERC_NIT", creado); });
+                         [this](const QString& creado) { reciba(n_.tercero, creado); });
         } else if (en_edicion()) {
-            campo("TERC_NIT").limpie();
+            campo(n_.tercero).limpie();
         }
     } else if (ajustes_.mostrar_saldo) {
         saldo(ESaldoter, "saldo_tercero_mes", {QuotedStr(cuenta()), QuotedStr(nit)});
@@ -273,7 +288,7 @@ void LineasLibro::centro_cambiado() {
 }
 
 void LineasLibro::validar_centro() {
-    const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
+    const QString proyecto = campo(n_.proyecto).texto(), centro = campo(n_.centro).texto();
     if (proyecto.isEmpty() || centro.isEmpty())
         return;
     NomProy->setText(fdmcnt().nom_centro(proyecto));
@@ -288,7 +303,7 @@ void LineasLibro::validar_centro() {
     }
     if (!fdmcnt().valide_centro(proyecto, centro)) {
         if (en_edicion())
-            campo("CENT_COD").limpie();
+            campo(n_.centro).limpie();
     } else if (ajustes_.mostrar_saldo) {
         saldo(ESaldocent, "saldo_centro_mes",
               {QuotedStr(cuenta()), QuotedStr(proyecto), QuotedStr(centro)});
@@ -296,23 +311,24 @@ void LineasLibro::validar_centro() {
 }
 
 void LineasLibro::categoria_cambiada() {
-    const QString codigo = campo("CONC_COD").texto();
+    const QString codigo = campo(c_.categoria).texto();
     if (codigo.isEmpty())
         return;
     if (const auto rechazo = revise_categoria(detalle.conexion(), libro, codigo)) {
         muestre_mensaje(rechazo->texto);
-        campo("CONC_COD").limpie();
+        campo(c_.categoria).limpie();
     }
 }
 
 void LineasLibro::base_cambiada() {
     if (!en_edicion() || cuenta().isEmpty())
         return;
-    consulte_cuenta("CUEN_BASEMIN, CUEN_PORC");
+    consulte_tarifa("CUEN_BASEMIN, CUEN_PORC");
     const Moneda minimo = consulta_.Fields(0).moneda(), tarifa = consulta_.Fields(1).moneda();
-    const auto sugerido =
-        porcentaje_sugerido(campo(c_.base).moneda(), campo(c_.porcentaje).moneda(), minimo, tarifa);
-    if (sugerido && !consulta_.IsEmpty()) {
+    const Moneda base = campo(c_.base).moneda();
+    const auto sugerido = porcentaje_sugerido(base, campo(c_.porcentaje).moneda(), minimo, tarifa);
+    const bool alcanza = !c_.base_con_signo || minimo <= base;
+    if (sugerido && alcanza && !consulta_.IsEmpty()) {
         const QScopedValueRollback<bool> guarda(sugiriendo_, true);
         campo(c_.porcentaje) = *sugerido;
         if (!confirme_porcentaje())
@@ -324,6 +340,13 @@ void LineasLibro::base_cambiada() {
 void LineasLibro::porcentaje_cambiado() {
     if (en_edicion() && !sugiriendo_ && confirme_porcentaje())
         aplique_porcentaje(tarifa_de_la_cuenta());
+}
+
+void LineasLibro::consulte_tarifa(const char* columnas) {
+    if (c_.tarifa_del_2649)
+        consulte_cuenta(columnas, datos(Libro::Decreto2649).cuentas);
+    else
+        consulte_cuenta(columnas);
 }
 
 bool LineasLibro::confirme_porcentaje() {
@@ -338,7 +361,7 @@ bool LineasLibro::confirme_porcentaje() {
 Moneda LineasLibro::tarifa_de_la_cuenta() {
     if (campo(c_.base).moneda().es_cero() || cuenta().isEmpty())
         return {};
-    consulte_cuenta("CUEN_PORC");
+    consulte_tarifa("CUEN_PORC");
     return consulta_.Fields(0).moneda();
 }
 
@@ -347,8 +370,8 @@ void LineasLibro::aplique_porcentaje(Moneda tarifa_cuenta) {
     // La columna guarda menos decimales que la tarifa: el valor es el de la tarifa entera.
     const Moneda tarifa = tarifa_plena(porcentaje.moneda(), tarifa_cuenta, porcentaje.Size);
     if (const auto lados = lados_de_retencion(campo(c_.base).moneda(), tarifa, digito())) {
-        campo(c_.debito) = lados->debito;
-        campo(c_.credito) = lados->credito;
+        campo(n_.debito) = lados->debito;
+        campo(n_.credito) = lados->credito;
     }
 }
 
@@ -367,16 +390,22 @@ void LineasLibro::AfterInsert() {
 }
 
 void LineasLibro::BeforePost() {
+    const bool sin_valor = vacio_o_cero(campo(n_.debito)) && vacio_o_cero(campo(n_.credito));
     if (cuenta().isEmpty()) {
+        if (c_.exige_valor && !sin_valor)
+            rehuse(QStringLiteral("Debe indicar una cuenta para el movimiento."));
         detalle.Cancel();
         throw EdicionAbortada();
     }
-    recuerde(es_niif(libro) ? propias_ : memorias_, linea(),
+    recuerde(es_niif(libro) && !c_.memoria_comun ? propias_ : memorias_, linea(),
              siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio());
-    if (replicando || intacta())
+    if (replicando || (!c_.exige_valor && intacta()))
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
     exija(faltas_de_linea(linea(), atributos()));
+    if (c_.exige_valor && sin_valor && !consulta_.IsEmpty())
+        rehuse("Debe indicar un valor débito o crédito para la cuenta " + cuenta() +
+               " o eliminar el registro completo.");
 }
 
 LineaComprobante LineasLibro::linea() const {
@@ -391,21 +420,45 @@ LineaComprobante LineasLibro::linea() const {
 void LineasLibro::AfterScroll() {
     if (!anfitrion_.encabezado_posteado())
         return;
+    if (c_.solo_nombres) {
+        muestre_nombres();
+        if (!cuenta().isEmpty() || !campo(n_.tercero).vacio())
+            detalle.Edit();
+        actualice_sumas();
+        return;
+    }
     if (cuenta().isEmpty()) {
         NomCuenta->clear();
     } else {
         detalle.Edit();
         validar_cuenta();
     }
-    if (campo("TERC_NIT").vacio())
+    if (campo(n_.tercero).vacio())
         NomTerc->clear();
     else
         validar_tercero();
-    if (campo("PROY_COD").vacio() || campo("CENT_COD").vacio()) {
+    if (campo(n_.proyecto).vacio() || campo(n_.centro).vacio()) {
         NomProy->clear();
         NomCent->clear();
     } else {
         validar_centro();
     }
     actualice_sumas();
+}
+
+void LineasLibro::muestre_nombres() {
+    const QString nit = campo(n_.tercero).texto(), proyecto = campo(n_.proyecto).texto();
+    const auto nombre = [this](const char* columna, const char* tabla, const char* llave,
+                               const QString& codigo) {
+        return codigo.isEmpty() ? QString()
+                                : consulta_
+                                      .valor_unico(QStringLiteral("select %1 from %2 where %3 = ")
+                                                       .arg(columna, tabla, llave) +
+                                                   QuotedStr(codigo))
+                                      .texto();
+    };
+    NomCuenta->setText(nombre("cuen_nom", datos(libro).cuentas, "cuen_cod", cuenta()));
+    NomTerc->setText(nombre("terc_nom", "terceros", "terc_nit", nit));
+    NomProy->setText(nombre("proy_nom", "proyectos", "proy_cod", proyecto));
+    NomCent->setText(nombre_de_centro(detalle.conexion(), proyecto, campo(n_.centro).texto()));
 }

@@ -18,14 +18,29 @@ struct AjustesLinea : AjustesLibro {
     bool filtra_centros = false; ///< solo lo mira el validador de centros NIIF
 };
 
-/// Nombres de las columnas y controles de unas líneas: las de un comprobante o las de una
-/// plantilla.
+/// Nombres de las columnas y controles de unas líneas, y en qué se apartan sus reglas: las de un
+/// comprobante, las de una plantilla o las de una propuesta.
 struct CamposLinea {
-    const char *item, *concepto, *referencia, *base, *porcentaje, *debito, *credito;
-    const char* descontable; ///< nulo: las líneas no lo llevan
+    NombresLinea linea;
+    const char *item, *concepto, *referencia, *base, *porcentaje;
+    const char* categoria = "CONC_COD";
+    const char* articulo = "ARTI_COD";
+    const char* descontable = nullptr; ///< nulo: las líneas no lo llevan
     const char *concepto_encabezado, *referencia_encabezado;
     const char *dif_debito, *dif_credito, *dif_debito_niif, *dif_credito_niif;
-    bool con_saldos; ///< muestra los saldos junto a los nombres
+    bool con_saldos = false; ///< muestra los saldos junto a los nombres
+    /// La rejilla trae la referencia antes que la categoría; las reglas siguen en su columna.
+    bool referencia_antes = false;
+    bool columnas_libres = false; ///< ninguna columna se cierra por lo que la cuenta no lleva
+    bool comilla_en_celda =
+        false;                    ///< la comilla vale en tercero, concepto y referencia, al digitar
+    bool memoria_comun = false;   ///< los dos libros recuerdan en la misma memoria
+    bool tarifa_del_2649 = false; ///< base mínima y tarifa salen del plan 2649 en los dos libros
+    bool base_con_signo = false;  ///< una base negativa nunca llega al mínimo
+    bool exige_valor = false;     ///< sin débito ni crédito, o sin cuenta y con ellos, no entra
+    bool solo_nombres = false;    ///< al pasar por la línea no se valida: se muestran los nombres
+    /// El tercero que la cuenta pide se completa al escogerla, sin esperar a dejar su celda.
+    bool completa_con_la_cuenta = true;
 };
 
 /// Lo que la línea pide a la pantalla que la aloja.
@@ -99,17 +114,22 @@ protected:
     virtual Moneda tarifa_de_la_cuenta();
     void aplique_porcentaje(Moneda tarifa_cuenta);
     LineaComprobante linea() const override;
+    /// Nombres de lo que la línea tiene, sin validarlo.
+    void muestre_nombres();
+    const AjustesLinea& ajustes() const { return ajustes_; }
 
     const CamposLinea& c_;
 
 private:
     void saldo(EditorNumero* caja, const char* procedimiento, const QStringList& argumentos);
     void cuenta_cambiada();
+    void repita(Campo& celda, const QString& anterior);
     void complete_tercero();
     void tercero_cambiado();
     void centro_cambiado();
     void categoria_cambiada();
     void porcentaje_cambiado();
+    void consulte_tarifa(const char* columnas);
     bool confirme_porcentaje();
     void ColEnter(int columna);
     void ColExit(int columna);

@@ -6,13 +6,12 @@
 namespace {
 
 const CamposLinea kDePlantilla{
+    .linea = {.debito = "PLDE_DEBITOS", .credito = "PLDE_CREDITOS"},
     .item = "PLDE_ITEM",
     .concepto = "PLDE_CONCEPTO",
     .referencia = "PLDE_REFER",
     .base = "PLDE_BASE",
     .porcentaje = "PLDE_PORC",
-    .debito = "PLDE_DEBITOS",
-    .credito = "PLDE_CREDITOS",
     .descontable = nullptr,
     .concepto_encabezado = "PLAN_CONCEPTO",
     .referencia_encabezado = "PLAN_REFER",
@@ -20,7 +19,6 @@ const CamposLinea kDePlantilla{
     .dif_credito = "DifCred",
     .dif_debito_niif = "DifDebN",
     .dif_credito_niif = "DifCredN",
-    .con_saldos = false,
 };
 
 EditorDato* solo_muestra(ConjuntoDatos& detalle, const char* campo) {
@@ -55,7 +53,7 @@ void LineasPlantilla::defina_campos(ConjuntoDatos& d) {
     d.texto("CONC_COD", 4);
     d.calculado("ArtiDes", ClaseCampo::Texto, 60);
     d.calculado("CateNom", ClaseCampo::Texto, 60);
-    defina_sumas(d, {kDePlantilla.debito, kDePlantilla.credito});
+    defina_sumas(d, kDePlantilla.linea);
 }
 
 void LineasPlantilla::complete(Formulario& f) {
@@ -69,7 +67,7 @@ const char* LineasPlantilla::tabla_atributos() const {
 
 void LineasPlantilla::AfterInsert() {
     campo(c_.item) = contador.siguiente();
-    for (const char* monto : {c_.debito, c_.credito, c_.base, c_.porcentaje})
+    for (const char* monto : {n_.debito, n_.credito, c_.base, c_.porcentaje})
         campo(monto) = Moneda();
     vacie_nombres();
 }

@@ -4,13 +4,13 @@
 
 namespace {
 
-constexpr LadosLinea kLados{"SAIN_DEBITO", "SAIN_CREDITO"};
+constexpr NombresLinea kNombres{.debito = "SAIN_DEBITO", .credito = "SAIN_CREDITO"};
 
 } // namespace
 
 LineasSaldos::LineasSaldos(ConjuntoDatos& saldos, ConjuntoDatos& consulta, QObject* dueno)
-    : LineasCuenta(Libro::Decreto2649, saldos, consulta, kLados, dueno) {
-    defina_sumas(saldos, kLados);
+    : LineasCuenta(Libro::Decreto2649, saldos, consulta, kNombres, dueno) {
+    defina_sumas(saldos, kNombres);
 }
 
 QWidget* LineasSaldos::construya_pagina() {

@@ -6,6 +6,7 @@
 #include "vouchers/tfbuscplanillasd.h"
 #include "vouchers/tfbuscplantilla.h"
 #include "vouchers/tfcomproterc.h"
+#include "vouchers/tfcontabiliza.h"
 #include "vouchers/tfedtformato.h"
 #include "vouchers/tfedtmovimien.h"
 #include "vouchers/tfedtplantilla.h"
@@ -28,6 +29,7 @@ void registre_pantallas_comprobantes() {
     pantallas().registre("TFmoverforma", [] { return new TFmoverforma; });
     pantallas().registre("Tfbuscomproba", [] { return new Tfbuscomproba; });
     pantallas().registre("Tfcomproterc", [] { return new Tfcomproterc; });
+    pantallas().registre("Tfcontabiliza", [] { return new Tfcontabiliza; });
     pantallas().registre("Tfbuscplantilla", [] { return new Tfbuscplantilla; });
     pantallas().registre("Tfplantilla", [] { return new Tfplantilla; });
     pantallas().registre("Tfedtplantilla", [] { return new Tfedtplantilla; });

@@ -9,6 +9,12 @@
 
 /// El control con foco. El monitor de las pruebas no devuelve la activación al cerrarse un diálogo.
 inline QWidget* con_foco() {
+    // Debajo de un modal ninguna otra ventana atiende.
+    if (QWidget* modal = QApplication::activeModalWidget();
+        modal && !QApplication::activeWindow()) {
+        modal->activateWindow();
+        (void)QTest::qWaitForWindowActive(modal);
+    }
     for (QWidget* w : QApplication::topLevelWidgets())
         if (!QApplication::activeWindow() && w->isVisible()) {
             w->activateWindow();

@@ -130,8 +130,8 @@ private:
     ResultadoHerramienta ordene(const QStringList& argumentos) {
         base().desconectar();
         base_->general().desconectar();
-        return administre(argumentos + QStringList{"--ubicacion", base_->ruta(), "--usuario",
-                                                   "ADMIN", "--compania", "001"});
+        return administre(argumentos +
+                          QStringList{"--ubicacion", base_->ruta(), "--compania", "001"});
     }
     ResultadoHerramienta cargue(const QString& orden, const QString& texto) {
         return ordene({orden, "--cargar", archivo(orden + ".txt", texto)});
