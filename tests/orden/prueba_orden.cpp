@@ -485,7 +485,7 @@ void PruebaOrden::los_renglones_caben_en_cien_columnas() {
 
 void PruebaOrden::el_producto_habla_solo_de_si_mismo() {
     static const QRegularExpression ajeno(QString("\\bPar") + "te?s? [0-9]+\\.[0-9]|spec" +
-                                              "\\.md|\\bspec" + "ification|\\.\\./sha" + "red|/wo" +
+                                              "\\.md|\\bspec" + "ification(?!:ubl)|\\.\\./sha" + "red|/wo" +
                                               "rk/|/fa" + "rm/",
                                           QRegularExpression::NoPatternOption);
     SIN_FALTAS(faltas(siempre,
