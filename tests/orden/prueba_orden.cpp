@@ -238,9 +238,9 @@ const QStringList kPiezas{
     // trozos de consulta ya compuestos
     "sql", "base", "base_", "orden", "antes", "despues", "partes", "condicion_de_tipo",
     "dentro_del_rango", "de_la_llave", "condicion", "nombres_de", "clave", "marcas", "componga",
-    "valor_sql", "codigo_usuario",
+    "valor_sql", "codigo_usuario", "bandera", "ano_y_periodo",
     // cifras del programa
-    "periodo_actual", "ano_saldos", "mes_saldos"};
+    "periodo_actual", "ano_saldos", "mes_saldos", "mes", "nivel"};
 
 /// Los que ponen las comillas, y la gramática de los filtros, que no llega a la base.
 const QStringList kCompositores{"datos/firebird/valor.cpp", "datos/recordset/condicion.cpp",

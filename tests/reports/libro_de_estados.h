@@ -1,6 +1,7 @@
 #pragma once
 // Un libro cuadrado al azar de tres años, con saldos iniciales, ajustes, cierre, diez niveles de
 // cuentas y cifras distintas en los dos libros; y las mismas sumas hechas por fuera, línea a línea.
+#include "apoyo/azar_de_prueba.h"
 #include "ledger/libro_al_azar.h"
 
 #include <functional>
@@ -88,7 +89,7 @@ inline void cierre_libro(Conexion& base, int ano, int id) {
 
 /// El primer año queda cerrado; los otros, no.
 inline void arme_libro_de_estados(Conexion& base, quint32 semilla) {
-    QRandomGenerator azar(semilla);
+    QRandomGenerator azar = azar_de_prueba(semilla);
     agregue_niveles(base);
     for (int libro : {0, 1}) {
         int item = 0;

@@ -540,8 +540,10 @@ void PruebaImpresion::la_masiva_imprime_un_rango_en_un_solo_trabajo() {
     f = s.abra<Tfimprmascomproba>("Tfimprmascomproba");
     escoja();
     Interlocutor i;
-    i.espere_modal("OpcionesImpresion",
-                   [](QWidget* w) { w->findChild<QPushButton*>("ok")->click(); });
+    i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+        w->findChild<QRadioButton*>("a_vista")->click(); // se propone el destino del anterior
+        w->findChild<QPushButton*>("ok")->click();
+    });
     for (int n = 0; n < 2; ++n)
         i.espere("No se encontró el formato de impresión para el comprobante CG");
     oprima(Qt::Key_F2);
