@@ -1,6 +1,6 @@
 // bench [medida ...]: apertura, guardado, celdas, pegado, plan, balance, auxiliar, lista, informe,
-// masiva, estados; sin argumentos, todas. Cada una corre en un proceso propio: su memoria máxima es
-// la suya. Sale con 1 si alguna no cumple.
+// masiva, estados, terceros; sin argumentos, todas. Cada una corre en un proceso propio: su memoria
+// máxima es la suya. Sale con 1 si alguna no cumple.
 #include "bench/medidas.h"
 #include "datos/firebird/errores.h"
 
@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
         {"apertura", mida_apertura}, {"guardado", mida_guardado}, {"celdas", mida_celdas},
         {"pegado", mida_pegado},     {"plan", mida_plan},         {"balance", mida_balance},
         {"auxiliar", mida_auxiliar}, {"lista", mida_lista},       {"informe", mida_informe},
-        {"masiva", mida_masiva},     {"estados", mida_estados},
+        {"masiva", mida_masiva},     {"estados", mida_estados},   {"terceros", mida_terceros},
     };
     const QStringList pedidas = aplicacion.arguments().mid(1);
     if (pedidas.size() != 1) {

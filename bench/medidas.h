@@ -38,3 +38,4 @@ void mida_lista();
 void mida_informe();
 void mida_masiva();
 void mida_estados();
+void mida_terceros();
