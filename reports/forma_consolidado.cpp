@@ -166,10 +166,11 @@ void FormaConsolidado::diga_lo_omitido(const QVector<std::pair<QString, Moneda>>
     }
     if (cuentas > 0)
         fdm().mostrar_advertencia(
-            QStringLiteral("Sin consolidar: %1 cuentas que solo tiene la compañía %2, con saldos "
-                           "por %3 al débito y %4 al crédito.")
-                .arg(cuentas)
-                .arg(CodCia1->text().trimmed(), debito.formateada(), credito.formateada()));
+            QStringLiteral("Sin consolidar: %1 que solo tiene la compañía %2, con saldos por %3 al "
+                           "débito y %4 al crédito.")
+                .arg(cuentas == 1 ? QStringLiteral("una cuenta")
+                                  : QStringLiteral("%1 cuentas").arg(cuentas),
+                     CodCia1->text().trimmed(), debito.formateada(), credito.formateada()));
 }
 
 void FormaConsolidado::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
