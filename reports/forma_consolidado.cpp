@@ -94,6 +94,7 @@ void FormaConsolidado::CodCia1Exit() {
 void FormaConsolidado::diga(const QString& texto) {
     Panel5->setText(texto);
     Panel5->adjustSize();
+    Panel5->move((width() - Panel5->width()) / 2, (height() - Panel5->height()) / 2);
     Panel5->show();
     Panel5->raise();
     Panel5->repaint();
@@ -136,12 +137,19 @@ void FormaConsolidado::despues_de_abrir() {
 
 void FormaConsolidado::sume_destino() {
     QVector<std::pair<QString, Moneda>> omitidas;
+    // Las filas no cambian de lugar al sumarse: se buscan todas en una pasada.
+    QHash<QString, int> lugares;
+    const Campo& codigo_propio = CAuxiliar.FieldByName("CODIGO");
+    for (int fila = 0; fila < CAuxiliar.RecordCount(); ++fila)
+        lugares.insert(CAuxiliar.valor_en(fila, codigo_propio).texto(), fila);
     for (CDestino.First(); !CDestino.Eof(); CDestino.Next()) {
         const QString codigo = CDestino.FieldByName("CODIGO").texto();
-        if (!CAuxiliar.Locate("CODIGO", {codigo})) {
+        const int lugar = lugares.value(codigo, -1);
+        if (lugar < 0) {
             omitidas.append({codigo, CDestino.FieldByName("FINAL").moneda()});
             continue;
         }
+        CAuxiliar.vaya_a(lugar);
         CAuxiliar.Edit();
         for (const char* columna : kSumadas) {
             Campo& campo = CAuxiliar.FieldByName(QLatin1String(columna));
