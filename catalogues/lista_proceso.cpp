@@ -116,10 +116,10 @@ QString ListaProceso::compone_query() const {
         if (texto.isEmpty())
             continue;
         const DatosLista::Filtro& f = datos_.filtros[i];
-        sql += conector +
-               (f.desde ? f.columna + (" >= " + QuotedStr(QString(texto).remove('/')))
-                        : condicion_contiene(f.columna, texto)) +
-               ' ';
+        const QString condicion =
+            f.desde ? f.columna + QStringLiteral(" >= ") + QuotedStr(QString(texto).remove('/'))
+                    : condicion_contiene(f.columna, texto);
+        sql += conector + condicion + ' ';
         conector = "and ";
     }
     return sql;

@@ -126,17 +126,12 @@ void Tfejecutaregiauto::SBGrabarClick() {
     if (!siga_aunque_ya_se_hizo())
         return;
     const CursorPeriodo p = fdmcnt().cursor();
-    const QString sql = "select * from registre_regiauto(" +
-                        QStringList{QuotedStr(registro_),
-                                    QuotedStr(QString::number(p.ano)),
-                                    QString::number(p.numero()),
-                                    EDia->text(),
-                                    QuotedStr(campo("ENCO_NUMERO").texto()),
-                                    campo("PORC").moneda().texto(),
-                                    QuotedStr(campo("CONCEPTO").texto()),
-                                    QuotedStr(campo("REFERENCIA").texto())}
-                            .join(',') +
-                        ')';
+    const QString sql =
+        "select * from registre_regiauto(" + QuotedStr(registro_) + ',' +
+        QuotedStr(QString::number(p.ano)) + ',' + QString::number(p.numero()) + ',' +
+        QString::number(EDia->text().toInt()) + ',' + QuotedStr(campo("ENCO_NUMERO").texto()) +
+        ',' + QuotedStr(campo("PORC").moneda().texto()) + ',' +
+        QuotedStr(campo("CONCEPTO").texto()) + ',' + QuotedStr(campo("REFERENCIA").texto()) + ')';
     QString id;
     {
         const AvisoTrabajo aviso(this, "Haciendo el comprobante...");

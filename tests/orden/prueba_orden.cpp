@@ -235,6 +235,7 @@ const QStringList kPiezas{
     "tabla", "tablas", "columna", "columnas", "columna_activo", "columna_tipo", "FieldName",
     "sufijo", "detalle", "cuentas", "plantilla_detalle", "tabla_atributos", "procedimiento",
     "valide_cuenta", "lista_en_uso", "numero", "prefijo", "id", "id_", "saldo",
+    "llave", "item",
     // trozos de consulta ya compuestos
     "sql", "base", "base_", "orden", "antes", "despues", "partes", "condicion_de_tipo",
     "dentro_del_rango", "de_la_llave", "condicion", "nombres_de", "clave", "marcas", "componga",
@@ -247,7 +248,6 @@ const QStringList kCompositores{"datos/firebird/valor.cpp", "datos/recordset/con
                                 "datos/recordset/expresion.cpp"};
 /// Por mendar, archivo y operando: la lista solo puede acortarse.
 const QStringList kPegados{
-    "catalogues/tfdocsterc.cpp CDocs->FieldByName(\"…\").texto()",
     "catalogues/tfnormacuenta.cpp CAuxiliar->FieldByName(\"…\").texto()",
     "herramientas/verificacion.cpp QLatin1String(libro[1])",
     "sesion/tfdm.cpp valor",
