@@ -15,10 +15,12 @@ int main(int argc, char** argv) {
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QApplication aplicacion(argc, argv);
     const QList<std::pair<QString, void (*)()>> medidas{
-        {"apertura", mida_apertura}, {"guardado", mida_guardado}, {"celdas", mida_celdas},
-        {"pegado", mida_pegado},     {"plan", mida_plan},         {"balance", mida_balance},
-        {"auxiliar", mida_auxiliar}, {"lista", mida_lista},       {"informe", mida_informe},
-        {"masiva", mida_masiva},
+        {"apertura", mida_apertura}, {"guardado", mida_guardado},
+        {"celdas", mida_celdas},     {"pegado", mida_pegado},
+        {"plan", mida_plan},         {"balance", mida_balance},
+        {"auxiliar", mida_auxiliar}, {"lista", mida_lista},
+        {"informe", mida_informe},   {"masiva", mida_masiva},
+        {"cierre", mida_cierre},     {"depreciacion", mida_depreciacion},
     };
     const QStringList pedidas = aplicacion.arguments().mid(1);
     if (pedidas.size() != 1) {

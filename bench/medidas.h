@@ -37,3 +37,5 @@ void mida_auxiliar();
 void mida_lista();
 void mida_informe();
 void mida_masiva();
+void mida_cierre();
+void mida_depreciacion();

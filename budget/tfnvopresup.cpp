@@ -159,9 +159,10 @@ void Tfnvopresup::SpeedButton2Click() {
     if (!pregunte("Se borrará el presupuesto previamente digitado para este mes. Continuar?"))
         return;
     const Moneda crecimiento = ECrecimiento->valor();
+    const int mes = LMes->currentIndex() + 1;
     QMap<QString, std::array<Moneda, 2>> copiadas;
     CBorrar.Open("select cuen_cod, pres_debito, pres_credito from presupuesto" +
-                 del_mes(EAnoOrigen->value(), LMes->currentIndex() + 1));
+                 del_mes(EAnoOrigen->value(), mes));
     const auto crecido = [&](int columna) {
         const Moneda valor = CBorrar.Fields(columna).moneda();
         return valor + Moneda::porcentaje(valor, crecimiento);

@@ -94,9 +94,10 @@ void Tfejecutaregiauto::prefijo_cambiado() {
 
 void Tfejecutaregiauto::SBVistaClick() {
     const CursorPeriodo p = fdmcnt().cursor();
+    const QString porcentaje = QuotedStr(campo("PORC").moneda().texto());
     CVista.Open("select * from lineas_regiauto(" + QuotedStr(registro_) + ',' +
                 QuotedStr(QString::number(p.ano)) + ',' + QString::number(p.numero()) + ',' +
-                campo("PORC").moneda().texto() + ") order by orden");
+                porcentaje + ") order by orden");
 }
 
 bool Tfejecutaregiauto::siga_aunque_ya_se_hizo() {

@@ -239,7 +239,7 @@ const QStringList kPiezas{
     // trozos de consulta ya compuestos
     "sql", "base", "base_", "orden", "antes", "despues", "partes", "condicion_de_tipo",
     "dentro_del_rango", "de_la_llave", "condicion", "nombres_de", "clave", "marcas", "componga",
-    "valor_sql", "codigo_usuario",
+    "valor_sql", "codigo_usuario", "del_mes",
     // cifras del programa
     "periodo_actual", "ano_saldos", "mes_saldos"};
 
