@@ -12,7 +12,7 @@ foto conceptos_automaticos 0.8
 teclas F4
 foto concepto_automatico 1
 teclas Escape Escape Escape
-teclas End F6
+teclas Down Down F6
 escriba "Provisión de cartera del mes"
 teclas F5
 foto vista_previa_del_registro 1
@@ -20,7 +20,7 @@ teclas F2
 foto comprobante_del_registro 1.5
 teclas Escape
 espere 0.5
-teclas Escape
+teclas Escape Escape
 
 # Los cierres: su lista y su formulario.
 teclas shift+F4
