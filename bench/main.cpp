@@ -1,7 +1,6 @@
 // bench [medida ...]: apertura, guardado, celdas, pegado, plan, balance, auxiliar, lista, informe,
-// masiva; sin
-// argumentos, todas. Cada una corre en un proceso propio: su memoria máxima es la suya. Sale con 1
-// si alguna no cumple.
+// masiva, medio; sin argumentos, todas. Cada una corre en un proceso propio: su memoria máxima es
+// la suya. Sale con 1 si alguna no cumple.
 #include "bench/medidas.h"
 #include "datos/firebird/errores.h"
 
@@ -18,7 +17,7 @@ int main(int argc, char** argv) {
         {"apertura", mida_apertura}, {"guardado", mida_guardado}, {"celdas", mida_celdas},
         {"pegado", mida_pegado},     {"plan", mida_plan},         {"balance", mida_balance},
         {"auxiliar", mida_auxiliar}, {"lista", mida_lista},       {"informe", mida_informe},
-        {"masiva", mida_masiva},
+        {"masiva", mida_masiva},     {"medio", mida_medio},
     };
     const QStringList pedidas = aplicacion.arguments().mid(1);
     if (pedidas.size() != 1) {

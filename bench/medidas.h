@@ -37,3 +37,4 @@ void mida_auxiliar();
 void mida_lista();
 void mida_informe();
 void mida_masiva();
+void mida_medio();
