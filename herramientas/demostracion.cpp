@@ -4,6 +4,7 @@
 #include "herramientas/demo_ano.h"
 #include "herramientas/demo_documentos.h"
 #include "herramientas/demo_formatos.h"
+#include "herramientas/demo_impuestos.h"
 
 namespace {
 
@@ -37,6 +38,7 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
     const CatalogosDemo catalogos = siembre_catalogos(compania);
     AnoDemo ano(compania, catalogos, opciones.semilla, opciones.ano);
     siembre_formatos(compania);
+    siembre_impuestos(compania, opciones.ano);
     ano.abra();
     const qint64 milesimas =
         opciones.renglones > 0
