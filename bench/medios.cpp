@@ -28,9 +28,15 @@ QString base_con_terceros() {
     if (!QFile::copy(Ubicacion(origen).base_compania("001"), base))
         throw std::runtime_error("no se pudo copiar la demostración");
     Conexion c;
-    c.conectar({base, "ADMIN", {}});
+    c.conectar({base, "SYSDBA", {}});
     // Los saldos no se miden: sin disparadores el cambio es de segundos.
-    c.ejecute("alter trigger comprobante_detalle_bu0 inactive");
+    QStringList disparadores;
+    for (auto t = c.abra("select trim(rdb$trigger_name) from rdb$triggers where rdb$relation_name "
+                         "in ('COMPROBANTE_DETALLE', 'TERCEROS') and rdb$system_flag = 0");
+         t->siguiente();)
+        disparadores << t->valor(0).texto();
+    for (const QString& disparador : disparadores)
+        c.ejecute("alter trigger " + disparador + " inactive");
     c.ejecute(QStringLiteral(
                   "execute block as declare n integer = 0; begin while (n < %1) do begin n = n + "
                   "1; insert into terceros (terc_nit, terc_dv, terc_tipoid, terc_nom, terc_dir, "
@@ -38,9 +44,8 @@ QString base_con_terceros() {
                   ":n, 'Calle ' || :n, '11001', '169', 'S'); end end")
                   .arg(kTerceros));
     c.ejecute(QStringLiteral("update comprobante_detalle set terc_nit = 800000001 + mod("
-                             "enco_consec, %1) where cuen_cod similar to '(51|52|53|14|15|24)%%'")
+                             "enco_consec, %1) where cuen_cod similar to '(51|52|53|14|15|24)%'")
                   .arg(kTerceros));
-    c.ejecute("alter trigger comprobante_detalle_bu0 active");
     QFile listo(carpeta + "/listo");
     if (!listo.open(QIODevice::WriteOnly))
         throw std::runtime_error("no se pudo escribir en la carpeta de las medidas");
