@@ -21,7 +21,9 @@ QString base_con_terceros() {
     const QString origen = demostracion(kRenglones);
     const QString carpeta = QFileInfo(origen).path() + "/medio";
     const QString base = Ubicacion(carpeta).base_compania("001");
-    if (QFile::exists(carpeta + "/listo"))
+    // Si la demostración se puso al día después, la copia es de procedimientos viejos.
+    const QFileInfo hecha(carpeta + "/listo");
+    if (hecha.exists() && hecha.lastModified() >= QFileInfo(origen + "/listo").lastModified())
         return base;
     QDir().mkpath(QFileInfo(base).path());
     QFile::remove(base);
@@ -82,13 +84,19 @@ void mida_medio() {
                        "and %2 group by 1, 2)")
             .arg(QuotedStr(kDesde), QuotedStr(kHasta));
     (void)c.consulte(agrupe); // la caché, llena desde el comienzo
-    const auto [formato, grupo] = compare(
-        [&] {
-            c.ejecute("delete from medios_magneticos_datos where memg_formato = 10019");
-            c.ejecute(QStringLiteral("execute procedure medio_1001_v9(%1, %2)")
-                          .arg(QuotedStr(kDesde), QuotedStr(kHasta)));
-        },
-        [&] { (void)c.consulte(agrupe); }, 3);
+    double formato = 1e12, grupo = 1e12;
+    for (int vez = 0; vez < 3; ++vez) {
+        c.ejecute("delete from medios_magneticos_datos where memg_formato = 10019");
+        (void)c.consulte("select count(*) from medios_magneticos_datos"); // quita lo borrado
+        formato = qMin(formato, mida(
+                                    [&] {
+                                        c.ejecute(QStringLiteral("execute procedure "
+                                                                 "medio_1001_v9(%1, %2)")
+                                                      .arg(QuotedStr(kDesde), QuotedStr(kHasta)));
+                                    },
+                                    1));
+        grupo = qMin(grupo, mida([&] { (void)c.consulte(agrupe); }, 1));
+    }
     const int filas =
         int(c.consulte("select count(*) from medios_magneticos_datos where memg_formato = 10019")
                 .entero());

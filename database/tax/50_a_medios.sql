@@ -8,7 +8,8 @@
 -- Un renglón dice qué toma de su cuenta: "D" débitos menos créditos, "C" al revés, "B" solo
 -- débitos, "R" solo créditos, "T" débitos menos créditos de las líneas que nombran tercero (compras
 -- de inventario sin su costo de ventas) y "N" nada: la cuenta no se reporta.
--- El movimiento sin tercero es del de su comprobante; un saldo, de nadie más que de su línea.
+-- El movimiento sin tercero es del de su comprobante (que solo se busca entonces: igualar a nulo no
+-- lee nada); un saldo, de nadie más que de su línea.
 -- Los importes se redondean al peso por tercero y concepto, antes de juntar las cuantías menores.
 
 SET TERM ^ ;
@@ -65,8 +66,8 @@ BEGIN
       'C', D.CODE_CREDITO - D.CODE_DEBITO, D.CODE_DEBITO - D.CODE_CREDITO))
   FROM MEDIO_CUENTA M
   JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
-  LEFT JOIN COMPROBANTE_ENCABEZADO E ON D.TERC_NIT IS NULL AND :REGLA IN ('M', 'B')
-    AND E.ENCO_CONSEC = D.ENCO_CONSEC
+  LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC
+    = iif(D.TERC_NIT IS NULL AND :REGLA IN ('M', 'B'), D.ENCO_CONSEC, NULL)
   WHERE M.PAPEL = 1 AND M.NATUR <> 'N' AND (M.NATUR <> 'T' OR D.TERC_NIT IS NOT NULL)
   GROUP BY 1, 2, 3;
   IF (REGLA IN ('S', 'P')) THEN
@@ -85,7 +86,8 @@ BEGIN
     FROM MEDIO_CUENTA M
     JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD
       AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
-    LEFT JOIN COMPROBANTE_ENCABEZADO E ON D.TERC_NIT IS NULL AND E.ENCO_CONSEC = D.ENCO_CONSEC
+    LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC
+      = iif(D.TERC_NIT IS NULL, D.ENCO_CONSEC, NULL)
     WHERE M.PAPEL = 1 AND decode(M.NATUR, 'N', 0, 'B', D.CODE_DEBITO, 'R', D.CODE_CREDITO,
       'T', iif(D.TERC_NIT IS NULL, 0, 1), 1) <> 0
     GROUP BY 1, 2;
@@ -99,7 +101,8 @@ BEGIN
   SELECT DISTINCT D.ENCO_CONSEC, coalesce(D.TERC_NIT, E.TERC_NIT, ''), M.ITEM
   FROM MEDIO_CUENTA M
   JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
-  LEFT JOIN COMPROBANTE_ENCABEZADO E ON D.TERC_NIT IS NULL AND E.ENCO_CONSEC = D.ENCO_CONSEC
+  LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC
+    = iif(D.TERC_NIT IS NULL, D.ENCO_CONSEC, NULL)
   WHERE M.PAPEL = 1 AND M.NATUR <> 'N' AND (M.NATUR <> 'T' OR D.TERC_NIT IS NOT NULL);
   -- El IVA suma al débito; las retenciones, al crédito; la segunda cuenta, según el formato.
   INSERT INTO MEDIO_IMPORTE (ITEM, TERC_NIT, PAPEL, VALOR)
@@ -112,7 +115,8 @@ BEGIN
     FROM MEDIO_CUENTA M
     JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD
       AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
-    LEFT JOIN COMPROBANTE_ENCABEZADO E ON D.TERC_NIT IS NULL AND E.ENCO_CONSEC = D.ENCO_CONSEC
+    LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC
+      = iif(D.TERC_NIT IS NULL, D.ENCO_CONSEC, NULL)
     LEFT JOIN MEDIO_ORIGEN O ON O.ENCO_CONSEC = D.ENCO_CONSEC
       AND O.TERC_NIT = coalesce(D.TERC_NIT, E.TERC_NIT, '') AND O.ITEM = M.ITEM
     WHERE M.PAPEL > 1 AND M.NATUR <> 'N'

@@ -1,5 +1,5 @@
-# Lo que piden las autoridades: certificados, medios magnéticos, distrito y taxonomías. Deja los XML,
-# los CSV y los PDF junto a las fotos.
+# Lo que piden las autoridades: certificados, medios magnéticos, distrito y taxonomías. Deja los
+# XML, los CSV y los PDF junto a las fotos.
 
 # anexo N: la opción N del menú de anexos, que se abre desde el de informes. Su botón se oprime con
 # el ratón: cuántos hay encima depende de lo que la versión traiga.
