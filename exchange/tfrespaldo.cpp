@@ -95,14 +95,15 @@ void Tfrespaldo::SpeedButton1Click() {
     Aviso->setText("Respaldando y probando la copia. Espere un momento...");
     Aviso->repaint();
     QString archivo;
-    const qint64 octetos = respalde_compania(base(), fdm().codigo_compania, ajustes, archivo);
+    const ResultadoRespaldo r = respalde_compania(base(), fdm().codigo_compania, ajustes, archivo);
     LUltimo->setText(letrero_respaldo(fdm().codigo_compania));
     if (AvisosBarra* barra = fdm().barra())
         barra->texto(LUltimo->text());
     QApplication::setOverrideCursor(Qt::ArrowCursor);
-    muestre_mensaje(QStringLiteral("Respaldo bueno: la copia se restauró aparte y tiene los mismos "
-                                   "datos de la base. Son %1 KB, en %2.")
-                        .arg(octetos / 1024)
+    muestre_mensaje(QStringLiteral("Respaldo bueno: %1 tablas y %2 filas, las mismas de la base, "
+                                   "en %3.")
+                        .arg(r.tablas)
+                        .arg(r.filas)
                         .arg(archivo));
     QApplication::restoreOverrideCursor();
     close();

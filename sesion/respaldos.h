@@ -20,6 +20,6 @@ QString letrero_respaldo(const QString& compania);
 
 /// Respalda la base en la carpeta con el nombre compania_aaaammdd_hhmmss.fbk, lo prueba y, si quedó
 /// bueno, borra las copias que sobren de esa compañía. Lanza ErrorDatos si no se pudo: las copias
-/// de antes siguen donde estaban. Devuelve los octetos de la copia.
-qint64 respalde_compania(const ParametrosConexion& base, const QString& compania,
-                         const AjustesRespaldo& ajustes, QString& archivo);
+/// de antes siguen donde estaban.
+ResultadoRespaldo respalde_compania(const ParametrosConexion& base, const QString& compania,
+                                    const AjustesRespaldo& ajustes, QString& archivo);
