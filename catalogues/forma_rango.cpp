@@ -1,6 +1,7 @@
 #include "catalogues/forma_rango.h"
 
 #include "catalogues/columnas_auxiliar.h"
+#include "datos/firebird/reloj.h"
 #include "sesion/instalacion.h"
 #include "sesion/peticiones.h"
 #include "sesion/variables_informe.h"
@@ -234,7 +235,7 @@ QWidget* FormaRango::cree_mes(const QString& nombre, int escogido, int primero, 
 }
 
 QWidget* FormaRango::cree_fecha(const QString& nombre) {
-    auto* fecha = new QDateEdit(QDate::currentDate(), this);
+    auto* fecha = new QDateEdit(reloj().hoy(), this);
     fecha->setObjectName(nombre);
     fecha->setDisplayFormat(QStringLiteral("yyyy/MM/dd"));
     fecha->setCalendarPopup(true);

@@ -319,7 +319,9 @@ QString liste_documentos(Conexion& conexion, const FiltroDocumentos& filtro) {
             " docu_contado, docu_cufe from documento d where docu_anulado = 'N'"
             " and docu_fecha between ? and ?%1%2 order by docu_fecha, tido_cod, pref_pre,"
             " docu_numero, docu_id")
-            .arg(filtro.tipo ? QStringLiteral(" and tido_cod = %1").arg(filtro.tipo) : QString(),
+            .arg(filtro.tipo
+                     ? QStringLiteral(" and tido_cod = %1").arg(QString::number(filtro.tipo))
+                     : QString(),
                  filtro.pendientes
                      ? QStringLiteral(" and not exists (select 1 from comprobante_encabezado e"
                                       " where e.enco_idref = d.docu_id and e.enco_tiporef ="

@@ -4,9 +4,9 @@
 -- posting/LEEME.md.
 
 -- PREF_PRE y DOCU_NUMERO: en nómina, el año y el período. CUBA_COD: cuenta bancaria, 0 si el
--- documento no es de bancos. DOCU_REFER: número de quien lo expidió, el cheque... DOCU_TOTAL: lo que
--- se cobra o se paga. DOCU_ORIGEN: id del documento del que sale este. DOCU_CUFE: el de la factura
--- electrónica que se leyó.
+-- documento no es de bancos. DOCU_REFER: número de quien lo expidió, el cheque... DOCU_TOTAL: lo
+-- que se cobra o se paga. DOCU_ORIGEN: id del documento del que sale este. DOCU_CUFE: el de la
+-- factura electrónica que se leyó.
 CREATE TABLE DOCUMENTO (
   TIDO_COD integer NOT NULL,
   DOCU_ID integer NOT NULL,
@@ -30,8 +30,8 @@ CREATE TABLE DOCUMENTO (
 
 -- Un importe de un concepto. DOLI_CLASE afina el concepto (tarifa, almacén, medio de pago, cuenta
 -- bancaria, área) y va vacía si no hace falta. DOLI_VALORNIIF nulo: el mismo valor en los dos
--- libros. Tercero y centro nulos: los del documento. DOLI_TIPOAPL y DOLI_APLICA: documento al que se
--- aplica el importe.
+-- libros. Tercero y centro nulos: los del documento. DOLI_TIPOAPL y DOLI_APLICA: documento al que
+-- se aplica el importe.
 CREATE TABLE DOCUMENTO_LINEA (
   TIDO_COD integer NOT NULL,
   DOCU_ID integer NOT NULL,

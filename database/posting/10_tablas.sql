@@ -53,11 +53,11 @@ CREATE TABLE INTERFAZ_{FACO_FAMILIA} (
 );
 
 --<LIBROS>
--- Cuentas del libro {LIBRO}. Un concepto puede tener varias filas; en cada lado (D o C) valen las de
--- la clase de la línea y, si no hay, las de clase vacía. INCT_TERCERO, INCT_CENTRO, INCT_ARTICULO e
--- INCT_BASE "S": el renglón los lleva y se separa por ellos; una cuenta que los exige los lleva
--- siempre. INCT_PORC: porcentaje cuando el documento no lo trae. INCT_DOCUMENTO: "N" el renglón abre
--- un documento, "A" se aplica a otro, "-" ninguno. CONC_COD: categoría.
+-- Cuentas del libro {LIBRO}. Un concepto puede tener varias filas; en cada lado (D o C) valen las
+-- de la clase de la línea y, si no hay, las de clase vacía. INCT_TERCERO, INCT_CENTRO,
+-- INCT_ARTICULO e INCT_BASE "S": el renglón los lleva y se separa por ellos; una cuenta que los
+-- exige los lleva siempre. INCT_PORC: porcentaje cuando el documento no lo trae. INCT_DOCUMENTO:
+-- "N" el renglón abre un documento, "A" se aplica a otro, "-" ninguno. CONC_COD: categoría.
 CREATE TABLE INTERFAZ_{FACO_FAMILIA}{_CTAS} (
   {FACO_INI}_ID integer NOT NULL,
   INCT_ITEM integer NOT NULL,
@@ -108,8 +108,8 @@ CREATE TABLE NOMINA{_CTAS} (
 
 -- Propuesta de comprobante de un documento. Un documento tiene una sola: volver a contabilizarlo
 -- reemplaza la anterior. CNTB_NUMERO es el del comprobante que salió de ella, que se conserva al
--- rehacerlo. CNTB_ULTIMO es solo del servidor: el mayor comprobante del documento cuando se hizo; si
--- después aparece otro mayor, lo contabilizó alguien más.
+-- rehacerlo. CNTB_ULTIMO es solo del servidor: el mayor comprobante del documento cuando se hizo;
+-- si después aparece otro mayor, lo contabilizó alguien más.
 CREATE TABLE CONTABILIZACION (
   CNTB_ID integer NOT NULL,
   CNTB_TIPOREF varchar(2) NOT NULL,
@@ -149,8 +149,8 @@ CREATE TABLE CONTABILIZACION_DET (
 );
 
 -- Lo que impidió contabilizar limpio un documento. ERRO_TIPODOC es el código bajo el que lo buscan
--- los programas, que no siempre es el del documento: por eso una falla puede estar bajo dos códigos.
--- ERRO_TIDO y ERRO_LIBRO son de la base: el tipo verdadero y el libro de la falla.
+-- los programas, que no siempre es el del documento: por eso una falla puede estar bajo dos
+-- códigos. ERRO_TIDO y ERRO_LIBRO son de la base: el tipo verdadero y el libro de la falla.
 CREATE TABLE ERRORES (
   ERRO_TIPODOC integer NOT NULL,
   ERRO_IDDOC integer NOT NULL,

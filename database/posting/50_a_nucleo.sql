@@ -1,11 +1,12 @@
--- Núcleo de la contabilización: de los importes de un documento y las reglas de su interfaz salen la
--- propuesta de comprobante y sus errores. Cada CONTABIL_* solo dice de qué tipo es su documento.
+-- Núcleo de la contabilización: de los importes de un documento y las reglas de su interfaz salen
+-- la propuesta de comprobante y sus errores. Cada CONTABIL_* solo dice de qué tipo es su documento.
 
 SET TERM ^ ;
 
 -- Anota una falla del documento bajo los códigos con que la buscan los programas: en el libro 2649,
 -- los de DOCUMENTO_CONTABLE; en el NIIF, el que lee quien contabiliza los dos libros y el tipo más
--- 1000, que lee la lista de pendientes. Sin gemelo NIIF las dos etapas son una y valen los primeros.
+-- 1000, que lee la lista de pendientes. Sin gemelo NIIF las dos etapas son una y valen los
+-- primeros.
 CREATE OR ALTER PROCEDURE ANOTE_ERROR (
   TIDO integer, ID integer, LIBRO varchar(4), CODIGO varchar(20), TEXTO varchar(400))
 AS
@@ -72,10 +73,11 @@ BEGIN
     (SELECT nullif(CUEN_EQNIIF, '') FROM CUENTAS WHERE CUEN_COD = :CUENTA), CUENTA);
 END^
 
--- Deja en ASIENTO_LINEA, con ASIE_ID, los renglones del libro que las reglas de la interfaz sacan de
--- un documento, y anota los conceptos que la interfaz no conoce. Devuelve cuántos anotó.
+-- Deja en ASIENTO_LINEA, con ASIE_ID, los renglones del libro que las reglas de la interfaz sacan
+-- de un documento, y anota los conceptos que la interfaz no conoce. Devuelve cuántos anotó.
 -- Un importe negativo va al otro lado. La base lleva el signo de su lado, como en la digitación.
--- La cuenta del tercero reemplaza la de la regla, en NIIF por su equivalente; TERC_NITCONTA, el NIT.
+-- La cuenta del tercero reemplaza la de la regla, en NIIF por su equivalente; TERC_NITCONTA, el
+-- NIT.
 CREATE OR ALTER PROCEDURE REPARTA_DOCUMENTO{_NIIF} (
   TIDO integer, ID integer, FAMILIA varchar(10), INTERFAZ integer, ASIE_ID integer)
 RETURNS (FALLAS integer)
@@ -211,8 +213,8 @@ END^
 
 --<LIBROS>
 -- Lleva la diferencia de un documento descuadrado a la cuenta de descuadres de interfaz, si está
--- configurada y puede llevar movimiento. Devuelve la diferencia (débitos menos créditos) y la cuenta
--- que la recibió, nula si ninguna.
+-- configurada y puede llevar movimiento. Devuelve la diferencia (débitos menos créditos) y la
+-- cuenta que la recibió, nula si ninguna.
 CREATE OR ALTER PROCEDURE CUADRE_ASIENTO{_NIIF} (ASIE_ID integer)
 RETURNS (DIFERENCIA numeric(18,2), CUENTA varchar(20))
 AS

@@ -27,8 +27,8 @@ BEGIN
 END^
 
 --</FILAS>
--- Contabiliza una nómina, los dos libros. La segunda columna es la propuesta: si hay que confirmarla
--- lo dice INTERFAZ_NOMINA.
+-- Contabiliza una nómina, los dos libros. La segunda columna es la propuesta: si hay que
+-- confirmarla lo dice INTERFAZ_NOMINA.
 CREATE OR ALTER PROCEDURE CONTABIL_NOMINA (ID integer)
 RETURNS (ERRORES integer, CNTB_ID integer)
 AS

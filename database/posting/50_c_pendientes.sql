@@ -4,8 +4,8 @@ SET TERM ^ ;
 
 -- Hace el comprobante de una propuesta, con su enlace al documento, en la transacción de quien
 -- llama. Lo que esté del 100000 en adelante va al libro NIIF; si ese libro se lleva por
--- equivalencias, se rehace de los renglones 2649, que una persona pudo corregir. El número es el que
--- ya tenía el comprobante del documento, o el siguiente del prefijo. Lanza PROPUESTA_NO_EXISTE,
+-- equivalencias, se rehace de los renglones 2649, que una persona pudo corregir. El número es el
+-- que ya tenía el comprobante del documento, o el siguiente del prefijo. Lanza PROPUESTA_NO_EXISTE,
 -- DOCUMENTO_CONTABILIZADO si otro usuario lo contabilizó después de hacer esta propuesta, y
 -- ASIENTO_RECHAZADO con la primera negativa. Interna.
 CREATE OR ALTER PROCEDURE ASIENTE_PROPUESTA (IDCNT integer)
@@ -85,8 +85,8 @@ END^
 
 --<LIBROS>
 -- Convierte en comprobante la propuesta IDCNT, ya guardada, y así saca su documento de los
--- pendientes. La propuesta trae los dos libros y el comprobante también: si el documento tenía otro,
--- quien llama ya lo borró. La llama la lista de documentos sin contabilizar (libro {LIBRO}).
+-- pendientes. La propuesta trae los dos libros y el comprobante también: si el documento tenía
+-- otro, quien llama ya lo borró. La llama la lista de documentos sin contabilizar (libro {LIBRO}).
 CREATE OR ALTER PROCEDURE CONTABILIZA_PENDIENTE{_NIIF} (IDCNT integer)
 AS
 BEGIN
@@ -95,8 +95,8 @@ END^
 --</LIBROS>
 
 -- Documentos vigentes entre dos fechas a los que les falta el comprobante. CONTADO "S": también las
--- facturas y los recibos de contado. NIIF "S": los que no tienen renglones en el libro NIIF, estén o
--- no en el 2649. CTABCO: cuenta bancaria de los de bancos. La llama Tfsincontab.
+-- facturas y los recibos de contado. NIIF "S": los que no tienen renglones en el libro NIIF, estén
+-- o no en el 2649. CTABCO: cuenta bancaria de los de bancos. La llama Tfsincontab.
 CREATE OR ALTER PROCEDURE DOCUMENTOS_SIN_CONTABILIZAR (
   DESDE date, HASTA date, CONTADO char(1), NIIF char(1))
 RETURNS (TIPO varchar(10), PREFIJO varchar(4), NUMERO varchar(8), FECHA date, CONCEPTO varchar(60),
@@ -121,8 +121,8 @@ BEGIN
     SUSPEND;
 END^
 
--- Retira de la contabilidad un documento que se borra o se anula: su comprobante, su propuesta y sus
--- errores. Lanza lo que lance BORRE_COMPROBANTE, y entonces el documento se queda como estaba.
+-- Retira de la contabilidad un documento que se borra o se anula: su comprobante, su propuesta y
+-- sus errores. Lanza lo que lance BORRE_COMPROBANTE, y entonces el documento se queda como estaba.
 CREATE OR ALTER PROCEDURE RETIRE_DOCUMENTO (TIDO integer, ID integer)
 AS
   DECLARE COMPROBANTE integer;

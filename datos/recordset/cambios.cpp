@@ -203,7 +203,7 @@ private:
             const Condicion k = condicion_de(llave, valores);
             return std::make_unique<Cursor>(
                 t.conexion().prepare(QStringLiteral("select %1 from %2 where %3")
-                                         .arg(nombres_de(campos), tabla, k.texto()),
+                                         .arg(nombres_de(campos), tabla, k.sql()),
                                      t),
                 t, k.valores);
         };

@@ -16,7 +16,7 @@ struct Condicion {
     QStringList partes;
     QVector<Valor> valores;
     void agregue(const Campo& c, const Valor& v);
-    QString texto() const { return partes.join(QStringLiteral(" and ")); }
+    QString sql() const { return partes.join(QStringLiteral(" and ")); }
 };
 
 /// Tabla que se modifica: la que más columnas aporta al resultado.

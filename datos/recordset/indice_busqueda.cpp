@@ -23,7 +23,7 @@ std::optional<QString> clave_de(const QVector<Campo*>& campos, const QVector<Val
         else if (campos[i]->numerico() && es_numero)
             clave += QString::number(v.moneda().unidades());
         else if (campos[i]->clase == ClaseCampo::Texto && es_texto)
-            clave += '=' + std::get<QString>(v.dato());
+            clave.append('=').append(std::get<QString>(v.dato()));
         else
             return std::nullopt;
         clave += QChar(1);

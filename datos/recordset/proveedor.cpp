@@ -299,7 +299,7 @@ void Proveedor::tome_siguiente(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila
     for (const QString& n : conjunto.sentencia()->MasterFields())
         maestra.agregue(conjunto.FieldByName(n), (*fila.valores)[conjunto.FieldByName(n).indice()]);
     Cursor cursor(g.conexion.prepare(QStringLiteral("select max(%1) from %2 where %3")
-                                         .arg(numero.FieldName, tabla, maestra.texto()),
+                                         .arg(numero.FieldName, tabla, maestra.sql()),
                                      g.transaccion),
                   g.transaccion, maestra.valores);
     qint64 mayor = cursor.siguiente() ? cursor.valor(0).entero() : 0;
@@ -344,7 +344,7 @@ void diga_que_cambio(Transaccion& t, const QString& tabla, const QVector<Campo*>
     const Condicion k = condicion_de(llave, antes);
     Cursor cursor(
         t.conexion().prepare(
-            QStringLiteral("select %1 from %2 where %3").arg(nombres_de(campos), tabla, k.texto()),
+            QStringLiteral("select %1 from %2 where %3").arg(nombres_de(campos), tabla, k.sql()),
             t),
         t, k.valores);
     if (!cursor.siguiente())
@@ -369,9 +369,11 @@ void toque_fila(Transaccion& t, const QString& orden, const QVector<Valor>& nuev
                 const QString& tabla, const QVector<Campo*>& llave, const QVector<Campo*>& campos,
                 const QVector<Valor>& antes) {
     const auto ejecute = [&](const Condicion& k) {
+        QVector<Valor> valores = nuevos;
+        valores += k.valores;
         return t.conexion()
-                   .prepare(orden + QStringLiteral(" where ") + k.texto(), t)
-                   ->ejecute(t, nuevos + k.valores) == 1;
+                   .prepare(orden + QStringLiteral(" where ") + k.sql(), t)
+                   ->ejecute(t, valores) == 1;
     };
     if (ejecute(condicion_de(campos, antes)))
         return;
@@ -415,10 +417,11 @@ void Proveedor::relea(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila, const Q
     if (llave.isEmpty())
         llave = devueltos.mid(0, 1);
     const Condicion k = condicion_de(llave, *fila.valores);
-    Cursor cursor(g.conexion.prepare(QStringLiteral("select %1 from %2 where %3")
-                                         .arg(nombres_de(devueltos), tabla, k.texto()),
-                                     g.transaccion),
-                  g.transaccion, k.valores);
+    Cursor cursor(
+        g.conexion.prepare(
+            QStringLiteral("select %1 from %2 where %3").arg(nombres_de(devueltos), tabla, k.sql()),
+            g.transaccion),
+        g.transaccion, k.valores);
     if (cursor.siguiente())
         for (int i = 0; i < devueltos.size(); ++i)
             g.devueltas.push_back({&fila, devueltos[i], cursor.valor(i)});
