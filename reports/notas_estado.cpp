@@ -18,7 +18,8 @@ NotasEstado::NotasEstado(QObject* dueno)
 void NotasEstado::anexe(MotorInformes& motor, int ano, int periodo) {
     CNotasest.Open(QStringLiteral("select noef_id, noef_numero, noef_titulo, noef_nota from "
                                   "notas_estados_financieros where noef_ano = %1 and "
-                                  "((noef_periodo = 0) or (noef_periodo = %2)) order by noef_numero")
+                                  "((noef_periodo = 0) or (noef_periodo = %2)) "
+                                  "order by noef_numero")
                        .arg(QuotedStr(QString::number(ano)))
                        .arg(periodo));
     const auto cierre = qScopeGuard([this] { CNotasest.Close(); });

@@ -54,11 +54,11 @@ void Tfrngbalanceacumulado::antes_de_abrir() {
 QString Tfrngbalanceacumulado::sql() {
     return QStringLiteral("select * from %1(%2, %3, %4, ")
                .arg(procedimiento("balance_prueba_acumulado"), entre_comillas("EAno"))
-               .arg(mes("MesIni"))
-               .arg(mes("MesFin")) +
+               .arg(QString::number(mes("MesIni")))
+               .arg(QString::number(mes("MesFin"))) +
            argumentos({"EDesde", "EHasta", "TerIni", "TerFin"}) + ", " +
            bandera(marcada(Cksinmov)) + ", " + bandera(marcada(ckterceros)) +
-           ") where nivel <= " + valor("Nivel") + " order by CODIGO";
+           ") where nivel <= " + entre_comillas("Nivel") + " order by CODIGO";
 }
 
 QString Tfrngbalanceacumulado::titulo() {

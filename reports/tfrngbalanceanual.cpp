@@ -43,10 +43,10 @@ Tfrngbalanceanual::Tfrngbalanceanual() : FormaEstado(kDatos) {
 
 QString Tfrngbalanceanual::sql() {
     const QString comunes = argumentos({"EAno", "EDesde", "EHasta"}).replace(", ", ",") + ',';
-    const QString nivel = " where nivel <= " + valor("Nivel");
+    const QString nivel = " where nivel <= " + entre_comillas("Nivel");
     if (marcada(ckcentro))
-        return "select * from balance_anual_centros(" + comunes + "'N'," + bandera(niif()) + ')' +
-               nivel;
+        return "select * from balance_anual_centros(" + comunes + bandera(false) + ',' +
+               bandera(niif()) + ')' + nivel;
     return "select * from " + procedimiento("balance_anual") + '(' + comunes +
            bandera(marcada(cktercero)) + ",'N')" + nivel;
 }

@@ -46,9 +46,9 @@ void Tfrngbalancecomparativo::antes_de_abrir() {
 QString Tfrngbalancecomparativo::sql() {
     return QStringLiteral("select * from %1(%2, %3, %4, %5, ")
                .arg(procedimiento("balance_comparativo"), entre_comillas("EAno1"))
-               .arg(mes("MesIni"))
+               .arg(QString::number(mes("MesIni")))
                .arg(entre_comillas("EAno2"))
-               .arg(mes("MesFin")) +
+               .arg(QString::number(mes("MesFin"))) +
            bandera(marcada(CkTerceros)) + ") where CUENTA >= " + entre_comillas("EDesde") +
            " and CUENTA <= " + entre_comillas("EHasta") + " order by CUENTA";
 }
