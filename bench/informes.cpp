@@ -2,10 +2,10 @@
 // pantallas.
 #include "bench/medidas.h"
 #include "datos/firebird/conexion.h"
-#include "tests/fallas/contador.h"
 #include "reports/informe_de_prueba.h"
 #include "reports/registro.h"
 #include "reports/tfrngauxiliarcta.h"
+#include "tests/fallas/contador.h"
 #include "vouchers/registro.h"
 #include "vouchers/tfimprmascomproba.h"
 

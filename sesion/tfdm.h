@@ -20,7 +20,7 @@ struct EncabezadoCompania {
 
 /// Lo que dice la revisión de un número digitado.
 struct NumeroValidado {
-    bool vale = true;   ///< falso: el usuario no quiso consultarlo y el número debe vaciarse
+    bool vale = true;        ///< falso: el usuario no quiso consultarlo y el número debe vaciarse
     QString encontrado = {}; ///< id del documento que debe abrirse; vacío: ninguno
 };
 

@@ -83,9 +83,9 @@ void Tfimprmascomproba::SpeedButton1Click() {
     motor.vista_previa = fdm().valor<Llave::PrevisualizarImpresion>();
     const QString numeros =
         "select enco_consec from comprobante_encabezado where tico_cod = " + QuotedStr(tipo) +
-        " and prco_pref = " + QuotedStr(prefijo) + " and enco_numero >= " +
-        QuotedStr(Desde->text()) + " and enco_numero <= " + QuotedStr(Hasta->text()) +
-        " order by enco_numero";
+        " and prco_pref = " + QuotedStr(prefijo) +
+        " and enco_numero >= " + QuotedStr(Desde->text()) +
+        " and enco_numero <= " + QuotedStr(Hasta->text()) + " order by enco_numero";
     CImprmasiva.Open(numeros);
     const bool hay = !CImprmasiva.IsEmpty();
     CImprmasiva.Close();

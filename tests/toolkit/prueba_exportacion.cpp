@@ -334,8 +334,7 @@ private slots:
             salida_de("xls2csv", {"-q", "0", "-d", "utf-8", "-f", "%Y/%m/%d", ruta("e.xls")})
                 .split('\n');
         QCOMPARE(lineas[0], QString("Cód. Cuenta,Nombre cuenta,Nivel,S. Final,Fecha,Act."));
-        QCOMPARE(lineas[3000],
-                 QString("113504,Pago de la factura 2999,2999,3028.99,2018/03/21,N"));
+        QCOMPARE(lineas[3000], QString("113504,Pago de la factura 2999,2999,3028.99,2018/03/21,N"));
     }
 
     void cien_mil_filas_no_ocupan_mas_memoria() {

@@ -10,13 +10,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFontMetricsF>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QFontMetricsF>
-#include <QRegularExpression>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -579,8 +579,8 @@ void PruebaInformes::una_banda_mas_alta_que_la_hoja_se_reparte() {
 
 void PruebaInformes::lo_que_cierra_el_informe_nunca_queda_solo_en_una_hoja() {
     const QString plantilla =
-        QString(kPlantilla).replace("<banda tipo=\"final\" alto=\"6\">",
-                                    "<banda tipo=\"final\" alto=\"40\">");
+        QString(kPlantilla)
+            .replace("<banda tipo=\"final\" alto=\"6\">", "<banda tipo=\"final\" alto=\"40\">");
     int hojas_de_mas = 0;
     for (int filas = 1; filas < 60; ++filas) {
         QVector<Venta> ventas;
@@ -625,7 +625,8 @@ void PruebaInformes::el_html_lleva_entero_el_texto_que_sigue_en_otro_renglon() {
         const auto r = m.next();
         QFont letra("Liberation Sans");
         letra.setPixelSize(qRound(r.captured(2).toDouble() * 100)); // centésimas de punto
-        const double ancho = QFontMetricsF(letra).horizontalAdvance(r.captured(3)) / 100 * 25.4 / 72;
+        const double ancho =
+            QFontMetricsF(letra).horizontalAdvance(r.captured(3)) / 100 * 25.4 / 72;
         const double campo = r.captured(1).toDouble() / 100 * 215.9;
         QVERIFY2(ancho <= campo + 0.6, qPrintable(r.captured(3)));
         escrito << r.captured(3);

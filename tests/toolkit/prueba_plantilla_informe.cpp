@@ -4,9 +4,9 @@
 #include "toolkit/informes/motor.h"
 
 #include <QBuffer>
+#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -214,11 +214,14 @@ void PruebaPlantillaInforme::una_sola_banda_se_ve_segun_su_nivel() {
         "<cuando sangria=\"4*(NIVEL-1)\"/></aspecto>");
     Hojas hojas;
     componga(plantilla,
-             {{"clase", 1, 0, 1}, {"grupo", 2, 0, 2}, {"oculta", 9, 0, 9}, {"cuenta", 3, 0, 3},
+             {{"clase", 1, 0, 1},
+              {"grupo", 2, 0, 2},
+              {"oculta", 9, 0, 9},
+              {"cuenta", 3, 0, 3},
               {"otra clase", 4, 0, 1}},
              hojas, {{"Sello", "S"}});
-    QCOMPARE(textos(hojas)[0], QStringList({"clase|fijo", "grupo|2.00|fijo", "cuenta|3.00|fijo",
-                                            "otra clase|fijo"}));
+    QCOMPARE(textos(hojas)[0],
+             QStringList({"clase|fijo", "grupo|2.00|fijo", "cuenta|3.00|fijo", "otra clase|fijo"}));
     QMap<QString, Trazo> por_texto;
     QVector<double> rellenos;
     for (const Trazo& t : hojas.lea(0))
@@ -395,8 +398,7 @@ void PruebaPlantillaInforme::cada_formato_se_escribe_como_debe() {
         {"formato=\"importe\" negativo=\"parentesis\"", "-A", "1,234.50"},
         {"formato=\"importe\" decimales=\"0\"", "A", "-1,234"},
         {"formato=\"porcentaje\" decimales=\"1\"", "100/3", "33.3"},
-        {"formato=\"letras\"", "-A",
-         "MIL DOSCIENTOS TREINTA Y CUATRO PESOS 50 CENTAVOS M/CTE"},
+        {"formato=\"letras\"", "-A", "MIL DOSCIENTOS TREINTA Y CUATRO PESOS 50 CENTAVOS M/CTE"},
         {"formato=\"fecha\"", "'20171231'", "2017/12/31"},
         {"formato=\"fecha_larga\"", "'20171231'", "31 de diciembre de 2017"},
         {"formato=\"fecha_larga\"", "'20171331'", "31 de ajustes de 2017"},
@@ -404,9 +406,10 @@ void PruebaPlantillaInforme::cada_formato_se_escribe_como_debe() {
     };
     for (const Caso& caso : casos) {
         const auto hojas = componga(
-            proyecto_con(QString("<banda tipo=\"detalle\" alto=\"5\"><texto x=\"0\" ancho=\"4\">[</texto>"
-                                 "<dato x=\"5\" ancho=\"150\" lado=\"izquierda\" de=\"%1\" %2/></banda>")
-                             .arg(QString(caso.de).toHtmlEscaped(), caso.atributos)),
+            proyecto_con(
+                QString("<banda tipo=\"detalle\" alto=\"5\"><texto x=\"0\" ancho=\"4\">[</texto>"
+                        "<dato x=\"5\" ancho=\"150\" lado=\"izquierda\" de=\"%1\" %2/></banda>")
+                    .arg(QString(caso.de).toHtmlEscaped(), caso.atributos)),
             {{"x", Moneda::de_texto("-1234.50"), 0, 1}});
         QCOMPARE(hojas[0].value(0).simplified(),
                  caso.escrito.isEmpty() ? QString("[") : "[|" + caso.escrito);
@@ -446,7 +449,8 @@ void PruebaPlantillaInforme::cada_formato_se_escribe_como_debe() {
 void PruebaPlantillaInforme::el_texto_rico_sigue_en_otra_hoja_y_no_deja_solo_su_titulo() {
     const QString plantilla = proyecto_con(
         "<banda tipo=\"encabezado\" alto=\"6\"><texto x=\"0\">Notas</texto></banda>"
-        "<banda tipo=\"detalle\" alto=\"4\" aspecto=\"hueco\"><texto x=\"0\">relleno</texto></banda>"
+        "<banda tipo=\"detalle\" alto=\"4\" aspecto=\"hueco\"><texto "
+        "x=\"0\">relleno</texto></banda>"
         "<banda tipo=\"final\" alto=\"4\"><rico x=\"0\" ancho=\"120\" de=\"NOMBRE\"/></banda>",
         "<aspecto nombre=\"hueco\"><cuando/></aspecto>");
     QString cuerpo = "<h3>Efectivo</h3>";
@@ -500,11 +504,12 @@ void PruebaPlantillaInforme::del_texto_rico_no_se_trae_nada_de_afuera() {
     const QString archivo = carpeta_.filePath("secreto.png");
     QVERIFY(secreto.save(archivo));
     Hojas hojas;
-    componga(proyecto_con("<banda tipo=\"detalle\" alto=\"4\"><rico x=\"0\" de=\"NOMBRE\"/></banda>"),
-             {{QString("<p>antes <img src=\"file://%1\"> después<script>mal()</script></p>")
-                   .arg(archivo),
-               0, 0, 1}},
-             hojas);
+    componga(
+        proyecto_con("<banda tipo=\"detalle\" alto=\"4\"><rico x=\"0\" de=\"NOMBRE\"/></banda>"),
+        {{QString("<p>antes <img src=\"file://%1\"> después<script>mal()</script></p>")
+              .arg(archivo),
+          0, 0, 1}},
+        hojas);
     QString texto;
     for (const Trazo& t : hojas.lea(0)) {
         QVERIFY(t.clase == Trazo::Texto);
@@ -523,7 +528,8 @@ void PruebaPlantillaInforme::lo_acumulado_en_los_margenes_cuenta_lo_de_su_hoja()
     const QString plantilla = proyecto_con(
         "<banda tipo=\"encabezado\" alto=\"6\"><dato x=\"0\" ancho=\"30\" de=\"suma(A)\" "
         "formato=\"entero\"/></banda>"
-        "<banda tipo=\"detalle\" alto=\"5\"><dato x=\"40\" ancho=\"30\" de=\"A\" formato=\"entero\"/>"
+        "<banda tipo=\"detalle\" alto=\"5\"><dato x=\"40\" ancho=\"30\" de=\"A\" "
+        "formato=\"entero\"/>"
         "</banda>"
         "<banda tipo=\"final\" alto=\"30\"><texto x=\"80\">fin</texto></banda>"
         "<banda tipo=\"pie\" alto=\"6\"><dato x=\"0\" ancho=\"30\" de=\"suma(A)\" "
@@ -560,14 +566,16 @@ void PruebaPlantillaInforme::la_numeracion_vuelve_a_empezar_con_el_grupo() {
 void PruebaPlantillaInforme::una_banda_que_se_reparte_llena_la_hoja() {
     const QString largo = QString("palabra ").repeated(420);
     const auto plantilla = [](const char* corta) {
-        return proyecto_con(QString("<banda tipo=\"detalle\" alto=\"5\" corta=\"%1\"><texto x=\"0\" "
-                                    "ancho=\"40\" parte=\"si\">{NOMBRE}</texto></banda>")
-                                .arg(corta));
+        return proyecto_con(
+            QString("<banda tipo=\"detalle\" alto=\"5\" corta=\"%1\"><texto x=\"0\" "
+                    "ancho=\"40\" parte=\"si\">{NOMBRE}</texto></banda>")
+                .arg(corta));
     };
     QVector<Fila> filas = muchas(30, "fila");
     filas << Fila{largo.trimmed(), 0, 0, 1};
     // Unas 420 palabras en renglones de tres o cuatro: más de media hoja, y no cabe en la que va.
-    const auto entera = componga(plantilla("no"), filas), repartida = componga(plantilla("si"), filas);
+    const auto entera = componga(plantilla("no"), filas),
+               repartida = componga(plantilla("si"), filas);
     QCOMPARE(entera.size(), repartida.size());
     QCOMPARE(entera[0].last(), QString("fila 30"));
     QVERIFY(repartida[0].last().startsWith("palabra"));
@@ -592,7 +600,10 @@ void PruebaPlantillaInforme::el_informe_va_a_un_archivo_o_a_la_impresora_con_su_
         QProcess p;
         p.start("pdfinfo", {ruta});
         p.waitForFinished();
-        return QString::fromUtf8(p.readAllStandardOutput()).section("Title:", 1).section('\n', 0, 0).trimmed();
+        return QString::fromUtf8(p.readAllStandardOutput())
+            .section("Title:", 1)
+            .section('\n', 0, 0)
+            .trimmed();
     };
     {
         Interlocutor nadie; // sin una sola pregunta

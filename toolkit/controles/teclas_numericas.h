@@ -7,8 +7,9 @@
 class Campo;
 class QKeyEvent;
 
-/// Pasa la tecla a `siguiente`; la decimal del teclado numérico, sea coma o punto, entra como punto.
-/// Lo que no es de un número también entra: descartarlo daría otro número, y al salir se rehúsa.
+/// Pasa la tecla a `siguiente`; la decimal del teclado numérico, sea coma o punto, entra como
+/// punto. Lo que no es de un número también entra: descartarlo daría otro número, y al salir se
+/// rehúsa.
 void atienda_tecla_numerica(QKeyEvent& evento, const std::function<void(QKeyEvent*)>& siguiente);
 
 /// La tecla decimal del teclado numérico.

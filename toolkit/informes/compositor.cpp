@@ -150,8 +150,7 @@ void Compositor::detalle() {
 
 void Compositor::finales() {
     for (const Banda& b : reporte_.bandas)
-        if (b.tipo == TipoBanda::Final && b.tras == seccion_ && !b.omitida &&
-            dibujante_.visible(b))
+        if (b.tipo == TipoBanda::Final && b.tras == seccion_ && !b.omitida && dibujante_.visible(b))
             coloque(b, 0);
 }
 

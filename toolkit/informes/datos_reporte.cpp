@@ -79,8 +79,8 @@ int DatosReporte::columna_de(int fuente, const QString& nombre, int renglon) {
         return *i;
     const int en_datos = f.datos->columna(clave);
     if (en_datos < 0)
-        falle(renglon, QStringLiteral("la conexión %1 no tiene la columna \"%2\"")
-                           .arg(f.conexion, nombre));
+        falle(renglon,
+              QStringLiteral("la conexión %1 no tiene la columna \"%2\"").arg(f.conexion, nombre));
     f.usadas << en_datos;
     f.por_nombre.insert(clave, int(f.usadas.size()) - 1);
     return int(f.usadas.size()) - 1;

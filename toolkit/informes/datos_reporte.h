@@ -43,7 +43,7 @@ public:
     const QVector<Valor>& fila() const { return fuentes_[actual_].fila; }
 
     // --- lectura
-    bool en_detalle = false; ///< las sumas cuentan también la fila actual
+    bool en_detalle = false;                       ///< las sumas cuentan también la fila actual
     const QVector<Valor>* fila_guardada = nullptr; ///< en lugar de la actual, si se da
     const Valor& columna(int fuente, int columna) const override;
     QString variable(const QString& nombre) const override;

@@ -61,20 +61,12 @@ using Aspecto = QVector<ReglaAspecto>;
 struct Pedazo {
     enum Clase { Literal, Columna, Variable, Especial } clase = Literal;
     QString texto{};
-    QString si_falta{}; ///< lo que se escribe si la columna está vacía
-    QString conexion{}; ///< de una columna que no es de la sección
+    QString si_falta{};            ///< lo que se escribe si la columna está vacía
+    QString conexion{};            ///< de una columna que no es de la sección
     int fuente = -1, columna = -1; ///< cuando ya se conocen los datos
 };
 
-enum class Formato : quint8 {
-    Texto,
-    Importe,
-    Entero,
-    Fecha,
-    FechaLarga,
-    Porcentaje,
-    Letras
-};
+enum class Formato : quint8 { Texto, Importe, Entero, Fecha, FechaLarga, Porcentaje, Letras };
 
 struct Item {
     enum Clase { Texto, Dato, Rico, Linea, Caja, Imagen } clase = Texto;
@@ -121,12 +113,12 @@ struct Grupo {
 struct Banda {
     TipoBanda tipo = TipoBanda::Detalle;
     QString nombre;
-    QString de_grupo;      ///< nombre del grupo declarado, o vacío
-    QStringList columnas;  ///< las de su propio grupo, si no usa uno declarado
-    int grupo = -1;   ///< de una banda de grupo o total
-    int nivel = 0;    ///< el de su grupo; en un detalle, hasta dónde llegan sus sumas
-    int seccion = 0;  ///< cuyas filas lee
-    int tras = 0;     ///< de un final: la sección al cabo de la cual sale
+    QString de_grupo;     ///< nombre del grupo declarado, o vacío
+    QStringList columnas; ///< las de su propio grupo, si no usa uno declarado
+    int grupo = -1;       ///< de una banda de grupo o total
+    int nivel = 0;        ///< el de su grupo; en un detalle, hasta dónde llegan sus sumas
+    int seccion = 0;      ///< cuyas filas lee
+    int tras = 0;         ///< de un final: la sección al cabo de la cual sale
     double alto = 5;
     bool repite = false;       ///< el grupo se anuncia otra vez en la hoja siguiente
     bool pagina_nueva = false; ///< cada grupo empieza hoja

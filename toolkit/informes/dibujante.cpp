@@ -20,9 +20,9 @@ QString fecha_legible(const QString& texto) {
 }
 
 QString fecha_larga(const QString& aaaammdd) {
-    static const QStringList meses{"enero",      "febrero", "marzo",     "abril",   "mayo",
-                                   "junio",      "julio",   "agosto",    "septiembre",
-                                   "octubre",    "noviembre", "diciembre", "ajustes", "cierre"};
+    static const QStringList meses{"enero",     "febrero",   "marzo",   "abril",      "mayo",
+                                   "junio",     "julio",     "agosto",  "septiembre", "octubre",
+                                   "noviembre", "diciembre", "ajustes", "cierre"};
     const int mes = aaaammdd.mid(4, 2).toInt();
     if (aaaammdd.size() != 8 || mes < 1 || mes > meses.size())
         return aaaammdd;
@@ -91,9 +91,9 @@ void Dibujante::item(BloqueHoja& bloque, const Banda& banda, const Item& i, cons
     const Vista propia = vista_de(i.aspecto);
     if (propia.omite)
         return;
-    const int estilo = propia.estilo >= 0                             ? propia.estilo
+    const int estilo = propia.estilo >= 0                         ? propia.estilo
                        : !i.estilo_propio && de_banda.estilo >= 0 ? de_banda.estilo
-                                                                      : i.estilo;
+                                                                  : i.estilo;
     const double entra = i.sangra ? de_banda.sangria + propia.sangria : 0;
     const QRectF lugar(i.x + entra, i.y, i.ancho - entra, i.alto);
     switch (i.clase) {
@@ -133,8 +133,8 @@ void Dibujante::imagen(BloqueHoja& bloque, const Item& i, QRectF lugar) {
         return;
     const QSizeF cabe =
         QSizeF(hojas_.tamano_imagen(numero)).scaled(lugar.size(), Qt::KeepAspectRatio);
-    bloque.trazos << Trazo{Trazo::Imagen,  QRectF(lugar.topLeft(), cabe), quint16(numero),
-                           Lado::Izquierda, 0,                            {}};
+    bloque.trazos << Trazo{
+        Trazo::Imagen, QRectF(lugar.topLeft(), cabe), quint16(numero), Lado::Izquierda, 0, {}};
 }
 
 void Dibujante::rico(BloqueHoja& bloque, const Item& i, QRectF lugar, int estilo) {
@@ -178,8 +178,12 @@ void Dibujante::parta(BloqueHoja& bloque, const Item& i, QRectF lugar, int estil
     const double renglon = l.alto_renglon();
     double y = lugar.y();
     for (const QString& r : l.renglones(texto, lugar.width())) {
-        bloque.trazos << Trazo{Trazo::Texto, QRectF(lugar.x(), y, lugar.width(), renglon),
-                               quint16(estilos_[estilo]), i.lado, 0, r};
+        bloque.trazos << Trazo{Trazo::Texto,
+                               QRectF(lugar.x(), y, lugar.width(), renglon),
+                               quint16(estilos_[estilo]),
+                               i.lado,
+                               0,
+                               r};
         y += renglon;
     }
     bloque.alto = qMax(bloque.alto, bloque.base + y - lugar.y() - i.alto);
@@ -294,12 +298,12 @@ QString Dibujante::cifra(Racional valor, const Item& item) const {
     if (item.oculta_cero && valor.es_cero())
         return {};
     const bool porcentaje = item.formato == Formato::Porcentaje && item.decimales < 0;
-    const int decimales = item.decimales >= 0                                        ? item.decimales
-                          : item.formato == Formato::Entero                          ? 0
+    const int decimales = item.decimales >= 0               ? item.decimales
+                          : item.formato == Formato::Entero ? 0
                           : porcentaje && valor.redondeado(2) != valor.redondeado(4) ? 4
                                                                                      : 2;
-    const Moneda m = valor.redondeado(
-        item.formato == Formato::Texto ? Moneda::kDecimales : decimales);
+    const Moneda m =
+        valor.redondeado(item.formato == Formato::Texto ? Moneda::kDecimales : decimales);
     if (item.formato == Formato::Letras)
         return importe_en_letras(m, variables_.moneda, variables_.fraccion,
                                  variables_.final_letras);

@@ -180,11 +180,14 @@ private:
             Formula::Op op;
             int minimo, maximo;
         };
-        static constexpr Firma kFirmas[]{
-            {"suma", Formula::Suma, 1, 2},       {"cuenta", Formula::Cuenta, 0, 1},
-            {"si", Formula::Si, 3, 3},           {"abs", Formula::Abs, 1, 1},
-            {"redondee", Formula::Redondee, 2, 2}, {"largo", Formula::Largo, 1, 1},
-            {"empieza", Formula::Empieza, 2, 2}, {"termina", Formula::Termina, 2, 2}};
+        static constexpr Firma kFirmas[]{{"suma", Formula::Suma, 1, 2},
+                                         {"cuenta", Formula::Cuenta, 0, 1},
+                                         {"si", Formula::Si, 3, 3},
+                                         {"abs", Formula::Abs, 1, 1},
+                                         {"redondee", Formula::Redondee, 2, 2},
+                                         {"largo", Formula::Largo, 1, 1},
+                                         {"empieza", Formula::Empieza, 2, 2},
+                                         {"termina", Formula::Termina, 2, 2}};
         QVector<int> argumentos;
         if (!tome(")")) {
             do
@@ -329,8 +332,8 @@ Cifra Formula::aritmetica(const ContextoFormula& contexto, const Nodo& n) const 
     case Abs:
         return Cifra::de(a->absoluto());
     default: // Redondee
-        return Cifra::de(
-            Racional(a->redondeado(int(qBound(qint64(0), b->redondeado(0).escalado(0), qint64(4))))));
+        return Cifra::de(Racional(
+            a->redondeado(int(qBound(qint64(0), b->redondeado(0).escalado(0), qint64(4))))));
     }
 }
 

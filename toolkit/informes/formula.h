@@ -6,7 +6,8 @@
 //     suma(e [, condición])  cuenta([condición])   de las filas del grupo de la banda
 //     si(condición, a, b)    abs(e)    redondee(e, decimales)
 //     largo(texto)           empieza(texto, comienzo)    termina(texto, final)
-// Una columna nula vale cero al sumar; dividir por cero deja la fórmula sin valor y no imprime nada.
+// Una columna nula vale cero al sumar; dividir por cero deja la fórmula sin valor y no imprime
+// nada.
 #include "datos/firebird/valor.h"
 #include "toolkit/informes/racional.h"
 
@@ -71,8 +72,8 @@ public:
         Op op = Numero;
         int a = -1, b = -1, c = -1; ///< operandos, en el mismo arreglo
         Racional numero;
-        QString texto;                             ///< literal, columna o variable
-        QString conexion;                          ///< de una columna, si la nombra
+        QString texto;                            ///< literal, columna o variable
+        QString conexion;                         ///< de una columna, si la nombra
         int fuente = -1, columna = -1, suma = -1; ///< cuando ya se ató
     };
 

@@ -29,15 +29,10 @@ struct Cabeza {
 
 void agregue(QByteArray& pagina, const Trazo& t) {
     const bool con_texto = t.clase == Trazo::Texto || t.clase == Trazo::Caja;
-    const Cabeza c{float(t.lugar.x()),
-                   float(t.lugar.y()),
-                   float(t.lugar.width()),
-                   float(t.lugar.height()),
-                   t.grosor,
-                   t.recurso,
-                   quint8(t.clase),
-                   quint8(t.lado),
-                   con_texto ? quint32(t.texto.size()) : 0};
+    const Cabeza c{
+        float(t.lugar.x()),      float(t.lugar.y()), float(t.lugar.width()),
+        float(t.lugar.height()), t.grosor,           t.recurso,
+        quint8(t.clase),         quint8(t.lado),     con_texto ? quint32(t.texto.size()) : 0};
     pagina.append(reinterpret_cast<const char*>(&c), sizeof c);
     pagina.append(reinterpret_cast<const char*>(t.texto.constData()),
                   qsizetype(c.largo * sizeof(QChar)));

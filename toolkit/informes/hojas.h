@@ -88,7 +88,7 @@ private:
     QVector<Papel> papeles_;
     QVector<Estilo> estilos_;
     QVector<Guardada> imagenes_;
-    mutable QCache<int, QImage> a_la_mano_; ///< las últimas que se dibujaron
+    mutable QCache<int, QImage> a_la_mano_;      ///< las últimas que se dibujaron
     QVector<std::pair<qint64, int>> pendientes_; ///< dónde quedó cada texto y su largo
     QVector<int> primeras_;                      ///< primera página de cada documento
     QByteArray pagina_;                          ///< la que se escribe

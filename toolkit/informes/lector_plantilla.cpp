@@ -337,8 +337,7 @@ private:
         b.numera = si("numera");
         b.corta = si("corta");
         b.junta = si("junta", b.tipo == TipoBanda::Grupo);
-        b.acompanada =
-            si("acompanada", b.tipo == TipoBanda::Total || b.tipo == TipoBanda::Final);
+        b.acompanada = si("acompanada", b.tipo == TipoBanda::Total || b.tipo == TipoBanda::Final);
         b.si = formula("si");
         b.aspecto = aspecto();
         b.de_grupo = atributo("grupo");
@@ -397,9 +396,10 @@ private:
         const auto clase = clases.constFind(nodo_->nombre);
         if (clase == clases.constEnd())
             falle_elemento();
-        admita({"nombre", "x", "y", "ancho", "alto", "estilo", "aspecto", "sangra", "si", "lado",
-                "de", "formato", "decimales", "cero", "negativo", "parte", "repetido", "grosor",
-                "doble", "relleno", "variable", "columna"});
+        admita({"nombre",    "x",       "y",        "ancho",  "alto",     "estilo",
+                "aspecto",   "sangra",  "si",       "lado",   "de",       "formato",
+                "decimales", "cero",    "negativo", "parte",  "repetido", "grosor",
+                "doble",     "relleno", "variable", "columna"});
         Item i;
         i.clase = *clase;
         i.renglon = nodo_->linea;
@@ -427,9 +427,9 @@ private:
         static const QHash<QString, Lado> lados{
             {"izquierda", Lado::Izquierda}, {"centro", Lado::Centro}, {"derecha", Lado::Derecha}};
         static const QHash<QString, Formato> formatos{
-            {"texto", Formato::Texto},   {"importe", Formato::Importe},
-            {"entero", Formato::Entero}, {"fecha", Formato::Fecha},
-            {"letras", Formato::Letras}, {"fecha_larga", Formato::FechaLarga},
+            {"texto", Formato::Texto},          {"importe", Formato::Importe},
+            {"entero", Formato::Entero},        {"fecha", Formato::Fecha},
+            {"letras", Formato::Letras},        {"fecha_larga", Formato::FechaLarga},
             {"porcentaje", Formato::Porcentaje}};
         static const QHash<QString, bool> negativos{{"signo", false}, {"parentesis", true}};
         i.formato = escoja("formato", formatos, Formato::Texto);

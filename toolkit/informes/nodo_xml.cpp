@@ -41,11 +41,11 @@ NodoXml lea_nodo(QXmlStreamReader& xml) {
 NodoXml lea_xml(const QString& ruta) {
     QFile archivo(ruta);
     if (!archivo.open(QIODevice::ReadOnly))
-        throw ErrorInforme(
-            QStringLiteral("No se pudo abrir el proyecto de informes \"%1\": %2.")
-                .arg(QDir::toNativeSeparators(ruta),
-                     archivo.exists() ? QStringLiteral("no tiene permiso para leerlo")
-                                      : QStringLiteral("el archivo no existe")));
+        throw ErrorInforme(QStringLiteral("No se pudo abrir el proyecto de informes \"%1\": %2.")
+                               .arg(QDir::toNativeSeparators(ruta),
+                                    archivo.exists()
+                                        ? QStringLiteral("no tiene permiso para leerlo")
+                                        : QStringLiteral("el archivo no existe")));
     QXmlStreamReader xml(&archivo);
     NodoXml raiz;
     if (xml.readNextStartElement())

@@ -99,8 +99,8 @@ void Paginador::superponga(BloqueHoja&& bloque) {
     }
     BloqueHoja& debajo = cuerpo_.last().bloque;
     const double baja = debajo.base;
-    for (auto [de, a] : {std::pair{&bloque.trazos, &debajo.trazos},
-                         {&bloque.callados, &debajo.callados}})
+    for (auto [de, a] :
+         {std::pair{&bloque.trazos, &debajo.trazos}, {&bloque.callados, &debajo.callados}})
         for (Trazo& t : *de) {
             t.lugar.translate(0, baja);
             *a << t;

@@ -17,7 +17,7 @@ struct BloqueHoja {
     QVector<std::pair<double, double>> indivisibles; ///< tramos que no se cortan
     bool superpuesta = false;                        ///< va sobre el bloque anterior
     bool junta = false, acompanada = false, corta = false;
-    int repite = 0; ///< niveles de grupo que se anuncian otra vez si empieza la hoja
+    int repite = 0;          ///< niveles de grupo que se anuncian otra vez si empieza la hoja
     QVector<Racional> sumas; ///< lo acumulado antes de él, si la hoja lo escribe
 
     /// Dónde se puede cortar sin pasar de `tope`; 0 si en ninguna parte.

@@ -115,7 +115,8 @@ private:
         if (b.text().trimmed().isEmpty() || b.text().size() > kTituloCorto || b.textList())
             return false;
         for (auto i = b.begin(); !i.atEnd(); ++i)
-            if (!i.fragment().text().trimmed().isEmpty() && !i.fragment().charFormat().font().bold())
+            if (!i.fragment().text().trimmed().isEmpty() &&
+                !i.fragment().charFormat().font().bold())
                 return false;
         return true;
     }
@@ -190,8 +191,7 @@ private:
         }
         constexpr double kCampo = 8 * kPorMilimetro, kSeparacion = 1.5 * kPorMilimetro;
         ponga(marca,
-              QPointF(origen.x() + l.x() - kCampo - kSeparacion,
-                      origen.y() + l.y() + l.ascent()),
+              QPointF(origen.x() + l.x() - kCampo - kSeparacion, origen.y() + l.y() + l.ascent()),
               kCampo, b.begin().atEnd() ? b.charFormat() : b.begin().fragment().charFormat(),
               Lado::Derecha);
     }

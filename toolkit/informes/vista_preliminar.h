@@ -78,8 +78,8 @@ private:
     QLabel* estado_;
 };
 
-/// Lleva las hojas a la impresora con las copias, el intercalado y el rango pedidos. `documento`: su
-/// nombre en la cola.
+/// Lleva las hojas a la impresora con las copias, el intercalado y el rango pedidos. `documento`:
+/// su nombre en la cola.
 void imprima_hojas(const Hojas& hojas, const OpcionesReporte& opciones, int actual,
                    const QString& documento);
 
