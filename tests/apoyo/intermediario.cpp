@@ -116,7 +116,8 @@ bool Intermediario::pase(const Par& par, Sentido sentido) {
     if (n <= 0)
         return false;
     const qint64 tope = tope_[sentido];
-    const qint64 cabe = tope < 0 ? n : qBound<qint64>(0, tope - pasados_[sentido].load(), qint64(n));
+    const qint64 cabe =
+        tope < 0 ? n : qBound<qint64>(0, tope - pasados_[sentido].load(), qint64(n));
     for (qint64 van = 0; van < cabe;) {
         const ssize_t m = ::send(a, bufer + van, size_t(cabe - van), MSG_NOSIGNAL);
         if (m <= 0)

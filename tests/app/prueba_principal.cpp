@@ -332,8 +332,8 @@ void PruebaPrincipal::una_compania_sin_fila_toma_los_datos_de_la_primera() {
 void PruebaPrincipal::un_valor_de_configuracion_danado_detiene_la_entrada() {
     s_->configure("COLOR VENTANA PRINCIPAL", "azul");
     s_->dialogos.espere("Se presento el siguiente error: La configuración COLOR VENTANA "
-                            "PRINCIPAL tiene el valor 'azul', que no es un número entero. Corríjala "
-                            "en el módulo principal.");
+                        "PRINCIPAL tiene el valor 'azul', que no es un número entero. Corríjala "
+                        "en el módulo principal.");
     Tfprincipal& p = s_->entre();
     QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
     QVERIFY(p.isVisible() && p.EUsuario->text().isEmpty());
@@ -344,8 +344,8 @@ void PruebaPrincipal::un_valor_de_configuracion_danado_detiene_la_entrada() {
         "delete from configuracion where conf_propiedad = 'DURACION DE LAS BUSQUEDAS'");
     s_->dialogos.espere("No se encontró la configuración DURACION DE LAS BUSQUEDAS");
     s_->dialogos.espere("Se presento el siguiente error: La configuración DURACION DE LAS "
-                            "BUSQUEDAS tiene el valor '', que no es un número entero. Corríjala en "
-                            "el módulo principal.");
+                        "BUSQUEDAS tiene el valor '', que no es un número entero. Corríjala en "
+                        "el módulo principal.");
     s_->entre();
     QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
     QVERIFY(!s_->datos.ConGeneral.conectada());

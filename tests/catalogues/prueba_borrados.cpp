@@ -36,12 +36,13 @@ struct EnLista {
     QString dice;
 };
 
-QVector<EnLista> en_listas() {
+const QString kFalla = "Se presento el siguiente error: ";
+QString se_usa(const QString& donde) {
+    return kFalla + "No se puede borrar ni cambiar su código: se usa en " + donde + ".";
+}
+
+QVector<EnLista> cuentas_en_listas() {
     QVector<EnLista> casos;
-    const QString falla = "Se presento el siguiente error: ";
-    const auto se_usa = [&](const QString& donde) {
-        return falla + "No se puede borrar ni cambiar su código: se usa en " + donde + ".";
-    };
     for (const auto& [pantalla, sufijo, de, rotulo] :
          {std::tuple{"Tfcuentas", "", "cuenta", ""},
           {"Tfcuentasniif", "_NIIF", "cuenta NIIF", " NIIF"}}) {
@@ -64,13 +65,13 @@ QVector<EnLista> en_listas() {
                se_usa("las plantillas" + QString(rotulo)));
         cuenta("519530",
                {"update " + tabla + " set cuen_ctajuste = '519530' where cuen_cod = '110505'"},
-               falla + "La cuenta 519530 es la cuenta de ajuste de la 110505: no se puede borrar. "
-                       "Cámbiela allá primero.");
+               kFalla + "La cuenta 519530 es la cuenta de ajuste de la 110505: no se puede borrar. "
+                        "Cámbiela allá primero.");
         cuenta("519530",
                {"update " + tabla + " set cuen_ctacorrecion = '519530' where cuen_cod = '110505'"},
-               falla + "La cuenta 519530 es la contrapartida del ajuste de la 110505: no se puede "
-                       "borrar. Cámbiela allá primero.");
-        cuenta("1105", {}, falla + "La cuenta 1105 tiene auxiliares definidos.");
+               kFalla + "La cuenta 519530 es la contrapartida del ajuste de la 110505: no se puede "
+                        "borrar. Cámbiela allá primero.");
+        cuenta("1105", {}, kFalla + "La cuenta 1105 tiene auxiliares definidos.");
     }
     casos << EnLista{"Tfcuentasniif",
                      "CCuentas",
@@ -79,8 +80,8 @@ QVector<EnLista> en_listas() {
                      "Desea borrar definitivamente la cuenta NIIF 519530 ?",
                      "cuentas_niif",
                      {"update cuentas set cuen_eqniif = '519530' where cuen_cod = '519530'"},
-                     falla + "La cuenta 519530 es la equivalente de la cuenta 519530: no se puede "
-                             "borrar. Cámbiela allá primero."};
+                     kFalla + "La cuenta 519530 es la equivalente de la cuenta 519530: no se puede "
+                              "borrar. Cámbiela allá primero."};
     casos << EnLista{"Tfcuentas",
                      "CCuentas",
                      "CUEN_COD",
@@ -88,8 +89,13 @@ QVector<EnLista> en_listas() {
                      "Desea borrar definitivamente la cuenta 519530 ?",
                      "cuentas",
                      {"update terceros set terc_ctaprov = '519530' where terc_nit = '900123456'"},
-                     falla + "La cuenta 519530 es una de las cuentas del tercero 900123456: no se "
-                             "puede borrar. Cámbiela allá primero."};
+                     kFalla + "La cuenta 519530 es una de las cuentas del tercero 900123456: no se "
+                              "puede borrar. Cámbiela allá primero."};
+    return casos;
+}
+
+QVector<EnLista> terceros_y_articulos_en_listas() {
+    QVector<EnLista> casos;
     const auto tercero = [&](QStringList uso, const QString& dice) {
         casos << EnLista{"Tfterceros",
                          "CTerceros",
@@ -105,8 +111,9 @@ QVector<EnLista> en_listas() {
     tercero({kEncabezado, linea("_NIIF", "terc_nit", "800456789")},
             se_usa("los comprobantes NIIF"));
     tercero({QString(kEncabezado).replace("null", "'800456789'")},
-            falla + "El 800456789 es el tercero del comprobante CG 0001 000900: no se puede borrar "
-                    "ni cambiar de NIT.");
+            kFalla +
+                "El 800456789 es el tercero del comprobante CG 0001 000900: no se puede borrar "
+                "ni cambiar de NIT.");
     tercero(kPlantilla + QStringList{"insert into plantilla_detalle (plan_id, plde_item, cuen_cod, "
                                      "terc_nit) values (5, 1, '220505', '800456789')"},
             se_usa("las plantillas"));
@@ -118,7 +125,7 @@ QVector<EnLista> en_listas() {
                          "Desea borrar definitivamente el artículo MART01 ?",
                          "articulo",
                          {kEncabezado, linea(sufijo, "arti_cod", "MART01", "143505")},
-                         falla + "El artículo MART01 está en el comprobante CG 0001 000900" +
+                         kFalla + "El artículo MART01 está en el comprobante CG 0001 000900" +
                              rotulo + ": no se puede borrar ni cambiar de código."};
     casos << EnLista{"Tfarticulos",
                      "CArticulos",
@@ -143,14 +150,14 @@ struct EnRejilla {
     QString vale;
 };
 
-QVector<EnRejilla> en_rejillas() {
-    const QString error = "Se presento el siguiente error: ";
-    const auto relacion = [](const QString& tabla, const QString& donde) {
-        return "Está borrando o insertando un registro en la tabla " + tabla +
-               " que tiene una relación con otra tabla. No se puede borrar ni cambiar su código: "
-               "se usa en " +
-               donde + ".";
-    };
+QString relacion(const QString& tabla, const QString& donde) {
+    return "Está borrando o insertando un registro en la tabla " + tabla +
+           " que tiene una relación con otra tabla. No se puede borrar ni cambiar su código: "
+           "se usa en " +
+           donde + ".";
+}
+
+QVector<EnRejilla> categorias_y_centros_en_rejillas() {
     QVector<EnRejilla> casos;
     for (const auto& [sufijo, rotulo] : {std::pair{"", ""}, {"_NIIF", " (libro NIIF)"}}) {
         const QString s = sufijo;
@@ -195,6 +202,11 @@ QVector<EnRejilla> en_rejillas() {
                            QString("select proy_cod || cent_cod from comprobante_detalle%1").arg(s),
                            "00080001"};
     }
+    return casos;
+}
+
+QVector<EnRejilla> tipos_y_lugares_en_rejillas() {
+    QVector<EnRejilla> casos;
     casos << EnRejilla{"Tftipodoc",
                        "CTipodoc",
                        "TICO_COD",
@@ -240,6 +252,11 @@ QVector<EnRejilla> en_rejillas() {
                            "select count(*) from paises where pais_id = '249'",
                            "1"};
     }
+    return casos;
+}
+
+QVector<EnRejilla> normas_en_rejillas() {
+    QVector<EnRejilla> casos;
     const QStringList con_norma{
         "insert into normas_niif (nnif_id, nnif_nombre) values (13, 'Sección 13')",
         "insert into normas_niif_detalle (nnif_id, nnid_item) values (13, '4')",
@@ -272,7 +289,7 @@ private slots:
     }
 
     void lo_que_se_usa_no_se_borra_desde_su_lista_y_se_dice_donde() {
-        for (const EnLista& caso : en_listas()) {
+        for (const EnLista& caso : cuentas_en_listas() + terceros_y_articulos_en_listas()) {
             const QByteArray cual = QByteArray(caso.pantalla) + ' ' + caso.codigo + ": " +
                                     caso.dice.toUtf8() + " / " + caso.uso.join("; ").toUtf8();
             SesionGui s;
@@ -316,7 +333,8 @@ private slots:
     }
 
     void los_maestros_de_rejilla_se_rehusan_o_arrastran_a_quien_los_nombra() {
-        for (const EnRejilla& caso : en_rejillas()) {
+        for (const EnRejilla& caso : categorias_y_centros_en_rejillas() +
+                                         tipos_y_lugares_en_rejillas() + normas_en_rejillas()) {
             const QByteArray cual = QByteArray(caso.pantalla) + ' ' + caso.codigo +
                                     (caso.borra ? " borra: " : " cambia: ") + caso.dice.toUtf8();
             SesionGui s;

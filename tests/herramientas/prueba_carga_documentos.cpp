@@ -81,14 +81,14 @@ struct Factura {
     }
     /// El contenedor con que la factura llega por correo.
     QString adjunta() const {
-        return QStringLiteral(
-                   "<?xml version=\"1.0\" encoding=\"UTF-8\"?><AttachedDocument"
-                   " xmlns=\"urn:oasis:names:specification:ubl:schema:xsd:"
-                   "AttachedDocument-2\" xmlns:cac=\"urn:oasis:names:specification:ubl:"
-                   "schema:xsd:CommonAggregateComponents-2\" xmlns:cbc=\"urn:oasis:names:"
-                   "specification:ubl:schema:xsd:CommonBasicComponents-2\">"
-                   "<cbc:ID>1</cbc:ID><cac:Attachment><cac:ExternalReference>"
-                   "<cbc:MimeCode>text/xml</cbc:MimeCode><cbc:Description><![CDATA[") +
+        return QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?><AttachedDocument"
+                              " xmlns=\"urn:oasis:names:specification:ubl:schema:xsd:"
+                              "AttachedDocument-2\" xmlns:cac=\"urn:oasis:names:specification:ubl:"
+                              "schema:xsd:CommonAggregateComponents-2\""
+                              " xmlns:cbc=\"urn:oasis:names:specification:ubl:schema:xsd:"
+                              "CommonBasicComponents-2\">"
+                              "<cbc:ID>1</cbc:ID><cac:Attachment><cac:ExternalReference>"
+                              "<cbc:MimeCode>text/xml</cbc:MimeCode><cbc:Description><![CDATA[") +
                xml() +
                QStringLiteral("]]></cbc:Description></cac:ExternalReference></cac:Attachment>"
                               "</AttachedDocument>");

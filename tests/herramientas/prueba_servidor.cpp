@@ -139,7 +139,8 @@ void PruebaServidor::caido_el_servidor_se_suelta_y_se_vuelve_a_entrar() {
     servidor_->detenga();
     bool perdida = false;
     try {
-        c.ejecute(QStringLiteral("update tipo_comprobante set tico_formato = 'N' where tico_cod = 'CG'"));
+        c.ejecute(
+            QStringLiteral("update tipo_comprobante set tico_formato = 'N' where tico_cod = 'CG'"));
     } catch (const ErrorBase& e) {
         perdida = e.conexion_perdida();
     }
@@ -147,7 +148,9 @@ void PruebaServidor::caido_el_servidor_se_suelta_y_se_vuelve_a_entrar() {
     c.desconectar();
     servidor_->inicie();
     c.conectar(servidor_->parametros());
-    QCOMPARE(c.ejecute(QStringLiteral("update tipo_comprobante set tico_formato = 'N' where tico_cod = 'CG'")), 1);
+    QCOMPARE(c.ejecute(QStringLiteral(
+                 "update tipo_comprobante set tico_formato = 'N' where tico_cod = 'CG'")),
+             1);
 }
 
 QTEST_GUILESS_MAIN(PruebaServidor)

@@ -30,24 +30,24 @@ struct CasoAuxiliar {
     const char* inicial;
     QSize tamano;
 };
-/// Lo que muestra cada auxiliar del libro de prueba en marzo.
-QVector<CasoAuxiliar> casos_de_auxiliar() {
-    const QStringList todas{"Tipo",   "Prefijo", "Número",     "Fecha", "Concepto",
-                            "NIT",    "Mcpio",   "Referencia", "Base",  "Porc.",
-                            "Débito", "Crédito", "Pry.",       "Centro"};
-    QStringList de_tercero = todas, de_centro = todas, de_articulo = todas;
-    de_tercero.removeOne("NIT");
-    de_tercero.removeOne("Mcpio");
-    de_tercero.replaceInStrings("Referencia", "Ref.");
-    de_centro.removeOne("Pry.");
-    de_centro.removeOne("Centro");
-    de_articulo.removeOne("Mcpio");
+const QStringList kTitulosAuxiliar{"Tipo",   "Prefijo", "Número",     "Fecha", "Concepto",
+                                   "NIT",    "Mcpio",   "Referencia", "Base",  "Porc.",
+                                   "Débito", "Crédito", "Pry.",       "Centro"};
+QStringList titulos_sin(const QStringList& quitados) {
+    QStringList titulos = kTitulosAuxiliar;
+    for (const QString& t : quitados)
+        titulos.removeOne(t);
+    return titulos;
+}
+QVector<CasoAuxiliar> auxiliares_de_cuenta_y_tercero() {
+    const QStringList de_tercero =
+        titulos_sin({"NIT", "Mcpio"}).replaceInStrings("Referencia", "Ref.");
     return {
         {"Tfauxiliar",
          "110505",
          "Caja general",
          "",
-         todas,
+         kTitulosAuxiliar,
          "Auxiliar",
          {"903", "902", "906"},
          {"0", "1190000.25", "11.11"},
@@ -58,7 +58,7 @@ QVector<CasoAuxiliar> casos_de_auxiliar() {
          "110505",
          "Caja NIIF",
          "",
-         todas,
+         kTitulosAuxiliar,
          "AuxiliarNIIF",
          {"903", "902", "906"},
          {"0", "1190000.75", "22.22"},
@@ -87,6 +87,11 @@ QVector<CasoAuxiliar> casos_de_auxiliar() {
          {"0"},
          "",
          {}},
+    };
+}
+QVector<CasoAuxiliar> auxiliares_de_centro_y_articulo() {
+    const QStringList de_centro = titulos_sin({"Pry.", "Centro"});
+    return {
         {"Tfauxiliarcentro",
          "510506",
          "Sueldos",
@@ -114,7 +119,7 @@ QVector<CasoAuxiliar> casos_de_auxiliar() {
          "143505",
          "Mercancías",
          "Martillo",
-         de_articulo,
+         titulos_sin({"Mcpio"}),
          "AuxArtic",
          {"907", "907"},
          {"100.1", "0"},
@@ -122,6 +127,10 @@ QVector<CasoAuxiliar> casos_de_auxiliar() {
          "",
          {}},
     };
+}
+/// Lo que muestra cada auxiliar del libro de prueba en marzo.
+QVector<CasoAuxiliar> casos_de_auxiliar() {
+    return auxiliares_de_cuenta_y_tercero() + auxiliares_de_centro_y_articulo();
 }
 
 struct CasoSaldo {
@@ -138,11 +147,8 @@ struct CasoSaldo {
 };
 const QStringList kTitulosCentro{"Centro",  "Subc.",    "S. Inicial",
                                  "Débitos", "Créditos", "S. Final"};
-/// Lo que muestra cada lista de saldos del libro de prueba en marzo.
-QVector<CasoSaldo> casos_de_saldo() {
+QVector<CasoSaldo> saldos_por_tercero() {
     const QStringList por_nit{"NIT", "Nombre", "S. Inicial", "Débitos", "Créditos", "S. Final"};
-    const QStringList por_articulo{"Artículo", "Descripción", "S. Inicial",
-                                   "Débitos",  "Céditos",     "S. Final"};
     return {
         {"Tfsaldoterc",
          "Saldos por tercero",
@@ -188,6 +194,12 @@ QVector<CasoSaldo> casos_de_saldo() {
          "Tfauxiliartercniif",
          {"903"},
          {616, 350}},
+    };
+}
+QVector<CasoSaldo> saldos_por_centro_y_articulo() {
+    const QStringList por_articulo{"Artículo", "Descripción", "S. Inicial",
+                                   "Débitos",  "Céditos",     "S. Final"};
+    return {
         {"Tfsaldocentro",
          "Saldos por centro",
          "510506",
@@ -222,6 +234,10 @@ QVector<CasoSaldo> casos_de_saldo() {
          {"907", "907"},
          {676, 273}},
     };
+}
+/// Lo que muestra cada lista de saldos del libro de prueba en marzo.
+QVector<CasoSaldo> casos_de_saldo() {
+    return saldos_por_tercero() + saldos_por_centro_y_articulo();
 }
 
 } // namespace

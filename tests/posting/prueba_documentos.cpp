@@ -144,6 +144,12 @@ const QVector<Caso>& comercial() {
          "417505 D 100000 c=0002-0001; 240805 D 19000; 130505 C 119000 t=900123456 x=31-000900;"
          " 143505 D 60000 a=MART01; 613505 C 60000 c=0002-0001",
          nullptr},
+    };
+    return casos;
+}
+
+const QVector<Caso>& cartera() {
+    static const QVector<Caso> casos{
         // Ruta: lo recaudado por medio y el faltante del conductor contra los clientes.
         {documento(37, "MEDIO:EF 180000; MEDIO:CH 70000; FALTANTE 3000 t=52345678;"
                        " CLIENTE 253000 t=900123456"),
@@ -151,12 +157,6 @@ const QVector<Caso>& comercial() {
          "110505 D 180000; 110515 D 70000; 136595 D 3000 t=52345678;"
          " 130505 C 253000 t=900123456",
          nullptr},
-    };
-    return casos;
-}
-
-const QVector<Caso>& cartera() {
-    static const QVector<Caso> casos{
         {documento(41, "INTERES 40000; IVA:19 7600; CLIENTE 47600 x=31-000010", kCliente),
          interfaz("CLIENTE 130505 D tx; INTERES 421005 C; IVA 240805 C"),
          "130505 D 47600 t=900123456 x=31-000010; 421005 C 40000; 240805 C 7600", nullptr},

@@ -155,16 +155,19 @@ void PruebaReglasContabilizacion::una_interfaz_detallada_no_junta_importes() {
                       " 250505 C 7 t=860002964"));
 }
 
-void PruebaReglasContabilizacion::cada_error_dice_que_corregir_y_la_propuesta_espera() {
+namespace {
+
+struct CasoDeError {
+    QString codigo, texto, reglas, lineas;
+    QString nit = QStringLiteral("900123456"), centro = QStringLiteral("0002-0001");
+    QString tipo = QStringLiteral("CG");
+};
+
+QVector<CasoDeError> casos_de_error() {
     const QString falta = "VENTA 100; CLIENTE 100";
-    struct Caso {
-        QString codigo, texto, reglas, lineas;
-        QString nit = QStringLiteral("900123456"), centro = QStringLiteral("0002-0001");
-        QString tipo = QStringLiteral("CG");
-    };
     const QString interfaz =
         " Corrija la cuenta en la interfaz De prueba o en la ficha del tercero.";
-    const Caso casos[] = {
+    return {
         {"CUENTA_INEXISTENTE",
          "Línea 2, cuenta 413599: La cuenta especificada no existe." + interfaz,
          "CLIENTE 130505 D t; VENTA 413599 C", falta},
@@ -202,8 +205,13 @@ void PruebaReglasContabilizacion::cada_error_dice_que_corregir_y_la_propuesta_es
          " Corrija el tipo y el prefijo de comprobante de la interfaz De prueba.",
          "CLIENTE 130505 D t; VENTA 413505 C c", falta, "900123456", "0002-0001", "NC"},
     };
+}
+
+} // namespace
+
+void PruebaReglasContabilizacion::cada_error_dice_que_corregir_y_la_propuesta_espera() {
     int n = 0;
-    for (const Caso& caso : casos) {
+    for (const CasoDeError& caso : casos_de_error()) {
         InterfazPrueba i = reglas(caso.reglas, ++n);
         i.tipo = caso.tipo;
         registre(base(), 31, i);

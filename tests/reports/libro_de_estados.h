@@ -88,7 +88,7 @@ inline void cierre_libro(Conexion& base, int ano, int id) {
 
 /// El primer año queda cerrado; los otros, no.
 inline void arme_libro_de_estados(Conexion& base, quint32 semilla) {
-    QRandomGenerator azar(semilla);
+    QRandomGenerator azar = azar_de_prueba(semilla);
     agregue_niveles(base);
     for (int libro : {0, 1}) {
         int item = 0;

@@ -435,9 +435,8 @@ private slots:
             ventana->close();
         });
         QCOMPARE(puc.mostrar_modal(), int(mrCancel));
-        i.espere_modal("TfB", [](QWidget* v) {
-            v->findChild<Pantalla*>("TfB")->resultado_modal(mrOk);
-        });
+        i.espere_modal("TfB",
+                       [](QWidget* v) { v->findChild<Pantalla*>("TfB")->resultado_modal(mrOk); });
         QCOMPARE(pantallas().abrir_modal("TfB"), int(mrOk));
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(!saque().contains("TfA activa"));

@@ -49,6 +49,8 @@ private:
                               " code_debito, code_credito, arti_cod) values (%2)")
             .arg(libro, valores);
     }
+    /// Cada maestro con alguien que lo nombra: un comprobante, un saldo, otra cuenta, un tercero.
+    void ponga_todo_en_uso();
     /// Dos líneas 2649 cuadradas en el comprobante 1, con el check de réplica.
     void comprobante_replicado() {
         grabe(base(),
@@ -197,7 +199,7 @@ void PruebaGuarda::un_numero_es_el_mismo_con_o_sin_ceros_y_el_contador_no_retroc
              QString("000041"));
 }
 
-void PruebaGuarda::lo_que_esta_en_uso_no_se_borra_ni_cambia_y_se_dice_donde() {
+void PruebaGuarda::ponga_todo_en_uso() {
     grabe(base(), {1,
                    "000001",
                    "20170310",
@@ -222,6 +224,10 @@ void PruebaGuarda::lo_que_esta_en_uso_no_se_borra_ni_cambia_y_se_dice_donde() {
          "update terceros set terc_ctaventa = '110530' where terc_nit = '800456789'",
          "insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto)"
          " values (1, 'RC', '0002', 'Modelo')"});
+}
+
+void PruebaGuarda::lo_que_esta_en_uso_no_se_borra_ni_cambia_y_se_dice_donde() {
+    ponga_todo_en_uso();
     const QString no = ": no se puede borrar ni cambiar de código.";
     const std::pair<QString, QString> casos[] = {
         {"delete from cuentas_niif where cuen_cod = '110520'",
@@ -381,11 +387,11 @@ void PruebaGuarda::replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649
 
 void PruebaGuarda::un_libro_niif_distinto_sigue_siendo_del_usuario() {
     ComprobanteEnTablas c{1,
-                  "000001",
-                  "20170310",
-                  {{1, "110505", 100, 0}, {2, "111005", 0, 100}},
-                  {{1, "110505", 90, 0}, {2, "111005", 0, 90}},
-                  "S"};
+                          "000001",
+                          "20170310",
+                          {{1, "110505", 100, 0}, {2, "111005", 0, 100}},
+                          {{1, "110505", 90, 0}, {2, "111005", 0, 90}},
+                          "S"};
     grabe(base(), c);
     base_->ejecute({"update comprobante_detalle set code_debito = 250 where code_item = 1"});
     QCOMPARE(libro_niif(), QString("1|110505|90|0|\n2|111005|0|90|"));

@@ -1,3 +1,4 @@
+#include "apoyo/azar_de_prueba.h"
 #include "datos/recordset/conjunto.h"
 
 #include <QTemporaryDir>
@@ -456,7 +457,7 @@ private slots:
                 m.Fields(1) = QString("n%1").arg(i % 50);
             m.Post();
         }
-        QRandomGenerator azar(20180221);
+        QRandomGenerator azar = azar_de_prueba(20180221);
         for (int vuelta = 0; vuelta < 400; ++vuelta) {
             const int cod = int(azar.bounded(220));
             const QString nom = QString("n%1").arg(azar.bounded(60));
