@@ -41,3 +41,4 @@ void mida_estados();
 void mida_definible();
 void mida_anual();
 void mida_cubo();
+void mida_terceros();

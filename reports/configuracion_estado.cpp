@@ -11,12 +11,12 @@ ConfiguracionEstado::ConfiguracionEstado(const DatosConfiguracion& datos)
                       fdm().Quorvex, QLatin1String(datos.pantalla).mid(6),
                       datos.prefijo + "CUENTA"),
       datos_(datos) {
-    conjunto_->entero(campo("ID")).etiqueta("Item").banderas(pfInUpdate | pfInWhere | pfInKey);
-    conjunto_->texto(campo("CUENTA"), 20).etiqueta("Cuenta a incluir");
-    conjunto_->entero(campo("SECCION")).etiqueta("Sección");
-    conjunto_->texto(campo("DB"), 1).etiqueta("Db/Cr");
+    conjunto_->entero(columna("ID")).etiqueta("Item").banderas(pfInUpdate | pfInWhere | pfInKey);
+    conjunto_->texto(columna("CUENTA"), 20).etiqueta("Cuenta a incluir");
+    conjunto_->entero(columna("SECCION")).etiqueta("Sección");
+    conjunto_->texto(columna("DB"), 1).etiqueta("Db/Cr");
     conjunto_->AfterInsert = [this] { AfterInsert(); };
-    conjunto_->FieldByName(campo("CUENTA")).OnChange = [this](Campo& c) { cuenta_cambiada(c); };
+    conjunto_->FieldByName(columna("CUENTA")).OnChange = [this](Campo& c) { cuenta_cambiada(c); };
     rotulo_grabar_ = "F2:Grabar";
 }
 
@@ -24,8 +24,8 @@ void ConfiguracionEstado::FormCreate() {
     QStringList numeros;
     for (int i = 1; i <= datos_.secciones.size(); ++i)
         numeros << QString::number(i);
-    DBGridEh1->lista(DBGridEh1->columna_de(campo("SECCION")), datos_.secciones, numeros);
-    DBGridEh1->lista(DBGridEh1->columna_de(campo("DB")), {"Débito", "Crédito"}, {"S", "N"});
+    DBGridEh1->lista(DBGridEh1->columna_de(columna("SECCION")), datos_.secciones, numeros);
+    DBGridEh1->lista(DBGridEh1->columna_de(columna("DB")), {"Débito", "Crédito"}, {"S", "N"});
     RejillaCatalogo::FormCreate();
 }
 
@@ -33,12 +33,12 @@ void ConfiguracionEstado::AfterInsert() {
     const qint64 en_la_base = fdm()
                                   .CBorrar
                                   .valor_unico(QStringLiteral("select max(%1) from %2")
-                                                   .arg(campo("ID"), QLatin1String(datos_.tabla)))
+                                                   .arg(columna("ID"), QLatin1String(datos_.tabla)))
                                   .entero();
     ultimo_ = qMax(ultimo_, en_la_base) + 1;
-    conjunto_->FieldByName(campo("ID")) = ultimo_;
-    conjunto_->FieldByName(campo("SECCION")) = 1;
-    conjunto_->FieldByName(campo("DB")) = "N";
+    conjunto_->FieldByName(columna("ID")) = ultimo_;
+    conjunto_->FieldByName(columna("SECCION")) = 1;
+    conjunto_->FieldByName(columna("DB")) = "N";
     fila_nueva();
 }
 
@@ -50,7 +50,7 @@ void ConfiguracionEstado::cuenta_cambiada(Campo& cuenta) {
         cuenta.limpie();
         escoja_cuenta(*this, libro(), texto.mid(1), [this](const QString& escogida) {
             conjunto_->Edit();
-            conjunto_->FieldByName(campo("CUENTA")) = escogida;
+            conjunto_->FieldByName(columna("CUENTA")) = escogida;
         });
     } else if (!fdmcnt().valide_cuenta(texto, libro())) {
         cuenta.limpie();

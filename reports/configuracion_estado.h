@@ -20,7 +20,7 @@ protected:
     virtual Libro libro() const { return Libro::Decreto2649; }
     /// Lo propio de una fila nueva, ya numerada.
     virtual void fila_nueva() {}
-    QString campo(const char* nombre) const { return datos_.prefijo + QLatin1String(nombre); }
+    QString columna(const char* nombre) const { return datos_.prefijo + QLatin1String(nombre); }
 
     const DatosConfiguracion datos_;
 

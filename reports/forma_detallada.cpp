@@ -41,10 +41,10 @@ void FormaConTerceros::defina_columnas(bool con_contacto) {
     defina_totales("CUENTA");
 }
 
-QString FormaConTerceros::consulta(const QString& cuentas, const QString& sin_movimiento) const {
+QString FormaConTerceros::consulta(const QString& cuentas, bool sin_movimiento) const {
     const QString texto = "SELECT * FROM " + procedimiento("BALANCE_CON_TERCEROS_MES", "_N") + '(' +
                           ano_y_periodo() + ", " + cuentas + ", " +
-                          argumentos({"ENitIni", "ENitFin"}) + ',' + sin_movimiento + ')';
+                          argumentos({"ENitIni", "ENitFin"}) + ',' + bandera(sin_movimiento) + ')';
     return marcada(cknombre) ? texto + "ORDER BY CUENTA,NOM_TERCERO" : texto;
 }
 

@@ -21,7 +21,7 @@ protected:
     /// Las columnas; las del contacto del tercero y NIVEL solo van en los balances.
     void defina_columnas(bool con_contacto);
     /// `cuentas`: los dos límites de cuenta, ya como literales.
-    QString consulta(const QString& cuentas, const QString& sin_movimiento) const;
+    QString consulta(const QString& cuentas, bool sin_movimiento) const;
 };
 
 class FormaConCentros : public FormaEstado {

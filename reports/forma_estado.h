@@ -40,4 +40,6 @@ protected:
     QString procedimiento(const char* nombre, const char* sufijo = "_niif") const;
     /// "Período:" + mes + "/" + año.
     QString del_periodo() const;
+    /// La cifra de la caja Nivel.
+    QString nivel() const { return QString::number(valor(QStringLiteral("Nivel")).toInt()); }
 };

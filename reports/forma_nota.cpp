@@ -137,15 +137,10 @@ int FormaNota::numero_de_periodo() const {
 }
 
 int FormaNota::numero_siguiente() {
-    return int(fdm()
-                   .CBorrar
-                   .valor_unico(QStringLiteral("select max(noef_numero) from "
-                                               "notas_estados_financieros where noef_ano = %1 and "
-                                               "noef_periodo = %2")
-                                    .arg(ano())
-                                    .arg(numero_de_periodo()))
-                   .entero()) +
-           1;
+    const QString sql = "select max(noef_numero) from notas_estados_financieros where noef_ano = " +
+                        QString::number(ano()) +
+                        " and noef_periodo = " + QString::number(numero_de_periodo());
+    return int(fdm().CBorrar.valor_unico(sql).entero()) + 1;
 }
 
 void FormaNota::cambio_el_periodo() {

@@ -79,6 +79,6 @@ void Tfbuscnotasestado::SBBorrarClick() {
                   dato("NOEF_PERIODO") + '/' + dato("NOEF_ANO") + '?'))
         return;
     fdm().CBorrar.Execute("delete from notas_estados_financieros where noef_id = " +
-                          dato("NOEF_ID"));
+                          QString::number(CNotasestados.FieldByName("NOEF_ID").entero()));
     CNotasestados.Refresh();
 }

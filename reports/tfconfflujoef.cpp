@@ -28,7 +28,7 @@ Libro Tfconfflujoef::libro() const {
 }
 
 void Tfconfflujoef::FormCreate() {
-    conjunto_->Filter("FLEF_NIIF = '" + niif() + '\'');
+    conjunto_->Filter("FLEF_NIIF = " + QuotedStr(niif()));
     conjunto_->Filtered(true);
     ConfiguracionEstado::FormCreate();
 }

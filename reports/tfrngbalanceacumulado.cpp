@@ -56,7 +56,7 @@ QString Tfrngbalanceacumulado::sql() {
                .arg(QString::number(mes("MesFin"))) +
            argumentos({"EDesde", "EHasta", "TerIni", "TerFin"}) + ", " +
            bandera(marcada(Cksinmov)) + ", " + bandera(marcada(ckterceros)) +
-           ") where nivel <= " + entre_comillas("Nivel") + " order by CODIGO";
+           ") where nivel <= " + nivel() + " order by CODIGO";
 }
 
 QString Tfrngbalanceacumulado::titulo() {

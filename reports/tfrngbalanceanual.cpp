@@ -43,12 +43,12 @@ Tfrngbalanceanual::Tfrngbalanceanual() : FormaEstado(kDatos) {
 
 QString Tfrngbalanceanual::sql() {
     const QString comunes = argumentos({"EAno", "EDesde", "EHasta"}).replace(", ", ",") + ',';
-    const QString nivel = " where nivel <= " + entre_comillas("Nivel");
+    const QString hasta = " where nivel <= " + nivel();
     if (marcada(ckcentro))
         return "select * from balance_anual_centros(" + comunes + bandera(false) + ',' +
-               bandera(niif()) + ')' + nivel;
+               bandera(niif()) + ')' + hasta;
     return "select * from " + procedimiento("balance_anual") + '(' + comunes +
-           bandera(marcada(cktercero)) + ",'N')" + nivel;
+           bandera(marcada(cktercero)) + ",'N')" + hasta;
 }
 
 QString Tfrngbalanceanual::titulo() {

@@ -67,7 +67,7 @@ QString Tfrngbalancegeneral::sql() {
              " and CODIGO <= " + entre_comillas("EHasta");
     if (es("G"))
         texto += " and nivel < 5 and CODIGO < '4'";
-    return texto + " and Nivel <= " + entre_comillas("Nivel") + " order by CODIGO";
+    return texto + " and Nivel <= " + nivel() + " order by CODIGO";
 }
 
 QString Tfrngbalancegeneral::titulo() {

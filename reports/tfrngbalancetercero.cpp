@@ -35,7 +35,7 @@ void Tfrngbalancetercero::FormCreate() {
 }
 
 QString Tfrngbalancetercero::sql() {
-    return consulta(argumentos({"EDesde", "EHasta"}), bandera(marcada(Cksinmov)));
+    return consulta(argumentos({"EDesde", "EHasta"}), marcada(Cksinmov));
 }
 
 QString Tfrngbalancetercero::titulo() {

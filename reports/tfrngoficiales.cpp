@@ -117,20 +117,20 @@ QString Tfrngoficiales::sql() {
 }
 
 QString Tfrngoficiales::mayor() const {
-    const QString texto = "select * from mayor_y_balance(" + ano_y_periodo() + ',' +
-                          bandera(niif()) + ',' + bandera(marcada(Cksinmov)) + ')';
-    const bool solo_afectables = fdm().valor<Llave::MayorSoloAfectables>();
-    return (solo_afectables ? texto : texto + " where Nivel = " + valor("Nivel")) +
-           " order by CODIGO";
+    QString texto = "select * from mayor_y_balance(" + ano_y_periodo() + ',' + bandera(niif()) +
+                    ',' + bandera(marcada(Cksinmov)) + ')';
+    if (!fdm().valor<Llave::MayorSoloAfectables>())
+        texto += " where Nivel = " + nivel();
+    return texto + " order by CODIGO";
 }
 
 QString Tfrngoficiales::inventario() const {
-    const QString texto = "select * from inventario_y_balance(" + ano_y_periodo() + ',' +
-                          bandera(niif()) + ") where nivel <= " + valor("Nivel");
-    return (marcada(Cksinmov) ? texto
-                              : texto + " and (SALDO <> 0 OR SCUENTA <> 0 OR SSUBGRUPO <> 0 OR "
-                                        "SGRUPO <> 0 OR SCLASE <> 0)") +
-           " order by CODIGO";
+    QString texto = "select * from inventario_y_balance(" + ano_y_periodo() + ',' +
+                    bandera(niif()) + ") where nivel <= " + nivel();
+    if (!marcada(Cksinmov))
+        texto += " and (SALDO <> 0 OR SCUENTA <> 0 OR SSUBGRUPO <> 0 OR SGRUPO <> 0 OR SCLASE <> "
+                 "0)";
+    return texto + " order by CODIGO";
 }
 
 bool Tfrngoficiales::por_cuenta() const {
@@ -138,7 +138,7 @@ bool Tfrngoficiales::por_cuenta() const {
 }
 
 QString Tfrngoficiales::diario() const {
-    QString texto = "select * from libro_diario(" + ano_y_periodo() + ", " + valor("Nivel") + ',' +
+    QString texto = "select * from libro_diario(" + ano_y_periodo() + ", " + nivel() + ',' +
                     bandera(niif()) + ',' + bandera(marcada(Ckfechas)) + ") where CUENTA <> ''";
     if (!marcada(Cksinmov))
         texto += " and (DEBITOS <> 0 OR CREDITOS <> 0)";

@@ -54,8 +54,7 @@ QString Tfrngresulgeneral::sql() {
     const QString texto = "select * from " + procedimiento("balance_mes") + '(' + ano_y_periodo() +
                           ',' + bandera(marcada(Cksinmov)) + ",'N', " + bandera(es("G")) + ',' +
                           bandera(marcada(ckMes)) + ") where CODIGO >= '4' and CODIGO < '8' and ";
-    return texto + (es("G") ? "NIVEL < 4" : "nivel <= " + entre_comillas("Nivel")) +
-           " order by CODIGO";
+    return texto + (es("G") ? "NIVEL < 4" : "nivel <= " + nivel()) + " order by CODIGO";
 }
 
 QString Tfrngresulgeneral::reporte() {

@@ -67,9 +67,3 @@ linea 0001 0001 0001 0002
 foto rango_compara_centros
 teclas F2
 a_pdf compara_centros
-
-# Las cuentas del flujo de efectivo.
-estado Right Down Down Down Down Return
-teclas alt+c
-foto configuracion_del_flujo 1
-teclas Escape Escape

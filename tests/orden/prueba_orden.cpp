@@ -251,7 +251,7 @@ const QStringList kPiezas{
     "dentro_del_rango", "de_la_llave", "condicion", "nombres_de", "clave", "marcas", "componga",
     "valor_sql", "codigo_usuario", "bandera", "ano_y_periodo", "sin_movimiento",
     // cifras del programa
-    "periodo_actual", "ano_saldos", "mes_saldos"};
+    "periodo_actual", "ano_saldos", "mes_saldos", "mes", "nivel"};
 
 /// Los que ponen las comillas; la gramática de los filtros y el formato de los archivos de texto no
 /// llegan a la base.
