@@ -1,6 +1,6 @@
 // bench [medida ...]: apertura, guardado, celdas, pegado, plan, balance, auxiliar, lista, informe,
-// masiva, estados, definible, anual, cubo, terceros; sin argumentos, todas. Cada una corre en un
-// proceso propio: su memoria máxima es la suya. Sale con 1 si alguna no cumple.
+// masiva, estados, definible, anual, cubo, terceros, medio; sin argumentos, todas. Cada una corre
+// en un proceso propio: su memoria máxima es la suya. Sale con 1 si alguna no cumple.
 #include "bench/medidas.h"
 #include "datos/firebird/errores.h"
 
@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
         {"auxiliar", mida_auxiliar}, {"lista", mida_lista},       {"informe", mida_informe},
         {"masiva", mida_masiva},     {"estados", mida_estados},   {"definible", mida_definible},
         {"anual", mida_anual},       {"cubo", mida_cubo},         {"terceros", mida_terceros},
+        {"medio", mida_medio},
     };
     const QStringList pedidas = aplicacion.arguments().mid(1);
     if (pedidas.size() != 1) {

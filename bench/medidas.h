@@ -42,3 +42,4 @@ void mida_definible();
 void mida_anual();
 void mida_cubo();
 void mida_terceros();
+void mida_medio();

@@ -76,8 +76,8 @@ void AnoDemo::abra() {
     caja_ = 3500000;
     banco_ = 165000000;
     saldos.ponga(kCaja, caja_);
-    saldos.ponga(kCorriente, banco_);
-    saldos.ponga(kAhorros, 48000000);
+    saldos.ponga(kCorriente, banco_, de(demo_.banco_corriente));
+    saldos.ponga(kAhorros, 48000000, de(demo_.banco_ahorros));
     abra_clientes(saldos);
     for (const ArticuloDemo& a : demo_.articulos) {
         existencias_ << Moneda(a.costo * int(azar_.entre(12000000, 30000000) / a.costo));
@@ -91,8 +91,8 @@ void AnoDemo::abra() {
     for (auto i = retenciones_.begin(); i != retenciones_.end(); ++i)
         saldos.ponga(i.key(), -i.value(), de(demo_.dian));
     saldos.ponga(QStringLiteral("210510"), -Moneda(90000000), de(demo_.banco_corriente));
-    saldos.ponga(QStringLiteral("261005"), -Moneda(kCesantiasAnteriores));
-    saldos.ponga(QStringLiteral("310505"), -Moneda(400000000));
+    saldos.ponga(QStringLiteral("261005"), -Moneda(kCesantiasAnteriores), de(demo_.pensiones));
+    saldos.ponga(QStringLiteral("310505"), -Moneda(400000000), de(demo_.socio));
     saldos.ponga(QStringLiteral("330505"), -Moneda(18500000));
     grabe_saldos(saldos.filas, false);
     // El libro NIIF midió el camión con otra vida útil; la diferencia va a lo acumulado.
@@ -359,6 +359,7 @@ void AnoDemo::compre(int articulo) {
         const Moneda valor(art.costo * int(azar_.entre(2500000, 6500000) / art.costo));
         RenglonDemo bodega;
         bodega.articulo = art.codigo;
+        bodega.nit = proveedor.nit;
         a.debite(kMercancias, valor, bodega);
         existencias_[k] += valor;
         base += valor;
@@ -413,7 +414,7 @@ void AnoDemo::recaude() {
     AsientoDemo a = asiento(QStringLiteral("RC"), QStringLiteral("Abono factura ") + c.numero);
     a.nit = c.nit;
     a.nombre = c.nombre;
-    a.debite(kCorriente, c.valor);
+    a.debite(kCorriente, c.valor, de(demo_.banco_corriente));
     banco_ += c.valor;
     RenglonDemo r = de(c.nit);
     r.aplica = c.numero;
@@ -446,7 +447,7 @@ void AnoDemo::consigne() {
     const Moneda valor = (caja_ - Moneda(1000000)).redondeada(-3);
     AsientoDemo a = asiento(QStringLiteral("CB"), QStringLiteral("Consignación de ventas"));
     a.nit = demo_.banco_corriente;
-    a.debite(kCorriente, valor);
+    a.debite(kCorriente, valor, de(demo_.banco_corriente));
     a.acredite(kCaja, valor);
     caja_ -= valor;
     banco_ += valor;
@@ -454,6 +455,6 @@ void AnoDemo::consigne() {
 }
 
 void AnoDemo::del_banco(AsientoDemo& a, Moneda valor) {
-    a.acredite(kCorriente, valor);
+    a.acredite(kCorriente, valor, de(demo_.banco_corriente));
     banco_ -= valor;
 }

@@ -5,6 +5,7 @@
 #include "herramientas/demo_definibles.h"
 #include "herramientas/demo_documentos.h"
 #include "herramientas/demo_formatos.h"
+#include "herramientas/demo_impuestos.h"
 
 namespace {
 
@@ -39,6 +40,7 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
     AnoDemo ano(compania, catalogos, opciones.semilla, opciones.ano);
     siembre_formatos(compania);
     siembre_informes_definibles(compania);
+    siembre_impuestos(compania, opciones.ano);
     ano.abra();
     const qint64 milesimas =
         opciones.renglones > 0

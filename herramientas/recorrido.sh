@@ -28,6 +28,10 @@ mkdir -p "$fotos" "$trabajo/aplicacion"
 cp -r "$demo/datos" "$trabajo/datos"
 "$construccion/bin/quorvex-admin" conexion --ubicacion "$trabajo" \
     --carpeta "$trabajo/aplicacion" >/dev/null
+mkdir "$fotos/certificados"
+"$construccion/bin/quorvex-admin" configurar --ubicacion "$trabajo" --compania 001 CONTABILIDAD \
+    GENERAL "CARPETA PARA UBICAR ARCHIVOS DE CERTIFICADOS GENERADOS COMO PDF" \
+    "$fotos/certificados" >/dev/null
 export QUORVEX_DIRECTORIO=$trabajo/aplicacion
 export XDG_CONFIG_HOME=$trabajo/preferencias QT_QPA_PLATFORM=xcb
 

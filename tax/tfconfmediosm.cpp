@@ -73,7 +73,7 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
         columnas << DefinicionColumna{kCuentas[i], kTitulos[i], 12};
     }
     detalle_->texto("MMCU_NATUR", 1).etiqueta("Nat.");
-    columnas << DefinicionColumna{"MMCU_NATUR", "Nat.", 5};
+    columnas << DefinicionColumna{"MMCU_NATUR", "Nat.", 16};
     arme({"Conceptos",
           {{"COME_ITEM", "#", 11, SoloLectura},
            {"COME_RESPUESTA", "Concepto", 9},
@@ -87,8 +87,12 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
         r->titulo_impreso = windowTitle() + "  %[Today]";
         r->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
                            Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
-        r->lista(r->columna_de(r == DBGridEh1 ? "COME_NATUR" : "MMCU_NATUR"), {"D", "C"});
     }
+    DBGridEh1->lista(DBGridEh1->columna_de("COME_NATUR"), {"D", "C"});
+    DBGridEh2->lista(DBGridEh2->columna_de("MMCU_NATUR"),
+                     {"Débito", "Crédito", "Solo débitos", "Solo créditos", "Débito con tercero",
+                      "No se reporta"},
+                     {"D", "C", "B", "R", "T", "N"});
     maestro_->BeforePost = [this] { CCambiositBeforePost(); };
     maestro_->AfterInsert = [this] { CCambiositAfterInsert(); };
     detalle_->AfterInsert = [this] { CmmcuentasAfterInsert(); };

@@ -270,11 +270,13 @@ void Tfmediosmag13::escriba() {
         const Valor suma = CMedmagdata->agregado(QStringLiteral("SumValor%1").arg(i + 1));
         totales.suma[i] = suma.nulo() ? QStringLiteral("0") : suma.texto();
     }
-    FilasConjunto filas(*CMedmagdata);
-    AvanceTrabajo avance(this, "Grabando " + e.ruta, int(totales.filas));
-    const ResultadoMedio r = escriba_medio(
-        e, totales, filas, [&](qint64 hechos) { return avance.siga(hechos); },
-        [this](int numero) { NroEnv->setValue(numero); });
+    const ResultadoMedio r = [&] {
+        FilasConjunto filas(*CMedmagdata);
+        AvanceTrabajo avance(this, "Grabando " + e.ruta, int(totales.filas));
+        return escriba_medio(
+            e, totales, filas, [&](qint64 hechos) { return avance.siga(hechos); },
+            [this](int numero) { NroEnv->setValue(numero); });
+    }();
     if (!r.rechazo.isEmpty() || r.cancelado) {
         fdm().mostrar_advertencia(r.cancelado ? QStringLiteral("Grabación cancelada: quedaron %1 "
                                                                "archivos completos.")

@@ -23,7 +23,7 @@ namespace {
 
 const DatosRango kDatos{"Tfrngcertificados",
                         "Certificados de retención",
-                        {560, 440},
+                        {600, 440},
                         "auxiliares.rav",
                         "RCertificados",
                         "CAuxiliar",
@@ -243,32 +243,35 @@ void Tfrngcertificados::grabe_uno(ConjuntoDatos& filas, const QString& ruta) {
     motor.cerrar();
 }
 
-void Tfrngcertificados::AdvGlowButton1Click() {
-    if (!fdm().exija_acceso(datos_.opcion_exportar))
-        return;
-    const QString carpeta = carpeta_de_archivos();
-    complete_rangos();
-    compone_titulo();
+ResumenArchivos Tfrngcertificados::grabe_archivos(const QString& comienzo) {
     const auto cierre = qScopeGuard([this] {
         CAuxiliar.Close();
         Panel5->setText("Generando informe. espere un momento...");
         Panel5->hide();
     });
+    muestre_panel();
     CAuxiliar.Unidireccional = true;
     CAuxiliar.Open(sql());
     ConjuntoDatos uno(nullptr, "CUno");
     defina(uno);
-    const QString comienzo =
-        QStringLiteral("Certificado retencion ") + kClases[Ltipo->currentIndex()].archivo;
     AvanceTrabajo avance(this, "Generando certificados");
-    muestre_panel();
-    const ResumenArchivos r = archivos_por_tercero(
-        CAuxiliar, uno, carpeta + '/' + comienzo,
+    return archivos_por_tercero(
+        CAuxiliar, uno, comienzo,
         [&](const QString& nit, int hechos) {
             Panel5->setText("Generando certificado del NIT " + nit);
             Panel5->repaint();
             return avance.siga(hechos, Panel5->text());
         },
         [&](const QString& ruta) { grabe_uno(uno, ruta); });
+}
+
+void Tfrngcertificados::AdvGlowButton1Click() {
+    if (!fdm().exija_acceso(datos_.opcion_exportar))
+        return;
+    const QString carpeta = carpeta_de_archivos();
+    complete_rangos();
+    compone_titulo();
+    const ResumenArchivos r = grabe_archivos(carpeta + "/Certificado retencion " +
+                                             kClases[Ltipo->currentIndex()].archivo);
     muestre_mensaje(r.texto(carpeta));
 }

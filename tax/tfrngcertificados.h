@@ -4,6 +4,7 @@
 #include "catalogues/forma_rango.h"
 
 class QDateEdit;
+struct ResumenArchivos;
 class QSpinBox;
 
 class Tfrngcertificados : public FormaRango {
@@ -36,6 +37,7 @@ private:
     void ponga_fechas_del_periodo();
     Periodo periodo_de_la_clase() const;
     QString carpeta_de_archivos();
+    ResumenArchivos grabe_archivos(const QString& comienzo);
     void grabe_uno(ConjuntoDatos& filas, const QString& ruta);
 
     QString periodo_ica_; ///< "ANUAL", "MENSUAL" u otro, que es bimestral
