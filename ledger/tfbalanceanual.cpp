@@ -231,6 +231,7 @@ void Tfbalanceanual::BitBtn4Click() {
         return;
     }
     Tipo->setCurrentIndex(Movimientos);
+    DBGridEh1->hide(); // el gráfico toma su lugar: los dos juntos no se leen en un monitor pequeño
     PanelGrafico->show();
     TipoChange(Movimientos);
     Tipo->setFocus();
@@ -264,6 +265,7 @@ void Tfbalanceanual::TipoChange(int indice) {
 
 void Tfbalanceanual::cierre_grafico() {
     PanelGrafico->hide();
+    DBGridEh1->show();
     DBGridEh1->setFocus();
 }
 

@@ -129,6 +129,13 @@ void Tfcomparacentros::FormCreate() {
     ckNiif->setChecked(fdm().valor<Llave::LibroInicial>() != "2649");
     lea_plantillas();
     zonas->disposicion(plantilla_escogida());
+    QWidget* antes = ckNiif;
+    for (const Zona zona :
+         {Zona::Campos, Zona::Filas, Zona::Columnas, Zona::Filtros, Zona::Valores}) {
+        QWidget::setTabOrder(antes, zonas->lista(zona));
+        antes = zonas->lista(zona);
+    }
+    QWidget::setTabOrder(antes, rejilla);
 }
 
 void Tfcomparacentros::FormActivate() {

@@ -94,6 +94,7 @@ void FormaConsolidado::CodCia1Exit() {
 void FormaConsolidado::diga(const QString& texto) {
     Panel5->setText(texto);
     Panel5->adjustSize();
+    Panel5->move((width() - Panel5->width()) / 2, (height() - Panel5->height()) / 2);
     Panel5->show();
     Panel5->raise();
     Panel5->repaint();
@@ -136,12 +137,19 @@ void FormaConsolidado::despues_de_abrir() {
 
 void FormaConsolidado::sume_destino() {
     QVector<std::pair<QString, Moneda>> omitidas;
+    // Las filas no cambian de lugar al sumarse: se buscan todas en una pasada.
+    QHash<QString, int> lugares;
+    const Campo& codigo_propio = CAuxiliar.FieldByName("CODIGO");
+    for (int fila = 0; fila < CAuxiliar.RecordCount(); ++fila)
+        lugares.insert(CAuxiliar.valor_en(fila, codigo_propio).texto(), fila);
     for (CDestino.First(); !CDestino.Eof(); CDestino.Next()) {
         const QString codigo = CDestino.FieldByName("CODIGO").texto();
-        if (!CAuxiliar.Locate("CODIGO", {codigo})) {
+        const int lugar = lugares.value(codigo, -1);
+        if (lugar < 0) {
             omitidas.append({codigo, CDestino.FieldByName("FINAL").moneda()});
             continue;
         }
+        CAuxiliar.vaya_a(lugar);
         CAuxiliar.Edit();
         for (const char* columna : kSumadas) {
             Campo& campo = CAuxiliar.FieldByName(QLatin1String(columna));
@@ -166,10 +174,11 @@ void FormaConsolidado::diga_lo_omitido(const QVector<std::pair<QString, Moneda>>
     }
     if (cuentas > 0)
         fdm().mostrar_advertencia(
-            QStringLiteral("Sin consolidar: %1 cuentas que solo tiene la compañía %2, con saldos "
-                           "por %3 al débito y %4 al crédito.")
-                .arg(cuentas)
-                .arg(CodCia1->text().trimmed(), debito.formateada(), credito.formateada()));
+            QStringLiteral("Sin consolidar: %1 que solo tiene la compañía %2, con saldos por %3 al "
+                           "débito y %4 al crédito.")
+                .arg(cuentas == 1 ? QStringLiteral("una cuenta")
+                                  : QStringLiteral("%1 cuentas").arg(cuentas),
+                     CodCia1->text().trimmed(), debito.formateada(), credito.formateada()));
 }
 
 void FormaConsolidado::ajuste_reporte(MotorInformes& motor, const QString& pagina) {

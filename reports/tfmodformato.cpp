@@ -80,6 +80,11 @@ void Tfmodformato::defina_nacimientos() {
     CFormadatos.AfterInsert = [this] { CFormadatosAfterInsert(); };
     CFormalineas.AfterInsert = [this] { CFormalineasAfterInsert(); };
     CFormadatos.AfterScroll = [this] { formula_de_la_fila(); };
+    // Un renglón sin dato no imprime nada: al dejarlo desaparece.
+    CFormadatos.BeforePost = [this] {
+        if (CFormadatos.FieldByName("FOCD_CUENTAS").vacio())
+            CFormadatos.Cancel();
+    };
 }
 
 void Tfmodformato::CFormadatosAfterInsert() {
@@ -370,5 +375,8 @@ void Tfmodformato::SBCancelClick() {
         DBGridEh2->setFocus();
         return;
     }
-    close();
+    const bool cambiado = CFormato.Modified() || CFormadatos.Modified() ||
+                          CFormalineas.Modified() || CFormato.ChangeCount() > 0;
+    if (!cambiado || pregunte_con_no("Hay cambios sin grabar. Desea salir sin grabarlos?"))
+        close();
 }

@@ -158,6 +158,9 @@ private slots:
         QVERIFY2(renglon_con(texto, "110505").endsWith("0.00 2,000.00 500.00 1,500.00"),
                  qPrintable(renglon_con(texto, "110505")));
         QVERIFY(!texto.contains("130505"));
+        // La clase 1 de las dos, con sus 700; la clase 2, que la primera no tiene, falta.
+        QVERIFY2(renglon_con(texto, "Total").contains("0.00 2,700.00 2,500.00"),
+                 qPrintable(renglon_con(texto, "Total")));
         // 13, 1305 y 130505 son la misma plata, y 2205 lo mismo.
         QCOMPARE(s.barra.text(), QString("Advertencia: Sin consolidar: 2 cuentas que solo tiene la "
                                          "compañía 002, con saldos por "

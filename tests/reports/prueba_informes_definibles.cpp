@@ -191,6 +191,50 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
+    void sin_previsualizacion_el_destino_que_se_propone_es_la_impresora() {
+        Sesion s;
+        s.informe(1, "Destino");
+        for (const char* valor : {"SI", "NO"}) {
+            s.configure("PREVISUALIZAR IMPRESION DE DOCUMENTOS", valor);
+            auto* p = s.abra<Tfimpinforme>("Tfimpinforme", AbreFormatoEspecial{1});
+            Interlocutor i;
+            i.espere_modal("OpcionesImpresion", [valor](QWidget* w) {
+                QCOMPARE(w->findChild<QRadioButton*>("a_impresora")->isChecked(),
+                         qstrcmp(valor, "NO") == 0);
+                w->findChild<QPushButton*>("cancelar")->click();
+            });
+            escritorio()->active(p);
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QVERIFY(!escritorio()->abierta("Tfimpinforme")); // se cierra también sin imprimir
+        }
+    }
+
+    void lo_que_no_se_grabo_no_se_pierde_sin_preguntar_y_un_renglon_sin_dato_se_va() {
+        Sesion s;
+        s.informe(1, "Salir");
+        auto* e = s.abra<Tfmodformato>("Tfmodformato", AbreFormatoEspecial{1});
+        e->DBGridEh1->setFocus();
+        oprima(Qt::Key_Insert);
+        e->DBGridEh1->SelectedIndex(1);
+        digite("SF11");
+        oprima(Qt::Key_Return);
+        oprima(Qt::Key_Down); // otra fila, que se deja en blanco
+        QCOMPARE(e->CFormadatos.RecordCount(), 2);
+        oprima(Qt::Key_Up);
+        QCOMPARE(e->CFormadatos.RecordCount(), 1);
+        const QString pregunta = "Hay cambios sin grabar. Desea salir sin grabarlos?";
+        Interlocutor i;
+        i.espere(pregunta, "No");
+        componente<QPushButton>(e, "SBCancel").click();
+        QCOMPARE(escritorio()->activa(), e);
+        i.espere(pregunta, "Sí");
+        componente<QPushButton>(e, "SBCancel").click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(!escritorio()->abierta("Tfmodformato"));
+        QCOMPARE(s.dato("select count(*) from formatocontable_detalle"), QString("0"));
+    }
+
     void el_que_no_existe_se_dice_y_no_abre() {
         Sesion s;
         for (const char* pantalla : {"Tfimpinforme", "Tfmodformato"}) {
