@@ -90,9 +90,6 @@ void FormaActivo::construya() {
         e->ancho(ancho);
         return e;
     };
-    const auto fecha = [this](const char* campo, const char* nombre) {
-        return nombrado(new FechaDato(&CActivo, campo), nombre);
-    };
     const auto casilla = [this](const char* texto, const char* campo, const char* nombre) {
         return nombrado(new CasillaDato(texto, &CActivo, campo), nombre);
     };
@@ -134,8 +131,8 @@ void FormaActivo::construya() {
     Formulario f(this);
     f.fila({{"&Código", ECod}, {"&Descripción", EDesc}});
     f.fila({{"&Grupo", LGrupo}, {"&Subgrupo", LSubgrupo}});
-    f.fila({{"&Ingreso", fecha("ACFJ_FECING", "EFecIng")},
-            {"G&arantía", fecha("ACFJ_FECGAR", "EFecGar")}});
+    f.fila({{"&Ingreso", nombrado(new FechaDato(&CActivo, "ACFJ_FECING"), "EFecIng")},
+            {"G&arantía", nombrado(new FechaDato(&CActivo, "ACFJ_FECGAR"), "EFecGar")}});
     f.fila({{"&Modelo", editor("ACFJ_MODELO", "EModelo", 24)},
             {"Ma&rca", editor("ACFJ_MARCA", "EMarca", 24)}});
     auto* original = editor("ACFJ_VRORIG", "EVrOrig", 18);

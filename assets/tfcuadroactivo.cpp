@@ -5,7 +5,8 @@
 #include "toolkit/grafica.h"
 
 #include <QSplitter>
-#include <cmath>
+#include <array>
+#include <optional>
 
 Tfcuadroactivo::Tfcuadroactivo()
     : Pantalla("Tfcuadroactivo", "Cuadro de depreciación"), CCuadro(cuadro("CCuadro")),
@@ -103,7 +104,7 @@ void Tfcuadroactivo::FormCreate() {
 
 void Tfcuadroactivo::dibuje() {
     // Los dos libros sobre los mismos meses: en los que uno no tiene movimiento conserva su valor.
-    QMap<QString, std::array<double, 2>> valores;
+    QMap<QString, std::array<std::optional<Moneda>, 2>> valores;
     QString ultimo_hecho;
     const ConjuntoDatos* cuadros[] = {&CCuadro, &CCuadroniif};
     for (int libro : {0, 1})
@@ -112,21 +113,17 @@ void Tfcuadroactivo::dibuje() {
                 return cuadros[libro]->valor_en(i, cuadros[libro]->FieldByName(campo));
             };
             const QString mes = dato("PERIODO").texto();
-            if (!valores.contains(mes))
-                valores[mes] = {NAN, NAN};
-            valores[mes][size_t(libro)] = dato("VALOR").moneda().texto().toDouble();
+            valores[mes][size_t(libro)] = dato("VALOR").moneda();
             if (dato("HECHO").texto() == "S")
                 ultimo_hecho = qMax(ultimo_hecho, mes);
         }
-    const double inicial = original_.texto().toDouble();
     QStringList meses{"Costo"};
-    QVector<SerieGrafica> series{{"Valor Dec. 2349", {inicial}}, {"Valor NIIF", {inicial}}};
+    QVector<SerieGrafica> series{{"Valor Dec. 2349", {original_}}, {"Valor NIIF", {original_}}};
     for (auto i = valores.begin(); i != valores.end(); ++i) {
         meses << i.key();
-        for (int libro : {0, 1}) {
-            const double v = i.value()[size_t(libro)];
-            series[libro].valores << (std::isnan(v) ? series[libro].valores.last() : v);
-        }
+        for (int libro : {0, 1})
+            series[libro].valores << i.value()[size_t(libro)].value_or(
+                series[libro].valores.last());
     }
     Curva->muestre(valores.isEmpty() ? QStringList() : meses, series);
     Curva->senale(int(meses.indexOf(ultimo_hecho)));

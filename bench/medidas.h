@@ -43,3 +43,5 @@ void mida_anual();
 void mida_cubo();
 void mida_terceros();
 void mida_medio();
+void mida_cierre();
+void mida_depreciacion();

@@ -216,7 +216,7 @@ void Tfcompresupuesto::dibuje() {
         return;
     }
     const QString cuenta = CComparacion.FieldByName("CUENTA").texto();
-    const int signo = de_credito(cuenta) ? -1 : 1;
+    const bool credito = de_credito(cuenta);
     QStringList meses;
     QVector<SerieGrafica> series{{"Presupuesto " + cuenta, {}}, {"Movimiento " + cuenta, {}}};
     Sentencia& q = fdm().QBorrar;
@@ -225,7 +225,7 @@ void Tfcompresupuesto::dibuje() {
     for (; !q.Eof(); q.Next()) {
         meses << Tfdm::nombres_periodo().value(int(q.Fields(0).entero()) - 1).left(3);
         for (int i : {0, 1})
-            series[i].valores << signo * q.Fields(i + 1).moneda().texto().toDouble();
+            series[i].valores << (credito ? -q.Fields(i + 1).moneda() : q.Fields(i + 1).moneda());
     }
     q.Close();
     Barras->muestre(meses, series);

@@ -3,6 +3,17 @@
 #include "budget/pch.h"
 #include "budget/peticiones_presupuesto.h"
 
+namespace {
+
+/// Lo digitado de un mes, 1 a 13.
+QString del_mes(int ano, int mes) {
+    return " where pres_ano = " + QuotedStr(QString::number(ano)) +
+           " and pres_periodo = " + QString::number(mes) +
+           " and pres_afecta = 'S' order by cuen_cod";
+}
+
+} // namespace
+
 Tfnvopresup::Tfnvopresup()
     : Pantalla("Tfnvopresup", "Nuevo presupuesto"),
       QPresupuesto(this, "QPresupuesto", fdm().Quorvex),
@@ -90,10 +101,7 @@ void Tfnvopresup::FormCreate() {
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     LMes->setCurrentIndex(qMax(0, periodo_.indice - 1));
     EAnoOrigen->setValue(periodo_.ano);
-    CPresupuesto.Open(QString("select * from presupuesto where pres_ano = '%1' and pres_periodo = "
-                              "%2 and pres_afecta = 'S' order by cuen_cod")
-                          .arg(periodo_.ano)
-                          .arg(periodo_.numero()));
+    CPresupuesto.Open("select * from presupuesto" + del_mes(periodo_.ano, periodo_.numero()));
     muestre_nombre();
     DBGridEh1->setFocus();
 }
@@ -151,12 +159,10 @@ void Tfnvopresup::SpeedButton2Click() {
     if (!pregunte("Se borrará el presupuesto previamente digitado para este mes. Continuar?"))
         return;
     const Moneda crecimiento = ECrecimiento->valor();
+    const int mes = LMes->currentIndex() + 1;
     QMap<QString, std::array<Moneda, 2>> copiadas;
-    CBorrar.Open(QString("select cuen_cod, pres_debito, pres_credito from presupuesto where "
-                         "pres_ano = '%1' and pres_periodo = %2 and pres_afecta = 'S' order by "
-                         "cuen_cod")
-                     .arg(EAnoOrigen->value())
-                     .arg(LMes->currentIndex() + 1));
+    CBorrar.Open("select cuen_cod, pres_debito, pres_credito from presupuesto" +
+                 del_mes(EAnoOrigen->value(), mes));
     const auto crecido = [&](int columna) {
         const Moneda valor = CBorrar.Fields(columna).moneda();
         return valor + Moneda::porcentaje(valor, crecimiento);

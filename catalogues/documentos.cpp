@@ -71,7 +71,7 @@ void PantallaDocumentos::FormCreate() {
 
 void PantallaDocumentos::PngSpeedButton1Click() {
     if (abra_nuevo(maestro_))
-        CDocs.Open(CDocs.CommandText);
+        CDocs.Reabra();
 }
 
 void PantallaDocumentos::PngSpeedButton3Click() {
@@ -87,7 +87,7 @@ void PantallaDocumentos::PngSpeedButton3Click() {
     CBorrar.Execute(QStringLiteral("delete from %1 where %2 = ").arg(datos_.tabla, datos_.llave) +
                     QuotedStr(maestro_) + " and " + datos_.item + " = " +
                     QString::number(CDocs.FieldByName(datos_.item).entero()));
-    CDocs.Open(CDocs.CommandText);
+    CDocs.Reabra();
 }
 
 bool PantallaDocumentos::FormClose() {

@@ -13,15 +13,20 @@
 #include "toolkit/formulario.h"
 
 #include <QIntValidator>
-#include <QLayout>
 #include <QLabel>
+#include <QLayout>
 
 QLineEdit* caja_que_muestra(const char* nombre, int caracteres) {
     auto* e = new QLineEdit;
     e->setObjectName(nombre);
     e->setReadOnly(true);
     e->setFocusPolicy(Qt::NoFocus);
-    e->setFixedWidth(e->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (caracteres + 2));
+    constexpr int kNombre = 20; // de ahí en adelante toma el ancho que sobre
+    const int letra = e->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    if (caracteres > kNombre)
+        e->setMinimumWidth(letra * kNombre);
+    else
+        e->setFixedWidth(letra * (caracteres + 2));
     return e;
 }
 

@@ -60,12 +60,11 @@ ListaProceso::ListaProceso(const DatosLista& datos)
         buscar->setAutoDefault(false);
         connect(buscar, &QPushButton::clicked, this,
                 [this] { proteja([this] { busque(orden_); }); });
+        QWidget* ultima = Formulario::junto({cajas_.last(), buscar});
         if (cajas_.size() == 1)
-            f.fila({{datos_.filtros[0].rotulo, cajas_[0]}, {"", buscar}});
+            f.fila(datos_.filtros[0].rotulo, ultima);
         else
-            f.fila({{datos_.filtros[0].rotulo, cajas_[0]},
-                    {datos_.filtros[1].rotulo, cajas_[1]},
-                    {"", buscar}});
+            f.fila({{datos_.filtros[0].rotulo, cajas_[0]}, {datos_.filtros[1].rotulo, ultima}});
     }
     f.ancha(DBGridEh1).botones(barra_);
     tamano(940, 520);
@@ -116,10 +115,10 @@ QString ListaProceso::compone_query() const {
         if (texto.isEmpty())
             continue;
         const DatosLista::Filtro& f = datos_.filtros[i];
-        sql += conector +
-               (f.desde ? f.columna + (" >= " + QuotedStr(QString(texto).remove('/')))
-                        : condicion_contiene(f.columna, texto)) +
-               ' ';
+        const QString condicion =
+            f.desde ? f.columna + QStringLiteral(" >= ") + QuotedStr(QString(texto).remove('/'))
+                    : condicion_contiene(f.columna, texto);
+        sql += conector + condicion + ' ';
         conector = "and ";
     }
     return sql;

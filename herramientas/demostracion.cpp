@@ -2,6 +2,7 @@
 
 #include "herramientas/administracion.h"
 #include "herramientas/demo_ano.h"
+#include "herramientas/demo_cierres.h"
 #include "herramientas/demo_definibles.h"
 #include "herramientas/demo_documentos.h"
 #include "herramientas/demo_formatos.h"
@@ -53,6 +54,7 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
     }
     ano.complete(opciones.renglones);
     ano.ajuste();
+    siembre_cierres(compania, opciones.ano);
     const DocumentosDemo pendientes =
         siembre_documentos(compania, catalogos, opciones.semilla, opciones.ano + 1);
     return {ano.libro().comprobantes(), ano.libro().renglones(), ano.libro().renglones_niif(),

@@ -95,23 +95,20 @@ void Tfcausadifc::CUEN_CODChange(Campo& cuenta) {
 
 QString Tfcausadifc::llamada() const {
     return "select * from causa_diferencia_cambio(" +
-           QStringList{QuotedStr(fdmcnt().compone_fecha_admin(EDia->text())),
-                       QuotedStr(campo("TICO_COD").texto()),
-                       QuotedStr(campo("PRCO_PREF").texto()),
-                       QuotedStr(campo("ENCO_NUMERO").texto()),
-                       campo("TRM").moneda().texto(),
-                       QuotedStr(campo("CUENTA").texto())}
-               .join(',') +
+           QuotedStr(fdmcnt().compone_fecha_admin(EDia->text())) + ',' +
+           QuotedStr(campo("TICO_COD").texto()) + ',' + QuotedStr(campo("PRCO_PREF").texto()) +
+           ',' + QuotedStr(campo("ENCO_NUMERO").texto()) + ',' +
+           QuotedStr(campo("TRM").moneda().texto()) + ',' + QuotedStr(campo("CUENTA").texto()) +
            ')';
 }
 
 void Tfcausadifc::cause(Transaccion& t) {
     CDiferencia.borre_todas();
-    const auto variable = [&](const char* nombre, const QString& valor) {
-        Cursor(t.conexion().prepare(
-                   QString("select rdb$set_context('USER_TRANSACTION', '%1', %2) from rdb$database")
-                       .arg(nombre, QuotedStr(valor)),
-                   t),
+    const auto variable = [&](const QString& nombre, const QString& valor) {
+        Cursor(t.conexion().prepare("select rdb$set_context('USER_TRANSACTION', " +
+                                        QuotedStr(nombre) + ", " + QuotedStr(valor) +
+                                        ") from rdb$database",
+                                    t),
                t, {})
             .siguiente();
     };

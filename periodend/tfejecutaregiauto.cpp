@@ -94,9 +94,10 @@ void Tfejecutaregiauto::prefijo_cambiado() {
 
 void Tfejecutaregiauto::SBVistaClick() {
     const CursorPeriodo p = fdmcnt().cursor();
+    const QString porcentaje = QuotedStr(campo("PORC").moneda().texto());
     CVista.Open("select * from lineas_regiauto(" + QuotedStr(registro_) + ',' +
                 QuotedStr(QString::number(p.ano)) + ',' + QString::number(p.numero()) + ',' +
-                campo("PORC").moneda().texto() + ") order by orden");
+                porcentaje + ") order by orden");
 }
 
 bool Tfejecutaregiauto::siga_aunque_ya_se_hizo() {
@@ -126,17 +127,12 @@ void Tfejecutaregiauto::SBGrabarClick() {
     if (!siga_aunque_ya_se_hizo())
         return;
     const CursorPeriodo p = fdmcnt().cursor();
-    const QString sql = "select * from registre_regiauto(" +
-                        QStringList{QuotedStr(registro_),
-                                    QuotedStr(QString::number(p.ano)),
-                                    QString::number(p.numero()),
-                                    EDia->text(),
-                                    QuotedStr(campo("ENCO_NUMERO").texto()),
-                                    campo("PORC").moneda().texto(),
-                                    QuotedStr(campo("CONCEPTO").texto()),
-                                    QuotedStr(campo("REFERENCIA").texto())}
-                            .join(',') +
-                        ')';
+    const QString sql =
+        "select * from registre_regiauto(" + QuotedStr(registro_) + ',' +
+        QuotedStr(QString::number(p.ano)) + ',' + QString::number(p.numero()) + ',' +
+        QString::number(EDia->text().toInt()) + ',' + QuotedStr(campo("ENCO_NUMERO").texto()) +
+        ',' + QuotedStr(campo("PORC").moneda().texto()) + ',' +
+        QuotedStr(campo("CONCEPTO").texto()) + ',' + QuotedStr(campo("REFERENCIA").texto()) + ')';
     QString id;
     {
         const AvisoTrabajo aviso(this, "Haciendo el comprobante...");

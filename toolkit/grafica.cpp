@@ -46,8 +46,8 @@ void Grafica::muestre(const QStringList& categorias, const QVector<SerieGrafica>
     for (const SerieGrafica& s : series_)
         if (!s.valores.isEmpty() && !categorias_.isEmpty())
             partes << QString("%1: %2 en %3, %4 en %5")
-                          .arg(s.nombre, rotulo(s.valores.first()), categorias_.first(),
-                               rotulo(s.valores.last()), categorias_.last());
+                          .arg(s.nombre, rotulo(altura(s.valores.first())), categorias_.first(),
+                               rotulo(altura(s.valores.last())), categorias_.last());
     setAccessibleDescription(partes.join(". "));
     setToolTip(partes.join('\n'));
     update();
@@ -71,11 +71,10 @@ double Grafica::paso_redondo(double tramo, int cuantas) {
 Grafica::Escala Grafica::escala() const {
     Escala e{0, 0, 1};
     for (const SerieGrafica& s : series_)
-        for (const double v : s.valores)
-            if (!std::isnan(v)) {
-                e.minimo = std::min(e.minimo, v);
-                e.maximo = std::max(e.maximo, v);
-            }
+        for (const Moneda& valor : s.valores) {
+            e.minimo = std::min(e.minimo, altura(valor));
+            e.maximo = std::max(e.maximo, altura(valor));
+        }
     if (e.maximo <= e.minimo)
         e.maximo = e.minimo + 1;
     e.paso = paso_redondo(e.maximo - e.minimo, 4);
@@ -85,8 +84,11 @@ Grafica::Escala Grafica::escala() const {
 }
 
 QString Grafica::rotulo(double valor) {
-    return std::isnan(valor) ? QStringLiteral("sin dato")
-                             : QLocale(QLocale::English).toString(valor, 'f', 0);
+    return QLocale(QLocale::English).toString(valor, 'f', 0);
+}
+
+double Grafica::altura(Moneda valor) {
+    return double(valor.unidades()) / double(Moneda(1).unidades());
 }
 
 QRectF Grafica::lienzo(const Escala& e) const {
@@ -139,16 +141,10 @@ void Grafica::pinte_lineas(QPainter& p, const QRectF& l, const Escala& e) const 
     for (qsizetype s = 0; s < series_.size(); ++s) {
         const Trazo t = trazo(s);
         QPainterPath camino;
-        bool sigue = false;
         const auto& valores = series_[s].valores;
         for (qsizetype i = 0; i < valores.size(); ++i) {
-            if (std::isnan(valores[i])) {
-                sigue = false;
-                continue;
-            }
-            const QPointF punto(x_de(l, double(i)), y_de(l, e, valores[i]));
-            sigue ? camino.lineTo(punto) : camino.moveTo(punto);
-            sigue = true;
+            const QPointF punto(x_de(l, double(i)), y_de(l, e, altura(valores[i])));
+            i > 0 ? camino.lineTo(punto) : camino.moveTo(punto);
         }
         p.setBrush(Qt::NoBrush);
         p.setPen(QPen(t.color, escalado(2), t.linea));
@@ -164,9 +160,7 @@ void Grafica::pinte_barras(QPainter& p, const QRectF& l, const Escala& e) const 
         p.setPen(QPen(t.color, 1));
         p.setBrush(QBrush(t.color, t.relleno));
         for (qsizetype i = 0; i < series_[s].valores.size(); ++i) {
-            const double v = series_[s].valores[i];
-            if (std::isnan(v))
-                continue;
+            const double v = altura(series_[s].valores[i]);
             const double x = x_de(l, double(i)) - grupo / 2 + ancho * double(s);
             p.drawRect(QRectF(QPointF(x, y_de(l, e, v)), QPointF(x + ancho - 1, y_de(l, e, 0)))
                            .normalized());

@@ -4,12 +4,14 @@
 // Las series se distinguen también en gris: las líneas por su trazo y su marca, las barras por su
 // relleno. El eje vertical va en números redondos. Lee lo que dibuja quien no la ve: su descripción
 // accesible trae el primer y el último valor de cada serie.
+#include "datos/firebird/moneda.h"
+
 #include <QVector>
 #include <QWidget>
 
 struct SerieGrafica {
     QString nombre;
-    QVector<double> valores; ///< uno por categoría; NaN: sin dato
+    QVector<Moneda> valores; ///< uno por categoría
 };
 
 class Grafica : public QWidget {
@@ -48,6 +50,7 @@ private:
     void pinte_barras(QPainter& p, const QRectF& l, const Escala& e) const;
     void pinte_leyenda(QPainter& p, const QRectF& l) const;
     static QString rotulo(double valor);
+    static double altura(Moneda valor); ///< solo para el dibujo
 
     const Forma forma_;
     QStringList categorias_;

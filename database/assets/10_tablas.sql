@@ -23,7 +23,8 @@ CREATE TABLE DEPRECIACION_UNIDADES (
 );
 
 -- Lo que cada proceso le hizo a cada activo en cada libro. DEDE_CLASE: "D" depreciación, "B" baja,
--- "V" deterioro o recuperación. DEDE_VALOR baja el valor en libros si es positivo.
+-- "V" deterioro o recuperación, "I" lo que ya traía depreciado al llegar al programa. DEDE_VALOR
+-- baja el valor en libros si es positivo.
 CREATE TABLE DEPRECIACION_DETALLE (
   DEDE_ID bigint NOT NULL,
   DEPR_ID integer,

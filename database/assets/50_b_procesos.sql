@@ -45,9 +45,10 @@ BEGIN
   LEFT JOIN ACTIVOS_GRUPOS G ON G.ACGR_ID = A.ACGR_ID
   WHERE A.ACFJ_COD = :CODIGO
   INTO :METODO, :BASE, :RESCATE, :VIDA, :ANTES;
-  -- Tras un deterioro o una recuperación se reparte el valor que quedó en la vida que quedaba.
+  -- Tras un deterioro o una recuperación, o desde el saldo con que el activo llegó al programa, se
+  -- reparte el valor que quedó en la vida que quedaba.
   SELECT max(DEDE_FECHA) FROM DEPRECIACION_DETALLE
-  WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE = 'V'
+  WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE IN ('V', 'I')
     AND DEDE_FECHA <= :FECHA
   INTO :REVALUADO;
   IF (REVALUADO IS NOT NULL) THEN
@@ -153,7 +154,7 @@ BEGIN
     INTO :MES, :LETRA, :CARGO
   DO
   BEGIN
-    CLASE = trim(decode(LETRA, 'D', 'Depreciación', 'B', 'Baja',
+    CLASE = trim(decode(LETRA, 'D', 'Depreciación', 'B', 'Baja', 'I', 'Inicial',
       iif(CARGO < 0, 'Recuperación', 'Deterioro')));
     IF (LETRA = 'B') THEN
       FUERA = 'S';
@@ -247,14 +248,15 @@ BEGIN
     FROM ACTIVO_CARGO G JOIN ACTIVOS_FIJOS A ON A.ACFJ_COD = G.ACFJ_COD
     WHERE G.LIBRO = '{LIBRO}'
     UNION ALL
-    SELECT G.ACFJ_COD, iif(D.DEDE_CLASE = 'D', 1, 2),
-      iif(D.DEDE_CLASE = 'D', G.CTA_DEBITO, coalesce(nullif(A.ACFJ_CTADETERC, ''), G.CTA_DEBITO)),
+    SELECT G.ACFJ_COD, iif(D.DEDE_CLASE = 'V', 2, 1),
+      iif(D.DEDE_CLASE <> 'V', G.CTA_DEBITO, coalesce(nullif(A.ACFJ_CTADETERC, ''), G.CTA_DEBITO)),
       sum(D.DEDE_VALOR)
     FROM ACTIVO_CARGO G
     JOIN ACTIVOS_FIJOS A ON A.ACFJ_COD = G.ACFJ_COD
     JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = G.ACFJ_COD AND D.DEDE_LIBRO = '{LIBRO}'
     WHERE G.LIBRO = '{LIBRO}'
-    GROUP BY G.ACFJ_COD, D.DEDE_CLASE, G.CTA_DEBITO, A.ACFJ_CTADETERC
+    GROUP BY G.ACFJ_COD, iif(D.DEDE_CLASE = 'V', 2, 1),
+      iif(D.DEDE_CLASE <> 'V', G.CTA_DEBITO, coalesce(nullif(A.ACFJ_CTADETERC, ''), G.CTA_DEBITO))
     UNION ALL
     SELECT ACFJ_COD, 3, CUENTA_DE_CIERRE('{LIBRO}', 'CUENTA DE PERDIDA EN BAJA DE ACTIVOS'), VALOR
     FROM ACTIVO_CARGO WHERE LIBRO = '{LIBRO}' AND VALOR <> 0)

@@ -98,7 +98,8 @@ BEGIN
     FROM CUENTAS WHERE CUEN_COD = :CONTRA;
   END
   EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, TIPO, PREF, NUMERO_COMP, DIA, CONCEPTO,
-    left(rdb$get_context('USER_TRANSACTION', 'REFER_PROCESO'), 8), NULL, USUARIO_ACTUAL(), 'Diferencia en cambio',
+    left(rdb$get_context('USER_TRANSACTION', 'REFER_PROCESO'), 8), NULL, USUARIO_ACTUAL(),
+    'Diferencia en cambio',
     'ningún documento en moneda de la cuenta ' || CUENTA || ' cambia con esa TRM.')
   RETURNING_VALUES ID, FINAL;
   FOR

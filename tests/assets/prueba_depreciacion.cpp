@@ -24,6 +24,7 @@ private slots:
     void init();
 
     void la_suma_de_los_cargos_es_el_costo_menos_el_rescate();
+    void quinientos_activos_en_diez_anos_suman_lo_suyo_con_deterioros_y_bajas();
     void cada_metodo_carga_lo_suyo_cada_mes();
     void el_gasto_se_reparte_por_los_centros_del_activo();
     void un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupera();
@@ -151,6 +152,45 @@ void PruebaDepreciacion::la_suma_de_los_cargos_es_el_costo_menos_el_rescate() {
     QCOMPARE(base().consulte("select count(*) from comprobante_encabezado").entero(), 0);
     QCOMPARE(base().consulte("select count(*) from depreciacion_detalle").entero(), 0);
     QVERIFY(corridas > 10);
+}
+
+void PruebaDepreciacion::quinientos_activos_en_diez_anos_suman_lo_suyo_con_deterioros_y_bajas() {
+    const int semilla = 20260117, kActivos = 500, kMeses = 121;
+    QRandomGenerator azar = azar_de_prueba(semilla);
+    QMap<QString, std::pair<qint64, qint64>> activos; // costo y rescate, en centavos
+    QStringList nombres;
+    const auto importe = [](qint64 centavos) {
+        return QString("%1.%2").arg(centavos / 100).arg(centavos % 100, 2, 10, QChar('0'));
+    };
+    for (int i = 0; i < kActivos; ++i) {
+        const qint64 costo = 100000 + qint64(azar.bounded(900000000)), rescate = costo / 10;
+        nombres << QString("A%1").arg(i, 4, 10, QChar('0'));
+        activos[nombres.last()] = {costo, rescate};
+        activo(nombres.last(), qPrintable(importe(costo)), qPrintable(importe(rescate)),
+               60 + azar.bounded(61), 60 + azar.bounded(61), 1 + azar.bounded(3), "2017-01-10");
+    }
+    QSet<QString> dados_de_baja;
+    for (int m = 1; m <= kMeses; ++m) {
+        deprecie(mes(2017 * 12 + m));
+        if (m % 12 == 0 && m < kMeses - 12) { // cada año, un deterioro y una baja
+            const QString deteriorado = nombres[m], bajado = nombres[200 + m];
+            base().ejecute("insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer,"
+                           " tico_cod, prco_pref) values (" +
+                           QuotedStr(deteriorado) + ", '" + mes(2017 * 12 + m) +
+                           "', -3.33, 'CG', '0001')");
+            base().ejecute("update activos_fijos set acfj_activo = 'N' where acfj_cod = " +
+                           QuotedStr(bajado));
+            deprecie(mes(2017 * 12 + m), {});
+            dados_de_baja << bajado;
+        }
+    }
+    for (auto i = activos.begin(); i != activos.end(); ++i)
+        for (const char* libro : {"2649", "NIIF"}) {
+            const qint64 esperado = i->first - (dados_de_baja.contains(i.key()) ? 0 : i->second);
+            QVERIFY2(depreciado(i.key(), libro) == esperado,
+                     qPrintable(QString("semilla %1: %2 %3").arg(semilla).arg(i.key(), libro)));
+        }
+    QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaDepreciacion::cada_metodo_carga_lo_suyo_cada_mes() {

@@ -168,8 +168,8 @@ private slots:
         QVERIFY(c->CComparacion.Locate("CUENTA", {QString("413505")}));
         QCOMPARE(dato("DIFERENCIAA") + dato("AVISO"), QString("50Falta"));
         QTRY_COMPARE(c->Barras->series().value(0).nombre, QString("Presupuesto 413505"));
-        QCOMPARE(c->Barras->series()[0].valores[1], 500.0);
-        QCOMPARE(c->Barras->series()[1].valores[1], 450.0);
+        QCOMPARE(c->Barras->series()[0].valores[1], Moneda(500));
+        QCOMPARE(c->Barras->series()[1].valores[1], Moneda(450));
         oprima(Qt::Key_Left, Qt::AltModifier);
         QCOMPARE(componente<QLineEdit>(c, "EMes").text(), QString("Enero"));
         QVERIFY(c->CComparacion.Locate("CUENTA", {QString("510506")}));

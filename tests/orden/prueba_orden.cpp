@@ -245,11 +245,11 @@ const QStringList kPiezas{
     "tabla", "tablas", "columna", "columnas", "columna_activo", "columna_tipo", "FieldName",
     "sufijo", "detalle", "cuentas", "plantilla_detalle", "tabla_atributos", "procedimiento",
     "valide_cuenta", "lista_en_uso", "numero", "prefijo", "id", "id_", "saldo", "lista_de",
-    "propio_o", "familia", "ini",
+    "propio_o", "familia", "ini", "llave", "item",
     // trozos de consulta ya compuestos
     "sql", "base", "base_", "orden", "antes", "despues", "partes", "condicion_de_tipo",
     "dentro_del_rango", "de_la_llave", "condicion", "nombres_de", "clave", "marcas", "componga",
-    "valor_sql", "codigo_usuario", "bandera", "ano_y_periodo", "sin_movimiento",
+    "valor_sql", "codigo_usuario", "bandera", "ano_y_periodo", "sin_movimiento", "del_mes",
     // cifras del programa
     "periodo_actual", "ano_saldos", "mes_saldos", "mes", "nivel"};
 

@@ -253,7 +253,7 @@ private slots:
         QCOMPARE(lista->CLista.RecordCount(), 1);
     }
 
-    void un_registro_se_crea_se_mira_y_se_ejecuta_una_vez_por_mes() {
+    void un_registro_se_crea_con_sus_conceptos() {
         SesionGui s;
         Contador c(s);
         s.cnt.periodo_actual = 4;
@@ -295,7 +295,22 @@ private slots:
         QCOMPARE(s.escritorio.activa(), lista);
         QCOMPARE(s.dato("select reau_cod || reco_item || conc_cod from registro_conceptos"),
                  QString("PROV1C1"));
+    }
 
+    void un_registro_se_mira_y_se_ejecuta_una_vez_por_mes() {
+        SesionGui s;
+        Contador c(s);
+        s.cnt.periodo_actual = 4;
+        c.venta(501, "20170510", "1000");
+        s.base.ejecute({"insert into conceptos (conc_cod, conc_nom, conc_vence, conc_ctacierre) "
+                        "values ('C1', 'Provisión', 'N', '220505')",
+                        "insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, "
+                        "cocu_cuentabase, cocu_base, cocu_porc, cocu_debito) values ('C1', 1, "
+                        "'111005', '1110', 'FIN', 10, 'S')",
+                        "insert into registro_automatico values ('PROV', 'Provisiones', 'CG', "
+                        "'0001')",
+                        "insert into registro_conceptos values ('PROV', 1, 'C1')"});
+        c.abra("Tfbuscregiauto");
         oprima(Qt::Key_F6);
         c.p = s.escritorio.activa();
         QVERIFY(!componente<QWidget>(c.p, "ENumero").isEnabled()); // el prefijo numera solo
