@@ -100,6 +100,8 @@ void FormaMantenimiento::arme_botones(Formulario& f, const QString& texto) {
 
 void FormaMantenimiento::FormCreate() {
     fdm().ConfigurarProviders(this);
+    if (QWidget* primero = ckniif ? static_cast<QWidget*>(ckniif) : FecIni)
+        primero->setFocus();
     if (!LTipo)
         return;
     CTipo.Open();

@@ -8,6 +8,11 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+/// La hoja en blanco va en una biblioteca estática: sin esto el enlazador la deja por fuera.
+static void tome_recursos() {
+    Q_INIT_RESOURCE(niif);
+}
+
 namespace {
 
 constexpr int kMsArranque = 5000;
@@ -19,6 +24,7 @@ QString carpeta() {
 }
 
 QByteArray en_blanco() {
+    tome_recursos();
     QFile f(":/niif/hoja_vacia.xlsx");
     if (!f.open(QIODevice::ReadOnly))
         throw ErrorDatos(QStringLiteral("El programa no trae la hoja en blanco."));

@@ -42,6 +42,7 @@ void Tfbalaperturaniif::defina_conjuntos() {
     c.texto("APNI_CUENNIIF", 20);
     c.blob("APNI_ARCHIVO");
     c.IndexFieldNames("CUEN_COD");
+    TAperturaDet.enlace_maestra(&TApertura, {"CUEN_COD"});
     CAperniifdet.anide_en(&CSaldos, &TAperturaDet);
 
     ConjuntoDatos& a = CAjusniif;
@@ -240,6 +241,11 @@ void Tfbalaperturaniif::agregue_saldo(const SaldoPorTraer& saldo, int& item) {
         CSaldos.FieldByName("APNI_SALDONIIF") = saldo.saldo;
         CSaldos.Post();
         item = 0;
+    } else { // otro tercero o centro de la misma cuenta
+        CSaldos.Edit();
+        for (const char* campo : {"APNI_SALDOANT", "APNI_SALDONIIF"})
+            CSaldos.FieldByName(campo) = CSaldos.FieldByName(campo).moneda() + saldo.saldo;
+        CSaldos.Post();
     }
     for (const LineaApertura& l : lineas_de_traslado(saldo)) {
         CAperniifdet.Append();
