@@ -218,6 +218,8 @@ public:
         d_.total = f.total;
         d_.referencia = (f.prefijo + f.numero).right(20);
         d_.concepto = QStringLiteral("Factura electrónica ") + d_.referencia;
+        d_.proyecto = o.proyecto;
+        d_.centro = o.centro;
         d_.prefijo = venta ? f.prefijo : o.prefijo;
         d_.numero = venta ? f.numero.rightJustified(6, QLatin1Char('0')) : siguiente(o.prefijo);
         if (d_.prefijo.isEmpty())

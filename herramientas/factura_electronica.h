@@ -41,6 +41,7 @@ struct OpcionesFactura {
     QString concepto = QStringLiteral("COMPRA");
     /// Prefijo con que se numeran las compras; las ventas llevan el de la factura.
     QString prefijo = QStringLiteral("0000");
+    QString proyecto = {}, centro = {}; ///< del documento, donde sus cuentas lo exijan
 };
 /// Lee y registra los archivos, todos o ninguno; devuelve lo que hizo con cada uno. Lanza
 /// ErrorDatos con el archivo si una factura ya está registrada o no es de la compañía.

@@ -36,6 +36,9 @@ void documentos(const Sesion& s) {
         OpcionesFactura opciones;
         opciones.concepto = a.valor(QStringLiteral("concepto"), opciones.concepto);
         opciones.prefijo = a.valor(QStringLiteral("prefijo"), opciones.prefijo);
+        const QString centro = a.valor(QStringLiteral("centro"));
+        opciones.proyecto = centro.section('-', 0, 0);
+        opciones.centro = centro.section('-', 1);
         for (const QString& hecho : cargue_facturas_electronicas(conexion, facturas, opciones))
             diga(hecho);
     } else {
@@ -63,12 +66,12 @@ QVector<Orden> ordenes_de_documentos() {
     return {
         {"documentos",
          "carga documentos por contabilizar, o los lista",
-         "--compania 001 [--cargar ARCHIVO | --electronica FACTURA.xml... [--concepto GASTO:CLASE] "
-         "|"
+         "--compania 001 [--cargar ARCHIVO | --electronica FACTURA.xml... [--concepto GASTO:CLASE]"
+         " [--centro 0001-0001] |"
          " --anular 31/0001/000123]\n    [--desde aaaa/mm/dd] [--hasta aaaa/mm/dd] [--tipo 31]"
          " [--pendientes]",
-         {"compania", "cargar", "electronica", "concepto", "prefijo", "anular", "desde", "hasta",
-          "tipo"},
+         {"compania", "cargar", "electronica", "concepto", "prefijo", "centro", "anular", "desde",
+          "hasta", "tipo"},
          {"pendientes"},
          documentos},
         {"interfaz",

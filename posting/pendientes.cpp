@@ -94,8 +94,7 @@ PropuestaPendiente proponga_niif(const DocumentoPendiente& d, const Despacho& de
     Sentencia& q = fdm().QBorrar;
     q.Open(QStringLiteral("SELECT MAX(CNTB_ID), MAX(CNTB_FECHA) FROM CONTABILIZACION WHERE "
                           "CNTB_TIPOREF = '%1' AND CNTB_IDREF = %2")
-               .arg(d.tido)
-               .arg(d.id));
+               .arg(QString::number(d.tido), QString::number(d.id)));
     const int cntb_id = int(q.Fields(0).entero());
     const int ano = q.Fields(1).texto().left(4).toInt();
     q.Close();

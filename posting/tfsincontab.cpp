@@ -163,11 +163,11 @@ void Tfsincontab::calcule_pendientes() {
         return;
     const QDate primero(fdmcnt().ano_actual.toInt(), indice + 1, 1);
     const QDate ultimo(primero.year(), primero.month(), primero.daysInMonth());
-    const auto si = [](const QCheckBox* c) { return c->isChecked() ? "'S'" : "'N'"; };
+    const auto si = [](const QCheckBox* c) { return c->isChecked() ? "S" : "N"; };
     DBGridEh1->quite_marcas();
     CSincontab.Open("select * from documentos_sin_contabilizar(" +
                     QuotedStr(Valor(primero).texto()) + ',' + QuotedStr(Valor(ultimo).texto()) +
-                    ',' + si(ckcont) + ',' + si(ckNiif) + ')');
+                    ',' + QuotedStr(si(ckcont)) + ',' + QuotedStr(si(ckNiif)) + ')');
 }
 
 void Tfsincontab::refresque() {

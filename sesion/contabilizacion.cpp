@@ -9,10 +9,8 @@ const QString kErrores = QStringLiteral("Se presentaron los siguientes errores e
 
 /// Primera fila de un procedimiento que escribe, leída por posición; vacía si no hay.
 QVector<Valor> corra(const char* procedimiento, const QVector<Valor>& argumentos) {
-    const QString sql =
-        QStringLiteral("select * from %1(%2)")
-            .arg(QLatin1String(procedimiento),
-                 QStringList(argumentos.size(), QStringLiteral("?")).join(QLatin1Char(',')));
+    QString sql = QStringLiteral("select * from %1(?)").arg(QLatin1String(procedimiento));
+    sql.replace('?', QStringList(argumentos.size(), QStringLiteral("?")).join(','));
     return fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
         QVector<Valor> fila;
         Cursor c(t.conexion().prepare(sql, t), t, argumentos);
@@ -134,10 +132,10 @@ QVector<InterfazContable> interfaces_contables(AreaSuite area, int tido_cod,
         return {};
     const bool nomina = area == AreaSuite::Nomina;
     QString sql = QStringLiteral("select %1%2_ID ID, %2_NOMBRE NOMBRE from %3 where tido_cod = %4")
-                      .arg(nomina ? "FIRST 1 " : "", tabla->ini, tabla->tabla)
-                      .arg(tido_cod);
+                      .arg(QLatin1String(nomina ? "FIRST 1 " : ""), QLatin1String(tabla->ini),
+                           QLatin1String(tabla->tabla), QString::number(tido_cod));
     if (cuba_cod)
-        sql += QStringLiteral(" and cuba_cod = %1").arg(*cuba_cod);
+        sql += " and cuba_cod = " + QString::number(*cuba_cod);
     if (!nomina)
         sql += " and pref_pre = " + QuotedStr(pref_pre);
     QVector<InterfazContable> lista;

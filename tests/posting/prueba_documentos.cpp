@@ -132,6 +132,12 @@ const QVector<Caso>& comercial() {
          "130505 D 1631000 t=900123456 o=000001; 135515 D 35000 t=900123456 b=1400000 p=2.5;"
          " 413505 D 100000 c=0002-0001; 413506 C 1000000 c=0002-0001; 413506 C 500000 c=0002-0002;"
          " 240805 C 266000; 613505 D 940000 c=0002-0001; 143505 C 940000 a=MART01"},
+    };
+    return casos;
+}
+
+const QVector<Caso>& entregas() {
+    static const QVector<Caso> casos{
         {documento(32, "COSTO 80000 a=MART01", kCliente, kMostrador),
          interfaz("COSTO 146505 D; COSTO 143505 C a"), "146505 D 80000; 143505 C 80000 a=MART01",
          nullptr},
@@ -298,7 +304,8 @@ void PruebaDocumentos::cada_documento_da_su_comprobante_en_los_dos_libros() {
     Conexion& c = b.base();
     agregue_cuentas(c, kCuentas + "; 280510; 280515");
     configure(c, kPorInterfaz, "INTERFAZ");
-    for (const auto* familia : {&inventario(), &comercial(), &cartera(), &tesoreria(), &nomina()})
+    for (const auto* familia :
+         {&inventario(), &comercial(), &entregas(), &cartera(), &tesoreria(), &nomina()})
         for (const Caso& caso : *familia) {
             const int tipo = caso.documento.tipo;
             const auto dato = [&](const char* columna) {
@@ -340,7 +347,8 @@ void PruebaDocumentos::cada_documento_da_su_comprobante_en_los_dos_libros() {
 void PruebaDocumentos::todos_los_tipos_de_la_lista_estan_probados() {
     BaseDePrueba b;
     QStringList probados;
-    for (const auto* familia : {&inventario(), &comercial(), &cartera(), &tesoreria(), &nomina()})
+    for (const auto* familia :
+         {&inventario(), &comercial(), &entregas(), &cartera(), &tesoreria(), &nomina()})
         for (const Caso& caso : *familia)
             probados << QString::number(caso.documento.tipo);
     std::sort(probados.begin(), probados.end());

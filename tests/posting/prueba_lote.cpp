@@ -107,6 +107,32 @@ private:
     QRandomGenerator azar_;
 };
 
+struct Renglon {
+    int tido, id;
+};
+
+/// La otra persona: su propia conexión, la misma lista y el mismo orden, sin mirar si ya está.
+void contabilice_por_su_lado(const ServidorDePrueba& servidor, const QVector<Renglon>& lista,
+                             std::atomic<int>& rehusados) {
+    Conexion c;
+    c.conectar(servidor.parametros("AUXILIAR"));
+    for (const Renglon& r : lista)
+        try {
+            const QString procedimiento =
+                c.consulte("select doct_proc from documento_contable where tido_cod = ?", {r.tido})
+                    .texto();
+            const int propuesta = c.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
+                Cursor fila(c.prepare("select * from " + procedimiento + "(?, ?)", t), t,
+                            {r.id, r.tido});
+                return fila.siguiente() ? int(fila.valor(2).entero()) : 0;
+            });
+            asiente_sin_revisar(c, {r.tido, r.id}, propuesta, Libro::Decreto2649, false,
+                                "AUXILIAR");
+        } catch (const ErrorDatos&) {
+            ++rehusados; // lo contabilizó quien estaba primero
+        }
+}
+
 void prepare(Conexion& c) {
     agregue_cuentas(c, "110515; 143510");
     configure(c, kPorInterfaz, "INTERFAZ");
@@ -179,9 +205,6 @@ void PruebaLote::dos_personas_con_la_misma_lista_no_contabilizan_nada_dos_veces(
     for (int n = 1; n <= kDocumentos; ++n)
         mes.registre_uno(n);
 
-    struct Renglon {
-        int tido, id;
-    };
     QVector<Renglon> lista;
     const auto f = duena.abra("select tido, id from documentos_sin_contabilizar('2017/03/01',"
                               " '2017/03/31', 'S', 'N')");
@@ -189,29 +212,8 @@ void PruebaLote::dos_personas_con_la_misma_lista_no_contabilizan_nada_dos_veces(
         lista.push_back({int(f->valor(0).entero()), int(f->valor(1).entero())});
     QCOMPARE(lista.size(), kDocumentos);
 
-    // La otra persona: su propia conexión, la misma lista y el mismo orden, sin mirar si ya está.
     std::atomic<int> rehusados = 0;
-    std::thread otra([&] {
-        Conexion c;
-        c.conectar(servidor.parametros("AUXILIAR"));
-        for (const Renglon& r : lista)
-            try {
-                const QString procedimiento =
-                    c.consulte("select doct_proc from documento_contable where tido_cod = ?",
-                               {r.tido})
-                        .texto();
-                const int propuesta =
-                    c.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
-                        Cursor fila(c.prepare("select * from " + procedimiento + "(?, ?)", t), t,
-                                    {r.id, r.tido});
-                        return fila.siguiente() ? int(fila.valor(2).entero()) : 0;
-                    });
-                asiente_sin_revisar(c, {r.tido, r.id}, propuesta, Libro::Decreto2649, false,
-                                    "AUXILIAR");
-            } catch (const ErrorDatos&) {
-                ++rehusados; // lo contabilizó quien estaba primero
-            }
-    });
+    std::thread otra([&] { contabilice_por_su_lado(servidor, lista, rehusados); });
     for (const Renglon& r : lista)
         try {
             const PropuestaPendiente p = proponga(

@@ -20,6 +20,42 @@
 
 namespace {
 const QString kErrores = "Se presentaron los siguientes errores en la contabilización: ";
+// Como los nombra el contrato: la corrida plana y, en la lista NIIF, el gemelo.
+struct CasoDespacho {
+    int tido;
+    const char *plana, *gemelo;
+};
+const CasoDespacho kDespachos[] = {
+    {11, "contabil_entrada", "contabil_entrada_niif"},
+    {12, "contabil_salida", "contabil_salida_niif"},
+    {13, "contabil_traslamercancia", "contabil_trasmerc_niif"},
+    {14, "contabil_ajuste", "contabil_ajuste_niif"},
+    {15, "contabil_ensamble", "contabil_ensamble_niif"},
+    {16, "contabil_desensamble", "contabil_desensamble_niif"},
+    {21, "contabil_factcomp", "contabil_factcomp_niif"},
+    {22, "contabil_remiprov", "contabil_remiprov_niif"},
+    {24, "contabil_devolcomp", "contabil_devolcomp_niif"},
+    {31, "contabil_factura", "contabil_factura_niif"},
+    {32, "contabil_remiclie", "contabil_remiclie_niif"},
+    {33, "contabil_devolcli", "contabil_devolcli_niif"},
+    {41, "contabil_notadbcl", "contabil_notadbcl_niif"},
+    {42, "contabil_notacrcl", "contabil_notacrcl_niif"},
+    {43, "contabil_aplicacl", "contabil_aplicacl_niif"},
+    {51, "contabil_notadbpr", "contabil_notadbpr_niif"},
+    {52, "contabil_notacrpr", "contabil_notacrpr_niif"},
+    {53, "contabil_aplicapr", "contabil_aplicapr_niif"},
+    {61, "contabil_recicaja", "contabil_recicaja_niif"},
+    {62, "contabil_egreso", "contabil_egreso_niif"},
+    {64, "contabil_consignatar", "contabil_consignatar_niif"},
+    {66, "contabil_traslacaja", "contabil_traslacaja_niif"},
+    {71, "contabil_consigna", "contabil_consigna_niif"},
+    {74, "contabil_notadbbc", "contabil_notadbbc_niif"},
+    {75, "contabil_notacrbc", "contabil_notacrbc_niif"},
+    {76, "contabil_trascuenta", "contabil_traslacaja_niif"},
+    {77, "contabil_devolcheq", "contabil_devolcheq_niif"},
+    {92, "contabil_nomina", ""},
+};
+
 const QString kSinInterfaz = "No se han definido interfaces para el documento.";
 } // namespace
 
@@ -137,40 +173,6 @@ void PruebaSincontab::contabilizar_uno_lo_saca_de_la_lista_en_los_dos_libros() {
 }
 
 void PruebaSincontab::cada_tipo_de_la_lista_corre_su_procedimiento_y_su_gemelo() {
-    // Como los nombra el contrato: la corrida plana y, en la lista NIIF, el gemelo.
-    struct {
-        int tido;
-        const char *plana, *gemelo;
-    } const casos[] = {
-        {11, "contabil_entrada", "contabil_entrada_niif"},
-        {12, "contabil_salida", "contabil_salida_niif"},
-        {13, "contabil_traslamercancia", "contabil_trasmerc_niif"},
-        {14, "contabil_ajuste", "contabil_ajuste_niif"},
-        {15, "contabil_ensamble", "contabil_ensamble_niif"},
-        {16, "contabil_desensamble", "contabil_desensamble_niif"},
-        {21, "contabil_factcomp", "contabil_factcomp_niif"},
-        {22, "contabil_remiprov", "contabil_remiprov_niif"},
-        {24, "contabil_devolcomp", "contabil_devolcomp_niif"},
-        {31, "contabil_factura", "contabil_factura_niif"},
-        {32, "contabil_remiclie", "contabil_remiclie_niif"},
-        {33, "contabil_devolcli", "contabil_devolcli_niif"},
-        {41, "contabil_notadbcl", "contabil_notadbcl_niif"},
-        {42, "contabil_notacrcl", "contabil_notacrcl_niif"},
-        {43, "contabil_aplicacl", "contabil_aplicacl_niif"},
-        {51, "contabil_notadbpr", "contabil_notadbpr_niif"},
-        {52, "contabil_notacrpr", "contabil_notacrpr_niif"},
-        {53, "contabil_aplicapr", "contabil_aplicapr_niif"},
-        {61, "contabil_recicaja", "contabil_recicaja_niif"},
-        {62, "contabil_egreso", "contabil_egreso_niif"},
-        {64, "contabil_consignatar", "contabil_consignatar_niif"},
-        {66, "contabil_traslacaja", "contabil_traslacaja_niif"},
-        {71, "contabil_consigna", "contabil_consigna_niif"},
-        {74, "contabil_notadbbc", "contabil_notadbbc_niif"},
-        {75, "contabil_notacrbc", "contabil_notacrbc_niif"},
-        {76, "contabil_trascuenta", "contabil_traslacaja_niif"},
-        {77, "contabil_devolcheq", "contabil_devolcheq_niif"},
-        {92, "contabil_nomina", ""},
-    };
     // Abierto después de su año: la corrida plana deja solo el 2649 y el documento pasa a la NIIF.
     configure("AÑO BALANCE DE APERTURA NIIF", "2018");
     QStringList corridas;
@@ -180,7 +182,7 @@ void PruebaSincontab::cada_tipo_de_la_lista_corre_su_procedimiento_y_su_gemelo()
             corridas << m.captured(1);
     };
     Tfsincontab* p = abra();
-    for (const auto& c : casos) {
+    for (const CasoDespacho& c : kDespachos) {
         const QString concepto =
             s_->dato(QStringLiteral("select first 1 coin_concepto from concepto_interfaz join"
                                     " documento_contable on doct_familia = coin_familia where"
