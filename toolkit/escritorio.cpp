@@ -1,6 +1,7 @@
 // Marco de ventanas hijas y registro de pantallas por nombre.
 #include "toolkit/estilo.h"
 #include "toolkit/marcos.h"
+#include "toolkit/orden_lectura.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -83,6 +84,11 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         area_->setActiveSubWindow(ventana);
         if (primero)
             primero->setFocus();
+        // Si el que Qt escogería está apagado, se empieza por lo primero que se lee.
+        const QWidget* foco = pantalla->focusWidget();
+        const bool sirve = foco && foco->isEnabled() && foco->isVisible();
+        if (const auto orden = orden_de_lectura(pantalla, nullptr); !sirve && !orden.isEmpty())
+            orden.first()->setFocus(Qt::TabFocusReason);
     }
     emit cambiaron_las_abiertas();
     QPointer<Pantalla> viva(pantalla);

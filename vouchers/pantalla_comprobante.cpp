@@ -4,6 +4,7 @@
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
+#include <QGridLayout>
 #include <QScopedValueRollback>
 
 PantallaComprobante::PantallaComprobante(const QString& clase, const QString& titulo)
@@ -115,12 +116,17 @@ void PantallaComprobante::disponga(QWidget* control_prefijo) {
     f.fila({{"Tipo", LTipo},
             {"Prefijo", Formulario::junto({control_prefijo, rotulo("Número", ENumero), ENumero})},
             {"Fecha", Formulario::junto({EDia, EMes, EAno})}});
-    f.fila({{"Concepto", DBEdit1},
-            {"Referencia", Formulario::junto({ERef, rotulo("Monto", DBEdit6), DBEdit6})},
-            {"", Formulario::junto({DBCheckBox1, ckFiltro})}});
-    f.fila({{"Tercero", Formulario::junto({DBEdit2, DBEdit3})},
-            {"Observaciones", DBMemo1},
-            {"", DBCheckBox2}});
+    f.fila(
+        {{"Concepto", DBEdit1},
+         {"Referencia", Formulario::junto({ERef, rotulo("Tercero", DBEdit2), DBEdit2, DBEdit3})}});
+    auto* casillas = new QWidget;
+    auto* dos_renglones = new QGridLayout(casillas);
+    dos_renglones->setContentsMargins(0, 0, 0, 0);
+    dos_renglones->setVerticalSpacing(0);
+    dos_renglones->addWidget(DBCheckBox1, 0, 0);
+    dos_renglones->addWidget(ckFiltro, 0, 1);
+    dos_renglones->addWidget(DBCheckBox2, 1, 0, 1, 2);
+    f.fila({{"Monto", DBEdit6}, {"Observaciones", DBMemo1}, {"", casillas}});
     f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
     if (!LabMand)

@@ -136,6 +136,7 @@ void Tfedtmovimien::FormCreate() {
     lineas_niif->muestre_linea();
     if (!fdm().acceso_editacomproba(fdm().usuario, "CONTABILIDAD", 30))
         SBGrabar->setEnabled(false);
+    DBEdit1->setFocus(); // tipo, número y fecha ya no cambian
 }
 
 int Tfedtmovimien::maximo_item(Libro libro, const QString& id) {

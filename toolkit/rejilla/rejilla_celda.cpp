@@ -114,6 +114,9 @@ bool Rejilla::vaya(int fila, int columna) {
     const QPersistentModelIndex destino(modelo_->index(fila, columna));
     if (!destino.isValid())
         return false;
+    // A donde ya se está no se va: ni ColExit ni ColEnter.
+    if (fila == conjunto()->RecNo() && destino == currentIndex())
+        return termine_edicion();
     Alza alza(moviendo_);
     columna_destino_ = columna;
     if (!deje_celda())
