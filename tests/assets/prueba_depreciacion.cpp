@@ -158,6 +158,7 @@ void PruebaDepreciacion::quinientos_activos_en_diez_anos_suman_lo_suyo_con_deter
     const int semilla = 20260117, kActivos = 500, kMeses = 120;
     QRandomGenerator azar = azar_de_prueba(semilla);
     QMap<QString, std::pair<qint64, qint64>> activos; // costo y rescate, en centavos
+    QMap<QString, int> vidas_niif;
     QStringList nombres;
     const auto importe = [](qint64 centavos) {
         return QString("%1.%2").arg(centavos / 100).arg(centavos % 100, 2, 10, QChar('0'));
@@ -166,10 +167,12 @@ void PruebaDepreciacion::quinientos_activos_en_diez_anos_suman_lo_suyo_con_deter
         const qint64 costo = 100000 + qint64(azar.bounded(900000000)), rescate = costo / 10;
         nombres << QString("A%1").arg(i, 4, 10, QChar('0'));
         activos[nombres.last()] = {costo, rescate};
+        vidas_niif[nombres.last()] = 60 + azar.bounded(61);
         activo(nombres.last(), qPrintable(importe(costo)), qPrintable(importe(rescate)),
-               60 + azar.bounded(61), 60 + azar.bounded(61), 1 + azar.bounded(3), "2017-01-10");
+               60 + azar.bounded(61), vidas_niif[nombres.last()], 1 + azar.bounded(3),
+               "2017-01-10");
     }
-    QSet<QString> dados_de_baja;
+    QSet<QString> dados_de_baja, deteriorados_al_final;
     for (int m = 1; m <= kMeses; ++m) {
         deprecie(mes(2017 * 12 + m));
         if (m % 12 == 0 && m < kMeses - 11) { // cada año, un deterioro y una baja
@@ -182,11 +185,18 @@ void PruebaDepreciacion::quinientos_activos_en_diez_anos_suman_lo_suyo_con_deter
                            QuotedStr(bajado));
             deprecie(mes(2017 * 12 + m), {});
             dados_de_baja << bajado;
+            if (vidas_niif[deteriorado] <= m)
+                deteriorados_al_final << deteriorado;
         }
     }
     for (auto i = activos.begin(); i != activos.end(); ++i)
         for (const char* libro : {"2649", "NIIF"}) {
-            const qint64 esperado = i->first - (dados_de_baja.contains(i.key()) ? 0 : i->second);
+            qint64 esperado = i->first;
+            if (!dados_de_baja.contains(i.key()))
+                esperado -= i->second;
+            // Ya estaba en su rescate: el deterioro lo deja por debajo.
+            if (deteriorados_al_final.contains(i.key()) && !qstrcmp(libro, "NIIF"))
+                esperado += 333;
             QVERIFY2(depreciado(i.key(), libro) == esperado,
                      qPrintable(QString("semilla %1: %2 %3").arg(semilla).arg(i.key(), libro)));
         }
