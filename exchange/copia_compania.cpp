@@ -28,9 +28,9 @@ ResultadoCopia pase(Conexion& origen, Conexion& destino, const QString& tabla,
     const int total =
         int(origen.consulte("select count(*)" + donde, {rango.desde, rango.hasta}).entero());
     const int paso = qMax(1, total / 100);
-    const QString inserte =
-        QStringLiteral("insert into %1 (%2) values (%3)")
-            .arg(tabla, columnas.join(", "), QStringList(columnas.size(), "?").join(", "));
+    const QStringList marcas(columnas.size(), "?");
+    const QString inserte = QStringLiteral("insert into %1 (%2) values (%3)")
+                                .arg(tabla, columnas.join(", "), marcas.join(", "));
     ResultadoCopia r;
     const auto c = origen.abra("select " + columnas.join(", ") + donde + " order by 1",
                                {rango.desde, rango.hasta});

@@ -8,18 +8,18 @@ namespace {
 
 /// Inserta en `tabla` las columnas que traigan valor.
 void inserte(Transaccion& t, const QString& tabla, const QVector<QPair<QString, Valor>>& datos) {
-    QStringList nombres, marcas;
+    QStringList columnas, marcas;
     QVector<Valor> valores;
     for (const auto& [nombre, valor] : datos)
         if (!valor.nulo()) {
-            nombres << nombre;
+            columnas << nombre;
             marcas << QStringLiteral("?");
             valores << valor;
         }
     t.conexion()
         .prepare(
             QStringLiteral("insert into %1 (%2) values (%3)")
-                .arg(tabla, nombres.join(QStringLiteral(", ")), marcas.join(QStringLiteral(", "))),
+                .arg(tabla, columnas.join(QStringLiteral(", ")), marcas.join(QStringLiteral(", "))),
             t)
         ->ejecute(t, valores);
 }

@@ -87,6 +87,8 @@ private:
     void revise(Renglon& renglon);
     void falle(Renglon& renglon, const QString& razon);
     void cierre();
+    QString llave_prefijo() const;
+    void inserte_prefijo(Transaccion& t);
     QString asegure_prefijo();
     QString asiente();
     void ponga_lineas(Transaccion& t);

@@ -162,8 +162,20 @@ void ImportacionComprobantes::reparta(const QString& falla) {
         supuestos_[unida(llave_)] = {fecha_, ultimo_};
 }
 
+QString ImportacionComprobantes::llave_prefijo() const {
+    return llave_.tipo + QChar(0x1F) + llave_.prefijo;
+}
+
+void ImportacionComprobantes::inserte_prefijo(Transaccion& t) {
+    t.conexion()
+        .prepare("insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, "
+                 "prco_activo) values (?, ?, ?, 'N', 'S')",
+                 t)
+        ->ejecute(t, {llave_.tipo, llave_.prefijo, llave_.numero});
+}
+
 QString ImportacionComprobantes::asegure_prefijo() {
-    const QString llave = llave_.tipo + QChar(0x1F) + llave_.prefijo;
+    const QString llave = llave_prefijo();
     if (prefijos_.contains(llave) || prefijo_contable(conexion_, llave_.tipo, llave_.prefijo)) {
         prefijos_.insert(llave);
         return {};
@@ -174,13 +186,7 @@ QString ImportacionComprobantes::asegure_prefijo() {
     // En un ensayo nace con cada comprobante y se va con él.
     if (peticion_.ensayo)
         return {};
-    const QString falla = escriba([&](Transaccion& t) {
-        t.conexion()
-            .prepare("insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, "
-                     "prco_activo) values (?, ?, ?, 'N', 'S')",
-                     t)
-            ->ejecute(t, {llave_.tipo, llave_.prefijo, llave_.numero});
-    });
+    const QString falla = escriba([&](Transaccion& t) { inserte_prefijo(t); });
     if (falla.isEmpty())
         prefijos_.insert(llave);
     return falla;
@@ -228,12 +234,8 @@ QString ImportacionComprobantes::revise_en_base(Transaccion& t) {
     } else if (id_ == 0) {
         sql = QStringLiteral("select first 1 texto from revise_asiento(?, ?, ?, ?, ?)");
         valores = {kAsiento, llave_.tipo, llave_.prefijo, llave_.numero, fecha_};
-        if (!prefijos_.contains(llave_.tipo + QChar(0x1F) + llave_.prefijo))
-            t.conexion()
-                .prepare("insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, "
-                         "prco_activo) values (?, ?, ?, 'N', 'S')",
-                         t)
-                ->ejecute(t, {llave_.tipo, llave_.prefijo, llave_.numero});
+        if (!prefijos_.contains(llave_prefijo()))
+            inserte_prefijo(t);
     }
     Cursor c(t.conexion().prepare(sql, t), t, valores);
     return c.siguiente() ? c.valor(0).texto() : QString();

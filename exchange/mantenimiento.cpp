@@ -15,10 +15,9 @@ Valor o_nulo(const QString& texto) {
 CifrasMantenimiento llame(Conexion& conexion, const QString& procedimiento,
                           QVector<Valor> argumentos, Paso paso) {
     argumentos << Valor(paso == Paso::Haga ? "S" : "N");
-    const QString sql =
-        QStringLiteral("execute procedure %1(%2)")
-            .arg(procedimiento,
-                 QStringList(argumentos.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
+    const QStringList marcas(argumentos.size(), QStringLiteral("?"));
+    const QString sql = QStringLiteral("execute procedure %1(%2)")
+                            .arg(procedimiento, marcas.join(QStringLiteral(", ")));
     return conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
         const auto sentencia = conexion.prepare(sql, t);
         const QVector<Valor> salida = sentencia->ejecute_con_salida(t, argumentos);

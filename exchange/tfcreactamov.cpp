@@ -50,9 +50,9 @@ void Tfcreactamov::CUEN_CODChange(const QString& cuenta) {
     CUEN_RETENCION->setChecked(atributos->retencion == "S");
     if (!es_niif(libro()) && CUEN_EQNIIF->text().isEmpty())
         CUEN_EQNIIF->setText(atributos->equivalente);
-    Padre->setText("de " + padre + ' ' +
-                   dato(QStringLiteral("select cuen_nom from %1 where cuen_cod = ").arg(tabla) +
-                        QuotedStr(padre)));
+    const QString nombre = dato(
+        QStringLiteral("select cuen_nom from %1 where cuen_cod = ").arg(tabla) + QuotedStr(padre));
+    Padre->setText("de " + padre + ' ' + nombre);
 }
 
 bool Tfcreactamov::corra() {

@@ -34,7 +34,7 @@ Tfimportarinv2::Tfimportarinv2()
         columna->addWidget(radio);
     }
     Separa = lista("Separa", {"Coma (,)", "Punto y coma (;)", "Tabulador"});
-    Delimita = lista("Delimita", {"Ninguno", "Comillas (\")", "Comilla simple (')"});
+    Delimita = lista("Delimita", {"Ninguno", "Comillas (\")", "Comilla simple (\x27)"});
     connect(Tipo, &QButtonGroup::idToggled, this, &Tfimportarinv2::TipoChange);
     ckniif = new QCheckBox("Importar al Plan  NIIF");
     ckniif->setObjectName("ckniif");

@@ -5,6 +5,11 @@
 
 #include <QScopedValueRollback>
 
+namespace {
+/// En el orden de su lista: ninguno, comillas y comilla simple.
+constexpr char kDelimitadores[] = {0, 0x22, 0x27};
+} // namespace
+
 Tfimportarinv3::Tfimportarinv3()
     : Pantalla("Tfimportarinv3", "Importación de datos contables 3/3") {
     defina_conjuntos();
@@ -122,7 +127,7 @@ PeticionImportacion Tfimportarinv3::peticion_de(bool ensayo) {
     p.niif = asistente_.niif;
     p.archivo = asistente_.archivo;
     p.separador = ",;\t"[qBound(0, asistente_.separador, 2)];
-    p.delimitador = "\0\"'"[qBound(0, asistente_.delimitador, 2)];
+    p.delimitador = kDelimitadores[qBound(0, asistente_.delimitador, 2)];
     p.columnas = columnas(false);
     p.ensayo = ensayo;
     if (p.clase == ClaseImportacion::Saldos)

@@ -56,12 +56,12 @@ void Tfconciliacta::FormCreate() {
     CDetalle.PacketRecords = -1;
     CDetalle.Instantanea = true;
     const auto p = peticion<AbreConciliacionCuenta>();
-    NomCuenta->setText(
-        p.cuenta + ' ' +
+    const QString nombre =
         fdm()
             .Quorvex
             .consulte("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(p.cuenta))
-            .texto());
+            .texto();
+    NomCuenta->setText(p.cuenta + ' ' + nombre);
     sql_ =
         "select * FROM CONCILIA_PAT_DETALLE(" + QuotedStr(p.cuenta) + "," + QuotedStr(p.ano) + ")";
     CDetalle.Open(sql_);

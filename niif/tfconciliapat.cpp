@@ -102,9 +102,11 @@ void Tfconciliapat::actualice_balance() {
     Aviso->repaint();
     const QString cuenta = CConcilia.Active() ? CConcilia.FieldByName("CUENTA").texto() : QString();
     CConcilia.Instantanea = true;
+    const int mes = EMes->currentIndex();
+    const int hasta = nivel_;
     CConcilia.Open("select * from conciliacion_patrimonial(" +
                    QuotedStr(QString::number(EAno->value())) +
-                   QStringLiteral(", %1, %2)").arg(EMes->currentIndex()).arg(nivel_));
+                   QStringLiteral(", %1, %2)").arg(mes).arg(hasta));
     if (!cuenta.isEmpty())
         CConcilia.Locate("CUENTA", {cuenta});
     Aviso->clear();

@@ -3,9 +3,9 @@
 
 SET TERM ^ ;
 
--- Saldos 2649 al final de un mes (13 el de ajustes) por cuenta, tercero y centro, con la cuenta NIIF
--- equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. La llama
--- Tfbalaperturaniif.
+-- Saldos 2649 al final de un mes (13 el de ajustes) por cuenta, tercero y centro, con la cuenta
+-- NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. La
+-- llama Tfbalaperturaniif.
 CREATE OR ALTER PROCEDURE BALANCE_FINAL_DET (ANO varchar(4), MES smallint, INICIO char(1))
 RETURNS (CODIGO varchar(20), NIT varchar(20), PROY varchar(4), CENTRO varchar(4),
   SALDO numeric(15,2), CUENTANIIF varchar(20))
@@ -27,11 +27,11 @@ BEGIN
     SUSPEND;
 END^
 
--- La hoja de apertura resumida: por cuenta 2649, su saldo y lo que sus líneas le hacen, y al lado la
--- cuenta NIIF a la que pasa. La primera fila de una cuenta lleva su cuenta NIIF por omisión; las
--- demás cuentas NIIF que sus líneas tocan salen en filas aparte, con el lado 2649 en cero. Salen
--- también las cuentas que pueden llevar movimiento y aún no están en la hoja. La llama
--- Tfbalaperturaniif.
+-- La hoja de apertura resumida: por cuenta 2649, su saldo y lo que sus líneas le hacen, y al
+-- lado la cuenta NIIF a la que pasa. La primera fila de una cuenta lleva su cuenta NIIF por
+-- omisión; las demás cuentas NIIF que sus líneas tocan salen en filas aparte, con el lado 2649
+-- en cero. Salen también las cuentas que pueden llevar movimiento y aún no están en la hoja. La
+-- llama Tfbalaperturaniif.
 CREATE OR ALTER PROCEDURE AJUSTES_APERTURA_NIIF
 RETURNS (CODIGO varchar(20), NOMBRE varchar(60), SALDO numeric(15,2), RECLASDB numeric(15,2),
   RECLASCR numeric(15,2), AJUSTEDB numeric(15,2), AJUSTECR numeric(15,2), FINAL numeric(15,2),
@@ -104,9 +104,9 @@ LEFT JOIN TERCEROS T ON T.TERC_NIT = A.TERC_NIT
 GROUP BY A.CUEN_COD, C.CUEN_NOM, A.TERC_NIT, T.TERC_DV, A.PROY_COD, T.TERC_NOM, A.CENT_COD
 HAVING sum(A.NETO) <> 0^
 
--- Reemplaza los saldos iniciales del libro NIIF por el balance de apertura. Con HAGALO "N" solo dice
--- cuántas filas y cuánto suman, las que hay hoy (ACTUALES), y en NEGATIVA por qué no se puede; con
--- "S" lo hace o lanza APERTURA_RECHAZADA sin tocar nada. La llama Tfbalaperturaniif.
+-- Reemplaza los saldos iniciales del libro NIIF por el balance de apertura. Con HAGALO "N" solo
+-- dice cuántas filas y cuánto suman, las que hay hoy (ACTUALES), y en NEGATIVA por qué no se
+-- puede; con "S" lo hace o lanza APERTURA_RECHAZADA sin tocar nada. La llama Tfbalaperturaniif.
 CREATE OR ALTER PROCEDURE LLEVE_APERTURA_NIIF (HAGALO char(1))
 RETURNS (FILAS integer, DEBITOS numeric(18,2), CREDITOS numeric(18,2), ACTUALES integer,
   NEGATIVA varchar(255))
@@ -145,8 +145,8 @@ BEGIN
       OR (C.CUEN_CENTRO = 'S' AND (A.PROY_COD IS NULL OR A.CENT_COD IS NULL))
     INTO :FALTAS, :CUENTA;
     IF (FALTAS > 0) THEN
-      NEGATIVA = 'Faltan el tercero o el centro de ' || FALTAS || ' saldos; el primero, de la cuenta '
-        || CUENTA || '.';
+      NEGATIVA = 'Faltan el tercero o el centro de ' || FALTAS || ' saldos; el primero, de la '
+        || 'cuenta ' || CUENTA || '.';
   END
   IF (HAGALO = 'S') THEN
   BEGIN

@@ -9,9 +9,9 @@ SELECT N.CUEN_COD, coalesce((SELECT min(C.CUEN_COD) FROM CUENTAS C
   WHERE C.CUEN_EQNIIF = N.CUEN_COD AND C.CUEN_AFECTABLE = 'S'), N.CUEN_COD)
 FROM CUENTAS_NIIF N^
 
--- Saldos de los dos libros al final de un mes (13 ajustes; 0, al comenzar el año) y su diferencia,
--- hasta el NIVEL dado. PORCENTAJE: de la diferencia sobre el saldo 2649, nulo si es cero. Solo salen
--- las cuentas con saldo en algún libro. La llama Tfconciliapat.
+-- Saldos de los dos libros al final de un mes (13 ajustes; 0, al comenzar el año) y su
+-- diferencia, hasta el NIVEL dado. PORCENTAJE: de la diferencia sobre el saldo 2649, nulo si es
+-- cero. Solo salen las cuentas con saldo en algún libro. La llama Tfconciliapat.
 CREATE OR ALTER PROCEDURE CONCILIACION_PATRIMONIAL (ANO varchar(4), MES smallint,
   NIVEL_MAXIMO integer)
 RETURNS (CUENTA varchar(20), NOMBRE varchar(60), CUENTANIIF varchar(20), NOMBRENIIF varchar(60),
@@ -55,9 +55,9 @@ BEGIN
     SUSPEND;
 END^
 
--- De dónde sale la diferencia de una cuenta, o de lo que cuelga de ella: lo que traía al comenzar el
--- año (fila sin comprobante) y los comprobantes del año que no suman lo mismo en los dos libros. La
--- suma de DIF es la diferencia al final del año. La llama Tfconciliacta.
+-- De dónde sale la diferencia de una cuenta, o de lo que cuelga de ella: lo que traía al
+-- comenzar el año (fila sin comprobante) y los comprobantes del año que no suman lo mismo en los
+-- dos libros. La suma de DIF es la diferencia al final del año. La llama Tfconciliacta.
 CREATE OR ALTER PROCEDURE CONCILIA_PAT_DETALLE (CUENTA varchar(20), ANO varchar(4))
 RETURNS (ID integer, CONSEC integer, TICO varchar(3), PREF varchar(4), NUMERO varchar(8),
   FECHA varchar(8), CONCEPTO varchar(60), DB2649 numeric(15,2), CR2649 numeric(15,2),

@@ -212,8 +212,9 @@ BEGIN
   END
 END^
 
--- Lo que impide asentar las líneas de ASIE_ID en esa fecha, sea el comprobante nuevo o ya existente:
--- fecha, bloqueos, líneas, cuadre y vacío. Interna; la llaman REVISE_ASIENTO y REVISE_AUMENTO.
+-- Lo que impide asentar las líneas de ASIE_ID en esa fecha, sea el comprobante nuevo o ya
+-- existente: fecha, bloqueos, líneas, cuadre y vacío. Interna; la llaman REVISE_ASIENTO y
+-- REVISE_AUMENTO.
 CREATE OR ALTER PROCEDURE REVISE_ASIENTO_CUERPO (ASIE_ID integer, FECHA varchar(20))
 RETURNS (CODIGO varchar(20), LIBRO varchar(4), ITEM integer, CAMPO varchar(31),
   TEXTO varchar(255))
@@ -442,9 +443,9 @@ BEGIN
   SUSPEND;
 END^
 
--- Todo lo que impide agregar las líneas de ASIE_ID al comprobante ID: no existe o es de otro módulo,
--- y lo mismo que a uno nuevo de su fecha. Las líneas que se agregan deben cuadrar entre sí. La
--- llaman AUMENTE_COMPROBANTE y quien quiera mostrar las negativas antes.
+-- Todo lo que impide agregar las líneas de ASIE_ID al comprobante ID: no existe o es de otro
+-- módulo, y lo mismo que a uno nuevo de su fecha. Las líneas que se agregan deben cuadrar entre
+-- sí. La llaman AUMENTE_COMPROBANTE y quien quiera mostrar las negativas antes.
 CREATE OR ALTER PROCEDURE REVISE_AUMENTO (ASIE_ID integer, ID integer)
 RETURNS (CODIGO varchar(20), LIBRO varchar(4), ITEM integer, CAMPO varchar(31),
   TEXTO varchar(255))
