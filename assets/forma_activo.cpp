@@ -380,6 +380,10 @@ void FormaActivo::SBGrabarClick() {
 }
 
 bool FormaActivo::hay_por_perder() const {
+    // Una ficha nueva solo tiene lo que se propone.
+    const auto vacio = [this](const char* campo) { return CActivo.FieldByName(campo).vacio(); };
+    if (CActivo.State() == Estado::Insercion && vacio("ACFJ_COD") && vacio("ACFJ_DESC"))
+        return false;
     return CActivo.Active() && (CActivo.ChangeCount() > 0 || CActivo.Modified() ||
                                 CCentros.Modified() || CFoto.Modified());
 }

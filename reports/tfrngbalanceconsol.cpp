@@ -51,7 +51,7 @@ QString Tfrngbalanceconsol::sql() {
                     " and CODIGO <= " + entre_comillas("EHasta");
     if (es("G"))
         texto += " and nivel < 5 and CODIGO < '4'";
-    return texto + " and Nivel <= " + valor("Nivel") + " order by CODIGO";
+    return texto + " and Nivel <= " + entre_comillas("Nivel") + " order by CODIGO";
 }
 
 QString Tfrngbalanceconsol::titulo() {

@@ -56,7 +56,7 @@ void Tfrngresulconsol::FormCreate() {
 QString Tfrngresulconsol::sql() {
     return "select * from balance_mes(" + ano_y_periodo() + ',' + bandera(marcada(Cksinmov)) +
            ",'N','N','N')  where CODIGO >= '4' and CODIGO < '8' and " +
-           (es("G") ? QStringLiteral("NIVEL < 4") : "nivel <= " + valor("Nivel")) +
+           (es("G") ? QStringLiteral("NIVEL < 4") : "nivel <= " + entre_comillas("Nivel")) +
            " order by CODIGO";
 }
 

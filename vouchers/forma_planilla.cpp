@@ -326,6 +326,10 @@ void FormaPlanilla::SBGrabarClick() {
 }
 
 bool FormaPlanilla::hay_por_perder() const {
+    // Una planilla nueva solo tiene lo que se propone.
+    if (CPlanilla.State() == Estado::Insercion && CPlanilla.FieldByName("PLDI_NOMBRE").vacio() &&
+        CCuentas.IsEmpty())
+        return false;
     return CPlanilla.Active() &&
            (CPlanilla.ChangeCount() > 0 || CPlanilla.Modified() || CCuentas.Modified());
 }

@@ -207,9 +207,9 @@ BEGIN
   END
 END^
 
--- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre. Con
--- SALDOS "S" cada mes lleva, en vez de su movimiento, el saldo con que termina. Con TERCERO "S",
--- también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual.
+-- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre.
+-- Con SALDOS "S" cada mes lleva, en vez de su movimiento, el saldo con que termina. Con TERCERO
+-- "S", también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual.
 CREATE OR ALTER PROCEDURE BALANCE_ANUAL{_NIIF} (
   ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), SALDOS char(1))
 RETURNS (CODIGO varchar(30), NOMBRE varchar(60), INICIAL numeric(15,2), MVENE numeric(15,2),

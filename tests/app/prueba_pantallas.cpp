@@ -195,6 +195,10 @@ private:
                 Pantalla* p = pantallas().abrir(n, preparadas.encargo(n));
                 QVERIFY2(p, qPrintable(n));
                 haga(p);
+                // La revisión de una propuesta pone en edición cada línea a la que llega, y
+                // pregunta.
+                const QScopedValueRollback<bool> sale(Guardia::unica().despedida,
+                                                      n == "Tfcontabiliza");
                 QVERIFY2(p->close(), qPrintable(n));
             }
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

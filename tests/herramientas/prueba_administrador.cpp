@@ -131,7 +131,7 @@ void PruebaAdministrador::cada_falla_se_dice_en_espanol_y_cambia_el_codigo() {
         {{"verificar"},
          "equipo.que.no.existe.invalid/3050:/x",
          1,
-         "No se encontró el equipo servidor equipo.que.no.existe.invalid"},
+         "No se encontró el equipo servidor con nombre equipo.que.no.existe.invalid"},
     };
     for (const Caso& c : casos) {
         const auto r = administre(en(c.lugar, c.orden));

@@ -467,8 +467,8 @@ void PruebaOrden::el_producto_habla_solo_de_si_mismo() {
     // El espacio de nombres oficial de la factura electrónica.
     const QString oficial = QString("urn:oasis:names:spec") + "ification:ubl";
     static const QRegularExpression ajeno(QString("\\bPar") + "te?s? [0-9]+\\.[0-9]|spec" +
-                                              "\\.md|\\bspec" + "ification(?!:ubl)|\\.\\./sha" + "red|/wo" +
-                                              "rk/|/fa" + "rm/",
+                                              "\\.md|\\bspec" + "ification(?!:ubl)" +
+                                              "|\\.\\./sha" + "red|/wo" + "rk/|/fa" + "rm/",
                                           QRegularExpression::NoPatternOption);
     SIN_FALTAS(faltas(siempre, [&](const Archivo&, const QString& r) {
         return ajeno.match(QString(r).remove(oficial)).hasMatch();

@@ -2,6 +2,7 @@
 // enteros, o no queda nada. El motor va dentro del que muere, que es este mismo programa.
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
+#include "apoyo/cronometro.h"
 #include "ledger/libro_al_azar.h"
 
 #include <QProcess>
@@ -49,17 +50,16 @@ qint64 corra(const QString& base, qint64 microsegundos) {
     hijo.start(QCoreApplication::applicationFilePath(), QStringList());
     if (!hijo.waitForReadyRead(30000))
         return -1;
-    QElapsedTimer reloj;
-    reloj.start();
+    const Cronometro reloj;
     if (microsegundos < 0) {
         hijo.waitForFinished(60000);
     } else {
-        while (reloj.nsecsElapsed() < microsegundos * 1000) {
+        while (reloj.microsegundos() < microsegundos) {
         }
         hijo.kill();
         hijo.waitForFinished(30000);
     }
-    return reloj.nsecsElapsed() / 1000;
+    return reloj.microsegundos();
 }
 
 } // namespace

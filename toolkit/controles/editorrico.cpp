@@ -44,6 +44,7 @@ EditorRico::EditorRico(QWidget* padre)
     columna->addWidget(barra_);
     columna->addWidget(texto, 1);
     setFocusProxy(texto);
+    texto->setTabChangesFocus(true); // Tab pasa al control siguiente, como en toda la pantalla
     connect(texto, &QTextEdit::currentCharFormatChanged, this, &EditorRico::refleje);
     connect(texto, &QTextEdit::cursorPositionChanged, this, &EditorRico::refleje);
     html({});
