@@ -43,6 +43,8 @@ public:
     }
     /// Mientras se cierra lo que la prueba dejó abierto, la pregunta de salida se contesta "Sí".
     bool despedida = false;
+    /// La prueba mira ella misma las ventanas.
+    bool en_pausa = false;
 
     void tome(AtiendeDialogos* quien) { atienden_.append(quien); }
     void suelte(AtiendeDialogos* quien) { atienden_.removeOne(quien); }
@@ -106,7 +108,7 @@ private:
     void mire() {
         QWidget* ventana = a_la_vista();
         // Un aviso de avance se quita solo: cerrarlo cancelaría el trabajo.
-        if (!ventana || ventana == atendida_ ||
+        if (en_pausa || !ventana || ventana == atendida_ ||
             ventana->objectName().startsWith(QLatin1String("avance")))
             return;
         const QPointer<QWidget> guarda = atendida_;

@@ -101,6 +101,7 @@ private slots:
     }
 
     void el_mensaje_temporal_dura_diez_rondas_o_hasta_escape() {
+        const QScopedValueRollback<bool> pausa(Guardia::unica().en_pausa, true);
         QWidget ventana;
         ventana.show();
         QVector<int> esperas;

@@ -734,7 +734,7 @@ private slots:
         Pantalla* m = pantallas().abrir("Tfmnuplantilla");
         QCOMPARE(componente<QPushButton>(m, "SBDigitacion").text(),
                  QString("Digitación rápida   "));
-        QVERIFY(!componente<QPushButton>(m, "SBDigitacion").isEnabled()); // aún no está
+        QVERIFY(componente<QPushButton>(m, "SBDigitacion").isEnabled());
         componente<QPushButton>(m, "SBPlantillas").setFocus();
         oprima(Qt::Key_Return);
         auto* p = qobject_cast<Tfbuscplantilla*>(s.escritorio.abierta("Tfbuscplantilla"));
