@@ -29,11 +29,9 @@ QVector<Comando> reuna(const QVector<Grupo>& grupos) {
     return todos;
 }
 
-} // namespace
-
 // clang-format off
-const QVector<Comando>& comandos_menu() {
-    static const QVector<Comando> tabla = reuna({
+QVector<Grupo> ordenes_de_registro() {
+    return {
     {"Cuentas", {
         {"Nueva cuenta", "Nuevacuenta1", "Ctrl+T", de_pantalla(0), "Tfnvacuenta", "", "list-add"},
         {"Mantenimiento de cuentas", "Man1", "Ctrl+F4", de_pantalla(1),
@@ -70,6 +68,11 @@ const QVector<Comando>& comandos_menu() {
     {"Automáticos", {
         {"Registro de automáticos", "Registrodeautomticos1", "", pide(73), "Tfbuscregiauto"},
     }},
+    };
+}
+
+QVector<Grupo> ordenes_de_herramientas() {
+    return {
     {"Herramientas", {
         {"Centros de costo", "Centrosdecosto1", "", libre, "Tfcentros", "", "folder"},
         {"Presupuesto", "Presupuesto1", "", de_pantalla(51),
@@ -88,6 +91,11 @@ const QVector<Comando>& comandos_menu() {
         {"Buscar plantillas", "Buscarplantillas1", "Shift+F6", de_pantalla(41),
          "Tfbuscplantilla", kMantenimiento},
     }},
+    };
+}
+
+QVector<Grupo> ordenes_de_listados() {
+    return {
     {"Informes/Catálogos", {
         {"Cuentas", "Cuentas2", "", pide(100), "Tfcatacuentas"},
         {"Terceros", "erceros2", "", pide(101), "Tfcataterceros"},
@@ -103,6 +111,11 @@ const QVector<Comando>& comandos_menu() {
         {"Cronológico", "Cronolgico1", "", pide(114), "Tfrngcronologicos"},
         {"Diario detallado", "Diriodetallado1", "", pide(115), "Tfrngcomprodiario"},
     }},
+    };
+}
+
+QVector<Grupo> ordenes_de_estados() {
+    return {
     {"Informes/Estados Financieros/Generales", {
         {"Balance general", "Balancegeneral1", "", pide(120), "Tfrngbalancegeneral", "G"},
         {"Estado de resultados", "Estadoderesultados1", "", pide(120), "Tfrngresulgeneral", "G"},
@@ -136,6 +149,11 @@ const QVector<Comando>& comandos_menu() {
         {"Comparativo por centros", "Comparativoporcentros1", "", de_submenu(122),
          "Tfrngcomparacentro", },
     }},
+    };
+}
+
+QVector<Grupo> ordenes_de_anexos() {
+    return {
     {"Informes/Anexos", {
         {"Cetificado de retenciones", "Cetificadoderetenciones1", "", pide(130),
          "Tfrngcertificados", },
@@ -147,6 +165,11 @@ const QVector<Comando>& comandos_menu() {
         {"Libro diario", "Librodiario1", "", pide(142), "Tfrngoficiales", "D"},
         {"Numeración hojas", "Numeracinhojas1", "", pide(143), "Tfnumeracion"},
     }},
+    };
+}
+
+QVector<Grupo> ordenes_de_mantenimiento() {
+    return {
     {"Mantenimiento", {
         {"Estructura", "Estructura1", "", pide(90), "Tfestructura", "", "preferences-system"},
         {"Categorías", "Categorias1", "", pide(91),
@@ -164,10 +187,20 @@ const QVector<Comando>& comandos_menu() {
     {"Ayuda", {
         {"Acerca de", "Acercade2", "", libre, "Tfacercade", "", "help-about"},
     }},
-    });
+    };
+}
+// clang-format on
+
+} // namespace
+
+const QVector<Comando>& comandos_menu() {
+    static const QVector<Comando> tabla =
+        reuna(ordenes_de_registro() + ordenes_de_herramientas() + ordenes_de_listados() +
+              ordenes_de_estados() + ordenes_de_anexos() + ordenes_de_mantenimiento());
     return tabla;
 }
 
+// clang-format off
 const QVector<Comando>& comandos_balance() {
     static const QVector<Comando> tabla{
         {"Balance de prueba", "SButton1", "", pide(150), "Tfbalanceprueba",

@@ -7,9 +7,7 @@ constexpr int kMsEntreRondas = 5 * 60 * 1000;
 constexpr int kMsQuieto = 2000; ///< sin teclas ni ratón: el usuario no espera respuesta
 } // namespace
 
-Compactador::Compactador(QObject* dueno)
-    : QObject(dueno), reloj(new QTimer(this)), SCompacte(this, "SCompacte", fdm().Quorvex) {
-    SCompacte.procedimiento = "COMPACTE_SALDOS";
+Compactador::Compactador(QObject* dueno) : QObject(dueno), reloj(new QTimer(this)) {
     reloj->setSingleShot(true);
     connect(reloj, &QTimer::timeout, this, [this] {
         if (quieto_.isValid() && quieto_.elapsed() < kMsQuieto)
@@ -25,14 +23,22 @@ void Compactador::inicie() {
 }
 
 qint64 Compactador::compacte() {
+    if (!fdm().Quorvex.en_linea())
+        return 0;
     try {
-        SCompacte.ParamByName("MAXIMO") = kDiferenciasPorPaso;
-        SCompacte.ExecProc();
-        return SCompacte.parametro("COMPACTADAS").entero();
+        return fdm()
+            .Quorvex
+            .ejecute_con_salida("execute procedure compacte_saldos(?)", {kDiferenciasPorPaso},
+                                ModoTransaccion::EscrituraSinEspera)
+            .value(0)
+            .entero();
+    } catch (const ErrorBase& falla) {
+        if (!falla.conflicto()) // otro lo está haciendo
+            fdm().registre_en_archivo(falla.texto() + " | " + falla.detalle());
     } catch (const std::exception& falla) {
         fdm().registre_en_archivo(QString::fromUtf8(falla.what()));
-        return 0;
     }
+    return 0;
 }
 
 bool Compactador::eventFilter(QObject*, QEvent* evento) {

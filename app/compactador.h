@@ -3,10 +3,10 @@
 //
 // Los comprobantes solo insertan diferencias de saldo; compactarlas a tiempo mantiene rápidos los
 // balances. Se hace por pasos cortos al entrar y cada pocos minutos, y una falla suya solo se anota
-// en ERRORES.TXT: no es asunto del usuario.
-#include "datos/recordset/sentencia.h"
-
+// en ERRORES.TXT: no es asunto del usuario. Nunca espera: si otro usuario está compactando o no hay
+// servidor, lo deja para después.
 #include <QElapsedTimer>
+#include <QObject>
 
 class QTimer;
 
@@ -25,6 +25,5 @@ protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
-    Sentencia SCompacte;
     QElapsedTimer quieto_;
 };

@@ -9,6 +9,8 @@
 #include "catalogues/copiacuentas.h"
 #include "catalogues/terceros.h"
 #include "sesion/apertura.h"
+#include "sesion/campos_catalogos.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/disposicion_flujo.h"
@@ -54,10 +56,10 @@ QString pagina_fabricante() {
 Tfprincipal::Tfprincipal(const QStringList& argumentos)
     : AdvPanel1(new PanelDegradado("AdvPanel1")), AdvPanel2(new PanelDegradado("AdvPanel2")),
       ECompania(campo_fijo("ECompania")), EUsuario(campo_fijo("EUsuario")),
-      LabRevision(new QLabel(QStringLiteral("Rev: %1 BD: ").arg(kRevision))), Label3(new QLabel),
-      Image2(new QLabel), barra(new AvisosBarra), mensajes(nullptr),
-      compactador(new Compactador(this)), Action1(new QAction(this)), argumentos_(argumentos),
-      area_(new QMdiArea), escritorio_(new Escritorio(area_)),
+      LabRevision(new QLabel(rotulo_revision())), Label3(new QLabel), Image2(new QLabel),
+      barra(new AvisosBarra), mensajes(nullptr), compactador(new Compactador(this)),
+      Action1(new QAction(this)), argumentos_(argumentos), area_(new QMdiArea),
+      escritorio_(new Escritorio(area_)),
       Pusuario(this, "Pusuario", &fdm().TUsracceso, poAllowCommandText),
       PCompania(this, "PCompania", &fdm().TCompania),
       PAgencia(this, "PAgencia", &fdm().TSubEmpresa), CUsuario(this, "CUsuario", &Pusuario),
@@ -76,10 +78,7 @@ Tfprincipal::Tfprincipal(const QStringList& argumentos)
     CCompania.texto("COMP_DIR", 140);
     CCompania.texto("COMP_TELS", 140);
     CCompania.texto("COMP_ENCABEZADO", 140);
-    CAgencia.entero("SUCU_ID").requerido();
-    CAgencia.texto("SUCU_NOMBRE", 60);
-    CAgencia.texto("SUCU_DIRECCION", 60);
-    CAgencia.texto("SUCU_TELEFONOS", 60);
+    campos_agencias(CAgencia);
 
     arme_panel_superior();
     arme_panel_inferior();
@@ -233,6 +232,7 @@ BotonComando* Tfprincipal::boton(const Comando& comando) {
     b->setObjectName(comando.nombre);
     b->setToolTip(comando.texto());
     b->setAccessibleName(comando.texto());
+    habilite_segun(b, comando);
     connect(b, &QPushButton::clicked, this, [this, comando] { ejecute(comando); });
     return b;
 }
@@ -258,35 +258,32 @@ bool Tfprincipal::eventFilter(QObject* objeto, QEvent* evento) {
     return QMainWindow::eventFilter(objeto, evento);
 }
 
+QString Tfprincipal::rotulo_revision() {
+    return QStringLiteral("Rev: %1 BD: ").arg(kRevision);
+}
+
 // ---------------------------------------------------------------- órdenes
+
+bool Tfprincipal::esta_hecha(const Comando& comando) {
+    return comando.abre.isEmpty() || pantallas().existe(comando.abre);
+}
 
 void Tfprincipal::ejecute(const Comando& comando) {
     proteja([&] {
+        if (!entre_si_falta())
+            return;
         if (comando.apertura == Apertura::Propia) {
             abra(comando);
             return;
         }
-        const bool esta = pantallas().existe(comando.abre);
-        const Permiso permiso = comando.derecho.permiso;
-        // La pantalla que debía preguntar y no está no es razón para callar la negativa.
-        const bool pregunta =
-            permiso == Permiso::Entrada || (permiso == Permiso::Pantalla && !esta);
-        if (pregunta && !fdm().exija_acceso(comando.derecho.opcion))
+        if (comando.derecho.permiso == Permiso::Entrada &&
+            !fdm().exija_acceso(comando.derecho.opcion))
             return;
-        if (hay_pantalla(comando.abre))
-            abra(comando);
+        abra(comando);
     });
 }
 
 void Tfprincipal::abra(const Comando& comando) {
-    if (comando.modo == kModoMantenimiento)
-        fdm().modo_mantenimiento = true;
-    else if (comando.modo == kModoDescuadres)
-        fdmcnt().cuenta_auxiliar = fdm().configuracion(
-            "CONTABILIDAD", "GENERAL", "CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ");
-    else if (!comando.modo.isEmpty())
-        fdmcnt().tipo_informe = comando.modo;
-
     if (comando.nombre == "Nuevotercero1")
         crear_tercero();
     else if (comando.nombre == "Regitrodeterceros1")
@@ -294,11 +291,19 @@ void Tfprincipal::abra(const Comando& comando) {
     else if (comando.nombre == "CopiarcuentasaNIIF1")
         copie_cuentas_a_niif();
     else if (comando.apertura == Apertura::Modal)
-        pantallas().abrir_modal(comando.abre);
+        pantallas().abrir_modal(comando.abre, peticion(comando));
     else
-        pantallas().abrir(comando.abre);
-    // La pantalla ya lo tomó al crearse; si se negó, no queda para la siguiente.
-    fdm().modo_mantenimiento = false;
+        pantallas().abrir(comando.abre, peticion(comando));
+}
+
+Encargo Tfprincipal::peticion(const Comando& comando) {
+    if (comando.modo == kModoMantenimiento)
+        return AbreLista{.modo_mantenimiento = true};
+    if (comando.modo == kModoDescuadres)
+        return AbreAuxiliar{.cuenta_auxiliar = fdm().valor<Llave::CuentaDescuadres>()};
+    if (!comando.modo.isEmpty())
+        return AbreInforme{comando.modo};
+    return {};
 }
 
 void Tfprincipal::crear_tercero() {
@@ -310,5 +315,6 @@ void Tfprincipal::buscar_tercero() {
 }
 
 void Tfprincipal::Action1Execute() {
-    fdm().cargue_configuracion();
+    if (entre_si_falta())
+        fdm().cargue_configuracion();
 }

@@ -5,6 +5,7 @@
 // conecta la compañía y la general, carga la configuración y lee el usuario y la compañía. La
 // sesión termina solo al cerrarlo.
 #include "app/comandos.h"
+#include "datos/firebird/version_esquema.h"
 #include "datos/recordset/conjunto.h"
 
 #include <QMainWindow>
@@ -73,6 +74,17 @@ private:
     BotonComando* boton(const Comando& comando);
     void acomode_panel_superior(); ///< en un renglón si la ventana es pequeña para su letra
     void abra(const Comando& comando);
+    /// Esta versión trae lo que la orden abre.
+    static bool esta_hecha(const Comando& comando);
+    /// La orden de lo que aún no está hecho se ve y no se puede pedir.
+    template <class Control> static void habilite_segun(Control* control, const Comando& comando) {
+        if (esta_hecha(comando))
+            return;
+        control->setEnabled(false);
+        control->setToolTip(comando.texto() + ": aún no está en esta versión");
+    }
+    /// Lo que el modo de la orden dice a la pantalla que abre.
+    static Encargo peticion(const Comando& comando);
     void abra_pagina();
     // tfprincipal_menu.cpp
     void arme_menu();
@@ -87,12 +99,19 @@ private:
     bool tome_argumentos();
     void conecte_compania();
     void conecte_general();
+    /// Si la base es de la versión de este programa; si no, lo dice y cierra.
+    bool version_al_dia(Conexion& base, TipoBase tipo);
+    /// Una guarda que alguien dejó apagada se enciende o, sin permiso, se dice.
+    void revise_guardas();
     void ConGeneralAfterConnect();
     void lea_usuario();
     void lea_compania();
     void lea_agencia();
     void tome_colores();
     bool entre_usuario();
+    /// Hay sesión, o se logra entrar ahora que el usuario pide algo.
+    bool entre_si_falta();
+    static QString rotulo_revision();
     void abra_iniciales();
     void habilite_submenus();
     void recuerde_preferencias();

@@ -4,10 +4,14 @@
 #include "app/compactador.h"
 #include "app/paneldegradado.h"
 #include "app/vigiamensajes.h"
-#include "sesion/apertura.h"
 #include "datos/firebird/claves.h"
+#include "datos/firebird/reloj.h"
+#include "sesion/apertura.h"
+#include "sesion/guardas.h"
 #include "sesion/instalacion.h"
+#include "sesion/respaldos.h"
 #include "sesion/tfdmcnt.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QCloseEvent>
@@ -17,15 +21,7 @@
 namespace {
 
 QString hoy() {
-    return QDate::currentDate().toString(QStringLiteral("yyyy/MM/dd"));
-}
-
-QString general(const QString& propiedad) {
-    return fdm().configuracion("GENERAL", "GENERAL", propiedad);
-}
-
-QString contable(const QString& propiedad) {
-    return fdm().configuracion("CONTABILIDAD", "GENERAL", propiedad);
+    return reloj().hoy().toString(QStringLiteral("yyyy/MM/dd"));
 }
 
 } // namespace
@@ -54,14 +50,18 @@ void Tfprincipal::FormActivate() {
         return;
     }
     conecte_compania();
+    if (!version_al_dia(fdm().Quorvex, TipoBase::Compania))
+        return;
     fdm().cargue_configuracion();
-    fdm().registros_paquete =
-        Tfdm::entero(general("NUMERO DE REGISTROS A TRANSMITIR SIMULTANEAMENTE"));
-    fdm().duracion_busquedas = Tfdm::entero(general("DURACION DE LAS BUSQUEDAS")) * 1000;
+    fdm().registros_paquete = fdm().valor<Llave::RegistrosPorPaquete>();
+    fdm().duracion_busquedas = fdm().valor<Llave::DuracionBusquedas>() * 1000;
     fdm().QRevision.Open("select revi_fecha from revision");
-    LabRevision->setText(LabRevision->text() + fdm().QRevision.Fields(0).texto());
+    LabRevision->setText(rotulo_revision() + fdm().QRevision.Fields(0).texto());
     fdm().QRevision.Close();
     conecte_general();
+    if (!version_al_dia(fdm().ConGeneral, TipoBase::General))
+        return;
+    ConGeneralAfterConnect();
     lea_usuario();
     lea_compania();
     tome_colores();
@@ -70,11 +70,27 @@ void Tfprincipal::FormActivate() {
         abra_iniciales();
     habilite_submenus();
     primera_activacion = false;
+    if (fdm().administrador && ultimo_respaldo(codigo_compania).isValid())
+        barra->texto(letrero_respaldo(codigo_compania));
+    revise_guardas();
     mensajes->Timer3Timer();
     if (fdm().sucursal_usuario != 0)
         lea_agencia();
     if (isVisible())
         compactador->inicie();
+}
+
+void Tfprincipal::revise_guardas() {
+    if (encienda_guardas(fdm().Quorvex) > 0)
+        fdm().mostrar_advertencia("Hay guardas de la base de datos apagadas. Pida al administrador "
+                                  "que las encienda con quorvex-admin actualizar.");
+}
+
+bool Tfprincipal::entre_si_falta() {
+    // La entrada falló (no había servidor) y el usuario pide algo: se intenta otra vez.
+    if (primera_activacion)
+        FormActivate();
+    return !primera_activacion;
 }
 
 bool Tfprincipal::tome_argumentos() {
@@ -97,7 +113,26 @@ void Tfprincipal::conecte_compania() {
 void Tfprincipal::conecte_general() {
     fdm().ConGeneral.desconectar();
     fdm().ConGeneral.conectar({ruta_base(ubicaciondb(ubicacion_parametro), {}), usuario, clave});
-    ConGeneralAfterConnect();
+}
+
+bool Tfprincipal::version_al_dia(Conexion& base, TipoBase tipo) {
+    QString negativa;
+    try {
+        negativa = negativa_de_version(tipo, version_de_esquema(base));
+    } catch (const ErrorBase& e) {
+        if (!sin_permiso(e))
+            throw;
+        // El servidor lo dejó entrar, pero nadie lo registró en esta base.
+        negativa = tipo == TipoBase::Compania ? QStringLiteral("Nombre de usuario incorrecto")
+                                              : QStringLiteral("Usuario no registrado.");
+    }
+    if (negativa.isEmpty())
+        return true;
+    muestre_error(negativa);
+    fdm().ConGeneral.desconectar(); // no hay sesión que anotar ni que cerrar
+    fdm().Quorvex.desconectar();
+    close();
+    return false;
 }
 
 void Tfprincipal::ConGeneralAfterConnect() {
@@ -139,10 +174,10 @@ void Tfprincipal::lea_agencia() {
 }
 
 void Tfprincipal::tome_colores() {
-    fdm().color_ventana = contable("COLOR VENTANA PRINCIPAL");
-    fdm().color_final = contable("COLOR FINAL VENTANA PRINCIPAL");
-    const QColor ventana = PanelDegradado::color(Tfdm::entero(fdm().color_ventana));
-    const QColor final = PanelDegradado::color(Tfdm::entero(fdm().color_final));
+    fdm().color_ventana = fdm().texto_de(Llave::ColorVentana);
+    fdm().color_final = fdm().texto_de(Llave::ColorFinalVentana);
+    const QColor ventana = PanelDegradado::color(fdm().valor<Llave::ColorVentana>());
+    const QColor final = PanelDegradado::color(fdm().valor<Llave::ColorFinalVentana>());
     AdvPanel1->colores(ventana, final);
     AdvPanel2->colores(final, ventana);
 }
@@ -171,16 +206,14 @@ bool Tfprincipal::entre_usuario() {
 }
 
 void Tfprincipal::abra_iniciales() {
-    ECompania->setText(general("NOMBRE COMPAÑIA"));
+    ECompania->setText(fdm().valor<Llave::NombreCompania>());
     ECompania->setToolTip(ECompania->text());
     ECompania->home(false);
     recuerde_preferencias();
-    if (contable("MOSTRAR COMPROBANTES SIN CONTABILIZAR AL ENTRAR AL MODULO") == "SI" &&
-        hay_pantalla("Tfsincontab"))
+    if (fdm().valor<Llave::MostrarSinContabilizar>() && hay_pantalla("Tfsincontab"))
         pantallas().abrir_modal("Tfsincontab");
-    fdmcnt().balance_por_recalcular = true;
-    if (contable("MOSTRAR EL BALANCE DE PRUEBA AL ENTRAR AL MODULO") == "SI" &&
-        fdm().exija_acceso(150))
+    emit fdmcnt().balance_por_recalcular();
+    if (fdm().valor<Llave::MostrarBalance>() && fdm().exija_acceso(150))
         abra_o_avise("Tfbalanceprueba");
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/ventanaavisos.h"
 #include "sesion/apertura.h"
+#include "sesion/peticiones.h"
 
 namespace {
 
@@ -42,6 +43,11 @@ void VigiaMensajes::Timer3Timer() {
     Timer3->stop();
     if (!fdm().Quorvex.conectada())
         return;
+    // Sin servidor no hay mensajes; no le toca a este reloj esperar a que vuelva.
+    if (!fdm().Quorvex.en_linea()) {
+        Timer3->start();
+        return;
+    }
     AdvAlertWindow2->limpie();
     CMensajes.Open("select mens_id, mens_autor, mens_mensaje, mens_nivel  from mensajeria where "
                    "mens_destino = " +
@@ -72,10 +78,9 @@ void VigiaMensajes::AdvAlertWindow2AlertClick() {
 
 void VigiaMensajes::AdvAlertWindow2PopupClick() {
     const QString id = AdvAlertWindow2->texto_actual().section("<br>", 0, 0);
-    fdm().mensaje_responder = id;
-    fdm().autor_responder =
+    const QString autor =
         CMensajes.valor_unico("select mens_autor from mensajeria where mens_id = " + id).texto();
     marque_leido(id);
     AdvAlertWindow2->cierre();
-    abra_o_avise("Tfmensaje");
+    abra_o_avise("Tfmensaje", RespondeMensaje{id, autor});
 }

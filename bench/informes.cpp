@@ -1,11 +1,12 @@
 // Informes: el auxiliar de cien mil renglones a PDF y la impresión de mil comprobantes, por sus
 // pantallas.
+#include "bench/copia.h"
 #include "bench/medidas.h"
 #include "datos/firebird/conexion.h"
-#include "fallas/contador.h"
 #include "reports/informe_de_prueba.h"
 #include "reports/registro.h"
 #include "reports/tfrngauxiliarcta.h"
+#include "tests/fallas/contador.h"
 #include "vouchers/registro.h"
 #include "vouchers/tfimprmascomproba.h"
 
@@ -97,6 +98,42 @@ void mida_informe() {
             .arg(filas));
     informe(QStringLiteral("memoria máxima con %1 renglones, en MB").arg(filas), double(ano),
             QStringLiteral("con %1").arg(filas_mes), double(mes), 1.3);
+}
+
+void mida_terceros() {
+    constexpr int kTerceros = 50000;
+    Copia copia;
+    SesionEnLugar s(copia.lugar, "ADMIN", {});
+    registre_pantallas_informes();
+    s.cnt.periodo_actual = 11;
+    fdm().Quorvex.ejecute(
+        QStringLiteral("execute block as declare i integer = 0; begin while (i < %1) do begin "
+                       "i = i + 1; insert into terceros (terc_nit, terc_nom) values ('T' || "
+                       "lpad(:i, 8, '0'), 'Tercero ' || :i); insert into saldos_iniciales "
+                       "(sain_item, cuen_cod, terc_nit, sain_debito, sain_credito) values "
+                       "(1000000 + :i, %2, 'T' || lpad(:i, 8, '0'), :i, 0); end end")
+            .arg(kTerceros)
+            .arg(QuotedStr(cuenta_afectable(fdm().Quorvex, true))));
+    const auto balance = [](const QString& desde, const QString& hasta) {
+        Pantalla* p = pantallas().abrir("Tfrngbalancetercero", AbreInforme{"R"});
+        p->findChild<QLineEdit*>("ENitIni")->setText(desde);
+        p->findChild<QLineEdit*>("ENitFin")->setText(hasta);
+        return imprima(p);
+    };
+    // La memoria que la base pide para ordenar, pedida desde el comienzo.
+    for (auto c = fdm().Quorvex.abra("select * from balance_con_terceros_mes('2017', 12, '', 'ZZ', "
+                                     "'', 'ZZ', 'N')");
+         c->siguiente();) {
+    }
+    const Salida pocos = balance("T00000001", "T00000500");
+    const long con_pocos = memoria_maxima_mb();
+    const Salida todos = balance("", "ZZ");
+    nota(QStringLiteral("terceros: %1 páginas, %2 por segundo; con 500 terceros, %3 páginas")
+             .arg(todos.paginas)
+             .arg(todos.paginas * 1000.0 / todos.ms, 0, 'f', 0)
+             .arg(pocos.paginas));
+    informe(QStringLiteral("memoria máxima con %1 terceros, en MB").arg(kTerceros),
+            double(memoria_maxima_mb()), "con 500", double(con_pocos), 1.3);
 }
 
 void mida_masiva() {

@@ -1,10 +1,10 @@
 // El libro con mucho movimiento: balance de prueba de los dos libros y auxiliar de una cuenta.
 #include "bench/medidas.h"
-#include "fallas/contador.h"
 #include "ledger/familia.h"
 #include "ledger/registro.h"
 #include "ledger/tfauxiliar.h"
 #include "ledger/tfbalanceprueba.h"
+#include "tests/fallas/contador.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "catalogues/fichacuenta.h"
 
 #include "catalogues/plancuentas.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -101,13 +102,6 @@ void FichaCuenta::arme_ficha() {
     enter_como_tab();
 }
 
-void FichaCuenta::FormActivate() {
-    if (!ECtaAjus || fdmcnt().cuenta_seleccion.isEmpty())
-        return;
-    CCuentas->Edit();
-    CCuentas->FieldByName("CUEN_EQNIIF") = std::exchange(fdmcnt().cuenta_seleccion, {});
-}
-
 bool FichaCuenta::FormClose() {
     CCuentas->Cancel();
     CCuentas->Close();
@@ -136,8 +130,10 @@ void FichaCuenta::CCuentasCUEN_EQNIIFChange() {
 }
 
 void FichaCuenta::ECtaAjusDblClick() {
-    fdm().modo_mantenimiento = false;
-    pantallas().abrir(datos(Libro::Niif).pantalla_cuentas);
+    escoja_cuenta(*this, Libro::Niif, {}, [this](const QString& cuenta) {
+        CCuentas->Edit();
+        CCuentas->FieldByName("CUEN_EQNIIF") = cuenta;
+    });
 }
 
 bool FichaCuenta::hay_nombre() {

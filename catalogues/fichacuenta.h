@@ -1,7 +1,7 @@
 #pragma once
 // Base de las pantallas que crean y modifican una cuenta: los controles de la ficha y sus reglas.
-#include "libro/libro.h"
 #include "datos/recordset/conjunto.h"
+#include "libro/libro.h"
 #include "toolkit/pantalla.h"
 
 class BarraBotones;
@@ -18,7 +18,6 @@ public:
     Libro libro() const { return libro_; }
 
     // --- eventos
-    void FormActivate() override;
     bool FormClose() override;
     void CkRetencionesClick();
     void CCuentasCUEN_EQNIIFChange();

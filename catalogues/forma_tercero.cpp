@@ -1,6 +1,7 @@
 #include "catalogues/forma_tercero.h"
 
-#include "catalogues/tfcuentas.h"
+#include "sesion/campos_catalogos.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "sesion/tfdmter.h"
@@ -14,8 +15,10 @@ const char* const kCuentas[] = {"TERC_CTACLIENTE", "TERC_CTAPROV",  "TERC_CTAEMP
                                 "TERC_CTAVENTA",   "TERC_CTARTFTE", "TERC_CTARTIVA",
                                 "TERC_CTARTICA",   "TERC_CTARCREE"};
 
-QString configurado(const QString& propiedad) {
-    return fdm().configuracion("CONTABILIDAD", "TERCEROS", propiedad);
+QString sin_blancos_finales(QString texto) {
+    while (texto.endsWith(' '))
+        texto.chop(1);
+    return texto;
 }
 
 } // namespace
@@ -74,11 +77,8 @@ void FormaTercero::defina_campos() {
     t.texto("TERC_ACTIVIDAD", 4).fijo();
     t.entero("TERC_CONCSH");
 
-    CCiudades->texto("CIUD_COD", 5);
-    CCiudades->texto("CIUD_NOM", 60);
-    CCiudades->bandera("CIUD_ACTIVA");
-    CPaises->texto("PAIS_ID", 3).fijo();
-    CPaises->texto("PAIS_NOM", 60);
+    campos_ciudades(*CCiudades);
+    campos_paises(*CPaises);
     Ctipo_id->texto("TIID_COD", 3);
     Ctipo_id->texto("TIID_NOM", 60);
     Ctipo_id->texto("TIID_CODIGO", 3);
@@ -86,9 +86,8 @@ void FormaTercero::defina_campos() {
 
 void FormaTercero::FormCreate() {
     fdm().ConfigurarProviders(this);
-    DBEdit8->ReadOnly(configurado("PERMITIR MODIFICAR DIGITO DE VERIFICACION DEL NIT") == "NO");
-    obligatorios_ =
-        configurado("DATOS DE DIRECCION, CIUDAD, PAIS, TELEFONO Y MAIL OBLIGATORIOS") == "SI";
+    DBEdit8->ReadOnly(!fdm().valor<Llave::ModificarDigito>());
+    obligatorios_ = fdm().valor<Llave::DatosTerceroObligatorios>();
     CPaises->Open();
     CCiudades->Open();
     Ctipo_id->Open();
@@ -100,6 +99,10 @@ void FormaTercero::FormCreate() {
 
 void FormaTercero::FormActivate() {
     activada_ = true;
+    // De vuelta de una cuenta que se iba a crear: si no se creó, su código no se queda aquí.
+    for (QString nombre = cuenta_que_no_existe(); !nombre.isEmpty();
+         nombre = cuenta_que_no_existe())
+        campo(nombre).limpie();
     if (!std::exchange(releer_catalogos_, false))
         return;
     for (ConjuntoDatos* lista : {CPaises, CCiudades}) {
@@ -153,6 +156,21 @@ void FormaTercero::CTercerosTERC_CTACLIENTEChange(Campo& campo) {
         escoja_cuenta(campo, texto.mid(1));
     else if (!fdmcnt().valide_cuenta(texto))
         campo.limpie();
+    else
+        por_revisar_ << campo.FieldName;
+}
+
+QString FormaTercero::cuenta_que_no_existe() {
+    for (const QString& nombre : std::as_const(por_revisar_)) {
+        const QString cuenta = campo(nombre).texto();
+        if (!cuenta.isEmpty() &&
+            CBorrar
+                ->valor_unico("select cuen_cod from cuentas where cuen_cod = " + QuotedStr(cuenta))
+                .nulo())
+            return nombre;
+    }
+    por_revisar_.clear();
+    return {};
 }
 
 void FormaTercero::DBEdit9DblClick(EditorDato& editor) {
@@ -163,7 +181,7 @@ void FormaTercero::DBEdit9DblClick(EditorDato& editor) {
 }
 
 void FormaTercero::escoja_cuenta(Campo& campo, const QString& desde) {
-    const QString escogida = ::escoja_cuenta(desde);
+    const QString escogida = escoja_cuenta_modal(desde);
     if (!escogida.isEmpty())
         campo = escogida;
     else if (campo.texto().startsWith('?'))
@@ -177,10 +195,22 @@ bool FormaTercero::complete_y_valide(bool con_nit) {
     const QString compuesto = campo("TERC_APELLIDO1").texto() + ' ' +
                               campo("TERC_APELLIDO2").texto() + ' ' +
                               campo("TERC_NOMBRE1").texto() + ' ' + campo("TERC_NOMBRE2").texto();
-    // Sin ninguna de las partes no hay de qué componer: queda el nombre escrito.
-    if (natural() && !compuesto.trimmed().isEmpty() && campo("TERC_NOM").texto() != compuesto) {
-        CTerceros->Edit();
-        campo("TERC_NOM") = compuesto;
+    // Sin ninguna de las partes no hay de qué componer: queda el nombre escrito. El blanco de un
+    // segundo nombre que falta no es un cambio.
+    if (natural() && !compuesto.trimmed().isEmpty()) {
+        const QString nuevo = sin_blancos_finales(compuesto);
+        if (nuevo.size() > campo("TERC_NOM").Size) {
+            muestre_mensaje(QString("El nombre completo del tercero admite %1 caracteres y los "
+                                    "apellidos y nombres suman %2. Abrevie alguno.")
+                                .arg(campo("TERC_NOM").Size)
+                                .arg(nuevo.size()));
+            EApellido1->setFocus();
+            return false;
+        }
+        if (sin_blancos_finales(campo("TERC_NOM").texto()) != nuevo) {
+            CTerceros->Edit();
+            campo("TERC_NOM") = compuesto;
+        }
     }
     struct Exigido {
         const char* campo;
@@ -205,6 +235,11 @@ bool FormaTercero::complete_y_valide(bool con_nit) {
             return false;
         }
     }
+    if (const QString nombre = cuenta_que_no_existe(); !nombre.isEmpty()) {
+        muestre_mensaje("La cuenta " + campo(nombre).texto() +
+                        " no existe. Créela o borre ese dato del tercero.");
+        return false;
+    }
     return true;
 }
 
@@ -217,7 +252,7 @@ void FormaTercero::agregue_cliente() {
 void FormaTercero::agregue_proveedor() {
     CBorrar->Execute("insert into proveedores (TERC_NIT, GRPR_COD, PROV_SIMPLIFICADO) VALUES (" +
                      QuotedStr(campo("TERC_NIT").texto()) + "," +
-                     QuotedStr(configurado("CODIGO DE GRUPO PROVEEDORES")) + ", 'N')");
+                     QuotedStr(fdm().valor<Llave::GrupoProveedores>()) + ", 'N')");
 }
 
 void FormaTercero::abra_catalogo(const QString& pantalla) {

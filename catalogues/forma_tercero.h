@@ -7,6 +7,8 @@
 #include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 
+#include <QSet>
+
 class BarraBotones;
 class EditorDato;
 class ListaDato;
@@ -55,6 +57,10 @@ private:
     void escoja_cuenta(Campo& campo, const QString& desde);
     void abra_catalogo(const QString& pantalla);
 
+    /// Campo de cuenta, de los que se revisan, cuyo código no está en el plan; vacío si ninguno.
+    QString cuenta_que_no_existe();
+
     QFrame* panel_exento_;
+    QSet<QString> por_revisar_; ///< campos de cuenta cambiados: alguna pudo quedar por crear
     bool obligatorios_ = false, releer_catalogos_ = false;
 };

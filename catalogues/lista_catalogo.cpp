@@ -1,7 +1,7 @@
 #include "catalogues/lista_catalogo.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
-#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -36,6 +36,8 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     DBGridEh1->menu_emergente(
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    DBGridEh1->OnTeclear = [this](const QString& texto) { busqueda_->busque_texto(texto); };
+    busqueda_->al_bajar = [this] { DBGridEh1->setFocus(); };
     DBGridEh1->OnDblClick = [this](int) {
         modo_mantenimiento_ ? SBModificarClick() : SBSelecClick();
     };
@@ -55,6 +57,7 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
 }
 
 void ListaCatalogo::aplique_modo() {
+    modo_mantenimiento_ = peticion<AbreLista>().modo_mantenimiento;
     auto* seleccionar = findChild<QPushButton*>("SBSelec");
     seleccionar->setVisible(!modo_mantenimiento_);
     barra_->principal(modo_mantenimiento_ ? findChild<QPushButton*>("SBModificar") : seleccionar);
@@ -74,14 +77,16 @@ void ListaCatalogo::enter() {
         SBSelecClick();
 }
 
-bool ListaCatalogo::busque_lo_pedido() {
-    const QString texto = std::exchange(fdmcnt().texto_busqueda, {});
+bool ListaCatalogo::busque_lo_pedido(const QString& texto) {
     if (texto.isEmpty())
         return false;
-    busqueda_->ItemIndex(texto[0].isDigit() ? 0 : 1);
-    busqueda_->EBuscar->setText(texto);
-    sbBuscarClick();
+    busqueda_->busque_texto(texto);
     return true;
+}
+
+void ListaCatalogo::ubique(const QString& codigo) {
+    if (!codigo.isEmpty())
+        conjunto_->Locate(conjunto_->Fields(0).FieldName, {codigo});
 }
 
 QString ListaCatalogo::codigo() const {

@@ -1,7 +1,8 @@
 #pragma once
 // Lista de un catálogo grande (terceros, artículos): búsqueda, mantenimiento y selección.
 //
-// F3 elimina, F4 modifica, F5 crea, Mayús+F12 lleva al texto de búsqueda y Esc cierra. Enter
+// Lo que se teclea sobre las filas se busca, las cifras por el código y lo demás por el nombre. F3
+// elimina, F4 modifica, F5 crea, Mayús+F12 lleva al texto de búsqueda y Esc cierra. Enter
 // modifica en mantenimiento y escoge como selector; con la fila de filtros abierta solo aplica el
 // filtro. Al volver a la lista las filas se releen.
 #include "datos/recordset/conjunto.h"
@@ -28,9 +29,19 @@ protected:
     void boton_salir();
     /// Deja a la vista los botones del modo en que se abrió.
     void aplique_modo();
-    /// Busca el texto que otra pantalla dejó tras un "?": por la primera columna si empieza por
-    /// cifra y si no por la segunda. Falso si no dejó ninguno.
-    bool busque_lo_pedido();
+    /// Con fila señalada contesta su código a quien abrió la lista; cierra en todo caso.
+    template <class P> void responda_codigo() {
+        if (!codigo().isEmpty())
+            responda<P>(codigo());
+        if (es_modal())
+            resultado_modal(mrOk);
+        else
+            close();
+    }
+    /// Busca el texto con que otra pantalla la abrió tras un "?". Falso si viene vacío.
+    bool busque_lo_pedido(const QString& texto_busqueda);
+    /// Señala la fila de ese código, si está en la lista.
+    void ubique(const QString& codigo);
     /// Código de la fila actual, la primera columna; vacío sin filas.
     QString codigo() const;
     /// Cierra, cambia el texto y abre.

@@ -6,6 +6,7 @@
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -51,15 +52,36 @@ void MaestroDetalle::arme(const Lado& izquierda, const Lado& derecha) {
     DBGridEh2 = rejilla("DBGridEh2", detalle_, derecha, marco2);
     division->setStretchFactor(0, izquierda.parte);
     division->setStretchFactor(1, derecha.parte);
+    teclas_selector_ = new QLabel("Enter: escoge    Letras y cifras: ubican    F12: cambia de "
+                                  "rejilla    Esc: sale sin escoger",
+                                  this);
+    teclas_selector_->setObjectName("teclas_selector");
+    teclas_selector_->hide();
     barra_ = new BarraBotones(this);
-    Formulario(this).ancha(division).botones(barra_);
+    Formulario(this).ancha(division).ancha(teclas_selector_, 0).botones(barra_);
 }
 
 void MaestroDetalle::escoja_con(std::function<void()> escoja) {
+    escoja_ = escoja;
     DBGridEh1->OnDblClick = DBGridEh2->OnDblClick = [escoja](int) { escoja(); };
     barra_->boton("SBSelec", "Selecciona", "emblem-default", QKeySequence(), std::move(escoja));
     tecla(Qt::Key_F12, "Cambiar de rejilla",
           [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
+}
+
+void MaestroDetalle::como_selector() {
+    teclas_selector_->show();
+    for (Rejilla* r : {DBGridEh1, DBGridEh2}) {
+        r->ubica_al_teclear = true;
+        r->OnReturn = [this, r] {
+            if (r->conjunto()->editando())
+                r->conjunto()->Post();
+            else if (r == DBGridEh1 && !detalle_->IsEmpty())
+                DBGridEh2->setFocus();
+            else
+                escoja_();
+        };
+    }
 }
 
 void MaestroDetalle::cancele_y_cierre() {

@@ -6,6 +6,7 @@
 #include "toolkit/rejilla/columna_rejilla.h"
 
 class BarraBotones;
+class QLabel;
 class Rejilla;
 class QWidget;
 
@@ -30,6 +31,9 @@ protected:
     void arme(const Lado& izquierda, const Lado& derecha);
     /// Botón de escoger y doble clic en cualquiera de las rejillas; F12 pasa de una a la otra.
     void escoja_con(std::function<void()> escoja);
+    /// Se abrió para escoger: Enter pasa del maestro a su detalle y en él escoge, teclear ubica en
+    /// vez de escribir y un renglón dice las teclas.
+    void como_selector();
     void cancele_y_cierre();
 
     Proveedor* proveedor_;
@@ -38,6 +42,8 @@ protected:
     BarraBotones* barra_ = nullptr;
 
 private:
+    std::function<void()> escoja_;
+    QLabel* teclas_selector_ = nullptr;
     Rejilla* rejilla(const QString& nombre, ConjuntoDatos* conjunto, const Lado& lado,
                      QWidget* marco);
 };

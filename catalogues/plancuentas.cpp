@@ -5,10 +5,28 @@
 namespace {
 
 const PlanCuentas kPlanes[] = {
-    {"Plan de cuentas", "Nueva cuenta", "Modificar cuenta", "MantCuentas", "Tfsaldoterc", false,
-     true, true, true, false},
-    {"Plan de cuentas NIIF", "Nueva cuenta NIIF", "Modificar cuenta NIIF", "Cuentasniif",
-     "Tfsaldotercniif", true, false, false, false, true},
+    {
+        .titulo_lista = "Plan de cuentas",
+        .titulo_nueva = "Nueva cuenta",
+        .titulo_modificar = "Modificar cuenta",
+        .nombre_archivo = "MantCuentas",
+        .pantalla_saldos = "Tfsaldoterc",
+        .con_puc = true,
+        .con_equivalencia = true,
+        .con_auditoria = true,
+        .con_normas = false,
+    },
+    {
+        .titulo_lista = "Plan de cuentas NIIF",
+        .titulo_nueva = "Nueva cuenta NIIF",
+        .titulo_modificar = "Modificar cuenta NIIF",
+        .nombre_archivo = "Cuentasniif",
+        .pantalla_saldos = "Tfsaldotercniif",
+        .con_puc = false,
+        .con_equivalencia = false,
+        .con_auditoria = false,
+        .con_normas = true,
+    },
 };
 
 } // namespace

@@ -10,8 +10,7 @@ struct PlanCuentas {
     const char* titulo_modificar;
     const char* nombre_archivo; ///< el que propone "Guardar selección"
     const char* pantalla_saldos;
-    bool toma_selector; ///< la lista se entera de que la abrieron como selector modal
-    bool con_puc;       ///< la cuenta nueva puede venir del plan publicado
+    bool con_puc; ///< la cuenta nueva puede venir del plan publicado
     bool con_equivalencia;
     bool con_auditoria;
     bool con_normas;

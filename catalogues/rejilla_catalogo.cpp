@@ -10,6 +10,16 @@
 RejillaCatalogo::RejillaCatalogo(const QString& clase, const QString& titulo, Sentencia& sentencia,
                                  const QString& tabla, const QString& llave)
     : Pantalla(clase, titulo), llave_(llave) {
+    lea_de(sentencia, tabla);
+}
+
+RejillaCatalogo::RejillaCatalogo(const QString& clase, const QString& titulo, const QString& sql,
+                                 Conexion& conexion, const QString& tabla, const QString& llave)
+    : Pantalla(clase, titulo), llave_(llave) {
+    lea_de(*new Sentencia(this, "T" + tabla, conexion, sql), tabla);
+}
+
+void RejillaCatalogo::lea_de(Sentencia& sentencia, const QString& tabla) {
     proveedor_ = new Proveedor(this, "P" + tabla, &sentencia);
     conjunto_ = new ConjuntoDatos(this, "C" + tabla, proveedor_);
     conjunto_->BeforePost = [this] {

@@ -21,6 +21,9 @@ protected:
     /// `tabla` da nombre al proveedor (P + tabla) y al conjunto (C + tabla).
     RejillaCatalogo(const QString& clase, const QString& titulo, Sentencia& sentencia,
                     const QString& tabla, const QString& llave);
+    /// Con una consulta propia en vez de una sentencia de la sesión.
+    RejillaCatalogo(const QString& clase, const QString& titulo, const QString& sql,
+                    Conexion& conexion, const QString& tabla, const QString& llave);
     /// Arma rejilla y botones cuando los campos del conjunto ya están definidos.
     void arme(const QVector<DefinicionColumna>& columnas, const QString& nombre_archivo);
     /// "S" o "N" en la columna: las filas que no estén activas salen en rojo.
@@ -36,5 +39,7 @@ protected:
     QString rotulo_grabar_ = QStringLiteral("F2:Grabar");
 
 private:
+    void lea_de(Sentencia& sentencia, const QString& tabla);
+
     QString llave_;
 };

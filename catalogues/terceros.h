@@ -4,7 +4,7 @@
 
 /// Abre un tercero nuevo si el usuario puede crear terceros (opción 10).
 void crear_tercero();
-/// Abre la lista de terceros si el usuario puede consultarlos (opción 11).
+/// Abre la lista de terceros en mantenimiento si el usuario puede consultarlos (opción 11).
 void buscar_tercero();
 
 /// Módulo cuyos permisos rigen en las pantallas que comparten varios módulos: "CAJA" para cuentas

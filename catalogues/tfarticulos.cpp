@@ -1,20 +1,17 @@
 #include "catalogues/tfarticulos.h"
 
+#include "sesion/campos_catalogos.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"
-#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 
-#include <QCheckBox>
-#include <QLineEdit>
-
 Tfarticulos::Tfarticulos()
     : ListaCatalogo("Tfarticulos", "Artículos", fdmArt().QArticulos, "Articulos") {
-    conjunto_->texto("ARTI_COD", 15).banderas(pfInUpdate | pfInWhere | pfInKey);
-    conjunto_->texto("ARTI_DES", 60);
+    campos_articulos(*conjunto_);
     conjunto_->texto("ARTI_UNIDAD", 10);
-    arme({{"&Descripción", "arti_des"}, {"C&ódigo", "arti_cod"}}, {},
+    arme({{"&Descripción", "arti_des"}, {"C&ódigo", "arti_cod", true}}, {},
          {{"ARTI_COD", "Código", 16},
           {"ARTI_DES", "Descripción", 46},
           {"ARTI_UNIDAD", "Unidad", 10}},
@@ -27,16 +24,13 @@ void Tfarticulos::FormCreate() {
     fdm().ConfigurarProviders(this);
     aplique_modo();
     sbBuscarClick();
+    ubique(peticion<PideArticulo>().articulo_localizar);
 }
 
 void Tfarticulos::sbBuscarClick() {
-    const QString columna = busqueda_->columna(), texto = busqueda_->EBuscar->text();
-    QString sql = "select arti_cod, arti_des, arti_unidad from articulo ";
-    if (!texto.isEmpty())
-        sql += "where " + columna +
-               (busqueda_->CkDesorden->isChecked() ? " like '%" + texto + "%' "
-                                                   : " >= " + QuotedStr(texto));
-    consulte(sql + " order by " + columna);
+    CriterioBusqueda criterio;
+    criterio.base = "select arti_cod, arti_des, arti_unidad from articulo ";
+    consulte(sql_busqueda(busqueda_->criterio(criterio)));
 }
 
 void Tfarticulos::SBBorrarClick() {
@@ -54,11 +48,9 @@ void Tfarticulos::SBNuevoClick() {
 void Tfarticulos::SBModificarClick() {
     if (codigo().isEmpty())
         return;
-    fdmcnt().articulo_seleccion = codigo();
-    pantallas().abrir("Tfedtarticulo");
+    pantallas().abrir("Tfedtarticulo", AbreArticulo{codigo()});
 }
 
 void Tfarticulos::SBSelecClick() {
-    fdmcnt().articulo_seleccion = codigo();
-    close();
+    responda_codigo<PideArticulo>();
 }

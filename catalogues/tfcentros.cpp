@@ -1,7 +1,8 @@
 #include "catalogues/tfcentros.h"
 
+#include "sesion/campos_catalogos.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
-#include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -12,18 +13,9 @@ Tfcentros::Tfcentros()
                      fdm().TCentros) {
     PSubemp = new Proveedor(this, "PSubemp", &fdm().TSubEmpresa);
     CSubemp = new ConjuntoDatos(this, "CSubemp", PSubemp);
-    CSubemp->entero("SUCU_ID");
-    CSubemp->texto("SUCU_NOMBRE", 60);
-    CSubemp->texto("SUCU_DIRECCION", 60);
-    CSubemp->texto("SUCU_TELEFONOS", 60);
-
-    maestro_->texto("PROY_COD", 4).requerido().etiqueta("Código");
-    maestro_->texto("PROY_NOM", 60).requerido().etiqueta("Nombre");
-    constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
-    detalle_->texto("PROY_COD", 4).requerido().banderas(kLlave).etiqueta("Proyecto");
-    detalle_->texto("CENT_COD", 4).requerido().banderas(kLlave).etiqueta("Código");
-    detalle_->texto("CENT_NOM", 60).requerido().etiqueta("Nombre");
-    detalle_->entero("SUCU_ID").etiqueta("Agencia").defecto("0");
+    campos_agencias(*CSubemp);
+    campos_proyectos(*maestro_);
+    campos_centros(*detalle_);
     detalle_->busqueda("NomAgen", 60, "SUCU_ID", CSubemp, "SUCU_ID", "SUCU_NOMBRE")
         .etiqueta("Agencia");
 
@@ -42,16 +34,24 @@ Tfcentros::Tfcentros()
 
 void Tfcentros::FormCreate() {
     fdm().ConfigurarProviders(this);
-    modo_selector_ = std::exchange(fdm().modo_selector, false);
     CSubemp->Open();
     liste_agencias();
-    const bool por_agencia =
-        fdm().configurado_si("COMPROBANTES", "FILTRAR CENTROS DE COSTO POR AGENCIA");
+    const bool por_agencia = fdm().valor<Llave::CentrosPorAgencia>();
     maestro_->Open();
     if (por_agencia && fdm().sucursal_usuario != 0) {
         detalle_->Filter("(SUCU_ID = 0) OR (SUCU_ID = " + QString::number(fdm().sucursal_usuario) +
                          ")");
         detalle_->Filtered(true);
+        maestro_->BeforeDelete = [this] { revise_centros_ocultos(); };
+    }
+    if (trae<PideCentro>())
+        como_selector();
+    const CentroEscogido actual = peticion<PideCentro>().localizar;
+    if (!actual.proyecto_seleccion.isEmpty() &&
+        maestro_->Locate("PROY_COD", {actual.proyecto_seleccion})) {
+        detalle_->Locate("CENT_COD", {actual.centro_seleccion});
+        DBGridEh2->setFocus();
+        return;
     }
     DBGridEh1->setFocus();
 }
@@ -69,6 +69,28 @@ void Tfcentros::liste_agencias() {
     DBGridEh2->lista(DBGridEh2->columna_de("SUCU_ID"), nombres, codigos);
 }
 
+void Tfcentros::revise_centros_ocultos() {
+    const auto centros = [this] {
+        QStringList lista;
+        for (int i = 0; i < detalle_->RecordCount(); ++i)
+            lista << detalle_->valor_en(i, detalle_->FieldByName("CENT_COD")).texto() + ' ' +
+                         detalle_->valor_en(i, detalle_->FieldByName("CENT_NOM")).texto();
+        return lista;
+    };
+    const QStringList a_la_vista = centros();
+    detalle_->Filtered(false);
+    QStringList ocultos = centros();
+    detalle_->Filtered(true);
+    for (const QString& centro : a_la_vista)
+        ocultos.removeOne(centro);
+    if (ocultos.isEmpty())
+        return;
+    muestre_mensaje("El proyecto " + maestro_->FieldByName("PROY_COD").texto() +
+                    " tiene centros de otras agencias, que aquí no se ven: " + ocultos.join(", ") +
+                    ". No se puede borrar.");
+    throw EdicionAbortada();
+}
+
 void Tfcentros::SBGrabarClick() {
     if (fdm().valide_acceso("CONTABILIDAD", 20))
         maestro_->ApplyUpdates(0);
@@ -79,9 +101,9 @@ void Tfcentros::SBGrabarClick() {
 }
 
 void Tfcentros::SBSelecClick() {
-    fdmcnt().centro_seleccion = detalle_->FieldByName("CENT_COD").texto();
-    fdmcnt().proyecto_seleccion = maestro_->FieldByName("PROY_COD").texto();
-    if (modo_selector_)
+    responda<PideCentro>({.proyecto_seleccion = maestro_->FieldByName("PROY_COD").texto(),
+                          .centro_seleccion = detalle_->FieldByName("CENT_COD").texto()});
+    if (peticion<PideCentro>().modo_selector)
         resultado_modal(mrOk);
     else
         close();

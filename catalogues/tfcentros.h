@@ -11,10 +11,11 @@ public:
 
 private:
     void liste_agencias();
+    /// Borrar un proyecto se lleva sus centros: no si el filtro de agencia esconde alguno.
+    void revise_centros_ocultos();
     void SBGrabarClick();
     void SBSelecClick();
 
     Proveedor* PSubemp;
     ConjuntoDatos* CSubemp;
-    bool modo_selector_ = false;
 };

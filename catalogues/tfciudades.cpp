@@ -1,12 +1,11 @@
 #include "catalogues/tfciudades.h"
 
+#include "sesion/campos_catalogos.h"
 #include "sesion/tfdmter.h"
 
 Tfciudades::Tfciudades()
     : RejillaCatalogo("Tfciudades", "Ciudades", fdmter().TCiudades, "Ciudades", "CIUD_COD") {
-    conjunto_->texto("CIUD_COD", 5).etiqueta("Código");
-    conjunto_->texto("CIUD_NOM", 60).etiqueta("Nombre");
-    conjunto_->bandera("CIUD_ACTIVA").etiqueta("Activa").defecto("S");
+    campos_ciudades(*conjunto_);
     arme({{"CIUD_COD", "Código", 8},
           {"CIUD_NOM", "Nombre", 40},
           {"CIUD_ACTIVA", "Activa", 8, Casilla}},

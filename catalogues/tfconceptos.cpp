@@ -1,6 +1,7 @@
 #include "catalogues/tfconceptos.h"
 
-#include "sesion/tfdm.h"
+#include "sesion/campos_catalogos.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -8,8 +9,7 @@
 Tfconceptos::Tfconceptos()
     : RejillaCatalogo("Tfconceptos", "Categorías", fdmcnt().TConceptoconta, "Concepto",
                       "CONC_COD") {
-    conjunto_->texto("CONC_COD", 4).etiqueta("Código");
-    conjunto_->texto("CONC_NOMBRE", 60).etiqueta("Nombre");
+    campos_categorias(*conjunto_);
     rotulo_grabar_ = "F2: Grabar";
     arme({{"CONC_COD", "Código", 8}, {"CONC_NOMBRE", "Nombre", 44}}, "Categorias");
     barra_->boton("SpeedButton1", "Seleccionar", "dialog-ok-apply", QKeySequence(),
@@ -19,19 +19,23 @@ Tfconceptos::Tfconceptos()
 }
 
 void Tfconceptos::FormCreate() {
-    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
     RejillaCatalogo::FormCreate();
     // Como selector, Enter escoge; en mantenimiento sigue siendo de la rejilla.
-    if (!modo_mantenimiento_)
-        tecla(Qt::Key_Return, "SpeedButton1", [this] {
-            if (conjunto_->editando())
-                conjunto_->Post();
-            else
-                SpeedButton1Click();
-        });
+    if (peticion<AbreLista>().modo_mantenimiento)
+        return;
+    DBGridEh1->ubica_al_teclear = true;
+    if (const QString actual = peticion<PideConcepto>().concepto_localizar; !actual.isEmpty())
+        conjunto_->Locate("CONC_COD", {actual});
+    tecla(Qt::Key_Return, "SpeedButton1", [this] {
+        if (conjunto_->editando())
+            conjunto_->Post();
+        else
+            SpeedButton1Click();
+    });
 }
 
 void Tfconceptos::SpeedButton1Click() {
-    fdmcnt().concepto_seleccion = conjunto_->FieldByName("CONC_COD").texto();
+    if (const QString concepto = conjunto_->FieldByName("CONC_COD").texto(); !concepto.isEmpty())
+        responda<PideConcepto>(concepto);
     close();
 }

@@ -10,6 +10,4 @@ public:
 
 private:
     void SpeedButton1Click();
-
-    bool modo_mantenimiento_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include "catalogues/letracuenta.h"
 #include "catalogues/plancuentas.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -29,7 +30,7 @@ Tfcuentas::Tfcuentas(Libro libro)
     nombre_nuevo_ = "SBNueva";
     rotulo_nuevo_ = "F5:Nueva";
     enter_con_filtros_ = true;
-    arme({{"&Código", "cuen_cod"}, {"N&ombre", "cuen_nom"}}, "Mostrar inactivas",
+    arme({{"&Código", "cuen_cod", true}, {"N&ombre", "cuen_nom"}}, "Mostrar inactivas",
          {{"CUEN_COD", "Código", 12},
           {"CUEN_NOM", "Nombre", 40},
           {"CUEN_TERCERO", "Terc.", 5, Casilla},
@@ -68,23 +69,31 @@ void Tfcuentas::oculte_botones() {
 }
 
 void Tfcuentas::FormCreate() {
-    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
-    if (plan(libro_).toma_selector && std::exchange(fdm().modo_selector, false))
+    const auto pedida = peticion<PideCuenta>();
+    if (pedida.modo_selector)
         oculte_botones();
     fdm().ConfigurarProviders(this);
+    lea_niveles();
     aplique_modo();
     consulte(base_ + "where cuen_activa = 'S' order by cuen_cod");
-    if (!fdmcnt().cuenta_localizar.isEmpty())
-        conjunto_->Locate("CUEN_COD", {std::exchange(fdmcnt().cuenta_localizar, {})});
-    busque_lo_pedido();
+    ubique(pedida.cuenta_localizar);
+    busque_lo_pedido(pedida.texto_busqueda);
     if (!fdm().exija_acceso(kOpcionConsultar))
         pida_cierre_al_crear();
 }
 
-void Tfcuentas::FormActivate() {
-    fdmcnt().cuenta_seleccion.clear();
-    fdmcnt().cuenta_auxiliar.clear();
-    ListaCatalogo::FormActivate();
+void Tfcuentas::lea_niveles() {
+    QVector<qsizetype> digitos; // de cada nivel, del primero al último
+    CBorrar->Open("select estr_digitos from estructura order by estr_nivel");
+    for (; !CBorrar->Eof(); CBorrar->Next())
+        digitos << qsizetype(CBorrar->Fields(0).entero());
+    CBorrar->Close();
+    DBGridEh1->sangre("CUEN_NOM", [this, digitos](int fila) {
+        const QString codigo =
+            conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_COD")).texto();
+        return int(std::count_if(digitos.begin(), digitos.end(),
+                                 [&](qsizetype d) { return d < codigo.size(); }));
+    });
 }
 
 void Tfcuentas::sbBuscarClick() {
@@ -113,8 +122,7 @@ void Tfcuentas::SBNuevoClick() {
 void Tfcuentas::SBModificarClick() {
     if (codigo().isEmpty())
         return;
-    fdmcnt().cuenta_seleccion = codigo();
-    pantallas().abrir(datos(libro_).pantalla_modificar_cuenta);
+    modifique_cuenta(libro_, codigo());
 }
 
 void Tfcuentas::consulte_cuenta(const char* pantalla) {
@@ -123,43 +131,21 @@ void Tfcuentas::consulte_cuenta(const char* pantalla) {
         QApplication::beep();
         return;
     }
-    fdmcnt().cuenta_auxiliar = cuenta;
-    pantallas().abrir(pantalla);
+    pantallas().abrir(pantalla, AbreAuxiliar{.cuenta_auxiliar = cuenta});
 }
 
 void Tfcuentas::SBNormasClick() {
     if (codigo().isEmpty())
         return;
-    fdmcnt().cuenta_auxiliar = codigo();
-    pantallas().abrir("Tfnormacuenta");
+    pantallas().abrir("Tfnormacuenta", AbreAuxiliar{.cuenta_auxiliar = codigo()});
 }
 
 void Tfcuentas::SBSelecClick() {
-    fdmcnt().seleccion_cancelada = false;
-    fdmcnt().cuenta_seleccion = codigo();
-    if (es_modal())
-        resultado_modal(mrOk);
-    else
-        close();
+    responda_codigo<PideCuenta>();
 }
 
 void Tfcuentas::pinte(int fila, QFont& letra, QColor& frente) const {
     if (conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_ACTIVA")).texto() == "N")
         frente = color_inactivo();
     letra_por_nivel(letra, conjunto_->valor_en(fila, conjunto_->FieldByName("CUEN_COD")).texto());
-}
-
-QString escoja_cuenta(const QString& localizar, Libro libro) {
-    Tfdmcnt& contabilidad = fdmcnt();
-    contabilidad.cuenta_localizar = localizar;
-    contabilidad.cuenta_seleccion.clear();
-    contabilidad.seleccion_cancelada = true;
-    fdm().modo_mantenimiento = false;
-    fdm().modo_selector = plan(libro).toma_selector;
-    pantallas().abrir_modal(datos(libro).pantalla_cuentas, [](Pantalla& lista) {
-        static_cast<Tfcuentas&>(lista).oculte_botones();
-    });
-    if (contabilidad.seleccion_cancelada)
-        return {};
-    return std::exchange(contabilidad.cuenta_seleccion, {});
 }

@@ -1,26 +1,17 @@
 #pragma once
-// Documentos digitalizados de un tercero. El señalado se ve en el visor de PDF del sistema.
-#include "datos/recordset/conjunto.h"
-#include "sesion/visor_documento.h"
-#include "toolkit/pantalla.h"
+// Documentos digitalizados de un tercero.
+#include "catalogues/documentos.h"
 
-class Rejilla;
+const DatosDocumentos& documentos_de_tercero();
 
-class Tfdocsterc : public Pantalla {
+class Tfdocsterc : public PantallaDocumentos {
     Q_OBJECT
 public:
-    Tfdocsterc();
-    void FormCreate() override;
-    bool FormClose() override;
+    Tfdocsterc() : PantallaDocumentos(documentos_de_tercero()) {}
 
-private:
-    void CDocsAfterScroll();
-    void PngSpeedButton1Click();
-    void PngSpeedButton3Click();
-
-    Proveedor *PDocs, *PBorrar;
-    ConjuntoDatos *CDocs, *CBorrar;
-    Rejilla* DBGridEh1;
-    VisorDocumento visor_;
-    QString nit_;
+protected:
+    QString maestro() const override;
+    QString modulo() const override;
+    bool abra_nuevo(const QString& nit) override;
+    QString nombre_archivo() const override;
 };

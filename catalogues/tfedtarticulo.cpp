@@ -1,7 +1,7 @@
 #include "catalogues/tfedtarticulo.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
-#include "sesion/tfdmcnt.h"
 #include "toolkit/controles/editordato.h"
 
 Tfedtarticulo::Tfedtarticulo() : FormaArticulo("Tfedtarticulo", "Modificar artículo") {}
@@ -9,7 +9,7 @@ Tfedtarticulo::Tfedtarticulo() : FormaArticulo("Tfedtarticulo", "Modificar artí
 void Tfedtarticulo::FormCreate() {
     fdm().ConfigurarProviders(this);
     CArticulo->FetchParams();
-    CArticulo->Params["COD"] = std::exchange(fdmcnt().articulo_seleccion, QString());
+    CArticulo->Params["COD"] = peticion<AbreArticulo>().articulo_seleccion;
     CArticulo->Open();
     EDescripcion->setFocus();
 }

@@ -1,6 +1,7 @@
 #include "catalogues/tfmnucuentas.h"
 
-#include "sesion/tfdm.h"
+#include "libro/libro.h"
+#include "sesion/peticiones.h"
 
 Tfmnucuentas::Tfmnucuentas() : MenuBotones("Tfmnucuentas", "Planes de cuentas") {
     opcion("SBPlan2649", "Plan Dec.2649", "x-office-spreadsheet",
@@ -9,12 +10,6 @@ Tfmnucuentas::Tfmnucuentas() : MenuBotones("Tfmnucuentas", "Planes de cuentas") 
            [this] { abra(datos(Libro::Niif).pantalla_cuentas); });
 }
 
-void Tfmnucuentas::FormCreate() {
-    // Si el menú se cierra sin escoger, la bandera no puede quedarse esperando a otra lista.
-    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
-}
-
 void Tfmnucuentas::abra(const char* pantalla) {
-    fdm().modo_mantenimiento = modo_mantenimiento_;
-    pantallas().abrir(pantalla);
+    pantallas().abrir(pantalla, peticion<AbreLista>());
 }

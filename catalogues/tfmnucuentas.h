@@ -6,9 +6,7 @@ class Tfmnucuentas : public MenuBotones {
     Q_OBJECT
 public:
     Tfmnucuentas();
-    void FormCreate() override;
 
 private:
     void abra(const char* pantalla);
-    bool modo_mantenimiento_ = false;
 };

@@ -1,6 +1,7 @@
 #include "catalogues/tfmodcuenta.h"
 
 #include "catalogues/plancuentas.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -43,8 +44,7 @@ void Tfmodcuenta::arme_botones() {
 
 void Tfmodcuenta::FormCreate() {
     fdm().ConfigurarProviders(this);
-    // Aquí se vacía: si siguiera puesta, FormActivate la tomaría por la equivalencia escogida.
-    const QString cuenta = std::exchange(fdmcnt().cuenta_seleccion, {});
+    const QString cuenta = peticion<AbreCuenta>().cuenta_seleccion;
     CCuentas->Open();
     if (!CCuentas->Locate("CUEN_COD", {cuenta})) {
         muestre_mensaje("La " + QString(datos(libro_).cuenta_de) + ' ' + cuenta + " no existe.");
@@ -56,7 +56,6 @@ void Tfmodcuenta::FormCreate() {
 }
 
 void Tfmodcuenta::FormActivate() {
-    FichaCuenta::FormActivate();
     if (ECodigo->hasFocus())
         ENombre->setFocus(); // el código no se cambia
 }
@@ -65,12 +64,15 @@ void Tfmodcuenta::muestre_cuenta() {
     if (NomCtaniif)
         CCuentasCUEN_EQNIIFChange();
     // Lo que una cuenta exige a sus líneas no cambia cuando ya las tiene.
-    CBorrar->Open(
-        QStringLiteral("select cuen_cod from %1 where cuen_cod = ").arg(datos(libro_).detalle) +
-        QuotedStr(codigo()));
-    for (CasillaDato* casilla : {CkTerceros, CkRetenciones, CkCentros})
-        casilla->setEnabled(CBorrar->IsEmpty());
+    const bool sin_lineas =
+        CBorrar
+            ->valor_unico(QStringLiteral("select first 1 cuen_cod from %1 where cuen_cod = ")
+                              .arg(datos(libro_).detalle) +
+                          QuotedStr(codigo()))
+            .nulo();
     CBorrar->Close();
+    for (CasillaDato* casilla : {CkTerceros, CkRetenciones, CkCentros})
+        casilla->setEnabled(sin_lineas);
     if (LabAudit)
         LabAudit->setText("Modificado: " +
                           CAudit
@@ -110,13 +112,20 @@ void Tfmodcuenta::SBGrabarClick() {
 void Tfmodcuenta::aplique_a_subcuentas() {
     const QString cuenta = codigo();
     const QStringList valores = indicadores();
-    CBorrar->Execute("update " + tabla() + " set cuen_tercero = " + QuotedStr(valores[0]) +
-                     ", cuen_centro = " + QuotedStr(valores[1]) +
-                     ", cuen_retencion = " + QuotedStr(valores[2]) + " where substr(cuen_cod, 1, " +
-                     QString::number(cuenta.size()) + ") = " + QuotedStr(cuenta));
+    Sentencia aplique(this, "SAplique", fdm().Quorvex);
+    aplique.procedimiento = QString("APLIQUE_INDICADORES") + datos(libro_).sufijo;
+    aplique.ParamByName("CUENTA") = cuenta;
+    aplique.ParamByName("TERCERO") = valores[0];
+    aplique.ParamByName("CENTRO") = valores[1];
+    aplique.ParamByName("RETENCION") = valores[2];
+    aplique.ExecProc();
     CCuentas->Refresh();
     // Entre tanto otro usuario pudo crear o borrar cuentas: la posición no dice cuál es.
     CCuentas->Locate("CUEN_COD", {cuenta});
+    if (const QString sin_cambio = aplique.ParamByName("SIN_CAMBIO").texto(); !sin_cambio.isEmpty())
+        muestre_mensaje("El cambio se aplicó a " + aplique.ParamByName("APLICADAS").texto() +
+                        " subcuentas. Estas no cambiaron, porque ya tienen movimiento:\n" +
+                        sin_cambio);
 }
 
 void Tfmodcuenta::muevase(bool adelante) {

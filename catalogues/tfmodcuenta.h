@@ -1,5 +1,5 @@
 #pragma once
-// Modifica las cuentas de un plan, una a la vez, desde la de fdmcnt().cuenta_seleccion. La del
+// Modifica las cuentas de un plan, una a la vez, desde la de la AbreCuenta que la abre. La del
 // libro NIIF se llama Tfmodcuentaniif.
 #include "catalogues/fichacuenta.h"
 

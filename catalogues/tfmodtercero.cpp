@@ -1,6 +1,7 @@
 #include "catalogues/tfmodtercero.h"
 
 #include "catalogues/terceros.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"
@@ -14,8 +15,7 @@ Tfmodtercero::Tfmodtercero() : FormaTercero("Tfmodtercero", "Modificar tercero")
     CAudit = new ConjuntoDatos(this, "CAudit", PAudit);
     ENit->ReadOnly(true);
     barra_->boton("SBDocumentos", "Documentos", "document-multiple", QKeySequence(), [this] {
-        fdmter().tercero_seleccion = campo("TERC_NIT").texto();
-        pantallas().abrir("Tfdocsterc");
+        pantallas().abrir("Tfdocsterc", AbreTercero{campo("TERC_NIT").texto()});
     });
     barra_->separe();
     LabAudit = new QLabel(this);
@@ -26,7 +26,7 @@ Tfmodtercero::Tfmodtercero() : FormaTercero("Tfmodtercero", "Modificar tercero")
 
 void Tfmodtercero::FormCreate() {
     FormaTercero::FormCreate();
-    CTerceros->Params["NIT"] = std::exchange(fdmter().tercero_seleccion, QString());
+    CTerceros->Params["NIT"] = peticion<AbreTercero>().tercero_seleccion;
     CTerceros->Open();
     if (CTerceros->IsEmpty()) {
         muestre_mensaje("No se encontró el NIT seleccionado.");

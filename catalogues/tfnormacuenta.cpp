@@ -1,5 +1,6 @@
 #include "catalogues/tfnormacuenta.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -44,7 +45,7 @@ Tfnormacuenta::Tfnormacuenta() : Pantalla("Tfnormacuenta", "Normatividad asociad
 
     auto* barra = new BarraBotones(this);
     barra->boton("SpeedButton3", "F5: Nuevo", "document-new", Qt::Key_F5,
-                 [] { pantallas().abrir("Tfnormas"); });
+                 [this] { SpeedButton3Click(); });
     barra->boton("SBBorrar", "F3:Eliminar", "edit-delete", Qt::Key_F3, [this] { SBBorrarClick(); });
     barra->separe();
     barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
@@ -54,7 +55,7 @@ Tfnormacuenta::Tfnormacuenta() : Pantalla("Tfnormacuenta", "Normatividad asociad
 
 void Tfnormacuenta::FormCreate() {
     fdm().ConfigurarProviders(this);
-    cuenta_ = fdmcnt().cuenta_auxiliar;
+    cuenta_ = peticion<AbreAuxiliar>().cuenta_auxiliar;
     LCuenta->setText(cuenta_ + "  " + fdmcnt().nom_cuenta_niif(cuenta_));
     CAuxiliar->Open("select n.nnif_nombre, n.nnid_texto, c.nnif_id, c.nnid_item from "
                     "normas_niif_detalle n, cuentas_niif_norma c where c.nnif_id = n.nnif_id and "
@@ -64,12 +65,13 @@ void Tfnormacuenta::FormCreate() {
 
 void Tfnormacuenta::FormActivate() {
     DBGridEh1->setFocus();
-    Tfdmcnt& contabilidad = fdmcnt();
-    if (contabilidad.norma_seleccion.isEmpty())
-        return;
-    const QString norma = std::exchange(contabilidad.norma_seleccion, {});
-    agregue(norma, std::exchange(contabilidad.item_norma_seleccion, {}));
-    CAuxiliar->Refresh();
+}
+
+void Tfnormacuenta::SpeedButton3Click() {
+    escoja_norma(*this, [this](const NormaEscogida& escogida) {
+        agregue(escogida.norma_seleccion, escogida.item_norma_seleccion);
+        CAuxiliar->Refresh();
+    });
 }
 
 void Tfnormacuenta::agregue(const QString& norma, const QString& item) {
@@ -98,8 +100,9 @@ void Tfnormacuenta::SBBorrarClick() {
                   CAuxiliar->FieldByName("NNIF_NOMBRE").texto() + " para la cuenta " + cuenta_))
         return;
     // El ítem va entre comillas: "2.10" y "2.1" son dos ítems y como número serían uno.
-    CBorrar->Execute("delete from cuentas_niif_norma where cuen_cod = " + QuotedStr(cuenta_) +
-                     " and nnif_id = " + CAuxiliar->FieldByName("NNIF_ID").texto() +
-                     " and nnid_item = " + QuotedStr(CAuxiliar->FieldByName("NNID_ITEM").texto()));
+    CBorrar->Execute(
+        "delete from cuentas_niif_norma where cuen_cod = " + QuotedStr(cuenta_) +
+        " and nnif_id = " + QString::number(CAuxiliar->FieldByName("NNIF_ID").entero()) +
+        " and nnid_item = " + QuotedStr(CAuxiliar->FieldByName("NNID_ITEM").texto()));
     CAuxiliar->Refresh();
 }

@@ -1,5 +1,5 @@
 #pragma once
-// Normas a las que responde una cuenta NIIF: la de fdmcnt().cuenta_auxiliar al abrir.
+// Normas a las que responde una cuenta NIIF: la de la AbreAuxiliar que la abre.
 #include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 
@@ -15,6 +15,7 @@ public:
     void FormActivate() override;
     bool FormClose() override;
     void SBBorrarClick();
+    void SpeedButton3Click();
 
 private:
     void agregue(const QString& norma, const QString& item);

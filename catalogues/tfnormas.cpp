@@ -1,5 +1,6 @@
 #include "catalogues/tfnormas.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -42,6 +43,8 @@ Tfnormas::Tfnormas()
 void Tfnormas::FormCreate() {
     fdm().ConfigurarProviders(this);
     maestro_->Open();
+    if (trae<PideNorma>())
+        como_selector();
     DBGridEh1->setFocus();
 }
 
@@ -57,7 +60,7 @@ void Tfnormas::SBSelecClick() {
         QApplication::beep();
         return;
     }
-    fdmcnt().norma_seleccion = detalle_->FieldByName("NNIF_ID").texto();
-    fdmcnt().item_norma_seleccion = detalle_->FieldByName("NNID_ITEM").texto();
+    responda<PideNorma>({.norma_seleccion = detalle_->FieldByName("NNIF_ID").texto(),
+                         .item_norma_seleccion = detalle_->FieldByName("NNID_ITEM").texto()});
     close();
 }

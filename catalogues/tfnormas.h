@@ -1,6 +1,6 @@
 #pragma once
-// Normas NIIF y sus ítems. Sirve para mantenerlas y para escoger un ítem, que deja en
-// fdmcnt().norma_seleccion e item_norma_seleccion.
+// Normas NIIF y sus ítems. Sirve para mantenerlas y para escoger un ítem, que contesta a la
+// PideNorma con que la abrieron.
 #include "catalogues/maestro_detalle.h"
 
 class Tfnormas : public MaestroDetalle {

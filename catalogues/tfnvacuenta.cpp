@@ -2,6 +2,7 @@
 
 #include "catalogues/plancuentas.h"
 #include "catalogues/tfpuc.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barrabotones.h"
@@ -49,14 +50,14 @@ void Tfnvacuenta::FormCreate() {
     fdm().ConfigurarProviders(this);
     CCuentas->Open();
     CCuentas->Append();
-    if (!fdmcnt().cuenta_seleccion.isEmpty())
-        CCuentas->FieldByName("CUEN_COD") = std::exchange(fdmcnt().cuenta_seleccion, {});
+    if (const auto pedida = peticion<AbreCuenta>(); !pedida.cuenta_seleccion.isEmpty())
+        CCuentas->FieldByName("CUEN_COD") = pedida.cuenta_seleccion;
     if (!fdm().exija_acceso(kOpcionCrear))
         pida_cierre_al_crear();
 }
 
 bool Tfnvacuenta::FormClose() {
-    fdmcnt().balance_por_recalcular = true;
+    emit fdmcnt().balance_por_recalcular();
     return FichaCuenta::FormClose();
 }
 
@@ -96,22 +97,13 @@ void Tfnvacuenta::BitBtn1Click() {
         {"CUEN_TERCERO", "PUC_TERC"},     {"CUEN_RETENCION", "PUC_RETEN"},
         {"CUEN_CTAJUSTE", "PUC_CTAAJUS"}, {"CUEN_CTACORRECION", "PUC_CTACORR"},
         {"CUEN_AJUSDB", "PUC_AJDB"}};
-    QVector<Valor> escogida;
-    pantallas().abrir_modal(
-        "Tfpuc", [](Pantalla& p) { static_cast<Tfpuc&>(p).ofrezca_seleccion(); },
-        [&](Pantalla& p, int resultado) {
-            ConjuntoDatos& puc = *static_cast<Tfpuc&>(p).CPuc;
-            if (resultado == mrOk && !puc.IsEmpty())
-                for (const auto& [destino, origen] : kCopiados)
-                    escogida << puc.FieldByName(origen).valor();
-            puc.Close();
-        });
-    if (escogida.isEmpty())
+    const auto escogida = pantallas().pida_modal("Tfpuc", PidePuc{});
+    if (!escogida)
         return;
     CCuentas->Cancel();
     CCuentas->Append();
-    for (qsizetype i = 0; i < kCopiados.size(); ++i)
-        CCuentas->FieldByName(kCopiados[i].first) = escogida[i];
+    for (const auto& [destino, origen] : kCopiados)
+        CCuentas->FieldByName(destino) = escogida->value(origen);
     CCuentas->FieldByName("CUEN_CENTRO") = "N";
     CCuentas->FieldByName("CUEN_TIPO") = "N";
 }

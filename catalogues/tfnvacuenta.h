@@ -1,8 +1,8 @@
 #pragma once
 // Cuenta nueva. Queda abierta para crear una cuenta tras otra.
 //
-// Si fdmcnt().cuenta_seleccion trae un código al abrir, la cuenta empieza con él. La del libro NIIF
-// se llama Tfnvacuentaniif.
+// Si la AbreCuenta que la abre trae un código, la cuenta empieza con él. La del libro NIIF se llama
+// Tfnvacuentaniif.
 #include "catalogues/fichacuenta.h"
 
 class Tfnvacuenta : public FichaCuenta {

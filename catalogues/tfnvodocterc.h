@@ -1,24 +1,12 @@
 #pragma once
 // Agrega un documento PDF a un tercero. Se abre en modal desde la lista de documentos.
-#include "datos/recordset/conjunto.h"
-#include "toolkit/pantalla.h"
+#include "catalogues/tfdocsterc.h"
 
-class EditorDato;
-class QLineEdit;
-
-class Tfnvodocterc : public Pantalla {
+class Tfnvodocterc : public NuevoDocumento {
     Q_OBJECT
 public:
-    Tfnvodocterc();
-    void FormCreate() override;
-    bool FormClose() override;
+    Tfnvodocterc() : NuevoDocumento(documentos_de_tercero()) {}
 
-private:
-    void SBExaminarClick();
-    void SBGrabarClick();
-
-    Proveedor *PDocs, *PBorrar;
-    ConjuntoDatos *CDocs, *CBorrar;
-    EditorDato* ENombre;
-    QLineEdit* EArchivo;
+protected:
+    QString maestro() const override;
 };

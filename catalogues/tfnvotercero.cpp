@@ -1,5 +1,6 @@
 #include "catalogues/tfnvotercero.h"
 
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/controles/editordato.h"
@@ -12,15 +13,14 @@ Tfnvotercero::Tfnvotercero() : FormaTercero("Tfnvotercero", "Nuevo tercero") {
 
 void Tfnvotercero::FormCreate() {
     FormaTercero::FormCreate();
-    solo_cifras_ = fdm().configuracion("CONTABILIDAD", "TERCEROS",
-                                       "PERMITIR LETRAS Y CARACTERES ADICIONALES EN NIT") == "NO";
+    solo_cifras_ = !fdm().valor<Llave::LetrasEnNit>();
     if (solo_cifras_)
         campo("TERC_NIT").EditMask = "999999999999999;0; ";
     CTerceros->Params["NIT"] = QString();
     CTerceros->Open();
     CTerceros->Append();
     ENit->setFocus();
-    const QString pedido = std::exchange(fdmter().tercero_seleccion, QString());
+    const QString pedido = peticion<PideNuevoTercero>().tercero_seleccion;
     if (pedido.isEmpty())
         return;
     un_solo_nit_ = true;
@@ -33,8 +33,7 @@ void Tfnvotercero::CTercerosAfterInsert() {
         campo(bandera) = "N";
     campo("TERC_TIPOID") = "J";
     campo("TERC_ESTADO") = "S";
-    const QString ciudad =
-        fdm().configuracion("CONTABILIDAD", "TERCEROS", "CODIGO DE CIUDAD A SUGERIR");
+    const QString ciudad = fdm().valor<Llave::CiudadSugerida>();
     CCiudades->Locate("CIUD_COD", {ciudad});
     campo("PAIS_ID") = "169";
     campo("CIUD_COD") = ciudad;
@@ -65,7 +64,7 @@ void Tfnvotercero::SBGrabarClick() {
     if (campo("TERC_PROV").texto() == "S")
         agregue_proveedor();
     if (un_solo_nit_) {
-        fdmter().tercero_seleccion = campo("TERC_NIT").texto();
+        responda<PideNuevoTercero>(campo("TERC_NIT").texto());
         close();
         return;
     }

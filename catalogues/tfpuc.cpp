@@ -12,8 +12,7 @@ namespace {
 /// Número de la lista publicada que usa la compañía.
 int lista_en_uso() {
     static const QStringList kListas = {"COMERCIAL", "OFICIAL", "COOPERATIVO", "SERVICIOSP"};
-    const qsizetype i =
-        kListas.indexOf(fdm().configuracion("CONTABILIDAD", "GENERAL", "TIPO DE PUC A UTILIZAR"));
+    const qsizetype i = kListas.indexOf(fdm().valor<Llave::TipoPuc>());
     return i < 0 ? 5 : int(i) + 1;
 }
 
@@ -31,7 +30,7 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
     CPuc->texto("PUC_CTACORR", 20).etiqueta("Cuenta de corrección");
     CPuc->bandera("PUC_AJDB").etiqueta("Ajuste al débito");
 
-    busqueda_ = new FilaBusqueda({{"Código", "puc_cod"}, {"Nombre", "puc_nom"}}, {}, this);
+    busqueda_ = new FilaBusqueda({{"Código", "puc_cod", true}, {"Nombre", "puc_nom"}}, {}, this);
     busqueda_->sbBuscarClick = [this] { sbBuscarClick(); };
     busqueda_->ckfiltroClick = [this](bool si) { DBGridEh1->filtro_visible(si); };
 
@@ -44,6 +43,8 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
     DBGridEh1->ReadOnly = true;
     DBGridEh1->orden_local = true;
     DBGridEh1->dgMultiSelect(true);
+    DBGridEh1->OnTeclear = [this](const QString& texto) { busqueda_->busque_texto(texto); };
+    busqueda_->al_bajar = [this] { DBGridEh1->setFocus(); };
     DBGridEh1->texto_vacio = "La lista publicada no tiene cuentas.";
     DBGridEh1->nombre_archivo = "PlanUnico";
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
@@ -52,7 +53,7 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
 
     auto* barra = new BarraBotones(this);
     SBSelec = barra->boton("SBSelec", "Enter:Selecciona", "emblem-default", {},
-                           [this] { resultado_modal(mrOk); });
+                           [this] { SBSelecClick(); });
     SBSelec->hide();
     barra->boton("SpeedButton1", "Crear Seleccionados", "list-add", {},
                  [this] { SpeedButton1Click(); });
@@ -66,11 +67,22 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
 void Tfpuc::ofrezca_seleccion() {
     SBSelec->show();
     tecla(Qt::Key_Return, "SBSelec");
-    DBGridEh1->OnDblClick = [this](int) { resultado_modal(mrOk); };
+    DBGridEh1->OnDblClick = [this](int) { SBSelecClick(); };
+}
+
+void Tfpuc::SBSelecClick() {
+    QMap<QString, Valor> cuenta;
+    for (int i = 0; i < CPuc->FieldCount(); ++i)
+        cuenta[CPuc->Fields(i).FieldName] = CPuc->Fields(i).valor();
+    if (!CPuc->IsEmpty())
+        responda<PidePuc>(cuenta);
+    resultado_modal(mrOk);
 }
 
 void Tfpuc::FormCreate() {
     fdm().ConfigurarProviders(this);
+    if (trae<PidePuc>())
+        ofrezca_seleccion();
     base_ = QStringLiteral("select * from PUC where TIPU_COD = %1 ").arg(lista_en_uso());
     CPuc->Open(base_ + "order by puc_cod");
 }
@@ -83,7 +95,6 @@ void Tfpuc::sbBuscarClick() {
     CriterioBusqueda criterio;
     criterio.base = base_;
     criterio.conector = " and ";
-    criterio.mayusculas = false;
     CPuc->Close();
     CPuc->IndexFieldNames({}); // el orden de un título no sobrevive a otra búsqueda
     CPuc->CommandText = sql_busqueda(busqueda_->criterio(criterio));

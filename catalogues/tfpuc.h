@@ -6,6 +6,11 @@
 
 class Rejilla;
 
+/// Una cuenta del plan publicado: sus datos por nombre de columna.
+struct PidePuc {
+    using Respuesta = QMap<QString, Valor>;
+};
+
 class Tfpuc : public Pantalla {
     Q_OBJECT
 public:
@@ -13,8 +18,6 @@ public:
 
     void FormCreate() override;
     void FormActivate() override;
-    /// Muestra el botón de escoger: quien la abre espera una cuenta. La lee de CPuc al cerrar.
-    void ofrezca_seleccion();
     void sbBuscarClick();
     void SpeedButton1Click();
 
@@ -22,6 +25,9 @@ public:
     ConjuntoDatos* CPuc;
 
 private:
+    /// Muestra el botón de escoger: quien la abrió espera una cuenta.
+    void ofrezca_seleccion();
+    void SBSelecClick();
     QString base_;
     FilaBusqueda* busqueda_;
     Rejilla* DBGridEh1;

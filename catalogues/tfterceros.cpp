@@ -2,8 +2,8 @@
 
 #include "catalogues/terceros.h"
 #include "sesion/apertura.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
-#include "sesion/tfdmcnt.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
@@ -29,7 +29,7 @@ Tfterceros::Tfterceros()
         t.bandera(QString::fromLatin1(bandera));
     t.texto("CIUD_COD", 5);
 
-    arme({{"&NIT", "terc_nit"}, {"N&ombre", "terc_nom"}, {"&Contacto", "terc_contacto"}},
+    arme({{"&NIT", "terc_nit", true}, {"N&ombre", "terc_nom"}, {"&Contacto", "terc_contacto"}},
          "Mostrar inactivos",
          {{"TERC_NIT", "NIT", 14},
           {"TERC_DV", "DV", 3},
@@ -55,7 +55,6 @@ Tfterceros::Tfterceros()
 }
 
 void Tfterceros::FormCreate() {
-    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
     fdm().ConfigurarProviders(this);
     aplique_modo();
     if (!fdm().exija_acceso(11)) {
@@ -67,8 +66,10 @@ void Tfterceros::FormCreate() {
         conjunto_->Filter("TERC_ESTADO = 'S'");
         conjunto_->Filtered(true);
     }
-    if (!busque_lo_pedido())
+    const auto pedido = peticion<PideTercero>();
+    if (!busque_lo_pedido(pedido.texto_busqueda))
         consulte(kBase + "where terc_estado = 'S' order by terc_nom");
+    ubique(pedido.tercero_localizar);
 }
 
 void Tfterceros::sbBuscarClick() {
@@ -102,19 +103,16 @@ void Tfterceros::SBNuevoClick() {
 void Tfterceros::SBModificarClick() {
     if (codigo().isEmpty())
         return;
-    fdmter().tercero_seleccion = codigo();
-    pantallas().abrir("Tfmodtercero");
+    pantallas().abrir("Tfmodtercero", AbreTercero{codigo()});
 }
 
 void Tfterceros::SBSelecClick() {
-    fdmter().tercero_seleccion = codigo();
-    close();
+    responda_codigo<PideTercero>();
 }
 
 void Tfterceros::SBMovimientoClick() {
     if (codigo().isEmpty())
         return;
-    fdmcnt().nit_comprobantes = codigo();
-    fdmter().nombre_seleccion = conjunto_->FieldByName("TERC_NOM").texto();
-    abra_o_avise("Tfcomproterc");
+    abra_o_avise("Tfcomproterc",
+                 AbreComprobantesTercero{codigo(), conjunto_->FieldByName("TERC_NOM").texto()});
 }

@@ -1,8 +1,8 @@
 #pragma once
 // Registro de Terceros: lista, mantenimiento y selección por NIT.
 //
-// Lo que escoge queda en fdmter().tercero_seleccion. Al abrir busca fdmcnt().texto_busqueda, si lo
-// hay: por NIT si empieza por cifra, si no por nombre.
+// Contesta el NIT a la PideTercero con que la abrieron. Al abrir busca el texto que esta traiga:
+// por NIT si empieza por cifra, si no por nombre.
 #include "catalogues/lista_catalogo.h"
 
 class Tfterceros : public ListaCatalogo {

@@ -1,6 +1,8 @@
 #include "catalogues/tftipodoc.h"
 
 #include "sesion/apertura.h"
+#include "sesion/campos_catalogos.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -8,15 +10,9 @@
 Tftipodoc::Tftipodoc()
     : MaestroDetalle("Tftipodoc", "Registro de tipos de comprobante", "PTipodoc", fdm().TTipocomp,
                      0, "CTipodoc", "CPrefijos", fdm().TPrefconta) {
-    maestro_->texto("TICO_COD", 3).requerido().etiqueta("Código");
-    maestro_->texto("TICO_NOM", 60).requerido().etiqueta("Nombre");
+    campos_tipos_comprobante(*maestro_);
     maestro_->bandera("TICO_FORMATO").etiqueta("Formato");
-    detalle_->texto("TICO_COD", 3).requerido().etiqueta("Tipo");
-    detalle_->texto("PRCO_PREF", 4).requerido().etiqueta("Prefijo");
-    detalle_->bandera("PRCO_AUTO").requerido().defecto("S").etiqueta("Automático");
-    detalle_->texto("PREF_NUMERO", 6).requerido().etiqueta("Número");
-    detalle_->texto("PRCO_USUARIO", 10).etiqueta("Usuario");
-    detalle_->bandera("PRCO_ACTIVO").etiqueta("Activo");
+    campos_prefijos(*detalle_);
 
     arme({"Tipos de comprobante",
           {{"TICO_COD", "Código", 7},
@@ -94,9 +90,8 @@ void Tftipodoc::SpeedButton2Click() {
 }
 
 void Tftipodoc::SpeedButton3Click() {
-    const bool por_tipo = fdm().configurado_si(
-        "COMPROBANTES", "USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR");
-    fdm().formato_actual = por_tipo ? maestro_->FieldByName("TICO_COD").texto()
-                                    : detalle_->FieldByName("PRCO_PREF").texto();
-    abra_o_avise("Tfedtformato");
+    const bool por_tipo = fdm().valor<Llave::FormatoPorTipo>();
+    abra_o_avise("Tfedtformato",
+                 AbreFormato{por_tipo ? maestro_->FieldByName("TICO_COD").texto()
+                                      : detalle_->FieldByName("PRCO_PREF").texto()});
 }

@@ -37,7 +37,8 @@ function(quorvex_prueba archivo)
                         Qt6::Network Qt6::Test)
   target_include_directories(${nombre} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests)
   target_precompile_headers(${nombre} REUSE_FROM pch_pruebas)
+  # Carpeta de bloqueos del motor propia: una prueba que mata procesos no estorba a las demás.
   add_test(NAME ${nombre} COMMAND ${nombre} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
   set_tests_properties(${nombre} PROPERTIES ENVIRONMENT
-    "QT_QPA_PLATFORM=offscreen;QUORVEX_PROYECTO=${CMAKE_SOURCE_DIR};QUORVEX_CONSTRUCCION=${CMAKE_BINARY_DIR}" TIMEOUT 300)
+    "QT_QPA_PLATFORM=offscreen;QUORVEX_PROYECTO=${CMAKE_SOURCE_DIR};QUORVEX_CONSTRUCCION=${CMAKE_BINARY_DIR};XDG_DATA_HOME=${CMAKE_BINARY_DIR}/datos_pruebas/${nombre}" TIMEOUT 300)
 endfunction()

@@ -77,11 +77,22 @@ QStringList companias(Conexion& general) {
     return codigos;
 }
 
+void conceda_papel(Conexion& base, const QString& codigo) {
+    base.ejecute(QStringLiteral("grant %1 to user \"%2\"")
+                     .arg(QLatin1String(kRolPrograma), codigo_usuario(codigo)));
+}
+
 void registre_usuario_general(Conexion& general, const DatosUsuario& d) {
+    // Volver a registrar a un administrador, por ejemplo para cambiarle la clave, no lo degrada.
     general.ejecute(
-        QStringLiteral("update or insert into usuario (usua_cod, usua_nombre, usua_admin)"
-                       " values (?,?,?) matching (usua_cod)"),
+        QStringLiteral("merge into usuario u using (select cast(? as varchar(10)) cod,"
+                       " cast(? as varchar(60)) nombre, cast(? as char(1)) adm from rdb$database) n"
+                       " on u.usua_cod = n.cod when matched then update set usua_nombre = n.nombre,"
+                       " usua_admin = iif(n.adm = 'S', 'S', u.usua_admin)"
+                       " when not matched then insert (usua_cod, usua_nombre, usua_admin)"
+                       " values (n.cod, n.nombre, n.adm)"),
         {Valor(codigo_usuario(d.codigo)), Valor(d.nombre), Valor(d.administrador ? "S" : "N")});
+    conceda_papel(general, d.codigo);
 }
 
 void registre_usuario_compania(Conexion& compania, const DatosUsuario& d) {
@@ -95,6 +106,7 @@ void registre_usuario_compania(Conexion& compania, const DatosUsuario& d) {
                        " values (n.cod, n.sucursal, n.ano, n.periodo)"),
         {Valor(codigo_usuario(d.codigo)), Valor(d.sucursal), Valor(QString::number(d.ano)),
          Valor(d.periodo)});
+    conceda_papel(compania, d.codigo);
 }
 
 void cree_usuario_servidor(Conexion& general, const QString& codigo, const QString& clave) {
@@ -166,39 +178,32 @@ QStringList sesiones_ajenas(Conexion& conexion) {
 }
 
 QString mensaje_claro(const ErrorDatos& falla) {
-    const QString t = falla.texto();
-    const QString citado = t.section('"', 1, 1);
-    const auto dice = [&](const char* trozo) {
-        return t.contains(QLatin1String(trozo), Qt::CaseInsensitive);
-    };
-    if (dice("Your user name and password are not defined"))
+    const auto* motor = dynamic_cast<const ErrorBase*>(&falla);
+    if (!motor)
+        return falla.para_usuario();
+    const QString& archivo = motor->causa().archivo;
+    switch (motor->clase()) {
+    case ClaseFalla::ClaveErrada:
         return QStringLiteral("El nombre de usuario o la clave son incorrectos.");
-    if (dice("already opened") || dice("database is in use") || dice("is in use") ||
-        dice("Database already opened") || dice("lock time-out on wait transaction"))
-        return QStringLiteral("La base de datos está en uso por otra sesión. Cierre los demás "
-                              "programas que la tengan abierta e intente de nuevo.\n") +
-               t;
-    if (dice("reading from backup file") || dice("backup description record") ||
-        dice("backup file is damaged") || dice("unexpected end of file on backup"))
-        return QStringLiteral("El archivo de respaldo está incompleto o no es un respaldo.\n") + t;
-    if (dice("Connection failed"))
-        return QStringLiteral("No hay un servidor Firebird atendiendo en la ubicación indicada. "
-                              "Verifique el equipo, el puerto y que el servicio esté iniciado.");
-    if (dice("Unable to complete network request"))
-        return QStringLiteral("No se encontró el equipo servidor %1.").arg(citado);
-    if (dice("I/O error")) {
-        const QString archivo = t.contains(QLatin1String("for file \""))
-                                    ? t.section("for file \"", 1).section('"', 0, 0)
-                                    : citado;
-        if (dice("permission denied"))
-            return QStringLiteral("No hay permiso para abrir o escribir %1.").arg(archivo);
-        if (dice("No such file") || dice("non-existent"))
+    case ClaseFalla::NoExiste:
+        if (!archivo.isEmpty())
             return QStringLiteral("No se encontró la base de datos %1. Verifique la ubicación y el "
                                   "código de la compañía.")
                 .arg(archivo);
-        if (dice("File exists") || dice("already exists"))
+        break;
+    case ClaseFalla::SoloLectura:
+        if (!archivo.isEmpty())
+            return QStringLiteral("No hay permiso para abrir o escribir %1.").arg(archivo);
+        break;
+    case ClaseFalla::YaExiste:
+        if (!archivo.isEmpty())
             return QStringLiteral("El archivo %1 ya existe.").arg(archivo);
-        return QStringLiteral("No se pudo abrir o crear %1.\n%2").arg(archivo, t);
+        break;
+    case ClaseFalla::Otra:
+        // Quien administra puede hacer algo con lo que dijo el motor.
+        return falla.para_usuario() + '\n' + falla.detalle();
+    default:
+        break;
     }
-    return t;
+    return falla.para_usuario();
 }

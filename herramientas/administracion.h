@@ -38,6 +38,9 @@ void configure_compania(Conexion& compania, const DatosCompania& datos);
 /// Códigos de las compañías registradas, en orden.
 QStringList companias(Conexion& general);
 
+/// El papel con que el programa entra a una base; sin él un usuario no puede nada en ella.
+void conceda_papel(Conexion& base, const QString& codigo);
+/// Un usuario que ya existe conserva sus derechos de administrador.
 void registre_usuario_general(Conexion& general, const DatosUsuario& datos);
 void registre_usuario_compania(Conexion& compania, const DatosUsuario& datos);
 /// Crea el usuario del servidor, o le cambia la clave.

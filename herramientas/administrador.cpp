@@ -62,12 +62,18 @@ Sesion::Sesion(const Argumentos& argumentos)
         throw ErrorDeUso(QStringLiteral("Falta la opción --ubicacion."));
 }
 
+ParametrosConexion Sesion::de(const QString& base) const {
+    ParametrosConexion p{base, usuario_, clave_};
+    p.rol.clear(); // administra con los derechos del dueño, no con los del programa
+    return p;
+}
+
 ParametrosConexion Sesion::general() const {
-    return {ubicacion_.base_general(), usuario_, clave_};
+    return de(ubicacion_.base_general());
 }
 
 ParametrosConexion Sesion::compania(const QString& codigo) const {
-    return {ubicacion_.base_compania(codigo), usuario_, clave_};
+    return de(ubicacion_.base_compania(codigo));
 }
 
 ParametrosConexion Sesion::compania() const {
@@ -96,7 +102,8 @@ QStringList Sesion::codigos() const {
 int main(int argc, char** argv) {
     QCoreApplication aplicacion(argc, argv);
     QStringList escritos = aplicacion.arguments().mid(1);
-    const QVector<Orden> ordenes = ordenes_de_bases() + ordenes_de_usuarios();
+    const QVector<Orden> ordenes =
+        ordenes_de_bases() + ordenes_de_usuarios() + ordenes_de_documentos();
     const QStringList ayudas = {"--help", "--ayuda", "-h"};
     if (escritos.isEmpty() || ayudas.contains(escritos.front())) {
         muestre_ayuda(ordenes);

@@ -65,22 +65,44 @@ qint64 AnoDemo::veces(qint64 por_cien, qint64 milesimas) {
     return total / escala + (azar_.entre(1, escala) <= total % escala ? 1 : 0);
 }
 
+void AnoDemo::SaldosDemo::ponga(const QString& cuenta, Moneda debito, const RenglonDemo& datos) {
+    filas.push_back(datos);
+    filas.back().cuenta = cuenta;
+    (debito.negativa() ? filas.back().credito : filas.back().debito) = debito.absoluta();
+}
+
 void AnoDemo::abra() {
-    const int activos[][4] = {{152405, 36000000, 159215, 9600000},
-                              {152805, 28000000, 159220, 14200000},
-                              {154008, 96000000, 159235, 38400000}};
-    const char* const activos_nombre[] = {"MUEBLES", "COMPUTO", "CAMION"};
-    QVector<RenglonDemo> saldos;
-    const auto ponga = [&](const QString& cuenta, Moneda debito, const RenglonDemo& datos = {}) {
-        saldos.push_back(datos);
-        saldos.back().cuenta = cuenta;
-        (debito.negativa() ? saldos.back().credito : saldos.back().debito) = debito.absoluta();
-    };
+    SaldosDemo saldos;
     caja_ = 3500000;
     banco_ = 165000000;
-    ponga(kCaja, caja_);
-    ponga(kCorriente, banco_);
-    ponga(kAhorros, 48000000);
+    saldos.ponga(kCaja, caja_);
+    saldos.ponga(kCorriente, banco_, de(demo_.banco_corriente));
+    saldos.ponga(kAhorros, 48000000, de(demo_.banco_ahorros));
+    abra_clientes(saldos);
+    for (const ArticuloDemo& a : demo_.articulos) {
+        existencias_ << Moneda(a.costo * int(azar_.entre(12000000, 30000000) / a.costo));
+        RenglonDemo r;
+        r.articulo = a.codigo;
+        saldos.ponga(kMercancias, existencias_.back(), r);
+    }
+    abra_activos(saldos);
+    abra_proveedores(saldos);
+    retenciones_[kRetencionCompras] = 2140000;
+    for (auto i = retenciones_.begin(); i != retenciones_.end(); ++i)
+        saldos.ponga(i.key(), -i.value(), de(demo_.dian));
+    saldos.ponga(QStringLiteral("210510"), -Moneda(90000000), de(demo_.banco_corriente));
+    saldos.ponga(QStringLiteral("261005"), -Moneda(kCesantiasAnteriores), de(demo_.pensiones));
+    saldos.ponga(QStringLiteral("310505"), -Moneda(400000000), de(demo_.socio));
+    saldos.ponga(QStringLiteral("330505"), -Moneda(18500000));
+    grabe_saldos(saldos.filas, false);
+    // El libro NIIF midió el camión con otra vida útil; la diferencia va a lo acumulado.
+    for (RenglonDemo& r : saldos.filas)
+        if (r.cuenta == QLatin1String("159235"))
+            r.credito = 30200000;
+    grabe_saldos(saldos.filas, true);
+}
+
+void AnoDemo::abra_clientes(SaldosDemo& saldos) {
     for (int i = 0; i < 12; ++i) {
         const TerceroDemo& t = demo_.clientes[i];
         Cartera c{QString::number(9001 + i).rightJustified(6, '0'), t.nit,    t.nombre,
@@ -89,30 +111,36 @@ void AnoDemo::abra() {
         r.documento = c.numero;
         r.tipo_documento = kFactura;
         r.vence = plazo(ano_, 1, 5, i * 4);
-        ponga(kClientes, c.valor, r);
+        saldos.ponga(kClientes, c.valor, r);
         por_cobrar_.push_back(c);
     }
-    for (const ArticuloDemo& a : demo_.articulos) {
-        existencias_ << Moneda(a.costo * int(azar_.entre(12000000, 30000000) / a.costo));
+}
+
+void AnoDemo::abra_activos(SaldosDemo& saldos) {
+    const struct {
+        const char *nombre, *cuenta, *depreciada;
+        int costo, depreciado, meses, meses_niif;
+    } activos[] = {{"MUEBLES", "152405", "159215", 36000000, 9600000, 120, 144},
+                   {"COMPUTO", "152805", "159220", 28000000, 14200000, 60, 96},
+                   {"CAMION", "154008", "159235", 96000000, 38400000, 60, 96}};
+    int grupo = 0;
+    for (const auto& a : activos) {
         RenglonDemo r;
-        r.articulo = a.codigo;
-        ponga(kMercancias, existencias_.back(), r);
-    }
-    for (int i = 0; i < 3; ++i) {
-        RenglonDemo r;
-        r.articulo = QLatin1String(activos_nombre[i]);
-        ponga(QString::number(activos[i][0]), activos[i][1], r);
-        ponga(QString::number(activos[i][2]), -Moneda(activos[i][3]));
+        r.articulo = QLatin1String(a.nombre);
+        saldos.ponga(QLatin1String(a.cuenta), a.costo, r);
+        saldos.ponga(QLatin1String(a.depreciada), -Moneda(a.depreciado));
         conexion_.ejecute(
             QStringLiteral("insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing,"
                            " acfj_mesdep, acfj_depniif, acfj_dep, acfj_activo, acfj_unidades,"
                            " acfj_vrorig, acfj_ctaconta, acfj_ctadepc, acgr_id)"
                            " values (?,?,?,?,?,'S','S','N',?,?,?,?)"),
-            {Valor(r.articulo), Valor(r.articulo), Valor(QDate(ano_ - 2, 3, 1)),
-             Valor(i == 0 ? 120 : 60), Valor(i == 0 ? 144 : 96), Valor(activos[i][1]),
-             Valor(QString::number(activos[i][0])), Valor(QString::number(activos[i][2])),
-             Valor(i + 1)});
+            {Valor(r.articulo), Valor(r.articulo), Valor(QDate(ano_ - 2, 3, 1)), Valor(a.meses),
+             Valor(a.meses_niif), Valor(a.costo), Valor(a.cuenta), Valor(a.depreciada),
+             Valor(++grupo)});
     }
+}
+
+void AnoDemo::abra_proveedores(SaldosDemo& saldos) {
     for (int i = 0; i < 8; ++i) {
         const TerceroDemo& t = demo_.proveedores[i];
         Cartera c{QString::number(3301 + i).rightJustified(6, '0'), t.nit,          t.nombre,
@@ -121,46 +149,32 @@ void AnoDemo::abra() {
         r.documento = c.numero;
         r.tipo_documento = kFacturaCompra;
         r.vence = plazo(ano_, 1, 8, i * 5);
-        ponga(kProveedores, -c.valor, r);
+        saldos.ponga(kProveedores, -c.valor, r);
         por_pagar_.push_back(c);
     }
-    retenciones_[kRetencionCompras] = 2140000;
-    for (auto i = retenciones_.begin(); i != retenciones_.end(); ++i)
-        ponga(i.key(), -i.value(), de(demo_.dian));
-    ponga(QStringLiteral("210510"), -Moneda(90000000), de(demo_.banco_corriente));
-    ponga(QStringLiteral("261005"), -Moneda(kCesantiasAnteriores));
-    ponga(QStringLiteral("310505"), -Moneda(400000000));
-    ponga(QStringLiteral("330505"), -Moneda(18500000));
+}
 
-    for (const bool niif : {false, true}) {
-        // El libro NIIF midió el camión con otra vida útil; la diferencia va a lo acumulado.
-        if (niif)
-            for (RenglonDemo& r : saldos)
-                if (r.cuenta == QLatin1String("159235"))
-                    r.credito = 30200000;
-        Moneda diferencia;
-        for (const RenglonDemo& r : saldos)
-            diferencia += r.debito - r.credito;
-        QVector<RenglonDemo> filas = saldos;
-        RenglonDemo resultado;
-        resultado.cuenta = QStringLiteral("370505");
-        (diferencia.negativa() ? resultado.debito : resultado.credito) = diferencia.absoluta();
-        filas.push_back(resultado);
-        Transaccion t(conexion_, Transaccion::Modo::Escritura);
-        Preparada inserte(
-            conexion_, t,
-            QStringLiteral("insert into saldos_iniciales%1 (sain_item, cuen_cod, terc_nit,"
-                           " arti_cod, sain_debito, sain_credito, doco_numero, sain_tipodoc,"
-                           " doco_vence) values (?,?,?,?,?,?,?,?,?)")
-                .arg(QLatin1String(niif ? "_niif" : "")));
-        int item = 0;
-        for (const RenglonDemo& r : filas)
-            inserte.ejecute(t,
-                            {Valor(++item), Valor(r.cuenta), Valor(r.nit), Valor(r.articulo),
-                             Valor(r.debito), Valor(r.credito), Valor(r.documento),
-                             r.tipo_documento ? Valor(r.tipo_documento) : Valor(), Valor(r.vence)});
-        t.confirme();
-    }
+void AnoDemo::grabe_saldos(QVector<RenglonDemo> filas, bool niif) {
+    Moneda diferencia;
+    for (const RenglonDemo& r : filas)
+        diferencia += r.debito - r.credito;
+    RenglonDemo resultado;
+    resultado.cuenta = QStringLiteral("370505");
+    (diferencia.negativa() ? resultado.debito : resultado.credito) = diferencia.absoluta();
+    filas.push_back(resultado);
+    Transaccion t(conexion_, Transaccion::Modo::Escritura);
+    Preparada inserte(
+        conexion_, t,
+        QStringLiteral("insert into saldos_iniciales%1 (sain_item, cuen_cod, terc_nit,"
+                       " arti_cod, sain_debito, sain_credito, doco_numero, sain_tipodoc,"
+                       " doco_vence) values (?,?,?,?,?,?,?,?,?)")
+            .arg(QLatin1String(niif ? "_niif" : "")));
+    int item = 0;
+    for (const RenglonDemo& r : filas)
+        inserte.ejecute(t, {Valor(++item), Valor(r.cuenta), Valor(r.nit), Valor(r.articulo),
+                            Valor(r.debito), Valor(r.credito), Valor(r.documento),
+                            r.tipo_documento ? Valor(r.tipo_documento) : Valor(), Valor(r.vence)});
+    t.confirme();
 }
 
 void AnoDemo::mes(int mes, qint64 milesimas) {
@@ -221,16 +235,8 @@ void AnoDemo::complete(qint64 renglones) {
         venda();
 }
 
-void AnoDemo::venda() {
-    const TerceroDemo& cliente = azar_.elija(demo_.clientes);
-    const CentroDemo& centro = azar_.elija(demo_.centros_venta);
-    const bool contado = azar_.sale(cliente.juridica ? 15 : 70);
-    struct Item {
-        int articulo;
-        Moneda costo, precio;
-    };
-    QVector<Item> items;
-    Moneda base;
+QVector<AnoDemo::Vendido> AnoDemo::escoja_vendidos() {
+    QVector<Vendido> items;
     for (qint64 i = azar_.entre(1, 4); i > 0; --i) {
         const int k = int(azar_.entre(0, demo_.articulos.size() - 1));
         const ArticuloDemo& a = demo_.articulos[k];
@@ -241,8 +247,18 @@ void AnoDemo::venda() {
             compre(k);
         items.push_back({k, Moneda(a.costo * unidades), Moneda(precio * unidades)});
         existencias_[k] -= items.back().costo;
-        base += items.back().precio;
     }
+    return items;
+}
+
+void AnoDemo::venda() {
+    const TerceroDemo& cliente = azar_.elija(demo_.clientes);
+    const CentroDemo& centro = azar_.elija(demo_.centros_venta);
+    const bool contado = azar_.sale(cliente.juridica ? 15 : 70);
+    const QVector<Vendido> items = escoja_vendidos();
+    Moneda base;
+    for (const Vendido& i : items)
+        base += i.precio;
     AsientoDemo a = asiento(QStringLiteral("FV"), QStringLiteral("Venta de mercancía"));
     a.prefijo = contado ? QStringLiteral("0001") : QStringLiteral("0002");
     a.nit = cliente.nit;
@@ -279,7 +295,7 @@ void AnoDemo::venda() {
         a.debite(kClientes, total, r);
         por_cobrar_.push_back({numero, cliente.nit, cliente.nombre, total, kFactura, kClientes});
     }
-    for (const Item& i : items) {
+    for (const Vendido& i : items) {
         const ArticuloDemo& art = demo_.articulos[i.articulo];
         a.acredite(art.ingreso, i.precio, en(centro));
         a.debite(art.costo_ventas, i.costo, en(centro));
@@ -343,6 +359,7 @@ void AnoDemo::compre(int articulo) {
         const Moneda valor(art.costo * int(azar_.entre(2500000, 6500000) / art.costo));
         RenglonDemo bodega;
         bodega.articulo = art.codigo;
+        bodega.nit = proveedor.nit;
         a.debite(kMercancias, valor, bodega);
         existencias_[k] += valor;
         base += valor;
@@ -397,7 +414,7 @@ void AnoDemo::recaude() {
     AsientoDemo a = asiento(QStringLiteral("RC"), QStringLiteral("Abono factura ") + c.numero);
     a.nit = c.nit;
     a.nombre = c.nombre;
-    a.debite(kCorriente, c.valor);
+    a.debite(kCorriente, c.valor, de(demo_.banco_corriente));
     banco_ += c.valor;
     RenglonDemo r = de(c.nit);
     r.aplica = c.numero;
@@ -430,7 +447,7 @@ void AnoDemo::consigne() {
     const Moneda valor = (caja_ - Moneda(1000000)).redondeada(-3);
     AsientoDemo a = asiento(QStringLiteral("CB"), QStringLiteral("Consignación de ventas"));
     a.nit = demo_.banco_corriente;
-    a.debite(kCorriente, valor);
+    a.debite(kCorriente, valor, de(demo_.banco_corriente));
     a.acredite(kCaja, valor);
     caja_ -= valor;
     banco_ += valor;
@@ -438,6 +455,6 @@ void AnoDemo::consigne() {
 }
 
 void AnoDemo::del_banco(AsientoDemo& a, Moneda valor) {
-    a.acredite(kCorriente, valor);
+    a.acredite(kCorriente, valor, de(demo_.banco_corriente));
     banco_ -= valor;
 }

@@ -36,7 +36,23 @@ private:
     RenglonDemo de(const QString& nit) const;
     RenglonDemo en(const CentroDemo& centro, const QString& nit = {}) const;
 
+    /// Saldos iniciales que se van poniendo: un valor negativo va al crédito.
+    struct SaldosDemo {
+        QVector<RenglonDemo> filas;
+        void ponga(const QString& cuenta, Moneda debito, const RenglonDemo& datos = {});
+    };
+    void abra_clientes(SaldosDemo& saldos);
+    void abra_activos(SaldosDemo& saldos);
+    void abra_proveedores(SaldosDemo& saldos);
+    /// Los escribe en el libro, cerrados con la utilidad de otros años.
+    void grabe_saldos(QVector<RenglonDemo> filas, bool niif);
+
+    struct Vendido {
+        int articulo;
+        Moneda costo, precio;
+    };
     void dia(qint64 milesimas);
+    QVector<Vendido> escoja_vendidos();
     void venda();
     void devuelva();
     void compre(int articulo);

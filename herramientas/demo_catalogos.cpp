@@ -300,7 +300,7 @@ void cree_terceros(Conexion& c, CatalogosDemo& demo) {
     registro.confirme(c);
 }
 
-void cree_menores(Conexion& c, CatalogosDemo& demo) {
+void cree_centros(Conexion& c, CatalogosDemo& demo) {
     const std::array<std::array<const char*, 2>, 4> proyectos{{{"0001", "Administración"},
                                                                {"0002", "Ventas"},
                                                                {"0003", "Logística"},
@@ -334,6 +334,9 @@ void cree_menores(Conexion& c, CatalogosDemo& demo) {
             demo.centros_venta.push_back({proyecto, QLatin1String(x.codigo)});
         demo.centros_gasto.push_back({proyecto, QLatin1String(x.codigo)});
     }
+}
+
+void cree_tipos(Conexion& c) {
     struct Tipo {
         const char *codigo, *nombre;
         QStringList prefijos;
@@ -360,6 +363,9 @@ void cree_menores(Conexion& c, CatalogosDemo& demo) {
                       {Valor(x.codigo), Valor(prefijo),
                        Valor(QLatin1String(x.codigo) == QLatin1String("CG") ? "N" : "S")});
     }
+}
+
+void cree_articulos_y_grupos(Conexion& c, CatalogosDemo& demo) {
     for (const Articulo& a : kArticulos) {
         c.ejecute(QStringLiteral("insert into articulo (arti_cod, arti_des, arti_unidad, arti_tipo,"
                                  " arti_exist, arti_precio) values (?,?,'UNIDAD','A','B',?)"),
@@ -396,7 +402,9 @@ CatalogosDemo siembre_catalogos(Conexion& compania) {
     CatalogosDemo demo;
     cree_plan(compania);
     cree_terceros(compania, demo);
-    cree_menores(compania, demo);
+    cree_centros(compania, demo);
+    cree_tipos(compania);
+    cree_articulos_y_grupos(compania, demo);
     siembre_plantillas(compania, demo);
     return demo;
 }

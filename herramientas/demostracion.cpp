@@ -2,7 +2,11 @@
 
 #include "herramientas/administracion.h"
 #include "herramientas/demo_ano.h"
+#include "herramientas/demo_cierres.h"
+#include "herramientas/demo_definibles.h"
+#include "herramientas/demo_documentos.h"
 #include "herramientas/demo_formatos.h"
+#include "herramientas/demo_impuestos.h"
 
 namespace {
 
@@ -33,8 +37,11 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
                                           const OpcionesDemostracion& opciones,
                                           const std::function<void(const QString&)>& aviso) {
     registre_usuarios(general, compania, opciones.ano);
-    AnoDemo ano(compania, siembre_catalogos(compania), opciones.semilla, opciones.ano);
+    const CatalogosDemo catalogos = siembre_catalogos(compania);
+    AnoDemo ano(compania, catalogos, opciones.semilla, opciones.ano);
     siembre_formatos(compania);
+    siembre_informes_definibles(compania);
+    siembre_impuestos(compania, opciones.ano);
     ano.abra();
     const qint64 milesimas =
         opciones.renglones > 0
@@ -47,5 +54,9 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
     }
     ano.complete(opciones.renglones);
     ano.ajuste();
-    return {ano.libro().comprobantes(), ano.libro().renglones(), ano.libro().renglones_niif()};
+    siembre_cierres(compania, opciones.ano);
+    const DocumentosDemo pendientes =
+        siembre_documentos(compania, catalogos, opciones.semilla, opciones.ano + 1);
+    return {ano.libro().comprobantes(), ano.libro().renglones(), ano.libro().renglones_niif(),
+            pendientes.documentos, pendientes.defectuosos};
 }

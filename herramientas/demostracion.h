@@ -3,7 +3,8 @@
 //
 // Lo genera un sorteo con semilla: la misma semilla y el mismo volumen dan el mismo libro, que es
 // lo que pide medir. Ventas con IVA y retenciones, compras, gastos, recaudos, pagos, nómina,
-// bancos, impuestos y depreciación (distinta en cada libro), sobre saldos iniciales cuadrados.
+// bancos, impuestos y depreciación (distinta en cada libro), sobre saldos iniciales cuadrados. Del
+// año siguiente hay tres meses de documentos de los módulos hermanos por contabilizar.
 #include "datos/firebird/conexion.h"
 
 #include <functional>
@@ -18,6 +19,8 @@ struct OpcionesDemostracion {
 
 struct ResultadoDemostracion {
     qint64 comprobantes = 0, renglones = 0, renglones_niif = 0;
+    int documentos = 0;  ///< de los módulos hermanos, sin contabilizar
+    int defectuosos = 0; ///< los que a propósito no se contabilizan limpios
 };
 
 /// Llena una compañía recién creada (con su general) y registra a ADMIN, administrador, y a

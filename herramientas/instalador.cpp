@@ -103,18 +103,26 @@ void Instalador::instale(TipoBase tipo) {
         anote_version(a);
 }
 
+QSet<qint64> Instalador::aplicadas() {
+    QSet<qint64> numeros;
+    Transaccion lectura(conexion_, Transaccion::Modo::Lectura);
+    auto s = std::make_shared<Preparada>(conexion_, lectura,
+                                         QStringLiteral("select vers_numero from version_esquema"));
+    Cursor filas(s, lectura, {});
+    while (filas.siguiente())
+        numeros.insert(filas.valor(0).entero());
+    return numeros;
+}
+
 QStringList Instalador::actualice(TipoBase tipo) {
-    QSet<qint64> aplicadas;
-    {
-        Transaccion lectura(conexion_, Transaccion::Modo::Lectura);
-        auto s = std::make_shared<Preparada>(
-            conexion_, lectura, QStringLiteral("select vers_numero from version_esquema"));
-        Cursor filas(s, lectura, {});
-        while (filas.siguiente())
-            aplicadas.insert(filas.valor(0).entero());
-    }
+    const QSet<qint64> aplicadas = this->aplicadas();
+    const QVector<Actualizacion> conocidas = actualizaciones(tipo);
+    const int ultima = conocidas.isEmpty() ? kVersionInicial : conocidas.back().numero;
+    for (const qint64 numero : aplicadas)
+        if (numero > ultima)
+            throw ErrorDatos(negativa_de_version(tipo, int(numero)));
     QStringList hechas;
-    for (const Actualizacion& a : actualizaciones(tipo)) {
+    for (const Actualizacion& a : conocidas) {
         if (aplicadas.contains(a.numero))
             continue;
         ejecute_guion(a.archivo);
@@ -139,6 +147,8 @@ QVector<Instalador::Actualizacion> Instalador::actualizaciones(TipoBase tipo) co
                                  .arg(kVersionInicial));
         lista.push_back({numero, relativa + n});
     }
+    std::sort(lista.begin(), lista.end(),
+              [](const auto& a, const auto& b) { return a.numero < b.numero; });
     return lista;
 }
 
@@ -162,7 +172,8 @@ void Instalador::ejecute_guiones(TipoBase tipo) {
 
 void Instalador::ejecute_guion(const QString& archivo) {
     Existentes existentes(conexion_);
-    for (const SentenciaGuion& s : lea_guion(lea(archivo), archivo)) {
+    const auto lista = [this](const QString& nombre) { return lea(nombre); };
+    for (const SentenciaGuion& s : lea_guion(lea(archivo), archivo, lista)) {
         if (existentes.sobra(s.texto))
             continue;
         try {
@@ -170,10 +181,11 @@ void Instalador::ejecute_guion(const QString& archivo) {
             Preparada(conexion_, transaccion, s.texto).ejecute(transaccion, {});
             transaccion.confirme();
         } catch (const ErrorDatos& e) {
-            throw ErrorDatos(QStringLiteral("%1:%2: %3\n%4")
-                                 .arg(archivo)
-                                 .arg(s.renglon)
-                                 .arg(primera_linea(s.texto), e.texto()));
+            throw ErrorDatos(
+                QStringLiteral("%1:%2: %3\n%4")
+                    .arg(archivo)
+                    .arg(s.renglon)
+                    .arg(primera_linea(s.texto), e.detalle().isEmpty() ? e.texto() : e.detalle()));
         }
         existentes.anote(s.texto);
     }
@@ -223,7 +235,9 @@ void Instalador::cargue_lista(const QString& archivo) {
         try {
             inserte.ejecute(transaccion, valores);
         } catch (const ErrorDatos& e) {
-            throw ErrorDatos(QStringLiteral("%1:%2: %3").arg(archivo).arg(renglon).arg(e.texto()));
+            throw ErrorDatos(
+                QStringLiteral("%1:%2: %3").arg(archivo).arg(renglon).arg(e.para_usuario()),
+                e.detalle());
         }
         presentes.insert(clave_unida(partes));
     }

@@ -6,12 +6,10 @@
 // Las listas datos/NN_TABLA.tsv entran en su fase antes que los guiones. Todo puede repetirse: lo
 // que ya existe se deja quieto y una fila de semilla solo se agrega si falta su clave.
 // Los errores son ErrorDatos con archivo, renglón y el texto del servidor.
-#include "datos/firebird/conexion.h"
+#include "datos/firebird/version_esquema.h"
 
 #include <QStringList>
 #include <functional>
-
-enum class TipoBase { Compania, General };
 
 /// Carpeta de los guiones: $QUORVEX_GUIONES, la instalada junto al programa o la del proyecto.
 QString carpeta_guiones();
@@ -24,7 +22,8 @@ public:
     /// aplicadas, porque los guiones ya las contienen.
     void instale(TipoBase tipo);
     /// Aplica, en orden, las actualizaciones numeradas que falten y repite los guiones. Devuelve
-    /// los nombres de las aplicadas.
+    /// los nombres de las aplicadas. Se niega si la base es de una versión que los guiones no
+    /// conocen.
     QStringList actualice(TipoBase tipo);
 
     /// Archivos de una base, en el orden en que se ejecutan, relativos a la carpeta.
@@ -39,6 +38,7 @@ private:
         QString archivo;
     };
     QVector<Actualizacion> actualizaciones(TipoBase tipo) const;
+    QSet<qint64> aplicadas();
     void ejecute_guiones(TipoBase tipo);
     void ejecute_guion(const QString& archivo);
     void cargue_lista(const QString& archivo);

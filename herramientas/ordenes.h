@@ -21,6 +21,8 @@ public:
     QStringList codigos() const;
 
 private:
+    ParametrosConexion de(const QString& base) const;
+
     const Argumentos& argumentos_;
     Ubicacion ubicacion_;
     QString usuario_, clave_;
@@ -34,6 +36,7 @@ struct Orden {
 
 QVector<Orden> ordenes_de_bases();
 QVector<Orden> ordenes_de_usuarios();
+QVector<Orden> ordenes_de_documentos();
 
 /// Renglón en la salida normal.
 void diga(const QString& texto);

@@ -1,35 +1,73 @@
 // Crear, actualizar, respaldar, restaurar, verificar y compactar bases.
+#include "datos/firebird/reloj.h"
 #include "datos/firebird/servicios.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demo_formatos.h"
+#include "herramientas/demo_segunda.h"
 #include "herramientas/demostracion.h"
 #include "herramientas/ordenes.h"
 #include "herramientas/respaldo.h"
 #include "herramientas/verificacion.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 
 namespace {
 
-/// Crea la base con su esquema; si algo falla no deja una base a medias. Mientras se llena no se
-/// espera al disco: quien la llama termina con asegure().
-void cree_base(const Sesion& s, const ParametrosConexion& parametros, TipoBase tipo) {
-    s.ubicacion().prepare_carpeta(parametros.base);
-    if (s.ubicacion().carpetas_alcanzables() &&
-        QFileInfo::exists(s.ubicacion().ruta_de(parametros.base)))
-        throw ErrorDatos(QStringLiteral("Ya existe la base de datos %1.").arg(parametros.base));
-    Conexion conexion;
-    ParametrosConexion nueva = parametros;
-    nueva.escritura_forzada = false;
-    conexion.cree_base(nueva);
-    try {
-        Instalador(conexion).instale(tipo);
-    } catch (...) {
-        conexion.borre_base();
-        throw;
+/// Base nueva con su esquema. Si no se llega a `conserve`, se borra con la carpeta que se hizo para
+/// ella: una creación que falla a mitad de camino no deja nada. Mientras se llena no se espera al
+/// disco: quien la crea termina con asegure().
+class BaseNueva {
+public:
+    BaseNueva(const Sesion& s, const ParametrosConexion& parametros, TipoBase tipo)
+        : ruta_(s.ubicacion().carpetas_alcanzables() ? s.ubicacion().ruta_de(parametros.base)
+                                                     : QString()) {
+        if (!ruta_.isEmpty() && QFileInfo::exists(ruta_))
+            throw ErrorDatos(QStringLiteral("Ya existe la base de datos %1.").arg(parametros.base));
+        for (QString c = QFileInfo(ruta_).path(); !ruta_.isEmpty() && !QDir(c).exists();
+             c = QFileInfo(c).path())
+            hechas_ << c;
+        s.ubicacion().prepare_carpeta(parametros.base);
+        ParametrosConexion nueva = parametros;
+        nueva.escritura_forzada = false;
+        try {
+            base.cree_base(nueva);
+            Instalador(base).instale(tipo);
+        } catch (...) {
+            deshaga();
+            throw;
+        }
     }
-}
+    ~BaseNueva() {
+        if (!conservada_)
+            deshaga();
+    }
+    void conserve() {
+        base.desconectar();
+        conservada_ = true;
+    }
+
+    Conexion base;
+
+private:
+    void deshaga() noexcept {
+        try {
+            if (base.conectada())
+                base.borre_base();
+        } catch (const std::exception&) {
+            base.desconectar();
+            if (!ruta_.isEmpty())
+                QFile::remove(ruta_);
+        }
+        for (const QString& carpeta : hechas_)
+            QDir().rmdir(carpeta);
+    }
+
+    QString ruta_;
+    QStringList hechas_; ///< carpetas que no existían, de la más honda a la menos
+    bool conservada_ = false;
+};
 
 /// Desde aquí cada confirmación llega al disco. No debe quedar conexión propia abierta.
 void asegure(const ParametrosConexion& parametros) {
@@ -37,7 +75,7 @@ void asegure(const ParametrosConexion& parametros) {
 }
 
 void crear_general(const Sesion& s) {
-    cree_base(s, s.general(), TipoBase::General);
+    BaseNueva(s, s.general(), TipoBase::General).conserve();
     asegure(s.general());
     diga(QStringLiteral("Base general creada en %1.").arg(s.general().base));
 }
@@ -56,59 +94,55 @@ void crear_compania(const Sesion& s) {
     d.mes_inicio = a.entero(QStringLiteral("mes-inicio"), 1, 1, 12);
     Conexion general;
     general.conectar(s.general());
-    cree_base(s, s.compania(d.codigo), TipoBase::Compania);
-    Conexion compania;
-    compania.conectar(s.compania(d.codigo));
-    configure_compania(compania, d);
-    compania.desconectar();
-    asegure(s.compania(d.codigo));
+    BaseNueva nueva(s, s.compania(d.codigo), TipoBase::Compania);
+    configure_compania(nueva.base, d);
     registre_compania(general, d);
+    nueva.conserve();
+    asegure(s.compania(d.codigo));
     diga(QStringLiteral("Compañía %1 creada en %2.").arg(d.codigo, s.compania(d.codigo).base));
 }
 
 /// Con la general de la instalación; si aún no existe, la crea.
 void crear_demo(const Sesion& s) {
     const Argumentos& a = s.argumentos();
-    DatosCompania d;
-    d.codigo = codigo_compania(a.valor(QStringLiteral("codigo"), QStringLiteral("001")));
-    d.nombre = QStringLiteral("Comercializadora El Martillo S.A.S.");
-    d.nit = QStringLiteral("901400777-9");
-    d.direccion = QStringLiteral("Carrera 30 # 12-45");
-    d.ciudad = QStringLiteral("Bogotá, D.C.");
-    d.telefonos = QStringLiteral("601 3456789");
-    d.encabezado = QStringLiteral("Todo para construir y habitar");
+    const DatosCompania d =
+        compania_demo(codigo_compania(a.valor(QStringLiteral("codigo"), QStringLiteral("001"))));
+    const bool segunda = d.codigo == QLatin1String(kSegundaDemo);
     OpcionesDemostracion opciones;
     opciones.renglones = a.entero(QStringLiteral("lineas"), 0, 0, 5000000);
-    opciones.semilla = quint64(a.entero(QStringLiteral("semilla"), 2018, 0, 2000000000));
+    opciones.semilla =
+        quint64(a.entero(QStringLiteral("semilla"), segunda ? 2019 : 2018, 0, 2000000000));
     Conexion general;
     try {
         general.conectar(s.general());
     } catch (const ErrorBase& e) {
-        if (!e.texto().contains(QLatin1String("I/O error")))
+        if (e.clase() != ClaseFalla::NoExiste)
             throw;
-        cree_base(s, s.general(), TipoBase::General);
+        BaseNueva(s, s.general(), TipoBase::General).conserve();
         asegure(s.general());
         general.conectar(s.general());
     }
-    cree_base(s, s.compania(d.codigo), TipoBase::Compania);
-    Conexion compania;
-    compania.conectar(s.compania(d.codigo));
-    configure_compania(compania, d);
+    BaseNueva nueva(s, s.compania(d.codigo), TipoBase::Compania);
+    configure_compania(nueva.base, d);
+    const auto r = genere_demostracion(general, nueva.base, opciones, diga);
+    if (segunda)
+        siembre_lo_propio_de_la_segunda(nueva.base, opciones.ano);
+    compacte_saldos(nueva.base);
     registre_compania(general, d);
     registre_logo(general, d.codigo, logo_demo());
-    const auto r = genere_demostracion(general, compania, opciones, diga);
-    compacte_saldos(compania);
-    compania.desconectar();
+    nueva.conserve();
     asegure(s.compania(d.codigo));
     if (s.ubicacion().en_servidor())
         for (const char* usuario : {"ADMIN", "AUXILIAR"})
             cree_usuario_servidor(general, QLatin1String(usuario),
                                   a.exija(QStringLiteral("clave-usuario")));
-    diga(QStringLiteral("Compañía %1 con %2 comprobantes, %3 renglones 2649 y %4 NIIF.")
+    diga(QStringLiteral("Compañía %1 con %2 comprobantes, %3 renglones 2649 y %4 NIIF, y %5"
+                        " documentos sin contabilizar.")
              .arg(d.codigo)
              .arg(r.comprobantes)
              .arg(r.renglones)
-             .arg(r.renglones_niif));
+             .arg(r.renglones_niif)
+             .arg(r.documentos));
 }
 
 void actualice_una(const ParametrosConexion& base, TipoBase tipo, const QString& nombre) {
@@ -140,7 +174,7 @@ void respaldar(const Sesion& s) {
     const QString archivo = s.argumentos().valor(
         QStringLiteral("archivo"),
         QStringLiteral("%1_%2.fbk")
-            .arg(cual, QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_HHmmss"))));
+            .arg(cual, reloj().ahora().toString(QStringLiteral("yyyyMMdd_HHmmss"))));
     const auto r = respalde_y_pruebe(base_pedida(s), archivo);
     diga(QStringLiteral("Respaldo en %1 (%2 KB), probado: %3 cifras comparadas, %4 filas.")
              .arg(archivo)
@@ -150,8 +184,10 @@ void respaldar(const Sesion& s) {
 }
 
 void restaurar(const Sesion& s) {
+    const TipoBase tipo =
+        s.argumentos().tiene(QStringLiteral("general")) ? TipoBase::General : TipoBase::Compania;
     const auto r =
-        restaure_en_lugar(s.argumentos().exija(QStringLiteral("archivo")), base_pedida(s));
+        restaure_en_lugar(s.argumentos().exija(QStringLiteral("archivo")), base_pedida(s), tipo);
     diga(QStringLiteral("Base restaurada: %1 filas.").arg(r.filas));
 }
 
@@ -164,12 +200,25 @@ void verificar(const Sesion& s) {
         for (const QString& h : hallazgos)
             diga(QStringLiteral("Compañía %1: %2").arg(codigo, h));
         if (hallazgos.isEmpty())
-            diga(
-                QStringLiteral("Compañía %1: los saldos coinciden con los renglones.").arg(codigo));
+            diga(QStringLiteral("Compañía %1: los libros están bien y los saldos coinciden con los "
+                                "renglones.")
+                     .arg(codigo));
         fallas += int(hallazgos.size());
     }
     if (fallas > 0)
-        throw ErrorDatos(QStringLiteral("Se hallaron %1 diferencias.").arg(fallas));
+        throw ErrorDatos(QStringLiteral("Se hallaron %1 cosas mal.").arg(fallas));
+}
+
+void recalcular(const Sesion& s) {
+    for (const QString& codigo : s.codigos()) {
+        Conexion conexion;
+        conexion.conectar(s.compania(codigo));
+        const QStringList corregidos = recalcule_saldos(conexion);
+        for (const QString& c : corregidos)
+            diga(QStringLiteral("Compañía %1: %2").arg(codigo, c));
+        if (corregidos.isEmpty())
+            diga(QStringLiteral("Compañía %1: ningún saldo estaba mal.").arg(codigo));
+    }
 }
 
 void compactar(const Sesion& s) {
@@ -197,7 +246,8 @@ QVector<Orden> ordenes_de_bases() {
          crear_compania},
         {"crear-demo",
          "crea una compañía de demostración con un año de movimiento",
-         "[--codigo 001] [--lineas N] [--semilla 2018] [--clave-usuario CLAVE]",
+         "[--codigo 001] [--lineas N] [--semilla 2018] [--clave-usuario CLAVE]\n"
+         "    con --codigo 002, la filial que se consolida con la primera",
          {"codigo", "lineas", "semilla", "clave-usuario"},
          {},
          crear_demo},
@@ -220,11 +270,17 @@ QVector<Orden> ordenes_de_bases() {
          {"general"},
          restaurar},
         {"verificar",
-         "compara los saldos con los renglones de los dos libros",
+         "revisa los dos libros y compara los saldos con los renglones",
          "[--compania 001]",
          {"compania"},
          {},
          verificar},
+        {"recalcular",
+         "rehace los saldos a partir de los renglones y dice cuáles estaban mal",
+         "[--compania 001]",
+         {"compania"},
+         {},
+         recalcular},
         {"compactar",
          "pasa las diferencias de saldo a las tablas compactadas",
          "[--compania 001]",

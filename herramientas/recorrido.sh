@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Recorrido guiado: abre el programa en una pantalla virtual de 1366x768, lo maneja con teclas
-# verdaderas y deja fotos numeradas en recorrido/. Trabaja sobre una copia de la demostración, así
-# que siempre empieza igual.
+# verdaderas y deja en recorrido/ fotos numeradas y los informes en PDF. Trabaja sobre una copia de
+# la demostración, así que siempre empieza igual.
 #
 #   herramientas/recorrido.sh CARPETA_DEMO USUARIO CLAVE_OFUSCADA
 set -euo pipefail
@@ -28,6 +28,10 @@ mkdir -p "$fotos" "$trabajo/aplicacion"
 cp -r "$demo/datos" "$trabajo/datos"
 "$construccion/bin/quorvex-admin" conexion --ubicacion "$trabajo" \
     --carpeta "$trabajo/aplicacion" >/dev/null
+mkdir "$fotos/certificados"
+"$construccion/bin/quorvex-admin" configurar --ubicacion "$trabajo" --compania 001 CONTABILIDAD \
+    GENERAL "CARPETA PARA UBICAR ARCHIVOS DE CERTIFICADOS GENERADOS COMO PDF" \
+    "$fotos/certificados" >/dev/null
 export QUORVEX_DIRECTORIO=$trabajo/aplicacion
 export XDG_CONFIG_HOME=$trabajo/preferencias QT_QPA_PLATFORM=xcb
 
@@ -81,6 +85,32 @@ espere_ventana() {
     exit 1
 }
 
+# a_pdf NOMBRE [HOJAS]: graba el informe que ya pidió sus opciones y deja la imagen de sus primeras
+# hojas junto a las fotos.
+pdfs=0
+a_pdf() {
+    local nombre=$1 hojas=${2:-2}
+    espere_ventana "Opciones de impresión"
+    teclas alt+a alt+r
+    escriba "PDF"
+    [ "$pdfs" = 0 ] && foto "opciones_$nombre"
+    teclas Return
+    espere_ventana "Guardar"
+    teclas ctrl+a
+    escriba "$fotos/$nombre.pdf"
+    teclas Return
+    for _ in $(seq 150); do [ -s "$fotos/$nombre.pdf" ] && break; viva; sleep 0.2; done
+    if [ ! -s "$fotos/$nombre.pdf" ]; then
+        foto "sin_$nombre"
+        echo "No se grabó $nombre.pdf"
+        exit 1
+    fi
+    espere 0.3
+    pdftoppm -r 80 -png -l "$hojas" "$fotos/$nombre.pdf" "$fotos/${nombre}_hoja"
+    pdfs=$((pdfs + 1))
+    echo "     $nombre.pdf"
+}
+
 # --- sin línea de órdenes no se entra
 "$construccion/bin/quorvex-contabilidad" &
 programa=$!
@@ -115,4 +145,4 @@ if [ -s "$trabajo/aplicacion/ERRORES.TXT" ]; then
     iconv -f ISO-8859-1 -t UTF-8 "$trabajo/aplicacion/ERRORES.TXT"
 fi
 "$construccion/bin/quorvex-admin" verificar --ubicacion "$trabajo" --compania 001
-echo "Recorrido terminado: $numero fotos en $fotos"
+echo "Recorrido terminado: $numero fotos y $pdfs informes en PDF en $fotos"

@@ -7,69 +7,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <optional>
+#include <unistd.h>
 
 namespace {
-
-QStringList tablas_de(Conexion& conexion) {
-    QStringList tablas;
-    const auto c = conexion.abra(QStringLiteral(
-        "select trim(rdb$relation_name) from rdb$relations where rdb$system_flag = 0"
-        " and rdb$view_blr is null and coalesce(rdb$relation_type, 0) = 0 order by 1"));
-    while (c->siguiente())
-        tablas << c->valor(0).texto();
-    return tablas;
-}
-
-/// Base aparte para probar un respaldo, que se borra al salir.
-class BaseAparte {
-public:
-    explicit BaseAparte(const ParametrosConexion& original) : parametros_(original) {
-        const Ubicacion lugar(original.base);
-        parametros_.base = lugar.en_servidor()
-                               ? original.base + QStringLiteral(".prueba")
-                               : QDir::temp().filePath(
-                                     QStringLiteral("quorvex_prueba_%1.fdb").arg(quintptr(this)));
-    }
-    ~BaseAparte() {
-        try {
-            Conexion c;
-            c.conectar(parametros_);
-            c.borre_base();
-        } catch (const std::exception&) {
-            // Si no llegó a crearse no hay qué borrar.
-        }
-    }
-    const ParametrosConexion& parametros() const { return parametros_; }
-
-private:
-    ParametrosConexion parametros_;
-};
-
-qint64 total_filas(const QMap<QString, QString>& cuenta) {
-    qint64 total = 0;
-    for (auto i = cuenta.begin(); i != cuenta.end(); ++i)
-        if (!i.key().contains('.'))
-            total += i.value().toLongLong();
-    return total;
-}
-
-bool entre(const QString& valor, const QString& antes, const QString& despues) {
-    const Moneda v = Moneda::de_texto(valor), a = Moneda::de_texto(antes),
-                 d = Moneda::de_texto(despues);
-    return v >= qMin(a, d) && v <= qMax(a, d);
-}
-
-QMap<QString, QString> recuento_de(const ParametrosConexion& parametros) {
-    Conexion c;
-    c.conectar(parametros);
-    return recuento(c);
-}
-
-/// Un archivo cortado a tiempo puede dar una base sin filas: no es un respaldo de este sistema.
-void exija_contenido(const QMap<QString, QString>& cuenta) {
-    if (cuenta.value(QStringLiteral("VERSION_ESQUEMA")).toInt() < 1)
-        throw ErrorDatos(QStringLiteral("El respaldo está incompleto o no es de este sistema."));
-}
 
 void exija_sola(const ParametrosConexion& base) {
     Conexion c;
@@ -80,96 +23,181 @@ void exija_sola(const ParametrosConexion& base) {
                              .arg(otras.join(QStringLiteral(", "))));
 }
 
-} // namespace
+ParametrosConexion con_sufijo(const ParametrosConexion& base, const QString& sufijo) {
+    ParametrosConexion otra = base;
+    otra.base += sufijo;
+    return otra;
+}
 
-QMap<QString, QString> recuento(Conexion& conexion) {
-    QMap<QString, QString> cuenta;
-    Transaccion foto(conexion, Transaccion::Modo::Instantanea);
-    const auto mida = [&](const QString& clave, const QString& sql) {
-        Cursor c(std::make_shared<Preparada>(conexion, foto, sql), foto, {});
-        cuenta[clave] = c.siguiente() ? c.valor(0).texto() : QString();
-    };
-    for (const QString& t : tablas_de(conexion)) {
-        mida(t, QStringLiteral("select count(*) from \"%1\"").arg(t));
-        if (t.startsWith(QLatin1String("COMPROBANTE_DETALLE")))
-            for (const char* columna : {"CODE_DEBITO", "CODE_CREDITO"})
-                mida(t + '.' + QLatin1String(columna),
-                     QStringLiteral("select coalesce(sum(%2), 0) from %1")
-                         .arg(t, QLatin1String(columna)));
+/// El recuento de una base que abre y es de este sistema; nada si no la hay o quedó a medias.
+std::optional<QMap<QString, QString>> contenido(const ParametrosConexion& base) {
+    try {
+        const auto cuenta = recuento_de(base);
+        exija_contenido(cuenta);
+        return cuenta;
+    } catch (const ErrorDatos&) {
+        return {};
     }
+}
+
+/// Restaura en `destino`, que aún no es la base de nadie, y revisa lo que quedó.
+QMap<QString, QString> restaure_y_revise(const QString& archivo, const ParametrosConexion& destino,
+                                         TipoBase tipo) {
+    restaure_base(archivo, destino, true);
+    const auto cuenta = recuento_de(destino);
+    exija_contenido(cuenta);
+    Conexion c;
+    c.conectar(destino);
+    const int version = version_de_esquema(c);
+    if (version > version_conocida(tipo))
+        throw ErrorDatos(negativa_de_version(tipo, version));
     return cuenta;
 }
 
-ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QString& archivo) {
-    const auto antes = recuento_de(base);
-    respalde_base(base, archivo);
-    const auto despues = recuento_de(base);
-    const BaseAparte aparte(base);
+void borre(const ParametrosConexion& base) noexcept {
     try {
-        restaure_base(archivo, aparte.parametros(), true);
-        const auto copia = recuento_de(aparte.parametros());
-        exija_contenido(copia);
-        if (copia.keys() != antes.keys())
-            throw ErrorDatos(QStringLiteral("la copia no tiene las mismas tablas"));
-        for (auto i = copia.begin(); i != copia.end(); ++i)
-            if (!entre(i.value(), antes[i.key()], despues[i.key()]))
-                throw ErrorDatos(QStringLiteral("%1 tiene %2 en la copia y %3 en la base")
-                                     .arg(i.key(), i.value(), antes[i.key()]));
-        return {int(copia.size()), total_filas(copia), QFileInfo(archivo).size()};
-    } catch (const ErrorDatos& e) {
-        const QString dudoso = archivo + QStringLiteral(".dudoso");
-        QFile::remove(dudoso);
-        QFile::rename(archivo, dudoso);
-        throw ErrorDatos(
-            QStringLiteral("El respaldo no pasó la prueba de restauración y quedó como "
-                           "%1: %2")
-                .arg(dudoso, e.texto()));
+        Conexion c;
+        c.conectar(base);
+        c.borre_base();
+    } catch (const std::exception&) {
+        // Lo que no se pudo abrir no es una base buena: estorba, pero no hace daño.
     }
 }
 
-ResultadoRespaldo restaure_en_lugar(const QString& archivo, const ParametrosConexion& base) {
-    if (!QFile::exists(archivo))
-        throw ErrorDatos(QStringLiteral("No se encontró el archivo de respaldo %1.").arg(archivo));
-    const Ubicacion lugar(base.base);
-    const auto resultado = [&](const QMap<QString, QString>& cuenta) {
-        return ResultadoRespaldo{int(cuenta.size()), total_filas(cuenta),
-                                 QFileInfo(archivo).size()};
-    };
-    if (lugar.en_servidor()) {
-        {
-            const BaseAparte aparte(base);
-            restaure_base(archivo, aparte.parametros(), true);
-            exija_contenido(recuento_de(aparte.parametros()));
-        }
-        // Sin base previa no hay sesión que estorbe; con ella, el servidor también la protege.
-        try {
-            exija_sola(base);
-        } catch (const ErrorBase& e) {
-            if (!e.texto().contains(QLatin1String("I/O error")))
-                throw;
-        }
-        restaure_base(archivo, base, true);
-        return resultado(recuento_de(base));
-    }
-    ParametrosConexion nueva = base;
-    nueva.base = base.base + QStringLiteral(".restaurada");
-    QFile::remove(nueva.base);
+/// Cambia un archivo de nombre y, si el otro existe, lo reemplaza sin que falte un instante.
+void renombre(const QString& de, const QString& a) {
+    if (std::rename(QFile::encodeName(de).constData(), QFile::encodeName(a).constData()) != 0)
+        throw ErrorDatos(QStringLiteral("No se pudo cambiar de nombre %1 a %2. Verifique los "
+                                        "permisos de la carpeta; los dos archivos siguen en su "
+                                        "sitio.")
+                             .arg(de, a));
+    // Dos nombres del mismo archivo: el sistema no hace nada y quedan los dos.
+    QFile::remove(de);
+}
+
+/// El mismo archivo con otro nombre; en un disco que no admite enlaces, una copia.
+void duplique(const QString& de, const QString& a) {
+    QFile::remove(a);
+    if (::link(QFile::encodeName(de).constData(), QFile::encodeName(a).constData()) != 0 &&
+        !QFile::copy(de, a))
+        throw ErrorDatos(QStringLiteral("No se pudo apartar %1. Verifique el espacio y los "
+                                        "permisos de la carpeta.")
+                             .arg(de));
+}
+
+// El archivo en curso no vale hasta revisarlo; de ahí en adelante solo hay cambios de nombre, y en
+// todo momento la base está en su sitio: o la de antes o la restaurada.
+QMap<QString, QString> restaure_aqui(const QString& archivo, const ParametrosConexion& base,
+                                     TipoBase tipo, const PasoRestauracion& paso) {
+    const QString ruta = base.base, lista = ruta + QStringLiteral(".restaurada"),
+                  anterior = ruta + QStringLiteral(".anterior");
+    const ParametrosConexion en_curso = con_sufijo(base, QStringLiteral(".restaurando"));
+    QMap<QString, QString> cuenta;
+    QFile::remove(en_curso.base);
     try {
-        restaure_base(archivo, nueva, false);
-        const auto cuenta = recuento_de(nueva);
-        exija_contenido(cuenta);
-        if (QFile::exists(base.base)) {
-            exija_sola(base);
-            const QString anterior = base.base + QStringLiteral(".anterior");
-            QFile::remove(anterior);
-            if (!QFile::rename(base.base, anterior))
-                throw ErrorDatos(QStringLiteral("No se pudo apartar %1.").arg(base.base));
-        }
-        if (!QFile::rename(nueva.base, base.base))
-            throw ErrorDatos(QStringLiteral("No se pudo dejar la base en %1.").arg(base.base));
-        return resultado(cuenta);
+        cuenta = restaure_y_revise(archivo, en_curso, tipo);
     } catch (...) {
-        QFile::remove(nueva.base);
+        QFile::remove(en_curso.base);
         throw;
     }
+    paso("restaurada");
+    renombre(en_curso.base, lista);
+    paso("lista");
+    if (QFile::exists(ruta)) {
+        try {
+            exija_sola(base);
+        } catch (...) {
+            QFile::remove(lista); // la base sigue en uso y no hizo falta
+            throw;
+        }
+        duplique(ruta, anterior + QStringLiteral(".nueva"));
+        paso("duplicada");
+        renombre(anterior + QStringLiteral(".nueva"), anterior);
+        paso("apartada");
+    }
+    renombre(lista, ruta);
+    paso("cambiada");
+    return cuenta;
+}
+
+/// Nombre para la copia probada en el servidor: nunca el de otra que aún sirva.
+ParametrosConexion lugar_de_prueba(const ParametrosConexion& base) {
+    for (int i = 1;; ++i) {
+        const ParametrosConexion lugar = con_sufijo(
+            base, i == 1 ? QStringLiteral(".restaurada") : QStringLiteral(".restaurada%1").arg(i));
+        if (!contenido(lugar))
+            return lugar;
+    }
+}
+
+/// Deja en ".anterior" lo que la base tiene, comprobado fila por fila.
+void aparte_en_servidor(const ParametrosConexion& base, const QMap<QString, QString>& cuenta) {
+    const ParametrosConexion anterior = con_sufijo(base, QStringLiteral(".anterior"));
+    QTemporaryDir carpeta;
+    const QString copia = carpeta.filePath(QStringLiteral("anterior.fbk"));
+    respalde_base(base, copia);
+    restaure_base(copia, anterior, true);
+    if (recuento_de(anterior) != cuenta)
+        throw ErrorDatos(QStringLiteral("No se pudo apartar la base actual: su copia en %1 no "
+                                        "quedó igual. La base sigue como estaba.")
+                             .arg(anterior.base));
+}
+
+// En un servidor no hay cambios de nombre: mientras la base se reescribe en su sitio hay otras dos
+// completas, la restaurada y la anterior.
+QMap<QString, QString> restaure_en_servidor(const QString& archivo, const ParametrosConexion& base,
+                                            TipoBase tipo, const PasoRestauracion& paso) {
+    const ParametrosConexion lista = lugar_de_prueba(base);
+    QMap<QString, QString> cuenta;
+    try {
+        cuenta = restaure_y_revise(archivo, lista, tipo);
+    } catch (...) {
+        borre(lista);
+        throw;
+    }
+    paso("lista");
+    if (const auto actual = contenido(base)) {
+        try {
+            exija_sola(base);
+            aparte_en_servidor(base, *actual);
+        } catch (...) {
+            borre(lista);
+            throw;
+        }
+        paso("apartada");
+    }
+    QString falla;
+    try {
+        restaure_base(archivo, base, true);
+        if (recuento_de(base) != cuenta)
+            falla = QStringLiteral("no quedó igual a la copia probada");
+    } catch (const ErrorDatos& e) {
+        falla = e.texto();
+    }
+    if (!falla.isEmpty())
+        throw ErrorDatos(
+            QStringLiteral("La base %1 pudo quedar a medias: repita la orden. El "
+                           "respaldo restaurado y probado está en %2, y lo anterior "
+                           "en %3.\n%4")
+                .arg(base.base, lista.base, base.base + QStringLiteral(".anterior"), falla));
+    paso("cambiada");
+    borre(lista);
+    for (int i = 1; i < 10; ++i)
+        borre(con_sufijo(base, i == 1 ? QStringLiteral(".restaurada")
+                                      : QStringLiteral(".restaurada%1").arg(i)));
+    paso("limpia");
+    return cuenta;
+}
+
+} // namespace
+
+ResultadoRespaldo restaure_en_lugar(const QString& archivo, const ParametrosConexion& base,
+                                    TipoBase tipo, const PasoRestauracion& paso) {
+    if (!QFile::exists(archivo))
+        throw ErrorDatos(QStringLiteral("No se encontró el archivo de respaldo %1.").arg(archivo));
+    const PasoRestauracion avise = paso ? paso : [](const char*) {};
+    const auto cuenta = Ubicacion(base.base).en_servidor()
+                            ? restaure_en_servidor(archivo, base, tipo, avise)
+                            : restaure_aqui(archivo, base, tipo, avise);
+    return {int(cuenta.size()), total_filas(cuenta), QFileInfo(archivo).size()};
 }

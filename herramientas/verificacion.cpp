@@ -1,26 +1,95 @@
 #include "herramientas/verificacion.h"
 
+#include <QHash>
+
 namespace {
 
-constexpr int kMuestra = 20; // hallazgos que se nombran de cada clase; los demás se cuentan
+constexpr int kIntentos = 20; // cada uno espera su turno tras quien compacta
+constexpr int kMuestra = 20;  // hallazgos que se nombran de cada causa; los demás se cuentan
 
 const char* const kLibros[][2] = {{"2649", ""}, {"NIIF", "_NIIF"}};
 
-/// Agrega cada fila como "titulo: COLUMNA valor, ...".
-void liste(Conexion& c, const QString& titulo, const QString& sql, QStringList& hallazgos) {
-    const auto filas = c.abra(sql);
-    qint64 total = 0;
-    while (filas->siguiente()) {
-        if (++total > kMuestra)
-            continue;
-        QStringList partes;
-        for (int i = 0; i < filas->columnas().size(); ++i)
-            if (!filas->valor(i).texto().isEmpty())
-                partes << filas->columnas()[i].nombre + ' ' + filas->valor(i).texto();
-        hallazgos << titulo + QStringLiteral(": ") + partes.join(QStringLiteral(", "));
+/// Junta los hallazgos y, de cada causa, nombra los primeros.
+class Hallazgos {
+public:
+    void agregue(const QString& causa, const QString& hallazgo) {
+        if (++cuantos_[causa] <= kMuestra)
+            lista_ << hallazgo;
+        else if (cuantos_[causa] == kMuestra + 1)
+            largas_ << causa;
     }
-    if (total > kMuestra)
-        hallazgos << QStringLiteral("%1: y %2 más").arg(titulo).arg(total - kMuestra);
+    QStringList lista() const {
+        QStringList todos = lista_;
+        for (const QString& causa : largas_)
+            todos << QStringLiteral("%1: y %2 más").arg(causa).arg(cuantos_[causa] - kMuestra);
+        return todos;
+    }
+
+private:
+    QStringList lista_, largas_;
+    QHash<QString, int> cuantos_;
+};
+
+/// "COLUMNA valor, COLUMNA valor" de las columnas que traen algo.
+QString fila_con_nombres(const Cursor& filas) {
+    QStringList partes;
+    for (int i = 0; i < filas.columnas().size(); ++i)
+        if (!filas.valor(i).texto().isEmpty())
+            partes << filas.columnas()[i].nombre + ' ' + filas.valor(i).texto();
+    return partes.join(QStringLiteral(", "));
+}
+
+void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos) {
+    Cursor filas(c.prepare(QStringLiteral("select comprobante, libro, causa, detalle"
+                                          " from verifique_libros"),
+                           foto),
+                 foto, {});
+    while (filas.siguiente()) {
+        const QString comprobante = filas.valor(0).texto(), libro = filas.valor(1).texto(),
+                      causa = filas.valor(2).texto(), detalle = filas.valor(3).texto();
+        QStringList donde;
+        if (!comprobante.isEmpty())
+            donde << QStringLiteral("comprobante ") + comprobante;
+        if (!libro.isEmpty())
+            donde << QStringLiteral("libro ") + libro;
+        hallazgos.agregue(
+            causa + libro,
+            QStringLiteral("%1: %2").arg(donde.join(QStringLiteral(", ")), causa) +
+                (detalle.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(detalle)));
+    }
+}
+
+void revise_saldos(Conexion& c, Transaccion& foto, const QString& libro, Hallazgos& hallazgos) {
+    const QString titulo = QStringLiteral("saldo distinto de los renglones en el libro ") + libro;
+    Cursor filas(c.prepare("select * from verifique_saldos(" + QuotedStr(libro) + ')', foto), foto,
+                 {});
+    while (filas.siguiente())
+        if (filas.valor(0).texto() == QLatin1String("DESBORDE"))
+            hallazgos.agregue(QStringLiteral("desborde") + libro,
+                              QStringLiteral("libro %1, cuenta %2: sus importes no caben en una "
+                                             "suma; corrija los renglones desmedidos y recalcule")
+                                  .arg(libro, filas.valor(1).texto()));
+        else
+            hallazgos.agregue(titulo, titulo + QStringLiteral(": ") + fila_con_nombres(filas));
+}
+
+/// Si otro compactó mientras corría, la foto ya no sirve y se toma otra.
+void recalcule_libro(Conexion& c, const QString& sufijo) {
+    for (int intento = 1;; ++intento) {
+        try {
+            Transaccion t(c, Transaccion::Modo::EscrituraInstantanea);
+            c.prepare(QStringLiteral("execute procedure chequeo_saldos_conta%1('00000101', '0',"
+                                     " '99999999999999999999')")
+                          .arg(sufijo),
+                      t)
+                ->ejecute_con_salida(t, {});
+            t.confirme();
+            return;
+        } catch (const ErrorBase& e) {
+            if (!e.conflicto() || intento == kIntentos)
+                throw;
+        }
+    }
 }
 
 qint64 diferencias(Conexion& c) {
@@ -35,34 +104,30 @@ qint64 diferencias(Conexion& c) {
 } // namespace
 
 QStringList verifique_compania(Conexion& compania) {
-    QStringList hallazgos;
-    const bool cuadrados =
-        compania
-            .consulte(QStringLiteral("select conf_valor from configuracion where conf_modulo ="
-                                     " 'CONTABILIDAD' and conf_categoria = 'GENERAL' and"
-                                     " conf_propiedad = 'PERMITIR COMPROBANTES DESCUADRADOS'"))
-            .texto() != QLatin1String("SI");
+    Hallazgos hallazgos;
+    // Una sola foto: lo que otros graben entretanto no aparece a medias.
+    Transaccion foto(compania, Transaccion::Modo::Instantanea);
+    revise_libros(compania, foto, hallazgos);
+    for (const auto& libro : kLibros)
+        revise_saldos(compania, foto, QLatin1String(libro[0]), hallazgos);
+    return hallazgos.lista();
+}
+
+QStringList recalcule_saldos(Conexion& compania) {
+    Hallazgos hallazgos;
     for (const auto& [libro, sufijo] : kLibros) {
-        const QString nombre = QLatin1String(libro);
-        liste(compania, QStringLiteral("saldo distinto de los renglones en el libro ") + nombre,
-              "select * from verifique_saldos(" + QuotedStr(nombre) + ')', hallazgos);
-        if (cuadrados)
-            liste(compania, QStringLiteral("comprobante descuadrado en el libro ") + nombre,
-                  QStringLiteral("select e.tico_cod, e.prco_pref, e.enco_numero, sum(d.code_debito)"
-                                 " debitos, sum(d.code_credito) creditos"
-                                 " from comprobante_encabezado e join comprobante_detalle%1 d"
-                                 " on d.enco_consec = e.enco_consec"
-                                 " group by e.tico_cod, e.prco_pref, e.enco_numero"
-                                 " having sum(d.code_debito) <> sum(d.code_credito)"
-                                 " order by 1, 2, 3")
-                      .arg(QLatin1String(sufijo)),
-                  hallazgos);
+        recalcule_libro(compania, QLatin1String(sufijo));
+        const QString titulo =
+            QStringLiteral("saldo corregido en el libro ") + QLatin1String(libro);
+        const auto filas = compania.abra(
+            QStringLiteral("select tabla, cuenta, ano, mes, nit, proyecto, centro, articulo,"
+                           " debito, credito, debito_lineas, credito_lineas from saldos_corregidos"
+                           " where saco_libro = ? order by 1, 2, 3, 4, 5, 6, 7, 8"),
+            {Valor(libro)});
+        while (filas->siguiente())
+            hallazgos.agregue(titulo, titulo + QStringLiteral(": ") + fila_con_nombres(*filas));
     }
-    liste(compania, QStringLiteral("comprobante sin identificación definitiva"),
-          QStringLiteral("select tico_cod, prco_pref, enco_numero, enco_fecha"
-                         " from comprobante_encabezado where enco_consec = 0"),
-          hallazgos);
-    return hallazgos;
+    return hallazgos.lista();
 }
 
 qint64 compacte_saldos(Conexion& compania) {

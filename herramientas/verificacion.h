@@ -4,9 +4,15 @@
 
 #include <QStringList>
 
-/// Diferencias entre los saldos y los renglones de los dos libros, y comprobantes mal cerrados
-/// (descuadrados cuando no se permiten, o bajo el id provisional). Vacía si todo está bien.
+/// Lo que está mal en los dos libros, cada cosa con su comprobante, libro y causa: saldos que no
+/// son los de los renglones, comprobantes descuadrados (cuando no se permiten), encabezados y
+/// libros que perdieron sus renglones, renglones sin lo que su cuenta exige... Se lee en una sola
+/// foto, así que no importa que otros graben. Vacía si todo está bien.
 QStringList verifique_compania(Conexion& compania);
+
+/// Rehace los saldos de los dos libros a partir de los renglones, también con otros grabando, y
+/// dice cuáles estaban mal. Vacía si ninguno.
+QStringList recalcule_saldos(Conexion& compania);
 
 /// Compacta los saldos hasta no dejar diferencias; devuelve cuántas había.
 qint64 compacte_saldos(Conexion& compania);

@@ -40,12 +40,12 @@ void ConsultaCuenta::arme_encabezado(Formulario& formulario) {
 
 void ConsultaCuenta::FormCreate() {
     fdm().ConfigurarProviders(this);
-    const Tfdmcnt& sesion = fdmcnt();
-    consulta_.cuenta = sesion.cuenta_auxiliar;
-    consulta_.nit = sesion.tercero_auxiliar;
-    consulta_.proyecto = sesion.proyecto_auxiliar;
-    consulta_.centro = sesion.centro_auxiliar;
-    consulta_.articulo = sesion.articulo_auxiliar;
+    const auto pedida = peticion<AbreAuxiliar>();
+    consulta_.cuenta = pedida.cuenta_auxiliar;
+    consulta_.nit = pedida.tercero_auxiliar;
+    consulta_.proyecto = pedida.proyecto_auxiliar;
+    consulta_.centro = pedida.centro_auxiliar;
+    consulta_.articulo = pedida.articulo_auxiliar;
     ECuenta->setText(consulta_.cuenta);
     NomCuenta->setText(nombre_cuenta());
     if (EClave)

@@ -1,8 +1,9 @@
 #pragma once
-// Base de las consultas de una cuenta: la toman de la sesión al crearse y muestran su nombre.
-#include "sesion/tfdmcnt.h"
+// Base de las consultas de una cuenta: la de la AbreAuxiliar que las abre, con su nombre.
 #include "ledger/consultaperiodo.h"
 #include "ledger/familia.h"
+#include "sesion/peticiones.h"
+#include "sesion/tfdmcnt.h"
 
 class Formulario;
 class QLineEdit;

@@ -45,7 +45,7 @@ void ConsultaPeriodo::EAnoChange(int ano) {
 }
 
 void ConsultaPeriodo::periodo_movido() {
-    fdmcnt().balance_por_recalcular = true;
+    emit fdmcnt().balance_por_recalcular();
     recalcule();
 }
 

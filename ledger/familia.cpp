@@ -8,20 +8,6 @@ constexpr const char* kDeCuentas = "select cuen_nom from cuentas where cuen_cod 
 constexpr const char* kDeCuentasNiif = "select cuen_nom from cuentas_niif where cuen_cod = ";
 constexpr const char* kCuentaYTipo = "select cuen_nom, cuen_tipo from cuentas where cuen_cod = ";
 
-// Sin borrar las líneas NIIF el comprobante se lleva solo el libro 2649: así lo hacen los
-// auxiliares de cuenta, centro y artículo.
-const QStringList kBorradoLocal = {
-    QStringLiteral("delete from comprobante_detalle where enco_consec = "),
-    QStringLiteral("delete from comprobante_encabezado where enco_consec = "),
-};
-const QStringList kBorradoAmbos =
-    QStringList{QStringLiteral("delete from comprobante_detalle_niif where enco_consec = ")} +
-    kBorradoLocal;
-
-constexpr const char* kAvisoNiif =
-    "Recuerde que al borrar esta eiminando el movimiento NIIF y el movimiento en la contabilidad "
-    "según decreto 2694. ";
-
 } // namespace
 
 const QVector<DatosAuxiliar>& auxiliares() {
@@ -32,43 +18,33 @@ const QVector<DatosAuxiliar>& auxiliares() {
           Clave::Ninguna, "Auxiliar", Flechas::Invertidas, kDeCuenta},
          "saldo_cuenta",
          ConNit | ConCiudad | ConCentros,
-         "Referencia",
-         kBorradoLocal,
-         ""},
+         "Referencia"},
         {{"Tfauxiliarniif", "Auxiliar NIIF",
           "select * FROM AUXILIAR_CUENTA_MES_NIIF({cuenta!},{ano!},{mes}) order by {orden}", "",
           Clave::Ninguna, "AuxiliarNIIF", Flechas::Invertidas, kDeCuenta},
          "saldo_cuenta_niif",
          ConNit | ConCiudad | ConCentros,
-         "Referencia",
-         kBorradoAmbos,
-         kAvisoNiif},
+         "Referencia"},
         {{"Tfauxiliarterc", "Auxiliar por tercero",
           "select * from auxiliar_tercero_mes({cuenta},{nit},{ano},{mes}) order by {orden}",
           kDeCuentas, Clave::Tercero, "AuxTerc", Flechas::Invertidas, kDeCuenta},
          "",
          ConCentros,
-         "Ref.",
-         kBorradoAmbos,
-         ""},
+         "Ref."},
         // El nombre de la cuenta es el del libro 2649 también en su gemela NIIF.
         {{"Tfauxiliartercniif", "Auxiliar por tercero NIIF",
           "select * from auxiliar_tercero_mes_n({cuenta},{nit},{ano},{mes}) order by {orden}",
           kDeCuentas, Clave::Tercero, "AuxTerc", Flechas::Invertidas, kDeCuenta},
          "",
          ConCentros,
-         "Ref.",
-         kBorradoAmbos,
-         ""},
+         "Ref."},
         {{"Tfauxiliarcentro", "Auxiliar por centro de costo",
           "select * from auxiliar_centro_mes({cuenta},{proyecto},{centro},{ano},{mes}) order by "
           "{orden}",
           kDeCuentas, Clave::Centro, "AuxCentroCosto", Flechas::Ninguna, kDeCentro},
          "",
          ConNit | ConCiudad,
-         "Referencia",
-         kBorradoLocal,
-         ""},
+         "Referencia"},
         // Sin procedimiento propio: lee los movimientos del libro 2649.
         {{"Tfauxiliarcentroniif", "Auxiliar por centro de costo NIIF",
           "select * from auxiliar_centro_mes({cuenta},{proyecto},{centro},{ano},{mes}) order by "
@@ -76,17 +52,13 @@ const QVector<DatosAuxiliar>& auxiliares() {
           kDeCuentas, Clave::Centro, "AuxCentroCosto", Flechas::Ninguna, kDeCentro},
          "",
          ConNit | ConCiudad,
-         "Referencia",
-         kBorradoLocal,
-         ""},
+         "Referencia"},
         {{"Tfauxiliarart", "Auxiliar por artículo",
           "select * FROM AUXILIAR_ARTICULO_MES({cuenta},{articulo},{ano},{mes}) ORDER BY {orden}",
           kDeCuentas, Clave::Articulo, "AuxArtic", Flechas::Ninguna, kDeCuenta},
          "",
          ConNit | ConCentros,
-         "Referencia",
-         kBorradoLocal,
-         ""},
+         "Referencia"},
     };
     return tabla;
 }

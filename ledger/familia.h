@@ -2,13 +2,12 @@
 // Los miembros de las dos familias de consulta: auxiliares y saldos por clave.
 //
 // Cada pantalla es un renglón de estas tablas. También están aquí las diferencias que se conservan:
-// el auxiliar de cuenta sin comillas, el centro NIIF que lee el libro 2649, los borrados desiguales
-// y las flechas que unos tienen y otros no.
+// el auxiliar de cuenta sin comillas, el centro NIIF que lee el libro 2649 y las flechas que unos
+// tienen y otros no.
 #include "libro/libro.h"
 
 #include <QSize>
 #include <QString>
-#include <QStringList>
 #include <QVector>
 
 /// Lo que acompaña a la cuenta para escoger los movimientos o los saldos.
@@ -37,8 +36,6 @@ struct DatosAuxiliar : MiembroConsulta {
     const char* saldo; ///< procedimiento del saldo a la cabeza; vacío: no lo muestra
     unsigned columnas;
     const char* titulo_referencia;
-    QStringList borrados;      ///< órdenes, en su orden; a cada una se le agrega el id
-    const char* aviso_borrado; ///< antecede a la pregunta
 };
 
 struct DatosSaldo : MiembroConsulta {

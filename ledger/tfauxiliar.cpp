@@ -1,6 +1,6 @@
 #include "ledger/tfauxiliar.h"
 
-#include "sesion/borrado.h"
+#include "datos/recordset/foto.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/dialogos.h"
@@ -124,18 +124,20 @@ bool Tfauxiliar::FormClose() {
 
 // ---------------------------------------------------------------- consulta
 
-void Tfauxiliar::calcule_saldo_inicial() {
-    CBorrar.Open(QStringLiteral("select * from %1(").arg(miembro_.saldo) + QuotedStr(cuenta()) +
-                 ',' + QuotedStr(fdmcnt().compone_fecha("1")) + ')');
-    if (!CBorrar.IsEmpty())
-        Saldoi->valor(CBorrar.Fields(0).moneda());
-    CBorrar.Close();
+void Tfauxiliar::calcule_saldo_inicial(Foto& foto) {
+    const Valor saldo =
+        foto.consulte(QStringLiteral("select * from %1(").arg(miembro_.saldo) +
+                      QuotedStr(cuenta()) + ',' + QuotedStr(fdmcnt().compone_fecha("1")) + ')');
+    if (!saldo.nulo())
+        Saldoi->valor(saldo.moneda());
 }
 
 void Tfauxiliar::calcule_auxiliar(const QString& orden) {
+    // El saldo inicial y los renglones son del mismo instante.
+    Foto foto(fdm().Quorvex);
     if (Saldoi)
-        calcule_saldo_inicial();
-    CAuxiliar.Open(componga(orden) + kDesempate);
+        calcule_saldo_inicial(foto);
+    foto.abra(CAuxiliar, componga(orden) + kDesempate, Foto::PorPaquetes);
     muestre_periodo();
 }
 
@@ -156,25 +158,22 @@ void Tfauxiliar::SpeedButton3Click() {
 }
 
 void Tfauxiliar::editar_comprobante(const QString& id) {
-    fdmcnt().comprobante_encontrado = id;
-    pantallas().abrir("Tfedtmovimien");
+    abra_comprobante(id);
 }
 
 void Tfauxiliar::borrar_comprobante(const QString& id) {
-    BorradoComprobante c;
-    c.tipo = CAuxiliar.FieldByName("TIPOCOMP").texto();
-    c.prefijo = CAuxiliar.FieldByName("PREFIJO").texto();
-    c.numero = CAuxiliar.FieldByName("NUMERO").texto();
-    c.tipo_origen = CAuxiliar.FieldByName("TIPOREF").entero();
-    c.aviso = miembro_.aviso_borrado;
-    for (const QString& orden : miembro_.borrados)
-        c.ordenes << orden + id;
-    switch (borre_comprobante(c)) {
+    PedidoBorrado pedido;
+    pedido.id = id.toLongLong();
+    pedido.tipo = CAuxiliar.FieldByName("TIPOCOMP").texto();
+    pedido.prefijo = CAuxiliar.FieldByName("PREFIJO").texto();
+    pedido.numero = CAuxiliar.FieldByName("NUMERO").texto();
+    pedido.tipo_origen = CAuxiliar.FieldByName("TIPOREF").entero();
+    switch (fdmcnt().borrar_comprobante(objectName(), pedido)) {
     case ResultadoBorrado::Negado:
         close();
         break;
     case ResultadoBorrado::Borrado:
-        fdmcnt().balance_por_recalcular = true;
+        emit fdmcnt().balance_por_recalcular();
         CAuxiliar.Refresh();
         break;
     default:

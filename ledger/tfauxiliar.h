@@ -33,7 +33,7 @@ protected:
 private:
     void defina_campos();
     void arme();
-    void calcule_saldo_inicial();
+    void calcule_saldo_inicial(class Foto& foto);
 
     const DatosAuxiliar& miembro_;
 };

@@ -1,7 +1,10 @@
 #include "ledger/tfbalanceprueba.h"
 
+#include "datos/recordset/foto.h"
+
 #include "catalogues/letracuenta.h"
 #include "ledger/cifrascontrol.h"
+#include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/estilo.h"
@@ -37,24 +40,29 @@ struct Tfbalanceprueba::DatosPagina {
 };
 
 const std::array<Tfbalanceprueba::DatosPagina, 2> Tfbalanceprueba::kPaginas = {{
-    {Libro::Decreto2649,
-     "Dec.2649",
-     "DBGridEh1",
-     "consulta_balance_mes",
-     {"Cód. Cuenta", "Nombre cuenta", "S. Inicial", "Débitos", "Créditos", "S. Final"},
-     {"SIni", "Sdb", "Scr", "Sfin"},
-     "Tfauxiliar",
-     "Tfsaldoterc",
-     "Tfsaldocentro"},
-    {Libro::Niif,
-     "NIIF",
-     "DBGridEh2",
-     "consulta_balance_mes_niif",
-     {"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"},
-     {"SNIni", "SNdb", "SNcr", "SNfin"},
-     "Tfauxiliarniif",
-     "Tfsaldotercniif",
-     "Tfsaldocentroniif"},
+    {
+        .libro = Libro::Decreto2649,
+        .titulo = "Dec.2649",
+        .rejilla = "DBGridEh1",
+        .procedimiento = "consulta_balance_mes",
+        .titulos = {"Cód. Cuenta", "Nombre cuenta", "S. Inicial", "Débitos", "Créditos",
+                    "S. Final"},
+        .cajas = {"SIni", "Sdb", "Scr", "Sfin"},
+        .auxiliar = "Tfauxiliar",
+        .terceros = "Tfsaldoterc",
+        .centros = "Tfsaldocentro",
+    },
+    {
+        .libro = Libro::Niif,
+        .titulo = "NIIF",
+        .rejilla = "DBGridEh2",
+        .procedimiento = "consulta_balance_mes_niif",
+        .titulos = {"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"},
+        .cajas = {"SNIni", "SNdb", "SNcr", "SNfin"},
+        .auxiliar = "Tfauxiliarniif",
+        .terceros = "Tfsaldotercniif",
+        .centros = "Tfsaldocentroniif",
+    },
 }};
 
 Tfbalanceprueba::Tfbalanceprueba()
@@ -71,6 +79,7 @@ Tfbalanceprueba::Tfbalanceprueba()
     f.botones(findChild<BarraBotones*>());
     flechas("SpeedButton1", "SpeedButton2");
     tamano_del_area(140, 130);
+    connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] { por_recalcular_ = true; });
 
     Panel->setObjectName("Panel");
     Panel->setFrameShape(QFrame::StyledPanel);
@@ -156,20 +165,16 @@ void Tfbalanceprueba::FormCreate() {
     fdm().ConfigurarProviders(this);
     const Valor niveles = CBorrar.valor_unico("select max(estr_nivel) from estructura");
     nivel_ = niveles.nulo() ? kNivelPorOmision : int(niveles.entero());
-    const bool local =
-        fdm().configuracion("CONTABILIDAD", "GENERAL",
-                            "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
-                            "HACER CONSULTAS") == "2649";
+    const bool local = fdm().valor<Llave::LibroInicial>() == "2649";
     PageControl1->setCurrentIndex(local ? 0 : 1);
-    fdmcnt().balance_por_recalcular = true;
 }
 
 void Tfbalanceprueba::FormActivate() {
-    if (fdmcnt().balance_por_recalcular) {
+    if (por_recalcular_) {
         actualice_balance();
         ubique(actual(), actual().posicion);
         actual().posicion.clear();
-        fdmcnt().balance_por_recalcular = false;
+        por_recalcular_ = false;
     }
     actual().rejilla->setFocus();
 }
@@ -191,15 +196,18 @@ void Tfbalanceprueba::actualice_balance() {
     Panel->repaint();
     const auto oculte = qScopeGuard([this] { Panel->hide(); });
     muestre_periodo();
+    // Los dos libros y sus cifras de control son del mismo instante, aunque otros estén grabando.
+    Foto foto(fdm().Quorvex);
     for (Pagina& pagina : paginas_)
-        lea(pagina);
+        lea(pagina, foto);
 }
 
-void Tfbalanceprueba::lea(Pagina& pagina) {
-    pagina.conjunto->Open(QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
-                          QuotedStr(fdmcnt().ano_actual) + ", " +
-                          QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
-                          QString::number(nivel_) + ')');
+void Tfbalanceprueba::lea(Pagina& pagina, Foto& foto) {
+    foto.abra(*pagina.conjunto,
+              QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
+                  QuotedStr(fdmcnt().ano_actual) + ", " +
+                  QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
+                  QString::number(nivel_) + ')');
     pagina.cifras->muestre();
 }
 
@@ -273,18 +281,16 @@ void Tfbalanceprueba::BitBtn3Click() {
 
 // ---------------------------------------------------------------- consultas de la cuenta
 
-bool Tfbalanceprueba::consulte(Pagina& pagina, const QString& codigo) {
+bool Tfbalanceprueba::consulte(Pagina& pagina, const QString& codigo, const char* pantalla) {
     pagina.posicion = this->codigo(pagina);
     if (!fdmcnt().valide_cuenta(codigo, pagina.datos->libro))
         return false;
-    fdmcnt().cuenta_auxiliar = codigo;
+    pantallas().abrir(pantalla, AbreAuxiliar{.cuenta_auxiliar = codigo});
     return true;
 }
 
 void Tfbalanceprueba::abra(Pagina& pagina, const QString& codigo, const char* pantalla) {
-    if (consulte(pagina, codigo))
-        pantallas().abrir(pantalla);
-    else
+    if (!consulte(pagina, codigo, pantalla))
         QApplication::beep();
 }
 
@@ -313,6 +319,5 @@ void Tfbalanceprueba::BitBtn8Click() {
 
 void Tfbalanceprueba::BitBtn1Click() {
     // Los artículos son del libro 2649, se vea la página que se vea; un rechazo no pita.
-    if (consulte(paginas_[0], codigo(paginas_[0])))
-        pantallas().abrir("Tfsaldoartc");
+    consulte(paginas_[0], codigo(paginas_[0]), "Tfsaldoartc");
 }

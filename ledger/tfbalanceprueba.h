@@ -1,7 +1,7 @@
 #pragma once
 // Balance de prueba: los dos libros en un período, y la entrada a auxiliares y saldos.
-#include "sesion/tfdmcnt.h"
 #include "ledger/consultaperiodo.h"
+#include "sesion/tfdmcnt.h"
 
 #include <array>
 
@@ -63,14 +63,16 @@ private:
     void arme_botones();
     Pagina& actual();
     QString codigo(const Pagina& pagina) const;
-    void lea(Pagina& pagina);
+    void lea(Pagina& pagina, class Foto& foto);
     void guarde_posiciones();
     static void ubique(Pagina& pagina, const QString& codigo);
     void periodo_escogido();
-    /// Recuerda la fila y dice si su cuenta lleva movimiento; la deja como cuenta por consultar.
-    bool consulte(Pagina& pagina, const QString& codigo);
+    /// Recuerda la fila y, si su cuenta lleva movimiento, abre la pantalla en ella.
+    bool consulte(Pagina& pagina, const QString& codigo, const char* pantalla);
+    /// Lo mismo, con un pitido si no lo lleva.
     void abra(Pagina& pagina, const QString& codigo, const char* pantalla);
 
     std::array<Pagina, 2> paginas_;
     int nivel_ = 0;
+    bool por_recalcular_ = true; ///< el libro o el período cambiaron desde la última lectura
 };

@@ -1,5 +1,7 @@
 #include "ledger/tfsaldoterc.h"
 
+#include "datos/recordset/foto.h"
+
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
@@ -103,8 +105,9 @@ bool Tfsaldoterc::FormClose() {
 
 void Tfsaldoterc::calcule_saldoterc(const QString& orden) {
     // Entre iguales, por su llave: el motor no conserva ningún orden.
-    CSaldos.Open(componga(orden) + kMovidos + " order by " + orden +
-                 (por_centro() ? ",proyecto,centro" : ",codigo"));
+    Foto(fdm().Quorvex)
+        .abra(CSaldos, componga(orden) + kMovidos + " order by " + orden +
+                           (por_centro() ? ",proyecto,centro" : ",codigo"));
     muestre_periodo();
 }
 
@@ -132,29 +135,27 @@ void Tfsaldoterc::SpeedButton1Click() {
         mostrar_auxiliar_tercero(cuenta(), CSaldos.FieldByName("CODIGO").texto());
         return;
     }
-    if (por_centro())
-        seleccione_centro();
-    else
-        fdmcnt().articulo_auxiliar = CSaldos.FieldByName("CODIGO").texto();
-    fdmcnt().cuenta_auxiliar = cuenta();
-    pantallas().abrir(miembro_.auxiliar);
+    AbreAuxiliar auxiliar = con_centro();
+    if (!por_centro())
+        auxiliar.articulo_auxiliar = CSaldos.FieldByName("CODIGO").texto();
+    pantallas().abrir(miembro_.auxiliar, auxiliar);
 }
 
 void Tfsaldoterc::mostrar_auxiliar_tercero(const QString& cuenta, const QString& nit) {
-    fdmcnt().cuenta_auxiliar = cuenta;
-    fdmcnt().tercero_auxiliar = nit;
-    pantallas().abrir(miembro_.auxiliar);
+    pantallas().abrir(miembro_.auxiliar,
+                      AbreAuxiliar{.cuenta_auxiliar = cuenta, .tercero_auxiliar = nit});
 }
 
 void Tfsaldoterc::AdvGlowButton1Click() {
-    if (CSaldos.IsEmpty())
-        return;
-    fdmcnt().cuenta_auxiliar = cuenta();
-    seleccione_centro();
-    pantallas().abrir(miembro_.saldo_terceros);
+    if (!CSaldos.IsEmpty())
+        pantallas().abrir(miembro_.saldo_terceros, con_centro());
 }
 
-void Tfsaldoterc::seleccione_centro() {
-    fdmcnt().proyecto_auxiliar = CSaldos.FieldByName("PROYECTO").texto();
-    fdmcnt().centro_auxiliar = CSaldos.FieldByName("CENTRO").texto();
+AbreAuxiliar Tfsaldoterc::con_centro() const {
+    AbreAuxiliar auxiliar{.cuenta_auxiliar = cuenta()};
+    if (por_centro()) {
+        auxiliar.proyecto_auxiliar = CSaldos.FieldByName("PROYECTO").texto();
+        auxiliar.centro_auxiliar = CSaldos.FieldByName("CENTRO").texto();
+    }
+    return auxiliar;
 }

@@ -29,7 +29,8 @@ private:
     void arme();
     bool por_centro() const { return miembro_.por == Clave::Centro; }
     QVector<Valor> llave_actual() const;
-    void seleccione_centro();
+    /// La cuenta y, si las filas son centros, el de la fila.
+    AbreAuxiliar con_centro() const;
 
     const DatosSaldo& miembro_;
 };

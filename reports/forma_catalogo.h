@@ -1,6 +1,6 @@
 #pragma once
 // Catálogos impresos de un maestro: un rango sobre la columna por la que se ordena.
-#include "reports/forma_rango.h"
+#include "catalogues/forma_rango.h"
 
 class QButtonGroup;
 class QGroupBox;

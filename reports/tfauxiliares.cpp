@@ -1,6 +1,5 @@
 #include "reports/tfauxiliares.h"
 
-#include "sesion/apertura.h"
 #include "sesion/tfdm.h"
 
 Tfauxiliares::Tfauxiliares() : MenuBotones("Tfauxiliares", "Auxiliares") {
@@ -14,8 +13,8 @@ Tfauxiliares::Tfauxiliares() : MenuBotones("Tfauxiliares", "Auxiliares") {
                      {"SBCronologico", "Cronológico", "Tfrngcronologicos", 114},
                      {"SBDiario", "Diario detallado", "Tfrngcomprodiario", 115}};
     for (const auto& o : kOpciones)
-        opcion(o.nombre, o.texto, "x-office-document", [&o] {
+        opcion(o.nombre, o.texto, "x-office-document", o.pantalla, [&o] {
             if (fdm().exija_acceso(o.acceso))
-                abra_o_avise(o.pantalla);
+                pantallas().abrir(o.pantalla);
         });
 }

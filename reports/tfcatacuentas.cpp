@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int kNiveles = 5; ///< los que la plantilla distingue; los de más abajo son como el último
-
 QString clase_de_cuenta(const QString& tipo) {
     static const QMap<QString, QString> clases{
         {"I", "Inventario"}, {"C", "Cartera"}, {"A", "Activo fijo"}};
@@ -31,9 +29,7 @@ Tfcatacuentas::Tfcatacuentas()
     c.bandera("CUEN_ACTIVA").etiqueta("Activa");
     c.bandera("CUEN_AFECTABLE").etiqueta("Afectable");
     c.texto("CUEN_EQNIIF", 20).etiqueta("Cuenta NIIF equivalente");
-    for (int nivel = 1; nivel <= kNiveles; ++nivel)
-        entero_impreso(QStringLiteral("Nivel%1").arg(nivel));
-    entero_impreso("SinNivel");
+    entero_impreso("Nivel");
     for (const char* exige : {"Tercero", "Centro", "Retencion"})
         palabra(exige, 2);
     palabra("Clase", 12);
@@ -71,14 +67,10 @@ void Tfcatacuentas::describa() {
     // Por nombre, una cuenta queda lejos de la suya de arriba: el nivel no diría nada.
     int nivel = 0;
     if (por_codigo())
-        nivel = qBound(1,
-                       1 + int(std::lower_bound(digitos_.begin(), digitos_.end(),
-                                                int(dato("CUEN_COD").size())) -
-                               digitos_.begin()),
-                       kNiveles);
-    for (int n = 1; n <= kNiveles; ++n)
-        CAuxiliar.FieldByName(QStringLiteral("Nivel%1").arg(n)) = Valor(n == nivel ? 1 : 0);
-    CAuxiliar.FieldByName("SinNivel") = Valor(nivel == 0 ? 1 : 0);
+        nivel = 1 + int(std::lower_bound(digitos_.begin(), digitos_.end(),
+                                         int(dato("CUEN_COD").size())) -
+                        digitos_.begin());
+    CAuxiliar.FieldByName("Nivel") = Valor(nivel);
     CAuxiliar.FieldByName("Tercero") = si("CUEN_TERCERO") ? "Sí" : "";
     CAuxiliar.FieldByName("Centro") = si("CUEN_CENTRO") ? "Sí" : "";
     CAuxiliar.FieldByName("Retencion") = si("CUEN_RETENCION") ? "Sí" : "";

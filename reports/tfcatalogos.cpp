@@ -1,6 +1,5 @@
 #include "reports/tfcatalogos.h"
 
-#include "sesion/apertura.h"
 #include "sesion/tfdm.h"
 
 Tfcatalogos::Tfcatalogos() : MenuBotones("Tfcatalogos", "Catálogos") {
@@ -16,8 +15,8 @@ Tfcatalogos::Tfcatalogos() : MenuBotones("Tfcatalogos", "Catálogos") {
         {"SBPlantillas", "Plantillas", "x-office-document-template", "Plantillas", 104},
     };
     for (const Entrada& e : kEntradas)
-        opcion(e.nombre, e.texto, e.icono, [&e] {
+        opcion(e.nombre, e.texto, e.icono, e.pantalla, [&e] {
             if (fdm().exija_acceso(e.derecho))
-                abra_o_avise(e.pantalla);
+                pantallas().abrir(e.pantalla);
         });
 }

@@ -2,8 +2,8 @@
 
 #include "sesion/variables_informe.h"
 
+#include "catalogues/forma_rango.h"
 #include "sesion/instalacion.h"
-#include "reports/forma_rango.h"
 #include "toolkit/dialogos.h"
 
 #include <QMdiArea>
@@ -72,6 +72,7 @@ void Tfimprcentros::imprima() {
     motor.abrir_proyecto(motor.ProjectFile);
     fije_variables(motor, datos_.titulo);
     motor.conecte(datos_.conexion, CCatalogo);
+    motor.al_componer = [this] { CCatalogo.Close(); };
     motor.seleccionar_reporte(datos_.reporte);
     motor.ejecutar();
     motor.cerrar();

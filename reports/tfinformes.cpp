@@ -1,7 +1,5 @@
 #include "reports/tfinformes.h"
 
-#include "sesion/apertura.h"
-
 Tfinformes::Tfinformes() : MenuBotones("Tfinformes", "Informes contables") {
     // Cada menú pide el acceso de sus opciones.
     static const struct {
@@ -16,5 +14,5 @@ Tfinformes::Tfinformes() : MenuBotones("Tfinformes", "Informes contables") {
         {"SBOficiales", "Libros oficiales", "Tfoficiales", "x-office-document-template"},
         {"SBFormatos", "Formatos especiales", "Tfformatoconta", "document-properties"}};
     for (const auto& o : kOpciones)
-        opcion(o.nombre, o.texto, o.icono, [&o] { abra_o_avise(o.menu); });
+        opcion(o.nombre, o.texto, o.icono, o.menu, [&o] { pantallas().abrir(o.menu); });
 }

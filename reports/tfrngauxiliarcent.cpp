@@ -21,13 +21,11 @@ const DatosRango kDatos{"Tfrngauxiliarcent",
 
 Tfrngauxiliarcent::Tfrngauxiliarcent() : FormaRango(kDatos) {
     defina_auxiliar(CAuxiliar);
-    CAuxiliar.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
-    CAuxiliar.texto("NOMPROY", 60).etiqueta("Nombre del proyecto");
-    CAuxiliar.texto("NOMCENT", 60).etiqueta("Nombre del centro");
+    defina_columnas(CAuxiliar, {"NOMPROY", "NOMCENT"});
     CAuxiliar.texto("CTAPROY", 24).etiqueta("Cuenta y proyecto");
     CAuxiliar.texto("CTAPROYCENT", 28).etiqueta("Cuenta, proyecto y centro");
     CAuxiliar.decimal("SALDO").etiqueta("Saldo inicial").formato("#,###.00");
-    CAuxiliar.texto("TERCERO", 60).etiqueta("Nombre del tercero");
+    defina_columnas(CAuxiliar, {"TERCERO"});
     CAuxiliar.decimal("SALDOF").etiqueta("Saldo final").formato("#,###.00");
 
     Formulario f(this);
@@ -54,6 +52,7 @@ QString Tfrngauxiliarcent::titulo() {
 }
 
 void Tfrngauxiliarcent::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
+    motor.fijar_parametro("Saldo", "centro");
     if (marcada(agrupater))
         return;
     for (const char* banda : {"tercero", "totalter"})

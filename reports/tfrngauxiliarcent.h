@@ -1,7 +1,7 @@
 #pragma once
 // Auxiliar por centro de costo: los movimientos de cada cuenta en sus proyectos y centros.
-#include "reports/columnas_auxiliar.h"
-#include "reports/forma_rango.h"
+#include "catalogues/columnas_auxiliar.h"
+#include "catalogues/forma_rango.h"
 
 class Tfrngauxiliarcent : public FormaRango {
     Q_OBJECT

@@ -22,7 +22,6 @@ const DatosRango kDatos{"Tfrngauxiliarcta",
 
 Tfrngauxiliarcta::Tfrngauxiliarcta() : FormaRango(kDatos) {
     defina_auxiliar(CAuxiliar);
-    CAuxiliar.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
     CAuxiliar.decimal("SALDO").etiqueta("Saldo").formato("#,###.00");
     CAuxiliar.texto("CATEGORIA", 4).etiqueta("Categoría");
     CAuxiliar.decimal("INICIAL").etiqueta("Inicial").formato("#,###.00");
@@ -70,23 +69,20 @@ QString Tfrngauxiliarcta::titulo() {
 QString Tfrngauxiliarcta::reporte() {
     if (marcada(CkCateg))
         return "Categorias";
-    return fdm().configurado_si("COMPROBANTES", "AUXILIAR POR CUENTA MOSTRANDO CENTROS DE COSTOS")
-               ? "Cuentas"
-               : "Cuentassc";
+    return fdm().valor<Llave::AuxiliarConCentros>() ? "Cuentas" : "Cuentassc";
 }
 
 void Tfrngauxiliarcta::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
-    if (marcada(CkCateg))
-        return; // ya agrupa por cuenta, y dentro por categoría
-    if (marcada(Chcentro)) {
-        // El saldo corrido es de la cuenta; dentro de un centro interesa el del centro.
-        for (const char* banda : {"inicial", "saldo", "final"})
-            motor.fijar_grupo(pagina, banda, {});
+    const bool por_centros = marcada(Chcentro) && !marcada(CkCateg);
+    // El saldo corrido es de la cuenta; dentro de un centro interesa el del centro. De una sola
+    // categoría no hay saldo que partir ni que cerrar: solo su movimiento.
+    QString saldo = por_centros ? "centro" : "cuenta";
+    if (!valor("TxCateg").isEmpty())
+        saldo.clear();
+    motor.fijar_parametro("Saldo", saldo);
+    if (por_centros || marcada(CkCateg)) // por categoría ya agrupa por cuenta
         return;
-    }
-    for (const char* banda : {"grupo", "inicial", "total", "final"})
+    for (const char* banda : {"grupo", "total"})
         motor.fijar_grupo(pagina, banda, "CUENTA");
-    for (const char* banda :
-         {"centro", "totalcentro", "inicialcentro", "saldocentro", "finalcentro"})
-        motor.fijar_grupo(pagina, banda, {});
+    motor.fijar_grupo(pagina, "centro", {});
 }

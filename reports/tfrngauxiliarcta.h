@@ -1,7 +1,7 @@
 #pragma once
 // Auxiliar por cuenta: los movimientos de un rango de cuentas entre dos fechas.
-#include "reports/columnas_auxiliar.h"
-#include "reports/forma_rango.h"
+#include "catalogues/columnas_auxiliar.h"
+#include "catalogues/forma_rango.h"
 
 class Tfrngauxiliarcta : public FormaRango {
     Q_OBJECT

@@ -3,6 +3,7 @@
 #include "toolkit/formulario.h"
 
 #include <QCheckBox>
+#include <QCollator>
 
 namespace {
 const DatosRango kDatos{"Tfrngauxiliarter",
@@ -22,8 +23,7 @@ const DatosRango kDatos{"Tfrngauxiliarter",
 
 Tfrngauxiliarter::Tfrngauxiliarter() : FormaRango(kDatos) {
     defina_auxiliar(CAuxiliar);
-    CAuxiliar.texto("NOMCUENTA", 60).etiqueta("Nombre de la cuenta");
-    CAuxiliar.texto("NOMTERCERO", 60).etiqueta("Nombre del tercero");
+    defina_columnas(CAuxiliar, {"NOMTERCERO"});
     CAuxiliar.texto("CUENTANIT", 40).etiqueta("Cuenta y NIT");
     for (const auto& [campo, rotulo] : {std::pair{"SALDO", "Saldo inicial"},
                                         {"SALDOFIN", "Saldo final"},
@@ -32,6 +32,9 @@ Tfrngauxiliarter::Tfrngauxiliarter() : FormaRango(kDatos) {
     CAuxiliar.texto("DV", 1).etiqueta("DV");
     CAuxiliar.decimal("SALDOCTAF").etiqueta("Final de la cuenta").formato("#,###.00");
     CAuxiliar.calculado("SaldoF", ClaseCampo::Decimal, 2).etiqueta("Saldo").formato("#,###.00");
+    CAuxiliar.entero("ITEM").Visible = false;
+    CAuxiliar.calculado("Lugar", ClaseCampo::Entero, 0).Visible = false;
+    CAuxiliar.OnCalcFields = [this] { CAuxiliarCalcFields(); };
 
     Formulario f(this);
     arme_pares(f);
@@ -68,21 +71,48 @@ bool Tfrngauxiliarter::un_solo_centro() const {
     return valor("ProyIni") == valor("ProyFin") && valor("CentIni") == valor("CentFin");
 }
 
-void Tfrngauxiliarter::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
-    if (marcada(Chcentro)) {
-        // El saldo de partida es del tercero en todos los centros pedidos: repartido en varios, la
-        // hoja muestra solo el movimiento de cada uno.
-        if (!un_solo_centro())
-            for (const char* banda :
-                 {"inicialcuenta", "inicial", "rotulosaldo", "saldo", "final", "finalcuenta"})
-                motor.fijar_grupo(pagina, banda, {});
+void Tfrngauxiliarter::antes_de_abrir() {
+    saldo_.comience(marcada(cknombre));
+    lugar_.clear();
+    CAuxiliar.IndexFieldNames({});
+}
+
+void Tfrngauxiliarter::CAuxiliarCalcFields() {
+    saldo_.CAuxiliarCalcFields();
+    CAuxiliar.FieldByName("Lugar") = lugar_.value(CAuxiliar.FieldByName("NOMTERCERO").texto());
+}
+
+void Tfrngauxiliarter::despues_de_abrir() {
+    if (!marcada(cknombre))
         return;
-    }
-    for (const char* banda : {"grupo", "inicialcuenta", "total", "finalcuenta"})
+    // Por nombre, la consulta separa antes los centros y mezcla a los que se llaman igual: cada
+    // tercero de una cuenta se junta aquí, para que no empiece ni cierre más de una vez.
+    CAuxiliar.FetchAll();
+    QSet<QString> distintos;
+    for (CAuxiliar.First(); !CAuxiliar.Eof(); CAuxiliar.Next())
+        distintos << CAuxiliar.FieldByName("NOMTERCERO").texto();
+    QStringList nombres(distintos.begin(), distintos.end());
+    const QCollator alfabeto(QLocale(QLocale::Spanish, QLocale::Colombia));
+    std::sort(nombres.begin(), nombres.end(), alfabeto);
+    for (int i = 0; i < nombres.size(); ++i)
+        lugar_.insert(nombres[i], i);
+    CAuxiliar.recalcule();
+    const QString de_la_cuenta = "CUENTA;Lugar;NIT;FECHA;TIPOCOMP;PREFIJO;NUMERO;ITEM";
+    CAuxiliar.IndexFieldNames(marcada(Chcentro) ? "PROYECTO;CENTRO;" + de_la_cuenta : de_la_cuenta);
+    saldo_.recorra();
+}
+
+void Tfrngauxiliarter::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
+    // El saldo de partida es del tercero en todos los centros pedidos: repartido en varios, la hoja
+    // muestra solo el movimiento de cada uno.
+    const bool con_saldo = !marcada(Chcentro) || un_solo_centro();
+    motor.fijar_parametro("Saldo", con_saldo ? "cuenta" : "");
+    if (marcada(Chcentro))
+        return;
+    for (const char* banda : {"grupo", "total"})
         motor.fijar_grupo(pagina, banda, "cuenta");
-    for (const char* banda : {"tercero", "inicial", "tottercero", "final"})
+    for (const char* banda : {"tercero", "tottercero"})
         motor.fijar_grupo(pagina, banda, "CUENTANIT");
-    // Agrupado por la cuenta repetiría su título: queda por fuera.
-    for (const char* banda : {"centro", "totalcentro"})
-        motor.fijar_grupo(pagina, banda, {});
+    // Agrupado por la cuenta repetiría su título: queda por fuera, con su total.
+    motor.fijar_grupo(pagina, "centro", {});
 }

@@ -18,7 +18,8 @@ const DatosRango kDatos{"Tfrngcomprodiario",
 }
 
 Tfrngcomprodiario::Tfrngcomprodiario() : FormaRango(kDatos) {
-    defina_diario(CAuxiliar);
+    defina_columnas(CAuxiliar, {"CUENTA", "TIPOCOMP", "NOMCOMP", "PREFIJO", "NUMERO", "FECHA",
+                                "DEBITOS", "CREDITOS", "NOMCUENTA", "CONCEPTO", "REFER"});
 
     Formulario f(this);
     f.fila("Período:", cree_periodo());

@@ -1,7 +1,7 @@
 #pragma once
 // Comprobante de diario: lo que movió cada cuenta en un período, por tipo de comprobante.
-#include "reports/columnas_auxiliar.h"
-#include "reports/forma_rango.h"
+#include "catalogues/columnas_auxiliar.h"
+#include "catalogues/forma_rango.h"
 
 class Tfrngcomprodiario : public FormaRango {
     Q_OBJECT

@@ -1,25 +1,63 @@
 #include "reports/tfrngconsecutivos.h"
 
+#include "catalogues/columnas_auxiliar.h"
 #include "toolkit/formulario.h"
 
 #include <QCheckBox>
 
 namespace {
-const DatosRango kDatos{"Tfrngconsecutivos",
-                        "Consecutivos",
-                        {382, 254},
-                        "auxiliares.rav",
-                        "RConsecutivos",
-                        "CAuxiliar",
-                        "RepCompConsec",
-                        116,
-                        {{"EDesde", "EHasta", "Tipos", ClaseRango::Tipo, "", ""},
-                         {"EPrefIni", "EPrefFin", "Prefijos"},
-                         {"ENumIni", "ENumFin", "Números"}}};
+
+constexpr int kExportarAuxiliares = 116;
+
+} // namespace
+
+const QVector<DatosListado>& Tfrngconsecutivos::listados() {
+    static const QVector<DatosListado> tabla = {
+        {
+            .rango = {.clase = "Tfrngconsecutivos",
+                      .titulo = "Consecutivos",
+                      .tamano = {382, 254},
+                      .proyecto = "auxiliares.rav",
+                      .conexion = "RConsecutivos",
+                      .archivo = "RepCompConsec",
+                      .opcion_exportar = kExportarAuxiliares,
+                      .pares = {{"EDesde", "EHasta", "Tipos", ClaseRango::Tipo, "", ""},
+                                {"EPrefIni", "EPrefFin", "Prefijos"},
+                                {"ENumIni", "ENumFin", "Números"}}},
+            .procedimiento = "consecutivos_conta",
+            .tramos = {"Tipos:", " Prefijos:", " Números:"},
+            .con_fechas = false,
+            .detallado = "Consecdetal",
+            .consolidado = "Conseccons",
+            .titulo_niif = "Consecutivo de Comprobantes",
+        },
+        {
+            .rango = {.clase = "Tfrngcronologicos",
+                      .titulo = "Cronológico",
+                      .tamano = {382, 251},
+                      .proyecto = "auxiliares.rav",
+                      .conexion = "RCronologicos",
+                      .archivo = "RepCompCrono",
+                      .opcion_exportar = kExportarAuxiliares,
+                      .pares = {{"EDesde", "EHasta", "Tipos", ClaseRango::Tipo},
+                                {"EFecIni", "EFecFin", "Fechas", ClaseRango::Fecha, "",
+                                 "99991231"}}},
+            .procedimiento = "cronologico_conta",
+            .tramos = {"Tipos:", " Fechas:"},
+            .con_fechas = true,
+            .detallado = "Cronodetal",
+            .consolidado = "Cronocons",
+            .titulo_niif = "Cronológico de Comprobantes",
+        },
+    };
+    return tabla;
 }
 
-Tfrngconsecutivos::Tfrngconsecutivos() : FormaRango(kDatos) {
-    defina_listado(CAuxiliar);
+Tfrngconsecutivos::Tfrngconsecutivos(const DatosListado& listado)
+    : FormaRango(listado.rango), listado_(listado) {
+    defina_columnas(CAuxiliar, {"ID", "TIPOCOMP", "PREFIJO", "NUMERO", "FECHA", "CUENTA", "NIT",
+                                "PROYECTO", "CENTRO", "CONCEPTO", "REF", "BASE", "PORC", "DEBITO",
+                                "CREDITO", "TIPOREF", "IDREF", "NOMTIPO"});
 
     Formulario f(this);
     arme_pares(f);
@@ -29,26 +67,31 @@ Tfrngconsecutivos::Tfrngconsecutivos() : FormaRango(kDatos) {
     arme_casillas(f, {Ckdetalle, ckniif, CkDesc});
     arme_titulo(f);
     arme_botones(f);
+    if (listado_.con_fechas)
+        ponga_fechas();
 }
 
 QString Tfrngconsecutivos::sql() {
+    QStringList limites;
+    for (const ParRango& par : datos_.pares)
+        limites << entre_comillas(par.desde) << entre_comillas(par.hasta);
     // La bandera es la inversa de la casilla: 'S' pide el listado consolidado.
-    return QStringLiteral("select * from consecutivos_conta(") +
-           argumentos({"EDesde", "EHasta", "EPrefIni", "EPrefFin", "ENumIni", "ENumFin"}) +
+    return "select * from " + listado_.procedimiento + '(' + limites.join(", ") +
            (marcada(Ckdetalle) ? ", 'N'" : ", 'S'") + (niif() ? ", 'S')" : ", 'N')") +
            (marcada(CkDesc) ? " where DEBITO <> CREDITO" : "");
 }
 
 QString Tfrngconsecutivos::titulo() {
-    return tramo("Tipos:", "EDesde", "EHasta") + tramo(" Prefijos:", "EPrefIni", "EPrefFin") +
-           tramo(" Números:", "ENumIni", "ENumFin");
+    QString texto;
+    for (int i = 0; i < datos_.pares.size(); ++i)
+        texto += tramo(listado_.tramos[i], datos_.pares[i].desde, datos_.pares[i].hasta);
+    return texto;
 }
 
 QString Tfrngconsecutivos::reporte() {
-    return marcada(Ckdetalle) ? "Consecdetal" : "Conseccons";
+    return marcada(Ckdetalle) ? listado_.detallado : listado_.consolidado;
 }
 
 QString Tfrngconsecutivos::titulo_niif() {
-    return marcada(Ckdetalle) ? "Consecutivo de Comprobantes Detallado NIIF"
-                              : "Consecutivo de Comprobantes Consolidado NIIF";
+    return listado_.titulo_niif + (marcada(Ckdetalle) ? " Detallado NIIF" : " Consolidado NIIF");
 }

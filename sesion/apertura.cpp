@@ -10,7 +10,7 @@ bool hay_pantalla(const QString& nombre) {
     return false;
 }
 
-void abra_o_avise(const QString& pantalla) {
+void abra_o_avise(const QString& pantalla, Encargo encargo) {
     if (hay_pantalla(pantalla))
-        pantallas().abrir(pantalla);
+        pantallas().abrir(pantalla, std::move(encargo));
 }

@@ -2,155 +2,153 @@
 
 #include "datos/firebird/valor.h"
 
-#include <QSet>
-
 namespace {
 
-const TipoDocumentoSuite kPorNumero[] = {
-    // tipo, id, tabla, número, prefijo
-    {10, "caco_id", "cambio_costo", "caco_numero", "pref_pre"},
-    {11, "entr_id", "entradas", "entr_numero", "pref_pre"},
-    {12, "sali_id", "salidas", "sali_numero", "pref_pre"},
-    {13, "tran_id", "trasferencias", "tran_numero", "pref_pre"},
-    {14, "ajus_id", "ajustes", "ajus_numero", "pref_pre"},
-    {15, "ensa_id", "ensambles", "ensa_numero", "pref_pre"},
-    {16, "dese_id", "desensambles", "dese_numero", "pref_pre"},
-    {17, "rese_id", "reservas", "rese_numero", "pref_pre"},
-    {18, "orin_id", "ordenes_inventario", "orin_numero", "pref_pre"},
-    {19, "pror_id", "produccion_orden", "pror_numero", "pref_pre"},
-    {20, "pror_id", "produccion_entrada_enc", "prde_numero", "prde_pref"},
-    {21, "faco_id", "facturas_compra", "faco_numero", "pref_pre"},
-    {22, "repr_id", "remision_proveedor", "repr_numero", "pref_pre"},
-    {23, "ordc_id", "ordenes_compra", "ordc_numero", "pref_pre"},
-    {24, "dvco_id", "devoluciones_compras", "dvco_numero", "pref_pre"},
-    {25, "copr_id", "cotizacion_proveedor", "copr_numero", "pref_pre"},
-    {27, "plpr_id", "plan_produccion", "plpr_numero", "plpr_pref"},
-    {28, "prsa_id", "produccion_salida_enc", "prsa_numero", "prsa_pref"},
-    {29, "prdd_id", "produccion_devolucion", "prdd_numero", "prdd_pref"},
-    {31, "fact_id", "facturas", "fact_numero", "pref_pre"},
-    {32, "revt_id", "remisiones_venta", "revt_numero", "pref_pre"},
-    {33, "devt_id", "devoluciones_ventas", "devt_numero", "pref_pre"},
-    {34, "pedi_id", "pedidos", "pedi_numero", "pref_pre"},
-    {35, "coti_id", "cotizaciones", "coti_numero", "pref_pre"},
-    {40, "pend_id", "pendiente_ventas", "pend_numero", "pref_pre"},
-    {41, "ndcl_id", "notas_debito_clientes", "ndcl_numero", "pref_pre"},
-    {42, "nccl_id", "notas_credito_clientes", "nccl_numero", "pref_pre"},
-    {43, "apcl_id", "aplicacion_cliente", "apcl_numero", "pref_pre"},
-    {44, "pacl_id", "pagos_clientes", "pacl_numero", "pref_pre"},
-    {45, "ancl_id", "anticipos_cliente", "ancl_numero", "pref_pre"},
-    {46, "cain_id", "causa_interes", "cain_numero", "pref_pre"},
-    {47, "deca_id", "deterioro_cartera_enc", "deca_numero", "pref_pre"},
-    {48, "cred_id", "credito_educativo", "cred_nro", ""},
-    {51, "ndpr_id", "notas_debito_proveedor", "ndpr_numero", "pref_pre"},
-    {52, "ncpr_id", "notas_credito_proveedor", "ncpr_numero", "pref_pre"},
-    {53, "appr_id", "aplicacion_provedor", "appr_numero", "pref_pre"},
-    {54, "papr_id", "pagos_proveedor", "papr_numero", "pref_pre"},
-    {55, "anpr_id", "anticipos_proveedor", "anpr_numero", "pref_pre"},
-    {61, "reca_id", "RECIBOS_CAJA", "reca_numero", "pref_pre"},
-    {62, "egre_id", "egresos", "egre_numero", "pref_pre"},
-    {63, "cado_id", "cambio_documentos", "cado_numero", "pref_pre"},
-    {64, "cotj_id", "consigna_tarjetas", "cotj_numero", "pref_pre"},
-    {65, "rcpr_id", "recibo_provisional", "rcpr_numero", "pref_pre"},
-    {66, "trcj_id", "traslados_caja", "trcj_numero", "pref_pre"},
-    {67, "arqc_id", "arqueo_caja", "arqc_numero", "pref_pre"},
-    {85, "cgrm_id", "carga_remesa", "cgrm_numero", "cgrm_pref"},
-    {87, "cgrm_id", "carga_remesa", "cgrm_numero", "cgrm_pref"},
-    {86, "tiqp_id", "tiquete_pasajero", "tiqp_numero", "tiqp_pref"},
-    {88, "plpa_id", "planilla_pasajeros", "plpa_numero", "plpa_pref"},
-    {89, "manc_id", "manifiesto_carga", "manc_numero", "manc_pref"},
-    {132, "fapo_id", "factura_proforma", "fapo_numero", "pref_pre"},
-    {137, "fapo_id", "factura_proforma", "fapo_numero", "pref_pre"},
-    {133, "impo_id", "importacion", "impo_numero", "impo_pref"},
-    {138, "gain_id", "gastos_importacion", "gain_numero", "gain_pref"},
-    {139, "slim_id", "solicitud_importacion", "slim_numero", "pref_pre"},
-    {181, "cncl_id", "contratos_colegios", "cncl_numero", ""},
-    {182, "liqr_id", "liquidacion_ruta_colegio", "liqr_numero", ""},
-    {301, "crev_id", "crm_eventos", "even_numero", "even_pref"},
+// Cuáles de las tres consultas conocen un documento.
+enum Rutina : unsigned {
+    kExiste = 1,  ///< existe_numero
+    kMuestra = 2, ///< numero_documento
+    kNum = 4,     ///< num_documento
+    kTodas = kExiste | kMuestra | kNum,
 };
 
-// Aquí la columna del prefijo puede ser también un texto fijo.
-const TipoDocumentoSuite kPorId[] = {
-    {11, "entr_id", "entradas", "entr_numero", "pref_pre"},
-    {12, "sali_id", "salidas", "sali_numero", "pref_pre"},
-    {13, "tran_id", "trasferencias", "tran_numero", "pref_pre"},
-    {14, "ajus_id", "ajustes", "ajus_numero", "pref_pre"},
-    {15, "ensa_id", "ensambles", "ensa_numero", "pref_pre"},
-    {16, "dese_id", "desensambles", "dese_numero", "pref_pre"},
-    {21, "faco_id", "facturas_compra", "faco_numero", "pref_pre"},
-    {22, "repr_id", "remision_proveedor", "repr_numero", "pref_pre"},
-    {23, "ordc_id", "ordenes_compra", "ordc_numero", "pref_pre"},
-    {24, "dvco_id", "devoluciones_compras", "dvco_numero", "pref_pre"},
-    {25, "copr_id", "cotizacion_proveedor", "copr_numero", "pref_pre"},
-    {31, "fact_id", "facturas", "fact_numero", "pref_pre"},
-    {32, "revt_id", "remisiones_venta", "revt_numero", "pref_pre"},
-    {33, "devt_id", "devoluciones_ventas", "devt_numero", "pref_pre"},
-    {34, "pedi_id", "pedidos", "pedi_numero", "pref_pre"},
-    {35, "coti_id", "cotizaciones", "coti_numero", "pref_pre"},
-    {40, "pend_id", "pendiente_ventas", "pend_numero", "pref_pre"},
-    {41, "ndcl_id", "notas_debito_clientes", "ndcl_numero", "pref_pre"},
-    {42, "nccl_id", "notas_credito_clientes", "nccl_numero", "pref_pre"},
-    {43, "apcl_id", "aplicacion_cliente", "apcl_numero", "pref_pre"},
-    {45, "ancl_id", "anticipos_cliente", "ancl_numero", "pref_pre"},
-    {47, "deca_id", "deterioro_cartera_enc", "deca_numero", "pref_pre"},
-    {48, "cred_id", "credito_educativo", "cred_nro", "'0000'"},
-    {51, "ndpr_id", "notas_debito_proveedor", "ndpr_numero", "pref_pre"},
-    {52, "ncpr_id", "notas_credito_proveedor", "ncpr_numero", "pref_pre"},
-    {53, "appr_id", "aplicacion_provedor", "appr_numero", "pref_pre"},
-    {55, "anpr_id", "anticipos_proveedor", "anpr_numero", "pref_pre"},
-    {61, "reca_id", "recibos_caja", "reca_numero", "pref_pre"},
-    {62, "egre_id", "egresos", "egre_numero", "pref_pre"},
-    {64, "cotj_id", "consigna_tarjetas", "cotj_numero", "pref_pre"},
-    {65, "rcpr_id", "recibo_provisional", "rcpr_numero", "pref_pre"},
-    {66, "trcj_id", "traslados_caja", "trcj_numero", "pref_pre"},
-    {71, "cons_id", "consigna", "cons_numero", "prba_pref"},
-    {74, "ndbc_id", "notas_debito", "ndbc_numero", "prba_pref"},
-    {75, "ncbc_id", "notas_credito", "ncbc_numero", "prba_pref"},
-    {76, "tras_id", "traslados", "tras_numero", "prba_pref"},
-    {77, "dvch_id", "devolucion_cheques", "dvch_numdoc", "prba_pref"},
-    {85, "cgrm_id", "carga_remesa", "cgrm_numero", "cgrm_pref"},
-    {87, "cgrm_id", "carga_remesa", "cgrm_numero", "cgrm_pref"},
-    {86, "tiqp_id", "tiquete_pasajero", "tiqp_numero", "tiqp_pref"},
-    {88, "plpa_id", "planilla_pasajeros", "plpa_numero", "plpa_pref"},
-    {89, "manc_id", "manifiesto_carga", "manc_numero", "manc_pref"},
-    {92, "nomi_id", "nomina", "nomi_periodo", "nomi_ano"},
-    {99, "liqd_id", "liquidacion", "terc_nit", "' '"},
-    {132, "fapo_id", "factura_proforma", "fapo_numero", "pref_pre"},
-    {137, "fapo_id", "factura_proforma", "fapo_numero", "pref_pre"},
-    {133, "impo_id", "importacion", "impo_numero", "impo_pref"},
-    {139, "slim_id", "solicitud_importacion", "slim_numero", "pref_pre"},
-    {181, "cncl_id", "contratos_colegios", "cncl_numero", "'0000'"},
-    {182, "liqr_id", "liquidacion_ruta_colegio", "liqr_numero", "'0000'"},
-    {301, "even_id", "crm_eventos", "even_numero", "even_pref"},
+/// En qué se aparta un documento de los demás, o una consulta suya de las otras.
+struct Diferencias {
+    bool por_tipo = false;        ///< comparte su tabla con otro y se separan por el tipo
+    const char* id_mostrado = ""; ///< el id con que se muestra no es el que se encuentra
+    const char *tabla_num = "", *numero_num = "", *prefijo_num = ""; ///< los de num_documento
 };
 
-template <size_t N>
-const TipoDocumentoSuite* busque(const TipoDocumentoSuite (&tabla)[N], int tipo) {
-    for (const auto& t : tabla)
-        if (t.tipo == tipo)
-            return &t;
+/// Dónde está un documento y cómo se llaman sus columnas.
+struct DocumentoSuite {
+    int tipo;
+    unsigned rutinas;
+    const char *tabla, *id, *numero;
+    const char* prefijo = "pref_pre"; ///< vacío: no lo lleva, y se muestra '0000'
+    Diferencias diferencias = {};
+};
+
+const DocumentoSuite kDocumentos[] = {
+    // tipo, rutinas, tabla, id, número, prefijo, diferencias
+    {10, kExiste, "cambio_costo", "caco_id", "caco_numero"},
+    {11, kExiste | kMuestra, "entradas", "entr_id", "entr_numero"},
+    {12, kExiste | kMuestra, "salidas", "sali_id", "sali_numero"},
+    {13, kExiste | kMuestra, "trasferencias", "tran_id", "tran_numero"},
+    {14, kExiste | kMuestra, "ajustes", "ajus_id", "ajus_numero"},
+    {15, kExiste | kMuestra, "ensambles", "ensa_id", "ensa_numero"},
+    {16, kExiste | kMuestra, "desensambles", "dese_id", "dese_numero"},
+    {17, kExiste, "reservas", "rese_id", "rese_numero"},
+    {18, kExiste, "ordenes_inventario", "orin_id", "orin_numero"},
+    {19, kExiste, "produccion_orden", "pror_id", "pror_numero"},
+    {20, kExiste, "produccion_entrada_enc", "pror_id", "prde_numero", "prde_pref"},
+    {21, kTodas, "facturas_compra", "faco_id", "faco_numero"},
+    {22, kTodas, "remision_proveedor", "repr_id", "repr_numero"},
+    {23, kTodas, "ordenes_compra", "ordc_id", "ordc_numero"},
+    {24, kTodas, "devoluciones_compras", "dvco_id", "dvco_numero"},
+    {25, kTodas, "cotizacion_proveedor", "copr_id", "copr_numero"},
+    {27, kExiste, "plan_produccion", "plpr_id", "plpr_numero", "plpr_pref"},
+    {28, kExiste, "produccion_salida_enc", "prsa_id", "prsa_numero", "prsa_pref"},
+    {29, kExiste, "produccion_devolucion", "prdd_id", "prdd_numero", "prdd_pref"},
+    {31, kTodas, "facturas", "fact_id", "fact_numero"},
+    {32, kTodas, "remisiones_venta", "revt_id", "revt_numero"},
+    {33, kTodas, "devoluciones_ventas", "devt_id", "devt_numero"},
+    {34, kTodas, "pedidos", "pedi_id", "pedi_numero"},
+    {35, kTodas, "cotizaciones", "coti_id", "coti_numero"},
+    {37, kNum, "rutero", "rute_id", "rute_numero"},
+    {38, kNum, "rutero", "rute_id", "rute_numero"},
+    {40, kTodas, "pendiente_ventas", "pend_id", "pend_numero"},
+    {41, kTodas, "notas_debito_clientes", "ndcl_id", "ndcl_numero"},
+    {42, kTodas, "notas_credito_clientes", "nccl_id", "nccl_numero"},
+    {43, kExiste | kMuestra, "aplicacion_cliente", "apcl_id", "apcl_numero"},
+    {44, kExiste, "pagos_clientes", "pacl_id", "pacl_numero"},
+    {45, kTodas, "anticipos_cliente", "ancl_id", "ancl_numero"},
+    {46, kExiste, "causa_interes", "cain_id", "cain_numero"},
+    {47,
+     kTodas,
+     "deterioro_cartera_enc",
+     "deca_id",
+     "deca_numero",
+     "pref_pre",
+     {.tabla_num = "deterioro_cartera"}},
+    {48, kTodas, "credito_educativo", "cred_id", "cred_nro", "", {.numero_num = "cred_ro"}},
+    {51, kTodas, "notas_debito_proveedor", "ndpr_id", "ndpr_numero"},
+    {52, kTodas, "notas_credito_proveedor", "ncpr_id", "ncpr_numero"},
+    {53, kExiste | kMuestra, "aplicacion_provedor", "appr_id", "appr_numero"},
+    {54, kExiste, "pagos_proveedor", "papr_id", "papr_numero"},
+    {55, kTodas, "anticipos_proveedor", "anpr_id", "anpr_numero"},
+    {61, kTodas, "recibos_caja", "reca_id", "reca_numero"},
+    {62, kTodas, "egresos", "egre_id", "egre_numero"},
+    {63, kExiste, "cambio_documentos", "cado_id", "cado_numero"},
+    {64, kExiste | kMuestra, "consigna_tarjetas", "cotj_id", "cotj_numero"},
+    {65, kExiste | kMuestra, "recibo_provisional", "rcpr_id", "rcpr_numero"},
+    {66, kExiste | kMuestra, "traslados_caja", "trcj_id", "trcj_numero"},
+    {67, kExiste, "arqueo_caja", "arqc_id", "arqc_numero"},
+    {71, kMuestra, "consigna", "cons_id", "cons_numero", "prba_pref"},
+    {74, kMuestra, "notas_debito", "ndbc_id", "ndbc_numero", "prba_pref"},
+    {75, kMuestra, "notas_credito", "ncbc_id", "ncbc_numero", "prba_pref"},
+    {76, kMuestra, "traslados", "tras_id", "tras_numero", "prba_pref"},
+    {77,
+     kMuestra | kNum,
+     "devolucion_cheques",
+     "dvch_id",
+     "dvch_numdoc",
+     "prba_pref",
+     {.prefijo_num = "prba_pre"}},
+    {85, kTodas, "carga_remesa", "cgrm_id", "cgrm_numero", "cgrm_pref", {.por_tipo = true}},
+    {86, kTodas, "tiquete_pasajero", "tiqp_id", "tiqp_numero", "tiqp_pref"},
+    {87, kTodas, "carga_remesa", "cgrm_id", "cgrm_numero", "cgrm_pref", {.por_tipo = true}},
+    {88, kTodas, "planilla_pasajeros", "plpa_id", "plpa_numero", "plpa_pref"},
+    {89, kTodas, "manifiesto_carga", "manc_id", "manc_numero", "manc_pref"},
+    {92, kMuestra, "nomina", "nomi_id", "nomi_periodo", "nomi_ano"},
+    {99, kMuestra, "liquidacion", "liqd_id", "terc_nit", "' '"},
+    {132, kTodas, "factura_proforma", "fapo_id", "fapo_numero"},
+    {133, kTodas, "importacion", "impo_id", "impo_numero", "impo_pref"},
+    {137, kTodas, "factura_proforma", "fapo_id", "fapo_numero"},
+    {138, kExiste, "gastos_importacion", "gain_id", "gain_numero", "gain_pref"},
+    {139, kTodas, "solicitud_importacion", "slim_id", "slim_numero"},
+    {181,
+     kTodas,
+     "contratos_colegios",
+     "cncl_id",
+     "cncl_numero",
+     "",
+     {.numero_num = "clcn_numero"}},
+    {182, kTodas, "liquidacion_ruta_colegio", "liqr_id", "liqr_numero", ""},
+    {301, kTodas, "crm_eventos", "crev_id", "even_numero", "even_pref", {.id_mostrado = "even_id"}},
+};
+
+const DocumentoSuite* busque(int tipo, Rutina rutina) {
+    for (const DocumentoSuite& d : kDocumentos)
+        if (d.tipo == tipo && (d.rutinas & rutina))
+            return &d;
     return nullptr;
 }
 
-/// Las remesas y los cumplidos comparten tabla y se separan por el tipo.
-QString condicion_de_tipo(int tipo) {
-    return tipo == 85 || tipo == 87 ? QStringLiteral(" tido_cod = %1 and").arg(tipo) : QString();
+const char* propio_o(const char* propio, const char* comun) {
+    return *propio ? propio : comun;
 }
 
-QString sql_por_id(const TipoDocumentoSuite& d, qint64 id) {
+QString condicion_de_tipo(const DocumentoSuite& d) {
+    return d.diferencias.por_tipo ? QStringLiteral(" tido_cod = %1 and").arg(d.tipo) : QString();
+}
+
+QString sql_por_id(const DocumentoSuite& d, const char* tabla, const char* prefijo,
+                   const char* numero, qint64 id) {
     return QStringLiteral("select %1, %2 from %3 where%4 %5 = %6")
-        .arg(d.prefijo, d.numero, d.tabla, condicion_de_tipo(d.tipo), d.id)
+        .arg(*prefijo ? prefijo : "'0000'", numero, tabla, condicion_de_tipo(d),
+             propio_o(d.diferencias.id_mostrado, d.id))
         .arg(id);
 }
 
 } // namespace
 
 QString sql_existe_numero(int tipo, const QString& prefijo, const QString& numero) {
-    const TipoDocumentoSuite* d = busque(kPorNumero, tipo);
+    const DocumentoSuite* d = busque(tipo, kExiste);
     if (!d)
         return {};
     QString sql = QStringLiteral("select %1 from %2 where").arg(d->id, d->tabla);
     if (*d->prefijo)
-        sql += condicion_de_tipo(tipo) +
+        sql += condicion_de_tipo(*d) +
                QStringLiteral(" %1 = %2 and").arg(d->prefijo, QuotedStr(prefijo));
     return sql + QStringLiteral(" %1 = %2").arg(d->numero, QuotedStr(numero));
 }
@@ -161,32 +159,16 @@ QString sql_numero_documento(int tipo, qint64 id) {
                    "select pref_pre, fact_numero from facturas f, entrega_documentos e where "
                    "tido_cod = 31 and endo_iddoc = fact_id and endo_iddoc = %1")
             .arg(id);
-    const TipoDocumentoSuite* d = busque(kPorId, tipo);
-    return d ? sql_por_id(*d, id) : QString();
+    const DocumentoSuite* d = busque(tipo, kMuestra);
+    return d ? sql_por_id(*d, d->tabla, d->prefijo, d->numero, id) : QString();
 }
 
 QString sql_num_documento(int tipo, qint64 id) {
-    static const QSet<int> tipos{21, 22, 23, 24,  25,  31,  32,  33,  34,  35, 40, 41,
-                                 42, 45, 47, 48,  51,  52,  55,  61,  62,  77, 85, 86,
-                                 87, 88, 89, 132, 133, 137, 139, 181, 182, 301};
-    if (tipo == 37 || tipo == 38)
-        return sql_por_id({tipo, "rute_id", "rutero", "rute_numero", "pref_pre"}, id);
-    if (!tipos.contains(tipo))
+    const DocumentoSuite* d = busque(tipo, kNum);
+    if (!d)
         return {};
-    TipoDocumentoSuite d = *busque(kPorId, tipo);
-    switch (tipo) {
-    case 47:
-        d.tabla = "deterioro_cartera";
-        break;
-    case 48:
-        d.numero = "cred_ro";
-        break;
-    case 181:
-        d.numero = "clcn_numero";
-        break;
-    case 77:
-        d.prefijo = "prba_pre";
-        break;
-    }
-    return sql_por_id(d, id);
+    const Diferencias& otros = d->diferencias;
+    return sql_por_id(*d, propio_o(otros.tabla_num, d->tabla),
+                      propio_o(otros.prefijo_num, d->prefijo),
+                      propio_o(otros.numero_num, d->numero), id);
 }

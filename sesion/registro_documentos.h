@@ -1,16 +1,8 @@
 #pragma once
-// Tipos de documento de los módulos hermanos: dónde está cada uno y cómo se llaman sus columnas.
-//
-// Los nombres son los del esquema de la suite, también los que se escriben mal.
+// Consultas de los documentos de los módulos hermanos. Dónde está cada uno y cómo se llaman sus
+// columnas es una sola tabla; los nombres son los del esquema de la suite, también los mal
+// escritos.
 #include <QString>
-
-struct TipoDocumentoSuite {
-    int tipo;
-    const char* id;
-    const char* tabla;
-    const char* numero;
-    const char* prefijo; ///< columna del prefijo; vacía si el documento no lo lleva
-};
 
 /// Consulta del id de un documento por prefijo y número; vacía si el tipo no está en la tabla.
 QString sql_existe_numero(int tipo, const QString& prefijo, const QString& numero);

@@ -1,7 +1,9 @@
 #include "sesion/tfdm.h"
 
-#include "sesion/instalacion.h"
+#include "datos/firebird/nombres.h"
+#include "datos/firebird/reloj.h"
 #include "libro/letras.h"
+#include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/proteccion.h"
@@ -84,14 +86,16 @@ Tfdm::Tfdm()
 }
 
 Tfdm::~Tfdm() {
-    instale_manejador_fallas({});
+    retire_manejador_fallas();
+    instale_nombres_de_datos({});
     unico_ = nullptr;
 }
 
 void Tfdm::DataModuleCreate() {
     registros_paquete = 1000;
     hubo_error = sin_mensaje = false;
-    instale_manejador_fallas([this](const QString& texto) { ENoManejada(texto); });
+    instale_manejador_fallas([this](const ErrorDatos& falla) { ENoManejada(falla); });
+    instale_nombres();
 }
 
 void Tfdm::barra(AvisosBarra* barra) {
@@ -113,6 +117,42 @@ QString Tfdm::configuracion(const QString& modulo, const QString& categoria,
         return CConfiguracion.FieldByName("CONF_VALOR").texto();
     muestre_error("No se encontró la configuración " + propiedad);
     return {};
+}
+
+QString Tfdm::texto_de(Llave llave) {
+    const DatosLlave& d = datos_de(llave);
+    return configuracion(QString::fromUtf8(d.modulo), QString::fromUtf8(d.categoria),
+                         QString::fromUtf8(d.propiedad));
+}
+
+namespace {
+
+[[noreturn]] void valor_ilegible(Llave llave, const QString& texto, const char* que) {
+    throw ErrorDatos(
+        QStringLiteral("La configuración %1 tiene el valor '%2', que no es %3. Corríjala en el "
+                       "módulo principal.")
+            .arg(QString::fromUtf8(datos_de(llave).propiedad), texto.left(40),
+                 QString::fromUtf8(que)));
+}
+
+} // namespace
+
+int Tfdm::entero_de(Llave llave, const QString& texto) {
+    bool bien = false;
+    const int n = texto.toInt(&bien);
+    if (!bien)
+        valor_ilegible(llave, texto, "un número entero");
+    return n;
+}
+
+QDate Tfdm::fecha_de(Llave llave, const QString& texto) {
+    if (texto.isEmpty())
+        return {};
+    const QDate fecha = QDate::fromString(QString(texto).remove('/'), QStringLiteral("yyyyMMdd"));
+    // Un bloqueo ilegible no puede leerse como que no hay bloqueo.
+    if (!fecha.isValid())
+        valor_ilegible(llave, texto, "una fecha");
+    return fecha;
 }
 
 int Tfdm::entero(const QString& texto) {
@@ -203,48 +243,36 @@ void Tfdm::valide_fecha(Campo& campo) {
     if (campo.vacio())
         return;
     const QDate fecha = campo.fecha();
-    const QString administrativo =
-        configuracion("GENERAL", "GENERAL", "FECHA DE BLOQUEO ADMINISTRATIVO");
-    const QDate bloqueo = QDate::fromString(administrativo, "yyyy/MM/dd");
-    if (!administrativo.isEmpty() && !bloqueo.isValid())
-        throw ErrorDatos(QStringLiteral("'%1' no es una fecha válida.").arg(administrativo));
+    const QDate bloqueo = valor<Llave::BloqueoAdministrativo>();
     if (bloqueo.isValid() && fecha <= bloqueo) {
-        muestre_mensaje("Los módulos estan bloqueados a: " + administrativo);
+        muestre_mensaje("Los módulos estan bloqueados a: " +
+                        texto_de(Llave::BloqueoAdministrativo));
         campo = bloqueo.addDays(1);
         return;
     }
-    const QString contable = configuracion("CONTABILIDAD", "GENERAL", "FECHA DE BLOQUEO");
-    if (contable.isEmpty())
-        return;
-    const QDate cierre(entero(contable.left(4)), entero(contable.mid(4, 2)),
-                       entero(contable.mid(6, 2)));
-    // Un bloqueo ilegible no puede leerse como que no hay bloqueo.
+    const QDate cierre = valor<Llave::FechaBloqueo>();
     if (!cierre.isValid())
-        throw ErrorDatos(QStringLiteral("'%1' no es una fecha válida.").arg(contable));
+        return;
     if (fecha <= cierre) {
         muestre_mensaje("La contabilidad esta bloqueada a: " +
                         cierre.toString(QStringLiteral("yyyy/MM/dd")));
-        campo = QDate::currentDate() < cierre ? cierre : QDate::currentDate();
+        campo = std::max(reloj().hoy(), cierre);
         return;
     }
-    const int dias = entero(
-        configuracion("GENERAL", "GENERAL", "MAXIMO NUMERO DE DIAS PARA DOCUMENTOS FUTUROS"));
-    if (QDate::currentDate().addDays(dias) < fecha) {
+    if (reloj().hoy().addDays(valor<Llave::DiasDocumentosFuturos>()) < fecha) {
         muestre_mensaje(
             "La fecha del documento es demasiado lejana. Revise la fecha del mismo y la "
             "fecha del sistema.");
-        campo = QDate::currentDate();
+        campo = reloj().hoy();
     }
 }
 
 QString Tfdm::numero_a_letras(Moneda valor) {
     if (valor <= Moneda())
         return {};
-    return importe_en_letras(
-        valor,
-        configuracion("GENERAL", "GENERAL", "NOMBRE DE LA MONEDA A USAR EN LOS MONTOS EN LETRAS"),
-        configuracion("GENERAL", "GENERAL", "FRACCION DE MONEDA EN MONTOS EN LETRAS"),
-        configuracion("GENERAL", "GENERAL", "FINAL DE LA CADENA DE MONTOS EN LETRAS"));
+    return importe_en_letras(valor, this->valor<Llave::MonedaEnLetras>(),
+                             this->valor<Llave::FraccionEnLetras>(),
+                             this->valor<Llave::FinalEnLetras>());
 }
 
 QString Tfdm::nombre_impresora(const QString& clave) {

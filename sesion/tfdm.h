@@ -3,17 +3,25 @@
 //
 // Vive lo que el proceso y guarda las sentencias compartidas. La sesión (usuario, compañía,
 // agencia, derechos) se llena una vez, en la primera activación del formulario principal.
-#include "libro/libro.h"
 #include "datos/recordset/conjunto.h"
+#include "libro/libro.h"
+#include "sesion/llaves.h"
 #include "toolkit/barraestado.h"
 
 #include <QPointer>
+#include <optional>
 
 /// Encabezado de la compañía para los comprobantes impresos.
 struct EncabezadoCompania {
     QString nombre, direccion, telefonos, encabezado;
     QByteArray logo;
     QString nit;
+};
+
+/// Lo que dice la revisión de un número digitado.
+struct NumeroValidado {
+    bool vale = true;        ///< falso: el usuario no quiso consultarlo y el número debe vaciarse
+    QString encontrado = {}; ///< id del documento que debe abrirse; vacío: ninguno
 };
 
 class Tfdm : public QObject {
@@ -37,15 +45,9 @@ public:
     int duracion_busquedas = 0; ///< milisegundos
     QString color_ventana, color_final;
     bool hubo_error = false, sin_mensaje = false;
+    /// La última propuesta contabilizada pide que una persona la confirme.
+    bool confirmar_contabilizacion = false;
     static const QStringList& nombres_periodo(); ///< catorce: Enero a Diciembre, Ajustes, Cierre
-
-    // --- banderas que una pantalla pasa a la que abre
-    bool modo_mantenimiento = false; ///< la lista se abre para mantenimiento, no para escoger
-    bool modo_selector = false;      ///< la pantalla se abre como selector modal
-    QString formato_actual;          ///< formato de impresión a editar
-    QString documento_encontrado;    ///< id que dejó existe_numero
-    QString mensaje_responder;       ///< mensaje que se contesta
-    QString autor_responder;         ///< y quién lo escribió
 
     // --- sentencias compartidas
     Sentencia QConfiguracion, QBorrar, QBorrarGen, QAccesous, TNomcampos, QAudit;
@@ -62,11 +64,23 @@ public:
     /// Valor de la llave, o vacío después de avisar si no existe. En memoria: no toca la base.
     QString configuracion(const QString& modulo, const QString& categoria,
                           const QString& propiedad);
-    /// El valor es exactamente "SI".
-    bool configurado_si(const QString& categoria, const QString& propiedad) {
-        return configuracion(QStringLiteral("CONTABILIDAD"), categoria, propiedad) ==
-               QLatin1String("SI");
+    /// Valor de una llave de la tabla, ya convertido a su tipo (ver llaves.h). Lanza ErrorDatos,
+    /// nombrando la llave, si su texto no lo permite.
+    template <Llave L> auto valor() {
+        constexpr TipoLlave tipo = datos_de(L).tipo;
+        const QString texto = texto_de(L);
+        if constexpr (tipo == TipoLlave::Si)
+            return texto == QLatin1String("SI");
+        else if constexpr (tipo == TipoLlave::SalvoNo)
+            return texto != QLatin1String("NO");
+        else if constexpr (tipo == TipoLlave::Entero)
+            return entero_de(L, texto);
+        else if constexpr (tipo == TipoLlave::Fecha)
+            return fecha_de(L, texto);
+        else
+            return texto;
     }
+    QString texto_de(Llave llave);
     /// Conversión estricta; lanza ErrorDatos si el texto no es un entero.
     static int entero(const QString& texto);
 
@@ -76,7 +90,8 @@ public:
     void ConfigurarProviders(QObject* componente);
     void ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const ErrorDatos& error);
     void ManejarClientError(ConjuntoDatos& conjunto, const ErrorDatos& error);
-    void ENoManejada(const QString& texto);
+    void ENoManejada(const ErrorDatos& falla);
+    void ENoManejada(const QString& texto) { ENoManejada(ErrorDatos(texto)); }
     QString nombre_campo(const QString& nombre);
     AvisosBarra* barra() const { return barra_; }
     void barra(AvisosBarra* barra);
@@ -101,8 +116,11 @@ public:
     static QString complete_numero(const QString& numero) { return complete_numero_n(numero, 6); }
     static QString complete_numero_n(const QString& numero, int n);
     void registre_prefijo(int tipo);
-    bool valide_numero(int tipo, const QString& prefijo, const QString& numero, Campo& campo);
-    bool existe_numero(int tipo, const QString& prefijo, const QString& numero);
+    /// Id del documento, nulo si no existe. Sin número se da por existente, con id vacío.
+    std::optional<QString> existe_numero(int tipo, const QString& prefijo, const QString& numero);
+    /// Con el número de otro documento pregunta si se consulta; el sugerido pasa a uno libre.
+    NumeroValidado valide_numero(int tipo, const QString& prefijo, const QString& numero_sugerido,
+                                 Campo& campo);
     void numero_documento(int tipo, qint64 id, Campo& campo_prefijo, Campo& campo_numero);
     void num_documento(int tipo, qint64 id, QString& prefijo, QString& numero);
     QString nombre_tipo(int tipo);
@@ -116,6 +134,13 @@ public:
     void registre_en_archivo(const QString& texto);
 
 private:
+    static int entero_de(Llave llave, const QString& texto);
+    static QDate fecha_de(Llave llave, const QString& texto);
+    QString mensaje_en_memoria(ConjuntoDatos& conjunto, const ErrorDatos& error);
+    static QString mensaje_al_grabar(const Proveedor& remitente, const ErrorDatos& error);
+    static QString mensaje_no_manejada(const ErrorDatos& error);
+    void instale_nombres();
+
     QPointer<AvisosBarra> barra_;
 };
 

@@ -1,6 +1,8 @@
 // Reporte de fallas y avisos de la barra de estado.
 #include "sesion/tfdm.h"
 
+#include "datos/firebird/nombres.h"
+#include "datos/firebird/reloj.h"
 #include "sesion/instalacion.h"
 #include "toolkit/barraestado.h"
 
@@ -14,65 +16,82 @@ void Tfdm::registre_en_archivo(const QString& texto) {
         return;
     QString linea = texto;
     linea.replace("\r\n", " ").replace('\n', ' ');
-    archivo.write((QDate::currentDate().toString(QStringLiteral("yyyy/MM/dd")) + ',' +
-                   QTime::currentTime().toString(QStringLiteral("HH:mm:ss")) + ',' + usuario + ',' +
-                   linea + "\r\n")
+    archivo.write((reloj().ahora().toString(QStringLiteral("yyyy/MM/dd,HH:mm:ss")) + ',' + usuario +
+                   ',' + linea + "\r\n")
                       .toLatin1());
 }
 
+QString Tfdm::mensaje_en_memoria(ConjuntoDatos& conjunto, const ErrorDatos& error) {
+    const QString prefijo = error.texto().left(30);
+    if (prefijo.left(3) == "Fie") {
+        QString lista;
+        for (int i = 0; i < conjunto.FieldCount(); ++i) {
+            const Campo& c = conjunto.Fields(i);
+            if (c.Required && c.vacio())
+                lista += nombre_campo(c.FieldName) + ", ";
+        }
+        return "Los campos " + lista + " son obligatorios.";
+    }
+    if (prefijo.left(3) == "key") {
+        QString lista;
+        const auto indice = conjunto.campos_indice();
+        for (int i = 0; i < conjunto.FieldCount(); ++i)
+            if (indice.contains(&conjunto.Fields(i)))
+                lista += nombre_campo(conjunto.Fields(i).FieldName) + ' ';
+        return "Ya existe un registro con el mismo " + lista;
+    }
+    if (prefijo == "Cannot delete master record wi")
+        return "Error. Borre antes los detalles dependientes del registro.";
+    return error.para_usuario();
+}
+
+QString Tfdm::mensaje_al_grabar(const Proveedor& remitente, const ErrorDatos& error) {
+    const QString fragmento = error.texto().mid(18, 20);
+    const QString tabla = remitente.sentencia->objectName().mid(1);
+    if (fragmento.startsWith("violation of PRIMARY"))
+        return "Ya existe el registro en la tabla " + tabla;
+    if (!fragmento.startsWith("violation of FOREIGN"))
+        return error.para_usuario();
+    QString mensaje = "Está borrando o insertando un registro en la tabla " + tabla +
+                      " que tiene una relación con otra tabla.";
+    // Dónde se usa lo que se quería borrar, o qué falta registrar.
+    if (const auto* motor = dynamic_cast<const ErrorBase*>(&error))
+        mensaje += ' ' + motor->para_usuario();
+    return mensaje;
+}
+
+QString Tfdm::mensaje_no_manejada(const ErrorDatos& error) {
+    const QString& texto = error.texto();
+    const auto entre_comillas = [&texto] { return texto.section('"', 1, 1); };
+    if (texto.startsWith("dbExpress")) {
+        if (texto.contains("Your user name and password are not defined"))
+            return "El nombre de Usuario o la clave son incorrectas.";
+        if (texto.contains("I/O error for file"))
+            return "No se encontró el archivo o la ruta " + entre_comillas();
+        if (texto.contains("Unable to complete network request"))
+            return "No se encontró el equipo servidor con nombre " + entre_comillas();
+        if (texto.contains("Connection failed"))
+            return "No se encontró el servidor Interbase/Firebird. Verifique Servidor en panel de "
+                   "control y puerto TCP 3050.";
+    }
+    return "Se presento el siguiente error: " + error.para_usuario();
+}
+
 void Tfdm::ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const ErrorDatos& error) {
-    const QString texto = error.texto();
-    registre_en_archivo(texto);
+    const QString& texto = error.texto();
+    // Lo que dijo el motor sirve a quien da soporte, y a nadie más.
+    registre_en_archivo(error.detalle().isEmpty() ? texto : texto + " | " + error.detalle());
     hubo_error = true;
     if (barra_)
         barra_->texto(texto);
-    QString mensaje = texto;
+    QString mensaje;
     if (conjunto && !remitente) {
         mostrar_advertencia(conjunto->objectName() + ": " + texto);
-        const QString prefijo = texto.left(30);
-        if (prefijo == "Cannot delete master record wi")
-            mensaje = "Error. Borre antes los detalles dependientes del registro.";
-        if (prefijo.left(3) == "Fie") {
-            QString lista;
-            for (int i = 0; i < conjunto->FieldCount(); ++i) {
-                const Campo& c = conjunto->Fields(i);
-                if (c.Required && c.vacio())
-                    lista += nombre_campo(c.FieldName) + ", ";
-            }
-            mensaje = "Los campos " + lista + " son obligatorios.";
-        } else if (prefijo.left(3) == "key") {
-            QString lista;
-            const auto indice = conjunto->campos_indice();
-            for (int i = 0; i < conjunto->FieldCount(); ++i)
-                if (indice.contains(&conjunto->Fields(i)))
-                    lista += nombre_campo(conjunto->Fields(i).FieldName) + ' ';
-            mensaje = "Ya existe un registro con el mismo " + lista;
-        }
+        mensaje = mensaje_en_memoria(*conjunto, error);
     } else if (conjunto) {
-        const QString fragmento = texto.mid(18, 20);
-        const QString tabla = remitente->sentencia->objectName().mid(1);
-        if (fragmento.startsWith("violation of PRIMARY"))
-            mensaje = "Ya existe el registro en la tabla " + tabla;
-        else if (fragmento.startsWith("violation of FOREIGN"))
-            mensaje = "Está borrando o insertando un registro en la tabla " + tabla +
-                      " que tiene una relación con otra tabla.";
+        mensaje = mensaje_al_grabar(*remitente, error);
     } else {
-        const auto entre_comillas = [&texto] { return texto.section('"', 1, 1); };
-        if (texto.startsWith("dbExpress")) {
-            if (texto.contains("Your user name and password are not defined"))
-                mensaje = "El nombre de Usuario o la clave son incorrectas.";
-            else if (texto.contains("I/O error for file"))
-                mensaje = "No se encontró el archivo o la ruta " + entre_comillas();
-            else if (texto.contains("Unable to complete network request"))
-                mensaje = "No se encontró el equipo servidor con nombre " + entre_comillas();
-            else if (texto.contains("Connection failed"))
-                mensaje = "No se encontró el servidor Interbase/Firebird. Verifique Servidor en "
-                          "panel de control y puerto TCP 3050.";
-            else
-                mensaje = "Se presento el siguiente error: " + texto;
-        } else {
-            mensaje = "Se presento el siguiente error: " + texto;
-        }
+        mensaje = mensaje_no_manejada(error);
     }
     QApplication::beep();
     muestre_error(mensaje);
@@ -82,8 +101,25 @@ void Tfdm::ManejarClientError(ConjuntoDatos& conjunto, const ErrorDatos& error) 
     ManejarError(nullptr, &conjunto, error);
 }
 
-void Tfdm::ENoManejada(const QString& texto) {
-    ManejarError(nullptr, nullptr, ErrorDatos(texto));
+void Tfdm::ENoManejada(const ErrorDatos& falla) {
+    ManejarError(nullptr, nullptr, falla);
+}
+
+void Tfdm::instale_nombres() {
+    const auto del_diccionario = [this](const QString& nombre) {
+        const QString descripcion = nombre_campo(nombre);
+        return descripcion == nombre ? QString() : descripcion;
+    };
+    instale_nombres_de_datos({del_diccionario, del_diccionario, [this] {
+                                  QStringList otros;
+                                  auto c = ConGeneral.abra(
+                                      "select usua_cod from usuario where feccon = current_date "
+                                      "and usua_cod <> ? order by usua_cod",
+                                      {ConGeneral.parametros().usuario});
+                                  while (c->siguiente())
+                                      otros << c->valor(0).texto();
+                                  return otros;
+                              }});
 }
 
 QString Tfdm::nombre_campo(const QString& nombre) {
@@ -96,13 +132,13 @@ QString Tfdm::nombre_campo(const QString& nombre) {
 }
 
 void Tfdm::mostrar_advertencia(const QString& texto) {
-    const int decimas = entero(configuracion("GENERAL", "GENERAL", "DURACION DE LAS ADVERTENCIAS"));
+    const int decimas = valor<Llave::DuracionAdvertencias>();
     if (barra_)
         barra_->mostrar_advertencia(texto, decimas);
 }
 
 void Tfdm::mostrar_alerta(const QString& texto) {
-    const int decimas = entero(configuracion("GENERAL", "GENERAL", "DURACION DE LAS ADVERTENCIAS"));
+    const int decimas = valor<Llave::DuracionAdvertencias>();
     if (barra_)
         barra_->mostrar_alerta(texto, decimas);
 }

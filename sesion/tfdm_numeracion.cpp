@@ -1,10 +1,10 @@
 // Numeración y registro de los documentos de la suite.
-#include "sesion/modulos_suite.h"
+#include "libro/numeracion.h"
 #include "sesion/registro_documentos.h"
 #include "sesion/tfdm.h"
 
 QString Tfdm::complete_numero_n(const QString& numero, int n) {
-    return numero.size() >= n ? numero : numero.rightJustified(n, '0');
+    return ::complete_numero(numero, n);
 }
 
 void Tfdm::registre_prefijo(int tipo) {
@@ -19,37 +19,36 @@ void Tfdm::registre_prefijo(int tipo) {
                         t + ", '0000', 'N', '000001', 'N', 'S')");
 }
 
-bool Tfdm::existe_numero(int tipo, const QString& prefijo, const QString& numero) {
+std::optional<QString> Tfdm::existe_numero(int tipo, const QString& prefijo,
+                                           const QString& numero) {
     if (numero.isEmpty())
-        return true;
+        return QString();
     QBorrar.Open(sql_existe_numero(tipo, prefijo, complete_numero(numero)));
-    const bool existe = !QBorrar.IsEmpty();
-    documento_encontrado = QBorrar.Fields(0).texto();
-    if (ModuloSuite* modulo = ModuloSuite::de(area_del_documento(tipo)))
-        modulo->documento_encontrado = documento_encontrado;
+    std::optional<QString> id;
+    if (!QBorrar.IsEmpty())
+        id = QBorrar.Fields(0).texto();
     QBorrar.Close();
-    return existe;
+    return id;
 }
 
-bool Tfdm::valide_numero(int tipo, const QString& prefijo, const QString& numero_sugerido,
-                         Campo& campo) {
-    documento_encontrado.clear();
+NumeroValidado Tfdm::valide_numero(int tipo, const QString& prefijo, const QString& numero_sugerido,
+                                   Campo& campo) {
     if (campo.vacio())
-        return true;
+        return {};
     QString numero = campo.texto();
-    if (!existe_numero(tipo, prefijo, numero))
-        return true;
+    const std::optional<QString> id = existe_numero(tipo, prefijo, numero);
+    if (!id)
+        return {};
     if (numero != numero_sugerido) {
         if (pregunte("Documento " + numero + " previamente registrado. Consultar?"))
-            return true;
-        documento_encontrado.clear();
-        return false;
+            return {.encontrado = *id};
+        return {.vale = false};
     }
     do
         numero = complete_numero_n(QString::number(entero(numero) + 1), tipo == 31 ? 8 : 6);
     while (existe_numero(tipo, prefijo, numero));
     campo = numero;
-    return true;
+    return {};
 }
 
 void Tfdm::numero_documento(int tipo, qint64 id, Campo& campo_prefijo, Campo& campo_numero) {

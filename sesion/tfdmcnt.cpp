@@ -1,13 +1,13 @@
 #include "sesion/tfdmcnt.h"
 
+#include "libro/catalogos.h"
+#include "libro/numeracion.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 
 namespace {
 Tfdmcnt* unico_ = nullptr;
-
-QString dos_cifras(int n) {
-    return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
-}
+constexpr int kBorrarComprobante = 32;
 } // namespace
 
 Tfdmcnt& fdmcnt() {
@@ -46,17 +46,10 @@ Tfdmcnt::Tfdmcnt()
       TSaldiniciales(this, "TSaldiniciales", fdm().Quorvex, "SELECT * FROM SALDOS_INICIALES "),
       QConsultas(this, "QConsultas", fdm().Quorvex),
       PConsultas(this, "PConsultas", &QConsultas, poAllowCommandText),
-      PCuentas(this, "PCuentas", &QBusccuentas, poAllowCommandText),
-      PValidcuenta(this, "PValidcuenta", &QConsultas, poAllowCommandText),
       PPadre(this, "PPadre", &QConsultas, poAllowCommandText),
       PSaldocta(this, "PSaldocta", &QConsultas, poAllowCommandText),
-      PNomcent(this, "PNomcent", &QConsultas, poAllowCommandText),
-      PValidcentro(this, "PValidcentro", &QConsultas, poAllowCommandText),
-      CConsultas(this, "CConsultas", &PConsultas), CCuentas(this, "CCuentas", &PCuentas),
-      CValidcuenta(this, "CValidcuenta", &PValidcuenta), CPadre(this, "CPadre", &PPadre),
-      CSaldocta(this, "CSaldocta", &PSaldocta), CNomcent(this, "CNomcent", &PNomcent),
-      CValidcentro(this, "CValidcentro", &PValidcentro),
-      QCtaActiva(this, "QCtaActiva", fdm().Quorvex) {
+      CConsultas(this, "CConsultas", &PConsultas), CPadre(this, "CPadre", &PPadre),
+      CSaldocta(this, "CSaldocta", &PSaldocta) {
     setObjectName("Tfdmcnt");
     unico_ = this;
     TComprDetalle.enlace_maestra(&TComprobantes, {"ENCO_CONSEC"});
@@ -85,9 +78,7 @@ void CursorPeriodo::mas() {
 }
 
 void CursorPeriodo::menos() {
-    const int inicio =
-        Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "AÑO DE INICIO"));
-    const int mes = Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "MES DE INICIO"));
+    const int inicio = fdm().valor<Llave::AnoInicio>(), mes = fdm().valor<Llave::MesInicio>();
     if (ano <= inicio) {
         if (indice > mes - 1)
             --indice;
@@ -132,78 +123,45 @@ QString Tfdmcnt::nombre_periodo() const {
 }
 
 QString Tfdmcnt::dias_periodo() const {
-    switch (periodo_actual + 1) {
-    case 2:
-        return ano_actual.toInt() % 4 == 0 ? "29" : "28";
-    case 4:
-    case 6:
-    case 9:
-    case 11:
-        return "30";
-    default:
-        return "31";
-    }
-}
-
-QString Tfdmcnt::compone_fecha_admin(const QString& dia) const {
-    const int tope = dias_periodo().toInt();
-    int d = Tfdm::entero(dia);
-    if (d > tope) {
-        QApplication::beep();
-        d = tope;
-    }
-    return ano_actual + '/' + dos_cifras(periodo_actual + 1) + '/' + dos_cifras(d);
+    return QString::number(dias_del_mes(ano_actual.toInt(), periodo_actual + 1));
 }
 
 QString Tfdmcnt::compone_fecha(const QString& dia) const {
-    return compone_fecha_admin(dia).remove('/');
+    const FechaCompuesta f =
+        componga_fecha(ano_actual.toInt(), periodo_actual + 1, Tfdm::entero(dia));
+    if (f.corregida)
+        QApplication::beep();
+    return f.fecha;
+}
+
+QString Tfdmcnt::compone_fecha_admin(const QString& dia) const {
+    const QString fecha = compone_fecha(dia);
+    return fecha.left(4) + '/' + fecha.mid(4, 2) + '/' + fecha.mid(6);
 }
 
 // ---------------------------------------------------------------- cuentas
 
 bool Tfdmcnt::valide_cuenta(const QString& cuenta, Libro libro) {
-    const DatosLibro& l = datos(libro);
-    CValidcuenta.Open(QStringLiteral("select * from %1(").arg(l.valide_cuenta) + QuotedStr(cuenta) +
-                      ')');
-    switch (CValidcuenta.IsEmpty() ? 0 : CValidcuenta.FieldByName("ERROR").entero()) {
-    case 0:
+    const auto rechazo = revise_cuenta(fdm().Quorvex, libro, cuenta);
+    if (!rechazo)
         return true;
-    case 1:
-        if (!pregunte(l.no_existe))
+    if (rechazo->oferta == Oferta::CrearCuenta) {
+        if (!pregunte(rechazo->pregunta))
             return false;
-        cuenta_seleccion = cuenta;
-        pantallas().abrir(l.pantalla_nueva_cuenta);
+        cree_cuenta(libro, cuenta);
         return true;
-    case 2:
-        muestre_mensaje(l.incompleta);
-        return false;
-    case 3:
-        muestre_mensaje(l.inferior);
-        return false;
-    case 4:
-        muestre_mensaje(l.con_auxiliares);
-        return false;
-    default:
-        return false;
     }
+    if (!rechazo->texto.isEmpty())
+        muestre_mensaje(rechazo->texto);
+    return false;
 }
 
 QString Tfdmcnt::nom_cuenta(const QString& cuenta, Libro libro) {
-    const DatosLibro& l = datos(libro);
-    CCuentas.Open(QStringLiteral("select cuen_cod, cuen_nom, cuen_activa from %1 where cuen_cod = ")
-                      .arg(l.cuentas) +
-                  QuotedStr(cuenta));
-    if (CCuentas.IsEmpty())
-        return {};
-    QCtaActiva.Open(QStringLiteral("SELECT CUEN_ACTIVA FROM %1 WHERE CUEN_COD = ")
-                        .arg(QString(l.cuentas).toUpper()) +
-                    QuotedStr(cuenta));
-    const bool inactiva = QCtaActiva.Fields(0).texto() == "N";
-    QCtaActiva.Close();
-    if (!inactiva)
-        return CCuentas.FieldByName("CUEN_NOM").texto();
-    muestre_mensaje(QStringLiteral("La %1 %2 está inactiva.").arg(l.cuenta_de, cuenta));
-    return {};
+    std::optional<Rechazo> inactiva;
+    const QString nombre = nombre_de_cuenta(fdm().Quorvex, libro, cuenta, inactiva);
+    if (inactiva)
+        muestre_mensaje(inactiva->texto);
+    return nombre;
 }
 
 QString Tfdmcnt::padre(const QString& cuenta) {
@@ -219,68 +177,79 @@ Moneda Tfdmcnt::saldo_cuenta(const QString& cuenta, const QString& fecha) {
 // ---------------------------------------------------------------- centros
 
 QString Tfdmcnt::nom_centro(const QString& proyecto) {
-    CNomcent.Open("select proy_nom from proyectos where proy_cod = " + QuotedStr(proyecto));
-    if (CNomcent.IsEmpty())
+    const QString nombre = nombre_de_proyecto(fdm().Quorvex, proyecto);
+    if (nombre.isEmpty())
         muestre_mensaje("Proyecto no encontrado.");
-    return CNomcent.Fields(0).texto();
+    return nombre;
 }
 
 QString Tfdmcnt::nom_subcentro(const QString& proyecto, const QString& centro) {
-    CNomcent.Open("select cent_nom from centros where proy_cod = " + QuotedStr(proyecto) +
-                  " and cent_cod = " + QuotedStr(centro));
-    if (CNomcent.IsEmpty())
+    const QString nombre = nombre_de_centro(fdm().Quorvex, proyecto, centro);
+    if (nombre.isEmpty())
         muestre_mensaje("Centro de costos no encontrado.");
-    return CNomcent.Fields(0).texto();
+    return nombre;
 }
 
 bool Tfdmcnt::valide_centro(const QString& proyecto, const QString& centro) {
-    CValidcentro.Open("select * from existe_centro(" + QuotedStr(proyecto) + ',' +
-                      QuotedStr(centro) + ')');
-    if (CValidcentro.FieldByName("OK").texto() == "S")
-        return true;
-    muestre_mensaje("Proyecto-Centro no encontrado.");
-    return false;
+    const auto rechazo = revise_centro(fdm().Quorvex, proyecto, centro);
+    if (rechazo)
+        muestre_mensaje(rechazo->texto);
+    return !rechazo;
 }
 
 // ---------------------------------------------------------------- comprobantes
 
-bool Tfdmcnt::existe_ComContable(const QString& tipo, const QString& prefijo,
-                                 const QString& numero) {
+std::optional<QString> Tfdmcnt::existe_ComContable(const QString& tipo, const QString& prefijo,
+                                                   const QString& numero) {
     if (numero.isEmpty())
-        return false;
-    Sentencia& q = fdm().QBorrar;
-    q.Open("select enco_consec from comprobante_encabezado where tico_cod = " + QuotedStr(tipo) +
-           " and prco_pref = " + QuotedStr(prefijo) +
-           " and enco_numero = " + QuotedStr(Tfdm::complete_numero(numero)));
-    const bool existe = !q.IsEmpty();
-    comprobante_encontrado = q.Fields(0).texto();
-    q.Close();
-    return existe;
+        return std::nullopt;
+    const QString id = id_del_numero(fdm().Quorvex, tipo, prefijo, numero);
+    return id.isEmpty() ? std::nullopt : std::optional(id);
 }
 
-bool Tfdmcnt::valide_NumComConta(const QString& tipo, const QString& prefijo,
-                                 const QString& numero_sugerido, Campo& campo) {
+NumeroValidado Tfdmcnt::valide_NumComConta(const QString& tipo, const QString& prefijo,
+                                           const QString& numero_sugerido, Campo& campo) {
     if (campo.vacio())
-        return true;
-    comprobante_encontrado.clear();
-    QString numero = campo.texto();
-    if (!existe_ComContable(tipo, prefijo, numero))
-        return true;
+        return {};
+    const QString numero = campo.texto();
+    const auto tomado = revise_numero(fdm().Quorvex, tipo, prefijo, numero);
+    if (!tomado)
+        return {};
     if (numero != numero_sugerido) {
-        if (pregunte("Comprobante " + numero + " previamente registrado. Consultar?"))
-            return true;
-        comprobante_encontrado.clear();
-        return false;
+        if (pregunte(tomado->pregunta))
+            return {.encontrado = tomado->dato};
+        return {.vale = false};
     }
     // El contador quedó atrás porque otro usuario tomó el número: se adelanta hasta uno libre.
-    do {
-        numero = Tfdm::complete_numero(QString::number(Tfdm::entero(numero) + 1));
-        fdm().QBorrar.ExecSQL("update prefijos_conta set pref_numero = " + QuotedStr(numero) +
-                              " where tico_cod = " + QuotedStr(tipo) +
-                              " and prco_pref = " + QuotedStr(prefijo));
-    } while (existe_ComContable(tipo, prefijo, numero));
-    campo = numero;
-    return true;
+    campo = adelante_contador(fdm().Quorvex, tipo, prefijo, numero);
+    return {};
+}
+
+AjustesLibro Tfdmcnt::ajustes_libro() {
+    AjustesLibro a;
+    a.permite_descuadre = fdm().valor<Llave::PermitirDescuadrados>();
+    a.digito_redondeo = fdm().valor<Llave::RedondeoComprobantes>();
+    a.bloqueo_2649 = fdm().texto_de(Llave::FechaBloqueo);
+    a.bloqueo_niif = fdm().texto_de(Llave::FechaBloqueoNiif);
+    a.bloqueo_administrativo = fdm().texto_de(Llave::BloqueoAdministrativo).remove('/');
+    return a;
+}
+
+ResultadoBorrado Tfdmcnt::borrar_comprobante(const QString& pantalla, const PedidoBorrado& pedido) {
+    const ModoBorrado& modo = modo_borrado(pantalla);
+    if (modo.exige_derecho && !fdm().exija_acceso(kBorrarComprobante))
+        return ResultadoBorrado::Negado;
+    if (const auto ajeno = revise_borrado(fdm().Quorvex, pedido)) {
+        muestre_mensaje(ajeno->texto);
+        return ResultadoBorrado::Ajeno;
+    }
+    if (!pregunte(pregunta_borrado(modo, pedido)))
+        return ResultadoBorrado::Conservado;
+    const auto cambiado = revise_cambio_ajeno(fdm().Quorvex, pedido);
+    if (cambiado && !pregunte_con_no(cambiado->pregunta))
+        return ResultadoBorrado::Conservado;
+    borre_comprobante(fdm().Quorvex, modo, pedido, fdm().usuario);
+    return ResultadoBorrado::Borrado;
 }
 
 QString Tfdmcnt::desc_activo(const QString& codigo) {

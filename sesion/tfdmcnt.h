@@ -1,8 +1,8 @@
 #pragma once
-// Módulo de datos de la contabilidad: período, cuentas, centros, comprobantes y los campos con que
-// una pantalla entrega una selección a otra.
-#include "libro/libro.h"
-#include "datos/recordset/conjunto.h"
+// Módulo de datos de la contabilidad: período, cuentas, centros y comprobantes.
+#include "libro/borrado.h"
+#include "libro/fechas.h"
+#include "sesion/tfdm.h"
 
 /// Período contable y cómo se mueve: 0 a 11 los meses, 12 "Ajustes".
 struct CursorPeriodo {
@@ -15,6 +15,8 @@ struct CursorPeriodo {
     /// Número que va a un procedimiento: 1 a 13.
     int numero() const { return indice + 1; }
 };
+
+enum class ResultadoBorrado { Negado, Ajeno, Conservado, Borrado };
 
 class Tfdmcnt : public QObject {
     Q_OBJECT
@@ -36,19 +38,6 @@ public:
     QString compone_fecha(const QString& dia) const;       ///< "aaaammdd"; corrige y pita si excede
     QString compone_fecha_admin(const QString& dia) const; ///< "aaaa/mm/dd"
 
-    // --- selecciones entre pantallas: quien las toma las vacía
-    QString cuenta_seleccion, proyecto_seleccion, centro_seleccion, concepto_seleccion;
-    QString activo_seleccionado, articulo_seleccion, plantilla_seleccion;
-    QString norma_seleccion, item_norma_seleccion;
-    QString cuenta_auxiliar, cuenta_localizar, texto_busqueda;
-    QString tercero_auxiliar, proyecto_auxiliar, centro_auxiliar, articulo_auxiliar;
-    QString comprobante_encontrado; ///< comprobante por abrir
-    QString tipo_informe;
-    Valor tipo_busqueda;      ///< tipo con que abre la búsqueda de comprobantes
-    QString nit_comprobantes; ///< tercero de la lista de comprobantes
-    bool balance_por_recalcular = false;
-    bool seleccion_cancelada = false;
-
     // --- sentencias compartidas
     Sentencia QBusccuentas, TEstructura, TComprobantes, TComprDetalle, TCompniif, SIdComproba;
     Sentencia QBalanceprueba, QBalniif, QAuxiliar, QSaldos, QComproba, QUsuarios, QSaldo;
@@ -56,9 +45,8 @@ public:
         TPlantilladn;
     Sentencia SIdPlantilla, TSaldiniciales;
     Sentencia QConsultas;
-    Proveedor PConsultas, PCuentas, PValidcuenta, PPadre, PSaldocta, PNomcent, PValidcentro;
-    ConjuntoDatos CConsultas, CCuentas, CValidcuenta, CPadre, CSaldocta, CNomcent, CValidcentro;
-    Sentencia QCtaActiva;
+    Proveedor PConsultas, PPadre, PSaldocta;
+    ConjuntoDatos CConsultas, CPadre, CSaldocta;
 
     // --- cuentas; con el libro por omisión son las de 2649
     /// Pregunta a la base si la cuenta puede llevar movimiento, con sus mensajes. Una cuenta que no
@@ -77,12 +65,25 @@ public:
     bool valide_centro(const QString& proyecto, const QString& centro);
 
     // --- comprobantes
-    bool existe_ComContable(const QString& tipo, const QString& prefijo, const QString& numero);
-    /// Falso: el usuario no quiso consultar el comprobante repetido y el número debe vaciarse.
-    bool valide_NumComConta(const QString& tipo, const QString& prefijo,
-                            const QString& numero_sugerido, Campo& campo);
+    /// Id del comprobante, nulo si no existe.
+    std::optional<QString> existe_ComContable(const QString& tipo, const QString& prefijo,
+                                              const QString& numero);
+    /// Con el número de otro comprobante pregunta si se consulta; el sugerido que otro usuario tomó
+    /// se adelanta a uno libre, y con él el contador.
+    NumeroValidado valide_NumComConta(const QString& tipo, const QString& prefijo,
+                                      const QString& numero_sugerido, Campo& campo);
+    /// Lo que la compañía decide de todo comprobante.
+    AjustesLibro ajustes_libro();
+    /// Derecho, origen, pregunta y borrado, con las diferencias del renglón de esa pantalla.
+    /// Muestra sus mensajes; las fallas de la base salen.
+    ResultadoBorrado borrar_comprobante(const QString& pantalla, const PedidoBorrado& pedido);
     /// Descripción de un activo fijo, o vacía.
     QString desc_activo(const QString& codigo);
+
+signals:
+    /// El libro o el período cambiaron: los balances que estén a la vista se leen otra vez al
+    /// activarse. Quien lo cambia hace `emit fdmcnt().balance_por_recalcular()`.
+    void balance_por_recalcular();
 
 private:
     void mueva_periodo(void (CursorPeriodo::*paso)());

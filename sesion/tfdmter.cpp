@@ -1,5 +1,6 @@
 #include "sesion/tfdmter.h"
 
+#include "libro/catalogos.h"
 #include "sesion/tfdm.h"
 
 namespace {
@@ -37,15 +38,11 @@ bool Tfdmter::existe_nit(const QString& nit) {
 }
 
 QString Tfdmter::nom_tercero(const QString& nit) {
-    CConsulta.Open(
-        "select terc_nit, terc_nom from terceros where terc_estado = 'S' and terc_nit = " +
-        QuotedStr(nit));
-    return CConsulta.FieldByName("TERC_NOM").texto();
+    return nombre_de_tercero(fdm().Quorvex, nit);
 }
 
 bool Tfdmter::valide_tercero(const QString& nit) {
-    if (CConsulta.valor_unico("select * from existe_tercero(" + QuotedStr(nit) + ')').texto() ==
-        "S")
+    if (tercero_activo(fdm().Quorvex, nit))
         return true;
     muestre_mensaje("Tercero Inactivo o no encontrado.");
     return false;
@@ -148,7 +145,8 @@ bool Tfdmter::valide_solocliente(const QString& nit) {
     return valide_cliente(nit) && !valide_proveedor(nit);
 }
 bool Tfdmter::valide_clientCartera(const QString& nit) {
-    return CConsulta.valor_unico(sql_con_papel("clientes", "clie_estado", nit)).texto() == "S";
+    // Activo: así lo deja la ficha del tercero al darle el papel de cliente.
+    return CConsulta.valor_unico(sql_con_papel("clientes", "clie_estado", nit)).texto() == "A";
 }
 bool Tfdmter::valide_retenciones(const QString& nit, Retenciones& tarifas) {
     return valide_proveedor_ret(nit, tarifas) || valide_retenCartera(nit, tarifas);

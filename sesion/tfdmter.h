@@ -8,10 +8,6 @@ public:
     Tfdmter();
     ~Tfdmter() override;
 
-    QString tercero_seleccion;       ///< NIT que una pantalla entrega a otra
-    QString nombre_seleccion;        ///< su nombre, para la lista de comprobantes
-    bool seleccion_mandante = false; ///< el NIT que venga es el del mandante
-
     Sentencia TTercero, QTerceros, Ttipoid, TCiudades, TPaises, TDocsterc, QBorrarter;
     Proveedor PConsulta;
     ConjuntoDatos CConsulta;

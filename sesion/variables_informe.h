@@ -3,5 +3,5 @@
 class MotorInformes;
 class QString;
 
-/// NomCia, Titulo y Usuario, en ese orden.
+/// NomCia, Titulo y Usuario, en ese orden, y las palabras de los importes en letras.
 void fije_variables(MotorInformes& motor, const QString& titulo);

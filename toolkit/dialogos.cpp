@@ -68,6 +68,11 @@ protected:
 constexpr int kRondas = 10;
 constexpr int kEsperaMs = 500;
 
+std::function<void(int)>& espera() {
+    static std::function<void(int)> funcion = [](int ms) { QThread::msleep(ms); };
+    return funcion;
+}
+
 } // namespace
 
 void muestre_mensaje(const QString& texto) {
@@ -82,14 +87,26 @@ void muestre_error(const QString& texto) {
     avise(QMessageBox::Critical, QStringLiteral("Error"), texto);
 }
 
-bool pregunte(const QString& texto) {
+namespace {
+
+bool pregunte_si_o_no(const QString& texto, bool si_escogido) {
     Dialogo d(QMessageBox::Question, QStringLiteral("Confirmación"), texto);
     QPushButton* si = d.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
     QPushButton* no = d.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
-    d.setDefaultButton(si);
+    d.setDefaultButton(si_escogido ? si : no);
     d.setEscapeButton(no);
     d.exec();
     return d.clickedButton() == si;
+}
+
+} // namespace
+
+bool pregunte(const QString& texto) {
+    return pregunte_si_o_no(texto, true);
+}
+
+bool pregunte_con_no(const QString& texto) {
+    return pregunte_si_o_no(texto, false);
 }
 
 Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos) {
@@ -120,7 +137,11 @@ void mensaje_temporal(const QString& texto) {
             QApplication::processEvents();
             break;
         }
-        QThread::msleep(kEsperaMs);
+        espera()(kEsperaMs);
     }
     d.hide();
+}
+
+std::function<void(int)> cambie_espera_de_mensajes(std::function<void(int)> nueva) {
+    return std::exchange(espera(), std::move(nueva));
 }

@@ -1,6 +1,7 @@
 // Marco de ventanas hijas y registro de pantallas por nombre.
 #include "toolkit/estilo.h"
 #include "toolkit/marcos.h"
+#include "toolkit/orden_lectura.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -83,6 +84,11 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         area_->setActiveSubWindow(ventana);
         if (primero)
             primero->setFocus();
+        // Si el que Qt escogería está apagado, se empieza por lo primero que se lee.
+        const QWidget* foco = pantalla->focusWidget();
+        const bool sirve = foco && foco->isEnabled() && foco->isVisible();
+        if (const auto orden = orden_de_lectura(pantalla, nullptr); !sirve && !orden.isEmpty())
+            orden.first()->setFocus(Qt::TabFocusReason);
     }
     emit cambiaron_las_abiertas();
     QPointer<Pantalla> viva(pantalla);
@@ -127,7 +133,10 @@ void Escritorio::notifique(Pantalla* pantalla) {
     historia_.removeAll(pantalla);
     historia_.append(pantalla);
     activa_ = pantalla;
+    const QPointer<Pantalla> viva(pantalla);
     proteja([&] { pantalla->FormActivate(); });
+    if (viva)
+        viva->reciba_entregas();
 }
 
 void Escritorio::olvide(Pantalla* pantalla) {
@@ -192,17 +201,18 @@ Pantalla* RegistroPantallas::construya(const QString& nombre) const {
     return p->creador();
 }
 
-Pantalla* RegistroPantallas::abrir(const QString& nombre, const Preparacion& prepare) {
+Pantalla* RegistroPantallas::abrir(const QString& nombre, Encargo encargo) {
     Escritorio* e = escritorio();
     if (e && creadores_.value(nombre).copias == Unica) {
         if (Pantalla* abierta = e->abierta(nombre)) {
+            if (!encargo.vacio())
+                abierta->encargo_ = std::move(encargo);
             e->active(abierta);
             return abierta;
         }
     }
     Pantalla* pantalla = construya(nombre);
-    if (prepare)
-        prepare(*pantalla);
+    pantalla->encargo_ = std::move(encargo);
     if (e)
         return e->muestre(pantalla);
     if (!pantalla->cree()) {
@@ -216,13 +226,8 @@ Pantalla* RegistroPantallas::abrir(const QString& nombre, const Preparacion& pre
     return pantalla;
 }
 
-int RegistroPantallas::abrir_modal(const QString& nombre, const Preparacion& prepare,
-                                   const std::function<void(Pantalla&, int)>& al_cerrar) {
+int RegistroPantallas::abrir_modal(const QString& nombre, Encargo encargo) {
     const std::unique_ptr<Pantalla> pantalla(construya(nombre));
-    if (prepare)
-        prepare(*pantalla);
-    const int resultado = pantalla->mostrar_modal();
-    if (al_cerrar)
-        al_cerrar(*pantalla, resultado);
-    return resultado;
+    pantalla->encargo_ = std::move(encargo);
+    return pantalla->mostrar_modal();
 }

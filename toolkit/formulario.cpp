@@ -6,6 +6,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QSplitter>
 #include <QWidget>
 
 namespace {
@@ -37,6 +38,12 @@ void recolecte(QWidget* control, QVector<QWidget*>& lista) {
     }
     if (control->layout()) {
         recolecte(control->layout(), lista);
+        return;
+    }
+    // Los hijos de una división no están en el orden en que se ven: sus partes sí.
+    if (auto* division = qobject_cast<QSplitter*>(control)) {
+        for (int i = 0; i < division->count(); ++i)
+            recolecte(division->widget(i), lista);
         return;
     }
     for (QObject* hijo : control->children())

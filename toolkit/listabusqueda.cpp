@@ -1,5 +1,6 @@
 #include "toolkit/listabusqueda.h"
 
+#include "datos/recordset/condicion.h"
 #include "toolkit/estilo.h"
 
 #include <QButtonGroup>
@@ -13,23 +14,21 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+namespace {
+constexpr int kLargoTexto = 255; ///< el de la columna más larga que se busca
+}
+
 QString sql_busqueda(const CriterioBusqueda& c) {
     QString sql = c.base;
-    if (!c.texto.isEmpty()) {
-        const QString abre = c.mayusculas ? QStringLiteral("upper(") : QString();
-        const QString cierra = c.mayusculas ? QStringLiteral(")") : QString();
-        sql += c.conector + abre + c.columna + cierra;
-        // El texto va como lo escribió el usuario: una comilla suelta es una falla de la base.
-        sql += c.desorden ? QStringLiteral(" like ") + abre + QStringLiteral("'%") + c.texto +
-                                QStringLiteral("%'") + cierra
-                          : QStringLiteral(" >= ") + abre + QStringLiteral("'") + c.texto +
-                                QStringLiteral("'") + cierra;
-        sql += QLatin1Char(' ');
-    }
+    if (!c.texto.isEmpty())
+        sql += c.conector +
+               (c.desorden ? condicion_contiene(c.columna, c.texto)
+                           : condicion_desde(c.columna, c.texto)) +
+               QLatin1Char(' ');
     if (!c.columna_activo.isEmpty() && !c.inactivos) {
-        const bool con_where = sql.contains(QLatin1String("where"));
-        sql += (con_where ? QStringLiteral("and ") : QStringLiteral(" where ")) + c.columna_activo +
-               QStringLiteral(" = 'S' ");
+        // Lo digitado también puede decir "where": se mira si hubo texto, no el texto.
+        sql += (c.texto.isEmpty() ? QStringLiteral(" where ") : QStringLiteral("and ")) +
+               c.columna_activo + QStringLiteral(" = 'S' ");
     }
     return sql + QStringLiteral("order by ") + c.columna;
 }
@@ -61,6 +60,7 @@ FilaBusqueda::FilaBusqueda(const QVector<Eleccion>& columnas, const QString& rot
     EBuscar = new QLineEdit(this);
     EBuscar->setObjectName(QStringLiteral("EBuscar"));
     EBuscar->setAccessibleName(QStringLiteral("Texto por buscar"));
+    EBuscar->setMaxLength(kLargoTexto);
     EBuscar->setMinimumWidth(ancho_caracteres(fontMetrics(), 24));
     EBuscar->installEventFilter(this);
     rotulo->setBuddy(EBuscar);
@@ -111,6 +111,18 @@ QString FilaBusqueda::columna() const {
     return columnas_.value(ItemIndex()).columna;
 }
 
+void FilaBusqueda::busque_texto(const QString& texto) {
+    const bool codigo = !texto.isEmpty() && texto[0].isDigit();
+    if (!texto.isEmpty() && columnas_.value(ItemIndex()).de_codigo != codigo)
+        for (int i = 0; i < columnas_.size(); ++i)
+            if (columnas_[i].de_codigo == codigo) {
+                ItemIndex(i);
+                break;
+            }
+    EBuscar->setText(texto);
+    busque();
+}
+
 CriterioBusqueda FilaBusqueda::criterio(CriterioBusqueda plantilla) const {
     plantilla.columna = columna();
     plantilla.texto = EBuscar->text();
@@ -135,6 +147,15 @@ bool FilaBusqueda::eventFilter(QObject* objeto, QEvent* evento) {
         reclama(*static_cast<QKeyEvent*>(evento))) {
         busque();
         return true;
+    }
+    if (objeto == EBuscar && evento->type() == QEvent::KeyPress && al_bajar) {
+        const auto& tecla = *static_cast<QKeyEvent*>(evento);
+        if (tecla.key() == Qt::Key_Down && !(tecla.modifiers() & ~Qt::KeypadModifier)) {
+            if (pendiente_)
+                busque();
+            al_bajar();
+            return true;
+        }
     }
     return QWidget::eventFilter(objeto, evento);
 }

@@ -13,12 +13,11 @@ class QPushButton;
 struct CriterioBusqueda {
     QString base;           ///< "select * from cuentas "
     QString columna;        ///< columna de la búsqueda y del orden
-    QString texto;          ///< va tal cual, sin doblar comillas
+    QString texto;          ///< como se digitó; se busca sin mayúsculas ni tildes
     bool desorden = false;  ///< en cualquier posición
     QString columna_activo; ///< "cuen_activa"; vacía: la lista no distingue inactivos
     bool inactivos = false; ///< también los inactivos
     QString conector = QStringLiteral(" where "); ///< " and " si la base ya trae su condición
-    bool mayusculas = true;                       ///< compara con upper() a ambos lados
 };
 /// Texto SQL de la búsqueda.
 QString sql_busqueda(const CriterioBusqueda& criterio);
@@ -30,6 +29,7 @@ public:
     struct Eleccion {
         QString rotulo;
         QString columna;
+        bool de_codigo = false; ///< lo que se busca por cifras
     };
     /// `rotulo_inactivos` vacío: sin ckinact.
     FilaBusqueda(const QVector<Eleccion>& columnas, const QString& rotulo_inactivos,
@@ -45,11 +45,15 @@ public:
     int ItemIndex() const;
     void ItemIndex(int indice);
     QString columna() const;
+    /// Busca ese texto: por el código si empieza por cifra, y si no por la columna escogida o, si
+    /// es la del código, por la primera de las otras.
+    void busque_texto(const QString& texto);
     /// Criterio con lo que el usuario dejó en los controles, sobre `plantilla`.
     CriterioBusqueda criterio(CriterioBusqueda plantilla) const;
 
     std::function<void()> sbBuscarClick; ///< también cuando cambia ckinact
     std::function<void(bool)> ckfiltroClick;
+    std::function<void()> al_bajar; ///< Abajo en EBuscar, ya buscado su texto: pasa a las filas
 
     bool reclama(const QKeyEvent& evento) override;
 

@@ -1,5 +1,7 @@
 #include "toolkit/marcos.h"
 
+#include "toolkit/orden_lectura.h"
+
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QVBoxLayout>
@@ -30,6 +32,24 @@ void MarcoPantalla::closeEvent(QCloseEvent* evento) {
         evento->ignore();
     else
         evento->accept();
+}
+
+bool MarcoPantalla::focusNextPrevChild(bool siguiente) {
+    const QWidget* actual = pantalla_ ? pantalla_->focusWidget() : nullptr;
+    const QVector<QWidget*> orden =
+        pantalla_ ? orden_de_lectura(pantalla_, actual) : QVector<QWidget*>();
+    const auto esta = std::find_if(orden.begin(), orden.end(), [actual](const QWidget* w) {
+        return actual && (w == actual || w->isAncestorOf(actual));
+    });
+    const qsizetype n = orden.size();
+    if (n < (esta == orden.end() ? 1 : 2))
+        return false;
+    const qsizetype i = esta - orden.begin();
+    QWidget* proximo =
+        orden[esta == orden.end() ? (siguiente ? 0 : n - 1) : (i + (siguiente ? 1 : n - 1)) % n];
+    proximo->setFocus(siguiente ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    ensureWidgetVisible(proximo);
+    return true;
 }
 
 DialogoPantalla::DialogoPantalla(Pantalla* pantalla, QWidget* padre)

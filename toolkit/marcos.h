@@ -18,6 +18,8 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* evento) override;
+    /// Tab recorre la pantalla como se lee y da la vuelta sin salir de ella.
+    bool focusNextPrevChild(bool siguiente) override;
 
 private:
     QPointer<Pantalla> pantalla_;

@@ -26,3 +26,13 @@ QPushButton* MenuBotones::opcion(const QString& nombre, const QString& texto, co
     columna_->addWidget(boton);
     return boton;
 }
+
+QPushButton* MenuBotones::opcion(const QString& nombre, const QString& texto, const QString& imagen,
+                                 const QString& pantalla, std::function<void()> accion) {
+    QPushButton* boton = opcion(nombre, texto, imagen, std::move(accion));
+    if (!pantallas().existe(pantalla)) {
+        boton->setEnabled(false);
+        boton->setToolTip(QStringLiteral("Aún no está en esta versión"));
+    }
+    return boton;
+}

@@ -13,6 +13,31 @@
 
 void instale_despacho_teclas(); // teclas_pantalla.cpp
 
+namespace {
+
+/// Las modales a la vista, cada una con la pantalla cuyo código espera su respuesta (o nulo).
+struct Espera {
+    Pantalla* quien;
+    Pantalla* modal;
+};
+QVector<Espera> esperas_;
+
+class EnEspera {
+public:
+    explicit EnEspera(Pantalla* modal) {
+        Pantalla* activa = escritorio() ? escritorio()->activa() : nullptr;
+        esperas_.append(Espera{esperas_.isEmpty() ? activa : esperas_.last().modal, modal});
+    }
+    ~EnEspera() { esperas_.removeLast(); }
+};
+
+bool espera_una_modal(const Pantalla* pantalla) {
+    return std::any_of(esperas_.begin(), esperas_.end(),
+                       [pantalla](const Espera& e) { return e.quien == pantalla; });
+}
+
+} // namespace
+
 Pantalla::Pantalla(const QString& clase, const QString& titulo, QWidget* padre) : QWidget(padre) {
     setObjectName(clase);
     setWindowTitle(titulo);
@@ -54,6 +79,8 @@ bool Pantalla::consienta_cierre() {
         return true;
     if (cerrando_)
         return false; // FormClose pidió cerrar otra vez
+    if (espera_una_modal(this))
+        return false; // su código sigue cuando la modal conteste: liberarla lo dejaría en el aire
     cerrando_ = true;
     bool consiente = false;
     try {
@@ -61,7 +88,7 @@ bool Pantalla::consienta_cierre() {
     } catch (const EdicionAbortada&) {
     } catch (...) {
         // Una falla al cerrar no puede dejar al usuario encerrado en la pantalla.
-        reporte_falla(texto_de_excepcion());
+        reporte_excepcion();
         consiente = true;
     }
     cerrando_ = false;
@@ -91,6 +118,7 @@ int Pantalla::mostrar_modal() {
     QPointer<Pantalla> viva(this);
     const QPointer<QWidget> primero = focusWidget();
     {
+        const EnEspera espera(this);
         DialogoPantalla dialogo(this, QApplication::activeWindow());
         dialogo_ = &dialogo;
         dialogo.resize(tamano_inicial());

@@ -4,7 +4,8 @@
 // Una pantalla se crea por su nombre (`pantallas().abrir("Tfcuentas")`) o directamente
 // (`escritorio()->muestre(new Tfcuentas)`): FormCreate corre después del constructor, FormActivate
 // cada vez que la ventana hija recibe la activación (no cuando se cierra un simple mensaje), y
-// FormClose antes de liberarla.
+// FormClose antes de liberarla. Lo que una pantalla pide a otra está en toolkit/peticion.h.
+#include "toolkit/peticion.h"
 #include "toolkit/proteccion.h"
 
 #include <QDialog>
@@ -13,6 +14,9 @@
 #include <QVector>
 #include <QWidget>
 #include <functional>
+#include <map>
+#include <optional>
+#include <vector>
 
 class QKeyEvent;
 class QMdiArea;
@@ -72,6 +76,46 @@ public:
     void resultado_modal(int resultado);
     bool es_modal() const { return dialogo_ != nullptr; }
 
+    // --- peticiones: toolkit/peticion.h dice cómo se usan
+    /// Pide a otra pantalla; `reciba` corre con la respuesta cuando esta se active. Lanza
+    /// ErrorDatos si no existe.
+    template <class P>
+    void pida(const QString& nombre, P peticion,
+              std::function<void(const typename P::Respuesta&)> reciba) {
+        Encargo encargo(std::move(peticion));
+        encargo.al_responder_ = [yo = QPointer<Pantalla>(this),
+                                 reciba = std::move(reciba)](const std::any& respuesta) {
+            if (yo)
+                yo->espere_entrega({typeid(P), [reciba, respuesta] {
+                                        reciba(
+                                            std::any_cast<const typename P::Respuesta&>(respuesta));
+                                    }});
+        };
+        abra_encargo(nombre, std::move(encargo));
+    }
+    /// La petición con que se abrió; con otra o con ninguna, los valores por omisión.
+    template <class P> P peticion() const {
+        const P* p = encargo_.de<P>();
+        return p ? *p : P{};
+    }
+    template <class P> bool trae() const { return encargo_.de<P>() != nullptr; }
+    /// Contesta, una sola vez, a quien la abrió con esa petición. Falso si nadie la pidió.
+    template <class P> bool responda(typename P::Respuesta respuesta) {
+        return trae<P>() && conteste(std::move(respuesta));
+    }
+    /// Deja una respuesta que nadie pidió para la próxima pantalla activa que acepte las de P.
+    template <class P> void ofrezca(typename P::Respuesta respuesta) {
+        deje(typeid(P), std::move(respuesta));
+    }
+    /// Acepta al activarse lo que otra pantalla haya ofrecido. Con falso lo ve y lo deja esperando.
+    template <class P> void acepte(std::function<bool(const typename P::Respuesta&)> acepta) {
+        aceptadas_[typeid(P)] = [acepta = std::move(acepta)](const std::any& respuesta) {
+            return acepta(std::any_cast<const typename P::Respuesta&>(respuesta));
+        };
+    }
+    /// Orden en que recibe lo que llegue en una misma activación; las no nombradas, al final.
+    template <class... P> void orden_de_entrega() { orden_ = {typeid(P)...}; }
+
     // --- teclas
     void tecla(int clave, Qt::KeyboardModifiers modificadores, const QString& nombre,
                std::function<void()> accion = {}, bool escribe = true);
@@ -118,7 +162,18 @@ private:
     QPushButton* boton_de(const Tecla& tecla) const;
     QPoint lugar_centrado(QSize ventana) const;
     bool pase_de_control(const QKeyEvent& evento, QWidget* foco, bool solo_pregunta);
+    // en peticion.cpp
+    friend class RegistroPantallas;
+    void abra_encargo(const QString& nombre, Encargo encargo);
+    bool conteste(std::any respuesta);
+    static void deje(std::type_index tipo, std::any respuesta);
+    void espere_entrega(Entrega entrega);
+    void reciba_entregas();
 
+    Encargo encargo_;
+    std::vector<Entrega> entregas_;
+    std::vector<std::type_index> orden_;
+    std::map<std::type_index, std::function<bool(const std::any&)>> aceptadas_;
     QVector<Tecla> teclas_;
     QVector<QString> en_curso_; ///< teclas cuya acción no ha terminado
     QPointer<QDialog> dialogo_;
@@ -170,7 +225,8 @@ private:
     QSettings* ajustes_ = nullptr;
     QPointer<Pantalla> activa_;
     QVector<Pantalla*> abiertas_;
-    QVector<Pantalla*> historia_; ///< la más reciente al final
+    QVector<Pantalla*> historia_;                   ///< la más reciente al final
+    std::map<std::type_index, std::any> ofrecidas_; ///< respuestas que nadie pidió
     bool en_silencio_ = false;
 };
 
@@ -181,7 +237,6 @@ Escritorio* escritorio();
 class RegistroPantallas {
 public:
     using Creador = std::function<Pantalla*()>;
-    using Preparacion = std::function<void(Pantalla&)>;
     enum Copias { Varias, Unica };
 
     void registre(const QString& nombre, Creador creador, Copias copias = Varias);
@@ -189,12 +244,22 @@ public:
     QStringList nombres() const { return creadores_.keys(); }
     /// La construye sin FormCreate; el que llama es el dueño. Lanza ErrorDatos si no existe.
     Pantalla* construya(const QString& nombre) const;
-    /// Abre como ventana hija. `prepare` corre entre el constructor y FormCreate. Una pantalla de
-    /// copia única ya abierta se activa. Nulo si FormCreate pidió el cierre.
-    Pantalla* abrir(const QString& nombre, const Preparacion& prepare = {});
-    /// Abre en modal; `al_cerrar` ve la pantalla antes de liberarla.
-    int abrir_modal(const QString& nombre, const Preparacion& prepare = {},
-                    const std::function<void(Pantalla&, int resultado)>& al_cerrar = {});
+    /// Abre como ventana hija. La petición está puesta antes de FormCreate. Una pantalla de copia
+    /// única ya abierta se activa con ella. Nulo si FormCreate pidió el cierre.
+    Pantalla* abrir(const QString& nombre, Encargo encargo = {});
+    /// Abre en modal y la libera; devuelve su resultado modal.
+    int abrir_modal(const QString& nombre, Encargo encargo = {});
+    /// Abre en modal y devuelve su respuesta; nulo si se cerró sin contestar.
+    template <class P>
+    std::optional<typename P::Respuesta> pida_modal(const QString& nombre, P peticion) {
+        std::optional<typename P::Respuesta> respuesta;
+        Encargo encargo(std::move(peticion));
+        encargo.al_responder_ = [&respuesta](const std::any& r) {
+            respuesta = std::any_cast<const typename P::Respuesta&>(r);
+        };
+        abrir_modal(nombre, std::move(encargo));
+        return respuesta;
+    }
 
 private:
     struct Registrada {

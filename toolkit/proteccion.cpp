@@ -3,6 +3,7 @@
 #include "datos/firebird/moneda.h"
 
 #include <QMessageBox>
+#include <system_error>
 
 namespace {
 ManejadorFallas manejador_;
@@ -12,21 +13,58 @@ void instale_manejador_fallas(ManejadorFallas manejador) {
     manejador_ = std::move(manejador);
 }
 
-void reporte_falla(const QString& texto) {
-    if (manejador_)
-        manejador_(texto);
-    else
-        QMessageBox::critical(nullptr, QStringLiteral("Error"), texto);
+void instale_manejador_fallas(std::function<void(const QString& texto)> manejador) {
+    manejador_ = [m = std::move(manejador)](const ErrorDatos& falla) { m(falla.texto()); };
 }
 
-QString texto_de_excepcion() {
+void retire_manejador_fallas() {
+    manejador_ = nullptr;
+}
+
+void reporte_falla(const ErrorDatos& falla) {
+    if (manejador_)
+        manejador_(falla);
+    else
+        QMessageBox::critical(nullptr, QStringLiteral("Error"), falla.para_usuario());
+}
+
+void reporte_falla(const QString& texto) {
+    reporte_falla(ErrorDatos(texto));
+}
+
+void reporte_excepcion() {
     try {
         throw;
     } catch (const ErrorDatos& e) {
-        return e.texto();
-    } catch (const std::exception& e) {
-        return QString::fromUtf8(e.what());
+        reporte_falla(e); // con su clase, que dice más que su texto
     } catch (...) {
-        return QStringLiteral("Falla desconocida.");
+        reporte_falla(falla_de_excepcion());
     }
+}
+
+ErrorDatos falla_de_excepcion() {
+    try {
+        throw;
+    } catch (const ErrorDatos& e) {
+        return e;
+    } catch (const std::bad_alloc& e) {
+        return ErrorDatos(QStringLiteral("Se acabó la memoria del equipo. Grabe lo que tenga y "
+                                         "cierre otros programas."),
+                          QString::fromUtf8(e.what()));
+    } catch (const std::logic_error& e) { // de la biblioteca del lenguaje, en inglés
+        return ErrorDatos(QStringLiteral("El programa encontró algo que no esperaba y no pudo "
+                                         "terminar lo que se pidió."),
+                          QString::fromUtf8(e.what()));
+    } catch (const std::system_error& e) {
+        return ErrorDatos(QStringLiteral("El sistema operativo no permitió lo que se pidió."),
+                          QString::fromUtf8(e.what()));
+    } catch (const std::exception& e) {
+        return ErrorDatos(QString::fromUtf8(e.what()));
+    } catch (...) {
+        return ErrorDatos(QStringLiteral("Falla desconocida."));
+    }
+}
+
+QString texto_de_excepcion() {
+    return falla_de_excepcion().texto();
 }

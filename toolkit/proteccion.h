@@ -6,11 +6,17 @@
 #include <utility>
 
 /// Recibe toda falla que nadie atrapó. Lo instala el módulo de datos central; antes de eso la
-/// muestra en un diálogo sin traducir.
-using ManejadorFallas = std::function<void(const QString& texto)>;
+/// muestra en un diálogo, con sus palabras para el usuario.
+using ManejadorFallas = std::function<void(const ErrorDatos& falla)>;
 void instale_manejador_fallas(ManejadorFallas manejador);
+/// El que solo quiere el texto.
+void instale_manejador_fallas(std::function<void(const QString& texto)> manejador);
+void retire_manejador_fallas();
+void reporte_falla(const ErrorDatos& falla);
 void reporte_falla(const QString& texto);
-/// Texto de la excepción en curso (solo dentro de un catch).
+/// Reporta la excepción en curso, y la da como falla o como texto (solo dentro de un catch).
+void reporte_excepcion();
+ErrorDatos falla_de_excepcion();
 QString texto_de_excepcion();
 
 /// Ejecuta un manejador de evento. Una edición abortada es silenciosa; lo demás se reporta.
@@ -21,7 +27,7 @@ template <class F> bool proteja(F&& cuerpo) {
         return true;
     } catch (const EdicionAbortada&) {
     } catch (...) {
-        reporte_falla(texto_de_excepcion());
+        reporte_excepcion();
     }
     return false;
 }

@@ -2,6 +2,20 @@
 
 #include "vouchers/pch.h"
 
+namespace {
+
+/// Qué hacer cuando la búsqueda en todos los tipos lleva más de una condición.
+QString texto_sobrantes(QStringList llenas) {
+    const QString ultima = llenas.takeLast(), otras = llenas.join(", ");
+    return QString("Con todos los tipos la búsqueda admite un solo dato y hay varios: %1 y %2. "
+                   "Escoja un tipo o %3.")
+        .arg(otras, ultima,
+             llenas.size() == 1 ? QString("vacíe %1 o %2").arg(otras, ultima)
+                                : QString("deje lleno solo uno de ellos"));
+}
+
+} // namespace
+
 BusquedaPorTipo::BusquedaPorTipo(const QString& clase, const QString& titulo, Sentencia& sentencia,
                                  const QString& conjunto)
     : Pantalla(clase, titulo), PTipodoc(this, "PTipodoc", &fdm().TTipocomp),
@@ -9,10 +23,8 @@ BusquedaPorTipo::BusquedaPorTipo(const QString& clase, const QString& titulo, Se
       proveedor_(this, 'P' + conjunto.mid(1), &sentencia, poAllowCommandText),
       CTipodoc(this, "CTipodoc", &PTipodoc), CVirtual(this, "CVirtual"),
       CBorrar(this, "CBorrar", &PBorrar), conjunto_(this, conjunto, &proveedor_) {
-    CTipodoc.texto("TICO_COD", 3);
-    CTipodoc.texto("TICO_NOM", 60);
-    CVirtual.texto("TICO_COD", 3);
-    CVirtual.texto("TICO_NOM", 60);
+    campos_tipos_comprobante(CTipodoc);
+    campos_tipos_comprobante(CVirtual);
     CVirtual.IndexFieldNames("TICO_NOM");
 }
 
@@ -57,6 +69,11 @@ void BusquedaPorTipo::compone_query() {
 
 void BusquedaPorTipo::busque(const QString& orden) {
     compone_query();
+    if (const QStringList llenas = filtros_->sobrantes(condicion_base_); !llenas.isEmpty()) {
+        conjunto_.Close();
+        muestre_mensaje(texto_sobrantes(llenas));
+        return;
+    }
     conjunto_.Open(fijo_ + condicion_ + orden);
 }
 
@@ -65,8 +82,7 @@ QString BusquedaPorTipo::dato(const char* campo) const {
 }
 
 void BusquedaPorTipo::editar_comprobante(const QString& id) {
-    fdmcnt().comprobante_encontrado = id;
-    pantallas().abrir("Tfedtmovimien");
+    abra_comprobante(id);
 }
 
 bool BusquedaPorTipo::FormClose() {

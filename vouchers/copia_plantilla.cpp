@@ -2,9 +2,20 @@
 
 #include "datos/recordset/conjunto.h"
 
+void copie_lineas(ConjuntoDatos& origen, ConjuntoDatos& destino, std::span<const ParCampos> pares,
+                  const std::function<void()>& complete) {
+    for (origen.First(); !origen.Eof(); origen.Next()) {
+        destino.Append();
+        for (const auto& [hacia, desde] : pares)
+            destino.FieldByName(hacia) = origen.FieldByName(desde).valor();
+        complete();
+        destino.Post();
+    }
+}
+
 void copie_lineas_plantilla(ConjuntoDatos& origen, ConjuntoDatos& destino, const Valor& id,
                             const QString& concepto) {
-    static const char* const pares[][2] = {{"CUEN_COD", "CUEN_COD"},
+    static constexpr ParCampos kPares[] = {{"CUEN_COD", "CUEN_COD"},
                                            {"TERC_NIT", "TERC_NIT"},
                                            {"PROY_COD", "PROY_COD"},
                                            {"CENT_COD", "CENT_COD"},
@@ -16,16 +27,10 @@ void copie_lineas_plantilla(ConjuntoDatos& origen, ConjuntoDatos& destino, const
                                            {"CODE_PORC", "PLDE_PORC"},
                                            {"ARTI_COD", "ARTI_COD"}};
     int item = 0;
-    for (origen.First(); !origen.Eof(); origen.Next()) {
-        destino.Append();
+    copie_lineas(origen, destino, kPares, [&] {
         destino.FieldByName("ENCO_CONSEC") = id;
         destino.FieldByName("CODE_ITEM") = ++item;
-        for (const auto& [hacia, desde] : pares) {
-            const bool es_concepto = QLatin1String(hacia) == QLatin1String("CODE_CONCEPTO");
-            destino.FieldByName(hacia) = es_concepto && !concepto.isEmpty()
-                                             ? Valor(concepto)
-                                             : origen.FieldByName(desde).valor();
-        }
-        destino.Post();
-    }
+        if (!concepto.isEmpty())
+            destino.FieldByName("CODE_CONCEPTO") = concepto;
+    });
 }

@@ -1,11 +1,18 @@
 #include "vouchers/filtros_busqueda.h"
 
+#include "datos/recordset/condicion.h"
 #include "toolkit/estilo.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+
+QString FiltroTexto::condicion(const QString& digitado) const {
+    static constexpr const char* kSignos[] = {" = ", " >= ", " <= "};
+    return comparacion == Contiene ? condicion_contiene(columna, digitado)
+                                   : columna + QString(kSignos[comparacion]) + QuotedStr(digitado);
+}
 
 FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto>& filtros,
                                  const char* nombre_boton, bool con_fila, QWidget* padre)
@@ -73,21 +80,33 @@ void FiltrosBusqueda::escoja_tipo(const QString& codigo) {
         }
 }
 
+bool FiltrosBusqueda::con_tipo() const {
+    const QString tipo = LTipo->valor().texto();
+    return !tipo.isEmpty() && tipo != kTodos;
+}
+
 QString FiltrosBusqueda::condicion(const QString& base, const QString& columna_tipo) const {
     QString texto = base;
     bool hay_where = !base.isEmpty();
-    const QString tipo = LTipo->valor().texto();
-    if (!tipo.isEmpty() && tipo != kTodos) {
-        texto += (hay_where ? "and " : " where ") + columna_tipo + " = " + QuotedStr(tipo) + ' ';
+    if (con_tipo()) {
+        texto += (hay_where ? "and " : " where ") + columna_tipo + " = " +
+                 QuotedStr(LTipo->valor().texto()) + ' ';
         hay_where = true;
     }
     // Solo el tipo cuenta como un where ya puesto: con todos los tipos y dos cajas llenas el texto
-    // lo trae dos veces y la base lo rehúsa.
+    // lo trae dos veces.
     for (int i = 0; i < filtros_.size(); ++i)
-        if (const QString valor = cajas_[i]->text(); !valor.isEmpty())
-            texto += (hay_where ? "and " : "where ") + QLatin1String(filtros_[i].antes) + valor +
-                     QLatin1String(filtros_[i].despues);
+        if (const QString digitado = cajas_[i]->text(); !digitado.isEmpty())
+            texto += (hay_where ? "and " : "where ") + filtros_[i].condicion(digitado) + ' ';
     return texto;
+}
+
+QStringList FiltrosBusqueda::sobrantes(const QString& base) const {
+    QStringList llenas;
+    for (int i = 0; i < filtros_.size(); ++i)
+        if (!cajas_[i]->text().isEmpty())
+            llenas << QString::fromUtf8(filtros_[i].rotulo);
+    return base.isEmpty() && !con_tipo() && llenas.size() > 1 ? llenas : QStringList();
 }
 
 void FiltrosBusqueda::busque() {

@@ -10,13 +10,16 @@ class QCheckBox;
 class QLineEdit;
 class QPushButton;
 
-/// Caja de la que sale una condición: `antes` + lo digitado + `despues`.
+/// Caja de la que sale una condición sobre una columna.
 struct FiltroTexto {
+    enum Comparacion { Igual, Desde, Hasta, Contiene };
     const char* nombre;
-    const char* rotulo;
-    int ancho; ///< caracteres que admite
-    const char* antes;
-    const char* despues = "' ";
+    const char* rotulo; ///< también la nombra en los mensajes
+    int ancho;          ///< caracteres que admite
+    const char* columna;
+    Comparacion comparacion = Igual; ///< Contiene no distingue mayúsculas ni tildes
+
+    QString condicion(const QString& digitado) const;
 };
 
 /// Con texto sin buscar, Enter en una caja busca en vez de lo que haga la pantalla.
@@ -38,9 +41,14 @@ public:
 
     /// Deja escogido el tipo si está en la lista.
     void escoja_tipo(const QString& codigo);
-    /// `base` con las condiciones de los controles llenos; `columna_tipo` es la del tipo. Lo
-    /// digitado va sin doblar comillas: una suelta es una falla de la base.
+    /// `base` con las condiciones de los controles llenos; `columna_tipo` es la del tipo. Con todos
+    /// los tipos y sin `base` el texto solo admite una caja llena: con más queda mal escrito, y
+    /// `sobrantes` lo dice.
     QString condicion(const QString& base, const QString& columna_tipo) const;
+
+    /// Rótulos de las cajas llenas, en orden, cuando son más de las que la búsqueda admite; vacía
+    /// si se puede buscar. `base` es la de `condicion`.
+    QStringList sobrantes(const QString& base) const;
 
     std::function<void()> al_buscar;
 
@@ -51,6 +59,7 @@ protected:
 
 private:
     void busque();
+    bool con_tipo() const; ///< hay un tipo escogido, que no es el de todos
 
     ConjuntoDatos& tipos_;
     QVector<FiltroTexto> filtros_;

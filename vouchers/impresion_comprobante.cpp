@@ -9,8 +9,6 @@
 #include <QScopeGuard>
 
 namespace {
-constexpr const char* kPapel = "TAMAÑO DEL PAPEL PARA IMPRIMIR COMPROBANTES CONTABLES";
-constexpr const char* kPorTipo = "USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR";
 constexpr const char* kFormatoBase = "0000";
 } // namespace
 
@@ -100,11 +98,10 @@ bool ImpresionComprobante::imprima(MotorInformes& motor, const QString& id, bool
 bool ImpresionComprobante::por_plantilla(MotorInformes& motor, bool niif) {
     motor.ProjectFile = ruta_informe("comprobantes.rav");
     motor.abrir_proyecto(motor.ProjectFile);
-    motor.fijar_parametro("Compania", fdm().configuracion("GENERAL", "GENERAL", "NOMBRE COMPAÑIA"));
+    motor.fijar_parametro("Compania", fdm().valor<Llave::NombreCompania>());
     motor.fijar_parametro("Usuario", fdm().nombre_usuario);
     motor.conecte("RComproba", CComproba);
-    const bool carta =
-        fdm().configuracion("CONTABILIDAD", "COMPROBANTES", kPapel) == QLatin1String("CARTA");
+    const bool carta = fdm().valor<Llave::PapelComprobantes>() == QLatin1String("CARTA");
     const QString reporte = carta ? "Comprobante" : "Comprobantemed";
     motor.seleccionar_reporte(reporte);
     if (niif)
@@ -121,7 +118,7 @@ bool ImpresionComprobante::abra_formato() {
         filtro += QuotedStr(kFormatoBase);
     } else {
         // La llave puede ser el prefijo al definir el formato, pero aquí siempre se busca por tipo.
-        (void)fdm().configurado_si("COMPROBANTES", kPorTipo);
+        (void)fdm().valor<Llave::FormatoPorTipo>();
         filtro += QuotedStr(tipo);
     }
     if (formato_abierto_ != filtro || !CFormato.Active()) {

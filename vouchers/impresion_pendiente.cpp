@@ -2,7 +2,7 @@
 
 #include "vouchers/pch.h"
 
-void imprima_comprobante() {
+void imprima_comprobante(const QString& id) {
     if (pantallas().existe("Tfimprcomproba"))
-        pantallas().abrir_modal("Tfimprcomproba");
+        pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{id});
 }

@@ -1,25 +1,17 @@
 #include "vouchers/interprete_formato.h"
 
 #include "sesion/tfdm.h"
-#include "toolkit/impresora.h"
 #include "vouchers/datos_formato.h"
 
-#include <QFontMetricsF>
-#include <cmath>
+#include <QSize>
 #include <functional>
 
 using namespace informes;
 
 namespace {
 
-constexpr qreal kAnchoRejilla = 2000, kAltoRejilla = 1500;
-constexpr qreal kTrazo = 0.2;          // mm
+constexpr QSize kRejilla(2000, 1500);
 constexpr int kCorrimientoPasan = 100; // unidades a la izquierda del total
-constexpr qreal kPixelesPorMilimetro = 96 / 25.4;
-
-qreal cuatro_decimales(qreal valor) {
-    return std::round(valor * 10000) / 10000;
-}
 
 /// De una sesión con agencia, el dato de la agencia; si no, el de la compañía.
 QString de_la_agencia(const QString& compania, const QString& agencia) {
@@ -109,15 +101,7 @@ Moneda numero(const QString& texto, const QString& dato) {
 
 InterpreteFormato::InterpreteFormato(const TablasFormato& tablas, ConjuntoDatos& CComproba,
                                      const QString& id)
-    : t_(tablas), comprobante_(CComproba), id_(id) {
-    const QSizeF hoja = hoja_de_impresora();
-    papel_.nombre = QStringLiteral("impresora");
-    papel_.ancho = hoja.width();
-    papel_.alto = hoja.height();
-    papel_.margen_x = papel_.margen_y = 0;
-    escala_x = cuatro_decimales(hoja.width() * kPorMilimetro / kAnchoRejilla);
-    escala_y = cuatro_decimales(hoja.height() * kPorMilimetro / kAltoRejilla);
-}
+    : t_(tablas), comprobante_(CComproba), id_(id) {}
 
 void InterpreteFormato::imprima(Hojas& hojas) {
     if (t_.CFormato.FieldByName("FORM_PAGINAS").texto() == QLatin1String("S") &&
@@ -126,20 +110,21 @@ void InterpreteFormato::imprima(Hojas& hojas) {
             QStringLiteral("El formato de impresión %1 permite varias páginas y no dice cuántos "
                            "items caben en cada una: digite \"Número de repeticiones items:\".")
                 .arg(t_.CFormato.FieldByName("PREF_PRE").texto()));
-    hojas_ = &hojas;
+    // La hoja se toma ahora: es la que se escogió en las opciones de esta impresión.
+    pintor_.emplace(hojas, papel_de_impresora(), kRejilla);
     pagina = 1;
     linea = 0;
-    hojas.comience_pagina(papel_);
+    pintor_->comience_hoja();
     comprobante_.First();
     imprime_encabezado(false);
     imprime_detalle();
     imprime_encabezado(true);
-    hojas.termine_pagina();
+    pintor_->termine_hoja();
 }
 
 void InterpreteFormato::pagina_nueva() {
-    hojas_->termine_pagina();
-    hojas_->comience_pagina(papel_);
+    pintor_->termine_hoja();
+    pintor_->comience_hoja();
 }
 
 bool InterpreteFormato::toma(ConjuntoDatos& elementos, const char* prefijo, bool final) const {
@@ -149,19 +134,10 @@ bool InterpreteFormato::toma(ConjuntoDatos& elementos, const char* prefijo, bool
 
 void InterpreteFormato::letra_de(ConjuntoDatos& elementos, const char* prefijo) {
     const QString base = QLatin1String(prefijo);
-    const Valor familia = elementos.FieldByName(base + QLatin1String("_FONT")).valor();
-    const Valor cuerpo = elementos.FieldByName(base + QLatin1String("_FSIZE")).valor();
-    constexpr qreal kCuerpoPorOmision = 9;
-    letra_.letra =
-        familia.texto().isEmpty() ? t_.CFormato.FieldByName("FORM_FONT").texto() : familia.texto();
-    letra_.cuerpo = qreal(cuerpo.entero() > 0 ? cuerpo.entero()
-                                              : t_.CFormato.FieldByName("FORM_FSIZE").entero());
-    if (letra_.cuerpo <= 0)
-        letra_.cuerpo = kCuerpoPorOmision;
-}
-
-QPointF InterpreteFormato::punto(qreal x, qreal y) const {
-    return QPointF(x * escala_x, y * escala_y) / kPorMilimetro;
+    const QString familia = elementos.FieldByName(base + QLatin1String("_FONT")).texto();
+    const qint64 cuerpo = elementos.FieldByName(base + QLatin1String("_FSIZE")).entero();
+    pintor_->letra(familia.isEmpty() ? t_.CFormato.FieldByName("FORM_FONT").texto() : familia,
+                   cuerpo > 0 ? cuerpo : t_.CFormato.FieldByName("FORM_FSIZE").entero());
 }
 
 // ---------------------------------------------------------------- encabezado y cierre
@@ -178,20 +154,10 @@ void InterpreteFormato::imprime_encabezado(bool final) {
             const qreal y = qreal(l.FieldByName("FOLI_POSY").entero()) + baja;
             if (es_texto) {
                 letra_de(l, "FOLI");
-                texto_en(l.FieldByName("FOLI_CADENA").texto(), x, y, false);
-                continue;
+                pintor_->cadena(l.FieldByName("FOLI_CADENA").texto(), x, y);
+            } else {
+                dibuje(l, x, y);
             }
-            const QPointF desde = punto(x, y);
-            const QPointF hasta = punto(x + qreal(l.FieldByName("FOLI_X").entero()),
-                                        y + qreal(l.FieldByName("FOLI_Y").entero()));
-            const QString tipo = l.FieldByName("FOLI_TIPO").texto();
-            if (tipo == QLatin1String("L"))
-                hojas_->linea(desde, hasta, kTrazo);
-            else if (tipo == QLatin1String("C"))
-                hojas_->caja(QRectF(desde, hasta).normalized(), kTrazo);
-            else if (tipo == QLatin1String("G"))
-                imagen(l.FieldByName("FOLI_IMAGEN").valor().binario(),
-                       QRectF(desde, hasta).normalized(), graficos_a_su_tamano);
         }
     ConjuntoDatos& d = t_.CFormdatos;
     for (d.First(); !d.Eof(); d.Next()) {
@@ -213,7 +179,7 @@ void InterpreteFormato::imprima_dato_encabezado(qreal x, qreal y) {
         return;
     if (dato->clase == ClaseDatoFormato::Imagen) {
         const qreal lado = qreal(d.FieldByName("DAFO_LONG").entero());
-        imagen(fdm().datos_compania.logo, QRectF(punto(x, y), punto(x + lado, y + lado)), false);
+        pintor_->imagen(fdm().datos_compania.logo, x, y, lado, lado);
     } else if (nombre == QLatin1String("NUMERO PAGINA")) {
         imprima_cadena(QString::number(pagina), x, y);
     } else if (nombre.endsWith(QLatin1String(" REGISTRO"))) {
@@ -301,9 +267,9 @@ void InterpreteFormato::imprima_paso(const char* dato) {
 // ---------------------------------------------------------------- trazos
 
 void InterpreteFormato::imprima_cadena(const QString& texto, qreal x, qreal y) {
-    const qint64 largo = t_.CFormdatos.FieldByName("DAFO_LONG").entero();
-    const qint64 desde = qMax<qint64>(1, t_.CFormdatos.FieldByName("DAFO_INI").entero());
-    texto_en(largo > 0 ? texto.mid(desde - 1, largo) : texto, x, y, false);
+    const ConjuntoDatos& d = t_.CFormdatos;
+    pintor_->cadena(texto, x, y, d.FieldByName("DAFO_INI").entero(),
+                    d.FieldByName("DAFO_LONG").entero());
 }
 
 void InterpreteFormato::imprima_numero(const QString& formato, const QString& texto, bool moneda,
@@ -311,27 +277,21 @@ void InterpreteFormato::imprima_numero(const QString& formato, const QString& te
     if (texto.isEmpty())
         return;
     bool bien = false;
-    int decimales = formato.toInt(&bien);
-    if (!bien)
-        decimales = 2;
-    const QString cifras = numero(texto, t_.CFormdatos.FieldByName("DAFO_DATO").texto())
-                               .formateada(qBound(0, decimales, Moneda::kDecimales));
-    texto_en(moneda ? QLatin1Char('$') + cifras : cifras, x, y, true);
+    const int decimales = formato.toInt(&bien);
+    pintor_->numero(numero(texto, t_.CFormdatos.FieldByName("DAFO_DATO").texto()),
+                    bien ? decimales : 2, moneda, x, y);
 }
 
-void InterpreteFormato::texto_en(const QString& texto, qreal x, qreal y, bool a_la_derecha) {
-    const qreal ancho =
-        QFontMetricsF(informes::letra_de(letra_)).horizontalAdvance(texto) / kPorMilimetro;
-    const QPointF donde = punto(x, y) - QPointF(a_la_derecha ? ancho : 0, 0);
-    hojas_->texto(QRectF(donde, QSizeF(ancho, 0)), texto, hojas_->estilo(letra_),
-                  a_la_derecha ? Lado::Derecha : Lado::Izquierda);
-}
-
-void InterpreteFormato::imagen(const QByteArray& bytes, const QRectF& lugar, bool a_su_tamano) {
-    const QImage dibujo = QImage::fromData(bytes);
-    if (dibujo.isNull())
-        return;
-    hojas_->imagen(
-        a_su_tamano ? QRectF(lugar.topLeft(), QSizeF(dibujo.size()) / kPixelesPorMilimetro) : lugar,
-        hojas_->imagen(dibujo));
+void InterpreteFormato::dibuje(ConjuntoDatos& l, qreal x, qreal y) {
+    const qreal dx = qreal(l.FieldByName("FOLI_X").entero());
+    const qreal dy = qreal(l.FieldByName("FOLI_Y").entero());
+    const QString tipo = l.FieldByName("FOLI_TIPO").texto();
+    if (tipo == QLatin1String("L"))
+        pintor_->linea(x, y, dx, dy);
+    else if (tipo == QLatin1String("C"))
+        pintor_->cuadro(x, y, dx, dy);
+    else if (tipo == QLatin1String("G") && graficos_a_su_tamano)
+        pintor_->imagen_a_su_tamano(l.FieldByName("FOLI_IMAGEN").valor().binario(), x, y);
+    else if (tipo == QLatin1String("G"))
+        pintor_->imagen(l.FieldByName("FOLI_IMAGEN").valor().binario(), x, y, dx, dy);
 }

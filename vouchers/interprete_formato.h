@@ -6,7 +6,9 @@
 // encabezado se dibuja al comienzo de cada hoja y el de cierre una vez, al final; entre los dos,
 // los renglones del detalle.
 #include "datos/recordset/conjunto.h"
-#include "toolkit/informes/hojas.h"
+#include "toolkit/informes/pintor_rejilla.h"
+
+#include <optional>
 
 /// Datos de un formato abiertos y ubicados en él.
 struct TablasFormato {
@@ -29,28 +31,22 @@ public:
 private:
     void imprime_encabezado(bool final);
     void imprime_detalle();
-    void dibuje_linea();
+    void dibuje(ConjuntoDatos& elemento, qreal x, qreal y);
     void imprima_dato_encabezado(qreal x, qreal y);
     void imprima_dato_detalle(qreal x, qreal y);
     void imprima_paso(const char* dato);
     void imprima_cadena(const QString& texto, qreal x, qreal y);
     void imprima_numero(const QString& formato, const QString& texto, bool moneda, qreal x,
                         qreal y);
-    void imagen(const QByteArray& bytes, const QRectF& lugar, bool a_su_tamano);
-    void texto_en(const QString& texto, qreal x, qreal y, bool a_la_derecha);
     void pagina_nueva();
 
     bool toma(ConjuntoDatos& elementos, const char* prefijo, bool final) const;
     void letra_de(ConjuntoDatos& elementos, const char* prefijo);
-    QPointF punto(qreal x, qreal y) const; ///< de la rejilla a milímetros
     QString registro(const char* columna) const;
 
     TablasFormato t_;
     ConjuntoDatos& comprobante_;
     QString id_;
-    informes::Hojas* hojas_ = nullptr;
-    informes::Papel papel_;
-    informes::Estilo letra_;
+    std::optional<informes::PintorRejilla> pintor_;
     int pagina = 1, linea = 0;
-    qreal escala_x = 0, escala_y = 0; ///< centésimas de milímetro por unidad
 };

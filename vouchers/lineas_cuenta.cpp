@@ -1,18 +1,20 @@
 #include "vouchers/lineas_cuenta.h"
 
+#include "libro/grabacion.h"
+#include "libro/importes.h"
 #include "vouchers/pch.h"
 
 bool vacio_o_cero(const Campo& c) {
     return c.vacio() || c.texto() == "0";
 }
 
-LineasCuenta::LineasCuenta(Libro l, ConjuntoDatos& d, ConjuntoDatos& consulta, LadosLinea lados,
-                           QObject* dueno)
-    : QObject(dueno), libro(l), detalle(d), consulta_(consulta), lados_(lados) {}
+LineasCuenta::LineasCuenta(Libro l, ConjuntoDatos& d, ConjuntoDatos& consulta,
+                           const NombresLinea& nombres, QObject* dueno)
+    : QObject(dueno), libro(l), detalle(d), consulta_(consulta), n_(nombres) {}
 
-void LineasCuenta::defina_sumas(ConjuntoDatos& d, LadosLinea lados) {
-    d.agregado("Sumadebito", QStringLiteral("Sum(%1)").arg(QLatin1String(lados.debito)));
-    d.agregado("Sumacredito", QStringLiteral("Sum(%1)").arg(QLatin1String(lados.credito)));
+void LineasCuenta::defina_sumas(ConjuntoDatos& d, const NombresLinea& nombres) {
+    d.agregado("Sumadebito", QStringLiteral("Sum(%1)").arg(QLatin1String(nombres.debito)));
+    d.agregado("Sumacredito", QStringLiteral("Sum(%1)").arg(QLatin1String(nombres.credito)));
 }
 
 QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
@@ -25,9 +27,9 @@ QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
 
 // ---------------------------------------------------------------- la cuenta de la línea
 
-void LineasCuenta::consulte_cuenta(const char* columnas) {
+void LineasCuenta::consulte_cuenta(const char* columnas, const char* plan) {
     consulta_.Open(QStringLiteral("select %1 from %2 where cuen_cod = ")
-                       .arg(QLatin1String(columnas), QLatin1String(tabla_atributos())) +
+                       .arg(QLatin1String(columnas), QLatin1String(plan)) +
                    QuotedStr(cuenta()));
 }
 
@@ -35,24 +37,22 @@ bool LineasCuenta::busque_cuenta() {
     const QString texto = cuenta();
     if (!texto.startsWith('?'))
         return false;
-    fdmcnt().texto_busqueda = texto.mid(1);
-    pantallas().abrir(datos(libro).pantalla_cuentas);
+    escoja_cuenta(texto.mid(1));
     return true;
 }
 
 bool LineasCuenta::busque_tercero() {
-    const QString nit = campo("TERC_NIT").texto();
+    const QString nit = campo(n_.tercero).texto();
     if (!nit.startsWith('?'))
         return false;
-    fdmcnt().texto_busqueda = nit.mid(1);
-    pantallas().abrir("Tfterceros");
+    escoja_tercero(nit.mid(1));
     return true;
 }
 
 bool LineasCuenta::busque_centro() {
-    if (!campo("CENT_COD").texto().startsWith('?'))
+    if (!campo(n_.centro).texto().startsWith('?'))
         return false;
-    pantallas().abrir("Tfcentros");
+    escoja_centro();
     return true;
 }
 
@@ -66,19 +66,41 @@ void LineasCuenta::abra_o_cierre(int columna) {
     }
 }
 
-void LineasCuenta::rehuse(const char* texto) {
+AtributosCuenta LineasCuenta::atributos() const {
+    const auto dice = [this](const char* columna) {
+        const Campo* c = consulta_.FindField(QLatin1String(columna));
+        return c ? c->texto() : QString();
+    };
+    AtributosCuenta a;
+    a.tercero = dice("CUEN_TERCERO");
+    a.centro = dice("CUEN_CENTRO");
+    a.retencion = dice("CUEN_RETENCION");
+    a.clase = dice("CUEN_TIPO");
+    return a;
+}
+
+LineaComprobante LineasCuenta::linea() const {
+    LineaComprobante l;
+    l.nit = campo(n_.tercero).texto();
+    l.proyecto = campo(n_.proyecto).texto();
+    l.centro = campo(n_.centro).texto();
+    return l;
+}
+
+bool LineasCuenta::intacta() const {
+    return detalle.State() == Estado::Edicion && !detalle.cambiada();
+}
+
+void LineasCuenta::exija(const Rechazos& faltas) {
+    if (!faltas.isEmpty())
+        rehuse(faltas.first().texto);
+}
+
+void LineasCuenta::rehuse(const QString& texto) {
+    if (al_rehusar)
+        al_rehusar();
     muestre_mensaje(texto);
     throw EdicionAbortada();
-}
-
-void LineasCuenta::exija_tercero() {
-    if (campo("TERC_NIT").vacio())
-        rehuse("Debe indicar un NIT para el movimiento.");
-}
-
-void LineasCuenta::exija_centro() {
-    if (campo("PROY_COD").vacio() || campo("CENT_COD").vacio())
-        rehuse("Debe indicar un Proyecto-Centro para el movimiento.");
 }
 
 // ---------------------------------------------------------------- los dos lados
@@ -91,14 +113,14 @@ void LineasCuenta::ate_lados() {
             diferencia();
         };
     };
-    ate(lados_.debito, lados_.credito);
-    ate(lados_.credito, lados_.debito);
-    detalle.AfterPost = [this] { diferencia(); };
-    detalle.AfterDelete = [this] { diferencia(); };
+    ate(n_.debito, n_.credito);
+    ate(n_.credito, n_.debito);
+    detalle.AfterPost = [this] { actualice_sumas(); };
+    detalle.AfterDelete = [this] { actualice_sumas(); };
 }
 
 void LineasCuenta::actualice_sumas() {
-    if (detalle.IsEmpty())
+    if (sin_lineas())
         return;
     Sumadeb->valor(suma_debito());
     SumCred->valor(suma_credito());
@@ -106,7 +128,7 @@ void LineasCuenta::actualice_sumas() {
 }
 
 void LineasCuenta::diferencia() {
-    if (!detalle.Active() || detalle.IsEmpty())
+    if (!detalle.Active() || sin_lineas())
         return;
     const Moneda d = suma_debito() - suma_credito();
     if (d > Moneda()) {
@@ -132,26 +154,28 @@ void LineasCuenta::termine_linea() {
     if (!detalle.editando())
         return;
     rejilla->escriba_pendiente();
-    if (cuenta().isEmpty())
-        detalle.Cancel();
-    else
-        detalle.Post();
+    ::termine_linea(detalle);
+}
+
+void LineasCuenta::vaya_a(qint64 numero, const QString& campo_item, const QString& celda) {
+    detalle.Cancel();
+    rejilla->limpie_filtros(); // pudo quedar oculta
+    detalle.Locate(campo_item, {numero});
+    const int columna = rejilla->columna_de(celda);
+    rejilla->setFocus();
+    if (columna >= 0)
+        rejilla->SelectedIndex(columna);
 }
 
 void LineasCuenta::sugiera_db_cr() {
     rejilla->escriba_pendiente();
-    for (const char* lado : {lados_.debito, lados_.credito})
+    for (const char* lado : {n_.debito, n_.credito})
         if (!vacio_o_cero(campo(lado)))
             return;
     detalle.Edit();
-    const Moneda d = suma_debito() - suma_credito();
-    if (d <= Moneda()) {
-        campo(lados_.debito) = -d;
-        campo(lados_.credito) = Moneda();
-    } else {
-        campo(lados_.debito) = Moneda();
-        campo(lados_.credito) = d;
-    }
+    const Lados cuadra = lados_que_cuadran(suma_debito(), suma_credito());
+    campo(n_.debito) = cuadra.debito;
+    campo(n_.credito) = cuadra.credito;
 }
 
 // ---------------------------------------------------------------- menú y recepción
@@ -198,16 +222,40 @@ void LineasCuenta::reciba(const QString& nombre, const QString& valor) {
     detalle.FieldByName(nombre) = valor;
 }
 
-void LineasCuenta::reciba_cuenta_y_centro() {
-    const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
-    if (!fdmcnt().cuenta_seleccion.isEmpty())
-        reciba("CUEN_COD", tome(fdmcnt().cuenta_seleccion));
-    if (!fdmcnt().proyecto_seleccion.isEmpty()) {
-        const QString centro = tome(fdmcnt().centro_seleccion);
-        // El "?" que abrió la búsqueda no es un centro del proyecto que llega.
-        prepare_recepcion();
-        campo("CENT_COD").limpie();
-        reciba("PROY_COD", tome(fdmcnt().proyecto_seleccion));
-        reciba("CENT_COD", centro);
-    }
+void LineasCuenta::reciba(const CentroEscogido& escogido) {
+    if (escogido.proyecto_seleccion.isEmpty())
+        return;
+    // El "?" que abrió la búsqueda no es un centro del proyecto que llega.
+    prepare_recepcion();
+    campo(n_.centro).limpie();
+    reciba(n_.proyecto, escogido.proyecto_seleccion);
+    reciba(n_.centro, escogido.centro_seleccion);
+}
+
+QString LineasCuenta::actual(const char* nombre) const {
+    // Lo que se está digitando también es lo que la celda tiene.
+    const Campo* c = detalle.Active() ? detalle.FindField(nombre) : nullptr;
+    const QString texto = c ? c->texto() : QString();
+    return texto.startsWith('?') ? QString() : texto;
+}
+
+Pantalla& LineasCuenta::pantalla() const {
+    return *qobject_cast<Pantalla*>(parent());
+}
+
+void LineasCuenta::escoja_cuenta(Libro plan, const QString& texto) {
+    ::escoja_cuenta(
+        pantalla(), plan, texto, [this](const QString& cuenta) { reciba(n_.cuenta, cuenta); },
+        actual(n_.cuenta));
+}
+
+void LineasCuenta::escoja_tercero(const QString& texto) {
+    ::escoja_tercero(
+        pantalla(), texto, [this](const QString& nit) { reciba(n_.tercero, nit); },
+        actual(n_.tercero));
+}
+
+void LineasCuenta::escoja_centro() {
+    ::escoja_centro(pantalla(), [this](const CentroEscogido& centro) { reciba(centro); },
+                    {actual(n_.proyecto), actual(n_.centro)});
 }

@@ -4,26 +4,33 @@
 // Une la rejilla y su conjunto con los nombres y las sumas que van debajo: suma y compara los dos
 // lados, sugiere el que cuadra, recibe lo escogido en las búsquedas y rehúsa la línea incompleta.
 // Las cuatro primeras columnas de la rejilla son cuenta, tercero, proyecto y centro.
-#include "libro/libro.h"
 #include "datos/recordset/conjunto.h"
+#include "libro/lineas.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QObject>
+#include <functional>
 
 class EditorNumero;
+class Pantalla;
 class QLineEdit;
 class QMenu;
+struct CentroEscogido;
 
-/// Dónde lleva cada tabla los dos lados de la línea.
-struct LadosLinea {
+/// Cómo llama cada tabla lo que toda línea lleva.
+struct NombresLinea {
     const char *debito, *credito;
+    const char* cuenta = "CUEN_COD";
+    const char* tercero = "TERC_NIT";
+    const char* proyecto = "PROY_COD";
+    const char* centro = "CENT_COD";
 };
 
 class LineasCuenta : public QObject {
     Q_OBJECT
 public:
-    LineasCuenta(Libro libro, ConjuntoDatos& detalle, ConjuntoDatos& consulta, LadosLinea lados,
-                 QObject* dueno);
+    LineasCuenta(Libro libro, ConjuntoDatos& detalle, ConjuntoDatos& consulta,
+                 const NombresLinea& nombres, QObject* dueno);
 
     enum Columna { kCuenta, kTercero, kProyecto, kCentro };
 
@@ -32,10 +39,13 @@ public:
     Rejilla* rejilla = nullptr;
     QLineEdit *NomCuenta = nullptr, *NomTerc = nullptr, *NomProy = nullptr, *NomCent = nullptr;
     EditorNumero *Sumadeb = nullptr, *SumCred = nullptr, *Difdeb = nullptr, *DifCred = nullptr;
-    int item = 0; ///< contador de líneas: cada inserción gasta uno
+    ContadorLineas contador;
+
+    /// La línea se va a rehusar: corre antes de decirlo.
+    std::function<void()> al_rehusar;
 
     /// Agregados de los dos lados, que las sumas leen por su nombre.
-    static void defina_sumas(ConjuntoDatos& detalle, LadosLinea lados);
+    static void defina_sumas(ConjuntoDatos& detalle, const NombresLinea& nombres);
     /// Caja de lectura para un nombre, fuera del recorrido de Tab.
     static QLineEdit* caja_de_nombre(const QString& componente);
 
@@ -46,8 +56,12 @@ public:
     void vacie_nombres();
     void vacie_diferencias();
     void actualice_sumas();
-    Moneda suma_debito() const { return detalle.agregado("Sumadebito").moneda(); }
-    Moneda suma_credito() const { return detalle.agregado("Sumacredito").moneda(); }
+    // De todas las líneas del comprobante, también las que un filtro oculta.
+    virtual Moneda suma_debito() const { return detalle.agregado_total("Sumadebito").moneda(); }
+    virtual Moneda suma_credito() const { return detalle.agregado_total("Sumacredito").moneda(); }
+    bool sin_lineas() const { return detalle.filas_en_memoria() == 0; }
+    /// Lleva el cursor a la línea de ese número, sin el filtro que la oculte, y a la celda.
+    void vaya_a(qint64 numero, const QString& campo_item, const QString& celda);
     /// Menú emergente de la rejilla, con el nombre que propone al guardar.
     QMenu* arme_menu(const QVector<Rejilla::Orden>& ordenes, const QString& nombre_archivo,
                      const QString& titulo);
@@ -60,17 +74,24 @@ public:
     /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
     void reciba(const QString& campo, const QString& valor);
     void prepare_recepcion();
-    /// La cuenta, el proyecto y el centro que dejaron las pantallas de búsqueda.
-    void reciba_cuenta_y_centro();
+    void reciba(const CentroEscogido& centro);
+    // Abren la lista; lo escogido llega a esta línea cuando la pantalla vuelve a activarse.
+    void escoja_cuenta(const QString& texto = {}) { escoja_cuenta(libro, texto); }
+    void escoja_cuenta(Libro plan, const QString& texto);
+    void escoja_tercero(const QString& texto = {});
+    void escoja_centro();
+    /// Lo que la línea tiene en ese campo; vacío si es una pregunta ("?...").
+    QString actual(const char* campo) const;
     /// Tabla de la que salen los atributos de la cuenta de la línea.
     virtual const char* tabla_atributos() const { return datos(libro).cuentas; }
 
 protected:
     Campo& campo(const char* nombre) const { return detalle.FieldByName(QLatin1String(nombre)); }
-    QString cuenta() const { return campo("CUEN_COD").texto(); }
+    QString cuenta() const { return campo(n_.cuenta).texto(); }
     bool en_edicion() const { return detalle.editando(); }
     /// Deja en la consulta de la pantalla las columnas de la cuenta de la línea.
-    void consulte_cuenta(const char* columnas);
+    void consulte_cuenta(const char* columnas) { consulte_cuenta(columnas, tabla_atributos()); }
+    void consulte_cuenta(const char* columnas, const char* plan);
     /// "?" con texto: abre la búsqueda y lo que sigue al signo es lo buscado.
     bool busque_cuenta();
     bool busque_tercero();
@@ -80,14 +101,20 @@ protected:
     /// Un débito quita el crédito, y al revés; y la diferencia sigue a las sumas.
     void ate_lados();
     void diferencia();
-    [[noreturn]] static void rehuse(const char* texto);
-    void exija_tercero();
-    void exija_centro();
+    /// Dice lo primero que falta y deja la línea en edición.
+    void exija(const Rechazos& faltas);
+    [[noreturn]] void rehuse(const QString& texto);
+    /// La cuenta de la línea, de la última consulta; lo que no se pidió queda vacío.
+    AtributosCuenta atributos() const;
+    /// Lo que la cuenta mira de la línea.
+    virtual LineaComprobante linea() const;
+    /// La línea guardada que nadie ha cambiado no se vuelve a probar: pasar por ella no atrapa.
+    bool intacta() const;
+    /// La pantalla que las aloja, que es la que pide por ellas.
+    Pantalla& pantalla() const;
 
     ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
-
-private:
-    const LadosLinea lados_;
+    const NombresLinea n_;
 };
 
 /// Sin valor, o cero escrito.

@@ -1,24 +1,29 @@
 #include "vouchers/lineas_libro.h"
 
+#include "libro/conjuntos_comprobante.h"
+#include "libro/importes.h"
 #include "vouchers/pch.h"
+
+#include <QScopedValueRollback>
 
 namespace {
 
-// Las que siguen a las cuatro comunes.
-enum ColumnaLibro {
-    kConcepto = LineasCuenta::kCentro + 1,
-    kCategoria,
-    kReferencia,
-    kBase,
-    kPorcentaje,
-    kDebito,
-    kCredito,
-};
-
 const CamposLinea kDeComprobante{
-    "CODE_ITEM",   "CODE_CONCEPTO", "CODE_REFER",       "CODE_BASE",     "CODE_PORC",
-    "CODE_DEBITO", "CODE_CREDITO",  "CODE_DESCONTABLE", "ENCO_CONCEPTO", "ENCO_REFER",
-    "Difdeb",      "DifCred",       "DifDebN",          "DifCreN",       true};
+    .linea = {.debito = "CODE_DEBITO", .credito = "CODE_CREDITO"},
+    .item = "CODE_ITEM",
+    .concepto = "CODE_CONCEPTO",
+    .referencia = "CODE_REFER",
+    .base = "CODE_BASE",
+    .porcentaje = "CODE_PORC",
+    .descontable = "CODE_DESCONTABLE",
+    .concepto_encabezado = "ENCO_CONCEPTO",
+    .referencia_encabezado = "ENCO_REFER",
+    .dif_debito = "Difdeb",
+    .dif_credito = "DifCred",
+    .dif_debito_niif = "DifDebN",
+    .dif_credito_niif = "DifCreN",
+    .con_saldos = true,
+};
 
 struct Titulo {
     const char *campo, *titulo_2649, *titulo_niif;
@@ -29,18 +34,20 @@ struct Titulo {
 
 QVector<Titulo> titulos(const CamposLinea& c) {
     QVector<Titulo> t{
-        {"CUEN_COD", "Código", "Cuenta", 11, 0, ""},
-        {"TERC_NIT", "Tercero", "NIT", 13, 0, ""},
-        {"PROY_COD", "Proy", "Proy", 5, 0, ""},
-        {"CENT_COD", "Centro", "Centro", 6, 0, ""},
+        {c.linea.cuenta, "Código", "Cuenta", 11, 0, ""},
+        {c.linea.tercero, "Tercero", "NIT", 13, 0, ""},
+        {c.linea.proyecto, "Proy", "Proy", 5, 0, ""},
+        {c.linea.centro, "Centro", "Centro", 6, 0, ""},
         {c.concepto, "Concepto", "Concepto", 22, 0, ""},
-        {"CONC_COD", "Categoría", "Categoria", 8, 0, ""},
+        {c.categoria, "Categoría", "Categoria", 8, 0, ""},
         {c.referencia, "Ref.", "Referencia", 8, 0, ""},
         {c.base, "Base", "Base", 13, Suma, "#,###.00"},
         {c.porcentaje, "Porc.", "Porc.", 6, 0, "#,##0.####"},
-        {c.debito, "Débito", "Debito", 15, Suma, "#,###.00"},
-        {c.credito, "Crédito", "Crédito", 15, Suma, "#,###.00"},
+        {c.linea.debito, "Débito", "Debito", 15, Suma, "#,###.00"},
+        {c.linea.credito, "Crédito", "Crédito", 15, Suma, "#,###.00"},
     };
+    if (c.referencia_antes)
+        t.swapItemsAt(LineasLibro::kCategoria, LineasLibro::kReferencia);
     if (c.descontable)
         t.append({c.descontable, "Desc.", "Desc.", 5, Casilla, ""});
     return t;
@@ -56,33 +63,14 @@ LineasLibro::LineasLibro(Libro l, AnfitrionLineas& anfitrion, ConjuntoDatos& d,
 LineasLibro::LineasLibro(Libro l, const CamposLinea& campos, AnfitrionLineas& anfitrion,
                          ConjuntoDatos& d, ConjuntoDatos& consulta, MemoriasLinea& memorias,
                          const AjustesLinea& ajustes, QObject* dueno)
-    : LineasCuenta(l, d, consulta, {campos.debito, campos.credito}, dueno), c_(campos),
-      anfitrion_(anfitrion), memorias_(memorias), ajustes_(ajustes) {}
+    : LineasCuenta(l, d, consulta, campos.linea, dueno), c_(campos), anfitrion_(anfitrion),
+      memorias_(memorias), ajustes_(ajustes) {}
 
 LineasLibro::~LineasLibro() = default;
 
 void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
-    d.entero("ENCO_CONSEC").requerido();
-    d.entero("CODE_ITEM").requerido();
-    d.texto("CUEN_COD", 20).requerido();
-    d.texto("CODE_CONCEPTO", 60);
-    d.texto("CODE_REFER", 8);
-    d.decimal("CODE_DEBITO").formato("#,###.00");
-    d.decimal("CODE_CREDITO").formato("#,###.00");
-    d.decimal("CODE_BASE").formato("#,###.00");
-    d.decimal("CODE_PORC", es_niif(libro) ? 4 : 2).formato("#,##0.####");
-    d.texto("TERC_NIT", 20);
-    d.texto("PROY_COD", 4);
-    d.texto("CENT_COD", 4);
-    d.texto("DOCO_VENCE", 8);
-    d.texto("ARTI_COD", 15);
-    d.entero("CODE_TIPOAPL");
-    d.entero("CODE_TIPONUE");
-    d.texto("CONC_COD", 4);
-    d.texto("CNDE_DOCNUMERO", 10);
-    d.texto("CNDE_DOCAPLICA", 10);
-    d.bandera("CODE_DESCONTABLE");
-    defina_sumas(d, {kDeComprobante.debito, kDeComprobante.credito});
+    defina_lineas(d, libro);
+    defina_sumas(d, kDeComprobante.linea);
 }
 
 // ---------------------------------------------------------------- disposición
@@ -146,14 +134,20 @@ QWidget* LineasLibro::construya_pagina() {
 }
 
 void LineasLibro::ate_eventos() {
-    campo("CUEN_COD").OnChange = [this](Campo&) { cuenta_cambiada(); };
-    campo("TERC_NIT").OnChange = [this](Campo&) { tercero_cambiado(); };
-    campo("PROY_COD").OnChange = [this](Campo&) { validar_centro(); };
-    campo("CENT_COD").OnChange = [this](Campo&) { centro_cambiado(); };
-    campo("CONC_COD").OnChange = [this](Campo&) { categoria_cambiada(); };
-    campo("ARTI_COD").OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
+    campo(n_.cuenta).OnChange = [this](Campo&) { cuenta_cambiada(); };
+    campo(n_.tercero).OnChange = [this](Campo&) { tercero_cambiado(); };
+    campo(n_.proyecto).OnChange = [this](Campo&) { validar_centro(); };
+    campo(n_.centro).OnChange = [this](Campo&) { centro_cambiado(); };
+    campo(c_.categoria).OnChange = [this](Campo&) { categoria_cambiada(); };
+    campo(c_.articulo).OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
     campo(c_.base).OnChange = [this](Campo&) { base_cambiada(); };
     campo(c_.porcentaje).OnChange = [this](Campo&) { porcentaje_cambiado(); };
+    if (c_.comilla_en_celda) {
+        campo(c_.concepto).OnChange = [this](Campo& c) { repita(c, memorias_.concepto_anterior); };
+        campo(c_.referencia).OnChange = [this](Campo& c) {
+            repita(c, memorias_.referencia_anterior);
+        };
+    }
     ate_lados();
     detalle.BeforePost = [this] { BeforePost(); };
     detalle.AfterInsert = [this] { AfterInsert(); };
@@ -178,7 +172,7 @@ void LineasLibro::saldo(EditorNumero* caja, const char* procedimiento,
 // ---------------------------------------------------------------- columnas
 
 void LineasLibro::ColEnter(int columna) {
-    if (cuenta().isEmpty())
+    if (c_.columnas_libres || cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
     abra_o_cierre(columna);
@@ -193,27 +187,27 @@ void LineasLibro::ColExit(int columna) {
     if (cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION, CUEN_TIPO");
-    const QString pide_tercero = consulta_.FieldByName("CUEN_TERCERO").texto();
     ConjuntoDatos& e = anfitrion_.encabezado();
     switch (columna) {
     case kCuenta:
         anfitrion_.panel_de_clase(libro, consulta_.FieldByName("CUEN_TIPO").texto());
         break;
     case kTercero:
-        if (en_edicion() && pide_tercero == "S" && campo("TERC_NIT").vacio())
-            campo("TERC_NIT") = memorias_.tercero_anterior;
+        if (en_edicion())
+            complete_tercero();
         break;
     case kConcepto:
         if (!en_edicion())
             break;
-        if (campo(c_.concepto).vacio())
-            campo(c_.concepto) = e.FieldByName(c_.concepto_encabezado).texto();
-        else if (campo(c_.concepto).texto() == "\"")
-            campo(c_.concepto) = memorias_.concepto_anterior;
+        if (const QString t = campo(c_.concepto).texto(); t.isEmpty() || es_repeticion(t))
+            campo(c_.concepto) =
+                concepto_al_dejarlo(t, e.FieldByName(c_.concepto_encabezado).texto(), memorias_);
         break;
     case kReferencia:
         if (en_edicion() && campo(c_.referencia).vacio())
-            campo(c_.referencia) = e.FieldByName(c_.referencia_encabezado).texto();
+            campo(c_.referencia) =
+                referencia_al_dejarla({}, e.FieldByName(c_.referencia_encabezado).texto())
+                    .left(campo(c_.referencia).Size);
         break;
     default:
         comilla_de_referencia();
@@ -221,7 +215,7 @@ void LineasLibro::ColExit(int columna) {
 }
 
 void LineasLibro::comilla_de_referencia() {
-    if (campo(c_.referencia).texto() == "\"")
+    if (es_repeticion(campo(c_.referencia).texto()))
         campo(c_.referencia) = memorias_.referencia_anterior;
 }
 
@@ -231,11 +225,17 @@ void LineasLibro::cuenta_cambiada() {
     if (cuenta().isEmpty() || busque_cuenta())
         return;
     validar_cuenta();
-    if (!campo("TERC_NIT").vacio())
+    if (!c_.completa_con_la_cuenta || !campo(n_.tercero).vacio())
         return;
     consulte_cuenta("CUEN_TERCERO");
-    if (consulta_.Fields(0).texto() == "S")
-        campo("TERC_NIT") = memorias_.tercero_anterior;
+    complete_tercero();
+}
+
+void LineasLibro::complete_tercero() {
+    const QString nit = campo(n_.tercero).texto();
+    const QString queda = tercero_al_dejarlo(nit, atributos(), memorias_);
+    if (nit != queda)
+        campo(n_.tercero) = queda;
 }
 
 void LineasLibro::validar_cuenta() {
@@ -244,7 +244,7 @@ void LineasLibro::validar_cuenta() {
         return;
     if (!fdmcnt().valide_cuenta(texto, libro)) {
         if (en_edicion())
-            campo("CUEN_COD").limpie();
+            campo(n_.cuenta).limpie();
         return;
     }
     NomCuenta->setText(fdmcnt().nom_cuenta(texto, libro));
@@ -252,23 +252,30 @@ void LineasLibro::validar_cuenta() {
         saldo(ESaldocta, "saldo_cuenta_mes", {QuotedStr(texto)});
 }
 
+void LineasLibro::repita(Campo& celda, const QString& anterior) {
+    if (es_repeticion(celda.texto()) && !es_repeticion(anterior))
+        celda = anterior;
+}
+
 void LineasLibro::tercero_cambiado() {
-    if (!busque_tercero())
+    if (c_.comilla_en_celda && es_repeticion(campo(n_.tercero).texto()))
+        campo(n_.tercero) = memorias_.tercero_anterior;
+    else if (!busque_tercero())
         validar_tercero();
 }
 
 void LineasLibro::validar_tercero() {
-    const QString nit = campo("TERC_NIT").texto();
+    const QString nit = campo(n_.tercero).texto();
     if (nit.isEmpty())
         return;
     const QString nombre = fdmter().nom_tercero(nit);
     NomTerc->setText(nombre);
     if (nombre.isEmpty()) {
         if (pregunte("Tercero no encontrado. Desea crearlo?")) {
-            fdmter().tercero_seleccion = nit;
-            pantallas().abrir("Tfnvotercero");
+            cree_tercero(pantalla(), nit,
+                         [this](const QString& creado) { reciba(n_.tercero, creado); });
         } else if (en_edicion()) {
-            campo("TERC_NIT").limpie();
+            campo(n_.tercero).limpie();
         }
     } else if (ajustes_.mostrar_saldo) {
         saldo(ESaldoter, "saldo_tercero_mes", {QuotedStr(cuenta()), QuotedStr(nit)});
@@ -281,7 +288,7 @@ void LineasLibro::centro_cambiado() {
 }
 
 void LineasLibro::validar_centro() {
-    const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
+    const QString proyecto = campo(n_.proyecto).texto(), centro = campo(n_.centro).texto();
     if (proyecto.isEmpty() || centro.isEmpty())
         return;
     NomProy->setText(fdmcnt().nom_centro(proyecto));
@@ -296,7 +303,7 @@ void LineasLibro::validar_centro() {
     }
     if (!fdmcnt().valide_centro(proyecto, centro)) {
         if (en_edicion())
-            campo("CENT_COD").limpie();
+            campo(n_.centro).limpie();
     } else if (ajustes_.mostrar_saldo) {
         saldo(ESaldocent, "saldo_centro_mes",
               {QuotedStr(cuenta()), QuotedStr(proyecto), QuotedStr(centro)});
@@ -304,56 +311,74 @@ void LineasLibro::validar_centro() {
 }
 
 void LineasLibro::categoria_cambiada() {
-    const QString codigo = campo("CONC_COD").texto();
+    const QString codigo = campo(c_.categoria).texto();
     if (codigo.isEmpty())
         return;
-    consulta_.Open("SELECT CONC_NOMBRE FROM CONCEPTO_CONTABLE WHERE CONC_COD = " +
-                   QuotedStr(codigo));
-    if (!consulta_.IsEmpty())
-        return;
-    muestre_mensaje(datos(libro).categoria_inexistente);
-    campo("CONC_COD").limpie();
+    if (const auto rechazo = revise_categoria(detalle.conexion(), libro, codigo)) {
+        muestre_mensaje(rechazo->texto);
+        campo(c_.categoria).limpie();
+    }
 }
 
 void LineasLibro::base_cambiada() {
     if (!en_edicion() || cuenta().isEmpty())
         return;
-    consulte_cuenta("CUEN_BASEMIN, CUEN_PORC");
-    const Moneda minimo = consulta_.Fields(0).moneda();
-    if (vacio_o_cero(campo(c_.porcentaje)) && minimo <= campo(c_.base).moneda().absoluta() &&
-        !consulta_.IsEmpty())
-        campo(c_.porcentaje) = consulta_.Fields(1).moneda();
-    aplique_porcentaje();
+    consulte_tarifa("CUEN_BASEMIN, CUEN_PORC");
+    const Moneda minimo = consulta_.Fields(0).moneda(), tarifa = consulta_.Fields(1).moneda();
+    const Moneda base = campo(c_.base).moneda();
+    const auto sugerido = porcentaje_sugerido(base, campo(c_.porcentaje).moneda(), minimo, tarifa);
+    const bool alcanza = !c_.base_con_signo || minimo <= base;
+    if (sugerido && alcanza && !consulta_.IsEmpty()) {
+        const QScopedValueRollback<bool> guarda(sugiriendo_, true);
+        campo(c_.porcentaje) = *sugerido;
+        if (!confirme_porcentaje())
+            return;
+    }
+    aplique_porcentaje(tarifa);
 }
 
 void LineasLibro::porcentaje_cambiado() {
-    if (en_edicion())
-        aplique_porcentaje();
+    if (en_edicion() && !sugiriendo_ && confirme_porcentaje())
+        aplique_porcentaje(tarifa_de_la_cuenta());
 }
 
-Moneda LineasLibro::retencion(Moneda base, Moneda porcentaje) const {
-    return Moneda::porcentaje_redondeado(base, porcentaje, ajustes_.digito_redondeo);
+void LineasLibro::consulte_tarifa(const char* columnas) {
+    if (c_.tarifa_del_2649)
+        consulte_cuenta(columnas, datos(Libro::Decreto2649).cuentas);
+    else
+        consulte_cuenta(columnas);
 }
 
-void LineasLibro::aplique_porcentaje() {
-    const Moneda base = campo(c_.base).moneda(), porcentaje = campo(c_.porcentaje).moneda();
-    if (base.es_cero() || porcentaje <= Moneda())
-        return;
-    const Moneda valor = retencion(base.absoluta(), porcentaje);
-    // El signo de la base escoge el lado de la retención.
-    if (base.negativa()) {
-        campo(c_.debito) = Moneda();
-        campo(c_.credito) = valor;
-    } else {
-        campo(c_.debito) = valor;
-        campo(c_.credito) = Moneda();
+bool LineasLibro::confirme_porcentaje() {
+    const auto alto = revise_porcentaje(campo(c_.porcentaje).moneda());
+    if (!alto || pregunte_con_no(alto->pregunta))
+        return true;
+    const QScopedValueRollback<bool> guarda(sugiriendo_, true);
+    campo(c_.porcentaje).limpie();
+    return false;
+}
+
+Moneda LineasLibro::tarifa_de_la_cuenta() {
+    if (campo(c_.base).moneda().es_cero() || cuenta().isEmpty())
+        return {};
+    consulte_tarifa("CUEN_PORC");
+    return consulta_.Fields(0).moneda();
+}
+
+void LineasLibro::aplique_porcentaje(Moneda tarifa_cuenta) {
+    const Campo& porcentaje = campo(c_.porcentaje);
+    // La columna guarda menos decimales que la tarifa: el valor es el de la tarifa entera.
+    const Moneda tarifa = tarifa_plena(porcentaje.moneda(), tarifa_cuenta, porcentaje.Size);
+    if (const auto lados = lados_de_retencion(campo(c_.base).moneda(), tarifa, digito())) {
+        campo(n_.debito) = lados->debito;
+        campo(n_.credito) = lados->credito;
     }
 }
 
 // ---------------------------------------------------------------- la línea
 
 void LineasLibro::AfterInsert() {
-    campo(c_.item) = ++item;
+    campo(c_.item) = contador.siguiente();
     if (c_.descontable)
         campo(c_.descontable) = anfitrion_.encabezado().FieldByName("ENCO_DESCONTABLE").texto();
     NomCuenta->clear();
@@ -365,43 +390,54 @@ void LineasLibro::AfterInsert() {
 }
 
 void LineasLibro::BeforePost() {
+    const bool sin_valor = vacio_o_cero(campo(n_.debito)) && vacio_o_cero(campo(n_.credito));
     if (cuenta().isEmpty()) {
+        if (c_.exige_valor && !sin_valor)
+            rehuse(QStringLiteral("Debe indicar una cuenta para el movimiento."));
         detalle.Cancel();
         throw EdicionAbortada();
     }
-    MemoriasLinea& m = es_niif(libro) ? propias_ : memorias_;
-    m.concepto_anterior = campo(c_.concepto).texto();
-    m.referencia_anterior = campo(c_.referencia).texto();
-    if (siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio())
-        m.tercero_anterior = campo("TERC_NIT").texto();
+    recuerde(es_niif(libro) && !c_.memoria_comun ? propias_ : memorias_, linea(),
+             siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio());
+    if (replicando || (!c_.exige_valor && intacta()))
+        return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
-    if (consulta_.FieldByName("CUEN_RETENCION").texto() == "S") {
-        exija_tercero();
-        if (vacio_o_cero(campo(c_.base)))
-            rehuse("Debe indicar una base para el movimiento.");
-        if (vacio_o_cero(campo(c_.porcentaje)))
-            rehuse("Debe indicar un porcentaje para el movimiento.");
-    }
-    if (consulta_.FieldByName("CUEN_TERCERO").texto() == "S")
-        exija_tercero();
-    if (consulta_.FieldByName("CUEN_CENTRO").texto() == "S")
-        exija_centro();
+    exija(faltas_de_linea(linea(), atributos()));
+    if (c_.exige_valor && sin_valor && !consulta_.IsEmpty())
+        rehuse("Debe indicar un valor débito o crédito para la cuenta " + cuenta() +
+               " o eliminar el registro completo.");
+}
+
+LineaComprobante LineasLibro::linea() const {
+    LineaComprobante l = LineasCuenta::linea();
+    l.concepto = campo(c_.concepto).texto();
+    l.referencia = campo(c_.referencia).texto();
+    l.base = campo(c_.base).moneda();
+    l.porcentaje = campo(c_.porcentaje).moneda();
+    return l;
 }
 
 void LineasLibro::AfterScroll() {
     if (!anfitrion_.encabezado_posteado())
         return;
+    if (c_.solo_nombres) {
+        muestre_nombres();
+        if (!cuenta().isEmpty() || !campo(n_.tercero).vacio())
+            detalle.Edit();
+        actualice_sumas();
+        return;
+    }
     if (cuenta().isEmpty()) {
         NomCuenta->clear();
     } else {
         detalle.Edit();
         validar_cuenta();
     }
-    if (campo("TERC_NIT").vacio())
+    if (campo(n_.tercero).vacio())
         NomTerc->clear();
     else
         validar_tercero();
-    if (campo("PROY_COD").vacio() || campo("CENT_COD").vacio()) {
+    if (campo(n_.proyecto).vacio() || campo(n_.centro).vacio()) {
         NomProy->clear();
         NomCent->clear();
     } else {
@@ -410,11 +446,19 @@ void LineasLibro::AfterScroll() {
     actualice_sumas();
 }
 
-bool LineasLibro::cuadrado() const {
-    const auto texto = [](const Valor& v) { return v.nulo() ? QStringLiteral("0") : v.texto(); };
-    if (ajustes_.permite_descuadre ||
-        texto(detalle.agregado("Sumadebito")) == texto(detalle.agregado("Sumacredito")))
-        return true;
-    muestre_mensaje(datos(libro).descuadrado);
-    return false;
+void LineasLibro::muestre_nombres() {
+    const QString nit = campo(n_.tercero).texto(), proyecto = campo(n_.proyecto).texto();
+    const auto nombre = [this](const char* columna, const char* tabla, const char* llave,
+                               const QString& codigo) {
+        return codigo.isEmpty() ? QString()
+                                : consulta_
+                                      .valor_unico(QStringLiteral("select %1 from %2 where %3 = ")
+                                                       .arg(columna, tabla, llave) +
+                                                   QuotedStr(codigo))
+                                      .texto();
+    };
+    NomCuenta->setText(nombre("cuen_nom", datos(libro).cuentas, "cuen_cod", cuenta()));
+    NomTerc->setText(nombre("terc_nom", "terceros", "terc_nit", nit));
+    NomProy->setText(nombre("proy_nom", "proyectos", "proy_cod", proyecto));
+    NomCent->setText(nombre_de_centro(detalle.conexion(), proyecto, campo(n_.centro).texto()));
 }

@@ -5,34 +5,42 @@
 // centro y categoría, completa lo que falta, aplica base y porcentaje, y rehúsa la línea
 // incompleta. Los comandos de celda son "?" con texto (buscar) y una comilla sola (repetir lo
 // anterior).
+#include "libro/fechas.h"
 #include "vouchers/lineas_cuenta.h"
 
 class Formulario;
 class QWidget;
 
-/// Lo que se recuerda de una línea a otra. Los dos libros leen las mismas memorias; la NIIF guarda
-/// las suyas en otras que nadie lee, y así se queda.
-struct MemoriasLinea {
-    QString concepto_anterior, referencia_anterior, tercero_anterior;
-};
-
 /// Ajustes de la compañía que cambian las reglas.
-struct AjustesLinea {
+struct AjustesLinea : AjustesLibro {
     bool mostrar_saldo = false;
     bool inhabilita_porcentaje = false;
     bool filtra_centros = false; ///< solo lo mira el validador de centros NIIF
-    bool permite_descuadre = false;
-    int digito_redondeo = 0;
 };
 
-/// Nombres de las columnas y controles de unas líneas: las de un comprobante o las de una
-/// plantilla.
+/// Nombres de las columnas y controles de unas líneas, y en qué se apartan sus reglas: las de un
+/// comprobante, las de una plantilla o las de una propuesta.
 struct CamposLinea {
-    const char *item, *concepto, *referencia, *base, *porcentaje, *debito, *credito;
-    const char* descontable; ///< nulo: las líneas no lo llevan
+    NombresLinea linea;
+    const char *item, *concepto, *referencia, *base, *porcentaje;
+    const char* categoria = "CONC_COD";
+    const char* articulo = "ARTI_COD";
+    const char* descontable = nullptr; ///< nulo: las líneas no lo llevan
     const char *concepto_encabezado, *referencia_encabezado;
     const char *dif_debito, *dif_credito, *dif_debito_niif, *dif_credito_niif;
-    bool con_saldos; ///< muestra los saldos junto a los nombres
+    bool con_saldos = false; ///< muestra los saldos junto a los nombres
+    /// La rejilla trae la referencia antes que la categoría; las reglas siguen en su columna.
+    bool referencia_antes = false;
+    bool columnas_libres = false; ///< ninguna columna se cierra por lo que la cuenta no lleva
+    bool comilla_en_celda =
+        false;                    ///< la comilla vale en tercero, concepto y referencia, al digitar
+    bool memoria_comun = false;   ///< los dos libros recuerdan en la misma memoria
+    bool tarifa_del_2649 = false; ///< base mínima y tarifa salen del plan 2649 en los dos libros
+    bool base_con_signo = false;  ///< una base negativa nunca llega al mínimo
+    bool exige_valor = false;     ///< sin débito ni crédito, o sin cuenta y con ellos, no entra
+    bool solo_nombres = false;    ///< al pasar por la línea no se valida: se muestran los nombres
+    /// El tercero que la cuenta pide se completa al escogerla, sin esperar a dejar su celda.
+    bool completa_con_la_cuenta = true;
 };
 
 /// Lo que la línea pide a la pantalla que la aloja.
@@ -56,6 +64,18 @@ public:
                 QObject* dueno);
     ~LineasLibro() override;
 
+    /// Columnas de la rejilla que siguen a las cuatro comunes.
+    enum ColumnaLibro {
+        kConcepto = kCentro + 1,
+        kCategoria,
+        kReferencia,
+        kBase,
+        kPorcentaje,
+        kDebito,
+        kCredito,
+        kDescontable, ///< solo en las líneas de un comprobante
+    };
+
     /// Página completa: rejilla, nombres con saldos y sumas.
     QWidget* construya_pagina();
     void ate_eventos();
@@ -65,11 +85,13 @@ public:
     /// no tiene uno.
     bool siempre_recuerda_tercero = false;
 
+    /// La línea nace de otra, por equivalencia: puede entrar sin lo que su cuenta exige, que al
+    /// grabar se pide diciendo cuál es.
+    bool replicando = false;
+
     /// Define los campos del detalle (los llama la pantalla antes de abrir).
     static void defina_campos(ConjuntoDatos& detalle, Libro libro);
 
-    /// Compara los textos de las dos sumas; muestra el rechazo del libro si difieren.
-    bool cuadrado() const;
     /// Nombres, saldos y sumas de la línea actual, como al pasar a ella.
     void muestre_linea() { AfterScroll(); }
 
@@ -86,19 +108,29 @@ protected:
     virtual void AfterInsert();
     virtual void base_cambiada();
     virtual void comilla_de_referencia(); ///< al salir de una columna sin regla propia
-    /// Lo que retiene una línea con esa base, sin signo, y ese porcentaje.
-    virtual Moneda retencion(Moneda base, Moneda porcentaje) const;
-    void aplique_porcentaje();
+    /// Dígito a que se redondea lo retenido; nada, a centavos.
+    virtual std::optional<int> digito() const { return ajustes_.digito_redondeo; }
+    /// Tarifa de la cuenta de la línea, con todos sus decimales; cero si no cuenta.
+    virtual Moneda tarifa_de_la_cuenta();
+    void aplique_porcentaje(Moneda tarifa_cuenta);
+    LineaComprobante linea() const override;
+    /// Nombres de lo que la línea tiene, sin validarlo.
+    void muestre_nombres();
+    const AjustesLinea& ajustes() const { return ajustes_; }
 
     const CamposLinea& c_;
 
 private:
     void saldo(EditorNumero* caja, const char* procedimiento, const QStringList& argumentos);
     void cuenta_cambiada();
+    void repita(Campo& celda, const QString& anterior);
+    void complete_tercero();
     void tercero_cambiado();
     void centro_cambiado();
     void categoria_cambiada();
     void porcentaje_cambiado();
+    void consulte_tarifa(const char* columnas);
+    bool confirme_porcentaje();
     void ColEnter(int columna);
     void ColExit(int columna);
     void BeforePost();
@@ -108,4 +140,5 @@ private:
     MemoriasLinea& memorias_;
     MemoriasLinea propias_; ///< las de la NIIF, que nadie lee
     const AjustesLinea& ajustes_;
+    bool sugiriendo_ = false; ///< el porcentaje lo pone la cuenta, no el usuario
 };

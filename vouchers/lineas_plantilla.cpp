@@ -6,9 +6,20 @@
 namespace {
 
 const CamposLinea kDePlantilla{
-    "PLDE_ITEM",    "PLDE_CONCEPTO", "PLDE_REFER", "PLDE_BASE",     "PLDE_PORC",
-    "PLDE_DEBITOS", "PLDE_CREDITOS", nullptr,      "PLAN_CONCEPTO", "PLAN_REFER",
-    "DifDeb",       "DifCred",       "DifDebN",    "DifCredN",      false};
+    .linea = {.debito = "PLDE_DEBITOS", .credito = "PLDE_CREDITOS"},
+    .item = "PLDE_ITEM",
+    .concepto = "PLDE_CONCEPTO",
+    .referencia = "PLDE_REFER",
+    .base = "PLDE_BASE",
+    .porcentaje = "PLDE_PORC",
+    .descontable = nullptr,
+    .concepto_encabezado = "PLAN_CONCEPTO",
+    .referencia_encabezado = "PLAN_REFER",
+    .dif_debito = "DifDeb",
+    .dif_credito = "DifCred",
+    .dif_debito_niif = "DifDebN",
+    .dif_credito_niif = "DifCredN",
+};
 
 EditorDato* solo_muestra(ConjuntoDatos& detalle, const char* campo) {
     auto* e = nombrado(new EditorDato(&detalle, campo), campo);
@@ -37,12 +48,12 @@ void LineasPlantilla::defina_campos(ConjuntoDatos& d) {
     d.texto("TERC_NIT", 20);
     d.texto("PROY_COD", 4);
     d.texto("CENT_COD", 4);
-    d.decimal("PLDE_PORC").formato("#,##0.####");
+    d.decimal("PLDE_PORC").formato("#,##0.####").tasa();
     d.texto("ARTI_COD", 15);
     d.texto("CONC_COD", 4);
     d.calculado("ArtiDes", ClaseCampo::Texto, 60);
     d.calculado("CateNom", ClaseCampo::Texto, 60);
-    defina_sumas(d, {kDePlantilla.debito, kDePlantilla.credito});
+    defina_sumas(d, kDePlantilla.linea);
 }
 
 void LineasPlantilla::complete(Formulario& f) {
@@ -55,8 +66,8 @@ const char* LineasPlantilla::tabla_atributos() const {
 }
 
 void LineasPlantilla::AfterInsert() {
-    campo(c_.item) = ++item;
-    for (const char* monto : {c_.debito, c_.credito, c_.base, c_.porcentaje})
+    campo(c_.item) = contador.siguiente();
+    for (const char* monto : {n_.debito, n_.credito, c_.base, c_.porcentaje})
         campo(monto) = Moneda();
     vacie_nombres();
 }
@@ -89,9 +100,5 @@ void LineasPlantilla::validar_centro() {
 
 void LineasPlantilla::base_cambiada() {
     if (en_edicion() && !cuenta().isEmpty())
-        aplique_porcentaje();
-}
-
-Moneda LineasPlantilla::retencion(Moneda base, Moneda porcentaje) const {
-    return Moneda::porcentaje(base, porcentaje);
+        aplique_porcentaje({});
 }

@@ -23,5 +23,6 @@ protected:
     void AfterInsert() override;
     void base_cambiada() override;
     void comilla_de_referencia() override {}
-    Moneda retencion(Moneda base, Moneda porcentaje) const override;
+    std::optional<int> digito() const override { return {}; }
+    Moneda tarifa_de_la_cuenta() override { return {}; }
 };

@@ -4,14 +4,13 @@
 
 namespace {
 
-constexpr LadosLinea kLados{"SAIN_DEBITO", "SAIN_CREDITO"};
-constexpr int kDebito = 4, kCredito = 5;
+constexpr NombresLinea kNombres{.debito = "SAIN_DEBITO", .credito = "SAIN_CREDITO"};
 
 } // namespace
 
 LineasSaldos::LineasSaldos(ConjuntoDatos& saldos, ConjuntoDatos& consulta, QObject* dueno)
-    : LineasCuenta(Libro::Decreto2649, saldos, consulta, kLados, dueno) {
-    defina_sumas(saldos, kLados);
+    : LineasCuenta(Libro::Decreto2649, saldos, consulta, kNombres, dueno) {
+    defina_sumas(saldos, kNombres);
 }
 
 QWidget* LineasSaldos::construya_pagina() {
@@ -137,7 +136,7 @@ void LineasSaldos::ColExit(int columna) {
 // ---------------------------------------------------------------- la línea
 
 void LineasSaldos::AfterInsert() {
-    campo("SAIN_ITEM") = ++item;
+    campo("SAIN_ITEM") = contador.siguiente();
     campo("SAIN_DEBITO") = Moneda();
     campo("SAIN_CREDITO") = Moneda();
     vacie_nombres();
@@ -148,12 +147,14 @@ void LineasSaldos::BeforePost() {
         detalle.Cancel();
         throw EdicionAbortada();
     }
+    if (intacta())
+        return;
+    // De una retención aquí solo se exige su tercero: un saldo no lleva base ni porcentaje.
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
-    if (consulta_.FieldByName("CUEN_RETENCION").texto() == "S" ||
-        consulta_.FieldByName("CUEN_TERCERO").texto() == "S")
-        exija_tercero();
-    if (consulta_.FieldByName("CUEN_CENTRO").texto() == "S")
-        exija_centro();
+    AtributosCuenta cuenta = atributos();
+    cuenta.tercero = cuenta.exige_tercero() ? "S" : "N";
+    cuenta.retencion.clear();
+    exija(faltas_de_linea(linea(), cuenta));
 }
 
 void LineasSaldos::AfterScroll() {
@@ -169,5 +170,5 @@ void LineasSaldos::AfterScroll() {
 }
 
 bool LineasSaldos::cuadrados() const {
-    return rejilla->suma(kDebito) == rejilla->suma(kCredito);
+    return suma_debito() == suma_credito();
 }

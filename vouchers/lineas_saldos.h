@@ -10,13 +10,16 @@ class LineasSaldos : public LineasCuenta {
 public:
     LineasSaldos(ConjuntoDatos& saldos, ConjuntoDatos& consulta, QObject* dueno);
 
+    /// Columnas de la rejilla que siguen a las cuatro comunes.
+    enum ColumnaSaldos { kDebito = kCentro + 1, kCredito };
+
     /// Salió de la columna de la cuenta, con la clase de esta.
     std::function<void(const QString& clase)> al_dejar_la_cuenta;
 
     /// Página completa: rejilla, nombres y sumas.
     QWidget* construya_pagina();
     void ate_eventos();
-    /// Las dos sumas del pie, iguales como importes.
+    /// Las dos sumas, de todas las líneas, iguales como importes.
     bool cuadrados() const;
 
 private:

@@ -1,5 +1,6 @@
 #include "vouchers/panel_documento.h"
 
+#include "datos/firebird/reloj.h"
 #include "vouchers/pch.h"
 
 PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, ConjuntoDatos& tipos,
@@ -37,20 +38,24 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
                 {"Vence", DateTimePicker1},
                 {"", continuar}});
     }
-    // Entrar propone hoy como vencimiento, aunque la línea ya tuviera otro.
-    OnEnter = [this] {
-        DateTimePicker1->fecha(QDate::currentDate());
-        DateTimePicker1Change();
-    };
+    OnEnter = [this] { proponga_vencimiento(); };
 }
 
 void PanelDocumento::defina_tipos(ConjuntoDatos& tipos) {
-    tipos.entero("TIDO_COD");
-    tipos.texto("TIDO_NOMCORTO", 8);
-    tipos.texto("TIDO_NOMLARGO", 30);
-    tipos.texto("TIDO_CART", 1);
-    tipos.texto("TIDO_CXP", 1);
+    campos_documentos(tipos);
     tipos.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
+}
+
+void PanelDocumento::proponga_vencimiento() {
+    // Entrar propone hoy; el que la línea ya tenía se queda, que pasar por ella no es cambiarlo.
+    const QString guardado = lineas_.FieldByName("DOCO_VENCE").texto();
+    if (guardado.isEmpty()) {
+        DateTimePicker1->fecha(reloj().hoy());
+        DateTimePicker1Change();
+    } else if (const QDate d = QDate::fromString(guardado, QStringLiteral("yyyyMMdd"));
+               d.isValid()) {
+        DateTimePicker1->fecha(d);
+    }
 }
 
 void PanelDocumento::DateTimePicker1Change() {

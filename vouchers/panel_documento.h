@@ -24,6 +24,7 @@ public:
     FechaDato* DateTimePicker1;
 
 private:
+    void proponga_vencimiento();
     void DateTimePicker1Change();
     ConjuntoDatos& lineas_;
 };

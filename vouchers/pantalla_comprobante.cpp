@@ -4,14 +4,24 @@
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
+#include <QGridLayout>
+#include <QScopedValueRollback>
+
 PantallaComprobante::PantallaComprobante(const QString& clase, const QString& titulo)
     : PantallaLineas(clase, titulo, "Cdetniif"),
       PMovimiento(this, "PMovimiento", &fdmcnt().TComprobantes,
                   poCascadeDeletes | poCascadeUpdates),
       PTidocartera(this, "PTidocartera", &fdm().TTipodoc),
       CMovimiento(this, "CMovimiento", &PMovimiento),
-      CTidocartera(this, "CTidocartera", &PTidocartera) {
-    defina_encabezado();
+      CTidocartera(this, "CTidocartera", &PTidocartera), grabacion(conjuntos()) {
+    defina_encabezado(CMovimiento);
+    CMovimiento.FieldByName("TERC_NIT").OnChange = [this](Campo& x) {
+        encabezado_TERC_NITChange(x);
+    };
+    CMovimiento.FieldByName("ENCO_MANDANTE").OnChange = [this](Campo& x) {
+        ENCO_MANDANTEChange(x);
+    };
+    CMovimiento.AfterPost = [this] { encabezado_posteado_ = true; };
     CDetalle.anide_en(&CMovimiento, &fdmcnt().TComprDetalle);
     Cdetniif.anide_en(&CMovimiento, &fdmcnt().TCompniif);
     LineasLibro::defina_campos(CDetalle, Libro::Decreto2649);
@@ -20,53 +30,28 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
     lineas_2649 =
         new LineasLibro(Libro::Decreto2649, *this, CDetalle, CBorrar, memorias, ajustes, this);
     lineas_niif = new LineasLibro(Libro::Niif, *this, Cdetniif, CBorrar, memorias, ajustes, this);
+    // La plantilla escogida sin que nadie la pida es para el primer comprobante que se active.
+    acepte<PidePlantilla>([this](const QString& plantilla) {
+        traiga_plantilla(plantilla);
+        return true;
+    });
 }
 
 PantallaComprobante::~PantallaComprobante() = default;
 
-void PantallaComprobante::defina_encabezado() {
-    ConjuntoDatos& c = CMovimiento;
-    c.entero("ENCO_CONSEC").requerido();
-    c.texto("TICO_COD", 3).fijo().requerido();
-    c.texto("PRCO_PREF", 4).requerido();
-    c.texto("ENCO_NUMERO", 6).requerido();
-    c.texto("ENCO_FECHA", 8).fijo().requerido();
-    c.texto("ENCO_CONCEPTO", 60);
-    c.texto("ENCO_REFER", 8);
-    c.entero("ENCO_TIPOREF");
-    c.entero("ENCO_IDREF");
-    c.texto("ENCO_USUARIO", 10);
-    c.texto("TERC_NIT", 20);
-    c.texto("ENCO_NOMTERC", 60);
-    c.decimal("ENCO_MONTO").formato("#,###.00");
-    c.bandera("ENCO_DESCONTABLE");
-    c.texto("ENCO_MANDANTE", 20);
-    c.bandera("ENCO_REPNIIF");
-    c.memo("ENCO_OBS");
-    c.FieldByName("TERC_NIT").OnChange = [this](Campo& x) { encabezado_TERC_NITChange(x); };
-    c.FieldByName("ENCO_MANDANTE").OnChange = [this](Campo& x) { ENCO_MANDANTEChange(x); };
-    c.AfterPost = [this] { encabezado_posteado_ = true; };
-}
-
 void PantallaComprobante::lea_configuracion(Orden orden) {
     const auto centros = [this] {
-        ajustes.filtra_centros =
-            fdm().configurado_si("COMPROBANTES", "FILTRAR CENTROS DE COSTO POR AGENCIA");
+        ajustes.filtra_centros = fdm().valor<Llave::CentrosPorAgencia>();
     };
     if (orden == Orden::Digitar)
         centros();
-    ajustes.digito_redondeo = Tfdm::entero(fdm().configuracion(
-        "CONTABILIDAD", "GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES"));
-    ajustes.mostrar_saldo = fdm().configurado_si(
-        "COMPROBANTES", "MOSTRAR SALDO POR CUENTA Y POR TERCERO AL DIGITAR MOVIMIENTOS");
-    ajustes.permite_descuadre =
-        fdm().configurado_si("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS");
-    ajustes.inhabilita_porcentaje =
-        fdm().configurado_si("COMPROBANTES", "INHABILITAR PORCENTAJE EN CUENTAS DE RETENCION");
+    ajustes.digito_redondeo = fdm().valor<Llave::RedondeoComprobantes>();
+    ajustes.mostrar_saldo = fdm().valor<Llave::MostrarSaldos>();
+    ajustes.permite_descuadre = fdm().valor<Llave::PermitirDescuadrados>();
+    ajustes.inhabilita_porcentaje = fdm().valor<Llave::InhabilitarPorcentaje>();
     if (orden == Orden::Editar)
         centros();
-    pregunta_mandante =
-        fdm().configurado_si("COMPROBANTES", "PREGUNTAR MANDANTE EN COMPROBANTES CONTABLES");
+    pregunta_mandante = fdm().valor<Llave::PreguntarMandante>();
     for (QWidget* w : {static_cast<QWidget*>(LabMand), static_cast<QWidget*>(Mand),
                        static_cast<QWidget*>(NomMand)})
         w->setVisible(pregunta_mandante);
@@ -77,12 +62,24 @@ void PantallaComprobante::llene_categorias(Rejilla* rejilla) {
     QStringList codigos;
     for (CCategoria.First(); !CCategoria.Eof(); CCategoria.Next())
         codigos << CCategoria.FieldByName("CONC_COD").texto();
-    rejilla->lista(5, codigos);
+    rejilla->lista(LineasLibro::kCategoria, codigos);
 }
 
 // ---------------------------------------------------------------- disposición
 
 void PantallaComprobante::construya(QWidget* control_prefijo) {
+    construya_controles();
+    construya_paginas();
+    disponga(control_prefijo);
+    ate_rejillas(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion());
+    ultimo_ = DBCheckBox2;
+    construya_panel_documento();
+    construya_panel_articulo("Edit2");
+    Edit2 = descripcion_articulo;
+    enter_como_tab();
+}
+
+void PantallaComprobante::construya_controles() {
     LTipo = nombrado(new ListaDato(&CMovimiento, "TICO_COD"), "LTipo");
     LTipo->lista_de(&CTipodoc, "TICO_COD", "TICO_NOM");
     ENumero = nombrado(new EditorDato(&CMovimiento, "ENCO_NUMERO"), "ENumero");
@@ -109,24 +106,27 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     DBMemo1 = nombrado(new MemoDato(&CMovimiento, "ENCO_OBS"), "DBMemo1");
     DBMemo1->lineas(2);
     ckFiltro = nombrado(new QCheckBox("Filtro"), "ckFiltro");
-    construya_paginas();
-
-    DBEdit2->OnDblClick = [] { pantallas().abrir("Tfterceros"); };
-    Mand->OnDblClick = [] {
-        fdmter().seleccion_mandante = true;
-        pantallas().abrir("Tfterceros");
-    };
+    DBEdit2->OnDblClick = [this] { busque_tercero_del_encabezado({}); };
+    Mand->OnDblClick = [this] { busque_mandante({}); };
     connect(ckFiltro, &QCheckBox::toggled, this, [this] { proteja([this] { ckFiltroClick(); }); });
+}
+
+void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
     f.fila({{"Tipo", LTipo},
             {"Prefijo", Formulario::junto({control_prefijo, rotulo("Número", ENumero), ENumero})},
             {"Fecha", Formulario::junto({EDia, EMes, EAno})}});
-    f.fila({{"Concepto", DBEdit1},
-            {"Referencia", Formulario::junto({ERef, rotulo("Monto", DBEdit6), DBEdit6})},
-            {"", Formulario::junto({DBCheckBox1, ckFiltro})}});
-    f.fila({{"Tercero", Formulario::junto({DBEdit2, DBEdit3})},
-            {"Observaciones", DBMemo1},
-            {"", DBCheckBox2}});
+    f.fila(
+        {{"Concepto", DBEdit1},
+         {"Referencia", Formulario::junto({ERef, rotulo("Tercero", DBEdit2), DBEdit2, DBEdit3})}});
+    auto* casillas = new QWidget;
+    auto* dos_renglones = new QGridLayout(casillas);
+    dos_renglones->setContentsMargins(0, 0, 0, 0);
+    dos_renglones->setVerticalSpacing(0);
+    dos_renglones->addWidget(DBCheckBox1, 0, 0);
+    dos_renglones->addWidget(ckFiltro, 0, 1);
+    dos_renglones->addWidget(DBCheckBox2, 1, 0, 1, 2);
+    f.fila({{"Monto", DBEdit6}, {"Observaciones", DBMemo1}, {"", casillas}});
     f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
     if (!LabMand)
@@ -136,13 +136,6 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     auto* barra = new BarraBotones(this);
     barra->setObjectName("barra");
     f.botones(barra);
-
-    ate_rejillas(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion());
-    ultimo_ = DBCheckBox2;
-    construya_panel_documento();
-    construya_panel_articulo("Edit2");
-    Edit2 = descripcion_articulo;
-    enter_como_tab();
 }
 
 void PantallaComprobante::construya_panel_documento() {
@@ -167,17 +160,18 @@ void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
     if (nit.isEmpty())
         return;
     if (nit.startsWith('?')) {
-        fdmcnt().texto_busqueda = nit.mid(1);
-        pantallas().abrir("Tfterceros");
+        busque_tercero_del_encabezado(nit.mid(1));
         return;
     }
     const QString nombre = fdmter().nom_tercero(nit);
     CMovimiento.FieldByName("ENCO_NOMTERC") = nombre;
-    if (!nombre.isEmpty())
+    if (!nombre.isEmpty()) {
+        memorias.tercero_anterior = nit; // desde ya es el de las líneas que pidan uno
         return;
+    }
     if (pregunte("Tercero no encontrado. Desea crearlo?")) {
-        fdmter().tercero_seleccion = nit;
-        pantallas().abrir("Tfnvotercero");
+        cree_tercero(*this, nit,
+                     [this](const QString& creado) { reciba_en_encabezado("TERC_NIT", creado); });
     } else {
         campo.limpie();
     }
@@ -188,9 +182,7 @@ void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {
     if (nit.isEmpty())
         return;
     if (nit.startsWith('?')) {
-        fdmcnt().texto_busqueda = nit.mid(1);
-        fdmter().seleccion_mandante = true;
-        pantallas().abrir("Tfterceros");
+        busque_mandante(nit.mid(1));
         return;
     }
     const QString nombre = fdmter().nom_tercero(nit);
@@ -201,35 +193,92 @@ void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {
     }
 }
 
-QString PantallaComprobante::tome_id() {
-    const QString id = CMovimiento.FieldByName("ENCO_CONSEC").texto();
-    if (id != "0")
-        return id;
-    Sentencia& s = fdmcnt().SIdComproba;
-    s.Close();
-    s.ExecProc();
-    const QString nuevo = s.ParamByName("ID").texto();
-    CMovimiento.Edit();
-    CMovimiento.FieldByName("ENCO_CONSEC") = nuevo;
-    CMovimiento.Post();
-    return nuevo;
+// ---------------------------------------------------------------- grabar
+
+void PantallaComprobante::termine_lineas() {
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        try {
+            l->termine_linea();
+        } catch (const EdicionAbortada&) {
+            muestre_pagina(l->libro);
+            throw;
+        }
+    }
+}
+
+void PantallaComprobante::muestre_pagina(Libro libro) {
+    const QSignalBlocker callada(PageControl1); // ir a corregir no graba nada
+    PageControl1->setCurrentIndex(es_niif(libro) ? 1 : 0);
+    lineas_a_la_vista().rejilla->setFocus();
+}
+
+void PantallaComprobante::siga_los_items() {
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        const Campo& item = l->detalle.FieldByName("CODE_ITEM");
+        qint64 mayor = l->contador.ultimo();
+        l->detalle.recorra_todas(
+            [&](const Fila& f) { mayor = qMax(mayor, l->detalle.valor_de(f, item).entero()); });
+        l->contador.empiece(int(mayor));
+    }
+}
+
+ResultadoGrabacion PantallaComprobante::grabe(Grabador quien) {
+    const ModoGrabacion& modo = modo_de(quien);
+    AjustesLibro a = fdmcnt().ajustes_libro();
+    a.permite_descuadre = ajustes.permite_descuadre;
+    ResultadoGrabacion r;
+    r.rechazos = grabacion.revise(modo, a);
+    r.rechazos.removeIf([this](const Rechazo& x) { return se_tolera(x); });
+    if (!r.rechazos.isEmpty()) {
+        diga(r.rechazos, modo);
+        return r;
+    }
+    const QScopedValueRollback<bool> guarda(grabando, true);
+    r = grabacion.grabe(modo);
+    if (r.cambio_de_numero())
+        fdm().mostrar_advertencia("El número " + r.numero_pedido +
+                                  " lo tomó otro comprobante: este quedó con el " + r.numero + '.');
+    return r;
+}
+
+void PantallaComprobante::diga(const Rechazos& rechazos, const ModoGrabacion& modo) {
+    for (const Rechazo& r : rechazos) {
+        muestre_mensaje(r.texto);
+        if (r.motivo == Motivo::Descuadre && modo.vuelve_a_edicion &&
+            !lineas_de(*r.libro).IsEmpty())
+            lineas_de(*r.libro).Edit();
+    }
+    const auto primera = std::find_if(rechazos.begin(), rechazos.end(),
+                                      [](const Rechazo& r) { return r.item != 0; });
+    if (primera == rechazos.end())
+        return;
+    muestre_pagina(*primera->libro);
+    quite_filtro();
+    lineas_a_la_vista().vaya_a(primera->item, "CODE_ITEM", primera->campo);
 }
 
 // ---------------------------------------------------------------- paneles
 
 void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
+    // Al pasar de página la celda se deja cuando su rejilla ya no está a la vista.
+    if (lineas_a_la_vista().libro != libro) {
+        GroupBox1->hide();
+        GroupBox2->hide();
+        return;
+    }
     ConjuntoDatos& d = lineas_de(libro);
     if (clase == "I" || clase == "A") {
         // La clase "I" no devuelve el título: tras un activo el panel se queda con el suyo.
         if (clase == "A")
-            GroupBox2->setTitle("Activo fijo");
+            destine_panel(true);
         GroupBox2->muestre(EArticod);
+        // El artículo de otra línea no es el de esta.
         const QString articulo = d.FieldByName("ARTI_COD").texto();
+        EArticod->setText(articulo);
+        Edit2->clear();
         if (!articulo.isEmpty()) {
             if (clase == "I")
                 Edit2->setText(fdmArt().desc_articulo(articulo));
-            else
-                EArticod->setText(articulo);
             Edit2->setText(fdmcnt().desc_activo(articulo));
         }
     } else {
@@ -242,9 +291,9 @@ void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
 }
 
 void PantallaComprobante::DBGridDblClick(Libro libro, int columna) {
-    if (columna == 5)
-        pantallas().abrir("Tfconceptos");
-    else if (columna == 9 || columna == 10)
+    if (columna == LineasLibro::kCategoria)
+        busque_concepto();
+    else if (columna == LineasLibro::kDebito || columna == LineasLibro::kCredito)
         lineas_a_la_vista().sugiera_db_cr();
     else
         PantallaLineas::DBGridDblClick(libro, columna);
@@ -252,33 +301,76 @@ void PantallaComprobante::DBGridDblClick(Libro libro, int columna) {
 
 // ---------------------------------------------------------------- selecciones
 
-void PantallaComprobante::atienda_selecciones(bool sin_foco_en_grilla) {
-    LineasLibro& l = lineas_a_la_vista();
-    const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
-    if (!fdmter().tercero_seleccion.isEmpty()) {
-        const QString nit = tome(fdmter().tercero_seleccion);
-        if (en_grilla) {
-            l.reciba("TERC_NIT", nit);
-        } else {
-            CMovimiento.Edit();
-            const bool mandante = std::exchange(fdmter().seleccion_mandante, false);
-            CMovimiento.FieldByName(mandante ? "ENCO_MANDANTE" : "TERC_NIT") = nit;
-        }
-        fdmter().seleccion_mandante = false;
-    }
-    atienda_lineas(en_grilla || sin_foco_en_grilla);
+void PantallaComprobante::busque_tercero() {
+    if (en_grilla)
+        PantallaLineas::busque_tercero();
+    else
+        busque_tercero_del_encabezado({});
+}
+
+void PantallaComprobante::busque_tercero_del_encabezado(const QString& texto) {
+    escoja_para_encabezado("TERC_NIT", texto);
+}
+
+void PantallaComprobante::busque_mandante(const QString& texto) {
+    escoja_para_encabezado("ENCO_MANDANTE", texto);
+}
+
+void PantallaComprobante::escoja_para_encabezado(const char* campo, const QString& texto) {
+    const QString actual = texto.isEmpty() ? CMovimiento.FieldByName(campo).texto() : QString();
+    escoja_tercero(
+        *this, texto, [this, campo](const QString& nit) { reciba_en_encabezado(campo, nit); },
+        actual);
+}
+
+void PantallaComprobante::reciba_en_encabezado(const char* campo, const QString& valor) {
+    CMovimiento.Edit();
+    CMovimiento.FieldByName(campo) = valor;
 }
 
 // ---------------------------------------------------------------- salida
 
 bool PantallaComprobante::salida_confirmada() {
-    return pregunte("Desea salir del comprobante y perder los movimientos que no ha grabado?");
+    return pregunte_con_no(
+        "Desea salir del comprobante y perder los movimientos que no ha grabado?");
+}
+
+void PantallaComprobante::SBCancelClick() {
+    if (hay_por_perder() && !salida_confirmada())
+        return;
+    CMovimiento.CancelUpdates();
+    cierre();
+}
+
+void PantallaComprobante::cierre() {
+    cierre_confirmado_ = true;
+    close();
 }
 
 bool PantallaComprobante::FormClose() {
+    if (!cierre_confirmado_ && hay_por_perder() && !salida_confirmada())
+        return false;
     for (ConjuntoDatos* c : {&CDetalle, &Cdetniif, &CMovimiento})
         c->Cancel();
     CMovimiento.Close();
-    fdmcnt().balance_por_recalcular = true;
+    emit fdmcnt().balance_por_recalcular();
     return true;
+}
+
+// ---------------------------------------------------------------- plantillas y filtro
+
+bool PantallaComprobante::ubique_plantilla(ConjuntoDatos& plantillas, const QString& id) {
+    plantillas.Close();
+    plantillas.Open();
+    if (plantillas.Locate("plan_id", {id.toInt()}))
+        return true;
+    plantillas.Close();
+    muestre_mensaje("La plantilla " + id + " ya no existe: otro usuario la borró.");
+    return false;
+}
+
+void PantallaComprobante::quite_filtro() {
+    ckFiltro->setChecked(false);
+    for (LineasLibro* l : {lineas_2649, lineas_niif})
+        l->rejilla->limpie_filtros();
 }

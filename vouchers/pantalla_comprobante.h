@@ -1,5 +1,6 @@
 #pragma once
 // Lo común a digitar y a editar un comprobante: encabezado, dos libros con sus páginas y paneles.
+#include "libro/grabacion.h"
 #include "vouchers/pantalla_lineas.h"
 
 class CasillaDato;
@@ -35,11 +36,16 @@ public:
     bool encabezado_posteado() const override { return encabezado_posteado_; }
     void panel_de_clase(Libro libro, const QString& clase) override;
 
+    /// Encabezado y líneas de los dos libros, para las reglas del libro.
+    ConjuntosComprobante conjuntos() { return {CMovimiento, CDetalle, Cdetniif}; }
+
 protected:
     // estado de la pantalla
     bool encabezado_posteado_ = false;
     bool grabando = false;
     bool pregunta_mandante = false;
+    bool cierre_confirmado_ = false; ///< ya no hay nada que preguntar al cerrar
+    GrabacionComprobante grabacion;
 
     enum class Orden { Digitar, Editar }; ///< cada pantalla lee sus llaves en un orden propio
     void lea_configuracion(Orden orden);
@@ -56,15 +62,39 @@ protected:
     void ENCO_MANDANTEChange(Campo& campo);
     void DBGridDblClick(Libro libro, int columna) override;
     void ckFiltroClick();
-    /// Entrega las selecciones que dejaron las pantallas de búsqueda, en su orden.
-    void atienda_selecciones(bool sin_foco_en_grilla);
-    /// Toma un id si el comprobante aún lleva el provisional; devuelve el que queda.
-    QString tome_id();
+    /// Fuera de la rejilla, al tercero del encabezado.
+    void busque_tercero() override;
+    void busque_tercero_del_encabezado(const QString& texto);
+    void busque_mandante(const QString& texto);
+    void escoja_para_encabezado(const char* campo, const QString& texto);
+    void reciba_en_encabezado(const char* campo, const QString& valor);
+    virtual void traiga_plantilla(const QString& plantilla) = 0;
+    /// Revisa y graba por el único camino. Lo rehusado se dice aquí y deja el cursor donde se
+    /// corrige; las fallas las dice el proveedor.
+    ResultadoGrabacion grabe(Grabador quien);
+    /// Lo rehusado que esta pantalla sí deja pasar.
+    virtual bool se_tolera(const Rechazo&) const { return false; }
+    void diga(const Rechazos& rechazos, const ModoGrabacion& modo);
+    /// Hay líneas o cambios que se perderían al cerrar.
+    virtual bool hay_por_perder() const = 0;
+    /// Pregunta si hay algo por perder; con "Sí" deshace los cambios y cierra.
+    void SBCancelClick() override;
     bool FormClose() override;
+    /// Cierra sin preguntar: lo que había ya está grabado o borrado.
+    void cierre();
     bool salida_confirmada();
+    /// La plantilla, puesta en su fila; falso, después de decirlo, si alguien la borró.
+    bool ubique_plantilla(ConjuntoDatos& plantillas, const QString& id);
+    void quite_filtro();
+    /// Termina la línea pendiente de cada libro; si una se rehúsa, deja a la vista la suya.
+    void termine_lineas();
+    /// Los contadores siguen a las líneas que hay.
+    void siga_los_items();
 
 private:
-    void defina_encabezado();
+    void muestre_pagina(Libro libro);
+    void construya_controles();
+    void disponga(QWidget* control_prefijo);
     void construya_panel_documento();
     QWidget* ultimo_ = nullptr; ///< el control que precede a las rejillas
 };

@@ -1,6 +1,5 @@
 #include "vouchers/pantalla_lineas.h"
 
-#include "sesion/apertura.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
@@ -12,10 +11,9 @@ PantallaLineas::PantallaLineas(const QString& clase, const QString& titulo,
       CDetalle(this, "CDetalle"), Cdetniif(this, detalle_niif),
       CTipodoc(this, "CTipodoc", &PTipodoc), CCategoria(this, "CCategoria", &PCategoria) {
     // Con llave, al releerse por otro tipo nuevo sigue en el escogido, y con él sus prefijos.
-    CTipodoc.texto("TICO_COD", 3).banderas(pfInUpdate | pfInWhere | pfInKey);
-    CTipodoc.texto("TICO_NOM", 60);
-    CCategoria.texto("CONC_COD", 6);
-    CCategoria.texto("CONC_NOMBRE", 60);
+    campos_tipos_comprobante(CTipodoc);
+    CTipodoc.FieldByName("TICO_COD").banderas(pfInUpdate | pfInWhere | pfInKey);
+    campos_categorias(CCategoria, 6);
 }
 
 PantallaLineas::~PantallaLineas() = default;
@@ -25,10 +23,7 @@ LineasLibro& PantallaLineas::lineas_a_la_vista() const {
 }
 
 void PantallaLineas::abra_pagina_inicial() {
-    const bool decreto =
-        fdm().configuracion("CONTABILIDAD", "GENERAL",
-                            "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y "
-                            "HACER CONSULTAS") == "2649";
+    const bool decreto = fdm().valor<Llave::LibroInicial>() == "2649";
     PageControl1->setCurrentIndex(decreto ? 0 : 1);
 }
 
@@ -73,9 +68,8 @@ void PantallaLineas::declare_teclas_comunes(QWidget* anterior) {
     QWidget::setTabOrder(lineas_niif->rejilla, SBGrabar);
     tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas_a_la_vista().sugiera_db_cr(); });
     // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
-    const auto busque = [this](int clave, const char* pantalla) {
-        tecla(
-            clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
+    const auto busque = [this](int clave, const char* pantalla, std::function<void()> accion) {
+        tecla(clave, Qt::NoModifier, pantalla, std::move(accion), false);
     };
     const auto pagina = [this](int clave, int indice) {
         tecla(clave, Qt::ControlModifier, "PageControl1",
@@ -83,21 +77,21 @@ void PantallaLineas::declare_teclas_comunes(QWidget* anterior) {
     };
     pagina(Qt::Key_PageDown, 1);
     pagina(Qt::Key_PageUp, 0);
-    busque(Qt::Key_F6, "Tfterceros");
-    busque(Qt::Key_F7, "Tfcentros");
+    busque(Qt::Key_F6, "Tfterceros", [this] { busque_tercero(); });
+    busque(Qt::Key_F7, "Tfcentros", [this] { busque_centro(); });
 }
 
 void PantallaLineas::DBGridDblClick(Libro libro, int columna) {
     switch (columna) {
-    case 0:
-        pantallas().abrir(pantalla_cuentas(libro));
+    case LineasLibro::kCuenta:
+        busque_cuenta(libro);
         break;
-    case 1:
-        pantallas().abrir("Tfterceros");
+    case LineasLibro::kTercero:
+        busque_tercero();
         break;
-    case 2:
-    case 3:
-        pantallas().abrir("Tfcentros");
+    case LineasLibro::kProyecto:
+    case LineasLibro::kCentro:
+        busque_centro();
         break;
     default:
         break;
@@ -124,7 +118,8 @@ ConjuntoDatos& PantallaLineas::atributos(const LineasLibro& lineas, const char* 
 // ---------------------------------------------------------------- paneles
 
 void PantallaLineas::construya_panel_articulo(const char* nombre_descripcion) {
-    GroupBox2 = new PanelFlotante("GroupBox2", "Artículo del inventario ", this);
+    GroupBox2 = new PanelFlotante("GroupBox2", {}, this);
+    destine_panel(false);
     EArticod = nombrado(new QLineEdit, "EArticod");
     EArticod->setReadOnly(true);
     EArticod->installEventFilter(this);
@@ -141,6 +136,11 @@ void PantallaLineas::construya_panel_articulo(const char* nombre_descripcion) {
     connect(continuar2, &QPushButton::clicked, this,
             [this] { proteja([this] { SpeedButton3Click(); }); });
     agregue_panel(GroupBox2);
+}
+
+void PantallaLineas::destine_panel(bool a_activo) {
+    panel_de_activo_ = a_activo;
+    GroupBox2->setTitle(a_activo ? "Activo fijo" : "Artículo del inventario ");
 }
 
 void PantallaLineas::agregue_panel(PanelFlotante* panel, QWidget* destino) {
@@ -168,13 +168,11 @@ void PantallaLineas::articulo_cambiado(Libro libro) {
 }
 
 void PantallaLineas::EArticodDblClick() {
-    abra_o_avise(atributos(lineas_a_la_vista(), "CUEN_TIPO").Fields(0).texto() == "I"
-                     ? "Tfarticulos"
-                     : "Tfactivos");
+    busque_articulo(atributos(lineas_a_la_vista(), "CUEN_TIPO").Fields(0).texto() != "I");
 }
 
 void PantallaLineas::SpeedButton6Click() {
-    abra_o_avise(GroupBox2->title() == "Activo fijo" ? "Tfactivos" : "Tfarticulos");
+    busque_articulo(panel_de_activo_);
 }
 
 void PantallaLineas::SpeedButton3Click() {
@@ -194,19 +192,65 @@ bool PantallaLineas::eventFilter(QObject* objeto, QEvent* evento) {
 
 // ---------------------------------------------------------------- selecciones
 
-void PantallaLineas::atienda_lineas(bool en_linea) {
-    LineasLibro& l = lineas_a_la_vista();
-    const auto tome = [](QString& buzon) { return std::exchange(buzon, QString()); };
-    if (en_linea)
-        l.reciba_cuenta_y_centro();
-    if (en_linea && !fdmcnt().concepto_seleccion.isEmpty())
-        l.detalle.FieldByName("CONC_COD") = tome(fdmcnt().concepto_seleccion);
-    if (GroupBox2->isVisible()) {
-        for (QString* buzon : {&fdmcnt().articulo_seleccion, &fdmcnt().activo_seleccionado})
-            if (!buzon->isEmpty()) {
-                const QString codigo = tome(*buzon);
-                EArticod->setText(codigo);
-                l.reciba("ARTI_COD", codigo);
-            }
-    }
+// El destino se escoge al pedir: al volver el foco puede estar en otra parte.
+
+LineasLibro* PantallaLineas::linea_que_pide() const {
+    return en_grilla ? &lineas_a_la_vista() : nullptr;
+}
+
+void PantallaLineas::busque_cuenta(Libro plan) {
+    LineasLibro* l = linea_que_pide();
+    escoja_cuenta(
+        *this, plan, {},
+        [l](const QString& cuenta) {
+            if (l)
+                l->reciba("CUEN_COD", cuenta);
+        },
+        l ? l->actual("CUEN_COD") : QString());
+}
+
+void PantallaLineas::busque_tercero() {
+    LineasLibro* l = linea_que_pide();
+    escoja_tercero(
+        *this, {},
+        [l](const QString& nit) {
+            if (l)
+                l->reciba("TERC_NIT", nit);
+        },
+        l ? l->actual("TERC_NIT") : QString());
+}
+
+void PantallaLineas::busque_centro() {
+    LineasLibro* l = linea_que_pide();
+    escoja_centro(
+        *this,
+        [l](const CentroEscogido& centro) {
+            if (l)
+                l->reciba(centro);
+        },
+        l ? CentroEscogido{l->actual("PROY_COD"), l->actual("CENT_COD")} : CentroEscogido());
+}
+
+void PantallaLineas::busque_concepto() {
+    LineasLibro* l = linea_que_pide();
+    escoja_concepto(
+        *this,
+        [l](const QString& concepto) {
+            if (l)
+                l->detalle.FieldByName("CONC_COD") = concepto; // sin abrir la línea
+        },
+        l ? l->actual("CONC_COD") : QString());
+}
+
+void PantallaLineas::busque_articulo(bool activo) {
+    const auto reciba = [this, l = &lineas_a_la_vista()](const QString& codigo) {
+        if (!GroupBox2->isVisible())
+            return;
+        EArticod->setText(codigo);
+        l->reciba("ARTI_COD", codigo);
+    };
+    if (activo)
+        escoja_activo(*this, reciba, EArticod->text());
+    else
+        escoja_articulo(*this, reciba, EArticod->text());
 }

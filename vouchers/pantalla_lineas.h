@@ -46,6 +46,8 @@ protected:
     /// Eventos y menú emergente de las rejillas, con el nombre de archivo que proponen.
     void ate_rejillas(const QVector<Rejilla::Orden>& menu, const QString& archivo);
     void construya_panel_articulo(const char* nombre_descripcion);
+    /// El panel pide un activo fijo o un artículo: su título lo dice y el botón abre esa lista.
+    void destine_panel(bool a_activo);
     /// El panel flota sobre las páginas. Al ocultarse el foco va a `destino`, o a la rejilla a la
     /// vista si el panel lo tenía.
     void agregue_panel(PanelFlotante* panel, QWidget* destino = nullptr);
@@ -55,9 +57,14 @@ protected:
     void abra_pagina_inicial();
     /// Con el tipo vacío propone el anterior o el primero.
     void LTipoEnter();
-    /// Cuenta, proyecto con centro, categoría y artículo escogidos en otra pantalla. Con `en_linea`
-    /// falso solo se entrega el artículo.
-    void atienda_lineas(bool en_linea);
+    /// La línea a la que va lo que se busque ahora; nula: lo escogido no va a ninguna.
+    virtual LineasLibro* linea_que_pide() const;
+    void busque_cuenta(Libro plan);
+    virtual void busque_tercero();
+    void busque_centro();
+    void busque_concepto();
+    /// Con el panel del artículo a la vista: allí y a la línea.
+    void busque_articulo(bool activo);
     ConjuntoDatos& lineas_de(Libro libro) { return libro == Libro::Niif ? Cdetniif : CDetalle; }
     ConjuntoDatos& atributos(const LineasLibro& lineas, const char* columnas);
 
@@ -66,10 +73,6 @@ protected:
     virtual void SBCancelClick() = 0;
     virtual void pagina_cambiada(int pagina) = 0;
     virtual void DBGridDblClick(Libro libro, int columna);
-    /// Lista de cuentas que abre el doble clic en la columna de la cuenta.
-    virtual const char* pantalla_cuentas(Libro libro) const {
-        return datos(libro).pantalla_cuentas;
-    }
 
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
@@ -79,4 +82,5 @@ private:
     void SpeedButton6Click();
     void EArticodDblClick();
     QVector<PanelFlotante*> paneles_;
+    bool panel_de_activo_ = false;
 };

@@ -1,6 +1,5 @@
 #include "vouchers/pantalla_plantilla.h"
 
-#include "sesion/apertura.h"
 #include "vouchers/lineas_plantilla.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -40,10 +39,8 @@ void PantallaPlantilla::defina_campos() {
         d->OnCalcFields = [this, d] { calcule(*d); };
     }
     CPrefijos.anide_en(&CTipodoc, &fdm().TPrefconta);
-    CPrefijos.texto("TICO_COD", 3);
-    CPrefijos.texto("PRCO_PREF", 4);
-    CArticulo.texto("ARTI_COD", 15);
-    CArticulo.texto("ARTI_DES", 60);
+    campos_prefijos(CPrefijos);
+    campos_articulos(CArticulo);
     CArticulo.CommandText = "select ARTI_COD, ARTI_DES from articulo order by arti_cod";
 }
 
@@ -71,11 +68,12 @@ void PantallaPlantilla::construya(const QString& archivo) {
     declare_teclas_comunes(ERef);
     tecla(Qt::Key_F8, "Tfauxiliar", [this] {
         const LineasLibro& l = lineas_a_la_vista();
-        fdmcnt().cuenta_auxiliar = l.detalle.FieldByName("CUEN_COD").texto();
-        abra_o_avise(datos(l.libro).pantalla_auxiliar);
+        abra_auxiliar(l.libro, l.detalle.FieldByName("CUEN_COD").texto());
     });
     tecla(
-        Qt::Key_F9, Qt::NoModifier, "Tfcuentas", [] { pantallas().abrir("Tfcuentas"); }, false);
+        Qt::Key_F9, Qt::NoModifier, "Tfcuentas", [this] { busque_cuenta(Libro::Decreto2649); },
+        false);
+    orden_de_entrega<PideTercero, PideCuenta, PideCentro, PideArticulo, PideActivo>();
     enter_como_tab();
     tamano_del_area(60, 40);
 }
@@ -99,15 +97,12 @@ void PantallaPlantilla::abra_catalogos() {
         codigos << CCategoria.FieldByName("CONC_COD").texto();
         nombres << CCategoria.FieldByName("CONC_NOMBRE").texto();
     }
-    lineas_2649->rejilla->lista(5, nombres, codigos);
+    lineas_2649->rejilla->lista(LineasLibro::kCategoria, nombres, codigos);
 }
 
 void PantallaPlantilla::FormActivate() {
     if (CTipodoc.Active())
         CTipodoc.Refresh();
-    if (en_grilla && !fdmter().tercero_seleccion.isEmpty())
-        lineas_a_la_vista().reciba("TERC_NIT", std::exchange(fdmter().tercero_seleccion, {}));
-    atienda_lineas(en_grilla);
 }
 
 // ---------------------------------------------------------------- encabezado
@@ -152,7 +147,7 @@ void PantallaPlantilla::panel_de_clase(Libro libro, const QString& clase) {
         GroupBox2->hide();
         return;
     }
-    GroupBox2->setTitle(clase == "A" ? "Activo fijo" : "Artículo del inventario ");
+    destine_panel(clase == "A");
     Edit7->clear();
     EArticod->clear(); // el de otra línea no es el de esta
     GroupBox2->muestre(EArticod);
@@ -162,6 +157,14 @@ void PantallaPlantilla::panel_de_clase(Libro libro, const QString& clase) {
     EArticod->setText(articulo);
     Edit7->setText(clase == "I" ? fdmArt().desc_articulo(articulo)
                                 : fdmcnt().desc_activo(articulo));
+}
+
+void PantallaPlantilla::DBGridDblClick(Libro libro, int columna) {
+    // Las cuentas se buscan en el plan 2649 desde las dos rejillas.
+    if (columna == LineasLibro::kCuenta)
+        busque_cuenta(Libro::Decreto2649);
+    else
+        PantallaLineas::DBGridDblClick(libro, columna);
 }
 
 void PantallaPlantilla::termine_lineas() {
@@ -178,7 +181,7 @@ void PantallaPlantilla::pegue(Rejilla& rejilla) {
 
 bool PantallaPlantilla::FormClose() {
     if (hay_por_perder() &&
-        !pregunte("Desea salir de la plantilla y perder los movimientos que no ha grabado?"))
+        !pregunte_con_no("Desea salir de la plantilla y perder los movimientos que no ha grabado?"))
         return false;
     CPlantilla.CancelUpdates();
     CPlantilla.Close();

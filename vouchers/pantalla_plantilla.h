@@ -41,7 +41,7 @@ protected:
     void pegue(Rejilla& rejilla) override;
     void SBCancelClick() override { close(); }
     void pagina_cambiada(int) override { lineas_a_la_vista().rejilla->setFocus(); }
-    const char* pantalla_cuentas(Libro) const override { return "Tfcuentas"; }
+    void DBGridDblClick(Libro libro, int columna) override;
 
 private:
     void defina_campos();

@@ -1,4 +1,7 @@
 #pragma once
+#include "sesion/apertura.h"
+#include "sesion/campos_catalogos.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"
 #include "sesion/tfdmcnt.h"

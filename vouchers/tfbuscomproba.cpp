@@ -1,6 +1,5 @@
 #include "vouchers/tfbuscomproba.h"
 
-#include "sesion/borrado.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
 
@@ -19,12 +18,12 @@ Tfbuscomproba::Tfbuscomproba()
     c.texto("ENCO_FECHA", 8);
     fijo_ = "select * from comprobante_encabezado ";
 
-    construya_filtros({{"TPref", "Prefijo", 4, "prco_pref = '"},
-                       {"TNum", "Número", 8, "enco_numero >= '"},
-                       {"FecIni", "Fecha desde", 8, "enco_fecha >= '"},
-                       {"FecFin", "Fecha hasta", 8, "enco_fecha <= '"},
-                       {"TConc", "Concepto", 60, "enco_concepto like '%", "%' "},
-                       {"TRef", "Referencia", 20, "enco_refer like '%", "%' "}},
+    construya_filtros({{"TPref", "Prefijo", 4, "prco_pref"},
+                       {"TNum", "Número", 8, "enco_numero", FiltroTexto::Desde},
+                       {"FecIni", "Fecha desde", 8, "enco_fecha", FiltroTexto::Desde},
+                       {"FecFin", "Fecha hasta", 8, "enco_fecha", FiltroTexto::Hasta},
+                       {"TConc", "Concepto", 60, "enco_concepto", FiltroTexto::Contiene},
+                       {"TRef", "Referencia", 20, "enco_refer", FiltroTexto::Contiene}},
                       "BitBtn1", true);
     filtros_->al_buscar = [this] { BitBtn1Click(); };
     DBGridEh1 = rejilla("DBGridEh1",
@@ -38,6 +37,7 @@ Tfbuscomproba::Tfbuscomproba()
     DBGridEh1->orden_local = true;
     DBGridEh1->texto_vacio = "No hay comprobantes con esas condiciones.";
     DBGridEh1->OnDblClick = [this](int) { SpeedButton2Click(); };
+    DBGridEh1->OnReturn = [this] { SpeedButton2Click(); };
     connect(filtros_->ckfiltro, &QCheckBox::toggled, this,
             [this](bool visible) { DBGridEh1->filtro_visible(visible); });
 
@@ -61,7 +61,7 @@ Tfbuscomproba::Tfbuscomproba()
 }
 
 void Tfbuscomproba::FormCreate() {
-    const QString tipo = std::exchange(fdmcnt().tipo_busqueda, Valor()).texto();
+    const QString tipo = peticion<AbreBusquedaComprobantes>().tipo_busqueda;
     abra_tipos();
     if (!tipo.isEmpty())
         filtros_->escoja_tipo(tipo);
@@ -78,20 +78,13 @@ void Tfbuscomproba::FormActivate() {
     filtros_->LTipo->setFocus();
 }
 
-bool Tfbuscomproba::FormClose() {
-    fdmcnt().tipo_busqueda = Valor();
-    return BusquedaPorTipo::FormClose();
-}
-
 void Tfbuscomproba::BitBtn1Click() {
     busque("order by tico_cod, enco_fecha desc");
 }
 
 void Tfbuscomproba::SpeedButton1Click() {
-    if (!hay_fila())
-        return;
-    fdmcnt().comprobante_encontrado = dato("ENCO_CONSEC");
-    imprima_comprobante();
+    if (hay_fila())
+        imprima_comprobante(dato("ENCO_CONSEC"));
 }
 
 void Tfbuscomproba::SpeedButton2Click() {
@@ -105,19 +98,13 @@ void Tfbuscomproba::SpeedButton3Click() {
 }
 
 void Tfbuscomproba::borrar_comprobante() {
-    const QString id = dato("ENCO_CONSEC");
-    BorradoComprobante c;
-    c.tipo = dato("TICO_COD");
-    c.prefijo = dato("PRCO_PREF");
-    c.numero = dato("ENCO_NUMERO");
-    c.tipo_origen = conjunto_.FieldByName("ENCO_TIPOREF").entero();
-    // El encabezado que se va nombra a quien lo borró.
-    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
-                 "delete from comprobante_detalle_niif where enco_consec = " + id,
-                 "update comprobante_encabezado set enco_usuario = " + QuotedStr(fdm().usuario) +
-                     " where enco_consec = " + id,
-                 "delete from comprobante_encabezado where enco_consec = " + id};
-    switch (borre_comprobante(c)) {
+    PedidoBorrado pedido;
+    pedido.id = conjunto_.FieldByName("ENCO_CONSEC").entero();
+    pedido.tipo = dato("TICO_COD");
+    pedido.prefijo = dato("PRCO_PREF");
+    pedido.numero = dato("ENCO_NUMERO");
+    pedido.tipo_origen = conjunto_.FieldByName("ENCO_TIPOREF").entero();
+    switch (fdmcnt().borrar_comprobante(objectName(), pedido)) {
     case ResultadoBorrado::Negado:
         close();
         break;

@@ -9,7 +9,6 @@ public:
 
     void FormCreate() override;
     void FormActivate() override;
-    bool FormClose() override;
 
     Rejilla* DBGridEh1;
 

@@ -19,9 +19,9 @@ Tfbuscplantilla::Tfbuscplantilla()
     c.texto("PLAN_USUARIO", 10);
     fijo_ = "select * from plantilla_encabezado ";
 
-    construya_filtros({{"TPref", "Prefijo", 4, "prco_pref = '"},
-                       {"TConc", "Concepto", 60, "plan_concepto like '%", "%' "},
-                       {"TRef", "Referencia", 8, "plan_refer like '%", "%' "}},
+    construya_filtros({{"TPref", "Prefijo", 4, "prco_pref"},
+                       {"TConc", "Concepto", 60, "plan_concepto", FiltroTexto::Contiene},
+                       {"TRef", "Referencia", 8, "plan_refer", FiltroTexto::Contiene}},
                       "SpeedButton5", false);
     filtros_->al_buscar = [this] { busque(kOrden); };
     DBGridEh1 = rejilla("DBGridEh1",
@@ -55,7 +55,7 @@ Tfbuscplantilla::Tfbuscplantilla()
 }
 
 void Tfbuscplantilla::FormCreate() {
-    modo_mantenimiento_ = std::exchange(fdm().modo_mantenimiento, false);
+    modo_mantenimiento_ = peticion<AbreLista>().modo_mantenimiento;
     abra_tipos();
     busque(kOrden);
     if (!fdm().exija_acceso(kConsultar))
@@ -84,15 +84,14 @@ void Tfbuscplantilla::SpeedButton3Click() {
 }
 
 void Tfbuscplantilla::SpeedButton4Click() {
-    // También en mantenimiento: la toma el próximo comprobante que se active.
-    if (hay_fila())
-        fdmcnt().plantilla_seleccion = dato("PLAN_ID");
+    // Sin quien la pida, y en mantenimiento, es para el próximo comprobante que se active.
+    if (hay_fila() && !responda<PidePlantilla>(dato("PLAN_ID")))
+        ofrezca<PidePlantilla>(dato("PLAN_ID"));
     close();
 }
 
 void Tfbuscplantilla::editar_plantilla(const QString& id) {
-    fdmcnt().plantilla_seleccion = id;
-    pantallas().abrir("Tfedtplantilla");
+    pantallas().abrir("Tfedtplantilla", AbrePlantilla{id});
 }
 
 void Tfbuscplantilla::borrar_plantilla(const QString& id) {

@@ -1,6 +1,5 @@
 #include "vouchers/tfcomproterc.h"
 
-#include "sesion/borrado.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
@@ -27,11 +26,11 @@ Tfcomproterc::Tfcomproterc()
     tercero->layout()->setContentsMargins(0, 0, 0, 0);
     ENom->setAccessibleName("Nombre del tercero");
     ENom->setMaximumWidth(QWIDGETSIZE_MAX);
-    construya_filtros({{"TPref", "Prefijo", 4, "prefijo = '"},
-                       {"TNum", "Número", 8, "numero >= '"},
-                       {"TFecha", "Fecha", 8, "fecha >= '"},
-                       {"TConc", "Concepto", 60, "concepto like '%", "%' "},
-                       {"TRef", "Referencia", 20, "ref like '%", "%' "}},
+    construya_filtros({{"TPref", "Prefijo", 4, "prefijo"},
+                       {"TNum", "Número", 8, "numero", FiltroTexto::Desde},
+                       {"TFecha", "Fecha", 8, "fecha", FiltroTexto::Desde},
+                       {"TConc", "Concepto", 60, "concepto", FiltroTexto::Contiene},
+                       {"TRef", "Referencia", 20, "ref", FiltroTexto::Contiene}},
                       "BitBtn1", false);
     filtros_->al_buscar = [this] { busque("order by tipo, fecha desc"); };
 
@@ -49,6 +48,7 @@ Tfcomproterc::Tfcomproterc()
         r->orden_local = true;
         r->texto_vacio = "El tercero no tiene movimiento con esas condiciones.";
         r->OnDblClick = [this](int) { SpeedButton2Click(); };
+        r->OnReturn = [this] { SpeedButton2Click(); };
         paginas->addTab(r, titulo);
         return r;
     };
@@ -79,13 +79,14 @@ Tfcomproterc::Tfcomproterc()
 }
 
 void Tfcomproterc::FormCreate() {
+    const auto pedido = peticion<AbreComprobantesTercero>();
+    ENIT->setText(pedido.nit_comprobantes);
+    ENom->setText(pedido.nombre_seleccion);
     abra_tipos();
     DBGridEh2->setFocus();
 }
 
 void Tfcomproterc::FormActivate() {
-    ENIT->setText(fdmcnt().nit_comprobantes);
-    ENom->setText(fdmter().nombre_seleccion);
     fijo_ = "select * FROM COMPROBANTES_TERCERO(" + QuotedStr(ENIT->text()) + ')';
     const Valor actual = hay_fila() ? conjunto_.FieldByName("ID").valor() : Valor();
     busque(" order by tipo, fecha desc");
@@ -100,16 +101,12 @@ void Tfcomproterc::SpeedButton2Click() {
 }
 
 void Tfcomproterc::borrar_comprobante() {
-    const QString id = dato("ID");
-    BorradoComprobante c;
-    c.tipo = dato("TIPO");
-    c.prefijo = dato("PREFIJO");
-    c.numero = dato("NUMERO");
-    c.tipo_origen = conjunto_.FieldByName("TIPOREF").entero();
-    // Esta lista no pregunta el derecho y deja las líneas NIIF en su sitio.
-    c.exige_derecho = false;
-    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
-                 "delete from comprobante_encabezado where enco_consec = " + id};
-    if (borre_comprobante(c) == ResultadoBorrado::Borrado)
+    PedidoBorrado pedido;
+    pedido.id = conjunto_.FieldByName("ID").entero();
+    pedido.tipo = dato("TIPO");
+    pedido.prefijo = dato("PREFIJO");
+    pedido.numero = dato("NUMERO");
+    pedido.tipo_origen = conjunto_.FieldByName("TIPOREF").entero();
+    if (fdmcnt().borrar_comprobante(objectName(), pedido) == ResultadoBorrado::Borrado)
         conjunto_.Refresh();
 }

@@ -15,7 +15,6 @@ namespace {
 
 constexpr int kComprobantes = 1; // TIDO_COD de los formatos de comprobante
 constexpr int kFuenteLineas = 6, kFuenteDatos = 8;
-constexpr const char* kPorTipo = "USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR";
 
 /// Tablas de un formato con las columnas que se copian, todas menos la llave.
 struct TablaFormato {
@@ -113,8 +112,7 @@ void Tfedtformato::defina_conjuntos() {
     CFormalineas.bandera("FOLI_LIQUIDA");
     CFormalineas.blob("FOLI_IMAGEN");
 
-    CTipocomp.texto("TICO_COD", 3);
-    CTipocomp.texto("TICO_NOM", 60);
+    campos_tipos_comprobante(CTipocomp);
 
     CFormato.AfterInsert = [this] {
         CFormato.FieldByName("TIDO_COD") = kComprobantes;
@@ -305,7 +303,7 @@ void Tfedtformato::resizeEvent(QResizeEvent* evento) {
 // ---------------------------------------------------------------- apertura
 
 void Tfedtformato::FormCreate() {
-    llave_ = fdm().formato_actual.trimmed();
+    llave_ = peticion<AbreFormato>().formato_actual.trimmed();
     if (llave_.isEmpty()) {
         muestre_mensaje("Escoja antes un prefijo: su formato se guarda con él.");
         pida_cierre_al_crear();
@@ -402,7 +400,7 @@ void Tfedtformato::SpeedButton2Click() {
 void Tfedtformato::SpeedButton3Click() {
     if (!aplique())
         return;
-    const bool por_tipo = fdm().configurado_si("COMPROBANTES", kPorTipo);
+    const bool por_tipo = fdm().valor<Llave::FormatoPorTipo>();
     const QString ultimo =
         CBorrar
             .valor_unico(
@@ -410,10 +408,8 @@ void Tfedtformato::SpeedButton3Click() {
                     .arg(por_tipo ? "TICO_COD" : "PRCO_PREF") +
                 QuotedStr(llave_))
             .texto();
-    if (ultimo.isEmpty())
-        return;
-    fdmcnt().comprobante_encontrado = ultimo;
-    imprima_comprobante();
+    if (!ultimo.isEmpty())
+        imprima_comprobante(ultimo);
 }
 
 void Tfedtformato::AdvGlowButton1Click() {

@@ -1,6 +1,6 @@
 #pragma once
 // "Definición de formatos documentos": el formato con que un tipo o prefijo imprime sus
-// comprobantes en la papelería de la compañía. La llave llega en fdm().formato_actual.
+// comprobantes en la papelería de la compañía. La llave llega en la AbreFormato.
 #include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 #include "vouchers/panel_flotante.h"

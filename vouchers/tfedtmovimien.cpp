@@ -1,16 +1,12 @@
 #include "vouchers/tfedtmovimien.h"
 
-#include "sesion/borrado.h"
+#include "libro/revision.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
 
 #include <QMenu>
-
-namespace {
-constexpr const char* kGrabar = "F2:Grabar";
-constexpr const char* kImprime = "F2:Imprime";
-} // namespace
+#include <QScopedValueRollback>
 
 Tfedtmovimien::Tfedtmovimien()
     : PantallaComprobante("Tfedtmovimien", "Editar comprobantes contables"),
@@ -21,6 +17,17 @@ Tfedtmovimien::Tfedtmovimien()
       CAudit(this, "CAudit", &PAudit), CPrefijos(this, "CPrefijos"),
       CTidocart(this, "CTidocart", &PTidocart), CPlantilla(this, "CPlantilla", &PPlantilla),
       CPlantilladet(this, "CPlantilladet") {
+    defina_conjuntos();
+    EPref = new EditorDato(&CMovimiento, "PRCO_PREF");
+    EPref->setObjectName("EPref");
+    EPref->ReadOnly(true);
+    construya(EPref);
+    fije_encabezado();
+    declare_menu_y_teclas();
+    declare_pie();
+}
+
+void Tfedtmovimien::defina_conjuntos() {
     CMovimiento.interno("PrefRef", ClaseCampo::Texto, 4);
     CMovimiento.interno("NumRef", ClaseCampo::Texto, 8);
     CMovimiento.AfterEdit = [this] { CMovimientoAfterEdit(); };
@@ -33,16 +40,17 @@ Tfedtmovimien::Tfedtmovimien()
     CTidocart.Filter("(tido_cart = 'S') or (tido_cxp = 'S')");
     CPlantilladet.anide_en(&CPlantilla, &fdmcnt().TPlantilladetalle);
     lineas_2649->siempre_recuerda_tercero = true;
+}
 
-    EPref = new EditorDato(&CMovimiento, "PRCO_PREF");
-    EPref->setObjectName("EPref");
-    EPref->ReadOnly(true);
-    construya(EPref);
+void Tfedtmovimien::fije_encabezado() {
     Etidocart->lista_de(&CTidocart, "TIDO_COD", "TIDO_NOMLARGO");
     LTipo->ReadOnly(true);
     LTipo->setEnabled(false);
     ENumero->ReadOnly(true);
     EDia->setEnabled(false);
+}
+
+void Tfedtmovimien::declare_menu_y_teclas() {
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->rejilla->orden_local = true;
         QMenu* menu = l->arme_menu(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion(),
@@ -58,10 +66,15 @@ Tfedtmovimien::Tfedtmovimien()
     auto* barra = findChild<BarraBotones*>("barra");
     SBBorrar =
         barra->boton("SBBorrar", "F3:Borrar", "edit-delete", {}, [this] { SBBorrarClick(); });
-    tecla(Qt::Key_F9, "Tfcuentas", [] { pantallas().abrir("Tfcuentas"); });
+    tecla(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(Libro::Decreto2649); });
+    orden_de_entrega<PideTercero, PideNuevoTercero, PideCuenta, PideConcepto, PideCentro,
+                     PideArticulo, PideActivo, PidePlantilla>();
     tecla(Qt::Key_F11, "oculta columnas", [this] { muestre_columnas(false); });
     tecla(Qt::Key_F12, "muestra columnas", [this] { muestre_columnas(true); });
+}
 
+void Tfedtmovimien::declare_pie() {
+    auto* barra = findChild<BarraBotones*>("barra");
     Edit1 = new QLineEdit;
     Edit3 = new QLineEdit;
     LabAudit = new QLabel;
@@ -94,9 +107,9 @@ void Tfedtmovimien::FormCreate() {
     CTipodoc.Open();
     CTidocart.Open();
     CTidocartera.Open();
-    const QString id = fdmcnt().comprobante_encontrado;
-    lineas_2649->item = maximo_item(Libro::Decreto2649, id);
-    lineas_niif->item = maximo_item(Libro::Niif, id);
+    const QString id = peticion<AbreComprobante>().comprobante_encontrado;
+    lineas_2649->contador.empiece(maximo_item(Libro::Decreto2649, id));
+    lineas_niif->contador.empiece(maximo_item(Libro::Niif, id));
     CCategoria.Open();
     muestre_auditoria(1, id, [this](const QString& t) { LabAudit->setText(t); });
     muestre_auditoria(1001, id, [this](const QString& t) {
@@ -109,12 +122,12 @@ void Tfedtmovimien::FormCreate() {
     CMovimiento.FetchParams();
     CMovimiento.Params["ID"] = id;
     CMovimiento.Open();
-    fdmcnt().comprobante_encontrado.clear();
     if (CMovimiento.IsEmpty()) {
         muestre_mensaje("No se encontró el comprobante solicitado.");
         pida_cierre_al_crear();
         return;
     }
+    visto_ = lea_comprobante(conjuntos());
     CMovimiento.Edit();
     muestre_origen();
     muestre_fecha();
@@ -123,6 +136,7 @@ void Tfedtmovimien::FormCreate() {
     lineas_niif->muestre_linea();
     if (!fdm().acceso_editacomproba(fdm().usuario, "CONTABILIDAD", 30))
         SBGrabar->setEnabled(false);
+    DBEdit1->setFocus(); // tipo, número y fecha ya no cambian
 }
 
 int Tfedtmovimien::maximo_item(Libro libro, const QString& id) {
@@ -166,22 +180,21 @@ void Tfedtmovimien::muestre_fecha() {
 void Tfedtmovimien::CMovimientoAfterEdit() {
     CMovimiento.FieldByName("ENCO_USUARIO") = fdm().usuario;
     const QString fecha = CMovimiento.FieldByName("ENCO_FECHA").texto();
-    if (fecha < fdm().configuracion("CONTABILIDAD", "GENERAL", "FECHA DE BLOQUEO")) {
+    if (fecha < fdm().texto_de(Llave::FechaBloqueo)) {
         lineas_2649->rejilla->ReadOnly = true;
         libre_2649 = false;
     }
-    if (fecha < fdm().configuracion("CONTABILIDAD", "GENERAL", "FECHA DE BLOQUEO NIIF")) {
+    if (fecha < fdm().texto_de(Llave::FechaBloqueoNiif)) {
         lineas_niif->rejilla->ReadOnly = true;
         libre_niif = false;
     }
     if (!libre_2649 && !libre_niif)
-        SBGrabar->setText(kImprime);
+        solo_imprima();
     // La rejilla NIIF de un comprobante ajeno se queda como estaba.
-    if (!fdm().configurado_si("COMPROBANTES",
-                              "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS") &&
+    if (!fdm().valor<Llave::ModificarDeOtrosModulos>() &&
         CMovimiento.FieldByName("ENCO_TIPOREF").entero() != 0) {
         lineas_2649->rejilla->ReadOnly = true;
-        SBGrabar->setText(kImprime);
+        solo_imprima();
     }
     memorias.tercero_anterior = CMovimiento.FieldByName("TERC_NIT").texto();
 }
@@ -189,82 +202,79 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
 void Tfedtmovimien::FormActivate() {
     if (ajustes.mostrar_saldo && CTipodoc.Active())
         CTipodoc.Refresh();
-    atienda_selecciones(true);
-    traiga_plantilla();
 }
 
 // ---------------------------------------------------------------- grabar e imprimir
 
+void Tfedtmovimien::solo_imprima() {
+    solo_imprime_ = true;
+    SBGrabar->setText("F2:Imprime");
+}
+
 void Tfedtmovimien::SBGrabarClick() {
-    if (SBGrabar->text() != kGrabar) {
-        fdmcnt().comprobante_encontrado = CMovimiento.FieldByName("ENCO_CONSEC").texto();
-        imprima_comprobante();
-        close();
+    if (solo_imprime_) {
+        imprima_comprobante(CMovimiento.FieldByName("ENCO_CONSEC").texto());
+        cierre();
         return;
     }
-    lineas_2649->termine_linea();
-    lineas_niif->termine_linea();
-    bool rehusado = false;
-    for (LineasLibro* l : {lineas_2649, lineas_niif})
-        if (!l->detalle.IsEmpty() && !l->cuadrado())
-            rehusado = true;
-    if (rehusado)
+    termine_lineas();
+    const ResultadoGrabacion r = grabe(Grabador::Editar);
+    if (r.clase == ResultadoGrabacion::Rehusado)
         return;
-    grabando = true;
-    try {
-        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+    tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+    if (r.clase == ResultadoGrabacion::Fallo) {
         CMovimiento.Edit();
-        // Un blanco que va y viene: el encabezado viaja siempre, aunque solo cambien líneas.
-        Campo& concepto = CMovimiento.FieldByName("ENCO_CONCEPTO");
-        QString texto = concepto.texto();
-        if (texto.endsWith(' '))
-            texto.chop(1);
-        else
-            texto += ' ';
-        concepto = texto;
-        CMovimiento.Post();
-        if (CMovimiento.ApplyUpdates(0) == 0) {
-            fdmcnt().comprobante_encontrado = CMovimiento.FieldByName("ENCO_CONSEC").texto();
-            imprima_comprobante();
-            close();
-        } else {
-            CMovimiento.Edit();
-        }
-    } catch (...) {
-        grabando = false;
-        throw;
+        return;
     }
-    grabando = false;
+    imprima_comprobante(QString::number(r.id));
+    cierre();
+}
+
+bool Tfedtmovimien::se_tolera(const Rechazo& rechazo) const {
+    // Lo que está cerrado no se puede corregir: no por eso deja de grabarse lo demás.
+    if (rechazo.libro == Libro::Niif && rechazo.item != 0 && !libre_niif)
+        return true;
+    // Sin tocar el libro 2649 no hay réplica que hacer.
+    return rechazo.motivo == Motivo::SinEquivalente && !toca_la_replica();
+}
+
+bool Tfedtmovimien::toca_la_replica() const {
+    bool toca = CMovimiento.FieldByName("ENCO_REPNIIF").texto() != visto_.replica;
+    CDetalle.recorra_todas([&](const Fila& f) { toca = toca || f.marca != Fila::Marca::Intacta; });
+    return toca;
 }
 
 void Tfedtmovimien::TabSheet2Enter() {
     lineas_niif->rejilla->setFocus();
-    lineas_2649->termine_linea();
-    if (CDetalle.IsEmpty())
-        return;
-    if (!lineas_2649->cuadrado()) {
-        CDetalle.Edit();
-        return;
-    }
-    tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
-    tome_id();
-    if (CMovimiento.ApplyUpdates(0) == 0)
-        CMovimiento.Refresh();
-    CMovimiento.Edit();
+    grabe_por_cambio_de_pagina(*lineas_2649, Grabador::EditarEntraNiif);
 }
 
 void Tfedtmovimien::TabSheet2Exit() {
     lineas_2649->rejilla->setFocus();
-    lineas_niif->termine_linea();
-    if (Cdetniif.IsEmpty())
+    grabe_por_cambio_de_pagina(*lineas_niif, Grabador::EditarSaleNiif);
+}
+
+void Tfedtmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien) {
+    lineas.termine_linea();
+    if (lineas.sin_lineas())
         return;
-    if (!lineas_niif->cuadrado()) {
-        Cdetniif.Edit();
+    const ResultadoGrabacion r = grabe(quien);
+    if (r.clase == ResultadoGrabacion::Rehusado)
         return;
-    }
-    tome_id();
-    CMovimiento.ApplyUpdates(0);
+    const bool entra = quien == Grabador::EditarEntraNiif, grabado = r.clase != r.Fallo;
+    if (entra)
+        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+    if (entra && grabado)
+        CMovimiento.Refresh();
+    if (grabado)
+        recuerde_lo_visto();
     CMovimiento.Edit();
+}
+
+void Tfedtmovimien::recuerde_lo_visto() {
+    const qint64 id = CMovimiento.FieldByName("ENCO_CONSEC").entero();
+    if (const auto guardado = lea_comprobante(fdm().Quorvex, id))
+        visto_ = *guardado;
 }
 
 // ---------------------------------------------------------------- órdenes
@@ -274,12 +284,14 @@ void Tfedtmovimien::pegue(Rejilla& rejilla) {
 }
 
 void Tfedtmovimien::muestre_columnas(bool visibles) {
-    for (int columna : {11, 12})
+    // La segunda no existe: la orden falla cuando ya cambió la primera.
+    for (int columna : {int(LineasLibro::kDescontable), LineasLibro::kDescontable + 1})
         lineas_2649->rejilla->columna(columna).Visible = visibles;
 }
 
 void Tfedtmovimien::borre_desde_la_actual(ConjuntoDatos& lineas) {
     lineas.Cancel();
+    quite_filtro(); // las ocultas también se reemplazan
     int quedan = lineas.RecordCount() - qMax(lineas.RecNo(), 0);
     while (quedan-- > 0)
         lineas.Delete();
@@ -295,10 +307,24 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
                   "equivalencia?"))
         return;
     lineas_2649->termine_linea();
+    // Media réplica no cuadra: antes de descartar nada se dice qué cuenta no tiene equivalente.
+    Comprobante sin_niif = lea_comprobante(conjuntos());
+    sin_niif.lineas_niif.clear();
+    const Rechazos sin_equivalente = revise_replica(fdm().Quorvex, sin_niif);
+    if (!sin_equivalente.isEmpty()) {
+        diga(sin_equivalente, modo_de(Grabador::Editar));
+        return;
+    }
     borre_desde_la_actual(Cdetniif);
+    replique();
+    lineas_niif->actualice_sumas();
+}
+
+void Tfedtmovimien::replique() {
     static const char* const campos[] = {
         "CODE_CONCEPTO", "TERC_NIT",  "PROY_COD",    "CENT_COD",     "CODE_REFER",
         "CODE_BASE",     "CODE_PORC", "CODE_DEBITO", "CODE_CREDITO", "CODE_DESCONTABLE"};
+    const QScopedValueRollback<bool> replicando(lineas_niif->replicando, true);
     for (CDetalle.First(); !CDetalle.Eof(); CDetalle.Next()) {
         Cdetniif.Append();
         const QString cuenta = CDetalle.FieldByName("CUEN_COD").texto();
@@ -306,60 +332,43 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
         Cdetniif.FieldByName("CUEN_COD") = CBorrar.Fields(0).texto();
         for (const char* campo : campos)
             Cdetniif.FieldByName(campo) = CDetalle.FieldByName(campo).valor();
-        try {
-            Cdetniif.Post();
-        } catch (const EdicionAbortada&) {
-            // Sin cuenta equivalente la línea se fue sola; con un dato faltante ya se dijo cuál.
-            Cdetniif.Cancel();
-        }
+        // Con ella la base lleva a esta línea lo que después se corrija en la del 2649.
+        Cdetniif.FieldByName("CODE_ITEMREP") = CDetalle.FieldByName("CODE_ITEM").valor();
+        Cdetniif.Post();
     }
-    lineas_niif->actualice_sumas();
 }
 
 void Tfedtmovimien::SBBorrarClick() {
     const auto t = [this](const char* c) { return CMovimiento.FieldByName(c).texto(); };
-    const QString id = t("ENCO_CONSEC");
-    BorradoComprobante c;
-    c.tipo = t("TICO_COD");
-    c.prefijo = t("PRCO_PREF");
-    c.numero = t("ENCO_NUMERO");
-    c.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
-    c.ordenes = {"delete from comprobante_detalle where enco_consec = " + id,
-                 "delete from comprobante_detalle_niif where enco_consec = " + id,
-                 "update comprobante_encabezado set enco_usuario = " + QuotedStr(fdm().usuario) +
-                     " where enco_consec = " + QString::number(comprobante_borrado),
-                 "delete from comprobante_encabezado where enco_consec = " + id};
-    const ResultadoBorrado resultado = borre_comprobante(c);
+    PedidoBorrado pedido;
+    pedido.id = CMovimiento.FieldByName("ENCO_CONSEC").entero();
+    pedido.tipo = t("TICO_COD");
+    pedido.prefijo = t("PRCO_PREF");
+    pedido.numero = t("ENCO_NUMERO");
+    pedido.tipo_origen = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
+    pedido.visto = visto_;
+    const ResultadoBorrado resultado = fdmcnt().borrar_comprobante(objectName(), pedido);
     if (resultado == ResultadoBorrado::Negado || resultado == ResultadoBorrado::Borrado)
-        close();
+        cierre();
 }
 
-void Tfedtmovimien::traiga_plantilla() {
-    if (fdmcnt().plantilla_seleccion.isEmpty())
+void Tfedtmovimien::traiga_plantilla(const QString& plantilla) {
+    if (!lineas_2649->sin_lineas() &&
+        !pregunte("Al traer la plantilla perderá los movimientos digitados en el "
+                  "comprobante, Continuar?"))
         return;
-    if (CDetalle.IsEmpty() ||
-        pregunte("Al traer la plantilla perderá los movimientos digitados en el "
-                 "comprobante, Continuar?")) {
-        if (!CDetalle.IsEmpty())
-            borre_desde_la_actual(CDetalle); // las líneas de arriba se quedan
-        CPlantilla.Close();
-        CPlantilla.Open();
-        CPlantilla.Locate("plan_id", {fdmcnt().plantilla_seleccion.toInt()});
-        copie_lineas_plantilla(CPlantilladet, CDetalle,
-                               CMovimiento.FieldByName("ENCO_CONSEC").valor(),
-                               CMovimiento.FieldByName("ENCO_CONCEPTO").texto());
-        lineas_2649->actualice_sumas(); // con la última línea, que no se dejó
-        CPlantilla.Close();
-    }
-    fdmcnt().plantilla_seleccion.clear();
+    if (!ubique_plantilla(CPlantilla, plantilla))
+        return;
+    if (!lineas_2649->sin_lineas())
+        borre_desde_la_actual(CDetalle); // las líneas de arriba se quedan
+    copie_lineas_plantilla(CPlantilladet, CDetalle, CMovimiento.FieldByName("ENCO_CONSEC").valor(),
+                           CMovimiento.FieldByName("ENCO_CONCEPTO").texto());
+    lineas_2649->actualice_sumas(); // con la última línea, que no se dejó
+    CPlantilla.Close();
 }
 
-void Tfedtmovimien::SBCancelClick() {
+bool Tfedtmovimien::hay_por_perder() const {
     // El usuario de la fila lo pone la pantalla: no es un cambio que se pueda perder.
-    const bool pendiente = CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
-                           Cdetniif.cambiada() || CMovimiento.cambiada({"ENCO_USUARIO"});
-    if (pendiente && !salida_confirmada())
-        return;
-    CMovimiento.CancelUpdates();
-    close();
+    return CMovimiento.Active() && (CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
+                                    Cdetniif.cambiada() || CMovimiento.cambiada({"ENCO_USUARIO"}));
 }

@@ -29,12 +29,24 @@ protected:
     QString nombre_exportacion() const override { return "EdCompCont"; }
     void pegue(Rejilla& rejilla) override;
     void SBGrabarClick() override;
-    void SBCancelClick() override;
+    bool hay_por_perder() const override;
+    bool se_tolera(const Rechazo& rechazo) const override;
     void TabSheet2Enter() override;
     void TabSheet2Exit() override;
+    /// Con el foco donde esté.
+    LineasLibro* linea_que_pide() const override { return &lineas_a_la_vista(); }
 
 private:
+    void defina_conjuntos();
+    void fije_encabezado();
+    void declare_menu_y_teclas();
+    void declare_pie();
     void CMovimientoAfterEdit();
+    void solo_imprima();
+    void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
+    void replique();
+    void recuerde_lo_visto();
+    bool toca_la_replica() const;
     void SBBorrarClick();
     void ReplicaraNIIF1Click();
     void muestre_columnas(bool visibles);
@@ -42,10 +54,11 @@ private:
     int maximo_item(Libro libro, const QString& id);
     void muestre_origen();
     void muestre_fecha();
-    void traiga_plantilla();
+    void traiga_plantilla(const QString& plantilla) override;
     void borre_desde_la_actual(ConjuntoDatos& lineas);
 
     QString anio_voucher;
     int mes_voucher = 0;
-    int comprobante_borrado = 0; ///< nadie lo asigna: el update previo al borrado nombra el 0
+    bool solo_imprime_ = false; ///< nada se puede cambiar: F2 imprime
+    Comprobante visto_;         ///< como lo vio quien lo abrió, o como lo dejó al grabar
 };

@@ -8,13 +8,18 @@ Tfedtplantilla::Tfedtplantilla()
       CMaxitem(this, "CMaxitem", &PMaxitem) {
     CMaxitem.entero("ITEM");
     CMovimiento.AfterEdit = [this] { CMovimiento.FieldByName("PLAN_USUARIO") = fdm().usuario; };
+    // La que espera a un comprobante se deja para él.
+    acepte<PidePlantilla>([this](const QString&) {
+        vuelva_a_abrir();
+        return false;
+    });
     SBBorrar = findChild<BarraBotones*>("barra")->boton("SBBorrar", "F3:Borrar", "edit-delete",
                                                         Qt::Key_F3, [this] { SBBorrarClick(); });
 }
 
 void Tfedtplantilla::FormCreate() {
     abra_catalogos();
-    const QString id = std::exchange(fdmcnt().plantilla_seleccion, {});
+    const QString id = peticion<AbrePlantilla>().plantilla_seleccion;
     CMovimiento.Open();
     if (!CMovimiento.Locate("PLAN_ID", {id.toInt()})) {
         muestre_mensaje("No se encontró la plantilla solicitada.");
@@ -23,8 +28,8 @@ void Tfedtplantilla::FormCreate() {
     }
     ubique_tipo();
     CMovimiento.Edit();
-    lineas_2649->item = maximo_item(Libro::Decreto2649, id);
-    lineas_niif->item = maximo_item(Libro::Niif, id);
+    lineas_2649->contador.empiece(maximo_item(Libro::Decreto2649, id));
+    lineas_niif->contador.empiece(maximo_item(Libro::Niif, id));
     muestra_lineas_ = true;
     lineas_2649->muestre_linea();
     lineas_niif->muestre_linea();
@@ -37,10 +42,7 @@ int Tfedtplantilla::maximo_item(Libro libro, const QString& id) {
     return int(CMaxitem.FieldByName("ITEM").entero());
 }
 
-void Tfedtplantilla::FormActivate() {
-    PantallaPlantilla::FormActivate();
-    if (fdmcnt().plantilla_seleccion.isEmpty())
-        return;
+void Tfedtplantilla::vuelva_a_abrir() {
     CMovimiento.Open("select * from plantilla_encabezado where plan_id = " +
                      QString::number(plantilla_));
     CMovimiento.Edit();

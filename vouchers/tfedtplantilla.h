@@ -7,7 +7,6 @@ class Tfedtplantilla : public PantallaPlantilla {
 public:
     Tfedtplantilla();
     void FormCreate() override;
-    void FormActivate() override;
 
     ConjuntoDatos& CMovimiento; ///< el encabezado
     Proveedor PMaxitem;
@@ -20,6 +19,7 @@ protected:
 
 private:
     void SBBorrarClick();
+    void vuelva_a_abrir();
     int maximo_item(Libro libro, const QString& id);
 
     int plantilla_ = 0; ///< nadie lo asigna: borrar y volver a abrir nombran la 0

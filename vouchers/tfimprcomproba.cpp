@@ -20,6 +20,7 @@ Tfimprcomproba::Tfimprcomproba() : ImpresionComprobante("Tfimprcomproba", "Impri
 void Tfimprcomproba::SpeedButton1Click() {
     MotorInformes motor(this);
     motor.nombre_archivo = "Comprobante";
-    imprima(motor, fdmcnt().comprobante_encontrado, ckniif->isChecked(), false);
+    motor.al_componer = [this] { CComproba.Close(); };
+    imprima(motor, peticion<AbreComprobante>().comprobante_encontrado, ckniif->isChecked(), false);
     close();
 }

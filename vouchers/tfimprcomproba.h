@@ -1,5 +1,5 @@
 #pragma once
-// "Imprimir comprobante": el de fdmcnt().comprobante_encontrado. Sale sola tras cada grabación.
+// "Imprimir comprobante": el de la AbreComprobante que la abre. Sale sola tras cada grabación.
 #include "vouchers/impresion_comprobante.h"
 
 class QCheckBox;

@@ -14,9 +14,8 @@ Tfimprmascomproba::Tfimprmascomproba()
     : ImpresionComprobante("Tfimprmascomproba", "Impresión masiva comprobantes") {
     CProv.texto("TIPO", 3).OnChange = [this](Campo&) { CProvTIPOChange(); };
     CProv.texto("PREF", 4);
-    CTipo.texto("TICO_COD", 3).requerido();
-    CTipo.texto("TICO_NOM", 60);
-    CPrefijos.texto("PRCO_PREF", 4);
+    campos_tipos_comprobante(CTipo);
+    campos_prefijos(CPrefijos);
     CImprmasiva.entero("ENCO_CONSEC");
 
     LTipo = new ListaDato(&CProv, "TIPO");
@@ -81,29 +80,41 @@ void Tfimprmascomproba::SpeedButton1Click() {
             caja->setText(Tfdm::complete_numero(caja->text().trimmed()));
     MotorInformes motor(this);
     motor.nombre_archivo = "Comprobantes";
-    motor.vista_previa = fdm().configuracion("CONTABILIDAD", "GENERAL",
-                                             "PREVISUALIZAR IMPRESION DE DOCUMENTOS") == "SI";
-    // Todo el trabajo sale de la misma foto del libro, aunque otros sigan grabando.
-    CImprmasiva.Instantanea = true;
-    CImprmasiva.foto = CComproba.foto =
-        std::make_shared<Transaccion>(fdm().Quorvex, Transaccion::Modo::Instantanea);
-    const auto suelte = qScopeGuard([this] {
-        CImprmasiva.Close();
-        CImprmasiva.foto = CComproba.foto = nullptr;
-    });
-    CImprmasiva.Open("select enco_consec from comprobante_encabezado where tico_cod = " +
-                     QuotedStr(tipo) + " and prco_pref = " + QuotedStr(prefijo) +
-                     " and enco_numero >= " + QuotedStr(Desde->text()) +
-                     " and enco_numero <= " + QuotedStr(Hasta->text()) + " order by enco_numero");
-    if (CImprmasiva.IsEmpty()) {
+    motor.vista_previa = fdm().valor<Llave::PrevisualizarImpresion>();
+    const QString numeros =
+        "select enco_consec from comprobante_encabezado where tico_cod = " + QuotedStr(tipo) +
+        " and prco_pref = " + QuotedStr(prefijo) +
+        " and enco_numero >= " + QuotedStr(Desde->text()) +
+        " and enco_numero <= " + QuotedStr(Hasta->text()) + " order by enco_numero";
+    CImprmasiva.Open(numeros);
+    const bool hay = !CImprmasiva.IsEmpty();
+    CImprmasiva.Close();
+    if (!hay) {
         muestre_mensaje("No hay comprobantes de ese tipo y prefijo entre los números pedidos.");
         Desde->setFocus();
         return;
     }
-    motor.comience_lote();
+    if (motor.comience_lote())
+        imprima_todos(motor, numeros);
+    close();
+}
+
+void Tfimprmascomproba::imprima_todos(MotorInformes& motor, const QString& numeros) {
+    // Todo el trabajo sale de la misma foto del libro, aunque otros sigan grabando; se suelta antes
+    // de mostrarlo.
+    CImprmasiva.Instantanea = true;
+    CImprmasiva.foto = CComproba.foto =
+        std::make_shared<Transaccion>(fdm().Quorvex, Transaccion::Modo::Instantanea);
+    const auto suelte = [this] {
+        CImprmasiva.Close();
+        CImprmasiva.Instantanea = false;
+        CImprmasiva.foto = CComproba.foto = nullptr;
+    };
+    const auto al_salir = qScopeGuard(suelte);
+    motor.al_componer = suelte;
     bool sigue = true;
+    CImprmasiva.Open(numeros);
     for (CImprmasiva.First(); sigue && !CImprmasiva.Eof(); CImprmasiva.Next())
         sigue = imprima(motor, CImprmasiva.FieldByName("ENCO_CONSEC").texto(), false, true);
     motor.termine_lote();
-    close();
 }

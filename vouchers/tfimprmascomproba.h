@@ -32,4 +32,6 @@ public:
 
 private:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
+    /// Los comprobantes de esa consulta, en un solo trabajo.
+    void imprima_todos(MotorInformes& motor, const QString& numeros);
 };

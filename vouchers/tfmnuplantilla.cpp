@@ -1,21 +1,18 @@
 #include "vouchers/tfmnuplantilla.h"
 
-#include "sesion/apertura.h"
-#include "sesion/tfdm.h"
+#include "sesion/peticiones.h"
 
 namespace {
 
 void abra_en_mantenimiento(const char* pantalla) {
-    fdm().modo_mantenimiento = true;
-    abra_o_avise(pantalla);
-    fdm().modo_mantenimiento = false; // si no se abrió, no queda para otra lista
+    pantallas().abrir(pantalla, AbreLista{.modo_mantenimiento = true});
 }
 
 } // namespace
 
 Tfmnuplantilla::Tfmnuplantilla() : MenuBotones("Tfmnuplantilla", "Plantillas") {
-    opcion("SBPlantillas", "Plantillas contables", "x-office-document-template",
+    opcion("SBPlantillas", "Plantillas contables", "x-office-document-template", "Tfbuscplantilla",
            [] { abra_en_mantenimiento("Tfbuscplantilla"); });
-    opcion("SBDigitacion", "Digitación rápida   ", "x-office-spreadsheet",
+    opcion("SBDigitacion", "Digitación rápida   ", "x-office-spreadsheet", "Tfbuscplanillasd",
            [] { abra_en_mantenimiento("Tfbuscplanillasd"); });
 }

@@ -1,8 +1,11 @@
 #include "vouchers/tfmovimien.h"
 
+#include "libro/numeracion.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
+
+#include <QScopedValueRollback>
 
 Tfmovimien::Tfmovimien()
     : PantallaComprobante("Tfmovimien", "Comprobantes contables"),
@@ -12,21 +15,27 @@ Tfmovimien::Tfmovimien()
       CPrefijos(this, "CPrefijos", &PPrefijos), CProyectos(this, "CProyectos", &PProyectos),
       CCentros(this, "CCentros"), CPlantilla(this, "CPlantilla", &PPlantilla),
       CPlantilladet(this, "CPlantilladet"), Cplantilladn(this, "Cplantilladn") {
-    CPrefijos.texto("TICO_COD", 3);
-    CPrefijos.texto("PRCO_PREF", 4);
-    CPrefijos.texto("PRCO_AUTO", 1);
-    CPrefijos.texto("PREF_NUMERO", 6);
-    CPrefijos.texto("PRCO_USUARIO", 10);
-    CPrefijos.texto("PRCO_ACTIVO", 1);
+    defina_conjuntos();
+    LPref = new ListaDato(&CMovimiento, "PRCO_PREF");
+    LPref->setObjectName("LPref");
+    LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
+    construya(LPref);
+    LTipo->OnEnter = [this] { LTipoEnter(); };
+    LPref->OnExit = [this] { LPrefExit(); };
+    EDia->installEventFilter(this);
+    declare_teclas_comunes();
+    declare_botones();
+    orden_de_entrega<PidePlantilla, PideTercero, PideNuevoTercero, PideCuenta, PideCentro,
+                     PideConcepto, PideArticulo, PideActivo>();
+}
+
+void Tfmovimien::defina_conjuntos() {
+    campos_prefijos(CPrefijos);
     CPrefijos.CommandText =
         "SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = '' AND PRCO_ACTIVO = 'S'";
     CCentros.anide_en(&CProyectos, &fdm().TCentros);
-    CProyectos.texto("PROY_COD", 4);
-    CProyectos.texto("PROY_NOM", 60);
-    CCentros.texto("PROY_COD", 4);
-    CCentros.texto("CENT_COD", 4);
-    CCentros.texto("CENT_NOM", 60);
-    CCentros.entero("SUCU_ID");
+    campos_proyectos(CProyectos);
+    campos_centros(CCentros);
     CCentros.Filter("SUCU_ID = 0");
     CPlantilladet.anide_en(&CPlantilla, &fdmcnt().TPlantilladetalle);
     Cplantilladn.anide_en(&CPlantilla, &fdmcnt().TPlantilladn);
@@ -37,22 +46,14 @@ Tfmovimien::Tfmovimien()
     c.FieldByName("TICO_COD").OnChange = [this](Campo& x) { CMovimientoTICO_CODChange(x); };
     c.FieldByName("PRCO_PREF").OnChange = [this](Campo& x) { CMovimientoPRCO_PREFChange(x); };
     c.FieldByName("ENCO_NUMERO").OnChange = [this](Campo& x) { CMovimientoENCO_NUMEROChange(x); };
+}
 
-    LPref = new ListaDato(&CMovimiento, "PRCO_PREF");
-    LPref->setObjectName("LPref");
-    LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
-    construya(LPref);
-    LTipo->OnEnter = [this] { LTipoEnter(); };
-    LPref->OnExit = [this] { LPrefExit(); };
-    EDia->installEventFilter(this);
-
-    declare_teclas_comunes();
+void Tfmovimien::declare_botones() {
     auto* barra = findChild<BarraBotones*>("barra");
     SBPlantilla = barra->boton("SBPlantilla", "Plantilla", "folder-open", Qt::Key_F11,
-                               [] { abra_o_avise("Tfbuscplantilla"); });
+                               [this] { busque_plantilla(); });
     SpeedButton1 = barra->boton("SpeedButton1", "Buscar", "edit-find", {}, [this] {
-        fdmcnt().tipo_busqueda = LTipo->valor();
-        abra_o_avise("Tfbuscomproba");
+        abra_o_avise("Tfbuscomproba", AbreBusquedaComprobantes{LTipo->valor().texto()});
     });
     speedButton4 = barra->boton("speedButton4", "Mes anterior", "go-previous",
                                 QKeySequence(Qt::ALT | Qt::Key_Left), [this] {
@@ -64,17 +65,18 @@ Tfmovimien::Tfmovimien()
                                     fdmcnt().mes_mas();
                                     muestre_periodo();
                                 });
-    tecla(Qt::Key_F8, "Tfauxiliar", [this] {
-        fdmcnt().cuenta_auxiliar = CDetalle.FieldByName("CUEN_COD").texto();
-        pantallas().abrir("Tfauxiliar");
-    });
-    tecla(Qt::Key_F9, "Tfcuentas",
-          [this] { pantallas().abrir(datos(lineas_a_la_vista().libro).pantalla_cuentas); });
+    tecla(Qt::Key_F8, "Tfauxiliar",
+          [this] { abra_auxiliar(Libro::Decreto2649, CDetalle.FieldByName("CUEN_COD").texto()); });
+    tecla(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(lineas_a_la_vista().libro); });
 }
 
 // ---------------------------------------------------------------- creación
 
 void Tfmovimien::FormCreate() {
+    if (!fdm().exija_acceso(30)) { // antes que nada: la recuperación puede borrar
+        pida_cierre_al_crear();
+        return;
+    }
     tipo_anterior.clear();
     en_grilla = false;
     fdm().ConfigurarProviders(this);
@@ -96,8 +98,6 @@ void Tfmovimien::FormCreate() {
     else
         recupere_provisional();
     tamano_del_area(60, 40);
-    if (!fdm().exija_acceso(30))
-        pida_cierre_al_crear();
 }
 
 void Tfmovimien::recupere_provisional() {
@@ -107,8 +107,7 @@ void Tfmovimien::recupere_provisional() {
                          {"Eliminarlo", "Recuperarlo"})) {
     case Primera:
         // Las líneas NIIF bajo el id 0 se quedan donde están.
-        CBorrar.Execute("delete from comprobante_detalle where enco_consec = 0");
-        CBorrar.Execute("delete from comprobante_encabezado where enco_consec = 0");
+        borre_comprobante(fdm().Quorvex, modo_borrado(objectName()), {}, fdm().usuario);
         CMovimiento.Refresh();
         CMovimiento.Append();
         break;
@@ -118,14 +117,7 @@ void Tfmovimien::recupere_provisional() {
         EDia->setText(rescatado("ENCO_FECHA").right(2));
         CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " +
                        QuotedStr(rescatado("TICO_COD")) + " AND PRCO_ACTIVO = 'S'");
-        const auto mayor = [](const ConjuntoDatos& d) {
-            qint64 n = 0;
-            for (int i = 0; i < d.RecordCount(); ++i)
-                n = qMax(n, d.valor_en(i, d.FieldByName("CODE_ITEM")).entero());
-            return int(n);
-        };
-        lineas_2649->item = mayor(CDetalle);
-        lineas_niif->item = mayor(Cdetniif);
+        siga_los_items();
         CMovimiento.Edit();
         break;
     }
@@ -142,8 +134,6 @@ void Tfmovimien::FormActivate() {
         for (ConjuntoDatos* c : {&CTipodoc, &CPrefijos, &CProyectos})
             if (c->Active())
                 c->Refresh();
-    traiga_plantilla();
-    atienda_selecciones(false);
 }
 
 void Tfmovimien::muestre_periodo() {
@@ -171,7 +161,11 @@ void Tfmovimien::CMovimientoAfterInsert() {
     EDia->setText(fdmcnt().dia_actual);
     lineas_2649->NomCuenta->clear();
     lineas_2649->NomTerc->clear();
-    lineas_2649->item = lineas_niif->item = 0;
+    for (LineasLibro* l : {lineas_2649, lineas_niif})
+        l->contador.empiece();
+    EArticod->clear(); // los de una línea del comprobante anterior
+    Edit2->clear();
+    grabacion.olvide();
     for (EditorNumero* e :
          {lineas_2649->ESaldocta, lineas_2649->ESaldoter, lineas_2649->ESaldocent})
         e->vacie();
@@ -205,14 +199,32 @@ void Tfmovimien::aplique_numeracion() {
 void Tfmovimien::CMovimientoPRCO_PREFChange(Campo& campo) {
     if (!CPrefijos.Locate("PRCO_PREF", {campo.texto()}))
         return;
-    CMovimiento.FieldByName("ENCO_NUMERO") = CPrefijos.FieldByName("PREF_NUMERO").texto();
+    CMovimiento.FieldByName("ENCO_NUMERO") = siguiente_numero();
     aplique_numeracion();
+}
+
+QString Tfmovimien::siguiente_numero() {
+    const QString numero = CPrefijos.FieldByName("PREF_NUMERO").texto();
+    const auto agotado = revise_contador(CPrefijos.FieldByName("TICO_COD").texto(),
+                                         CPrefijos.FieldByName("PRCO_PREF").texto(), numero);
+    if (agotado)
+        muestre_mensaje(agotado->texto);
+    return agotado ? QString() : numero;
+}
+
+void Tfmovimien::asegure_numeracion() {
+    // Un corte mientras se preparaba el comprobante pudo dejarlo sin prefijo ni número.
+    Campo& tipo = CMovimiento.FieldByName("TICO_COD");
+    if (!tipo.vacio() && CMovimiento.FieldByName("PRCO_PREF").vacio()) {
+        CMovimiento.Edit();
+        tipo = tipo.texto();
+    }
 }
 
 void Tfmovimien::LPrefExit() {
     aplique_numeracion();
     if (CMovimiento.editando() && CMovimiento.FieldByName("ENCO_NUMERO").vacio())
-        CMovimiento.FieldByName("ENCO_NUMERO") = CPrefijos.FieldByName("PREF_NUMERO").texto();
+        CMovimiento.FieldByName("ENCO_NUMERO") = siguiente_numero();
 }
 
 void Tfmovimien::CMovimientoENCO_NUMEROChange(Campo& campo) {
@@ -223,34 +235,57 @@ void Tfmovimien::CMovimientoENCO_NUMEROChange(Campo& campo) {
         campo = Tfdm::complete_numero(numero);
         return;
     }
-    const QString sugerido = CPrefijos.FieldByName("PREF_NUMERO").texto();
-    if (!fdmcnt().valide_NumComConta(CMovimiento.FieldByName("TICO_COD").texto(),
-                                     CMovimiento.FieldByName("PRCO_PREF").texto(), sugerido,
-                                     campo)) {
+    // El automático nadie lo digitó: si otro lo toma, avanza cuantas veces haga falta.
+    const bool automatico = CPrefijos.FieldByName("PRCO_AUTO").texto() == "S";
+    const QString sugerido = automatico ? numero : CPrefijos.FieldByName("PREF_NUMERO").texto();
+    const NumeroValidado numero_validado =
+        fdmcnt().valide_NumComConta(CMovimiento.FieldByName("TICO_COD").texto(),
+                                    CMovimiento.FieldByName("PRCO_PREF").texto(), sugerido, campo);
+    if (!numero_validado.vale) {
         campo.limpie();
-    } else if (!fdmcnt().comprobante_encontrado.isEmpty()) {
-        pantallas().abrir("Tfedtmovimien");
-        fdmcnt().comprobante_encontrado.clear();
+    } else if (!numero_validado.encontrado.isEmpty()) {
+        abra_comprobante(numero_validado.encontrado);
         campo = sugerido;
     }
 }
 
 void Tfmovimien::CMovimientoBeforePost() {
-    CMovimiento.FieldByName("ENCO_FECHA") =
-        fdmcnt().compone_fecha(EDia->text().isEmpty() ? QStringLiteral("1") : EDia->text());
+    CMovimiento.FieldByName("ENCO_FECHA") = fecha_digitada();
     memorias.tercero_anterior = CMovimiento.FieldByName("TERC_NIT").texto();
 }
 
-void Tfmovimien::EDiaExit() {
+QString Tfmovimien::fecha_digitada() {
+    if (EDia->text().isEmpty()) {
+        muestre_mensaje("Debe indicar el día del comprobante.");
+        EDia->setFocus();
+        throw EdicionAbortada();
+    }
+    ajuste_dia();
+    return fdmcnt().compone_fecha(EDia->text());
+}
+
+void Tfmovimien::ajuste_dia() {
     const QString tope = fdmcnt().dias_periodo();
+    if (EDia->text().toInt() <= tope.toInt())
+        return;
+    EDia->setText(tope);
+    QApplication::beep();
+    fdm().mostrar_advertencia(fdmcnt().nombre_periodo() + " de " + fdmcnt().ano_actual + " tiene " +
+                              tope + " días: el comprobante queda con el día " + tope + '.');
+}
+
+void Tfmovimien::ponga_fecha() {
+    CMovimiento.Edit();
+    CMovimiento.FieldByName("ENCO_FECHA") = fecha_digitada();
+}
+
+void Tfmovimien::EDiaExit() {
     if (EDia->text().isEmpty())
         return;
-    if (EDia->text().toInt() > tope.toInt()) {
-        EDia->setText(tope);
-    } else if (CMovimiento.Active() && !CMovimiento.IsEmpty()) {
-        CMovimiento.Edit();
-        CMovimiento.FieldByName("ENCO_FECHA") = fdmcnt().compone_fecha(EDia->text());
-    }
+    if (EDia->text().toInt() > fdmcnt().dias_periodo().toInt())
+        ajuste_dia();
+    else if (CMovimiento.Active() && !CMovimiento.IsEmpty())
+        ponga_fecha();
 }
 
 bool Tfmovimien::eventFilter(QObject* objeto, QEvent* evento) {
@@ -262,102 +297,76 @@ bool Tfmovimien::eventFilter(QObject* objeto, QEvent* evento) {
 // ---------------------------------------------------------------- grabar
 
 void Tfmovimien::SBGrabarClick() {
-    lineas_2649->termine_linea();
-    lineas_niif->termine_linea();
-    // Sin líneas 2649 no se prueba ninguno de los dos libros.
-    if (!CDetalle.IsEmpty()) {
-        bool rehusado = false;
-        for (LineasLibro* l : {lineas_2649, lineas_niif})
-            if (!l->cuadrado()) {
-                l->detalle.Edit();
-                rehusado = true;
-            }
-        if (rehusado)
-            return;
+    termine_lineas();
+    if (!hay_por_perder() && CMovimiento.FieldByName("ENCO_CONCEPTO").vacio() &&
+        !pregunte_con_no("El comprobante no tiene líneas ni concepto. Desea grabarlo así?"))
+        return;
+    asegure_numeracion();
+    ponga_fecha();
+    const ResultadoGrabacion r = grabe(Grabador::Digitar);
+    if (r.clase == ResultadoGrabacion::Rehusado) {
+        if (r.rechazos.first().motivo == Motivo::Bloqueo)
+            EDia->setFocus();
+        return;
     }
-    grabando = true;
-    try {
-        fdmcnt().dia_actual = EDia->text();
-        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
-        const QString id = tome_id();
-        if (ya_habia_quedado_grabado()) {
-            grabando = false;
-            return;
-        }
-        grabacion_dudosa_ = true;
-        if (CMovimiento.ApplyUpdates(0) == 0) {
-            grabacion_dudosa_ = false;
-            CMovimiento.Refresh();
-            fdmcnt().comprobante_encontrado = id;
-            imprima_comprobante();
-            lineas_2649->vacie_diferencias();
-            CMovimiento.Append();
-            CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
-            DBEdit1->setFocus();
-        } else {
-            CMovimiento.Edit();
-        }
-    } catch (...) {
-        grabando = false;
-        throw;
+    recuerde_para_el_siguiente();
+    if (r.clase == ResultadoGrabacion::Fallo) {
+        CMovimiento.Edit();
+    } else {
+        // La llave que dejó un cambio de página traería otra vez ese comprobante, y sus líneas
+        // pasarían por las memorias del que sigue.
+        CMovimiento.Params["ID"] = "0";
+        CMovimiento.Refresh();
+        imprima_comprobante(QString::number(r.id));
+        siga_con_otro();
+        DBEdit1->setFocus();
     }
-    grabando = false;
 }
 
-bool Tfmovimien::ya_habia_quedado_grabado() {
-    if (!std::exchange(grabacion_dudosa_, false))
-        return false;
-    // Un intento que falla se deshace entero: si el id está en la base, lo que se perdió fue la
-    // respuesta del servidor y no el comprobante.
-    const QString id = CMovimiento.FieldByName("ENCO_CONSEC").texto();
-    CBorrar.Open("select enco_numero from comprobante_encabezado where enco_consec = " + id);
-    if (CBorrar.IsEmpty())
-        return false;
-    muestre_mensaje("El comprobante " + CBorrar.Fields(0).texto() +
-                    " ya había quedado grabado cuando se perdió la conexión. Revíselo antes de "
-                    "seguir.");
-    CMovimiento.CancelUpdates();
+void Tfmovimien::recuerde_para_el_siguiente() {
+    fdmcnt().dia_actual = EDia->text();
+    tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+}
+
+void Tfmovimien::siga_con_otro() {
+    lineas_2649->vacie_diferencias();
     CMovimiento.Append();
+    quite_filtro();
     CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
-    fdmcnt().comprobante_encontrado = id;
-    pantallas().abrir("Tfedtmovimien");
-    return true;
 }
 
 void Tfmovimien::TabSheet2Enter() {
     if (!grabando)
-        grabe_por_cambio_de_pagina(*lineas_2649, true);
+        grabe_por_cambio_de_pagina(*lineas_2649, Grabador::DigitarEntraNiif);
     lineas_niif->rejilla->setFocus();
 }
 
 void Tfmovimien::TabSheet2Exit() {
     if (!grabando)
-        grabe_por_cambio_de_pagina(*lineas_niif, false);
+        grabe_por_cambio_de_pagina(*lineas_niif, Grabador::DigitarSaleNiif);
     lineas_2649->rejilla->setFocus();
 }
 
-void Tfmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, bool entrando) {
+void Tfmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien) {
     lineas.termine_linea();
-    if (lineas.detalle.IsEmpty())
+    if (lineas.sin_lineas())
         return;
-    if (!lineas.cuadrado()) {
-        lineas.detalle.Edit();
+    asegure_numeracion();
+    ponga_fecha();
+    const ResultadoGrabacion r = grabe(quien);
+    if (r.clase == ResultadoGrabacion::Rehusado)
         return;
+    if (quien == Grabador::DigitarEntraNiif)
+        recuerde_para_el_siguiente();
+    if (r.clase == ResultadoGrabacion::Fallo)
+        return;
+    {
+        const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
+        grabacion.relea();
+        CMovimiento.Edit();
     }
-    if (entrando) {
-        fdmcnt().dia_actual = EDia->text();
-        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
-    }
-    const QString id = tome_id();
-    if (CMovimiento.ApplyUpdates(0) != 0)
-        return;
-    encabezado_posteado_ = false;
-    CMovimiento.Close();
-    CMovimiento.FetchParams();
-    CMovimiento.Params["ID"] = id;
-    CMovimiento.Open();
-    CMovimiento.Edit();
     encabezado_posteado_ = true;
+    siga_los_items(); // las réplicas ya ocupan los suyos
 }
 
 void Tfmovimien::pegue(Rejilla& rejilla) {
@@ -366,33 +375,22 @@ void Tfmovimien::pegue(Rejilla& rejilla) {
 
 // ---------------------------------------------------------------- plantilla
 
-namespace {
-
-void borre_todas(ConjuntoDatos& lineas) {
-    lineas.Cancel();
-    lineas.First();
-    while (!lineas.IsEmpty())
-        lineas.Delete();
+void Tfmovimien::busque_plantilla() {
+    escoja_plantilla(*this, [this](const QString& plantilla) { traiga_plantilla(plantilla); });
 }
 
-} // namespace
-
-void Tfmovimien::traiga_plantilla() {
-    QString& buzon = fdmcnt().plantilla_seleccion;
-    if (buzon.isEmpty())
-        return;
-    const QString plantilla = std::exchange(buzon, QString());
-    if (!CDetalle.IsEmpty() &&
+void Tfmovimien::traiga_plantilla(const QString& plantilla) {
+    if (!lineas_2649->sin_lineas() &&
         !pregunte("Al traer la plantilla perderá los movimientos digitados en "
                   "el comprobante, Continuar?"))
         return;
+    if (!ubique_plantilla(CPlantilla, plantilla))
+        return;
     const QString concepto = CMovimiento.FieldByName("ENCO_CONCEPTO").texto();
-    borre_todas(CDetalle);
-    borre_todas(Cdetniif);
+    CDetalle.borre_todas();
+    Cdetniif.borre_todas();
+    quite_filtro();
     CMovimiento.Edit();
-    CPlantilla.Close();
-    CPlantilla.Open();
-    CPlantilla.Locate("plan_id", {plantilla.toInt()});
     const auto copie = [this](const char* hacia, const char* desde) {
         CMovimiento.FieldByName(hacia) = CPlantilla.FieldByName(desde).valor();
     };
@@ -403,8 +401,8 @@ void Tfmovimien::traiga_plantilla() {
     copie("ENCO_REFER", "PLAN_REFER");
     if (CPrefijos.Locate("TICO_COD;PRCO_PREF", {CMovimiento.FieldByName("TICO_COD").valor(),
                                                 CMovimiento.FieldByName("PRCO_PREF").valor()}))
-        CMovimiento.FieldByName("ENCO_NUMERO") = CPrefijos.FieldByName("PREF_NUMERO").texto();
-    CMovimiento.FieldByName("ENCO_FECHA") = fdmcnt().compone_fecha(EDia->text());
+        CMovimiento.FieldByName("ENCO_NUMERO") = siguiente_numero();
+    ponga_fecha();
     CMovimiento.Post();
     const Valor id = CMovimiento.FieldByName("ENCO_CONSEC").valor();
     copie_lineas_plantilla(CPlantilladet, CDetalle, id, concepto);
@@ -417,9 +415,6 @@ void Tfmovimien::traiga_plantilla() {
 
 // ---------------------------------------------------------------- salir
 
-void Tfmovimien::SBCancelClick() {
-    if (!CDetalle.IsEmpty() && !salida_confirmada())
-        return;
-    CMovimiento.CancelUpdates();
-    close();
+bool Tfmovimien::hay_por_perder() const {
+    return !lineas_2649->sin_lineas() || !lineas_niif->sin_lineas();
 }

@@ -24,12 +24,14 @@ protected:
     QString nombre_exportacion() const override { return "CompConta"; }
     void pegue(Rejilla& rejilla) override;
     void SBGrabarClick() override;
-    void SBCancelClick() override;
+    bool hay_por_perder() const override;
     void TabSheet2Enter() override;
     void TabSheet2Exit() override;
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
+    void defina_conjuntos();
+    void declare_botones();
     void CMovimientoAfterInsert();
     void CMovimientoBeforePost();
     void CMovimientoTICO_CODChange(Campo& campo);
@@ -37,14 +39,19 @@ private:
     void CMovimientoENCO_NUMEROChange(Campo& campo);
     void LPrefExit();
     void EDiaExit();
+    void ajuste_dia();
+    QString fecha_digitada();
+    void ponga_fecha();
     void aplique_numeracion();
+    QString siguiente_numero();
+    void asegure_numeracion();
     void recupere_provisional();
-    void traiga_plantilla();
+    void busque_plantilla();
+    void traiga_plantilla(const QString& plantilla) override;
     void muestre_periodo();
-    void grabe_por_cambio_de_pagina(LineasLibro& lineas, bool entrando);
+    void recuerde_para_el_siguiente();
+    void siga_con_otro();
+    void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
 
-    bool ya_habia_quedado_grabado();
-
-    bool grabacion_dudosa_ = false; ///< el último intento falló: pudo perderse solo la respuesta
-    int mes_ = 0;                   ///< índice del mes en la última activación
+    int mes_ = 0; ///< índice del mes en la última activación
 };

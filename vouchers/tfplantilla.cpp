@@ -20,7 +20,7 @@ void Tfplantilla::CPlantillaAfterInsert() {
     CPlantilla.FieldByName("PLAN_ID") = 0;
     CPlantilla.FieldByName("PLAN_USUARIO") = fdm().usuario;
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
-        l->item = 0;
+        l->contador.empiece();
         l->Sumadeb->vacie();
         l->SumCred->vacie();
         l->vacie_diferencias();

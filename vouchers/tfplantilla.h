@@ -10,7 +10,7 @@ public:
 
 protected:
     void SBGrabarClick() override;
-    bool hay_por_perder() const override { return !CDetalle.IsEmpty(); }
+    bool hay_por_perder() const override { return !lineas_2649->sin_lineas(); }
 
 private:
     void CPlantillaAfterInsert();

@@ -29,13 +29,9 @@ Tfsaldiniciales::~Tfsaldiniciales() = default;
 
 void Tfsaldiniciales::defina_conjuntos() {
     CCentros.anide_en(&CProyectos, &fdm().TCentros);
-    CProyectos.texto("PROY_COD", 4);
-    CProyectos.texto("PROY_NOM", 60);
-    CCentros.texto("PROY_COD", 4);
-    CCentros.texto("CENT_COD", 4);
-    CCentros.texto("CENT_NOM", 60);
-    CArticulo.texto("ARTI_COD", 15);
-    CArticulo.texto("ARTI_DES", 60);
+    campos_proyectos(CProyectos);
+    campos_centros(CCentros);
+    campos_articulos(CArticulo);
     CArticulo.CommandText = "select arti_cod, arti_des from articulo order by arti_des, arti_cod";
     PanelDocumento::defina_tipos(CTidocartera);
     CMaxitem.CommandText = "select max(SAIN_ITEM) item from saldos_iniciales";
@@ -127,13 +123,12 @@ void Tfsaldiniciales::declare_teclas() {
                  [this] { SpeedButton1Click(); });
     tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas->sugiera_db_cr(); });
     // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
-    const auto busque = [this](int clave, const char* pantalla) {
-        tecla(
-            clave, Qt::NoModifier, pantalla, [pantalla] { pantallas().abrir(pantalla); }, false);
+    const auto busque = [this](int clave, const char* pantalla, std::function<void()> accion) {
+        tecla(clave, Qt::NoModifier, pantalla, std::move(accion), false);
     };
-    busque(Qt::Key_F6, "Tfterceros");
-    busque(Qt::Key_F7, "Tfcentros");
-    busque(Qt::Key_F9, "Tfcuentas");
+    busque(Qt::Key_F6, "Tfterceros", [this] { lineas->escoja_tercero(); });
+    busque(Qt::Key_F7, "Tfcentros", [this] { lineas->escoja_centro(); });
+    busque(Qt::Key_F9, "Tfcuentas", [this] { lineas->escoja_cuenta(); });
 }
 
 // ---------------------------------------------------------------- creación
@@ -149,15 +144,15 @@ void Tfsaldiniciales::FormCreate() {
     CTidocartera.Filtered(true);
     CMaxitem.Open();
     item_al_abrir_ = CMaxitem.FieldByName("ITEM").entero();
-    lineas->item = int(item_al_abrir_);
+    lineas->contador.empiece(int(item_al_abrir_));
     tamano(860, 560);
     if (!fdm().exija_acceso(80))
         pida_cierre_al_crear();
 }
 
 void Tfsaldiniciales::muestre_periodo() {
-    EAno->setText(fdm().configuracion("CONTABILIDAD", "GENERAL", "AÑO DE INICIO"));
-    const int mes = Tfdm::entero(fdm().configuracion("CONTABILIDAD", "GENERAL", "MES DE INICIO"));
+    EAno->setText(fdm().texto_de(Llave::AnoInicio));
+    const int mes = fdm().valor<Llave::MesInicio>();
     EMes->setText(Tfdm::nombres_periodo().value(mes - 1));
 }
 
@@ -166,9 +161,6 @@ void Tfsaldiniciales::FormActivate() {
         CSaldos.Open();
         lineas->rejilla->setFocus();
     }
-    if (!fdmter().tercero_seleccion.isEmpty())
-        lineas->reciba("TERC_NIT", std::exchange(fdmter().tercero_seleccion, QString()));
-    lineas->reciba_cuenta_y_centro();
 }
 
 // ---------------------------------------------------------------- líneas
@@ -187,14 +179,14 @@ void Tfsaldiniciales::panel_de_clase(const QString& clase) {
 void Tfsaldiniciales::DBGridEh1DblClick(int columna) {
     switch (columna) {
     case LineasCuenta::kCuenta:
-        pantallas().abrir("Tfcuentas");
+        lineas->escoja_cuenta();
         break;
     case LineasCuenta::kTercero:
-        pantallas().abrir("Tfterceros");
+        lineas->escoja_tercero();
         break;
     case LineasCuenta::kProyecto:
     case LineasCuenta::kCentro:
-        pantallas().abrir("Tfcentros");
+        lineas->escoja_centro();
         break;
     default:
         lineas->sugiera_db_cr();
@@ -205,14 +197,13 @@ void Tfsaldiniciales::DBGridEh1DblClick(int columna) {
 
 void Tfsaldiniciales::SBGrabarClick() {
     lineas->termine_linea();
-    if (!lineas->cuadrados() &&
-        !fdm().configurado_si("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS")) {
+    if (!lineas->cuadrados() && !fdm().valor<Llave::PermitirDescuadrados>()) {
         muestre_mensaje(datos(Libro::Decreto2649).descuadrado);
         CSaldos.Edit();
         return;
     }
     corrimiento_ = separe_numeros();
-    lineas->item += corrimiento_;
+    lineas->contador.empiece(lineas->contador.ultimo() + corrimiento_);
     // Lo que se puede grabar se graba; lo demás queda en la pantalla.
     if (CSaldos.ApplyUpdates(-1) == 0)
         close();
@@ -236,26 +227,43 @@ void Tfsaldiniciales::SpeedButton1Click() {
     if (!CBalance.IsEmpty()) {
         CBalance.FetchAll();
         motor.conecte("RBalance", CBalance);
+        motor.al_componer = [this] { CBalance.Close(); };
         motor.seleccionar_reporte("Balanceinicial");
         motor.ejecutar();
     }
     motor.cerrar();
     CBalance.Close();
-    close(); // lo que no se ha grabado se pierde
+    cierre(); // lo que no se ha grabado se pierde
+}
+
+bool Tfsaldiniciales::hay_por_perder() const {
+    return CSaldos.Active() && (CSaldos.ChangeCount() > 0 || CSaldos.Modified());
+}
+
+bool Tfsaldiniciales::salida_confirmada() {
+    return pregunte_con_no(
+        "Desea salir del comprobante y perder los movimientos que no ha grabado?");
 }
 
 void Tfsaldiniciales::SBCancelClick() {
-    if (!pregunte("Desea salir del comprobante y perder los movimientos que no ha grabado?"))
+    if (!salida_confirmada())
         return;
     CSaldos.CancelUpdates();
+    cierre();
+}
+
+void Tfsaldiniciales::cierre() {
+    cierre_confirmado_ = true;
     close();
 }
 
 bool Tfsaldiniciales::FormClose() {
+    if (!cierre_confirmado_ && hay_por_perder() && !salida_confirmada())
+        return false;
     CSaldos.Cancel();
     for (ConjuntoDatos* c :
          {&CSaldos, &CBalance, &CMaxitem, &CTidocartera, &CArticulo, &CProyectos})
         c->Close();
-    fdmcnt().balance_por_recalcular = true;
+    emit fdmcnt().balance_por_recalcular();
     return true;
 }

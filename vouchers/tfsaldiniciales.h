@@ -43,7 +43,11 @@ private:
     void SpeedButton1Click();
     void SBCancelClick();
     int separe_numeros();
+    bool hay_por_perder() const;
+    bool salida_confirmada();
+    void cierre();
 
     qint64 item_al_abrir_ = 0;
+    bool cierre_confirmado_ = false;
     int corrimiento_ = 0; ///< cuánto se corren los números de las líneas nuevas al grabar
 };

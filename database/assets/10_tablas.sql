@@ -23,7 +23,8 @@ CREATE TABLE DEPRECIACION_UNIDADES (
 );
 
 -- Lo que cada proceso le hizo a cada activo en cada libro. DEDE_CLASE: "D" depreciación, "B" baja,
--- "V" deterioro o recuperación. DEDE_VALOR baja el valor en libros si es positivo.
+-- "V" deterioro o recuperación, "I" lo que ya traía depreciado al llegar al programa. DEDE_VALOR
+-- baja el valor en libros si es positivo.
 CREATE TABLE DEPRECIACION_DETALLE (
   DEDE_ID bigint NOT NULL,
   DEPR_ID integer,
@@ -54,6 +55,12 @@ CREATE TABLE ACTIVOS_FIJOS_VALOR (
   PRCO_PREF varchar(4) NOT NULL,
   ACFV_CONC varchar(60),
   ENCO_NUMERO varchar(8)
+);
+
+-- Foto del activo; aparte de la ficha, para que las listas no la carguen.
+CREATE TABLE ACTIVOS_FOTOS (
+  ACFJ_COD D_ARTICULO NOT NULL,
+  ACFO_FOTO blob sub_type binary
 );
 
 -- Lo que una corrida le hará a cada activo, mientras se arma su asiento.

@@ -21,6 +21,14 @@ BEGIN
     + minvalue(cast(substring(FECHA FROM 5 FOR 2) AS integer), 12);
 END^
 
+-- El mes de ese número de orden, "aaaa/mm".
+CREATE OR ALTER FUNCTION PERIODO_DEL_MES (MES integer)
+RETURNS varchar(7)
+AS
+BEGIN
+  RETURN lpad((MES - 1) / 12, 4, '0') || '/' || lpad(mod(MES - 1, 12) + 1, 2, '0');
+END^
+
 -- Primer mes que se deprecia: el de entrada si el activo entró hasta el día 15; si no, el
 -- siguiente.
 CREATE OR ALTER FUNCTION PRIMER_MES_ACTIVO (ENTRADA date)

@@ -27,6 +27,45 @@ BEGIN
 END^
 
 --<LIBROS>
+-- Punto desde el que se calcula un activo en el libro a una fecha ("aaaammdd"): la última
+-- revaluación o la entrada. ANTES es el mes anterior al primero que se deprecia; LLEVA y HECHAS, lo
+-- depreciado y producido desde entonces; MES, el siguiente por depreciar. Interna de
+-- CALCULE_DEPRECIACION y CUADRO_ACTIVO.
+CREATE OR ALTER PROCEDURE PUNTO_DE_ACTIVO{_NIIF} (CODIGO varchar(15), FECHA varchar(8))
+RETURNS (METODO integer, BASE numeric(15,2), RESCATE numeric(15,2), VIDA integer, ANTES integer,
+  LLEVA numeric(15,2), HECHAS integer, MES integer)
+AS
+  DECLARE REVALUADO varchar(8);
+BEGIN
+  SELECT iif(A.ACFJ_UNIDADES = 'S', 4, coalesce(G.ACGR_TIPODEP, 1)), coalesce(A.ACFJ_VRORIG, 0),
+    coalesce(A.ACFJ_RESCATE, 0),
+    coalesce(iif('{LIBRO}' = 'NIIF', A.ACFJ_DEPNIIF, A.ACFJ_MESDEP), 0),
+    PRIMER_MES_ACTIVO(A.ACFJ_FECING) - 1
+  FROM ACTIVOS_FIJOS A
+  LEFT JOIN ACTIVOS_GRUPOS G ON G.ACGR_ID = A.ACGR_ID
+  WHERE A.ACFJ_COD = :CODIGO
+  INTO :METODO, :BASE, :RESCATE, :VIDA, :ANTES;
+  -- Tras un deterioro o una recuperación, o desde el saldo con que el activo llegó al programa, se
+  -- reparte el valor que quedó en la vida que quedaba.
+  SELECT max(DEDE_FECHA) FROM DEPRECIACION_DETALLE
+  WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE IN ('V', 'I')
+    AND DEDE_FECHA <= :FECHA
+  INTO :REVALUADO;
+  IF (REVALUADO IS NOT NULL) THEN
+    SELECT :BASE - sum(DEDE_VALOR), :VIDA - iif(:METODO = 4, sum(DEDE_UNIDADES),
+      maxvalue(max(DEDE_MES) - :ANTES, 0)),
+      iif(:METODO = 4, :ANTES, maxvalue(max(DEDE_MES), :ANTES))
+    FROM DEPRECIACION_DETALLE
+    WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_FECHA <= :REVALUADO
+    INTO :BASE, :VIDA, :ANTES;
+  SELECT coalesce(sum(DEDE_VALOR), 0), coalesce(sum(DEDE_UNIDADES), 0),
+    coalesce(max(DEDE_MES), :ANTES) + 1
+  FROM DEPRECIACION_DETALLE
+  WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE = 'D'
+    AND DEDE_FECHA > coalesce(:REVALUADO, '')
+  INTO :LLEVA, :HECHAS, :MES;
+END^
+
 -- Calcula en ACTIVO_CARGO lo que la corrida DEPR le carga a cada activo del libro hasta el mes de
 -- FECHA. Interna de ASIENTE_DEPRECIACION.
 CREATE OR ALTER PROCEDURE CALCULE_DEPRECIACION{_NIIF} (DEPR integer, FECHA varchar(8))
@@ -44,50 +83,25 @@ AS
   DECLARE TOTAL numeric(15,2);
   DECLARE UNIDADES integer;
   DECLARE HECHAS integer;
-  DECLARE REVALUADO varchar(8);
   DECLARE DEBITO varchar(20);
   DECLARE CREDITO varchar(20);
 BEGIN
+  HASTA = MES_CONTABLE(FECHA);
   FOR
-    SELECT A.ACFJ_COD, iif(A.ACFJ_UNIDADES = 'S', 4, coalesce(G.ACGR_TIPODEP, 1)),
-      coalesce(A.ACFJ_VRORIG, 0), coalesce(A.ACFJ_RESCATE, 0),
-      coalesce(iif('{LIBRO}' = 'NIIF', A.ACFJ_DEPNIIF, A.ACFJ_MESDEP), 0),
-      PRIMER_MES_ACTIVO(A.ACFJ_FECING) - 1,
-      nullif(iif('{LIBRO}' = 'NIIF', A.ACFJ_CTANIIFD, A.ACFJ_CTADEPD), ''),
+    SELECT A.ACFJ_COD, nullif(iif('{LIBRO}' = 'NIIF', A.ACFJ_CTANIIFD, A.ACFJ_CTADEPD), ''),
       nullif(iif('{LIBRO}' = 'NIIF', A.ACFJ_CTANIIFC, A.ACFJ_CTADEPC), ''),
       coalesce((SELECT sum(U.DEPU_UNIDADES) FROM DEPRECIACION_UNIDADES U
         WHERE U.DEPR_ID = :DEPR AND U.ACFJ_COD = A.ACFJ_COD), 0)
     FROM ACTIVOS_FIJOS A
-    LEFT JOIN ACTIVOS_GRUPOS G ON G.ACGR_ID = A.ACGR_ID
     WHERE A.ACFJ_ACTIVO = 'S' AND A.ACFJ_DEP = 'S' AND A.ACFJ_FECING IS NOT NULL
       AND NOT EXISTS (SELECT 1 FROM DEPRECIACION_DETALLE B WHERE B.ACFJ_COD = A.ACFJ_COD
         AND B.DEDE_LIBRO = '{LIBRO}' AND B.DEDE_CLASE = 'B')
     ORDER BY A.ACFJ_COD
-    INTO :ACTIVO, :METODO, :BASE, :RESCATE, :VIDA, :ANTES, :DEBITO, :CREDITO, :UNIDADES
+    INTO :ACTIVO, :DEBITO, :CREDITO, :UNIDADES
   DO
   BEGIN
-    -- Tras un deterioro o una recuperación se reparte el valor que quedó en la vida que quedaba.
-    REVALUADO = NULL;
-    SELECT max(DEDE_FECHA) FROM DEPRECIACION_DETALLE
-    WHERE ACFJ_COD = :ACTIVO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE = 'V'
-      AND DEDE_FECHA <= :FECHA
-    INTO :REVALUADO;
-    IF (REVALUADO IS NOT NULL) THEN
-    BEGIN
-      SELECT :BASE - sum(DEDE_VALOR), :VIDA - iif(:METODO = 4, sum(DEDE_UNIDADES),
-        maxvalue(max(DEDE_MES) - :ANTES, 0)),
-        iif(:METODO = 4, :ANTES, maxvalue(max(DEDE_MES), :ANTES))
-      FROM DEPRECIACION_DETALLE
-      WHERE ACFJ_COD = :ACTIVO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_FECHA <= :REVALUADO
-      INTO :BASE, :VIDA, :ANTES;
-    END
-    SELECT coalesce(sum(DEDE_VALOR), 0), coalesce(sum(DEDE_UNIDADES), 0), max(DEDE_MES)
-    FROM DEPRECIACION_DETALLE
-    WHERE ACFJ_COD = :ACTIVO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE = 'D'
-      AND DEDE_FECHA > coalesce(:REVALUADO, '')
-    INTO :LLEVA, :HECHAS, :MES;
-    MES = coalesce(MES, ANTES) + 1;
-    HASTA = MES_CONTABLE(FECHA);
+    EXECUTE PROCEDURE PUNTO_DE_ACTIVO{_NIIF}(ACTIVO, FECHA)
+    RETURNING_VALUES METODO, BASE, RESCATE, VIDA, ANTES, LLEVA, HECHAS, MES;
     IF (METODO = 4) THEN
       MES = HASTA;
     TOTAL = 0;
@@ -107,6 +121,63 @@ BEGIN
       INSERT INTO ACTIVO_CARGO (ACFJ_COD, LIBRO, MES, UNIDADES, VALOR, CTA_DEBITO, CTA_CREDITO)
       VALUES (:ACTIVO, '{LIBRO}', :MES - 1, :UNIDADES, :TOTAL, :DEBITO, :CREDITO);
     END
+  END
+END^
+
+-- Cuadro de un activo en el libro, mes a mes: lo que ya se le hizo (HECHO "S") y lo que falta según
+-- su método. PERIODO "aaaa/mm"; VALOR es el que queda en libros. El que se deprecia por unidades
+-- solo trae lo hecho: lo que falta depende de lo que produzca. La llama Tfcuadroactivo.
+CREATE OR ALTER PROCEDURE CUADRO_ACTIVO{_NIIF} (CODIGO varchar(15))
+RETURNS (PERIODO varchar(7), CLASE varchar(12), CARGO numeric(15,2), ACUMULADO numeric(15,2),
+  VALOR numeric(15,2), HECHO char(1))
+AS
+  DECLARE METODO integer;
+  DECLARE BASE numeric(15,2);
+  DECLARE RESCATE numeric(15,2);
+  DECLARE VIDA integer;
+  DECLARE ANTES integer;
+  DECLARE LLEVA numeric(15,2);
+  DECLARE HECHAS integer;
+  DECLARE MES integer;
+  DECLARE LETRA char(1);
+  DECLARE FUERA char(1) = 'N';
+BEGIN
+  SELECT coalesce(ACFJ_VRORIG, 0), iif(ACFJ_DEP = 'S' AND ACFJ_FECING IS NOT NULL, 'N', 'S')
+  FROM ACTIVOS_FIJOS WHERE ACFJ_COD = :CODIGO
+  INTO :VALOR, :FUERA;
+  ACUMULADO = 0;
+  HECHO = 'S';
+  FOR
+    SELECT DEDE_MES, DEDE_CLASE, DEDE_VALOR FROM DEPRECIACION_DETALLE
+    WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}'
+    ORDER BY DEDE_FECHA, DEDE_ID
+    INTO :MES, :LETRA, :CARGO
+  DO
+  BEGIN
+    CLASE = trim(decode(LETRA, 'D', 'Depreciación', 'B', 'Baja', 'I', 'Inicial',
+      iif(CARGO < 0, 'Recuperación', 'Deterioro')));
+    IF (LETRA = 'B') THEN
+      FUERA = 'S';
+    ACUMULADO = ACUMULADO + CARGO;
+    VALOR = VALOR - CARGO;
+    PERIODO = PERIODO_DEL_MES(MES);
+    SUSPEND;
+  END
+  IF (FUERA = 'S') THEN
+    EXIT;
+  EXECUTE PROCEDURE PUNTO_DE_ACTIVO{_NIIF}(CODIGO, '99999999')
+  RETURNING_VALUES METODO, BASE, RESCATE, VIDA, ANTES, LLEVA, HECHAS, MES;
+  HECHO = 'N';
+  CLASE = 'Depreciación';
+  WHILE (METODO <> 4 AND MES - ANTES <= VIDA) DO
+  BEGIN
+    CARGO = CARGO_DEPRECIACION(METODO, BASE, RESCATE, LLEVA, MES - ANTES, VIDA, HECHAS);
+    LLEVA = LLEVA + CARGO;
+    ACUMULADO = ACUMULADO + CARGO;
+    VALOR = VALOR - CARGO;
+    PERIODO = PERIODO_DEL_MES(MES);
+    SUSPEND;
+    MES = MES + 1;
   END
 END^
 
@@ -134,7 +205,9 @@ BEGIN
     UNION ALL
     SELECT G.ACFJ_COD, 0, G.CTA_DEBITO, NULL, NULL, G.VALOR FROM ACTIVO_CARGO G
     WHERE G.LIBRO = '{LIBRO}'
-      AND NOT EXISTS (SELECT 1 FROM REPARTO R WHERE R.ACFJ_COD = G.ACFJ_COD)
+      AND NOT EXISTS (SELECT 1 FROM ACTIVOS_CENTROS C
+        JOIN {CUENTAS} P ON P.CUEN_COD = G.CTA_DEBITO AND P.CUEN_CENTRO <> 'N'
+        WHERE C.ACFJ_COD = G.ACFJ_COD AND C.ACCE_PORC > 0)
     UNION ALL
     SELECT G.ACFJ_COD, 1, G.CTA_CREDITO, NULL, NULL, G.VALOR FROM ACTIVO_CARGO G
     WHERE G.LIBRO = '{LIBRO}')
@@ -177,14 +250,15 @@ BEGIN
     FROM ACTIVO_CARGO G JOIN ACTIVOS_FIJOS A ON A.ACFJ_COD = G.ACFJ_COD
     WHERE G.LIBRO = '{LIBRO}'
     UNION ALL
-    SELECT G.ACFJ_COD, iif(D.DEDE_CLASE = 'D', 1, 2),
-      iif(D.DEDE_CLASE = 'D', G.CTA_DEBITO, coalesce(nullif(A.ACFJ_CTADETERC, ''), G.CTA_DEBITO)),
+    SELECT G.ACFJ_COD, iif(D.DEDE_CLASE = 'V', 2, 1),
+      iif(D.DEDE_CLASE <> 'V', G.CTA_DEBITO, coalesce(nullif(A.ACFJ_CTADETERC, ''), G.CTA_DEBITO)),
       sum(D.DEDE_VALOR)
     FROM ACTIVO_CARGO G
     JOIN ACTIVOS_FIJOS A ON A.ACFJ_COD = G.ACFJ_COD
     JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = G.ACFJ_COD AND D.DEDE_LIBRO = '{LIBRO}'
     WHERE G.LIBRO = '{LIBRO}'
-    GROUP BY G.ACFJ_COD, D.DEDE_CLASE, G.CTA_DEBITO, A.ACFJ_CTADETERC
+    GROUP BY G.ACFJ_COD, iif(D.DEDE_CLASE = 'V', 2, 1),
+      iif(D.DEDE_CLASE <> 'V', G.CTA_DEBITO, coalesce(nullif(A.ACFJ_CTADETERC, ''), G.CTA_DEBITO))
     UNION ALL
     SELECT ACFJ_COD, 3, CUENTA_DE_CIERRE('{LIBRO}', 'CUENTA DE PERDIDA EN BAJA DE ACTIVOS'), VALOR
     FROM ACTIVO_CARGO WHERE LIBRO = '{LIBRO}' AND VALOR <> 0)
@@ -196,6 +270,27 @@ BEGIN
   WHERE M.NETO <> 0;
 END^
 --</LIBROS>
+
+-- Activos que sacará la próxima baja, de los dos libros a la vez: los que la ficha tiene fuera de
+-- uso y nadie ha dado de baja. La llama Tfbajaactivo.
+CREATE OR ALTER PROCEDURE ACTIVOS_POR_BAJAR
+RETURNS (ACTIVO varchar(15), NOMBRE varchar(60), VALOR numeric(15,2), VALORNIIF numeric(15,2))
+AS
+BEGIN
+  FOR
+    SELECT A.ACFJ_COD, A.ACFJ_DESC,
+      A.ACFJ_VRORIG - coalesce(sum(iif(D.DEDE_LIBRO = '2649', D.DEDE_VALOR, 0)), 0),
+      A.ACFJ_VRORIG - coalesce(sum(iif(D.DEDE_LIBRO = 'NIIF', D.DEDE_VALOR, 0)), 0)
+    FROM ACTIVOS_FIJOS A
+    LEFT JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = A.ACFJ_COD
+    WHERE A.ACFJ_ACTIVO <> 'S' AND A.ACFJ_VRORIG <> 0
+    GROUP BY A.ACFJ_COD, A.ACFJ_DESC, A.ACFJ_VRORIG
+    HAVING count(iif(D.DEDE_CLASE = 'B', 1, NULL)) = 0
+    ORDER BY A.ACFJ_COD
+    INTO :ACTIVO, :NOMBRE, :VALOR, :VALORNIIF
+  DO
+    SUSPEND;
+END^
 
 -- Hace el comprobante de una depreciación o de una baja. La llama la confirmación de la
 -- transacción.

@@ -70,4 +70,25 @@ BEGIN
   END
 END^
 
+-- Presupuesto y movimiento netos (débitos menos créditos) de una cuenta con sus auxiliares, mes por
+-- mes: trece filas, del 1 al 13. La llama Tfcompresupuesto para su gráfica.
+CREATE OR ALTER PROCEDURE PRESUPUESTO_CUENTA (ANO varchar(4), CUENTA varchar(20))
+RETURNS (MES integer, PRESUPUESTADO numeric(15,2), EJECUTADO numeric(15,2))
+AS
+BEGIN
+  MES = 1;
+  WHILE (MES <= 13) DO
+  BEGIN
+    SELECT coalesce(sum(PRES_DEBITO - PRES_CREDITO), 0) FROM PRESUPUESTO
+    WHERE PRES_ANO = :ANO AND PRES_PERIODO = :MES AND PRES_AFECTA = 'S'
+      AND CUEN_COD STARTING WITH :CUENTA
+    INTO :PRESUPUESTADO;
+    SELECT coalesce(sum(SALD_DEBITO - SALD_CREDITO), 0) FROM VISTA_SALDOS_CUENTA
+    WHERE SALD_ANO = :ANO AND SALD_MES = :MES AND CUEN_COD STARTING WITH :CUENTA
+    INTO :EJECUTADO;
+    SUSPEND;
+    MES = MES + 1;
+  END
+END^
+
 SET TERM ; ^

@@ -276,3 +276,10 @@ CREATE TABLE ACTIVOS_DOCUMENTOS (
   ACDO_NOMBRE varchar(255),
   ACDO_ARCHIVO blob sub_type binary
 );
+
+-- Cuentas que el mantenimiento cambia en la transacción en curso: sus guardas lo dejan pasar. Solo
+-- la llenan los procedimientos del mantenimiento, así que ningún disparador tiene que apagarse.
+CREATE GLOBAL TEMPORARY TABLE CUENTA_EN_MANTENIMIENTO (
+  LIBRO varchar(4) NOT NULL,
+  CUEN_COD D_CUENTA NOT NULL
+) ON COMMIT DELETE ROWS;

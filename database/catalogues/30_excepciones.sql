@@ -12,5 +12,9 @@ CREATE OR ALTER EXCEPTION CUENTA_CON_MOVIMIENTO
   'La cuenta tiene movimiento: no se pueden cambiar su código ni sus indicadores.';
 CREATE OR ALTER EXCEPTION CUENTA_CON_AUXILIARES
   'La cuenta tiene auxiliares definidos.';
+CREATE OR ALTER EXCEPTION CATALOGO_EN_USO
+  'El código está en uso: no se puede borrar ni cambiar.';
+CREATE OR ALTER EXCEPTION PROYECTO_OTRAS_AGENCIAS
+  'El proyecto tiene centros de otras agencias: no se puede borrar.';
 CREATE OR ALTER EXCEPTION ESTRUCTURA_EN_USO
   'La estructura no se puede cambiar: ya hay cuentas creadas.';

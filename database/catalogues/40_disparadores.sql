@@ -1,7 +1,8 @@
 -- Guardas de los planes de cuentas y auditoría de los catálogos.
--- CUENTAS_BI, CUENTAS_BU y sus gemelos se apagan por su nombre desde el mantenimiento (abrir un
--- auxiliar, cambiar el detalle de una cuenta): por eso solo guardan y nada más depende de ellos.
--- Lo que se lleva por cuenta propia (CUEN_AFECTABLE, auditoría) va en otros disparadores.
+-- CUENTAS_BI, CUENTAS_BU y sus gemelos solo guardan, y nada más depende de ellos: el mantenimiento
+-- (abrir un auxiliar, cambiar el detalle de una cuenta) pasa por delante anotando la cuenta en
+-- CUENTA_EN_MANTENIMIENTO. Lo que se lleva por cuenta propia (CUEN_AFECTABLE, auditoría) va en
+-- otros disparadores.
 
 SET TERM ^ ;
 
@@ -33,6 +34,36 @@ BEGIN
     (SELECT max(ESTR_DIGITOS) FROM ESTRUCTURA WHERE ESTR_DIGITOS < char_length(:CUENTA)), 0));
 END^
 
+-- Si el código es de un artículo o de un activo fijo, que comparten la columna de las líneas.
+CREATE OR ALTER FUNCTION EXISTE_ARTICULO (CODIGO varchar(15))
+RETURNS boolean
+AS
+BEGIN
+  RETURN EXISTS (SELECT 1 FROM ARTICULO WHERE ARTI_COD = :CODIGO)
+    OR EXISTS (SELECT 1 FROM ACTIVOS_FIJOS WHERE ACFJ_COD = :CODIGO);
+END^
+
+-- Espera a que terminen los comprobantes nuevos que se están grabando y detiene a los que sigan, si
+-- la cuenta PADRE podía llevar movimiento y va a recibir un auxiliar. Todo el que graba un
+-- comprobante toma antes la fila de su prefijo: así, o sus líneas ya se ven, o se le rehúsan.
+CREATE OR ALTER PROCEDURE ESPERE_GRABACIONES (PADRE varchar(20))
+AS
+  DECLARE PREFIJO varchar(4);
+BEGIN
+  IF (NIVEL_CUENTA(PADRE) >= NIVEL_AFECTABLE()) THEN
+    FOR SELECT PRCO_PREF FROM PREFIJOS_CONTA WITH LOCK INTO :PREFIJO DO
+      PREFIJO = NULL;
+END^
+
+-- El mantenimiento está cambiando la cuenta en esta transacción.
+CREATE OR ALTER FUNCTION EN_MANTENIMIENTO (LIBRO varchar(4), CUENTA varchar(20))
+RETURNS boolean
+AS
+BEGIN
+  RETURN EXISTS (SELECT 1 FROM CUENTA_EN_MANTENIMIENTO
+    WHERE LIBRO = :LIBRO AND CUEN_COD = :CUENTA);
+END^
+
 CREATE OR ALTER TRIGGER ESTRUCTURA_BIUD FOR ESTRUCTURA
 ACTIVE BEFORE INSERT OR UPDATE OR DELETE POSITION 0
 AS
@@ -59,6 +90,26 @@ BEGIN
     WHERE CUEN_COD STARTING WITH :CUENTA AND CUEN_COD > :CUENTA);
 END^
 
+-- Por qué una cuenta no puede llevar movimiento, y qué hacer; nulo si puede.
+CREATE OR ALTER FUNCTION NEGATIVA_CUENTA{_NIIF} (CUENTA varchar(20))
+RETURNS varchar(160)
+AS
+  DECLARE NOMBRE varchar(40);
+  DECLARE ACTIVA char(1);
+BEGIN
+  NOMBRE = 'La cuenta ' || trim(iif('{LIBRO}' = 'NIIF', 'NIIF ', '') || CUENTA);
+  SELECT CUEN_ACTIVA FROM {CUENTAS} WHERE CUEN_COD = :CUENTA INTO :ACTIVA;
+  IF (ROW_COUNT = 0) THEN
+    RETURN NOMBRE || ' no existe. Regístrela o escoja otra.';
+  IF (coalesce(NIVEL_CUENTA(CUENTA), 0) < NIVEL_AFECTABLE()) THEN
+    RETURN NOMBRE || ' es de nivel inferior al mínimo afectable. Escoja una de sus subcuentas.';
+  IF (TIENE_AUXILIARES{_NIIF}(CUENTA)) THEN
+    RETURN NOMBRE || ' tiene auxiliares definidos. Escoja uno de ellos.';
+  IF (ACTIVA = 'N') THEN
+    RETURN NOMBRE || ' está inactiva. Actívela o escoja otra.';
+  RETURN NULL;
+END^
+
 CREATE OR ALTER TRIGGER {CUENTAS}_BI FOR {CUENTAS}
 ACTIVE BEFORE INSERT POSITION 0
 AS
@@ -75,7 +126,8 @@ BEGIN
     IF (NOT EXISTS (SELECT 1 FROM {CUENTAS} WHERE CUEN_COD = :PADRE)) THEN
       EXCEPTION CUENTA_SIN_PADRE 'No existe la cuenta ' || PADRE
         || ', de nivel superior a la ' || NEW.CUEN_COD || '.';
-    IF (TIENE_MOVIMIENTO{_NIIF}(PADRE)) THEN
+    EXECUTE PROCEDURE ESPERE_GRABACIONES(PADRE);
+    IF (NOT EN_MANTENIMIENTO('{LIBRO}', PADRE) AND TIENE_MOVIMIENTO{_NIIF}(PADRE)) THEN
       EXCEPTION CUENTA_PADRE_CON_MOVIMIENTO 'La cuenta ' || PADRE
         || ' tiene movimiento y no puede recibir auxiliares.';
   END
@@ -94,6 +146,7 @@ END^
 CREATE OR ALTER TRIGGER {CUENTAS}_BU FOR {CUENTAS}
 ACTIVE BEFORE UPDATE POSITION 0
 AS
+  DECLARE PADRE varchar(20);
 BEGIN
   IF (NEW.CUEN_COD <> OLD.CUEN_COD) THEN
   BEGIN
@@ -106,10 +159,18 @@ BEGIN
       EXCEPTION CUENTA_SIN_PADRE;
     IF (TIENE_AUXILIARES{_NIIF}(OLD.CUEN_COD)) THEN
       EXCEPTION CUENTA_CON_AUXILIARES;
+    PADRE = CODIGO_PADRE(NEW.CUEN_COD);
+    IF (PADRE = OLD.CUEN_COD) THEN
+      EXCEPTION CUENTA_SIN_PADRE;
+    EXECUTE PROCEDURE ESPERE_GRABACIONES(PADRE);
+    IF (TIENE_MOVIMIENTO{_NIIF}(PADRE)) THEN
+      EXCEPTION CUENTA_PADRE_CON_MOVIMIENTO 'La cuenta ' || PADRE
+        || ' tiene movimiento y no puede recibir auxiliares.';
   END
   IF (NEW.CUEN_COD <> OLD.CUEN_COD OR NEW.CUEN_TERCERO <> OLD.CUEN_TERCERO
     OR NEW.CUEN_CENTRO <> OLD.CUEN_CENTRO OR NEW.CUEN_RETENCION <> OLD.CUEN_RETENCION) THEN
-    IF (EXISTS (SELECT 1 FROM {DETALLE} WHERE CUEN_COD = OLD.CUEN_COD)) THEN
+    IF (NOT EN_MANTENIMIENTO('{LIBRO}', OLD.CUEN_COD)
+      AND EXISTS (SELECT 1 FROM {DETALLE} WHERE CUEN_COD = OLD.CUEN_COD)) THEN
       EXCEPTION CUENTA_CON_MOVIMIENTO 'La cuenta ' || OLD.CUEN_COD
         || ' tiene movimiento: no se pueden cambiar su código ni sus indicadores.';
 END^
@@ -192,6 +253,34 @@ BEGIN
     EXECUTE PROCEDURE AUDITE_CATALOGO(102, NEW.TERC_NIT, 'M', NEW.TERC_USUARIO);
   ELSE
     EXECUTE PROCEDURE AUDITE_CATALOGO(102, OLD.TERC_NIT, 'E', NULL);
+END^
+
+-- Ciudades y países: los terceros guardan su código sin clave foránea, porque puede venir de otra
+-- parte sin estar en la lista. Lo que alguno usa no se borra ni cambia de código.
+CREATE OR ALTER TRIGGER CIUDADES_EN_USO FOR CIUDADES
+ACTIVE BEFORE UPDATE OR DELETE POSITION 5
+AS
+  DECLARE NIT varchar(20);
+BEGIN
+  IF (UPDATING AND NEW.CIUD_COD = OLD.CIUD_COD) THEN
+    EXIT;
+  SELECT FIRST 1 TERC_NIT FROM TERCEROS WHERE CIUD_COD = OLD.CIUD_COD INTO :NIT;
+  IF (NIT IS NOT NULL) THEN
+    EXCEPTION CATALOGO_EN_USO 'La ciudad ' || OLD.CIUD_COD || ' es la del tercero ' || NIT
+      || ': no se puede borrar ni cambiar de código.';
+END^
+
+CREATE OR ALTER TRIGGER PAISES_EN_USO FOR PAISES
+ACTIVE BEFORE UPDATE OR DELETE POSITION 5
+AS
+  DECLARE NIT varchar(20);
+BEGIN
+  IF (UPDATING AND NEW.PAIS_ID = OLD.PAIS_ID) THEN
+    EXIT;
+  SELECT FIRST 1 TERC_NIT FROM TERCEROS WHERE PAIS_ID = OLD.PAIS_ID INTO :NIT;
+  IF (NIT IS NOT NULL) THEN
+    EXCEPTION CATALOGO_EN_USO 'El país ' || trim(OLD.PAIS_ID) || ' es el del tercero ' || NIT
+      || ': no se puede borrar ni cambiar de código.';
 END^
 
 CREATE OR ALTER TRIGGER CENTROS_BI FOR CENTROS

@@ -25,6 +25,45 @@ BEGIN
     ERROR = 0;
   SUSPEND;
 END^
+
+-- Da a las subcuentas de CUENTA los tres indicadores de ella. APLICADAS cuenta las que cambiaron;
+-- SIN_CAMBIO enumera, una por renglón, las que no pueden por tener ya movimiento: las primeras
+-- veinte y cuántas más. Toca solo las que difieren. La llama Tfmodcuenta.
+CREATE OR ALTER PROCEDURE APLIQUE_INDICADORES{_NIIF}
+  (CUENTA varchar(20), TERCERO char(1), CENTRO char(1), RETENCION char(1))
+RETURNS (APLICADAS integer, SIN_CAMBIO varchar(2000))
+AS
+  DECLARE CODIGO varchar(20);
+  DECLARE NOMBRE varchar(60);
+  DECLARE RETENIDAS integer = 0;
+BEGIN
+  APLICADAS = 0;
+  SIN_CAMBIO = '';
+  FOR SELECT CUEN_COD, CUEN_NOM FROM {CUENTAS}
+    WHERE CUEN_COD STARTING WITH :CUENTA AND (CUEN_TERCERO <> :TERCERO OR CUEN_CENTRO <> :CENTRO
+      OR CUEN_RETENCION <> :RETENCION)
+    ORDER BY CUEN_COD
+    INTO :CODIGO, :NOMBRE
+  DO
+    IF (EXISTS (SELECT 1 FROM {DETALLE} WHERE CUEN_COD = :CODIGO)) THEN
+    BEGIN
+      RETENIDAS = RETENIDAS + 1;
+      IF (RETENIDAS BETWEEN 2 AND 20) THEN
+        SIN_CAMBIO = SIN_CAMBIO || ascii_char(10);
+      IF (RETENIDAS <= 20) THEN
+        SIN_CAMBIO = SIN_CAMBIO || CODIGO || ' ' || NOMBRE;
+    END
+    ELSE
+    BEGIN
+      UPDATE {CUENTAS} SET CUEN_TERCERO = :TERCERO, CUEN_CENTRO = :CENTRO,
+        CUEN_RETENCION = :RETENCION
+      WHERE CUEN_COD = :CODIGO;
+      APLICADAS = APLICADAS + 1;
+    END
+  IF (RETENIDAS > 20) THEN
+    SIN_CAMBIO = SIN_CAMBIO || ascii_char(10) || 'y ' || (RETENIDAS - 20) || ' más.';
+  SUSPEND;
+END^
 --</LIBROS>
 
 -- OK "S" solo para un tercero activo. La llama valide_tercero.

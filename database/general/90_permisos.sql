@@ -1,5 +1,5 @@
--- Lo que puede hacer una persona lo deciden las opciones del programa; la base se abre a todos los
--- usuarios que el servidor deja entrar. Corre al final, cuando ya existe todo.
+-- Qué puede el papel del programa en la base general: leer usuarios y compañías y marcar la sesión
+-- abierta. Nada se concede a todo el mundo. Corre al final y se puede repetir.
 
 SET TERM ^ ;
 
@@ -8,20 +8,18 @@ AS
   DECLARE ORDEN varchar(200);
 BEGIN
   FOR
-    SELECT 'GRANT ALL ON ' || trim(RDB$RELATION_NAME) || ' TO PUBLIC' FROM RDB$RELATIONS
-    WHERE coalesce(RDB$SYSTEM_FLAG, 0) = 0
+    SELECT DISTINCT 'REVOKE ALL ON TABLE ' || trim(RDB$RELATION_NAME) || ' FROM PUBLIC'
+    FROM RDB$USER_PRIVILEGES
+    WHERE RDB$USER = 'PUBLIC' AND RDB$OBJECT_TYPE = 0
+      AND RDB$RELATION_NAME NOT STARTING WITH 'RDB$' AND RDB$RELATION_NAME NOT STARTING WITH 'MON$'
+      AND RDB$RELATION_NAME NOT STARTING WITH 'SEC$'
     UNION ALL
-    SELECT 'GRANT EXECUTE ON PROCEDURE ' || trim(RDB$PROCEDURE_NAME) || ' TO PUBLIC'
-    FROM RDB$PROCEDURES WHERE coalesce(RDB$SYSTEM_FLAG, 0) = 0
+    SELECT 'GRANT SELECT ON ' || trim(RDB$RELATION_NAME) || ' TO ROLE QUORVEX_PROGRAMA'
+    FROM RDB$RELATIONS WHERE coalesce(RDB$SYSTEM_FLAG, 0) = 0
     UNION ALL
-    SELECT 'GRANT EXECUTE ON FUNCTION ' || trim(RDB$FUNCTION_NAME) || ' TO PUBLIC'
-    FROM RDB$FUNCTIONS WHERE coalesce(RDB$SYSTEM_FLAG, 0) = 0
+    SELECT 'GRANT UPDATE (FECCON) ON USUARIO TO ROLE QUORVEX_PROGRAMA' FROM RDB$DATABASE
     UNION ALL
-    SELECT 'GRANT USAGE ON SEQUENCE ' || trim(RDB$GENERATOR_NAME) || ' TO PUBLIC'
-    FROM RDB$GENERATORS WHERE coalesce(RDB$SYSTEM_FLAG, 0) = 0
-    UNION ALL
-    SELECT 'GRANT USAGE ON EXCEPTION ' || trim(RDB$EXCEPTION_NAME) || ' TO PUBLIC'
-    FROM RDB$EXCEPTIONS WHERE coalesce(RDB$SYSTEM_FLAG, 0) = 0
+    SELECT 'GRANT QUORVEX_PROGRAMA TO USER "' || replace(USUA_COD, '"', '""') || '"' FROM USUARIO
     INTO :ORDEN
   DO
     EXECUTE STATEMENT ORDEN;

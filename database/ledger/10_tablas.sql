@@ -94,8 +94,33 @@ CREATE GLOBAL TEMPORARY TABLE SALDOS_LINEAS (
 ) ON COMMIT DELETE ROWS;
 
 -- Una fila por libro: quien compacta la toma con bloqueo, y SACO_VUELTA le dice a una consulta en
--- curso si las tablas cambiaron bajo sus pies.
+-- curso si las tablas cambiaron bajo sus pies. SACO_ANO es el año con que se guardaron los saldos
+-- iniciales: lo cambia la configuración, pero los saldos no dependen de que su fila siga allí.
 CREATE TABLE SALDOS_CONTROL (
   SACO_LIBRO varchar(4) NOT NULL,
-  SACO_VUELTA bigint DEFAULT 0 NOT NULL
+  SACO_VUELTA bigint DEFAULT 0 NOT NULL,
+  SACO_ANO char(4)
 );
+
+-- Cuentas cuyos importes no caben en una suma: se nombran en lugar de sumarlas.
+CREATE GLOBAL TEMPORARY TABLE SALDOS_DESBORDE (
+  CUEN_COD D_CUENTA NOT NULL
+) ON COMMIT DELETE ROWS;
+
+-- Saldos que el último recálculo de esta conexión encontró mal, con lo que decían y lo que dan las
+-- líneas.
+CREATE GLOBAL TEMPORARY TABLE SALDOS_CORREGIDOS (
+  SACO_LIBRO varchar(4) NOT NULL,
+  TABLA varchar(31),
+  CUENTA varchar(20),
+  ANO char(4),
+  MES smallint,
+  NIT varchar(20),
+  PROYECTO varchar(4),
+  CENTRO varchar(4),
+  ARTICULO varchar(15),
+  DEBITO numeric(18,2),
+  CREDITO numeric(18,2),
+  DEBITO_LINEAS numeric(18,2),
+  CREDITO_LINEAS numeric(18,2)
+) ON COMMIT PRESERVE ROWS;

@@ -4,18 +4,35 @@
 
 SET TERM ^ ;
 
--- Año en que empiezan los libros: de él son los saldos iniciales, en su mes 0. Vacío o mal escrito
--- en la configuración, quedan antes de todo.
-CREATE OR ALTER FUNCTION ANO_INICIO (LIBRO varchar(4))
+-- Año en que empieza un libro según la configuración: "0000" si está vacío o mal escrito, nulo si
+-- la propiedad no existe.
+CREATE OR ALTER FUNCTION ANO_CONFIGURADO (LIBRO varchar(4))
 RETURNS char(4)
 AS
   DECLARE ANO varchar(100);
 BEGIN
-  SELECT trim(CONF_VALOR) FROM CONFIGURACION
+  SELECT coalesce(trim(CONF_VALOR), '') FROM CONFIGURACION
   WHERE CONF_MODULO = 'CONTABILIDAD' AND CONF_CATEGORIA = 'GENERAL'
     AND CONF_PROPIEDAD = iif(:LIBRO = 'NIIF', 'AÑO DE INICIO NIIF', 'AÑO DE INICIO')
   INTO :ANO;
+  IF (ANO IS NULL) THEN
+    RETURN NULL;
   RETURN iif(ANO SIMILAR TO '[0-9]{4}', ANO, '0000');
+END^
+
+-- Año de los saldos iniciales, que van en su mes 0. Con "0000" quedan antes de todo.
+CREATE OR ALTER FUNCTION ANO_INICIO (LIBRO varchar(4))
+RETURNS char(4)
+AS
+BEGIN
+  RETURN coalesce((SELECT SACO_ANO FROM SALDOS_CONTROL WHERE SACO_LIBRO = :LIBRO), '0000');
+END^
+
+CREATE OR ALTER TRIGGER SALDOS_CONTROL_BD FOR SALDOS_CONTROL
+ACTIVE BEFORE DELETE POSITION 0
+AS
+BEGIN
+  EXCEPTION SALDOS_CONTROL_FIJA;
 END^
 
 --<LIBROS>
@@ -75,35 +92,31 @@ BEGIN
 END^
 
 -- Cambió el año de inicio del libro: sus saldos iniciales pasan del mes 0 del año anterior al del
--- nuevo.
+-- nuevo. Si la propiedad desaparece o cambia de nombre, se quedan donde estaban.
 CREATE OR ALTER TRIGGER CONFIGURACION_INICIO{_NIIF} FOR CONFIGURACION
-ACTIVE BEFORE INSERT OR UPDATE OR DELETE POSITION 10
-AS
-BEGIN
-  IF (coalesce(NEW.CONF_PROPIEDAD, OLD.CONF_PROPIEDAD)
-    <> iif('{LIBRO}' = 'NIIF', 'AÑO DE INICIO NIIF', 'AÑO DE INICIO')) THEN
-    EXIT;
-  INSERT INTO SALDOS_DIFERENCIA{_NIIF} (CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD,
-    CENT_COD, ARTI_COD, SALD_DEBITO, SALD_CREDITO)
-  SELECT CUEN_COD, ANO_INICIO('{LIBRO}'), 0, coalesce(TERC_NIT, ''), coalesce(PROY_COD, ''),
-    coalesce(CENT_COD, ''), coalesce(ARTI_COD, ''), -coalesce(SAIN_DEBITO, 0),
-    -coalesce(SAIN_CREDITO, 0)
-  FROM SALDOS_INICIALES{_NIIF};
-END^
-
-CREATE OR ALTER TRIGGER CONFIGURACION_INICIADO{_NIIF} FOR CONFIGURACION
 ACTIVE AFTER INSERT OR UPDATE OR DELETE POSITION 10
 AS
+  DECLARE ANTES char(4);
+  DECLARE AHORA char(4);
 BEGIN
-  IF (coalesce(NEW.CONF_PROPIEDAD, OLD.CONF_PROPIEDAD)
-    <> iif('{LIBRO}' = 'NIIF', 'AÑO DE INICIO NIIF', 'AÑO DE INICIO')) THEN
+  IF ('AÑO DE INICIO' || trim(trailing FROM iif('{LIBRO}' = 'NIIF', ' NIIF', ''))
+    NOT IN (coalesce(NEW.CONF_PROPIEDAD, ''), coalesce(OLD.CONF_PROPIEDAD, ''))) THEN
+    EXIT;
+  ANTES = ANO_INICIO('{LIBRO}');
+  AHORA = ANO_CONFIGURADO('{LIBRO}');
+  IF (AHORA IS NULL OR AHORA = ANTES) THEN
     EXIT;
   INSERT INTO SALDOS_DIFERENCIA{_NIIF} (CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD,
     CENT_COD, ARTI_COD, SALD_DEBITO, SALD_CREDITO)
-  SELECT CUEN_COD, ANO_INICIO('{LIBRO}'), 0, coalesce(TERC_NIT, ''), coalesce(PROY_COD, ''),
-    coalesce(CENT_COD, ''), coalesce(ARTI_COD, ''), coalesce(SAIN_DEBITO, 0),
-    coalesce(SAIN_CREDITO, 0)
+  SELECT CUEN_COD, :ANTES, 0, coalesce(TERC_NIT, ''), coalesce(PROY_COD, ''),
+    coalesce(CENT_COD, ''), coalesce(ARTI_COD, ''), -SAIN_DEBITO, -SAIN_CREDITO
   FROM SALDOS_INICIALES{_NIIF};
+  INSERT INTO SALDOS_DIFERENCIA{_NIIF} (CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD,
+    CENT_COD, ARTI_COD, SALD_DEBITO, SALD_CREDITO)
+  SELECT CUEN_COD, :AHORA, 0, coalesce(TERC_NIT, ''), coalesce(PROY_COD, ''),
+    coalesce(CENT_COD, ''), coalesce(ARTI_COD, ''), SAIN_DEBITO, SAIN_CREDITO
+  FROM SALDOS_INICIALES{_NIIF};
+  UPDATE SALDOS_CONTROL SET SACO_ANO = :AHORA WHERE SACO_LIBRO = '{LIBRO}';
 END^
 --</LIBROS>
 

@@ -80,3 +80,12 @@ CREATE TABLE REGISTRO_CONCEPTOS (
   RECO_ITEM integer NOT NULL,
   CONC_COD varchar(4) NOT NULL
 );
+
+-- Cada vez que un registro automático se ejecutó: para decirlo antes de hacerlo otra vez. Se va con
+-- su comprobante.
+CREATE TABLE REGISTRO_EJECUCION (
+  ENCO_CONSEC integer NOT NULL,
+  REAU_COD varchar(4) NOT NULL,
+  REEJ_ANO varchar(4) NOT NULL,
+  REEJ_MES smallint NOT NULL
+);

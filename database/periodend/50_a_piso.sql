@@ -40,13 +40,12 @@ BEGIN
     FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :ID), 'id ' || :ID);
 END^
 
--- Usuario a cuyo nombre se hace o se deshace un proceso.
+-- Usuario a cuyo nombre se hace o se deshace un proceso: el mismo que anota la auditoría.
 CREATE OR ALTER FUNCTION USUARIO_ACTUAL
 RETURNS varchar(10)
 AS
 BEGIN
-  RETURN substring(coalesce(rdb$get_context('USER_TRANSACTION', 'USUARIO'),
-    rdb$get_context('USER_SESSION', 'USUARIO'), CURRENT_USER) FROM 1 FOR 10);
+  RETURN USUARIO_AUDITADO(USUARIO_QUE_OPERA());
 END^
 
 -- Verdadero si el alcance ("C" local, "N" NIIF, "A" ambos) toca el libro.
@@ -89,11 +88,12 @@ BEGIN
 END^
 
 -- Asienta lo que el proceso armó en la hoja ASIENTO y devuelve el comprobante. QUE nombra el
--- proceso en la negativa de una hoja vacía; VACIO dice por qué lo está.
+-- proceso en la negativa de una hoja vacía; VACIO dice por qué lo está. DE_SALDOS "N": las líneas
+-- son movimiento nuevo y cumplen lo que su cuenta exige.
 CREATE OR ALTER PROCEDURE ASIENTE_PROCESO (
   ASIENTO integer, TIPO varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CONCEPTO varchar(60), REFER varchar(8), NIT varchar(20), USUARIO varchar(10), QUE varchar(60),
-  VACIO varchar(120))
+  VACIO varchar(120), DE_SALDOS char(1) = 'S')
 RETURNS (ID integer, NUMERO_FINAL varchar(8))
 AS
   DECLARE MONTO numeric(15,2);
@@ -105,12 +105,18 @@ BEGIN
   IF (MONTO IS NULL) THEN
     EXCEPTION PROCESO_VACIO QUE || ': ' || VACIO || ' No se hizo ningún comprobante.';
   -- Un saldo se cancela como está, aunque a la cuenta hoy se le exija más.
-  rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', 'S');
+  rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', nullif(DE_SALDOS, 'N'));
   NOMBRE = (SELECT TERC_NOM FROM TERCEROS WHERE TERC_NIT = :NIT);
   EXECUTE PROCEDURE ASIENTE_COMPROBANTE(ASIENTO, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO, REFER, 0,
     0, USUARIO, NIT, NOMBRE, MONTO, 'N', 'N', NULL)
   RETURNING_VALUES ID, NUMERO_FINAL;
   rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', NULL);
+
+  WHEN ANY DO
+  BEGIN
+    rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', NULL);
+    EXCEPTION;
+  END
 END^
 
 SET TERM ; ^

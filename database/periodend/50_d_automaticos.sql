@@ -87,6 +87,21 @@ BEGIN
   END
 END^
 
+-- Comprobante con que un registro ya se ejecutó en un período ("CG 0001 000045"), el último; sin
+-- filas si no se ha hecho. La llama Tfejecutaregiauto antes de hacerlo otra vez.
+CREATE OR ALTER PROCEDURE REGIAUTO_EJECUTADO (REGISTRO varchar(4), ANO varchar(4), MES smallint)
+RETURNS (COMPROBANTE varchar(30))
+AS
+BEGIN
+  FOR
+    SELECT FIRST 1 NOMBRE_COMPROBANTE(ENCO_CONSEC) FROM REGISTRO_EJECUCION
+    WHERE REAU_COD = :REGISTRO AND REEJ_ANO = :ANO AND REEJ_MES = :MES
+    ORDER BY ENCO_CONSEC DESC
+    INTO :COMPROBANTE
+  DO
+    SUSPEND;
+END^
+
 -- Hace el comprobante de un registro en un período. DIA, día del mes; NUMERO vacío toma el del
 -- prefijo. ID es el comprobante, o nulo si ninguna cuenta base dio valor: nada se escribe entonces.
 -- La llama Tfejecutaregiauto.
@@ -117,8 +132,10 @@ BEGIN
   BEGIN
     EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, TIPO, PREFIJO, NUMERO,
       ANO || lpad(MES, 2, '0') || lpad(DIA, 2, '0'), CONCEPTO, REFER, NULL, USUARIO_ACTUAL(),
-      'Registro automático ' || REGISTRO, 'ninguna línea dio valor.')
+      'Registro automático ' || REGISTRO, 'ninguna línea dio valor.', 'N')
     RETURNING_VALUES CONSECUTIVO, NUMERO_FINAL;
+    INSERT INTO REGISTRO_EJECUCION (ENCO_CONSEC, REAU_COD, REEJ_ANO, REEJ_MES)
+    VALUES (:CONSECUTIVO, :REGISTRO, :ANO, :MES);
     ID = CONSECUTIVO;
   END
   SUSPEND;

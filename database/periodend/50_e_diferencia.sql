@@ -36,7 +36,9 @@ END^
 -- Lleva cada documento en moneda a la tasa TRM (pesos por unidad) y asienta la diferencia contra la
 -- ganancia o la pérdida en cambio. FECHA "aaaa/mm/dd"; NUMERO vacío toma el del prefijo. Devuelve
 -- una fila por documento ajustado: su PREFIJO (vacío), NUMERO y la DIFERENCIA, positiva si el
--- documento vale más. Rehúsa si no hay nada que ajustar. La llama Tfcausadifc.
+-- documento vale más. Rehúsa si no hay nada que ajustar. El concepto y la referencia que quien la
+-- llama deje en las variables CONCEPTO_PROCESO y REFER_PROCESO de la transacción son los del
+-- comprobante. La llama Tfcausadifc.
 CREATE OR ALTER PROCEDURE CAUSA_DIFERENCIA_CAMBIO (
   FECHA varchar(10), TIPO varchar(3), PREF varchar(4), NUMERO_COMP varchar(8), TRM numeric(15,4),
   CUENTA varchar(20))
@@ -57,7 +59,8 @@ BEGIN
   IF (coalesce(TRM, 0) <= 0) THEN
     EXCEPTION PROCESO_INCOMPLETO 'La TRM del día debe ser mayor que cero.';
   DIA = replace(FECHA, '/', '');
-  CONCEPTO = 'Diferencia en cambio a ' || FECHA;
+  CONCEPTO = coalesce(nullif(rdb$get_context('USER_TRANSACTION', 'CONCEPTO_PROCESO'), ''),
+    'Diferencia en cambio a ' || FECHA);
   ASIENTO = NEXT VALUE FOR SEC_ASIENTO_PROCESO;
   FOR
     SELECT CODIGO, NIT, PROY, CENTRO, DOCUMENTO, TIPO, cast(MONEDA * :TRM AS numeric(15,2)) - PESOS
@@ -94,8 +97,9 @@ BEGIN
       iif(CUEN_CENTRO = 'S', :PROY, NULL), iif(CUEN_CENTRO = 'S', :CENTRO, NULL), 'N'
     FROM CUENTAS WHERE CUEN_COD = :CONTRA;
   END
-  EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, TIPO, PREF, NUMERO_COMP, DIA, CONCEPTO, NULL, NULL,
-    USUARIO_ACTUAL(), 'Diferencia en cambio',
+  EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, TIPO, PREF, NUMERO_COMP, DIA, CONCEPTO,
+    left(rdb$get_context('USER_TRANSACTION', 'REFER_PROCESO'), 8), NULL, USUARIO_ACTUAL(),
+    'Diferencia en cambio',
     'ningún documento en moneda de la cuenta ' || CUENTA || ' cambia con esa TRM.')
   RETURNING_VALUES ID, FINAL;
   FOR

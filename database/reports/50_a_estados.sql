@@ -20,9 +20,11 @@ END^
 --  * SIN_MOVIMIENTO: también las cuentas sin saldo ni movimiento;
 --  * CON_RESULTADO: el resultado sin cerrar de las clases 4 a 7 va en el patrimonio, en el renglón
 --    39 y sumado a la clase 3, para que activo sea pasivo más patrimonio;
---  * GENERAL: calcula UOP y NETO, iguales en todas las filas (ingresos al crédito menos costos y
---    gastos; la utilidad operacional toma 41, 51, 52, 6 y 7);
---  * MENSUAL: MOVIMIEN, UOP y NETO son del mes; con "N", MOVIMIEN es el saldo.
+--  * GENERAL: con MENSUAL, también UOP y NETO son del mes; sin él son siempre los del saldo, que es
+--    lo que suma el estado detallado;
+--  * MENSUAL: MOVIMIEN es el movimiento del mes; con "N", el saldo.
+-- UOP y NETO van iguales en todas las filas: ingresos al crédito menos costos y gastos; la utilidad
+-- operacional toma 41, 51, 52, 6 y 7.
 -- Lo llaman Tfrngbalancegeneral y Tfrngresulgeneral; la comparación de dos compañías también.
 CREATE OR ALTER PROCEDURE BALANCE_MES{_NIIF} (
   ANO varchar(4), MES smallint, SIN_MOVIMIENTO char(1), CON_RESULTADO char(1), GENERAL char(1),
@@ -37,21 +39,16 @@ AS
   DECLARE RDEB numeric(18,2) = 0;
   DECLARE RCRE numeric(18,2) = 0;
   DECLARE SIGNO smallint;
+  DECLARE DEL_MES char(1);
 BEGIN
-  UOP = 0;
-  NETO = 0;
+  DEL_MES = iif(GENERAL = 'S', MENSUAL, 'N');
   SELECT coalesce(sum(INICIAL), 0), coalesce(sum(DEBITOS), 0), coalesce(sum(CREDITOS), 0),
-    -coalesce(sum(iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS), 0),
+    -coalesce(sum(iif(:DEL_MES = 'S', 0, INICIAL) + DEBITOS - CREDITOS), 0),
     -coalesce(sum(iif(left(CUENTA, 2) IN ('41', '51', '52') OR left(CUENTA, 1) IN ('6', '7'),
-      iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS, 0)), 0)
+      iif(:DEL_MES = 'S', 0, INICIAL) + DEBITOS - CREDITOS, 0)), 0)
   FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES)
   WHERE CUENTA >= '4' AND CUENTA < '8'
   INTO :RINI, :RDEB, :RCRE, :NETO, :UOP;
-  IF (GENERAL <> 'S') THEN
-  BEGIN
-    UOP = 0;
-    NETO = 0;
-  END
   IF (CON_RESULTADO <> 'S' OR (RINI = 0 AND RDEB = 0 AND RCRE = 0)) THEN
     CON_RESULTADO = 'N';
   FOR
@@ -211,10 +208,10 @@ BEGIN
 END^
 
 -- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre.
--- Con TERCERO "S", también por tercero, como el acumulado. Lo llama Tfrngbalanceanual. CENTROS no
--- se usa: los centros tienen su procedimiento.
+-- Con SALDOS "S" cada mes lleva, en vez de su movimiento, el saldo con que termina. Con TERCERO
+-- "S", también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual.
 CREATE OR ALTER PROCEDURE BALANCE_ANUAL{_NIIF} (
-  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), CENTROS char(1))
+  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), SALDOS char(1))
 RETURNS (CODIGO varchar(30), NOMBRE varchar(60), INICIAL numeric(15,2), MVENE numeric(15,2),
   MVFEB numeric(15,2), MVMAR numeric(15,2), MVABR numeric(15,2), MVMAY numeric(15,2),
   MVJUN numeric(15,2), MVJUL numeric(15,2), MVAGO numeric(15,2), MVSEP numeric(15,2),
@@ -271,7 +268,25 @@ BEGIN
     INTO :CODIGO, :NOMBRE, :INICIAL, :MVENE, :MVFEB, :MVMAR, :MVABR, :MVMAY, :MVJUN, :MVJUL, :MVAGO,
       :MVSEP, :MVOCT, :MVNOV, :MVDIC, :MVCIE, :FINAL, :NIVEL, :NIT, :NOMTERC
   DO
+  BEGIN
+    IF (SALDOS = 'S') THEN
+    BEGIN
+      MVENE = INICIAL + MVENE;
+      MVFEB = MVENE + MVFEB;
+      MVMAR = MVFEB + MVMAR;
+      MVABR = MVMAR + MVABR;
+      MVMAY = MVABR + MVMAY;
+      MVJUN = MVMAY + MVJUN;
+      MVJUL = MVJUN + MVJUL;
+      MVAGO = MVJUL + MVAGO;
+      MVSEP = MVAGO + MVSEP;
+      MVOCT = MVSEP + MVOCT;
+      MVNOV = MVOCT + MVNOV;
+      MVDIC = MVNOV + MVDIC;
+      MVCIE = MVDIC + MVCIE;
+    END
     SUSPEND;
+  END
 END^
 
 -- Dos meses de cualquier año, lado a lado; con TERCEROS "S", también por tercero. TERCERO es "S" en
@@ -327,7 +342,7 @@ RETURNS (CODIGO varchar(20), NOMBRE varchar(60), NIVEL integer, MVENE numeric(15
 AS
 BEGIN
   FOR
-    WITH MESES AS (
+    WITH ANUAL AS (
       SELECT CODIGO, NOMBRE, NIVEL, MVENE, MVFEB, MVMAR, MVABR, MVMAY, MVJUN, MVJUL, MVAGO, MVSEP,
         MVOCT, MVNOV, MVDIC, MVCIE
       FROM BALANCE_ANUAL(:ANO, '4', '7', 'N', 'N') WHERE :NIIF <> 'S'
@@ -338,12 +353,12 @@ BEGIN
     FILA AS (
       SELECT CODIGO, NOMBRE, NIVEL, NATURALEZA(CODIGO) SIGNO, MVENE, MVFEB, MVMAR, MVABR, MVMAY,
         MVJUN, MVJUL, MVAGO, MVSEP, MVOCT, MVNOV, MVDIC, MVCIE
-      FROM MESES
+      FROM ANUAL
       UNION ALL
       SELECT 'Z', 'Utilidad o pérdida', 0, -1, sum(MVENE), sum(MVFEB), sum(MVMAR), sum(MVABR),
         sum(MVMAY), sum(MVJUN), sum(MVJUL), sum(MVAGO), sum(MVSEP), sum(MVOCT), sum(MVNOV),
         sum(MVDIC), sum(MVCIE)
-      FROM MESES WHERE NIVEL = 1
+      FROM ANUAL WHERE NIVEL = 1
       HAVING count(*) > 0)
     SELECT CODIGO, NOMBRE, NIVEL, SIGNO * MVENE, SIGNO * MVFEB, SIGNO * MVMAR, SIGNO * MVABR,
       SIGNO * MVMAY, SIGNO * MVJUN, SIGNO * MVJUL, SIGNO * MVAGO, SIGNO * MVSEP, SIGNO * MVOCT,

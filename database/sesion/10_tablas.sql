@@ -57,9 +57,14 @@ CREATE TABLE AUDITORIA (
 
 -- Lo ya auditado en la transacción en curso, para dejar una sola fila por operación. Las
 -- variables de contexto no sirven de memoria: el motor solo admite mil por transacción.
+-- AUDI_ID es la fila que quedó; AUDI_ORIGEN, "E" si empezó por el encabezado y "L" por una línea;
+-- AUDI_BORRO, "S" si se borraron líneas.
 CREATE GLOBAL TEMPORARY TABLE AUDITADO (
   TIDO_COD integer NOT NULL,
-  AUDI_IDDOC integer NOT NULL
+  AUDI_IDDOC integer NOT NULL,
+  AUDI_ID bigint,
+  AUDI_ORIGEN char(1),
+  AUDI_BORRO char(1)
 ) ON COMMIT DELETE ROWS;
 
 CREATE TABLE TIPO_COMPROBANTE (

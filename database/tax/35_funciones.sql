@@ -23,4 +23,21 @@ BEGIN
     RETURN NULL;
 END^
 
+-- Departamento de un municipio, por los dos primeros dígitos de su código DIVIPOLA; nulo si no es
+-- de ninguno.
+CREATE OR ALTER FUNCTION NOMBRE_DEPARTAMENTO (MUNICIPIO varchar(5))
+RETURNS varchar(60) DETERMINISTIC
+AS
+BEGIN
+  RETURN decode(substring(MUNICIPIO FROM 1 FOR 2),
+    '05', 'Antioquia', '08', 'Atlántico', '11', 'Bogotá, D.C.', '13', 'Bolívar',
+    '15', 'Boyacá', '17', 'Caldas', '18', 'Caquetá', '19', 'Cauca', '20', 'Cesar',
+    '23', 'Córdoba', '25', 'Cundinamarca', '27', 'Chocó', '41', 'Huila', '44', 'La Guajira',
+    '47', 'Magdalena', '50', 'Meta', '52', 'Nariño', '54', 'Norte de Santander',
+    '63', 'Quindío', '66', 'Risaralda', '68', 'Santander', '70', 'Sucre', '73', 'Tolima',
+    '76', 'Valle del Cauca', '81', 'Arauca', '85', 'Casanare', '86', 'Putumayo',
+    '88', 'Archipiélago de San Andrés, Providencia y Santa Catalina', '91', 'Amazonas',
+    '94', 'Guainía', '95', 'Guaviare', '97', 'Vaupés', '99', 'Vichada');
+END^
+
 SET TERM ; ^

@@ -3,7 +3,13 @@
 -- Cada línea va a un solo concepto, así los totales del archivo son los de las cuentas:
 --  * una cuenta cae en el renglón de MEDIOSMAG_CUENTAS cuyo código sea su comienzo más largo;
 --  * una cuenta compañera (IVA, retenciones) que sirve a varios conceptos va al del renglón cuyo
---    valor lleva el mismo tercero en el mismo comprobante; si no lo hay, al primero que la nombra.
+--    valor lleva el mismo tercero en el mismo comprobante; si no lo hay, al primero que la nombra,
+--    salvo lo que la disminuye: es la declaración que la paga, no una retención que se devuelve.
+-- Un renglón dice qué toma de su cuenta: "D" débitos menos créditos, "C" al revés, "B" solo
+-- débitos, "R" solo créditos, "T" débitos menos créditos de las líneas que nombran tercero (compras
+-- de inventario sin su costo de ventas) y "N" nada: la cuenta no se reporta.
+-- El movimiento sin tercero es del de su comprobante (que solo se busca entonces: igualar a nulo no
+-- lee nada); un saldo, de nadie más que de su línea.
 -- Los importes se redondean al peso por tercero y concepto, antes de juntar las cuantías menores.
 
 SET TERM ^ ;
@@ -31,9 +37,10 @@ BEGIN
       rank() OVER (PARTITION BY C.CUEN_COD, R.PAPEL ORDER BY char_length(R.CUENTA) DESC) PUESTO,
       row_number() OVER (PARTITION BY C.CUEN_COD, R.PAPEL
         ORDER BY char_length(R.CUENTA) DESC, R.ITEM, R.CONS) TURNO
+    -- Por la izquierda: el plan se lee por su índice, renglón a renglón.
     FROM RENGLON R
-    JOIN CUENTAS C ON C.CUEN_COD STARTING WITH R.CUENTA AND C.CUEN_AFECTABLE = 'S'
-    WHERE R.CUENTA <> '')
+    LEFT JOIN CUENTAS C ON C.CUEN_COD STARTING WITH R.CUENTA
+    WHERE R.CUENTA <> '' AND C.CUEN_AFECTABLE = 'S')
   SELECT CUEN_COD, PAPEL, ITEM, min(NATUR) FROM CANDIDATA
   WHERE iif(PAPEL = 1, TURNO, PUESTO) = 1
   GROUP BY CUEN_COD, PAPEL, ITEM;
@@ -53,12 +60,15 @@ BEGIN
   IF (REGLA IN ('S', 'P')) THEN
     INICIO = '';
   INSERT INTO MEDIO_IMPORTE (ITEM, TERC_NIT, PAPEL, VALOR)
-  SELECT M.ITEM, coalesce(D.TERC_NIT, ''),
+  SELECT M.ITEM, coalesce(D.TERC_NIT, E.TERC_NIT, ''),
     iif(:REGLA = 'M' AND D.CODE_DESCONTABLE = 'N', 8, 1),
-    sum(iif(M.NATUR = 'C', -1, 1) * (D.CODE_DEBITO - D.CODE_CREDITO))
+    sum(decode(M.NATUR, 'B', D.CODE_DEBITO, 'R', D.CODE_CREDITO,
+      'C', D.CODE_CREDITO - D.CODE_DEBITO, D.CODE_DEBITO - D.CODE_CREDITO))
   FROM MEDIO_CUENTA M
   JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
-  WHERE M.PAPEL = 1
+  LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC
+    = iif(D.TERC_NIT IS NULL AND :REGLA IN ('M', 'B'), D.ENCO_CONSEC, NULL)
+  WHERE M.PAPEL = 1 AND M.NATUR <> 'N' AND (M.NATUR <> 'T' OR D.TERC_NIT IS NOT NULL)
   GROUP BY 1, 2, 3;
   IF (REGLA IN ('S', 'P')) THEN
     INSERT INTO MEDIO_IMPORTE (ITEM, TERC_NIT, PAPEL, VALOR)
@@ -66,16 +76,20 @@ BEGIN
       sum(iif(M.NATUR = 'C', -1, 1) * (S.SAIN_DEBITO - S.SAIN_CREDITO))
     FROM MEDIO_CUENTA M
     JOIN SALDOS_INICIALES S ON S.CUEN_COD = M.CUEN_COD
-    WHERE M.PAPEL = 1
+    WHERE M.PAPEL = 1 AND M.NATUR <> 'N'
     GROUP BY 1, 2;
   IF (REGLA = 'B') THEN
     INSERT INTO MEDIO_IMPORTE (ITEM, TERC_NIT, PAPEL, VALOR)
-    SELECT M.ITEM, coalesce(D.TERC_NIT, ''), 9,
-      sum(iif((D.CODE_DEBITO <> 0) = (M.NATUR <> 'C'), 1, -1) * abs(coalesce(D.CODE_BASE, 0)))
+    SELECT M.ITEM, coalesce(D.TERC_NIT, E.TERC_NIT, ''), 9,
+      sum(iif((D.CODE_DEBITO <> 0) = (M.NATUR NOT IN ('C', 'R')), 1, -1)
+        * abs(coalesce(D.CODE_BASE, 0)))
     FROM MEDIO_CUENTA M
     JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD
       AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
-    WHERE M.PAPEL = 1
+    LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC
+      = iif(D.TERC_NIT IS NULL, D.ENCO_CONSEC, NULL)
+    WHERE M.PAPEL = 1 AND decode(M.NATUR, 'N', 0, 'B', D.CODE_DEBITO, 'R', D.CODE_CREDITO,
+      'T', iif(D.TERC_NIT IS NULL, 0, 1), 1) <> 0
     GROUP BY 1, 2;
   IF (NOT EXISTS (SELECT 1 FROM MEDIO_CUENTA WHERE PAPEL > 1)) THEN
   BEGIN
@@ -84,25 +98,30 @@ BEGIN
   END
 
   INSERT INTO MEDIO_ORIGEN (ENCO_CONSEC, TERC_NIT, ITEM)
-  SELECT DISTINCT D.ENCO_CONSEC, coalesce(D.TERC_NIT, ''), M.ITEM
+  SELECT DISTINCT D.ENCO_CONSEC, coalesce(D.TERC_NIT, E.TERC_NIT, ''), M.ITEM
   FROM MEDIO_CUENTA M
   JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
-  WHERE M.PAPEL = 1;
+  LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC
+    = iif(D.TERC_NIT IS NULL, D.ENCO_CONSEC, NULL)
+  WHERE M.PAPEL = 1 AND M.NATUR <> 'N' AND (M.NATUR <> 'T' OR D.TERC_NIT IS NOT NULL);
   -- El IVA suma al débito; las retenciones, al crédito; la segunda cuenta, según el formato.
   INSERT INTO MEDIO_IMPORTE (ITEM, TERC_NIT, PAPEL, VALOR)
   SELECT coalesce(ORIGEN, PRIMERO), TERC_NIT, PAPEL, sum(VALOR)
   FROM (
-    SELECT D.ENCO_CONSEC, D.CODE_ITEM, coalesce(D.TERC_NIT, '') TERC_NIT, M.PAPEL,
+    SELECT D.ENCO_CONSEC, D.CODE_ITEM, coalesce(D.TERC_NIT, E.TERC_NIT, '') TERC_NIT, M.PAPEL,
       min(M.ITEM) PRIMERO, min(O.ITEM) ORIGEN,
       min(iif(M.PAPEL IN (3, 5) OR (M.PAPEL = 2 AND :NATUR2 = 'D'), 1, -1)
         * (D.CODE_DEBITO - D.CODE_CREDITO)) VALOR
     FROM MEDIO_CUENTA M
     JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD
       AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
+    LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC
+      = iif(D.TERC_NIT IS NULL, D.ENCO_CONSEC, NULL)
     LEFT JOIN MEDIO_ORIGEN O ON O.ENCO_CONSEC = D.ENCO_CONSEC
-      AND O.TERC_NIT = coalesce(D.TERC_NIT, '') AND O.ITEM = M.ITEM
-    WHERE M.PAPEL > 1
-    GROUP BY D.ENCO_CONSEC, D.CODE_ITEM, D.TERC_NIT, M.PAPEL)
+      AND O.TERC_NIT = coalesce(D.TERC_NIT, E.TERC_NIT, '') AND O.ITEM = M.ITEM
+    WHERE M.PAPEL > 1 AND M.NATUR <> 'N'
+    GROUP BY D.ENCO_CONSEC, D.CODE_ITEM, 3, M.PAPEL)
+  WHERE ORIGEN IS NOT NULL OR VALOR > 0
   GROUP BY 1, 2, 3;
   SUSPEND;
 END^
@@ -221,8 +240,9 @@ BEGIN
 END^
 
 -- Valor del archivo contra el de las cuentas del libro, por concepto, y al final las cuentas
--- vigiladas con movimiento que ningún concepto toma (CONCEPTO nulo). DIFERENCIA de menos de un peso
--- por tercero es redondeo. La llama Tfmediosmag13.
+-- vigiladas con movimiento que ningún concepto toma y las que tienen ajustes del año (mes 13) que
+-- las fechas dejan por fuera (CONCEPTO nulo). DIFERENCIA de menos de un peso por tercero es
+-- redondeo. La llama Tfmediosmag13.
 CREATE OR ALTER PROCEDURE CUADRE_MEDIO (
   FORMATO integer, ANO varchar(4), INICIO varchar(8), FINAL varchar(8))
 RETURNS (CONCEPTO integer, CUENTA varchar(20), NOMBRE varchar(60), ARCHIVO numeric(18,2),
@@ -262,6 +282,25 @@ BEGIN
     WHERE V.MEDM_FORMATO = :FORMATO
       AND NOT EXISTS (SELECT 1 FROM MEDIO_CUENTA M WHERE M.PAPEL > 0 AND M.CUEN_COD = C.CUEN_COD)
     GROUP BY C.CUEN_COD, C.CUEN_NOM
+    ORDER BY C.CUEN_COD
+    INTO :CUENTA, :NOMBRE, :LIBRO
+  DO
+  BEGIN
+    DIFERENCIA = -LIBRO;
+    SUSPEND;
+  END
+  IF (FINAL >= ANO || '1301') THEN
+    EXIT;
+  FOR
+    SELECT C.CUEN_COD, left('Ajustes por incluir: ' || C.CUEN_NOM, 60),
+      sum(D.CODE_DEBITO - D.CODE_CREDITO)
+    FROM MEDIO_CUENTA M
+    JOIN CUENTAS C ON C.CUEN_COD = M.CUEN_COD
+    JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD
+      AND D.CODE_FECHA BETWEEN :ANO || '1301' AND :ANO || '1399'
+    WHERE M.PAPEL = 1 AND M.NATUR <> 'N'
+    GROUP BY C.CUEN_COD, C.CUEN_NOM
+    HAVING sum(D.CODE_DEBITO - D.CODE_CREDITO) <> 0
     ORDER BY C.CUEN_COD
     INTO :CUENTA, :NOMBRE, :LIBRO
   DO

@@ -2,15 +2,53 @@
 
 SET TERM ^ ;
 
+-- Lo que se dice cuando el contador de un prefijo pasó de 999999.
+CREATE OR ALTER FUNCTION NUMERO_AGOTADO (TIPO varchar(20), PREFIJO varchar(20))
+RETURNS varchar(255) DETERMINISTIC
+AS
+BEGIN
+  RETURN 'El prefijo ' || PREFIJO || ' del tipo ' || TIPO || ' ya usó el 999999, su último número. '
+    || 'Registre otro prefijo para el tipo y escójalo en el comprobante.';
+END^
+
 CREATE OR ALTER TRIGGER COMPROBANTE_BI FOR COMPROBANTE_ENCABEZADO
 ACTIVE BEFORE INSERT OR UPDATE POSITION 0
 AS
 BEGIN
-  -- De la fecha salen el año y el mes de los saldos: una mal formada no tendría dónde contar. El
-  -- mes 13 son los ajustes y el 14 el cierre.
-  IF (NOT NEW.ENCO_FECHA SIMILAR TO '[0-9]{4}(0[1-9]|1[0-4])(0[1-9]|[12][0-9]|3[01])') THEN
+  -- De la fecha salen el año y el mes de los saldos: una que no existe no tendría dónde contar.
+  IF ((INSERTING OR NEW.ENCO_FECHA IS DISTINCT FROM OLD.ENCO_FECHA)
+    AND NOT EXISTE_FECHA(NEW.ENCO_FECHA)) THEN
+  BEGIN
+    IF (trim(NEW.ENCO_FECHA) SIMILAR TO '[0-9]{8}') THEN
+      EXCEPTION COMPROBANTE_FECHA 'La fecha ' || FECHA_CON_BARRAS(NEW.ENCO_FECHA)
+        || ' no existe. Corrija el día o el mes del comprobante.';
     EXCEPTION COMPROBANTE_FECHA 'La fecha del comprobante "' || trim(NEW.ENCO_FECHA)
       || '" debe tener la forma aaaammdd.';
+  END
+  -- "777" y "000777" son el mismo número: se guarda siempre con seis cifras.
+  IF (INSERTING OR NEW.ENCO_NUMERO IS DISTINCT FROM OLD.ENCO_NUMERO) THEN
+  BEGIN
+    NEW.ENCO_NUMERO = trim(NEW.ENCO_NUMERO);
+    IF (coalesce(NEW.ENCO_NUMERO, '') = '') THEN
+      EXCEPTION COMPROBANTE_NUMERO;
+    IF (NEW.ENCO_NUMERO SIMILAR TO '[0-9]+') THEN
+    BEGIN
+      IF (cast(NEW.ENCO_NUMERO AS integer) > 999999) THEN
+        EXCEPTION COMPROBANTE_NUMERO NUMERO_AGOTADO(NEW.TICO_COD, NEW.PRCO_PREF);
+      NEW.ENCO_NUMERO = lpad(cast(NEW.ENCO_NUMERO AS integer), 6, '0');
+    END
+  END
+  NEW.TERC_NIT = nullif(NEW.TERC_NIT, '');
+  NEW.ENCO_MANDANTE = nullif(NEW.ENCO_MANDANTE, '');
+  IF (NEW.TERC_NIT IS NOT NULL AND (INSERTING OR NEW.TERC_NIT IS DISTINCT FROM OLD.TERC_NIT)
+    AND NOT EXISTS (SELECT 1 FROM TERCEROS WHERE TERC_NIT = NEW.TERC_NIT)) THEN
+    EXCEPTION COMPROBANTE_TERCERO 'El tercero ' || NEW.TERC_NIT
+      || ' del comprobante no existe. Regístrelo o escoja otro.';
+  IF (NEW.ENCO_MANDANTE IS NOT NULL
+    AND (INSERTING OR NEW.ENCO_MANDANTE IS DISTINCT FROM OLD.ENCO_MANDANTE)
+    AND NOT EXISTS (SELECT 1 FROM TERCEROS WHERE TERC_NIT = NEW.ENCO_MANDANTE)) THEN
+    EXCEPTION COMPROBANTE_TERCERO 'El mandante ' || NEW.ENCO_MANDANTE
+      || ' del comprobante no existe. Regístrelo o escoja otro.';
   NEW.ENCO_TIPOREF = coalesce(NEW.ENCO_TIPOREF, 0);
   NEW.ENCO_IDREF = coalesce(NEW.ENCO_IDREF, 0);
 END^
@@ -27,13 +65,12 @@ AS
   DECLARE ACTUAL bigint;
   DECLARE USADO bigint;
 BEGIN
-  IF (NOT NEW.ENCO_NUMERO SIMILAR TO '[0-9]+') THEN
-    EXIT;
+  -- El bloqueo se toma siempre: quien abre un auxiliar espera en él a los que están grabando.
   SELECT PRCO_AUTO, PREF_NUMERO FROM PREFIJOS_CONTA
   WHERE TICO_COD = NEW.TICO_COD AND PRCO_PREF = NEW.PRCO_PREF
   WITH LOCK
   INTO :AUTOMATICO, :CONTADOR;
-  IF (CONTADOR IS NULL) THEN
+  IF (CONTADOR IS NULL OR NOT NEW.ENCO_NUMERO SIMILAR TO '[0-9]+') THEN
     EXIT;
   USADO = cast(NEW.ENCO_NUMERO AS bigint);
   ACTUAL = iif(trim(CONTADOR) SIMILAR TO '[0-9]+', cast(trim(CONTADOR) AS bigint), 0);
@@ -51,14 +88,14 @@ ACTIVE AFTER INSERT OR UPDATE OR DELETE POSITION 20
 AS
 BEGIN
   IF (INSERTING) THEN
-    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1, NEW.ENCO_CONSEC, 'I', NEW.ENCO_USUARIO);
+    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1, NEW.ENCO_CONSEC, 'I', NEW.ENCO_USUARIO, 'E');
   ELSE IF (DELETING) THEN
     EXECUTE PROCEDURE AUDITE_COMPROBANTE(1, OLD.ENCO_CONSEC, 'E',
-      coalesce(USUARIO_QUE_OPERA(), OLD.ENCO_USUARIO));
+      coalesce(USUARIO_QUE_OPERA(), OLD.ENCO_USUARIO), 'E');
   ELSE IF (OLD.ENCO_CONSEC = 0 AND NEW.ENCO_CONSEC <> 0) THEN
-    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1, NEW.ENCO_CONSEC, 'I', NEW.ENCO_USUARIO);
+    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1, NEW.ENCO_CONSEC, 'I', NEW.ENCO_USUARIO, 'E');
   ELSE
-    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1, NEW.ENCO_CONSEC, 'M', NEW.ENCO_USUARIO);
+    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1, NEW.ENCO_CONSEC, 'M', NEW.ENCO_USUARIO, 'E');
 END^
 
 -- Lo que el cambio de encabezado le hace a las líneas: el id arrastra las NIIF (las 2649 van por la

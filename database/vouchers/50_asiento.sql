@@ -4,15 +4,6 @@
 
 SET TERM ^ ;
 
--- Lo que se dice cuando el contador de un prefijo pasó de 999999.
-CREATE OR ALTER FUNCTION NUMERO_AGOTADO (TIPO varchar(20), PREFIJO varchar(20))
-RETURNS varchar(255) DETERMINISTIC
-AS
-BEGIN
-  RETURN 'El prefijo ' || PREFIJO || ' del tipo ' || TIPO || ' ya usó el 999999, su último número. '
-    || 'Registre otro prefijo para el tipo y escójalo en el comprobante.';
-END^
-
 --<LIBROS>
 -- Negativas de las líneas de un libro, línea por línea: cuenta, tercero, centro, categoría,
 -- artículo, base y porcentaje. Interna; la llama REVISE_ASIENTO.
@@ -221,15 +212,10 @@ BEGIN
   END
 END^
 
--- Todo lo que impide asentar las líneas de ASIE_ID, en orden: tipo, prefijo y número; fecha;
--- bloqueo de cada libro; por libro y línea, la cuenta, el tercero, el centro, el artículo, la base
--- y el porcentaje; el cuadre de cada libro, salvo que se permitan descuadrados; el comprobante
--- vacío.
--- NUMERO nulo o vacío: el siguiente del prefijo. FECHA "aaaammdd". CODIGO nombra la negativa; LIBRO
--- e ITEM van nulos si no es de un libro o de una línea; CAMPO es la columna del dato. La llaman
--- ASIENTE_COMPROBANTE y quien quiera mostrar las negativas antes.
-CREATE OR ALTER PROCEDURE REVISE_ASIENTO (
-  ASIE_ID integer, TIPO varchar(20), PREFIJO varchar(20), NUMERO varchar(40), FECHA varchar(20))
+-- Lo que impide asentar las líneas de ASIE_ID en esa fecha, sea el comprobante nuevo o ya
+-- existente: fecha, bloqueos, líneas, cuadre y vacío. Interna; la llaman REVISE_ASIENTO y
+-- REVISE_AUMENTO.
+CREATE OR ALTER PROCEDURE REVISE_ASIENTO_CUERPO (ASIE_ID integer, FECHA varchar(20))
 RETURNS (CODIGO varchar(20), LIBRO varchar(4), ITEM integer, CAMPO varchar(31),
   TEXTO varchar(255))
 AS
@@ -239,10 +225,6 @@ AS
   DECLARE DEBITOS numeric(18,2);
   DECLARE CREDITOS numeric(18,2);
 BEGIN
-  FOR SELECT CODIGO, CAMPO, TEXTO FROM REVISE_ASIENTO_NUMERO(:TIPO, :PREFIJO, :NUMERO)
-    INTO :CODIGO, :CAMPO, :TEXTO
-  DO SUSPEND;
-
   SELECT count(iif(LIBRO = '2649', 1, NULL)), count(iif(LIBRO = 'NIIF', 1, NULL))
   FROM ASIENTO_LINEA WHERE ASIE_ID = :ASIE_ID
   INTO :LINEAS, :OTRAS;
@@ -315,6 +297,27 @@ BEGIN
     TEXTO = 'El comprobante no tiene líneas.';
     SUSPEND;
   END
+END^
+
+-- Todo lo que impide asentar las líneas de ASIE_ID, en orden: tipo, prefijo y número; fecha;
+-- bloqueo de cada libro; por libro y línea, la cuenta, el tercero, el centro, el artículo, la base
+-- y el porcentaje; el cuadre de cada libro, salvo que se permitan descuadrados; el comprobante
+-- vacío.
+-- NUMERO nulo o vacío: el siguiente del prefijo. FECHA "aaaammdd". CODIGO nombra la negativa; LIBRO
+-- e ITEM van nulos si no es de un libro o de una línea; CAMPO es la columna del dato. La llaman
+-- ASIENTE_COMPROBANTE y quien quiera mostrar las negativas antes.
+CREATE OR ALTER PROCEDURE REVISE_ASIENTO (
+  ASIE_ID integer, TIPO varchar(20), PREFIJO varchar(20), NUMERO varchar(40), FECHA varchar(20))
+RETURNS (CODIGO varchar(20), LIBRO varchar(4), ITEM integer, CAMPO varchar(31),
+  TEXTO varchar(255))
+AS
+BEGIN
+  FOR SELECT CODIGO, CAMPO, TEXTO FROM REVISE_ASIENTO_NUMERO(:TIPO, :PREFIJO, :NUMERO)
+    INTO :CODIGO, :CAMPO, :TEXTO
+  DO SUSPEND;
+  FOR SELECT CODIGO, LIBRO, ITEM, CAMPO, TEXTO FROM REVISE_ASIENTO_CUERPO(:ASIE_ID, :FECHA)
+    INTO :CODIGO, :LIBRO, :ITEM, :CAMPO, :TEXTO
+  DO SUSPEND;
 END^
 
 -- Cuentas 2649 de ASIE_ID que no se pueden replicar en NIIF, la primera línea de cada una. Nada si
@@ -440,6 +443,62 @@ BEGIN
   SUSPEND;
 END^
 
+-- Todo lo que impide agregar las líneas de ASIE_ID al comprobante ID: no existe o es de otro
+-- módulo, y lo mismo que a uno nuevo de su fecha. Las líneas que se agregan deben cuadrar entre
+-- sí. La llaman AUMENTE_COMPROBANTE y quien quiera mostrar las negativas antes.
+CREATE OR ALTER PROCEDURE REVISE_AUMENTO (ASIE_ID integer, ID integer)
+RETURNS (CODIGO varchar(20), LIBRO varchar(4), ITEM integer, CAMPO varchar(31),
+  TEXTO varchar(255))
+AS
+  DECLARE FECHA varchar(8);
+  DECLARE TIPOREF integer;
+  DECLARE REPLICA char(1);
+BEGIN
+  SELECT ENCO_FECHA, coalesce(ENCO_TIPOREF, 0), ENCO_REPNIIF FROM COMPROBANTE_ENCABEZADO
+  WHERE ENCO_CONSEC = :ID
+  INTO :FECHA, :TIPOREF, :REPLICA;
+  IF (FECHA IS NULL) THEN
+  BEGIN
+    CODIGO = 'COMPROBANTE';
+    TEXTO = 'No se encontró el comprobante solicitado.';
+    SUSPEND;
+    EXIT;
+  END
+  IF (TIPOREF <> 0 AND coalesce(CONFIGURADO('COMPROBANTES',
+    'MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS'), '') <> 'SI') THEN
+  BEGIN
+    CODIGO = 'DE_OTRO_MODULO';
+    TEXTO = 'El comprobante lo generó otro módulo: no se le pueden agregar líneas.';
+    SUSPEND;
+  END
+  FOR SELECT CODIGO, LIBRO, ITEM, CAMPO, TEXTO FROM REVISE_ASIENTO_CUERPO(:ASIE_ID, :FECHA)
+    INTO :CODIGO, :LIBRO, :ITEM, :CAMPO, :TEXTO
+  DO SUSPEND;
+  LIBRO = '2649';
+  CAMPO = 'CUEN_COD';
+  IF (REPLICA = 'S') THEN
+    FOR SELECT CODIGO, ITEM, TEXTO FROM REVISE_ASIENTO_REPLICA(:ASIE_ID, :FECHA)
+      INTO :CODIGO, :ITEM, :TEXTO
+    DO SUSPEND;
+END^
+
+-- Agrega las líneas de ASIE_ID al comprobante ID, con los números que traen, en la transacción de
+-- quien llama, y las saca de ASIENTO_LINEA. Lanza ASIENTO_RECHAZADO con la primera negativa, y
+-- entonces no escribe nada. La llama la importación.
+CREATE OR ALTER PROCEDURE AUMENTE_COMPROBANTE (ASIE_ID integer, ID integer)
+AS
+  DECLARE TEXTO varchar(255);
+  DECLARE FECHA varchar(8);
+BEGIN
+  SELECT ENCO_FECHA FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :ID WITH LOCK INTO :FECHA;
+  SELECT FIRST 1 TEXTO FROM REVISE_AUMENTO(:ASIE_ID, :ID) INTO :TEXTO;
+  IF (TEXTO IS NOT NULL) THEN
+    EXCEPTION ASIENTO_RECHAZADO TEXTO;
+  EXECUTE PROCEDURE ASIENTE_LINEAS(ASIE_ID, ID, 'S');
+  EXECUTE PROCEDURE ASIENTE_LINEAS_NIIF(ASIE_ID, ID, 'S');
+  DELETE FROM ASIENTO_LINEA WHERE ASIE_ID = :ASIE_ID;
+END^
+
 -- Borra un comprobante con sus dos libros en la transacción de quien llama, y lo audita con
 -- USUARIO. Lanza COMPROBANTE_NO_EXISTE, o COMPROBANTE_BLOQUEADO con la fecha del bloqueo: cada
 -- libro que tenga líneas con la suya, y el 2649 también cuando no hay ninguna. De quién es el
@@ -475,15 +534,15 @@ BEGIN
       || FECHA_CON_BARRAS(BLOQUEO) || ' (libro NIIF)' || NOMBRE;
 
   -- Una sola fila de auditoría por libro, la del borrado: las líneas ya cuentan como auditadas.
-  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC) VALUES (1, :ID);
-  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC) VALUES (1001, :ID);
+  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC, AUDI_ORIGEN) VALUES (1, :ID, 'E');
+  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC, AUDI_ORIGEN) VALUES (1001, :ID, 'E');
   ANTES = rdb$get_context('USER_TRANSACTION', 'USUARIO');
   rdb$set_context('USER_TRANSACTION', 'USUARIO', nullif(USUARIO, ''));
   DELETE FROM COMPROBANTE_DETALLE WHERE ENCO_CONSEC = :ID;
   DELETE FROM COMPROBANTE_DETALLE_NIIF WHERE ENCO_CONSEC = :ID;
   DELETE FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :ID;
   IF (OTRAS > 0) THEN
-    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1001, ID, 'E', USUARIO);
+    EXECUTE PROCEDURE AUDITE_COMPROBANTE(1001, ID, 'E', USUARIO, 'E');
   rdb$set_context('USER_TRANSACTION', 'USUARIO', ANTES);
 END^
 

@@ -2,53 +2,17 @@
 
 #include "datos/firebird/interno.h"
 #include "datos/firebird/motor.h"
+#include "datos/firebird/nombres.h"
+#include "datos/firebird/vigia.h"
+#include "datos/firebird/vigia_interno.h"
 
-#include <QCoreApplication>
-#include <QThread>
 #include <csignal>
-#include <cstring>
-#include <random>
 
 using namespace Firebird;
 
 namespace {
 
 constexpr int kSentenciasOciosas = 48;
-constexpr int kReintentos = 4;
-const QString kSinServidor =
-    QStringLiteral("Se perdió la conexión con el servidor de la base de datos. Los datos de la "
-                   "pantalla se conservan; intente de nuevo cuando el servidor esté disponible.\n");
-
-bool contiene(const ISC_STATUS* vector, ISC_STATUS codigo) {
-    while (*vector != isc_arg_end) {
-        if (*vector == isc_arg_gds && vector[1] == codigo)
-            return true;
-        vector += *vector == isc_arg_cstring ? 3 : 2;
-    }
-    return false;
-}
-
-/// Texto de una excepción propia de la base: la frase en español, sin los renglones del servidor.
-QString frase_de_excepcion(const ISC_STATUS* vector) {
-    if (!contiene(vector, isc_except))
-        return {};
-    // Tras el número de la excepción vienen, como isc_random, el nombre y la frase.
-    QStringList sueltos;
-    for (const ISC_STATUS* p = vector; *p != isc_arg_end; p += *p == isc_arg_cstring ? 3 : 2)
-        if (*p == isc_arg_gds && p[1] == isc_random && p[2] == isc_arg_string)
-            sueltos << QString::fromLatin1(reinterpret_cast<const char*>(p[3]));
-    return sueltos.value(1, sueltos.value(0));
-}
-
-QString primer_argumento(const ISC_STATUS* vector, ISC_STATUS codigo) {
-    while (*vector != isc_arg_end) {
-        if (*vector == isc_arg_gds && vector[1] == codigo && vector[2] == isc_arg_string)
-            return QString::fromLatin1(reinterpret_cast<const char*>(vector[3]));
-        vector += *vector == isc_arg_cstring ? 3 : 2;
-    }
-    return {};
-}
-
 } // namespace
 
 namespace fbc {
@@ -68,8 +32,16 @@ IUtil* utilidades() {
     return u;
 }
 
-Estado::Estado() : estado_(maestro()->getStatus()), envoltura_(estado_) {}
+Estado::Estado(Conexion::Interno* interno)
+    : interno_(interno && interno->remota ? interno : nullptr), estado_(maestro()->getStatus()),
+      envoltura_(estado_) {
+    if (interno_ && interno_->llamadas++ == 0)
+        interno_->llamada = ahora_ms();
+}
+
 Estado::~Estado() {
+    if (interno_ && --interno_->llamadas == 0)
+        interno_->llamada = 0;
     estado_->dispose();
 }
 
@@ -77,58 +49,23 @@ bool Estado::fallo() const {
     return estado_->getState() & IStatus::STATE_ERRORS;
 }
 
+ErrorBase Estado::falla(bool conectando) {
+    char bufer[4096];
+    utilidades()->formatStatus(bufer, sizeof bufer, &envoltura_);
+    return clasifique(estado_->getErrors(), QString::fromLatin1(bufer), conectando);
+}
+
+bool Estado::perdida() const {
+    return fallo() && clasifique(estado_->getErrors(), {}, false).conexion_perdida();
+}
+
 void Estado::compruebe(bool conectando) {
     if (!fallo())
         return;
-    const ISC_STATUS* vector = estado_->getErrors();
-    char bufer[4096];
-    utilidades()->formatStatus(bufer, sizeof bufer, &envoltura_);
-    QString texto = QString::fromLatin1(bufer);
-    const qint64 codigo = vector[1];
-    const bool red = contiene(vector, isc_network_error) || contiene(vector, isc_net_connect_err) ||
-                     contiene(vector, isc_net_read_err) || contiene(vector, isc_net_write_err);
-    const bool perdida = red || contiene(vector, isc_att_shutdown) ||
-                         contiene(vector, isc_shutdown) || contiene(vector, isc_lost_db_connection);
-    const bool conflicto =
-        contiene(vector, isc_deadlock) || contiene(vector, isc_update_conflict) ||
-        contiene(vector, isc_lock_conflict) || contiene(vector, isc_lock_timeout);
-    if (perdida && !conectando)
+    ErrorBase error = falla(conectando);
+    if (error.conexion_perdida() && !conectando)
         ++redes_caidas;
-    if (conectando) {
-        // El reporte de fallas reconoce estas cuatro formas; el servidor las redacta de otro modo.
-        const QString archivo = [&] {
-            for (const ISC_STATUS* p = vector; *p != isc_arg_end;
-                 p += *p == isc_arg_cstring ? 3 : 2)
-                if (*p == isc_arg_gds && p[1] == isc_io_error && p[2] == isc_arg_string &&
-                    p[4] == isc_arg_string)
-                    return QString::fromLocal8Bit(reinterpret_cast<const char*>(p[5]));
-            return QString();
-        }();
-        QString forma;
-        if (!archivo.isEmpty())
-            forma = QStringLiteral("I/O error for file \"%1\"\n%2").arg(archivo, texto);
-        else if (contiene(vector, isc_net_connect_err) && !contiene(vector, isc_net_lookup_err))
-            // El primer renglón del servidor es el de un equipo desconocido, y este sí responde.
-            forma = QStringLiteral("Connection failed: %1\n%2")
-                        .arg(primer_argumento(vector, isc_network_error), texto.section('\n', 1));
-        else if (red)
-            forma = QStringLiteral("Unable to complete network request to host \"%1\"\n%2")
-                        .arg(primer_argumento(vector, isc_network_error), texto);
-        else
-            forma = texto;
-        throw ErrorBase(QStringLiteral("dbExpress Error: ") + forma, codigo, false, perdida);
-    }
-    if (const QString frase = frase_de_excepcion(vector); !frase.isEmpty())
-        throw ErrorBase(frase, codigo, false, false);
-    if (perdida)
-        throw ErrorBase(kSinServidor + texto, codigo, false, true);
-    if (conflicto)
-        throw ErrorBase(
-            QStringLiteral("Otro usuario está modificando el mismo registro y no ha terminado. "
-                           "Espere a que grabe o cancele e intente de nuevo.\n") +
-                texto,
-            codigo, true, false);
-    throw ErrorBase(QStringLiteral("SQL Server Error: ") + texto, codigo, false, false);
+    throw error;
 }
 
 QByteArray a_latin1(const QString& texto) {
@@ -183,89 +120,79 @@ private:
 void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache) {
     desconectar();
     parametros_ = parametros;
-    Estado estado;
-    IXpbBuilder* dpb = utilidades()->getXpbBuilder(&estado, IXpbBuilder::DPB, nullptr, 0);
-    estado.compruebe();
-    dpb->insertString(&estado, isc_dpb_user_name, a_latin1(parametros.usuario).constData());
-    if (!parametros.clave.isEmpty())
-        dpb->insertString(&estado, isc_dpb_password, parametros.clave.toUtf8().constData());
-    dpb->insertString(&estado, isc_dpb_lc_ctype, "ISO8859_1");
-    dpb->insertInt(&estado, isc_dpb_sql_dialect, 3);
-    // Quién tiene abierta la base: un servidor lo averigua solo, el motor en proceso no.
-    const QByteArray programa = QCoreApplication::applicationName().toLocal8Bit();
-    dpb->insertString(&estado, isc_dpb_process_name, programa.constData());
-    dpb->insertInt(&estado, isc_dpb_process_id, int(QCoreApplication::applicationPid()));
-    if (crear) {
-        dpb->insertInt(&estado, isc_dpb_page_size, 8192);
-        dpb->insertString(&estado, isc_dpb_set_db_charset, "ISO8859_1");
-        dpb->insertInt(&estado, isc_dpb_set_page_buffers, paginas_cache);
-        dpb->insertInt(&estado, isc_dpb_force_write, parametros.escritura_forzada ? 1 : 0);
+    Interno& i = *interno_;
+    try {
+        const SenalesPropias senales;
+        i.enlace = pida_enlace(parametros, crear, paginas_cache, limites_de_red().conexion);
+    } catch (const ErrorDatos&) {
+        i.perdida = true; // la próxima operación prueba otra vez
+        throw;
     }
-    const SenalesPropias senales;
-    IProvider* proveedor = maestro()->getDispatcher();
-    const QByteArray ruta = parametros.base.toLocal8Bit();
-    IAttachment* enlace =
-        crear ? proveedor->createDatabase(&estado, ruta.constData(), dpb->getBufferLength(&estado),
-                                          dpb->getBuffer(&estado))
-              : proveedor->attachDatabase(&estado, ruta.constData(), dpb->getBufferLength(&estado),
-                                          dpb->getBuffer(&estado));
-    dpb->dispose();
-    proveedor->release();
-    estado.compruebe(true);
     static std::atomic<quint64> enlaces = 0;
-    interno_->enlace = enlace;
-    interno_->numero = ++enlaces;
-    interno_->redes_vistas = redes_caidas;
-    interno_->perdida = false;
+    i.numero = ++enlaces;
+    i.redes_vistas = redes_caidas;
+    i.perdida = false;
+    vigile(i, parametros);
 }
 
 void Conexion::asegure_enlace() {
     Interno& i = *interno_;
     if (i.enlace && i.redes_vistas != redes_caidas) {
         i.redes_vistas = redes_caidas;
-        Estado estado;
+        Estado estado(&i);
         i.enlace->ping(&estado);
         i.perdida = estado.fallo();
     }
     if (!i.perdida)
         return;
+    const bool primera = i.numero == 0;
     try {
         conectar(ParametrosConexion(parametros_));
     } catch (const ErrorBase& e) {
-        i.perdida = true; // la próxima operación prueba otra vez
-        if (e.conexion_perdida())
-            throw ErrorBase(kSinServidor + e.texto(), e.codigo(), false, true);
+        if (!primera && e.conexion_perdida())
+            throw ErrorBase(e.causa(), kSinServidor, e.detalle());
         throw;
     }
 }
 
 void Conexion::desconectar() noexcept {
     interno_->perdida = false;
+    interno_->llaves.clear();
+    suelte();
+}
+
+void Conexion::suelte() noexcept {
     if (!interno_->enlace)
         return;
     interno_->ociosas.clear();
     lectura_.reset();
     try {
-        Estado estado;
+        Estado estado(interno_.get());
         interno_->enlace->detach(&estado);
         if (estado.fallo())
             interno_->enlace->release();
     } catch (...) {
     }
+    deje_de_vigilar(*interno_);
     interno_->enlace = nullptr;
 }
 
 void Conexion::borre_base() {
     interno_->ociosas.clear();
     lectura_.reset();
-    Estado estado;
+    Estado estado(interno_.get());
     interno_->enlace->dropDatabase(&estado);
     estado.compruebe();
+    deje_de_vigilar(*interno_);
     interno_->enlace = nullptr;
 }
 
 bool Conexion::conectada() const {
     return interno_->enlace != nullptr;
+}
+
+bool Conexion::en_linea() const {
+    return conectada() && !interno_->perdida && interno_->redes_vistas == redes_caidas;
 }
 
 void Conexion::anote(const QString& sql) {
@@ -306,37 +233,20 @@ std::shared_ptr<Preparada> Conexion::prepare(const QString& sql, Transaccion& tr
             }};
 }
 
-qint64 Conexion::ejecute(const QString& sql, const QVector<Valor>& valores) {
-    for (int intento = 0;; ++intento) {
-        try {
-            Transaccion transaccion(*this, Transaccion::Modo::Escritura);
-            const qint64 filas = prepare(sql, transaccion)->ejecute(transaccion, valores);
-            transaccion.confirme();
-            return filas;
-        } catch (const ErrorBase& e) {
-            if (!e.conflicto() || intento >= kReintentos)
-                throw;
-            QThread::msleep(10 + std::random_device{}() % 40);
-        }
-    }
+qint64 Conexion::ejecute(const QString& sql, const QVector<Valor>& valores, ModoTransaccion modo) {
+    return en_transaccion(modo,
+                          [&](Transaccion& t) { return prepare(sql, t)->ejecute(t, valores); });
 }
 
-QVector<Valor> Conexion::ejecute_con_salida(const QString& sql, const QVector<Valor>& valores) {
-    for (int intento = 0;; ++intento) {
-        try {
-            Transaccion transaccion(*this, Transaccion::Modo::Escritura);
-            auto salida = prepare(sql, transaccion)->ejecute_con_salida(transaccion, valores);
-            transaccion.confirme();
-            return salida;
-        } catch (const ErrorBase& e) {
-            if (!e.conflicto() || intento >= kReintentos)
-                throw;
-            QThread::msleep(10 + std::random_device{}() % 40);
-        }
-    }
+QVector<Valor> Conexion::ejecute_con_salida(const QString& sql, const QVector<Valor>& valores,
+                                            ModoTransaccion modo) {
+    return en_transaccion(
+        modo, [&](Transaccion& t) { return prepare(sql, t)->ejecute_con_salida(t, valores); });
 }
 
 std::unique_ptr<Cursor> Conexion::abra(const QString& sql, const QVector<Valor>& valores) {
+    if (interno_->recordando > 0)
+        return ConsultasRepetidas::abra(*this, sql, valores);
     Transaccion& t = lectura();
     return std::make_unique<Cursor>(prepare(sql, t), t, valores);
 }
@@ -346,28 +256,82 @@ Valor Conexion::consulte(const QString& sql, const QVector<Valor>& valores) {
     return cursor->siguiente() ? cursor->valor(0) : Valor();
 }
 
+QStringList Conexion::llave_primaria(const QString& tabla) {
+    if (const auto sabida = interno_->llaves.constFind(tabla);
+        sabida != interno_->llaves.constEnd())
+        return *sabida;
+    QStringList columnas;
+    for (auto c = abra("select s.rdb$field_name from rdb$relation_constraints r join "
+                       "rdb$index_segments s on s.rdb$index_name = r.rdb$index_name where "
+                       "r.rdb$relation_name = ? and r.rdb$constraint_type = 'PRIMARY KEY' order by "
+                       "s.rdb$field_position",
+                       {tabla});
+         c->siguiente();)
+        columnas << c->valor(0).texto();
+    interno_->llaves.insert(tabla, columnas);
+    return columnas;
+}
+
+ErrorBase Conexion::conflicto_con_nombre(const ErrorBase& conflicto) {
+    QStringList quienes;
+    if (conflicto.causa().transaccion != 0) {
+        try {
+            // El motor solo deja ver las sesiones ajenas a quien administra la base.
+            Transaccion t(*this, Transaccion::Modo::Lectura);
+            Cursor c(prepare("select a.mon$user from mon$transactions t join mon$attachments a on "
+                             "a.mon$attachment_id = t.mon$attachment_id where "
+                             "t.mon$transaction_id = ?",
+                             t),
+                     t, {conflicto.causa().transaccion});
+            if (c.siguiente())
+                quienes << c.valor(0).texto();
+        } catch (const ErrorDatos&) {
+        }
+    }
+    if (quienes.isEmpty())
+        quienes = otros_usuarios_con_sesion();
+    return {conflicto.causa(), texto_de_conflicto(quienes), conflicto.detalle()};
+}
+
+namespace {
+
+struct Marcas {
+    std::vector<unsigned char> etiquetas;
+    bool espera = false;
+};
+
+Marcas marcas_de(ModoTransaccion modo) {
+    switch (modo) {
+    case ModoTransaccion::Instantanea:
+        return {{isc_tpb_concurrency, isc_tpb_read, isc_tpb_nowait}, false};
+    case ModoTransaccion::Lectura:
+        return {{isc_tpb_read_committed, isc_tpb_rec_version, isc_tpb_read}, false};
+    case ModoTransaccion::EscrituraSinEspera:
+        return {{isc_tpb_read_committed, isc_tpb_rec_version, isc_tpb_write, isc_tpb_nowait},
+                false};
+    case ModoTransaccion::EscrituraInstantanea:
+        return {{isc_tpb_concurrency, isc_tpb_write, isc_tpb_wait}, true};
+    case ModoTransaccion::Escritura:
+        break;
+    }
+    return {{isc_tpb_read_committed, isc_tpb_rec_version, isc_tpb_write, isc_tpb_wait}, true};
+}
+
+} // namespace
+
 Transaccion::Transaccion(Conexion& conexion, Modo modo)
     : conexion_(conexion), interno_(std::make_unique<Interno>()) {
     conexion.asegure_enlace();
     if (!conexion.conectada())
-        throw ErrorBase(QStringLiteral("No hay conexión con la base de datos."), 0, false, true);
-    Estado estado;
+        throw ErrorBase({ClaseFalla::ConexionPerdida},
+                        QStringLiteral("No hay conexión con la base de datos."));
+    Estado estado(&conexion.interno());
     IXpbBuilder* tpb = utilidades()->getXpbBuilder(&estado, IXpbBuilder::TPB, nullptr, 0);
-    if (modo == Modo::Instantanea) {
-        tpb->insertTag(&estado, isc_tpb_concurrency);
-        tpb->insertTag(&estado, isc_tpb_read);
-        tpb->insertTag(&estado, isc_tpb_nowait);
-    } else {
-        tpb->insertTag(&estado, isc_tpb_read_committed);
-        tpb->insertTag(&estado, isc_tpb_rec_version);
-        if (modo == Modo::Lectura) {
-            tpb->insertTag(&estado, isc_tpb_read);
-        } else {
-            tpb->insertTag(&estado, isc_tpb_write);
-            tpb->insertTag(&estado, isc_tpb_wait);
-            tpb->insertInt(&estado, isc_tpb_lock_timeout, conexion.parametros().espera_segundos);
-        }
-    }
+    const Marcas marcas = marcas_de(modo);
+    for (const unsigned char etiqueta : marcas.etiquetas)
+        tpb->insertTag(&estado, etiqueta);
+    if (marcas.espera)
+        tpb->insertInt(&estado, isc_tpb_lock_timeout, conexion.parametros().espera_segundos);
     interno_->transaccion = conexion.interno().enlace->startTransaction(
         &estado, tpb->getBufferLength(&estado), tpb->getBuffer(&estado));
     tpb->dispose();
@@ -379,17 +343,25 @@ Transaccion::~Transaccion() {
 }
 
 void Transaccion::confirme() {
-    Estado estado;
+    Estado estado(&conexion_.interno());
     interno_->transaccion->commit(&estado);
-    estado.compruebe();
+    try {
+        estado.compruebe();
+    } catch (const ErrorBase& falla) {
+        // Nada más puede hacerse con ella: si alcanzó a quedar, solo lo sabe la base.
+        if (falla.conexion_perdida())
+            throw falla.como_dudosa();
+        throw;
+    }
     interno_->transaccion = nullptr;
+    conexion_.interno().contestadas.clear(); // lo que se confirmó pudo cambiarlas
 }
 
 void Transaccion::deshaga() noexcept {
     if (!interno_->transaccion)
         return;
     try {
-        Estado estado;
+        Estado estado(&conexion_.interno());
         interno_->transaccion->rollback(&estado);
         if (estado.fallo())
             interno_->transaccion->release();

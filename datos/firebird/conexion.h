@@ -4,12 +4,15 @@
 // Es la única puerta del sistema al cliente de Firebird. La misma conexión sirve al motor en
 // proceso (ubicación sin servidor) y a un servidor ("equipo/puerto:ruta"). Dialecto 3, juego de
 // caracteres ISO8859_1, lectura confirmada con versión de registro y espera acotada de bloqueos.
-// Todas las fallas salen como ErrorBase con el texto del servidor (ver errores.h).
+// Todas las fallas salen como ErrorBase, clasificadas por el código del motor (ver errores.h).
 //
 // Si se cae el servidor, la operación en curso falla (conexion_perdida) y la siguiente vuelve a
 // entrar con los mismos parámetros. Lo que quedó abierto de antes, cursores y transacciones, ya no
-// sirve; ninguna otra falla, ni un disco lleno, suelta la conexión.
+// sirve; ninguna otra falla, ni un disco lleno, suelta la conexión. Un servidor que no contesta
+// cuenta como caído (ver vigia.h). La primera entrada, si falla, también se repite en la operación
+// siguiente.
 #include "datos/firebird/errores.h"
+#include "datos/firebird/reintento.h"
 #include "datos/firebird/valor.h"
 
 #include <QStringList>
@@ -17,9 +20,21 @@
 #include <functional>
 #include <memory>
 
-class Transaccion;
 class Preparada;
 class Cursor;
+
+enum class ModoTransaccion {
+    Escritura,            ///< lectura confirmada, espera bloqueos
+    EscrituraSinEspera,   ///< como la anterior, pero una fila tomada es una falla inmediata
+    EscrituraInstantanea, ///< escribe sobre una sola foto: lo que otro cambie después es conflicto
+    Lectura,              ///< solo lectura, lectura confirmada
+    Instantanea,          ///< solo lectura, una sola foto de toda la base: lo que se suma cuadra
+};
+
+class Transaccion;
+
+/// Papel con que entra el programa: lo crean los guiones y lo concede la administración.
+inline constexpr const char* kRolPrograma = "QUORVEX_PROGRAMA";
 
 struct ParametrosConexion {
     QString base; ///< "equipo/puerto:ruta" o una ruta del equipo local
@@ -28,6 +43,8 @@ struct ParametrosConexion {
     int espera_segundos = 10; ///< cuánto se espera por una fila que otro tiene tomada
     /// Solo al crear: cada escritura llega al disco antes de seguir. Una base desechable lo apaga.
     bool escritura_forzada = true;
+    /// Papel que se toma al entrar; con uno que no le han concedido, el usuario entra sin ninguno.
+    QString rol = QLatin1String(kRolPrograma);
 };
 
 enum class TipoColumna { Texto, Entero, Decimal, Fecha, Hora, FechaHora, Memo, Binario, Flotante };
@@ -62,13 +79,21 @@ public:
     /// Borra la base conectada; la conexión queda cerrada.
     void borre_base();
     bool conectada() const;
+    /// Conectada y sin noticia de que se haya perdido el servidor. Lo que el programa hace por su
+    /// cuenta lo pregunta antes: no le toca a él esperar a que vuelva.
+    bool en_linea() const;
     const ParametrosConexion& parametros() const { return parametros_; }
 
+    /// Corre `trabajo(Transaccion&)` en una transacción propia y la confirma. Si choca con otro
+    /// usuario sin haber aplicado nada, lo repite entero (ver reintento.h); con otra falla, o si
+    /// el otro no termina, lo deshace y la deja salir, diciendo a quién se espera.
+    template <class F> auto en_transaccion(ModoTransaccion modo, F&& trabajo);
     /// Ejecuta una orden en su propia transacción corta; devuelve las filas tocadas.
-    /// Un conflicto con otro usuario que no aplicó nada se intenta de nuevo unas pocas veces.
-    qint64 ejecute(const QString& sql, const QVector<Valor>& valores = {});
+    qint64 ejecute(const QString& sql, const QVector<Valor>& valores = {},
+                   ModoTransaccion modo = ModoTransaccion::Escritura);
     /// Ejecuta un procedimiento y devuelve su única fila de salida.
-    QVector<Valor> ejecute_con_salida(const QString& sql, const QVector<Valor>& valores = {});
+    QVector<Valor> ejecute_con_salida(const QString& sql, const QVector<Valor>& valores = {},
+                                      ModoTransaccion modo = ModoTransaccion::Escritura);
     /// Abre un cursor en la transacción de lectura de la conexión.
     std::unique_ptr<Cursor> abra(const QString& sql, const QVector<Valor>& valores = {});
     /// Primera columna de la primera fila; nulo si no hay filas.
@@ -79,6 +104,11 @@ public:
     /// Sentencia preparada de la memoria de la conexión: los textos repetidos no se preparan dos
     /// veces.
     std::shared_ptr<Preparada> prepare(const QString& sql, Transaccion& transaccion);
+
+    /// Columnas de la llave primaria de una tabla, en su orden; vacía si no tiene.
+    QStringList llave_primaria(const QString& tabla);
+    /// La misma falla de conflicto, con el nombre de quien debe terminar si se puede saber.
+    ErrorBase conflicto_con_nombre(const ErrorBase& conflicto);
 
     quint64 sentencias_ejecutadas() const { return sentencias_; }
     /// Se llama con cada texto que se ejecuta; nulo para no observar.
@@ -92,6 +122,7 @@ public:
 
 private:
     void abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache);
+    void suelte() noexcept;
 
     std::unique_ptr<Interno> interno_;
     ParametrosConexion parametros_;
@@ -99,18 +130,33 @@ private:
     quint64 sentencias_ = 0;
 };
 
+/// Mientras vive, una consulta igual a otra que ya se hizo por `Conexion::abra` no vuelve a la
+/// base: pegar mil líneas de la misma cuenta la valida una vez. Lo que esta conexión confirme lo
+/// borra; lo que confirmen otros se ve al terminar, así que solo sirve para trabajos de pocos
+/// segundos.
+class ConsultasRepetidas {
+public:
+    explicit ConsultasRepetidas(Conexion& conexion);
+    ~ConsultasRepetidas();
+    ConsultasRepetidas(const ConsultasRepetidas&) = delete;
+    ConsultasRepetidas& operator=(const ConsultasRepetidas&) = delete;
+
+private:
+    friend class Conexion;
+    static std::unique_ptr<Cursor> abra(Conexion& conexion, const QString& sql,
+                                        const QVector<Valor>& valores);
+    Conexion& conexion_;
+};
+
 class Transaccion {
 public:
-    enum class Modo {
-        Escritura,   ///< lectura confirmada, espera bloqueos
-        Lectura,     ///< solo lectura, lectura confirmada
-        Instantanea, ///< solo lectura, una sola foto de toda la base: lo que se imprime cuadra
-    };
+    using Modo = ModoTransaccion;
     Transaccion(Conexion& conexion, Modo modo);
     /// Sin confirmar, se deshace.
     ~Transaccion();
     Transaccion(const Transaccion&) = delete;
     Transaccion& operator=(const Transaccion&) = delete;
+    /// Si se pierde el servidor mientras confirma, la falla es dudosa: pudo quedar o no.
     void confirme();
     void deshaga() noexcept;
     bool activa() const;
@@ -123,6 +169,29 @@ private:
     Conexion& conexion_;
     std::unique_ptr<Interno> interno_;
 };
+
+template <class F> auto Conexion::en_transaccion(ModoTransaccion modo, F&& trabajo) {
+    for (Reintento reintento(modo != ModoTransaccion::EscrituraSinEspera);;) {
+        try {
+            Transaccion transaccion(*this, modo);
+            if constexpr (std::is_void_v<decltype(trabajo(transaccion))>) {
+                trabajo(transaccion);
+                transaccion.confirme();
+                return;
+            } else {
+                auto resultado = trabajo(transaccion);
+                transaccion.confirme();
+                return resultado;
+            }
+        } catch (const ErrorBase& falla) {
+            if (reintento.otra_vez(falla))
+                continue;
+            if (falla.conflicto())
+                throw conflicto_con_nombre(falla);
+            throw;
+        }
+    }
+}
 
 class Preparada {
 public:
@@ -179,12 +248,21 @@ public:
     struct Interno;
 
 private:
+    friend class ConsultasRepetidas;
+    /// Da las filas de una consulta ya contestada, sin ir a la base.
+    Cursor(Conexion& conexion, std::shared_ptr<const struct Contestada> contestada);
+
+    Conexion& conexion_;
     std::shared_ptr<Preparada> sentencia_;
     std::unique_ptr<Interno> interno_;
+    std::shared_ptr<const struct Contestada>
+        contestada_; ///< filas que van antes que las de la base
+    qsizetype dadas_ = 0;
     QByteArray mensaje_;
     bool agotado_ = false;
     quint64 enlace_ = 0; ///< número del enlace con que se abrió
 };
 
-/// Lee una columna de un mensaje crudo. Los blobs se leen con la transacción de lectura.
+/// Lee una columna de un mensaje crudo. Los blobs se leen con la transacción de lectura, enteros o
+/// con una falla: nunca cortados.
 Valor decodifique(Conexion& conexion, const Columna& columna, const char* mensaje);

@@ -11,16 +11,23 @@ namespace fbc {
 Firebird::IMaster* maestro();
 Firebird::IUtil* utilidades();
 
-/// Estado de una llamada: comprueba y lanza ErrorBase con el texto del servidor.
+/// Estado de una llamada: comprueba y lanza ErrorBase. Con la conexión, la llamada queda a la vista
+/// del vigía de la red mientras dura.
 class Estado {
 public:
-    Estado();
+    explicit Estado(Conexion::Interno* interno = nullptr);
     ~Estado();
+    Estado(const Estado&) = delete;
+    Estado& operator=(const Estado&) = delete;
     Firebird::CheckStatusWrapper* operator&() { return &envoltura_; }
     void compruebe(bool conectando = false);
     bool fallo() const;
+    /// La falla de la llamada fue de la red.
+    bool perdida() const;
 
 private:
+    ErrorBase falla(bool conectando);
+    Conexion::Interno* interno_;
     Firebird::IStatus* estado_;
     Firebird::CheckStatusWrapper envoltura_;
 };
@@ -29,18 +36,45 @@ private:
 /// se revisa a sí misma cuando ve que la cuenta cambió.
 extern std::atomic<quint64> redes_caidas;
 
+extern const QString kSinServidor;
+QString texto_de_conflicto(const QStringList& quienes);
+/// Traduce el vector de estado del motor; `motor` son sus palabras.
+ErrorBase clasifique(const ISC_STATUS* vector, const QString& motor, bool al_conectar);
+
 /// Texto que guarda la base: rechaza lo que ISO 8859-1 no puede representar.
 QByteArray a_latin1(const QString& texto);
 
+/// La ubicación nombra un servidor ("equipo:ruta"); si no, es un archivo de este equipo.
+bool es_remota(const QString& base);
+/// Pide el enlace al servidor. Un servidor que no contesta en el tiempo convenido es uno que no
+/// está. Con `crear`, arma la base.
+Firebird::IAttachment* pida_enlace(const ParametrosConexion& parametros, bool crear,
+                                   int paginas_cache, int espera_ms);
+
 } // namespace fbc
+
+/// Resultado de una consulta, entero o su comienzo.
+struct Contestada {
+    QVector<Columna> columnas;
+    QVector<QByteArray> filas;
+    int largo = 0; ///< octetos de cada fila
+};
 
 struct Conexion::Interno {
     Firebird::IAttachment* enlace = nullptr;
     quint64 numero = 0;       ///< del enlace; cambia cada vez que se entra
     quint64 redes_vistas = 0; ///< redes_caidas en la última revisión
     bool perdida = false;
+    bool remota = false;
+    /// Momento en que empezó la llamada en curso, en milisegundos; 0 si no hay ninguna.
+    std::atomic<qint64> llamada{0};
+    int llamadas = 0; ///< una dentro de otra
     /// Sentencias preparadas sin uso, la más reciente al frente.
     std::list<std::unique_ptr<Preparada>> ociosas;
+    QHash<QString, QStringList> llaves; ///< llave primaria de las tablas ya consultadas
+    /// Lo ya contestado, mientras haya quien lo pida (ConsultasRepetidas).
+    QHash<QString, std::shared_ptr<const Contestada>> contestadas;
+    int recordando = 0;
     std::shared_ptr<bool> viva = std::make_shared<bool>(true);
 };
 

@@ -70,28 +70,54 @@ template <class T> void ponga(char* p, T v) {
     std::memcpy(p, &v, sizeof v);
 }
 
-QByteArray lea_blob(Conexion& conexion, const char* p) {
-    ISC_QUAD id = lea<ISC_QUAD>(p);
-    Estado estado;
-    IBlob* blob = conexion.interno().enlace->openBlob(
-        &estado, conexion.lectura().interno().transaccion, &id, 0, nullptr);
-    estado.compruebe();
-    QByteArray datos;
-    char trozo[16384];
-    for (;;) {
-        unsigned leidos = 0;
-        const int r = blob->getSegment(&estado, sizeof trozo, trozo, &leidos);
-        if (r != IStatus::RESULT_OK && r != IStatus::RESULT_SEGMENT)
-            break;
-        datos.append(trozo, int(leidos));
+/// Blob abierto para leer; se suelta aunque la lectura falle.
+class BlobAbierto {
+public:
+    BlobAbierto(Conexion& conexion, ISC_QUAD id) : conexion_(conexion) {
+        Transaccion& t = conexion.lectura();
+        Estado estado(&conexion.interno());
+        blob_ =
+            conexion.interno().enlace->openBlob(&estado, t.interno().transaccion, &id, 0, nullptr);
+        estado.compruebe();
     }
-    blob->close(&estado);
+    ~BlobAbierto() {
+        Estado estado(&conexion_.interno());
+        blob_->close(&estado);
+        if (estado.fallo())
+            blob_->release();
+    }
+    BlobAbierto(const BlobAbierto&) = delete;
+    BlobAbierto& operator=(const BlobAbierto&) = delete;
+
+    /// Agrega el trozo siguiente; falso al final. Un trozo que no llega es una falla, no un final.
+    bool siguiente(QByteArray& datos) {
+        char trozo[16384];
+        unsigned leidos = 0;
+        Estado estado(&conexion_.interno());
+        const int r = blob_->getSegment(&estado, sizeof trozo, trozo, &leidos);
+        estado.compruebe();
+        if (r != IStatus::RESULT_OK && r != IStatus::RESULT_SEGMENT)
+            return false;
+        datos.append(trozo, int(leidos));
+        return true;
+    }
+
+private:
+    Conexion& conexion_;
+    IBlob* blob_ = nullptr;
+};
+
+QByteArray lea_blob(Conexion& conexion, const char* p) {
+    BlobAbierto blob(conexion, lea<ISC_QUAD>(p));
+    QByteArray datos;
+    while (blob.siguiente(datos)) {
+    }
     return datos;
 }
 
 ISC_QUAD escriba_blob(Conexion& conexion, Transaccion& transaccion, const QByteArray& datos) {
     ISC_QUAD id{};
-    Estado estado;
+    Estado estado(&conexion.interno());
     IBlob* blob = conexion.interno().enlace->createBlob(&estado, transaccion.interno().transaccion,
                                                         &id, 0, nullptr);
     estado.compruebe();
@@ -131,7 +157,7 @@ void ponga_texto(const Columna& c, char* p, const QString& texto) {
 Preparada::Preparada(Conexion& conexion, Transaccion& transaccion, const QString& sql)
     : conexion_(conexion), sql_(sql), interno_(std::make_unique<Interno>()) {
     const QByteArray texto = a_latin1(sql);
-    Estado estado;
+    Estado estado(&conexion.interno());
     interno_->sentencia = conexion.interno().enlace->prepare(
         &estado, transaccion.interno().transaccion, unsigned(texto.size()), texto.constData(), 3,
         IStatement::PREPARE_PREFETCH_METADATA);
@@ -231,7 +257,7 @@ const char* Preparada::cargue(Transaccion& transaccion, const QVector<Valor>& va
 
 qint64 Preparada::ejecute(Transaccion& transaccion, const QVector<Valor>& valores) {
     ejecute_con_salida(transaccion, valores);
-    Estado estado;
+    Estado estado(&conexion_.interno());
     const qint64 filas = qint64(interno_->sentencia->getAffectedRecords(&estado));
     return estado.fallo() ? 0 : filas;
 }
@@ -241,7 +267,7 @@ QVector<Valor> Preparada::ejecute_con_salida(Transaccion& transaccion,
     conexion_.anote(sql_);
     const char* entrada = cargue(transaccion, valores);
     QByteArray salida;
-    Estado estado;
+    Estado estado(&conexion_.interno());
     const bool con_salida = !columnas_.isEmpty() && !devuelve_filas();
     if (con_salida)
         salida.resize(int(interno_->salida->getMessageLength(&estado)));
@@ -256,14 +282,19 @@ QVector<Valor> Preparada::ejecute_con_salida(Transaccion& transaccion,
     return resultado;
 }
 
+Cursor::Cursor(Conexion& conexion, std::shared_ptr<const Contestada> contestada)
+    : conexion_(conexion), interno_(std::make_unique<Interno>()),
+      contestada_(std::move(contestada)), mensaje_(contestada_->largo, Qt::Uninitialized),
+      enlace_(conexion.interno().numero) {}
+
 Cursor::Cursor(std::shared_ptr<Preparada> sentencia, Transaccion& transaccion,
                const QVector<Valor>& valores)
-    : sentencia_(std::move(sentencia)), interno_(std::make_unique<Interno>()),
-      enlace_(sentencia_->conexion_.interno().numero) {
+    : conexion_(sentencia->conexion_), sentencia_(std::move(sentencia)),
+      interno_(std::make_unique<Interno>()), enlace_(sentencia_->conexion_.interno().numero) {
     sentencia_->conexion_.anote(sentencia_->sql_);
     const char* entrada = sentencia_->cargue(transaccion, valores);
     auto& s = *sentencia_->interno_;
-    Estado estado;
+    Estado estado(&sentencia_->conexion_.interno());
     if (!sentencia_->devuelve_filas()) {
         // Un texto que no es consulta: se ejecuta y el resultado queda vacío.
         s.sentencia->execute(&estado, transaccion.interno().transaccion, s.entrada,
@@ -301,13 +332,19 @@ bool Cursor::siguiente() {
 }
 
 bool Cursor::siguiente_en(char* destino) {
-    if (agotado_)
+    if (contestada_ && dadas_ < contestada_->filas.size()) {
+        std::memcpy(destino, contestada_->filas[dadas_++].constData(), size_t(mensaje_.size()));
+        return true;
+    }
+    if (agotado_ || !sentencia_) {
+        agotado_ = true;
         return false;
+    }
     if (sentencia_->conexion_.interno().numero != enlace_)
-        throw ErrorBase(QStringLiteral("La conexión con el servidor se restableció y esta consulta "
-                                       "quedó a medias. Ábrala de nuevo."),
-                        0, false, true);
-    Estado estado;
+        throw ErrorBase({ClaseFalla::ConexionPerdida},
+                        QStringLiteral("La conexión con el servidor se restableció y esta consulta "
+                                       "quedó a medias. Ábrala de nuevo."));
+    Estado estado(&sentencia_->conexion_.interno());
     const int r = interno_->filas->fetchNext(&estado, destino);
     estado.compruebe();
     if (r == IStatus::RESULT_OK)
@@ -317,11 +354,11 @@ bool Cursor::siguiente_en(char* destino) {
 }
 
 const QVector<Columna>& Cursor::columnas() const {
-    return sentencia_->columnas();
+    return sentencia_ ? sentencia_->columnas() : contestada_->columnas;
 }
 
 Valor Cursor::valor(int columna) const {
-    return decodifique(sentencia_->conexion_, columnas()[columna], mensaje_.constData());
+    return decodifique(conexion_, columnas()[columna], mensaje_.constData());
 }
 
 Valor decodifique(Conexion& conexion, const Columna& c, const char* mensaje) {

@@ -1,5 +1,7 @@
 #include "datos/recordset/conjunto.h"
 
+#include "datos/firebird/nombres.h"
+
 Valor Campo::valor() const {
     if (tipo == TipoCampo::Busqueda)
         return conjunto_->busque(*this);
@@ -7,6 +9,13 @@ Valor Campo::valor() const {
     if (!fila)
         return {};
     return conjunto_->valor_de(*fila, *this);
+}
+
+QString Campo::nombre_visible() const {
+    if (!DisplayLabel.isEmpty())
+        return DisplayLabel;
+    const QString nombre = nombre_de_columna(FieldName);
+    return nombre.isEmpty() ? FieldName : nombre;
 }
 
 void Campo::asigne(const Valor& valor) {
@@ -17,8 +26,8 @@ Valor Campo::convierta(const Valor& v) const {
     if (v.nulo())
         return {};
     const auto rehuse = [&](const QString& que) -> Valor {
-        throw ErrorDatos(
-            QStringLiteral("'%1' no es %2 para el campo %3.").arg(v.texto(), que, etiqueta()));
+        throw ErrorDatos(QStringLiteral("'%1' no es %2 para el campo %3.")
+                             .arg(v.texto(), que, nombre_visible()));
     };
     switch (clase) {
     case ClaseCampo::Texto:
@@ -31,13 +40,13 @@ Valor Campo::convierta(const Valor& v) const {
                 QStringLiteral("El carácter '%1' del campo %2 no se puede guardar en la "
                                "base de datos. Reemplácelo por uno equivalente.")
                     .arg(fuera)
-                    .arg(etiqueta()));
+                    .arg(nombre_visible()));
         if (clase == ClaseCampo::Texto && Size > 0 && t.size() > Size) {
             // Los blancos que sobran se cortan; las letras no se pierden en silencio.
             if (!QStringView(t).mid(Size).trimmed().isEmpty())
                 throw ErrorDatos(
                     QStringLiteral("El campo %1 admite %2 caracteres y el texto tiene %3.")
-                        .arg(etiqueta())
+                        .arg(nombre_visible())
                         .arg(Size)
                         .arg(t.size()));
             t.truncate(Size);

@@ -30,6 +30,7 @@ public:
     bool FixedChar = false;
     bool ReadOnly = false;
     bool Visible = true;
+    bool Tasa = false; ///< un porcentaje: al digitarlo, un solo separador siempre es el decimal
     QString DisplayLabel;
     QString DisplayFormat; ///< "#,###.00" o "#,##0.####"
     QString EditMask;
@@ -70,6 +71,8 @@ public:
     Valor convierta(const Valor& valor) const;
 
     QString etiqueta() const { return DisplayLabel.isEmpty() ? FieldName : DisplayLabel; }
+    /// Como lo nombran los mensajes: su rótulo, o sus palabras en el diccionario de la compañía.
+    QString nombre_visible() const;
     ConjuntoDatos& conjunto() const { return *conjunto_; }
     int indice() const { return indice_; }
     int columna() const { return columna_; } ///< posición en el resultado, -1 si no viene de él
@@ -90,6 +93,10 @@ public:
     }
     Campo& formato(const QString& f) {
         DisplayFormat = f;
+        return *this;
+    }
+    Campo& tasa() {
+        Tasa = true;
         return *this;
     }
     Campo& mascara(const QString& m) {
@@ -116,6 +123,7 @@ private:
     friend class ConjuntoDatos;
     explicit Campo(ConjuntoDatos& conjunto) : conjunto_(&conjunto) {}
     ConjuntoDatos* conjunto_;
-    int indice_ = -1;  ///< posición en la lista de campos
-    int columna_ = -1; ///< posición en el resultado del servidor
+    int indice_ = -1;    ///< posición en la lista de campos
+    int columna_ = -1;   ///< posición en el resultado del servidor
+    int calculado_ = -1; ///< posición entre los calculados
 };

@@ -1,33 +1,9 @@
 #include "datos/recordset/conjunto.h"
 
 #include "datos/recordset/expresion.h"
+#include "datos/recordset/indice_busqueda.h"
 
-namespace {
-
-constexpr int kFilasPorBloque = 256;
-
-ClaseCampo clase_de(const Columna& c) {
-    switch (c.tipo) {
-    case TipoColumna::Entero:
-        return ClaseCampo::Entero;
-    case TipoColumna::Decimal:
-        return ClaseCampo::Decimal;
-    case TipoColumna::Fecha:
-        return ClaseCampo::Fecha;
-    case TipoColumna::Hora:
-        return ClaseCampo::Hora;
-    case TipoColumna::FechaHora:
-        return ClaseCampo::FechaHora;
-    case TipoColumna::Memo:
-        return ClaseCampo::Memo;
-    case TipoColumna::Binario:
-        return ClaseCampo::Blob;
-    default:
-        return ClaseCampo::Texto;
-    }
-}
-
-} // namespace
+#include <QScopedValueRollback>
 
 // ---------------------------------------------------------------- enlaces
 
@@ -69,6 +45,8 @@ Campo& ConjuntoDatos::agregue_campo(const QString& nombre, ClaseCampo clase, int
     campo->Size = tamano;
     campo->tipo = tipo;
     campo->indice_ = int(campos_.size());
+    if (tipo == TipoCampo::Calculado)
+        campo->calculado_ = campos_calculados_++;
     if (clase == ClaseCampo::Decimal || clase == ClaseCampo::Entero)
         campo->Alignment = Alineacion::Derecha;
     por_nombre_.insert(nombre.toUpper(), campo.get());
@@ -95,7 +73,7 @@ Campo& ConjuntoDatos::hora(const QString& n) {
     return agregue_campo(n, ClaseCampo::Hora, 0, TipoCampo::Datos);
 }
 Campo& ConjuntoDatos::memo(const QString& n) {
-    return agregue_campo(n, ClaseCampo::Memo, 0, TipoCampo::Datos).banderas(pfInUpdate);
+    return agregue_campo(n, ClaseCampo::Memo, 0, TipoCampo::Datos);
 }
 Campo& ConjuntoDatos::blob(const QString& n) {
     return agregue_campo(n, ClaseCampo::Blob, 0, TipoCampo::Datos).banderas(pfInUpdate);
@@ -137,12 +115,14 @@ Campo* ConjuntoDatos::FindField(const QString& nombre) const {
 Campo& ConjuntoDatos::FieldByName(const QString& nombre) const {
     if (Campo* c = FindField(nombre))
         return *c;
-    throw ErrorDatos(QStringLiteral("%1: no existe el campo '%2'.").arg(objectName(), nombre));
+    throw ErrorDatos(QStringLiteral("La consulta no trae un dato que se necesita."),
+                     objectName() + '.' + nombre);
 }
 
 Campo& ConjuntoDatos::Fields(int indice) const {
     if (indice < 0 || indice >= FieldCount())
-        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice));
+        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice), objectName(),
+                         QStringLiteral("La consulta no trae la columna %1.").arg(indice));
     return *campos_[size_t(indice)];
 }
 
@@ -202,6 +182,10 @@ Valor ConjuntoDatos::valor_de(const Fila& fila, const Campo& campo) const {
     }
     if (editando() && pos_ >= 0 && orden_[size_t(pos_)] == &fila)
         return bufer_[campo.indice_];
+    return valor_guardado(fila, campo);
+}
+
+Valor ConjuntoDatos::valor_guardado(const Fila& fila, const Campo& campo) const {
     if (fila.valores)
         return (*fila.valores)[campo.indice_];
     if (fila.cruda && campo.columna_ >= 0)
@@ -213,11 +197,6 @@ Valor ConjuntoDatos::valor_en(int indice, const Campo& campo) const {
     if (indice < 0 || indice >= int(orden_.size()))
         return {};
     return valor_de(*orden_[size_t(indice)], campo);
-}
-
-int ConjuntoDatos::orden_calculado(const Campo& campo) const {
-    return int(std::count_if(campos_.begin(), campos_.begin() + campo.indice_,
-                             [](const auto& c) { return c->tipo == TipoCampo::Calculado; }));
 }
 
 void ConjuntoDatos::corra_calculo(const Fila* fila) const {
@@ -237,22 +216,25 @@ void ConjuntoDatos::corra_calculo(const Fila* fila) const {
 }
 
 void ConjuntoDatos::calcule_al_traer(Fila& fila) const {
-    if (!OnCalcFields)
-        return;
+    if (OnCalcFields)
+        calcule_fila(fila);
+}
+
+void ConjuntoDatos::calcule_fila(const Fila& fila) const {
     corra_calculo(&fila);
     fila.calculados = std::make_unique<QVector<Valor>>();
     for (const auto& c : campos_)
         if (c->tipo == TipoCampo::Calculado)
             fila.calculados->append(calculados_[c->indice_]);
+    fila.vigencia = vigencia_;
 }
 
 Valor ConjuntoDatos::calcule(const Fila& fila, const Campo& campo) const {
     if (calculando_ || !OnCalcFields)
         return campo.indice_ < calculados_.size() ? calculados_[campo.indice_] : Valor();
-    if (calcular_al_traer)
-        return fila.calculados ? fila.calculados->value(orden_calculado(campo)) : Valor();
-    corra_calculo(&fila);
-    return calculados_[campo.indice_];
+    if (!calcular_al_traer && (!fila.calculados || fila.vigencia != vigencia_))
+        calcule_fila(fila);
+    return fila.calculados ? fila.calculados->value(campo.calculado_) : Valor();
 }
 
 Valor ConjuntoDatos::busque(const Campo& campo) const {
@@ -275,341 +257,46 @@ void ConjuntoDatos::haga_propios(Fila& fila) const {
     fila.valores = std::move(v);
 }
 
+void ConjuntoDatos::valores_cambiados(const Fila& fila) {
+    fila.calculados.reset();
+    for (ConjuntoDatos* d : anidados_)
+        d->recalcule();
+}
+
 void ConjuntoDatos::asigne(Campo& campo, const Valor& valor) {
     if (calculando_ && campo.tipo == TipoCampo::Calculado) {
         calculados_[campo.indice_] = campo.convierta(valor);
         return;
     }
+    const QString cual = objectName() + '.' + campo.FieldName;
     if (!editando())
-        throw ErrorDatos(
-            QStringLiteral("%1: no está en edición ni en inserción.").arg(objectName()));
+        throw ErrorDatos(QStringLiteral("No hay un registro abierto para cambiar su %1.")
+                             .arg(campo.nombre_visible()),
+                         cual);
     if (campo.tipo != TipoCampo::Datos && campo.tipo != TipoCampo::Interno)
-        throw ErrorDatos(
-            QStringLiteral("%1: el campo %2 se calcula.").arg(objectName(), campo.FieldName));
+        throw ErrorDatos(QStringLiteral("El dato %1 se calcula: no se puede cambiar.")
+                             .arg(campo.nombre_visible()),
+                         cual);
     const Valor nuevo = campo.convierta(valor);
     if (campo.OnValidate)
         campo.OnValidate(campo, nuevo);
     bufer_[campo.indice_] = nuevo;
     modificado_ = true;
+    valores_cambiados(*orden_[size_t(pos_)]);
     avise([&](EnlaceDatos& e) { e.campo_cambiado(&campo); });
     if (campo.OnChange)
         campo.OnChange(campo);
 }
 
-// ---------------------------------------------------------------- apertura y paquetes
+// ---------------------------------------------------------------- órdenes y consultas
 
-void ConjuntoDatos::ate_campos() {
-    if (campos_.empty())
-        campos_dinamicos_ = true;
-    if (campos_dinamicos_) {
-        // Los campos dinámicos se rehacen, pero un texto igual conserva sus objetos.
-        bool iguales = int(campos_.size()) == columnas_.size();
-        for (int i = 0; iguales && i < columnas_.size(); ++i)
-            iguales = campos_[size_t(i)]->FieldName == columnas_[i].nombre &&
-                      campos_[size_t(i)]->clase == clase_de(columnas_[i]);
-        if (!iguales) {
-            campos_.clear();
-            por_nombre_.clear();
-            for (const Columna& c : columnas_)
-                agregue_campo(c.nombre, clase_de(c),
-                              c.tipo == TipoColumna::Texto ? c.longitud : c.decimales,
-                              TipoCampo::Datos);
-        }
-        for (int i = 0; i < columnas_.size(); ++i)
-            campos_[size_t(i)]->columna_ = i;
-        return;
-    }
-    QHash<QString, int> columnas;
-    for (int i = 0; i < columnas_.size(); ++i)
-        columnas.insert(columnas_[i].nombre.toUpper(), i);
-    for (const auto& c : campos_) {
-        if (c->tipo != TipoCampo::Datos)
-            continue;
-        c->columna_ = columnas.value(c->FieldName.toUpper(), -1);
-        if (c->columna_ < 0)
-            throw ErrorDatos(QStringLiteral("%1: el campo '%2' no está en el resultado.")
-                                 .arg(objectName(), c->FieldName));
-    }
-}
-
-void ConjuntoDatos::abra_cursor() {
-    Sentencia* s = sentencia();
-    if (!s)
-        throw ErrorDatos(QStringLiteral("%1: sin proveedor.").arg(objectName()));
-    QString sql = s->SQL;
-    if (!CommandText.isEmpty() && !maestra_) {
-        if (!(proveedor->Options & poAllowCommandText))
-            throw ErrorDatos(
-                QStringLiteral("%1: el proveedor no admite CommandText.").arg(objectName()));
-        sql = CommandText;
-    }
-    QStringList nombres;
-    const QString texto = Sentencia::posicional(sql, nombres);
-    QVector<Valor> valores;
-    for (const QString& n : nombres)
-        valores << (maestra_             ? maestra_->FieldByName(n).valor()
-                    : Params.contains(n) ? Params.value(n)
-                                         : s->parametro(n));
-    if (Instantanea) {
-        foto_ = foto ? foto
-                     : std::make_shared<Transaccion>(s->conexion(), Transaccion::Modo::Instantanea);
-        cursor_ = std::make_unique<Cursor>(s->conexion().prepare(texto, *foto_), *foto_, valores);
-    } else {
-        cursor_ = s->conexion().abra(texto, valores);
-    }
-    columnas_ = cursor_->columnas();
-    ate_campos();
-}
-
-bool ConjuntoDatos::traiga_paquete() {
-    if (!cursor_)
-        return false;
-    Detalle* almacen = this->almacen();
-    const bool con_blobs = std::any_of(columnas_.begin(), columnas_.end(), [](const Columna& c) {
-        return c.tipo == TipoColumna::Memo || c.tipo == TipoColumna::Binario;
-    });
-    if (BeforeGetRecords)
-        BeforeGetRecords();
-    const int desde = int(orden_.size());
-    const int limite = PacketRecords > 0 ? PacketRecords : std::numeric_limits<int>::max();
-    const unsigned largo = cursor_->largo_mensaje();
-    const bool filtra = (filtrado_ && expresion_filtro_) || condicion_;
-    char* libre = nullptr;
-    int quedan = 0;
-    try {
-        for (int traidas = 0; traidas < limite || (filtra && int(orden_.size()) == desde);
-             ++traidas) {
-            if (quedan == 0) {
-                // Memoria sin iniciar y en bloques: una fila cuesta su mensaje y poco más.
-                almacen->paquetes.push_back(QByteArray(
-                    qsizetype(largo) * qMin(kFilasPorBloque, qMax(limite, 1)), Qt::Uninitialized));
-                libre = almacen->paquetes.back().data();
-                quedan = qMin(kFilasPorBloque, qMax(limite, 1));
-            }
-            if (!cursor_->siguiente_en(libre)) {
-                cursor_.reset();
-                break;
-            }
-            auto fila = std::make_unique<Fila>();
-            fila->cruda = libre;
-            if (calcular_al_traer)
-                calcule_al_traer(*fila);
-            if (con_blobs) // un blob se lee ya: su identificador no sobrevive a otros usuarios
-                haga_propios(*fila);
-            libre += largo;
-            --quedan;
-            if (!filtra || visible(*fila))
-                orden_.push_back(fila.get());
-            almacen->filas.push_back(std::move(fila));
-        }
-    } catch (...) {
-        cursor_.reset();
-        if (AfterGetRecords)
-            AfterGetRecords();
-        throw;
-    }
-    if (AfterGetRecords)
-        AfterGetRecords();
-    const int llegaron = int(orden_.size()) - desde;
-    if (llegaron > 0 && !abriendo_)
-        avise([&](EnlaceDatos& e) { e.filas_insertadas(desde, llegaron); });
-    return llegaron > 0;
-}
-
-void ConjuntoDatos::FetchAll() {
-    while (cursor_)
-        traiga_paquete();
-}
-
-void ConjuntoDatos::Open() {
-    if (Active())
-        return;
-    if (BeforeOpen)
-        BeforeOpen();
-    if (maestra_) {
-        if (!maestra_->Active()) {
-            maestra_->Open();
-            return;
-        }
-        cargue_detalle();
-    } else if (en_memoria_) {
-        orden_.clear();
-        reordene(nullptr);
-    } else {
-        orden_.clear();
-        propio_ = Detalle();
-        abriendo_ = true;
-        try {
-            abra_cursor();
-            if (filtrado_ && !filtro_.isEmpty())
-                expresion_filtro_ = std::make_shared<Expresion>(*this, filtro_);
-            if (calcular_al_traer && OnCalcFields)
-                corra_calculo(nullptr);
-            traiga_paquete();
-            abriendo_ = false;
-        } catch (...) {
-            abriendo_ = false;
-            cursor_.reset();
-            foto_.reset();
-            orden_.clear();
-            propio_ = Detalle();
-            throw;
-        }
-        if (!indice_.isEmpty()) {
-            FetchAll();
-            reordene(nullptr);
-        }
-    }
-    estado_ = Estado::Navegacion;
-    pos_ = orden_.empty() ? -1 : 0;
-    inicio_ = true;
-    fin_ = orden_.empty();
-    for (ConjuntoDatos* d : anidados_)
-        if (!d->Active())
-            d->Open();
-        else
-            d->maestra_movida();
-    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
-    avise([](EnlaceDatos& e) { e.estado_cambiado(); });
-    if (AfterOpen)
-        AfterOpen();
-    if (pos_ >= 0 && AfterScroll)
-        AfterScroll();
-}
-
-void ConjuntoDatos::cargue_detalle() {
-    cursor_.reset();
-    orden_.clear();
-    Detalle* d = almacen();
-    if (!d || maestra_->estado_ == Estado::Insercion ||
-        maestra_->orden_[size_t(maestra_->pos_)]->marca == Fila::Marca::Insertada || d->cargado) {
-        if (columnas_.isEmpty()) {
-            // Sin fila guardada no hay qué traer, pero las columnas hacen falta para grabar.
-            QStringList nombres;
-            auto preparada = sentencia_detalle_->conexion().prepare(
-                Sentencia::posicional(sentencia_detalle_->SQL, nombres),
-                sentencia_detalle_->conexion().lectura());
-            columnas_ = preparada->columnas();
-            ate_campos();
-        }
-        if (d)
-            d->cargado = true;
-    } else {
-        abriendo_ = true;
-        try {
-            abra_cursor();
-            FetchAll();
-        } catch (...) {
-            abriendo_ = false;
-            throw;
-        }
-        abriendo_ = false;
-        d->cargado = true;
-    }
-    reordene(nullptr);
-}
-
-void ConjuntoDatos::maestra_movida() {
-    if (!Active())
-        return;
-    estado_ = Estado::Navegacion;
-    nueva_.reset();
-    cargue_detalle();
-    pos_ = orden_.empty() ? -1 : 0;
-    inicio_ = true;
-    fin_ = orden_.empty();
-    for (ConjuntoDatos* d : anidados_)
-        d->maestra_movida();
-    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
-    if (pos_ >= 0 && AfterScroll)
-        AfterScroll();
-}
-
-void ConjuntoDatos::Close() {
-    if (!Active())
-        return;
-    if (BeforeClose)
-        BeforeClose();
-    for (ConjuntoDatos* d : anidados_)
-        d->Close();
-    cursor_.reset();
-    foto_.reset();
-    nueva_.reset();
-    bufer_.clear();
-    orden_.clear();
-    estado_ = Estado::Cerrado;
-    pos_ = -1;
-    inicio_ = fin_ = true;
-    if (!en_memoria_ && !maestra_)
-        propio_ = Detalle();
-    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
-    avise([](EnlaceDatos& e) { e.estado_cambiado(); });
-    if (AfterClose)
-        AfterClose();
-}
-
-void ConjuntoDatos::CreateDataSet() {
-    en_memoria_ = true;
-    propio_ = Detalle();
-    Open();
-}
-
-void ConjuntoDatos::Refresh() {
-    if (!Active() || en_memoria_)
-        return;
-    CheckBrowseMode();
-    const auto llave = campos_llave();
-    QVector<Valor> valores;
-    QStringList nombres;
-    const int antes = pos_;
-    for (Campo* c : llave) {
-        valores << c->valor();
-        nombres << c->FieldName;
-    }
-    DisableControls();
-    abriendo_ = true;
-    try {
-        cursor_.reset();
-        orden_.clear();
-        propio_ = Detalle();
-        abra_cursor();
-        traiga_paquete();
-        if (!indice_.isEmpty()) {
-            FetchAll();
-            reordene(nullptr);
-        }
-        while (antes >= int(orden_.size()) && traiga_paquete()) {
-        }
-    } catch (...) {
-        abriendo_ = false;
-        pos_ = orden_.empty() ? -1 : 0;
-        EnableControls();
-        throw;
-    }
-    abriendo_ = false;
-    pos_ = qMin(antes, int(orden_.size()) - 1);
-    if (pos_ < 0 && !orden_.empty())
-        pos_ = 0;
-    fin_ = orden_.empty();
-    for (ConjuntoDatos* d : anidados_)
-        d->maestra_movida();
-    EnableControls();
-    const auto esta = [&] {
-        for (int i = 0; i < llave.size(); ++i)
-            if (llave[i]->valor() != valores[i])
-                return false;
-        return true;
-    };
-    if (!llave.isEmpty() && antes >= 0 && !esta())
-        Locate(nombres.join(';'), valores);
-    if (pos_ >= 0 && AfterScroll)
-        AfterScroll();
+void ConjuntoDatos::exija_texto_propio() const {
+    if (!proveedor || !(proveedor->Options & poAllowCommandText))
+        throw ErrorDatos(QStringLiteral("Esta consulta no se puede cambiar."), objectName());
 }
 
 qint64 ConjuntoDatos::Execute() {
-    if (!proveedor || !(proveedor->Options & poAllowCommandText))
-        throw ErrorDatos(
-            QStringLiteral("%1: el proveedor no admite CommandText.").arg(objectName()));
+    exija_texto_propio();
     QStringList nombres;
     const QString texto = Sentencia::posicional(CommandText, nombres);
     QVector<Valor> valores;
@@ -619,6 +306,7 @@ qint64 ConjuntoDatos::Execute() {
 }
 
 Valor ConjuntoDatos::valor_unico(const QString& sql) {
+    const QScopedValueRollback<int> una(PacketRecords, 1);
     Open(sql);
     return IsEmpty() ? Valor() : Fields(0).valor();
 }
@@ -640,9 +328,7 @@ void ConjuntoDatos::IndexFieldNames(const QString& campos, bool descendente) {
     if (!Active())
         return;
     CheckBrowseMode();
-    const Fila* fila = pos_ >= 0 ? orden_[size_t(pos_)] : nullptr;
-    reordene(fila);
-    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
+    reordene_y_avise();
 }
 
 void ConjuntoDatos::Filter(const QString& expresion) {
@@ -652,30 +338,45 @@ void ConjuntoDatos::Filter(const QString& expresion) {
 }
 
 void ConjuntoDatos::Filtered(bool activo) {
+    if (Active()) {
+        CheckBrowseMode();
+        if (activo && !filtro_.isEmpty())
+            FetchAll();
+    }
     filtrado_ = activo;
     expresion_filtro_.reset();
     if (!Active())
         return;
-    CheckBrowseMode();
-    if (activo && !filtro_.isEmpty()) {
+    if (activo && !filtro_.isEmpty())
         expresion_filtro_ = std::make_shared<Expresion>(*this, filtro_);
-        FetchAll();
-    }
-    reordene(pos_ >= 0 ? orden_[size_t(pos_)] : nullptr);
-    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
+    reordene_y_avise();
     if (pos_ >= 0 && AfterScroll)
         AfterScroll();
 }
 
+void ConjuntoDatos::reordene_y_avise() {
+    const Fila* fila = pos_ >= 0 ? orden_[size_t(pos_)] : nullptr;
+    reordene(fila);
+    const bool misma = pos_ >= 0 && orden_[size_t(pos_)] == fila;
+    const std::exception_ptr falla = misma ? nullptr : siga_a_la_fila();
+    if (!misma)
+        anuncie_anidados();
+    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
+    if (falla)
+        std::rethrow_exception(falla);
+}
+
 void ConjuntoDatos::condicion(std::function<bool()> f) {
     CheckBrowseMode();
+    if (f && Active())
+        FetchAll();
     condicion_ = std::move(f);
     if (!Active())
         return;
-    if (condicion_)
-        FetchAll();
-    reordene(pos_ >= 0 ? orden_[size_t(pos_)] : nullptr);
-    avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
+    if (const Detalle* d = almacen())
+        for (const auto& fila : d->filas)
+            fila->retenida = false;
+    reordene_y_avise();
     if (pos_ >= 0 && AfterScroll)
         AfterScroll();
 }
@@ -684,7 +385,7 @@ bool ConjuntoDatos::visible(Fila& fila) {
     const Fila* antes = fila_calculo_;
     fila_calculo_ = &fila;
     const bool si = (!filtrado_ || !expresion_filtro_ || expresion_filtro_->verdadera()) &&
-                    (!condicion_ || condicion_());
+                    (!condicion_ || fila.retenida || condicion_());
     fila_calculo_ = antes;
     return si;
 }
@@ -701,6 +402,7 @@ bool ConjuntoDatos::menor(const Fila& a, const Fila& b) const {
 void ConjuntoDatos::reordene(const Fila* conservar) {
     Detalle* d = almacen();
     orden_.clear();
+    cambiaron_filas();
     if (!d) {
         pos_ = -1;
         fin_ = true;
@@ -738,43 +440,4 @@ void ConjuntoDatos::reordene(const Fila* conservar) {
     const auto donde = std::find(orden_.begin(), orden_.end(), conservar);
     pos_ = donde != orden_.end() ? int(donde - orden_.begin()) : orden_.empty() ? -1 : 0;
     fin_ = orden_.empty();
-}
-
-// ---------------------------------------------------------------- agregados
-
-void ConjuntoDatos::agregado(const QString& nombre, const QString& expresion) {
-    agregados_.insert(nombre.toUpper(), expresion);
-}
-
-Valor ConjuntoDatos::agregado(const QString& nombre) const {
-    const QString expresion = agregados_.value(nombre.toUpper());
-    if (!AggregatesActive || expresion.isEmpty() || !Active())
-        return {};
-    const qsizetype abre = expresion.indexOf('(');
-    const QString funcion = expresion.left(abre).trimmed().toUpper();
-    const Campo& campo = FieldByName(expresion.mid(abre + 1).chopped(1).trimmed());
-    Moneda suma;
-    bool hay = false;
-    for (size_t i = 0; i < orden_.size(); ++i) {
-        const Fila& fila = *orden_[i];
-        // La fila en edición cuenta con lo que tenía: lo tecleado a medias no ha entrado al libro.
-        Valor v;
-        if (editando() && int(i) == pos_) {
-            if (estado_ == Estado::Insercion)
-                continue;
-            v = fila.valores
-                    ? (*fila.valores)[campo.indice_]
-                    : decodifique(sentencia()->conexion(), columnas_[campo.columna_], fila.cruda);
-        } else {
-            v = valor_de(fila, campo);
-        }
-        if (v.nulo())
-            continue;
-        hay = true;
-        if (funcion == QLatin1String("COUNT"))
-            suma += Moneda(1);
-        else
-            suma += v.moneda();
-    }
-    return hay ? Valor(suma) : Valor();
 }

@@ -5,23 +5,14 @@ bool ConjuntoDatos::IsEmpty() const {
     return orden_.empty();
 }
 
+void ConjuntoDatos::exija_abierto() const {
+    if (!Active())
+        throw ErrorDatos(QStringLiteral("No hay información abierta para cambiar."), objectName());
+}
+
 void ConjuntoDatos::CheckBrowseMode() {
     if (editando())
         Post();
-}
-
-void ConjuntoDatos::mueva(int destino, bool anuncie) {
-    for (ConjuntoDatos* d : anidados_)
-        d->CheckBrowseMode();
-    if (anuncie && BeforeScroll)
-        BeforeScroll();
-    pos_ = destino;
-    inicio_ = fin_ = false;
-    for (ConjuntoDatos* d : anidados_)
-        d->maestra_movida();
-    avise([](EnlaceDatos& e) { e.fila_actual_cambiada(); });
-    if (anuncie && AfterScroll)
-        AfterScroll();
 }
 
 void ConjuntoDatos::First() {
@@ -101,42 +92,50 @@ bool coincide(const Valor& tiene, const Valor& pide, unsigned opciones) {
 
 } // namespace
 
+QVector<Campo*> ConjuntoDatos::campos_de_lista(const QString& nombres) const {
+    QVector<Campo*> campos;
+    for (const QString& n : nombres.split(';'))
+        campos << &FieldByName(n.trimmed());
+    return campos;
+}
+
+int ConjuntoDatos::busque_fila(const QVector<Campo*>& llaves, const QVector<Valor>& valores,
+                               unsigned opciones) {
+    int desde = 0;
+    if (opciones == 0) {
+        const int indizada = fila_con(llaves, valores);
+        if (indizada >= 0)
+            return indizada;
+        if (indizada == kNoEsta)
+            desde = int(orden_.size());
+    }
+    for (int i = desde; i < int(orden_.size()) || traiga_paquete(); ++i) {
+        bool igual = true;
+        for (int k = 0; igual && k < llaves.size(); ++k)
+            igual = coincide(valor_en(i, *llaves[k]), valores.value(k), opciones);
+        if (igual)
+            return i;
+    }
+    return kNoEsta;
+}
+
 bool ConjuntoDatos::Locate(const QString& campos, const QVector<Valor>& valores,
                            unsigned opciones) {
     if (!Active())
         return false;
     CheckBrowseMode();
-    QVector<Campo*> llaves;
-    for (const QString& n : campos.split(';'))
-        llaves << &FieldByName(n.trimmed());
-    for (int i = 0;; ++i) {
-        if (i >= int(orden_.size()) && !traiga_paquete())
-            return false;
-        bool igual = true;
-        for (int k = 0; igual && k < llaves.size(); ++k)
-            igual = coincide(valor_en(i, *llaves[k]), valores.value(k), opciones);
-        if (igual) {
-            if (i != pos_)
-                mueva(i);
-            return true;
-        }
-    }
+    const int i = busque_fila(campos_de_lista(campos), valores, opciones);
+    if (i < 0)
+        return false;
+    if (i != pos_)
+        mueva(i);
+    return true;
 }
 
 Valor ConjuntoDatos::Lookup(const QString& campos, const QVector<Valor>& valores,
                             const QString& resultado) {
     const Campo& campo = FieldByName(resultado);
-    QVector<Campo*> llaves;
-    for (const QString& n : campos.split(';'))
-        llaves << &FieldByName(n.trimmed());
-    for (int i = 0; i < int(orden_.size()) || traiga_paquete(); ++i) {
-        bool igual = true;
-        for (int k = 0; igual && k < llaves.size(); ++k)
-            igual = coincide(valor_en(i, *llaves[k]), valores.value(k), 0);
-        if (igual)
-            return valor_en(i, campo);
-    }
-    return {};
+    return valor_en(busque_fila(campos_de_lista(campos), valores, 0), campo);
 }
 
 // ---------------------------------------------------------------- edición
@@ -150,27 +149,35 @@ void ConjuntoDatos::falle(const std::function<void(ConjuntoDatos&, const ErrorDa
 }
 
 void ConjuntoDatos::inserte_fila(int posicion) {
-    if (!Active())
-        throw ErrorDatos(QStringLiteral("%1: está cerrado.").arg(objectName()));
+    exija_abierto();
     Detalle* d = almacen();
     if (!d)
-        throw ErrorDatos(
-            QStringLiteral("%1: no hay registro maestro para insertar.").arg(objectName()));
-    for (ConjuntoDatos* a : anidados_)
+        throw ErrorDatos(QStringLiteral("No hay un registro al cual agregarle detalles."),
+                         objectName());
+    // Los detalles que no se pudieron leer se leen ahora: agregar a ciegas repetiría líneas.
+    if (maestra_ && !d->cargado) {
+        lea_detalle();
+        posicion = int(orden_.size());
+    }
+    for (ConjuntoDatos* a : anidados_) {
         a->CheckBrowseMode();
+        a->asegure_columnas();
+    }
     pos_previa_ = pos_;
     nueva_ = std::make_unique<Fila>();
     nueva_->marca = Fila::Marca::Nueva;
     bufer_.fill(Valor(), int(campos_.size()));
-    orden_.insert(orden_.begin() + posicion, nueva_.get());
-    pos_ = posicion;
+    cambie_fila(*nueva_, [&] {
+        orden_.insert(orden_.begin() + posicion, nueva_.get());
+        pos_ = posicion;
+        estado_ = Estado::Insercion;
+    });
     inicio_ = fin_ = false;
-    estado_ = Estado::Insercion;
+    cargue_anidados(); // una maestra que nace no tiene detalles que leer
     avise([&](EnlaceDatos& e) { e.filas_insertadas(posicion, 1); });
     avise([](EnlaceDatos& e) { e.estado_cambiado(); });
     avise([](EnlaceDatos& e) { e.fila_actual_cambiada(); });
-    for (ConjuntoDatos* a : anidados_)
-        a->maestra_movida();
+    anuncie_anidados();
     // La llave de la maestra pasa a la línea al nacer.
     if (maestra_)
         for (const QString& n : sentencia_detalle_->MasterFields())
@@ -210,8 +217,7 @@ void ConjuntoDatos::Insert() {
 void ConjuntoDatos::Edit() {
     if (editando())
         return;
-    if (!Active())
-        throw ErrorDatos(QStringLiteral("%1: está cerrado.").arg(objectName()));
+    exija_abierto();
     if (orden_.empty()) {
         Insert();
         return;
@@ -234,7 +240,8 @@ void ConjuntoDatos::Edit() {
 void ConjuntoDatos::valide_requeridos() {
     for (const auto& c : campos_)
         if (c->Required && c->tipo == TipoCampo::Datos && bufer_[c->indice_].texto().isEmpty())
-            throw ErrorDatos(QStringLiteral("Field '%1' must have a value").arg(c->etiqueta()));
+            throw ErrorDatos(QStringLiteral("Field '%1' must have a value").arg(c->etiqueta()), {},
+                             QStringLiteral("Falta el dato %1.").arg(c->nombre_visible()));
 }
 
 void ConjuntoDatos::valide_llave() {
@@ -248,7 +255,8 @@ void ConjuntoDatos::valide_llave() {
         for (int k = 0; igual && k < llave.size(); ++k)
             igual = valor_de(*orden_[i], *llave[k]).compare(bufer_[llave[k]->indice_]) == 0;
         if (igual)
-            throw ErrorDatos(QStringLiteral("key violation."));
+            throw ErrorDatos(QStringLiteral("key violation."), {},
+                             QStringLiteral("Ya existe un registro igual."));
     }
 }
 
@@ -270,6 +278,30 @@ bool ConjuntoDatos::cambiada(const QStringList& salvo) const {
     return false;
 }
 
+void ConjuntoDatos::guarde_en_memoria(Fila& fila) {
+    if (estado_ == Estado::Insercion) {
+        fila.valores = std::make_unique<QVector<Valor>>(bufer_);
+        fila.marca = Fila::Marca::Insertada;
+        fila.retenida = bool(condicion_);
+        Detalle* d = almacen();
+        // Una fila insertada en medio entra al almacén donde se ve, y no al final.
+        auto donde = d->filas.end();
+        if (size_t(pos_) + 1 < orden_.size())
+            donde = std::find_if(d->filas.begin(), d->filas.end(), [&](const auto& f) {
+                return f.get() == orden_[size_t(pos_) + 1];
+            });
+        d->filas.insert(donde, std::move(nueva_));
+    } else if (cambiada()) {
+        haga_propios(fila);
+        if (fila.marca == Fila::Marca::Intacta) {
+            fila.originales = std::move(fila.valores);
+            fila.marca = Fila::Marca::Modificada;
+        }
+        fila.valores = std::make_unique<QVector<Valor>>(bufer_);
+    }
+    estado_ = Estado::Navegacion;
+}
+
 void ConjuntoDatos::Post() {
     if (!editando())
         return;
@@ -289,31 +321,10 @@ void ConjuntoDatos::Post() {
         falle(OnPostError, error);
     }
     Fila& fila = *orden_[size_t(pos_)];
-    if (estado_ == Estado::Insercion) {
-        fila.valores = std::make_unique<QVector<Valor>>(bufer_);
-        fila.marca = Fila::Marca::Insertada;
-        Detalle* d = almacen();
-        // Una fila insertada en medio entra al almacén donde se ve, y no al final.
-        auto donde = d->filas.end();
-        if (size_t(pos_) + 1 < orden_.size())
-            donde = std::find_if(d->filas.begin(), d->filas.end(), [&](const auto& f) {
-                return f.get() == orden_[size_t(pos_) + 1];
-            });
-        d->filas.insert(donde, std::move(nueva_));
-    } else {
-        if (cambiada()) {
-            haga_propios(fila);
-            if (fila.marca == Fila::Marca::Intacta) {
-                fila.originales = std::move(fila.valores);
-                fila.marca = Fila::Marca::Modificada;
-            }
-            fila.valores = std::make_unique<QVector<Valor>>(bufer_);
-        }
-    }
-    estado_ = Estado::Navegacion;
+    cambie_fila(fila, [&] { guarde_en_memoria(fila); });
+    valores_cambiados(fila);
     if (!indice_.isEmpty() || (filtrado_ && expresion_filtro_) || condicion_) {
-        reordene(&fila);
-        avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
+        reordene_y_avise();
     } else {
         avise([&](EnlaceDatos& e) { e.fila_modificada(pos_); });
     }
@@ -330,20 +341,26 @@ void ConjuntoDatos::Cancel() {
     for (ConjuntoDatos* d : anidados_)
         d->Cancel();
     const bool insercion = estado_ == Estado::Insercion;
-    estado_ = Estado::Navegacion;
+    std::exception_ptr falla;
+    const Fila& fila = *orden_[size_t(pos_)];
+    valores_cambiados(fila);
     if (insercion) {
         const int quitada = pos_;
-        orden_.erase(orden_.begin() + quitada);
+        cambie_fila(fila, [&] {
+            estado_ = Estado::Navegacion;
+            orden_.erase(orden_.begin() + quitada);
+        });
         nueva_.reset();
         pos_ = qMin(pos_previa_, int(orden_.size()) - 1);
         if (pos_ < 0 && !orden_.empty())
             pos_ = 0;
         fin_ = orden_.empty();
-        for (ConjuntoDatos* d : anidados_)
-            d->maestra_movida();
+        falla = siga_a_la_fila();
+        anuncie_anidados();
         avise([&](EnlaceDatos& e) { e.filas_borradas(quitada, 1); });
         avise([](EnlaceDatos& e) { e.fila_actual_cambiada(); });
     } else {
+        cambie_fila(fila, [&] { estado_ = Estado::Navegacion; });
         avise([](EnlaceDatos& e) { e.campo_cambiado(nullptr); });
         avise([&](EnlaceDatos& e) { e.fila_modificada(pos_); });
     }
@@ -352,6 +369,8 @@ void ConjuntoDatos::Cancel() {
         AfterCancel();
     if (insercion && pos_ >= 0 && AfterScroll)
         AfterScroll();
+    if (falla)
+        std::rethrow_exception(falla);
 }
 
 void ConjuntoDatos::Delete() {
@@ -360,7 +379,7 @@ void ConjuntoDatos::Delete() {
         return;
     }
     if (pos_ < 0 || orden_.empty())
-        throw ErrorDatos(QStringLiteral("%1: no hay registro para borrar.").arg(objectName()));
+        throw ErrorDatos(QStringLiteral("No hay un registro para borrar."), objectName());
     if (estado_ == Estado::Edicion)
         Cancel();
     if (BeforeDelete)
@@ -369,31 +388,46 @@ void ConjuntoDatos::Delete() {
         for (ConjuntoDatos* d : anidados_)
             if (!d->IsEmpty())
                 falle(OnDeleteError,
-                      ErrorDatos(QStringLiteral("Cannot delete master record with details.")));
+                      ErrorDatos(QStringLiteral("Cannot delete master record with details."), {},
+                                 QStringLiteral("Borre antes los detalles del registro.")));
     Fila* fila = orden_[size_t(pos_)];
     Detalle* d = almacen();
     const auto donde = std::find_if(d->filas.begin(), d->filas.end(),
                                     [&](const auto& f) { return f.get() == fila; });
-    // Lo que la base no conoce desaparece; lo demás espera en el registro de cambios.
-    if (fila->marca != Fila::Marca::Insertada) {
-        haga_propios(*fila);
-        d->borradas.push_back(std::move(*donde));
-    }
-    std::unique_ptr<Fila> difunta = std::move(*donde);
-    d->filas.erase(donde);
+    // Lo que la base no conoce desaparece; lo demás espera en el registro de cambios. Una nueva que
+    // ya viajó y no se sabe si quedó, también espera.
+    const bool espera = fila->marca != Fila::Marca::Insertada || fila->envio;
     const int quitada = pos_;
-    orden_.erase(orden_.begin() + quitada);
-    if (pos_ >= int(orden_.size()) && !traiga_paquete())
+    std::unique_ptr<Fila> difunta;
+    cambie_fila(*fila, [&] {
+        if (espera)
+            haga_propios(*fila);
+        difunta = std::move(*donde);
+        d->filas.erase(donde);
+        orden_.erase(orden_.begin() + quitada);
+    });
+    if (espera)
+        d->borradas.push_back(std::move(difunta));
+    std::exception_ptr falla;
+    try {
+        if (pos_ >= int(orden_.size()) && !traiga_paquete())
+            pos_ = int(orden_.size()) - 1;
+    } catch (...) {
+        falla = std::current_exception();
         pos_ = int(orden_.size()) - 1;
+    }
     fin_ = orden_.empty();
-    for (ConjuntoDatos* a : anidados_)
-        a->maestra_movida();
+    if (const auto otra = siga_a_la_fila(); !falla)
+        falla = otra;
+    anuncie_anidados();
     avise([&](EnlaceDatos& e) { e.filas_borradas(quitada, 1); });
     avise([](EnlaceDatos& e) { e.fila_actual_cambiada(); });
     if (AfterDelete)
         AfterDelete();
     if (pos_ >= 0 && AfterScroll)
         AfterScroll();
+    if (falla)
+        std::rethrow_exception(falla);
 }
 
 // ---------------------------------------------------------------- registro de cambios
@@ -427,17 +461,13 @@ int ConjuntoDatos::ApplyUpdates(int errores_maximos) {
     if (ChangeCount() == 0)
         return 0;
     if (!proveedor)
-        throw ErrorDatos(
-            QStringLiteral("%1: sin proveedor no hay dónde grabar.").arg(objectName()));
+        throw ErrorDatos(QStringLiteral("No hay dónde grabar estos cambios."), objectName());
     return proveedor->aplique(*this, errores_maximos);
 }
 
-void ConjuntoDatos::acepte_fila(Fila& fila) {
-    fila.marca = Fila::Marca::Intacta;
-    fila.originales.reset();
-}
-
 void ConjuntoDatos::acepte_cambios() {
+    recalcule();
+    cambiaron_filas();
     for (ConjuntoDatos* d : anidados_)
         d->acepte_cambios();
     avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
@@ -447,6 +477,7 @@ void ConjuntoDatos::acepte_cambios() {
 void ConjuntoDatos::descarte(Detalle& detalle) {
     for (auto i = detalle.filas.begin(); i != detalle.filas.end();) {
         Fila& f = **i;
+        f.envio.reset(); // el usuario renunció a saber de él
         if (f.marca == Fila::Marca::Insertada) {
             i = detalle.filas.erase(i);
             continue;
@@ -460,7 +491,8 @@ void ConjuntoDatos::descarte(Detalle& detalle) {
         ++i;
     }
     for (auto& f : detalle.borradas)
-        detalle.filas.push_back(std::move(f));
+        if (f->marca != Fila::Marca::Insertada)
+            detalle.filas.push_back(std::move(f));
     detalle.borradas.clear();
 }
 
@@ -476,10 +508,13 @@ void ConjuntoDatos::CancelUpdates() {
     }
     if (Detalle* d = almacen())
         descarte(*d);
+    recalcule();
     reordene(pos_ >= 0 && pos_ < int(orden_.size()) ? orden_[size_t(pos_)] : nullptr);
-    for (ConjuntoDatos* d : anidados_)
-        d->maestra_movida();
+    const std::exception_ptr falla = siga_a_la_fila();
+    anuncie_anidados();
     avise([](EnlaceDatos& e) { e.filas_reiniciadas(); });
     if (pos_ >= 0 && AfterScroll)
         AfterScroll();
+    if (falla)
+        std::rethrow_exception(falla);
 }

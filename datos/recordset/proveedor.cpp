@@ -1,16 +1,17 @@
 #include "datos/recordset/proveedor.h"
 
-#include "datos/recordset/conjunto.h"
+#include "datos/recordset/cambios.h"
 
-#include <QElapsedTimer>
-#include <QThread>
-#include <random>
+using cambios::cambio;
+using cambios::campos_de;
+using cambios::Condicion;
+using cambios::condicion_de;
+using cambios::nombres_de;
+using cambios::tabla_de;
 
 namespace {
 
-constexpr int kReintentos = 4;
-// Un conflicto que ya esperó no se repite: el usuario merece saber a quién espera.
-constexpr int kConflictoInmediatoMs = 2000;
+constexpr int kVecesConsecutivo = 5;
 
 } // namespace
 
@@ -23,7 +24,7 @@ struct Proveedor::Grabacion {
     };
     struct Falla {
         ConjuntoDatos* conjunto;
-        std::shared_ptr<ErrorDatos> error;
+        std::exception_ptr error;
         ClaseCambio clase;
     };
     Transaccion& transaccion;
@@ -36,6 +37,24 @@ struct Proveedor::Grabacion {
     // dónde estaba la pasada al fallar
     ConjuntoDatos* conjunto = nullptr;
     ClaseCambio clase = ClaseCambio::Modificacion;
+
+    void recuerde_lo_enviado() const {
+        for (Fila* f : grabadas) {
+            auto e = std::make_shared<Fila::Envio>();
+            e->clase = f->marca == Fila::Marca::Insertada ? ClaseCambio::Insercion
+                                                          : ClaseCambio::Modificacion;
+            e->valores = *f->valores;
+            if (f->originales)
+                e->antes = *f->originales;
+            f->envio = std::move(e);
+        }
+        for (const auto& [detalle, f] : borradas) {
+            auto e = std::make_shared<Fila::Envio>();
+            e->clase = ClaseCambio::Borrado;
+            e->valores = f->originales ? *f->originales : *f->valores;
+            f->envio = std::move(e);
+        }
+    }
 };
 
 Proveedor::Proveedor(QObject* dueno, const QString& nombre, Sentencia* s, unsigned opciones)
@@ -44,22 +63,27 @@ Proveedor::Proveedor(QObject* dueno, const QString& nombre, Sentencia* s, unsign
 }
 
 int Proveedor::aplique(ConjuntoDatos& conjunto, int errores_maximos) {
-    for (int pasada = 0;; ++pasada) {
-        QElapsedTimer reloj;
-        reloj.start();
+    const auto reporte = [&](const ErrorDatos& falla) {
+        if (!OnUpdateError)
+            std::rethrow_exception(std::current_exception());
+        OnUpdateError(*this, conjunto, falla, ClaseCambio::Modificacion);
+        return 1;
+    };
+    for (Reintento reintento;;) {
         try {
-            return intente(conjunto, errores_maximos);
-        } catch (const ErrorBase& e) {
-            // Nada quedó aplicado: se puede repetir entera antes de molestar al usuario.
-            if (!e.conflicto() || pasada >= kReintentos ||
-                reloj.elapsed() > kConflictoInmediatoMs) {
-                if (OnUpdateError)
-                    OnUpdateError(*this, conjunto, e, ClaseCambio::Modificacion);
-                else
-                    throw;
-                return 1;
+            if (cambios::hay_envio(conjunto)) {
+                cambios::aclare_envio(conjunto);
+                if (conjunto.ChangeCount() == 0)
+                    return 0;
             }
-            QThread::msleep(10 + std::random_device{}() % 40);
+            return intente(conjunto, errores_maximos);
+        } catch (const ErrorBase& falla) {
+            // Nada quedó aplicado: se puede repetir entera antes de molestar al usuario.
+            if (reintento.otra_vez(falla))
+                continue;
+            if (falla.conflicto())
+                return reporte(conjunto.conexion().conflicto_con_nombre(falla));
+            return reporte(falla);
         }
     }
 }
@@ -71,72 +95,93 @@ int Proveedor::intente(ConjuntoDatos& conjunto, int errores_maximos) {
     bool entera = true;
     try {
         resuelva_conjunto(g, conjunto);
+        transaccion.confirme();
     } catch (const ErrorBase& e) {
+        if (e.dudosa()) {
+            g.recuerde_lo_enviado();
+            try {
+                if (cambios::aclare_envio(conjunto) && g.fallas.empty())
+                    return 0;
+            } catch (const ErrorDatos&) {
+                // Sin servidor no hay a quién preguntar: se averigua en la grabación siguiente.
+            }
+        }
         transaccion.deshaga();
         if (e.conflicto() && errores_maximos == 0)
             throw;
         entera = false;
-        g.fallas.push_back({g.conjunto, std::make_shared<ErrorBase>(e), g.clase});
-    } catch (const ErrorDatos& e) {
+        g.fallas.push_back({g.conjunto, std::current_exception(), g.clase});
+    } catch (const ErrorDatos&) {
         transaccion.deshaga();
         entera = false;
-        g.fallas.push_back({g.conjunto, std::make_shared<ErrorDatos>(e), g.clase});
+        g.fallas.push_back({g.conjunto, std::current_exception(), g.clase});
     }
-    if (entera) {
-        transaccion.confirme();
-        for (const auto& d : g.devueltas)
-            (*d.fila->valores)[d.campo->indice()] = d.valor;
-        for (Fila* f : g.grabadas) {
-            f->marca = Fila::Marca::Intacta;
-            f->originales.reset();
-        }
-        for (const auto& [detalle, fila] : g.borradas)
-            std::erase_if(detalle->borradas, [f = fila](const auto& x) { return x.get() == f; });
-        conjunto.acepte_cambios();
-    }
+    if (entera)
+        acepte(g, conjunto);
     // Los reportes abren diálogos: la transacción ya no retiene a nadie.
     for (const auto& f : g.fallas) {
-        if (!OnUpdateError)
-            throw ErrorDatos(f.error->texto());
-        OnUpdateError(*this, f.conjunto ? *f.conjunto : conjunto, *f.error, f.clase);
+        try {
+            std::rethrow_exception(f.error);
+        } catch (const ErrorDatos& e) {
+            if (!OnUpdateError)
+                throw;
+            OnUpdateError(*this, f.conjunto ? *f.conjunto : conjunto, e, f.clase);
+        }
     }
     return int(g.fallas.size());
+}
+
+void Proveedor::acepte(Grabacion& g, ConjuntoDatos& conjunto) {
+    for (const auto& d : g.devueltas)
+        (*d.fila->valores)[d.campo->indice()] = d.valor;
+    for (Fila* f : g.grabadas) {
+        f->marca = Fila::Marca::Intacta;
+        f->originales.reset();
+    }
+    for (const auto& [detalle, fila] : g.borradas)
+        std::erase_if(detalle->borradas, [f = fila](const auto& x) { return x.get() == f; });
+    conjunto.acepte_cambios();
+}
+
+void Proveedor::en_punto(Grabacion& g, const std::function<void()>& cuerpo) {
+    if (g.errores_maximos == 0) {
+        cuerpo();
+        return;
+    }
+    // Con errores tolerados cada fila que cambió lleva su punto de retorno.
+    g.conexion.prepare(QStringLiteral("savepoint fila"), g.transaccion)->ejecute(g.transaccion, {});
+    const auto grabadas = g.grabadas.size(), borradas = g.borradas.size(),
+               devueltas = g.devueltas.size();
+    try {
+        cuerpo();
+    } catch (const ErrorDatos& e) {
+        const auto* motor = dynamic_cast<const ErrorBase*>(&e);
+        if (motor && motor->conexion_perdida())
+            throw;
+        const Grabacion::Falla falla{g.conjunto, std::current_exception(), g.clase};
+        g.conexion.prepare(QStringLiteral("rollback to savepoint fila"), g.transaccion)
+            ->ejecute(g.transaccion, {});
+        g.grabadas.resize(grabadas);
+        g.borradas.resize(borradas);
+        while (g.devueltas.size() > devueltas)
+            g.devueltas.pop_back();
+        g.fallas.push_back(falla);
+    }
 }
 
 void Proveedor::resuelva_conjunto(Grabacion& g, ConjuntoDatos& conjunto) {
     Detalle* almacen = conjunto.almacen();
     if (!almacen)
         return;
-    const auto en_punto = [&](const std::function<void()>& cuerpo) {
-        if (g.errores_maximos == 0) {
-            cuerpo();
-            return;
-        }
-        // Con errores tolerados cada fila lleva su punto de retorno.
-        g.conexion.prepare(QStringLiteral("savepoint fila"), g.transaccion)
-            ->ejecute(g.transaccion, {});
-        const auto grabadas = g.grabadas.size(), borradas = g.borradas.size(),
-                   devueltas = g.devueltas.size();
-        try {
-            cuerpo();
-        } catch (const ErrorDatos& e) {
-            g.conexion.prepare(QStringLiteral("rollback to savepoint fila"), g.transaccion)
-                ->ejecute(g.transaccion, {});
-            g.grabadas.resize(grabadas);
-            g.borradas.resize(borradas);
-            while (g.devueltas.size() > devueltas)
-                g.devueltas.pop_back();
-            g.fallas.push_back({g.conjunto, std::make_shared<ErrorDatos>(e), g.clase});
-        }
-    };
     for (const auto& f : almacen->borradas)
-        en_punto([&] {
+        en_punto(g, [&] {
             resuelva_detalles(g, conjunto, *f, true);
             borre(g, conjunto, *f);
             g.borradas.emplace_back(almacen, f.get());
         });
     for (const auto& f : almacen->filas)
-        en_punto([&] { resuelva_fila(g, conjunto, *f); });
+        if (cambio(*f))
+            en_punto(g, [&] { resuelva_fila(g, conjunto, *f); });
 }
 
 void Proveedor::resuelva_fila(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
@@ -149,6 +194,23 @@ void Proveedor::resuelva_fila(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila)
     resuelva_detalles(g, conjunto, fila, false);
 }
 
+void Proveedor::lleve_llave(ConjuntoDatos& maestra, Fila& fila, ConjuntoDatos& detalle,
+                            Fila& linea) {
+    for (const QString& n : detalle.sentencia()->MasterFields()) {
+        Campo* c = detalle.FindField(n);
+        if (!c)
+            continue;
+        const Valor v = maestra.valor_de(fila, maestra.FieldByName(n));
+        if (!linea.valores && detalle.valor_de(linea, *c) == v)
+            continue;
+        detalle.haga_propios(linea);
+        (*linea.valores)[c->indice()] = v;
+        // La base ya llevó la llave nueva a las líneas guardadas (cascada de la llave).
+        if (linea.originales)
+            (*linea.originales)[c->indice()] = v;
+    }
+}
+
 void Proveedor::resuelva_detalles(Grabacion& g, ConjuntoDatos& maestra, Fila& fila,
                                   bool solo_borrados) {
     for (ConjuntoDatos* d : maestra.anidados()) {
@@ -156,26 +218,13 @@ void Proveedor::resuelva_detalles(Grabacion& g, ConjuntoDatos& maestra, Fila& fi
             continue;
         Detalle& detalle = *fila.detalles[size_t(d->indice_detalle_)];
         // La llave de la maestra manda: las líneas van a la base bajo la definitiva.
-        const auto enlace = d->sentencia()->MasterFields();
-        for (const auto& f : detalle.filas) {
-            for (const QString& n : enlace) {
-                Campo* c = d->FindField(n);
-                if (!c || solo_borrados)
-                    continue;
-                const Valor v = maestra.valor_de(fila, maestra.FieldByName(n));
-                if (!f->valores && d->valor_de(*f, *c) == v)
-                    continue;
-                d->haga_propios(*f);
-                (*f->valores)[c->indice()] = v;
-                // La base ya llevó la llave nueva a las líneas guardadas (cascada de la llave).
-                if (f->originales)
-                    (*f->originales)[c->indice()] = v;
-            }
+        if (!solo_borrados) {
+            for (const auto& f : detalle.filas)
+                lleve_llave(maestra, fila, *d, *f);
+            for (const auto& f : detalle.borradas)
+                lleve_llave(maestra, fila, *d, *f);
         }
         for (const auto& f : detalle.borradas) {
-            for (const QString& n : enlace)
-                if (Campo* c = d->FindField(n); c && f->valores && !solo_borrados)
-                    (*f->valores)[c->indice()] = maestra.valor_de(fila, maestra.FieldByName(n));
             borre(g, *d, *f);
             g.borradas.emplace_back(&detalle, f.get());
         }
@@ -190,36 +239,6 @@ void Proveedor::resuelva_detalles(Grabacion& g, ConjuntoDatos& maestra, Fila& fi
     }
 }
 
-namespace {
-
-/// Tabla que se modifica: la que más columnas aporta al resultado.
-QString tabla_de(const QVector<Columna>& columnas) {
-    QHash<QString, int> cuenta;
-    QString mejor;
-    for (const Columna& c : columnas)
-        if (!c.tabla.isEmpty() && ++cuenta[c.tabla] > cuenta.value(mejor))
-            mejor = c.tabla;
-    return mejor;
-}
-
-QString nombres_de(const QVector<Campo*>& campos) {
-    QStringList nombres;
-    for (const Campo* c : campos)
-        nombres << c->FieldName;
-    return nombres.join(',');
-}
-
-} // namespace
-
-QVector<Campo*> Proveedor::campos_de(const ConjuntoDatos& conjunto, const QString& tabla) {
-    QVector<Campo*> campos;
-    for (const auto& c : conjunto.campos_)
-        if (c->tipo == TipoCampo::Datos && c->columna() >= 0 &&
-            conjunto.columnas_[c->columna()].tabla == tabla)
-            campos << c.get();
-    return campos;
-}
-
 QVector<Campo*> Proveedor::campos_devueltos(const QVector<Campo*>& campos) const {
     QVector<Campo*> devueltos;
     if (Options & poPropogateChanges)
@@ -229,12 +248,29 @@ QVector<Campo*> Proveedor::campos_devueltos(const QVector<Campo*>& campos) const
     return devueltos;
 }
 
+// ---------------------------------------------------------------- una fila nueva
+
 void Proveedor::inserte(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     g.conjunto = &conjunto;
     g.clase = ClaseCambio::Insercion;
     if (BeforeUpdateRecord)
         BeforeUpdateRecord(conjunto, fila, ClaseCambio::Insercion);
     const QString tabla = tabla_de(conjunto.columnas_);
+    for (int vez = 0;; ++vez) {
+        try {
+            inserte_una_vez(g, conjunto, fila, tabla);
+            return;
+        } catch (const ErrorBase& e) {
+            if (e.clase() != ClaseFalla::LlaveRepetida || conjunto.CampoConsecutivo.isEmpty() ||
+                vez >= kVecesConsecutivo)
+                throw;
+            tome_siguiente(g, conjunto, fila, tabla);
+        }
+    }
+}
+
+void Proveedor::inserte_una_vez(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila,
+                                const QString& tabla) {
     const QVector<Campo*> campos = campos_de(conjunto, tabla), devueltos = campos_devueltos(campos);
     QStringList nombres, incognitas;
     QVector<Valor> valores;
@@ -256,40 +292,93 @@ void Proveedor::inserte(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
         g.devueltas.push_back({&fila, devueltos[i], salida[i]});
 }
 
+void Proveedor::tome_siguiente(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila,
+                               const QString& tabla) {
+    const Campo& numero = conjunto.FieldByName(conjunto.CampoConsecutivo);
+    Condicion maestra;
+    for (const QString& n : conjunto.sentencia()->MasterFields())
+        maestra.agregue(conjunto.FieldByName(n), (*fila.valores)[conjunto.FieldByName(n).indice()]);
+    Cursor cursor(g.conexion.prepare(QStringLiteral("select max(%1) from %2 where %3")
+                                         .arg(numero.FieldName, tabla, maestra.sql()),
+                                     g.transaccion),
+                  g.transaccion, maestra.valores);
+    qint64 mayor = cursor.siguiente() ? cursor.valor(0).entero() : 0;
+    // Tampoco el de una línea que todavía no ha viajado.
+    for (const auto& otra : conjunto.almacen()->filas)
+        if (otra.get() != &fila)
+            mayor = qMax(mayor, conjunto.valor_de(*otra, numero).entero());
+    (*fila.valores)[numero.indice()] = mayor + 1;
+}
+
+// ---------------------------------------------------------------- una fila que ya estaba
+
 namespace {
 
-struct Condicion {
-    QStringList partes;
-    QVector<Valor> valores;
-    void agregue(const Campo& c, const Valor& v) {
-        if (v.nulo()) {
-            partes << c.FieldName + QStringLiteral(" is null");
-            return;
-        }
-        partes << c.FieldName + QStringLiteral(" = ?");
-        valores << v;
+/// Las columnas por las que se reconoce que la fila sigue como se leyó.
+QVector<Campo*> comparables(const ConjuntoDatos& conjunto, const QVector<Campo*>& campos,
+                            const QVector<Columna>& columnas) {
+    QVector<Campo*> lista;
+    for (Campo* c : campos) {
+        const bool llave = c->ProviderFlags & pfInKey;
+        const bool exacta = columnas[c->columna()].tipo != TipoColumna::Flotante &&
+                            c->clase != ClaseCampo::Hora && c->clase != ClaseCampo::FechaHora &&
+                            c->clase != ClaseCampo::Blob;
+        if (llave || ((c->ProviderFlags & pfInWhere) && exacta))
+            lista << c;
     }
-};
+    return lista;
+}
 
-Condicion condicion_de(const ConjuntoDatos& conjunto, const QVector<Valor>& originales,
-                       const QString& tabla, const QVector<Columna>& columnas) {
-    Condicion k;
-    const auto llave = conjunto.campos_llave();
-    if (!llave.isEmpty()) {
-        for (Campo* c : llave)
-            k.agregue(*c, originales[c->indice()]);
-        return k;
+QString entre_comillas(const Campo& c, const Valor& v) {
+    return v.nulo() ? QStringLiteral("vacío") : '\'' + c.presente(v) + '\'';
+}
+
+/// La base no encontró la fila como se leyó: dice qué le pasó, o calla si está igual.
+void diga_que_cambio(Transaccion& t, const QString& tabla, const QVector<Campo*>& llave,
+                     const QVector<Campo*>& campos, const QVector<Valor>& antes) {
+    static const QString kVuelva =
+        QStringLiteral(" después de que usted lo abrió. Vuelva a abrirlo y repita el cambio.");
+    if (llave.isEmpty())
+        throw ErrorOtroUsuario(QStringLiteral("Otro usuario cambió o borró este registro") +
+                               kVuelva);
+    const Condicion k = condicion_de(llave, antes);
+    Cursor cursor(
+        t.conexion().prepare(
+            QStringLiteral("select %1 from %2 where %3").arg(nombres_de(campos), tabla, k.sql()),
+            t),
+        t, k.valores);
+    if (!cursor.siguiente())
+        throw ErrorOtroUsuario(QStringLiteral("Otro usuario borró este registro después de que "
+                                              "usted lo abrió. Vuelva a consultar."));
+    QStringList cambios;
+    for (int i = 0; i < campos.size(); ++i) {
+        const Valor ahora = cursor.valor(i), era = antes[campos[i]->indice()];
+        if (!cambios::iguales(ahora, era))
+            cambios << QStringLiteral("%1 era %2 y ahora es %3")
+                           .arg(campos[i]->nombre_visible(), entre_comillas(*campos[i], era),
+                                entre_comillas(*campos[i], ahora));
     }
-    for (int i = 0; i < conjunto.FieldCount(); ++i) {
-        const Campo& c = conjunto.Fields(i);
-        if (c.tipo != TipoCampo::Datos || !(c.ProviderFlags & pfInWhere) ||
-            c.clase == ClaseCampo::Memo || c.clase == ClaseCampo::Blob || c.columna() < 0 ||
-            columnas[c.columna()].tabla != tabla ||
-            columnas[c.columna()].tipo == TipoColumna::Flotante)
-            continue;
-        k.agregue(c, originales[i]);
-    }
-    return k;
+    if (!cambios.isEmpty())
+        throw ErrorOtroUsuario(QStringLiteral("Otro usuario cambió este registro") + kVuelva +
+                               '\n' + cambios.mid(0, 4).join('\n'));
+}
+
+/// Ejecuta `orden` sobre la fila como se leyó. Si solo la base la ve distinta (un texto con
+/// blancos, un redondeo), la busca por su llave.
+void toque_fila(Transaccion& t, const QString& orden, const QVector<Valor>& nuevos,
+                const QString& tabla, const QVector<Campo*>& llave, const QVector<Campo*>& campos,
+                const QVector<Valor>& antes) {
+    const auto ejecute = [&](const Condicion& k) {
+        QVector<Valor> valores = nuevos;
+        valores += k.valores;
+        return t.conexion()
+                   .prepare(orden + QStringLiteral(" where ") + k.sql(), t)
+                   ->ejecute(t, valores) == 1;
+    };
+    if (ejecute(condicion_de(campos, antes)))
+        return;
+    diga_que_cambio(t, tabla, llave, campos, antes);
+    ejecute(condicion_de(llave, antes));
 }
 
 } // namespace
@@ -300,7 +389,7 @@ void Proveedor::modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     if (BeforeUpdateRecord)
         BeforeUpdateRecord(conjunto, fila, ClaseCambio::Modificacion);
     const QString tabla = tabla_de(conjunto.columnas_);
-    const QVector<Campo*> campos = campos_de(conjunto, tabla), devueltos = campos_devueltos(campos);
+    const QVector<Campo*> campos = campos_de(conjunto, tabla);
     QStringList cambios;
     QVector<Valor> valores;
     for (Campo* c : campos) {
@@ -312,46 +401,42 @@ void Proveedor::modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     }
     if (cambios.isEmpty())
         return;
-    const Condicion k = condicion_de(conjunto, *fila.originales, tabla, conjunto.columnas_);
-    const QString sql =
-        QStringLiteral("update %1 set %2 where %3")
-            .arg(tabla, cambios.join(QStringLiteral(", ")), k.partes.join(QStringLiteral(" and ")));
-    auto sentencia = g.conexion.prepare(sql, g.transaccion);
-    if (sentencia->ejecute(g.transaccion, valores + k.valores) != 1)
-        throw ErrorDatos(
-            QStringLiteral("Otro usuario cambió o borró este registro de %1 después de "
-                           "que usted lo abrió. Vuelva a abrirlo y repita el cambio.")
-                .arg(tabla));
+    toque_fila(g.transaccion,
+               QStringLiteral("update %1 set %2").arg(tabla, cambios.join(QStringLiteral(", "))),
+               valores, tabla, cambios::llave_de(conjunto, tabla),
+               comparables(conjunto, campos, conjunto.columnas_), *fila.originales);
+    relea(g, conjunto, fila, tabla);
+}
+
+void Proveedor::relea(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila, const QString& tabla) {
+    const QVector<Campo*> devueltos = campos_devueltos(campos_de(conjunto, tabla));
     if (devueltos.isEmpty())
         return;
     // Lo que dejaron los disparadores vuelve a la fila, en la misma transacción.
-    Condicion llave;
-    for (Campo* c :
-         conjunto.campos_llave().isEmpty() ? devueltos.mid(0, 1) : conjunto.campos_llave())
-        llave.agregue(*c, (*fila.valores)[c->indice()]);
-    auto lectura = g.conexion.prepare(
-        QStringLiteral("select %1 from %2 where %3")
-            .arg(nombres_de(devueltos), tabla, llave.partes.join(QStringLiteral(" and "))),
-        g.transaccion);
-    Cursor cursor(lectura, g.transaccion, llave.valores);
+    QVector<Campo*> llave = cambios::llave_de(conjunto, tabla);
+    if (llave.isEmpty())
+        llave = devueltos.mid(0, 1);
+    const Condicion k = condicion_de(llave, *fila.valores);
+    Cursor cursor(
+        g.conexion.prepare(
+            QStringLiteral("select %1 from %2 where %3").arg(nombres_de(devueltos), tabla, k.sql()),
+            g.transaccion),
+        g.transaccion, k.valores);
     if (cursor.siguiente())
         for (int i = 0; i < devueltos.size(); ++i)
             g.devueltas.push_back({&fila, devueltos[i], cursor.valor(i)});
 }
 
 void Proveedor::borre(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
+    if (fila.marca == Fila::Marca::Insertada)
+        return; // viajó en una grabación que no quedó
     g.conjunto = &conjunto;
     g.clase = ClaseCambio::Borrado;
     if (BeforeUpdateRecord)
         BeforeUpdateRecord(conjunto, fila, ClaseCambio::Borrado);
     const QString tabla = tabla_de(conjunto.columnas_);
     const QVector<Valor>& antes = fila.originales ? *fila.originales : *fila.valores;
-    const Condicion k = condicion_de(conjunto, antes, tabla, conjunto.columnas_);
-    const QString sql = QStringLiteral("delete from %1 where %2")
-                            .arg(tabla, k.partes.join(QStringLiteral(" and ")));
-    if (g.conexion.prepare(sql, g.transaccion)->ejecute(g.transaccion, k.valores) != 1)
-        throw ErrorDatos(
-            QStringLiteral("Otro usuario cambió o borró este registro de %1 después de "
-                           "que usted lo abrió. Vuelva a abrirlo y repita el cambio.")
-                .arg(tabla));
+    toque_fila(g.transaccion, QStringLiteral("delete from ") + tabla, {}, tabla,
+               cambios::llave_de(conjunto, tabla),
+               comparables(conjunto, campos_de(conjunto, tabla), conjunto.columnas_), antes);
 }

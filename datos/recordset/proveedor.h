@@ -1,5 +1,12 @@
 #pragma once
 // Proveedor: lee de una sentencia hacia un conjunto de datos y devuelve los cambios como SQL.
+//
+// Una fila se busca, para cambiarla o borrarla, por todo lo que de ella se leyó (también los
+// memos): si otro usuario la cambió entretanto, el segundo se entera y no pisa lo del primero.
+//
+// Si se pierde la respuesta de una grabación, nadie sabe si quedó: el proveedor recuerda lo que
+// envió y lo busca en la base, enseguida si puede y si no en la grabación siguiente. Lo que quedó
+// se da por grabado, aunque el usuario haya seguido cambiando filas; lo que no, se envía de nuevo.
 #include "datos/recordset/sentencia.h"
 
 #include <functional>
@@ -38,14 +45,18 @@ public:
 private:
     struct Grabacion;
     int intente(ConjuntoDatos& conjunto, int errores_maximos);
+    void acepte(Grabacion& g, ConjuntoDatos& conjunto);
+    void en_punto(Grabacion& g, const std::function<void()>& cuerpo);
     void resuelva_conjunto(Grabacion& g, ConjuntoDatos& conjunto);
     void resuelva_fila(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);
     void resuelva_detalles(Grabacion& g, ConjuntoDatos& maestra, Fila& fila, bool solo_borrados);
-    /// Campos del conjunto que son columnas de `tabla`.
-    static QVector<Campo*> campos_de(const ConjuntoDatos& conjunto, const QString& tabla);
-    /// De ellos, los que se releen tras grabar (poPropogateChanges).
+    void lleve_llave(ConjuntoDatos& maestra, Fila& fila, ConjuntoDatos& detalle, Fila& linea);
+    /// Los campos que se releen tras grabar (poPropogateChanges).
     QVector<Campo*> campos_devueltos(const QVector<Campo*>& campos) const;
     void inserte(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);
+    void inserte_una_vez(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila, const QString& tabla);
+    void tome_siguiente(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila, const QString& tabla);
     void modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);
+    void relea(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila, const QString& tabla);
     void borre(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);
 };

@@ -27,6 +27,9 @@ teclas Return
 foto opciones_de_impresion 1
 teclas Return
 foto vista_preliminar 2
+# Desde la vista se graba como PDF.
+teclas ctrl+p
+a_pdf comprobante 1
 teclas Escape
 foto grabado 1
 teclas Escape

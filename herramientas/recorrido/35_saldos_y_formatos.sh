@@ -20,6 +20,13 @@ teclas alt+s # Sí
 espere 0.5
 teclas Escape
 
+teclas alt+s Return
+espere 1
+teclas F8
+a_pdf saldos_iniciales 1
+espere 0.5
+teclas Escape
+
 teclas alt+n
 foto tipos_de_comprobante 1
 teclas Down Down F8

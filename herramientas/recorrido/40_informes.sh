@@ -1,25 +1,10 @@
-# Informes hasta el papel: el auxiliar por cuenta y el catálogo de cuentas, grabados como PDF desde
-# "Opciones de impresión" y vueltos imagen junto a las fotos.
+# Informes hasta el papel: cada uno se abre por el menú, se llena con el teclado y queda grabado
+# como PDF, vuelto imagen junto a las fotos.
 
-# Graba en recorrido/ el informe que ya pidió sus opciones y deja la imagen de sus primeras hojas.
-a_pdf() {
-    local nombre=$1 hojas=${2:-2}
-    espere_ventana "Opciones de impresión"
-    teclas alt+a alt+r
-    escriba "PDF"
-    foto "opciones_$nombre"
-    teclas Return
-    espere_ventana "Guardar"
-    teclas ctrl+a
-    escriba "$fotos/$nombre.pdf"
-    teclas Return
-    for _ in $(seq 100); do [ -s "$fotos/$nombre.pdf" ] && break; sleep 0.2; done
-    if [ ! -s "$fotos/$nombre.pdf" ]; then
-        foto "sin_$nombre"
-        echo "No se grabó $nombre.pdf"
-        exit 1
-    fi
-    pdftoppm -r 80 -png -l "$hojas" "$fotos/$nombre.pdf" "$fotos/${nombre}_hoja"
+# informe TECLA...: lo abre desde el menú Informes, que empieza en Catálogos.
+informe() {
+    teclas alt+f "$@"
+    espere 0.6
 }
 
 teclas alt+f Down Right
@@ -32,13 +17,47 @@ foto rango_auxiliar
 teclas F2
 a_pdf auxiliar_por_cuenta
 
-teclas alt+f Right Return
+informe Down Right Down Return
+escriba "13"
+teclas F2
+a_pdf auxiliar_por_tercero
+
+informe Down Right Down Down Return
+escriba "51"
+teclas F2
+a_pdf auxiliar_por_centro
+
+informe Down Right Down Down Down Return
+escriba "FV"
+teclas Tab
+escriba "RC"
+foto rango_consecutivos
+teclas F2
+a_pdf consecutivos 1
+
+informe Down Right Down Down Down Down Return
+teclas F2
+a_pdf cronologico 1
+
+informe Down Right Down Down Down Down Down Return
+teclas F2
+a_pdf diario_detallado 1
+
+informe Right Return
 foto rango_cuentas
 teclas F2
 a_pdf catalogo_de_cuentas
 
-# La libreta de contactos, en la vista preliminar.
-teclas alt+f Right Down Return
+# Los que no piden rango.
+informe Right Down Down Return
+a_pdf catalogo_de_centros 1
+informe Right Down Down Down Return
+a_pdf tipos_de_comprobante 1
+informe Right Down Down Down Down Return
+a_pdf catalogo_de_plantillas 1
+
+# La libreta de contactos, en la vista preliminar y como PDF.
+informe Right Down Return
 teclas shift+Tab Right Tab Tab Tab space
 foto rango_terceros
 teclas F2
@@ -46,4 +65,6 @@ espere_ventana "Opciones de impresión"
 teclas alt+v Return
 espere_ventana "Vista preliminar"
 foto libreta_de_contactos 1
+teclas ctrl+p
+a_pdf libreta_de_contactos 1
 teclas Escape

@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr const char* kRolDueno = "RDB$ADMIN";
 constexpr int kPaginasCache = 2000;
 constexpr int kHorasDeVida = 2; // de una plantilla que ya no es la vigente
 
@@ -54,6 +55,8 @@ void arme(const QString& carpeta) {
     compania.cree_base(desechable(lugar.base_compania(codigo)), kPaginasCache);
     Instalador(compania).instale(TipoBase::Compania);
     agregue_datos_ejemplo(general, compania);
+    for (Conexion* base : {&general, &compania})
+        base->ejecute(QStringLiteral("grant %1 to user \"ADMIN\"").arg(QLatin1String(kRolDueno)));
 }
 
 } // namespace
@@ -101,6 +104,13 @@ BaseDePrueba::BaseDePrueba() {
     };
     copie(origen.base_general(), destino.base_general());
     copie(origen.base_compania(compania()), destino.base_compania(compania()));
+}
+
+ParametrosConexion BaseDePrueba::de(const QString& base, const QString& usuario) {
+    ParametrosConexion p{base, usuario, {}};
+    if (usuario == QLatin1String("ADMIN"))
+        p.rol = QLatin1String(kRolDueno);
+    return p;
 }
 
 Conexion& BaseDePrueba::base() {

@@ -18,20 +18,24 @@ public:
     Ubicacion ubicacion() const { return Ubicacion(ruta()); }
     QString compania() const { return QStringLiteral("001"); }
 
+    /// ADMIN entra como dueño, para preparar y revisar cualquier dato; los demás, con el papel del
+    /// programa.
     ParametrosConexion parametros(const QString& usuario = QStringLiteral("ADMIN")) const {
-        return {ubicacion().base_compania(compania()), usuario, {}};
+        return de(ubicacion().base_compania(compania()), usuario);
     }
     ParametrosConexion parametros_general(const QString& usuario = QStringLiteral("ADMIN")) const {
-        return {ubicacion().base_general(), usuario, {}};
+        return de(ubicacion().base_general(), usuario);
     }
 
-    /// Conexiones ya abiertas como ADMIN, para preparar y revisar datos.
+    /// Conexiones ya abiertas como ADMIN.
     Conexion& base();
     Conexion& general();
     /// Ejecuta varias órdenes, una por texto.
     void ejecute(const QStringList& ordenes);
 
 private:
+    static ParametrosConexion de(const QString& base, const QString& usuario);
+
     QTemporaryDir carpeta_;
     Conexion base_, general_;
 };

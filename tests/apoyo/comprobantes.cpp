@@ -9,7 +9,7 @@ Valor nulo_si_vacio(const QString& texto) {
 
 } // namespace
 
-void inserte_encabezado(Transaccion& t, const Comprobante& c) {
+void inserte_encabezado(Transaccion& t, const ComprobanteEnTablas& c) {
     t.conexion()
         .prepare(QStringLiteral("insert into comprobante_encabezado (enco_consec, tico_cod,"
                                 " prco_pref, enco_numero, enco_fecha, enco_concepto, enco_usuario,"
@@ -33,7 +33,7 @@ void inserte_lineas(Transaccion& t, int id, const QVector<Linea>& lineas, const 
                              nulo_si_vacio(l.articulo)});
 }
 
-void grabe(Conexion& conexion, const Comprobante& c) {
+void grabe(Conexion& conexion, const ComprobanteEnTablas& c) {
     Transaccion t(conexion, Transaccion::Modo::Escritura);
     inserte_encabezado(t, c);
     inserte_lineas(t, c.id, c.lineas);

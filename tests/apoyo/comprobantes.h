@@ -12,7 +12,7 @@ struct Linea {
     QString nit = {}, proyecto = {}, centro = {}, articulo = {};
 };
 
-struct Comprobante {
+struct ComprobanteEnTablas {
     int id;
     QString numero; ///< como se guarda: "000001"
     QString fecha;  ///< "aaaammdd"
@@ -21,12 +21,12 @@ struct Comprobante {
     QString tipo = QStringLiteral("CG"), prefijo = QStringLiteral("0001");
 };
 
-void inserte_encabezado(Transaccion& t, const Comprobante& comprobante);
+void inserte_encabezado(Transaccion& t, const ComprobanteEnTablas& comprobante);
 /// `sufijo` del libro: vacío o "_NIIF".
 void inserte_lineas(Transaccion& t, int id, const QVector<Linea>& lineas,
                     const QString& sufijo = {});
 /// Graba el comprobante en una sola transacción.
-void grabe(Conexion& conexion, const Comprobante& comprobante);
+void grabe(Conexion& conexion, const ComprobanteEnTablas& comprobante);
 
 /// Claves de los dos libros cuyo saldo no es el de sus líneas, como texto; vacío si todo cuadra.
 QString saldos_distintos(Conexion& conexion);

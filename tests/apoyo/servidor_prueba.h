@@ -30,6 +30,8 @@ public:
     void inicie();
     /// Muere sin despedirse, con lo que estuviera haciendo.
     void mate();
+    /// Del programa del servidor, para matarlo desde otro hilo.
+    qint64 proceso() const { return proceso_.processId(); }
 
 private:
     QProcessEnvironment entorno() const;

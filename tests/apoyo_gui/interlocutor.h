@@ -6,9 +6,11 @@
 //     QTest::keyClick(&pantalla, Qt::Key_F3);
 //     QVERIFY2(i.conforme(), qPrintable(i.queja()));
 //
-// Un diálogo que nadie esperaba se cierra con Esc y queda en `queja()`. `vistos()` son los textos
-// de todos los diálogos, en orden. `espere_modal` atiende una pantalla modal o, con el nombre
-// "dialogo", un mensaje del que hay que mirar más que el texto: recibe la ventana y debe cerrarla.
+// Un diálogo que nadie esperaba hace fallar la prueba en el acto, se cierra con Esc y queda en
+// `queja()`; uno esperado que no aparece la hace fallar al morir el interlocutor. Atiende el último
+// que se creó; sin ninguno, la guardia del proceso: ningún diálogo deja colgada una prueba, ni
+// siquiera el que sale al cerrar las pantallas de una que falló. `vistos()` son los textos de los
+// diálogos, en orden.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
@@ -18,9 +20,64 @@
 #include <QTimer>
 #include <functional>
 
-class Interlocutor : public QObject {
+/// Deja correr todo lo que ya esté encolado, y lo que eso encole: para ver que algo no pasa.
+inline void agote_eventos() {
+    for (int vuelta = 0; vuelta < 20; ++vuelta)
+        QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+/// Quien atiende los diálogos modales de la prueba en curso.
+class AtiendeDialogos {
 public:
-    Interlocutor() {
+    virtual ~AtiendeDialogos() = default;
+    virtual void atienda(QWidget& modal) = 0;
+};
+
+/// Vigila los diálogos durante todo el proceso y los pasa a quien los atienda.
+class Guardia : public QObject {
+public:
+    static Guardia& unica() {
+        static QPointer<Guardia> guardia = new Guardia(qApp);
+        return *guardia;
+    }
+    /// Mientras se cierra lo que la prueba dejó abierto, la pregunta de salida se contesta "Sí".
+    bool despedida = false;
+    /// La prueba mira ella misma las ventanas.
+    bool en_pausa = false;
+
+    void tome(AtiendeDialogos* quien) { atienden_.append(quien); }
+    void suelte(AtiendeDialogos* quien) { atienden_.removeOne(quien); }
+
+    /// Hace fallar la prueba en curso.
+    static void falle(const QString& queja) {
+        if (!QTest::currentTestFunction())
+            qFatal("fuera de toda prueba: %s", qPrintable(queja));
+        QTest::qFail(qPrintable(queja), __FILE__, __LINE__);
+    }
+    static QString nombre(const QWidget& ventana) {
+        const auto* mensaje = qobject_cast<const QMessageBox*>(&ventana);
+        return mensaje ? QStringLiteral("mensaje inesperado: %1").arg(mensaje->text())
+                       : QStringLiteral("ventana inesperada: %1 %2")
+                             .arg(ventana.objectName(), ventana.windowTitle());
+    }
+    /// Por las buenas o por las malas: una prueba que falla no se queda esperando.
+    static void cierre(QWidget& ventana) {
+        const QPointer<QWidget> viva(&ventana);
+        if (qobject_cast<QMessageBox*>(&ventana))
+            QTest::keyClick(&ventana, Qt::Key_Escape);
+        else
+            ventana.close();
+        if (viva && viva->isVisible()) {
+            if (auto* dialogo = qobject_cast<QDialog*>(&ventana))
+                dialogo->done(QDialog::Rejected);
+            else
+                ventana.hide();
+        }
+    }
+
+private:
+    explicit Guardia(QObject* dueno) : QObject(dueno) {
         reloj_.setInterval(5);
         // Encolado: un reloj no vuelve a sonar dentro de su propio aviso, y atender una ventana
         // puede abrir otra.
@@ -28,72 +85,123 @@ public:
             &reloj_, &QTimer::timeout, this, [this] { mire(); }, Qt::QueuedConnection);
         reloj_.start();
     }
-    ~Interlocutor() override {
-        if (!revisado_ && !conforme())
-            QTest::qFail(qPrintable(queja()), __FILE__, __LINE__);
+    static QWidget* a_la_vista() {
+        if (QWidget* modal = QApplication::activeModalWidget())
+            return modal->isVisible() ? modal : nullptr;
+        // El mensaje que se quita solo no es modal, pero detiene al que lo muestra.
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->isVisible() && w->objectName() == QLatin1String("mensaje_temporal"))
+                return w;
+        return nullptr;
     }
+    static bool salga(QWidget& ventana) {
+        auto* mensaje = qobject_cast<QMessageBox*>(&ventana);
+        if (!mensaje || !mensaje->text().startsWith(QLatin1String("Desea salir ")))
+            return false;
+        for (QAbstractButton* b : mensaje->buttons())
+            if (b->text().remove('&') == QStringLiteral("Sí")) {
+                b->click();
+                return true;
+            }
+        return false;
+    }
+    void mire() {
+        QWidget* ventana = a_la_vista();
+        // Un aviso de avance se quita solo: cerrarlo cancelaría el trabajo.
+        if (en_pausa || !ventana || ventana == atendida_ ||
+            ventana->objectName().startsWith(QLatin1String("avance")))
+            return;
+        const QPointer<QWidget> guarda = atendida_;
+        atendida_ = ventana;
+        if (despedida && salga(*ventana)) {
+            // la prueba ya terminó: lo que quedó sin grabar se deja
+        } else if (!atienden_.isEmpty() && !QTest::currentTestFailed()) {
+            atienden_.last()->atienda(*ventana);
+        } else {
+            if (atienden_.isEmpty())
+                falle(nombre(*ventana));
+            cierre(*ventana);
+        }
+        atendida_ = guarda;
+    }
+
+    QTimer reloj_;
+    QPointer<QWidget> atendida_;
+    QList<AtiendeDialogos*> atienden_;
+};
+
+class Interlocutor : public AtiendeDialogos {
+public:
+    /// `EnSilencio`: anota las quejas sin hacer fallar la prueba, que las mira ella misma.
+    enum Modo { Estricto, EnSilencio };
+
+    explicit Interlocutor(Modo modo = Estricto) : modo_(modo) { Guardia::unica().tome(this); }
+    ~Interlocutor() override {
+        Guardia::unica().suelte(this);
+        if (modo_ == Estricto && !conforme())
+            Guardia::falle(queja());
+    }
+    Interlocutor(const Interlocutor&) = delete;
 
     /// Espera un mensaje con ese texto exacto y oprime el botón de ese rótulo ("Aceptar", "Sí").
     /// Una respuesta vacía lo cierra con Esc.
     void espere(const QString& texto, const QString& respuesta = QStringLiteral("Aceptar")) {
         cola_.append({texto, respuesta, {}});
-        revisado_ = false;
     }
-    /// Espera una ventana modal cuyo nombre, o el de una pantalla suya, es `nombre`.
+    /// Lo mismo, de un texto que trae datos que la prueba no fija: debe comenzar así.
+    void espere_comienzo(const QString& texto,
+                         const QString& respuesta = QStringLiteral("Aceptar")) {
+        cola_.append({texto, respuesta, {}, true});
+    }
+    /// Espera una ventana modal cuyo nombre, o el de una pantalla suya, es `nombre`; con el nombre
+    /// "dialogo", un mensaje del que hay que mirar más que el texto. `atienda` debe cerrarla, o
+    /// dejar esperado a quien siga con ella.
     void espere_modal(const QString& nombre, std::function<void(QWidget*)> atienda) {
         cola_.append({nombre, {}, std::move(atienda)});
-        revisado_ = false;
     }
     const QStringList& vistos() const { return vistos_; }
-    bool conforme() {
-        revisado_ = true;
-        return quejas_.isEmpty() && cola_.isEmpty();
-    }
+    [[nodiscard]] bool conforme() const { return quejas_.isEmpty() && cola_.isEmpty(); }
     QString queja() const {
         QStringList todas = quejas_;
         for (const auto& e : cola_)
             todas << QStringLiteral("no apareció: %1").arg(e.texto);
         return todas.join(QStringLiteral("; "));
     }
-    void olvide() {
-        cola_.clear();
-        quejas_.clear();
-        vistos_.clear();
+
+    void atienda(QWidget& ventana) override {
+        auto* mensaje = qobject_cast<QMessageBox*>(&ventana);
+        if (mensaje && (cola_.isEmpty() || cola_.first().texto != mensaje->objectName()))
+            conteste(*mensaje);
+        else
+            pase(ventana);
     }
 
 private:
     struct Esperado {
         QString texto, respuesta;
         std::function<void(QWidget*)> atienda;
+        bool solo_comienzo = false;
+
+        bool es(const QMessageBox& mensaje) const {
+            return !atienda &&
+                   (solo_comienzo ? mensaje.text().startsWith(texto) : mensaje.text() == texto);
+        }
     };
 
-    void mire() {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (!modal || modal == atendido_ || !modal->isVisible())
-            return;
-        // Un aviso de avance se quita solo: cerrarlo cancelaría el trabajo.
-        if (modal->objectName().startsWith(QLatin1String("avance")))
-            return;
-        QPointer<QWidget> guarda = atendido_;
-        atendido_ = modal;
-        auto* mensaje = qobject_cast<QMessageBox*>(modal);
-        if (mensaje && (cola_.isEmpty() || cola_.first().texto != mensaje->objectName()))
-            conteste(*mensaje);
-        else
-            atienda(*modal);
-        atendido_ = guarda;
+    void quejese(const QString& queja) {
+        quejas_ << queja;
+        if (modo_ == Estricto)
+            Guardia::falle(queja);
     }
     void conteste(QMessageBox& mensaje) {
         vistos_ << mensaje.text();
-        if (cola_.isEmpty() || cola_.first().atienda || cola_.first().texto != mensaje.text()) {
-            quejas_ << QStringLiteral("mensaje inesperado: %1").arg(mensaje.text());
-            QTest::keyClick(&mensaje, Qt::Key_Escape);
-            if (mensaje.isVisible())
-                mensaje.done(QMessageBox::Cancel);
+        if (cola_.isEmpty() || !cola_.first().es(mensaje)) {
+            quejese(Guardia::nombre(mensaje));
+            Guardia::cierre(mensaje);
             return;
         }
         const Esperado e = cola_.takeFirst();
-        if (e.respuesta.isEmpty()) {
+        if (e.respuesta.isEmpty() || mensaje.buttons().isEmpty()) {
             QTest::keyClick(&mensaje, Qt::Key_Escape);
             return;
         }
@@ -103,17 +211,16 @@ private:
                 return;
             }
         }
-        quejas_ << QStringLiteral("«%1» no tiene el botón «%2»").arg(e.texto, e.respuesta);
-        mensaje.done(QMessageBox::Cancel);
+        quejese(QStringLiteral("«%1» no tiene el botón «%2»").arg(e.texto, e.respuesta));
+        Guardia::cierre(mensaje);
     }
-    void atienda(QWidget& modal) {
+    void pase(QWidget& modal) {
         const bool esperado = !cola_.isEmpty() && cola_.first().atienda &&
                               (modal.objectName() == cola_.first().texto ||
                                modal.findChild<QWidget*>(cola_.first().texto) != nullptr);
         if (!esperado) {
-            quejas_ << QStringLiteral("ventana inesperada: %1 %2")
-                           .arg(modal.objectName(), modal.windowTitle());
-            modal.close();
+            quejese(Guardia::nombre(modal));
+            Guardia::cierre(modal);
             return;
         }
         const Esperado e = cola_.takeFirst();
@@ -121,9 +228,7 @@ private:
         e.atienda(&modal);
     }
 
-    QTimer reloj_;
+    const Modo modo_;
     QList<Esperado> cola_;
     QStringList quejas_, vistos_;
-    QPointer<QWidget> atendido_;
-    bool revisado_ = true;
 };

@@ -5,6 +5,10 @@
 //     SesionGui s("AUXILIAR");           // con las opciones de opciones_auxiliar()
 //     s.escritorio.area()                // aquí se abren las ventanas hijas
 #include "apoyo/base_prueba.h"
+#include "apoyo_gui/interlocutor.h"
+#include "apoyo_gui/peticiones.h"
+#include "apoyo_gui/teclado.h"
+#include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"
 #include "sesion/tfdmcnt.h"
@@ -14,11 +18,14 @@
 #include <QApplication>
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QScopedValueRollback>
+#include <QSignalSpy>
 #include <QTest>
 
 struct SesionGui {
     explicit SesionGui(const QString& usuario = QStringLiteral("ADMIN"))
         : escritorio(new QMdiArea(&ventana)) {
+        Guardia::unica();
         qputenv("QUORVEX_DIRECTORIO", base.ruta().toLocal8Bit());
         dm.Quorvex.conectar(base.parametros(usuario));
         dm.ConGeneral.conectar(base.parametros_general(usuario));
@@ -35,6 +42,7 @@ struct SesionGui {
         (void)QTest::qWaitForWindowActive(&ventana);
     }
     ~SesionGui() {
+        const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
         escritorio.cierre_todas();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
@@ -55,8 +63,8 @@ struct SesionGui {
                 .arg(QuotedStr(dm.usuario))
                 .arg(opcion));
     }
-    template <class T> T* abra(const QString& nombre) {
-        return qobject_cast<T*>(pantallas().abrir(nombre));
+    template <class T> T* abra(const QString& nombre, Encargo encargo = {}) {
+        return qobject_cast<T*>(pantallas().abrir(nombre, std::move(encargo)));
     }
 
     BaseDePrueba base;
@@ -67,47 +75,3 @@ struct SesionGui {
     QMainWindow ventana;
     Escritorio escritorio;
 };
-
-/// El control con foco. El monitor de las pruebas no devuelve la activación al cerrarse un diálogo.
-inline QWidget* con_foco() {
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (!QApplication::activeWindow() && w->isVisible()) {
-            w->activateWindow();
-            (void)QTest::qWaitForWindowActive(w);
-        }
-    QWidget* foco = QApplication::focusWidget();
-    return foco ? foco : QApplication::activeWindow();
-}
-/// Oprime una tecla donde esté el foco.
-inline void oprima(int clave, Qt::KeyboardModifiers modificadores = Qt::NoModifier) {
-    QTest::keyClick(con_foco(), Qt::Key(clave), modificadores);
-}
-/// Digita un texto donde esté el foco.
-inline void digite(const QString& texto) {
-    for (QChar c : texto)
-        QTest::sendKeyEvent(QTest::Click, con_foco(), Qt::Key(c.toUpper().unicode()), c,
-                            Qt::NoModifier);
-}
-/// Componente de una pantalla por su nombre.
-template <class T> T& componente(QWidget* pantalla, const char* nombre) {
-    T* c = pantalla->findChild<T*>(QLatin1String(nombre));
-    if (!c)
-        qFatal("%s no tiene %s", qPrintable(pantalla->objectName()), nombre);
-    return *c;
-}
-/// Pantalla de un piso más alto que solo se abre: deja ver con qué la llamaron.
-inline void registre_testigo(const QString& nombre, std::function<void()> al_crear = {}) {
-    class Testigo : public Pantalla {
-    public:
-        Testigo(const QString& nombre, std::function<void()> f)
-            : Pantalla(nombre, nombre), al_crear_(std::move(f)) {}
-        void FormCreate() override {
-            if (al_crear_)
-                al_crear_();
-        }
-
-    private:
-        std::function<void()> al_crear_;
-    };
-    pantallas().registre(nombre, [=] { return new Testigo(nombre, al_crear); });
-}

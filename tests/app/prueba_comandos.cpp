@@ -1,26 +1,49 @@
-// El menú y los botones del formulario principal: derechos, teclas y lo que abren.
+// El menú y los botones del formulario principal, contra una tabla escrita aparte: letreros,
+// teclas, derechos, lo que abren y en qué modo.
+#include "apoyo/tabla_esperada.h"
+#include "pantallas_de_prueba.h"
+#include "sesion/peticiones.h"
 #include "sesion_de_prueba.h"
 #include "toolkit/impresora.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 
 namespace {
 
-QVector<Comando> todos() {
-    return comandos_menu() + comandos_balance() + comandos_columna();
+/// Renglón de ordenes.tsv.
+struct Orden {
+    QString lugar, ruta, nombre, tecla, pregunta, opcion, abre, como, modo;
+
+    bool es_boton() const { return lugar != QStringLiteral("menú"); }
+    QString letrero() const { return ruta.section('/', -1); }
+};
+
+const QVector<Orden>& ordenes() {
+    static const QVector<Orden> tabla = [] {
+        QVector<Orden> filas;
+        for (const QStringList& c : tabla_esperada("app/ordenes.tsv", 9))
+            filas.append({c[0], c[1], c[2], c[3], c[4], c[5], c[6], c[7], c[8]});
+        return filas;
+    }();
+    return tabla;
 }
+
+/// Submenús que se apagan enteros al entrar.
+const QVector<QPair<QString, int>> kSubmenus{
+    {"Generales1", 120}, {"Detallados1", 121}, {"Comparativos1", 122}};
 
 /// Pantalla que anota cómo la abrieron.
 class Testigo : public Pantalla {
 public:
     struct Vista {
-        QString pantalla, tipo_informe, cuenta;
-        bool mantenimiento = false, modal = false;
+        QString pantalla, modo;
+        bool modal = false;
     };
     static inline QVector<Vista> vistas;
 
@@ -28,16 +51,30 @@ public:
         texto = new QLineEdit(this);
     }
     void FormCreate() override {
-        vistas.append({objectName(), fdmcnt().tipo_informe, fdmcnt().cuenta_auxiliar,
-                       fdm().modo_mantenimiento, false});
+        QString modo =
+            peticion<AbreInforme>().tipo_informe + peticion<AbreAuxiliar>().cuenta_auxiliar;
+        if (peticion<AbreLista>().modo_mantenimiento)
+            modo += "mantenimiento";
+        vistas.append({objectName(), modo, false});
     }
     void showEvent(QShowEvent* evento) override {
         Pantalla::showEvent(evento);
         vistas.last().modal = es_modal();
-        if (es_modal())
-            QTimer::singleShot(0, this, [this] { close(); });
     }
     QLineEdit* texto;
+};
+
+/// Una pantalla que nadie registró antes de armar el menú: la de una versión que aún no la trae.
+class RegistroPrestado {
+public:
+    RegistroPrestado() : antes_(pantallas()) {}
+    ~RegistroPrestado() { pantallas() = antes_; }
+    void testigo(const QString& nombre) {
+        pantallas().registre(nombre, [nombre] { return new Testigo(nombre); });
+    }
+
+private:
+    const RegistroPantallas antes_;
 };
 
 } // namespace
@@ -45,14 +82,22 @@ public:
 class PruebaComandos : public QObject {
     Q_OBJECT
 private slots:
-    void init() { s_.emplace(); }
-    void cleanup() { s_.reset(); }
+    void init() {
+        registro_.emplace();
+        s_.emplace();
+    }
+    void cleanup() {
+        s_.reset();
+        registro_.reset();
+    }
 
-    void sin_derecho_cada_orden_se_niega_con_su_texto();
-    void lo_que_aun_no_esta_se_dice_en_la_barra();
-    void el_administrador_abre_las_pantallas_que_hay();
+    void el_menu_y_los_botones_son_los_de_la_tabla();
+    void cada_orden_exige_su_opcion_y_ninguna_otra();
+    void cada_submenu_de_estados_se_apaga_solo_con_su_opcion();
+    void la_orden_de_lo_que_no_esta_hecho_no_se_puede_pedir();
     void cada_orden_abre_su_pantalla_con_su_modo();
-    void las_teclas_del_menu_y_de_los_botones_funcionan_con_una_ventana_abierta();
+    void todo_nombre_registrado_se_abre();
+    void las_teclas_del_menu_funcionan_con_una_ventana_abierta();
     void cada_letra_con_alt_oprime_su_boton();
     void copiar_las_cuentas_a_niif_pregunta_solo_si_no_hay();
     void edicion_trabaja_sobre_el_control_con_foco();
@@ -60,204 +105,312 @@ private slots:
     void la_impresora_configurada_sirve_a_lo_que_se_imprima();
 
 private:
-    void dispare(const Comando& c) {
-        if (auto* accion = s_->principal->findChild<QAction*>(c.nombre))
-            accion->trigger();
-        else
-            s_->principal->findChild<QPushButton*>(c.nombre)->click();
-    }
     QAction* accion(const QString& nombre) { return s_->principal->findChild<QAction*>(nombre); }
-    void ponga_testigos() {
-        for (const Comando& c : todos())
-            if (!c.abre.isEmpty())
-                pantallas().registre(c.abre, [nombre = c.abre] { return new Testigo(nombre); });
+    QPushButton* boton(const QString& nombre) {
+        return s_->principal->findChild<QPushButton*>(nombre);
+    }
+    void dispare(const Orden& o) {
+        if (o.es_boton())
+            boton(o.nombre)->click();
+        else
+            accion(o.nombre)->trigger();
+    }
+    bool habilitada(const Orden& o) {
+        return o.es_boton() ? boton(o.nombre)->isEnabled() : accion(o.nombre)->isEnabled();
+    }
+    /// Testigos de lo que abren las órdenes, antes de armar el menú.
+    void ponga_testigos(bool solo_lo_que_falta) {
+        for (const Orden& o : ordenes())
+            if (!o.abre.isEmpty() && !(solo_lo_que_falta && pantallas().existe(o.abre)))
+                registro_->testigo(o.abre);
         Testigo::vistas.clear();
     }
+    /// El auxiliar queda con las opciones para las que `cuales` dice sí, y nada más.
+    void conceda(const std::function<bool(int)>& cuales) {
+        QString bloque = "execute block as begin delete from acceso_usuario; ";
+        for (int opcion = 0; opcion < 200; ++opcion)
+            if (cuales(opcion))
+                bloque += QString("insert into acceso_usuario (user_cod, acus_modulo, acus_opcion, "
+                                  "acus_si) values ('AUXILIAR', 'CONTABILIDAD', %1, 'S'); ")
+                              .arg(opcion);
+        s_->bases.base().ejecute(bloque + "end");
+    }
+    /// Pide la orden y dice qué abrió: la pantalla, el informe o nada. Lo deja cerrado.
+    QString abre(const Orden& o) {
+        const qsizetype antes = s_->dialogos.vistos().size();
+        if (o.como == "modal")
+            s_->dialogos.espere_modal(o.abre, [](QWidget* w) { w->close(); });
+        else if (o.como == "informe")
+            s_->dialogos.espere_modal("OpcionesImpresion", [](QWidget* w) { w->close(); });
+        dispare(o);
+        QStringList abiertas = s_->dialogos.vistos().mid(antes);
+        for (Pantalla* p : escritorio()->abiertas())
+            abiertas << p->objectName();
+        escritorio()->cierre_todas();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return abiertas.join('+');
+    }
 
+    std::optional<RegistroPrestado> registro_;
     std::optional<SesionDePrueba> s_;
 };
 
-void PruebaComandos::la_impresora_configurada_sirve_a_lo_que_se_imprima() {
-    s_->entre("ADMIN");
-    fije_impresora({}, "/tmp/impreso.pdf");
-    s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
-        QMetaObject::invokeMethod(w, "reject"); // desistir no cambia lo escogido
-    });
-    accion("ConfigurarImpresora1")->trigger();
-    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
-    QPrinter impresora;
-    prepare_impresora(impresora);
-    QCOMPARE(impresora.outputFileName(), QString("/tmp/impreso.pdf"));
-    s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
-        static_cast<QPrintDialog*>(w)->printer()->setPageOrientation(QPageLayout::Landscape);
-        QMetaObject::invokeMethod(w, "accept");
-    });
-    accion("ConfigurarImpresora1")->trigger();
-    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
-    QVERIFY(hoja_de_impresora().width() > hoja_de_impresora().height());
-    fije_impresora({});
-}
-
-void PruebaComandos::sin_derecho_cada_orden_se_niega_con_su_texto() {
-    s_->bases.base().ejecute("delete from acceso_usuario");
-    s_->entre("AUXILIAR");
-    int negadas = 0;
-    for (const Comando& c : todos()) {
-        const Permiso p = c.derecho.permiso;
-        if (p != Permiso::Entrada && p != Permiso::Pantalla)
-            continue;
-        // Las dos entradas de terceros lo dicen con mayúscula; el botón Terceros, no.
-        s_->dialogos.espere(c.apertura == Apertura::Propia
-                                ? "Acceso no permitido. Comuníquese con el administrador del "
-                                  "sistema."
-                                : "Acceso no permitido. comuníquese con el administrador del "
-                                  "sistema.");
-        dispare(c);
-        QVERIFY2(s_->dialogos.conforme(), qPrintable(c.nombre + ": " + s_->dialogos.queja()));
-        QVERIFY2(escritorio()->abiertas().isEmpty(), qPrintable(c.nombre));
-        QVERIFY2(s_->principal->barra->text().isEmpty(), qPrintable(c.nombre));
-        QVERIFY(!s_->datos.modo_mantenimiento); // no queda para la siguiente
-        ++negadas;
+/// Entradas de un menú, con las de sus submenús: ruta, componente y tecla.
+void recorra(const QMenu* menu, const QString& ruta, QStringList& entradas) {
+    for (const QAction* a : menu->actions()) {
+        const QString suya = ruta + '/' + a->text().remove('&');
+        if (a->menu())
+            recorra(a->menu(), suya, entradas);
+        else if (!a->isSeparator() && a->isVisible())
+            entradas << suya + '|' + a->objectName() + '|' + a->shortcut().toString();
     }
-    QCOMPARE(negadas, 53);
 }
 
-void PruebaComandos::lo_que_aun_no_esta_se_dice_en_la_barra() {
-    s_->entre("AUXILIAR");
-    for (const Comando& c : todos()) {
-        const Permiso p = c.derecho.permiso;
-        if (c.apertura != Apertura::Hija || pantallas().existe(c.abre) ||
-            (p != Permiso::Ninguno && p != Permiso::Submenu))
-            continue;
-        s_->principal->barra->Timer2Timer();
-        dispare(c);
-        QCOMPARE(s_->principal->barra->text(),
-                 "Advertencia: La pantalla " + c.abre + " todavía no está disponible.");
+void PruebaComandos::el_menu_y_los_botones_son_los_de_la_tabla() {
+    Tfprincipal& p = s_->entre();
+    QStringList entradas, propias, esperadas;
+    for (const QAction* a : p.menuBar()->actions()) {
+        QStringList estas;
+        recorra(a->menu(), a->text().remove('&'), estas);
+        entradas << estas;
     }
-    QVERIFY(s_->dialogos.vistos().isEmpty());
+    for (const Orden& o : ordenes())
+        if (!o.es_boton())
+            esperadas << o.ruta + '|' + o.nombre + '|' + o.tecla;
+    for (const QString& e : entradas)
+        if (!esperadas.contains(e))
+            propias << e;
+    for (const QString& e : propias)
+        entradas.removeOne(e);
+    QCOMPARE(entradas, esperadas);
+    QCOMPARE(propias.mid(0, 5),
+             QStringList({"Archivo/Configurar Impresora...|ConfigurarImpresora1|",
+                          "Archivo/Salir|Salir1|Ctrl+S", "Edición/Copiar|Copiar1|",
+                          "Edición/Cortar|Cortar1|", "Edición/Pegar|Pegar1|"}));
+    for (const QString& e : propias.mid(5)) // el arreglo de las ventanas
+        QVERIFY2(e.startsWith("Ventana/"), qPrintable(e));
+    QVERIFY(accion("dinamicos1") && !accion("dinamicos1")->isVisible());
+    QCOMPARE(p.Action1->shortcut().toString(), QString("Ctrl+F1"));
+
+    // Los botones, como se ven: de izquierda a derecha y de arriba abajo.
+    QStringList vistos, con_tecla;
+    for (const char* lugar : {"balance", "columna"}) {
+        QVector<QPushButton*> botones;
+        esperadas.clear();
+        for (const Orden& o : ordenes())
+            if (o.lugar == QLatin1String(lugar)) {
+                QVERIFY2(boton(o.nombre), qPrintable(o.nombre));
+                botones << boton(o.nombre);
+                esperadas << o.letrero() + '|' + o.nombre;
+                if (!o.tecla.isEmpty() && !boton(o.nombre)->toolTip().endsWith('(' + o.tecla + ')'))
+                    con_tecla << o.nombre;
+            }
+        std::sort(botones.begin(), botones.end(), [&p](QPushButton* a, QPushButton* b) {
+            const QPoint x = a->mapTo(&p, QPoint()), y = b->mapTo(&p, QPoint());
+            return std::pair(x.y(), x.x()) < std::pair(y.y(), y.x());
+        });
+        vistos.clear();
+        for (const QPushButton* b : botones)
+            vistos << b->text().remove('&') + '|' + b->objectName();
+        QCOMPARE(vistos, esperadas);
+    }
+    QCOMPARE(con_tecla, QStringList());
 }
 
-void PruebaComandos::el_administrador_abre_las_pantallas_que_hay() {
+void PruebaComandos::cada_orden_exige_su_opcion_y_ninguna_otra() {
     s_->bases.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
                        "plan_concepto) values (1, 'CG', '0001', 'Arriendo del mes')"});
-    s_->entre();
-    int abiertas = 0, informes = 0;
-    for (const Comando& c : todos()) {
-        if (c.abre.isEmpty() || !pantallas().existe(c.abre))
+    ponga_testigos(true);
+    s_->entre("AUXILIAR");
+    for (const Orden& o : ordenes()) {
+        if (o.como == "pregunta")
             continue;
-        if (c.apertura == Apertura::Modal) {
-            s_->dialogos.espere_modal(c.abre, [](QWidget* w) { w->close(); });
-            dispare(c);
-            QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
-            ++abiertas;
+        const QString abierta = o.como == "informe" ? "OpcionesImpresion" : o.abre;
+        const int opcion = o.opcion.toInt();
+        const bool pregunta = o.pregunta == "entrada" || o.pregunta == "pantalla";
+        Testigo::vistas.clear();
+        conceda([&](int n) { return pregunta && n == opcion; });
+        QVERIFY2(abre(o) == abierta, qPrintable(o.ruta));
+        QVERIFY2(s_->dialogos.conforme(), qPrintable(o.ruta + ": " + s_->dialogos.queja()));
+        // La que pregunta la pantalla solo se ve con la verdadera.
+        if (!pregunta || (o.pregunta == "pantalla" && !Testigo::vistas.isEmpty()))
             continue;
-        }
-        if (c.apertura == Apertura::Informe) {
-            s_->dialogos.espere_modal("OpcionesImpresion", [](QWidget* w) { w->close(); });
-            dispare(c);
-            QVERIFY2(s_->dialogos.conforme(), qPrintable(c.nombre + s_->dialogos.queja()));
-            QVERIFY2(escritorio()->abiertas().isEmpty(), qPrintable(c.nombre));
-            ++informes;
-            continue;
-        }
-        dispare(c);
-        Pantalla* pantalla = escritorio()->abierta(c.abre);
-        QVERIFY2(pantalla, qPrintable(c.nombre));
-        ++abiertas;
-        QVERIFY2(pantalla->close(), qPrintable(c.abre));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        conceda([&](int n) { return n != opcion; });
+        // Las dos entradas de terceros lo dicen con mayúscula; el botón Terceros, no.
+        const bool mayuscula = o.nombre == "Nuevotercero1" || o.nombre == "Regitrodeterceros1";
+        s_->dialogos.espere(QString("Acceso no permitido. %1omuníquese con el administrador del "
+                                    "sistema.")
+                                .arg(mayuscula ? 'C' : 'c'));
+        dispare(o);
+        QVERIFY2(s_->dialogos.conforme(), qPrintable(o.ruta + ": " + s_->dialogos.queja()));
+        QVERIFY2(escritorio()->abiertas().isEmpty(), qPrintable(o.ruta));
+        QVERIFY2(s_->principal->barra->text().isEmpty(), qPrintable(o.ruta));
     }
-    QVERIFY(abiertas >= 10);
-    QCOMPARE(informes, 3);
-    QStringList vistos = s_->dialogos.vistos();
-    vistos.removeAll("OpcionesImpresion");
-    vistos.removeAll("Tfimprmascomproba");
-    QVERIFY2(vistos.isEmpty(), qPrintable(vistos.join('|')));
     QVERIFY2(s_->errores().isEmpty(), qPrintable(s_->errores().join('|')));
 }
 
-void PruebaComandos::cada_orden_abre_su_pantalla_con_su_modo() {
-    ponga_testigos();
-    s_->configure("CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ", "28959501");
+void PruebaComandos::cada_submenu_de_estados_se_apaga_solo_con_su_opcion() {
+    for (const auto& [apagado, opcion] : kSubmenus)
+        for (const bool concedida : {false, true}) {
+            conceda([&, esta = opcion](int n) { return (n == esta) == concedida; });
+            Tfprincipal& p = s_->entre("AUXILIAR");
+            for (const auto& [nombre, suya] : kSubmenus) {
+                auto* menu = p.findChild<QMenu*>(nombre);
+                QVERIFY2(menu, qPrintable(nombre));
+                QVERIFY2(menu->isEnabled() == ((nombre == apagado) == concedida),
+                         qPrintable(nombre + QString(" con %1").arg(opcion)));
+            }
+            s_->cierre();
+        }
+    // Cada entrada "del submenú" cuelga de uno de ellos.
     s_->entre();
-    for (const Comando& c : todos()) {
-        if (c.abre.isEmpty())
-            continue;
-        s_->contables.cuenta_auxiliar.clear();
-        s_->contables.tipo_informe.clear();
-        const qsizetype antes = Testigo::vistas.size();
-        dispare(c);
-        QVERIFY2(Testigo::vistas.size() == antes + 1, qPrintable(c.nombre));
-        const Testigo::Vista& vista = Testigo::vistas.last();
-        QCOMPARE(vista.pantalla, c.abre);
-        QCOMPARE(vista.mantenimiento, c.modo == kModoMantenimiento);
-        QCOMPARE(vista.cuenta, QString(c.modo == kModoDescuadres ? "28959501" : ""));
-        QCOMPARE(vista.tipo_informe, c.modo.size() == 1 ? c.modo : QString());
-        QCOMPARE(vista.modal, c.apertura == Apertura::Modal);
-    }
-    QVERIFY(s_->dialogos.vistos().isEmpty());
+    for (const Orden& o : ordenes())
+        if (o.pregunta == "submenú") {
+            QStringList duenos;
+            for (const auto& [nombre, opcion] : kSubmenus)
+                if (QString::number(opcion) == o.opcion &&
+                    s_->principal->findChild<QMenu*>(nombre)->actions().contains(accion(o.nombre)))
+                    duenos << nombre;
+            QVERIFY2(duenos.size() == 1, qPrintable(o.ruta));
+        }
 }
 
-void PruebaComandos::las_teclas_del_menu_y_de_los_botones_funcionan_con_una_ventana_abierta() {
-    ponga_testigos();
+void PruebaComandos::la_orden_de_lo_que_no_esta_hecho_no_se_puede_pedir() {
+    pantallas() = RegistroPantallas();
+    registro_->testigo("Tfcuentas");
+    registro_->testigo("Tfmovimien");
+    s_->entre();
+    QStringList se_pueden;
+    for (const Orden& o : ordenes())
+        if (habilitada(o))
+            se_pueden << o.nombre;
+    QCOMPARE(se_pueden,
+             QStringList({"Man1", "Nuevocomprobantecontable1", "CopiarcuentasaNIIF1", "sButton5"}));
+    boton("alt_t")->click(); // Alt+T de un botón apagado tampoco abre
+    QVERIFY(escritorio()->abiertas().isEmpty());
+}
+
+void PruebaComandos::cada_orden_abre_su_pantalla_con_su_modo() {
+    ponga_testigos(false);
+    s_->configure("CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ", "28959501");
+    s_->entre();
+    for (const Orden& o : ordenes()) {
+        if (o.abre.isEmpty())
+            continue;
+        Testigo::vistas.clear();
+        if (o.como == "modal")
+            s_->dialogos.espere_modal(o.abre, [](QWidget* w) { w->close(); });
+        dispare(o);
+        QVERIFY2(Testigo::vistas.size() == 1, qPrintable(o.ruta));
+        const Testigo::Vista& vista = Testigo::vistas.first();
+        QCOMPARE(vista.pantalla, o.abre);
+        QCOMPARE(vista.modo, o.modo == "descuadres" ? QString("28959501") : o.modo);
+        QCOMPARE(vista.modal, o.como == "modal");
+    }
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+}
+
+void PruebaComandos::todo_nombre_registrado_se_abre() {
+    const PantallasDePrueba preparadas(s_->bases);
+    s_->entre();
+    for (const QString& nombre : pantallas().nombres()) {
+        const qsizetype antes = s_->dialogos.vistos().size();
+        if (preparadas.imprime(nombre)) {
+            s_->dialogos.espere_modal("OpcionesImpresion", [](QWidget* w) { w->close(); });
+            pantallas().abrir(nombre);
+        } else if (preparadas.es_modal(nombre)) {
+            s_->dialogos.espere_modal(nombre, [](QWidget* w) { w->close(); });
+            pantallas().abrir_modal(nombre, preparadas.encargo(nombre));
+        } else {
+            Pantalla* p = pantallas().abrir(nombre, preparadas.encargo(nombre));
+            QVERIFY2(p && p->isVisible(), qPrintable(nombre));
+            QCOMPARE(p->objectName(), nombre);
+            QVERIFY2(p->close(), qPrintable(nombre));
+            QCOMPARE(s_->dialogos.vistos().size(), antes);
+        }
+        QVERIFY2(s_->dialogos.conforme(), qPrintable(nombre + ": " + s_->dialogos.queja()));
+        QVERIFY2(escritorio()->abiertas().isEmpty(), qPrintable(nombre));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    QVERIFY2(s_->errores().isEmpty(), qPrintable(s_->errores().join('|')));
+}
+
+void PruebaComandos::las_teclas_del_menu_funcionan_con_una_ventana_abierta() {
+    ponga_testigos(false);
     Tfprincipal& p = s_->entre();
     auto* abierta = new Testigo("Abierta");
     escritorio()->muestre(abierta);
-    abierta->texto->setFocus();
-    int teclas = 0;
-    for (const Comando& c : comandos_menu()) {
-        if (c.tecla.isEmpty())
+    for (const Orden& o : ordenes()) {
+        if (o.es_boton() || o.tecla.isEmpty())
             continue;
-        const qsizetype antes = Testigo::vistas.size();
+        Testigo::vistas.clear();
         escritorio()->active(abierta);
         abierta->texto->setFocus();
         p.activateWindow(); // tras una pantalla modal este monitor no devuelve la activación
-        (void)QTest::qWaitForWindowActive(&p);
-        const QKeyCombination k = QKeySequence(c.tecla)[0];
+        QVERIFY(QTest::qWaitForWindowActive(&p));
+        if (o.como == "modal")
+            s_->dialogos.espere_modal(o.abre, [](QWidget* w) { w->close(); });
+        const QKeyCombination k = QKeySequence(o.tecla)[0];
         QTest::keyClick(abierta->texto, k.key(), k.keyboardModifiers());
-        QVERIFY2(Testigo::vistas.size() == antes + 1, qPrintable(c.tecla));
-        QCOMPARE(Testigo::vistas.last().pantalla, c.abre);
-        ++teclas;
+        QVERIFY2(Testigo::vistas.size() == 1, qPrintable(o.tecla));
+        QCOMPARE(Testigo::vistas.first().pantalla, o.abre);
     }
-    QCOMPARE(teclas, 13);
     QVERIFY(escritorio()->abiertas().contains(abierta)); // Ctrl+F4 no la cerró
     QVERIFY(p.isVisible());
 }
 
 void PruebaComandos::cada_letra_con_alt_oprime_su_boton() {
-    ponga_testigos();
+    ponga_testigos(false);
     Tfprincipal& p = s_->entre();
-    QStringList esperadas, vistas;
-    for (const AtajoAlt& a : atajos_alt()) {
-        const auto c = std::find_if(comandos_columna().begin(), comandos_columna().end(),
-                                    [&](const Comando& b) { return b.nombre == a.boton; });
-        QVERIFY(c != comandos_columna().end());
-        esperadas << c->abre;
-        QTest::keyClick(&p, a.letra, Qt::AltModifier);
-        vistas << Testigo::vistas.last().pantalla;
+    for (const Orden& o : ordenes()) {
+        if (!o.es_boton() || o.tecla.isEmpty())
+            continue;
+        Testigo::vistas.clear();
+        QTest::keyClick(&p, Qt::Key(QKeySequence(o.tecla)[0].key()), Qt::AltModifier);
+        QVERIFY2(Testigo::vistas.size() == 1, qPrintable(o.tecla));
+        QCOMPARE(Testigo::vistas.first().pantalla, o.abre);
     }
-    QCOMPARE(vistas, esperadas);
-    QCOMPARE(vistas.size(), 13);
     // La ventana hija que usa la misma letra la atiende primero.
     auto* hija = new Testigo("Hija");
-    auto* boton = new QPushButton("&Calcular", hija);
+    auto* calcule = new QPushButton("&Calcular", hija);
     int oprimido = 0;
-    connect(boton, &QPushButton::clicked, [&] { ++oprimido; });
+    connect(calcule, &QPushButton::clicked, [&] { ++oprimido; });
     escritorio()->muestre(hija);
     p.activateWindow();
-    (void)QTest::qWaitForWindowActive(&p);
+    QVERIFY(QTest::qWaitForWindowActive(&p));
     hija->texto->setFocus();
-    const qsizetype antes = Testigo::vistas.size();
+    Testigo::vistas.clear();
     QTest::keyClick(hija->texto, Qt::Key_C, Qt::AltModifier);
     QTRY_COMPARE(oprimido, 1); // el botón se hunde un instante antes de contestar
-    QCOMPARE(Testigo::vistas.size(), antes);
+    QVERIFY(Testigo::vistas.isEmpty());
 }
 
 void PruebaComandos::copiar_las_cuentas_a_niif_pregunta_solo_si_no_hay() {
     s_->entre();
+    const auto copiadas = [this] {
+        return s_->bases.base().consulte("select count(*) from cuentas_niif").entero();
+    };
+    const qint64 habia = copiadas();
+    s_->dialogos.espere("Ya existen cuentas del plan NIIF. Si desea usar opción debería borrarlas "
+                        "previamente.");
     accion("CopiarcuentasaNIIF1")->trigger();
-    QTRY_COMPARE(s_->dialogos.vistos().size(), 1); // ya hay plan NIIF: solo lo dice
-    s_->dialogos.olvide();
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+    QCOMPARE(copiadas(), habia);
+
+    s_->bases.ejecute({"update cuentas set cuen_eqniif = null",
+                       // de la más larga a la más corta: ninguna se borra con auxiliares
+                       "execute block as declare c varchar(20); begin for select cuen_cod from "
+                       "cuentas_niif order by char_length(cuen_cod) desc into c do delete from "
+                       "cuentas_niif where cuen_cod = :c; end"});
+    const QString pregunta = "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) al "
+                             "plan de cuentas NIIF. Desea continuar?";
+    s_->dialogos.espere(pregunta, "No");
+    accion("CopiarcuentasaNIIF1")->trigger();
+    QCOMPARE(copiadas(), 0);
+    s_->dialogos.espere(pregunta, "Sí");
+    accion("CopiarcuentasaNIIF1")->trigger();
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+    QCOMPARE(copiadas(), s_->bases.base().consulte("select count(*) from cuentas").entero());
 }
 
 void PruebaComandos::edicion_trabaja_sobre_el_control_con_foco() {
@@ -311,6 +464,28 @@ void PruebaComandos::las_ventanas_se_ordenan_y_se_listan() {
     QCOMPARE(escritorio()->activa(), a);
     accion("CerrarTodas1")->trigger();
     QVERIFY(escritorio()->abiertas().isEmpty());
+}
+
+void PruebaComandos::la_impresora_configurada_sirve_a_lo_que_se_imprima() {
+    s_->entre("ADMIN");
+    const QString archivo = s_->carpeta() + "/impreso.pdf";
+    fije_impresora({}, archivo);
+    s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
+        QMetaObject::invokeMethod(w, "reject"); // desistir no cambia lo escogido
+    });
+    accion("ConfigurarImpresora1")->trigger();
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+    QPrinter impresora;
+    prepare_impresora(impresora);
+    QCOMPARE(impresora.outputFileName(), archivo);
+    s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
+        static_cast<QPrintDialog*>(w)->printer()->setPageOrientation(QPageLayout::Landscape);
+        QMetaObject::invokeMethod(w, "accept");
+    });
+    accion("ConfigurarImpresora1")->trigger();
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+    QVERIFY(hoja_de_impresora().width() > hoja_de_impresora().height());
+    fije_impresora({});
 }
 
 PRUEBA_DE_LA_APLICACION(PruebaComandos)

@@ -2,6 +2,7 @@
 // El programa dentro de una prueba: sus módulos de datos y su formulario principal verdaderos,
 // sobre una copia de las bases y con su propia carpeta de aplicación.
 #include "apoyo/base_prueba.h"
+#include "apoyo/reloj_de_prueba.h"
 #include "apoyo_gui/interlocutor.h"
 #include "app/aplicacion.h"
 #include "app/compactador.h"
@@ -27,6 +28,7 @@ public:
     }
     ~SesionDePrueba() { cierre(); }
 
+    RelojDetenido reloj; ///< de la sesión, los sellos y ERRORES.TXT
     BaseDePrueba bases;
     Interlocutor dialogos;
     Tfdm datos;
@@ -78,10 +80,6 @@ public:
 private:
     QTemporaryDir carpeta_;
 };
-
-inline QString hoy() {
-    return QDate::currentDate().toString("yyyy/MM/dd");
-}
 
 #define PRUEBA_DE_LA_APLICACION(Clase)                                                             \
     int main(int cuantos, char** argumentos) {                                                     \

@@ -3,7 +3,7 @@
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
 
-#include <QRandomGenerator>
+#include "apoyo/azar_de_prueba.h"
 
 namespace {
 
@@ -24,6 +24,7 @@ private slots:
     void init();
 
     void la_suma_de_los_cargos_es_el_costo_menos_el_rescate();
+    void quinientos_activos_en_diez_anos_suman_lo_suyo_con_deterioros_y_bajas();
     void cada_metodo_carga_lo_suyo_cada_mes();
     void el_gasto_se_reparte_por_los_centros_del_activo();
     void un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupera();
@@ -102,7 +103,7 @@ void PruebaDepreciacion::init() {
 
 void PruebaDepreciacion::la_suma_de_los_cargos_es_el_costo_menos_el_rescate() {
     const int semilla = 20240917;
-    QRandomGenerator azar(semilla);
+    QRandomGenerator azar = azar_de_prueba(semilla);
     struct Uno {
         qint64 costo, rescate;
     };
@@ -151,6 +152,55 @@ void PruebaDepreciacion::la_suma_de_los_cargos_es_el_costo_menos_el_rescate() {
     QCOMPARE(base().consulte("select count(*) from comprobante_encabezado").entero(), 0);
     QCOMPARE(base().consulte("select count(*) from depreciacion_detalle").entero(), 0);
     QVERIFY(corridas > 10);
+}
+
+void PruebaDepreciacion::quinientos_activos_en_diez_anos_suman_lo_suyo_con_deterioros_y_bajas() {
+    const int semilla = 20260117, kActivos = 500, kMeses = 120;
+    QRandomGenerator azar = azar_de_prueba(semilla);
+    QMap<QString, std::pair<qint64, qint64>> activos; // costo y rescate, en centavos
+    QMap<QString, int> vidas_niif;
+    QStringList nombres;
+    const auto importe = [](qint64 centavos) {
+        return QString("%1.%2").arg(centavos / 100).arg(centavos % 100, 2, 10, QChar('0'));
+    };
+    for (int i = 0; i < kActivos; ++i) {
+        const qint64 costo = 100000 + qint64(azar.bounded(900000000)), rescate = costo / 10;
+        nombres << QString("A%1").arg(i, 4, 10, QChar('0'));
+        activos[nombres.last()] = {costo, rescate};
+        vidas_niif[nombres.last()] = 60 + azar.bounded(61);
+        activo(nombres.last(), qPrintable(importe(costo)), qPrintable(importe(rescate)),
+               60 + azar.bounded(61), vidas_niif[nombres.last()], 1 + azar.bounded(3),
+               "2017-01-10");
+    }
+    QSet<QString> dados_de_baja, deteriorados_al_final;
+    for (int m = 1; m <= kMeses; ++m) {
+        deprecie(mes(2017 * 12 + m));
+        if (m % 12 == 0 && m < kMeses - 11) { // cada año, un deterioro y una baja
+            const QString deteriorado = nombres[m], bajado = nombres[200 + m];
+            base().ejecute("insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer,"
+                           " tico_cod, prco_pref) values (" +
+                           QuotedStr(deteriorado) + ", '" + mes(2017 * 12 + m) +
+                           "', -3.33, 'CG', '0001')");
+            base().ejecute("update activos_fijos set acfj_activo = 'N' where acfj_cod = " +
+                           QuotedStr(bajado));
+            deprecie(mes(2017 * 12 + m), {});
+            dados_de_baja << bajado;
+            if (vidas_niif[deteriorado] <= m)
+                deteriorados_al_final << deteriorado;
+        }
+    }
+    for (auto i = activos.begin(); i != activos.end(); ++i)
+        for (const char* libro : {"2649", "NIIF"}) {
+            qint64 esperado = i->first;
+            if (!dados_de_baja.contains(i.key()))
+                esperado -= i->second;
+            // Ya estaba en su rescate: el deterioro lo deja por debajo.
+            if (deteriorados_al_final.contains(i.key()) && !qstrcmp(libro, "NIIF"))
+                esperado += 333;
+            QVERIFY2(depreciado(i.key(), libro) == esperado,
+                     qPrintable(QString("semilla %1: %2 %3").arg(semilla).arg(i.key(), libro)));
+        }
+    QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaDepreciacion::cada_metodo_carga_lo_suyo_cada_mes() {

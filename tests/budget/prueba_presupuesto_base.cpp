@@ -13,7 +13,7 @@ private slots:
 
 void PruebaPresupuestoBase::las_superiores_siguen_a_lo_digitado() {
     BaseDePrueba b;
-    QRandomGenerator azar(77);
+    QRandomGenerator azar = azar_de_prueba(77);
     QMap<QPair<int, QString>, QPair<qint64, qint64>> digitado;
     for (int paso = 0; paso < 120; ++paso) {
         const int mes = 1 + azar.bounded(3);

@@ -16,16 +16,7 @@ ConjuntoDatos& centros(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CCentros");
 }
 QString nombres(ConjuntoDatos& c, const QString& campo) {
-    QStringList todos;
-    for (int i = 0; i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName(campo)).texto();
-    return todos.join(',');
-}
-void enfoque(Pantalla* p, const char* rejilla, int columna) {
-    con_foco();
-    auto& r = componente<Rejilla>(p, rejilla);
-    r.setFocus();
-    r.SelectedIndex(columna);
+    return valores_de(c, campo).join(',');
 }
 void filtre_por_agencia(SesionGui& s) {
     s.base.ejecute({"update configuracion set conf_valor = 'SI' where conf_propiedad = 'FILTRAR "
@@ -167,37 +158,63 @@ private slots:
         QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Mostrador,Bodega"));
     }
 
-    void escoge_proyecto_y_centro_como_ventana_o_como_selector_modal() {
+    void con_el_filtro_no_se_borra_un_proyecto_con_centros_que_no_se_ven() {
         SesionGui s;
+        s.base.ejecute({"update centros set sucu_id = 3 where proy_cod = '0002' and cent_cod = "
+                        "'0001'"});
+        filtre_por_agencia(s);
+        s.dm.sucursal_usuario = 2;
         Interlocutor i;
         Pantalla* p = pantallas().abrir("Tfcentros");
         proyectos(p).Last();
+        QCOMPARE(nombres(centros(p), "CENT_NOM"), QString("Bodega"));
+        i.espere("Desea borrar el registro?", "Sí");
+        i.espere("El proyecto 0002 tiene centros de otras agencias, que aquí no se ven: 0001 "
+                 "Mostrador. No se puede borrar.");
+        componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(nombres(proyectos(p), "PROY_COD"), QString("0001,0002"));
+        // Con todos a la vista, sí.
+        proyectos(p).First();
+        i.espere("Desea borrar el registro?", "Sí");
+        componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click();
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select list(proy_cod || cent_cod) from centros"),
+                 QString("00020001,00020002"));
+    }
+
+    void escoge_proyecto_y_centro_como_ventana_o_como_selector_modal() {
+        SesionGui s;
+        Interlocutor i;
+        Solicitante<PideCentro> yo;
+        Pantalla* p = yo.pida("Tfcentros");
+        proyectos(p).Last();
         centros(p).Last();
         componente<QPushButton>(p, "SBSelec").click();
-        QVERIFY(s.escritorio.abiertas().isEmpty());
-        QCOMPARE(s.cnt.proyecto_seleccion + s.cnt.centro_seleccion, QString("00020002"));
+        const QList<CentroEscogido> recibidos = yo.recibidas();
+        QCOMPARE(recibidos.size(), 1);
+        QCOMPARE(recibidos[0].proyecto_seleccion + recibidos[0].centro_seleccion,
+                 QString("00020002"));
 
-        s.cnt.proyecto_seleccion.clear();
-        s.cnt.centro_seleccion.clear();
-        s.dm.modo_selector = true;
-        i.espere_modal("Tfcentros", [&](QWidget* modal) {
-            auto* lista = modal->findChild<Pantalla*>("Tfcentros");
-            QVERIFY(!s.dm.modo_selector);
-            auto& rejilla = componente<Rejilla>(lista, "DBGridEh2");
-            centros(lista).Last();
-            QTest::mouseDClick(rejilla.viewport(), Qt::LeftButton, {},
-                               rejilla.visualRect(rejilla.currentIndex()).center());
-        });
-        QCOMPARE(pantallas().abrir_modal("Tfcentros"), int(mrOk));
-        QCOMPARE(s.cnt.proyecto_seleccion + s.cnt.centro_seleccion, QString("00010002"));
-
-        s.cnt.proyecto_seleccion.clear();
-        s.dm.modo_selector = true;
-        i.espere_modal("Tfcentros", [&](QWidget* modal) {
-            QTest::keyClick(&componente<Rejilla>(modal, "DBGridEh1"), Qt::Key_Escape);
-        });
-        QCOMPARE(pantallas().abrir_modal("Tfcentros"), int(mrCancel));
-        QVERIFY(s.cnt.proyecto_seleccion.isEmpty());
+        const auto pida_modal = [&](std::function<void(Pantalla*)> atienda) {
+            i.espere_modal("Tfcentros", [=](QWidget* modal) {
+                atienda(modal->findChild<Pantalla*>("Tfcentros"));
+            });
+            const auto c = pantallas().pida_modal("Tfcentros", PideCentro{.modo_selector = true});
+            return c ? c->proyecto_seleccion + c->centro_seleccion : QString("nada");
+        };
+        QCOMPARE(pida_modal([](Pantalla* lista) {
+                     auto& rejilla = componente<Rejilla>(lista, "DBGridEh2");
+                     centros(lista).Last();
+                     QTest::mouseDClick(rejilla.viewport(), Qt::LeftButton, {},
+                                        rejilla.visualRect(rejilla.currentIndex()).center());
+                 }),
+                 QString("00010002"));
+        QCOMPARE(pida_modal([](Pantalla* lista) {
+                     QTest::keyClick(&componente<Rejilla>(lista, "DBGridEh1"), Qt::Key_Escape);
+                 }),
+                 QString("nada"));
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 

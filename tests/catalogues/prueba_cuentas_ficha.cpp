@@ -27,20 +27,9 @@ class PruebaCuentasFicha : public QObject {
     static CasillaDato& casilla(QWidget* p, const char* nombre) {
         return componente<CasillaDato>(p, nombre);
     }
-    /// Digita en el control y pasa al siguiente con Enter.
-    static void escriba(QWidget* p, const char* nombre, const QString& texto) {
-        con_foco();
-        editor(p, nombre).setFocus();
-        editor(p, nombre).selectAll();
-        if (texto.isEmpty())
-            oprima(Qt::Key_Delete);
-        digite(texto);
-        oprima(Qt::Key_Return);
-    }
-    static Pantalla* modifique(SesionGui& s, const QString& cuenta,
+    static Pantalla* modifique(SesionGui&, const QString& cuenta,
                                Libro libro = Libro::Decreto2649) {
-        s.cnt.cuenta_seleccion = cuenta;
-        return pantallas().abrir(datos(libro).pantalla_modificar_cuenta);
+        return pantallas().abrir(datos(libro).pantalla_modificar_cuenta, AbreCuenta{cuenta});
     }
     static QString ficha(SesionGui& s, const QString& cuenta, const QString& tabla = "cuentas") {
         return s.dato("select cuen_nom || '|' || cuen_tercero || cuen_centro || cuen_retencion || "
@@ -96,14 +85,14 @@ private slots:
         QVERIFY(casilla(p, "CkRetenciones").isChecked());
         escriba(p, "ENombre", "Impuesto retenido");
         escriba(p, "EPorcentaje", "3.5");
-        escriba(p, "EBase", "895,000");
+        escriba(p, "EBase", "895000");
         oprima(Qt::Key_F2);
         QCOMPARE(ficha(s, "135517"), QString("Impuesto retenido|NNSNS|3.5000|895000.00|"));
 
-        QVERIFY(!s.cnt.balance_por_recalcular);
+        QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         oprima(Qt::Key_Escape);
         QVERIFY(s.escritorio.abiertas().isEmpty());
-        QVERIFY(s.cnt.balance_por_recalcular);
+        QCOMPARE(aviso.count(), 1);
     }
 
     void exige_codigo_y_nombre_y_rehusa_el_codigo_repetido() {
@@ -200,7 +189,7 @@ private slots:
             Pantalla* p = s.escritorio.activa();
             QCOMPARE(p->objectName(), QString(datos(libro).pantalla_nueva_cuenta));
             QCOMPARE(campo(p, "CUEN_COD"), QString("110599"));
-            QVERIFY(campo(p, "CUEN_EQNIIF").isEmpty() && s.cnt.cuenta_seleccion.isEmpty());
+            QVERIFY(campo(p, "CUEN_EQNIIF").isEmpty());
             p->close();
         }
     }
@@ -231,7 +220,6 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(componente<QLabel>(p, "NomCtaniif").text().isEmpty());
         escoja(p, "1110");
-        QVERIFY(s.cnt.cuenta_seleccion.isEmpty());
         QCOMPARE(componente<QLabel>(p, "NomCtaniif").text(), QString("Bancos"));
         oprima(Qt::Key_F2);
         QVERIFY(ficha(s, "110505").endsWith("|1110"));
@@ -314,14 +302,39 @@ private slots:
         }
     }
 
+    void las_subcuentas_que_no_pueden_cambiar_se_dicen_y_las_demas_cambian() {
+        for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
+            SesionGui s;
+            const QString tabla = datos(libro).cuentas;
+            agregue_linea(s, datos(libro).sufijo, "110505");
+            const QString con_centro = "select list(cuen_cod) from (select cuen_cod from " + tabla +
+                                       " where cuen_centro = 'S' and cuen_cod starting with '11' "
+                                       "order by cuen_cod)";
+            Pantalla* p = modifique(s, "11", libro);
+            casilla(p, "CkCentros").click();
+            Interlocutor i;
+            i.espere("Desea aplicar el cambio a las subcuentas?", "Sí");
+            i.espere("El cambio se aplicó a 4 subcuentas. Estas no cambiaron, porque ya tienen "
+                     "movimiento:\n110505 Caja general");
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(s.dato(con_centro), QString("11,1105,110510,1110,111005"));
+            QCOMPARE(campo(p, "CUEN_COD"), QString("11"));
+            QVERIFY(cuentas(p).State() == Estado::Edicion);
+        }
+    }
+
     void dos_usuarios_sobre_la_misma_cuenta() {
         SesionGui s;
         Pantalla* p = modifique(s, "3105");
         s.base.ejecute({"update cuentas set cuen_nom = 'De otro' where cuen_cod = '3105'"});
         escriba(p, "ENombre", "Mío");
         Interlocutor i;
-        i.espere("Otro usuario cambió o borró este registro de CUENTAS después de que usted lo "
-                 "abrió. Vuelva a abrirlo y repita el cambio.");
+        i.espere(
+            "Otro usuario cambió este registro después de que usted lo abrió. Vuelva a abrirlo "
+            "y repita el cambio.\n" +
+            cuentas(p).FieldByName("CUEN_NOM").nombre_visible() +
+            " era 'Capital suscrito y pagado' y ahora es 'De otro'");
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(ficha(s, "3105").startsWith("De otro|"));

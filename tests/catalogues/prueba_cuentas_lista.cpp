@@ -21,22 +21,9 @@ class PruebaCuentasLista : public QObject {
         return componente<ConjuntoDatos>(lista, "CCuentas");
     }
     static QString actual(QWidget* lista) { return cuentas(lista).FieldByName("CUEN_COD").texto(); }
-    static QStringList codigos(QWidget* lista) {
-        ConjuntoDatos& c = cuentas(lista);
-        QStringList todos;
-        for (int i = 0; i < c.RecordCount(); ++i)
-            todos << c.valor_en(i, c.FieldByName("CUEN_COD")).texto();
-        return todos;
-    }
+    static QStringList codigos(QWidget* lista) { return valores_de(cuentas(lista), "CUEN_COD"); }
     static Rejilla& rejilla(QWidget* lista) { return componente<Rejilla>(lista, "DBGridEh1"); }
-    static void busque(QWidget* lista, const QString& texto) {
-        auto& caja = componente<QLineEdit>(lista, "EBuscar");
-        con_foco();
-        caja.setFocus();
-        caja.clear();
-        digite(texto);
-        oprima(Qt::Key_Return);
-    }
+    static void busque(QWidget* lista, const QString& texto) { escriba(lista, "EBuscar", texto); }
     static void agregue_linea(SesionGui& s, const QString& libro, const QString& cuenta) {
         s.base.ejecute(
             {"insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, enco_numero, "
@@ -52,19 +39,16 @@ private slots:
         registre_pantallas_cuentas();
         for (const char* nombre :
              {"Tfsaldoterc", "Tfsaldotercniif", "Tfauxiliar", "Tfauxiliarniif"})
-            registre_testigo(
-                nombre, [this, nombre] { abiertas_ << nombre + (' ' + fdmcnt().cuenta_auxiliar); });
+            registre_testigo(nombre, [this, nombre](const Pantalla& p) {
+                abiertas_ << nombre + (' ' + p.peticion<AbreAuxiliar>().cuenta_auxiliar);
+            });
     }
     void init() { abiertas_.clear(); }
 
     void abre_con_las_activas_ubicada_donde_le_dijeron() {
         SesionGui s;
-        s.cnt.cuenta_localizar = "130505";
-        s.dm.modo_mantenimiento = true;
-        auto* lista = s.abra<Tfcuentas>("Tfcuentas");
+        auto* lista = s.abra<Tfcuentas>("Tfcuentas", PideCuenta{.cuenta_localizar = "130505"});
         QVERIFY(lista);
-        QVERIFY(!s.dm.modo_mantenimiento);
-        QVERIFY(s.cnt.cuenta_localizar.isEmpty());
         QCOMPARE(actual(lista), QString("130505"));
         QVERIFY(rejilla(lista).enfocada());
         QStringList esperadas = codigos(lista);
@@ -113,33 +97,13 @@ private slots:
         componente<QCheckBox>(lista, "CkDesorden").setChecked(false);
         busque(lista, "ÚTILES");
         QCOMPARE(codigos(lista).first(), QString("519530"));
-        QCOMPARE(s.dato("select count(*) from cuentas where upper(cuen_nom) >= "
-                        "upper('ÚTILES')"),
+        QCOMPARE(s.dato("select count(*) from cuentas where cuen_nom >= 'Útiles'"),
                  QString::number(codigos(lista).size()));
-    }
-
-    void una_comilla_en_la_busqueda_es_falla_de_la_base_y_la_lista_sigue_sirviendo() {
-        SesionGui s;
-        auto* lista = s.abra<Tfcuentas>("Tfcuentas");
-        QString falla;
-        try {
-            s.base.base().consulte("select * from cuentas  where upper(cuen_cod) >= upper('1'1') "
-                                   "and cuen_activa = 'S' order by cuen_cod");
-        } catch (const ErrorDatos& e) {
-            falla = e.texto();
-        }
-        Interlocutor i;
-        i.espere("Se presento el siguiente error: " + falla);
-        busque(lista, "1'1");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        busque(lista, "11");
-        QCOMPARE(codigos(lista).value(0), QString("11"));
     }
 
     void teclas_de_mantenimiento_con_los_letreros_corridos() {
         SesionGui s;
-        s.dm.modo_mantenimiento = true;
-        auto* lista = s.abra<Tfcuentas>("Tfcuentas");
+        auto* lista = s.abra<Tfcuentas>("Tfcuentas", AbreLista{true});
         cuentas(lista).Locate("CUEN_COD", {"110505"});
         QCOMPARE(componente<QPushButton>(lista, "SBSaldos").text(), QString("F7:Saldos"));
         QCOMPARE(componente<QPushButton>(lista, "SBMovimiento").text(), QString("F8:Movimiento"));
@@ -149,9 +113,7 @@ private slots:
         oprima(Qt::Key_F8);
         QCOMPARE(abiertas_, QStringList({"Tfsaldoterc 110505"}));
         s.escritorio.activa()->close();
-        // Al volver, los dos campos de paso quedan vacíos.
         QCOMPARE(s.escritorio.activa(), lista);
-        QVERIFY(s.cnt.cuenta_auxiliar.isEmpty());
         oprima(Qt::Key_F9);
         QCOMPARE(abiertas_.last(), QString("Tfauxiliar 110505"));
         s.escritorio.activa()->close();
@@ -183,8 +145,7 @@ private slots:
 
     void volver_de_un_detalle_muestra_los_cambios() {
         SesionGui s;
-        s.dm.modo_mantenimiento = true;
-        auto* lista = s.abra<Tfcuentas>("Tfcuentas");
+        auto* lista = s.abra<Tfcuentas>("Tfcuentas", AbreLista{true});
         cuentas(lista).Locate("CUEN_COD", {"3105"});
         oprima(Qt::Key_F4);
         s.base.ejecute({"update cuentas set cuen_nom = 'Capital de los socios' where cuen_cod = "
@@ -202,8 +163,8 @@ private slots:
             const DatosLibro& d = datos(libro);
             const QString tabla = d.cuentas;
             agregue_linea(s, d.sufijo, "110505");
-            s.dm.modo_mantenimiento = true;
-            auto* lista = s.abra<Tfcuentas>(d.pantalla_cuentas);
+            s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '519530'"});
+            auto* lista = s.abra<Tfcuentas>(d.pantalla_cuentas, AbreLista{true});
             cuentas(lista).Locate("CUEN_COD", {"519530"});
             Interlocutor i;
             const QString pregunta =
@@ -223,9 +184,10 @@ private slots:
             try {
                 s.base.base().ejecute("delete from " + tabla + " where cuen_cod = '110505'");
             } catch (const ErrorDatos& e) {
-                falla = e.texto();
+                QVERIFY(e.texto().mid(18).startsWith("violation of FOREIGN"));
+                falla = e.para_usuario();
             }
-            QVERIFY(falla.mid(18).startsWith("violation of FOREIGN"));
+            QVERIFY2(falla.contains("se usa en los "), qPrintable(falla));
             i.espere(QStringLiteral("Desea borrar definitivamente la %1 110505 ?").arg(d.cuenta_de),
                      "Sí");
             i.espere("Se presento el siguiente error: " + falla);
@@ -251,8 +213,7 @@ private slots:
         s.niegue(1);
         s.otorgue(0);
         for (const char* boton : {"SBPlan2649", "SBPlanNiif"}) {
-            s.dm.modo_mantenimiento = true;
-            Pantalla* menu = pantallas().abrir("Tfmnucuentas");
+            Pantalla* menu = pantallas().abrir("Tfmnucuentas", AbreLista{true});
             i.espere(kAccesoNegado);
             componente<QPushButton>(menu, boton).click();
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
@@ -264,8 +225,7 @@ private slots:
 
     void el_menu_abre_los_dos_planes_en_mantenimiento() {
         SesionGui s;
-        s.dm.modo_mantenimiento = true;
-        Pantalla* menu = pantallas().abrir("Tfmnucuentas");
+        Pantalla* menu = pantallas().abrir("Tfmnucuentas", AbreLista{true});
         for (const auto& [boton, texto, nombre] :
              {std::tuple{"SBPlan2649", "Plan Dec.2649", "Tfcuentas"},
               std::tuple{"SBPlanNiif", "Plan NIIF", "Tfcuentasniif"}}) {
@@ -279,27 +239,22 @@ private slots:
             s.escritorio.activa()->close();
             QCOMPARE(s.escritorio.activa(), menu);
         }
-        // Cerrado el menú, la bandera no le queda a la próxima lista.
         menu->close();
-        QVERIFY(!s.dm.modo_mantenimiento);
     }
 
-    void como_selector_enter_deja_el_codigo_y_se_cierra() {
+    void como_selector_enter_contesta_el_codigo_y_se_cierra() {
         SesionGui s;
-        QString recibida;
-        registre_testigo("Tfllamadora");
-        Pantalla* llamadora = pantallas().abrir("Tfllamadora");
+        Solicitante<PideCuenta> yo;
         for (const char* nombre : {"Tfcuentas", "Tfcuentasniif"}) {
-            auto* lista = s.abra<Tfcuentas>(nombre);
-            cuentas(lista).Locate("CUEN_COD", {"220505"});
+            cuentas(yo.pida(nombre)).Locate("CUEN_COD", {"220505"});
             oprima(Qt::Key_Return);
-            QCOMPARE(s.escritorio.activa(), llamadora);
-            QCOMPARE(std::exchange(s.cnt.cuenta_seleccion, {}), QString("220505"));
+            QCOMPARE(s.escritorio.activa(), yo.pantalla());
+            QCOMPARE(yo.recibidas(), QStringList("220505"));
         }
-        auto* lista = s.abra<Tfcuentas>("Tfcuentas");
+        yo.pida("Tfcuentas");
         oprima(Qt::Key_Escape);
-        QVERIFY(s.cnt.cuenta_seleccion.isEmpty());
-        Q_UNUSED(lista);
+        QCOMPARE(s.escritorio.activa(), yo.pantalla());
+        QVERIFY(yo.recibidas().isEmpty());
     }
 
     void como_selector_modal_esconde_los_botones_y_sus_teclas() {
@@ -318,26 +273,22 @@ private slots:
                 cuentas(lista).Next();
                 QTest::keyClick(&rejilla(lista), Qt::Key_Return);
             });
-            QCOMPARE(escoja_cuenta("2408", libro), QString("240805"));
+            QCOMPARE(escoja_cuenta_modal("2408", libro), QString("240805"));
             i.espere_modal(nombre, [&](QWidget* ventana) {
                 QTest::keyClick(&rejilla(ventana), Qt::Key_Escape);
             });
-            QCOMPARE(escoja_cuenta({}, libro), QString());
+            QCOMPARE(escoja_cuenta_modal({}, libro), QString());
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QVERIFY(s.escritorio.abiertas().isEmpty() && abiertas_.isEmpty());
-            QVERIFY(!s.dm.modo_selector && s.cnt.cuenta_seleccion.isEmpty());
         }
     }
 
     void el_texto_tras_el_interrogante_ya_viene_buscado() {
         SesionGui s;
-        s.cnt.texto_busqueda = "2365";
-        auto* lista = s.abra<Tfcuentas>("Tfcuentas");
+        auto* lista = s.abra<Tfcuentas>("Tfcuentas", PideCuenta{.texto_busqueda = "2365"});
         QCOMPARE(actual(lista), QString("2365"));
-        QVERIFY(s.cnt.texto_busqueda.isEmpty());
         lista->close();
-        s.cnt.texto_busqueda = "prov";
-        lista = s.abra<Tfcuentas>("Tfcuentasniif");
+        lista = s.abra<Tfcuentas>("Tfcuentasniif", PideCuenta{.texto_busqueda = "prov"});
         QVERIFY(cuentas(lista).FieldByName("CUEN_NOM").texto().startsWith("Prov"));
         QCOMPARE(componente<QLineEdit>(lista, "EBuscar").text(), QString("prov"));
     }

@@ -182,10 +182,9 @@ void PruebaReglasCatalogos::una_cuenta_del_plan_publicado_llega_con_sus_superior
 }
 
 void PruebaReglasCatalogos::copiar_el_plan_deja_los_dos_libros_iguales_y_equivalentes() {
-    base_->ejecute({"delete from cuentas_niif where cuen_cod starting with '6' and"
-                    " char_length(cuen_cod) = 6",
+    base_->ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '613505'",
+                    "delete from cuentas_niif where cuen_cod = '613505'",
                     "update cuentas_niif set cuen_nom = 'Propia' where cuen_cod = '1'",
-                    "update cuentas set cuen_eqniif = null where cuen_cod = '613505'",
                     "update cuentas set cuen_eqniif = '' where cuen_cod = '1'",
                     "update cuentas set cuen_eqniif = '111005' where cuen_cod = '110505'",
                     "execute procedure copia_cuentas_niif"});

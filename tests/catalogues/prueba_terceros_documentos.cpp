@@ -46,9 +46,8 @@ class PruebaTercerosDocumentos : public QObject {
                               "tedo_archivo) values ('900123456', ?, ?, ?)",
                               {item, nombre, contenido});
     }
-    static Pantalla* documentos(SesionGui& s) {
-        s.ter.tercero_seleccion = "900123456";
-        return pantallas().abrir("Tfdocsterc");
+    static Pantalla* documentos(SesionGui&) {
+        return pantallas().abrir("Tfdocsterc", AbreTercero{"900123456"});
     }
 
 private slots:
@@ -62,7 +61,6 @@ private slots:
         agregue(s, "3", "Cédula", "%PDF tres");
         Pantalla* p = documentos(s);
         QVERIFY(p);
-        QVERIFY(s.ter.tercero_seleccion.isEmpty());
         QCOMPARE(en_pdf(s), QStringList({"900123456 1.pdf"}));
         QTRY_COMPARE(visor.vistos, QList<QByteArray>({"%PDF uno"}));
         // Pasar de largo por el segundo no lo abre.
@@ -139,8 +137,7 @@ private slots:
         SesionGui s;
         VisorTestigo visor;
         agregue(s, "1", "RUT", "%PDF uno");
-        s.ter.tercero_seleccion = "900123456";
-        Pantalla* ficha = pantallas().abrir("Tfmodtercero");
+        Pantalla* ficha = pantallas().abrir("Tfmodtercero", AbreTercero{"900123456"});
         componente<QPushButton>(ficha, "SBDocumentos").click();
         Pantalla* p = s.escritorio.abierta("Tfdocsterc");
         QVERIFY(p);

@@ -23,15 +23,10 @@ Rejilla& rejilla(Pantalla* lista) {
     return componente<Rejilla>(lista, "DBGridEh1");
 }
 QStringList nits(Pantalla* lista) {
-    ConjuntoDatos& c = terceros(lista);
-    QStringList todos;
-    for (int i = 0; i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName("TERC_NIT")).texto();
-    return todos;
+    return valores_de(terceros(lista), "TERC_NIT");
 }
-Pantalla* mantenimiento(SesionGui& s) {
-    s.dm.modo_mantenimiento = true;
-    return pantallas().abrir("Tfterceros");
+Pantalla* mantenimiento(SesionGui&) {
+    return pantallas().abrir("Tfterceros", AbreLista{true});
 }
 void ubique(Pantalla* lista, const QString& nit) {
     QVERIFY(terceros(lista).Locate("TERC_NIT", {nit}));
@@ -65,7 +60,6 @@ private slots:
         SesionGui s;
         Pantalla* lista = mantenimiento(s);
         QVERIFY(lista);
-        QVERIFY(!s.dm.modo_mantenimiento);
         QCOMPARE(nits(lista), QStringList({"860002964", "800456789", "900123456", "52345678"}));
         componente<QCheckBox>(lista, "ckinact").click();
         QCOMPARE(nits(lista),
@@ -103,13 +97,10 @@ private slots:
         QCOMPARE(nits(lista), QStringList({"19876543"}));
         lista->close();
         // El texto que dejó otra pantalla se busca al abrir.
-        s.cnt.texto_busqueda = "fer";
-        lista = pantallas().abrir("Tfterceros");
+        lista = pantallas().abrir("Tfterceros", PideTercero{"fer"});
         QCOMPARE(nits(lista).first(), QString("900123456"));
-        QVERIFY(s.cnt.texto_busqueda.isEmpty());
         lista->close();
-        s.cnt.texto_busqueda = "86";
-        lista = pantallas().abrir("Tfterceros");
+        lista = pantallas().abrir("Tfterceros", PideTercero{"86"});
         QCOMPARE(nits(lista), QStringList({"860002964", "900123456"}));
     }
 
@@ -130,21 +121,19 @@ private slots:
 
     void enter_escoge_en_el_selector_y_modifica_en_mantenimiento() {
         SesionGui s;
-        Pantalla* lista = pantallas().abrir("Tfterceros");
-        ubique(lista, "800456789");
+        Solicitante<PideTercero> yo;
+        ubique(yo.pida("Tfterceros"), "800456789");
         oprima(Qt::Key_Return);
-        QCOMPARE(s.ter.tercero_seleccion, QString("800456789"));
-        QVERIFY(s.escritorio.abiertas().isEmpty());
-        s.ter.tercero_seleccion.clear();
+        QCOMPARE(yo.recibidas(), QStringList("800456789"));
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
 
-        lista = mantenimiento(s);
+        Pantalla* lista = mantenimiento(s);
         ubique(lista, "800456789");
         oprima(Qt::Key_Return);
         Pantalla* ficha = s.escritorio.abierta("Tfmodtercero");
         QVERIFY(ficha);
         QCOMPARE(componente<ConjuntoDatos>(ficha, "CTerceros").FieldByName("TERC_NIT").texto(),
                  QString("800456789"));
-        QVERIFY(s.ter.tercero_seleccion.isEmpty()); // la ficha lo tomó
         // Al volver, la lista muestra lo cambiado y sigue en el mismo tercero.
         s.base.ejecute({"update terceros set terc_tel = '4445566' where terc_nit = '800456789'"});
         oprima(Qt::Key_Escape);
@@ -212,8 +201,9 @@ private slots:
         oprima(Qt::Key_F9);
         QCOMPARE(barra.text(),
                  QString("Advertencia: La pantalla Tfcomproterc todavía no está disponible."));
-        registre_testigo("Tfcomproterc", [this] {
-            recibido_ = fdmcnt().nit_comprobantes + ' ' + fdmter().nombre_seleccion;
+        registre_testigo("Tfcomproterc", [this](const Pantalla& p) {
+            const auto pedido = p.peticion<AbreComprobantesTercero>();
+            recibido_ = pedido.nit_comprobantes + ' ' + pedido.nombre_seleccion;
         });
         oprima(Qt::Key_F8);
         QVERIFY(recibido_.isEmpty());

@@ -16,12 +16,6 @@ ConjuntoDatos& tipos(Pantalla* p) {
 ConjuntoDatos& prefijos(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CPrefijos");
 }
-void enfoque(Pantalla* p, const char* rejilla, int columna) {
-    con_foco();
-    auto& r = componente<Rejilla>(p, rejilla);
-    r.setFocus();
-    r.SelectedIndex(columna);
-}
 
 } // namespace
 
@@ -112,10 +106,9 @@ private slots:
         s.base.ejecute({"update prefijos_conta set pref_numero = '000050' where tico_cod = 'CG'"});
         enfoque(p, "DBGridEh2", 1);
         digite("000009");
+        i.espere_comienzo("Otro usuario cambió");
         oprima(Qt::Key_F2);
-        QCOMPARE(i.vistos().size(), 1);
-        QVERIFY(i.vistos()[0].startsWith("Otro usuario cambió"));
-        i.olvide();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 1); // lo digitado sigue ahí
         QCOMPARE(prefijos(p).FieldByName("PREF_NUMERO").texto(), QString("000009"));
         QCOMPARE(s.dato("select pref_numero from prefijos_conta where tico_cod = 'CG'"),
@@ -139,7 +132,8 @@ private slots:
         i.espere("Desea borrar el registro?", "Sí");
         componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click();
         i.espere("Está borrando o insertando un registro en la tabla Tipocomp que tiene una "
-                 "relación con otra tabla.");
+                 "relación con otra tabla. No se puede borrar ni cambiar su código: se usa en los "
+                 "prefijos de los comprobantes.");
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'RC'"),
@@ -181,16 +175,19 @@ private slots:
         auto& boton = componente<QPushButton>(p, "SpeedButton3");
         QVERIFY(!boton.isEnabled()); // CG no tiene formato
         oprima(Qt::Key_F8);
-        QVERIFY(s.dm.formato_actual.isEmpty());
+        QVERIFY(barra.text().isEmpty());
         QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
         prefijos(p).Last();
         QVERIFY(boton.isEnabled());
         oprima(Qt::Key_F8);
         QCOMPARE(barra.text(),
                  QString("Advertencia: La pantalla Tfedtformato todavía no está disponible."));
-        QCOMPARE(s.dm.formato_actual, QString("RC"));
-
-        registre_testigo("Tfedtformato", [this] { formato_ = fdm().formato_actual; });
+        registre_testigo("Tfedtformato", [this](const Pantalla& p) {
+            formato_ = p.peticion<AbreFormato>().formato_actual;
+        });
+        oprima(Qt::Key_F8);
+        QCOMPARE(formato_, QString("RC"));
+        s.escritorio.activa()->close();
         s.base.ejecute({"update configuracion set conf_valor = 'NO' where conf_propiedad = 'USAR "
                         "TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR'"});
         s.dm.cargue_configuracion();

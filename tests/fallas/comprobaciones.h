@@ -2,8 +2,8 @@
 // Lo que debe cumplirse después de cualquier falla.
 #include "apoyo/comprobantes.h"
 
-/// Comprobantes a medias, como texto: sin sus dos renglones en algún libro o descuadrados; y los
-/// renglones sin encabezado. Vacío si todos están enteros.
+/// Comprobantes sin renglones en algún libro o descuadrados, y renglones sin encabezado, como
+/// texto. Vacío si todos están enteros.
 inline QString a_medias(Conexion& c) {
     QString malos;
     for (const char* libro : {"comprobante_detalle", "comprobante_detalle_niif"}) {

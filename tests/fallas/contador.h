@@ -1,6 +1,7 @@
 #pragma once
-// Un contador que graba comprobantes de los dos libros en la pantalla, con el teclado, sobre las
-// bases de cualquier ubicación. Como una persona: lee los mensajes, los cierra y vuelve a intentar.
+// Un contador que graba, corrige y borra comprobantes de los dos libros en las pantallas, con el
+// teclado, sobre las bases de cualquier ubicación. Como una persona: lee los mensajes, los cierra y
+// vuelve a intentar.
 #include "apoyo_gui/sesion_gui.h"
 #include "herramientas/ubicacion.h"
 #include "toolkit/barraestado.h"
@@ -9,10 +10,12 @@
 #include "toolkit/controles/listadato.h"
 #include "toolkit/rejilla/rejilla.h"
 #include "vouchers/registro.h"
+#include "vouchers/tfedtmovimien.h"
 #include "vouchers/tfmovimien.h"
 
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -55,6 +58,11 @@ struct SesionEnLugar {
         if (!mensaje || !mensaje->isVisible())
             return;
         mensajes << mensaje->text();
+        if (mensaje->text().startsWith("Desea borrar definitivamente")) {
+            for (QAbstractButton* b : mensaje->buttons())
+                if (b->text().remove('&') == "Sí")
+                    return QTest::keyClick(b, Qt::Key_Space);
+        }
         QTest::keyClick(mensaje, Qt::Key_Escape);
         if (mensaje->isVisible())
             mensaje->done(QMessageBox::Cancel);
@@ -120,13 +128,7 @@ struct Contador : SesionEnLugar {
                dice(0, "CODE_DEBITO").moneda() == esperado &&
                dice(1, "CODE_CREDITO").moneda() == esperado;
     }
-    void linea(const QStringList& celdas) {
-        for (const QString& celda : celdas) {
-            if (!celda.isEmpty())
-                digite(celda);
-            oprima(Qt::Key_Return);
-        }
-    }
+    void linea(const QStringList& celdas) { digite_celdas(celdas); }
     /// F2; cierto si quedó grabado: la pantalla pasa al siguiente, sin renglones.
     bool grabe() {
         p->activateWindow();
@@ -136,8 +138,86 @@ struct Contador : SesionEnLugar {
         oprima(Qt::Key_F2);
         return p->CDetalle.IsEmpty();
     }
-    /// Digita y graba insistiendo; devuelve el número, o vacío si ni así. Sin servidor, espera un
-    /// poco antes de volver a intentar.
+    /// Graba pasando a la página NIIF; cierto si quedó. Deja la pantalla en el siguiente.
+    bool grabe_por_cambio_de_pagina() {
+        p->activateWindow();
+        p->PageControl1->setCurrentIndex(1);
+        const bool quedo = p->Cdetniif.RecordCount() == 2;
+        p->PageControl1->setCurrentIndex(0);
+        return quedo && grabe();
+    }
+    /// Abre el comprobante en su pantalla de edición; nulo si no se dejó.
+    Tfedtmovimien* edite(const QString& numero) {
+        const QString id =
+            dm.Quorvex
+                .consulte("select enco_consec from comprobante_encabezado where enco_numero = ?",
+                          {Valor(numero)})
+                .texto();
+        return qobject_cast<Tfedtmovimien*>(
+            pantallas().abrir("Tfedtmovimien", AbreComprobante{id}));
+    }
+    /// Pone el valor en los dos lados del libro 2649 y graba. Cierto si la pantalla quedó conforme.
+    bool corrija(const QString& numero, const QString& valor) {
+        Tfedtmovimien* e = edite(numero);
+        if (!e)
+            return false;
+        ponga_valor(*e, valor);
+        oprima(Qt::Key_F2);
+        return cerrada("Tfedtmovimien");
+    }
+    void ponga_valor(Tfedtmovimien& e, const QString& valor) {
+        Rejilla& r = *e.lineas_2649->rejilla;
+        r.setFocus();
+        e.CDetalle.First();
+        r.SelectedIndex(9);
+        digite(valor);
+        oprima(Qt::Key_Down);
+        r.SelectedIndex(10);
+        digite(valor);
+        oprima(Qt::Key_Return);
+    }
+    bool borre(const QString& numero) {
+        Tfedtmovimien* e = edite(numero);
+        if (!e)
+            return false;
+        e->SBBorrar->setFocus();
+        oprima(Qt::Key_Space);
+        return cerrada("Tfedtmovimien");
+    }
+    /// Cierto si ya no está; si sigue, la deja abandonada sin guardar.
+    bool cerrada(const char* pantalla) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Pantalla* sigue = escritorio.abierta(pantalla);
+        if (!sigue)
+            return true;
+        qobject_cast<Tfedtmovimien*>(sigue)->CMovimiento.CancelUpdates();
+        sigue->close();
+        return false;
+    }
+    /// Número de un comprobante por su valor, que nadie más usa; vacío si no está.
+    QString numero_de(const QString& valor) {
+        return dm.Quorvex
+            .consulte("select max(e.enco_numero) from comprobante_encabezado e join "
+                      "comprobante_detalle d on d.enco_consec = e.enco_consec where "
+                      "d.code_debito = ?",
+                      {Valor(Moneda::de_texto(valor))})
+            .texto();
+    }
+    /// Sin servidor no hay que insistir: espera a que vuelva a atender, o un minuto.
+    void espere_servidor() {
+        (void)QTest::qWaitFor(
+            [this] {
+                try {
+                    Conexion prueba;
+                    prueba.conectar(dm.ConGeneral.parametros());
+                    return true;
+                } catch (const ErrorDatos&) {
+                    return false;
+                }
+            },
+            60000);
+    }
+    /// Digita y graba insistiendo; devuelve el número, o vacío si ni así.
     QString grabe_insistiendo(const QString& debito, const QString& credito, const QString& valor,
                               int intentos = 300) {
         bool cayo = false;
@@ -146,12 +226,13 @@ struct Contador : SesionEnLugar {
             if (!completo(debito, credito, valor))
                 digite_comprobante(debito, credito, valor);
             const QString numero = p->ENumero->text();
+            // El que quedó puede no ser el que se veía: otro pudo tomarlo antes.
             if (completo(debito, credito, valor) && !numero.isEmpty() && grabe())
-                return numero;
+                return numero_de(valor);
             const QString dicho = mensajes.mid(vistos).join(' ');
             if (dicho.contains("Se perdió la conexión")) {
                 cayo = true;
-                QTest::qWait(200);
+                espere_servidor();
             } else if (cayo && dicho.contains("Ya existe")) {
                 // La caída pudo llegar después de confirmar: lo busca antes de repetirlo.
                 if (const QString suyo = en_la_base(); !suyo.isEmpty()) {

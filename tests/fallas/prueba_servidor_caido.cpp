@@ -5,8 +5,10 @@
 #include "fallas/contador.h"
 
 #include <QProcess>
+#include <QThread>
 #include <csignal>
 #include <sys/resource.h>
+#include <thread>
 
 class PruebaServidorCaido : public QObject {
     Q_OBJECT
@@ -62,8 +64,11 @@ private slots:
         grabador.start(QCoreApplication::applicationDirPath() + "/grabador",
                        {servidor.ubicacion().texto(), "ADMIN", ServidorDePrueba::kClave,
                         QString::number(kComprobantes)});
-        QVERIFY(grabador.waitForReadyRead(30000));
-        QTest::qWait(150);
+        QByteArray salida;
+        while (salida.count('\n') < 20) { // a media tarea
+            QVERIFY(grabador.waitForReadyRead(30000));
+            salida += grabador.readAllStandardOutput();
+        }
         servidor.mate();
         QCOMPARE(grabador.state(), QProcess::Running);
         servidor.inicie();
@@ -71,8 +76,11 @@ private slots:
         const QByteArray dicho = grabador.readAllStandardError();
         QVERIFY2(grabador.exitCode() == 0, dicho.constData());
         QVERIFY2(dicho.contains("Se perdió la conexión"), dicho.constData());
-        const QStringList numeros =
-            QString::fromLatin1(grabador.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+        salida += grabador.readAllStandardOutput();
+        QStringList numeros; // "< graba 000001 ...": lo confirmado
+        for (const QString& dice : QString::fromLatin1(salida).split('\n'))
+            if (dice.startsWith("< graba "))
+                numeros << dice.section(' ', 2, 2);
         Conexion c;
         c.conectar(servidor.parametros());
         QCOMPARE(filas_de(c, "select enco_numero from comprobante_encabezado order by 1"),
@@ -82,10 +90,69 @@ private slots:
         QCOMPARE(saldos_distintos(c), QString());
     }
 
+    void una_caida_a_mitad_de_un_borrado_deja_el_comprobante_entero() {
+        ServidorDePrueba servidor;
+        Contador c(servidor.ubicacion(), "ADMIN", ServidorDePrueba::kClave);
+        c.digite_comprobante("110505", "111005", "10");
+        QVERIFY(c.grabe());
+        {
+            // Otro retiene un renglón: el borrado empieza y espera, y ahí muere el servidor.
+            Conexion otra;
+            otra.conectar(servidor.parametros());
+            Transaccion retiene(otra, Transaccion::Modo::Escritura);
+            otra.prepare("update comprobante_detalle set code_concepto = 'x'", retiene)
+                ->ejecute(retiene, {});
+            Tfedtmovimien* e = c.edite("000001");
+            QVERIFY(e);
+            std::thread verdugo([&servidor, pid = servidor.proceso()] {
+                Conexion vigia;
+                vigia.conectar(servidor.parametros("SYSDBA"));
+                // Lo que el servidor dice de sus sesiones no cambia dentro de una transacción.
+                const auto espera = [&vigia] {
+                    Transaccion t(vigia, Transaccion::Modo::Lectura);
+                    Cursor c(vigia.prepare("select count(*) from mon$statements where mon$state = "
+                                           "1 and mon$attachment_id <> current_connection",
+                                           t),
+                             t, {});
+                    return c.siguiente() && c.valor(0).entero() > 0;
+                };
+                while (!espera())
+                    QThread::msleep(10);
+                ::kill(pid_t(pid), SIGKILL);
+            });
+            e->SBBorrar->setFocus();
+            oprima(Qt::Key_Space);
+            verdugo.join();
+        }
+        QVERIFY2(c.mensajes.join('|').contains("Se perdió la conexión"),
+                 qPrintable(c.mensajes.join('|')));
+        servidor.mate(); // lo da por muerto
+        servidor.inicie();
+        Conexion mira;
+        mira.conectar(servidor.parametros());
+        QCOMPARE(filas_de(mira, "select enco_numero from comprobante_encabezado"),
+                 QString("000001"));
+        QCOMPARE(a_medias(mira), QString());
+        QCOMPARE(saldos_distintos(mira), QString());
+        // La pantalla sigue ahí y el segundo intento lo borra entero.
+        c.mensajes.clear();
+        auto* e = qobject_cast<Tfedtmovimien*>(c.escritorio.abierta("Tfedtmovimien"));
+        QVERIFY(e);
+        e->activateWindow();
+        e->SBBorrar->setFocus();
+        oprima(Qt::Key_Space);
+        QCOMPARE(c.mensajes, QStringList({"Desea borrar definitivamente el comprobante CG 0001 "
+                                          "000001?"}));
+        QVERIFY(c.cerrada("Tfedtmovimien"));
+        QCOMPARE(filas_de(mira, "select enco_numero from comprobante_encabezado"), QString());
+        QCOMPARE(a_medias(mira), QString());
+        QCOMPARE(saldos_distintos(mira), QString());
+    }
+
     void lo_abierto_antes_de_la_caida_no_se_confunde_con_lo_nuevo() {
         ServidorDePrueba servidor;
         Conexion c;
-        c.conectar(servidor.parametros());
+        c.conectar(servidor.parametros("SYSDBA"));
         const auto viejo = c.abra("select * from rdb$fields");
         QVERIFY(viejo->siguiente());
         auto escritura = std::make_unique<Transaccion>(c, Transaccion::Modo::Escritura);

@@ -19,6 +19,7 @@ class PruebaAdministrador : public QObject {
 private slots:
     void una_instalacion_nueva_se_arma_paso_a_paso();
     void cada_falla_se_dice_en_espanol_y_cambia_el_codigo();
+    void una_compania_que_no_se_acaba_de_crear_no_deja_nada();
     void la_ayuda_nombra_todas_las_ordenes();
     void un_respaldo_probado_devuelve_los_datos();
     void un_respaldo_danado_no_toca_la_base();
@@ -126,11 +127,11 @@ void PruebaAdministrador::cada_falla_se_dice_en_espanol_y_cambia_el_codigo() {
         {{"conexion", "--carpeta", "/no/hay"}, b.ruta(), 1, "No se pudo escribir"},
         {{"respaldar", "--color"}, b.ruta(), 2, "No se conoce la opción --color."},
         {{"bailar"}, b.ruta(), 2, "No se conoce la orden 'bailar'"},
-        {{"verificar"}, "127.0.0.1/1:/x", 1, "No hay un servidor Firebird atendiendo"},
+        {{"verificar"}, "127.0.0.1/1:/x", 1, "No se encontró el servidor Interbase/Firebird"},
         {{"verificar"},
          "equipo.que.no.existe.invalid/3050:/x",
          1,
-         "No se encontró el equipo servidor equipo.que.no.existe.invalid"},
+         "No se encontró el equipo servidor con nombre equipo.que.no.existe.invalid"},
     };
     for (const Caso& c : casos) {
         const auto r = administre(en(c.lugar, c.orden));
@@ -143,12 +144,30 @@ void PruebaAdministrador::cada_falla_se_dice_en_espanol_y_cambia_el_codigo() {
     QVERIFY(sin_lugar.errores.contains(QStringLiteral("Falta la opción --ubicacion.")));
 }
 
+void PruebaAdministrador::una_compania_que_no_se_acaba_de_crear_no_deja_nada() {
+    QTemporaryDir carpeta;
+    const QString lugar = carpeta.path();
+    QCOMPARE(administre(en(lugar, {"crear-general"})).codigo, 0);
+    // El primero cae al configurarla, que ya tiene su esquema; el segundo, al registrarla.
+    for (const QString& nombre : {QStringLiteral("Con € en el nombre"), QString(90, 'x')}) {
+        const auto r =
+            administre(en(lugar, {"crear-compania", "--codigo", "009", "--nombre", nombre}));
+        QCOMPARE(r.codigo, 1);
+        QCOMPARE(QDir(lugar + "/datos").entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList{"general.fdb"});
+    }
+    QVERIFY(administre(en(lugar, {"verificar", "--compania", "009"})).errores.contains("009"));
+    const auto r = administre(en(lugar, {"crear-compania", "--codigo", "009", "--nombre", "Sí"}));
+    QVERIFY2(r.codigo == 0, qPrintable(r.errores));
+}
+
 void PruebaAdministrador::la_ayuda_nombra_todas_las_ordenes() {
     const auto r = administre({"--help"});
     QCOMPARE(r.codigo, 0);
-    for (const char* orden : {"crear-general", "crear-compania", "crear-demo", "usuario-crear",
-                              "conceder", "negar", "configurar", "respaldar", "restaurar",
-                              "actualizar", "verificar", "compactar", "clave", "conexion"}) {
+    for (const char* orden :
+         {"crear-general", "crear-compania", "crear-demo", "usuario-crear", "conceder", "negar",
+          "configurar", "respaldar", "restaurar", "actualizar", "verificar", "recalcular",
+          "compactar", "clave", "conexion"}) {
         QVERIFY2(r.salida.contains(QStringLiteral("quorvex-admin ") + QLatin1String(orden)), orden);
         QCOMPARE(administre({QLatin1String(orden), "--help"}).codigo, 0);
     }
@@ -253,7 +272,9 @@ void PruebaAdministrador::verificar_encuentra_un_saldo_alterado_y_un_descuadre()
                               " code_item = 1")});
     const auto descuadre = administre(en(b.ruta(), {"verificar"}));
     QCOMPARE(descuadre.codigo, 1);
-    QVERIFY2(descuadre.salida.contains(QStringLiteral("descuadrado en el libro 2649")) &&
+    QVERIFY2(descuadre.salida.contains(QStringLiteral("comprobante CG 0001 000001, libro 2649: "
+                                                      "descuadrado (débitos menos créditos: "
+                                                      "-0.50)")) &&
                  !descuadre.salida.contains(QStringLiteral("saldo distinto")),
              qPrintable(descuadre.salida));
 }

@@ -39,6 +39,26 @@ QString resumen(Demo& d) {
                                 "from plantilla_detalle");
 }
 
+/// Cada renglón cumple lo que su cuenta exige, en los dos libros.
+void compruebe_renglones(Demo& d) {
+    for (const char* libro : {"", "_niif"}) {
+        const auto faltan = [&](const char* condicion) {
+            return d.compania
+                .consulte(QStringLiteral("select count(*) from comprobante_detalle%1 d"
+                                         " join cuentas%1 c on c.cuen_cod = d.cuen_cod where %2")
+                              .arg(QLatin1String(libro), QLatin1String(condicion)))
+                .entero();
+        };
+        QCOMPARE(faltan("c.cuen_afectable <> 'S' or c.cuen_activa <> 'S'"), 0);
+        QCOMPARE(faltan("c.cuen_tercero = 'S' and d.terc_nit is null"), 0);
+        QCOMPARE(faltan("c.cuen_centro = 'S' and d.cent_cod is null"), 0);
+        QCOMPARE(faltan("c.cuen_tipo = 'I' and d.arti_cod is null"), 0);
+        QCOMPARE(faltan("d.code_debito < 0 or d.code_credito < 0 or (d.code_debito <> 0 and"
+                        " d.code_credito <> 0) or (d.code_debito = 0 and d.code_credito = 0)"),
+                 0);
+    }
+}
+
 } // namespace
 
 class PruebaDemostracion : public QObject {
@@ -75,23 +95,7 @@ void PruebaDemostracion::un_ano_normal_es_un_libro_completo() {
                      .moneda(),
                  Moneda());
 
-    // Cada renglón cumple lo que su cuenta exige, en los dos libros.
-    for (const char* libro : {"", "_niif"}) {
-        const auto faltan = [&](const char* condicion) {
-            return d.compania
-                .consulte(QStringLiteral("select count(*) from comprobante_detalle%1 d"
-                                         " join cuentas%1 c on c.cuen_cod = d.cuen_cod where %2")
-                              .arg(QLatin1String(libro), QLatin1String(condicion)))
-                .entero();
-        };
-        QCOMPARE(faltan("c.cuen_afectable <> 'S' or c.cuen_activa <> 'S'"), 0);
-        QCOMPARE(faltan("c.cuen_tercero = 'S' and d.terc_nit is null"), 0);
-        QCOMPARE(faltan("c.cuen_centro = 'S' and d.cent_cod is null"), 0);
-        QCOMPARE(faltan("c.cuen_tipo = 'I' and d.arti_cod is null"), 0);
-        QCOMPARE(faltan("d.code_debito < 0 or d.code_credito < 0 or (d.code_debito <> 0 and"
-                        " d.code_credito <> 0) or (d.code_debito = 0 and d.code_credito = 0)"),
-                 0);
-    }
+    compruebe_renglones(d);
     // El libro NIIF no es una copia: deprecia y deteriora con otras cifras.
     QVERIFY(
         d.n("select count(*) from comprobante_detalle a join comprobante_detalle_niif b on"

@@ -17,22 +17,251 @@
 #include <QSpinBox>
 #include <QToolButton>
 
+namespace {
+
+struct CasoAuxiliar {
+    const char* clase;
+    const char* cuenta;
+    const char* nombre;
+    const char* clave;
+    QStringList titulos;
+    const char* archivo;
+    QStringList ids, debitos, creditos;
+    const char* inicial;
+    QSize tamano;
+};
+const QStringList kTitulosAuxiliar{"Tipo",   "Prefijo", "Número",     "Fecha", "Concepto",
+                                   "NIT",    "Mcpio",   "Referencia", "Base",  "Porc.",
+                                   "Débito", "Crédito", "Pry.",       "Centro"};
+QStringList titulos_sin(const QStringList& quitados) {
+    QStringList titulos = kTitulosAuxiliar;
+    for (const QString& t : quitados)
+        titulos.removeOne(t);
+    return titulos;
+}
+QVector<CasoAuxiliar> auxiliares_de_cuenta_y_tercero() {
+    const QStringList de_tercero =
+        titulos_sin({"NIT", "Mcpio"}).replaceInStrings("Referencia", "Ref.");
+    return {
+        {"Tfauxiliar",
+         "110505",
+         "Caja general",
+         "",
+         kTitulosAuxiliar,
+         "Auxiliar",
+         {"903", "902", "906"},
+         {"0", "1190000.25", "11.11"},
+         {"432000.12", "0", "0"},
+         "5,000,000.00",
+         {680, 350}},
+        {"Tfauxiliarniif",
+         "110505",
+         "Caja NIIF",
+         "",
+         kTitulosAuxiliar,
+         "AuxiliarNIIF",
+         {"903", "902", "906"},
+         {"0", "1190000.75", "22.22"},
+         {"560000.6", "0", "0"},
+         "4,000,000.00",
+         {680, 350}},
+        {"Tfauxiliarterc",
+         "510506",
+         "Sueldos",
+         "Peña Gómez María",
+         de_tercero,
+         "AuxTerc",
+         {"903", "903"},
+         {"400000", "2000.02"},
+         {"0", "0"},
+         "",
+         {}},
+        {"Tfauxiliartercniif",
+         "510506",
+         "Sueldos",
+         "Peña Gómez María",
+         de_tercero,
+         "AuxTerc",
+         {"903"},
+         {"500000"},
+         {"0"},
+         "",
+         {}},
+    };
+}
+QVector<CasoAuxiliar> auxiliares_de_centro_y_articulo() {
+    const QStringList de_centro = titulos_sin({"Pry.", "Centro"});
+    return {
+        {"Tfauxiliarcentro",
+         "510506",
+         "Sueldos",
+         "Contabilidad",
+         de_centro,
+         "AuxCentroCosto",
+         {"903", "903"},
+         {"30000.1", "2000.02"},
+         {"0", "0"},
+         "",
+         {638, 297}},
+        // Lee el libro 2649 aunque sea la pantalla del otro.
+        {"Tfauxiliarcentroniif",
+         "510506",
+         "Sueldos",
+         "Contabilidad",
+         de_centro,
+         "AuxCentroCosto",
+         {"903", "903"},
+         {"30000.1", "2000.02"},
+         {"0", "0"},
+         "",
+         {638, 297}},
+        {"Tfauxiliarart",
+         "143505",
+         "Mercancías",
+         "Martillo",
+         titulos_sin({"Mcpio"}),
+         "AuxArtic",
+         {"907", "907"},
+         {"100.1", "0"},
+         {"0", "40.04"},
+         "",
+         {}},
+    };
+}
+/// Lo que muestra cada auxiliar del libro de prueba en marzo.
+QVector<CasoAuxiliar> casos_de_auxiliar() {
+    return auxiliares_de_cuenta_y_tercero() + auxiliares_de_centro_y_articulo();
+}
+
+struct CasoSaldo {
+    const char* clase;
+    const char* titulo;
+    const char* cuenta;
+    const char* nombre;
+    QStringList titulos;
+    const char* archivo;
+    QStringList llaves, finales;
+    const char* abre;
+    QStringList ids; ///< del auxiliar de la segunda fila, o de la única
+    QSize tamano;
+};
+const QStringList kTitulosCentro{"Centro",  "Subc.",    "S. Inicial",
+                                 "Débitos", "Créditos", "S. Final"};
+QVector<CasoSaldo> saldos_por_tercero() {
+    const QStringList por_nit{"NIT", "Nombre", "S. Inicial", "Débitos", "Créditos", "S. Final"};
+    return {
+        {"Tfsaldoterc",
+         "Saldos por tercero",
+         "510506",
+         "Sueldos",
+         por_nit,
+         "SaldoTerc",
+         {"52345678", "900123456"},
+         {"402000.02", "30000.1"},
+         "Tfauxiliarterc",
+         {"903"},
+         {616, 350}},
+        {"Tfsaldotercniif",
+         "Saldos por tercero NIIF",
+         "510506",
+         "Sueldos",
+         por_nit,
+         "SaldoTercNIIF",
+         {"52345678", "900123456"},
+         {"500000", "60000.6"},
+         "Tfauxiliartercniif",
+         {"903"},
+         {616, 350}},
+        {"Tfsaldotercent",
+         "Saldos centro por tercero",
+         "510506",
+         "Sueldos",
+         por_nit,
+         "SaldoTerc",
+         {"52345678", "900123456"},
+         {"2000.02", "30000.1"},
+         "Tfauxiliarterc",
+         {"903"},
+         {616, 350}},
+        {"Tfsaldotercentniif",
+         "Saldos centro por tercero NIIF",
+         "510506",
+         "Sueldos NIIF",
+         por_nit,
+         "SaldoTercNiif",
+         {"900123456"},
+         {"60000.6"},
+         "Tfauxiliartercniif",
+         {"903"},
+         {616, 350}},
+    };
+}
+QVector<CasoSaldo> saldos_por_centro_y_articulo() {
+    const QStringList por_articulo{"Artículo", "Descripción", "S. Inicial",
+                                   "Débitos",  "Céditos",     "S. Final"};
+    return {
+        {"Tfsaldocentro",
+         "Saldos por centro",
+         "510506",
+         "Sueldos",
+         kTitulosCentro,
+         "SaldoCentro",
+         {"0001 0001", "0001 0002"},
+         {"400000", "32000.12"},
+         "Tfauxiliarcentro",
+         {"903", "903"},
+         {616, 236}},
+        {"Tfsaldocentroniif",
+         "Saldos por centro NIIF",
+         "510506",
+         "Sueldos NIIF",
+         kTitulosCentro,
+         "SaldoCentroNiif",
+         {"0001 0001", "0001 0002"},
+         {"500000", "60000.6"},
+         "Tfauxiliarcentroniif",
+         {"903", "903"},
+         {616, 236}},
+        {"Tfsaldoartc",
+         "Saldos por artículo",
+         "143505",
+         "Mercancías",
+         por_articulo,
+         "SaldoArti",
+         {"MART01"},
+         {"60.06"},
+         "Tfauxiliarart",
+         {"907", "907"},
+         {676, 273}},
+    };
+}
+/// Lo que muestra cada lista de saldos del libro de prueba en marzo.
+QVector<CasoSaldo> casos_de_saldo() {
+    return saldos_por_tercero() + saldos_por_centro_y_articulo();
+}
+
+} // namespace
+
 class PruebaAuxiliares : public QObject {
     Q_OBJECT
 
     QStringList abiertas_;
 
+    /// Con las mismas claves para todos los que las lleven.
+    static AbreAuxiliar pedido(const char* cuenta) {
+        return {.cuenta_auxiliar = cuenta,
+                .tercero_auxiliar = "52345678",
+                .proyecto_auxiliar = "0001",
+                .centro_auxiliar = "0002",
+                .articulo_auxiliar = "MART01"};
+    }
     template <class T>
     static T* abra(SesionGui& s, const char* clase, const char* cuenta, int mes) {
-        s.cnt.cuenta_auxiliar = cuenta;
         s.cnt.periodo_actual = mes - 1;
-        return s.abra<T>(clase);
+        return s.abra<T>(clase, pedido(cuenta));
     }
     static QStringList columna(const ConjuntoDatos& c, const char* campo) {
-        QStringList todos;
-        for (int i = 0; i < c.RecordCount(); ++i)
-            todos << c.valor_en(i, c.FieldByName(campo)).texto();
-        return todos;
+        return valores_de(c, campo);
     }
     static QStringList titulos(const Rejilla& r) {
         QStringList t;
@@ -57,20 +286,14 @@ class PruebaAuxiliares : public QObject {
             ") from "
             "rdb$database");
     }
-    static void claves(SesionGui& s) {
-        s.cnt.tercero_auxiliar = "52345678";
-        s.cnt.proyecto_auxiliar = "0001";
-        s.cnt.centro_auxiliar = "0002";
-        s.cnt.articulo_auxiliar = "MART01";
-    }
 
 private slots:
     void initTestCase() {
         aplique_estilo(*qApp);
         registre_pantallas_consulta();
         for (const char* nombre : {"Tfmovimien", "Tfedtmovimien"})
-            registre_testigo(nombre, [this, nombre] {
-                abiertas_ << nombre + (' ' + fdmcnt().comprobante_encontrado);
+            registre_testigo(nombre, [this, nombre](const Pantalla& p) {
+                abiertas_ << nombre + (' ' + p.peticion<AbreComprobante>().comprobante_encontrado);
             });
     }
     void init() { abiertas_.clear(); }
@@ -81,108 +304,7 @@ private slots:
         s.base.ejecute({"update cuentas_niif set cuen_nom = 'Caja NIIF' where cuen_cod = '110505'",
                         "update cuentas_niif set cuen_nom = 'Sueldos NIIF' where cuen_cod = "
                         "'510506'"});
-        const QStringList todas{"Tipo",   "Prefijo", "Número",     "Fecha", "Concepto",
-                                "NIT",    "Mcpio",   "Referencia", "Base",  "Porc.",
-                                "Débito", "Crédito", "Pry.",       "Centro"};
-        QStringList de_tercero = todas, de_centro = todas, de_articulo = todas;
-        de_tercero.removeOne("NIT");
-        de_tercero.removeOne("Mcpio");
-        de_tercero.replaceInStrings("Referencia", "Ref.");
-        de_centro.removeOne("Pry.");
-        de_centro.removeOne("Centro");
-        de_articulo.removeOne("Mcpio");
-        const struct {
-            const char* clase;
-            const char* cuenta;
-            const char* nombre;
-            const char* clave;
-            QStringList titulos;
-            const char* archivo;
-            QStringList ids, debitos, creditos;
-            const char* inicial;
-            QSize tamano;
-        } casos[] = {
-            {"Tfauxiliar",
-             "110505",
-             "Caja general",
-             "",
-             todas,
-             "Auxiliar",
-             {"903", "902", "906"},
-             {"0", "1190000.25", "11.11"},
-             {"432000.12", "0", "0"},
-             "5,000,000.00",
-             {680, 350}},
-            {"Tfauxiliarniif",
-             "110505",
-             "Caja NIIF",
-             "",
-             todas,
-             "AuxiliarNIIF",
-             {"903", "902", "906"},
-             {"0", "1190000.75", "22.22"},
-             {"560000.6", "0", "0"},
-             "4,000,000.00",
-             {680, 350}},
-            {"Tfauxiliarterc",
-             "510506",
-             "Sueldos",
-             "Peña Gómez María",
-             de_tercero,
-             "AuxTerc",
-             {"903", "903"},
-             {"400000", "2000.02"},
-             {"0", "0"},
-             "",
-             {}},
-            {"Tfauxiliartercniif",
-             "510506",
-             "Sueldos",
-             "Peña Gómez María",
-             de_tercero,
-             "AuxTerc",
-             {"903"},
-             {"500000"},
-             {"0"},
-             "",
-             {}},
-            {"Tfauxiliarcentro",
-             "510506",
-             "Sueldos",
-             "Contabilidad",
-             de_centro,
-             "AuxCentroCosto",
-             {"903", "903"},
-             {"30000.1", "2000.02"},
-             {"0", "0"},
-             "",
-             {638, 297}},
-            // Lee el libro 2649 aunque sea la pantalla del otro.
-            {"Tfauxiliarcentroniif",
-             "510506",
-             "Sueldos",
-             "Contabilidad",
-             de_centro,
-             "AuxCentroCosto",
-             {"903", "903"},
-             {"30000.1", "2000.02"},
-             {"0", "0"},
-             "",
-             {638, 297}},
-            {"Tfauxiliarart",
-             "143505",
-             "Mercancías",
-             "Martillo",
-             de_articulo,
-             "AuxArtic",
-             {"907", "907"},
-             {"100.1", "0"},
-             {"0", "40.04"},
-             "",
-             {}},
-        };
-        claves(s);
-        for (const auto& caso : casos) {
+        for (const CasoAuxiliar& caso : casos_de_auxiliar()) {
             auto* p = abra<Tfauxiliar>(s, caso.clase, caso.cuenta, 3);
             QVERIFY(p);
             QCOMPARE(p->NomCuenta->text(), QString::fromUtf8(caso.nombre));
@@ -250,17 +372,12 @@ private slots:
         p->close();
 
         Interlocutor i;
-        s.cnt.cuenta_auxiliar = "11A5";
-        QVERIFY(s.abra<Tfauxiliar>("Tfauxiliarterc"));
-        QVERIFY(i.vistos().isEmpty());
-        s.abra<Tfauxiliar>("Tfauxiliar");
-        QCOMPARE(i.vistos().size(), 1);
-        QVERIFY(i.vistos().first().startsWith("Se presento el siguiente error: "));
-        i.olvide();
+        QVERIFY(s.abra<Tfauxiliar>("Tfauxiliarterc", AbreAuxiliar{"11A5"}));
+        i.espere_comienzo("Se presento el siguiente error: ");
+        s.abra<Tfauxiliar>("Tfauxiliar", AbreAuxiliar{"11A5"});
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         // Los demás llevan la clave entre comillas, con las suyas dobladas.
-        s.cnt.cuenta_auxiliar = "510506";
-        s.cnt.tercero_auxiliar = "5'2";
-        auto* tercero = s.abra<Tfauxiliar>("Tfauxiliarterc");
+        auto* tercero = s.abra<Tfauxiliar>("Tfauxiliarterc", AbreAuxiliar{"510506", "5'2"});
         QVERIFY(tercero && tercero->CAuxiliar.Active() && tercero->CAuxiliar.IsEmpty());
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
@@ -283,7 +400,6 @@ private slots:
         QTest::mouseDClick(p->DBGridEh1->viewport(), Qt::LeftButton, {},
                            p->DBGridEh1->visualRect(p->DBGridEh1->currentIndex()).center());
         QCOMPARE(vuelva(), QString("Tfedtmovimien 902"));
-        s.cnt.comprobante_encontrado.clear();
         oprima(Qt::Key_F5);
         QCOMPARE(vuelva(), QString("Tfmovimien "));
 
@@ -313,35 +429,34 @@ private slots:
     void las_flechas_van_al_reves_en_los_auxiliares_y_solo_ellas_guardan() {
         SesionGui s;
         agregue_libro(s);
-        claves(s);
         s.cnt.guarde_periodo();
         for (const DatosAuxiliar& miembro : auxiliares()) {
             auto* p = abra<Tfauxiliar>(s, miembro.clase, "510506", 3);
             s.cnt.guarde_periodo();
-            s.cnt.balance_por_recalcular = false;
+            QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
             const bool tiene = !QString(miembro.clase).contains("centro") &&
                                !QString(miembro.clase).endsWith("art");
             oprima(Qt::Key_Left, Qt::AltModifier);
             QCOMPARE(p->periodo->texto_mes(), QString(tiene ? "Abril" : "Marzo"));
             QCOMPARE(guardado(s), QString(tiene ? "2017 3" : "2017 2"));
-            QCOMPARE(s.cnt.balance_por_recalcular, tiene);
+            QCOMPARE(aviso.count(), int(tiene));
             oprima(Qt::Key_Right, Qt::AltModifier);
             QCOMPARE(guardado(s), QString("2017 2"));
             componente<QToolButton>(p, "SpeedButton5").click();
             QCOMPARE(guardado(s), QString("2017 3"));
             componente<QToolButton>(p, "SpeedButton4").click();
             QCOMPARE(guardado(s), QString("2017 2"));
-            QVERIFY(s.cnt.balance_por_recalcular);
+            QVERIFY(aviso.count() > 0);
             p->close();
         }
         auto* p = abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 3);
-        s.cnt.balance_por_recalcular = false;
+        QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         componente<QComboBox>(p, "EMes").setFocus();
         oprima(Qt::Key_Up);
         oprima(Qt::Key_Up);
         QCOMPARE(s.cnt.periodo_actual, 0);
         QCOMPARE(columna(p->CAuxiliar, "ID"), QStringList("901"));
-        QVERIFY(s.cnt.balance_por_recalcular);
+        QVERIFY(aviso.count() > 0);
         auto& ano = componente<QSpinBox>(p, "EAno");
         QCOMPARE(ano.minimum(), 2000);
         QCOMPARE(ano.maximum(), 2099);
@@ -359,7 +474,6 @@ private slots:
         for (const DatosAuxiliar& miembro : auxiliares()) {
             SesionGui s;
             agregue_libro(s);
-            claves(s);
             const QString clase = miembro.clase;
             const char* cuenta = clase.endsWith("art") ? "143505" : "510506";
             const int id = clase.endsWith("art") ? 907 : 903;
@@ -377,7 +491,7 @@ private slots:
             oprima(Qt::Key_F3);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(lineas(s, id), antes);
-            s.cnt.balance_por_recalcular = false;
+            QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
             i.espere(pregunta, "Sí");
             oprima(Qt::Key_F3);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
@@ -387,7 +501,7 @@ private slots:
             QVERIFY(antes.section(' ', 2).toInt() > 0);
             QCOMPARE(lineas(s, id), "0 0 " + quedan);
             QVERIFY(p->CAuxiliar.IsEmpty());
-            QVERIFY(s.cnt.balance_por_recalcular);
+            QVERIFY(aviso.count() > 0);
         }
     }
 
@@ -425,103 +539,7 @@ private slots:
         agregue_libro(s);
         s.base.ejecute({"update cuentas_niif set cuen_nom = 'Sueldos NIIF' where cuen_cod = "
                         "'510506'"});
-        const QStringList por_nit{"NIT", "Nombre", "S. Inicial", "Débitos", "Créditos", "S. Final"};
-        const QStringList por_centro{"Centro",  "Subc.",    "S. Inicial",
-                                     "Débitos", "Créditos", "S. Final"};
-        const QStringList por_articulo{"Artículo", "Descripción", "S. Inicial",
-                                       "Débitos",  "Céditos",     "S. Final"};
-        const struct {
-            const char* clase;
-            const char* titulo;
-            const char* cuenta;
-            const char* nombre;
-            QStringList titulos;
-            const char* archivo;
-            QStringList llaves, finales;
-            const char* abre;
-            QStringList ids; ///< del auxiliar de la segunda fila, o de la única
-            QSize tamano;
-        } casos[] = {
-            {"Tfsaldoterc",
-             "Saldos por tercero",
-             "510506",
-             "Sueldos",
-             por_nit,
-             "SaldoTerc",
-             {"52345678", "900123456"},
-             {"402000.02", "30000.1"},
-             "Tfauxiliarterc",
-             {"903"},
-             {616, 350}},
-            {"Tfsaldotercniif",
-             "Saldos por tercero NIIF",
-             "510506",
-             "Sueldos",
-             por_nit,
-             "SaldoTercNIIF",
-             {"52345678", "900123456"},
-             {"500000", "60000.6"},
-             "Tfauxiliartercniif",
-             {"903"},
-             {616, 350}},
-            {"Tfsaldotercent",
-             "Saldos centro por tercero",
-             "510506",
-             "Sueldos",
-             por_nit,
-             "SaldoTerc",
-             {"52345678", "900123456"},
-             {"2000.02", "30000.1"},
-             "Tfauxiliarterc",
-             {"903"},
-             {616, 350}},
-            {"Tfsaldotercentniif",
-             "Saldos centro por tercero NIIF",
-             "510506",
-             "Sueldos NIIF",
-             por_nit,
-             "SaldoTercNiif",
-             {"900123456"},
-             {"60000.6"},
-             "Tfauxiliartercniif",
-             {"903"},
-             {616, 350}},
-            {"Tfsaldocentro",
-             "Saldos por centro",
-             "510506",
-             "Sueldos",
-             por_centro,
-             "SaldoCentro",
-             {"0001 0001", "0001 0002"},
-             {"400000", "32000.12"},
-             "Tfauxiliarcentro",
-             {"903", "903"},
-             {616, 236}},
-            {"Tfsaldocentroniif",
-             "Saldos por centro NIIF",
-             "510506",
-             "Sueldos NIIF",
-             por_centro,
-             "SaldoCentroNiif",
-             {"0001 0001", "0001 0002"},
-             {"500000", "60000.6"},
-             "Tfauxiliarcentroniif",
-             {"903", "903"},
-             {616, 236}},
-            {"Tfsaldoartc",
-             "Saldos por artículo",
-             "143505",
-             "Mercancías",
-             por_articulo,
-             "SaldoArti",
-             {"MART01"},
-             {"60.06"},
-             "Tfauxiliarart",
-             {"907", "907"},
-             {676, 273}},
-        };
-        for (const auto& caso : casos) {
-            claves(s);
+        for (const CasoSaldo& caso : casos_de_saldo()) {
             auto* p = abra<Tfsaldoterc>(s, caso.clase, caso.cuenta, 3);
             QVERIFY(p);
             QCOMPARE(p->windowTitle(), QString::fromUtf8(caso.titulo));
@@ -531,7 +549,7 @@ private slots:
             QCOMPARE(p->size(), caso.tamano);
             QStringList llaves;
             for (int i = 0; i < p->CSaldos.RecordCount(); ++i)
-                llaves << (caso.titulos == por_centro
+                llaves << (caso.titulos == kTitulosCentro
                                ? p->CSaldos.valor_en(i, p->CSaldos.Fields(0)).texto() + ' ' +
                                      p->CSaldos.valor_en(i, p->CSaldos.Fields(1)).texto()
                                : p->CSaldos.valor_en(i, p->CSaldos.Fields(0)).texto());
@@ -561,7 +579,6 @@ private slots:
         SesionGui s;
         agregue_libro(s);
         // El de la empleada en el centro 0002 muestra también lo del 0001.
-        claves(s);
         abra<Tfsaldoterc>(s, "Tfsaldotercent", "510506", 3);
         oprima(Qt::Key_F8);
         auto* auxiliar = qobject_cast<Tfauxiliar*>(s.escritorio.activa());
@@ -588,19 +605,18 @@ private slots:
     void los_pasos_del_periodo_conservan_la_llave_y_el_titulo_ordena() {
         SesionGui s;
         agregue_libro(s);
-        claves(s);
         for (const DatosSaldo& miembro : saldos_por_clave()) {
             const bool articulo = miembro.por == Clave::Articulo;
             auto* p = abra<Tfsaldoterc>(s, miembro.clase, articulo ? "143505" : "510506", 3);
             s.cnt.guarde_periodo();
-            s.cnt.balance_por_recalcular = false;
+            QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
             p->CSaldos.Last();
             const QString llave = p->CSaldos.Fields(0).texto() + p->CSaldos.Fields(1).texto();
             const bool tiene = QString(miembro.clase).contains("terc");
             // Sin espejo: la derecha adelanta.
             oprima(Qt::Key_Right, Qt::AltModifier);
             QCOMPARE(guardado(s), QString(tiene ? "2017 3" : "2017 2"));
-            QCOMPARE(s.cnt.balance_por_recalcular, tiene);
+            QCOMPARE(aviso.count(), int(tiene));
             oprima(Qt::Key_Left, Qt::AltModifier);
             QCOMPARE(guardado(s), QString("2017 2"));
             componente<QToolButton>(p, "SpeedButton3").click();

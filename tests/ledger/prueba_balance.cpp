@@ -43,12 +43,7 @@ class PruebaBalance : public QObject {
         return s.abra<Tfbalanceprueba>("Tfbalanceprueba");
     }
     static QString codigo(const ConjuntoDatos& c) { return c.FieldByName("CODIGO").texto(); }
-    static QStringList codigos(const ConjuntoDatos& c) {
-        QStringList todos;
-        for (int i = 0; i < c.RecordCount(); ++i)
-            todos << c.valor_en(i, c.FieldByName("CODIGO")).texto();
-        return todos;
-    }
+    static QStringList codigos(const ConjuntoDatos& c) { return valores_de(c, "CODIGO"); }
     static int nivel_mayor(const ConjuntoDatos& c) {
         int mayor = 0;
         for (int i = 0; i < c.RecordCount(); ++i)
@@ -78,8 +73,9 @@ class PruebaBalance : public QObject {
     void vigile() {
         for (const char* nombre : {"Tfauxiliar", "Tfauxiliarniif", "Tfsaldoterc", "Tfsaldotercniif",
                                    "Tfsaldocentro", "Tfsaldocentroniif", "Tfsaldoartc"})
-            registre_testigo(
-                nombre, [this, nombre] { abiertas_ << nombre + (' ' + fdmcnt().cuenta_auxiliar); });
+            registre_testigo(nombre, [this, nombre](const Pantalla& p) {
+                abiertas_ << nombre + (' ' + p.peticion<AbreAuxiliar>().cuenta_auxiliar);
+            });
     }
 
 private slots:
@@ -290,7 +286,6 @@ private slots:
         agregue_libro(s);
         auto* b = abra(s);
         pagina(*b, 0);
-        QVERIFY(!s.cnt.balance_por_recalcular);
         registre_testigo("TfOtra");
         QVERIFY(b->CBalance.Locate("CODIGO", {"240805"}));
         agregue_comprobante(s, 992, "CG", "000902", "20170301", {{"111005", "9", "0"}}, {});
@@ -298,10 +293,9 @@ private slots:
         QVERIFY(!codigos(b->CBalance).contains("111005"));
         QCOMPARE(codigo(b->CBalance), QString("240805"));
         auto* otra = pantallas().abrir("TfOtra");
-        s.cnt.balance_por_recalcular = true;
+        emit s.cnt.balance_por_recalcular();
         otra->close();
         QVERIFY(codigos(b->CBalance).contains("111005"));
-        QVERIFY(!s.cnt.balance_por_recalcular);
 
         // Con una consulta abierta que movió el período vuelve a su cuenta, una sola vez.
         QVERIFY(b->CBalance.Locate("CODIGO", {"110505"}));
@@ -309,11 +303,10 @@ private slots:
         auto* auxiliar = s.escritorio.abierta("Tfauxiliar");
         QVERIFY(auxiliar);
         oprima(Qt::Key_Left, Qt::AltModifier);
-        QVERIFY(s.cnt.balance_por_recalcular);
         auxiliar->close();
         QCOMPARE(b->periodo->texto_mes(), QString("Abril"));
         QCOMPARE(codigo(b->CBalance), QString("110505"));
-        s.cnt.balance_por_recalcular = true;
+        emit s.cnt.balance_por_recalcular();
         pantallas().abrir("TfOtra")->close();
         QCOMPARE(codigo(b->CBalance), QString("1"));
     }

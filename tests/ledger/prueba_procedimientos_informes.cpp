@@ -95,7 +95,7 @@ void PruebaProcedimientosInformes::initTestCase() {
 }
 
 QVector<Rango> PruebaProcedimientosInformes::rangos_al_azar(int cuantos) {
-    QRandomGenerator azar(7);
+    QRandomGenerator azar = azar_de_prueba(7);
     const auto fecha = [&](const QString& abierta) {
         return azar.bounded(6) == 0 ? abierta : fecha_al_azar(azar);
     };

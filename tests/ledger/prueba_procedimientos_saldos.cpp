@@ -43,6 +43,15 @@ private:
         return base().consulte("select saldo from " + llamada).texto();
     }
 
+    /// Cuántos saldos corrigió.
+    qint64 recalcule(const QString& llamada) {
+        Transaccion t(base(), Transaccion::Modo::EscrituraInstantanea);
+        const auto salida =
+            base().prepare("execute procedure " + llamada, t)->ejecute_con_salida(t, {});
+        t.confirme();
+        return salida[0].entero();
+    }
+
     std::optional<BaseDePrueba> base_;
 };
 
@@ -127,8 +136,9 @@ void PruebaProcedimientosSaldos::los_saldos_siguen_a_las_lineas_en_cada_cambio()
                    venta(100),
                    {{1, "130505", 90, 0, kTornillo}, {2, "413505", 0, 90, {}, "0002", "0001"}}});
     grabe(base(), {2, "000002", "20171331", venta(30, kAndina)});
-    base_->ejecute({"insert into comprobante_detalle_niif (enco_consec, code_item, cuen_cod,"
-                    " code_debito, code_credito) values (99, 1, '130505', 7, 0)"});
+    // Una línea NIIF sin encabezado, como la dejan los borrados de dos órdenes.
+    grabe(base(), {99, "000099", "20170410", {}, {{1, "130505", 7, 0, kTornillo}}});
+    base_->ejecute({"delete from comprobante_encabezado where enco_consec = 99"});
     QFETCH(QStringList, ordenes);
     base_->ejecute(ordenes);
 
@@ -340,17 +350,23 @@ void PruebaProcedimientosSaldos::el_recalculo_repone_lo_danado_sin_tocar_lo_ante
                     "insert into saldos_diferencia values ('130505', '2018', 2, '', '', '', '', 3,"
                     " 0)"});
     QVERIFY(!saldos_distintos(base()).isEmpty());
-    base().ejecute("execute procedure chequeo_saldos_conta('20000101', '0', '99999999')");
+    // Sumar mientras otros graban daría saldos falsos: solo se recalcula sobre una foto.
+    QVERIFY_EXCEPTION_THROWN(
+        base().ejecute("execute procedure chequeo_saldos_conta('20000101', '0', '99999999')"),
+        ErrorBase);
+    const auto malos = base().consulte("select count(*) from verifique_saldos('2649')").entero();
+    QCOMPARE(recalcule("chequeo_saldos_conta('20000101', '0', '99999999')"), malos);
     QCOMPARE(saldos_distintos(base()), QString());
+    QCOMPARE(recalcule("chequeo_saldos_conta('20000101', '0', '99999999')"), 0);
 
     // Desde una fecha y en unas cuentas: lo demás queda como estaba.
     base().ejecute(dano);
-    base().ejecute("execute procedure chequeo_saldos_conta('20180101', '13', '1399999999')");
+    recalcule("chequeo_saldos_conta('20180101', '13', '1399999999')");
     QCOMPARE(filas_de(base(), "select cuenta || ' ' || ano from verifique_saldos('2649') where"
                               " tabla = 'SALDOS_CUENTA' order by 1"),
              QString("110505 2017\n130505 2017\n413505 2017\n413505 2018"));
     base().ejecute("delete from saldos_centro_niif");
-    base().ejecute("execute procedure chequeo_saldos_conta_niif('20000101', '0', '99999999')");
+    recalcule("chequeo_saldos_conta_niif('20000101', '0', '99999999')");
     QCOMPARE(filas_de(base(), "select * from verifique_saldos('NIIF')"), QString());
 }
 

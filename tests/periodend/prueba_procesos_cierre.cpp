@@ -63,6 +63,7 @@ private slots:
 
     void el_cierre_anual_deja_en_cero_los_resultados_de_su_alcance_data();
     void el_cierre_anual_deja_en_cero_los_resultados_de_su_alcance();
+    void el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_ya_no_se_usan();
     void el_cierre_no_se_repite_ni_se_salta_ni_se_edita();
     void el_cierre_de_terceros_pasa_los_saldos_al_tercero();
     void el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del_comienzo();
@@ -135,6 +136,29 @@ void PruebaProcesosCierre::el_cierre_anual_deja_en_cero_los_resultados_de_su_alc
     base().ejecute("delete from cierre_anual");
     QCOMPARE(foto(base()), antes);
     QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaProcesosCierre::el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_ya_no_se_usan() {
+    base().ejecute("update cuentas set cuen_activa = 'N' where cuen_cod >= '4' and cuen_cod < '8'");
+    base().ejecute("update terceros set terc_estado = 'N' where terc_nit <> '860002964'");
+    const QString movimiento = "insert into comprobante_detalle (enco_consec, code_item, cuen_cod,"
+                               " code_debito, code_credito) select first 1 enco_consec, 999,"
+                               " '413505', 0, 1 from comprobante_encabezado";
+    QVERIFY(falla_de(base(), movimiento).contains("inactiva"));
+    base().ejecute(cierre_anual("20181231", "A"));
+    for (int libro : {0, 1})
+        QVERIFY(netos(base(), libro, [](const Renglon& r) {
+                    return de_resultados(r.cuenta) && r.fecha.left(4) <= "2018";
+                }).isEmpty());
+    // Lo que el cierre puede, nadie más: ni en la misma conexión.
+    QVERIFY(falla_de(base(), movimiento).contains("inactiva"));
+    // Lo hizo quien se conectó, diga lo que diga la sesión; así lo anota también la auditoría.
+    const QString id = base().consulte("select enco_consec from cierre_anual").texto();
+    QCOMPARE(base().consulte("select cian_usuario from cierre_anual").texto(),
+             base()
+                 .consulte(
+                     "select audi_usuario from auditoria where tido_cod = 1 and audi_iddoc = " + id)
+                 .texto());
 }
 
 void PruebaProcesosCierre::el_cierre_no_se_repite_ni_se_salta_ni_se_edita() {
@@ -246,7 +270,7 @@ void PruebaProcesosCierre::un_registro_automatico_calcula_cada_base() {
         return s.unidades() / 100;
     };
     base().ejecute("insert into conceptos (conc_cod, conc_nom, conc_debito, conc_ctacierre)"
-                   " values ('PROV', 'Provisión', 'N', '220505')");
+                   " values ('PROV', 'Provisión', 'N', '310505')");
     base().ejecute(
         "insert into conceptos (conc_cod, conc_nom, conc_vence, conc_anoini, conc_mesini,"
         " conc_anofin, conc_mesfin, conc_ctacierre) values ('VIEJ', 'Vencido', 'S', '2017',"

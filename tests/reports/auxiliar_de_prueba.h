@@ -1,12 +1,13 @@
 #pragma once
 // Informes sobre un libro al azar: rangos, lo impreso y las mismas cuentas hechas por fuera.
+#include "catalogues/forma_rango.h"
 #include "informe_de_prueba.h"
 #include "ledger/libro_al_azar.h"
-#include "reports/forma_rango.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QRegularExpression>
+#include <QSpinBox>
 
 /// Valores de las cajas de una pantalla, por nombre.
 using Cajas = QMap<QString, QString>;
@@ -15,7 +16,9 @@ using Cajas = QMap<QString, QString>;
 inline void llene(Pantalla* f, const Cajas& cajas) {
     for (const auto& [nombre, valor] : cajas.asKeyValueRange()) {
         if (auto* lista = f->findChild<QComboBox*>(nombre))
-            lista->setEditText(valor);
+            lista->isEditable() ? lista->setEditText(valor) : lista->setCurrentText(valor);
+        else if (auto* numero = f->findChild<QSpinBox*>(nombre))
+            numero->setValue(valor.toInt());
         else
             componente<QLineEdit>(f, qPrintable(nombre)).setText(valor);
     }
@@ -24,12 +27,12 @@ inline void llene(Pantalla* f, const Cajas& cajas) {
 /// Abre el informe, marca las casillas, llena las cajas, oprime F2 y devuelve lo impreso. `orden`
 /// recibe la consulta que se hizo.
 inline QString imprima(const QString& clase, const Cajas& cajas, const QStringList& casillas = {},
-                       QString* orden = nullptr) {
-    auto* f = qobject_cast<FormaRango*>(pantallas().abrir(clase));
+                       QString* orden = nullptr, const Encargo& encargo = {}) {
+    auto* f = qobject_cast<FormaRango*>(pantallas().abrir(clase, encargo));
     if (!f)
         qFatal("no existe %s", qPrintable(clase));
     for (const QString& c : casillas)
-        componente<QCheckBox>(f, qPrintable(c)).click();
+        f->findChild<QAbstractButton*>(c)->click();
     llene(f, cajas);
     if (orden)
         f->CAuxiliar.AfterOpen = [=] { *orden = f->CAuxiliar.CommandText; };

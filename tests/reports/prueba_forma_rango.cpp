@@ -23,6 +23,7 @@ private slots:
     void una_fecha_mal_escrita_no_pierde_lo_digitado();
     void lo_impreso_cuadra_mientras_otro_graba();
     void la_lista_escribe_en_la_caja_que_la_pidio();
+    void quien_lee_la_vista_no_detiene_la_base();
 };
 
 void PruebaFormaRango::las_cajas_vacias_toman_sus_valores_y_el_titulo_los_dice() {
@@ -220,13 +221,37 @@ void PruebaFormaRango::lo_impreso_cuadra_mientras_otro_graba() {
 void PruebaFormaRango::la_lista_escribe_en_la_caja_que_la_pidio() {
     SesionGui s;
     auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
-    registre_testigo("Tfcuentas", [&] { s.cnt.cuenta_seleccion = "130505"; });
+    ListaFalsa<PideCuenta> cuentas("Tfcuentas");
     QTest::mouseDClick(&componente<QLineEdit>(f, "EHasta"), Qt::LeftButton);
-    s.escritorio.abierta("Tfcuentas")->close();
-    s.escritorio.active(f);
-    QTRY_COMPARE(componente<QLineEdit>(f, "EHasta").text(), QString("130505"));
+    cuentas.conteste("130505");
+    QCOMPARE(componente<QLineEdit>(f, "EHasta").text(), QString("130505"));
     QVERIFY(componente<QLineEdit>(f, "EDesde").text().isEmpty());
-    QVERIFY(s.cnt.cuenta_seleccion.isEmpty());
+}
+
+void PruebaFormaRango::quien_lee_la_vista_no_detiene_la_base() {
+    SesionGui s;
+    agregue_libro(s);
+    s.cnt.periodo_actual = 2;
+    const auto fotos = [&] {
+        return s.dato("select count(*) from mon$transactions where mon$isolation_mode = 1 and "
+                      "mon$transaction_id <> current_transaction");
+    };
+    QCOMPARE(fotos(), QString("0"));
+    (void)s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    QStringList vistas;
+    Interlocutor i;
+    i.espere_modal("OpcionesImpresion", [&](QWidget* w) {
+        vistas << "opciones " + fotos();
+        w->findChild<QRadioButton*>("a_vista")->click();
+        w->findChild<QPushButton*>("ok")->click();
+    });
+    i.espere_modal("VistaPreliminar", [&](QWidget* w) {
+        vistas << "vista " + fotos();
+        w->close();
+    });
+    oprima(Qt::Key_F2);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCOMPARE(vistas, QStringList({"opciones 0", "vista 0"}));
 }
 
 QTEST_MAIN(PruebaFormaRango)

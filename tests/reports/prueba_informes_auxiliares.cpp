@@ -58,7 +58,7 @@ QStringList solo_importes(const QStringList& renglones) {
 }
 
 QVector<Cajas> rangos(int cuantos) {
-    QRandomGenerator azar(2018);
+    QRandomGenerator azar = azar_de_prueba(2018);
     const QVector<QStringList> cuentas{
         {"0", "ZZ"}, {"11", "13"}, {"1305", "1305"}, {"2", "4"}, {"5", "ZZ"}},
         nits{{"0", "ZZ"}, {"8", "9"}, {"900123456", "900123456"}, {"", "ZZ"}},
@@ -98,6 +98,8 @@ private slots:
     void la_consulta_es_la_convenida();
     void todas_las_opciones_encuentran_sus_bandas_y_su_titulo();
     void las_hojas_repiten_el_grupo_y_no_pierden_renglones();
+    void por_nombre_cada_tercero_de_una_cuenta_abre_y_cierra_una_vez();
+    void de_una_sola_categoria_no_se_imprimen_saldos();
 };
 
 void PruebaInformesAuxiliares::cada_total_es_la_suma_de_las_lineas() {
@@ -278,7 +280,7 @@ void PruebaInformesAuxiliares::la_consulta_es_la_convenida() {
 void PruebaInformesAuxiliares::todas_las_opciones_encuentran_sus_bandas_y_su_titulo() {
     SesionGui s;
     s.base.base().ejecute("execute procedure compacte_saldos");
-    QRandomGenerator azar(5);
+    QRandomGenerator azar = azar_de_prueba(5);
     comprobantes_al_azar(s.base.base(), azar, 1, 3);
     struct Caso {
         QString clase, titulo;
@@ -325,7 +327,7 @@ void PruebaInformesAuxiliares::las_hojas_repiten_el_grupo_y_no_pierden_renglones
         // Comprobantes de cien líneas, una por renglón del auxiliar.
         const int nuevos = renglones - total;
         for (int hechas = 0; hechas < nuevos; hechas += 100) {
-            Comprobante c{++id, QString("%1").arg(id, 6, 10, QChar('0')), "20170315"};
+            ComprobanteEnTablas c{++id, QString("%1").arg(id, 6, 10, QChar('0')), "20170315"};
             for (int item = 1; item <= qMin(100, nuevos - hechas); ++item) {
                 const Moneda valor = Moneda::de_texto(QString("%1.25").arg(item));
                 c.lineas.push_back(
@@ -355,6 +357,66 @@ void PruebaInformesAuxiliares::las_hojas_repiten_el_grupo_y_no_pierden_renglones
     llene(f, {{"EDesde", "999999"}});
     oprima(Qt::Key_F2);
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
+}
+
+void PruebaInformesAuxiliares::por_nombre_cada_tercero_de_una_cuenta_abre_y_cierra_una_vez() {
+    SesionGui s;
+    arme_libro_al_azar(s.base.base());
+    // Dos que se llaman igual siguen siendo dos.
+    s.base.ejecute({"update terceros set terc_nom = 'Homónimo Ltda.' where terc_nit in "
+                    "('900123456', '52345678')"});
+    const Cajas r{{"EDesde", "0"},        {"EHasta", "ZZ"},  {"TerIni", ""},
+                  {"TerFin", "ZZ"},       {"ProyIni", ""},   {"ProyFin", "zz"},
+                  {"CentIni", ""},        {"CentFin", "zz"}, {"EFecIni", "20170615"},
+                  {"EFecFin", "20180331"}};
+    const auto ordenados = [](QStringList lista) {
+        lista.sort();
+        return lista;
+    };
+    const QString tercero = "Total (\\d{8,9} \\S|\\(sin)";
+    for (int libro : {0, 1}) {
+        const QStringList niif = libro ? QStringList{"ckniif"} : QStringList();
+        QString texto = imprima("Tfrngauxiliarter", r, niif + QStringList{"cknombre"});
+        const QStringList por_tercero = totales_por_fuera(s, libro, r, "cuen_cod, nit", true);
+        QCOMPARE(ordenados(solo_importes(renglones_con(texto, tercero))),
+                 ordenados(solo_importes(por_tercero)));
+        QCOMPARE(solo_importes(renglones_con(texto, "Total \\d{6} ")),
+                 solo_importes(totales_por_fuera(s, libro, r, "cuen_cod", true)));
+        // El saldo del último movimiento de cada tercero es el de su total.
+        QString ultimo;
+        for (const QString& l : texto.split('\n'))
+            if (l.contains(QRegularExpression("^\\s*" + kDiaImpreso)))
+                ultimo = importes(l).section(' ', -1);
+            else if (l.contains(QRegularExpression("^\\s*" + tercero)))
+                QCOMPARE(importes(l).section(' ', -1), ultimo);
+        texto = imprima("Tfrngauxiliarter", r, niif + QStringList{"cknombre", "Chcentro"});
+        QStringList por_centro;
+        for (const QString& f : totales_por_fuera(s, libro, r, "proy, cent, cuen_cod, nit", true))
+            por_centro << importes(f).section(' ', 0, 1);
+        QCOMPARE(ordenados(solo_importes(renglones_con(texto, tercero))), ordenados(por_centro));
+    }
+}
+
+void PruebaInformesAuxiliares::de_una_sola_categoria_no_se_imprimen_saldos() {
+    SesionGui s;
+    arme_libro_al_azar(s.base.base());
+    for (const QStringList& casillas : {QStringList(), {"CkCateg"}, {"Chcentro"}}) {
+        Cajas r = kTodo;
+        r["TxCateg"] = "02";
+        const QString texto = imprima("Tfrngauxiliarcta", r, casillas);
+        QVERIFY2(!texto.contains("Saldo"), qPrintable(texto.left(3000)));
+        // El movimiento sí es el de la categoría.
+        const auto c = s.base.base().abra(
+            "select sum(code_debito), sum(code_credito) from comprobante_detalle where conc_cod = "
+            "'02'");
+        QVERIFY(c->siguiente());
+        QCOMPARE(importes(renglones_con(texto, "Total del informe").value(0)),
+                 c->valor(0).moneda().formateada() + ' ' + c->valor(1).moneda().formateada());
+        const QStringList totales = renglones_con(texto, "Total \\d{6}");
+        QVERIFY(totales.size() > 5);
+        for (const QString& t : totales)
+            QCOMPARE(importes(t).split(' ').size(), 2);
+    }
 }
 
 QTEST_MAIN(PruebaInformesAuxiliares)

@@ -1,43 +1,6 @@
+#include "apoyo/tabla_esperada.h"
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
-
-#include <QDirIterator>
-#include <QRegularExpression>
-
-namespace {
-
-/// Llaves que el programa pide con textos literales: módulo, categoría y propiedad.
-QSet<QStringList> llaves_del_codigo(const QString& proyecto) {
-    static const QRegularExpression directa(
-        "\\bconfiguracion\\(\\s*\"([^\"]+)\",\\s*\"([^\"]+)\",\\s*\"([^\"]+)\"\\s*\\)");
-    static const QRegularExpression bandera(
-        "\\bconfigurado_si\\(\\s*\"([^\"]+)\",\\s*\"([^\"]+)\"\\s*\\)");
-    // una propiedad larga se escribe en dos literales seguidos
-    static const QRegularExpression union_literales("\"\\s*\\n\\s*\"");
-    QSet<QStringList> llaves;
-    QDirIterator i(proyecto, {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
-    while (i.hasNext()) {
-        const QString ruta = i.next();
-        const QString piso = ruta.mid(proyecto.size() + 1).section('/', 0, 0);
-        if (piso == "tests" || piso == "build" || piso == "bench")
-            continue;
-        QFile f(ruta);
-        if (!f.open(QIODevice::ReadOnly))
-            continue;
-        const QString texto = QString::fromUtf8(f.readAll()).remove(union_literales);
-        for (auto m = directa.globalMatch(texto); m.hasNext();) {
-            const auto x = m.next();
-            llaves << QStringList{x.captured(1), x.captured(2), x.captured(3)};
-        }
-        for (auto m = bandera.globalMatch(texto); m.hasNext();) {
-            const auto x = m.next();
-            llaves << QStringList{"CONTABILIDAD", x.captured(1), x.captured(2)};
-        }
-    }
-    return llaves;
-}
-
-} // namespace
 
 class PruebaConfiguracion : public QObject {
     Q_OBJECT
@@ -48,14 +11,94 @@ class PruebaConfiguracion : public QObject {
     }
 
 private slots:
-    void toda_llave_que_pide_el_programa_nace_con_la_compania() {
+    void toda_llave_nace_con_la_compania() {
         SesionGui s;
         Interlocutor i; // una llave sin fila abriría un diálogo
-        const auto llaves = llaves_del_codigo(qEnvironmentVariable("QUORVEX_PROYECTO"));
-        QVERIFY2(llaves.size() > 15, qPrintable(QString::number(llaves.size())));
-        for (const QStringList& l : llaves)
+        const auto todas = tabla_esperada("sesion/llaves.tsv", 3);
+        QCOMPARE(todas.size(), 63);
+        for (const QStringList& l : todas)
             s.dm.configuracion(l[0], l[1], l[2]);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void la_tabla_de_llaves_y_la_compania_nueva_son_la_misma() {
+        SesionGui s;
+        Interlocutor i; // una llave sin fila abriría un diálogo
+        QSet<QString> en_la_tabla, en_la_base;
+        for (size_t n = 0; n < kLlaves.size(); ++n) {
+            const DatosLlave& d = kLlaves[n];
+            en_la_tabla << QStringList{d.modulo, d.categoria, d.propiedad}.join('|');
+            const QString valor = s.dm.texto_de(Llave(n));
+            bool bien = true;
+            switch (d.tipo) {
+            case TipoLlave::Si:
+            case TipoLlave::SalvoNo:
+                bien = valor == "SI" || valor == "NO";
+                break;
+            case TipoLlave::Entero:
+                valor.toInt(&bien);
+                break;
+            case TipoLlave::Fecha:
+                bien = valor.isEmpty() ||
+                       QDate::fromString(QString(valor).remove('/'), "yyyyMMdd").isValid();
+                break;
+            case TipoLlave::Texto:
+                break;
+            }
+            QVERIFY2(bien, qPrintable(d.propiedad + (": " + valor)));
+        }
+        for (auto c = s.base.base().abra("select conf_modulo, conf_categoria, conf_propiedad from "
+                                         "configuracion");
+             c->siguiente();)
+            en_la_base << QStringList{c->valor(0).texto(), c->valor(1).texto(), c->valor(2).texto()}
+                              .join('|');
+        // Las cuentas de los cierres las leen los procedimientos de la base, no el programa.
+        en_la_base.removeIf([](const QString& l) { return l.startsWith("CONTABILIDAD|CIERRES|"); });
+        QCOMPARE(en_la_tabla.size(), int(kLlaves.size())); // ninguna dos veces
+        QCOMPARE(en_la_tabla, en_la_base);
+        QSet<QString> escritas;
+        for (const QStringList& l : tabla_esperada("sesion/llaves.tsv", 3))
+            escritas << l.join('|');
+        QCOMPARE(en_la_tabla, escritas);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void cada_valor_llega_convertido_a_su_tipo_o_dice_que_llave_esta_mal() {
+        SesionGui s;
+        const auto con = [&](const char* propiedad, const char* valor) -> Tfdm& {
+            ponga(s, propiedad, valor);
+            s.dm.cargue_configuracion();
+            return s.dm;
+        };
+        const char* const redondeo = "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES";
+        QCOMPARE(con(redondeo, "-2").valor<Llave::RedondeoComprobantes>(), -2);
+        for (const char* malo : {"", "cinco", "1.5"}) {
+            try {
+                (void)con(redondeo, malo).valor<Llave::RedondeoComprobantes>();
+                QFAIL(malo);
+            } catch (const ErrorDatos& e) {
+                QCOMPARE(e.texto(), QString("La configuración %1 tiene el valor '%2', que no es un "
+                                            "número entero. Corríjala en el módulo principal.")
+                                        .arg(redondeo, malo));
+            }
+        }
+        const char* const bloqueo = "FECHA DE BLOQUEO";
+        QCOMPARE(con(bloqueo, "20170331").valor<Llave::FechaBloqueo>(), QDate(2017, 3, 31));
+        QVERIFY(!con(bloqueo, "").valor<Llave::FechaBloqueo>().isValid());
+        // Un bloqueo ilegible no puede leerse como que no hay bloqueo.
+        for (const char* malo : {"20170231", "2017", "marzo"})
+            QVERIFY_THROWS_EXCEPTION(ErrorDatos,
+                                     (void)con(bloqueo, malo).valor<Llave::FechaBloqueo>());
+        QCOMPARE(con("FECHA DE BLOQUEO ADMINISTRATIVO", "2017/01/15")
+                     .valor<Llave::BloqueoAdministrativo>(),
+                 QDate(2017, 1, 15));
+        // Unas valen solo con "SI"; otras, siempre que no digan "NO".
+        const char* const letras = "PERMITIR LETRAS Y CARACTERES ADICIONALES EN NIT";
+        for (const char* valor : {"SI", "si", "no", ""})
+            QVERIFY2(con(letras, valor).valor<Llave::LetrasEnNit>(), valor);
+        QVERIFY(!con(letras, "NO").valor<Llave::LetrasEnNit>());
+        QCOMPARE(con("CODIGO DE CIUDAD A SUGERIR", " 05001").valor<Llave::CiudadSugerida>(),
+                 QString(" 05001"));
     }
 
     void la_llave_es_exacta_y_se_busca_sin_ir_a_la_base() {
@@ -108,11 +151,14 @@ private slots:
         for (const auto& c : casos) {
             ponga(s, propiedad, c.valor);
             s.dm.cargue_configuracion();
-            QVERIFY2(s.dm.configurado_si("GENERAL", propiedad) == c.encendida, c.valor);
+            QVERIFY2(s.dm.valor<Llave::PermitirDescuadrados>() == c.encendida, c.valor);
         }
         Interlocutor i; // sin fila: avisa y queda apagada
-        i.espere("No se encontró la configuración PROPIEDAD QUE NO EXISTE");
-        QVERIFY(!s.dm.configurado_si("GENERAL", "PROPIEDAD QUE NO EXISTE"));
+        s.base.ejecute(
+            {"delete from configuracion where conf_propiedad = " + QuotedStr(propiedad)});
+        s.dm.cargue_configuracion();
+        i.espere("No se encontró la configuración " + propiedad);
+        QVERIFY(!s.dm.valor<Llave::PermitirDescuadrados>());
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 

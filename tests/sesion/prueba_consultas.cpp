@@ -37,7 +37,8 @@ private slots:
     void los_papeles_cruzados_precios_y_cartera_del_tercero() {
         SesionGui s;
         s.base.ejecute(
-            {"update clientes set clie_estado = 'S', clie_rtefte = 3.5 where terc_nit = "
+            {"update clientes set clie_estado = 'I' where terc_nit = '860002964'",
+             "update clientes set clie_estado = 'A', clie_rtefte = 3.5 where terc_nit = "
              "'900123456'",
              "update or insert into empleados (terc_nit, empl_cod, empl_estado) values ("
              "'52345678', 'V1', 'S') matching (terc_nit)",
@@ -104,15 +105,17 @@ private slots:
         SesionGui s;
         static QStringList abiertas;
         for (const char* pantalla : {"Tfnvacuenta", "Tfnvacuentaniif"})
-            registre_testigo(
-                pantalla, [pantalla] { abiertas << pantalla + (':' + fdmcnt().cuenta_seleccion); });
+            registre_testigo(pantalla, [pantalla](const Pantalla& p) {
+                abiertas << pantalla + (':' + p.peticion<AbreCuenta>().cuenta_seleccion);
+            });
         for (const QString& tabla : {QString("cuentas"), QString("cuentas_niif")})
             s.base.ejecute({"insert into " + tabla +
                             " (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, cuen_retencion, "
                             "cuen_tipo, cuen_activa) values ('11050505', 'Caja Sur', 'N', 'N', "
                             "'N', 'N', 'S')"});
         // una de un solo libro, para que nadie mire el plan del otro
-        s.base.ejecute({"delete from cuentas_niif where cuen_cod = '519530'"});
+        s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '519530'",
+                        "delete from cuentas_niif where cuen_cod = '519530'"});
         const struct {
             const char *cuenta, *mensaje, *respuesta;
             bool vale;

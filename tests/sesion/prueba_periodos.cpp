@@ -1,3 +1,4 @@
+#include "apoyo/reloj_de_prueba.h"
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 
@@ -103,7 +104,8 @@ private slots:
         c.CreateDataSet();
         c.Append();
         Campo& campo = c.FieldByName("FECHA");
-        const QDate hoy = QDate::currentDate();
+        const RelojDetenido reloj({2018, 2, 20});
+        const QDate hoy(2018, 2, 20);
         const QString futura = hoy.addDays(20).toString("yyyyMMdd");
         const QString lejana =
             "La fecha del documento es demasiado lejana. Revise la fecha del mismo y la fecha del "

@@ -104,6 +104,9 @@ void PruebaInformacionBase::un_articulo_distrital_respeta_tope_centro_y_secretar
             esperado << i.key() + '|' + QString::number(pesos);
     }
     QVERIFY(!venta.isEmpty());
+    QCOMPARE(filas_de(base(), "select distinct mmdd_nommunicipio || '/' || mmdd_nomdepto from"
+                              " mediosmag_distr_datos where mmdd_codmunicipio = '11001'"),
+             QString("Bogotá, D.C./Bogotá, D.C."));
     QCOMPARE(filas_de(base(), "select mmdd_nit, mmdd_monto from mediosmag_distr_datos order by"
                               " mmdd_item")
                  .split('\n', Qt::SkipEmptyParts),

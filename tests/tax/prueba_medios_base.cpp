@@ -20,6 +20,10 @@ private slots:
 
     void cada_linea_va_a_un_solo_concepto();
     void una_companera_compartida_sigue_al_comprobante();
+    void cada_naturaleza_toma_lo_suyo();
+    void el_movimiento_sin_tercero_es_del_comprobante_y_el_saldo_no();
+    void los_ajustes_que_no_se_incluyen_se_dicen();
+    void los_formatos_sembrados_suman_lo_que_las_lineas();
     void las_cuantias_menores_se_juntan_sin_perder_un_peso();
     void los_saldos_incluyen_los_iniciales();
     void lo_que_nadie_toma_y_lo_incompleto_se_dice();
@@ -130,6 +134,133 @@ void PruebaMediosBase::una_companera_compartida_sigue_al_comprobante() {
     base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
     QCOMPARE(filas(10019, "memg_concepto, memg_pago, memg_iva, memg_retencion"),
              (QStringList{"5002|1000|197|110", "5016|500|95|0"}));
+}
+
+void PruebaMediosBase::cada_naturaleza_toma_lo_suyo() {
+    base().ejecute("delete from comprobante_detalle");
+    const QString nit = "800456789";
+    grabe(base(), {901,
+                   "000901",
+                   "20180310",
+                   {{1, "143505", 1000, 0, nit},
+                    {2, "143505", 0, 30, nit},
+                    {3, "143505", 7, 0},
+                    {4, "111005", 0, 977}}});
+    const std::pair<const char*, QStringList> casos[] = {
+        {"D", {"|7", nit + "|970"}}, {"C", {"|-7", nit + "|-970"}}, {"B", {"|7", nit + "|1000"}},
+        {"R", {nit + "|30"}},        {"T", {nit + "|970"}},         {"N", {}}};
+    concepto(1, 10019, 5007, "D");
+    cuentas(1, {"1435", "", ""});
+    for (const auto& [natur, esperadas] : casos) {
+        base().ejecute("delete from medios_magneticos_datos");
+        base().ejecute("update mediosmag_cuentas set mmcu_natur = ? where mmcu_item = 1",
+                       {Valor(natur)});
+        base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
+        QCOMPARE(filas(10019, "memg_nit, memg_pago"), esperadas);
+    }
+    // La que no se reporta no es una cuenta olvidada.
+    QCOMPARE(filas_de(base(), "select cuenta from cuadre_medio(10019, '2018', '20180101',"
+                              " '20181231') where concepto is null"),
+             QString());
+}
+
+void PruebaMediosBase::el_movimiento_sin_tercero_es_del_comprobante_y_el_saldo_no() {
+    base().ejecute("delete from comprobante_detalle");
+    base().ejecute("delete from saldos_iniciales");
+    grabe(base(), {901,
+                   "000901",
+                   "20180310",
+                   {{1, "413505", 0, 500}, {2, "240805", 0, 95}, {3, "130505", 595, 0}}});
+    base().ejecute("update comprobante_encabezado set terc_nit = '900123456' where enco_consec ="
+                   " 901");
+    concepto(1, 10078, 4001, "C");
+    cuentas(1, {"41", "", ""});
+    concepto(2, 10087, 1315, "D");
+    cuentas(2, {"13", "", ""});
+    base().ejecute("execute procedure medio_1007_v8('20180101', '20181231')");
+    base().ejecute("execute procedure medio_1008_v7('20180101', '20181231')");
+    QCOMPARE(filas(10078, "memg_nit, memg_pago"), QStringList("900123456|500"));
+    QCOMPARE(filas(10087, "memg_nit, memg_pago"), QStringList("|595"));
+}
+
+void PruebaMediosBase::los_ajustes_que_no_se_incluyen_se_dicen() {
+    base().ejecute("delete from comprobante_detalle");
+    grabe(base(),
+          {901, "000901", "20181331", {{1, "519530", 80, 0, "900123456"}, {2, "111005", 0, 80}}});
+    concepto(1, 10019, 5016, "D");
+    cuentas(1, {"51", "", ""});
+    const auto ajustes = [this](const char* hasta) {
+        return filas_de(base(), QString("select cuenta, libro from cuadre_medio(10019, '2018',"
+                                        " '20180101', '%1') where nombre starting 'Ajustes por"
+                                        " incluir: '")
+                                    .arg(hasta));
+    };
+    QCOMPARE(ajustes("20181231"), QString("519530|80"));
+    QCOMPARE(ajustes("20181331"), QString());
+    base().ejecute("execute procedure medio_1001_v9('20180101', '20181331')");
+    QCOMPARE(filas(10019, "memg_nit, memg_pago"), QStringList("900123456|80"));
+}
+
+void PruebaMediosBase::los_formatos_sembrados_suman_lo_que_las_lineas() {
+    base_.emplace();
+    arme_libro_al_azar(base());
+    base().ejecute("update configura_mediosmag set come_minimo = 0");
+    // Solo las líneas con tercero: lo que el comprobante pone lo prueba otra.
+    base().ejecute("delete from comprobante_detalle where terc_nit is null");
+    base().ejecute("delete from saldos_iniciales where terc_nit is null");
+    int formatos = 0;
+    for (const QString& f :
+         filas_de(base(), "select medm_formato || '|' || medm_procedimiento || '|' || medm_regla"
+                          " from mediosmag_archivos where medm_regla <> 'B'")
+             .split('\n')) {
+        const int formato = f.section('|', 0, 0).toInt();
+        const bool saldo = f.section('|', 2) != "M";
+        // Cuenta de cada renglón con su concepto y su naturaleza; la más larga manda.
+        QMap<QString, QPair<QString, QString>> configuradas;
+        for (const QString& r :
+             filas_de(base(),
+                      QString("select m.mmcu_cuenta, c.come_respuesta, coalesce(m.mmcu_natur,"
+                              " c.come_natur) from configura_mediosmag c join"
+                              " mediosmag_cuentas m on m.mmcu_item = c.come_item where"
+                              " c.come_formato = %1 order by m.mmcu_item desc, m.mmcu_cons"
+                              " desc")
+                          .arg(formato))
+                 .split('\n', Qt::SkipEmptyParts))
+            configuradas[r.section('|', 0, 0)] = {r.section('|', 1, 1), r.section('|', 2)};
+        QMap<QString, Moneda> esperado;
+        for (const Renglon& r : renglones(base(), 0, saldo)) {
+            if (r.fecha > "20171231" || (!saldo && r.fecha < "20170101"))
+                continue;
+            for (qsizetype largo = r.cuenta.size(); largo > 0; --largo) {
+                const auto c = configuradas.constFind(r.cuenta.left(largo));
+                if (c == configuradas.constEnd())
+                    continue;
+                const QString natur = c->second;
+                const Moneda valor = natur == "B"   ? r.debito
+                                     : natur == "R" ? r.credito
+                                     : natur == "C" ? -r.neto()
+                                     : natur == "N" ? Moneda()
+                                                    : r.neto();
+                esperado[c->first + '|' + r.nit] += valor;
+                break;
+            }
+        }
+        QStringList texto;
+        for (auto i = esperado.begin(); i != esperado.end(); ++i)
+            if (al_peso(i.value()))
+                texto << i.key() + '|' + QString::number(al_peso(i.value()));
+        base().ejecute("execute procedure " + f.section('|', 1, 1) + "('20170101', '20171231')");
+        QCOMPARE(
+            filas_de(base(), QString("select memg_concepto, memg_nit, memg_pago + memg_pagond"
+                                     " from medios_magneticos_datos where memg_formato = %1 and"
+                                     " memg_pago + memg_pagond <> 0 order by memg_concepto,"
+                                     " memg_nit")
+                                 .arg(formato))
+                .split('\n', Qt::SkipEmptyParts),
+            texto);
+        formatos += !texto.isEmpty();
+    }
+    QVERIFY(formatos >= 8);
 }
 
 void PruebaMediosBase::las_cuantias_menores_se_juntan_sin_perder_un_peso() {

@@ -16,6 +16,7 @@ struct CeldaLeida {
     QVariant valor; // QString o double; nulo en una celda vacía con estilo.
     QString formato;
     int lado = 0;
+    int sangria = 0;
     bool negrita = false;
 };
 
@@ -51,7 +52,7 @@ private:
         QByteArray datos;
     };
     struct Estilo {
-        int letra, formato, lado;
+        int letra, formato, lado, sangria;
     };
 
     QByteArray flujo_;
@@ -129,7 +130,8 @@ private:
             } else if (r.codigo == 0x41E) {
                 formatos_[u16(r.datos, 0)] = cadena(r.datos, 4, u16(r.datos, 2));
             } else if (r.codigo == 0xE0) {
-                estilos_ += Estilo{int(u16(r.datos, 0)), int(u16(r.datos, 2)), r.datos[6] & 7};
+                estilos_ += Estilo{int(u16(r.datos, 0)), int(u16(r.datos, 2)), r.datos[6] & 7,
+                                   r.datos[8] & 15};
             } else if (r.codigo == 0x85) {
                 comienzos_ += u32(r.datos, 0);
                 hojas += HojaLeida();
@@ -199,6 +201,7 @@ private:
             CeldaLeida celda;
             celda.formato = formatos_.value(estilos_[estilo].formato, "?");
             celda.lado = estilos_[estilo].lado;
+            celda.sangria = estilos_[estilo].sangria;
             celda.negrita = negritas_.value(estilos_[estilo].letra);
             if (r.codigo == 0x203) {
                 double numero;

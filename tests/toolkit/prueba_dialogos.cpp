@@ -1,16 +1,47 @@
 // Mensajes, preguntas, mensaje que se quita solo y la barra de avisos.
+#include "apoyo/herramienta.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/proteccion.h"
 
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QSignalSpy>
+
+/// Todas fallan a propósito: las corre aparte una_prueba_que_falla_lo_dice_y_no_se_queda_colgada.
+class PruebaQueFalla : public QObject {
+    Q_OBJECT
+private slots:
+    void dentro_de_una_ventana_modal() {
+        Interlocutor i;
+        i.espere_modal("dialogo", [](QWidget* d) { QCOMPARE(d->objectName(), QString("otro")); });
+        muestre_mensaje("Nadie lo cierra.");
+    }
+    void sin_interlocutor() { muestre_mensaje("Nadie lo esperaba."); }
+    void despues_de_darse_por_conforme() {
+        Interlocutor i;
+        i.espere("Uno.");
+        muestre_mensaje("Uno.");
+        QVERIFY(i.conforme());
+        muestre_mensaje("De más.");
+    }
+    void lo_esperado_no_aparece() {
+        Interlocutor i;
+        i.espere("Nunca.");
+    }
+};
 
 class PruebaDialogos : public QObject {
     Q_OBJECT
 private slots:
+    void una_prueba_que_falla_lo_dice_y_no_se_queda_colgada() {
+        const auto r = corra(QCoreApplication::applicationFilePath(), {"--falla"});
+        QCOMPARE(r.codigo, 4);
+        for (const char* queja : {"Actual", "mensaje inesperado: Nadie lo esperaba.",
+                                  "mensaje inesperado: De más.", "no apareció: Nunca."})
+            QVERIFY2(r.salida.contains(queja), qPrintable(r.salida));
+    }
+
     void las_preguntas_solo_dicen_si_cuando_se_oprime_si() {
         Interlocutor i;
         const QString t = "Desea borrar <b>todo</b> ?"; // el texto no se interpreta
@@ -45,15 +76,17 @@ private slots:
     }
 
     void el_interlocutor_no_deja_pasar_un_dialogo_inesperado() {
-        Interlocutor i;
+        Interlocutor i(Interlocutor::EnSilencio);
         i.espere("Uno.");
         muestre_error("Otro.");
         QVERIFY(!i.conforme());
         QVERIFY(i.queja().contains("mensaje inesperado: Otro."));
         QVERIFY(i.queja().contains("no apareció: Uno."));
         QCOMPARE(i.vistos(), QStringList{"Otro."});
-        i.olvide();
-        QVERIFY(i.conforme());
+        // Lo esperado que llega después no borra la queja.
+        muestre_error("Uno.");
+        QVERIFY(!i.conforme());
+        QCOMPARE(i.queja(), QString("mensaje inesperado: Otro."));
     }
 
     void las_fallas_de_un_evento_no_lo_cruzan() {
@@ -63,46 +96,44 @@ private slots:
         QVERIFY(!proteja([] { throw EdicionAbortada(); }));
         QVERIFY(!proteja([] { throw ErrorDatos("Mal."); }));
         QVERIFY(!proteja([] { throw std::runtime_error("peor"); }));
-        instale_manejador_fallas({});
+        retire_manejador_fallas();
         QCOMPARE(fallas, (QStringList{"Mal.", "peor"}));
     }
 
-    void el_mensaje_temporal_se_va_con_escape() {
+    void el_mensaje_temporal_dura_diez_rondas_o_hasta_escape() {
+        const QScopedValueRollback<bool> pausa(Guardia::unica().en_pausa, true);
         QWidget ventana;
         ventana.show();
-        QWidget* visto = nullptr;
-        QTimer::singleShot(0, &ventana, [&] {
+        QVector<int> esperas;
+        int escape_en = -1; // la ronda en que el usuario oprime Esc
+        const auto espera = cambie_espera_de_mensajes([&](int milisegundos) {
+            esperas << milisegundos;
+            QMessageBox* m = nullptr;
             for (QWidget* w : QApplication::topLevelWidgets())
                 if (w->objectName() == "mensaje_temporal" && w->isVisible())
-                    visto = w;
-            if (!visto)
-                return;
-            auto* m = static_cast<QMessageBox*>(visto);
+                    m = static_cast<QMessageBox*>(w);
+            QVERIFY(m);
             QCOMPARE(m->windowTitle(), "Advertencia");
             QCOMPARE(m->text(), "El documento no cuadra.");
             QVERIFY(m->buttons().isEmpty());
             QVERIFY(!m->isModal());
-            QTest::keyClick(&ventana, Qt::Key_Escape);
+            if (esperas.size() == escape_en)
+                QTest::keyClick(&ventana, Qt::Key_Escape);
         });
-        QElapsedTimer reloj;
-        reloj.start();
         mensaje_temporal("El documento no cuadra.");
-        QVERIFY(visto);
-        QVERIFY(reloj.elapsed() < 1500);
-        QTimer::singleShot(0, [] {}); // la vigilancia de Esc terminó con el mensaje
-        bool llego = false;
+        QCOMPARE(esperas, QVector<int>(10, 500));
+        esperas.clear();
+        escape_en = 2;
+        mensaje_temporal("El documento no cuadra.");
+        QCOMPARE(esperas, QVector<int>(2, 500));
+        cambie_espera_de_mensajes(espera);
+        // La vigilancia de Esc terminó con el mensaje.
         QLineEdit caja;
-        QObject::connect(&caja, &QLineEdit::textEdited, [&] { llego = true; });
-        QTest::keyClicks(&caja, "a");
-        QVERIFY(llego);
-    }
-
-    void el_mensaje_temporal_dura_diez_rondas() {
-        QElapsedTimer reloj;
-        reloj.start();
-        mensaje_temporal("Nadie oprime nada.");
-        QVERIFY2(reloj.elapsed() >= 4900 && reloj.elapsed() < 7000,
-                 qPrintable(QString::number(reloj.elapsed())));
+        QSignalSpy llega(&caja, &QLineEdit::returnPressed);
+        caja.show();
+        QTest::keyClick(&caja, Qt::Key_Escape);
+        QTest::keyClick(&caja, Qt::Key_Return);
+        QCOMPARE(llega.size(), 1);
     }
 
     void la_ronda_de_colores_de_la_barra() {
@@ -152,12 +183,20 @@ private slots:
         // Un aviso nuevo reinicia el reloj, y la duración cero lo deja fijo.
         barra.mostrar_advertencia("Primero", 1);
         barra.mostrar_advertencia("Segundo", 0);
-        QTest::qWait(200);
+        QVERIFY(!barra.Timer2->isActive());
         QCOMPARE(barra.text(), "Advertencia: Segundo");
         barra.texto("FieldByName: texto crudo");
         QCOMPARE(barra.color(), AvisosBarra::Rojo);
     }
 };
 
-QTEST_MAIN(PruebaDialogos)
+int main(int cuantos, char** argumentos) {
+    QApplication aplicacion(cuantos, argumentos);
+    if (cuantos == 2 && qstrcmp(argumentos[1], "--falla") == 0) {
+        PruebaQueFalla prueba;
+        return QTest::qExec(&prueba);
+    }
+    PruebaDialogos prueba;
+    return QTest::qExec(&prueba, cuantos, argumentos);
+}
 #include "prueba_dialogos.moc"

@@ -194,15 +194,24 @@ private slots:
             << "" << true << true << "select * from cuentas order by cuen_nom";
         QTest::newRow("desde el texto")
             << "caja" << false << false
-            << "select * from cuentas  where upper(cuen_nom) >= upper('caja') and cuen_activa = "
-               "'S' order by cuen_nom";
+            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI >= 'caja' and "
+               "cuen_activa = 'S' order by cuen_nom";
         QTest::newRow("en cualquier posición, todas")
             << "caja" << true << true
-            << "select * from cuentas  where upper(cuen_nom) like upper('%caja%') order by "
-               "cuen_nom";
-        QTest::newRow("la comilla va tal cual")
+            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI like '%caja%' escape "
+               "'\\' order by cuen_nom";
+        QTest::newRow("la comilla se dobla")
             << "d'a" << false << true
-            << "select * from cuentas  where upper(cuen_nom) >= upper('d'a') order by cuen_nom";
+            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI >= 'd''a' order by "
+               "cuen_nom";
+        QTest::newRow("los comodines se buscan a sí mismos")
+            << "5% \\_'" << true << true
+            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI like "
+               "'%5\\% \\\\\\_''%' escape '\\' order by cuen_nom";
+        QTest::newRow("la palabra where es un texto como otro")
+            << "where" << true << false
+            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI like '%where%' escape "
+               "'\\' and cuen_activa = 'S' order by cuen_nom";
     }
     void texto_sql_de_la_busqueda() {
         QFETCH(QString, texto);
@@ -217,14 +226,15 @@ private slots:
         CriterioBusqueda c;
         c.base = "select * from PUC where TIPU_COD = 1 ";
         c.conector = " and ";
-        c.mayusculas = false;
         c.columna = "puc_cod";
         c.texto = "11";
         QCOMPARE(sql_busqueda(c),
-                 "select * from PUC where TIPU_COD = 1  and puc_cod >= '11' order by puc_cod");
+                 "select * from PUC where TIPU_COD = 1  and puc_cod collate ES_ES_CI_AI >= '11' "
+                 "order by puc_cod");
         c.desorden = true;
         QCOMPARE(sql_busqueda(c),
-                 "select * from PUC where TIPU_COD = 1  and puc_cod like '%11%' order by puc_cod");
+                 "select * from PUC where TIPU_COD = 1  and puc_cod collate ES_ES_CI_AI like "
+                 "'%11%' escape '\\' order by puc_cod");
     }
 
     void la_fila_de_busqueda_arma_su_criterio_y_enter_busca_antes_de_escoger() {
@@ -254,13 +264,12 @@ private slots:
         QTest::keyClick(fila->EBuscar, Qt::Key_Return);
         QTest::keyClick(fila->EBuscar, Qt::Key_Return);
         QCOMPARE(hechos.size(), 2);
-        QVERIFY(hechos[0].contains("upper(cuen_nom) >= upper('caja') and cuen_activa = 'S'"));
+        QVERIFY(hechos[0].endsWith(">= 'caja' and cuen_activa = 'S' order by cuen_nom"));
         QCOMPARE(hechos[1], "escoge");
         QTest::keyClick(fila->CkDesorden, Qt::Key_Space);
         QCOMPARE(hechos.size(), 2);
         QTest::keyClick(fila->ckinact, Qt::Key_Space); // cambiar inactivas vuelve a buscar
-        QCOMPARE(hechos.last(), "select * from cuentas  where upper(cuen_nom) like "
-                                "upper('%caja%') order by cuen_nom");
+        QVERIFY(hechos.last().endsWith("like '%caja%' escape '\\' order by cuen_nom"));
         QTest::keyClick(fila->ckfiltro, Qt::Key_Space);
         QVERIFY(filtros);
         const FilaBusqueda sin_inactivos({{"Código", "arti_cod"}}, "");
@@ -272,11 +281,9 @@ private slots:
         QCOMPARE(m.horizontalAdvance('1'), m.horizontalAdvance('8'));
         QVERIFY(qGray(color_negativo().rgb()) < 110);
         QVERIFY(icono("no-existe-este-icono").isNull());
-        if (QFile::exists("/usr/share/qt6/translations/qtbase_es.qm"))
-            QCOMPARE(QCoreApplication::translate("QLineEdit", "&Copy"), "&Copiar");
-        if (QFile::exists("/usr/share/icons/Adwaita/index.theme"))
-            for (const char* n : {"document-save", "edit-delete", "edit-find", "document-print"})
-                QVERIFY2(!icono(n).isNull(), n);
+        QCOMPARE(QCoreApplication::translate("QLineEdit", "&Copy"), "&Copiar");
+        for (const char* n : {"document-save", "edit-delete", "edit-find", "document-print"})
+            QVERIFY2(!icono(n).isNull(), n);
     }
 };
 

@@ -1,4 +1,5 @@
 // Motor de informes: plantillas, grupos, hojas, salidas, opciones y fallas.
+#include "apoyo/herramienta.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/exportacion/archivo_salida.h"
 #include "toolkit/impresora.h"
@@ -9,12 +10,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFontMetricsF>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -88,6 +90,12 @@ private slots:
     void la_vista_preliminar_busca_y_pasa_paginas();
     void una_falla_no_deja_un_archivo_a_medias();
     void un_lote_numera_cada_documento();
+    void una_variable_sin_valor_se_imprime_vacia();
+    void un_texto_del_cliente_reemplaza_tambien_un_dato();
+    void una_banda_mas_alta_que_la_hoja_se_reparte();
+    void lo_que_cierra_el_informe_nunca_queda_solo_en_una_hoja();
+    void el_html_lleva_entero_el_texto_que_sigue_en_otro_renglon();
+    void lo_impreso_sin_verlo_no_cambia_lo_que_se_propone_despues();
 
 private:
     QString escriba(const QString& plantilla, const QString& nombre = "ventas.rav") {
@@ -143,12 +151,6 @@ private:
             todas << hoja;
         }
         return todas;
-    }
-    static QString texto_pdf(const QString& ruta) {
-        QProcess p;
-        p.start("pdftotext", {"-layout", ruta, "-"});
-        p.waitForFinished();
-        return QString::fromUtf8(p.readAllStandardOutput());
     }
     /// Contesta "Opciones de impresión" con archivo y formato.
     void conteste_archivo(Interlocutor& i, const QString& ruta, int formato) {
@@ -275,9 +277,6 @@ void PruebaInformes::una_plantilla_con_error_dice_archivo_y_linea_data() {
                              << "{NOMBRES}"
                              << inicio.arg(18).arg(
                                     "la conexión RVentas no tiene la columna \"NOMBRES\"");
-    QTest::newRow("variable") << "{@Titulo}"
-                              << "{@Nadie}"
-                              << inicio.arg(9).arg("nadie dio valor a la variable \"Nadie\"");
     QTest::newRow("fórmula") << "de=\"cuenta()\""
                              << "de=\"cuenta(\""
                              << inicio.arg(24).arg("la fórmula \"cuenta(\" no se entiende");
@@ -326,7 +325,7 @@ void PruebaInformes::cada_formato_lleva_lo_mismo() {
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QString texto;
         if (formato == int(FormatoArchivo::Pdf)) {
-            texto = texto_pdf(ruta);
+            texto = texto_de_pdf(ruta);
         } else {
             QFile f(ruta);
             QVERIFY(f.open(QIODevice::ReadOnly));
@@ -382,7 +381,7 @@ void PruebaInformes::las_opciones_deciden_el_destino_y_las_paginas() {
         });
         QVERIFY(motor.ejecutar());
     }
-    const QString texto = texto_pdf(ruta);
+    const QString texto = texto_de_pdf(ruta);
     QVERIFY2(texto.contains("Página 2 de 3") && texto.contains("Página 3 de 3") &&
                  !texto.contains("Página 1 de 3"),
              qPrintable(texto));
@@ -471,8 +470,6 @@ void PruebaInformes::una_falla_no_deja_un_archivo_a_medias() {
     QTemporaryDir destino;
     for (int formato : {int(FormatoArchivo::Pdf), int(FormatoArchivo::Html)}) {
         const QString ruta = destino.filePath("lleno." + extension_de(FormatoArchivo(formato)));
-        Interlocutor i;
-        conteste_archivo(i, ruta, formato);
         struct rlimit antes;
         getrlimit(RLIMIT_FSIZE, &antes);
         const auto anterior = std::signal(SIGXFSZ, SIG_IGN);
@@ -495,7 +492,6 @@ void PruebaInformes::una_falla_no_deja_un_archivo_a_medias() {
         std::signal(SIGXFSZ, anterior);
         QVERIFY(fallo);
         QCOMPARE(QDir(destino.path()).entryList(QDir::Files).size(), 0);
-        i.olvide();
     }
     fije_impresora("Oficina", "/no/hay/carpeta/impreso.pdf");
     Interlocutor i;
@@ -524,6 +520,145 @@ void PruebaInformes::un_lote_numera_cada_documento() {
     const QString texto = QString::fromUtf8(f.readAll());
     QCOMPARE(texto.count("Página 1 de 2"), 2);
     QCOMPARE(texto.count("Página 2 de 2"), 2);
+}
+
+void PruebaInformes::una_variable_sin_valor_se_imprime_vacia() {
+    const QString plantilla = QString(kPlantilla).replace("{@Titulo}", "Entre {@Nadie}[]");
+    QCOMPARE(componga({}, plantilla)[0].value(1), QString("Entre []"));
+}
+
+void PruebaInformes::un_texto_del_cliente_reemplaza_tambien_un_dato() {
+    ConjuntoDatos c(nullptr, "CVentas");
+    llene(c, {{"Norte", "Sincelejo", "Ana", 1234}});
+    MotorInformes motor;
+    prepare(motor, c,
+            QString(kPlantilla)
+                .replace("<dato x=\"60\" y=\"1\"", "<dato nombre=\"Cifra\" x=\"60\" y=\"1\""));
+    motor.fijar_texto("Ventas.Page1", "Cifra", "(reservada)");
+    const QString ruta = carpeta_.filePath("reemplazado.txt");
+    Interlocutor i;
+    conteste_archivo(i, ruta, int(FormatoArchivo::Texto));
+    QVERIFY(motor.ejecutar());
+    QFile f(ruta);
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    const QString total = QString::fromUtf8(f.readAll()).section("Gran total", 1).simplified();
+    QCOMPARE(total, QString("(reservada)"));
+}
+
+void PruebaInformes::una_banda_mas_alta_que_la_hoja_se_reparte() {
+    // Palabras de tres letras en una columna angosta: más de cien renglones, y una hoja no da.
+    QStringList palabras;
+    for (int n = 0; n < 50; ++n)
+        palabras << QString("m%1").arg(n, 2, 10, QChar('0'));
+    const QString plantilla =
+        QString(kPlantilla)
+            .replace("<texto x=\"10\" y=\"0\" ancho=\"30\">",
+                     "<texto x=\"10\" y=\"0\" ancho=\"6\" estilo=\"enorme\" parte=\"si\">")
+            .replace("  <reporte",
+                     "  <estilo nombre=\"enorme\" base=\"normal\" cuerpo=\"20\"/>\n  <reporte");
+    ConjuntoDatos c(nullptr, "CVentas");
+    llene(c, {{"Norte", "Sincelejo", "Ana", 1},
+              {"Norte", "Sincelejo", palabras.join(' '), 2},
+              {"Norte", "Sincelejo", "Zoe", 3}});
+    Proyecto proyecto = lea_proyecto(escriba(plantilla));
+    Variables variables;
+    Hojas hojas;
+    DatosConjunto datos(c);
+    Compositor(proyecto, *proyecto.reporte("Ventas"), variables, datos, hojas).componga();
+    QString todo;
+    for (int p = 0; p < hojas.paginas(); ++p)
+        for (const Trazo& t : hojas.lea(p)) {
+            QVERIFY2(t.lugar.bottom() <= hojas.papel(p).alto - 9,
+                     qPrintable(QString("hoja %1: %2").arg(p).arg(t.lugar.bottom())));
+            // Entre una hoja y otra van los encabezados: aquí solo lo que se repartió.
+            if (t.clase == Trazo::Texto && hojas.estilo_de(t.recurso).cuerpo == 20)
+                todo += t.texto;
+        }
+    for (const QString& palabra : palabras)
+        QVERIFY2(todo.contains(palabra), qPrintable(palabra));
+    QVERIFY(todo.contains("Zoe"));
+}
+
+void PruebaInformes::lo_que_cierra_el_informe_nunca_queda_solo_en_una_hoja() {
+    const QString plantilla =
+        QString(kPlantilla)
+            .replace("<banda tipo=\"final\" alto=\"6\">", "<banda tipo=\"final\" alto=\"40\">");
+    int hojas_de_mas = 0;
+    for (int filas = 1; filas < 60; ++filas) {
+        QVector<Venta> ventas;
+        for (int i = 0; i < filas; ++i)
+            ventas << Venta{"Norte", "Sincelejo", QString("Cliente %1").arg(i), 1};
+        const auto hojas = componga(ventas, plantilla);
+        QVERIFY2(!hojas.last().filter("Cliente").isEmpty(),
+                 qPrintable(QString::number(filas) + '\n' + hojas.last().join('\n')));
+        hojas_de_mas += int(hojas.size() > 1);
+        // Nada se pierde ni se repite al pasar renglones de una hoja a otra.
+        QStringList clientes;
+        for (const QStringList& h : hojas)
+            clientes += h.filter("Cliente");
+        QCOMPARE(clientes.size(), filas);
+        clientes.removeDuplicates();
+        QCOMPARE(clientes.size(), filas);
+    }
+    QVERIFY(hojas_de_mas > 10);
+}
+
+void PruebaInformes::el_html_lleva_entero_el_texto_que_sigue_en_otro_renglon() {
+    const QString largo = QString("Servicio de mantenimiento preventivo y correctivo ").repeated(3);
+    ConjuntoDatos c(nullptr, "CVentas");
+    llene(c, {{"Norte", "Sincelejo", largo.trimmed(), 1}});
+    MotorInformes motor;
+    prepare(motor, c,
+            QString(kPlantilla)
+                .replace("<texto x=\"10\" y=\"0\" ancho=\"30\">",
+                         "<texto x=\"10\" y=\"0\" ancho=\"30\" parte=\"si\">"));
+    const QString ruta = carpeta_.filePath("partido.htm");
+    Interlocutor i;
+    conteste_archivo(i, ruta, int(FormatoArchivo::Html));
+    QVERIFY(motor.ejecutar());
+    QFile f(ruta);
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    const QString html = QString::fromUtf8(f.readAll());
+    // Cada celda es de un renglón: lo que lleva debe caber en ella.
+    const QRegularExpression celda(
+        "<td width=\"([\\d.]+)%\"[^>]*><span style=\"[^\"]*font-size:([\\d.]+)pt[^\"]*\">([^<]*)<");
+    QStringList escrito;
+    for (auto m = celda.globalMatch(html); m.hasNext();) {
+        const auto r = m.next();
+        QFont letra("Liberation Sans");
+        letra.setPixelSize(qRound(r.captured(2).toDouble() * 100)); // centésimas de punto
+        const double ancho =
+            QFontMetricsF(letra).horizontalAdvance(r.captured(3)) / 100 * 25.4 / 72;
+        const double campo = r.captured(1).toDouble() / 100 * 215.9;
+        QVERIFY2(ancho <= campo + 0.6, qPrintable(r.captured(3)));
+        if (r.captured(3) != "1.00") // el importe va en el primer renglón
+            escrito << r.captured(3);
+    }
+    QVERIFY2(escrito.join(' ').contains(largo.trimmed()), qPrintable(escrito.join(' ')));
+}
+
+void PruebaInformes::lo_impreso_sin_verlo_no_cambia_lo_que_se_propone_despues() {
+    ConjuntoDatos c(nullptr, "CVentas");
+    llene(c, {{"Norte", "Sincelejo", "Ana", 1}});
+    fije_impresora("Oficina", carpeta_.filePath("masiva.pdf"));
+    const auto corra = [&](bool con_vista, const char* propuesto, const char* escogido) {
+        MotorInformes motor;
+        motor.vista_previa = con_vista;
+        prepare(motor, c);
+        Interlocutor i;
+        i.espere_modal("OpcionesImpresion", [=](QWidget* w) {
+            QVERIFY2(!*propuesto || w->findChild<QRadioButton*>(propuesto)->isChecked(), propuesto);
+            w->findChild<QRadioButton*>(escogido)->click();
+            w->findChild<QPushButton*>("ok")->click();
+        });
+        if (QString(escogido) == "a_vista")
+            i.espere_modal("VistaPreliminar", [](QWidget* w) { w->close(); });
+        QVERIFY(motor.ejecutar());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    };
+    corra(true, "", "a_vista");
+    corra(false, "a_impresora", "a_impresora");
+    corra(true, "a_vista", "a_vista");
 }
 
 QTEST_MAIN(PruebaInformes)

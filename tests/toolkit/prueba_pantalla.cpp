@@ -9,6 +9,7 @@
 #include "toolkit/menubotones.h"
 #include "toolkit/pantalla.h"
 
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QMainWindow>
 #include <QMdiArea>
@@ -77,7 +78,7 @@ struct Principal {
             pantallas().registre(n, [n] { return new Ejemplo(n); });
         pasos.clear();
     }
-    ~Principal() { instale_manejador_fallas({}); }
+    ~Principal() { retire_manejador_fallas(); }
     Ejemplo* abra(const char* nombre) { return static_cast<Ejemplo*>(pantallas().abrir(nombre)); }
 };
 
@@ -150,7 +151,7 @@ private slots:
         i.espere("Seguro?", "No");
         muestre_mensaje("Hola.");
         QVERIFY(!pregunte("Seguro?"));
-        QTest::qWait(20);
+        agote_eventos();
         QCOMPARE(saque(), QStringList());
         p.area->setActiveSubWindow(p.area->subWindowList().last());
         QCOMPARE(saque(), QStringList{"TfB activa"}); // un clic en la otra sí
@@ -362,11 +363,11 @@ private slots:
         auto* fecha = new FechaDato(a);
         auto* memo = new QPlainTextEdit(a);
         auto* tabla = new QTableWidget(2, 2, a);
+        auto* columna = static_cast<QBoxLayout*>(a->layout());
+        int lugar = 1; // entre las cajas y los botones
         for (QWidget* w : QVector<QWidget*>{fecha, memo, tabla})
-            w->show();
-        QWidget::setTabOrder(a->caja, a->otra);
-        QWidget::setTabOrder(a->otra, fecha);
-        QWidget::setTabOrder(fecha, memo);
+            columna->insertWidget(lugar++, w);
+        agote_eventos();
         a->caja->setFocus();
         QTest::keyClick(a->caja, Qt::Key_Return);
         QVERIFY(a->caja->hasFocus()); // solo las pantallas que lo piden
@@ -396,6 +397,38 @@ private slots:
         QCOMPARE(saque(), (QStringList{"TfA graba", "escoge"}));
     }
 
+    void tab_da_la_vuelta_por_lo_que_esta_a_la_vista_y_encendido() {
+        Principal p;
+        p.abra("TfB");
+        Ejemplo* a = p.abra("TfA");
+        // Un control que llegó tarde y otro que se va: lo que cuenta es dónde se ven.
+        auto* tardio = new QLineEdit(a);
+        static_cast<QBoxLayout*>(a->layout())->insertWidget(0, tardio);
+        agote_eventos();
+        QPushButton* salir = oprimible(*a, "SBSalir");
+        const auto recorra = [](QWidget* desde, Qt::Key tecla, int pasos) {
+            desde->setFocus();
+            QVector<QWidget*> lista;
+            for (int i = 0; i < pasos; ++i) {
+                QTest::keyClick(QApplication::focusWidget(), tecla);
+                lista << QApplication::focusWidget();
+            }
+            return lista;
+        };
+        using Lista = QVector<QWidget*>;
+        QCOMPARE(recorra(tardio, Qt::Key_Tab, 5),
+                 (Lista{a->caja, a->otra, a->grabar, salir, tardio}));
+        QCOMPARE(recorra(tardio, Qt::Key_Backtab, 5),
+                 (Lista{salir, a->grabar, a->otra, a->caja, tardio}));
+        a->grabar->setEnabled(false);
+        a->otra->hide();
+        QCOMPARE(recorra(tardio, Qt::Key_Tab, 3), (Lista{a->caja, salir, tardio}));
+        // El que se apaga con el foco encima lo pasa al que sigue.
+        a->caja->setFocus();
+        a->caja->setEnabled(false);
+        QCOMPARE(QApplication::focusWidget(), salir);
+    }
+
     void los_botones_no_se_llevan_el_foco_con_el_raton() {
         Principal p;
         Ejemplo* a = p.abra("TfA");
@@ -406,6 +439,37 @@ private slots:
         QTest::keyClick(a->caja, Qt::Key_Tab);
         QTest::keyClick(a->otra, Qt::Key_Tab);
         QVERIFY(a->grabar->hasFocus()); // pero con Tab se llega a ellos
+    }
+
+    void la_que_espera_una_modal_no_se_cierra_hasta_que_conteste() {
+        Principal p;
+        Ejemplo* a = p.abra("TfA");
+        Ejemplo* otra = p.abra("TfC");
+        p.escritorio.active(a);
+        saque();
+        Interlocutor i;
+        i.espere_modal("TfB", [&](QWidget* ventana) {
+            auto* b = ventana->findChild<Ejemplo*>("TfB");
+            QVERIFY(!a->close());
+            QVERIFY(!p.escritorio.cierre_todas());
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QVERIFY(p.escritorio.abiertas().contains(a));
+            // La modal que abrió otra tampoco: su código la está esperando.
+            i.espere_modal("TfPuc", [&](QWidget*) {
+                QVERIFY(!b->close());
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+            });
+            Ejemplo puc("TfPuc");
+            QCOMPARE(puc.mostrar_modal(), int(mrCancel));
+            b->resultado_modal(mrOk);
+        });
+        QCOMPARE(pantallas().abrir_modal("TfB"), int(mrOk));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        a->caja->setText("sigue viva");
+        QVERIFY(!saque().contains("TfA cierra"));
+        QVERIFY(a->close());
+        QCOMPARE(saque().first(), "TfA cierra");
+        Q_UNUSED(otra);
     }
 
     void modal_devuelve_su_resultado_y_deja_la_pantalla_a_quien_la_creo() {
@@ -435,20 +499,9 @@ private slots:
             ventana->close();
         });
         QCOMPARE(puc.mostrar_modal(), int(mrCancel));
-        QString leido;
-        i.espere_modal("TfB", [](QWidget* v) {
-            auto* b = v->findChild<Pantalla*>("TfB");
-            static_cast<Ejemplo*>(b)->caja->setText("1105");
-            b->resultado_modal(mrOk);
-        });
-        const int r = pantallas().abrir_modal(
-            "TfB", [](Pantalla& b) { b.setWindowTitle("Preparada"); },
-            [&](Pantalla& b, int resultado) {
-                if (resultado == mrOk)
-                    leido = static_cast<Ejemplo&>(b).caja->text() + b.windowTitle();
-            });
-        QCOMPARE(r, int(mrOk));
-        QCOMPARE(leido, "1105Preparada");
+        i.espere_modal("TfB",
+                       [](QWidget* v) { v->findChild<Pantalla*>("TfB")->resultado_modal(mrOk); });
+        QCOMPARE(pantallas().abrir_modal("TfB"), int(mrOk));
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(!saque().contains("TfA activa"));
     }

@@ -386,6 +386,25 @@ private slots:
         QCOMPARE(p.fallas, QStringList{"no"});
     }
 
+    void ir_a_la_celda_en_que_ya_se_esta_no_es_dejarla() {
+        RejillaDePrueba p;
+        p.anote_eventos();
+        p.digite("1");
+        p.tecla(Qt::Key_Home, Qt::ControlModifier);
+        QVERIFY(!p.rejilla->digitando()); // lo digitado sí se toma
+        QCOMPARE(p.detalle->FieldByName("CUEN_COD").texto(), "1");
+        for (const int clave : {Qt::Key_Home, Qt::Key_PageUp})
+            p.tecla(clave);
+        p.tecla(Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(p.sucesos, QStringList());
+        p.tecla(Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(p.sucesos, QStringList({"sale 0 fila 0", "entra 0"}));
+        p.sucesos.clear();
+        p.tecla(Qt::Key_End, Qt::ControlModifier);
+        p.tecla(Qt::Key_PageDown);
+        QCOMPARE(p.sucesos, QStringList());
+    }
+
     void la_casilla_cambia_con_espacio_clic_o_su_letra() {
         RejillaDePrueba p;
         p.rejilla->SelectedIndex(p.Descontable);
@@ -447,9 +466,13 @@ private slots:
         p.tecla(Qt::Key_Tab);
         QCOMPARE(debito.moneda(), Moneda::de_texto("0.25"));
         p.rejilla->SelectedIndex(p.Debito);
-        p.digite("1,234.5x0"); // la letra no entra
+        p.digite("1,234.5x0"); // quitarle la letra daría otro número: se rehúsa entero
         p.tecla(Qt::Key_Tab);
-        QCOMPARE(debito.moneda(), Moneda::de_texto("1234.5"));
+        QCOMPARE(p.fallas, QStringList{"'1,234.5x0' no es un número para Débito."});
+        QVERIFY(p.rejilla->digitando());
+        p.fallas.clear();
+        p.tecla(Qt::Key_Escape);
+        QCOMPARE(debito.moneda(), Moneda::de_texto("0.25"));
     }
 
     void una_tecla_muerta_tambien_empieza_a_digitar() {

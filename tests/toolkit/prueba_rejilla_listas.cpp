@@ -2,12 +2,14 @@
 #include "rejilla_de_prueba.h"
 
 #include "apoyo/base_prueba.h"
+#include "apoyo_gui/interlocutor.h"
 #include "datos/recordset/proveedor.h"
 #include "datos/recordset/sentencia.h"
 #include "toolkit/estilo.h"
 
+#include "apoyo/azar_de_prueba.h"
 #include <QHeaderView>
-#include <QRandomGenerator>
+#include <QLabel>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -56,6 +58,85 @@ class PruebaRejillaListas : public QObject {
 private slots:
     void initTestCase() { aplique_estilo(*qApp); }
 
+    void teclear_sobre_una_lista_ubica_la_fila_que_empieza_asi() {
+        RejillaDePrueba p(0);
+        for (const char* nombre :
+             {"Arriendo", "Ángulo recto", "Banco de Bogotá", "Banco Popular", "Ñandú", "Zapato"}) {
+            p.detalle->Append();
+            p.detalle->FieldByName("CUEN_COD").asigne(nombre[0] == 'Z' ? "900" : "110");
+            p.detalle->FieldByName("CODE_CONCEPTO").asigne(nombre);
+            p.detalle->FieldByName("CODE_DEBITO").asigne(Moneda(1));
+            p.detalle->Post();
+        }
+        p.detalle->First();
+        Rejilla& r = *p.rejilla;
+        r.ReadOnly = true;
+        r.SelectedIndex(RejillaDePrueba::Concepto);
+        const auto actual = [&] { return p.detalle->FieldByName("CODE_CONCEPTO").texto(); };
+        QTest::keyClicks(&r, "banco p");
+        QCOMPARE(actual(), QString("Banco Popular"));
+        QVERIFY(r.findChild<QLabel*>("letrero_tecleo")->isVisible());
+        // Retroceso deshace lo último; lo que ninguna fila empieza no cuenta.
+        QTest::keyClick(&r, Qt::Key_Backspace);
+        QTest::keyClicks(&r, "dx");
+        QCOMPARE(actual(), QString("Banco de Bogotá"));
+        // Moverse empieza otra búsqueda, sin tildes y dando la vuelta.
+        QTest::keyClick(&r, Qt::Key_Down);
+        QVERIFY(!r.findChild<QLabel*>("letrero_tecleo")->isVisible());
+        QTest::keyClicks(&r, "angulo");
+        QCOMPARE(actual(), QString("Ángulo recto"));
+        // La misma letra pasa a la siguiente que empieza por ella.
+        QTest::keyClick(&r, Qt::Key_Home);
+        r.SelectedIndex(RejillaDePrueba::Concepto); // Inicio va a la primera columna
+        QTest::keyClicks(&r, "a");
+        QCOMPARE(actual(), QString("Arriendo"));
+        QTest::keyClicks(&r, "a");
+        QCOMPARE(actual(), QString("Ángulo recto"));
+        r.SelectedIndex(RejillaDePrueba::Cuenta);
+        QTest::keyClick(&r, Qt::Key_Home);
+        QTest::keyClicks(&r, "900");
+        QCOMPARE(actual(), QString("Zapato"));
+        QVERIFY(!r.digitando() && p.fallas.isEmpty());
+        // Quien atiende lo tecleado lo recibe entero.
+        QStringList recibidos;
+        r.OnTeclear = [&](const QString& texto) { recibidos << texto; };
+        QTest::keyClick(&r, Qt::Key_Home);
+        QTest::keyClicks(&r, "ca ");
+        QCOMPARE(recibidos, QStringList({"c", "ca", "ca "}));
+        // Editable, teclear escribe, salvo que solo ubique mientras no se edita una fila.
+        r.OnTeclear = {};
+        r.ReadOnly = false;
+        r.ubica_al_teclear = true;
+        r.SelectedIndex(RejillaDePrueba::Concepto);
+        QTest::keyClicks(&r, "arr");
+        QCOMPARE(actual(), QString("Arriendo"));
+        QVERIFY(!r.digitando());
+        r.ubica_al_teclear = false;
+        QTest::keyClicks(&r, "z");
+        QVERIFY(r.digitando());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    }
+
+    void una_columna_sangrada_corre_el_texto_segun_el_nivel_y_no_lo_cambia() {
+        RejillaDePrueba p(3);
+        Rejilla& r = *p.rejilla;
+        const auto ancho = [&](int fila, int columna) {
+            return r.itemDelegate()
+                ->sizeHint(QStyleOptionViewItem(), r.model()->index(fila, columna))
+                .width();
+        };
+        const int antes = ancho(2, RejillaDePrueba::Concepto);
+        r.sangre("CODE_CONCEPTO", [](int fila) { return fila; });
+        QCOMPARE(ancho(0, RejillaDePrueba::Concepto),
+                 ancho(1, RejillaDePrueba::Concepto) - 2 * r.fontMetrics().averageCharWidth());
+        QCOMPARE(ancho(2, RejillaDePrueba::Concepto),
+                 antes + 4 * r.fontMetrics().averageCharWidth());
+        QCOMPARE(ancho(2, RejillaDePrueba::Cuenta), ancho(0, RejillaDePrueba::Cuenta));
+        r.copie();
+        QCOMPARE(r.model()->index(2, RejillaDePrueba::Concepto).data().toString(),
+                 QString("Renglón 3"));
+    }
+
     void el_pie_es_exacto_despues_de_cada_cambio() {
         RejillaDePrueba p(30);
         ConjuntoDatos& d = *p.detalle;
@@ -66,7 +147,7 @@ private slots:
             return suma;
         };
         QCOMPARE(p.rejilla->suma(p.Debito), cuente());
-        QRandomGenerator azar(7);
+        QRandomGenerator azar = azar_de_prueba(7);
         for (int i = 0; i < 300; ++i) {
             const Moneda valor = Moneda::de_unidades(azar.bounded(1, 99'999'999));
             // Algunas grabaciones se rehúsan: también ahí el pie dice lo que hay.
@@ -263,7 +344,7 @@ private slots:
         r.show();
         s.lista.Open();
         QTRY_VERIFY(r.verticalScrollBar()->maximum() > 0);
-        QTest::qWait(20);
+        agote_eventos();
         QVERIFY(s.lista.RecordCount() < 100);
     }
 

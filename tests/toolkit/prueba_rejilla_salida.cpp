@@ -8,8 +8,10 @@
 
 #include <QClipboard>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMenu>
 #include <QPrintPreviewWidget>
+#include <QScopedValueRollback>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -117,7 +119,36 @@ private slots:
         p.rejilla->pegue();
         QCOMPARE(p.detalle->FieldByName("CUEN_COD").texto(), QString("1105"));
         QCOMPARE(p.detalle->FieldByName("CODE_CONCEPTO").texto(), QString("nuevo"));
-        QCOMPARE(p.fallas, QStringList{"'x1' no es un número para el campo CODE_DEBITO."});
+        QCOMPARE(p.fallas, QStringList{"'x1' no es un número para Débito."});
+    }
+
+    void un_pegado_largo_muestra_cuantas_lineas_van_sin_quitar_el_foco() {
+        /// Los letreros del avance que llegan a pintarse.
+        struct Testigo : QObject {
+            QStringList vistos;
+            bool eventFilter(QObject* o, QEvent* e) override {
+                if (e->type() == QEvent::Paint && o->objectName() == "avance_pegado")
+                    vistos << static_cast<QLabel*>(o)->text();
+                return false;
+            }
+        } testigo;
+        qApp->installEventFilter(&testigo);
+        RejillaDePrueba p(0);
+        QStringList lineas;
+        for (int i = 0; i < 50; ++i)
+            lineas << QString("1105\tLínea %1\t\t%2").arg(i).arg(i + 1);
+        ponga(lineas.join('\n'));
+        p.rejilla->pegue();
+        QCOMPARE(testigo.vistos, QStringList()); // lo corto no lo muestra
+        QCOMPARE(p.detalle->RecordCount(), 50);
+        p.detalle->First();
+        const QScopedValueRollback<int> enseguida(Rejilla::ms_avance, 0);
+        p.rejilla->pegue();
+        QVERIFY(testigo.vistos.contains("Pegando 1 de 50 líneas..."));
+        QVERIFY(!p.rejilla->findChild<QLabel*>("avance_pegado"));
+        QVERIFY(p.rejilla->hasFocus());
+        QCOMPARE(p.detalle->RecordCount(), 50);
+        QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
     }
 
     void cortar_y_borrar_vacian_celdas_y_las_filas_enteras_se_preguntan() {

@@ -85,7 +85,7 @@ struct RejillaDePrueba {
             qFatal("la ventana no se activó");
         rejilla->setFocus();
     }
-    ~RejillaDePrueba() { instale_manejador_fallas({}); }
+    ~RejillaDePrueba() { retire_manejador_fallas(); }
 
     void anote_eventos() {
         rejilla->ColEnter = [this](int c) { sucesos << QStringLiteral("entra %1").arg(c); };

@@ -32,19 +32,6 @@ struct Digitador {
             pantallas().registre("Tfimprcomproba", [] { return new SinImpresion; });
         s.cnt.dia_actual = "05";
         s.dm.barra(&barra);
-        // Un diálogo que nadie esperaba no puede dejar colgada la prueba.
-        guardia.setInterval(1500);
-        QObject::connect(&guardia, &QTimer::timeout, &guardia, [this] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (modal && modal == visto) {
-                auto* mensaje = qobject_cast<QMessageBox*>(modal);
-                qWarning("diálogo sin respuesta: %s",
-                         qPrintable(mensaje ? mensaje->text() : modal->objectName()));
-                modal->close();
-            }
-            visto = modal;
-        });
-        guardia.start();
     }
     ~Digitador() { s.dm.barra(nullptr); }
 
@@ -78,13 +65,7 @@ struct Digitador {
         rejilla().SelectedIndex(0);
     }
     /// Recorre una línea celda por celda con Enter; "" deja la celda como esté.
-    void linea(const QStringList& celdas) {
-        for (const QString& celda : celdas) {
-            if (!celda.isEmpty())
-                digite(celda);
-            oprima(Qt::Key_Return);
-        }
-    }
+    void linea(const QStringList& celdas) { digite_celdas(celdas); }
     /// Dos líneas que cuadran, en la página a la vista.
     void asiento(const QString& debito, const QString& credito, const QString& valor) {
         entre_a_la_rejilla();
@@ -97,8 +78,6 @@ struct Digitador {
 
     SesionGui& s;
     AvisosBarra barra;
-    QTimer guardia;
-    QPointer<QWidget> visto;
     Tfmovimien* p = nullptr;
 };
 

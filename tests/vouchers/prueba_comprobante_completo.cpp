@@ -25,6 +25,129 @@ QString saldos(SesionGui& s, const QString& sufijo) {
                   "('519530', '2017', 1) order by proyecto, centro)");
 }
 
+/// Veinte líneas en la página a la vista, con todo lo que se puede buscar y calcular.
+void digite_libro(SesionGui& s, Digitador& d, bool niif) {
+    Tfmovimien* p = d.p;
+    d.entre_a_la_rejilla();
+    // la primera cuenta y su tercero se buscan en sus listas
+    d.linea({"?Equipo de of"});
+    auto* lista = s.escritorio.activa();
+    QCOMPARE(lista->objectName(), QString(niif ? "Tfcuentasniif" : "Tfcuentas"));
+    lista->findChild<Rejilla*>()->conjunto()->Locate("CUEN_COD", {"159215"});
+    oprima(Qt::Key_Return);
+    QCOMPARE(s.escritorio.activa(), p);
+    QCOMPARE(d.celda("CUEN_COD"), QString("159215"));
+    d.rejilla().setFocus();
+    d.rejilla().SelectedIndex(4);
+    d.linea({"Depreciación", "", "F-77", "", "", "", "15000.25", ""});
+    // proveedor: el panel de documento y el tercero por su nombre
+    d.linea({"220505"});
+    QVERIFY(p->GroupBox1->isVisible());
+    componente<EditorDato>(p, "EDocumento").setFocus();
+    digite("FC-900");
+    componente<QPushButton>(p, "SpeedButton2").click();
+    d.rejilla().setFocus();
+    d.rejilla().SelectedIndex(1);
+    d.linea({"?Distribuidora"});
+    QCOMPARE(s.escritorio.activa()->objectName(), QString("Tfterceros"));
+    oprima(Qt::Key_Return);
+    QCOMPARE(d.celda("TERC_NIT"), QString("800456789"));
+    d.rejilla().setFocus();
+    d.rejilla().SelectedIndex(4);
+    d.linea({"", "", "\"", "", "", "", "2000000", ""});
+    // inventario con su artículo
+    d.linea({"143505"});
+    QVERIFY(p->GroupBox2->isVisible());
+    componente<QPushButton>(p, "SpeedButton3").click();
+    d.rejilla().setFocus();
+    d.rejilla().SelectedIndex(4);
+    d.linea({"\"", "", "", "", "", "1680672.27", "", ""});
+    d.linea({"240810", "", "", "", "", "", "", "", "", "319327.73", "", ""});
+    // retención con base: el valor lo pone el porcentaje y el signo, su lado
+    d.linea({"236540", "800456789", "", "", "", "", "", "-1680672.27", "", "", "", ""});
+    d.linea({"111005", "", "", "", "", "", "", "", "", "42016.81", "", ""});
+    for (int i = 0; i < 6; ++i) {
+        d.linea({"519530", "", "0001", i % 2 ? "0001" : "0002", "Papelería", "", "F-78", "", "",
+                 QString::number(1000 + i) + ".10", "", ""});
+        d.linea({"110505", "", "", "", "\"", "", "\"", "", "", "",
+                 QString::number(1000 + i) + ".10", ""});
+    }
+    d.linea({"111005", "", "", "", "Traslado", "", "", "", "", "5000", "", ""});
+    d.linea({"159215", "", "", "", "\"", "", "", ""});
+    oprima(Qt::Key_F5);
+}
+
+/// Lo que quedó en la base: líneas, auditoría de los dos libros, auxiliares y saldos.
+void mire_lo_grabado(SesionGui& s) {
+    QCOMPARE(
+        s.dato("select code_debito || '/' || code_credito || '/' || code_porc || '/' || terc_nit "
+               "from comprobante_detalle where cuen_cod = '236540'"),
+        QString("0.00/42016.81/2.50/800456789"));
+    QCOMPARE(s.dato("select cnde_docnumero || '/' || code_refer || '/' || code_concepto from "
+                    "comprobante_detalle where cuen_cod = '220505'"),
+             QString("FC-900/F-77/Compra de mercancía y gastos"));
+    QCOMPARE(
+        s.dato("select count(*) from comprobante_detalle where code_concepto = 'Papelería' and "
+               "code_refer = 'F-78'"),
+        QString("12"));
+    // auditoría de los dos libros, auxiliares y saldos
+    QCOMPARE(
+        s.dato("select list(tido_cod || audi_oper || audi_usuario) from (select * from auditoria "
+               "where tido_cod in (1, 1001) and audi_oper = 'I' order by tido_cod)"),
+        QString("1IADMIN,1001IADMIN"));
+    for (const QString& libro_sql : {QString("2649"), QString("NIIF")})
+        QCOMPARE(s.dato("select count(*) from verifique_saldos('" + libro_sql + "')"),
+                 QString("0"));
+    for (const QString& sufijo : {QString(), QString("_niif")}) {
+        QCOMPARE(s.dato("select count(*) || ' ' || sum(debito) || ' ' || sum(credito) from "
+                        "auxiliar_cuenta_mes" +
+                        sufijo + "(110505, 2017, 1)"),
+                 QString("6 0.00 6015.60"));
+        QCOMPARE(s.dato("select sumdb - sumcr from consulta_balance_mes" + sufijo +
+                        "('2017', 1, 'S', 5) rows 1"),
+                 QString("0"));
+    }
+}
+
+/// Las mismas líneas, puestas por SQL en otra compañía, dan los mismos saldos.
+void compare_con_las_mismas_lineas_por_sql(SesionGui& s) {
+    QVector<QVector<Valor>> filas[2];
+    const char* const tablas[] = {"comprobante_detalle", "comprobante_detalle_niif"};
+    for (int l = 0; l < 2; ++l) {
+        auto cursor =
+            s.base.base().abra(QString("select code_item, cuen_cod, code_debito, code_credito, "
+                                       "terc_nit, proy_cod, cent_cod, code_base, code_porc "
+                                       "from %1 order by code_item")
+                                   .arg(tablas[l]));
+        while (cursor->siguiente()) {
+            QVector<Valor> fila;
+            for (int c = 0; c < 9; ++c)
+                fila << cursor->valor(c);
+            filas[l] << fila;
+        }
+    }
+    const QString esperados = saldos(s, ""), esperados_niif = saldos(s, "_niif");
+    QVERIFY(esperados.contains("220505") && esperados.contains("800456789"));
+    BaseDePrueba cruda;
+    Conexion& b = cruda.base();
+    b.ejecute("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, enco_numero, "
+              "enco_fecha, enco_repniif) values (77, 'CG', '0001', '000001', '20170120', 'N')");
+    for (int l = 0; l < 2; ++l)
+        for (const auto& fila : filas[l])
+            b.ejecute(
+                QString("insert into %1 (enco_consec, code_item, cuen_cod, code_debito, "
+                        "code_credito, terc_nit, proy_cod, cent_cod, code_base, code_porc) values "
+                        "(77, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
+                    .arg(tablas[l]),
+                fila);
+    const QString sql =
+        "select list(codigo || ' ' || inicial || ' ' || debitos || ' ' || creditos || ' "
+        "' || final, '; ') from (select * from consulta_balance_mes%1('2017', 1, 'S', "
+        "5) order by codigo)";
+    QCOMPARE(b.consulte(sql.arg("")).texto(), esperados.section(" | ", 0, 0));
+    QCOMPARE(b.consulte(sql.arg("_niif")).texto(), esperados_niif.section(" | ", 0, 0));
+}
+
 } // namespace
 
 class PruebaComprobanteCompleto : public QObject {
@@ -42,62 +165,13 @@ private slots:
         Tfmovimien* p = d.abra();
         d.encabezado("CG", "20", "Compra de mercancía y gastos");
 
-        const auto libro = [&](bool niif) {
-            d.entre_a_la_rejilla();
-            // la primera cuenta y su tercero se buscan en sus listas
-            d.linea({"?Equipo de of"});
-            auto* lista = s.escritorio.activa();
-            QCOMPARE(lista->objectName(), QString(niif ? "Tfcuentasniif" : "Tfcuentas"));
-            lista->findChild<Rejilla*>()->conjunto()->Locate("CUEN_COD", {"159215"});
-            oprima(Qt::Key_Return);
-            QCOMPARE(s.escritorio.activa(), p);
-            QCOMPARE(d.celda("CUEN_COD"), QString("159215"));
-            d.rejilla().setFocus();
-            d.rejilla().SelectedIndex(4);
-            d.linea({"Depreciación", "", "F-77", "", "", "", "15000.25", ""});
-            // proveedor: el panel de documento y el tercero por su nombre
-            d.linea({"220505"});
-            QVERIFY(p->GroupBox1->isVisible());
-            componente<EditorDato>(p, "EDocumento").setFocus();
-            digite("FC-900");
-            componente<QPushButton>(p, "SpeedButton2").click();
-            d.rejilla().setFocus();
-            d.rejilla().SelectedIndex(1);
-            d.linea({"?Distribuidora"});
-            QCOMPARE(s.escritorio.activa()->objectName(), QString("Tfterceros"));
-            oprima(Qt::Key_Return);
-            QCOMPARE(d.celda("TERC_NIT"), QString("800456789"));
-            d.rejilla().setFocus();
-            d.rejilla().SelectedIndex(4);
-            d.linea({"", "", "\"", "", "", "", "2000000", ""});
-            // inventario con su artículo
-            d.linea({"143505"});
-            QVERIFY(p->GroupBox2->isVisible());
-            componente<QPushButton>(p, "SpeedButton3").click();
-            d.rejilla().setFocus();
-            d.rejilla().SelectedIndex(4);
-            d.linea({"\"", "", "", "", "", "1680672.27", "", ""});
-            d.linea({"240810", "", "", "", "", "", "", "", "", "319327.73", "", ""});
-            // retención con base: el valor lo pone el porcentaje y el signo, su lado
-            d.linea({"236540", "800456789", "", "", "", "", "", "-1680672.27", "", "", "", ""});
-            d.linea({"111005", "", "", "", "", "", "", "", "", "42016.81", "", ""});
-            for (int i = 0; i < 6; ++i) {
-                d.linea({"519530", "", "0001", i % 2 ? "0001" : "0002", "Papelería", "", "F-78", "",
-                         "", QString::number(1000 + i) + ".10", "", ""});
-                d.linea({"110505", "", "", "", "\"", "", "\"", "", "", "",
-                         QString::number(1000 + i) + ".10", ""});
-            }
-            d.linea({"111005", "", "", "", "Traslado", "", "", "", "", "5000", "", ""});
-            d.linea({"159215", "", "", "", "\"", "", "", ""});
-            oprima(Qt::Key_F5);
-        };
-        libro(false);
+        digite_libro(s, d, false);
         QCOMPARE(p->CDetalle.RecordCount(), 20);
         QCOMPARE(p->lineas_2649->rejilla->suma(9).texto(),
                  p->lineas_2649->rejilla->suma(10).texto());
         QVERIFY(!p->lineas_2649->ESaldocta->text().isEmpty());
         p->PageControl1->setCurrentIndex(1);
-        libro(true);
+        digite_libro(s, d, true);
         QCOMPARE(p->Cdetniif.RecordCount(), 20);
         oprima(Qt::Key_F2);
         QCOMPARE(
@@ -106,76 +180,8 @@ private slots:
             QString("20/20"));
         QCOMPARE(p->ENumero->text(), QString("000002"));
         QVERIFY(p->CDetalle.IsEmpty() && p->Cdetniif.IsEmpty());
-        // lo que quedó en la base, línea a línea
-        QCOMPARE(
-            s.dato(
-                "select code_debito || '/' || code_credito || '/' || code_porc || '/' || terc_nit "
-                "from comprobante_detalle where cuen_cod = '236540'"),
-            QString("0.00/42016.81/2.50/800456789"));
-        QCOMPARE(s.dato("select cnde_docnumero || '/' || code_refer || '/' || code_concepto from "
-                        "comprobante_detalle where cuen_cod = '220505'"),
-                 QString("FC-900/F-77/Compra de mercancía y gastos"));
-        QCOMPARE(
-            s.dato("select count(*) from comprobante_detalle where code_concepto = 'Papelería' and "
-                   "code_refer = 'F-78'"),
-            QString("12"));
-        // auditoría de los dos libros, auxiliares y saldos
-        QCOMPARE(
-            s.dato(
-                "select list(tido_cod || audi_oper || audi_usuario) from (select * from auditoria "
-                "where tido_cod in (1, 1001) and audi_oper = 'I' order by tido_cod)"),
-            QString("1IADMIN,1001IADMIN"));
-        for (const QString& libro_sql : {QString("2649"), QString("NIIF")})
-            QCOMPARE(s.dato("select count(*) from verifique_saldos('" + libro_sql + "')"),
-                     QString("0"));
-        for (const QString& sufijo : {QString(), QString("_niif")}) {
-            QCOMPARE(s.dato("select count(*) || ' ' || sum(debito) || ' ' || sum(credito) from "
-                            "auxiliar_cuenta_mes" +
-                            sufijo + "(110505, 2017, 1)"),
-                     QString("6 0.00 6015.60"));
-            QCOMPARE(s.dato("select sumdb - sumcr from consulta_balance_mes" + sufijo +
-                            "('2017', 1, 'S', 5) rows 1"),
-                     QString("0"));
-        }
-
-        // Las mismas líneas, puestas por SQL en otra compañía, dan los mismos saldos.
-        QVector<QVector<Valor>> filas[2];
-        const char* const tablas[] = {"comprobante_detalle", "comprobante_detalle_niif"};
-        for (int l = 0; l < 2; ++l) {
-            auto cursor =
-                s.base.base().abra(QString("select code_item, cuen_cod, code_debito, code_credito, "
-                                           "terc_nit, proy_cod, cent_cod, code_base, code_porc "
-                                           "from %1 order by code_item")
-                                       .arg(tablas[l]));
-            while (cursor->siguiente()) {
-                QVector<Valor> fila;
-                for (int c = 0; c < 9; ++c)
-                    fila << cursor->valor(c);
-                filas[l] << fila;
-            }
-        }
-        const QString esperados = saldos(s, ""), esperados_niif = saldos(s, "_niif");
-        QVERIFY(esperados.contains("220505") && esperados.contains("800456789"));
-        BaseDePrueba cruda;
-        Conexion& b = cruda.base();
-        b.ejecute(
-            "insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, enco_numero, "
-            "enco_fecha, enco_repniif) values (77, 'CG', '0001', '000001', '20170120', 'N')");
-        for (int l = 0; l < 2; ++l)
-            for (const auto& fila : filas[l])
-                b.ejecute(
-                    QString(
-                        "insert into %1 (enco_consec, code_item, cuen_cod, code_debito, "
-                        "code_credito, terc_nit, proy_cod, cent_cod, code_base, code_porc) values "
-                        "(77, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
-                        .arg(tablas[l]),
-                    fila);
-        const QString sql =
-            "select list(codigo || ' ' || inicial || ' ' || debitos || ' ' || creditos || ' "
-            "' || final, '; ') from (select * from consulta_balance_mes%1('2017', 1, 'S', "
-            "5) order by codigo)";
-        QCOMPARE(b.consulte(sql.arg("")).texto(), esperados.section(" | ", 0, 0));
-        QCOMPARE(b.consulte(sql.arg("_niif")).texto(), esperados_niif.section(" | ", 0, 0));
+        mire_lo_grabado(s);
+        compare_con_las_mismas_lineas_por_sql(s);
     }
 };
 

@@ -6,8 +6,7 @@ namespace {
 
 /// Abre para editar el comprobante del id.
 Tfedtmovimien* edite(SesionGui& s, int id) {
-    s.cnt.comprobante_encontrado = QString::number(id);
-    return s.abra<Tfedtmovimien>("Tfedtmovimien");
+    return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{QString::number(id)});
 }
 
 const QStringList kCuadrado{"110505:100:0", "310505:0:100"};
@@ -27,7 +26,6 @@ private slots:
         ponga_comprobante(s, 500, "000020", "20170315", kCuadrado, "comprobante_detalle", 31, 9);
         Tfedtmovimien* p = edite(s, 500);
         QVERIFY(p);
-        QVERIFY(s.cnt.comprobante_encontrado.isEmpty());
         QCOMPARE(p->EDia->text() + p->EMes->text() + p->EAno->text(), QString("15Marzo2017"));
         QCOMPARE(p->ano_saldos() + QString::number(p->mes_saldos()), QString("20173"));
         QCOMPARE(p->Edit1->text(),
@@ -117,7 +115,9 @@ private slots:
             oprima(Qt::Key_F2);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
-        QVERIFY(!p->Cdetniif.editando() || p->Cdetniif.RecordCount() == 1);
+        // a diferencia de la digitación, la fila rehusada no queda en edición
+        QVERIFY(!p->CDetalle.editando() && !p->Cdetniif.editando());
+        QCOMPARE(p->Cdetniif.RecordCount(), 1);
         QCOMPARE(s.dato("select enco_concepto || '|' from comprobante_encabezado"),
                  QString("Concepto|"));
         p->PageControl1->setCurrentIndex(1);
@@ -190,20 +190,35 @@ private slots:
         }
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
+        const char* pregunta =
+            "Esta seguro de descartar la información de NIIF y reemplazarla por la equivalencia?";
+        const auto lineas = [p] {
+            QStringList todas;
+            const auto texto = [p](int n, const char* campo) {
+                return p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName(campo)).texto();
+            };
+            for (int n = 0; n < p->Cdetniif.RecordCount(); ++n)
+                todas << texto(n, "CUEN_COD") + ':' + texto(n, "CODE_DEBITO") + ':' +
+                             texto(n, "CODE_CREDITO");
+            return todas;
+        };
+        {
+            // sin una equivalencia no hay réplica: se nombra la cuenta y nada se descarta
+            Interlocutor i;
+            i.espere(pregunta, "Sí");
+            i.espere("La cuenta 240805 (línea 2) no tiene una cuenta NIIF equivalente que pueda "
+                     "llevar movimiento: la réplica quedaría descuadrada.");
+            replicar->trigger();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(lineas(), QStringList({"111005:1:0", "310505:0:1"}));
+        }
+        s.base.ejecute({"update cuentas set cuen_eqniif = '240805' where cuen_cod = '240805'"});
         Interlocutor i;
-        i.espere(
-            "Esta seguro de descartar la información de NIIF y reemplazarla por la equivalencia?",
-            "Sí");
+        i.espere(pregunta, "Sí");
         replicar->trigger();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        // la línea sin equivalente desaparece
-        QStringList lineas;
-        for (int n = 0; n < p->Cdetniif.RecordCount(); ++n)
-            lineas << p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName("CUEN_COD")).texto() + ':' +
-                          p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName("CODE_DEBITO")).texto() +
-                          ':' +
-                          p->Cdetniif.valor_en(n, p->Cdetniif.FieldByName("CODE_CREDITO")).texto();
-        QCOMPARE(lineas, QStringList({"111005:100:0", "310505:0:100", "310505:0:7"}));
+        QCOMPARE(lineas(),
+                 QStringList({"111005:100:0", "240805:7:0", "310505:0:100", "310505:0:7"}));
         p->CMovimiento.CancelUpdates();
     }
 
@@ -252,12 +267,12 @@ private slots:
                 "count(*) from comprobante_detalle_niif where enco_consec = 1) + (select count(*) "
                 "from comprobante_encabezado where enco_consec = 1) from rdb$database"),
             QString("0"));
-        // el update previo nombra el comprobante 0: el que se va conserva el usuario que lo hizo
+        // el update previo nombra el comprobante 0, y aun así la auditoría dice quién borró
         QCOMPARE(
             s.dato(
                 "select first 1 audi_usuario from auditoria where audi_iddoc = 1 and audi_oper = "
                 "'E' and tido_cod = 1"),
-            QString("ADMIN"));
+            QString("AUXILIAR"));
         QCOMPARE(s.dato("select count(*) from verifique_saldos('2649')"), QString("0"));
     }
 
@@ -268,7 +283,7 @@ private slots:
         Tfedtmovimien* p = edite(s, 1);
         for (const int clave : {Qt::Key_F11, Qt::Key_F12}) {
             Interlocutor i;
-            i.espere("Se presento el siguiente error: List index out of bounds (12)");
+            i.espere("Se presento el siguiente error: La lista no tiene la columna 12.");
             p->lineas_2649->rejilla->setFocus();
             oprima(clave);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
@@ -313,8 +328,11 @@ private slots:
         i.espere(
             "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
             "Sí");
-        s.cnt.plantilla_seleccion = "3";
-        p->FormActivate();
+        // la que nadie pidió es para el primer comprobante que se active
+        registre_testigo("TfOtra");
+        Pantalla* otra = pantallas().abrir("TfOtra");
+        otra->ofrezca<PidePlantilla>("3");
+        otra->close();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         QCOMPARE(p->CDetalle.valor_en(0, p->CDetalle.FieldByName("CUEN_COD")).texto(),

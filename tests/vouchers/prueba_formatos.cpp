@@ -67,8 +67,7 @@ void ponga_formato(SesionGui& s, const QString& llave) {
 struct Editor : Digitador {
     explicit Editor(SesionGui& s) : Digitador(s) {}
     Tfedtformato* abra(const QString& llave) {
-        s.dm.formato_actual = llave;
-        e = s.abra<Tfedtformato>("Tfedtformato");
+        e = s.abra<Tfedtformato>("Tfedtformato", AbreFormato{llave});
         return e;
     }
     void enfoque(Rejilla* r, int columna) {
@@ -225,7 +224,7 @@ private slots:
         for (int tecla : {Qt::Key_F3, Qt::Key_F5, Qt::Key_F8, Qt::Key_F9})
             oprima(tecla);
         QCOMPARE(s.dato("select count(*) from formatos"), QString("1"));
-        QVERIFY(!d.e->Panel2->isVisible() && s.cnt.comprobante_encontrado.isEmpty());
+        QVERIFY(!d.e->Panel2->isVisible());
         QCOMPARE(s.escritorio.abiertas().size(), 1);
         d.e->DBGridEh2->SelectedIndex(2);
         digite("777");
@@ -279,9 +278,10 @@ private slots:
         d.pulse("AdvGlowButton1");
         digite("CG");
         Interlocutor i;
+        i.espere("Se presento el siguiente error: Ya existe un registro con el mismo Tipo de "
+                 "documento 1, Prefijo CG.");
         d.pulse("SpeedButton4");
-        QCOMPARE(i.vistos().size(), 1);
-        i.olvide();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from formato_datos where pref_pre = 'CG'"), QString("0"));
     }
 
@@ -306,8 +306,9 @@ private slots:
         ponga_comprobante(s, 5, "000001", "20170101", {});
         ponga_comprobante(s, 9, "000002", "20170101", {});
         QString impreso;
-        registre_testigo("Tfimprcomproba",
-                         [&impreso] { impreso = fdmcnt().comprobante_encontrado; });
+        registre_testigo("Tfimprcomproba", [&impreso](const Pantalla& p) {
+            impreso = p.peticion<AbreComprobante>().comprobante_encontrado;
+        });
         const struct {
             const char *por_tipo, *llave, *ultimo;
         } casos[] = {{"SI", "CG", "9"}, {"NO", "0001", "9"}, {"SI", "0001", ""}, {"NO", "CG", ""}};
@@ -338,6 +339,8 @@ private slots:
         Interlocutor i;
         i.espere_modal("TFmoverforma", [](QWidget* w) {
             auto& m = componente<TFmoverforma>(w, "TFmoverforma");
+            w->activateWindow(); // hasta entonces las teclas son de la pantalla de abajo
+            QTRY_COMPARE(QApplication::activeWindow(), w);
             QCOMPARE(m.windowTitle(), QString("Mover Formato"));
             QCOMPARE(m.acciones->checkedId(), int('R'));
             QVERIFY(m.Pos->isEnabled());
@@ -483,8 +486,8 @@ private slots:
         ponga_comprobante(s, 7, "000020", "20170315", lineas);
         s.base.ejecute({"update comprobante_encabezado set tico_cod = 'CE', enco_monto = 12000"});
         const auto imprima = [&] {
-            s.cnt.comprobante_encontrado = "7";
-            return informe_como_texto(s.abra<Tfimprcomproba>("Tfimprcomproba"), Qt::Key_F2);
+            return informe_como_texto(
+                s.abra<Tfimprcomproba>("Tfimprcomproba", AbreComprobante{"7"}), Qt::Key_F2);
         };
         const QStringList hojas = imprima().split('\f', Qt::SkipEmptyParts);
         QCOMPARE(hojas.size(), 2);

@@ -2,6 +2,7 @@
 #include "apoyo/comprobantes.h"
 #include "reports/informe_de_prueba.h"
 #include "toolkit/controles/listadato.h"
+#include "toolkit/impresora.h"
 #include "toolkit/informes/vista_preliminar.h"
 #include "vouchers/datos_formato.h"
 #include "vouchers/interprete_formato.h"
@@ -11,6 +12,10 @@
 
 #include <QBuffer>
 #include <QCheckBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QRegularExpression>
+#include <QScopeGuard>
 
 using namespace informes;
 
@@ -21,7 +26,7 @@ constexpr int kId = 700;
 /// Comprobante de `lineas` débitos de 100 y un crédito que cuadra; en NIIF, de 200.
 void agregue(SesionGui& s, int lineas, int id = kId, const QString& numero = "000700",
              const QString& tipo = "CG") {
-    Comprobante c{id, numero, "20170315"};
+    ComprobanteEnTablas c{id, numero, "20170315"};
     c.tipo = tipo;
     for (int i = 1; i < lineas; ++i) {
         c.lineas << Linea{i, "519530", Moneda(100), Moneda(), "", "0001", "0002"};
@@ -133,6 +138,62 @@ struct Dibujo {
     Hojas hojas;
 };
 
+/// Lo que imprime cada dato de un formato con el comprobante de cada_dato_imprime_lo_suyo.
+QMap<QString, QString> dice_cada_dato(SesionGui& s) {
+    const auto registro = [&](const char* columna) {
+        return s.dato(QString("select %1 from auditoria where tido_cod = 1 and audi_oper = 'I' and "
+                              "audi_iddoc = 700")
+                          .arg(columna));
+    };
+    return {
+        {"TIPO", "CG"},
+        {"NOMBRE TIPO", s.dato("select tico_nom from tipo_comprobante where tico_cod = 'CG'")},
+        {"PREFIJO", "0001"},
+        {"NUMERO", "000700"},
+        {"FECHA", "20170315"},
+        {"CONCEPTO", "Útiles de marzo"},
+        {"REFERENCIA", "R-7"},
+        {"ENCABEZADO NIT", "Distribuidora Andina Ltda."},
+        {"ENCABEZADO NOMBRE", "Distribuidora Andina Ltda."},
+        {"TOTAL DEBITOS", "$100.00"},
+        {"TOTAL CREDITOS", "$100.00"},
+        {"MONTO COMPROBANTE", "$100.00"},
+        {"MONTO LETRAS", s.dm.numero_a_letras(Moneda(100))},
+        {"NOMBRE USUARIO", s.dm.nombre_usuario},
+        {"CODIGO USUARIO", s.dm.usuario},
+        {"NUMERO PAGINA", "1"},
+        {"FECHA REGISTRO", registro("audi_fecha")},
+        {"HORA REGISTRO", registro("audi_hora")},
+        {"USUARIO REGISTRO", registro("audi_usuario")},
+        {"NOMBRE COMPANIA", "Ferretería S.A."},
+        {"DIR COMPANIA", "Calle 1"},
+        {"TELS COMPANIA", "555"},
+        {"NIT COMPANIA", "900.1"},
+        {"ENCABEZA COMPANIA", "Régimen común"},
+        {"ITEM", "1"},
+        {"CUENTA", "519530"},
+        {"NOMBRE CUENTA", s.dato("select cuen_nom from cuentas where cuen_cod = '519530'")},
+        {"NIT TERCERO", "800456789"},
+        {"NOMBRE TERCERO", "Distribuidora Andina Ltda."},
+        {"CENTRO COSTO", "0001"},
+        {"SUBCENTRO COSTO", "0002"},
+        {"NOMBRE CENTRO COSTO", "Administración"},
+        {"NOMBRE SUBCEBTRO COSTO", "Contabilidad"},
+        {"CONCEPTO ITEM", "Resma"},
+        {"REFERENCIA ITEM", "45.00"}, // por la rutina de números
+        {"ARTICULO", "MART01"},
+        {"DESCRIPCION ARTICULO", "Martillo"},
+        {"DEBITO ITEM", "100.00"},
+        {"CREDITO ITEM", "0.00"},
+        {"NETO ITEM", "100.00"},
+        {"BASE ITEM", "1,000.00"},
+        {"PORCENTAJE ITEM", "16.00"},
+        {"DOCUMENTO ITEM", "000123"},
+        {"DOCUMENTO APLICACION", "000124"},
+        {"DOCUMENTO VENCE", "20170430"},
+    };
+}
+
 } // namespace
 
 class PruebaImpresion : public QObject {
@@ -149,11 +210,12 @@ private slots:
     void una_referencia_con_letras_detiene_el_trabajo();
     void la_masiva_imprime_un_rango_en_un_solo_trabajo();
     void la_masiva_muestra_antes_las_hojas_solo_si_la_compania_lo_pide();
+    void un_comprobante_descuadrado_no_dice_sumas_iguales();
+    void el_papel_escogido_en_las_opciones_es_el_del_formato();
 
 private:
     /// Abre la pantalla modal, la deja contestar y devuelve lo impreso.
     QString imprima(SesionGui& s, int clave, bool niif = false) {
-        s.cnt.comprobante_encontrado = QString::number(kId);
         QTemporaryDir carpeta;
         const QString ruta = carpeta.filePath("comprobante.pdf");
         Interlocutor i;
@@ -162,13 +224,8 @@ private:
             QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key(clave));
         });
         espere_pdf(i, ruta);
-        pantallas().abrir_modal("Tfimprcomproba");
-        if (!i.conforme())
-            QTest::qFail(qPrintable(i.queja()), __FILE__, __LINE__);
-        QProcess hoja;
-        hoja.start("pdfinfo", {ruta});
-        hoja.waitForFinished();
-        hoja_ = QString::fromUtf8(hoja.readAllStandardOutput());
+        pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
+        hoja_ = salida_de("pdfinfo", {ruta});
         if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
             QFile::copy(
                 ruta,
@@ -205,7 +262,8 @@ void PruebaImpresion::sin_formato_sale_la_plantilla_en_el_papel_configurado() {
     i.espere_modal("Tfimprcomproba", [](QWidget* w) {
         QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key_Escape);
     });
-    QCOMPARE(pantallas().abrir_modal("Tfimprcomproba"), int(mrCancel));
+    QCOMPARE(pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)}),
+             int(mrCancel));
 }
 
 void PruebaImpresion::el_formato_dibuja_lo_que_dicen_sus_tablas() {
@@ -287,58 +345,7 @@ void PruebaImpresion::cada_dato_imprime_lo_suyo() {
     s.dm.SUCU_NOMBRE = "Norte";
     s.dm.SUCU_DIRECCION = "Carrera 9";
     s.dm.SUCU_TELEFONOS = "777";
-    const auto registro = [&](const char* columna) {
-        return s.dato(QString("select %1 from auditoria where tido_cod = 1 and audi_oper = 'I' and "
-                              "audi_iddoc = 700")
-                          .arg(columna));
-    };
-    QMap<QString, QString> debe{
-        {"TIPO", "CG"},
-        {"NOMBRE TIPO", s.dato("select tico_nom from tipo_comprobante where tico_cod = 'CG'")},
-        {"PREFIJO", "0001"},
-        {"NUMERO", "000700"},
-        {"FECHA", "20170315"},
-        {"CONCEPTO", "Útiles de marzo"},
-        {"REFERENCIA", "R-7"},
-        {"ENCABEZADO NIT", "Distribuidora Andina Ltda."},
-        {"ENCABEZADO NOMBRE", "Distribuidora Andina Ltda."},
-        {"TOTAL DEBITOS", "$100.00"},
-        {"TOTAL CREDITOS", "$100.00"},
-        {"MONTO COMPROBANTE", "$100.00"},
-        {"MONTO LETRAS", s.dm.numero_a_letras(Moneda(100))},
-        {"NOMBRE USUARIO", s.dm.nombre_usuario},
-        {"CODIGO USUARIO", s.dm.usuario},
-        {"NUMERO PAGINA", "1"},
-        {"FECHA REGISTRO", registro("audi_fecha")},
-        {"HORA REGISTRO", registro("audi_hora")},
-        {"USUARIO REGISTRO", registro("audi_usuario")},
-        {"NOMBRE COMPANIA", "Ferretería S.A."},
-        {"DIR COMPANIA", "Calle 1"},
-        {"TELS COMPANIA", "555"},
-        {"NIT COMPANIA", "900.1"},
-        {"ENCABEZA COMPANIA", "Régimen común"},
-        {"ITEM", "1"},
-        {"CUENTA", "519530"},
-        {"NOMBRE CUENTA", s.dato("select cuen_nom from cuentas where cuen_cod = '519530'")},
-        {"NIT TERCERO", "800456789"},
-        {"NOMBRE TERCERO", "Distribuidora Andina Ltda."},
-        {"CENTRO COSTO", "0001"},
-        {"SUBCENTRO COSTO", "0002"},
-        {"NOMBRE CENTRO COSTO", "Administración"},
-        {"NOMBRE SUBCEBTRO COSTO", "Contabilidad"},
-        {"CONCEPTO ITEM", "Resma"},
-        {"REFERENCIA ITEM", "45.00"}, // por la rutina de números
-        {"ARTICULO", "MART01"},
-        {"DESCRIPCION ARTICULO", "Martillo"},
-        {"DEBITO ITEM", "100.00"},
-        {"CREDITO ITEM", "0.00"},
-        {"NETO ITEM", "100.00"},
-        {"BASE ITEM", "1,000.00"},
-        {"PORCENTAJE ITEM", "16.00"},
-        {"DOCUMENTO ITEM", "000123"},
-        {"DOCUMENTO APLICACION", "000124"},
-        {"DOCUMENTO VENCE", "20170430"},
-    };
+    QMap<QString, QString> debe = dice_cada_dato(s);
     for (int agencia : {0, 2}) {
         s.dm.sucursal_usuario = agencia;
         if (agencia) {
@@ -434,8 +441,8 @@ void PruebaImpresion::lo_que_no_cabe_pasa_a_otra_hoja_o_se_pierde() {
     });
     i.espere_modal("OpcionesImpresion",
                    [](QWidget* w) { w->findChild<QPushButton*>("ok")->click(); });
-    i.espere_modal("guardar_informe", [](QWidget* w) {
-        w->findChild<QLineEdit*>("fileNameEdit")->setText("/tmp/no_se_escribe.pdf");
+    i.espere_modal("guardar_informe", [&](QWidget* w) {
+        w->findChild<QLineEdit*>("fileNameEdit")->setText(s.base.ruta() + "/no_se_escribe.pdf");
         QMetaObject::invokeMethod(w, "accept");
     });
     i.espere_modal("dialogo", [](QWidget* w) {
@@ -443,8 +450,9 @@ void PruebaImpresion::lo_que_no_cabe_pasa_a_otra_hoja_o_se_pierde() {
         w->close();
     });
     i.espere_modal("Tfimprcomproba", [](QWidget* w) { w->close(); });
-    pantallas().abrir_modal("Tfimprcomproba");
-    QVERIFY(!QFile::exists("/tmp/no_se_escribe.pdf"));
+    pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QVERIFY(!QFile::exists(s.base.ruta() + "/no_se_escribe.pdf"));
 }
 
 void PruebaImpresion::el_formato_se_busca_por_el_tipo_y_f10_usa_el_de_ultimo_recurso() {
@@ -454,14 +462,13 @@ void PruebaImpresion::el_formato_se_busca_por_el_tipo_y_f10_usa_el_de_ultimo_rec
     s.base.ejecute({"update configuracion set conf_valor = 'NO' where conf_propiedad = "
                     "'USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR'"});
     s.dm.cargue_configuracion();
-    s.cnt.comprobante_encontrado = QString::number(kId);
     for (int clave : {int(Qt::Key_F2), int(Qt::Key_F10)}) {
         Interlocutor i;
         i.espere_modal("Tfimprcomproba", [=](QWidget* w) {
             QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key(clave));
         });
         i.espere("No se encontró el formato de impresión para el comprobante CG");
-        pantallas().abrir_modal("Tfimprcomproba");
+        pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
     s.base.ejecute({"update formatos set pref_pre = '0000'"});
@@ -474,7 +481,6 @@ void PruebaImpresion::una_referencia_con_letras_detiene_el_trabajo() {
     defina_formato(s, "CG", 10, "S");
     s.base.ejecute({"update formato_datos set dafo_dato = 'REFERENCIA ITEM' where dafo_dato = "
                     "'DEBITO ITEM'"});
-    s.cnt.comprobante_encontrado = QString::number(kId);
     Interlocutor i;
     i.espere_modal("Tfimprcomproba", [](QWidget* w) {
         QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key_F2);
@@ -490,7 +496,7 @@ void PruebaImpresion::una_referencia_con_letras_detiene_el_trabajo() {
         w->close();
     });
     i.espere_modal("Tfimprcomproba", [](QWidget* w) { w->close(); }); // sigue viva
-    pantallas().abrir_modal("Tfimprcomproba");
+    pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
 }
 
@@ -534,10 +540,14 @@ void PruebaImpresion::la_masiva_imprime_un_rango_en_un_solo_trabajo() {
     f = s.abra<Tfimprmascomproba>("Tfimprmascomproba");
     escoja();
     Interlocutor i;
+    const QTemporaryDir carpeta;
+    const QString sin_formato = carpeta.filePath("sin_formato.pdf");
+    espere_pdf(i, sin_formato);
     for (int n = 0; n < 2; ++n)
         i.espere("No se encontró el formato de impresión para el comprobante CG");
     oprima(Qt::Key_F2);
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QVERIFY(!QFile::exists(sin_formato)); // sin una sola hoja no hay archivo
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     // Un rango sin comprobantes se dice, y lo digitado sigue ahí.
     f = s.abra<Tfimprmascomproba>("Tfimprmascomproba");
@@ -580,6 +590,60 @@ void PruebaImpresion::la_masiva_muestra_antes_las_hojas_solo_si_la_compania_lo_p
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(s.escritorio.abiertas().isEmpty()); // cancelar también la cierra
     }
+}
+
+void PruebaImpresion::un_comprobante_descuadrado_no_dice_sumas_iguales() {
+    SesionGui s;
+    ComprobanteEnTablas c{kId, "000700", "20170315"};
+    c.lineas << Linea{1, "519530", Moneda(700), Moneda()}
+             << Linea{2, "110505", Moneda(), Moneda::de_texto("699.99")};
+    c.lineas_niif = {Linea{1, "519530", Moneda(50), Moneda()},
+                     Linea{2, "110505", Moneda(), Moneda(50)}};
+    grabe(s.base.base(), c);
+    const QString decreto = imprima(s, Qt::Key_F2);
+    QVERIFY2(!decreto.contains("Sumas iguales"), qPrintable(decreto));
+    QCOMPARE(decreto.section("Sumas", 1).section('\n', 0, 0).simplified(),
+             QString("700.00 699.99"));
+    QCOMPARE(decreto.section("descuadrado en", 1).section('\n', 0, 0).simplified(),
+             QString("0.01"));
+    const QString niif = imprima(s, Qt::Key_F2, true);
+    QVERIFY2(niif.contains("Sumas iguales") && !niif.contains("descuadrado"), qPrintable(niif));
+}
+
+void PruebaImpresion::el_papel_escogido_en_las_opciones_es_el_del_formato() {
+    SesionGui s;
+    agregue(s, 3);
+    defina_formato(s, "CG", 10, "S");
+    QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath("formato.pdf");
+    const auto suelte = qScopeGuard([] { fije_impresora({}); });
+    Interlocutor i;
+    i.espere_modal("Tfimprcomproba", [](QWidget* w) {
+        QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key_F2);
+    });
+    i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+        w->findChild<QPushButton*>("configurar")->click();
+        w->findChild<QRadioButton*>("a_archivo")->click();
+        w->findChild<QComboBox*>("formato")->setCurrentIndex(3);
+        w->findChild<QPushButton*>("ok")->click();
+    });
+    i.espere_modal("ConfigurarImpresora", [](QWidget* w) {
+        auto* dialogo = static_cast<QPrintDialog*>(w);
+        dialogo->printer()->setPageSize(QPageSize(QPageSize::A5));
+        dialogo->done(QDialog::Accepted);
+    });
+    i.espere_modal("guardar_informe", [=](QWidget* w) {
+        w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
+        QMetaObject::invokeMethod(w, "accept");
+    });
+    pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QProcess hoja;
+    hoja.start("pdfinfo", {ruta});
+    hoja.waitForFinished();
+    const QString datos = QString::fromUtf8(hoja.readAllStandardOutput());
+    QVERIFY2(datos.contains(QRegularExpression("Page size:\\s+4(19|20)[.\\d]* x 59[45]")),
+             qPrintable(datos));
 }
 
 QTEST_MAIN(PruebaImpresion)

@@ -31,19 +31,7 @@ ConjuntoDatos& lista(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CPlantilla");
 }
 QString ids(Pantalla* p) {
-    ConjuntoDatos& c = lista(p);
-    QStringList todos;
-    for (int i = 0; c.Active() && i < c.RecordCount(); ++i)
-        todos << c.valor_en(i, c.FieldByName("PLAN_ID")).texto();
-    return todos.join(',');
-}
-void llene(Pantalla* p, const char* nombre, const QString& texto) {
-    auto& caja = componente<QLineEdit>(p, nombre);
-    con_foco();
-    caja.setFocus();
-    caja.selectAll();
-    oprima(Qt::Key_Delete);
-    digite(texto);
+    return valores_de(lista(p), "PLAN_ID").join(',');
 }
 void escoja(ListaDato& tipos, const QString& nombre) {
     con_foco();
@@ -54,8 +42,7 @@ void escoja(ListaDato& tipos, const QString& nombre) {
     QCOMPARE(tipos.texto_a_la_vista(), nombre);
 }
 void busque(Pantalla* p) {
-    componente<QPushButton>(p, "SpeedButton5").setFocus();
-    oprima(Qt::Key_Space);
+    pulse(p, "SpeedButton5");
 }
 /// Recorre celdas con Enter desde la primera de la rejilla a la vista.
 void linea(PantallaPlantilla* p, const QStringList& celdas, int desde = 0) {
@@ -86,8 +73,15 @@ Tfplantilla* nueva(SesionGui& s, const QString& concepto) {
     return p;
 }
 Tfedtplantilla* edite(SesionGui& s, const QString& id) {
-    s.cnt.plantilla_seleccion = id;
-    return s.abra<Tfedtplantilla>("Tfedtplantilla");
+    return s.abra<Tfedtplantilla>("Tfedtplantilla", AbrePlantilla{id});
+}
+
+/// Una plantilla que se escoge en la lista abierta desde el menú.
+void escoja_sin_que_la_pidan(const QString& id) {
+    registre_testigo("TfOtra");
+    Pantalla* otra = pantallas().abrir("TfOtra");
+    otra->ofrezca<PidePlantilla>(id);
+    otra->close();
 }
 
 const QString kSalir = "Desea salir de la plantilla y perder los movimientos que no ha grabado?";
@@ -96,21 +90,7 @@ const QString kSalir = "Desea salir de la plantilla y perder los movimientos que
 
 class PruebaPlantillas : public QObject {
     Q_OBJECT
-    QTimer guardia_; ///< una prueba que falla deja preguntas que nadie contesta
-    QPointer<QWidget> visto_;
-
 private slots:
-    void initTestCase() {
-        guardia_.setInterval(1500);
-        connect(&guardia_, &QTimer::timeout, this, [this] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (modal && modal == visto_)
-                modal->close();
-            visto_ = modal;
-        });
-        guardia_.start();
-    }
-
     // ------------------------------------------------------------ crear
 
     void una_plantilla_descuadrada_se_graba_en_los_dos_libros_y_sigue_la_proxima() {
@@ -359,8 +339,9 @@ private slots:
         oprima(Qt::Key_Return);
         QVERIFY(p->GroupBox2->isVisible() && p->EArticod->hasFocus());
         QCOMPARE(p->GroupBox2->title(), QString("Artículo del inventario "));
-        s.cnt.articulo_seleccion = "MART01";
-        p->FormActivate();
+        ListaFalsa<PideArticulo> articulos("Tfarticulos");
+        componente<QPushButton>(p, "SpeedButton6").click();
+        articulos.conteste("MART01");
         QCOMPARE(p->Edit7->text(), QString("Martillo"));
         QCOMPARE(celda(p, "ARTI_COD") + celda(p, "ArtiDes"), QString("MART01Martillo"));
         componente<QPushButton>(p, "SpeedButton3").click();
@@ -385,42 +366,40 @@ private slots:
     void las_teclas_abren_las_busquedas_y_sus_selecciones_llegan_a_la_linea() {
         SesionGui s;
         Digitador d(s);
-        QStringList abiertas;
-        for (const char* n : {"Tfterceros", "Tfcentros", "Tfcuentas", "Tfauxiliar",
-                              "Tfauxiliarniif", "Tfcuentasniif"})
-            registre_testigo(n, [&abiertas, n] { abiertas << n; });
+        ListaFalsa<PideCuenta> cuentas("Tfcuentas"), cuentas_niif("Tfcuentasniif");
+        ListaFalsa<PideTercero> terceros("Tfterceros");
+        ListaFalsa<PideCentro> centros("Tfcentros");
+        QStringList auxiliares;
+        for (const char* n : {"Tfauxiliar", "Tfauxiliarniif"})
+            registre_testigo(n, [&auxiliares, n](const Pantalla& a) {
+                auxiliares << n + (':' + a.peticion<AbreAuxiliar>().cuenta_auxiliar);
+            });
         Tfplantilla* p = nueva(s, "x");
         linea(p, {"510506"});
         oprima(Qt::Key_F6);
-        s.ter.tercero_seleccion = "52345678";
-        s.escritorio.activa()->close();
+        terceros.conteste("52345678");
         QCOMPARE(celda(p, "TERC_NIT"), QString("52345678"));
         oprima(Qt::Key_F7);
-        s.cnt.proyecto_seleccion = "0001";
-        s.cnt.centro_seleccion = "0001";
-        s.escritorio.activa()->close();
+        centros.conteste({"0001", "0001"});
         QCOMPARE(celda(p, "PROY_COD") + celda(p, "CENT_COD"), QString("00010001"));
         oprima(Qt::Key_F8);
-        QCOMPARE(s.cnt.cuenta_auxiliar, QString("510506"));
         s.escritorio.activa()->close();
         oprima(Qt::Key_PageDown, Qt::ControlModifier);
         linea(p, {"110505"});
         oprima(Qt::Key_F8);
-        QCOMPARE(s.cnt.cuenta_auxiliar, QString("110505"));
         s.escritorio.activa()->close();
+        QCOMPARE(auxiliares, QStringList({"Tfauxiliar:510506", "Tfauxiliarniif:110505"}));
         oprima(Qt::Key_F9); // Tfcuentas también en la página NIIF
-        s.cnt.cuenta_seleccion = "111005";
-        s.escritorio.activa()->close();
+        cuentas.conteste("111005");
         QCOMPARE(celda(p, "CUEN_COD"), QString("111005"));
         p->lineas_niif->rejilla->OnDblClick(0);
-        s.escritorio.activa()->close();
+        cuentas.cancele();
         for (int columna : {5, 9, 10})
             p->lineas_niif->rejilla->OnDblClick(columna); // nada
         p->lineas_niif->rejilla->setFocus();
         linea(p, {"?caja"});
-        QCOMPARE(s.cnt.texto_busqueda, QString("caja"));
-        QCOMPARE(abiertas, QStringList({"Tfterceros", "Tfcentros", "Tfauxiliar", "Tfauxiliarniif",
-                                        "Tfcuentas", "Tfcuentas", "Tfcuentasniif"}));
+        QCOMPARE(cuentas_niif.pedida().texto_busqueda, QString("caja"));
+        QCOMPARE(cuentas.veces() * 10 + cuentas_niif.veces(), 21);
         s.escritorio.activa()->close();
         QCOMPARE(p->lineas_2649->rejilla->nombre_archivo, QString("Plantillas"));
     }
@@ -470,7 +449,6 @@ private slots:
         ponga_plantilla(s, 3, "CG", "0001", "Otra", "");
         Tfedtplantilla* p = edite(s, "8");
         QVERIFY(p);
-        QVERIFY(s.cnt.plantilla_seleccion.isEmpty());
         QCOMPARE(p->CMovimiento.FieldByName("PLAN_ID").texto(), QString("8"));
         QVERIFY(p->CMovimiento.editando());
         QCOMPARE(p->LPref->count(), 2);
@@ -545,11 +523,14 @@ private slots:
         QVERIFY(s.escritorio.abierta("Tfedtplantilla"));
         QCOMPARE(s.dato("select count(*) from plantilla_encabezado"), QString("1"));
         // volver a activarla con una selección también busca la cero, y la deja en blanco
-        s.cnt.plantilla_seleccion = "8";
-        p->FormActivate();
+        escoja_sin_que_la_pidan("8");
         QVERIFY(p->CMovimiento.editando());
         QVERIFY(p->CMovimiento.FieldByName("PLAN_CONCEPTO").vacio());
-        QCOMPARE(s.cnt.plantilla_seleccion, QString("8"));
+        // y la deja para el comprobante que se active
+        Tfmovimien* m = d.abra();
+        QCOMPARE(m->CDetalle.RecordCount(), 1);
+        m->CMovimiento.CancelUpdates();
+        m->close();
         p->close();
         QCOMPARE(s.dato("select count(*) from plantilla_detalle"), QString("1"));
     }
@@ -568,9 +549,7 @@ private slots:
                      {4, "RC", "0002", "Abono", "A-3"}};
         for (const auto& f : filas)
             ponga_plantilla(s, f.id, f.tipo, f.prefijo, f.concepto, f.refer);
-        s.dm.modo_mantenimiento = true;
-        auto* p = s.abra<Tfbuscplantilla>("Tfbuscplantilla");
-        QVERIFY(!s.dm.modo_mantenimiento);
+        auto* p = s.abra<Tfbuscplantilla>("Tfbuscplantilla", AbreLista{true});
         QCOMPARE(ids(p), QString("2,3,1,4"));
         const struct {
             const char *caja, *texto;
@@ -628,8 +607,7 @@ private slots:
         Digitador d(s);
         ponga_plantilla(s, 4, "CG", "0001", "Arriendo", "", {"110505:50:0"});
         ponga_plantilla(s, 4, "", "", "", "", {"110505:50:0"}, "_niif");
-        s.dm.modo_mantenimiento = true;
-        Pantalla* p = pantallas().abrir("Tfbuscplantilla");
+        Pantalla* p = pantallas().abrir("Tfbuscplantilla", AbreLista{true});
         QCOMPARE(componente<QPushButton>(p, "SpeedButton1").text(), QString("F5: Nueva"));
         Interlocutor i;
         oprima(Qt::Key_F5); // la tecla del letrero no hace nada
@@ -683,7 +661,6 @@ private slots:
         QVERIFY(p);
         oprima(Qt::Key_Return);
         QVERIFY(!s.escritorio.abierta("Tfbuscplantilla"));
-        QVERIFY(s.cnt.plantilla_seleccion.isEmpty());
         QCOMPARE(m->DBEdit1->text(), QString("Arriendo"));
         QCOMPARE(m->CDetalle.RecordCount(), 2);
         QCOMPARE(m->lineas_2649->SumCred->text(), QString("40.00"));
@@ -707,18 +684,20 @@ private slots:
         m->close();
 
         // en mantenimiento Enter también escoge, y la toma el próximo comprobante que se active
-        s.dm.modo_mantenimiento = true;
-        pantallas().abrir("Tfbuscplantilla");
+        pantallas().abrir("Tfbuscplantilla", AbreLista{true});
         oprima(Qt::Key_Return);
-        QCOMPARE(s.cnt.plantilla_seleccion, QString("4"));
         m = d.abra();
         QCOMPARE(m->CDetalle.RecordCount(), 2);
         m->CMovimiento.CancelUpdates();
         m->close();
+        m = d.abra();
+        QCOMPARE(m->CDetalle.RecordCount(), 0); // ya la tomó el anterior
         // como selector, el doble clic escoge
-        auto* lista = s.abra<Tfbuscplantilla>("Tfbuscplantilla");
-        lista->DBGridEh1->OnDblClick(0);
-        QCOMPARE(s.cnt.plantilla_seleccion, QString("4"));
+        oprima(Qt::Key_F11);
+        static_cast<Tfbuscplantilla*>(s.escritorio.abierta("Tfbuscplantilla"))
+            ->DBGridEh1->OnDblClick(0);
+        QCOMPARE(m->CDetalle.RecordCount(), 2);
+        m->CMovimiento.CancelUpdates();
     }
 
     void en_la_edicion_los_items_de_la_plantilla_cuentan_desde_uno_sobre_los_que_quedan() {
@@ -727,8 +706,7 @@ private slots:
         ponga_plantilla(s, 4, "CG", "0001", "Arriendo", "", {"111005:50:0", "240805:0:50"});
         ponga_comprobante(s, 1, "000021", "20170315",
                           {"110505:100:0", "310505:0:100", "110505:1:0"});
-        s.cnt.comprobante_encontrado = "1";
-        auto* e = s.abra<Tfedtmovimien>("Tfedtmovimien");
+        auto* e = s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"1"});
         e->CDetalle.First();
         e->CDetalle.Next();
         e->CDetalle.Next();
@@ -756,9 +734,7 @@ private slots:
         Pantalla* m = pantallas().abrir("Tfmnuplantilla");
         QCOMPARE(componente<QPushButton>(m, "SBDigitacion").text(),
                  QString("Digitación rápida   "));
-        componente<QPushButton>(m, "SBDigitacion").click();
-        QVERIFY(d.barra.text().contains("Tfbuscplanillasd"));
-        QVERIFY(!s.dm.modo_mantenimiento);
+        QVERIFY(componente<QPushButton>(m, "SBDigitacion").isEnabled());
         componente<QPushButton>(m, "SBPlantillas").setFocus();
         oprima(Qt::Key_Return);
         auto* p = qobject_cast<Tfbuscplantilla*>(s.escritorio.abierta("Tfbuscplantilla"));

@@ -122,9 +122,10 @@ void EditorDato::aplique_mascara(const Campo& c) {
 }
 
 Valor EditorDato::contenido() const {
-    if (numerico())
-        return contenido_numerico(text());
     const Campo* c = definicion();
+    if (numerico())
+        return contenido_numerico(text(), *c,
+                                  accessibleName().isEmpty() ? c->etiqueta() : accessibleName());
     if (c && c->clase == ClaseCampo::Fecha && text().trimmed().isEmpty())
         return Valor();
     return Valor(text());

@@ -1,5 +1,6 @@
 #include "toolkit/controles/fechadato.h"
 
+#include "datos/firebird/reloj.h"
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
 
@@ -134,9 +135,14 @@ void FechaDato::arranque() {
     poniendo_ = true;
     vacia_ = false;
     texto_ajeno_.clear();
-    setDate(QDate::currentDate());
+    setDate(reloj().hoy());
     poniendo_ = false;
     setSelectedSection(QDateTimeEdit::YearSection);
+}
+
+void FechaDato::entre_por_el_ano() {
+    if (lineEdit()->selectedText() == lineEdit()->text())
+        setSelectedSection(QDateTimeEdit::YearSection);
 }
 
 void FechaDato::keyPressEvent(QKeyEvent* evento) {
@@ -163,8 +169,8 @@ void FechaDato::keyPressEvent(QKeyEvent* evento) {
             arranque();
             if (!nombre_campo().isEmpty() && !usuario_cambio())
                 return;
-        } else if (todo) {
-            setSelectedSection(QDateTimeEdit::YearSection);
+        } else {
+            entre_por_el_ano();
         }
     }
     QDateEdit::keyPressEvent(evento);
@@ -172,6 +178,7 @@ void FechaDato::keyPressEvent(QKeyEvent* evento) {
 
 void FechaDato::stepBy(int pasos) {
     if (!vacia_) {
+        entre_por_el_ano();
         QDateEdit::stepBy(pasos);
         return;
     }

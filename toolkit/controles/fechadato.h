@@ -40,6 +40,8 @@ private:
     void ponga(QDate fecha, const QString& texto_ajeno = {});
     void vacie_por_usuario();
     void arranque();
+    /// Con toda la fecha escogida, como queda al recibir el foco, se empieza por el año.
+    void entre_por_el_ano();
     bool vacia_ = true;
     bool poniendo_ = false;
     QString texto_ajeno_; ///< valor que no es fecha (mes 13 de ajustes); se muestra sin editar

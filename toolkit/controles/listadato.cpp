@@ -2,6 +2,7 @@
 
 #include "toolkit/proteccion.h"
 
+#include <QAbstractItemView>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -37,6 +38,7 @@ ListaDato::ListaDato(QWidget* padre) : QComboBox(padre) {
     setMaxVisibleItems(kFilasVisibles);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    view()->installEventFilter(this);
     connect(this, &QComboBox::activated, this, &ListaDato::escogido);
 }
 
@@ -173,6 +175,7 @@ void ListaDato::escogido(int indice) {
 }
 
 void ListaDato::showPopup() {
+    tecleo_.olvide();
     asegure_lista();
     QComboBox::showPopup();
 }
@@ -186,7 +189,50 @@ void ListaDato::keyPressEvent(QKeyEvent* evento) {
             escogido(-1);
         return;
     }
+    const int antes = currentIndex();
+    if (isEnabled() && tecleo_.reciba(*evento)) {
+        if (const int hallado = con_prefijo(antes); hallado < 0) {
+            tecleo_.devuelva();
+        } else if (hallado != antes) {
+            setCurrentIndex(hallado);
+            escogido(hallado);
+        }
+        return;
+    }
+    if (evento->key() != Qt::Key_Shift && evento->key() != Qt::Key_AltGr)
+        tecleo_.olvide();
     QComboBox::keyPressEvent(evento);
+}
+
+int ListaDato::con_prefijo(int desde) const {
+    if (tecleo_.vacio())
+        return desde;
+    const QString buscado =
+        texto_llano(tecleo_.repetido() ? tecleo_.texto().left(1) : tecleo_.texto());
+    const int cuantos = count(), paso = buscado.size() == 1 ? 1 : 0;
+    for (int i = 0; i < cuantos; ++i) {
+        const int cual = (qMax(desde, -paso) + paso + i + cuantos) % cuantos;
+        if (texto_llano(itemText(cual)).startsWith(buscado))
+            return cual;
+    }
+    return -1;
+}
+
+bool ListaDato::eventFilter(QObject* objeto, QEvent* evento) {
+    // Desplegada, las teclas son de la vista.
+    if (objeto == view() && evento->type() == QEvent::KeyPress) {
+        auto& tecla = static_cast<QKeyEvent&>(*evento);
+        if (tecleo_.reciba(tecla)) {
+            if (const int hallado = con_prefijo(view()->currentIndex().row()); hallado < 0)
+                tecleo_.devuelva();
+            else
+                view()->setCurrentIndex(model()->index(hallado, modelColumn(), rootModelIndex()));
+            return true;
+        }
+        if (tecla.key() != Qt::Key_Shift && tecla.key() != Qt::Key_AltGr)
+            tecleo_.olvide();
+    }
+    return QComboBox::eventFilter(objeto, evento);
 }
 
 void ListaDato::wheelEvent(QWheelEvent* evento) {
@@ -203,6 +249,7 @@ void ListaDato::focusInEvent(QFocusEvent* evento) {
 
 void ListaDato::focusOutEvent(QFocusEvent* evento) {
     QComboBox::focusOutEvent(evento);
+    tecleo_.olvide();
     foco_perdido(evento->reason());
 }
 

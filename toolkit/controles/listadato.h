@@ -1,6 +1,8 @@
 #pragma once
 // Lista desplegable atada a un campo: de una tabla (llave guardada, nombre a la vista) o de textos.
+// Lo que se teclea seguido, con sus espacios, busca por el comienzo sin distinguir tildes.
 #include "toolkit/controles/controldato.h"
+#include "toolkit/tecleo.h"
 
 #include <QComboBox>
 
@@ -34,6 +36,7 @@ protected:
     void aplique_permiso() override;
     void showPopup() override;
     void keyPressEvent(QKeyEvent* evento) override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
     void wheelEvent(QWheelEvent* evento) override;
     void focusInEvent(QFocusEvent* evento) override;
     void focusOutEvent(QFocusEvent* evento) override;
@@ -45,6 +48,7 @@ private:
     void lea_tabla();
     void asegure_lista();
     void marque_vieja();
+    int con_prefijo(int desde) const;
 
     ConjuntoDatos* tabla_ = nullptr;
     QString llave_, columna_;
@@ -53,4 +57,5 @@ private:
     bool vieja_ = false;  ///< la tabla cambió desde la última lectura
     QString texto_ajeno_; ///< valor del campo que no está en la lista
     std::unique_ptr<EnlaceTabla> enlace_tabla_;
+    Tecleo tecleo_; ///< letras tecleadas seguidas, espacios incluidos
 };

@@ -1,6 +1,8 @@
 #include "toolkit/controles/teclas_numericas.h"
 
-#include <QApplication>
+#include "datos/recordset/campo.h"
+#include "libro/importes.h"
+
 #include <QKeyEvent>
 
 bool es_decimal_de_teclado(const QKeyEvent& evento) {
@@ -16,14 +18,6 @@ void atienda_tecla_numerica(QKeyEvent& evento, const std::function<void(QKeyEven
         evento.accept();
         return;
     }
-    const QString texto = evento.text();
-    const auto modificadores = evento.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-    const bool escribe = modificadores == Qt::NoModifier && !texto.isEmpty() && texto[0].isPrint();
-    if (escribe && !QStringLiteral("0123456789+-.,").contains(texto[0])) {
-        QApplication::beep();
-        evento.accept();
-        return;
-    }
     siguiente(&evento);
 }
 
@@ -31,7 +25,16 @@ QString texto_de_edicion(const Valor& valor) {
     return valor.nulo() ? QString() : valor.texto();
 }
 
-Valor contenido_numerico(const QString& texto) {
+Valor contenido_numerico(const QString& texto, const Campo& campo, const QString& rotulo) {
     const QString limpio = texto.trimmed();
-    return limpio.isEmpty() ? Valor() : Valor(limpio);
+    if (limpio.isEmpty())
+        return {};
+    if (campo.clase != ClaseCampo::Decimal)
+        return limpio;
+    const ImporteLeido leido =
+        campo.Tasa || campo.Size > 2 ? lea_porcentaje(limpio) : lea_importe(limpio);
+    const QString rechazo = rechazo_de_importe(leido, limpio, rotulo);
+    if (!rechazo.isEmpty())
+        throw ErrorDatos(rechazo);
+    return leido.valor;
 }

@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <cerrno>
-#include <cstring>
 
 namespace {
 
@@ -65,8 +64,9 @@ void ArchivoSalida::confirme() {
     vacie();
     if (auto* provisional = dynamic_cast<QSaveFile*>(archivo_.get())) {
         errno = 0;
+        const bool lleno = provisional->error() == QFileDevice::ResourceError;
         if (!provisional->commit())
-            falle(errno);
+            falle(lleno ? ENOSPC : errno);
     } else {
         archivo_->close();
     }
@@ -98,9 +98,8 @@ void ArchivoSalida::falle(int numero_error) const {
             QStringLiteral("El nombre \"%1\" es demasiado largo. Indique uno más corto.")
                 .arg(nombre(ruta_)));
     default:
-        throw ErrorExportacion(
-            QStringLiteral("No se pudo grabar \"%1\": %2.")
-                .arg(nombre(ruta_), numero_error ? QString::fromLocal8Bit(strerror(numero_error))
-                                                 : archivo_->errorString()));
+        throw ErrorExportacion(QStringLiteral("No se pudo grabar \"%1\": el disco o la red no lo "
+                                              "recibieron. Elija otra carpeta y repita.")
+                                   .arg(nombre(ruta_)));
     }
 }

@@ -29,8 +29,10 @@ public:
     void escriba(const QString& texto) { escriba(texto.toUtf8()); }
     void confirme();
 
-    /// Descriptor del archivo, para una biblioteca que escribe por su cuenta.
+    /// Descriptor o dispositivo del archivo, para una biblioteca que escribe por su cuenta. Lo que
+    /// no alcance a escribir lo dice `confirme`.
     int descriptor() const;
+    QFileDevice* dispositivo() { return archivo_.get(); }
     /// Lanza el ErrorExportacion que corresponde a un `errno` de escritura.
     [[noreturn]] void falle(int numero_error) const;
 

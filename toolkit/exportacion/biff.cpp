@@ -86,7 +86,7 @@ QByteArray estilo_celda(const EstiloBiff& estilo) {
         .u16(0x0001)
         .u8(static_cast<quint8>(0x20 | static_cast<quint8>(estilo.lado)))
         .u8(0)
-        .u8(0)
+        .u8(estilo.sangria)
         .u8(0xFC) // Todos los atributos son propios.
         .u32(raya_arriba | raya_abajo)
         .u32(colores | trama)

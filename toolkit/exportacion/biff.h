@@ -66,6 +66,7 @@ struct EstiloBiff {
     quint16 formato = 0;
     Lado lado = Lado::General;
     Papel papel = Papel::Dato; ///< Título: negrita y fondo; suma: negrita y raya encima.
+    quint8 sangria = 0;        ///< Niveles, de 0 a 15.
 
     bool operator==(const EstiloBiff&) const = default;
 };

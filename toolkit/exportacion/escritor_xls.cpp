@@ -29,6 +29,7 @@ constexpr quint16 kFormatoTexto = 49;        // @
 
 constexpr int kAnchoMinimo = 8;
 constexpr int kAnchoMaximo = 60;
+constexpr int kSangriaMaxima = 15;
 
 /// Lo que una celda guarda: nada, un número o un texto.
 using Celda = std::variant<std::monostate, double, QString>;
@@ -67,7 +68,7 @@ Celda celda_de(const ValorExportable& valor, int decimales) {
 }
 
 /// El orden de hojas, filas y celdas, dicho una sola vez para las tres pasadas del escritor. El
-/// destino recibe `hoja()` al abrir cada una y `celda(fila, columna, celda, papel)`.
+/// destino recibe `hoja()` al abrir cada una y `celda(fila, columna, celda, papel, sangria)`.
 template <class Destino>
 void recorra(TablaExportable& tabla, const std::vector<ColumnaExportable>& columnas,
              Destino& destino) {
@@ -86,7 +87,8 @@ void recorra(TablaExportable& tabla, const std::vector<ColumnaExportable>& colum
     while (tabla.siguiente()) {
         asegure_hoja();
         for (int i = 0; i < total; ++i)
-            destino.celda(fila, i, celda_de(tabla.valor(i), columnas[i].decimales), Papel::Dato);
+            destino.celda(fila, i, celda_de(tabla.valor(i), columnas[i].decimales), Papel::Dato,
+                          std::clamp(tabla.sangria(i), 0, kSangriaMaxima));
         ++fila;
     }
     if (tabla.tiene_pie()) {
@@ -102,13 +104,15 @@ struct Recuento {
     std::vector<quint32> filas;
     quint32 cadenas = 0;
     std::vector<int> anchos;
+    int sangria = 0; ///< la mayor
 
     void hoja() { filas.push_back(0); }
-    void celda(quint32 fila, int columna, const Celda& celda, Papel) {
+    void celda(quint32 fila, int columna, const Celda& celda, Papel, int entra = 0) {
         filas.back() = fila + 1;
+        sangria = std::max(sangria, entra);
         if (const auto* texto = std::get_if<QString>(&celda)) {
             ++cadenas;
-            mida(columna, static_cast<int>(texto->size()));
+            mida(columna, static_cast<int>(texto->size()) + 2 * entra);
         } else if (const auto* numero = std::get_if<double>(&celda)) {
             const double grande = std::abs(*numero);
             const int cifras = grande < 10 ? 1 : static_cast<int>(std::log10(grande)) + 1;
@@ -127,8 +131,8 @@ struct PasadaCadenas {
     Recuento recuento;
 
     void hoja() { recuento.hoja(); }
-    void celda(quint32 fila, int columna, const Celda& celda, Papel papel) {
-        recuento.celda(fila, columna, celda, papel);
+    void celda(quint32 fila, int columna, const Celda& celda, Papel papel, int entra = 0) {
+        recuento.celda(fila, columna, celda, papel, entra);
         if (const auto* texto = std::get_if<QString>(&celda))
             cadenas.agregue(*texto);
     }
@@ -142,7 +146,7 @@ public:
     void escriba();
 
     void hoja();
-    void celda(quint32 fila, int columna, const Celda& celda, Papel papel);
+    void celda(quint32 fila, int columna, const Celda& celda, Papel papel, int entra = 0);
 
 private:
     Recuento recuento_vacio() const;
@@ -157,7 +161,8 @@ private:
     std::vector<ColumnaExportable> columnas_;
     FlujoOle flujo_;
     EstilosBiff estilos_;
-    std::vector<quint16> estilo_columna_[3]; // Por papel.
+    std::vector<quint16> estilo_columna_[3];        // Por papel.
+    std::vector<std::vector<quint16>> con_sangria_; // Por niveles menos uno, de los datos.
     Recuento recuento_;
     Recuento escrito_;
     std::vector<qint64> citas_; // Dónde anota el libro el comienzo de cada hoja.
@@ -235,6 +240,12 @@ void LibroXls::prepare_estilos() {
         for (Papel papel : {Papel::Dato, Papel::Titulo, Papel::Suma})
             estilo_columna_[static_cast<int>(papel)].push_back(estilos_.numero(
                 {papel == Papel::Titulo ? kFormatoTexto : formato, lado_de(columna), papel}));
+    }
+    for (int nivel = 1; nivel <= recuento_.sangria; ++nivel) {
+        con_sangria_.emplace_back();
+        for (const ColumnaExportable& columna : columnas_)
+            con_sangria_.back().push_back(estilos_.numero(
+                {formato_de(columna), lado_de(columna), Papel::Dato, static_cast<quint8>(nivel)}));
     }
 }
 
@@ -333,15 +344,18 @@ void LibroXls::hoja() {
                        .bytes());
 }
 
-void LibroXls::celda(quint32 fila, int columna, const Celda& celda, Papel papel) {
-    escrito_.celda(fila, columna, celda, papel);
+void LibroXls::celda(quint32 fila, int columna, const Celda& celda, Papel papel, int entra) {
+    escrito_.celda(fila, columna, celda, papel, entra);
+    // Si las filas cambiaron entre pasadas, el recuento final lo denuncia.
+    entra = std::min(entra, static_cast<int>(con_sangria_.size()));
     if (papel == Papel::Dato && std::holds_alternative<std::monostate>(celda))
         return;
     const auto comience = [&](CodigoBiff codigo) {
         RegistroBiff registro(codigo);
         registro.u16(static_cast<quint16>(fila))
             .u16(static_cast<quint16>(columna))
-            .u16(estilo_columna_[static_cast<int>(papel)][columna]);
+            .u16(entra > 0 ? con_sangria_[entra - 1][columna]
+                           : estilo_columna_[static_cast<int>(papel)][columna]);
         return registro;
     };
     if (const auto* numero = std::get_if<double>(&celda))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "datos/firebird/reloj.h"
+
 #include <QDate>
 #include <QFont>
 #include <QString>
@@ -11,7 +13,7 @@ struct OpcionesImpresion {
     QString compania;
     QString encabezado; ///< Vacío: el título de la tabla.
     QString encabezado_derecho = QStringLiteral("%[Today]");
-    QDate hoy = QDate::currentDate();
+    QDate hoy = reloj().hoy();
     QFont fuente; ///< Solo la familia: el cuerpo lo decide el ancho de la hoja.
 };
 

@@ -45,6 +45,8 @@ public:
     virtual ValorExportable valor(int indice) const = 0;
     /// Texto tal como se ve en pantalla; por omisión el de `texto_valor`.
     virtual QString texto(int indice) const;
+    /// Niveles que entra el texto de la celda, de 0 a 15. Solo el libro los lleva.
+    virtual int sangria(int indice) const { return 0; }
 
     /// Fila de sumas. Se lee después de la última fila.
     virtual bool tiene_pie() const { return false; }

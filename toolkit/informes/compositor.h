@@ -4,95 +4,62 @@
 // Por fila: si cambió algún grupo, los totales de adentro hacia afuera y los anuncios de afuera
 // hacia adentro; luego el detalle. Lo que no cabe pasa a otra hoja, con los encabezados y los
 // grupos que se repiten. Los totales leen la última fila de su grupo y los anuncios la primera.
-#include "toolkit/informes/datos_informe.h"
-#include "toolkit/informes/hojas.h"
+// Después de las filas del reporte van las de sus secciones.
+#include "toolkit/informes/dibujante.h"
 
-#include <QDateTime>
-#include <QFontMetricsF>
-#include <QMap>
-#include <array>
 #include <functional>
-#include <unordered_map>
 
 namespace informes {
-
-struct Variables {
-    QMap<QString, QString> textos;
-    QMap<QString, QImage> imagenes;
-    QDateTime ahora = QDateTime::currentDateTime();
-};
 
 class Compositor {
 public:
     /// Se llama al empezar cada hoja con su número; falso abandona el informe.
     using Avance = std::function<bool(int pagina)>;
 
-    /// Lanza ErrorInforme si la plantilla nombra una columna o variable que no existe.
+    /// Lanza ErrorInforme si la plantilla nombra una conexión o una columna que no existe.
+    Compositor(const Proyecto& proyecto, const Reporte& reporte, const Variables& variables,
+               const Fuentes& fuentes, Hojas& hojas);
+    /// De un reporte que solo lee su conexión.
     Compositor(const Proyecto& proyecto, const Reporte& reporte, const Variables& variables,
                DatosInforme& datos, Hojas& hojas);
+
+    /// Las hojas siguen la numeración de las que ya hay.
+    bool sigue_documento = false;
     /// Falso si se abandonó.
     bool componga(const Avance& avance = {});
 
 private:
-    /// Fila de la que un texto toma sus columnas.
-    enum class Mira { Actual, Previa };
-    struct Acumulado {
-        int nivel;
-        int columna; ///< -1: cuenta filas
-        Moneda suma;
-    };
-
-    [[noreturn]] void falle(int renglon, const QString& que) const;
-    int columna(const QString& nombre, int renglon);
-    int acumulado(int nivel, int columna);
-    void ate(Banda& banda);
-    void ate(Item& item, int nivel);
-
-    bool lea_fila(bool primera);
-    int nivel_roto() const;
-    void acumule();
+    void recorra();
+    void comience_seccion();
     void cierre_grupos(int nivel);
     void abra_grupos(int nivel);
     void detalle();
+    void finales();
 
+    void pase(const BloqueHoja& primero);
     void hoja_nueva(int grupos_hasta);
     void termine_hoja();
-    bool cabe(double alto) const { return y_ + alto <= fondo_ + 0.001; }
-    void imprima_todas(TipoBanda tipo, Mira mira);
-    void imprima(const Banda& banda, Mira mira, bool sigue = false);
-    double alto_de(const Banda& banda, Mira mira);
-    bool condicion(const Banda& banda, Mira mira) const;
-    const Valor& dato(int columna, Mira mira) const;
-    QString texto_de(const Item& item, Mira mira, bool sigue);
-    QString formatee(const Valor& valor, const Item& item) const;
-    Moneda evalue(const QVector<Sumando>& formula, Mira mira) const;
-    const QFontMetricsF& medidas(int estilo);
-    QString ajuste(const QString& texto, int estilo, double ancho);
+    void fija(const Banda& banda, bool sigue = false);
+    void coloque(const Banda& banda, int repite);
+    /// Las de la sección que no están por fuera y se imprimen con la fila en curso; `nivel`
+    /// negativo, las de cualquiera.
+    template <class F> void con_bandas(TipoBanda tipo, int nivel, F f);
 
-    const Proyecto& proyecto_;
-    Reporte reporte_;
     const Variables& variables_;
-    DatosInforme& datos_;
+    Fuentes fuentes_;
+    Reporte reporte_;
     Hojas& hojas_;
+    DatosReporte datos_;
+    Dibujante dibujante_;
+    Paginador paginador_;
     Avance avance_;
+    int seccion_ = 0;
     bool abandonado_ = false;
     bool hubo_grupo_ = false;
-    bool en_detalle_ = false;
-
-    QVector<int> usadas_;           ///< posición en los datos de cada columna que se usa
-    QMap<QString, int> por_nombre_; ///< y cuál es, por nombre en mayúsculas
-    QVector<Valor> fila_, previa_;
-    QVector<Acumulado> acumulados_;
-    std::unordered_map<const Item*, QString> ultimo_; ///< de los que no se repiten
-
-    double y_ = 0, fondo_ = 0;
+    bool sumas_en_hoja_ = false; ///< un encabezado o un pie lleva lo acumulado
+    double y_ = 0;               ///< por dónde van los encabezados
+    double baja_ = 0;            ///< dónde se superpone una banda sin alto
     bool en_hoja_ = false, primera_hoja_ = true;
-    QVector<int> estilos_; ///< del proyecto a las hojas
-    struct Medida {
-        QFontMetricsF letra;
-        std::array<float, 256> anchos;
-    };
-    std::unordered_map<int, Medida> medidas_;
 };
 
 } // namespace informes

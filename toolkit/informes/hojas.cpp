@@ -1,37 +1,62 @@
 #include "toolkit/informes/hojas.h"
 
+#include "toolkit/informes/letra.h"
+
+#include <QBuffer>
 #include <QCryptographicHash>
-#include <QDataStream>
 #include <QDir>
 #include <QFont>
 #include <QHash>
+#include <QImageReader>
 #include <QPainter>
 #include <QTemporaryFile>
+#include <cstring>
 
 namespace informes {
 
 namespace {
 
-QDataStream& operator<<(QDataStream& s, const Trazo& t) {
-    s << quint8(t.clase) << float(t.lugar.x()) << float(t.lugar.y()) << float(t.lugar.width())
-      << float(t.lugar.height()) << t.recurso << quint8(quint8(t.lado) | (t.parte ? 16 : 0))
-      << t.grosor;
-    if (t.clase == Trazo::Texto || t.clase == Trazo::Caja)
-        s << t.texto;
-    return s;
+constexpr int kImagenesALaMano = 32 * 1024; // KB de imágenes decodificadas
+// Lugar de un texto pendiente: su número entre las dos marcas.
+constexpr QChar kAbrePendiente{0xE001}, kCierraPendiente{0xE002};
+
+struct Cabeza {
+    float x, y, ancho, alto, grosor;
+    quint16 recurso;
+    quint8 clase, lado;
+    quint32 largo;
+};
+
+void agregue(QByteArray& pagina, const Trazo& t) {
+    const bool con_texto = t.clase == Trazo::Texto || t.clase == Trazo::Caja;
+    const Cabeza c{
+        float(t.lugar.x()),      float(t.lugar.y()), float(t.lugar.width()),
+        float(t.lugar.height()), t.grosor,           t.recurso,
+        quint8(t.clase),         quint8(t.lado),     con_texto ? quint32(t.texto.size()) : 0};
+    pagina.append(reinterpret_cast<const char*>(&c), sizeof c);
+    pagina.append(reinterpret_cast<const char*>(t.texto.constData()),
+                  qsizetype(c.largo * sizeof(QChar)));
 }
 
-QDataStream& operator>>(QDataStream& s, Trazo& t) {
-    quint8 clase = 0, lado = 0;
-    float x = 0, y = 0, ancho = 0, alto = 0;
-    s >> clase >> x >> y >> ancho >> alto >> t.recurso >> lado >> t.grosor;
-    t.clase = Trazo::Clase(clase);
-    t.lugar = QRectF(x, y, ancho, alto);
-    t.lado = Lado(lado & 15);
-    t.parte = lado & 16;
-    if (t.clase == Trazo::Texto || t.clase == Trazo::Caja)
-        s >> t.texto;
-    return s;
+/// Lee el trazo que empieza en `i` y avanza. Falso si los bytes no alcanzan.
+bool lea_trazo(const QByteArray& bytes, qsizetype& i, Trazo& t) {
+    Cabeza c;
+    if (bytes.size() - i < qsizetype(sizeof c))
+        return false;
+    std::memcpy(&c, bytes.constData() + i, sizeof c);
+    i += qsizetype(sizeof c);
+    const qsizetype largo = qsizetype(c.largo * sizeof(QChar));
+    if (bytes.size() - i < largo)
+        return false;
+    t.clase = Trazo::Clase(c.clase);
+    t.lugar = QRectF(double(c.x), double(c.y), double(c.ancho), double(c.alto));
+    t.recurso = c.recurso;
+    t.lado = Lado(c.lado);
+    t.grosor = c.grosor;
+    t.texto.resize(c.largo);
+    std::memcpy(t.texto.data(), bytes.constData() + i, size_t(largo));
+    i += largo;
+    return true;
 }
 
 template <class T> int indice_de(QVector<T>& todos, const T& uno) {
@@ -44,7 +69,7 @@ template <class T> int indice_de(QVector<T>& todos, const T& uno) {
 
 } // namespace
 
-Hojas::Hojas() : archivo_(std::make_unique<QTemporaryFile>()) {
+Hojas::Hojas() : archivo_(std::make_unique<QTemporaryFile>()), a_la_mano_(kImagenesALaMano) {
     archivo_->setFileTemplate(QDir::tempPath() + QStringLiteral("/informe-XXXXXX"));
 }
 Hojas::~Hojas() = default;
@@ -54,15 +79,35 @@ int Hojas::estilo(const Estilo& estilo) {
 }
 
 int Hojas::imagen(const QImage& imagen) {
-    QCryptographicHash suma(QCryptographicHash::Sha1);
-    suma.addData(QByteArrayView(imagen.constBits(), imagen.sizeInBytes()));
-    const QByteArray huella = suma.result();
-    const auto i = huellas_.indexOf(huella);
-    if (i >= 0)
-        return int(i);
-    huellas_ << huella;
-    imagenes_ << imagen;
+    QByteArray bytes;
+    QBuffer bufer(&bytes);
+    bufer.open(QIODevice::WriteOnly);
+    imagen.save(&bufer, "PNG");
+    return this->imagen(bytes);
+}
+
+int Hojas::imagen(const QByteArray& archivo) {
+    const QByteArray huella = QCryptographicHash::hash(archivo, QCryptographicHash::Sha1);
+    for (int i = 0; i < imagenes_.size(); ++i)
+        if (imagenes_[i].huella == huella)
+            return i;
+    QBuffer bufer;
+    bufer.setData(archivo);
+    bufer.open(QIODevice::ReadOnly);
+    const QImage imagen = QImageReader(&bufer).read();
+    if (imagen.isNull())
+        return -1;
+    imagenes_ << Guardada{huella, escriba(archivo), archivo.size(), imagen.size()};
     return int(imagenes_.size()) - 1;
+}
+
+QImage Hojas::imagen_de(int numero) const {
+    if (const QImage* guardada = a_la_mano_.object(numero))
+        return *guardada;
+    const Guardada& g = imagenes_[numero];
+    const QImage imagen = QImage::fromData(lea_bytes(g.desde, g.largo));
+    a_la_mano_.insert(numero, new QImage(imagen), qMax(1, int(imagen.sizeInBytes() / 1024)));
+    return imagen;
 }
 
 void Hojas::comience_documento() {
@@ -81,53 +126,76 @@ int Hojas::pagina_del_documento() const {
     return primeras_.isEmpty() ? 1 : paginas() - primeras_.last();
 }
 
-namespace {
-void agregue(QByteArray& pagina, const Trazo& trazo) {
-    QDataStream s(&pagina, QIODevice::Append);
-    s << trazo;
+void Hojas::trazo(const Trazo& trazo) {
+    agregue(pagina_, trazo);
 }
-} // namespace
 
-void Hojas::texto(const QRectF& lugar, const QString& texto, int estilo, Lado lado, bool parte) {
+void Hojas::texto(const QRectF& lugar, const QString& texto, int estilo, Lado lado) {
     if (!texto.isEmpty())
-        agregue(pagina_, {Trazo::Texto, lugar, quint16(estilo), lado, parte, 0, texto});
+        trazo({Trazo::Texto, lugar, quint16(estilo), lado, 0, texto});
 }
 
 void Hojas::linea(QPointF desde, QPointF hasta, double grosor) {
-    agregue(pagina_, {Trazo::Linea,
-                      QRectF(desde, QSizeF(hasta.x() - desde.x(), hasta.y() - desde.y())),
-                      0,
-                      Lado::Izquierda,
-                      false,
-                      float(grosor),
-                      {}});
+    const QSizeF avance(hasta.x() - desde.x(), hasta.y() - desde.y());
+    trazo({Trazo::Linea, QRectF(desde, avance), 0, Lado::Izquierda, float(grosor), {}});
 }
 
 void Hojas::caja(const QRectF& lugar, double grosor, const QString& relleno) {
-    agregue(pagina_, {Trazo::Caja, lugar, 0, Lado::Izquierda, false, float(grosor), relleno});
+    trazo({Trazo::Caja, lugar, 0, Lado::Izquierda, float(grosor), relleno});
 }
 
 void Hojas::imagen(const QRectF& lugar, int imagen) {
-    agregue(pagina_, {Trazo::Imagen, lugar, quint16(imagen), Lado::Izquierda, false, 0, {}});
+    if (imagen >= 0)
+        trazo({Trazo::Imagen, lugar, quint16(imagen), Lado::Izquierda, 0, {}});
+}
+
+qint64 Hojas::escriba(const QByteArray& bytes) {
+    if ((!archivo_->isOpen() && !archivo_->open()) || !archivo_->seek(final_) ||
+        archivo_->write(bytes) != bytes.size() || !archivo_->flush())
+        throw ErrorInforme(QStringLiteral("No se pudo preparar el informe en \"%1\": no hay "
+                                          "espacio o permiso para escribir. Libere espacio en el "
+                                          "disco y vuelva a imprimir.")
+                               .arg(QDir::toNativeSeparators(QDir::tempPath())));
+    const qint64 desde = final_;
+    final_ += bytes.size();
+    return desde;
+}
+
+QByteArray Hojas::lea_bytes(qint64 desde, qint64 largo) const {
+    archivo_->seek(desde);
+    return archivo_->read(largo);
 }
 
 void Hojas::termine_pagina() {
     if (!abierta_)
         return;
     abierta_ = false;
-    const auto falle = [this] {
-        throw ErrorInforme(
-            QStringLiteral("No se pudo preparar el informe en \"%1\": %2. "
-                           "Libere espacio en el disco y vuelva a imprimir.")
-                .arg(QDir::toNativeSeparators(QDir::tempPath()), archivo_->errorString()));
-    };
-    if ((!archivo_->isOpen() && !archivo_->open()) || !archivo_->seek(final_) ||
-        archivo_->write(pagina_) != pagina_.size() || !archivo_->flush())
-        falle();
+    hojas_.last().desde = escriba(pagina_);
     hojas_.last().largo = quint32(pagina_.size());
-    final_ += pagina_.size();
     pagina_.clear();
 }
+
+// ---------------------------------------------------------------- textos pendientes
+
+QString Hojas::pendiente() {
+    pendientes_ << std::pair<qint64, int>{0, 0};
+    return kAbrePendiente + QString::number(pendientes_.size() - 1) + kCierraPendiente;
+}
+
+void Hojas::resuelva(const QString& pendiente, const QString& texto) {
+    const QByteArray bytes = texto.toUtf8();
+    pendientes_[pendiente.mid(1).chopped(1).toInt()] = {escriba(bytes), int(bytes.size())};
+}
+
+void Hojas::reemplace_pendientes(QString& texto) const {
+    for (qsizetype i; (i = texto.indexOf(kAbrePendiente)) >= 0;) {
+        const qsizetype fin = texto.indexOf(kCierraPendiente, i);
+        const auto [desde, largo] = pendientes_[texto.mid(i + 1, fin - i - 1).toInt()];
+        texto.replace(i, fin - i + 1, QString::fromUtf8(lea_bytes(desde, largo)));
+    }
+}
+
+// ---------------------------------------------------------------- lectura
 
 Papel Hojas::papel(int pagina) const {
     return papeles_[hojas_[pagina].papel];
@@ -135,33 +203,22 @@ Papel Hojas::papel(int pagina) const {
 
 QVector<Trazo> Hojas::lea(int pagina) const {
     const Hoja& hoja = hojas_[pagina];
-    archivo_->seek(hoja.desde);
-    const QByteArray bytes = archivo_->read(hoja.largo);
+    const QByteArray bytes = lea_bytes(hoja.desde, hoja.largo);
     const int siguiente =
         hoja.documento + 1 < primeras_.size() ? primeras_[hoja.documento + 1] : paginas();
     const QString total = QString::number(siguiente - primeras_[hoja.documento]);
     QVector<Trazo> trazos;
-    QDataStream s(bytes);
-    while (!s.atEnd()) {
+    for (qsizetype i = 0; i < bytes.size();) {
         Trazo t;
-        s >> t;
-        if (s.status() != QDataStream::Ok)
+        if (!lea_trazo(bytes, i, t))
             throw ErrorInforme(QStringLiteral("El archivo provisional del informe está dañado."));
-        if (t.clase == Trazo::Texto && t.texto.contains(kTotalPaginas))
+        if (t.clase == Trazo::Texto) {
             t.texto.replace(kTotalPaginas, total);
+            reemplace_pendientes(t.texto);
+        }
         trazos << t;
     }
     return trazos;
-}
-
-QFont letra_de(const Estilo& estilo) {
-    QFont letra(estilo.letra.isEmpty() ? QStringLiteral("Liberation Sans") : estilo.letra);
-    constexpr double kMilimetrosPorPunto = 25.4 / 72;
-    letra.setPixelSize(qMax(1, qRound(estilo.cuerpo * kMilimetrosPorPunto * kPorMilimetro)));
-    letra.setBold(estilo.negrita);
-    letra.setItalic(estilo.cursiva);
-    letra.setHintingPreference(QFont::PreferNoHinting);
-    return letra;
 }
 
 namespace {
@@ -173,14 +230,7 @@ QRectF en_unidades(const QRectF& mm) {
 void pinte_texto(QPainter& pintor, const Trazo& t) {
     const QRectF lugar = en_unidades(t.lugar);
     const QFontMetricsF medidas = pintor.fontMetrics();
-    int banderas = t.lado == Lado::Derecha  ? Qt::AlignRight
-                   : t.lado == Lado::Centro ? Qt::AlignHCenter
-                                            : Qt::AlignLeft;
-    if (t.parte) {
-        pintor.drawText(lugar, banderas | Qt::AlignTop | Qt::TextWordWrap, t.texto);
-        return;
-    }
-    // Un renglón: se pone por su línea de base, que en filas vecinas queda a la misma altura.
+    // Se pone por su línea de base, que en filas vecinas queda a la misma altura.
     double x = lugar.x();
     if (t.lado != Lado::Izquierda) {
         const double sobra = lugar.width() - medidas.horizontalAdvance(t.texto);

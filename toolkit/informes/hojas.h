@@ -7,23 +7,22 @@
 // papel.
 #include "toolkit/informes/definicion.h"
 
+#include <QCache>
 #include <QImage>
 #include <QRectF>
 #include <memory>
 
 class QPainter;
 class QTemporaryFile;
-class QFont;
 
 namespace informes {
 
-/// Lo que se dibuja en una hoja.
+/// Lo que se dibuja en una hoja. Un texto es siempre de un renglón.
 struct Trazo {
     enum Clase : quint8 { Texto, Linea, Caja, Imagen } clase = Texto;
     QRectF lugar;        ///< de una línea, su avance: el ancho y el alto pueden ser negativos
     quint16 recurso = 0; ///< estilo o imagen
     Lado lado = Lado::Izquierda;
-    bool parte = false; ///< texto en varios renglones dentro del lugar
     float grosor = 0;
     QString texto; ///< de una caja, el color de su relleno
 };
@@ -41,11 +40,13 @@ public:
     // --- escritura
     int estilo(const Estilo& estilo);
     int imagen(const QImage& imagen);
+    /// Una imagen como llegó (PNG, JPEG, BMP); -1 si no se puede leer.
+    int imagen(const QByteArray& archivo);
     /// Otro documento dentro del mismo trabajo: sus páginas se numeran desde 1.
     void comience_documento();
     void comience_pagina(const Papel& papel);
-    void texto(const QRectF& lugar, const QString& texto, int estilo, Lado lado = Lado::Izquierda,
-               bool parte = false);
+    void trazo(const Trazo& trazo);
+    void texto(const QRectF& lugar, const QString& texto, int estilo, Lado lado = Lado::Izquierda);
     void linea(QPointF desde, QPointF hasta, double grosor);
     void caja(const QRectF& lugar, double grosor, const QString& relleno = {});
     void imagen(const QRectF& lugar, int imagen);
@@ -53,13 +54,17 @@ public:
     void termine_pagina();
     /// Número de la página en curso dentro de su documento, desde 1.
     int pagina_del_documento() const;
+    /// Texto que se sabrá después: el que se escribe ahora ocupa su lugar en las hojas.
+    QString pendiente();
+    void resuelva(const QString& pendiente, const QString& texto);
 
     // --- lectura
     int paginas() const { return int(hojas_.size()); }
     Papel papel(int pagina) const; ///< 0-based
     QVector<Trazo> lea(int pagina) const;
     const Estilo& estilo_de(int numero) const { return estilos_[numero]; }
-    const QImage& imagen_de(int numero) const { return imagenes_[numero]; }
+    QImage imagen_de(int numero) const;
+    QSize tamano_imagen(int numero) const { return imagenes_[numero].tamano; }
 
 private:
     struct Hoja {
@@ -68,22 +73,31 @@ private:
         quint16 papel;
         qint32 documento;
     };
+    struct Guardada {
+        QByteArray huella;
+        qint64 desde;
+        qint64 largo;
+        QSize tamano;
+    };
+    qint64 escriba(const QByteArray& bytes);
+    QByteArray lea_bytes(qint64 desde, qint64 largo) const;
+    void reemplace_pendientes(QString& texto) const;
+
     std::unique_ptr<QTemporaryFile> archivo_;
     QVector<Hoja> hojas_;
     QVector<Papel> papeles_;
     QVector<Estilo> estilos_;
-    QVector<QImage> imagenes_;
-    QVector<QByteArray> huellas_;
-    QVector<int> primeras_; ///< primera página de cada documento
-    QByteArray pagina_;     ///< la que se escribe
+    QVector<Guardada> imagenes_;
+    mutable QCache<int, QImage> a_la_mano_;      ///< las últimas que se dibujaron
+    QVector<std::pair<qint64, int>> pendientes_; ///< dónde quedó cada texto y su largo
+    QVector<int> primeras_;                      ///< primera página de cada documento
+    QByteArray pagina_;                          ///< la que se escribe
     qint64 final_ = 0;
     bool abierta_ = false;
 };
 
 /// Unidades de dibujo por milímetro: las letras se miden con enteros sin perder precisión.
 constexpr int kPorMilimetro = 100;
-/// Letra de un estilo en unidades de dibujo.
-QFont letra_de(const Estilo& estilo);
 /// Dibuja una hoja. `escala`: unidades del dispositivo por milímetro.
 void pinte_hoja(QPainter& pintor, const Hojas& hojas, int pagina, double escala);
 

@@ -8,16 +8,15 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProgressDialog>
+#include <QScopeGuard>
 
 using namespace informes;
 
-namespace {
-
 /// "Generando página %p" mientras se compone, con la salida que abandona el informe. Un informe
 /// corto no llega a mostrarlo.
-class AvanceHojas {
+class MotorInformes::Avance {
 public:
-    explicit AvanceHojas(QWidget* ventana)
+    explicit Avance(QWidget* ventana)
         : dialogo_(QStringLiteral("Generando página 1"), QStringLiteral("Cancelar"), 0, 0,
                    ventana) {
         dialogo_.setObjectName(QStringLiteral("avance_informe"));
@@ -47,8 +46,6 @@ private:
     bool mostrado_ = false;
 };
 
-} // namespace
-
 MotorInformes::MotorInformes(QWidget* ventana) : ventana_(ventana) {}
 MotorInformes::~MotorInformes() = default;
 
@@ -65,6 +62,13 @@ void MotorInformes::fijar_parametro(const QString& nombre, const QString& valor)
 
 void MotorInformes::fijar_imagen(const QString& nombre, const QImage& imagen) {
     variables_.imagenes[nombre] = imagen;
+}
+
+void MotorInformes::fijar_letras(const QString& moneda, const QString& fraccion,
+                                 const QString& final) {
+    variables_.moneda = moneda;
+    variables_.fraccion = fraccion;
+    variables_.final_letras = final;
 }
 
 void MotorInformes::conecte(const QString& conexion, ConjuntoDatos& conjunto) {
@@ -88,111 +92,166 @@ void MotorInformes::fijar_texto(const QString& pagina, const QString& item, cons
     if (!encontrado)
         throw ErrorInforme(
             QStringLiteral("La página %1 no tiene el texto \"%2\".").arg(pagina, item));
+    // También en lugar de un dato: desde ahora es un texto.
+    encontrado->clase = Item::Texto;
+    encontrado->formula = {};
     encontrado->pedazos = {{Pedazo::Literal, texto}};
 }
 
 void MotorInformes::fijar_grupo(const QString& pagina, const QString& banda,
                                 const QString& columna) {
-    Banda* encontrada = reporte_de(pagina).banda(banda);
-    if (!encontrada)
+    Reporte& reporte = reporte_de(pagina);
+    const QStringList columnas = columna.split(QLatin1Char(','), Qt::SkipEmptyParts);
+    if (Banda* b = reporte.banda(banda)) {
+        b->omitida = columna.isEmpty();
+        if (!columna.isEmpty() && b->grupo >= 0)
+            reporte.grupos[b->grupo].columnas = columnas;
+        return;
+    }
+    Grupo* grupo = reporte.grupo(banda);
+    if (!grupo)
         throw ErrorInforme(
             QStringLiteral("La página %1 no tiene la banda \"%2\".").arg(pagina, banda));
-    encontrada->omitida = columna.isEmpty();
-    encontrada->columnas = columna.split(QLatin1Char(','));
+    grupo->columnas = columnas;
+    for (Banda& b : reporte.bandas)
+        if (b.grupo >= 0 && &reporte.grupos[b.grupo] == grupo)
+            b.omitida = columna.isEmpty();
 }
 
 QString MotorInformes::titulo() const {
     return variables_.textos.value(QStringLiteral("Titulo"), nombre_archivo);
 }
 
-bool MotorInformes::ejecutar() {
+// ---------------------------------------------------------------- composición
+
+bool MotorInformes::componga(Hojas& hojas, const Compositor::Avance& avance) {
     if (!proyecto_)
         throw ErrorInforme(QStringLiteral("No hay un proyecto de informes abierto."));
     const Reporte* reporte = proyecto_->reporte(seleccionado_);
     if (!reporte)
         throw ErrorInforme(QStringLiteral("El proyecto de informes \"%1\" no tiene el reporte %2.")
                                .arg(QFileInfo(proyecto_->ruta).fileName(), seleccionado_));
-    ConjuntoDatos* conjunto = conexiones_.value(reporte->conexion.toUpper());
-    if (!conjunto)
-        throw ErrorInforme(QStringLiteral("El reporte %1 lee la conexión %2, que no está.")
-                               .arg(reporte->nombre, reporte->conexion));
-    return corra([&](Hojas& hojas, const Compositor::Avance& avance) {
-        DatosConjunto datos(*conjunto);
-        return Compositor(*proyecto_, *reporte, variables_, datos, hojas).componga(avance);
-    });
+    std::vector<std::unique_ptr<DatosConjunto>> filas;
+    Fuentes fuentes;
+    for (auto i = conexiones_.constBegin(); i != conexiones_.constEnd(); ++i) {
+        filas.push_back(std::make_unique<DatosConjunto>(**i));
+        fuentes.insert(i.key(), filas.back().get());
+    }
+    Compositor compositor(*proyecto_, *reporte, variables_, fuentes, hojas);
+    compositor.sigue_documento = !en_lote_ && hojas.paginas() > 0;
+    return compositor.componga(avance);
 }
 
-bool MotorInformes::ejecutar_trabajo(const Trabajo& trabajo) {
-    return corra([&](Hojas& hojas, const Compositor::Avance& avance) {
-        hojas.comience_documento();
-        trabajo(hojas);
-        return !avance || avance(hojas.paginas());
-    });
-}
-
-bool MotorInformes::pida_opciones() {
-    static OpcionesReporte::Destino ultimo = OpcionesReporte::Vista;
-    if (!vista_previa && ultimo == OpcionesReporte::Vista)
-        ultimo = OpcionesReporte::Impresora;
-    opciones_ = {};
-    opciones_.destino =
-        vista_previa || ultimo != OpcionesReporte::Vista ? ultimo : OpcionesReporte::Impresora;
-    DialogoOpciones dialogo(opciones_, nombre_archivo, false, ventana_);
-    if (dialogo.exec() != QDialog::Accepted)
+bool MotorInformes::agregue() {
+    if (en_lote_ && lote_cancelado_)
         return false;
-    opciones_ = dialogo.opciones();
-    ultimo = opciones_.destino;
+    if (!documento_)
+        documento_ = std::make_unique<Hojas>();
+    bool completo = false;
+    const auto descarte = qScopeGuard([&] {
+        if (!completo && !en_lote_)
+            documento_.reset();
+    });
+    if (en_lote_) {
+        completo = componga(*documento_, std::ref(*avance_lote_));
+        lote_cancelado_ = !completo;
+    } else {
+        Avance avance(ventana_);
+        completo = componga(*documento_, std::ref(avance));
+    }
+    return completo;
+}
+
+bool MotorInformes::ejecutar() {
+    return agregue() && (en_lote_ || saque_documento());
+}
+
+bool MotorInformes::saque_documento() {
+    if (!documento_)
+        return false;
+    const std::unique_ptr<Hojas> hojas = std::move(documento_);
+    if (al_componer)
+        al_componer();
+    if (!pida_opciones())
+        return false;
+    saque(*hojas);
     return true;
 }
 
-bool MotorInformes::corra(const std::function<bool(Hojas&, const Compositor::Avance&)>& componga) {
-    if (lote_) {
-        if (!lote_pedido_) {
-            lote_pedido_ = true;
-            lote_cancelado_ = !pida_opciones();
-            avance_lote_ = [avance = std::make_shared<AvanceHojas>(ventana_)](int pagina) {
-                return (*avance)(pagina);
-            };
-        }
-        if (!lote_cancelado_)
-            lote_cancelado_ = !componga(*lote_, avance_lote_);
+void MotorInformes::ejecutar_en(const QString& ruta, FormatoArchivo formato) {
+    std::unique_ptr<Hojas> hojas = std::move(documento_);
+    if (!hojas)
+        hojas = std::make_unique<Hojas>();
+    componga(*hojas, {});
+    grabe(*hojas, formato, ruta, todas(*hojas), titulo());
+}
+
+bool MotorInformes::ejecutar_trabajo(const Trabajo& trabajo) {
+    if (en_lote_) {
+        documento_->comience_documento();
+        trabajo(*documento_);
+        lote_cancelado_ = !(*avance_lote_)(documento_->paginas());
         return !lote_cancelado_;
     }
     if (!pida_opciones())
         return false;
     Hojas hojas;
-    {
-        AvanceHojas avance(ventana_);
-        if (!componga(hojas, std::ref(avance)))
-            return false;
-    }
+    hojas.comience_documento();
+    trabajo(hojas);
+    if (al_componer)
+        al_componer();
     saque(hojas);
     return true;
 }
 
-void MotorInformes::comience_lote() {
-    lote_ = std::make_unique<Hojas>();
-    lote_pedido_ = lote_cancelado_ = false;
+bool MotorInformes::comience_lote() {
+    if (!pida_opciones())
+        return false;
+    documento_ = std::make_unique<Hojas>();
+    avance_lote_ = std::make_unique<Avance>(ventana_);
+    en_lote_ = true;
+    lote_cancelado_ = false;
+    return true;
 }
 
 bool MotorInformes::termine_lote() {
-    avance_lote_ = {};
-    const std::unique_ptr<Hojas> hojas = std::move(lote_);
-    const bool hay = hojas && lote_pedido_ && !lote_cancelado_ && hojas->paginas() > 0;
-    if (hay)
-        saque(*hojas);
-    return hay;
+    en_lote_ = false;
+    avance_lote_.reset();
+    const std::unique_ptr<Hojas> hojas = std::move(documento_);
+    if (!hojas || lote_cancelado_ || hojas->paginas() == 0)
+        return false;
+    if (al_componer)
+        al_componer();
+    saque(*hojas);
+    return true;
+}
+
+// ---------------------------------------------------------------- salida
+
+bool MotorInformes::pida_opciones() {
+    static OpcionesReporte::Destino ultimo = OpcionesReporte::Vista;
+    opciones_ = {};
+    opciones_.destino = vista_previa ? ultimo : OpcionesReporte::Impresora;
+    DialogoOpciones dialogo(opciones_, nombre_archivo, false, ventana_);
+    if (dialogo.exec() != QDialog::Accepted)
+        return false;
+    opciones_ = dialogo.opciones();
+    // Lo que se imprime sin verlo antes no cambia lo que se propone a los demás informes.
+    if (vista_previa)
+        ultimo = opciones_.destino;
+    return true;
 }
 
 void MotorInformes::saque(const Hojas& hojas) {
     switch (opciones_.destino) {
     case OpcionesReporte::Vista: {
         VistaPreliminar vista(hojas, nombre_archivo, opciones_, ventana_);
+        vista.titulo = nombre_trabajo.isEmpty() ? titulo() : nombre_trabajo;
         vista.exec();
         break;
     }
     case OpcionesReporte::Impresora:
-        imprima_hojas(hojas, opciones_, 0);
+        imprima_hojas(hojas, opciones_, 0, nombre_trabajo.isEmpty() ? titulo() : nombre_trabajo);
         break;
     case OpcionesReporte::Archivo:
         grabe(hojas, opciones_.formato, opciones_.ruta, opciones_.rango(hojas.paginas(), 0),

@@ -11,9 +11,10 @@
 //     motor.ejecutar();
 //     motor.cerrar();
 //
-// `ejecutar` muestra "Opciones de impresión", compone las hojas recorriendo el conjunto una sola
-// vez y las lleva a la vista preliminar, la impresora o un archivo. Las fallas de plantilla, disco
-// o impresora salen como ErrorInforme o ErrorExportacion y no dejan nada a medias.
+// `ejecutar` compone las hojas recorriendo el conjunto una sola vez, avisa con `al_componer`,
+// muestra "Opciones de impresión" y las lleva a la vista preliminar, la impresora o un archivo.
+// Las fallas de plantilla, disco o impresora salen como ErrorInforme o ErrorExportacion y no dejan
+// nada a medias.
 #include "toolkit/informes/compositor.h"
 #include "toolkit/informes/opciones_impresion.h"
 
@@ -30,35 +31,53 @@ public:
     bool vista_previa = true;
     /// Nombre que se sugiere al grabar, sin extensión.
     QString nombre_archivo = QStringLiteral("Informe");
+    /// Nombre del trabajo en la cola de la impresora; vacío, el título del informe.
+    QString nombre_trabajo;
+    /// Las hojas ya están y falta mostrarlas: aquí se sueltan las filas, para que nadie tenga
+    /// abierta una foto de la base mientras lee.
+    std::function<void()> al_componer;
 
     /// Abre la plantilla del disco (la propia de la compañía) o, si no está, la del programa.
     void abrir_proyecto(const QString& ruta);
     void fijar_parametro(const QString& nombre, const QString& valor);
     void fijar_imagen(const QString& nombre, const QImage& imagen);
+    /// De los importes en letras.
+    void fijar_letras(const QString& moneda, const QString& fraccion, const QString& final);
     /// El conjunto que la plantilla conoce con ese nombre de conexión.
     void conecte(const QString& conexion, ConjuntoDatos& conjunto);
     void seleccionar_reporte(const QString& nombre);
     /// Los tres lanzan ErrorInforme si la página, el item o la banda no están en el proyecto.
     void fijar_texto(const QString& pagina, const QString& item, const QString& texto);
-    /// Una columna vacía deja la banda por fuera.
+    /// `banda`: una banda, o un grupo declarado en el reporte. La columna (o las columnas) pasa a
+    /// todas las bandas que comparten el grupo; vacía, deja por fuera la banda, o las del grupo.
     void fijar_grupo(const QString& pagina, const QString& banda, const QString& columna);
     /// Falso si el usuario canceló.
     bool ejecutar();
+    /// Compone el reporte al final del documento, sin sacarlo: sus páginas siguen la numeración de
+    /// las que ya hay. Falso si el usuario lo abandonó, y entonces no queda documento.
+    bool agregue();
+    /// Pide las opciones y saca lo agregado. Falso si el usuario canceló.
+    bool saque_documento();
+    /// Graba el informe en ese archivo, sin preguntar nada.
+    void ejecutar_en(const QString& ruta,
+                     informes::FormatoArchivo formato = informes::FormatoArchivo::Pdf);
     void cerrar();
 
-    /// Documento dibujado por el cliente en vez de por una plantilla.
+    /// Documento dibujado por el cliente en vez de por una plantilla. Las opciones se piden antes:
+    /// el papel que se escoja es el de sus hojas.
     using Trabajo = std::function<void(informes::Hojas&)>;
     bool ejecutar_trabajo(const Trabajo& trabajo);
 
-    /// Impresión de varios documentos como uno solo: las opciones se piden una vez, antes del
-    /// primero, y `termine_lote` los saca juntos. Falso si no se imprimió nada.
-    void comience_lote();
+    /// Impresión de varios documentos como uno solo: las opciones se piden una vez, ahora (falso si
+    /// el usuario canceló), y `termine_lote` los saca juntos. Falso si no se imprimió nada.
+    bool comience_lote();
     bool termine_lote();
 
 private:
+    class Avance;
     informes::Reporte& reporte_de(const QString& pagina);
+    bool componga(informes::Hojas& hojas, const informes::Compositor::Avance& avance);
     bool pida_opciones();
-    bool corra(const std::function<bool(informes::Hojas&, const informes::Compositor::Avance&)>& f);
     void saque(const informes::Hojas& hojas);
     QString titulo() const;
 
@@ -68,7 +87,7 @@ private:
     informes::Variables variables_;
     QMap<QString, ConjuntoDatos*> conexiones_;
     informes::OpcionesReporte opciones_;
-    std::unique_ptr<informes::Hojas> lote_;
-    informes::Compositor::Avance avance_lote_;
-    bool lote_pedido_ = false, lote_cancelado_ = false;
+    std::unique_ptr<informes::Hojas> documento_; ///< lo agregado y sin sacar
+    bool en_lote_ = false, lote_cancelado_ = false;
+    std::unique_ptr<Avance> avance_lote_;
 };

@@ -3,10 +3,10 @@
 #include "toolkit/exportacion/archivo_salida.h"
 
 #include <QDir>
+#include <QFileDevice>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
-#include <QSaveFile>
 #include <algorithm>
 
 namespace informes {
@@ -29,36 +29,30 @@ QPageLayout hoja_de(const Papel& papel) {
 }
 
 void grabe_pdf(const Hojas& hojas, const QString& ruta, Rango rango, const QString& titulo) {
-    const auto falle = [&](const QString& por_que) {
-        throw ErrorInforme(QStringLiteral("No se pudo grabar \"%1\": %2")
-                               .arg(QDir::toNativeSeparators(ruta), por_que));
-    };
-    QSaveFile archivo(ruta);
-    if (!archivo.open(QIODevice::WriteOnly))
-        falle(archivo.errorString());
+    ArchivoSalida salida(ruta);
     {
-        QPdfWriter pdf(&archivo);
+        QPdfWriter pdf(salida.dispositivo());
         pdf.setTitle(titulo);
         pdf.setCreator(QStringLiteral("Contabilidad"));
         pdf.setResolution(1200);
         pdf.setPageLayout(hoja_de(hojas.papel(rango.desde)));
         QPainter pintor;
         if (!pintor.begin(&pdf))
-            falle(archivo.errorString());
+            throw ErrorInforme(QStringLiteral("No se pudo preparar el PDF \"%1\".")
+                                   .arg(QDir::toNativeSeparators(ruta)));
         for (int p = rango.desde; p <= rango.hasta; ++p) {
             if (p > rango.desde) {
                 pdf.setPageLayout(hoja_de(hojas.papel(p)));
                 pdf.newPage();
             }
             pinte_hoja(pintor, hojas, p, pdf.resolution() / kMilimetrosPorPulgada);
-            if (archivo.error() != QFileDevice::NoError)
+            if (salida.dispositivo()->error() != QFileDevice::NoError)
                 break; // el resto de las hojas tampoco cabría
         }
         pintor.end();
     }
     // Dentro del escritor de PDF un disco lleno pasa callado: aquí se sabe.
-    if (!archivo.commit())
-        falle(archivo.errorString());
+    salida.confirme();
 }
 
 } // namespace
@@ -117,7 +111,7 @@ QVector<Renglon> renglones_de(const Hojas& hojas, int pagina) {
     QVector<Puesto> puestos;
     for (const Trazo& t : trazos)
         if (t.clase == Trazo::Texto)
-            puestos << Puesto{t.parte ? t.lugar.y() + 1 : t.lugar.center().y(), &t};
+            puestos << Puesto{t.lugar.center().y(), &t};
         else if (t.clase == Trazo::Linea && t.lugar.height() == 0 && t.lugar.width() > 20)
             puestos << Puesto{t.lugar.y(), &t};
     std::stable_sort(puestos.begin(), puestos.end(),

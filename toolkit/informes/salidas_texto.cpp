@@ -92,7 +92,7 @@ void escriba_html(const Hojas& hojas, ArchivoSalida& salida, Rango rango, const 
         QStringLiteral("<!DOCTYPE html>\n<html lang=\"es\"><head><meta charset=\"utf-8\">"
                        "<title>%1</title>\n<style>\n.hoja{margin:8mm auto;page-break-after:always}"
                        "\ntable{border-collapse:collapse;table-layout:fixed}\n"
-                       "td{padding:0;vertical-align:top;overflow:hidden;white-space:nowrap}\n"
+                       "td{padding:0;vertical-align:top;white-space:nowrap}\n"
                        "hr{border:0;border-top:1px solid #000;margin:1px 0}\n</style></head>"
                        "<body>\n")
             .arg(titulo.toHtmlEscaped()));

@@ -24,12 +24,14 @@ constexpr int kSeparacion = 16; // píxeles entre hojas
 constexpr int kTamanoMinimo = 25, kTamanoMaximo = 400;
 } // namespace
 
-void imprima_hojas(const Hojas& hojas, const OpcionesReporte& opciones, int actual) {
+void imprima_hojas(const Hojas& hojas, const OpcionesReporte& opciones, int actual,
+                   const QString& documento) {
     const Rango rango = opciones.rango(hojas.paginas(), actual);
     QPrinter impresora(QPrinter::HighResolution);
     prepare_impresora(impresora);
     if (!opciones.impresora.isEmpty() && impresora.outputFileName().isEmpty())
         impresora.setPrinterName(opciones.impresora);
+    impresora.setDocName(documento);
     impresora.setCopyCount(opciones.copias);
     impresora.setCollateCopies(opciones.intercalar);
     if (opciones.duplex)
@@ -296,16 +298,16 @@ void VistaPreliminar::imprima() {
         return;
     opciones = dialogo.opciones();
     if (opciones.destino == OpcionesReporte::Impresora)
-        imprima_hojas(hojas_, opciones, vista_->pagina());
+        imprima_hojas(hojas_, opciones, vista_->pagina(), titulo);
     else if (opciones.destino == OpcionesReporte::Archivo)
         grabe(hojas_, opciones.formato, opciones.ruta,
-              opciones.rango(hojas_.paginas(), vista_->pagina()), archivo_);
+              opciones.rango(hojas_.paginas(), vista_->pagina()), titulo);
 }
 
 void VistaPreliminar::guarde() {
     const QString ruta = pida_archivo(this, archivo_, FormatoArchivo::Pdf);
     if (!ruta.isEmpty())
-        grabe(hojas_, FormatoArchivo::Pdf, ruta, todas(hojas_), archivo_);
+        grabe(hojas_, FormatoArchivo::Pdf, ruta, todas(hojas_), titulo);
 }
 
 void VistaPreliminar::busque() {

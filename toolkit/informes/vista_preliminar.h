@@ -60,6 +60,8 @@ public:
     VistaPreliminar(const Hojas& hojas, const QString& archivo, const OpcionesReporte& opciones,
                     QWidget* padre);
 
+    QString titulo; ///< del documento que se imprime o se graba
+
 private:
     void imprima();
     void guarde();
@@ -76,7 +78,9 @@ private:
     QLabel* estado_;
 };
 
-/// Lleva las hojas a la impresora con las copias, el intercalado y el rango pedidos.
-void imprima_hojas(const Hojas& hojas, const OpcionesReporte& opciones, int actual);
+/// Lleva las hojas a la impresora con las copias, el intercalado y el rango pedidos. `documento`:
+/// su nombre en la cola.
+void imprima_hojas(const Hojas& hojas, const OpcionesReporte& opciones, int actual,
+                   const QString& documento);
 
 } // namespace informes

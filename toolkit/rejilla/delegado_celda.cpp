@@ -31,6 +31,13 @@ QRect DelegadoCelda::caja(const QRect& celda, const QWidget* vista) {
     return r;
 }
 
+int DelegadoCelda::sangria(const QModelIndex& indice) const {
+    if (!rejilla_.sangrada(indice.column()))
+        return 0;
+    return rejilla_.aspecto_de(indice.row()).nivel * 2 *
+           QFontMetrics(rejilla_.font()).averageCharWidth();
+}
+
 QColor DelegadoCelda::fondo(const QStyleOptionViewItem& opcion, const QModelIndex& indice) const {
     const QPalette& paleta = rejilla_.palette();
     const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(indice.row());
@@ -81,7 +88,7 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
         pintor->setFont(aspecto.letra);
         pintor->setPen(frente);
         const int aire = margen(medidas);
-        const QRect hueco = celda.adjusted(aire, 0, -aire, 0);
+        const QRect hueco = celda.adjusted(aire + sangria(indice), 0, -aire, 0);
         QString texto = modelo.texto(indice.row(), indice.column());
         const qsizetype salto = texto.indexOf('\n');
         if (salto >= 0)
@@ -113,7 +120,7 @@ QSize DelegadoCelda::sizeHint(const QStyleOptionViewItem&, const QModelIndex& in
     const QFontMetrics medidas(aspecto.letra);
     const int ancho =
         medidas.horizontalAdvance(rejilla_.modelo().texto(indice.row(), indice.column()));
-    return {ancho + 2 * margen(medidas) + 2, medidas.height()};
+    return {ancho + 2 * margen(medidas) + sangria(indice) + 2, medidas.height()};
 }
 
 bool DelegadoCelda::helpEvent(QHelpEvent* evento, QAbstractItemView* vista,

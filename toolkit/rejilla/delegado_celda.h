@@ -22,6 +22,7 @@ public:
     static QRect caja(const QRect& celda, const QWidget* vista);
 
 private:
+    int sangria(const QModelIndex& indice) const;
     QColor fondo(const QStyleOptionViewItem& opcion, const QModelIndex& indice) const;
 
     Rejilla& rejilla_;

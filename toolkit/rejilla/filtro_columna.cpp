@@ -1,17 +1,6 @@
 #include "toolkit/rejilla/filtro_columna.h"
 
-namespace {
-
-/// Sin tildes y en minúsculas: quien busca "bogota" encuentra "Bogotá".
-QString llano(const QString& texto) {
-    QString llano;
-    for (const QChar c : texto.normalized(QString::NormalizationForm_D))
-        if (c.category() != QChar::Mark_NonSpacing)
-            llano += c.toLower();
-    return llano;
-}
-
-} // namespace
+#include "toolkit/tecleo.h"
 
 FiltroColumna::FiltroColumna(const QString& expresion) {
     static const std::pair<QLatin1String, Operador> kOperadores[] = {
@@ -29,7 +18,7 @@ FiltroColumna::FiltroColumna(const QString& expresion) {
             t = t.mid(signo.size()).trimmed();
             break;
         }
-    texto_ = llano(t);
+    texto_ = texto_llano(t);
     if (!t.isEmpty())
         numero_ = Moneda::intente(t);
     // "<" a medio escribir no compara con nada.
@@ -41,7 +30,8 @@ bool FiltroColumna::cumple(const Valor& valor, const QString& presentado) const 
     if (operador_ == Operador::Ninguno)
         return true;
     if (operador_ == Operador::Contiene)
-        return llano(presentado).contains(texto_) || llano(valor.texto()).contains(texto_);
+        return texto_llano(presentado).contains(texto_) ||
+               texto_llano(valor.texto()).contains(texto_);
     const bool es_numero = std::holds_alternative<Moneda>(valor.dato()) ||
                            std::holds_alternative<qint64>(valor.dato());
     int orden = 0;
@@ -53,7 +43,7 @@ bool FiltroColumna::cumple(const Valor& valor, const QString& presentado) const 
     } else {
         if (valor.nulo() && operador_ != Operador::Distinto)
             return false;
-        orden = llano(presentado).compare(texto_);
+        orden = texto_llano(presentado).compare(texto_);
     }
     switch (operador_) {
     case Operador::Igual:

@@ -124,7 +124,8 @@ Qt::ItemFlags ModeloConjunto::flags(const QModelIndex& indice) const {
 }
 
 bool ModeloConjunto::canFetchMore(const QModelIndex& padre) const {
-    return !padre.isValid() && conjunto() && conjunto()->Active() && !conjunto()->completo();
+    return !padre.isValid() && conjunto() && conjunto()->Active() && !conjunto()->completo() &&
+           !conjunto()->cortada();
 }
 
 void ModeloConjunto::fetchMore(const QModelIndex&) {

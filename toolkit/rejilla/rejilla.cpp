@@ -18,6 +18,33 @@ namespace {
 constexpr int kFilasMedidas = 100;   ///< filas que deciden el ancho de una columna
 constexpr int kEsperaAnchosMs = 400; ///< el arrastre de un título se guarda una vez
 
+/// La cifra de más letras entre esas filas, sin dar formato a cada una: la mayor y la menor.
+int ancho_de_cifra(const Rejilla& rejilla, int columna, int desde, int hasta) {
+    const ModeloConjunto& modelo = rejilla.modelo();
+    int mayor = desde, menor = desde;
+    Moneda alta, baja;
+    for (int f = desde; f < hasta; ++f) {
+        const Moneda v = modelo.valor(f, columna).moneda();
+        if (v > alta)
+            alta = v, mayor = f;
+        if (v < baja)
+            baja = v, menor = f;
+    }
+    int ancho = 0;
+    for (const int f : {mayor, menor})
+        if (f < hasta)
+            ancho =
+                qMax(ancho, rejilla.itemDelegate()->sizeHint({}, modelo.index(f, columna)).width());
+    return ancho;
+}
+
+void haga_caber_cifras(Rejilla& rejilla, int desde, int hasta) {
+    for (int c = 0; c < rejilla.cuenta_columnas(); ++c)
+        if (rejilla.modelo().numerica(c) && !rejilla.isColumnHidden(c))
+            rejilla.setColumnWidth(
+                c, qMax(rejilla.columnWidth(c), ancho_de_cifra(rejilla, c, desde, hasta)));
+}
+
 } // namespace
 
 QString Rejilla::compania_impresa;
@@ -135,6 +162,7 @@ void Rejilla::rehaga_columnas(const QVector<DefinicionColumna>& definiciones) {
                 std::make_unique<ColumnaRejilla>(d, [this] { columna_cambiada(); }));
     });
     encabezado_->rehaga_filtros();
+    columna_sangrada_ = campo_sangrado_.isEmpty() ? -1 : columna_de(campo_sangrado_);
     campo_orden_.clear();
     encabezado_->setSortIndicatorShown(false);
     columna_cambiada();
@@ -145,7 +173,8 @@ void Rejilla::rehaga_columnas(const QVector<DefinicionColumna>& definiciones) {
 
 ColumnaRejilla& Rejilla::columna(int indice) const {
     if (indice < 0 || indice >= int(columnas_.size()))
-        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice));
+        throw ErrorDatos(QStringLiteral("List index out of bounds (%1)").arg(indice), {},
+                         QStringLiteral("La lista no tiene la columna %1.").arg(indice));
     return *columnas_[size_t(indice)];
 }
 
@@ -154,6 +183,13 @@ int Rejilla::columna_de(const QString& campo) const {
         if (columnas_[size_t(i)]->FieldName.compare(campo, Qt::CaseInsensitive) == 0)
             return i;
     return -1;
+}
+
+void Rejilla::sangre(const QString& campo, std::function<int(int fila)> nivel) {
+    campo_sangrado_ = campo;
+    nivel_ = std::move(nivel);
+    columna_sangrada_ = columna_de(campo_sangrado_);
+    viewport()->update();
 }
 
 void Rejilla::lista(int indice, const QStringList& textos, const QStringList& valores) {
@@ -198,6 +234,8 @@ void Rejilla::ajuste_anchos() {
         for (int f = 0; f < filas && !columna.casilla; ++f)
             contenido =
                 qMax(contenido, itemDelegate()->sizeHint(opcion, modelo_->index(f, c)).width());
+        if (modelo_->numerica(c))
+            contenido = qMax(contenido, ancho_de_cifra(*this, c, filas, modelo_->rowCount()));
         if (columna.ConSuma)
             contenido = qMax(contenido, medidas_pie.horizontalAdvance(pie_->texto(c)) + 4 * aire);
         // El contenido manda, sin que un nombre largo saque de la vista lo demás ni una columna
@@ -308,8 +346,10 @@ bool Rejilla::pie() const {
 
 const Rejilla::Aspecto& Rejilla::aspecto_de(int fila) const {
     if (fila != fila_aspecto_) {
-        aspecto_ = {font(), {}, {}};
+        aspecto_ = {font(), {}, {}, 0};
         fila_aspecto_ = fila;
+        if (nivel_ && conjunto() && conjunto()->Active() && fila < conjunto()->RecordCount())
+            aspecto_.nivel = qMax(0, nivel_(fila));
         if (OnGetCellParams && conjunto() && conjunto()->Active() &&
             fila < conjunto()->RecordCount())
             OnGetCellParams(fila, aspecto_.letra, aspecto_.frente, aspecto_.fondo);
@@ -415,6 +455,12 @@ void Rejilla::filas_corridas(int desde, int cuantas) {
     fila_aspecto_ = -1;
     if (!anchos_puestos_ && modelo_->rowCount() > 0 && !conjunto()->editando())
         aplique_anchos();
+    // Un paquete recién traído puede traer una cifra más larga; el ancho del usuario es suyo.
+    else if (cuantas > 1 && !(ajustes_ && ajustes_->contains(clave_anchos_))) {
+        const bool antes = std::exchange(ajustando_anchos_, true);
+        haga_caber_cifras(*this, desde, desde + cuantas);
+        ajustando_anchos_ = antes;
+    }
     if (todo_ && cuantas > 0)
         seleccione_todo();
     pie_->update();

@@ -18,11 +18,13 @@
 // Teclas: flechas, Inicio, Fin, AvPág, RePág, Ctrl+Inicio, Ctrl+Fin; Tab, Mayús+Tab y Enter por las
 // celdas; Abajo en la última fila agrega otra; Insert inserta; Ctrl+Supr borra; Esc cancela la
 // celda y luego la fila; Ctrl+Enter o Retroceso abren el editor con lo que hay, Supr lo abre vacío;
-// Alt+Abajo abre la lista; Espacio cambia la casilla o marca la fila; Mayús+flechas seleccionan;
-// Arriba en la primera fila pasa a los filtros.
+// Alt+Abajo abre la lista; teclear en una lista de consulta se ubica en lo tecleado; Espacio cambia
+// la casilla o marca la fila; Mayús+flechas seleccionan; Arriba en la primera fila pasa a los
+// filtros.
 #include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/columna_rejilla.h"
+#include "toolkit/tecleo.h"
 
 #include <QTableView>
 #include <memory>
@@ -34,6 +36,7 @@ class EncabezadoRejilla;
 class IndicadorFilas;
 class ModeloConjunto;
 class PieRejilla;
+class QLabel;
 class QMenu;
 class QSettings;
 class QTimer;
@@ -62,8 +65,9 @@ public:
     bool permite_borrar = true;       ///< Ctrl+Supr pregunta y borra la fila actual
     bool enter_como_tab = false;      ///< Enter pasa a la celda siguiente si no hay selección
     bool enter_con_seleccion = false; ///< enter_como_tab también con varias celdas seleccionadas
-    bool reclama_escape = true; ///< Esc cancela la celda o la fila antes de llegar a la pantalla
-    bool orden_local = false;   ///< el título ordena las filas en memoria
+    bool reclama_escape = true;    ///< Esc cancela la celda o la fila antes de llegar a la pantalla
+    bool ubica_al_teclear = false; ///< sin editar una fila, teclear ubica en vez de escribir
+    bool orden_local = false;      ///< el título ordena las filas en memoria
     QString texto_vacio;   ///< lo que dice una lista sin filas, con la tecla que crea la primera
     bool editable() const; ///< atada, sin ReadOnly y con el conjunto abierto
 
@@ -107,6 +111,8 @@ public:
     /// Pega celda por celda con Campo::asigne desde la actual; agrega las filas que falten. La
     /// primera fila que se rehúsa queda en edición y detiene el resto.
     void pegue();
+    /// Un pegado que tarda más muestra cuántas líneas van. Milisegundos.
+    static inline int ms_avance = 300;
     void borre_seleccion(); ///< vacía las celdas; si son filas enteras, pregunta y las borra
     void seleccione_todo();
 
@@ -145,18 +151,29 @@ public:
     std::function<void(int)> ColEnter; ///< entró a la celda, o a la rejilla estando en ella
     std::function<void(int)> ColExit;  ///< deja la celda; lo digitado ya está en el campo
     std::function<void(int)> OnDblClick;
+    std::function<void()> OnReturn; ///< Enter sobre las filas, en vez de lo que la rejilla haría
     std::function<void(Campo&)> OnTitleClick; ///< sin `orden_local`
     std::function<void()> OnEnter, OnExit;    ///< el foco entra a la rejilla o la deja
     std::function<void()> OnEscape;           ///< Esc sin editor ni fila que cancelar
     std::function<void()> OnSelectionChanged; ///< cambiaron las filas marcadas
     /// Letra y colores de una fila; el valor de otros campos se lee con conjunto()->valor_en.
     std::function<void(int fila, QFont& letra, QColor& frente, QColor& fondo)> OnGetCellParams;
+    /// Niveles que entra una celda en el libro exportado.
+    std::function<int(int fila, const Campo& campo)> OnSangria;
+
+    /// Atiende lo que se teclea sobre una lista de consulta (o con `ubica_al_teclear`). Sin él la
+    /// rejilla se ubica en la primera fila que empiece así en la columna actual.
+    std::function<void(const QString& tecleado)> OnTeclear;
+    /// Sangra el texto del campo según el nivel de su fila, el de arriba 0; solo a la vista.
+    void sangre(const QString& campo, std::function<int(int fila)> nivel);
 
     // --- para las piezas de la rejilla
     struct Aspecto {
         QFont letra;
         QColor frente, fondo;
+        int nivel = 0;
     };
+    bool sangrada(int columna) const { return columna == columna_sangrada_; }
     const Aspecto& aspecto_de(int fila) const;
     ModeloConjunto& modelo() const { return *modelo_; }
     bool reclama(const QKeyEvent& evento) override;
@@ -219,6 +236,11 @@ private:
 
     // rejilla_teclado.cpp: teclas y ratón
     bool navegue(QKeyEvent& evento);
+    bool pase_con_tab(bool adelante);
+    bool oprima_enter(Qt::KeyboardModifiers modificadores);
+    bool salte_pagina(bool abajo);
+    bool vaya_al_extremo(bool al_final);
+    bool desista(); ///< Esc: de lo que haya a medias, de adentro hacia afuera
     bool tecla_de_celda(QKeyEvent& evento);
     bool siguiente_celda();
     bool celda_anterior();
@@ -228,12 +250,19 @@ private:
     void seleccione_hasta(const QModelIndex& indice);
     int filas_por_pagina() const;
     bool salga_con_tab(bool adelante);
+    bool busca_al_teclear() const;
+    bool teclee(const QKeyEvent& tecla);
+    void ubique_lo_tecleado();
+    bool ubique_prefijo();
+    void olvide_tecleo();
+    void muestre_tecleo();
 
     // rejilla_seleccion.cpp: marcas y portapapeles
     void alterne_marca(int fila);
     void marque_tramo(int desde, int hasta);
     QString texto_seleccionado() const;
     void pegue_celda(int columna, const QString& texto);
+    bool pase_a_la_fila_pegada(int& fila, bool primera);
 
     ModeloConjunto* modelo_;
     EncabezadoRejilla* encabezado_;
@@ -265,6 +294,12 @@ private:
     QString clave_anchos_;
     QTimer* reloj_anchos_;
     bool anchos_puestos_ = false, mostrada_ = false;
+
+    Tecleo tecleo_;
+    QLabel* letrero_tecleo_ = nullptr;
+    QString campo_sangrado_;
+    std::function<int(int)> nivel_;
+    int columna_sangrada_ = -1;
 
     mutable int fila_aspecto_ = -1;
     mutable Aspecto aspecto_;

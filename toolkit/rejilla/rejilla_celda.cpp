@@ -2,6 +2,7 @@
 // pasa al campo, ColExit, la fila se graba si se sale de ella, el cursor se mueve, ColEnter.
 #include "toolkit/rejilla/rejilla.h"
 
+#include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/editor_celda.h"
@@ -41,8 +42,10 @@ int Rejilla::SelectedIndex() const {
 
 void Rejilla::SelectedIndex(int columna) {
     this->columna(columna);
-    if (conjunto() && columna != SelectedIndex())
-        vaya(conjunto()->RecNo(), columna);
+    if (!conjunto() || columna == SelectedIndex())
+        return;
+    olvide_tecleo();
+    vaya(conjunto()->RecNo(), columna);
 }
 
 Campo* Rejilla::campo_actual() const {
@@ -111,6 +114,9 @@ bool Rejilla::vaya(int fila, int columna) {
     const QPersistentModelIndex destino(modelo_->index(fila, columna));
     if (!destino.isValid())
         return false;
+    // A donde ya se está no se va: ni ColExit ni ColEnter.
+    if (fila == conjunto()->RecNo() && destino == currentIndex())
+        return termine_edicion();
     Alza alza(moviendo_);
     columna_destino_ = columna;
     if (!deje_celda())
@@ -258,7 +264,10 @@ void Rejilla::asigne(int columna, const QString& texto) {
     if (c.campo->clase == ClaseCampo::Fecha && valor.size() == 8 && !valor.contains('/'))
         valor = valor.left(4) + '/' + valor.mid(4, 2) + '/' + valor.mid(6);
     Alza alza(escribiendo_);
-    c.campo->asigne(valor.isEmpty() ? Valor() : Valor(valor));
+    if (modelo_->numerica(columna))
+        c.campo->asigne(contenido_numerico(valor, *c.campo, c.Titulo()));
+    else
+        c.campo->asigne(valor.isEmpty() ? Valor() : Valor(valor));
 }
 
 void Rejilla::escriba_pendiente() {
@@ -345,6 +354,7 @@ void Rejilla::foco_cambiado(QWidget* ahora) {
     if (!en_rejilla_ || contenedor(ahora) != contenedor(this))
         return;
     en_rejilla_ = false;
+    olvide_tecleo();
     if (!moviendo_)
         deje_celda();
     if (OnExit)

@@ -9,6 +9,9 @@
 #include "toolkit/rejilla/texto_tabulado.h"
 
 #include <QClipboard>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <optional>
 
 // ---------------------------------------------------------------- marcas
 
@@ -209,6 +212,67 @@ void Rejilla::pegue_celda(int columna, const QString& texto) {
     asigne(columna, modelo_->numerica(columna) ? texto.trimmed() : texto);
 }
 
+namespace {
+
+/// Cuenta a la vista las líneas que van. No atiende otros eventos: un diálogo se llevaría el foco
+/// de la celda, y con él la edición.
+class AvancePegado {
+public:
+    AvancePegado(QWidget* donde, qsizetype total) : donde_(donde), total_(total) { reloj_.start(); }
+    void operator()(qsizetype van) {
+        if (reloj_.elapsed() < proximo_)
+            return;
+        if (!rotulo_) {
+            rotulo_ = std::make_unique<QLabel>(donde_);
+            rotulo_->setObjectName(QStringLiteral("avance_pegado"));
+            rotulo_->setFrameShape(QFrame::StyledPanel);
+            rotulo_->setAutoFillBackground(true);
+            rotulo_->setMargin(12);
+        }
+        rotulo_->setText(QStringLiteral("Pegando %1 de %2 líneas...").arg(van).arg(total_));
+        rotulo_->adjustSize();
+        rotulo_->move(donde_->rect().center() - rotulo_->rect().center());
+        rotulo_->show();
+        rotulo_->repaint();
+        proximo_ = reloj_.elapsed() + 100;
+    }
+
+private:
+    QWidget* donde_;
+    qsizetype total_;
+    std::unique_ptr<QLabel> rotulo_;
+    QElapsedTimer reloj_;
+    qint64 proximo_ = Rejilla::ms_avance; ///< lo corto no llega a mostrarlo
+};
+
+} // namespace
+
+bool Rejilla::pase_a_la_fila_pegada(int& fila, bool primera) {
+    if (!primera && conjunto()->editando()) {
+        const int antes = conjunto()->RecordCount();
+        try {
+            conjunto()->Post();
+        } catch (const EdicionAbortada&) {
+            // Una fila que se cancela sola por vacía no detiene las demás.
+            if (conjunto()->RecordCount() == antes)
+                throw;
+            --fila;
+        }
+    }
+    if (!primera)
+        ++fila;
+    if (fila < conjunto()->RecordCount()) {
+        conjunto()->vaya_a(fila);
+        conjunto()->Edit();
+        return true;
+    }
+    if (!permite_insertar)
+        return false;
+    conjunto()->Append();
+    fila = conjunto()->RecNo();
+    return true;
+}
+
 void Rejilla::pegue() {
     if (digitando()) {
         editor_->paste();
@@ -221,32 +285,15 @@ void Rejilla::pegue() {
     const int primera = qMax(SelectedIndex(), columna_visible(0, 1));
     if (tabla.isEmpty() || primera < 0)
         return;
+    // Las mismas cuentas y terceros se validan una vez.
+    std::optional<ConsultasRepetidas> repetidas;
+    if (conjunto()->sentencia())
+        repetidas.emplace(conjunto()->conexion());
+    AvancePegado avance(this, tabla.size());
     int fila = qMax(0, conjunto()->RecNo());
     int linea = 0;
     try {
-        for (; linea < tabla.size(); ++linea) {
-            if (linea > 0 && conjunto()->editando()) {
-                const int antes = conjunto()->RecordCount();
-                try {
-                    conjunto()->Post();
-                } catch (const EdicionAbortada&) {
-                    // Una fila que se cancela sola por vacía no detiene las demás.
-                    if (conjunto()->RecordCount() == antes)
-                        throw;
-                    --fila;
-                }
-            }
-            if (linea > 0)
-                ++fila;
-            if (fila < conjunto()->RecordCount()) {
-                conjunto()->vaya_a(fila);
-                conjunto()->Edit();
-            } else if (permite_insertar) {
-                conjunto()->Append();
-                fila = conjunto()->RecNo();
-            } else {
-                break;
-            }
+        for (; linea < tabla.size() && pase_a_la_fila_pegada(fila, linea == 0); ++linea) {
             int c = primera;
             for (const QString& celda : tabla[linea]) {
                 if (c < 0)
@@ -254,13 +301,16 @@ void Rejilla::pegue() {
                 pegue_celda(c, celda);
                 c = columna_visible(c + 1, 1);
             }
+            avance(linea + 1);
         }
     } catch (const EdicionAbortada&) {
     } catch (...) {
-        const QString falla = texto_de_excepcion();
-        reporte_falla(tabla.size() == 1
-                          ? falla
-                          : QStringLiteral("Línea %1 de lo pegado: %2").arg(linea + 1).arg(falla));
+        if (tabla.size() == 1)
+            reporte_excepcion();
+        else
+            reporte_falla(QStringLiteral("Línea %1 de lo pegado: %2")
+                              .arg(linea + 1)
+                              .arg(falla_de_excepcion().para_usuario()));
     }
     fije_actual(conjunto()->RecNo(), primera);
 }

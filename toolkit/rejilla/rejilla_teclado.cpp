@@ -7,26 +7,15 @@
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/tecleo.h"
 
+#include <QLabel>
 #include <QScrollBar>
 
 namespace {
 
 Qt::KeyboardModifiers modificadores(const QKeyEvent& e) {
     return e.modifiers() & ~Qt::KeypadModifier;
-}
-
-/// Texto que una tecla escribiría en un editor; vacío si es una orden.
-QString escrito(const QKeyEvent& e) {
-    const auto m = modificadores(e);
-    // AltGr llega como Ctrl+Alt en algunos teclados y su carácter es texto.
-    const bool orden =
-        (m & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
-        (m & (Qt::ControlModifier | Qt::AltModifier)) != (Qt::ControlModifier | Qt::AltModifier);
-    const QString texto = e.text();
-    if (orden || texto.isEmpty() || !texto.at(0).isPrint())
-        return {};
-    return texto;
 }
 
 } // namespace
@@ -144,102 +133,113 @@ void Rejilla::seleccione_hasta(const QModelIndex& indice) {
 
 bool Rejilla::navegue(QKeyEvent& e) {
     const auto m = modificadores(e);
-    const int fila = currentIndex().row();
-    const int columna = SelectedIndex();
-    const int ultima = modelo_->rowCount() - 1;
+    const bool sola = m == Qt::NoModifier;
     switch (e.key()) {
     case Qt::Key_Tab:
-    case Qt::Key_Backtab: {
-        if (m & ~Qt::ShiftModifier)
-            return false;
-        const bool adelante = e.key() == Qt::Key_Tab && !(m & Qt::ShiftModifier);
-        if (editable() && currentIndex().isValid() &&
-            (adelante ? siguiente_celda() : celda_anterior()))
-            return true;
-        return salga_con_tab(adelante);
-    }
+    case Qt::Key_Backtab:
+        return !(m & ~Qt::ShiftModifier) &&
+               pase_con_tab(e.key() == Qt::Key_Tab && !(m & Qt::ShiftModifier));
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (m == Qt::ControlModifier) {
-            if (!digitando())
-                abra_editor({}, false);
-            return true;
-        }
-        if (m != Qt::NoModifier || !editable())
-            return false;
-        if (enter_como_tab) {
-            if (tiene_seleccion() && !enter_con_seleccion)
-                fije_actual(fila, columna);
-            else if (!siguiente_celda())
-                salga_con_tab(true);
-            return true;
-        }
-        if (digitando()) {
-            termine_edicion();
-            return true;
-        }
-        if (!celda_editable(currentIndex()) || this->columna(columna).casilla)
-            return false;
-        abra_editor({}, false);
-        return true;
+        return oprima_enter(m);
     case Qt::Key_Down:
         if (m == Qt::AltModifier)
             abra_lista();
-        else if (m == Qt::NoModifier)
+        else if (sola)
             baje();
         else
             return false;
         return true;
     case Qt::Key_Up:
-        if (m != Qt::NoModifier)
-            return false;
-        suba();
-        return true;
+        if (sola)
+            suba();
+        return sola;
     case Qt::Key_PageDown:
-    case Qt::Key_PageUp: {
-        if (m != Qt::NoModifier || ultima < 0)
-            return false;
-        const int salto = e.key() == Qt::Key_PageDown ? filas_por_pagina() : -filas_por_pagina();
-        if (fila + salto > ultima && modelo_->canFetchMore({}))
-            modelo_->fetchMore({});
-        vaya(qBound(0, fila + salto, modelo_->rowCount() - 1), columna);
-        return true;
-    }
+    case Qt::Key_PageUp:
+        return sola && salte_pagina(e.key() == Qt::Key_PageDown);
     case Qt::Key_Home:
     case Qt::Key_End:
-        if (m != Qt::ControlModifier || ultima < 0)
-            return false;
-        if (e.key() == Qt::Key_End && !proteja([this] { conjunto()->FetchAll(); }))
-            return true;
-        vaya(e.key() == Qt::Key_End ? modelo_->rowCount() - 1 : 0, columna);
-        return true;
+        return m == Qt::ControlModifier && vaya_al_extremo(e.key() == Qt::Key_End);
     case Qt::Key_Insert:
-        if (m != Qt::NoModifier)
-            return false;
-        inserte_fila();
-        return true;
+        if (sola)
+            inserte_fila();
+        return sola;
     case Qt::Key_Delete:
-        if (m != Qt::ControlModifier)
-            return false;
-        borre_fila();
-        return true;
+        if (m == Qt::ControlModifier)
+            borre_fila();
+        return m == Qt::ControlModifier;
     case Qt::Key_Escape:
-        if (m != Qt::NoModifier)
-            return false;
-        if (digitando())
-            cierre_editor();
-        else if (editable() && conjunto()->editando())
-            cancele_fila();
-        else if (tiene_seleccion())
-            fije_actual(fila, columna);
-        else if (OnEscape)
-            proteja([this] { OnEscape(); });
-        else
-            return false;
-        return true;
+        return sola && desista();
     default:
         return false;
     }
+}
+
+bool Rejilla::pase_con_tab(bool adelante) {
+    if (editable() && currentIndex().isValid() && (adelante ? siguiente_celda() : celda_anterior()))
+        return true;
+    return salga_con_tab(adelante);
+}
+
+bool Rejilla::oprima_enter(Qt::KeyboardModifiers m) {
+    if (m == Qt::ControlModifier) {
+        if (!digitando())
+            abra_editor({}, false);
+        return true;
+    }
+    if (m == Qt::NoModifier && OnReturn && !digitando()) {
+        proteja(OnReturn);
+        return true;
+    }
+    if (m != Qt::NoModifier || !editable())
+        return false;
+    if (enter_como_tab) {
+        if (tiene_seleccion() && !enter_con_seleccion)
+            fije_actual(currentIndex().row(), SelectedIndex());
+        else if (!siguiente_celda())
+            salga_con_tab(true);
+        return true;
+    }
+    if (digitando()) {
+        termine_edicion();
+        return true;
+    }
+    if (!celda_editable(currentIndex()) || columna(SelectedIndex()).casilla)
+        return false;
+    abra_editor({}, false);
+    return true;
+}
+
+bool Rejilla::salte_pagina(bool abajo) {
+    const int fila = currentIndex().row(), salto = abajo ? filas_por_pagina() : -filas_por_pagina();
+    if (modelo_->rowCount() == 0)
+        return false;
+    if (fila + salto > modelo_->rowCount() - 1 && modelo_->canFetchMore({}))
+        modelo_->fetchMore({});
+    vaya(qBound(0, fila + salto, modelo_->rowCount() - 1), SelectedIndex());
+    return true;
+}
+
+bool Rejilla::vaya_al_extremo(bool al_final) {
+    if (modelo_->rowCount() == 0)
+        return false;
+    if (!al_final || proteja([this] { conjunto()->FetchAll(); }))
+        vaya(al_final ? modelo_->rowCount() - 1 : 0, SelectedIndex());
+    return true;
+}
+
+bool Rejilla::desista() {
+    if (digitando())
+        cierre_editor();
+    else if (editable() && conjunto()->editando())
+        cancele_fila();
+    else if (tiene_seleccion())
+        fije_actual(currentIndex().row(), SelectedIndex());
+    else if (OnEscape)
+        proteja([this] { OnEscape(); });
+    else
+        return false;
+    return true;
 }
 
 bool Rejilla::tecla_de_celda(QKeyEvent& e) {
@@ -314,6 +314,8 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     evento->accept();
+    if (busca_al_teclear() && teclee(*evento))
+        return;
     if (navegue(*evento) || (!digitando() && tecla_de_celda(*evento)))
         return;
     if (digitando()) {
@@ -348,8 +350,97 @@ void Rejilla::keyPressEvent(QKeyEvent* evento) {
     atienda_tecla_numerica(*evento, [this](QKeyEvent* e) { abra_editor(e->text(), true); });
 }
 
+// ---------------------------------------------------------------- búsqueda al teclear
+
+bool Rejilla::busca_al_teclear() const {
+    return !digitando() && conjunto()->Active() &&
+           (ReadOnly || (ubica_al_teclear && !conjunto()->editando()));
+}
+
+bool Rejilla::teclee(const QKeyEvent& tecla) {
+    if (!tecleo_.reciba(tecla)) {
+        if (tecla.key() != Qt::Key_Shift && tecla.key() != Qt::Key_AltGr)
+            olvide_tecleo();
+        return false;
+    }
+    ubique_lo_tecleado();
+    return true;
+}
+
+void Rejilla::ubique_lo_tecleado() {
+    proteja([this] {
+        if (OnTeclear)
+            OnTeclear(tecleo_.texto());
+        else if (!tecleo_.vacio() && !ubique_prefijo())
+            tecleo_.devuelva();
+    });
+    muestre_tecleo();
+}
+
+bool Rejilla::ubique_prefijo() {
+    int c = SelectedIndex();
+    if (c < 0 || columna(c).casilla)
+        c = columna_visible(0, 1);
+    if (c < 0)
+        return false;
+    const QString buscado =
+        texto_llano(tecleo_.repetido() ? tecleo_.texto().left(1) : tecleo_.texto());
+    // Una letra sola, y la misma otra vez, pasan a la siguiente; un texto más largo mira la actual.
+    const int actual = currentIndex().row();
+    const int desde = qMax(0, actual) + (buscado.size() == 1 && actual >= 0 ? 1 : 0);
+    const auto empieza = [&](int fila) {
+        return texto_llano(modelo_->texto(fila, c)).startsWith(buscado);
+    };
+    int fila = desde;
+    for (;; ++fila) {
+        if (fila >= modelo_->rowCount() && modelo_->canFetchMore({}))
+            modelo_->fetchMore({});
+        if (fila >= modelo_->rowCount())
+            break;
+        if (empieza(fila))
+            return vaya(fila, c);
+    }
+    for (fila = 0; fila < qMin(desde, modelo_->rowCount()); ++fila)
+        if (empieza(fila))
+            return vaya(fila, c);
+    return false;
+}
+
+void Rejilla::olvide_tecleo() {
+    tecleo_.olvide();
+    muestre_tecleo();
+}
+
+void Rejilla::muestre_tecleo() {
+    if (tecleo_.vacio() || OnTeclear) { // quien la atiende lo muestra en su caja
+        if (letrero_tecleo_)
+            letrero_tecleo_->hide();
+        return;
+    }
+    if (!letrero_tecleo_) {
+        letrero_tecleo_ = new QLabel(this);
+        letrero_tecleo_->setObjectName("letrero_tecleo");
+        letrero_tecleo_->setAutoFillBackground(true);
+        letrero_tecleo_->setBackgroundRole(QPalette::ToolTipBase);
+        letrero_tecleo_->setForegroundRole(QPalette::ToolTipText);
+        letrero_tecleo_->setFrameShape(QFrame::Box);
+        letrero_tecleo_->setMargin(3);
+    }
+    letrero_tecleo_->setText(QStringLiteral("Busca: ") + tecleo_.texto());
+    letrero_tecleo_->adjustSize();
+    const QRect filas = viewport()->geometry();
+    letrero_tecleo_->move(filas.left(), filas.bottom() - letrero_tecleo_->height());
+    letrero_tecleo_->show();
+    letrero_tecleo_->raise();
+}
+
 void Rejilla::inputMethodEvent(QInputMethodEvent* evento) {
     // Una tecla muerta ("á") llega por aquí y no como tecla.
+    if (conjunto() && busca_al_teclear() && !evento->commitString().isEmpty()) {
+        teclee({QEvent::KeyPress, 0, Qt::NoModifier, evento->commitString()});
+        evento->accept();
+        return;
+    }
     if (!digitando() && editable() &&
         (!evento->commitString().isEmpty() || !evento->preeditString().isEmpty())) {
         abra_editor({}, true);
@@ -382,6 +473,7 @@ bool Rejilla::eventFilter(QObject* objeto, QEvent* evento) {
 void Rejilla::mousePressEvent(QMouseEvent* evento) {
     evento->accept();
     arrastrando_ = false;
+    olvide_tecleo();
     const QModelIndex indice = indexAt(evento->position().toPoint());
     if (!indice.isValid()) {
         termine_edicion();

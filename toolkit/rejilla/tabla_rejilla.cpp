@@ -103,6 +103,11 @@ QString TablaRejilla::texto(int indice) const {
     return rejilla_.modelo().texto(fila_, numero);
 }
 
+int TablaRejilla::sangria(int indice) const {
+    const Campo* campo = rejilla_.columna(columnas_[indice]).campo;
+    return campo && rejilla_.OnSangria ? rejilla_.OnSangria(fila_, *campo) : 0;
+}
+
 bool TablaRejilla::tiene_pie() const {
     return std::any_of(columnas_.begin(), columnas_.end(),
                        [this](int c) -> bool { return rejilla_.columna(c).ConSuma(); });

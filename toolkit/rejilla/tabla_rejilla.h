@@ -22,6 +22,7 @@ public:
     bool siguiente() override;
     ValorExportable valor(int indice) const override;
     QString texto(int indice) const override;
+    int sangria(int indice) const override;
     bool tiene_pie() const override;
     ValorExportable pie(int indice) const override;
     QString texto_pie(int indice) const override;

@@ -1,0 +1,123 @@
+#include "assets/tfcalculadep.h"
+
+#include "assets/pch.h"
+#include "assets/procesos_activos.h"
+
+Tfcalculadep::Tfcalculadep()
+    : FormaProceso(depreciacion(), SinArmar{}),
+      TDepunidad(this, "TDepunidad", fdm().Quorvex,
+                 "SELECT * FROM DEPRECIACION_UNIDADES WHERE DEPR_ID = :DEPR_ID"),
+      QActivos(this, "QActivos", fdm().Quorvex, "select acfj_cod, acfj_desc from activos_fijos"),
+      PActivos(this, "PActivos", &QActivos), CDepunidad(this, "CDepunidad"),
+      CActivos(this, "CActivos", &PActivos) {
+    constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
+    TDepunidad.enlace_maestra(&QProceso, {"DEPR_ID"});
+    PProceso.Options = poCascadeDeletes | poCascadeUpdates;
+    CDepunidad.anide_en(&CProceso, &TDepunidad);
+    CActivos.texto("ACFJ_COD", 15);
+    CActivos.texto("ACFJ_DESC", 60);
+    CDepunidad.entero("DEPR_ID").banderas(kLlave);
+    CDepunidad.entero("DEPU_ITEM").banderas(kLlave);
+    CDepunidad.texto("ACFJ_COD", 15);
+    CDepunidad.entero("DEPU_UNIDADES").etiqueta("Unidades u horas");
+    CDepunidad.busqueda("NomActivo", 60, "ACFJ_COD", &CActivos, "ACFJ_COD", "ACFJ_DESC");
+    CDepunidad.interno("Ultfec", ClaseCampo::Texto, 8);
+    CDepunidad.interno("Unirest", ClaseCampo::Entero, 0);
+    CDepunidad.BeforePost = [this] { CDepunidadBeforePost(); };
+
+    DBGridEh1 = new Rejilla(this, &CDepunidad);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName("Unidades u horas producidas en el mes");
+    DBGridEh1->columnas({{"ACFJ_COD", "Activo", 12, SoloLectura},
+                         {"NomActivo", "Descripción", 34, SoloLectura},
+                         {"Ultfec", "Última", 10, SoloLectura},
+                         {"Unirest", "Restan", 10, SoloLectura},
+                         {"DEPU_UNIDADES", "Unidades/horas", 14}});
+    DBGridEh1->permite_insertar = DBGridEh1->permite_borrar = false;
+    arme();
+    tamano(820, 420);
+}
+
+void Tfcalculadep::bajo_el_encabezado(Formulario& f) {
+    Panel2 = new QWidget(this);
+    Panel2->setObjectName("Panel2");
+    Formulario g(Panel2);
+    g.ancha(new QLabel("Digite las unidades u horas que cada activo produjo en el mes y oprima "
+                       "Continuar."),
+            0)
+        .ancha(DBGridEh1);
+    f.ancha(Panel2);
+    Panel2->hide();
+    f.estire();
+}
+
+void Tfcalculadep::botones_propios(BarraBotones& barra) {
+    SpeedButton3 = barra.boton("SpeedButton3", "Continuar", "go-next", QKeySequence(),
+                               [this] { SpeedButton3Click(); });
+    SpeedButton3->hide();
+}
+
+void Tfcalculadep::FormCreate() {
+    FormaProceso::FormCreate();
+    CActivos.Open();
+}
+
+void Tfcalculadep::SBGrabarClick() {
+    if (Panel2->isVisible())
+        SpeedButton3Click();
+    else if (!pida_unidades())
+        grabe();
+}
+
+bool Tfcalculadep::pida_unidades() {
+    ponga_fecha();
+    CProceso.Post(); // lo que falte del encabezado se dice antes de pedir las unidades
+    CProceso.Edit();
+    Sentencia& q = fdm().QBorrar;
+    q.Open("select activo, fecult, unirest from ultima_depreciacion_unidades(" +
+           QuotedStr(campo("DEPR_FECHA").texto()) + ')');
+    llenando_ = true;
+    CDepunidad.DisableControls();
+    for (int item = 1; !q.Eof(); q.Next(), ++item) {
+        CDepunidad.Append();
+        CDepunidad.FieldByName("DEPR_ID") = 0;
+        CDepunidad.FieldByName("DEPU_ITEM") = item;
+        CDepunidad.FieldByName("ACFJ_COD") = q.Fields(0);
+        CDepunidad.FieldByName("DEPU_UNIDADES") = 0;
+        CDepunidad.FieldByName("Ultfec") = q.Fields(1);
+        CDepunidad.FieldByName("Unirest") = q.Fields(2);
+        CDepunidad.Post();
+    }
+    q.Close();
+    llenando_ = false;
+    if (!CDepunidad.IsEmpty())
+        CDepunidad.First();
+    CDepunidad.EnableControls();
+    if (CDepunidad.IsEmpty())
+        return false;
+    Panel1->hide();
+    Panel2->show();
+    SpeedButton3->show();
+    DBGridEh1->setFocus();
+    DBGridEh1->SelectedIndex(DBGridEh1->columna_de("DEPU_UNIDADES"));
+    return true;
+}
+
+void Tfcalculadep::CDepunidadBeforePost() {
+    if (llenando_ || CDepunidad.FieldByName("DEPU_UNIDADES").entero() > 0)
+        return;
+    muestre_mensaje("Debe indicar el número de unidades/horas producidas.");
+    throw EdicionAbortada();
+}
+
+void Tfcalculadep::SpeedButton3Click() {
+    CDepunidad.CheckBrowseMode();
+    // Las que nadie tocó siguen en cero: se señala la primera.
+    const Campo& unidades = CDepunidad.FieldByName("DEPU_UNIDADES");
+    for (int i = 0; i < CDepunidad.RecordCount(); ++i)
+        if (CDepunidad.valor_en(i, unidades).entero() <= 0) {
+            CDepunidad.vaya_a(i);
+            CDepunidadBeforePost();
+        }
+    grabe();
+}

@@ -1,0 +1,33 @@
+#pragma once
+// "Cálculo depreciación": la del mes. Si hay activos que se deprecian por lo que producen, antes de
+// grabar pide sus unidades u horas.
+#include "catalogues/forma_proceso.h"
+
+class QPushButton;
+class Rejilla;
+
+class Tfcalculadep : public FormaProceso {
+    Q_OBJECT
+public:
+    Tfcalculadep();
+    void FormCreate() override;
+
+    Sentencia TDepunidad, QActivos;
+    Proveedor PActivos;
+    ConjuntoDatos CDepunidad, CActivos;
+    Rejilla* DBGridEh1;
+
+protected:
+    void bajo_el_encabezado(Formulario& f) override;
+    void botones_propios(BarraBotones& barra) override;
+    void SBGrabarClick() override;
+
+private:
+    bool pida_unidades();
+    void CDepunidadBeforePost();
+    void SpeedButton3Click();
+
+    QWidget* Panel2 = nullptr;
+    QPushButton* SpeedButton3 = nullptr;
+    bool llenando_ = false;
+};

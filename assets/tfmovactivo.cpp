@@ -1,0 +1,62 @@
+#include "assets/tfmovactivo.h"
+
+#include "assets/pch.h"
+#include "assets/peticiones_activos.h"
+
+namespace {
+
+const DatosLista kDatos{.clase = "Tfmovactivo",
+                        .titulo = "Movimiento por activo",
+                        .conjunto = "CMovimiento",
+                        .consulta = "",
+                        .filtros = {},
+                        .orden = "order by fecha",
+                        .columnas = {{"FECHA", "Fecha", 10},
+                                     {"TIPO", "Tipo", 5},
+                                     {"PREFIJO", "Prefijo", 7},
+                                     {"NUMERO", "Número", 8},
+                                     {"CONCEPTO", "Concepto", 36},
+                                     {"REF", "Referencia", 10},
+                                     {"DEBITO", "Débito", 16, Suma, "#,###.00"},
+                                     {"CREDITO", "Crédito", 16, Suma, "#,###.00"}},
+                        .archivo = "Movactivo",
+                        .pregunta = "",
+                        .nombra = {},
+                        .borrado = "",
+                        .llave = "ID"};
+
+} // namespace
+
+Tfmovactivo::Tfmovactivo() : ListaProceso(kDatos) {
+    DBGridEh1->pie(true);
+    DBGridEh1->texto_vacio = "El activo no tiene movimientos.";
+}
+
+QString Tfmovactivo::activo() const {
+    return peticion<AbreActivo>().activo_seleccionado;
+}
+
+QString Tfmovactivo::consulta() const {
+    return "select * from comprobantes_activo(" + QuotedStr(activo()) + ") ";
+}
+
+void Tfmovactivo::FormCreate() {
+    const QString nombre =
+        CBorrar
+            .valor_unico("select acfj_desc from activos_fijos where acfj_cod = " +
+                         QuotedStr(activo()))
+            .texto();
+    setWindowTitle(windowTitle() + ": " + activo() + "  " + nombre);
+    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+    ListaProceso::FormCreate();
+}
+
+void Tfmovactivo::arme_botones() {
+    barra_->principal(barra_->boton("SBConsultar", "F4:Consultar", "edit-find", Qt::Key_F4,
+                                    [this] { SBModificarClick(); }));
+}
+
+void Tfmovactivo::SBModificarClick() {
+    if (hay_fila())
+        abra_comprobante(dato("ID"));
+}

@@ -1,0 +1,114 @@
+#include "assets/tfvalactivo.h"
+
+#include "assets/pch.h"
+#include "assets/peticiones_activos.h"
+#include "assets/procesos_activos.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+Tfvalactivo::Tfvalactivo() : FormaProceso(valoracion(), SinArmar{}) {
+    constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
+    ConjuntoDatos& c = CProceso;
+    c.texto("ACFJ_COD", 15).banderas(kLlave).etiqueta("Activo");
+    for (const char* columna : {"ACFV_VALOR", "ACFV_VRUSO", "ACFJ_CSUSO", "ACFV_PRVENTA",
+                                "ACFV_CSVENTA", "ACFV_VRRECUP", "ACFV_DIFER"})
+        c.decimal(columna).formato("#,###.00");
+    for (const char* columna : {"ACFV_VRUSO", "ACFJ_CSUSO", "ACFV_PRVENTA", "ACFV_CSVENTA"})
+        c.FieldByName(columna).OnChange = [this](Campo&) { recalcule(); };
+    c.memo("ACFV_OBS").etiqueta("Observaciones");
+    c.blob("ACFV_DOCUMENTO");
+    c.interno("VrUso", ClaseCampo::Decimal, 2).formato("#,###.00");
+    c.interno("VrRazon", ClaseCampo::Decimal, 2).formato("#,###.00");
+    ECodigo = caja_que_muestra("ECodigo", 56);
+    EDocumento = caja_que_muestra("EDocumento", 40);
+    EDocumento->setPlaceholderText("F8 agrega el documento de soporte");
+    arme();
+    tamano(860, 560);
+}
+
+QWidget* Tfvalactivo::importe(const char* columna, const char* nombre) {
+    auto* e = new EditorDato(&CProceso, columna);
+    e->setObjectName(nombre);
+    e->ancho(18);
+    return e;
+}
+
+void Tfvalactivo::bajo_el_encabezado(Formulario& f) {
+    const auto lectura = [this](const char* columna, const char* nombre) {
+        QWidget* e = importe(columna, nombre);
+        static_cast<EditorDato*>(e)->ReadOnly(true);
+        e->setFocusPolicy(Qt::NoFocus);
+        return e;
+    };
+    auto* observaciones = new MemoDato(&CProceso, "ACFV_OBS");
+    observaciones->setObjectName("EObs");
+    observaciones->lineas(3);
+    f.fila("Activo", ECodigo);
+    f.fila("Valor en libros:", lectura("ACFV_VALOR", "EValor"));
+    f.fila({{"Valor en Uso = Valor uso producción:", importe("ACFV_VRUSO", "EVrUso")},
+            {"- Costo uso:", importe("ACFJ_CSUSO", "ECsUso")},
+            {"=", lectura("VrUso", "EUso")}});
+    f.fila({{"Valor Razonable = Precio de venta:", importe("ACFV_PRVENTA", "EPrVenta")},
+            {"- Costo venta:", importe("ACFV_CSVENTA", "ECsVenta")},
+            {"=", lectura("VrRazon", "ERazon")}});
+    f.fila({{"Valor recuperable:", lectura("ACFV_VRRECUP", "EVrRecup")},
+            {"Deterioro/Superavit:", lectura("ACFV_DIFER", "EDifer")}});
+    f.fila("Observaciones", observaciones);
+    f.fila("Documento", EDocumento);
+    f.estire();
+}
+
+void Tfvalactivo::botones_propios(BarraBotones& barra) {
+    barra.boton("SBDocum", "F8:Docum.", "application-pdf", Qt::Key_F8,
+                [this] { escoja_documento(); });
+}
+
+void Tfvalactivo::FormCreate() {
+    const QString codigo = peticion<AbreActivo>().activo_seleccionado;
+    fdm().QBorrar.Open("select ACFJ_DESC FROM ACTIVOS_FIJOS WHERE ACFJ_COD = " + QuotedStr(codigo));
+    const bool hay = !fdm().QBorrar.IsEmpty();
+    ECodigo->setText(codigo + "  " + fdm().QBorrar.Fields(0).texto());
+    fdm().QBorrar.Close();
+    if (!hay) {
+        muestre_mensaje("No se encontró el activo " + codigo);
+        pida_cierre_al_crear();
+        return;
+    }
+    FormaProceso::FormCreate();
+}
+
+void Tfvalactivo::nueva_fila() {
+    const QString codigo = peticion<AbreActivo>().activo_seleccionado,
+                  fecha = fdmcnt().compone_fecha("1");
+    campo("ACFJ_COD") = codigo;
+    campo("ACFV_FECHA") = fecha;
+    fdm().QBorrar.Open("select VALOR from ACTIVO_VALOR(" + QuotedStr(codigo) + ',' +
+                       QuotedStr(fecha) + ",'S')");
+    campo("ACFV_VALOR") = fdm().QBorrar.Fields(0).moneda();
+    fdm().QBorrar.Close();
+}
+
+void Tfvalactivo::recalcule() {
+    const Moneda uso = campo("ACFV_VRUSO").moneda() - campo("ACFJ_CSUSO").moneda(),
+                 venta = campo("ACFV_PRVENTA").moneda() - campo("ACFV_CSVENTA").moneda();
+    campo("VrUso") = uso;
+    campo("VrRazon") = venta;
+    campo("ACFV_VRRECUP") = qMax(uso, venta);
+    campo("ACFV_DIFER") = campo("ACFV_VRRECUP").moneda() - campo("ACFV_VALOR").moneda();
+}
+
+void Tfvalactivo::escoja_documento() {
+    const QString ruta = QFileDialog::getOpenFileName(
+        this, "Documento de soporte", {}, "Documentos e imágenes (*.pdf *.png *.jpg *.jpeg)");
+    if (!ruta.isEmpty())
+        cargue_documento(ruta);
+}
+
+void Tfvalactivo::cargue_documento(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw ErrorDatos(QStringLiteral("No se pudo leer el archivo %1.").arg(ruta));
+    campo("ACFV_DOCUMENTO") = archivo.readAll();
+    EDocumento->setText(QFileInfo(ruta).fileName());
+}

@@ -1,0 +1,84 @@
+// Lo que la base hace sola a fin de período: cierre anual y depreciación. Todo se deshace al medir.
+#include "bench/copia.h"
+#include "bench/medidas.h"
+#include "herramientas/ubicacion.h"
+
+namespace {
+
+void conecte(Conexion& c, const Ubicacion& lugar) {
+    ParametrosConexion p;
+    p.base = lugar.base_compania("001");
+    p.usuario = "SYSDBA";
+    c.conectar(p);
+}
+
+/// Corre las órdenes en una transacción que se deshace.
+void ensaye(Conexion& c, const QStringList& ordenes) {
+    Transaccion t(c, ModoTransaccion::Escritura);
+    for (const QString& orden : ordenes)
+        c.prepare(orden, t)->ejecute(t, {});
+    t.deshaga();
+}
+
+/// Las mismas líneas del cierre, escritas por una sola orden en un comprobante vacío.
+QStringList a_mano() {
+    QStringList ordenes{"insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref,"
+                        " enco_numero, enco_fecha, enco_usuario) values (99999999, 'CG', '0001',"
+                        " '999999', '20171431', 'ADMIN')"};
+    for (const char* s : {"", "_niif"})
+        ordenes << QString("insert into comprobante_detalle%1 (enco_consec, code_item, cuen_cod,"
+                           " code_debito, code_credito, terc_nit, proy_cod, cent_cod, arti_cod)"
+                           " select 99999999, row_number() over (), cuen_cod,"
+                           " iif(neto < 0, -neto, 0), iif(neto > 0, neto, 0), nullif(terc_nit, ''),"
+                           " nullif(proy_cod, ''), nullif(cent_cod, ''), nullif(arti_cod, '') from"
+                           " (select cuen_cod, terc_nit, proy_cod, cent_cod, arti_cod,"
+                           " sum(sald_debito - sald_credito) neto from vista_saldos_detalle%1"
+                           " where cuen_cod >= '4' and cuen_cod < '8' and sald_ano <= '2017'"
+                           " group by 1, 2, 3, 4, 5 having sum(sald_debito - sald_credito) <> 0)")
+                       .arg(s);
+    return ordenes;
+}
+
+double deprecie(int activos) {
+    const Copia copia;
+    Conexion c;
+    conecte(c, copia.lugar);
+    Transaccion t(c, ModoTransaccion::Escritura);
+    const auto alta = c.prepare(
+        "insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing, acfj_mesdep, acfj_depniif,"
+        " acfj_dep, acfj_activo, acfj_rescate, acgr_id, acfj_unidades, acfj_ctadepd, acfj_ctadepc,"
+        " acfj_ctaniifd, acfj_ctaniifc, acfj_vrorig) values (?, 'Equipo', '2018-01-05', 60, 84,"
+        " 'S', 'S', 0, 1, 'N', '516015', '159215', '516015', '159215', 1200000)",
+        t);
+    for (int i = 0; i < activos; ++i)
+        alta->ejecute(t, {Valor(QString("BM%1").arg(i, 6, 10, QChar('0')))});
+    t.confirme();
+    return mida(
+        [&] {
+            ensaye(c, {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref,"
+                       " depr_conc, depr_niif) values (-1, '20180131', 'CG', '0001', 'Enero', 'A')",
+                       "execute procedure asiente_depreciacion(-1)"});
+        },
+        3);
+}
+
+} // namespace
+
+void mida_cierre() {
+    Conexion c;
+    conecte(c, Ubicacion(demostracion(1000000)));
+    const QString tercero = c.consulte("select first 1 terc_nit from terceros").texto();
+    const QStringList cierre{
+        "insert into cierre_anual (cian_id, cian_concepto, terc_nit, tico_cod, prco_pref,"
+        " cian_fecha, cian_niif) values (0, 'Cierre', " +
+        QuotedStr(tercero) + ", 'CG', '0001', '20171231', 'A')"};
+    const auto [propio, directo] =
+        compare([&] { ensaye(c, cierre); }, [&] { ensaye(c, a_mano()); }, 5);
+    informe("cierre anual de 1.000.000 de renglones, los dos libros", propio,
+            "las mismas líneas por una orden SQL", directo, 2);
+}
+
+void mida_depreciacion() {
+    const double mil = deprecie(1000), diez_mil = deprecie(10000);
+    informe("depreciación de 10.000 activos, los dos libros", diez_mil, "de 1.000", mil, 13);
+}

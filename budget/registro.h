@@ -1,0 +1,4 @@
+#pragma once
+// Pantallas del presupuesto, por su nombre.
+
+void registre_pantallas_presupuesto();

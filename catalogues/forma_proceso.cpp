@@ -1,0 +1,302 @@
+#include "catalogues/forma_proceso.h"
+
+#include "sesion/campos_catalogos.h"
+#include "sesion/peticiones.h"
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
+#include "sesion/tfdmter.h"
+#include "toolkit/aviso_trabajo.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/listadato.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/formulario.h"
+
+#include <QIntValidator>
+#include <QLabel>
+#include <QLayout>
+
+QLineEdit* caja_que_muestra(const char* nombre, int caracteres) {
+    auto* e = new QLineEdit;
+    e->setObjectName(nombre);
+    e->setReadOnly(true);
+    e->setFocusPolicy(Qt::NoFocus);
+    constexpr int kNombre = 20; // de ahí en adelante toma el ancho que sobre
+    const int letra = e->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    if (caracteres > kNombre)
+        e->setMinimumWidth(letra * kNombre);
+    else
+        e->setFixedWidth(letra * (caracteres + 2));
+    return e;
+}
+
+namespace {
+
+template <class T> T* nombrado(T* control, const char* nombre) {
+    control->setObjectName(nombre);
+    return control;
+}
+
+ConjuntoDatos& nuevo(QObject* dueno, const char* nombre, Proveedor* proveedor) {
+    return *new ConjuntoDatos(dueno, nombre, proveedor);
+}
+
+} // namespace
+
+FormaProceso::FormaProceso(const DatosProceso& datos) : FormaProceso(datos, SinArmar{}) {
+    arme();
+}
+
+FormaProceso::FormaProceso(const DatosProceso& datos, SinArmar)
+    : Pantalla(datos.clase, datos.titulo),
+      CTipodoc(nuevo(this, "CTipodoc", new Proveedor(this, "PTipodoc", &fdm().TTipocomp))),
+      CPrefijos(nuevo(this, "CPrefijos",
+                      new Proveedor(this, "PPrefijos", &fdm().QPrefijos, poAllowCommandText))),
+      CProceso(nuevo(this, datos.conjunto, nullptr)), datos_(datos),
+      QProceso(this, "QProceso", fdm().Quorvex), SId(this, "SId", fdm().Quorvex),
+      PProceso(this, "PProceso", &QProceso) {
+    if (datos_.tabla) {
+        CProceso.proveedor = &PProceso;
+        QProceso.SQL = QStringLiteral("select * from %1 where 1 = 0").arg(datos_.tabla);
+        SId.procedimiento = datos_.procedimiento_id;
+    }
+    defina_campos();
+    construya();
+}
+
+void FormaProceso::defina_campos() {
+    campos_tipos_comprobante(CTipodoc);
+    campos_prefijos(CPrefijos);
+    ConjuntoDatos& c = CProceso;
+    if (datos_.id)
+        c.entero(datos_.id).banderas(pfInUpdate | pfInWhere | pfInKey);
+    c.texto("TICO_COD", 3).requerido().etiqueta("Tipo");
+    c.texto("PRCO_PREF", 4).requerido().etiqueta("Prefijo");
+    c.texto("ENCO_NUMERO", datos_.largo_numero).etiqueta("Número");
+    c.texto(datos_.fecha, 8).etiqueta("Fecha");
+    c.texto(datos_.concepto, 60).etiqueta("Concepto");
+    if (datos_.referencia)
+        c.texto(datos_.referencia, datos_.largo_referencia).etiqueta("Referencia");
+    if (datos_.tercero)
+        c.texto(datos_.tercero, 20).etiqueta("Tercero").OnChange = [this](Campo& x) {
+            TERC_NITChange(x);
+        };
+    if (datos_.usuario)
+        c.texto(datos_.usuario, 10);
+    if (datos_.libros)
+        c.texto(datos_.libros, 1).etiqueta("Libros");
+    campo("TICO_COD").OnChange = [this](Campo& x) { TICO_CODChange(x); };
+    campo("PRCO_PREF").OnChange = [this](Campo& x) { PRCO_PREFChange(x); };
+}
+
+void FormaProceso::construya() {
+    LTipo = nombrado(new ListaDato(&CProceso, "TICO_COD"), "LTipo");
+    LTipo->lista_de(&CTipodoc, "TICO_COD", "TICO_NOM");
+    LPref = nombrado(new ListaDato(&CProceso, "PRCO_PREF"), "LPref");
+    LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
+    LPref->OnExit = [this] { tome_numero(); };
+    ENumero = nombrado(new EditorDato(&CProceso, "ENCO_NUMERO"), "ENumero");
+    EConcepto = nombrado(new EditorDato(&CProceso, datos_.concepto), "EConcepto");
+    if (datos_.referencia)
+        ERef = nombrado(new EditorDato(&CProceso, datos_.referencia), "ERef");
+    EAno = caja_que_muestra("EAno", 4);
+    EMes = caja_que_muestra("EMes", 10);
+    EDia = nombrado(new QLineEdit, "EDia");
+    EDia->setValidator(new QIntValidator(1, 31, EDia));
+    EDia->setMaxLength(2);
+    EDia->setFixedWidth(EDia->fontMetrics().horizontalAdvance("0000"));
+    connect(EDia, &QLineEdit::editingFinished, this, [this] { proteja([this] { EDiaExit(); }); });
+    if (datos_.tercero) {
+        ENit = nombrado(new EditorDato(&CProceso, datos_.tercero), "ENit");
+        ENit->ancho(15);
+        ENit->setToolTip("? y parte del nombre abre la lista; doble clic también");
+        ENit->OnDblClick = [this] { escoja_el_tercero({}); };
+        NomTerc = caja_que_muestra("NomTerc", 34);
+    }
+}
+
+void FormaProceso::arme() {
+    Panel1 = nombrado(new QWidget(this), "Panel1");
+    arme_encabezado();
+    Formulario f(this);
+    f.ancha(Panel1, 0);
+    bajo_el_encabezado(f);
+    auto* barra = nombrado(new BarraBotones(this), "barra");
+    barra->principal(barra->boton("SBGrabar", "F2: &Grabar", "document-save", Qt::Key_F2,
+                                  [this] { SBGrabarClick(); }));
+    botones_propios(*barra);
+    barra->separe();
+    barra->boton("SBCancel", "ESC:Cancelar", "dialog-cancel", Qt::Key_Escape,
+                 [this] { cancele(); });
+    f.botones(barra);
+    enter_como_tab();
+    tamano(760, 340);
+}
+
+void FormaProceso::arme_encabezado() {
+    Formulario f(Panel1);
+    QWidget* fecha = Formulario::junto({EDia, EMes, EAno});
+    f.fila({{"&Tipo", LTipo}, {"&Prefijo", LPref}, {"&Número", ENumero}});
+    if (ERef)
+        f.fila({{"&Día", fecha}, {"&Referencia", ERef}});
+    else
+        f.fila("&Día", fecha);
+    f.fila("&Concepto", EConcepto);
+    if (ENit)
+        f.fila("Tercer&o", Formulario::junto({ENit, NomTerc}));
+    if (datos_.libros) {
+        auto* libros = nombrado(new ListaDato(&CProceso, datos_.libros), "LLibros");
+        libros->lista_de(datos_.nombres_libros, {"C", "N", "A"});
+        f.fila(datos_.rotulo_libros, libros);
+    }
+    complete(f);
+    if (datos_.nota) {
+        auto* nota = nombrado(new QLabel(datos_.nota), "Nota");
+        nota->setWordWrap(true);
+        f.ancha(nota, 0);
+    }
+    Panel1->layout()->setContentsMargins(0, 0, 0, 0);
+}
+
+void FormaProceso::bajo_el_encabezado(Formulario& f) {
+    f.estire();
+}
+
+// ---------------------------------------------------------------- vida
+
+void FormaProceso::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    CTipodoc.Open();
+    if (datos_.tabla)
+        CProceso.Open();
+    else
+        CProceso.CreateDataSet();
+    CProceso.Append();
+    if (datos_.id)
+        campo(datos_.id) = 0;
+    if (datos_.libros)
+        campo(datos_.libros) = "C";
+    if (datos_.usuario)
+        campo(datos_.usuario) = fdm().usuario;
+    nueva_fila();
+    LTipo->setFocus();
+}
+
+void FormaProceso::FormActivate() {
+    EAno->setText(fdmcnt().ano_actual);
+    EMes->setText(fdmcnt().nombre_periodo());
+    if (EDia->text().isEmpty())
+        EDia->setText("1");
+    if (CProceso.editando())
+        ponga_fecha();
+}
+
+bool FormaProceso::FormClose() {
+    CProceso.Cancel();
+    CProceso.Close();
+    return true;
+}
+
+void FormaProceso::cancele() {
+    CProceso.Cancel();
+    close();
+}
+
+// ---------------------------------------------------------------- encabezado
+
+void FormaProceso::ponga_fecha() {
+    campo(datos_.fecha) = fdmcnt().compone_fecha(EDia->text());
+}
+
+void FormaProceso::EDiaExit() {
+    if (!EDia->text().isEmpty() && CProceso.editando())
+        ponga_fecha();
+}
+
+void FormaProceso::TICO_CODChange(Campo& tipo) {
+    campo("PRCO_PREF").limpie();
+    campo("ENCO_NUMERO").limpie();
+    if (tipo.vacio())
+        return;
+    CTipodoc.Locate("TICO_COD", {tipo.valor()});
+    CPrefijos.Open("select * from prefijos_conta where tico_cod = " + QuotedStr(tipo.texto()) +
+                   " and prco_activo = 'S' order by prco_pref");
+    const bool hay = !CPrefijos.IsEmpty();
+    LPref->habilite(hay);
+    ENumero->habilite(hay);
+    if (!hay) {
+        const QString texto = QString::fromUtf8(datos_.sin_prefijos);
+        if (!texto.contains("%1"))
+            throw ErrorDatos(texto);
+        muestre_mensaje(texto.arg(datos_.nombra_tipo
+                                      ? QuotedStr(CTipodoc.FieldByName("TICO_NOM").texto())
+                                      : tipo.texto()));
+        return;
+    }
+    if (CPrefijos.RecordCount() == 1) {
+        campo("PRCO_PREF") = CPrefijos.FieldByName("PRCO_PREF").texto();
+        LPref->habilite(false);
+    }
+}
+
+void FormaProceso::PRCO_PREFChange(Campo& prefijo) {
+    if (prefijo.vacio() || !CPrefijos.Active() || !CPrefijos.Locate("PRCO_PREF", {prefijo.valor()}))
+        return;
+    campo("ENCO_NUMERO") = CPrefijos.FieldByName("PREF_NUMERO").texto();
+    prefijo_cambiado();
+}
+
+void FormaProceso::tome_numero() {
+    if (CProceso.editando() && campo("ENCO_NUMERO").vacio())
+        PRCO_PREFChange(campo("PRCO_PREF"));
+}
+
+void FormaProceso::escoja_el_tercero(const QString& texto) {
+    escoja_tercero(
+        *this, texto, [this](const QString& nit) { campo(datos_.tercero) = nit; },
+        texto.isEmpty() ? campo(datos_.tercero).texto() : QString());
+}
+
+void FormaProceso::TERC_NITChange(Campo& nit) {
+    NomTerc->clear();
+    if (nit.vacio())
+        return;
+    if (nit.texto().startsWith('?')) {
+        const QString texto = nit.texto().mid(1);
+        nit.limpie();
+        escoja_el_tercero(texto);
+    } else if (fdmter().valide_tercero(nit.texto())) {
+        NomTerc->setText(fdmter().nom_tercero(nit.texto()));
+        NomTerc->setCursorPosition(0);
+    } else {
+        nit.limpie();
+    }
+}
+
+// ---------------------------------------------------------------- grabar
+
+void FormaProceso::SBGrabarClick() {
+    grabe();
+}
+
+void FormaProceso::grabe() {
+    if (EDia->text().isEmpty())
+        EDia->setText("1");
+    CProceso.Edit();
+    ponga_fecha();
+    if (datos_.procedimiento_id && (datos_.id_en_cada_intento || campo(datos_.id).entero() == 0)) {
+        SId.Close();
+        SId.ExecProc();
+        campo(datos_.id) = SId.ParamByName("ID");
+    }
+    CProceso.Post();
+    int fallas = 0;
+    {
+        const AvisoTrabajo aviso(this, datos_.haciendo);
+        fallas = CProceso.ApplyUpdates(0);
+    }
+    if (fallas == 0)
+        close();
+    else
+        CProceso.Edit();
+}

@@ -1,0 +1,203 @@
+-- Verificación de los libros: lo que la base deja pasar porque alguien lo necesita, o lo que trae
+-- de antes de sus guardas. Todo se lee en una instantánea, y ninguna suma se desborda: los importes
+-- se parten en cientos de millones y resto.
+
+SET TERM ^ ;
+
+--<LIBROS>
+-- Lo que está mal en un libro, por comprobante. COMPROBANTE: tipo, prefijo y número, o su id si no
+-- hay encabezado; vacío en lo que no es de uno. CAUSA: siempre la misma para lo mismo. DETALLE: los
+-- datos. La llama VERIFIQUE_LIBROS.
+CREATE OR ALTER PROCEDURE VERIFIQUE_COMPROBANTES{_NIIF} (CUADRADOS boolean)
+RETURNS (COMPROBANTE varchar(40), CAUSA varchar(80), DETALLE varchar(200))
+AS
+BEGIN
+  CAUSA = 'descuadrado';
+  IF (CUADRADOS) THEN
+    FOR
+      SELECT E.TICO_COD || ' ' || E.PRCO_PREF || ' ' || E.ENCO_NUMERO,
+        iif(S.ALTO BETWEEN -900000 AND 900000, 'débitos menos créditos: '
+          || cast(S.ALTO * 100000000 + S.BAJO AS numeric(18,2)), 'importes desmedidos')
+      FROM (
+        SELECT ENCO_CONSEC, sum(ALTO) ALTO, sum(BAJO) BAJO FROM VISTA_IMPORTES{_NIIF}
+        GROUP BY ENCO_CONSEC
+        HAVING sum(ALTO) <> 0 OR sum(BAJO) <> 0) S
+      JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = S.ENCO_CONSEC
+      WHERE S.ALTO <> -trunc(S.BAJO / 100000000)
+        OR S.BAJO <> trunc(S.BAJO / 100000000) * 100000000
+      ORDER BY 1
+      INTO :COMPROBANTE, :DETALLE
+    DO
+      SUSPEND;
+
+  CAUSA = 'perdió sus líneas de este libro';
+  DETALLE = NULL;
+  FOR
+    SELECT E.TICO_COD || ' ' || E.PRCO_PREF || ' ' || E.ENCO_NUMERO
+    FROM COMPROBANTE_ENCABEZADO E
+    WHERE EXISTS (SELECT 1 FROM AUDITORIA A WHERE A.AUDI_IDDOC = E.ENCO_CONSEC
+        AND A.TIDO_COD = {TIDO} AND A.AUDI_OPER = 'V')
+      AND NOT EXISTS (SELECT 1 FROM {DETALLE} D WHERE D.ENCO_CONSEC = E.ENCO_CONSEC)
+      AND (EXISTS (SELECT 1 FROM COMPROBANTE_DETALLE D WHERE D.ENCO_CONSEC = E.ENCO_CONSEC)
+        OR EXISTS (SELECT 1 FROM COMPROBANTE_DETALLE_NIIF D
+          WHERE D.ENCO_CONSEC = E.ENCO_CONSEC))
+    ORDER BY 1
+    INTO :COMPROBANTE
+  DO
+    SUSPEND;
+
+  CAUSA = 'líneas sin encabezado';
+  FOR
+    SELECT 'id ' || D.ENCO_CONSEC, count(*) || ' líneas' FROM {DETALLE} D
+    WHERE NOT EXISTS (SELECT 1 FROM COMPROBANTE_ENCABEZADO E WHERE E.ENCO_CONSEC = D.ENCO_CONSEC)
+    GROUP BY D.ENCO_CONSEC
+    ORDER BY D.ENCO_CONSEC
+    INTO :COMPROBANTE, :DETALLE
+  DO
+    SUSPEND;
+
+  FOR
+    SELECT coalesce(E.TICO_COD || ' ' || E.PRCO_PREF || ' ' || E.ENCO_NUMERO,
+        'id ' || D.ENCO_CONSEC),
+      'línea ' || D.CODE_ITEM || ', cuenta ' || D.CUEN_COD,
+      CASE
+        WHEN D.CODE_DEBITO IS NULL OR D.CODE_CREDITO IS NULL THEN 'importe nulo'
+        WHEN C.CUEN_AFECTABLE IS DISTINCT FROM 'S' THEN
+          'movimiento en una cuenta que no puede llevarlo'
+        WHEN 'S' IN (C.CUEN_TERCERO, C.CUEN_RETENCION) AND D.TERC_NIT IS NULL THEN
+          'falta el tercero que su cuenta exige'
+        WHEN C.CUEN_CENTRO = 'S' AND (D.PROY_COD IS NULL OR D.CENT_COD IS NULL) THEN
+          'falta el centro que su cuenta exige'
+        WHEN D.CODE_FECHA IS DISTINCT FROM E.ENCO_FECHA THEN
+          'la fecha de la línea no es la del comprobante'
+        ELSE 'el artículo no existe'
+      END
+    FROM {DETALLE} D
+    LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = D.ENCO_CONSEC
+    LEFT JOIN {CUENTAS} C ON C.CUEN_COD = D.CUEN_COD
+    WHERE D.CODE_DEBITO IS NULL OR D.CODE_CREDITO IS NULL
+      OR C.CUEN_AFECTABLE IS DISTINCT FROM 'S'
+      OR ('S' IN (C.CUEN_TERCERO, C.CUEN_RETENCION) AND D.TERC_NIT IS NULL)
+      OR (C.CUEN_CENTRO = 'S' AND (D.PROY_COD IS NULL OR D.CENT_COD IS NULL))
+      OR D.CODE_FECHA IS DISTINCT FROM E.ENCO_FECHA
+      OR (D.ARTI_COD IS NOT NULL
+        AND NOT EXISTS (SELECT 1 FROM ARTICULO A WHERE A.ARTI_COD = D.ARTI_COD)
+        AND NOT EXISTS (SELECT 1 FROM ACTIVOS_FIJOS F WHERE F.ACFJ_COD = D.ARTI_COD))
+    ORDER BY 3, 1, D.CODE_ITEM
+    INTO :COMPROBANTE, :DETALLE, :CAUSA
+  DO
+    SUSPEND;
+
+  COMPROBANTE = NULL;
+  CAUSA = 'saldo inicial en una cuenta que no puede llevarlo';
+  FOR
+    SELECT 'línea ' || S.SAIN_ITEM || ', cuenta ' || S.CUEN_COD
+    FROM SALDOS_INICIALES{_NIIF} S
+    LEFT JOIN {CUENTAS} C ON C.CUEN_COD = S.CUEN_COD
+    WHERE C.CUEN_AFECTABLE IS DISTINCT FROM 'S'
+    ORDER BY S.SAIN_ITEM
+    INTO :DETALLE
+  DO
+    SUSPEND;
+  CAUSA = 'saldos iniciales descuadrados';
+  IF (CUADRADOS) THEN
+    FOR
+      SELECT iif(S.ALTO BETWEEN -900000 AND 900000, 'débitos menos créditos: '
+        || cast(S.ALTO * 100000000 + S.BAJO AS numeric(18,2)), 'importes desmedidos')
+      FROM (
+        SELECT sum(trunc(coalesce(SAIN_DEBITO, 0) / 100000000)
+            - trunc(coalesce(SAIN_CREDITO, 0) / 100000000)) ALTO,
+          sum(coalesce(SAIN_DEBITO, 0) - trunc(coalesce(SAIN_DEBITO, 0) / 100000000) * 100000000
+            - coalesce(SAIN_CREDITO, 0)
+            + trunc(coalesce(SAIN_CREDITO, 0) / 100000000) * 100000000) BAJO
+        FROM SALDOS_INICIALES{_NIIF}) S
+      WHERE S.ALTO <> -trunc(S.BAJO / 100000000)
+        OR S.BAJO <> trunc(S.BAJO / 100000000) * 100000000
+      INTO :DETALLE
+    DO
+      SUSPEND;
+
+  IF (NOT EXISTS (SELECT 1 FROM SALDOS_CONTROL WHERE SACO_LIBRO = '{LIBRO}')) THEN
+  BEGIN
+    CAUSA = 'los saldos no tienen su fila de control';
+    DETALLE = 'la repone el recálculo';
+    SUSPEND;
+  END
+  IF (ANO_CONFIGURADO('{LIBRO}') IS NULL) THEN
+  BEGIN
+    CAUSA = 'falta el año de inicio en la configuración';
+    DETALLE = 'los saldos iniciales siguen en el ' || ANO_INICIO('{LIBRO}');
+    SUSPEND;
+  END
+END^
+--</LIBROS>
+
+-- Lo que está mal en los encabezados. La llama VERIFIQUE_LIBROS.
+CREATE OR ALTER PROCEDURE VERIFIQUE_ENCABEZADOS
+RETURNS (COMPROBANTE varchar(40), CAUSA varchar(80), DETALLE varchar(200))
+AS
+BEGIN
+  CAUSA = 'encabezado sin las líneas que tuvo';
+  FOR
+    SELECT E.TICO_COD || ' ' || E.PRCO_PREF || ' ' || E.ENCO_NUMERO
+    FROM COMPROBANTE_ENCABEZADO E
+    WHERE NOT EXISTS (SELECT 1 FROM COMPROBANTE_DETALLE D WHERE D.ENCO_CONSEC = E.ENCO_CONSEC)
+      AND NOT EXISTS (SELECT 1 FROM COMPROBANTE_DETALLE_NIIF D
+        WHERE D.ENCO_CONSEC = E.ENCO_CONSEC)
+      AND EXISTS (SELECT 1 FROM AUDITORIA A WHERE A.AUDI_IDDOC = E.ENCO_CONSEC
+        AND ((A.TIDO_COD = 1 AND A.AUDI_OPER IN ('V', 'Q')) OR A.TIDO_COD = 1001))
+    ORDER BY 1
+    INTO :COMPROBANTE
+  DO
+    SUSPEND;
+
+  FOR
+    SELECT TICO_COD || ' ' || PRCO_PREF || ' ' || ENCO_NUMERO, 'fecha ' || ENCO_FECHA,
+      CASE
+        WHEN ENCO_CONSEC = 0 THEN 'sin identificación definitiva'
+        WHEN NOT EXISTE_FECHA(ENCO_FECHA) THEN 'la fecha no existe'
+        ELSE 'sin número'
+      END
+    FROM COMPROBANTE_ENCABEZADO
+    WHERE ENCO_CONSEC = 0 OR NOT EXISTE_FECHA(ENCO_FECHA) OR trim(ENCO_NUMERO) = ''
+    ORDER BY 3, 1
+    INTO :COMPROBANTE, :DETALLE, :CAUSA
+  DO
+    SUSPEND;
+
+  CAUSA = 'número repetido';
+  FOR
+    SELECT TICO_COD || ' ' || PRCO_PREF || ' ' || lpad(trim(ENCO_NUMERO), 8, '0'),
+      min(trim(ENCO_NUMERO)) || ', ' || max(trim(ENCO_NUMERO))
+    FROM COMPROBANTE_ENCABEZADO
+    WHERE trim(ENCO_NUMERO) SIMILAR TO '[0-9]+'
+    GROUP BY TICO_COD, PRCO_PREF, lpad(trim(ENCO_NUMERO), 8, '0')
+    HAVING count(*) > 1
+    INTO :COMPROBANTE, :DETALLE
+  DO
+    SUSPEND;
+END^
+
+-- Todo lo que está mal en los dos libros de la compañía, menos los saldos (VERIFIQUE_SALDOS).
+-- LIBRO: '2649', 'NIIF' o vacío si es del encabezado. Ninguna fila cuando todo está bien. Léase en
+-- una instantánea. La llama la herramienta de administración.
+CREATE OR ALTER PROCEDURE VERIFIQUE_LIBROS
+RETURNS (COMPROBANTE varchar(40), LIBRO varchar(4), CAUSA varchar(80), DETALLE varchar(200))
+AS
+  DECLARE CUADRADOS boolean;
+BEGIN
+  CUADRADOS = coalesce(CONFIGURADO('GENERAL', 'PERMITIR COMPROBANTES DESCUADRADOS'), '') <> 'SI';
+  LIBRO = '';
+  FOR SELECT * FROM VERIFIQUE_ENCABEZADOS INTO :COMPROBANTE, :CAUSA, :DETALLE DO
+    SUSPEND;
+  LIBRO = '2649';
+  FOR SELECT * FROM VERIFIQUE_COMPROBANTES(:CUADRADOS) INTO :COMPROBANTE, :CAUSA, :DETALLE DO
+    SUSPEND;
+  LIBRO = 'NIIF';
+  FOR SELECT * FROM VERIFIQUE_COMPROBANTES_NIIF(:CUADRADOS)
+    INTO :COMPROBANTE, :CAUSA, :DETALLE
+  DO
+    SUSPEND;
+END^
+
+SET TERM ; ^

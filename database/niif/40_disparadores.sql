@@ -1,0 +1,21 @@
+-- Un código vacío no nombra a nadie: se guarda nulo, y un importe sin digitar es cero.
+
+SET TERM ^ ;
+
+CREATE OR ALTER TRIGGER APERTURA_NIIF_DET_BI FOR APERTURA_NIIF_DET
+ACTIVE BEFORE INSERT OR UPDATE POSITION 0
+AS
+BEGIN
+  NEW.APND_CUENTA = nullif(NEW.APND_CUENTA, '');
+  NEW.APND_CTANIIF = nullif(NEW.APND_CTANIIF, '');
+  NEW.TERC_NIT = nullif(NEW.TERC_NIT, '');
+  NEW.PROY_COD = nullif(NEW.PROY_COD, '');
+  NEW.CENT_COD = nullif(NEW.CENT_COD, '');
+  NEW.ACTI_COD = nullif(NEW.ACTI_COD, '');
+  NEW.APND_DEBITO = coalesce(NEW.APND_DEBITO, 0);
+  NEW.APND_CREDITO = coalesce(NEW.APND_CREDITO, 0);
+  NEW.APND_RECLDB = coalesce(NEW.APND_RECLDB, 0);
+  NEW.APND_RECLCR = coalesce(NEW.APND_RECLCR, 0);
+END^
+
+SET TERM ; ^

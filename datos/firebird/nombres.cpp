@@ -1,0 +1,40 @@
+#include "datos/firebird/nombres.h"
+
+#include <QScopedValueRollback>
+
+namespace {
+
+NombresDeDatos nombres_;
+bool consultando_ = false;
+
+/// El diccionario se lee de la base: si esa lectura falla, su falla no puede pedirlo otra vez.
+template <class R, class F> R pregunte(F&& que) {
+    if (consultando_)
+        return {};
+    const QScopedValueRollback<bool> guarda(consultando_, true);
+    try {
+        return que();
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+} // namespace
+
+void instale_nombres_de_datos(NombresDeDatos nombres) {
+    nombres_ = std::move(nombres);
+}
+
+QString nombre_de_columna(const QString& columna) {
+    return nombres_.columna ? pregunte<QString>([&] { return nombres_.columna(columna); })
+                            : QString();
+}
+
+QString nombre_de_tabla(const QString& tabla) {
+    return nombres_.tabla ? pregunte<QString>([&] { return nombres_.tabla(tabla); }) : QString();
+}
+
+QStringList otros_usuarios_con_sesion() {
+    return nombres_.otros_usuarios ? pregunte<QStringList>([] { return nombres_.otros_usuarios(); })
+                                   : QStringList();
+}

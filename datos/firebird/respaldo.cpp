@@ -1,0 +1,121 @@
+#include "datos/firebird/respaldo.h"
+
+#include "datos/firebird/servicios.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+/// "equipo/puerto:ruta"; una sola letra antes de los dos puntos es una unidad de disco.
+bool es_de_servidor(const QString& base) {
+    return base.indexOf(':') > 1;
+}
+
+QStringList tablas_de(Conexion& conexion) {
+    QStringList tablas;
+    const auto c = conexion.abra(QStringLiteral(
+        "select trim(rdb$relation_name) from rdb$relations where rdb$system_flag = 0"
+        " and rdb$view_blr is null and coalesce(rdb$relation_type, 0) = 0 order by 1"));
+    while (c->siguiente())
+        tablas << c->valor(0).texto();
+    return tablas;
+}
+
+/// Base aparte para probar un respaldo, que se borra al salir.
+class BaseAparte {
+public:
+    explicit BaseAparte(const ParametrosConexion& original) : parametros_(original) {
+        parametros_.base = es_de_servidor(original.base)
+                               ? original.base + QStringLiteral(".prueba")
+                               : QDir::temp().filePath(
+                                     QStringLiteral("quorvex_prueba_%1.fdb").arg(quintptr(this)));
+    }
+    ~BaseAparte() {
+        try {
+            Conexion c;
+            c.conectar(parametros_);
+            c.borre_base();
+        } catch (const std::exception&) {
+            // Si no llegó a crearse no hay qué borrar.
+        }
+    }
+    const ParametrosConexion& parametros() const { return parametros_; }
+
+private:
+    ParametrosConexion parametros_;
+};
+
+bool entre(const QString& valor, const QString& antes, const QString& despues) {
+    const Moneda v = Moneda::de_texto(valor), a = Moneda::de_texto(antes),
+                 d = Moneda::de_texto(despues);
+    return v >= qMin(a, d) && v <= qMax(a, d);
+}
+
+} // namespace
+
+qint64 total_filas(const QMap<QString, QString>& cuenta) {
+    qint64 total = 0;
+    for (auto i = cuenta.begin(); i != cuenta.end(); ++i)
+        if (!i.key().contains('.'))
+            total += i.value().toLongLong();
+    return total;
+}
+
+QMap<QString, QString> recuento_de(const ParametrosConexion& parametros) {
+    Conexion c;
+    c.conectar(parametros);
+    return recuento(c);
+}
+
+void exija_contenido(const QMap<QString, QString>& cuenta) {
+    if (cuenta.value(QStringLiteral("VERSION_ESQUEMA")).toInt() < 1)
+        throw ErrorDatos(QStringLiteral("El respaldo está incompleto o no es de este sistema."));
+}
+
+QMap<QString, QString> recuento(Conexion& conexion) {
+    QMap<QString, QString> cuenta;
+    Transaccion foto(conexion, Transaccion::Modo::Instantanea);
+    const auto mida = [&](const QString& clave, const QString& sql) {
+        Cursor c(std::make_shared<Preparada>(conexion, foto, sql), foto, {});
+        cuenta[clave] = c.siguiente() ? c.valor(0).texto() : QString();
+    };
+    for (const QString& tabla : tablas_de(conexion)) {
+        mida(tabla, QStringLiteral("select count(*) from \"%1\"").arg(tabla));
+        if (tabla.startsWith(QLatin1String("COMPROBANTE_DETALLE")))
+            for (const char* columna : {"CODE_DEBITO", "CODE_CREDITO"})
+                mida(tabla + '.' + QLatin1String(columna),
+                     QStringLiteral("select coalesce(sum(%2), 0) from %1")
+                         .arg(tabla, QLatin1String(columna)));
+    }
+    return cuenta;
+}
+
+ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QString& archivo) {
+    const auto antes = recuento_de(base);
+    respalde_base(base, archivo);
+    const auto despues = recuento_de(base);
+    const BaseAparte aparte(base);
+    try {
+        restaure_base(archivo, aparte.parametros(), true);
+        const auto copia = recuento_de(aparte.parametros());
+        exija_contenido(copia);
+        if (copia.keys() != antes.keys())
+            throw ErrorDatos(QStringLiteral("la copia no tiene las mismas tablas"));
+        for (auto i = copia.begin(); i != copia.end(); ++i)
+            if (!entre(i.value(), antes[i.key()], despues[i.key()]))
+                throw ErrorDatos(QStringLiteral("%1 tiene %2 en la copia y %3 en la base")
+                                     .arg(i.key(), i.value(), antes[i.key()]));
+        return {int(copia.size()), total_filas(copia), QFileInfo(archivo).size()};
+    } catch (const ErrorDatos& e) {
+        const QString dudoso = archivo + QStringLiteral(".dudoso");
+        QFile::remove(dudoso);
+        QFile::rename(archivo, dudoso);
+        throw ErrorDatos(
+            QStringLiteral("El respaldo no pasó la prueba de restauración y quedó como "
+                           "%1: %2")
+                .arg(dudoso, e.para_usuario()),
+            e.detalle());
+    }
+}

@@ -1,0 +1,141 @@
+#include "exchange/forma_copia.h"
+
+#include "exchange/pch.h"
+
+#include <QScopeGuard>
+
+namespace {
+constexpr int kMuestra = 5; ///< fallas que se nombran
+}
+
+FormaCopia::FormaCopia(const QString& clase, const QString& titulo) : Pantalla(clase, titulo) {
+    const auto caja = [](const char* nombre, int largo) {
+        auto* c = new QLineEdit;
+        c->setObjectName(nombre);
+        c->setMaxLength(largo);
+        return c;
+    };
+    const auto rotulo = [](const char* nombre) {
+        auto* l = new QLabel;
+        l->setObjectName(nombre);
+        l->setTextFormat(Qt::PlainText);
+        l->setMinimumWidth(l->fontMetrics().horizontalAdvance('n') * 30);
+        return l;
+    };
+    Compania1 = caja("Compania1", 3);
+    Compania2 = caja("Compania2", 3);
+    Desde = caja("Desde", 20);
+    Hasta = caja("Hasta", 20);
+    Nombre1 = rotulo("Nombre1");
+    Nombre2 = rotulo("Nombre2");
+    Aviso = rotulo("Aviso");
+    ProgressBar1 = new QProgressBar;
+    ProgressBar1->setObjectName("ProgressBar1");
+    ProgressBar1->hide();
+    for (const auto& [codigo, nombre] : {std::pair{Compania1, Nombre1}, {Compania2, Nombre2}})
+        connect(codigo, &QLineEdit::editingFinished, this,
+                [this, codigo = codigo, nombre = nombre] {
+                    if (codigo->isModified() && !codigo->text().isEmpty()) {
+                        codigo->setModified(false);
+                        proteja([&] { nombre->setText(exija_compania(codigo)); });
+                    }
+                });
+    enter_como_tab();
+}
+
+void FormaCopia::arme_companias(Formulario& f) {
+    f.fila("Compañía de origen", Formulario::junto({Compania1, Nombre1}));
+    f.fila("Compañía de destino", Formulario::junto({Compania2, Nombre2}));
+}
+
+void FormaCopia::arme_rango(Formulario& f, const QString& rotulo) {
+    f.fila({{rotulo, Desde}, {"Hasta", Hasta}});
+}
+
+void FormaCopia::arme_botones(Formulario& f) {
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SpeedButton1", "F2:Copiar", "edit-copy", Qt::Key_F2,
+                                  [this] { SpeedButton1Click(); }));
+    barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    f.ancha(Aviso, 0).ancha(ProgressBar1, 0).estire().botones(barra);
+}
+
+void FormaCopia::FormCreate() {
+    Compania1->setFocus();
+}
+
+bool FormaCopia::FormClose() {
+    Conexion1.desconectar();
+    Conexion2.desconectar();
+    return true;
+}
+
+QString FormaCopia::exija_compania(QLineEdit* caja) {
+    const QString nombre = fdm()
+                               .ConGeneral
+                               .consulte("select com_nombre from compania where comp_cod = " +
+                                         QuotedStr(caja->text().trimmed()))
+                               .texto();
+    if (nombre.isEmpty())
+        muestre_mensaje("Compañía no encontrada.");
+    return nombre;
+}
+
+void FormaCopia::anuncie(const QString& texto) {
+    Aviso->setText(texto);
+    Aviso->repaint();
+}
+
+AvanceCopia FormaCopia::avance() {
+    ProgressBar1->setValue(0);
+    ProgressBar1->show();
+    return [this](int van, int total) {
+        ProgressBar1->setRange(0, total);
+        ProgressBar1->setValue(van);
+        ProgressBar1->repaint();
+    };
+}
+
+void FormaCopia::conecte(Conexion& conexion, const QString& codigo) {
+    anuncie("Conectando a la base de datos " + codigo + " ...");
+    conexion.desconectar();
+    conexion.conectar(base_de_compania(fdm().Quorvex.parametros(), fdm().codigo_compania, codigo));
+    exija_version(conexion);
+}
+
+void FormaCopia::SpeedButton1Click() {
+    const QString origen = Compania1->text().trimmed(), destino = Compania2->text().trimmed();
+    for (QLineEdit* caja : {Compania1, Compania2})
+        if (exija_compania(caja).isEmpty()) {
+            caja->setFocus();
+            return;
+        }
+    if (origen == destino) {
+        muestre_mensaje("Las dos compañías deben ser distintas.");
+        Compania2->setFocus();
+        return;
+    }
+    if (Desde->text().trimmed().isEmpty())
+        Desde->setText(omision().desde);
+    if (Hasta->text().trimmed().isEmpty())
+        Hasta->setText(omision().hasta);
+    std::optional<ResultadoCopia> r;
+    {
+        const auto al_salir = qScopeGuard([this] {
+            Aviso->clear();
+            ProgressBar1->hide();
+        });
+        conecte(Conexion1, origen);
+        conecte(Conexion2, destino);
+        r = copie({Desde->text().trimmed(), Hasta->text().trimmed()});
+    }
+    if (!r)
+        return;
+    QString texto =
+        QStringLiteral("Se copiaron %1; %2 no se tocaron.").arg(r->copiados).arg(r->omitidos);
+    if (!r->fallas.isEmpty())
+        texto += QStringLiteral(" No entraron %1:\n").arg(r->fallas.size()) +
+                 r->fallas.mid(0, kMuestra).join('\n');
+    muestre_mensaje(texto);
+    close();
+}

@@ -1,0 +1,215 @@
+#include "exchange/forma_mantenimiento.h"
+
+#include "exchange/pch.h"
+
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
+namespace {
+/// Con más renglones, lo pendiente de los saldos se pasa de una vez y no en los ratos libres.
+constexpr qint64 kMuchosRenglones = 2000;
+} // namespace
+
+FormaMantenimiento::FormaMantenimiento(const QString& clase, const QString& titulo)
+    : Pantalla(clase, titulo), Aviso(new QLabel(this)) {
+    campos_tipos_comprobante(CTipo);
+    Aviso->setObjectName("Aviso");
+    Aviso->setTextFormat(Qt::PlainText);
+    Aviso->setWordWrap(true);
+    enter_como_tab();
+}
+
+// ---------------------------------------------------------------- construcción
+
+QLineEdit* FormaMantenimiento::caja(const QString& nombre, int largo) {
+    auto* c = new QLineEdit;
+    c->setObjectName(nombre);
+    c->setMaxLength(largo);
+    return c;
+}
+
+QLineEdit* FormaMantenimiento::caja_cuenta(const QString& nombre,
+                                           std::function<void(const QString&)> al_dejarla) {
+    QLineEdit* c = caja(nombre, 20);
+    c->installEventFilter(this);
+    cajas_[c] = {std::move(al_dejarla),
+                 [this](QLineEdit* destino) {
+                     escoja_cuenta(*this, libro(), destino->text().mid(1),
+                                   [destino](const QString& cuenta) {
+                                       destino->setText(cuenta);
+                                       destino->setFocus();
+                                   });
+                 },
+                 {}};
+    return c;
+}
+
+QLineEdit* FormaMantenimiento::caja_tercero(const QString& nombre,
+                                            std::function<void(const QString&)> al_dejarla) {
+    QLineEdit* c = caja(nombre, 20);
+    c->installEventFilter(this);
+    cajas_[c] = {std::move(al_dejarla),
+                 [this](QLineEdit* destino) {
+                     escoja_tercero(*this, destino->text().mid(1), [destino](const QString& nit) {
+                         destino->setText(nit);
+                         destino->setFocus();
+                     });
+                 },
+                 {}};
+    return c;
+}
+
+QLabel* FormaMantenimiento::rotulo(const QString& nombre) {
+    auto* l = new QLabel;
+    l->setObjectName(nombre);
+    l->setTextFormat(Qt::PlainText);
+    l->setMinimumWidth(l->fontMetrics().horizontalAdvance('n') * 34);
+    return l;
+}
+
+QCheckBox* FormaMantenimiento::casilla(const QString& nombre, const QString& texto) {
+    auto* c = new QCheckBox(texto);
+    c->setObjectName(nombre);
+    return c;
+}
+
+QComboBox* FormaMantenimiento::lista_tipos(const QString& todos) {
+    LTipo = new QComboBox;
+    LTipo->setObjectName("LTipo");
+    if (!todos.isEmpty())
+        LTipo->addItem(todos, QString());
+    return LTipo;
+}
+
+void FormaMantenimiento::arme_fechas(Formulario& f) {
+    FecIni = caja("FecIni", 8);
+    FecFin = caja("FecFin", 8);
+    f.fila({{"Desde (aaaammdd)", FecIni}, {"Hasta (aaaammdd)", FecFin}});
+}
+
+void FormaMantenimiento::arme_botones(Formulario& f, const QString& texto) {
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SpeedButton1", texto, "system-run",
+                                  texto.startsWith("F5") ? Qt::Key_F5 : Qt::Key_F2,
+                                  [this] { SpeedButton1Click(); }));
+    barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    f.ancha(Aviso, 0).estire().botones(barra);
+}
+
+// ---------------------------------------------------------------- vida
+
+void FormaMantenimiento::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    if (QWidget* primero = ckniif ? static_cast<QWidget*>(ckniif) : FecIni)
+        primero->setFocus();
+    if (!LTipo)
+        return;
+    CTipo.Open();
+    CTipo.FetchAll();
+    for (CTipo.First(); !CTipo.Eof(); CTipo.Next())
+        LTipo->addItem(CTipo.FieldByName("TICO_NOM").texto(),
+                       CTipo.FieldByName("TICO_COD").texto());
+}
+
+bool FormaMantenimiento::FormClose() {
+    CTipo.Close();
+    return true;
+}
+
+bool FormaMantenimiento::eventFilter(QObject* objeto, QEvent* evento) {
+    if (evento->type() == QEvent::FocusOut && cajas_.contains(objeto) && !validando_ &&
+        static_cast<QFocusEvent*>(evento)->reason() != Qt::ActiveWindowFocusReason) {
+        auto* c = static_cast<QLineEdit*>(objeto);
+        Caja& memoria = cajas_[objeto];
+        const QString texto = c->text().trimmed();
+        if (!texto.isEmpty() && texto != memoria.vista) {
+            memoria.vista = texto;
+            const QScopedValueRollback<bool> guarda(validando_, true);
+            if (texto.startsWith('?'))
+                proteja([&] { memoria.busque(c); });
+            else if (memoria.al_dejarla)
+                proteja([&] { memoria.al_dejarla(texto); });
+        }
+    }
+    return Pantalla::eventFilter(objeto, evento);
+}
+
+// ---------------------------------------------------------------- lo común
+
+Libro FormaMantenimiento::libro() const {
+    return ckniif && ckniif->isChecked() ? Libro::Niif : Libro::Decreto2649;
+}
+
+QString FormaMantenimiento::exija_cuenta(const QString& cuenta) {
+    const QString nombre = dato(QStringLiteral("select cuen_nom from %1 where cuen_cod = ")
+                                    .arg(QLatin1String(datos(libro()).cuentas)) +
+                                QuotedStr(cuenta));
+    if (nombre.isEmpty())
+        muestre_mensaje("La cuenta " + cuenta + " no existe.");
+    return nombre;
+}
+
+QString FormaMantenimiento::exija_tercero(const QString& nit) {
+    const QString nombre = dato("select terc_nom from terceros where terc_nit = " + QuotedStr(nit));
+    if (nombre.isEmpty())
+        muestre_mensaje("El tercero " + nit + " no existe.");
+    return nombre;
+}
+
+std::optional<RangoFechas> FormaMantenimiento::fechas() {
+    for (QLineEdit* c : {FecIni, FecFin})
+        if (const auto r = revise_fecha(c->text().trimmed())) {
+            muestre_mensaje(r->texto);
+            c->setFocus();
+            return {};
+        }
+    const RangoFechas r{FecIni->text().trimmed(), FecFin->text().trimmed()};
+    if (r.hasta < r.desde) {
+        muestre_mensaje("La fecha final debe ser mayor o igual que la inicial.");
+        FecFin->setFocus();
+        return {};
+    }
+    return r;
+}
+
+bool FormaMantenimiento::confirme(const CifrasMantenimiento& cifras, const QString& pregunta) {
+    if (cifras.negativa.isEmpty())
+        return pregunte_con_no(pregunta);
+    muestre_mensaje(cifras.negativa);
+    return false;
+}
+
+void FormaMantenimiento::anuncie(const QString& texto) {
+    Aviso->setText(texto);
+    Aviso->repaint();
+}
+
+void FormaMantenimiento::trabaje(const QString& aviso,
+                                 const std::function<CifrasMantenimiento()>& trabajo) {
+    const auto al_salir = qScopeGuard([this] {
+        Aviso->clear();
+        QApplication::restoreOverrideCursor();
+    });
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    anuncie(aviso);
+    const CifrasMantenimiento hecho = trabajo();
+    if (hecho.renglones > kMuchosRenglones)
+        compacte_lo_pendiente(fdm().Quorvex, [this](qint64 van) {
+            anuncie(QStringLiteral("Poniendo los saldos al día: %1 ...").arg(van));
+        });
+    emit fdmcnt().balance_por_recalcular();
+    if (AvisosBarra* barra = fdm().barra())
+        barra->texto(windowTitle() + ": " + hecho.cuantos());
+}
+
+void FormaMantenimiento::rehuse(QWidget* donde, const QString& texto) {
+    if (!texto.isEmpty())
+        muestre_mensaje(texto);
+    donde->setFocus();
+    throw EdicionAbortada();
+}
+
+void FormaMantenimiento::SpeedButton1Click() {
+    if (corra())
+        close();
+}

@@ -1,0 +1,173 @@
+#include "exchange/importacion.h"
+
+#include "libro/catalogos.h"
+
+#include <QFileInfo>
+
+namespace {
+
+constexpr qint64 kBloque = 64 * 1024;
+constexpr qint64 kArchivoChico = 100; ///< con menos octetos el avance va por quintos
+
+/// Quien la lanza detiene la lectura sin que sea una falla.
+struct Cancelada {};
+
+} // namespace
+
+QString ResultadoImportacion::resumen() const {
+    return QStringLiteral("Leídos %1, grabados %2, rechazados %3, omitidos %4")
+        .arg(leidos)
+        .arg(grabados)
+        .arg(rechazados.size())
+        .arg(omitidos);
+}
+
+Importacion::Importacion(Conexion& conexion, const PeticionImportacion& peticion,
+                         const AjustesLibro& ajustes, const QString& usuario)
+    : conexion_(conexion), peticion_(peticion), ajustes_(ajustes), usuario_(usuario) {}
+
+Importacion::~Importacion() = default;
+
+ResultadoImportacion Importacion::corra() {
+    QFile archivo(peticion_.archivo);
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw ErrorDatos(
+            QStringLiteral("Error al abrir el archivo, asegúrece que el nombre sea correcto y que "
+                           "no esté abierto en otra aplicación en este momento."));
+    const qint64 total = archivo.size();
+    paso_ = total / (total < kArchivoChico ? 5 : 100);
+    if (paso_ == 0)
+        throw ErrorDatos(QStringLiteral("División por cero: el archivo tiene menos de cinco "
+                                        "octetos y no hay avance que mostrar."));
+    proximo_ = 0;
+    if (peticion_.ensayo)
+        ensayo_ = std::make_unique<Transaccion>(conexion_, ModoTransaccion::Escritura);
+    qint64 leidos = 0;
+    try {
+        prepare();
+        LectorRegistros lector(peticion_.separador, peticion_.delimitador,
+                               [&](const RegistroLeido& registro) {
+                                   ++resultado_.leidos;
+                                   procese(registro);
+                                   leidos += registro.crudo.size() + 1;
+                                   avance_de(leidos, total);
+                               });
+        while (!archivo.atEnd()) {
+            const QByteArray octetos = archivo.read(kBloque);
+            if (octetos.isEmpty() && archivo.error() != QFileDevice::NoError)
+                throw ErrorDatos(QStringLiteral("No se pudo leer el archivo hasta el final: %1.")
+                                     .arg(peticion_.archivo));
+            lector.alimente(octetos);
+        }
+        termine();
+    } catch (const Cancelada&) {
+        resultado_.cancelada = true;
+    }
+    ensayo_.reset(); // se deshace
+    return resultado_;
+}
+
+void Importacion::avance_de(qint64 leidos, qint64 total) {
+    if (leidos < proximo_)
+        return;
+    proximo_ = leidos - leidos % paso_ + paso_;
+    if (avance && !avance(que_, int(qMin<qint64>(100, leidos * 100 / total))))
+        throw Cancelada();
+}
+
+QString Importacion::texto(const char* dato) const {
+    return valores_.value(QLatin1String(dato)).texto();
+}
+
+Valor Importacion::valor(const char* dato) const {
+    return valores_.value(QLatin1String(dato));
+}
+
+QString Importacion::lea(const RegistroLeido& registro, const QStringList& salvo) {
+    valores_.clear();
+    QStringList razones;
+    for (const ColumnaImportacion& c : peticion_.columnas) {
+        const DatoImportacion* dato = dato_de(peticion_.clase, c.dato);
+        if (!dato || salvo.contains(c.dato))
+            continue;
+        const DatoLeido leido = lea_dato(*dato, registro.columna(c.columna));
+        valores_[c.dato] = leido.valor;
+        if (!leido.rechazo.isEmpty())
+            razones << leido.rechazo;
+    }
+    return razones.join(' ');
+}
+
+QString Importacion::escriba(const std::function<void(Transaccion&)>& trabajo) {
+    try {
+        if (ensayo_)
+            trabajo(*ensayo_);
+        else
+            conexion_.en_transaccion(ModoTransaccion::Escritura, trabajo);
+    } catch (const ErrorBase& falla) {
+        // Sin servidor no hay renglón que rehusar: se detiene todo.
+        if (falla.conexion_perdida())
+            throw;
+        return falla.para_usuario();
+    }
+    return {};
+}
+
+void Importacion::rechace(const RegistroLeido& registro, const QString& razon) {
+    resultado_.rechazados.append({registro.renglon, registro.crudo, razon});
+}
+
+// ---------------------------------------------------------------- reglas de las líneas
+
+struct RevisorImportacion::Cuenta {
+    std::optional<AtributosCuenta> atributos;
+    bool nombrada = false, vale = false;
+};
+
+const RevisorImportacion::Cuenta& RevisorImportacion::cuenta(const QString& codigo) {
+    auto& memoria = cuentas_[codigo];
+    if (!memoria) {
+        memoria = std::make_shared<Cuenta>();
+        std::optional<Rechazo> inactiva;
+        memoria->atributos = atributos_de_cuenta(conexion_, libro_, codigo);
+        memoria->nombrada = !nombre_de_cuenta(conexion_, libro_, codigo, inactiva).isEmpty();
+        memoria->vale = memoria->nombrada && !revise_cuenta(conexion_, libro_, codigo);
+    }
+    return *memoria;
+}
+
+bool RevisorImportacion::existe_cuenta(const QString& codigo) {
+    return cuenta(codigo).nombrada;
+}
+
+bool RevisorImportacion::cuenta_vale(const QString& codigo) {
+    return cuenta(codigo).vale;
+}
+
+bool RevisorImportacion::completa(const LineaImportada& l, bool retencion) {
+    const auto& a = cuenta(l.cuenta).atributos;
+    if (!a)
+        return true;
+    if (retencion && a->es_retencion() &&
+        (l.nit.isEmpty() || l.base.es_cero() || l.porcentaje.es_cero()))
+        return false;
+    if (a->tercero == "S" && l.nit.isEmpty())
+        return false;
+    if (a->exige_centro() && (l.proyecto.isEmpty() || l.centro.isEmpty()))
+        return false;
+    return a->clase != "I" || !l.articulo.isEmpty();
+}
+
+void RevisorImportacion::revise_codigos(const LineaImportada& l, QStringList& razones) {
+    const auto pregunte = [](QHash<QString, bool>& memoria, const QString& llave, auto f) {
+        const auto i = memoria.constFind(llave);
+        return i != memoria.constEnd() ? *i : *memoria.insert(llave, f());
+    };
+    if (!l.nit.isEmpty() &&
+        !pregunte(terceros_, l.nit, [&] { return tercero_activo(conexion_, l.nit); }))
+        razones << "NIT no encontrado " + l.nit;
+    if (!l.proyecto.isEmpty() && !l.centro.isEmpty() &&
+        !pregunte(centros_, l.proyecto + '-' + l.centro,
+                  [&] { return !revise_centro(conexion_, l.proyecto, l.centro); }))
+        razones << "Proyecto-centro no encontrado " + l.proyecto + "-" + l.centro;
+}

@@ -1,0 +1,132 @@
+#pragma once
+// Importación de un archivo de texto a la base de la compañía, sin pantallas.
+//
+// Cada cuenta, tercero, saldo o comprobante es una transacción: lo que se rehúsa no detiene lo
+// demás. Un ensayo hace lo mismo y no deja nada escrito. Los renglones rehusados se devuelven con
+// su número, su texto y la razón, y cada razón pasa además por `anote`, que es el registro de
+// fallas de la importación.
+#include "exchange/datos_importacion.h"
+#include "exchange/lector_registros.h"
+#include "libro/fechas.h"
+
+#include <QFile>
+#include <memory>
+#include <optional>
+
+struct ColumnaImportacion {
+    QString dato;    ///< clave de datos_importacion.h; las demás no se leen
+    int columna = 0; ///< del archivo, desde 1; 0 no se trae
+};
+
+struct PeticionImportacion {
+    ClaseImportacion clase = ClaseImportacion::Cuentas;
+    bool niif = false;
+    QString archivo;
+    char separador = ',', delimitador = 0;
+    QVector<ColumnaImportacion> columnas;
+    bool borre_saldos = false; ///< antes de traer saldos iniciales
+    bool ensayo = false;       ///< no deja nada escrito
+};
+
+struct RenglonRechazado {
+    qint64 renglon = 0;
+    QByteArray texto; ///< como está en el archivo
+    QString razon;
+};
+
+struct ResultadoImportacion {
+    qint64 leidos = 0, grabados = 0;
+    qint64 omitidos = 0; ///< en blanco, o de una cuenta o un tercero que ya existían
+    QVector<RenglonRechazado> rechazados;
+    bool cancelada = false;
+    QString resumen() const;
+};
+
+/// Último comprobante visto, que acompaña cada anotación.
+struct LlaveComprobante {
+    QString tipo, prefijo, numero;
+    bool operator==(const LlaveComprobante&) const = default;
+};
+
+class Importacion {
+public:
+    Importacion(Conexion& conexion, const PeticionImportacion& peticion,
+                const AjustesLibro& ajustes, const QString& usuario);
+    virtual ~Importacion();
+
+    /// Recibe cada razón de rechazo.
+    std::function<void(const QString& mensaje, const LlaveComprobante& llave)> anote;
+    /// Recibe lo que se está leyendo y el avance, de 0 a 100; falso detiene el trabajo ahí. Lo que
+    /// ya se grabó queda.
+    std::function<bool(const QString& que, int ciento)> avance;
+
+    /// Lanza ErrorDatos si el archivo no se puede abrir o es de menos de cinco octetos, antes de
+    /// escribir nada.
+    ResultadoImportacion corra();
+
+protected:
+    /// Antes del primer registro, con el archivo ya abierto.
+    virtual void prepare() {}
+    virtual void procese(const RegistroLeido& registro) = 0;
+    virtual void termine() {}
+
+    /// Texto y valor de un dato del registro en curso. `dato` vacío si no viene.
+    QString texto(const char* dato) const;
+    Valor valor(const char* dato) const;
+    /// Lee los datos del registro; devuelve por qué no sirven, o vacío.
+    QString lea(const RegistroLeido& registro, const QStringList& salvo = {});
+    /// Corre `trabajo` y lo confirma o, en un ensayo, en la transacción que al final se deshace.
+    /// Devuelve la falla que lo impidió, o vacío.
+    QString escriba(const std::function<void(Transaccion&)>& trabajo);
+    void rechace(const RegistroLeido& registro, const QString& razon);
+    void muestre(const QString& que) { que_ = que; }
+
+    Libro libro() const { return peticion_.niif ? Libro::Niif : Libro::Decreto2649; }
+
+    Conexion& conexion_;
+    const PeticionImportacion peticion_;
+    const AjustesLibro ajustes_;
+    const QString usuario_;
+    ResultadoImportacion resultado_;
+    LlaveComprobante llave_;
+
+private:
+    void avance_de(qint64 leidos, qint64 total);
+
+    QHash<QString, Valor> valores_;
+    std::unique_ptr<Transaccion> ensayo_;
+    QString que_;
+    qint64 paso_ = 0, proximo_ = 0;
+};
+
+/// La que corresponde a la clase de datos.
+std::unique_ptr<Importacion> importacion_de(Conexion& conexion, const PeticionImportacion& peticion,
+                                            const AjustesLibro& ajustes, const QString& usuario);
+
+/// Lo que la cuenta exige y la línea no trae, para los datos que la importación conoce.
+struct LineaImportada {
+    QString cuenta, nit, proyecto, centro, articulo;
+    Moneda base, porcentaje;
+};
+
+/// Reglas de las líneas que se importan. Cada código se pregunta a la base una sola vez.
+class RevisorImportacion {
+public:
+    RevisorImportacion(Conexion& conexion, Libro libro) : conexion_(conexion), libro_(libro) {}
+
+    bool existe_cuenta(const QString& cuenta);
+    bool cuenta_vale(const QString& cuenta);
+    /// Falso si le falta el tercero, el centro, el artículo o, con `retencion`, la base y el
+    /// porcentaje que su cuenta exige.
+    bool completa(const LineaImportada& linea, bool retencion);
+    /// El tercero y el centro que nombra existen; lo que no, en `razones`.
+    void revise_codigos(const LineaImportada& linea, QStringList& razones);
+
+private:
+    struct Cuenta;
+    const Cuenta& cuenta(const QString& codigo);
+    Conexion& conexion_;
+    const Libro libro_;
+    QHash<QString, std::shared_ptr<Cuenta>> cuentas_;
+    QHash<QString, bool> terceros_, centros_;
+};

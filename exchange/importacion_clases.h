@@ -1,0 +1,113 @@
+#pragma once
+// Las importaciones de cada clase de datos. Se piden con importacion_de().
+#include "exchange/importacion.h"
+#include "libro/comprobante.h"
+
+#include <QHash>
+#include <QSet>
+
+/// Anota la razón y deja el renglón entre los rechazados.
+class ImportacionPorRenglon : public Importacion {
+public:
+    using Importacion::Importacion;
+
+protected:
+    void rehuse(const RegistroLeido& registro, const QString& razon) {
+        if (anote)
+            anote(razon, llave_);
+        rechace(registro, razon);
+    }
+    QSet<QString> vistos_; ///< lo que entró en este trabajo: en un ensayo no está en la base
+};
+
+class ImportacionCuentas : public ImportacionPorRenglon {
+public:
+    using ImportacionPorRenglon::ImportacionPorRenglon;
+
+protected:
+    void procese(const RegistroLeido& registro) override;
+
+private:
+    bool existe(const QString& codigo);
+};
+
+class ImportacionTerceros : public ImportacionPorRenglon {
+public:
+    using ImportacionPorRenglon::ImportacionPorRenglon;
+
+protected:
+    void procese(const RegistroLeido& registro) override;
+
+private:
+    bool existe(const QString& nit);
+    QString nombre_compuesto() const;
+    QString busque_ciudad(Valor& codigo);
+};
+
+class ImportacionSaldos : public ImportacionPorRenglon {
+public:
+    ImportacionSaldos(Conexion& conexion, const PeticionImportacion& peticion,
+                      const AjustesLibro& ajustes, const QString& usuario)
+        : ImportacionPorRenglon(conexion, peticion, ajustes, usuario), revisor_(conexion, libro()) {
+    }
+
+protected:
+    void prepare() override;
+    void procese(const RegistroLeido& registro) override;
+
+private:
+    QString tabla() const;
+    QStringList revise(const LineaImportada& linea);
+    RevisorImportacion revisor_;
+    qint64 item_ = 0;
+};
+
+/// Un comprobante empieza cuando cambian el tipo, el prefijo o el número. Sus líneas se reúnen y
+/// entran todas al cerrarlo, por el camino de los asientos de la base.
+class ImportacionComprobantes : public Importacion {
+public:
+    ImportacionComprobantes(Conexion& conexion, const PeticionImportacion& peticion,
+                            const AjustesLibro& ajustes, const QString& usuario)
+        : Importacion(conexion, peticion, ajustes, usuario), revisor_(conexion, libro()) {}
+
+protected:
+    void procese(const RegistroLeido& registro) override;
+    void termine() override { cierre(); }
+
+private:
+    struct Renglon {
+        RegistroLeido registro;
+        LineaComprobante linea;
+        QStringList razones;
+        bool sin_cuenta = false;
+        bool entra() const { return razones.isEmpty() && !sin_cuenta; }
+    };
+    void empiece();
+    void agregue(const RegistroLeido& registro, const QString& razon);
+    void revise(Renglon& renglon);
+    void falle(Renglon& renglon, const QString& razon);
+    void cierre();
+    QString llave_prefijo() const;
+    void inserte_prefijo(Transaccion& t);
+    QString asegure_prefijo();
+    QString asiente();
+    void ponga_lineas(Transaccion& t);
+    QString revise_en_base(Transaccion& t);
+    void grabe(Transaccion& t);
+    void reparta(const QString& falla);
+
+    RevisorImportacion revisor_;
+    bool abierto_ = false;
+    QVector<Renglon> renglones_;
+    Moneda debitos_, creditos_;
+    QString fecha_, concepto_, referencia_, falla_encabezado_;
+    qint64 id_ = 0;         ///< del que ya existe; 0 si es nuevo
+    int ultimo_ = 0;        ///< CODE_ITEM de la última línea del libro
+    bool supuesto_ = false; ///< en un ensayo, lo "grabó" un renglón anterior
+    QSet<QString> prefijos_;
+    struct Supuesto {
+        QString fecha;
+        int ultimo = 0;
+    };
+    QHash<QString, Supuesto> supuestos_;
+};

@@ -1,0 +1,81 @@
+// Importación de los saldos iniciales de un libro.
+#include "exchange/importacion_clases.h"
+
+QString ImportacionSaldos::tabla() const {
+    return QStringLiteral("saldos_iniciales") + QLatin1String(datos(libro()).sufijo);
+}
+
+void ImportacionSaldos::prepare() {
+    if (peticion_.borre_saldos) {
+        const QString falla = escriba([&](Transaccion& t) {
+            t.conexion().prepare(QStringLiteral("delete from %1").arg(tabla()), t)->ejecute(t, {});
+        });
+        if (!falla.isEmpty())
+            throw ErrorDatos(falla);
+    }
+    // Con números saltados la cuenta de filas repetiría uno que ya está.
+    (void)escriba([&](Transaccion& t) {
+        Cursor c(
+            t.conexion().prepare(
+                QStringLiteral("select maxvalue(count(*), coalesce(max(sain_item), 0)) from %1")
+                    .arg(tabla()),
+                t),
+            t, {});
+        if (c.siguiente())
+            item_ = c.valor(0).entero();
+    });
+}
+
+QStringList ImportacionSaldos::revise(const LineaImportada& l) {
+    if (!revisor_.existe_cuenta(l.cuenta))
+        return {"Cuenta no existente " + l.cuenta};
+    QStringList razones;
+    if (!revisor_.cuenta_vale(l.cuenta))
+        razones << QStringLiteral("Cuenta no afectable.");
+    if (!revisor_.completa(l, false))
+        razones << "Faltan detalles para el saldo inicial de la cuenta " + l.cuenta;
+    revisor_.revise_codigos(l, razones);
+    return razones;
+}
+
+void ImportacionSaldos::procese(const RegistroLeido& registro) {
+    const QString mal_leido = lea(registro);
+    if (mal_leido.isEmpty() && registro.en_blanco()) {
+        ++resultado_.omitidos;
+        return;
+    }
+    LineaImportada l;
+    l.cuenta = texto("CUEN_COD");
+    l.nit = texto("TERC_NIT");
+    l.proyecto = texto("PROY_COD");
+    l.centro = texto("CENT_COD");
+    l.articulo = texto("ARTI_COD");
+    muestre(l.cuenta + '-' + l.nit);
+    ++item_;
+    QStringList razones = mal_leido.isEmpty() ? revise(l) : QStringList{mal_leido};
+    if (razones.isEmpty()) {
+        const QString falla = escriba([&](Transaccion& t) {
+            t.conexion()
+                .prepare(QStringLiteral(
+                             "insert into %1 (sain_item, cuen_cod, terc_nit, proy_cod, cent_cod, "
+                             "arti_cod, sain_debito, sain_credito, doco_numero, doco_vence, "
+                             "sain_tipodoc) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
+                             .arg(tabla()),
+                         t)
+                ->ejecute(t, {item_, valor("CUEN_COD"), valor("TERC_NIT"), valor("PROY_COD"),
+                              valor("CENT_COD"), valor("ARTI_COD"), valor("SAIN_DEBITO").moneda(),
+                              valor("SAIN_CREDITO").moneda(), valor("DOCO_NUMERO"),
+                              valor("DOCO_VENCE"), valor("SAIN_TIPODOC")});
+        });
+        if (!falla.isEmpty())
+            razones << falla;
+    }
+    if (razones.isEmpty()) {
+        ++resultado_.grabados;
+        return;
+    }
+    for (const QString& razon : razones)
+        if (anote)
+            anote(razon, llave_);
+    rechace(registro, razones.join(' '));
+}

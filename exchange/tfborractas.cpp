@@ -1,0 +1,60 @@
+#include "exchange/tfborractas.h"
+
+#include "exchange/pch.h"
+
+namespace {
+constexpr const char* kSinInicial = "No se encontró la cuenta inicial.";
+constexpr const char* kSinFinal = "No se encontró la cuenta final.";
+constexpr const char* kAlReves = "La cuenta final debe ser mayor que la inicial.";
+} // namespace
+
+Tfborractas::Tfborractas() : FormaMantenimiento("Tfborractas", "Borrar plan de cuentas") {
+    Edit1 = caja_cuenta(
+        "Edit1", [this](const QString& cuenta) { Nombre1->setText(nombre(cuenta, kSinInicial)); });
+    Nombre1 = rotulo("Nombre1");
+    Edit2 = caja_cuenta("Edit2", [this](const QString& cuenta) { Edit2Exit(cuenta); });
+    Nombre2 = rotulo("Nombre2");
+    Formulario f(this);
+    f.fila("Desde la cuenta", Formulario::junto({Edit1, Nombre1}));
+    f.fila("Hasta la cuenta", Formulario::junto({Edit2, Nombre2}));
+    arme_botones(f, "F2:Borrar");
+    tamano(560, 220);
+}
+
+QString Tfborractas::nombre(const QString& cuenta, const char* mensaje) {
+    const QString n = dato("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(cuenta));
+    if (n.isEmpty())
+        muestre_mensaje(mensaje);
+    return n;
+}
+
+void Tfborractas::Edit2Exit(const QString& cuenta) {
+    Nombre2->setText(nombre(cuenta, kSinFinal));
+    if (!Nombre2->text().isEmpty() && cuenta < Edit1->text().trimmed())
+        muestre_mensaje(kAlReves);
+}
+
+bool Tfborractas::corra() {
+    const QString desde = Edit1->text().trimmed(), hasta = Edit2->text().trimmed();
+    if (nombre(desde, kSinInicial).isEmpty())
+        rehuse(Edit1, {});
+    if (nombre(hasta, kSinFinal).isEmpty())
+        rehuse(Edit2, {});
+    if (hasta < desde)
+        rehuse(Edit2, kAlReves);
+    const QString cuantas =
+        dato("select count(*) from cuentas where cuen_cod >= " + QuotedStr(desde) +
+             " and cuen_cod <= " + QuotedStr(hasta));
+    if (!pregunte_con_no(
+            QStringLiteral("Se borrarán %1 cuentas, de la %2 a la %3. Desea continuar?")
+                .arg(cuantas, desde, hasta)))
+        return false;
+    anuncie("Borrando cuentas. Espere un momento...");
+    const CuentasBorradas r = borre_cuentas(fdm().Quorvex, desde, hasta);
+    Aviso->clear();
+    if (!r.detenida.isEmpty())
+        muestre_mensaje(QStringLiteral("Se borraron %1 cuentas. No se pudo borrar la %2: %3")
+                            .arg(r.borradas)
+                            .arg(r.detenida, r.razon));
+    return r.detenida.isEmpty();
+}

@@ -1,0 +1,73 @@
+#include "exchange/tfborramov.h"
+
+#include "exchange/pch.h"
+
+Tfborramov::Tfborramov() : FormaMantenimiento("Tfborramov", "Borrar movimientos") {
+    LPref = new QComboBox;
+    LPref->setObjectName("LPref");
+    NumIni = caja("NumIni", 8);
+    NumFin = caja("NumFin", 8);
+    NitIni = caja_tercero("NitIni", {});
+    NitFin = caja_tercero("NitFin", {});
+    Formulario f(this);
+    f.fila({{"Tipo", lista_tipos({})}, {"Prefijo", LPref}});
+    arme_fechas(f);
+    f.fila({{"Número desde", NumIni}, {"hasta", NumFin}});
+    f.fila({{"NIT desde", NitIni}, {"hasta", NitFin}});
+    arme_botones(f, "F2:Borrar");
+    connect(LTipo, &QComboBox::currentIndexChanged, this,
+            [this] { proteja([this] { LTipoChange(); }); });
+    tamano(600, 300);
+}
+
+void Tfborramov::FormCreate() {
+    FormaMantenimiento::FormCreate();
+    LTipoChange();
+}
+
+void Tfborramov::LTipoChange() {
+    LPref->clear();
+    LPref->addItem("...");
+    const auto c = fdm().Quorvex.abra(
+        "select prco_pref from prefijos_conta where tico_cod = ? order by prco_pref",
+        {LTipo->currentData().toString()});
+    while (c->siguiente())
+        LPref->addItem(c->valor(0).texto());
+}
+
+bool Tfborramov::corra() {
+    RangoBorrado r;
+    r.tipo = LTipo->currentData().toString();
+    r.prefijo = LPref->currentIndex() > 0 ? LPref->currentText() : QString();
+    if (FecIni->text().trimmed().isEmpty() || FecFin->text().trimmed().isEmpty())
+        rehuse(FecIni, "Debe indicar el rango de fechas a borrar.");
+    const auto rango = fechas();
+    if (!rango)
+        return false;
+    r.fechas = *rango;
+    const auto numero = [](QLineEdit* caja) {
+        const QString n = caja->text().trimmed();
+        return n.isEmpty() ? n : Tfdm::complete_numero(n);
+    };
+    r.numero_desde = numero(NumIni);
+    r.numero_hasta = numero(NumFin);
+    r.nit_desde = NitIni->text().trimmed();
+    r.nit_hasta = NitFin->text().trimmed();
+    if (r.nit_desde.isEmpty() != r.nit_hasta.isEmpty())
+        (r.nit_desde.isEmpty() ? r.nit_desde : r.nit_hasta) =
+            r.nit_desde.isEmpty() ? r.nit_hasta : r.nit_desde;
+    const auto llame = [&](Paso paso) {
+        return borre_movimientos(fdm().Quorvex, r, fdm().usuario, paso);
+    };
+    const CifrasMantenimiento c = llame(Paso::Cifras);
+    QString pregunta =
+        "Se borrarán " + c.cuantos() + QStringLiteral("; %1 se van enteros.").arg(c.borrados);
+    if (c.ajenos > 0)
+        pregunta += QStringLiteral(" Otros %1, de otros módulos, no se tocan.").arg(c.ajenos);
+    if (c.descuadrados > 0)
+        pregunta += QStringLiteral(" %1 quedarán descuadrados.").arg(c.descuadrados);
+    if (!confirme(c, pregunta + " Desea continuar?"))
+        return false;
+    trabaje("Borrando movimientos ...", [&] { return llame(Paso::Haga); });
+    return true;
+}

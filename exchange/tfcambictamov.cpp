@@ -1,0 +1,53 @@
+#include "exchange/tfcambictamov.h"
+
+#include "exchange/pch.h"
+
+Tfcambictamov::Tfcambictamov() : FormaMantenimiento("Tfcambictamov", "Reemplazar cuenta") {
+    Edit1 = caja_cuenta("Edit1", [this](const QString& cuenta) { Edit1Exit(cuenta); });
+    Nombre1 = rotulo("Nombre1");
+    Edit2 = caja_cuenta("Edit2",
+                        [this](const QString& cuenta) { Nombre2->setText(exija_cuenta(cuenta)); });
+    Nombre2 = rotulo("Nombre2");
+    ckniif = casilla("ckniif", "Información NIIF");
+    Formulario f(this);
+    f.fila("", ckniif);
+    arme_fechas(f);
+    f.fila("Tipo", lista_tipos("Todos..."));
+    f.fila("Cuenta actual", Formulario::junto({Edit1, Nombre1}));
+    f.fila("Cuenta nueva", Formulario::junto({Edit2, Nombre2}));
+    arme_botones(f, "F2:Reemplazar");
+    tamano(620, 320);
+}
+
+void Tfcambictamov::Edit1Exit(const QString& cuenta) {
+    Nombre1->setText(exija_cuenta(cuenta));
+    if (Nombre1->text().isEmpty() || revise_fecha(FecIni->text()) || revise_fecha(FecFin->text()))
+        return;
+    const QString movimientos = dato(
+        QStringLiteral("select count(*) from %1 where cuen_cod = ")
+            .arg(QLatin1String(datos(libro()).detalle)) +
+        QuotedStr(cuenta) +
+        " and enco_consec in (select enco_consec from comprobante_encabezado where enco_fecha >= " +
+        QuotedStr(FecIni->text()) + " and enco_fecha <= " + QuotedStr(FecFin->text()) + ")");
+    if (movimientos == "0")
+        muestre_mensaje("La cuenta " + cuenta + " no tiene movimientos.");
+}
+
+bool Tfcambictamov::corra() {
+    const QString origen = Edit1->text().trimmed(), destino = Edit2->text().trimmed();
+    if (exija_cuenta(origen).isEmpty() || exija_cuenta(destino).isEmpty())
+        return false;
+    const auto rango = fechas();
+    if (!rango)
+        return false;
+    const QString tipo = LTipo->currentData().toString();
+    const auto llame = [&](Paso paso) {
+        return reemplace_cuenta(fdm().Quorvex, libro(), origen, destino, *rango, tipo, paso);
+    };
+    const CifrasMantenimiento cifras = llame(Paso::Cifras);
+    if (!confirme(cifras, "Se cambiarán " + cifras.cuantos() + ". Desea continuar?"))
+        return false;
+    trabaje("Cambiando movimientos de " + origen + " a " + destino + ". Espere un momento...",
+            [&] { return llame(Paso::Haga); });
+    return true;
+}

@@ -1,0 +1,47 @@
+#include "exchange/tfcambitermov.h"
+
+#include "exchange/pch.h"
+
+Tfcambitermov::Tfcambitermov() : FormaMantenimiento("Tfcambitermov", "Reemplazar tercero") {
+    Edit1 =
+        caja_tercero("Edit1", [this](const QString& nit) { Nombre1->setText(exija_tercero(nit)); });
+    Nombre1 = rotulo("Nombre1");
+    Edit2 =
+        caja_tercero("Edit2", [this](const QString& nit) { Nombre2->setText(exija_tercero(nit)); });
+    Nombre2 = rotulo("Nombre2");
+    Edit3 = caja_cuenta("Edit3",
+                        [this](const QString& cuenta) { Nombre3->setText(exija_cuenta(cuenta)); });
+    Nombre3 = rotulo("Nombre3");
+    ckniif = casilla("ckniif", "Información NIIF");
+    Formulario f(this);
+    f.fila("", ckniif);
+    arme_fechas(f);
+    f.fila("Tipo", lista_tipos("Todos..."));
+    f.fila("Tercero actual", Formulario::junto({Edit1, Nombre1}));
+    f.fila("Tercero nuevo", Formulario::junto({Edit2, Nombre2}));
+    f.fila("Solo en la cuenta", Formulario::junto({Edit3, Nombre3}));
+    arme_botones(f, "F2:Reemplazar");
+    tamano(620, 350);
+}
+
+bool Tfcambitermov::corra() {
+    const QString origen = Edit1->text().trimmed(), destino = Edit2->text().trimmed(),
+                  cuenta = Edit3->text().trimmed();
+    if (exija_tercero(origen).isEmpty() || exija_tercero(destino).isEmpty() ||
+        (!cuenta.isEmpty() && exija_cuenta(cuenta).isEmpty()))
+        return false;
+    const auto rango = fechas();
+    if (!rango)
+        return false;
+    const QString tipo = LTipo->currentData().toString();
+    const auto llame = [&](Paso paso) {
+        return reemplace_tercero(fdm().Quorvex, libro(), origen, destino, *rango, tipo, cuenta,
+                                 paso);
+    };
+    const CifrasMantenimiento cifras = llame(Paso::Cifras);
+    if (!confirme(cifras, "Se cambiarán " + cifras.cuantos() + ". Desea continuar?"))
+        return false;
+    trabaje("Cambiando movimientos de " + origen + " a " + destino + ". Espere un momento...",
+            [&] { return llame(Paso::Haga); });
+    return true;
+}

@@ -1,0 +1,100 @@
+#include "exchange/tfconfexporta.h"
+
+#include "exchange/pch.h"
+
+#include <QSplitter>
+
+Tfconfexporta::Tfconfexporta() : Pantalla("Tfconfexporta", "Configurar exportación") {
+    defina_conjuntos();
+    auto* division = new QSplitter(Qt::Horizontal, this);
+    division->setChildrenCollapsible(false);
+    const auto lado = [&](const QString& titulo, Rejilla* r) {
+        auto* caja = new QGroupBox(titulo, division);
+        (new QVBoxLayout(caja))->addWidget(r);
+    };
+    DBGridEh1 = rejilla("DBGridEh1", CCuentas, "Equivalencia de cuentas ");
+    DBGridEh1->columnas({{"CUEN_COD", "Cuenta", 16}, {"CUEX_COD", "Cuenta destino", 16}});
+    DBGridEh2 = rejilla("DBGridEh2", CPrefijos, "Equivalencia de prefijos");
+    DBGridEh2->columnas({{"PREX_TIPO", "Tipo", 6},
+                         {"PREX_TIPOEXP", "Tipo destino", 12},
+                         {"PREX_PREF", "Prefijo", 8},
+                         {"PREX_EXPORTA", "Prefijo destino", 14}});
+    lado("Equivalencia de cuentas ", DBGridEh1);
+    lado("Equivalencia de prefijos", DBGridEh2);
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
+                                  [this] { SBGrabarClick(); }));
+    barra->boton("SBCuentas", "F9:Cuentas", "edit-find", Qt::Key_F9, [this] { escoja({}); });
+    barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    Formulario(this).ancha(division, 1).botones(barra);
+    tamano(820, 460);
+}
+
+void Tfconfexporta::defina_conjuntos() {
+    constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
+    CCuentas.texto("CUEN_COD", 20).requerido().banderas(kLlave).etiqueta("Cuenta").OnChange =
+        [this](Campo& campo) {
+            if (campo.texto().startsWith('?'))
+                escoja(campo.texto().mid(1));
+        };
+    CCuentas.texto("CUEX_COD", 20).etiqueta("Cuenta destino");
+    CPrefijos.texto("PREX_TIPO", 3).requerido().banderas(kLlave).etiqueta("Tipo");
+    CPrefijos.texto("PREX_PREF", 4).requerido().banderas(kLlave).etiqueta("Prefijo");
+    CPrefijos.texto("PREX_EXPORTA", 10).etiqueta("Prefijo destino");
+    CPrefijos.texto("PREX_TIPOEXP", 10).etiqueta("Tipo destino");
+    CCuentas.BeforePost = [this] {
+        const QString cuenta = CCuentas.FieldByName("CUEN_COD").texto();
+        if (cuenta.isEmpty() || cuenta.startsWith('?')) {
+            CCuentas.Cancel();
+        } else if (fdmcnt().nom_cuenta(cuenta).isEmpty()) {
+            muestre_mensaje(QStringLiteral("La cuenta %1 no existe.").arg(cuenta));
+            throw EdicionAbortada();
+        }
+    };
+    CPrefijos.BeforePost = [this] {
+        if (CPrefijos.FieldByName("PREX_TIPO").vacio())
+            CPrefijos.Cancel();
+    };
+}
+
+Rejilla* Tfconfexporta::rejilla(const char* nombre, ConjuntoDatos& conjunto,
+                                const QString& titulo) {
+    auto* r = new Rejilla(this, &conjunto);
+    r->setObjectName(nombre);
+    r->setAccessibleName(titulo.trimmed());
+    r->enter_como_tab = true;
+    r->texto_vacio = "Sin equivalencias: sale el código propio. Insert agrega la primera.";
+    return r;
+}
+
+void Tfconfexporta::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    CCuentas.Open();
+    CPrefijos.Open();
+    DBGridEh1->setFocus();
+}
+
+void Tfconfexporta::escoja(const QString& texto) {
+    escoja_cuenta(
+        *this, Libro::Decreto2649, texto,
+        [this](const QString& cuenta) {
+            if (!CCuentas.editando())
+                CCuentas.Append();
+            CCuentas.FieldByName("CUEN_COD") = cuenta;
+            DBGridEh1->setFocus();
+        },
+        CCuentas.FieldByName("CUEN_COD").texto());
+}
+
+void Tfconfexporta::SBGrabarClick() {
+    if (CCuentas.ApplyUpdates(0) == 0 && CPrefijos.ApplyUpdates(0) == 0)
+        close();
+}
+
+bool Tfconfexporta::FormClose() {
+    for (ConjuntoDatos* c : {&CCuentas, &CPrefijos}) {
+        c->Cancel();
+        c->Close();
+    }
+    return true;
+}

@@ -1,0 +1,207 @@
+#include "exchange/tfimportarinv3.h"
+
+#include "exchange/pch.h"
+#include "sesion/instalacion.h"
+
+#include <QScopedValueRollback>
+
+namespace {
+/// En el orden de su lista: ninguno, comillas y comilla simple.
+constexpr char kDelimitadores[] = {0, 0x22, 0x27};
+} // namespace
+
+Tfimportarinv3::Tfimportarinv3()
+    : Pantalla("Tfimportarinv3", "Importación de datos contables 3/3") {
+    defina_conjuntos();
+    construya();
+}
+
+void Tfimportarinv3::defina_conjuntos() {
+    CImportar.entero("IMIN_TIPO");
+    CImportar.texto("IMIN_DATO", 60);
+    CImportar.entero("IMIN_COLUMNA");
+    CImportar.entero("IMIN_ANCHO");
+    CNombres.texto("NOMBRE", 30);
+    CNombres.texto("DESCRIPCION", 50);
+    ConjuntoDatos& c = CImportacion;
+    c.texto("DATO", 60).ReadOnly = true;
+    c.entero("COLUMNA").etiqueta("Columna").OnValidate = [](Campo&, const Valor& v) {
+        if (!v.nulo() && (v.entero() < 0 || v.entero() > LectorRegistros::kColumnas))
+            throw ErrorDatos(QStringLiteral("La columna debe estar entre 1 y %1.")
+                                 .arg(LectorRegistros::kColumnas));
+    };
+    c.busqueda("NomDato", 50, "DATO", &CNombres, "NOMBRE", "DESCRIPCION");
+    c.entero("ANCHO").etiqueta("Ancho");
+    c.texto("IMPORTAR", 2);
+}
+
+void Tfimportarinv3::construya() {
+    DBGridEh1 = new Rejilla(this, &CImportacion);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName("Columnas del archivo");
+    DBGridEh1->columnas({{"NomDato", "Dato", 34, SoloLectura},
+                         {"COLUMNA", "Columna", 9},
+                         {"ANCHO", "Ancho", 8},
+                         {"IMPORTAR", "Importar", 9}});
+    DBGridEh1->lista(3, {"SI", "NO"});
+    DBGridEh1->permite_insertar = DBGridEh1->permite_borrar = false;
+    DBGridEh1->enter_como_tab = true;
+    LAvance = new QLabel;
+    LAvance->setObjectName("LAvance");
+    LAvance->setTextFormat(Qt::PlainText);
+    Avance = new QProgressBar;
+    Avance->setObjectName("Avance");
+    Avance->setRange(0, 100);
+    Avance->hide();
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SpeedButton1", "F2:Importar", "document-open", Qt::Key_F2,
+                                  [this] { SpeedButton1Click(); }));
+    barra->boton("SBEnsayo", "F5:Ensayar", "view-refresh", Qt::Key_F5, [this] { SBEnsayoClick(); });
+    barra->boton("SBRechazos", "F8:Rechazados", "dialog-warning", Qt::Key_F8,
+                 [] { muestre_rechazos(); });
+    barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] {
+        if (trabajando_)
+            detenga_ = true;
+        else
+            close();
+    });
+    Formulario(this).ancha(DBGridEh1, 1).ancha(LAvance, 0).ancha(Avance, 0).botones(barra);
+    tamano(660, 520);
+}
+
+void Tfimportarinv3::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    asistente_ = peticion<AsistenteImportacion>();
+    CNombres.Open();
+    CImportar.Open();
+    CImportar.Filter(QStringLiteral("IMIN_TIPO = %1").arg(asistente_.tipo));
+    CImportar.Filtered(true);
+    llene_columnas();
+    DBGridEh1->setFocus();
+    DBGridEh1->SelectedIndex(1);
+}
+
+void Tfimportarinv3::llene_columnas() {
+    const QVector<ColumnaImportacion> anteriores = columnas_recordadas(asistente_.tipo);
+    CImportacion.CreateDataSet();
+    CImportacion.DisableControls();
+    CImportar.FetchAll();
+    CImportacion.FieldByName("DATO").ReadOnly = false;
+    for (CImportar.First(); !CImportar.Eof(); CImportar.Next()) {
+        const QString dato = CImportar.FieldByName("IMIN_DATO").texto();
+        const auto antes = std::find_if(anteriores.begin(), anteriores.end(),
+                                        [&](const auto& c) { return c.dato == dato; });
+        CImportacion.Append();
+        CImportacion.FieldByName("DATO") = dato;
+        CImportacion.FieldByName("COLUMNA") = antes == anteriores.end()
+                                                  ? CImportar.FieldByName("IMIN_COLUMNA").valor()
+                                                  : Valor(qAbs(antes->columna));
+        CImportacion.FieldByName("ANCHO") = CImportar.FieldByName("IMIN_ANCHO").valor();
+        CImportacion.FieldByName("IMPORTAR") =
+            antes != anteriores.end() && antes->columna < 0 ? "NO" : "SI";
+        CImportacion.Post();
+    }
+    CImportacion.FieldByName("DATO").ReadOnly = true;
+    CImportacion.IndexFieldNames("COLUMNA");
+    CImportacion.First();
+    CImportacion.EnableControls();
+}
+
+/// Con `todas`, también las que no se traen, con su columna en negativo.
+QVector<ColumnaImportacion> Tfimportarinv3::columnas(bool todas) const {
+    QVector<ColumnaImportacion> lista;
+    CImportacion.recorra_todas([&](const Fila& fila) {
+        const auto dato = [&](const char* campo) {
+            return CImportacion.valor_de(fila, CImportacion.FieldByName(campo));
+        };
+        const bool entra = dato("IMPORTAR").texto() == "SI";
+        if (entra || todas)
+            lista.append({dato("DATO").texto(), int(dato("COLUMNA").entero()) * (entra ? 1 : -1)});
+    });
+    return lista;
+}
+
+PeticionImportacion Tfimportarinv3::peticion_de(bool ensayo) {
+    PeticionImportacion p;
+    p.clase = asistente_.clase();
+    p.niif = asistente_.niif;
+    p.archivo = asistente_.archivo;
+    p.separador = ",;\t"[qBound(0, asistente_.separador, 2)];
+    p.delimitador = kDelimitadores[qBound(0, asistente_.delimitador, 2)];
+    p.columnas = columnas(false);
+    p.ensayo = ensayo;
+    if (p.clase == ClaseImportacion::Saldos)
+        p.borre_saldos = pregunte("Desea borrar los saldos previamente registrados?");
+    return p;
+}
+
+ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
+    const QScopedValueRollback<bool> ocupada(trabajando_, true);
+    detenga_ = false;
+    CImportacion.CheckBrowseMode();
+    recuerde_columnas(asistente_.tipo, columnas(true));
+    const auto importacion =
+        importacion_de(fdm().Quorvex, peticion_de(ensayo), fdmcnt().ajustes_libro(), fdm().usuario);
+    if (!ensayo)
+        importacion->anote = [this](const QString& mensaje, const LlaveComprobante& llave) {
+            error_importacion(mensaje, llave);
+        };
+    importacion->avance = [this](const QString& que, int ciento) {
+        LAvance->setText(que);
+        Avance->setValue(ciento);
+        // Solo Esc llega mientras se trabaja: los demás botones esperan.
+        QApplication::processEvents();
+        return !detenga_;
+    };
+    Avance->setValue(0);
+    Avance->show();
+    const ResultadoImportacion resultado = importacion->corra();
+    Avance->hide();
+    LAvance->setText(resultado.resumen());
+    recuerde_importacion({resultado, asistente_.archivo});
+    if (AvisosBarra* barra = fdm().barra())
+        barra->texto(resultado.resumen());
+    return resultado;
+}
+
+void Tfimportarinv3::SpeedButton1Click() {
+    if (trabajando_)
+        return;
+    const ResultadoImportacion resultado = corra(false);
+    emit fdmcnt().balance_por_recalcular();
+    muestre_mensaje(
+        resultado.cancelada
+            ? "Importación detenida. Lo que ya se había grabado queda: " + resultado.resumen() + '.'
+            : QStringLiteral("Importación finalizada."));
+    if (!resultado.rechazados.isEmpty())
+        muestre_rechazos();
+    close();
+}
+
+void Tfimportarinv3::SBEnsayoClick() {
+    if (trabajando_)
+        return;
+    const ResultadoImportacion resultado = corra(true);
+    muestre_mensaje("Ensayo terminado: no se grabó nada. " + resultado.resumen() + '.');
+    if (!resultado.rechazados.isEmpty())
+        muestre_rechazos();
+}
+
+void Tfimportarinv3::error_importacion(const QString& mensaje, const LlaveComprobante& llave) {
+    QFile archivo(diraplicacion_callada() + "/ERRIMPCN.TXT");
+    if (!archivo.open(QIODevice::Append))
+        return;
+    archivo.write(
+        (mensaje + "Tipo:" + llave.tipo + "Pref:" + llave.prefijo + "Num:" + llave.numero + '\n')
+            .toLatin1());
+}
+
+bool Tfimportarinv3::FormClose() {
+    if (trabajando_) {
+        detenga_ = true;
+        return false;
+    }
+    for (ConjuntoDatos* c : {&CImportacion, &CImportar, &CNombres})
+        c->Close();
+    return true;
+}

@@ -1,0 +1,47 @@
+#pragma once
+// "Importación de datos contables 3/3": en qué columna está cada dato; y la importación.
+#include "datos/recordset/conjunto.h"
+#include "exchange/asistente_importacion.h"
+#include "sesion/tfdm.h"
+#include "toolkit/pantalla.h"
+
+class QLabel;
+class QProgressBar;
+class Rejilla;
+
+class Tfimportarinv3 : public Pantalla {
+    Q_OBJECT
+public:
+    Tfimportarinv3();
+
+    // --- conjuntos
+    Sentencia TImportacion{this, "TImportacion", fdm().Quorvex,
+                           "SELECT * FROM IMPORTACION_INVENTARIO"};
+    Proveedor PImportar{this, "PImportar", &TImportacion};
+    Proveedor PNombres{this, "PNombres", &fdm().TNomcampos};
+    ConjuntoDatos CImportar{this, "CImportar", &PImportar};
+    ConjuntoDatos CNombres{this, "CNombres", &PNombres};
+    ConjuntoDatos CImportacion{this, "CImportacion"}; ///< en memoria
+
+    // --- controles
+    Rejilla* DBGridEh1;
+    QLabel* LAvance;
+    QProgressBar* Avance;
+
+    void FormCreate() override;
+    bool FormClose() override;
+
+private:
+    void defina_conjuntos();
+    void construya();
+    void llene_columnas();
+    QVector<ColumnaImportacion> columnas(bool todas) const;
+    PeticionImportacion peticion_de(bool ensayo);
+    void SpeedButton1Click();
+    void SBEnsayoClick();
+    ResultadoImportacion corra(bool ensayo);
+    void error_importacion(const QString& mensaje, const LlaveComprobante& llave);
+
+    AsistenteImportacion asistente_;
+    bool trabajando_ = false, detenga_ = false;
+};

@@ -1,0 +1,76 @@
+#include "exchange/tfrechazosimp.h"
+
+#include "exchange/pch.h"
+#include "toolkit/exportacion/archivo_salida.h"
+
+namespace {
+constexpr int kLargoTexto = 2000; ///< lo que se ve de un renglón; al archivo va entero
+}
+
+Tfrechazosimp::Tfrechazosimp() : Pantalla("Tfrechazosimp", "Renglones rechazados") {
+    CRechazos.entero("RENGLON");
+    CRechazos.texto("RAZON", kLargoTexto);
+    CRechazos.texto("TEXTO", kLargoTexto);
+    DBGridEh1 = new Rejilla(this, &CRechazos);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName(windowTitle());
+    DBGridEh1->columnas(
+        {{"RENGLON", "Renglón", 9}, {"RAZON", "Razón", 48}, {"TEXTO", "Texto del renglón", 60}});
+    DBGridEh1->ReadOnly = true;
+    DBGridEh1->orden_local = true;
+    DBGridEh1->nombre_archivo = "Rechazados";
+    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+    DBGridEh1->texto_vacio = "No hay renglones rechazados.";
+    DBGridEh1->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SBGrabar", "F2:Grabar archivo", "document-save", Qt::Key_F2,
+                                  [this] { SBGrabarClick(); }));
+    barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    Formulario(this).ancha(DBGridEh1, 1).botones(barra);
+    tamano(900, 460);
+}
+
+void Tfrechazosimp::FormCreate() {
+    rechazos_ = peticion<AbreRechazos>();
+    CRechazos.CreateDataSet();
+    CRechazos.DisableControls();
+    for (const RenglonRechazado& r : rechazos_.resultado.rechazados) {
+        CRechazos.Append();
+        CRechazos.FieldByName("RENGLON") = r.renglon;
+        CRechazos.FieldByName("RAZON") = r.razon.left(kLargoTexto);
+        CRechazos.FieldByName("TEXTO") = QString::fromLatin1(r.texto).left(kLargoTexto);
+        CRechazos.Post();
+    }
+    CRechazos.First();
+    CRechazos.EnableControls();
+    setWindowTitle(QStringLiteral("%1: %2 de %3")
+                       .arg(windowTitle())
+                       .arg(rechazos_.resultado.rechazados.size())
+                       .arg(QFileInfo(rechazos_.archivo).fileName()));
+    DBGridEh1->setFocus();
+}
+
+void Tfrechazosimp::SBGrabarClick() {
+    const QFileInfo origen(rechazos_.archivo);
+    QFileDialog dialogo(this, "Grabar los renglones rechazados", origen.path(),
+                        "Texto (*.txt *.csv);;Todos (*)");
+    dialogo.setObjectName("grabar_rechazados");
+    dialogo.setAcceptMode(QFileDialog::AcceptSave);
+    dialogo.setOption(QFileDialog::DontConfirmOverwrite);
+    dialogo.selectFile(origen.completeBaseName() + "_rechazados." + origen.suffix());
+    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
+        return;
+    const QString ruta = dialogo.selectedFiles().first();
+    if (QFileInfo::exists(ruta) &&
+        !pregunte(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
+        return;
+    grabe(rechazos_.resultado.rechazados, ruta);
+}
+
+void Tfrechazosimp::grabe(const QVector<RenglonRechazado>& renglones, const QString& ruta) {
+    ArchivoSalida archivo(ruta);
+    for (const RenglonRechazado& r : renglones)
+        archivo.escriba(r.texto + "\r\n");
+    archivo.confirme();
+}

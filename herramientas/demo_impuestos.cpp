@@ -1,0 +1,32 @@
+#include "herramientas/demo_impuestos.h"
+
+#include "herramientas/administracion.h"
+
+namespace {
+
+struct CategoriaDemo {
+    const char *cuenta, *nombre, *retencion;
+};
+const CategoriaDemo kCategorias[] = {
+    {"1435", "Compra de mercancías", "236540"}, {"5110", "Honorarios", "236515"},
+    {"5120", "Arrendamientos", "236530"},       {"5135", "Servicios", "236525"},
+    {"5235", "Servicios de ventas", "236525"},  {"5195", "Diversos", "236540"}};
+
+} // namespace
+
+void siembre_impuestos(Conexion& compania, int ano) {
+    configure(compania, "CONTABILIDAD", "GENERAL", "FIRMA PARA CERTIFICADOS DE RETENCION",
+              "Carolina Suárez Peña");
+    configure(compania, "CONTABILIDAD", "GENERAL", "CARGO PARA CERTIFICADOS DE RETENCION",
+              "Contadora, T.P. 148223-T");
+    // La base de cada retención está en su línea; la de honorarios se muestra con sus débitos.
+    compania.ejecute("insert into configura_certrete (cfcr_cuenta, cfcr_item, cfcr_ctabase,"
+                     " cfcr_base) values ('236515', 1, '5110', 'D')");
+    for (const CategoriaDemo& c : kCategorias)
+        compania.ejecute("insert into cuentas_reporte_certdet (crcd_cuenta, crcd_nombre, crcd_iva,"
+                         " crcd_rtfte, crcd_rtiva, crcd_rtica) values (?, ?, '240810', ?, '2367',"
+                         " '2368')",
+                         {Valor(c.cuenta), Valor(c.nombre), Valor(c.retencion)});
+    // Los artículos que trae el programa, en el año de la demostración; sus cuentas los siguen.
+    compania.ejecute("update mediosmag_distr set mmdi_ano = ?", {Valor(QString::number(ano))});
+}

@@ -1,0 +1,69 @@
+# Estados financieros, por el menú Informes > Estados Financieros.
+
+estado() {
+    informe Down Down Right "$@"
+}
+
+estado Right Return
+foto rango_balance_general
+teclas F2
+a_pdf balance_general
+
+estado Right Down Return
+teclas F2
+a_pdf estado_de_resultados
+
+estado Right Down Down Return
+teclas F2
+a_pdf cambios_en_el_patrimonio
+estado Right Down Down Down Return
+teclas F2
+a_pdf cambios_de_la_situacion
+estado Right Down Down Down Down Return
+foto rango_flujo_de_efectivo
+teclas F2
+a_pdf flujo_de_efectivo
+
+estado Down Right Return
+teclas F2
+a_pdf balance_detallado
+estado Down Right Down Return
+teclas F2
+a_pdf balance_con_terceros
+estado Down Right Down Down Return
+foto rango_centros
+teclas F2
+a_pdf balance_con_centros
+estado Down Right Down Down Down Return
+teclas F2
+a_pdf balance_de_prueba
+estado Down Right Down Down Down Down Return
+teclas F2
+a_pdf balance_de_prueba_terceros
+estado Down Right Down Down Down Down Down Return
+teclas F2
+a_pdf resultados_detallado
+estado Down Right Down Down Down Down Down Down Return
+teclas F2
+a_pdf resultados_por_tercero
+estado Down Right Down Down Down Down Down Down Down Return
+teclas F2
+a_pdf resultados_por_centro
+
+estado Down Down Right Return
+foto rango_acumulado
+teclas F2
+a_pdf balance_acumulado
+estado Down Down Right Down Return
+teclas F2
+a_pdf comparativo_anual
+estado Down Down Right Down Down Return
+teclas F2
+a_pdf compara_periodos
+# Los proyectos y los centros se escogen juntos; aquí se digitan.
+estado Down Down Right Down Down Down Return
+teclas Tab Tab
+linea 0001 0001 0001 0002
+foto rango_compara_centros
+teclas F2
+a_pdf compara_centros

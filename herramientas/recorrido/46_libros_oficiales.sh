@@ -1,0 +1,20 @@
+# Libros oficiales, por el último renglón del menú Informes.
+
+oficial() {
+    informe Up Right "$@"
+}
+
+oficial Return
+foto rango_mayor
+teclas F2
+a_pdf mayor_y_balances
+oficial Down Return
+teclas F2
+a_pdf inventario_y_balances
+oficial Down Down Return
+foto rango_diario
+teclas F2
+a_pdf libro_diario
+oficial Down Down Down Return
+foto numeracion_de_hojas
+teclas Escape

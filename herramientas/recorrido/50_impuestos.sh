@@ -1,0 +1,114 @@
+# Lo que piden las autoridades: certificados, medios magnéticos, distrito y taxonomías. Deja los
+# XML, los CSV y los PDF junto a las fotos.
+
+# anexo N: la opción N del menú de anexos, que se abre desde el de informes. Su botón se oprime con
+# el ratón: cuántos hay encima depende de lo que la versión traiga.
+anexo() {
+    teclas alt+i
+    espere_ventana "Contabilidad NIIF"
+    espere 0.6
+    xdotool mousemove 327 512 click 1
+    espere 0.8
+    local i
+    for ((i = 1; i < $1; i++)); do teclas Down; done
+    teclas Return
+    espere 0.8
+}
+# cierre_anexo: los dos menús que quedan abiertos.
+cierre_anexo() { teclas Escape Escape; }
+# archivo_en NOMBRE: lo digita en la caja que tiene el foco.
+archivo_en() {
+    teclas ctrl+a
+    escriba "$fotos/$1"
+}
+# exija_archivo NOMBRE: quedó grabado.
+exija_archivo() {
+    for _ in $(seq 50); do [ -s "$fotos/$1" ] && break; sleep 0.2; done
+    if [ ! -s "$fotos/$1" ]; then
+        foto sin_archivo
+        echo "No se grabó $1"
+        exit 1
+    fi
+    echo "     $1"
+}
+
+# --- certificados: un informe y un PDF por tercero
+anexo 1
+foto certificados
+teclas F5
+foto certificados_por_tercero 3
+teclas Return
+ls "$fotos/certificados"/*.PDF >/dev/null
+echo "     $(ls "$fotos/certificados" | wc -l) certificados en PDF"
+teclas F2
+a_pdf certificados_de_retencion 1
+cierre_anexo
+
+anexo 2
+teclas F2
+a_pdf detalle_de_certificados 1
+cierre_anexo
+
+# --- medios nacionales: el 1001, sin nada por corregir
+anexo 3
+teclas Tab Tab Tab Tab Tab Tab Tab Tab Down F2
+foto medio_1001 2
+teclas F8
+foto configuracion_1001 1
+teclas Escape
+teclas Tab Tab
+archivo_en Dmuisca_010100109201700000001.xml
+teclas F5
+foto cuadre_1001 2
+exija_archivo Dmuisca_010100109201700000001.xml
+teclas Escape
+cierre_anexo
+# y el 1009, que muestra lo que le falta antes de grabar
+anexo 3
+teclas Tab Tab Tab Tab Tab Tab Tab Tab
+escriba "1009"
+teclas F2 F5
+foto por_corregir_1009 2
+teclas Escape Escape
+cierre_anexo
+
+# --- distrito y listados
+anexo 4
+teclas Tab Tab Tab
+escriba "4"
+teclas F2
+foto articulo_4 1.5
+teclas Tab Tab Tab
+archivo_en articulo_4.csv
+teclas F5
+exija_archivo articulo_4.csv
+teclas Escape
+cierre_anexo
+
+anexo 5
+teclas F2
+foto listado_exogena 1
+teclas Tab Tab Tab
+archivo_en exogena.csv
+teclas F5
+exija_archivo exogena.csv
+teclas Escape
+cierre_anexo
+
+# --- taxonomías
+anexo 6
+teclas F2
+foto supersociedades 1
+teclas Escape
+cierre_anexo
+teclas alt+x F4
+foto taxonomia 1
+teclas F8 F2
+a_pdf taxonomia 1
+teclas F9 F2
+espere_ventana "Nombre del archivo"
+teclas ctrl+a
+escriba "$fotos/taxonomia.xml"
+teclas Return
+exija_archivo taxonomia.xml
+teclas Escape Escape

@@ -1,0 +1,102 @@
+#include "herramientas/renglones.h"
+
+#include "datos/firebird/errores.h"
+#include "datos/firebird/valor.h"
+
+#include <QFile>
+#include <QStringDecoder>
+
+namespace {
+
+constexpr int kFaltasQueSeDicen = 50;
+
+/// Palabras de un renglón: las comillas protegen los blancos y "" dentro de ellas es una comilla.
+QStringList palabras_de(const QString& texto, int numero, Faltas& faltas) {
+    QStringList palabras;
+    QString palabra;
+    bool dentro = false, hay = false;
+    for (qsizetype i = 0; i < texto.size(); ++i) {
+        const QChar c = texto[i];
+        if (c == '"') {
+            if (dentro && i + 1 < texto.size() && texto[i + 1] == '"')
+                palabra += texto[++i];
+            else
+                dentro = !dentro;
+            hay = true;
+        } else if (c.isSpace() && !dentro) {
+            if (hay)
+                palabras << palabra;
+            palabra.clear();
+            hay = false;
+        } else {
+            palabra += c;
+            hay = true;
+        }
+    }
+    if (dentro)
+        faltas.anote(numero, QStringLiteral("hay una comilla sin cerrar"));
+    if (hay)
+        palabras << palabra;
+    return palabras;
+}
+
+} // namespace
+
+void Faltas::anote(int renglon, const QString& texto) {
+    if (++cuantas_ <= kFaltasQueSeDicen)
+        textos_ << QStringLiteral("%1:%2: %3.").arg(archivo_).arg(renglon).arg(texto);
+}
+
+void Faltas::lance_si_hay() const {
+    if (!hay())
+        return;
+    QString texto = textos_.join('\n');
+    if (cuantas_ > textos_.size())
+        texto += QStringLiteral("\n... y %1 más.").arg(cuantas_ - textos_.size());
+    throw ErrorDatos(texto + QStringLiteral("\nNo se cargó nada."));
+}
+
+QVector<RenglonTexto> lea_renglones(const QString& archivo, Faltas& faltas) {
+    QFile f(archivo);
+    if (!f.open(QIODevice::ReadOnly))
+        throw ErrorDatos(QStringLiteral("No se pudo leer %1: %2").arg(archivo, f.errorString()));
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString texto = utf8(f.readAll());
+    if (utf8.hasError())
+        throw ErrorDatos(QStringLiteral("%1 no es un texto UTF-8.").arg(archivo));
+    QVector<RenglonTexto> renglones;
+    int numero = 0;
+    for (const QString& linea : texto.split('\n')) {
+        ++numero;
+        const QString limpia = linea.trimmed();
+        if (limpia.isEmpty() || limpia.startsWith('#'))
+            continue;
+        if (const QChar c = caracter_fuera_de_latin1(limpia); !c.isNull()) {
+            faltas.anote(numero, QStringLiteral("el carácter '%1' no se puede guardar").arg(c));
+            continue;
+        }
+        RenglonTexto r;
+        r.numero = numero;
+        for (const QString& p : palabras_de(limpia, numero, faltas)) {
+            const qsizetype igual = p.indexOf('=');
+            if (igual <= 0) {
+                r.palabras << p;
+                continue;
+            }
+            if (r.datos.contains(p.left(igual)))
+                faltas.anote(numero, QStringLiteral("'%1' está repetido").arg(p.left(igual)));
+            r.datos[p.left(igual)] = p.mid(igual + 1);
+        }
+        renglones.push_back(r);
+    }
+    return renglones;
+}
+
+QString dato_escrito(const char* clave, const QString& valor) {
+    if (valor.isEmpty())
+        return {};
+    QString v = valor;
+    if (v.contains(' ') || v.contains('"'))
+        v = '"' + v.replace('"', QStringLiteral("\"\"")) + '"';
+    return ' ' + QLatin1String(clave) + '=' + v;
+}

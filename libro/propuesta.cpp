@@ -1,0 +1,60 @@
+#include "libro/propuesta.h"
+
+#include "libro/borrado.h"
+
+namespace {
+
+void convierta(Transaccion& t, int cntb_id, Libro corrida) {
+    const QString sql = QStringLiteral("execute procedure contabiliza_pendiente%1(?)")
+                            .arg(QLatin1String(datos(corrida).sufijo));
+    t.conexion().prepare(sql, t)->ejecute(t, {cntb_id});
+}
+
+/// Débitos menos créditos de cada libro, cero los dos.
+bool cuadra(Conexion& conexion, int cntb_id) {
+    return conexion
+        .consulte("select first 1 1 from contabilizacion_det where cntb_id = ?"
+                  " group by iif(cnde_item < ?, 0, 1)"
+                  " having sum(coalesce(cnde_debitos, 0)) <> sum(coalesce(cnde_creditos, 0))",
+                  {cntb_id, kPrimerItemNiif})
+        .nulo();
+}
+
+} // namespace
+
+qint64 comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento) {
+    return conexion
+        .consulte("select enco_consec from comprobante_encabezado where enco_tiporef = ?"
+                  " and enco_idref = ?",
+                  {documento.tipo, documento.id})
+        .entero();
+}
+
+void borre_comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento,
+                                     const QString& usuario) {
+    PedidoBorrado pedido;
+    pedido.id = comprobante_del_documento(conexion, documento);
+    if (pedido.id != 0)
+        borre_comprobante(conexion, modo_borrado(QStringLiteral("Tfcontabiliza")), pedido, usuario);
+}
+
+void convierta_propuesta(Conexion& conexion, int cntb_id, Libro corrida, const QString& usuario) {
+    conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
+        opere_como(t, usuario);
+        convierta(t, cntb_id, corrida);
+    });
+}
+
+bool asiente_sin_revisar(Conexion& conexion, const DocumentoOrigen& documento, int cntb_id,
+                         Libro corrida, bool permite_descuadre, const QString& usuario) {
+    if (!permite_descuadre && !cuadra(conexion, cntb_id))
+        return false;
+    const qint64 anterior = comprobante_del_documento(conexion, documento);
+    conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
+        opere_como(t, usuario);
+        if (anterior != 0)
+            borre_comprobante(t, modo_borrado(QStringLiteral("Tfcontabiliza")), anterior, usuario);
+        convierta(t, cntb_id, corrida);
+    });
+    return true;
+}

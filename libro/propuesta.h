@@ -1,0 +1,26 @@
+#pragma once
+// De la propuesta de un documento de otro módulo (CONTABILIZACION, CONTABILIZACION_DET) al
+// comprobante. Las reglas lanzan la falla de la base; entonces nada de lo suyo quedó escrito.
+#include "datos/firebird/conexion.h"
+#include "libro/libro.h"
+
+struct DocumentoOrigen {
+    int tipo = 0, id = 0; ///< ENCO_TIPOREF y ENCO_IDREF del comprobante que salga de él
+};
+
+/// Los renglones de una propuesta dicen su libro con su número: desde este son del NIIF.
+inline constexpr int kPrimerItemNiif = 100000;
+
+/// Id del comprobante del documento, el primero que se encuentre; 0 si no está contabilizado.
+qint64 comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento);
+/// Borra ese comprobante con las líneas de sus dos libros.
+void borre_comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento,
+                                     const QString& usuario);
+/// Hace el comprobante de la propuesta ya guardada. `corrida`: el libro que se contabilizó.
+void convierta_propuesta(Conexion& conexion, int cntb_id, Libro corrida, const QString& usuario);
+
+/// Lo que la pantalla de revisión hace con una propuesta que nadie cambia, y su conversión, en una
+/// sola transacción: si algo la rehúsa, el documento queda como estaba. Falso, sin escribir, si un
+/// libro no cuadra y debe verlo una persona.
+bool asiente_sin_revisar(Conexion& conexion, const DocumentoOrigen& documento, int cntb_id,
+                         Libro corrida, bool permite_descuadre, const QString& usuario);

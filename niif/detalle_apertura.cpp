@@ -1,0 +1,334 @@
+// El detalle de una cuenta de la apertura NIIF: sus líneas, su nota y su hoja de trabajo.
+#include "niif/apertura.h"
+#include "niif/pch.h"
+#include "niif/tfbalaperturaniif.h"
+
+#include <QScopedValueRollback>
+#include <QStackedWidget>
+
+namespace {
+
+constexpr const char* kImporte = "#,###.00";
+constexpr int kAncestros = 3;
+const QColor kFondoNiif(0xE3, 0xF1, 0xE6), kFondo2649(0xFD, 0xF3, 0xDC);
+
+} // namespace
+
+void Tfbalaperturaniif::defina_lineas() {
+    constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
+    ConjuntoDatos& c = CAperniifdet;
+    const auto valide = [this](Campo& campo) { valide_celda(campo); };
+    const auto sume = [this](Campo&) { calcule_saldo_final(); };
+    c.texto("CUEN_COD", 20).requerido().banderas(kLlave);
+    c.entero("APND_ITEM").requerido().banderas(kLlave).etiqueta("Ítem");
+    c.texto("APND_CUENTA", 20).etiqueta("Cuenta").OnChange = valide;
+    c.texto("APND_TIPOCTA", 1);
+    c.texto("APND_CONCEPTO", 60).etiqueta("Concepto");
+    c.decimal("APND_SALDOINI").formato(kImporte).etiqueta("Saldo inicial");
+    c.decimal("APND_DEBITO").formato(kImporte).etiqueta("Ajuste débito").OnChange = sume;
+    c.decimal("APND_CREDITO").formato(kImporte).etiqueta("Ajuste crédito").OnChange = sume;
+    c.decimal("APND_SALDOFIN").formato(kImporte).etiqueta("Saldo final");
+    c.blob("APND_ARCHIVO");
+    c.texto("APND_CTANIIF", 20).etiqueta("Cuenta NIIF").OnChange = valide;
+    c.decimal("APND_RECLDB").formato(kImporte).etiqueta("Reclas. débito").OnChange = sume;
+    c.decimal("APND_RECLCR").formato(kImporte).etiqueta("Reclas. crédito").OnChange = sume;
+    c.texto("TERC_NIT", 20).etiqueta("Tercero").OnChange = valide;
+    c.texto("PROY_COD", 4).etiqueta("Proyecto").OnChange = valide;
+    c.texto("CENT_COD", 4).etiqueta("Centro").OnChange = valide;
+    c.texto("ACTI_COD", 15).etiqueta("Activo").OnChange = valide;
+    c.agregado("Sumadebito", "Sum(APND_DEBITO)");
+    c.agregado("Sumacredito", "sum(APND_CREDITO)");
+    c.agregado("SumaRecldb", "sum(apnd_recldb)");
+    c.agregado("SumaReclcr", "sum(apnd_reclcr)");
+    c.CampoConsecutivo = "APND_ITEM";
+    c.AfterInsert = [this] { CAperniifdetAfterInsert(); };
+    c.BeforePost = [this] {
+        if (CAperniifdet.FieldByName("APND_CUENTA").vacio() &&
+            CAperniifdet.FieldByName("APND_CTANIIF").vacio()) {
+            CAperniifdet.Cancel();
+            throw EdicionAbortada();
+        }
+    };
+    c.AfterPost = c.AfterDelete = [this] { muestre_sumas(); };
+}
+
+QWidget* Tfbalaperturaniif::pagina_detalle() {
+    auto* pagina = new QGroupBox("Detalle calculos");
+    NomDetalle = new QLineEdit;
+    NomDetalle->setObjectName("NomDetalle");
+    NomDetalle->setReadOnly(true);
+    NomDetalle->setFocusPolicy(Qt::NoFocus);
+    Ancestros = new QLabel;
+    Ancestros->setObjectName("Ancestros");
+    Ancestros->setTextFormat(Qt::PlainText);
+    DBGridEh2 = new Rejilla(pagina, &CAperniifdet);
+    DBGridEh2->setObjectName("DBGridEh2");
+    DBGridEh2->setAccessibleName("Líneas de la cuenta");
+    DBGridEh2->columnas({{"APND_CUENTA", "Cuenta", 12},
+                         {"APND_CTANIIF", "Cuenta NIIF", 12},
+                         {"APND_CONCEPTO", "Concepto", 22},
+                         {"TERC_NIT", "Tercero", 13},
+                         {"PROY_COD", "Proy", 6},
+                         {"CENT_COD", "Centro", 7},
+                         {"ACTI_COD", "Activo", 9},
+                         {"APND_SALDOINI", "Saldo inicial", 15, SoloLectura},
+                         {"APND_DEBITO", "Ajuste DB", 14, Suma},
+                         {"APND_CREDITO", "Ajuste CR", 14, Suma},
+                         {"APND_RECLDB", "Reclas. DB", 14, Suma},
+                         {"APND_RECLCR", "Reclas. CR", 14, Suma},
+                         {"APND_SALDOFIN", "Saldo final", 15, SoloLectura | Suma}});
+    DBGridEh2->pie(true);
+    DBGridEh2->enter_como_tab = true;
+    DBGridEh2->reclama_escape = true;
+    DBGridEh2->texto_vacio = "Sin líneas: Insert agrega la primera.";
+    DBGridEh2->OnGetCellParams = [this](int fila, QFont&, QColor&, QColor& fondo) {
+        const bool niif = !CAperniifdet.valor_en(fila, CAperniifdet.FieldByName("APND_CTANIIF"))
+                               .texto()
+                               .isEmpty();
+        fondo = niif ? kFondoNiif : kFondo2649;
+    };
+    const auto suma = [](const char* nombre) {
+        EditorNumero* e = EditorNumero::de_saldo();
+        e->setObjectName(nombre);
+        return e;
+    };
+    DetDebito = suma("DetDebito");
+    DetCredito = suma("DetCredito");
+    APNI_NOTA = new MemoDato(&CSaldos, "APNI_NOTA");
+    APNI_NOTA->setObjectName("APNI_NOTA");
+    APNI_NOTA->setTabChangesFocus(true);
+    APNI_NOTA->lineas(3);
+    auto* barra = new BarraBotones(this);
+    barra->boton("AdvGlowButton3", "F2:Aceptar", "dialog-ok-apply", {},
+                 [this] { AdvGlowButton3Click(); });
+    barra->boton("AdvGlowButton7", "F5:Hoja trabajo", "x-office-spreadsheet", {},
+                 [this] { AdvGlowButton7Click(); });
+    barra->boton("AdvGlowButton4", "Esc:Cancelar", "dialog-cancel", {},
+                 [this] { cierre_detalle(); });
+    Formulario f(pagina);
+    f.fila("Cuenta", Formulario::junto({NomDetalle, Ancestros}));
+    f.ancha(DBGridEh2, 1);
+    f.fila({{"Dif. débito", DetDebito}, {"Dif. crédito", DetCredito}});
+    f.fila("&Nota", APNI_NOTA);
+    f.botones(barra);
+    return pagina;
+}
+
+QWidget* Tfbalaperturaniif::pagina_hoja() {
+    auto* pagina = new QGroupBox("Hoja de trabajo");
+    LHoja = new QLabel;
+    LHoja->setObjectName("LHoja");
+    LHoja->setTextFormat(Qt::PlainText);
+    LHoja->setWordWrap(true);
+    auto* barra = new BarraBotones(this);
+    barra->boton("AdvGlowButton5", "F2:Continuar", "dialog-ok-apply", {},
+                 [this] { AdvGlowButton5Click(); });
+    barra->boton("AdvGlowButton6", "Esc:Cancelar", "dialog-cancel", {},
+                 [this] { AdvGlowButton6Click(); });
+    Formulario(pagina).ancha(LHoja, 1).botones(barra);
+    return pagina;
+}
+
+// ---------------------------------------------------------------- abrir y cerrar el panel
+
+void Tfbalaperturaniif::AdvGlowButton1Click() {
+    const QString cuenta = CAjusniif.FieldByName("CODIGO").texto();
+    if (cuenta.isEmpty())
+        return;
+    if (CSaldos.Locate("CUEN_COD", {cuenta})) {
+        CSaldos.Edit();
+    } else {
+        CSaldos.Append();
+        CSaldos.FieldByName("CUEN_COD") = cuenta;
+        CSaldos.FieldByName("APNI_CUENNIIF") = CAjusniif.FieldByName("CUENTANIIF").valor();
+        for (const char* campo :
+             {"APNI_SALDOANT", "APNI_AJUSTEDB", "APNI_AJUSTECR", "APNI_SALDONIIF"})
+            CSaldos.FieldByName(campo) = Moneda();
+        CSaldos.Post();
+        CSaldos.Edit();
+    }
+    NomDetalle->setText(cuenta + ' ' + CAjusniif.FieldByName("NOMBRE").texto());
+    muestre_ancestros();
+    muestre_sumas();
+    muestre_pagina(Detalle);
+}
+
+void Tfbalaperturaniif::muestre_ancestros() {
+    QStringList nombres;
+    QString cuenta = CAjusniif.FieldByName("CODIGO").texto();
+    for (int i = 0; i < kAncestros; ++i) {
+        cuenta = fdmcnt().padre(cuenta);
+        if (cuenta.isEmpty())
+            break;
+        nombres.prepend(cuenta + ' ' + fdmcnt().nom_cuenta(cuenta));
+    }
+    Ancestros->setText(nombres.join("  ›  "));
+}
+
+void Tfbalaperturaniif::muestre_sumas() {
+    if (trayendo_)
+        return;
+    const Moneda diferencia = CAperniifdet.agregado_total("Sumadebito").moneda() -
+                              CAperniifdet.agregado_total("Sumacredito").moneda();
+    DetDebito->vacie();
+    DetCredito->vacie();
+    if (diferencia > Moneda())
+        DetDebito->valor(diferencia);
+    else
+        DetCredito->valor(-diferencia);
+}
+
+void Tfbalaperturaniif::AdvGlowButton3Click() {
+    if (CAperniifdet.editando()) {
+        if (CAperniifdet.FieldByName("APND_CUENTA").vacio() &&
+            CAperniifdet.FieldByName("APND_CTANIIF").vacio())
+            CAperniifdet.Cancel();
+        else
+            CAperniifdet.Post();
+    }
+    const Moneda debitos = CAperniifdet.agregado_total("Sumadebito").moneda(),
+                 creditos = CAperniifdet.agregado_total("Sumacredito").moneda();
+    if (!CAperniifdet.IsEmpty() && debitos.texto() != creditos.texto()) {
+        muestre_mensaje("No puede grabar un ajuste NIIF descuadrado.");
+        CAperniifdet.Edit();
+        return;
+    }
+    if (CSaldos.editando())
+        CSaldos.Post();
+    muestre_pagina(Principal);
+}
+
+void Tfbalaperturaniif::cierre_detalle() {
+    CAperniifdet.Cancel();
+    CSaldos.Cancel();
+    muestre_pagina(Principal);
+}
+
+// ---------------------------------------------------------------- líneas
+
+void Tfbalaperturaniif::CAperniifdetAfterInsert() {
+    if (trayendo_)
+        return;
+    qint64 mayor = 0;
+    CAperniifdet.recorra_todas([&](const Fila& fila) {
+        mayor = qMax(mayor,
+                     CAperniifdet.valor_de(fila, CAperniifdet.FieldByName("APND_ITEM")).entero());
+    });
+    const QString cuenta = CSaldos.FieldByName("CUEN_COD").texto();
+    const QScopedValueRollback<bool> guarda(recibiendo_, true);
+    CAperniifdet.FieldByName("APND_ITEM") = mayor + 1;
+    CAperniifdet.FieldByName("CUEN_COD") = cuenta;
+    CAperniifdet.FieldByName("APND_CUENTA") = cuenta;
+    for (const char* campo : {"APND_DEBITO", "APND_CREDITO", "APND_RECLDB", "APND_RECLCR"})
+        CAperniifdet.FieldByName(campo) = Moneda();
+    const Moneda saldo = fdm()
+                             .Quorvex
+                             .consulte("Select * from saldo_cuenta_mes(" + QuotedStr(cuenta) + "," +
+                                       QuotedStr(EAno->text()) + ",1,'S')")
+                             .moneda();
+    CAperniifdet.FieldByName("APND_SALDOINI") = saldo;
+    CAperniifdet.FieldByName(saldo > Moneda() ? "APND_RECLCR" : "APND_RECLDB") = saldo.absoluta();
+    calcule_saldo_final();
+}
+
+void Tfbalaperturaniif::calcule_saldo_final() {
+    if (trayendo_)
+        return;
+    const auto valor = [this](const char* c) { return CAperniifdet.FieldByName(c).moneda(); };
+    CAperniifdet.FieldByName("APND_SALDOFIN") =
+        saldo_de_linea(valor("APND_SALDOINI"), valor("APND_DEBITO"), valor("APND_CREDITO"),
+                       valor("APND_RECLDB"), valor("APND_RECLCR"));
+}
+
+void Tfbalaperturaniif::valide_celda(Campo& campo) {
+    const QString texto = campo.texto();
+    if (trayendo_ || recibiendo_ || texto.isEmpty())
+        return;
+    const QString nombre = campo.FieldName;
+    const bool busca = texto.startsWith('?');
+    const auto reciba_en = [this, nombre](const QString& valor) { reciba(nombre, valor); };
+    if (nombre == "APND_CUENTA" || nombre == "APND_CTANIIF") {
+        const Libro libro = nombre == "APND_CUENTA" ? Libro::Decreto2649 : Libro::Niif;
+        if (busca)
+            escoja_cuenta(*this, libro, texto.mid(1), reciba_en);
+        else if (!fdmcnt().valide_cuenta(texto, libro))
+            reciba(nombre, {});
+    } else if (nombre == "TERC_NIT") {
+        if (busca)
+            escoja_tercero(*this, texto.mid(1), reciba_en);
+        else if (!fdmter().valide_tercero(texto))
+            reciba(nombre, {});
+    } else if (nombre == "ACTI_COD") {
+        if (busca)
+            escoja_activo(*this, reciba_en);
+        else if (fdmcnt().desc_activo(texto).isEmpty()) {
+            muestre_mensaje("El activo fijo " + texto + " no existe.");
+            reciba(nombre, {});
+        }
+    } else if (busca) {
+        escoja_centro(*this, [this](const CentroEscogido& c) {
+            reciba("PROY_COD", c.proyecto_seleccion);
+            reciba("CENT_COD", c.centro_seleccion);
+        });
+    } else if (nombre == "CENT_COD" && !CAperniifdet.FieldByName("PROY_COD").vacio() &&
+               !fdmcnt().valide_centro(CAperniifdet.FieldByName("PROY_COD").texto(), texto)) {
+        reciba(nombre, {});
+    }
+}
+
+void Tfbalaperturaniif::reciba(const QString& campo, const QString& valor) {
+    const QScopedValueRollback<bool> guarda(recibiendo_, true);
+    if (!CAperniifdet.editando())
+        CAperniifdet.Edit();
+    CAperniifdet.FieldByName(campo) = valor;
+}
+
+void Tfbalaperturaniif::sugiera_db_cr() {
+    if (CAperniifdet.IsEmpty() && !CAperniifdet.editando())
+        return;
+    DBGridEh2->escriba_pendiente();
+    const auto valor = [this](const char* c) { return CAperniifdet.FieldByName(c).moneda(); };
+    if (!valor("APND_DEBITO").es_cero() || !valor("APND_CREDITO").es_cero())
+        return;
+    const Lados lados = lados_que_cuadran(CAperniifdet.agregado_total("Sumadebito").moneda(),
+                                          CAperniifdet.agregado_total("Sumacredito").moneda());
+    if (!CAperniifdet.editando())
+        CAperniifdet.Edit();
+    CAperniifdet.FieldByName("APND_DEBITO") = lados.debito;
+    CAperniifdet.FieldByName("APND_CREDITO") = lados.credito;
+}
+
+// ---------------------------------------------------------------- hoja de trabajo
+
+void Tfbalaperturaniif::AdvGlowButton7Click() {
+    const QString cuenta = CSaldos.FieldByName("CUEN_COD").texto();
+    hoja.abra(cuenta, CSaldos.FieldByName("APNI_ARCHIVO").valor().binario());
+    LHoja->setText("La hoja de la cuenta " + cuenta +
+                   " está abierta en el programa de hojas de cálculo.\n\nGuárdela allí con el "
+                   "mismo nombre, cierre el programa y oprima F2 para traerla. Con Esc se deja "
+                   "como estaba.\n\n" +
+                   hoja.ruta());
+    muestre_pagina(Hoja);
+    paginas->currentWidget()->findChild<QPushButton*>("AdvGlowButton5")->setFocus();
+}
+
+void Tfbalaperturaniif::AdvGlowButton5Click() {
+    if (hoja.en_uso()) {
+        muestre_mensaje("Guarde la hoja y cierre el programa de hojas de cálculo antes de "
+                        "continuar.");
+        return;
+    }
+    const QByteArray libro = hoja.recoja();
+    if (!CSaldos.editando())
+        CSaldos.Edit();
+    CSaldos.FieldByName("APNI_ARCHIVO") = Valor(libro);
+    CSaldos.Post();
+    CSaldos.Edit();
+    hoja.termine();
+    muestre_pagina(Detalle);
+}
+
+void Tfbalaperturaniif::AdvGlowButton6Click() {
+    hoja.termine();
+    muestre_pagina(Detalle);
+}

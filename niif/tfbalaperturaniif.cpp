@@ -1,0 +1,380 @@
+#include "niif/tfbalaperturaniif.h"
+
+#include "niif/apertura.h"
+#include "niif/pch.h"
+#include "niif/peticiones_niif.h"
+#include "sesion/instalacion.h"
+#include "sesion/variables_informe.h"
+#include "toolkit/informes/motor.h"
+
+#include <QScopedValueRollback>
+#include <QStackedWidget>
+
+namespace {
+
+constexpr int kPrimeraColumnaNiif = 8; ///< las de antes son de la cuenta 2649
+constexpr const char* kImporte = "#,###.00";
+
+} // namespace
+
+Tfbalaperturaniif::Tfbalaperturaniif() : Pantalla("Tfbalaperturaniif", "Balance de Apertura NIIF") {
+    defina_conjuntos();
+    defina_lineas();
+    paginas = new QStackedWidget(this);
+    paginas->setObjectName("paginas");
+    paginas->addWidget(pagina_principal());
+    paginas->addWidget(pagina_detalle());
+    paginas->addWidget(pagina_hoja());
+    Formulario(this).ancha(paginas, 1);
+    declare_teclas();
+    tamano(1120, 620);
+}
+
+void Tfbalaperturaniif::defina_conjuntos() {
+    constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
+    ConjuntoDatos& c = CSaldos;
+    c.texto("CUEN_COD", 20).requerido().banderas(kLlave).etiqueta("Cuenta");
+    c.decimal("APNI_SALDOANT").formato(kImporte);
+    c.decimal("APNI_AJUSTEDB").formato(kImporte);
+    c.decimal("APNI_AJUSTECR").formato(kImporte);
+    c.decimal("APNI_SALDONIIF").formato(kImporte);
+    c.texto("APNI_NOTA", 2048).etiqueta("Nota");
+    c.texto("APNI_CUENNIIF", 20);
+    c.blob("APNI_ARCHIVO");
+    c.IndexFieldNames("CUEN_COD");
+    TAperturaDet.enlace_maestra(&TApertura, {"CUEN_COD"});
+    CAperniifdet.anide_en(&CSaldos, &TAperturaDet);
+
+    ConjuntoDatos& a = CAjusniif;
+    a.texto("CODIGO", 20);
+    a.texto("NOMBRE", 60);
+    for (const char* campo : {"SALDO", "RECLASDB", "RECLASCR", "AJUSTEDB", "AJUSTECR", "FINAL"})
+        a.decimal(campo).formato(kImporte);
+    a.texto("CUENTANIIF", 20);
+    a.texto("NOMBRENIIF", 60);
+    for (const char* campo : {"RECLASDBN", "RECLASCRN", "AJUSTEDBN", "AJUSTECRN", "NUEVO"})
+        a.decimal(campo).formato(kImporte);
+    a.agregado("SumFinal", "sum(FINAL)");
+    for (const char* campo : {"RECLASDB", "RECLASCR", "AJUSTEDB", "AJUSTECR", "RECLASDBN",
+                              "RECLASCRN", "AJUSTEDBN", "AJUSTECRN"})
+        a.agregado(campo, QStringLiteral("sum(%1)").arg(QLatin1String(campo)));
+    a.AfterScroll = [this] { CAjusniifAfterScroll(); };
+}
+
+// ---------------------------------------------------------------- disposición
+
+QWidget* Tfbalaperturaniif::pagina_principal() {
+    auto* pagina = new QWidget;
+    const auto caja = [](const char* nombre) {
+        auto* e = new QLineEdit;
+        e->setObjectName(nombre);
+        e->setReadOnly(true);
+        e->setFocusPolicy(Qt::NoFocus);
+        return e;
+    };
+    const auto diferencia = [](const char* nombre) {
+        EditorNumero* e = EditorNumero::de_saldo();
+        e->setObjectName(nombre);
+        return e;
+    };
+    EAno = caja("EAno");
+    NomCuenta = caja("NomCuenta");
+    NomNiif = caja("NomNiif");
+    Difdeb = diferencia("Difdeb");
+    DifCred = diferencia("DifCred");
+    DBGridEh1 = new Rejilla(pagina, &CAjusniif);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName("Cuentas de la apertura");
+    DBGridEh1->columnas({{"CODIGO", "Cuenta", 11},
+                         {"NOMBRE", "Nombre", 22},
+                         {"SALDO", "Saldo", 16, Suma},
+                         {"RECLASDB", "Reclas. DB", 15, Suma},
+                         {"RECLASCR", "Reclas. CR", 15, Suma},
+                         {"AJUSTEDB", "Ajuste DB", 14, Suma},
+                         {"AJUSTECR", "Ajuste CR", 14, Suma},
+                         {"FINAL", "Final", 15, Suma},
+                         {"CUENTANIIF", "Cuenta NIIF", 11},
+                         {"NOMBRENIIF", "Nombre NIIF", 22},
+                         {"RECLASDBN", "Reclas. DB", 15, Suma},
+                         {"RECLASCRN", "Reclas. CR", 15, Suma},
+                         {"AJUSTEDBN", "Ajuste DB", 14, Suma},
+                         {"AJUSTECRN", "Ajuste CR", 14, Suma},
+                         {"NUEVO", "Nuevo saldo", 16, Suma}});
+    DBGridEh1->ReadOnly = true;
+    DBGridEh1->pie(true);
+    DBGridEh1->nombre_archivo = "SaldosIniNIIF";
+    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+    DBGridEh1->texto_vacio = "El plan no tiene cuentas de las clases 1 a 3.";
+    DBGridEh1->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    DBGridEh1->OnDblClick = [this](int) { AdvGlowButton1Click(); };
+    auto* barra = new BarraBotones(this);
+    barra->boton("SBGrabar", "F2:Grabar", "document-save", {}, [this] { SBGrabarClick(); });
+    barra->boton("AdvGlowButton10", "F3:Borrar", "edit-delete", Qt::Key_F3,
+                 [this] { AdvGlowButton10Click(); });
+    barra->boton("AdvGlowButton1", "F5:Detalle", "document-properties", {},
+                 [this] { AdvGlowButton1Click(); });
+    barra->boton("AdvGlowButton8", "F6:Movto.", "edit-find", Qt::Key_F6,
+                 [this] { AdvGlowButton8Click(); });
+    barra->boton("AdvGlowButton2", "F7:Trae saldos", "document-open", Qt::Key_F7,
+                 [this] { AdvGlowButton2Click(); });
+    barra->boton("SpeedButton1", "F8:Imprimir", "document-print", Qt::Key_F8,
+                 [this] { SpeedButton1Click(); });
+    barra->boton("AdvGlowButton9", "F9:Conc.Patr.", "object-flip-horizontal", Qt::Key_F9,
+                 [this] { AdvGlowButton9Click(); });
+    barra->boton("SBLlevar", "F12:Llevar a saldos iniciales", "go-first", Qt::Key_F12,
+                 [this] { SBLlevarClick(); });
+    barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", {}, [this] { SBCancelClick(); });
+    Formulario f(pagina);
+    f.fila({{"Año de inicio", EAno}, {"Dif. débito", Difdeb}, {"Dif. crédito", DifCred}});
+    f.ancha(DBGridEh1, 1);
+    f.fila({{"Cuenta", NomCuenta}, {"Cuenta NIIF", NomNiif}});
+    f.botones(barra);
+    return pagina;
+}
+
+void Tfbalaperturaniif::declare_teclas() {
+    // La misma tecla es de la página que está arriba.
+    const auto segun = [this](int clave, const char* nombre, std::function<void()> principal,
+                              std::function<void()> detalle, std::function<void()> hoja) {
+        tecla(clave, nombre, [=, this] {
+            const int pagina = paginas->currentIndex();
+            (pagina == Principal ? principal : pagina == Detalle ? detalle : hoja)();
+        });
+    };
+    segun(
+        Qt::Key_F2, "Grabar", [this] { SBGrabarClick(); }, [this] { AdvGlowButton3Click(); },
+        [this] { AdvGlowButton5Click(); });
+    segun(
+        Qt::Key_F5, "Detalle", [this] { AdvGlowButton1Click(); }, [this] { sugiera_db_cr(); },
+        [] {});
+    segun(
+        Qt::Key_Escape, "Cancelar", [this] { SBCancelClick(); }, [this] { cierre_detalle(); },
+        [this] { AdvGlowButton6Click(); });
+}
+
+void Tfbalaperturaniif::muestre_pagina(Pagina pagina) {
+    paginas->setCurrentIndex(pagina);
+    if (pagina == Principal)
+        DBGridEh1->setFocus();
+    else if (pagina == Detalle)
+        DBGridEh2->setFocus();
+}
+
+// ---------------------------------------------------------------- vida
+
+void Tfbalaperturaniif::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    CSaldos.PacketRecords = CAperniifdet.PacketRecords = CAjusniif.PacketRecords = -1;
+    if (!fdm().exija_acceso(80)) {
+        pida_cierre_al_crear();
+        return;
+    }
+    EAno->setText(fdm().texto_de(Llave::AnoInicioNiif));
+    CSaldos.Open();
+    CAjusniif.Open("SELECT * FROM AJUSTES_APERTURA_NIIF WHERE CODIGO < '4'");
+    muestre_pagina(Principal);
+}
+
+void Tfbalaperturaniif::CAjusniifAfterScroll() {
+    const auto campo = [this](const char* c) { return CAjusniif.FieldByName(c).texto(); };
+    NomCuenta->setText(campo("CODIGO") + ' ' + campo("NOMBRE"));
+    NomNiif->setText(campo("CUENTANIIF") + ' ' + campo("NOMBRENIIF"));
+    const auto suma = [this](const char* a) { return CAjusniif.agregado(a).moneda(); };
+    const Moneda diferencia = suma("RECLASDB") + suma("AJUSTEDB") + suma("RECLASDBN") +
+                              suma("AJUSTEDBN") - suma("RECLASCR") - suma("AJUSTECR") -
+                              suma("RECLASCRN") - suma("AJUSTECRN");
+    Difdeb->vacie();
+    DifCred->vacie();
+    if (diferencia > Moneda())
+        Difdeb->valor(diferencia);
+    else
+        DifCred->valor(-diferencia);
+}
+
+// ---------------------------------------------------------------- traer saldos
+
+void Tfbalaperturaniif::AdvGlowButton2Click() {
+    if (!CSaldos.IsEmpty()) {
+        muestre_mensaje("Ya hay movimientos de apertura regstrados. Debe Borrarlos antes de poder "
+                        "traer los saldos.");
+        return;
+    }
+    if (!pregunte("Esta opción copia los saldos detallados por tercero y centro del plan COLGAP "
+                  "(Dec.2649) al plan NIIF. (Puede demorar varios minutos). Desea continuar?"))
+        return;
+    traiga(QString::number(Tfdm::entero(ano_apertura()) - 1));
+}
+
+void Tfbalaperturaniif::traiga(const QString& ano) {
+    CBalance.Open("select * from balance_final_det(" + QuotedStr(ano) +
+                  ",13,'N') WHERE CODIGO < '4'");
+    CBalance.FetchAll();
+    const QScopedValueRollback<bool> guarda(trayendo_, true);
+    CSaldos.DisableControls();
+    CAperniifdet.DisableControls();
+    int item = 0;
+    for (CBalance.First(); !CBalance.Eof(); CBalance.Next()) {
+        const auto texto = [this](const char* c) { return CBalance.FieldByName(c).texto(); };
+        agregue_saldo({texto("CODIGO"), texto("NIT"), texto("PROY"), texto("CENTRO"),
+                       texto("CUENTANIIF"), CBalance.FieldByName("SALDO").moneda()},
+                      item);
+    }
+    CBalance.Close();
+    CAperniifdet.EnableControls();
+    CSaldos.EnableControls();
+    if (CSaldos.IsEmpty())
+        muestre_mensaje("No hay saldos del año " + ano + " por traer.");
+    else
+        muestre_mensaje(QStringLiteral("Se trajeron los saldos de %1 cuentas. Grábelos con F2.")
+                            .arg(CSaldos.RecordCount()));
+}
+
+void Tfbalaperturaniif::agregue_saldo(const SaldoPorTraer& saldo, int& item) {
+    if (saldo.cuenta != CSaldos.FieldByName("CUEN_COD").texto()) {
+        CSaldos.Append();
+        CSaldos.FieldByName("CUEN_COD") = saldo.cuenta;
+        CSaldos.FieldByName("APNI_CUENNIIF") = saldo.equivalente;
+        CSaldos.FieldByName("APNI_SALDOANT") = saldo.saldo;
+        CSaldos.FieldByName("APNI_AJUSTEDB") = Moneda();
+        CSaldos.FieldByName("APNI_AJUSTECR") = Moneda();
+        CSaldos.FieldByName("APNI_SALDONIIF") = saldo.saldo;
+        CSaldos.Post();
+        item = 0;
+    } else { // otro tercero o centro de la misma cuenta
+        CSaldos.Edit();
+        for (const char* campo : {"APNI_SALDOANT", "APNI_SALDONIIF"})
+            CSaldos.FieldByName(campo) = CSaldos.FieldByName(campo).moneda() + saldo.saldo;
+        CSaldos.Post();
+    }
+    for (const LineaApertura& l : lineas_de_traslado(saldo)) {
+        CAperniifdet.Append();
+        const auto ponga = [this](const char* campo, const Valor& v) {
+            CAperniifdet.FieldByName(campo) = v;
+        };
+        ponga("CUEN_COD", saldo.cuenta);
+        ponga("APND_ITEM", ++item);
+        ponga("APND_CUENTA", l.cuenta);
+        ponga("APND_CTANIIF", l.cuenta_niif);
+        ponga("TERC_NIT", saldo.nit);
+        ponga("PROY_COD", saldo.proyecto);
+        ponga("CENT_COD", saldo.centro);
+        ponga("APND_DEBITO", Moneda());
+        ponga("APND_CREDITO", Moneda());
+        ponga("APND_RECLDB", l.reclasificacion_debito);
+        ponga("APND_RECLCR", l.reclasificacion_credito);
+        ponga("APND_SALDOINI", l.saldo_inicial);
+        ponga("APND_SALDOFIN", l.saldo_final);
+        CAperniifdet.Post();
+    }
+}
+
+// ---------------------------------------------------------------- grabar, borrar y salir
+
+void Tfbalaperturaniif::SBGrabarClick() {
+    if (CSaldos.editando()) {
+        if (CSaldos.FieldByName("CUEN_COD").vacio())
+            CSaldos.Cancel();
+        else
+            CSaldos.Post();
+    }
+    if (CSaldos.ApplyUpdates(-1) > 0)
+        return;
+    CAjusniif.Refresh();
+    CAjusniifAfterScroll();
+    // Con la suma que sea: la pregunta se hace después de cada grabación.
+    if (!pregunte("Faltan cuentas por reclasificar o ajustar. Esta seguro de Salir?"))
+        return;
+    cierre_confirmado_ = true;
+    close();
+}
+
+void Tfbalaperturaniif::SBCancelClick() {
+    close();
+}
+
+bool Tfbalaperturaniif::FormClose() {
+    const bool por_perder = CSaldos.Active() && (CSaldos.ChangeCount() > 0 || CSaldos.Modified());
+    if (!cierre_confirmado_ && por_perder &&
+        !pregunte_con_no("Desea salir del comprobante y perder los movimientos que no ha grabado?"))
+        return false;
+    hoja.termine();
+    if (CSaldos.Active())
+        CSaldos.CancelUpdates();
+    for (ConjuntoDatos* c : {&CSaldos, &CAjusniif, &CBalance, &CBalinicial})
+        c->Close();
+    return true;
+}
+
+void Tfbalaperturaniif::AdvGlowButton10Click() {
+    if (paginas->currentIndex() != Principal ||
+        !pregunte_con_no(
+            "Desea borrar definitivamente los saldos iniciales de NIIF trabajados a la fecha?"))
+        return;
+    fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura, [](Transaccion& t) {
+        t.conexion().prepare("delete from apertura_niif_det", t)->ejecute(t, {});
+        t.conexion().prepare("delete from apertura_niif", t)->ejecute(t, {});
+    });
+    CSaldos.CancelUpdates();
+    CSaldos.Reabra();
+    SBGrabarClick();
+}
+
+// ---------------------------------------------------------------- consultas
+
+void Tfbalaperturaniif::AdvGlowButton8Click() {
+    const bool niif = DBGridEh1->SelectedIndex() >= kPrimeraColumnaNiif;
+    const QString cuenta = CAjusniif.FieldByName(niif ? "CUENTANIIF" : "CODIGO").texto();
+    if (!cuenta.isEmpty())
+        pantallas().abrir("Tfmovbalapniif", AbreMovimientoApertura{cuenta, niif});
+}
+
+void Tfbalaperturaniif::AdvGlowButton9Click() {
+    pantallas().abrir("Tfconciliapat", AbreConciliacion{ano_apertura(), true});
+}
+
+void Tfbalaperturaniif::SpeedButton1Click() {
+    MotorInformes motor(this);
+    motor.nombre_archivo = "SaldosIniNIIF";
+    motor.ProjectFile = ruta_informe("saldos.rav");
+    motor.abrir_proyecto(motor.ProjectFile);
+    fije_variables(motor, "Saldos iniciales");
+    CBalinicial.Instantanea = true;
+    CBalinicial.Open("select * from BALANCE_INICIAL_NIIF order by cuenta, nit, proy, centro");
+    if (CBalinicial.IsEmpty()) {
+        muestre_mensaje("La hoja de apertura no deja saldos en ninguna cuenta NIIF.");
+    } else {
+        CBalinicial.FetchAll();
+        motor.conecte("RBalance", CBalinicial);
+        motor.al_componer = [this] { CBalinicial.Close(); };
+        motor.seleccionar_reporte("BalanceinicialN");
+        motor.ejecutar();
+    }
+    motor.cerrar();
+    CBalinicial.Close();
+}
+
+void Tfbalaperturaniif::SBLlevarClick() {
+    if (CSaldos.ChangeCount() > 0) {
+        muestre_mensaje("Grabe antes la hoja con F2: los saldos iniciales salen de lo grabado.");
+        return;
+    }
+    const auto llame = [](const char* haga) {
+        return fdm().Quorvex.ejecute_con_salida("execute procedure lleve_apertura_niif(?)", {haga});
+    };
+    const QVector<Valor> cifras = llame("N");
+    if (const QString negativa = cifras.value(4).texto(); !negativa.isEmpty()) {
+        muestre_mensaje(negativa);
+        return;
+    }
+    if (!pregunte_con_no(
+            QStringLiteral("Se reemplazarán los %1 saldos iniciales NIIF que hay por los %2 de "
+                           "esta hoja: débitos %3, créditos %4. Desea continuar?")
+                .arg(cifras.value(3).entero())
+                .arg(cifras.value(0).entero())
+                .arg(cifras.value(1).moneda().formateada(), cifras.value(2).moneda().formateada())))
+        return;
+    llame("S");
+    emit fdmcnt().balance_por_recalcular();
+    muestre_mensaje("Los saldos iniciales NIIF son ahora los del balance de apertura.");
+}

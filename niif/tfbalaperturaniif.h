@@ -1,0 +1,85 @@
+#pragma once
+// "Balance de Apertura NIIF": la hoja en que los saldos 2649 del año anterior pasan al plan NIIF,
+// cuenta por cuenta, con reclasificaciones, ajustes, notas y una hoja de cálculo de cada una.
+#include "datos/recordset/conjunto.h"
+#include "niif/hoja_trabajo.h"
+#include "sesion/tfdm.h"
+#include "toolkit/pantalla.h"
+
+class EditorNumero;
+class MemoDato;
+class QLabel;
+class QLineEdit;
+class QStackedWidget;
+class Rejilla;
+
+class Tfbalaperturaniif : public Pantalla {
+    Q_OBJECT
+public:
+    Tfbalaperturaniif();
+
+    // --- conjuntos
+    Sentencia TApertura{this, "TApertura", fdm().Quorvex, "SELECT * FROM APERTURA_NIIF"};
+    Sentencia TAperturaDet{this, "TAperturaDet", fdm().Quorvex,
+                           "SELECT * FROM APERTURA_NIIF_DET WHERE CUEN_COD = :CUEN_COD"};
+    Sentencia QConsulta{this, "QConsulta", fdm().Quorvex};
+    Proveedor PSaldos{this, "PSaldos", &TApertura, poCascadeDeletes | poCascadeUpdates};
+    Proveedor PConsulta{this, "PConsulta", &QConsulta, poAllowCommandText};
+    ConjuntoDatos CSaldos{this, "CSaldos", &PSaldos};
+    ConjuntoDatos CAperniifdet{this, "CAperniifdet"};
+    ConjuntoDatos CAjusniif{this, "CAjusniif", &PConsulta};
+    ConjuntoDatos CBalance{this, "CBalance", &PConsulta};
+    ConjuntoDatos CBalinicial{this, "CBalinicial", &PConsulta};
+
+    // --- controles
+    QStackedWidget* paginas; ///< principal, "Detalle calculos" y "Hoja de trabajo"
+    QLineEdit *EAno, *NomCuenta, *NomNiif, *NomDetalle;
+    QLabel *Ancestros, *LHoja;
+    EditorNumero *Difdeb, *DifCred, *DetDebito, *DetCredito;
+    Rejilla *DBGridEh1, *DBGridEh2;
+    MemoDato* APNI_NOTA;
+    HojaTrabajo hoja{this};
+
+    void FormCreate() override;
+    bool FormClose() override;
+
+    enum Pagina { Principal, Detalle, Hoja };
+
+private:
+    // tfbalaperturaniif.cpp
+    void defina_conjuntos();
+    QWidget* pagina_principal();
+    QWidget* pagina_detalle();
+    QWidget* pagina_hoja();
+    void declare_teclas();
+    void muestre_pagina(Pagina pagina);
+    void CAjusniifAfterScroll();
+    void AdvGlowButton2Click();
+    void traiga(const QString& ano);
+    void agregue_saldo(const struct SaldoPorTraer& saldo, int& item);
+    void SBGrabarClick();
+    void SBCancelClick();
+    void AdvGlowButton10Click();
+    void AdvGlowButton8Click();
+    void AdvGlowButton9Click();
+    void SpeedButton1Click();
+    void SBLlevarClick();
+    QString ano_apertura() const { return fdm().texto_de(Llave::AnoAperturaNiif); }
+    // detalle_apertura.cpp
+    void defina_lineas();
+    void AdvGlowButton1Click();
+    void AdvGlowButton3Click();
+    void cierre_detalle();
+    void CAperniifdetAfterInsert();
+    void calcule_saldo_final();
+    void valide_celda(Campo& campo);
+    void reciba(const QString& campo, const QString& valor);
+    void sugiera_db_cr();
+    void muestre_ancestros();
+    void muestre_sumas();
+    void AdvGlowButton7Click();
+    void AdvGlowButton5Click();
+    void AdvGlowButton6Click();
+
+    bool trayendo_ = false, recibiendo_ = false, cierre_confirmado_ = false;
+};

@@ -1,0 +1,54 @@
+#pragma once
+// Concepto de un registro automático, nuevo (Tfnvoconcepto) o guardado (Tfmodconcepto): qué cuentas
+// afecta y de dónde sale el importe de cada una.
+#include "datos/recordset/conjunto.h"
+#include "libro/lineas.h"
+#include "toolkit/pantalla.h"
+
+class CasillaDato;
+class EditorDato;
+class ListaDato;
+class QLineEdit;
+class QSpinBox;
+class Rejilla;
+
+class FormaConcepto : public Pantalla {
+    Q_OBJECT
+public:
+    enum Modo { Nuevo, Modificar };
+    explicit FormaConcepto(Modo modo);
+
+    void FormCreate() override;
+    bool FormClose() override;
+
+    Sentencia TConceptos, TCuentas;
+    Proveedor PConceptos, PBorrar;
+    ConjuntoDatos CConceptos, CCuentas, CBorrar;
+    Rejilla* DBGridEh1;
+
+private:
+    enum Columna { kItem, kCuenta, kBase, kTercero, kProyecto, kCentro };
+
+    void defina_campos();
+    void construya();
+    void construya_vigencia();
+    void nueva_linea();
+    void al_dejar_la_linea();
+    void al_llegar_a_la_linea();
+    void cuenta_cambiada(Campo& campo, QLineEdit* nombre);
+    void centro_cambiado();
+    void tercero_cambiado(Campo& nit);
+    void busque_cuenta(ConjuntoDatos& conjunto, const QString& columna, const QString& texto);
+    void DBGridDblClick(int columna);
+    void reciba(ConjuntoDatos& conjunto, const QString& columna, const QString& valor);
+    void VenceClick();
+    void SBGrabarClick();
+
+    const Modo modo_;
+    ContadorLineas contador_;
+    EditorDato *ECod, *ECta;
+    QLineEdit *NomCierre, *NomCuenta, *NomBase;
+    CasillaDato* Vence;
+    ListaDato *MesIni, *MesFin;
+    EditorDato *AnoIni, *AnoFin;
+};

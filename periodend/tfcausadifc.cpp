@@ -1,0 +1,140 @@
+#include "periodend/tfcausadifc.h"
+
+#include "periodend/pch.h"
+#include "toolkit/aviso_trabajo.h"
+
+namespace {
+
+const DatosProceso kDatos{
+    .clase = "Tfcausadifc",
+    .titulo = "Causar diferencia en cambio",
+    .fecha = "FECHA",
+    .concepto = "CONCEPTO",
+    .referencia = "REFERENCIA",
+    .sin_prefijos = "Debe registrar antes los prefijos para el comprobante %1",
+    .nota = "El saldo en moneda de un documento es la suma de las Bases de sus líneas en la cuenta "
+            "de cartera. Los documentos sin Base son en pesos y no entran."};
+
+} // namespace
+
+Tfcausadifc::Tfcausadifc() : FormaProceso(kDatos, SinArmar{}), CDiferencia(this, "CDiferencia") {
+    CProceso.decimal("TRM", 4).tasa().requerido().etiqueta("TRM").formato("#,##0.00##");
+    CProceso.texto("CUENTA", 20).requerido().etiqueta("Cuenta cartera").OnChange =
+        [this](Campo& x) { CUEN_CODChange(x); };
+    CDiferencia.texto("PREFIJO", 4);
+    CDiferencia.texto("NUMERO", 10);
+    CDiferencia.texto("NIT", 20);
+    CDiferencia.texto("PROY", 4);
+    CDiferencia.texto("CENTRO", 4);
+    CDiferencia.decimal("DIFERENCIA").formato("#,###.00");
+    Trm = new EditorDato(&CProceso, "TRM");
+    Trm->setObjectName("Trm");
+    Trm->ancho(12);
+    Cta = new EditorDato(&CProceso, "CUENTA");
+    Cta->setObjectName("Cta");
+    Cta->ancho(15);
+    Cta->OnDblClick = [this] { escoja_la_cuenta({}); };
+    NomCta = caja_que_muestra("NomCta", 30);
+    DBGridEh1 = new Rejilla(this, &CDiferencia);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName("Diferencia de cada documento");
+    DBGridEh1->columnas({{"PREFIJO", "Prefijo", 7},
+                         {"NUMERO", "Documento", 12},
+                         {"NIT", "Tercero", 14},
+                         {"PROY", "Proy.", 6},
+                         {"CENTRO", "Centro", 6},
+                         {"DIFERENCIA", "Diferencia", 18, Suma}});
+    DBGridEh1->ReadOnly = true;
+    DBGridEh1->pie(true);
+    DBGridEh1->texto_vacio = "Al grabar se ve aquí lo que cambió cada documento.";
+    DBGridEh1->nombre_archivo = "DifCambio";
+    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+    DBGridEh1->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    arme();
+    tamano(860, 520);
+}
+
+void Tfcausadifc::complete(Formulario& f) {
+    f.fila({{"T&RM Día:", Trm}, {"C&uenta cartera:", Formulario::junto({Cta, NomCta})}});
+}
+
+void Tfcausadifc::bajo_el_encabezado(Formulario& f) {
+    f.ancha(DBGridEh1);
+}
+
+void Tfcausadifc::FormCreate() {
+    CDiferencia.CreateDataSet();
+    FormaProceso::FormCreate();
+}
+
+void Tfcausadifc::escoja_la_cuenta(const QString& texto) {
+    escoja_cuenta(
+        *this, Libro::Decreto2649, texto,
+        [this](const QString& cuenta) { campo("CUENTA") = cuenta; },
+        texto.isEmpty() ? campo("CUENTA").texto() : QString());
+}
+
+void Tfcausadifc::CUEN_CODChange(Campo& cuenta) {
+    NomCta->clear();
+    if (cuenta.vacio())
+        return;
+    if (cuenta.texto().startsWith('?')) {
+        const QString texto = cuenta.texto().mid(1);
+        cuenta.limpie();
+        escoja_la_cuenta(texto);
+        return;
+    }
+    NomCta->setText(fdmcnt().nom_cuenta(cuenta.texto()));
+    NomCta->setCursorPosition(0);
+    if (NomCta->text().isEmpty()) {
+        muestre_mensaje("No se encontró la cuenta contable indicada.");
+        cuenta.limpie();
+    }
+}
+
+QString Tfcausadifc::llamada() const {
+    return "select * from causa_diferencia_cambio(" +
+           QuotedStr(fdmcnt().compone_fecha_admin(EDia->text())) + ',' +
+           QuotedStr(campo("TICO_COD").texto()) + ',' + QuotedStr(campo("PRCO_PREF").texto()) +
+           ',' + QuotedStr(campo("ENCO_NUMERO").texto()) + ',' +
+           QuotedStr(campo("TRM").moneda().texto()) + ',' + QuotedStr(campo("CUENTA").texto()) +
+           ')';
+}
+
+void Tfcausadifc::cause(Transaccion& t) {
+    CDiferencia.borre_todas();
+    const auto variable = [&](const QString& nombre, const QString& valor) {
+        Cursor(t.conexion().prepare("select rdb$set_context('USER_TRANSACTION', " +
+                                        QuotedStr(nombre) + ", " + QuotedStr(valor) +
+                                        ") from rdb$database",
+                                    t),
+               t, {})
+            .siguiente();
+    };
+    variable("CONCEPTO_PROCESO", campo("CONCEPTO").texto());
+    variable("REFER_PROCESO", campo("REFERENCIA").texto());
+    Cursor cursor(t.conexion().prepare(llamada(), t), t, {});
+    while (cursor.siguiente()) {
+        CDiferencia.Append();
+        for (int i = 0; i < CDiferencia.FieldCount(); ++i)
+            CDiferencia.Fields(i) = cursor.valor(i);
+        CDiferencia.Post();
+    }
+}
+
+void Tfcausadifc::SBGrabarClick() {
+    if (EDia->text().isEmpty())
+        EDia->setText("1");
+    ponga_fecha();
+    CProceso.Post(); // los datos que faltan se dicen aquí
+    CProceso.Edit();
+    {
+        const AvisoTrabajo aviso(this, "Comparando los documentos con la tasa...");
+        fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura,
+                                     [this](Transaccion& t) { cause(t); });
+    }
+    CDiferencia.First();
+    DBGridEh1->setFocus();
+    emit fdmcnt().balance_por_recalcular();
+}

@@ -1,0 +1,30 @@
+#pragma once
+// "Causar diferencia en cambio": lleva la cartera en moneda de una cuenta a la tasa de un día y
+// muestra lo que cambió cada documento.
+#include "catalogues/forma_proceso.h"
+
+class Rejilla;
+
+class Tfcausadifc : public FormaProceso {
+    Q_OBJECT
+public:
+    Tfcausadifc();
+    void FormCreate() override;
+
+    ConjuntoDatos CDiferencia;
+    Rejilla* DBGridEh1;
+
+protected:
+    void complete(Formulario& f) override;
+    void bajo_el_encabezado(Formulario& f) override;
+    void SBGrabarClick() override;
+
+private:
+    void CUEN_CODChange(Campo& cuenta);
+    void escoja_la_cuenta(const QString& texto);
+    QString llamada() const;
+    void cause(Transaccion& t);
+
+    EditorDato *Trm, *Cta;
+    QLineEdit* NomCta;
+};

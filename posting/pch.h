@@ -1,0 +1,14 @@
+#pragma once
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
+#include "toolkit/pantalla.h"
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QToolButton>

@@ -1,0 +1,115 @@
+#include "posting/tfresumencontab.h"
+
+#include "posting/pch.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/estilo.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QPlainTextEdit>
+
+namespace {
+
+/// En el orden en que se listan: lo que pide hacer algo va primero.
+struct DatosDesenlace {
+    Desenlace desenlace;
+    const char *nombre, *cuenta;
+};
+const DatosDesenlace kDesenlaces[] = {
+    {Desenlace::Fallo, "Falló", "con falla"},
+    {Desenlace::EnEspera, "En espera", "en espera"},
+    {Desenlace::Contabilizado, "Contabilizado", "contabilizados"},
+};
+
+} // namespace
+
+Tfresumencontab::Tfresumencontab() : Pantalla("Tfresumencontab", "Resumen de la contabilización") {
+    CResumen.texto("RESULTADO", 14);
+    CResumen.texto("TIPO", 10);
+    CResumen.texto("PREFIJO", 4);
+    CResumen.texto("NUMERO", 8);
+    CResumen.fecha("FECHA");
+    CResumen.texto("MOTIVO", 4000);
+    CResumen.entero("CUAL");
+    CResumen.AfterScroll = [this] {
+        EMotivo->setPlainText(CResumen.FieldByName("MOTIVO").texto());
+    };
+    ECuenta = new QLabel;
+    ECuenta->setObjectName("ECuenta");
+    DBGridEh1 = new Rejilla(this, &CResumen);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName("Documentos del lote");
+    DBGridEh1->ReadOnly = true;
+    DBGridEh1->nombre_archivo = "ResumenContab";
+    DBGridEh1->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    DBGridEh1->columnas({{"RESULTADO", "Resultado", 13},
+                         {"TIPO", "Tipo", 11},
+                         {"PREFIJO", "Prefijo", 8},
+                         {"NUMERO", "Número", 9},
+                         {"FECHA", "Fecha", 11},
+                         {"MOTIVO", "Motivo", 56}});
+    DBGridEh1->horizontalHeader()->setSectionResizeMode(5, QHeaderView::Stretch);
+    DBGridEh1->OnDblClick = [this](int) { BitBtn1Click(); };
+    DBGridEh1->OnReturn = [this] { BitBtn1Click(); };
+    EMotivo = new QPlainTextEdit;
+    EMotivo->setObjectName("EMotivo");
+    EMotivo->setAccessibleName("Motivo");
+    EMotivo->setReadOnly(true);
+    EMotivo->setTabChangesFocus(true);
+    EMotivo->setFixedHeight(paso(9));
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("BitBtn1", "F2:Ir al documento", "go-jump", Qt::Key_F2,
+                                  [this] { BitBtn1Click(); }));
+    barra->separe();
+    barra->boton("BitBtn2", "Esc:Cerrar", "window-close", Qt::Key_Escape,
+                 [this] { resultado_modal(mrCancel); });
+    Formulario(this).ancha(ECuenta, 0).ancha(DBGridEh1).ancha(EMotivo, 0).botones(barra);
+    tamano(860, 480);
+}
+
+void Tfresumencontab::FormCreate() {
+    const AbreResumen pedido = peticion<AbreResumen>();
+    QStringList cuentas;
+    for (const DatosDesenlace& d : kDesenlaces)
+        cuentas.prepend(QStringLiteral("%1 %2")
+                            .arg(std::count_if(pedido.resultados.begin(), pedido.resultados.end(),
+                                               [&d](const ResultadoDocumento& r) {
+                                                   return r.desenlace == d.desenlace;
+                                               }))
+                            .arg(QString::fromUtf8(d.cuenta)));
+    if (pedido.sin_empezar > 0)
+        cuentas << QStringLiteral("%1 sin empezar, porque se canceló").arg(pedido.sin_empezar);
+    ECuenta->setText(cuentas.join(", ") + '.');
+    CResumen.CreateDataSet();
+    llene(pedido.resultados);
+    DBGridEh1->setFocus();
+}
+
+void Tfresumencontab::llene(const QVector<ResultadoDocumento>& resultados) {
+    CResumen.DisableControls();
+    for (const DatosDesenlace& d : kDesenlaces)
+        for (qsizetype i = 0; i < resultados.size(); ++i) {
+            const ResultadoDocumento& r = resultados[i];
+            if (r.desenlace != d.desenlace)
+                continue;
+            CResumen.Append();
+            CResumen.FieldByName("RESULTADO") = QString::fromUtf8(d.nombre);
+            CResumen.FieldByName("TIPO") = r.documento.tipo;
+            CResumen.FieldByName("PREFIJO") = r.documento.prefijo;
+            CResumen.FieldByName("NUMERO") = r.documento.numero;
+            CResumen.FieldByName("FECHA") = Valor(r.documento.fecha);
+            CResumen.FieldByName("MOTIVO") = r.motivo.left(4000);
+            CResumen.FieldByName("CUAL") = i;
+            CResumen.Post();
+        }
+    CResumen.EnableControls();
+    CResumen.First();
+}
+
+void Tfresumencontab::BitBtn1Click() {
+    if (CResumen.IsEmpty())
+        return;
+    responda<AbreResumen>(int(CResumen.FieldByName("CUAL").entero()));
+    resultado_modal(mrOk);
+}

@@ -1,0 +1,296 @@
+#include "posting/tfsincontab.h"
+
+#include "libro/propuesta.h"
+#include "posting/pch.h"
+#include "posting/tfresumencontab.h"
+#include "sesion/apertura.h"
+#include "sesion/peticiones.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QProgressDialog>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr int kPrimerAno = 1990, kUltimoAno = 2099, kUltimoMes = 11;
+
+/// Cuánto va de un lote. Cancelar espera a que termine el documento que va.
+class AvanceLote : public QProgressDialog {
+public:
+    AvanceLote(int cuantos, QWidget* padre)
+        : QProgressDialog(QString(), "Cancelar", 0, cuantos, padre) {
+        setObjectName("avance_contabilizacion");
+        setWindowTitle("Contabilización");
+        setWindowModality(Qt::ApplicationModal);
+        setMinimumDuration(500);
+        setMinimumWidth(420);
+    }
+    /// Falso si se canceló.
+    bool siga(int hechos, const DocumentoPendiente& documento) {
+        setLabelText(
+            QStringLiteral("%1 (%2 de %3)").arg(documento.nombre()).arg(hechos + 1).arg(maximum()));
+        setValue(hechos);
+        return !wasCanceled();
+    }
+};
+
+} // namespace
+
+Tfsincontab::Tfsincontab() : Pantalla("Tfsincontab", "Comprobantes sin contabilizar") {
+    CSincontab.texto("TIPO", 10);
+    CSincontab.texto("PREFIJO", 4);
+    CSincontab.texto("NUMERO", 8);
+    CSincontab.fecha("FECHA");
+    CSincontab.texto("CONCEPTO", 60);
+    CSincontab.entero("ID").banderas(pfInKey);
+    CSincontab.entero("TIDO").banderas(pfInKey);
+    CSincontab.entero("CTABCO");
+    construya();
+}
+
+// ---------------------------------------------------------------- disposición
+
+void Tfsincontab::construya() {
+    periodo = new CajaPeriodo(this);
+    periodo->nombres(Tfdm::nombres_periodo().mid(0, kUltimoMes + 1));
+    periodo->rango_ano(kPrimerAno, kUltimoAno);
+    connect(periodo, &CajaPeriodo::mes_cambiado, this, [this](int mes) {
+        fdmcnt().periodo_actual = mes;
+        ejecute([this] { calcule_pendientes(); }, false);
+    });
+    connect(periodo, &CajaPeriodo::ano_cambiado, this, [this](int ano) {
+        fdmcnt().ano_actual = QString::number(ano);
+        ejecute([this] { calcule_pendientes(); }, false);
+    });
+    DBGridEh1 = new Rejilla(this, &CSincontab);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName("Documentos sin contabilizar");
+    DBGridEh1->ReadOnly = true;
+    DBGridEh1->dgMultiSelect(true);
+    DBGridEh1->texto_vacio = "No hay documentos sin contabilizar en el mes. F5 los busca de nuevo.";
+    DBGridEh1->nombre_archivo = "SinContab";
+    DBGridEh1->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    DBGridEh1->columnas({{"TIPO", "Tipo", 12},
+                         {"PREFIJO", "Prefijo", 8},
+                         {"NUMERO", "Número", 10},
+                         {"FECHA", "Fecha", 12},
+                         {"CONCEPTO", "Concepto", 50}});
+    DBGridEh1->horizontalHeader()->setSectionResizeMode(4, QHeaderView::Stretch);
+    DBGridEh1->OnDblClick = [this](int) { BitBtn1Click(); };
+
+    const auto relea = [this] { calcule_pendientes(); };
+    ckcont = casilla("ckcont", "Incluir facturas y recibos de contado", relea);
+    ckNiif = casilla("ckNiif", "Contabilización NIIF", relea);
+    ckfiltro = casilla("ckfiltro", "Habilitar filtros",
+                       [this] { DBGridEh1->filtro_visible(ckfiltro->isChecked()); });
+
+    auto* barra = new BarraBotones(this);
+    barra->boton("BitBtn2", "F5:Actualizar", "view-refresh", Qt::Key_F5,
+                 [this] { calcule_pendientes(); });
+    barra->principal(barra->boton("BitBtn1", "F2:Contabilizar", "document-save", Qt::Key_F2,
+                                  [this] { BitBtn1Click(); }));
+    barra->boton("SpeedButton3", "Cont.Marcados", "document-save-all", {},
+                 [this] { SpeedButton3Click(); });
+    barra->separe();
+    barra->boton("BitBtn3", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+
+    Formulario f(this);
+    f.fila(
+        {{"Período",
+          Formulario::junto(
+              {paso_de_mes("SpeedButton1", Qt::LeftArrow, "Mes anterior", &Tfdmcnt::mes_menos),
+               periodo,
+               paso_de_mes("SpeedButton2", Qt::RightArrow, "Mes siguiente", &Tfdmcnt::mes_mas)})},
+         {"", ckcont},
+         {"", ckNiif},
+         {"", ckfiltro}});
+    f.ancha(DBGridEh1).botones(barra);
+    tamano(940, 540);
+}
+
+QToolButton* Tfsincontab::paso_de_mes(const char* nombre, Qt::ArrowType sentido,
+                                      const QString& ayuda, void (Tfdmcnt::*mueva)()) {
+    auto* boton = new QToolButton(this);
+    boton->setObjectName(nombre);
+    boton->setArrowType(sentido);
+    boton->setToolTip(ayuda);
+    boton->setAccessibleName(ayuda);
+    boton->setFocusPolicy(Qt::TabFocus);
+    connect(boton, &QToolButton::clicked, this, [this, mueva] {
+        ejecute([this, mueva] {
+            (fdmcnt().*mueva)();
+            muestre_periodo();
+            calcule_pendientes();
+        });
+    });
+    return boton;
+}
+
+QCheckBox* Tfsincontab::casilla(const char* nombre, const QString& texto,
+                                std::function<void()> al_cambiar) {
+    auto* c = new QCheckBox(texto, this);
+    c->setObjectName(nombre);
+    connect(c, &QCheckBox::toggled, this,
+            [this, al_cambiar = std::move(al_cambiar)] { ejecute(al_cambiar); });
+    return c;
+}
+
+// ---------------------------------------------------------------- período y lista
+
+void Tfsincontab::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    periodo->mes(0);
+    muestre_periodo();
+    calcule_pendientes();
+    DBGridEh1->setFocus();
+}
+
+void Tfsincontab::muestre_periodo() {
+    periodo->ano(fdmcnt().ano_actual.toInt());
+    if (fdmcnt().periodo_actual <= kUltimoMes)
+        periodo->mes(fdmcnt().periodo_actual);
+}
+
+void Tfsincontab::calcule_pendientes() {
+    const int indice = fdmcnt().periodo_actual;
+    if (indice > kUltimoMes)
+        return;
+    const QDate primero(fdmcnt().ano_actual.toInt(), indice + 1, 1);
+    const QDate ultimo(primero.year(), primero.month(), primero.daysInMonth());
+    const auto si = [](const QCheckBox* c) { return c->isChecked() ? "S" : "N"; };
+    DBGridEh1->quite_marcas();
+    CSincontab.Open("select * from documentos_sin_contabilizar(" +
+                    QuotedStr(Valor(primero).texto()) + ',' + QuotedStr(Valor(ultimo).texto()) +
+                    ',' + QuotedStr(si(ckcont)) + ',' + QuotedStr(si(ckNiif)) + ')');
+}
+
+void Tfsincontab::refresque() {
+    DBGridEh1->quite_marcas();
+    if (CSincontab.Active())
+        CSincontab.Refresh();
+    emit fdmcnt().balance_por_recalcular();
+}
+
+// ---------------------------------------------------------------- contabilizar
+
+DocumentoPendiente Tfsincontab::actual() const {
+    const auto dato = [this](const char* campo) -> const Campo& {
+        return CSincontab.FieldByName(campo);
+    };
+    if (!CSincontab.Active() || CSincontab.IsEmpty())
+        return {};
+    return {.tido = int(dato("TIDO").entero()),
+            .id = int(dato("ID").entero()),
+            .ctabco = int(dato("CTABCO").entero()),
+            .tipo = dato("TIPO").texto(),
+            .prefijo = dato("PREFIJO").texto(),
+            .numero = dato("NUMERO").texto(),
+            .fecha = dato("FECHA").valor().fecha()};
+}
+
+void Tfsincontab::BitBtn1Click() {
+    contabilice_actual();
+}
+
+ResultadoDocumento Tfsincontab::contabilice_actual() {
+    const DocumentoPendiente documento = actual();
+    if (documento.tipo.isEmpty())
+        return {};
+    // También si falla: lo que otro contabilizó deja de estar en la lista.
+    const auto relea = qScopeGuard([this] {
+        if (!batch)
+            proteja([this] { refresque(); });
+    });
+    return contabilice(documento);
+}
+
+ResultadoDocumento Tfsincontab::contabilice(const DocumentoPendiente& documento) {
+    ResultadoDocumento r{documento};
+    if (!se_despacha(documento.tido))
+        return r;
+    const PropuestaPendiente p = proponga(documento, ckNiif->isChecked(), escoja_interfaz);
+    for (const QString& mensaje : p.mensajes)
+        muestre_mensaje(mensaje);
+    r.motivo = QStringList(p.mensajes + QStringList(p.motivo)).join('\n').trimmed();
+    if (p.cntb_id != 0)
+        asiente(r, p.cntb_id);
+    return r;
+}
+
+void Tfsincontab::asiente(ResultadoDocumento& r, int cntb_id) {
+    const DocumentoOrigen origen{r.documento.tido, r.documento.id};
+    const Libro corrida = ckNiif->isChecked() ? Libro::Niif : Libro::Decreto2649;
+    Conexion& base = fdm().Quorvex;
+    if (!fdm().confirmar_contabilizacion &&
+        asiente_sin_revisar(base, origen, cntb_id, corrida,
+                            fdm().valor<Llave::PermitirDescuadrados>(), fdm().usuario)) {
+        r.desenlace = Desenlace::Contabilizado;
+        return;
+    }
+    if (!revise_contabilizacion(origen.tipo, origen.id)) {
+        r.desenlace = Desenlace::EnEspera;
+        if (r.motivo.isEmpty())
+            r.motivo = QStringLiteral("La revisión se cerró sin grabar.");
+        return;
+    }
+    convierta_propuesta(base, cntb_id, corrida, fdm().usuario);
+    r.desenlace = Desenlace::Contabilizado;
+}
+
+// ---------------------------------------------------------------- los marcados
+
+void Tfsincontab::SpeedButton3Click() {
+    const QVector<int> filas = DBGridEh1->filas_marcadas();
+    if (filas.isEmpty())
+        return;
+    QVector<ResultadoDocumento> resultados;
+    {
+        const QScopedValueRollback<bool> guarda(batch, true);
+        AvanceLote avance(int(filas.size()), this);
+        for (const int fila : filas) {
+            CSincontab.vaya_a(fila);
+            const DocumentoPendiente documento = actual();
+            if (!avance.siga(int(resultados.size()), documento))
+                break;
+            resultados << contabilice_en_lote(documento);
+        }
+    }
+    refresque();
+    muestre_resumen(resultados, int(filas.size() - resultados.size()));
+}
+
+ResultadoDocumento Tfsincontab::contabilice_en_lote(const DocumentoPendiente& documento) {
+    try {
+        return contabilice_actual();
+    } catch (const EdicionAbortada&) {
+        return {documento, Desenlace::EnEspera, QStringLiteral("Se dejó sin terminar.")};
+    } catch (...) {
+        // Uno que falla no detiene a los que siguen: se dice en el resumen.
+        return {documento, Desenlace::Fallo, falla_de_excepcion().para_usuario()};
+    }
+}
+
+void Tfsincontab::muestre_resumen(const QVector<ResultadoDocumento>& resultados, int sin_empezar) {
+    const auto cual =
+        pantallas().pida_modal("Tfresumencontab", AbreResumen{resultados, sin_empezar});
+    if (cual)
+        vaya_a(resultados[*cual]);
+}
+
+void Tfsincontab::vaya_a(const ResultadoDocumento& r) {
+    if (CSincontab.Locate("TIDO;ID", {r.documento.tido, r.documento.id})) {
+        DBGridEh1->setFocus();
+        return;
+    }
+    // Ya no está pendiente: se muestra su comprobante.
+    const qint64 comprobante =
+        comprobante_del_documento(fdm().Quorvex, {r.documento.tido, r.documento.id});
+    if (comprobante != 0 && hay_pantalla("Tfedtmovimien"))
+        pantallas().abrir_modal("Tfedtmovimien", AbreComprobante{QString::number(comprobante)});
+}

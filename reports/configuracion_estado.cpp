@@ -1,0 +1,59 @@
+#include "reports/configuracion_estado.h"
+
+#include "sesion/peticiones.h"
+#include "sesion/tfdmcnt.h"
+#include "toolkit/rejilla/rejilla.h"
+
+ConfiguracionEstado::ConfiguracionEstado(const DatosConfiguracion& datos)
+    : RejillaCatalogo(datos.pantalla, QString::fromUtf8(datos.titulo),
+                      QStringLiteral("select * from %1 order by %2SECCION, %2ID")
+                          .arg(QLatin1String(datos.tabla), datos.prefijo),
+                      fdm().Quorvex, QLatin1String(datos.pantalla).mid(6),
+                      datos.prefijo + "CUENTA"),
+      datos_(datos) {
+    conjunto_->entero(columna("ID")).etiqueta("Item").banderas(pfInUpdate | pfInWhere | pfInKey);
+    conjunto_->texto(columna("CUENTA"), 20).etiqueta("Cuenta a incluir");
+    conjunto_->entero(columna("SECCION")).etiqueta("Sección");
+    conjunto_->texto(columna("DB"), 1).etiqueta("Db/Cr");
+    conjunto_->AfterInsert = [this] { AfterInsert(); };
+    conjunto_->FieldByName(columna("CUENTA")).OnChange = [this](Campo& c) { cuenta_cambiada(c); };
+    rotulo_grabar_ = "F2:Grabar";
+}
+
+void ConfiguracionEstado::FormCreate() {
+    QStringList numeros;
+    for (int i = 1; i <= datos_.secciones.size(); ++i)
+        numeros << QString::number(i);
+    DBGridEh1->lista(DBGridEh1->columna_de(columna("SECCION")), datos_.secciones, numeros);
+    DBGridEh1->lista(DBGridEh1->columna_de(columna("DB")), {"Débito", "Crédito"}, {"S", "N"});
+    RejillaCatalogo::FormCreate();
+}
+
+void ConfiguracionEstado::AfterInsert() {
+    const qint64 en_la_base = fdm()
+                                  .CBorrar
+                                  .valor_unico(QStringLiteral("select max(%1) from %2")
+                                                   .arg(columna("ID"), QLatin1String(datos_.tabla)))
+                                  .entero();
+    ultimo_ = qMax(ultimo_, en_la_base) + 1;
+    conjunto_->FieldByName(columna("ID")) = ultimo_;
+    conjunto_->FieldByName(columna("SECCION")) = 1;
+    conjunto_->FieldByName(columna("DB")) = "N";
+    fila_nueva();
+}
+
+void ConfiguracionEstado::cuenta_cambiada(Campo& cuenta) {
+    const QString texto = cuenta.texto();
+    if (texto.isEmpty())
+        return;
+    if (texto.startsWith('?')) {
+        cuenta.limpie();
+        escoja_cuenta(*this, libro(), texto.mid(1), [this](const QString& escogida) {
+            conjunto_->Edit();
+            conjunto_->FieldByName(columna("CUENTA")) = escogida;
+        });
+    } else if (!fdmcnt().valide_cuenta(texto, libro())) {
+        cuenta.limpie();
+        throw EdicionAbortada(); // la celda queda abierta
+    }
+}

@@ -1,0 +1,85 @@
+#include "reports/forma_estado.h"
+
+#include <QCheckBox>
+
+namespace {
+constexpr const char* kImporte = "#,###.00";
+constexpr int kDeDetalle = 99; ///< NIVEL de los terceros y los centros de una cuenta
+} // namespace
+
+void FormaEstado::FormCreate() {
+    FormaRango::FormCreate();
+    if (ckniif && peticion<AbreInforme>().niif)
+        ckniif->setChecked(true);
+}
+
+const QVector<std::pair<QString, QString>>& FormaEstado::meses_del_ano() {
+    static const QVector<std::pair<QString, QString>> meses{
+        {"ENE", "Enero"},      {"FEB", "Febrero"}, {"MAR", "Marzo"},     {"ABR", "Abril"},
+        {"MAY", "Mayo"},       {"JUN", "Junio"},   {"JUL", "Julio"},     {"AGO", "Agosto"},
+        {"SEP", "Septiembre"}, {"OCT", "Octubre"}, {"NOV", "Noviembre"}, {"DIC", "Diciembre"},
+        {"CIE", "Cierre"}};
+    return meses;
+}
+
+Campo& FormaEstado::importe(const QString& nombre, const QString& rotulo) {
+    return CAuxiliar.decimal(nombre).etiqueta(rotulo).formato(kImporte);
+}
+
+void FormaEstado::defina_saldos(const QString& sufijo) {
+    const QString rotulo = sufijo.isEmpty() ? sufijo : ' ' + sufijo;
+    for (const auto& [nombre, titulo] : {std::pair{"INICIAL", "Saldo inicial"},
+                                         {"DEBITOS", "Débitos"},
+                                         {"CREDITOS", "Créditos"},
+                                         {"FINAL", "Saldo final"}})
+        importe(nombre + sufijo, titulo + rotulo);
+}
+
+void FormaEstado::defina_niveles(const QString& prefijo) {
+    for (const auto& [nombre, titulo] : {std::pair{"CLASE", "Clase"},
+                                         {"GRUPO", "Grupo"},
+                                         {"SUBGRUPO", "Subgrupo"},
+                                         {"CUENTA", "Cuenta"}})
+        importe(prefijo + nombre, prefijo == "S" ? titulo : titulo + QStringLiteral(" del mes"));
+}
+
+void FormaEstado::defina_totales(const QString& cuenta) {
+    static const QVector<std::pair<const char*, const char*>> totales{
+        {"Ini", "INICIAL"}, {"Db", "DEBITOS"}, {"Cr", "CREDITOS"}, {"Fin", "FINAL"}};
+    for (const auto& [nombre, de] : totales)
+        CAuxiliar.calculado(nombre, ClaseCampo::Decimal, 2).Visible = false;
+    CAuxiliar.calculado("Clase", ClaseCampo::Texto, 1).Visible = false;
+    CAuxiliar.OnCalcFields = [this, cuenta] {
+        const bool clase = CAuxiliar.FieldByName("NIVEL").texto() == QLatin1String("1");
+        for (const auto& [nombre, de] : totales)
+            CAuxiliar.FieldByName(nombre) = clase ? CAuxiliar.FieldByName(de).moneda() : Moneda();
+        CAuxiliar.FieldByName("Clase") = CAuxiliar.FieldByName(cuenta).texto().left(1);
+    };
+}
+
+int FormaEstado::sangria(int fila, const Campo& campo) {
+    static const QStringList nombres{"NOMBRE", "NOM_CUENTA", "NOMCTATER", "NOMCTACEN", "NOMCTAART"};
+    if (!nombres.contains(campo.FieldName))
+        return 0;
+    const auto dato = [&](const char* nombre) {
+        const Campo* c = CAuxiliar.FindField(QLatin1String(nombre));
+        return c ? CAuxiliar.valor_en(fila, *c) : Valor();
+    };
+    const int nivel = int(dato("NIVEL").entero());
+    const QString codigo = dato("CODIGO").texto() + dato("CUENTA").texto();
+    if (nivel == kDeDetalle) // uno y dos dígitos son la clase y el grupo; después, de a dos
+        return int(codigo.size() < 3 ? codigo.size() : codigo.size() / 2 + 1);
+    return qMax(0, codigo.contains('.') ? nivel : nivel - 1); // "130505.900123456"
+}
+
+QCheckBox* FormaEstado::casilla_sin_movimiento(const QString& texto) {
+    return Cksinmov = casilla(QStringLiteral("Cksinmov"), texto);
+}
+
+QString FormaEstado::procedimiento(const char* nombre, const char* sufijo) const {
+    return QLatin1String(nombre) + (niif() ? QLatin1String(sufijo) : QLatin1String());
+}
+
+QString FormaEstado::del_periodo() const {
+    return QStringLiteral("Período:") + nombre_del_periodo();
+}

@@ -1,0 +1,45 @@
+#pragma once
+// Estados financieros: lo que sus pantallas tienen en común.
+#include "catalogues/forma_rango.h"
+#include "sesion/peticiones.h"
+
+class FormaEstado : public FormaRango {
+    Q_OBJECT
+public:
+    using FormaRango::FormaRango;
+
+    QCheckBox* Cksinmov = nullptr; ///< "Incluir cuentas sin movimiento o saldo"
+
+    void FormCreate() override;
+
+protected:
+    /// El nombre de una cuenta entra según su nivel; el de un tercero, un centro o un artículo, un
+    /// nivel más que su cuenta.
+    int sangria(int fila, const Campo& campo) override;
+    /// Letra con que el menú abrió la pantalla: cuál de sus informes es.
+    QString tipo() const { return peticion<AbreInforme>().tipo_informe; }
+    bool es(const char* letra) const { return tipo() == QLatin1String(letra); }
+
+    // --- columnas
+    /// INICIAL, DEBITOS, CREDITOS y FINAL, con ese sufijo en el nombre y en el título.
+    void defina_saldos(const QString& sufijo = {});
+    /// La cifra en la columna de su nivel: CLASE, GRUPO, SUBGRUPO y CUENTA, con ese prefijo.
+    void defina_niveles(const QString& prefijo);
+    /// Ini, Db, Cr y Fin: los saldos en las filas de nivel 1 y cero en las demás, para que una suma
+    /// cuente cada clase una vez. También Clase, el primer dígito de `cuenta`, que la plantilla usa
+    /// para agrupar y no se exporta.
+    void defina_totales(const QString& cuenta);
+    /// Código y nombre de los trece períodos de un comparativo: "ENE", "Enero"... "CIE", "Cierre".
+    static const QVector<std::pair<QString, QString>>& meses_del_ano();
+    Campo& importe(const QString& nombre, const QString& rotulo);
+
+    /// La casilla Cksinmov.
+    QCheckBox* casilla_sin_movimiento(
+        const QString& texto = QStringLiteral("Incluir cuentas sin movimiento o saldo"));
+    /// "balance_mes" o, en el libro NIIF, con su sufijo.
+    QString procedimiento(const char* nombre, const char* sufijo = "_niif") const;
+    /// "Período:" + mes + "/" + año.
+    QString del_periodo() const;
+    /// La cifra de la caja Nivel.
+    QString nivel() const { return QString::number(valor(QStringLiteral("Nivel")).toInt()); }
+};

@@ -1,0 +1,186 @@
+#include "reports/lienzo_informe.h"
+
+#include "datos/firebird/reloj.h"
+#include "toolkit/estilo.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr qreal kPuntosPorPulgada = 72, kMmPorPulgada = 25.4;
+constexpr qreal kHolgura = 3; // pixeles alrededor del elemento señalado
+
+qint64 entero(const ConjuntoDatos& c, int fila, const char* campo) {
+    return c.valor_en(fila, c.FieldByName(QLatin1String(campo))).entero();
+}
+
+QString texto(const ConjuntoDatos& c, int fila, const char* campo) {
+    return c.valor_en(fila, c.FieldByName(QLatin1String(campo))).texto();
+}
+
+} // namespace
+
+/// Compone otra vez con cualquier cambio de uno de los conjuntos.
+class LienzoInforme::Enlace : public EnlaceDatos {
+public:
+    Enlace(LienzoInforme& lienzo, ConjuntoDatos& conjunto) : lienzo_(lienzo) { enlace(&conjunto); }
+    ~Enlace() override { enlace(nullptr); }
+    void estado_cambiado() override { lienzo_.cambio(); }
+    void fila_actual_cambiada() override { lienzo_.update(); }
+    void campo_cambiado(Campo*) override { lienzo_.cambio(); }
+    void filas_reiniciadas() override { lienzo_.cambio(); }
+    void filas_insertadas(int, int) override { lienzo_.cambio(); }
+    void filas_borradas(int, int) override { lienzo_.cambio(); }
+    void fila_modificada(int) override { lienzo_.cambio(); }
+
+private:
+    LienzoInforme& lienzo_;
+};
+
+LienzoInforme::LienzoInforme(DefinicionInforme& definicion, std::function<PeriodoFormula()> periodo,
+                             FormulaContable::Lee lea)
+    : d_(definicion), periodo_(std::move(periodo)), lea_(std::move(lea)) {
+    setMinimumSize(escalado(200), escalado(220));
+    for (ConjuntoDatos* c : {&d_.CFormato, &d_.CFormadatos, &d_.CFormalineas})
+        enlaces_.push_back(std::make_unique<Enlace>(*this, *c));
+}
+
+LienzoInforme::~LienzoInforme() = default;
+
+QSize LienzoInforme::sizeHint() const {
+    return {escalado(420), escalado(540)};
+}
+
+void LienzoInforme::pagina(int numero) {
+    pagina_ = numero;
+    cambio();
+}
+
+void LienzoInforme::resalte(ConjuntoDatos* conjunto) {
+    resaltado_ = conjunto;
+    update();
+}
+
+void LienzoInforme::olvide() {
+    leidas_.clear();
+    cambio();
+}
+
+void LienzoInforme::cambio() {
+    hojas_.reset();
+    update();
+}
+
+// ---------------------------------------------------------------- composición
+
+Moneda LienzoInforme::recuerde(const LecturaDato& lectura) {
+    const QString llave = lectura.sql + QString::number(lectura.columna);
+    const auto leida = leidas_.constFind(llave);
+    if (leida != leidas_.constEnd())
+        return *leida;
+    return leidas_[llave] = lea_(lectura);
+}
+
+void LienzoInforme::componga() {
+    hojas_ = std::make_unique<informes::Hojas>();
+    FormulaContable formulas(periodo_(),
+                             [this](const LecturaDato& lectura) { return recuerde(lectura); });
+    const CabeceraInforme cabecera{d_.CFormato.FieldByName("FOCO_TITULO").texto(),
+                                   d_.CFormato.FieldByName("FOCO_SUBTITULO").texto(),
+                                   reloj().hoy()};
+    InformeDefinible informe(d_, cabecera, formulas);
+    // Aquí nada se avisa: la falla se dice junto a la rejilla, con su lugar.
+    informe.al_fallar = [](int, const QString&) {};
+    informe.nom_cuenta = [](const QString& cuenta) {
+        return fdm()
+            .CBorrar
+            .valor_unico("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(cuenta))
+            .texto();
+    };
+    informe.imprime_pagina(*hojas_, informes::papel_de_impresora(), pagina_);
+}
+
+// ---------------------------------------------------------------- dibujo
+
+QRect LienzoInforme::hoja() const {
+    const informes::Papel papel = informes::papel_de_impresora();
+    const QSize medida =
+        QSizeF(papel.ancho, papel.alto).scaled(size() - QSize(8, 8), Qt::KeepAspectRatio).toSize();
+    return {QPoint((width() - medida.width()) / 2, (height() - medida.height()) / 2), medida};
+}
+
+QRectF LienzoInforme::en_pantalla(qreal x, qreal y, qreal dx, qreal dy) const {
+    const QRectF h = hoja();
+    const qreal ex = h.width() / InformeDefinible::kRejilla.width();
+    const qreal ey = h.height() / InformeDefinible::kRejilla.height();
+    return QRectF(h.left() + x * ex, h.top() + y * ey, dx * ex, dy * ey).normalized();
+}
+
+QRectF LienzoInforme::lugar(const ConjuntoDatos& c, int fila) const {
+    const auto x = qreal(entero(c, fila, "FOCD_POSX")), y = qreal(entero(c, fila, "FOCD_POSY"));
+    const bool dato = &c == &d_.CFormadatos;
+    if (!dato && texto(c, fila, "FOCD_TIPO") != QLatin1String("T"))
+        return en_pantalla(x, y, qreal(entero(c, fila, "FOCD_X")),
+                           qreal(entero(c, fila, "FOCD_Y")));
+    // Un texto ocupa más o menos lo que sus letras; el número termina en su punto.
+    const QString contenido = texto(c, fila, dato ? "FOCD_CUENTAS" : "FOCD_CADENA");
+    const qreal cuerpo = qreal(qMax<qint64>(6, entero(c, fila, "FOCD_FSIZE")));
+    const qreal alto = cuerpo * 1.2 * kMmPorPulgada / kPuntosPorPulgada * hoja().height() /
+                       informes::papel_de_impresora().alto;
+    const qreal ancho = alto * 0.45 * qreal(qMax<qsizetype>(3, contenido.size()));
+    QRectF r = en_pantalla(x, y, 0, 0);
+    r.setSize({ancho, alto});
+    if (dato && !InformeDefinible::es_fijo(contenido))
+        r.moveRight(r.left());
+    return r;
+}
+
+void LienzoInforme::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.fillRect(rect(), palette().color(QPalette::Mid));
+    if (!d_.CFormato.Active() || d_.CFormato.IsEmpty())
+        return;
+    if (!hojas_)
+        componga();
+    const QRect h = hoja();
+    p.fillRect(h, Qt::white);
+    p.save();
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setClipRect(h);
+    p.translate(h.topLeft());
+    informes::pinte_hoja(p, *hojas_, 0, h.width() / hojas_->papel(0).ancho);
+    p.restore();
+    const int fila = resaltado_ && resaltado_->Active() ? resaltado_->RecNo() : -1;
+    if (fila < 0 || fila >= resaltado_->RecordCount() ||
+        entero(*resaltado_, fila, "FOCD_PAGINA") != pagina_)
+        return;
+    p.setPen(QPen(color_inactivo(), 1, Qt::DashLine));
+    p.drawRect(
+        lugar(*resaltado_, fila).adjusted(-kHolgura, -kHolgura, kHolgura, kHolgura).toRect());
+}
+
+void LienzoInforme::mousePressEvent(QMouseEvent* evento) {
+    // De los que están bajo el puntero, el más pequeño: un cuadro suele rodear a otros.
+    ConjuntoDatos* mejor = nullptr;
+    int fila = -1;
+    qreal menor = 0;
+    for (ConjuntoDatos* c : {&d_.CFormadatos, &d_.CFormalineas})
+        for (int i = 0; i < c->RecordCount(); ++i) {
+            const QRectF r = lugar(*c, i).adjusted(-kHolgura, -kHolgura, kHolgura, kHolgura);
+            const qreal area = r.width() * r.height();
+            if (entero(*c, i, "FOCD_PAGINA") == pagina_ && r.contains(evento->position()) &&
+                (!mejor || area < menor)) {
+                mejor = c;
+                fila = i;
+                menor = area;
+            }
+        }
+    if (!mejor)
+        return;
+    mejor->CheckBrowseMode();
+    mejor->vaya_a(fila);
+    resalte(mejor);
+    if (al_senalar)
+        al_senalar(*mejor);
+}

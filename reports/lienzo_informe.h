@@ -1,0 +1,55 @@
+#pragma once
+// Página de un informe del usuario mientras se edita, a escala y con sus cifras verdaderas.
+//
+// Se dibuja con lo mismo que imprime, otra vez con cada cambio; lo que ya se leyó de la base se
+// recuerda hasta `olvide`. El elemento señalado va en un recuadro; un clic sobre la hoja señala el
+// que esté ahí.
+#include "reports/informe_definible.h"
+
+#include <QWidget>
+#include <memory>
+
+class LienzoInforme : public QWidget {
+    Q_OBJECT
+public:
+    /// `periodo` se pregunta en cada dibujo: el libro lo dice el informe que se edita.
+    LienzoInforme(DefinicionInforme& definicion, std::function<PeriodoFormula()> periodo,
+                  FormulaContable::Lee lea);
+    ~LienzoInforme() override;
+
+    /// Página a la vista, desde 1.
+    void pagina(int numero);
+    int pagina() const { return pagina_; }
+    /// El conjunto en que se trabaja: la fila de su cursor es la señalada. Nulo, ninguna.
+    void resalte(ConjuntoDatos* conjunto);
+    /// Lee otra vez las cifras.
+    void olvide();
+    /// Rectángulo de la hoja dentro del control.
+    QRect hoja() const;
+    QSize sizeHint() const override;
+
+    /// Un clic señaló un elemento de este conjunto, que ya está en su fila.
+    std::function<void(ConjuntoDatos&)> al_senalar;
+
+protected:
+    void paintEvent(QPaintEvent* evento) override;
+    void mousePressEvent(QMouseEvent* evento) override;
+
+private:
+    class Enlace;
+    void cambio();
+    void componga();
+    Moneda recuerde(const LecturaDato& lectura);
+    QRectF en_pantalla(qreal x, qreal y, qreal dx, qreal dy) const;
+    /// Lugar de un elemento en el control, con algún tamaño aunque sea un punto.
+    QRectF lugar(const ConjuntoDatos& conjunto, int fila) const;
+
+    DefinicionInforme& d_;
+    std::function<PeriodoFormula()> periodo_;
+    FormulaContable::Lee lea_;
+    QHash<QString, Moneda> leidas_;
+    std::unique_ptr<informes::Hojas> hojas_; ///< nulas: hay que componer
+    ConjuntoDatos* resaltado_ = nullptr;
+    int pagina_ = 1;
+    std::vector<std::unique_ptr<Enlace>> enlaces_;
+};

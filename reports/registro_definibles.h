@@ -1,0 +1,4 @@
+#pragma once
+
+/// Informes que define el usuario y estados consolidados.
+void registre_pantallas_definibles();

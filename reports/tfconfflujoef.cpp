@@ -1,0 +1,38 @@
+#include "reports/tfconfflujoef.h"
+
+#include "sesion/peticiones.h"
+
+Tfconfflujoef::Tfconfflujoef()
+    : ConfiguracionEstado({"Tfconfflujoef",
+                           "Configuración del flujo de efectivo",
+                           "FLUJO_EFECTIVO",
+                           "ConfEfec",
+                           "FLEF_",
+                           {"1 Operación", "2 Inversión", "3 Financiación"}}) {
+    conjunto_->bandera("FLEF_NIIF").etiqueta("Niif");
+    arme({{"FLEF_ID", "Item", 6},
+          {"FLEF_CUENTA", "Cuenta a incluir", 20},
+          {"FLEF_SECCION", "Sección", 18},
+          {"FLEF_DB", "Db/Cr", 9},
+          {"FLEF_NIIF", "Niif", 5, SoloLectura}},
+         datos_.archivo);
+    tamano(580, 520);
+}
+
+QString Tfconfflujoef::niif() const {
+    return peticion<AbreInforme>().niif ? "S" : "N";
+}
+
+Libro Tfconfflujoef::libro() const {
+    return peticion<AbreInforme>().niif ? Libro::Niif : Libro::Decreto2649;
+}
+
+void Tfconfflujoef::FormCreate() {
+    conjunto_->Filter("FLEF_NIIF = " + QuotedStr(niif()));
+    conjunto_->Filtered(true);
+    ConfiguracionEstado::FormCreate();
+}
+
+void Tfconfflujoef::fila_nueva() {
+    conjunto_->FieldByName("FLEF_NIIF") = niif();
+}

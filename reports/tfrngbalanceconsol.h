@@ -1,0 +1,14 @@
+#pragma once
+// Balance general ("G"), detallado ("D") y de prueba ("P") de dos compañías.
+#include "reports/forma_consolidado.h"
+
+class Tfrngbalanceconsol : public FormaConsolidado {
+    Q_OBJECT
+public:
+    Tfrngbalanceconsol();
+    void FormCreate() override;
+
+protected:
+    QString sql() override;
+    QString titulo() override;
+};

@@ -1,0 +1,38 @@
+#include "reports/tfrngresultadoanual.h"
+
+#include "toolkit/formulario.h"
+
+#include <QCheckBox>
+
+namespace {
+const DatosRango kDatos{"Tfrngresultadoanual",
+                        "Resultado Anual",
+                        {382, 148},
+                        "Resultados.rav",
+                        "RResulanual",
+                        "CBalance",
+                        "ResultadoAnu",
+                        123,
+                        {}};
+}
+
+Tfrngresultadoanual::Tfrngresultadoanual() : FormaEstado(kDatos) {
+    CAuxiliar.texto("CODIGO", 20).etiqueta("Código");
+    CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
+    CAuxiliar.entero("NIVEL").etiqueta("Nivel");
+    for (const auto& [nombre, rotulo] : meses_del_ano())
+        importe("MV" + nombre, rotulo);
+    for (const auto& [nombre, rotulo] : meses_del_ano())
+        importe("SA" + nombre, "Acumulado a " + rotulo);
+
+    Formulario f(this);
+    f.fila("Año:", cree_ano("EAno"));
+    casilla_niif();
+    arme_casillas(f, {ckniif});
+    arme_titulo(f);
+    arme_botones(f);
+}
+
+QString Tfrngresultadoanual::sql() {
+    return "select * from resultado_anual(" + entre_comillas("EAno") + ',' + bandera(niif()) + ')';
+}

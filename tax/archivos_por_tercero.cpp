@@ -1,0 +1,64 @@
+#include "tax/archivos_por_tercero.h"
+
+#include <QRegularExpression>
+#include <QSet>
+
+namespace {
+constexpr int kFallasALaVista = 10;
+}
+
+QString ResumenArchivos::texto(const QString& carpeta) const {
+    QStringList renglones;
+    if (cancelado)
+        renglones << "Cancelado antes de terminar.";
+    if (!grabados && fallas.isEmpty() && !cancelado)
+        return QStringLiteral("No hay datos que cumplan con los rangos indicados.");
+    renglones
+        << QStringLiteral("Se generaron %1 certificados en \"%2\".").arg(grabados).arg(carpeta);
+    if (!fallas.isEmpty())
+        renglones << QStringLiteral("No se pudieron generar %1:").arg(fallas.size())
+                  << fallas.mid(0, kFallasALaVista);
+    if (fallas.size() > kFallasALaVista)
+        renglones << QStringLiteral("y %1 más.").arg(fallas.size() - kFallasALaVista);
+    return renglones.join('\n');
+}
+
+QString nit_para_archivo(const QString& nit) {
+    static const QRegularExpression raros("[^0-9A-Za-z.-]");
+    return QString(nit).replace(raros, "_");
+}
+
+ResumenArchivos archivos_por_tercero(ConjuntoDatos& filas, ConjuntoDatos& uno,
+                                     const QString& comienzo,
+                                     const std::function<bool(const QString&, int)>& siga,
+                                     const std::function<void(const QString&)>& grabe) {
+    ResumenArchivos r;
+    QSet<QString> usados;
+    for (filas.First(); !filas.Eof();) {
+        const QString nit = filas.FieldByName("NIT").texto();
+        if (!siga(nit, r.grabados)) {
+            r.cancelado = true;
+            return r;
+        }
+        uno.Close();
+        uno.CreateDataSet();
+        for (; !filas.Eof() && filas.FieldByName("NIT").texto() == nit; filas.Next()) {
+            uno.Append();
+            for (int i = 0; i < uno.FieldCount(); ++i)
+                uno.Fields(i) = filas.FieldByName(uno.Fields(i).FieldName).valor();
+            uno.Post();
+        }
+        // Dos NIT que solo difieren en un signo no se pisan el archivo.
+        QString nombre = nit_para_archivo(nit);
+        while (usados.contains(nombre.toLower()))
+            nombre += "_";
+        usados.insert(nombre.toLower());
+        try {
+            grabe(comienzo + nombre + ".PDF");
+            ++r.grabados;
+        } catch (const ErrorDatos& falla) {
+            r.fallas << nit + ": " + falla.texto();
+        }
+    }
+    return r;
+}

@@ -1,0 +1,47 @@
+#include "tax/cuentas_configuradas.h"
+
+#include "datos/recordset/conjunto.h"
+#include "libro/catalogos.h"
+#include "sesion/peticiones.h"
+#include "sesion/tfdm.h"
+#include "toolkit/dialogos.h"
+
+namespace {
+
+/// La respuesta llega cuando la fila pudo quedar fuera de edición: se abre otra vez.
+void reciba(Campo& campo, const QString& cuenta) {
+    if (!campo.conjunto().editando())
+        campo.conjunto().Edit();
+    campo = cuenta;
+}
+
+} // namespace
+
+void atienda_cuenta(Pantalla& pantalla, Campo& campo, std::function<bool(const QString&)> revise,
+                    Libro libro) {
+    campo.al_cambiar([&pantalla, revise = std::move(revise), libro](Campo& c) {
+        const QString texto = c.texto();
+        if (texto.isEmpty())
+            return;
+        if (texto.startsWith('?')) {
+            c.limpie();
+            escoja_cuenta(pantalla, libro, texto.mid(1),
+                          [&c](const QString& cuenta) { reciba(c, cuenta); });
+        } else if (!revise(texto)) {
+            c.limpie();
+        }
+    });
+}
+
+bool existe_o_se_crea(const QString& cuenta) {
+    const auto rechazo = revise_cuenta(fdm().Quorvex, Libro::Decreto2649, cuenta);
+    return !rechazo || rechazo->motivo != Motivo::CuentaInexistente ||
+           fdmcnt().valide_cuenta(cuenta);
+}
+
+bool existe_cuenta(const QString& cuenta, const QString& mensaje, Libro libro) {
+    if (!fdmcnt().nom_cuenta(cuenta, libro).isEmpty())
+        return true;
+    muestre_mensaje(mensaje);
+    return false;
+}

@@ -1,0 +1,264 @@
+#include "tax/forma_medio.h"
+
+#include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
+#include "tax/escoja_archivo.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/estilo.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+QFrame* cree_advertencia(QWidget* padre) {
+    auto* panel = new QFrame(padre);
+    panel->setObjectName("PanelAdvertencia");
+    panel->setFrameShape(QFrame::StyledPanel);
+    auto* columna = new QVBoxLayout(panel);
+    auto* titulo = new QLabel("<b>A D V E R T E N C I A !</b>", panel);
+    titulo->setAlignment(Qt::AlignCenter);
+    columna->addWidget(titulo);
+    for (const char* parrafo :
+         {"Lo que Quorvex calcula aquí es una ayuda: sale de los comprobantes y de las cuentas que "
+          "se hayan configurado en cada concepto.",
+          "Revise cada fila antes de enviarla, y compárela con la norma del año: los conceptos, "
+          "las "
+          "cuantías y los plazos cambian.",
+          "De la información que se presenta responde quien la presenta."}) {
+        auto* texto = new QLabel(QString::fromUtf8(parrafo), panel);
+        texto->setWordWrap(true);
+        columna->addWidget(texto);
+    }
+    auto* aceptar = new QPushButton("Aceptar", panel);
+    aceptar->setObjectName("Button1");
+    columna->addWidget(aceptar, 0, Qt::AlignCenter);
+    QObject::connect(aceptar, &QPushButton::clicked, panel, &QWidget::hide);
+    panel->hide();
+    return panel;
+}
+
+} // namespace
+
+FormaMedio::FormaMedio(const DatosFormaMedio& datos)
+    : Pantalla(datos.clase, datos.titulo), datos_(datos), carpeta_(QDir::homePath()) {
+    QMedmagdata = new Sentencia(this, "QMedmagdata", fdm().Quorvex);
+    PMedmagdata = new Proveedor(this, "PMedmagdata", QMedmagdata, poAllowCommandText);
+    CMedmagdata = new ConjuntoDatos(this, "CMedmagdata", PMedmagdata);
+    EAno = caja("EAno", 4);
+    FecIni = caja("FecIni", 8);
+    FecFin = caja("FecFin", 8);
+    for (QLineEdit* f : {FecIni, FecFin})
+        f->setToolTip("aaaammdd; el mes 13 son los ajustes del año");
+    Ubicacion = caja("Ubicacion", 400);
+    DBGridEh1 = new Rejilla(this, CMedmagdata);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName("Filas por reportar");
+    DBGridEh1->enter_como_tab = true;
+    DBGridEh1->orden_local = true;
+    DBGridEh1->texto_vacio = "No hay filas: F2 consulta o calcula las del formato y el año.";
+    DBGridEh1->nombre_archivo = "Medios";
+    DBGridEh1->filtro_archivo =
+        "Archivo texto (*.txt)|*.TXT|Valores separados por comas (*.csv)|*.CSV|Libro de Microsoft "
+        "Excel (*.xls)|*.XLS";
+    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+    DBGridEh1->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
+                               Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    PanelAdvertencia = cree_advertencia(this);
+    // El nombre que sigue se compone sin carpeta: queda en la última que se escogió o digitó.
+    connect(Ubicacion, &QLineEdit::editingFinished, this, [this] {
+        if (QDir::isAbsolutePath(Ubicacion->text()))
+            carpeta_ = QFileInfo(Ubicacion->text()).path();
+    });
+    connect(EAno, &QLineEdit::editingFinished, this, [this] { ejecute([this] { EAnoExit(); }); });
+    enter_como_tab();
+    tamano(1100, 600);
+}
+
+QLineEdit* FormaMedio::caja(const QString& nombre, int caracteres) {
+    auto* c = new QLineEdit(this);
+    c->setObjectName(nombre);
+    c->setMaxLength(caracteres);
+    c->setMinimumWidth(ancho_caracteres(c->fontMetrics(), qMin(caracteres, 20) + 2));
+    return c;
+}
+
+QWidget* FormaMedio::cree_ubicacion() {
+    auto* otra = new QToolButton(this);
+    otra->setObjectName("SpeedButton1");
+    otra->setText("...");
+    otra->setAccessibleName("Escoger el archivo");
+    otra->setToolTip("Escoger el archivo");
+    connect(otra, &QToolButton::clicked, this,
+            [this] { ejecute([this] { SpeedButton1Click(); }); });
+    return Formulario::junto({Ubicacion, otra});
+}
+
+void FormaMedio::arme_pie(Formulario& f, const QString& rotulo_archivo,
+                          const std::function<void(BarraBotones&)>& otros) {
+    f.ancha(PanelAdvertencia, 0).ancha(DBGridEh1);
+    auto* barra = new BarraBotones(this);
+    barra->boton("SBGrabar", "F8:Configura", "preferences-system", Qt::Key_F8,
+                 [this] { SBGrabarClick(); });
+    barra->principal(barra->boton("SpeedButton5", "F2:Ejecutar", "system-run", Qt::Key_F2,
+                                  [this] { SpeedButton5Click(); }));
+    barra->boton("SpeedButton3", rotulo_archivo, "document-save", Qt::Key_F5,
+                 [this] { SpeedButton3Click(); });
+    barra->boton("SpeedButton2", "F6:Grabar XLS", "x-office-spreadsheet", Qt::Key_F6,
+                 [this] { SpeedButton2Click(); });
+    if (otros)
+        otros(*barra);
+    barra->separe();
+    barra->boton("SpeedButton4", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    f.botones(barra);
+}
+
+void FormaMedio::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    CMedmagdata->PacketRecords = -1; // los totales del archivo son de todas las filas
+    EAno->setText(fdmcnt().ano_actual);
+    EAnoExit();
+    EAno->setFocus();
+    EAno->selectAll();
+}
+
+void FormaMedio::EAnoExit() {
+    FecIni->setText(ano() + "0101");
+    FecFin->setText(ano() + "1231");
+    if (ano() != ano_a_la_vista_)
+        suelte_filas();
+}
+
+QString FormaMedio::ano() const {
+    return EAno->text().trimmed();
+}
+
+QString FormaMedio::ruta() const {
+    return QDir(carpeta_).absoluteFilePath(Ubicacion->text().trimmed());
+}
+
+// ---------------------------------------------------------------- consulta y cálculo
+
+void FormaMedio::SpeedButton5Click() {
+    if (!hay_formato()) {
+        fdm().mostrar_advertencia("El año no tiene formatos: F8 los configura.");
+        return;
+    }
+    if (!revise_fechas() || !grabe_cambios())
+        return;
+    PanelAdvertencia->show();
+    abre_query();
+}
+
+bool FormaMedio::revise_fechas() {
+    static const QRegularExpression kFecha("^[0-9]{4}(0[1-9]|1[0-3])(0[1-9]|[12][0-9]|3[01])$");
+    for (QLineEdit* f : {FecIni, FecFin})
+        // Las filas se guardan con el año de las fechas: con otro, no se volverían a ver.
+        if (!kFecha.match(f->text()).hasMatch() || f->text().left(4) != ano()) {
+            fdm().mostrar_advertencia(
+                QStringLiteral("La fecha \"%1\" debe ser del año %2, como aaaammdd.")
+                    .arg(f->text(), ano()));
+            f->setFocus();
+            return false;
+        }
+    return true;
+}
+
+bool FormaMedio::hay_guardadas() {
+    return !fdm()
+                .Quorvex.consulte("select first 1 1 from " + datos_.tabla + " where " + condicion())
+                .nulo();
+}
+
+bool FormaMedio::confirme_recalculo() {
+    const QString del_ano = codigo() + "  para el año fiscal " + ano();
+    if (pregunte_botones("Ya hay información del formato " + del_ano +
+                             ".\nDesea consultar esa información (REINTENTAR) o Borrarla y dejar "
+                             "que Quorvex la recalcule el archivo (ABORTAR)?",
+                         {"Reintentar", "Abortar"}) != Segunda)
+        return false;
+    return pregunte("Si Recalcula el archivo perdera toda la información que haya entrado "
+                    "manualmente. Está seguro de borrar toda la información del formato " +
+                    del_ano + "?");
+}
+
+void FormaMedio::abre_query() {
+    const bool hay = hay_guardadas();
+    ano_a_la_vista_ = ano();
+    if (!hay || confirme_recalculo()) {
+        fdm().mostrar_mensaje();
+        prepare_calculo();
+        // Borrar y calcular van juntos: si el cálculo falla, lo guardado sigue ahí.
+        fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
+            Conexion& base = fdm().Quorvex;
+            if (hay)
+                base.prepare("delete from " + datos_.tabla + " where " + condicion(), t)
+                    ->ejecute(t, {});
+            base.prepare(calculo(), t)->ejecute(t, {});
+        });
+        fdm().quitar_mensaje();
+    }
+    CMedmagdata->Open("SELECT * FROM " + datos_.tabla + " where " + condicion() + " order by " +
+                      datos_.columna);
+    CMedmagdata->FetchAll();
+    item_ = int(fdm()
+                    .Quorvex
+                    .consulte("select max(" + datos_.columna + ") from " + datos_.tabla +
+                              " where " + condicion())
+                    .entero());
+}
+
+int FormaMedio::siguiente_item() {
+    return ++item_;
+}
+
+// ---------------------------------------------------------------- lo digitado
+
+bool FormaMedio::grabe_cambios() {
+    if (!CMedmagdata->Active())
+        return true;
+    CMedmagdata->CheckBrowseMode();
+    if (CMedmagdata->ChangeCount() > 0)
+        CMedmagdata->ApplyUpdates(0);
+    return CMedmagdata->ChangeCount() == 0;
+}
+
+void FormaMedio::suelte_filas() {
+    if (CMedmagdata->Active() && grabe_cambios())
+        CMedmagdata->Close();
+}
+
+bool FormaMedio::FormClose() {
+    CMedmagdata->Cancel();
+    if (!grabe_cambios() &&
+        !pregunte_con_no("Hay filas que no se pudieron grabar. Desea salir y perderlas?"))
+        return false;
+    CMedmagdata->Close();
+    return true;
+}
+
+// ---------------------------------------------------------------- archivo
+
+void FormaMedio::SpeedButton2Click() {
+    if (!CMedmagdata->Active() || !grabe_cambios())
+        return;
+    DBGridEh1->seleccione_todo();
+    DBGridEh1->guarde_seleccion();
+}
+
+void FormaMedio::SpeedButton1Click() {
+    const QString escogido = escoja_archivo(this, ruta(), datos_.filtro);
+    if (escogido.isEmpty())
+        return;
+    Ubicacion->setText(escogido);
+    carpeta_ = QFileInfo(escogido).path();
+}

@@ -1,0 +1,81 @@
+#pragma once
+// Base de los medios magnéticos que se calculan, se guardan y se corrigen a mano antes de escribir
+// el archivo: los nacionales y los distritales.
+//
+// F2 muestra lo guardado del formato y el año, o lo calcula; recalcular borra lo digitado y por eso
+// se pregunta dos veces. Lo que se digita en la rejilla se graba al escribir el archivo, al volver
+// a consultar y al cerrar.
+#include "datos/recordset/conjunto.h"
+#include "toolkit/pantalla.h"
+
+class BarraBotones;
+class Formulario;
+class QFrame;
+class QLineEdit;
+class Rejilla;
+
+struct DatosFormaMedio {
+    QString clase, titulo;
+    QString tabla, columna; ///< de las filas guardadas, y la de su consecutivo
+    QString filtro;         ///< del diálogo de archivo: "Archivos XML|*.xml"
+};
+
+class FormaMedio : public Pantalla {
+    Q_OBJECT
+public:
+    Proveedor* PMedmagdata;
+    ConjuntoDatos* CMedmagdata;
+    QLineEdit *EAno, *FecIni, *FecFin, *Ubicacion;
+    Rejilla* DBGridEh1;
+    QFrame* PanelAdvertencia;
+
+    void FormCreate() override;
+    bool FormClose() override;
+    void abre_query();
+
+protected:
+    explicit FormaMedio(const DatosFormaMedio& datos);
+
+    /// De lo guardado: "MEMG_FORMATO = 10018 and MEMG_ANO = '2017'".
+    virtual QString condicion() const = 0;
+    /// Cómo lo nombran las preguntas.
+    virtual QString codigo() const = 0;
+    /// La orden que llena la tabla.
+    virtual QString calculo() const = 0;
+    /// Hay un formato escogido.
+    virtual bool hay_formato() const { return true; }
+    /// Lo que el cálculo necesita ya guardado.
+    virtual void prepare_calculo() {}
+    virtual void SBGrabarClick() = 0;
+    virtual void SpeedButton3Click() = 0;
+    virtual void EAnoExit();
+
+    // --- construcción
+    QLineEdit* caja(const QString& nombre, int caracteres);
+    QWidget* cree_ubicacion();
+    void arme_pie(Formulario& f, const QString& rotulo_archivo,
+                  const std::function<void(BarraBotones&)>& otros = {});
+
+    QString ano() const;
+    /// La del archivo, con la última carpeta escogida si no la dice.
+    QString ruta() const;
+    /// Graba lo que se digitó. Falso si algo no se pudo; la falla ya se dijo.
+    bool grabe_cambios();
+    /// Cambió de qué son las filas: las que hay a la vista ya no lo son.
+    void suelte_filas();
+    /// El siguiente consecutivo para una fila nueva.
+    int siguiente_item();
+
+private:
+    void SpeedButton5Click();
+    void SpeedButton2Click();
+    void SpeedButton1Click();
+    bool revise_fechas();
+    bool hay_guardadas();
+    bool confirme_recalculo();
+
+    const DatosFormaMedio datos_;
+    Sentencia* QMedmagdata;
+    QString carpeta_, ano_a_la_vista_;
+    int item_ = 0;
+};

@@ -1,0 +1,12 @@
+#pragma once
+#include "sesion/tfdm.h"
+#include "sesion/tfdmart.h"
+#include "sesion/tfdmcnt.h"
+#include "sesion/tfdmter.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/formulario.h"
+#include "toolkit/pantalla.h"
+#include "toolkit/rejilla/rejilla.h"
+#include <QDialog>

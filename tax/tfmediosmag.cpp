@@ -1,0 +1,140 @@
+#include "tax/tfmediosmag.h"
+
+#include "catalogues/columnas_auxiliar.h"
+#include "sesion/tfdm.h"
+#include "tax/avance.h"
+#include "tax/escoja_archivo.h"
+#include "tax/medio_distrital.h"
+#include "tax/procedimiento.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QToolButton>
+
+Tfmediosmag::Tfmediosmag() : Pantalla("Tfmediosmag", "Inf. Exógena CSV") {
+    auto* listados = new Sentencia(this, "QListados", fdm().Quorvex,
+                                   "select * from MEDIOSMAG_LISTADOS order by MM14_ID");
+    CListados = new ConjuntoDatos(this, "CListados", new Proveedor(this, "PListados", listados));
+    auto* datos = new Sentencia(this, "QMedmagdata", fdm().Quorvex);
+    CMedmagdata = new ConjuntoDatos(this, "CMedmagdata",
+                                    new Proveedor(this, "PMedmagdata", datos, poAllowCommandText));
+    CMedmagdata->Instantanea = true;
+    arme();
+    enter_como_tab();
+    tamano(900, 540);
+}
+
+void Tfmediosmag::arme() {
+    const auto caja = [this](const char* nombre, int largo) {
+        auto* c = new QLineEdit(this);
+        c->setObjectName(nombre);
+        c->setMaxLength(largo);
+        return c;
+    };
+    FecIni = caja("FecIni", 8);
+    FecFin = caja("FecFin", 8);
+    Ubicacion = caja("Ubicacion", 400);
+    LFormato = new QComboBox(this);
+    LFormato->setObjectName("LFormato");
+    auto* otra = new QToolButton(this);
+    otra->setObjectName("SpeedButton1");
+    otra->setText("...");
+    otra->setAccessibleName("Escoger el archivo");
+    connect(otra, &QToolButton::clicked, this, [this] {
+        ejecute([this] {
+            const QString actual =
+                Ubicacion->text().isEmpty() ? QDir::homePath() + "/exogena.csv" : Ubicacion->text();
+            if (const QString escogido = escoja_archivo(this, actual, "Archivos CSV|*.csv");
+                !escogido.isEmpty())
+                Ubicacion->setText(escogido);
+        });
+    });
+    DBGridEh1 = new Rejilla(this, CMedmagdata);
+    DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName("Resultado del listado");
+    DBGridEh1->ReadOnly = true;
+    DBGridEh1->orden_local = true;
+    DBGridEh1->texto_vacio = "No hay filas: F2 consulta el listado entre las dos fechas.";
+    DBGridEh1->nombre_archivo = "Exogena";
+    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+    DBGridEh1->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SpeedButton5", "F2:Ejecutar", "system-run", Qt::Key_F2,
+                                  [this] { abre_query(); }));
+    barra->boton("SpeedButton3", "F5:Graba CSV", "document-save", Qt::Key_F5,
+                 [this] { SpeedButton3Click(); });
+    barra->boton("SpeedButton2", "F6:Grabar XLS", "x-office-spreadsheet", Qt::Key_F6,
+                 [this] { SpeedButton2Click(); });
+    barra->separe();
+    barra->boton("SpeedButton4", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    Formulario f(this);
+    f.fila({{"Fecha inicial:", FecIni}, {"Fecha final:", FecFin}});
+    f.fila("Formato de Archivo:", LFormato);
+    f.fila("Nombre archivo:", Formulario::junto({Ubicacion, otra}));
+    f.ancha(DBGridEh1).botones(barra);
+}
+
+void Tfmediosmag::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    FecIni->setText(primer_dia_del_periodo());
+    FecFin->setText(ultimo_dia_del_periodo());
+    CListados->Open();
+    for (CListados->First(); !CListados->Eof(); CListados->Next())
+        LFormato->addItem(CListados->FieldByName("MM14_NOMBRE").texto());
+    FecIni->setFocus();
+}
+
+bool Tfmediosmag::FormClose() {
+    CMedmagdata->Close();
+    CListados->Close();
+    return true;
+}
+
+void Tfmediosmag::abre_query() {
+    if (!CListados->Locate("MM14_NOMBRE", {LFormato->currentText()}))
+        return;
+    CMedmagdata->Open("select * from " +
+                      procedimiento(CListados->FieldByName("MM14_PROCEDIMIENTO").texto()) + '(' +
+                      QuotedStr(FecIni->text()) + ',' + QuotedStr(FecFin->text()) + ')');
+    DBGridEh1->columnas_del_conjunto();
+}
+
+bool Tfmediosmag::exija_nombre() {
+    if (!Ubicacion->text().trimmed().isEmpty()) {
+        if (!CMedmagdata->Active())
+            abre_query();
+        return true;
+    }
+    muestre_mensaje("Debe indicar el nombre del archivo a generar.");
+    Ubicacion->setFocus();
+    return false;
+}
+
+void Tfmediosmag::SpeedButton3Click() {
+    if (!exija_nombre())
+        return;
+    const QString ruta = QDir(QDir::homePath()).absoluteFilePath(Ubicacion->text().trimmed());
+    CMedmagdata->FetchAll();
+    AvanceTrabajo avance(this, "Grabando " + ruta, CMedmagdata->RecordCount());
+    const ResultadoMedio r =
+        archivo_csv(*CMedmagdata, ruta, [&](qint64 hechos) { return avance.siga(hechos); });
+    fdm().mostrar_advertencia(r.cancelado
+                                  ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
+                                  : QStringLiteral("Se grabó %1, con %2 filas.")
+                                        .arg(ruta)
+                                        .arg(CMedmagdata->RecordCount()));
+}
+
+void Tfmediosmag::SpeedButton2Click() {
+    if (!exija_nombre())
+        return;
+    DBGridEh1->nombre_archivo = QFileInfo(Ubicacion->text().trimmed()).completeBaseName();
+    DBGridEh1->seleccione_todo();
+    DBGridEh1->guarde_seleccion();
+}

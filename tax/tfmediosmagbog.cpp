@@ -1,0 +1,222 @@
+#include "tax/tfmediosmagbog.h"
+
+#include "sesion/peticiones.h"
+#include "sesion/tfdm.h"
+#include "tax/avance.h"
+#include "tax/filas_conjunto.h"
+#include "tax/medio_distrital.h"
+#include "tax/procedimiento.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+
+namespace {
+
+const DatosFormaMedio kDatos{"Tfmediosmagbog", "Hacienda Bogotá", "MEDIOSMAG_DISTR_DATOS",
+                             "MMDD_ITEM", "Archivos CSV|*.csv"};
+const char* const kFormato = "#,##0.00";
+constexpr int kLetrasDePais = 20;
+
+/// Las filas con lo que no está en la tabla: el nombre del país.
+class FilasDistrito : public FilasConjunto {
+public:
+    explicit FilasDistrito(ConjuntoDatos& c) : FilasConjunto(c) {
+        for (auto paises = fdm().Quorvex.abra(
+                 QStringLiteral("select PAIS_ID, SUBSTRING(PAIS_NOM FROM 1 FOR %1) from PAISES")
+                     .arg(kLetrasDePais));
+             paises->siguiente();)
+            paises_[paises->valor(0).texto()] = paises->valor(1).texto();
+    }
+    QString texto(const QString& columna) const override {
+        return columna == QLatin1String("NombrePais") ? paises_.value(texto("MMDD_PAIS"))
+                                                      : FilasConjunto::texto(columna);
+    }
+
+private:
+    QHash<QString, QString> paises_;
+};
+
+} // namespace
+
+Tfmediosmagbog::Tfmediosmagbog() : FormaMedio(kDatos) {
+    auto* consulta = new Sentencia(this, "QMeddist", fdm().Quorvex);
+    CMeddist = new ConjuntoDatos(this, "CMeddist",
+                                 new Proveedor(this, "PMeddist", consulta, poAllowCommandText));
+    defina_campos();
+    QVector<DefinicionColumna> columnas;
+    for (const auto& [campo, ancho] : {std::pair{"MMDD_ITEM", 6}, {"MMDD_TIPODOC", 5},
+                                       {"MMDD_NIT", 14},          {"MMDD_DV", 4},
+                                       {"MMDD_NOMBRE", 30},       {"MMDD_DIRECCION", 24},
+                                       {"MMDD_TEL", 14},          {"MMDD_EMAIL", 24},
+                                       {"MMDD_CODMUNICIPIO", 7},  {"MMDD_NOMMUNICIPIO", 16},
+                                       {"MMDD_NOMDEPTO", 16},     {"CodDpto", 8},
+                                       {"MMDD_PAIS", 5},          {"MMDD_CONCSH", 9},
+                                       {"MMDD_FECHA", 11},        {"MMDD_BASE", 15},
+                                       {"MMDD_TARIFA", 9},        {"MMDD_MONTO", 15},
+                                       {"MMDD_DEVOL", 15},        {"MMDD_SALDO", 15}}) {
+        const Campo& c = CMedmagdata->FieldByName(campo);
+        columnas << DefinicionColumna{campo, c.DisplayLabel, ancho,
+                                      c.clase == ClaseCampo::Decimal &&
+                                              c.FieldName != QLatin1String("MMDD_TARIFA")
+                                          ? unsigned(Suma)
+                                          : 0u};
+    }
+    DBGridEh1->columnas(columnas);
+    DBGridEh1->columna(DBGridEh1->columna_de("MMDD_ITEM")).ReadOnly = true;
+    DBGridEh1->pie(true);
+    CMedmagdata->AfterInsert = [this] {
+        CMedmagdata->FieldByName("MMDI_ARTICULO") = articulo();
+        CMedmagdata->FieldByName("MMDI_ANO") = ano();
+        CMedmagdata->FieldByName("MMDD_ITEM") = siguiente_item();
+    };
+    CMedmagdata->OnCalcFields = [this] {
+        CMedmagdata->FieldByName("CodDpto") =
+            CMedmagdata->FieldByName("MMDD_CODMUNICIPIO").texto().left(2);
+    };
+    Formulario f(this);
+    arme_encabezado(f);
+    arme_pie(f, "F5:Graba CSV");
+}
+
+void Tfmediosmagbog::defina_campos() {
+    constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
+    ConjuntoDatos& c = *CMedmagdata;
+    c.entero("MMDI_ARTICULO").banderas(kLlave);
+    c.texto("MMDI_ANO", 4).banderas(kLlave);
+    c.entero("MMDD_ITEM").banderas(kLlave).etiqueta("#");
+    c.texto("MMDD_NIT", 20).etiqueta("Identificación");
+    c.texto("MMDD_NOMBRE", 60).etiqueta("Nombre");
+    c.texto("MMDD_DIRECCION", 60).etiqueta("Dirección");
+    c.texto("MMDD_TEL", 40).etiqueta("Teléfono");
+    c.texto("MMDD_EMAIL", 100).etiqueta("Correo electrónico");
+    c.texto("MMDD_CODMUNICIPIO", 5).etiqueta("CodMun");
+    c.texto("MMDD_NOMMUNICIPIO", 60).etiqueta("Municipio");
+    c.texto("MMDD_NOMDEPTO", 60).etiqueta("Departamento");
+    for (const auto& [campo, rotulo] : {std::pair{"MMDD_BASE", "Base"},
+                                        {"MMDD_TARIFA", "Tarifa"},
+                                        {"MMDD_MONTO", "Monto"},
+                                        {"MMDD_DEVOL", "Devolución"},
+                                        {"MMDD_SALDO", "Saldo"}})
+        c.decimal(campo).etiqueta(rotulo).formato(kFormato).defecto("0");
+    c.fecha("MMDD_FECHA").etiqueta("Fecha");
+    c.texto("MMDD_TIPODOC", 3).etiqueta("Doc.");
+    c.texto("MMDD_DV", 1).etiqueta("DV");
+    c.entero("MMDD_CONCSH").etiqueta("Concepto");
+    c.texto("MMDD_PAIS", 3).etiqueta("País");
+    c.calculado("CodDpto", ClaseCampo::Texto, 5).etiqueta("Cod Dpto");
+}
+
+void Tfmediosmagbog::arme_encabezado(Formulario& f) {
+    LFormato = new QComboBox(this);
+    LFormato->setObjectName("LFormato");
+    NitShd = caja("NitShd", 20);
+    NitShd->setToolTip("F9 muestra los terceros");
+    CentroBogota = caja("CentroBogota", 4);
+    CentroBogota->setToolTip("Solo el movimiento de este centro; vacío, todo");
+    connect(LFormato, &QComboBox::currentIndexChanged, this,
+            [this] { proteja([this] { LFormatoExit(); }); });
+    f.fila({{"Año a reportar:", EAno}, {"Fecha inicial:", FecIni}, {"Fecha final:", FecFin}});
+    f.fila("Artículo:", LFormato);
+    f.fila({{"NIT secretaria hacienda:", NitShd}, {"Centro costos Bogotá:", CentroBogota}});
+    f.fila("Nombre archivo:", cree_ubicacion());
+}
+
+void Tfmediosmagbog::FormCreate() {
+    FormaMedio::FormCreate();
+    tecla(Qt::Key_F9, "terceros", [this] {
+        escoja_tercero(
+            *this, {}, [this](const QString& nit) { NitShd->setText(nit); }, NitShd->text());
+    });
+}
+
+void Tfmediosmagbog::FormActivate() {
+    // La configuración pudo cambiar los artículos.
+    if (!CMedmagdata->Active())
+        liste_articulos();
+}
+
+// ---------------------------------------------------------------- artículo
+
+int Tfmediosmagbog::articulo() const {
+    return LFormato->currentData().toInt();
+}
+
+void Tfmediosmagbog::liste_articulos() {
+    const int antes = articulo();
+    const QSignalBlocker callada(LFormato);
+    LFormato->clear();
+    CMeddist->Open("select * from MEDIOSMAG_DISTR where MMDI_ANO = " + QuotedStr(ano()) +
+                   " order by MMDI_ARTICULO");
+    for (CMeddist->First(); !CMeddist->Eof(); CMeddist->Next()) {
+        const QString codigo = CMeddist->FieldByName("MMDI_ARTICULO").texto();
+        LFormato->addItem(codigo + "  " + CMeddist->FieldByName("MMDI_NOMBRE").texto(),
+                          codigo.toInt());
+    }
+    LFormato->setPlaceholderText("El año no tiene artículos: F8 los configura");
+    LFormato->setCurrentIndex(qMax(0, LFormato->findData(antes)));
+    LFormatoExit();
+}
+
+void Tfmediosmagbog::EAnoExit() {
+    FormaMedio::EAnoExit();
+    liste_articulos();
+}
+
+void Tfmediosmagbog::LFormatoExit() {
+    suelte_filas();
+    Ubicacion->setText(QStringLiteral("Articulo_%1_%2.csv").arg(articulo()).arg(ano()));
+    CentroBogota->setText(CMeddist->Locate("MMDI_ARTICULO", {articulo()})
+                              ? CMeddist->FieldByName("MMDI_PROY").texto()
+                              : QString());
+    const QStringList escritas = columnas_articulo(articulo());
+    for (int i = 0; i < DBGridEh1->cuenta_columnas(); ++i) {
+        ColumnaRejilla& c = DBGridEh1->columna(i);
+        c.Visible = escritas.contains(c.FieldName) || c.FieldName == QLatin1String("MMDD_ITEM");
+    }
+}
+
+QString Tfmediosmagbog::condicion() const {
+    return "MMDI_ARTICULO = " + QString::number(articulo()) + " and MMDI_ANO = " + QuotedStr(ano());
+}
+
+QString Tfmediosmagbog::codigo() const {
+    return QString::number(articulo());
+}
+
+QString Tfmediosmagbog::calculo() const {
+    return "execute procedure " +
+           procedimiento(CMeddist->FieldByName("MMDI_PROCEDIMIENTO").texto()) + '(' +
+           QuotedStr(ano()) + ", " + QuotedStr(FecIni->text()) + ", " + QuotedStr(FecFin->text()) +
+           ", " + QuotedStr(NitShd->text().trimmed()) + ')';
+}
+
+void Tfmediosmagbog::prepare_calculo() {
+    // El centro es del artículo: queda guardado con él.
+    fdm().Quorvex.ejecute("update MEDIOSMAG_DISTR set MMDI_PROY = " +
+                          QuotedStr(CentroBogota->text().trimmed()) + " where " + condicion());
+}
+
+// ---------------------------------------------------------------- órdenes
+
+void Tfmediosmagbog::SBGrabarClick() {
+    suelte_filas();
+    pantallas().abrir("Tfmeddisctas");
+}
+
+void Tfmediosmagbog::SpeedButton3Click() {
+    if (!CMedmagdata->Active()) {
+        fdm().mostrar_advertencia("No hay filas a la vista: F2 las consulta o las calcula.");
+        return;
+    }
+    if (!grabe_cambios())
+        return;
+    FilasDistrito filas(*CMedmagdata);
+    AvanceTrabajo avance(this, "Grabando " + ruta(), CMedmagdata->RecordCount());
+    const ResultadoMedio r = escriba_articulo(articulo(), ano(), ruta(), filas,
+                                              [&](qint64 hechos) { return avance.siga(hechos); });
+    fdm().mostrar_advertencia(r.cancelado ? QStringLiteral("Grabación cancelada: el archivo no "
+                                                           "quedó.")
+                                          : "Se grabó " + ruta());
+}

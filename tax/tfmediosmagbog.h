@@ -1,0 +1,36 @@
+#pragma once
+// Información de la secretaría de hacienda de Bogotá: un artículo y un año, corregidos a mano y
+// escritos con ";".
+#include "tax/forma_medio.h"
+
+class QComboBox;
+
+class Tfmediosmagbog : public FormaMedio {
+    Q_OBJECT
+public:
+    Tfmediosmagbog();
+
+    ConjuntoDatos* CMeddist;
+    QComboBox* LFormato;
+    QLineEdit *NitShd, *CentroBogota;
+
+    void FormCreate() override;
+    void FormActivate() override;
+
+protected:
+    QString condicion() const override;
+    QString codigo() const override;
+    QString calculo() const override;
+    void SBGrabarClick() override;
+    void SpeedButton3Click() override;
+    void EAnoExit() override;
+    bool hay_formato() const override { return articulo() > 0; }
+    void prepare_calculo() override;
+
+private:
+    void defina_campos();
+    void arme_encabezado(Formulario& f);
+    void liste_articulos();
+    void LFormatoExit();
+    int articulo() const;
+};

@@ -1,0 +1,175 @@
+#include "tax/tfrevisamedio.h"
+
+#include "sesion/peticiones.h"
+#include "sesion/tfdm.h"
+#include "tax/esquema.h"
+#include "tax/revision_medio.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QLabel>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace {
+
+const char* const kFormato = "#,##0.00";
+
+Rejilla* cree_rejilla(const QString& nombre, ConjuntoDatos* conjunto, const QString& titulo,
+                      QSplitter* division) {
+    auto* marco = new QGroupBox(titulo, division);
+    auto* r = new Rejilla(marco, conjunto);
+    r->setObjectName(nombre);
+    r->setAccessibleName(titulo);
+    r->ReadOnly = true;
+    r->orden_local = true;
+    r->titulo_impreso = titulo + "  %[Today]";
+    r->menu_emergente(
+        {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
+    (new QVBoxLayout(marco))->addWidget(r);
+    return r;
+}
+
+} // namespace
+
+Tfrevisamedio::Tfrevisamedio() : Pantalla("Tfrevisamedio", "Revisión del medio magnético") {
+    CProblemas = new ConjuntoDatos(this, "CProblemas");
+    CProblemas->texto("CONCEPTO", 10).etiqueta("Concepto");
+    CProblemas->texto("NIT", 20).etiqueta("NIT");
+    CProblemas->texto("NOMBRE", 130).etiqueta("Nombre");
+    CProblemas->texto("CAUSA", 250).etiqueta("Qué le pasa");
+    CCuadre = new ConjuntoDatos(this, "CCuadre");
+    CCuadre->texto("CONCEPTO", 10).etiqueta("Concepto");
+    CCuadre->texto("CUENTA", 20).etiqueta("Cuenta");
+    CCuadre->texto("NOMBRE", 60).etiqueta("Nombre");
+    for (const auto& [campo, rotulo] :
+         {std::pair{"ARCHIVO", "Archivo"}, {"LIBRO", "Libro"}, {"DIFERENCIA", "Diferencia"}})
+        CCuadre->decimal(campo).etiqueta(rotulo).formato(kFormato);
+
+    LResumen = new QLabel(this);
+    LResumen->setObjectName("LResumen");
+    LResumen->setWordWrap(true);
+    LResumen->setTextFormat(Qt::PlainText);
+    auto* division = new QSplitter(Qt::Vertical, this);
+    division->setChildrenCollapsible(false);
+    DBGridEh1 = cree_rejilla("DBGridEh1", CProblemas, "Por corregir", division);
+    DBGridEh1->columnas({{"CONCEPTO", "Concepto", 9},
+                         {"NIT", "NIT", 14},
+                         {"NOMBRE", "Nombre", 34},
+                         {"CAUSA", "Qué le pasa", 56}});
+    DBGridEh1->texto_vacio = "Nada por corregir.";
+    DBGridEh1->nombre_archivo = "PorCorregir";
+    DBGridEh1->OnReturn = [this] { SBTerceroClick(); };
+    DBGridEh1->OnDblClick = [this](int) { SBTerceroClick(); };
+    DBGridEh2 = cree_rejilla(
+        "DBGridEh2", CCuadre,
+        "Cuadre con el libro, y cuentas con movimiento que ningún concepto toma", division);
+    DBGridEh2->columnas({{"CONCEPTO", "Concepto", 9},
+                         {"CUENTA", "Cuenta", 12},
+                         {"NOMBRE", "Nombre", 40},
+                         {"ARCHIVO", "Archivo", 17, Suma, kFormato},
+                         {"LIBRO", "Libro", 17, Suma, kFormato},
+                         {"DIFERENCIA", "Diferencia", 15, Suma, kFormato}});
+    DBGridEh2->pie(true);
+    DBGridEh2->texto_vacio = "El formato no tiene conceptos con movimiento.";
+    DBGridEh2->nombre_archivo = "CuadreMedio";
+
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SBTercero", "Enter:Tercero", "system-users", {},
+                                  [this] { SBTerceroClick(); }));
+    SBGrabar = barra->boton("SBGrabar", "F5:Graba XML", "document-save", Qt::Key_F5,
+                            [this] { SBGrabarClick(); });
+    barra->separe();
+    barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    tecla(Qt::Key_F12, "Cambiar de rejilla",
+          [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
+    Formulario(this).ancha(LResumen, 0).ancha(division).botones(barra);
+    tamano(960, 560);
+}
+
+void Tfrevisamedio::FormCreate() {
+    const bool antes = trae<PideRevisionMedio>();
+    SBGrabar->setVisible(antes);
+    if (antes) {
+        const auto p = peticion<PideRevisionMedio>();
+        pedido_ = {.formato = p.formato,
+                   .nombre = p.nombre,
+                   .ano = p.ano,
+                   .inicio = p.inicio,
+                   .final = p.final};
+    } else {
+        quite_tecla(Qt::Key_F5);
+        pedido_ = peticion<AbreRevisionMedio>();
+    }
+    CProblemas->CreateDataSet();
+    CCuadre->CreateDataSet();
+    lea();
+}
+
+void Tfrevisamedio::FormActivate() {
+    DBGridEh1->setFocus();
+}
+
+void Tfrevisamedio::lea() {
+    QString resumen = pedido_.nombre + ", año " + pedido_.ano + ". ";
+    for (const ProblemaMedio& p : revise_medio(fdm().Quorvex, pedido_.formato, pedido_.ano))
+        agregue_problema(p.concepto, p.nit, p.nombre, p.causa);
+    if (trae<PideRevisionMedio>())
+        resumen += "Hay filas que convendría corregir antes de grabar el archivo: en el tercero y "
+                   "recalculando, o a mano en la rejilla.";
+    if (!pedido_.archivos.isEmpty()) {
+        const int antes = CProblemas->RecordCount();
+        lea_archivos(pedido_.archivos);
+        resumen += "Se grabó en " + pedido_.archivos.join(", ") + ". " +
+                   (CProblemas->RecordCount() == antes
+                        ? QStringLiteral("Cumple el esquema de su formato.")
+                        : QStringLiteral("NO cumple el esquema de su formato: corrija y repita."));
+    }
+    for (const CuadreMedio& r :
+         cuadre_medio(fdm().Quorvex, pedido_.formato, pedido_.ano, pedido_.inicio, pedido_.final)) {
+        CCuadre->Append();
+        CCuadre->FieldByName("CONCEPTO") = r.concepto;
+        CCuadre->FieldByName("CUENTA") = r.cuenta;
+        CCuadre->FieldByName("NOMBRE") = r.nombre;
+        CCuadre->FieldByName("ARCHIVO") = r.archivo;
+        CCuadre->FieldByName("LIBRO") = r.libro;
+        CCuadre->FieldByName("DIFERENCIA") = r.diferencia;
+        CCuadre->Post();
+    }
+    CProblemas->First();
+    CCuadre->First();
+    LResumen->setText(resumen);
+}
+
+void Tfrevisamedio::lea_archivos(const QStringList& archivos) {
+    for (const QString& archivo : archivos)
+        for (const FallaEsquema& f : revise_xml(archivo, pedido_.formato))
+            agregue_problema({}, {}, QFileInfo(archivo).fileName(), f.texto);
+}
+
+void Tfrevisamedio::agregue_problema(const QString& concepto, const QString& nit,
+                                     const QString& nombre, const QString& causa) {
+    CProblemas->Append();
+    CProblemas->FieldByName("CONCEPTO") = concepto;
+    CProblemas->FieldByName("NIT") = nit;
+    CProblemas->FieldByName("NOMBRE") = nombre;
+    CProblemas->FieldByName("CAUSA") = causa.left(250);
+    CProblemas->Post();
+}
+
+void Tfrevisamedio::SBTerceroClick() {
+    const QString nit = CProblemas->IsEmpty() ? QString() : CProblemas->FieldByName("NIT").texto();
+    if (nit.isEmpty())
+        QApplication::beep();
+    else
+        pantallas().abrir("Tfmodtercero", AbreTercero{nit});
+}
+
+void Tfrevisamedio::SBGrabarClick() {
+    responda<PideRevisionMedio>(true);
+    close();
+}

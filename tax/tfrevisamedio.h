@@ -1,0 +1,47 @@
+#pragma once
+// Lo que conviene arreglar de un formato antes de enviarlo, y su cuadre con el libro.
+//
+// Con un problema señalado, Enter abre el tercero. Después de grabar dice además lo que los
+// archivos no cumplen de su esquema.
+#include "datos/recordset/conjunto.h"
+#include "toolkit/pantalla.h"
+
+class QLabel;
+class Rejilla;
+
+/// Mirar el formato, con los archivos que se acaban de grabar si los hay.
+struct AbreRevisionMedio {
+    int formato = 0; ///< MEDM_FORMATO
+    QString nombre = {}, ano = {}, inicio = {}, final = {};
+    QStringList archivos = {};
+};
+/// Lo mismo antes de grabar: responde verdadero para grabar de todos modos.
+struct PideRevisionMedio {
+    using Respuesta = bool;
+    int formato = 0;
+    QString nombre = {}, ano = {}, inicio = {}, final = {};
+};
+
+class Tfrevisamedio : public Pantalla {
+    Q_OBJECT
+public:
+    Tfrevisamedio();
+
+    ConjuntoDatos *CProblemas, *CCuadre;
+    Rejilla *DBGridEh1, *DBGridEh2;
+    QLabel* LResumen;
+
+    void FormCreate() override;
+    void FormActivate() override;
+
+private:
+    void lea();
+    void lea_archivos(const QStringList& archivos);
+    void agregue_problema(const QString& concepto, const QString& nit, const QString& nombre,
+                          const QString& causa);
+    void SBTerceroClick();
+    void SBGrabarClick();
+
+    AbreRevisionMedio pedido_;
+    QPushButton* SBGrabar;
+};

@@ -1,0 +1,298 @@
+// Todas las pantallas registradas, a su tamaño de fábrica: el Tab las recorre en el orden en que se
+// leen sin salirse de ellas, y ninguna rejilla recorta una cifra.
+#include "pantallas_de_prueba.h"
+#include "sesion_de_prueba.h"
+#include "toolkit/controles/navegadordatos.h"
+#include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QRadioButton>
+#include <QStackedWidget>
+#include <QTabWidget>
+
+namespace {
+
+/// Control que el usuario ve como uno: la rejilla entera, el grupo de opciones, la caja de fecha.
+QWidget* control_de(QWidget* foco) {
+    QWidget* control = foco;
+    for (QWidget* w = foco; w && !qobject_cast<Pantalla*>(w); w = w->parentWidget())
+        if (qobject_cast<Rejilla*>(w) || w->inherits("QComboBox") ||
+            w->inherits("QAbstractSpinBox"))
+            control = w;
+    if (qobject_cast<QRadioButton*>(foco))
+        control = foco->parentWidget();
+    return control;
+}
+
+QString nombre(const QWidget* w) {
+    return w->objectName().isEmpty() ? QString::fromLatin1(w->metaObject()->className())
+                                     : w->objectName();
+}
+
+QString nombres(const QVector<QWidget*>& controles) {
+    QStringList lista;
+    for (const QWidget* w : controles)
+        lista << nombre(w);
+    return lista.join(' ');
+}
+
+/// Los que comparten renglón, de izquierda a derecha; los renglones, de arriba abajo.
+QVector<QWidget*> en_orden(QVector<QWidget*> hermanos, QWidget* padre) {
+    const auto lugar = [padre](QWidget* w) { return QRect(w->mapTo(padre, QPoint()), w->size()); };
+    std::stable_sort(hermanos.begin(), hermanos.end(), [&](QWidget* a, QWidget* b) {
+        return lugar(a).center().y() < lugar(b).center().y();
+    });
+    QVector<QWidget*> todos;
+    while (!hermanos.isEmpty()) {
+        // Un renglón: lo que se cruza en altura con el más alto de los que quedan.
+        const QRect primero = lugar(hermanos.first());
+        QVector<QWidget*> renglon;
+        for (QWidget* w : hermanos) {
+            const QRect este = lugar(w);
+            const int comun =
+                qMin(primero.bottom(), este.bottom()) - qMax(primero.top(), este.top());
+            if (w == hermanos.first() || comun > qMin(primero.height(), este.height()) / 2)
+                renglon << w;
+        }
+        std::stable_sort(renglon.begin(), renglon.end(),
+                         [&](QWidget* a, QWidget* b) { return lugar(a).left() < lugar(b).left(); });
+        for (QWidget* w : renglon)
+            hermanos.removeOne(w);
+        todos << renglon;
+    }
+    return todos;
+}
+
+bool para_en(QWidget* w) {
+    return (control_de(w) == w || qobject_cast<QRadioButton*>(w)) &&
+           (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy();
+}
+
+/// Un rótulo no hace renglón: no se llega a él.
+bool con_paradas(QWidget* w) {
+    const QList<QWidget*> dentro = w->findChildren<QWidget*>();
+    return para_en(w) || std::any_of(dentro.begin(), dentro.end(), para_en);
+}
+
+/// Controles con parada de Tab, encendidos o no, como se leen: cada recuadro entero antes de lo que
+/// sigue.
+void lea(QWidget* padre, QVector<QWidget*>& orden) {
+    QVector<QWidget*> hijos;
+    for (QObject* o : padre->children())
+        if (auto* w = qobject_cast<QWidget*>(o);
+            w && w->isVisible() && !w->isWindow() && con_paradas(w))
+            hijos << w;
+    for (QWidget* w : en_orden(hijos, padre)) {
+        const bool grupo = qobject_cast<QGroupBox*>(w) && w->findChild<QRadioButton*>();
+        if (para_en(w) && !grupo && !qobject_cast<QRadioButton*>(w))
+            orden << w;
+        else if (auto* r = qobject_cast<QRadioButton*>(w)) {
+            if (!orden.contains(r->parentWidget()))
+                orden << r->parentWidget();
+            continue;
+        }
+        if (control_de(w) == w && !qobject_cast<Rejilla*>(w) && !w->inherits("QComboBox") &&
+            !w->inherits("QAbstractSpinBox"))
+            lea(w, orden);
+    }
+}
+
+/// Lo que Tab visita desde donde esté, oprimiéndolo de verdad, hasta volver al comienzo.
+/// Lo que en algún momento esté apagado queda en `apagados`.
+QVector<QWidget*> recorra_con_tab(Pantalla* p, bool atras, QSet<QWidget*>& apagados,
+                                  QString& fuga) {
+    QVector<QWidget*> todos;
+    lea(p, todos);
+    QVector<QWidget*> visitados;
+    for (int n = 0; n < 600; ++n) {
+        for (QWidget* w : todos)
+            if (!w->isEnabled())
+                apagados << w;
+        QWidget* foco = QApplication::focusWidget();
+        if (!foco || !p->isAncestorOf(foco)) {
+            fuga = "el foco se va a " + (foco ? nombre(foco) : QString("nadie"));
+            return visitados;
+        }
+        QWidget* control = control_de(foco);
+        if (visitados.isEmpty() || control != visitados.last()) {
+            if (visitados.contains(control)) {
+                if (control != visitados.first())
+                    fuga = "el foco vuelve antes de tiempo a " + nombre(control);
+                return visitados;
+            }
+            visitados << control;
+            // Celda por celda, una lista larga no se acaba: la última fila está a un paso.
+            if (qobject_cast<Rejilla*>(control))
+                QTest::keyClick(foco, atras ? Qt::Key_Home : Qt::Key_End, Qt::ControlModifier);
+            foco = QApplication::focusWidget();
+        }
+        QTest::keyClick(foco, atras ? Qt::Key_Backtab : Qt::Key_Tab,
+                        atras ? Qt::ShiftModifier : Qt::NoModifier);
+    }
+    fuga = "el foco no sale de " + nombre(visitados.last());
+    return visitados;
+}
+
+} // namespace
+
+class PruebaPantallas : public QObject {
+    Q_OBJECT
+private slots:
+    void init() { s_.emplace(); }
+    void cleanup() { s_.reset(); }
+
+    void el_tab_recorre_cada_pantalla_en_el_orden_en_que_se_lee();
+    void el_encabezado_del_comprobante_se_recorre_como_lo_piensa_un_contador();
+    void ninguna_rejilla_recorta_una_cifra();
+
+private:
+    /// En qué se aparta Tab del orden de lectura; vacío si en nada.
+    static QString compare_recorrido(Pantalla* p, bool atras) {
+        QVector<QWidget*> esperados;
+        lea(p, esperados);
+        // Se sale de uno que no dependa de la fila por la que vaya la rejilla.
+        const auto propio = std::find_if(esperados.begin(), esperados.end(), [](QWidget* w) {
+            return w->isEnabled() && !qobject_cast<NavegadorDatos*>(w->parentWidget());
+        });
+        if (propio == esperados.end())
+            return esperados.isEmpty() ? QString() : "nada en qué pararse: " + nombres(esperados);
+        std::rotate(esperados.begin(), propio, esperados.end());
+        if (atras)
+            std::reverse(esperados.begin() + 1, esperados.end());
+        esperados.first()->setFocus(Qt::TabFocusReason);
+        QString fuga;
+        QSet<QWidget*> apagados;
+        QVector<QWidget*> visitados = recorra_con_tab(p, atras, apagados, fuga);
+        // Lo que se apaga y se enciende (el de ir al primero, el que graba lo que se edita) se
+        // visita o no según por dónde fuera la rejilla.
+        for (QVector<QWidget*>* lista : {&esperados, &visitados})
+            lista->removeIf([&](QWidget* w) { return apagados.contains(w); });
+        const bool sola = esperados.size() == 1; // de ella se pasa a ella misma
+        if (visitados == esperados && (fuga.isEmpty() || sola))
+            return {};
+        return QString("%1\n    se lee  %2\n    va a    %3")
+            .arg(fuga, nombres(esperados), nombres(visitados));
+    }
+
+    /// Corre las órdenes en la base y abre una por una las que tienen ventana, a 1366x768.
+    void con_cada_una(const QStringList& ordenes, const std::function<void(Pantalla*)>& haga) {
+        const PantallasDePrueba preparadas(s_->bases);
+        s_->bases.ejecute(ordenes);
+        s_->entre().resize(1366, 768);
+        for (const QString& n : pantallas().nombres()) {
+            if (preparadas.imprime(n))
+                continue;
+            if (preparadas.es_modal(n)) {
+                s_->dialogos.espere_modal(n, [&](QWidget* w) {
+                    haga(w->findChild<Pantalla*>(n));
+                    w->close();
+                });
+                pantallas().abrir_modal(n, preparadas.encargo(n));
+            } else {
+                Pantalla* p = pantallas().abrir(n, preparadas.encargo(n));
+                QVERIFY2(p, qPrintable(n));
+                haga(p);
+                // La revisión de una propuesta pone en edición cada línea a la que llega, y
+                // pregunta.
+                const QScopedValueRollback<bool> sale(Guardia::unica().despedida,
+                                                      n == "Tfcontabiliza");
+                QVERIFY2(p->close(), qPrintable(n));
+            }
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+    }
+
+    std::optional<SesionDePrueba> s_;
+};
+
+void PruebaPantallas::el_tab_recorre_cada_pantalla_en_el_orden_en_que_se_lee() {
+    QStringList malas;
+    con_cada_una({}, [&](Pantalla* p) {
+        const QString esta = p->objectName();
+        p->window()->activateWindow();
+        if (!QTest::qWaitForWindowActive(p->window()))
+            malas << esta + ": no se activó";
+        agote_eventos();
+        if (!QApplication::focusWidget() || !p->isAncestorOf(QApplication::focusWidget()))
+            malas << esta + ": abre con el foco en " +
+                         (QApplication::focusWidget() ? nombre(QApplication::focusWidget())
+                                                      : QString("nadie"));
+        for (const bool atras : {false, true})
+            if (const QString mala = compare_recorrido(p, atras); !mala.isEmpty())
+                malas << esta + (atras ? " hacia atrás: " : ": ") + mala;
+    });
+    for (const QString& m : malas)
+        qWarning("%s", qPrintable(m));
+    QVERIFY2(malas.isEmpty(), qPrintable(QString("%1 recorridos").arg(malas.size())));
+}
+
+void PruebaPantallas::el_encabezado_del_comprobante_se_recorre_como_lo_piensa_un_contador() {
+    const PantallasDePrueba preparadas(s_->bases);
+    s_->entre().resize(1366, 768);
+    // Al editar, el tipo y la fecha están fijos; al digitar, el prefijo y el número los pone el
+    // tipo cuando no hay más que uno.
+    const QString resto = "DBEdit1 ERef DBEdit2 DBEdit3 DBEdit6 DBMemo1 DBCheckBox1 ckFiltro "
+                          "DBCheckBox2 DBGridEh1 SBGrabar SBCancel";
+    const std::pair<QString, QString> ordenes[] = {{"Tfmovimien", "LTipo EDia " + resto},
+                                                   {"Tfedtmovimien", "EPref ENumero " + resto}};
+    for (const auto& [pantalla, orden] : ordenes) {
+        Pantalla* p = pantallas().abrir(pantalla, preparadas.encargo(pantalla));
+        QVERIFY(p);
+        agote_eventos();
+        p->findChild<QWidget*>(orden.section(' ', 0, 0))->setFocus(Qt::TabFocusReason);
+        QSet<QWidget*> apagados;
+        QString fuga;
+        const QString va = nombres(recorra_con_tab(p, false, apagados, fuga));
+        QVERIFY2(fuga.isEmpty(), qPrintable(fuga));
+        QVERIFY2(va.startsWith(orden + ' '), qPrintable(va));
+        QVERIFY(p->close());
+    }
+    // El que se edita abre donde por primera vez se puede escribir.
+    Pantalla* p = pantallas().abrir("Tfedtmovimien", preparadas.encargo("Tfedtmovimien"));
+    QCOMPARE(nombre(QApplication::focusWidget()), "DBEdit1");
+    QVERIFY(p->close());
+}
+
+void PruebaPantallas::ninguna_rejilla_recorta_una_cifra() {
+    // Cifras grandes, y la mayor lejos del comienzo: las primeras filas no deciden por ella.
+    const QString muchas =
+        "execute block as declare n integer = 10; begin while (n < 400) do begin n = n + 1; insert "
+        "into comprobante_detalle (enco_consec, code_item, cuen_cod, code_debito, code_credito) "
+        "select 500, :n, '413505', iif(:n = 400, 99999999999.99, 5), 0 from rdb$database; end end";
+    QStringList recortadas;
+    con_cada_una({muchas}, [&](Pantalla* p) {
+        agote_eventos();
+        for (Rejilla* r : p->findChildren<Rejilla*>()) {
+            if (!r->isVisible() || !r->conjunto() || !r->conjunto()->Active())
+                continue;
+            r->conjunto()->FetchAll();
+            agote_eventos();
+            for (int c = 0; c < r->cuenta_columnas(); ++c) {
+                if (r->isColumnHidden(c) || !r->modelo().numerica(c))
+                    continue;
+                for (int f = 0; f < r->modelo().rowCount(); ++f) {
+                    const QFontMetrics m(r->aspecto_de(f).letra);
+                    const QString cifra = r->modelo().texto(f, c);
+                    if (m.horizontalAdvance(cifra) >
+                        r->columnWidth(c) - 1 - 2 * DelegadoCelda::margen(m)) {
+                        recortadas
+                            << QString("%1.%2 columna %3 fila %4: %5")
+                                   .arg(p->objectName(), r->objectName(), r->columna(c).FieldName)
+                                   .arg(f)
+                                   .arg(cifra);
+                        break;
+                    }
+                }
+            }
+        }
+    });
+    for (const QString& r : recortadas)
+        qWarning("%s", qPrintable(r));
+    QVERIFY2(recortadas.isEmpty(), qPrintable(QString("%1 columnas").arg(recortadas.size())));
+}
+
+PRUEBA_DE_LA_APLICACION(PruebaPantallas)
+#include "prueba_pantallas.moc"

@@ -1,0 +1,352 @@
+// Las pantallas de los activos fijos, con el teclado: ficha, grupos, depreciación, baja, deterioro
+// y cuadro.
+#include "apoyo/comprobantes.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "assets/forma_activo.h"
+#include "assets/peticiones_activos.h"
+#include "assets/registro.h"
+#include "assets/tfbajaactivo.h"
+#include "assets/tfcalculadep.h"
+#include "assets/tfcuadroactivo.h"
+#include "assets/tfvalactivo.h"
+#include "catalogues/lista_proceso.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/listadato.h"
+#include "toolkit/grafica.h"
+
+namespace {
+
+QStringList abiertos;
+
+struct Almacenista {
+    explicit Almacenista(SesionGui& sesion) : s(sesion) {
+        registre_pantallas_activos();
+        abiertos.clear();
+        registre_testigo("Tfedtmovimien", [](const Pantalla& p) {
+            abiertos << p.peticion<AbreComprobante>().comprobante_encontrado;
+        });
+        s.cnt.ano_actual = "2017";
+        s.cnt.periodo_actual = 0;
+        for (const char* plan : {"cuentas", "cuentas_niif"})
+            for (const char* cuenta : {"53", "5305", "530525", "5310", "531015", "159220"})
+                s.base.base().ejecute(
+                    QString("update or insert into %1 (cuen_cod, cuen_nom) values (%2, %2)"
+                            " matching (cuen_cod)")
+                        .arg(plan, QuotedStr(cuenta)));
+        s.base.ejecute(
+            {"update cuentas set cuen_tipo = 'N', cuen_tercero = 'N' where cuen_cod = '152405'",
+             "delete from activos_fijos",
+             "insert into activos_grupos (acgr_id, acgr_nom, acgr_mesdep, acgr_dep, acgr_mesdepn, "
+             "acgr_tipodep) values (1, 'Muebles', 120, 'S', 60, 1)",
+             "insert into activos_grupos (acgr_id, acgr_nom, acgr_mesdep, acgr_dep, acgr_mesdepn, "
+             "acgr_tipodep) values (2, 'Terrenos', 0, 'N', 0, 1)",
+             "insert into activos_subgrupo values (1, 7, 'Escritorios')"});
+    }
+    void activo(const char* codigo, const char* costo, int meses, const char* unidades = "N") {
+        s.base.ejecute(
+            {QString("insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing, acfj_mesdep,"
+                     " acfj_depniif, acfj_dep, acfj_activo, acfj_rescate, acfj_unidades,"
+                     " acfj_ctaconta, acfj_ctadepd, acfj_ctadepc, acfj_ctaniif, acfj_ctaniifd,"
+                     " acfj_ctaniifc, acfj_ctadeterd, acfj_ctadeterc, acfj_vrorig) values ('%1',"
+                     " 'Equipo %1', '2017-01-10', %2, %3, 'S', 'S', 0, '%4', '152405', '519530',"
+                     " '159215', '152405', '519530', '159215', '530525', '159220', %5)")
+                 .arg(codigo)
+                 .arg(meses)
+                 .arg(meses * 2)
+                 .arg(unidades, costo)});
+    }
+    Pantalla* abra(const char* nombre, Encargo encargo = {}) {
+        return p = pantallas().abrir(nombre, std::move(encargo));
+    }
+    QString caja(const char* nombre) { return componente<QLineEdit>(p, nombre).text(); }
+    void tipo() {
+        enfoque(p, "LTipo");
+        digite("Comprobante");
+        oprima(Qt::Key_Tab);
+    }
+
+    SesionGui& s;
+    Pantalla* p = nullptr;
+};
+
+} // namespace
+
+class PruebaPantallasActivos : public QObject {
+    Q_OBJECT
+private slots:
+    void la_ficha_toma_del_grupo_los_meses_y_valida_sus_cuentas() {
+        SesionGui s;
+        Almacenista a(s);
+        ListaFalsa<PideCuenta> plan("Tfcuentas"), niif("Tfcuentasniif");
+        a.abra("Tfactivos");
+        oprima(Qt::Key_F5);
+        a.p = s.escritorio.activa();
+        QCOMPARE(a.p->windowTitle(), QString("Nuevo Activo"));
+        escriba(a.p, "ECod", "ESC1");
+        escriba(a.p, "EDesc", "Escritorio");
+        escriba(a.p, "EMeses", "36");
+        enfoque(a.p, "LGrupo");
+        digite("Muebles");
+        oprima(Qt::Key_Tab);
+        QCOMPARE(a.caja("EMeses"), QString("120")); // pisa lo digitado
+        enfoque(a.p, "LSubgrupo");
+        digite("Escritorios");
+        escriba(a.p, "EVrOrig", "1200000");
+        Interlocutor i;
+        i.espere("No se encontró la cuenta contable indicada.");
+        escriba(a.p, "Activo", "99");
+        QCOMPARE(a.caja("Activo"), QString());
+        QTest::mouseDClick(&componente<QWidget>(a.p, "DepD"), Qt::LeftButton);
+        plan.conteste("519530");
+        agote_eventos();
+        QCOMPARE(a.caja("DepD"), QString("519530"));
+        QVERIFY(!a.caja("NomDepD").isEmpty());
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(a.caja("EVida"), QString("60"));
+        escriba(a.p, "DetND", "?5");
+        QCOMPARE(niif.pedida().texto_busqueda, QString("5"));
+        niif.conteste("530525");
+        agote_eventos();
+        QCOMPARE(a.caja("DetND"), QString("530525"));
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfnvoactivo"));
+        QCOMPARE(s.dato("select acfj_mesdep || ':' || acfj_depniif || ':' || acgr_id || ':' || "
+                        "acsg_id || ':' || acfj_dep || acfj_activo || acfj_unidades || ':' || "
+                        "acfj_ctadepd from activos_fijos"),
+                 QString("120:60:1:7:SSN:519530"));
+        i.espere("Desea borrar definitivamente el activo ESC1 ?", "Sí");
+        oprima(Qt::Key_F3);
+        QCOMPARE(s.dato("select count(*) from activos_fijos"), QString("0"));
+    }
+
+    void sin_grupo_conserva_sus_meses_y_sin_cuentas_se_graba() {
+        SesionGui s;
+        Almacenista a(s);
+        a.abra("Tfnvoactivo");
+        escriba(a.p, "ECod", "X1");
+        escriba(a.p, "EDesc", "Sin grupo");
+        escriba(a.p, "EMeses", "36");
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select acfj_mesdep from activos_fijos"), QString("36"));
+        // Con un grupo que no se deprecia, la ficha tampoco.
+        a.abra("Tfnvoactivo");
+        escriba(a.p, "ECod", "LOTE");
+        escriba(a.p, "EDesc", "Lote");
+        oprima(Qt::Key_F6);
+        auto* grupos = s.escritorio.activa();
+        QCOMPARE(grupos->objectName(), QString("Tfgruposact"));
+        enfoque(grupos, "DBGridEh1");
+        oprima(Qt::Key_Down);
+        pulse(grupos, "SBSelec");
+        agote_eventos();
+        QCOMPARE(s.escritorio.activa(), a.p);
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select acgr_id || acfj_dep from activos_fijos where acfj_cod = 'LOTE'"),
+                 QString("2N"));
+    }
+
+    void se_edita_con_su_reparto_su_valor_y_su_foto() {
+        SesionGui s;
+        Almacenista a(s);
+        a.activo("EQ1", "1200", 12);
+        a.abra("Tfactivos");
+        oprima(Qt::Key_F4);
+        a.p = s.escritorio.activa();
+        QCOMPARE(a.p->objectName(), QString("Tfedtactivo"));
+        QCOMPARE(a.caja("EValor"), QString("1,200.00"));
+        QVERIFY(a.caja("NomDepC").size() > 0);
+        auto* forma = static_cast<FormaActivo*>(a.p);
+        forma->PageControl1->setCurrentIndex(2);
+        enfoque(a.p, "DBGridEh1");
+        oprima(Qt::Key_Insert);
+        enfoque(a.p, "DBGridEh1", 0);
+        digite_celdas({"0001", "0001", "60"});
+        enfoque(a.p, "DBGridEh1", 0);
+        digite_celdas({"0001", "0002", "40"});
+        QTemporaryDir carpeta;
+        QImage imagen(8, 8, QImage::Format_RGB32);
+        imagen.fill(Qt::darkGreen);
+        imagen.save(carpeta.filePath("foto.png"));
+        forma->cargue_foto(carpeta.filePath("foto.png"));
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfedtactivo"));
+        QCOMPARE(s.dato("select list(acce_item || acce_proy || acce_centro || acce_porc) from "
+                        "activos_centros"),
+                 QString("10001000160.0000,20001000240.0000"));
+        QVERIFY(s.dato("select octet_length(acfo_foto) from activos_fotos").toInt() > 50);
+        Interlocutor i;
+        i.espere("No se encontró el activo NADA");
+        QVERIFY(!a.abra("Tfedtactivo", AbreActivo{"NADA"}));
+    }
+
+    void la_depreciacion_del_mes_pide_las_unidades_de_quienes_producen() {
+        SesionGui s;
+        Almacenista a(s);
+        a.activo("EQ1", "1200", 12);
+        a.activo("MAQ", "1000", 100, "S");
+        auto* lista = static_cast<ListaProceso*>(a.abra("Tfbuscdep"));
+        oprima(Qt::Key_F5);
+        a.p = s.escritorio.activa();
+        a.tipo();
+        escriba(a.p, "EDia", "31");
+        escriba(a.p, "EConcepto", "Enero");
+        enfoque(a.p, "LLibros");
+        digite("Ambas");
+        oprima(Qt::Key_Tab);
+        oprima(Qt::Key_F2);
+        auto* forma = static_cast<Tfcalculadep*>(a.p);
+        QVERIFY(!componente<QWidget>(a.p, "Panel1").isVisible());
+        QCOMPARE(valores_de(forma->CDepunidad, "ACFJ_COD"), QStringList("MAQ"));
+        QCOMPARE(valores_de(forma->CDepunidad, "Unirest"), QStringList("200"));
+        Interlocutor i;
+        i.espere("Debe indicar el número de unidades/horas producidas.");
+        pulse(a.p, "SpeedButton3");
+        QCOMPARE(s.dato("select count(*) from depreciacion"), QString("0"));
+        enfoque(a.p, "DBGridEh1", 4);
+        digite("25");
+        oprima(Qt::Key_Return);
+        pulse(a.p, "SpeedButton3");
+        QVERIFY(!s.escritorio.abierta("Tfcalculadep"));
+        QCOMPARE(s.dato("select list(acfj_cod || dede_libro || ':' || dede_valor, ' ') from "
+                        "(select * from depreciacion_detalle order by acfj_cod, dede_libro)"),
+                 QString("EQ12649:100.00 EQ1NIIF:50.00 MAQ2649:250.00 MAQNIIF:125.00"));
+        QCOMPARE(s.dato("select depu_unidades from depreciacion_unidades natural join "
+                        "depreciacion"),
+                 QString("25"));
+        QCOMPARE(lista->CLista.RecordCount(), 1);
+        oprima(Qt::Key_F4);
+        QCOMPARE(abiertos, QStringList(s.dato("select enco_consec from depreciacion")));
+        s.escritorio.activa()->close();
+        agote_eventos();
+        s.escritorio.active(lista);
+        escriba(lista, "EFecha", "2017/02/01");
+        QVERIFY(lista->CLista.IsEmpty());
+        escriba(lista, "EFecha", "2017/01/01");
+        i.espere_comienzo("Desea borrar definitivamente la depreciación CG 0001", "Sí");
+        oprima(Qt::Key_F3);
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        QCOMPARE(s.dato("select count(*) from depreciacion_unidades"), QString("0"));
+    }
+
+    void sin_productores_graba_de_una_vez_y_dos_veces_el_mismo_mes_se_rehusa() {
+        SesionGui s;
+        Almacenista a(s);
+        a.activo("EQ1", "1200", 12);
+        for (int vez : {1, 2}) {
+            a.abra("Tfcalculadep");
+            a.tipo();
+            escriba(a.p, "EConcepto", "Enero");
+            Interlocutor i;
+            if (vez == 2)
+                i.espere_comienzo("El mes 2017/01 ya se depreció en ese alcance (comprobante CG");
+            oprima(Qt::Key_F2);
+            QCOMPARE(bool(s.escritorio.abierta("Tfcalculadep")), vez == 2);
+        }
+        QCOMPARE(s.dato("select sum(code_debito) from comprobante_detalle"), QString("100"));
+    }
+
+    void la_baja_dice_antes_cuales_activos_saca() {
+        SesionGui s;
+        Almacenista a(s);
+        a.activo("EQ1", "1200", 12);
+        a.activo("EQ2", "900", 12);
+        auto* baja = static_cast<Tfbajaactivo*>(a.abra("Tfbajaactivo"));
+        QVERIFY(baja->CBajas.IsEmpty());
+        a.tipo();
+        escriba(a.p, "EConcepto", "Venta por chatarra");
+        Interlocutor i;
+        i.espere("Baja de activos: no hay activos fuera de uso por dar de baja. No se hizo ningún "
+                 "comprobante.");
+        oprima(Qt::Key_F2);
+        s.base.ejecute({"update activos_fijos set acfj_activo = 'N' where acfj_cod = 'EQ2'"});
+        s.escritorio.muestre(new Pantalla("Tfotra")); // se fue a la ficha y volvió
+        s.escritorio.active(baja);
+        agote_eventos();
+        QCOMPARE(valores_de(baja->CBajas, "ACTIVO"), QStringList("EQ2"));
+        QCOMPARE(valores_de(baja->CBajas, "VALOR"), QStringList("900"));
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfbajaactivo"));
+        QCOMPARE(s.dato("select list(distinct acfj_cod) from depreciacion_detalle"),
+                 QString("EQ2"));
+        QCOMPARE(s.dato("select count(*) from activos_por_bajar"), QString("0"));
+    }
+
+    void el_deterioro_compara_el_valor_en_libros_con_lo_recuperable() {
+        SesionGui s;
+        Almacenista a(s);
+        a.activo("EQ1", "1200", 12);
+        a.abra("Tfactivos");
+        oprima(Qt::Key_F5, Qt::ShiftModifier);
+        a.p = s.escritorio.activa();
+        QCOMPARE(a.p->windowTitle(), QString("Nuevo valor activo"));
+        QCOMPARE(a.caja("EValor"), QString("1,200.00"));
+        a.tipo();
+        escriba(a.p, "EConcepto", "Deterioro");
+        escriba(a.p, "EVrUso", "1000");
+        escriba(a.p, "ECsUso", "100");
+        escriba(a.p, "EPrVenta", "950");
+        escriba(a.p, "ECsVenta", "50");
+        QCOMPARE(a.caja("EUso") + a.caja("ERazon") + a.caja("EVrRecup"),
+                 QString("900.00900.00900.00"));
+        QCOMPARE(a.caja("EDifer"), QString("-300.00"));
+        escriba(a.p, "ECsVenta", "0");
+        QCOMPARE(a.caja("EVrRecup"), QString("950.00"));
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfvalactivo"));
+        QCOMPARE(s.dato("select list(cuen_cod || ':' || code_debito || ':' || code_credito, ' ') "
+                        "from comprobante_detalle_niif"),
+                 QString("530525:250.00:0.00 159220:0.00:250.00"));
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle"), QString("0"));
+        QCOMPARE(s.dato("select valor from activo_valor('EQ1', '20171231', 'S')"), QString("950"));
+    }
+
+    void el_cuadro_suma_el_costo_en_los_dos_libros_y_lo_dibuja() {
+        SesionGui s;
+        Almacenista a(s);
+        a.activo("EQ1", "1000", 3);
+        s.base.ejecute(
+            {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, "
+             "depr_conc, depr_niif) values (0, '20170131', 'CG', '0001', 'Enero', 'C')"});
+        a.abra("Tfactivos");
+        oprima(Qt::Key_F2);
+        auto* c = static_cast<Tfcuadroactivo*>(s.escritorio.activa());
+        QCOMPARE(valores_de(c->CCuadro, "CARGO"), QStringList({"333.33", "333.34", "333.33"}));
+        QCOMPARE(valores_de(c->CCuadro, "HECHO"), QStringList({"S", "N", "N"}));
+        QCOMPARE(valores_de(c->CCuadro, "PERIODO"), QStringList({"2017/01", "2017/02", "2017/03"}));
+        QCOMPARE(valores_de(c->CCuadroniif, "VALOR").last(), QString("0"));
+        QCOMPARE(c->CCuadroniif.RecordCount(), 6);
+        QCOMPARE(c->DBGridEh2->suma(2), Moneda(1000));
+        QCOMPARE(c->Curva->categorias().size(), 7); // el costo y seis meses
+        const auto& local = c->Curva->series()[0].valores;
+        QCOMPARE(local[1], Moneda::de_texto("666.67"));
+        QCOMPARE(local.last(), Moneda()); // ya estaba en cero: conserva su valor
+    }
+
+    void los_movimientos_abren_su_comprobante() {
+        SesionGui s;
+        Almacenista a(s);
+        a.activo("EQ1", "1200", 12);
+        s.base.ejecute(
+            {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, "
+             "depr_conc, depr_niif) values (0, '20170131', 'CG', '0001', 'Enero', 'A')"});
+        a.abra("Tfactivos");
+        oprima(Qt::Key_F8);
+        auto* m = static_cast<ListaProceso*>(s.escritorio.activa());
+        QCOMPARE(m->windowTitle(), QString("Movimiento por activo: EQ1  Equipo EQ1"));
+        QStringList conceptos = valores_de(m->CLista, "CONCEPTO");
+        conceptos.sort(); // son del mismo día
+        QCOMPARE(conceptos, QStringList({"Depreciación", "Depreciación NIIF"}));
+        oprima(Qt::Key_F4);
+        QCOMPARE(abiertos, QStringList(s.dato("select enco_consec from depreciacion")));
+    }
+
+    void la_grafica_usa_pasos_redondos() {
+        QCOMPARE(Grafica::paso_redondo(1000, 4), 500.0);
+        QCOMPARE(Grafica::paso_redondo(400, 4), 100.0);
+        QCOMPARE(Grafica::paso_redondo(0.7, 4), 0.2);
+        QCOMPARE(Grafica::paso_redondo(0, 4), 1.0);
+    }
+};
+
+QTEST_MAIN(PruebaPantallasActivos)
+#include "prueba_pantallas_activos.moc"

@@ -1,0 +1,194 @@
+// El presupuesto con el teclado: se mira, se digita, se pega, se copia y se compara.
+#include "apoyo/comprobantes.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "budget/peticiones_presupuesto.h"
+#include "budget/registro.h"
+#include "budget/tfcompresupuesto.h"
+#include "budget/tfnvopresup.h"
+#include "budget/tfpresupuesto.h"
+#include "reports/informe_de_prueba.h"
+#include "toolkit/grafica.h"
+
+#include <QClipboard>
+
+namespace {
+
+const char* const kDigitado =
+    "select list(cuen_cod || ':' || pres_debito || ':' || pres_credito, ' ') from (select * from "
+    "presupuesto where pres_periodo = %1 and pres_afecta = 'S' order by cuen_cod)";
+
+void presupueste(SesionGui& s, int mes, const char* cuenta, const char* debito,
+                 const char* credito) {
+    s.base.ejecute({QString("insert into presupuesto values ('2017', %1, '%2', %3, %4, 'S')")
+                        .arg(mes)
+                        .arg(cuenta, debito, credito)});
+}
+
+} // namespace
+
+class PruebaPantallasPresupuesto : public QObject {
+    Q_OBJECT
+private slots:
+    void init() { registre_pantallas_presupuesto(); }
+
+    void mirarlo_y_grabarlo_piden_su_derecho() {
+        SesionGui s("AUXILIAR");
+        s.niegue(50);
+        s.niegue(51);
+        Interlocutor i;
+        i.espere(kAccesoNegado);
+        QVERIFY(!pantallas().abrir("Tfpresupuesto"));
+        s.otorgue(51);
+        QVERIFY(pantallas().abrir("Tfpresupuesto"));
+        i.espere(kAccesoNegado);
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfnvopresup"));
+    }
+
+    void se_digita_y_se_ve_con_las_sumas_de_las_superiores() {
+        SesionGui s;
+        s.cnt.periodo_actual = 2;
+        auto* p = s.abra<Tfpresupuesto>("Tfpresupuesto");
+        QVERIFY(p->CPresupuesto.IsEmpty());
+        oprima(Qt::Key_F2);
+        auto* n = qobject_cast<Tfnvopresup*>(s.escritorio.activa());
+        QCOMPARE(n->windowTitle(), QString("Nuevo presupuesto: Marzo de 2017"));
+        oprima(Qt::Key_Insert);
+        digite_celdas({"510506", "900000", "0"});
+        QCOMPARE(s.dato("select count(*) from presupuesto"), QString("0"));
+        Interlocutor i;
+        i.espere("Cuenta previamente registrada.");
+        i.espere("La cuenta es de nivel inferior al mínimo afectable.");
+        digite("510506");
+        oprima(Qt::Key_Return);
+        enfoque(n, "DBGridEh1", 0);
+        digite("5105");
+        oprima(Qt::Key_Return);
+        enfoque(n, "DBGridEh1", 0);
+        digite_celdas({"413505", "", "1500000.5"});
+        QCOMPARE(n->DBGridEh1->suma(1), Moneda(900000));
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.escritorio.activa(), p);
+        QCOMPARE(s.dato(QString(kDigitado).arg(3)),
+                 QString("413505:0.00:1500000.50 510506:900000.00:0.00"));
+        QVERIFY(valores_de(p->CPresupuesto, "CUENTA").contains("51"));
+        oprima(Qt::Key_Right, Qt::AltModifier);
+        QVERIFY(p->CPresupuesto.IsEmpty());
+        oprima(Qt::Key_Left, Qt::AltModifier);
+        QVERIFY(!p->CPresupuesto.IsEmpty());
+        QCOMPARE(s.cnt.periodo_actual, 2); // el de la sesión no se movió
+        // Con un centro, solo las cuentas que ese centro movió.
+        grabe(s.base.base(), {501, "000501", "20170310", {{1, "111005", Moneda(10), {}}}});
+        s.base.ejecute({"insert into comprobante_detalle (enco_consec, code_item, cuen_cod, "
+                        "code_debito, code_credito, proy_cod, cent_cod) values (501, 2, '413505', "
+                        "0, 10, '0002', '0001')"});
+        enfoque(p, "LCentro");
+        for (int n = 0; n < 3; ++n)
+            oprima(Qt::Key_Down);
+        QCOMPARE(valores_de(p->CPresupuesto, "CUENTA"), QStringList({"4", "41", "4135", "413505"}));
+    }
+
+    void lo_pegado_se_detiene_en_la_fila_que_no_sirve() {
+        SesionGui s;
+        auto* n = s.abra<Tfnvopresup>("Tfnvopresup", AbrePresupuesto{{2017, 0}});
+        QApplication::clipboard()->setText("510506\t100\t0\n413505\t0\t200\n999999\t1\t1\n");
+        enfoque(n, "DBGridEh1", 0);
+        Interlocutor i;
+        i.espere_comienzo("La cuenta", "No");
+        n->DBGridEh1->ejecute_orden(Rejilla::Pegar);
+        QCOMPARE(n->CPresupuesto.FieldByName("PRES_DEBITO").texto(), QString("1")); // ahí quedó
+        oprima(Qt::Key_Escape);
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato(QString(kDigitado).arg(1)),
+                 QString("413505:0.00:200.00 510506:100.00:0.00"));
+    }
+
+    void se_copia_de_otro_mes_con_un_crecimiento_y_nada_se_pierde_hasta_grabar() {
+        SesionGui s;
+        presupueste(s, 1, "510506", "1000.05", "0");
+        presupueste(s, 1, "413505", "0", "333.33");
+        presupueste(s, 2, "510506", "7", "0");
+        presupueste(s, 2, "613505", "9", "0");
+        auto* n = s.abra<Tfnvopresup>("Tfnvopresup", AbrePresupuesto{{2017, 1}});
+        QCOMPARE(componente<QComboBox>(n, "LMes").currentText(), QString("Enero"));
+        escriba(n, "ECrecimiento", "10"); // 100,005 y 33,333: la mitad, al par
+        Interlocutor i;
+        const char* const pregunta =
+            "Se borrará el presupuesto previamente digitado para este mes. Continuar?";
+        i.espere(pregunta, "Sí");
+        pulse(n, "SpeedButton2");
+        QCOMPARE(s.dato(QString(kDigitado).arg(2)), QString("510506:7.00:0.00 613505:9.00:0.00"));
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato(QString(kDigitado).arg(2)),
+                 QString("413505:0.00:366.66 510506:1100.05:0.00"));
+        // Lo que un mes vacío no trae no borra nada.
+        n = s.abra<Tfnvopresup>("Tfnvopresup", AbrePresupuesto{{2017, 1}});
+        componente<QComboBox>(n, "LMes").setCurrentIndex(6);
+        i.espere(pregunta, "Sí");
+        i.espere("Julio de 2017 no tiene presupuesto. No se copió nada.");
+        pulse(n, "SpeedButton2");
+        QCOMPARE(n->CPresupuesto.RecordCount(), 2);
+    }
+
+    void la_comparacion_suma_las_lineas_y_da_la_vuelta_en_enero() {
+        SesionGui s;
+        presupueste(s, 1, "510506", "100", "0");
+        presupueste(s, 2, "510506", "100", "0");
+        presupueste(s, 2, "413505", "0", "500");
+        const auto movimiento = [&](int id, const char* fecha, const char* cuenta,
+                                    const char* debito, const char* credito) {
+            grabe(s.base.base(),
+                  {id,
+                   QString("%1").arg(id, 6, 10, QChar('0')),
+                   fecha,
+                   {{1, "111005", Moneda::de_texto(credito), Moneda::de_texto(debito)},
+                    {2,
+                     cuenta,
+                     Moneda::de_texto(debito),
+                     Moneda::de_texto(credito),
+                     {},
+                     "0002",
+                     "0001"}}});
+        };
+        movimiento(501, "20170115", "510506", "80", "0");
+        movimiento(502, "20170215", "510506", "150", "0");
+        movimiento(503, "20170216", "413505", "0", "450");
+        auto* c = s.abra<Tfcompresupuesto>("Tfcompresupuesto", AbrePresupuesto{{2017, 1}});
+        QCOMPARE(componente<QLineEdit>(c, "EDesde").text() +
+                     componente<QLineEdit>(c, "EHasta").text(),
+                 QString("18"));
+        QVERIFY(c->CComparacion.Locate("CUENTA", {QString("510506")}));
+        const auto dato = [&](const char* campo) {
+            return c->CComparacion.FieldByName(campo).texto();
+        };
+        QCOMPARE(QStringList({dato("PRDEBITO"), dato("MVDEBITO"), dato("DIFERENCIAM"),
+                              dato("PORCENTAJEM"), dato("APDEBITO"), dato("AMDEBITO"),
+                              dato("DIFERENCIAA"), dato("PORCENTAJEA"), dato("AVISO")}),
+                 QStringList({"100", "150", "50", "150", "200", "230", "30", "115", "Excede"}));
+        QVERIFY(c->CComparacion.Locate("CUENTA", {QString("413505")}));
+        QCOMPARE(dato("DIFERENCIAA") + dato("AVISO"), QString("50Falta"));
+        QTRY_COMPARE(c->Barras->series().value(0).nombre, QString("Presupuesto 413505"));
+        QCOMPARE(c->Barras->series()[0].valores[1], Moneda(500));
+        QCOMPARE(c->Barras->series()[1].valores[1], Moneda(450));
+        oprima(Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(componente<QLineEdit>(c, "EMes").text(), QString("Enero"));
+        QVERIFY(c->CComparacion.Locate("CUENTA", {QString("510506")}));
+        QCOMPARE(dato("AVISO"), QString()); // 80 de 100
+        oprima(Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(componente<QLineEdit>(c, "EMes").text(), QString("Ajustes"));
+        QCOMPARE(componente<QLineEdit>(c, "EAno").text(), QString("2017"));
+        oprima(Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(componente<QLineEdit>(c, "EMes").text(), QString("Enero"));
+        llene(c, "EDesde", "5105");
+        llene(c, "EHasta", "5105");
+        oprima(Qt::Key_Return);
+        QCOMPARE(valores_de(c->CComparacion, "CUENTA"), QStringList({"5105", "510506"}));
+        const QString impreso = informe_como_texto(c, Qt::Key_F2);
+        for (const char* texto : {"Presupuesto para el periodo de:5105 - 5105", "Periodo actual",
+                                  "Acumulado", "Enero de 2017", "510506", "100.00"})
+            QVERIFY2(impreso.contains(texto), texto);
+    }
+};
+
+QTEST_MAIN(PruebaPantallasPresupuesto)
+#include "prueba_pantallas_presupuesto.moc"

@@ -1,0 +1,407 @@
+// Las pantallas de importar, exportar y mantener, con teclas: lo que preguntan, lo que avisan y lo
+// que queda en la base.
+#include "apoyo/comprobantes.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "exchange/registro.h"
+#include "exchange/tfimportarinv2.h"
+#include "exchange/tfimportarinv3.h"
+#include "exchange/tfrechazosimp.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QFile>
+#include <QPushButton>
+#include <QtTest>
+
+class PruebaPantallasIntercambio : public QObject {
+    Q_OBJECT
+private slots:
+    void init() {
+        s_.emplace();
+        i_.emplace();
+        registre_pantallas_intercambio();
+        s_->dm.barra(&barra_);
+    }
+    void cleanup() {
+        i_.reset();
+        s_->dm.barra(nullptr);
+        s_.reset();
+    }
+
+    void el_asistente_importa_y_recuerda_archivo_y_columnas();
+    void el_asistente_exige_un_archivo_que_exista();
+    void los_saldos_preguntan_si_se_borran_los_que_hay();
+    void la_exportacion_pide_lo_que_falta_y_graba();
+    void las_equivalencias_se_graban_y_la_cuenta_debe_existir();
+    void el_mantenimiento_pide_la_opcion_de_cada_herramienta();
+    void reemplazar_cuenta_pregunta_con_cifras();
+    void abrir_auxiliar_pide_codigo_nombre_y_equivalente();
+    void borrar_movimientos_pide_las_fechas();
+    void borrar_plan_revisa_las_dos_cuentas();
+    void el_recalculo_cuenta_lo_que_corrigio();
+    void la_estructura_no_se_cambia_con_cuentas_creadas();
+    void un_procedimiento_de_usuario_pide_sus_parametros_y_muestra_su_resultado();
+
+private:
+    QString archivo(const QByteArray& texto, const char* nombre = "entrada.csv") {
+        const QString ruta = s_->base.ruta() + '/' + nombre;
+        QFile f(ruta);
+        if (!f.open(QIODevice::WriteOnly))
+            qFatal("no se pudo escribir");
+        f.write(texto);
+        return ruta;
+    }
+    /// Pasa los dos primeros pasos con ese archivo.
+    Tfimportarinv3* tercer_paso(const char* radio, const QString& ruta) {
+        Pantalla* uno = pantallas().abrir("Tfimportarinv1");
+        componente<QAbstractButton>(uno, radio).click();
+        oprima(Qt::Key_F2);
+        agote_eventos();
+        auto* dos = qobject_cast<Tfimportarinv2*>(escritorio()->activa());
+        if (!dos)
+            return nullptr;
+        if (!ruta.isEmpty())
+            dos->Ubicacion->setText(ruta);
+        oprima(Qt::Key_F2);
+        agote_eventos();
+        return qobject_cast<Tfimportarinv3*>(escritorio()->activa());
+    }
+    void un_movimiento() {
+        grabe(s_->base.base(),
+              {1, "000001", "20170301", {{1, "110505", 100, 0}, {2, "111005", 0, 100}}});
+    }
+
+    std::optional<SesionGui> s_;
+    AvisosBarra barra_;
+    std::optional<Interlocutor> i_;
+};
+
+void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_columnas() {
+    const QString ruta = archivo("CG,0001,1,20170301,Traido,,110505,,,,,,,10,\n"
+                                 "CG,0001,1,20170301,Traido,,111005,,,,,,,,10\n"
+                                 "CG,0001,2,20170301,Traido,,111005,,,,,,,,7\n");
+    Tfimportarinv3* tres = tercer_paso("Importar2", ruta);
+    QVERIFY(tres);
+    QCOMPARE(valores_de(tres->CImportacion, "NomDato").value(0), QString("Tipo de comprobante"));
+    QCOMPARE(tres->CImportacion.RecordCount(), 15);
+    // La referencia no se trae.
+    QVERIFY(tres->CImportacion.Locate("DATO", {"ENCO_REFER"}));
+    tres->CImportacion.Edit();
+    tres->CImportacion.FieldByName("IMPORTAR") = "NO";
+    tres->CImportacion.Post();
+    i_->espere(
+        "Ensayo terminado: no se grabó nada. Leídos 3, grabados 2, rechazados 1, omitidos 0.");
+    oprima(Qt::Key_F5);
+    agote_eventos();
+    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado"), QString("0"));
+    auto* rechazos = qobject_cast<Tfrechazosimp*>(escritorio()->activa());
+    QVERIFY(rechazos);
+    QCOMPARE(valores_de(rechazos->CRechazos, "RENGLON"), QStringList("3"));
+    QCOMPARE(valores_de(rechazos->CRechazos, "RAZON"), QStringList("Comprobante descuadrado."));
+    oprima(Qt::Key_Escape);
+    agote_eventos();
+    QVERIFY(!QFile::exists(s_->base.ruta() + "/ERRIMPCN.TXT")); // un ensayo no anota
+    i_->espere("Importación finalizada.");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QCOMPARE(barra_.text(), QString("Leídos 3, grabados 2, rechazados 1, omitidos 0"));
+    QCOMPARE(s_->dato("select count(*) from comprobante_detalle"), QString("2"));
+    QVERIFY(qobject_cast<Tfrechazosimp*>(escritorio()->activa()));
+    QFile log(s_->base.ruta() + "/ERRIMPCN.TXT");
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    QCOMPARE(log.readAll(), QByteArray("Comprobante descuadrado.Tipo:CGPref:0001Num:000002\n"));
+    escritorio()->cierre_todas();
+
+    // Otra vez: el archivo y la columna que no se traía siguen ahí.
+    tres = tercer_paso("Importar2", {});
+    QVERIFY(tres);
+    QVERIFY(tres->CImportacion.Locate("DATO", {"ENCO_REFER"}));
+    QCOMPARE(tres->CImportacion.FieldByName("IMPORTAR").texto(), QString("NO"));
+    QCOMPARE(s_->dato("select imin_columna from importacion_inventario where imin_tipo = 6 and "
+                      "imin_dato = 'ENCO_REFER'"),
+             QString("6"));
+}
+
+void PruebaPantallasIntercambio::el_asistente_exige_un_archivo_que_exista() {
+    pantallas().abrir("Tfimportarinv1");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    auto* dos = qobject_cast<Tfimportarinv2*>(escritorio()->activa());
+    QVERIFY(dos);
+    i_->espere("Debe indicar antes el archivo con los datos a importar.");
+    oprima(Qt::Key_F2);
+    dos->Ubicacion->setText(s_->base.ruta() + "/no_esta.txt");
+    i_->espere("No se encontró el archivo a importar.");
+    oprima(Qt::Key_F2);
+    // El ancho fijo solo apaga las dos listas.
+    dos->Tipo->button(0)->click();
+    QVERIFY(!dos->Separa->isEnabled() && !dos->Delimita->isEnabled());
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaPantallasIntercambio::los_saldos_preguntan_si_se_borran_los_que_hay() {
+    s_->base.base().ejecute("insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) "
+                            "values (1, '111005', 5)");
+    QVERIFY(tercer_paso("Importar3", archivo("110505,,,,,100,\n")));
+    i_->espere("Desea borrar los saldos previamente registrados?", "No");
+    i_->espere("Importación finalizada.");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QCOMPARE(s_->dato("select count(*) from saldos_iniciales"), QString("2"));
+    QVERIFY(tercer_paso("Importar3", {}));
+    i_->espere("Desea borrar los saldos previamente registrados?", "Sí");
+    i_->espere("Importación finalizada.");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QCOMPARE(s_->dato("select list(cuen_cod) from saldos_iniciales"), QString("110505"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaPantallasIntercambio::la_exportacion_pide_lo_que_falta_y_graba() {
+    un_movimiento();
+    Pantalla* p = pantallas().abrir("Tfexportar");
+    llene(p, "FecIni", "20170230");
+    llene(p, "FecFin", "20171231");
+    i_->espere("La fecha 2017/02/30 no existe.");
+    oprima(Qt::Key_F2);
+    llene(p, "FecIni", "20170101");
+    i_->espere("Debe indicar el archivo en que se graba la exportación.");
+    oprima(Qt::Key_F2);
+    const QString ruta = s_->base.ruta() + "/salida.csv";
+    componente<QLineEdit>(p, "Archivo").setText(ruta);
+    componente<QComboBox>(p, "LDestino").setCurrentText("CSV");
+    componente<QComboBox>(p, "LSepara").setCurrentIndex(3);
+    i_->espere("El formato CSV necesita un separador: escoja uno.");
+    oprima(Qt::Key_F2);
+    componente<QComboBox>(p, "LSepara").setCurrentIndex(1);
+    i_->espere("PROCESO FINALIZADO. SE GENERÓ EL ARCHIVO " + ruta + " CON 2 REGISTROS.");
+    oprima(Qt::Key_F2);
+    QVERIFY(QFile::exists(ruta));
+    i_->espere("El archivo " + ruta + " ya existe. Desea reemplazarlo?", "No");
+    oprima(Qt::Key_F2);
+    componente<QComboBox>(p, "LDestino").setCurrentText("WEB GERENCIAL");
+    i_->espere("PROCESO FINALIZADO. SE GENERARON LOS ARCHIVOS COMPROBANTES.TXT Y TRANSACCIONES.TXT "
+               "EN LA CARPETA INDICADA.");
+    oprima(Qt::Key_F2);
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    QCOMPARE(escritorio()->activa(), p); // la pantalla se queda
+}
+
+void PruebaPantallasIntercambio::las_equivalencias_se_graban_y_la_cuenta_debe_existir() {
+    ListaFalsa<PideCuenta> cuentas("Tfcuentas");
+    Pantalla* p = pantallas().abrir("Tfconfexporta");
+    enfoque(p, "DBGridEh1", 0);
+    oprima(Qt::Key_Insert);
+    digite("?caja");
+    oprima(Qt::Key_Return);
+    QCOMPARE(cuentas.pedida().texto_busqueda, QString("caja"));
+    cuentas.conteste("110505");
+    agote_eventos();
+    enfoque(p, "DBGridEh1", 1);
+    digite("1105");
+    i_->espere("La cuenta 9 no existe.");
+    enfoque(p, "DBGridEh1", 0);
+    digite("9");
+    oprima(Qt::Key_F2);
+    oprima(Qt::Key_Escape);
+    oprima(Qt::Key_Escape);
+    agote_eventos();
+    QCOMPARE(s_->dato("select count(*) from cuentas_exportacion where cuen_cod = '9'"),
+             QString("0"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaPantallasIntercambio::el_mantenimiento_pide_la_opcion_de_cada_herramienta() {
+    s_->dm.administrador = false;
+    s_->dm.usuario = "AUXILIAR";
+    for (const int opcion : {90, 91, 92, 93, 94, 95, 96, 97, 98, 99})
+        s_->niegue(opcion);
+    registre_testigo("Tfconceptos");
+    Pantalla* menu = pantallas().abrir("Tfmnumantenim");
+    const QVector<QPair<QString, QString>> entradas{
+        {"SBEstructura", "&Estructura "},           {"SBCategorias", "&Categorias "},
+        {"SBImportar", "Importar datos "},          {"SBExportar", "Exportar datos "},
+        {"SBRecalculo", "Recálculo de saldos "},    {"SBDetalle", "Cambiar detalle cuenta "},
+        {"SBAuxiliar", "Abrir auxiliar "},          {"SBCuenta", "Reemplazar cuenta "},
+        {"SBTercero", "Reemplazar tercero "},       {"SBBorrarMov", "Borrar movimientos "},
+        {"SBBorrarPlan", "Borrar plan de cuentas "}};
+    for (const auto& [nombre, texto] : entradas) {
+        auto& boton = componente<QPushButton>(menu, qPrintable(nombre));
+        QCOMPARE(boton.text(), texto);
+        i_->espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+        boton.click();
+        QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    }
+    i_->espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+    componente<QPushButton>(menu, "SBRespaldo").click();
+    s_->otorgue(97);
+    componente<QPushButton>(menu, "SBCuenta").click();
+    QCOMPARE(escritorio()->activa()->objectName(), QString("Tfcambictamov"));
+    s_->niegue(97);
+}
+
+void PruebaPantallasIntercambio::reemplazar_cuenta_pregunta_con_cifras() {
+    un_movimiento();
+    Pantalla* p = pantallas().abrir("Tfcambictamov");
+    llene(p, "FecIni", "20170101");
+    llene(p, "FecFin", "20171231");
+    i_->espere("La cuenta 9 no existe.");
+    escriba(p, "Edit1", "9");
+    i_->espere("La cuenta 310505 no tiene movimientos.");
+    escriba(p, "Edit1", "310505");
+    escriba(p, "Edit1", "111005");
+    escriba(p, "Edit2", "310505");
+    i_->espere("Se cambiarán 1 renglón de 1 comprobante. Desea continuar?", "No");
+    oprima(Qt::Key_F2);
+    QCOMPARE(s_->dato("select count(*) from comprobante_detalle where cuen_cod = '310505'"),
+             QString("0"));
+    i_->espere("Se cambiarán 1 renglón de 1 comprobante. Desea continuar?", "Sí");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QCOMPARE(s_->dato("select count(*) from comprobante_detalle where cuen_cod = '310505'"),
+             QString("1"));
+    QVERIFY(!escritorio()->abierta("Tfcambictamov"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaPantallasIntercambio::abrir_auxiliar_pide_codigo_nombre_y_equivalente() {
+    un_movimiento();
+    Pantalla* p = pantallas().abrir("Tfcreactamov");
+    i_->espere("Falta ingresar el código de la cuenta.");
+    oprima(Qt::Key_F2);
+    i_->espere("La cuenta 111005 ya existe.");
+    escriba(p, "CUEN_COD", "111005");
+    i_->espere("No existe la cuenta padre.");
+    escriba(p, "CUEN_COD", "99999901");
+    escriba(p, "CUEN_COD", "13050501");
+    QVERIFY(componente<QAbstractButton>(p, "CUEN_TERCERO").isChecked());
+    QCOMPARE(componente<QLineEdit>(p, "CUEN_EQNIIF").text(), QString("130505"));
+    escriba(p, "CUEN_COD", "11050501");
+    i_->espere("Falta ingresar el nombre de la cuenta.");
+    oprima(Qt::Key_F2);
+    llene(p, "CUEN_NOM", "Caja");
+    componente<QLineEdit>(p, "CUEN_EQNIIF").clear();
+    i_->espere("Debe Indicar la cuenta equivalente");
+    oprima(Qt::Key_F2);
+    componente<QLineEdit>(p, "CUEN_EQNIIF").setText("110505");
+    i_->espere("Se cambiarán 1 renglón de 1 comprobante a la cuenta 11050501. Desea continuar?",
+               "Sí");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QCOMPARE(s_->dato("select cuen_cod from comprobante_detalle where code_item = 1"),
+             QString("11050501"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaPantallasIntercambio::borrar_movimientos_pide_las_fechas() {
+    un_movimiento();
+    Pantalla* p = pantallas().abrir("Tfborramov");
+    i_->espere("Debe indicar el rango de fechas a borrar.");
+    oprima(Qt::Key_F2);
+    llene(p, "FecIni", "20170101");
+    llene(p, "FecFin", "20171231");
+    llene(p, "NumIni", "1");
+    i_->espere("Se borrarán 2 renglones de 1 comprobante; 1 se van enteros. Desea continuar?",
+               "Sí");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado"), QString("0"));
+    pantallas().abrir("Tfborramov");
+    p = escritorio()->activa();
+    llene(p, "FecIni", "20170101");
+    llene(p, "FecFin", "20171231");
+    i_->espere("No hay comprobantes por borrar en ese rango.");
+    oprima(Qt::Key_F2);
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaPantallasIntercambio::borrar_plan_revisa_las_dos_cuentas() {
+    Pantalla* p = pantallas().abrir("Tfborractas");
+    i_->espere("No se encontró la cuenta inicial.");
+    escriba(p, "Edit1", "9");
+    escriba(p, "Edit1", "5195");
+    i_->espere("La cuenta final debe ser mayor que la inicial.");
+    escriba(p, "Edit2", "5105");
+    i_->espere("La cuenta final debe ser mayor que la inicial.");
+    oprima(Qt::Key_F2);
+    escriba(p, "Edit2", "519530");
+    i_->espere("Se borrarán 2 cuentas, de la 5195 a la 519530. Desea continuar?", "Sí");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QCOMPARE(s_->dato("select count(*) from cuentas where cuen_cod starting with '5195'"),
+             QString("0"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaPantallasIntercambio::el_recalculo_cuenta_lo_que_corrigio() {
+    un_movimiento();
+    s_->base.ejecute({"execute procedure compacte_saldos",
+                      "update saldos_cuenta set sald_debito = sald_debito + 9 where cuen_cod = "
+                      "'110505'"});
+    pantallas().abrir("Tfchequeosaldos");
+    i_->espere("Recálculo terminado: se corrigieron 1 saldos.\nCuenta 110505, Marzo de 2017: decía "
+               "109.00 y 0.00; son 100.00 y 0.00");
+    oprima(Qt::Key_F5);
+    agote_eventos();
+    Pantalla* p = pantallas().abrir("Tfchequeosaldos");
+    componente<QAbstractButton>(p, "ckniif").click();
+    i_->espere("Recálculo terminado: todos los saldos estaban bien.");
+    oprima(Qt::Key_F5);
+    agote_eventos();
+    QVERIFY(!escritorio()->abierta("Tfchequeosaldos"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    QCOMPARE(saldos_distintos(s_->base.base()), QString());
+}
+
+void PruebaPantallasIntercambio::la_estructura_no_se_cambia_con_cuentas_creadas() {
+    Pantalla* p = pantallas().abrir("Tfestructura");
+    enfoque(p, "DBGridEh1", 1);
+    digite("9");
+    i_->espere_comienzo("La estructura no se puede cambiar: ya hay cuentas creadas.");
+    oprima(Qt::Key_F2);
+    QCOMPARE(s_->dato("select max(estr_digitos) from estructura"), QString("8"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaPantallasIntercambio::
+    un_procedimiento_de_usuario_pide_sus_parametros_y_muestra_su_resultado() {
+    un_movimiento();
+    s_->base.ejecute(
+        {"create procedure movimiento_de (cuenta varchar(20), minimo numeric(15,2)) returns "
+         "(fecha varchar(8), valor numeric(15,2)) as begin for select code_fecha, code_debito from "
+         "comprobante_detalle where cuen_cod = :cuenta and code_debito >= :minimo into :fecha, "
+         ":valor do suspend; end",
+         "insert into procedimientos_usuario (prus_cod, prus_nombre, prus_sp, prus_param1, "
+         "prus_param2, prus_modulo) values ('1', 'Movimiento', 'MOVIMIENTO_DE', 'Cuenta', "
+         "'Mínimo', 'MANTENIMIENTO')",
+         "insert into procedimientos_usuario (prus_cod, prus_nombre, prus_sp, prus_modulo) values "
+         "('2', 'Dígitos', 'CALCULE_DV', 'MANTENIMIENTO')",
+         "insert into procedimientos_usuario (prus_cod, prus_nombre, prus_sp, prus_modulo) values "
+         "('3', 'De otro', 'X', 'VENTAS')"});
+    Pantalla* p = pantallas().abrir("Tfprocusr");
+    auto& lista = componente<QComboBox>(p, "LProceso");
+    QCOMPARE(lista.count(), 2);
+    QVERIFY(componente<QLineEdit>(p, "EParam2").isVisible());
+    QVERIFY(!componente<QLineEdit>(p, "EParam3").isVisible());
+    llene(p, "EParam1", "110505");
+    i_->espere("Debe indicar un parámetro al procedimiento.");
+    oprima(Qt::Key_F5);
+    llene(p, "EParam2", "50");
+    oprima(Qt::Key_F5);
+    auto& rejilla = componente<Rejilla>(p, "DBGridEh1");
+    QCOMPARE(valores_de(*rejilla.conjunto(), "VALOR"), QStringList("100"));
+    QCOMPARE(rejilla.suma(rejilla.columna_de("VALOR")), Moneda(100));
+    // Un texto con comillas no se sale de su parámetro.
+    componente<QLineEdit>(p, "EParam1").setText("1' or '1' = '1");
+    oprima(Qt::Key_F5);
+    QVERIFY(rejilla.conjunto()->IsEmpty());
+    lista.setCurrentIndex(1);
+    QVERIFY(!componente<QLineEdit>(p, "EParam1").isVisible());
+    QVERIFY(componente<QWidget>(p, "LNota").isVisible());
+    oprima(Qt::Key_F5);
+    QVERIFY(rejilla.columna_de("DV_CALCULADO") >= 0);
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+QTEST_MAIN(PruebaPantallasIntercambio)
+#include "prueba_pantallas_intercambio.moc"

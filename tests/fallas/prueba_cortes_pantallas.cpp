@@ -1,0 +1,18 @@
+// La red se corta en distintos lugares de un guardado, un cambio de página, una edición y un
+// borrado, con las pantallas de verdad. Todos los lugares, con el programa `fallas`.
+#include "fallas/escenarios.h"
+
+#include <QTest>
+
+class PruebaCortesPantallas : public QObject {
+    Q_OBJECT
+private slots:
+    void nada_se_pierde_ni_queda_a_medias_y_solo_se_dice_la_verdad() {
+        const int puntos = qEnvironmentVariable("QUORVEX_CORTES", "64").toInt();
+        const QStringList faltas = cortes(puntos, {});
+        QVERIFY2(faltas.isEmpty(), qPrintable(faltas.join('\n')));
+    }
+};
+
+QTEST_MAIN(PruebaCortesPantallas)
+#include "prueba_cortes_pantallas.moc"

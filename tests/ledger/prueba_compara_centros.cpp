@@ -1,0 +1,246 @@
+// Comparativo de centros: consulta, cubo, campos que se mueven, plantillas y salida al libro.
+#include "apoyo/herramienta.h"
+#include "apoyo_gui/fotos.h"
+#include "ledger/libro_de_prueba.h"
+#include "ledger/registro.h"
+#include "ledger/tfcomparacentros.h"
+#include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/pivote/rejilla_cubo.h"
+#include "toolkit/pivote/zonas_cubo.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+namespace {
+
+struct Comparativo : SesionGui {
+    explicit Comparativo(const QString& libro = "2649") {
+        registre_pantallas_consulta();
+        agregue_libro(*this);
+        base.base().ejecute("update configuracion set conf_valor = " + QuotedStr(libro) +
+                            " where conf_propiedad starting with 'MOSTRAR VENTANAS 2649'");
+        dm.cargue_configuracion();
+        cnt.periodo_actual = 2;
+        dm.Quorvex.observador = [this](const QString& sql) {
+            if (sql.contains("CENTROS_MES"))
+                ultima = sql;
+        };
+        p = abra<Tfcomparacentros>("Tfcomparacentros");
+    }
+    ~Comparativo() { dm.Quorvex.observador = nullptr; }
+    QString fila(int n) {
+        QStringList celdas;
+        for (int c = 0; c < p->rejilla->modelo().columnCount(); ++c)
+            celdas << p->rejilla->modelo().index(n, c).data().toString().trimmed();
+        return celdas.join('|');
+    }
+    int filas() { return p->rejilla->modelo().rowCount(); }
+    void escoja(Zona zona, const QString& campo) {
+        QListWidget* lista = p->zonas->lista(zona);
+        for (int i = 0; i < lista->count(); ++i)
+            if (lista->item(i)->data(Qt::UserRole).toString() == campo) {
+                lista->setFocus();
+                lista->setCurrentRow(i);
+                return;
+            }
+        QFAIL(qPrintable("no está el campo " + campo));
+    }
+    QString ultima;
+    Tfcomparacentros* p = nullptr;
+};
+
+} // namespace
+
+class PruebaComparaCentros : public QObject {
+    Q_OBJECT
+private slots:
+    void la_consulta_sigue_al_libro_y_al_periodo_y_este_queda_en_el_usuario() {
+        {
+            Comparativo s("NIIF");
+            QVERIFY(s.p->ckNiif->isChecked());
+            QCOMPARE(s.ultima, QString("SELECT * FROM  BALANCE_CON_CENTROS_MES_N('2017', 3,'S', "
+                                       "'4','999999','0','zz','0','zz')"));
+        }
+        Comparativo s;
+        QVERIFY(!s.p->ckNiif->isChecked());
+        QCOMPARE(s.ultima, QString("SELECT * FROM  BALANCE_CON_CENTROS_MES('2017', 3,'S', "
+                                   "'4','999999','0','zz','0','zz')"));
+        QCOMPARE(s.dato("select user_percnt from usuario where user_cod = 'ADMIN'"), QString("2"));
+        oprima(Qt::Key_Right, Qt::AltModifier);
+        QVERIFY(s.ultima.contains("'2017', 4,"));
+        QCOMPARE(s.dato("select user_percnt from usuario where user_cod = 'ADMIN'"), QString("3"));
+        s.p->ckNiif->click();
+        QVERIFY(s.ultima.contains("MES_N('2017', 4,"));
+    }
+
+    void el_ejemplo_cruza_las_cuentas_con_los_centros_y_cuadra_con_las_lineas() {
+        Comparativo s;
+        tome_foto(&s.ventana, "compara_centros");
+        const ModeloCubo& m = s.p->rejilla->modelo();
+        QStringList titulos;
+        for (int c = 0; c < m.columnCount(); ++c)
+            titulos
+                << m.headerData(c, Qt::Horizontal, Qt::DisplayRole).toString().replace('\n', '/');
+        QCOMPARE(titulos.join('|'),
+                 QString("Cuenta|0001 Administración/0001 Gerencia|0001 Administración/0002 "
+                         "Contabilidad|Total 0001 Administración|0002 Ventas/0001 Mostrador|Total "
+                         "0002 Ventas|Total"));
+        QCOMPARE(s.filas(), 3);
+        QCOMPARE(s.fila(0),
+                 QString("41 Operacionales||||-1,000,011.36|-1,000,011.36|-1,000,011.36"));
+        QVERIFY2(s.fila(1).endsWith("|400,000.00|32,000.12|432,000.12|||432,000.12"),
+                 qPrintable(s.fila(1)));
+        const QString suma = s.dato("select sum(code_debito - code_credito) from "
+                                    "comprobante_detalle d join comprobante_encabezado e on "
+                                    "e.enco_consec = d.enco_consec where cuen_cod >= '4' and "
+                                    "cent_cod is not null and enco_fecha < '201704'");
+        QCOMPARE(s.fila(2).section('|', -1), Moneda::de_texto(suma).formateada());
+    }
+
+    void los_campos_se_mueven_con_teclas_y_arrastrando() {
+        Comparativo s;
+        s.escoja(Zona::Columnas, "CENTRO");
+        oprima(Qt::Key_F);
+        QCOMPARE(s.p->zonas->disposicion().filas, (QStringList{"CUENTA", "CENTRO"}));
+        QCOMPARE(s.fila(1).section('|', 0, 0), QString("0001 Mostrador"));
+        oprima(Qt::Key_Up, Qt::AltModifier);
+        QCOMPARE(s.p->zonas->disposicion().filas, (QStringList{"CENTRO", "CUENTA"}));
+        oprima(Qt::Key_Delete);
+        QCOMPARE(s.p->zonas->disposicion().filas, QStringList{"CUENTA"});
+        // Una cifra no entra en las filas ni un texto en los valores.
+        s.escoja(Zona::Campos, "DEBITOS");
+        oprima(Qt::Key_F);
+        QCOMPARE(s.p->zonas->disposicion().filas, QStringList{"CUENTA"});
+        oprima(Qt::Key_V);
+        QCOMPARE(s.p->zonas->disposicion().valores.size(), 2);
+        // Enter cambia cómo se ve la cifra.
+        oprima(Qt::Key_Return);
+        QVERIFY(s.p->zonas->disposicion().valores[1].muestra == MuestraCubo::PorFila);
+        QVERIFY(s.fila(0).contains("0.00 %") || s.fila(0).contains("100.00 %") ||
+                s.fila(0).endsWith("|"));
+        oprima(Qt::Key_Delete);
+
+        s.escoja(Zona::Campos, "CENTRO");
+        QListWidget* origen = s.p->zonas->lista(Zona::Campos);
+        QListWidget* destino = s.p->zonas->lista(Zona::Columnas);
+        const auto suelte = [&](QListWidget* lista) {
+            const std::unique_ptr<QMimeData> datos(
+                origen->model()->mimeData(origen->selectionModel()->selectedIndexes()));
+            QDragEnterEvent entra(QPoint(4, 4), Qt::MoveAction, datos.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(lista->viewport(), &entra);
+            if (!entra.isAccepted())
+                return false;
+            QDropEvent evento(QPointF(4, 4), Qt::MoveAction, datos.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(lista->viewport(), &evento);
+            return evento.isAccepted();
+        };
+        QVERIFY(suelte(destino)); // delante del que ya estaba
+        QCOMPARE(s.p->zonas->disposicion().columnas, (QStringList{"CENTRO", "PROY"}));
+        s.escoja(Zona::Campos, "DEBITOS");
+        QVERIFY(!suelte(destino)); // una cifra no cabe
+        QCOMPARE(s.p->zonas->disposicion().columnas, (QStringList{"CENTRO", "PROY"}));
+        QVERIFY(suelte(s.p->zonas->lista(Zona::Valores)));
+        QCOMPARE(s.p->zonas->disposicion().valores.size(), 2);
+    }
+
+    void un_filtro_deja_pasar_lo_que_se_escoja_y_el_nivel_lo_dice_la_rejilla() {
+        Comparativo s;
+        s.escoja(Zona::Filtros, "NIVEL");
+        Interlocutor i;
+        i.espere_modal("filtro_cubo", [](QWidget* w) {
+            auto* valores = w->findChild<QListWidget*>("valores");
+            for (int n = 0; n < valores->count(); ++n)
+                valores->item(n)->setCheckState(valores->item(n)->text() == "1" ? Qt::Checked
+                                                                                : Qt::Unchecked);
+            w->findChild<QPushButton*>("aceptar")->click();
+        });
+        oprima(Qt::Key_Return);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.p->zonas->disposicion().solo["NIVEL"], QSet<QString>{"1"});
+        QVERIFY(s.fila(0).startsWith("4 Ingresos"));
+        QCOMPARE(s.p->zonas->lista(Zona::Filtros)->item(0)->text(), QString("Nivel: 1"));
+        s.escoja(Zona::Columnas, "PROY");
+        oprima(Qt::Key_F);
+        s.p->rejilla->setFocus();
+        const int desplegadas = s.filas();
+        oprima(Qt::Key_Minus, Qt::KeypadModifier);
+        QVERIFY(s.filas() < desplegadas);
+        QCOMPARE(s.p->zonas->disposicion().nivel_filas, 1);
+        s.p->rejilla->setCurrentIndex(s.p->rejilla->modelo().index(0, 0));
+        const int plegadas = s.filas();
+        oprima(Qt::Key_Space);
+        QVERIFY(s.filas() > plegadas);
+        oprima(Qt::Key_Plus, Qt::KeypadModifier);
+        QCOMPARE(s.filas(), desplegadas);
+    }
+
+    void las_plantillas_se_graban_se_listan_y_se_cargan() {
+        Comparativo s;
+        QStringList nombres;
+        for (int n = 0; n < s.p->ComboBox1->count(); ++n)
+            nombres << s.p->ComboBox1->itemText(n);
+        QCOMPARE(nombres, (QStringList{"comparacentros.mds", "participacion.mds"}));
+        QCOMPARE(s.p->ComboBox1->currentIndex(), -1); // sin nombre, la de siempre
+        s.p->ComboBox1->setCurrentText("participacion.mds");
+        oprima(Qt::Key_F2);
+        QVERIFY(s.fila(0).contains("100.00 %"));
+        tome_foto(&s.ventana, "participacion");
+        s.escoja(Zona::Filas, "CUENTA");
+        oprima(Qt::Key_T);
+        s.escoja(Zona::Columnas, "PROY");
+        oprima(Qt::Key_F);
+        const DisposicionCubo mia = s.p->zonas->disposicion();
+        Interlocutor i;
+        i.espere_modal("grabar_plantilla", [](QWidget* w) {
+            w->findChild<QLineEdit*>("fileNameEdit")->setText("mi centro");
+            QMetaObject::invokeMethod(w, "accept");
+        });
+        componente<QPushButton>(s.p, "SbGrabar").click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(QFile::exists(s.base.ruta() + "/contabilidad/Reportes/mi centro.mds"));
+        QCOMPARE(s.p->ComboBox1->currentText(), QString("mi centro.mds"));
+        s.p->ComboBox1->setCurrentText("comparacentros.mds");
+        oprima(Qt::Key_F2);
+        QVERIFY(!(s.p->zonas->disposicion() == mia));
+        s.p->ComboBox1->setCurrentText("mi centro.mds");
+        oprima(Qt::Key_F2);
+        QVERIFY(s.p->zonas->disposicion() == mia);
+        // Una plantilla dañada se dice con su renglón, y lo que se veía sigue.
+        QFile mala(s.base.ruta() + "/contabilidad/Reportes/mi centro.mds");
+        QVERIFY(mala.open(QIODevice::WriteOnly));
+        mala.write("filas = NADA\n");
+        mala.close();
+        i.espere_modal("dialogo", [](QWidget* w) {
+            QVERIFY(qobject_cast<QMessageBox*>(w)->text().contains(
+                "mi centro.mds, renglón 1: no hay un campo NADA."));
+            QTest::keyClick(w, Qt::Key_Escape);
+        });
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.p->zonas->disposicion() == mia);
+    }
+
+    void lo_que_se_ve_sale_al_libro() {
+        Comparativo s;
+        QTemporaryDir carpeta;
+        const QString ruta = carpeta.filePath("centros");
+        Interlocutor i;
+        i.espere_modal("guardar_cubo", [=](QWidget* w) {
+            w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
+            QMetaObject::invokeMethod(w, "accept");
+        });
+        oprima(Qt::Key_F4);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        const QString leido = salida_de("xls2csv", {"-q0", "-c|", ruta + ".xls"});
+        QVERIFY2(leido.contains("-1000011.36"), qPrintable(leido));
+    }
+};
+
+QTEST_MAIN(PruebaComparaCentros)
+#include "prueba_compara_centros.moc"

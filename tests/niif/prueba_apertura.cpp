@@ -1,0 +1,457 @@
+// La apertura NIIF y la conciliación, con teclas: traer, rehacer, anotar, la hoja de cálculo,
+// borrar, imprimir, llevar a los saldos iniciales, y de una diferencia a su comprobante.
+#include "apoyo/comprobantes.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "niif/apertura.h"
+#include "niif/peticiones_niif.h"
+#include "niif/registro.h"
+#include "niif/tfbalaperturaniif.h"
+#include "niif/tfconciliacta.h"
+#include "niif/tfconciliapat.h"
+#include "niif/tfmovbalapniif.h"
+
+#include "toolkit/controles/editornumero.h"
+#include "toolkit/controles/memodato.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QtTest>
+
+namespace {
+const QString kTraer =
+    "Esta opción copia los saldos detallados por tercero y centro del plan COLGAP "
+    "(Dec.2649) al plan NIIF. (Puede demorar varios minutos). Desea continuar?";
+const QString kFaltan = "Faltan cuentas por reclasificar o ajustar. Esta seguro de Salir?";
+const QString kBorrar =
+    "Desea borrar definitivamente los saldos iniciales de NIIF trabajados a la fecha?";
+} // namespace
+
+class PruebaApertura : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup() {
+        i_.reset();
+        s_.reset();
+    }
+
+    void un_saldo_pasa_en_dos_lineas_data();
+    void un_saldo_pasa_en_dos_lineas();
+    void traer_saldos_los_cruza_todos_y_no_se_repite();
+    void el_detalle_no_cierra_descuadrado_y_guarda_la_nota();
+    void una_linea_nueva_nace_con_el_saldo_y_suma_su_final();
+    void borrar_la_hoja_pregunta_y_tambien_graba();
+    void salir_con_cambios_pregunta();
+    void la_hoja_de_calculo_va_y_vuelve();
+    void sin_programa_de_hojas_se_dice();
+    void llevarla_a_los_saldos_iniciales_dice_las_cifras();
+    void dos_usuarios_en_la_misma_cuenta_no_se_pisan();
+    void sin_la_opcion_no_se_entra();
+    void la_conciliacion_llega_hasta_el_comprobante();
+
+private:
+    Tfbalaperturaniif* abra() { return s_->abra<Tfbalaperturaniif>("Tfbalaperturaniif"); }
+    Tfbalaperturaniif* traiga() {
+        Tfbalaperturaniif* p = abra();
+        i_->espere(kTraer, "Sí");
+        i_->espere("Se trajeron los saldos de 4 cuentas. Grábelos con F2.");
+        oprima(Qt::Key_F7);
+        return p;
+    }
+    void grabe_y_siga() {
+        i_->espere(kFaltan, "No");
+        oprima(Qt::Key_F2);
+    }
+    /// Deja la rejilla principal en la cuenta y abre su detalle.
+    void detalle(Tfbalaperturaniif* p, const QString& cuenta) {
+        QVERIFY(p->CAjusniif.Locate("CODIGO", {cuenta}));
+        p->DBGridEh1->setFocus();
+        oprima(Qt::Key_F5);
+        QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
+    }
+    QString hoja_de_mentira(const QByteArray& guion) {
+        const QString ruta = s_->base.ruta() + "/hoja.sh";
+        QFile f(ruta);
+        if (!f.open(QIODevice::WriteOnly))
+            qFatal("no se pudo escribir");
+        f.write("#!/bin/sh\n" + guion);
+        f.close();
+        f.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        return ruta;
+    }
+
+    std::optional<SesionGui> s_;
+    std::optional<Interlocutor> i_;
+};
+
+void PruebaApertura::init() {
+    s_.emplace();
+    i_.emplace();
+    registre_pantallas_niif();
+    s_->base.ejecute({"update configuracion set conf_valor = '2018' where conf_propiedad in ('AÑO "
+                      "BALANCE DE APERTURA NIIF', 'AÑO DE INICIO NIIF')"});
+    s_->dm.cargue_configuracion();
+    // Caja 100; clientes 50 y 30; capital -160; y una venta, que no se trae.
+    grabe(s_->base.base(), {1,
+                            "000001",
+                            "20170301",
+                            {{1, "110505", 100, 0},
+                             {2, "130505", 50, 0, "900123456"},
+                             {3, "130505", 30, 0, "860002964"},
+                             {4, "310505", 0, 160},
+                             {5, "413505", 0, 20, {}, "0002", "0001"}}});
+    grabe(s_->base.base(), {2, "000002", "20171305", {{1, "152405", 7, 0}, {2, "110505", 0, 7}}});
+    grabe(s_->base.base(),
+          {3, "000003", "20180105", {{1, "110505", 999, 0}, {2, "111005", 0, 999}}});
+}
+
+void PruebaApertura::un_saldo_pasa_en_dos_lineas_data() {
+    QTest::addColumn<QString>("saldo");
+    QTest::addColumn<QString>("sale");
+    QTest::addColumn<QString>("entra");
+    // saldo inicial, reclasificación débito y crédito, saldo final
+    QTest::newRow("débito") << "93.5"
+                            << "93.5|0|93.5|0"
+                            << "0|93.5|0|93.5";
+    QTest::newRow("crédito") << "-160"
+                             << "-160|160|0|0"
+                             << "0|0|160|-160";
+    QTest::newRow("cero") << "0"
+                          << "0|0|0|0"
+                          << "0|0|0|0";
+}
+
+void PruebaApertura::un_saldo_pasa_en_dos_lineas() {
+    QFETCH(QString, saldo);
+    QFETCH(QString, sale);
+    QFETCH(QString, entra);
+    const auto lineas = lineas_de_traslado({"1", {}, {}, {}, "2", Moneda::de_texto(saldo)});
+    const auto texto = [](const LineaApertura& l) {
+        return QStringList{l.saldo_inicial.texto(), l.reclasificacion_debito.texto(),
+                           l.reclasificacion_credito.texto(), l.saldo_final.texto()}
+            .join('|');
+    };
+    QCOMPARE(lineas.size(), 2);
+    QCOMPARE(texto(lineas[0]), sale);
+    QCOMPARE(texto(lineas[1]), entra);
+    QCOMPARE(lineas[0].cuenta + '/' + lineas[0].cuenta_niif, QString("1/"));
+    QCOMPARE(lineas[1].cuenta + '/' + lineas[1].cuenta_niif, QString("/2"));
+    // La regla del saldo final es la misma que usa la pantalla.
+    for (const LineaApertura& l : lineas)
+        QCOMPARE(saldo_de_linea(l.saldo_inicial, {}, {}, l.reclasificacion_debito,
+                                l.reclasificacion_credito),
+                 l.saldo_final);
+}
+
+void PruebaApertura::traer_saldos_los_cruza_todos_y_no_se_repite() {
+    Tfbalaperturaniif* p = traiga();
+    QCOMPARE(s_->dato("select count(*) from apertura_niif"), QString("0")); // aún sin grabar
+    grabe_y_siga();
+    QCOMPARE(filas_de(s_->base.base(), "select cuen_cod, apni_cuenniif, apni_saldoant from "
+                                       "apertura_niif order by cuen_cod"),
+             QString("110505|110505|93\n130505|130505|80\n152405|152405|7\n310505|310505|-160"));
+    QCOMPARE(
+        filas_de(s_->base.base(),
+                 "select cuen_cod, apnd_item, apnd_cuenta, apnd_ctaniif, terc_nit, apnd_recldb, "
+                 "apnd_reclcr, apnd_saldofin from apertura_niif_det where cuen_cod = '130505' "
+                 "order by apnd_item"),
+        QString("130505|1|130505||860002964|0|30|0\n130505|2||130505|860002964|30|0|30\n"
+                "130505|3|130505||900123456|0|50|0\n130505|4||130505|900123456|50|0|50"));
+    // Lo que sale es lo que entra.
+    QCOMPARE(s_->dato("select sum(apnd_recldb - apnd_reclcr + apnd_debito - apnd_credito) from "
+                      "apertura_niif_det"),
+             QString("0"));
+    QCOMPARE(p->Difdeb->text(), QString());
+    QVERIFY(p->CAjusniif.Locate("CODIGO", {"110505"}));
+    QCOMPARE(p->CAjusniif.FieldByName("FINAL").texto(), QString("0"));
+    QCOMPARE(p->CAjusniif.FieldByName("NUEVO").texto(), QString("93"));
+    QCOMPARE(p->CAjusniif.FieldByName("CUENTANIIF").texto(), QString("110505"));
+    i_->espere("Ya hay movimientos de apertura regstrados. Debe Borrarlos antes de poder traer los "
+               "saldos.");
+    oprima(Qt::Key_F7);
+    // F6: el libro lo dice la columna.
+    p->DBGridEh1->SelectedIndex(9);
+    oprima(Qt::Key_F6);
+    auto* m = qobject_cast<Tfmovbalapniif*>(escritorio()->activa());
+    QVERIFY(m);
+    QCOMPARE(valores_de(m->CMovimiento, "APND_DEBITO"), QStringList("93"));
+    oprima(Qt::Key_Escape);
+    agote_eventos();
+    p->DBGridEh1->SelectedIndex(2);
+    oprima(Qt::Key_F6);
+    m = qobject_cast<Tfmovbalapniif*>(escritorio()->activa());
+    QCOMPARE(valores_de(m->CMovimiento, "APND_CREDITO"), QStringList("93"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::el_detalle_no_cierra_descuadrado_y_guarda_la_nota() {
+    Tfbalaperturaniif* p = traiga();
+    grabe_y_siga();
+    detalle(p, "110505");
+    QVERIFY2(p->Ancestros->text().startsWith("1 "), qPrintable(p->Ancestros->text()));
+    p->CAperniifdet.First();
+    p->CAperniifdet.Edit();
+    p->CAperniifdet.FieldByName("APND_DEBITO") = 10;
+    p->CAperniifdet.Post();
+    i_->espere("No puede grabar un ajuste NIIF descuadrado.");
+    oprima(Qt::Key_F2);
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
+    // F5 en la línea que sigue pone lo que cuadra.
+    p->CAperniifdet.Cancel();
+    p->CAperniifdet.Next();
+    p->DBGridEh2->setFocus();
+    oprima(Qt::Key_F5);
+    QCOMPARE(p->CAperniifdet.FieldByName("APND_CREDITO").texto(), QString("10"));
+    QCOMPARE(p->CAperniifdet.FieldByName("APND_SALDOFIN").texto(), QString("83"));
+    p->APNI_NOTA->setFocus();
+    digite("Deterioro");
+    oprima(Qt::Key_F2);
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Principal));
+    grabe_y_siga();
+    QCOMPARE(s_->dato("select apni_nota from apertura_niif where cuen_cod = '110505'"),
+             QString("Deterioro"));
+    QCOMPARE(s_->dato("select debito from balance_inicial_niif where cuenta = '110505'"),
+             QString("83"));
+    QCOMPARE(s_->dato("select sum(apnd_debito - apnd_credito) from apertura_niif_det"),
+             QString("0"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::una_linea_nueva_nace_con_el_saldo_y_suma_su_final() {
+    Tfbalaperturaniif* p = abra();
+    detalle(p, "110505"); // aún no está en la hoja
+    QCOMPARE(p->CSaldos.FieldByName("APNI_CUENNIIF").texto(), QString("110505"));
+    p->CAperniifdet.Append();
+    const auto campo = [&](const char* c) { return p->CAperniifdet.FieldByName(c).texto(); };
+    QCOMPARE(campo("APND_ITEM"), QString("1"));
+    QCOMPARE(campo("APND_CUENTA"), QString("110505"));
+    QCOMPARE(campo("APND_SALDOINI"), QString("93"));
+    QCOMPARE(campo("APND_RECLCR"), QString("93"));
+    QCOMPARE(campo("APND_SALDOFIN"), QString("0"));
+    p->CAperniifdet.FieldByName("APND_RECLCR") = 90;
+    QCOMPARE(campo("APND_SALDOFIN"), QString("3"));
+    p->CAperniifdet.FieldByName("TERC_NIT") = "52345678";
+    i_->espere_comienzo("Tercero");
+    p->CAperniifdet.FieldByName("TERC_NIT") = "1";
+    QCOMPARE(campo("TERC_NIT"), QString());
+    p->CAperniifdet.Post();
+    // Sin ninguna de las dos cuentas la línea no entra.
+    p->CAperniifdet.Append();
+    p->CAperniifdet.FieldByName("APND_CUENTA") = "";
+    QVERIFY_EXCEPTION_THROWN(p->CAperniifdet.Post(), EdicionAbortada);
+    QCOMPARE(p->CAperniifdet.RecordCount(), 1);
+    oprima(Qt::Key_Escape);
+    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+    oprima(Qt::Key_Escape);
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::borrar_la_hoja_pregunta_y_tambien_graba() {
+    Tfbalaperturaniif* p = traiga();
+    grabe_y_siga();
+    i_->espere(kBorrar, "No");
+    oprima(Qt::Key_F3);
+    QCOMPARE(s_->dato("select count(*) from apertura_niif"), QString("4"));
+    i_->espere(kBorrar, "Sí");
+    i_->espere(kFaltan, "No");
+    oprima(Qt::Key_F3);
+    QCOMPARE(s_->dato("select count(*) from apertura_niif_det"), QString("0"));
+    QVERIFY(p->CSaldos.IsEmpty());
+    i_->espere(kTraer, "No"); // y se puede volver a traer
+    oprima(Qt::Key_F7);
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::salir_con_cambios_pregunta() {
+    traiga();
+    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "No");
+    oprima(Qt::Key_Escape);
+    QVERIFY(escritorio()->abierta("Tfbalaperturaniif"));
+    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+    oprima(Qt::Key_Escape);
+    agote_eventos();
+    QVERIFY(!escritorio()->abierta("Tfbalaperturaniif"));
+    QCOMPARE(s_->dato("select count(*) from apertura_niif"), QString("0"));
+}
+
+void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
+    Tfbalaperturaniif* p = traiga();
+    grabe_y_siga();
+    detalle(p, "110505");
+    // El programa espera a que le digan; la primera hoja nace en blanco.
+    qputenv("QUORVEX_HOJA_CALCULO",
+            hoja_de_mentira("head -c 2 \"$1\" > \"$1.visto\"\n"
+                            "while [ ! -e \"$1.siga\" ]; do sleep 0.05; done\n"
+                            "printf 'PK editada' > \"$1\"\n")
+                .toLocal8Bit());
+    const QString ruta = s_->base.ruta() + "/Apniif110505.xlsx";
+    componente<QPushButton>(p, "AdvGlowButton7").click();
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Hoja));
+    QCOMPARE(p->hoja.ruta(), ruta);
+    QTRY_VERIFY(QFile::exists(ruta + ".visto"));
+    i_->espere("Guarde la hoja y cierre el programa de hojas de cálculo antes de continuar.");
+    oprima(Qt::Key_F2);
+    QFile siga(ruta + ".siga");
+    QVERIFY(siga.open(QIODevice::WriteOnly));
+    siga.close();
+    QTRY_VERIFY(!p->hoja.en_uso());
+    oprima(Qt::Key_F2);
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
+    QVERIFY(!QFile::exists(ruta));
+    QCOMPARE(p->CSaldos.FieldByName("APNI_ARCHIVO").valor().binario(), QByteArray("PK editada"));
+    // Con Esc no queda nada, aunque el programa la haya cambiado.
+    qputenv("QUORVEX_HOJA_CALCULO",
+            hoja_de_mentira("cp \"$1\" \"$1.visto\"\nprintf 'PK otra' > \"$1\"\n").toLocal8Bit());
+    componente<QPushButton>(p, "AdvGlowButton7").click();
+    QTRY_VERIFY(!p->hoja.en_uso());
+    QFile visto(ruta + ".visto");
+    QVERIFY(visto.open(QIODevice::ReadOnly));
+    QCOMPARE(visto.readAll(), QByteArray("PK editada")); // lo guardado es lo que se abre
+    oprima(Qt::Key_Escape);
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
+    QVERIFY(!QFile::exists(ruta));
+    oprima(Qt::Key_F2);
+    grabe_y_siga();
+    QCOMPARE(s_->base.base()
+                 .consulte("select apni_archivo from apertura_niif where cuen_cod = '110505'")
+                 .binario(),
+             QByteArray("PK editada"));
+    // Un archivo que dejó de ser un libro no se recoge.
+    detalle(p, "110505");
+    qputenv("QUORVEX_HOJA_CALCULO", hoja_de_mentira("printf texto > \"$1\"\n").toLocal8Bit());
+    componente<QPushButton>(p, "AdvGlowButton7").click();
+    QTRY_VERIFY(!p->hoja.en_uso());
+    i_->espere_comienzo("Se presento el siguiente error: " + ruta +
+                        " no quedó como un libro xlsx.");
+    oprima(Qt::Key_F2);
+    oprima(Qt::Key_Escape);
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::sin_programa_de_hojas_se_dice() {
+    Tfbalaperturaniif* p = traiga();
+    detalle(p, "110505");
+    qputenv("QUORVEX_HOJA_CALCULO", "/no/esta");
+    i_->espere_comienzo("Se presento el siguiente error: No se encontró en este equipo un programa "
+                        "de hojas de cálculo.");
+    componente<QPushButton>(p, "AdvGlowButton7").click();
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    oprima(Qt::Key_Escape);
+    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+    oprima(Qt::Key_Escape);
+}
+
+void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
+    traiga();
+    i_->espere("Grabe antes la hoja con F2: los saldos iniciales salen de lo grabado.");
+    oprima(Qt::Key_F12);
+    grabe_y_siga();
+    // Sin la utilidad del año, las clases 1 a 3 no cuadran.
+    i_->espere("El balance de apertura está descuadrado: débitos 180.00, créditos 160.00.");
+    oprima(Qt::Key_F12);
+    s_->base.ejecute({"insert into apertura_niif (cuen_cod) values ('360505')",
+                      "insert into apertura_niif_det (cuen_cod, apnd_item, apnd_ctaniif, "
+                      "apnd_reclcr) values ('360505', 1, '360505', 20)",
+                      "insert into saldos_iniciales_niif (sain_item, cuen_cod, sain_debito) values "
+                      "(1, '110505', 1)"});
+    const QString pregunta =
+        "Se reemplazarán los 1 saldos iniciales NIIF que hay por los 6 de esta "
+        "hoja: débitos 180.00, créditos 180.00. Desea continuar?";
+    i_->espere(pregunta, "No");
+    oprima(Qt::Key_F12);
+    QCOMPARE(s_->dato("select count(*) from saldos_iniciales_niif"), QString("1"));
+    i_->espere(pregunta, "Sí");
+    i_->espere("Los saldos iniciales NIIF son ahora los del balance de apertura.");
+    oprima(Qt::Key_F12);
+    QCOMPARE(filas_de(s_->base.base(), "select cuen_cod, terc_nit, sain_debito, sain_credito from "
+                                       "saldos_iniciales_niif order by sain_item"),
+             QString("110505||93|0\n130505|860002964|30|0\n130505|900123456|50|0\n152405||7|0\n"
+                     "310505||0|160\n360505||0|20"));
+    QCOMPARE(saldos_distintos(s_->base.base()), QString());
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::dos_usuarios_en_la_misma_cuenta_no_se_pisan() {
+    Tfbalaperturaniif* p = traiga();
+    grabe_y_siga();
+    s_->base.base().ejecute("update apertura_niif set apni_nota = 'la del otro' where cuen_cod = "
+                            "'110505'");
+    detalle(p, "110505");
+    p->APNI_NOTA->setFocus();
+    digite("la mia");
+    oprima(Qt::Key_F2);
+    i_->espere_comienzo("");
+    oprima(Qt::Key_F2);
+    QCOMPARE(s_->dato("select apni_nota from apertura_niif where cuen_cod = '110505'"),
+             QString("la del otro"));
+    QVERIFY(p->CSaldos.ChangeCount() > 0); // lo suyo sigue en la pantalla
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+    oprima(Qt::Key_Escape);
+}
+
+void PruebaApertura::sin_la_opcion_no_se_entra() {
+    s_->dm.administrador = false;
+    s_->dm.usuario = "AUXILIAR";
+    s_->niegue(80);
+    i_->espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+    QVERIFY(!abra());
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
+    // NIIF lleva 90 de los 100 de caja y todo el capital: difiere en caja y bancos.
+    grabe(s_->base.base(), {4,
+                            "000004",
+                            "20180201",
+                            {{1, "110505", 40, 0}, {2, "310505", 0, 40}},
+                            {{1, "110505", 35, 0}, {2, "310505", 0, 35}}});
+    auto* p = s_->abra<Tfconciliapat>("Tfconciliapat", AbreConciliacion{"2018", false});
+    QVERIFY(p);
+    p->EMes->setCurrentIndex(13);
+    oprima(Qt::Key_F6);
+    QVERIFY(p->CConcilia.Locate("CUENTA", {"110505"}));
+    const auto campo = [&](const char* c) { return p->CConcilia.FieldByName(c).texto(); };
+    QCOMPARE(campo("SALDO"), QString("1132"));
+    QCOMPARE(campo("SALDONIIF"), QString("35"));
+    QCOMPARE(campo("DIFERENCIA"), QString("1097"));
+    QCOMPARE(campo("PORCENTAJE"), QString("96.91"));
+    // Las de nivel 1 suman lo que las subcuentas.
+    Moneda niveles[6];
+    for (p->CConcilia.First(); !p->CConcilia.Eof(); p->CConcilia.Next())
+        niveles[p->CConcilia.FieldByName("NIVEL").entero()] +=
+            p->CConcilia.FieldByName("DIFERENCIA").moneda();
+    QCOMPARE(niveles[1].texto(), niveles[4].texto());
+    p->CConcilia.Locate("CUENTA", {"110505"});
+    oprima(Qt::Key_F8);
+    auto* c = qobject_cast<Tfconciliacta*>(escritorio()->activa());
+    QVERIFY(c);
+    QCOMPARE(valores_de(c->CDetalle, "DIF"), QStringList({"93", "999", "5"}));
+    QCOMPARE(valores_de(c->CDetalle, "CONCEPTO").value(0), QString("Saldo al comenzar el año"));
+    QString abierto;
+    registre_testigo("Tfedtmovimien", [&](const Pantalla& e) {
+        abierto = e.peticion<AbreComprobante>().comprobante_encontrado;
+    });
+    c->CDetalle.First();
+    oprima(Qt::Key_F4); // el saldo inicial no es un comprobante
+    QCOMPARE(abierto, QString());
+    c->CDetalle.Last();
+    oprima(Qt::Key_F4);
+    QCOMPARE(abierto, QString("4"));
+    oprima(Qt::Key_Escape);
+    escritorio()->abierta("Tfedtmovimien")->close();
+    agote_eventos();
+    c->CDetalle.Last();
+    i_->espere("Desea borrar definitivamente el comprobante CG 0001 000004?", "Sí");
+    oprima(Qt::Key_F3);
+    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado where enco_consec = 4"),
+             QString("0"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+QTEST_MAIN(PruebaApertura)
+#include "prueba_apertura.moc"

@@ -1,0 +1,279 @@
+// Estados de dos compañías sumadas: cada cuenta de la primera con la suya de la segunda, y lo que
+// solo tiene la segunda, dicho en la barra.
+#include "apoyo/servidor_prueba.h"
+#include "apoyo_gui/fotos.h"
+#include "ledger/libro_al_azar.h"
+#include "reports/informe_de_prueba.h"
+#include "reports/registro_definibles.h"
+#include "reports/tfrngbalanceconsol.h"
+#include "reports/tfrngresulconsol.h"
+#include "toolkit/barraestado.h"
+
+#include <QDir>
+#include <QScopeGuard>
+#include <QSpinBox>
+
+namespace {
+
+/// La sesión es de la 001; la 002 es otra copia de la plantilla, con otro libro.
+struct DosCompanias : SesionGui {
+    DosCompanias() {
+        registre_pantallas_definibles();
+        dm.barra(&barra);
+        const QString ruta = base.ubicacion().base_compania("002");
+        QDir().mkpath(QFileInfo(ruta).path());
+        if (!QFile::copy(QDir(plantilla_de_bases()).filePath("datos/001/quorvex.fdb"), ruta))
+            qFatal("no se pudo copiar la plantilla");
+        ParametrosConexion p = base.parametros();
+        p.base = ruta;
+        segunda.conectar(p);
+        base.general().ejecute("update or insert into compania (comp_cod, com_nombre) values "
+                               "('002', 'La segunda') matching (comp_cod)");
+    }
+    ~DosCompanias() { dm.barra(nullptr); }
+
+    template <class T> T* pantalla(const char* nombre, const char* tipo) {
+        auto* p = abra<T>(nombre, AbreInforme{tipo});
+        p->CodCia1->setText("002");
+        p->CodCia1->setFocus();
+        oprima(Qt::Key_Tab);
+        return p;
+    }
+    /// Filas de una compañía por código, con los argumentos del informe.
+    QMap<QString, QStringList> filas(Conexion& c, const QString& sql) {
+        QMap<QString, QStringList> por_codigo;
+        const auto cursor = c.abra(sql);
+        while (cursor->siguiente())
+            por_codigo[cursor->valor(0).texto()] = {
+                cursor->valor(1).texto(), cursor->valor(2).texto(), cursor->valor(3).texto(),
+                cursor->valor(4).texto()};
+        return por_codigo;
+    }
+
+    Conexion segunda;
+    AvisosBarra barra;
+};
+
+/// Mira las filas cuando ya están sumadas.
+struct BalanceVisto : Tfrngbalanceconsol {
+    QMap<QString, QStringList> filas;
+    void despues_de_abrir() override {
+        Tfrngbalanceconsol::despues_de_abrir();
+        for (CAuxiliar.First(); !CAuxiliar.Eof(); CAuxiliar.Next()) {
+            QStringList fila;
+            for (const char* columna : {"INICIAL", "DEBITOS", "CREDITOS", "FINAL"})
+                fila << CAuxiliar.FieldByName(columna).texto();
+            filas[CAuxiliar.FieldByName("CODIGO").texto()] = fila;
+        }
+        CAuxiliar.First();
+    }
+};
+
+QStringList sumadas(const QStringList& a, const QStringList& b) {
+    QStringList r;
+    for (qsizetype i = 0; i < a.size(); ++i)
+        r << (Moneda::de_texto(a[i]) + (b.isEmpty() ? Moneda() : Moneda::de_texto(b[i]))).texto();
+    return r;
+}
+
+QString renglon_con(const QString& texto, const QString& comienzo) {
+    for (const QString& r : texto.split('\n'))
+        if (r.simplified().startsWith(comienzo))
+            return r.simplified();
+    return {};
+}
+
+} // namespace
+
+class PruebaConsolidados : public QObject {
+    Q_OBJECT
+private slots:
+    void dos_companias_al_azar_suman_lo_de_las_dos_menos_lo_omitido() {
+        QRandomGenerator azar = azar_de_prueba(2016);
+        DosCompanias s;
+        comprobantes_al_azar(s.base.base(), azar, 1, 60);
+        comprobantes_al_azar(s.segunda, azar, 1, 60);
+        pantallas().registre("Tfrngbalanceconsol", [] { return new BalanceVisto; });
+        // Cuentas que solo tiene la segunda: un grupo entero, y una bajo un grupo que las dos usan.
+        for (const char* c : {"12", "1205", "120505"})
+            s.segunda.ejecute(QString("insert into cuentas (cuen_cod, cuen_nom) values ('%1', "
+                                      "'Acciones')")
+                                  .arg(c));
+        s.segunda.ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('111095', 'Otros')");
+        grabe(s.segunda, {900,
+                          "000900",
+                          "20180115",
+                          {{1, "120505", Moneda(700), Moneda()},
+                           {2, "111095", Moneda(), Moneda(200)},
+                           {3, "110505", Moneda(), Moneda(500)}}});
+        for (int vez = 0; vez < 4; ++vez) {
+            const int ano = 2018, mes = 1 + azar.bounded(13);
+            s.cnt.ano_actual = QString::number(ano);
+            s.cnt.periodo_actual = mes - 1;
+            auto* p = static_cast<BalanceVisto*>(
+                s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "P"));
+            QMap<QString, QStringList> copia;
+            Interlocutor i;
+            i.espere_modal("OpcionesImpresion", [&](QWidget* w) {
+                copia = p->filas; // las hojas ya están compuestas
+                w->findChild<QPushButton*>("cancelar")->click();
+            });
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            const QString sql =
+                QString("select codigo, inicial, debitos, creditos, final from "
+                        "balance_mes('%1', %2, 'N', 'N', 'N', 'N') where nivel <= 5")
+                    .arg(ano)
+                    .arg(mes);
+            const auto a = s.filas(s.base.base(), sql), b = s.filas(s.segunda, sql);
+            QVERIFY(!a.isEmpty());
+            QCOMPARE(copia.keys(), a.keys());
+            for (const QString& codigo : a.keys())
+                QCOMPARE(copia[codigo], sumadas(a[codigo], b[codigo]));
+            QVERIFY(b.contains("120505") && !a.contains("120505"));
+            QVERIFY2(s.barra.text().contains("compañía 002"), qPrintable(s.barra.text()));
+        }
+    }
+
+    void lo_omitido_se_cuenta_una_vez_y_con_su_saldo() {
+        DosCompanias s;
+        s.cnt.periodo_actual = 0;
+        for (Conexion* c : {&s.base.base(), &s.segunda})
+            grabe(*c,
+                  {1,
+                   "000001",
+                   "20170105",
+                   {{1, "110505", Moneda(1000), Moneda()}, {2, "310505", Moneda(), Moneda(1000)}}});
+        grabe(s.segunda, {2,
+                          "000002",
+                          "20170106",
+                          {{1, "130505", Moneda(700), Moneda(), "900123456"},
+                           {2, "220505", Moneda(), Moneda(200), "800456789"},
+                           {3, "110505", Moneda(), Moneda(500)}}});
+        auto* p = s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "P");
+        QCOMPARE(p->NomCia1->text(), QString("La segunda"));
+        tome_foto(&s.ventana, "consolidado");
+        const QString texto = informe_como_texto(p, Qt::Key_F2);
+        QVERIFY(texto.contains("Balance de Prueba Consolidado"));
+        QVERIFY2(renglon_con(texto, "110505").endsWith("0.00 2,000.00 500.00 1,500.00"),
+                 qPrintable(renglon_con(texto, "110505")));
+        QVERIFY(!texto.contains("130505"));
+        // La clase 1 de las dos, con sus 700; la clase 2, que la primera no tiene, falta.
+        QVERIFY2(renglon_con(texto, "Total").contains("0.00 2,700.00 2,500.00"),
+                 qPrintable(renglon_con(texto, "Total")));
+        // 13, 1305 y 130505 son la misma plata, y 2205 lo mismo.
+        QCOMPARE(s.barra.text(), QString("Advertencia: Sin consolidar: 2 cuentas que solo tiene la "
+                                         "compañía 002, con saldos por "
+                                         "700.00 al débito y 200.00 al crédito."));
+    }
+
+    void sin_cuentas_en_comun_salen_las_de_la_primera_y_el_general_cuadra() {
+        DosCompanias s;
+        s.cnt.periodo_actual = 0;
+        grabe(s.base.base(), {1,
+                              "000001",
+                              "20170105",
+                              {{1, "110505", Moneda(900), Moneda()},
+                               {2, "413505", Moneda(), Moneda(900), "900123456", "0002", "0001"}}});
+        grabe(s.segunda, {1,
+                          "000001",
+                          "20170105",
+                          {{1, "143505", Moneda(50), Moneda()},
+                           {2, "220505", Moneda(), Moneda(50), "800456789"}}});
+        QString texto = informe_como_texto(
+            s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "P"), Qt::Key_F2);
+        QVERIFY(renglon_con(texto, "110505").endsWith("0.00 900.00 0.00 900.00"));
+        QVERIFY(s.barra.text().contains("2 cuentas"));
+        // Con algo en común, el balance general y el resultado son de las dos.
+        grabe(s.segunda, {2,
+                          "000002",
+                          "20170106",
+                          {{1, "110505", Moneda(100), Moneda()},
+                           {2, "413505", Moneda(), Moneda(100), "900123456", "0002", "0001"}}});
+        texto =
+            informe_como_texto(s.pantalla<Tfrngresulconsol>("Tfrngresulconsol", "G"), Qt::Key_F2);
+        QCOMPARE(renglon_con(texto, "Utilidad (pérdida) del ejercicio"),
+                 QString("Utilidad (pérdida) del ejercicio 1,000.00"));
+        QCOMPARE(renglon_con(texto, "Utilidad (pérdida) operacional"),
+                 QString("Utilidad (pérdida) operacional 1,000.00"));
+        texto = informe_como_texto(s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "G"),
+                                   Qt::Key_F2);
+        // La clase 1 está en las dos; el grupo 14 y la clase 2, solo en la segunda.
+        QCOMPARE(renglon_con(texto, "Total activo"), QString("Total activo 1,050.00"));
+        QVERIFY(renglon_con(texto, "Resultado del ejercicio en curso").endsWith("1,000.00"));
+        QVERIFY(s.barra.text().contains("2 cuentas"));
+    }
+
+    void en_un_servidor_la_segunda_se_abre_con_las_credenciales_de_la_sesion() {
+        SesionGui s;
+        registre_pantallas_definibles();
+        AvisosBarra barra;
+        s.dm.barra(&barra);
+        const auto suelte = qScopeGuard([&] { s.dm.barra(nullptr); });
+        ServidorDePrueba servidor;
+        const auto administra = [&](QStringList orden) {
+            qputenv("QUORVEX_CLAVE", ServidorDePrueba::kClave);
+            orden << "--ubicacion" << servidor.ubicacion().texto();
+            const ResultadoHerramienta r = administre(orden);
+            if (r.codigo)
+                QTest::qFail(qPrintable(r.errores + r.salida), __FILE__, __LINE__);
+        };
+        administra({"crear-compania", "--codigo", "002", "--nombre", "La segunda"});
+        administra({"usuario-crear", "--codigo", "ADMIN", "--nombre", "Ana", "--administrador",
+                    "--clave-usuario", ServidorDePrueba::kClave});
+        s.dm.Quorvex.desconectar();
+        s.dm.Quorvex.conectar(servidor.parametros());
+        ParametrosConexion segunda = servidor.parametros("SYSDBA");
+        segunda.base = servidor.ubicacion().base_compania("002");
+        Conexion dos;
+        dos.conectar(segunda);
+        dos.ejecute("insert into tipo_comprobante (tico_cod, tico_nom) values ('CG', 'General')");
+        dos.ejecute("insert into prefijos_conta (tico_cod, prco_pref, pref_numero) values ('CG', "
+                    "'0001', '1')");
+        for (const char* c : {"1", "11", "1105", "110505", "3", "31", "3105", "310505"})
+            dos.ejecute(QString("update or insert into cuentas (cuen_cod, cuen_nom) values ('%1', "
+                                "'Cuenta') matching (cuen_cod)")
+                            .arg(c));
+        for (Conexion* c : {&s.dm.Quorvex, &dos})
+            grabe(*c, {1,
+                       "000001",
+                       "20170105",
+                       {{1, "110505", Moneda(30), Moneda()}, {2, "310505", Moneda(), Moneda(30)}}});
+        dos.desconectar();
+        s.cnt.periodo_actual = 0;
+        auto* p = s.abra<Tfrngbalanceconsol>("Tfrngbalanceconsol", AbreInforme{"P"});
+        p->CodCia1->setText("002");
+        const QString texto = informe_como_texto(p, Qt::Key_F2);
+        QVERIFY2(renglon_con(texto, "110505").endsWith("0.00 60.00 0.00 60.00"),
+                 qPrintable(renglon_con(texto, "110505")));
+        QVERIFY(barra.text().isEmpty() || !barra.text().contains("Sin consolidar"));
+    }
+
+    void lo_que_falta_o_no_existe_se_dice_y_la_pantalla_queda_abierta() {
+        DosCompanias s;
+        auto* p = s.abra<Tfrngbalanceconsol>("Tfrngbalanceconsol", AbreInforme{"G"});
+        QCOMPARE(p->windowTitle(), QString("Balance General consolidado"));
+        QVERIFY(!componente<QSpinBox>(p, "Nivel").isEnabled());
+        const auto diga = [&](const QString& codigo, const QString& mensaje) {
+            p->CodCia1->setText(codigo);
+            Interlocutor i;
+            i.espere_comienzo(mensaje);
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(escritorio()->activa(), p);
+        };
+        diga("", "Debe indicar el código de la compañia a consolidar.");
+        diga("../", "Compañía no encontrada.");
+        diga("001", "La compañía 001 es la de esta sesión: escoja la otra.");
+        diga("009", ""); // su base no está: el mensaje es el de una conexión
+        Interlocutor i;
+        llene(p, "CodCia1", "777");
+        i.espere("Compañía no encontrada.");
+        oprima(Qt::Key_Tab);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(p->NomCia1->text().isEmpty());
+    }
+};
+
+QTEST_MAIN(PruebaConsolidados)
+#include "prueba_consolidados.moc"

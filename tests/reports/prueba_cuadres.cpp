@@ -1,0 +1,192 @@
+// Los estados cuadran por sí solos en cada mes de tres años, con diez niveles de cuentas, antes y
+// después del cierre; y cada fila, en rangos y períodos al azar, es la suma de sus líneas.
+#include "apoyo/azar_de_prueba.h"
+#include "apoyo/base_prueba.h"
+#include "apoyo/comprobantes.h"
+#include "libro_de_estados.h"
+
+class PruebaCuadres : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase();
+
+    void el_balance_cuadra_y_su_resultado_es_el_del_estado();
+    void el_mayor_cuadra_en_cada_mes();
+    void el_patrimonio_y_el_efectivo_terminan_en_los_libros();
+    void cada_fila_es_la_suma_de_sus_lineas_en_rangos_al_azar();
+
+private:
+    Conexion& base() { return base_->base(); }
+    QStringList filas(const QString& sql) {
+        return filas_de(base(), sql).split('\n', Qt::SkipEmptyParts);
+    }
+    Cifras todo(int libro, const Filtro& filtro, int ano, int desde, int hasta) {
+        Cifras c;
+        for (const auto& [llave, una] :
+             saldos(lineas_[libro], filtro, ano, desde, hasta).asKeyValueRange())
+            c.sume(una);
+        return c;
+    }
+    template <class Cual> void en_cada_mes(Cual cual) {
+        for (int libro : {0, 1})
+            for (int ano = kPrimerAnoLibro; ano < kPrimerAnoLibro + kAnosLibro; ++ano)
+                for (int mes = 1; mes <= 14; ++mes)
+                    cual(libro, ano, mes);
+    }
+    static Filtro resultados() {
+        return [](const Renglon& r) { return r.cuenta >= "4" && r.cuenta < "8"; };
+    }
+    static Filtro de(const QString& codigo) {
+        return [codigo](const Renglon& r) { return r.cuenta.startsWith(codigo); };
+    }
+
+    std::optional<BaseDePrueba> base_;
+    QVector<Renglon> lineas_[2];
+};
+
+void PruebaCuadres::initTestCase() {
+    base_.emplace();
+    arme_libro_de_estados(base(), 71);
+    for (int libro : {0, 1})
+        lineas_[libro] = renglones(base(), libro, true);
+}
+
+void PruebaCuadres::el_balance_cuadra_y_su_resultado_es_el_del_estado() {
+    int sin_cerrar = 0, cerrados = 0;
+    en_cada_mes([&](int libro, int ano, int mes) {
+        const QString balance = QString("balance_mes%1('%2', %3, 'N', '%4', 'S', 'N')")
+                                    .arg(sufijo(libro))
+                                    .arg(ano)
+                                    .arg(mes);
+        const Moneda utilidad = -todo(libro, resultados(), ano, mes, mes).final();
+        QCOMPARE(filas("select sum(iif(codigo = '1', sclase, -sclase)) from " + balance.arg("S") +
+                       " where codigo < '4' and nivel = 1"),
+                 QStringList{"0"});
+        QCOMPARE(base()
+                     .consulte("select coalesce(sum(sgrupo), 0) from " + balance.arg("S") +
+                               " where codigo = '39'")
+                     .moneda(),
+                 utilidad);
+        const Valor neto = base().consulte("select first 1 neto from " + balance.arg("N") +
+                                           " where codigo >= '4' and codigo < '8'");
+        if (!neto.nulo())
+            QCOMPARE(neto.moneda(), utilidad);
+        QCOMPARE(base()
+                     .consulte("select sclase from " + balance.arg("S") + " where codigo = '3'")
+                     .moneda(),
+                 utilidad - todo(libro, de("3"), ano, mes, mes).final());
+        (utilidad.es_cero() ? cerrados : sin_cerrar) += 1;
+    });
+    QVERIFY(sin_cerrar > 50 && cerrados >= 2); // el primer año quedó cerrado en los dos libros
+}
+
+void PruebaCuadres::el_mayor_cuadra_en_cada_mes() {
+    en_cada_mes([&](int libro, int ano, int mes) {
+        for (int nivel : {1, 2, 3})
+            QCOMPARE(filas(QString("select coalesce(sum(inidb - inicr), 0), coalesce(sum(debitos - "
+                                   "creditos), 0), coalesce(sum(findb - fincr), 0) from "
+                                   "mayor_y_balance('%1', %2, '%3', 'N') where nivel = %4")
+                               .arg(ano)
+                               .arg(mes)
+                               .arg(libro ? "S" : "N")
+                               .arg(nivel)),
+                     QStringList{"0|0|0"});
+    });
+}
+
+void PruebaCuadres::el_patrimonio_y_el_efectivo_terminan_en_los_libros() {
+    for (int ano = kPrimerAnoLibro; ano < kPrimerAnoLibro + kAnosLibro; ++ano) {
+        const QStringList patrimonio =
+            filas(QString("select totalsal, ok from cambios_patrimonio('%1')").arg(ano));
+        QCOMPARE(patrimonio.first().section('|', 0, 0),
+                 (-todo(0, de("3"), ano, 1, 14).inicial).texto());
+        // Termina en la clase 3 del balance general del cierre.
+        QCOMPARE(patrimonio.last(),
+                 base().consulte(QString("select sclase from balance_mes('%1', 14, 'N', 'S', "
+                                         "'N', 'N') where codigo = '3'")
+                                     .arg(ano))
+                         .texto() +
+                     "|S");
+        for (int libro : {0, 1}) {
+            const Cifras efectivo = todo(libro, de("11"), ano, 1, 14);
+            QCOMPARE(filas(QString("select total2, total3, total4 from "
+                                   "estado_flujo_efectivo('%1', '%2')")
+                               .arg(ano)
+                               .arg(libro ? "S" : "N"))
+                         .last(),
+                     QStringList({(efectivo.final() - efectivo.inicial).texto(),
+                                  efectivo.final().texto(), efectivo.final().texto()})
+                         .join('|'));
+        }
+    }
+}
+
+void PruebaCuadres::cada_fila_es_la_suma_de_sus_lineas_en_rangos_al_azar() {
+    QRandomGenerator azar = azar_de_prueba(72);
+    const QVector<std::pair<QString, QString>> cuentas{
+        {"", "ZZ"}, {"11", "13"}, {"2", "2"}, {"1110", "1110"}, {"4", "7"}},
+        nits{{"", "ZZ"}, {"8", "9"}, {"900123456", "900123456"}};
+    const QString cifras = "inicial, debitos, creditos, final";
+    const auto compare = [](QStringList reales, const QMap<QString, Cifras>& esperadas) {
+        reales.sort();
+        QStringList lista = como_texto(esperadas);
+        lista.removeIf([](const QString& f) { return f.section('|', 0, 0).endsWith('/'); });
+        QCOMPARE(reales, lista);
+    };
+    for (int vez = 0; vez < 24; ++vez) {
+        const int libro = vez % 2, ano = kPrimerAnoLibro + azar.bounded(kAnosLibro);
+        int desde = 1 + azar.bounded(13), hasta = 1 + azar.bounded(13);
+        if (hasta < desde)
+            std::swap(desde, hasta);
+        const auto [c1, c2] = uno_de(azar, cuentas);
+        const auto [n1, n2] = uno_de(azar, nits);
+        const auto en_cuentas = [c1 = c1, c2 = c2](const Renglon& r) {
+            return r.cuenta >= c1 && (r.cuenta <= c2 || r.cuenta.startsWith(c2));
+        };
+        const Filtro con_nits = [=, n1 = n1, n2 = n2](const Renglon& r) {
+            return en_cuentas(r) && r.nit >= n1 && r.nit <= n2;
+        };
+        const Separa por_nit = [](const Renglon& r) { return r.nit; };
+        compare(filas(QString("select cuenta || iif(nit is null, '', '/' || nit), %1 from "
+                              "balance_con_terceros_mes%2('%3', %4, '%5', '%6', '%7', '%8', 'N')")
+                          .arg(cifras, libro ? "_n" : "")
+                          .arg(ano)
+                          .arg(hasta)
+                          .arg(c1, c2, n1, n2)),
+                por_codigo(saldos(lineas_[libro], con_nits, ano, hasta, hasta, por_nit), true));
+        compare(filas(QString("select iif(nit is null, codigo, substring(codigo from 1 for "
+                              "position('.', codigo) - 1) || '/' || nit), %1 from "
+                              "balance_prueba_acumulado%2('%3', %4, %5, '%6', '%7', '%8', '%9', "
+                              "'N', 'S')")
+                          .arg(cifras, sufijo(libro))
+                          .arg(ano)
+                          .arg(desde)
+                          .arg(hasta)
+                          .arg(c1, c2, n1, n2)),
+                por_codigo(saldos(lineas_[libro], con_nits, ano, desde, hasta, por_nit), true));
+        const Separa por_centro = [](const Renglon& r) {
+            return r.centro.isEmpty() ? QString() : r.proyecto + '-' + r.centro;
+        };
+        compare(
+            filas(QString("select cuenta || iif(coalesce(centro, '') = '', '', '/' || proy || "
+                          "'-' || centro), %1 from balance_con_centros_mes%2('%3', %4, 'N', "
+                          "'%5', '%6', '', 'zz', '', 'zz') where inicial <> 0 or debitos <> 0 "
+                          "or creditos <> 0")
+                      .arg(cifras, libro ? "_n" : "")
+                      .arg(ano)
+                      .arg(hasta)
+                      .arg(c1, c2)),
+            por_codigo(saldos(lineas_[libro], en_cuentas, ano, hasta, hasta, por_centro), true));
+        compare(
+            filas(QString("select codigo, %1 from balance_mes%2('%3', %4, 'N', 'N', 'N', 'N')")
+                      .arg(cifras, sufijo(libro))
+                      .arg(ano)
+                      .arg(hasta)),
+            por_codigo(saldos(
+                           lineas_[libro], [](const Renglon&) { return true; }, ano, hasta, hasta),
+                       false));
+    }
+}
+
+QTEST_APPLESS_MAIN(PruebaCuadres)
+#include "prueba_cuadres.moc"

@@ -1,0 +1,489 @@
+// Estados financieros por sus pantallas: consulta, casos límite, notas y lo impreso contra las
+// líneas del libro.
+#include "auxiliar_de_prueba.h"
+#include "libro_de_estados.h"
+#include "reports/registro.h"
+#include "reports/tfrngbalancegeneral.h"
+#include "toolkit/dialogos.h"
+#include "toolkit/lector_xls.h"
+
+#include <QGroupBox>
+
+namespace {
+
+const Filtro kTodo = [](const Renglon&) { return true; };
+
+/// Un estado con la letra de su menú y lo que cambia en su título con el libro NIIF.
+struct EstadoImpreso {
+    QString clase, tipo;
+    QStringList casillas;
+    QString niif;
+};
+const QVector<EstadoImpreso>& estados() {
+    static const QVector<EstadoImpreso> todos{
+        {"Tfrngbalancegeneral", "G", {}, "Estado de Situación Financiera"},
+        {"Tfrngbalancegeneral", "D", {}, "Balance Detallado por Cuenta NIIF"},
+        {"Tfrngbalancegeneral", "P", {}, "Balance de Prueba NIIF"},
+        {"Tfrngresulgeneral", "G", {}, "Estado de Resultados NIIF"},
+        {"Tfrngresulgeneral", "G", {"ckMes"}, "Estado de Resultados Mensual NIIF"},
+        {"Tfrngresulgeneral", "D", {"ckMes"}, "Estado de Resultados Detallado NIIF"},
+        {"Tfrngbalancetercero", "T", {}, "Balance Detallado con Terceros NIIF"},
+        {"Tfrngbalancetercero", "R", {"cknombre"}, "Balance de Prueba con Terceros NIIF"},
+        {"Tfrngbalancecentro", "C", {}, "Balance con Centros de Costo NIIF"},
+        {"Tfrngbalancecentro", "P", {}, "Balance de Prueba con Centros de Costo NIIF"},
+        {"Tfrngbalancecentro", "C", {"Centro"}, "Balance Centro de Costos NIIF"},
+        {"Tfrngbalancecentro", "P", {"Centro"}, "Balance de Prueba Centro de Costos NIIF"},
+        {"Tfrngresultadotercero", "", {}, "Estado de resultados detallado con terceros NIIF"},
+        {"Tfrngresultadocentro", "", {}, "Estado de resultados con centros de costo NIIF"},
+        {"Tfrngresultadocentro", "", {"Centro"}, "Estado de resultados con centros de costo NIIF"},
+        {"Tfrngresultadocentro",
+         "",
+         {"ckMes"},
+         "Estado de resultados mensual con centros de costo NIIF"},
+        {"Tfrngresultadocentro",
+         "",
+         {"ckMes", "Centro"},
+         "Estado de resultados mensual con centros de costo NIIF"},
+        {"Tfrngbalanceacumulado", "", {}, "Balance de Prueba Acumulado NIIF"},
+        {"Tfrngbalanceacumulado", "", {"ckterceros"}, "Balance de Prueba Acumulado NIIF"},
+        {"Tfrngbalanceanual", "", {}, "Balance Comparativo Anual NIIF"},
+        {"Tfrngbalanceanual", "", {"cktercero"}, "Balance Comparativo Anual con terceros NIIF"},
+        {"Tfrngbalanceanual", "", {"ckcentro"}, "Balance Comparativo Anual con centros NIIF"},
+        {"Tfrngbalancecomparativo", "", {"CkTerceros"}, "Balance Comparativo NIIF"},
+        {"Tfrngcomparacentro", "", {}, "Comparativo de Centros NIIF"}};
+    return todos;
+}
+
+const Cajas kDosCentros{
+    {"Proy1", "0001"}, {"ECenIni", "0002"}, {"Proy2", "0002"}, {"ECenFin", "0001"}};
+
+/// Importe como lo escriben los estados: los negativos, entre paréntesis.
+QString impreso(Moneda m) {
+    return m.negativa() ? '(' + m.absoluta().formateada() + ')' : m.formateada();
+}
+
+/// Lo que va después de un rótulo la última vez que sale, en su renglón.
+QString tras(const QString& texto, const QString& rotulo) {
+    return texto.section(rotulo, -1).section('\n', 0, 0).simplified();
+}
+
+} // namespace
+
+class PruebaEstados : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { registre_pantallas_informes(); }
+
+    void la_consulta_es_la_convenida();
+    void cada_estado_sale_con_su_titulo_en_los_dos_libros();
+    void el_general_cuadra_y_no_pasa_de_las_clases_del_balance();
+    void el_nivel_del_general_esta_fijo();
+    void el_resultado_impreso_es_el_de_las_lineas();
+    void los_totales_cuentan_cada_clase_una_vez();
+    void las_notas_van_a_continuacion_solo_si_se_piden();
+    void lo_que_falta_se_dice_sin_cerrar_la_pantalla();
+    void un_estado_largo_repite_sus_encabezados();
+    void el_libro_exportado_lleva_tipos_y_sangria();
+
+private:
+    /// Abre, llena, marca e imprime un estado.
+    QString corra(const EstadoImpreso& e, const Cajas& cajas, const QStringList& otras = {},
+                  QString* orden = nullptr) {
+        QStringList casillas = e.casillas + otras;
+        Cajas todas = cajas;
+        const bool centro = casillas.removeAll("Centro") > 0;
+        if (e.clase == "Tfrngcomparacentro")
+            todas.insert(kDosCentros);
+        auto* f = qobject_cast<FormaRango*>(pantallas().abrir(e.clase, AbreInforme{e.tipo}));
+        for (const QString& c : casillas)
+            componente<QCheckBox>(f, qPrintable(c)).click();
+        if (centro)
+            for (auto* b : componente<QGroupBox>(f, "RgOrden").findChildren<QAbstractButton*>())
+                if (b->text() == "C&entro-Cuenta")
+                    b->click();
+        llene(f, todas);
+        if (orden)
+            f->CAuxiliar.AfterOpen = [=] { *orden = f->CAuxiliar.CommandText; };
+        const QString texto = informe_como_texto(f, Qt::Key_F2);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return texto;
+    }
+};
+
+void PruebaEstados::la_consulta_es_la_convenida() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 1);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 2; // marzo
+    QString orden;
+    const auto consulta = [&](const char* clase, const char* tipo, const QStringList& casillas,
+                              const Cajas& cajas = {}) {
+        corra({clase, tipo, casillas, {}}, cajas, {}, &orden);
+        return orden;
+    };
+    // Balance general: nunca más abajo del nivel 4 ni más allá de la clase 3.
+    QCOMPARE(consulta("Tfrngbalancegeneral", "G", {"ckNotas"}),
+             QString("select * from balance_mes('2018', 3,'N', 'S','S','N')  where CODIGO >= '0' "
+                     "and CODIGO <= 'ZZ' and nivel < 5 and CODIGO < '4' and Nivel <= 3 order by "
+                     "CODIGO"));
+    QCOMPARE(consulta("Tfrngbalancegeneral", "D", {"Cksinmov", "ckniif"},
+                      {{"EDesde", "11"}, {"EHasta", "2"}}),
+             QString("select * from balance_mes_niif('2018', 3,'S', 'N','N','N')  where CODIGO >= "
+                     "'11' and CODIGO <= '2' and Nivel <= 5 order by CODIGO"));
+    QCOMPARE(consulta("Tfrngbalancegeneral", "P", {}, {{"Nivel", "2"}}),
+             QString("select * from balance_mes('2018', 3,'N', 'N','N','N')  where CODIGO >= '0' "
+                     "and CODIGO <= 'ZZ' and Nivel <= 2 order by CODIGO"));
+    // Resultados.
+    QCOMPARE(
+        consulta("Tfrngresulgeneral", "G", {"ckMes"}),
+        QString("select * from balance_mes('2018', 3,'N','N', 'S','S') where CODIGO >= '4' and "
+                "CODIGO < '8' and NIVEL < 4 order by CODIGO"));
+    QCOMPARE(consulta("Tfrngresulgeneral", "D", {"Cksinmov", "ckniif"}, {{"Nivel", "4"}}),
+             QString("select * from balance_mes_niif('2018', 3,'S','N', 'N','N') where CODIGO >= "
+                     "'4' and CODIGO < '8' and nivel <= 4 order by CODIGO"));
+    // Terceros y centros.
+    QCOMPARE(consulta("Tfrngbalancetercero", "T", {"cknombre", "Cksinmov"}),
+             QString("SELECT * FROM BALANCE_CON_TERCEROS_MES('2018', 3, '', 'ZZ', '', "
+                     "'ZZ','S')ORDER BY CUENTA,NOM_TERCERO"));
+    QCOMPARE(
+        consulta("Tfrngresultadotercero", "", {"ckniif"}, {{"ENitIni", "8"}, {"ENitFin", "9"}}),
+        QString("SELECT * FROM BALANCE_CON_TERCEROS_MES_N('2018', 3, '4', '8', '8', '9','N')"));
+    const QString centros = "('2018', 3,'N','','ZZ','','zz','','zz')";
+    QCOMPARE(consulta("Tfrngbalancecentro", "C", {"Cksinmov"}),
+             "SELECT * FROM BALANCE_CON_CENTROS_MES" + centros);
+    QCOMPARE(consulta("Tfrngbalancecentro", "P", {"Centro", "ckniif"}),
+             "SELECT * FROM BALANCE_CON_CENTROS_MES_N" + QString(centros).replace("'N'", "'S'") +
+                 " WHERE ((inicial <> 0) or (debitos <> 0) or (creditos <> 0))");
+    QCOMPARE(consulta("Tfrngresultadocentro", "", {}),
+             "SELECT * FROM BALANCE_CON_CENTROS_MES" +
+                 QString(centros).replace("'','ZZ'", "'4','8'") +
+                 " WHERE ((inicial <> 0) or (debitos <> 0) or (creditos <> 0))");
+    // Comparativos. Ajustes es el período 13.
+    QCOMPARE(consulta("Tfrngbalanceacumulado", "", {"ckterceros"}, {{"MesFin", "AJU"}}),
+             QString("select * from balance_prueba_acumulado('2018', 1, 13, '0', 'ZZ', '0', 'ZZ', "
+                     "'N', 'S') where nivel <= 5 order by CODIGO"));
+    QCOMPARE(consulta("Tfrngbalanceacumulado", "", {"Cksinmov", "ckniif"},
+                      {{"MesIni", "MAR"}, {"EAno", "2017"}}),
+             QString("select * from balance_prueba_acumulado_niif('2017', 3, 12, '0', 'ZZ', '0', "
+                     "'ZZ', 'S', 'N') where nivel <= 5 order by CODIGO"));
+    QCOMPARE(consulta("Tfrngbalanceanual", "", {"cktercero", "ckniif"}),
+             QString("select * from balance_anual_niif('2018','0','ZZ','S','N') where nivel <= 5"));
+    QCOMPARE(consulta("Tfrngbalanceanual", "", {"ckcentro", "ckniif"}, {{"Nivel", "3"}}),
+             QString("select * from balance_anual_centros('2018','0','ZZ','N','S') where nivel <= "
+                     "3"));
+    QCOMPARE(consulta("Tfrngbalancecomparativo", "", {}, {{"MesIni", "DIC"}, {"EAno1", "2017"}}),
+             QString("select * from balance_comparativo('2017', 12, '2018', 3, 'N') where CUENTA "
+                     ">= '0' and CUENTA <= 'ZZ' order by CUENTA"));
+    QCOMPARE(consulta("Tfrngcomparacentro", "", {"ckniif"}),
+             QString("SELECT * FROM COMPARA_CENTROS_NIIF('2018', 3, '0001', '0002', '0002', '0001')"
+                     " WHERE CUENTA >= '' and CUENTA <= 'ZZ' order by CUENTA"));
+}
+
+void PruebaEstados::cada_estado_sale_con_su_titulo_en_los_dos_libros() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 2);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 5;
+    for (const EstadoImpreso& e : estados())
+        for (bool niif : {false, true}) {
+            const QString texto = corra(e, {}, niif ? QStringList{"ckniif"} : QStringList());
+            const QString quien = e.clase + ' ' + e.tipo + ' ' + e.casillas.join(',');
+            QVERIFY2(texto.contains(e.niif + '\n') == niif, qPrintable(quien + '\n' + texto));
+            QVERIFY2(texto.contains("Página 1 de ") && texto.contains("Elaborado por:"),
+                     qPrintable(quien));
+            QVERIFY2(texto.contains(QRegularExpression("\\d\\.\\d\\d")), qPrintable(quien));
+        }
+    // El título que compone el programa.
+    QVERIFY(corra(estados()[0], {}).contains("Período:Junio/2018 - Cuentas:0...ZZ"));
+    QVERIFY(corra(estados()[17], {})
+                .contains("Período:2018:ENE...DIC - Cuentas:0...ZZ "
+                          "Terceros:0...ZZ Nivel:5"));
+    const QString centros = corra(estados().last(), {});
+    QVERIFY2(centros.contains("Período:Junio/2018 - Cuentas:...ZZ Centros:0001-0002 vs 0002-0001"),
+             qPrintable(centros));
+}
+
+void PruebaEstados::el_general_cuadra_y_no_pasa_de_las_clases_del_balance() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 3);
+    for (int libro : {0, 1})
+        for (const auto& [ano, periodo] : {std::pair{2017, 3}, {2018, 0}, {2019, 12}}) {
+            s.cnt.ano_actual = QString::number(ano);
+            s.cnt.periodo_actual = periodo;
+            Moneda activo, utilidad;
+            for (const auto& [llave, c] :
+                 saldos(renglones(s.base.base(), libro, true), kTodo, ano, periodo + 1, periodo + 1)
+                     .asKeyValueRange()) {
+                if (llave.first < "2")
+                    activo += c.final();
+                else if (llave.first >= "4")
+                    utilidad -= c.final();
+            }
+            const QString texto =
+                corra(estados()[0], {}, libro ? QStringList{"ckniif"} : QStringList());
+            QCOMPARE(tras(texto, "Total activo"), impreso(activo));
+            QCOMPARE(tras(texto, "Total pasivo y patrimonio"), impreso(activo));
+            QCOMPARE(tras(texto, "Resultado del ejercicio en curso"), impreso(utilidad));
+            QVERIFY(renglones_con(texto, "39\\s").isEmpty()); // no es una cuenta
+            QVERIFY2(renglones_con(texto, "[4-9]\\d*\\s").isEmpty(), qPrintable(texto));
+        }
+    // De la clase 4 en adelante no hay balance general.
+    auto* f = qobject_cast<FormaRango*>(pantallas().abrir("Tfrngbalancegeneral", AbreInforme{"G"}));
+    llene(f, {{"EDesde", "4"}, {"EHasta", "5"}});
+    Interlocutor i;
+    i.espere("No hay datos que cumplan con los rangos indicados.");
+    s.escritorio.active(f);
+    oprima(Qt::Key_F2);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!s.escritorio.abierta("Tfrngbalancegeneral"));
+}
+
+void PruebaEstados::el_nivel_del_general_esta_fijo() {
+    SesionGui s;
+    for (const auto& [clase, tipo, nivel, fijo] : {std::tuple{"Tfrngbalancegeneral", "G", 3, true},
+                                                   {"Tfrngbalancegeneral", "D", 5, false},
+                                                   {"Tfrngbalancegeneral", "P", 5, false},
+                                                   {"Tfrngresulgeneral", "G", 3, true},
+                                                   {"Tfrngresulgeneral", "D", 5, false},
+                                                   {"Tfrngbalanceacumulado", "", 5, false},
+                                                   {"Tfrngbalanceanual", "", 5, false}}) {
+        auto* f = qobject_cast<FormaRango*>(pantallas().abrir(clase, AbreInforme{tipo}));
+        auto& caja = componente<QSpinBox>(f, "Nivel");
+        QCOMPARE(caja.value(), nivel);
+        QCOMPARE(caja.isEnabled(), !fijo);
+        f->close();
+    }
+    // Desde el menú de NIIF el libro ya viene marcado.
+    auto* f =
+        qobject_cast<FormaRango*>(pantallas().abrir("Tfrngbalancegeneral", AbreInforme{"G", true}));
+    QVERIFY(f->ckniif->isChecked());
+}
+
+void PruebaEstados::el_resultado_impreso_es_el_de_las_lineas() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 4);
+    s.cnt.ano_actual = "2018";
+    for (int libro : {0, 1})
+        for (int periodo : {0, 6, 12}) {
+            s.cnt.periodo_actual = periodo;
+            Moneda neto, operacional, neto_mes, operacional_mes;
+            for (const auto& [llave, c] : saldos(renglones(s.base.base(), libro, true), kTodo, 2018,
+                                                 periodo + 1, periodo + 1)
+                                              .asKeyValueRange()) {
+                const QString& cuenta = llave.first;
+                if (cuenta < "4" || cuenta >= "8")
+                    continue;
+                neto -= c.final();
+                neto_mes -= c.debitos - c.creditos;
+                const QString grupo = cuenta.left(2);
+                if (grupo == "41" || grupo == "51" || grupo == "52" || cuenta >= "6") {
+                    operacional -= c.final();
+                    operacional_mes -= c.debitos - c.creditos;
+                }
+            }
+            const QStringList niif = libro ? QStringList{"ckniif"} : QStringList();
+            const QString kNeto = "Utilidad (pérdida) del ejercicio",
+                          kOperacional = "Utilidad (pérdida) operacional";
+            for (int e : {3, 5}) { // general y detallado; el detallado no cambia con el mes
+                const QString texto =
+                    corra({estados()[e].clase, estados()[e].tipo, {}, {}}, {}, niif);
+                QCOMPARE(tras(texto, kNeto), impreso(neto));
+                QCOMPARE(tras(texto, kOperacional), impreso(operacional));
+            }
+            const QString del_mes = corra(estados()[4], {}, niif);
+            QCOMPARE(tras(del_mes, kOperacional), impreso(operacional_mes));
+            QVERIFY2(tras(del_mes, kNeto).startsWith(impreso(neto_mes)), qPrintable(del_mes));
+            QCOMPARE(tras(corra(estados()[12], {}, niif), kNeto), impreso(neto));
+            QCOMPARE(tras(corra(estados()[13], {}, niif), kNeto), impreso(neto));
+            QCOMPARE(tras(corra(estados()[16], {}, niif), kNeto), impreso(neto_mes));
+        }
+}
+
+void PruebaEstados::los_totales_cuentan_cada_clase_una_vez() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 5);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 8;
+    const auto lineas = renglones(s.base.base(), 0, true);
+    const auto totales = [&](const Filtro& filtro, int desde, int hasta) {
+        Cifras todo;
+        for (const auto& [llave, c] : saldos(lineas, filtro, 2018, desde, hasta).asKeyValueRange())
+            todo.sume(c);
+        return QStringList{impreso(todo.inicial), impreso(todo.debitos), impreso(todo.creditos),
+                           impreso(todo.final())}
+            .join(' ');
+    };
+    for (int e : {2, 7, 9, 11})
+        QCOMPARE(tras(corra(estados()[e], {}), " Total "), totales(kTodo, 9, 9));
+    for (int e : {17, 18})
+        QCOMPARE(tras(corra(estados()[e], {{"MesIni", "MAR"}, {"MesFin", "OCT"}}), " Total "),
+                 totales(kTodo, 3, 10));
+    const Filtro disponible = [](const Renglon& r) { return r.cuenta.startsWith("11"); };
+    QCOMPARE(tras(corra(estados()[7], {{"EDesde", "11"}}), " Total "), totales(disponible, 9, 9));
+}
+
+void PruebaEstados::las_notas_van_a_continuacion_solo_si_se_piden() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 6);
+    s.otorgue(123);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 2;
+    s.base.ejecute(
+        {"insert into notas_estados_financieros (noef_ano, noef_periodo, noef_numero, noef_titulo, "
+         "noef_nota) values (2018, 0, 1, 'Ente económico', '<p>La sociedad <b>se constituyó</b> en "
+         "Sincelejo.</p>')",
+         "insert into notas_estados_financieros (noef_ano, noef_periodo, noef_numero, noef_titulo, "
+         "noef_nota) values (2018, 3, 2, 'Efectivo de marzo', 'Caja y bancos')",
+         "insert into notas_estados_financieros (noef_ano, noef_periodo, noef_numero, noef_titulo, "
+         "noef_nota) values (2018, 4, 3, 'Efectivo de abril', 'De otro mes')"});
+    const auto notas_en = [](const QString& texto) {
+        return QList<bool>{texto.contains("Notas a los estados financieros"),
+                           texto.contains("Nota 1  Ente económico") ||
+                               texto.contains(QRegularExpression("Nota 1\\s+Ente económico")),
+                           texto.contains("Efectivo de marzo"),
+                           texto.contains("Efectivo de abril")};
+    };
+    for (int e : {0, 3}) {
+        const QString con = corra(estados()[e], {}, {"ckNotas"});
+        QCOMPARE(notas_en(con), QList<bool>({true, true, true, false}));
+        QVERIFY2(con.contains("La sociedad se constituyó en Sincelejo."), qPrintable(con));
+        // En el mismo documento: las páginas se cuentan juntas.
+        QVERIFY2(con.contains("Página 2 de 2") || con.contains("Página 3 de 3"), qPrintable(con));
+        QCOMPARE(notas_en(corra(estados()[e], {})), QList<bool>({false, false, false, false}));
+    }
+    s.cnt.ano_actual = "2019"; // sin notas: solo el estado
+    QCOMPARE(notas_en(corra(estados()[0], {}, {"ckNotas"})),
+             QList<bool>({false, false, false, false}));
+    // Al exportar no hay notas: ni siquiera se consultan.
+    s.cnt.ano_actual = "2018";
+    auto* f = qobject_cast<Tfrngbalancegeneral*>(
+        pantallas().abrir("Tfrngbalancegeneral", AbreInforme{"G"}));
+    f->ckNotas->setChecked(true);
+    QTemporaryDir carpeta;
+    Interlocutor i;
+    i.espere_modal("guardar_seleccion", [&](QWidget* w) {
+        auto* nombre = w->findChild<QLineEdit*>("fileNameEdit");
+        QCOMPARE(nombre->text(), QString("RepBalanCta"));
+        static_cast<QFileDialog*>(w)->selectNameFilter("Comma separated values (*.csv)");
+        nombre->setText(carpeta.filePath("b.csv"));
+        QMetaObject::invokeMethod(w, "accept");
+    });
+    componente<QPushButton>(f, "botonExportar").click();
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QFile csv(carpeta.filePath("b.csv"));
+    QVERIFY(csv.open(QIODevice::ReadOnly));
+    QVERIFY(!QString::fromUtf8(csv.readAll()).contains("Ente económico"));
+}
+
+void PruebaEstados::lo_que_falta_se_dice_sin_cerrar_la_pantalla() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 7);
+    s.cnt.ano_actual = "2018";
+    const auto rehuse = [&](const char* clase, const Cajas& cajas, const char* mensaje,
+                            const char* foco) {
+        auto* f = qobject_cast<FormaRango*>(pantallas().abrir(clase));
+        llene(f, cajas);
+        Interlocutor i;
+        i.espere(mensaje);
+        s.escritorio.active(f);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(s.escritorio.abierta(clase));
+        QCOMPARE(con_foco()->objectName(), QString(foco));
+        f->close();
+    };
+    const char* const faltan = "Debe indicar los dos proyectos y centros a comparar.";
+    rehuse("Tfrngcomparacentro", {}, faltan, "ECenIni");
+    rehuse("Tfrngcomparacentro", {{"Proy1", "0001"}, {"ECenIni", "0002"}}, faltan, "ECenFin");
+    rehuse("Tfrngbalanceacumulado", {{"MesIni", "AGO"}, {"MesFin", "MAR"}},
+           "El mes final del acumulado no puede ser anterior al inicial.", "MesFin");
+}
+
+void PruebaEstados::un_estado_largo_repite_sus_encabezados() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 8);
+    ComprobanteEnTablas c{900, "000900", "20180305"};
+    constexpr int kTerceros = 1500;
+    for (int n = 1; n <= kTerceros; ++n) {
+        const QString nit = QString("7%1").arg(n, 6, 10, QChar('0'));
+        s.base.base().ejecute(
+            QString("insert into terceros (terc_nit, terc_nom) values ('%1', 'Tercero %2')")
+                .arg(nit)
+                .arg(n));
+        c.lineas << Linea{2 * n - 1, "130505", Moneda(n), Moneda(), nit}
+                 << Linea{2 * n, "220505", Moneda(), Moneda(n), nit};
+    }
+    grabe(s.base.base(), c);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 2;
+    const QString texto = corra(estados()[7], {});
+    const QStringList hojas = texto.split('\f', Qt::SkipEmptyParts);
+    QVERIFY(hojas.size() > 40);
+    for (int h = 0; h < hojas.size(); ++h) {
+        QVERIFY(hojas[h].contains(QString("Página %1 de %2").arg(h + 1).arg(hojas.size())));
+        QCOMPARE(hojas[h].count("Saldo inicial"), 1);
+    }
+    QCOMPARE(renglones_con(texto, "7\\d{6}\\s+Tercero").size(), 2 * kTerceros);
+    // Las firmas van con el total, nunca solas.
+    QVERIFY(hojas.last().contains("Revisor fiscal") && hojas.last().contains(" Total "));
+}
+
+void PruebaEstados::el_libro_exportado_lleva_tipos_y_sangria() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 9);
+    s.otorgue(123);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 5;
+    QTemporaryDir carpeta;
+    for (const int e : {1, 7, 9, 18, 20, 22}) {
+        auto* f = qobject_cast<FormaRango*>(
+            pantallas().abrir(estados()[e].clase, AbreInforme{estados()[e].tipo}));
+        for (const QString& c : estados()[e].casillas)
+            componente<QCheckBox>(f, qPrintable(c)).click();
+        const QString ruta = carpeta.filePath(QString("e%1.xls").arg(e));
+        Interlocutor i;
+        i.espere_modal("guardar_seleccion", [&](QWidget* w) {
+            static_cast<QFileDialog*>(w)->selectNameFilter("Microsoft Excel Workbook (*.xls)");
+            w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
+            QMetaObject::invokeMethod(w, "accept");
+        });
+        componente<QPushButton>(f, "botonExportar").click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        LectorXls libro(ruta);
+        QCOMPARE(libro.falla, QString());
+        const HojaLeida& hoja = libro.hojas[0];
+        QMap<QString, int> columna;
+        for (int c = int(hoja.anchos.size()) - 1; c >= 0; --c)
+            columna[hoja.valor(0, c).toString()] = c; // de los títulos iguales, el primero
+        const QString con_nombre = columna.contains("Cuenta o tercero")  ? "Cuenta o tercero"
+                                   : columna.contains("Cuenta o centro") ? "Cuenta o centro"
+                                                                         : "Nombre";
+        int hondas = 0, de_detalle = 0;
+        for (int fila = 1; fila < hoja.filas_declaradas; ++fila) {
+            const auto celda = [&](const QString& titulo) {
+                return hoja.celdas.value({fila, columna.value(titulo, -1)});
+            };
+            const auto codigo = celda(columna.contains("Código") ? "Código" : "Cuenta");
+            QCOMPARE(codigo.valor.typeId(), int(QMetaType::QString));
+            QCOMPARE(codigo.formato, QString("@"));
+            for (const char* importe : {"Saldo inicial", "Saldo final", "Saldo final 2"})
+                if (columna.contains(importe))
+                    QCOMPARE(celda(importe).valor.typeId(), int(QMetaType::Double));
+            const QString cuenta = codigo.valor.toString().section('.', 0, 0);
+            const bool detalle =
+                codigo.valor.toString().contains('.') || celda("Nivel").valor.toDouble() == 99;
+            const int nivel = QList<int>{1, 2, 4, 6, 8, 10, 12, 14, 16, 18}.indexOf(cuenta.size());
+            QCOMPARE(celda(con_nombre).sangria, detalle ? nivel + 1 : nivel);
+            QCOMPARE(codigo.sangria, 0);
+            hondas += int(nivel > 3);
+            de_detalle += int(detalle);
+        }
+        QVERIFY(hondas > 0);
+        QCOMPARE(de_detalle > 0, e != 1);
+    }
+}
+
+QTEST_MAIN(PruebaEstados)
+#include "prueba_estados.moc"

@@ -1,0 +1,162 @@
+// Notas a los estados financieros: el editor, la copia, la lista y lo que se imprime.
+#include "auxiliar_de_prueba.h"
+#include "libro_de_estados.h"
+#include "reports/forma_nota.h"
+#include "reports/registro.h"
+#include "toolkit/controles/editorrico.h"
+
+#include <QAction>
+#include <QFontComboBox>
+#include <QTextEdit>
+#include <QTextTable>
+#include <QToolButton>
+
+class PruebaNotas : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { registre_pantallas_informes(); }
+
+    void se_escribe_con_formato_y_se_imprime_igual();
+    void el_periodo_da_el_numero_y_retrocede_hasta_el_cierre();
+    void se_copia_de_otro_periodo_y_se_modifica();
+    void la_lista_borra_lo_que_se_confirma();
+
+private:
+    static void siembre(SesionGui& s, const QStringList& filas) {
+        for (const QString& f : filas)
+            s.base.ejecute({"insert into notas_estados_financieros (noef_ano, noef_periodo, "
+                            "noef_numero, noef_titulo, noef_nota) values (" +
+                            f + ')'});
+    }
+};
+
+void PruebaNotas::se_escribe_con_formato_y_se_imprime_igual() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 41);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 2;
+    auto* f = s.abra<FormaNota>("Tfnotasestados");
+    QCOMPARE(f->Editor->letra->currentText(), QString("Arial"));
+    llene(f, "ETitulo", "Efectivo");
+    f->Editor->texto->setFocus();
+    digite("Saldos en ");
+    oprima(Qt::Key_B, Qt::ControlModifier);
+    digite("bancos");
+    oprima(Qt::Key_B, Qt::ControlModifier);
+    // Lo que la base no guarda como letra tampoco se pierde.
+    f->Editor->texto->insertPlainText(QString::fromUtf8(" → «€ 5» ñ"));
+    oprima(Qt::Key_Return);
+    f->Editor->findChild<QAction*>("tabla")->trigger();
+    digite("Caja");
+    oprima(Qt::Key_Tab);
+    digite("1,200.00");
+    oprima(Qt::Key_F2);
+    QVERIFY(!s.escritorio.abierta("Tfnotasestados"));
+    QCOMPARE(s.dato("select noef_ano || '-' || noef_periodo || '-' || noef_numero || ' ' || "
+                    "noef_titulo from notas_estados_financieros"),
+             QString("2018-3-1 Efectivo"));
+    // La que se abre es la que se escribió.
+    const QString id = s.dato("select noef_id from notas_estados_financieros");
+    auto* otra = s.abra<FormaNota>("Tfmodnotasestados", AbreNota{id});
+    const QString texto = otra->Editor->texto->toPlainText();
+    QVERIFY2(texto.contains(QString::fromUtf8("Saldos en bancos → «€ 5» ñ")), qPrintable(texto));
+    QTextCursor c(otra->Editor->texto->document());
+    c.setPosition(int(texto.indexOf("bancos")) + 2);
+    QVERIFY(c.charFormat().fontWeight() >= QFont::Bold);
+    c.setPosition(int(texto.indexOf("Saldos")) + 2);
+    QVERIFY(c.charFormat().fontWeight() < QFont::Bold);
+    otra->close(); // sin cambios no pregunta
+    const QString impreso =
+        imprima("Tfrngbalancegeneral", {}, {"ckNotas"}, nullptr, AbreInforme{"G"});
+    const QString notas = impreso.section("Notas a los estados financieros", 1);
+    QVERIFY2(notas.contains(QString::fromUtf8("Saldos en bancos → «€ 5» ñ")), qPrintable(notas));
+    QVERIFY(notas.contains(QRegularExpression("Caja\\s+1,200.00")));
+}
+
+void PruebaNotas::el_periodo_da_el_numero_y_retrocede_hasta_el_cierre() {
+    SesionGui s;
+    siembre(s, {"2018, 1, 4, 'a', ''", "2017, 14, 7, 'b', ''", "2018, 0, 2, 'c', ''"});
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 0;
+    auto* f = s.abra<FormaNota>("Tfnotasestados");
+    QCOMPARE(f->EMes->count(), 13);
+    const auto cajas = [&] {
+        return QString("%1 %2 %3")
+            .arg(f->EMes->currentIndex())
+            .arg(f->EAno->value())
+            .arg(componente<QLineEdit>(f, "ENumero").text());
+    };
+    QCOMPARE(cajas(), QString("0 2018 5"));
+    componente<QToolButton>(f, "SpeedButton1").click();
+    QCOMPARE(cajas(), QString("-1 2017 8")); // el cierre del año anterior, que no está en la lista
+    componente<QToolButton>(f, "SpeedButton1").click();
+    QCOMPARE(cajas(), QString("12 2017 1"));
+    componente<QToolButton>(f, "SpeedButton2").click();
+    QCOMPARE(cajas(), QString("0 2018 5"));
+    f->ckTodos->click();
+    QCOMPARE(cajas(), QString("0 2018 3"));
+    oprima(Qt::Key_F2);
+    QCOMPARE(
+        s.dato("select max(noef_numero) from notas_estados_financieros where noef_periodo = 0"),
+        QString("3"));
+}
+
+void PruebaNotas::se_copia_de_otro_periodo_y_se_modifica() {
+    SesionGui s;
+    siembre(s, {"2017, 12, 3, 'Inversiones', '<p>Al <i>costo</i></p>'", "2018, 6, 1, 'x', 'y'"});
+    const QString id =
+        s.dato("select noef_id from notas_estados_financieros where noef_ano = 2018");
+    auto* f = s.abra<FormaNota>("Tfmodnotasestados", AbreNota{id});
+    QCOMPARE(f->EMes->currentText(), QString("Junio"));
+    componente<QComboBox>(f, "MesCopia").setCurrentText("Diciembre");
+    componente<QSpinBox>(f, "AnoCopia").setValue(2017);
+    {
+        Interlocutor i;
+        i.espere("No se encontró la nota indicada.");
+        oprima(Qt::Key_F8);
+    }
+    componente<QSpinBox>(f, "NumeroCopia").setValue(3);
+    oprima(Qt::Key_F8);
+    QCOMPARE(f->Editor->texto->toPlainText(), QString("Al costo"));
+    {
+        Interlocutor i; // lo que no se ha grabado no se pierde sin preguntar
+        i.espere("La nota tiene cambios sin grabar. Desea salir sin grabarlos?", "No");
+        oprima(Qt::Key_Escape);
+    }
+    QVERIFY(s.escritorio.abierta("Tfmodnotasestados"));
+    oprima(Qt::Key_F2);
+    QCOMPARE(s.dato("select noef_titulo || noef_numero from notas_estados_financieros where "
+                    "noef_id = " +
+                    id),
+             QString("Inversiones1"));
+    QVERIFY(s.dato("select noef_nota from notas_estados_financieros where noef_id = " + id)
+                .contains("italic"));
+    Interlocutor i;
+    i.espere("No se encontró la nota indicada.");
+    pantallas().abrir("Tfmodnotasestados", AbreNota{"999"});
+    QVERIFY(!s.escritorio.abierta("Tfmodnotasestados"));
+}
+
+void PruebaNotas::la_lista_borra_lo_que_se_confirma() {
+    SesionGui s;
+    siembre(s, {"2018, 3, 1, 'a', ''", "2018, 3, 2, 'b', ''"});
+    Pantalla* lista = pantallas().abrir("Tfbuscnotasestado");
+    auto& c = *componente<Rejilla>(lista, "DBGridEh1").conjunto();
+    for (const auto& [respuesta, quedan] : {std::pair{"No", "2"}, {"Sí", "1"}}) {
+        c.Locate("NOEF_NUMERO", {2});
+        Interlocutor i;
+        i.espere("Esta seguro de borrar la nota 2 de 3/2018?", respuesta);
+        oprima(Qt::Key_F3);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from notas_estados_financieros"), QString(quedan));
+    }
+    QCOMPARE(valores_de(c, "NOEF_TITULO"), QStringList{"a"});
+    oprima(Qt::Key_F4);
+    QVERIFY(s.escritorio.abierta("Tfmodnotasestados"));
+    s.escritorio.active(lista);
+    oprima(Qt::Key_F5);
+    QVERIFY(s.escritorio.abierta("Tfnotasestados"));
+}
+
+QTEST_MAIN(PruebaNotas)
+#include "prueba_notas.moc"

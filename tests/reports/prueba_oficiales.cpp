@@ -1,0 +1,245 @@
+// Libros oficiales: consulta, lo impreso contra las líneas, papel ya impreso y numeración de hojas.
+#include "apoyo/reloj_de_prueba.h"
+#include "auxiliar_de_prueba.h"
+#include "libro_de_estados.h"
+#include "reports/registro.h"
+#include "reports/tfnumeracion.h"
+#include "toolkit/impresora.h"
+
+#include <QPrintDialog>
+#include <QProcess>
+
+namespace {
+
+constexpr const char* kOrdenDiario = "LIBRO DIARIO POR CUENTA-COMPROBANTE O COMPROBANTE-CUENTA";
+constexpr const char* kSoloAfectables = "INCLUIR SOLO CUENTAS AFECTABLES EN LIBRO MAYOR Y BALANCES";
+constexpr const char* kEncabezado = "IMPRIMIR ENCABEZADO EN IMPRESION DE LIBROS OFICIALES";
+
+/// Cambia una llave de la contabilidad y la vuelve a leer.
+void configure(SesionGui& s, const char* llave, const char* valor) {
+    s.base.ejecute(
+        {QString("update configuracion set conf_valor = '%1' where conf_propiedad = '%2'")
+             .arg(QString::fromUtf8(valor), QString::fromUtf8(llave))});
+    s.dm.cargue_configuracion();
+}
+
+QString libro(const char* letra, const Cajas& cajas = {}, const QStringList& casillas = {},
+              QString* orden = nullptr) {
+    return imprima("Tfrngoficiales", cajas, casillas, orden, AbreInforme{letra});
+}
+
+/// Lo que va después de un rótulo la última vez que sale, en su renglón.
+QString tras(const QString& texto, const QString& rotulo) {
+    return texto.section(rotulo, -1).section('\n', 0, 0).simplified();
+}
+
+} // namespace
+
+class PruebaOficiales : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { registre_pantallas_informes(); }
+
+    void la_consulta_sigue_a_la_letra_y_a_la_configuracion();
+    void el_mayor_cuadra_sus_tres_parejas();
+    void el_inventario_lleva_los_saldos_y_dice_el_resultado_sin_cerrar();
+    void el_diario_suma_las_lineas_en_sus_tres_ordenes();
+    void en_papel_ya_impreso_no_va_encabezado();
+    void la_numeracion_compara_textos_y_deja_una_hoja_de_mas();
+};
+
+void PruebaOficiales::la_consulta_sigue_a_la_letra_y_a_la_configuracion() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 51);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 4;
+    QString orden;
+    const auto consulta = [&](const char* letra, const Cajas& cajas = {},
+                              const QStringList& casillas = {}) {
+        libro(letra, cajas, casillas, &orden);
+        return orden;
+    };
+    QCOMPARE(consulta("M"),
+             QString("select * from mayor_y_balance('2018', 5,'N','N') where Nivel = "
+                     "3 order by CODIGO"));
+    QCOMPARE(consulta("M", {{"Nivel", "4"}}, {"ckniif", "Cksinmov"}),
+             QString("select * from mayor_y_balance('2018', 5,'S','S') where Nivel = 4 order by "
+                     "CODIGO"));
+    configure(s, kSoloAfectables, "SI");
+    QCOMPARE(consulta("M"),
+             QString("select * from mayor_y_balance('2018', 5,'N','N') order by CODIGO"));
+    QCOMPARE(
+        consulta("I", {{"Nivel", "5"}}),
+        QString("select * from inventario_y_balance('2018', 5,'N') where nivel <= 5 and (SALDO "
+                "<> 0 OR SCUENTA <> 0 OR SSUBGRUPO <> 0 OR SGRUPO <> 0 OR SCLASE <> 0) order "
+                "by CODIGO"));
+    QCOMPARE(consulta("I", {}, {"ckniif", "Cksinmov"}),
+             QString("select * from inventario_y_balance('2018', 5,'S') where nivel <= 3 order by "
+                     "CODIGO"));
+    QCOMPARE(consulta("D"), QString("select * from libro_diario('2018', 5, 3,'N','N') where CUENTA "
+                                    "<> '' and (DEBITOS <> 0 OR CREDITOS <> 0) order by tipocomp, "
+                                    "cuenta"));
+    configure(s, kOrdenDiario, "CUENTA-COMPROBANTE");
+    QCOMPARE(consulta("D", {{"Ticoini", "CG"}}, {"Cksinmov"}),
+             QString("select * from libro_diario('2018', 5, 3,'N','N') where CUENTA <> '' and "
+                     "TIPOCOMP >= 'CG' order by cuenta, tipocomp"));
+    QCOMPARE(consulta("D", {{"Ticofin", "CG"}}, {"Ckfechas", "ckniif", "Cksinmov"}),
+             QString("select * from libro_diario('2018', 5, 3,'S','S') where CUENTA <> '' and "
+                     "TIPOCOMP <= 'CG' order by cuenta, fecha, tipocomp"));
+    // Solo el diario pide tipos y fechas.
+    auto* f = pantallas().abrir("Tfrngoficiales", AbreInforme{"M"});
+    QVERIFY(!f->findChild<QWidget*>("Ticoini") && !f->findChild<QWidget*>("Ckfechas"));
+}
+
+void PruebaOficiales::el_mayor_cuadra_sus_tres_parejas() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 52);
+    for (const char* afectables : {"NO", "SI"}) {
+        configure(s, kSoloAfectables, afectables);
+        for (int libro_niif : {0, 1})
+            for (const auto& [ano, periodo] : {std::pair{2017, 0}, {2018, 6}, {2019, 12}}) {
+                s.cnt.ano_actual = QString::number(ano);
+                s.cnt.periodo_actual = periodo;
+                const QString texto =
+                    libro("M", {}, libro_niif ? QStringList{"ckniif"} : QStringList());
+                QCOMPARE(texto.contains("Libro Mayor y Balances NIIF"), libro_niif == 1);
+                const QStringList sumas = importes(tras(texto, "Sumas iguales")).split(' ');
+                QCOMPARE(sumas.size(), 6);
+                for (int par : {0, 2, 4})
+                    QCOMPARE(sumas[par], sumas[par + 1]);
+                Moneda debitos;
+                for (const Renglon& r : renglones(s.base.base(), libro_niif, true))
+                    if (r.fecha.left(6) == mes_de(ano, periodo + 1))
+                        debitos += r.debito;
+                QCOMPARE(sumas[2], debitos.formateada());
+            }
+    }
+}
+
+void PruebaOficiales::el_inventario_lleva_los_saldos_y_dice_el_resultado_sin_cerrar() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 53);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 7;
+    for (int niif : {0, 1}) {
+        Moneda activo, resto;
+        for (const Renglon& r : renglones(s.base.base(), niif, true))
+            if (r.fecha.left(6) <= "201808" && r.cuenta < "4")
+                (r.cuenta < "2" ? activo : resto) += r.neto();
+        const QString texto =
+            libro("I", {{"Nivel", "5"}}, niif ? QStringList{"ckniif"} : QStringList());
+        const auto impreso = [](Moneda m) {
+            return m.negativa() ? '(' + m.absoluta().formateada() + ')' : m.formateada();
+        };
+        QCOMPARE(tras(texto, "Total activo"), impreso(activo));
+        QCOMPARE(tras(texto, "Total pasivo y patrimonio"), impreso(-resto));
+        QCOMPARE(tras(texto, "Resultado del ejercicio en curso"), impreso(activo + resto));
+    }
+}
+
+void PruebaOficiales::el_diario_suma_las_lineas_en_sus_tres_ordenes() {
+    SesionGui s;
+    arme_libro_de_estados(s.base.base(), 54);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 3;
+    Moneda debitos, creditos;
+    QSet<QString> dias;
+    for (const Renglon& r : renglones(s.base.base(), 0, true))
+        if (r.fecha.startsWith("201804")) {
+            debitos += r.debito;
+            creditos += r.credito;
+            dias << r.fecha;
+        }
+    QVERIFY(!dias.isEmpty());
+    const QString total = debitos.formateada() + ' ' + creditos.formateada();
+    for (const auto& [orden, casillas, con_fechas] :
+         {std::tuple{"COMPROBANTE-CUENTA", QStringList(), false},
+          {"CUENTA-COMPROBANTE", QStringList(), false},
+          {"CUENTA-COMPROBANTE", QStringList{"Ckfechas"}, true},
+          {"COMPROBANTE-CUENTA", QStringList{"Ckfechas"}, true}}) {
+        configure(s, kOrdenDiario, orden);
+        const QString texto = libro("D", {}, casillas);
+        QCOMPARE(tras(texto, "Total del diario"), total);
+        for (const QString& dia : dias)
+            QCOMPARE(texto.contains(dia.left(4) + '/' + dia.mid(4, 2) + '/' + dia.mid(6)),
+                     con_fechas);
+    }
+}
+
+void PruebaOficiales::en_papel_ya_impreso_no_va_encabezado() {
+    SesionGui s;
+    const RelojDetenido hoy({2019, 4, 5});
+    arme_libro_de_estados(s.base.base(), 55);
+    s.cnt.ano_actual = "2018";
+    s.cnt.periodo_actual = 1;
+    const QString compania = "Ferretería El Tornillo";
+    configure(s, "NOMBRE COMPAÑIA", compania.toUtf8());
+    for (const char* letra : {"M", "I", "D"}) {
+        configure(s, kEncabezado, "SI");
+        QString texto = libro(letra);
+        QVERIFY2(texto.contains(compania) && texto.contains("Período:Febrero/2018") &&
+                     texto.contains("Fecha de impresión: 2019/04/05"),
+                 qPrintable(texto));
+        const int renglones_con_encabezado = int(texto.count('\n'));
+        configure(s, kEncabezado, "NO");
+        texto = libro(letra);
+        QVERIFY2(!texto.contains(compania) && !texto.contains("Período:") &&
+                     !texto.contains("Página") && !texto.contains("Libro "),
+                 qPrintable(texto));
+        QVERIFY(texto.contains(QRegularExpression("Código|Débitos"))); // las columnas sí van
+        QVERIFY(renglones_con_encabezado > texto.count('\n') - 4);
+    }
+}
+
+void PruebaOficiales::la_numeracion_compara_textos_y_deja_una_hoja_de_mas() {
+    SesionGui s;
+    QTemporaryDir carpeta;
+    const QString ruta = carpeta.filePath("numeros.pdf");
+    fije_impresora({}, ruta);
+    auto* f = s.abra<Tfnumeracion>("Tfnumeracion");
+    const auto llene_todo = [&](const char* cia, const char* libro, const char* ini,
+                                const char* fin) {
+        llene(f, {{"ECia", cia}, {"Elibro", libro}, {"PagIni", ini}, {"PagFin", fin}});
+        oprima(Qt::Key_F2);
+    };
+    for (const auto& [cia, libro, ini, fin] : {std::tuple{"", "MB", "1", "2"},
+                                               {"001", "", "1", "2"},
+                                               {"001", "MB", "9", "10"}, // como textos, 9 es mayor
+                                               {"001", "MB", "3", "2"},
+                                               {"001", "MB", "a", "b"}}) {
+        Interlocutor i;
+        i.espere("Debe indicar compañía, libro y un rango consistente.");
+        llene_todo(cia, libro, ini, fin);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+    QVERIFY(s.escritorio.abierta("Tfnumeracion"));
+    {
+        Interlocutor i; // cancelar no imprime ni cierra
+        i.espere_modal("ImprimirNumeracion", [](QWidget* w) { w->close(); });
+        llene_todo("001", "MB", "09", "12");
+        QVERIFY(s.escritorio.abierta("Tfnumeracion"));
+        QVERIFY(!QFile::exists(ruta));
+    }
+    Interlocutor i;
+    i.espere_modal("ImprimirNumeracion", [](QWidget* w) { qobject_cast<QDialog*>(w)->accept(); });
+    oprima(Qt::Key_F2);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!s.escritorio.abierta("Tfnumeracion"));
+    const QStringList hojas = texto_de_pdf(ruta).split('\f');
+    QStringList numeros;
+    for (const QString& h : hojas)
+        if (!h.trimmed().isEmpty())
+            numeros << h.simplified();
+    QCOMPARE(numeros, QStringList({"001 MB 0009", "001 MB 0010", "001 MB 0011", "001 MB 0012"}));
+    QProcess p;
+    p.start("pdfinfo", {ruta});
+    p.waitForFinished();
+    const QString info = QString::fromUtf8(p.readAllStandardOutput());
+    QVERIFY2(info.contains(QRegularExpression("Pages:\\s+5\n")), qPrintable(info));
+    QVERIFY2(info.contains("Numeración hojas 001-MB"), qPrintable(info));
+    fije_impresora({});
+}
+
+QTEST_MAIN(PruebaOficiales)
+#include "prueba_oficiales.moc"

@@ -1,0 +1,239 @@
+// Información del distrito y listados: cada renglón octeto por octeto, y sus pantallas.
+#include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "catalogues/registro_cuentas.h"
+#include "ledger/libro_al_azar.h"
+#include "tax/medio_distrital.h"
+#include "tax/registro.h"
+#include "tax/tfmediosmag.h"
+#include "tax/tfmediosmagbog.h"
+#include "toolkit/exportacion/archivo_salida.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+namespace {
+
+class UnaFila : public FilasMedio {
+public:
+    explicit UnaFila(QMap<QString, QString> datos) : datos_(std::move(datos)) {}
+    bool siguiente() override { return !std::exchange(dada_, true); }
+    QString texto(const QString& columna) const override { return datos_.value(columna); }
+
+private:
+    const QMap<QString, QString> datos_;
+    bool dada_ = false;
+};
+
+const QMap<QString, QString> kFila{{"MMDD_ITEM", "4"},
+                                   {"MMDD_TIPODOC", "31"},
+                                   {"MMDD_NIT", "900123456"},
+                                   {"MMDD_NOMBRE", "Peña; \"A\" & Cía\nLtda."},
+                                   {"MMDD_DIRECCION", "Calle 1"},
+                                   {"MMDD_TEL", "601 310"},
+                                   {"MMDD_EMAIL", "a@b.co"},
+                                   {"MMDD_CODMUNICIPIO", "11001"},
+                                   {"MMDD_NOMMUNICIPIO", "Bogotá"},
+                                   {"MMDD_NOMDEPTO", "Cundinamarca"},
+                                   {"MMDD_BASE", "1000.5"},
+                                   {"MMDD_TARIFA", "9.66"},
+                                   {"MMDD_MONTO", "-20"},
+                                   {"MMDD_DEVOL", "3"},
+                                   {"MMDD_SALDO", "7"},
+                                   {"MMDD_FECHA", "2017/05/09"},
+                                   {"MMDD_CONCSH", "5"},
+                                   {"MMDD_PAIS", "249"},
+                                   {"CodDpto", "11"},
+                                   {"NombrePais", "Estados Unidos de Am"}};
+
+QByteArray contenido(const QString& ruta) {
+    QFile f(ruta);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+} // namespace
+
+class PruebaMediosDistritales : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() {
+        registre_pantallas_impuestos();
+        registre_pantallas_cuentas();
+    }
+
+    void cada_articulo_escribe_sus_campos_data();
+    void cada_articulo_escribe_sus_campos();
+    void el_articulo_se_calcula_se_corrige_y_se_graba();
+    void un_ano_sin_articulos_lo_dice_y_la_configuracion_los_crea();
+    void el_listado_sale_con_los_textos_entre_comillas();
+
+private:
+    RelojDetenido reloj_;
+};
+
+void PruebaMediosDistritales::cada_articulo_escribe_sus_campos_data() {
+    QTest::addColumn<QList<int>>("articulos");
+    QTest::addColumn<QString>("renglon");
+    const QString tercero =
+        "2017;31;900123456;Peña, \"A\" & Cía Ltda.;Calle 1;601 310;a@b.co;11001;";
+    QTest::newRow("2") << QList{2} << tercero + "Bogotá;Cundinamarca;-20;7";
+    QTest::newRow("3") << QList{3} << tercero + "Bogotá;Cundinamarca;2017/05/09;-20";
+    QTest::newRow("4") << QList{4} << tercero + "Bogotá;Cundinamarca;1000.5;9.66;-20;3";
+    QTest::newRow("6") << QList{6} << tercero + "Bogotá;Cundinamarca;1000.5;9.66;-20";
+    QTest::newRow("22") << QList{22, 23} << tercero + "11;-20";
+    QTest::newRow("24") << QList{24, 26, 34, 36, 44, 46, 54, 56} << tercero + "11;1000.5;9.66;-20";
+    QTest::newRow("32") << QList{32, 33, 42, 43, 52, 53} << tercero + "11;5;-20;3";
+    QTest::newRow("310") << QList{310, 410, 510} << tercero + "11;249;Estados Unidos de Am;5;-20";
+    QTest::newRow("51") << QList{51} << "2017;4;-20";
+}
+
+void PruebaMediosDistritales::cada_articulo_escribe_sus_campos() {
+    QFETCH(QList<int>, articulos);
+    QFETCH(QString, renglon);
+    QTemporaryDir carpeta;
+    for (int articulo : articulos) {
+        UnaFila fila(kFila);
+        const QString ruta = carpeta.filePath(QString::number(articulo));
+        const ResultadoMedio r = escriba_articulo(articulo, "2017", ruta, fila);
+        QCOMPARE(r.archivos, QStringList(ruta));
+        QCOMPARE(contenido(ruta), renglon.toLatin1() + "\r\n");
+    }
+    UnaFila fila(kFila);
+    QVERIFY_EXCEPTION_THROWN(
+        (void)escriba_articulo(2, "2017", carpeta.filePath("no/esta.csv"), fila), ErrorExportacion);
+}
+
+void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
+    QTemporaryDir casa;
+    SesionGui s;
+    arme_libro_al_azar(s.base.base());
+    auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
+    QCOMPARE(p->EAno->text() + p->FecIni->text() + p->FecFin->text(),
+             QString("20172017010120171231"));
+    p->LFormato->setCurrentIndex(p->LFormato->findData(32));
+    p->NitShd->setText("860002964");
+    p->CentroBogota->setText("0001");
+    oprima(Qt::Key_F2);
+    ConjuntoDatos& c = *p->CMedmagdata;
+    QVERIFY(c.RecordCount() > 0);
+    // Solo el centro escogido, que queda en el artículo, y sin la secretaría.
+    QMap<QString, Moneda> venta;
+    for (const Renglon& r : renglones(s.base.base(), 0, false))
+        if (r.cuenta.startsWith("4135") && r.fecha.left(4) == "2017" && r.fecha <= "20171231" &&
+            r.proyecto == "0001" && !r.nit.isEmpty() && r.nit != "860002964")
+            venta[r.nit] -= r.neto();
+    QCOMPARE(valores_de(c, "MMDD_NIT"), [&] {
+        QStringList lista;
+        for (const auto& [nit, valor] : venta.asKeyValueRange())
+            if (valor.redondeada(0) > Moneda())
+                lista << nit;
+        return lista;
+    }());
+    QCOMPARE(s.dato("select mmdi_proy from mediosmag_distr where mmdi_articulo = 32"),
+             QString("0001"));
+    c.Edit();
+    c.FieldByName("MMDD_MONTO") = "123.45";
+    c.FieldByName("MMDD_CODMUNICIPIO") = "05001";
+    QCOMPARE(c.FieldByName("CodDpto").texto(), QString("05"));
+    const QString nit = c.FieldByName("MMDD_NIT").texto();
+    const int filas = c.RecordCount();
+    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
+        p->grab().save(deja + "/Tfmediosmagbog.png");
+    p->Ubicacion->setText(casa.filePath(p->Ubicacion->text()));
+    oprima(Qt::Key_F5);
+    const QByteArray archivo = contenido(casa.filePath("Articulo_32_2017.csv"));
+    QCOMPARE(archivo.count("\r\n"), filas);
+    QVERIFY2(archivo.contains(nit.toLatin1()) && archivo.contains(";123.45;"), archivo.constData());
+    // Lo corregido sigue ahí al volver; con otra respuesta se recalcula.
+    p->close();
+    agote_eventos();
+    p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
+    p->LFormato->setCurrentIndex(p->LFormato->findData(32));
+    const QString pregunta =
+        "Ya hay información del formato 32  para el año fiscal 2017.\nDesea consultar esa "
+        "información (REINTENTAR) o Borrarla y dejar que Quorvex la recalcule el archivo "
+        "(ABORTAR)?";
+    Interlocutor i;
+    i.espere(pregunta, "Reintentar");
+    oprima(Qt::Key_F2);
+    QVERIFY(valores_de(*p->CMedmagdata, "MMDD_MONTO").contains("123.45"));
+    i.espere(pregunta, "Abortar");
+    i.espere_comienzo("Si Recalcula el archivo perdera toda", "Sí");
+    oprima(Qt::Key_F2);
+    QVERIFY(!valores_de(*p->CMedmagdata, "MMDD_MONTO").contains("123.45"));
+}
+
+void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_los_crea() {
+    SesionGui s;
+    s.cnt.ano_actual = "2018";
+    auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
+    QCOMPARE(p->LFormato->count(), 0);
+    oprima(Qt::Key_F2);
+    QVERIFY(!p->CMedmagdata->Active());
+    oprima(Qt::Key_F8);
+    Pantalla* conf = s.escritorio.activa();
+    QCOMPARE(conf->objectName(), QString("Tfmeddisctas"));
+    auto& articulos = componente<ConjuntoDatos>(conf, "CMeddist");
+    auto& cuentas = componente<ConjuntoDatos>(conf, "Cmmcuentas");
+    Interlocutor i;
+    articulos.Append();
+    articulos.FieldByName("MMDI_ARTICULO") = 22;
+    i.espere("Debe indicar el artículo, año y nombre del formato.");
+    QVERIFY_EXCEPTION_THROWN(articulos.Post(), EdicionAbortada);
+    articulos.FieldByName("MMDI_NOMBRE") = "Compras";
+    articulos.Post();
+    for (const char* cuenta : {"1435", "6135"}) {
+        cuentas.Append();
+        cuentas.FieldByName("MMDC_CUENTA") = cuenta;
+        cuentas.Post();
+    }
+    oprima(Qt::Key_F2);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCOMPARE(s.dato("select list(mmdc_item || '=' || mmdc_cuenta) from mediosmag_distr_cuentas "
+                    "where mmdi_articulo = 22 and mmdi_ano = '2018'"),
+             QString("1=1435,2=6135"));
+    QCOMPARE(s.dato("select mmdi_procedimiento from mediosmag_distr where mmdi_ano = '2018'"),
+             QString("ARTICULO_22"));
+    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
+        conf->grab().save(deja + "/Tfmeddisctas.png");
+    oprima(Qt::Key_Escape);
+    agote_eventos();
+    QCOMPARE(s.escritorio.activa(), p);
+    QCOMPARE(p->LFormato->itemText(0), QString("22  Compras"));
+}
+
+void PruebaMediosDistritales::el_listado_sale_con_los_textos_entre_comillas() {
+    QTemporaryDir casa;
+    SesionGui s;
+    s.base.ejecute({"update terceros set terc_nom = 'Andina \"A & B\"' where terc_nit = "
+                    "'800456789'"});
+    grabe(s.base.base(), {701,
+                          "000701",
+                          "20170110",
+                          {{1, "220505", 0, Moneda::de_texto("1000.5"), "800456789"},
+                           {2, "111005", Moneda::de_texto("1000.5"), 0}}});
+    auto* p = s.abra<Tfmediosmag>("Tfmediosmag");
+    QCOMPARE(p->FecIni->text() + ' ' + p->FecFin->text(), QString("20170101 20170131"));
+    Interlocutor i;
+    for (int clave : {Qt::Key_F5, Qt::Key_F6}) {
+        i.espere("Debe indicar el nombre del archivo a generar.");
+        oprima(clave);
+    }
+    QString orden;
+    p->CMedmagdata->AfterOpen = [&] { orden = p->CMedmagdata->CommandText; };
+    oprima(Qt::Key_F2);
+    QCOMPARE(orden, QString("select * from LISTADO_MOVIMIENTO_TERCERO('20170101','20170131')"));
+    p->Ubicacion->setText(casa.filePath("exogena.csv"));
+    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
+        p->grab().save(deja + "/Tfmediosmag.png");
+    oprima(Qt::Key_F5);
+    const QString nombre = s.dato("select cuen_nom from cuentas where cuen_cod = '220505'");
+    QCOMPARE(QString::fromLatin1(contenido(casa.filePath("exogena.csv"))),
+             "\"800456789\",\"1\",\"Andina &quot;A &amp; B&quot;\",\"220505\",\"" + nombre +
+                 "\",0,1000.5\r\n");
+}
+
+QTEST_MAIN(PruebaMediosDistritales)
+#include "prueba_medios_distritales.moc"

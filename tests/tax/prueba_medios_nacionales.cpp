@@ -1,0 +1,368 @@
+// La pantalla de los medios nacionales: la pregunta del recálculo, lo digitado, el archivo y su
+// revisión.
+#include "apoyo/herramienta.h"
+#include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/sesion_gui.h"
+#include "catalogues/registro_cuentas.h"
+#include "catalogues/registro_terceros.h"
+#include "ledger/libro_al_azar.h"
+#include "tax/registro.h"
+#include "tax/tfmediosmag13.h"
+#include "tax/tfrevisamedio.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QDir>
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+
+namespace {
+
+const QString kPregunta =
+    "Ya hay información del formato 1001  para el año fiscal 2017.\nDesea consultar esa "
+    "información (REINTENTAR) o Borrarla y dejar que Quorvex la recalcule el archivo (ABORTAR)?";
+const QString kSeguro =
+    "Si Recalcula el archivo perdera toda la información que haya entrado manualmente. Está seguro "
+    "de borrar toda la información del formato 1001  para el año fiscal 2017?";
+
+struct Medios {
+    Medios() {
+        arme_libro_al_azar(s.base.base());
+        s.base.ejecute({"update terceros set terc_dir = 'Calle 1', ciud_cod = '11001'"});
+    }
+    Tfmediosmag13*
+    abra(const QString& formato = "1001 Pagos o abonos en cuenta y retenciones (v. 9)") {
+        auto* p = s.abra<Tfmediosmag13>("Tfmediosmag13");
+        p->LFormato->setCurrentText(formato);
+        return p;
+    }
+    /// Escoge la carpeta y graba.
+    void grabe(Tfmediosmag13* p) {
+        ::llene(p, "Ubicacion", carpeta.filePath(p->Ubicacion->text()));
+        oprima(Qt::Key_F5);
+        agote_eventos();
+    }
+    QString filas(int formato = 10019) {
+        return s.dato(QString("select count(*) from medios_magneticos_datos where memg_formato = %1"
+                              " and memg_ano = '2017'")
+                          .arg(formato));
+    }
+    QByteArray archivo(const QString& nombre) {
+        QFile f(carpeta.filePath(nombre));
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }
+    QTemporaryDir carpeta;
+    SesionGui s;
+};
+
+} // namespace
+
+class PruebaMediosNacionales : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() {
+        registre_pantallas_impuestos();
+        registre_pantallas_terceros();
+        registre_pantallas_cuentas();
+    }
+
+    void nace_con_el_ano_de_la_sesion_y_compone_el_nombre();
+    void lo_digitado_sobrevive_y_el_recalculo_pregunta_dos_veces();
+    void un_calculo_que_falla_no_borra_lo_guardado();
+    void el_formato_decide_las_columnas();
+    void el_nit_calcula_su_digito_solo_con_tipo_31();
+    void el_archivo_dice_lo_de_la_rejilla_y_cumple_su_esquema();
+    void lo_incompleto_se_muestra_antes_y_abre_el_tercero();
+    void la_configuracion_muestra_las_cuentas_de_su_formato_data();
+    void la_configuracion_muestra_las_cuentas_de_su_formato();
+    void un_concepto_nuevo_con_sus_cuentas_se_graba();
+
+private:
+    RelojDetenido reloj_{QDate(2018, 3, 5), {9, 8, 7}};
+};
+
+void PruebaMediosNacionales::nace_con_el_ano_de_la_sesion_y_compone_el_nombre() {
+    Medios m;
+    auto* p = m.abra("1001 Pagos o abonos en cuenta y retenciones (v. 8)");
+    QCOMPARE(p->EAno->text() + ' ' + p->FecIni->text() + ' ' + p->FecFin->text(),
+             QString("2017 20170101 20171231"));
+    QCOMPARE(p->Edit1->text(), QString("2018"));
+    QCOMPARE(p->FecEnvio->text(), QString("2018-03-05"));
+    QCOMPARE(p->NroEnv->value(), 1);
+    // Salir del año pone sus fechas; cada dato cambia el nombre, y la carpeta escogida se pierde.
+    llene(p, "EAno", "2014");
+    oprima(Qt::Key_Tab);
+    QCOMPARE(p->FecIni->text() + ' ' + p->FecFin->text(), QString("20140101 20141231"));
+    QCOMPARE(p->Ubicacion->text(), QString("Dmuisca_010100108201400000001.xml"));
+    p->Ubicacion->setText("/otra/parte/x.xml");
+    p->NroEnv->setValue(12);
+    QCOMPARE(p->Ubicacion->text(), QString("Dmuisca_010100108201400000012.xml"));
+    p->Concepto->setCurrentIndex(1);
+    QCOMPARE(p->Ubicacion->text(), QString("Dmuisca_020100108201400000012.xml"));
+    // Unas fechas de otro año no se calculan: sus filas no se volverían a ver.
+    p->FecIni->setText("20130101");
+    enfoque(p, "EAno");
+    p->EAno->clearFocus();
+    p->FecIni->setText("20130101");
+    p->FecIni->setFocus();
+    oprima(Qt::Key_F2);
+    QVERIFY(!p->CMedmagdata->Active());
+}
+
+void PruebaMediosNacionales::lo_digitado_sobrevive_y_el_recalculo_pregunta_dos_veces() {
+    Medios m;
+    auto* p = m.abra();
+    QVERIFY(p->PanelAdvertencia->isHidden());
+    oprima(Qt::Key_F2); // no hay filas: calcula sin preguntar
+    QVERIFY(p->PanelAdvertencia->isVisible());
+    pulse(p, "Button1"); // salir del año sin cambiarlo no suelta las filas
+    QVERIFY(p->PanelAdvertencia->isHidden());
+    const int calculadas = p->CMedmagdata->RecordCount();
+    QVERIFY(calculadas > 0);
+    // Una fila digitada, con el siguiente número, y otra corregida.
+    enfoque(p, "DBGridEh1", 0);
+    oprima(Qt::Key_Insert);
+    digite_celdas({"5016", "13", "777"});
+    QCOMPARE(p->CMedmagdata->FieldByName("MEMG_ITEM").texto(), QString::number(calculadas + 1));
+    p->CMedmagdata->CheckBrowseMode();
+    QVERIFY(p->close());
+    agote_eventos();
+    QCOMPARE(m.filas(), QString::number(calculadas + 1));
+
+    const auto consulte = [&](std::initializer_list<std::pair<QString, QString>> dialogos) {
+        auto* otra = m.abra();
+        Interlocutor i;
+        for (const auto& [texto, boton] : dialogos)
+            i.espere(texto, boton);
+        oprima(Qt::Key_F2);
+        const bool esta = valores_de(*otra->CMedmagdata, "MEMG_NIT").contains("777");
+        const bool todas = otra->CMedmagdata->RecordCount() == calculadas + (esta ? 1 : 0);
+        otra->close();
+        agote_eventos();
+        return todas && esta;
+    };
+    QVERIFY(consulte({{kPregunta, "Reintentar"}}));
+    QVERIFY(consulte({{kPregunta, ""}})); // Esc
+    QVERIFY(consulte({{kPregunta, "Abortar"}, {kSeguro, "No"}}));
+    QVERIFY(consulte({{kPregunta, "Abortar"}, {kSeguro, ""}}));
+    QVERIFY(!consulte({{kPregunta, "Abortar"}, {kSeguro, "Sí"}}));
+    QCOMPARE(m.filas(), QString::number(calculadas));
+}
+
+void PruebaMediosNacionales::un_calculo_que_falla_no_borra_lo_guardado() {
+    Medios m;
+    m.abra();
+    oprima(Qt::Key_F2);
+    const QString antes = m.filas();
+    QVERIFY(antes.toInt() > 0);
+    m.s.escritorio.cierre_todas();
+    m.s.base.ejecute({"update mediosmag_archivos set medm_procedimiento = 'NO_ESTA' where "
+                      "medm_formato = 10019"});
+    m.abra();
+    {
+        Interlocutor i;
+        i.espere(kPregunta, "Abortar");
+        i.espere(kSeguro, "Sí");
+        i.espere_modal("dialogo", [](QWidget* w) { QTest::keyClick(w, Qt::Key_Escape); });
+        instale_manejador_fallas([](const QString& texto) {
+            QMessageBox d(QMessageBox::Critical, {}, texto);
+            d.setObjectName("dialogo");
+            d.exec();
+        });
+        oprima(Qt::Key_F2);
+        retire_manejador_fallas();
+    }
+    QCOMPARE(m.filas(), antes);
+}
+
+void PruebaMediosNacionales::el_formato_decide_las_columnas() {
+    Medios m;
+    auto* p = m.abra();
+    const auto visibles = [&] {
+        QStringList lista;
+        for (int i = 0; i < p->DBGridEh1->cuenta_columnas(); ++i)
+            if (p->DBGridEh1->columna(i).Visible)
+                lista << p->DBGridEh1->columna(i).Titulo();
+        return lista.join(',');
+    };
+    QCOMPARE(visibles(), QString("Concepto,TipoDoc,NIT,DV,Apellido1,Apellido2,Nombre1,Nombre2,"
+                                 "Razón social,Dirección,Dpto,Mpio,País,Pago ded.,Pago no ded.,"
+                                 "IVA ded.,IVA no ded.,Retención,Ret. asumida,Rt.IVA común,"
+                                 "Rt.IVA simpl.,Rt.IVA no dom.,Rt. CREE,Rt. CREE asum."));
+    p->LFormato->setCurrentText("1007 Ingresos recibidos (v. 8)");
+    QCOMPARE(visibles(), QString("Concepto,TipoDoc,NIT,DV,Apellido1,Apellido2,Nombre1,Nombre2,"
+                                 "Razón social,País,Ingresos,Devoluciones"));
+    p->LFormato->setCurrentText("1011 Declaraciones tributarias (v. 6)");
+    QCOMPARE(visibles(), QString("Concepto,Valor"));
+}
+
+void PruebaMediosNacionales::el_nit_calcula_su_digito_solo_con_tipo_31() {
+    Medios m;
+    auto* p = m.abra();
+    oprima(Qt::Key_F2);
+    ConjuntoDatos& c = *p->CMedmagdata;
+    c.Append();
+    c.FieldByName("MEMG_TIPODOC") = 31;
+    c.FieldByName("MEMG_NIT") = "900123456";
+    QCOMPARE(c.FieldByName("MEMG_DV").texto(), QString("8"));
+    c.FieldByName("MEMG_TIPODOC") = 13;
+    c.FieldByName("MEMG_NIT") = "52345678";
+    QVERIFY(c.FieldByName("MEMG_DV").vacio());
+    c.Cancel();
+}
+
+void PruebaMediosNacionales::el_archivo_dice_lo_de_la_rejilla_y_cumple_su_esquema() {
+    Medios m;
+    m.s.base.ejecute({"update terceros set terc_nom = 'Distribuidora \"A & B\" Ltda.' where "
+                      "terc_nit = '800456789'",
+                      "delete from comprobante_detalle where terc_nit is null"});
+    auto* p = m.abra("1009 Saldo de cuentas por pagar (v. 7)");
+    oprima(Qt::Key_F2);
+    ConjuntoDatos& c = *p->CMedmagdata;
+    // Lo negativo no lo recibe el formato: se deja en lo que se quiere reportar.
+    Moneda total;
+    int registros = 0;
+    for (c.First(); !c.Eof(); c.Next()) {
+        c.Edit();
+        c.FieldByName("MEMG_PAGO") = c.FieldByName("MEMG_PAGO").moneda().absoluta();
+        c.Post();
+        total += c.FieldByName("MEMG_PAGO").moneda();
+        ++registros;
+    }
+    QVERIFY(registros > 2);
+    m.grabe(p);
+    QVERIFY(!m.s.escritorio.abierta("Tfmediosmag13")); // al terminar se cierra
+    const QByteArray xml = m.archivo("Dmuisca_010100907201700000001.xml");
+    const QString texto = QString::fromLatin1(xml);
+    QVERIFY(texto.contains("<FecEnvio>2018-03-05T09:08:07</FecEnvio>\r\n"));
+    QVERIFY(texto.contains("<ValorTotal>" + total.texto() + "</ValorTotal>"));
+    QVERIFY(texto.contains(QString("<CantReg>%1</CantReg>").arg(registros)));
+    QVERIFY(texto.contains("raz=\"Distribuidora &quot;A &amp; B&quot; Ltda.\""));
+    QCOMPARE(texto.count("  <saldoscp "), registros);
+    // Y queda a la vista qué se grabó, que cumple, y el cuadre con el libro.
+    auto* r = qobject_cast<Tfrevisamedio*>(m.s.escritorio.abierta("Tfrevisamedio"));
+    QVERIFY(r);
+    QVERIFY2(r->LResumen->text().contains("Cumple el esquema de su formato."),
+             qPrintable(r->LResumen->text()));
+    QVERIFY(r->CProblemas->IsEmpty());
+    QVERIFY(!r->CCuadre->IsEmpty());
+    (void)salida_de("xmllint",
+                    {"--noout", "--schema",
+                     qEnvironmentVariable("QUORVEX_PROYECTO") + "/tax/esquemas/10097.xsd",
+                     m.carpeta.filePath("Dmuisca_010100907201700000001.xml")});
+    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
+        r->grab().save(deja + "/Tfrevisamedio.png");
+}
+
+void PruebaMediosNacionales::lo_incompleto_se_muestra_antes_y_abre_el_tercero() {
+    Medios m;
+    m.s.base.ejecute({"update terceros set terc_dir = '' where terc_nit = '800456789'"});
+    auto* p = m.abra("1009 Saldo de cuentas por pagar (v. 7)");
+    oprima(Qt::Key_F2);
+    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
+        p->grab().save(deja + "/Tfmediosmag13.png");
+    m.grabe(p);
+    QVERIFY(m.archivo("Dmuisca_010100907201700000001.xml").isEmpty());
+    auto* r = qobject_cast<Tfrevisamedio*>(m.s.escritorio.activa());
+    QVERIFY(r);
+    QVERIFY(r->CProblemas->Locate("NIT;CAUSA", {"800456789", "Falta la dirección."}));
+    oprima(Qt::Key_Return);
+    QVERIFY(m.s.escritorio.abierta("Tfmodtercero"));
+    m.s.escritorio.abierta("Tfmodtercero")->close();
+    agote_eventos();
+    QCOMPARE(m.s.escritorio.activa(), r);
+    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
+        r->grab().save(deja + "/Tfrevisamedio_antes.png");
+    // Salir deja todo como estaba; F5 graba de todos modos.
+    oprima(Qt::Key_Escape);
+    agote_eventos();
+    QCOMPARE(m.s.escritorio.activa(), p);
+    QVERIFY(m.archivo("Dmuisca_010100907201700000001.xml").isEmpty());
+    oprima(Qt::Key_F5);
+    agote_eventos();
+    oprima(Qt::Key_F5);
+    agote_eventos();
+    QVERIFY(!m.archivo("Dmuisca_010100907201700000001.xml").isEmpty());
+    QVERIFY(!m.s.escritorio.abierta("Tfmediosmag13"));
+}
+
+void PruebaMediosNacionales::la_configuracion_muestra_las_cuentas_de_su_formato_data() {
+    QTest::addColumn<int>("formato");
+    QTest::addColumn<QString>("columnas");
+    QTest::newRow("10018") << 10018 << "Cuentas,Cta.Rtfte,Cta. IVA,Cta. RtIVA,Cta.IVA No Des.,Nat.";
+    QTest::newRow("10019") << 10019
+                           << "Cuentas,Cta.Rtfte,Cta. IVA,Cta. RtIVA,Cta.IVA No Des.,Rt.CREE,"
+                              "Rt.CREE Asum.,Nat.";
+    QTest::newRow("10057") << 10057 << "IVA descontable,IVA dev.ventas,Nat.";
+    QTest::newRow("10067") << 10067 << "IVA generado,IVA dev.compras,Nat.";
+    QTest::newRow("10068") << 10068 << "IVA generado,IVA dev.compras,Nat.";
+    QTest::newRow("10078") << 10078 << "Ingresos,Devoluciones,Nat.";
+    QTest::newRow("10087") << 10087 << "Cuentas,Nat.";
+}
+
+void PruebaMediosNacionales::la_configuracion_muestra_las_cuentas_de_su_formato() {
+    QFETCH(int, formato);
+    QFETCH(QString, columnas);
+    SesionGui s;
+    Pantalla* p = pantallas().abrir("Tfconfmediosm", AbreConfiguracionMedio{formato});
+    auto& r = componente<Rejilla>(p, "DBGridEh2");
+    QStringList visibles;
+    for (int i = 0; i < r.cuenta_columnas(); ++i)
+        if (r.columna(i).Visible)
+            visibles << r.columna(i).Titulo();
+    QCOMPARE(visibles.join(','), columnas);
+    QStringList formatos = valores_de(componente<ConjuntoDatos>(p, "CCambiosit"), "COME_FORMATO");
+    formatos.removeDuplicates();
+    QCOMPARE(formatos, QStringList(QString::number(formato)));
+}
+
+void PruebaMediosNacionales::un_concepto_nuevo_con_sus_cuentas_se_graba() {
+    SesionGui s;
+    Pantalla* p = pantallas().abrir("Tfconfmediosm", AbreConfiguracionMedio{10019});
+    auto& conceptos = componente<ConjuntoDatos>(p, "CCambiosit");
+    auto& cuentas = componente<ConjuntoDatos>(p, "Cmmcuentas");
+    const int mayor = s.dato("select max(mmcu_cons) from mediosmag_cuentas").toInt();
+    Interlocutor i;
+    conceptos.Append();
+    i.espere("Debe indicar la cuenta y concepto del tipo de registro");
+    QVERIFY_EXCEPTION_THROWN(conceptos.Post(), EdicionAbortada);
+    conceptos.FieldByName("COME_RESPUESTA") = "5063";
+    conceptos.Post();
+    const QString item = conceptos.FieldByName("COME_ITEM").texto();
+    // Un grupo de cuentas sirve; una que no existe se ofrece crear y, si no, se vacía.
+    cuentas.Append();
+    cuentas.FieldByName("MMCU_CUENTA") = "5195";
+    QCOMPARE(cuentas.FieldByName("MMCU_CUENTA").texto(), QString("5195"));
+    QCOMPARE(cuentas.FieldByName("MMCU_CONS").texto(), QString::number(mayor + 1));
+    i.espere("La cuenta especificada no existe. Desea Crearla?", "No");
+    cuentas.FieldByName("MMCU_CTARTF") = "999999";
+    QVERIFY(cuentas.FieldByName("MMCU_CTARTF").vacio());
+    cuentas.Post();
+    cuentas.Append(); // sin ninguna cuenta no queda
+    cuentas.Post();
+    // "?" abre el plan buscando lo que sigue, y la escogida llega a la celda.
+    enfoque(p, "DBGridEh2", 1);
+    digite("?caja");
+    oprima(Qt::Key_Return);
+    agote_eventos();
+    Pantalla* plan = s.escritorio.activa();
+    QCOMPARE(plan->objectName(), QString("Tfcuentas"));
+    oprima(Qt::Key_Return);
+    agote_eventos();
+    QCOMPARE(s.escritorio.activa(), p);
+    QVERIFY(cuentas.FieldByName("MMCU_CTARTF").texto().startsWith("1105"));
+    oprima(Qt::Key_F2);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCOMPARE(s.dato("select c.come_respuesta || '|' || c.come_formato || '|' || m.mmcu_cuenta || "
+                    "'|' || count(*) from configura_mediosmag c join mediosmag_cuentas m on "
+                    "m.mmcu_item = c.come_item where c.come_item = " +
+                    item + " group by c.come_respuesta, c.come_formato, m.mmcu_cuenta"),
+             QString("5063|10019|5195|1"));
+    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
+        p->grab().save(deja + "/Tfconfmediosm.png");
+}
+
+QTEST_MAIN(PruebaMediosNacionales)
+#include "prueba_medios_nacionales.moc"

@@ -1,0 +1,256 @@
+// Lo que se escribe en una celda y no se puede adivinar, y lo que una línea no le pasa a otra.
+#include "apoyo_gui/peticiones.h"
+#include "vouchers/digitador.h"
+
+#include <QClipboard>
+
+class PruebaCeldasDudosas : public QObject {
+    Q_OBJECT
+private slots:
+    void un_importe_con_dos_lecturas_se_rehusa_por_su_titulo() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        d.linea({"110505"});
+        const struct {
+            int columna;
+            const char *digitado, *mensaje;
+        } rehusados[] = {
+            {LineasLibro::kDebito, "1.250",
+             "'1.250' se puede leer de dos maneras en Débito: escriba 1250 o 1.25."},
+            {LineasLibro::kCredito, "1,250",
+             "'1,250' se puede leer de dos maneras en Crédito: escriba 1250 o 1.25."},
+            {LineasLibro::kBase, "12e3", "'12e3' no es un número para Base."},
+        };
+        for (const auto& r : rehusados) {
+            Interlocutor i;
+            i.espere(QString("Se presento el siguiente error: ") + r.mensaje);
+            d.rejilla().SelectedIndex(r.columna);
+            digite(r.digitado);
+            oprima(Qt::Key_Return);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            oprima(Qt::Key_Escape);
+        }
+        const struct {
+            const char *digitado, *queda;
+        } buenos[] = {{"1,234.50", "1234.5"}, {"1.234,50", "1234.5"}, {"0.250", "0.25"},
+                      {"1234.5", "1234.5"},   {"12,5", "12.5"},       {"1.234.567", "1234567"}};
+        for (const auto& b : buenos) {
+            d.rejilla().SelectedIndex(LineasLibro::kDebito);
+            digite(b.digitado);
+            oprima(Qt::Key_Return);
+            QCOMPARE(d.celda("CODE_DEBITO"), QString(b.queda));
+        }
+        // En el encabezado, por su rótulo; y al pegar, igual que al digitar.
+        Interlocutor i;
+        i.espere("Se presento el siguiente error: '2.500' se puede leer de dos maneras en Monto: "
+                 "escriba 2500 o 2.5.");
+        p->DBEdit6->setFocus();
+        digite("2.500");
+        oprima(Qt::Key_Tab);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        i.espere("Se presento el siguiente error: '3.750' se puede leer de dos maneras en Débito: "
+                 "escriba 3750 o 3.75.");
+        QApplication::clipboard()->setText("3.750");
+        d.rejilla().setFocus();
+        d.rejilla().SelectedIndex(LineasLibro::kDebito);
+        d.rejilla().pegue();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void un_porcentaje_de_mas_de_cien_se_pregunta() {
+        SesionGui s;
+        Digitador d(s);
+        d.configure("GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES", "0");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        d.linea({"236540", "900123456"});
+        d.rejilla().SelectedIndex(LineasLibro::kBase);
+        d.linea({"1000"});
+        const char* pregunta = "El porcentaje 250 pasa de 100. Desea dejarlo?";
+        Interlocutor i;
+        i.espere(pregunta, "No");
+        d.rejilla().SelectedIndex(LineasLibro::kPorcentaje);
+        d.linea({"250"});
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(d.celda("CODE_PORC") + d.celda("CODE_DEBITO"), QString());
+        i.espere(pregunta, "Sí");
+        d.rejilla().SelectedIndex(LineasLibro::kPorcentaje);
+        d.linea({"250"});
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(d.celda("CODE_DEBITO"), QString("2500"));
+        // Con tres decimales el punto es el decimal: nadie retiene el mil por ciento.
+        d.rejilla().SelectedIndex(LineasLibro::kPorcentaje);
+        d.linea({"1.104"});
+        QCOMPARE(d.celda("CODE_DEBITO"), QString("11"));
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void la_tarifa_con_mas_decimales_da_su_valor_entero_en_los_dos_libros() {
+        SesionGui s;
+        Digitador d(s);
+        d.configure("GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES", "0");
+        s.base.ejecute({"update cuentas set cuen_porc = 0.966 where cuen_cod = '236540'",
+                        "update cuentas_niif set cuen_porc = 0.966 where cuen_cod = '236540'"});
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        for (int pagina : {0, 1}) {
+            p->PageControl1->setCurrentIndex(pagina);
+            d.entre_a_la_rejilla();
+            d.linea({"236540", "900123456"});
+            for (const char* base : {"1000000", "2000000"}) { // la segunda ya trae el porcentaje
+                d.rejilla().SelectedIndex(LineasLibro::kBase);
+                d.linea({base});
+                QCOMPARE(d.celda("CODE_DEBITO"), QString(base[0] == '1' ? "9660" : "19320"));
+            }
+            QCOMPARE(d.celda("CODE_PORC"), QString(pagina == 0 ? "0.97" : "0.966"));
+            p->lineas_a_la_vista().detalle.Cancel();
+        }
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void el_tercero_del_encabezado_cuenta_desde_que_se_digita() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        for (const char* nit : {"52345678", "900123456"}) {
+            d.encabezado("CG", "05", "x");
+            p->DBEdit2->setFocus();
+            digite(nit);
+            oprima(Qt::Key_Tab);
+            d.entre_a_la_rejilla();
+            d.linea({"220505"});
+            QCOMPARE(d.celda("TERC_NIT"), QString(nit)); // ni ninguno ni el del anterior
+            p->GroupBox1->hide();
+            d.rejilla().setFocus();
+            d.rejilla().SelectedIndex(LineasLibro::kDebito);
+            d.linea({"10", "", ""});
+            d.linea({"310505", "", "", "", "", "", "", "", "", "", "10"});
+            oprima(Qt::Key_F2);
+            QVERIFY(p->CDetalle.IsEmpty());
+        }
+        QCOMPARE(s.dato("select list(d.terc_nit) from (select * from comprobante_detalle order by "
+                        "enco_consec) d where d.terc_nit is not null"),
+                 QString("52345678,900123456"));
+    }
+
+    void el_vencimiento_guardado_no_cambia_por_pasar_cerca() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
+        s.base.ejecute({"update comprobante_detalle set cuen_cod = '220505', terc_nit = "
+                        "'800456789', doco_vence = '20170415' where code_item = 1"});
+        auto* p =
+            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        Rejilla& r = *p->lineas_2649->rejilla;
+        r.setFocus();
+        oprima(Qt::Key_Home, Qt::ControlModifier);
+        r.SelectedIndex(0);
+        oprima(Qt::Key_Return); // deja la cuenta: el panel se abre
+        QVERIFY(p->GroupBox1->isVisible());
+        QCOMPARE(p->DateTimePicker1->fecha_texto(), QString("20170415"));
+        QCOMPARE(p->CDetalle.FieldByName("DOCO_VENCE").texto(), QString("20170415"));
+        componente<QPushButton>(p, "SpeedButton2").click();
+        // En una línea que no lo tiene, cambiar de página con el cursor en la cuenta no lo pone.
+        s.base.ejecute({"update comprobante_detalle set doco_vence = null"});
+        p->CMovimiento.CancelUpdates();
+        p->close();
+        p = qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        p->lineas_2649->rejilla->setFocus();
+        QCOMPARE(p->lineas_2649->rejilla->SelectedIndex(), int(LineasLibro::kCuenta));
+        QCOMPARE(p->CDetalle.FieldByName("CUEN_COD").texto(), QString("220505"));
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(p->PageControl1->currentIndex(), 1);
+        QVERIFY(!p->GroupBox1->isVisible());
+        QCOMPARE(p->CDetalle.FieldByName("DOCO_VENCE").texto(), QString());
+        QCOMPARE(s.dato("select doco_vence from comprobante_detalle where code_item = 1"),
+                 QString());
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void el_articulo_de_una_linea_no_pasa_a_otra_ni_al_comprobante_que_sigue() {
+        SesionGui s;
+        Digitador d(s);
+        ListaFalsa<PideArticulo> articulos("Tfarticulos");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        d.linea({"143505"});
+        QVERIFY(p->GroupBox2->isVisible());
+        componente<QPushButton>(p, "SpeedButton6").click();
+        articulos.conteste("MART01");
+        QCOMPARE(d.celda("ARTI_COD"), QString("MART01"));
+        componente<QPushButton>(p, "SpeedButton3").click();
+        d.rejilla().setFocus();
+        d.rejilla().SelectedIndex(LineasLibro::kDebito);
+        d.linea({"10", "", ""});
+        // Otra línea de inventario, sin escoger artículo: "Continuar" no le pone el de la primera.
+        d.linea({"143505"});
+        QCOMPARE(p->EArticod->text(), QString());
+        componente<QPushButton>(p, "SpeedButton3").click();
+        QCOMPARE(d.celda("ARTI_COD"), QString());
+        d.rejilla().setFocus();
+        d.rejilla().SelectedIndex(LineasLibro::kCredito);
+        d.linea({"10"});
+        // De vuelta en la primera, el panel muestra el suyo y "Continuar" lo conserva.
+        oprima(Qt::Key_Home, Qt::ControlModifier);
+        d.rejilla().SelectedIndex(0);
+        oprima(Qt::Key_Return);
+        QCOMPARE(p->EArticod->text(), QString("MART01"));
+        componente<QPushButton>(p, "SpeedButton3").click();
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select list(coalesce(arti_cod, '-')) from (select * from "
+                        "comprobante_detalle order by code_item)"),
+                 QString("MART01,-"));
+        QCOMPARE(p->EArticod->text() + p->Edit2->text(), QString());
+    }
+
+    void cancelar_la_busqueda_del_mandante_no_le_pasa_el_tercero() {
+        SesionGui s;
+        Digitador d(s);
+        d.configure("COMPROBANTES", "PREGUNTAR MANDANTE EN COMPROBANTES CONTABLES", "SI");
+        ListaFalsa<PideTercero> terceros("Tfterceros");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        p->Mand->setFocus();
+        digite("?banco");
+        oprima(Qt::Key_Tab);
+        terceros.cancele(); // Esc en la lista
+        p->DBEdit2->setFocus();
+        oprima(Qt::Key_F6);
+        terceros.conteste("900123456");
+        QCOMPARE(p->DBEdit2->text(), QString("900123456"));
+        QVERIFY(p->CMovimiento.FieldByName("ENCO_MANDANTE").texto() != "900123456");
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void una_plantilla_que_otro_borro_no_trae_la_primera() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
+                        "plan_concepto) values (3, 'CG', '0001', 'Arriendo')",
+                        "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, "
+                        "plde_debitos) values (3, 1, '240805', 40)"});
+        ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.asiento("110505", "310505", "10");
+        Interlocutor i;
+        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
+                 "Continuar?",
+                 "Sí");
+        i.espere("La plantilla 8 ya no existe: otro usuario la borró.");
+        oprima(Qt::Key_F11);
+        plantillas.conteste("8");
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->CDetalle.RecordCount(), 2); // lo digitado sigue ahí
+        p->CMovimiento.CancelUpdates();
+    }
+};
+
+QTEST_MAIN(PruebaCeldasDudosas)
+#include "prueba_celdas_dudosas.moc"

@@ -1,0 +1,125 @@
+// Dos personas con el mismo comprobante abierto: ninguna pierde lo suyo ni pisa lo de la otra sin
+// saberlo.
+#include "toolkit/controles/memodato.h"
+#include "vouchers/digitador.h"
+
+namespace {
+
+struct Editor {
+    explicit Editor(SesionGui& s)
+        : p(qobject_cast<Tfedtmovimien*>(
+              pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}))) {
+        Q_UNUSED(s);
+    }
+    void active() { escritorio()->active(p); }
+    Rejilla& rejilla() { return *p->lineas_2649->rejilla; }
+    /// Agrega una línea al final, con ceros a los dos lados.
+    void agregue(const char* cuenta) {
+        active();
+        rejilla().setFocus();
+        oprima(Qt::Key_End, Qt::ControlModifier);
+        oprima(Qt::Key_Down);
+        rejilla().SelectedIndex(0);
+        digite(cuenta);
+        oprima(Qt::Key_Return);
+        rejilla().SelectedIndex(LineasLibro::kDebito);
+        digite("0");
+        oprima(Qt::Key_Return);
+    }
+    void grabe() {
+        active();
+        rejilla().setFocus();
+        oprima(Qt::Key_F2);
+        agote_eventos(); // la pantalla que se cierra muere después
+    }
+    QPointer<Tfedtmovimien> p;
+};
+
+} // namespace
+
+class PruebaDosEditores : public QObject {
+    Q_OBJECT
+private slots:
+    void cada_uno_agrega_su_linea_y_quedan_las_dos() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
+        Editor uno(s), otro(s);
+        QVERIFY(uno.p && otro.p && uno.p != otro.p);
+        uno.agregue("111005");
+        otro.agregue("240805");
+        uno.grabe();
+        QVERIFY(!uno.p);
+        otro.grabe(); // sin un solo diálogo
+        QVERIFY(!otro.p);
+        QCOMPARE(s.dato("select list(code_item || ':' || cuen_cod) from (select * from "
+                        "comprobante_detalle order by code_item)"),
+                 QString("1:110505,2:310505,3:111005,4:240805"));
+    }
+
+    void las_observaciones_de_otro_no_se_pisan() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
+        Editor uno(s), otro(s);
+        const auto observe = [](Editor& e, const char* texto) {
+            e.active();
+            e.p->DBMemo1->setFocus();
+            digite(texto);
+            oprima(Qt::Key_Tab);
+        };
+        observe(uno, "de uno");
+        observe(otro, "de otro");
+        uno.grabe();
+        QVERIFY(!uno.p);
+        Interlocutor i;
+        i.espere_modal("dialogo", [](QWidget* modal) {
+            auto* mensaje = qobject_cast<QMessageBox*>(modal);
+            QVERIFY(mensaje->text().startsWith("Otro usuario cambió"));
+            mensaje->buttons().first()->click();
+        });
+        otro.grabe();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(otro.p); // sigue en pantalla, con lo suyo
+        QCOMPARE(s.dato("select enco_obs from comprobante_encabezado"), QString("de uno"));
+        QCOMPARE(otro.p->CMovimiento.FieldByName("ENCO_OBS").texto(), QString("de otro"));
+        otro.p->CMovimiento.CancelUpdates();
+    }
+
+    void borrar_lo_que_otro_cambio_se_pregunta_dos_veces() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
+        Editor uno(s), otro(s);
+        uno.agregue("111005");
+        uno.grabe();
+        const char* borrar = "Desea borrar definitivamente el comprobante CG 0001 000021?";
+        const char* cambiado = "El usuario ADMIN cambió este comprobante después de que usted lo "
+                               "abrió. Desea borrarlo de todos modos?";
+        Interlocutor i;
+        i.espere(borrar, "Sí");
+        i.espere(cambiado, "No");
+        otro.active();
+        otro.p->SBBorrar->click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle"), QString("3"));
+        QVERIFY(otro.p);
+        i.espere(borrar, "Sí");
+        i.espere(cambiado, "Sí");
+        otro.p->SBBorrar->click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        // Quien ya vio su propio cambio de página no recibe ese aviso.
+        ponga_comprobante(s, 1, "000022", "20170315", {"110505:100:0", "310505:0:100"});
+        Editor solo(s);
+        solo.p->PageControl1->setCurrentIndex(1);
+        i.espere("Desea borrar definitivamente el comprobante CG 0001 000022?", "Sí");
+        solo.p->SBBorrar->click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        agote_eventos();
+        QVERIFY(!solo.p);
+    }
+};
+
+QTEST_MAIN(PruebaDosEditores)
+#include "prueba_dos_editores.moc"

@@ -1,0 +1,144 @@
+// Lo que los comprobantes buscan en las listas verdaderas llega a quien lo buscó, y solo a él.
+#include "catalogues/registro_cuentas.h"
+#include "catalogues/registro_terceros.h"
+#include "toolkit/estilo.h"
+#include "vouchers/digitador.h"
+
+namespace {
+
+/// La lista activa, puesta en la fila de esa clave.
+Pantalla* ubique(SesionGui& s, const char* conjunto, const char* clave, const QString& valor) {
+    Pantalla* lista = s.escritorio.activa();
+    if (!componente<ConjuntoDatos>(lista, conjunto).Locate(clave, {valor}))
+        qFatal("%s no tiene %s", qPrintable(lista->objectName()), qPrintable(valor));
+    con_foco();
+    componente<Rejilla>(lista, "DBGridEh1").setFocus();
+    return lista;
+}
+void escoja_cuenta(SesionGui& s, const QString& cuenta) {
+    ubique(s, "CCuentas", "CUEN_COD", cuenta);
+    oprima(Qt::Key_Return);
+}
+void escoja_tercero(SesionGui& s, const QString& nit) {
+    ubique(s, "CTerceros", "TERC_NIT", nit);
+    oprima(Qt::Key_Return);
+}
+QString celda(Tfmovimien* p, const char* campo) {
+    return p->CDetalle.FieldByName(campo).texto();
+}
+/// Un comprobante nuevo, con el foco en su rejilla.
+Tfmovimien* comprobante(Digitador& d, const char* concepto) {
+    Tfmovimien* p = d.abra();
+    d.encabezado("CG", "05", concepto);
+    d.entre_a_la_rejilla();
+    return p;
+}
+
+} // namespace
+
+class PruebaEscogerDeListas : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() {
+        aplique_estilo(*qApp);
+        registre_pantallas_cuentas();
+        registre_pantallas_terceros();
+    }
+
+    void dos_comprobantes_que_buscan_a_la_vez_no_se_cruzan() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* a = comprobante(d, "uno");
+        oprima(Qt::Key_F9);
+        Pantalla* lista_de_a = s.escritorio.activa();
+        Tfmovimien* b = comprobante(d, "dos");
+        oprima(Qt::Key_F9);
+        Pantalla* lista_de_b = s.escritorio.activa();
+        QVERIFY(lista_de_a != lista_de_b);
+        // la de A contesta primero; al cerrarse, la que queda activa es la lista de B
+        s.escritorio.active(lista_de_a);
+        escoja_cuenta(s, "110505");
+        QCOMPARE(s.escritorio.activa(), lista_de_b);
+        QCOMPARE(celda(a, "CUEN_COD"), QString());
+        escoja_cuenta(s, "310505");
+        QCOMPARE(s.escritorio.activa(), b);
+        QCOMPARE(celda(b, "CUEN_COD"), QString("310505"));
+        QCOMPARE(celda(a, "CUEN_COD"), QString());
+        s.escritorio.active(a);
+        QCOMPARE(celda(a, "CUEN_COD"), QString("110505"));
+        QCOMPARE(celda(b, "CUEN_COD"), QString("310505"));
+        for (Tfmovimien* p : {a, b})
+            p->CMovimiento.CancelUpdates();
+    }
+
+    void la_busqueda_abandonada_o_de_quien_se_cerro_no_llega_a_otro() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* a = comprobante(d, "uno");
+        oprima(Qt::Key_F6);
+        oprima(Qt::Key_Escape); // sin escoger
+        QCOMPARE(s.escritorio.activa(), a);
+        QCOMPARE(celda(a, "TERC_NIT"), QString());
+        oprima(Qt::Key_F6);
+        Pantalla* lista_de_a = s.escritorio.activa();
+        Tfmovimien* b = comprobante(d, "dos");
+        a->CMovimiento.CancelUpdates();
+        QVERIFY(a->close());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        s.escritorio.active(lista_de_a);
+        escoja_tercero(s, "900123456");
+        QCOMPARE(s.escritorio.activa(), b);
+        QCOMPARE(celda(b, "TERC_NIT"), QString());
+        QCOMPARE(b->CMovimiento.FieldByName("TERC_NIT").texto(), QString());
+        // y lo suyo sí le llega, aunque entre tanto el foco haya pasado al encabezado
+        d.entre_a_la_rejilla();
+        oprima(Qt::Key_F6);
+        Pantalla* lista_de_b = s.escritorio.activa();
+        s.escritorio.active(b);
+        b->DBEdit1->setFocus();
+        s.escritorio.active(lista_de_b);
+        escoja_tercero(s, "800456789");
+        QCOMPARE(celda(b, "TERC_NIT"), QString("800456789"));
+        QCOMPARE(b->CMovimiento.FieldByName("TERC_NIT").texto(), QString());
+        b->CMovimiento.CancelUpdates();
+    }
+
+    void el_tercero_que_se_crea_vuelve_al_campo_que_lo_pidio() {
+        SesionGui s;
+        Digitador d(s);
+        const QString pregunta = "Tercero no encontrado. Desea crearlo?";
+        Interlocutor i;
+        Tfmovimien* a = comprobante(d, "uno");
+        i.espere(pregunta, "Sí");
+        a->DBEdit2->setFocus();
+        digite("901777888");
+        oprima(Qt::Key_Tab);
+        Pantalla* ficha_de_a = s.escritorio.activa();
+        QCOMPARE(ficha_de_a->objectName(), QString("Tfnvotercero"));
+        Tfmovimien* b = comprobante(d, "dos");
+        i.espere(pregunta, "Sí");
+        d.linea({"510506", "901777999"}); // sin panel que se lleve el foco
+        QCOMPARE(s.escritorio.activa()->objectName(), QString("Tfnvotercero"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        // el de la línea se abandona; el del encabezado del otro comprobante se graba
+        oprima(Qt::Key_Escape);
+        QCOMPARE(s.escritorio.activa(), b);
+        s.escritorio.active(ficha_de_a);
+        con_foco();
+        auto& nombre = componente<EditorDato>(ficha_de_a, "ENombre");
+        nombre.setFocus();
+        digite("Pedido");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(b->CMovimiento.FieldByName("TERC_NIT").texto(), QString());
+        s.escritorio.active(a);
+        QCOMPARE(a->CMovimiento.FieldByName("TERC_NIT").texto(), QString("901777888"));
+        QCOMPARE(s.dato("select count(*) from terceros where terc_nit starting with '901777'"),
+                 QString("1"));
+        for (Tfmovimien* p : {a, b})
+            p->CMovimiento.CancelUpdates();
+    }
+};
+
+QTEST_MAIN(PruebaEscogerDeListas)
+#include "prueba_escoger_de_listas.moc"

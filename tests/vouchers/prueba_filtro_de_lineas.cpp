@@ -1,0 +1,171 @@
+// Con la fila de filtros puesta, lo oculto sigue siendo del comprobante.
+#include "apoyo_gui/peticiones.h"
+#include "vouchers/digitador.h"
+
+namespace {
+
+struct Filtrado : Digitador {
+    using Digitador::Digitador;
+
+    /// Enciende el filtro y escribe la condición de la columna, desde su primera fila.
+    void filtre(int columna, const QString& condicion) {
+        p->ckFiltro->setChecked(true);
+        rejilla().setFocus();
+        oprima(Qt::Key_Home, Qt::ControlModifier);
+        rejilla().SelectedIndex(columna);
+        oprima(Qt::Key_Up);
+        QVERIFY(rejilla().en_fila_de_filtro());
+        oprima(Qt::Key_A, Qt::ControlModifier); // reemplaza la condición que hubiera
+        digite(condicion);
+        oprima(Qt::Key_Return);
+    }
+    void linea_de_debito(const char* cuenta, const char* valor) {
+        linea({cuenta, "", "", "", "", "", "", "", "", valor, "", ""});
+    }
+    void linea_de_credito(const char* cuenta, const char* valor) {
+        linea({cuenta, "", "", "", "", "", "", "", "", "", valor, ""});
+    }
+};
+
+const char* const kDescuadrado = "No puede grabar un comprobante descuadrado";
+const char* const kSalir =
+    "Desea salir del comprobante y perder los movimientos que no ha grabado?";
+
+} // namespace
+
+class PruebaFiltroDeLineas : public QObject {
+    Q_OBJECT
+private slots:
+    void las_lineas_ocultas_cuentan_en_el_cuadre_y_en_las_sumas() {
+        SesionGui s;
+        Filtrado d(s);
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        d.linea_de_debito("110505", "500");
+        d.linea_de_debito("110505", "10");
+        d.linea_de_credito("310505", "10");
+        d.filtre(LineasLibro::kDebito, "<100");
+        QCOMPARE(p->CDetalle.RecordCount(), 2); // la de 500 no se ve
+        oprima(Qt::Key_Down);
+        QCOMPARE(p->lineas_2649->Sumadeb->text(), QString("510.00"));
+        QCOMPARE(p->lineas_2649->Difdeb->text(), QString("500.00"));
+        {
+            Interlocutor i;
+            i.espere(kDescuadrado);
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        // F5 propone lo que cuadra todas, y la línea nueva sigue a la vista aunque no cumpla.
+        p->CDetalle.Cancel();
+        d.rejilla().setFocus();
+        oprima(Qt::Key_End, Qt::ControlModifier);
+        oprima(Qt::Key_Down);
+        d.rejilla().SelectedIndex(0);
+        d.linea({"111005"});
+        oprima(Qt::Key_F5);
+        QCOMPARE(d.celda("CODE_CREDITO"), QString("500"));
+        oprima(Qt::Key_Up);
+        QCOMPARE(p->CDetalle.RecordCount(), 3);
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select count(*) || '/' || sum(code_debito) || '/' || sum(code_credito) "
+                        "from comprobante_detalle"),
+                 QString("4/510.00/510.00"));
+        // El siguiente comprobante empieza sin filtro.
+        QVERIFY(!p->ckFiltro->isChecked());
+        d.entre_a_la_rejilla();
+        d.linea_de_debito("110505", "900");
+        oprima(Qt::Key_Up); // sin la fila en blanco que quedó al final
+        QCOMPARE(p->CDetalle.RecordCount(), 1);
+        p->CDetalle.Cancel();
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void una_linea_nueva_que_el_filtro_ocultaria_sigue_a_la_vista() {
+        SesionGui s;
+        Filtrado d(s);
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        d.linea_de_debito("110505", "10");
+        d.filtre(LineasLibro::kCuenta, "1105");
+        oprima(Qt::Key_Down);
+        oprima(Qt::Key_Down);
+        d.rejilla().SelectedIndex(0);
+        d.linea_de_credito("310505", "10");
+        oprima(Qt::Key_Up);
+        QCOMPARE(p->CDetalle.RecordCount(), 2);
+        // Un filtro puesto después sí la oculta.
+        d.filtre(LineasLibro::kCuenta, "110505");
+        QCOMPARE(p->CDetalle.RecordCount(), 1);
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void con_todas_ocultas_esc_todavia_pregunta_y_la_plantilla_las_reemplaza() {
+        SesionGui s;
+        Filtrado d(s);
+        s.base.ejecute(
+            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
+             "values (3, 'CG', '0001', 'Arriendo')",
+             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_debitos, "
+             "plde_creditos) values (3, 1, '240805', 40, 0)"});
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.asiento("110505", "310505", "10");
+        d.filtre(LineasLibro::kCuenta, "zz");
+        QCOMPARE(p->CDetalle.RecordCount(), 0);
+        {
+            Interlocutor i;
+            i.espere(kSalir, "No");
+            p->DBEdit1->setFocus();
+            oprima(Qt::Key_Escape);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(s.escritorio.abiertas().size(), 1);
+        }
+        ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
+        Interlocutor i;
+        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
+                 "Continuar?",
+                 "Sí");
+        oprima(Qt::Key_F11);
+        plantillas.conteste("3");
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(!p->ckFiltro->isChecked());
+        QCOMPARE(p->CDetalle.RecordCount(), 1);
+        QCOMPARE(p->CDetalle.FieldByName("CUEN_COD").texto(), QString("240805"));
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void al_editar_tambien_cuentan_las_ocultas() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315",
+                          {"110505:500:0", "111005:10:0", "310505:0:510"});
+        auto* p =
+            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        QVERIFY(p);
+        // Quitar el crédito grande y tapar el débito grande: lo que se ve cuadra.
+        p->CDetalle.Last();
+        p->CDetalle.Edit();
+        p->CDetalle.FieldByName("CODE_CREDITO") = Moneda(10);
+        p->CDetalle.Post();
+        p->ckFiltro->setChecked(true);
+        p->lineas_2649->rejilla->setFocus();
+        oprima(Qt::Key_Home, Qt::ControlModifier);
+        p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kDebito);
+        oprima(Qt::Key_Up);
+        digite("<100");
+        oprima(Qt::Key_Return);
+        QCOMPARE(p->CDetalle.RecordCount(), 2);
+        Interlocutor i;
+        i.espere(kDescuadrado);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select sum(code_credito) from comprobante_detalle"), QString("510"));
+        p->CMovimiento.CancelUpdates();
+    }
+};
+
+QTEST_MAIN(PruebaFiltroDeLineas)
+#include "prueba_filtro_de_lineas.moc"

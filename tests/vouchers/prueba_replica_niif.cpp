@@ -1,0 +1,157 @@
+// La réplica NIIF vista desde la pantalla: completa o ninguna, y sin atrapar a nadie.
+#include "vouchers/digitador.h"
+
+#include <QAction>
+
+namespace {
+
+const char* const kSinNit = "Debe indicar un NIT para el movimiento.";
+
+QString niif(SesionGui& s) {
+    return s.dato("select list(cuen_cod || ':' || code_debito || ':' || code_credito || ':' || "
+                  "coalesce(terc_nit, '') || ':' || coalesce(code_itemrep, 0)) from (select * from "
+                  "comprobante_detalle_niif order by code_item)");
+}
+
+void marque_replica(Tfmovimien* p) {
+    p->DBCheckBox2->setFocus();
+    oprima(Qt::Key_Space);
+}
+
+} // namespace
+
+class PruebaReplicaNiif : public QObject {
+    Q_OBJECT
+private slots:
+    void sin_equivalente_se_dice_la_cuenta_y_no_queda_media_replica() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '310505'"});
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        marque_replica(p);
+        d.asiento("110505", "310505", "10");
+        const char* texto = "La cuenta 310505 (línea 2) no tiene una cuenta NIIF equivalente que "
+                            "pueda llevar movimiento: la réplica quedaría descuadrada.";
+        Interlocutor i;
+        i.espere(texto);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(d.celda("CUEN_COD"), QString("310505")); // el cursor quedó en ella
+        i.espere(texto);
+        p->PageControl1->setCurrentIndex(1);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        p->PageControl1->setCurrentIndex(0);
+        // Con la equivalencia puesta el mismo F2 graba los dos libros.
+        s.base.ejecute({"update cuentas set cuen_eqniif = '310505' where cuen_cod = '310505'"});
+        d.rejilla().setFocus();
+        oprima(Qt::Key_F2);
+        QCOMPARE(niif(s), QString("110505:10.00:0.00::1,310505:0.00:10.00::2"));
+    }
+
+    void la_replica_sin_el_nit_que_pide_su_cuenta_se_dice_y_se_corrige() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute({"update cuentas set cuen_eqniif = '130505' where cuen_cod = '111005'"});
+        Tfmovimien* p = d.abra();
+        p->PageControl1->setCurrentIndex(0);
+        d.encabezado("CG", "05", "x");
+        marque_replica(p);
+        d.asiento("111005", "310505", "10");
+        p->PageControl1->setCurrentIndex(1);
+        QCOMPARE(p->Cdetniif.RecordCount(), 2);
+        // Pasar por ella no atrapa: se va y se vuelve sin un mensaje.
+        d.rejilla().setFocus();
+        d.rejilla().SelectedIndex(LineasLibro::kDebito); // dejar la cuenta muestra su panel
+        QVERIFY(p->GroupBox1->isVisible());
+        componente<QPushButton>(p, "SpeedButton2").click();
+        d.rejilla().setFocus();
+        QCOMPARE(d.celda("CUEN_COD"), QString("130505"));
+        oprima(Qt::Key_Down);
+        QCOMPARE(d.celda("CUEN_COD"), QString("310505"));
+        oprima(Qt::Key_Up);
+        QCOMPARE(d.celda("CUEN_COD"), QString("130505"));
+        p->PageControl1->setCurrentIndex(0);
+        Interlocutor i;
+        i.espere(QString("Línea 1 del libro NIIF, cuenta 130505: ") + kSinNit);
+        d.rejilla().setFocus();
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        // La pantalla llevó al usuario a la celda que falta; la llena y graba.
+        QCOMPARE(p->PageControl1->currentIndex(), 1);
+        QCOMPARE(d.celda("CUEN_COD"), QString("130505"));
+        QCOMPARE(d.rejilla().SelectedIndex(), int(LineasLibro::kTercero));
+        digite("900123456");
+        oprima(Qt::Key_Return);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(niif(s), QString("130505:10.00:0.00:900123456:1,310505:0.00:10.00::2"));
+        QVERIFY(p->CDetalle.IsEmpty());
+    }
+
+    void lo_que_se_corrige_despues_de_replicar_llega_al_niif() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
+        ponga_comprobante(s, 1, "000021", "20170315", {"152405:7:0", "310505:0:7"},
+                          "comprobante_detalle_niif");
+        auto* p =
+            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        p->DBCheckBox2->setFocus();
+        oprima(Qt::Key_Space);
+        {
+            Interlocutor i;
+            i.espere("Esta seguro de descartar la información de NIIF y reemplazarla por la "
+                     "equivalencia?",
+                     "Sí");
+            componente<QAction>(p, "ReplicaraNIIF1").trigger();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        p->lineas_2649->rejilla->setFocus();
+        oprima(Qt::Key_F2);
+        QCOMPARE(niif(s), QString("110505:100.00:0.00::1,310505:0.00:100.00::2"));
+        // Otro día se corrige el 2649: la réplica lo sigue.
+        p = qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        p->lineas_2649->rejilla->setFocus();
+        oprima(Qt::Key_Home, Qt::ControlModifier);
+        p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kDebito);
+        digite("250");
+        oprima(Qt::Key_Down);
+        p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kCredito);
+        digite("250");
+        oprima(Qt::Key_Return);
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.escritorio.abiertas().size(), 0);
+        QCOMPARE(niif(s), QString("110505:250.00:0.00::1,310505:0.00:250.00::2"));
+        QCOMPARE(s.dato("select count(*) from verifique_saldos('NIIF')"), QString("0"));
+    }
+
+    void replicar_no_descarta_nada_si_una_cuenta_no_tiene_equivalente() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
+        ponga_comprobante(s, 1, "000021", "20170315", {"152405:7:0", "310505:0:7"},
+                          "comprobante_detalle_niif");
+        s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '110505'"});
+        auto* p =
+            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        p->DBCheckBox2->setFocus();
+        oprima(Qt::Key_Space);
+        Interlocutor i;
+        i.espere("Esta seguro de descartar la información de NIIF y reemplazarla por la "
+                 "equivalencia?",
+                 "Sí");
+        i.espere("La cuenta 110505 (línea 1) no tiene una cuenta NIIF equivalente que pueda llevar "
+                 "movimiento: la réplica quedaría descuadrada.");
+        componente<QAction>(p, "ReplicaraNIIF1").trigger();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->Cdetniif.RecordCount(), 2);
+        QCOMPARE(p->Cdetniif.valor_en(0, p->Cdetniif.FieldByName("CUEN_COD")).texto(),
+                 QString("152405"));
+        p->CMovimiento.CancelUpdates();
+    }
+};
+
+QTEST_MAIN(PruebaReplicaNiif)
+#include "prueba_replica_niif.moc"

@@ -1,0 +1,40 @@
+#pragma once
+// Letras de los informes y lo que miden, siempre en milímetros.
+#include "toolkit/informes/definicion.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <array>
+#include <unordered_map>
+
+namespace informes {
+
+/// Letra de un estilo en unidades de dibujo.
+QFont letra_de(const Estilo& estilo);
+
+class Letra {
+public:
+    explicit Letra(const Estilo& estilo);
+    double ancho(const QString& texto) const;
+    /// El texto, o su comienzo con puntos suspensivos si no cabe.
+    QString acorte(const QString& texto, double ancho) const;
+    /// El texto en renglones de ese ancho; una palabra más ancha se corta.
+    QStringList renglones(const QString& texto, double ancho) const;
+    double alto_renglon() const;
+
+private:
+    QFont letra_;
+    QFontMetricsF medidas_;
+    std::array<float, 256> anchos_; ///< los caracteres de casi todo lo que se imprime
+};
+
+/// Las letras que un informe va usando, por su estilo.
+class Letras {
+public:
+    const Letra& de(const Estilo& estilo, int numero);
+
+private:
+    std::unordered_map<int, Letra> letras_;
+};
+
+} // namespace informes

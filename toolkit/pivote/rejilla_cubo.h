@@ -1,0 +1,41 @@
+#pragma once
+// Un cubo en pantalla. Espacio, Enter o doble clic pliegan y despliegan la fila; con doble clic en
+// el título, la columna; el más y el menos del teclado numérico, todas por niveles.
+#include "toolkit/pivote/modelo_cubo.h"
+
+#include <QTableView>
+
+class RejillaCubo : public QTableView {
+    Q_OBJECT
+public:
+    explicit RejillaCubo(QWidget* padre = nullptr);
+
+    ModeloCubo& modelo() { return modelo_; }
+    QString texto_vacio; ///< lo que dice sin hechos
+    QString nombre_archivo = QStringLiteral("Cubo");
+
+    /// Calcula y muestra, y vuelve a la fila y la columna en que estaba.
+    void disponga(const Cubo& cubo, const DisposicionCubo& disposicion);
+    void alterne_actual();
+    /// Un nivel más o uno menos desplegado.
+    void mueva_nivel(int paso);
+    /// Pregunta el archivo y graba lo que se ve.
+    void guarde();
+    /// Copia las celdas seleccionadas, separadas por tabuladores.
+    void copie() const;
+
+signals:
+    void nivel_cambiado(int nivel);
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+    void mouseDoubleClickEvent(QMouseEvent* evento) override;
+    void paintEvent(QPaintEvent* evento) override;
+
+private:
+    void sin_moverse(const std::function<void()>& cambio);
+    void ajuste_anchos();
+
+    ModeloCubo modelo_;
+    const Cubo* cubo_ = nullptr;
+};

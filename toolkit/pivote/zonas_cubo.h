@@ -1,0 +1,50 @@
+#pragma once
+// Los campos de un cubo en sus zonas: sin usar, filas, columnas, filtros y valores. Se arrastran de
+// una a otra o se mueven con teclas: F a las filas, C a las columnas, T a los filtros, V a los
+// valores y Supr fuera; Alt+Arriba y Alt+Abajo cambian el orden. Enter escoge qué valores de un
+// campo pasan, y en una cifra, cómo se muestra.
+#include "toolkit/pivote/cubo.h"
+
+#include <QListWidget>
+#include <QWidget>
+#include <array>
+
+enum class Zona { Campos, Filas, Columnas, Filtros, Valores };
+
+class ZonasCubo : public QWidget {
+    Q_OBJECT
+public:
+    explicit ZonasCubo(const Cubo& cubo, QWidget* padre = nullptr);
+
+    /// Lo que dicen las zonas.
+    DisposicionCubo disposicion() const;
+    /// No emite `cambio`.
+    void disposicion(const DisposicionCubo& disposicion);
+    QListWidget* lista(Zona zona) const { return listas_[size_t(zona)]; }
+    /// Lleva el campo al final de la zona. Falso si allí no cabe.
+    bool mueva(const QString& campo, Zona zona);
+    /// La zona recibe ese campo: las cifras solo van en los valores.
+    bool recibe(Zona zona, const QString& campo) const;
+    /// Hechos nuevos: los valores que dejan pasar los filtros se conservan.
+    void nivel_filas(int nivel) { disposicion_.nivel_filas = nivel; }
+
+signals:
+    void cambio();
+
+private:
+    class Lista;
+    Zona zona_de(const QString& campo) const;
+    void ponga(Zona zona, const QStringList& campos);
+    void rotule();
+    QString rotulo(Zona zona, const QString& campo) const;
+    bool oprima(Zona zona, QListWidgetItem* item, int tecla, Qt::KeyboardModifiers modificadores);
+    void suba(QListWidget* lista, int paso);
+    void escoja_valores(const QString& campo);
+    void cambie_muestra(const QString& campo);
+    void cambiaron();
+
+    const Cubo& cubo_;
+    DisposicionCubo disposicion_; ///< lo que las zonas no dicen: filtros, muestras, niveles
+    std::array<QListWidget*, 5> listas_;
+    bool llenando_ = false;
+};

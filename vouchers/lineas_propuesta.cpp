@@ -1,0 +1,127 @@
+#include "vouchers/lineas_propuesta.h"
+
+#include "vouchers/pch.h"
+
+namespace {
+
+const CamposLinea kDePropuesta{
+    .linea = {.debito = "CNDE_DEBITOS",
+              .credito = "CNDE_CREDITOS",
+              .cuenta = "CNDE_CUENTA",
+              .tercero = "CNDE_TERC",
+              .proyecto = "CNDE_PROY",
+              .centro = "CNDE_CENTRO"},
+    .item = "CNDE_ITEM",
+    .concepto = "CNDE_CONC",
+    .referencia = "CNDE_REF",
+    .base = "CNDE_BASE",
+    .porcentaje = "CNDE_PORC",
+    .categoria = "CNDE_CONCOD",
+    .articulo = "CNDE_ARTICULO",
+    .concepto_encabezado = "CNTB_CONCEPTO",
+    .referencia_encabezado = "CNTB_REF",
+    .dif_debito = "Difdeb",
+    .dif_credito = "DifCred",
+    .dif_debito_niif = "DifDebN",
+    .dif_credito_niif = "DifCreN",
+    .referencia_antes = true,
+    .columnas_libres = true,
+    .comilla_en_celda = true,
+    .memoria_comun = true,
+    .tarifa_del_2649 = true,
+    .base_con_signo = true,
+    .exige_valor = true,
+    .solo_nombres = true,
+    .completa_con_la_cuenta = false,
+};
+
+} // namespace
+
+LineasPropuesta::LineasPropuesta(Libro l, AnfitrionLineas& anfitrion, ConjuntoDatos& d,
+                                 ConjuntoDatos& consulta, MemoriasLinea& memorias,
+                                 const AjustesLinea& ajustes, QObject* dueno)
+    : LineasLibro(l, kDePropuesta, anfitrion, d, consulta, memorias, ajustes, dueno) {
+    siempre_recuerda_tercero = true;
+}
+
+void LineasPropuesta::defina_campos(ConjuntoDatos& d) {
+    d.entero("CNTB_ID").requerido();
+    d.entero("CNDE_ITEM").requerido();
+    d.texto("CNDE_CUENTA", 20).requerido().etiqueta("Cuenta");
+    d.texto("CNDE_TERC", 20).etiqueta("Tercero");
+    d.texto("CNDE_PROY", 4).etiqueta("Proyecto");
+    d.texto("CNDE_CENTRO", 4).etiqueta("Centro");
+    d.texto("CNDE_CONC", 60).etiqueta("Concepto");
+    d.decimal("CNDE_BASE").formato("#,###.00").etiqueta("Base");
+    d.decimal("CNDE_PORC", 4).formato("#,##0.####").tasa().etiqueta("Porcentaje");
+    d.decimal("CNDE_DEBITOS").formato("#,###.00").etiqueta("Débito");
+    d.decimal("CNDE_CREDITOS").formato("#,###.00").etiqueta("Crédito");
+    d.texto("CNDE_REF", 8).etiqueta("Referencia");
+    d.fecha("CNDE_DOCVENCE").etiqueta("Vencimiento");
+    d.entero("CNDE_DOCTIPON");
+    d.entero("CNDE_DOCTIPOA");
+    d.texto("CNDE_CONCOD", 4).etiqueta("Categoría");
+    d.texto("CNDE_ARTICULO", 15).etiqueta("Artículo");
+    d.texto("CNDE_DOCNUMERO", 10).etiqueta("Documento");
+    d.texto("CNDE_DOCAPLICAR", 10).etiqueta("Documento que se aplica");
+    d.agregado("SumDebitos", "sum(cnde_debitos)");
+    d.agregado("SumCreditos", "sum(cnde_creditos)");
+}
+
+QString LineasPropuesta::filtro() const {
+    return QStringLiteral("CNDE_ITEM %1 %2").arg(es_niif(libro) ? ">=" : "<").arg(kPrimerItemNiif);
+}
+
+Moneda LineasPropuesta::sume(const char* lado) const {
+    const Campo &item = campo(c_.item), &valor = campo(lado);
+    Moneda suma;
+    detalle.recorra_todas([&](const Fila& f) {
+        if ((detalle.valor_de(f, item).entero() >= kPrimerItemNiif) == es_niif(libro))
+            suma += detalle.valor_de(f, valor).moneda();
+    });
+    return suma;
+}
+
+bool LineasPropuesta::cuadrada() const {
+    const Campo& valor = campo(n_.debito);
+    return valor.presente(Valor(suma_debito())) == valor.presente(Valor(suma_credito()));
+}
+
+void LineasPropuesta::pregunte_por(int columna) {
+    if (columna > kCentro)
+        return;
+    if (detalle.IsEmpty())
+        detalle.Insert();
+    else
+        detalle.Edit();
+    if (columna == kCuenta || columna == kTercero) {
+        Campo& celda = campo(columna == kCuenta ? n_.cuenta : n_.tercero);
+        celda = '?' + celda.texto();
+        return;
+    }
+    campo(n_.centro).limpie(); // el que había no es del proyecto por el que se pregunta
+    campo(n_.proyecto) = QStringLiteral("?");
+    campo(n_.centro) = QStringLiteral("?");
+}
+
+void LineasPropuesta::validar_centro() {
+    const QString proyecto = campo(n_.proyecto).texto(), centro = campo(n_.centro).texto();
+    if (proyecto.isEmpty() || centro.isEmpty())
+        return;
+    if (proyecto.startsWith('?')) {
+        escoja_centro();
+        return;
+    }
+    QString sql = "select proy_cod, cent_cod from centros where proy_cod = " + QuotedStr(proyecto) +
+                  " and cent_cod = " + QuotedStr(centro);
+    if (ajustes().filtra_centros && fdm().sucursal_usuario != 0)
+        sql += QStringLiteral(" and ((sucu_id = 0) or (sucu_id = %1))").arg(fdm().sucursal_usuario);
+    consulta_.Open(sql);
+    if (!consulta_.IsEmpty()) {
+        muestre_nombres();
+        return;
+    }
+    muestre_mensaje("Centro-subcentro no encontrado.");
+    campo(n_.proyecto).limpie();
+    campo(n_.centro).limpie();
+}

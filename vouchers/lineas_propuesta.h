@@ -1,0 +1,35 @@
+#pragma once
+// Líneas de una propuesta de comprobante: las reglas de un comprobante sobre CONTABILIZACION_DET.
+//
+// Los dos libros comparten el conjunto: cada línea dice el suyo con su número, y un filtro deja a
+// la vista las de uno. Las diferencias de las reglas son las opciones de su CamposLinea.
+#include "libro/propuesta.h"
+#include "vouchers/lineas_libro.h"
+
+class LineasPropuesta : public LineasLibro {
+    Q_OBJECT
+public:
+    LineasPropuesta(Libro libro, AnfitrionLineas& anfitrion, ConjuntoDatos& detalle,
+                    ConjuntoDatos& consulta, MemoriasLinea& memorias, const AjustesLinea& ajustes,
+                    QObject* dueno);
+
+    static void defina_campos(ConjuntoDatos& detalle);
+    /// Condición de las líneas del libro, para filtrar el conjunto.
+    QString filtro() const;
+
+    // De todas las líneas del libro, esté o no a la vista.
+    Moneda suma_debito() const override { return sume(n_.debito); }
+    Moneda suma_credito() const override { return sume(n_.credito); }
+    /// Las dos sumas se leen igual.
+    bool cuadrada() const;
+    /// Escribe "?" en la celda, y así su regla abre la búsqueda.
+    void pregunte_por(int columna);
+
+    void validar_centro() override;
+
+protected:
+    std::optional<int> digito() const override { return -4; } // diezmilésimas
+
+private:
+    Moneda sume(const char* lado) const;
+};

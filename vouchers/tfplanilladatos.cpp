@@ -1,0 +1,343 @@
+#include "vouchers/tfplanilladatos.h"
+
+#include "libro/catalogos.h"
+#include "libro/numeracion.h"
+#include "libro/revision.h"
+#include "toolkit/aviso_trabajo.h"
+#include "vouchers/lineas_cuenta.h"
+#include "vouchers/pch.h"
+#include "vouchers/peticiones_planilla.h"
+#include "vouchers/piezas.h"
+
+using namespace columnas_planilla;
+
+namespace {
+constexpr int kDigitar = 30;
+constexpr const char* kImporte = "#,###.00";
+} // namespace
+
+Tfplanilladatos::Tfplanilladatos()
+    : Pantalla("Tfplanilladatos", "Digitación rápida"),
+      PMovimiento(this, "PMovimiento", &fdmcnt().TComprobantes,
+                  poCascadeDeletes | poCascadeUpdates),
+      CMovimiento(this, "CMovimiento", &PMovimiento), CDetalle(this, "CDetalle"),
+      Cdetniif(this, "Cdetniif"), CVirtdata(this, "CVirtdata") {
+    defina_encabezado(CMovimiento);
+    CDetalle.anide_en(&CMovimiento, &fdmcnt().TComprDetalle);
+    Cdetniif.anide_en(&CMovimiento, &fdmcnt().TCompniif);
+    defina_lineas(CDetalle, Libro::Decreto2649);
+    defina_lineas(Cdetniif, Libro::Niif);
+    construya();
+}
+
+Tfplanilladatos::~Tfplanilladatos() = default;
+
+void Tfplanilladatos::construya() {
+    ETipo = caja_de_lectura("ETipo", 40);
+    EMes = caja_de_lectura("EMes", 12);
+    EAno = caja_de_lectura("EAno", 5);
+    DBGridEh1 = nombrado(new Rejilla(this), "DBGridEh1");
+    DBGridEh1->setAccessibleName("Comprobantes por grabar");
+    DBGridEh1->enter_como_tab = true;
+    DBGridEh1->pie(true);
+    DBGridEh1->texto_vacio = "Insert agrega el primer comprobante; también se pueden pegar filas.";
+    DBGridEh1->nombre_archivo = "Plandigita";
+    DBGridEh1->menu_emergente(LineasCuenta::ordenes_de_comprobante());
+    DBGridEh1->OnDblClick = [this](int columna) { DBGridDblClick(columna); };
+    auto* barra = new BarraBotones(this);
+    barra->principal(barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
+                                  [this] { SBGrabarClick(); }));
+    barra->separe();
+    barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape, [this] { close(); });
+    // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
+    tecla(
+        Qt::Key_F6, Qt::NoModifier, "Tfterceros", [this] { busque_tercero({}); }, false);
+    tecla(
+        Qt::Key_F7, Qt::NoModifier, "Tfcentros", [this] { busque_centro(); }, false);
+    Formulario(this)
+        .fila({{"Tipo", ETipo}, {"Período", Formulario::junto({EMes, EAno})}})
+        .ancha(DBGridEh1)
+        .botones(barra);
+    tamano_del_area(60, 40);
+}
+
+// ---------------------------------------------------------------- creación
+
+void Tfplanilladatos::FormCreate() {
+    fdm().ConfigurarProviders(this);
+    const auto leida =
+        lea_planilla(fdm().Quorvex, peticion<AbrePlanilla>().planilla_seleccion.toLongLong());
+    if (!leida) {
+        muestre_mensaje("No se encontró la planilla.");
+        pida_cierre_al_crear();
+        return;
+    }
+    planilla_ = *leida;
+    setWindowTitle(windowTitle() + " - " + planilla_.nombre);
+    fdm().QBorrar.Open("SELECT TICO_NOM FROM TIPO_COMPROBANTE WHERE TICO_COD = " +
+                       QuotedStr(planilla_.tipo));
+    ETipo->setText(fdm().QBorrar.Fields(0).texto());
+    fdm().QBorrar.Close();
+    EAno->setText(fdmcnt().ano_actual);
+    EMes->setText(fdmcnt().nombre_periodo());
+    for (QLineEdit* e : {EAno, EMes})
+        e->setVisible(!planilla_.pide_fecha);
+    QStringList titulos;
+    for (const CuentaPlanilla& c : planilla_.cuentas) {
+        if (const QString negativa = negativa_de_titulo(c.titulo, titulos); !negativa.isEmpty()) {
+            muestre_mensaje(negativa);
+            pida_cierre_al_crear();
+            return;
+        }
+        titulos << c.titulo;
+    }
+    defina_hoja();
+    DBGridEh1->setFocus();
+    if (!fdm().exija_acceso(kDigitar))
+        pida_cierre_al_crear();
+}
+
+void Tfplanilladatos::defina_hoja() {
+    QVector<DefinicionColumna> columnas;
+    const auto columna = [&](Campo& campo, int ancho, unsigned opciones = 0) {
+        columnas.append({campo.FieldName, campo.FieldName, ancho, opciones, {}});
+    };
+    ConjuntoDatos& c = CVirtdata;
+    const auto importe = [&](const QString& titulo) -> Campo& {
+        return c.decimal(titulo).formato(kImporte);
+    };
+    if (planilla_.pide_fecha)
+        columna(c.texto(kFecha, 8).requerido(), 9);
+    else
+        columna(c.entero(kDia).requerido(), 5);
+    columna(c.texto(kNumero, 6).requerido(), 8);
+    if (planilla_.pide_tercero)
+        columna(c.texto(kTercero, 20), 14);
+    if (planilla_.pide_centro) {
+        columna(c.texto(kCentro, 4), 7);
+        columna(c.texto(kSubcentro, 4), 10);
+    }
+    if (planilla_.pide_concepto)
+        columna(c.texto(kConcepto, 60), 26);
+    bool con_base = false;
+    for (const CuentaPlanilla& cuenta : planilla_.cuentas) {
+        if (cuenta.con_base && !std::exchange(con_base, true))
+            columna(importe(kBase), 14, Suma);
+        columna(importe(cuenta.titulo), 14, Suma);
+    }
+    c.BeforePost = [this] { VirtdataBeforePost(); };
+    valide(kTercero, [](const QString& nit) { return revise_tercero(fdm().Quorvex, nit); });
+    c.CreateDataSet();
+    DBGridEh1->ate(&c);
+    DBGridEh1->columnas(columnas);
+    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
+}
+
+void Tfplanilladatos::valide(const char* columna,
+                             std::function<std::optional<Rechazo>(const QString&)> revise) {
+    Campo* campo = CVirtdata.FindField(columna);
+    if (!campo)
+        return;
+    campo->OnChange = [this](Campo& c) {
+        if (!c.texto().startsWith('?'))
+            return;
+        const QString texto = c.texto().mid(1);
+        c.limpie();
+        busque_tercero(texto);
+    };
+    campo->OnValidate = [revise](Campo&, const Valor& v) {
+        if (v.texto().isEmpty() || v.texto().startsWith('?'))
+            return;
+        if (const auto rechazo = revise(v.texto()))
+            throw ErrorDatos(rechazo->texto);
+    };
+}
+
+// ---------------------------------------------------------------- filas
+
+void Tfplanilladatos::VirtdataBeforePost() {
+    const auto texto = [this](const char* columna) {
+        return CVirtdata.FieldByName(columna).texto();
+    };
+    if (planilla_.pide_centro && !(texto(kCentro).isEmpty() && texto(kSubcentro).isEmpty()))
+        if (const auto r = revise_centro(fdm().Quorvex, texto(kCentro), texto(kSubcentro)))
+            throw ErrorDatos(r->texto);
+}
+
+void Tfplanilladatos::abra_fila() {
+    if (CVirtdata.editando())
+        return;
+    if (CVirtdata.IsEmpty() || CVirtdata.FieldByName(kNumero).vacio())
+        CVirtdata.Append();
+    else
+        CVirtdata.Edit();
+}
+
+void Tfplanilladatos::busque_tercero(const QString& texto) {
+    if (!planilla_.pide_tercero)
+        return;
+    escoja_tercero(*this, texto, [this](const QString& nit) {
+        abra_fila();
+        CVirtdata.FieldByName(kTercero) = nit;
+    });
+}
+
+void Tfplanilladatos::busque_centro() {
+    if (!planilla_.pide_centro)
+        return;
+    escoja_centro(*this, [this](const CentroEscogido& centro) {
+        abra_fila();
+        CVirtdata.FieldByName(kCentro) = centro.proyecto_seleccion;
+        CVirtdata.FieldByName(kSubcentro) = centro.centro_seleccion;
+    });
+}
+
+void Tfplanilladatos::DBGridDblClick(int columna) {
+    const QString titulo = DBGridEh1->columna(columna).FieldName;
+    if (titulo == kTercero)
+        busque_tercero({});
+    else if (titulo == kCentro || titulo == kSubcentro)
+        busque_centro();
+}
+
+// ---------------------------------------------------------------- comprobantes
+
+FilaPlanilla Tfplanilladatos::fila_de(const Fila& fila) const {
+    const auto texto = [&](const char* columna) {
+        const Campo* campo = CVirtdata.FindField(columna);
+        return campo ? CVirtdata.valor_de(fila, *campo).texto() : QString();
+    };
+    FilaPlanilla f{.fecha =
+                       planilla_.pide_fecha ? texto(kFecha) : fdmcnt().compone_fecha(texto(kDia)),
+                   .numero = texto(kNumero),
+                   .nit = texto(kTercero),
+                   .proyecto = texto(kCentro),
+                   .centro = texto(kSubcentro),
+                   .concepto = texto(kConcepto),
+                   .base = {},
+                   .importes = {}};
+    if (const Campo* base = CVirtdata.FindField(kBase))
+        f.base = CVirtdata.valor_de(fila, *base).moneda();
+    for (const CuentaPlanilla& c : planilla_.cuentas)
+        f.importes << CVirtdata.valor_de(fila, CVirtdata.FieldByName(c.titulo)).moneda();
+    return f;
+}
+
+QVector<Comprobante> Tfplanilladatos::comprobantes() const {
+    QVector<Comprobante> todos;
+    CVirtdata.recorra_todas([&](const Fila& fila) {
+        Comprobante c = comprobante_de_fila(planilla_, fila_de(fila));
+        c.usuario = fdm().usuario;
+        c.nombre_tercero = c.nit.isEmpty() ? QString() : fdmter().nom_tercero(c.nit);
+        todos << c;
+    });
+    return todos;
+}
+
+bool Tfplanilladatos::cuadra(const Comprobante& comprobante) const {
+    return !revise_cuadre(comprobante, Libro::Decreto2649);
+}
+
+QStringList Tfplanilladatos::rehusados(const QVector<Comprobante>& todos) {
+    // El cuadre se mira aparte, y una fila en ceros vale: es un comprobante sin líneas.
+    ModoGrabacion modo = modo_de(Grabador::Lote);
+    modo.prueba_2649 = modo.prueba_niif = modo.rehusa_vacio = false;
+    const AjustesLibro ajustes = fdmcnt().ajustes_libro();
+    const ConsultasRepetidas repetidas(fdm().Quorvex);
+    QStringList textos;
+    QSet<QString> numeros;
+    for (qsizetype i = 0; i < todos.size(); ++i) {
+        const QString sitio = QString("Fila %1, comprobante %2: ").arg(i + 1).arg(todos[i].numero);
+        const QString numero = complete_numero(todos[i].numero);
+        if (numeros.contains(numero))
+            textos << sitio + "el número está repetido en la planilla.";
+        numeros << numero;
+        for (const Rechazo& r : revise(fdm().Quorvex, todos[i], modo, ajustes)) {
+            const QString cuenta = r.item < todos[i].lineas_2649.size() && r.libro
+                                       ? "cuenta " + todos[i].lineas_2649[r.item].cuenta + ": "
+                                       : QString();
+            textos << sitio + cuenta + r.texto;
+        }
+    }
+    return textos;
+}
+
+// ---------------------------------------------------------------- grabar
+
+void Tfplanilladatos::agregue(const Comprobante& comprobante) {
+    Comprobante c = comprobante;
+    Sentencia& s = fdmcnt().SIdComproba;
+    s.Close();
+    s.ExecProc();
+    c.id = s.ParamByName("ID").entero();
+    CMovimiento.Append();
+    CMovimiento.FieldByName("ENCO_CONSEC") = c.id;
+    vuelque(c, {CMovimiento, CDetalle, Cdetniif});
+    CMovimiento.CheckBrowseMode();
+}
+
+void Tfplanilladatos::SBGrabarClick() {
+    CVirtdata.CheckBrowseMode();
+    const bool permite_descuadre = fdm().valor<Llave::PermitirDescuadrados>();
+    QVector<Comprobante> todos = comprobantes();
+    QStringList omitidos;
+    if (!permite_descuadre)
+        todos.removeIf([&](const Comprobante& c) {
+            if (cuadra(c))
+                return false;
+            omitidos << c.numero;
+            return true;
+        });
+    constexpr int kCaben = 15; // en un mensaje
+    if (QStringList textos = rehusados(todos); !textos.isEmpty()) {
+        const qsizetype mas = textos.size() - kCaben;
+        textos = textos.mid(0, kCaben);
+        if (mas > 0)
+            textos << QString("... y %1 más.").arg(mas);
+        muestre_mensaje("No se grabó ningún comprobante.\n" + textos.join('\n'));
+        return;
+    }
+    avise_omitidos(omitidos);
+    CMovimiento.Params["ID"] = -1;
+    CMovimiento.Open();
+    int fallas = 0;
+    {
+        AvisoTrabajo aviso(this, "Preparando los comprobantes...");
+        for (qsizetype i = 0; i < todos.size(); ++i) {
+            agregue(todos[i]);
+            if (i % 20 == 0)
+                aviso.diga("Preparando los comprobantes...", int(i), int(todos.size()));
+        }
+        aviso.diga(QString("Grabando %1 comprobantes...").arg(todos.size()));
+        fallas = CMovimiento.ApplyUpdates(0);
+    }
+    if (fallas == 0) {
+        grabado_ = true;
+        emit fdmcnt().balance_por_recalcular();
+        close();
+        return;
+    }
+    // Otro intento empieza de la hoja, que sigue como estaba.
+    CMovimiento.CancelUpdates();
+    CMovimiento.Close();
+}
+
+void Tfplanilladatos::avise_omitidos(const QStringList& numeros) {
+    QStringList renglones;
+    for (const QString& numero : numeros)
+        renglones << "No puede grabar un comprobante descuadrado. Se omite el comprobante " +
+                         numero;
+    if (!renglones.isEmpty())
+        muestre_mensaje(renglones.join('\n'));
+}
+
+bool Tfplanilladatos::FormClose() {
+    const bool hay = CVirtdata.Active() && (!CVirtdata.IsEmpty() || CVirtdata.Modified());
+    if (!grabado_ && hay &&
+        !pregunte_con_no("Desea salir de la planilla y perder los movimientos que no ha grabado?"))
+        return false;
+    CVirtdata.Cancel();
+    CVirtdata.Close();
+    CMovimiento.Close();
+    return true;
+}

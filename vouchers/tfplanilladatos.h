@@ -1,0 +1,46 @@
+#pragma once
+// Ejecución de una planilla de digitación: una fila por comprobante y una columna por cuenta. F2
+// los graba todos juntos o ninguno.
+#include "libro/conjuntos_comprobante.h"
+#include "libro/rechazo.h"
+#include "toolkit/pantalla.h"
+#include "vouchers/planilla.h"
+
+class QLineEdit;
+class Rejilla;
+
+class Tfplanilladatos : public Pantalla {
+    Q_OBJECT
+public:
+    Tfplanilladatos();
+    ~Tfplanilladatos() override;
+
+    void FormCreate() override;
+    bool FormClose() override;
+
+    Proveedor PMovimiento;
+    ConjuntoDatos CMovimiento, CDetalle, Cdetniif; ///< los comprobantes por grabar
+    ConjuntoDatos CVirtdata;                       ///< la hoja
+    Rejilla* DBGridEh1;
+
+private:
+    void construya();
+    void defina_hoja();
+    void valide(const char* columna, std::function<std::optional<Rechazo>(const QString&)> revise);
+    void VirtdataBeforePost();
+    void abra_fila();
+    void busque_tercero(const QString& texto);
+    void busque_centro();
+    void DBGridDblClick(int columna);
+    FilaPlanilla fila_de(const Fila& fila) const;
+    QVector<Comprobante> comprobantes() const;
+    QStringList rehusados(const QVector<Comprobante>& todos);
+    bool cuadra(const Comprobante& comprobante) const;
+    void agregue(const Comprobante& comprobante);
+    void SBGrabarClick();
+    void avise_omitidos(const QStringList& numeros);
+
+    Planilla planilla_;
+    QLineEdit *ETipo, *EMes, *EAno;
+    bool grabado_ = false;
+};
