@@ -44,7 +44,7 @@ EditorRico::EditorRico(QWidget* padre)
     columna->addWidget(barra_);
     columna->addWidget(texto, 1);
     setFocusProxy(texto);
-    texto->setTabChangesFocus(true); // Tab pasa al control siguiente, como en toda la pantalla
+    texto->setTabChangesFocus(true);
     connect(texto, &QTextEdit::currentCharFormatChanged, this, &EditorRico::refleje);
     connect(texto, &QTextEdit::cursorPositionChanged, this, &EditorRico::refleje);
     html({});
@@ -186,6 +186,8 @@ void EditorRico::inserte_tabla() {
 }
 
 void EditorRico::refleje() {
+    // Tab pasa al control siguiente, como en toda la pantalla; en una tabla, a la otra celda.
+    texto->setTabChangesFocus(!texto->textCursor().currentTable());
     const QTextCharFormat f = texto->currentCharFormat();
     negrita_->setChecked(f.fontWeight() >= QFont::Bold);
     cursiva_->setChecked(f.fontItalic());

@@ -2,9 +2,11 @@
 
 ColumnaExportable TablaDeCubo::columna(int indice) const {
     if (indice < campos_)
-        return {modelo_.titulos_camino()[indice]};
+        return {.titulo = modelo_.titulos_camino()[indice], .alineacion = {}};
     const int columna = indice - campos_ + 1;
-    return {modelo_.titulo_columna(columna, QStringLiteral(" / ")), TipoExportable::Moneda};
+    return {.titulo = modelo_.titulo_columna(columna, QStringLiteral(" / ")),
+            .tipo = TipoExportable::Moneda,
+            .alineacion = {}};
 }
 
 bool TablaDeCubo::siguiente() {
