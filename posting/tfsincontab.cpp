@@ -11,12 +11,14 @@
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace {
 
+constexpr int kMsSinAvance = 500; ///< un lote corto no alcanza a mostrarlo
 constexpr int kPrimerAno = 1990, kUltimoAno = 2099, kUltimoMes = 11;
 
 /// Cuánto va de un lote. Cancelar espera a que termine el documento que va.
@@ -27,16 +29,23 @@ public:
         setObjectName("avance_contabilizacion");
         setWindowTitle("Contabilización");
         setWindowModality(Qt::ApplicationModal);
-        setMinimumDuration(500);
+        // No se asoma solo: lo haría encima del documento que se revisa.
+        setMinimumDuration(std::numeric_limits<int>::max());
+        desde_.start();
         setMinimumWidth(420);
     }
     /// Falso si se canceló.
     bool siga(int hechos, const DocumentoPendiente& documento) {
         setLabelText(
             QStringLiteral("%1 (%2 de %3)").arg(documento.nombre()).arg(hechos + 1).arg(maximum()));
+        if (desde_.elapsed() > kMsSinAvance)
+            show();
         setValue(hechos);
         return !wasCanceled();
     }
+
+private:
+    QElapsedTimer desde_;
 };
 
 } // namespace

@@ -9,7 +9,7 @@ teclas ctrl+Next
 foto plantilla_en_el_libro_niif 1
 teclas ctrl+Prior
 teclas Escape
-teclas Return
+teclas alt+s # Sí, se deja
 espere 0.5
 teclas shift+F6
 foto lista_de_plantillas 0.8

@@ -20,6 +20,6 @@ teclas Tab
 escriba "Comprobante"
 foto nueva_planilla 0.8
 teclas Escape
-teclas Return
+teclas alt+s # Sí
 espere 0.3
 teclas Escape Escape
