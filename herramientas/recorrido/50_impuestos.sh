@@ -49,7 +49,7 @@ teclas F2
 a_pdf detalle_de_certificados 1
 cierre_anexo
 
-# --- medios nacionales: el 1001, sin nada por corregir
+# --- medios nacionales: el 1001
 anexo 3
 teclas Tab Tab Tab Tab Tab Tab Tab Tab Down F2
 foto medio_1001 2
@@ -60,6 +60,7 @@ teclas Tab Tab
 archivo_en Dmuisca_010100109201700000001.xml
 teclas F5
 foto cuadre_1001 2
+[ -s "$fotos/Dmuisca_010100109201700000001.xml" ] || teclas F5 # con algo por corregir, se graba igual
 exija_archivo Dmuisca_010100109201700000001.xml
 teclas Escape
 cierre_anexo
