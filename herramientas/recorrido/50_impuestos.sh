@@ -60,7 +60,8 @@ teclas Tab Tab
 archivo_en Dmuisca_010100109201700000001.xml
 teclas F5
 foto cuadre_1001 2
-[ -s "$fotos/Dmuisca_010100109201700000001.xml" ] || teclas F5 # con algo por corregir, se graba igual
+# Con algo por corregir, se graba igual.
+[ -s "$fotos/Dmuisca_010100109201700000001.xml" ] || teclas F5
 exija_archivo Dmuisca_010100109201700000001.xml
 teclas Escape
 cierre_anexo

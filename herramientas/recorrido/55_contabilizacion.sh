@@ -1,5 +1,5 @@
-# Documentos de los módulos hermanos que faltan por contabilizar: uno que se revisa, y un lote con su
-# resumen. Están en el año siguiente al del libro; al final se vuelve al de las demás escenas.
+# Documentos de los módulos hermanos que faltan por contabilizar: uno que se revisa, y un lote con
+# su resumen. Están en el año siguiente al del libro; al final se vuelve al de las demás escenas.
 teclas shift+F10
 espere 0.8
 xdotool mousemove 425 112 click 1 # la caja del año
