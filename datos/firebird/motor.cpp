@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <cstdio>
+#include <fcntl.h>
+#include <sys/file.h>
 
 namespace {
 
@@ -40,6 +42,20 @@ void escriba(const QString& ruta, const QByteArray& texto) {
         archivo.write(texto);
 }
 
+/// Un programa que muere puede dejar tablas de bloqueos a medio escribir, que detienen al
+/// siguiente. Cada programa tiene compartido el archivo `en_uso` hasta que termina, como sea que
+/// termine; el que lo halla libre está solo y empieza con la carpeta limpia.
+void limpie_si_nadie_la_usa(const QDir& bloqueos) {
+    const int en_uso = ::open(QFile::encodeName(bloqueos.filePath("en_uso")).constData(),
+                              O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (en_uso < 0)
+        return;
+    if (::flock(en_uso, LOCK_EX | LOCK_NB) == 0)
+        for (const QString& tabla : bloqueos.entryList({"fb*"}, QDir::Files))
+            QFile::remove(bloqueos.filePath(tabla));
+    ::flock(en_uso, LOCK_SH); // espera a quien esté limpiando; se suelta al morir el proceso
+}
+
 } // namespace
 
 void prepare_motor_local() {
@@ -55,6 +71,7 @@ void prepare_motor_local() {
     QDir().mkpath(carpeta_ + "/bloqueos");
     QFile::setPermissions(carpeta_ + "/bloqueos",
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    limpie_si_nadie_la_usa(QDir(carpeta_ + "/bloqueos"));
     const QString instalado = QStringLiteral("/usr/lib/x86_64-linux-gnu/firebird/3.0");
     enlace(instalado + "/plugins", carpeta_ + "/plugins");
     // El motor compara la ruta real del módulo de idiomas con la de su carpeta: un enlace no sirve.

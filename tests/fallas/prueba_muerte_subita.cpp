@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 
 class PruebaMuerteSubita : public QObject {
@@ -35,7 +36,41 @@ private slots:
         QCOMPARE(a_medias(c), QString());
         QCOMPARE(saldos_distintos(c), QString());
     }
+
+    void lo_que_dejo_un_programa_muerto_no_detiene_al_siguiente();
 };
+
+void PruebaMuerteSubita::lo_que_dejo_un_programa_muerto_no_detiene_al_siguiente() {
+    BaseDePrueba b;
+    const QTemporaryDir cuenta;
+    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    entorno.insert("XDG_DATA_HOME", cuenta.path());
+    const QString programas = QCoreApplication::applicationDirPath() + '/',
+                  resto = cuenta.filePath("quorvex/motor/bloqueos/fb12_lock_resto");
+    const auto deje_un_resto = [&] {
+        QFile f(resto);
+        return QDir().mkpath(QFileInfo(resto).path()) && f.open(QIODevice::WriteOnly);
+    };
+    const auto verifique = [&] {
+        QProcess p;
+        p.setProcessEnvironment(entorno);
+        p.start(programas + "quorvex-admin", {"verificar", "--ubicacion", b.ruta()});
+        return p.waitForFinished(60000) && p.exitCode() == 0;
+    };
+    QVERIFY(deje_un_resto());
+    QProcess vivo;
+    vivo.setProcessEnvironment(entorno);
+    vivo.start(programas + "grabador", {b.ruta(), "ADMIN", "", "100000"});
+    QVERIFY2(vivo.waitForReadyRead(60000), vivo.readAllStandardError());
+    QVERIFY(!QFile::exists(resto));
+    QVERIFY(deje_un_resto());
+    QVERIFY(verifique());
+    QVERIFY(QFile::exists(resto)); // mientras otro trabaja no se toca nada
+    vivo.kill();
+    QVERIFY(vivo.waitForFinished(10000));
+    QVERIFY(verifique());
+    QVERIFY(!QFile::exists(resto));
+}
 
 QTEST_GUILESS_MAIN(PruebaMuerteSubita)
 #include "prueba_muerte_subita.moc"
