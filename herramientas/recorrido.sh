@@ -49,7 +49,23 @@ viva() {
     echo "El programa terminó antes de tiempo."
     exit 1
 }
-espere() { sleep "${1:-0.5}"; }
+espere() { sleep "${1:-0.5}"; calma; }
+# calma: espera a que el programa atienda lo que le llegó; en un equipo ocupado las pausas no bastan.
+calma() {
+    local antes= ahora quietas=0
+    for _ in $(seq 400); do
+        # Estado y tiempo de procesador: dormido, y sin gastar nada desde la mirada anterior.
+        ahora=$(sed 's/.*) //' "/proc/$programa/stat" 2>/dev/null | cut -d' ' -f1,12,13) || return 0
+        if [ "${ahora%% *}" = S ] && [ "$ahora" = "$antes" ]; then
+            quietas=$((quietas + 1))
+            [ "$quietas" = 3 ] && return 0
+        else
+            quietas=0
+        fi
+        antes=$ahora
+        sleep 0.04
+    done
+}
 # teclas F2 Return ...: cada una por aparte, con un respiro.
 teclas() {
     local tecla
