@@ -35,47 +35,82 @@ int corra(Conexion& c, const QString& procedimiento, const QVector<Valor>& argum
     });
 }
 
-/// Milisegundos por documento: de reloj, y de procesador, que no cuenta lo que estorbe el equipo.
-struct PorDocumento {
+/// Milisegundos de reloj y de procesador. El motor va en el proceso: con los segundos, comparar no
+/// depende de lo que estorbe el resto del equipo.
+struct Tiempo {
     double reloj = 0, procesador = 0;
 };
 
-/// Como la lista con los marcados: propuesta, gemelo y comprobante.
-PorDocumento contabilice(Conexion& c, int desde, int cuantos) {
+Tiempo cronometre(const std::function<void()>& trabajo) {
+    const std::clock_t antes = std::clock();
+    const double reloj = mida(trabajo, 1);
+    return {reloj, double(std::clock() - antes) * 1000 / CLOCKS_PER_SEC};
+}
+
+/// El menor tiempo de procesador de varias veces.
+double procesador(const std::function<void()>& trabajo, int repeticiones = 5) {
+    double mejor = cronometre(trabajo).procesador;
+    for (int i = 1; i < repeticiones; ++i)
+        mejor = qMin(mejor, cronometre(trabajo).procesador);
+    return mejor;
+}
+
+/// Como la lista con los marcados: propuesta, gemelo y comprobante. Por documento.
+Tiempo contabilice(Conexion& c, int desde, int cuantos) {
     QVector<int> ids;
     for (int n = 0; n < cuantos; ++n)
         ids << registre(c, venta(desde + n));
-    const std::clock_t antes = std::clock();
-    const double total = mida(
-        [&] {
-            for (const int id : ids) {
-                const int propuesta = corra(c, "contabil_factura(?,?)", {id, 1});
-                corra(c, "contabil_factura_niif(?,?,?)", {id, 1, propuesta});
-                if (!asiente_sin_revisar(c, {kVenta, id}, propuesta, Libro::Decreto2649, false,
-                                         "ADMIN"))
-                    throw ErrorDatos("la propuesta no cuadra");
-            }
-        },
-        1);
-    const double procesador = double(std::clock() - antes) * 1000 / CLOCKS_PER_SEC;
-    return {total / cuantos, procesador / cuantos};
+    const Tiempo total = cronometre([&] {
+        for (const int id : ids) {
+            const int propuesta = corra(c, "contabil_factura(?,?)", {id, 1});
+            corra(c, "contabil_factura_niif(?,?,?)", {id, 1, propuesta});
+            if (!asiente_sin_revisar(c, {kVenta, id}, propuesta, Libro::Decreto2649, false,
+                                     "ADMIN"))
+                throw ErrorDatos("la propuesta no cuadra");
+        }
+    });
+    return {total.reloj / cuantos, total.procesador / cuantos};
 }
 
-/// Los mismos comprobantes, directo a las tablas, con los mismos disparadores.
-double escriba(Conexion& c, int cuantos) {
+/// Los renglones de un libro de la propuesta, directo a la tabla.
+void escriba_propuesta(Transaccion& t, int id, int desde, const QVector<Linea>& lineas) {
+    const auto renglon = t.conexion().prepare(
+        "insert into contabilizacion_det (cntb_id, cnde_item, cnde_cuenta, cnde_terc, cnde_proy,"
+        " cnde_centro, cnde_conc, cnde_debitos, cnde_creditos, cnde_ref)"
+        " values (?,?,?,?,?,?,'Prueba',?,?,'000001')",
+        t);
+    for (const Linea& l : lineas)
+        renglon->ejecute(
+            t, {id, desde + l.item, l.cuenta, l.nit, l.proyecto, l.centro, l.debito, l.credito});
+}
+
+/// Las mismas inserciones, directo a las tablas, con los mismos disparadores y en las mismas
+/// transacciones: la propuesta, su otro libro y el comprobante. Por documento.
+Tiempo escriba(Conexion& c, int cuantos) {
     const QVector<Linea> lineas{
         {1, "130505", Moneda(119000), {}, "900123456"},
         {2, "413505", {}, Moneda(100000), {}, "0002", "0001"},
         {3, "240805", {}, Moneda(19000)},
     };
-    int n = 0;
-    const double total = mida(
-        [&] {
-            for (; n < cuantos; ++n)
-                grabe(c, {1000000 + n, QString::number(500000 + n), "20170315", lineas, lineas});
-        },
-        1);
-    return total / cuantos;
+    const Tiempo total = cronometre([&] {
+        for (int n = 0; n < cuantos; ++n) {
+            const int id = 1000000 + n;
+            c.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
+                t.conexion()
+                    .prepare("insert into contabilizacion (cntb_id, cntb_tiporef, cntb_idref,"
+                             " cntb_prefref, cntb_numref, cntb_fecha, cntb_tipocomp, cntb_prefcnt)"
+                             " values (?,'31',?,'0000','000001','20170315','CG','0001')",
+                             t)
+                    ->ejecute(t, {id, id});
+                escriba_propuesta(t, id, 0, lineas);
+            });
+            c.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
+                escriba_propuesta(t, id, kPrimerItemNiif, lineas);
+            });
+            grabe(c, {id, QString::number(500000 + n), "20170315", lineas, lineas});
+        }
+    });
+    return {total.reloj / cuantos, total.procesador / cuantos};
 }
 
 void mida_lote() {
@@ -83,14 +118,14 @@ void mida_lote() {
     Conexion& c = b.base();
     prepare(c);
     contabilice(c, 1, 50); // las sentencias quedan preparadas
-    const PorDocumento pocos = contabilice(c, 1000, kPocos);
-    const double directo = escriba(c, kPocos);
-    informe(QStringLiteral("contabilizar un documento, los dos libros (%1 por segundo)")
-                .arg(int(1000 / pocos.reloj)),
-            pocos.reloj, "escribir el mismo comprobante en las tablas", directo, 4);
-    informe(QStringLiteral("procesador por documento, de %1").arg(kMuchos),
-            contabilice(c, 10000, kMuchos).procesador, QStringLiteral("de %1").arg(kPocos),
-            pocos.procesador, 1.3);
+    const Tiempo pocos = contabilice(c, 1000, kPocos), directo = escriba(c, kPocos),
+                 muchos = contabilice(c, 10000, kMuchos);
+    nota(QStringLiteral("contabilizacion: %1 documentos por segundo en los dos libros")
+             .arg(int(1000 / qMin(pocos.reloj, muchos.reloj))));
+    informe(QStringLiteral("contabilizar un documento, los dos libros, de procesador"),
+            pocos.procesador, "las mismas inserciones en las tablas", directo.procesador, 4);
+    informe(QStringLiteral("lo mismo, de %1 documentos").arg(kMuchos), muchos.procesador,
+            QStringLiteral("de %1").arg(kPocos), pocos.procesador, 1.3);
 }
 
 void mida_pendientes() {
@@ -111,19 +146,17 @@ void mida_pendientes() {
         if (filas != kPendientes)
             throw ErrorDatos("faltan documentos en la lista");
     };
-    const auto [lista, crudo] = compare(
-        [&] {
-            recorra("select * from documentos_sin_contabilizar('2017/03/01', '2017/03/31', 'S',"
-                    " 'N')");
-        },
-        [&] {
-            recorra("select tido_cod, pref_pre, docu_numero, docu_fecha, docu_concepto, docu_id,"
-                    " cuba_cod from documento where docu_fecha between date '2017-03-01' and date"
-                    " '2017-03-31' order by docu_fecha, tido_cod, pref_pre, docu_numero, docu_id");
-        },
-        5);
-    informe(QStringLiteral("lista de %1 documentos sin contabilizar").arg(kPendientes), lista,
-            "leer sus filas en el mismo orden", crudo, 3);
+    const double lista = procesador([&] {
+        recorra("select * from documentos_sin_contabilizar('2017/03/01', '2017/03/31', 'S', 'N')");
+    });
+    const double crudo = procesador([&] {
+        recorra("select tido_cod, pref_pre, docu_numero, docu_fecha, docu_concepto, docu_id,"
+                " cuba_cod from documento where docu_fecha between date '2017-03-01' and date"
+                " '2017-03-31' order by docu_fecha, tido_cod, pref_pre, docu_numero, docu_id");
+    });
+    informe(
+        QStringLiteral("lista de %1 documentos sin contabilizar, de procesador").arg(kPendientes),
+        lista, "leer sus filas en el mismo orden", crudo, 3);
 }
 
 } // namespace
