@@ -30,6 +30,20 @@ BEGIN
     VALUES (:CODIGO2, :ID, :CODIGO, :TEXTO, :TIDO, :LIBRO);
 END^
 
+-- Quita las fallas que dejó la corrida anterior de un documento, las de sus dos libros o, con SOLO
+-- NIIF, las de ese. También las que otro documento del mismo id tenga bajo los códigos con que se
+-- van a leer las de este: cada módulo numera los suyos.
+CREATE OR ALTER PROCEDURE OLVIDE_ERRORES (TIDO integer, ID integer, SOLO varchar(4))
+AS
+BEGIN
+  DELETE FROM ERRORES E
+  WHERE E.ERRO_IDDOC = :ID
+    AND ((E.ERRO_TIDO = :TIDO AND E.ERRO_LIBRO = coalesce(:SOLO, E.ERRO_LIBRO))
+      OR (E.ERRO_TIDO <> :TIDO AND EXISTS (SELECT 1 FROM DOCUMENTO_CONTABLE D
+        WHERE D.TIDO_COD = :TIDO AND (E.ERRO_TIPODOC = D.DOCT_ERRORNIIF
+          OR (:SOLO IS NULL AND E.ERRO_TIPODOC IN (D.DOCT_ERROR, D.DOCT_ERROR2))))));
+END^
+
 -- Mayor id entre los comprobantes de un documento; 0 si no está contabilizado.
 CREATE OR ALTER FUNCTION ULTIMO_COMPROBANTE (TIDO integer, ID integer)
 RETURNS integer
@@ -315,7 +329,7 @@ AS
   DECLARE BLOQUEADA char(1);
 BEGIN
   FALLAS = 0;
-  DELETE FROM ERRORES WHERE ERRO_IDDOC = :ID AND ERRO_TIDO = :TIDO AND ERRO_LIBRO = 'NIIF';
+  EXECUTE PROCEDURE OLVIDE_ERRORES(TIDO, ID, 'NIIF');
   DELETE FROM CONTABILIZACION_DET WHERE CNTB_ID = :PROPUESTA AND CNDE_ITEM >= 100000;
   SELECT CNTB_FECHA, CNTB_TIPOCOMP, CNTB_PREFCNT FROM CONTABILIZACION WHERE CNTB_ID = :PROPUESTA
   INTO :FECHA, :TIPO, :PREFIJO;
@@ -374,7 +388,7 @@ BEGIN
   ERRORES = 0;
   CONFIRMAR = 'N';
   CNTB_ID = 0;
-  DELETE FROM ERRORES WHERE ERRO_IDDOC = :ID AND ERRO_TIDO = :TIDO;
+  EXECUTE PROCEDURE OLVIDE_ERRORES(TIDO, ID, NULL);
   SELECT DOCT_FAMILIA, DOCT_GEMELO FROM DOCUMENTO_CONTABLE WHERE TIDO_COD = :TIDO
   INTO :FAMILIA, :GEMELO;
   -- Con bloqueo: dos que contabilizan el mismo documento se turnan.
