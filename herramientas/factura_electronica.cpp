@@ -73,8 +73,7 @@ Nodo lea_nodo(QXmlStreamReader& x, int nivel = 0) {
     return n;
 }
 
-Nodo lea_xml(const QByteArray& xml) {
-    QXmlStreamReader x(xml);
+Nodo lea_xml(QXmlStreamReader&& x) {
     Nodo raiz;
     if (x.readNextStartElement())
         raiz = lea_nodo(x);
@@ -410,14 +409,15 @@ QString registre(Transaccion& t, const FacturaElectronica& f, const QString& nit
 } // namespace
 
 FacturaElectronica lea_factura_electronica(const QByteArray& xml) {
-    const Nodo raiz = lea_xml(xml);
+    const Nodo raiz = lea_xml(QXmlStreamReader(xml));
     if (raiz.nombre == QLatin1String("Invoice"))
         return lea_factura(raiz);
     if (raiz.nombre != QLatin1String("AttachedDocument"))
         throw ErrorDatos(
             QStringLiteral("no es una factura electrónica: su raíz es '%1'").arg(raiz.nombre));
-    const Nodo dentro =
-        lea_xml(raiz.texto_en(QStringLiteral("Attachment/ExternalReference/Description")).toUtf8());
+    // Ya es texto: la codificación que diga la de adentro no vale.
+    const Nodo dentro = lea_xml(QXmlStreamReader(
+        raiz.texto_en(QStringLiteral("Attachment/ExternalReference/Description"))));
     if (dentro.nombre != QLatin1String("Invoice"))
         throw ErrorDatos(QStringLiteral("el contenedor no trae una factura dentro"));
     return lea_factura(dentro);
