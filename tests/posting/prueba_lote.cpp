@@ -127,8 +127,9 @@ public:
                               .fecha = QDate(2017, 3, 15)});
     }
     int pendientes() const { return int(lista_.size()); }
-    void contabilice() {
-        for (const DocumentoPendiente& d : lista_)
+    /// `al_terminar` corre después de cada documento, quedara o no contabilizado.
+    void contabilice(const std::function<void()>& al_terminar = [] {}) {
+        for (const DocumentoPendiente& d : lista_) {
             try {
                 const PropuestaPendiente p =
                     proponga(d, false,
@@ -144,6 +145,8 @@ public:
                     throw;
                 ++rehusados;
             }
+            al_terminar();
+        }
     }
     int hechos = 0, rehusados = 0;
 
@@ -153,7 +156,8 @@ private:
     QVector<DocumentoPendiente> lista_;
 };
 
-/// El programa de la otra persona: avisa cuando tiene su lista y empieza cuando se lo dicen.
+/// El programa de la otra persona: avisa cuando tiene su lista, empieza cuando se lo dicen y cuenta
+/// cada documento con un renglón.
 int sea_la_otra(const QStringList& a) {
     const auto a_la_base = [&a](const QString& base) {
         ParametrosConexion p;
@@ -166,15 +170,44 @@ int sea_la_otra(const QStringList& a) {
     std::printf("%d\n", otra.pendientes());
     std::fflush(stdout);
     (void)std::getchar();
-    otra.contabilice();
+    otra.contabilice([] {
+        std::printf("+\n");
+        std::fflush(stdout);
+    });
     std::printf("%d %d\n", otra.hechos, otra.rehusados);
     return 0;
+}
+
+/// Arranca ese programa y lo deja andando, con `documentos` en su lista.
+void arranque(QProcess& otra, const ServidorDePrueba& servidor, int documentos) {
+    const ParametrosConexion auxiliar = servidor.parametros("AUXILIAR");
+    otra.start(QCoreApplication::applicationFilePath(),
+               {"otra-persona", auxiliar.base, servidor.parametros_general("AUXILIAR").base,
+                auxiliar.usuario, auxiliar.clave});
+    QVERIFY2(otra.waitForReadyRead(30000), otra.readAllStandardError());
+    QCOMPARE(otra.readLine().trimmed().toInt(), documentos);
+}
+
+void empiece(QProcess& otra) {
+    otra.write("\n");
+    QVERIFY(otra.waitForBytesWritten(5000));
 }
 
 int faltan(Conexion& c) {
     return int(c.consulte("select count(*) from documentos_sin_contabilizar('2017/03/01',"
                           " '2017/03/31', 'S', 'N')")
                    .entero());
+}
+
+/// Los libros dicen lo mismo que los documentos, y la numeración no tiene huecos.
+void compare_con(const MesAlAzar& mes, Conexion& c, const char* cuantos_y_ultimo) {
+    QCOMPARE(libro_guardado(c, ""), como_texto(mes.libro));
+    QCOMPARE(libro_guardado(c, "_niif"), como_texto(mes.niif));
+    QCOMPARE(c.consulte("select count(distinct enco_numero) || ' ' || max(enco_numero) from"
+                        " comprobante_encabezado")
+                 .texto(),
+             cuantos_y_ultimo);
+    QCOMPARE(saldos_distintos(c), QString());
 }
 
 void prepare(Conexion& c) {
@@ -190,6 +223,7 @@ class PruebaLote : public QObject {
 private slots:
     void seiscientos_documentos_suman_en_los_libros_lo_que_dicen();
     void dos_personas_con_la_misma_lista_no_contabilizan_nada_dos_veces();
+    void un_programa_que_muere_a_mitad_no_deja_nada_a_medias();
 };
 
 void PruebaLote::seiscientos_documentos_suman_en_los_libros_lo_que_dicen() {
@@ -243,20 +277,15 @@ void PruebaLote::dos_personas_con_la_misma_lista_no_contabilizan_nada_dos_veces(
         mes.registre_uno(n);
 
     QProcess otra;
-    const ParametrosConexion auxiliar = servidor.parametros("AUXILIAR");
-    otra.start(QCoreApplication::applicationFilePath(),
-               {"otra-persona", auxiliar.base, servidor.parametros_general("AUXILIAR").base,
-                auxiliar.usuario, auxiliar.clave});
-    otra.setReadChannel(QProcess::StandardOutput);
-    QVERIFY2(otra.waitForReadyRead(30000), otra.readAllStandardError());
-    QCOMPARE(otra.readLine().trimmed().toInt(), kDocumentos);
+    arranque(otra, servidor, kDocumentos);
     Persona una(servidor.parametros(), servidor.parametros_general());
     QCOMPARE(una.pendientes(), kDocumentos);
-    otra.write("\n");
-    QVERIFY(otra.waitForBytesWritten(5000));
+    empiece(otra);
+    QVERIFY(otra.waitForReadyRead(30000)); // ya va por la lista
     una.contabilice();
     QVERIFY(otra.waitForFinished(60000));
-    const QList<QByteArray> dicho = otra.readAllStandardOutput().trimmed().split(' ');
+    const QList<QByteArray> dicho =
+        otra.readAllStandardOutput().trimmed().split('\n').last().split(' ');
     QVERIFY2(dicho.size() == 2, otra.readAllStandardError());
     qInfo("una %d, otra %s; rehusados %d y %s", una.hechos, dicho[0].constData(), una.rehusados,
           dicho[1].constData());
@@ -270,13 +299,45 @@ void PruebaLote::dos_personas_con_la_misma_lista_no_contabilizan_nada_dos_veces(
     Persona repaso(servidor.parametros(), servidor.parametros_general());
     repaso.contabilice();
     QCOMPARE(faltan(duena), 0);
-    QCOMPARE(libro_guardado(duena, ""), como_texto(mes.libro));
-    QCOMPARE(duena
-                 .consulte("select count(distinct enco_numero) || ' ' || max(enco_numero) from"
-                           " comprobante_encabezado")
-                 .texto(),
-             "80 000080");
-    QCOMPARE(saldos_distintos(duena), QString());
+    compare_con(mes, duena, "80 000080");
+}
+
+void PruebaLote::un_programa_que_muere_a_mitad_no_deja_nada_a_medias() {
+    constexpr int kDocumentos = 60, kMuertes = 4;
+    ServidorDePrueba servidor;
+    Conexion duena;
+    duena.conectar(servidor.parametros("SYSDBA"));
+    prepare(duena);
+    MesAlAzar mes(duena, 31);
+    for (int n = 1; n <= kDocumentos; ++n)
+        mes.registre_uno(n);
+    for (int muerte = 0; muerte < kMuertes; ++muerte) {
+        QProcess otra;
+        arranque(otra, servidor, faltan(duena));
+        empiece(otra);
+        for (int hechos = 0; hechos < 5 + muerte;) {
+            if (!otra.canReadLine())
+                QVERIFY2(otra.waitForReadyRead(30000), otra.readAllStandardError());
+            hechos += otra.readLine() == "+\n";
+        }
+        otra.kill(); // con alguno entre manos
+        QVERIFY(otra.waitForFinished(5000));
+        // Lo que no quedó del todo sigue pendiente.
+        QCOMPARE(filas_de(duena, "select enco_consec from comprobante_encabezado e where not exists"
+                                 " (select 1 from comprobante_detalle d where d.enco_consec ="
+                                 " e.enco_consec) or not exists (select 1 from"
+                                 " comprobante_detalle_niif n where n.enco_consec ="
+                                 " e.enco_consec)"),
+                 QString());
+        const int hechos =
+            int(duena.consulte("select count(*) from comprobante_encabezado").entero());
+        QVERIFY(hechos >= 5 * (muerte + 1) && hechos < kDocumentos);
+        QCOMPARE(faltan(duena), kDocumentos - hechos);
+    }
+    Persona quien_sigue(servidor.parametros(), servidor.parametros_general());
+    quien_sigue.contabilice();
+    QCOMPARE(faltan(duena), 0);
+    compare_con(mes, duena, "60 000060");
 }
 
 int main(int argc, char** argv) {
