@@ -122,6 +122,13 @@ LineasPropuesta& Tfcontabiliza::lineas_a_la_vista() const {
 
 void Tfcontabiliza::FormCreate() {
     fdm().ConfigurarProviders(this);
+    // Lo que otro cambió ya no se puede grabar: se deja salir, para volver a abrirlo.
+    PContabiliza.OnUpdateError =
+        [this, maneje = PContabiliza.OnUpdateError](Proveedor& p, ConjuntoDatos& d,
+                                                    const ErrorDatos& e, ClaseCambio clase) {
+            permitir_cerrar_ |= dynamic_cast<const ErrorOtroUsuario*>(&e) != nullptr;
+            maneje(p, d, e, clase);
+        };
     // Las sumas son de toda la propuesta: no puede llegar por paquetes.
     CContabiliza.PacketRecords = CContadetalle.PacketRecords = -1;
     const auto pedido = peticion<AbreContabilizacion>();

@@ -410,6 +410,7 @@ void PruebaContabiliza::solo_se_cierra_sin_grabar_si_se_permite() {
 void PruebaContabiliza::lo_que_otro_cambio_no_se_pisa() {
     const int propuesta = proponga();
     convierta_propuesta(base(), propuesta, Libro::Decreto2649, "ADMIN");
+    permita_cerrar("NO"); // quien no puede grabar sí puede salir
     s_->dm.confirmar_contabilizacion = true;
     Interlocutor i;
     QVERIFY(!revise(
