@@ -1,5 +1,6 @@
 #include "herramientas/demo_documentos.h"
 
+#include "herramientas/administracion.h"
 #include "herramientas/azar.h"
 #include "herramientas/documentos.h"
 #include "herramientas/instalador.h"
@@ -450,6 +451,9 @@ void prepare(Conexion& c) {
                              " values ('POS', '18762004455', 'S')"));
     c.ejecute(QStringLiteral("insert into autorizaciones (pref_pre, auto_resolucion, auto_contado)"
                              " values ('0001', '18762004456', 'N')"));
+    // La propuesta se revisa en los dos libros, que salen cada uno de sus cuentas.
+    configure(c, "CONTABILIDAD", "GENERAL",
+              "GENERAR COMPROBANTES DE NIIF POR INTERFAZ O EQUIVALENCIAS", "INTERFAZ");
     cargue_interfaces(c, carpeta_guiones() + QStringLiteral("/posting/interfaces_demo.txt"));
 }
 

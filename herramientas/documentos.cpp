@@ -175,6 +175,8 @@ LineaDocumento lea_linea(const RenglonTexto& r, int tipo, const Catalogo& catalo
     l.valor_niif = k.monto_opcional("niif");
     l.base = k.monto("base");
     l.porcentaje = k.monto("porcentaje", 4);
+    if (l.porcentaje < Moneda(0) || l.porcentaje > Moneda(100))
+        k.falte(QStringLiteral("el porcentaje va de 0 a 100"));
     l.nit = k.tercero();
     ponga_centro(k.centro(), l.proyecto, l.centro);
     l.articulo = k.conocido("articulo", catalogo.articulos, "el artículo");
@@ -182,7 +184,7 @@ LineaDocumento lea_linea(const RenglonTexto& r, int tipo, const Catalogo& catalo
     const QString aplica = k.texto("aplica", 14);
     l.tipo_aplica = aplica.section('/', 0, 0).toInt();
     l.aplica = aplica.section('/', 1);
-    if (!aplica.isEmpty() && (l.tipo_aplica <= 0 || l.aplica.isEmpty()))
+    if (!aplica.isEmpty() && (l.tipo_aplica <= 0 || l.aplica.isEmpty() || l.aplica.size() > 10))
         k.falte(QStringLiteral("'aplica' es tipo/número: %1").arg(aplica));
     k.termine();
     return l;
@@ -300,11 +302,11 @@ int cargue_documentos(Conexion& conexion, const QString& archivo) {
     for (const DocumentoSuite& d : documentos)
         try {
             escritor.escriba(d);
-        } catch (const ErrorBase& e) {
+        } catch (const ErrorDatos& e) {
             throw ErrorDatos(QStringLiteral("%1:%2: %3\nNo se cargó nada.")
                                  .arg(archivo)
                                  .arg(d.renglon)
-                                 .arg(e.texto()));
+                                 .arg(e.para_usuario()));
         }
     t.confirme();
     return int(documentos.size());

@@ -1,13 +1,16 @@
 #include "herramientas/factura_electronica.h"
 
-#include <QFile>
+#include "herramientas/renglones.h"
+
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QXmlStreamReader>
 
 namespace {
 
 constexpr int kVenta = 31, kCompra = 21;
 constexpr int kTolerancia = 2; ///< pesos que el anexo admite entre el total y la suma
+constexpr int kNiveles = 64;   ///< los de una factura no pasan de veinte
 
 /// Elemento del XML por su nombre sin prefijo.
 struct Nodo {
@@ -46,7 +49,9 @@ struct Nodo {
     }
 };
 
-Nodo lea_nodo(QXmlStreamReader& x) {
+Nodo lea_nodo(QXmlStreamReader& x, int nivel = 0) {
+    if (nivel > kNiveles)
+        throw ErrorDatos(QStringLiteral("tiene más niveles que una factura"));
     Nodo n;
     n.nombre = x.name().toString();
     for (const QXmlStreamAttribute& a : x.attributes())
@@ -54,7 +59,7 @@ Nodo lea_nodo(QXmlStreamReader& x) {
     while (!x.atEnd()) {
         switch (x.readNext()) {
         case QXmlStreamReader::StartElement:
-            n.hijos.push_back(lea_nodo(x));
+            n.hijos.push_back(lea_nodo(x, nivel + 1));
             break;
         case QXmlStreamReader::Characters:
             n.texto += x.text();
@@ -68,8 +73,7 @@ Nodo lea_nodo(QXmlStreamReader& x) {
     return n;
 }
 
-Nodo lea_xml(const QByteArray& xml) {
-    QXmlStreamReader x(xml);
+Nodo lea_xml(QXmlStreamReader&& x) {
     Nodo raiz;
     if (x.readNextStartElement())
         raiz = lea_nodo(x);
@@ -91,6 +95,19 @@ QDate fecha(const Nodo& n, const QString& camino) {
     return QDate::fromString(n.texto_en(camino).left(10), Qt::ISODate);
 }
 
+/// Un texto descriptivo con lo más parecido a los caracteres que la base no guarda: la factura
+/// viene firmada y quien la lee no puede corregirla.
+QString legible(const QString& original) {
+    static const QHash<QChar, QString> parecidos{
+        {u'\u2018', "'"}, {u'\u2019', "'"},   {u'\u201c', "\""}, {u'\u201d', "\""},
+        {u'\u2013', "-"}, {u'\u2014', "-"},   {u'\u2022', "*"},  {u'\u2026', "..."},
+        {u'\u2122', ""},  {u'\u20ac', "EUR"}, {u'\u200b', ""},   {u'\ufeff', ""}};
+    QString texto = original.normalized(QString::NormalizationForm_C);
+    for (QChar c; !(c = caracter_fuera_de_latin1(texto)).isNull();)
+        texto.replace(c, parecidos.value(c, QStringLiteral("?")));
+    return texto.simplified();
+}
+
 ParteFactura lea_parte(const Nodo& n, const QString& cual) {
     ParteFactura p;
     const Nodo& parte = n.en(QStringLiteral("Party"));
@@ -102,17 +119,17 @@ ParteFactura lea_parte(const Nodo& n, const QString& cual) {
     p.digito = id.atributos.value(QStringLiteral("schemeID"));
     p.tipo_id = id.atributos.value(QStringLiteral("schemeName"));
     p.juridica = n.texto_en(QStringLiteral("AdditionalAccountID")) != QLatin1String("2");
-    p.nombre = fiscal.texto_en(QStringLiteral("RegistrationName"));
+    p.nombre = legible(fiscal.texto_en(QStringLiteral("RegistrationName")));
     if (p.nombre.isEmpty())
-        p.nombre = parte.texto_en(QStringLiteral("PartyName/Name"));
-    p.apellido = parte.texto_en(QStringLiteral("Person/FamilyName"));
-    p.primer_nombre = parte.texto_en(QStringLiteral("Person/FirstName"));
+        p.nombre = legible(parte.texto_en(QStringLiteral("PartyName/Name")));
+    p.apellido = legible(parte.texto_en(QStringLiteral("Person/FamilyName")));
+    p.primer_nombre = legible(parte.texto_en(QStringLiteral("Person/FirstName")));
     const Nodo& lugar = parte.en(QStringLiteral("PhysicalLocation/Address"));
     p.codigo_ciudad = lugar.texto_en(QStringLiteral("ID"));
-    p.ciudad = lugar.texto_en(QStringLiteral("CityName"));
-    p.direccion = lugar.texto_en(QStringLiteral("AddressLine/Line"));
-    p.telefono = parte.texto_en(QStringLiteral("Contact/Telephone"));
-    p.correo = parte.texto_en(QStringLiteral("Contact/ElectronicMail"));
+    p.ciudad = legible(lugar.texto_en(QStringLiteral("CityName")));
+    p.direccion = legible(lugar.texto_en(QStringLiteral("AddressLine/Line")));
+    p.telefono = legible(parte.texto_en(QStringLiteral("Contact/Telephone")));
+    p.correo = legible(parte.texto_en(QStringLiteral("Contact/ElectronicMail")));
     if (p.nit.isEmpty() || p.nombre.isEmpty())
         throw ErrorDatos(QStringLiteral("falta la identificación o el nombre del %1").arg(cual));
     return p;
@@ -149,17 +166,20 @@ void lea_numero(const Nodo& n, FacturaElectronica& f) {
     if (!id.startsWith(f.prefijo))
         f.prefijo = id.left(cifras);
     f.numero = id.mid(f.prefijo.size());
-    if (f.numero.isEmpty())
-        throw ErrorDatos(QStringLiteral("no trae número"));
+    static const QRegularExpression cifras_solas(QStringLiteral("^[0-9]+$"));
+    if (!cifras_solas.match(f.numero).hasMatch())
+        throw ErrorDatos(QStringLiteral("su número no es un prefijo y cifras: '%1'").arg(id));
 }
 
 void exija_que_sume(const FacturaElectronica& f) {
-    Moneda suma = f.cargos - f.descuentos - f.anticipos;
+    Moneda suma = f.cargos - f.descuentos;
     for (const FacturaElectronica::Linea& l : f.lineas)
         suma += l.valor;
     for (const ImpuestoFactura& i : f.impuestos)
         suma += i.valor;
-    if ((suma - f.total).absoluta() > Moneda(kTolerancia))
+    // Hay quien resta el anticipo de su total y quien no.
+    const auto da = [&f](Moneda m) { return (m - f.total).absoluta() <= Moneda(kTolerancia); };
+    if (!da(suma) && !da(suma - f.anticipos))
         throw ErrorDatos(
             QStringLiteral("sus líneas, impuestos y descuentos suman %1 y su total es %2")
                 .arg(suma.formateada(), f.total.formateada()));
@@ -189,7 +209,7 @@ FacturaElectronica lea_factura(const Nodo& n) {
         QString codigo = l.texto_en(QStringLiteral("Item/SellersItemIdentification/ID"));
         if (codigo.isEmpty())
             codigo = l.texto_en(QStringLiteral("Item/StandardItemIdentification/ID"));
-        f.lineas.push_back({codigo, l.texto_en(QStringLiteral("Item/Description")),
+        f.lineas.push_back({codigo, legible(l.texto_en(QStringLiteral("Item/Description"))),
                             monto(l, QStringLiteral("LineExtensionAmount"))});
     });
     f.impuestos = lea_impuestos(n, QStringLiteral("TaxTotal"), {"01", "04"});
@@ -234,7 +254,7 @@ public:
         Moneda saldo;
         for (const FacturaElectronica::Linea& l : f_.lineas) {
             LineaDocumento& linea = agregue(concepto_, l.valor);
-            linea.detalle = l.descripcion.simplified().left(60);
+            linea.detalle = l.descripcion.left(60);
             if (es_articulo(l.codigo))
                 linea.articulo = l.codigo;
             saldo += l.valor;
@@ -369,6 +389,14 @@ QString registre(Transaccion& t, const FacturaElectronica& f, const QString& nit
     const ParteFactura& otra = venta ? f.receptor : f.emisor;
     const bool creado = asegure_tercero(t, otra, venta);
     const DocumentoSuite d = Armador(t, f, venta, opciones).documento();
+    Cursor otro(c.prepare("select 1 from documento where tido_cod = ? and pref_pre = ? and"
+                          " docu_numero = ? and cuba_cod = 0 and docu_anulado = 'N'",
+                          t),
+                t, {d.tipo, d.prefijo, d.numero});
+    if (otro.siguiente())
+        throw ErrorDatos(QStringLiteral("ya hay otro documento %1/%2/%3, con otro CUFE")
+                             .arg(d.tipo)
+                             .arg(d.prefijo, d.numero));
     EscritorDocumentos(t).escriba(d);
     return QStringLiteral("%1 %2 por %3, documento %4/%5/%6%7")
         .arg(venta ? QStringLiteral("venta a") : QStringLiteral("compra a"), otra.nombre,
@@ -381,14 +409,15 @@ QString registre(Transaccion& t, const FacturaElectronica& f, const QString& nit
 } // namespace
 
 FacturaElectronica lea_factura_electronica(const QByteArray& xml) {
-    const Nodo raiz = lea_xml(xml);
+    const Nodo raiz = lea_xml(QXmlStreamReader(xml));
     if (raiz.nombre == QLatin1String("Invoice"))
         return lea_factura(raiz);
     if (raiz.nombre != QLatin1String("AttachedDocument"))
         throw ErrorDatos(
             QStringLiteral("no es una factura electrónica: su raíz es '%1'").arg(raiz.nombre));
-    const Nodo dentro =
-        lea_xml(raiz.texto_en(QStringLiteral("Attachment/ExternalReference/Description")).toUtf8());
+    // Ya es texto: la codificación que diga la de adentro no vale.
+    const Nodo dentro = lea_xml(QXmlStreamReader(
+        raiz.texto_en(QStringLiteral("Attachment/ExternalReference/Description"))));
     if (dentro.nombre != QLatin1String("Invoice"))
         throw ErrorDatos(QStringLiteral("el contenedor no trae una factura dentro"));
     return lea_factura(dentro);
@@ -407,15 +436,15 @@ QStringList cargue_facturas_electronicas(Conexion& conexion, const QStringList& 
     Transaccion t(conexion, Transaccion::Modo::Escritura);
     QStringList hechos;
     for (const QString& archivo : archivos) {
-        QFile f(archivo);
-        if (!f.open(QIODevice::ReadOnly))
-            throw ErrorDatos(
-                QStringLiteral("No se pudo leer %1: %2").arg(archivo, f.errorString()));
+        const QByteArray xml = lea_archivo(archivo);
         try {
             hechos << QFileInfo(archivo).fileName() + QStringLiteral(": ") +
-                          registre(t, lea_factura_electronica(f.readAll()), nit, opciones) + '.';
+                          registre(t, lea_factura_electronica(xml), nit, opciones) + '.';
         } catch (const ErrorDatos& e) {
-            throw ErrorDatos(QStringLiteral("%1: %2.\nNo se cargó nada.").arg(archivo, e.texto()));
+            QString falta = e.para_usuario();
+            if (!falta.endsWith('.'))
+                falta += '.';
+            throw ErrorDatos(QStringLiteral("%1: %2\nNo se cargó nada.").arg(archivo, falta));
         }
     }
     t.confirme();

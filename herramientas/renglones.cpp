@@ -4,6 +4,7 @@
 #include "datos/firebird/valor.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QStringDecoder>
 
 namespace {
@@ -42,6 +43,18 @@ QStringList palabras_de(const QString& texto, int numero, Faltas& faltas) {
 
 } // namespace
 
+QByteArray lea_archivo(const QString& archivo) {
+    QFile f(archivo);
+    if (f.open(QIODevice::ReadOnly))
+        return f.readAll();
+    const QFileInfo i(archivo);
+    throw ErrorDatos(QStringLiteral("No se pudo leer %1: %2.")
+                         .arg(archivo, !i.exists()       ? QStringLiteral("no existe")
+                                       : i.isDir()       ? QStringLiteral("es una carpeta")
+                                       : !i.isReadable() ? QStringLiteral("no tiene permiso")
+                                                         : QStringLiteral("no se deja abrir")));
+}
+
 void Faltas::anote(int renglon, const QString& texto) {
     if (++cuantas_ <= kFaltasQueSeDicen)
         textos_ << QStringLiteral("%1:%2: %3.").arg(archivo_).arg(renglon).arg(texto);
@@ -57,11 +70,8 @@ void Faltas::lance_si_hay() const {
 }
 
 QVector<RenglonTexto> lea_renglones(const QString& archivo, Faltas& faltas) {
-    QFile f(archivo);
-    if (!f.open(QIODevice::ReadOnly))
-        throw ErrorDatos(QStringLiteral("No se pudo leer %1: %2").arg(archivo, f.errorString()));
     QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString texto = utf8(f.readAll());
+    const QString texto = utf8(lea_archivo(archivo));
     if (utf8.hasError())
         throw ErrorDatos(QStringLiteral("%1 no es un texto UTF-8.").arg(archivo));
     QVector<RenglonTexto> renglones;

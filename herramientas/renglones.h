@@ -3,6 +3,7 @@
 //
 // Los renglones vacíos y los que empiezan por '#' no cuentan. Lo que está mal no detiene la
 // lectura: se junta en Faltas, con su renglón, y al final se dice todo de una vez.
+#include <QByteArray>
 #include <QHash>
 #include <QStringList>
 #include <QVector>
@@ -27,6 +28,9 @@ private:
     QStringList textos_;
     int cuantas_ = 0;
 };
+
+/// Contenido de un archivo. Lanza ErrorDatos con la razón si no se puede leer.
+QByteArray lea_archivo(const QString& archivo);
 
 /// Lee un archivo UTF-8. Lanza ErrorDatos si no se puede leer; las comillas sin cerrar, las claves
 /// repetidas y los caracteres que la base no guarda quedan en `faltas`.

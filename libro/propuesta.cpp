@@ -10,6 +10,19 @@ void convierta(Transaccion& t, int cntb_id, Libro corrida) {
     t.conexion().prepare(sql, t)->ejecute(t, {cntb_id});
 }
 
+/// Bloquea el documento y la propuesta hasta que `t` termine.
+void tome(Transaccion& t, int cntb_id, qint64 visto) {
+    try {
+        t.conexion()
+            .prepare("execute procedure tome_propuesta(?, ?)", t)
+            ->ejecute(t, {cntb_id, visto});
+    } catch (const ErrorBase& e) {
+        if (e.clase() == ClaseFalla::Rechazo)
+            throw ErrorOtroUsuario(e.para_usuario());
+        throw;
+    }
+}
+
 /// Débitos menos créditos de cada libro, cero los dos.
 bool cuadra(Conexion& conexion, int cntb_id) {
     return conexion
@@ -30,12 +43,28 @@ qint64 comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& docu
         .entero();
 }
 
+qint64 ultimo_comprobante(Conexion& conexion, const DocumentoOrigen& documento) {
+    return conexion
+        .consulte("select max(enco_consec) from comprobante_encabezado where enco_tiporef = ?"
+                  " and enco_idref = ?",
+                  {documento.tipo, documento.id})
+        .entero();
+}
+
+void exija_propuesta_vigente(Conexion& conexion, int cntb_id, qint64 visto) {
+    conexion.en_transaccion(ModoTransaccion::Escritura,
+                            [&](Transaccion& t) { tome(t, cntb_id, visto); });
+}
+
 void borre_comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento,
-                                     const QString& usuario) {
-    PedidoBorrado pedido;
-    pedido.id = comprobante_del_documento(conexion, documento);
-    if (pedido.id != 0)
-        borre_comprobante(conexion, modo_borrado(QStringLiteral("Tfcontabiliza")), pedido, usuario);
+                                     int cntb_id, qint64 visto, const QString& usuario) {
+    const qint64 anterior = comprobante_del_documento(conexion, documento);
+    conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
+        opere_como(t, usuario);
+        tome(t, cntb_id, visto);
+        if (anterior != 0)
+            borre_comprobante(t, modo_borrado(QStringLiteral("Tfcontabiliza")), anterior, usuario);
+    });
 }
 
 void convierta_propuesta(Conexion& conexion, int cntb_id, Libro corrida, const QString& usuario) {
@@ -49,9 +78,11 @@ bool asiente_sin_revisar(Conexion& conexion, const DocumentoOrigen& documento, i
                          Libro corrida, bool permite_descuadre, const QString& usuario) {
     if (!permite_descuadre && !cuadra(conexion, cntb_id))
         return false;
-    const qint64 anterior = comprobante_del_documento(conexion, documento);
+    const qint64 anterior = comprobante_del_documento(conexion, documento),
+                 visto = ultimo_comprobante(conexion, documento);
     conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
         opere_como(t, usuario);
+        tome(t, cntb_id, visto);
         if (anterior != 0)
             borre_comprobante(t, modo_borrado(QStringLiteral("Tfcontabiliza")), anterior, usuario);
         convierta(t, cntb_id, corrida);

@@ -13,9 +13,15 @@ inline constexpr int kPrimerItemNiif = 100000;
 
 /// Id del comprobante del documento, el primero que se encuentre; 0 si no está contabilizado.
 qint64 comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento);
-/// Borra ese comprobante con las líneas de sus dos libros.
+/// Id del mayor de sus comprobantes; 0 si no está contabilizado. Lo que vio quien lo revisa.
+qint64 ultimo_comprobante(Conexion& conexion, const DocumentoOrigen& documento);
+/// Lanza ErrorOtroUsuario si la propuesta ya no existe, porque alguien volvió a contabilizar el
+/// documento, o si este tiene un comprobante mayor que `visto`.
+void exija_propuesta_vigente(Conexion& conexion, int cntb_id, qint64 visto);
+/// Borra el comprobante del documento con las líneas de sus dos libros, en la misma transacción en
+/// que exige lo anterior: el que otro hizo mientras tanto no se borra.
 void borre_comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento,
-                                     const QString& usuario);
+                                     int cntb_id, qint64 visto, const QString& usuario);
 /// Hace el comprobante de la propuesta ya guardada. `corrida`: el libro que se contabilizó.
 void convierta_propuesta(Conexion& conexion, int cntb_id, Libro corrida, const QString& usuario);
 

@@ -128,14 +128,18 @@ PropuestaPendiente proponga(const DocumentoPendiente& d, bool niif, const Escoge
         return {};
     if (niif && despacho->gemelo)
         return proponga_niif(d, *despacho, escoja);
+    // La lista pudo quedar atrás: rehacer lo de otro botaría lo que él corrigió. Se mira también
+    // con la propuesta hecha: desde ahí, quien contabilice el documento la invalida.
+    const auto es_de_otro = [&] {
+        return !niif && comprobante_del_documento(fdm().Quorvex, {d.tido, d.id}) != 0;
+    };
+    const PropuestaPendiente ajena{
+        .mensajes = {QStringLiteral("Otro usuario ya contabilizó el documento. Actualice la "
+                                    "lista.")}};
     PropuestaPendiente p;
-    // La lista pudo quedar atrás: rehacer lo de otro botaría lo que él corrigió.
-    if (!niif && comprobante_del_documento(fdm().Quorvex, {d.tido, d.id}) != 0) {
-        p.mensajes << QStringLiteral(
-            "Otro usuario ya contabilizó el documento. Actualice la lista.");
-        return p;
-    }
+    if (es_de_otro())
+        return ajena;
     if (const auto interfaz = interfaz_de(d, *despacho, escoja, p))
         tome(p, despacho->plana(d.id, *interfaz, d.fecha));
-    return p;
+    return p.cntb_id != 0 && es_de_otro() ? ajena : p;
 }

@@ -271,6 +271,7 @@ void Tfsincontab::SpeedButton3Click() {
         }
     }
     refresque();
+    DBGridEh1->setFocus();
     muestre_resumen(resultados, int(filas.size() - resultados.size()));
 }
 

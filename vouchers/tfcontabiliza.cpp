@@ -122,6 +122,13 @@ LineasPropuesta& Tfcontabiliza::lineas_a_la_vista() const {
 
 void Tfcontabiliza::FormCreate() {
     fdm().ConfigurarProviders(this);
+    // Lo que otro cambió ya no se puede grabar: se deja salir, para volver a abrirlo.
+    PContabiliza.OnUpdateError =
+        [this, maneje = PContabiliza.OnUpdateError](Proveedor& p, ConjuntoDatos& d,
+                                                    const ErrorDatos& e, ClaseCambio clase) {
+            permitir_cerrar_ |= dynamic_cast<const ErrorOtroUsuario*>(&e) != nullptr;
+            maneje(p, d, e, clase);
+        };
     // Las sumas son de toda la propuesta: no puede llegar por paquetes.
     CContabiliza.PacketRecords = CContadetalle.PacketRecords = -1;
     const auto pedido = peticion<AbreContabilizacion>();
@@ -140,6 +147,7 @@ void Tfcontabiliza::FormCreate() {
         pida_cierre_al_crear();
         return;
     }
+    visto_ = ultimo_comprobante(fdm().Quorvex, origen_);
     muestre_encabezado();
     lineas_2649->muestre_linea();
     lineas_2649->rejilla->setFocus();
@@ -250,6 +258,12 @@ void Tfcontabiliza::traiga_plantilla(const QString& plantilla) {
 void Tfcontabiliza::BitBtn1Click() {
     try {
         grabe();
+    } catch (const ErrorOtroUsuario& e) {
+        // No hay nada que grabar ni forma de arreglarlo aquí: se cierra aunque no se permita.
+        reloj_->stop();
+        perdida_ = true;
+        muestre_mensaje(e.para_usuario());
+        resultado_modal(mrCancel);
     } catch (...) {
         reloj_->stop();
         throw;
@@ -273,12 +287,14 @@ void Tfcontabiliza::grabe() {
             return;
         }
     }
+    const int cntb_id = int(CContabiliza.FieldByName("CNTB_ID").entero());
+    exija_propuesta_vigente(fdm().Quorvex, cntb_id, visto_);
     if (CContabiliza.ApplyUpdates(0) != 0) {
         reloj_->stop();
         vuelva_a_la_primera();
         return;
     }
-    borre_comprobante_del_documento(fdm().Quorvex, origen_, fdm().usuario);
+    borre_comprobante_del_documento(fdm().Quorvex, origen_, cntb_id, visto_, fdm().usuario);
     vuelva_a_la_primera();
     reloj_->stop();
     resultado_modal(mrOk);
@@ -305,16 +321,20 @@ bool Tfcontabiliza::hay_por_perder() const {
                                      CContadetalle.ChangeCount() > 0 || CContadetalle.Modified());
 }
 
+bool Tfcontabiliza::puede_salir() {
+    if (!permitir_cerrar_) {
+        muestre_mensaje("Es necesario grabar el comprobante para poder cerrar");
+        return false;
+    }
+    return !hay_por_perder() ||
+           pregunte_con_no(
+               "Desea salir del comprobante y perder los movimientos que no ha grabado?");
+}
+
 bool Tfcontabiliza::FormClose() {
     reloj_->stop();
     if (resultado_modal() != mrOk) {
-        if (!permitir_cerrar_) {
-            muestre_mensaje("Es necesario grabar el comprobante para poder cerrar");
-            return false;
-        }
-        if (hay_por_perder() &&
-            !pregunte_con_no(
-                "Desea salir del comprobante y perder los movimientos que no ha grabado?"))
+        if (!perdida_ && !puede_salir())
             return false;
         CContabiliza.CancelUpdates();
     }

@@ -54,11 +54,14 @@ private:
     LineasPropuesta* descuadrada() const;
     void vuelva_a_la_primera();
     bool hay_por_perder() const;
+    bool puede_salir();
 
     DocumentoOrigen origen_;
+    qint64 visto_ = 0; ///< mayor comprobante del documento cuando se abrió
     MemoriasLinea memorias_;
     AjustesLinea ajustes_;
     QTimer* reloj_;
     int pagina_ = 0;
     bool permitir_cerrar_ = false, activada_ = false;
+    bool perdida_ = false; ///< otro usuario ya contabilizó el documento: no hay qué grabar
 };

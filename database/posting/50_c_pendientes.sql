@@ -2,12 +2,38 @@
 
 SET TERM ^ ;
 
+-- Toma para esta transacción un documento y su propuesta, de modo que dos que la graban se turnan.
+-- VISTO: mayor comprobante del documento que conoce quien llama; nulo, el que había al hacer la
+-- propuesta. Lanza PROPUESTA_NO_EXISTE, o DOCUMENTO_CONTABILIZADO si después de ese hay otro. La
+-- llaman ASIENTE_PROPUESTA y quien va a borrar el comprobante anterior.
+CREATE OR ALTER PROCEDURE TOME_PROPUESTA (IDCNT integer, VISTO integer)
+AS
+  DECLARE TIDO integer;
+  DECLARE ID integer;
+  DECLARE ULTIMO integer;
+BEGIN
+  SELECT CNTB_TIPOREF, CNTB_IDREF FROM CONTABILIZACION WHERE CNTB_ID = :IDCNT INTO :TIDO, :ID;
+  IF (TIDO IS NULL) THEN
+    EXCEPTION PROPUESTA_NO_EXISTE;
+  -- El documento primero, como quien contabiliza: así nadie espera a quien lo espera.
+  SELECT DOCU_ID FROM DOCUMENTO WHERE TIDO_COD = :TIDO AND DOCU_ID = :ID WITH LOCK INTO :ULTIMO;
+  ULTIMO = NULL;
+  SELECT CNTB_ULTIMO FROM CONTABILIZACION WHERE CNTB_ID = :IDCNT WITH LOCK INTO :ULTIMO;
+  IF (ULTIMO IS NULL) THEN
+    EXCEPTION PROPUESTA_NO_EXISTE;
+  VISTO = coalesce(VISTO, ULTIMO);
+  ULTIMO = ULTIMO_COMPROBANTE(TIDO, ID);
+  IF (ULTIMO > VISTO) THEN
+    EXCEPTION DOCUMENTO_CONTABILIZADO 'El documento ya fue contabilizado por otro usuario en el '
+      || 'comprobante ' || (SELECT TICO_COD || ' ' || PRCO_PREF || ' ' || ENCO_NUMERO
+        FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :ULTIMO) || '.';
+END^
+
 -- Hace el comprobante de una propuesta, con su enlace al documento, en la transacción de quien
 -- llama. Lo que esté del 100000 en adelante va al libro NIIF; si ese libro se lleva por
 -- equivalencias, se rehace de los renglones 2649, que una persona pudo corregir. El número es el
--- que ya tenía el comprobante del documento, o el siguiente del prefijo. Lanza PROPUESTA_NO_EXISTE,
--- DOCUMENTO_CONTABILIZADO si otro usuario lo contabilizó después de hacer esta propuesta, y
--- ASIENTO_RECHAZADO con la primera negativa. Interna.
+-- que ya tenía el comprobante del documento, o el siguiente del prefijo. Lanza lo de TOME_PROPUESTA
+-- y ASIENTO_RECHAZADO con la primera negativa. Interna.
 CREATE OR ALTER PROCEDURE ASIENTE_PROPUESTA (IDCNT integer)
 AS
   DECLARE TIDO integer;
@@ -19,34 +45,18 @@ AS
   DECLARE REFER varchar(20);
   DECLARE NUMREF varchar(6);
   DECLARE CONCEPTO varchar(60);
-  DECLARE ULTIMO integer;
-  DECLARE OTRO integer;
+  DECLARE COMPROBANTE integer;
   DECLARE NIT varchar(20);
   DECLARE NOMBRE varchar(60);
   DECLARE TOTAL numeric(15,2);
   DECLARE CUENTA varchar(20);
   DECLARE ITEM integer;
 BEGIN
-  SELECT CNTB_TIPOREF, CNTB_IDREF FROM CONTABILIZACION WHERE CNTB_ID = :IDCNT INTO :TIDO, :ID;
-  IF (TIDO IS NULL) THEN
-    EXCEPTION PROPUESTA_NO_EXISTE;
-  -- El documento primero, como quien contabiliza: así nadie espera a quien lo espera.
-  SELECT D.DOCU_TOTAL FROM DOCUMENTO D WHERE D.TIDO_COD = :TIDO AND D.DOCU_ID = :ID
-  WITH LOCK
-  INTO :TOTAL;
-  TIPO = NULL;
-  SELECT CNTB_FECHA, coalesce(CNTB_TIPOCOMP, ''), CNTB_PREFCNT, CNTB_NUMERO, CNTB_REF, CNTB_NUMREF,
-    CNTB_CONCEPTO, CNTB_ULTIMO
-  FROM CONTABILIZACION WHERE CNTB_ID = :IDCNT
-  WITH LOCK
-  INTO :FECHA, :TIPO, :PREFIJO, :NUMERO, :REFER, :NUMREF, :CONCEPTO, :ULTIMO;
-  IF (TIPO IS NULL) THEN
-    EXCEPTION PROPUESTA_NO_EXISTE;
-  OTRO = ULTIMO_COMPROBANTE(TIDO, ID);
-  IF (OTRO > ULTIMO) THEN
-    EXCEPTION DOCUMENTO_CONTABILIZADO 'El documento ya fue contabilizado por otro usuario en el '
-      || 'comprobante ' || (SELECT TICO_COD || ' ' || PRCO_PREF || ' ' || ENCO_NUMERO
-        FROM COMPROBANTE_ENCABEZADO WHERE ENCO_CONSEC = :OTRO) || '.';
+  EXECUTE PROCEDURE TOME_PROPUESTA(IDCNT, NULL);
+  SELECT C.CNTB_TIPOREF, C.CNTB_IDREF, C.CNTB_FECHA, coalesce(C.CNTB_TIPOCOMP, ''),
+    C.CNTB_PREFCNT, C.CNTB_NUMERO, C.CNTB_REF, C.CNTB_NUMREF, C.CNTB_CONCEPTO
+  FROM CONTABILIZACION C WHERE C.CNTB_ID = :IDCNT
+  INTO :TIDO, :ID, :FECHA, :TIPO, :PREFIJO, :NUMERO, :REFER, :NUMREF, :CONCEPTO;
   IF (NUMERO IS NOT NULL AND EXISTS (SELECT 1 FROM COMPROBANTE_ENCABEZADO WHERE TICO_COD = :TIPO
     AND PRCO_PREF = :PREFIJO AND ENCO_NUMERO = :NUMERO)) THEN
     NUMERO = NULL;
@@ -70,16 +80,16 @@ BEGIN
         || ') no tiene una cuenta NIIF equivalente que pueda llevar movimiento.';
   END
 
-  SELECT coalesce(nullif(T.TERC_NITCONTA, ''), T.TERC_NIT) FROM DOCUMENTO D
-  JOIN TERCEROS T ON T.TERC_NIT = D.TERC_NIT
+  SELECT coalesce(nullif(T.TERC_NITCONTA, ''), T.TERC_NIT), D.DOCU_TOTAL FROM DOCUMENTO D
+  LEFT JOIN TERCEROS T ON T.TERC_NIT = D.TERC_NIT
   WHERE D.TIDO_COD = :TIDO AND D.DOCU_ID = :ID
-  INTO :NIT;
+  INTO :NIT, :TOTAL;
   SELECT TERC_NOM FROM TERCEROS WHERE TERC_NIT = :NIT INTO :NOMBRE;
   EXECUTE PROCEDURE ASIENTE_COMPROBANTE(IDCNT, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO,
     iif(char_length(REFER) <= 8, REFER, NUMREF), TIDO, ID,
     coalesce(USUARIO_QUE_OPERA(), substring(CURRENT_USER FROM 1 FOR 10)), NIT, NOMBRE, TOTAL, NULL,
     NULL, NULL)
-  RETURNING_VALUES :OTRO, :NUMERO;
+  RETURNING_VALUES :COMPROBANTE, :NUMERO;
   UPDATE CONTABILIZACION SET CNTB_NUMERO = :NUMERO WHERE CNTB_ID = :IDCNT;
 END^
 

@@ -425,6 +425,20 @@ void PruebaPrincipal::lo_que_se_muestra_al_entrar_depende_de_un_si_exacto() {
     s_->entre("AUXILIAR");
     QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
     QVERIFY(escritorio()->abiertas().isEmpty());
+    s_->cierre();
+
+    // Los documentos sin contabilizar, en modal: el programa espera por ellos.
+    s_->configure(balance, "NO");
+    s_->configure("MOSTRAR COMPROBANTES SIN CONTABILIZAR AL ENTRAR AL MODULO", "SI");
+    bool listada = false;
+    s_->dialogos.espere_modal("Tfsincontab", [&listada](QWidget* w) {
+        auto* lista = w->findChild<Pantalla*>("Tfsincontab");
+        listada = lista && lista->windowTitle() == "Comprobantes sin contabilizar";
+        lista->close();
+    });
+    s_->entre();
+    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+    QVERIFY(listada);
 }
 
 void PruebaPrincipal::busqueda_y_plantillas_se_abren_con_sus_teclas_y_sus_derechos() {

@@ -195,7 +195,7 @@ void PruebaCargaDocumentos::lo_mal_escrito_se_dice_todo_con_su_renglon_y_no_entr
                           "DOCUMENTO tipo=31 numero=1 fecha=2018/02/30 tercero=1 centro=0009-0001\n"
                           "VENTA 10.001\n"
                           "SALIDA 10 articulo=NADA aplica=31\n"
-                          "CLIENTE 10 niif=diez precio=3\n"
+                          "CLIENTE 10 niif=diez precio=3 porcentaje=101 aplica=31/12345678901\n"
                           "DOCUMENTO tipo=99 fecha=2018/01/01\n"
                           "DOCUMENTO tipo=31 numero=2 fecha=2018/01/01\n"
                           "VENTA 10\n"
@@ -208,9 +208,10 @@ void PruebaCargaDocumentos::lo_mal_escrito_se_dice_todo_con_su_renglon_y_no_entr
           ":2: 'valor' no es un valor con 2 decimales: 10.001.",
           ":3: la familia VENTAS no tiene el concepto 'SALIDA'.", ":3: no existe el artículo NADA.",
           ":3: 'aplica' es tipo/número: 31.", ":4: 'niif' no es un valor con 2 decimales: diez.",
-          ":4: no se conoce el dato 'precio'.", ":5: el tipo de documento 99 no se contabiliza.",
-          ":5: falta el número.", ":5: el documento no tiene líneas.",
-          ":8: el carácter '€' no se puede guardar."})
+          ":4: no se conoce el dato 'precio'.", ":4: el porcentaje va de 0 a 100.",
+          ":4: 'aplica' es tipo/número: 31/12345678901.",
+          ":5: el tipo de documento 99 no se contabiliza.", ":5: falta el número.",
+          ":5: el documento no tiene líneas.", ":8: el carácter '€' no se puede guardar."})
         QVERIFY2(d.errores.contains(QString::fromUtf8(falta)),
                  qPrintable(QString::fromUtf8(falta) + "\n" + d.errores));
     QCOMPARE(filas("select count(*) from documento"), QString("0"));
@@ -236,6 +237,10 @@ void PruebaCargaDocumentos::los_documentos_entran_y_se_listan_igual() {
              dos.trimmed());
     QCOMPARE(filas("select pref_pre, fact_numero from facturas"), QString("FE|000007"));
     QCOMPARE(filas("select prba_pref, cons_numero from consigna"), QString("0000|1"));
+    // Lo que la base rehúsa se dice con su renglón y en español.
+    const QString cufe = "DOCUMENTO tipo=31 numero=%1 fecha=2018/01/15 cufe=zz\nVENTA 1\n";
+    QVERIFY(cargue("documentos", cufe.arg(1) + cufe.arg(2)).errores.contains("documentos.txt:3: "));
+    QVERIFY(!cargue("documentos", cufe.arg(1) + cufe.arg(2)).errores.contains("SQL"));
     // El mismo archivo no entra dos veces.
     QVERIFY(
         cargue("documentos", uno)
@@ -282,6 +287,16 @@ void PruebaCargaDocumentos::la_factura_electronica_es_venta_o_compra_segun_quien
               " t.terc_nit where t.terc_nit = '901777888'"),
         QString::fromUtf8("4|J|Aceros Peña S.A.S.|Calle 1 # 2-3|05001|6044445566|"
                           "pagos@ejemplo.com.co|S|S|901777888|01"));
+    // Lo que la base no puede guardar de una descripción queda con lo más parecido. El contenedor
+    // manda sobre la codificación que diga la factura de adentro.
+    Factura rara;
+    rara.cufe = "e5";
+    rara.numero = "FE300";
+    QString rareza = rara.adjunta().replace("Varilla", QString::fromUtf8("Año – 3 “gruesa” 😀…"));
+    rareza.replace(rareza.lastIndexOf("UTF-8"), 5, "ISO-8859-1");
+    QCOMPARE(ordene({"documentos", "--electronica", archivo("r.xml", rareza)}).errores, QString());
+    QCOMPARE(filas("select doli_detalle from documento_linea where doli_detalle starting 'A'"),
+             QString::fromUtf8("Año - 3 \"gruesa\" ??..."));
     // De contado, lo cobrado es un medio de pago.
     Factura contado;
     contado.cufe = "f6";
@@ -297,7 +312,7 @@ void PruebaCargaDocumentos::la_factura_electronica_es_venta_o_compra_segun_quien
 void PruebaCargaDocumentos::lo_que_no_se_puede_leer_se_rehusa() {
     Factura buena;
     QCOMPARE(ordene({"documentos", "--electronica", archivo("b.xml", buena.xml())}).codigo, 0);
-    Factura ajena, dolares, sin_cufe, no_suma, bolsas, otra;
+    Factura ajena, dolares, sin_cufe, no_suma, bolsas, otra, otro_cufe, con_guion, nit_largo;
     ajena.vendedor = "1";
     dolares.moneda = "USD";
     sin_cufe.cufe.clear();
@@ -306,6 +321,12 @@ void PruebaCargaDocumentos::lo_que_no_se_puede_leer_se_rehusa() {
     bolsas.extra = QString(kRetencion).replace(">06<", ">22<").replace("ReteRenta", "INC Bolsas");
     otra.cufe = "x2";
     otra.numero = "FE200";
+    otro_cufe.cufe = "x3";
+    con_guion.cufe = "x4";
+    con_guion.numero = "FE-201";
+    nit_largo.cufe = "x5";
+    nit_largo.numero = "FE202";
+    nit_largo.comprador = QString(21, '9');
     const std::pair<QString, const char*> casos[] = {
         {buena.adjunta(), "ya está registrada como el documento 31/FE/000123"},
         {ajena.xml(), "es de 1 para 901777888, y la compañía es 900555111"},
@@ -318,6 +339,10 @@ void PruebaCargaDocumentos::lo_que_no_se_puede_leer_se_rehusa() {
          "no es una factura electrónica: su raíz es 'CreditNote'"},
         {buena.xml().left(900), "no es un XML bien formado"},
         {"hola", "no es un XML bien formado"},
+        {"<Invoice>" + QString("<a>").repeated(100000), "tiene más niveles que una factura"},
+        {otro_cufe.xml(), "ya hay otro documento 31/FE/000123, con otro CUFE.\n"},
+        {con_guion.xml(), "su número no es un prefijo y cifras: 'FE-201'.\n"},
+        {nit_largo.xml(), "El texto '999999999999999999999' no cabe en 20 caracteres.\n"},
     };
     for (const auto& [xml, texto] : casos) {
         // La buena que va con ella tampoco entra.
@@ -336,7 +361,10 @@ void PruebaCargaDocumentos::lo_que_no_se_puede_leer_se_rehusa() {
 }
 
 void PruebaCargaDocumentos::la_orden_lee_facturas_y_las_dice() {
-    QCOMPARE(ordene({"documentos", "--cargar", "no_existe.txt"}).codigo, 1);
+    QCOMPARE(ordene({"documentos", "--cargar", "no_existe.txt"}).errores.trimmed(),
+             QString("No se pudo leer no_existe.txt: no existe."));
+    QCOMPARE(ordene({"documentos", "--electronica", base_->ruta()}).errores.trimmed(),
+             QString("No se pudo leer %1: es una carpeta.").arg(base_->ruta()));
     QCOMPARE(ordene({"documentos", "--cargar", "a", "--anular", "1/2/3"}).codigo, 2);
     QCOMPARE(ordene({"documentos", "--desde", "ayer"}).codigo, 2);
     const QString uso = administre({"documentos", "--help"}).salida;

@@ -42,6 +42,7 @@ private slots:
     void la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista();
     void solo_se_cierra_sin_grabar_si_se_permite();
     void lo_que_otro_cambio_no_se_pisa();
+    void lo_que_otro_contabilizo_mientras_se_revisa_no_se_borra();
     void el_libro_niif_solo_se_muestra_si_sale_de_la_interfaz();
 
 private:
@@ -409,6 +410,7 @@ void PruebaContabiliza::solo_se_cierra_sin_grabar_si_se_permite() {
 void PruebaContabiliza::lo_que_otro_cambio_no_se_pisa() {
     const int propuesta = proponga();
     convierta_propuesta(base(), propuesta, Libro::Decreto2649, "ADMIN");
+    permita_cerrar("NO"); // quien no puede grabar sí puede salir
     s_->dm.confirmar_contabilizacion = true;
     Interlocutor i;
     QVERIFY(!revise(
@@ -426,6 +428,41 @@ void PruebaContabiliza::lo_que_otro_cambio_no_se_pisa() {
         },
         i));
     QCOMPARE(comprobantes(), "1"); // sin guardar no se borró nada
+}
+
+void PruebaContabiliza::lo_que_otro_contabilizo_mientras_se_revisa_no_se_borra() {
+    permita_cerrar("NO"); // ni así se queda encerrado quien llega tarde
+    s_->dm.confirmar_contabilizacion = true;
+    Interlocutor i;
+    const auto quien = [&] { return s_->dato("select enco_usuario from comprobante_encabezado"); };
+    for (const bool la_rehizo : {true, false}) {
+        int propuesta = proponga();
+        s_->dm.confirmar_contabilizacion = true;
+        QVERIFY(!revise(
+            [&](Tfcontabiliza&) {
+                if (la_rehizo)
+                    propuesta =
+                        contabil(base(), "contabil_factura", {id_, 1}).section('|', 2).toInt();
+                convierta_propuesta(base(), propuesta, Libro::Decreto2649, "OTRO");
+                i.espere_comienzo(la_rehizo ? "La propuesta ya no existe: otro usuario volvió a"
+                                            : "El documento ya fue contabilizado por otro usuario"
+                                              " en el comprobante CG 0001 ");
+                oprima(Qt::Key_F2);
+            },
+            i));
+        QCOMPARE(quien(), "OTRO");
+        // Quien lo abre ya sabiéndolo sí lo reemplaza.
+        QVERIFY(revise([](Tfcontabiliza&) { oprima(Qt::Key_F2); }, i));
+        QCOMPARE(comprobantes(), "0");
+    }
+    // Sin revisión es lo mismo: la propuesta que otro rehízo no borra el comprobante de él.
+    const int vieja = proponga();
+    const int nueva = contabil(base(), "contabil_factura", {id_, 1}).section('|', 2).toInt();
+    convierta_propuesta(base(), nueva, Libro::Decreto2649, "OTRO");
+    QVERIFY_THROWS_EXCEPTION(
+        ErrorOtroUsuario,
+        (void)asiente_sin_revisar(base(), {31, id_}, vieja, Libro::Decreto2649, false, "ADMIN"));
+    QCOMPARE(quien(), "OTRO");
 }
 
 void PruebaContabiliza::el_libro_niif_solo_se_muestra_si_sale_de_la_interfaz() {

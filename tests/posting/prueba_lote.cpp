@@ -10,8 +10,9 @@
 #include "vouchers/registro.h"
 
 #include <QLabel>
+#include <QProcess>
 #include <QtTest>
-#include <thread>
+#include <cstdio>
 
 namespace {
 
@@ -107,30 +108,106 @@ private:
     QRandomGenerator azar_;
 };
 
-struct Renglon {
-    int tido, id;
+/// Una persona en el servidor, con su propio programa: lee la lista y contabiliza cada documento
+/// con los pasos de la pantalla.
+class Persona {
+public:
+    Persona(const ParametrosConexion& compania, const ParametrosConexion& general) {
+        dm_.Quorvex.conectar(compania);
+        dm_.ConGeneral.conectar(general);
+        dm_.modulo = "CONTABILIDAD";
+        dm_.usuario = compania.usuario;
+        dm_.cargue_configuracion();
+        const auto f = dm_.Quorvex.abra("select tido, id from documentos_sin_contabilizar("
+                                        "'2017/03/01', '2017/03/31', 'S', 'N')");
+        while (f->siguiente())
+            lista_.push_back({.tido = int(f->valor(0).entero()),
+                              .id = int(f->valor(1).entero()),
+                              .prefijo = "0000",
+                              .fecha = QDate(2017, 3, 15)});
+    }
+    int pendientes() const { return int(lista_.size()); }
+    /// `al_terminar` corre después de cada documento, quedara o no contabilizado.
+    void contabilice(const std::function<void()>& al_terminar = [] {}) {
+        for (const DocumentoPendiente& d : lista_) {
+            try {
+                const PropuestaPendiente p =
+                    proponga(d, false,
+                             [](const QVector<InterfazContable>&) { return std::optional<int>(); });
+                const bool hecho =
+                    p.cntb_id && asiente_sin_revisar(dm_.Quorvex, {d.tido, d.id}, p.cntb_id,
+                                                     Libro::Decreto2649, false, dm_.usuario);
+                ++(hecho ? hechos : rehusados);
+            } catch (const ErrorOtroUsuario&) {
+                ++rehusados; // la propuesta ya es de quien llegó primero
+            } catch (const ErrorBase& e) {
+                if (e.clase() != ClaseFalla::Rechazo)
+                    throw;
+                ++rehusados;
+            }
+            al_terminar();
+        }
+    }
+    int hechos = 0, rehusados = 0;
+
+private:
+    Tfdm dm_;
+    ModulosDePrueba modulos_;
+    QVector<DocumentoPendiente> lista_;
 };
 
-/// La otra persona: su propia conexión, la misma lista y el mismo orden, sin mirar si ya está.
-void contabilice_por_su_lado(const ServidorDePrueba& servidor, const QVector<Renglon>& lista,
-                             std::atomic<int>& rehusados) {
-    Conexion c;
-    c.conectar(servidor.parametros("AUXILIAR"));
-    for (const Renglon& r : lista)
-        try {
-            const QString procedimiento =
-                c.consulte("select doct_proc from documento_contable where tido_cod = ?", {r.tido})
-                    .texto();
-            const int propuesta = c.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
-                Cursor fila(c.prepare("select * from " + procedimiento + "(?, ?)", t), t,
-                            {r.id, r.tido});
-                return fila.siguiente() ? int(fila.valor(2).entero()) : 0;
-            });
-            asiente_sin_revisar(c, {r.tido, r.id}, propuesta, Libro::Decreto2649, false,
-                                "AUXILIAR");
-        } catch (const ErrorDatos&) {
-            ++rehusados; // lo contabilizó quien estaba primero
-        }
+/// El programa de la otra persona: avisa cuando tiene su lista, empieza cuando se lo dicen y cuenta
+/// cada documento con un renglón.
+int sea_la_otra(const QStringList& a) {
+    const auto a_la_base = [&a](const QString& base) {
+        ParametrosConexion p;
+        p.base = base;
+        p.usuario = a[4];
+        p.clave = a[5];
+        return p;
+    };
+    Persona otra(a_la_base(a[2]), a_la_base(a[3]));
+    std::printf("%d\n", otra.pendientes());
+    std::fflush(stdout);
+    (void)std::getchar();
+    otra.contabilice([] {
+        std::printf("+\n");
+        std::fflush(stdout);
+    });
+    std::printf("%d %d\n", otra.hechos, otra.rehusados);
+    return 0;
+}
+
+/// Arranca ese programa y lo deja andando, con `documentos` en su lista.
+void arranque(QProcess& otra, const ServidorDePrueba& servidor, int documentos) {
+    const ParametrosConexion auxiliar = servidor.parametros("AUXILIAR");
+    otra.start(QCoreApplication::applicationFilePath(),
+               {"otra-persona", auxiliar.base, servidor.parametros_general("AUXILIAR").base,
+                auxiliar.usuario, auxiliar.clave});
+    QVERIFY2(otra.waitForReadyRead(30000), otra.readAllStandardError());
+    QCOMPARE(otra.readLine().trimmed().toInt(), documentos);
+}
+
+void empiece(QProcess& otra) {
+    otra.write("\n");
+    QVERIFY(otra.waitForBytesWritten(5000));
+}
+
+int faltan(Conexion& c) {
+    return int(c.consulte("select count(*) from documentos_sin_contabilizar('2017/03/01',"
+                          " '2017/03/31', 'S', 'N')")
+                   .entero());
+}
+
+/// Los libros dicen lo mismo que los documentos, y la numeración no tiene huecos.
+void compare_con(const MesAlAzar& mes, Conexion& c, const char* cuantos_y_ultimo) {
+    QCOMPARE(libro_guardado(c, ""), como_texto(mes.libro));
+    QCOMPARE(libro_guardado(c, "_niif"), como_texto(mes.niif));
+    QCOMPARE(c.consulte("select count(distinct enco_numero) || ' ' || max(enco_numero) from"
+                        " comprobante_encabezado")
+                 .texto(),
+             cuantos_y_ultimo);
+    QCOMPARE(saldos_distintos(c), QString());
 }
 
 void prepare(Conexion& c) {
@@ -146,6 +223,7 @@ class PruebaLote : public QObject {
 private slots:
     void seiscientos_documentos_suman_en_los_libros_lo_que_dicen();
     void dos_personas_con_la_misma_lista_no_contabilizan_nada_dos_veces();
+    void un_programa_que_muere_a_mitad_no_deja_nada_a_medias();
 };
 
 void PruebaLote::seiscientos_documentos_suman_en_los_libros_lo_que_dicen() {
@@ -191,53 +269,83 @@ void PruebaLote::seiscientos_documentos_suman_en_los_libros_lo_que_dicen() {
 void PruebaLote::dos_personas_con_la_misma_lista_no_contabilizan_nada_dos_veces() {
     constexpr int kDocumentos = 80;
     ServidorDePrueba servidor;
-    Tfdm dm;
-    dm.Quorvex.conectar(servidor.parametros());
-    dm.ConGeneral.conectar(servidor.parametros_general());
-    dm.modulo = "CONTABILIDAD";
-    dm.usuario = "ADMIN";
-    ModulosDePrueba modulos;
     Conexion duena;
     duena.conectar(servidor.parametros("SYSDBA"));
     prepare(duena);
-    dm.cargue_configuracion();
     MesAlAzar mes(duena, 99);
     for (int n = 1; n <= kDocumentos; ++n)
         mes.registre_uno(n);
 
-    QVector<Renglon> lista;
-    const auto f = duena.abra("select tido, id from documentos_sin_contabilizar('2017/03/01',"
-                              " '2017/03/31', 'S', 'N')");
-    while (f->siguiente())
-        lista.push_back({int(f->valor(0).entero()), int(f->valor(1).entero())});
-    QCOMPARE(lista.size(), kDocumentos);
-
-    std::atomic<int> rehusados = 0;
-    std::thread otra([&] { contabilice_por_su_lado(servidor, lista, rehusados); });
-    for (const Renglon& r : lista)
-        try {
-            const PropuestaPendiente p = proponga(
-                {.tido = r.tido, .id = r.id, .prefijo = "0000", .fecha = QDate(2017, 3, 15)}, false,
-                [](const QVector<InterfazContable>&) { return std::optional<int>(); });
-            if (p.cntb_id)
-                asiente_sin_revisar(dm.Quorvex, {r.tido, r.id}, p.cntb_id, Libro::Decreto2649,
-                                    false, "ADMIN");
-        } catch (const ErrorDatos&) {
-            ++rehusados;
-        }
-    otra.join();
-    qInfo("rehusados por llegar tarde: %d", rehusados.load());
+    QProcess otra;
+    arranque(otra, servidor, kDocumentos);
+    Persona una(servidor.parametros(), servidor.parametros_general());
+    QCOMPARE(una.pendientes(), kDocumentos);
+    empiece(otra);
+    QVERIFY(otra.waitForReadyRead(30000)); // ya va por la lista
+    una.contabilice();
+    QVERIFY(otra.waitForFinished(60000));
+    const QList<QByteArray> dicho =
+        otra.readAllStandardOutput().trimmed().split('\n').last().split(' ');
+    QVERIFY2(dicho.size() == 2, otra.readAllStandardError());
+    qInfo("una %d, otra %s; rehusados %d y %s", una.hechos, dicho[0].constData(), una.rehusados,
+          dicho[1].constData());
+    // Cada documento lo contabilizó uno solo: nadie rehízo lo del otro.
+    QCOMPARE(una.hechos + dicho[0].toInt() + faltan(duena), kDocumentos);
     QCOMPARE(filas_de(duena, "select enco_tiporef, enco_idref, count(*) from comprobante_encabezado"
                              " group by 1, 2 having count(*) <> 1"),
              QString());
-    QCOMPARE(libro_guardado(duena, ""), como_texto(mes.libro));
-    QCOMPARE(duena
-                 .consulte("select count(distinct enco_numero) || ' ' || max(enco_numero) from"
-                           " comprobante_encabezado")
-                 .texto(),
-             "80 000080");
-    QCOMPARE(saldos_distintos(duena), QString());
+    QVERIFY(una.hechos > 0 && dicho[0].toInt() > 0);
+    // Los que los dos soltaron por tomarlos a la vez siguen en la lista; quien la repase los acaba.
+    Persona repaso(servidor.parametros(), servidor.parametros_general());
+    repaso.contabilice();
+    QCOMPARE(faltan(duena), 0);
+    compare_con(mes, duena, "80 000080");
 }
 
-QTEST_MAIN(PruebaLote)
+void PruebaLote::un_programa_que_muere_a_mitad_no_deja_nada_a_medias() {
+    constexpr int kDocumentos = 60, kMuertes = 4;
+    ServidorDePrueba servidor;
+    Conexion duena;
+    duena.conectar(servidor.parametros("SYSDBA"));
+    prepare(duena);
+    MesAlAzar mes(duena, 31);
+    for (int n = 1; n <= kDocumentos; ++n)
+        mes.registre_uno(n);
+    for (int muerte = 0; muerte < kMuertes; ++muerte) {
+        QProcess otra;
+        arranque(otra, servidor, faltan(duena));
+        empiece(otra);
+        for (int hechos = 0; hechos < 5 + muerte;) {
+            if (!otra.canReadLine())
+                QVERIFY2(otra.waitForReadyRead(30000), otra.readAllStandardError());
+            hechos += otra.readLine() == "+\n";
+        }
+        otra.kill(); // con alguno entre manos
+        QVERIFY(otra.waitForFinished(5000));
+        // Lo que no quedó del todo sigue pendiente.
+        QCOMPARE(filas_de(duena, "select enco_consec from comprobante_encabezado e where not exists"
+                                 " (select 1 from comprobante_detalle d where d.enco_consec ="
+                                 " e.enco_consec) or not exists (select 1 from"
+                                 " comprobante_detalle_niif n where n.enco_consec ="
+                                 " e.enco_consec)"),
+                 QString());
+        const int hechos =
+            int(duena.consulte("select count(*) from comprobante_encabezado").entero());
+        QVERIFY(hechos >= 5 * (muerte + 1) && hechos < kDocumentos);
+        QCOMPARE(faltan(duena), kDocumentos - hechos);
+    }
+    Persona quien_sigue(servidor.parametros(), servidor.parametros_general());
+    quien_sigue.contabilice();
+    QCOMPARE(faltan(duena), 0);
+    compare_con(mes, duena, "60 000060");
+}
+
+int main(int argc, char** argv) {
+    QApplication programa(argc, argv);
+    if (programa.arguments().value(1) == "otra-persona")
+        return sea_la_otra(programa.arguments());
+    PruebaLote prueba;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&prueba, argc, argv);
+}
 #include "prueba_lote.moc"

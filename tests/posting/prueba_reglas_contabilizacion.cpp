@@ -39,6 +39,7 @@ private slots:
     void una_interfaz_detallada_no_junta_importes();
     void cada_error_dice_que_corregir_y_la_propuesta_espera();
     void los_errores_quedan_bajo_los_codigos_que_los_programas_buscan();
+    void las_fallas_de_otro_documento_del_mismo_id_no_se_mezclan();
     void lo_descuadrado_va_a_la_cuenta_de_descuadres();
     void con_la_fecha_cerrada_no_hay_propuesta_ni_se_pierde_la_anterior();
     void sin_documento_o_sin_interfaz_no_hay_propuesta();
@@ -283,6 +284,41 @@ void PruebaReglasContabilizacion::los_errores_quedan_bajo_los_codigos_que_los_pr
         } else {
             QCOMPARE(codigos(bueno, "NIIF"), QString(caso.codigos));
         }
+    }
+}
+
+void PruebaReglasContabilizacion::las_fallas_de_otro_documento_del_mismo_id_no_se_mezclan() {
+    // Cada módulo numera los suyos, y unos leen sus fallas con el código de otro.
+    constexpr int kId = 7000;
+    const struct {
+        int tipo;
+        const char *procedimiento, *gemelo;
+    } casos[] = {{61, "contabil_recicaja", "contabil_recicaja_niif"},
+                 {22, "contabil_remiprov", "contabil_remiprov_niif"},
+                 {41, "contabil_notadbcl", "contabil_notadbcl_niif"},
+                 {24, "contabil_devolcomp", "contabil_devolcomp_niif"},
+                 {31, "contabil_factura", "contabil_factura_niif"}};
+    const auto codigos = [&](int codigo) {
+        return filas(QStringLiteral("select erro_tido, erro_libro from errores where erro_iddoc ="
+                                    " 7000 and erro_tipodoc = %1")
+                         .arg(codigo));
+    };
+    for (const auto& caso : casos) {
+        InterfazPrueba i = reglas("X 110505 D; X 110515 C", caso.tipo);
+        i.reglas_niif = "Y 110505 D";
+        registre(base(), caso.tipo, i);
+        const int id = registre(base(), {caso.tipo, "X 10", "1"});
+        base().ejecute("update documento set docu_id = 7000 where docu_id = ?", {id});
+        const QString r = contabil(base(), caso.procedimiento, {kId, caso.tipo});
+        QVERIFY2(r.startsWith("0|"), qPrintable(r));
+        contabil(base(), caso.gemelo, {kId, caso.tipo, propuesta(r)});
+        QCOMPARE(codigos(31), QStringLiteral("%1|NIIF\n%1|NIIF").arg(caso.tipo));
+        QCOMPARE(codigos(caso.tipo + 1000), codigos(31));
+        base().ejecute("update documento_linea set doli_concepto = 'SIN' where tido_cod = ?",
+                       {caso.tipo});
+        contabil(base(), caso.procedimiento, {kId, caso.tipo});
+        const int codigo = caso.tipo == 22 ? 24 : caso.tipo;
+        QCOMPARE(codigos(codigo), QStringLiteral("%1|2649\n%1|2649").arg(caso.tipo));
     }
 }
 

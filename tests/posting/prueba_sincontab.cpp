@@ -84,6 +84,7 @@ private slots:
     void con_varias_interfaces_se_pregunta_cual();
     void el_libro_niif_se_agrega_a_la_propuesta_que_ya_hay();
     void lo_que_pide_confirmacion_se_revisa_y_la_falla_lo_deja_pendiente();
+    void una_falla_al_rehacerlo_lo_deja_pendiente_con_su_propuesta();
     void lo_que_otro_ya_contabilizo_no_se_rehace();
     void los_marcados_siguen_aunque_uno_falle_y_el_resumen_lleva_al_documento();
     void cancelar_el_lote_termina_el_documento_que_va();
@@ -346,6 +347,47 @@ void PruebaSincontab::lo_que_pide_confirmacion_se_revisa_y_la_falla_lo_deja_pend
     revise([](Tfcontabiliza&) { oprima(Qt::Key_F2); });
     QCOMPARE(comprobante_de(base(), 31, id, "").count('\n'), 2);
     QVERIFY(numeros(p).isEmpty());
+}
+
+void PruebaSincontab::una_falla_al_rehacerlo_lo_deja_pendiente_con_su_propuesta() {
+    configure("AÑO BALANCE DE APERTURA NIIF", "2018");
+    InterfazPrueba revisada = interfaz_de_prueba(kReglasVenta);
+    revisada.confirmar = "S";
+    registre(base(), 31, revisada);
+    const int id = registre(base(), venta_de_prueba());
+    Tfsincontab* p = abra();
+    Interlocutor i;
+    const auto grabe = [&](
+                           bool niif, const std::function<void()>& antes = [] {}) {
+        p->ckNiif->setChecked(niif);
+        i.espere_modal("Tfcontabiliza", [antes](QWidget*) {
+            con_foco();
+            agote_eventos();
+            antes();
+            oprima(Qt::Key_F2);
+        });
+        p->DBGridEh1->setFocus();
+        oprima(Qt::Key_F2);
+    };
+    grabe(false);
+    QCOMPARE(comprobantes(), "1");
+    // El anterior ya se borró cuando la conversión falla: el documento vuelve a las dos listas y su
+    // propuesta, con los dos libros, queda.
+    grabe(true, [&] {
+        base().ejecute("update cuentas set cuen_activa = 'N' where cuen_cod = '413505'");
+        i.espere_comienzo("Se presento el siguiente error: Línea 2, cuenta 413505");
+    });
+    QCOMPARE(comprobantes(), "0");
+    QCOMPARE(s_->dato("select count(*) from contabilizacion_det"), "6");
+    for (const bool niif : {true, false}) {
+        p->ckNiif->setChecked(niif);
+        QCOMPARE(numeros(p), QStringList("000001"));
+    }
+    base().ejecute("update cuentas set cuen_activa = 'S' where cuen_cod = '413505'");
+    grabe(true);
+    QCOMPARE(comprobante_de(base(), 31, id, "_niif"), comprobante_de(base(), 31, id, ""));
+    QCOMPARE(s_->dato("select enco_numero from comprobante_encabezado"), "000001");
+    QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaSincontab::lo_que_otro_ya_contabilizo_no_se_rehace() {

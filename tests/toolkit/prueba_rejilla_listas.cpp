@@ -336,6 +336,45 @@ private slots:
         QVERIFY(r.visualRect(r.currentIndex()).bottom() < r.viewport()->height());
     }
 
+    void con_las_filas_justas_el_pie_no_quita_y_pone_la_barra_sin_fin() {
+        ListaServidor s(base_.base(), 12, -1);
+        Rejilla r;
+        r.columnas({{"ID", "Número", 8}, {"VALOR", "Valor", 14, Suma}});
+        r.pie(true);
+        r.ate(&s.lista);
+        s.lista.Open();
+        r.show();
+        struct Contador : QObject {
+            Rejilla& rejilla;
+            int cambios = 0;
+            explicit Contador(Rejilla& r) : rejilla(r) { r.viewport()->installEventFilter(this); }
+            bool eventFilter(QObject*, QEvent* e) override {
+                if (e->type() == QEvent::Resize && ++cambios == 300)
+                    rejilla.pie(false); // si no, no terminaría nunca
+                return false;
+            }
+        } contador(r);
+        // De lo que caben once filas con el pie a lo que caben las doce.
+        const int fila = r.verticalHeader()->defaultSectionSize();
+        for (int alto = 10 * fila; alto < 17 * fila; alto += 5) {
+            contador.cambios = 0;
+            s.lista.Close();
+            r.resize(300, alto);
+            agote_eventos();
+            s.lista.Open(); // las filas llegan a una vista sin barra
+            agote_eventos();
+            QVERIFY2(contador.cambios < 20, qPrintable(QString::number(alto)));
+            r.verticalScrollBar()->setValue(r.verticalScrollBar()->maximum());
+            contador.cambios = 0;
+            QMetaObject::invokeMethod(&r, "updateGeometries");
+            agote_eventos();
+            QVERIFY2(contador.cambios < 10, qPrintable(QString::number(alto)));
+            // Y la última fila, que estaba a la vista, ahí sigue.
+            QVERIFY2(r.visualRect(r.model()->index(11, 0)).bottom() < r.viewport()->height(),
+                     qPrintable(QString::number(alto)));
+        }
+    }
+
     void un_paquete_que_no_llena_la_vista_pide_el_siguiente() {
         ListaServidor s(base_.base(), 1200, 5);
         Rejilla r(nullptr, &s.lista);

@@ -311,19 +311,27 @@ void Rejilla::updateGeometries() {
     if (geometria_)
         return;
     geometria_ = true;
+    const int desplazada = verticalScrollBar()->value();
     QTableView::updateGeometries();
     if (pie_ && pie_->isVisibleTo(this)) {
         // La base reparte toda la altura: el pie la toma al final y las barras se vuelven a medir.
+        // La vertical, también antes: si cabe todo hasta que llega el pie, la base la quitaría, él
+        // la volvería a poner, y el cambio de ancho los llamaría otra vez, sin fin.
         const QMargins margenes = viewportMargins();
         const int alto = pie_->sizeHint().height();
+        const auto mida_barra = [this](int altura) {
+            const int caben = qMax(1, altura / indicador_->defaultSectionSize());
+            verticalScrollBar()->setPageStep(caben);
+            verticalScrollBar()->setRange(0, qMax(0, modelo_->rowCount() - caben));
+        };
+        mida_barra(viewport()->height() + margenes.bottom() - alto);
         setViewportMargins(margenes.left(), margenes.top(), 0, alto);
         const QRect filas = viewport()->geometry();
         indicador_->setGeometry(indicador_->x(), filas.top(), indicador_->width(), filas.height());
         pie_->setGeometry(indicador_->x(), filas.bottom() + 1, filas.right() + 1 - indicador_->x(),
                           alto);
-        const int caben = qMax(1, filas.height() / indicador_->defaultSectionSize());
-        verticalScrollBar()->setPageStep(caben);
-        verticalScrollBar()->setRange(0, qMax(0, modelo_->rowCount() - caben));
+        mida_barra(filas.height());
+        verticalScrollBar()->setValue(desplazada);
     }
     geometria_ = false;
     ubique_editor();
