@@ -1,7 +1,7 @@
 // bench [medida ...]: apertura, guardado, celdas, pegado, plan, balance, auxiliar, lista, informe,
-// masiva, estados, definible, anual, cubo, terceros, medio, cierre, depreciacion; sin argumentos,
-// todas. Cada una corre en un proceso propio: su memoria máxima es la suya. Sale con 1 si alguna
-// no cumple.
+// masiva, estados, definible, anual, cubo, terceros, medio, cierre, depreciacion, importacion,
+// reemplazo, recalculo; sin argumentos, todas. Cada una corre en un proceso propio: su memoria
+// máxima es la suya. Sale con 1 si alguna no cumple.
 #include "bench/medidas.h"
 #include "datos/firebird/errores.h"
 
@@ -15,15 +15,27 @@ int main(int argc, char** argv) {
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QApplication aplicacion(argc, argv);
     const QList<std::pair<QString, void (*)()>> medidas{
-        {"apertura", mida_apertura}, {"guardado", mida_guardado},
-        {"celdas", mida_celdas},     {"pegado", mida_pegado},
-        {"plan", mida_plan},         {"balance", mida_balance},
-        {"auxiliar", mida_auxiliar}, {"lista", mida_lista},
-        {"informe", mida_informe},   {"masiva", mida_masiva},
-        {"estados", mida_estados},   {"definible", mida_definible},
-        {"anual", mida_anual},       {"cubo", mida_cubo},
-        {"terceros", mida_terceros}, {"medio", mida_medio},
-        {"cierre", mida_cierre},     {"depreciacion", mida_depreciacion},
+        {"apertura", mida_apertura},
+        {"guardado", mida_guardado},
+        {"celdas", mida_celdas},
+        {"pegado", mida_pegado},
+        {"plan", mida_plan},
+        {"balance", mida_balance},
+        {"auxiliar", mida_auxiliar},
+        {"lista", mida_lista},
+        {"informe", mida_informe},
+        {"masiva", mida_masiva},
+        {"estados", mida_estados},
+        {"definible", mida_definible},
+        {"anual", mida_anual},
+        {"cubo", mida_cubo},
+        {"terceros", mida_terceros},
+        {"medio", mida_medio},
+        {"cierre", mida_cierre},
+        {"depreciacion", mida_depreciacion},
+        {"importacion", mida_importacion},
+        {"reemplazo", mida_reemplazo},
+        {"recalculo", mida_recalculo},
     };
     const QStringList pedidas = aplicacion.arguments().mid(1);
     if (pedidas.size() != 1) {

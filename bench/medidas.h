@@ -45,3 +45,6 @@ void mida_terceros();
 void mida_medio();
 void mida_cierre();
 void mida_depreciacion();
+void mida_importacion();
+void mida_reemplazo();
+void mida_recalculo();

@@ -156,6 +156,18 @@ QString FormaMantenimiento::exija_tercero(const QString& nit) {
     return nombre;
 }
 
+bool FormaMantenimiento::sin_movimientos(const QString& condicion) {
+    const QString desde = FecIni->text().trimmed(), hasta = FecFin->text().trimmed();
+    if (revise_fecha(desde) || revise_fecha(hasta))
+        return false;
+    return dato(QStringLiteral("select count(*) from %1 where ")
+                    .arg(QLatin1String(datos(libro()).detalle)) +
+                condicion +
+                " and enco_consec in (select enco_consec from comprobante_encabezado where "
+                "enco_fecha >= " +
+                QuotedStr(desde) + " and enco_fecha <= " + QuotedStr(hasta) + ")") == "0";
+}
+
 std::optional<RangoFechas> FormaMantenimiento::fechas() {
     for (QLineEdit* c : {FecIni, FecFin})
         if (const auto r = revise_fecha(c->text().trimmed())) {

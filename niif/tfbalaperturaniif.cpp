@@ -70,6 +70,8 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
         e->setObjectName(nombre);
         e->setReadOnly(true);
         e->setFocusPolicy(Qt::NoFocus);
+        // Un nombre largo se ve por su comienzo.
+        connect(e, &QLineEdit::textChanged, e, [e] { e->setCursorPosition(0); });
         return e;
     };
     const auto diferencia = [](const char* nombre) {
@@ -80,6 +82,8 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
     EAno = caja("EAno");
     NomCuenta = caja("NomCuenta");
     NomNiif = caja("NomNiif");
+    for (QLineEdit* nombre : {NomCuenta, NomNiif})
+        nombre->setMinimumWidth(nombre->fontMetrics().horizontalAdvance('n') * 42);
     Difdeb = diferencia("Difdeb");
     DifCred = diferencia("DifCred");
     DBGridEh1 = new Rejilla(pagina, &CAjusniif);

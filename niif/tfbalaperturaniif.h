@@ -81,5 +81,6 @@ private:
     void AdvGlowButton5Click();
     void AdvGlowButton6Click();
 
+    bool fila_nueva_ = false; ///< la del detalle aún no estaba en la hoja
     bool trayendo_ = false, recibiendo_ = false, cierre_confirmado_ = false;
 };

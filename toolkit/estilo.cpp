@@ -226,5 +226,13 @@ void pinte_degradado(QPainter& pintor, const QRect& marco) {
 }
 
 QIcon icono(const QString& nombre) {
-    return nombre.isEmpty() ? QIcon() : QIcon::fromTheme(nombre);
+    // El tema empacado no trae los de aceptar y cancelar.
+    static const QHash<QString, QString> parecidos{
+        {QStringLiteral("dialog-cancel"), QStringLiteral("window-close")},
+        {QStringLiteral("dialog-ok"), QStringLiteral("object-select-symbolic")},
+        {QStringLiteral("dialog-ok-apply"), QStringLiteral("object-select-symbolic")}};
+    if (nombre.isEmpty())
+        return {};
+    const QIcon propio = QIcon::fromTheme(nombre);
+    return propio.isNull() ? QIcon::fromTheme(parecidos.value(nombre)) : propio;
 }

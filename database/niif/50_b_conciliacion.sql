@@ -55,6 +55,25 @@ BEGIN
     SUSPEND;
 END^
 
+-- Las cuentas NIIF que se comparan con una cuenta 2649 o con lo que cuelga de ella. Mira solo las
+-- que pueden serlo: buscar la pareja de todo el plan cuesta más que la conciliación. Interna.
+CREATE OR ALTER PROCEDURE PAREJAS_NIIF_DE (CUENTA varchar(20))
+RETURNS (CUEN_COD varchar(20))
+AS
+BEGIN
+  FOR
+    SELECT P.CUEN_COD
+    FROM (
+      SELECT CUEN_EQNIIF NIIF FROM CUENTAS WHERE CUEN_COD STARTING WITH :CUENTA
+      UNION
+      SELECT CUEN_COD FROM CUENTAS_NIIF WHERE CUEN_COD STARTING WITH :CUENTA) X
+    LEFT JOIN VISTA_PAREJA_NIIF P ON P.CUEN_COD = X.NIIF
+    WHERE P.PAREJA STARTING WITH :CUENTA
+    INTO :CUEN_COD
+  DO
+    SUSPEND;
+END^
+
 -- De dónde sale la diferencia de una cuenta, o de lo que cuelga de ella: lo que traía al
 -- comenzar el año (fila sin comprobante) y los comprobantes del año que no suman lo mismo en los
 -- dos libros. La suma de DIF es la diferencia al final del año. La llama Tfconciliacta.
@@ -71,9 +90,8 @@ BEGIN
   WHERE CUEN_COD STARTING WITH :CUENTA AND (SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES = 0))
   INTO :SALDO;
   SELECT coalesce(sum(S.SALD_DEBITO - S.SALD_CREDITO), 0)
-  FROM VISTA_PAREJA_NIIF P
-  JOIN VISTA_SALDOS_CUENTA_NIIF S ON S.CUEN_COD = P.CUEN_COD
-  WHERE P.PAREJA STARTING WITH :CUENTA
+  FROM PAREJAS_NIIF_DE(:CUENTA) P
+  LEFT JOIN VISTA_SALDOS_CUENTA_NIIF S ON S.CUEN_COD = P.CUEN_COD
     AND (S.SALD_ANO < :ANO OR (S.SALD_ANO = :ANO AND S.SALD_MES = 0))
   INTO :SALDO_NIIF;
   IF (SALDO <> SALDO_NIIF) THEN
@@ -99,10 +117,10 @@ BEGIN
         WHERE C.CUEN_COD STARTING WITH :CUENTA
         UNION ALL
         SELECT D.ENCO_CONSEC, 0, 0, D.CODE_DEBITO, D.CODE_CREDITO
-        FROM VISTA_PAREJA_NIIF P
-        JOIN COMPROBANTE_DETALLE_NIIF D ON D.CUEN_COD = P.CUEN_COD
+        FROM PAREJAS_NIIF_DE(:CUENTA) P
+        LEFT JOIN COMPROBANTE_DETALLE_NIIF D ON D.CUEN_COD = P.CUEN_COD
           AND D.CODE_FECHA BETWEEN :ANO || '0000' AND :ANO || '1399'
-        WHERE P.PAREJA STARTING WITH :CUENTA)
+        WHERE D.ENCO_CONSEC IS NOT NULL)
       GROUP BY ENCO_CONSEC
       HAVING sum(DB) - sum(CR) <> sum(DBN) - sum(CRN)) V
     JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = V.ENCO_CONSEC

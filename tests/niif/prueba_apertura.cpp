@@ -43,9 +43,12 @@ private slots:
     void traer_saldos_los_cruza_todos_y_no_se_repite();
     void el_detalle_no_cierra_descuadrado_y_guarda_la_nota();
     void una_linea_nueva_nace_con_el_saldo_y_suma_su_final();
+    void mirar_una_cuenta_que_no_esta_no_la_agrega();
+    void los_saldos_iniciales_son_los_del_ano_anterior();
     void borrar_la_hoja_pregunta_y_tambien_graba();
     void salir_con_cambios_pregunta();
     void la_hoja_de_calculo_va_y_vuelve();
+    void una_ventana_que_ya_estaba_abierta_tambien_espera();
     void sin_programa_de_hojas_se_dice();
     void llevarla_a_los_saldos_iniciales_dice_las_cifras();
     void dos_usuarios_en_la_misma_cuenta_no_se_pisan();
@@ -249,6 +252,41 @@ void PruebaApertura::una_linea_nueva_nace_con_el_saldo_y_suma_su_final() {
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
+void PruebaApertura::mirar_una_cuenta_que_no_esta_no_la_agrega() {
+    Tfbalaperturaniif* p = abra();
+    detalle(p, "110505");
+    oprima(Qt::Key_Escape);
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Principal));
+    QCOMPARE(p->CSaldos.ChangeCount(), 0);
+    i_->espere(kTraer, "No"); // se puede traer: la hoja sigue vacía
+    oprima(Qt::Key_F7);
+    oprima(Qt::Key_Escape); // y salir sin que pregunte
+    agote_eventos();
+    QVERIFY(!escritorio()->abierta("Tfbalaperturaniif"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::los_saldos_iniciales_son_los_del_ano_anterior() {
+    Conexion& c = s_->base.base();
+    const int ano = int(c.consulte("select ano_inicio('2649') from rdb$database").entero());
+    s_->base.ejecute({"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values "
+                      "(1, '111005', 40)",
+                      "insert into saldos_iniciales (sain_item, cuen_cod, sain_credito) values "
+                      "(2, '310505', 40)"});
+    const auto saldos = [&](int de, int mes, const char* inicio) {
+        return filas_de(c, QStringLiteral("select codigo, saldo from balance_final_det('%1', %2, "
+                                          "'%3')")
+                               .arg(de)
+                               .arg(mes)
+                               .arg(QLatin1String(inicio)));
+    };
+    QCOMPARE(saldos(ano - 1, 13, "N"), QString("111005|40\n310505|-40"));
+    QCOMPARE(saldos(ano - 1, 12, "N"), QString());
+    QCOMPARE(saldos(ano - 1, 13, "S"), QString());
+    QCOMPARE(saldos(ano - 2, 13, "N"), QString());
+    QCOMPARE(saldos(ano, 0, "N"), QString("111005|40\n310505|-40"));
+}
+
 void PruebaApertura::borrar_la_hoja_pregunta_y_tambien_graba() {
     Tfbalaperturaniif* p = traiga();
     grabe_y_siga();
@@ -329,6 +367,30 @@ void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
     oprima(Qt::Key_F2);
     oprima(Qt::Key_Escape);
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::una_ventana_que_ya_estaba_abierta_tambien_espera() {
+    Tfbalaperturaniif* p = traiga();
+    detalle(p, "110505");
+    // El programa se la pasa a otra ventana y termina; el candado dice que sigue abierta.
+    qputenv("QUORVEX_HOJA_CALCULO",
+            hoja_de_mentira("printf 'PK a medias' > \"$1\"\n"
+                            "touch \"$(dirname \"$1\")/.~lock.$(basename \"$1\")#\"\n")
+                .toLocal8Bit());
+    componente<QPushButton>(p, "AdvGlowButton7").click();
+    const QString candado = s_->base.ruta() + "/.~lock.Apniif110505.xlsx#";
+    QTRY_VERIFY(QFile::exists(candado));
+    i_->espere("Guarde la hoja y cierre el programa de hojas de cálculo antes de continuar.");
+    oprima(Qt::Key_F2);
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Hoja));
+    QFile::remove(candado);
+    QTRY_VERIFY(!p->hoja.en_uso());
+    oprima(Qt::Key_F2);
+    QCOMPARE(p->CSaldos.FieldByName("APNI_ARCHIVO").valor().binario(), QByteArray("PK a medias"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    oprima(Qt::Key_Escape);
+    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+    oprima(Qt::Key_Escape);
 }
 
 void PruebaApertura::sin_programa_de_hojas_se_dice() {
