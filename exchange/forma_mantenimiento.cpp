@@ -210,7 +210,8 @@ void FormaMantenimiento::trabaje(const QString& aviso,
             anuncie(QStringLiteral("Poniendo los saldos al día: %1 ...").arg(van));
         });
     emit fdmcnt().balance_por_recalcular();
-    if (AvisosBarra* barra = fdm().barra())
+    AvisosBarra* barra = fdm().barra();
+    if (barra && hecho.comprobantes > 0)
         barra->texto(windowTitle() + ": " + hecho.cuantos());
 }
 

@@ -116,5 +116,6 @@ void Tfconciliapat::AuxiliarClick() {
     if (!CConcilia.IsEmpty())
         pantallas().abrir("Tfconciliacta",
                           AbreConciliacionCuenta{CConcilia.FieldByName("CUENTA").texto(),
-                                                 QString::number(EAno->value())});
+                                                 QString::number(EAno->value()),
+                                                 EMes->currentIndex()});
 }

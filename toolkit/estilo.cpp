@@ -226,11 +226,10 @@ void pinte_degradado(QPainter& pintor, const QRect& marco) {
 }
 
 QIcon icono(const QString& nombre) {
-    // El tema empacado no trae los de aceptar y cancelar.
+    // El tema empacado no trae algunos, o solo los trae en trazos que aquí no se pintan.
     static const QHash<QString, QString> parecidos{
         {QStringLiteral("dialog-cancel"), QStringLiteral("window-close")},
-        {QStringLiteral("dialog-ok"), QStringLiteral("object-select-symbolic")},
-        {QStringLiteral("dialog-ok-apply"), QStringLiteral("object-select-symbolic")}};
+        {QStringLiteral("document-edit"), QStringLiteral("document-properties")}};
     if (nombre.isEmpty())
         return {};
     const QIcon propio = QIcon::fromTheme(nombre);

@@ -369,11 +369,13 @@ void PruebaPantallasIntercambio::el_recalculo_cuenta_lo_que_corrigio() {
                "109.00 y 0.00; son 100.00 y 0.00");
     oprima(Qt::Key_F5);
     agote_eventos();
+    QCOMPARE(barra_.text(), QString("Recálculo de saldos: 1 corregidos"));
     Pantalla* p = pantallas().abrir("Tfchequeosaldos");
     componente<QAbstractButton>(p, "ckniif").click();
     i_->espere("Recálculo terminado: todos los saldos estaban bien.");
     oprima(Qt::Key_F5);
     agote_eventos();
+    QCOMPARE(barra_.text(), QString("Recálculo de saldos: todos estaban bien"));
     QVERIFY(!escritorio()->abierta("Tfchequeosaldos"));
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     QCOMPARE(saldos_distintos(s_->base.base()), QString());

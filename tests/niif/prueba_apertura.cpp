@@ -494,6 +494,15 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     QVERIFY(c);
     QCOMPARE(valores_de(c->CDetalle, "DIF"), QStringList({"93", "999", "5"}));
     QCOMPARE(valores_de(c->CDetalle, "CONCEPTO").value(0), QString("Saldo al comenzar el año"));
+    // Con otro mes, lo que explica la diferencia de ese mes.
+    for (const auto& [mes, dif] :
+         {std::pair{0, QStringList{"93"}}, {1, QStringList{"93", "999"}}}) {
+        auto* hasta =
+            s_->abra<Tfconciliacta>("Tfconciliacta", AbreConciliacionCuenta{"110505", "2018", mes});
+        QCOMPARE(valores_de(hasta->CDetalle, "DIF"), dif);
+        hasta->close();
+        agote_eventos();
+    }
     QString abierto;
     registre_testigo("Tfedtmovimien", [&](const Pantalla& e) {
         abierto = e.peticion<AbreComprobante>().comprobante_encontrado;
