@@ -56,6 +56,7 @@ private:
     void CAjusniifAfterScroll();
     void AdvGlowButton2Click();
     void traiga(const QString& ano);
+    void cuente_lo_traido(const QString& ano, const QStringList& sin_equivalente);
     void agregue_saldo(const struct SaldoPorTraer& saldo, int& item);
     void SBGrabarClick();
     void SBCancelClick();

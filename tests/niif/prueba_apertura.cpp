@@ -41,6 +41,8 @@ private slots:
     void un_saldo_pasa_en_dos_lineas_data();
     void un_saldo_pasa_en_dos_lineas();
     void traer_saldos_los_cruza_todos_y_no_se_repite();
+    void la_cuenta_sin_equivalente_no_detiene_a_las_demas();
+    void muchos_terceros_se_traen_y_se_graban();
     void el_detalle_no_cierra_descuadrado_y_guarda_la_nota();
     void una_linea_nueva_nace_con_el_saldo_y_suma_su_final();
     void mirar_una_cuenta_que_no_esta_no_la_agrega();
@@ -187,6 +189,44 @@ void PruebaApertura::traer_saldos_los_cruza_todos_y_no_se_repite() {
     oprima(Qt::Key_F6);
     m = qobject_cast<Tfmovbalapniif*>(escritorio()->activa());
     QCOMPARE(valores_de(m->CMovimiento, "APND_CREDITO"), QStringList("93"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::la_cuenta_sin_equivalente_no_detiene_a_las_demas() {
+    s_->base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '130505'"});
+    Tfbalaperturaniif* p = abra();
+    i_->espere(kTraer, "Sí");
+    i_->espere("Se trajeron los saldos de 4 cuentas. Grábelos con F2.\nSin cuenta NIIF "
+               "equivalente, falta la línea que recibe el saldo de 1: 130505.");
+    oprima(Qt::Key_F7);
+    grabe_y_siga();
+    QCOMPARE(filas_de(s_->base.base(), "select cuen_cod, count(*) from apertura_niif_det group by "
+                                       "1 order by 1"),
+             QString("110505|2\n130505|2\n152405|2\n310505|2"));
+    // Lo que falta por recibir es la diferencia que se muestra.
+    QCOMPARE(p->DifCred->text(), QString("80.00"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::muchos_terceros_se_traen_y_se_graban() {
+    constexpr int kTerceros = 2500;
+    s_->base.ejecute(
+        {QStringLiteral("execute block as declare i integer = 1; begin while (i <= %1) do begin "
+                        "insert into terceros (terc_nit, terc_nom) values ('7' || lpad(:i, 8, "
+                        "'0'), 'Tercero ' || :i); insert into saldos_iniciales (sain_item, "
+                        "cuen_cod, terc_nit, sain_debito) values (:i, '130505', '7' || lpad(:i, "
+                        "8, '0'), :i); i = i + 1; end end")
+             .arg(kTerceros)});
+    abra();
+    i_->espere(kTraer, "Sí");
+    i_->espere("Se trajeron los saldos de 4 cuentas. Grábelos con F2.");
+    oprima(Qt::Key_F7);
+    grabe_y_siga();
+    QCOMPARE(s_->dato("select count(*) || '/' || sum(apnd_recldb) || '/' || sum(apnd_reclcr) from "
+                      "apertura_niif_det where cuen_cod = '130505'"),
+             QStringLiteral("%1/%2.00/%2.00")
+                 .arg(2 * (kTerceros + 2))
+                 .arg(kTerceros * (kTerceros + 1) / 2 + 80));
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
