@@ -21,7 +21,13 @@ teclas Return F9
 foto conciliacion_apertura 1.2
 teclas F6
 foto conciliacion_detalle 1.2
-teclas Home F8
+teclas F8
+foto conciliacion_al_comenzar 2
+teclas Escape shift+Tab shift+Tab
+escriba "Ajustes"
+teclas F2
+foto conciliacion_del_ano 1.5
+teclas F8
 foto conciliacion_cuenta 2
 teclas Escape Escape Escape
 espere 0.5
@@ -58,7 +64,7 @@ teclas Tab
 escriba "20171231"
 teclas Tab
 escriba "$fotos/exportado.csv"
-teclas alt+d
+teclas Tab Tab Tab Tab Tab
 escriba "C"
 foto exportar 0.8
 teclas F5
@@ -126,7 +132,7 @@ foto respaldo_en_la_barra 0.8
 teclas Escape
 
 # --- procedimientos de usuario y mensajes
-teclas alt+h Right Right Down Down Down Down
+teclas alt+v Left Down Down Down Down
 foto menu_de_mantenimiento 0.6
 teclas Return
 foto procedimientos 0.8
