@@ -156,16 +156,19 @@ QString FormaMantenimiento::exija_tercero(const QString& nit) {
     return nombre;
 }
 
-bool FormaMantenimiento::sin_movimientos(const QString& condicion) {
+bool FormaMantenimiento::sin_movimientos(const QString& nit, const QString& cuenta) {
     const QString desde = FecIni->text().trimmed(), hasta = FecFin->text().trimmed();
     if (revise_fecha(desde) || revise_fecha(hasta))
         return false;
-    return dato(QStringLiteral("select count(*) from %1 where ")
-                    .arg(QLatin1String(datos(libro()).detalle)) +
-                condicion +
-                " and enco_consec in (select enco_consec from comprobante_encabezado where "
-                "enco_fecha >= " +
-                QuotedStr(desde) + " and enco_fecha <= " + QuotedStr(hasta) + ")") == "0";
+    QString sql = QStringLiteral("select count(*) from %1 where enco_consec in (select enco_consec "
+                                 "from comprobante_encabezado where enco_fecha >= ")
+                      .arg(QLatin1String(datos(libro()).detalle)) +
+                  QuotedStr(desde) + " and enco_fecha <= " + QuotedStr(hasta) + ")";
+    if (!nit.isEmpty())
+        sql += " and terc_nit = " + QuotedStr(nit);
+    if (!cuenta.isEmpty())
+        sql += " and cuen_cod = " + QuotedStr(cuenta);
+    return dato(sql) == "0";
 }
 
 std::optional<RangoFechas> FormaMantenimiento::fechas() {

@@ -17,6 +17,16 @@ constexpr int kPrimeraColumnaNiif = 8; ///< las de antes son de la cuenta 2649
 constexpr const char* kImporte = "#,###.00";
 constexpr int kMuestra = 8; ///< cuentas que se nombran en un mensaje
 
+/// De solo lectura, fuera del Tab; un texto largo se ve por su comienzo.
+QLineEdit* caja(const char* nombre) {
+    auto* e = new QLineEdit;
+    e->setObjectName(nombre);
+    e->setReadOnly(true);
+    e->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(e, &QLineEdit::textChanged, e, [e] { e->setCursorPosition(0); });
+    return e;
+}
+
 } // namespace
 
 Tfbalaperturaniif::Tfbalaperturaniif() : Pantalla("Tfbalaperturaniif", "Balance de Apertura NIIF") {
@@ -67,15 +77,6 @@ void Tfbalaperturaniif::defina_conjuntos() {
 
 QWidget* Tfbalaperturaniif::pagina_principal() {
     auto* pagina = new QWidget;
-    const auto caja = [](const char* nombre) {
-        auto* e = new QLineEdit;
-        e->setObjectName(nombre);
-        e->setReadOnly(true);
-        e->setFocusPolicy(Qt::NoFocus);
-        // Un nombre largo se ve por su comienzo.
-        connect(e, &QLineEdit::textChanged, e, [e] { e->setCursorPosition(0); });
-        return e;
-    };
     const auto diferencia = [](const char* nombre) {
         EditorNumero* e = EditorNumero::de_saldo();
         e->setObjectName(nombre);

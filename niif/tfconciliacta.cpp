@@ -72,9 +72,9 @@ void Tfconciliacta::FormCreate() {
     sql_ =
         "select * FROM CONCILIA_PAT_DETALLE(" + QuotedStr(p.cuenta) + "," + QuotedStr(p.ano) + ")";
     // Lo posterior al mes no está en la diferencia que se vino a ver.
+    const QString despues = p.ano + QString::number(p.mes + 1).rightJustified(2, '0');
     if (p.mes < kAjustes)
-        sql_ += " where FECHA is null or FECHA < " +
-                QuotedStr(p.ano + QString::number(p.mes + 1).rightJustified(2, '0'));
+        sql_ += " where FECHA is null or FECHA < " + QuotedStr(despues);
     CDetalle.Open(sql_);
     DBGridEh1->setFocus();
 }
