@@ -11,7 +11,8 @@ FROM CUENTAS_NIIF N^
 
 -- Saldos de los dos libros al final de un mes (13 ajustes; 0, al comenzar el año) y su
 -- diferencia, hasta el NIVEL dado. PORCENTAJE: de la diferencia sobre el saldo 2649, nulo si es
--- cero. Solo salen las cuentas con saldo en algún libro. La llama Tfconciliapat.
+-- cero o tan pequeño que no dice nada. Solo salen las cuentas con saldo en algún libro. La llama
+-- Tfconciliapat.
 CREATE OR ALTER PROCEDURE CONCILIACION_PATRIMONIAL (ANO varchar(4), MES smallint,
   NIVEL_MAXIMO integer)
 RETURNS (CUENTA varchar(20), NOMBRE varchar(60), CUENTANIIF varchar(20), NOMBRENIIF varchar(60),
@@ -41,7 +42,7 @@ BEGIN
       GROUP BY 1, 2)
     SELECT V.CUENTA, coalesce(C.CUEN_NOM, M.CUEN_NOM), N.CUEN_COD, N.CUEN_NOM, V.SALDO, V.NIIF,
       V.SALDO - V.NIIF,
-      iif(V.SALDO = 0, NULL,
+      iif(V.SALDO = 0 OR abs(V.SALDO - V.NIIF) / 10000000 > abs(V.SALDO), NULL,
         cast(cast(V.SALDO - V.NIIF AS double precision) * 100 / V.SALDO AS numeric(15,2))), V.NIVEL
     FROM NIVELES V
     LEFT JOIN CUENTAS C ON C.CUEN_COD = V.CUENTA

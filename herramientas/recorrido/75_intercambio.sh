@@ -23,7 +23,7 @@ teclas F6
 foto conciliacion_detalle 1.2
 teclas F8
 foto conciliacion_al_comenzar 2
-teclas Escape shift+Tab shift+Tab
+teclas Escape shift+Tab
 escriba "Ajustes"
 teclas F2
 foto conciliacion_del_ano 1.5

@@ -56,6 +56,7 @@ private slots:
     void dos_usuarios_en_la_misma_cuenta_no_se_pisan();
     void sin_la_opcion_no_se_entra();
     void la_conciliacion_llega_hasta_el_comprobante();
+    void un_saldo_de_un_centavo_no_tumba_la_conciliacion();
 
 private:
     Tfbalaperturaniif* abra() { return s_->abra<Tfbalaperturaniif>("Tfbalaperturaniif"); }
@@ -562,6 +563,17 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     QCOMPARE(s_->dato("select count(*) from comprobante_encabezado where enco_consec = 4"),
              QString("0"));
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::un_saldo_de_un_centavo_no_tumba_la_conciliacion() {
+    s_->base.ejecute({"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values "
+                      "(1, '220505', 0.01)",
+                      "insert into saldos_iniciales_niif (sain_item, cuen_cod, sain_debito) "
+                      "values (1, '220505', 9999999999999.99)"});
+    QCOMPARE(filas_de(s_->base.base(), "select cuenta, saldo, diferencia, porcentaje from "
+                                       "conciliacion_patrimonial('2018', 13, 9) where cuenta = "
+                                       "'220505'"),
+             QString("220505|0.01|-9999999999999.98|"));
 }
 
 QTEST_MAIN(PruebaApertura)
