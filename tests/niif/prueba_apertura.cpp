@@ -57,6 +57,7 @@ private slots:
     void sin_la_opcion_no_se_entra();
     void la_conciliacion_llega_hasta_el_comprobante();
     void un_saldo_de_un_centavo_no_tumba_la_conciliacion();
+    void al_calcular_otra_vez_las_cifras_caben();
 
 private:
     Tfbalaperturaniif* abra() { return s_->abra<Tfbalaperturaniif>("Tfbalaperturaniif"); }
@@ -574,6 +575,18 @@ void PruebaApertura::un_saldo_de_un_centavo_no_tumba_la_conciliacion() {
                                        "conciliacion_patrimonial('2018', 13, 9) where cuenta = "
                                        "'220505'"),
              QString("220505|0.01|-9999999999999.98|"));
+}
+
+void PruebaApertura::al_calcular_otra_vez_las_cifras_caben() {
+    auto* p = s_->abra<Tfconciliapat>("Tfconciliapat", AbreConciliacion{"2018", false});
+    QVERIFY(p);
+    const int columna = p->DBGridEh1->columna_de("SALDONIIF");
+    const int antes = p->DBGridEh1->columnWidth(columna);
+    s_->base.ejecute({"insert into saldos_iniciales_niif (sain_item, cuen_cod, sain_debito) "
+                      "values (1, '110505', 9876543210123.45)"});
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QVERIFY(p->DBGridEh1->columnWidth(columna) > antes);
 }
 
 QTEST_MAIN(PruebaApertura)
