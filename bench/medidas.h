@@ -46,3 +46,6 @@ void mida_medio();
 void mida_cierre();
 void mida_depreciacion();
 void mida_contabilizacion();
+void mida_importacion();
+void mida_reemplazo();
+void mida_recalculo();

@@ -44,6 +44,17 @@ QString importe(Moneda m) {
         .arg(qAbs(centavos) / 100)
         .arg(qAbs(centavos) % 100, 2, 10, QChar('0'));
 }
+/// Un dato que no cabe correría todos los que siguen, y cortado sería otro.
+QString quepa(const QString& texto, int ancho, const char* que) {
+    if (texto.size() > ancho)
+        throw ErrorDatos(QStringLiteral("%1 '%2' no cabe en el formato: son %3 caracteres y el "
+                                        "campo tiene %4. Dele una equivalencia más corta o escoja "
+                                        "otro destino.")
+                             .arg(QString::fromUtf8(que), texto)
+                             .arg(texto.size())
+                             .arg(ancho));
+    return texto;
+}
 QString limpio(const QString& texto, QChar separador) {
     QString t = texto;
     for (QChar& c : t)
@@ -125,7 +136,11 @@ private:
     QString prefijo_fijo(const PrefijoExportado& p) const {
         if (!fijo())
             return limpio(p.prefijo, p_.separador);
-        return p.hay ? ceros(p.prefijo, 9) : "00000" + ceros(p.prefijo, 4);
+        return p.hay ? ceros(quepa(p.prefijo, 9, "El prefijo"), 9) : "00000" + ceros(p.prefijo, 4);
+    }
+    /// En ancho fijo, el dato o una negativa; con separador, el dato.
+    QString entero(const QString& texto, int ancho, const char* que) const {
+        return fijo() ? quepa(texto, ancho, que) : limpio(texto, p_.separador);
     }
 
     QStringList campos(const Filas& f, int contador) const {
@@ -133,18 +148,19 @@ private:
         const Moneda valor = f.moneda("CODE_DEBITO") + f.moneda("CODE_CREDITO");
         const qint64 centavos = qAbs(valor.escalado(2));
         const QString cuenta = f.texto("CUEN_COD");
-        QStringList c{fijo() ? blancos(p.tipo, 3) : limpio(p.tipo, p_.separador),
+        const QString tipo = entero(p.tipo, 3, "El tipo"),
+                      destino = entero(equivalencias_.cuenta(cuenta), 10, "La cuenta");
+        QStringList c{fijo() ? blancos(tipo, 3) : tipo,
                       prefijo_fijo(p),
-                      f.texto("ENCO_NUMERO"),
+                      entero(f.texto("ENCO_NUMERO"), 6, "El número"),
                       ceros(QString::number(contador), 5),
-                      lleno(f.texto("TERC_NIT"), 13),
+                      lleno(entero(f.texto("TERC_NIT"), 13, "El NIT"), 13),
                       "000"};
-        c << (fijo() ? ceros(equivalencias_.cuenta(cuenta), 10) + "0000000000000"
-                     : equivalencias_.cuenta(cuenta))
-          << f.texto("ENCO_FECHA") << lleno(centro(f.texto("PROY_COD"), "0001"), 4) << "0001"
+        c << (fijo() ? ceros(destino, 10) + "0000000000000" : destino) << f.texto("ENCO_FECHA")
+          << lleno(centro(f.texto("PROY_COD"), "0001"), 4) << "0001"
           << lleno(centro(f.texto("CENT_COD"), "000"), 4) << "000"
           << concepto(f.texto("CODE_CONCEPTO")) << (f.moneda("CODE_DEBITO").es_cero() ? "C" : "D")
-          << lleno(QString::number(centavos / 100), 13) << ceros(QString::number(centavos % 100), 2)
+          << pesos(centavos / 100, valor.negativa()) << ceros(QString::number(centavos % 100), 2)
           << "0001"
           << "000"
           << "0000"
@@ -154,6 +170,13 @@ private:
           << "0001"
           << "00";
         return c;
+    }
+    /// El signo de un valor negativo va adelante, también en ancho fijo.
+    QString pesos(qint64 valor, bool negativo) const {
+        const QString cifras = QString::number(valor);
+        if (!negativo)
+            return lleno(cifras, 13);
+        return '-' + (fijo() ? ceros(cifras, 12) : cifras);
     }
     QString concepto(const QString& texto) const {
         const QString c = limpio(texto, fijo() ? QChar('"') : p_.separador).left(50);
@@ -361,11 +384,14 @@ protected:
         const QString valor =
             (credito ? "-" : "") + importe(f.moneda("CODE_DEBITO") + f.moneda("CODE_CREDITO"));
         const QString fecha = f.texto("ENCO_FECHA");
-        return blancos(p.tipo, 3) + blancos(p.prefijo, 4) + ceros(f.texto("ENCO_NUMERO"), 6) +
-               fecha + blancos(equivalencias_.cuenta(f.texto("CUEN_COD")), 12) + ' ' +
-               blancos(limpio(f.texto("CODE_CONCEPTO"), '"'), 40) + valor.rightJustified(18, ' ') +
-               ceros(f.texto("TERC_NIT"), 13) + blancos(f.texto("TERC_DV"), 1) + "00000000000" +
-               fecha + "    " + "CONTA" + "N00000" + p_.hasta + "0800" + "CONTA00";
+        return blancos(quepa(p.tipo, 3, "El tipo"), 3) +
+               blancos(quepa(p.prefijo, 4, "El prefijo"), 4) +
+               ceros(quepa(f.texto("ENCO_NUMERO"), 6, "El número"), 6) + fecha +
+               blancos(quepa(equivalencias_.cuenta(f.texto("CUEN_COD")), 12, "La cuenta"), 12) +
+               ' ' + blancos(limpio(f.texto("CODE_CONCEPTO"), '"'), 40) +
+               valor.rightJustified(18, ' ') + ceros(quepa(f.texto("TERC_NIT"), 13, "El NIT"), 13) +
+               blancos(f.texto("TERC_DV"), 1) + "00000000000" + fecha + "    " + "CONTA" +
+               "N00000" + p_.hasta + "0800" + "CONTA00";
     }
 };
 

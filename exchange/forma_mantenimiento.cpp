@@ -156,6 +156,21 @@ QString FormaMantenimiento::exija_tercero(const QString& nit) {
     return nombre;
 }
 
+bool FormaMantenimiento::sin_movimientos(const QString& nit, const QString& cuenta) {
+    const QString desde = FecIni->text().trimmed(), hasta = FecFin->text().trimmed();
+    if (revise_fecha(desde) || revise_fecha(hasta))
+        return false;
+    QString sql = QStringLiteral("select count(*) from %1 where enco_consec in (select enco_consec "
+                                 "from comprobante_encabezado where enco_fecha >= ")
+                      .arg(QLatin1String(datos(libro()).detalle)) +
+                  QuotedStr(desde) + " and enco_fecha <= " + QuotedStr(hasta) + ")";
+    if (!nit.isEmpty())
+        sql += " and terc_nit = " + QuotedStr(nit);
+    if (!cuenta.isEmpty())
+        sql += " and cuen_cod = " + QuotedStr(cuenta);
+    return dato(sql) == "0";
+}
+
 std::optional<RangoFechas> FormaMantenimiento::fechas() {
     for (QLineEdit* c : {FecIni, FecFin})
         if (const auto r = revise_fecha(c->text().trimmed())) {
@@ -198,7 +213,8 @@ void FormaMantenimiento::trabaje(const QString& aviso,
             anuncie(QStringLiteral("Poniendo los saldos al día: %1 ...").arg(van));
         });
     emit fdmcnt().balance_por_recalcular();
-    if (AvisosBarra* barra = fdm().barra())
+    AvisosBarra* barra = fdm().barra();
+    if (barra && hecho.comprobantes > 0)
         barra->texto(windowTitle() + ": " + hecho.cuantos());
 }
 

@@ -48,6 +48,9 @@ protected:
     /// Nombre de la cuenta en el plan del libro, vacío después de decir que no existe.
     QString exija_cuenta(const QString& cuenta);
     QString exija_tercero(const QString& nit);
+    /// Con las fechas ya puestas, si el libro no tiene en ellas líneas del tercero y la cuenta;
+    /// vacíos, cualquiera.
+    bool sin_movimientos(const QString& nit, const QString& cuenta);
     /// El rango de fechas, o nada después de decir qué está mal.
     std::optional<RangoFechas> fechas();
     /// Muestra la negativa, o pregunta con las cifras. Verdadero si el usuario quiere hacerlo.

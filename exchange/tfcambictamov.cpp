@@ -21,15 +21,7 @@ Tfcambictamov::Tfcambictamov() : FormaMantenimiento("Tfcambictamov", "Reemplazar
 
 void Tfcambictamov::Edit1Exit(const QString& cuenta) {
     Nombre1->setText(exija_cuenta(cuenta));
-    if (Nombre1->text().isEmpty() || revise_fecha(FecIni->text()) || revise_fecha(FecFin->text()))
-        return;
-    const QString movimientos = dato(
-        QStringLiteral("select count(*) from %1 where cuen_cod = ")
-            .arg(QLatin1String(datos(libro()).detalle)) +
-        QuotedStr(cuenta) +
-        " and enco_consec in (select enco_consec from comprobante_encabezado where enco_fecha >= " +
-        QuotedStr(FecIni->text()) + " and enco_fecha <= " + QuotedStr(FecFin->text()) + ")");
-    if (movimientos == "0")
+    if (!Nombre1->text().isEmpty() && sin_movimientos({}, cuenta))
         muestre_mensaje("La cuenta " + cuenta + " no tiene movimientos.");
 }
 

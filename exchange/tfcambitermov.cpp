@@ -3,14 +3,12 @@
 #include "exchange/pch.h"
 
 Tfcambitermov::Tfcambitermov() : FormaMantenimiento("Tfcambitermov", "Reemplazar tercero") {
-    Edit1 =
-        caja_tercero("Edit1", [this](const QString& nit) { Nombre1->setText(exija_tercero(nit)); });
+    Edit1 = caja_tercero("Edit1", [this](const QString& nit) { Edit1Exit(nit); });
     Nombre1 = rotulo("Nombre1");
     Edit2 =
         caja_tercero("Edit2", [this](const QString& nit) { Nombre2->setText(exija_tercero(nit)); });
     Nombre2 = rotulo("Nombre2");
-    Edit3 = caja_cuenta("Edit3",
-                        [this](const QString& cuenta) { Nombre3->setText(exija_cuenta(cuenta)); });
+    Edit3 = caja_cuenta("Edit3", [this](const QString& cuenta) { Edit3Exit(cuenta); });
     Nombre3 = rotulo("Nombre3");
     ckniif = casilla("ckniif", "Información NIIF");
     Formulario f(this);
@@ -22,6 +20,19 @@ Tfcambitermov::Tfcambitermov() : FormaMantenimiento("Tfcambitermov", "Reemplazar
     f.fila("Solo en la cuenta", Formulario::junto({Edit3, Nombre3}));
     arme_botones(f, "F2:Reemplazar");
     tamano(620, 350);
+}
+
+void Tfcambitermov::Edit1Exit(const QString& nit) {
+    Nombre1->setText(exija_tercero(nit));
+    if (!Nombre1->text().isEmpty() && sin_movimientos(nit, {}))
+        muestre_mensaje("El tercero " + nit + " no tiene movimientos.");
+}
+
+void Tfcambitermov::Edit3Exit(const QString& cuenta) {
+    Nombre3->setText(exija_cuenta(cuenta));
+    const QString nit = Edit1->text().trimmed();
+    if (!Nombre3->text().isEmpty() && !nit.isEmpty() && sin_movimientos(nit, cuenta))
+        muestre_mensaje("El tercero " + nit + " no tiene movimientos en la cuenta.");
 }
 
 bool Tfcambitermov::corra() {

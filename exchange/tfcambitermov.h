@@ -13,4 +13,8 @@ public:
 
 protected:
     bool corra() override;
+
+private:
+    void Edit1Exit(const QString& nit);
+    void Edit3Exit(const QString& cuenta);
 };

@@ -69,6 +69,11 @@ bool Tfchequeosaldos::corra() {
 }
 
 void Tfchequeosaldos::cuente(const QVector<SaldoCorregido>& corregidos) {
+    if (AvisosBarra* barra = fdm().barra())
+        barra->texto(corregidos.isEmpty()
+                         ? windowTitle() + ": todos estaban bien"
+                         : windowTitle() +
+                               QStringLiteral(": %1 corregidos").arg(corregidos.size()));
     if (corregidos.isEmpty()) {
         muestre_mensaje("Recálculo terminado: todos los saldos estaban bien.");
         return;

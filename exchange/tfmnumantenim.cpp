@@ -51,7 +51,8 @@ Tfmnumantenim::Tfmnumantenim() : MenuBotones("Tfmnumantenim", "Mantenimiento") {
                                         pantallas().abrir(pantalla);
                                 });
         // Son muchas: más bajas que en los demás menús, caben todas en una pantalla pequeña.
-        b->setMinimumSize(escalado(280), escalado(34));
-        b->setIconSize({escalado(22), escalado(22)});
+        b->setMinimumSize(escalado(280), escalado(30));
+        b->setMaximumHeight(escalado(32));
+        b->setIconSize({escalado(20), escalado(20)});
     }
 }

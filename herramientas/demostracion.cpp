@@ -7,6 +7,7 @@
 #include "herramientas/demo_documentos.h"
 #include "herramientas/demo_formatos.h"
 #include "herramientas/demo_impuestos.h"
+#include "herramientas/demo_intercambio.h"
 
 namespace {
 
@@ -55,6 +56,7 @@ ResultadoDemostracion genere_demostracion(Conexion& general, Conexion& compania,
     ano.complete(opciones.renglones);
     ano.ajuste();
     siembre_cierres(compania, opciones.ano);
+    siembre_intercambio(compania, opciones.ano);
     const DocumentosDemo pendientes =
         siembre_documentos(compania, catalogos, opciones.semilla, opciones.ano + 1);
     return {ano.libro().comprobantes(), ano.libro().renglones(), ano.libro().renglones_niif(),

@@ -3,6 +3,7 @@
 #include "datos/firebird/servicios.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demo_formatos.h"
+#include "herramientas/demo_intercambio.h"
 #include "herramientas/demo_segunda.h"
 #include "herramientas/demostracion.h"
 #include "herramientas/ordenes.h"
@@ -102,6 +103,11 @@ void crear_compania(const Sesion& s) {
     diga(QStringLiteral("Compañía %1 creada en %2.").arg(d.codigo, s.compania(d.codigo).base));
 }
 
+/// Junto a la base de la compañía.
+QString carpeta_de_muestras(const Sesion& s, const QString& codigo) {
+    return QFileInfo(s.ubicacion().ruta_de(s.compania(codigo).base)).path() + "/importar";
+}
+
 /// Con la general de la instalación; si aún no existe, la crea.
 void crear_demo(const Sesion& s) {
     const Argumentos& a = s.argumentos();
@@ -128,6 +134,8 @@ void crear_demo(const Sesion& s) {
     if (segunda)
         siembre_lo_propio_de_la_segunda(nueva.base, opciones.ano);
     compacte_saldos(nueva.base);
+    if (s.ubicacion().carpetas_alcanzables())
+        escriba_muestras(nueva.base, carpeta_de_muestras(s, d.codigo), opciones.ano);
     registre_compania(general, d);
     registre_logo(general, d.codigo, logo_demo());
     nueva.conserve();

@@ -135,7 +135,8 @@ void Tfbalaperturaniif::AdvGlowButton1Click() {
     const QString cuenta = CAjusniif.FieldByName("CODIGO").texto();
     if (cuenta.isEmpty())
         return;
-    if (CSaldos.Locate("CUEN_COD", {cuenta})) {
+    fila_nueva_ = !CSaldos.Locate("CUEN_COD", {cuenta});
+    if (!fila_nueva_) {
         CSaldos.Edit();
     } else {
         CSaldos.Append();
@@ -201,6 +202,9 @@ void Tfbalaperturaniif::AdvGlowButton3Click() {
 void Tfbalaperturaniif::cierre_detalle() {
     CAperniifdet.Cancel();
     CSaldos.Cancel();
+    // Solo se miró: una fila vacía no deja traer los saldos después.
+    if (fila_nueva_ && CAperniifdet.IsEmpty() && CSaldos.FieldByName("APNI_ARCHIVO").nulo())
+        CSaldos.Delete();
     muestre_pagina(Principal);
 }
 

@@ -39,6 +39,15 @@ HojaTrabajo::~HojaTrabajo() {
     termine();
 }
 
+QString HojaTrabajo::candado() const {
+    const QFileInfo archivo(ruta_);
+    return archivo.path() + "/.~lock." + archivo.fileName() + '#';
+}
+
+bool HojaTrabajo::en_uso() const {
+    return proceso_.state() != QProcess::NotRunning || (abierta() && QFileInfo::exists(candado()));
+}
+
 QString HojaTrabajo::programa() {
     const QString indicado = qEnvironmentVariable("QUORVEX_HOJA_CALCULO");
     if (!indicado.isEmpty())
@@ -64,6 +73,7 @@ void HojaTrabajo::abra(const QString& cuenta, const QByteArray& libro) {
         throw ErrorDatos(QStringLiteral("No se pudo escribir la hoja de trabajo en %1.").arg(mala));
     }
     f.close();
+    QFile::remove(candado()); // de una vez que terminó mal
     proceso_.setStandardOutputFile(QProcess::nullDevice());
     proceso_.setStandardErrorFile(QProcess::nullDevice());
     proceso_.start(cual, {ruta_});
@@ -86,7 +96,7 @@ QByteArray HojaTrabajo::recoja() {
 }
 
 void HojaTrabajo::termine() {
-    if (en_uso()) {
+    if (proceso_.state() != QProcess::NotRunning) {
         proceso_.terminate();
         if (!proceso_.waitForFinished(kMsCierre)) {
             proceso_.kill();

@@ -21,8 +21,9 @@ public:
     /// `libro` vacío empieza una hoja en blanco.
     void abra(const QString& cuenta, const QByteArray& libro);
     bool abierta() const { return !ruta_.isEmpty(); }
-    /// El programa sigue en marcha: lo que no se haya guardado no está en el archivo.
-    bool en_uso() const { return proceso_.state() != QProcess::NotRunning; }
+    /// El programa sigue en marcha, o se lo pasó a una ventana que ya tenía abierta: lo que no se
+    /// haya guardado no está en el archivo.
+    bool en_uso() const;
     /// El libro como quedó guardado. Lanza ErrorDatos si ya no es un libro xlsx.
     QByteArray recoja();
     /// Cierra el programa y borra el archivo.
@@ -30,6 +31,8 @@ public:
     QString ruta() const { return ruta_; }
 
 private:
+    /// Lo deja LibreOffice junto al archivo mientras lo tiene abierto.
+    QString candado() const;
     QProcess proceso_;
     QString ruta_;
 };

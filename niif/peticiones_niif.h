@@ -12,7 +12,8 @@ struct AbreConciliacion {
     QString ano;
     bool apertura = false; ///< los saldos al comenzar el año
 };
-/// De dónde sale la diferencia de una cuenta en un año.
+/// De dónde sale la diferencia de una cuenta en un año, hasta un mes.
 struct AbreConciliacionCuenta {
     QString cuenta, ano;
+    int mes = 13; ///< 0 al comenzar el año; 13 los ajustes, que es todo el año
 };

@@ -7,6 +7,7 @@
 #include "sesion/variables_informe.h"
 #include "toolkit/informes/motor.h"
 
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QStackedWidget>
 
@@ -14,6 +15,17 @@ namespace {
 
 constexpr int kPrimeraColumnaNiif = 8; ///< las de antes son de la cuenta 2649
 constexpr const char* kImporte = "#,###.00";
+constexpr int kMuestra = 8; ///< cuentas que se nombran en un mensaje
+
+/// De solo lectura, fuera del Tab; un texto largo se ve por su comienzo.
+QLineEdit* caja(const char* nombre) {
+    auto* e = new QLineEdit;
+    e->setObjectName(nombre);
+    e->setReadOnly(true);
+    e->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(e, &QLineEdit::textChanged, e, [e] { e->setCursorPosition(0); });
+    return e;
+}
 
 } // namespace
 
@@ -65,13 +77,6 @@ void Tfbalaperturaniif::defina_conjuntos() {
 
 QWidget* Tfbalaperturaniif::pagina_principal() {
     auto* pagina = new QWidget;
-    const auto caja = [](const char* nombre) {
-        auto* e = new QLineEdit;
-        e->setObjectName(nombre);
-        e->setReadOnly(true);
-        e->setFocusPolicy(Qt::NoFocus);
-        return e;
-    };
     const auto diferencia = [](const char* nombre) {
         EditorNumero* e = EditorNumero::de_saldo();
         e->setObjectName(nombre);
@@ -80,6 +85,8 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
     EAno = caja("EAno");
     NomCuenta = caja("NomCuenta");
     NomNiif = caja("NomNiif");
+    for (QLineEdit* nombre : {NomCuenta, NomNiif})
+        nombre->setMinimumWidth(nombre->fontMetrics().horizontalAdvance('n') * 42);
     Difdeb = diferencia("Difdeb");
     DifCred = diferencia("DifCred");
     DBGridEh1 = new Rejilla(pagina, &CAjusniif);
@@ -213,21 +220,38 @@ void Tfbalaperturaniif::traiga(const QString& ano) {
     const QScopedValueRollback<bool> guarda(trayendo_, true);
     CSaldos.DisableControls();
     CAperniifdet.DisableControls();
+    const auto al_salir = qScopeGuard([this] {
+        CBalance.Close();
+        CAperniifdet.EnableControls();
+        CSaldos.EnableControls();
+    });
     int item = 0;
+    QStringList sin_equivalente;
     for (CBalance.First(); !CBalance.Eof(); CBalance.Next()) {
         const auto texto = [this](const char* c) { return CBalance.FieldByName(c).texto(); };
         agregue_saldo({texto("CODIGO"), texto("NIT"), texto("PROY"), texto("CENTRO"),
                        texto("CUENTANIIF"), CBalance.FieldByName("SALDO").moneda()},
                       item);
+        if (texto("CUENTANIIF").isEmpty() && !sin_equivalente.contains(texto("CODIGO")))
+            sin_equivalente << texto("CODIGO");
     }
-    CBalance.Close();
-    CAperniifdet.EnableControls();
-    CSaldos.EnableControls();
-    if (CSaldos.IsEmpty())
+    cuente_lo_traido(ano, sin_equivalente);
+}
+
+void Tfbalaperturaniif::cuente_lo_traido(const QString& ano, const QStringList& sin_equivalente) {
+    if (CSaldos.IsEmpty()) {
         muestre_mensaje("No hay saldos del año " + ano + " por traer.");
-    else
-        muestre_mensaje(QStringLiteral("Se trajeron los saldos de %1 cuentas. Grábelos con F2.")
-                            .arg(CSaldos.RecordCount()));
+        return;
+    }
+    QString texto = QStringLiteral("Se trajeron los saldos de %1 cuentas. Grábelos con F2.")
+                        .arg(CSaldos.RecordCount());
+    if (!sin_equivalente.isEmpty())
+        texto += QStringLiteral("\nSin cuenta NIIF equivalente, falta la línea que recibe el saldo "
+                                "de %1: %2%3")
+                     .arg(sin_equivalente.size())
+                     .arg(sin_equivalente.mid(0, kMuestra).join(", "),
+                          sin_equivalente.size() > kMuestra ? "..." : ".");
+    muestre_mensaje(texto);
 }
 
 void Tfbalaperturaniif::agregue_saldo(const SaldoPorTraer& saldo, int& item) {
@@ -248,6 +272,8 @@ void Tfbalaperturaniif::agregue_saldo(const SaldoPorTraer& saldo, int& item) {
         CSaldos.Post();
     }
     for (const LineaApertura& l : lineas_de_traslado(saldo)) {
+        if (l.cuenta.isEmpty() && l.cuenta_niif.isEmpty())
+            continue; // sin cuenta que lo reciba, la diferencia queda a la vista
         CAperniifdet.Append();
         const auto ponga = [this](const char* campo, const Valor& v) {
             CAperniifdet.FieldByName(campo) = v;

@@ -56,6 +56,7 @@ private:
     void CAjusniifAfterScroll();
     void AdvGlowButton2Click();
     void traiga(const QString& ano);
+    void cuente_lo_traido(const QString& ano, const QStringList& sin_equivalente);
     void agregue_saldo(const struct SaldoPorTraer& saldo, int& item);
     void SBGrabarClick();
     void SBCancelClick();
@@ -81,5 +82,6 @@ private:
     void AdvGlowButton5Click();
     void AdvGlowButton6Click();
 
+    bool fila_nueva_ = false; ///< la del detalle aún no estaba en la hoja
     bool trayendo_ = false, recibiendo_ = false, cierre_confirmado_ = false;
 };

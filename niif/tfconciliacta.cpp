@@ -3,6 +3,10 @@
 #include "niif/pch.h"
 #include "niif/peticiones_niif.h"
 
+namespace {
+constexpr int kAjustes = 13;
+}
+
 Tfconciliacta::Tfconciliacta() : Pantalla("Tfconciliacta", "Conciliacion cuenta") {
     constexpr const char* kImporte = "#,###.00";
     CDetalle.entero("ID");
@@ -61,9 +65,16 @@ void Tfconciliacta::FormCreate() {
             .Quorvex
             .consulte("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(p.cuenta))
             .texto();
-    NomCuenta->setText(p.cuenta + ' ' + nombre);
+    NomCuenta->setText(
+        p.cuenta + ' ' + nombre + "  ›  " +
+        (p.mes == 0 ? "al comenzar " + p.ano
+                    : "hasta " + Tfdm::nombres_periodo().value(p.mes - 1) + " de " + p.ano));
     sql_ =
         "select * FROM CONCILIA_PAT_DETALLE(" + QuotedStr(p.cuenta) + "," + QuotedStr(p.ano) + ")";
+    // Lo posterior al mes no está en la diferencia que se vino a ver.
+    const QString despues = p.ano + QString::number(p.mes + 1).rightJustified(2, '0');
+    if (p.mes < kAjustes)
+        sql_ += " where FECHA is null or FECHA < " + QuotedStr(despues);
     CDetalle.Open(sql_);
     DBGridEh1->setFocus();
 }

@@ -37,9 +37,9 @@ void Tfconciliapat::construya() {
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName(windowTitle());
     DBGridEh1->columnas({{"CUENTA", "Cuenta", 12},
-                         {"NOMBRE", "Nombre", 28},
+                         {"NOMBRE", "Nombre", 26},
                          {"CUENTANIIF", "Cuenta NIIF", 12},
-                         {"NOMBRENIIF", "Nombre NIIF", 28},
+                         {"NOMBRENIIF", "Nombre NIIF", 26},
                          {"SALDO", "Saldo 2649", 18},
                          {"SALDONIIF", "Saldo NIIF", 18},
                          {"DIFERENCIA", "Diferencia", 18},
@@ -66,7 +66,7 @@ void Tfconciliapat::construya() {
     Formulario f(this);
     f.fila({{"Año", EAno}, {"Mes", EMes}, {"Nivel", LNivel}});
     f.ancha(DBGridEh1, 1).ancha(Aviso, 0).botones(barra);
-    tamano(1060, 560);
+    tamano(1170, 570);
 }
 
 void Tfconciliapat::FormCreate() {
@@ -116,5 +116,6 @@ void Tfconciliapat::AuxiliarClick() {
     if (!CConcilia.IsEmpty())
         pantallas().abrir("Tfconciliacta",
                           AbreConciliacionCuenta{CConcilia.FieldByName("CUENTA").texto(),
-                                                 QString::number(EAno->value())});
+                                                 QString::number(EAno->value()),
+                                                 EMes->currentIndex()});
 }

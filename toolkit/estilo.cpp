@@ -226,5 +226,12 @@ void pinte_degradado(QPainter& pintor, const QRect& marco) {
 }
 
 QIcon icono(const QString& nombre) {
-    return nombre.isEmpty() ? QIcon() : QIcon::fromTheme(nombre);
+    // El tema empacado no trae algunos, o solo los trae en trazos que aquí no se pintan.
+    static const QHash<QString, QString> parecidos{
+        {QStringLiteral("dialog-cancel"), QStringLiteral("window-close")},
+        {QStringLiteral("document-edit"), QStringLiteral("document-properties")}};
+    if (nombre.isEmpty())
+        return {};
+    const QIcon propio = QIcon::fromTheme(nombre);
+    return propio.isNull() ? QIcon::fromTheme(parecidos.value(nombre)) : propio;
 }

@@ -4,13 +4,16 @@
 SET TERM ^ ;
 
 -- Saldos 2649 al final de un mes (13 el de ajustes) por cuenta, tercero y centro, con la cuenta
--- NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. La
--- llama Tfbalaperturaniif.
+-- NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. Los
+-- saldos iniciales de la compañía son los de cierre del año anterior. La llama Tfbalaperturaniif.
 CREATE OR ALTER PROCEDURE BALANCE_FINAL_DET (ANO varchar(4), MES smallint, INICIO char(1))
 RETURNS (CODIGO varchar(20), NIT varchar(20), PROY varchar(4), CENTRO varchar(4),
   SALDO numeric(15,2), CUENTANIIF varchar(20))
 AS
+  DECLARE SIGUIENTE varchar(4);
 BEGIN
+  IF (MES = 13 AND INICIO <> 'S' AND ANO SIMILAR TO '[0-9]{4}') THEN
+    SIGUIENTE = lpad(cast(ANO AS integer) + 1, 4, '0');
   FOR
     SELECT S.CUEN_COD, S.TERC_NIT, S.PROY_COD, S.CENT_COD, S.SALDO, C.CUEN_EQNIIF
     FROM (
@@ -18,6 +21,7 @@ BEGIN
       FROM VISTA_SALDOS_DETALLE
       WHERE SALD_ANO < :ANO OR (SALD_ANO = :ANO
         AND (SALD_MES < :MES OR (SALD_MES = :MES AND :INICIO <> 'S')))
+        OR (SALD_ANO = :SIGUIENTE AND SALD_MES = 0)
       GROUP BY CUEN_COD, TERC_NIT, PROY_COD, CENT_COD
       HAVING sum(SALD_DEBITO - SALD_CREDITO) <> 0) S
     JOIN CUENTAS C ON C.CUEN_COD = S.CUEN_COD

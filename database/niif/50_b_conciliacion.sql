@@ -11,7 +11,8 @@ FROM CUENTAS_NIIF N^
 
 -- Saldos de los dos libros al final de un mes (13 ajustes; 0, al comenzar el año) y su
 -- diferencia, hasta el NIVEL dado. PORCENTAJE: de la diferencia sobre el saldo 2649, nulo si es
--- cero. Solo salen las cuentas con saldo en algún libro. La llama Tfconciliapat.
+-- cero o tan pequeño que no dice nada. Solo salen las cuentas con saldo en algún libro. La llama
+-- Tfconciliapat.
 CREATE OR ALTER PROCEDURE CONCILIACION_PATRIMONIAL (ANO varchar(4), MES smallint,
   NIVEL_MAXIMO integer)
 RETURNS (CUENTA varchar(20), NOMBRE varchar(60), CUENTANIIF varchar(20), NOMBRENIIF varchar(60),
@@ -41,7 +42,7 @@ BEGIN
       GROUP BY 1, 2)
     SELECT V.CUENTA, coalesce(C.CUEN_NOM, M.CUEN_NOM), N.CUEN_COD, N.CUEN_NOM, V.SALDO, V.NIIF,
       V.SALDO - V.NIIF,
-      iif(V.SALDO = 0, NULL,
+      iif(V.SALDO = 0 OR abs(V.SALDO - V.NIIF) / 10000000 > abs(V.SALDO), NULL,
         cast(cast(V.SALDO - V.NIIF AS double precision) * 100 / V.SALDO AS numeric(15,2))), V.NIVEL
     FROM NIVELES V
     LEFT JOIN CUENTAS C ON C.CUEN_COD = V.CUENTA
@@ -51,6 +52,25 @@ BEGIN
     ORDER BY V.CUENTA
     INTO :CUENTA, :NOMBRE, :CUENTANIIF, :NOMBRENIIF, :SALDO, :SALDONIIF, :DIFERENCIA, :PORCENTAJE,
       :NIVEL
+  DO
+    SUSPEND;
+END^
+
+-- Las cuentas NIIF que se comparan con una cuenta 2649 o con lo que cuelga de ella. Mira solo las
+-- que pueden serlo: buscar la pareja de todo el plan cuesta más que la conciliación. Interna.
+CREATE OR ALTER PROCEDURE PAREJAS_NIIF_DE (CUENTA varchar(20))
+RETURNS (CUEN_COD varchar(20))
+AS
+BEGIN
+  FOR
+    SELECT P.CUEN_COD
+    FROM (
+      SELECT CUEN_EQNIIF NIIF FROM CUENTAS WHERE CUEN_COD STARTING WITH :CUENTA
+      UNION
+      SELECT CUEN_COD FROM CUENTAS_NIIF WHERE CUEN_COD STARTING WITH :CUENTA) X
+    LEFT JOIN VISTA_PAREJA_NIIF P ON P.CUEN_COD = X.NIIF
+    WHERE P.PAREJA STARTING WITH :CUENTA
+    INTO :CUEN_COD
   DO
     SUSPEND;
 END^
@@ -71,9 +91,8 @@ BEGIN
   WHERE CUEN_COD STARTING WITH :CUENTA AND (SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES = 0))
   INTO :SALDO;
   SELECT coalesce(sum(S.SALD_DEBITO - S.SALD_CREDITO), 0)
-  FROM VISTA_PAREJA_NIIF P
-  JOIN VISTA_SALDOS_CUENTA_NIIF S ON S.CUEN_COD = P.CUEN_COD
-  WHERE P.PAREJA STARTING WITH :CUENTA
+  FROM PAREJAS_NIIF_DE(:CUENTA) P
+  LEFT JOIN VISTA_SALDOS_CUENTA_NIIF S ON S.CUEN_COD = P.CUEN_COD
     AND (S.SALD_ANO < :ANO OR (S.SALD_ANO = :ANO AND S.SALD_MES = 0))
   INTO :SALDO_NIIF;
   IF (SALDO <> SALDO_NIIF) THEN
@@ -99,10 +118,10 @@ BEGIN
         WHERE C.CUEN_COD STARTING WITH :CUENTA
         UNION ALL
         SELECT D.ENCO_CONSEC, 0, 0, D.CODE_DEBITO, D.CODE_CREDITO
-        FROM VISTA_PAREJA_NIIF P
-        JOIN COMPROBANTE_DETALLE_NIIF D ON D.CUEN_COD = P.CUEN_COD
+        FROM PAREJAS_NIIF_DE(:CUENTA) P
+        LEFT JOIN COMPROBANTE_DETALLE_NIIF D ON D.CUEN_COD = P.CUEN_COD
           AND D.CODE_FECHA BETWEEN :ANO || '0000' AND :ANO || '1399'
-        WHERE P.PAREJA STARTING WITH :CUENTA)
+        WHERE D.ENCO_CONSEC IS NOT NULL)
       GROUP BY ENCO_CONSEC
       HAVING sum(DB) - sum(CR) <> sum(DBN) - sum(CRN)) V
     JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = V.ENCO_CONSEC

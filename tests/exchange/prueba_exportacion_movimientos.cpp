@@ -25,6 +25,8 @@ private slots:
     void los_filtros_escogen_tipo_prefijo_y_fechas();
     void el_csv_leido_en_una_compania_vacia_da_los_mismos_saldos();
     void una_carpeta_que_no_existe_se_dice_y_no_deja_nada();
+    void lo_que_no_cabe_en_ancho_fijo_se_dice_y_no_deja_nada();
+    void un_valor_negativo_conserva_su_signo();
 
 private:
     PeticionExportacion pedido(DestinoExportacion destino, QChar separador = ',') {
@@ -323,6 +325,43 @@ void PruebaExportacionMovimientos::una_carpeta_que_no_existe_se_dice_y_no_deja_n
     p.archivo = base_->ruta() + "/no/esta.txt";
     QVERIFY_EXCEPTION_THROWN(exporte_movimientos(base_->base(), p), ErrorDatos);
     QVERIFY(!QDir(base_->ruta() + "/no").exists());
+}
+
+void PruebaExportacionMovimientos::lo_que_no_cabe_en_ancho_fijo_se_dice_y_no_deja_nada() {
+    uno();
+    base_->ejecute({"update cuentas_exportacion set cuex_cod = '4135950001234' where cuen_cod = "
+                    "'413505'"});
+    for (PeticionExportacion p :
+         {pedido(DestinoExportacion::Siigo, QChar()), pedido(DestinoExportacion::Isis)}) {
+        QFile::remove(p.archivo);
+        QString dicho;
+        try {
+            exporte_movimientos(base_->base(), p);
+        } catch (const ErrorDatos& e) {
+            dicho = e.texto();
+        }
+        QVERIFY2(dicho.startsWith("La cuenta '4135950001234' no cabe en el formato: son 13"),
+                 qPrintable(dicho));
+        QVERIFY(!QFile::exists(p.archivo));
+    }
+    // Con separador cabe.
+    QCOMPARE(exporte(pedido(DestinoExportacion::Siigo, ';'))[1].split(';')[6],
+             QString("4135950001234"));
+}
+
+void PruebaExportacionMovimientos::un_valor_negativo_conserva_su_signo() {
+    grabe(base_->base(), {1,
+                          "000123",
+                          "20170131",
+                          {{1, "110505", Moneda::de_texto("-1250.05"), 0},
+                           {2, "111005", Moneda::de_texto("1250.05"), 0}}});
+    const QStringList comas = exporte(pedido(DestinoExportacion::Siigo)),
+                      fijo = exporte(pedido(DestinoExportacion::Siigo, QChar()));
+    QCOMPARE(comas[0].split(',').mid(13, 3), QStringList({"D", "-1250", "05"}));
+    QCOMPARE(comas[1].split(',').mid(13, 3), QStringList({"D", "1250", "05"}));
+    QVERIFY2(fijo[0].contains("D-00000000125005"), qPrintable(fijo[0]));
+    QCOMPARE(fijo[0].size(), fijo[1].size());
+    QVERIFY(exporte(pedido(DestinoExportacion::Csv))[0].endsWith(",-1250.05,0.00"));
 }
 
 QTEST_GUILESS_MAIN(PruebaExportacionMovimientos)

@@ -60,6 +60,8 @@ private slots:
     void las_reglas_de_las_lineas_data();
     void las_reglas_de_las_lineas();
     void los_comprobantes_se_juntan_por_su_llave();
+    void al_libro_niif_entra_solo_en_el();
+    void si_se_permite_entra_descuadrado();
     void los_saldos_iniciales_se_agregan_o_se_reemplazan();
     void el_ensayo_no_escribe_y_da_la_misma_lista_data();
     void el_ensayo_no_escribe_y_da_la_misma_lista();
@@ -346,6 +348,43 @@ void PruebaImportacion::los_comprobantes_se_juntan_por_su_llave() {
     QCOMPARE(cerrado.resultado.grabados, 0);
     QVERIFY(cerrado.resultado.rechazados[0].razon.startsWith("La contabilidad esta bloqueada a:"));
     QCOMPARE(saldos_distintos(base_->base()), QString());
+}
+
+void PruebaImportacion::al_libro_niif_entra_solo_en_el() {
+    const QByteArray archivo =
+        (renglon("1", "110505", "10", "") + renglon("1", "111005", "", "10")).toLatin1();
+    const auto en_niif = [](PeticionImportacion& p) { p.niif = true; };
+    const QString cuantas = "select (select count(*) from comprobante_detalle), (select count(*) "
+                            "from comprobante_detalle_niif), (select count(*) from "
+                            "comprobante_encabezado) from rdb$database";
+    QCOMPARE(importe(ClaseImportacion::Comprobantes, archivo, false, en_niif).resultado.grabados,
+             2);
+    QCOMPARE(filas(cuantas), QString("0|2|1"));
+    // El mismo comprobante recibe después sus líneas 2649, numeradas desde uno.
+    QCOMPARE(importe(ClaseImportacion::Comprobantes, archivo).resultado.grabados, 2);
+    QCOMPARE(filas(cuantas), QString("2|2|1"));
+    QCOMPARE(filas("select list(code_item) from comprobante_detalle"), QString("1,2"));
+    QCOMPARE(saldos_distintos(base_->base()), QString());
+}
+
+void PruebaImportacion::si_se_permite_entra_descuadrado() {
+    base_->base().ejecute("update or insert into configuracion (conf_modulo, conf_categoria, "
+                          "conf_propiedad, conf_valor) values ('CONTABILIDAD', 'GENERAL', "
+                          "'PERMITIR COMPROBANTES DESCUADRADOS', 'SI') matching (conf_modulo, "
+                          "conf_categoria, conf_propiedad)");
+    ajustes_.permite_descuadre = true;
+    const QString archivo = renglon("1", "110505", "10", "") + renglon("1", "999999", "", "10") +
+                            renglon("2", "110505", "5", "4");
+    const auto ensayo = comprobantes(archivo, true);
+    const auto c = comprobantes(archivo);
+    QCOMPARE(rechazos(ensayo.resultado), rechazos(c.resultado));
+    QCOMPARE(c.resultado.grabados, 2);
+    QCOMPARE(c.resultado.rechazados.size(), 1);
+    QCOMPARE(filas("select enco_consec, sum(code_debito), sum(code_credito) from "
+                   "comprobante_detalle group by 1 order by 1"),
+             QString("%1|10|0\n%2|5|4")
+                 .arg(filas("select min(enco_consec) from comprobante_encabezado"),
+                      filas("select max(enco_consec) from comprobante_encabezado")));
 }
 
 // ---------------------------------------------------------------- saldos

@@ -5,8 +5,11 @@
 #include "apoyo/servidor_prueba.h"
 #include "exchange/mantenimiento.h"
 #include "ledger/libro_al_azar.h"
+#include "libro/recalculo.h"
 #include "sesion/guardas.h"
 
+#include <QFile>
+#include <QSet>
 #include <QtTest>
 #include <cstdio>
 
@@ -26,6 +29,21 @@ QString resto(Conexion& c, const QString& salvo) {
 }
 
 } // namespace
+
+/// Una pasada de cada herramienta sobre el libro al azar.
+void trabaje_con(Conexion& c, const QString& herramienta) {
+    const Libro libro = Libro::Decreto2649;
+    if (herramienta == "tercero")
+        reemplace_tercero(c, libro, "900123456", "52345678", kTodo, {}, {}, Paso::Haga);
+    else if (herramienta == "auxiliar")
+        abra_auxiliar(c, libro, {"11050501", "Caja", {}, "110505"}, Paso::Haga);
+    else if (herramienta == "detalle")
+        cambie_detalle(c, libro, "110505", {true, true, false}, Paso::Haga);
+    else if (herramienta == "borrado")
+        borre_movimientos(c, {"CG", {}, kTodo, {}, {}, {}, {}}, "ADMIN", Paso::Haga);
+    else
+        recalcule_saldos(c, libro, "20000101", "0", "99999999");
+}
 
 class PruebaMantenimiento : public QObject {
     Q_OBJECT
@@ -54,6 +72,8 @@ private slots:
     void borrar_movimientos_se_detiene_en_lo_bloqueado_y_no_toca_lo_ajeno();
     void borrar_el_plan_se_detiene_en_la_primera_que_la_base_rehusa();
     void una_muerte_subita_deja_todo_o_nada();
+    void matar_cualquier_otra_herramienta_deja_todo_o_nada_data();
+    void matar_cualquier_otra_herramienta_deja_todo_o_nada();
     void un_usuario_corriente_del_servidor_puede_y_queda_su_rastro();
     void una_guarda_que_alguien_apago_se_enciende();
 
@@ -329,6 +349,78 @@ void PruebaMantenimiento::una_muerte_subita_deja_todo_o_nada() {
     base_->base().conectar(base_->parametros());
 }
 
+void PruebaMantenimiento::matar_cualquier_otra_herramienta_deja_todo_o_nada_data() {
+    QTest::addColumn<QString>("herramienta");
+    QTest::addColumn<QString>("medida"); // cambia con el trabajo hecho, y solo entonces
+    QTest::newRow("tercero") << "tercero"
+                             << "select count(*) from comprobante_detalle where terc_nit = "
+                                "'900123456'";
+    QTest::newRow("auxiliar") << "auxiliar"
+                              << "select (select count(*) from comprobante_detalle where cuen_cod "
+                                 "= '110505') || '/' || (select count(*) from cuentas where "
+                                 "cuen_cod = '11050501') from rdb$database";
+    QTest::newRow("detalle") << "detalle"
+                             << "select cuen_tercero || cuen_centro from cuentas where cuen_cod = "
+                                "'110505'";
+    QTest::newRow("borrado") << "borrado"
+                             << "select (select count(*) from comprobante_encabezado where "
+                                "tico_cod = 'CG') || '/' || (select count(*) from "
+                                "comprobante_detalle d join comprobante_encabezado e on "
+                                "e.enco_consec = d.enco_consec where tico_cod = 'CG') from "
+                                "rdb$database";
+    QTest::newRow("recalculo") << "recalculo"
+                               << "select sum(sald_debito) - (select sum(code_debito) from "
+                                  "comprobante_detalle where cuen_cod = '110505') from "
+                                  "vista_saldos_cuenta where cuen_cod = '110505'";
+}
+
+void PruebaMantenimiento::matar_cualquier_otra_herramienta_deja_todo_o_nada() {
+    QFETCH(QString, herramienta);
+    QFETCH(QString, medida);
+    if (herramienta == "recalculo")
+        base_->base().ejecute("update saldos_cuenta set sald_debito = sald_debito + 7 where "
+                              "cuen_cod = '110505' rows 1");
+    // Lo hecho y lo no hecho, con la misma herramienta en una copia.
+    BaseDePrueba hecha;
+    base_->base().desconectar();
+    const QString ruta = base_->parametros().base, otra = hecha.parametros().base,
+                  original = ruta + ".original";
+    QVERIFY(QFile::copy(ruta, original));
+    hecha.base().desconectar();
+    QVERIFY(QFile::remove(otra) && QFile::copy(original, otra));
+    hecha.base().conectar(hecha.parametros());
+    const QString antes = una(hecha.base(), medida);
+    trabaje_con(hecha.base(), herramienta);
+    const QString despues = una(hecha.base(), medida);
+    QVERIFY2(antes != despues, qPrintable(antes));
+    QSet<QString> vistos;
+    for (int vuelta = 0; vuelta < 8; ++vuelta) {
+        QVERIFY(QFile::remove(ruta) && QFile::copy(original, ruta));
+        QProcess proceso;
+        proceso.start(QCoreApplication::applicationFilePath(), {"--haga", herramienta, ruta});
+        QVERIFY(proceso.waitForStarted());
+        // Cada vuelta lo deja llegar un poco más lejos; la última, hasta el final.
+        QVERIFY(proceso.waitForReadyRead(30000));
+        if (vuelta == 7)
+            QVERIFY(proceso.waitForFinished(60000));
+        else
+            proceso.waitForFinished(1 + vuelta * vuelta * 12);
+        proceso.kill();
+        proceso.waitForFinished();
+        Conexion c;
+        c.conectar(base_->parametros());
+        const QString quedo = una(c, medida);
+        QVERIFY2(quedo == antes || quedo == despues, qPrintable(quedo));
+        vistos.insert(quedo);
+        QCOMPARE(una(c, kApagadas), QString("0"));
+        QCOMPARE(una(c, "select count(*) from cuenta_en_mantenimiento"), QString("0"));
+        if (herramienta != "recalculo" || quedo == despues)
+            QCOMPARE(saldos_distintos(c), QString());
+    }
+    QVERIFY(vistos.contains(despues));
+    base_->base().conectar(base_->parametros());
+}
+
 void PruebaMantenimiento::un_usuario_corriente_del_servidor_puede_y_queda_su_rastro() {
     QVERIFY2(!ServidorDePrueba::programa().isEmpty(), "falta firebird3.0-server");
     ServidorDePrueba servidor;
@@ -408,6 +500,14 @@ int main(int argc, char** argv) {
             std::fprintf(stderr, "%s\n", e.what());
             return 1;
         }
+    }
+    if (orden.value(1) == "--haga") {
+        Conexion c;
+        c.conectar({orden.value(3), "ADMIN", {}});
+        std::printf(">\n");
+        std::fflush(stdout);
+        trabaje_con(c, orden.value(2));
+        return 0;
     }
     PruebaMantenimiento prueba;
     return QTest::qExec(&prueba, argc, argv);

@@ -35,6 +35,7 @@ private slots:
     void las_equivalencias_se_graban_y_la_cuenta_debe_existir();
     void el_mantenimiento_pide_la_opcion_de_cada_herramienta();
     void reemplazar_cuenta_pregunta_con_cifras();
+    void reemplazar_tercero_avisa_al_dejar_cada_caja();
     void abrir_auxiliar_pide_codigo_nombre_y_equivalente();
     void borrar_movimientos_pide_las_fechas();
     void borrar_plan_revisa_las_dos_cuentas();
@@ -264,6 +265,31 @@ void PruebaPantallasIntercambio::reemplazar_cuenta_pregunta_con_cifras() {
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
+void PruebaPantallasIntercambio::reemplazar_tercero_avisa_al_dejar_cada_caja() {
+    grabe(s_->base.base(),
+          {1, "000001", "20170301", {{1, "130505", 9, 0, "900123456"}, {2, "111005", 0, 9}}});
+    Pantalla* p = pantallas().abrir("Tfcambitermov");
+    llene(p, "FecIni", "20170101");
+    llene(p, "FecFin", "20171231");
+    i_->espere("El tercero 9 no existe.");
+    escriba(p, "Edit1", "9");
+    i_->espere("El tercero 52345678 no tiene movimientos.");
+    escriba(p, "Edit1", "52345678");
+    escriba(p, "Edit1", "900123456");
+    escriba(p, "Edit2", "52345678");
+    i_->espere("La cuenta 9 no existe.");
+    escriba(p, "Edit3", "9");
+    i_->espere("El tercero 900123456 no tiene movimientos en la cuenta.");
+    escriba(p, "Edit3", "111005");
+    escriba(p, "Edit3", "130505");
+    i_->espere("Se cambiarán 1 renglón de 1 comprobante. Desea continuar?", "Sí");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QCOMPARE(s_->dato("select terc_nit from comprobante_detalle where cuen_cod = '130505'"),
+             QString("52345678"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
 void PruebaPantallasIntercambio::abrir_auxiliar_pide_codigo_nombre_y_equivalente() {
     un_movimiento();
     Pantalla* p = pantallas().abrir("Tfcreactamov");
@@ -343,11 +369,13 @@ void PruebaPantallasIntercambio::el_recalculo_cuenta_lo_que_corrigio() {
                "109.00 y 0.00; son 100.00 y 0.00");
     oprima(Qt::Key_F5);
     agote_eventos();
+    QCOMPARE(barra_.text(), QString("Recálculo de saldos: 1 corregidos"));
     Pantalla* p = pantallas().abrir("Tfchequeosaldos");
     componente<QAbstractButton>(p, "ckniif").click();
     i_->espere("Recálculo terminado: todos los saldos estaban bien.");
     oprima(Qt::Key_F5);
     agote_eventos();
+    QCOMPARE(barra_.text(), QString("Recálculo de saldos: todos estaban bien"));
     QVERIFY(!escritorio()->abierta("Tfchequeosaldos"));
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     QCOMPARE(saldos_distintos(s_->base.base()), QString());

@@ -41,16 +41,23 @@ private slots:
     void un_saldo_pasa_en_dos_lineas_data();
     void un_saldo_pasa_en_dos_lineas();
     void traer_saldos_los_cruza_todos_y_no_se_repite();
+    void la_cuenta_sin_equivalente_no_detiene_a_las_demas();
+    void muchos_terceros_se_traen_y_se_graban();
     void el_detalle_no_cierra_descuadrado_y_guarda_la_nota();
     void una_linea_nueva_nace_con_el_saldo_y_suma_su_final();
+    void mirar_una_cuenta_que_no_esta_no_la_agrega();
+    void los_saldos_iniciales_son_los_del_ano_anterior();
     void borrar_la_hoja_pregunta_y_tambien_graba();
     void salir_con_cambios_pregunta();
     void la_hoja_de_calculo_va_y_vuelve();
+    void una_ventana_que_ya_estaba_abierta_tambien_espera();
     void sin_programa_de_hojas_se_dice();
     void llevarla_a_los_saldos_iniciales_dice_las_cifras();
     void dos_usuarios_en_la_misma_cuenta_no_se_pisan();
     void sin_la_opcion_no_se_entra();
     void la_conciliacion_llega_hasta_el_comprobante();
+    void un_saldo_de_un_centavo_no_tumba_la_conciliacion();
+    void al_calcular_otra_vez_las_cifras_caben();
 
 private:
     Tfbalaperturaniif* abra() { return s_->abra<Tfbalaperturaniif>("Tfbalaperturaniif"); }
@@ -187,6 +194,44 @@ void PruebaApertura::traer_saldos_los_cruza_todos_y_no_se_repite() {
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
+void PruebaApertura::la_cuenta_sin_equivalente_no_detiene_a_las_demas() {
+    s_->base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '130505'"});
+    Tfbalaperturaniif* p = abra();
+    i_->espere(kTraer, "Sí");
+    i_->espere("Se trajeron los saldos de 4 cuentas. Grábelos con F2.\nSin cuenta NIIF "
+               "equivalente, falta la línea que recibe el saldo de 1: 130505.");
+    oprima(Qt::Key_F7);
+    grabe_y_siga();
+    QCOMPARE(filas_de(s_->base.base(), "select cuen_cod, count(*) from apertura_niif_det group by "
+                                       "1 order by 1"),
+             QString("110505|2\n130505|2\n152405|2\n310505|2"));
+    // Lo que falta por recibir es la diferencia que se muestra.
+    QCOMPARE(p->DifCred->text(), QString("80.00"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::muchos_terceros_se_traen_y_se_graban() {
+    constexpr int kTerceros = 2500;
+    s_->base.ejecute(
+        {QStringLiteral("execute block as declare i integer = 1; begin while (i <= %1) do begin "
+                        "insert into terceros (terc_nit, terc_nom) values ('7' || lpad(:i, 8, "
+                        "'0'), 'Tercero ' || :i); insert into saldos_iniciales (sain_item, "
+                        "cuen_cod, terc_nit, sain_debito) values (:i, '130505', '7' || lpad(:i, "
+                        "8, '0'), :i); i = i + 1; end end")
+             .arg(kTerceros)});
+    abra();
+    i_->espere(kTraer, "Sí");
+    i_->espere("Se trajeron los saldos de 4 cuentas. Grábelos con F2.");
+    oprima(Qt::Key_F7);
+    grabe_y_siga();
+    QCOMPARE(s_->dato("select count(*) || '/' || sum(apnd_recldb) || '/' || sum(apnd_reclcr) from "
+                      "apertura_niif_det where cuen_cod = '130505'"),
+             QStringLiteral("%1/%2.00/%2.00")
+                 .arg(2 * (kTerceros + 2))
+                 .arg(kTerceros * (kTerceros + 1) / 2 + 80));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
 void PruebaApertura::el_detalle_no_cierra_descuadrado_y_guarda_la_nota() {
     Tfbalaperturaniif* p = traiga();
     grabe_y_siga();
@@ -247,6 +292,41 @@ void PruebaApertura::una_linea_nueva_nace_con_el_saldo_y_suma_su_final() {
     i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
     oprima(Qt::Key_Escape);
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::mirar_una_cuenta_que_no_esta_no_la_agrega() {
+    Tfbalaperturaniif* p = abra();
+    detalle(p, "110505");
+    oprima(Qt::Key_Escape);
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Principal));
+    QCOMPARE(p->CSaldos.ChangeCount(), 0);
+    i_->espere(kTraer, "No"); // se puede traer: la hoja sigue vacía
+    oprima(Qt::Key_F7);
+    oprima(Qt::Key_Escape); // y salir sin que pregunte
+    agote_eventos();
+    QVERIFY(!escritorio()->abierta("Tfbalaperturaniif"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::los_saldos_iniciales_son_los_del_ano_anterior() {
+    Conexion& c = s_->base.base();
+    const int ano = int(c.consulte("select ano_inicio('2649') from rdb$database").entero());
+    s_->base.ejecute({"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values "
+                      "(1, '111005', 40)",
+                      "insert into saldos_iniciales (sain_item, cuen_cod, sain_credito) values "
+                      "(2, '310505', 40)"});
+    const auto saldos = [&](int de, int mes, const char* inicio) {
+        return filas_de(c, QStringLiteral("select codigo, saldo from balance_final_det('%1', %2, "
+                                          "'%3')")
+                               .arg(de)
+                               .arg(mes)
+                               .arg(QLatin1String(inicio)));
+    };
+    QCOMPARE(saldos(ano - 1, 13, "N"), QString("111005|40\n310505|-40"));
+    QCOMPARE(saldos(ano - 1, 12, "N"), QString());
+    QCOMPARE(saldos(ano - 1, 13, "S"), QString());
+    QCOMPARE(saldos(ano - 2, 13, "N"), QString());
+    QCOMPARE(saldos(ano, 0, "N"), QString("111005|40\n310505|-40"));
 }
 
 void PruebaApertura::borrar_la_hoja_pregunta_y_tambien_graba() {
@@ -329,6 +409,30 @@ void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
     oprima(Qt::Key_F2);
     oprima(Qt::Key_Escape);
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::una_ventana_que_ya_estaba_abierta_tambien_espera() {
+    Tfbalaperturaniif* p = traiga();
+    detalle(p, "110505");
+    // El programa se la pasa a otra ventana y termina; el candado dice que sigue abierta.
+    qputenv("QUORVEX_HOJA_CALCULO",
+            hoja_de_mentira("printf 'PK a medias' > \"$1\"\n"
+                            "touch \"$(dirname \"$1\")/.~lock.$(basename \"$1\")#\"\n")
+                .toLocal8Bit());
+    componente<QPushButton>(p, "AdvGlowButton7").click();
+    const QString candado = s_->base.ruta() + "/.~lock.Apniif110505.xlsx#";
+    QTRY_VERIFY(QFile::exists(candado));
+    i_->espere("Guarde la hoja y cierre el programa de hojas de cálculo antes de continuar.");
+    oprima(Qt::Key_F2);
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Hoja));
+    QFile::remove(candado);
+    QTRY_VERIFY(!p->hoja.en_uso());
+    oprima(Qt::Key_F2);
+    QCOMPARE(p->CSaldos.FieldByName("APNI_ARCHIVO").valor().binario(), QByteArray("PK a medias"));
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    oprima(Qt::Key_Escape);
+    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+    oprima(Qt::Key_Escape);
 }
 
 void PruebaApertura::sin_programa_de_hojas_se_dice() {
@@ -432,6 +536,15 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     QVERIFY(c);
     QCOMPARE(valores_de(c->CDetalle, "DIF"), QStringList({"93", "999", "5"}));
     QCOMPARE(valores_de(c->CDetalle, "CONCEPTO").value(0), QString("Saldo al comenzar el año"));
+    // Con otro mes, lo que explica la diferencia de ese mes.
+    for (const auto& [mes, dif] :
+         {std::pair{0, QStringList{"93"}}, {1, QStringList{"93", "999"}}}) {
+        auto* hasta =
+            s_->abra<Tfconciliacta>("Tfconciliacta", AbreConciliacionCuenta{"110505", "2018", mes});
+        QCOMPARE(valores_de(hasta->CDetalle, "DIF"), dif);
+        hasta->close();
+        agote_eventos();
+    }
     QString abierto;
     registre_testigo("Tfedtmovimien", [&](const Pantalla& e) {
         abierto = e.peticion<AbreComprobante>().comprobante_encontrado;
@@ -451,6 +564,29 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     QCOMPARE(s_->dato("select count(*) from comprobante_encabezado where enco_consec = 4"),
              QString("0"));
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::un_saldo_de_un_centavo_no_tumba_la_conciliacion() {
+    s_->base.ejecute({"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values "
+                      "(1, '220505', 0.01)",
+                      "insert into saldos_iniciales_niif (sain_item, cuen_cod, sain_debito) "
+                      "values (1, '220505', 9999999999999.99)"});
+    QCOMPARE(filas_de(s_->base.base(), "select cuenta, saldo, diferencia, porcentaje from "
+                                       "conciliacion_patrimonial('2018', 13, 9) where cuenta = "
+                                       "'220505'"),
+             QString("220505|0.01|-9999999999999.98|"));
+}
+
+void PruebaApertura::al_calcular_otra_vez_las_cifras_caben() {
+    auto* p = s_->abra<Tfconciliapat>("Tfconciliapat", AbreConciliacion{"2018", false});
+    QVERIFY(p);
+    const int columna = p->DBGridEh1->columna_de("SALDONIIF");
+    const int antes = p->DBGridEh1->columnWidth(columna);
+    s_->base.ejecute({"insert into saldos_iniciales_niif (sain_item, cuen_cod, sain_debito) "
+                      "values (1, '110505', 9876543210123.45)"});
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QVERIFY(p->DBGridEh1->columnWidth(columna) > antes);
 }
 
 QTEST_MAIN(PruebaApertura)

@@ -15,8 +15,9 @@
 
 namespace {
 
-constexpr int kFilasMedidas = 100;   ///< filas que deciden el ancho de una columna
-constexpr int kEsperaAnchosMs = 400; ///< el arrastre de un título se guarda una vez
+constexpr int kFilasMedidas = 100;    ///< filas que deciden el ancho de una columna
+constexpr int kFilasRemedidas = 5000; ///< las que se miran cuando el conjunto se abre otra vez
+constexpr int kEsperaAnchosMs = 400;  ///< el arrastre de un título se guarda una vez
 
 /// La cifra de más letras entre esas filas, sin dar formato a cada una: la mayor y la menor.
 int ancho_de_cifra(const Rejilla& rejilla, int columna, int desde, int hasta) {
@@ -416,8 +417,14 @@ void Rejilla::conjunto_reiniciado() {
     todo_ = false;
     if (!marcas_.empty() && !escribiendo_)
         quite_marcas();
-    if (!anchos_puestos_ && modelo_->rowCount() > 0 && !ajustando_anchos_)
+    if (!anchos_puestos_ && modelo_->rowCount() > 0 && !ajustando_anchos_) {
         aplique_anchos();
+    } else if (anchos_puestos_ && !(ajustes_ && ajustes_->contains(clave_anchos_))) {
+        // Lo que se calculó otra vez puede traer cifras más largas.
+        const bool antes = std::exchange(ajustando_anchos_, true);
+        haga_caber_cifras(*this, 0, qMin(modelo_->rowCount(), kFilasRemedidas));
+        ajustando_anchos_ = antes;
+    }
     cursor_movido();
     pie_->update();
     indicador_->viewport()->update();
