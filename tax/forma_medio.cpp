@@ -149,12 +149,12 @@ QString FormaMedio::ruta() const {
 // ---------------------------------------------------------------- consulta y cálculo
 
 void FormaMedio::SpeedButton5Click() {
-    if (!hay_formato()) {
-        fdm().mostrar_advertencia("El año no tiene formatos: F8 los configura.");
-        return;
-    }
     if (!revise_fechas() || !grabe_cambios())
         return;
+    if (!hay_formato()) {
+        ofrezca_formatos();
+        return;
+    }
     PanelAdvertencia->show();
     abre_query();
 }
@@ -197,9 +197,17 @@ void FormaMedio::abre_query() {
     if (!hay || confirme_recalculo()) {
         fdm().mostrar_mensaje();
         prepare_calculo();
-        // Borrar y calcular van juntos: si el cálculo falla, lo guardado sigue ahí.
+        // Borrar y calcular van juntos: si el cálculo falla, lo guardado sigue ahí. De dos que lo
+        // calculan a la vez, el segundo espera y muestra lo del primero.
         fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
             Conexion& base = fdm().Quorvex;
+            Cursor(base.prepare(candado(), t), t, {}).siguiente();
+            if (!hay &&
+                Cursor(base.prepare(
+                           "select first 1 1 from " + datos_.tabla + " where " + condicion(), t),
+                       t, {})
+                    .siguiente())
+                return;
             if (hay)
                 base.prepare("delete from " + datos_.tabla + " where " + condicion(), t)
                     ->ejecute(t, {});
@@ -230,6 +238,19 @@ bool FormaMedio::grabe_cambios() {
     if (CMedmagdata->ChangeCount() > 0)
         CMedmagdata->ApplyUpdates(0);
     return CMedmagdata->ChangeCount() == 0;
+}
+
+bool FormaMedio::relea() {
+    if (!grabe_cambios())
+        return false;
+    if (!CMedmagdata->Active())
+        return true;
+    const Valor item = CMedmagdata->FieldByName(datos_.columna).valor();
+    CMedmagdata->Reabra();
+    CMedmagdata->FetchAll();
+    if (!item.nulo())
+        CMedmagdata->Locate(datos_.columna, {item});
+    return true;
 }
 
 void FormaMedio::suelte_filas() {

@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QToolButton>
 
 Tfmediosmag::Tfmediosmag() : Pantalla("Tfmediosmag", "Inf. Exógena CSV") {
@@ -96,21 +97,26 @@ bool Tfmediosmag::FormClose() {
     return true;
 }
 
-void Tfmediosmag::abre_query() {
+bool Tfmediosmag::abre_query() {
+    static const QRegularExpression fecha("^[0-9]{4}(0[1-9]|1[0-4])(0[1-9]|[12][0-9]|3[01])$");
+    for (QLineEdit* f : {FecIni, FecFin})
+        if (!fecha.match(f->text()).hasMatch()) {
+            fdm().mostrar_advertencia("\"" + f->text() + "\" no es una fecha: use aaaammdd.");
+            f->setFocus();
+            return false;
+        }
     if (!CListados->Locate("MM14_NOMBRE", {LFormato->currentText()}))
-        return;
+        return false;
     CMedmagdata->Open("select * from " +
                       procedimiento(CListados->FieldByName("MM14_PROCEDIMIENTO").texto()) + '(' +
                       QuotedStr(FecIni->text()) + ',' + QuotedStr(FecFin->text()) + ')');
     DBGridEh1->columnas_del_conjunto();
+    return true;
 }
 
 bool Tfmediosmag::exija_nombre() {
-    if (!Ubicacion->text().trimmed().isEmpty()) {
-        if (!CMedmagdata->Active())
-            abre_query();
-        return true;
-    }
+    if (!Ubicacion->text().trimmed().isEmpty())
+        return CMedmagdata->Active() || abre_query();
     muestre_mensaje("Debe indicar el nombre del archivo a generar.");
     Ubicacion->setFocus();
     return false;

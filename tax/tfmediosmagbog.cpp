@@ -2,10 +2,12 @@
 
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
+#include "tax/articulos_distrito.h"
 #include "tax/avance.h"
 #include "tax/filas_conjunto.h"
 #include "tax/medio_distrital.h"
 #include "tax/procedimiento.h"
+#include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -192,6 +194,26 @@ QString Tfmediosmagbog::calculo() const {
            ", " + QuotedStr(NitShd->text().trimmed()) + ')';
 }
 
+QString Tfmediosmagbog::candado() const {
+    return "select 1 from MEDIOSMAG_DISTR where " + condicion() + " with lock";
+}
+
+void Tfmediosmagbog::ofrezca_formatos() {
+    const QString otro = ano_con_articulos(fdm().Quorvex, ano());
+    if (otro.isEmpty()) {
+        fdm().mostrar_advertencia("El año no tiene artículos: F8 los configura.");
+        return;
+    }
+    if (!pregunte(QStringLiteral("El año %1 no tiene artículos. Desea copiar los de %2, con sus "
+                                 "cuentas?")
+                      .arg(ano(), otro)))
+        return;
+    copie_articulos(fdm().Quorvex, otro, ano());
+    liste_articulos();
+    fdm().mostrar_advertencia("Se copiaron los artículos de " + otro +
+                              ": revise con F8 sus mínimos y sus cuentas.");
+}
+
 void Tfmediosmagbog::prepare_calculo() {
     // El centro es del artículo: queda guardado con él.
     fdm().Quorvex.ejecute("update MEDIOSMAG_DISTR set MMDI_PROY = " +
@@ -211,6 +233,11 @@ void Tfmediosmagbog::SpeedButton3Click() {
         return;
     }
     if (!grabe_cambios())
+        return;
+    FilasDistrito revisadas(*CMedmagdata);
+    const QString falta = por_corregir_articulo(articulo(), revisadas);
+    if (!falta.isEmpty() &&
+        !pregunte_con_no("Hay " + falta + ". Desea grabar el archivo de todos modos?"))
         return;
     FilasDistrito filas(*CMedmagdata);
     AvanceTrabajo avance(this, "Grabando " + ruta(), CMedmagdata->RecordCount());

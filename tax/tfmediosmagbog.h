@@ -24,7 +24,9 @@ protected:
     void SBGrabarClick() override;
     void SpeedButton3Click() override;
     void EAnoExit() override;
+    QString candado() const override;
     bool hay_formato() const override { return articulo() > 0; }
+    void ofrezca_formatos() override;
     void prepare_calculo() override;
 
 private:

@@ -9,8 +9,9 @@ SET TERM ^ ;
 -- débitos, "C" sus créditos, "N" el neto sin signo); sin ellas, la base de las líneas. En IVA
 -- retenido BASE es el IVA y BASEIVA lo gravado. PORC, el de la cuenta o el que resulta. NUMERO,
 -- con NUMERAR "S": NUMINI más el puesto del tercero entre todos los que tuvieron retención en las
--- cuentas y el período, así un tercero lleva el mismo número en cualquier tanda. La llama
--- Tfrngcertificados.
+-- cuentas y el período, así un tercero lleva el mismo número en cualquier tanda. Un tercero al que
+-- en total no se le retuvo (la administración a la que se le paga) no lleva certificado, y un
+-- cierre de terceros no quita ni pone retenciones. La llama Tfrngcertificados.
 CREATE OR ALTER PROCEDURE CERTIFICADOS_RETENCION (
   DESDE varchar(20), HASTA varchar(20), TERINI varchar(20), TERFIN varchar(20), FECINI varchar(8),
   FECFIN varchar(8), PRYINI varchar(4), PRYFIN varchar(4), CENINI varchar(4), CENFIN varchar(4),
@@ -37,10 +38,13 @@ BEGIN
         AND D.CODE_FECHA BETWEEN :FECINI AND :FECFIN AND D.TERC_NIT IS NOT NULL
         AND coalesce(D.PROY_COD, '0') BETWEEN :PRYINI AND :PRYFIN
         AND coalesce(D.CENT_COD, '0') BETWEEN :CENINI AND :CENFIN
+        AND NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
       GROUP BY D.TERC_NIT, D.CUEN_COD
       HAVING sum(D.CODE_CREDITO - D.CODE_DEBITO) <> 0),
+    CON_TOTAL AS (
+      SELECT R.*, sum(VALOR) OVER (PARTITION BY TERC_NIT) TOTAL FROM RETENIDO R),
     NUMERADO AS (
-      SELECT R.*, dense_rank() OVER (ORDER BY TERC_NIT) PUESTO FROM RETENIDO R)
+      SELECT T.*, dense_rank() OVER (ORDER BY TERC_NIT) PUESTO FROM CON_TOTAL T WHERE TOTAL > 0)
     SELECT N.TERC_NIT, T.TERC_NOM, T.TERC_DIR, T.TERC_CIU, N.CUEN_COD, C.CUEN_NOM, N.VALOR,
       N.BASE_LINEAS, N.PUESTO, coalesce(C.CUEN_PORC, 0),
       (SELECT sum(decode(F.CFCR_BASE, 'D', B.CODE_DEBITO, 'C', B.CODE_CREDITO,
@@ -48,6 +52,7 @@ BEGIN
         FROM CONFIGURA_CERTRETE F
         JOIN COMPROBANTE_DETALLE B ON B.CUEN_COD STARTING WITH F.CFCR_CTABASE
           AND B.TERC_NIT = N.TERC_NIT AND B.CODE_FECHA BETWEEN :FECINI AND :FECFIN
+          AND NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = B.ENCO_CONSEC)
         WHERE F.CFCR_CUENTA = N.CUEN_COD)
     FROM NUMERADO N
     JOIN TERCEROS T ON T.TERC_NIT = N.TERC_NIT
@@ -71,9 +76,10 @@ BEGIN
 END^
 
 -- Compras de un período por categoría y tercero, con su IVA y sus retenciones. TIPO "C": una fila
--- por categoría, tercero y porcentaje de las líneas; "G": una por categoría y tercero. Las
--- compañeras se toman de los comprobantes que tienen la compra del mismo tercero. La llama
--- Tfrngcertificadet.
+-- por categoría, tercero y porcentaje de las líneas; "G": una por categoría y tercero. Una cuenta
+-- es de la categoría cuyo código sea su comienzo más largo. Cada línea de IVA o de retención (sin
+-- tercero, es del de su comprobante) se cuenta una vez: en la primera categoría del mismo tercero
+-- en el comprobante que la nombre, y allí en su menor porcentaje. La llama Tfrngcertificadet.
 CREATE OR ALTER PROCEDURE REP_DETALLE_CERTIFICADO (
   FECINI varchar(8), FECFIN varchar(8), PROYINI varchar(4), PROYFIN varchar(4),
   CENTINI varchar(4), CENTFIN varchar(4), TIPO char(1))
@@ -84,28 +90,46 @@ RETURNS (CUENTA varchar(20), NOMCUENTA varchar(60), NIT varchar(20), NOMTERC var
 AS
 BEGIN
   FOR
-    WITH COMPRA AS (
+    WITH CATEGORIA AS (
+      SELECT C.CUEN_COD, K.CRCD_CUENTA,
+        row_number() OVER (PARTITION BY C.CUEN_COD ORDER BY char_length(K.CRCD_CUENTA) DESC) TURNO
+      FROM CUENTAS_REPORTE_CERTDET K
+      LEFT JOIN CUENTAS C ON C.CUEN_COD STARTING WITH K.CRCD_CUENTA
+      WHERE C.CUEN_AFECTABLE = 'S'),
+    COMPRA AS (
       SELECT K.CRCD_CUENTA, D.TERC_NIT, D.ENCO_CONSEC,
         iif(:TIPO = 'C', coalesce(D.CODE_PORC, 0), 0) TASA, sum(D.CODE_DEBITO) DEBITO,
         sum(D.CODE_CREDITO) CREDITO
-      FROM CUENTAS_REPORTE_CERTDET K
-      JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD STARTING WITH K.CRCD_CUENTA
+      FROM CATEGORIA K
+      JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = K.CUEN_COD
         AND D.CODE_FECHA BETWEEN :FECINI AND :FECFIN AND D.TERC_NIT IS NOT NULL
-      WHERE coalesce(D.PROY_COD, '') BETWEEN :PROYINI AND :PROYFIN
+      WHERE K.TURNO = 1 AND coalesce(D.PROY_COD, '') BETWEEN :PROYINI AND :PROYFIN
         AND coalesce(D.CENT_COD, '') BETWEEN :CENTINI AND :CENTFIN
+        AND NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
       GROUP BY 1, 2, 3, 4),
-    -- Cada compañera cuenta una vez: en la menor tasa de su categoría y comprobante.
     LUGAR AS (
       SELECT CRCD_CUENTA, TERC_NIT, ENCO_CONSEC, min(TASA) TASA FROM COMPRA GROUP BY 1, 2, 3),
-    COMPANERA AS (
-      SELECT L.CRCD_CUENTA, L.TERC_NIT, L.TASA,
-        sum(iif(D.CUEN_COD STARTING WITH K.CRCD_IVA, D.CODE_DEBITO - D.CODE_CREDITO, 0)) IVA,
-        sum(iif(D.CUEN_COD STARTING WITH K.CRCD_RTFTE, D.CODE_CREDITO - D.CODE_DEBITO, 0)) RTFTE,
-        sum(iif(D.CUEN_COD STARTING WITH K.CRCD_RTIVA, D.CODE_CREDITO - D.CODE_DEBITO, 0)) RTIVA,
-        sum(iif(D.CUEN_COD STARTING WITH K.CRCD_RTICA, D.CODE_CREDITO - D.CODE_DEBITO, 0)) RTICA
+    PAPEL AS (
+      SELECT 1 PAPEL FROM RDB$DATABASE UNION ALL SELECT 2 FROM RDB$DATABASE
+      UNION ALL SELECT 3 FROM RDB$DATABASE UNION ALL SELECT 4 FROM RDB$DATABASE),
+    LINEA AS (
+      SELECT L.CRCD_CUENTA, L.TERC_NIT, L.TASA, P.PAPEL,
+        iif(P.PAPEL = 1, 1, -1) * (D.CODE_DEBITO - D.CODE_CREDITO) VALOR,
+        row_number() OVER (PARTITION BY D.ENCO_CONSEC, D.CODE_ITEM, P.PAPEL
+          ORDER BY L.CRCD_CUENTA) TURNO
       FROM LUGAR L
       JOIN CUENTAS_REPORTE_CERTDET K ON K.CRCD_CUENTA = L.CRCD_CUENTA
-      JOIN COMPROBANTE_DETALLE D ON D.ENCO_CONSEC = L.ENCO_CONSEC AND D.TERC_NIT = L.TERC_NIT
+      CROSS JOIN PAPEL P
+      JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = L.ENCO_CONSEC
+      JOIN COMPROBANTE_DETALLE D ON D.ENCO_CONSEC = L.ENCO_CONSEC
+        AND coalesce(D.TERC_NIT, E.TERC_NIT) = L.TERC_NIT
+        AND D.CUEN_COD STARTING WITH nullif(decode(P.PAPEL, 1, K.CRCD_IVA, 2, K.CRCD_RTFTE,
+          3, K.CRCD_RTIVA, K.CRCD_RTICA), '')),
+    COMPANERA AS (
+      SELECT CRCD_CUENTA, TERC_NIT, TASA, sum(iif(PAPEL = 1, VALOR, 0)) IVA,
+        sum(iif(PAPEL = 2, VALOR, 0)) RTFTE, sum(iif(PAPEL = 3, VALOR, 0)) RTIVA,
+        sum(iif(PAPEL = 4, VALOR, 0)) RTICA
+      FROM LINEA WHERE TURNO = 1
       GROUP BY 1, 2, 3),
     TOTAL AS (
       SELECT CRCD_CUENTA, TERC_NIT, TASA, sum(DEBITO) DEBITO, sum(CREDITO) CREDITO FROM COMPRA
