@@ -55,5 +55,5 @@ QString por_corregir_articulo(int articulo, FilasMedio& filas) {
     if (partes.isEmpty())
         return {};
     const QString ultima = partes.takeLast();
-    return "filas " + (partes.isEmpty() ? ultima : partes.join(", ") + " y " + ultima);
+    return partes.isEmpty() ? ultima : partes.join(", ") + " y " + ultima;
 }

@@ -12,5 +12,5 @@ int copie_articulos(Conexion& base, const QString& desde, const QString& hasta);
 QString ano_con_articulos(Conexion& base, const QString& ano);
 
 /// Cuántas filas están sin identificación, sin dirección o sin municipio (si el artículo los lleva)
-/// o en negativo: "2 filas sin identificación y 1 con valor negativo"; vacío si ninguna.
+/// o en negativo: "2 sin identificación y 1 con valor negativo"; vacío si ninguna.
 QString por_corregir_articulo(int articulo, FilasMedio& filas);

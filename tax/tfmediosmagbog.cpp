@@ -236,8 +236,8 @@ void Tfmediosmagbog::SpeedButton3Click() {
         return;
     FilasDistrito revisadas(*CMedmagdata);
     const QString falta = por_corregir_articulo(articulo(), revisadas);
-    if (!falta.isEmpty() &&
-        !pregunte_con_no("Hay " + falta + ". Desea grabar el archivo de todos modos?"))
+    if (!falta.isEmpty() && !pregunte_con_no("Hay filas por corregir: " + falta +
+                                             ". Desea grabar el archivo de todos modos?"))
         return;
     FilasDistrito filas(*CMedmagdata);
     AvanceTrabajo avance(this, "Grabando " + ruta(), CMedmagdata->RecordCount());
