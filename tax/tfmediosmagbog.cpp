@@ -147,6 +147,7 @@ int Tfmediosmagbog::articulo() const {
 
 void Tfmediosmagbog::liste_articulos() {
     const int antes = articulo();
+    ano_listado_ = ano();
     const QSignalBlocker callada(LFormato);
     LFormato->clear();
     CMeddist->Open("select * from MEDIOSMAG_DISTR where MMDI_ANO = " + QuotedStr(ano()) +
@@ -163,7 +164,8 @@ void Tfmediosmagbog::liste_articulos() {
 
 void Tfmediosmagbog::EAnoExit() {
     FormaMedio::EAnoExit();
-    liste_articulos();
+    if (ano() != ano_listado_) // salir del año sin cambiarlo no suelta las filas
+        liste_articulos();
 }
 
 void Tfmediosmagbog::LFormatoExit() {

@@ -35,4 +35,6 @@ private:
     void liste_articulos();
     void LFormatoExit();
     int articulo() const;
+
+    QString ano_listado_;
 };
