@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -162,8 +163,12 @@ void Tfrevisamedio::lea(const QString& aviso) {
                         ? QStringLiteral("Cumple el esquema de su formato.")
                         : QStringLiteral("NO cumple el esquema de su formato: corrija y repita."));
     }
-    for (const CuadreMedio& r :
-         cuadre_medio(fdm().Quorvex, pedido_.formato, pedido_.ano, pedido_.inicio, pedido_.final)) {
+    // Lo que no cuadra va primero: no hay que buscarlo.
+    QVector<CuadreMedio> cuadre =
+        cuadre_medio(fdm().Quorvex, pedido_.formato, pedido_.ano, pedido_.inicio, pedido_.final);
+    std::stable_partition(cuadre.begin(), cuadre.end(),
+                          [](const CuadreMedio& r) { return !r.diferencia.es_cero(); });
+    for (const CuadreMedio& r : cuadre) {
         CCuadre->Append();
         CCuadre->FieldByName("CONCEPTO") = r.concepto;
         CCuadre->FieldByName("CUENTA") = r.cuenta;

@@ -261,8 +261,9 @@ END^
 
 -- Valor del archivo contra el de las cuentas del libro, por concepto y columna (las que el libro
 -- llena), y al final las cuentas vigiladas con movimiento que ningún concepto toma y las que tienen
--- ajustes del año (mes 13) que las fechas dejan por fuera (CONCEPTO nulo). DIFERENCIA de menos de
--- un peso por tercero es redondeo. La llama Tfmediosmag13.
+-- ajustes del año (mes 13) que las fechas dejan por fuera (CONCEPTO nulo), por el lado en que el
+-- formato las reporta. DIFERENCIA de menos de un peso por tercero es redondeo. La llama
+-- Tfrevisamedio.
 CREATE OR ALTER PROCEDURE CUADRE_MEDIO (
   FORMATO integer, ANO varchar(4), INICIO varchar(8), FINAL varchar(8))
 RETURNS (CONCEPTO integer, CUENTA varchar(20), NOMBRE varchar(60), ARCHIVO numeric(18,2),
@@ -319,7 +320,8 @@ BEGIN
   CONCEPTO = NULL;
   ARCHIVO = 0;
   FOR
-    SELECT C.CUEN_COD, C.CUEN_NOM, sum(D.CODE_DEBITO - D.CODE_CREDITO)
+    SELECT C.CUEN_COD, C.CUEN_NOM,
+      sum(iif(C.CUEN_COD SIMILAR TO '[234]%', -1, 1) * (D.CODE_DEBITO - D.CODE_CREDITO))
     FROM MEDIOSMAG_VIGILADAS V
     JOIN CUENTAS C ON C.CUEN_COD STARTING WITH V.MEDV_CUENTA AND C.CUEN_AFECTABLE = 'S'
     JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = C.CUEN_COD
@@ -338,7 +340,7 @@ BEGIN
     EXIT;
   FOR
     SELECT C.CUEN_COD, left('Ajustes por incluir: ' || C.CUEN_NOM, 60),
-      sum(D.CODE_DEBITO - D.CODE_CREDITO)
+      sum(iif(M.NATUR IN ('C', 'R', 'I'), -1, 1) * (D.CODE_DEBITO - D.CODE_CREDITO))
     FROM MEDIO_CUENTA M
     JOIN CUENTAS C ON C.CUEN_COD = M.CUEN_COD
     JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD
