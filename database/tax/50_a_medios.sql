@@ -218,7 +218,7 @@ END^
 -- Lo que conviene arreglar antes de escribir el archivo de un formato y año: una fila por causa,
 -- con el NIT para abrir el tercero. La llama Tfmediosmag13.
 CREATE OR ALTER PROCEDURE REVISE_MEDIO (FORMATO integer, ANO varchar(4))
-RETURNS (ITEM integer, CONCEPTO integer, NIT varchar(20), NOMBRE varchar(130), CAUSA varchar(80))
+RETURNS (ITEM integer, CONCEPTO integer, NIT varchar(20), NOMBRE varchar(130), CAUSA varchar(90))
 AS
   DECLARE ORDEN smallint;
 BEGIN
@@ -228,13 +228,14 @@ BEGIN
       decode(C.ORDEN, 1, 'Movimiento sin tercero: corrija las líneas de sus cuentas.',
         2, 'Valor negativo: el formato no lo recibe.', 3, 'Falta el tipo de documento.',
         4, 'Falta el dígito de verificación.', 5, 'Falta la dirección.', 6, 'Falta el municipio.',
-        7, 'Falta el nombre.')
+        7, 'Falta el nombre.',
+        8, 'Tiene un signo "<", que el archivo no puede llevar: quítelo del nombre o la dirección.')
     FROM MEDIOS_MAGNETICOS_DATOS D
     JOIN MEDIOSMAG_ARCHIVOS A ON A.MEDM_FORMATO = D.MEMG_FORMATO
     CROSS JOIN (SELECT 1 ORDEN FROM RDB$DATABASE UNION ALL SELECT 2 FROM RDB$DATABASE
       UNION ALL SELECT 3 FROM RDB$DATABASE UNION ALL SELECT 4 FROM RDB$DATABASE
       UNION ALL SELECT 5 FROM RDB$DATABASE UNION ALL SELECT 6 FROM RDB$DATABASE
-      UNION ALL SELECT 7 FROM RDB$DATABASE) C
+      UNION ALL SELECT 7 FROM RDB$DATABASE UNION ALL SELECT 8 FROM RDB$DATABASE) C
     WHERE D.MEMG_FORMATO = :FORMATO AND D.MEMG_ANO = :ANO
       AND ((C.ORDEN = 1 AND coalesce(D.MEMG_NIT, '') = ''
           AND substring(A.MEDM_NOMBRE FROM 1 FOR 4) NOT IN ('1004', '1011'))
@@ -252,7 +253,10 @@ BEGIN
           AND substring(A.MEDM_NOMBRE FROM 1 FOR 4) IN ('1001', '1002', '1003', '1008', '1009',
             '1010'))
         OR (C.ORDEN = 7 AND D.MEMG_NIT <> '' AND coalesce(D.MEMG_RAZONSOCIAL, '') = ''
-          AND coalesce(D.MEMG_APELLIDO1, '') = '' AND coalesce(D.MEMG_NOMBRE1, '') = ''))
+          AND coalesce(D.MEMG_APELLIDO1, '') = '' AND coalesce(D.MEMG_NOMBRE1, '') = '')
+        OR (C.ORDEN = 8 AND (D.MEMG_RAZONSOCIAL CONTAINING '<' OR D.MEMG_DIRECCION CONTAINING '<'
+          OR D.MEMG_APELLIDO1 CONTAINING '<' OR D.MEMG_APELLIDO2 CONTAINING '<'
+          OR D.MEMG_NOMBRE1 CONTAINING '<' OR D.MEMG_NOMBRE2 CONTAINING '<')))
     ORDER BY C.ORDEN, D.MEMG_ITEM
     INTO :ITEM, :CONCEPTO, :NIT, :NOMBRE, :ORDEN, :CAUSA
   DO

@@ -242,6 +242,7 @@ void PruebaMediosBase::lo_que_nadie_toma_y_lo_incompleto_se_dice() {
     cuentas(1, {"5105", "", ""});
     base().ejecute(
         "update terceros set terc_dir = '', ciud_cod = null where terc_nit = '800456789'");
+    base().ejecute("update terceros set terc_dir = 'Calle <1' where terc_nit = '900123456'");
     base().ejecute("delete from comprobante_detalle");
     grabe(base(), {901,
                    "000901",
@@ -253,8 +254,9 @@ void PruebaMediosBase::lo_que_nadie_toma_y_lo_incompleto_se_dice() {
                     {5, "111005", 0, 800}}});
     base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
     const QString causas = filas_de(base(), "select nit, causa from revise_medio(10019, '2018')");
-    for (const char* c : {"|Movimiento sin tercero", "900123456|Valor negativo",
-                          "800456789|Falta la dirección", "800456789|Falta el municipio"})
+    for (const char* c :
+         {"|Movimiento sin tercero", "900123456|Valor negativo", "800456789|Falta la dirección",
+          "800456789|Falta el municipio", "900123456|Tiene un signo \"<\""})
         QVERIFY2(('\n' + causas).contains(c), qPrintable(causas));
     QCOMPARE(filas_de(base(), "select cuenta, libro from cuadre_medio(10019, '2018', '20180101',"
                               " '20181231') where concepto is null"),
