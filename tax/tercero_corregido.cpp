@@ -35,10 +35,12 @@ FilasCorregidas corrija_filas_del_tercero(Conexion& base, int formato, const QSt
         cambios << columna + " = ?";
         valores << valor;
     }
-    if (!cambios.isEmpty())
-        r.filas = base.ejecute("update MEDIOS_MAGNETICOS_DATOS set " + cambios.join(", ") +
-                                   " where MEMG_FORMATO = ? and MEMG_ANO = ? and MEMG_NIT = ?",
-                               valores + QVector<Valor>{Valor(formato), Valor(ano), Valor(nit)});
+    if (cambios.isEmpty())
+        return r;
+    const QString sql = "update MEDIOS_MAGNETICOS_DATOS set " + cambios.join(", ") +
+                        " where MEMG_FORMATO = ? and MEMG_ANO = ? and MEMG_NIT = ?";
+    valores << Valor(formato) << Valor(ano) << Valor(nit);
+    r.filas = base.ejecute(sql, valores);
     return r;
 }
 

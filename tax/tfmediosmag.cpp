@@ -17,6 +17,17 @@
 #include <QRegularExpression>
 #include <QToolButton>
 
+namespace {
+
+/// "NOMBRE_CUENTA": "Nombre cuenta"; una sigla queda como está.
+QString titulo_de(const QString& columna) {
+    if (columna.size() <= 3)
+        return columna;
+    return columna.left(1) + columna.mid(1).toLower().replace('_', ' ');
+}
+
+} // namespace
+
 Tfmediosmag::Tfmediosmag() : Pantalla("Tfmediosmag", "Inf. Exógena CSV") {
     auto* listados = new Sentencia(this, "QListados", fdm().Quorvex,
                                    "select * from MEDIOSMAG_LISTADOS order by MM14_ID");
@@ -111,6 +122,12 @@ bool Tfmediosmag::abre_query() {
     CMedmagdata->Open("select * from " +
                       procedimiento(CListados->FieldByName("MM14_PROCEDIMIENTO").texto()) + '(' +
                       QuotedStr(FecIni->text()) + ',' + QuotedStr(FecFin->text()) + ')');
+    for (int i = 0; i < CMedmagdata->FieldCount(); ++i) {
+        Campo& campo = CMedmagdata->Fields(i);
+        campo.etiqueta(titulo_de(campo.FieldName));
+        if (campo.clase == ClaseCampo::Decimal)
+            campo.formato("#,##0.00");
+    }
     DBGridEh1->columnas_del_conjunto();
     return true;
 }

@@ -170,7 +170,9 @@ void Tfmediosmagbog::EAnoExit() {
 
 void Tfmediosmagbog::LFormatoExit() {
     suelte_filas();
-    Ubicacion->setText(QStringLiteral("Articulo_%1_%2.csv").arg(articulo()).arg(ano()));
+    Ubicacion->setText(hay_formato()
+                           ? QStringLiteral("Articulo_%1_%2.csv").arg(articulo()).arg(ano())
+                           : QString());
     CentroBogota->setText(CMeddist->Locate("MMDI_ARTICULO", {articulo()})
                               ? CMeddist->FieldByName("MMDI_PROY").texto()
                               : QString());

@@ -73,7 +73,8 @@ BEGIN
     WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CTASALDO <> ''
       AND :CON_SALDO = 'S'),
   TOTAL AS (
-    SELECT coalesce(P.TERC_NIT, E.TERC_NIT, '') NIT, round(sum(iif(PAPEL = 1, iif(:NATUR = 'D', NETO, -NETO), 0))) MONTO,
+    SELECT coalesce(P.TERC_NIT, E.TERC_NIT, '') NIT,
+      round(sum(iif(PAPEL = 1, iif(:NATUR = 'D', NETO, -NETO), 0))) MONTO,
       round(sum(iif(PAPEL = 2, iif(:NATUR = 'D', -NETO, NETO), 0))) DEVOL,
       round(sum(iif(PAPEL = 3, iif(:NATUR = 'D', NETO, -NETO), 0))) SALDO, round(sum(BASE)) BASE,
       max(CODE_FECHA) FECHA

@@ -1,11 +1,11 @@
 -- Listados de MEDIOSMAG_LISTADOS: reciben las fechas "aaaammdd" y devuelven lo que se exporta, con
--- sus columnas en orden. Los llama Tfmediosmag.
+-- sus columnas en orden; de sus nombres salen los títulos. Los llama Tfmediosmag.
 
 SET TERM ^ ;
 
 CREATE OR ALTER PROCEDURE LISTADO_MOVIMIENTO_TERCERO (INICIO varchar(8), FINAL varchar(8))
 RETURNS (NIT varchar(20), DV char(1), NOMBRE varchar(60), CUENTA varchar(20),
-  NOMCUENTA varchar(60), DEBITOS numeric(15,2), CREDITOS numeric(15,2))
+  NOMBRE_CUENTA varchar(60), DEBITOS numeric(15,2), CREDITOS numeric(15,2))
 AS
 BEGIN
   FOR
@@ -17,7 +17,7 @@ BEGIN
     WHERE D.CODE_FECHA BETWEEN :INICIO AND :FINAL
     GROUP BY D.TERC_NIT, T.TERC_DV, T.TERC_NOM, D.CUEN_COD, C.CUEN_NOM
     ORDER BY D.TERC_NIT, D.CUEN_COD
-    INTO :NIT, :DV, :NOMBRE, :CUENTA, :NOMCUENTA, :DEBITOS, :CREDITOS
+    INTO :NIT, :DV, :NOMBRE, :CUENTA, :NOMBRE_CUENTA, :DEBITOS, :CREDITOS
   DO
     SUSPEND;
 END^

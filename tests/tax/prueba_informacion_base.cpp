@@ -241,9 +241,17 @@ void PruebaInformacionBase::la_taxonomia_cuadra_y_compara_con_el_ano_anterior() 
     QCOMPARE(fila(240).section('|', 0, 0), ano.texto());
     QCOMPARE(base()
                  .consulte("select sum(iif(item in (10, 50), valor, -valor)) from impr_taxonomia(1,"
-                           " 310000, '20181231')")
+                           " 310000, '20181231') where item < 80")
                  .texto(),
              ano.texto());
+    // La ganancia de las dos secciones es la misma.
+    QCOMPARE(base()
+                 .consulte("select valor from impr_taxonomia(1, 310000, '20181231') where item ="
+                           " 80")
+                 .texto(),
+             ano.texto());
+    QCOMPARE(fila(250).section('|', 0, 0),
+             (ano - saldo("2", "20181231") - saldo("3", "20181231")).texto());
 }
 
 QTEST_APPLESS_MAIN(PruebaInformacionBase)

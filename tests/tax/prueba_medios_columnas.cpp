@@ -162,6 +162,7 @@ private slots:
     void init() { base_.emplace(); }
 
     void todas_las_columnas_de_los_formatos_sembrados();
+    void juntar_las_cuantias_menores_conserva_cada_columna();
     void el_iva_devuelto_no_es_el_que_la_declaracion_cruza();
     void el_1003_lleva_base_y_retencion_y_el_1011_una_fila_por_concepto();
     void el_cuadre_compara_cada_columna_y_dice_lo_digitado_a_mano();
@@ -328,6 +329,47 @@ void PruebaMediosColumnas::todas_las_columnas_de_los_formatos_sembrados() {
     QCOMPARE(formatos.size(), 14);
     for (int i = 0; i < kColumnas; ++i)
         QVERIFY2(llenas[i] > 2, qPrintable(QString("columna %1").arg(i)));
+}
+
+void PruebaMediosColumnas::juntar_las_cuantias_menores_conserva_cada_columna() {
+    arme_libro();
+    const QStringList procedimientos =
+        filas_de(base(), "select medm_procedimiento from mediosmag_archivos where medm_regla <> "
+                         "'P'")
+            .split('\n');
+    const auto calcule = [&] {
+        base().ejecute("delete from medios_magneticos_datos");
+        for (const QString& p : procedimientos)
+            base().ejecute("execute procedure " + p + "('20170101', '20171231')");
+        QStringList sumas;
+        for (const char* columna :
+             {"memg_pago", "memg_pagond", "memg_iva", "memg_ivand", "memg_retencion",
+              "memg_retivacomun + memg_retivasimp + memg_retivand", "memg_retcree", "memg_rasumc"})
+            sumas << QString("sum(%1)").arg(columna);
+        return filas_de(base(), "select memg_formato, memg_concepto, " + sumas.join(", ") +
+                                    " from medios_magneticos_datos group by 1, 2 order by 1, 2");
+    };
+    const QString antes = calcule();
+    const int filas_antes =
+        int(base().consulte("select count(*) from medios_magneticos_datos").entero());
+    const QString minimo = "60000";
+    base().ejecute("update configura_mediosmag set come_minimo = " + minimo);
+    QCOMPARE(calcule(), antes);
+    // Se juntó alguno, y de los que no llegan solo quedan los que tuvieron retención, los
+    // negativos y los que no son de nadie.
+    QVERIFY(base().consulte("select count(*) from medios_magneticos_datos").entero() < filas_antes);
+    QVERIFY(base()
+                .consulte("select count(*) from medios_magneticos_datos where memg_nit = "
+                          "'222222222' and memg_tipodoc = 43")
+                .entero() > 3);
+    QCOMPARE(filas_de(base(),
+                      "select memg_formato, memg_nit from medios_magneticos_datos where memg_nit "
+                      "not in ('', '222222222') and memg_pago >= 0 and memg_pagond >= 0 and "
+                      "memg_pago + memg_pagond < " +
+                          minimo +
+                          " and memg_retencion = 0 and memg_retivacomun = 0 and memg_retivasimp = "
+                          "0 and memg_retivand = 0 and memg_retcree = 0 and memg_rasumc = 0"),
+             QString());
 }
 
 void PruebaMediosColumnas::el_iva_devuelto_no_es_el_que_la_declaracion_cruza() {
