@@ -229,13 +229,15 @@ BEGIN
         2, 'Valor negativo: el formato no lo recibe.', 3, 'Falta el tipo de documento.',
         4, 'Falta el dígito de verificación.', 5, 'Falta la dirección.', 6, 'Falta el municipio.',
         7, 'Falta el nombre.',
-        8, 'Tiene un signo "<", que el archivo no puede llevar: quítelo del nombre o la dirección.')
+        8, 'Tiene un signo "<", que el archivo no puede llevar: quítelo del nombre o la dirección.',
+        9, 'Es persona natural: faltan sus apellidos y nombres por separado.')
     FROM MEDIOS_MAGNETICOS_DATOS D
     JOIN MEDIOSMAG_ARCHIVOS A ON A.MEDM_FORMATO = D.MEMG_FORMATO
     CROSS JOIN (SELECT 1 ORDEN FROM RDB$DATABASE UNION ALL SELECT 2 FROM RDB$DATABASE
       UNION ALL SELECT 3 FROM RDB$DATABASE UNION ALL SELECT 4 FROM RDB$DATABASE
       UNION ALL SELECT 5 FROM RDB$DATABASE UNION ALL SELECT 6 FROM RDB$DATABASE
-      UNION ALL SELECT 7 FROM RDB$DATABASE UNION ALL SELECT 8 FROM RDB$DATABASE) C
+      UNION ALL SELECT 7 FROM RDB$DATABASE UNION ALL SELECT 8 FROM RDB$DATABASE
+      UNION ALL SELECT 9 FROM RDB$DATABASE) C
     WHERE D.MEMG_FORMATO = :FORMATO AND D.MEMG_ANO = :ANO
       AND ((C.ORDEN = 1 AND coalesce(D.MEMG_NIT, '') = ''
           AND substring(A.MEDM_NOMBRE FROM 1 FOR 4) NOT IN ('1004', '1011'))
@@ -256,7 +258,10 @@ BEGIN
           AND coalesce(D.MEMG_APELLIDO1, '') = '' AND coalesce(D.MEMG_NOMBRE1, '') = '')
         OR (C.ORDEN = 8 AND (D.MEMG_RAZONSOCIAL CONTAINING '<' OR D.MEMG_DIRECCION CONTAINING '<'
           OR D.MEMG_APELLIDO1 CONTAINING '<' OR D.MEMG_APELLIDO2 CONTAINING '<'
-          OR D.MEMG_NOMBRE1 CONTAINING '<' OR D.MEMG_NOMBRE2 CONTAINING '<')))
+          OR D.MEMG_NOMBRE1 CONTAINING '<' OR D.MEMG_NOMBRE2 CONTAINING '<'))
+        OR (C.ORDEN = 9 AND D.MEMG_TIPODOC IN (11, 12, 13, 21, 22, 41)
+          AND coalesce(D.MEMG_RAZONSOCIAL, '') <> '' AND coalesce(D.MEMG_APELLIDO1, '') = ''
+          AND coalesce(D.MEMG_NOMBRE1, '') = ''))
     ORDER BY C.ORDEN, D.MEMG_ITEM
     INTO :ITEM, :CONCEPTO, :NIT, :NOMBRE, :ORDEN, :CAUSA
   DO

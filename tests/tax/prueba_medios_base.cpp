@@ -251,12 +251,14 @@ void PruebaMediosBase::lo_que_nadie_toma_y_lo_incompleto_se_dice() {
                     {2, "510506", 0, 300, "900123456"},
                     {3, "510506", 40, 0},
                     {4, "519530", 60, 0},
-                    {5, "111005", 0, 800}}});
+                    {5, "510506", 9, 0, "52345678"},
+                    {6, "111005", 0, 809}}});
     base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
     const QString causas = filas_de(base(), "select nit, causa from revise_medio(10019, '2018')");
     for (const char* c :
          {"|Movimiento sin tercero", "900123456|Valor negativo", "800456789|Falta la dirección",
-          "800456789|Falta el municipio", "900123456|Tiene un signo \"<\""})
+          "800456789|Falta el municipio", "900123456|Tiene un signo \"<\"",
+          "52345678|Es persona natural: faltan sus apellidos"})
         QVERIFY2(('\n' + causas).contains(c), qPrintable(causas));
     QCOMPARE(filas_de(base(), "select cuenta, libro from cuadre_medio(10019, '2018', '20180101',"
                               " '20181231') where concepto is null"),

@@ -30,7 +30,9 @@ const QString kSeguro =
 struct Medios {
     Medios() {
         arme_libro_al_azar(s.base.base());
-        s.base.ejecute({"update terceros set terc_dir = 'Calle 1', ciud_cod = '11001'"});
+        s.base.ejecute({"update terceros set terc_dir = 'Calle 1', ciud_cod = '11001'",
+                        "update terceros set terc_apellido1 = 'Peña', terc_nombre1 = 'María' where "
+                        "terc_nit = '52345678'"});
     }
     Tfmediosmag13*
     abra(const QString& formato = "1001 Pagos o abonos en cuenta y retenciones (v. 9)") {
