@@ -133,10 +133,10 @@ void FormaMedio::FormCreate() {
 }
 
 void FormaMedio::EAnoExit() {
+    if (ano() != ano_a_la_vista_ && !suelte_filas())
+        EAno->setText(ano_a_la_vista_);
     FecIni->setText(ano() + "0101");
     FecFin->setText(ano() + "1231");
-    if (ano() != ano_a_la_vista_)
-        suelte_filas();
 }
 
 QString FormaMedio::ano() const {
@@ -254,9 +254,13 @@ bool FormaMedio::relea() {
     return true;
 }
 
-void FormaMedio::suelte_filas() {
-    if (CMedmagdata->Active() && grabe_cambios())
-        CMedmagdata->Close();
+bool FormaMedio::suelte_filas() {
+    if (!CMedmagdata->Active())
+        return true;
+    if (!grabe_cambios())
+        return false;
+    CMedmagdata->Close();
+    return true;
 }
 
 bool FormaMedio::FormClose() {

@@ -65,8 +65,9 @@ protected:
     QString ruta() const;
     /// Graba lo que se digitó. Falso si algo no se pudo; la falla ya se dijo.
     bool grabe_cambios();
-    /// Cambió de qué son las filas: las que hay a la vista ya no lo son.
-    void suelte_filas();
+    /// Va a cambiar de qué son las filas: las que hay a la vista ya no lo serán. Falso si no se
+    /// pudo grabar lo digitado en ellas: siguen ahí y lo que se escogió no cambia.
+    bool suelte_filas();
     /// Las filas pudieron cambiar en otra pantalla: las lee de nuevo, en la misma. Falso si algo de
     /// lo digitado no se pudo grabar.
     bool relea();

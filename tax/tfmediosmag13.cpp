@@ -157,9 +157,15 @@ QString Tfmediosmag13::del_formato(const char* campo) const {
 }
 
 void Tfmediosmag13::LFormatoExit() {
-    if (!CFtomediosm->Active() || !CFtomediosm->Locate("MEDM_NOMBRE", {LFormato->currentText()}))
+    if (!CFtomediosm->Active())
         return;
-    suelte_filas();
+    if (!suelte_filas()) {
+        const QSignalBlocker callada(LFormato);
+        LFormato->setCurrentText(del_formato("MEDM_NOMBRE"));
+        return;
+    }
+    if (!CFtomediosm->Locate("MEDM_NOMBRE", {LFormato->currentText()}))
+        return;
     formato_ = del_formato("MEDM_FORMATO").toInt();
     calculanombre();
     const auto formato = formato_medio(codigo().toInt(), del_formato("MEDM_VERSION"));

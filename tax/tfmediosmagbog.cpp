@@ -169,7 +169,12 @@ void Tfmediosmagbog::EAnoExit() {
 }
 
 void Tfmediosmagbog::LFormatoExit() {
-    suelte_filas();
+    if (!suelte_filas()) {
+        const QSignalBlocker callada(LFormato);
+        LFormato->setCurrentIndex(LFormato->findData(a_la_vista_));
+        return;
+    }
+    a_la_vista_ = articulo();
     Ubicacion->setText(hay_formato()
                            ? QStringLiteral("Articulo_%1_%2.csv").arg(articulo()).arg(ano())
                            : QString());
@@ -227,8 +232,8 @@ void Tfmediosmagbog::prepare_calculo() {
 // ---------------------------------------------------------------- órdenes
 
 void Tfmediosmagbog::SBGrabarClick() {
-    suelte_filas();
-    pantallas().abrir("Tfmeddisctas");
+    if (suelte_filas())
+        pantallas().abrir("Tfmeddisctas");
 }
 
 void Tfmediosmagbog::SpeedButton3Click() {
@@ -247,7 +252,9 @@ void Tfmediosmagbog::SpeedButton3Click() {
     AvanceTrabajo avance(this, "Grabando " + ruta(), CMedmagdata->RecordCount());
     const ResultadoMedio r = escriba_articulo(articulo(), ano(), ruta(), filas,
                                               [&](qint64 hechos) { return avance.siga(hechos); });
-    fdm().mostrar_advertencia(r.cancelado ? QStringLiteral("Grabación cancelada: el archivo no "
-                                                           "quedó.")
-                                          : "Se grabó " + ruta());
+    fdm().mostrar_advertencia(r.cancelado
+                                  ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
+                                  : QStringLiteral("Se grabó %1, con %2 filas.")
+                                        .arg(ruta())
+                                        .arg(CMedmagdata->RecordCount()));
 }

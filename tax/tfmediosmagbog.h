@@ -37,4 +37,5 @@ private:
     int articulo() const;
 
     QString ano_listado_;
+    int a_la_vista_ = 0; ///< el artículo de las filas
 };

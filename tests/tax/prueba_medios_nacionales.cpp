@@ -79,6 +79,7 @@ private slots:
     void lo_incompleto_se_muestra_antes_y_abre_el_tercero();
     void corregir_el_tercero_pone_al_dia_sus_filas_y_el_archivo();
     void dos_que_calculan_a_la_vez_no_duplican_las_filas();
+    void lo_que_no_se_pudo_grabar_no_se_va_con_otro_formato();
     void la_configuracion_muestra_las_cuentas_de_su_formato_data();
     void la_configuracion_muestra_las_cuentas_de_su_formato();
     void un_concepto_nuevo_con_sus_cuentas_se_graba();
@@ -357,6 +358,40 @@ void PruebaMediosNacionales::dos_que_calculan_a_la_vez_no_duplican_las_filas() {
                                  "medios_magneticos_datos"));
     QCOMPARE(QString::number(p->CMedmagdata->RecordCount()), m.filas());
     QVERIFY(valores_de(*p->CMedmagdata, "MEMG_PAGO").contains("5"));
+}
+
+void PruebaMediosNacionales::lo_que_no_se_pudo_grabar_no_se_va_con_otro_formato() {
+    Medios m;
+    auto* p = m.abra();
+    oprima(Qt::Key_F2);
+    const QString escogido = p->LFormato->currentText();
+    m.s.base.ejecute({"create exception no_se_puede 'No se puede ahora.'",
+                      "create trigger rechace for medios_magneticos_datos before update as begin "
+                      "if (exists(select 1 from medios_magneticos_datos where memg_formato = 1)) "
+                      "then exception no_se_puede; end",
+                      "insert into medios_magneticos_datos (memg_formato, memg_ano, memg_item) "
+                      "values (1, '1', 1)"});
+    p->CMedmagdata->Edit();
+    p->CMedmagdata->FieldByName("MEMG_PAGO") = "1234";
+    p->CMedmagdata->Post();
+    Interlocutor i;
+    for (int vez = 0; vez < 2; ++vez)
+        i.espere_comienzo("No se puede ahora.");
+    p->LFormato->setCurrentText("1009 Saldo de cuentas por pagar (v. 7)");
+    QCOMPARE(p->LFormato->currentText(), escogido);
+    llene(p, "EAno", "2016");
+    oprima(Qt::Key_Tab);
+    QCOMPARE(p->EAno->text() + p->FecIni->text(), QString("201720170101"));
+    QVERIFY(p->CMedmagdata->Active());
+    QVERIFY(valores_de(*p->CMedmagdata, "MEMG_PAGO").contains("1234"));
+    // Cuando ya se puede, se graba donde era.
+    m.s.base.ejecute({"delete from medios_magneticos_datos where memg_formato = 1"});
+    p->LFormato->setCurrentText("1009 Saldo de cuentas por pagar (v. 7)");
+    QVERIFY(!p->CMedmagdata->Active());
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCOMPARE(m.s.dato("select count(*) from medios_magneticos_datos where memg_formato = 10019 and "
+                      "memg_pago = 1234"),
+             QString("1"));
 }
 
 void PruebaMediosNacionales::la_configuracion_muestra_las_cuentas_de_su_formato_data() {
