@@ -312,9 +312,13 @@ void PruebaMediosNacionales::corregir_el_tercero_pone_al_dia_sus_filas_y_el_arch
     const QString importe = c.FieldByName("MEMG_PAGO").texto();
     c.Edit();
     c.FieldByName("MEMG_RAZONSOCIAL") = "Andina en liquidación";
+    c.FieldByName("MEMG_DV") = "7";
     m.grabe(p);
     auto* r = qobject_cast<Tfrevisamedio*>(m.s.escritorio.activa());
-    QVERIFY(r && r->CProblemas->Locate("NIT", {"800456789"}));
+    QVERIFY(r && r->CProblemas->Locate("NIT;CAUSA",
+                                       {"800456789", "El dígito de verificación no es el del NIT: "
+                                                     "es 1."}));
+    QVERIFY(r->CProblemas->Locate("NIT;CAUSA", {"800456789", "Falta la dirección."}));
     oprima(Qt::Key_Return);
     Pantalla* ficha = m.s.escritorio.activa();
     QCOMPARE(ficha->objectName(), QString("Tfmodtercero"));
@@ -322,7 +326,7 @@ void PruebaMediosNacionales::corregir_el_tercero_pone_al_dia_sus_filas_y_el_arch
     oprima(Qt::Key_F2);
     agote_eventos();
     QCOMPARE(m.s.escritorio.activa(), r);
-    QVERIFY(!r->CProblemas->Locate("NIT", {"800456789"}));
+    QVERIFY(!r->CProblemas->Locate("NIT;CAUSA", {"800456789", "Falta la dirección."}));
     const QString dijo = r->LResumen->text();
     QVERIFY2(dijo.contains("Se actualizó el tercero 800456789 en las filas guardadas (") &&
                  dijo.contains("): dirección. Los importes no cambian."),
