@@ -164,6 +164,7 @@ private slots:
     void todas_las_columnas_de_los_formatos_sembrados();
     void juntar_las_cuantias_menores_conserva_cada_columna();
     void el_iva_devuelto_no_es_el_que_la_declaracion_cruza();
+    void las_devoluciones_no_bajan_los_ingresos_brutos();
     void el_1003_lleva_base_y_retencion_y_el_1011_una_fila_por_concepto();
     void el_cuadre_compara_cada_columna_y_dice_lo_digitado_a_mano();
 
@@ -396,6 +397,21 @@ void PruebaMediosColumnas::el_iva_devuelto_no_es_el_que_la_declaracion_cruza() {
     QCOMPARE(filas(10057, columnas), QString("800456789|700|0|0\n900123456|0|0|190"));
     QCOMPARE(filas(10067, columnas), QString("800456789|0|0|70\n900123456|1900|0|0"));
     QCOMPARE(filas(10068, columnas), QString("800456789|0|0|70\n900123456|1900|80|0"));
+}
+
+void PruebaMediosColumnas::las_devoluciones_no_bajan_los_ingresos_brutos() {
+    cree_cuentas({"417505"});
+    const QString cliente = "900123456";
+    grabe(base(), {901, "000901", "20170310", {{1, "413505", 0, 6000000, cliente}}});
+    grabe(base(), {902, "000902", "20170311", {{1, "417505", 1000000, 0, cliente}}});
+    for (const char* p : {"medio_1007_v8", "medio_1007_v9"})
+        base().ejecute(QString("execute procedure %1('20170101', '20171231')").arg(p));
+    for (int formato : {10078, 10079})
+        QCOMPARE(filas(formato, "memg_concepto, memg_nit, memg_pago, memg_retencion"),
+                 QString("4001|900123456|6000000|1000000"));
+    QCOMPARE(filas_de(base(), "select cuenta from cuadre_medio(10079, '2017', '20170101', "
+                              "'20171231') where concepto is null"),
+             QString());
 }
 
 void PruebaMediosColumnas::el_1003_lleva_base_y_retencion_y_el_1011_una_fila_por_concepto() {
