@@ -66,6 +66,7 @@ FormaMedio::FormaMedio(const DatosFormaMedio& datos)
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->orden_local = true;
     DBGridEh1->texto_vacio = "No hay filas: F2 consulta o calcula las del formato y el año.";
+    DBGridEh1->setProperty("avisa_cerrada", true); // nace sin consultar, y lo dice
     DBGridEh1->nombre_archivo = "Medios";
     DBGridEh1->filtro_archivo =
         "Archivo texto (*.txt)|*.TXT|Valores separados por comas (*.csv)|*.CSV|Libro de Microsoft "
@@ -132,10 +133,10 @@ void FormaMedio::FormCreate() {
 }
 
 void FormaMedio::EAnoExit() {
+    if (ano() != ano_a_la_vista_ && !suelte_filas())
+        EAno->setText(ano_a_la_vista_);
     FecIni->setText(ano() + "0101");
     FecFin->setText(ano() + "1231");
-    if (ano() != ano_a_la_vista_)
-        suelte_filas();
 }
 
 QString FormaMedio::ano() const {
@@ -149,12 +150,12 @@ QString FormaMedio::ruta() const {
 // ---------------------------------------------------------------- consulta y cálculo
 
 void FormaMedio::SpeedButton5Click() {
-    if (!hay_formato()) {
-        fdm().mostrar_advertencia("El año no tiene formatos: F8 los configura.");
-        return;
-    }
     if (!revise_fechas() || !grabe_cambios())
         return;
+    if (!hay_formato()) {
+        ofrezca_formatos();
+        return;
+    }
     PanelAdvertencia->show();
     abre_query();
 }
@@ -197,9 +198,17 @@ void FormaMedio::abre_query() {
     if (!hay || confirme_recalculo()) {
         fdm().mostrar_mensaje();
         prepare_calculo();
-        // Borrar y calcular van juntos: si el cálculo falla, lo guardado sigue ahí.
+        // Borrar y calcular van juntos: si el cálculo falla, lo guardado sigue ahí. De dos que lo
+        // calculan a la vez, el segundo espera y muestra lo del primero.
         fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
             Conexion& base = fdm().Quorvex;
+            Cursor(base.prepare(candado(), t), t, {}).siguiente();
+            if (!hay &&
+                Cursor(base.prepare(
+                           "select first 1 1 from " + datos_.tabla + " where " + condicion(), t),
+                       t, {})
+                    .siguiente())
+                return;
             if (hay)
                 base.prepare("delete from " + datos_.tabla + " where " + condicion(), t)
                     ->ejecute(t, {});
@@ -232,9 +241,26 @@ bool FormaMedio::grabe_cambios() {
     return CMedmagdata->ChangeCount() == 0;
 }
 
-void FormaMedio::suelte_filas() {
-    if (CMedmagdata->Active() && grabe_cambios())
-        CMedmagdata->Close();
+bool FormaMedio::relea() {
+    if (!grabe_cambios())
+        return false;
+    if (!CMedmagdata->Active())
+        return true;
+    const Valor item = CMedmagdata->FieldByName(datos_.columna).valor();
+    CMedmagdata->Reabra();
+    CMedmagdata->FetchAll();
+    if (!item.nulo())
+        CMedmagdata->Locate(datos_.columna, {item});
+    return true;
+}
+
+bool FormaMedio::suelte_filas() {
+    if (!CMedmagdata->Active())
+        return true;
+    if (!grabe_cambios())
+        return false;
+    CMedmagdata->Close();
+    return true;
 }
 
 bool FormaMedio::FormClose() {

@@ -42,8 +42,12 @@ protected:
     virtual QString codigo() const = 0;
     /// La orden que llena la tabla.
     virtual QString calculo() const = 0;
+    /// Toma la fila del formato: quien lo calcule a la vez espera.
+    virtual QString candado() const = 0;
     /// Hay un formato escogido.
     virtual bool hay_formato() const { return true; }
+    /// F2 sin ninguno.
+    virtual void ofrezca_formatos() {}
     /// Lo que el cálculo necesita ya guardado.
     virtual void prepare_calculo() {}
     virtual void SBGrabarClick() = 0;
@@ -61,8 +65,13 @@ protected:
     QString ruta() const;
     /// Graba lo que se digitó. Falso si algo no se pudo; la falla ya se dijo.
     bool grabe_cambios();
-    /// Cambió de qué son las filas: las que hay a la vista ya no lo son.
-    void suelte_filas();
+    /// Va a cambiar de qué son las filas: las que hay a la vista ya no lo serán. Falso si no se
+    /// pudo grabar lo digitado en ellas: siguen ahí y lo que se escogió no cambia.
+    bool suelte_filas();
+    /// Las filas pudieron cambiar en otra pantalla: las lee de nuevo, en la misma. Falso si algo de
+    /// lo digitado no se pudo grabar.
+    bool relea();
+    bool revise_fechas();
     /// El siguiente consecutivo para una fila nueva.
     int siguiente_item();
 
@@ -70,7 +79,6 @@ private:
     void SpeedButton5Click();
     void SpeedButton2Click();
     void SpeedButton1Click();
-    bool revise_fechas();
     bool hay_guardadas();
     bool confirme_recalculo();
 

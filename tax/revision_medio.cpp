@@ -1,5 +1,28 @@
 #include "tax/revision_medio.h"
 
+#include "sesion/tfdmter.h"
+
+namespace {
+
+/// Los NIT con un dígito de verificación que no es el suyo: la administración devuelve el archivo.
+void agregue_digitos_errados(Conexion& base, int formato, const QString& ano,
+                             QVector<ProblemaMedio>& todos) {
+    const auto c = base.abra("select memg_item, memg_concepto, memg_nit, memg_razonsocial, memg_dv "
+                             "from medios_magneticos_datos where memg_formato = ? and memg_ano = ? "
+                             "and memg_tipodoc = 31 and memg_dv <> '' order by memg_item",
+                             {Valor(formato), Valor(ano)});
+    while (c->siguiente()) {
+        const QString nit = c->valor(2).texto();
+        const QString digito = QString::number(Tfdmter::dv(nit));
+        if (digito != c->valor(4).texto())
+            todos << ProblemaMedio{
+                int(c->valor(0).entero()), c->valor(1).texto(), nit, c->valor(3).texto(),
+                "El dígito de verificación no es el del NIT: es " + digito + '.'};
+    }
+}
+
+} // namespace
+
 QVector<ProblemaMedio> revise_medio(Conexion& base, int formato, const QString& ano) {
     QVector<ProblemaMedio> todos;
     for (auto c = base.abra(QStringLiteral("select item, concepto, nit, nombre, causa from "
@@ -9,6 +32,7 @@ QVector<ProblemaMedio> revise_medio(Conexion& base, int formato, const QString& 
          c->siguiente();)
         todos << ProblemaMedio{int(c->valor(0).entero()), c->valor(1).texto(), c->valor(2).texto(),
                                c->valor(3).texto(), c->valor(4).texto()};
+    agregue_digitos_errados(base, formato, ano, todos);
     return todos;
 }
 

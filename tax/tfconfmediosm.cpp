@@ -7,6 +7,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QRegularExpression>
 #include <array>
 
 namespace {
@@ -91,8 +92,8 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
     DBGridEh1->lista(DBGridEh1->columna_de("COME_NATUR"), {"D", "C"});
     DBGridEh2->lista(DBGridEh2->columna_de("MMCU_NATUR"),
                      {"Débito", "Crédito", "Solo débitos", "Solo créditos", "Débito con tercero",
-                      "No se reporta"},
-                     {"D", "C", "B", "R", "T", "N"});
+                      "Impuesto al consumo", "No se reporta"},
+                     {"D", "C", "B", "R", "T", "I", "N"});
     maestro_->BeforePost = [this] { CCambiositBeforePost(); };
     maestro_->AfterInsert = [this] { CCambiositAfterInsert(); };
     detalle_->AfterInsert = [this] { CmmcuentasAfterInsert(); };
@@ -143,9 +144,14 @@ void Tfconfmediosm::CCambiositAfterInsert() {
 }
 
 void Tfconfmediosm::CCambiositBeforePost() {
-    if (!maestro_->FieldByName("COME_RESPUESTA").vacio())
+    static const QRegularExpression numero("^[0-9]{1,4}$");
+    const QString concepto = maestro_->FieldByName("COME_RESPUESTA").texto();
+    if (numero.match(concepto).hasMatch())
         return;
-    muestre_mensaje("Debe indicar la cuenta y concepto del tipo de registro");
+    muestre_mensaje(concepto.isEmpty()
+                        ? "Debe indicar la cuenta y concepto del tipo de registro"
+                        : "El concepto es un número de hasta cuatro cifras, como 5002; cero en los "
+                          "formatos que no llevan concepto.");
     throw EdicionAbortada();
 }
 

@@ -2,10 +2,15 @@
 
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
+#include "tax/articulos_distrito.h"
 #include "tax/cuentas_configuradas.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/rejilla/rejilla.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSpinBox>
 
 namespace {
 const char* const kCuentas[] = {"MMDC_CUENTA", "MMDC_CTASALDO", "MMDC_CTADEV"};
@@ -30,6 +35,7 @@ Tfmeddisctas::Tfmeddisctas(Consultas consultas)
     consultas.articulos->setParent(this);
     consultas.cuentas->setParent(this);
     defina_campos();
+    QWidget* copia = cree_copia();
     arme({"Artículos",
           {{"MMDI_ANO", "Año", 6},
            {"MMDI_ARTICULO", "Cód.", 6},
@@ -40,7 +46,8 @@ Tfmeddisctas::Tfmeddisctas(Consultas consultas)
            {"MMDI_PROCEDIMIENTO", "Procedimiento", 16},
            {"MMDI_NATUR", "D/C", 5},
            {"MMDI_INCSALDO", "Inc.Saldo", 8, Casilla}},
-          6},
+          6,
+          copia},
          {"Cuentas del artículo",
           {{"MMDC_CUENTA", "Cuenta Mov.", 13},
            {"MMDC_CTASALDO", "Cuenta Saldo", 13},
@@ -63,6 +70,8 @@ Tfmeddisctas::Tfmeddisctas(Consultas consultas)
     detalle_->BeforePost = [this] { CmmcuentasBeforePost(); };
     barra_->principal(barra_->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
                                     [this] { SBGrabarClick(); }));
+    barra_->boton("SBCopiar", "F6:Copiar año", "edit-copy", Qt::Key_F6,
+                  [this] { SBCopiarClick(); });
     barra_->separe();
     barra_->boton("SBCancelar", "Esc:Salir", "window-close", Qt::Key_Escape,
                   [this] { cancele_y_cierre(); });
@@ -89,9 +98,29 @@ void Tfmeddisctas::defina_campos() {
                        existe_o_se_crea);
 }
 
+QWidget* Tfmeddisctas::cree_copia() {
+    EAnoNuevo = new QSpinBox(this);
+    EAnoNuevo->setObjectName("EAnoNuevo");
+    EAnoNuevo->setRange(1990, 9999);
+    EAnoNuevo->setAccessibleName("Año al que se copian");
+    auto* rotulo = new QLabel("F6 copia los artículos del año señalado al año:", this);
+    rotulo->setBuddy(EAnoNuevo);
+    auto* fila = new QWidget(this);
+    auto* caja = new QHBoxLayout(fila);
+    caja->setContentsMargins(0, 0, 0, 0);
+    caja->addWidget(rotulo);
+    caja->addWidget(EAnoNuevo);
+    caja->addStretch(1);
+    return fila;
+}
+
 void Tfmeddisctas::FormCreate() {
     fdm().ConfigurarProviders(this);
     maestro_->Open();
+    maestro_->Last();
+    EAnoNuevo->setValue(
+        qMax(fdmcnt().ano_actual.toInt(), maestro_->FieldByName("MMDI_ANO").texto().toInt() + 1));
+    maestro_->First();
     DBGridEh1->setFocus();
 }
 
@@ -127,4 +156,28 @@ void Tfmeddisctas::SBGrabarClick() {
     for (ConjuntoDatos* c : {detalle_, maestro_})
         c->CheckBrowseMode();
     maestro_->ApplyUpdates(0);
+}
+
+void Tfmeddisctas::SBCopiarClick() {
+    SBGrabarClick(); // también se copia lo que se acaba de digitar
+    if (maestro_->ChangeCount() > 0 || maestro_->IsEmpty())
+        return;
+    const QString desde = maestro_->FieldByName("MMDI_ANO").texto(), hasta = EAnoNuevo->text();
+    const QString articulos = "artículos de " + desde;
+    if (desde == hasta) {
+        fdm().mostrar_advertencia("Indique a qué otro año se copian los " + articulos + '.');
+        EAnoNuevo->setFocus();
+        return;
+    }
+    const int copiados = copie_articulos(fdm().Quorvex, desde, hasta);
+    if (!copiados) {
+        fdm().mostrar_advertencia("El año " + hasta + " ya tiene todos los " + articulos + '.');
+        return;
+    }
+    maestro_->Reabra();
+    maestro_->Locate("MMDI_ANO", {hasta});
+    DBGridEh1->setFocus();
+    fdm().mostrar_advertencia(QStringLiteral("Se copiaron %1 %2 al año %3 con sus cuentas.")
+                                  .arg(copiados)
+                                  .arg(articulos, hasta));
 }

@@ -1,11 +1,14 @@
 #pragma once
-// Artículos de la información distrital y las cuentas de cada uno.
+// Artículos de la información distrital y las cuentas de cada uno. Los de un año se copian a otro.
 #include "catalogues/maestro_detalle.h"
+
+class QSpinBox;
 
 class Tfmeddisctas : public MaestroDetalle {
     Q_OBJECT
 public:
     Tfmeddisctas();
+    QSpinBox* EAnoNuevo; ///< a cuál se copian los del año señalado
     void FormCreate() override;
 
 private:
@@ -19,4 +22,6 @@ private:
     void CmmcuentasAfterInsert();
     void CmmcuentasBeforePost();
     void SBGrabarClick();
+    QWidget* cree_copia();
+    void SBCopiarClick();
 };

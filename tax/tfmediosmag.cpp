@@ -14,7 +14,19 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QToolButton>
+
+namespace {
+
+/// "NOMBRE_CUENTA": "Nombre cuenta"; una sigla queda como está.
+QString titulo_de(const QString& columna) {
+    if (columna.size() <= 3)
+        return columna;
+    return columna.left(1) + columna.mid(1).toLower().replace('_', ' ');
+}
+
+} // namespace
 
 Tfmediosmag::Tfmediosmag() : Pantalla("Tfmediosmag", "Inf. Exógena CSV") {
     auto* listados = new Sentencia(this, "QListados", fdm().Quorvex,
@@ -60,6 +72,7 @@ void Tfmediosmag::arme() {
     DBGridEh1->ReadOnly = true;
     DBGridEh1->orden_local = true;
     DBGridEh1->texto_vacio = "No hay filas: F2 consulta el listado entre las dos fechas.";
+    DBGridEh1->setProperty("avisa_cerrada", true); // nace sin consultar, y lo dice
     DBGridEh1->nombre_archivo = "Exogena";
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     DBGridEh1->menu_emergente(
@@ -96,21 +109,32 @@ bool Tfmediosmag::FormClose() {
     return true;
 }
 
-void Tfmediosmag::abre_query() {
+bool Tfmediosmag::abre_query() {
+    static const QRegularExpression fecha("^[0-9]{4}(0[1-9]|1[0-4])(0[1-9]|[12][0-9]|3[01])$");
+    for (QLineEdit* f : {FecIni, FecFin})
+        if (!fecha.match(f->text()).hasMatch()) {
+            fdm().mostrar_advertencia("\"" + f->text() + "\" no es una fecha: use aaaammdd.");
+            f->setFocus();
+            return false;
+        }
     if (!CListados->Locate("MM14_NOMBRE", {LFormato->currentText()}))
-        return;
+        return false;
     CMedmagdata->Open("select * from " +
                       procedimiento(CListados->FieldByName("MM14_PROCEDIMIENTO").texto()) + '(' +
                       QuotedStr(FecIni->text()) + ',' + QuotedStr(FecFin->text()) + ')');
+    for (int i = 0; i < CMedmagdata->FieldCount(); ++i) {
+        Campo& campo = CMedmagdata->Fields(i);
+        campo.etiqueta(titulo_de(campo.FieldName));
+        if (campo.clase == ClaseCampo::Decimal)
+            campo.formato("#,##0.00");
+    }
     DBGridEh1->columnas_del_conjunto();
+    return true;
 }
 
 bool Tfmediosmag::exija_nombre() {
-    if (!Ubicacion->text().trimmed().isEmpty()) {
-        if (!CMedmagdata->Active())
-            abre_query();
-        return true;
-    }
+    if (!Ubicacion->text().trimmed().isEmpty())
+        return CMedmagdata->Active() || abre_query();
     muestre_mensaje("Debe indicar el nombre del archivo a generar.");
     Ubicacion->setFocus();
     return false;

@@ -19,7 +19,8 @@ public:
 
     void FormCreate() override;
     bool FormClose() override;
-    void abre_query();
+    /// Falso si una fecha no lo es; ya se dijo.
+    bool abre_query();
 
 private:
     void arme();

@@ -17,6 +17,7 @@
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <utility>
 
 namespace {
 
@@ -144,6 +145,11 @@ void Tfmediosmag13::FormCreate() {
     LFormatoExit();
 }
 
+void Tfmediosmag13::FormActivate() {
+    if (std::exchange(revisado_, false))
+        relea();
+}
+
 // ---------------------------------------------------------------- formato y nombre
 
 QString Tfmediosmag13::del_formato(const char* campo) const {
@@ -151,9 +157,15 @@ QString Tfmediosmag13::del_formato(const char* campo) const {
 }
 
 void Tfmediosmag13::LFormatoExit() {
-    if (!CFtomediosm->Active() || !CFtomediosm->Locate("MEDM_NOMBRE", {LFormato->currentText()}))
+    if (!CFtomediosm->Active())
         return;
-    suelte_filas();
+    if (!suelte_filas()) {
+        const QSignalBlocker callada(LFormato);
+        LFormato->setCurrentText(del_formato("MEDM_NOMBRE"));
+        return;
+    }
+    if (!CFtomediosm->Locate("MEDM_NOMBRE", {LFormato->currentText()}))
+        return;
     formato_ = del_formato("MEDM_FORMATO").toInt();
     calculanombre();
     const auto formato = formato_medio(codigo().toInt(), del_formato("MEDM_VERSION"));
@@ -210,6 +222,11 @@ QString Tfmediosmag13::calculo() const {
            QuotedStr(FecIni->text()) + ", " + QuotedStr(FecFin->text()) + ')';
 }
 
+QString Tfmediosmag13::candado() const {
+    return "select 1 from MEDIOSMAG_ARCHIVOS where MEDM_FORMATO = " + QString::number(formato_) +
+           " with lock";
+}
+
 void Tfmediosmag13::CMedmagdataAfterInsert() {
     CMedmagdata->FieldByName("MEMG_FORMATO") = formato_;
     CMedmagdata->FieldByName("MEMG_ANO") = ano();
@@ -233,6 +250,7 @@ void Tfmediosmag13::SBGrabarClick() {
 void Tfmediosmag13::revise() {
     if (!grabe_cambios())
         return;
+    revisado_ = true;
     pantallas().abrir("Tfrevisamedio", AbreRevisionMedio{.formato = formato_,
                                                          .nombre = LFormato->currentText(),
                                                          .ano = ano(),
@@ -251,6 +269,7 @@ void Tfmediosmag13::SpeedButton3Click() {
         escriba();
         return;
     }
+    revisado_ = true;
     pida("Tfrevisamedio",
          PideRevisionMedio{.formato = formato_,
                            .nombre = LFormato->currentText(),
@@ -258,7 +277,7 @@ void Tfmediosmag13::SpeedButton3Click() {
                            .inicio = FecIni->text(),
                            .final = FecFin->text()},
          [this](bool de_todos_modos) {
-             if (de_todos_modos)
+             if (de_todos_modos && relea())
                  escriba();
          });
 }

@@ -24,12 +24,14 @@ public:
     QSpinBox* NroEnv;
 
     void FormCreate() override;
+    void FormActivate() override;
     void calculanombre();
 
 protected:
     QString condicion() const override;
     QString codigo() const override;
     QString calculo() const override;
+    QString candado() const override;
     void SBGrabarClick() override;
     void SpeedButton3Click() override;
     void EAnoExit() override;
@@ -45,5 +47,6 @@ private:
     QString del_formato(const char* campo) const;
     struct EnvioMedio envio() const;
 
-    int formato_ = 0; ///< MEDM_FORMATO del escogido
+    int formato_ = 0;       ///< MEDM_FORMATO del escogido
+    bool revisado_ = false; ///< la revisión pudo poner filas al día
 };

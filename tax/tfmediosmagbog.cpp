@@ -2,10 +2,12 @@
 
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
+#include "tax/articulos_distrito.h"
 #include "tax/avance.h"
 #include "tax/filas_conjunto.h"
 #include "tax/medio_distrital.h"
 #include "tax/procedimiento.h"
+#include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -145,6 +147,7 @@ int Tfmediosmagbog::articulo() const {
 
 void Tfmediosmagbog::liste_articulos() {
     const int antes = articulo();
+    ano_listado_ = ano();
     const QSignalBlocker callada(LFormato);
     LFormato->clear();
     CMeddist->Open("select * from MEDIOSMAG_DISTR where MMDI_ANO = " + QuotedStr(ano()) +
@@ -161,12 +164,20 @@ void Tfmediosmagbog::liste_articulos() {
 
 void Tfmediosmagbog::EAnoExit() {
     FormaMedio::EAnoExit();
-    liste_articulos();
+    if (ano() != ano_listado_) // salir del año sin cambiarlo no suelta las filas
+        liste_articulos();
 }
 
 void Tfmediosmagbog::LFormatoExit() {
-    suelte_filas();
-    Ubicacion->setText(QStringLiteral("Articulo_%1_%2.csv").arg(articulo()).arg(ano()));
+    if (!suelte_filas()) {
+        const QSignalBlocker callada(LFormato);
+        LFormato->setCurrentIndex(LFormato->findData(a_la_vista_));
+        return;
+    }
+    a_la_vista_ = articulo();
+    Ubicacion->setText(hay_formato()
+                           ? QStringLiteral("Articulo_%1_%2.csv").arg(articulo()).arg(ano())
+                           : QString());
     CentroBogota->setText(CMeddist->Locate("MMDI_ARTICULO", {articulo()})
                               ? CMeddist->FieldByName("MMDI_PROY").texto()
                               : QString());
@@ -192,6 +203,26 @@ QString Tfmediosmagbog::calculo() const {
            ", " + QuotedStr(NitShd->text().trimmed()) + ')';
 }
 
+QString Tfmediosmagbog::candado() const {
+    return "select 1 from MEDIOSMAG_DISTR where " + condicion() + " with lock";
+}
+
+void Tfmediosmagbog::ofrezca_formatos() {
+    const QString otro = ano_con_articulos(fdm().Quorvex, ano());
+    if (otro.isEmpty()) {
+        fdm().mostrar_advertencia("El año no tiene artículos: F8 los configura.");
+        return;
+    }
+    if (!pregunte(QStringLiteral("El año %1 no tiene artículos. Desea copiar los de %2, con sus "
+                                 "cuentas?")
+                      .arg(ano(), otro)))
+        return;
+    copie_articulos(fdm().Quorvex, otro, ano());
+    liste_articulos();
+    fdm().mostrar_advertencia("Se copiaron los artículos de " + otro +
+                              ": revise con F8 sus mínimos y sus cuentas.");
+}
+
 void Tfmediosmagbog::prepare_calculo() {
     // El centro es del artículo: queda guardado con él.
     fdm().Quorvex.ejecute("update MEDIOSMAG_DISTR set MMDI_PROY = " +
@@ -201,8 +232,8 @@ void Tfmediosmagbog::prepare_calculo() {
 // ---------------------------------------------------------------- órdenes
 
 void Tfmediosmagbog::SBGrabarClick() {
-    suelte_filas();
-    pantallas().abrir("Tfmeddisctas");
+    if (suelte_filas())
+        pantallas().abrir("Tfmeddisctas");
 }
 
 void Tfmediosmagbog::SpeedButton3Click() {
@@ -212,11 +243,18 @@ void Tfmediosmagbog::SpeedButton3Click() {
     }
     if (!grabe_cambios())
         return;
+    FilasDistrito revisadas(*CMedmagdata);
+    const QString falta = por_corregir_articulo(articulo(), revisadas);
+    if (!falta.isEmpty() && !pregunte_con_no("Hay filas por corregir: " + falta +
+                                             ". Desea grabar el archivo de todos modos?"))
+        return;
     FilasDistrito filas(*CMedmagdata);
     AvanceTrabajo avance(this, "Grabando " + ruta(), CMedmagdata->RecordCount());
     const ResultadoMedio r = escriba_articulo(articulo(), ano(), ruta(), filas,
                                               [&](qint64 hechos) { return avance.siga(hechos); });
-    fdm().mostrar_advertencia(r.cancelado ? QStringLiteral("Grabación cancelada: el archivo no "
-                                                           "quedó.")
-                                          : "Se grabó " + ruta());
+    fdm().mostrar_advertencia(r.cancelado
+                                  ? QStringLiteral("Grabación cancelada: el archivo no quedó.")
+                                  : QStringLiteral("Se grabó %1, con %2 filas.")
+                                        .arg(ruta())
+                                        .arg(CMedmagdata->RecordCount()));
 }

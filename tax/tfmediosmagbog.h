@@ -24,7 +24,9 @@ protected:
     void SBGrabarClick() override;
     void SpeedButton3Click() override;
     void EAnoExit() override;
+    QString candado() const override;
     bool hay_formato() const override { return articulo() > 0; }
+    void ofrezca_formatos() override;
     void prepare_calculo() override;
 
 private:
@@ -33,4 +35,7 @@ private:
     void liste_articulos();
     void LFormatoExit();
     int articulo() const;
+
+    QString ano_listado_;
+    int a_la_vista_ = 0; ///< el artículo de las filas
 };

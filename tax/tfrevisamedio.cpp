@@ -14,6 +14,8 @@
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -105,22 +107,54 @@ void Tfrevisamedio::FormCreate() {
         quite_tecla(Qt::Key_F5);
         pedido_ = peticion<AbreRevisionMedio>();
     }
-    CProblemas->CreateDataSet();
-    CCuadre->CreateDataSet();
     lea();
 }
 
 void Tfrevisamedio::FormActivate() {
+    if (!nit_abierto_.isEmpty())
+        ponga_al_dia();
     DBGridEh1->setFocus();
 }
 
-void Tfrevisamedio::lea() {
-    QString resumen = pedido_.nombre + ", año " + pedido_.ano + ". ";
+void Tfrevisamedio::ponga_al_dia() {
+    const QString nit = std::exchange(nit_abierto_, {});
+    const FilasCorregidas r = corrija_filas_del_tercero(fdm().Quorvex, pedido_.formato, pedido_.ano,
+                                                        nit, identificacion_);
+    if (r.columnas.isEmpty() && !r.recalcular)
+        return;
+    QStringList datos;
+    for (const QString& columna : r.columnas)
+        datos << columna_en_palabras(columna);
+    QString aviso = r.filas ? QStringLiteral("Se actualizó el tercero %1 en las filas guardadas "
+                                             "(%2): %3. Los importes no cambian. ")
+                                  .arg(nit)
+                                  .arg(r.filas)
+                                  .arg(datos.join(", "))
+                            : QString();
+    if (r.recalcular)
+        aviso += "Cambió su país o su régimen de IVA: recalcule para que sus retenciones queden en "
+                 "la columna que les toca. ";
+    if (!pedido_.archivos.isEmpty())
+        aviso += "Los archivos ya grabados siguen con lo anterior: grábelos otra vez. ";
+    const int fila = CProblemas->RecNo();
+    lea(aviso);
+    if (!CProblemas->IsEmpty())
+        CProblemas->vaya_a(qBound(0, fila, CProblemas->RecordCount() - 1));
+}
+
+void Tfrevisamedio::lea(const QString& aviso) {
+    for (ConjuntoDatos* c : {CProblemas, CCuadre}) {
+        c->Close();
+        c->CreateDataSet();
+    }
+    QString resumen = pedido_.nombre + ", año " + pedido_.ano + ". " + aviso;
     for (const ProblemaMedio& p : revise_medio(fdm().Quorvex, pedido_.formato, pedido_.ano))
         agregue_problema(p.concepto, p.nit, p.nombre, p.causa);
-    if (trae<PideRevisionMedio>())
-        resumen += "Hay filas que convendría corregir antes de grabar el archivo: en el tercero y "
-                   "recalculando, o a mano en la rejilla.";
+    if (trae<PideRevisionMedio>() && CProblemas->IsEmpty())
+        resumen += "Ya no hay nada por corregir: F5 graba el archivo.";
+    else if (trae<PideRevisionMedio>())
+        resumen += "Hay filas que convendría corregir antes de grabar el archivo: en el tercero "
+                   "(Enter), que pone al día sus filas, o a mano en la rejilla.";
     if (!pedido_.archivos.isEmpty()) {
         const int antes = CProblemas->RecordCount();
         lea_archivos(pedido_.archivos);
@@ -129,8 +163,12 @@ void Tfrevisamedio::lea() {
                         ? QStringLiteral("Cumple el esquema de su formato.")
                         : QStringLiteral("NO cumple el esquema de su formato: corrija y repita."));
     }
-    for (const CuadreMedio& r :
-         cuadre_medio(fdm().Quorvex, pedido_.formato, pedido_.ano, pedido_.inicio, pedido_.final)) {
+    // Lo que no cuadra va primero: no hay que buscarlo.
+    QVector<CuadreMedio> cuadre =
+        cuadre_medio(fdm().Quorvex, pedido_.formato, pedido_.ano, pedido_.inicio, pedido_.final);
+    std::stable_partition(cuadre.begin(), cuadre.end(),
+                          [](const CuadreMedio& r) { return !r.diferencia.es_cero(); });
+    for (const CuadreMedio& r : cuadre) {
         CCuadre->Append();
         CCuadre->FieldByName("CONCEPTO") = r.concepto;
         CCuadre->FieldByName("CUENTA") = r.cuenta;
@@ -163,10 +201,13 @@ void Tfrevisamedio::agregue_problema(const QString& concepto, const QString& nit
 
 void Tfrevisamedio::SBTerceroClick() {
     const QString nit = CProblemas->IsEmpty() ? QString() : CProblemas->FieldByName("NIT").texto();
-    if (nit.isEmpty())
+    if (nit.isEmpty()) {
         QApplication::beep();
-    else
-        pantallas().abrir("Tfmodtercero", AbreTercero{nit});
+        return;
+    }
+    identificacion_ = identificacion_medio(fdm().Quorvex, nit);
+    nit_abierto_ = nit;
+    pantallas().abrir("Tfmodtercero", AbreTercero{nit});
 }
 
 void Tfrevisamedio::SBGrabarClick() {

@@ -1,9 +1,10 @@
 #pragma once
 // Lo que conviene arreglar de un formato antes de enviarlo, y su cuadre con el libro.
 //
-// Con un problema señalado, Enter abre el tercero. Después de grabar dice además lo que los
-// archivos no cumplen de su esquema.
+// Con un problema señalado, Enter abre el tercero; al volver, las filas guardadas toman lo que se
+// haya corregido en él. Después de grabar dice además lo que los archivos no cumplen de su esquema.
 #include "datos/recordset/conjunto.h"
+#include "tax/tercero_corregido.h"
 #include "toolkit/pantalla.h"
 
 class QLabel;
@@ -35,7 +36,8 @@ public:
     void FormActivate() override;
 
 private:
-    void lea();
+    void lea(const QString& aviso = {});
+    void ponga_al_dia();
     void lea_archivos(const QStringList& archivos);
     void agregue_problema(const QString& concepto, const QString& nit, const QString& nombre,
                           const QString& causa);
@@ -43,5 +45,7 @@ private:
     void SBGrabarClick();
 
     AbreRevisionMedio pedido_;
+    QString nit_abierto_; ///< el tercero que se fue a corregir
+    IdentificacionMedio identificacion_;
     QPushButton* SBGrabar;
 };

@@ -216,6 +216,24 @@ void Tfrngcertificados::ajuste_reporte(MotorInformes& motor, const QString& pagi
         motor.fijar_texto("certificaICA.Page1", "DataText17", {});
 }
 
+QString Tfrngcertificados::aviso_sin_tercero() {
+    const Valor suma = fdm().Quorvex.consulte(
+        "select sum(CODE_CREDITO - CODE_DEBITO) from COMPROBANTE_DETALLE where TERC_NIT is null "
+        "and CUEN_COD >= ? and (CUEN_COD <= ? or CUEN_COD starting with ?) and CODE_FECHA between "
+        "? and ?",
+        {Valor(valor("EDesde")), Valor(valor("EHasta")), Valor(valor("EHasta")),
+         Valor(valor("EFecini")), Valor(valor("Efecfin"))});
+    if (suma.nulo() || suma.moneda().es_cero())
+        return {};
+    return "Hay retenciones por " + suma.moneda().formateada() +
+           " en líneas sin tercero: no están en ningún certificado.";
+}
+
+void Tfrngcertificados::antes_de_abrir() {
+    if (const QString aviso = aviso_sin_tercero(); !aviso.isEmpty())
+        fdm().mostrar_advertencia(aviso);
+}
+
 // ---------------------------------------------------------------- un archivo por tercero
 
 QString Tfrngcertificados::carpeta_de_archivos() {
@@ -273,5 +291,6 @@ void Tfrngcertificados::AdvGlowButton1Click() {
     compone_titulo();
     const ResumenArchivos r = grabe_archivos(carpeta + "/Certificado retencion " +
                                              kClases[Ltipo->currentIndex()].archivo);
-    muestre_mensaje(r.texto(carpeta));
+    const QString aviso = aviso_sin_tercero();
+    muestre_mensaje(r.texto(carpeta) + (aviso.isEmpty() ? QString() : '\n' + aviso));
 }

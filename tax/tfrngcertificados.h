@@ -28,6 +28,7 @@ protected:
     QString titulo() override;
     QString reporte() override;
     void ajuste_reporte(MotorInformes& motor, const QString& pagina) override;
+    void antes_de_abrir() override;
 
 private:
     enum class Periodo { Ano, Bimestre, Mes };
@@ -37,6 +38,7 @@ private:
     void ponga_fechas_del_periodo();
     Periodo periodo_de_la_clase() const;
     QString carpeta_de_archivos();
+    QString aviso_sin_tercero();
     ResumenArchivos grabe_archivos(const QString& comienzo);
     void grabe_uno(ConjuntoDatos& filas, const QString& ruta);
 

@@ -9,8 +9,9 @@ SET TERM ^ ;
 -- débitos, "C" sus créditos, "N" el neto sin signo); sin ellas, la base de las líneas. En IVA
 -- retenido BASE es el IVA y BASEIVA lo gravado. PORC, el de la cuenta o el que resulta. NUMERO,
 -- con NUMERAR "S": NUMINI más el puesto del tercero entre todos los que tuvieron retención en las
--- cuentas y el período, así un tercero lleva el mismo número en cualquier tanda. La llama
--- Tfrngcertificados.
+-- cuentas y el período, así un tercero lleva el mismo número en cualquier tanda. Un tercero al que
+-- en total no se le retuvo (la administración a la que se le paga) no lleva certificado, y un
+-- cierre de terceros no quita ni pone retenciones. La llama Tfrngcertificados.
 CREATE OR ALTER PROCEDURE CERTIFICADOS_RETENCION (
   DESDE varchar(20), HASTA varchar(20), TERINI varchar(20), TERFIN varchar(20), FECINI varchar(8),
   FECFIN varchar(8), PRYINI varchar(4), PRYFIN varchar(4), CENINI varchar(4), CENFIN varchar(4),
@@ -37,10 +38,13 @@ BEGIN
         AND D.CODE_FECHA BETWEEN :FECINI AND :FECFIN AND D.TERC_NIT IS NOT NULL
         AND coalesce(D.PROY_COD, '0') BETWEEN :PRYINI AND :PRYFIN
         AND coalesce(D.CENT_COD, '0') BETWEEN :CENINI AND :CENFIN
+        AND NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
       GROUP BY D.TERC_NIT, D.CUEN_COD
       HAVING sum(D.CODE_CREDITO - D.CODE_DEBITO) <> 0),
+    CON_TOTAL AS (
+      SELECT R.*, sum(VALOR) OVER (PARTITION BY TERC_NIT) TOTAL FROM RETENIDO R),
     NUMERADO AS (
-      SELECT R.*, dense_rank() OVER (ORDER BY TERC_NIT) PUESTO FROM RETENIDO R)
+      SELECT T.*, dense_rank() OVER (ORDER BY TERC_NIT) PUESTO FROM CON_TOTAL T WHERE TOTAL > 0)
     SELECT N.TERC_NIT, T.TERC_NOM, T.TERC_DIR, T.TERC_CIU, N.CUEN_COD, C.CUEN_NOM, N.VALOR,
       N.BASE_LINEAS, N.PUESTO, coalesce(C.CUEN_PORC, 0),
       (SELECT sum(decode(F.CFCR_BASE, 'D', B.CODE_DEBITO, 'C', B.CODE_CREDITO,
@@ -48,6 +52,7 @@ BEGIN
         FROM CONFIGURA_CERTRETE F
         JOIN COMPROBANTE_DETALLE B ON B.CUEN_COD STARTING WITH F.CFCR_CTABASE
           AND B.TERC_NIT = N.TERC_NIT AND B.CODE_FECHA BETWEEN :FECINI AND :FECFIN
+          AND NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = B.ENCO_CONSEC)
         WHERE F.CFCR_CUENTA = N.CUEN_COD)
     FROM NUMERADO N
     JOIN TERCEROS T ON T.TERC_NIT = N.TERC_NIT
@@ -71,9 +76,10 @@ BEGIN
 END^
 
 -- Compras de un período por categoría y tercero, con su IVA y sus retenciones. TIPO "C": una fila
--- por categoría, tercero y porcentaje de las líneas; "G": una por categoría y tercero. Las
--- compañeras se toman de los comprobantes que tienen la compra del mismo tercero. La llama
--- Tfrngcertificadet.
+-- por categoría, tercero y porcentaje de las líneas; "G": una por categoría y tercero. Una cuenta
+-- es de la categoría cuyo código sea su comienzo más largo. Cada línea de IVA o de retención (sin
+-- tercero, es del de su comprobante) se cuenta una vez: en la primera categoría del mismo tercero
+-- en el comprobante que la nombre, y allí en su menor porcentaje. La llama Tfrngcertificadet.
 CREATE OR ALTER PROCEDURE REP_DETALLE_CERTIFICADO (
   FECINI varchar(8), FECFIN varchar(8), PROYINI varchar(4), PROYFIN varchar(4),
   CENTINI varchar(4), CENTFIN varchar(4), TIPO char(1))
@@ -84,40 +90,57 @@ RETURNS (CUENTA varchar(20), NOMCUENTA varchar(60), NIT varchar(20), NOMTERC var
 AS
 BEGIN
   FOR
-    WITH COMPRA AS (
+    WITH CATEGORIA AS (
+      SELECT C.CUEN_COD, K.CRCD_CUENTA,
+        row_number() OVER (PARTITION BY C.CUEN_COD ORDER BY char_length(K.CRCD_CUENTA) DESC) TURNO
+      FROM CUENTAS_REPORTE_CERTDET K
+      LEFT JOIN CUENTAS C ON C.CUEN_COD STARTING WITH K.CRCD_CUENTA
+      WHERE C.CUEN_AFECTABLE = 'S'),
+    COMPRA AS (
       SELECT K.CRCD_CUENTA, D.TERC_NIT, D.ENCO_CONSEC,
         iif(:TIPO = 'C', coalesce(D.CODE_PORC, 0), 0) TASA, sum(D.CODE_DEBITO) DEBITO,
         sum(D.CODE_CREDITO) CREDITO
-      FROM CUENTAS_REPORTE_CERTDET K
-      JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD STARTING WITH K.CRCD_CUENTA
+      FROM CATEGORIA K
+      JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = K.CUEN_COD
         AND D.CODE_FECHA BETWEEN :FECINI AND :FECFIN AND D.TERC_NIT IS NOT NULL
-      WHERE coalesce(D.PROY_COD, '') BETWEEN :PROYINI AND :PROYFIN
+      WHERE K.TURNO = 1 AND coalesce(D.PROY_COD, '') BETWEEN :PROYINI AND :PROYFIN
         AND coalesce(D.CENT_COD, '') BETWEEN :CENTINI AND :CENTFIN
+        AND NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
       GROUP BY 1, 2, 3, 4),
-    -- Cada compañera cuenta una vez: en la menor tasa de su categoría y comprobante.
     LUGAR AS (
       SELECT CRCD_CUENTA, TERC_NIT, ENCO_CONSEC, min(TASA) TASA FROM COMPRA GROUP BY 1, 2, 3),
-    COMPANERA AS (
-      SELECT L.CRCD_CUENTA, L.TERC_NIT, L.TASA,
-        sum(iif(D.CUEN_COD STARTING WITH K.CRCD_IVA, D.CODE_DEBITO - D.CODE_CREDITO, 0)) IVA,
-        sum(iif(D.CUEN_COD STARTING WITH K.CRCD_RTFTE, D.CODE_CREDITO - D.CODE_DEBITO, 0)) RTFTE,
-        sum(iif(D.CUEN_COD STARTING WITH K.CRCD_RTIVA, D.CODE_CREDITO - D.CODE_DEBITO, 0)) RTIVA,
-        sum(iif(D.CUEN_COD STARTING WITH K.CRCD_RTICA, D.CODE_CREDITO - D.CODE_DEBITO, 0)) RTICA
+    -- Por la izquierda: el plan va del comprobante a sus líneas, y no al revés.
+    LINEA AS (
+      SELECT L.CRCD_CUENTA, L.TERC_NIT, L.TASA, L.ENCO_CONSEC, D.CODE_ITEM,
+        D.CODE_DEBITO - D.CODE_CREDITO NETO,
+        CASE WHEN D.CUEN_COD STARTING WITH nullif(K.CRCD_IVA, '') THEN 1
+          WHEN D.CUEN_COD STARTING WITH nullif(K.CRCD_RTFTE, '') THEN 2
+          WHEN D.CUEN_COD STARTING WITH nullif(K.CRCD_RTIVA, '') THEN 3
+          WHEN D.CUEN_COD STARTING WITH nullif(K.CRCD_RTICA, '') THEN 4 END PAPEL
       FROM LUGAR L
-      JOIN CUENTAS_REPORTE_CERTDET K ON K.CRCD_CUENTA = L.CRCD_CUENTA
-      JOIN COMPROBANTE_DETALLE D ON D.ENCO_CONSEC = L.ENCO_CONSEC AND D.TERC_NIT = L.TERC_NIT
-      GROUP BY 1, 2, 3),
+      LEFT JOIN CUENTAS_REPORTE_CERTDET K ON K.CRCD_CUENTA = L.CRCD_CUENTA
+      LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = L.ENCO_CONSEC
+      LEFT JOIN COMPROBANTE_DETALLE D ON D.ENCO_CONSEC = L.ENCO_CONSEC
+      WHERE coalesce(D.TERC_NIT, E.TERC_NIT) = L.TERC_NIT),
+    UNICA AS (
+      SELECT L.*, row_number() OVER (PARTITION BY ENCO_CONSEC, CODE_ITEM ORDER BY CRCD_CUENTA) TURNO
+      FROM LINEA L WHERE PAPEL IS NOT NULL),
+    PARTE AS (
+      SELECT CRCD_CUENTA, TERC_NIT, TASA, DEBITO, CREDITO, 0 IVA, 0 RTFTE, 0 RTIVA, 0 RTICA
+      FROM COMPRA
+      UNION ALL
+      SELECT CRCD_CUENTA, TERC_NIT, TASA, 0, 0, iif(PAPEL = 1, NETO, 0), iif(PAPEL = 2, -NETO, 0),
+        iif(PAPEL = 3, -NETO, 0), iif(PAPEL = 4, -NETO, 0)
+      FROM UNICA WHERE TURNO = 1),
     TOTAL AS (
-      SELECT CRCD_CUENTA, TERC_NIT, TASA, sum(DEBITO) DEBITO, sum(CREDITO) CREDITO FROM COMPRA
-      GROUP BY 1, 2, 3)
+      SELECT CRCD_CUENTA, TERC_NIT, TASA, sum(DEBITO) DEBITO, sum(CREDITO) CREDITO, sum(IVA) IVA,
+        sum(RTFTE) RTFTE, sum(RTIVA) RTIVA, sum(RTICA) RTICA
+      FROM PARTE GROUP BY 1, 2, 3)
     SELECT T.CRCD_CUENTA, K.CRCD_NOMBRE, T.TERC_NIT, R.TERC_NOM, R.TERC_DV, T.DEBITO - T.CREDITO,
-      T.TASA, T.DEBITO, T.CREDITO, coalesce(C.IVA, 0), coalesce(C.RTFTE, 0), coalesce(C.RTIVA, 0),
-      coalesce(C.RTICA, 0)
+      T.TASA, T.DEBITO, T.CREDITO, T.IVA, T.RTFTE, T.RTIVA, T.RTICA
     FROM TOTAL T
-    JOIN CUENTAS_REPORTE_CERTDET K ON K.CRCD_CUENTA = T.CRCD_CUENTA
-    JOIN TERCEROS R ON R.TERC_NIT = T.TERC_NIT
-    LEFT JOIN COMPANERA C ON C.CRCD_CUENTA = T.CRCD_CUENTA AND C.TERC_NIT = T.TERC_NIT
-      AND C.TASA = T.TASA
+    LEFT JOIN CUENTAS_REPORTE_CERTDET K ON K.CRCD_CUENTA = T.CRCD_CUENTA
+    LEFT JOIN TERCEROS R ON R.TERC_NIT = T.TERC_NIT
     WHERE T.DEBITO <> 0 OR T.CREDITO <> 0
     ORDER BY R.TERC_NOM, T.TERC_NIT, T.CRCD_CUENTA, T.TASA
     INTO :CUENTA, :NOMCUENTA, :NIT, :NOMTERC, :DV, :BASE, :PORC, :DEBITO, :CREDITO, :IVA, :RETEFTE,

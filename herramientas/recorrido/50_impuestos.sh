@@ -78,13 +78,19 @@ cierre_anexo
 anexo 4
 teclas Tab Tab Tab
 escriba "4"
+teclas Tab
+escriba 902078872 # la secretaría: lo que se le paga no es una retención
 teclas F2
 foto articulo_4 1.5
-teclas Tab Tab Tab
+teclas Tab Tab
 archivo_en articulo_4.csv
 teclas F5
 exija_archivo articulo_4.csv
-teclas Escape
+teclas F8
+foto articulos_del_distrito 1
+teclas F6
+foto articulos_copiados_al_siguiente 1
+teclas Escape Escape
 cierre_anexo
 
 anexo 5

@@ -244,6 +244,13 @@ void PruebaCertificados::un_archivo_por_tercero_con_su_numero() {
     QVERIFY(texto("Certificado retencion en la fuente 800456789.PDF").contains("No. 10"));
     const QString otro = texto("Certificado retencion en la fuente 900123456.PDF");
     QVERIFY(otro.contains("777.00") && otro.contains("No. 11") && !otro.contains("800456789"));
+    // Lo que se retuvo sin decir a quién no está en ninguno, y se dice.
+    grabe(s.base.base(), {799, "000799", "20170910", {{1, "236540", 0, 66}, {2, "111005", 66, 0}}});
+    i.espere(QString("Se generaron 2 certificados en \"%1\".\nHay retenciones por 66.00 en líneas "
+                     "sin tercero: no están en ningún certificado.")
+                 .arg(carpeta.path()));
+    oprima(Qt::Key_F5);
+    s.base.ejecute({"delete from comprobante_detalle where enco_consec = 799"});
     // De uno solo: el mismo número.
     componente<QLineEdit>(p, "TerIni").setText("900123456");
     componente<QLineEdit>(p, "TerFin").setText("900123456");

@@ -10,8 +10,12 @@ private slots:
 
     void el_certificado_suma_lo_retenido_y_su_base();
     void el_numero_de_un_certificado_no_depende_de_la_tanda();
+    void los_certificados_suman_lo_del_libro_y_no_lo_que_se_le_paga_a_la_administracion();
     void el_detalle_no_cuenta_dos_veces_una_retencion();
+    void una_factura_de_dos_categorias_reparte_una_vez_su_iva();
     void un_articulo_distrital_respeta_tope_centro_y_secretaria();
+    void el_articulo_de_totales_lleva_una_fila_por_cuenta();
+    void los_articulos_de_un_ano_se_copian_a_otro();
     void la_taxonomia_cuadra_y_compara_con_el_ano_anterior();
 
 private:
@@ -69,6 +73,33 @@ void PruebaInformacionBase::el_numero_de_un_certificado_no_depende_de_la_tanda()
     QCOMPARE(certificados("nit, numero", "900123456", "900123456"), QString("900123456|0044"));
 }
 
+void PruebaInformacionBase::
+    los_certificados_suman_lo_del_libro_y_no_lo_que_se_le_paga_a_la_administracion() {
+    arme_libro_al_azar(base());
+    QMap<QString, Moneda> retenido;
+    for (const Renglon& r : renglones(base(), 0, false))
+        if (r.cuenta == "240805" && r.fecha >= "20180101" && r.fecha <= "20181231" &&
+            !r.nit.isEmpty())
+            retenido[r.nit] -= r.neto();
+    // Un tercero al que en total se le pagó más de lo retenido no lleva certificado.
+    const qsizetype todos = retenido.size();
+    retenido.removeIf([](const auto& i) { return i.value() <= Moneda(); });
+    QVERIFY(!retenido.isEmpty() && retenido.size() < todos);
+    QStringList esperado;
+    for (const auto& [nit, valor] : retenido.asKeyValueRange())
+        esperado << QString("%1|%2|%3").arg(nit, valor.texto()).arg(esperado.size() + 1);
+    const QString llamada =
+        "select nit, retencion, numero from certificados_retencion('2408', '24089999', '0', 'ZZ', "
+        "'20180101', '20181231', '0', 'ZZ', '0', 'ZZ', '2019/03/15', 'Bogotá', 'S', '1')";
+    QCOMPARE(filas_de(base(), llamada), esperado.join('\n'));
+    // Pasar sus saldos a otro tercero no quita ni pone retenciones.
+    base().ejecute("set generator sec_comprobante to 500");
+    base().ejecute("insert into cierre_terceros (cite_id, cite_concepto, tico_cod, prco_pref,"
+                   " terc_nit, cite_fecha, cite_niif, cuen_cod)"
+                   " values (0, 'Cierre', 'CG', '0001', '860002964', '20181130', 'C', '2408')");
+    QCOMPARE(filas_de(base(), llamada), esperado.join('\n'));
+}
+
 void PruebaInformacionBase::el_detalle_no_cuenta_dos_veces_una_retencion() {
     retencion(1, "20180110", "800456789", 1000, 25, 1000);
     // La misma compra en dos líneas de distinto porcentaje: la retención sigue siendo una.
@@ -86,24 +117,50 @@ void PruebaInformacionBase::el_detalle_no_cuenta_dos_veces_una_retencion() {
     QCOMPARE(filas_de(base(), llamada.arg("G")), QString("800456789|1500|0|25|1475"));
 }
 
+void PruebaInformacionBase::una_factura_de_dos_categorias_reparte_una_vez_su_iva() {
+    const QString nit = "800456789";
+    grabe(base(), {1,
+                   "000001",
+                   "20180110",
+                   {{1, "143505", 1000, 0, nit},
+                    {2, "519530", 200, 0, nit},
+                    {3, "240810", 228, 0}, // sin tercero: es del comprobante
+                    {4, "236540", 0, 30, nit},
+                    {5, "220505", 0, 1398, nit}}});
+    base().ejecute("update comprobante_encabezado set terc_nit = '800456789'");
+    for (const char* categoria : {"1435", "51", "5195"})
+        base().ejecute(QString("insert into cuentas_reporte_certdet values ('%1', 'Categoría %1', "
+                               "'2408', '2365', '2367', '')")
+                           .arg(categoria));
+    QCOMPARE(filas_de(base(), "select cuenta, base, iva, retefte, reteica, pagado from "
+                              "rep_detalle_certificado('20180101', '20181231', '', 'zz', '', 'zz', "
+                              "'G')"),
+             QString("1435|1000|228|30|0|1198\n5195|200|0|0|0|200"));
+}
+
 void PruebaInformacionBase::un_articulo_distrital_respeta_tope_centro_y_secretaria() {
     arme_libro_al_azar(base());
-    base().ejecute("update mediosmag_distr set mmdi_proy = '0001', mmdi_centro = '0002' where"
-                   " mmdi_articulo = 32");
+    base().ejecute("update mediosmag_distr set mmdi_proy = '0001', mmdi_centro = null, mmdi_tope "
+                   "= 5000 where mmdi_articulo = 32");
+    base().ejecute("update comprobante_encabezado set terc_nit = '19876543' where mod(enco_consec,"
+                   " 2) = 0");
     QMap<QString, Moneda> venta;
-    for (const Renglon& r : renglones(base(), 0, false))
+    for (const Renglon& r : renglones(base(), 0, false)) {
+        const QString nit = !r.nit.isEmpty() ? r.nit : r.id % 2 ? QString() : "19876543";
         if (r.cuenta.startsWith("4135") && r.fecha >= "20170101" && r.fecha <= "20171231" &&
-            r.proyecto == "0001" && r.centro == "0002" && !r.nit.isEmpty() && r.nit != "860002964")
-            venta[r.nit] -= r.neto();
+            r.proyecto == "0001" && nit != "860002964")
+            venta[nit] -= r.neto();
+    }
     base().ejecute("execute procedure articulo_32('2017', '20170101', '20171231', '860002964')");
+    // Lo negativo y lo que no es de nadie quedan a la vista; lo menor que el tope, no.
     QStringList esperado;
     for (auto i = venta.begin(); i != venta.end(); ++i) {
         const qint64 u = i->unidades();
         const qint64 pesos = (qAbs(u) + 5000) / 10000 * (u < 0 ? -1 : 1);
-        if (pesos >= 0 && pesos)
+        if (pesos && (pesos < 0 || pesos >= 5000 || i.key().isEmpty()))
             esperado << i.key() + '|' + QString::number(pesos);
     }
-    QVERIFY(!venta.isEmpty());
+    QVERIFY(venta.contains({}) && esperado.join('\n').contains("|-"));
     QCOMPARE(filas_de(base(), "select distinct mmdd_nommunicipio || '/' || mmdd_nomdepto from"
                               " mediosmag_distr_datos where mmdd_codmunicipio = '11001'"),
              QString("Bogotá, D.C./Bogotá, D.C."));
@@ -111,6 +168,45 @@ void PruebaInformacionBase::un_articulo_distrital_respeta_tope_centro_y_secretar
                               " mmdd_item")
                  .split('\n', Qt::SkipEmptyParts),
              esperado);
+}
+
+void PruebaInformacionBase::el_articulo_de_totales_lleva_una_fila_por_cuenta() {
+    arme_libro_al_azar(base());
+    base().ejecute("insert into mediosmag_distr_cuentas (mmdi_articulo, mmdi_ano, mmdc_item, "
+                   "mmdc_cuenta) values (51, '2017', 7, '2408')");
+    Moneda ventas, iva;
+    for (const Renglon& r : renglones(base(), 0, false))
+        if (r.fecha >= "20170101" && r.fecha <= "20171231") {
+            if (r.cuenta == "413505")
+                ventas -= r.neto();
+            if (r.cuenta == "240805")
+                iva -= r.neto();
+        }
+    base().ejecute("execute procedure articulo_51('2017', '20170101', '20171231', '')");
+    QCOMPARE(filas_de(base(), "select mmdd_item, mmdd_monto from mediosmag_distr_datos order by 1"),
+             QString("1|%1\n7|%2").arg(ventas.redondeada(0).texto(), iva.redondeada(0).texto()));
+}
+
+void PruebaInformacionBase::los_articulos_de_un_ano_se_copian_a_otro() {
+    const int articulos = int(
+        base().consulte("select count(*) from mediosmag_distr where mmdi_ano = '2017'").entero());
+    base().ejecute("insert into mediosmag_distr (mmdi_articulo, mmdi_ano, mmdi_nombre, mmdi_tope) "
+                   "values (32, '2019', 'El propio', 7)");
+    const auto copie = [this] {
+        return base()
+            .ejecute_con_salida("execute procedure copie_articulos('2017', '2019')")
+            .value(0)
+            .entero();
+    };
+    QCOMPARE(copie(), articulos - 1);
+    QCOMPARE(copie(), 0);
+    QCOMPARE(filas_de(base(), "select mmdi_nombre, mmdi_tope from mediosmag_distr where mmdi_ano = "
+                              "'2019' and mmdi_articulo = 32"),
+             QString("El propio|7"));
+    const QString cuentas = "select mmdi_articulo, mmdc_item, mmdc_cuenta, mmdc_ctadev from "
+                            "mediosmag_distr_cuentas where mmdi_articulo <> 32 and mmdi_ano = '%1' "
+                            "order by 1, 2";
+    QCOMPARE(filas_de(base(), cuentas.arg(2019)), filas_de(base(), cuentas.arg(2017)));
 }
 
 void PruebaInformacionBase::la_taxonomia_cuadra_y_compara_con_el_ano_anterior() {
@@ -145,9 +241,17 @@ void PruebaInformacionBase::la_taxonomia_cuadra_y_compara_con_el_ano_anterior() 
     QCOMPARE(fila(240).section('|', 0, 0), ano.texto());
     QCOMPARE(base()
                  .consulte("select sum(iif(item in (10, 50), valor, -valor)) from impr_taxonomia(1,"
-                           " 310000, '20181231')")
+                           " 310000, '20181231') where item < 80")
                  .texto(),
              ano.texto());
+    // La ganancia de las dos secciones es la misma.
+    QCOMPARE(base()
+                 .consulte("select valor from impr_taxonomia(1, 310000, '20181231') where item ="
+                           " 80")
+                 .texto(),
+             ano.texto());
+    QCOMPARE(fila(250).section('|', 0, 0),
+             (ano - saldo("2", "20181231") - saldo("3", "20181231")).texto());
 }
 
 QTEST_APPLESS_MAIN(PruebaInformacionBase)

@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTemporaryDir>
 
 namespace {
@@ -122,12 +123,12 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     QMap<QString, Moneda> venta;
     for (const Renglon& r : renglones(s.base.base(), 0, false))
         if (r.cuenta.startsWith("4135") && r.fecha.left(4) == "2017" && r.fecha <= "20171231" &&
-            r.proyecto == "0001" && !r.nit.isEmpty() && r.nit != "860002964")
+            r.proyecto == "0001" && r.nit != "860002964")
             venta[r.nit] -= r.neto();
     QCOMPARE(valores_de(c, "MMDD_NIT"), [&] {
         QStringList lista;
         for (const auto& [nit, valor] : venta.asKeyValueRange())
-            if (valor.redondeada(0) > Moneda())
+            if (!valor.redondeada(0).es_cero())
                 lista << nit;
         return lista;
     }());
@@ -141,8 +142,16 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     const int filas = c.RecordCount();
     if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
         p->grab().save(deja + "/Tfmediosmagbog.png");
+    // Antes de grabar se dice lo que le falta; sin quererlo, no se graba.
     p->Ubicacion->setText(casa.filePath(p->Ubicacion->text()));
-    oprima(Qt::Key_F5);
+    Interlocutor i;
+    for (const char* respuesta : {"No", "Sí"}) {
+        QVERIFY(QDir(casa.path()).isEmpty());
+        i.espere_comienzo("Hay filas por corregir: 1 sin identificación y 3 sin dirección.",
+                          respuesta);
+        enfoque(p, "DBGridEh1", 0);
+        oprima(Qt::Key_F5);
+    }
     const QByteArray archivo = contenido(casa.filePath("Articulo_32_2017.csv"));
     QCOMPARE(archivo.count("\r\n"), filas);
     QVERIFY2(archivo.contains(nit.toLatin1()) && archivo.contains(";123.45;"), archivo.constData());
@@ -155,7 +164,6 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
         "Ya hay información del formato 32  para el año fiscal 2017.\nDesea consultar esa "
         "información (REINTENTAR) o Borrarla y dejar que Quorvex la recalcule el archivo "
         "(ABORTAR)?";
-    Interlocutor i;
     i.espere(pregunta, "Reintentar");
     oprima(Qt::Key_F2);
     QVERIFY(valores_de(*p->CMedmagdata, "MMDD_MONTO").contains("123.45"));
@@ -170,14 +178,16 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
     s.cnt.ano_actual = "2018";
     auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
     QCOMPARE(p->LFormato->count(), 0);
+    Interlocutor i;
+    i.espere("El año 2018 no tiene artículos. Desea copiar los de 2017, con sus cuentas?", "No");
     oprima(Qt::Key_F2);
     QVERIFY(!p->CMedmagdata->Active());
+    QCOMPARE(p->LFormato->count(), 0);
     oprima(Qt::Key_F8);
     Pantalla* conf = s.escritorio.activa();
     QCOMPARE(conf->objectName(), QString("Tfmeddisctas"));
     auto& articulos = componente<ConjuntoDatos>(conf, "CMeddist");
     auto& cuentas = componente<ConjuntoDatos>(conf, "Cmmcuentas");
-    Interlocutor i;
     articulos.Append();
     articulos.FieldByName("MMDI_ARTICULO") = 22;
     i.espere("Debe indicar el artículo, año y nombre del formato.");
@@ -198,10 +208,28 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
              QString("ARTICULO_22"));
     if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
         conf->grab().save(deja + "/Tfmeddisctas.png");
+    // F6 copia los del año señalado al que se diga; los que ya estaban no se tocan.
+    const QString de_2017 = s.dato("select count(*) from mediosmag_distr where mmdi_ano = '2017'");
+    QCOMPARE(componente<QSpinBox>(conf, "EAnoNuevo").value(), 2018);
+    QVERIFY(articulos.Locate("MMDI_ANO", {"2017"}));
+    oprima(Qt::Key_F6);
+    QCOMPARE(s.dato("select count(*) from mediosmag_distr where mmdi_ano = '2018'"), de_2017);
+    QCOMPARE(s.dato("select list(mmdc_cuenta) from mediosmag_distr_cuentas where mmdi_articulo = "
+                    "22 and mmdi_ano = '2018'"),
+             QString("1435,6135"));
+    QCOMPARE(articulos.FieldByName("MMDI_ANO").texto(), QString("2018"));
     oprima(Qt::Key_Escape);
     agote_eventos();
     QCOMPARE(s.escritorio.activa(), p);
-    QCOMPARE(p->LFormato->itemText(0), QString("22  Compras"));
+    QVERIFY(p->LFormato->findText("22  Compras") >= 0);
+    // Sin abrir la configuración, F2 los trae del último año que los tenga.
+    llene(p, "EAno", "2021");
+    oprima(Qt::Key_Tab);
+    i.espere("El año 2021 no tiene artículos. Desea copiar los de 2018, con sus cuentas?", "Sí");
+    enfoque(p, "EAno");
+    oprima(Qt::Key_F2);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCOMPARE(QString::number(p->LFormato->count()), de_2017);
 }
 
 void PruebaMediosDistritales::el_listado_sale_con_los_textos_entre_comillas() {
@@ -223,6 +251,10 @@ void PruebaMediosDistritales::el_listado_sale_con_los_textos_entre_comillas() {
     }
     QString orden;
     p->CMedmagdata->AfterOpen = [&] { orden = p->CMedmagdata->CommandText; };
+    p->FecIni->setText("enero");
+    oprima(Qt::Key_F2);
+    QVERIFY(!p->CMedmagdata->Active());
+    p->FecIni->setText("20170101");
     oprima(Qt::Key_F2);
     QCOMPARE(orden, QString("select * from LISTADO_MOVIMIENTO_TERCERO('20170101','20170131')"));
     p->Ubicacion->setText(casa.filePath("exogena.csv"));

@@ -30,7 +30,9 @@ const QString kSeguro =
 struct Medios {
     Medios() {
         arme_libro_al_azar(s.base.base());
-        s.base.ejecute({"update terceros set terc_dir = 'Calle 1', ciud_cod = '11001'"});
+        s.base.ejecute({"update terceros set terc_dir = 'Calle 1', ciud_cod = '11001'",
+                        "update terceros set terc_apellido1 = 'Peña', terc_nombre1 = 'María' where "
+                        "terc_nit = '52345678'"});
     }
     Tfmediosmag13*
     abra(const QString& formato = "1001 Pagos o abonos en cuenta y retenciones (v. 9)") {
@@ -75,6 +77,9 @@ private slots:
     void el_nit_calcula_su_digito_solo_con_tipo_31();
     void el_archivo_dice_lo_de_la_rejilla_y_cumple_su_esquema();
     void lo_incompleto_se_muestra_antes_y_abre_el_tercero();
+    void corregir_el_tercero_pone_al_dia_sus_filas_y_el_archivo();
+    void dos_que_calculan_a_la_vez_no_duplican_las_filas();
+    void lo_que_no_se_pudo_grabar_no_se_va_con_otro_formato();
     void la_configuracion_muestra_las_cuentas_de_su_formato_data();
     void la_configuracion_muestra_las_cuentas_de_su_formato();
     void un_concepto_nuevo_con_sus_cuentas_se_graba();
@@ -288,6 +293,111 @@ void PruebaMediosNacionales::lo_incompleto_se_muestra_antes_y_abre_el_tercero() 
     QVERIFY(!m.s.escritorio.abierta("Tfmediosmag13"));
 }
 
+void PruebaMediosNacionales::corregir_el_tercero_pone_al_dia_sus_filas_y_el_archivo() {
+    Medios m;
+    m.s.base.ejecute({"update terceros set terc_dir = '' where terc_nit = '800456789'",
+                      "delete from comprobante_detalle where terc_nit is null",
+                      "delete from saldos_iniciales"});
+    auto* p = m.abra("1009 Saldo de cuentas por pagar (v. 7)");
+    oprima(Qt::Key_F2);
+    ConjuntoDatos& c = *p->CMedmagdata;
+    for (c.First(); !c.Eof(); c.Next()) {
+        c.Edit();
+        c.FieldByName("MEMG_PAGO") = c.FieldByName("MEMG_PAGO").moneda().absoluta();
+        c.Post();
+    }
+    // Lo que se digitó a mano en otra columna del mismo tercero se queda.
+    QVERIFY(c.Locate("MEMG_NIT", {"800456789"}));
+    const QString item = c.FieldByName("MEMG_ITEM").texto();
+    const QString importe = c.FieldByName("MEMG_PAGO").texto();
+    c.Edit();
+    c.FieldByName("MEMG_RAZONSOCIAL") = "Andina en liquidación";
+    c.FieldByName("MEMG_DV") = "7";
+    m.grabe(p);
+    auto* r = qobject_cast<Tfrevisamedio*>(m.s.escritorio.activa());
+    QVERIFY(r && r->CProblemas->Locate("NIT;CAUSA",
+                                       {"800456789", "El dígito de verificación no es el del NIT: "
+                                                     "es 1."}));
+    QVERIFY(r->CProblemas->Locate("NIT;CAUSA", {"800456789", "Falta la dirección."}));
+    oprima(Qt::Key_Return);
+    Pantalla* ficha = m.s.escritorio.activa();
+    QCOMPARE(ficha->objectName(), QString("Tfmodtercero"));
+    llene(ficha, "EDir", "Carrera 9 # 8-7");
+    oprima(Qt::Key_F2);
+    agote_eventos();
+    QCOMPARE(m.s.escritorio.activa(), r);
+    QVERIFY(!r->CProblemas->Locate("NIT;CAUSA", {"800456789", "Falta la dirección."}));
+    const QString dijo = r->LResumen->text();
+    QVERIFY2(dijo.contains("Se actualizó el tercero 800456789 en las filas guardadas (") &&
+                 dijo.contains("): dirección. Los importes no cambian."),
+             qPrintable(dijo));
+    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
+        r->grab().save(deja + "/Tfrevisamedio_al_dia.png");
+    QCOMPARE(m.s.dato("select memg_direccion || '|' || memg_razonsocial || '|' || memg_pago from "
+                      "medios_magneticos_datos where memg_formato = 10097 and memg_item = " +
+                      item),
+             "Carrera 9 # 8-7|Andina en liquidación|" + importe + ".00");
+    oprima(Qt::Key_F5);
+    agote_eventos();
+    const QString xml = QString::fromLatin1(m.archivo("Dmuisca_010100907201700000001.xml"));
+    QVERIFY2(xml.contains("raz=\"Andina en liquidación\" dir=\"Carrera 9 # 8-7\""),
+             qPrintable(xml));
+}
+
+void PruebaMediosNacionales::dos_que_calculan_a_la_vez_no_duplican_las_filas() {
+    Medios m;
+    auto* p = m.abra();
+    // El otro termina justo después de que este vio que no había filas.
+    bool calculado = false;
+    fdm().Quorvex.observador = [&](const QString& sql) {
+        if (!sql.contains("with lock") || std::exchange(calculado, true))
+            return;
+        m.s.base.ejecute({"execute procedure medio_1001_v9('20170101', '20171231')",
+                          "update medios_magneticos_datos set memg_pago = 5 where memg_item = 1"});
+    };
+    oprima(Qt::Key_F2);
+    fdm().Quorvex.observador = {};
+    QVERIFY(calculado);
+    QCOMPARE(m.filas(), m.s.dato("select count(distinct memg_concepto || '|' || memg_nit) from "
+                                 "medios_magneticos_datos"));
+    QCOMPARE(QString::number(p->CMedmagdata->RecordCount()), m.filas());
+    QVERIFY(valores_de(*p->CMedmagdata, "MEMG_PAGO").contains("5"));
+}
+
+void PruebaMediosNacionales::lo_que_no_se_pudo_grabar_no_se_va_con_otro_formato() {
+    Medios m;
+    auto* p = m.abra();
+    oprima(Qt::Key_F2);
+    const QString escogido = p->LFormato->currentText();
+    m.s.base.ejecute({"create exception no_se_puede 'No se puede ahora.'",
+                      "create trigger rechace for medios_magneticos_datos before update as begin "
+                      "if (exists(select 1 from medios_magneticos_datos where memg_formato = 1)) "
+                      "then exception no_se_puede; end",
+                      "insert into medios_magneticos_datos (memg_formato, memg_ano, memg_item) "
+                      "values (1, '1', 1)"});
+    p->CMedmagdata->Edit();
+    p->CMedmagdata->FieldByName("MEMG_PAGO") = "1234";
+    p->CMedmagdata->Post();
+    Interlocutor i;
+    for (int vez = 0; vez < 2; ++vez)
+        i.espere_comienzo("No se puede ahora.");
+    p->LFormato->setCurrentText("1009 Saldo de cuentas por pagar (v. 7)");
+    QCOMPARE(p->LFormato->currentText(), escogido);
+    llene(p, "EAno", "2016");
+    oprima(Qt::Key_Tab);
+    QCOMPARE(p->EAno->text() + p->FecIni->text(), QString("201720170101"));
+    QVERIFY(p->CMedmagdata->Active());
+    QVERIFY(valores_de(*p->CMedmagdata, "MEMG_PAGO").contains("1234"));
+    // Cuando ya se puede, se graba donde era.
+    m.s.base.ejecute({"delete from medios_magneticos_datos where memg_formato = 1"});
+    p->LFormato->setCurrentText("1009 Saldo de cuentas por pagar (v. 7)");
+    QVERIFY(!p->CMedmagdata->Active());
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCOMPARE(m.s.dato("select count(*) from medios_magneticos_datos where memg_formato = 10019 and "
+                      "memg_pago = 1234"),
+             QString("1"));
+}
+
 void PruebaMediosNacionales::la_configuracion_muestra_las_cuentas_de_su_formato_data() {
     QTest::addColumn<int>("formato");
     QTest::addColumn<QString>("columnas");
@@ -327,6 +437,9 @@ void PruebaMediosNacionales::un_concepto_nuevo_con_sus_cuentas_se_graba() {
     Interlocutor i;
     conceptos.Append();
     i.espere("Debe indicar la cuenta y concepto del tipo de registro");
+    QVERIFY_EXCEPTION_THROWN(conceptos.Post(), EdicionAbortada);
+    conceptos.FieldByName("COME_RESPUESTA") = "Fletes";
+    i.espere_comienzo("El concepto es un número de hasta cuatro cifras");
     QVERIFY_EXCEPTION_THROWN(conceptos.Post(), EdicionAbortada);
     conceptos.FieldByName("COME_RESPUESTA") = "5063";
     conceptos.Post();

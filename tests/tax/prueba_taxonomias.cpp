@@ -199,7 +199,7 @@ void PruebaTaxonomias::el_archivo_lleva_un_dato_por_renglon() {
         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><mas "
         "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
         "xsi:noNamespaceSchemaLocation=\"../xsd/1002.xsd\">\r\n<Cab>\r\n<Ano>2017</Ano>\r\n"
-        "<CantReg>7</CantReg>\r\n";
+        "<CantReg>8</CantReg>\r\n";
     for (const QString& valor :
          filas_de(s.base.base(), "select valor from impr_taxonomia(1, 310000, '20171231') order by "
                                  "item")
@@ -229,8 +229,8 @@ void PruebaTaxonomias::supersociedades_calcula_las_dos_secciones() {
     oprima(Qt::Key_F2);
     QCOMPARE(ordenes, QString("SELECT * FROM IMPR_TAXONOMIA(1,210000,'20181231') order by ITEM\n"
                               "SELECT * FROM IMPR_TAXONOMIA(1,310000,'20181231') order by ITEM\n"));
-    QCOMPARE(p->CImprtax->RecordCount(), 24);
-    QCOMPARE(p->CImptaxr->RecordCount(), 7);
+    QCOMPARE(p->CImprtax->RecordCount(), 25);
+    QCOMPARE(p->CImptaxr->RecordCount(), 8);
     QCOMPARE(p->DBGridEh1->nombre_archivo + p->DBGridEh2->nombre_archivo,
              QString("BalanPruebaBalanPrueba"));
     if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())

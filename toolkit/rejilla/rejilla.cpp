@@ -376,7 +376,8 @@ void Rejilla::showEvent(QShowEvent* evento) {
 void Rejilla::paintEvent(QPaintEvent* evento) {
     fila_aspecto_ = -1;
     QTableView::paintEvent(evento);
-    if (modelo_->rowCount() > 0 || texto_vacio.isEmpty() || !conjunto() || !conjunto()->Active())
+    if (modelo_->rowCount() > 0 || texto_vacio.isEmpty() || !conjunto() ||
+        !(conjunto()->Active() || property("avisa_cerrada").toBool()))
         return;
     QPainter pintor(viewport());
     pintor.setPen(palette().color(QPalette::PlaceholderText));
