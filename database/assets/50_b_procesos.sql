@@ -3,8 +3,8 @@
 
 SET TERM ^ ;
 
--- Activos que se deprecian por unidades u horas y aún tienen vida a una fecha ("aaaammdd"): última
--- depreciación y unidades que restan. La llama Tfcalculadep.
+-- Activos que se deprecian por unidades u horas, por su ficha o por su grupo, y aún tienen vida a
+-- una fecha ("aaaammdd"): última depreciación y unidades que restan. La llama Tfcalculadep.
 CREATE OR ALTER PROCEDURE ULTIMA_DEPRECIACION_UNIDADES (FECHA varchar(8))
 RETURNS (ACTIVO varchar(15), FECULT varchar(8), UNIREST integer)
 AS
@@ -15,8 +15,10 @@ BEGIN
         - coalesce(maxvalue(sum(iif(D.DEDE_LIBRO = '2649', D.DEDE_UNIDADES, 0)),
             sum(iif(D.DEDE_LIBRO = 'NIIF', D.DEDE_UNIDADES, 0))), 0)
     FROM ACTIVOS_FIJOS A
+    LEFT JOIN ACTIVOS_GRUPOS G ON G.ACGR_ID = A.ACGR_ID
     LEFT JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = A.ACFJ_COD AND D.DEDE_CLASE = 'D'
-    WHERE A.ACFJ_UNIDADES = 'S' AND A.ACFJ_DEP = 'S' AND A.ACFJ_ACTIVO = 'S'
+    WHERE (A.ACFJ_UNIDADES = 'S' OR G.ACGR_TIPODEP = 4)
+      AND A.ACFJ_DEP = 'S' AND A.ACFJ_ACTIVO = 'S'
       AND PRIMER_MES_ACTIVO(A.ACFJ_FECING) <= MES_CONTABLE(:FECHA)
     GROUP BY A.ACFJ_COD, A.ACFJ_MESDEP, A.ACFJ_DEPNIIF
     ORDER BY A.ACFJ_COD
@@ -46,15 +48,17 @@ BEGIN
   WHERE A.ACFJ_COD = :CODIGO
   INTO :METODO, :BASE, :RESCATE, :VIDA, :ANTES;
   -- Tras un deterioro o una recuperación, o desde el saldo con que el activo llegó al programa, se
-  -- reparte el valor que quedó en la vida que quedaba.
+  -- reparte el valor que quedó en la vida que quedaba: el mes del deterioro se gastó solo si ya
+  -- estaba depreciado.
   SELECT max(DEDE_FECHA) FROM DEPRECIACION_DETALLE
   WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE IN ('V', 'I')
     AND DEDE_FECHA <= :FECHA
   INTO :REVALUADO;
   IF (REVALUADO IS NOT NULL) THEN
     SELECT :BASE - sum(DEDE_VALOR), :VIDA - iif(:METODO = 4, sum(DEDE_UNIDADES),
-      maxvalue(max(DEDE_MES) - :ANTES, 0)),
-      iif(:METODO = 4, :ANTES, maxvalue(max(DEDE_MES), :ANTES))
+      maxvalue(coalesce(max(iif(DEDE_CLASE = 'V', NULL, DEDE_MES)), 0) - :ANTES, 0)),
+      iif(:METODO = 4, :ANTES,
+        maxvalue(coalesce(max(iif(DEDE_CLASE = 'V', NULL, DEDE_MES)), 0), :ANTES))
     FROM DEPRECIACION_DETALLE
     WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_FECHA <= :REVALUADO
     INTO :BASE, :VIDA, :ANTES;
@@ -191,8 +195,8 @@ BEGIN
   WITH REPARTO AS (
     SELECT G.ACFJ_COD, G.CTA_DEBITO, C.ACCE_PROY, C.ACCE_CENTRO, G.VALOR,
       row_number() OVER (PARTITION BY G.ACFJ_COD ORDER BY C.ACCE_ITEM DESC) ULTIMO,
-      cast(G.VALOR * C.ACCE_PORC / sum(C.ACCE_PORC) OVER (PARTITION BY G.ACFJ_COD)
-        AS numeric(15,2)) PARTE
+      PROPORCION(G.VALOR, C.ACCE_PORC * 10000,
+        sum(C.ACCE_PORC) OVER (PARTITION BY G.ACFJ_COD) * 10000) PARTE
     FROM ACTIVO_CARGO G
     JOIN {CUENTAS} P ON P.CUEN_COD = G.CTA_DEBITO AND P.CUEN_CENTRO <> 'N'
     JOIN ACTIVOS_CENTROS C ON C.ACFJ_COD = G.ACFJ_COD AND C.ACCE_PORC > 0
@@ -378,6 +382,15 @@ BEGIN
   rdb$set_context('USER_TRANSACTION', 'DEPRECIACIONES', 'S');
 END^
 
+-- Deshacer es borrar la fila; cambiarla no, porque el comprobante ya no diría lo mismo.
+CREATE OR ALTER TRIGGER DEPRECIACION_BU FOR DEPRECIACION
+ACTIVE BEFORE UPDATE POSITION 0
+AS
+BEGIN
+  IF (OLD.ENCO_CONSEC IS NOT NULL) THEN
+    EXCEPTION PROCESO_FIJO;
+END^
+
 -- Las unidades llegan con id 0: son de la depreciación que acaba de entrar.
 CREATE OR ALTER TRIGGER DEPRECIACION_UNIDADES_BI FOR DEPRECIACION_UNIDADES
 ACTIVE BEFORE INSERT POSITION 0
@@ -430,6 +443,27 @@ BEGIN
     EXECUTE PROCEDURE BORRE_COMPROBANTE(OLD.ENCO_CONSEC, USUARIO_ACTUAL());
 END^
 
+-- Lo que impide ponerle un nuevo valor a un activo en una fecha ("aaaammdd"): otro del mismo día, o
+-- que ya no esté en el libro. Interna de ACTIVOS_FIJOS_VALOR.
+CREATE OR ALTER PROCEDURE REVISE_NUEVO_VALOR (CODIGO varchar(15), FECHA varchar(8))
+AS
+  DECLARE OTRO integer;
+BEGIN
+  SELECT ACFV_IDCOMP FROM ACTIVOS_FIJOS_VALOR
+  WHERE ACFJ_COD = :CODIGO AND ACFV_FECHA = :FECHA
+  INTO :OTRO;
+  IF (ROW_COUNT > 0) THEN
+    EXCEPTION PROCESO_REPETIDO 'El activo ' || CODIGO || ' ya tiene un nuevo valor a '
+      || FECHA_CON_BARRAS(FECHA) || ' (comprobante ' || NOMBRE_COMPROBANTE(OTRO)
+      || '). Elimínelo antes de ponerle otro.';
+  SELECT FIRST 1 ENCO_CONSEC FROM DEPRECIACION_DETALLE
+  WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = 'NIIF' AND DEDE_CLASE = 'B'
+  INTO :OTRO;
+  IF (ROW_COUNT > 0) THEN
+    EXCEPTION PROCESO_REPETIDO 'El activo ' || CODIGO || ' ya se dio de baja (comprobante '
+      || NOMBRE_COMPROBANTE(OTRO) || ').';
+END^
+
 -- Deterioro (ACFV_DIFER negativo) o recuperación de un activo en el libro NIIF.
 CREATE OR ALTER TRIGGER ACTIVOS_FIJOS_VALOR_BI FOR ACTIVOS_FIJOS_VALOR
 ACTIVE BEFORE INSERT POSITION 0
@@ -446,6 +480,7 @@ BEGIN
   IF (DEBITO IS NULL OR CREDITO IS NULL) THEN
     EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || NEW.ACFJ_COD
       || ' le faltan las cuentas de deterioro.';
+  EXECUTE PROCEDURE REVISE_NUEVO_VALOR(NEW.ACFJ_COD, NEW.ACFV_FECHA);
   MONTO = abs(coalesce(NEW.ACFV_DIFER, 0));
   ASIENTO = NEXT VALUE FOR SEC_ASIENTO_PROCESO;
   IF (MONTO <> 0) THEN
@@ -471,6 +506,33 @@ BEGIN
     DEDE_VALOR, ENCO_CONSEC)
   VALUES (NEXT VALUE FOR SEC_DEPRECIACION_DETALLE, NEW.ACFJ_COD, 'NIIF', 'V', NEW.ACFV_FECHA,
     MES_CONTABLE(NEW.ACFV_FECHA), -NEW.ACFV_DIFER, NEW.ACFV_IDCOMP);
+END^
+
+-- El código del activo sí puede cambiar con su ficha.
+CREATE OR ALTER TRIGGER ACTIVOS_FIJOS_VALOR_BU FOR ACTIVOS_FIJOS_VALOR
+ACTIVE BEFORE UPDATE POSITION 0
+AS
+BEGIN
+  IF (NEW.ACFV_FECHA <> OLD.ACFV_FECHA OR NEW.ACFV_DIFER IS DISTINCT FROM OLD.ACFV_DIFER
+    OR NEW.ACFV_IDCOMP IS DISTINCT FROM OLD.ACFV_IDCOMP) THEN
+    EXCEPTION PROCESO_FIJO;
+END^
+
+CREATE OR ALTER TRIGGER ACTIVOS_FIJOS_VALOR_BD FOR ACTIVOS_FIJOS_VALOR
+ACTIVE BEFORE DELETE POSITION 0
+AS
+  DECLARE OTRO integer;
+BEGIN
+  SELECT FIRST 1 P.ENCO_CONSEC
+  FROM DEPRECIACION_DETALLE D
+  JOIN DEPRECIACION_DETALLE P ON P.ACFJ_COD = D.ACFJ_COD AND P.DEDE_LIBRO = D.DEDE_LIBRO
+    AND P.DEDE_ID > D.DEDE_ID
+  WHERE D.ACFJ_COD = OLD.ACFJ_COD AND D.DEDE_CLASE = 'V' AND D.ENCO_CONSEC = OLD.ACFV_IDCOMP
+  ORDER BY P.DEDE_ID DESC
+  INTO :OTRO;
+  IF (ROW_COUNT > 0) THEN
+    EXCEPTION PROCESO_REPETIDO 'El activo ' || OLD.ACFJ_COD || ' tiene un proceso posterior '
+      || '(comprobante ' || NOMBRE_COMPROBANTE(OTRO) || '). Elimínelo primero.';
 END^
 
 CREATE OR ALTER TRIGGER ACTIVOS_FIJOS_VALOR_AD FOR ACTIVOS_FIJOS_VALOR
@@ -501,7 +563,8 @@ BEGIN
       WHERE D.ARTI_COD = :CODIGO
       UNION ALL
       SELECT P.ENCO_CONSEC, 100000,
-          decode(P.DEDE_CLASE, 'D', 'Depreciación', 'B', 'Baja', 'Deterioro')
+          decode(P.DEDE_CLASE, 'D', 'Depreciación', 'B', 'Baja',
+            trim(iif(P.DEDE_VALOR < 0, 'Recuperación', 'Deterioro')))
           || iif(P.DEDE_LIBRO = 'NIIF', ' NIIF', ''), NULL,
         iif(P.DEDE_VALOR < 0, -P.DEDE_VALOR, 0), iif(P.DEDE_VALOR > 0, P.DEDE_VALOR, 0)
       FROM DEPRECIACION_DETALLE P WHERE P.ACFJ_COD = :CODIGO) M

@@ -323,6 +323,20 @@ void PruebaProcesosCierre::un_registro_automatico_calcula_cada_base() {
                      .split('\n'),
                  esperado);
     }
+    // La vigencia que llega a diciembre alcanza los ajustes, que son el mes 13.
+    QCOMPARE(filas_de(base(), "select mes, (select count(*) from lineas_regiauto('R1', '2017', mes,"
+                              " 0) where concepto = 'VIEJ') from (select 12 mes from rdb$database"
+                              " union all select 13 from rdb$database)"),
+             QString("12|2\n13|2"));
+    // Una base de billones no se desborda.
+    base().ejecute("update conceptos_cuentas set cocu_porc = 33.33, cocu_base = 'DEB' where"
+                   " conc_cod = 'PROV' and cocu_item = 1");
+    const Moneda billones = Moneda::de_texto("3000000000000");
+    grabe(base(),
+          {950, "000950", "20191210", {{1, "110505", billones, {}}, {2, "111005", {}, billones}}});
+    QCOMPARE(filas_de(base(), "select debito from lineas_regiauto('R1', '2019', 12, 0) where item"
+                              " = 1 and concepto = 'PROV'"),
+             QString("999900000000"));
     // Sin nada que calcular no se escribe nada ni se gasta un número.
     base().ejecute("delete from registro_conceptos where conc_cod = 'PROV'");
     QCOMPARE(corra("0"), QString());
