@@ -68,7 +68,8 @@ constexpr const char* kConsultas[] = {
     "select 'FUNCION ' || trim(f.rdb$function_name), coalesce(hash(f.rdb$function_source), 0) ||"
     " ' ' || coalesce((select cast(list(trim(coalesce(p.rdb$argument_name, '')) || ' ' ||"
     " " TIPO_DE_CAMPO
-    ") as varchar(4000)) from rdb$function_arguments p join rdb$fields d on d.rdb$field_name ="
+    ") as varchar(4000)) from (select * from rdb$function_arguments order by rdb$function_name,"
+    " rdb$argument_position) p join rdb$fields d on d.rdb$field_name ="
     " p.rdb$field_source where p.rdb$function_name = f.rdb$function_name), '')"
     " from rdb$functions f where coalesce(f.rdb$system_flag, 0) = 0",
 
