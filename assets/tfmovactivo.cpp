@@ -67,9 +67,11 @@ void Tfmovactivo::SBBorrarClick() {
     if (!hay_fila())
         return;
     // Un nuevo valor no tiene lista propia: se deshace desde aquí.
-    const QString cual = " activos_fijos_valor where acfj_cod = " + QuotedStr(activo()) +
-                         " and acfv_idcomp = " + CLista.FieldByName("ID").texto();
-    if (CBorrar.valor_unico("select count(*) from" + cual).entero() == 0) {
+    const QString id = dato("ID");
+    if (CBorrar
+            .valor_unico("select count(*) from activos_fijos_valor where acfj_cod = " +
+                         QuotedStr(activo()) + " and acfv_idcomp = " + QuotedStr(id))
+            .entero() == 0) {
         muestre_mensaje("Aquí se elimina solo un nuevo valor del activo. Una depreciación o una "
                         "baja se elimina en la lista de depreciaciones, y los demás comprobantes, "
                         "con F4.");
@@ -78,7 +80,8 @@ void Tfmovactivo::SBBorrarClick() {
     if (!pregunte("Desea borrar definitivamente el nuevo valor " + dato("TIPO") + ' ' +
                   dato("PREFIJO") + ' ' + dato("NUMERO") + '?'))
         return;
-    CBorrar.Execute("delete from" + cual);
+    CBorrar.Execute("delete from activos_fijos_valor where acfj_cod = " + QuotedStr(activo()) +
+                    " and acfv_idcomp = " + QuotedStr(id));
     CLista.Refresh();
     emit fdmcnt().balance_por_recalcular();
 }

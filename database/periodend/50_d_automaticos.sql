@@ -6,9 +6,9 @@ SET TERM ^ ;
 -- comprobante salen de aquí. ANO "aaaa"; MES 1 a 13; PORC distinto de cero reemplaza el de todas
 -- las líneas. La base de una línea es el saldo o movimiento del mes de su cuenta base con todas
 -- sus auxiliares: INI, DEB, CRE, NET (débitos menos créditos) o FIN, sin signo. Un monto fijo
--- manda sobre la base. Un concepto fuera de su vigencia no entra (el mes 13 es diciembre); su última
--- línea (ITEM 0) es la cuenta de cierre, por lo que falte para cuadrar. Los centavos del porcentaje
--- se redondean línea a línea. La llaman REGISTRE_REGIAUTO y Tfejecutaregiauto.
+-- manda sobre la base. Un concepto fuera de su vigencia no entra (el mes 13 es diciembre); su
+-- última línea (ITEM 0) es la cuenta de cierre, por lo que falte para cuadrar. Los centavos del
+-- porcentaje se redondean línea a línea. La llaman REGISTRE_REGIAUTO y Tfejecutaregiauto.
 CREATE OR ALTER PROCEDURE LINEAS_REGIAUTO (
   REGISTRO varchar(4), ANO varchar(4), MES smallint, PORC numeric(15,4))
 RETURNS (ORDEN integer, CONCEPTO varchar(4), NOMBRE varchar(60), ITEM integer, CUENTA varchar(20),

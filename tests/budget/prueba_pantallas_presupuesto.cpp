@@ -188,7 +188,15 @@ private slots:
         for (const char* texto : {"Presupuesto para el periodo de:5105 - 5105", "Periodo actual",
                                   "Acumulado", "Enero de 2017", "510506", "100.00"})
             QVERIFY2(impreso.contains(texto), texto);
-        // F4 guarda en un archivo lo que se ve.
+    }
+
+    void la_comparacion_se_guarda_en_un_archivo_con_lo_que_se_ve() {
+        SesionGui s;
+        presupueste(s, 1, "510506", "100", "0");
+        auto* c = s.abra<Tfcompresupuesto>("Tfcompresupuesto", AbrePresupuesto{{2017, 0}});
+        llene(c, "EDesde", "5105");
+        llene(c, "EHasta", "5105");
+        oprima(Qt::Key_Return);
         QTemporaryDir carpeta;
         Interlocutor i;
         i.espere_modal("guardar_seleccion", [&](QWidget* w) {
