@@ -3,6 +3,9 @@
 #include "bench/medidas.h"
 #include "herramientas/ubicacion.h"
 
+#include <algorithm>
+#include <ctime>
+
 namespace {
 
 void conecte(Conexion& c, const Ubicacion& lugar) {
@@ -67,6 +70,13 @@ private:
     Conexion c_;
 };
 
+/// Milisegundos de procesador: en un equipo ocupado, los del reloj castigan más al trabajo largo.
+double procesador(PorDepreciar& activos) {
+    const std::clock_t antes = std::clock();
+    activos.deprecie();
+    return double(std::clock() - antes) * 1000 / CLOCKS_PER_SEC;
+}
+
 } // namespace
 
 void mida_cierre() {
@@ -85,6 +95,11 @@ void mida_cierre() {
 
 void mida_depreciacion() {
     PorDepreciar mil(1000), diez_mil(10000);
-    const auto [muchos, pocos] = compare([&] { diez_mil.deprecie(); }, [&] { mil.deprecie(); }, 5);
-    informe("depreciación de 10.000 activos, los dos libros", muchos, "de 1.000", pocos, 13);
+    double pocos = 1e9, muchos = 1e9;
+    for (int vez = 0; vez < 3; ++vez) {
+        pocos = std::min(pocos, procesador(mil));
+        muchos = std::min(muchos, procesador(diez_mil));
+    }
+    informe("depreciación de 10.000 activos, los dos libros (procesador)", muchos, "de 1.000",
+            pocos, 13);
 }

@@ -32,6 +32,7 @@ private slots:
     void el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene();
     void un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del_mes();
     void un_nuevo_valor_se_deshace_en_orden_y_no_se_repite_ni_se_edita();
+    void el_deterioro_se_reparte_por_los_centros_del_activo();
     void el_grupo_que_produce_pide_unidades_y_un_cargo_enorme_se_reparte();
     void lo_que_falta_se_dice_por_el_nombre_del_activo();
 
@@ -363,6 +364,26 @@ void PruebaDepreciacion::un_nuevo_valor_se_deshace_en_orden_y_no_se_repite_ni_se
     deprecie("20170228", {});
     QVERIFY(falla_de(base(), valor("CAMION", "20170331", "-1")).contains("ya se dio de baja"));
     QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaDepreciacion::el_deterioro_se_reparte_por_los_centros_del_activo() {
+    base().ejecute("update cuentas_niif set cuen_centro = 'S' where cuen_cod = '530525'");
+    activo("TORNO", "1000", "0", 10, 10, 1, "2017-01-01");
+    QVERIFY(falla_de(base(), valor("TORNO", "20170131", "-100"))
+                .contains("Debe indicar un Proyecto-Centro"));
+    int item = 0;
+    for (const char* centro : {"'0001', '0001'", "'0001', '0002'", "'0002', '0001'"})
+        base().ejecute(QString("insert into activos_centros values ('TORNO', %1, %2, 33.3333)")
+                           .arg(++item)
+                           .arg(centro));
+    base().ejecute(valor("TORNO", "20170131", "-100"));
+    base().ejecute(valor("TORNO", "20170228", "50"));
+    QCOMPARE(filas_de(base(), "select cuen_cod, proy_cod, cent_cod, code_debito, code_credito from"
+                              " comprobante_detalle_niif order by enco_consec, code_item"),
+             QString("530525|0001|0001|33.33|0\n530525|0001|0002|33.33|0\n"
+                     "530525|0002|0001|33.34|0\n159220|||0|100\n"
+                     "530525|0001|0001|0|16.67\n530525|0001|0002|0|16.67\n"
+                     "530525|0002|0001|0|16.66\n159220|||50|0"));
 }
 
 void PruebaDepreciacion::el_grupo_que_produce_pide_unidades_y_un_cargo_enorme_se_reparte() {
