@@ -57,6 +57,11 @@ public:
             t);
         for (int i = 0; i < activos; ++i)
             alta->ejecute(t, {Valor(QString("BM%1").arg(i, 6, 10, QChar('0')))});
+        c_.prepare("insert into activos_centros (acfj_cod, acce_item, acce_proy, acce_centro,"
+                   " acce_porc) select acfj_cod, 1, '0001', '0001', 100 from activos_fijos where"
+                   " acfj_cod starting with 'BM'",
+                   t)
+            ->ejecute(t, {});
         t.confirme();
     }
     void deprecie() {

@@ -106,6 +106,9 @@ void PruebaDepreciacion::init() {
                                .arg(plan, QuotedStr(cuenta)));
     base().ejecute(
         "update cuentas set cuen_tipo = 'N', cuen_tercero = 'N' where cuen_cod = '152405'");
+    for (const char* plan : {"cuentas", "cuentas_niif"})
+        base().ejecute(
+            QString("update %1 set cuen_centro = 'N' where cuen_cod = '519530'").arg(plan));
     for (int metodo : {1, 2, 3})
         grupo(metodo, metodo);
 }
@@ -231,6 +234,9 @@ void PruebaDepreciacion::cada_metodo_carga_lo_suyo_cada_mes() {
 
 void PruebaDepreciacion::el_gasto_se_reparte_por_los_centros_del_activo() {
     activo("TORNO", "100", "0", 1, 1, 1, "2017-01-01");
+    base().ejecute("update cuentas set cuen_centro = 'S' where cuen_cod = '519530'");
+    QVERIFY(falla_de(base(), orden("20170131", "C"))
+                .contains("Al activo TORNO le falta el reparto por centros"));
     for (const auto& [item, centro] : {std::pair(1, "0001"), {2, "0002"}})
         base().ejecute(
             QString("insert into activos_centros values ('TORNO', %1, '0001', '%2', 33.3333)")
@@ -391,6 +397,7 @@ void PruebaDepreciacion::el_grupo_que_produce_pide_unidades_y_un_cargo_enorme_se
     activo("PRENSA", "1000", "0", 300, 300, 4, "2017-01-01");
     QCOMPARE(filas_de(base(), "select activo from ultima_depreciacion_unidades('20170131')"),
              QString("PRENSA"));
+    base().ejecute("update cuentas set cuen_centro = 'S' where cuen_cod = '519530'");
     activo("PLANTA", "90000000000.02", "0", 2, 2, 1, "2017-01-01");
     int item = 0;
     for (const char* centro : {"'0001', '0001'", "'0001', '0002'", "'0002', '0001'"})

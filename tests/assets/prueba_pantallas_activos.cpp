@@ -51,6 +51,8 @@ struct Almacenista {
                         .arg(plan, QuotedStr(cuenta)));
         s.base.ejecute(
             {"update cuentas set cuen_tipo = 'N', cuen_tercero = 'N' where cuen_cod = '152405'",
+             "update cuentas set cuen_centro = 'N' where cuen_cod = '519530'",
+             "update cuentas_niif set cuen_centro = 'N' where cuen_cod = '519530'",
              "delete from activos_fijos",
              "insert into activos_grupos (acgr_id, acgr_nom, acgr_mesdep, acgr_dep, acgr_mesdepn, "
              "acgr_tipodep) values (1, 'Muebles', 120, 'S', 60, 1)",
