@@ -54,9 +54,34 @@ void Tfmovactivo::FormCreate() {
 void Tfmovactivo::arme_botones() {
     barra_->principal(barra_->boton("SBConsultar", "F4:Consultar", "edit-find", Qt::Key_F4,
                                     [this] { SBModificarClick(); }));
+    barra_->boton("SBBorrar", "F3:Eliminar", "edit-delete", Qt::Key_F3,
+                  [this] { SBBorrarClick(); });
 }
 
 void Tfmovactivo::SBModificarClick() {
     if (hay_fila())
         abra_comprobante(dato("ID"));
+}
+
+void Tfmovactivo::SBBorrarClick() {
+    if (!hay_fila())
+        return;
+    // Un nuevo valor no tiene lista propia: se deshace desde aquí.
+    const QString id = dato("ID");
+    if (CBorrar
+            .valor_unico("select count(*) from activos_fijos_valor where acfj_cod = " +
+                         QuotedStr(activo()) + " and acfv_idcomp = " + QuotedStr(id))
+            .entero() == 0) {
+        muestre_mensaje("Aquí se elimina solo un nuevo valor del activo. Una depreciación o una "
+                        "baja se elimina en la lista de depreciaciones, y los demás comprobantes, "
+                        "con F4.");
+        return;
+    }
+    if (!pregunte("Desea borrar definitivamente el nuevo valor " + dato("TIPO") + ' ' +
+                  dato("PREFIJO") + ' ' + dato("NUMERO") + '?'))
+        return;
+    CBorrar.Execute("delete from activos_fijos_valor where acfj_cod = " + QuotedStr(activo()) +
+                    " and acfv_idcomp = " + QuotedStr(id));
+    CLista.Refresh();
+    emit fdmcnt().balance_por_recalcular();
 }

@@ -14,6 +14,7 @@ protected:
     void arme_botones() override;
     QString consulta() const override;
     void SBModificarClick() override;
+    void SBBorrarClick() override;
 
 private:
     QString activo() const;

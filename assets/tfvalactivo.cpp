@@ -16,6 +16,8 @@ Tfvalactivo::Tfvalactivo() : FormaProceso(valoracion(), SinArmar{}) {
         c.decimal(columna).formato("#,###.00");
     for (const char* columna : {"ACFV_VRUSO", "ACFJ_CSUSO", "ACFV_PRVENTA", "ACFV_CSVENTA"})
         c.FieldByName(columna).OnChange = [this](Campo&) { recalcule(); };
+    // El valor en libros es el de la fecha: entre el 1 y el fin de mes está la depreciación.
+    c.FieldByName("ACFV_FECHA").OnChange = [this](Campo&) { lea_valor(); };
     c.memo("ACFV_OBS").etiqueta("Observaciones");
     c.blob("ACFV_DOCUMENTO");
     c.interno("VrUso", ClaseCampo::Decimal, 2).formato("#,###.00");
@@ -79,14 +81,20 @@ void Tfvalactivo::FormCreate() {
 }
 
 void Tfvalactivo::nueva_fila() {
-    const QString codigo = peticion<AbreActivo>().activo_seleccionado,
-                  fecha = fdmcnt().compone_fecha("1");
-    campo("ACFJ_COD") = codigo;
-    campo("ACFV_FECHA") = fecha;
-    fdm().QBorrar.Open("select VALOR from ACTIVO_VALOR(" + QuotedStr(codigo) + ',' +
-                       QuotedStr(fecha) + ",'S')");
-    campo("ACFV_VALOR") = fdm().QBorrar.Fields(0).moneda();
+    campo("ACFJ_COD") = peticion<AbreActivo>().activo_seleccionado;
+    campo("ACFV_FECHA") = fdmcnt().compone_fecha("1");
+}
+
+void Tfvalactivo::lea_valor() {
+    fdm().QBorrar.Open("select VALOR from ACTIVO_VALOR(" + QuotedStr(campo("ACFJ_COD").texto()) +
+                       ',' + QuotedStr(campo("ACFV_FECHA").texto()) + ",'S')");
+    const Moneda valor = fdm().QBorrar.Fields(0).moneda();
     fdm().QBorrar.Close();
+    if (!campo("ACFV_VALOR").nulo() && campo("ACFV_VALOR").moneda() == valor)
+        return;
+    campo("ACFV_VALOR") = valor;
+    if (!campo("ACFV_VRRECUP").nulo())
+        recalcule();
 }
 
 void Tfvalactivo::recalcule() {

@@ -19,6 +19,7 @@ protected:
 
 private:
     QWidget* importe(const char* columna, const char* nombre);
+    void lea_valor();
     void recalcule();
     void escoja_documento();
 

@@ -3,6 +3,9 @@
 #include "bench/medidas.h"
 #include "herramientas/ubicacion.h"
 
+#include <algorithm>
+#include <ctime>
+
 namespace {
 
 void conecte(Conexion& c, const Ubicacion& lugar) {
@@ -39,27 +42,44 @@ QStringList a_mano() {
     return ordenes;
 }
 
-double deprecie(int activos) {
-    const Copia copia;
-    Conexion c;
-    conecte(c, copia.lugar);
-    Transaccion t(c, ModoTransaccion::Escritura);
-    const auto alta = c.prepare(
-        "insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing, acfj_mesdep, acfj_depniif,"
-        " acfj_dep, acfj_activo, acfj_rescate, acgr_id, acfj_unidades, acfj_ctadepd, acfj_ctadepc,"
-        " acfj_ctaniifd, acfj_ctaniifc, acfj_vrorig) values (?, 'Equipo', '2018-01-05', 60, 84,"
-        " 'S', 'S', 0, 1, 'N', '516015', '159215', '516015', '159215', 1200000)",
-        t);
-    for (int i = 0; i < activos; ++i)
-        alta->ejecute(t, {Valor(QString("BM%1").arg(i, 6, 10, QChar('0')))});
-    t.confirme();
-    return mida(
-        [&] {
-            ensaye(c, {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref,"
-                       " depr_conc, depr_niif) values (-1, '20180131', 'CG', '0001', 'Enero', 'A')",
-                       "execute procedure asiente_depreciacion(-1)"});
-        },
-        3);
+/// Una copia con esos activos por depreciar en enero.
+class PorDepreciar {
+public:
+    explicit PorDepreciar(int activos) {
+        conecte(c_, copia_.lugar);
+        Transaccion t(c_, ModoTransaccion::Escritura);
+        const auto alta = c_.prepare(
+            "insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing, acfj_mesdep,"
+            " acfj_depniif, acfj_dep, acfj_activo, acfj_rescate, acgr_id, acfj_unidades,"
+            " acfj_ctadepd, acfj_ctadepc, acfj_ctaniifd, acfj_ctaniifc, acfj_vrorig) values (?,"
+            " 'Equipo', '2018-01-05', 60, 84, 'S', 'S', 0, 1, 'N', '516015', '159215', '516015',"
+            " '159215', 1200000)",
+            t);
+        for (int i = 0; i < activos; ++i)
+            alta->ejecute(t, {Valor(QString("BM%1").arg(i, 6, 10, QChar('0')))});
+        c_.prepare("insert into activos_centros (acfj_cod, acce_item, acce_proy, acce_centro,"
+                   " acce_porc) select acfj_cod, 1, '0001', '0001', 100 from activos_fijos where"
+                   " acfj_cod starting with 'BM'",
+                   t)
+            ->ejecute(t, {});
+        t.confirme();
+    }
+    void deprecie() {
+        ensaye(c_, {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref,"
+                    " depr_conc, depr_niif) values (-1, '20180131', 'CG', '0001', 'Enero', 'A')",
+                    "execute procedure asiente_depreciacion(-1)"});
+    }
+
+private:
+    const Copia copia_;
+    Conexion c_;
+};
+
+/// Milisegundos de procesador: en un equipo ocupado, los del reloj castigan más al trabajo largo.
+double procesador(PorDepreciar& activos) {
+    const std::clock_t antes = std::clock();
+    activos.deprecie();
+    return double(std::clock() - antes) * 1000 / CLOCKS_PER_SEC;
 }
 
 } // namespace
@@ -79,6 +99,12 @@ void mida_cierre() {
 }
 
 void mida_depreciacion() {
-    const double mil = deprecie(1000), diez_mil = deprecie(10000);
-    informe("depreciación de 10.000 activos, los dos libros", diez_mil, "de 1.000", mil, 13);
+    PorDepreciar mil(1000), diez_mil(10000);
+    double pocos = 1e9, muchos = 1e9;
+    for (int vez = 0; vez < 3; ++vez) {
+        pocos = std::min(pocos, procesador(mil));
+        muchos = std::min(muchos, procesador(diez_mil));
+    }
+    informe("depreciación de 10.000 activos, los dos libros (procesador)", muchos, "de 1.000",
+            pocos, 13);
 }

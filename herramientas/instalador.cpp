@@ -103,6 +103,14 @@ void Instalador::instale(TipoBase tipo) {
         anote_version(a);
 }
 
+/// Un disparador de la base que ya corrió retiene los índices y procedimientos que usa mientras
+/// viva la conexión: lo que una actualización apagó, la siguiente ya lo puede cambiar.
+void Instalador::reconecte() {
+    const ParametrosConexion parametros = conexion_.parametros();
+    conexion_.desconectar();
+    conexion_.conectar(parametros);
+}
+
 QSet<qint64> Instalador::aplicadas() {
     QSet<qint64> numeros;
     Transaccion lectura(conexion_, Transaccion::Modo::Lectura);
@@ -127,6 +135,7 @@ QStringList Instalador::actualice(TipoBase tipo) {
             continue;
         ejecute_guion(a.archivo);
         anote_version(a);
+        reconecte();
         hechas << QFileInfo(a.archivo).completeBaseName();
     }
     ejecute_guiones(tipo);

@@ -23,7 +23,7 @@ public:
     void instale(TipoBase tipo);
     /// Aplica, en orden, las actualizaciones numeradas que falten y repite los guiones. Devuelve
     /// los nombres de las aplicadas. Se niega si la base es de una versión que los guiones no
-    /// conocen.
+    /// conocen. Entre una y otra vuelve a entrar a la base: la conexión no debe tener nada abierto.
     QStringList actualice(TipoBase tipo);
 
     /// Archivos de una base, en el orden en que se ejecutan, relativos a la carpeta.
@@ -39,6 +39,7 @@ private:
     };
     QVector<Actualizacion> actualizaciones(TipoBase tipo) const;
     QSet<qint64> aplicadas();
+    void reconecte();
     void ejecute_guiones(TipoBase tipo);
     void ejecute_guion(const QString& archivo);
     void cargue_lista(const QString& archivo);

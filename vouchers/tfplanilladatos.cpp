@@ -277,6 +277,9 @@ void Tfplanilladatos::agregue(const Comprobante& comprobante) {
 }
 
 void Tfplanilladatos::SBGrabarClick() {
+    // La fila que abre el último Enter, sin nada escrito, no es un comprobante.
+    if (CVirtdata.State() == Estado::Insercion && !CVirtdata.Modified())
+        CVirtdata.Cancel();
     CVirtdata.CheckBrowseMode();
     const bool permite_descuadre = fdm().valor<Llave::PermitirDescuadrados>();
     QVector<Comprobante> todos = comprobantes();

@@ -54,21 +54,6 @@ BEGIN
   SUSPEND;
 END^
 
--- VALOR * NUMERADOR / DENOMINADOR redondeado al centavo, exacto: el resto se reparte aparte para
--- que el producto no se desborde.
-CREATE OR ALTER FUNCTION PROPORCION (
-  VALOR numeric(15,2), NUMERADOR bigint, DENOMINADOR bigint)
-RETURNS numeric(15,2)
-AS
-  DECLARE CENTAVOS bigint;
-  DECLARE PARTE bigint;
-BEGIN
-  CENTAVOS = VALOR * 100;
-  PARTE = mod(CENTAVOS, DENOMINADOR) * NUMERADOR;
-  RETURN (CENTAVOS / DENOMINADOR * NUMERADOR + PARTE / DENOMINADOR
-    + iif(2 * mod(PARTE, DENOMINADOR) >= DENOMINADOR, 1, 0)) / 100.00;
-END^
-
 -- Cargo de un mes por un método, a partir del valor que falta por depreciar. Todo está contado
 -- desde la última revaluación (o la entrada): BASE el valor de entonces, LLEVA lo ya depreciado,
 -- MES el que se calcula (1 a VIDA), VIDA los meses o unidades de vida, HECHAS las unidades

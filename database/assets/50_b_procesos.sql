@@ -3,8 +3,8 @@
 
 SET TERM ^ ;
 
--- Activos que se deprecian por unidades u horas y aún tienen vida a una fecha ("aaaammdd"): última
--- depreciación y unidades que restan. La llama Tfcalculadep.
+-- Activos que se deprecian por unidades u horas, por su ficha o por su grupo, y aún tienen vida a
+-- una fecha ("aaaammdd"): última depreciación y unidades que restan. La llama Tfcalculadep.
 CREATE OR ALTER PROCEDURE ULTIMA_DEPRECIACION_UNIDADES (FECHA varchar(8))
 RETURNS (ACTIVO varchar(15), FECULT varchar(8), UNIREST integer)
 AS
@@ -15,8 +15,10 @@ BEGIN
         - coalesce(maxvalue(sum(iif(D.DEDE_LIBRO = '2649', D.DEDE_UNIDADES, 0)),
             sum(iif(D.DEDE_LIBRO = 'NIIF', D.DEDE_UNIDADES, 0))), 0)
     FROM ACTIVOS_FIJOS A
+    LEFT JOIN ACTIVOS_GRUPOS G ON G.ACGR_ID = A.ACGR_ID
     LEFT JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = A.ACFJ_COD AND D.DEDE_CLASE = 'D'
-    WHERE A.ACFJ_UNIDADES = 'S' AND A.ACFJ_DEP = 'S' AND A.ACFJ_ACTIVO = 'S'
+    WHERE (A.ACFJ_UNIDADES = 'S' OR G.ACGR_TIPODEP = 4)
+      AND A.ACFJ_DEP = 'S' AND A.ACFJ_ACTIVO = 'S'
       AND PRIMER_MES_ACTIVO(A.ACFJ_FECING) <= MES_CONTABLE(:FECHA)
     GROUP BY A.ACFJ_COD, A.ACFJ_MESDEP, A.ACFJ_DEPNIIF
     ORDER BY A.ACFJ_COD
@@ -46,15 +48,17 @@ BEGIN
   WHERE A.ACFJ_COD = :CODIGO
   INTO :METODO, :BASE, :RESCATE, :VIDA, :ANTES;
   -- Tras un deterioro o una recuperación, o desde el saldo con que el activo llegó al programa, se
-  -- reparte el valor que quedó en la vida que quedaba.
+  -- reparte el valor que quedó en la vida que quedaba: el mes del deterioro se gastó solo si ya
+  -- estaba depreciado.
   SELECT max(DEDE_FECHA) FROM DEPRECIACION_DETALLE
   WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE IN ('V', 'I')
     AND DEDE_FECHA <= :FECHA
   INTO :REVALUADO;
   IF (REVALUADO IS NOT NULL) THEN
     SELECT :BASE - sum(DEDE_VALOR), :VIDA - iif(:METODO = 4, sum(DEDE_UNIDADES),
-      maxvalue(max(DEDE_MES) - :ANTES, 0)),
-      iif(:METODO = 4, :ANTES, maxvalue(max(DEDE_MES), :ANTES))
+      maxvalue(coalesce(max(iif(DEDE_CLASE = 'V', NULL, DEDE_MES)), 0) - :ANTES, 0)),
+      iif(:METODO = 4, :ANTES,
+        maxvalue(coalesce(max(iif(DEDE_CLASE = 'V', NULL, DEDE_MES)), 0), :ANTES))
     FROM DEPRECIACION_DETALLE
     WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_FECHA <= :REVALUADO
     INTO :BASE, :VIDA, :ANTES;
@@ -185,14 +189,25 @@ END^
 -- toma los centavos), el acumulado sin repartir. Interna de ASIENTE_DEPRECIACION.
 CREATE OR ALTER PROCEDURE ARME_DEPRECIACION{_NIIF} (ASIENTO integer, REFER varchar(8))
 AS
+  DECLARE ACTIVO varchar(15);
+  DECLARE CUENTA varchar(20);
 BEGIN
+  SELECT FIRST 1 G.ACFJ_COD, G.CTA_DEBITO FROM ACTIVO_CARGO G
+  JOIN {CUENTAS} P ON P.CUEN_COD = G.CTA_DEBITO AND P.CUEN_CENTRO = 'S'
+  WHERE G.LIBRO = '{LIBRO}' AND NOT EXISTS (SELECT 1 FROM ACTIVOS_CENTROS C
+    WHERE C.ACFJ_COD = G.ACFJ_COD AND C.ACCE_PORC > 0)
+  ORDER BY G.ACFJ_COD
+  INTO :ACTIVO, :CUENTA;
+  IF (ROW_COUNT > 0) THEN
+    EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || ACTIVO || ' le falta el reparto por centros de '
+      || 'costo, que la cuenta ' || CUENTA || ' exige.';
   INSERT INTO ASIENTO_LINEA (ASIE_ID, LIBRO, CODE_ITEM, CUEN_COD, CODE_CONCEPTO, CODE_REFER,
     CODE_DEBITO, CODE_CREDITO, PROY_COD, CENT_COD, CODE_DESCONTABLE)
   WITH REPARTO AS (
     SELECT G.ACFJ_COD, G.CTA_DEBITO, C.ACCE_PROY, C.ACCE_CENTRO, G.VALOR,
       row_number() OVER (PARTITION BY G.ACFJ_COD ORDER BY C.ACCE_ITEM DESC) ULTIMO,
-      cast(G.VALOR * C.ACCE_PORC / sum(C.ACCE_PORC) OVER (PARTITION BY G.ACFJ_COD)
-        AS numeric(15,2)) PARTE
+      PROPORCION(G.VALOR, C.ACCE_PORC * 10000,
+        sum(C.ACCE_PORC) OVER (PARTITION BY G.ACFJ_COD) * 10000) PARTE
     FROM ACTIVO_CARGO G
     JOIN {CUENTAS} P ON P.CUEN_COD = G.CTA_DEBITO AND P.CUEN_CENTRO <> 'N'
     JOIN ACTIVOS_CENTROS C ON C.ACFJ_COD = G.ACFJ_COD AND C.ACCE_PORC > 0
@@ -337,7 +352,8 @@ BEGIN
   EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO, left(REFER, 8),
     NULL, USUARIO, iif(ALCANCE IS NULL, 'Baja de activos', 'Depreciación'),
     iif(ALCANCE IS NULL, 'no hay activos fuera de uso por dar de baja.',
-      'ningún activo tiene cargo hasta ese mes.'))
+      'ningún activo tiene cargo hasta ese mes.'),
+    iif(ALCANCE IS NULL, 'S', 'N'))
   RETURNING_VALUES ID, NUMERO_FINAL;
   INSERT INTO DEPRECIACION_DETALLE (DEDE_ID, DEPR_ID, ACFJ_COD, DEDE_LIBRO, DEDE_CLASE, DEDE_FECHA,
     DEDE_MES, DEDE_UNIDADES, DEDE_VALOR, ENCO_CONSEC)
@@ -376,6 +392,15 @@ AS
 BEGIN
   INSERT INTO DEPRECIACION_PENDIENTE (DEPR_ID) VALUES (NEW.DEPR_ID);
   rdb$set_context('USER_TRANSACTION', 'DEPRECIACIONES', 'S');
+END^
+
+-- Deshacer es borrar la fila; cambiarla no, porque el comprobante ya no diría lo mismo.
+CREATE OR ALTER TRIGGER DEPRECIACION_BU FOR DEPRECIACION
+ACTIVE BEFORE UPDATE POSITION 0
+AS
+BEGIN
+  IF (OLD.ENCO_CONSEC IS NOT NULL) THEN
+    EXCEPTION PROCESO_FIJO;
 END^
 
 -- Las unidades llegan con id 0: son de la depreciación que acaba de entrar.
@@ -430,6 +455,60 @@ BEGIN
     EXECUTE PROCEDURE BORRE_COMPROBANTE(OLD.ENCO_CONSEC, USUARIO_ACTUAL());
 END^
 
+-- Lo que impide ponerle un nuevo valor a un activo en una fecha ("aaaammdd"): otro del mismo día, o
+-- que ya no esté en el libro. Interna de ACTIVOS_FIJOS_VALOR.
+CREATE OR ALTER PROCEDURE REVISE_NUEVO_VALOR (CODIGO varchar(15), FECHA varchar(8))
+AS
+  DECLARE OTRO integer;
+BEGIN
+  SELECT ACFV_IDCOMP FROM ACTIVOS_FIJOS_VALOR
+  WHERE ACFJ_COD = :CODIGO AND ACFV_FECHA = :FECHA
+  INTO :OTRO;
+  IF (ROW_COUNT > 0) THEN
+    EXCEPTION PROCESO_REPETIDO 'El activo ' || CODIGO || ' ya tiene un nuevo valor a '
+      || FECHA_CON_BARRAS(FECHA) || ' (comprobante ' || NOMBRE_COMPROBANTE(OTRO)
+      || '). Elimínelo antes de ponerle otro.';
+  SELECT FIRST 1 ENCO_CONSEC FROM DEPRECIACION_DETALLE
+  WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = 'NIIF' AND DEDE_CLASE = 'B'
+  INTO :OTRO;
+  IF (ROW_COUNT > 0) THEN
+    EXCEPTION PROCESO_REPETIDO 'El activo ' || CODIGO || ' ya se dio de baja (comprobante '
+      || NOMBRE_COMPROBANTE(OTRO) || ').';
+END^
+
+-- Lleva a la hoja el deterioro o la recuperación de un activo: el gasto, repartido por sus centros
+-- si la cuenta los lleva (el último toma los centavos), contra el deterioro acumulado. DETERIORA
+-- "N" es una recuperación: los lados se cambian. Interna de ACTIVOS_FIJOS_VALOR.
+CREATE OR ALTER PROCEDURE ARME_NUEVO_VALOR (
+  ASIENTO integer, CODIGO varchar(15), DEBITO varchar(20), CREDITO varchar(20),
+  MONTO numeric(15,2), DETERIORA char(1), CONCEPTO varchar(60))
+AS
+  DECLARE TOTAL numeric(15,4);
+BEGIN
+  SELECT sum(C.ACCE_PORC) FROM ACTIVOS_CENTROS C
+  JOIN CUENTAS_NIIF P ON P.CUEN_COD = :DEBITO AND P.CUEN_CENTRO <> 'N'
+  WHERE C.ACFJ_COD = :CODIGO AND C.ACCE_PORC > 0
+  INTO :TOTAL;
+  INSERT INTO ASIENTO_LINEA (ASIE_ID, LIBRO, CODE_ITEM, CUEN_COD, CODE_CONCEPTO, CODE_DEBITO,
+    CODE_CREDITO, PROY_COD, CENT_COD, CODE_DESCONTABLE)
+  WITH REPARTO AS (
+    SELECT ACCE_ITEM, ACCE_PROY, ACCE_CENTRO, row_number() OVER (ORDER BY ACCE_ITEM DESC) ULTIMO,
+      PROPORCION(:MONTO, ACCE_PORC * 10000, :TOTAL * 10000) PARTE
+    FROM ACTIVOS_CENTROS WHERE ACFJ_COD = :CODIGO AND ACCE_PORC > 0 AND :TOTAL IS NOT NULL),
+  MOVIMIENTO AS (
+    SELECT 0 LADO, ACCE_ITEM ORDEN, :DEBITO CUENTA, ACCE_PROY PROY, ACCE_CENTRO CENTRO,
+      iif(ULTIMO > 1, PARTE, :MONTO - sum(iif(ULTIMO > 1, PARTE, 0)) OVER ()) VALOR
+    FROM REPARTO
+    UNION ALL
+    SELECT 0, 0, :DEBITO, NULL, NULL, :MONTO FROM RDB$DATABASE WHERE :TOTAL IS NULL
+    UNION ALL
+    SELECT 1, 0, :CREDITO, NULL, NULL, :MONTO FROM RDB$DATABASE)
+  SELECT :ASIENTO, 'NIIF', row_number() OVER (ORDER BY LADO, ORDEN), CUENTA, :CONCEPTO,
+    iif((LADO = 0) = (:DETERIORA = 'S'), VALOR, 0), iif((LADO = 0) = (:DETERIORA = 'S'), 0, VALOR),
+    PROY, CENTRO, 'N'
+  FROM MOVIMIENTO;
+END^
+
 -- Deterioro (ACFV_DIFER negativo) o recuperación de un activo en el libro NIIF.
 CREATE OR ALTER TRIGGER ACTIVOS_FIJOS_VALOR_BI FOR ACTIVOS_FIJOS_VALOR
 ACTIVE BEFORE INSERT POSITION 0
@@ -446,20 +525,16 @@ BEGIN
   IF (DEBITO IS NULL OR CREDITO IS NULL) THEN
     EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || NEW.ACFJ_COD
       || ' le faltan las cuentas de deterioro.';
+  EXECUTE PROCEDURE REVISE_NUEVO_VALOR(NEW.ACFJ_COD, NEW.ACFV_FECHA);
   MONTO = abs(coalesce(NEW.ACFV_DIFER, 0));
   ASIENTO = NEXT VALUE FOR SEC_ASIENTO_PROCESO;
   IF (MONTO <> 0) THEN
-    INSERT INTO ASIENTO_LINEA (ASIE_ID, LIBRO, CODE_ITEM, CUEN_COD, CODE_CONCEPTO, CODE_DEBITO,
-      CODE_CREDITO, CODE_DESCONTABLE)
-    SELECT :ASIENTO, 'NIIF', ITEM, CUENTA, left(NEW.ACFJ_COD || ' ' || coalesce(:NOMBRE, ''), 60),
-      iif((ITEM = 1) = (NEW.ACFV_DIFER < 0), :MONTO, 0),
-      iif((ITEM = 1) = (NEW.ACFV_DIFER < 0), 0, :MONTO), 'N'
-    FROM (SELECT 1 ITEM, cast(:DEBITO AS varchar(20)) CUENTA FROM RDB$DATABASE
-      UNION ALL SELECT 2, cast(:CREDITO AS varchar(20)) FROM RDB$DATABASE);
+    EXECUTE PROCEDURE ARME_NUEVO_VALOR(ASIENTO, NEW.ACFJ_COD, DEBITO, CREDITO, MONTO,
+      iif(NEW.ACFV_DIFER < 0, 'S', 'N'), left(NEW.ACFJ_COD || ' ' || coalesce(NOMBRE, ''), 60));
   EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, NEW.TICO_COD, NEW.PRCO_PREF, NEW.ENCO_NUMERO,
     NEW.ACFV_FECHA, NEW.ACFV_CONC, NULL, NULL, USUARIO_ACTUAL(),
     'Deterioro del activo ' || NEW.ACFJ_COD,
-    'el valor recuperable es el valor en libros.')
+    'el valor recuperable es el valor en libros.', 'N')
   RETURNING_VALUES NEW.ACFV_IDCOMP, NEW.ENCO_NUMERO;
 END^
 
@@ -471,6 +546,33 @@ BEGIN
     DEDE_VALOR, ENCO_CONSEC)
   VALUES (NEXT VALUE FOR SEC_DEPRECIACION_DETALLE, NEW.ACFJ_COD, 'NIIF', 'V', NEW.ACFV_FECHA,
     MES_CONTABLE(NEW.ACFV_FECHA), -NEW.ACFV_DIFER, NEW.ACFV_IDCOMP);
+END^
+
+-- El código del activo sí puede cambiar con su ficha.
+CREATE OR ALTER TRIGGER ACTIVOS_FIJOS_VALOR_BU FOR ACTIVOS_FIJOS_VALOR
+ACTIVE BEFORE UPDATE POSITION 0
+AS
+BEGIN
+  IF (NEW.ACFV_FECHA <> OLD.ACFV_FECHA OR NEW.ACFV_DIFER IS DISTINCT FROM OLD.ACFV_DIFER
+    OR NEW.ACFV_IDCOMP IS DISTINCT FROM OLD.ACFV_IDCOMP) THEN
+    EXCEPTION PROCESO_FIJO;
+END^
+
+CREATE OR ALTER TRIGGER ACTIVOS_FIJOS_VALOR_BD FOR ACTIVOS_FIJOS_VALOR
+ACTIVE BEFORE DELETE POSITION 0
+AS
+  DECLARE OTRO integer;
+BEGIN
+  SELECT FIRST 1 P.ENCO_CONSEC
+  FROM DEPRECIACION_DETALLE D
+  JOIN DEPRECIACION_DETALLE P ON P.ACFJ_COD = D.ACFJ_COD AND P.DEDE_LIBRO = D.DEDE_LIBRO
+    AND P.DEDE_ID > D.DEDE_ID
+  WHERE D.ACFJ_COD = OLD.ACFJ_COD AND D.DEDE_CLASE = 'V' AND D.ENCO_CONSEC = OLD.ACFV_IDCOMP
+  ORDER BY P.DEDE_ID DESC
+  INTO :OTRO;
+  IF (ROW_COUNT > 0) THEN
+    EXCEPTION PROCESO_REPETIDO 'El activo ' || OLD.ACFJ_COD || ' tiene un proceso posterior '
+      || '(comprobante ' || NOMBRE_COMPROBANTE(OTRO) || '). Elimínelo primero.';
 END^
 
 CREATE OR ALTER TRIGGER ACTIVOS_FIJOS_VALOR_AD FOR ACTIVOS_FIJOS_VALOR
@@ -501,7 +603,8 @@ BEGIN
       WHERE D.ARTI_COD = :CODIGO
       UNION ALL
       SELECT P.ENCO_CONSEC, 100000,
-          decode(P.DEDE_CLASE, 'D', 'Depreciación', 'B', 'Baja', 'Deterioro')
+          decode(P.DEDE_CLASE, 'D', 'Depreciación', 'B', 'Baja',
+            trim(iif(P.DEDE_VALOR < 0, 'Recuperación', 'Deterioro')))
           || iif(P.DEDE_LIBRO = 'NIIF', ' NIIF', ''), NULL,
         iif(P.DEDE_VALOR < 0, -P.DEDE_VALOR, 0), iif(P.DEDE_VALOR > 0, P.DEDE_VALOR, 0)
       FROM DEPRECIACION_DETALLE P WHERE P.ACFJ_COD = :CODIGO) M

@@ -78,6 +78,24 @@ BEGIN
   RETURN CUENTA;
 END^
 
+-- VALOR * NUMERADOR / DENOMINADOR redondeado al centavo, exacto: el resto se reparte aparte para
+-- que el producto no se desborde. DENOMINADOR es positivo. También la usan los activos.
+CREATE OR ALTER FUNCTION PROPORCION (
+  VALOR numeric(15,2), NUMERADOR bigint, DENOMINADOR bigint)
+RETURNS numeric(15,2)
+AS
+  DECLARE CENTAVOS bigint;
+  DECLARE PARTE bigint;
+  DECLARE SIGNO integer;
+BEGIN
+  SIGNO = sign(VALOR) * sign(NUMERADOR);
+  CENTAVOS = abs(VALOR) * 100;
+  NUMERADOR = abs(NUMERADOR);
+  PARTE = mod(CENTAVOS, DENOMINADOR) * NUMERADOR;
+  RETURN SIGNO * (CENTAVOS / DENOMINADOR * NUMERADOR + PARTE / DENOMINADOR
+    + iif(2 * mod(PARTE, DENOMINADOR) >= DENOMINADOR, 1, 0)) / 100.00;
+END^
+
 -- Toma los saldos de un libro para leerlos enteros: mientras no termine la transacción nadie
 -- compacta.
 CREATE OR ALTER PROCEDURE RETENGA_SALDOS (LIBRO varchar(4))

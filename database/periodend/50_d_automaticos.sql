@@ -6,9 +6,9 @@ SET TERM ^ ;
 -- comprobante salen de aquí. ANO "aaaa"; MES 1 a 13; PORC distinto de cero reemplaza el de todas
 -- las líneas. La base de una línea es el saldo o movimiento del mes de su cuenta base con todas
 -- sus auxiliares: INI, DEB, CRE, NET (débitos menos créditos) o FIN, sin signo. Un monto fijo
--- manda sobre la base. Un concepto fuera de su vigencia no entra; su última línea (ITEM 0) es la
--- cuenta de cierre, por lo que falte para cuadrar. Los centavos del porcentaje se redondean línea
--- a línea. La llaman REGISTRE_REGIAUTO y Tfejecutaregiauto.
+-- manda sobre la base. Un concepto fuera de su vigencia no entra (el mes 13 es diciembre); su
+-- última línea (ITEM 0) es la cuenta de cierre, por lo que falte para cuadrar. Los centavos del
+-- porcentaje se redondean línea a línea. La llaman REGISTRE_REGIAUTO y Tfejecutaregiauto.
 CREATE OR ALTER PROCEDURE LINEAS_REGIAUTO (
   REGISTRO varchar(4), ANO varchar(4), MES smallint, PORC numeric(15,4))
 RETURNS (ORDEN integer, CONCEPTO varchar(4), NOMBRE varchar(60), ITEM integer, CUENTA varchar(20),
@@ -32,7 +32,7 @@ BEGIN
     JOIN CONCEPTOS C ON C.CONC_COD = R.CONC_COD
     WHERE R.REAU_COD = :REGISTRO
       AND (C.CONC_VENCE IS DISTINCT FROM 'S'
-        OR :ANO || lpad(:MES, 2, '0') BETWEEN
+        OR :ANO || lpad(minvalue(:MES, 12), 2, '0') BETWEEN
           coalesce(C.CONC_ANOINI, '0000') || lpad(coalesce(C.CONC_MESINI, 0) + 1, 2, '0')
           AND coalesce(C.CONC_ANOFIN, '9999') || lpad(coalesce(C.CONC_MESFIN, 11) + 1, 2, '0'))
     ORDER BY R.RECO_ITEM
@@ -57,7 +57,7 @@ BEGIN
         INTO :INICIAL, :DEBITOS, :CREDITOS;
         BASE = abs(decode(CUAL, 'INI', INICIAL, 'DEB', DEBITOS, 'CRE', CREDITOS,
           'NET', DEBITOS - CREDITOS, INICIAL + DEBITOS - CREDITOS));
-        MONTO = cast(BASE * PORCENTAJE / 100 AS numeric(15,2));
+        MONTO = PROPORCION(BASE, PORCENTAJE * 10000, 1000000);
       END
       ELSE
         PORCENTAJE = 0;

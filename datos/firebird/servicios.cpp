@@ -31,23 +31,32 @@ Direccion direccion_de(const QString& base) {
     return d;
 }
 
+IService* entre_al_servicio(const Direccion& direccion, const ParametrosConexion& parametros) {
+    Estado estado;
+    IXpbBuilder* spb = utilidades()->getXpbBuilder(&estado, IXpbBuilder::SPB_ATTACH, nullptr, 0);
+    estado.compruebe();
+    spb->insertString(&estado, isc_spb_user_name, a_latin1(parametros.usuario).constData());
+    if (!parametros.clave.isEmpty())
+        spb->insertString(&estado, isc_spb_password, parametros.clave.toUtf8().constData());
+    IProvider* proveedor = maestro()->getDispatcher();
+    IService* servicio =
+        proveedor->attachServiceManager(&estado, direccion.servicio.constData(),
+                                        spb->getBufferLength(&estado), spb->getBuffer(&estado));
+    spb->dispose();
+    proveedor->release();
+    estado.compruebe(true);
+    return servicio;
+}
+
 class Servicio {
 public:
-    Servicio(const Direccion& direccion, const ParametrosConexion& parametros) {
-        Estado estado;
-        IXpbBuilder* spb =
-            utilidades()->getXpbBuilder(&estado, IXpbBuilder::SPB_ATTACH, nullptr, 0);
-        estado.compruebe();
-        spb->insertString(&estado, isc_spb_user_name, a_latin1(parametros.usuario).constData());
-        if (!parametros.clave.isEmpty())
-            spb->insertString(&estado, isc_spb_password, parametros.clave.toUtf8().constData());
-        IProvider* proveedor = maestro()->getDispatcher();
-        servicio_ =
-            proveedor->attachServiceManager(&estado, direccion.servicio.constData(),
-                                            spb->getBufferLength(&estado), spb->getBuffer(&estado));
-        spb->dispose();
-        proveedor->release();
-        estado.compruebe(true);
+    Servicio(const Direccion& direccion, const ParametrosConexion& parametros)
+        : servicio_(entre_al_servicio(direccion, parametros)) {
+        // El hilo de un servicio en proceso puede seguir en el motor cuando el cliente ya lo
+        // descarga, y el programa muere: una entrada que no se suelta lo retiene hasta el final.
+        if (direccion.servicio.contains(':'))
+            return;
+        [[maybe_unused]] static IService* const retiene = entre_al_servicio(direccion, parametros);
     }
     ~Servicio() {
         Estado estado;

@@ -22,15 +22,32 @@ teclas Escape
 espere 0.5
 teclas Escape Escape
 
-# Los cierres: su lista y su formulario.
-teclas shift+F4
-teclas F5
-escriba "Comprobante"
-teclas Tab Tab Tab Tab
-escriba "Cierre de resultados"
-foto cierre_anual 0.8
+# El cierre del año se hace en diciembre, se ve y se imprime su comprobante, y se deshace. El mes de
+# la sesión se cambia en el balance, que aquí va por febrero.
+teclas shift+F9
+for _ in $(seq 10); do teclas alt+Right; done
 teclas Escape
+teclas shift+F4 F5
+escriba "Comprobante de c"
+teclas Tab Tab
+escriba "31"
+teclas Tab Tab
+escriba "Cierre de resultados"
+teclas Tab Tab
+escriba "Normal"
+foto cierre_anual 0.8
+teclas F2
+espere 2
 foto cierres_anuales 0.8
+teclas F4
+foto comprobante_del_cierre 2
+teclas F2
+espere 1
+teclas Return
+a_pdf cierre_anual 1
+espere 1
+teclas F3 alt+s # Sí
+foto cierre_deshecho 2
 teclas Escape
 teclas shift+F3
 teclas F5

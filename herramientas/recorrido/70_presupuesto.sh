@@ -11,15 +11,28 @@ teclas F2
 a_pdf presupuesto
 teclas Escape Escape
 
-# Digitación rápida: se define una planilla y se ejecuta.
+# Digitación rápida: se define una planilla, se ejecuta y sus comprobantes quedan grabados.
 teclas alt+p
 teclas Tab Return
 teclas F5
-escriba "Ventas del día"
+escriba "Consignaciones del día"
 teclas Tab
-escriba "Comprobante"
+escriba "Comprobante g"
+teclas Tab
+escriba "Consignación"
+teclas Tab space Tab Tab space Tab Tab space Tab Tab Tab Insert
+linea 11100501 "Banco" "" "" ""
+linea 110505 "Caja" ""
+teclas space Return space
 foto nueva_planilla 0.8
-teclas Escape
-teclas alt+s # Sí
-espere 0.3
+teclas F2
+foto planillas 1
+teclas F8
+teclas Insert
+linea 3 901 150000 ""
+linea 4 902 275000 ""
+foto planilla_digitada 1
+teclas F2
+espere 1.5
+foto planilla_grabada 0.8
 teclas Escape Escape

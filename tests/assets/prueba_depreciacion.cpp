@@ -30,6 +30,10 @@ private slots:
     void un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupera();
     void las_unidades_producidas_mandan_y_no_pueden_ser_cero();
     void el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene();
+    void un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del_mes();
+    void un_nuevo_valor_se_deshace_en_orden_y_no_se_repite_ni_se_edita();
+    void el_deterioro_se_reparte_por_los_centros_del_activo();
+    void el_grupo_que_produce_pide_unidades_y_un_cargo_enorme_se_reparte();
     void lo_que_falta_se_dice_por_el_nombre_del_activo();
 
 private:
@@ -65,6 +69,11 @@ private:
                QuotedStr(fecha) + ", 'CG', '0001', 'Depreciación', " +
                (alcance.isEmpty() ? QString("null") : QuotedStr(alcance)) + ')';
     }
+    static QString valor(const QString& codigo, const QString& fecha, const QString& diferencia) {
+        return "insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer, tico_cod,"
+               " prco_pref) values (" +
+               QuotedStr(codigo) + ", " + QuotedStr(fecha) + ", " + diferencia + ", 'CG', '0001')";
+    }
     static QString mes(int numero) {
         return QString("%1%2%3")
             .arg((numero - 1) / 12)
@@ -97,6 +106,9 @@ void PruebaDepreciacion::init() {
                                .arg(plan, QuotedStr(cuenta)));
     base().ejecute(
         "update cuentas set cuen_tipo = 'N', cuen_tercero = 'N' where cuen_cod = '152405'");
+    for (const char* plan : {"cuentas", "cuentas_niif"})
+        base().ejecute(
+            QString("update %1 set cuen_centro = 'N' where cuen_cod = '519530'").arg(plan));
     for (int metodo : {1, 2, 3})
         grupo(metodo, metodo);
 }
@@ -222,6 +234,9 @@ void PruebaDepreciacion::cada_metodo_carga_lo_suyo_cada_mes() {
 
 void PruebaDepreciacion::el_gasto_se_reparte_por_los_centros_del_activo() {
     activo("TORNO", "100", "0", 1, 1, 1, "2017-01-01");
+    base().ejecute("update cuentas set cuen_centro = 'S' where cuen_cod = '519530'");
+    QVERIFY(falla_de(base(), orden("20170131", "C"))
+                .contains("Al activo TORNO le falta el reparto por centros"));
     for (const auto& [item, centro] : {std::pair(1, "0001"), {2, "0002"}})
         base().ejecute(
             QString("insert into activos_centros values ('TORNO', %1, '0001', '%2', 33.3333)")
@@ -316,6 +331,83 @@ void PruebaDepreciacion::el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene() {
     QVERIFY(falla_de(base(), orden("20170731", "")).contains("no hay activos fuera de uso"));
     QCOMPARE(base().consulte("select count(*) from comprobantes_activo('CAMION')").entero(), 13);
     QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaDepreciacion::un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del_mes() {
+    activo("CAMION", "1000", "0", 10, 10, 1, "2017-01-01");
+    for (int m = 1; m <= 4; ++m)
+        deprecie(mes(2017 * 12 + m));
+    base().ejecute(valor("CAMION", "20170501", "-300"));
+    for (int m = 5; m <= 10; ++m)
+        deprecie(mes(2017 * 12 + m));
+    // 300 en los seis meses que quedaban, mayo entre ellos.
+    QCOMPARE(cargos("CAMION", "NIIF").mid(4),
+             (QStringList{"300", "50", "50", "50", "50", "50", "50"}));
+    QCOMPARE(depreciado("CAMION", "2649"), 100000);
+    QCOMPARE(depreciado("CAMION", "NIIF"), 100000);
+}
+
+void PruebaDepreciacion::un_nuevo_valor_se_deshace_en_orden_y_no_se_repite_ni_se_edita() {
+    activo("CAMION", "1000", "0", 10, 10, 1, "2017-01-01");
+    deprecie("20170131");
+    base().ejecute(valor("CAMION", "20170131", "-300"));
+    QVERIFY(falla_de(base(), valor("CAMION", "20170131", "-1"))
+                .contains("ya tiene un nuevo valor a 2017/01/31 (comprobante CG 0001"));
+    QVERIFY(falla_de(base(), "update activos_fijos_valor set acfv_difer = -1")
+                .contains("no se modifica"));
+    QVERIFY(
+        falla_de(base(), "update depreciacion set depr_conc = 'Otro'").contains("no se modifica"));
+    QVERIFY(!falla_de(base(), "delete from comprobante_encabezado where enco_consec = (select"
+                              " acfv_idcomp from activos_fijos_valor)")
+                 .isEmpty());
+    deprecie("20170228");
+    QVERIFY(falla_de(base(), "delete from activos_fijos_valor").contains("proceso posterior"));
+    base().ejecute("delete from depreciacion where depr_fecha = '20170228'");
+    base().ejecute("delete from activos_fijos_valor");
+    QCOMPARE(base().consulte("select valor from activo_valor('CAMION', '20171231', 'S')").texto(),
+             QString("900"));
+    base().ejecute("update activos_fijos set acfj_activo = 'N'");
+    deprecie("20170228", {});
+    QVERIFY(falla_de(base(), valor("CAMION", "20170331", "-1")).contains("ya se dio de baja"));
+    QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaDepreciacion::el_deterioro_se_reparte_por_los_centros_del_activo() {
+    base().ejecute("update cuentas_niif set cuen_centro = 'S' where cuen_cod = '530525'");
+    activo("TORNO", "1000", "0", 10, 10, 1, "2017-01-01");
+    QVERIFY(falla_de(base(), valor("TORNO", "20170131", "-100"))
+                .contains("Debe indicar un Proyecto-Centro"));
+    int item = 0;
+    for (const char* centro : {"'0001', '0001'", "'0001', '0002'", "'0002', '0001'"})
+        base().ejecute(QString("insert into activos_centros values ('TORNO', %1, %2, 33.3333)")
+                           .arg(++item)
+                           .arg(centro));
+    base().ejecute(valor("TORNO", "20170131", "-100"));
+    base().ejecute(valor("TORNO", "20170228", "50"));
+    QCOMPARE(filas_de(base(), "select cuen_cod, proy_cod, cent_cod, code_debito, code_credito from"
+                              " comprobante_detalle_niif order by enco_consec, code_item"),
+             QString("530525|0001|0001|33.33|0\n530525|0001|0002|33.33|0\n"
+                     "530525|0002|0001|33.34|0\n159220|||0|100\n"
+                     "530525|0001|0001|0|16.67\n530525|0001|0002|0|16.67\n"
+                     "530525|0002|0001|0|16.66\n159220|||50|0"));
+}
+
+void PruebaDepreciacion::el_grupo_que_produce_pide_unidades_y_un_cargo_enorme_se_reparte() {
+    grupo(4, 4);
+    activo("PRENSA", "1000", "0", 300, 300, 4, "2017-01-01");
+    QCOMPARE(filas_de(base(), "select activo from ultima_depreciacion_unidades('20170131')"),
+             QString("PRENSA"));
+    base().ejecute("update cuentas set cuen_centro = 'S' where cuen_cod = '519530'");
+    activo("PLANTA", "90000000000.02", "0", 2, 2, 1, "2017-01-01");
+    int item = 0;
+    for (const char* centro : {"'0001', '0001'", "'0001', '0002'", "'0002', '0001'"})
+        base().ejecute(QString("insert into activos_centros values ('PLANTA', %1, %2, 33.3333)")
+                           .arg(++item)
+                           .arg(centro));
+    deprecie("20170131", "C");
+    QCOMPARE(filas_de(base(), "select code_debito from comprobante_detalle where cuen_cod ="
+                              " '519530' order by code_item"),
+             QString("15000000000\n15000000000\n15000000000.01"));
 }
 
 void PruebaDepreciacion::lo_que_falta_se_dice_por_el_nombre_del_activo() {

@@ -14,6 +14,22 @@
 #include "toolkit/controles/listadato.h"
 #include "toolkit/grafica.h"
 
+#include <QDesktopServices>
+
+/// Hace de visor de PDF del sistema.
+class VisorTestigo : public QObject {
+    Q_OBJECT
+public:
+    VisorTestigo() { QDesktopServices::setUrlHandler("file", this, "abra"); }
+    ~VisorTestigo() override { QDesktopServices::unsetUrlHandler("file"); }
+    QList<QByteArray> vistos;
+public slots:
+    void abra(const QUrl& url) {
+        QFile f(url.toLocalFile());
+        vistos << (f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("no está"));
+    }
+};
+
 namespace {
 
 QStringList abiertos;
@@ -35,6 +51,8 @@ struct Almacenista {
                         .arg(plan, QuotedStr(cuenta)));
         s.base.ejecute(
             {"update cuentas set cuen_tipo = 'N', cuen_tercero = 'N' where cuen_cod = '152405'",
+             "update cuentas set cuen_centro = 'N' where cuen_cod = '519530'",
+             "update cuentas_niif set cuen_centro = 'N' where cuen_cod = '519530'",
              "delete from activos_fijos",
              "insert into activos_grupos (acgr_id, acgr_nom, acgr_mesdep, acgr_dep, acgr_mesdepn, "
              "acgr_tipodep) values (1, 'Muebles', 120, 'S', 60, 1)",
@@ -338,6 +356,126 @@ private slots:
         QCOMPARE(conceptos, QStringList({"Depreciación", "Depreciación NIIF"}));
         oprima(Qt::Key_F4);
         QCOMPARE(abiertos, QStringList(s.dato("select enco_consec from depreciacion")));
+    }
+
+    void un_nuevo_valor_se_elimina_desde_los_movimientos_y_solo_el() {
+        SesionGui s;
+        Almacenista a(s);
+        a.activo("EQ1", "1200", 12);
+        s.base.ejecute(
+            {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, "
+             "depr_conc, depr_niif) values (0, '20170131', 'CG', '0001', 'Enero', 'N')",
+             "insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer, tico_cod, "
+             "prco_pref) values ('EQ1', '20170215', 25, 'CG', '0001')"});
+        auto* m = static_cast<ListaProceso*>(a.abra("Tfmovactivo", AbreActivo{QString("EQ1")}));
+        QCOMPARE(valores_de(m->CLista, "CONCEPTO"),
+                 QStringList({"Depreciación NIIF", "Recuperación NIIF"}));
+        Interlocutor i;
+        i.espere_comienzo("Aquí se elimina solo un nuevo valor del activo.");
+        oprima(Qt::Key_F3);
+        oprima(Qt::Key_Down);
+        i.espere_comienzo("Desea borrar definitivamente el nuevo valor CG 0001 0", "Sí");
+        oprima(Qt::Key_F3);
+        QCOMPARE(valores_de(m->CLista, "CONCEPTO"), QStringList({"Depreciación NIIF"}));
+        QCOMPARE(s.dato("select count(*) from activos_fijos_valor"), QString("0"));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("1"));
+    }
+
+    void el_nuevo_valor_lleva_su_soporte_y_el_valor_de_su_fecha() {
+        SesionGui s;
+        Almacenista a(s);
+        a.activo("EQ1", "1200", 12);
+        s.base.ejecute(
+            {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, "
+             "depr_conc, depr_niif) values (0, '20170131', 'CG', '0001', 'Enero', 'N')"});
+        a.abra("Tfvalactivo", AbreActivo{QString("EQ1")});
+        QCOMPARE(a.caja("EValor"), QString("1,200.00")); // el primero de enero
+        a.tipo();
+        escriba(a.p, "EPrVenta", "1000");
+        QCOMPARE(a.caja("EDifer"), QString("-200.00"));
+        escriba(a.p, "EDia", "31");
+        QCOMPARE(a.caja("EValor"), QString("1,150.00"));
+        QCOMPARE(a.caja("EDifer"), QString("-150.00"));
+        QTemporaryDir carpeta;
+        QFile avaluo(carpeta.filePath("avaluo.pdf"));
+        QVERIFY(avaluo.open(QIODevice::WriteOnly) && avaluo.write("%PDF de avance") > 0);
+        avaluo.close();
+        Interlocutor i;
+        QVERIFY_EXCEPTION_THROWN(
+            static_cast<Tfvalactivo*>(a.p)->cargue_documento(carpeta.filePath("falta.pdf")),
+            ErrorDatos);
+        i.espere_modal("QFileDialog", [&](QWidget* w) {
+            w->findChild<QLineEdit*>("fileNameEdit")->setText(avaluo.fileName());
+            QMetaObject::invokeMethod(w, "accept");
+        });
+        oprima(Qt::Key_F8);
+        QCOMPARE(a.caja("EDocumento"), QString("avaluo.pdf"));
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfvalactivo"));
+        QCOMPARE(s.dato("select acfv_difer || ' ' || cast(acfv_documento as varchar(20)) from "
+                        "activos_fijos_valor"),
+                 QString("-150.00 %PDF de avance"));
+        QCOMPARE(s.dato("select valor from activo_valor('EQ1', '20170131', 'S')"), QString("1000"));
+    }
+
+    void los_documentos_del_activo_se_agregan_se_ven_y_se_borran_con_su_derecho() {
+        SesionGui s("AUXILIAR");
+        Almacenista a(s);
+        VisorTestigo visor;
+        a.activo("EQ1", "1200", 12);
+        QTemporaryDir carpeta;
+        QFile factura(carpeta.filePath("Factura.pdf"));
+        QVERIFY(factura.open(QIODevice::WriteOnly) && factura.write("%PDF factura") > 0);
+        factura.close();
+        a.abra("Tfedtactivo", AbreActivo{QString("EQ1")});
+        oprima(Qt::Key_F8);
+        a.p = s.escritorio.activa();
+        QCOMPARE(a.p->objectName(), QString("Tfdocsact"));
+        Interlocutor i;
+        i.espere_modal("Tfnvodocact", [&](QWidget* modal) {
+            auto* forma = modal->findChild<Pantalla*>("Tfnvodocact");
+            auto& ruta = componente<QLineEdit>(forma, "EArchivo");
+            ruta.setText(factura.fileName());
+            QTest::keyClick(&ruta, Qt::Key_F2);
+        });
+        oprima(Qt::Key_F5);
+        QCOMPARE(s.dato("select acdo_item || acdo_nombre || octet_length(acdo_archivo) from "
+                        "activos_documentos where acfj_cod = 'EQ1'"),
+                 QString("1Factura12"));
+        QTRY_COMPARE(visor.vistos, QList<QByteArray>({"%PDF factura"}));
+        const QDir pdf(s.base.ruta() + "/pdf");
+        QCOMPARE(pdf.entryList(QDir::Files), QStringList("EQ1Factura.pdf"));
+        s.niegue(12);
+        i.espere(kAccesoNegado);
+        oprima(Qt::Key_F3);
+        s.otorgue(12);
+        i.espere("Desea borrar definitivamente el documento Factura?", "Sí");
+        oprima(Qt::Key_F3);
+        QCOMPARE(s.dato("select count(*) from activos_documentos"), QString("0"));
+        QVERIFY(pdf.entryList(QDir::Files).isEmpty());
+    }
+
+    void quien_trabaja_con_el_papel_deprecia_y_da_de_baja() {
+        SesionGui s("AUXILIAR");
+        Almacenista a(s);
+        a.activo("EQ1", "1200", 12);
+        a.abra("Tfcalculadep");
+        a.tipo();
+        escriba(a.p, "EConcepto", "Enero");
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfcalculadep"));
+        s.base.ejecute({"update activos_fijos set acfj_activo = 'N'"});
+        a.abra("Tfbajaactivo");
+        a.tipo();
+        escriba(a.p, "EConcepto", "Venta");
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select list(dede_clase || dede_libro, ' ') from (select * from "
+                        "depreciacion_detalle order by dede_id)"),
+                 QString("D2649 B2649 BNIIF"));
+        // Lo que llevan los procesos no se escribe a mano.
+        for (const char* orden : {"update depreciacion_detalle set dede_valor = 0",
+                                  "execute procedure asiente_depreciacion(1)"})
+            QVERIFY_EXCEPTION_THROWN(s.dm.Quorvex.ejecute(orden), ErrorBase);
     }
 
     void la_grafica_usa_pasos_redondos() {

@@ -10,6 +10,7 @@
 #include "toolkit/grafica.h"
 
 #include <QClipboard>
+#include <QFileDialog>
 
 namespace {
 
@@ -187,6 +188,30 @@ private slots:
         for (const char* texto : {"Presupuesto para el periodo de:5105 - 5105", "Periodo actual",
                                   "Acumulado", "Enero de 2017", "510506", "100.00"})
             QVERIFY2(impreso.contains(texto), texto);
+    }
+
+    void la_comparacion_se_guarda_en_un_archivo_con_lo_que_se_ve() {
+        SesionGui s;
+        presupueste(s, 1, "510506", "100", "0");
+        auto* c = s.abra<Tfcompresupuesto>("Tfcompresupuesto", AbrePresupuesto{{2017, 0}});
+        llene(c, "EDesde", "5105");
+        llene(c, "EHasta", "5105");
+        oprima(Qt::Key_Return);
+        QTemporaryDir carpeta;
+        Interlocutor i;
+        i.espere_modal("guardar_seleccion", [&](QWidget* w) {
+            auto* d = static_cast<QFileDialog*>(w);
+            QCOMPARE(d->findChild<QLineEdit*>("fileNameEdit")->text(), QString("PresupMovto"));
+            d->selectNameFilter("Comma separated values (*.csv)");
+            d->findChild<QLineEdit*>("fileNameEdit")->setText(carpeta.filePath("comparacion"));
+            QTest::keyClick(d->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        });
+        oprima(Qt::Key_F4);
+        QFile f(carpeta.filePath("comparacion.csv"));
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        const QStringList renglones = QString::fromLatin1(f.readAll()).trimmed().split('\n');
+        QCOMPARE(renglones.size(), 3); // los títulos y las dos cuentas
+        QVERIFY2(renglones.last().contains("510506"), qPrintable(renglones.last()));
     }
 };
 

@@ -68,6 +68,7 @@ private slots:
     void el_cierre_de_terceros_pasa_los_saldos_al_tercero();
     void el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del_comienzo();
     void un_registro_automatico_calcula_cada_base();
+    void un_registro_llega_a_los_ajustes_y_no_se_desborda();
     void la_diferencia_en_cambio_lleva_los_documentos_a_la_tasa();
 
 private:
@@ -326,6 +327,33 @@ void PruebaProcesosCierre::un_registro_automatico_calcula_cada_base() {
     // Sin nada que calcular no se escribe nada ni se gasta un número.
     base().ejecute("delete from registro_conceptos where conc_cod = 'PROV'");
     QCOMPARE(corra("0"), QString());
+}
+
+void PruebaProcesosCierre::un_registro_llega_a_los_ajustes_y_no_se_desborda() {
+    base().ejecute(
+        "insert into conceptos (conc_cod, conc_nom, conc_vence, conc_anoini, conc_mesini,"
+        " conc_anofin, conc_mesfin) values ('VIEJ', 'Vencido', 'S', '2017', 0, '2017', 11)");
+    base().ejecute("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, cocu_monto,"
+                   " cocu_debito) values ('VIEJ', 1, '110505', 500, 'S')");
+    base().ejecute("insert into conceptos (conc_cod, conc_nom) values ('PROV', 'Provisión')");
+    base().ejecute("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, cocu_cuentabase,"
+                   " cocu_base, cocu_porc, cocu_debito) values ('PROV', 1, '111005', '1105',"
+                   " 'DEB', 33.33, 'S')");
+    base().ejecute("insert into registro_automatico values ('R1', 'Receta', 'CG', '0001')");
+    base().ejecute("insert into registro_conceptos values ('R1', 1, 'PROV')");
+    base().ejecute("insert into registro_conceptos values ('R1', 2, 'VIEJ')");
+    // La vigencia que llega a diciembre alcanza los ajustes, que son el mes 13.
+    QCOMPARE(filas_de(base(), "select mes, (select count(*) from lineas_regiauto('R1', '2017', mes,"
+                              " 0) where concepto = 'VIEJ') from (select 12 mes from rdb$database"
+                              " union all select 13 from rdb$database)"),
+             QString("12|1\n13|1"));
+    // Una base de billones no se desborda.
+    const Moneda billones = Moneda::de_texto("3000000000000");
+    grabe(base(),
+          {950, "000950", "20191210", {{1, "110505", billones, {}}, {2, "111005", {}, billones}}});
+    QCOMPARE(filas_de(base(), "select debito from lineas_regiauto('R1', '2019', 12, 0) where"
+                              " concepto = 'PROV'"),
+             QString("999900000000"));
 }
 
 void PruebaProcesosCierre::la_diferencia_en_cambio_lleva_los_documentos_a_la_tasa() {

@@ -193,6 +193,21 @@ private slots:
                  QString("900.00:2.50:Mostrador:00020001"));
     }
 
+    void se_digita_de_corrido_con_enter_y_la_ultima_fila_en_blanco_no_estorba() {
+        SesionGui s;
+        Digitador d(s);
+        siembre(s);
+        auto* p = s.abra<Tfplanilladatos>("Tfplanilladatos", AbrePlanilla{"1"});
+        p->DBGridEh1->setFocus();
+        oprima(Qt::Key_Insert);
+        digite_celdas({"3", "901", "150", "", "", ""});
+        digite_celdas({"4", "902", "275", "", "", ""});
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfplanilladatos"));
+        QCOMPARE(s.dato("select list(enco_numero || enco_fecha) from comprobante_encabezado"),
+                 QString("00090120170103,00090220170104"));
+    }
+
     void los_descuadrados_se_omiten_y_se_dicen_de_una_vez() {
         SesionGui s;
         Digitador d(s);
