@@ -257,9 +257,14 @@ void Tfbalanceanual::TipoChange(int indice) {
         CGrafcta.Post();
         saldo += movimiento;
     }
-    grafico->muestre(CGrafcta,
-                     codigo + ' ' + CBalance.FieldByName("NOMBRE").texto() + " - " +
-                         Tipo->itemText(indice) + ' ' + fdmcnt().ano_actual,
+    QStringList titulo{codigo,
+                       CBalance.FieldByName("NOMBRE").texto(),
+                       CBalance.FieldByName("NOMTERC").texto(),
+                       "-",
+                       Tipo->itemText(indice),
+                       fdmcnt().ano_actual};
+    titulo.removeAll(QString());
+    grafico->muestre(CGrafcta, titulo.join(' '),
                      indice == Movimientos ? GraficoCuenta::Barras : GraficoCuenta::Linea);
 }
 

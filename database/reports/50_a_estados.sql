@@ -207,6 +207,43 @@ BEGIN
   END
 END^
 
+-- Movimiento neto de un año por cuenta y mes: MES 0, lo que traía; 13, los ajustes y el cierre. Con
+-- TERCERO "S", por tercero; sin él lee los saldos por cuenta, que no crecen con los terceros.
+-- Interna de BALANCE_ANUAL.
+CREATE OR ALTER PROCEDURE LEA_ANO{_NIIF} (
+  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1))
+RETURNS (CUENTA varchar(20), NIT varchar(20), MES smallint, NETO numeric(18,2))
+AS
+BEGIN
+  IF (TERCERO = 'S') THEN
+  BEGIN
+    FOR
+      SELECT CUEN_COD, TERC_NIT, iif(SALD_ANO < :ANO, 0, minvalue(SALD_MES, 13)),
+        sum(SALD_DEBITO - SALD_CREDITO)
+      FROM VISTA_SALDOS_TERCERO{_NIIF}
+      WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
+        AND SALD_ANO <= :ANO
+      GROUP BY 1, 2, 3
+      INTO :CUENTA, :NIT, :MES, :NETO
+    DO
+      SUSPEND;
+  END
+  ELSE
+  BEGIN
+    NIT = '';
+    FOR
+      SELECT CUEN_COD, iif(SALD_ANO < :ANO, 0, minvalue(SALD_MES, 13)),
+        sum(SALD_DEBITO - SALD_CREDITO)
+      FROM VISTA_SALDOS_CUENTA{_NIIF}
+      WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
+        AND SALD_ANO <= :ANO
+      GROUP BY 1, 2
+      INTO :CUENTA, :MES, :NETO
+    DO
+      SUSPEND;
+  END
+END^
+
 -- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre.
 -- Con SALDOS "S" cada mes lleva, en vez de su movimiento, el saldo con que termina. Con TERCERO
 -- "S", también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual.
@@ -222,26 +259,16 @@ AS
 BEGIN
   FOR
     WITH HOJA AS (
-      SELECT S.CUEN_COD CUENTA, S.TERC_NIT NIT,
-        sum(iif(S.SALD_ANO < :ANO OR S.SALD_MES = 0, S.SALD_DEBITO - S.SALD_CREDITO, 0)) INI,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 1, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M01,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 2, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M02,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 3, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M03,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 4, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M04,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 5, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M05,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 6, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M06,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 7, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M07,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 8, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M08,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 9, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M09,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 10, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M10,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 11, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M11,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 12, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M12,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES > 12, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M13,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES > 0, 1, 0)) MOVIDAS
-      FROM VISTA_SALDOS_TERCERO{_NIIF} S
-      WHERE S.CUEN_COD >= :DESDE AND (S.CUEN_COD <= :HASTA OR S.CUEN_COD STARTING WITH :HASTA)
-        AND S.SALD_ANO <= :ANO
-      GROUP BY S.CUEN_COD, S.TERC_NIT),
+      SELECT CUENTA, NIT, sum(iif(MES = 0, NETO, 0)) INI, sum(iif(MES = 1, NETO, 0)) M01,
+        sum(iif(MES = 2, NETO, 0)) M02, sum(iif(MES = 3, NETO, 0)) M03,
+        sum(iif(MES = 4, NETO, 0)) M04, sum(iif(MES = 5, NETO, 0)) M05,
+        sum(iif(MES = 6, NETO, 0)) M06, sum(iif(MES = 7, NETO, 0)) M07,
+        sum(iif(MES = 8, NETO, 0)) M08, sum(iif(MES = 9, NETO, 0)) M09,
+        sum(iif(MES = 10, NETO, 0)) M10, sum(iif(MES = 11, NETO, 0)) M11,
+        sum(iif(MES = 12, NETO, 0)) M12, sum(iif(MES = 13, NETO, 0)) M13,
+        sum(iif(MES > 0, 1, 0)) MOVIDAS
+      FROM LEA_ANO{_NIIF}(:ANO, :DESDE, :HASTA, :TERCERO)
+      GROUP BY CUENTA, NIT),
     FILA AS (
       SELECT substring(H.CUENTA FROM 1 FOR N.ESTR_DIGITOS) CUENTA, cast(NULL AS varchar(20)) NIT,
         N.ESTR_NIVEL NIVEL, sum(INI) INI, sum(M01) M01, sum(M02) M02, sum(M03) M03, sum(M04) M04,

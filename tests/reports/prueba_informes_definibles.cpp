@@ -355,6 +355,62 @@ private slots:
         QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), QString("TI"));
         QTest::mouseClick(e->lienzo, Qt::LeftButton, {}, punto(690, 66));
         QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), QString("SF1105"));
+        // El lugar es el de lo impreso y no el de su código: "El titulo" llega más allá que "TI".
+        QTest::mouseClick(e->lienzo, Qt::LeftButton, {}, punto(780, 552));
+        QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), QString("TI"));
+    }
+
+    void lo_que_no_cabe_en_un_importe_no_tumba_la_pagina_a_la_vista() {
+        Sesion s;
+        s.informe(1, "Enorme");
+        s.dato(1, 1, "SF1105", ", focd_oper, focd_factor", ", '*', 9999999999999.99");
+        s.dato(1, 2, "NO");
+        auto* e = s.abra<Tfmodformato>("Tfmodformato", AbreFormatoEspecial{1});
+        e->lienzo->grab();
+        tome_foto(&s.ventana, "editor_enorme");
+        oprima(Qt::Key_Down);
+        QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), QString("NO"));
+        auto* p = s.abra<Tfimpinforme>("Tfimpinforme", AbreFormatoEspecial{1});
+        Interlocutor i;
+        QTemporaryDir carpeta;
+        espere_pdf(i, carpeta.filePath("enorme.pdf"));
+        i.espere_modal("dialogo", [](QWidget* w) {
+            QVERIFY(qobject_cast<QMessageBox*>(w)->text().contains(
+                "La cifra de SF1105 con su factor no cabe en un importe."));
+            QTest::keyClick(w, Qt::Key_Escape);
+        });
+        escritorio()->active(p);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(!QFile::exists(carpeta.filePath("enorme.pdf")));
+    }
+
+    void las_paginas_van_de_una_a_noventa_y_nueve_y_el_codigo_grabado_ya_no_cambia() {
+        Sesion s;
+        s.informe(3, "Otro");
+        auto* e = s.abra<Tfnvoformato>("Tfnvoformato");
+        llene(e, "FOCO_NOMBRE", "Nuevo");
+        llene(e, "FOCO_PAGINAS", "0");
+        Interlocutor i;
+        i.espere("El informe tiene de 1 a 99 páginas.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        llene(e, "FOCO_PAGINAS", "2");
+        llene(e, "FOCO_ID", "3"); // el de otro: se dice, y lo escrito sigue
+        i.espere_modal("dialogo", [](QWidget* w) { QTest::keyClick(w, Qt::Key_Escape); });
+        oprima(Qt::Key_F8);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(escritorio()->activa(), e);
+        QCOMPARE(s.dato("select foco_nombre from formatos_contables where foco_id = 3"),
+                 QString("Otro"));
+        QVERIFY(!e->ECodigo->isReadOnly());
+        llene(e, "FOCO_ID", "8");
+        oprima(Qt::Key_F8);
+        QVERIFY(qobject_cast<Tfimpinforme*>(escritorio()->activa()));
+        QVERIFY(e->ECodigo->isReadOnly());
+        QCOMPARE(s.dato("select foco_nombre || foco_paginas from formatos_contables where foco_id "
+                        "= 8"),
+                 QString("Nuevo2"));
     }
 
     void la_copia_lleva_las_columnas_de_siempre_y_borrar_se_lleva_los_renglones() {

@@ -15,6 +15,17 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+namespace {
+
+/// Nivel vecino de uno entre los de `campos` campos; el último se escribe 0, todos.
+int otro_nivel(int nivel, qsizetype campos, int paso) {
+    const int ahora = nivel == 0 ? int(campos) : nivel;
+    const int nuevo = qBound(1, ahora + paso, qMax(1, int(campos)));
+    return nuevo == ahora ? nivel : nuevo == campos ? 0 : nuevo;
+}
+
+} // namespace
+
 RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
     setModel(&modelo_);
     setObjectName(QStringLiteral("RejillaCubo"));
@@ -67,14 +78,27 @@ void RejillaCubo::alterne_actual() {
         sin_moverse([this] { modelo_.alterne(currentIndex().row()); });
 }
 
+void RejillaCubo::alterne_columna_actual() {
+    if (currentIndex().column() > 0)
+        sin_moverse([this] { modelo_.alterne_columna(currentIndex().column()); });
+}
+
 void RejillaCubo::mueva_nivel(int paso) {
-    const int campos = int(modelo_.disposicion().filas.size());
-    const int ahora = modelo_.nivel() == 0 ? campos : modelo_.nivel();
-    const int nuevo = qBound(1, ahora + paso, qMax(1, campos));
-    if (nuevo == ahora)
+    const int nuevo = otro_nivel(modelo_.nivel(), modelo_.disposicion().filas.size(), paso);
+    if (nuevo == modelo_.nivel())
         return;
-    sin_moverse([&] { modelo_.nivel(nuevo == campos ? 0 : nuevo); });
-    emit nivel_cambiado(modelo_.nivel());
+    sin_moverse([&] { modelo_.nivel(nuevo); });
+    emit nivel_cambiado(nuevo);
+}
+
+void RejillaCubo::mueva_nivel_columnas(int paso) {
+    const int nuevo =
+        otro_nivel(modelo_.nivel_columnas(), modelo_.disposicion().columnas.size(), paso);
+    if (nuevo == modelo_.nivel_columnas())
+        return;
+    sin_moverse([&] { modelo_.nivel_columnas(nuevo); });
+    ajuste_anchos();
+    emit nivel_columnas_cambiado(nuevo);
 }
 
 void RejillaCubo::copie() const {
@@ -117,15 +141,19 @@ void RejillaCubo::guarde() {
 
 void RejillaCubo::keyPressEvent(QKeyEvent* evento) {
     const bool numerico = evento->modifiers() & Qt::KeypadModifier;
+    const bool control = evento->modifiers() & Qt::ControlModifier;
+    const int paso = !numerico                       ? 0
+                     : evento->key() == Qt::Key_Plus ? 1
+                                                     : -int(evento->key() == Qt::Key_Minus);
     if (evento->matches(QKeySequence::Copy))
         copie();
+    else if (evento->key() == Qt::Key_Space && evento->modifiers() & Qt::ShiftModifier)
+        alterne_columna_actual();
     else if (evento->key() == Qt::Key_Space || evento->key() == Qt::Key_Return ||
              evento->key() == Qt::Key_Enter)
         alterne_actual();
-    else if (numerico && evento->key() == Qt::Key_Plus)
-        mueva_nivel(1);
-    else if (numerico && evento->key() == Qt::Key_Minus)
-        mueva_nivel(-1);
+    else if (paso != 0)
+        control ? mueva_nivel_columnas(paso) : mueva_nivel(paso);
     else
         QTableView::keyPressEvent(evento);
 }

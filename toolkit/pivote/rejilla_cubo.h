@@ -1,6 +1,7 @@
 #pragma once
-// Un cubo en pantalla. Espacio, Enter o doble clic pliegan y despliegan la fila; con doble clic en
-// el título, la columna; el más y el menos del teclado numérico, todas por niveles.
+// Un cubo en pantalla. Espacio, Enter o doble clic pliegan y despliegan la fila; Mayúscula+Espacio
+// o doble clic en el título, la columna. El más y el menos del teclado numérico, todas las filas
+// por niveles; con Control, las columnas.
 #include "toolkit/pivote/modelo_cubo.h"
 
 #include <QTableView>
@@ -17,8 +18,10 @@ public:
     /// Calcula y muestra, y vuelve a la fila y la columna en que estaba.
     void disponga(const Cubo& cubo, const DisposicionCubo& disposicion);
     void alterne_actual();
+    void alterne_columna_actual();
     /// Un nivel más o uno menos desplegado.
     void mueva_nivel(int paso);
+    void mueva_nivel_columnas(int paso);
     /// Pregunta el archivo y graba lo que se ve.
     void guarde();
     /// Copia las celdas seleccionadas, separadas por tabuladores.
@@ -26,6 +29,7 @@ public:
 
 signals:
     void nivel_cambiado(int nivel);
+    void nivel_columnas_cambiado(int nivel);
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
