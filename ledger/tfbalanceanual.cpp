@@ -53,6 +53,8 @@ Tfbalanceanual::Tfbalanceanual() : ConsultaPeriodo("Tfbalanceanual", "balance an
     cksaldos->setToolTip("Cada mes muestra el saldo con que termina, en vez de su movimiento");
     for (QCheckBox* casilla : {ckTerc, cksaldos})
         connect(casilla, &QCheckBox::toggled, this, [this] { ejecute([this] { recalcule(); }); });
+    // El código de un tercero lleva su NIT y es mucho más largo que el de la cuenta.
+    connect(ckTerc, &QCheckBox::toggled, DBGridEh1, &Rejilla::ajuste_anchos);
 
     Formulario f(this);
     f.fila({{"Año", periodo}, {"", Formulario::junto({ckTerc, cksaldos, cree_filtro(DBGridEh1)})}});

@@ -273,6 +273,9 @@ void Tfcomparacentros::muestre() {
         return;
     }
     rejilla->disponga(cubo_, d);
+    if (d.solo.value("NIVEL").size() != 1)
+        fdm().mostrar_advertencia("Cada cuenta viene en todos sus niveles: los totales la cuentan "
+                                  "varias veces. Escoja un solo valor en el filtro Nivel.");
 }
 
 void Tfcomparacentros::SpeedButton5Click() {

@@ -88,8 +88,9 @@ void LienzoInforme::componga() {
                                    d_.CFormato.FieldByName("FOCO_SUBTITULO").texto(),
                                    reloj().hoy()};
     InformeDefinible informe(d_, cabecera, formulas);
-    // Aquí nada se avisa: la falla se dice junto a la rejilla, con su lugar.
-    informe.al_fallar = [](int, const QString&) {};
+    // Aquí nada se avisa con un diálogo: la falla del dato señalado se dice al pie de la hoja.
+    fallas_.clear();
+    informe.al_fallar = [this](int fila, const QString& falla) { fallas_[fila] = falla; };
     lugares_.clear();
     informe.al_colocar = [this](const ConjuntoDatos& c, int fila, const QRectF& lugar) {
         lugares_[{&c, fila}] = lugar;
@@ -157,6 +158,9 @@ void LienzoInforme::paintEvent(QPaintEvent*) {
         entero(*resaltado_, fila, "FOCD_PAGINA") != pagina_)
         return;
     p.setPen(QPen(color_inactivo(), 1, Qt::DashLine));
+    if (const QString dice = resaltado_ == &d_.CFormadatos ? falla(fila) : QString();
+        !dice.isEmpty())
+        p.drawText(h.adjusted(4, 4, -4, -4), Qt::AlignBottom | Qt::TextWordWrap, dice);
     p.drawRect(
         lugar(*resaltado_, fila).adjusted(-kHolgura, -kHolgura, kHolgura, kHolgura).toRect());
 }

@@ -27,6 +27,8 @@ public:
     void olvide();
     /// Rectángulo de la hoja dentro del control.
     QRect hoja() const;
+    /// Por qué la fila del conjunto de datos no dio su cifra en el último dibujo; vacío si la dio.
+    QString falla(int fila) const { return fallas_.value(fila); }
     QSize sizeHint() const override;
 
     /// Un clic señaló un elemento de este conjunto, que ya está en su fila.
@@ -48,6 +50,7 @@ private:
     std::function<PeriodoFormula()> periodo_;
     std::function<FormulaContable::Lee()> lector_;
     QHash<QString, Moneda> leidas_;
+    QHash<int, QString> fallas_; ///< por fila de los datos
     /// Lo que ocupan los textos y las cifras de la página, en milímetros.
     QHash<std::pair<const ConjuntoDatos*, int>, QRectF> lugares_;
     std::unique_ptr<informes::Hojas> hojas_; ///< nulas: hay que componer

@@ -76,10 +76,13 @@ void Tfmodformato::defina_nacimientos() {
         CFormato.FieldByName("FOCO_NIIF") = "N";
     };
     CFormato.BeforePost = [this] {
-        Campo& paginas = CFormato.FieldByName("FOCO_PAGINAS");
-        if (paginas.entero() >= 1 && paginas.entero() <= kMasPaginas)
+        const auto paginas = CFormato.FieldByName("FOCO_PAGINAS").entero();
+        if (CFormato.FieldByName("FOCO_ID").vacio())
+            muestre_mensaje("Digite el código del informe.");
+        else if (paginas < 1 || paginas > kMasPaginas)
+            muestre_mensaje(QStringLiteral("El informe tiene de 1 a %1 páginas.").arg(kMasPaginas));
+        else
             return;
-        muestre_mensaje(QStringLiteral("El informe tiene de 1 a %1 páginas.").arg(kMasPaginas));
         throw EdicionAbortada();
     };
     // Los elementos nacen con el código de su informe: ese registro ya debe estar completo.

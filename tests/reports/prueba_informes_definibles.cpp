@@ -367,6 +367,9 @@ private slots:
         s.dato(1, 2, "NO");
         auto* e = s.abra<Tfmodformato>("Tfmodformato", AbreFormatoEspecial{1});
         e->lienzo->grab();
+        QCOMPARE(e->lienzo->falla(0), QString("La cifra de SF1105 con su factor no cabe en un "
+                                              "importe."));
+        QVERIFY(e->lienzo->falla(1).isEmpty());
         tome_foto(&s.ventana, "editor_enorme");
         oprima(Qt::Key_Down);
         QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), QString("NO"));
@@ -389,9 +392,15 @@ private slots:
         Sesion s;
         s.informe(3, "Otro");
         auto* e = s.abra<Tfnvoformato>("Tfnvoformato");
+        QVERIFY(e->ECodigo->isAncestorOf(QApplication::focusWidget()) ||
+                e->ECodigo == QApplication::focusWidget());
         llene(e, "FOCO_NOMBRE", "Nuevo");
-        llene(e, "FOCO_PAGINAS", "0");
         Interlocutor i;
+        i.espere("Digite el código del informe.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        llene(e, "FOCO_ID", "5");
+        llene(e, "FOCO_PAGINAS", "0");
         i.espere("El informe tiene de 1 a 99 páginas.");
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
