@@ -1,8 +1,10 @@
 // Análisis: un informe definido con trescientas referencias, el balance anual según crece el libro
 // y el cubo de doscientas mil celdas.
+#include "bench/copia.h"
 #include "bench/medidas.h"
 #include "ledger/registro.h"
 #include "ledger/tfbalanceanual.h"
+#include "ledger/tfcomparacentros.h"
 #include "reports/informe_definible.h"
 #include "tests/fallas/contador.h"
 #include "toolkit/pivote/modelo_cubo.h"
@@ -38,6 +40,37 @@ double anual(int renglones) {
     return mida([p] { p->actualice_balance(); }, kVeces);
 }
 
+/// La pantalla del comparativo con cien subcentros en cada cuenta de resultado.
+void mida_comparativo() {
+    const Copia copia;
+    {
+        Conexion directa;
+        directa.conectar({copia.lugar.base_compania("001"), "SYSDBA", {}});
+        directa.ejecute(
+            "insert into saldos_centro (cuen_cod, proy_cod, cent_cod, sald_ano, sald_mes, "
+            "sald_debito, "
+            "sald_credito) with recursive n as (select 0 i from rdb$database union all select i + "
+            "1 "
+            "from n where i < 99) select c.cuen_cod, 'Z' || mod(i, 10), 'Z' || i, '2017', 1, 100 + "
+            "i, "
+            "0 from cuentas c cross join n where c.cuen_cod >= '4' and c.cuen_cod < '8' and "
+            "char_length(c.cuen_cod) = 6");
+    }
+    SesionEnLugar s(copia.lugar, "ADMIN", {});
+    registre_pantallas_consulta();
+    auto* p = qobject_cast<Tfcomparacentros*>(pantallas().abrir("Tfcomparacentros"));
+    const QString sql = p->CBalcentro.CommandText;
+    const auto [ms, crudo] = compare([&] { p->SpeedButton5Click(); },
+                                     [&] {
+                                         for (auto c = fdm().Quorvex.abra(sql); c->siguiente();) {
+                                         }
+                                     },
+                                     3);
+    informe(QStringLiteral("comparativo de centros de %1 filas, F2 en la pantalla")
+                .arg(p->CBalcentro.RecordCount()),
+            ms, "leerlas del cliente sin decodificar", crudo, 2);
+}
+
 } // namespace
 
 void mida_definible() {
@@ -66,6 +99,7 @@ void mida_anual() {
 }
 
 void mida_cubo() {
+    mida_comparativo();
     constexpr int kHechos = 200000, kNiveles = 3;
     constexpr double kAlInstante = 500; // ms
     Cubo cubo({{"CUENTA", "Cuenta", false, "NOMBRE"},

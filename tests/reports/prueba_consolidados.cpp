@@ -154,7 +154,7 @@ private slots:
         QCOMPARE(p->NomCia1->text(), QString("La segunda"));
         tome_foto(&s.ventana, "consolidado");
         const QString texto = informe_como_texto(p, Qt::Key_F2);
-        QVERIFY(texto.contains("Balance de Prueba Consolidado"));
+        QVERIFY(texto.contains("Balance de Prueba Consolidado con La segunda"));
         QVERIFY2(renglon_con(texto, "110505").endsWith("0.00 2,000.00 500.00 1,500.00"),
                  qPrintable(renglon_con(texto, "110505")));
         QVERIFY(!texto.contains("130505"));
@@ -272,6 +272,37 @@ private slots:
         oprima(Qt::Key_Tab);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(p->NomCia1->text().isEmpty());
+        // F2 sin salir de la caja: el nombre es el del código que se acaba de digitar.
+        s.base.general().ejecute("update or insert into compania (comp_cod, com_nombre) values "
+                                 "('009', 'La que no está') matching (comp_cod)");
+        llene(p, "CodCia1", "002");
+        oprima(Qt::Key_Tab);
+        QCOMPARE(p->NomCia1->text(), QString("La segunda"));
+        diga("009", "");
+        QCOMPARE(p->NomCia1->text(), QString("La que no está"));
+    }
+
+    void una_base_danada_se_dice_en_espanol_y_no_toca_la_de_la_sesion() {
+        DosCompanias s;
+        s.segunda.desconectar();
+        QFile base(s.base.ubicacion().base_compania("002"));
+        QVERIFY(base.open(QIODevice::ReadWrite));
+        QVERIFY(base.resize(5000)); // cortada a media página
+        base.close();
+        auto* p = s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "P");
+        Interlocutor i;
+        QString dijo;
+        i.espere_modal("dialogo", [&](QWidget* w) {
+            dijo = qobject_cast<QMessageBox*>(w)->text();
+            QTest::keyClick(w, Qt::Key_Escape);
+        });
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY2(dijo.contains("base"), qPrintable(dijo));
+        for (const char* ajena : {"I/O", "file", "database"})
+            QVERIFY2(!dijo.contains(ajena), qPrintable(dijo));
+        QCOMPARE(escritorio()->activa(), p);
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
     }
 };
 
