@@ -9,11 +9,16 @@
 #include "reports/tfrngresulconsol.h"
 #include "toolkit/barraestado.h"
 
+#include <QCheckBox>
 #include <QDir>
 #include <QScopeGuard>
 #include <QSpinBox>
 
 namespace {
+
+/// Las que se suman de una compañía a la otra.
+const QStringList kColumnas{"INICIAL", "DEBITOS",   "CREDITOS", "FINAL",   "SCLASE",
+                            "SGRUPO",  "SSUBGRUPO", "SCUENTA",  "MOVIMIEN"};
 
 /// La sesión es de la 001; la 002 es otra copia de la plantilla, con otro libro.
 struct DosCompanias : SesionGui {
@@ -44,9 +49,8 @@ struct DosCompanias : SesionGui {
         QMap<QString, QStringList> por_codigo;
         const auto cursor = c.abra(sql);
         while (cursor->siguiente())
-            por_codigo[cursor->valor(0).texto()] = {
-                cursor->valor(1).texto(), cursor->valor(2).texto(), cursor->valor(3).texto(),
-                cursor->valor(4).texto()};
+            for (int c = 1; c <= kColumnas.size(); ++c)
+                por_codigo[cursor->valor(0).texto()] << cursor->valor(c).texto();
         return por_codigo;
     }
 
@@ -55,19 +59,44 @@ struct DosCompanias : SesionGui {
 };
 
 /// Mira las filas cuando ya están sumadas.
-struct BalanceVisto : Tfrngbalanceconsol {
+template <class Forma> struct Visto : Forma {
     QMap<QString, QStringList> filas;
     void despues_de_abrir() override {
-        Tfrngbalanceconsol::despues_de_abrir();
-        for (CAuxiliar.First(); !CAuxiliar.Eof(); CAuxiliar.Next()) {
+        Forma::despues_de_abrir();
+        ConjuntoDatos& c = this->CAuxiliar;
+        for (c.First(); !c.Eof(); c.Next()) {
             QStringList fila;
-            for (const char* columna : {"INICIAL", "DEBITOS", "CREDITOS", "FINAL"})
-                fila << CAuxiliar.FieldByName(columna).texto();
-            filas[CAuxiliar.FieldByName("CODIGO").texto()] = fila;
+            for (const QString& columna : kColumnas)
+                fila << c.FieldByName(columna).texto();
+            filas[c.FieldByName("CODIGO").texto()] = fila;
         }
-        CAuxiliar.First();
+        c.First();
     }
 };
+
+/// Lo que la barra debe decir de las cuentas que solo tiene la segunda.
+QString lo_omitido(const QMap<QString, QStringList>& a, const QMap<QString, QStringList>& b) {
+    const qsizetype final = kColumnas.indexOf("FINAL");
+    QStringList solas;
+    for (const QString& codigo : b.keys())
+        if (!a.contains(codigo))
+            solas << codigo;
+    int cuentas = 0;
+    Moneda debito, credito;
+    for (const QString& codigo : solas) {
+        const bool mayor = std::any_of(solas.begin(), solas.end(), [&](const QString& otra) {
+            return otra != codigo && otra.startsWith(codigo);
+        });
+        const Moneda saldo = Moneda::de_texto(b[codigo][final]);
+        cuentas += !mayor;
+        if (!mayor)
+            (saldo.negativa() ? credito : debito) += saldo.absoluta();
+    }
+    return QString("%1 cuentas que solo tiene la compañía 002, con saldos por %2 al débito y %3 al "
+                   "crédito.")
+        .arg(cuentas)
+        .arg(debito.formateada(), credito.formateada());
+}
 
 QStringList sumadas(const QStringList& a, const QStringList& b) {
     QStringList r;
@@ -93,7 +122,8 @@ private slots:
         DosCompanias s;
         comprobantes_al_azar(s.base.base(), azar, 1, 60);
         comprobantes_al_azar(s.segunda, azar, 1, 60);
-        pantallas().registre("Tfrngbalanceconsol", [] { return new BalanceVisto; });
+        pantallas().registre("Tfrngbalanceconsol", [] { return new Visto<Tfrngbalanceconsol>; });
+        pantallas().registre("Tfrngresulconsol", [] { return new Visto<Tfrngresulconsol>; });
         // Cuentas que solo tiene la segunda: un grupo entero, y una bajo un grupo que las dos usan.
         for (const char* c : {"12", "1205", "120505"})
             s.segunda.ejecute(QString("insert into cuentas (cuen_cod, cuen_nom) values ('%1', "
@@ -106,33 +136,68 @@ private slots:
                           {{1, "120505", Moneda(700), Moneda()},
                            {2, "111095", Moneda(), Moneda(200)},
                            {3, "110505", Moneda(), Moneda(500)}}});
-        for (int vez = 0; vez < 4; ++vez) {
-            const int ano = 2018, mes = 1 + azar.bounded(13);
-            s.cnt.ano_actual = QString::number(ano);
-            s.cnt.periodo_actual = mes - 1;
-            auto* p = static_cast<BalanceVisto*>(
-                s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "P"));
+        const auto compruebe = [&](const char* forma, const char* tipo, const auto& filas_de,
+                                   const QString& donde) {
+            auto* p = s.pantalla<FormaConsolidado>(forma, tipo);
             QMap<QString, QStringList> copia;
             Interlocutor i;
             i.espere_modal("OpcionesImpresion", [&](QWidget* w) {
-                copia = p->filas; // las hojas ya están compuestas
+                copia = filas_de(p); // las hojas ya están compuestas
                 w->findChild<QPushButton*>("cancelar")->click();
             });
             oprima(Qt::Key_F2);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
-            const QString sql =
-                QString("select codigo, inicial, debitos, creditos, final from "
-                        "balance_mes('%1', %2, 'N', 'N', 'N', 'N') where nivel <= 5")
-                    .arg(ano)
-                    .arg(mes);
+            const QString sql = QString("select codigo, %1 from balance_mes('%2', %3, 'N', 'N', "
+                                        "'N', 'N') where %4")
+                                    .arg(kColumnas.join(", "), s.cnt.ano_actual)
+                                    .arg(s.cnt.periodo_actual + 1)
+                                    .arg(donde);
             const auto a = s.filas(s.base.base(), sql), b = s.filas(s.segunda, sql);
             QVERIFY(!a.isEmpty());
             QCOMPARE(copia.keys(), a.keys());
             for (const QString& codigo : a.keys())
                 QCOMPARE(copia[codigo], sumadas(a[codigo], b[codigo]));
-            QVERIFY(b.contains("120505") && !a.contains("120505"));
-            QVERIFY2(s.barra.text().contains("compañía 002"), qPrintable(s.barra.text()));
+            if (b.contains("120505"))
+                QVERIFY2(s.barra.text().contains(lo_omitido(a, b)), qPrintable(s.barra.text()));
+        };
+        for (int vez = 0; vez < 4; ++vez) {
+            s.cnt.ano_actual = "2018";
+            s.cnt.periodo_actual = azar.bounded(13);
+            compruebe(
+                "Tfrngbalanceconsol", "P",
+                [](auto* p) { return static_cast<Visto<Tfrngbalanceconsol>*>(p)->filas; },
+                "nivel <= 5");
+            compruebe(
+                "Tfrngresulconsol", "D",
+                [](auto* p) { return static_cast<Visto<Tfrngresulconsol>*>(p)->filas; },
+                "codigo >= '4' and codigo < '8' and nivel <= 5");
         }
+    }
+
+    void el_general_solo_trae_balance_y_las_cuentas_sin_movimiento_salen_si_se_piden() {
+        DosCompanias s;
+        s.cnt.periodo_actual = 0;
+        for (Conexion* c : {&s.base.base(), &s.segunda})
+            grabe(*c, {1,
+                       "000001",
+                       "20170105",
+                       {{1, "110505", Moneda(10), Moneda()}, {2, "310505", Moneda(), Moneda(10)}}});
+        auto* p = s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "G");
+        llene(p, "EDesde", "41");
+        Interlocutor i;
+        i.espere("No hay datos que cumplan con los rangos indicados.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(!escritorio()->abierta("Tfrngbalanceconsol"));
+        QString texto = informe_como_texto(
+            s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "G"), Qt::Key_F2);
+        QVERIFY(!renglon_con(texto, "1105").isEmpty() && renglon_con(texto, "110505").isEmpty());
+        QVERIFY(renglon_con(texto, "1305").isEmpty());
+        p = s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "P");
+        componente<QCheckBox>(p, "Cksinmov").click();
+        texto = informe_como_texto(p, Qt::Key_F2);
+        QVERIFY(renglon_con(texto, "130505").endsWith("0.00 0.00 0.00 0.00"));
+        QVERIFY(renglon_con(texto, "110505").endsWith("0.00 20.00 0.00 20.00"));
     }
 
     void lo_omitido_se_cuenta_una_vez_y_con_su_saldo() {

@@ -121,17 +121,20 @@ private slots:
         s.dato(1, ++item, "SF1105", ", focd_oper, focd_factor, focd_long", ", '/', 1000, 1");
         s.dato(1, ++item, "SF1105", ", focd_oper, focd_factor", ", '/', 0");
         s.dato(1, ++item, "SF1105/SF9999");
+        s.dato(1, ++item, "SF1105 + SF4135"); // el espacio detiene la lectura
         s.dato(1, ++item, "MV51", ", focd_proy, focd_centro", ", '0001', '0002'");
         s.dato(1, ++item, "MV51", ", focd_proy", ", '0001'");
         s.dato(1, ++item, "TI", ", focd_ini, focd_long", ", 4, 3");
         s.dato(1, ++item, "NO", ", focd_pagina", ", 2"); // en una página que no sale
         const QStringList impreso = renglones(s.imprima(1));
         // 5000000 + 1190000.25 - 432000.12 + 11.11; enero y febrero, solo el capital
-        const QStringList esperado{
-            "La Compañía",    "900111222-3",  "El titulo",     "El subtitulo", "2017/03/31",
-            "marzo 31, 2017", "2017",         "marzo",         "31",           "Caja general",
-            "5,758,011.24",   "5,000,000.00", "-1,000,011.36", "1,000,011.36", "5,758.0",
-            "0.00",           "0.00",         "32,000.12",     "432,000.12",   "tit"};
+        const QStringList esperado{"La Compañía",   "900111222-3",  "El titulo",
+                                   "El subtitulo",  "2017/03/31",   "marzo 31, 2017",
+                                   "2017",          "marzo",        "31",
+                                   "Caja general",  "5,758,011.24", "5,000,000.00",
+                                   "-1,000,011.36", "1,000,011.36", "5,758.0",
+                                   "0.00",          "0.00",         "0.00",
+                                   "32,000.12",     "432,000.12",   "tit"};
         QCOMPARE(impreso.join('\n'), esperado.join('\n'));
     }
 
