@@ -20,6 +20,37 @@ namespace {
 const QStringList kColumnas{"INICIAL", "DEBITOS",   "CREDITOS", "FINAL",   "SCLASE",
                             "SGRUPO",  "SSUBGRUPO", "SCUENTA",  "MOVIMIEN"};
 
+/// Lo que la barra debe decir de las cuentas que solo tiene la segunda.
+QString lo_omitido(const QMap<QString, QStringList>& a, const QMap<QString, QStringList>& b) {
+    const qsizetype final = kColumnas.indexOf("FINAL");
+    QStringList solas;
+    for (const QString& codigo : b.keys())
+        if (!a.contains(codigo))
+            solas << codigo;
+    int cuentas = 0;
+    Moneda debito, credito;
+    for (const QString& codigo : solas) {
+        const bool mayor = std::any_of(solas.begin(), solas.end(), [&](const QString& otra) {
+            return otra != codigo && otra.startsWith(codigo);
+        });
+        const Moneda saldo = Moneda::de_texto(b[codigo][final]);
+        cuentas += !mayor;
+        if (!mayor)
+            (saldo.negativa() ? credito : debito) += saldo.absoluta();
+    }
+    return QString("%1 que solo tiene la compañía 002, con saldos por %2 al débito y %3 al "
+                   "crédito.")
+        .arg(cuentas == 1 ? QString("una cuenta") : QString("%1 cuentas").arg(cuentas))
+        .arg(debito.formateada(), credito.formateada());
+}
+
+QStringList sumadas(const QStringList& a, const QStringList& b) {
+    QStringList r;
+    for (qsizetype i = 0; i < a.size(); ++i)
+        r << (Moneda::de_texto(a[i]) + (b.isEmpty() ? Moneda() : Moneda::de_texto(b[i]))).texto();
+    return r;
+}
+
 /// La sesión es de la 001; la 002 es otra copia de la plantilla, con otro libro.
 struct DosCompanias : SesionGui {
     DosCompanias() {
@@ -54,6 +85,32 @@ struct DosCompanias : SesionGui {
         return por_codigo;
     }
 
+    /// Imprime la forma y compara cada fila con la suma de las dos, y la barra con lo omitido.
+    template <class Filas>
+    void compruebe(const char* forma, const char* tipo, Filas filas_de, const QString& donde) {
+        auto* p = pantalla<FormaConsolidado>(forma, tipo);
+        QMap<QString, QStringList> copia;
+        Interlocutor i;
+        i.espere_modal("OpcionesImpresion", [&](QWidget* w) {
+            copia = filas_de(p); // las hojas ya están compuestas
+            w->findChild<QPushButton*>("cancelar")->click();
+        });
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        const QString sql = QString("select codigo, %1 from balance_mes('%2', %3, 'N', 'N', 'N', "
+                                    "'N') where %4")
+                                .arg(kColumnas.join(", "), cnt.ano_actual)
+                                .arg(cnt.periodo_actual + 1)
+                                .arg(donde);
+        const auto a = filas(dm.Quorvex, sql), b = filas(segunda, sql);
+        QVERIFY(!a.isEmpty());
+        QCOMPARE(copia.keys(), a.keys());
+        for (const QString& codigo : a.keys())
+            QCOMPARE(copia[codigo], sumadas(a[codigo], b[codigo]));
+        if (const QString falta = lo_omitido(a, b); !falta.startsWith("0 "))
+            QVERIFY2(barra.text().contains(falta), qPrintable(barra.text() + falta));
+    }
+
     Conexion segunda;
     AvisosBarra barra;
 };
@@ -73,37 +130,6 @@ template <class Forma> struct Visto : Forma {
         c.First();
     }
 };
-
-/// Lo que la barra debe decir de las cuentas que solo tiene la segunda.
-QString lo_omitido(const QMap<QString, QStringList>& a, const QMap<QString, QStringList>& b) {
-    const qsizetype final = kColumnas.indexOf("FINAL");
-    QStringList solas;
-    for (const QString& codigo : b.keys())
-        if (!a.contains(codigo))
-            solas << codigo;
-    int cuentas = 0;
-    Moneda debito, credito;
-    for (const QString& codigo : solas) {
-        const bool mayor = std::any_of(solas.begin(), solas.end(), [&](const QString& otra) {
-            return otra != codigo && otra.startsWith(codigo);
-        });
-        const Moneda saldo = Moneda::de_texto(b[codigo][final]);
-        cuentas += !mayor;
-        if (!mayor)
-            (saldo.negativa() ? credito : debito) += saldo.absoluta();
-    }
-    return QString("%1 cuentas que solo tiene la compañía 002, con saldos por %2 al débito y %3 al "
-                   "crédito.")
-        .arg(cuentas)
-        .arg(debito.formateada(), credito.formateada());
-}
-
-QStringList sumadas(const QStringList& a, const QStringList& b) {
-    QStringList r;
-    for (qsizetype i = 0; i < a.size(); ++i)
-        r << (Moneda::de_texto(a[i]) + (b.isEmpty() ? Moneda() : Moneda::de_texto(b[i]))).texto();
-    return r;
-}
 
 QString renglon_con(const QString& texto, const QString& comienzo) {
     for (const QString& r : texto.split('\n'))
@@ -136,38 +162,14 @@ private slots:
                           {{1, "120505", Moneda(700), Moneda()},
                            {2, "111095", Moneda(), Moneda(200)},
                            {3, "110505", Moneda(), Moneda(500)}}});
-        const auto compruebe = [&](const char* forma, const char* tipo, const auto& filas_de,
-                                   const QString& donde) {
-            auto* p = s.pantalla<FormaConsolidado>(forma, tipo);
-            QMap<QString, QStringList> copia;
-            Interlocutor i;
-            i.espere_modal("OpcionesImpresion", [&](QWidget* w) {
-                copia = filas_de(p); // las hojas ya están compuestas
-                w->findChild<QPushButton*>("cancelar")->click();
-            });
-            oprima(Qt::Key_F2);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
-            const QString sql = QString("select codigo, %1 from balance_mes('%2', %3, 'N', 'N', "
-                                        "'N', 'N') where %4")
-                                    .arg(kColumnas.join(", "), s.cnt.ano_actual)
-                                    .arg(s.cnt.periodo_actual + 1)
-                                    .arg(donde);
-            const auto a = s.filas(s.base.base(), sql), b = s.filas(s.segunda, sql);
-            QVERIFY(!a.isEmpty());
-            QCOMPARE(copia.keys(), a.keys());
-            for (const QString& codigo : a.keys())
-                QCOMPARE(copia[codigo], sumadas(a[codigo], b[codigo]));
-            if (b.contains("120505"))
-                QVERIFY2(s.barra.text().contains(lo_omitido(a, b)), qPrintable(s.barra.text()));
-        };
         for (int vez = 0; vez < 4; ++vez) {
             s.cnt.ano_actual = "2018";
             s.cnt.periodo_actual = azar.bounded(13);
-            compruebe(
+            s.compruebe(
                 "Tfrngbalanceconsol", "P",
                 [](auto* p) { return static_cast<Visto<Tfrngbalanceconsol>*>(p)->filas; },
                 "nivel <= 5");
-            compruebe(
+            s.compruebe(
                 "Tfrngresulconsol", "D",
                 [](auto* p) { return static_cast<Visto<Tfrngresulconsol>*>(p)->filas; },
                 "codigo >= '4' and codigo < '8' and nivel <= 5");
@@ -312,6 +314,34 @@ private slots:
         QVERIFY2(renglon_con(texto, "110505").endsWith("0.00 60.00 0.00 60.00"),
                  qPrintable(renglon_con(texto, "110505")));
         QVERIFY(barra.text().isEmpty() || !barra.text().contains("Sin consolidar"));
+    }
+
+    void la_segunda_de_la_demostracion_se_crea_en_un_servidor_y_se_consolida() {
+        DosCompanias s;
+        ServidorDePrueba servidor;
+        qputenv("QUORVEX_CLAVE", ServidorDePrueba::kClave);
+        const ResultadoHerramienta r =
+            administre({"crear-demo", "--codigo", "002", "--lineas", "3600", "--clave-usuario",
+                        ServidorDePrueba::kClave, "--ubicacion", servidor.ubicacion().texto()});
+        QVERIFY2(r.codigo == 0, qPrintable(r.errores + r.salida));
+        s.dm.Quorvex.desconectar();
+        s.dm.Quorvex.conectar(servidor.parametros());
+        grabe(s.dm.Quorvex,
+              {1,
+               "000001",
+               "20170105",
+               {{1, "110505", Moneda(30), Moneda()}, {2, "310505", Moneda(), Moneda(30)}}});
+        ParametrosConexion segunda = servidor.parametros("SYSDBA");
+        segunda.base = servidor.ubicacion().base_compania("002");
+        s.segunda.desconectar();
+        s.segunda.conectar(segunda);
+        s.cnt.periodo_actual = 11;
+        pantallas().registre("Tfrngbalanceconsol", [] { return new Visto<Tfrngbalanceconsol>; });
+        s.compruebe(
+            "Tfrngbalanceconsol", "P",
+            [](auto* p) { return static_cast<Visto<Tfrngbalanceconsol>*>(p)->filas; },
+            "nivel <= 5");
+        QVERIFY2(s.barra.text().contains("Sin consolidar"), qPrintable(s.barra.text()));
     }
 
     void lo_que_falta_o_no_existe_se_dice_y_la_pantalla_queda_abierta() {
