@@ -216,6 +216,31 @@ private slots:
         QVERIFY(s.p->zonas->total_columnas->isChecked());
     }
 
+    void los_nombres_de_las_filas_no_se_corren_con_las_cifras() {
+        Comparativo s;
+        s.p->rejilla->setMaximumWidth(520);
+        s.p->rejilla->setFocus();
+        QCoreApplication::processEvents();
+        const auto& fija = componente<QTableView>(s.p, "ColumnaFija");
+        QVERIFY(!fija.isVisible());
+        QTableView* r = s.p->rejilla;
+        const int columnas = s.p->rejilla->modelo().columnCount();
+        for (int n = 1; n < columnas; ++n)
+            oprima(Qt::Key_Right);
+        QVERIFY(fija.isVisible());
+        QCOMPARE(fija.indexAt(QPoint(5, 5)).data().toString(), QString("41 Operacionales"));
+        QCOMPARE(fija.width(), r->columnWidth(0));
+        tome_foto(&s.ventana, "cubo_nombres_fijos");
+        // Hacia la izquierda ninguna celda queda debajo de los nombres.
+        for (int n = columnas - 2; n > 0; --n) {
+            oprima(Qt::Key_Left);
+            QCOMPARE(r->currentIndex().column(), n);
+            QVERIFY(!fija.isVisible() || r->visualRect(r->currentIndex()).left() >= fija.width());
+        }
+        oprima(Qt::Key_Left);
+        QVERIFY(!fija.isVisible());
+    }
+
     void una_plantilla_danada_no_deja_a_nadie_sin_la_pantalla() {
         Comparativo s;
         const QString vista = s.fila(0);

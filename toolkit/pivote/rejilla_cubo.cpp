@@ -3,6 +3,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/exportacion/exportacion.h"
+#include "toolkit/pivote/columna_fija.h"
 #include "toolkit/pivote/tabla_cubo.h"
 #include "toolkit/proteccion.h"
 
@@ -14,6 +15,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 
 namespace {
 
@@ -41,6 +43,16 @@ RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
         if (columna > 0)
             sin_moverse([&] { modelo_.alterne_columna(columna); });
     });
+    fija_ = new ColumnaFija(this);
+    connect(fija_, &ColumnaFija::fila_pulsada, this,
+            [this](int fila) { setCurrentIndex(modelo_.index(fila, currentIndex().column())); });
+    connect(fija_, &ColumnaFija::fila_doble_pulsada, this, [this](int) { alterne_actual(); });
+}
+
+void RejillaCubo::scrollTo(const QModelIndex& celda, ScrollHint como) {
+    QTableView::scrollTo(celda, como);
+    if (const int tapado = fija_->tapado(celda); tapado > 0)
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - tapado);
 }
 
 void RejillaCubo::sin_moverse(const std::function<void()>& cambio) {

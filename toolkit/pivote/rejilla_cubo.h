@@ -1,7 +1,7 @@
 #pragma once
 // Un cubo en pantalla. Espacio, Enter o doble clic pliegan y despliegan la fila; Mayúscula+Espacio
 // o doble clic en el título, la columna. El más y el menos del teclado numérico, todas las filas
-// por niveles; con Control, las columnas.
+// por niveles; con Control, las columnas. Los nombres de las filas no se corren con las cifras.
 #include "toolkit/pivote/modelo_cubo.h"
 
 #include <QTableView>
@@ -26,6 +26,7 @@ public:
     void guarde();
     /// Copia las celdas seleccionadas, separadas por tabuladores.
     void copie() const;
+    void scrollTo(const QModelIndex& celda, ScrollHint como = EnsureVisible) override;
 
 signals:
     void nivel_cambiado(int nivel);
@@ -41,5 +42,6 @@ private:
     void ajuste_anchos();
 
     ModeloCubo modelo_;
+    class ColumnaFija* fija_;
     const Cubo* cubo_ = nullptr;
 };
