@@ -197,6 +197,11 @@ private slots:
         QCOMPARE(titulo(3), QString("Total 0001 Administración"));
         oprima(Qt::Key_Space, Qt::ShiftModifier);
         QCOMPARE(columnas(), todas - 2);
+        QCOMPARE(titulo(s.p->rejilla->currentIndex().column()),
+                 QString("Total 0001 Administración"));
+        oprima(Qt::Key_Space, Qt::ShiftModifier);
+        QCOMPARE(columnas(), todas);
+        oprima(Qt::Key_Space, Qt::ShiftModifier);
         oprima(Qt::Key_Minus, Qt::KeypadModifier | Qt::ControlModifier);
         QCOMPARE(columnas(), 4);
         QCOMPARE(s.p->zonas->disposicion().nivel_columnas, 1); // y así se graba

@@ -41,7 +41,7 @@ RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
     horizontalHeader()->setHighlightSections(false);
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this](int columna) {
         if (columna > 0)
-            sin_moverse([&] { modelo_.alterne_columna(columna); });
+            alterne_columna(columna);
     });
     fija_ = new ColumnaFija(this);
     connect(fija_, &ColumnaFija::fila_pulsada, this,
@@ -90,9 +90,17 @@ void RejillaCubo::alterne_actual() {
         sin_moverse([this] { modelo_.alterne(currentIndex().row()); });
 }
 
-void RejillaCubo::alterne_columna_actual() {
-    if (currentIndex().column() > 0)
-        sin_moverse([this] { modelo_.alterne_columna(currentIndex().column()); });
+void RejillaCubo::alterne_columna(int columna) {
+    const int fila = qMax(0, currentIndex().row());
+    const int nodo = modelo_.nodo_columna(columna), valor = modelo_.valor_de_columna(columna);
+    if (!modelo_.alterne_columna(columna))
+        return;
+    ajuste_anchos();
+    // El cursor sigue en la que se plegó, que cambió de lugar: la misma tecla la despliega.
+    int c = 1;
+    while (modelo_.nodo_columna(c) != nodo || modelo_.valor_de_columna(c) != valor)
+        ++c;
+    setCurrentIndex(modelo_.index(fila, c));
 }
 
 void RejillaCubo::mueva_nivel(int paso) {
@@ -152,20 +160,18 @@ void RejillaCubo::guarde() {
 }
 
 void RejillaCubo::keyPressEvent(QKeyEvent* evento) {
-    const bool numerico = evento->modifiers() & Qt::KeypadModifier;
-    const bool control = evento->modifiers() & Qt::ControlModifier;
-    const int paso = !numerico                       ? 0
-                     : evento->key() == Qt::Key_Plus ? 1
-                                                     : -int(evento->key() == Qt::Key_Minus);
+    const int tecla = evento->key(), columna = currentIndex().column();
+    const Qt::KeyboardModifiers con = evento->modifiers();
+    const bool pliega = tecla == Qt::Key_Space || tecla == Qt::Key_Return || tecla == Qt::Key_Enter;
+    const int paso = int(tecla == Qt::Key_Plus) - int(tecla == Qt::Key_Minus);
     if (evento->matches(QKeySequence::Copy))
         copie();
-    else if (evento->key() == Qt::Key_Space && evento->modifiers() & Qt::ShiftModifier)
-        alterne_columna_actual();
-    else if (evento->key() == Qt::Key_Space || evento->key() == Qt::Key_Return ||
-             evento->key() == Qt::Key_Enter)
+    else if (pliega && !(con & Qt::ShiftModifier))
         alterne_actual();
-    else if (paso != 0)
-        control ? mueva_nivel_columnas(paso) : mueva_nivel(paso);
+    else if (tecla == Qt::Key_Space && columna > 0)
+        alterne_columna(columna);
+    else if (paso != 0 && con & Qt::KeypadModifier)
+        con& Qt::ControlModifier ? mueva_nivel_columnas(paso) : mueva_nivel(paso);
     else
         QTableView::keyPressEvent(evento);
 }

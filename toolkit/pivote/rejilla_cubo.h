@@ -18,7 +18,8 @@ public:
     /// Calcula y muestra, y vuelve a la fila y la columna en que estaba.
     void disponga(const Cubo& cubo, const DisposicionCubo& disposicion);
     void alterne_actual();
-    void alterne_columna_actual();
+    /// Pliega o despliega una columna que no sea la primera, y deja en ella el cursor.
+    void alterne_columna(int columna);
     /// Un nivel más o uno menos desplegado.
     void mueva_nivel(int paso);
     void mueva_nivel_columnas(int paso);
