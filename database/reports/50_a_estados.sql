@@ -81,14 +81,32 @@ BEGIN
   END
 END^
 
--- Saldos de un tramo de meses por cuenta y tercero. NIT vacío: lo que no lleva tercero. Interna.
+-- Saldos de un tramo de meses por cuenta y tercero. NIT vacío: lo que no lleva tercero. Con
+-- TERCEROS "N" y todos en el rango lee los saldos por cuenta, que no crecen con ellos. Interna.
 CREATE OR ALTER PROCEDURE LEA_TRAMO_TERCERO{_NIIF} (
   DESDE varchar(20), HASTA varchar(20), NITINI varchar(20), NITFIN varchar(20), ANO varchar(4),
-  MES1 smallint, MES2 smallint)
+  MES1 smallint, MES2 smallint, TERCEROS char(1))
 RETURNS (CUENTA varchar(20), NIT varchar(20), INICIAL numeric(18,2), DEBITOS numeric(18,2),
   CREDITOS numeric(18,2))
 AS
 BEGIN
+  IF (TERCEROS <> 'S' AND NITINI = '' AND NITFIN = 'ZZ') THEN
+  BEGIN
+    NIT = '';
+    FOR
+      SELECT CUEN_COD,
+        sum(iif(SALD_ANO < :ANO OR SALD_MES < :MES1, SALD_DEBITO - SALD_CREDITO, 0)),
+        sum(iif(SALD_ANO = :ANO AND SALD_MES >= :MES1, SALD_DEBITO, 0)),
+        sum(iif(SALD_ANO = :ANO AND SALD_MES >= :MES1, SALD_CREDITO, 0))
+      FROM VISTA_SALDOS_CUENTA{_NIIF}
+      WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
+        AND (SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES <= :MES2))
+      GROUP BY CUEN_COD
+      INTO :CUENTA, :INICIAL, :DEBITOS, :CREDITOS
+    DO
+      SUSPEND;
+    EXIT;
+  END
   FOR
     SELECT CUEN_COD, TERC_NIT,
       sum(iif(SALD_ANO < :ANO OR SALD_MES < :MES1, SALD_DEBITO - SALD_CREDITO, 0)),
@@ -119,7 +137,8 @@ BEGIN
       sum(L.INICIAL), sum(L.DEBITOS), sum(L.CREDITOS)
     FROM (
       SELECT CUENTA, INICIAL, DEBITOS, CREDITOS
-      FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2)
+      FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2,
+        :TERCEROS)
       WHERE :SIN_MOVIMIENTO = 'S' OR INICIAL <> 0 OR DEBITOS <> 0 OR CREDITOS <> 0
       UNION ALL
       SELECT CUEN_COD, 0, 0, 0 FROM {CUENTAS}
@@ -129,7 +148,8 @@ BEGIN
     GROUP BY 1, 3
     UNION ALL
     SELECT T.CUENTA, T.NIT, N.ESTR_NIVEL, T.INICIAL, T.DEBITOS, T.CREDITOS
-    FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2) T
+    FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2,
+      :TERCEROS) T
     LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(T.CUENTA)
     WHERE :TERCEROS = 'S' AND T.NIT <> ''
       AND (:SIN_MOVIMIENTO = 'S' OR T.INICIAL <> 0 OR T.DEBITOS <> 0 OR T.CREDITOS <> 0)
