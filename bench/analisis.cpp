@@ -32,21 +32,40 @@ QStringList formulas() {
     return lista;
 }
 
-double anual(int renglones) {
+/// Una orden sobre los saldos, que los usuarios no escriben.
+void ejecute_directo(const Copia& copia, const std::function<QString(Conexion&)>& orden) {
+    Conexion directa;
+    directa.conectar({copia.lugar.base_compania("001"), "SYSDBA", {}});
+    directa.ejecute(orden(directa));
+}
+
+/// El mejor tiempo de la pantalla sobre cada compañía, alternadas: lo que estorbe el equipo las
+/// estorba a las dos.
+std::pair<double, double> anual(const Ubicacion& una, const Ubicacion& otra) {
     constexpr int kVeces = 15;
-    SesionEnLugar s(Ubicacion(demostracion(renglones)), "ADMIN", {});
+    const QString bases[] = {una.base_compania("001"), otra.base_compania("001")};
+    Conexion abiertas[2]; // sus páginas siguen en memoria mientras la pantalla está en la otra
+    SesionEnLugar s(una, "ADMIN", {});
     registre_pantallas_consulta();
     auto* p = qobject_cast<Tfbalanceanual*>(pantallas().abrir("Tfbalanceanual"));
-    return mida([p] { p->actualice_balance(); }, kVeces);
+    double mejor[2] = {1e9, 1e9};
+    for (int n = 0; n < 2 * kVeces; ++n) {
+        const int cual = n % 2;
+        if (n < 2)
+            abiertas[cual].conectar({bases[cual], "ADMIN", {}});
+        fdm().Quorvex.desconectar();
+        fdm().Quorvex.conectar({bases[cual], "ADMIN", {}});
+        p->actualice_balance();
+        mejor[cual] = qMin(mejor[cual], mida([p] { p->actualice_balance(); }, 1));
+    }
+    return {mejor[0], mejor[1]};
 }
 
 /// La pantalla del comparativo con cien subcentros en cada cuenta de resultado.
 void mida_comparativo() {
     const Copia copia;
-    {
-        Conexion directa;
-        directa.conectar({copia.lugar.base_compania("001"), "SYSDBA", {}});
-        directa.ejecute(
+    ejecute_directo(copia, [](Conexion&) {
+        return QStringLiteral(
             "insert into saldos_centro (cuen_cod, proy_cod, cent_cod, sald_ano, sald_mes, "
             "sald_debito, "
             "sald_credito) with recursive n as (select 0 i from rdb$database union all select i + "
@@ -55,7 +74,7 @@ void mida_comparativo() {
             "i, "
             "0 from cuentas c cross join n where c.cuen_cod >= '4' and c.cuen_cod < '8' and "
             "char_length(c.cuen_cod) = 6");
-    }
+    });
     SesionEnLugar s(copia.lugar, "ADMIN", {});
     registre_pantallas_consulta();
     auto* p = qobject_cast<Tfcomparacentros*>(pantallas().abrir("Tfcomparacentros"));
@@ -94,8 +113,20 @@ void mida_definible() {
 }
 
 void mida_anual() {
-    const double cien_mil = anual(100000), millon = anual(1000000);
-    informe("balance anual con 1.000.000 de renglones", millon, "con 100.000", cien_mil, 1.3);
+    const Ubicacion cien_mil(demostracion(100000));
+    const auto [grande, chica] = anual(Ubicacion(demostracion(1000000)), cien_mil);
+    informe("balance anual con 1.000.000 de renglones", grande, "con 100.000", chica, 1.3);
+    const Copia copia;
+    ejecute_directo(copia, [](Conexion& c) {
+        return "insert into saldos_tercero (cuen_cod, terc_nit, sald_ano, sald_mes, "
+               "sald_debito, sald_credito) with recursive n as (select 0 i from rdb$database "
+               "union all select i + 1 from n where i < 199) select " +
+               QuotedStr(cuenta_afectable(c, true)) +
+               ", 'T' || (a.i * 200 + b.i), '2017', 1, 100, 90 from n a cross join n b";
+    });
+    const auto [con, sin] = anual(copia.lugar, cien_mil);
+    informe("balance anual por cuenta, con 40.000 terceros en el libro", con, "sin ellos", sin,
+            1.3);
 }
 
 void mida_cubo() {

@@ -425,6 +425,33 @@ private slots:
                  QString("Nuevo2"));
     }
 
+    void si_otro_usuario_lo_borra_o_lo_cambia_se_dice_y_lo_escrito_sigue() {
+        Sesion s;
+        for (const char* ajena : {"update formatos_contables set foco_nombre = 'De otro'",
+                                  "delete from formatos_contables"}) {
+            s.base.ejecute({"delete from formatos_contables"});
+            s.informe(1, "De dos");
+            s.dato(1, 1, "SF11");
+            auto* e = s.abra<Tfmodformato>("Tfmodformato", AbreFormatoEspecial{1});
+            llene(e, "FOCO_NOMBRE", "Mío");
+            s.base.ejecute({ajena});
+            Interlocutor i;
+            QString dijo;
+            i.espere_modal("dialogo", [&](QWidget* w) {
+                dijo = qobject_cast<QMessageBox*>(w)->text();
+                QTest::keyClick(w, Qt::Key_Escape);
+            });
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QVERIFY2(dijo.startsWith("Otro usuario"), qPrintable(dijo));
+            QCOMPARE(escritorio()->activa(), e);
+            QCOMPARE(e->CFormato.FieldByName("FOCO_NOMBRE").texto(), QString("Mío"));
+            i.espere("Hay cambios sin grabar. Desea salir sin grabarlos?", "Sí");
+            componente<QPushButton>(e, "SBCancel").click();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+    }
+
     void la_copia_lleva_las_columnas_de_siempre_y_borrar_se_lleva_los_renglones() {
         Sesion s;
         s.informe(1, "Original", 3, "S");
