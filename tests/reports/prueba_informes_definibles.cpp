@@ -213,6 +213,34 @@ private slots:
         }
     }
 
+    void el_archivo_que_se_propone_no_parte_el_nombre_del_informe() {
+        Sesion s;
+        for (const auto& [nombre, propone] :
+             {std::pair{"Balance 2017/2018: \"A\"", "Balance 2017-2018- -A-.pdf"},
+              {" ", "Informe.pdf"}}) {
+            s.base.ejecute({"delete from formatos_contables"});
+            s.informe(1, nombre);
+            auto* p = s.abra<Tfimpinforme>("Tfimpinforme", AbreFormatoEspecial{1});
+            QString propuesto;
+            Interlocutor i;
+            i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+                w->findChild<QRadioButton*>("a_archivo")->click();
+                w->findChild<QComboBox*>("formato")->setCurrentIndex(3);
+                w->findChild<QPushButton*>("ok")->click();
+            });
+            i.espere_modal("guardar_informe", [&](QWidget* w) {
+                propuesto = w->findChild<QLineEdit*>("fileNameEdit")->text();
+                QMetaObject::invokeMethod(w, "reject");
+            });
+            i.espere_modal("OpcionesImpresion",
+                           [](QWidget* w) { w->findChild<QPushButton*>("cancelar")->click(); });
+            escritorio()->active(p);
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(propuesto, QString(propone));
+        }
+    }
+
     void lo_que_no_se_grabo_no_se_pierde_sin_preguntar_y_un_renglon_sin_dato_se_va() {
         Sesion s;
         s.informe(1, "Salir");
