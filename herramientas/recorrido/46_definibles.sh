@@ -24,7 +24,7 @@ teclas shift+space End
 foto cubo_a_la_derecha 0.6
 teclas Home
 # El subcentro pasa de las columnas a las filas, con teclas.
-teclas shift+Tab shift+Tab shift+Tab Down c Delete
+teclas shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab Down c Delete
 foto cubo_sin_subcentros 0.6
 teclas Escape
 
