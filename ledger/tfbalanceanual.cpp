@@ -53,6 +53,8 @@ Tfbalanceanual::Tfbalanceanual() : ConsultaPeriodo("Tfbalanceanual", "balance an
     cksaldos->setToolTip("Cada mes muestra el saldo con que termina, en vez de su movimiento");
     for (QCheckBox* casilla : {ckTerc, cksaldos})
         connect(casilla, &QCheckBox::toggled, this, [this] { ejecute([this] { recalcule(); }); });
+    // El código de un tercero lleva su NIT y es mucho más largo que el de la cuenta.
+    connect(ckTerc, &QCheckBox::toggled, DBGridEh1, &Rejilla::ajuste_anchos);
 
     Formulario f(this);
     f.fila({{"Año", periodo}, {"", Formulario::junto({ckTerc, cksaldos, cree_filtro(DBGridEh1)})}});
@@ -257,9 +259,14 @@ void Tfbalanceanual::TipoChange(int indice) {
         CGrafcta.Post();
         saldo += movimiento;
     }
-    grafico->muestre(CGrafcta,
-                     codigo + ' ' + CBalance.FieldByName("NOMBRE").texto() + " - " +
-                         Tipo->itemText(indice) + ' ' + fdmcnt().ano_actual,
+    QStringList titulo{codigo,
+                       CBalance.FieldByName("NOMBRE").texto(),
+                       CBalance.FieldByName("NOMTERC").texto(),
+                       "-",
+                       Tipo->itemText(indice),
+                       fdmcnt().ano_actual};
+    titulo.removeAll(QString());
+    grafico->muestre(CGrafcta, titulo.join(' '),
                      indice == Movimientos ? GraficoCuenta::Barras : GraficoCuenta::Linea);
 }
 

@@ -93,6 +93,7 @@ Tfcomparacentros::Tfcomparacentros()
 
     connect(zonas, &ZonasCubo::cambio, this, [this] { ejecute([this] { muestre(); }); });
     connect(rejilla, &RejillaCubo::nivel_cambiado, zonas, &ZonasCubo::nivel_filas);
+    connect(rejilla, &RejillaCubo::nivel_columnas_cambiado, zonas, &ZonasCubo::nivel_columnas);
     connect(ComboBox1, &QComboBox::activated, this,
             [this] { ejecute([this] { SpeedButton5Click(); }); });
     connect(ckNiif, &QCheckBox::clicked, this, [this] { ejecute([this] { recalcule(); }); });
@@ -128,14 +129,19 @@ void Tfcomparacentros::FormCreate() {
     fdm().ConfigurarProviders(this);
     ckNiif->setChecked(fdm().valor<Llave::LibroInicial>() != "2649");
     lea_plantillas();
-    zonas->disposicion(plantilla_escogida());
+    zonas->disposicion(plantilla_inicial());
     QWidget* antes = ckNiif;
     for (const Zona zona :
          {Zona::Campos, Zona::Filas, Zona::Columnas, Zona::Filtros, Zona::Valores}) {
         QWidget::setTabOrder(antes, zonas->lista(zona));
         antes = zonas->lista(zona);
     }
-    QWidget::setTabOrder(antes, rejilla);
+    for (QWidget* siguiente :
+         {static_cast<QWidget*>(zonas->total_filas), static_cast<QWidget*>(zonas->total_columnas),
+          static_cast<QWidget*>(rejilla)}) {
+        QWidget::setTabOrder(antes, siguiente);
+        antes = siguiente;
+    }
 }
 
 void Tfcomparacentros::FormActivate() {
@@ -166,13 +172,32 @@ void Tfcomparacentros::lea_plantillas() {
     ComboBox1->setCurrentIndex(ComboBox1->findText(antes));
 }
 
+DisposicionCubo Tfcomparacentros::lea_plantilla(const QString& ruta) const {
+    const DisposicionCubo d = lea_archivo_disposicion(ruta, cubo_.nombres());
+    try {
+        cubo_.revise(d);
+    } catch (const ErrorDatos& e) {
+        throw ErrorDatos(QStringLiteral("%1: %2").arg(QFileInfo(ruta).fileName(), e.texto()));
+    }
+    return d;
+}
+
 DisposicionCubo Tfcomparacentros::plantilla_escogida() const {
     const QString nombre =
         ComboBox1->currentText().isEmpty() ? QLatin1String(kPorOmision) : ComboBox1->currentText();
     // La de la carpeta reemplaza a la del programa.
     const QString propia = carpeta_de_plantillas() + nombre;
-    return lea_archivo_disposicion(
-        QFileInfo::exists(propia) ? propia : QLatin1String(kPropias) + nombre, cubo_.nombres());
+    return lea_plantilla(QFileInfo::exists(propia) ? propia : QLatin1String(kPropias) + nombre);
+}
+
+DisposicionCubo Tfcomparacentros::plantilla_inicial() const {
+    // Una plantilla dañada no deja a nadie sin la pantalla: se dice y sirve la del programa.
+    try {
+        return plantilla_escogida();
+    } catch (const ErrorDatos& e) {
+        fdm().mostrar_advertencia(e.para_usuario());
+        return lea_plantilla(QLatin1String(kPropias) + QLatin1String(kPorOmision));
+    }
 }
 
 void Tfcomparacentros::SbGrabarClick() {
@@ -212,12 +237,16 @@ void Tfcomparacentros::actualice_balance() {
 
 void Tfcomparacentros::llene_cubo() {
     cubo_.vacie();
+    // El campo se busca una vez y no en cada una de las miles de filas.
+    std::vector<std::pair<const Campo*, bool>> columnas;
+    for (const CampoBalance& c : kCampos)
+        columnas.push_back({&CBalcentro.FieldByName(c.nombre), c.tamano == 0});
     for (int fila = 0; fila < CBalcentro.RecordCount(); ++fila) {
         QStringList textos;
         QVector<Moneda> cifras;
-        for (const CampoBalance& c : kCampos) {
-            const Valor valor = CBalcentro.valor_en(fila, CBalcentro.FieldByName(c.nombre));
-            if (c.tamano == 0)
+        for (const auto& [campo, es_cifra] : columnas) {
+            const Valor valor = CBalcentro.valor_en(fila, *campo);
+            if (es_cifra)
                 cifras << valor.moneda();
             else
                 textos << valor.texto();
@@ -244,6 +273,9 @@ void Tfcomparacentros::muestre() {
         return;
     }
     rejilla->disponga(cubo_, d);
+    if (d.solo.value("NIVEL").size() != 1)
+        fdm().mostrar_advertencia("Cada cuenta viene en todos sus niveles: los totales la cuentan "
+                                  "varias veces. Escoja un solo valor en el filtro Nivel.");
 }
 
 void Tfcomparacentros::SpeedButton5Click() {

@@ -41,7 +41,10 @@ private:
     void arme_botones();
     void llene_cubo();
     void lea_plantillas();
+    DisposicionCubo lea_plantilla(const QString& ruta) const;
     DisposicionCubo plantilla_escogida() const;
+    /// La de siempre, al abrir.
+    DisposicionCubo plantilla_inicial() const;
     /// Muestra el cubo como dicen las zonas.
     void muestre();
 

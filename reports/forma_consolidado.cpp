@@ -35,6 +35,12 @@ QString base_de(const QString& compania) {
     return ruta_base(ubicacion, compania);
 }
 
+/// Nulo si no existe.
+Valor nombre_de(const QString& compania) {
+    return fdm().CBorrarGen.valor_unico("select com_nombre from compania where comp_cod = " +
+                                        QuotedStr(compania));
+}
+
 } // namespace
 
 FormaConsolidado::FormaConsolidado(const DatosRango& datos,
@@ -81,8 +87,7 @@ void FormaConsolidado::CodCia1Exit() {
     NomCia1->clear();
     if (codigo.isEmpty())
         return;
-    const Valor nombre = fdm().CBorrarGen.valor_unico(
-        "select com_nombre from compania where comp_cod = " + QuotedStr(codigo));
+    const Valor nombre = nombre_de(codigo);
     if (nombre.nulo())
         muestre_mensaje("Compañía no encontrada.");
     else
@@ -111,6 +116,7 @@ void FormaConsolidado::antes_de_abrir() {
     if (codigo == fdm().codigo_compania)
         rehuse(CodCia1,
                QStringLiteral("La compañía %1 es la de esta sesión: escoja la otra.").arg(codigo));
+    NomCia1->setText(nombre_de(codigo).texto()); // F2 no sale de la caja del código
     const auto oculte = qScopeGuard([this] { Panel5->hide(); });
     diga(QStringLiteral("Conectando a la base de datos %1 ...").arg(codigo));
     conecte();
@@ -182,5 +188,7 @@ void FormaConsolidado::diga_lo_omitido(const QVector<std::pair<QString, Moneda>>
 }
 
 void FormaConsolidado::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
-    motor.fijar_texto(pagina, QStringLiteral("Text1"), QString::fromUtf8(variante().titulo));
+    const QString otra = NomCia1->text().isEmpty() ? CodCia1->text().trimmed() : NomCia1->text();
+    motor.fijar_texto(pagina, QStringLiteral("Text1"),
+                      QString::fromUtf8(variante().titulo) + QStringLiteral(" con ") + otra);
 }

@@ -251,5 +251,10 @@ Moneda FormulaContable::evalue_cuenta(const DatoFormula& dato) const {
     } catch (const ErrorCalculo&) {
         valor = Moneda();
     }
-    return opere(valor, dato.operacion, dato.factor);
+    try {
+        return opere(valor, dato.operacion, dato.factor);
+    } catch (const ErrorMoneda&) {
+        throw ErrorDatos(QStringLiteral("La cifra de %1 con su factor no cabe en un importe.")
+                             .arg(dato.formula));
+    }
 }

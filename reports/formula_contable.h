@@ -66,7 +66,7 @@ public:
     std::function<void(const QString&)> avise;
 
     /// Con cuatro decimales. Una división por cero, un desborde o una fórmula mal escrita valen 0.
-    /// Las fallas de lectura salen.
+    /// Las fallas de lectura salen, y la de un factor que la saca de un importe.
     Moneda evalue_cuenta(const DatoFormula& dato) const;
     Moneda calcule_dato(const QString& referencia, const QString& proyecto,
                         const QString& centro) const;

@@ -113,7 +113,8 @@ void InformeDefinible::dibuje_textos(int pagina) {
         if (!r.en(pagina) || r.t("FOCD_TIPO") != QLatin1String("T"))
             continue;
         letra(r);
-        pintor_->cadena(r.t("FOCD_CADENA"), qreal(r.n("FOCD_POSX")), qreal(r.n("FOCD_POSY")));
+        coloque(r, pintor_->cadena(r.t("FOCD_CADENA"), qreal(r.n("FOCD_POSX")),
+                                   qreal(r.n("FOCD_POSY"))));
     }
 }
 
@@ -122,6 +123,11 @@ void InformeDefinible::letra(const Renglon& r) {
     const qint64 cuerpo = r.n("FOCD_FSIZE");
     pintor_->letra(familia.isEmpty() ? QLatin1String(kLetra) : familia,
                    cuerpo > 0 ? cuerpo : kCuerpo);
+}
+
+void InformeDefinible::coloque(const Renglon& r, const QRectF& lugar) {
+    if (al_colocar)
+        al_colocar(r.c, r.fila, lugar);
 }
 
 // ---------------------------------------------------------------- datos
@@ -139,7 +145,8 @@ void InformeDefinible::dibuje_datos(int pagina) {
         try {
             imprima_dato(r);
         } catch (const ErrorDatos& e) {
-            pintor_->cadena(QStringLiteral("¿?"), qreal(r.n("FOCD_POSX")), qreal(r.n("FOCD_POSY")));
+            coloque(r, pintor_->cadena(QStringLiteral("¿?"), qreal(r.n("FOCD_POSX")),
+                                       qreal(r.n("FOCD_POSY"))));
             al_fallar(i, e.texto());
         }
     }
@@ -182,12 +189,12 @@ QString InformeDefinible::texto_fijo(const QString& dato) {
 }
 
 void InformeDefinible::imprima_cadena(const Renglon& r, const QString& texto) {
-    pintor_->cadena(texto, qreal(r.n("FOCD_POSX")), qreal(r.n("FOCD_POSY")), r.n("FOCD_INI"),
-                    r.n("FOCD_LONG"));
+    coloque(r, pintor_->cadena(texto, qreal(r.n("FOCD_POSX")), qreal(r.n("FOCD_POSY")),
+                               r.n("FOCD_INI"), r.n("FOCD_LONG")));
 }
 
 void InformeDefinible::imprima_numero(const Renglon& r, Moneda valor) {
     const Valor decimales = r.v("FOCD_LONG");
-    pintor_->numero(valor, decimales.nulo() ? kDecimales : int(decimales.entero()), false,
-                    qreal(r.n("FOCD_POSX")), qreal(r.n("FOCD_POSY")));
+    coloque(r, pintor_->numero(valor, decimales.nulo() ? kDecimales : int(decimales.entero()),
+                               false, qreal(r.n("FOCD_POSX")), qreal(r.n("FOCD_POSY"))));
 }

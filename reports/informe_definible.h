@@ -44,6 +44,8 @@ public:
     std::function<QString(const QString& cuenta)> nom_cuenta;
     /// Con ella un dato que falla no detiene la página: recibe su fila y qué pasó, y sale "¿?".
     std::function<void(int fila, const QString& falla)> al_fallar;
+    /// Recibe el lugar en que quedó el texto o la cifra de una fila, en milímetros de la hoja.
+    std::function<void(const ConjuntoDatos& conjunto, int fila, const QRectF& lugar)> al_colocar;
 
     /// Dibuja todas las páginas (FOCO_PAGINAS), o solo una.
     void imprime_informe(informes::Hojas& hojas, const informes::Papel& papel);
@@ -60,6 +62,7 @@ private:
     void imprima_cadena(const Renglon& r, const QString& texto);
     void imprima_numero(const Renglon& r, Moneda valor);
     void letra(const Renglon& r);
+    void coloque(const Renglon& r, const QRectF& lugar);
 
     const DefinicionInforme& d_;
     CabeceraInforme cabecera_;

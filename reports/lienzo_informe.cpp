@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr qreal kPuntosPorPulgada = 72, kMmPorPulgada = 25.4;
 constexpr qreal kHolgura = 3; // pixeles alrededor del elemento señalado
 
 qint64 entero(const ConjuntoDatos& c, int fila, const char* campo) {
@@ -39,8 +38,8 @@ private:
 };
 
 LienzoInforme::LienzoInforme(DefinicionInforme& definicion, std::function<PeriodoFormula()> periodo,
-                             FormulaContable::Lee lea)
-    : d_(definicion), periodo_(std::move(periodo)), lea_(std::move(lea)) {
+                             std::function<FormulaContable::Lee()> lector)
+    : d_(definicion), periodo_(std::move(periodo)), lector_(std::move(lector)) {
     setMinimumSize(escalado(200), escalado(220));
     for (ConjuntoDatos* c : {&d_.CFormato, &d_.CFormadatos, &d_.CFormalineas})
         enlaces_.push_back(std::make_unique<Enlace>(*this, *c));
@@ -74,31 +73,36 @@ void LienzoInforme::cambio() {
 
 // ---------------------------------------------------------------- composición
 
-Moneda LienzoInforme::recuerde(const LecturaDato& lectura) {
-    const QString llave = lectura.sql + QString::number(lectura.columna);
-    const auto leida = leidas_.constFind(llave);
-    if (leida != leidas_.constEnd())
-        return *leida;
-    return leidas_[llave] = lea_(lectura);
-}
-
 void LienzoInforme::componga() {
-    hojas_ = std::make_unique<informes::Hojas>();
-    FormulaContable formulas(periodo_(),
-                             [this](const LecturaDato& lectura) { return recuerde(lectura); });
+    auto hojas = std::make_unique<informes::Hojas>();
+    FormulaContable::Lee lea;
+    FormulaContable formulas(periodo_(), [&](const LecturaDato& lectura) {
+        const QString llave = lectura.sql + QString::number(lectura.columna);
+        if (const auto leida = leidas_.constFind(llave); leida != leidas_.constEnd())
+            return *leida;
+        if (!lea)
+            lea = lector_();
+        return leidas_[llave] = lea(lectura);
+    });
     const CabeceraInforme cabecera{d_.CFormato.FieldByName("FOCO_TITULO").texto(),
                                    d_.CFormato.FieldByName("FOCO_SUBTITULO").texto(),
                                    reloj().hoy()};
     InformeDefinible informe(d_, cabecera, formulas);
-    // Aquí nada se avisa: la falla se dice junto a la rejilla, con su lugar.
-    informe.al_fallar = [](int, const QString&) {};
+    // Aquí nada se avisa con un diálogo: la falla del dato señalado se dice al pie de la hoja.
+    fallas_.clear();
+    informe.al_fallar = [this](int fila, const QString& falla) { fallas_[fila] = falla; };
+    lugares_.clear();
+    informe.al_colocar = [this](const ConjuntoDatos& c, int fila, const QRectF& lugar) {
+        lugares_[{&c, fila}] = lugar;
+    };
     informe.nom_cuenta = [](const QString& cuenta) {
         return fdm()
             .CBorrar
             .valor_unico("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(cuenta))
             .texto();
     };
-    informe.imprime_pagina(*hojas_, informes::papel_de_impresora(), pagina_);
+    informe.imprime_pagina(*hojas, informes::papel_de_impresora(), pagina_);
+    hojas_ = std::move(hojas);
 }
 
 // ---------------------------------------------------------------- dibujo
@@ -119,21 +123,14 @@ QRectF LienzoInforme::en_pantalla(qreal x, qreal y, qreal dx, qreal dy) const {
 
 QRectF LienzoInforme::lugar(const ConjuntoDatos& c, int fila) const {
     const auto x = qreal(entero(c, fila, "FOCD_POSX")), y = qreal(entero(c, fila, "FOCD_POSY"));
-    const bool dato = &c == &d_.CFormadatos;
-    if (!dato && texto(c, fila, "FOCD_TIPO") != QLatin1String("T"))
+    if (&c == &d_.CFormalineas && texto(c, fila, "FOCD_TIPO") != QLatin1String("T"))
         return en_pantalla(x, y, qreal(entero(c, fila, "FOCD_X")),
                            qreal(entero(c, fila, "FOCD_Y")));
-    // Un texto ocupa más o menos lo que sus letras; el número termina en su punto.
-    const QString contenido = texto(c, fila, dato ? "FOCD_CUENTAS" : "FOCD_CADENA");
-    const qreal cuerpo = qreal(qMax<qint64>(6, entero(c, fila, "FOCD_FSIZE")));
-    const qreal alto = cuerpo * 1.2 * kMmPorPulgada / kPuntosPorPulgada * hoja().height() /
-                       informes::papel_de_impresora().alto;
-    const qreal ancho = alto * 0.45 * qreal(qMax<qsizetype>(3, contenido.size()));
-    QRectF r = en_pantalla(x, y, 0, 0);
-    r.setSize({ancho, alto});
-    if (dato && !InformeDefinible::es_fijo(contenido))
-        r.moveRight(r.left());
-    return r;
+    const auto puesto = lugares_.constFind({&c, fila});
+    if (puesto == lugares_.constEnd())
+        return en_pantalla(x, y, 0, 0);
+    const qreal escala = hoja().width() / informes::papel_de_impresora().ancho;
+    return {hoja().topLeft() + puesto->topLeft() * escala, puesto->size() * escala};
 }
 
 void LienzoInforme::paintEvent(QPaintEvent*) {
@@ -151,16 +148,28 @@ void LienzoInforme::paintEvent(QPaintEvent*) {
     p.translate(h.topLeft());
     informes::pinte_hoja(p, *hojas_, 0, h.width() / hojas_->papel(0).ancho);
     p.restore();
+    if (const auto paginas = d_.CFormato.FieldByName("FOCO_PAGINAS").entero(); pagina_ > paginas)
+        p.drawText(h, Qt::AlignHCenter | Qt::AlignBottom,
+                   QStringLiteral("No se imprime: el informe tiene %1.")
+                       .arg(paginas == 1 ? QStringLiteral("una página")
+                                         : QStringLiteral("%1 páginas").arg(paginas)));
     const int fila = resaltado_ && resaltado_->Active() ? resaltado_->RecNo() : -1;
     if (fila < 0 || fila >= resaltado_->RecordCount() ||
         entero(*resaltado_, fila, "FOCD_PAGINA") != pagina_)
         return;
     p.setPen(QPen(color_inactivo(), 1, Qt::DashLine));
+    if (const QString dice = resaltado_ == &d_.CFormadatos ? falla(fila) : QString();
+        !dice.isEmpty())
+        p.drawText(h.adjusted(4, 4, -4, -4), Qt::AlignBottom | Qt::TextWordWrap, dice);
     p.drawRect(
         lugar(*resaltado_, fila).adjusted(-kHolgura, -kHolgura, kHolgura, kHolgura).toRect());
 }
 
 void LienzoInforme::mousePressEvent(QMouseEvent* evento) {
+    if (!d_.CFormato.Active() || d_.CFormato.IsEmpty())
+        return;
+    if (!hojas_)
+        componga();
     // De los que están bajo el puntero, el más pequeño: un cuadro suele rodear a otros.
     ConjuntoDatos* mejor = nullptr;
     int fila = -1;

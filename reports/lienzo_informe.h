@@ -12,9 +12,10 @@
 class LienzoInforme : public QWidget {
     Q_OBJECT
 public:
-    /// `periodo` se pregunta en cada dibujo: el libro lo dice el informe que se edita.
+    /// `periodo` se pregunta en cada dibujo: el libro lo dice el informe que se edita. `lector` da
+    /// el que lee lo que falte en ese dibujo: todo de una vez.
     LienzoInforme(DefinicionInforme& definicion, std::function<PeriodoFormula()> periodo,
-                  FormulaContable::Lee lea);
+                  std::function<FormulaContable::Lee()> lector);
     ~LienzoInforme() override;
 
     /// Página a la vista, desde 1.
@@ -26,6 +27,8 @@ public:
     void olvide();
     /// Rectángulo de la hoja dentro del control.
     QRect hoja() const;
+    /// Por qué la fila del conjunto de datos no dio su cifra en el último dibujo; vacío si la dio.
+    QString falla(int fila) const { return fallas_.value(fila); }
     QSize sizeHint() const override;
 
     /// Un clic señaló un elemento de este conjunto, que ya está en su fila.
@@ -39,15 +42,17 @@ private:
     class Enlace;
     void cambio();
     void componga();
-    Moneda recuerde(const LecturaDato& lectura);
     QRectF en_pantalla(qreal x, qreal y, qreal dx, qreal dy) const;
     /// Lugar de un elemento en el control, con algún tamaño aunque sea un punto.
     QRectF lugar(const ConjuntoDatos& conjunto, int fila) const;
 
     DefinicionInforme& d_;
     std::function<PeriodoFormula()> periodo_;
-    FormulaContable::Lee lea_;
+    std::function<FormulaContable::Lee()> lector_;
     QHash<QString, Moneda> leidas_;
+    QHash<int, QString> fallas_; ///< por fila de los datos
+    /// Lo que ocupan los textos y las cifras de la página, en milímetros.
+    QHash<std::pair<const ConjuntoDatos*, int>, QRectF> lugares_;
     std::unique_ptr<informes::Hojas> hojas_; ///< nulas: hay que componer
     ConjuntoDatos* resaltado_ = nullptr;
     int pagina_ = 1;

@@ -10,6 +10,7 @@
 #include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 Tfimpinforme::Tfimpinforme()
     : Pantalla("Tfimpinforme", "Informes especiales"), LNombre(new QLabel), ETit(new QLineEdit),
@@ -63,7 +64,12 @@ bool Tfimpinforme::FormClose() {
 
 void Tfimpinforme::imprimirClick() {
     MotorInformes motor(this);
-    motor.nombre_archivo = definicion.CFormato.FieldByName("FOCO_NOMBRE").texto();
+    // El nombre lo escribió una persona: "Balance 2017/2018" no es una carpeta.
+    static const QRegularExpression kNoEsDeArchivo(QStringLiteral("[/\\\\:*?\"<>|]"));
+    QString nombre = definicion.CFormato.FieldByName("FOCO_NOMBRE").texto().trimmed();
+    nombre.replace(kNoEsDeArchivo, QStringLiteral("-"));
+    if (!nombre.isEmpty())
+        motor.nombre_archivo = nombre;
     motor.vista_previa = fdm().valor<Llave::PrevisualizarImpresion>();
     motor.ejecutar_trabajo([this](informes::Hojas& hojas) { RvSystem1Print(hojas); });
     close();

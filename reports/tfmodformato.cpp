@@ -75,6 +75,16 @@ void Tfmodformato::defina_nacimientos() {
         CFormato.FieldByName("FOCO_PAGINAS") = 1;
         CFormato.FieldByName("FOCO_NIIF") = "N";
     };
+    CFormato.BeforePost = [this] {
+        const auto paginas = CFormato.FieldByName("FOCO_PAGINAS").entero();
+        if (CFormato.FieldByName("FOCO_ID").vacio())
+            muestre_mensaje("Digite el código del informe.");
+        else if (paginas < 1 || paginas > kMasPaginas)
+            muestre_mensaje(QStringLiteral("El informe tiene de 1 a %1 páginas.").arg(kMasPaginas));
+        else
+            return;
+        throw EdicionAbortada();
+    };
     // Los elementos nacen con el código de su informe: ese registro ya debe estar completo.
     CFormadatos.BeforeInsert = CFormalineas.BeforeInsert = [this] { CFormato.CheckBrowseMode(); };
     CFormadatos.AfterInsert = [this] { CFormadatosAfterInsert(); };
@@ -213,7 +223,7 @@ QWidget* Tfmodformato::construya_vista() {
     lienzo = new LienzoInforme(
         definicion,
         [this] { return periodo_de_la_sesion(CFormato.FieldByName("FOCO_NIIF").texto() == "S"); },
-        [](const LecturaDato& lectura) { return LectorReferencias()(lectura); });
+        [] { return LectorReferencias(); });
     lienzo->setAccessibleName("Página a escala");
     lienzo->al_senalar = [this](ConjuntoDatos& c) {
         (&c == &CFormadatos ? DBGridEh1 : DBGridEh2)->setFocus();
@@ -354,7 +364,10 @@ bool Tfmodformato::aplique() {
         CFormato.FieldByName("FOCO_IMPRESORA") = EImpresora->currentIndex();
     }
     CFormato.CheckBrowseMode();
-    return CFormato.ApplyUpdates(0) == 0;
+    if (CFormato.ApplyUpdates(0) != 0)
+        return false;
+    ECodigo->ReadOnly(true); // ya tiene renglones con él
+    return true;
 }
 
 void Tfmodformato::SBGrabarClick() {

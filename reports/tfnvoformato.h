@@ -6,6 +6,7 @@ class Tfnvoformato : public Tfmodformato {
     Q_OBJECT
 public:
     Tfnvoformato();
+    void FormCreate() override;
 
 protected:
     bool abra() override;

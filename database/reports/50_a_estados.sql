@@ -81,14 +81,32 @@ BEGIN
   END
 END^
 
--- Saldos de un tramo de meses por cuenta y tercero. NIT vacío: lo que no lleva tercero. Interna.
+-- Saldos de un tramo de meses por cuenta y tercero. NIT vacío: lo que no lleva tercero. Con
+-- TERCEROS "N" y todos en el rango lee los saldos por cuenta, que no crecen con ellos. Interna.
 CREATE OR ALTER PROCEDURE LEA_TRAMO_TERCERO{_NIIF} (
   DESDE varchar(20), HASTA varchar(20), NITINI varchar(20), NITFIN varchar(20), ANO varchar(4),
-  MES1 smallint, MES2 smallint)
+  MES1 smallint, MES2 smallint, TERCEROS char(1))
 RETURNS (CUENTA varchar(20), NIT varchar(20), INICIAL numeric(18,2), DEBITOS numeric(18,2),
   CREDITOS numeric(18,2))
 AS
 BEGIN
+  IF (TERCEROS <> 'S' AND NITINI = '' AND NITFIN = 'ZZ') THEN
+  BEGIN
+    NIT = '';
+    FOR
+      SELECT CUEN_COD,
+        sum(iif(SALD_ANO < :ANO OR SALD_MES < :MES1, SALD_DEBITO - SALD_CREDITO, 0)),
+        sum(iif(SALD_ANO = :ANO AND SALD_MES >= :MES1, SALD_DEBITO, 0)),
+        sum(iif(SALD_ANO = :ANO AND SALD_MES >= :MES1, SALD_CREDITO, 0))
+      FROM VISTA_SALDOS_CUENTA{_NIIF}
+      WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
+        AND (SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES <= :MES2))
+      GROUP BY CUEN_COD
+      INTO :CUENTA, :INICIAL, :DEBITOS, :CREDITOS
+    DO
+      SUSPEND;
+    EXIT;
+  END
   FOR
     SELECT CUEN_COD, TERC_NIT,
       sum(iif(SALD_ANO < :ANO OR SALD_MES < :MES1, SALD_DEBITO - SALD_CREDITO, 0)),
@@ -119,7 +137,8 @@ BEGIN
       sum(L.INICIAL), sum(L.DEBITOS), sum(L.CREDITOS)
     FROM (
       SELECT CUENTA, INICIAL, DEBITOS, CREDITOS
-      FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2)
+      FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2,
+        :TERCEROS)
       WHERE :SIN_MOVIMIENTO = 'S' OR INICIAL <> 0 OR DEBITOS <> 0 OR CREDITOS <> 0
       UNION ALL
       SELECT CUEN_COD, 0, 0, 0 FROM {CUENTAS}
@@ -129,7 +148,8 @@ BEGIN
     GROUP BY 1, 3
     UNION ALL
     SELECT T.CUENTA, T.NIT, N.ESTR_NIVEL, T.INICIAL, T.DEBITOS, T.CREDITOS
-    FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2) T
+    FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2,
+      :TERCEROS) T
     LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(T.CUENTA)
     WHERE :TERCEROS = 'S' AND T.NIT <> ''
       AND (:SIN_MOVIMIENTO = 'S' OR T.INICIAL <> 0 OR T.DEBITOS <> 0 OR T.CREDITOS <> 0)
@@ -207,6 +227,43 @@ BEGIN
   END
 END^
 
+-- Movimiento neto de un año por cuenta y mes: MES 0, lo que traía; 13, los ajustes y el cierre. Con
+-- TERCERO "S", por tercero; sin él lee los saldos por cuenta, que no crecen con los terceros.
+-- Interna de BALANCE_ANUAL.
+CREATE OR ALTER PROCEDURE LEA_ANO{_NIIF} (
+  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1))
+RETURNS (CUENTA varchar(20), NIT varchar(20), MES smallint, NETO numeric(18,2))
+AS
+BEGIN
+  IF (TERCERO = 'S') THEN
+  BEGIN
+    FOR
+      SELECT CUEN_COD, TERC_NIT, iif(SALD_ANO < :ANO, 0, minvalue(SALD_MES, 13)),
+        sum(SALD_DEBITO - SALD_CREDITO)
+      FROM VISTA_SALDOS_TERCERO{_NIIF}
+      WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
+        AND SALD_ANO <= :ANO
+      GROUP BY 1, 2, 3
+      INTO :CUENTA, :NIT, :MES, :NETO
+    DO
+      SUSPEND;
+  END
+  ELSE
+  BEGIN
+    NIT = '';
+    FOR
+      SELECT CUEN_COD, iif(SALD_ANO < :ANO, 0, minvalue(SALD_MES, 13)),
+        sum(SALD_DEBITO - SALD_CREDITO)
+      FROM VISTA_SALDOS_CUENTA{_NIIF}
+      WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
+        AND SALD_ANO <= :ANO
+      GROUP BY 1, 2
+      INTO :CUENTA, :MES, :NETO
+    DO
+      SUSPEND;
+  END
+END^
+
 -- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre.
 -- Con SALDOS "S" cada mes lleva, en vez de su movimiento, el saldo con que termina. Con TERCERO
 -- "S", también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual.
@@ -222,26 +279,16 @@ AS
 BEGIN
   FOR
     WITH HOJA AS (
-      SELECT S.CUEN_COD CUENTA, S.TERC_NIT NIT,
-        sum(iif(S.SALD_ANO < :ANO OR S.SALD_MES = 0, S.SALD_DEBITO - S.SALD_CREDITO, 0)) INI,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 1, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M01,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 2, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M02,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 3, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M03,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 4, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M04,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 5, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M05,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 6, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M06,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 7, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M07,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 8, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M08,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 9, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M09,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 10, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M10,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 11, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M11,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES = 12, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M12,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES > 12, S.SALD_DEBITO - S.SALD_CREDITO, 0)) M13,
-        sum(iif(S.SALD_ANO = :ANO AND S.SALD_MES > 0, 1, 0)) MOVIDAS
-      FROM VISTA_SALDOS_TERCERO{_NIIF} S
-      WHERE S.CUEN_COD >= :DESDE AND (S.CUEN_COD <= :HASTA OR S.CUEN_COD STARTING WITH :HASTA)
-        AND S.SALD_ANO <= :ANO
-      GROUP BY S.CUEN_COD, S.TERC_NIT),
+      SELECT CUENTA, NIT, sum(iif(MES = 0, NETO, 0)) INI, sum(iif(MES = 1, NETO, 0)) M01,
+        sum(iif(MES = 2, NETO, 0)) M02, sum(iif(MES = 3, NETO, 0)) M03,
+        sum(iif(MES = 4, NETO, 0)) M04, sum(iif(MES = 5, NETO, 0)) M05,
+        sum(iif(MES = 6, NETO, 0)) M06, sum(iif(MES = 7, NETO, 0)) M07,
+        sum(iif(MES = 8, NETO, 0)) M08, sum(iif(MES = 9, NETO, 0)) M09,
+        sum(iif(MES = 10, NETO, 0)) M10, sum(iif(MES = 11, NETO, 0)) M11,
+        sum(iif(MES = 12, NETO, 0)) M12, sum(iif(MES = 13, NETO, 0)) M13,
+        sum(iif(MES > 0, 1, 0)) MOVIDAS
+      FROM LEA_ANO{_NIIF}(:ANO, :DESDE, :HASTA, :TERCERO)
+      GROUP BY CUENTA, NIT),
     FILA AS (
       SELECT substring(H.CUENTA FROM 1 FOR N.ESTR_DIGITOS) CUENTA, cast(NULL AS varchar(20)) NIT,
         N.ESTR_NIVEL NIVEL, sum(INI) INI, sum(M01) M01, sum(M02) M02, sum(M03) M03, sum(M04) M04,

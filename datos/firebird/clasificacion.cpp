@@ -351,6 +351,13 @@ ErrorBase conectando(const Vector& v, Causa causa, const QString& motor) {
                      con("Unable to complete network request to host \"%1\"", equipo),
                      con("No se encontró el equipo servidor con nombre %1", equipo));
     const int sistema = v.error_del_sistema();
+    // El archivo está, pero le falta un pedazo: una copia que quedó a medias.
+    if (v.tiene(isc_io_error) && sistema == 0 &&
+        v.argumento(isc_io_error) == QLatin1String("read")) {
+        const QString corta = QStringLiteral(
+            "El archivo de la base de datos está incompleto o no es una base de datos.");
+        return forma(ClaseFalla::BaseDanada, corta, corta);
+    }
     if (v.tiene(isc_io_error) &&
         (sistema == 0 || sistema == ENOENT || sistema == ENOTDIR || sistema == ENAMETOOLONG)) {
         const QString archivo = v.argumento(isc_io_error, 1);

@@ -17,8 +17,14 @@ teclas Escape Escape
 
 boton 832 80
 foto comparativo_de_centros
+# La columna de un subtotal se pliega, y a la derecha los nombres de las filas siguen a la vista.
+teclas Right Right Right Right shift+space
+foto cubo_centro_plegado 0.6
+teclas shift+space End
+foto cubo_a_la_derecha 0.6
+teclas Home
 # El subcentro pasa de las columnas a las filas, con teclas.
-teclas shift+Tab shift+Tab shift+Tab Down c Delete
+teclas shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab Down c Delete
 foto cubo_sin_subcentros 0.6
 teclas Escape
 
@@ -45,7 +51,15 @@ teclas Escape
 # Consolidado con la 002, si la demostración la trae.
 if [ -f "$trabajo/datos/002/quorvex.fdb" ]; then
     teclas Tab Tab Tab Tab Tab space
-    teclas Tab Tab space
+    teclas space
+    escriba "002"
+    teclas F2
+    a_pdf balance_general_consolidado 1
+    teclas Tab space
+    escriba "002"
+    teclas F2
+    a_pdf resultados_consolidado 1
+    teclas Tab space
     escriba "002"
     teclas Tab
     foto rango_consolidado

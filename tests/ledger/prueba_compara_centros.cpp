@@ -4,6 +4,7 @@
 #include "ledger/libro_de_prueba.h"
 #include "ledger/registro.h"
 #include "ledger/tfcomparacentros.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/pivote/rejilla_cubo.h"
 #include "toolkit/pivote/zonas_cubo.h"
@@ -15,6 +16,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 namespace {
@@ -178,6 +180,107 @@ private slots:
         QVERIFY(s.filas() > plegadas);
         oprima(Qt::Key_Plus, Qt::KeypadModifier);
         QCOMPARE(s.filas(), desplegadas);
+    }
+
+    void las_columnas_se_pliegan_con_teclas_y_los_totales_se_quitan() {
+        Comparativo s;
+        const auto titulo = [&](int c) {
+            return s.p->rejilla->modelo().headerData(c, Qt::Horizontal, Qt::DisplayRole).toString();
+        };
+        const auto columnas = [&] { return s.p->rejilla->modelo().columnCount(); };
+        const int todas = columnas();
+        s.p->rejilla->setFocus();
+        oprima(Qt::Key_Space, Qt::ShiftModifier); // en la de los nombres no hay qué plegar
+        QCOMPARE(columnas(), todas);
+        for (int n = 0; n < 3; ++n)
+            oprima(Qt::Key_Right);
+        QCOMPARE(titulo(3), QString("Total 0001 Administración"));
+        oprima(Qt::Key_Space, Qt::ShiftModifier);
+        QCOMPARE(columnas(), todas - 2);
+        QCOMPARE(titulo(s.p->rejilla->currentIndex().column()),
+                 QString("Total 0001 Administración"));
+        oprima(Qt::Key_Space, Qt::ShiftModifier);
+        QCOMPARE(columnas(), todas);
+        oprima(Qt::Key_Space, Qt::ShiftModifier);
+        oprima(Qt::Key_Minus, Qt::KeypadModifier | Qt::ControlModifier);
+        QCOMPARE(columnas(), 4);
+        QCOMPARE(s.p->zonas->disposicion().nivel_columnas, 1); // y así se graba
+        oprima(Qt::Key_Plus, Qt::KeypadModifier | Qt::ControlModifier);
+        QCOMPARE(columnas(), todas);
+        const int filas = s.filas();
+        s.p->zonas->total_filas->setFocus();
+        oprima(Qt::Key_Space);
+        QCOMPARE(s.filas(), filas - 1);
+        oprima(Qt::Key_Tab);
+        oprima(Qt::Key_Space);
+        QCOMPARE(columnas(), todas - 1);
+        QVERIFY(!s.p->zonas->disposicion().total_columnas);
+        tome_foto(&s.ventana, "cubo_sin_totales");
+        oprima(Qt::Key_F2); // la plantilla los trae
+        QCOMPARE(columnas(), todas);
+        QVERIFY(s.p->zonas->total_columnas->isChecked());
+    }
+
+    void los_nombres_de_las_filas_no_se_corren_con_las_cifras() {
+        Comparativo s;
+        s.p->rejilla->setMaximumWidth(520);
+        s.p->rejilla->setFocus();
+        QCoreApplication::processEvents();
+        const auto& fija = componente<QTableView>(s.p, "ColumnaFija");
+        QVERIFY(!fija.isVisible());
+        QTableView* r = s.p->rejilla;
+        const int columnas = s.p->rejilla->modelo().columnCount();
+        for (int n = 1; n < columnas; ++n)
+            oprima(Qt::Key_Right);
+        QVERIFY(fija.isVisible());
+        QCOMPARE(fija.indexAt(QPoint(5, 5)).data().toString(), QString("41 Operacionales"));
+        QCOMPARE(fija.width(), r->columnWidth(0));
+        tome_foto(&s.ventana, "cubo_nombres_fijos");
+        // Hacia la izquierda ninguna celda queda debajo de los nombres.
+        for (int n = columnas - 2; n > 0; --n) {
+            oprima(Qt::Key_Left);
+            QCOMPARE(r->currentIndex().column(), n);
+            QVERIFY(!fija.isVisible() || r->visualRect(r->currentIndex()).left() >= fija.width());
+        }
+        oprima(Qt::Key_Left);
+        QVERIFY(!fija.isVisible());
+    }
+
+    void una_plantilla_danada_no_deja_a_nadie_sin_la_pantalla() {
+        Comparativo s;
+        const QString vista = s.fila(0);
+        s.p->close();
+        const QString carpeta = s.base.ruta() + "/contabilidad/Reportes/";
+        QVERIFY(QDir().mkpath(carpeta));
+        const auto grabe = [&](const char* texto) {
+            QFile archivo(carpeta + "comparacentros.mds");
+            QVERIFY(archivo.open(QIODevice::WriteOnly));
+            archivo.write(texto);
+        };
+        AvisosBarra barra;
+        s.dm.barra(&barra);
+        const auto suelte = qScopeGuard([&] { s.dm.barra(nullptr); });
+        for (const auto& [texto, queja] :
+             {std::pair{"filas = NADA\n", "comparacentros.mds, renglón 1: no hay un campo NADA."},
+              {"filas = FINAL\nvalores = MOVIMIEN\n",
+               "comparacentros.mds: Final es una cifra: va en los valores."},
+              {"filas = CUENTA\ncolumnas = CUENTA\nvalores = FINAL\n",
+               "comparacentros.mds: Cuenta está dos veces."},
+              {"\x00\xff\xfe", "comparacentros.mds, renglón 1:"}}) {
+            grabe(texto);
+            s.p = s.abra<Tfcomparacentros>("Tfcomparacentros");
+            QVERIFY2(barra.text().contains(queja), qPrintable(barra.text()));
+            QCOMPARE(s.fila(0), vista); // con la del programa
+            Interlocutor i;
+            i.espere_modal("dialogo", [queja = QString(queja)](QWidget* w) {
+                QVERIFY(qobject_cast<QMessageBox*>(w)->text().contains(queja));
+                QTest::keyClick(w, Qt::Key_Escape);
+            });
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(s.p->zonas->disposicion().columnas, (QStringList{"PROY", "CENTRO"}));
+            s.p->close();
+        }
     }
 
     void las_plantillas_se_graban_se_listan_y_se_cargan() {

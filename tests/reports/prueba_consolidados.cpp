@@ -9,11 +9,47 @@
 #include "reports/tfrngresulconsol.h"
 #include "toolkit/barraestado.h"
 
+#include <QCheckBox>
 #include <QDir>
 #include <QScopeGuard>
 #include <QSpinBox>
 
 namespace {
+
+/// Las que se suman de una compañía a la otra.
+const QStringList kColumnas{"INICIAL", "DEBITOS",   "CREDITOS", "FINAL",   "SCLASE",
+                            "SGRUPO",  "SSUBGRUPO", "SCUENTA",  "MOVIMIEN"};
+
+/// Lo que la barra debe decir de las cuentas que solo tiene la segunda.
+QString lo_omitido(const QMap<QString, QStringList>& a, const QMap<QString, QStringList>& b) {
+    const qsizetype final = kColumnas.indexOf("FINAL");
+    QStringList solas;
+    for (const QString& codigo : b.keys())
+        if (!a.contains(codigo))
+            solas << codigo;
+    int cuentas = 0;
+    Moneda debito, credito;
+    for (const QString& codigo : solas) {
+        const bool mayor = std::any_of(solas.begin(), solas.end(), [&](const QString& otra) {
+            return otra != codigo && otra.startsWith(codigo);
+        });
+        const Moneda saldo = Moneda::de_texto(b[codigo][final]);
+        cuentas += !mayor;
+        if (!mayor)
+            (saldo.negativa() ? credito : debito) += saldo.absoluta();
+    }
+    return QString("%1 que solo tiene la compañía 002, con saldos por %2 al débito y %3 al "
+                   "crédito.")
+        .arg(cuentas == 1 ? QString("una cuenta") : QString("%1 cuentas").arg(cuentas))
+        .arg(debito.formateada(), credito.formateada());
+}
+
+QStringList sumadas(const QStringList& a, const QStringList& b) {
+    QStringList r;
+    for (qsizetype i = 0; i < a.size(); ++i)
+        r << (Moneda::de_texto(a[i]) + (b.isEmpty() ? Moneda() : Moneda::de_texto(b[i]))).texto();
+    return r;
+}
 
 /// La sesión es de la 001; la 002 es otra copia de la plantilla, con otro libro.
 struct DosCompanias : SesionGui {
@@ -44,10 +80,35 @@ struct DosCompanias : SesionGui {
         QMap<QString, QStringList> por_codigo;
         const auto cursor = c.abra(sql);
         while (cursor->siguiente())
-            por_codigo[cursor->valor(0).texto()] = {
-                cursor->valor(1).texto(), cursor->valor(2).texto(), cursor->valor(3).texto(),
-                cursor->valor(4).texto()};
+            for (int c = 1; c <= kColumnas.size(); ++c)
+                por_codigo[cursor->valor(0).texto()] << cursor->valor(c).texto();
         return por_codigo;
+    }
+
+    /// Imprime la forma y compara cada fila con la suma de las dos, y la barra con lo omitido.
+    template <class Filas>
+    void compruebe(const char* forma, const char* tipo, Filas filas_de, const QString& donde) {
+        auto* p = pantalla<FormaConsolidado>(forma, tipo);
+        QMap<QString, QStringList> copia;
+        Interlocutor i;
+        i.espere_modal("OpcionesImpresion", [&](QWidget* w) {
+            copia = filas_de(p); // las hojas ya están compuestas
+            w->findChild<QPushButton*>("cancelar")->click();
+        });
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        const QString sql = QString("select codigo, %1 from balance_mes('%2', %3, 'N', 'N', 'N', "
+                                    "'N') where %4")
+                                .arg(kColumnas.join(", "), cnt.ano_actual)
+                                .arg(cnt.periodo_actual + 1)
+                                .arg(donde);
+        const auto a = filas(dm.Quorvex, sql), b = filas(segunda, sql);
+        QVERIFY(!a.isEmpty());
+        QCOMPARE(copia.keys(), a.keys());
+        for (const QString& codigo : a.keys())
+            QCOMPARE(copia[codigo], sumadas(a[codigo], b[codigo]));
+        if (const QString falta = lo_omitido(a, b); !falta.startsWith("0 "))
+            QVERIFY2(barra.text().contains(falta), qPrintable(barra.text() + falta));
     }
 
     Conexion segunda;
@@ -55,26 +116,20 @@ struct DosCompanias : SesionGui {
 };
 
 /// Mira las filas cuando ya están sumadas.
-struct BalanceVisto : Tfrngbalanceconsol {
+template <class Forma> struct Visto : Forma {
     QMap<QString, QStringList> filas;
     void despues_de_abrir() override {
-        Tfrngbalanceconsol::despues_de_abrir();
-        for (CAuxiliar.First(); !CAuxiliar.Eof(); CAuxiliar.Next()) {
+        Forma::despues_de_abrir();
+        ConjuntoDatos& c = this->CAuxiliar;
+        for (c.First(); !c.Eof(); c.Next()) {
             QStringList fila;
-            for (const char* columna : {"INICIAL", "DEBITOS", "CREDITOS", "FINAL"})
-                fila << CAuxiliar.FieldByName(columna).texto();
-            filas[CAuxiliar.FieldByName("CODIGO").texto()] = fila;
+            for (const QString& columna : kColumnas)
+                fila << c.FieldByName(columna).texto();
+            filas[c.FieldByName("CODIGO").texto()] = fila;
         }
-        CAuxiliar.First();
+        c.First();
     }
 };
-
-QStringList sumadas(const QStringList& a, const QStringList& b) {
-    QStringList r;
-    for (qsizetype i = 0; i < a.size(); ++i)
-        r << (Moneda::de_texto(a[i]) + (b.isEmpty() ? Moneda() : Moneda::de_texto(b[i]))).texto();
-    return r;
-}
 
 QString renglon_con(const QString& texto, const QString& comienzo) {
     for (const QString& r : texto.split('\n'))
@@ -93,7 +148,8 @@ private slots:
         DosCompanias s;
         comprobantes_al_azar(s.base.base(), azar, 1, 60);
         comprobantes_al_azar(s.segunda, azar, 1, 60);
-        pantallas().registre("Tfrngbalanceconsol", [] { return new BalanceVisto; });
+        pantallas().registre("Tfrngbalanceconsol", [] { return new Visto<Tfrngbalanceconsol>; });
+        pantallas().registre("Tfrngresulconsol", [] { return new Visto<Tfrngresulconsol>; });
         // Cuentas que solo tiene la segunda: un grupo entero, y una bajo un grupo que las dos usan.
         for (const char* c : {"12", "1205", "120505"})
             s.segunda.ejecute(QString("insert into cuentas (cuen_cod, cuen_nom) values ('%1', "
@@ -107,32 +163,43 @@ private slots:
                            {2, "111095", Moneda(), Moneda(200)},
                            {3, "110505", Moneda(), Moneda(500)}}});
         for (int vez = 0; vez < 4; ++vez) {
-            const int ano = 2018, mes = 1 + azar.bounded(13);
-            s.cnt.ano_actual = QString::number(ano);
-            s.cnt.periodo_actual = mes - 1;
-            auto* p = static_cast<BalanceVisto*>(
-                s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "P"));
-            QMap<QString, QStringList> copia;
-            Interlocutor i;
-            i.espere_modal("OpcionesImpresion", [&](QWidget* w) {
-                copia = p->filas; // las hojas ya están compuestas
-                w->findChild<QPushButton*>("cancelar")->click();
-            });
-            oprima(Qt::Key_F2);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
-            const QString sql =
-                QString("select codigo, inicial, debitos, creditos, final from "
-                        "balance_mes('%1', %2, 'N', 'N', 'N', 'N') where nivel <= 5")
-                    .arg(ano)
-                    .arg(mes);
-            const auto a = s.filas(s.base.base(), sql), b = s.filas(s.segunda, sql);
-            QVERIFY(!a.isEmpty());
-            QCOMPARE(copia.keys(), a.keys());
-            for (const QString& codigo : a.keys())
-                QCOMPARE(copia[codigo], sumadas(a[codigo], b[codigo]));
-            QVERIFY(b.contains("120505") && !a.contains("120505"));
-            QVERIFY2(s.barra.text().contains("compañía 002"), qPrintable(s.barra.text()));
+            s.cnt.ano_actual = "2018";
+            s.cnt.periodo_actual = azar.bounded(13);
+            s.compruebe(
+                "Tfrngbalanceconsol", "P",
+                [](auto* p) { return static_cast<Visto<Tfrngbalanceconsol>*>(p)->filas; },
+                "nivel <= 5");
+            s.compruebe(
+                "Tfrngresulconsol", "D",
+                [](auto* p) { return static_cast<Visto<Tfrngresulconsol>*>(p)->filas; },
+                "codigo >= '4' and codigo < '8' and nivel <= 5");
         }
+    }
+
+    void el_general_solo_trae_balance_y_las_cuentas_sin_movimiento_salen_si_se_piden() {
+        DosCompanias s;
+        s.cnt.periodo_actual = 0;
+        for (Conexion* c : {&s.base.base(), &s.segunda})
+            grabe(*c, {1,
+                       "000001",
+                       "20170105",
+                       {{1, "110505", Moneda(10), Moneda()}, {2, "310505", Moneda(), Moneda(10)}}});
+        auto* p = s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "G");
+        llene(p, "EDesde", "41");
+        Interlocutor i;
+        i.espere("No hay datos que cumplan con los rangos indicados.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(!escritorio()->abierta("Tfrngbalanceconsol"));
+        QString texto = informe_como_texto(
+            s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "G"), Qt::Key_F2);
+        QVERIFY(!renglon_con(texto, "1105").isEmpty() && renglon_con(texto, "110505").isEmpty());
+        QVERIFY(renglon_con(texto, "1305").isEmpty());
+        p = s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "P");
+        componente<QCheckBox>(p, "Cksinmov").click();
+        texto = informe_como_texto(p, Qt::Key_F2);
+        QVERIFY(renglon_con(texto, "130505").endsWith("0.00 0.00 0.00 0.00"));
+        QVERIFY(renglon_con(texto, "110505").endsWith("0.00 20.00 0.00 20.00"));
     }
 
     void lo_omitido_se_cuenta_una_vez_y_con_su_saldo() {
@@ -154,7 +221,7 @@ private slots:
         QCOMPARE(p->NomCia1->text(), QString("La segunda"));
         tome_foto(&s.ventana, "consolidado");
         const QString texto = informe_como_texto(p, Qt::Key_F2);
-        QVERIFY(texto.contains("Balance de Prueba Consolidado"));
+        QVERIFY(texto.contains("Balance de Prueba Consolidado con La segunda"));
         QVERIFY2(renglon_con(texto, "110505").endsWith("0.00 2,000.00 500.00 1,500.00"),
                  qPrintable(renglon_con(texto, "110505")));
         QVERIFY(!texto.contains("130505"));
@@ -249,6 +316,34 @@ private slots:
         QVERIFY(barra.text().isEmpty() || !barra.text().contains("Sin consolidar"));
     }
 
+    void la_segunda_de_la_demostracion_se_crea_en_un_servidor_y_se_consolida() {
+        DosCompanias s;
+        ServidorDePrueba servidor;
+        qputenv("QUORVEX_CLAVE", ServidorDePrueba::kClave);
+        const ResultadoHerramienta r =
+            administre({"crear-demo", "--codigo", "002", "--lineas", "3600", "--clave-usuario",
+                        ServidorDePrueba::kClave, "--ubicacion", servidor.ubicacion().texto()});
+        QVERIFY2(r.codigo == 0, qPrintable(r.errores + r.salida));
+        s.dm.Quorvex.desconectar();
+        s.dm.Quorvex.conectar(servidor.parametros());
+        grabe(s.dm.Quorvex,
+              {1,
+               "000001",
+               "20170105",
+               {{1, "110505", Moneda(30), Moneda()}, {2, "310505", Moneda(), Moneda(30)}}});
+        ParametrosConexion segunda = servidor.parametros("SYSDBA");
+        segunda.base = servidor.ubicacion().base_compania("002");
+        s.segunda.desconectar();
+        s.segunda.conectar(segunda);
+        s.cnt.periodo_actual = 11;
+        pantallas().registre("Tfrngbalanceconsol", [] { return new Visto<Tfrngbalanceconsol>; });
+        s.compruebe(
+            "Tfrngbalanceconsol", "P",
+            [](auto* p) { return static_cast<Visto<Tfrngbalanceconsol>*>(p)->filas; },
+            "nivel <= 5");
+        QVERIFY2(s.barra.text().contains("Sin consolidar"), qPrintable(s.barra.text()));
+    }
+
     void lo_que_falta_o_no_existe_se_dice_y_la_pantalla_queda_abierta() {
         DosCompanias s;
         auto* p = s.abra<Tfrngbalanceconsol>("Tfrngbalanceconsol", AbreInforme{"G"});
@@ -272,6 +367,37 @@ private slots:
         oprima(Qt::Key_Tab);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(p->NomCia1->text().isEmpty());
+        // F2 sin salir de la caja: el nombre es el del código que se acaba de digitar.
+        s.base.general().ejecute("update or insert into compania (comp_cod, com_nombre) values "
+                                 "('009', 'La que no está') matching (comp_cod)");
+        llene(p, "CodCia1", "002");
+        oprima(Qt::Key_Tab);
+        QCOMPARE(p->NomCia1->text(), QString("La segunda"));
+        diga("009", "");
+        QCOMPARE(p->NomCia1->text(), QString("La que no está"));
+    }
+
+    void una_base_danada_se_dice_en_espanol_y_no_toca_la_de_la_sesion() {
+        DosCompanias s;
+        s.segunda.desconectar();
+        QFile base(s.base.ubicacion().base_compania("002"));
+        QVERIFY(base.open(QIODevice::ReadWrite));
+        QVERIFY(base.resize(5000)); // cortada a media página
+        base.close();
+        auto* p = s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", "P");
+        Interlocutor i;
+        QString dijo;
+        i.espere_modal("dialogo", [&](QWidget* w) {
+            dijo = qobject_cast<QMessageBox*>(w)->text();
+            QTest::keyClick(w, Qt::Key_Escape);
+        });
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY2(dijo.contains("base"), qPrintable(dijo));
+        for (const char* ajena : {"I/O", "file", "database"})
+            QVERIFY2(!dijo.contains(ajena), qPrintable(dijo));
+        QCOMPARE(escritorio()->activa(), p);
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
     }
 };
 

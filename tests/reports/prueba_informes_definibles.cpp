@@ -121,17 +121,20 @@ private slots:
         s.dato(1, ++item, "SF1105", ", focd_oper, focd_factor, focd_long", ", '/', 1000, 1");
         s.dato(1, ++item, "SF1105", ", focd_oper, focd_factor", ", '/', 0");
         s.dato(1, ++item, "SF1105/SF9999");
+        s.dato(1, ++item, "SF1105 + SF4135"); // el espacio detiene la lectura
         s.dato(1, ++item, "MV51", ", focd_proy, focd_centro", ", '0001', '0002'");
         s.dato(1, ++item, "MV51", ", focd_proy", ", '0001'");
         s.dato(1, ++item, "TI", ", focd_ini, focd_long", ", 4, 3");
         s.dato(1, ++item, "NO", ", focd_pagina", ", 2"); // en una página que no sale
         const QStringList impreso = renglones(s.imprima(1));
         // 5000000 + 1190000.25 - 432000.12 + 11.11; enero y febrero, solo el capital
-        const QStringList esperado{
-            "La Compañía",    "900111222-3",  "El titulo",     "El subtitulo", "2017/03/31",
-            "marzo 31, 2017", "2017",         "marzo",         "31",           "Caja general",
-            "5,758,011.24",   "5,000,000.00", "-1,000,011.36", "1,000,011.36", "5,758.0",
-            "0.00",           "0.00",         "32,000.12",     "432,000.12",   "tit"};
+        const QStringList esperado{"La Compañía",   "900111222-3",  "El titulo",
+                                   "El subtitulo",  "2017/03/31",   "marzo 31, 2017",
+                                   "2017",          "marzo",        "31",
+                                   "Caja general",  "5,758,011.24", "5,000,000.00",
+                                   "-1,000,011.36", "1,000,011.36", "5,758.0",
+                                   "0.00",          "0.00",         "0.00",
+                                   "32,000.12",     "432,000.12",   "tit"};
         QCOMPARE(impreso.join('\n'), esperado.join('\n'));
     }
 
@@ -207,6 +210,34 @@ private slots:
             oprima(Qt::Key_F2);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QVERIFY(!escritorio()->abierta("Tfimpinforme")); // se cierra también sin imprimir
+        }
+    }
+
+    void el_archivo_que_se_propone_no_parte_el_nombre_del_informe() {
+        Sesion s;
+        for (const auto& [nombre, propone] :
+             {std::pair{"Balance 2017/2018: \"A\"", "Balance 2017-2018- -A-.pdf"},
+              {" ", "Informe.pdf"}}) {
+            s.base.ejecute({"delete from formatos_contables"});
+            s.informe(1, nombre);
+            auto* p = s.abra<Tfimpinforme>("Tfimpinforme", AbreFormatoEspecial{1});
+            QString propuesto;
+            Interlocutor i;
+            i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+                w->findChild<QRadioButton*>("a_archivo")->click();
+                w->findChild<QComboBox*>("formato")->setCurrentIndex(3);
+                w->findChild<QPushButton*>("ok")->click();
+            });
+            i.espere_modal("guardar_informe", [&](QWidget* w) {
+                propuesto = w->findChild<QLineEdit*>("fileNameEdit")->text();
+                QMetaObject::invokeMethod(w, "reject");
+            });
+            i.espere_modal("OpcionesImpresion",
+                           [](QWidget* w) { w->findChild<QPushButton*>("cancelar")->click(); });
+            escritorio()->active(p);
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(propuesto, QString(propone));
         }
     }
 
@@ -355,6 +386,98 @@ private slots:
         QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), QString("TI"));
         QTest::mouseClick(e->lienzo, Qt::LeftButton, {}, punto(690, 66));
         QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), QString("SF1105"));
+        // El lugar es el de lo impreso y no el de su código: "El titulo" llega más allá que "TI".
+        QTest::mouseClick(e->lienzo, Qt::LeftButton, {}, punto(780, 552));
+        QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), QString("TI"));
+    }
+
+    void lo_que_no_cabe_en_un_importe_no_tumba_la_pagina_a_la_vista() {
+        Sesion s;
+        s.informe(1, "Enorme");
+        s.dato(1, 1, "SF1105", ", focd_oper, focd_factor", ", '*', 9999999999999.99");
+        s.dato(1, 2, "NO");
+        auto* e = s.abra<Tfmodformato>("Tfmodformato", AbreFormatoEspecial{1});
+        e->lienzo->grab();
+        QCOMPARE(e->lienzo->falla(0), QString("La cifra de SF1105 con su factor no cabe en un "
+                                              "importe."));
+        QVERIFY(e->lienzo->falla(1).isEmpty());
+        tome_foto(&s.ventana, "editor_enorme");
+        oprima(Qt::Key_Down);
+        QCOMPARE(e->CFormadatos.FieldByName("FOCD_CUENTAS").texto(), QString("NO"));
+        auto* p = s.abra<Tfimpinforme>("Tfimpinforme", AbreFormatoEspecial{1});
+        Interlocutor i;
+        QTemporaryDir carpeta;
+        espere_pdf(i, carpeta.filePath("enorme.pdf"));
+        i.espere_modal("dialogo", [](QWidget* w) {
+            QVERIFY(qobject_cast<QMessageBox*>(w)->text().contains(
+                "La cifra de SF1105 con su factor no cabe en un importe."));
+            QTest::keyClick(w, Qt::Key_Escape);
+        });
+        escritorio()->active(p);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(!QFile::exists(carpeta.filePath("enorme.pdf")));
+    }
+
+    void las_paginas_van_de_una_a_noventa_y_nueve_y_el_codigo_grabado_ya_no_cambia() {
+        Sesion s;
+        s.informe(3, "Otro");
+        auto* e = s.abra<Tfnvoformato>("Tfnvoformato");
+        QVERIFY(e->ECodigo->isAncestorOf(QApplication::focusWidget()) ||
+                e->ECodigo == QApplication::focusWidget());
+        llene(e, "FOCO_NOMBRE", "Nuevo");
+        Interlocutor i;
+        i.espere("Digite el código del informe.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        llene(e, "FOCO_ID", "5");
+        llene(e, "FOCO_PAGINAS", "0");
+        i.espere("El informe tiene de 1 a 99 páginas.");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        llene(e, "FOCO_PAGINAS", "2");
+        llene(e, "FOCO_ID", "3"); // el de otro: se dice, y lo escrito sigue
+        i.espere_modal("dialogo", [](QWidget* w) { QTest::keyClick(w, Qt::Key_Escape); });
+        oprima(Qt::Key_F8);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(escritorio()->activa(), e);
+        QCOMPARE(s.dato("select foco_nombre from formatos_contables where foco_id = 3"),
+                 QString("Otro"));
+        QVERIFY(!e->ECodigo->isReadOnly());
+        llene(e, "FOCO_ID", "8");
+        oprima(Qt::Key_F8);
+        QVERIFY(qobject_cast<Tfimpinforme*>(escritorio()->activa()));
+        QVERIFY(e->ECodigo->isReadOnly());
+        QCOMPARE(s.dato("select foco_nombre || foco_paginas from formatos_contables where foco_id "
+                        "= 8"),
+                 QString("Nuevo2"));
+    }
+
+    void si_otro_usuario_lo_borra_o_lo_cambia_se_dice_y_lo_escrito_sigue() {
+        Sesion s;
+        for (const char* ajena : {"update formatos_contables set foco_nombre = 'De otro'",
+                                  "delete from formatos_contables"}) {
+            s.base.ejecute({"delete from formatos_contables"});
+            s.informe(1, "De dos");
+            s.dato(1, 1, "SF11");
+            auto* e = s.abra<Tfmodformato>("Tfmodformato", AbreFormatoEspecial{1});
+            llene(e, "FOCO_NOMBRE", "Mío");
+            s.base.ejecute({ajena});
+            Interlocutor i;
+            QString dijo;
+            i.espere_modal("dialogo", [&](QWidget* w) {
+                dijo = qobject_cast<QMessageBox*>(w)->text();
+                QTest::keyClick(w, Qt::Key_Escape);
+            });
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QVERIFY2(dijo.startsWith("Otro usuario"), qPrintable(dijo));
+            QCOMPARE(escritorio()->activa(), e);
+            QCOMPARE(e->CFormato.FieldByName("FOCO_NOMBRE").texto(), QString("Mío"));
+            i.espere("Hay cambios sin grabar. Desea salir sin grabarlos?", "Sí");
+            componente<QPushButton>(e, "SBCancel").click();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
     }
 
     void la_copia_lleva_las_columnas_de_siempre_y_borrar_se_lleva_los_renglones() {

@@ -120,6 +120,10 @@ private slots:
         QVERIFY(m.alterne_columna(3));
         QCOMPARE(m.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), QString("Total A"));
         QVERIFY(!m.alterne_columna(2));
+        m.nivel_columnas(1);
+        QCOMPARE(m.columnCount(), 4); // A, B y el total
+        m.nivel_columnas(0);
+        QCOMPARE(m.columnCount(), 7);
     }
 
     void los_porcentajes_son_de_la_fila_de_la_columna_o_del_total() {
@@ -140,6 +144,15 @@ private slots:
         d.valores = {{"SALDO", MuestraCubo::PorTotal}};
         m.disponga(c, d);
         QCOMPARE(m.index(0, 2).data().toString(), QString("25.00 %"));
+        // Lo que no cabe en un importe tampoco se muestra.
+        Cubo enorme(kCampos);
+        enorme.agregue({"1", "", "A", "", "", ""}, {Moneda::de_texto("90000000000000"), {}});
+        enorme.agregue({"1", "", "B", "", "", ""}, {Moneda::de_texto("-89999999999999.99"), {}});
+        d.solo.clear();
+        d.valores = {{"SALDO", MuestraCubo::PorFila}};
+        m.disponga(enorme, d);
+        QCOMPARE(m.index(0, 1).data().toString(), QString());
+        QCOMPARE(m.index(0, 3).data().toString(), QString("100.00 %"));
         // De un total de cero no hay porcentaje.
         Cubo cero(kCampos);
         cero.agregue({"1", "", "A", "", "", ""}, {Moneda(5), {}});
@@ -242,6 +255,12 @@ private slots:
         QVERIFY_EXCEPTION_THROWN(m.disponga(c, d), ErrorDatos);
         d = por_centro();
         d.valores = {{"PROY"}};
+        QVERIFY_EXCEPTION_THROWN(m.disponga(c, d), ErrorDatos);
+        d = por_centro();
+        d.filtros = {"CUENTA"}; // ya está en las filas
+        QVERIFY_EXCEPTION_THROWN(m.disponga(c, d), ErrorDatos);
+        d = por_centro();
+        d.solo["SALDO"] = {"3"};
         QVERIFY_EXCEPTION_THROWN(m.disponga(c, d), ErrorDatos);
         QCOMPARE(vista(m), antes);
         // Un cruce inmanejable se rehúsa antes de pedir la memoria.

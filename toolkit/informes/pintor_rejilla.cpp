@@ -75,20 +75,22 @@ void PintorRejilla::imagen_a_su_tamano(const QByteArray& archivo, qreal x, qreal
             numero);
 }
 
-void PintorRejilla::cadena(const QString& texto, qreal x, qreal y, qint64 desde, qint64 largo) {
-    escriba(largo > 0 ? texto.mid(qMax<qint64>(1, desde) - 1, largo) : texto, x, y, false);
+QRectF PintorRejilla::cadena(const QString& texto, qreal x, qreal y, qint64 desde, qint64 largo) {
+    return escriba(largo > 0 ? texto.mid(qMax<qint64>(1, desde) - 1, largo) : texto, x, y, false);
 }
 
-void PintorRejilla::numero(Moneda valor, int decimales, bool pesos, qreal x, qreal y) {
+QRectF PintorRejilla::numero(Moneda valor, int decimales, bool pesos, qreal x, qreal y) {
     const QString cifras = valor.formateada(qBound(0, decimales, Moneda::kDecimales));
-    escriba(pesos ? QLatin1Char('$') + cifras : cifras, x, y, true);
+    return escriba(pesos ? QLatin1Char('$') + cifras : cifras, x, y, true);
 }
 
-void PintorRejilla::escriba(const QString& texto, qreal x, qreal y, bool a_la_derecha) {
-    const qreal ancho = QFontMetricsF(letra_de(letra_)).horizontalAdvance(texto) / kPorMilimetro;
+QRectF PintorRejilla::escriba(const QString& texto, qreal x, qreal y, bool a_la_derecha) {
+    const QFontMetricsF medidas(letra_de(letra_));
+    const qreal ancho = medidas.horizontalAdvance(texto) / kPorMilimetro;
     const QPointF donde = punto(x, y) - QPointF(a_la_derecha ? ancho : 0, 0);
     hojas_.texto(QRectF(donde, QSizeF(ancho, 0)), texto, hojas_.estilo(letra_),
                  a_la_derecha ? Lado::Derecha : Lado::Izquierda);
+    return {donde, QSizeF(ancho, medidas.height() / kPorMilimetro)};
 }
 
 } // namespace informes

@@ -32,15 +32,16 @@ public:
     /// La imagen estirada sobre ese cuadro; lo que no es una imagen no se dibuja.
     void imagen(const QByteArray& archivo, qreal x, qreal y, qreal dx, qreal dy);
     void imagen_a_su_tamano(const QByteArray& archivo, qreal x, qreal y);
-    /// El texto desde el punto; con `largo`, esos caracteres desde `desde` (1 el primero).
-    void cadena(const QString& texto, qreal x, qreal y, qint64 desde = 1, qint64 largo = 0);
+    /// El texto desde el punto; con `largo`, esos caracteres desde `desde` (1 el primero). Da el
+    /// lugar que ocupó en la hoja, en milímetros; también `numero`.
+    QRectF cadena(const QString& texto, qreal x, qreal y, qint64 desde = 1, qint64 largo = 0);
     /// La cifra con miles y esos decimales, terminada en el punto; `pesos`, con su signo.
-    void numero(Moneda valor, int decimales, bool pesos, qreal x, qreal y);
+    QRectF numero(Moneda valor, int decimales, bool pesos, qreal x, qreal y);
 
 private:
     QPointF punto(qreal x, qreal y) const; ///< de la rejilla a milímetros
     QRectF lugar(qreal x, qreal y, qreal dx, qreal dy) const;
-    void escriba(const QString& texto, qreal x, qreal y, bool a_la_derecha);
+    QRectF escriba(const QString& texto, qreal x, qreal y, bool a_la_derecha);
 
     Hojas& hojas_;
     Papel papel_;

@@ -49,7 +49,11 @@ std::optional<Moneda> TablaCubo::muestra(int fila, int columna, int valor) const
                              como == MuestraCubo::PorColumna ? columna : 0, valor);
     if (todo.es_cero())
         return std::nullopt;
-    return porcentaje_de(parte, todo);
+    try {
+        return porcentaje_de(parte, todo);
+    } catch (const ErrorMoneda&) {
+        return std::nullopt; // miles de millones sobre un total de centavos
+    }
 }
 
 // ---------------------------------------------------------------- hechos
@@ -257,18 +261,31 @@ void Cubo::exija(const QStringList& lista, bool medida) const {
     }
 }
 
+void Cubo::revise(const DisposicionCubo& d) const {
+    QStringList medidas;
+    for (const ValorCubo& v : d.valores)
+        medidas << v.campo;
+    const QStringList puestos = d.filas + d.columnas + d.filtros;
+    exija(puestos + d.solo.keys(), false);
+    exija(medidas, true);
+    QSet<QString> vistos;
+    for (const QString& nombre : puestos + medidas) {
+        if (vistos.contains(nombre))
+            throw ErrorDatos(QStringLiteral("%1 está dos veces.").arg(campo(nombre)->titulo));
+        vistos.insert(nombre);
+    }
+}
+
 // ---------------------------------------------------------------- cálculo
 
 TablaCubo Cubo::calcule(const DisposicionCubo& d) const {
+    revise(d);
     QStringList medidas;
     TablaCubo t;
     for (const ValorCubo& v : d.valores) {
         medidas << v.campo;
         t.muestras_.push_back(v.muestra);
     }
-    exija(d.filas + d.columnas + d.filtros + d.solo.keys(), false);
-    exija(medidas, true);
-
     Eje filas(*this, d.filas), columnas(*this, d.columnas);
     const Filtro filtro(*this, d);
     // Primero en qué cruce cae cada hecho; con los ejes completos se sabe el tamaño de la tabla.

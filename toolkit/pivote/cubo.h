@@ -40,7 +40,8 @@ public:
     int valores() const { return int(muestras_.size()); }
     /// Suma de un cruce.
     Moneda suma(int fila, int columna, int valor) const;
-    /// Como se muestra: la suma, o su porcentaje. Nulo si no hay de qué.
+    /// Como se muestra: la suma, o su porcentaje. Nulo si no hay de qué, o si no cabe en un
+    /// importe.
     std::optional<Moneda> muestra(int fila, int columna, int valor) const;
     /// Hechos que cayeron en el cruce.
     int hechos(int fila, int columna) const;
@@ -73,7 +74,9 @@ public:
     /// Valores de un campo de texto, en orden, con su nombre si lo tienen.
     QVector<std::pair<QString, QString>> valores_de(const QString& campo) const;
 
-    /// Lanza ErrorDatos si un campo no sirve donde está o si el cruce es inmanejable.
+    /// Lanza ErrorDatos si un campo no sirve donde está o está en dos partes.
+    void revise(const DisposicionCubo& disposicion) const;
+    /// Lanza ErrorDatos como `revise`, o si el cruce es inmanejable.
     TablaCubo calcule(const DisposicionCubo& disposicion) const;
 
 private:

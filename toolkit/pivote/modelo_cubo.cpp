@@ -104,6 +104,14 @@ void ModeloCubo::nivel(int hasta) {
     endResetModel();
 }
 
+void ModeloCubo::nivel_columnas(int hasta) {
+    beginResetModel();
+    disposicion_.nivel_columnas = hasta;
+    columnas_a_mano_.clear();
+    acomode();
+    endResetModel();
+}
+
 // ---------------------------------------------------------------- lectura
 
 int ModeloCubo::nodo_columna(int columna) const {

@@ -22,9 +22,11 @@ public:
     bool alterne(int fila);
     /// Lo mismo con una columna de la tabla.
     bool alterne_columna(int columna);
-    /// Despliega las filas hasta ese nivel; 0, todas. Olvida lo plegado a mano.
+    /// Despliega las filas, o las columnas, hasta ese nivel; 0, todas. Olvida lo plegado a mano.
     void nivel(int hasta);
     int nivel() const { return disposicion_.nivel_filas; }
+    void nivel_columnas(int hasta);
+    int nivel_columnas() const { return disposicion_.nivel_columnas; }
 
     /// Nodo de una fila, y de una columna que no sea la primera.
     int nodo_fila(int fila) const { return filas_[size_t(fila)]; }

@@ -3,6 +3,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/exportacion/exportacion.h"
+#include "toolkit/pivote/columna_fija.h"
 #include "toolkit/pivote/tabla_cubo.h"
 #include "toolkit/proteccion.h"
 
@@ -14,6 +15,18 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
+
+namespace {
+
+/// Nivel vecino de uno entre los de `campos` campos; el último se escribe 0, todos.
+int otro_nivel(int nivel, qsizetype campos, int paso) {
+    const int ahora = nivel == 0 ? int(campos) : nivel;
+    const int nuevo = qBound(1, ahora + paso, qMax(1, int(campos)));
+    return nuevo == ahora ? nivel : nuevo == campos ? 0 : nuevo;
+}
+
+} // namespace
 
 RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
     setModel(&modelo_);
@@ -28,8 +41,18 @@ RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
     horizontalHeader()->setHighlightSections(false);
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this](int columna) {
         if (columna > 0)
-            sin_moverse([&] { modelo_.alterne_columna(columna); });
+            alterne_columna(columna);
     });
+    fija_ = new ColumnaFija(this);
+    connect(fija_, &ColumnaFija::fila_pulsada, this,
+            [this](int fila) { setCurrentIndex(modelo_.index(fila, currentIndex().column())); });
+    connect(fija_, &ColumnaFija::fila_doble_pulsada, this, [this](int) { alterne_actual(); });
+}
+
+void RejillaCubo::scrollTo(const QModelIndex& celda, ScrollHint como) {
+    QTableView::scrollTo(celda, como);
+    if (const int tapado = fija_->tapado(celda); tapado > 0)
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - tapado);
 }
 
 void RejillaCubo::sin_moverse(const std::function<void()>& cambio) {
@@ -67,14 +90,35 @@ void RejillaCubo::alterne_actual() {
         sin_moverse([this] { modelo_.alterne(currentIndex().row()); });
 }
 
-void RejillaCubo::mueva_nivel(int paso) {
-    const int campos = int(modelo_.disposicion().filas.size());
-    const int ahora = modelo_.nivel() == 0 ? campos : modelo_.nivel();
-    const int nuevo = qBound(1, ahora + paso, qMax(1, campos));
-    if (nuevo == ahora)
+void RejillaCubo::alterne_columna(int columna) {
+    const int fila = qMax(0, currentIndex().row());
+    const int nodo = modelo_.nodo_columna(columna), valor = modelo_.valor_de_columna(columna);
+    if (!modelo_.alterne_columna(columna))
         return;
-    sin_moverse([&] { modelo_.nivel(nuevo == campos ? 0 : nuevo); });
-    emit nivel_cambiado(modelo_.nivel());
+    ajuste_anchos();
+    // El cursor sigue en la que se plegó, que cambió de lugar: la misma tecla la despliega.
+    int c = 1;
+    while (modelo_.nodo_columna(c) != nodo || modelo_.valor_de_columna(c) != valor)
+        ++c;
+    setCurrentIndex(modelo_.index(fila, c));
+}
+
+void RejillaCubo::mueva_nivel(int paso) {
+    const int nuevo = otro_nivel(modelo_.nivel(), modelo_.disposicion().filas.size(), paso);
+    if (nuevo == modelo_.nivel())
+        return;
+    sin_moverse([&] { modelo_.nivel(nuevo); });
+    emit nivel_cambiado(nuevo);
+}
+
+void RejillaCubo::mueva_nivel_columnas(int paso) {
+    const int nuevo =
+        otro_nivel(modelo_.nivel_columnas(), modelo_.disposicion().columnas.size(), paso);
+    if (nuevo == modelo_.nivel_columnas())
+        return;
+    sin_moverse([&] { modelo_.nivel_columnas(nuevo); });
+    ajuste_anchos();
+    emit nivel_columnas_cambiado(nuevo);
 }
 
 void RejillaCubo::copie() const {
@@ -116,16 +160,18 @@ void RejillaCubo::guarde() {
 }
 
 void RejillaCubo::keyPressEvent(QKeyEvent* evento) {
-    const bool numerico = evento->modifiers() & Qt::KeypadModifier;
+    const int tecla = evento->key(), columna = currentIndex().column();
+    const Qt::KeyboardModifiers con = evento->modifiers();
+    const bool pliega = tecla == Qt::Key_Space || tecla == Qt::Key_Return || tecla == Qt::Key_Enter;
+    const int paso = int(tecla == Qt::Key_Plus) - int(tecla == Qt::Key_Minus);
     if (evento->matches(QKeySequence::Copy))
         copie();
-    else if (evento->key() == Qt::Key_Space || evento->key() == Qt::Key_Return ||
-             evento->key() == Qt::Key_Enter)
+    else if (pliega && !(con & Qt::ShiftModifier))
         alterne_actual();
-    else if (numerico && evento->key() == Qt::Key_Plus)
-        mueva_nivel(1);
-    else if (numerico && evento->key() == Qt::Key_Minus)
-        mueva_nivel(-1);
+    else if (tecla == Qt::Key_Space && columna > 0)
+        alterne_columna(columna);
+    else if (paso != 0 && con & Qt::KeypadModifier)
+        con& Qt::ControlModifier ? mueva_nivel_columnas(paso) : mueva_nivel(paso);
     else
         QTableView::keyPressEvent(evento);
 }

@@ -1,6 +1,7 @@
 #pragma once
-// Un cubo en pantalla. Espacio, Enter o doble clic pliegan y despliegan la fila; con doble clic en
-// el título, la columna; el más y el menos del teclado numérico, todas por niveles.
+// Un cubo en pantalla. Espacio, Enter o doble clic pliegan y despliegan la fila; Mayúscula+Espacio
+// o doble clic en el título, la columna. El más y el menos del teclado numérico, todas las filas
+// por niveles; con Control, las columnas. Los nombres de las filas no se corren con las cifras.
 #include "toolkit/pivote/modelo_cubo.h"
 
 #include <QTableView>
@@ -17,15 +18,20 @@ public:
     /// Calcula y muestra, y vuelve a la fila y la columna en que estaba.
     void disponga(const Cubo& cubo, const DisposicionCubo& disposicion);
     void alterne_actual();
+    /// Pliega o despliega una columna que no sea la primera, y deja en ella el cursor.
+    void alterne_columna(int columna);
     /// Un nivel más o uno menos desplegado.
     void mueva_nivel(int paso);
+    void mueva_nivel_columnas(int paso);
     /// Pregunta el archivo y graba lo que se ve.
     void guarde();
     /// Copia las celdas seleccionadas, separadas por tabuladores.
     void copie() const;
+    void scrollTo(const QModelIndex& celda, ScrollHint como = EnsureVisible) override;
 
 signals:
     void nivel_cambiado(int nivel);
+    void nivel_columnas_cambiado(int nivel);
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
@@ -37,5 +43,6 @@ private:
     void ajuste_anchos();
 
     ModeloCubo modelo_;
+    class ColumnaFija* fija_;
     const Cubo* cubo_ = nullptr;
 };

@@ -88,7 +88,9 @@ private:
     Zona zona_;
 };
 
-ZonasCubo::ZonasCubo(const Cubo& cubo, QWidget* padre) : QWidget(padre), cubo_(cubo) {
+ZonasCubo::ZonasCubo(const Cubo& cubo, QWidget* padre)
+    : QWidget(padre), total_filas(new QCheckBox(QStringLiteral("Fila de totales"))),
+      total_columnas(new QCheckBox(QStringLiteral("Columna de totales"))), cubo_(cubo) {
     auto* rejilla = new QGridLayout(this);
     rejilla->setContentsMargins(0, 0, 0, 0);
     rejilla->setSpacing(paso(0.5));
@@ -100,6 +102,16 @@ ZonasCubo::ZonasCubo(const Cubo& cubo, QWidget* padre) : QWidget(padre), cubo_(c
         rejilla->addWidget(listas_[i], int(i) * 2 + 1, 0);
         rejilla->setRowStretch(int(i) * 2 + 1, i == 0 ? 3 : 2);
     }
+    const auto casilla = [&](QCheckBox* c, const char* nombre, bool DisposicionCubo::*campo) {
+        c->setObjectName(QLatin1String(nombre));
+        rejilla->addWidget(c, rejilla->rowCount(), 0);
+        connect(c, &QCheckBox::toggled, this, [this, campo](bool si) {
+            disposicion_.*campo = si;
+            cambiaron();
+        });
+    };
+    casilla(total_filas, "TotalFilas", &DisposicionCubo::total_filas);
+    casilla(total_columnas, "TotalColumnas", &DisposicionCubo::total_columnas);
     setToolTip(QStringLiteral("Arrastre los campos, o F, C, T, V y Supr los mueven; Alt+Arriba y "
                               "Alt+Abajo los ordenan; Enter escoge sus valores o cómo se ven"));
     disposicion(DisposicionCubo{});
@@ -123,6 +135,8 @@ void ZonasCubo::disposicion(const DisposicionCubo& d) {
     ponga(Zona::Columnas, d.columnas);
     ponga(Zona::Filtros, d.filtros);
     ponga(Zona::Valores, valores);
+    total_filas->setChecked(d.total_filas);
+    total_columnas->setChecked(d.total_columnas);
     llenando_ = false;
 }
 

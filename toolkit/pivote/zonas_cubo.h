@@ -5,6 +5,7 @@
 // campo pasan, y en una cifra, cómo se muestra.
 #include "toolkit/pivote/cubo.h"
 
+#include <QCheckBox>
 #include <QListWidget>
 #include <QWidget>
 #include <array>
@@ -25,8 +26,11 @@ public:
     bool mueva(const QString& campo, Zona zona);
     /// La zona recibe ese campo: las cifras solo van en los valores.
     bool recibe(Zona zona, const QString& campo) const;
-    /// Hechos nuevos: los valores que dejan pasar los filtros se conservan.
+    /// Lo que la rejilla desplegó, para guardarlo con lo demás.
     void nivel_filas(int nivel) { disposicion_.nivel_filas = nivel; }
+    void nivel_columnas(int nivel) { disposicion_.nivel_columnas = nivel; }
+
+    QCheckBox *total_filas, *total_columnas;
 
 signals:
     void cambio();
