@@ -5,6 +5,7 @@
 #include "libro/letras.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
+#include "toolkit/aviso_salida.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/proteccion.h"
 
@@ -88,6 +89,7 @@ Tfdm::Tfdm()
 Tfdm::~Tfdm() {
     retire_manejador_fallas();
     instale_nombres_de_datos({});
+    diga_salidas({});
     unico_ = nullptr;
 }
 
@@ -100,6 +102,8 @@ void Tfdm::DataModuleCreate() {
 
 void Tfdm::barra(AvisosBarra* barra) {
     barra_ = barra;
+    diga_salidas(barra ? [this](const QString& texto) { mostrar_advertencia(texto); }
+                       : std::function<void(const QString&)>());
 }
 
 // ---------------------------------------------------------------- configuración
