@@ -67,3 +67,23 @@ linea 0001 0001 0001 0002
 foto rango_compara_centros
 teclas F2
 a_pdf compara_centros
+
+estado Down Down Right Down Down Down Down Return
+foto rango_resultado_anual
+teclas F2
+a_pdf resultado_anual
+
+# Una nota se escribe y sale después del balance general.
+estado Right Down Down Down Down Down Return
+foto lista_de_notas
+teclas F5
+escriba "Efectivo"
+teclas Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab
+foto nota_nueva
+teclas F2
+teclas Escape
+estado Right Return
+teclas Tab Tab Tab space
+foto balance_con_notas
+teclas F2
+a_pdf balance_con_notas 3

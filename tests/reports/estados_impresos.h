@@ -54,7 +54,7 @@ inline QString corra(const EstadoImpreso& e, const Cajas& cajas, const QStringLi
     QStringList casillas = e.casillas + otras;
     Cajas todas = cajas;
     const bool centro = casillas.removeAll("Centro") > 0;
-    if (e.clase == "Tfrngcomparacentro")
+    if (e.clase == "Tfrngcomparacentro" && !todas.contains("Proy1"))
         todas.insert(kDosCentros);
     auto* f = qobject_cast<FormaRango*>(pantallas().abrir(e.clase, AbreInforme{e.tipo}));
     for (const QString& c : casillas)

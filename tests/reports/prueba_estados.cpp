@@ -128,6 +128,12 @@ void PruebaEstados::cada_estado_sale_con_su_titulo_en_los_dos_libros() {
     QVERIFY(corra(estados()[17], {})
                 .contains("Período:2018:ENE...DIC - Cuentas:0...ZZ "
                           "Terceros:0...ZZ Nivel:5"));
+    QVERIFY(corra(estados()[0], {}).contains("Junio de 2018 · todas las cuentas · nivel 3"));
+    QVERIFY(corra(estados()[17], {})
+                .contains("Enero a diciembre de 2018 · todas las cuentas · todos los terceros · "
+                          "nivel 5"));
+    QVERIFY(corra(estados()[22], {{"MesIni", "DIC"}, {"EAno1", "2017"}})
+                .contains("Diciembre de 2017 frente a junio de 2018 · todas las cuentas"));
     const QString centros = corra(estados().last(), {});
     QVERIFY2(centros.contains("Período:Junio/2018 - Cuentas:...ZZ Centros:0001-0002 vs 0002-0001"),
              qPrintable(centros));
@@ -215,12 +221,15 @@ void PruebaEstados::el_resultado_impreso_es_el_de_las_lineas() {
             const QStringList niif = libro ? QStringList{"ckniif"} : QStringList();
             const QString kNeto = "Utilidad (pérdida) del ejercicio",
                           kOperacional = "Utilidad (pérdida) operacional";
-            for (int e : {3, 5}) { // general y detallado; el detallado no cambia con el mes
+            for (int e : {3, 5}) { // general y detallado
                 const QString texto =
                     corra({estados()[e].clase, estados()[e].tipo, {}, {}}, {}, niif);
                 QCOMPARE(tras(texto, kNeto), impreso(neto));
                 QCOMPARE(tras(texto, kOperacional), impreso(operacional));
             }
+            const QString detallado_del_mes = corra(estados()[5], {}, niif);
+            QCOMPARE(tras(detallado_del_mes, kNeto), impreso(neto_mes));
+            QCOMPARE(tras(detallado_del_mes, kOperacional), impreso(operacional_mes));
             const QString del_mes = corra(estados()[4], {}, niif);
             QCOMPARE(tras(del_mes, kOperacional), impreso(operacional_mes));
             QVERIFY2(tras(del_mes, kNeto).startsWith(impreso(neto_mes)), qPrintable(del_mes));
@@ -251,6 +260,18 @@ void PruebaEstados::los_totales_cuentan_cada_clase_una_vez() {
                  totales(kTodo, 3, 10));
     const Filtro disponible = [](const Renglon& r) { return r.cuenta.startsWith("11"); };
     QCOMPARE(tras(corra(estados()[7], {{"EDesde", "11"}}), " Total "), totales(disponible, 9, 9));
+    // Sin la fila de su clase, el total es el de lo que se lista.
+    const Filtro hasta_deudores = [](const Renglon& r) {
+        return r.cuenta.startsWith("11") || r.cuenta.startsWith("13");
+    };
+    const Cajas parte{{"EDesde", "11"}, {"EHasta", "13999999"}};
+    QCOMPARE(tras(corra(estados()[2], parte), " Total "), totales(hasta_deudores, 9, 9));
+    const QString detallado = corra(estados()[1], parte);
+    QCOMPARE(tras(detallado, " Total "), totales(hasta_deudores, 9, 9).section(' ', -1));
+    QVERIFY2(detallado.contains("Septiembre de 2018 · Cuentas 11 a 13999999 · nivel 5"),
+             qPrintable(detallado));
+    QCOMPARE(tras(corra(estados()[0], parte), "Total activo"),
+             totales(hasta_deudores, 9, 9).section(' ', -1));
 }
 
 void PruebaEstados::las_notas_van_a_continuacion_solo_si_se_piden() {

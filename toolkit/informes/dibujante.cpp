@@ -9,6 +9,7 @@ namespace informes {
 
 namespace {
 constexpr double kEntreRayas = 0.7; // mm entre las dos de una línea doble
+const QString kContinua = QStringLiteral(" (continuación)");
 
 Trazo raya(QRectF lugar, float grosor) {
     return {Trazo::Linea, lugar, 0, Lado::Izquierda, grosor, {}};
@@ -173,11 +174,19 @@ void Dibujante::escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, Q
         return parta(bloque, i, lugar, estilo, texto);
     // Un número no se recorta nunca: sobresale hacia la izquierda.
     if (!i.numero())
-        texto = letra(estilo).acorte(texto, lugar.width());
+        texto = acorte(texto, lugar.width(), estilo);
     else if (i.parentesis && i.lado == Lado::Derecha && !texto.endsWith(QLatin1Char(')')))
         lugar.setWidth(lugar.width() - letra(estilo).ancho(QStringLiteral(")")));
     (callado ? bloque.callados : bloque.trazos)
         << Trazo{Trazo::Texto, lugar, quint16(estilos_[estilo]), i.lado, 0, texto};
+}
+
+QString Dibujante::acorte(const QString& texto, double ancho, int estilo) {
+    const Letra& l = letra(estilo);
+    if (!texto.endsWith(kContinua))
+        return l.acorte(texto, ancho);
+    // Lo que se corta es el nombre, no el aviso de que sigue.
+    return l.acorte(texto.chopped(kContinua.size()), ancho - l.ancho(kContinua)) + kContinua;
 }
 
 void Dibujante::parta(BloqueHoja& bloque, const Item& i, QRectF lugar, int estilo,
@@ -270,7 +279,7 @@ QString Dibujante::especial(const QString& nombre) const {
         return fecha_larga(variables_.ahora.toString(QStringLiteral("yyyyMMdd")));
     if (nombre == QLatin1String("hora"))
         return variables_.ahora.toString(QStringLiteral("HH:mm"));
-    return datos_.sigue ? QStringLiteral(" (continuación)") : QString();
+    return datos_.sigue ? kContinua : QString();
 }
 
 QString Dibujante::dato(const Item& item) const {

@@ -39,6 +39,7 @@ private:
     Vista vista_de(int aspecto) const;
     void item(BloqueHoja& bloque, const Banda& banda, const Item& i, const Vista& de_banda);
     void escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, QRectF lugar, int estilo);
+    QString acorte(const QString& texto, double ancho, int estilo);
     void parta(BloqueHoja& bloque, const Item& i, QRectF lugar, int estilo, const QString& texto);
     void rico(BloqueHoja& bloque, const Item& i, QRectF lugar, int estilo);
     void imagen(BloqueHoja& bloque, const Item& i, QRectF lugar);
