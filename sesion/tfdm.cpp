@@ -102,8 +102,11 @@ void Tfdm::DataModuleCreate() {
 
 void Tfdm::barra(AvisosBarra* barra) {
     barra_ = barra;
-    diga_salidas(barra ? [this](const QString& texto) { mostrar_advertencia(texto); }
-                       : std::function<void(const QString&)>());
+    if (!barra)
+        return diga_salidas({});
+    diga_salidas([this](const QString& texto) {
+        barra_->mostrar_noticia(texto, valor<Llave::DuracionAdvertencias>());
+    });
 }
 
 // ---------------------------------------------------------------- configuración

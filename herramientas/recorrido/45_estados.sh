@@ -73,15 +73,26 @@ foto rango_resultado_anual
 teclas F2
 a_pdf resultado_anual
 
-# Una nota se escribe y sale después del balance general.
-estado Right Down Down Down Down Down Return
-foto lista_de_notas
+# Una nota, por los menús de botones: del menú Informes no se llega a ellas. Sale después del
+# balance general de su período.
+teclas alt+i
+espere 0.6
+teclas Down Down Return
+espere 0.6
+teclas Return
+espere 0.6
+teclas Down Down Down Down Down Return
+espere 0.6
 teclas F5
-escriba "Efectivo"
+espere 0.6
+escriba "Efectivo y equivalentes"
 teclas Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab
+escriba "Los saldos de caja y bancos se conciliaron al cierre del mes."
 foto nota_nueva
 teclas F2
-teclas Escape
+espere 0.6
+foto lista_de_notas
+teclas Escape Escape Escape Escape
 estado Right Return
 teclas Tab Tab Tab space
 foto balance_con_notas
