@@ -461,6 +461,11 @@ void FormaRango::imprimirClick() {
 
 void FormaRango::fije_encabezado(MotorInformes& motor) {
     fije_variables(motor, ETit->text());
+    // Un título digitado va como está; el rango lo sigue, para que el papel diga siempre de cuándo.
+    const bool propio = ETit->text() != titulo();
+    motor.fijar_parametro("Rango",
+                          propio ? ETit->text() + " · " + rango_legible() : rango_legible());
+    motor.fijar_parametro("Libro", libro_legible());
 }
 
 void FormaRango::muestre_panel() {

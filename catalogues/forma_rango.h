@@ -87,6 +87,8 @@ protected:
     /// Las filas ya están: con `todas_las_filas` se pueden recorrer y cambiar.
     virtual void despues_de_abrir() {}
     virtual QString titulo() = 0;
+    /// El período y los límites como se leen en el papel (variable Rango).
+    virtual QString rango_legible();
     virtual QString reporte() = 0;
     virtual QString titulo_niif() { return {}; }
     /// Texto de la página que lleva el título de NIIF.
@@ -143,6 +145,12 @@ protected:
     QString ano_y_periodo() const;
     /// "Marzo/2017".
     QString nombre_del_periodo() const;
+    /// "Cuentas 11 a 1399", "todas las cuentas".
+    static QString tramo_legible(const QString& rotulo, const QString& desde, const QString& hasta);
+    /// El período: "Febrero de 2017", "enero a junio de 2017", "año 2017"; vacío si no lo hay.
+    QString tiempo_legible() const;
+    /// "2649" o "NIIF"; vacío si el informe no es de un libro.
+    QString libro_legible() const;
     bool niif() const;
     bool marcada(const QCheckBox* casilla) const;
 

@@ -19,6 +19,14 @@ void siembre_impuestos(Conexion& compania, int ano) {
               "Carolina Suárez Peña");
     configure(compania, "CONTABILIDAD", "GENERAL", "CARGO PARA CERTIFICADOS DE RETENCION",
               "Contadora, T.P. 148223-T");
+    for (const auto& [propiedad, valor] :
+         {std::pair{"REPRESENTANTE LEGAL", "Jorge Iván Restrepo Mejía"},
+          {"DOCUMENTO DEL REPRESENTANTE LEGAL", "71.334.902"},
+          {"CONTADOR PUBLICO", "Carolina Suárez Peña"},
+          {"TARJETA PROFESIONAL DEL CONTADOR PUBLICO", "148223-T"},
+          {"REVISOR FISCAL", "Álvaro Quintero Díaz"},
+          {"TARJETA PROFESIONAL DEL REVISOR FISCAL", "61507-T"}})
+        configure(compania, "CONTABILIDAD", "FIRMAS", propiedad, QString::fromUtf8(valor));
     // La base de cada retención está en su línea; la de honorarios se muestra con sus débitos.
     compania.ejecute("insert into configura_certrete (cfcr_cuenta, cfcr_item, cfcr_ctabase,"
                      " cfcr_base) values ('236515', 1, '5110', 'D')");

@@ -81,6 +81,12 @@ QString FormaCatalogo::titulo() {
     return tramo("Orden:" + orden().rotulo + ':', "EDesde", "EHasta");
 }
 
+QString FormaCatalogo::rango_legible() {
+    const QString& rotulo = orden().rotulo;
+    return "Por " + rotulo.toLower() + ", " +
+           tramo_legible("registros", valor("EDesde"), valor("EHasta"));
+}
+
 QString FormaCatalogo::dentro_del_rango() const {
     return columna() + " >= " + entre_comillas("EDesde") + " and " + columna() +
            " <= " + entre_comillas("EHasta");

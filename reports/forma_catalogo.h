@@ -27,6 +27,7 @@ protected:
     void antes_de_abrir() override;
     ClaseRango clase_de(const ParRango& par) const override;
     QString titulo() override;
+    QString rango_legible() override;
 
     const QString& columna() const { return orden().columna; }
     bool por_codigo() const { return &orden() == &ordenes_[0]; }

@@ -1,6 +1,7 @@
 #include "reports/forma_estado.h"
 
 #include <QCheckBox>
+#include <QLineEdit>
 
 namespace {
 constexpr const char* kImporte = "#,###.00";
@@ -49,12 +50,37 @@ void FormaEstado::defina_totales(const QString& cuenta) {
     for (const auto& [nombre, de] : totales)
         CAuxiliar.calculado(nombre, ClaseCampo::Decimal, 2).Visible = false;
     CAuxiliar.calculado("Clase", ClaseCampo::Texto, 1).Visible = false;
-    CAuxiliar.OnCalcFields = [this, cuenta] {
+    defina_tope(cuenta);
+    CAuxiliar.OnCalcFields = [this, cuenta, tope = CAuxiliar.OnCalcFields] {
+        tope();
         const bool clase = CAuxiliar.FieldByName("NIVEL").texto() == QLatin1String("1");
         for (const auto& [nombre, de] : totales)
             CAuxiliar.FieldByName(nombre) = clase ? CAuxiliar.FieldByName(de).moneda() : Moneda();
         CAuxiliar.FieldByName("Clase") = CAuxiliar.FieldByName(cuenta).texto().left(1);
     };
+}
+
+void FormaEstado::defina_tope(const QString& cuenta) {
+    CAuxiliar.calculado("Tope", ClaseCampo::Texto, 1).Visible = false;
+    CAuxiliar.OnCalcFields = [this, cuenta] {
+        const bool clase = CAuxiliar.FieldByName("NIVEL").texto() == QLatin1String("1");
+        const bool tope = clase || es_tope(CAuxiliar.FieldByName(cuenta).texto());
+        CAuxiliar.FieldByName("Tope") = tope ? "S" : "N";
+    };
+}
+
+bool FormaEstado::es_tope(const QString& codigo) const {
+    const auto* desde = findChild<QLineEdit*>(QStringLiteral("EDesde"));
+    if (!desde || codigo.contains('.')) // "130505.900123456" es un tercero de la cuenta
+        return false;
+    if (digitos_.isEmpty()) {
+        Sentencia niveles(nullptr, "QNiveles", fdm().Quorvex);
+        for (niveles.Open("select estr_digitos from estructura order by 1"); !niveles.Eof();
+             niveles.Next())
+            digitos_ << niveles.FieldByName("ESTR_DIGITOS").entero();
+    }
+    const auto propio = std::lower_bound(digitos_.begin(), digitos_.end(), codigo.size());
+    return propio != digitos_.begin() && codigo.left(*std::prev(propio)) < desde->text().trimmed();
 }
 
 int FormaEstado::sangria(int fila, const Campo& campo) {
@@ -78,6 +104,20 @@ QCheckBox* FormaEstado::casilla_sin_movimiento(const QString& texto) {
 
 QString FormaEstado::procedimiento(const char* nombre, const char* sufijo) const {
     return QLatin1String(nombre) + (niif() ? QLatin1String(sufijo) : QLatin1String());
+}
+
+void FormaEstado::fije_encabezado(MotorInformes& motor) {
+    FormaRango::fije_encabezado(motor);
+    Sentencia firmas(nullptr, "QFirmas", fdm().Quorvex);
+    firmas.Open("select * from firmas_estados");
+    for (const auto& [variable, columna] : {std::pair{"Representante", "REPRESENTANTE"},
+                                            {"DocumentoRepresentante", "DOCUMENTO"},
+                                            {"Contador", "CONTADOR"},
+                                            {"TarjetaContador", "TARJETA_CONTADOR"},
+                                            {"Revisor", "REVISOR"},
+                                            {"TarjetaRevisor", "TARJETA_REVISOR"}})
+        motor.fijar_parametro(variable, firmas.FieldByName(columna).texto());
+    firmas.Close();
 }
 
 QString FormaEstado::del_periodo() const {

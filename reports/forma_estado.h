@@ -27,11 +27,16 @@ protected:
     void defina_niveles(const QString& prefijo);
     /// Ini, Db, Cr y Fin: los saldos en las filas de nivel 1 y cero en las demás, para que una suma
     /// cuente cada clase una vez. También Clase, el primer dígito de `cuenta`, que la plantilla usa
-    /// para agrupar y no se exporta.
+    /// para agrupar y no se exporta, y Tope.
     void defina_totales(const QString& cuenta);
+    /// Tope, solo para la plantilla: "S" en las filas que ninguna otra del rango contiene. Lo que
+    /// suman es el total, también de un rango que no comienza por una clase.
+    void defina_tope(const QString& cuenta);
     /// Código y nombre de los trece períodos de un comparativo: "ENE", "Enero"... "CIE", "Cierre".
     static const QVector<std::pair<QString, QString>>& meses_del_ano();
     Campo& importe(const QString& nombre, const QString& rotulo);
+    /// La cuenta de que cuelga ese código queda antes del rango.
+    bool es_tope(const QString& codigo) const;
 
     /// La casilla Cksinmov.
     QCheckBox* casilla_sin_movimiento(
@@ -40,6 +45,11 @@ protected:
     QString procedimiento(const char* nombre, const char* sufijo = "_niif") const;
     /// "Período:" + mes + "/" + año.
     QString del_periodo() const;
+    /// También los que firman: un estado se imprime para firmarlo.
+    void fije_encabezado(MotorInformes& motor) override;
     /// La cifra de la caja Nivel.
     QString nivel() const { return QString::number(valor(QStringLiteral("Nivel")).toInt()); }
+
+private:
+    mutable QVector<qint64> digitos_; ///< los de cada nivel de la estructura
 };

@@ -39,6 +39,7 @@ FormaNota::FormaNota(const QString& clase, const QString& titulo)
         auto* e = new EditorDato(&CNotasestados, QLatin1String(campo), this);
         e->setObjectName(QLatin1String(nombre));
         e->ancho(ancho);
+        connect(e, &QLineEdit::textEdited, this, [this] { retocada_ = true; });
         return e;
     };
     ETitulo = editor("NOEF_TITULO", "ETitulo", 50);
@@ -218,7 +219,7 @@ void FormaNota::SBGrabarClick() {
 }
 
 bool FormaNota::FormClose() {
-    if (!grabada_ && CNotasestados.Active() && Editor->modificado() &&
+    if (!grabada_ && CNotasestados.Active() && (retocada_ || Editor->modificado()) &&
         !pregunte_con_no("La nota tiene cambios sin grabar. Desea salir sin grabarlos?"))
         return false;
     CNotasestados.Cancel();

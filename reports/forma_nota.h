@@ -55,4 +55,5 @@ private:
     QComboBox* MesCopia;
     QSpinBox *AnoCopia, *NumeroCopia;
     bool grabada_ = false;
+    bool retocada_ = false; ///< se digitó en el título, el número o la cuenta
 };

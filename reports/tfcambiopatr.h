@@ -17,6 +17,7 @@ public:
 protected:
     QString sql() override;
     QString titulo() override;
+    QString rango_legible() override { return titulo(); }
     QString reporte() override;
     QString titulo_niif() override;
 

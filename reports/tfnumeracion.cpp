@@ -1,5 +1,6 @@
 #include "reports/tfnumeracion.h"
 
+#include "toolkit/aviso_salida.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
@@ -69,6 +70,10 @@ void Tfnumeracion::SpeedButton3Click() {
     if (dialogo.exec() != QDialog::Accepted)
         return;
     imprima(impresora);
+    if (!impresora.outputFileName().isEmpty())
+        avise_grabado(impresora.outputFileName());
+    else
+        avise_impreso(impresora.printerName(), PagFin->text().toInt() - PagIni->text().toInt() + 1);
     close();
 }
 

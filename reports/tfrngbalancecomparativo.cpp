@@ -26,6 +26,7 @@ Tfrngbalancecomparativo::Tfrngbalancecomparativo() : FormaEstado(kDatos) {
     CAuxiliar.bandera("TERCERO").etiqueta("Es tercero");
     CAuxiliar.entero("NIVEL").etiqueta("Nivel");
     CAuxiliar.texto("NOMCTATER", 60).etiqueta("Cuenta o tercero");
+    defina_tope("CUENTA");
 
     Formulario f(this);
     f.fila({{"Primer período:", cree_mes("MesIni", periodo.numero())}, {"", cree_ano("EAno1")}});

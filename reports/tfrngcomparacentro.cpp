@@ -26,6 +26,7 @@ Tfrngcomparacentro::Tfrngcomparacentro() : FormaEstado(kDatos) {
     defina_saldos("1");
     defina_saldos("2");
     CAuxiliar.entero("NIVEL").etiqueta("Nivel");
+    defina_tope("CUENTA");
 
     Formulario f(this);
     f.fila("Período:", cree_periodo());
@@ -58,6 +59,11 @@ QString Tfrngcomparacentro::centro(int lado) const {
 QString Tfrngcomparacentro::titulo() {
     return del_periodo() + tramo(" - Cuentas:", "EDesde", "EHasta") + " Centros:" + centro(1) +
            " vs " + centro(2);
+}
+
+QString Tfrngcomparacentro::rango_legible() {
+    return tiempo_legible() + " · " + tramo_legible("Cuentas", valor("EDesde"), valor("EHasta")) +
+           " · centros " + centro(1) + " y " + centro(2);
 }
 
 void Tfrngcomparacentro::ajuste_reporte(MotorInformes& motor, const QString&) {

@@ -11,6 +11,7 @@ protected:
     QString sql() override;
     void antes_de_abrir() override;
     QString titulo() override;
+    QString rango_legible() override;
     QString reporte() override { return QStringLiteral("Comparacentros"); }
     QString titulo_niif() override { return QStringLiteral("Comparativo de Centros NIIF"); }
     void ajuste_reporte(MotorInformes& motor, const QString& pagina) override;

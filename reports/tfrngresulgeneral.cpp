@@ -57,6 +57,11 @@ QString Tfrngresulgeneral::sql() {
     return texto + (es("G") ? "NIVEL < 4" : "nivel <= " + nivel()) + " order by CODIGO";
 }
 
+QString Tfrngresulgeneral::rango_legible() {
+    const QString rango = FormaEstado::rango_legible();
+    return marcada(ckMes) ? rango + " · sólo el movimiento del mes" : rango;
+}
+
 QString Tfrngresulgeneral::reporte() {
     return del_mes() ? "Resultadomes" : es("G") ? "Resultadogeneral" : "Resultadodetallado";
 }

@@ -14,6 +14,7 @@ public:
 
 protected:
     QString sql() override;
+    QString rango_legible() override;
     QString titulo() override { return del_periodo(); }
     QString reporte() override;
     QString titulo_niif() override;

@@ -5,6 +5,7 @@
 #include "libro/letras.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
+#include "toolkit/aviso_salida.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/proteccion.h"
 
@@ -88,6 +89,7 @@ Tfdm::Tfdm()
 Tfdm::~Tfdm() {
     retire_manejador_fallas();
     instale_nombres_de_datos({});
+    diga_salidas({});
     unico_ = nullptr;
 }
 
@@ -100,6 +102,11 @@ void Tfdm::DataModuleCreate() {
 
 void Tfdm::barra(AvisosBarra* barra) {
     barra_ = barra;
+    if (!barra)
+        return diga_salidas({});
+    diga_salidas([this](const QString& texto) {
+        barra_->mostrar_noticia(texto, valor<Llave::DuracionAdvertencias>());
+    });
 }
 
 // ---------------------------------------------------------------- configuración

@@ -7,6 +7,8 @@ void fije_variables(MotorInformes& motor, const QString& titulo) {
     motor.fijar_parametro("NomCia", fdm().valor<Llave::NombreCompania>());
     motor.fijar_parametro("Titulo", titulo);
     motor.fijar_parametro("Usuario", fdm().nombre_usuario);
+    motor.fijar_parametro("NitCia", fdm().valor<Llave::NitCompania>());
+    motor.fijar_parametro("Rango", titulo);
     const auto letras = [](const char* clave) {
         return fdm().configuracion("GENERAL", "GENERAL", clave);
     };

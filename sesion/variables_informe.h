@@ -3,5 +3,6 @@
 class MotorInformes;
 class QString;
 
-/// NomCia, Titulo y Usuario, en ese orden, y las palabras de los importes en letras.
+/// NomCia, Titulo y Usuario, en ese orden; NitCia; Rango, que es el título mientras el informe no
+/// dé uno mejor, y las palabras de los importes en letras.
 void fije_variables(MotorInformes& motor, const QString& titulo);

@@ -64,6 +64,11 @@ void AvisosBarra::mostrar_alerta(const QString& texto, int decimas) {
         avise(QStringLiteral("RECORDAR: ") + texto, Amarillo, decimas);
 }
 
+void AvisosBarra::mostrar_noticia(const QString& texto, int decimas) {
+    if (color_ == Celeste || color_ == Boton)
+        avise(texto, color_, decimas);
+}
+
 void AvisosBarra::mostrar_mensaje() {
     if (sin_mensaje || color_ != Boton)
         return;

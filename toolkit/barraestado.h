@@ -15,6 +15,8 @@ public:
     void mostrar_advertencia(const QString& texto, int decimas);
     /// Solo si la barra está celeste; el pitido suena siempre.
     void mostrar_alerta(const QString& texto, int decimas);
+    /// Lo que salió bien: sin pitido ni color, y sin tapar un aviso que se esté mostrando.
+    void mostrar_noticia(const QString& texto, int decimas);
     /// Aviso de que se piden filas al servidor; solo si la barra descansa en color de botón.
     void mostrar_mensaje();
     void quitar_mensaje();

@@ -100,6 +100,7 @@ bool ImpresionComprobante::por_plantilla(MotorInformes& motor, bool niif) {
     motor.abrir_proyecto(motor.ProjectFile);
     motor.fijar_parametro("Compania", fdm().valor<Llave::NombreCompania>());
     motor.fijar_parametro("Usuario", fdm().nombre_usuario);
+    motor.fijar_parametro("NitCia", fdm().valor<Llave::NitCompania>());
     motor.conecte("RComproba", CComproba);
     const bool carta = fdm().valor<Llave::PapelComprobantes>() == QLatin1String("CARTA");
     const QString reporte = carta ? "Comprobante" : "Comprobantemed";

@@ -20,9 +20,8 @@ END^
 --  * SIN_MOVIMIENTO: también las cuentas sin saldo ni movimiento;
 --  * CON_RESULTADO: el resultado sin cerrar de las clases 4 a 7 va en el patrimonio, en el renglón
 --    39 y sumado a la clase 3, para que activo sea pasivo más patrimonio;
---  * GENERAL: con MENSUAL, también UOP y NETO son del mes; sin él son siempre los del saldo, que es
---    lo que suma el estado detallado;
---  * MENSUAL: MOVIMIEN es el movimiento del mes; con "N", el saldo.
+--  * GENERAL: de quien pide el estado general; las cifras no cambian;
+--  * MENSUAL: MOVIMIEN, UOP y NETO son los del mes; con "N", los del saldo.
 -- UOP y NETO van iguales en todas las filas: ingresos al crédito menos costos y gastos; la utilidad
 -- operacional toma 41, 51, 52, 6 y 7.
 -- Lo llaman Tfrngbalancegeneral y Tfrngresulgeneral; la comparación de dos compañías también.
@@ -39,13 +38,11 @@ AS
   DECLARE RDEB numeric(18,2) = 0;
   DECLARE RCRE numeric(18,2) = 0;
   DECLARE SIGNO smallint;
-  DECLARE DEL_MES char(1);
 BEGIN
-  DEL_MES = iif(GENERAL = 'S', MENSUAL, 'N');
   SELECT coalesce(sum(INICIAL), 0), coalesce(sum(DEBITOS), 0), coalesce(sum(CREDITOS), 0),
-    -coalesce(sum(iif(:DEL_MES = 'S', 0, INICIAL) + DEBITOS - CREDITOS), 0),
+    -coalesce(sum(iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS), 0),
     -coalesce(sum(iif(left(CUENTA, 2) IN ('41', '51', '52') OR left(CUENTA, 1) IN ('6', '7'),
-      iif(:DEL_MES = 'S', 0, INICIAL) + DEBITOS - CREDITOS, 0)), 0)
+      iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS, 0)), 0)
   FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES)
   WHERE CUENTA >= '4' AND CUENTA < '8'
   INTO :RINI, :RDEB, :RCRE, :NETO, :UOP;
@@ -57,8 +54,10 @@ BEGIN
       SELECT CODIGO, NOMBRE, INICIAL, DEBITOS, CREDITOS, FINAL, NIVEL
       FROM BALANCE_PRUEBA{_NIIF}(:ANO, :MES, iif(:SIN_MOVIMIENTO = 'S', 'N', 'S'), 99)
       UNION ALL
-      SELECT cast('3' AS varchar(20)), C.CUEN_NOM, :RINI, :RDEB, :RCRE, :RINI + :RDEB - :RCRE, 1
-      FROM {CUENTAS} C WHERE C.CUEN_COD = '3' AND :CON_RESULTADO = 'S'
+      SELECT cast('3' AS varchar(20)),
+        coalesce((SELECT CUEN_NOM FROM {CUENTAS} WHERE CUEN_COD = '3'), 'Patrimonio'), :RINI, :RDEB,
+        :RCRE, :RINI + :RDEB - :RCRE, 1
+      FROM RDB$DATABASE WHERE :CON_RESULTADO = 'S'
       UNION ALL
       SELECT '39', 'Resultado del ejercicio en curso', :RINI, :RDEB, :RCRE, :RINI + :RDEB - :RCRE, 2
       FROM RDB$DATABASE WHERE :CON_RESULTADO = 'S')

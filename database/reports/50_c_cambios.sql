@@ -71,9 +71,10 @@ END^
 
 -- Cambios de la situación financiera (libro 2649). Sección 1 los recursos provistos y 2 los
 -- aplicados, según CAMBIOS_SITUACION_CTAS (CASI_DB "S": el aumento es al débito), y 3 lo que
--- varió el capital de trabajo: lo que ninguna cuenta configurada explica. FINAL es el cambio del
--- año; SUMA, lo acumulado en la sección; TOTAL2 y TOTAL3, los totales de las secciones 1 y 2;
--- TOTAL4, su diferencia; TOTAL5, el cambio de lo no configurado, que es TOTAL4. Lo llama
+-- varió el capital de trabajo: lo que ninguna cuenta configurada explica. Una cuenta va una sola
+-- vez, en su renglón más largo. FINAL es el cambio del año; SUMA, lo acumulado en la sección;
+-- TOTAL2 y TOTAL3, los totales de las secciones 1 y 2; TOTAL4, su diferencia; TOTAL5, el cambio de
+-- lo no configurado, que es TOTAL4 mientras cada renglón lleve el lado de su sección. Lo llama
 -- Tfcambiopatr.
 CREATE OR ALTER PROCEDURE CAMBIOS_SITUACION (ANO varchar(4))
 RETURNS (SECCION integer, CUENTA varchar(60), FINAL numeric(15,2), SUMA numeric(15,2),
@@ -88,7 +89,11 @@ BEGIN
   FOR
     SELECT C.CASI_SECCION, left(C.CASI_CUENTA || ' ' || coalesce(P.CUEN_NOM, ''), 60),
       coalesce((SELECT sum(S.SALD_DEBITO - S.SALD_CREDITO) FROM VISTA_SALDOS_CUENTA S
-        WHERE S.CUEN_COD STARTING WITH C.CASI_CUENTA AND S.SALD_ANO = :ANO AND S.SALD_MES > 0), 0)
+        WHERE S.CUEN_COD STARTING WITH C.CASI_CUENTA AND S.SALD_ANO = :ANO AND S.SALD_MES > 0
+          AND NOT EXISTS (SELECT 1 FROM CAMBIOS_SITUACION_CTAS O
+            WHERE S.CUEN_COD STARTING WITH O.CASI_CUENTA
+              AND (char_length(O.CASI_CUENTA) > char_length(C.CASI_CUENTA)
+                OR (O.CASI_CUENTA = C.CASI_CUENTA AND O.CASI_ID < C.CASI_ID)))), 0)
         * iif(C.CASI_DB = 'S', 1, -1),
       decode(C.CASI_SECCION, 1, 'Recursos financieros provistos',
         2, 'Recursos financieros aplicados', 'Otros')
@@ -131,6 +136,7 @@ BEGIN
     SELECT F.FLEF_SECCION, F.FLEF_CUENTA || ' ' || coalesce(P.CUEN_NOM, ''),
       -coalesce((SELECT sum(S.SALD_DEBITO - S.SALD_CREDITO) FROM VISTA_SALDOS_CUENTA{_NIIF} S
         WHERE S.CUEN_COD STARTING WITH F.FLEF_CUENTA AND S.SALD_ANO = :ANO AND S.SALD_MES > 0
+          AND S.CUEN_COD NOT STARTING WITH '11'
           AND NOT EXISTS (SELECT 1 FROM FLUJO_EFECTIVO O WHERE O.FLEF_NIIF = F.FLEF_NIIF
             AND S.CUEN_COD STARTING WITH O.FLEF_CUENTA
             AND (char_length(O.FLEF_CUENTA) > char_length(F.FLEF_CUENTA)
@@ -170,9 +176,10 @@ END^
 -- Flujo de efectivo del año: secciones 1 operación, 2 inversión y 3 financiación según
 -- FLUJO_EFECTIVO, con el signo del efectivo (lo que entra, positivo); 4 lo que la configuración no
 -- incluye; 5 y 6 el efectivo (grupo 11) al comenzar y al terminar. Una cuenta va con su renglón
--- más largo, y una de efectivo no se configura. SUMA es lo acumulado en la sección, TOTAL2 el
--- cambio del efectivo por las secciones 1 a 4, TOTAL3 el efectivo inicial más ese cambio y TOTAL4
--- el final de los libros: son iguales. Lo llama Tfcambiopatr.
+-- más largo, y las de efectivo nunca son su propia causa, aunque se configuren. El lado del renglón
+-- (FLEF_DB) no cambia su signo, que es siempre el del efectivo. SUMA es lo acumulado en la sección,
+-- TOTAL2 el cambio del efectivo por las secciones 1 a 4, TOTAL3 el efectivo inicial más ese cambio
+-- y TOTAL4 el final de los libros: son iguales. Lo llama Tfcambiopatr.
 CREATE OR ALTER PROCEDURE ESTADO_FLUJO_EFECTIVO (ANO varchar(4), NIIF char(1))
 RETURNS (SECCION integer, CUENTA varchar(140), FINAL numeric(15,2), SUMA numeric(15,2),
   TOTAL2 numeric(15,2), TOTAL3 numeric(15,2), TOTAL4 numeric(15,2))

@@ -67,3 +67,34 @@ linea 0001 0001 0001 0002
 foto rango_compara_centros
 teclas F2
 a_pdf compara_centros
+
+estado Down Down Right Down Down Down Down Return
+foto rango_resultado_anual
+teclas F2
+a_pdf resultado_anual
+
+# Una nota, por los menús de botones: del menú Informes no se llega a ellas. Sale después del
+# balance general de su período.
+teclas alt+i
+espere 0.6
+teclas Down Down Return
+espere 0.6
+teclas Return
+espere 0.6
+teclas Down Down Down Down Down Return
+espere 0.6
+teclas F5
+espere 0.6
+escriba "Efectivo y equivalentes"
+teclas Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab
+escriba "Los saldos de caja y bancos se conciliaron al cierre del mes."
+foto nota_nueva
+teclas F2
+espere 0.6
+foto lista_de_notas
+teclas Escape Escape Escape Escape
+estado Right Return
+teclas Tab Tab Tab space
+foto balance_con_notas
+teclas F2
+a_pdf balance_con_notas 3

@@ -16,5 +16,12 @@ foto rango_diario
 teclas F2
 a_pdf libro_diario
 oficial Down Down Down Return
+linea 001 MB 0001 0003
 foto numeracion_de_hojas
-teclas Escape
+teclas F2
+espere 1.5
+teclas Tab ctrl+a
+escriba "$fotos/numeracion_de_hojas.pdf"
+teclas Return
+espere 1
+foto numeracion_impresa

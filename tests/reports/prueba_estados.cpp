@@ -1,61 +1,15 @@
 // Estados financieros por sus pantallas: consulta, casos límite, notas y lo impreso contra las
 // líneas del libro.
-#include "auxiliar_de_prueba.h"
+#include "estados_impresos.h"
 #include "libro_de_estados.h"
 #include "reports/registro.h"
 #include "reports/tfrngbalancegeneral.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/lector_xls.h"
 
-#include <QGroupBox>
-
 namespace {
 
 const Filtro kTodo = [](const Renglon&) { return true; };
-
-/// Un estado con la letra de su menú y lo que cambia en su título con el libro NIIF.
-struct EstadoImpreso {
-    QString clase, tipo;
-    QStringList casillas;
-    QString niif;
-};
-const QVector<EstadoImpreso>& estados() {
-    static const QVector<EstadoImpreso> todos{
-        {"Tfrngbalancegeneral", "G", {}, "Estado de Situación Financiera"},
-        {"Tfrngbalancegeneral", "D", {}, "Balance Detallado por Cuenta NIIF"},
-        {"Tfrngbalancegeneral", "P", {}, "Balance de Prueba NIIF"},
-        {"Tfrngresulgeneral", "G", {}, "Estado de Resultados NIIF"},
-        {"Tfrngresulgeneral", "G", {"ckMes"}, "Estado de Resultados Mensual NIIF"},
-        {"Tfrngresulgeneral", "D", {"ckMes"}, "Estado de Resultados Detallado NIIF"},
-        {"Tfrngbalancetercero", "T", {}, "Balance Detallado con Terceros NIIF"},
-        {"Tfrngbalancetercero", "R", {"cknombre"}, "Balance de Prueba con Terceros NIIF"},
-        {"Tfrngbalancecentro", "C", {}, "Balance con Centros de Costo NIIF"},
-        {"Tfrngbalancecentro", "P", {}, "Balance de Prueba con Centros de Costo NIIF"},
-        {"Tfrngbalancecentro", "C", {"Centro"}, "Balance Centro de Costos NIIF"},
-        {"Tfrngbalancecentro", "P", {"Centro"}, "Balance de Prueba Centro de Costos NIIF"},
-        {"Tfrngresultadotercero", "", {}, "Estado de resultados detallado con terceros NIIF"},
-        {"Tfrngresultadocentro", "", {}, "Estado de resultados con centros de costo NIIF"},
-        {"Tfrngresultadocentro", "", {"Centro"}, "Estado de resultados con centros de costo NIIF"},
-        {"Tfrngresultadocentro",
-         "",
-         {"ckMes"},
-         "Estado de resultados mensual con centros de costo NIIF"},
-        {"Tfrngresultadocentro",
-         "",
-         {"ckMes", "Centro"},
-         "Estado de resultados mensual con centros de costo NIIF"},
-        {"Tfrngbalanceacumulado", "", {}, "Balance de Prueba Acumulado NIIF"},
-        {"Tfrngbalanceacumulado", "", {"ckterceros"}, "Balance de Prueba Acumulado NIIF"},
-        {"Tfrngbalanceanual", "", {}, "Balance Comparativo Anual NIIF"},
-        {"Tfrngbalanceanual", "", {"cktercero"}, "Balance Comparativo Anual con terceros NIIF"},
-        {"Tfrngbalanceanual", "", {"ckcentro"}, "Balance Comparativo Anual con centros NIIF"},
-        {"Tfrngbalancecomparativo", "", {"CkTerceros"}, "Balance Comparativo NIIF"},
-        {"Tfrngcomparacentro", "", {}, "Comparativo de Centros NIIF"}};
-    return todos;
-}
-
-const Cajas kDosCentros{
-    {"Proy1", "0001"}, {"ECenIni", "0002"}, {"Proy2", "0002"}, {"ECenFin", "0001"}};
 
 /// Importe como lo escriben los estados: los negativos, entre paréntesis.
 QString impreso(Moneda m) {
@@ -84,30 +38,6 @@ private slots:
     void lo_que_falta_se_dice_sin_cerrar_la_pantalla();
     void un_estado_largo_repite_sus_encabezados();
     void el_libro_exportado_lleva_tipos_y_sangria();
-
-private:
-    /// Abre, llena, marca e imprime un estado.
-    QString corra(const EstadoImpreso& e, const Cajas& cajas, const QStringList& otras = {},
-                  QString* orden = nullptr) {
-        QStringList casillas = e.casillas + otras;
-        Cajas todas = cajas;
-        const bool centro = casillas.removeAll("Centro") > 0;
-        if (e.clase == "Tfrngcomparacentro")
-            todas.insert(kDosCentros);
-        auto* f = qobject_cast<FormaRango*>(pantallas().abrir(e.clase, AbreInforme{e.tipo}));
-        for (const QString& c : casillas)
-            componente<QCheckBox>(f, qPrintable(c)).click();
-        if (centro)
-            for (auto* b : componente<QGroupBox>(f, "RgOrden").findChildren<QAbstractButton*>())
-                if (b->text() == "C&entro-Cuenta")
-                    b->click();
-        llene(f, todas);
-        if (orden)
-            f->CAuxiliar.AfterOpen = [=] { *orden = f->CAuxiliar.CommandText; };
-        const QString texto = informe_como_texto(f, Qt::Key_F2);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return texto;
-    }
 };
 
 void PruebaEstados::la_consulta_es_la_convenida() {
@@ -198,6 +128,12 @@ void PruebaEstados::cada_estado_sale_con_su_titulo_en_los_dos_libros() {
     QVERIFY(corra(estados()[17], {})
                 .contains("Período:2018:ENE...DIC - Cuentas:0...ZZ "
                           "Terceros:0...ZZ Nivel:5"));
+    QVERIFY(corra(estados()[0], {}).contains("Junio de 2018 · todas las cuentas · nivel 3"));
+    QVERIFY(corra(estados()[17], {})
+                .contains("Enero a diciembre de 2018 · todas las cuentas · todos los terceros · "
+                          "nivel 5"));
+    QVERIFY(corra(estados()[22], {{"MesIni", "DIC"}, {"EAno1", "2017"}})
+                .contains("Diciembre de 2017 frente a junio de 2018 · todas las cuentas"));
     const QString centros = corra(estados().last(), {});
     QVERIFY2(centros.contains("Período:Junio/2018 - Cuentas:...ZZ Centros:0001-0002 vs 0002-0001"),
              qPrintable(centros));
@@ -285,12 +221,15 @@ void PruebaEstados::el_resultado_impreso_es_el_de_las_lineas() {
             const QStringList niif = libro ? QStringList{"ckniif"} : QStringList();
             const QString kNeto = "Utilidad (pérdida) del ejercicio",
                           kOperacional = "Utilidad (pérdida) operacional";
-            for (int e : {3, 5}) { // general y detallado; el detallado no cambia con el mes
+            for (int e : {3, 5}) { // general y detallado
                 const QString texto =
                     corra({estados()[e].clase, estados()[e].tipo, {}, {}}, {}, niif);
                 QCOMPARE(tras(texto, kNeto), impreso(neto));
                 QCOMPARE(tras(texto, kOperacional), impreso(operacional));
             }
+            const QString detallado_del_mes = corra(estados()[5], {}, niif);
+            QCOMPARE(tras(detallado_del_mes, kNeto), impreso(neto_mes));
+            QCOMPARE(tras(detallado_del_mes, kOperacional), impreso(operacional_mes));
             const QString del_mes = corra(estados()[4], {}, niif);
             QCOMPARE(tras(del_mes, kOperacional), impreso(operacional_mes));
             QVERIFY2(tras(del_mes, kNeto).startsWith(impreso(neto_mes)), qPrintable(del_mes));
@@ -321,6 +260,18 @@ void PruebaEstados::los_totales_cuentan_cada_clase_una_vez() {
                  totales(kTodo, 3, 10));
     const Filtro disponible = [](const Renglon& r) { return r.cuenta.startsWith("11"); };
     QCOMPARE(tras(corra(estados()[7], {{"EDesde", "11"}}), " Total "), totales(disponible, 9, 9));
+    // Sin la fila de su clase, el total es el de lo que se lista.
+    const Filtro hasta_deudores = [](const Renglon& r) {
+        return r.cuenta.startsWith("11") || r.cuenta.startsWith("13");
+    };
+    const Cajas parte{{"EDesde", "11"}, {"EHasta", "13999999"}};
+    QCOMPARE(tras(corra(estados()[2], parte), " Total "), totales(hasta_deudores, 9, 9));
+    const QString detallado = corra(estados()[1], parte);
+    QCOMPARE(tras(detallado, " Total "), totales(hasta_deudores, 9, 9).section(' ', -1));
+    QVERIFY2(detallado.contains("Septiembre de 2018 · Cuentas 11 a 13999999 · nivel 5"),
+             qPrintable(detallado));
+    QCOMPARE(tras(corra(estados()[0], parte), "Total activo"),
+             totales(hasta_deudores, 9, 9).section(' ', -1));
 }
 
 void PruebaEstados::las_notas_van_a_continuacion_solo_si_se_piden() {

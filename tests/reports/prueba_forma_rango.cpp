@@ -5,6 +5,7 @@
 #include "ledger/libro_de_prueba.h"
 #include "reports/registro.h"
 #include "reports/tfrngauxiliarcta.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/lector_xls.h"
 
 #include <QCheckBox>
@@ -47,6 +48,8 @@ void PruebaFormaRango::las_cajas_vacias_toman_sus_valores_y_el_titulo_los_dice()
     hasta.clear();
     const QString texto = informe_como_texto(f, Qt::Key_F2);
     QVERIFY2(texto.contains("Cuentas:0...ZZFechas:20170301...20170331"), qPrintable(texto));
+    QVERIFY2(texto.contains("Todas las cuentas · del 2017/03/01 al 2017/03/31"), qPrintable(texto));
+    QVERIFY(texto.contains("NIT 900555111-6") && texto.contains("Libro 2649"));
     QVERIFY(texto.contains("Auxiliar por cuenta") && !texto.contains("NIIF"));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!s.escritorio.abierta("Tfrngauxiliarcta")); // se cierra al terminar
@@ -60,8 +63,13 @@ void PruebaFormaRango::lo_impreso_es_la_suma_de_las_lineas() {
         auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
         f->ckniif->setChecked(niif);
         f->ETit->setText("Mi título");
+        AvisosBarra barra;
+        s.dm.barra(&barra);
         const QString texto = informe_como_texto(f, Qt::Key_F2);
-        QVERIFY2(texto.contains("Mi título"), qPrintable(texto));
+        QVERIFY2(barra.text().startsWith("Grabado en /") && barra.text().endsWith("informe.pdf"),
+                 qPrintable(barra.text()));
+        s.dm.barra(nullptr);
+        QVERIFY2(texto.contains("Mi título · Todas las cuentas"), qPrintable(texto));
         QCOMPARE(texto.contains("Auxiliar por cuenta NIIF"), niif);
         const QString sumas =
             s.dato(QString("select sum(code_debito) from comprobante_detalle%1 d join "

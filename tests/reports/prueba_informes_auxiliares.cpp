@@ -348,6 +348,12 @@ void PruebaInformesAuxiliares::las_hojas_repiten_el_grupo_y_no_pierden_renglones
             QCOMPARE(renglones_con(hojas[h], "Fecha ").size(), 1);
             QCOMPARE(renglones_con(hojas[h], "110505 .*").size(), 1);
             QCOMPARE(hojas[h].contains("(continuación)"), h > 0);
+            // Una hoja recibe el saldo con que terminó la anterior.
+            const auto saldo = [](const QString& renglon) {
+                return importes(renglon).section(' ', -1);
+            };
+            QCOMPARE(saldo(renglones_con(hojas[h], "110505 .*Saldo que viene").value(0)),
+                     h ? saldo(renglones_con(hojas[h - 1], kDiaImpreso).last()) : QString());
             QVERIFY(hojas[h].contains("Elaborado por:"));
         }
     }

@@ -95,6 +95,14 @@ void PruebaNotas::el_periodo_da_el_numero_y_retrocede_hasta_el_cierre() {
     QCOMPARE(cajas(), QString("0 2018 5"));
     f->ckTodos->click();
     QCOMPARE(cajas(), QString("0 2018 3"));
+    componente<QLineEdit>(f, "ETitulo").setFocus();
+    digite("Capital");
+    {
+        Interlocutor i; // un título sin nota tampoco se pierde callado
+        i.espere("La nota tiene cambios sin grabar. Desea salir sin grabarlos?", "No");
+        oprima(Qt::Key_Escape);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
     oprima(Qt::Key_F2);
     QCOMPARE(
         s.dato("select max(noef_numero) from notas_estados_financieros where noef_periodo = 0"),

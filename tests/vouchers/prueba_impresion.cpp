@@ -239,7 +239,22 @@ private:
 void PruebaImpresion::sin_formato_sale_la_plantilla_en_el_papel_configurado() {
     SesionGui s;
     agregue(s, 4);
+    s.base.ejecute({"update comprobante_detalle set code_base = 4000, code_porc = 2.5, "
+                    "cnde_docnumero = '000123', cnde_docaplica = '000124', doco_vence = "
+                    "'20170430' where enco_consec = 700 and code_item = 1"});
     const QString carta = imprima(s, Qt::Key_Return);
+    // Tarifa, documento, vencimiento y nombres del proyecto y del centro, debajo de su línea.
+    const auto nombre = [&](const char* que) {
+        return s.dato(QString("select %1 from proyectos p join centros c on c.proy_cod = "
+                              "p.proy_cod where p.proy_cod = '0001' and cent_cod = '0002'")
+                          .arg(QLatin1String(que)));
+    };
+    for (const QString& texto :
+         {QString("NIT 900555111-6"), QString("2.50%"), QString("000123"), QString("000124"),
+          QString("Vence 2017/04/30"), nombre("proy_nom") + ", " + nombre("cent_nom")})
+        QVERIFY2(carta.simplified().contains(texto), qPrintable(texto + '\n' + carta));
+    for (const QString& renglon : carta.split('\n')) // nada de un documento entre los importes
+        QVERIFY(!renglon.contains("000123") || !renglon.contains(QRegularExpression("\\.00\\b")));
     QVERIFY2(hoja_.contains("612 x 792 pts"), qPrintable(hoja_));
     for (const char* texto :
          {"Comprobante contable", "No. 0001 000700", "2017/03/15", "Útiles de marzo", "800456789",

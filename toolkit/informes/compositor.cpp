@@ -19,9 +19,11 @@ Compositor::Compositor(const Proyecto& proyecto, const Reporte& reporte, const V
       dibujante_(proyecto, reporte_.papel, variables_, datos_, hojas_),
       paginador_(hojas_, reporte_.papel.margen_x,
                  [this](const BloqueHoja& primero) { pase(primero); }) {
-    for (const Banda& b : reporte_.bandas)
+    for (const Banda& b : reporte_.bandas) {
+        sumas_en_hoja_ |= !b.omitida && b.trae_lo_que_lleva();
         for (const Item& i : b.items)
             sumas_en_hoja_ |= es_de_hoja(b) && !b.omitida && i.formula.tiene_sumas();
+    }
 }
 
 Compositor::Compositor(const Proyecto& proyecto, const Reporte& reporte, const Variables& variables,
@@ -56,6 +58,7 @@ bool Compositor::componga(const Avance& avance) {
 
 void Compositor::recorra() {
     hubo_grupo_ = false;
+    encabezadora_.reset();
     dibujante_.olvide_ultimos();
     bool hay = datos_.hay();
     if (hay && seccion_ > 0)
@@ -114,6 +117,7 @@ void Compositor::cierre_grupos(int nivel) {
 }
 
 void Compositor::abra_grupos(int nivel) {
+    encabezadora_.reset();
     dibujante_.olvide_ultimos();
     bool otra_hoja = false, numera = false, hay = false;
     con_bandas(TipoBanda::Grupo, -1, [&](const Banda& b) {
@@ -136,12 +140,25 @@ void Compositor::abra_grupos(int nivel) {
         con_bandas(TipoBanda::Grupo, n, [&](const Banda& b) { coloque(b, n - 1); });
 }
 
+bool Compositor::encabeza() {
+    for (const Banda& b : reporte_.bandas)
+        if (!b.encabeza.vacia() && !b.omitida && b.seccion == seccion_ &&
+            b.encabeza.cierta(datos_)) {
+            encabezadora_ = std::make_shared<Encabezadora>(Encabezadora{&b, datos_.fila()});
+            return true;
+        }
+    return false;
+}
+
 void Compositor::detalle() {
-    con_bandas(TipoBanda::Detalle, -1, [this](const Banda& b) {
+    const bool encabezado = encabeza();
+    con_bandas(TipoBanda::Detalle, -1, [&](const Banda& b) {
         datos_.en_detalle = true;
         BloqueHoja bloque = dibujante_.componga(b);
         datos_.en_detalle = false;
         bloque.repite = kNiveles;
+        if (!encabezado)
+            bloque.cuelga = encabezadora_;
         if (sumas_en_hoja_)
             bloque.sumas = datos_.sumas();
         paginador_.coloque(std::move(bloque));
@@ -158,13 +175,13 @@ void Compositor::finales() {
 
 void Compositor::pase(const BloqueHoja& primero) {
     if (!sumas_en_hoja_) {
-        hoja_nueva(primero.repite);
+        hoja_nueva(primero.repite, primero.cuelga.get());
         return;
     }
     // La hoja termina con lo acumulado antes de lo que pasa a la otra.
     const QVector<Racional> ahora = datos_.sumas();
     datos_.sumas(primero.sumas.isEmpty() ? ahora : primero.sumas);
-    hoja_nueva(primero.repite);
+    hoja_nueva(primero.repite, primero.cuelga.get());
     datos_.sumas(ahora);
 }
 
@@ -177,7 +194,7 @@ void Compositor::fija(const Banda& banda, bool sigue) {
     y_ += bloque.alto;
 }
 
-void Compositor::hoja_nueva(int grupos_hasta) {
+void Compositor::hoja_nueva(int grupos_hasta, const Encabezadora* cuelga) {
     termine_hoja();
     if (avance_ && !avance_(hojas_.paginas() + 1))
         abandonado_ = true; // lo que falte de esta fila se compone en una hoja que nadie verá
@@ -201,6 +218,11 @@ void Compositor::hoja_nueva(int grupos_hasta) {
             if (b.repite)
                 fija(b, true);
         });
+    if (cuelga) {
+        datos_.fila_guardada = &cuelga->fila;
+        fija(*cuelga->banda, true);
+        datos_.fila_guardada = nullptr;
+    }
     paginador_.abra(y_, fondo);
 }
 

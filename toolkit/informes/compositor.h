@@ -37,7 +37,9 @@ private:
     void finales();
 
     void pase(const BloqueHoja& primero);
-    void hoja_nueva(int grupos_hasta);
+    void hoja_nueva(int grupos_hasta, const Encabezadora* cuelga = nullptr);
+    /// Si la fila en curso encabeza a las que siguen, queda anotada.
+    bool encabeza();
     void termine_hoja();
     void fija(const Banda& banda, bool sigue = false);
     void coloque(const Banda& banda, int repite);
@@ -56,9 +58,10 @@ private:
     int seccion_ = 0;
     bool abandonado_ = false;
     bool hubo_grupo_ = false;
-    bool sumas_en_hoja_ = false; ///< un encabezado o un pie lleva lo acumulado
-    double y_ = 0;               ///< por dónde van los encabezados
-    double baja_ = 0;            ///< dónde se superpone una banda sin alto
+    bool sumas_en_hoja_ = false; ///< algo de la hoja lleva lo acumulado
+    std::shared_ptr<const Encabezadora> encabezadora_;
+    double y_ = 0;    ///< por dónde van los encabezados
+    double baja_ = 0; ///< dónde se superpone una banda sin alto
     bool en_hoja_ = false, primera_hoja_ = true;
 };
 

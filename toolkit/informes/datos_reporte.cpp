@@ -100,6 +100,7 @@ void DatosReporte::ate(Banda& banda) {
         falle(banda.renglon,
               QStringLiteral("una suma no decide si se imprime lo que va antes de sus filas"));
     ate(banda.si, banda, banda.renglon);
+    ate(banda.encabeza, banda, banda.renglon);
     banda.aspecto = aspecto_de(banda.aspecto, banda);
     for (Item& i : banda.items)
         ate(i, banda);
@@ -252,6 +253,8 @@ const Valor& DatosReporte::columna(int fuente, int columna) const {
 }
 
 QString DatosReporte::variable(const QString& nombre) const {
+    if (nombre == Formula::kSigue)
+        return sigue ? nombre : QString();
     return variables_.textos.value(nombre);
 }
 

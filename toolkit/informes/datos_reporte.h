@@ -44,6 +44,7 @@ public:
 
     // --- lectura
     bool en_detalle = false;                       ///< las sumas cuentan también la fila actual
+    bool sigue = false;                            ///< se compone un anuncio repetido
     const QVector<Valor>* fila_guardada = nullptr; ///< en lugar de la actual, si se da
     const Valor& columna(int fuente, int columna) const override;
     QString variable(const QString& nombre) const override;

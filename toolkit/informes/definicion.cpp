@@ -39,6 +39,12 @@ Grupo* Reporte::grupo(const QString& nombre) {
     return busque(grupos, nombre);
 }
 
+bool Banda::trae_lo_que_lleva() const {
+    return repite && std::any_of(items.begin(), items.end(), [](const Item& i) {
+               return i.si.mira_si_sigue() && i.formula.tiene_sumas();
+           });
+}
+
 Item* Reporte::item(const QString& nombre) {
     for (Banda& b : bandas)
         if (Item* i = busque(b.items, nombre))

@@ -128,8 +128,12 @@ struct Banda {
     bool acompanada = false;   ///< nunca empieza hoja sin la banda anterior
     bool omitida = false;
     Formula si; ///< vacía: siempre
+    /// De un detalle: las filas que se anuncian otra vez en la hoja que empieza con las que siguen.
+    Formula encabeza;
     int aspecto = -1;
     QVector<Item> items;
+    /// Al repetirse escribe lo que sus sumas llevan.
+    bool trae_lo_que_lleva() const;
     int renglon = 0;
 };
 

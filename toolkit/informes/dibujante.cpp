@@ -3,10 +3,13 @@
 #include "libro/letras.h"
 #include "toolkit/informes/texto_rico.h"
 
+#include <QScopedValueRollback>
+
 namespace informes {
 
 namespace {
 constexpr double kEntreRayas = 0.7; // mm entre las dos de una línea doble
+const QString kContinua = QStringLiteral(" (continuación)");
 
 Trazo raya(QRectF lugar, float grosor) {
     return {Trazo::Linea, lugar, 0, Lado::Izquierda, grosor, {}};
@@ -81,14 +84,17 @@ BloqueHoja Dibujante::componga(const Banda& banda, bool sigue) {
     b.junta = banda.junta;
     b.acompanada = banda.acompanada;
     b.corta = banda.corta;
+    const QScopedValueRollback<bool> repetida(datos_.sigue, sigue);
     for (const Item& i : banda.items)
-        item(b, banda, i, vista, sigue);
+        item(b, banda, i, vista);
     estire_cajas(b, banda, vista);
     return b;
 }
 
-void Dibujante::item(BloqueHoja& bloque, const Banda& banda, const Item& i, const Vista& de_banda,
-                     bool sigue) {
+void Dibujante::item(BloqueHoja& bloque, const Banda& banda, const Item& i, const Vista& de_banda) {
+    // Una fila que se anuncia otra vez no repite sus cifras: se leerían dos veces.
+    if (datos_.sigue && banda.tipo == TipoBanda::Detalle && i.clase == Item::Dato)
+        return;
     if (!i.si.vacia() && !i.si.cierta(datos_))
         return;
     const Vista propia = vista_de(i.aspecto);
@@ -110,7 +116,7 @@ void Dibujante::item(BloqueHoja& bloque, const Banda& banda, const Item& i, cons
     case Item::Rico:
         return rico(bloque, i, lugar, estilo);
     default:
-        return escriba(bloque, banda, i, lugar, estilo, sigue);
+        return escriba(bloque, banda, i, lugar, estilo);
     }
 }
 
@@ -154,8 +160,8 @@ void Dibujante::rico(BloqueHoja& bloque, const Item& i, QRectF lugar, int estilo
 }
 
 void Dibujante::escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, QRectF lugar,
-                        int estilo, bool sigue) {
-    QString texto = texto_de(banda, i, sigue);
+                        int estilo) {
+    QString texto = texto_de(banda, i);
     bool callado = false;
     if (!i.repetido) {
         QString& ultimo = ultimos_[&i];
@@ -168,11 +174,19 @@ void Dibujante::escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, Q
         return parta(bloque, i, lugar, estilo, texto);
     // Un número no se recorta nunca: sobresale hacia la izquierda.
     if (!i.numero())
-        texto = letra(estilo).acorte(texto, lugar.width());
+        texto = acorte(texto, lugar.width(), estilo);
     else if (i.parentesis && i.lado == Lado::Derecha && !texto.endsWith(QLatin1Char(')')))
         lugar.setWidth(lugar.width() - letra(estilo).ancho(QStringLiteral(")")));
     (callado ? bloque.callados : bloque.trazos)
         << Trazo{Trazo::Texto, lugar, quint16(estilos_[estilo]), i.lado, 0, texto};
+}
+
+QString Dibujante::acorte(const QString& texto, double ancho, int estilo) {
+    const Letra& l = letra(estilo);
+    if (!texto.endsWith(kContinua))
+        return l.acorte(texto, ancho);
+    // Lo que se corta es el nombre, no el aviso de que sigue.
+    return l.acorte(texto.chopped(kContinua.size()), ancho - l.ancho(kContinua)) + kContinua;
 }
 
 void Dibujante::parta(BloqueHoja& bloque, const Item& i, QRectF lugar, int estilo,
@@ -221,10 +235,11 @@ void Dibujante::resuelva(int nivel) {
 
 // ---------------------------------------------------------------- textos
 
-QString Dibujante::texto_de(const Banda& banda, const Item& item, bool sigue) {
+QString Dibujante::texto_de(const Banda& banda, const Item& item) {
     if (item.clase == Item::Dato) {
         const bool anuncio = banda.tipo == TipoBanda::Grupo || banda.tipo == TipoBanda::Titulo;
-        if (!anuncio || !item.formula.tiene_sumas())
+        const bool lleva = datos_.sigue && item.si.mira_si_sigue();
+        if (!anuncio || lleva || !item.formula.tiene_sumas())
             return dato(item);
         for (const Pendiente& p : pendientes_)
             if (p.item == &item)
@@ -234,11 +249,11 @@ QString Dibujante::texto_de(const Banda& banda, const Item& item, bool sigue) {
     }
     QString texto;
     for (const Pedazo& p : item.pedazos)
-        texto += pieza(p, item, sigue);
+        texto += pieza(p, item);
     return texto;
 }
 
-QString Dibujante::pieza(const Pedazo& pedazo, const Item& item, bool sigue) const {
+QString Dibujante::pieza(const Pedazo& pedazo, const Item& item) const {
     switch (pedazo.clase) {
     case Pedazo::Columna: {
         const QString valor = formatee(datos_.columna(pedazo.fuente, pedazo.columna), item);
@@ -247,13 +262,13 @@ QString Dibujante::pieza(const Pedazo& pedazo, const Item& item, bool sigue) con
     case Pedazo::Variable:
         return variables_.textos.value(pedazo.texto);
     case Pedazo::Especial:
-        return especial(pedazo.texto, sigue);
+        return especial(pedazo.texto);
     default:
         return pedazo.texto;
     }
 }
 
-QString Dibujante::especial(const QString& nombre, bool sigue) const {
+QString Dibujante::especial(const QString& nombre) const {
     if (nombre == QLatin1String("pagina"))
         return QString::number(hojas_.pagina_del_documento());
     if (nombre == QLatin1String("paginas"))
@@ -264,7 +279,7 @@ QString Dibujante::especial(const QString& nombre, bool sigue) const {
         return fecha_larga(variables_.ahora.toString(QStringLiteral("yyyyMMdd")));
     if (nombre == QLatin1String("hora"))
         return variables_.ahora.toString(QStringLiteral("HH:mm"));
-    return sigue ? QStringLiteral(" (continuación)") : QString();
+    return datos_.sigue ? kContinua : QString();
 }
 
 QString Dibujante::dato(const Item& item) const {

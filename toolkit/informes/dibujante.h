@@ -13,7 +13,7 @@ public:
     Dibujante(const Proyecto& proyecto, const Papel& papel, const Variables& variables,
               DatosReporte& datos, Hojas& hojas);
 
-    /// `sigue`: el grupo se anuncia otra vez en otra hoja.
+    /// `sigue`: el grupo, o la fila de que cuelgan las que vienen, se anuncia en otra hoja.
     BloqueHoja componga(const Banda& banda, bool sigue = false);
     bool visible(const Banda& banda);
     /// Lo que no se repite vuelve a imprimirse.
@@ -37,22 +37,21 @@ private:
         QVector<Valor> fila;
     };
     Vista vista_de(int aspecto) const;
-    void item(BloqueHoja& bloque, const Banda& banda, const Item& i, const Vista& de_banda,
-              bool sigue);
-    void escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, QRectF lugar, int estilo,
-                 bool sigue);
+    void item(BloqueHoja& bloque, const Banda& banda, const Item& i, const Vista& de_banda);
+    void escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, QRectF lugar, int estilo);
+    QString acorte(const QString& texto, double ancho, int estilo);
     void parta(BloqueHoja& bloque, const Item& i, QRectF lugar, int estilo, const QString& texto);
     void rico(BloqueHoja& bloque, const Item& i, QRectF lugar, int estilo);
     void imagen(BloqueHoja& bloque, const Item& i, QRectF lugar);
     void linea(BloqueHoja& bloque, const Item& i, QRectF lugar);
     void estire_cajas(BloqueHoja& bloque, const Banda& banda, const Vista& vista);
 
-    QString texto_de(const Banda& banda, const Item& item, bool sigue);
-    QString pieza(const Pedazo& pedazo, const Item& item, bool sigue) const;
+    QString texto_de(const Banda& banda, const Item& item);
+    QString pieza(const Pedazo& pedazo, const Item& item) const;
     QString dato(const Item& item) const;
     QString formatee(const Valor& valor, const Item& item) const;
     QString cifra(Racional valor, const Item& item) const;
-    QString especial(const QString& nombre, bool sigue) const;
+    QString especial(const QString& nombre) const;
     const Letra& letra(int estilo);
 
     const Proyecto& proyecto_;

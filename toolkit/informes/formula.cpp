@@ -134,6 +134,12 @@ private:
             return literal();
         if (t_[i_].isDigit())
             return numero();
+        if (tome(Formula::kSigue)) {
+            Formula::Nodo n;
+            n.op = Formula::Variable;
+            n.texto = Formula::kSigue;
+            return ponga(n);
+        }
         const bool variable = tome("@");
         const QString palabra = nombre();
         if (palabra.isEmpty())
@@ -229,6 +235,11 @@ Formula Formula::lea(const QString& texto) {
 bool Formula::tiene_sumas() const {
     return std::any_of(nodos.begin(), nodos.end(),
                        [](const Nodo& n) { return n.op == Suma || n.op == Cuenta; });
+}
+
+bool Formula::mira_si_sigue() const {
+    return std::any_of(nodos.begin(), nodos.end(),
+                       [](const Nodo& n) { return n.op == Variable && n.texto == kSigue; });
 }
 
 bool Formula::hay_suma(int nodo) const {

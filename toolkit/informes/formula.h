@@ -6,6 +6,7 @@
 //     suma(e [, condición])  cuenta([condición])   de las filas del grupo de la banda
 //     si(condición, a, b)    abs(e)    redondee(e, decimales)
 //     largo(texto)           empieza(texto, comienzo)    termina(texto, final)
+// y `#sigue`, cierta cuando un anuncio se repite en otra hoja.
 // Una columna nula vale cero al sumar; dividir por cero deja la fórmula sin valor y no imprime
 // nada.
 #include "datos/firebird/valor.h"
@@ -81,6 +82,9 @@ public:
     static Formula lea(const QString& texto);
     bool vacia() const { return nodos.isEmpty(); }
     bool tiene_sumas() const;
+    /// Depende de que el anuncio se repita.
+    bool mira_si_sigue() const;
+    static inline const QString kSigue = QStringLiteral("#sigue"); ///< como variable
     /// La columna de una fórmula que no es más que ella; nulo si es otra cosa.
     const Nodo* columna_sola() const;
     Cifra evalue(const ContextoFormula& contexto) const;

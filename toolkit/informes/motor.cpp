@@ -254,8 +254,8 @@ void MotorInformes::saque(const Hojas& hojas) {
         imprima_hojas(hojas, opciones_, 0, nombre_trabajo.isEmpty() ? titulo() : nombre_trabajo);
         break;
     case OpcionesReporte::Archivo:
-        grabe(hojas, opciones_.formato, opciones_.ruta, opciones_.rango(hojas.paginas(), 0),
-              titulo());
+        grabe_y_diga(hojas, opciones_.formato, opciones_.ruta, opciones_.rango(hojas.paginas(), 0),
+                     titulo());
         break;
     }
 }

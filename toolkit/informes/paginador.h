@@ -4,8 +4,17 @@
 #include "toolkit/informes/hojas.h"
 
 #include <functional>
+#include <memory>
 
 namespace informes {
+
+struct Banda;
+
+/// Fila que se anuncia otra vez en la hoja que empieza con las que cuelgan de ella.
+struct Encabezadora {
+    const Banda* banda;
+    QVector<Valor> fila;
+};
 
 /// Una banda compuesta: sus trazos, desde su esquina de arriba.
 struct BloqueHoja {
@@ -19,6 +28,7 @@ struct BloqueHoja {
     bool junta = false, acompanada = false, corta = false;
     int repite = 0;          ///< niveles de grupo que se anuncian otra vez si empieza la hoja
     QVector<Racional> sumas; ///< lo acumulado antes de él, si la hoja lo escribe
+    std::shared_ptr<const Encabezadora> cuelga; ///< de la fila que se anuncia si empieza la hoja
 
     /// Dónde se puede cortar sin pasar de `tope`; 0 si en ninguna parte. Un tramo indivisible solo
     /// se corta si no cabe entero en una `hoja`.

@@ -1,5 +1,6 @@
 #include "toolkit/informes/salidas.h"
 
+#include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/archivo_salida.h"
 
 #include <QDir>
@@ -74,6 +75,12 @@ void grabe(const Hojas& hojas, FormatoArchivo formato, const QString& ruta, Rang
     else
         escriba_texto(hojas, salida, rango);
     salida.confirme();
+}
+
+void grabe_y_diga(const Hojas& hojas, FormatoArchivo formato, const QString& ruta, Rango rango,
+                  const QString& titulo) {
+    grabe(hojas, formato, ruta, rango, titulo);
+    avise_grabado(ruta);
 }
 
 void imprima(const Hojas& hojas, QPrinter& impresora, Rango rango) {

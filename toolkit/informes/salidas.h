@@ -27,6 +27,9 @@ inline Rango todas(const Hojas& hojas) {
 
 void grabe(const Hojas& hojas, FormatoArchivo formato, const QString& ruta, Rango rango,
            const QString& titulo);
+/// Lo mismo, y dice a dónde fue.
+void grabe_y_diga(const Hojas& hojas, FormatoArchivo formato, const QString& ruta, Rango rango,
+                  const QString& titulo);
 /// Imprime con las copias que traiga la impresora. Lanza ErrorInforme si no recibe el trabajo.
 void imprima(const Hojas& hojas, QPrinter& impresora, Rango rango);
 

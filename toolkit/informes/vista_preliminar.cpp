@@ -1,5 +1,6 @@
 #include "toolkit/informes/vista_preliminar.h"
 
+#include "toolkit/aviso_salida.h"
 #include "toolkit/estilo.h"
 #include "toolkit/impresora.h"
 #include "toolkit/proteccion.h"
@@ -37,6 +38,10 @@ void imprima_hojas(const Hojas& hojas, const OpcionesReporte& opciones, int actu
     if (opciones.duplex)
         impresora.setDuplex(QPrinter::DuplexAuto);
     imprima(hojas, impresora, rango);
+    if (!impresora.outputFileName().isEmpty())
+        avise_grabado(impresora.outputFileName());
+    else
+        avise_impreso(impresora.printerName(), rango.hasta - rango.desde + 1);
 }
 
 // ---------------------------------------------------------------- hojas
@@ -300,14 +305,14 @@ void VistaPreliminar::imprima() {
     if (opciones.destino == OpcionesReporte::Impresora)
         imprima_hojas(hojas_, opciones, vista_->pagina(), titulo);
     else if (opciones.destino == OpcionesReporte::Archivo)
-        grabe(hojas_, opciones.formato, opciones.ruta,
-              opciones.rango(hojas_.paginas(), vista_->pagina()), titulo);
+        grabe_y_diga(hojas_, opciones.formato, opciones.ruta,
+                     opciones.rango(hojas_.paginas(), vista_->pagina()), titulo);
 }
 
 void VistaPreliminar::guarde() {
     const QString ruta = pida_archivo(this, archivo_, FormatoArchivo::Pdf);
     if (!ruta.isEmpty())
-        grabe(hojas_, FormatoArchivo::Pdf, ruta, todas(hojas_), titulo);
+        grabe_y_diga(hojas_, FormatoArchivo::Pdf, ruta, todas(hojas_), titulo);
 }
 
 void VistaPreliminar::busque() {

@@ -1,6 +1,7 @@
 // Menú emergente, archivos e impresión de la rejilla.
 #include "toolkit/rejilla/rejilla.h"
 
+#include "toolkit/aviso_salida.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/exportacion/impresion_tabla.h"
@@ -162,6 +163,7 @@ void Rejilla::guarde_seleccion() {
     Avance avance(this, QStringLiteral("Guardando %1 ...").arg(ruta));
     tabla.avance = [&avance](int fila) { avance(fila); };
     exporte(tabla, formato, ruta);
+    avise_grabado(ruta);
 }
 
 void Rejilla::imprima() {

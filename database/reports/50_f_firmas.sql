@@ -1,0 +1,25 @@
+-- Quiénes firman los estados financieros.
+
+SET TERM ^ ;
+
+-- Los tres que firman, con el documento de uno y las tarjetas profesionales de los otros, de la
+-- configuración (módulo CONTABILIDAD, categoría FIRMAS); nulo lo que no se ha configurado. Una
+-- fila. La llaman los estados financieros al imprimirse.
+CREATE OR ALTER PROCEDURE FIRMAS_ESTADOS
+RETURNS (REPRESENTANTE varchar(100), DOCUMENTO varchar(100), CONTADOR varchar(100),
+  TARJETA_CONTADOR varchar(100), REVISOR varchar(100), TARJETA_REVISOR varchar(100))
+AS
+BEGIN
+  SELECT max(iif(CONF_PROPIEDAD = 'REPRESENTANTE LEGAL', CONF_VALOR, NULL)),
+    max(iif(CONF_PROPIEDAD = 'DOCUMENTO DEL REPRESENTANTE LEGAL', CONF_VALOR, NULL)),
+    max(iif(CONF_PROPIEDAD = 'CONTADOR PUBLICO', CONF_VALOR, NULL)),
+    max(iif(CONF_PROPIEDAD = 'TARJETA PROFESIONAL DEL CONTADOR PUBLICO', CONF_VALOR, NULL)),
+    max(iif(CONF_PROPIEDAD = 'REVISOR FISCAL', CONF_VALOR, NULL)),
+    max(iif(CONF_PROPIEDAD = 'TARJETA PROFESIONAL DEL REVISOR FISCAL', CONF_VALOR, NULL))
+  FROM CONFIGURACION
+  WHERE CONF_MODULO = 'CONTABILIDAD' AND CONF_CATEGORIA = 'FIRMAS'
+  INTO :REPRESENTANTE, :DOCUMENTO, :CONTADOR, :TARJETA_CONTADOR, :REVISOR, :TARJETA_REVISOR;
+  SUSPEND;
+END^
+
+SET TERM ; ^

@@ -1,0 +1,198 @@
+// Cada estado y cada libro oficial con ninguna, una, cuarenta y tres mil cuentas: ninguna fila se
+// pierde, toda hoja lleva sus encabezados, las firmas nunca van solas y la cuenta que sigue en otra
+// hoja se anuncia allí. Con QUORVEX_PDF deja las hojas en esa carpeta, para mirarlas.
+#include "estados_impresos.h"
+#include "reports/registro.h"
+
+namespace {
+
+constexpr const char* kCompania = "Comercial de Volumen S.A.S.";
+constexpr int kTercerosDeUna = 130; ///< cuelgan de una sola cuenta: pasan de una hoja
+
+const Cajas kCentros0001{
+    {"Proy1", "0001"}, {"ECenIni", "0001"}, {"Proy2", "0001"}, {"ECenFin", "0002"}};
+
+/// Código de la cuenta `i` de un subgrupo: 1305 + 01..40 + 01..40.
+QString hoja(const char* grupo, int i) {
+    constexpr int kPorCuenta = 40;
+    return QString("%1%2%3")
+        .arg(QLatin1String(grupo))
+        .arg(1 + i / kPorCuenta, 2, 10, QChar('0'))
+        .arg(1 + i % kPorCuenta, 2, 10, QChar('0'));
+}
+
+/// `n` cuentas de balance y `n` de ingresos, cada una con su movimiento, su tercero y su centro. La
+/// última de cada lado tiene además muchos terceros y muchos centros.
+void arme_volumen(Conexion& base, int n) {
+    ComprobanteEnTablas c{900, "000900", "20180305"};
+    for (const char* grupo : {"1305", "4135"})
+        base.ejecute(QString("execute block as declare i integer = 0; declare c varchar(20); begin "
+                             "while (i < %1) do begin c = '%2' || lpad(1 + i / 40, 2, '0'); "
+                             "update or insert into cuentas (cuen_cod, cuen_nom) values (:c, "
+                             "'Cuenta ' || :c); c = c || lpad(1 + mod(i, 40), 2, '0'); insert into "
+                             "cuentas (cuen_cod, cuen_nom) values (:c, 'Cuenta ' || :c || ' con un "
+                             "nombre de los largos'); i = i + 1; end end")
+                         .arg(n)
+                         .arg(QLatin1String(grupo)));
+    QMap<int, bool> hechos;
+    const auto tercero = [&](int i) {
+        const QString nit = QString("7%1").arg(i, 6, 10, QChar('0'));
+        if (std::exchange(hechos[i], true))
+            return nit;
+        base.ejecute(QString("update or insert into terceros (terc_nit, terc_nom) values ('%1', "
+                             "'Tercero número %2')")
+                         .arg(nit)
+                         .arg(i));
+        return nit;
+    };
+    const auto centro = [&](int i) {
+        const QString codigo = QString("%1").arg(i, 4, 10, QChar('0'));
+        if (std::exchange(hechos[1000 + i], true))
+            return codigo;
+        base.ejecute(QString("update or insert into centros (proy_cod, cent_cod, cent_nom) values "
+                             "('0001', '%1', 'Centro número %2')")
+                         .arg(codigo)
+                         .arg(i));
+        return codigo;
+    };
+    int item = 0;
+    const auto linea = [&](int cuenta, const QString& nit, const QString& cent, int valor) {
+        c.lineas << Linea{++item, hoja("1305", cuenta), Moneda(valor), Moneda(), nit, "0001", cent}
+                 << Linea{++item, hoja("4135", cuenta), Moneda(), Moneda(valor), nit, "0001", cent};
+    };
+    for (int i = 0; i < n; ++i)
+        linea(i, tercero(1 + i % 50), centro(1 + i % 3), 1000 + i);
+    for (int i = 0; n > 1 && i < kTercerosDeUna; ++i)
+        linea(n - 1, tercero(100 + i), centro(100 + i), 1);
+    grabe(base, c);
+}
+
+QStringList hojas_de(const QString& texto) {
+    QStringList hojas = texto.split('\f');
+    while (!hojas.isEmpty() && hojas.last().trimmed().isEmpty())
+        hojas.removeLast();
+    return hojas;
+}
+
+} // namespace
+
+class PruebaHojas : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { registre_pantallas_informes(); }
+
+    void sin_movimiento_se_dice_que_no_hay_datos();
+    void de_una_a_tres_mil_cuentas_data();
+    void de_una_a_tres_mil_cuentas();
+
+private:
+    static void prepare(SesionGui& s) {
+        s.cnt.ano_actual = "2018";
+        s.cnt.periodo_actual = 2;
+        s.base.ejecute(
+            {QString("update configuracion set conf_valor = '%1' where conf_propiedad = 'NOMBRE "
+                     "COMPAÑIA'")
+                 .arg(QLatin1String(kCompania)),
+             "update configuracion set conf_valor = '901555123-4' where conf_propiedad = 'NIT "
+             "COMPAÑIA'",
+             "update configuracion set conf_valor = 'Rosa Peña' where conf_propiedad = 'CONTADOR "
+             "PUBLICO'",
+             "update configuracion set conf_valor = '98765-T' where conf_propiedad = 'TARJETA "
+             "PROFESIONAL DEL CONTADOR PUBLICO'"});
+        s.dm.cargue_configuracion();
+    }
+    /// Lo que toda hoja lleva, y las firmas con algo encima.
+    static void revise_hojas(const QString& quien, const QString& texto, bool firmado) {
+        const QStringList hojas = hojas_de(texto);
+        for (int h = 0; h < hojas.size(); ++h) {
+            const QString donde = QString("%1, hoja %2\n%3").arg(quien).arg(h + 1).arg(hojas[h]);
+            QVERIFY2(hojas[h].contains(QLatin1String(kCompania)) &&
+                         hojas[h].contains("NIT 901555123-4"),
+                     qPrintable(donde));
+            QVERIFY2(hojas[h].contains(QString("Página %1 de %2").arg(h + 1).arg(hojas.size())),
+                     qPrintable(donde));
+            QVERIFY2(hojas[h].contains("Libro 2649"), qPrintable(donde));
+            QVERIFY2(hojas[h].contains(QRegularExpression(R"(\d\.\d\d)")), qPrintable(donde));
+        }
+        const QString& ultima = hojas.last();
+        QCOMPARE(ultima.contains("Revisor fiscal"), firmado);
+        if (firmado)
+            QVERIFY2(ultima.contains("Rosa Peña") && ultima.contains("T.P. No. 98765-T"),
+                     qPrintable(quien + '\n' + ultima));
+    }
+};
+
+void PruebaHojas::sin_movimiento_se_dice_que_no_hay_datos() {
+    SesionGui s;
+    prepare(s);
+    for (const EstadoImpreso& e : estados()) {
+        auto* f = qobject_cast<FormaRango*>(pantallas().abrir(e.clase, AbreInforme{e.tipo}));
+        if (e.clase == "Tfrngcomparacentro")
+            llene(f, kDosCentros);
+        Interlocutor i;
+        i.espere("No hay datos que cumplan con los rangos indicados.");
+        s.escritorio.active(f);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(e.clase + ' ' + e.tipo + ": " + i.queja()));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!s.escritorio.abierta(e.clase));
+    }
+}
+
+void PruebaHojas::de_una_a_tres_mil_cuentas_data() {
+    QTest::addColumn<int>("cuentas");
+    for (int n : {1, 20, 1500})
+        QTest::addRow("%d cuentas", 2 * n) << n;
+}
+
+void PruebaHojas::de_una_a_tres_mil_cuentas() {
+    QFETCH(int, cuentas);
+    SesionGui s;
+    arme_volumen(s.base.base(), cuentas);
+    prepare(s);
+    // Con el detalle que cuelga, una hoja que empieza a mitad de una cuenta la anuncia.
+    const auto revise_anuncio = [&](const QString& quien, const QString& texto,
+                                    const QString& de_detalle) {
+        const QRegularExpression fila("^\\s*" + de_detalle, QRegularExpression::MultilineOption);
+        const QStringList hojas = hojas_de(texto);
+        int anunciadas = 0;
+        for (qsizetype h = 1; h < hojas.size(); ++h)
+            anunciadas += int(hojas[h].count("(continuación)"));
+        if (cuentas > 1)
+            QVERIFY2(anunciadas > 0, qPrintable(quien));
+        QCOMPARE(texto.count(fila) > 0, true);
+    };
+    for (const EstadoImpreso& e : estados()) {
+        const QString quien = e.clase + ' ' + e.tipo + ' ' + e.casillas.join(',');
+        const QString texto = corra(e, e.clase == "Tfrngcomparacentro" ? kCentros0001 : Cajas());
+        revise_hojas(quien, texto, e.clase != "Tfrngcomparacentro");
+        if (e.tipo == "G")
+            continue; // no llega a las cuentas
+        const bool balance = !e.clase.startsWith("Tfrngresul");
+        const bool centros = e.casillas.contains("Centro") || e.clase == "Tfrngcomparacentro";
+        const char* grupo = balance ? "1305" : "4135";
+        for (int i = 0; i < cuentas && !centros; i += qMax(1, cuentas / 200))
+            QCOMPARE(renglones_con(texto, hoja(grupo, i) + "\\b(?!.*continuación)").size(), 1);
+        const bool por_tercero = e.clase.endsWith("tercero") || e.casillas.contains("ckterceros") ||
+                                 e.casillas.contains("cktercero") ||
+                                 e.casillas.contains("CkTerceros");
+        const bool por_centro =
+            (e.clase.endsWith("centro") && !centros) || e.casillas.contains("ckcentro");
+        if (por_tercero)
+            revise_anuncio(quien, texto, "7\\d{6}\\b");
+        else if (por_centro && e.clase != "Tfrngcomparacentro")
+            revise_anuncio(quien, texto, "0001 \\d{4}\\b");
+    }
+    for (const char* letra : {"P", "F"})
+        revise_hojas(letra, imprima("Tfcambiopatr", {}, {}, nullptr, AbreInforme{letra}), true);
+    revise_hojas("anual", imprima("Tfrngresultadoanual", {}), true);
+    for (const char* letra : {"M", "I", "D"}) {
+        const QString texto =
+            imprima("Tfrngoficiales", {{"Nivel", "5"}}, {}, nullptr, AbreInforme{letra});
+        revise_hojas(letra, texto, false);
+        QCOMPARE(renglones_con(texto, hoja("1305", 0) + "\\b(?!.*continuación)").size(), 1);
+    }
+}
+
+QTEST_MAIN(PruebaHojas)
+#include "prueba_hojas.moc"

@@ -1,0 +1,11 @@
+#pragma once
+// A dónde fue lo que se imprimió o se grabó. El piso de la sesión lo dice en la barra de estado.
+#include <QString>
+#include <functional>
+
+/// Quién dice los avisos; sin nadie, se pierden.
+void diga_salidas(std::function<void(const QString& texto)> quien);
+/// "Grabado en /ruta/balance.pdf".
+void avise_grabado(const QString& ruta);
+/// "Impreso en la impresora del sistema: 3 páginas". `impresora` vacía es la del sistema.
+void avise_impreso(const QString& impresora, int paginas);
