@@ -61,7 +61,8 @@ void Tfauxiliar::arme() {
     for (int i = 0; i < CAuxiliar.FieldCount(); ++i) {
         const Campo& campo = CAuxiliar.Fields(i);
         if (kAnchos.contains(campo.FieldName))
-            columnas.append({campo.FieldName, campo.etiqueta(), kAnchos.value(campo.FieldName)});
+            columnas.append({campo.FieldName, campo.etiqueta(), kAnchos.value(campo.FieldName), 0,
+                             campo.FieldName == "FECHA" ? "aaaa/mm/dd" : ""});
     }
     DBGridEh1->columnas(columnas);
     DBGridEh1->texto_vacio = "La cuenta no tiene movimientos en el período. F5 registra un "

@@ -1,9 +1,12 @@
 #include "toolkit/marcos.h"
 
+#include "toolkit/barrabotones.h"
 #include "toolkit/orden_lectura.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
@@ -13,7 +16,56 @@ MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
     setWindowTitle(pantalla->windowTitle());
     connect(pantalla, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     setWidget(pantalla);
+    // La que cierra la pantalla, y no otra que tenga en medio.
+    const QLayout* todo = pantalla->layout();
+    if (const QLayoutItem* ultimo =
+            todo && todo->count() ? todo->itemAt(todo->count() - 1) : nullptr)
+        botones_ = qobject_cast<BarraBotones*>(const_cast<QLayoutItem*>(ultimo)->widget());
+    if (botones_) {
+        botones_->setAutoFillBackground(true);
+        botones_->installEventFilter(this);
+    }
     pantalla->show();
+}
+
+void MarcoPantalla::fije_botones() {
+    if (!botones_ || !pantalla_ || fijando_)
+        return;
+    fijando_ = true;
+    const QVariant natural = botones_->property(kLugarNatural);
+    QRect lugar = natural.isValid() ? natural.toRect() : botones_->geometry();
+    const int fondo = verticalScrollBar()->value() + viewport()->height();
+    const int sobra = pantalla_->height() - lugar.bottom() - 1; // el margen de abajo
+    const int borde = fondo - qMax(0, sobra);
+    if (lugar.bottom() >= borde) {
+        botones_->setProperty(kLugarNatural, lugar);
+        lugar.moveBottom(borde - 1);
+    } else {
+        botones_->setProperty(kLugarNatural, QVariant());
+    }
+    botones_->setGeometry(lugar);
+    botones_->raise();
+    fijando_ = false;
+}
+
+void MarcoPantalla::scrollContentsBy(int dx, int dy) {
+    QScrollArea::scrollContentsBy(dx, dy);
+    fije_botones();
+}
+
+void MarcoPantalla::resizeEvent(QResizeEvent* evento) {
+    QScrollArea::resizeEvent(evento);
+    fije_botones();
+}
+
+bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
+    // La disposición de la pantalla la acaba de poner en su lugar.
+    if (objeto == botones_ && !fijando_ &&
+        (evento->type() == QEvent::Move || evento->type() == QEvent::Resize)) {
+        botones_->setProperty(kLugarNatural, QVariant());
+        fije_botones();
+    }
+    return QScrollArea::eventFilter(objeto, evento);
 }
 
 void MarcoPantalla::suelte() {

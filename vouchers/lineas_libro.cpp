@@ -2,7 +2,9 @@
 
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
+#include "vouchers/nombres_en_linea.h"
 #include "vouchers/pch.h"
+#include "vouchers/piezas.h"
 
 #include <QScopedValueRollback>
 
@@ -81,6 +83,7 @@ QWidget* LineasLibro::construya_pagina() {
     const QString n = es_niif(libro) ? QStringLiteral("N") : QString();
     rejilla = new Rejilla(pagina);
     rejilla->setObjectName(es_niif(libro) ? "DBGridEh2" : "DBGridEh1");
+    new NombresEnLinea(rejilla, libro, kCuenta);
     QVector<DefinicionColumna> columnas;
     for (const Titulo& t : titulos(c_))
         columnas.push_back({t.campo, es_niif(libro) ? t.titulo_niif : t.titulo_2649, t.ancho,
@@ -119,12 +122,12 @@ QWidget* LineasLibro::construya_pagina() {
     const auto con_saldo = [](QWidget* nombres, QWidget* caja) {
         return caja ? Formulario::junto({nombres, caja}) : nombres;
     };
-    f.fila(
-        {{"Cuenta", con_saldo(NomCuenta, ESaldocta)}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
-    f.fila({{"Tercero", con_saldo(NomTerc, ESaldoter)},
+    f.fila({{"Cuenta", con_saldo(NomCuenta, ESaldocta)},
+            {"Tercero", con_saldo(NomTerc, ESaldoter)},
+            {"Proyecto", con_saldo(Formulario::junto({NomProy, NomCent}), ESaldocent)}});
+    f.fila({{"Débitos", Formulario::junto({Sumadeb, rotulo("Créditos", SumCred), SumCred})},
             {"Dif. débito", Difdeb},
             {"Dif. crédito", DifCred}});
-    f.fila({{"Proyecto", con_saldo(Formulario::junto({NomProy, NomCent}), ESaldocent)}});
     complete(f);
     NomCuenta->setAccessibleName("Nombre de la cuenta");
     NomTerc->setAccessibleName("Nombre del tercero");

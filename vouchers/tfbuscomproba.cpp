@@ -27,7 +27,7 @@ Tfbuscomproba::Tfbuscomproba()
                       "BitBtn1", true);
     filtros_->al_buscar = [this] { BitBtn1Click(); };
     DBGridEh1 = rejilla("DBGridEh1",
-                        {{"ENCO_FECHA", "Fecha", 9},
+                        {{"ENCO_FECHA", "Fecha", 10, 0, "aaaa/mm/dd"},
                          {"TICO_COD", "Tipo", 5},
                          {"PRCO_PREF", "Prefijo", 7},
                          {"ENCO_NUMERO", "Número", 9},

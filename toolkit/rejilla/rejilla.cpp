@@ -3,47 +3,21 @@
 
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/indicador_filas.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/pie_rejilla.h"
+#include "toolkit/rejilla/tabla_rejilla.h"
 
 #include <QScrollBar>
 #include <QSettings>
 
 namespace {
 
-constexpr int kFilasMedidas = 100;   ///< filas que deciden el ancho de una columna
 constexpr int kEsperaAnchosMs = 400; ///< el arrastre de un título se guarda una vez
-
-/// La cifra de más letras entre esas filas, sin dar formato a cada una: la mayor y la menor.
-int ancho_de_cifra(const Rejilla& rejilla, int columna, int desde, int hasta) {
-    const ModeloConjunto& modelo = rejilla.modelo();
-    int mayor = desde, menor = desde;
-    Moneda alta, baja;
-    for (int f = desde; f < hasta; ++f) {
-        const Moneda v = modelo.valor(f, columna).moneda();
-        if (v > alta)
-            alta = v, mayor = f;
-        if (v < baja)
-            baja = v, menor = f;
-    }
-    int ancho = 0;
-    for (const int f : {mayor, menor})
-        if (f < hasta)
-            ancho =
-                qMax(ancho, rejilla.itemDelegate()->sizeHint({}, modelo.index(f, columna)).width());
-    return ancho;
-}
-
-void haga_caber_cifras(Rejilla& rejilla, int desde, int hasta) {
-    for (int c = 0; c < rejilla.cuenta_columnas(); ++c)
-        if (rejilla.modelo().numerica(c) && !rejilla.isColumnHidden(c))
-            rejilla.setColumnWidth(
-                c, qMax(rejilla.columnWidth(c), ancho_de_cifra(rejilla, c, desde, hasta)));
-}
 
 } // namespace
 
@@ -89,14 +63,21 @@ Rejilla::Rejilla(QWidget* padre, ConjuntoDatos* conjunto)
     disconnect(encabezado_, SIGNAL(sectionPressed(int)), this, nullptr);
     disconnect(encabezado_, SIGNAL(sectionEntered(int)), this, nullptr);
     connect(encabezado_, &QHeaderView::sectionClicked, this, &Rejilla::titulo_oprimido);
-    connect(encabezado_, &QHeaderView::sectionResized, this, [this] {
+    connect(encabezado_, &QHeaderView::sectionResized, this, [this](int c, int antes, int ancho) {
         pie_->update();
         ubique_editor();
-        if (!ajustando_anchos_ && ajustes_ && anchos_puestos_)
-            reloj_anchos_->start(kEsperaAnchosMs);
+        // Mostrar u ocultar una columna, o repartir el espacio, no es escoger su ancho.
+        if (encabezado_->anchos().repartiendo() || !encabezado_->arrastrando() || antes == 0 ||
+            ancho == 0)
+            return;
+        encabezado_->anchos().escoja(c, ancho);
+        reloj_anchos_->start(kEsperaAnchosMs);
     });
     reloj_anchos_->setSingleShot(true);
-    connect(reloj_anchos_, &QTimer::timeout, this, &Rejilla::guarde_anchos);
+    connect(reloj_anchos_, &QTimer::timeout, this, [this] {
+        guarde_anchos();
+        encabezado_->anchos().mida(); // los textos se quedan con lo que el arrastre dejó
+    });
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         pie_->update();
         ubique_editor();
@@ -113,9 +94,10 @@ Rejilla::Rejilla(QWidget* padre, ConjuntoDatos* conjunto)
 
 Rejilla::~Rejilla() {
     disconnect(qApp, nullptr, this, nullptr);
-    if (reloj_anchos_->isActive())
-        guarde_anchos();
+    const bool por_guardar = reloj_anchos_->isActive();
     modelo_->enlace(nullptr);
+    if (por_guardar)
+        guarde_anchos();
 }
 
 // ---------------------------------------------------------------- columnas
@@ -201,6 +183,8 @@ void Rejilla::columna_cambiada() {
     for (int i = 0; i < int(columnas_.size()); ++i)
         setColumnHidden(i, !columnas_[size_t(i)]->Visible);
     modelo_->columnas_cambiadas();
+    if (anchos_puestos_)
+        aplique_anchos();
     const int actual = SelectedIndex();
     if (actual >= 0 && isColumnHidden(actual) && !moviendo_)
         fije_actual(conjunto() ? conjunto()->RecNo() : -1, columna_visible(0, 1));
@@ -217,92 +201,38 @@ void Rejilla::mida_filas() {
 }
 
 void Rejilla::ajuste_anchos() {
-    const bool antes = std::exchange(ajustando_anchos_, true);
-    const QFontMetrics medidas(font());
-    QFont negrilla = font();
-    negrilla.setBold(true);
-    const QFontMetrics medidas_pie(negrilla);
-    const int aire = DelegadoCelda::margen(medidas);
-    const int filas = qMin(modelo_->rowCount(), kFilasMedidas);
-    const QStyleOptionViewItem opcion;
-    QVector<int> anchos, contenidos;
-    int libre = viewport()->width();
-    for (int c = 0; c < int(columnas_.size()); ++c) {
-        const ColumnaRejilla& columna = *columnas_[size_t(c)];
-        const int declarado = ancho_caracteres(medidas, columna.ancho);
-        int contenido = 0;
-        for (int f = 0; f < filas && !columna.casilla; ++f)
-            contenido =
-                qMax(contenido, itemDelegate()->sizeHint(opcion, modelo_->index(f, c)).width());
-        if (modelo_->numerica(c))
-            contenido = qMax(contenido, ancho_de_cifra(*this, c, filas, modelo_->rowCount()));
-        if (columna.ConSuma)
-            contenido = qMax(contenido, medidas_pie.horizontalAdvance(pie_->texto(c)) + 4 * aire);
-        // El contenido manda, sin que un nombre largo saque de la vista lo demás ni una columna
-        // vacía se quede sin dónde escribir. Un importe siempre cabe.
-        int ancho = declarado;
-        if (filas > 0 && !columna.casilla)
-            ancho = qBound(declarado * 6 / 10, contenido,
-                           modelo_->numerica(c) ? qMax(declarado, contenido) : declarado * 3 / 2);
-        ancho = qMax(encabezado_->sectionSizeHint(c), ancho);
-        anchos << ancho;
-        contenidos << contenido;
-        if (!isColumnHidden(c))
-            libre -= ancho;
-    }
-    for (int c = 0; c < int(columnas_.size()); ++c) {
-        // Lo que sobra a la derecha es de los textos que no caben.
-        if (const int falta = contenidos[c] - anchos[c];
-            isVisible() && !isColumnHidden(c) && falta > 0 && libre > 0) {
-            const int mas = qMin(falta, libre);
-            anchos[c] += mas;
-            libre -= mas;
-        }
-        setColumnWidth(c, anchos[c]);
-    }
-    ajustando_anchos_ = antes;
+    encabezado_->anchos().mida();
 }
 
 void Rejilla::aplique_anchos() {
-    if (columnas_.empty())
+    if (columnas_.empty() || ajustando_anchos_)
         return;
     const bool antes = std::exchange(ajustando_anchos_, true);
     ajuste_anchos();
-    bool guardados = false;
-    if (ajustes_) {
-        const qreal unidad = QFontMetricsF(font()).averageCharWidth();
-        for (const QString& par : ajustes_->value(clave_anchos_).toStringList()) {
-            const int c = columna_de(par.section('=', 0, 0));
-            const double ancho = par.section('=', 1).toDouble();
-            if (c >= 0 && ancho > 0) {
-                setColumnWidth(c, qRound(ancho * unidad));
-                guardados = true;
-            }
-        }
-    }
     // Sin filas todavía, el contenido decidirá cuando llegue.
-    anchos_puestos_ = guardados || modelo_->rowCount() > 0;
+    anchos_puestos_ = modelo_->rowCount() > 0;
     ajustando_anchos_ = antes;
 }
 
 void Rejilla::guarde_en(QSettings* ajustes, const QString& clave) {
     ajustes_ = ajustes;
     clave_anchos_ = clave + QStringLiteral("/anchos");
+    QMap<QString, double> escogidos;
+    for (const QString& par : ajustes_->value(clave_anchos_).toStringList())
+        if (const double ancho = par.section('=', 1).toDouble(); ancho > 0)
+            escogidos.insert(par.section('=', 0, 0), ancho);
+    encabezado_->anchos().escogidos(escogidos);
     aplique_anchos();
 }
 
 void Rejilla::guarde_anchos() {
-    if (!ajustes_)
-        return;
-    // En caracteres, para que valgan con otra letra u otra escala.
-    const qreal unidad = QFontMetricsF(font()).averageCharWidth();
+    // Solo los que el usuario arrastró: los demás siguen acomodándose al contenido y a la ventana.
+    const QMap<QString, double> escogidos = encabezado_->anchos().escogidos();
     QStringList anchos;
-    for (int c = 0; c < int(columnas_.size()); ++c)
-        if (!isColumnHidden(c))
-            anchos << QStringLiteral("%1=%2")
-                          .arg(columnas_[size_t(c)]->FieldName)
-                          .arg(columnWidth(c) / unidad, 0, 'f', 2);
-    ajustes_->setValue(clave_anchos_, anchos);
+    for (auto a = escogidos.begin(); a != escogidos.end(); ++a)
+        anchos << QStringLiteral("%1=%2").arg(a.key()).arg(a.value(), 0, 'f', 2);
+    if (ajustes_ && !anchos.isEmpty())
+        ajustes_->setValue(clave_anchos_, anchos);
 }
 
 // ---------------------------------------------------------------- geometría y pintado
@@ -326,6 +256,7 @@ void Rejilla::updateGeometries() {
         verticalScrollBar()->setRange(0, qMax(0, modelo_->rowCount() - caben));
     }
     geometria_ = false;
+    encabezado_->anchos().reparta();
     ubique_editor();
     // Un primer paquete que no llena la vista no se deja desplazar: el siguiente se pide ya.
     if (isVisible() && modelo_->canFetchMore({}) &&
@@ -359,6 +290,8 @@ const Rejilla::Aspecto& Rejilla::aspecto_de(int fila) const {
 
 void Rejilla::showEvent(QShowEvent* evento) {
     QTableView::showEvent(evento);
+    if (accessibleName().isEmpty())
+        setAccessibleName(QStringLiteral("Lista de ") + TablaRejilla(*this).titulo());
     // Antes de mostrarse no se sabía cuánto espacio hay.
     if (!evento->spontaneous() && !std::exchange(mostrada_, true))
         aplique_anchos();
@@ -408,8 +341,10 @@ void Rejilla::conjunto_reiniciado() {
     todo_ = false;
     if (!marcas_.empty() && !escribiendo_)
         quite_marcas();
-    if (!anchos_puestos_ && modelo_->rowCount() > 0 && !ajustando_anchos_)
+    if (!anchos_puestos_ && modelo_->rowCount() > 0)
         aplique_anchos();
+    else if (anchos_puestos_)
+        encabezado_->anchos().mida_filas(0, modelo_->rowCount());
     cursor_movido();
     pie_->update();
     indicador_->viewport()->update();
@@ -455,12 +390,9 @@ void Rejilla::filas_corridas(int desde, int cuantas) {
     fila_aspecto_ = -1;
     if (!anchos_puestos_ && modelo_->rowCount() > 0 && !conjunto()->editando())
         aplique_anchos();
-    // Un paquete recién traído puede traer una cifra más larga; el ancho del usuario es suyo.
-    else if (cuantas > 1 && !(ajustes_ && ajustes_->contains(clave_anchos_))) {
-        const bool antes = std::exchange(ajustando_anchos_, true);
-        haga_caber_cifras(*this, desde, desde + cuantas);
-        ajustando_anchos_ = antes;
-    }
+    // Un paquete recién traído puede traer una cifra más larga.
+    else if (cuantas > 1)
+        encabezado_->anchos().mida_filas(desde, desde + cuantas);
     if (todo_ && cuantas > 0)
         seleccione_todo();
     pie_->update();
