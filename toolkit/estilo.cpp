@@ -65,19 +65,31 @@ protected:
             return false;
         if (evento->type() == QEvent::FocusOut && se_va(*static_cast<QFocusEvent*>(evento)))
             caja->setCursorPosition(0);
+        if (evento->type() == QEvent::FocusIn)
+            QMetaObject::invokeMethod(
+                caja, [caja] { empiece_por_el_comienzo(caja); }, Qt::QueuedConnection);
         if (evento->type() != QEvent::ToolTip || !caja->toolTip().isEmpty() ||
             caja->echoMode() != QLineEdit::Normal)
             return false;
-        const QString texto = caja->text();
-        const int hueco = caja->contentsRect().width() - 2 * caja->fontMetrics().averageCharWidth();
-        if (caja->fontMetrics().horizontalAdvance(texto) <= hueco)
+        if (cabe(caja))
             return false;
         QToolTip::showText(static_cast<QHelpEvent*>(evento)->globalPos(),
-                           QStringLiteral("<p>%1</p>").arg(texto.toHtmlEscaped()), caja);
+                           QStringLiteral("<p>%1</p>").arg(caja->text().toHtmlEscaped()), caja);
         return true;
     }
 
 private:
+    static bool cabe(const QLineEdit* caja) {
+        const QFontMetrics medidas = caja->fontMetrics();
+        return medidas.horizontalAdvance(caja->text()) <=
+               caja->contentsRect().width() - 2 * medidas.averageCharWidth();
+    }
+    /// Al entrar queda todo seleccionado: se lee desde el comienzo, y digitar lo reemplaza igual.
+    static void empiece_por_el_comienzo(QLineEdit* caja) {
+        if (caja->hasFocus() && caja->inputMask().isEmpty() && !cabe(caja) &&
+            caja->selectedText() == caja->text())
+            caja->setSelection(int(caja->text().size()), -int(caja->text().size()));
+    }
     static bool se_va(const QFocusEvent& evento) {
         const Qt::FocusReason r = evento.reason();
         return r != Qt::PopupFocusReason && r != Qt::ActiveWindowFocusReason &&

@@ -2,6 +2,7 @@
 
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
+#include "toolkit/estilo.h"
 #include "vouchers/nombres_en_linea.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -117,23 +118,40 @@ QWidget* LineasLibro::construya_pagina() {
     saldo(DifCred, es_niif(libro) ? c_.dif_credito_niif : c_.dif_credito);
 
     Formulario f(pagina);
+    pagina->layout()->setContentsMargins(paso(), paso(0.75), paso(), paso(0.75));
+    pagina->layout()->setSpacing(paso(0.75));
     f.ancha(rejilla, 1);
-    // Sin saldos el nombre queda solo.
-    const auto con_saldo = [](QWidget* nombres, QWidget* caja) {
-        return caja ? Formulario::junto({nombres, caja}) : nombres;
-    };
-    f.fila({{"Cuenta", con_saldo(NomCuenta, ESaldocta)},
-            {"Tercero", con_saldo(NomTerc, ESaldoter)},
-            {"Proyecto", con_saldo(Formulario::junto({NomProy, NomCent}), ESaldocent)}});
-    f.fila({{"Débitos", Formulario::junto({Sumadeb, rotulo("Créditos", SumCred), SumCred})},
-            {"Dif. débito", Difdeb},
-            {"Dif. crédito", DifCred}});
+    disponga_nombres(f);
     complete(f);
     NomCuenta->setAccessibleName("Nombre de la cuenta");
     NomTerc->setAccessibleName("Nombre del tercero");
     NomProy->setAccessibleName("Nombre del proyecto");
     NomCent->setAccessibleName("Nombre del centro");
     return pagina;
+}
+
+void LineasLibro::disponga_nombres(Formulario& f) {
+    // Dos renglones para que quepan más líneas; sin saldos los nombres quedan solos.
+    auto* nombres = new QWidget;
+    auto* renglon = new QHBoxLayout(nombres);
+    renglon->setContentsMargins(0, 0, 0, 0);
+    renglon->setSpacing(paso(0.5));
+    const auto ponga = [&](const char* titulo, std::initializer_list<QLineEdit*> cajas,
+                           EditorNumero* saldo) {
+        renglon->addWidget(rotulo(titulo, *cajas.begin()));
+        for (QLineEdit* caja : cajas)
+            renglon->addWidget(caja, 1);
+        if (saldo)
+            renglon->addWidget(saldo);
+    };
+    ponga("Cuenta", {NomCuenta}, ESaldocta);
+    ponga("Tercero", {NomTerc}, ESaldoter);
+    ponga("Proyecto", {NomProy, NomCent}, ESaldocent);
+    f.ancha(nombres);
+    f.fila({{"Débitos", Sumadeb},
+            {"Créditos", SumCred},
+            {"Dif. débito", Difdeb},
+            {"Dif. crédito", DifCred}});
 }
 
 void LineasLibro::ate_eventos() {
