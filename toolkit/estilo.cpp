@@ -52,6 +52,8 @@ public:
             return;
         caja->setProperty("lector", QVariant::fromValue<QObject*>(this));
         caja->installEventFilter(this);
+        if (!caja->hasFocus())
+            caja->home(false);
         connect(caja, &QLineEdit::textChanged, this, [caja] {
             if (!caja->hasFocus())
                 caja->home(false);
@@ -162,15 +164,15 @@ public:
             }
         }
         if (elemento == PE_FrameGroupBox) {
-            pintor->save();
-            pintor->setRenderHint(QPainter::Antialiasing);
-            pintor->setPen(opcion->palette.color(QPalette::Mid));
-            pintor->setBrush(Qt::NoBrush);
-            pintor->drawRoundedRect(QRectF(opcion->rect).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-            pintor->restore();
+            borde(pintor, opcion->rect, opcion->palette, 3);
             return;
         }
         QProxyStyle::drawPrimitive(elemento, opcion, pintor, widget);
+        // Fusion saca los bordes del fondo: en oscuro no se verían.
+        if (oscuro_ && (elemento == PE_FrameLineEdit || elemento == PE_IndicatorCheckBox ||
+                        elemento == PE_IndicatorRadioButton))
+            borde(pintor, opcion->rect, opcion->palette,
+                  elemento == PE_IndicatorRadioButton ? opcion->rect.width() / 2 : 2);
         if (elemento == PE_FrameLineEdit && opcion->state.testFlag(State_HasFocus))
             anillo(pintor, opcion->rect);
         if (elemento == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget) &&
@@ -225,6 +227,15 @@ public:
 private:
     mutable LectorDeCajas lector_;
 
+    static void borde(QPainter* pintor, const QRect& marco, const QPalette& colores, qreal curva) {
+        pintor->save();
+        pintor->setRenderHint(QPainter::Antialiasing);
+        pintor->setPen(colores.color(QPalette::Mid));
+        pintor->setBrush(Qt::NoBrush);
+        pintor->drawRoundedRect(QRectF(marco).adjusted(0.5, 0.5, -0.5, -0.5), curva, curva);
+        pintor->restore();
+    }
+
     static void anillo(QPainter* pintor, const QRect& marco) {
         const qreal grueso = qMax(2, escalado(2));
         pintor->save();
@@ -272,14 +283,16 @@ QPalette paleta() {
     return p;
 }
 
-/// El escritorio dice su tema con su paleta; QUORVEX_TEMA (claro u oscuro) manda donde no lo dice.
+/// El escritorio dice su tema con su paleta, o lo averiguó la aplicación (propiedad "tema");
+/// QUORVEX_TEMA (claro u oscuro) manda sobre los dos.
 bool pide_oscuro(const QApplication& aplicacion) {
     const QString tema = qEnvironmentVariable("QUORVEX_TEMA");
     if (tema == QLatin1String("claro") || tema == QLatin1String("oscuro"))
         return tema == QLatin1String("oscuro");
     const QPalette del_sistema = aplicacion.palette();
-    return del_sistema.color(QPalette::Window).lightness() <
-           del_sistema.color(QPalette::WindowText).lightness();
+    return aplicacion.property("tema").toString() == QLatin1String("oscuro") ||
+           del_sistema.color(QPalette::Window).lightness() <
+               del_sistema.color(QPalette::WindowText).lightness();
 }
 
 } // namespace

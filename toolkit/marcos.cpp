@@ -9,6 +9,17 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+namespace {
+
+/// La barra de botones con que termina la pantalla; nulo si termina en otra cosa.
+QWidget* barra_final(const Pantalla& pantalla) {
+    QLayout* todo = pantalla.layout();
+    QLayoutItem* ultimo = todo && todo->count() ? todo->itemAt(todo->count() - 1) : nullptr;
+    return ultimo ? qobject_cast<BarraBotones*>(ultimo->widget()) : nullptr;
+}
+
+} // namespace
+
 MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
@@ -16,11 +27,7 @@ MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
     setWindowTitle(pantalla->windowTitle());
     connect(pantalla, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     setWidget(pantalla);
-    // La que cierra la pantalla, y no otra que tenga en medio.
-    const QLayout* todo = pantalla->layout();
-    if (const QLayoutItem* ultimo =
-            todo && todo->count() ? todo->itemAt(todo->count() - 1) : nullptr)
-        botones_ = qobject_cast<BarraBotones*>(const_cast<QLayoutItem*>(ultimo)->widget());
+    botones_ = barra_final(*pantalla);
     if (botones_) {
         botones_->setAutoFillBackground(true);
         botones_->installEventFilter(this);
@@ -29,22 +36,21 @@ MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
 }
 
 void MarcoPantalla::fije_botones() {
-    if (!botones_ || !pantalla_ || fijando_)
+    if (!botones_ || !pantalla_ || fijando_ || barra_final(*pantalla_) != botones_)
         return;
     fijando_ = true;
-    const QVariant natural = botones_->property(kLugarNatural);
-    QRect lugar = natural.isValid() ? natural.toRect() : botones_->geometry();
-    const int fondo = verticalScrollBar()->value() + viewport()->height();
-    const int sobra = pantalla_->height() - lugar.bottom() - 1; // el margen de abajo
-    const int borde = fondo - qMax(0, sobra);
-    if (lugar.bottom() >= borde) {
-        botones_->setProperty(kLugarNatural, lugar);
-        lugar.moveBottom(borde - 1);
-    } else {
-        botones_->setProperty(kLugarNatural, QVariant());
-    }
+    // Donde la disposición la pone: al pie de la pantalla.
+    QRect natural = botones_->geometry();
+    natural.moveBottom(pantalla_->layout()->contentsRect().bottom());
+    const int margen = pantalla_->height() - natural.bottom() - 1;
+    const int fondo = verticalScrollBar()->value() + viewport()->height() - margen - 1;
+    QRect lugar = natural;
+    if (natural.bottom() > fondo)
+        lugar.moveBottom(fondo);
+    botones_->setProperty(kLugarNatural, lugar == natural ? QVariant() : QVariant(natural));
     botones_->setGeometry(lugar);
-    botones_->raise();
+    if (lugar != natural)
+        botones_->raise();
     fijando_ = false;
 }
 
@@ -61,10 +67,8 @@ void MarcoPantalla::resizeEvent(QResizeEvent* evento) {
 bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
     // La disposición de la pantalla la acaba de poner en su lugar.
     if (objeto == botones_ && !fijando_ &&
-        (evento->type() == QEvent::Move || evento->type() == QEvent::Resize)) {
-        botones_->setProperty(kLugarNatural, QVariant());
+        (evento->type() == QEvent::Move || evento->type() == QEvent::Resize))
         fije_botones();
-    }
     return QScrollArea::eventFilter(objeto, evento);
 }
 

@@ -147,7 +147,7 @@ void LineasLibro::disponga_nombres(Formulario& f) {
     ponga("Cuenta", {NomCuenta}, ESaldocta);
     ponga("Tercero", {NomTerc}, ESaldoter);
     ponga("Proyecto", {NomProy, NomCent}, ESaldocent);
-    f.ancha(nombres);
+    f.ancha(nombres, 0);
     f.fila({{"Débitos", Sumadeb},
             {"Créditos", SumCred},
             {"Dif. débito", Difdeb},

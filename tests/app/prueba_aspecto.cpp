@@ -160,6 +160,18 @@ void revise_vacias(const Pantalla* p, QStringList& faltas) {
             faltas << de(r) + " no diría que está vacía";
 }
 
+/// A un monitor corriente, quien digita ve el asiento y no una ventanilla.
+void revise_lineas(const Pantalla* p, QStringList& faltas) {
+    constexpr int kLineas = 14;
+    if (monitor() != QSize(1366, 768) ||
+        !QStringList{"Tfmovimien", "Tfedtmovimien"}.contains(p->objectName()))
+        return;
+    const auto* r = p->findChild<Rejilla*>("DBGridEh1");
+    const int caben = r->viewport()->height() / r->verticalHeader()->defaultSectionSize();
+    if (caben < kLineas)
+        faltas << QString("solo se ven %1 líneas").arg(caben);
+}
+
 } // namespace
 
 class PruebaAspecto : public QObject {
@@ -193,6 +205,7 @@ private slots:
                 revise_nombres(p, suyas);
                 revise_botones(p, suyas);
                 revise_vacias(p, suyas);
+                revise_lineas(p, suyas);
                 if (p->objectName() == "Tfmovimien")
                     tome_foto(s_->principal.get(),
                               QString::fromLatin1(QTest::currentDataTag()) + "_principal");

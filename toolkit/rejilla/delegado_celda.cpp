@@ -132,15 +132,19 @@ void DelegadoCelda::acompane(int columna, std::function<QString(int fila)> texto
     acompanantes_[columna] = std::move(texto);
 }
 
+QString DelegadoCelda::acompanante(const QModelIndex& indice) const {
+    const auto a = acompanantes_.find(indice.column());
+    return a == acompanantes_.end() ? QString() : a->second(indice.row());
+}
+
 void DelegadoCelda::pinte_acompanante(QPainter& pintor, const QRect& hueco,
                                       const QModelIndex& indice) const {
-    const auto a = acompanantes_.find(indice.column());
     const QFontMetrics medidas = pintor.fontMetrics();
-    if (a == acompanantes_.end() || hueco.width() < medidas.averageCharWidth() * kLetrasUtiles)
+    if (!acompanada(indice.column()) || hueco.width() < medidas.averageCharWidth() * kLetrasUtiles)
         return;
     pintor.setPen(rejilla_.palette().color(QPalette::PlaceholderText));
     pintor.drawText(hueco, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                    medidas.elidedText(a->second(indice.row()), Qt::ElideRight, hueco.width()));
+                    medidas.elidedText(acompanante(indice), Qt::ElideRight, hueco.width()));
 }
 
 QSize DelegadoCelda::sizeHint(const QStyleOptionViewItem&, const QModelIndex& indice) const {
@@ -156,8 +160,7 @@ bool DelegadoCelda::helpEvent(QHelpEvent* evento, QAbstractItemView* vista,
     if (evento->type() != QEvent::ToolTip || !indice.isValid())
         return QStyledItemDelegate::helpEvent(evento, vista, opcion, indice);
     QString texto = rejilla_.modelo().texto(indice.row(), indice.column());
-    const auto a = acompanantes_.find(indice.column());
-    const QString nombre = a == acompanantes_.end() ? QString() : a->second(indice.row());
+    const QString nombre = acompanante(indice);
     if (!nombre.isEmpty())
         texto += "  " + nombre;
     const bool cabe = nombre.isEmpty() && sizeHint(opcion, indice).width() <= opcion.rect.width();

@@ -21,6 +21,7 @@ public:
     /// Texto tenue tras el código de esa columna, donde quede ancho: el nombre de lo que nombra.
     void acompane(int columna, std::function<QString(int fila)> texto);
     bool acompanada(int columna) const { return acompanantes_.count(columna) > 0; }
+    QString acompanante(const QModelIndex& indice) const;
 
     /// Blanco entre el texto y el borde de la celda, a cada lado.
     static int margen(const QFontMetrics& medidas);
