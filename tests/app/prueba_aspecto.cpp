@@ -111,7 +111,9 @@ void revise_anchos(const Rejilla& r, QStringList& faltas) {
         if (QFontMetrics(negrilla).horizontalAdvance(suma) > r.columnWidth(c))
             faltas << de(&r) + '.' + r.columna(c).FieldName + ": la suma invade la columna vecina";
     }
-    if (nombres && total < r.viewport()->width())
+    // Con las filas justas queda reservado el sitio de la barra del lado.
+    const int barra = r.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &r);
+    if (nombres && total < r.viewport()->width() - barra)
         faltas << QString("%1 usa %2 de %3").arg(de(&r)).arg(total).arg(r.viewport()->width());
 }
 

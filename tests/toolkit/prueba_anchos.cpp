@@ -38,6 +38,19 @@ bool cabe(const Rejilla& r, int fila, int columna) {
            r.columnWidth(columna) - 1 - 2 * DelegadoCelda::margen(m);
 }
 
+/// Detiene la prueba si el tamaño de algo no deja de cambiar.
+class CuentaCambios : public QObject {
+public:
+    int cuantos = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* evento) override {
+        if (evento->type() == QEvent::Resize && ++cuantos > 400)
+            qFatal("las barras se persiguen");
+        return false;
+    }
+};
+
 } // namespace
 
 class PruebaAnchos : public QObject {
@@ -94,6 +107,22 @@ private slots:
         QCoreApplication::processEvents();
         QCOMPARE(p.rejilla->columnWidth(p.Debito), debito);
         QCOMPARE(p.rejilla->columnWidth(p.Concepto), concepto + 400);
+    }
+
+    void el_reparto_se_asienta_a_cualquier_tamano() {
+        // Ni a lo ancho ni a lo alto hay un tamaño en que las barras se persigan.
+        RejillaDePrueba p(3);
+        p.rejilla->setMinimumSize(0, 0);
+        // Lo que no se asienta cambia de tamaño sin acabar nunca.
+        CuentaCambios cambios;
+        p.rejilla->viewport()->installEventFilter(&cambios);
+        for (int ancho = 330; ancho < 480; ancho += 5)
+            for (int alto = 100; alto < 200; alto += 5) {
+                cambios.cuantos = 0;
+                p.ventana.resize(ancho, alto);
+                QCoreApplication::processEvents();
+                QVERIFY(p.rejilla->grab().width() > 0);
+            }
     }
 
     void una_cifra_mas_larga_hace_su_sitio_y_el_pie_el_suyo() {

@@ -229,8 +229,18 @@ void AnchosRejilla::pida(int columna, int ancho) {
 
 // ---------------------------------------------------------------- repartir
 
+int AnchosRejilla::ancho_disponible() const {
+    // No depende de las barras que haya ahora: si el reparto quitara la de abajo, y con ella la del
+    // lado, y el ancho de más la devolviera, no acabaría nunca.
+    const QSize todo = rejilla_.maximumViewportSize();
+    const int barra = rejilla_.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &rejilla_);
+    const int filas =
+        rejilla_.modelo().rowCount() * rejilla_.verticalHeader()->defaultSectionSize();
+    return todo.width() - (filas > todo.height() - barra ? barra : 0);
+}
+
 void AnchosRejilla::reparta() {
-    const int disponible = rejilla_.viewport()->width();
+    const int disponible = ancho_disponible();
     if (repartiendo_ || disponible == repartido_ || pedidos_.size() != rejilla_.cuenta_columnas() ||
         pedidos_.isEmpty())
         return;

@@ -44,6 +44,7 @@ public:
     void escogidos(const QMap<QString, double>& anchos) { escogidos_ = anchos; }
 
 private:
+    int ancho_disponible() const;
     PedidoAncho mida_columna(int columna) const;
     int contenido(int columna, int desde, int hasta) const;
     int texto_mas_largo(int columna, int desde, int hasta) const;

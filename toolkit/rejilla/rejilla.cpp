@@ -19,6 +19,23 @@ namespace {
 
 constexpr int kEsperaAnchosMs = 400; ///< el arrastre de un título se guarda una vez
 
+/// Qué barras hacen falta para lo que hay en `sitio`, que no cuenta con ninguna. La una le quita
+/// espacio a la otra: se deciden juntas.
+void ajuste_barras(Rejilla& r, QSize sitio) {
+    const int grueso = r.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &r);
+    const int fila = r.verticalHeader()->defaultSectionSize(), filas = r.model()->rowCount();
+    const int ancho = r.horizontalHeader()->length();
+    bool al_lado = filas * fila > sitio.height();
+    const bool abajo = ancho > sitio.width() - (al_lado ? grueso : 0);
+    al_lado = filas * fila > sitio.height() - (abajo ? grueso : 0);
+    const QSize queda = sitio - QSize(al_lado ? grueso : 0, abajo ? grueso : 0);
+    const int caben = qMax(1, queda.height() / fila);
+    r.verticalScrollBar()->setPageStep(caben);
+    r.verticalScrollBar()->setRange(0, qMax(0, filas - caben));
+    r.horizontalScrollBar()->setPageStep(queda.width());
+    r.horizontalScrollBar()->setRange(0, qMax(0, ancho - queda.width()));
+}
+
 } // namespace
 
 QString Rejilla::compania_impresa;
@@ -243,17 +260,16 @@ void Rejilla::updateGeometries() {
     geometria_ = true;
     QTableView::updateGeometries();
     if (pie_ && pie_->isVisibleTo(this)) {
-        // La base reparte toda la altura: el pie la toma al final y las barras se vuelven a medir.
+        // La base reparte toda la altura: el pie toma la suya al final. Primero las barras, para
+        // que el margen del pie no las quite y las ponga sin acabar nunca.
         const QMargins margenes = viewportMargins();
         const int alto = pie_->sizeHint().height();
+        ajuste_barras(*this, maximumViewportSize() - QSize(0, alto));
         setViewportMargins(margenes.left(), margenes.top(), 0, alto);
         const QRect filas = viewport()->geometry();
         indicador_->setGeometry(indicador_->x(), filas.top(), indicador_->width(), filas.height());
         pie_->setGeometry(indicador_->x(), filas.bottom() + 1, filas.right() + 1 - indicador_->x(),
                           alto);
-        const int caben = qMax(1, filas.height() / indicador_->defaultSectionSize());
-        verticalScrollBar()->setPageStep(caben);
-        verticalScrollBar()->setRange(0, qMax(0, modelo_->rowCount() - caben));
     }
     geometria_ = false;
     encabezado_->anchos().reparta();
