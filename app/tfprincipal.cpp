@@ -176,6 +176,7 @@ void Tfprincipal::acomode_panel_superior() {
 void Tfprincipal::resizeEvent(QResizeEvent* evento) {
     QMainWindow::resizeEvent(evento);
     acomode_panel_superior();
+    acomode_columna();
 }
 
 void Tfprincipal::arme_panel_inferior() {
@@ -220,15 +221,23 @@ QWidget* Tfprincipal::columna_de_botones() {
         connect(oculto, &QPushButton::clicked, destino, &QPushButton::click);
         destino->setToolTip(destino->toolTip() + " (Alt+" + QChar(a.letra).toUpper() + ")");
     }
-    auto* marco = new QScrollArea;
-    marco->setWidget(contenido);
-    marco->setWidgetResizable(true);
-    marco->setFrameShape(QFrame::NoFrame);
-    marco->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    marco->setFocusPolicy(Qt::NoFocus);
-    marco->setFixedWidth(contenido->sizeHint().width() +
-                         marco->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-    return marco;
+    columna_ = new QScrollArea;
+    columna_->setWidget(contenido);
+    columna_->setWidgetResizable(true);
+    columna_->setFrameShape(QFrame::NoFrame);
+    columna_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    columna_->setFocusPolicy(Qt::NoFocus);
+    acomode_columna();
+    return columna_;
+}
+
+void Tfprincipal::acomode_columna() {
+    QWidget* contenido = columna_->widget();
+    for (BotonComando* b : contenido->findChildren<BotonComando*>())
+        b->solo_icono(width() < escalado(760));
+    contenido->layout()->invalidate();
+    columna_->setFixedWidth(contenido->sizeHint().width() +
+                            columna_->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
 }
 
 BotonComando* Tfprincipal::boton(const Comando& comando) {

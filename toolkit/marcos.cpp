@@ -36,7 +36,7 @@ MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
 }
 
 void MarcoPantalla::fije_botones() {
-    if (!botones_ || !pantalla_ || fijando_ || barra_final(*pantalla_) != botones_)
+    if (!isVisible() || !botones_ || !pantalla_ || fijando_ || barra_final(*pantalla_) != botones_)
         return;
     fijando_ = true;
     // Donde la disposición la pone: al pie de la pantalla.
@@ -45,6 +45,14 @@ void MarcoPantalla::fije_botones() {
     const int margen = pantalla_->height() - natural.bottom() - 1;
     const int fondo = verticalScrollBar()->value() + viewport()->height() - margen - 1;
     QRect lugar = natural;
+    // Si la pantalla es más ancha que su ventana, los botones se acomodan en lo que se ve de ella.
+    const int sobra = pantalla_->width() - viewport()->width();
+    const QRect campo = pantalla_->layout()->contentsRect();
+    const int tope = sobra > 0 ? qMax(1, campo.width() - sobra) : QWIDGETSIZE_MAX;
+    if (botones_->maximumWidth() != tope)
+        botones_->setMaximumWidth(tope);
+    if (sobra > 0)
+        lugar.moveLeft(campo.left() + horizontalScrollBar()->value());
     if (natural.bottom() > fondo)
         lugar.moveBottom(fondo);
     botones_->setProperty(kLugarNatural, lugar == natural ? QVariant() : QVariant(natural));
@@ -67,7 +75,8 @@ void MarcoPantalla::resizeEvent(QResizeEvent* evento) {
 bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
     // La disposición de la pantalla la acaba de poner en su lugar.
     if (objeto == botones_ && !fijando_ &&
-        (evento->type() == QEvent::Move || evento->type() == QEvent::Resize))
+        (evento->type() == QEvent::Move || evento->type() == QEvent::Resize ||
+         evento->type() == QEvent::Show))
         fije_botones();
     return QScrollArea::eventFilter(objeto, evento);
 }
