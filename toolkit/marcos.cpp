@@ -39,15 +39,15 @@ void MarcoPantalla::fije_botones() {
     if (!isVisible() || !botones_ || !pantalla_ || fijando_ || barra_final(*pantalla_) != botones_)
         return;
     fijando_ = true;
-    // Donde la disposición la pone: al pie de la pantalla.
+    // Donde la disposición la pone: al pie de la pantalla. Invalidada, la disposición no lo sabe.
+    const QRect campo = pantalla_->rect().marginsRemoved(pantalla_->layout()->contentsMargins());
     QRect natural = botones_->geometry();
-    natural.moveBottom(pantalla_->layout()->contentsRect().bottom());
+    natural.moveBottom(campo.bottom());
     const int margen = pantalla_->height() - natural.bottom() - 1;
     const int fondo = verticalScrollBar()->value() + viewport()->height() - margen - 1;
     QRect lugar = natural;
     // Si la pantalla es más ancha que su ventana, los botones se acomodan en lo que se ve de ella.
     const int sobra = pantalla_->width() - viewport()->width();
-    const QRect campo = pantalla_->layout()->contentsRect();
     const int tope = sobra > 0 ? qMax(1, campo.width() - sobra) : QWIDGETSIZE_MAX;
     if (botones_->maximumWidth() != tope)
         botones_->setMaximumWidth(tope);
