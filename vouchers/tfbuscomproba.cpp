@@ -35,6 +35,7 @@ Tfbuscomproba::Tfbuscomproba()
                          {"ENCO_REFER", "Referencia", 12}},
                         "BuscCompro", Rejilla::VistaPreliminar);
     DBGridEh1->orden_local = true;
+    DBGridEh1->setProperty("sin_consultar", "Escoja las condiciones y oprima Buscar.");
     DBGridEh1->texto_vacio = "No hay comprobantes con esas condiciones.";
     DBGridEh1->OnDblClick = [this](int) { SpeedButton2Click(); };
     DBGridEh1->OnReturn = [this] { SpeedButton2Click(); };

@@ -160,6 +160,9 @@ void revise_vacias(const Pantalla* p, QStringList& faltas) {
     for (const Rejilla* r : p->findChildren<Rejilla*>())
         if (r->isVisible() && r->conjunto() && r->texto_vacio.isEmpty())
             faltas << de(r) + " no diría que está vacía";
+        else if (r->isVisible() && r->conjunto() && !r->conjunto()->Active() &&
+                 r->property("sin_consultar").isNull())
+            faltas << de(r) + " abre en blanco y no dice cómo se consulta";
 }
 
 /// A un monitor corriente, quien digita ve el asiento y no una ventanilla.

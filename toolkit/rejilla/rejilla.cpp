@@ -316,14 +316,17 @@ void Rejilla::showEvent(QShowEvent* evento) {
 void Rejilla::paintEvent(QPaintEvent* evento) {
     fila_aspecto_ = -1;
     QTableView::paintEvent(evento);
-    if (modelo_->rowCount() > 0 || texto_vacio.isEmpty() || !conjunto() || !conjunto()->Active())
+    // Sin consultar todavía no se sabe si está vacía: se dice cómo se consulta.
+    const bool abierta = conjunto() && conjunto()->Active();
+    const QString texto = abierta ? texto_vacio : property("sin_consultar").toString();
+    if (modelo_->rowCount() > 0 || texto.isEmpty() || !conjunto())
         return;
     QPainter pintor(viewport());
     pintor.setPen(palette().color(QPalette::PlaceholderText));
     const int aire = paso(1);
     pintor.drawText(
         viewport()->rect().adjusted(aire, aire * 2, -aire, -aire), Qt::AlignHCenter | Qt::AlignTop,
-        fontMetrics().elidedText(texto_vacio, Qt::ElideRight, viewport()->width() - 2 * aire));
+        fontMetrics().elidedText(texto, Qt::ElideRight, viewport()->width() - 2 * aire));
 }
 
 void Rejilla::changeEvent(QEvent* evento) {
