@@ -45,17 +45,19 @@ class LectorDeCajas : public QObject {
 public:
     using QObject::QObject;
     void atienda(QLineEdit* caja) {
-        // Las de fechas y listas mueven su cursor por secciones.
-        if (qobject_cast<QAbstractSpinBox*>(caja->parentWidget()) ||
+        // Las de fechas y listas mueven su cursor por secciones; a la de una celda el texto le
+        // llega antes que el foco, y se sigue digitando al final.
+        if (caja->inherits("EditorCelda") ||
+            qobject_cast<QAbstractSpinBox*>(caja->parentWidget()) ||
             qobject_cast<QComboBox*>(caja->parentWidget()) ||
             caja->property("lector").value<QObject*>() == this)
             return;
         caja->setProperty("lector", QVariant::fromValue<QObject*>(this));
         caja->installEventFilter(this);
-        if (!caja->hasFocus())
+        if (caja->isReadOnly())
             caja->home(false);
         connect(caja, &QLineEdit::textChanged, this, [caja] {
-            if (!caja->hasFocus())
+            if (caja->isReadOnly() && !caja->hasFocus())
                 caja->home(false);
         });
     }
@@ -94,8 +96,7 @@ private:
     }
     static bool se_va(const QFocusEvent& evento) {
         const Qt::FocusReason r = evento.reason();
-        return r != Qt::PopupFocusReason && r != Qt::ActiveWindowFocusReason &&
-               r != Qt::MenuBarFocusReason;
+        return r == Qt::TabFocusReason || r == Qt::BacktabFocusReason || r == Qt::MouseFocusReason;
     }
 };
 
