@@ -46,7 +46,8 @@ void AvisosBarra::pinte(Color color, const QString& texto) {
 
 void AvisosBarra::texto(const QString& texto) {
     setText(texto);
-    setToolTip(texto.isEmpty() ? QStringLiteral("Clic: los avisos de la sesión") : texto);
+    setToolTip(texto.isEmpty() ? QStringLiteral("Clic o Ctrl+Mayús+H: los avisos de la sesión")
+                               : texto);
     // Que se pidan filas al servidor no es un aviso.
     if (HistoriaAvisos* historia = HistoriaAvisos::de(this); historia && color_ != Azul)
         historia->anote(texto);

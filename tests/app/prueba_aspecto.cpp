@@ -13,6 +13,7 @@
 #include <QAccessible>
 #include <QHeaderView>
 #include <QMdiSubWindow>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 
 namespace {
@@ -223,6 +224,32 @@ private slots:
         for (const QString& f : faltas)
             qWarning("%s", qPrintable(f));
         QVERIFY2(faltas.isEmpty(), qPrintable(QString("%1 faltas").arg(faltas.size())));
+    }
+
+    void los_avisos_de_la_sesion_se_abren_tambien_con_el_teclado() {
+        Tfprincipal& p = s_->entre();
+        p.barra->texto("Grabado FC 0001 000106");
+        QString visto;
+        s_->dialogos.espere_modal("historia_avisos", [&](QWidget* w) {
+            visto = w->findChild<QPlainTextEdit*>("Avisos")->toPlainText();
+            w->close();
+        });
+        QTest::keyClick(&p, Qt::Key_H, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+        QVERIFY(visto.startsWith("2017/05/15 12:00:00  Grabado FC 0001 000106"));
+    }
+
+    void lo_que_dice_qt_va_en_espanol() {
+        const std::pair<const char*, const char*> textos[] = {
+            {"QPlatformTheme", "&Yes"},       {"QPlatformTheme", "Cancel"},
+            {"QFileDialog", "Look in:"},      {"QFileDialog", "File &name:"},
+            {"QPrintDialog", "&Print"},       {"QPrintPreviewDialog", "Fit width"},
+            {"QPrintPreviewDialog", "Print"}, {"QPageSetupWidget", "Paper"},
+            {"QWidgetTextControl", "&Copy"},  {"QLineEdit", "Select All"},
+            {"QMdiSubWindow", "&Close"},      {"QColorDialog", "&Add to Custom Colors"}};
+        for (const auto& [contexto, ingles] : textos)
+            QVERIFY2(QCoreApplication::translate(contexto, ingles) != QLatin1String(ingles),
+                     qPrintable(QString("%1: %2").arg(contexto, ingles)));
     }
 
 private:
