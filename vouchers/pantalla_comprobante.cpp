@@ -1,5 +1,6 @@
 #include "vouchers/pantalla_comprobante.h"
 
+#include "toolkit/estilo.h"
 #include "toolkit/historia_avisos.h"
 #include "vouchers/panel_documento.h"
 #include "vouchers/pch.h"
@@ -114,6 +115,9 @@ void PantallaComprobante::construya_controles() {
 
 void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
+    // Lo que se ahorra alrededor son líneas del asiento.
+    layout()->setContentsMargins(paso(1.5), paso(), paso(1.5), paso());
+    layout()->setSpacing(paso());
     f.fila({{"Tipo", LTipo},
             {"Prefijo", Formulario::junto({control_prefijo, rotulo("Número", ENumero), ENumero})},
             {"Fecha", Formulario::junto({EDia, EMes, EAno})}});

@@ -173,7 +173,9 @@ void revise_lineas(const Pantalla* p, QStringList& faltas) {
         !QStringList{"Tfmovimien", "Tfedtmovimien"}.contains(p->objectName()))
         return;
     const auto* r = p->findChild<Rejilla*>("DBGridEh1");
-    const int caben = r->viewport()->height() / r->verticalHeader()->defaultSectionSize();
+    constexpr int kTituloDelEscritorio = 20; // la barra que el gestor de ventanas pone al programa
+    const int caben = (r->viewport()->height() - kTituloDelEscritorio) /
+                      r->verticalHeader()->defaultSectionSize();
     if (caben < kLineas)
         faltas << QString("solo se ven %1 líneas").arg(caben);
 }
