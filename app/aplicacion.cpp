@@ -1,21 +1,19 @@
 #include "app/aplicacion.h"
 
 #include "app/marca.h"
+#include "app/tema/tema_sistema.h"
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
 
 #include <QIcon>
-#include <QLibraryInfo>
 #include <QLocale>
 
 Aplicacion::Aplicacion(int& cuantos, char** argumentos) : QApplication(cuantos, argumentos) {
     // No es el nombre para mostrar, que Qt agregaría al título de cada ventana.
     setApplicationName(QStringLiteral("Contabilidad - Quorvex 2018"));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Colombia));
-    // Los botones y menús propios de Qt. Sin el paquete de traducciones quedan en inglés.
-    if (traductor_.load(QStringLiteral("qtbase_es"),
-                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        installTranslator(&traductor_);
+    if (escritorio_oscuro())
+        setProperty("tema", "oscuro");
     aplique_estilo(*this);
     QIcon icono;
     for (const int lado : {16, 24, 32, 48, 64, 128})

@@ -1,7 +1,6 @@
 #pragma once
 // La aplicación: título, idioma de Qt y la última red para las excepciones.
 #include <QApplication>
-#include <QTranslator>
 
 class Aplicacion : public QApplication {
     Q_OBJECT
@@ -10,7 +9,4 @@ public:
     /// Ninguna excepción cruza el lazo de Qt: lo que un manejador dejó pasar llega a la falla
     /// general.
     bool notify(QObject* receptor, QEvent* evento) override;
-
-private:
-    QTranslator traductor_;
 };

@@ -83,6 +83,7 @@ void Tfmensaje::construya() {
     DBGridEh1->columnas({{"USUARIO", "Usuario", 10},
                          {"NOMBRE", "Nombre", 24},
                          {"Conectado", "Conectado", 10, Casilla}});
+    DBGridEh1->texto_vacio = "No hay a quién enviar mensajes.";
     DBGridEh2 = rejilla("DBGridEh2", Chistomens, "Mensajes con el usuario");
     DBGridEh2->columnas({{"EOS", "E/S", 5},
                          {"FECHA", "Fecha", 11},

@@ -137,7 +137,6 @@ void Tfprincipal::arme_panel_superior() {
     for (const Comando& c : comandos_balance()) {
         BotonComando* b = boton(c);
         b->setIconSize({escalado(24), escalado(24)});
-        b->setMinimumHeight(escalado(44));
         fila_botones->addWidget(b);
         botones_balance_ << b;
     }
@@ -151,27 +150,33 @@ void Tfprincipal::arme_panel_superior() {
 }
 
 void Tfprincipal::acomode_panel_superior() {
+    // En un monitor corriente los datos van en un renglón: lo que se ahorra es de las ventanas.
     const bool estrecho = width() < escalado(1000) || height() < escalado(560);
-    if (estrecho_ == int(estrecho))
+    const bool bajo = estrecho || (width() >= escalado(1250) && height() < escalado(900));
+    const int modo = int(estrecho) + int(bajo);
+    if (estrecho_ == modo)
         return;
-    estrecho_ = estrecho;
+    estrecho_ = modo;
     QLineEdit* const campos[] = {ECompania, EUsuario};
     for (int i = 0; i < 2; ++i) {
         campos_->removeWidget(rotulos_[i]);
         campos_->removeWidget(campos[i]);
-        campos_->addWidget(rotulos_[i], estrecho ? 0 : i, estrecho ? 2 * i : 0);
-        campos_->addWidget(campos[i], estrecho ? 0 : i, estrecho ? 2 * i + 1 : 1);
-        campos[i]->setMinimumWidth(escalado(estrecho ? 100 : 240));
+        campos_->addWidget(rotulos_[i], bajo ? 0 : i, bajo ? 2 * i : 0);
+        campos_->addWidget(campos[i], bajo ? 0 : i, bajo ? 2 * i + 1 : 1);
+        campos[i]->setMinimumWidth(escalado(estrecho ? 100 : bajo ? 150 : 240));
         campos[i]->home(false); // si no cabe, se ve el comienzo
     }
-    for (BotonComando* b : botones_balance_)
+    for (BotonComando* b : botones_balance_) {
         b->solo_icono(estrecho);
-    Image2->setPixmap(marca(escalado(estrecho ? 32 : 56), devicePixelRatioF()));
+        b->setMinimumHeight(escalado(bajo ? 32 : 44));
+    }
+    Image2->setPixmap(marca(escalado(bajo ? 32 : 56), devicePixelRatioF()));
 }
 
 void Tfprincipal::resizeEvent(QResizeEvent* evento) {
     QMainWindow::resizeEvent(evento);
     acomode_panel_superior();
+    acomode_columna();
 }
 
 void Tfprincipal::arme_panel_inferior() {
@@ -216,15 +221,23 @@ QWidget* Tfprincipal::columna_de_botones() {
         connect(oculto, &QPushButton::clicked, destino, &QPushButton::click);
         destino->setToolTip(destino->toolTip() + " (Alt+" + QChar(a.letra).toUpper() + ")");
     }
-    auto* marco = new QScrollArea;
-    marco->setWidget(contenido);
-    marco->setWidgetResizable(true);
-    marco->setFrameShape(QFrame::NoFrame);
-    marco->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    marco->setFocusPolicy(Qt::NoFocus);
-    marco->setFixedWidth(contenido->sizeHint().width() +
-                         marco->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-    return marco;
+    columna_ = new QScrollArea;
+    columna_->setWidget(contenido);
+    columna_->setWidgetResizable(true);
+    columna_->setFrameShape(QFrame::NoFrame);
+    columna_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    columna_->setFocusPolicy(Qt::NoFocus);
+    acomode_columna();
+    return columna_;
+}
+
+void Tfprincipal::acomode_columna() {
+    QWidget* contenido = columna_->widget();
+    for (BotonComando* b : contenido->findChildren<BotonComando*>())
+        b->solo_icono(width() < escalado(760));
+    contenido->layout()->invalidate();
+    columna_->setFixedWidth(contenido->sizeHint().width() +
+                            columna_->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
 }
 
 BotonComando* Tfprincipal::boton(const Comando& comando) {

@@ -20,6 +20,7 @@ class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QMdiArea;
+class QScrollArea;
 class QSettings;
 class VigiaMensajes;
 
@@ -73,6 +74,7 @@ private:
     QWidget* columna_de_botones();
     BotonComando* boton(const Comando& comando);
     void acomode_panel_superior(); ///< en un renglón si la ventana es pequeña para su letra
+    void acomode_columna();        ///< solo los iconos si a lo ancho no cabe casi nada
     void abra(const Comando& comando);
     /// Esta versión trae lo que la orden abre.
     static bool esta_hecha(const Comando& comando);
@@ -123,6 +125,7 @@ private:
     QVector<QLabel*> rotulos_;
     QVector<BotonComando*> botones_balance_;
     int estrecho_ = -1; ///< aún sin acomodar
+    QScrollArea* columna_ = nullptr;
     QHash<QString, QMenu*> menus_;
     QMenu* ventanas_ = nullptr;
     QList<QAction*> lista_ventanas_;

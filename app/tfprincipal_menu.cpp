@@ -1,7 +1,9 @@
 // Menú del formulario principal, armado con la tabla de órdenes.
 #include "app/tfprincipal.h"
 
+#include "toolkit/barraestado.h"
 #include "toolkit/estilo.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/impresora.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -96,6 +98,9 @@ void Tfprincipal::arme_menu() {
     Action1->setShortcut(QKeySequence("Ctrl+F1"));
     connect(Action1, &QAction::triggered, this, [this] { proteja([this] { Action1Execute(); }); });
     addAction(Action1);
+
+    auto* avisos = new QShortcut(QKeySequence("Ctrl+Shift+H"), this);
+    connect(avisos, &QShortcut::activated, this, [this] { HistoriaAvisos::de(barra)->muestre(); });
 
     // Por el teclado se llega al menú con F10, como a cualquier otro.
     auto* f10 = new QShortcut(QKeySequence(Qt::Key_F10), this);

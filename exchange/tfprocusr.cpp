@@ -50,6 +50,7 @@ void Tfprocusr::construya() {
         "(*.xls)|*.XLS";
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     DBGridEh1->texto_vacio = "Escoja el procedimiento y oprima F5.";
+    DBGridEh1->setProperty("sin_consultar", DBGridEh1->texto_vacio);
     DBGridEh1->menu_emergente(
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     connect(LProceso, &QComboBox::currentIndexChanged, this,

@@ -61,7 +61,8 @@ void Tfauxiliar::arme() {
     for (int i = 0; i < CAuxiliar.FieldCount(); ++i) {
         const Campo& campo = CAuxiliar.Fields(i);
         if (kAnchos.contains(campo.FieldName))
-            columnas.append({campo.FieldName, campo.etiqueta(), kAnchos.value(campo.FieldName)});
+            columnas.append({campo.FieldName, campo.etiqueta(), kAnchos.value(campo.FieldName), 0,
+                             campo.FieldName == "FECHA" ? "aaaa/mm/dd" : ""});
     }
     DBGridEh1->columnas(columnas);
     DBGridEh1->texto_vacio = "La cuenta no tiene movimientos en el período. F5 registra un "
@@ -75,7 +76,11 @@ void Tfauxiliar::arme() {
     if (*miembro_.saldo) {
         Saldoi = EditorNumero::de_saldo(this);
         Saldoi->setObjectName("Saldoi");
-        f.fila({{"Período", caja}, {"Saldo inicial", Saldoi}});
+        // Las cifras de las líneas pueden quedar a la derecha: el saldo del mes se ve al abrir.
+        Saldof = EditorNumero::de_saldo(this);
+        Saldof->setObjectName("Saldof");
+        f.fila("Período", caja);
+        f.fila({{"Saldo inicial", Saldoi}, {"Saldo final", Saldof}});
     } else {
         f.fila("Período", caja);
     }
@@ -124,19 +129,25 @@ bool Tfauxiliar::FormClose() {
 
 // ---------------------------------------------------------------- consulta
 
-void Tfauxiliar::calcule_saldo_inicial(Foto& foto) {
+void Tfauxiliar::calcule_saldos(Foto& foto) {
     const Valor saldo =
         foto.consulte(QStringLiteral("select * from %1(").arg(miembro_.saldo) +
                       QuotedStr(cuenta()) + ',' + QuotedStr(fdmcnt().compone_fecha("1")) + ')');
     if (!saldo.nulo())
         Saldoi->valor(saldo.moneda());
+    const Valor final =
+        foto.consulte(QStringLiteral("select * from saldo_cuenta_mes%1(")
+                          .arg(QLatin1String(miembro_.saldo + 12)) +
+                      QuotedStr(cuenta()) + ',' + QuotedStr(fdmcnt().ano_actual) +
+                      QStringLiteral(", %1, 'N')").arg(fdmcnt().periodo_actual + 1));
+    Saldof->valor(final.moneda());
 }
 
 void Tfauxiliar::calcule_auxiliar(const QString& orden) {
     // El saldo inicial y los renglones son del mismo instante.
     Foto foto(fdm().Quorvex);
     if (Saldoi)
-        calcule_saldo_inicial(foto);
+        calcule_saldos(foto);
     foto.abra(CAuxiliar, componga(orden) + kDesempate, Foto::PorPaquetes);
     muestre_periodo();
 }

@@ -14,7 +14,7 @@ public:
     ConjuntoDatos CAuxiliar{this, "CAuxiliar", &PAuxiliar};
 
     // --- controles
-    EditorNumero* Saldoi = nullptr;
+    EditorNumero *Saldoi = nullptr, *Saldof = nullptr;
 
     void FormActivate() override;
     bool FormClose() override;
@@ -33,7 +33,7 @@ protected:
 private:
     void defina_campos();
     void arme();
-    void calcule_saldo_inicial(class Foto& foto);
+    void calcule_saldos(class Foto& foto);
 
     const DatosAuxiliar& miembro_;
 };

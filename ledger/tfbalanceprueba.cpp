@@ -111,7 +111,6 @@ void Tfbalanceprueba::arme_pagina(int indice, ConjuntoDatos& conjunto) {
         columnas.append({conjunto.Fields(i).FieldName, conjunto.Fields(i).etiqueta(), anchos[i]});
     rejilla->columnas(columnas);
     rejilla->horizontalHeader()->setMinimumSectionSize(paso(8));
-    rejilla->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     rejilla->texto_vacio = "El período no tiene saldos ni movimientos.";
     const Campo& codigo = conjunto.FieldByName("CODIGO");
     rejilla->OnGetCellParams = [&conjunto, &codigo](int fila, QFont& letra, QColor&, QColor&) {

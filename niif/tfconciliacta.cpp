@@ -28,7 +28,7 @@ Tfconciliacta::Tfconciliacta() : Pantalla("Tfconciliacta", "Conciliacion cuenta"
     DBGridEh1->columnas({{"TICO", "Tipo", 6},
                          {"PREF", "Pref.", 7},
                          {"NUMERO", "Número", 9},
-                         {"FECHA", "Fecha", 10},
+                         {"FECHA", "Fecha", 10, 0, "aaaa/mm/dd"},
                          {"CONCEPTO", "Concepto", 28},
                          {"DB2649", "Débito 2649", 16, Suma},
                          {"CR2649", "Crédito 2649", 16, Suma},

@@ -49,6 +49,7 @@ Tfejecutaregiauto::Tfejecutaregiauto()
     DBGridEh1->ReadOnly = true;
     DBGridEh1->pie(true);
     DBGridEh1->texto_vacio = "F5 muestra las líneas que tendría el comprobante.";
+    DBGridEh1->setProperty("sin_consultar", DBGridEh1->texto_vacio);
     arme();
     tamano(960, 520);
 }

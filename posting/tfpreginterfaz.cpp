@@ -14,7 +14,7 @@ Tfpreginterfaz::Tfpreginterfaz() : Pantalla("Tfpreginterfaz", "Interfaz contable
     DBGridEh1->setAccessibleName("Interfaces del documento");
     DBGridEh1->ReadOnly = true;
     DBGridEh1->columnas({{"ID", "Id", 6}, {"NOMBRE", "Nombre", 44}});
-    DBGridEh1->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    DBGridEh1->texto_vacio = "El documento no tiene interfaces.";
     DBGridEh1->OnDblClick = [this](int) { BitBtn1Click(); };
     DBGridEh1->OnReturn = [this] { BitBtn1Click(); };
     auto* barra = new BarraBotones(this);

@@ -49,7 +49,7 @@ Tfresumencontab::Tfresumencontab() : Pantalla("Tfresumencontab", "Resumen de la 
                          {"NUMERO", "Número", 9},
                          {"FECHA", "Fecha", 11},
                          {"MOTIVO", "Motivo", 56}});
-    DBGridEh1->horizontalHeader()->setSectionResizeMode(5, QHeaderView::Stretch);
+    DBGridEh1->texto_vacio = "El lote no tenía documentos.";
     DBGridEh1->OnDblClick = [this](int) { BitBtn1Click(); };
     DBGridEh1->OnReturn = [this] { BitBtn1Click(); };
     EMotivo = new QPlainTextEdit;

@@ -90,7 +90,6 @@ void Tfsincontab::construya() {
                          {"NUMERO", "Número", 10},
                          {"FECHA", "Fecha", 12},
                          {"CONCEPTO", "Concepto", 50}});
-    DBGridEh1->horizontalHeader()->setSectionResizeMode(4, QHeaderView::Stretch);
     DBGridEh1->OnDblClick = [this](int) { BitBtn1Click(); };
 
     const auto relea = [this] { calcule_pendientes(); };

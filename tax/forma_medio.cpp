@@ -66,7 +66,7 @@ FormaMedio::FormaMedio(const DatosFormaMedio& datos)
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->orden_local = true;
     DBGridEh1->texto_vacio = "No hay filas: F2 consulta o calcula las del formato y el año.";
-    DBGridEh1->setProperty("avisa_cerrada", true); // nace sin consultar, y lo dice
+    DBGridEh1->setProperty("sin_consultar", DBGridEh1->texto_vacio);
     DBGridEh1->nombre_archivo = "Medios";
     DBGridEh1->filtro_archivo =
         "Archivo texto (*.txt)|*.TXT|Valores separados por comas (*.csv)|*.CSV|Libro de Microsoft "

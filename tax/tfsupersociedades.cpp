@@ -67,7 +67,7 @@ Rejilla* Tfsupersociedades::cree_rejilla(const QString& nombre, ConjuntoDatos* c
         letra.setBold(conjunto->valor_en(fila, conjunto->FieldByName("NIVEL")).entero() == 1);
     };
     r->texto_vacio = "F2 calcula las dos secciones del año.";
-    r->setProperty("avisa_cerrada", true);
+    r->setProperty("sin_consultar", r->texto_vacio);
     r->nombre_archivo = "BalanPrueba";
     r->titulo_impreso = titulo + "  %[Today]";
     r->menu_emergente({Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir,

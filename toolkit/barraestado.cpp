@@ -1,5 +1,7 @@
 #include "toolkit/barraestado.h"
 
+#include "toolkit/historia_avisos.h"
+
 #include <QApplication>
 #include <QTimer>
 
@@ -20,6 +22,9 @@ AvisosBarra::AvisosBarra(QWidget* padre)
     setSizePolicy(QSizePolicy::Ignored,
                   QSizePolicy::Fixed); // un aviso largo no ensancha la ventana
     setMargin(3);
+    setFixedHeight(fontMetrics().height() + 2 * margin() +
+                   2); // un texto de varios renglones tampoco la crece
+    new HistoriaAvisos(this);
     Timer2->setObjectName(QStringLiteral("Timer2"));
     connect(Timer2, &QTimer::timeout, this, &AvisosBarra::Timer2Timer);
     pinte(Celeste, {});
@@ -41,7 +46,11 @@ void AvisosBarra::pinte(Color color, const QString& texto) {
 
 void AvisosBarra::texto(const QString& texto) {
     setText(texto);
-    setToolTip(texto);
+    setToolTip(texto.isEmpty() ? QStringLiteral("Clic o Ctrl+Mayús+H: los avisos de la sesión")
+                               : texto);
+    // Que se pidan filas al servidor no es un aviso.
+    if (HistoriaAvisos* historia = HistoriaAvisos::de(this); historia && color_ != Azul)
+        historia->anote(texto);
 }
 
 void AvisosBarra::avise(const QString& texto, Color color, int decimas) {

@@ -20,6 +20,11 @@ void DisposicionFlujo::setGeometry(const QRect& marco) {
     acomode(marco, true);
 }
 
+int DisposicionFlujo::heightForWidth(int ancho) const {
+    const QWidget* dueno = parentWidget();
+    return acomode({0, 0, dueno ? qMin(ancho, dueno->maximumWidth()) : ancho, 0}, false);
+}
+
 QSize DisposicionFlujo::sizeHint() const {
     int ancho = 0, alto = 0;
     for (const QLayoutItem* item : items_) {

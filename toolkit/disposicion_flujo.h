@@ -17,7 +17,8 @@ public:
     QLayoutItem* takeAt(int i) override;
     Qt::Orientations expandingDirections() const override { return {}; }
     bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int ancho) const override { return acomode({0, 0, ancho, 0}, false); }
+    /// No pasa del ancho máximo de su dueño.
+    int heightForWidth(int ancho) const override;
     void setGeometry(const QRect& marco) override;
     QSize sizeHint() const override;
     QSize minimumSize() const override;

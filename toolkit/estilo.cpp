@@ -1,15 +1,21 @@
 #include "toolkit/estilo.h"
 
 #include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QComboBox>
+#include <QFocusEvent>
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QHelpEvent>
 #include <QLibraryInfo>
+#include <QLineEdit>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStandardPaths>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolTip>
 #include <QTranslator>
 #include <QWidget>
 #include <QtMath>
@@ -19,12 +25,92 @@ ColoresEmpresa colores_;
 
 constexpr qreal kPixelesLetra = 12.0; ///< letra de 9 puntos a 96 puntos por pulgada
 constexpr int kPuntosMinimos = 9;
-const QColor kFondoFijo(0xe9, 0xed, 0xf1);
+/// Foco, selección y enlaces. Son del programa: los de la empresa podrían no dejarse leer.
+const QColor kAcento(0x2b, 0x5c, 0x8a), kAcentoOscuro(0x4d, 0x93, 0xd0);
+
+bool oscuro_ = false; ///< el sistema pide letras claras sobre fondo oscuro
+
+QColor segun(const QColor& claro, const QColor& oscuro) {
+    return oscuro_ ? oscuro : claro;
+}
+
+/// Lo que no se puede cambiar se ve distinto antes de intentarlo.
+QColor fondo_fijo() {
+    return segun({0xe9, 0xed, 0xf1}, {0x2c, 0x32, 0x38});
+}
+
+/// Una caja que no se está digitando muestra el comienzo de su texto, y completo en su letrero si
+/// no cabe.
+class LectorDeCajas : public QObject {
+public:
+    using QObject::QObject;
+    void atienda(QLineEdit* caja) {
+        // Las de fechas y listas mueven su cursor por secciones; a la de una celda el texto le
+        // llega antes que el foco, y se sigue digitando al final.
+        if (caja->inherits("EditorCelda") ||
+            qobject_cast<QAbstractSpinBox*>(caja->parentWidget()) ||
+            qobject_cast<QComboBox*>(caja->parentWidget()) ||
+            caja->property("lector").value<QObject*>() == this)
+            return;
+        caja->setProperty("lector", QVariant::fromValue<QObject*>(this));
+        caja->installEventFilter(this);
+        if (caja->isReadOnly())
+            caja->home(false);
+        connect(caja, &QLineEdit::textChanged, this, [caja] {
+            if (caja->isReadOnly() && !caja->hasFocus())
+                caja->home(false);
+        });
+    }
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override {
+        auto* caja = qobject_cast<QLineEdit*>(objeto);
+        if (!caja)
+            return false;
+        if (evento->type() == QEvent::FocusOut && se_va(*static_cast<QFocusEvent*>(evento)))
+            caja->setCursorPosition(0);
+        if (evento->type() == QEvent::FocusIn)
+            QMetaObject::invokeMethod(
+                caja, [caja] { empiece_por_el_comienzo(caja); }, Qt::QueuedConnection);
+        if (evento->type() != QEvent::ToolTip || !caja->toolTip().isEmpty() ||
+            caja->echoMode() != QLineEdit::Normal)
+            return false;
+        if (cabe(caja))
+            return false;
+        QToolTip::showText(static_cast<QHelpEvent*>(evento)->globalPos(),
+                           QStringLiteral("<p>%1</p>").arg(caja->text().toHtmlEscaped()), caja);
+        return true;
+    }
+
+private:
+    static bool cabe(const QLineEdit* caja) {
+        const QFontMetrics medidas = caja->fontMetrics();
+        return medidas.horizontalAdvance(caja->text()) <=
+               caja->contentsRect().width() - 2 * medidas.averageCharWidth();
+    }
+    /// Al entrar queda todo seleccionado: se lee desde el comienzo, y digitar lo reemplaza igual.
+    static void empiece_por_el_comienzo(QLineEdit* caja) {
+        if (caja->hasFocus() && caja->inputMask().isEmpty() && !cabe(caja) &&
+            caja->selectedText() == caja->text())
+            caja->setSelection(int(caja->text().size()), -int(caja->text().size()));
+    }
+    static bool se_va(const QFocusEvent& evento) {
+        const Qt::FocusReason r = evento.reason();
+        return r == Qt::TabFocusReason || r == Qt::BacktabFocusReason || r == Qt::MouseFocusReason;
+    }
+};
 
 /// Fusion con el foco siempre a la vista y medidas que crecen con la letra.
 class EstiloQuorvex : public QProxyStyle {
 public:
     EstiloQuorvex() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override {
+        QProxyStyle::polish(widget);
+        if (auto* caja = qobject_cast<QLineEdit*>(widget))
+            lector_.atienda(caja);
+    }
 
     int pixelMetric(PixelMetric medida, const QStyleOption* opcion,
                     const QWidget* widget) const override {
@@ -71,15 +157,23 @@ public:
             return;
         }
         if (elemento == PE_PanelLineEdit && opcion->state.testFlag(State_ReadOnly)) {
-            // Lo que no se puede cambiar se ve distinto antes de intentarlo.
             if (const auto* caja = qstyleoption_cast<const QStyleOptionFrame*>(opcion)) {
                 QStyleOptionFrame copia = *caja;
-                copia.palette.setColor(QPalette::Base, kFondoFijo);
+                copia.palette.setColor(QPalette::Base, fondo_fijo());
                 QProxyStyle::drawPrimitive(elemento, &copia, pintor, widget);
                 return;
             }
         }
+        if (elemento == PE_FrameGroupBox) {
+            borde(pintor, opcion->rect, opcion->palette, 3);
+            return;
+        }
         QProxyStyle::drawPrimitive(elemento, opcion, pintor, widget);
+        // Fusion saca los bordes del fondo: en oscuro no se verían.
+        if (oscuro_ && (elemento == PE_FrameLineEdit || elemento == PE_IndicatorCheckBox ||
+                        elemento == PE_IndicatorRadioButton))
+            borde(pintor, opcion->rect, opcion->palette,
+                  elemento == PE_IndicatorRadioButton ? opcion->rect.width() / 2 : 2);
         if (elemento == PE_FrameLineEdit && opcion->state.testFlag(State_HasFocus))
             anillo(pintor, opcion->rect);
         if (elemento == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget) &&
@@ -102,6 +196,25 @@ public:
             anillo(pintor, opcion->rect.adjusted(1, 1, -1, -1));
     }
 
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* opcion,
+                         SubControl parte, const QWidget* widget) const override {
+        const auto* grupo = qstyleoption_cast<const QStyleOptionGroupBox*>(opcion);
+        if (control != CC_GroupBox || !grupo)
+            return QProxyStyle::subControlRect(control, opcion, parte, widget);
+        // El título va dentro del recuadro, sobre lo que agrupa.
+        const bool titulo = grupo->subControls & (SC_GroupBoxLabel | SC_GroupBoxCheckBox);
+        const int alto =
+            titulo && !grupo->text.isEmpty() ? grupo->fontMetrics.height() + escalado(4) : 0;
+        if (parte == SC_GroupBoxFrame)
+            return grupo->rect;
+        if (parte == SC_GroupBoxContents)
+            return grupo->rect.adjusted(1, 1 + alto, -1, -1);
+        QRect r = QProxyStyle::subControlRect(control, opcion, parte, widget);
+        r.moveTop(grupo->rect.top() + escalado(4));
+        r.translate(paso(), 0);
+        return r;
+    }
+
     int styleHint(StyleHint consejo, const QStyleOption* opcion, const QWidget* widget,
                   QStyleHintReturn* retorno) const override {
         if (consejo == SH_ComboBox_AllowWheelScrolling)
@@ -113,11 +226,22 @@ public:
     }
 
 private:
+    mutable LectorDeCajas lector_;
+
+    static void borde(QPainter* pintor, const QRect& marco, const QPalette& colores, qreal curva) {
+        pintor->save();
+        pintor->setRenderHint(QPainter::Antialiasing);
+        pintor->setPen(colores.color(QPalette::Mid));
+        pintor->setBrush(Qt::NoBrush);
+        pintor->drawRoundedRect(QRectF(marco).adjusted(0.5, 0.5, -0.5, -0.5), curva, curva);
+        pintor->restore();
+    }
+
     static void anillo(QPainter* pintor, const QRect& marco) {
         const qreal grueso = qMax(2, escalado(2));
         pintor->save();
         pintor->setRenderHint(QPainter::Antialiasing);
-        pintor->setPen(QPen(colores_.principal, grueso));
+        pintor->setPen(QPen(segun(kAcento, kAcentoOscuro), grueso));
         pintor->setBrush(Qt::NoBrush);
         const qreal m = grueso / 2;
         pintor->drawRoundedRect(QRectF(marco).adjusted(m, m, -m, -m), 2, 2);
@@ -127,28 +251,49 @@ private:
 
 QPalette paleta() {
     QPalette p;
-    const QColor fondo(0xf3, 0xf5, 0xf7);
-    const QColor tinta(0x1c, 0x22, 0x28);
-    const QColor apagado(0x6d, 0x75, 0x7d);
+    const QColor fondo = segun({0xf3, 0xf5, 0xf7}, {0x23, 0x27, 0x2b});
+    const QColor papel = segun(Qt::white, {0x1a, 0x1d, 0x20});
+    const QColor tinta = segun({0x1c, 0x22, 0x28}, {0xe8, 0xeb, 0xee});
+    const QColor apagado = segun({0x6d, 0x75, 0x7d}, {0x93, 0x9c, 0xa5});
+    const QColor boton = segun({0xe8, 0xec, 0xf0}, {0x33, 0x39, 0x3f});
     p.setColor(QPalette::Window, fondo);
     p.setColor(QPalette::WindowText, tinta);
-    p.setColor(QPalette::Base, Qt::white);
-    p.setColor(QPalette::AlternateBase, QColor(0xee, 0xf3, 0xf8));
+    p.setColor(QPalette::Base, papel);
+    p.setColor(QPalette::AlternateBase, segun({0xee, 0xf3, 0xf8}, {0x21, 0x26, 0x2b}));
     p.setColor(QPalette::Text, tinta);
     p.setColor(QPalette::PlaceholderText, apagado);
-    p.setColor(QPalette::Button, QColor(0xe8, 0xec, 0xf0));
+    p.setColor(QPalette::Button, boton);
     p.setColor(QPalette::ButtonText, tinta);
     p.setColor(QPalette::BrightText, Qt::white);
-    p.setColor(QPalette::Highlight, colores_.principal);
+    p.setColor(QPalette::Light, segun(Qt::white, boton.lighter(130)));
+    p.setColor(QPalette::Midlight, segun(boton.lighter(104), boton.lighter(115)));
+    p.setColor(QPalette::Mid, segun({0xa3, 0xac, 0xb5}, {0x5b, 0x64, 0x6d}));
+    p.setColor(QPalette::Dark, segun({0x87, 0x90, 0x99}, {0x14, 0x16, 0x18}));
+    p.setColor(QPalette::Shadow, segun({0x60, 0x67, 0x6e}, Qt::black));
+    p.setColor(QPalette::Highlight, segun(kAcento, kAcentoOscuro.darker(125)));
     p.setColor(QPalette::HighlightedText, Qt::white);
-    p.setColor(QPalette::Link, colores_.principal);
-    p.setColor(QPalette::ToolTipBase, Qt::white);
+    p.setColor(QPalette::Link, segun(kAcento, kAcentoOscuro.lighter(130)));
+    p.setColor(QPalette::LinkVisited, p.color(QPalette::Link));
+    p.setColor(QPalette::ToolTipBase, segun(Qt::white, boton));
     p.setColor(QPalette::ToolTipText, tinta);
     for (const auto rol : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         p.setColor(QPalette::Disabled, rol, apagado);
     p.setColor(QPalette::Disabled, QPalette::Base, fondo);
-    p.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0xc4, 0xcc, 0xd4));
+    p.setColor(QPalette::Disabled, QPalette::Highlight,
+               segun({0xc4, 0xcc, 0xd4}, {0x4a, 0x52, 0x5a}));
     return p;
+}
+
+/// El escritorio dice su tema con su paleta, o lo averiguó la aplicación (propiedad "tema");
+/// QUORVEX_TEMA (claro u oscuro) manda sobre los dos.
+bool pide_oscuro(const QApplication& aplicacion) {
+    const QString tema = qEnvironmentVariable("QUORVEX_TEMA");
+    if (tema == QLatin1String("claro") || tema == QLatin1String("oscuro"))
+        return tema == QLatin1String("oscuro");
+    const QPalette del_sistema = aplicacion.palette();
+    return aplicacion.property("tema").toString() == QLatin1String("oscuro") ||
+           del_sistema.color(QPalette::Window).lightness() <
+               del_sistema.color(QPalette::WindowText).lightness();
 }
 
 } // namespace
@@ -164,6 +309,11 @@ void aplique_estilo(QApplication& aplicacion, const ColoresEmpresa& colores) {
     if (letra.pointSizeF() > 0 && letra.pointSizeF() < kPuntosMinimos)
         letra.setPointSizeF(kPuntosMinimos);
     aplicacion.setFont(letra);
+    // Puesta la nuestra, la paleta ya no es la del sistema.
+    if (!aplicacion.property("con_paleta").toBool()) {
+        oscuro_ = pide_oscuro(aplicacion);
+        aplicacion.setProperty("con_paleta", true);
+    }
     aplicacion.setStyle(new EstiloQuorvex);
     aplicacion.setPalette(paleta());
     // Adwaita trae sus iconos de color en PNG: no hace falta el complemento de SVG.
@@ -211,11 +361,11 @@ QFont fuente_cifras(const QFont& base) {
 }
 
 QColor color_negativo() {
-    return {0xa8, 0x10, 0x18};
+    return segun({0xa8, 0x10, 0x18}, {0xff, 0x8c, 0x84});
 }
 
 QColor color_inactivo() {
-    return {0xc0, 0x18, 0x18};
+    return segun({0xc0, 0x18, 0x18}, {0xff, 0x80, 0x78});
 }
 
 void pinte_degradado(QPainter& pintor, const QRect& marco) {

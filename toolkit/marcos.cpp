@@ -1,10 +1,24 @@
 #include "toolkit/marcos.h"
 
+#include "toolkit/barrabotones.h"
 #include "toolkit/orden_lectura.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+namespace {
+
+/// La barra de botones con que termina la pantalla; nulo si termina en otra cosa.
+QWidget* barra_final(const Pantalla& pantalla) {
+    QLayout* todo = pantalla.layout();
+    QLayoutItem* ultimo = todo && todo->count() ? todo->itemAt(todo->count() - 1) : nullptr;
+    return ultimo ? qobject_cast<BarraBotones*>(ultimo->widget()) : nullptr;
+}
+
+} // namespace
 
 MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
     setWidgetResizable(true);
@@ -13,7 +27,58 @@ MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
     setWindowTitle(pantalla->windowTitle());
     connect(pantalla, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     setWidget(pantalla);
+    botones_ = barra_final(*pantalla);
+    if (botones_) {
+        botones_->setAutoFillBackground(true);
+        botones_->installEventFilter(this);
+    }
     pantalla->show();
+}
+
+void MarcoPantalla::fije_botones() {
+    if (!isVisible() || !botones_ || !pantalla_ || fijando_ || barra_final(*pantalla_) != botones_)
+        return;
+    fijando_ = true;
+    // Donde la disposición la pone: al pie de la pantalla. Invalidada, la disposición no lo sabe.
+    const QRect campo = pantalla_->rect().marginsRemoved(pantalla_->layout()->contentsMargins());
+    QRect natural = botones_->geometry();
+    natural.moveBottom(campo.bottom());
+    const int margen = pantalla_->height() - natural.bottom() - 1;
+    const int fondo = verticalScrollBar()->value() + viewport()->height() - margen - 1;
+    QRect lugar = natural;
+    // Si la pantalla es más ancha que su ventana, los botones se acomodan en lo que se ve de ella.
+    const int sobra = pantalla_->width() - viewport()->width();
+    const int tope = sobra > 0 ? qMax(1, campo.width() - sobra) : QWIDGETSIZE_MAX;
+    if (botones_->maximumWidth() != tope)
+        botones_->setMaximumWidth(tope);
+    if (sobra > 0)
+        lugar.moveLeft(campo.left() + horizontalScrollBar()->value());
+    if (natural.bottom() > fondo)
+        lugar.moveBottom(fondo);
+    botones_->setProperty(kLugarNatural, lugar == natural ? QVariant() : QVariant(natural));
+    botones_->setGeometry(lugar);
+    if (lugar != natural)
+        botones_->raise();
+    fijando_ = false;
+}
+
+void MarcoPantalla::scrollContentsBy(int dx, int dy) {
+    QScrollArea::scrollContentsBy(dx, dy);
+    fije_botones();
+}
+
+void MarcoPantalla::resizeEvent(QResizeEvent* evento) {
+    QScrollArea::resizeEvent(evento);
+    fije_botones();
+}
+
+bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
+    // La disposición de la pantalla la acaba de poner en su lugar.
+    if (objeto == botones_ && !fijando_ &&
+        (evento->type() == QEvent::Move || evento->type() == QEvent::Resize ||
+         evento->type() == QEvent::Show))
+        fije_botones();
+    return QScrollArea::eventFilter(objeto, evento);
 }
 
 void MarcoPantalla::suelte() {

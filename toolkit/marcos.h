@@ -20,9 +20,17 @@ protected:
     void closeEvent(QCloseEvent* evento) override;
     /// Tab recorre la pantalla como se lee y da la vuelta sin salir de ella.
     bool focusNextPrevChild(bool siguiente) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
+    /// Los botones se quedan en el borde de abajo aunque la pantalla sea más alta que su ventana.
+    void fije_botones();
+
     QPointer<Pantalla> pantalla_;
+    QPointer<QWidget> botones_;
+    bool fijando_ = false;
 };
 
 class DialogoPantalla : public QDialog {

@@ -27,7 +27,8 @@ struct Parte {
 QVector<QWidget*> lea(const QWidget* recuadro, const QWidget* actual);
 
 Parte lea_hijo(QWidget* w, const QWidget* actual) {
-    Parte parte{w->geometry(), {}};
+    const QVariant natural = w->property(kLugarNatural);
+    Parte parte{natural.isValid() ? natural.toRect() : w->geometry(), {}};
     const bool entero = es_uno(w);
     if (recibe_tab(w) || w == actual || (entero && w->isAncestorOf(actual)))
         parte.controles << w;

@@ -9,3 +9,5 @@ class QWidget;
 /// antes de lo que sigue. El que tiene el foco (`actual`, o nulo) está siempre, aunque se acabe de
 /// apagar u ocultar: desde él se sigue.
 QVector<QWidget*> orden_de_lectura(const QWidget* raiz, const QWidget* actual);
+/// Propiedad de un control desplazado de su sitio: el QRect en que se lee.
+constexpr const char* kLugarNatural = "lugar_natural";

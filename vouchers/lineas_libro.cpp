@@ -2,7 +2,10 @@
 
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
+#include "toolkit/estilo.h"
+#include "vouchers/nombres_en_linea.h"
 #include "vouchers/pch.h"
+#include "vouchers/piezas.h"
 
 #include <QScopedValueRollback>
 
@@ -81,6 +84,7 @@ QWidget* LineasLibro::construya_pagina() {
     const QString n = es_niif(libro) ? QStringLiteral("N") : QString();
     rejilla = new Rejilla(pagina);
     rejilla->setObjectName(es_niif(libro) ? "DBGridEh2" : "DBGridEh1");
+    new NombresEnLinea(rejilla, libro, kCuenta);
     QVector<DefinicionColumna> columnas;
     for (const Titulo& t : titulos(c_))
         columnas.push_back({t.campo, es_niif(libro) ? t.titulo_niif : t.titulo_2649, t.ancho,
@@ -114,23 +118,40 @@ QWidget* LineasLibro::construya_pagina() {
     saldo(DifCred, es_niif(libro) ? c_.dif_credito_niif : c_.dif_credito);
 
     Formulario f(pagina);
+    pagina->layout()->setContentsMargins(paso(), paso(0.75), paso(), paso(0.75));
+    pagina->layout()->setSpacing(paso(0.75));
     f.ancha(rejilla, 1);
-    // Sin saldos el nombre queda solo.
-    const auto con_saldo = [](QWidget* nombres, QWidget* caja) {
-        return caja ? Formulario::junto({nombres, caja}) : nombres;
-    };
-    f.fila(
-        {{"Cuenta", con_saldo(NomCuenta, ESaldocta)}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
-    f.fila({{"Tercero", con_saldo(NomTerc, ESaldoter)},
-            {"Dif. débito", Difdeb},
-            {"Dif. crédito", DifCred}});
-    f.fila({{"Proyecto", con_saldo(Formulario::junto({NomProy, NomCent}), ESaldocent)}});
+    disponga_nombres(f);
     complete(f);
     NomCuenta->setAccessibleName("Nombre de la cuenta");
     NomTerc->setAccessibleName("Nombre del tercero");
     NomProy->setAccessibleName("Nombre del proyecto");
     NomCent->setAccessibleName("Nombre del centro");
     return pagina;
+}
+
+void LineasLibro::disponga_nombres(Formulario& f) {
+    // Dos renglones para que quepan más líneas; sin saldos los nombres quedan solos.
+    auto* nombres = new QWidget;
+    auto* renglon = new QHBoxLayout(nombres);
+    renglon->setContentsMargins(0, 0, 0, 0);
+    renglon->setSpacing(paso(0.5));
+    const auto ponga = [&](const char* titulo, std::initializer_list<QLineEdit*> cajas,
+                           EditorNumero* saldo) {
+        renglon->addWidget(rotulo(titulo, *cajas.begin()));
+        for (QLineEdit* caja : cajas)
+            renglon->addWidget(caja, 1);
+        if (saldo)
+            renglon->addWidget(saldo);
+    };
+    ponga("Cuenta", {NomCuenta}, ESaldocta);
+    ponga("Tercero", {NomTerc}, ESaldoter);
+    ponga("Proyecto", {NomProy, NomCent}, ESaldocent);
+    f.ancha(nombres, 0);
+    f.fila({{"Débitos", Sumadeb},
+            {"Créditos", SumCred},
+            {"Dif. débito", Difdeb},
+            {"Dif. crédito", DifCred}});
 }
 
 void LineasLibro::ate_eventos() {

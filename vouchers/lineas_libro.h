@@ -121,6 +121,7 @@ protected:
     const CamposLinea& c_;
 
 private:
+    void disponga_nombres(class Formulario& f);
     void saldo(EditorNumero* caja, const char* procedimiento, const QStringList& argumentos);
     void cuenta_cambiada();
     void repita(Campo& celda, const QString& anterior);

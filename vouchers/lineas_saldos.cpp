@@ -1,5 +1,6 @@
 #include "vouchers/lineas_saldos.h"
 
+#include "vouchers/nombres_en_linea.h"
 #include "vouchers/pch.h"
 
 namespace {
@@ -18,6 +19,7 @@ QWidget* LineasSaldos::construya_pagina() {
     rejilla = new Rejilla(pagina);
     rejilla->setObjectName("DBGridEh1");
     rejilla->setAccessibleName("Saldos iniciales");
+    new NombresEnLinea(rejilla, libro, 0);
     rejilla->columnas({{"CUEN_COD", "Cuenta", 13},
                        {"TERC_NIT", "Tercero", 15},
                        {"PROY_COD", "Proy", 6},

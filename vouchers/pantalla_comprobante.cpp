@@ -1,10 +1,11 @@
 #include "vouchers/pantalla_comprobante.h"
 
+#include "toolkit/estilo.h"
+#include "toolkit/historia_avisos.h"
 #include "vouchers/panel_documento.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
-#include <QGridLayout>
 #include <QScopedValueRollback>
 
 PantallaComprobante::PantallaComprobante(const QString& clase, const QString& titulo)
@@ -104,7 +105,8 @@ void PantallaComprobante::construya_controles() {
     DBCheckBox2 = nombrado(
         new CasillaDato("Generar comprobante NIIF", &CMovimiento, "ENCO_REPNIIF"), "DBCheckBox2");
     DBMemo1 = nombrado(new MemoDato(&CMovimiento, "ENCO_OBS"), "DBMemo1");
-    DBMemo1->lineas(2);
+    DBMemo1->lineas(1);
+    DBEdit3->setAccessibleName("Nombre del tercero");
     ckFiltro = nombrado(new QCheckBox("Filtro"), "ckFiltro");
     DBEdit2->OnDblClick = [this] { busque_tercero_del_encabezado({}); };
     Mand->OnDblClick = [this] { busque_mandante({}); };
@@ -113,6 +115,9 @@ void PantallaComprobante::construya_controles() {
 
 void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
+    // Lo que se ahorra alrededor son líneas del asiento.
+    layout()->setContentsMargins(paso(1.5), paso(), paso(1.5), paso());
+    layout()->setSpacing(paso());
     f.fila({{"Tipo", LTipo},
             {"Prefijo", Formulario::junto({control_prefijo, rotulo("Número", ENumero), ENumero})},
             {"Fecha", Formulario::junto({EDia, EMes, EAno})}});
@@ -120,12 +125,11 @@ void PantallaComprobante::disponga(QWidget* control_prefijo) {
         {{"Concepto", DBEdit1},
          {"Referencia", Formulario::junto({ERef, rotulo("Tercero", DBEdit2), DBEdit2, DBEdit3})}});
     auto* casillas = new QWidget;
-    auto* dos_renglones = new QGridLayout(casillas);
-    dos_renglones->setContentsMargins(0, 0, 0, 0);
-    dos_renglones->setVerticalSpacing(0);
-    dos_renglones->addWidget(DBCheckBox1, 0, 0);
-    dos_renglones->addWidget(ckFiltro, 0, 1);
-    dos_renglones->addWidget(DBCheckBox2, 1, 0, 1, 2);
+    auto* renglon = new QHBoxLayout(casillas);
+    renglon->setContentsMargins(0, 0, 0, 0);
+    for (QCheckBox* c :
+         {static_cast<QCheckBox*>(DBCheckBox1), ckFiltro, static_cast<QCheckBox*>(DBCheckBox2)})
+        renglon->addWidget(c);
     f.fila({{"Monto", DBEdit6}, {"Observaciones", DBMemo1}, {"", casillas}});
     f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
@@ -235,6 +239,10 @@ ResultadoGrabacion PantallaComprobante::grabe(Grabador quien) {
     }
     const QScopedValueRollback<bool> guarda(grabando, true);
     r = grabacion.grabe(modo);
+    if (r.clase == ResultadoGrabacion::Grabado)
+        anuncie(fdm().barra(), QStringList{"Grabado", CMovimiento.FieldByName("TICO_COD").texto(),
+                                           CMovimiento.FieldByName("PRCO_PREF").texto(), r.numero}
+                                   .join(' '));
     if (r.cambio_de_numero())
         fdm().mostrar_advertencia("El número " + r.numero_pedido +
                                   " lo tomó otro comprobante: este quedó con el " + r.numero + '.');

@@ -27,7 +27,7 @@ Tfbuscomproba::Tfbuscomproba()
                       "BitBtn1", true);
     filtros_->al_buscar = [this] { BitBtn1Click(); };
     DBGridEh1 = rejilla("DBGridEh1",
-                        {{"ENCO_FECHA", "Fecha", 9},
+                        {{"ENCO_FECHA", "Fecha", 10, 0, "aaaa/mm/dd"},
                          {"TICO_COD", "Tipo", 5},
                          {"PRCO_PREF", "Prefijo", 7},
                          {"ENCO_NUMERO", "Número", 9},
@@ -35,6 +35,7 @@ Tfbuscomproba::Tfbuscomproba()
                          {"ENCO_REFER", "Referencia", 12}},
                         "BuscCompro", Rejilla::VistaPreliminar);
     DBGridEh1->orden_local = true;
+    DBGridEh1->setProperty("sin_consultar", "Escoja las condiciones y oprima Buscar.");
     DBGridEh1->texto_vacio = "No hay comprobantes con esas condiciones.";
     DBGridEh1->OnDblClick = [this](int) { SpeedButton2Click(); };
     DBGridEh1->OnReturn = [this] { SpeedButton2Click(); };

@@ -36,9 +36,9 @@ Tfcomproterc::Tfcomproterc()
 
     // Las mismas filas vistas de tres maneras.
     const DefinicionColumna tipo{"TIPO", "Tipo", 5}, prefijo{"PREFIJO", "Prefijo", 7},
-        numero{"NUMERO", "Número", 9}, fecha{"FECHA", "Fecha", 9}, cuenta{"CUENTA", "Cuenta", 12},
-        concepto{"CONCEPTO", "Concepto", 36}, ref{"REF", "Referencia", 11},
-        monto{"MONTO", "Monto", 16, Suma, "#,###.00"};
+        numero{"NUMERO", "Número", 9}, fecha{"FECHA", "Fecha", 10, 0, "aaaa/mm/dd"},
+        cuenta{"CUENTA", "Cuenta", 12}, concepto{"CONCEPTO", "Concepto", 36},
+        ref{"REF", "Referencia", 11}, monto{"MONTO", "Monto", 16, Suma, "#,###.00"};
     paginas = new QTabWidget(this);
     paginas->setObjectName("PageControl1");
     paginas->setFocusPolicy(Qt::NoFocus);

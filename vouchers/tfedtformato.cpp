@@ -181,6 +181,7 @@ QWidget* Tfedtformato::construya_datos() {
     auto* caja = new QGroupBox("Datos a imprimir");
     DBGridEh2 = new Rejilla(caja, &CFormadatos);
     DBGridEh2->setObjectName("DBGridEh2");
+    DBGridEh2->setAccessibleName("Datos que se imprimen");
     DBGridEh2->columnas({{"DAFO_DATO", "Dato", 22},
                          {"DAFO_IMPRIME", "Imprime", 8, Casilla},
                          {"DAFO_POSX", "Posición X", 9},
@@ -214,6 +215,7 @@ QWidget* Tfedtformato::construya_lineas() {
     auto* caja = new QGroupBox("Lineas y cuadros ");
     DBGridEh1 = new Rejilla(caja, &CFormalineas);
     DBGridEh1->setObjectName("DBGridEh1");
+    DBGridEh1->setAccessibleName("Líneas y cuadros");
     DBGridEh1->columnas({{"FOLI_TIPO", "Tipo", 9},
                          {"FOLI_CADENA", "Texto", 26},
                          {"FOLI_POSX", "Posición X", 9},

@@ -57,7 +57,7 @@ public:
         });
     }
 
-    Encargo encargo(const QString& nombre) const {
+    static Encargo encargo(const QString& nombre) {
         if (nombre == "Tfedtmovimien" || nombre == "Tfimprcomproba")
             return AbreComprobante{"500"};
         if (nombre == "Tfedtplantilla")

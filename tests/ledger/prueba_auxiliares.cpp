@@ -341,6 +341,7 @@ private slots:
                 p->calcule_auxiliar("FECHA");
                 const SumaLineas suma = sume_lineas(s, detalle, mes, "d.cuen_cod = '110505'");
                 QCOMPARE(p->Saldoi->valor().texto(), suma.inicial.texto());
+                QCOMPARE(p->Saldof->valor().texto(), suma.saldo().texto());
                 Moneda debitos, creditos;
                 for (int i = 0; i < p->CAuxiliar.RecordCount(); ++i) {
                     debitos +=

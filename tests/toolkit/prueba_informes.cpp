@@ -444,6 +444,9 @@ void PruebaInformes::la_vista_preliminar_busca_y_pasa_paginas() {
         hojas->tamano(400);
         QCOMPARE(hojas->pagina(), 2);
         w->grab(); // dibuja sin fallar a otro tamaño
+        // Los atajos solo viven en la ventana activa.
+        w->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(w));
         QTest::keyClick(w, Qt::Key_P, Qt::ControlModifier);
         w->close();
     });

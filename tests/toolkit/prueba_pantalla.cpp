@@ -17,6 +17,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTableWidget>
 
@@ -395,6 +396,29 @@ private slots:
         QTest::keyClick(a->grabar, Qt::Key_Return);
         QTest::keyClick(a->otra, Qt::Key_Return);
         QCOMPARE(saque(), (QStringList{"TfA graba", "escoge"}));
+    }
+
+    void los_botones_se_quedan_a_la_vista_en_una_pantalla_mayor_que_su_ventana() {
+        Principal p;
+        Ejemplo* a = p.abra("TfA");
+        const QPointer<QWidget> marco = a->parentWidget();
+        auto* grande = new QLineEdit(a);
+        static_cast<QBoxLayout*>(a->layout())->insertWidget(1, grande);
+        for (const QSize& s : {QSize(200, 2000), QSize(2000, 30), QSize(2500, 2500)}) {
+            grande->setMinimumSize(s);
+            agote_eventos();
+            auto* barras = qobject_cast<QAbstractScrollArea*>(marco->parentWidget());
+            for (const int lugar : {0, 700, 100000}) {
+                barras->verticalScrollBar()->setValue(lugar);
+                barras->horizontalScrollBar()->setValue(lugar);
+                for (QPushButton* b : {a->grabar, oprimible(*a, "SBSalir")})
+                    QVERIFY(marco->rect().contains(QRect(b->mapTo(marco, QPoint()), b->size())));
+            }
+            // Aunque se vean arriba, se leen al final.
+            a->caja->setFocus();
+            QTest::keyClick(a->caja, Qt::Key_Backtab);
+            QVERIFY(oprimible(*a, "SBSalir")->hasFocus());
+        }
     }
 
     void tab_da_la_vuelta_por_lo_que_esta_a_la_vista_y_encendido() {

@@ -1,4 +1,5 @@
 #include "apoyo/reloj_de_prueba.h"
+#include "toolkit/rejilla/delegado_celda.h"
 #include "vouchers/digitador.h"
 
 class PruebaDigitacion : public QObject {
@@ -22,7 +23,12 @@ private slots:
         QCOMPARE(d.celda("CODE_REFER"), QString("F-1"));
         oprima(Qt::Key_F5);
         QCOMPARE(d.celda("CODE_CREDITO"), QString("1000.5"));
+        // Cada línea dice el nombre de su cuenta.
+        const auto* delegado = static_cast<DelegadoCelda*>(d.rejilla().itemDelegate());
+        const QModelIndex primera = d.rejilla().model()->index(0, 0);
+        QTRY_COMPARE(delegado->acompanante(primera), QString("Caja general"));
         oprima(Qt::Key_F2);
+        QCOMPARE(d.barra.text(), QString("Grabado CG 0001 000001"));
         QCOMPARE(s.dato("select enco_numero || enco_fecha || tico_cod || prco_pref from "
                         "comprobante_encabezado"),
                  QString("00000120170107CG0001"));

@@ -67,6 +67,7 @@ QAction* EditorRico::orden(const QString& nombre, const QString& rotulo, const Q
 }
 
 void EditorRico::arme_letras() {
+    texto->setAccessibleName(QStringLiteral("Texto con formato"));
     letra->setObjectName("letra");
     letra->setAccessibleName(QStringLiteral("Letra"));
     letra->setFocusPolicy(Qt::ClickFocus);

@@ -16,6 +16,11 @@ MemoDato::MemoDato(ConjuntoDatos* conjunto, const QString& campo, QWidget* padre
 
 void MemoDato::lineas(int cuantas) {
     lineas_ = cuantas;
+    if (cuantas == 1) {
+        // En un renglón las barras no dejarían leer nada.
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    }
     updateGeometry();
 }
 

@@ -1,12 +1,13 @@
 #include "toolkit/pivote/modelo_cubo.h"
 
+#include "toolkit/estilo.h"
+
 #include <QColor>
 #include <QFont>
 
 namespace {
 constexpr QChar kSeparador(0x1f);
-const QColor kNegativo(0xa0, 0x1c, 0x1c);
-const QColor kFondoTotal(0, 0, 0, 14);
+const QColor kFondoTotal(0x80, 0x80, 0x80, 36); // se nota sobre claro y sobre oscuro
 } // namespace
 
 void ModeloCubo::disponga(const Cubo& cubo, const DisposicionCubo& disposicion) {
@@ -213,7 +214,7 @@ QVariant ModeloCubo::data(const QModelIndex& indice, int rol) const {
     case Qt::ForegroundRole:
         if (columna > 0)
             if (const auto m = cifra(fila, columna); m && m->negativa())
-                return kNegativo;
+                return color_negativo();
         return {};
     case Qt::BackgroundRole:
         return suma ? QVariant(kFondoTotal) : QVariant();

@@ -31,12 +31,13 @@ int otro_nivel(int nivel, qsizetype campos, int paso) {
 RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
     setModel(&modelo_);
     setObjectName(QStringLiteral("RejillaCubo"));
+    setAccessibleName(QStringLiteral("Tabla de resultados"));
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
     setAlternatingRowColors(true);
     setWordWrap(false);
     verticalHeader()->hide();
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + paso());
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + escalado(6));
     horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
     horizontalHeader()->setHighlightSections(false);
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, [this](int columna) {

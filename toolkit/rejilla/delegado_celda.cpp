@@ -1,6 +1,8 @@
 #include "toolkit/rejilla/delegado_celda.h"
 
 #include "toolkit/estilo.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -8,6 +10,8 @@
 #include <QToolTip>
 
 namespace {
+
+constexpr int kLetrasUtiles = 6; ///< con menos, un nombre no dice nada
 
 QColor mezcle(const QColor& base, const QColor& tinte, qreal cuanto) {
     return QColor::fromRgbF(float(base.redF() + (tinte.redF() - base.redF()) * cuanto),
@@ -20,7 +24,7 @@ QColor mezcle(const QColor& base, const QColor& tinte, qreal cuanto) {
 DelegadoCelda::DelegadoCelda(Rejilla& rejilla) : QStyledItemDelegate(&rejilla), rejilla_(rejilla) {}
 
 int DelegadoCelda::margen(const QFontMetrics& medidas) {
-    return qMax(3, medidas.averageCharWidth() / 2);
+    return qMax(4, medidas.averageCharWidth() * 2 / 3);
 }
 
 QRect DelegadoCelda::caja(const QRect& celda, const QWidget* vista) {
@@ -42,7 +46,10 @@ QColor DelegadoCelda::fondo(const QStyleOptionViewItem& opcion, const QModelInde
     const QPalette& paleta = rejilla_.palette();
     const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(indice.row());
     QColor color = aspecto.fondo;
-    if (!color.isValid())
+    const QColor papel = paleta.color(QPalette::Base);
+    if (color.isValid() && papel.lightness() < color.lightness() / 2)
+        color = mezcle(papel, color, 0.22); // pensado para papel blanco
+    else if (!color.isValid())
         color = paleta.color(indice.row() % 2 ? QPalette::AlternateBase : QPalette::Base);
     const QColor tinte = paleta.color(QPalette::Active, QPalette::Highlight);
     const bool actual = indice == rejilla_.currentIndex();
@@ -95,12 +102,18 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
             texto = texto.left(salto) + QStringLiteral(" …");
         // Un importe recortado se leería como otro importe.
         if (medidas.horizontalAdvance(texto) > hueco.width())
+            static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())
+                ->anchos()
+                .pida(indice.column(), sizeHint(opcion, indice).width());
+        if (medidas.horizontalAdvance(texto) > hueco.width())
             texto =
                 modelo.numerica(indice.column())
                     ? QString(qMax(1, hueco.width() / qMax(1, medidas.horizontalAdvance('#'))), '#')
                     : medidas.elidedText(texto, Qt::ElideRight, hueco.width());
         pintor->drawText(hueco, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
                          texto);
+        pinte_acompanante(
+            *pintor, hueco.adjusted(medidas.horizontalAdvance(texto) + 2 * aire, 0, 0, 0), indice);
     }
 
     if (indice == rejilla_.currentIndex()) {
@@ -115,6 +128,25 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
     pintor->restore();
 }
 
+void DelegadoCelda::acompane(int columna, std::function<QString(int fila)> texto) {
+    acompanantes_[columna] = std::move(texto);
+}
+
+QString DelegadoCelda::acompanante(const QModelIndex& indice) const {
+    const auto a = acompanantes_.find(indice.column());
+    return a == acompanantes_.end() ? QString() : a->second(indice.row());
+}
+
+void DelegadoCelda::pinte_acompanante(QPainter& pintor, const QRect& hueco,
+                                      const QModelIndex& indice) const {
+    const QFontMetrics medidas = pintor.fontMetrics();
+    if (!acompanada(indice.column()) || hueco.width() < medidas.averageCharWidth() * kLetrasUtiles)
+        return;
+    pintor.setPen(rejilla_.palette().color(QPalette::PlaceholderText));
+    pintor.drawText(hueco, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                    medidas.elidedText(acompanante(indice), Qt::ElideRight, hueco.width()));
+}
+
 QSize DelegadoCelda::sizeHint(const QStyleOptionViewItem&, const QModelIndex& indice) const {
     const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(indice.row());
     const QFontMetrics medidas(aspecto.letra);
@@ -127,8 +159,11 @@ bool DelegadoCelda::helpEvent(QHelpEvent* evento, QAbstractItemView* vista,
                               const QStyleOptionViewItem& opcion, const QModelIndex& indice) {
     if (evento->type() != QEvent::ToolTip || !indice.isValid())
         return QStyledItemDelegate::helpEvent(evento, vista, opcion, indice);
-    const QString texto = rejilla_.modelo().texto(indice.row(), indice.column());
-    const bool cabe = sizeHint(opcion, indice).width() <= opcion.rect.width();
+    QString texto = rejilla_.modelo().texto(indice.row(), indice.column());
+    const QString nombre = acompanante(indice);
+    if (!nombre.isEmpty())
+        texto += "  " + nombre;
+    const bool cabe = nombre.isEmpty() && sizeHint(opcion, indice).width() <= opcion.rect.width();
     // Texto plano: lo que viene de la base no se interpreta como marcas.
     const QString mensaje =
         cabe && !texto.contains('\n')

@@ -1,6 +1,8 @@
 #pragma once
 // Pinta las celdas de una rejilla: fila actual, celda actual, selección, negativos y casillas.
 #include <QStyledItemDelegate>
+#include <functional>
+#include <map>
 
 class Rejilla;
 
@@ -16,14 +18,21 @@ public:
     bool helpEvent(QHelpEvent* evento, QAbstractItemView* vista, const QStyleOptionViewItem& opcion,
                    const QModelIndex& indice) override;
 
+    /// Texto tenue tras el código de esa columna, donde quede ancho: el nombre de lo que nombra.
+    void acompane(int columna, std::function<QString(int fila)> texto);
+    bool acompanada(int columna) const { return acompanantes_.count(columna) > 0; }
+    QString acompanante(const QModelIndex& indice) const;
+
     /// Blanco entre el texto y el borde de la celda, a cada lado.
     static int margen(const QFontMetrics& medidas);
     /// Cuadro de la casilla dentro de la celda.
     static QRect caja(const QRect& celda, const QWidget* vista);
 
 private:
+    void pinte_acompanante(QPainter& pintor, const QRect& hueco, const QModelIndex& indice) const;
     int sangria(const QModelIndex& indice) const;
     QColor fondo(const QStyleOptionViewItem& opcion, const QModelIndex& indice) const;
 
     Rejilla& rejilla_;
+    std::map<int, std::function<QString(int)>> acompanantes_;
 };

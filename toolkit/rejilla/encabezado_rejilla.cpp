@@ -2,18 +2,35 @@
 
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/filtro_columna.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
 EncabezadoRejilla::EncabezadoRejilla(Rejilla& rejilla)
-    : QHeaderView(Qt::Horizontal, &rejilla), rejilla_(rejilla) {
+    : QHeaderView(Qt::Horizontal, &rejilla), rejilla_(rejilla),
+      anchos_(new AnchosRejilla(rejilla, this)) {
     setSectionsClickable(true);
     setHighlightSections(false);
     setSectionResizeMode(QHeaderView::Interactive);
     setTextElideMode(Qt::ElideRight);
     setMinimumSectionSize(escalado(12));
     connect(this, &QHeaderView::sectionResized, this, [this] { ubique_filtros(); });
+}
+
+void EncabezadoRejilla::mousePressEvent(QMouseEvent* evento) {
+    oprimido_ = true;
+    QHeaderView::mousePressEvent(evento);
+}
+
+void EncabezadoRejilla::mouseReleaseEvent(QMouseEvent* evento) {
+    QHeaderView::mouseReleaseEvent(evento);
+    oprimido_ = false;
+}
+
+void EncabezadoRejilla::mouseDoubleClickEvent(QMouseEvent* evento) {
+    oprimido_ = true;
+    QHeaderView::mouseDoubleClickEvent(evento);
 }
 
 QSize EncabezadoRejilla::sizeHint() const {

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <vector>
 
+class AnchosRejilla;
 class Rejilla;
 
 class EncabezadoRejilla : public QHeaderView {
@@ -22,9 +23,16 @@ public:
     bool aplique();
     void limpie();
 
+    AnchosRejilla& anchos() const { return *anchos_; }
+    /// El usuario tiene oprimido el borde de un título: el ancho que quede es suyo.
+    bool arrastrando() const { return oprimido_; }
+
     QSize sizeHint() const override;
 
 protected:
+    void mousePressEvent(QMouseEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
+    void mouseDoubleClickEvent(QMouseEvent* evento) override;
     void updateGeometries() override;
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
@@ -33,6 +41,8 @@ private:
     bool tecla(int columna, QKeyEvent& evento);
 
     Rejilla& rejilla_;
+    AnchosRejilla* anchos_;
+    bool oprimido_ = false;
     std::vector<QLineEdit*> filtros_;
     bool con_filtros_ = false;
     bool aplicado_ = false;

@@ -5,6 +5,10 @@
 
 #include <limits>
 
+namespace {
+constexpr QLatin1String kFechaContable("aaaa/mm/dd");
+} // namespace
+
 ModeloConjunto::ModeloConjunto(Rejilla& rejilla)
     : QAbstractTableModel(&rejilla), rejilla_(rejilla) {}
 
@@ -37,7 +41,11 @@ QString ModeloConjunto::presente(const Valor& v, int columna) const {
         if (i >= 0 && i < c.PickList().size())
             return c.PickList().at(i);
     }
-    return c.campo->presente(v, c.DisplayFormat);
+    const QString texto = c.campo->presente(v, c.DisplayFormat);
+    // Las fechas contables se guardan como aaaammdd y se leen como las demás.
+    if (c.DisplayFormat() == kFechaContable && texto.size() == 8)
+        return texto.left(4) + '/' + texto.mid(4, 2) + '/' + texto.mid(6);
+    return texto;
 }
 
 QString ModeloConjunto::texto(int fila, int columna) const {
@@ -82,8 +90,15 @@ QVariant ModeloConjunto::data(const QModelIndex& indice, int papel) const {
     const int columna = indice.column();
     switch (papel) {
     case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
         return texto(indice.row(), columna);
+    case Qt::AccessibleTextRole:
+        if (rejilla_.columna(columna).casilla)
+            return valor(indice.row(), columna).texto() == QLatin1String("S")
+                       ? QStringLiteral("marcada")
+                       : QStringLiteral("sin marcar");
+        return texto(indice.row(), columna);
+    case Qt::AccessibleDescriptionRole:
+        return rejilla_.columna(columna).Titulo();
     case Qt::EditRole:
         return texto_editable(indice.row(), columna);
     case Qt::TextAlignmentRole:

@@ -1,7 +1,9 @@
 #include "toolkit/rejilla/pie_rejilla.h"
 
 #include "toolkit/estilo.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -51,7 +53,11 @@ void PieRejilla::paintEvent(QPaintEvent*) {
         const int aire = DelegadoCelda::margen(QFontMetrics(rejilla_.font()));
         pintor.setPen(suma.startsWith('-') ? color_negativo() : palette().color(QPalette::Text));
         QRect hueco = celda.adjusted(aire, 0, -aire, 0);
-        // Una suma nunca se recorta: si no cabe se extiende hacia la izquierda.
+        // Una suma nunca se recorta: mientras su columna se ensancha, se extiende a la izquierda.
+        if (medidas.horizontalAdvance(suma) > hueco.width())
+            static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())
+                ->anchos()
+                .pida(c, medidas.horizontalAdvance(suma) + 4 * aire);
         hueco.setLeft(qMin(hueco.left(), hueco.right() - medidas.horizontalAdvance(suma)));
         pintor.drawText(hueco, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, suma);
     }

@@ -3,47 +3,37 @@
 
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/indicador_filas.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/pie_rejilla.h"
+#include "toolkit/rejilla/tabla_rejilla.h"
 
 #include <QScrollBar>
 #include <QSettings>
 
 namespace {
 
-constexpr int kFilasMedidas = 100;    ///< filas que deciden el ancho de una columna
-constexpr int kFilasRemedidas = 5000; ///< las que se miran cuando el conjunto se abre otra vez
-constexpr int kEsperaAnchosMs = 400;  ///< el arrastre de un título se guarda una vez
+constexpr int kEsperaAnchosMs = 400; ///< el arrastre de un título se guarda una vez
 
-/// La cifra de más letras entre esas filas, sin dar formato a cada una: la mayor y la menor.
-int ancho_de_cifra(const Rejilla& rejilla, int columna, int desde, int hasta) {
-    const ModeloConjunto& modelo = rejilla.modelo();
-    int mayor = desde, menor = desde;
-    Moneda alta, baja;
-    for (int f = desde; f < hasta; ++f) {
-        const Moneda v = modelo.valor(f, columna).moneda();
-        if (v > alta)
-            alta = v, mayor = f;
-        if (v < baja)
-            baja = v, menor = f;
-    }
-    int ancho = 0;
-    for (const int f : {mayor, menor})
-        if (f < hasta)
-            ancho =
-                qMax(ancho, rejilla.itemDelegate()->sizeHint({}, modelo.index(f, columna)).width());
-    return ancho;
-}
-
-void haga_caber_cifras(Rejilla& rejilla, int desde, int hasta) {
-    for (int c = 0; c < rejilla.cuenta_columnas(); ++c)
-        if (rejilla.modelo().numerica(c) && !rejilla.isColumnHidden(c))
-            rejilla.setColumnWidth(
-                c, qMax(rejilla.columnWidth(c), ancho_de_cifra(rejilla, c, desde, hasta)));
+/// Qué barras hacen falta para lo que hay en `sitio`, que no cuenta con ninguna. La una le quita
+/// espacio a la otra: se deciden juntas.
+void ajuste_barras(Rejilla& r, QSize sitio) {
+    const int grueso = r.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &r);
+    const int fila = r.verticalHeader()->defaultSectionSize(), filas = r.model()->rowCount();
+    const int ancho = r.horizontalHeader()->length();
+    bool al_lado = filas * fila > sitio.height();
+    const bool abajo = ancho > sitio.width() - (al_lado ? grueso : 0);
+    al_lado = filas * fila > sitio.height() - (abajo ? grueso : 0);
+    const QSize queda = sitio - QSize(al_lado ? grueso : 0, abajo ? grueso : 0);
+    const int caben = qMax(1, queda.height() / fila);
+    r.verticalScrollBar()->setPageStep(caben);
+    r.verticalScrollBar()->setRange(0, qMax(0, filas - caben));
+    r.horizontalScrollBar()->setPageStep(queda.width());
+    r.horizontalScrollBar()->setRange(0, qMax(0, ancho - queda.width()));
 }
 
 } // namespace
@@ -90,14 +80,21 @@ Rejilla::Rejilla(QWidget* padre, ConjuntoDatos* conjunto)
     disconnect(encabezado_, SIGNAL(sectionPressed(int)), this, nullptr);
     disconnect(encabezado_, SIGNAL(sectionEntered(int)), this, nullptr);
     connect(encabezado_, &QHeaderView::sectionClicked, this, &Rejilla::titulo_oprimido);
-    connect(encabezado_, &QHeaderView::sectionResized, this, [this] {
+    connect(encabezado_, &QHeaderView::sectionResized, this, [this](int c, int antes, int ancho) {
         pie_->update();
         ubique_editor();
-        if (!ajustando_anchos_ && ajustes_ && anchos_puestos_)
-            reloj_anchos_->start(kEsperaAnchosMs);
+        // Mostrar u ocultar una columna, o repartir el espacio, no es escoger su ancho.
+        if (encabezado_->anchos().repartiendo() || !encabezado_->arrastrando() || antes == 0 ||
+            ancho == 0)
+            return;
+        encabezado_->anchos().escoja(c, ancho);
+        reloj_anchos_->start(kEsperaAnchosMs);
     });
     reloj_anchos_->setSingleShot(true);
-    connect(reloj_anchos_, &QTimer::timeout, this, &Rejilla::guarde_anchos);
+    connect(reloj_anchos_, &QTimer::timeout, this, [this] {
+        guarde_anchos();
+        encabezado_->anchos().mida(); // los textos se quedan con lo que el arrastre dejó
+    });
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         pie_->update();
         ubique_editor();
@@ -114,9 +111,10 @@ Rejilla::Rejilla(QWidget* padre, ConjuntoDatos* conjunto)
 
 Rejilla::~Rejilla() {
     disconnect(qApp, nullptr, this, nullptr);
-    if (reloj_anchos_->isActive())
-        guarde_anchos();
+    const bool por_guardar = reloj_anchos_->isActive();
     modelo_->enlace(nullptr);
+    if (por_guardar)
+        guarde_anchos();
 }
 
 // ---------------------------------------------------------------- columnas
@@ -202,6 +200,8 @@ void Rejilla::columna_cambiada() {
     for (int i = 0; i < int(columnas_.size()); ++i)
         setColumnHidden(i, !columnas_[size_t(i)]->Visible);
     modelo_->columnas_cambiadas();
+    if (anchos_puestos_)
+        aplique_anchos();
     const int actual = SelectedIndex();
     if (actual >= 0 && isColumnHidden(actual) && !moviendo_)
         fije_actual(conjunto() ? conjunto()->RecNo() : -1, columna_visible(0, 1));
@@ -218,92 +218,38 @@ void Rejilla::mida_filas() {
 }
 
 void Rejilla::ajuste_anchos() {
-    const bool antes = std::exchange(ajustando_anchos_, true);
-    const QFontMetrics medidas(font());
-    QFont negrilla = font();
-    negrilla.setBold(true);
-    const QFontMetrics medidas_pie(negrilla);
-    const int aire = DelegadoCelda::margen(medidas);
-    const int filas = qMin(modelo_->rowCount(), kFilasMedidas);
-    const QStyleOptionViewItem opcion;
-    QVector<int> anchos, contenidos;
-    int libre = viewport()->width();
-    for (int c = 0; c < int(columnas_.size()); ++c) {
-        const ColumnaRejilla& columna = *columnas_[size_t(c)];
-        const int declarado = ancho_caracteres(medidas, columna.ancho);
-        int contenido = 0;
-        for (int f = 0; f < filas && !columna.casilla; ++f)
-            contenido =
-                qMax(contenido, itemDelegate()->sizeHint(opcion, modelo_->index(f, c)).width());
-        if (modelo_->numerica(c))
-            contenido = qMax(contenido, ancho_de_cifra(*this, c, filas, modelo_->rowCount()));
-        if (columna.ConSuma)
-            contenido = qMax(contenido, medidas_pie.horizontalAdvance(pie_->texto(c)) + 4 * aire);
-        // El contenido manda, sin que un nombre largo saque de la vista lo demás ni una columna
-        // vacía se quede sin dónde escribir. Un importe siempre cabe.
-        int ancho = declarado;
-        if (filas > 0 && !columna.casilla)
-            ancho = qBound(declarado * 6 / 10, contenido,
-                           modelo_->numerica(c) ? qMax(declarado, contenido) : declarado * 3 / 2);
-        ancho = qMax(encabezado_->sectionSizeHint(c), ancho);
-        anchos << ancho;
-        contenidos << contenido;
-        if (!isColumnHidden(c))
-            libre -= ancho;
-    }
-    for (int c = 0; c < int(columnas_.size()); ++c) {
-        // Lo que sobra a la derecha es de los textos que no caben.
-        if (const int falta = contenidos[c] - anchos[c];
-            isVisible() && !isColumnHidden(c) && falta > 0 && libre > 0) {
-            const int mas = qMin(falta, libre);
-            anchos[c] += mas;
-            libre -= mas;
-        }
-        setColumnWidth(c, anchos[c]);
-    }
-    ajustando_anchos_ = antes;
+    encabezado_->anchos().mida();
 }
 
 void Rejilla::aplique_anchos() {
-    if (columnas_.empty())
+    if (columnas_.empty() || ajustando_anchos_)
         return;
     const bool antes = std::exchange(ajustando_anchos_, true);
     ajuste_anchos();
-    bool guardados = false;
-    if (ajustes_) {
-        const qreal unidad = QFontMetricsF(font()).averageCharWidth();
-        for (const QString& par : ajustes_->value(clave_anchos_).toStringList()) {
-            const int c = columna_de(par.section('=', 0, 0));
-            const double ancho = par.section('=', 1).toDouble();
-            if (c >= 0 && ancho > 0) {
-                setColumnWidth(c, qRound(ancho * unidad));
-                guardados = true;
-            }
-        }
-    }
     // Sin filas todavía, el contenido decidirá cuando llegue.
-    anchos_puestos_ = guardados || modelo_->rowCount() > 0;
+    anchos_puestos_ = modelo_->rowCount() > 0;
     ajustando_anchos_ = antes;
 }
 
 void Rejilla::guarde_en(QSettings* ajustes, const QString& clave) {
     ajustes_ = ajustes;
     clave_anchos_ = clave + QStringLiteral("/anchos");
+    QMap<QString, double> escogidos;
+    for (const QString& par : ajustes_->value(clave_anchos_).toStringList())
+        if (const double ancho = par.section('=', 1).toDouble(); ancho > 0)
+            escogidos.insert(par.section('=', 0, 0), ancho);
+    encabezado_->anchos().escogidos(escogidos);
     aplique_anchos();
 }
 
 void Rejilla::guarde_anchos() {
-    if (!ajustes_)
-        return;
-    // En caracteres, para que valgan con otra letra u otra escala.
-    const qreal unidad = QFontMetricsF(font()).averageCharWidth();
+    // Solo los que el usuario arrastró: los demás siguen acomodándose al contenido y a la ventana.
+    const QMap<QString, double> escogidos = encabezado_->anchos().escogidos();
     QStringList anchos;
-    for (int c = 0; c < int(columnas_.size()); ++c)
-        if (!isColumnHidden(c))
-            anchos << QStringLiteral("%1=%2")
-                          .arg(columnas_[size_t(c)]->FieldName)
-                          .arg(columnWidth(c) / unidad, 0, 'f', 2);
-    ajustes_->setValue(clave_anchos_, anchos);
+    for (auto a = escogidos.begin(); a != escogidos.end(); ++a)
+        anchos << QStringLiteral("%1=%2").arg(a.key()).arg(a.value(), 0, 'f', 2);
+    if (ajustes_ && !anchos.isEmpty())
+        ajustes_->setValue(clave_anchos_, anchos);
 }
 
 // ---------------------------------------------------------------- geometría y pintado
@@ -315,26 +261,20 @@ void Rejilla::updateGeometries() {
     const int desplazada = verticalScrollBar()->value();
     QTableView::updateGeometries();
     if (pie_ && pie_->isVisibleTo(this)) {
-        // La base reparte toda la altura: el pie la toma al final y las barras se vuelven a medir.
-        // La vertical, también antes: si cabe todo hasta que llega el pie, la base la quitaría, él
-        // la volvería a poner, y el cambio de ancho los llamaría otra vez, sin fin.
+        // La base reparte toda la altura: el pie toma la suya al final. Primero las barras, para
+        // que el margen del pie no las quite y las ponga sin acabar nunca.
         const QMargins margenes = viewportMargins();
         const int alto = pie_->sizeHint().height();
-        const auto mida_barra = [this](int altura) {
-            const int caben = qMax(1, altura / indicador_->defaultSectionSize());
-            verticalScrollBar()->setPageStep(caben);
-            verticalScrollBar()->setRange(0, qMax(0, modelo_->rowCount() - caben));
-        };
-        mida_barra(viewport()->height() + margenes.bottom() - alto);
+        ajuste_barras(*this, maximumViewportSize() - QSize(0, alto));
         setViewportMargins(margenes.left(), margenes.top(), 0, alto);
         const QRect filas = viewport()->geometry();
         indicador_->setGeometry(indicador_->x(), filas.top(), indicador_->width(), filas.height());
         pie_->setGeometry(indicador_->x(), filas.bottom() + 1, filas.right() + 1 - indicador_->x(),
                           alto);
-        mida_barra(filas.height());
         verticalScrollBar()->setValue(desplazada);
     }
     geometria_ = false;
+    encabezado_->anchos().reparta();
     ubique_editor();
     // Un primer paquete que no llena la vista no se deja desplazar: el siguiente se pide ya.
     if (isVisible() && modelo_->canFetchMore({}) &&
@@ -368,6 +308,8 @@ const Rejilla::Aspecto& Rejilla::aspecto_de(int fila) const {
 
 void Rejilla::showEvent(QShowEvent* evento) {
     QTableView::showEvent(evento);
+    if (accessibleName().isEmpty())
+        setAccessibleName(QStringLiteral("Lista de ") + TablaRejilla(*this).titulo());
     // Antes de mostrarse no se sabía cuánto espacio hay.
     if (!evento->spontaneous() && !std::exchange(mostrada_, true))
         aplique_anchos();
@@ -376,15 +318,17 @@ void Rejilla::showEvent(QShowEvent* evento) {
 void Rejilla::paintEvent(QPaintEvent* evento) {
     fila_aspecto_ = -1;
     QTableView::paintEvent(evento);
-    if (modelo_->rowCount() > 0 || texto_vacio.isEmpty() || !conjunto() ||
-        !(conjunto()->Active() || property("avisa_cerrada").toBool()))
+    // Sin consultar todavía no se sabe si está vacía: se dice cómo se consulta.
+    const bool abierta = conjunto() && conjunto()->Active();
+    const QString texto = abierta ? texto_vacio : property("sin_consultar").toString();
+    if (modelo_->rowCount() > 0 || texto.isEmpty() || !conjunto())
         return;
     QPainter pintor(viewport());
     pintor.setPen(palette().color(QPalette::PlaceholderText));
     const int aire = paso(1);
     pintor.drawText(
         viewport()->rect().adjusted(aire, aire * 2, -aire, -aire), Qt::AlignHCenter | Qt::AlignTop,
-        fontMetrics().elidedText(texto_vacio, Qt::ElideRight, viewport()->width() - 2 * aire));
+        fontMetrics().elidedText(texto, Qt::ElideRight, viewport()->width() - 2 * aire));
 }
 
 void Rejilla::changeEvent(QEvent* evento) {
@@ -418,14 +362,10 @@ void Rejilla::conjunto_reiniciado() {
     todo_ = false;
     if (!marcas_.empty() && !escribiendo_)
         quite_marcas();
-    if (!anchos_puestos_ && modelo_->rowCount() > 0 && !ajustando_anchos_) {
+    if (!anchos_puestos_ && modelo_->rowCount() > 0)
         aplique_anchos();
-    } else if (anchos_puestos_ && !(ajustes_ && ajustes_->contains(clave_anchos_))) {
-        // Lo que se calculó otra vez puede traer cifras más largas.
-        const bool antes = std::exchange(ajustando_anchos_, true);
-        haga_caber_cifras(*this, 0, qMin(modelo_->rowCount(), kFilasRemedidas));
-        ajustando_anchos_ = antes;
-    }
+    else if (anchos_puestos_)
+        encabezado_->anchos().mida_filas(0, modelo_->rowCount());
     cursor_movido();
     pie_->update();
     indicador_->viewport()->update();
@@ -471,12 +411,9 @@ void Rejilla::filas_corridas(int desde, int cuantas) {
     fila_aspecto_ = -1;
     if (!anchos_puestos_ && modelo_->rowCount() > 0 && !conjunto()->editando())
         aplique_anchos();
-    // Un paquete recién traído puede traer una cifra más larga; el ancho del usuario es suyo.
-    else if (cuantas > 1 && !(ajustes_ && ajustes_->contains(clave_anchos_))) {
-        const bool antes = std::exchange(ajustando_anchos_, true);
-        haga_caber_cifras(*this, desde, desde + cuantas);
-        ajustando_anchos_ = antes;
-    }
+    // Un paquete recién traído puede traer una cifra más larga.
+    else if (cuantas > 1)
+        encabezado_->anchos().mida_filas(desde, desde + cuantas);
     if (todo_ && cuantas > 0)
         seleccione_todo();
     pie_->update();

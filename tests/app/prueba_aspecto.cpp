@@ -1,0 +1,262 @@
+// Cómo se ve cada pantalla registrada, con datos corrientes y extremos: ninguna cifra ni código se
+// recorta mientras haya ancho, los botones quedan a la vista y todo control dice su nombre.
+//
+// Con QUORVEX_FOTOS deja además una foto de cada una; `herramientas/fotos.sh` la corre a todas las
+// escalas.
+#include "apoyo_gui/fotos.h"
+#include "cada_pantalla.h"
+#include "toolkit/barrabotones.h"
+#include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QAccessible>
+#include <QHeaderView>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+
+namespace {
+
+/// Nombres de sesenta letras, cifras de veinte caracteres y un asiento largo cuya mayor cifra queda
+/// lejos del comienzo.
+QStringList datos_extremos() {
+    const auto largo = [](const QString& tabla, const QString& campo) {
+        return QString("update %1 set %2 = substring(%2 || ' de administración y ventas de la "
+                       "compañía en todo el territorio nacional' from 1 for 60)")
+            .arg(tabla, campo);
+    };
+    return {
+        largo("cuentas", "cuen_nom"),
+        largo("cuentas_niif", "cuen_nom"),
+        largo("terceros", "terc_nom"),
+        largo("proyectos", "proy_nom"),
+        largo("centros", "cent_nom"),
+        largo("articulo", "arti_des"),
+        largo("activos_fijos", "acfj_desc"),
+        largo("comprobante_encabezado", "enco_concepto"),
+        largo("comprobante_detalle", "code_concepto"),
+        "update comprobante_detalle set code_debito = 9999999999999.99 where code_item = 1",
+        "update comprobante_detalle set code_credito = 9999999999999.99 where code_item = 2",
+        "update comprobante_detalle_niif set code_debito = 9999999999999.99 where code_item = 1",
+        "update comprobante_detalle_niif set code_credito = 9999999999999.99 where code_item = 2",
+        "execute block as declare n integer = 10; begin while (n < 400) do begin n = n + 1; insert "
+        "into comprobante_detalle (enco_consec, code_item, cuen_cod, code_debito, code_credito) "
+        "select 500, :n, '413505', iif(:n = 400, 99999999999.99, 5), 0 from rdb$database; end end",
+    };
+}
+
+QSize monitor() {
+    const QStringList lados = qEnvironmentVariable("QUORVEX_MONITOR", "1366x768").split('x');
+    return QSize(lados[0].toInt(), lados[1].toInt()) / qApp->devicePixelRatio();
+}
+
+QString de(const QWidget* w) {
+    return w->objectName().isEmpty() ? QString::fromLatin1(w->metaObject()->className())
+                                     : w->objectName();
+}
+
+/// La ventana hija, o el diálogo si es modal.
+QWidget* ventana_de(Pantalla* p) {
+    for (QWidget* w = p; w; w = w->parentWidget())
+        if (qobject_cast<QMdiSubWindow*>(w) || w->isWindow())
+            return w;
+    return p;
+}
+
+QVector<int> columnas_a_la_vista(const Rejilla& r) {
+    QVector<int> v;
+    for (int c = 0; c < r.cuenta_columnas(); ++c)
+        if (!r.isColumnHidden(c))
+            v << c;
+    return v;
+}
+
+/// Un nombre o un concepto; lo demás son códigos, fechas y cifras, que no se parten.
+bool es_nombre(const Rejilla& r, int columna) {
+    const Campo* campo = r.columna(columna).campo;
+    return !r.modelo().numerica(columna) && campo &&
+           (campo->clase == ClaseCampo::Blob || campo->Size >= 24 ||
+            r.columna(columna).ancho >= 24);
+}
+
+void revise_celdas(const Rejilla& r, QStringList& faltas) {
+    for (const int c : columnas_a_la_vista(r)) {
+        if (r.columna(c).casilla || es_nombre(r, c))
+            continue;
+        for (int f = 0; f < r.modelo().rowCount(); ++f) {
+            const QFontMetrics m(r.aspecto_de(f).letra);
+            const QString texto = r.modelo().texto(f, c).section('\n', 0, 0);
+            if (m.horizontalAdvance(texto) > r.columnWidth(c) - 1 - 2 * DelegadoCelda::margen(m)) {
+                faltas << QString("%1.%2 fila %3 se recorta: %4")
+                              .arg(de(&r), r.columna(c).FieldName)
+                              .arg(f)
+                              .arg(texto);
+                break;
+            }
+        }
+    }
+}
+
+void revise_anchos(const Rejilla& r, QStringList& faltas) {
+    int total = 0;
+    bool nombres = false;
+    QFont negrilla = r.font();
+    negrilla.setBold(true);
+    for (const int c : columnas_a_la_vista(r)) {
+        total += r.columnWidth(c);
+        nombres = nombres || es_nombre(r, c);
+        if (!r.pie() || !r.columna(c).ConSuma || !r.columna(c).campo)
+            continue;
+        const QString suma = r.columna(c).campo->presente(r.suma(c), r.columna(c).DisplayFormat);
+        if (QFontMetrics(negrilla).horizontalAdvance(suma) > r.columnWidth(c))
+            faltas << de(&r) + '.' + r.columna(c).FieldName + ": la suma invade la columna vecina";
+    }
+    // Con las filas justas queda reservado el sitio de la barra del lado.
+    const int barra = r.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &r);
+    if (nombres && total < r.viewport()->width() - barra)
+        faltas << QString("%1 usa %2 de %3").arg(de(&r)).arg(total).arg(r.viewport()->width());
+}
+
+/// Lo que un lector de pantalla diría de un control; vacío si nada.
+QString nombre_dicho(QWidget* w) {
+    QAccessibleInterface* i = QAccessible::queryAccessibleInterface(w);
+    return i ? i->text(QAccessible::Name).trimmed() : QString();
+}
+
+void revise_nombres(const Pantalla* p, QStringList& faltas) {
+    for (QWidget* w : p->findChildren<QWidget*>()) {
+        const QWidget* padre = w->parentWidget();
+        const bool parte =
+            padre && (padre->inherits("QComboBox") || padre->inherits("QAbstractSpinBox"));
+        if (!w->isVisible() || parte || w->focusProxy() || !(w->focusPolicy() & Qt::TabFocus))
+            continue;
+        if (nombre_dicho(w).isEmpty())
+            faltas << de(w) + " no dice su nombre";
+    }
+    for (Rejilla* r : p->findChildren<Rejilla*>()) {
+        if (!r->isVisible() || r->modelo().rowCount() == 0)
+            continue;
+        for (const int c : columnas_a_la_vista(*r)) {
+            const QModelIndex celda = r->model()->index(0, c);
+            if (celda.data(Qt::AccessibleDescriptionRole).toString().isEmpty())
+                faltas << QString("%1: la celda %2 no dice de qué es").arg(de(r)).arg(c);
+        }
+    }
+}
+
+void revise_botones(Pantalla* p, QStringList& faltas) {
+    const QWidget* marco = p->parentWidget(); // la ventanilla por la que se ve la pantalla
+    for (const BarraBotones* barra : p->findChildren<BarraBotones*>()) {
+        if (!barra->isVisible())
+            continue;
+        for (const QPushButton* b : barra->findChildren<QPushButton*>())
+            if (b->isVisible() &&
+                !marco->rect().contains(QRect(b->mapTo(marco, QPoint()), b->size())))
+                faltas << de(b) + " queda fuera de la vista";
+    }
+}
+
+void revise_vacias(const Pantalla* p, QStringList& faltas) {
+    for (const Rejilla* r : p->findChildren<Rejilla*>())
+        if (r->isVisible() && r->conjunto() && r->texto_vacio.isEmpty())
+            faltas << de(r) + " no diría que está vacía";
+        else if (r->isVisible() && r->conjunto() && !r->conjunto()->Active() &&
+                 r->property("sin_consultar").isNull())
+            faltas << de(r) + " abre en blanco y no dice cómo se consulta";
+}
+
+/// A un monitor corriente, quien digita ve el asiento y no una ventanilla.
+void revise_lineas(const Pantalla* p, QStringList& faltas) {
+    constexpr int kLineas = 14;
+    if (monitor() != QSize(1366, 768) ||
+        !QStringList{"Tfmovimien", "Tfedtmovimien"}.contains(p->objectName()))
+        return;
+    const auto* r = p->findChild<Rejilla*>("DBGridEh1");
+    constexpr int kTituloDelEscritorio = 20; // la barra que el gestor de ventanas pone al programa
+    const int caben = (r->viewport()->height() - kTituloDelEscritorio) /
+                      r->verticalHeader()->defaultSectionSize();
+    if (caben < kLineas)
+        faltas << QString("solo se ven %1 líneas").arg(caben);
+}
+
+} // namespace
+
+class PruebaAspecto : public QObject {
+    Q_OBJECT
+private slots:
+    void init() { s_.emplace(); }
+    void cleanup() { s_.reset(); }
+
+    void cada_pantalla_se_lee_entera_data() {
+        QTest::addColumn<QStringList>("ordenes");
+        QTest::newRow("corrientes") << QStringList{};
+        QTest::newRow("extremos") << datos_extremos();
+        QTest::newRow("vacios") << QStringList{};
+    }
+    void cada_pantalla_se_lee_entera() {
+        QFETCH(QStringList, ordenes);
+        QStringList faltas;
+        con_cada_pantalla(
+            *s_, ordenes, monitor(),
+            [&](Pantalla* p) {
+                QStringList suyas;
+                agote_eventos();
+                for (Rejilla* r : p->findChildren<Rejilla*>()) {
+                    if (!r->isVisible() || !r->conjunto() || !r->conjunto()->Active())
+                        continue;
+                    r->conjunto()->FetchAll();
+                    agote_eventos();
+                    revise_celdas(*r, suyas);
+                    revise_anchos(*r, suyas);
+                }
+                revise_nombres(p, suyas);
+                revise_botones(p, suyas);
+                revise_vacias(p, suyas);
+                revise_lineas(p, suyas);
+                if (p->objectName() == "Tfmovimien")
+                    tome_foto(s_->principal.get(),
+                              QString::fromLatin1(QTest::currentDataTag()) + "_principal");
+                for (const QString& f : suyas)
+                    faltas << p->objectName() + ": " + f;
+                tome_foto(ventana_de(p),
+                          QString::fromLatin1(QTest::currentDataTag()) + '_' + p->objectName());
+            },
+            QTest::currentDataTag() != QByteArray("vacios"));
+        for (const QString& f : faltas)
+            qWarning("%s", qPrintable(f));
+        QVERIFY2(faltas.isEmpty(), qPrintable(QString("%1 faltas").arg(faltas.size())));
+    }
+
+    void los_avisos_de_la_sesion_se_abren_tambien_con_el_teclado() {
+        Tfprincipal& p = s_->entre();
+        p.barra->texto("Grabado FC 0001 000106");
+        QString visto;
+        s_->dialogos.espere_modal("historia_avisos", [&](QWidget* w) {
+            visto = w->findChild<QPlainTextEdit*>("Avisos")->toPlainText();
+            w->close();
+        });
+        QTest::keyClick(&p, Qt::Key_H, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+        QVERIFY(visto.startsWith("2017/05/15 12:00:00  Grabado FC 0001 000106"));
+    }
+
+    void lo_que_dice_qt_va_en_espanol() {
+        const std::pair<const char*, const char*> textos[] = {
+            {"QPlatformTheme", "&Yes"},       {"QPlatformTheme", "Cancel"},
+            {"QFileDialog", "Look in:"},      {"QFileDialog", "File &name:"},
+            {"QPrintDialog", "&Print"},       {"QPrintPreviewDialog", "Fit width"},
+            {"QPrintPreviewDialog", "Print"}, {"QPageSetupWidget", "Paper"},
+            {"QWidgetTextControl", "&Copy"},  {"QLineEdit", "Select All"},
+            {"QMdiSubWindow", "&Close"},      {"QColorDialog", "&Add to Custom Colors"}};
+        for (const auto& [contexto, ingles] : textos)
+            QVERIFY2(QCoreApplication::translate(contexto, ingles) != QLatin1String(ingles),
+                     qPrintable(QString("%1: %2").arg(contexto, ingles)));
+    }
+
+private:
+    std::optional<SesionDePrueba> s_;
+};
+
+PRUEBA_DE_LA_APLICACION(PruebaAspecto)
+#include "prueba_aspecto.moc"

@@ -1,0 +1,134 @@
+// El programa sigue el tema del escritorio: se le pregunta a un portal de mentira en un bus propio.
+#include "app/tema/tema_sistema.h"
+#include "toolkit/estilo.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QPalette>
+#include <QProcess>
+#include <QTest>
+
+namespace {
+
+/// Contesta siempre lo mismo, envuelto como lo hace el verdadero.
+class Portal : public QDBusVirtualObject {
+public:
+    explicit Portal(uint valor) : valor_(valor) {}
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& mensaje, const QDBusConnection& conexion) override {
+        const QDBusVariant valor{QVariant(valor_)};
+        const QVariant doble = QVariant::fromValue(QDBusVariant(QVariant::fromValue(valor)));
+        return conexion.send(mensaje.createReply(doble));
+    }
+
+private:
+    uint valor_;
+};
+
+int sirva_portal(uint valor, int& cuantos, char** argumentos) {
+    QCoreApplication aplicacion(cuantos, argumentos);
+    Portal portal(valor);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.registerVirtualObject("/org/freedesktop/portal/desktop", &portal) ||
+        !bus.registerService("org.freedesktop.portal.Desktop"))
+        return 1;
+    puts("listo");
+    fflush(stdout);
+    return QCoreApplication::exec();
+}
+
+/// Dice "oscuro" o "claro" según lo que el programa resuelve al arrancar.
+int diga_tema(int& cuantos, char** argumentos) {
+    QApplication aplicacion(cuantos, argumentos);
+    if (escritorio_oscuro())
+        aplicacion.setProperty("tema", "oscuro");
+    aplique_estilo(aplicacion);
+    const QPalette p = QApplication::palette();
+    const auto claridad = [&p](QPalette::ColorRole rol) { return p.color(rol).lightness(); };
+    // Cada tinta se distingue de su fondo.
+    for (const auto& [tinta, fondo] : {std::pair{QPalette::WindowText, QPalette::Window},
+                                       {QPalette::Text, QPalette::Base},
+                                       {QPalette::Text, QPalette::AlternateBase},
+                                       {QPalette::ButtonText, QPalette::Button},
+                                       {QPalette::HighlightedText, QPalette::Highlight},
+                                       {QPalette::Link, QPalette::Base},
+                                       {QPalette::ToolTipText, QPalette::ToolTipBase}})
+        if (qAbs(claridad(tinta) - claridad(fondo)) < 80)
+            return 2;
+    if (qAbs(color_negativo().lightness() - claridad(QPalette::Base)) < 80)
+        return 2;
+    puts(claridad(QPalette::Base) < 128 ? "oscuro" : "claro");
+    return 0;
+}
+
+} // namespace
+
+class PruebaTema : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() {
+        bus_.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
+        QVERIFY(bus_.waitForReadyRead(10000));
+        direccion_ = QString::fromLatin1(bus_.readLine()).trimmed();
+        QVERIFY(!direccion_.isEmpty());
+    }
+    void cleanupTestCase() {
+        bus_.terminate();
+        bus_.waitForFinished();
+    }
+
+    void el_tema_es_el_del_escritorio_salvo_que_se_pida_otro_data() {
+        QTest::addColumn<int>("portal");
+        QTest::addColumn<QString>("pedido");
+        QTest::addColumn<QString>("tema");
+        QTest::newRow("sin portal") << -1 << QString() << "claro";
+        QTest::newRow("sin preferencia") << 0 << QString() << "claro";
+        QTest::newRow("oscuro") << 1 << QString() << "oscuro";
+        QTest::newRow("claro") << 2 << QString() << "claro";
+        QTest::newRow("oscuro y se pide claro") << 1 << "claro"
+                                                << "claro";
+        QTest::newRow("claro y se pide oscuro") << 2 << "oscuro"
+                                                << "oscuro";
+    }
+    void el_tema_es_el_del_escritorio_salvo_que_se_pida_otro() {
+        QFETCH(int, portal);
+        QFETCH(QString, pedido);
+        QFETCH(QString, tema);
+        QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+        entorno.insert("DBUS_SESSION_BUS_ADDRESS", direccion_);
+        entorno.insert("QUORVEX_TEMA", pedido);
+        QProcess servidor, programa;
+        servidor.setProcessEnvironment(entorno);
+        programa.setProcessEnvironment(entorno);
+        if (portal >= 0) {
+            servidor.start(QCoreApplication::applicationFilePath(),
+                           {"--portal", QString::number(portal)});
+            QVERIFY(servidor.waitForReadyRead(10000));
+        }
+        programa.start(QCoreApplication::applicationFilePath(), {"--tema"});
+        QVERIFY(programa.waitForFinished(20000));
+        servidor.kill();
+        servidor.waitForFinished();
+        QCOMPARE(programa.exitCode(), 0);
+        QCOMPARE(QString::fromLatin1(programa.readAllStandardOutput()).trimmed(), tema);
+    }
+
+private:
+    QProcess bus_;
+    QString direccion_;
+};
+
+int main(int cuantos, char** argumentos) {
+    if (cuantos == 3 && qstrcmp(argumentos[1], "--portal") == 0)
+        return sirva_portal(uint(atoi(argumentos[2])), cuantos, argumentos);
+    if (cuantos == 2 && qstrcmp(argumentos[1], "--tema") == 0)
+        return diga_tema(cuantos, argumentos);
+    QCoreApplication aplicacion(cuantos, argumentos);
+    PruebaTema prueba;
+    return QTest::qExec(&prueba, cuantos, argumentos);
+}
+
+#include "prueba_tema.moc"

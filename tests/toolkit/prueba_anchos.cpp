@@ -1,0 +1,200 @@
+// El ancho de una rejilla se reparte: cifras y códigos enteros, y lo demás para los textos.
+#include "rejilla_de_prueba.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
+#include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <numeric>
+
+namespace {
+
+int suma(const QVector<int>& anchos) {
+    return std::accumulate(anchos.begin(), anchos.end(), 0);
+}
+
+void arrastre(Rejilla& r, int columna, int cuanto) {
+    QHeaderView* h = r.horizontalHeader();
+    const int borde = h->sectionViewportPosition(columna) + h->sectionSize(columna) - 1;
+    QTest::mousePress(h->viewport(), Qt::LeftButton, {}, {borde, 5});
+    QTest::mouseMove(h->viewport(), {borde + cuanto / 2, 5});
+    QTest::mouseMove(h->viewport(), {borde + cuanto, 5});
+    QTest::mouseRelease(h->viewport(), Qt::LeftButton, {}, {borde + cuanto, 5});
+}
+
+int total(const Rejilla& r) {
+    int ancho = 0;
+    for (int c = 0; c < r.cuenta_columnas(); ++c)
+        ancho += r.isColumnHidden(c) ? 0 : r.columnWidth(c);
+    return ancho;
+}
+
+bool cabe(const Rejilla& r, int fila, int columna) {
+    const QFontMetrics m(r.font());
+    return m.horizontalAdvance(r.modelo().texto(fila, columna)) <=
+           r.columnWidth(columna) - 1 - 2 * DelegadoCelda::margen(m);
+}
+
+/// Detiene la prueba si el tamaño de algo no deja de cambiar.
+class CuentaCambios : public QObject {
+public:
+    int cuantos = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* evento) override {
+        if (evento->type() == QEvent::Resize && ++cuantos > 400)
+            qFatal("las barras se persiguen");
+        return false;
+    }
+};
+
+} // namespace
+
+class PruebaAnchos : public QObject {
+    Q_OBJECT
+private slots:
+    void el_reparto_da_primero_lo_indispensable_data() {
+        QTest::addColumn<int>("disponible");
+        QTest::addColumn<QVector<int>>("anchos");
+        // Código 60 (título 50), nombre 100 (completo 300), cifra 120 (título 140).
+        QTest::newRow("justo") << 300 << QVector<int>{60, 100, 140};
+        QTest::newRow("cede el título") << 290 << QVector<int>{60, 100, 130};
+        QTest::newRow("no cabe: se desplaza") << 200 << QVector<int>{60, 100, 140};
+        QTest::newRow("el nombre crece") << 400 << QVector<int>{60, 200, 140};
+        QTest::newRow("completo, sobra para el código") << 540 << QVector<int>{80, 300, 160};
+        QTest::newRow("monitor ancho") << 1000 << QVector<int>{80, 760, 160};
+    }
+    void el_reparto_da_primero_lo_indispensable() {
+        QFETCH(int, disponible);
+        QFETCH(QVector<int>, anchos);
+        const QVector<PedidoAncho> pedidos{
+            {.contenido = 60, .titulo = 50, .comodo = 80},
+            {.contenido = 100, .titulo = 40, .comodo = 300, .peso = 20},
+            {.contenido = 120, .titulo = 140, .comodo = 160},
+        };
+        QCOMPARE(reparta_ancho(pedidos, disponible), anchos);
+    }
+
+    void sin_textos_las_cifras_se_separan_con_medida_y_lo_escogido_no_se_toca() {
+        const QVector<PedidoAncho> pedidos{{.contenido = 100, .comodo = 100},
+                                           {.contenido = 70, .comodo = 70, .fijo = true},
+                                           {.contenido = 100, .comodo = 100}};
+        QCOMPARE(reparta_ancho(pedidos, 300), QVector<int>({115, 70, 115}));
+        QCOMPARE(reparta_ancho(pedidos, 2000), QVector<int>({150, 70, 150}));
+        // Con anchos cualesquiera nada se pierde por redondeo.
+        for (int disponible = 301; disponible < 700; disponible += 7) {
+            const QVector<PedidoAncho> tres{{.contenido = 33, .comodo = 90, .peso = 7},
+                                            {.contenido = 57, .comodo = 61},
+                                            {.contenido = 41, .comodo = 222, .peso = 13}};
+            QCOMPARE(suma(reparta_ancho(tres, disponible)), disponible);
+        }
+    }
+
+    void la_rejilla_usa_todo_su_ancho_y_lo_sigue() {
+        RejillaDePrueba p;
+        for (const int ancho : {760, 1300, 900}) {
+            p.ventana.resize(ancho, 300);
+            QCoreApplication::processEvents();
+            QCOMPARE(total(*p.rejilla), p.rejilla->viewport()->width());
+        }
+        // Lo que creció al pasar de 760 a 1300 fue el concepto.
+        const int debito = p.rejilla->columnWidth(p.Debito);
+        const int concepto = p.rejilla->columnWidth(p.Concepto);
+        p.ventana.resize(1300, 300);
+        QCoreApplication::processEvents();
+        QCOMPARE(p.rejilla->columnWidth(p.Debito), debito);
+        QCOMPARE(p.rejilla->columnWidth(p.Concepto), concepto + 400);
+    }
+
+    void el_reparto_se_asienta_a_cualquier_tamano() {
+        // Ni a lo ancho ni a lo alto hay un tamaño en que las barras se persigan.
+        RejillaDePrueba p(3);
+        p.rejilla->setMinimumSize(0, 0);
+        // Lo que no se asienta cambia de tamaño sin acabar nunca.
+        CuentaCambios cambios;
+        p.rejilla->viewport()->installEventFilter(&cambios);
+        for (int ancho = 330; ancho < 480; ancho += 5)
+            for (int alto = 100; alto < 200; alto += 5) {
+                cambios.cuantos = 0;
+                p.ventana.resize(ancho, alto);
+                QCoreApplication::processEvents();
+                QVERIFY(p.rejilla->grab().width() > 0);
+            }
+    }
+
+    void una_cifra_mas_larga_hace_su_sitio_y_el_pie_el_suyo() {
+        RejillaDePrueba p;
+        QVERIFY(cabe(*p.rejilla, 0, p.Debito));
+        p.detalle->Edit();
+        p.detalle->FieldByName("CODE_DEBITO").asigne(Moneda::de_texto("9999999999999.99"));
+        p.detalle->FieldByName("CUEN_COD").asigne("110505050505");
+        p.detalle->Post();
+        p.rejilla->grab();
+        QCoreApplication::processEvents();
+        QVERIFY(cabe(*p.rejilla, 0, p.Debito));
+        QVERIFY(cabe(*p.rejilla, 0, p.Cuenta));
+        QFont negrilla = p.rejilla->font();
+        negrilla.setBold(true);
+        const Moneda suma_debitos = p.rejilla->suma(p.Debito);
+        QVERIFY(QFontMetrics(negrilla).horizontalAdvance(suma_debitos.formateada(2)) <
+                p.rejilla->columnWidth(p.Debito));
+        QCOMPARE(total(*p.rejilla), p.rejilla->viewport()->width());
+    }
+
+    void solo_se_recuerda_el_ancho_que_el_usuario_arrastro() {
+        QTemporaryDir carpeta;
+        QSettings ajustes(carpeta.filePath("anchos.ini"), QSettings::IniFormat);
+        const QString clave = "ADMIN/Tfmovimien/DBGridEh1";
+        {
+            RejillaDePrueba p;
+            p.rejilla->guarde_en(&ajustes, clave);
+            p.ventana.resize(1000, 300);
+            p.rejilla->columna(p.Credito).Visible = false;
+            p.rejilla->columna(p.Credito).Visible = true;
+            QCoreApplication::processEvents();
+        }
+        QVERIFY(!ajustes.contains(clave + "/anchos")); // nadie escogió nada
+        {
+            RejillaDePrueba p;
+            p.rejilla->guarde_en(&ajustes, clave);
+            arrastre(*p.rejilla, p.Categoria, 60);
+        }
+        const QStringList guardados = ajustes.value(clave + "/anchos").toStringList();
+        QCOMPARE(guardados.size(), 1);
+        QVERIFY(guardados[0].startsWith("CONC_COD="));
+        // El suyo queda como lo dejó; los demás siguen la ventana.
+        RejillaDePrueba p;
+        p.rejilla->guarde_en(&ajustes, clave);
+        const int suyo = p.rejilla->columnWidth(p.Categoria);
+        p.ventana.resize(1200, 300);
+        QCoreApplication::processEvents();
+        QCOMPARE(p.rejilla->columnWidth(p.Categoria), suyo);
+        QCOMPARE(total(*p.rejilla), p.rejilla->viewport()->width());
+    }
+
+    void el_nombre_acompana_al_codigo_solo_donde_cabe() {
+        RejillaDePrueba p;
+        const auto tinta = [&] { return p.rejilla->viewport()->grab().toImage(); };
+        const QImage sin_nombre = tinta();
+        static_cast<DelegadoCelda*>(p.rejilla->itemDelegate())->acompane(p.Cuenta, [](int) {
+            return QString("Caja general");
+        });
+        p.rejilla->ajuste_anchos();
+        QVERIFY(p.rejilla->columnWidth(p.Cuenta) >
+                p.rejilla->fontMetrics().horizontalAdvance("110501  Caja g"));
+        QVERIFY(tinta() != sin_nombre);
+        QCOMPARE(total(*p.rejilla), p.rejilla->viewport()->width());
+        p.rejilla->setColumnWidth(p.Cuenta, p.rejilla->fontMetrics().horizontalAdvance("1105010"));
+        const QImage angosta = tinta();
+        static_cast<DelegadoCelda*>(p.rejilla->itemDelegate())->acompane(p.Cuenta, [](int) {
+            return QString("Otro nombre");
+        });
+        QCOMPARE(tinta(), angosta);
+    }
+};
+
+QTEST_MAIN(PruebaAnchos)
+#include "prueba_anchos.moc"

@@ -1,0 +1,268 @@
+#include "toolkit/rejilla/anchos_rejilla.h"
+
+#include "toolkit/estilo.h"
+#include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/pie_rejilla.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QScopedValueRollback>
+
+namespace {
+
+constexpr int kFilasMedidas = 100;    ///< filas que deciden cuánto pide un texto
+constexpr int kFilasCodigo = 2000;    ///< filas en que se busca el código más largo
+constexpr int kCaracteresLargo = 24;  ///< desde aquí un texto es un nombre y no un código
+constexpr int kCaracteresMinimo = 12; ///< lo que de un nombre siempre se ve
+constexpr int kCaracteresTitulo = 4;  ///< y de un título, si no hay más sitio
+
+/// Reparte hasta `libre` en proporción a lo que a cada uno le falta. Devuelve lo que sobra.
+int de_lo_que_falta(QVector<int>& anchos, const QVector<int>& faltas, int libre) {
+    qint64 total = 0;
+    for (const int f : faltas)
+        total += f;
+    if (total <= 0 || libre <= 0)
+        return libre;
+    const int tope = int(qMin<qint64>(total, libre));
+    int queda = tope;
+    qint64 pedido = total;
+    for (qsizetype i = 0; i < anchos.size(); ++i) {
+        if (faltas[i] <= 0)
+            continue;
+        const int da = int(qint64(queda) * faltas[i] / pedido);
+        anchos[i] += da;
+        queda -= da;
+        pedido -= faltas[i];
+    }
+    return libre - tope;
+}
+
+} // namespace
+
+QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) {
+    QVector<int> anchos, cede, falta_texto, falta_codigo, pesos, parejo;
+    int total = 0;
+    for (const PedidoAncho& p : pedidos) {
+        const int ancho = qMax(p.contenido, p.titulo);
+        anchos << ancho;
+        total += ancho;
+        cede << (p.fijo ? 0 : ancho - p.contenido);
+        const int falta = p.fijo ? 0 : qMax(0, p.comodo - ancho);
+        falta_texto << (p.peso > 0 ? falta : 0);
+        falta_codigo << (p.peso > 0 ? 0 : falta);
+        pesos << (p.fijo ? 0 : p.peso);
+        parejo << (p.fijo ? 0 : qMax(ancho, p.comodo) / 2);
+    }
+    if (total > disponible) {
+        // Un título se puede leer en su letrero; una cifra, no.
+        int titulos = 0;
+        for (const int c : cede)
+            titulos += c;
+        const int sobra = total - disponible;
+        if (sobra > titulos)
+            return anchos;
+        QVector<int> quita(anchos.size(), 0);
+        de_lo_que_falta(quita, cede, sobra);
+        for (qsizetype i = 0; i < anchos.size(); ++i)
+            anchos[i] -= quita[i];
+        return anchos;
+    }
+    int libre = de_lo_que_falta(anchos, falta_texto, disponible - total);
+    libre = de_lo_que_falta(anchos, falta_codigo, libre);
+    // Sin textos que lo aprovechen, las cifras se separan un poco, y no más.
+    const bool hay_textos = std::any_of(pesos.begin(), pesos.end(), [](int p) { return p > 0; });
+    if (hay_textos)
+        for (int& p : pesos)
+            p *= qMax(1, libre);
+    de_lo_que_falta(anchos, hay_textos ? pesos : parejo, libre);
+    return anchos;
+}
+
+AnchosRejilla::AnchosRejilla(Rejilla& rejilla, QObject* padre)
+    : QObject(padre), rejilla_(rejilla) {}
+
+// ---------------------------------------------------------------- medir
+
+int AnchosRejilla::ancho_de_cifra(int columna, int desde, int hasta) const {
+    // La de más letras es la mayor o la menor: no hay que dar formato a cada una.
+    const ModeloConjunto& modelo = rejilla_.modelo();
+    int mayor = desde, menor = desde;
+    Moneda alta, baja;
+    for (int f = desde; f < hasta; ++f) {
+        const Moneda v = modelo.valor(f, columna).moneda();
+        if (v > alta)
+            alta = v, mayor = f;
+        if (v < baja)
+            baja = v, menor = f;
+    }
+    int ancho = 0;
+    for (const int f : {mayor, menor})
+        if (f < hasta)
+            ancho = qMax(ancho,
+                         rejilla_.itemDelegate()->sizeHint({}, modelo.index(f, columna)).width());
+    return ancho;
+}
+
+int AnchosRejilla::texto_mas_largo(int columna, int desde, int hasta) const {
+    const ModeloConjunto& modelo = rejilla_.modelo();
+    int fila = -1;
+    qsizetype largo = 0;
+    for (int f = desde; f < qMin(hasta, desde + kFilasCodigo); ++f)
+        if (const qsizetype n = modelo.texto(f, columna).size(); n > largo)
+            largo = n, fila = f;
+    return fila < 0 ? 0
+                    : rejilla_.itemDelegate()->sizeHint({}, modelo.index(fila, columna)).width();
+}
+
+int AnchosRejilla::contenido(int columna, int desde, int hasta) const {
+    const ModeloConjunto& modelo = rejilla_.modelo();
+    int ancho = 0;
+    for (int f = desde; f < qMin(hasta, desde + kFilasMedidas); ++f)
+        ancho =
+            qMax(ancho, rejilla_.itemDelegate()->sizeHint({}, modelo.index(f, columna)).width());
+    if (modelo.numerica(columna))
+        return qMax(ancho, ancho_de_cifra(columna, desde, hasta));
+    return es_texto_largo(columna) ? ancho : qMax(ancho, texto_mas_largo(columna, desde, hasta));
+}
+
+int AnchosRejilla::ancho_del_pie(int columna) const {
+    const auto* pie = rejilla_.findChild<PieRejilla*>();
+    if (!pie || !pie->isVisibleTo(&rejilla_) || !rejilla_.columna(columna).ConSuma)
+        return 0;
+    QFont negrilla = rejilla_.font();
+    negrilla.setBold(true);
+    return QFontMetrics(negrilla).horizontalAdvance(pie->texto(columna)) +
+           4 * DelegadoCelda::margen(rejilla_.fontMetrics());
+}
+
+bool AnchosRejilla::es_texto_largo(int columna) const {
+    const ColumnaRejilla& c = rejilla_.columna(columna);
+    if (c.casilla || rejilla_.modelo().numerica(columna))
+        return false;
+    if (!c.campo)
+        return c.ancho >= kCaracteresLargo;
+    if (c.campo->clase != ClaseCampo::Texto)
+        return c.campo->clase == ClaseCampo::Blob;
+    return c.campo->Size >= kCaracteresLargo || c.ancho >= kCaracteresLargo;
+}
+
+PedidoAncho AnchosRejilla::mida_columna(int columna) const {
+    if (rejilla_.isColumnHidden(columna))
+        return {.fijo = true};
+    if (const int suyo = escogido(columna))
+        return {.contenido = suyo, .comodo = suyo, .fijo = true};
+    const ColumnaRejilla& c = rejilla_.columna(columna);
+    const QFontMetrics medidas(rejilla_.font());
+    const int declarado = ancho_caracteres(medidas, c.ancho);
+    PedidoAncho p;
+    p.titulo = static_cast<QHeaderView*>(rejilla_.horizontalHeader())->sectionSizeHint(columna);
+    const int minimo =
+        ancho_caracteres(medidas, kCaracteresTitulo) + 2 * DelegadoCelda::margen(medidas);
+    if (c.casilla) {
+        p.contenido = qMin(p.titulo, minimo);
+        p.comodo = qMax(p.titulo, declarado);
+        return p;
+    }
+    const int lleno = contenido(columna, 0, rejilla_.modelo().rowCount());
+    if (es_texto_largo(columna)) {
+        const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho));
+        p.contenido = qMax(poco, qMin(lleno, declarado * 6 / 10));
+        p.comodo = qMax(lleno, declarado);
+        p.peso = qMax(1, c.ancho);
+        return p;
+    }
+    p.contenido = qMax(minimo, qMax(lleno, ancho_del_pie(columna)));
+    // Donde se digita hace falta sitio aunque todavía no haya nada.
+    if (rejilla_.modelo().editable(columna))
+        p.contenido = qMax(p.contenido, declarado * 6 / 10);
+    p.comodo = qMax(p.contenido, declarado);
+    if (static_cast<DelegadoCelda*>(rejilla_.itemDelegate())->acompanada(columna)) {
+        p.comodo = p.contenido + ancho_caracteres(medidas, kCaracteresLargo);
+        p.peso = c.ancho;
+    }
+    return p;
+}
+
+void AnchosRejilla::mida() {
+    pedidos_.clear();
+    for (int c = 0; c < rejilla_.cuenta_columnas(); ++c)
+        pedidos_ << mida_columna(c);
+    repartido_ = -1;
+    reparta();
+}
+
+void AnchosRejilla::mida_filas(int desde, int hasta) {
+    if (pedidos_.size() != rejilla_.cuenta_columnas()) {
+        mida();
+        return;
+    }
+    for (int c = 0; c < rejilla_.cuenta_columnas(); ++c) {
+        PedidoAncho& p = pedidos_[c];
+        if (p.fijo || rejilla_.columna(c).casilla || es_texto_largo(c))
+            continue;
+        const int ancho = qMax(contenido(c, desde, hasta), ancho_del_pie(c));
+        if (ancho > p.contenido) {
+            p.contenido = ancho;
+            p.comodo = qMax(p.comodo, ancho);
+            repartido_ = -1;
+        }
+    }
+    reparta();
+}
+
+void AnchosRejilla::pida(int columna, int ancho) {
+    if (columna >= pedidos_.size() || pedidos_[columna].fijo ||
+        pedidos_[columna].contenido >= ancho || es_texto_largo(columna))
+        return;
+    pedidos_[columna].contenido = ancho;
+    pedidos_[columna].comodo = qMax(pedidos_[columna].comodo, ancho);
+    repartido_ = -1;
+    if (!std::exchange(pendiente_, true))
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                pendiente_ = false;
+                reparta();
+            },
+            Qt::QueuedConnection);
+}
+
+// ---------------------------------------------------------------- repartir
+
+int AnchosRejilla::ancho_disponible() const {
+    // No depende de las barras que haya ahora: si el reparto quitara la de abajo, y con ella la del
+    // lado, y el ancho de más la devolviera, no acabaría nunca.
+    const QSize todo = rejilla_.maximumViewportSize();
+    const int barra = rejilla_.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &rejilla_);
+    const int filas =
+        rejilla_.modelo().rowCount() * rejilla_.verticalHeader()->defaultSectionSize();
+    return todo.width() - (filas > todo.height() - barra ? barra : 0);
+}
+
+void AnchosRejilla::reparta() {
+    const int disponible = ancho_disponible();
+    if (repartiendo_ || disponible == repartido_ || pedidos_.size() != rejilla_.cuenta_columnas() ||
+        pedidos_.isEmpty())
+        return;
+    const QScopedValueRollback<bool> guarda(repartiendo_, true);
+    repartido_ = disponible;
+    const QVector<int> anchos = reparta_ancho(pedidos_, disponible);
+    for (int c = 0; c < anchos.size(); ++c)
+        if (!rejilla_.isColumnHidden(c))
+            rejilla_.setColumnWidth(c, anchos[c]);
+}
+
+// ---------------------------------------------------------------- los del usuario
+
+int AnchosRejilla::escogido(int columna) const {
+    const double letras = escogidos_.value(rejilla_.columna(columna).FieldName);
+    return qRound(letras * QFontMetricsF(rejilla_.font()).averageCharWidth());
+}
+
+void AnchosRejilla::escoja(int columna, int ancho) {
+    // En caracteres, para que valga con otra letra u otra escala.
+    escogidos_.insert(rejilla_.columna(columna).FieldName,
+                      ancho / QFontMetricsF(rejilla_.font()).averageCharWidth());
+    if (columna < pedidos_.size())
+        pedidos_[columna] = {.contenido = ancho, .comodo = ancho, .fijo = true};
+}

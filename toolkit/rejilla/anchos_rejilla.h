@@ -1,0 +1,61 @@
+#pragma once
+// Reparto del ancho de una rejilla: las cifras y los códigos tienen lo que piden, y los textos
+// largos se quedan con lo demás.
+//
+// Los anchos que el usuario arrastra son suyos y se respetan; los otros se acomodan cada vez que la
+// rejilla cambia de tamaño, llegan filas o una celda muestra algo más largo.
+#include <QMap>
+#include <QObject>
+#include <QVector>
+
+class Rejilla;
+
+/// Lo que pide una columna, en píxeles.
+struct PedidoAncho {
+    int contenido = 0; ///< sin esto se recortaría una cifra o un código
+    int titulo = 0;    ///< para que su título se lea entero
+    int comodo = 0;    ///< el texto completo, o sitio para digitar
+    int peso = 0;      ///< parte de lo que sobre; 0 en cifras y códigos
+    bool fijo = false; ///< ni un píxel más: lo escogió el usuario, está oculta o es una casilla
+};
+
+/// Un ancho por pedido. Suman `disponible` si hay con qué; si no cabe ni lo indispensable suman
+/// más, y la rejilla se desplaza.
+QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible);
+
+class AnchosRejilla : public QObject {
+    Q_OBJECT
+public:
+    AnchosRejilla(Rejilla& rejilla, QObject* padre);
+
+    /// Mide de nuevo todas las columnas y reparte. Cuesta una mirada a las filas.
+    void mida();
+    /// Mide solo lo que no admite recorte en esas filas.
+    void mida_filas(int desde, int hasta);
+    /// Reparte lo ya medido en el ancho que haya.
+    void reparta();
+    /// La columna no alcanza para lo que se acaba de pintar: se le da en cuanto termine el pintado.
+    void pida(int columna, int ancho);
+    bool repartiendo() const { return repartiendo_; }
+
+    // --- los del usuario, por campo, en caracteres
+    void escoja(int columna, int ancho); ///< el usuario la dejó en esos píxeles
+    QMap<QString, double> escogidos() const { return escogidos_; }
+    void escogidos(const QMap<QString, double>& anchos) { escogidos_ = anchos; }
+
+private:
+    int ancho_disponible() const;
+    PedidoAncho mida_columna(int columna) const;
+    int contenido(int columna, int desde, int hasta) const;
+    int texto_mas_largo(int columna, int desde, int hasta) const;
+    int ancho_de_cifra(int columna, int desde, int hasta) const;
+    int ancho_del_pie(int columna) const;
+    bool es_texto_largo(int columna) const;
+    int escogido(int columna) const; ///< 0 si el usuario no lo ha tocado
+
+    Rejilla& rejilla_;
+    QVector<PedidoAncho> pedidos_;
+    QMap<QString, double> escogidos_;
+    int repartido_ = -1; ///< ancho en que se repartió la última vez
+    bool repartiendo_ = false, pendiente_ = false;
+};

@@ -1,0 +1,46 @@
+#include "vouchers/nombres_en_linea.h"
+
+#include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "vouchers/pch.h"
+
+NombresEnLinea::NombresEnLinea(Rejilla* rejilla, Libro libro, int columna)
+    : QObject(rejilla), rejilla_(rejilla), libro_(libro) {
+    static_cast<DelegadoCelda*>(rejilla->itemDelegate())
+        ->acompane(columna, [this, columna](int fila) {
+            return nombre(rejilla_->modelo().texto(fila, columna));
+        });
+}
+
+QString NombresEnLinea::nombre(const QString& cuenta) {
+    if (cuenta.isEmpty())
+        return {};
+    const auto n = nombres_.constFind(cuenta);
+    if (n != nombres_.constEnd())
+        return *n;
+    // Se está pintando: la base se consulta cuando termine, una vez por todas las que falten.
+    if (por_consultar_.isEmpty())
+        QMetaObject::invokeMethod(this, &NombresEnLinea::consulte, Qt::QueuedConnection);
+    por_consultar_ << cuenta;
+    return {};
+}
+
+void NombresEnLinea::consulte() {
+    QStringList codigos;
+    for (const QString& c : std::exchange(por_consultar_, {})) {
+        nombres_.insert(c, {}); // la que no exista no se vuelve a buscar
+        codigos << QuotedStr(c);
+    }
+    // El nombre es un adorno: si no se puede leer, la línea sigue diciendo su código.
+    try {
+        auto filas =
+            fdm().Quorvex.abra(QStringLiteral("select cuen_cod, cuen_nom from %1 where "
+                                              "cuen_cod in (%2)")
+                                   .arg(QLatin1String(datos(libro_).cuentas), codigos.join(',')));
+        while (filas->siguiente())
+            nombres_.insert(filas->valor(0).texto().trimmed(), filas->valor(1).texto());
+    } catch (const std::exception&) {
+        return;
+    }
+    rejilla_->viewport()->update();
+}
