@@ -2,6 +2,7 @@
 
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
+#include "vouchers/letrero_diferencia.h"
 #include "vouchers/pch.h"
 
 #include <QScopedValueRollback>
@@ -91,6 +92,7 @@ QWidget* LineasLibro::construya_pagina() {
     rejilla->texto_vacio = QStringLiteral("Sin líneas: digite el código de la cuenta, o F9 para "
                                           "buscarla.");
     rejilla->ate(&detalle);
+    ofrezca_al_teclear();
 
     const auto saldo = [&](EditorNumero*& e, const QString& componente) {
         e = EditorNumero::de_saldo();
@@ -121,9 +123,15 @@ QWidget* LineasLibro::construya_pagina() {
     };
     f.fila(
         {{"Cuenta", con_saldo(NomCuenta, ESaldocta)}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
-    f.fila({{"Tercero", con_saldo(NomTerc, ESaldoter)},
-            {"Dif. débito", Difdeb},
-            {"Dif. crédito", DifCred}});
+    // Difdeb y DifCred guardan la diferencia de las líneas que ya entraron; la que se ve va al paso
+    // de lo que se digita.
+    for (EditorNumero* e : {Difdeb, DifCred}) {
+        e->setParent(pagina);
+        e->hide();
+    }
+    LabDiferencia = new LetreroDiferencia(*this);
+    LabDiferencia->setObjectName("LabDiferencia" + n);
+    f.fila({{"Tercero", con_saldo(NomTerc, ESaldoter)}, {"Diferencia", LabDiferencia}});
     f.fila({{"Proyecto", con_saldo(Formulario::junto({NomProy, NomCent}), ESaldocent)}});
     complete(f);
     NomCuenta->setAccessibleName("Nombre de la cuenta");
@@ -136,7 +144,7 @@ QWidget* LineasLibro::construya_pagina() {
 void LineasLibro::ate_eventos() {
     campo(n_.cuenta).OnChange = [this](Campo&) { cuenta_cambiada(); };
     campo(n_.tercero).OnChange = [this](Campo&) { tercero_cambiado(); };
-    campo(n_.proyecto).OnChange = [this](Campo&) { validar_centro(); };
+    campo(n_.proyecto).OnChange = [this](Campo&) { centro_cambiado(); };
     campo(n_.centro).OnChange = [this](Campo&) { centro_cambiado(); };
     campo(c_.categoria).OnChange = [this](Campo&) { categoria_cambiada(); };
     campo(c_.articulo).OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
@@ -415,6 +423,21 @@ LineaComprobante LineasLibro::linea() const {
     l.base = campo(c_.base).moneda();
     l.porcentaje = campo(c_.porcentaje).moneda();
     return l;
+}
+
+QString LineasLibro::como_de_comprobante(const QString& columna) const {
+    const std::pair<const char*, const char*> iguales[] = {
+        {c_.concepto, "CODE_CONCEPTO"}, {c_.referencia, "CODE_REFER"},
+        {c_.base, "CODE_BASE"},         {c_.porcentaje, "CODE_PORC"},
+        {c_.categoria, "CONC_COD"},     {c_.descontable, "CODE_DESCONTABLE"}};
+    for (const auto& [propia, comun] : iguales)
+        if (propia && columna == QLatin1String(propia))
+            return QLatin1String(comun);
+    return LineasCuenta::como_de_comprobante(columna);
+}
+
+MemoriasLinea LineasLibro::memorias_de_pegado() const {
+    return c_.completa_con_la_cuenta ? memorias_ : MemoriasLinea();
 }
 
 void LineasLibro::AfterScroll() {

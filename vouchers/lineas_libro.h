@@ -114,6 +114,8 @@ protected:
     virtual Moneda tarifa_de_la_cuenta();
     void aplique_porcentaje(Moneda tarifa_cuenta);
     LineaComprobante linea() const override;
+    QString como_de_comprobante(const QString& columna) const override;
+    MemoriasLinea memorias_de_pegado() const override;
     /// Nombres de lo que la línea tiene, sin validarlo.
     void muestre_nombres();
     const AjustesLinea& ajustes() const { return ajustes_; }
