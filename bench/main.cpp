@@ -1,7 +1,7 @@
 // bench [medida ...]: apertura, guardado, celdas, pegado, plan, balance, auxiliar, lista, informe,
-// masiva, estados, definible, anual, cubo, terceros, medio, cierre, depreciacion; sin argumentos,
-// todas. Cada una corre en un proceso propio: su memoria máxima es la suya. Sale con 1 si alguna
-// no cumple.
+// masiva, estados, definible, anual, cubo, terceros, medio, cierre, depreciacion, teclado; sin
+// argumentos, todas. Cada una corre en un proceso propio: su memoria máxima es la suya. Sale con 1
+// si alguna no cumple.
 #include "bench/medidas.h"
 #include "datos/firebird/errores.h"
 
@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
         {"anual", mida_anual},       {"cubo", mida_cubo},
         {"terceros", mida_terceros}, {"medio", mida_medio},
         {"cierre", mida_cierre},     {"depreciacion", mida_depreciacion},
+        {"teclado", mida_teclado},
     };
     const QStringList pedidas = aplicacion.arguments().mid(1);
     if (pedidas.size() != 1) {

@@ -45,3 +45,4 @@ void mida_terceros();
 void mida_medio();
 void mida_cierre();
 void mida_depreciacion();
+void mida_teclado();

@@ -64,6 +64,12 @@ void IndicesCatalogos::refresque(Cual cual) {
 }
 
 void IndicesCatalogos::refresque(Libro libro) {
-    refresque(es_niif(libro) ? Niif : Decreto);
-    refresque(Terceros);
+    // Es una ayuda: sin servidor se queda como estaba, y quien digita lo sabrá por lo que haga.
+    if (!fdm().Quorvex.en_linea())
+        return;
+    try {
+        refresque(es_niif(libro) ? Niif : Decreto);
+        refresque(Terceros);
+    } catch (const ErrorDatos&) {
+    }
 }

@@ -58,6 +58,16 @@ void conteste_anuncio(Interlocutor& i, const QString& boton, QStringList* rehusa
     });
 }
 
+/// Fecha y líneas del último comprobante que no es el 500.
+QString ultimo_copiado(SesionGui& s, const char* detalle) {
+    return s.dato(QString("select enco_fecha || ' ' || (select list(cuen_cod || ':' || "
+                          "cast(code_debito as integer) || ':' || cast(code_credito as integer)) "
+                          "from %1 d where d.enco_consec = e.enco_consec) from "
+                          "comprobante_encabezado e where enco_consec <> 500 order by enco_consec "
+                          "desc rows 1")
+                      .arg(detalle));
+}
+
 } // namespace
 
 class PruebaTeclado : public QObject {
@@ -180,10 +190,11 @@ private slots:
         s.base.ejecute({"insert into terceros (terc_nit, terc_nom, terc_estado) values "
                         "('811000111', 'Andamios del Sur', 'S')"});
         p->DBEdit1->setFocus();
-        d.rejilla().setFocus();
-        d.rejilla().SelectedIndex(1);
+        d.entre_a_la_rejilla();
+        d.linea({"510506"});
         digite("and");
         QCOMPARE(codigos(s), QStringList({"800456789", "811000111"}));
+        oprima(Qt::Key_Escape);
         oprima(Qt::Key_Escape);
         p->CMovimiento.CancelUpdates();
     }
@@ -235,14 +246,6 @@ private slots:
                                 "que reversa en los dos libros CG 0001 000500. Desea continuar?";
         const QString repite = "Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, "
                                "que repite en los dos libros CG 0001 000500. Desea continuar?";
-        const auto ultimo = [&](const char* detalle) {
-            return s.dato(QString("select enco_fecha || ' ' || (select list(cuen_cod || ':' || "
-                                  "cast(code_debito as integer) || ':' || cast(code_credito as "
-                                  "integer)) from %1 d where d.enco_consec = e.enco_consec) from "
-                                  "comprobante_encabezado e where enco_consec <> 500 order by "
-                                  "enco_consec desc rows 1")
-                              .arg(detalle));
-        };
         const auto cuantos = [&] { return s.dato("select count(*) from comprobante_encabezado"); };
         Interlocutor i;
         auto* e = s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"500"});
@@ -253,8 +256,10 @@ private slots:
         i.espere(reversa, "Sí");
         oprima(Qt::Key_I, Qt::ControlModifier);
         QCOMPARE(cuantos(), QString("2"));
-        QCOMPARE(ultimo("comprobante_detalle"), QString("20170515 110505:0:1000,310505:1000:0"));
-        QCOMPARE(ultimo("comprobante_detalle_niif"), QString("20170515 110505:0:900,310505:900:0"));
+        QCOMPARE(ultimo_copiado(s, "comprobante_detalle"),
+                 QString("20170515 110505:0:1000,310505:1000:0"));
+        QCOMPARE(ultimo_copiado(s, "comprobante_detalle_niif"),
+                 QString("20170515 110505:0:900,310505:900:0"));
         // El nuevo queda abierto para corregirlo.
         auto* nuevo = qobject_cast<Tfedtmovimien*>(s.escritorio.activa());
         QVERIFY(nuevo && nuevo != e);
@@ -280,7 +285,8 @@ private slots:
         b->DBGridEh1->setFocus();
         oprima(Qt::Key_D, Qt::ControlModifier);
         QCOMPARE(cuantos(), QString("3"));
-        QCOMPARE(ultimo("comprobante_detalle"), QString("20170515 110505:1000:0,310505:0:1000"));
+        QCOMPARE(ultimo_copiado(s, "comprobante_detalle"),
+                 QString("20170515 110505:1000:0,310505:0:1000"));
         QVERIFY(s.escritorio.activa() != b);
         s.escritorio.activa()->close();
         b->close();

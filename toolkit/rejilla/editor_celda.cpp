@@ -125,7 +125,8 @@ void EditorCelda::muestre_resultado() {
     if (resultado_->parentWidget() != window())
         resultado_->setParent(window());
     // A medio escribir todavía no da nada.
-    resultado_->setText(QStringLiteral("= ") + (r.valor ? r.valor->formateada() : "…"));
+    const QString da = r.valor ? r.valor->formateada() : QStringLiteral("…");
+    resultado_->setText(QStringLiteral("= ") + da);
     resultado_->adjustSize();
     const QPoint esquina = mapTo(window(), QPoint(width() - resultado_->width(), height()));
     resultado_->move(qMax(0, esquina.x()), esquina.y());
