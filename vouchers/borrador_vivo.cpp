@@ -38,7 +38,6 @@ BorradorVivo::BorradorVivo(const ConjuntosComprobante& conjuntos, const QString&
     for (ConjuntoDatos* d : {&c_.encabezado, &c_.lineas_2649, &c_.lineas_niif})
         enlaces_.push_back(std::make_unique<Enlace>(*this, *d));
     reloj_.setSingleShot(true);
-    reloj_.setInterval(kMsDespuesDeLaTecla);
     connect(&reloj_, &QTimer::timeout, this, &BorradorVivo::guarde);
 }
 
@@ -46,8 +45,10 @@ BorradorVivo::~BorradorVivo() = default;
 
 void BorradorVivo::marque() {
     // Se guarda a lo sumo una vez por intervalo, aunque no se deje de teclear.
+    // Uno largo se escribe más de tarde en tarde: no debe sentirse al digitar.
     if (sigue_ && !reloj_.isActive())
-        reloj_.start();
+        reloj_.start(kMsDespuesDeLaTecla +
+                     2 * (c_.lineas_2649.filas_en_memoria() + c_.lineas_niif.filas_en_memoria()));
 }
 
 Comprobante BorradorVivo::en_pantalla() const {

@@ -22,7 +22,12 @@ void Deshacer::deshaga() {
         c_.lineas(libro).Cancel();
     // Si en medio se grabó, el id y el número son los que ya tiene.
     const Comprobante ahora = lea_comprobante(c_);
-    antes_->id = ahora.id;
+    if (ahora.id != antes_->id) {
+        antes_->id = ahora.id;
+        antes_->tipo = ahora.tipo;
+        antes_->prefijo = ahora.prefijo;
+        antes_->numero = ahora.numero;
+    }
     vuelque(*antes_, c_);
     antes_.reset();
 }

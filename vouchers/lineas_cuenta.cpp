@@ -251,6 +251,8 @@ void LineasCuenta::ofrezca_al_teclear() {
     rejilla->columna(kTercero).Sugiere = [](const QString& tecleado) {
         return IndicesCatalogos::de_la_sesion().terceros().busque(tecleado);
     };
+    // Al llegar a las líneas, y no con cada tecla, se mira si alguien cambió los catálogos.
+    rejilla->OnEnter = [this] { IndicesCatalogos::de_la_sesion().refresque(libro); };
     rejilla->OnDigitado = [this] {
         if (LabDiferencia)
             LabDiferencia->diga();

@@ -1,6 +1,5 @@
 #include "vouchers/pantalla_lineas.h"
 
-#include "sesion/indices_catalogos.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
@@ -46,9 +45,9 @@ void PantallaLineas::ate_rejillas(const QVector<Rejilla::Orden>& menu, const QSt
         l->ate_eventos();
         Rejilla* r = l->rejilla;
         const Libro libro = l->libro;
-        r->OnEnter = [this, libro] {
+        r->OnEnter = [this, ayude = r->OnEnter] {
             en_grilla = true;
-            IndicesCatalogos::de_la_sesion().refresque(libro);
+            ayude();
         };
         r->OnExit = [this] { en_grilla = false; };
         r->OnDblClick = [this, libro](int columna) { DBGridDblClick(libro, columna); };

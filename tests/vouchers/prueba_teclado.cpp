@@ -3,6 +3,7 @@
 #include "vouchers/digitador.h"
 
 #include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/fotos.h"
 #include "catalogues/registro_terceros.h"
 #include "ledger/registro.h"
 #include "sesion/indices_catalogos.h"
@@ -40,6 +41,7 @@ QStringList codigos(SesionGui& s) {
 void conteste_anuncio(Interlocutor& i, const QString& boton, QStringList* rehusadas = nullptr,
                       QStringList* columnas = nullptr) {
     i.espere_modal("anuncio_pegado", [=](QWidget* w) {
+        tome_foto(w, "anuncio");
         const auto filas = [w](const char* tabla) {
             QStringList lista;
             if (auto* t = w->findChild<QTreeWidget*>(tabla))
@@ -121,6 +123,7 @@ private slots:
         auto* muestra = s.ventana.findChild<QLabel*>("resultado_operacion");
         QVERIFY(muestra && muestra->isVisible());
         QCOMPARE(muestra->text(), QString("= 237,500.00"));
+        tome_foto(&s.ventana, "operacion");
         oprima(Qt::Key_Return);
         QVERIFY(!muestra->isVisible());
         QCOMPARE(d.celda("CODE_DEBITO"), QString("237500"));
@@ -166,6 +169,7 @@ private slots:
         QCOMPARE(codigos(s), QStringList({"519530"}));
         QVERIFY(!sugerencias(s)->senalada());
         oprima(Qt::Key_Down);
+        tome_foto(&s.ventana, "sugerencias");
         QVERIFY(d.rejilla().digitando());
         oprima(Qt::Key_Return);
         QCOMPARE(d.celda("CUEN_COD"), QString("519530"));
@@ -338,6 +342,10 @@ private slots:
         // El programa muere: queda el archivo y el candado de nadie.
         const QString ruta = carpeta.filePath(borradores().first());
         QVERIFY(QFile::copy(ruta, carpeta.filePath("huerfano.borrador")));
+        QFile candado(carpeta.filePath("huerfano.borrador.candado"));
+        QVERIFY(candado.open(QIODevice::WriteOnly));
+        candado.write("999999999\nquorvex\n" + QSysInfo::machineHostName().toUtf8() + "\n\n\n");
+        candado.close();
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         {
             const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
@@ -401,6 +409,7 @@ private slots:
         QVERIFY(p->GroupBox1->isVisible());
         componente<EditorDato>(p, "EAplica").setFocus(Qt::TabFocusReason);
         QCOMPARE(codigos(s), QStringList({"F-10"}));
+        tome_foto(&s.ventana, "documentos");
         const QString dice = sugerencias(s)->topLevelItem(0)->text(1);
         QVERIFY2(dice.endsWith("vence 2017/03/12 · se debe 1,000.00"), qPrintable(dice));
         oprima(Qt::Key_Down);
@@ -504,6 +513,7 @@ private slots:
         Interlocutor i;
         QStringList teclas;
         i.espere_modal("teclas_de_pantalla", [&](QWidget* w) {
+            tome_foto(w, "teclas");
             auto& t = componente<QTreeWidget>(w, "tabla_teclas");
             for (int f = 0; f < t.topLevelItemCount(); ++f)
                 teclas << t.topLevelItem(f)->text(0) + ": " + t.topLevelItem(f)->text(1);
