@@ -69,7 +69,7 @@ void Tfauxiliar::arme() {
     DBGridEh1->texto_vacio = "La cuenta no tiene movimientos en el período. F5 registra un "
                              "comprobante.";
     DBGridEh1->OnDblClick = [this](int) { SpeedButton1Click(); };
-    ofrezca_copias(*this, DBGridEh1->findChild<QMenu*>("menu_rejilla"), [this] {
+    ofrezca_copias(*this, {DBGridEh1->findChild<QMenu*>("menu_rejilla")}, [this] {
         return CAuxiliar.IsEmpty() ? 0 : CAuxiliar.FieldByName("ID").entero();
     });
     DBGridEh1->OnTitleClick = [this](Campo& campo) { calcule_auxiliar(campo.FieldName); };

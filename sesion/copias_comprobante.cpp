@@ -53,7 +53,8 @@ void copie(qint64 id, Copia clase) {
 
 } // namespace
 
-void ofrezca_copias(Pantalla& pantalla, QMenu* menu, std::function<qint64()> cual) {
+void ofrezca_copias(Pantalla& pantalla, const QVector<QMenu*>& menus,
+                    std::function<qint64()> cual) {
     const struct {
         Copia clase;
         int tecla;
@@ -62,16 +63,16 @@ void ofrezca_copias(Pantalla& pantalla, QMenu* menu, std::function<qint64()> cua
         {Copia::Duplicado, Qt::Key_D, "Duplicar1", "Duplicar comprobante"},
         {Copia::Reverso, Qt::Key_I, "Reversar1", "Reversar comprobante"},
     };
-    if (menu)
+    for (QMenu* menu : menus)
         menu->addSeparator();
     for (const auto& o : ordenes) {
         const auto haga = [cual, clase = o.clase] { copie(cual(), clase); };
         pantalla.tecla(o.tecla, Qt::ControlModifier, QString::fromUtf8(o.texto), haga);
-        if (!menu)
-            continue;
-        QAction* a = menu->addAction(QString::fromUtf8(o.texto) + '\t' + "Ctrl+" + QChar(o.tecla));
-        a->setObjectName(QLatin1String(o.nombre));
-        QObject::connect(a, &QAction::triggered, &pantalla,
-                         [p = &pantalla, haga] { p->ejecute(haga); });
+        for (QMenu* menu : menus) {
+            QAction* a = menu->addAction(QString::fromUtf8(o.texto) + "\tCtrl+" + QChar(o.tecla));
+            a->setObjectName(QLatin1String(o.nombre));
+            QObject::connect(a, &QAction::triggered, &pantalla,
+                             [p = &pantalla, haga] { p->ejecute(haga); });
+        }
     }
 }

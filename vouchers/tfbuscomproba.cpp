@@ -41,7 +41,7 @@ Tfbuscomproba::Tfbuscomproba()
     DBGridEh1->texto_vacio = "No hay comprobantes con esas condiciones.";
     DBGridEh1->OnDblClick = [this](int) { SpeedButton2Click(); };
     DBGridEh1->OnReturn = [this] { SpeedButton2Click(); };
-    ofrezca_copias(*this, DBGridEh1->findChild<QMenu*>("menu_rejilla"), [this] {
+    ofrezca_copias(*this, {DBGridEh1->findChild<QMenu*>("menu_rejilla")}, [this] {
         return hay_fila() ? conjunto_.FieldByName("ENCO_CONSEC").entero() : 0;
     });
     connect(filtros_->ckfiltro, &QCheckBox::toggled, this,

@@ -61,7 +61,8 @@ Tfcomproterc::Tfcomproterc()
     DBGridEh3 = pagina("DBGridEh3", "Cuentas", {cuenta, fecha, concepto, monto});
     for (Rejilla* r : {DBGridEh2, DBGridEh3})
         r->pie(true);
-    ofrezca_copias(*this, DBGridEh2->findChild<QMenu*>("menu_rejilla"),
+    const auto menu_de = [](const Rejilla* r) { return r->findChild<QMenu*>("menu_rejilla"); };
+    ofrezca_copias(*this, {menu_de(DBGridEh2), menu_de(DBGridEh1), menu_de(DBGridEh3)},
                    [this] { return hay_fila() ? conjunto_.FieldByName("ID").entero() : 0; });
 
     barra_ = new BarraBotones(this);

@@ -64,9 +64,11 @@ void Tfedtmovimien::declare_menu_y_teclas() {
     }
 
     declare_teclas_comunes();
-    for (LineasLibro* l : {lineas_2649, lineas_niif})
-        ofrezca_copias(*this, l->rejilla->findChild<QMenu*>("menu_rejilla"),
-                       [this] { return id_por_copiar(); });
+    const auto menu_de = [](const LineasLibro* l) {
+        return l->rejilla->findChild<QMenu*>("menu_rejilla");
+    };
+    ofrezca_copias(*this, {menu_de(lineas_2649), menu_de(lineas_niif)},
+                   [this] { return id_por_copiar(); });
     auto* barra = findChild<BarraBotones*>("barra");
     SBBorrar =
         barra->boton("SBBorrar", "F3:Borrar", "edit-delete", {}, [this] { SBBorrarClick(); });

@@ -379,15 +379,23 @@ private slots:
                  QString("000001 20170117 Nómina de mayo 1:0,2:400,3:600"));
         p->findChild<BorradorVivo*>()->guarde();
         QVERIFY(borradores().isEmpty());
-        // Decir que no también lo consume; lo que no se entiende se ignora callado.
+    }
+
+    void un_borrador_que_no_se_entiende_se_ignora_callado() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        const QDir carpeta(p->findChild<BorradorVivo*>()->carpeta());
+        QVERIFY(QDir().mkpath(carpeta.path()));
         for (const char* contenido : {"", "{\"version\":1}"}) {
             QFile roto(carpeta.filePath("roto.borrador"));
             QVERIFY(roto.open(QIODevice::WriteOnly));
             roto.write(contenido);
         }
         p->close();
+        Interlocutor i;
         d.abra();
-        QVERIFY(borradores().isEmpty());
+        QVERIFY(carpeta.entryList({"*.borrador"}, QDir::Files).isEmpty());
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 

@@ -126,7 +126,7 @@ void EditorCelda::muestre_resultado() {
         resultado_->setParent(window());
     // A medio escribir todavía no da nada.
     const QString da = r.valor ? r.valor->formateada() : QStringLiteral("…");
-    resultado_->setText(QStringLiteral("= ") + da);
+    resultado_->setText(QStringList{QStringLiteral("="), da}.join(' '));
     resultado_->adjustSize();
     const QPoint esquina = mapTo(window(), QPoint(width() - resultado_->width(), height()));
     resultado_->move(qMax(0, esquina.x()), esquina.y());
