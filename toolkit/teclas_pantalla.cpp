@@ -37,8 +37,10 @@ Pantalla* pantalla_de(QWidget* widget) {
     return activa && widget->isAncestorOf(activa) ? activa : nullptr;
 }
 
-bool es_boton(const QWidget* w) {
-    return qobject_cast<const QPushButton*>(w) || qobject_cast<const QToolButton*>(w);
+QAbstractButton* como_boton(QWidget* w) {
+    return qobject_cast<QPushButton*>(w) || qobject_cast<QToolButton*>(w)
+               ? static_cast<QAbstractButton*>(w)
+               : nullptr;
 }
 
 /// El control está dentro de una rejilla o lo es.
@@ -131,8 +133,12 @@ bool Pantalla::atienda(QKeyEvent& evento, QWidget* destino, bool solo_pregunta) 
     if (!foco || (foco != destino && !destino->isAncestorOf(foco)))
         foco = destino;
     const bool retorno = clave_comun(evento.key()) == Qt::Key_Return;
-    if (retorno && es_boton(foco))
-        return false;
+    // Un botón con el foco se oprime con Enter como con Espacio, sea o no el principal.
+    if (QAbstractButton* boton = retorno ? como_boton(foco) : nullptr) {
+        if (!solo_pregunta && !evento.isAutoRepeat() && boton->isEnabled())
+            boton->click();
+        return true;
+    }
     const Tecla* encontrada = busque(evento.key(), evento.modifiers());
     if (!encontrada && evento.key() == Qt::Key_F1 && !(evento.modifiers() & ~kDeTeclado)) {
         if (!solo_pregunta && !evento.isAutoRepeat())

@@ -56,12 +56,18 @@ bool LineasCuenta::busque_tercero() {
 }
 
 bool LineasCuenta::busque_centro() {
-    for (const char* celda : {n_.proyecto, n_.centro})
-        if (campo(celda).texto().startsWith('?')) {
-            escoja_centro();
-            return true;
-        }
-    return false;
+    return pregunta_por_centro(n_.centro);
+}
+
+bool LineasCuenta::busque_proyecto() {
+    return pregunta_por_centro(n_.proyecto);
+}
+
+bool LineasCuenta::pregunta_por_centro(const char* celda) {
+    if (!campo(celda).texto().startsWith('?'))
+        return false;
+    escoja_centro();
+    return true;
 }
 
 void LineasCuenta::abra_o_cierre(int columna) {

@@ -108,6 +108,7 @@ protected:
     bool busque_cuenta();
     bool busque_tercero();
     bool busque_centro();
+    bool busque_proyecto(); ///< la misma lista, preguntada en el proyecto
     /// Cierra al entrar las columnas que la cuenta no lleva.
     void abra_o_cierre(int columna);
     /// Un débito quita el crédito, y al revés; y la diferencia sigue a las sumas.
@@ -133,6 +134,8 @@ protected:
     bool intacta() const;
     /// La pantalla que las aloja, que es la que pide por ellas.
     Pantalla& pantalla() const;
+
+    bool pregunta_por_centro(const char* celda);
 
     ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
     const NombresLinea n_;

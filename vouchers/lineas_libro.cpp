@@ -144,7 +144,10 @@ QWidget* LineasLibro::construya_pagina() {
 void LineasLibro::ate_eventos() {
     campo(n_.cuenta).OnChange = [this](Campo&) { cuenta_cambiada(); };
     campo(n_.tercero).OnChange = [this](Campo&) { tercero_cambiado(); };
-    campo(n_.proyecto).OnChange = [this](Campo&) { centro_cambiado(); };
+    campo(n_.proyecto).OnChange = [this](Campo&) {
+        if (c_.pregunta_con_los_dos || !busque_proyecto())
+            validar_centro();
+    };
     campo(n_.centro).OnChange = [this](Campo&) { centro_cambiado(); };
     campo(c_.categoria).OnChange = [this](Campo&) { categoria_cambiada(); };
     campo(c_.articulo).OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };

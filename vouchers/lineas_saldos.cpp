@@ -108,7 +108,7 @@ void LineasSaldos::tercero_cambiado() {
 }
 
 void LineasSaldos::centro_cambiado() {
-    if (busque_centro())
+    if (busque_proyecto() || busque_centro())
         return;
     NomProy->clear();
     NomCent->clear();
