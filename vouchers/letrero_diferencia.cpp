@@ -13,7 +13,32 @@ LetreroDiferencia::LetreroDiferencia(LineasCuenta& lineas) : lineas_(lineas) {
     enlace(&lineas.detalle);
 }
 
+void LetreroDiferencia::marque() {
+    if (std::exchange(pendiente_, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (pendiente_)
+                diga();
+        },
+        Qt::QueuedConnection);
+}
+
+void LetreroDiferencia::estado_cambiado() {
+    if (lineas_.detalle.State() == Estado::Edicion)
+        lineas_.anote_guardados();
+    marque();
+}
+
+QString LetreroDiferencia::dice() {
+    if (pendiente_)
+        diga();
+    return text();
+}
+
 void LetreroDiferencia::diga() {
+    pendiente_ = false;
     if (!lineas_.detalle.Active() || lineas_.sin_lineas()) {
         clear();
         return;

@@ -15,14 +15,19 @@ public:
 
     /// Lo vuelve a decir; lo llama la rejilla con cada tecla.
     void diga();
+    /// Lo que dice ahora, con lo que aún no haya alcanzado a mostrar.
+    QString dice();
 
 private:
-    void estado_cambiado() override { diga(); }
-    void campo_cambiado(Campo*) override { diga(); }
-    void filas_reiniciadas() override { diga(); }
-    void filas_insertadas(int, int) override { diga(); }
-    void filas_borradas(int, int) override { diga(); }
-    void fila_modificada(int) override { diga(); }
+    /// Muchos avisos seguidos (un pegado) se dicen una sola vez.
+    void marque();
+    void estado_cambiado() override;
+    void campo_cambiado(Campo*) override { marque(); }
+    void filas_reiniciadas() override { marque(); }
+    void filas_insertadas(int, int) override { marque(); }
+    void filas_borradas(int, int) override { marque(); }
+    void fila_modificada(int) override { marque(); }
 
     LineasCuenta& lineas_;
+    bool pendiente_ = false;
 };

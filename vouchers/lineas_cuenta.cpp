@@ -154,13 +154,16 @@ void LineasCuenta::diferencia() {
     }
 }
 
-Lados LineasCuenta::sumas_en_memoria() const {
-    Lados s;
-    const Campo &debito = campo(n_.debito), &credito = campo(n_.credito);
-    detalle.recorra_todas([&](const Fila& f) {
-        s.debito += detalle.valor_de(f, debito).moneda();
-        s.credito += detalle.valor_de(f, credito).moneda();
-    });
+void LineasCuenta::anote_guardados() {
+    guardados_ = {campo(n_.debito).moneda(), campo(n_.credito).moneda()};
+}
+
+Lados LineasCuenta::sumas_en_memoria(const Lados& escritos) const {
+    Lados s{suma_debito(), suma_credito()};
+    if (detalle.State() == Estado::Edicion) {
+        s.debito += escritos.debito - guardados_.debito;
+        s.credito += escritos.credito - guardados_.credito;
+    }
     return s;
 }
 
@@ -183,8 +186,8 @@ std::optional<Lados> LineasCuenta::lados_a_medio_digitar(const Lados& escritos) 
 }
 
 Lados LineasCuenta::sumas_al_digitar() const {
-    Lados s = sumas_en_memoria();
     const Lados escritos{campo(n_.debito).moneda(), campo(n_.credito).moneda()};
+    Lados s = sumas_en_memoria(escritos);
     if (detalle.State() == Estado::Insercion) { // aún no es de las líneas
         s.debito += escritos.debito;
         s.credito += escritos.credito;

@@ -64,6 +64,8 @@ public:
     virtual Moneda suma_credito() const { return detalle.agregado_total("Sumacredito").moneda(); }
     /// Las dos sumas con lo que la línea en edición lleva escrito, aunque aún no haya entrado.
     Lados sumas_al_digitar() const;
+    /// La línea acaba de entrar en edición: aún tiene lo que las sumas cuentan de ella.
+    void anote_guardados();
     bool sin_lineas() const { return detalle.filas_en_memoria() == 0; }
     /// Lleva el cursor a la línea de ese número, sin el filtro que la oculte, y a la celda.
     void vaya_a(qint64 numero, const QString& campo_item, const QString& celda);
@@ -121,8 +123,9 @@ protected:
     AtributosCuenta atributos() const;
     /// Lo que la cuenta mira de la línea.
     virtual LineaComprobante linea() const;
-    /// Las de todas las líneas que ya entraron, con lo que la que se edita lleva en sus campos.
-    virtual Lados sumas_en_memoria() const;
+    /// Las de todas las líneas que ya entraron, con los dos lados que la que se edita lleva en sus
+    /// campos. Cuesta lo mismo con muchas que con pocas.
+    virtual Lados sumas_en_memoria(const Lados& escritos) const;
     /// Los dos lados que la línea tendría con el importe que se está tecleando; nada si no lo hay o
     /// aún no es un número.
     std::optional<Lados> lados_a_medio_digitar(const Lados& escritos) const;
@@ -137,6 +140,7 @@ protected:
 
     bool pregunta_por_centro(const char* celda);
 
+    Lados guardados_;         ///< los de la línea en edición, como las sumas la cuentan
     ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
     const NombresLinea n_;
 };
