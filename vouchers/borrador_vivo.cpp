@@ -10,7 +10,7 @@
 #include <QUuid>
 
 namespace {
-constexpr int kMsDespuesDeLaTecla = 400;
+constexpr int kMsDespuesDeLaTecla = 400, kFilasLargo = 200, kMsPausa = 1500, kMsSinPausa = 20000;
 constexpr const char* kExtension = ".borrador";
 } // namespace
 
@@ -44,11 +44,17 @@ BorradorVivo::BorradorVivo(const ConjuntosComprobante& conjuntos, const QString&
 BorradorVivo::~BorradorVivo() = default;
 
 void BorradorVivo::marque() {
-    // Se guarda a lo sumo una vez por intervalo, aunque no se deje de teclear.
-    // Uno largo se escribe más de tarde en tarde: no debe sentirse al digitar.
-    if (sigue_ && !reloj_.isActive())
-        reloj_.start(kMsDespuesDeLaTecla +
-                     2 * (c_.lineas_2649.filas_en_memoria() + c_.lineas_niif.filas_en_memoria()));
+    if (!sigue_)
+        return;
+    if (!reloj_.isActive())
+        espera_.start();
+    // Uno largo se escribe cuando quien digita hace una pausa, para que no lo sienta; si no la
+    // hace, al cabo de un rato de todas maneras.
+    const int filas = c_.lineas_2649.filas_en_memoria() + c_.lineas_niif.filas_en_memoria();
+    if (filas > kFilasLargo && espera_.elapsed() < kMsSinPausa)
+        reloj_.start(kMsPausa);
+    else if (!reloj_.isActive())
+        reloj_.start(kMsDespuesDeLaTecla);
 }
 
 Comprobante BorradorVivo::en_pantalla() const {

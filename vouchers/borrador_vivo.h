@@ -8,6 +8,7 @@
 #include "libro/borrador.h"
 #include "libro/conjuntos_comprobante.h"
 
+#include <QElapsedTimer>
 #include <QLockFile>
 #include <QTimer>
 
@@ -42,5 +43,6 @@ private:
     std::vector<std::unique_ptr<EnlaceDatos>> enlaces_;
     std::unique_ptr<QLockFile> candado_;
     QTimer reloj_;
+    QElapsedTimer espera_; ///< desde el primer cambio sin guardar
     bool sigue_ = false;
 };
