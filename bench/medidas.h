@@ -49,3 +49,4 @@ void mida_contabilizacion();
 void mida_importacion();
 void mida_reemplazo();
 void mida_recalculo();
+void mida_teclado();

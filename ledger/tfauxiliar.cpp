@@ -1,6 +1,7 @@
 #include "ledger/tfauxiliar.h"
 
 #include "datos/recordset/foto.h"
+#include "sesion/copias_comprobante.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/dialogos.h"
@@ -8,6 +9,7 @@
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QCheckBox>
+#include <QMenu>
 
 namespace {
 constexpr const char* kImporte = "#,###.00";
@@ -68,6 +70,9 @@ void Tfauxiliar::arme() {
     DBGridEh1->texto_vacio = "La cuenta no tiene movimientos en el período. F5 registra un "
                              "comprobante.";
     DBGridEh1->OnDblClick = [this](int) { SpeedButton1Click(); };
+    ofrezca_copias(*this, {DBGridEh1->findChild<QMenu*>("menu_rejilla")}, [this] {
+        return CAuxiliar.IsEmpty() ? 0 : CAuxiliar.FieldByName("ID").entero();
+    });
     DBGridEh1->OnTitleClick = [this](Campo& campo) { calcule_auxiliar(campo.FieldName); };
 
     Formulario f(this);

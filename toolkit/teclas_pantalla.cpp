@@ -3,6 +3,8 @@
 #include "toolkit/pantalla.h"
 
 #include "toolkit/controles/controldato.h"
+#include "toolkit/controles/memodato.h"
+#include "toolkit/lista_teclas.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -35,8 +37,10 @@ Pantalla* pantalla_de(QWidget* widget) {
     return activa && widget->isAncestorOf(activa) ? activa : nullptr;
 }
 
-bool es_boton(const QWidget* w) {
-    return qobject_cast<const QPushButton*>(w) || qobject_cast<const QToolButton*>(w);
+QAbstractButton* como_boton(QWidget* w) {
+    return qobject_cast<QPushButton*>(w) || qobject_cast<QToolButton*>(w)
+               ? static_cast<QAbstractButton*>(w)
+               : nullptr;
 }
 
 /// El control está dentro de una rejilla o lo es.
@@ -129,9 +133,18 @@ bool Pantalla::atienda(QKeyEvent& evento, QWidget* destino, bool solo_pregunta) 
     if (!foco || (foco != destino && !destino->isAncestorOf(foco)))
         foco = destino;
     const bool retorno = clave_comun(evento.key()) == Qt::Key_Return;
-    if (retorno && es_boton(foco))
-        return false;
+    // Un botón con el foco se oprime con Enter como con Espacio, sea o no el principal.
+    if (QAbstractButton* boton = retorno ? como_boton(foco) : nullptr) {
+        if (!solo_pregunta && !evento.isAutoRepeat() && boton->isEnabled())
+            boton->click();
+        return true;
+    }
     const Tecla* encontrada = busque(evento.key(), evento.modifiers());
+    if (!encontrada && evento.key() == Qt::Key_F1 && !(evento.modifiers() & ~kDeTeclado)) {
+        if (!solo_pregunta && !evento.isAutoRepeat())
+            muestre_teclas(*this);
+        return true;
+    }
     if (!encontrada) {
         return enter_como_tab_ && retorno && pase_de_control(evento, foco, solo_pregunta);
     }
@@ -156,8 +169,10 @@ bool Pantalla::pase_de_control(const QKeyEvent& evento, QWidget* foco, bool solo
     const bool atras = modificadores == Qt::ShiftModifier;
     if (modificadores != Qt::NoModifier && !atras)
         return false;
-    if (qobject_cast<QPlainTextEdit*>(foco) || qobject_cast<QTextEdit*>(foco) || en_rejilla(foco) ||
-        foco == this)
+    // En un memo la línea nueva se hace con Ctrl+Enter; los demás textos largos son de quien los
+    // escribe.
+    if ((qobject_cast<QPlainTextEdit*>(foco) && !qobject_cast<MemoDato*>(foco)) ||
+        qobject_cast<QTextEdit*>(foco) || en_rejilla(foco) || foco == this)
         return false;
     if (alguien_reclama(foco, this, evento))
         return false;

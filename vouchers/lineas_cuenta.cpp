@@ -1,8 +1,14 @@
 #include "vouchers/lineas_cuenta.h"
 
+#include "libro/aritmetica.h"
 #include "libro/grabacion.h"
-#include "libro/importes.h"
+#include "sesion/indices_catalogos.h"
+#include "toolkit/rejilla/texto_tabulado.h"
+#include "vouchers/anuncio_pegado.h"
+#include "vouchers/letrero_diferencia.h"
 #include "vouchers/pch.h"
+
+#include <QClipboard>
 
 bool vacio_o_cero(const Campo& c) {
     return c.vacio() || c.texto() == "0";
@@ -50,7 +56,15 @@ bool LineasCuenta::busque_tercero() {
 }
 
 bool LineasCuenta::busque_centro() {
-    if (!campo(n_.centro).texto().startsWith('?'))
+    return pregunta_por_centro(n_.centro);
+}
+
+bool LineasCuenta::busque_proyecto() {
+    return pregunta_por_centro(n_.proyecto);
+}
+
+bool LineasCuenta::pregunta_por_centro(const char* celda) {
+    if (!campo(celda).texto().startsWith('?'))
         return false;
     escoja_centro();
     return true;
@@ -140,6 +154,51 @@ void LineasCuenta::diferencia() {
     }
 }
 
+void LineasCuenta::anote_guardados() {
+    guardados_ = {campo(n_.debito).moneda(), campo(n_.credito).moneda()};
+}
+
+Lados LineasCuenta::sumas_en_memoria(const Lados& escritos) const {
+    Lados s{suma_debito(), suma_credito()};
+    if (detalle.State() == Estado::Edicion) {
+        s.debito += escritos.debito - guardados_.debito;
+        s.credito += escritos.credito - guardados_.credito;
+    }
+    return s;
+}
+
+std::optional<Lados> LineasCuenta::lados_a_medio_digitar(const Lados& escritos) const {
+    const Campo* c = rejilla->digitando() ? rejilla->campo_actual() : nullptr;
+    const bool es_debito = c && c->FieldName == QLatin1String(n_.debito);
+    if (!es_debito && !(c && c->FieldName == QLatin1String(n_.credito)))
+        return {};
+    const QString texto = rejilla->texto_digitado();
+    const ResultadoOperacion r = calcule_operacion(texto, 2);
+    const ImporteLeido leido = lea_importe(texto);
+    if (r.es_operacion ? !r.valor : leido.clase != ImporteLeido::Bueno)
+        return {};
+    const Moneda valor = r.valor.value_or(leido.valor);
+    // Un lado con valor quita el otro, como al dejar la celda.
+    const Moneda otro = !valor.es_cero() ? Moneda()
+                        : es_debito      ? escritos.credito
+                                         : escritos.debito;
+    return es_debito ? Lados{valor, otro} : Lados{otro, valor};
+}
+
+Lados LineasCuenta::sumas_al_digitar() const {
+    const Lados escritos{campo(n_.debito).moneda(), campo(n_.credito).moneda()};
+    Lados s = sumas_en_memoria(escritos);
+    if (detalle.State() == Estado::Insercion) { // aún no es de las líneas
+        s.debito += escritos.debito;
+        s.credito += escritos.credito;
+    }
+    if (const auto tecleados = lados_a_medio_digitar(escritos)) {
+        s.debito += tecleados->debito - escritos.debito;
+        s.credito += tecleados->credito - escritos.credito;
+    }
+    return s;
+}
+
 void LineasCuenta::vacie_nombres() {
     for (QLineEdit* e : {NomCuenta, NomTerc, NomProy, NomCent})
         e->clear();
@@ -192,6 +251,71 @@ QMenu* LineasCuenta::arme_menu(const QVector<Rejilla::Orden>& ordenes,
     return rejilla->menu_emergente(ordenes);
 }
 
+// ---------------------------------------------------------------- ayudas al digitar
+
+void LineasCuenta::ofrezca_al_teclear() {
+    rejilla->columna(kCuenta).Sugiere = [this](const QString& tecleado) {
+        return IndicesCatalogos::de_la_sesion().cuentas(libro).busque(tecleado);
+    };
+    rejilla->columna(kTercero).Sugiere = [](const QString& tecleado) {
+        return IndicesCatalogos::de_la_sesion().terceros().busque(tecleado);
+    };
+    // Al llegar a las líneas, y no con cada tecla, se mira si alguien cambió los catálogos.
+    rejilla->OnEnter = [this] { IndicesCatalogos::de_la_sesion().refresque(libro); };
+    rejilla->OnDigitado = [this] {
+        if (LabDiferencia)
+            LabDiferencia->diga();
+    };
+}
+
+QString LineasCuenta::como_de_comprobante(const QString& columna) const {
+    const std::pair<const char*, const char*> iguales[] = {
+        {n_.cuenta, "CUEN_COD"}, {n_.tercero, "TERC_NIT"},   {n_.proyecto, "PROY_COD"},
+        {n_.centro, "CENT_COD"}, {n_.debito, "CODE_DEBITO"}, {n_.credito, "CODE_CREDITO"}};
+    for (const auto& [propia, comun] : iguales)
+        if (columna == QLatin1String(propia))
+            return QLatin1String(comun);
+    return {};
+}
+
+std::optional<QVector<QStringList>> LineasCuenta::anuncie_pegado(bool abre_columnas) {
+    QVector<QStringList> filas = lea_tabulado(QApplication::clipboard()->text());
+    if (filas.isEmpty() || (filas.size() == 1 && filas.first().size() == 1))
+        return filas;
+    qsizetype ancho = 0;
+    for (const QStringList& f : filas)
+        ancho = qMax(ancho, f.size());
+    TextoPegado pegado{filas, {}, memorias_de_pegado(), 0};
+    AnuncioPegado anuncio;
+    anuncio.filas = int(filas.size());
+    int c = qMax(0, rejilla->SelectedIndex());
+    for (qsizetype i = 0; i < ancho; ++i, ++c) {
+        while (c < rejilla->cuenta_columnas() && rejilla->isColumnHidden(c))
+            ++c;
+        const bool cabe = c < rejilla->cuenta_columnas();
+        const bool cerrada = cabe && rejilla->columna(c).ReadOnly &&
+                             !(abre_columnas && c >= kTercero && c <= kCentro);
+        const QString columna = cabe && !cerrada ? rejilla->columna(c).FieldName : QString();
+        pegado.campos << como_de_comprobante(columna);
+        anuncio.columnas.append(
+            {!cabe ? QStringLiteral("No cabe: no se pega")
+             : cerrada
+                 ? QStringLiteral("%1: está cerrada, no se pega").arg(rejilla->columna(c).Titulo())
+                 : rejilla->columna(c).Titulo(),
+             filas.first().value(i)});
+    }
+    const bool en_blanco = detalle.State() == Estado::Insercion && cuenta().isEmpty();
+    const int desde = en_blanco ? detalle.RecordCount() : qMax(0, detalle.RecNo());
+    anuncio.reemplaza = qBound(0, detalle.RecordCount() - desde, int(filas.size()));
+    pegado.existentes = anuncio.reemplaza;
+    anuncio.rehusadas = revise_pegado(detalle.conexion(), libro, pegado);
+    if (muestre_anuncio(rejilla->window(), anuncio) == RespuestaPegado::Desiste)
+        return {};
+    for (auto i = anuncio.rehusadas.crbegin(); i != anuncio.rehusadas.crend(); ++i)
+        filas.removeAt(i->fila - 1);
+    return filas;
+}
+
 void LineasCuenta::prepare_pegado() {
     const bool en_blanco = detalle.State() == Estado::Insercion && cuenta().isEmpty();
     termine_linea();
@@ -201,10 +325,15 @@ void LineasCuenta::prepare_pegado() {
 }
 
 void LineasCuenta::pegue() {
+    if (const auto filas = anuncie_pegado(true))
+        pegue(*filas);
+}
+
+void LineasCuenta::pegue(const QVector<QStringList>& filas) {
     prepare_pegado();
     for (int columna : {kTercero, kProyecto, kCentro})
         rejilla->columna(columna).ReadOnly = false;
-    rejilla->pegue();
+    rejilla->pegue(filas);
     detalle.First();
 }
 

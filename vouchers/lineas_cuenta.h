@@ -5,6 +5,7 @@
 // lados, sugiere el que cuadra, recibe lo escogido en las búsquedas y rehúsa la línea incompleta.
 // Las cuatro primeras columnas de la rejilla son cuenta, tercero, proyecto y centro.
 #include "datos/recordset/conjunto.h"
+#include "libro/importes.h"
 #include "libro/lineas.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -12,6 +13,7 @@
 #include <functional>
 
 class EditorNumero;
+class LetreroDiferencia;
 class Pantalla;
 class QLineEdit;
 class QMenu;
@@ -39,6 +41,7 @@ public:
     Rejilla* rejilla = nullptr;
     QLineEdit *NomCuenta = nullptr, *NomTerc = nullptr, *NomProy = nullptr, *NomCent = nullptr;
     EditorNumero *Sumadeb = nullptr, *SumCred = nullptr, *Difdeb = nullptr, *DifCred = nullptr;
+    LetreroDiferencia* LabDiferencia = nullptr; ///< lo que falta, al paso que se digita
     ContadorLineas contador;
 
     /// La línea se va a rehusar: corre antes de decirlo.
@@ -59,6 +62,10 @@ public:
     // De todas las líneas del comprobante, también las que un filtro oculta.
     virtual Moneda suma_debito() const { return detalle.agregado_total("Sumadebito").moneda(); }
     virtual Moneda suma_credito() const { return detalle.agregado_total("Sumacredito").moneda(); }
+    /// Las dos sumas con lo que la línea en edición lleva escrito, aunque aún no haya entrado.
+    Lados sumas_al_digitar() const;
+    /// La línea acaba de entrar en edición: aún tiene lo que las sumas cuentan de ella.
+    void anote_guardados();
     bool sin_lineas() const { return detalle.filas_en_memoria() == 0; }
     /// Lleva el cursor a la línea de ese número, sin el filtro que la oculte, y a la celda.
     void vaya_a(qint64 numero, const QString& campo_item, const QString& celda);
@@ -71,6 +78,13 @@ public:
     void prepare_pegado();
     /// Termina la línea, abre las columnas que la anterior cerró, pega y vuelve a la primera.
     void pegue();
+    void pegue(const QVector<QStringList>& filas); ///< las ya confirmadas
+    /// Dice qué hará el pegado y qué filas no entran, antes de cambiar nada; devuelve las que se
+    /// van a pegar, o nada si se desistió. Una celda sola no se anuncia. `abre_columnas`: las que
+    /// la cuenta anterior cerró también se van a escribir.
+    std::optional<QVector<QStringList>> anuncie_pegado(bool abre_columnas);
+    /// Al teclear una cuenta o un tercero se ofrecen los que empiecen así.
+    void ofrezca_al_teclear();
     /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
     void reciba(const QString& campo, const QString& valor);
     void prepare_recepcion();
@@ -96,6 +110,7 @@ protected:
     bool busque_cuenta();
     bool busque_tercero();
     bool busque_centro();
+    bool busque_proyecto(); ///< la misma lista, preguntada en el proyecto
     /// Cierra al entrar las columnas que la cuenta no lleva.
     void abra_o_cierre(int columna);
     /// Un débito quita el crédito, y al revés; y la diferencia sigue a las sumas.
@@ -108,11 +123,24 @@ protected:
     AtributosCuenta atributos() const;
     /// Lo que la cuenta mira de la línea.
     virtual LineaComprobante linea() const;
+    /// Las de todas las líneas que ya entraron, con los dos lados que la que se edita lleva en sus
+    /// campos. Cuesta lo mismo con muchas que con pocas.
+    virtual Lados sumas_en_memoria(const Lados& escritos) const;
+    /// Los dos lados que la línea tendría con el importe que se está tecleando; nada si no lo hay o
+    /// aún no es un número.
+    std::optional<Lados> lados_a_medio_digitar(const Lados& escritos) const;
+    /// La columna de un comprobante que hace lo que esta columna hace; vacía si ninguna.
+    virtual QString como_de_comprobante(const QString& columna) const;
+    /// Con qué se completa lo que una línea pegada no traiga.
+    virtual MemoriasLinea memorias_de_pegado() const { return {}; }
     /// La línea guardada que nadie ha cambiado no se vuelve a probar: pasar por ella no atrapa.
     bool intacta() const;
     /// La pantalla que las aloja, que es la que pide por ellas.
     Pantalla& pantalla() const;
 
+    bool pregunta_por_centro(const char* celda);
+
+    Lados guardados_;         ///< los de la línea en edición, como las sumas la cuentan
     ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
     const NombresLinea n_;
 };

@@ -3,6 +3,7 @@
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
 #include "toolkit/estilo.h"
+#include "vouchers/letrero_diferencia.h"
 #include "vouchers/nombres_en_linea.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -95,6 +96,7 @@ QWidget* LineasLibro::construya_pagina() {
     rejilla->texto_vacio = QStringLiteral("Sin líneas: digite el código de la cuenta, o F9 para "
                                           "buscarla.");
     rejilla->ate(&detalle);
+    ofrezca_al_teclear();
 
     const auto saldo = [&](EditorNumero*& e, const QString& componente) {
         e = EditorNumero::de_saldo();
@@ -121,6 +123,14 @@ QWidget* LineasLibro::construya_pagina() {
     pagina->layout()->setContentsMargins(paso(), paso(0.75), paso(), paso(0.75));
     pagina->layout()->setSpacing(paso(0.75));
     f.ancha(rejilla, 1);
+    // Difdeb y DifCred guardan la diferencia de las líneas que ya entraron; la que se ve va al paso
+    // de lo que se digita.
+    for (EditorNumero* e : {Difdeb, DifCred}) {
+        e->setParent(pagina);
+        e->hide();
+    }
+    LabDiferencia = new LetreroDiferencia(*this);
+    LabDiferencia->setObjectName("LabDiferencia" + n);
     disponga_nombres(f);
     complete(f);
     NomCuenta->setAccessibleName("Nombre de la cuenta");
@@ -148,16 +158,16 @@ void LineasLibro::disponga_nombres(Formulario& f) {
     ponga("Tercero", {NomTerc}, ESaldoter);
     ponga("Proyecto", {NomProy, NomCent}, ESaldocent);
     f.ancha(nombres, 0);
-    f.fila({{"Débitos", Sumadeb},
-            {"Créditos", SumCred},
-            {"Dif. débito", Difdeb},
-            {"Dif. crédito", DifCred}});
+    f.fila({{"Débitos", Sumadeb}, {"Créditos", SumCred}, {"Diferencia", LabDiferencia}});
 }
 
 void LineasLibro::ate_eventos() {
     campo(n_.cuenta).OnChange = [this](Campo&) { cuenta_cambiada(); };
     campo(n_.tercero).OnChange = [this](Campo&) { tercero_cambiado(); };
-    campo(n_.proyecto).OnChange = [this](Campo&) { validar_centro(); };
+    campo(n_.proyecto).OnChange = [this](Campo&) {
+        if (c_.pregunta_con_los_dos || !busque_proyecto())
+            validar_centro();
+    };
     campo(n_.centro).OnChange = [this](Campo&) { centro_cambiado(); };
     campo(c_.categoria).OnChange = [this](Campo&) { categoria_cambiada(); };
     campo(c_.articulo).OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
@@ -436,6 +446,21 @@ LineaComprobante LineasLibro::linea() const {
     l.base = campo(c_.base).moneda();
     l.porcentaje = campo(c_.porcentaje).moneda();
     return l;
+}
+
+QString LineasLibro::como_de_comprobante(const QString& columna) const {
+    const std::pair<const char*, const char*> iguales[] = {
+        {c_.concepto, "CODE_CONCEPTO"}, {c_.referencia, "CODE_REFER"},
+        {c_.base, "CODE_BASE"},         {c_.porcentaje, "CODE_PORC"},
+        {c_.categoria, "CONC_COD"},     {c_.descontable, "CODE_DESCONTABLE"}};
+    for (const auto& [propia, comun] : iguales)
+        if (propia && columna == QLatin1String(propia))
+            return QLatin1String(comun);
+    return LineasCuenta::como_de_comprobante(columna);
+}
+
+MemoriasLinea LineasLibro::memorias_de_pegado() const {
+    return c_.completa_con_la_cuenta ? memorias_ : MemoriasLinea();
 }
 
 void LineasLibro::AfterScroll() {

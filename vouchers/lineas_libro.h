@@ -37,8 +37,9 @@ struct CamposLinea {
     bool memoria_comun = false;   ///< los dos libros recuerdan en la misma memoria
     bool tarifa_del_2649 = false; ///< base mínima y tarifa salen del plan 2649 en los dos libros
     bool base_con_signo = false;  ///< una base negativa nunca llega al mínimo
-    bool exige_valor = false;     ///< sin débito ni crédito, o sin cuenta y con ellos, no entra
-    bool solo_nombres = false;    ///< al pasar por la línea no se valida: se muestran los nombres
+    bool pregunta_con_los_dos = false; ///< "?" espera a que proyecto y centro estén escritos
+    bool exige_valor = false;  ///< sin débito ni crédito, o sin cuenta y con ellos, no entra
+    bool solo_nombres = false; ///< al pasar por la línea no se valida: se muestran los nombres
     /// El tercero que la cuenta pide se completa al escogerla, sin esperar a dejar su celda.
     bool completa_con_la_cuenta = true;
 };
@@ -114,6 +115,8 @@ protected:
     virtual Moneda tarifa_de_la_cuenta();
     void aplique_porcentaje(Moneda tarifa_cuenta);
     LineaComprobante linea() const override;
+    QString como_de_comprobante(const QString& columna) const override;
+    MemoriasLinea memorias_de_pegado() const override;
     /// Nombres de lo que la línea tiene, sin validarlo.
     void muestre_nombres();
     const AjustesLinea& ajustes() const { return ajustes_; }

@@ -30,6 +30,7 @@ const CamposLinea kDePropuesta{
     .memoria_comun = true,
     .tarifa_del_2649 = true,
     .base_con_signo = true,
+    .pregunta_con_los_dos = true,
     .exige_valor = true,
     .solo_nombres = true,
     .completa_con_la_cuenta = false,

@@ -18,6 +18,7 @@ public:
     QString filtro() const;
 
     // De todas las líneas del libro, esté o no a la vista.
+    Lados sumas_en_memoria(const Lados&) const override { return {suma_debito(), suma_credito()}; }
     Moneda suma_debito() const override { return sume(n_.debito); }
     Moneda suma_credito() const override { return sume(n_.credito); }
     /// Las dos sumas se leen igual.

@@ -1,5 +1,6 @@
 #include "vouchers/lineas_saldos.h"
 
+#include "vouchers/letrero_diferencia.h"
 #include "vouchers/nombres_en_linea.h"
 #include "vouchers/pch.h"
 
@@ -30,6 +31,7 @@ QWidget* LineasSaldos::construya_pagina() {
     rejilla->enter_como_tab = true;
     rejilla->texto_vacio = "Sin saldos: digite el código de la cuenta, o F9 para buscarla.";
     rejilla->ate(&detalle);
+    ofrezca_al_teclear();
 
     NomCuenta = caja_de_nombre("NomCuenta");
     NomTerc = caja_de_nombre("NomTerc");
@@ -47,7 +49,13 @@ QWidget* LineasSaldos::construya_pagina() {
     Formulario f(pagina);
     f.ancha(rejilla, 1);
     f.fila({{"Cuenta", NomCuenta}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
-    f.fila({{"Tercero", NomTerc}, {"Dif. débito", Difdeb}, {"Dif. crédito", DifCred}});
+    for (EditorNumero* e : {Difdeb, DifCred}) { // de las líneas que ya entraron; no se ven
+        e->setParent(pagina);
+        e->hide();
+    }
+    LabDiferencia = new LetreroDiferencia(*this);
+    LabDiferencia->setObjectName("LabDiferencia");
+    f.fila({{"Tercero", NomTerc}, {"Diferencia", LabDiferencia}});
     f.fila({{"Proyecto", Formulario::junto({NomProy, NomCent})}});
     NomProy->setAccessibleName("Nombre del proyecto");
     NomCent->setAccessibleName("Nombre del centro");
@@ -102,7 +110,7 @@ void LineasSaldos::tercero_cambiado() {
 }
 
 void LineasSaldos::centro_cambiado() {
-    if (busque_centro())
+    if (busque_proyecto() || busque_centro())
         return;
     NomProy->clear();
     NomCent->clear();

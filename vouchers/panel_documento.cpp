@@ -1,6 +1,7 @@
 #include "vouchers/panel_documento.h"
 
 #include "datos/firebird/reloj.h"
+#include "toolkit/controles/editor_sugerido.h"
 #include "vouchers/pch.h"
 
 PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, ConjuntoDatos& tipos,
@@ -29,7 +30,8 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
         f.fila({{"Documento", numero(campos.numero, "EDocumento")},
                 {"Tipo", Etidocart},
                 {"Vence", DateTimePicker1}});
-        f.fila({{"Aplica a:", numero(campos.aplica, "EAplica")},
+        EAplica = arme_aplica(campos);
+        f.fila({{"Aplica a:", EAplica},
                 {"Tipo", tipo(campos.tipo_aplica, "Etidoapl")},
                 {"", continuar}});
     } else {
@@ -38,7 +40,57 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
                 {"Vence", DateTimePicker1},
                 {"", continuar}});
     }
-    OnEnter = [this] { proponga_vencimiento(); };
+    OnEnter = [this] {
+        if (EAplica)
+            abiertos_ = documentos_abiertos(lineas_.conexion(), Libro::Decreto2649,
+                                            lineas_.FieldByName("TERC_NIT").texto());
+        proponga_vencimiento();
+    };
+}
+
+// ---------------------------------------------------------------- documentos abiertos
+
+EditorSugerido* PanelDocumento::arme_aplica(const Campos& campos) {
+    auto* e = new EditorSugerido(&lineas_, campos.aplica);
+    e->setObjectName("EAplica");
+    e->al_entrar = true;
+    e->Sugiere = [this](const QString& tecleado) { return abiertos(tecleado); };
+    e->OnEscoger = [this, tipo = campos.tipo_aplica](const Sugerencia& s) {
+        aplique(s.codigo, tipo);
+    };
+    return e;
+}
+
+QVector<Sugerencia> PanelDocumento::abiertos(const QString& tecleado) const {
+    QVector<Sugerencia> lista;
+    for (const DocumentoAbierto& d : abiertos_) {
+        if (!d.numero.startsWith(tecleado.trimmed(), Qt::CaseInsensitive))
+            continue;
+        const QDate vence = QDate::fromString(d.vence, QStringLiteral("yyyyMMdd"));
+        QStringList dice{d.nombre_tipo};
+        if (vence.isValid())
+            dice << "vence " + vence.toString(QStringLiteral("yyyy/MM/dd"));
+        dice << (d.saldo.negativa() ? "se debe " : "nos deben ") + d.saldo.absoluta().formateada();
+        dice.removeAll(QString());
+        lista.append({d.numero, dice.join(" · ")});
+    }
+    return lista;
+}
+
+void PanelDocumento::aplique(const QString& numero, const char* tipo_aplica) {
+    const auto d = std::find_if(abiertos_.begin(), abiertos_.end(),
+                                [&](const auto& x) { return x.numero == numero; });
+    if (d == abiertos_.end())
+        return;
+    lineas_.Edit();
+    if (d->tipo != 0)
+        lineas_.FieldByName(tipo_aplica) = d->tipo;
+    // El plazo lo puso el documento cuando nació.
+    if (const QDate vence = QDate::fromString(d->vence, QStringLiteral("yyyyMMdd"));
+        vence.isValid()) {
+        DateTimePicker1->fecha(vence);
+        DateTimePicker1Change();
+    }
 }
 
 void PanelDocumento::defina_tipos(ConjuntoDatos& tipos) {

@@ -2,8 +2,11 @@
 // "Documento cartera": el documento que abre una línea de clase C y, en un comprobante, el que
 // paga.
 #include "datos/recordset/conjunto.h"
+#include "libro/documentos_abiertos.h"
+#include "toolkit/indice_codigos.h"
 #include "vouchers/panel_flotante.h"
 
+class EditorSugerido;
 class FechaDato;
 class ListaDato;
 
@@ -22,9 +25,16 @@ public:
 
     ListaDato* Etidocart;
     FechaDato* DateTimePicker1;
+    /// "Aplica a": ofrece los documentos abiertos del tercero de la línea, con lo que se debe de
+    /// cada uno; el que se toma trae su tipo y su vencimiento. Nulo si el panel no lo pregunta.
+    EditorSugerido* EAplica = nullptr;
 
 private:
+    EditorSugerido* arme_aplica(const Campos& campos);
+    QVector<Sugerencia> abiertos(const QString& tecleado) const;
+    void aplique(const QString& numero, const char* tipo_aplica);
     void proponga_vencimiento();
     void DateTimePicker1Change();
     ConjuntoDatos& lineas_;
+    QVector<DocumentoAbierto> abiertos_; ///< los del tercero, al entrar al panel
 };

@@ -2,6 +2,8 @@
 
 #include "vouchers/pch.h"
 
+#include <QKeyEvent>
+
 PanelFlotante::PanelFlotante(const QString& nombre, const QString& titulo, QWidget* pantalla)
     : QGroupBox(titulo, pantalla), pantalla_(pantalla) {
     setObjectName(nombre);
@@ -28,6 +30,19 @@ void PanelFlotante::ubique() {
     const int ancho = qMin(sizeHint().width() + 16, base_->width());
     setGeometry(origen.x() + (base_->width() - ancho) / 2, origen.y() + base_->height() / 3, ancho,
                 sizeHint().height());
+}
+
+bool PanelFlotante::reclama(const QKeyEvent& evento) {
+    return evento.key() == Qt::Key_Escape && isVisible();
+}
+
+void PanelFlotante::keyPressEvent(QKeyEvent* evento) {
+    if (evento->key() == Qt::Key_Escape) {
+        oculte();
+        evento->accept();
+        return;
+    }
+    QGroupBox::keyPressEvent(evento);
 }
 
 void PanelFlotante::muestre(QWidget* foco) {

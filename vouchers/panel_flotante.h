@@ -1,11 +1,14 @@
 #pragma once
 // Panel que una línea abre sobre su rejilla cuando la cuenta pide más datos.
 //
-// Salir de él lo oculta; una lista desplegada o un diálogo no es salir.
+// Esc lo cierra, sin cerrar la pantalla. Salir de él lo oculta; una lista desplegada o un diálogo
+// no es salir.
+#include "toolkit/pantalla.h"
+
 #include <QGroupBox>
 #include <functional>
 
-class PanelFlotante : public QGroupBox {
+class PanelFlotante : public QGroupBox, public ReclamaTeclas {
     Q_OBJECT
 public:
     /// Flota sobre `base`, dentro de `pantalla`, a un tercio de su alto: la línea en edición queda
@@ -18,8 +21,13 @@ public:
     /// De vuelta a su sitio cuando la pantalla cambia de tamaño.
     void ubique();
 
+    bool reclama(const QKeyEvent& evento) override;
+
     std::function<void()> OnEnter;                   ///< el foco entró al panel
     std::function<QWidget*(bool tenia_foco)> vuelve; ///< a quién pasa el foco al ocultarse; o nulo
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
 
 private:
     void foco_cambiado(const QWidget* antes, const QWidget* ahora);

@@ -2,6 +2,8 @@
 
 #include "toolkit/estilo.h"
 #include "toolkit/historia_avisos.h"
+#include "sesion/indices_catalogos.h"
+#include "toolkit/controles/editor_sugerido.h"
 #include "vouchers/panel_documento.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -14,7 +16,8 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
                   poCascadeDeletes | poCascadeUpdates),
       PTidocartera(this, "PTidocartera", &fdm().TTipodoc),
       CMovimiento(this, "CMovimiento", &PMovimiento),
-      CTidocartera(this, "CTidocartera", &PTidocartera), grabacion(conjuntos()) {
+      CTidocartera(this, "CTidocartera", &PTidocartera), grabacion(conjuntos()),
+      deshacer(conjuntos()) {
     defina_encabezado(CMovimiento);
     CMovimiento.FieldByName("TERC_NIT").OnChange = [this](Campo& x) {
         encabezado_TERC_NITChange(x);
@@ -33,7 +36,7 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
     lineas_niif = new LineasLibro(Libro::Niif, *this, Cdetniif, CBorrar, memorias, ajustes, this);
     // La plantilla escogida sin que nadie la pida es para el primer comprobante que se active.
     acepte<PidePlantilla>([this](const QString& plantilla) {
-        traiga_plantilla(plantilla);
+        deshacer.con("la plantilla", [&] { traiga_plantilla(plantilla); });
         return true;
     });
 }
@@ -73,6 +76,8 @@ void PantallaComprobante::construya(QWidget* control_prefijo) {
     construya_paginas();
     disponga(control_prefijo);
     ate_rejillas(LineasCuenta::ordenes_de_comprobante(), nombre_exportacion());
+    for (LineasLibro* l : {lineas_2649, lineas_niif})
+        l->rejilla->OnDeshacer = [this] { deshaga_lo_ultimo(); };
     ultimo_ = DBCheckBox2;
     construya_panel_documento();
     construya_panel_articulo("Edit2");
@@ -94,11 +99,18 @@ void PantallaComprobante::construya_controles() {
     EDia->setFixedWidth(EDia->fontMetrics().horizontalAdvance("0000"));
     ERef = nombrado(new EditorDato(&CMovimiento, "ENCO_REFER"), "ERef");
     DBEdit1 = nombrado(new EditorDato(&CMovimiento, "ENCO_CONCEPTO"), "DBEdit1");
-    DBEdit2 = nombrado(new EditorDato(&CMovimiento, "TERC_NIT"), "DBEdit2");
+    const auto de_tercero = [this](const char* campo, const char* nombre) {
+        auto* e = nombrado(new EditorSugerido(&CMovimiento, campo), nombre);
+        e->Sugiere = [](const QString& tecleado) {
+            return IndicesCatalogos::de_la_sesion().terceros().busque(tecleado);
+        };
+        return e;
+    };
+    DBEdit2 = de_tercero("TERC_NIT", "DBEdit2");
     DBEdit2->ancho(13);
     DBEdit3 = nombrado(new EditorDato(&CMovimiento, "ENCO_NOMTERC"), "DBEdit3");
     DBEdit6 = nombrado(new EditorDato(&CMovimiento, "ENCO_MONTO"), "DBEdit6");
-    Mand = nombrado(new EditorDato(&CMovimiento, "ENCO_MANDANTE"), "Mand");
+    Mand = de_tercero("ENCO_MANDANTE", "Mand");
     NomMand = caja_de_lectura("NomMand", 30);
     DBCheckBox1 =
         nombrado(new CasillaDato("Descontable", &CMovimiento, "ENCO_DESCONTABLE"), "DBCheckBox1");
@@ -151,6 +163,38 @@ void PantallaComprobante::construya_panel_documento() {
     Etidocart = documento->Etidocart;
     DateTimePicker1 = documento->DateTimePicker1;
     agregue_panel(GroupBox1, lineas_2649->rejilla);
+}
+
+// ---------------------------------------------------------------- pegar y deshacer
+
+QWidget* PantallaComprobante::encabezado_al_volver() const {
+    return DBEdit1;
+}
+
+void PantallaComprobante::pegue(Rejilla& rejilla) {
+    LineasLibro& l = &rejilla == lineas_niif->rejilla ? *lineas_niif : *lineas_2649;
+    if (const auto filas = l.anuncie_pegado(pegar_abre_columnas()))
+        deshacer.con("lo pegado", [&] { pegue_filas(l, *filas); });
+}
+
+void PantallaComprobante::deshaga_lo_ultimo() {
+    if (!deshacer.hay()) {
+        fdm().mostrar_advertencia("No hay nada pegado ni traído que se pueda deshacer.");
+        return;
+    }
+    if (deshacer.hubo_mas_cambios() &&
+        !pregunte_con_no("Después de " + deshacer.que() +
+                         " hubo otros cambios, que también se perderán. Desea deshacerlo?"))
+        return;
+    quite_filtro();
+    const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
+    deshacer.deshaga();
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        l->vacie_nombres();
+        l->vacie_diferencias();
+        l->actualice_sumas();
+    }
+    fdm().mostrar_advertencia("Se deshizo " + deshacer.que() + '.');
 }
 
 void PantallaComprobante::ckFiltroClick() {

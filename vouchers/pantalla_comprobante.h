@@ -1,6 +1,7 @@
 #pragma once
 // Lo común a digitar y a editar un comprobante: encabezado, dos libros con sus páginas y paneles.
 #include "libro/grabacion.h"
+#include "vouchers/deshacer.h"
 #include "vouchers/pantalla_lineas.h"
 
 class CasillaDato;
@@ -46,12 +47,20 @@ protected:
     bool pregunta_mandante = false;
     bool cierre_confirmado_ = false; ///< ya no hay nada que preguntar al cerrar
     GrabacionComprobante grabacion;
+    Deshacer deshacer; ///< lo último que se pegó o se trajo
 
     enum class Orden { Digitar, Editar }; ///< cada pantalla lee sus llaves en un orden propio
     void lea_configuracion(Orden orden);
     void construya(QWidget* control_prefijo);
     void declare_teclas_comunes() { PantallaLineas::declare_teclas_comunes(ultimo_); }
     virtual QString nombre_exportacion() const = 0;
+    QWidget* encabezado_al_volver() const override;
+    /// Con Ctrl+Z sobre las líneas.
+    void deshaga_lo_ultimo();
+    /// Lo que hace cada pantalla al pegar, ya con las filas confirmadas.
+    void pegue(Rejilla& rejilla) override;
+    virtual void pegue_filas(LineasLibro& lineas, const QVector<QStringList>& filas) = 0;
+    virtual bool pegar_abre_columnas() const { return true; }
     void llene_categorias(Rejilla* rejilla);
     void pagina_cambiada(int pagina) override { pagina == 1 ? TabSheet2Enter() : TabSheet2Exit(); }
     virtual void TabSheet2Enter() = 0;

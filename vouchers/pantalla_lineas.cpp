@@ -45,7 +45,10 @@ void PantallaLineas::ate_rejillas(const QVector<Rejilla::Orden>& menu, const QSt
         l->ate_eventos();
         Rejilla* r = l->rejilla;
         const Libro libro = l->libro;
-        r->OnEnter = [this] { en_grilla = true; };
+        r->OnEnter = [this, ayude = r->OnEnter] {
+            en_grilla = true;
+            ayude();
+        };
         r->OnExit = [this] { en_grilla = false; };
         r->OnDblClick = [this, libro](int columna) { DBGridDblClick(libro, columna); };
         l->arme_menu(menu, archivo, windowTitle());
@@ -75,10 +78,30 @@ void PantallaLineas::declare_teclas_comunes(QWidget* anterior) {
         tecla(clave, Qt::ControlModifier, "PageControl1",
               [this, indice] { PageControl1->setCurrentIndex(indice); });
     };
+    tecla(Qt::Key_E, Qt::ControlModifier, "Pasar del encabezado a las líneas o volver",
+          [this] { pase_de_parte(); });
     pagina(Qt::Key_PageDown, 1);
     pagina(Qt::Key_PageUp, 0);
     busque(Qt::Key_F6, "Tfterceros", [this] { busque_tercero(); });
     busque(Qt::Key_F7, "Tfcentros", [this] { busque_centro(); });
+}
+
+void PantallaLineas::pase_de_parte() {
+    Rejilla* r = lineas_a_la_vista().rejilla;
+    QWidget* foco = QApplication::focusWidget();
+    if (!r->enfocada()) {
+        // De un botón o un panel no se vuelve: se vuelve al encabezado.
+        const bool de_encabezado =
+            foco && !qobject_cast<QPushButton*>(foco) && !PageControl1->isAncestorOf(foco) &&
+            std::none_of(paneles_.begin(), paneles_.end(),
+                         [foco](QWidget* p) { return p->isAncestorOf(foco); });
+        de_donde_ = de_encabezado ? foco : nullptr;
+        r->setFocus();
+        return;
+    }
+    QWidget* destino =
+        de_donde_ && de_donde_->isEnabled() ? de_donde_.data() : encabezado_al_volver();
+    destino->setFocus(Qt::ShortcutFocusReason);
 }
 
 void PantallaLineas::DBGridDblClick(Libro libro, int columna) {

@@ -54,6 +54,10 @@ protected:
     /// SBGrabar, SBCancel y las teclas que son las mismas; `anterior` precede a las rejillas con
     /// Tab.
     void declare_teclas_comunes(QWidget* anterior);
+    /// Del encabezado a las líneas y de ellas a donde se estaba.
+    void pase_de_parte();
+    /// Donde empieza el encabezado para quien viene de las líneas.
+    virtual QWidget* encabezado_al_volver() const = 0;
     void abra_pagina_inicial();
     /// Con el tipo vacío propone el anterior o el primero.
     void LTipoEnter();
@@ -83,4 +87,5 @@ private:
     void EArticodDblClick();
     QVector<PanelFlotante*> paneles_;
     bool panel_de_activo_ = false;
+    QPointer<QWidget> de_donde_; ///< el control del encabezado del que se pasó a las líneas
 };

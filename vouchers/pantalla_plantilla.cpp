@@ -172,9 +172,17 @@ void PantallaPlantilla::termine_lineas() {
     lineas_niif->termine_linea();
 }
 
+QWidget* PantallaPlantilla::encabezado_al_volver() const {
+    return EConcepto;
+}
+
 void PantallaPlantilla::pegue(Rejilla& rejilla) {
-    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->prepare_pegado();
-    rejilla.pegue();
+    LineasLibro& l = &rejilla == lineas_niif->rejilla ? *lineas_niif : *lineas_2649;
+    const auto filas = l.anuncie_pegado(false);
+    if (!filas)
+        return;
+    l.prepare_pegado();
+    rejilla.pegue(*filas);
 }
 
 // ---------------------------------------------------------------- salida

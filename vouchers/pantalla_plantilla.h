@@ -36,6 +36,7 @@ protected:
     /// Deja en LPref los prefijos del tipo del encabezado, sin tocar el que tiene.
     void ubique_tipo();
     void termine_lineas();
+    QWidget* encabezado_al_volver() const override;
     virtual bool hay_por_perder() const = 0;
 
     void pegue(Rejilla& rejilla) override;

@@ -1,7 +1,10 @@
 #include "vouchers/tfbuscomproba.h"
 
+#include "sesion/copias_comprobante.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
+
+#include <QMenu>
 
 Tfbuscomproba::Tfbuscomproba()
     : BusquedaPorTipo("Tfbuscomproba", "Búsqueda de comprobantes", fdmcnt().QComproba,
@@ -39,6 +42,9 @@ Tfbuscomproba::Tfbuscomproba()
     DBGridEh1->texto_vacio = "No hay comprobantes con esas condiciones.";
     DBGridEh1->OnDblClick = [this](int) { SpeedButton2Click(); };
     DBGridEh1->OnReturn = [this] { SpeedButton2Click(); };
+    ofrezca_copias(*this, {DBGridEh1->findChild<QMenu*>("menu_rejilla")}, [this] {
+        return hay_fila() ? conjunto_.FieldByName("ENCO_CONSEC").entero() : 0;
+    });
     connect(filtros_->ckfiltro, &QCheckBox::toggled, this,
             [this](bool visible) { DBGridEh1->filtro_visible(visible); });
 

@@ -1,7 +1,10 @@
 #include "vouchers/tfcomproterc.h"
 
+#include "sesion/copias_comprobante.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
+
+#include <QMenu>
 
 Tfcomproterc::Tfcomproterc()
     : BusquedaPorTipo("Tfcomproterc", "Comprobantes tercero", fdmcnt().QComproba, "CComproba") {
@@ -58,6 +61,9 @@ Tfcomproterc::Tfcomproterc()
     DBGridEh3 = pagina("DBGridEh3", "Cuentas", {cuenta, fecha, concepto, monto});
     for (Rejilla* r : {DBGridEh2, DBGridEh3})
         r->pie(true);
+    const auto menu_de = [](const Rejilla* r) { return r->findChild<QMenu*>("menu_rejilla"); };
+    ofrezca_copias(*this, {menu_de(DBGridEh2), menu_de(DBGridEh1), menu_de(DBGridEh3)},
+                   [this] { return hay_fila() ? conjunto_.FieldByName("ID").entero() : 0; });
 
     barra_ = new BarraBotones(this);
     barra_->principal(barra_->boton("SpeedButton2", "F4:Modificar", "accessories-text-editor",

@@ -1,6 +1,7 @@
 #include "vouchers/tfedtmovimien.h"
 
 #include "libro/revision.h"
+#include "sesion/copias_comprobante.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
@@ -63,6 +64,11 @@ void Tfedtmovimien::declare_menu_y_teclas() {
     }
 
     declare_teclas_comunes();
+    const auto menu_de = [](const LineasLibro* l) {
+        return l->rejilla->findChild<QMenu*>("menu_rejilla");
+    };
+    ofrezca_copias(*this, {menu_de(lineas_2649), menu_de(lineas_niif)},
+                   [this] { return id_por_copiar(); });
     auto* barra = findChild<BarraBotones*>("barra");
     SBBorrar =
         barra->boton("SBBorrar", "F3:Borrar", "edit-delete", {}, [this] { SBBorrarClick(); });
@@ -279,8 +285,16 @@ void Tfedtmovimien::recuerde_lo_visto() {
 
 // ---------------------------------------------------------------- órdenes
 
-void Tfedtmovimien::pegue(Rejilla& rejilla) {
-    rejilla.pegue();
+void Tfedtmovimien::pegue_filas(LineasLibro& lineas, const QVector<QStringList>& filas) {
+    lineas.rejilla->pegue(filas);
+}
+
+qint64 Tfedtmovimien::id_por_copiar() {
+    if (hay_por_perder()) {
+        muestre_mensaje("Grabe primero los cambios: se copia el comprobante como está grabado.");
+        return 0;
+    }
+    return CMovimiento.FieldByName("ENCO_CONSEC").entero();
 }
 
 void Tfedtmovimien::muestre_columnas(bool visibles) {

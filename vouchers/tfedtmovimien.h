@@ -27,7 +27,8 @@ public:
 
 protected:
     QString nombre_exportacion() const override { return "EdCompCont"; }
-    void pegue(Rejilla& rejilla) override;
+    void pegue_filas(LineasLibro& lineas, const QVector<QStringList>& filas) override;
+    bool pegar_abre_columnas() const override { return false; }
     void SBGrabarClick() override;
     bool hay_por_perder() const override;
     bool se_tolera(const Rechazo& rechazo) const override;
@@ -46,6 +47,7 @@ private:
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
     void replique();
     void recuerde_lo_visto();
+    qint64 id_por_copiar();
     bool toca_la_replica() const;
     void SBBorrarClick();
     void ReplicaraNIIF1Click();

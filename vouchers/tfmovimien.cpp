@@ -1,5 +1,6 @@
 #include "vouchers/tfmovimien.h"
 
+#include "datos/firebird/reloj.h"
 #include "libro/numeracion.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
@@ -98,6 +99,12 @@ void Tfmovimien::FormCreate() {
     else
         recupere_provisional();
     tamano_del_area(60, 40);
+    borrador_ = new BorradorVivo(
+        conjuntos(), fdm().Quorvex.parametros().base + '/' + fdm().usuario,
+        [this] { return EDia->text(); }, this);
+    if (CMovimiento.State() == Estado::Insercion)
+        ofrezca_borrador();
+    borrador_->siga();
 }
 
 void Tfmovimien::recupere_provisional() {
@@ -124,6 +131,56 @@ void Tfmovimien::recupere_provisional() {
     default:
         break;
     }
+}
+
+void Tfmovimien::ofrezca_borrador() {
+    const auto borrador = borrador_->tome_huerfano();
+    if (!borrador)
+        return;
+    const Comprobante& c = borrador->comprobante;
+    const qsizetype lineas = c.lineas_2649.size() + c.lineas_niif.size();
+    const QString cual =
+        c.concepto.isEmpty() ? QString() : QStringLiteral(", «%1»").arg(c.concepto);
+    if (pregunte(QStringLiteral("%1 quedó un comprobante sin grabar: %2 %3%4, %5. Desea retomarlo?")
+                     .arg(hace_cuanto(borrador->momento, reloj().ahora()).replace(0, 1, "H"),
+                          c.tipo, c.prefijo, cual,
+                          lineas == 1 ? QStringLiteral("1 línea")
+                                      : QStringLiteral("%1 líneas").arg(lineas))))
+        recupere(*borrador);
+}
+
+void Tfmovimien::recupere(const Borrador& borrador) {
+    Comprobante c = borrador.comprobante;
+    if (c.id != 0) {
+        // Un cambio de página ya lo había grabado: sigue siendo ese, si todavía está.
+        CMovimiento.Cancel();
+        CMovimiento.Params["ID"] = QString::number(c.id);
+        CMovimiento.Reabra();
+        if (CMovimiento.IsEmpty()) {
+            c.id = 0;
+            CMovimiento.Params["ID"] = "0";
+            CMovimiento.Reabra();
+            CMovimiento.Append();
+        }
+    }
+    {
+        const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
+        EDia->setText(borrador.dia);
+        CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " + QuotedStr(c.tipo) +
+                       " AND PRCO_ACTIVO = 'S'");
+        LPref->setEnabled(CPrefijos.RecordCount() != 1);
+        // El que tenía pudo tomarlo otro mientras tanto.
+        if (c.id == 0 && CPrefijos.Locate("PRCO_PREF", {c.prefijo})) {
+            aplique_numeracion();
+            if (CPrefijos.FieldByName("PRCO_AUTO").texto() == "S")
+                c.numero = siguiente_numero();
+        }
+        vuelque(c, conjuntos());
+    }
+    encabezado_posteado_ = true;
+    siga_los_items();
+    for (LineasLibro* l : {lineas_2649, lineas_niif})
+        l->actualice_sumas();
 }
 
 void Tfmovimien::FormActivate() {
@@ -310,6 +367,10 @@ void Tfmovimien::SBGrabarClick() {
         return;
     }
     recuerde_para_el_siguiente();
+    if (r.clase == ResultadoGrabacion::Grabado) {
+        borrador_->descarte();
+        deshacer.olvide();
+    }
     if (r.clase == ResultadoGrabacion::Fallo) {
         CMovimiento.Edit();
     } else {
@@ -369,14 +430,16 @@ void Tfmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien)
     siga_los_items(); // las réplicas ya ocupan los suyos
 }
 
-void Tfmovimien::pegue(Rejilla& rejilla) {
-    (&rejilla == lineas_niif->rejilla ? lineas_niif : lineas_2649)->pegue();
+void Tfmovimien::pegue_filas(LineasLibro& lineas, const QVector<QStringList>& filas) {
+    lineas.pegue(filas);
 }
 
 // ---------------------------------------------------------------- plantilla
 
 void Tfmovimien::busque_plantilla() {
-    escoja_plantilla(*this, [this](const QString& plantilla) { traiga_plantilla(plantilla); });
+    escoja_plantilla(*this, [this](const QString& plantilla) {
+        deshacer.con("la plantilla", [&] { traiga_plantilla(plantilla); });
+    });
 }
 
 void Tfmovimien::traiga_plantilla(const QString& plantilla) {
@@ -414,6 +477,14 @@ void Tfmovimien::traiga_plantilla(const QString& plantilla) {
 }
 
 // ---------------------------------------------------------------- salir
+
+bool Tfmovimien::FormClose() {
+    if (!PantallaComprobante::FormClose())
+        return false;
+    if (borrador_) // sin el derecho de entrar no llegó a haberlo
+        borrador_->descarte();
+    return true;
+}
 
 bool Tfmovimien::hay_por_perder() const {
     return !lineas_2649->sin_lineas() || !lineas_niif->sin_lineas();

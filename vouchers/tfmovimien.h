@@ -1,6 +1,7 @@
 #pragma once
 // "Comprobantes contables": digitación de comprobantes nuevos, uno tras otro, en el período de la
 // sesión. El usuario teclea el día, el concepto y las líneas; el año y el mes son los de la sesión.
+#include "vouchers/borrador_vivo.h"
 #include "vouchers/pantalla_comprobante.h"
 
 class Tfmovimien : public PantallaComprobante {
@@ -22,7 +23,8 @@ public:
 
 protected:
     QString nombre_exportacion() const override { return "CompConta"; }
-    void pegue(Rejilla& rejilla) override;
+    void pegue_filas(LineasLibro& lineas, const QVector<QStringList>& filas) override;
+    bool FormClose() override;
     void SBGrabarClick() override;
     bool hay_por_perder() const override;
     void TabSheet2Enter() override;
@@ -46,6 +48,8 @@ private:
     QString siguiente_numero();
     void asegure_numeracion();
     void recupere_provisional();
+    void ofrezca_borrador();
+    void recupere(const Borrador& borrador);
     void busque_plantilla();
     void traiga_plantilla(const QString& plantilla) override;
     void muestre_periodo();
@@ -53,5 +57,6 @@ private:
     void siga_con_otro();
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
 
+    BorradorVivo* borrador_ = nullptr;
     int mes_ = 0; ///< índice del mes en la última activación
 };

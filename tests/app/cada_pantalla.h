@@ -7,9 +7,11 @@
 
 /// Corre las órdenes en la base, entra y da a `haga` cada pantalla ya abierta; después la cierra.
 /// `ventana`: tamaño del formulario principal, en píxeles independientes de la escala. Sin datos
-/// preparados solo abre las que se abren solas, como en una compañía nueva.
+/// preparados solo abre las que se abren solas, como en una compañía nueva. `la_toca`: `haga` la
+/// cambia o la cierra, y lo que quede abierto se cierra contestando que sí a las salidas.
 inline void con_cada_pantalla(SesionDePrueba& s, const QStringList& ordenes, QSize ventana,
-                              const std::function<void(Pantalla*)>& haga, bool con_datos = true) {
+                              const std::function<void(Pantalla*)>& haga, bool con_datos = true,
+                              bool la_toca = false) {
     if (con_datos)
         const PantallasDePrueba preparadas(s.bases);
     s.bases.ejecute(ordenes);
@@ -18,20 +20,32 @@ inline void con_cada_pantalla(SesionDePrueba& s, const QStringList& ordenes, QSi
         const Encargo encargo = PantallasDePrueba::encargo(n);
         if (PantallasDePrueba::imprime(n) || (!con_datos && !encargo.vacio()))
             continue;
-        if (PantallasDePrueba::es_modal(n)) {
-            s.dialogos.espere_modal(n, [&](QWidget* w) {
+        // La revisión de una propuesta pone en edición cada línea a la que llega, y pregunta.
+        const QScopedValueRollback<bool> sale(Guardia::unica().despedida,
+                                              la_toca || n == "Tfcontabiliza");
+        const auto muestre_modal = [&](Interlocutor& modal) {
+            modal.espere_modal(n, [&](QWidget* w) {
                 haga(w->findChild<Pantalla*>(n));
                 w->close();
             });
             pantallas().abrir_modal(n, encargo);
+        };
+        if (PantallasDePrueba::es_modal(n) && la_toca) {
+            Interlocutor callado(Interlocutor::EnSilencio);
+            muestre_modal(callado);
+        } else if (PantallasDePrueba::es_modal(n)) {
+            muestre_modal(s.dialogos);
         } else {
-            Pantalla* p = pantallas().abrir(n, encargo);
+            const QPointer<Pantalla> p(pantallas().abrir(n, encargo));
             QVERIFY2(p, qPrintable(n));
+            agote_eventos();
             haga(p);
-            // La revisión de una propuesta pone en edición cada línea a la que llega, y pregunta.
-            const QScopedValueRollback<bool> sale(Guardia::unica().despedida, n == "Tfcontabiliza");
-            QVERIFY2(p->close(), qPrintable(n));
+            QVERIFY2(!p || p->close(), qPrintable(n));
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+}
+/// Las que `haga` toca, con los datos preparados, a 1366x768.
+inline void con_cada_pantalla(SesionDePrueba& s, const std::function<void(Pantalla*)>& haga) {
+    con_cada_pantalla(s, {}, {1366, 768}, haga, true, true);
 }

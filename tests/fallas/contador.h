@@ -54,6 +54,8 @@ struct SesionEnLugar {
                                   ? modal->findChild<Pantalla*>("Tfimprcomproba")
                                   : nullptr)
             return QTest::keyClick(impresion, Qt::Key_Escape);
+        if (modal && modal->objectName() == "anuncio_pegado")
+            return QTest::keyClick(modal->focusWidget(), Qt::Key_Return);
         auto* mensaje = qobject_cast<QMessageBox*>(modal);
         if (!mensaje || !mensaje->isVisible())
             return;

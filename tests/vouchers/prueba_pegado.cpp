@@ -1,4 +1,5 @@
 // Pegar un comprobante largo: entra como si se digitara, y lo repetido se valida una vez.
+#include "vouchers/anuncio.h"
 #include "vouchers/digitador.h"
 
 #include <QClipboard>
@@ -28,6 +29,8 @@ private slots:
                           .join('\t');
         QApplication::clipboard()->setText(lineas.join('\n'));
         d.entre_a_la_rejilla();
+        Interlocutor i;
+        espere_anuncio(i);
         const quint64 antes = s.dm.Quorvex.sentencias_ejecutadas();
         oprima(Qt::Key_V, Qt::ControlModifier);
         const quint64 sentencias = s.dm.Quorvex.sentencias_ejecutadas() - antes;

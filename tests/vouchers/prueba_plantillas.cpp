@@ -1,4 +1,5 @@
 // Plantillas: crearlas, corregirlas, buscarlas y traerlas a un comprobante.
+#include "vouchers/anuncio.h"
 #include "vouchers/digitador.h"
 #include "vouchers/tfbuscplantilla.h"
 #include "vouchers/tfedtplantilla.h"
@@ -412,6 +413,8 @@ private slots:
         otra_linea(p);
         QGuiApplication::clipboard()->setText("111005\n240805");
         p->lineas_2649->rejilla->SelectedIndex(0);
+        Interlocutor i;
+        espere_anuncio(i);
         p->lineas_2649->rejilla->ejecute_orden(Rejilla::Pegar);
         p->CDetalle.Cancel();
         QStringList cuentas;

@@ -1,6 +1,7 @@
 // Saldos iniciales: una tabla plana que se digita como un gran comprobante.
 #include "apoyo/reloj_de_prueba.h"
 #include "reports/informe_de_prueba.h"
+#include "vouchers/anuncio.h"
 #include "vouchers/digitador.h"
 #include "vouchers/lineas_saldos.h"
 #include "vouchers/tfmnusaldosi.h"
@@ -333,6 +334,8 @@ private slots:
         d.rejilla().SelectedIndex(0);
         QGuiApplication::clipboard()->setText(
             "510506\t52345678\t0001\t0002\t10\t0\n310505\t\t\t\t0\t160");
+        Interlocutor i;
+        espere_anuncio(i);
         d.rejilla().ejecute_orden(Rejilla::Pegar);
         QCOMPARE(d.celda("CUEN_COD"), QString("110505")); // la primera
         QCOMPARE(d.saldos->CSaldos.RecordCount(), 3);

@@ -3,6 +3,7 @@
 #include "toolkit/estilo.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 
 MemoDato::MemoDato(QWidget* padre) : QPlainTextEdit(padre) {
     setTabChangesFocus(true);
@@ -47,6 +48,17 @@ Valor MemoDato::contenido() const {
 
 void MemoDato::aplique_permiso() {
     setReadOnly(!editable());
+}
+
+void MemoDato::keyPressEvent(QKeyEvent* evento) {
+    const bool retorno = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+    if (retorno && evento->modifiers().testFlag(Qt::ControlModifier) && !isReadOnly()) {
+        insertPlainText(QStringLiteral("\n"));
+        ensureCursorVisible();
+        evento->accept();
+        return;
+    }
+    QPlainTextEdit::keyPressEvent(evento);
 }
 
 void MemoDato::focusInEvent(QFocusEvent* evento) {

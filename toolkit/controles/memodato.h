@@ -20,6 +20,7 @@ protected:
     void muestre() override;
     Valor contenido() const override;
     void aplique_permiso() override;
+    void keyPressEvent(QKeyEvent* evento) override;
     void focusInEvent(QFocusEvent* evento) override;
     void focusOutEvent(QFocusEvent* evento) override;
 

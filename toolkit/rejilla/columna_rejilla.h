@@ -1,5 +1,7 @@
 #pragma once
 // Columna de una rejilla: qué campo muestra, cómo se ve y si se deja escribir.
+#include "toolkit/indice_codigos.h"
+
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -59,6 +61,8 @@ public:
         PickList; ///< textos que ofrece la celda; no obliga a uno de ellos
     /// Valores que guarda el campo, paralelos a PickList; vacía: se guarda el texto elegido.
     PropiedadColumna<QStringList> KeyList;
+    /// Qué ofrecer bajo la celda para lo que se va tecleando; se toma con Abajo y Enter.
+    std::function<QVector<Sugerencia>(const QString& tecleado)> Sugiere;
     const int ancho; ///< en caracteres
     const bool casilla;
 

@@ -70,6 +70,8 @@ Rejilla::Rejilla(QWidget* padre, ConjuntoDatos* conjunto)
         // Lo digitado pone la fila en edición; si no se puede, no se digitó nada.
         if (!asegure_edicion())
             cierre_editor();
+        else if (OnDigitado)
+            proteja(OnDigitado);
     });
     connect(editor_, &EditorCelda::escogida, this, [this] {
         if (asegure_edicion())

@@ -17,10 +17,10 @@
 //
 // Teclas: flechas, Inicio, Fin, AvPág, RePág, Ctrl+Inicio, Ctrl+Fin; Tab, Mayús+Tab y Enter por las
 // celdas; Abajo en la última fila agrega otra; Insert inserta; Ctrl+Supr borra; Esc cancela la
-// celda y luego la fila; Ctrl+Enter o Retroceso abren el editor con lo que hay, Supr lo abre vacío;
-// Alt+Abajo abre la lista; teclear en una lista de consulta se ubica en lo tecleado; Espacio cambia
-// la casilla o marca la fila; Mayús+flechas seleccionan; Arriba en la primera fila pasa a los
-// filtros.
+// celda y luego la fila; Ctrl+Z la pantalla deshace; Ctrl+Enter o Retroceso abren el editor con lo
+// que hay, Supr lo abre vacío; Alt+Abajo abre la lista; teclear en una lista de consulta se ubica
+// en lo tecleado; Espacio cambia la casilla o marca la fila; Mayús+flechas seleccionan; Arriba en
+// la primera fila pasa a los filtros.
 #include "datos/recordset/conjunto.h"
 #include "toolkit/pantalla.h"
 #include "toolkit/rejilla/columna_rejilla.h"
@@ -79,6 +79,8 @@ public:
     bool digitando() const;
     /// El foco está en la rejilla, en el editor de su celda o en su fila de filtros.
     bool enfocada() const;
+    /// Lo que el editor abierto lleva escrito.
+    QString texto_digitado() const;
     /// Escribe en el campo lo digitado a medias. Si el campo lo rehúsa, deja el editor abierto y
     /// relanza la falla.
     void escriba_pendiente();
@@ -111,6 +113,7 @@ public:
     /// Pega celda por celda con Campo::asigne desde la actual; agrega las filas que falten. La
     /// primera fila que se rehúsa queda en edición y detiene el resto.
     void pegue();
+    void pegue(const QVector<QStringList>& filas); ///< estas, en vez de las copiadas
     /// Un pegado que tarda más muestra cuántas líneas van. Milisegundos.
     static inline int ms_avance = 300;
     void borre_seleccion(); ///< vacía las celdas; si son filas enteras, pregunta y las borra
@@ -154,6 +157,8 @@ public:
     std::function<void()> OnReturn; ///< Enter sobre las filas, en vez de lo que la rejilla haría
     std::function<void(Campo&)> OnTitleClick; ///< sin `orden_local`
     std::function<void()> OnEnter, OnExit;    ///< el foco entra a la rejilla o la deja
+    std::function<void()> OnDeshacer;         ///< Ctrl+Z sobre las celdas
+    std::function<void()> OnDigitado;         ///< tras cada tecla en el editor de una celda
     std::function<void()> OnEscape;           ///< Esc sin editor ni fila que cancelar
     std::function<void()> OnSelectionChanged; ///< cambiaron las filas marcadas
     /// Letra y colores de una fila; el valor de otros campos se lee con conjunto()->valor_en.

@@ -218,6 +218,7 @@ void Rejilla::abra_editor(const QString& texto, bool digitado) {
         return;
     scrollTo(currentIndex());
     editor_->opciones = columna(c).PickList;
+    editor_->Sugiere = columna(c).Sugiere;
     editor_->setFont(font());
     editor_->prepare(*columna(c).campo, modelo_->numerica(c), columna(c).Titulo);
     editor_->modificado(false);
@@ -236,6 +237,15 @@ void Rejilla::abra_editor(const QString& texto, bool digitado) {
     editor_->show();
     editor_->raise();
     editor_->setFocus(Qt::OtherFocusReason);
+    if (digitado) {
+        editor_->ayude();
+        if (OnDigitado)
+            proteja(OnDigitado);
+    }
+}
+
+QString Rejilla::texto_digitado() const {
+    return digitando() ? editor_->text() : QString();
 }
 
 void Rejilla::ubique_editor() {
@@ -281,9 +291,11 @@ void Rejilla::escriba_pendiente() {
     const QString texto = editor_->text();
     const int columna = SelectedIndex();
     const bool con_foco = editor_->hasFocus();
+    // Una operación que no se puede calcular sale de aquí: la celda sigue abierta.
+    const QString valor = editor_->contenido();
     cierre_editor();
     try {
-        asigne(columna, texto);
+        asigne(columna, valor);
     } catch (...) {
         if (conjunto()->editando() && currentIndex().isValid() && SelectedIndex() == columna) {
             abierto_ = true;

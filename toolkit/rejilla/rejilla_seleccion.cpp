@@ -279,11 +279,13 @@ void Rejilla::pegue() {
         editor_->modificado(true);
         return;
     }
-    if (!puede_pegar())
-        return;
-    const TextoTabulado tabla = lea_tabulado(QApplication::clipboard()->text());
+    if (puede_pegar())
+        pegue(lea_tabulado(QApplication::clipboard()->text()));
+}
+
+void Rejilla::pegue(const TextoTabulado& tabla) {
     const int primera = qMax(SelectedIndex(), columna_visible(0, 1));
-    if (tabla.isEmpty() || primera < 0)
+    if (tabla.isEmpty() || primera < 0 || !editable())
         return;
     // Las mismas cuentas y terceros se validan una vez.
     std::optional<ConsultasRepetidas> repetidas;

@@ -24,6 +24,8 @@ bool Rejilla::reclama(const QKeyEvent& evento) {
     const bool enter = evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
     if (en_fila_de_filtro()) // lo que se escribe es del filtro, aunque la pantalla use esa tecla
         return enter || evento.key() == Qt::Key_Escape || !escrito(evento).isEmpty();
+    if (evento.key() == Qt::Key_Escape && digitando() && editor_->sugiriendo())
+        return true;
     if (evento.key() == Qt::Key_Escape)
         return reclama_escape && editable() && (digitando() || conjunto()->editando());
     return enter && modificadores(evento) == Qt::NoModifier && digitando();
@@ -255,6 +257,8 @@ bool Rejilla::tecla_de_celda(QKeyEvent& e) {
         ejecute_orden(Cortar);
     else if (e.matches(QKeySequence::Paste) || exacto(Qt::ShiftModifier, Qt::Key_Insert))
         ejecute_orden(Pegar);
+    else if (e.matches(QKeySequence::Undo) && OnDeshacer)
+        proteja(OnDeshacer);
     else if (e.matches(QKeySequence::SelectAll))
         ejecute_orden(SeleccionarTodo);
     else if (exacto(Qt::NoModifier, Qt::Key_Left))
@@ -453,8 +457,10 @@ void Rejilla::inputMethodEvent(QInputMethodEvent* evento) {
 bool Rejilla::eventFilter(QObject* objeto, QEvent* evento) {
     if (objeto != editor_)
         return QTableView::eventFilter(objeto, evento);
-    if (evento->type() == QEvent::KeyPress)
-        return navegue(static_cast<QKeyEvent&>(*evento));
+    if (evento->type() == QEvent::KeyPress) {
+        auto& tecla = static_cast<QKeyEvent&>(*evento);
+        return editor_->atienda_sugerencias(tecla) || navegue(tecla);
+    }
     if (evento->type() == QEvent::MouseButtonDblClick && OnDblClick) {
         if (termine_edicion())
             proteja([this] { OnDblClick(SelectedIndex()); });

@@ -1,0 +1,91 @@
+// De la tecla al monitor: completar entre 20.000 terceros y digitar un importe en un comprobante
+// largo.
+#include "bench/copia.h"
+#include "bench/medidas.h"
+#include "sesion/indices_catalogos.h"
+#include "tests/fallas/contador.h"
+
+#include <QClipboard>
+
+namespace {
+
+constexpr int kTerceros = 20000, kLineas = 2000;
+constexpr double kMsTecla = 30;
+
+void siembre(Conexion& c) {
+    // Nombres de tres palabras que se repiten entre muchos, como los de verdad.
+    c.ejecute(
+        QString("execute block as declare i integer = 0; begin while (i < %1) do begin insert into "
+                "terceros (terc_nit, terc_nom, terc_tipoid, terc_estado) values ('9' || lpad(:i, "
+                "8, '0'), case mod(:i, 7) when 0 then 'Comercializadora' when 1 then 'Inversiones' "
+                "when 2 then 'Pérez' when 3 then 'Transportes' when 4 then 'García' when 5 then "
+                "'Ferretería' else 'Distribuciones' end || ' ' || case mod(:i, 11) when 0 then "
+                "'Andina' when 1 then 'del Norte' when 2 then 'Bogotá' else 'Central' end || ' ' "
+                "|| :i, 'J', 'S'); i = i + 1; end end")
+            .arg(kTerceros));
+}
+
+/// Digita letra por letra y devuelve la tecla más lenta, con lo que deja pintado.
+double peor_tecla(const QString& texto, QWidget& ventana) {
+    double peor = 0;
+    for (const QChar c : texto)
+        peor = qMax(peor, mida(
+                              [&] {
+                                  digite(QString(c));
+                                  ventana.repaint();
+                              },
+                              1));
+    return peor;
+}
+
+} // namespace
+
+void mida_teclado() {
+    Copia copia;
+    {
+        Conexion c;
+        c.conectar({copia.lugar.base_compania("001"), "ADMIN", {}});
+        siembre(c);
+    }
+    Contador c(copia.lugar, "ADMIN", {});
+    const QString cuenta = cuenta_afectable(c.dm.Quorvex, true);
+    c.p->DBEdit1->setFocus();
+    digite("Concepto");
+    Rejilla& r = *c.p->lineas_2649->rejilla;
+    const double llegar = mida([&] { r.setFocus(); }, 1);
+    r.SelectedIndex(0);
+    c.linea({cuenta});
+    c.p->GroupBox1->hide();
+    double peor = 0;
+    for (const char* texto : {"perez", "ferreteria bogota 1", "9000", "zzz", "inversiones cen"}) {
+        r.setFocus();
+        r.SelectedIndex(1);
+        peor = qMax(peor, peor_tecla(texto, c.ventana));
+        oprima(Qt::Key_Escape); // la lista, si quedó
+        if (r.digitando())
+            oprima(Qt::Key_Escape);
+    }
+    const auto& terceros = IndicesCatalogos::de_la_sesion().terceros();
+    if (terceros.cuantos() < kTerceros)
+        throw ErrorDatos(QString("solo hay %1 terceros").arg(terceros.cuantos()));
+    informe(QString("la tecla más lenta al completar entre %1 terceros").arg(terceros.cuantos()),
+            peor, "el tope", kMsTecla, 1);
+    informe("llegar a las líneas la primera vez, con su lectura", llegar, "-", llegar);
+    informe("volver a ellas sin que nada cambie",
+            mida([] { IndicesCatalogos::de_la_sesion().refresque(Libro::Decreto2649); }), "-",
+            llegar);
+    c.p->CDetalle.Cancel();
+    const QString llana = cuenta_afectable(c.dm.Quorvex, false);
+    QStringList filas;
+    for (int i = 0; i < kLineas; ++i)
+        filas << llana + QString(9, '\t') + "1000";
+    QApplication::clipboard()->setText(filas.join('\n'));
+    r.setFocus();
+    r.SelectedIndex(0);
+    oprima(Qt::Key_V, Qt::ControlModifier);
+    if (c.p->CDetalle.RecordCount() < kLineas)
+        throw ErrorDatos("no entraron las líneas: " + c.mensajes.join(" / "));
+    r.SelectedIndex(LineasLibro::kDebito);
+    informe(QString("la tecla más lenta en un importe, con %1 líneas").arg(kLineas),
+            peor_tecla("1250000*0.19", c.ventana), "el tope", kMsTecla, 1);
+}

@@ -1,0 +1,203 @@
+// Todas las pantallas registradas, con las manos en el teclado: F1 dice sus teclas, las listas se
+// hallan tecleando, los botones se oprimen, los memos hacen renglón y de todas se sale con Esc.
+#include "cada_pantalla.h"
+#include "toolkit/controles/listadato.h"
+#include "toolkit/controles/memodato.h"
+#include "toolkit/lista_teclas.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QAbstractItemView>
+#include <QPushButton>
+#include <QRegularExpression>
+
+namespace {
+
+/// El que se ve, se alcanza y responde.
+bool disponible(const QWidget* w) {
+    return w->isVisible() && w->isEnabled() && w->focusPolicy() != Qt::NoFocus;
+}
+
+void digite_en(QWidget* w, const QString& texto) {
+    for (const QChar c : texto)
+        QTest::sendKeyEvent(QTest::Click, w, Qt::Key(c.toUpper().unicode()), c, Qt::NoModifier);
+}
+
+/// El renglón de la lista cuyo texto no es comienzo de otro; se prefiere uno con blancos.
+int renglon_unico(const ListaDato& l) {
+    int hallado = -1;
+    for (int i = 0; i < l.count(); ++i) {
+        const QString este = texto_llano(l.itemText(i));
+        bool unico = !este.trimmed().isEmpty() && i != l.currentIndex();
+        for (int j = 0; j < l.count() && unico; ++j)
+            unico = j == i || !texto_llano(l.itemText(j)).startsWith(este);
+        if (unico && (hallado < 0 || este.contains(' ')))
+            hallado = i;
+    }
+    return hallado;
+}
+
+} // namespace
+
+class PruebaManos : public QObject {
+    Q_OBJECT
+private slots:
+    void init() { s_.emplace(); }
+    void cleanup() { s_.reset(); }
+
+    void f1_explica_las_teclas_de_cada_pantalla_sin_nombres_de_adentro();
+    void cada_lista_desplegable_se_halla_tecleando_seguido();
+    void cada_boton_con_foco_se_oprime_con_enter_y_con_espacio();
+    void en_cada_memo_ctrl_enter_hace_renglon();
+    void cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc();
+
+private:
+    void diga(const QStringList& malas) {
+        for (const QString& m : malas)
+            qWarning("%s", qPrintable(m));
+        QVERIFY2(malas.isEmpty(), qPrintable(QString("%1 faltas").arg(malas.size())));
+    }
+    std::optional<SesionDePrueba> s_;
+};
+
+void PruebaManos::f1_explica_las_teclas_de_cada_pantalla_sin_nombres_de_adentro() {
+    static const QRegularExpression de_adentro("Tf[a-z]|_|[a-z][A-Z]|^[A-Z]{2}[a-z]|\\d$|^$");
+    QStringList malas;
+    int pantallas_vistas = 0;
+    con_cada_pantalla(*s_, [&](Pantalla* p) {
+        ++pantallas_vistas;
+        for (const TeclaExplicada& t : teclas_explicadas(*p))
+            if (t.tecla.isEmpty() || t.que_hace.contains(de_adentro))
+                malas << p->objectName() + " " + t.tecla + ": «" + t.que_hace + "»";
+    });
+    QVERIFY(pantallas_vistas > 50);
+    diga(malas);
+}
+
+void PruebaManos::cada_lista_desplegable_se_halla_tecleando_seguido() {
+    QStringList malas;
+    int vistas = 0;
+    con_cada_pantalla(*s_, [&](Pantalla* p) {
+        Interlocutor callado(Interlocutor::EnSilencio); // escoger puede traer su mensaje
+        const QPointer<Pantalla> viva(p);
+        for (const QPointer<ListaDato> l : p->findChildren<ListaDato*>()) {
+            if (!viva || !l || !disponible(l))
+                continue;
+            (void)l->valor(); // con sus filas al día
+            const int i = renglon_unico(*l);
+            if (i < 0)
+                continue;
+            const QString texto = l->itemText(i);
+            l->setFocus(Qt::TabFocusReason);
+            ++vistas;
+            digite_en(l, texto);
+            if (l && l->currentText() != texto)
+                malas << p->objectName() + "." + l->objectName() + ": «" + texto + "» da «" +
+                             l->currentText() + "»";
+        }
+    });
+    QVERIFY(vistas > 20);
+    diga(malas);
+}
+
+void PruebaManos::cada_boton_con_foco_se_oprime_con_enter_y_con_espacio() {
+    QStringList malas;
+    int vistos = 0;
+    con_cada_pantalla(*s_, [&](Pantalla* p) {
+        for (QPushButton* b : p->findChildren<QPushButton*>()) {
+            if (!disponible(b) || !(b->focusPolicy() & Qt::TabFocus))
+                continue;
+            // Lo que hace no importa aquí: importa que la tecla llegue.
+            QObject::disconnect(b, &QPushButton::clicked, nullptr, nullptr);
+            int veces = 0;
+            QObject::connect(b, &QPushButton::clicked, b, [&veces] { ++veces; });
+            b->setFocus(Qt::TabFocusReason);
+            ++vistos;
+            for (const Qt::Key clave : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
+                QTest::keyClick(b, clave,
+                                clave == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
+            QObject::disconnect(b, &QPushButton::clicked, nullptr, nullptr);
+            if (veces != 3)
+                malas << QString("%1.%2: %3 de 3").arg(p->objectName(), b->objectName()).arg(veces);
+        }
+    });
+    QVERIFY(vistos > 150);
+    diga(malas);
+}
+
+void PruebaManos::en_cada_memo_ctrl_enter_hace_renglon() {
+    QStringList malas;
+    int vistos = 0;
+    con_cada_pantalla(*s_, [&](Pantalla* p) {
+        Interlocutor callado(Interlocutor::EnSilencio);
+        for (MemoDato* m : p->findChildren<MemoDato*>()) {
+            if (!disponible(m) || m->isReadOnly())
+                continue;
+            m->setFocus(Qt::TabFocusReason);
+            m->selectAll();
+            digite_en(m, "uno");
+            if (m->toPlainText() != "uno") // sin una fila a la que ponérsela, no la recibe
+                continue;
+            ++vistos;
+            QTest::keyClick(m, Qt::Key_Return, Qt::ControlModifier);
+            digite_en(m, "dos");
+            if (m->toPlainText() != "uno\ndos")
+                malas << p->objectName() + "." + m->objectName() + ": " + m->toPlainText();
+        }
+    });
+    QVERIFY(vistos > 3);
+    diga(malas);
+}
+
+void PruebaManos::cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc() {
+    QStringList malas;
+    int vistas = 0;
+    con_cada_pantalla(*s_, [&](Pantalla* p) {
+        const QString esta = p->objectName();
+        const QPointer<Pantalla> viva(p);
+        for (Rejilla* r : p->findChildren<Rejilla*>()) {
+            if (!disponible(r) || !r->ReadOnly || !r->conjunto() || !r->conjunto()->Active() ||
+                r->modelo().rowCount() < 2)
+                continue;
+            r->setFocus(Qt::TabFocusReason);
+            r->conjunto()->First();
+            QTest::keyClick(r, Qt::Key_Down);
+            if (r->currentIndex().row() != 1) {
+                malas << esta + "." + r->objectName() + ": Abajo no pasa de fila";
+                continue;
+            }
+            ++vistas;
+            if (r->OnTeclear) // lo tecleado va a su caja de buscar
+                continue;
+            const int c = qMax(0, r->SelectedIndex());
+            const QString texto = r->modelo().texto(1, c).left(6).trimmed();
+            if (texto.isEmpty() || r->columna(c).casilla)
+                continue;
+            r->conjunto()->First();
+            digite_en(r, texto);
+            const QString ahora = r->modelo().texto(r->currentIndex().row(), c);
+            if (!texto_llano(ahora).startsWith(texto_llano(texto)))
+                malas << esta + "." + r->objectName() + ": «" + texto + "» lleva a «" + ahora + "»";
+        }
+        const bool con_esc =
+            std::any_of(p->teclas().begin(), p->teclas().end(),
+                        [](const Tecla& t) { return t.clave == int(Qt::Key_Escape); });
+        // El programa abre estas en modal, y se van con la respuesta que dan a quien las llamó.
+        static const QSet<QString> responden{"Tfcontabiliza", "Tfpreginterfaz", "Tfresumencontab"};
+        if (!con_esc || p->es_modal() || responden.contains(esta))
+            return;
+        // De adentro hacia afuera: la celda, la fila y la pantalla.
+        for (int i = 0; i < 4 && viva && escritorio()->abiertas().contains(p); ++i) {
+            QWidget* foco = QApplication::focusWidget();
+            QTest::keyClick(foco && p->isAncestorOf(foco) ? foco : p, Qt::Key_Escape);
+            QCoreApplication::processEvents();
+        }
+        if (viva && escritorio()->abiertas().contains(p))
+            malas << esta + ": Esc no la deja";
+    });
+    QVERIFY2(vistas > 10, qPrintable(QString::number(vistas)));
+    diga(malas);
+}
+
+PRUEBA_DE_LA_APLICACION(PruebaManos)
+#include "prueba_manos.moc"

@@ -1,0 +1,569 @@
+// Las manos en el teclado: la diferencia al paso, operaciones en los importes, lo que se completa
+// al teclear, copias, borrador, documentos abiertos, pegar y deshacer.
+#include "vouchers/digitador.h"
+
+#include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/fotos.h"
+#include "catalogues/registro_terceros.h"
+#include "ledger/registro.h"
+#include "sesion/indices_catalogos.h"
+#include "toolkit/controles/lista_sugerencias.h"
+#include "toolkit/controles/memodato.h"
+#include "toolkit/lista_teclas.h"
+#include "vouchers/borrador_vivo.h"
+#include "vouchers/letrero_diferencia.h"
+#include "vouchers/panel_documento.h"
+#include "vouchers/tfbuscomproba.h"
+
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QTreeWidget>
+
+namespace {
+
+ListaSugerencias* sugerencias(SesionGui& s) {
+    for (auto* l : s.ventana.findChildren<ListaSugerencias*>())
+        if (l->a_la_vista())
+            return l;
+    return nullptr;
+}
+
+QStringList codigos(SesionGui& s) {
+    QStringList lista;
+    if (const auto* l = sugerencias(s))
+        for (int i = 0; i < l->topLevelItemCount(); ++i)
+            lista << l->topLevelItem(i)->text(0);
+    return lista;
+}
+
+/// Contesta el anuncio del pegado con el botón de ese rótulo, y guarda lo que dice.
+void conteste_anuncio(Interlocutor& i, const QString& boton, QStringList* rehusadas = nullptr,
+                      QStringList* columnas = nullptr) {
+    i.espere_modal("anuncio_pegado", [=](QWidget* w) {
+        tome_foto(w, "anuncio");
+        const auto filas = [w](const char* tabla) {
+            QStringList lista;
+            if (auto* t = w->findChild<QTreeWidget*>(tabla))
+                for (int f = 0; f < t->topLevelItemCount(); ++f)
+                    lista << t->topLevelItem(f)->text(0) + ": " + t->topLevelItem(f)->text(1);
+            return lista;
+        };
+        if (rehusadas)
+            *rehusadas = filas("rehusadas");
+        if (columnas)
+            *columnas = filas("columnas");
+        for (QPushButton* b : w->findChildren<QPushButton*>())
+            if (b->text().remove('&') == boton)
+                return QTest::keyClick(b, Qt::Key_Space);
+        QFAIL("sin ese botón");
+    });
+}
+
+/// Fecha y líneas del último comprobante que no es el 500.
+QString ultimo_copiado(SesionGui& s, const char* detalle) {
+    return s.dato(QString("select enco_fecha || ' ' || (select list(cuen_cod || ':' || "
+                          "cast(code_debito as integer) || ':' || cast(code_credito as integer)) "
+                          "from %1 d where d.enco_consec = e.enco_consec) from "
+                          "comprobante_encabezado e where enco_consec <> 500 order by enco_consec "
+                          "desc rows 1")
+                      .arg(detalle));
+}
+
+} // namespace
+
+class PruebaTeclado : public QObject {
+    Q_OBJECT
+private slots:
+    void la_diferencia_va_al_paso_de_cada_tecla() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        LetreroDiferencia& letrero = *p->lineas_2649->LabDiferencia;
+        QVERIFY(letrero.isVisible() && letrero.dice().isEmpty());
+        QVERIFY(!p->lineas_2649->Difdeb->isVisible() && !p->lineas_2649->DifCred->isVisible());
+        d.entre_a_la_rejilla();
+        d.linea({"110505", "", "", "", "", "", "", "", ""});
+        digite("2375");
+        QCOMPARE(letrero.dice(), QString("Falta crédito 2,375.00")); // aún sin dejar la celda
+        digite("00*2");
+        QCOMPARE(letrero.dice(), QString("Falta crédito 475,000.00"));
+        oprima(Qt::Key_Escape); // se arrepiente de la celda
+        digite("237500");
+        d.linea({"", "", ""});
+        QCOMPARE(letrero.dice(), QString("Falta crédito 237,500.00"));
+        d.linea({"310505", "", "", "", "", "", "", "", "", ""});
+        digite("237500");
+        QCOMPARE(letrero.dice(), QString("Cuadrado"));
+        oprima(Qt::Key_Backspace);
+        QCOMPARE(letrero.dice(), QString("Falta crédito 213,750.00"));
+        oprima(Qt::Key_Escape);
+        oprima(Qt::Key_Escape); // y de la línea
+        QCOMPARE(letrero.dice(), QString("Falta crédito 237,500.00"));
+        // Corregir una línea que ya entró no la cuenta dos veces.
+        d.rejilla().SelectedIndex(LineasLibro::kDebito);
+        digite("100");
+        QCOMPARE(letrero.dice(), QString("Falta crédito 100.00"));
+        oprima(Qt::Key_Escape);
+        oprima(Qt::Key_Escape);
+        // Cada libro lleva la suya.
+        QVERIFY(p->lineas_niif->LabDiferencia->dice().isEmpty());
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void un_importe_se_puede_calcular_y_se_ve_antes_de_tomarlo() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        d.linea({"110505", "", "", "", "", "", "", "", ""});
+        digite("1250000*0.19");
+        auto* muestra = s.ventana.findChild<QLabel*>("resultado_operacion");
+        QVERIFY(muestra && muestra->isVisible());
+        QCOMPARE(muestra->text(), QString("= 237,500.00"));
+        tome_foto(&s.ventana, "operacion");
+        oprima(Qt::Key_Return);
+        QVERIFY(!muestra->isVisible());
+        QCOMPARE(d.celda("CODE_DEBITO"), QString("237500"));
+        // Lo que no se puede calcular deja la celda abierta con lo digitado.
+        d.rejilla().SelectedIndex(LineasLibro::kDebito);
+        digite("100/0");
+        QCOMPARE(muestra->text(), QString("= …"));
+        Interlocutor i;
+        i.espere("Se presento el siguiente error: '100/0' no se puede calcular: no se puede "
+                 "dividir por cero.");
+        oprima(Qt::Key_Return);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(d.rejilla().digitando());
+        QCOMPARE(d.rejilla().texto_digitado(), QString("100/0"));
+        oprima(Qt::Key_Escape);
+        QCOMPARE(d.celda("CODE_DEBITO"), QString("237500"));
+        // En un porcentaje "%" no es nada: quien digita 19 quiere 19.
+        d.rejilla().SelectedIndex(LineasLibro::kPorcentaje);
+        i.espere("Se presento el siguiente error: '19%' no es un número para Porc..");
+        digite("19%");
+        oprima(Qt::Key_Return);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        oprima(Qt::Key_Escape);
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void cuentas_y_terceros_se_completan_sin_escoger_por_nadie() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        digite("11");
+        QCOMPARE(codigos(s), QStringList({"110505", "111005"})); // la inactiva y las mayores no
+        // Enter sin señalar nada deja lo tecleado.
+        digite("1005");
+        QVERIFY(!sugerencias(s)); // ya no hay nada que completar
+        oprima(Qt::Key_Return);
+        QCOMPARE(d.celda("CUEN_COD"), QString("111005"));
+        // Palabras del nombre, sin tildes; Abajo señala y Enter toma y sigue.
+        d.rejilla().SelectedIndex(0);
+        digite("utiles fotoc");
+        QCOMPARE(codigos(s), QStringList({"519530"}));
+        QVERIFY(!sugerencias(s)->senalada());
+        oprima(Qt::Key_Down);
+        tome_foto(&s.ventana, "sugerencias");
+        QVERIFY(d.rejilla().digitando());
+        oprima(Qt::Key_Return);
+        QCOMPARE(d.celda("CUEN_COD"), QString("519530"));
+        QCOMPARE(d.rejilla().SelectedIndex(), 1);
+        // Esc quita la lista y deja lo tecleado; otra vez, la celda.
+        d.rejilla().SelectedIndex(0);
+        d.linea({"510506"});
+        digite("andina");
+        QCOMPARE(codigos(s), QStringList({"800456789"}));
+        oprima(Qt::Key_Escape);
+        QVERIFY(!sugerencias(s));
+        QCOMPARE(d.rejilla().texto_digitado(), QString("andina"));
+        oprima(Qt::Key_Escape);
+        QVERIFY(!d.rejilla().digitando());
+        QCOMPARE(s.escritorio.activa(), p);
+        // "?" conserva su significado.
+        digite("?andina");
+        QVERIFY(!sugerencias(s));
+        oprima(Qt::Key_Escape);
+        p->CDetalle.Cancel();
+        // Uno que otro usuario acaba de crear aparece al volver a las líneas.
+        s.base.ejecute({"insert into terceros (terc_nit, terc_nom, terc_estado) values "
+                        "('811000111', 'Andamios del Sur', 'S')"});
+        p->DBEdit1->setFocus();
+        d.entre_a_la_rejilla();
+        d.linea({"510506"});
+        digite("and");
+        QCOMPARE(codigos(s), QStringList({"800456789", "811000111"}));
+        oprima(Qt::Key_Escape);
+        oprima(Qt::Key_Escape);
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void la_lista_de_la_pagina_niif_se_quita_con_esc_sin_salir_de_la_pantalla() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        p->PageControl1->setCurrentIndex(1);
+        d.entre_a_la_rejilla();
+        digite("11");
+        QVERIFY(sugerencias(s));
+        oprima(Qt::Key_Escape);
+        QVERIFY(!sugerencias(s));
+        QCOMPARE(s.escritorio.activa(), p);
+        QCOMPARE(d.rejilla().texto_digitado(), QString("11"));
+        p->Cdetniif.Cancel();
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void el_tercero_del_encabezado_tambien_se_completa() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        p->DBEdit2->setFocus();
+        digite("torni");
+        QCOMPARE(codigos(s), QStringList({"900123456"}));
+        oprima(Qt::Key_Escape);
+        QCOMPARE(s.escritorio.activa(), p);
+        QCOMPARE(p->DBEdit2->text(), QString("torni"));
+        digite("l");
+        oprima(Qt::Key_Down);
+        oprima(Qt::Key_Return);
+        QCOMPARE(p->CMovimiento.FieldByName("ENCO_NOMTERC").texto(),
+                 QString("Ferretería El Tornillo S.A.S."));
+        QVERIFY(!p->DBEdit2->hasFocus());
+    }
+
+    void duplicar_y_reversar_desde_editar_buscar_y_el_auxiliar() {
+        const RelojDetenido hoy({2017, 5, 15});
+        SesionGui s;
+        Digitador d(s);
+        registre_pantallas_consulta();
+        ponga_comprobante(s, 500, "000500", "20170210", {"110505:1000:0", "310505:0:1000"});
+        ponga_comprobante(s, 500, "000500", "20170210", {"110505:900:0", "310505:0:900"},
+                          "comprobante_detalle_niif");
+        const QString reversa = "Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, "
+                                "que reversa en los dos libros CG 0001 000500. Desea continuar?";
+        const QString repite = "Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, "
+                               "que repite en los dos libros CG 0001 000500. Desea continuar?";
+        const auto cuantos = [&] { return s.dato("select count(*) from comprobante_encabezado"); };
+        Interlocutor i;
+        auto* e = s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"500"});
+        // "No" es lo propuesto, y no deja nada.
+        i.espere(reversa, "No");
+        oprima(Qt::Key_I, Qt::ControlModifier);
+        QCOMPARE(cuantos(), QString("1"));
+        i.espere(reversa, "Sí");
+        oprima(Qt::Key_I, Qt::ControlModifier);
+        QCOMPARE(cuantos(), QString("2"));
+        QCOMPARE(ultimo_copiado(s, "comprobante_detalle"),
+                 QString("20170515 110505:0:1000,310505:1000:0"));
+        QCOMPARE(ultimo_copiado(s, "comprobante_detalle_niif"),
+                 QString("20170515 110505:0:900,310505:900:0"));
+        // El nuevo queda abierto para corregirlo.
+        auto* nuevo = qobject_cast<Tfedtmovimien*>(s.escritorio.activa());
+        QVERIFY(nuevo && nuevo != e);
+        QCOMPARE(nuevo->CMovimiento.FieldByName("ENCO_REFER").texto(), QString("000500"));
+        nuevo->close();
+        // Lo que no se ha grabado no se copia a medias.
+        s.escritorio.active(e);
+        e->DBEdit1->setFocus();
+        digite("otro");
+        i.espere("Grabe primero los cambios: se copia el comprobante como está grabado.");
+        oprima(Qt::Key_D, Qt::ControlModifier);
+        e->CMovimiento.CancelUpdates();
+        e->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        // Buscar.
+        auto* b = s.abra<Tfbuscomproba>("Tfbuscomproba");
+        componente<QLineEdit>(b, "TNum").setText("000500");
+        componente<QLineEdit>(b, "FecIni").clear();
+        componente<QLineEdit>(b, "FecFin").clear();
+        componente<QPushButton>(b, "BitBtn1").click();
+        i.espere(repite, "Sí");
+        b->DBGridEh1->conjunto()->Locate("ENCO_CONSEC", {500});
+        b->DBGridEh1->setFocus();
+        oprima(Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(cuantos(), QString("3"));
+        QCOMPARE(ultimo_copiado(s, "comprobante_detalle"),
+                 QString("20170515 110505:1000:0,310505:0:1000"));
+        QVERIFY(s.escritorio.activa() != b);
+        s.escritorio.activa()->close();
+        b->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        // El auxiliar, en el período del original.
+        s.cnt.periodo_actual = 1;
+        Pantalla* a = pantallas().abrir("Tfauxiliar", AbreAuxiliar{"110505"});
+        i.espere(reversa, "Sí");
+        a->findChild<Rejilla*>("DBGridEh1")->setFocus();
+        oprima(Qt::Key_I, Qt::ControlModifier);
+        QCOMPARE(cuantos(), QString("4"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void sin_el_derecho_de_crear_no_se_copia() {
+        SesionGui s("AUXILIAR");
+        Digitador d(s);
+        ponga_comprobante(s, 500, "000500", "20170210", {"110505:1000:0", "310505:0:1000"});
+        s.niegue(30);
+        s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"500"});
+        Interlocutor i;
+        i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+        oprima(Qt::Key_D, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("1"));
+    }
+
+    void el_borrador_de_un_programa_muerto_se_ofrece_una_vez() {
+        SesionGui s;
+        Digitador d(s);
+        const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
+        Tfmovimien* p = d.abra();
+        auto* borrador = p->findChild<BorradorVivo*>();
+        const QDir carpeta(borrador->carpeta());
+        const auto borradores = [&] { return carpeta.entryList({"*.borrador"}, QDir::Files); };
+        borrador->guarde();
+        QVERIFY(borradores().isEmpty()); // nada se ha digitado
+        d.encabezado("CG", "17", "Nómina de mayo");
+        d.entre_a_la_rejilla();
+        d.linea({"110505", "", "", "", "", "", "", "", "", "1000", "", ""});
+        d.linea({"310505", "", "", "", "", "", "", "", "", "", "400"}); // sin entrar aún
+        borrador->guarde();
+        QCOMPARE(borradores().size(), 1);
+        // Otra pantalla del mismo usuario no toca el de la que sigue viva.
+        QVERIFY(!BorradorVivo(
+                     p->conjuntos(), s.dm.Quorvex.parametros().base + "/ADMIN",
+                     [] { return QString(); }, nullptr)
+                     .tome_huerfano());
+        // El programa muere: queda el archivo y el candado de nadie.
+        const QString ruta = carpeta.filePath(borradores().first());
+        QVERIFY(QFile::copy(ruta, carpeta.filePath("huerfano.borrador")));
+        QFile candado(carpeta.filePath("huerfano.borrador.candado"));
+        QVERIFY(candado.open(QIODevice::WriteOnly));
+        candado.write("999999999\nquorvex\n" + QSysInfo::machineHostName().toUtf8() + "\n\n\n");
+        candado.close();
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        {
+            const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
+            QVERIFY(p->close());
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(borradores(), QStringList({"huerfano.borrador"})); // el que se dejó ya no está
+        const RelojDetenido media_hora_despues({2017, 5, 15}, {10, 30});
+        Interlocutor i;
+        i.espere("Hace 30 minutos quedó un comprobante sin grabar: CG 0001, «Nómina de mayo», 2 "
+                 "líneas. Desea retomarlo?",
+                 "Sí");
+        p = d.abra();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(borradores().isEmpty());
+        QCOMPARE(p->EDia->text(), QString("17"));
+        QCOMPARE(p->CDetalle.RecordCount(), 2);
+        QCOMPARE(p->lineas_2649->LabDiferencia->dice(), QString("Falta crédito 600.00"));
+        // Sigue donde iba: se completa y se graba, con su número y sus ítems.
+        d.entre_a_la_rejilla();
+        p->CDetalle.Last();
+        oprima(Qt::Key_Down);
+        d.rejilla().SelectedIndex(0);
+        d.linea({"310505"});
+        oprima(Qt::Key_F5);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select enco_numero || ' ' || enco_fecha || ' ' || enco_concepto || ' ' || "
+                        "(select list(code_item || ':' || cast(code_credito as integer)) from "
+                        "comprobante_detalle) from comprobante_encabezado"),
+                 QString("000001 20170117 Nómina de mayo 1:0,2:400,3:600"));
+        p->findChild<BorradorVivo*>()->guarde();
+        QVERIFY(borradores().isEmpty());
+    }
+
+    void un_borrador_que_no_se_entiende_se_ignora_callado() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        const QDir carpeta(p->findChild<BorradorVivo*>()->carpeta());
+        QVERIFY(QDir().mkpath(carpeta.path()));
+        for (const char* contenido : {"", "{\"version\":1}"}) {
+            QFile roto(carpeta.filePath("roto.borrador"));
+            QVERIFY(roto.open(QIODevice::WriteOnly));
+            roto.write(contenido);
+        }
+        p->close();
+        Interlocutor i;
+        d.abra();
+        QVERIFY(carpeta.entryList({"*.borrador"}, QDir::Files).isEmpty());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    }
+
+    void aplica_a_ofrece_los_documentos_abiertos_del_tercero() {
+        const RelojDetenido hoy({2017, 5, 15});
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 500, "000500", "20170210", {"110505:1000:0", "220505:0:1000"});
+        s.base.ejecute({"update comprobante_detalle set terc_nit = '800456789', cnde_docnumero = "
+                        "'F-10', code_tiponue = 11, doco_vence = '20170312' where cuen_cod = "
+                        "'220505'"});
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "Pago");
+        p->DBEdit2->setFocus();
+        digite("800456789");
+        oprima(Qt::Key_Tab);
+        d.entre_a_la_rejilla();
+        d.linea({"220505"}); // toma el tercero del encabezado y abre su panel
+        QVERIFY(p->GroupBox1->isVisible());
+        componente<EditorDato>(p, "EAplica").setFocus(Qt::TabFocusReason);
+        QCOMPARE(codigos(s), QStringList({"F-10"}));
+        tome_foto(&s.ventana, "documentos");
+        const QString dice = sugerencias(s)->topLevelItem(0)->text(1);
+        QVERIFY2(dice.endsWith("vence 2017/03/12 · se debe 1,000.00"), qPrintable(dice));
+        oprima(Qt::Key_Down);
+        oprima(Qt::Key_Return);
+        QCOMPARE(d.celda("CNDE_DOCAPLICA") + ' ' + d.celda("CODE_TIPOAPL") + ' ' +
+                     d.celda("DOCO_VENCE"),
+                 QString("F-10 11 20170312"));
+        // Esc cierra el panel y no la pantalla.
+        QVERIFY(p->GroupBox1->isVisible());
+        oprima(Qt::Key_Escape);
+        QVERIFY(!p->GroupBox1->isVisible());
+        QCOMPARE(s.escritorio.activa(), p);
+        QVERIFY(d.rejilla().enfocada());
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void pegar_dice_lo_que_hara_y_se_deshace_una_vez() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        d.linea({"111005", "", "", "", "propia", "", "", "", "", "7", "", ""});
+        QApplication::clipboard()->setText("Código\tNIT\n110505\t\n999999\t\n310505\t123");
+        Interlocutor i;
+        QStringList rehusadas, columnas;
+        conteste_anuncio(i, "Cancelar", &rehusadas, &columnas);
+        oprima(Qt::Key_V, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(columnas, QStringList({"Columna 1: Código", "Columna 2: Tercero"}));
+        QCOMPARE(rehusadas.size(), 3); // el título, la cuenta y el tercero que no existen
+        QVERIFY2(rehusadas[1].contains("(999999)"), qPrintable(rehusadas.join(" / ")));
+        QCOMPARE(p->CDetalle.filas_en_memoria(), 2); // la propia y la que está en blanco
+        conteste_anuncio(i, "Pegar las demás (1)");
+        oprima(Qt::Key_V, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        p->CDetalle.First();
+        QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"111005", "110505"}));
+        // Un paso atrás, una sola vez.
+        oprima(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"111005"}));
+        QCOMPARE(p->lineas_2649->LabDiferencia->dice(), QString("Falta crédito 7.00"));
+        oprima(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"111005"}));
+        // Con algo más digitado después, lo pregunta.
+        p->CDetalle.Last();
+        oprima(Qt::Key_Down);
+        d.rejilla().SelectedIndex(0);
+        QApplication::clipboard()->setText("110505\t\t\t\tUno\n310505\t\t\t\tDos");
+        conteste_anuncio(i, "Pegar");
+        oprima(Qt::Key_V, Qt::ControlModifier);
+        p->CDetalle.First();
+        d.rejilla().SelectedIndex(LineasLibro::kConcepto);
+        d.linea({"cambiado"});
+        i.espere("Después de lo pegado hubo otros cambios, que también se perderán. Desea "
+                 "deshacerlo?",
+                 "No");
+        oprima(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->CDetalle.RecordCount(), 3);
+        // Una sola celda no se anuncia, y en una celda abierta Ctrl+V y Ctrl+Z son de su texto.
+        QApplication::clipboard()->setText("solo");
+        d.rejilla().SelectedIndex(LineasLibro::kConcepto);
+        oprima(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(d.celda("CODE_CONCEPTO"), QString("solo"));
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void una_plantilla_traida_se_deshace() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
+                        "plan_concepto) values (1, 'CG', '0001', 'Arriendo')",
+                        "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, "
+                        "plde_debitos, plde_creditos) values (1, 1, '110505', 5, 0)"});
+        ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "");
+        d.entre_a_la_rejilla();
+        d.linea({"111005", "", "", "", "", "", "", "", "", "7", "", ""});
+        Interlocutor i;
+        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
+                 "Continuar?",
+                 "Sí");
+        oprima(Qt::Key_F11);
+        plantillas.conteste("1");
+        QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"110505"}));
+        QCOMPARE(p->CMovimiento.FieldByName("ENCO_CONCEPTO").texto(), QString("Arriendo"));
+        d.rejilla().setFocus();
+        oprima(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"111005"}));
+        QCOMPARE(p->CMovimiento.FieldByName("ENCO_CONCEPTO").texto(), QString());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void f1_dice_las_teclas_y_ctrl_e_va_y_vuelve() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        Interlocutor i;
+        QStringList teclas;
+        i.espere_modal("teclas_de_pantalla", [&](QWidget* w) {
+            tome_foto(w, "teclas");
+            auto& t = componente<QTreeWidget>(w, "tabla_teclas");
+            for (int f = 0; f < t.topLevelItemCount(); ++f)
+                teclas << t.topLevelItem(f)->text(0) + ": " + t.topLevelItem(f)->text(1);
+            QTest::keyClick(&t, Qt::Key_Escape);
+        });
+        oprima(Qt::Key_F1);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        for (const char* t :
+             {"F2: Grabar", "F5: Proponer el valor que cuadra", "F6: Buscar terceros",
+              "Alt+Izquierda: Mes anterior", "Ctrl+E: Pasar del encabezado a las líneas o volver"})
+            QVERIFY2(teclas.contains(t), qPrintable(teclas.join("; ")));
+        p->ERef->setFocus();
+        digite("R1");
+        oprima(Qt::Key_E, Qt::ControlModifier);
+        QVERIFY(d.rejilla().enfocada());
+        QCOMPARE(p->CMovimiento.FieldByName("ENCO_REFER").texto(), QString("R1"));
+        oprima(Qt::Key_E, Qt::ControlModifier);
+        QVERIFY(p->ERef->hasFocus());
+        // En observaciones Enter sigue la regla de la pantalla; Ctrl+Enter hace renglón.
+        p->DBMemo1->setFocus();
+        digite("uno");
+        oprima(Qt::Key_Return, Qt::ControlModifier);
+        digite("dos");
+        oprima(Qt::Key_Return);
+        QVERIFY(!p->DBMemo1->hasFocus());
+        QCOMPARE(p->CMovimiento.FieldByName("ENCO_OBS").texto(), QString("uno\ndos"));
+    }
+
+    void la_pregunta_tambien_vale_en_el_proyecto() {
+        SesionGui s;
+        Digitador d(s);
+        ListaFalsa<PideCentro> centros("Tfcentros");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        d.linea({"519530", "", "?"});
+        QCOMPARE(centros.veces(), 1);
+        centros.conteste({"0001", "0001"});
+        QCOMPARE(d.celda("PROY_COD") + d.celda("CENT_COD"), QString("00010001"));
+        p->CMovimiento.CancelUpdates();
+    }
+};
+
+QTEST_MAIN(PruebaTeclado)
+#include "prueba_teclado.moc"

@@ -1,0 +1,146 @@
+#include "toolkit/lista_teclas.h"
+
+#include "toolkit/estilo.h"
+#include "toolkit/pantalla.h"
+#include "toolkit/rejilla/rejilla.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QKeySequence>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+QString nombre_de_tecla(const Tecla& t) {
+    static const QHash<int, QString> nombres{
+        {Qt::Key_Return, "Enter"},        {Qt::Key_Escape, "Esc"},    {Qt::Key_PageDown, "Av Pág"},
+        {Qt::Key_PageUp, "Re Pág"},       {Qt::Key_Home, "Inicio"},   {Qt::Key_End, "Fin"},
+        {Qt::Key_Delete, "Supr"},         {Qt::Key_Insert, "Insert"}, {Qt::Key_Left, "Izquierda"},
+        {Qt::Key_Right, "Derecha"},       {Qt::Key_Up, "Arriba"},     {Qt::Key_Down, "Abajo"},
+        {Qt::Key_Backspace, "Retroceso"}, {Qt::Key_Space, "Espacio"}, {Qt::Key_Tab, "Tab"}};
+    QString texto;
+    if (t.modificadores & Qt::ControlModifier)
+        texto += "Ctrl+";
+    if (t.modificadores & Qt::AltModifier)
+        texto += "Alt+";
+    if (t.modificadores & Qt::ShiftModifier)
+        texto += "Mayús+";
+    if (t.modificadores & Qt::KeypadModifier)
+        texto += "Num ";
+    return texto + nombres.value(t.clave, QKeySequence(t.clave).toString());
+}
+
+/// Lo que hacen las teclas que no oprimen un botón y se declararon por su nombre corto.
+QString accion_conocida(const QString& nombre) {
+    static const QHash<QString, QString> acciones{
+        {"sugiera_db_cr", "Proponer el valor que cuadra"},
+        {"PageControl1", "Pasar a la otra página"},
+        {"Tfterceros", "Buscar terceros"},
+        {"Tfcentros", "Buscar proyectos y centros"},
+        {"Tfcuentas", "Buscar cuentas"},
+        {"Tfauxiliar", "Ver el auxiliar de la cuenta"},
+        {"actualice_balance", "Leer otra vez el balance"},
+        {"lista", "Ir a la lista"},
+        {"formato base", "Imprimir con el formato base"},
+    };
+    return acciones.value(nombre);
+}
+
+/// "F2:Grabar" es "Grabar".
+QString sin_tecla(QString texto) {
+    texto.remove('&');
+    const qsizetype dos_puntos = texto.indexOf(':');
+    return (dos_puntos > 0 && dos_puntos <= 12 ? texto.mid(dos_puntos + 1) : texto).trimmed();
+}
+
+QString explique(const Pantalla& p, const QString& nombre) {
+    if (const QString conocida = accion_conocida(nombre); !conocida.isEmpty())
+        return conocida;
+    if (const auto* boton = p.findChild<QPushButton*>(nombre)) {
+        const QString texto = sin_tecla(boton->text());
+        return texto.isEmpty() ? boton->accessibleName() : texto;
+    }
+    if (const auto* control = p.findChild<QWidget*>(nombre))
+        return "Ir a " + (control->accessibleName().isEmpty() ? QStringLiteral("la lista")
+                                                              : control->accessibleName());
+    if (nombre.contains(", ")) {
+        QStringList todas;
+        for (const QString& n : nombre.split(", "))
+            todas << explique(p, n);
+        return todas.join(" y ");
+    }
+    return nombre.isEmpty() ? nombre : nombre.at(0).toUpper() + sin_tecla(nombre).mid(1);
+}
+
+QVector<TeclaExplicada> de_rejilla(const Rejilla& r) {
+    QVector<TeclaExplicada> lista{{"Flechas, Tab", "Pasar de una celda a otra"},
+                                  {"Ctrl+Inicio, Ctrl+Fin", "Ir a la primera o a la última fila"},
+                                  {"Mayús+flechas, Ctrl+C", "Seleccionar y copiar"}};
+    if (r.ReadOnly) {
+        lista << TeclaExplicada{"Letras y números", "Ubicarse en lo que se teclea"};
+        return lista;
+    }
+    lista << TeclaExplicada{"Ctrl+Enter, Retroceso", "Corregir lo que la celda tiene"}
+          << TeclaExplicada{"Supr", "Vaciar la celda"}
+          << TeclaExplicada{"Esc", "Dejar la celda, y luego la fila, como estaban"}
+          << TeclaExplicada{"Ctrl+V", "Pegar lo copiado de otra parte"};
+    if (r.permite_insertar)
+        lista << TeclaExplicada{"Abajo en la última, Insert", "Agregar o insertar una fila"};
+    if (r.permite_borrar)
+        lista << TeclaExplicada{"Ctrl+Supr", "Borrar la fila"};
+    if (r.OnDeshacer)
+        lista << TeclaExplicada{"Ctrl+Z", "Deshacer lo último que se pegó o se trajo"};
+    for (int c = 0; c < r.cuenta_columnas(); ++c)
+        if (r.columna(c).Sugiere) {
+            lista << TeclaExplicada{"Abajo al teclear un código o un nombre",
+                                    "Tomar una de las sugerencias"};
+            break;
+        }
+    return lista;
+}
+
+} // namespace
+
+QVector<TeclaExplicada> teclas_explicadas(const Pantalla& p) {
+    QVector<TeclaExplicada> lista;
+    for (const Tecla& t : p.teclas()) {
+        const auto* boton = t.accion ? nullptr : p.findChild<QPushButton*>(t.nombre);
+        if (!t.accion && (!boton || !boton->isEnabledTo(&p) || !boton->isVisibleTo(&p)))
+            continue;
+        lista << TeclaExplicada{nombre_de_tecla(t), explique(p, t.nombre)};
+    }
+    for (const Rejilla* r : p.findChildren<Rejilla*>())
+        if (r->isVisibleTo(&p)) {
+            lista << de_rejilla(*r);
+            break;
+        }
+    lista << TeclaExplicada{"F1", "Ver esta lista"};
+    return lista;
+}
+
+void muestre_teclas(Pantalla& pantalla) {
+    QDialog dialogo(pantalla.window());
+    dialogo.setObjectName(QStringLiteral("teclas_de_pantalla"));
+    dialogo.setWindowTitle("Teclas de " + pantalla.windowTitle());
+    auto* tabla = new QTreeWidget;
+    tabla->setObjectName(QStringLiteral("tabla_teclas"));
+    tabla->setAccessibleName(QStringLiteral("Teclas"));
+    tabla->setHeaderLabels({QStringLiteral("Tecla"), QStringLiteral("Qué hace")});
+    tabla->setRootIsDecorated(false);
+    tabla->setAlternatingRowColors(true);
+    for (const TeclaExplicada& t : teclas_explicadas(pantalla))
+        new QTreeWidgetItem(tabla, {t.tecla, t.que_hace});
+    tabla->resizeColumnToContents(0);
+    auto* botones = new QDialogButtonBox;
+    botones->addButton(QStringLiteral("Salir"), QDialogButtonBox::RejectRole);
+    QObject::connect(botones, &QDialogButtonBox::rejected, &dialogo, &QDialog::reject);
+    auto* todo = new QVBoxLayout(&dialogo);
+    todo->addWidget(tabla);
+    todo->addWidget(botones);
+    dialogo.resize(escalado(520), escalado(460));
+    tabla->setCurrentItem(tabla->topLevelItem(0));
+    tabla->setFocus();
+    dialogo.exec();
+}

@@ -1,0 +1,16 @@
+#pragma once
+// Las teclas de una pantalla, como las ve quien la usa. Se piden con F1.
+#include <QString>
+#include <QVector>
+
+class Pantalla;
+
+struct TeclaExplicada {
+    QString tecla;    ///< "F2", "Ctrl+Av Pág"
+    QString que_hace; ///< en palabras, sin nombres de componentes
+};
+
+/// Las de su tabla, en su orden, y las de sus rejillas. Un botón apagado u oculto no tiene tecla.
+QVector<TeclaExplicada> teclas_explicadas(const Pantalla& pantalla);
+/// La ventana de F1.
+void muestre_teclas(Pantalla& pantalla);

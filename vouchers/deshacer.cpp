@@ -1,0 +1,33 @@
+#include "vouchers/deshacer.h"
+
+void Deshacer::con(const QString& que, const std::function<void()>& cambio) {
+    const Comprobante antes = lea_comprobante(c_);
+    cambio();
+    Comprobante despues = lea_comprobante(c_);
+    if (despues == antes)
+        return; // se desistió: lo anterior todavía se puede deshacer
+    antes_ = antes;
+    despues_ = std::move(despues);
+    que_ = que;
+}
+
+bool Deshacer::hubo_mas_cambios() const {
+    return !(lea_comprobante(c_) == despues_);
+}
+
+void Deshacer::deshaga() {
+    if (!antes_)
+        return;
+    for (Libro libro : {Libro::Decreto2649, Libro::Niif})
+        c_.lineas(libro).Cancel();
+    // Si en medio se grabó, el id y el número son los que ya tiene.
+    const Comprobante ahora = lea_comprobante(c_);
+    if (ahora.id != antes_->id) {
+        antes_->id = ahora.id;
+        antes_->tipo = ahora.tipo;
+        antes_->prefijo = ahora.prefijo;
+        antes_->numero = ahora.numero;
+    }
+    vuelque(*antes_, c_);
+    antes_.reset();
+}
