@@ -1,9 +1,9 @@
 #include "vouchers/pantalla_comprobante.h"
 
-#include "toolkit/estilo.h"
-#include "toolkit/historia_avisos.h"
 #include "sesion/indices_catalogos.h"
 #include "toolkit/controles/editor_sugerido.h"
+#include "toolkit/estilo.h"
+#include "toolkit/historia_avisos.h"
 #include "vouchers/panel_documento.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
