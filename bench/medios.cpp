@@ -85,7 +85,7 @@ void mida_medio() {
             .arg(QuotedStr(kDesde), QuotedStr(kHasta));
     (void)c.consulte(agrupe); // la caché, llena desde el comienzo
     double formato = 1e12, grupo = 1e12;
-    for (int vez = 0; vez < 3; ++vez) {
+    for (int vez = 0; vez < 6; ++vez) {
         c.ejecute("delete from medios_magneticos_datos where memg_formato = 10019");
         (void)c.consulte("select count(*) from medios_magneticos_datos"); // quita lo borrado
         formato = qMin(formato, mida(
