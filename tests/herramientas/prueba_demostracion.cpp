@@ -244,7 +244,7 @@ void PruebaDemostracion::cerradas_las_retenciones_los_saldos_se_pueden_reportar(
     };
     const QString dian = nit("Dirección de Impuestos"), hacienda = nit("Secretaría Distrital");
     QVERIFY(!dian.isEmpty() && !hacienda.isEmpty());
-    QVERIFY(negativos().contains("10097|2206|" + dian));
+    QVERIFY(negativos().contains("10097|2204|" + dian));
     for (const auto& [cuenta, recibe] : {std::pair{"2365", dian},
                                          {"2368", hacienda},
                                          {"135515", dian},

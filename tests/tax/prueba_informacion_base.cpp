@@ -180,10 +180,10 @@ void PruebaInformacionBase::los_de_fuera_y_los_del_exterior_se_conocen_por_su_te
     arme_libro_al_azar(base());
     base().ejecute("update terceros set pais_id = '169', ciud_cod = '11001'");
     base().ejecute("update terceros set ciud_cod = '05001' where terc_nit in ('800456789', "
-                   "'19876543')");
+                   "'900123456')");
     base().ejecute("update terceros set pais_id = '249', ciud_cod = null where terc_nit = "
                    "'52345678'");
-    const std::pair<int, QStringList> casos[] = {{42, {"19876543", "800456789"}},
+    const std::pair<int, QStringList> casos[] = {{42, {"800456789", "900123456"}},
                                                  {310, {"52345678"}}};
     for (const auto& [articulo, terceros] : casos) {
         QMap<QString, Moneda> venta;
