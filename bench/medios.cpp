@@ -2,6 +2,7 @@
 // archivo.
 #include "bench/medidas.h"
 #include "datos/firebird/conexion.h"
+#include "datos/firebird/servicios.h"
 #include "herramientas/ubicacion.h"
 #include "tax/medio_xml.h"
 
@@ -76,8 +77,11 @@ private:
 } // namespace
 
 void mida_medio() {
+    const QString base = base_con_terceros();
+    // Sin esperar al disco: la agrupación con que se compara no escribe.
+    ponga_escritura_inmediata({base, "SYSDBA", {}}, false);
     Conexion c;
-    c.conectar({base_con_terceros(), "ADMIN", {}});
+    c.conectar({base, "ADMIN", {}});
     const QString agrupe =
         QStringLiteral("select count(*) from (select cuen_cod, terc_nit, sum(code_debito) d, "
                        "sum(code_credito) c from comprobante_detalle where code_fecha between %1 "

@@ -238,11 +238,11 @@ void Tfmediosmagbog::ofrezca_formatos() {
 }
 
 QString Tfmediosmagbog::por_configurar() const {
-    return fdm().Quorvex
-                   .consulte("select first 1 1 from MEDIOSMAG_DISTR_CUENTAS where " + condicion())
-                   .nulo()
-               ? "El artículo " + codigo() + " no tiene cuentas: F8 las configura."
-               : QString();
+    const Valor cuenta = fdm().Quorvex.consulte(
+        "select first 1 MMDC_ITEM from MEDIOSMAG_DISTR_CUENTAS where " + condicion());
+    return cuenta.nulo() ? QStringLiteral("El artículo %1 no tiene cuentas: F8 las configura.")
+                               .arg(articulo())
+                         : QString();
 }
 
 void Tfmediosmagbog::prepare_calculo() {

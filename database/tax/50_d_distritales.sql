@@ -3,15 +3,16 @@
 SET TERM ^ ;
 
 -- Calcula un artículo del año en MEDIOSMAG_DISTR_DATOS con las cuentas de su configuración: MONTO
--- el movimiento del período de "Cuenta Mov." por el lado de MMDI_NATUR, DEVOL el contrario de
--- "Cta. Devolución", SALDO el de "Cuenta Saldo" a la fecha final (con MMDI_INCSALDO "S"), BASE la
--- de las líneas, TARIFA lo retenido de cada mil de base. Solo el centro del artículo, si lo tiene;
--- sin el NIT de la secretaría y desde MMDI_TOPE. La línea sin tercero es del de su comprobante; lo
--- que no tiene ninguno y lo negativo quedan a la vista para corregirlos. Los cierres de terceros no
--- son movimiento. Los de fuera del distrito (42, 43, 44 y 46) solo llevan terceros de otros
--- municipios, y los del exterior (310, 410 y 510), de otros países; lo que no tiene tercero se ve en
--- el artículo general de las mismas cuentas. El artículo 51 no lleva terceros: una fila por cuenta, numerada como en su
--- configuración. INICIO y FINAL "aaaammdd". Interna de los procedimientos ARTICULO_n.
+-- el movimiento del período de "Cuenta Mov." por el lado de MMDI_NATUR, DEVOL el contrario de "Cta.
+-- Devolución", SALDO el de "Cuenta Saldo" a la fecha final (con MMDI_INCSALDO "S"), BASE la de las
+-- líneas, TARIFA lo retenido de cada mil de base. Solo el centro del artículo, si lo tiene; sin el
+-- NIT de la secretaría y desde MMDI_TOPE. La línea sin tercero es del de su comprobante; lo que no
+-- tiene ninguno y lo negativo quedan a la vista para corregirlos. Los cierres de terceros no son
+-- movimiento. Los de fuera del distrito (42, 43, 44 y 46) solo llevan terceros de otros municipios,
+-- y los del exterior (310, 410 y 510), de otros países; lo que no tiene tercero se ve en el
+-- artículo general de las mismas cuentas. El artículo 51 no lleva terceros: una fila por cuenta,
+-- numerada como en su configuración. INICIO y FINAL "aaaammdd". Interna de los procedimientos
+-- ARTICULO_n.
 CREATE OR ALTER PROCEDURE CALCULE_ARTICULO (
   ARTICULO integer, ANO varchar(4), INICIO varchar(8), FINAL varchar(8), NITSHD varchar(20))
 AS

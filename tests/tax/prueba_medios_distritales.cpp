@@ -68,6 +68,7 @@ private slots:
     void cada_articulo_escribe_sus_campos_data();
     void cada_articulo_escribe_sus_campos();
     void el_articulo_se_calcula_se_corrige_y_se_graba();
+    void un_articulo_sin_cuentas_dice_por_que_no_da_nada();
     void un_ano_sin_articulos_lo_dice_y_la_configuracion_los_crea();
     void el_listado_sale_con_los_textos_entre_comillas();
 
@@ -173,9 +174,13 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     i.espere_comienzo("Si Recalcula el archivo perdera toda", "Sí");
     oprima(Qt::Key_F2);
     QVERIFY(!valores_de(*p->CMedmagdata, "MMDD_MONTO").contains("123.45"));
-    // Uno sin cuentas dice por qué no da nada.
+}
+
+void PruebaMediosDistritales::un_articulo_sin_cuentas_dice_por_que_no_da_nada() {
+    SesionGui s;
     AvisosBarra barra;
     s.dm.barra(&barra);
+    auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
     p->LFormato->setCurrentIndex(p->LFormato->findData(34));
     oprima(Qt::Key_F2);
     QVERIFY(p->CMedmagdata->IsEmpty());

@@ -2,6 +2,7 @@
 // revisión.
 #include "apoyo/herramienta.h"
 #include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/fotos.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
@@ -76,6 +77,7 @@ public:
             if (!cuando(*d))
                 return;
             reloj_.stop();
+            tome_foto(d, nombre);
             QTest::keyClick(d, Qt::Key_Escape);
         });
         reloj_.start(1);
