@@ -93,7 +93,7 @@ void AnoDemo::pague_cesantias() {
     AsientoDemo a = asiento(QStringLiteral("CE"), QStringLiteral("Cesantías al fondo"));
     a.prefijo = QStringLiteral("0002");
     a.nit = demo_.pensiones;
-    a.debite(QStringLiteral("261005"), kCesantiasAnteriores);
+    a.debite(QStringLiteral("261005"), kCesantiasAnteriores, de(demo_.pensiones));
     del_banco(a, kCesantiasAnteriores);
     libro_.asiente(a);
 }

@@ -4,12 +4,14 @@
 
 class AvanceTrabajo {
 public:
+    inline static int ms_demora = 1000; ///< lo que dura menos no muestra nada
+
     AvanceTrabajo(QWidget* padre, const QString& texto, int total = 0)
         : dialogo_(texto, QStringLiteral("Cancelar"), 0, total, padre) {
         dialogo_.setObjectName(QStringLiteral("avance"));
         dialogo_.setWindowTitle(QStringLiteral("Un momento"));
         dialogo_.setWindowModality(Qt::ApplicationModal);
-        dialogo_.setMinimumDuration(1000);
+        dialogo_.setMinimumDuration(ms_demora);
     }
     /// Falso si el usuario canceló.
     bool siga(qint64 hechos, const QString& texto = {}) {

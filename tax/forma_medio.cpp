@@ -2,6 +2,7 @@
 
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
+#include "tax/calculo_cancelable.h"
 #include "tax/escoja_archivo.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
@@ -195,27 +196,8 @@ bool FormaMedio::confirme_recalculo() {
 void FormaMedio::abre_query() {
     const bool hay = hay_guardadas();
     ano_a_la_vista_ = ano();
-    if (!hay || confirme_recalculo()) {
-        fdm().mostrar_mensaje();
-        prepare_calculo();
-        // Borrar y calcular van juntos: si el cálculo falla, lo guardado sigue ahí. De dos que lo
-        // calculan a la vez, el segundo espera y muestra lo del primero.
-        fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
-            Conexion& base = fdm().Quorvex;
-            Cursor(base.prepare(candado(), t), t, {}).siguiente();
-            if (!hay &&
-                Cursor(base.prepare(
-                           "select first 1 1 from " + datos_.tabla + " where " + condicion(), t),
-                       t, {})
-                    .siguiente())
-                return;
-            if (hay)
-                base.prepare("delete from " + datos_.tabla + " where " + condicion(), t)
-                    ->ejecute(t, {});
-            base.prepare(calculo(), t)->ejecute(t, {});
-        });
-        fdm().quitar_mensaje();
-    }
+    if ((!hay || confirme_recalculo()) && !calcule(hay))
+        return;
     CMedmagdata->Open("SELECT * FROM " + datos_.tabla + " where " + condicion() + " order by " +
                       datos_.columna);
     CMedmagdata->FetchAll();
@@ -224,6 +206,31 @@ void FormaMedio::abre_query() {
                     .consulte("select max(" + datos_.columna + ") from " + datos_.tabla +
                               " where " + condicion())
                     .entero());
+}
+
+bool FormaMedio::calcule(bool hay) {
+    fdm().mostrar_mensaje();
+    prepare_calculo();
+    const QString tome = candado(), llene = calculo();
+    const QString de_estas = " from " + datos_.tabla + " where " + condicion();
+    // Borrar y calcular van juntos: si el cálculo falla, lo guardado sigue ahí. De dos que lo
+    // calculan a la vez, el segundo espera y muestra lo del primero.
+    const bool hecho = calcule_cancelable(
+        this, "Calculando el formato " + codigo() + " de " + ano() + "...", [=](Transaccion& t) {
+            Conexion& base = t.conexion();
+            Cursor(base.prepare(tome, t), t, {}).siguiente();
+            if (!hay && Cursor(base.prepare("select first 1 1" + de_estas, t), t, {}).siguiente())
+                return;
+            if (hay)
+                base.prepare("delete" + de_estas, t)->ejecute(t, {});
+            base.prepare(llene, t)->ejecute(t, {});
+        });
+    fdm().quitar_mensaje();
+    const QString aviso =
+        hecho ? por_configurar() : "Cálculo cancelado: lo que estaba guardado sigue igual.";
+    if (!aviso.isEmpty())
+        fdm().mostrar_advertencia(aviso);
+    return hecho;
 }
 
 int FormaMedio::siguiente_item() {

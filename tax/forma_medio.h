@@ -50,6 +50,8 @@ protected:
     virtual void ofrezca_formatos() {}
     /// Lo que el cálculo necesita ya guardado.
     virtual void prepare_calculo() {}
+    /// Lo que le falta a la configuración para que el cálculo dé algo; vacío si nada.
+    virtual QString por_configurar() const { return {}; }
     virtual void SBGrabarClick() = 0;
     virtual void SpeedButton3Click() = 0;
     virtual void EAnoExit();
@@ -81,6 +83,8 @@ private:
     void SpeedButton1Click();
     bool hay_guardadas();
     bool confirme_recalculo();
+    /// Borra lo guardado, si lo `hay`, y calcula. Falso si el usuario lo canceló.
+    bool calcule(bool hay);
 
     const DatosFormaMedio datos_;
     Sentencia* QMedmagdata;

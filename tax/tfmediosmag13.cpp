@@ -296,11 +296,15 @@ void Tfmediosmag13::escriba() {
             e, totales, filas, [&](qint64 hechos) { return avance.siga(hechos); },
             [this](int numero) { NroEnv->setValue(numero); });
     }();
-    if (!r.rechazo.isEmpty() || r.cancelado) {
-        fdm().mostrar_advertencia(r.cancelado ? QStringLiteral("Grabación cancelada: quedaron %1 "
-                                                               "archivos completos.")
-                                                    .arg(r.archivos.size())
-                                              : r.rechazo);
+    if (r.cancelado) {
+        NroEnv->setValue(e.numero); // grabarlo otra vez reemplaza lo que quedó
+        fdm().mostrar_advertencia(
+            QStringLiteral("Grabación cancelada. Archivos del envío que ya estaban completos: %1.")
+                .arg(r.archivos.size()));
+        return;
+    }
+    if (!r.rechazo.isEmpty()) {
+        fdm().mostrar_advertencia(r.rechazo);
         return;
     }
     pantallas().abrir("Tfrevisamedio", AbreRevisionMedio{.formato = formato_,

@@ -1,5 +1,6 @@
 #include "tax/tfmediosmagbog.h"
 
+#include "sesion/instalacion.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "tax/articulos_distrito.h"
@@ -13,6 +14,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QSettings>
 
 namespace {
 
@@ -38,6 +40,17 @@ public:
 
 private:
     QHash<QString, QString> paises_;
+};
+
+/// La última secretaría de cada compañía, junto a los demás ajustes de la instalación.
+class SecretariaRecordada {
+public:
+    QString nit() const { return ajustes_.value(clave_).toString(); }
+    void recuerde(const QString& nit) { ajustes_.setValue(clave_, nit); }
+
+private:
+    const QString clave_ = "secretaria/" + fdm().codigo_compania;
+    QSettings ajustes_{diraplicacion_callada() + "/distrito.cfg", QSettings::IniFormat};
 };
 
 } // namespace
@@ -127,6 +140,7 @@ void Tfmediosmagbog::arme_encabezado(Formulario& f) {
 
 void Tfmediosmagbog::FormCreate() {
     FormaMedio::FormCreate();
+    NitShd->setText(SecretariaRecordada().nit());
     tecla(Qt::Key_F9, "terceros", [this] {
         escoja_tercero(
             *this, {}, [this](const QString& nit) { NitShd->setText(nit); }, NitShd->text());
@@ -223,7 +237,16 @@ void Tfmediosmagbog::ofrezca_formatos() {
                               ": revise con F8 sus mínimos y sus cuentas.");
 }
 
+QString Tfmediosmagbog::por_configurar() const {
+    const Valor cuenta = fdm().Quorvex.consulte(
+        "select first 1 MMDC_ITEM from MEDIOSMAG_DISTR_CUENTAS where " + condicion());
+    return cuenta.nulo() ? QStringLiteral("El artículo %1 no tiene cuentas: F8 las configura.")
+                               .arg(articulo())
+                         : QString();
+}
+
 void Tfmediosmagbog::prepare_calculo() {
+    SecretariaRecordada().recuerde(NitShd->text().trimmed());
     // El centro es del artículo: queda guardado con él.
     fdm().Quorvex.ejecute("update MEDIOSMAG_DISTR set MMDI_PROY = " +
                           QuotedStr(CentroBogota->text().trimmed()) + " where " + condicion());

@@ -28,6 +28,7 @@ protected:
     bool hay_formato() const override { return articulo() > 0; }
     void ofrezca_formatos() override;
     void prepare_calculo() override;
+    QString por_configurar() const override;
 
 private:
     void defina_campos();

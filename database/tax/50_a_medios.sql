@@ -15,6 +15,7 @@
 -- El movimiento sin tercero es del de su comprobante (que solo se busca entonces: igualar a nulo no
 -- lee nada); un saldo, de nadie más que de su línea.
 -- Los importes se redondean al peso por tercero y concepto, antes de juntar las cuantías menores.
+-- El paso en que va queda en la variable AVANCE de la sesión: otra sesión lo puede mirar.
 
 SET TERM ^ ;
 
@@ -58,7 +59,9 @@ AS
   DECLARE NATUR2 char(1);
   DECLARE CODIGO char(4);
   DECLARE CIERRES smallint;
+  DECLARE PASO smallint;
 BEGIN
+  PASO = rdb$set_context('USER_SESSION', 'AVANCE', '2/6 suma el movimiento de las cuentas');
   CODIGO = left(cast(FORMATO AS varchar(10)), 4);
   SELECT MEDM_REGLA, MEDM_NATUR2 FROM MEDIOSMAG_ARCHIVOS WHERE MEDM_FORMATO = :FORMATO
   INTO :REGLA, :NATUR2;
@@ -82,6 +85,7 @@ BEGIN
     AND (:CIERRES = 0
       OR NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC))
   GROUP BY 1, 2, 3;
+  PASO = rdb$set_context('USER_SESSION', 'AVANCE', '3/6 suma los saldos y las bases');
   IF (REGLA IN ('S', 'P')) THEN
     INSERT INTO MEDIO_IMPORTE (ITEM, TERC_NIT, PAPEL, VALOR)
     SELECT M.ITEM, coalesce(S.TERC_NIT, ''), 1,
@@ -111,6 +115,7 @@ BEGIN
     EXIT;
   END
 
+  PASO = rdb$set_context('USER_SESSION', 'AVANCE', '4/6 busca el concepto de cada comprobante');
   INSERT INTO MEDIO_ORIGEN (ENCO_CONSEC, TERC_NIT, ITEM)
   SELECT DISTINCT D.ENCO_CONSEC, coalesce(D.TERC_NIT, E.TERC_NIT, ''), M.ITEM
   FROM MEDIO_CUENTA M
@@ -123,6 +128,7 @@ BEGIN
       OR decode(M.NATUR, 'B', D.CODE_DEBITO, 'R', D.CODE_CREDITO, 1) = 0)
     AND (:CIERRES = 0
       OR NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC));
+  PASO = rdb$set_context('USER_SESSION', 'AVANCE', '5/6 suma los impuestos y las retenciones');
   -- El IVA suma al débito; las retenciones, al crédito; la segunda cuenta, según el formato.
   INSERT INTO MEDIO_IMPORTE (ITEM, TERC_NIT, PAPEL, VALOR)
   SELECT coalesce(ORIGEN, PRIMERO), TERC_NIT, PAPEL, sum(VALOR)
@@ -160,10 +166,13 @@ AS
   DECLARE ITEM integer;
   DECLARE TOTAL numeric(18,2);
   DECLARE SIN_TERCERO smallint;
+  DECLARE PASO smallint;
 BEGIN
+  PASO = rdb$set_context('USER_SESSION', 'AVANCE', '1/6 reparte las cuentas entre los conceptos');
   SIN_TERCERO = iif(left(cast(FORMATO AS varchar(10)), 4) IN ('1004', '1011'), 1, 0);
   EXECUTE PROCEDURE REPARTA_CUENTAS_MEDIO(FORMATO);
   EXECUTE PROCEDURE SUME_MEDIO(FORMATO, INICIO, FINAL) RETURNING_VALUES REGLA;
+  PASO = rdb$set_context('USER_SESSION', 'AVANCE', '6/6 escribe las filas');
   ITEM = coalesce((SELECT max(MEMG_ITEM) FROM MEDIOS_MAGNETICOS_DATOS
     WHERE MEMG_FORMATO = :FORMATO AND MEMG_ANO = substring(:INICIO FROM 1 FOR 4)), 0);
   IF (REGLA = 'P') THEN

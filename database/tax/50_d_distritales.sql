@@ -3,13 +3,16 @@
 SET TERM ^ ;
 
 -- Calcula un artículo del año en MEDIOSMAG_DISTR_DATOS con las cuentas de su configuración: MONTO
--- el movimiento del período de "Cuenta Mov." por el lado de MMDI_NATUR, DEVOL el contrario de
--- "Cta. Devolución", SALDO el de "Cuenta Saldo" a la fecha final (con MMDI_INCSALDO "S"), BASE la
--- de las líneas, TARIFA lo retenido de cada mil de base. Solo el centro del artículo, si lo tiene;
--- sin el NIT de la secretaría y desde MMDI_TOPE. La línea sin tercero es del de su comprobante; lo
--- que no tiene ninguno y lo negativo quedan a la vista para corregirlos. Los cierres de terceros no
--- son movimiento. El artículo 51 no lleva terceros: una fila por cuenta, numerada como en su
--- configuración. INICIO y FINAL "aaaammdd". Interna de los procedimientos ARTICULO_n.
+-- el movimiento del período de "Cuenta Mov." por el lado de MMDI_NATUR, DEVOL el contrario de "Cta.
+-- Devolución", SALDO el de "Cuenta Saldo" a la fecha final (con MMDI_INCSALDO "S"), BASE la de las
+-- líneas, TARIFA lo retenido de cada mil de base. Solo el centro del artículo, si lo tiene; sin el
+-- NIT de la secretaría y desde MMDI_TOPE. La línea sin tercero es del de su comprobante; lo que no
+-- tiene ninguno y lo negativo quedan a la vista para corregirlos. Los cierres de terceros no son
+-- movimiento. Los de fuera del distrito (42, 43, 44 y 46) solo llevan terceros de otros municipios,
+-- y los del exterior (310, 410 y 510), de otros países; lo que no tiene tercero se ve en el
+-- artículo general de las mismas cuentas. El artículo 51 no lleva terceros: una fila por cuenta,
+-- numerada como en su configuración. INICIO y FINAL "aaaammdd". Interna de los procedimientos
+-- ARTICULO_n.
 CREATE OR ALTER PROCEDURE CALCULE_ARTICULO (
   ARTICULO integer, ANO varchar(4), INICIO varchar(8), FINAL varchar(8), NITSHD varchar(20))
 AS
@@ -18,8 +21,11 @@ AS
   DECLARE PROY varchar(4);
   DECLARE CENTRO varchar(4);
   DECLARE CON_SALDO char(1);
+  DECLARE LUGAR char(1);
   DECLARE ITEM integer;
 BEGIN
+  LUGAR = CASE WHEN ARTICULO IN (42, 43, 44, 46) THEN 'F'
+    WHEN ARTICULO IN (310, 410, 510) THEN 'E' ELSE '' END;
   SELECT coalesce(MMDI_NATUR, 'C'), coalesce(MMDI_TOPE, 0), nullif(MMDI_PROY, ''),
     nullif(MMDI_CENTRO, ''), coalesce(MMDI_INCSALDO, 'N')
   FROM MEDIOSMAG_DISTR WHERE MMDI_ARTICULO = :ARTICULO AND MMDI_ANO = :ANO
@@ -94,6 +100,8 @@ BEGIN
   LEFT JOIN TIPO_ID K ON K.TIID_COD = R.TERC_TIPOID
   LEFT JOIN CIUDADES C ON C.CIUD_COD = R.CIUD_COD
   WHERE (T.MONTO <> 0 OR T.DEVOL <> 0 OR T.SALDO <> 0) AND T.NIT IS DISTINCT FROM :NITSHD
+    AND (:LUGAR = '' OR (T.NIT <> '' AND :LUGAR = CASE WHEN coalesce(R.PAIS_ID, '169') <> '169'
+      THEN 'E' WHEN R.CIUD_COD = '11001' THEN 'D' ELSE 'F' END))
     AND (T.MONTO + T.SALDO >= :TOPE OR T.NIT = '' OR minvalue(T.MONTO, T.DEVOL, T.SALDO) < 0);
 END^
 

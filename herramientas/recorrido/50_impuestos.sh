@@ -16,6 +16,13 @@ anexo() {
 }
 # cierre_anexo: los dos menús que quedan abiertos.
 cierre_anexo() { teclas Escape Escape; }
+# calcule: F2 y, si tarda, lo que dure su avance, que entre tanto recibe las teclas.
+calcule() {
+    teclas F2
+    espere
+    while xdotool search --onlyvisible --name '^Un momento$' >/dev/null 2>&1; do espere 0.2; done
+    espere 0.3
+}
 # archivo_en NOMBRE: lo digita en la caja que tiene el foco.
 archivo_en() {
     teclas ctrl+a
@@ -51,7 +58,8 @@ cierre_anexo
 
 # --- medios nacionales: el 1001
 anexo 3
-teclas Tab Tab Tab Tab Tab Tab Tab Tab Down F2
+teclas Tab Tab Tab Tab Tab Tab Tab Tab Down
+calcule
 foto medio_1001 2
 teclas F8
 foto configuracion_1001 1
@@ -69,7 +77,8 @@ cierre_anexo
 anexo 3
 teclas Tab Tab Tab Tab Tab Tab Tab Tab
 escriba "1009"
-teclas F2 F5
+calcule
+teclas F5
 foto por_corregir_1009 2
 teclas Escape Escape
 cierre_anexo
@@ -80,7 +89,7 @@ teclas Tab Tab Tab
 escriba "4"
 teclas Tab
 escriba 902078872 # la secretaría: lo que se le paga no es una retención
-teclas F2
+calcule
 foto articulo_4 1.5
 teclas Tab Tab
 archivo_en articulo_4.csv

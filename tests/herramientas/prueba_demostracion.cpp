@@ -68,6 +68,7 @@ private slots:
     void las_plantillas_cuadran_y_cumplen_lo_que_sus_cuentas_exigen();
     void el_egreso_tiene_su_formato_y_la_compania_su_logo();
     void la_misma_semilla_da_el_mismo_libro();
+    void cerradas_las_retenciones_los_saldos_se_pueden_reportar();
     void el_digito_de_verificacion_sigue_la_regla();
 };
 
@@ -217,6 +218,44 @@ void PruebaDemostracion::la_misma_semilla_da_el_mismo_libro() {
     Demo otra(opciones);
     QVERIFY(resumen(otra) != resumen(uno));
     QCOMPARE(verifique_compania(otra.compania), QStringList());
+}
+
+void PruebaDemostracion::cerradas_las_retenciones_los_saldos_se_pueden_reportar() {
+    OpcionesDemostracion opciones;
+    opciones.renglones = 5000;
+    Demo d(opciones);
+    // Lo retenido queda en cada tercero y lo pagado en quien lo recibe, que por eso sale en
+    // negativo: se corrige cerrando esas cuentas contra él.
+    const auto negativos = [&] {
+        d.compania.ejecute("delete from medios_magneticos_datos");
+        for (const char* medio : {"medio_1008_v7", "medio_1009_v7"})
+            d.compania.ejecute(QStringLiteral("execute procedure %1('20170101', '20171231')")
+                                   .arg(QLatin1String(medio)));
+        return filas_de(d.compania, "select f.memg_formato, r.concepto, r.nit from (select distinct"
+                                    " memg_formato from medios_magneticos_datos) f cross join"
+                                    " revise_medio(f.memg_formato, '2017') r where r.causa starting"
+                                    " 'Valor negativo' order by 1, 2, 3");
+    };
+    const auto nit = [&](const char* nombre) {
+        return d.compania
+            .consulte("select terc_nit from terceros where terc_nom starting with ?",
+                      {Valor(QString::fromUtf8(nombre))})
+            .texto();
+    };
+    const QString dian = nit("Dirección de Impuestos"), hacienda = nit("Secretaría Distrital");
+    QVERIFY(!dian.isEmpty() && !hacienda.isEmpty());
+    QVERIFY(negativos().contains("10097|2204|" + dian));
+    for (const auto& [cuenta, recibe] : {std::pair{"2365", dian},
+                                         {"2368", hacienda},
+                                         {"135515", dian},
+                                         {"135517", dian},
+                                         {"135518", hacienda}})
+        d.compania.ejecute("insert into cierre_terceros (cite_id, cite_concepto, tico_cod,"
+                           " prco_pref, terc_nit, cite_fecha, cuen_cod, cite_niif) values (0,"
+                           " 'Cierre de retenciones', 'CG', '0001', ?, '20171231', ?, 'A')",
+                           {Valor(recibe), Valor(cuenta)});
+    QCOMPARE(negativos(), QString());
+    QCOMPARE(verifique_compania(d.compania), QStringList());
 }
 
 void PruebaDemostracion::el_digito_de_verificacion_sigue_la_regla() {

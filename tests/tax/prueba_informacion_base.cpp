@@ -14,6 +14,7 @@ private slots:
     void el_detalle_no_cuenta_dos_veces_una_retencion();
     void una_factura_de_dos_categorias_reparte_una_vez_su_iva();
     void un_articulo_distrital_respeta_tope_centro_y_secretaria();
+    void los_de_fuera_y_los_del_exterior_se_conocen_por_su_tercero();
     void el_articulo_de_totales_lleva_una_fila_por_cuenta();
     void los_articulos_de_un_ano_se_copian_a_otro();
     void la_taxonomia_cuadra_y_compara_con_el_ano_anterior();
@@ -168,6 +169,41 @@ void PruebaInformacionBase::un_articulo_distrital_respeta_tope_centro_y_secretar
                               " mmdd_item")
                  .split('\n', Qt::SkipEmptyParts),
              esperado);
+}
+
+void PruebaInformacionBase::los_de_fuera_y_los_del_exterior_se_conocen_por_su_tercero() {
+    // Solo van sin cuentas los artículos que el plan no separa.
+    QCOMPARE(filas_de(base(), "select a.mmdi_articulo from mediosmag_distr a where not exists("
+                              "select 1 from mediosmag_distr_cuentas c where c.mmdi_articulo = "
+                              "a.mmdi_articulo and c.mmdi_ano = a.mmdi_ano) order by 1"),
+             QString("34\n36\n53\n54\n56"));
+    arme_libro_al_azar(base());
+    base().ejecute("update terceros set pais_id = '169', ciud_cod = '11001'");
+    base().ejecute("update terceros set ciud_cod = '05001' where terc_nit in ('800456789', "
+                   "'900123456')");
+    base().ejecute("update terceros set pais_id = '249', ciud_cod = null where terc_nit = "
+                   "'52345678'");
+    const std::pair<int, QStringList> casos[] = {{42, {"800456789", "900123456"}},
+                                                 {310, {"52345678"}}};
+    for (const auto& [articulo, terceros] : casos) {
+        QMap<QString, Moneda> venta;
+        for (const Renglon& r : renglones(base(), 0, false))
+            if (r.cuenta.startsWith("4135") && r.fecha >= "20170101" && r.fecha <= "20171231" &&
+                terceros.contains(r.nit))
+                venta[r.nit] -= r.neto();
+        QStringList esperado;
+        for (const auto& [nit, valor] : venta.asKeyValueRange())
+            esperado << nit + '|' + valor.redondeada(0).texto();
+        QCOMPARE(esperado.size(), terceros.size());
+        base().ejecute(
+            QStringLiteral("execute procedure articulo_%1('2017', '20170101', '20171231', '')")
+                .arg(articulo));
+        QCOMPARE(filas_de(base(), QStringLiteral("select mmdd_nit, mmdd_monto from "
+                                                 "mediosmag_distr_datos where mmdi_articulo = %1 "
+                                                 "order by mmdd_nit")
+                                      .arg(articulo)),
+                 esperado.join('\n'));
+    }
 }
 
 void PruebaInformacionBase::el_articulo_de_totales_lleva_una_fila_por_cuenta() {

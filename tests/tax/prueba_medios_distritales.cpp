@@ -7,6 +7,7 @@
 #include "tax/registro.h"
 #include "tax/tfmediosmag.h"
 #include "tax/tfmediosmagbog.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/exportacion/archivo_salida.h"
 
 #include <QComboBox>
@@ -67,6 +68,7 @@ private slots:
     void cada_articulo_escribe_sus_campos_data();
     void cada_articulo_escribe_sus_campos();
     void el_articulo_se_calcula_se_corrige_y_se_graba();
+    void un_articulo_sin_cuentas_dice_por_que_no_da_nada();
     void un_ano_sin_articulos_lo_dice_y_la_configuracion_los_crea();
     void el_listado_sale_con_los_textos_entre_comillas();
 
@@ -159,6 +161,7 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     p->close();
     agote_eventos();
     p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
+    QCOMPARE(p->NitShd->text(), QString("860002964")); // la última secretaría que se digitó
     p->LFormato->setCurrentIndex(p->LFormato->findData(32));
     const QString pregunta =
         "Ya hay información del formato 32  para el año fiscal 2017.\nDesea consultar esa "
@@ -171,6 +174,19 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     i.espere_comienzo("Si Recalcula el archivo perdera toda", "Sí");
     oprima(Qt::Key_F2);
     QVERIFY(!valores_de(*p->CMedmagdata, "MMDD_MONTO").contains("123.45"));
+}
+
+void PruebaMediosDistritales::un_articulo_sin_cuentas_dice_por_que_no_da_nada() {
+    SesionGui s;
+    AvisosBarra barra;
+    s.dm.barra(&barra);
+    auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
+    p->LFormato->setCurrentIndex(p->LFormato->findData(34));
+    oprima(Qt::Key_F2);
+    QVERIFY(p->CMedmagdata->IsEmpty());
+    QCOMPARE(barra.text(),
+             QString("Advertencia: El artículo 34 no tiene cuentas: F8 las configura."));
+    s.dm.barra(nullptr);
 }
 
 void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_los_crea() {

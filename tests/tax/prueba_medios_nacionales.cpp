@@ -2,21 +2,26 @@
 // revisión.
 #include "apoyo/herramienta.h"
 #include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/fotos.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
 #include "ledger/libro_al_azar.h"
+#include "tax/avance.h"
 #include "tax/registro.h"
 #include "tax/tfmediosmag13.h"
 #include "tax/tfrevisamedio.h"
+#include "toolkit/barraestado.h"
 
 #include <QComboBox>
 #include <QDateEdit>
 #include <QDir>
 #include <QFrame>
 #include <QLabel>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
 
 namespace {
 
@@ -59,6 +64,32 @@ struct Medios {
     SesionGui s;
 };
 
+/// Mira el avance de ese nombre y oprime Esc cuando llega a lo que se espera.
+class CancelaElAvance {
+public:
+    CancelaElAvance(const QString& nombre, std::function<bool(const QProgressDialog&)> cuando) {
+        QObject::connect(&reloj_, &QTimer::timeout, &reloj_, [this, nombre, cuando] {
+            auto* d = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+            if (!d || d->objectName() != nombre || !d->isVisible())
+                return;
+            valores << d->value();
+            texto = d->labelText();
+            if (!cuando(*d))
+                return;
+            reloj_.stop();
+            tome_foto(d, nombre);
+            QTest::keyClick(d, Qt::Key_Escape);
+        });
+        reloj_.start(1);
+    }
+    bool oprimio() const { return !reloj_.isActive(); }
+    QList<int> valores;
+    QString texto;
+
+private:
+    QTimer reloj_;
+};
+
 } // namespace
 
 class PruebaMediosNacionales : public QObject {
@@ -80,6 +111,9 @@ private slots:
     void corregir_el_tercero_pone_al_dia_sus_filas_y_el_archivo();
     void dos_que_calculan_a_la_vez_no_duplican_las_filas();
     void lo_que_no_se_pudo_grabar_no_se_va_con_otro_formato();
+    void un_calculo_largo_dice_su_paso_y_se_cancela();
+    void esperar_a_otro_que_calcula_se_cancela();
+    void la_grabacion_muestra_cuanto_va_y_se_cancela();
     void la_configuracion_muestra_las_cuentas_de_su_formato_data();
     void la_configuracion_muestra_las_cuentas_de_su_formato();
     void un_concepto_nuevo_con_sus_cuentas_se_graba();
@@ -396,6 +430,97 @@ void PruebaMediosNacionales::lo_que_no_se_pudo_grabar_no_se_va_con_otro_formato(
     QCOMPARE(m.s.dato("select count(*) from medios_magneticos_datos where memg_formato = 10019 and "
                       "memg_pago = 1234"),
              QString("1"));
+}
+
+void PruebaMediosNacionales::un_calculo_largo_dice_su_paso_y_se_cancela() {
+    Medios m;
+    AvisosBarra barra;
+    m.s.dm.barra(&barra);
+    m.abra();
+    oprima(Qt::Key_F2);
+    const QString antes = m.filas();
+    QVERIFY(antes.toInt() > 0);
+    m.s.escritorio.cierre_todas();
+    m.s.base.ejecute({"create procedure no_termina (inicio varchar(8), final varchar(8)) as "
+                      "declare n integer; begin n = rdb$set_context('USER_SESSION', 'AVANCE', "
+                      "'3/6 cuenta sin parar'); while (1 = 1) do n = 1 - n; end",
+                      "grant execute on procedure no_termina to public",
+                      "update mediosmag_archivos set medm_procedimiento = 'NO_TERMINA' where "
+                      "medm_formato = 10019"});
+    auto* p = m.abra();
+    Interlocutor i;
+    i.espere(kPregunta, "Abortar");
+    i.espere(kSeguro, "Sí");
+    CancelaElAvance c("avance_calculo", [](const QProgressDialog& d) {
+        return d.labelText().endsWith("\nPaso 3 de 6: cuenta sin parar.");
+    });
+    oprima(Qt::Key_F2);
+    QVERIFY(c.oprimio());
+    QVERIFY2(c.texto.startsWith("Calculando el formato 1001 de 2017..."), qPrintable(c.texto));
+    QCOMPARE(c.valores.last(), 2); // los pasos terminados
+    QCOMPARE(barra.text(),
+             QString("Advertencia: Cálculo cancelado: lo que estaba guardado sigue igual."));
+    QCOMPARE(m.filas(), antes);
+    QVERIFY(!p->CMedmagdata->Active());
+    // Y se sigue: lo guardado se puede consultar.
+    i.espere(kPregunta, "Reintentar");
+    oprima(Qt::Key_F2);
+    QCOMPARE(QString::number(p->CMedmagdata->RecordCount()), antes);
+    m.s.dm.barra(nullptr);
+}
+
+void PruebaMediosNacionales::esperar_a_otro_que_calcula_se_cancela() {
+    Medios m;
+    auto* p = m.abra();
+    {
+        Transaccion otro(m.s.base.base(), ModoTransaccion::Escritura);
+        m.s.base.base()
+            .prepare("update mediosmag_archivos set medm_orden = medm_orden", otro)
+            ->ejecute(otro, {});
+        CancelaElAvance c("avance_calculo", [](const QProgressDialog&) { return true; });
+        oprima(Qt::Key_F2);
+        QVERIFY(c.oprimio());
+        QVERIFY(!p->CMedmagdata->Active());
+    }
+    QCOMPARE(m.filas(), QString("0"));
+    oprima(Qt::Key_F2);
+    QVERIFY(p->CMedmagdata->RecordCount() > 0);
+}
+
+void PruebaMediosNacionales::la_grabacion_muestra_cuanto_va_y_se_cancela() {
+    Medios m;
+    m.s.base.ejecute({"execute block as declare i integer = 0; begin while (i < 12000) do begin "
+                      "i = i + 1; insert into medios_magneticos_datos (memg_formato, memg_ano, "
+                      "memg_item, memg_concepto, memg_pago) values (10116, '2017', :i, 8001, :i); "
+                      "end end"});
+    AvisosBarra barra;
+    m.s.dm.barra(&barra);
+    auto* p = m.abra("1011 Declaraciones tributarias (v. 6)");
+    Interlocutor i;
+    i.espere_comienzo("Ya hay información del formato 1011", "Reintentar");
+    oprima(Qt::Key_F2);
+    QCOMPARE(p->CMedmagdata->RecordCount(), 12000);
+    const QScopedValueRollback<int> enseguida(AvanceTrabajo::ms_demora, 0);
+    {
+        CancelaElAvance c("avance", [](const QProgressDialog& d) { return d.value() > 6000; });
+        m.grabe(p);
+        QVERIFY(c.oprimio());
+        QVERIFY(c.texto.startsWith("Grabando " + m.carpeta.path()));
+        QVERIFY(c.valores.size() > 1 && std::is_sorted(c.valores.begin(), c.valores.end()));
+    }
+    const QString primero = "Dmuisca_010101106201700000001.xml";
+    QCOMPARE(
+        barra.text(),
+        QString(
+            "Advertencia: Grabación cancelada. Archivos del envío que ya estaban completos: 1."));
+    QCOMPARE(QDir(m.carpeta.path()).entryList(QDir::Files), QStringList(primero));
+    QCOMPARE(m.s.escritorio.activa(), p);
+    // El envío comienza otra vez por el primero.
+    QCOMPARE(p->NroEnv->value(), 1);
+    m.grabe(p);
+    QCOMPARE(QDir(m.carpeta.path()).entryList(QDir::Files).size(), 3);
+    QVERIFY(!m.s.escritorio.abierta("Tfmediosmag13"));
+    m.s.dm.barra(nullptr);
 }
 
 void PruebaMediosNacionales::la_configuracion_muestra_las_cuentas_de_su_formato_data() {
