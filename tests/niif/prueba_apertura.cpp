@@ -214,7 +214,7 @@ void PruebaApertura::la_cuenta_sin_equivalente_no_detiene_a_las_demas() {
 }
 
 void PruebaApertura::muchos_terceros_se_traen_y_se_graban() {
-    constexpr int kTerceros = 2500;
+    constexpr int kTerceros = 10000;
     s_->base.ejecute(
         {QStringLiteral("execute block as declare i integer = 1; begin while (i <= %1) do begin "
                         "insert into terceros (terc_nit, terc_nom) values ('7' || lpad(:i, 8, "
