@@ -2,6 +2,7 @@
 
 #include "app/botoncomando.h"
 #include "app/compactador.h"
+#include "app/letrerorespaldo.h"
 #include "app/marca.h"
 #include "app/paneldegradado.h"
 #include "app/revision.h"
@@ -192,6 +193,7 @@ void Tfprincipal::arme_panel_inferior() {
     auto* fila_pie = new QHBoxLayout(pie);
     fila_pie->setContentsMargins(paso(), paso(0.25), paso(), paso(0.25));
     fila_pie->setSpacing(paso(2));
+    fila_pie->addWidget(new LetreroRespaldo(pie));
     fila_pie->addWidget(LabRevision);
     fila_pie->addWidget(Label3);
     auto* fila = new QHBoxLayout(AdvPanel2);

@@ -2,6 +2,7 @@
 #include "app/tfprincipal.h"
 
 #include "app/compactador.h"
+#include "app/letrerorespaldo.h"
 #include "app/paneldegradado.h"
 #include "app/vigiamensajes.h"
 #include "datos/firebird/claves.h"
@@ -9,7 +10,6 @@
 #include "sesion/apertura.h"
 #include "sesion/guardas.h"
 #include "sesion/instalacion.h"
-#include "sesion/respaldos.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -70,8 +70,7 @@ void Tfprincipal::FormActivate() {
         abra_iniciales();
     habilite_submenus();
     primera_activacion = false;
-    if (fdm().administrador && ultimo_respaldo(codigo_compania).isValid())
-        barra->texto(letrero_respaldo(codigo_compania));
+    findChild<LetreroRespaldo*>()->muestre(codigo_compania, fdm().administrador);
     revise_guardas();
     mensajes->Timer3Timer();
     if (fdm().sucursal_usuario != 0)

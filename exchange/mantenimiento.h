@@ -9,7 +9,7 @@ struct CifrasMantenimiento {
     qint64 renglones = 0;    ///< líneas de comprobante que cambian
     qint64 comprobantes = 0; ///< en cuántos
     qint64 borrados = 0;     ///< comprobantes que se van enteros
-    qint64 ajenos = 0;       ///< de otros módulos, que no se tocan
+    qint64 ajenos = 0;       ///< de ellos, los que generaron otros módulos
     qint64 descuadrados = 0; ///< que quedarán sin cuadrar
     qint64 incompletos = 0;  ///< líneas que quedarán sin lo que su cuenta exige
     QString negativa;        ///< por qué no se puede; vacío si se puede

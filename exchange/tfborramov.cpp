@@ -63,7 +63,9 @@ bool Tfborramov::corra() {
     QString pregunta =
         "Se borrarán " + c.cuantos() + QStringLiteral("; %1 se van enteros.").arg(c.borrados);
     if (c.ajenos > 0)
-        pregunta += QStringLiteral(" Otros %1, de otros módulos, no se tocan.").arg(c.ajenos);
+        pregunta += QStringLiteral(" %1 los generaron otros módulos, y sus documentos quedarán sin "
+                                   "contabilizar.")
+                        .arg(c.ajenos);
     if (c.descuadrados > 0)
         pregunta += QStringLiteral(" %1 quedarán descuadrados.").arg(c.descuadrados);
     if (!confirme(c, pregunta + " Desea continuar?"))

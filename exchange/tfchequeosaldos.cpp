@@ -2,11 +2,31 @@
 
 #include "exchange/pch.h"
 
+#include <QProgressDialog>
+
 namespace {
 
 constexpr const char* kPrimera = "0";
 constexpr const char* kUltima = "99999999";
 constexpr int kMuestra = 8; ///< saldos corregidos que se nombran uno por uno
+
+/// Cuánto va de un libro. Cancelar espera a que termine el mes que va.
+class AvanceLibro : public QProgressDialog {
+public:
+    AvanceLibro(const QString& texto, QWidget* padre)
+        : QProgressDialog(texto, "Cancelar", 0, 100, padre) {
+        setObjectName("avance_recalculo");
+        setWindowTitle("Recálculo de saldos");
+        setWindowModality(Qt::ApplicationModal);
+        setMinimumDuration(0);
+        setMinimumWidth(420);
+        // Con Esc o el ratón: el Enter que venga de atrás no lo detiene.
+        auto* cancelar = findChild<QPushButton*>();
+        cancelar->setAutoDefault(false);
+        cancelar->setFocusPolicy(Qt::NoFocus);
+        setValue(0);
+    }
+};
 
 QString periodo(const SaldoCorregido& s) {
     return s.mes == 0 ? "saldo inicial de " + s.ano
@@ -32,13 +52,9 @@ Tfchequeosaldos::Tfchequeosaldos() : FormaMantenimiento("Tfchequeosaldos", "Rec�
     Fecha = caja("Fecha", 8);
     Fecha->setText("20000101");
     ckniif = casilla("ckniif", "Información NIIF");
-    Avance = new QProgressBar;
-    Avance->setObjectName("Avance");
-    Avance->hide();
     Formulario f(this);
     f.fila("Desde (aaaammdd)", Fecha);
     f.fila("", ckniif);
-    f.ancha(Avance, 0);
     arme_botones(f, "F5: Recalcular");
     tamano(460, 230);
 }
@@ -50,32 +66,44 @@ bool Tfchequeosaldos::corra() {
     QVector<Libro> libros{Libro::Decreto2649};
     if (ckniif->isChecked())
         libros << Libro::Niif;
-    Avance->setRange(0, int(libros.size()));
-    Avance->setValue(0);
-    Avance->show();
     QVector<SaldoCorregido> corregidos;
+    std::optional<Libro> detenido;
     trabaje("Recalculando saldos contabilidad ...", [&] {
         for (const Libro l : libros) {
-            anuncie(es_niif(l) ? QStringLiteral("Recalculando saldos contabilidad NIIF ...")
-                               : QStringLiteral("Recalculando saldos contabilidad ..."));
-            corregidos += recalcule_saldos(fdm().Quorvex, l, desde, kPrimera, kUltima);
-            Avance->setValue(Avance->value() + 1);
-            Avance->repaint();
+            const QString texto = es_niif(l) ? "Recalculando saldos contabilidad NIIF ..."
+                                             : "Recalculando saldos contabilidad ...";
+            anuncie(texto);
+            AvanceLibro avance(texto, this);
+            try {
+                corregidos += recalcule_saldos(fdm().Quorvex, l, desde, kPrimera, kUltima,
+                                               [&avance](int ciento) {
+                                                   avance.setValue(ciento);
+                                                   return !avance.wasCanceled();
+                                               });
+            } catch (const EdicionAbortada&) {
+                detenido = l;
+                break;
+            }
         }
         return CifrasMantenimiento();
     });
-    cuente(corregidos);
-    return true;
+    cuente(corregidos, detenido);
+    return !detenido;
 }
 
-void Tfchequeosaldos::cuente(const QVector<SaldoCorregido>& corregidos) {
+void Tfchequeosaldos::cuente(const QVector<SaldoCorregido>& corregidos,
+                             std::optional<Libro> detenido) {
+    const QString fin = detenido ? "Recálculo detenido: los saldos del libro " +
+                                       QString::fromUtf8(datos(*detenido).nombre) +
+                                       " quedan como estaban"
+                                 : QStringLiteral("Recálculo terminado");
     if (AvisosBarra* barra = fdm().barra())
-        barra->texto(corregidos.isEmpty()
-                         ? windowTitle() + ": todos estaban bien"
-                         : windowTitle() +
-                               QStringLiteral(": %1 corregidos").arg(corregidos.size()));
+        barra->texto(windowTitle() + (!corregidos.isEmpty()
+                                          ? QStringLiteral(": %1 corregidos").arg(corregidos.size())
+                                      : detenido ? QStringLiteral(": detenido")
+                                                 : QStringLiteral(": todos estaban bien")));
     if (corregidos.isEmpty()) {
-        muestre_mensaje("Recálculo terminado: todos los saldos estaban bien.");
+        muestre_mensaje(fin + (detenido ? "." : ": todos los saldos estaban bien."));
         return;
     }
     QStringList lineas;
@@ -83,7 +111,7 @@ void Tfchequeosaldos::cuente(const QVector<SaldoCorregido>& corregidos) {
         lineas << descripcion(s);
     if (corregidos.size() > kMuestra)
         lineas << QStringLiteral("y %1 más.").arg(corregidos.size() - kMuestra);
-    muestre_mensaje(
-        QStringLiteral("Recálculo terminado: se corrigieron %1 saldos.\n").arg(corregidos.size()) +
-        lineas.join('\n'));
+    muestre_mensaje(fin + (detenido ? "; en el otro" : ":") +
+                    QStringLiteral(" se corrigieron %1 saldos.\n").arg(corregidos.size()) +
+                    lineas.join('\n'));
 }

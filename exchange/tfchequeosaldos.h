@@ -4,18 +4,16 @@
 #include "exchange/forma_mantenimiento.h"
 #include "libro/recalculo.h"
 
-class QProgressBar;
-
 class Tfchequeosaldos : public FormaMantenimiento {
     Q_OBJECT
 public:
     Tfchequeosaldos();
     QLineEdit* Fecha; ///< "aaaammdd"
-    QProgressBar* Avance;
 
 protected:
     bool corra() override;
 
 private:
-    void cuente(const QVector<SaldoCorregido>& corregidos);
+    /// `detenido`: el libro que el usuario no dejó terminar, si alguno.
+    void cuente(const QVector<SaldoCorregido>& corregidos, std::optional<Libro> detenido);
 };

@@ -36,15 +36,17 @@ void traiga_saldos(Conexion& c, int ano) {
     for (const char* lado :
          {"item * 2 - 1, codigo, null, maxvalue(-saldo, 0), maxvalue(saldo, 0), saldo, 0",
           "item * 2, null, cuentaniif, maxvalue(saldo, 0), maxvalue(-saldo, 0), 0, saldo"})
-        c.ejecute(QStringLiteral("insert into apertura_niif_det (cuen_cod, terc_nit, proy_cod,"
-                                 " cent_cod, apnd_debito, apnd_credito, apnd_item, apnd_cuenta,"
-                                 " apnd_ctaniif, apnd_recldb, apnd_reclcr, apnd_saldoini,"
-                                 " apnd_saldofin) select codigo, nit, proy, centro, 0, 0, %1 from"
-                                 " (select b.*, row_number() over (partition by codigo order by"
-                                 " nit, proy, centro) item from balance_final_det(?, 13, 'N') b"
-                                 " where codigo < '4')")
-                      .arg(QLatin1String(lado)),
-                  anterior);
+        c.ejecute(
+            QStringLiteral("insert into apertura_niif_det (cuen_cod, terc_nit, proy_cod,"
+                           " cent_cod, acti_cod, apnd_debito, apnd_credito, apnd_item, apnd_cuenta,"
+                           " apnd_ctaniif, apnd_recldb, apnd_reclcr, apnd_saldoini,"
+                           " apnd_saldofin) select codigo, nit, proy, centro, articulo, 0, 0,"
+                           " %1 from"
+                           " (select b.*, row_number() over (partition by codigo order by"
+                           " nit, proy, centro, articulo) item from balance_final_det(?, 13, 'N') b"
+                           " where codigo < '4')")
+                .arg(QLatin1String(lado)),
+            anterior);
 }
 
 /// Otra línea NIIF de la cuenta: el ajuste o la reclasificación va en `columna`.

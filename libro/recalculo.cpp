@@ -1,13 +1,17 @@
 #include "libro/recalculo.h"
 
 QVector<SaldoCorregido> recalcule_saldos(Conexion& conexion, Libro libro, const QString& desde,
-                                         const QString& primera, const QString& ultima) {
+                                         const QString& primera, const QString& ultima,
+                                         const AvanceRecalculo& avance) {
+    // "for update": el servidor entrega cada fila cuando la tiene, y no varias juntas al final.
     const QString sufijo = QString::fromUtf8(datos(libro).sufijo);
+    const QString pasos =
+        QStringLiteral("select ciento from recalcule_por_pasos%1(?, ?, ?) for update").arg(sufijo);
     return conexion.en_transaccion(ModoTransaccion::EscrituraInstantanea, [&](Transaccion& t) {
-        conexion
-            .prepare(
-                QStringLiteral("execute procedure chequeo_saldos_conta%1(?, ?, ?)").arg(sufijo), t)
-            ->ejecute(t, {desde, primera, ultima});
+        Cursor paso(conexion.prepare(pasos, t), t, {desde, primera, ultima});
+        while (paso.siguiente())
+            if (avance && !avance(int(paso.valor(0).entero())))
+                throw EdicionAbortada();
         QVector<SaldoCorregido> corregidos;
         // Una cuenta que se desborda sale sin período, y no hay cifras que contar.
         Cursor c(

@@ -8,7 +8,7 @@
 
 /// Un saldo por traer.
 struct SaldoPorTraer {
-    QString cuenta, nit, proyecto, centro, equivalente;
+    QString cuenta, nit, proyecto, centro, articulo, equivalente;
     Moneda saldo;
 };
 

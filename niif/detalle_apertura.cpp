@@ -35,7 +35,7 @@ void Tfbalaperturaniif::defina_lineas() {
     c.texto("TERC_NIT", 20).etiqueta("Tercero").OnChange = valide;
     c.texto("PROY_COD", 4).etiqueta("Proyecto").OnChange = valide;
     c.texto("CENT_COD", 4).etiqueta("Centro").OnChange = valide;
-    c.texto("ACTI_COD", 15).etiqueta("Activo").OnChange = valide;
+    c.texto("ACTI_COD", 15).etiqueta("Artículo o activo").OnChange = valide;
     c.agregado("Sumadebito", "Sum(APND_DEBITO)");
     c.agregado("Sumacredito", "sum(APND_CREDITO)");
     c.agregado("SumaRecldb", "sum(apnd_recldb)");
@@ -70,7 +70,7 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
                          {"TERC_NIT", "Tercero", 13},
                          {"PROY_COD", "Proy", 6},
                          {"CENT_COD", "Centro", 7},
-                         {"ACTI_COD", "Activo", 9},
+                         {"ACTI_COD", "Artíc./activo", 11},
                          {"APND_SALDOINI", "Saldo inicial", 15, SoloLectura},
                          {"APND_DEBITO", "Ajuste DB", 14, Suma},
                          {"APND_CREDITO", "Ajuste CR", 14, Suma},
@@ -263,12 +263,7 @@ void Tfbalaperturaniif::valide_celda(Campo& campo) {
         else if (!fdmter().valide_tercero(texto))
             reciba(nombre, {});
     } else if (nombre == "ACTI_COD") {
-        if (busca)
-            escoja_activo(*this, reciba_en);
-        else if (fdmcnt().desc_activo(texto).isEmpty()) {
-            muestre_mensaje("El activo fijo " + texto + " no existe.");
-            reciba(nombre, {});
-        }
+        valide_articulo(texto, reciba_en);
     } else if (busca) {
         escoja_centro(*this, [this](const CentroEscogido& c) {
             reciba("PROY_COD", c.proyecto_seleccion);
@@ -277,6 +272,32 @@ void Tfbalaperturaniif::valide_celda(Campo& campo) {
     } else if (nombre == "CENT_COD" && !CAperniifdet.FieldByName("PROY_COD").vacio() &&
                !fdmcnt().valide_centro(CAperniifdet.FieldByName("PROY_COD").texto(), texto)) {
         reciba(nombre, {});
+    }
+}
+
+void Tfbalaperturaniif::valide_articulo(const QString& texto,
+                                        const std::function<void(const QString&)>& reciba_en) {
+    // En una cuenta de inventarios es un artículo; en las demás, un activo fijo.
+    const QString niif = CAperniifdet.FieldByName("APND_CTANIIF").texto();
+    const Libro libro = niif.isEmpty() ? Libro::Decreto2649 : Libro::Niif;
+    const QString cuenta = niif.isEmpty() ? CAperniifdet.FieldByName("APND_CUENTA").texto() : niif;
+    const bool inventario =
+        fdm()
+            .Quorvex
+            .consulte(QStringLiteral("select cuen_tipo from %1 where cuen_cod = ")
+                          .arg(QLatin1String(datos(libro).cuentas)) +
+                      QuotedStr(cuenta))
+            .texto() == "I";
+    if (texto.startsWith('?')) {
+        if (inventario)
+            escoja_articulo(*this, reciba_en, texto.mid(1));
+        else
+            escoja_activo(*this, reciba_en);
+    } else if (inventario && !fdmArt().valide_articulo(texto)) {
+        reciba("ACTI_COD", {});
+    } else if (!inventario && fdmcnt().desc_activo(texto).isEmpty()) {
+        muestre_mensaje("El activo fijo " + texto + " no existe.");
+        reciba("ACTI_COD", {});
     }
 }
 

@@ -3,6 +3,7 @@
 #include "sesion/apertura.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
+#include "sesion/tfdmart.h"
 #include "sesion/tfdmcnt.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/barrabotones.h"

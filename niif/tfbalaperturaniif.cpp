@@ -220,20 +220,31 @@ void Tfbalaperturaniif::traiga(const QString& ano) {
     const QScopedValueRollback<bool> guarda(trayendo_, true);
     CSaldos.DisableControls();
     CAperniifdet.DisableControls();
+    CSaldos.IndexFieldNames({}); // llegan en orden: no hay que ordenarlas en cada una
     const auto al_salir = qScopeGuard([this] {
         CBalance.Close();
+        CSaldos.IndexFieldNames("CUEN_COD");
         CAperniifdet.EnableControls();
         CSaldos.EnableControls();
     });
+    const auto texto = [this](const char* c) { return CBalance.FieldByName(c).texto(); };
+    const auto saldo = [this] { return CBalance.FieldByName("SALDO").moneda(); };
+    QHash<QString, Moneda> totales; // de la cuenta, con todos sus terceros y centros
+    for (CBalance.First(); !CBalance.Eof(); CBalance.Next())
+        totales[texto("CODIGO")] += saldo();
     int item = 0;
     QStringList sin_equivalente;
     for (CBalance.First(); !CBalance.Eof(); CBalance.Next()) {
-        const auto texto = [this](const char* c) { return CBalance.FieldByName(c).texto(); };
-        agregue_saldo({texto("CODIGO"), texto("NIT"), texto("PROY"), texto("CENTRO"),
-                       texto("CUENTANIIF"), CBalance.FieldByName("SALDO").moneda()},
+        const QString cuenta = texto("CODIGO"), equivalente = texto("CUENTANIIF");
+        if (cuenta != CSaldos.FieldByName("CUEN_COD").texto()) {
+            agregue_cuenta(cuenta, equivalente, totales[cuenta]);
+            item = 0;
+            if (equivalente.isEmpty())
+                sin_equivalente << cuenta;
+        }
+        agregue_saldo({cuenta, texto("NIT"), texto("PROY"), texto("CENTRO"), texto("ARTICULO"),
+                       equivalente, saldo()},
                       item);
-        if (texto("CUENTANIIF").isEmpty() && !sin_equivalente.contains(texto("CODIGO")))
-            sin_equivalente << texto("CODIGO");
     }
     cuente_lo_traido(ano, sin_equivalente);
 }
@@ -254,23 +265,19 @@ void Tfbalaperturaniif::cuente_lo_traido(const QString& ano, const QStringList& 
     muestre_mensaje(texto);
 }
 
+void Tfbalaperturaniif::agregue_cuenta(const QString& cuenta, const QString& equivalente,
+                                       Moneda saldo) {
+    CSaldos.Append();
+    CSaldos.FieldByName("CUEN_COD") = cuenta;
+    CSaldos.FieldByName("APNI_CUENNIIF") = equivalente;
+    CSaldos.FieldByName("APNI_SALDOANT") = saldo;
+    CSaldos.FieldByName("APNI_AJUSTEDB") = Moneda();
+    CSaldos.FieldByName("APNI_AJUSTECR") = Moneda();
+    CSaldos.FieldByName("APNI_SALDONIIF") = saldo;
+    CSaldos.Post();
+}
+
 void Tfbalaperturaniif::agregue_saldo(const SaldoPorTraer& saldo, int& item) {
-    if (saldo.cuenta != CSaldos.FieldByName("CUEN_COD").texto()) {
-        CSaldos.Append();
-        CSaldos.FieldByName("CUEN_COD") = saldo.cuenta;
-        CSaldos.FieldByName("APNI_CUENNIIF") = saldo.equivalente;
-        CSaldos.FieldByName("APNI_SALDOANT") = saldo.saldo;
-        CSaldos.FieldByName("APNI_AJUSTEDB") = Moneda();
-        CSaldos.FieldByName("APNI_AJUSTECR") = Moneda();
-        CSaldos.FieldByName("APNI_SALDONIIF") = saldo.saldo;
-        CSaldos.Post();
-        item = 0;
-    } else { // otro tercero o centro de la misma cuenta
-        CSaldos.Edit();
-        for (const char* campo : {"APNI_SALDOANT", "APNI_SALDONIIF"})
-            CSaldos.FieldByName(campo) = CSaldos.FieldByName(campo).moneda() + saldo.saldo;
-        CSaldos.Post();
-    }
     for (const LineaApertura& l : lineas_de_traslado(saldo)) {
         if (l.cuenta.isEmpty() && l.cuenta_niif.isEmpty())
             continue; // sin cuenta que lo reciba, la diferencia queda a la vista
@@ -285,6 +292,7 @@ void Tfbalaperturaniif::agregue_saldo(const SaldoPorTraer& saldo, int& item) {
         ponga("TERC_NIT", saldo.nit);
         ponga("PROY_COD", saldo.proyecto);
         ponga("CENT_COD", saldo.centro);
+        ponga("ACTI_COD", saldo.articulo);
         ponga("APND_DEBITO", Moneda());
         ponga("APND_CREDITO", Moneda());
         ponga("APND_RECLDB", l.reclasificacion_debito);

@@ -57,6 +57,7 @@ private:
     void AdvGlowButton2Click();
     void traiga(const QString& ano);
     void cuente_lo_traido(const QString& ano, const QStringList& sin_equivalente);
+    void agregue_cuenta(const QString& cuenta, const QString& equivalente, Moneda saldo);
     void agregue_saldo(const struct SaldoPorTraer& saldo, int& item);
     void SBGrabarClick();
     void SBCancelClick();
@@ -74,6 +75,8 @@ private:
     void CAperniifdetAfterInsert();
     void calcule_saldo_final();
     void valide_celda(Campo& campo);
+    void valide_articulo(const QString& texto,
+                         const std::function<void(const QString&)>& reciba_en);
     void reciba(const QString& campo, const QString& valor);
     void sugiera_db_cr();
     void muestre_ancestros();

@@ -41,6 +41,11 @@ QString letrero_respaldo(const QString& compania) {
                : QStringLiteral("No hay ningún respaldo hecho desde este equipo.");
 }
 
+AvisoRespaldos& aviso_respaldos() {
+    static AvisoRespaldos unico;
+    return unico;
+}
+
 ResultadoRespaldo respalde_compania(const ParametrosConexion& base, const QString& compania,
                                     const AjustesRespaldo& ajustes, QString& archivo) {
     const QDateTime ahora = reloj().ahora();
@@ -52,6 +57,7 @@ ResultadoRespaldo respalde_compania(const ParametrosConexion& base, const QStrin
                                QStringLiteral(".fbk"));
     const ResultadoRespaldo r = respalde_y_pruebe(base, archivo);
     QSettings(archivo_de_ajustes(), QSettings::IniFormat).setValue("ultimo/" + compania, ahora);
+    emit aviso_respaldos().hecho(compania);
     QStringList copias = carpeta.entryList({compania + "_????????_??????.fbk"}, QDir::Files,
                                            QDir::Name | QDir::Reversed);
     for (const QString& vieja : copias.mid(ajustes.copias))

@@ -5,6 +5,7 @@
 #include "datos/firebird/respaldo.h"
 
 #include <QDateTime>
+#include <QObject>
 
 struct AjustesRespaldo {
     QString carpeta;
@@ -17,6 +18,14 @@ void ajustes_respaldo(const AjustesRespaldo& ajustes);
 QDateTime ultimo_respaldo(const QString& compania);
 /// "Último respaldo bueno: aaaa/mm/dd hh:mm", o que no lo hay.
 QString letrero_respaldo(const QString& compania);
+
+/// Avisa de cada respaldo bueno a quien lo muestra.
+class AvisoRespaldos : public QObject {
+    Q_OBJECT
+signals:
+    void hecho(const QString& compania);
+};
+AvisoRespaldos& aviso_respaldos();
 
 /// Respalda la base en la carpeta con el nombre compania_aaaammdd_hhmmss.fbk, lo prueba y, si quedó
 /// bueno, borra las copias que sobren de esa compañía. Lanza ErrorDatos si no se pudo: las copias

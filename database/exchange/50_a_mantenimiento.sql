@@ -256,9 +256,9 @@ END^
 
 -- Borra los comprobantes de un TIPO entre dos fechas, de un prefijo, un rango de números y uno de
 -- terceros o de todos (nulos). Con terceros borra solo sus líneas: el encabezado se va cuando no le
--- queda ninguna. AJENOS: los que generó otro módulo, que no se tocan porque los borra su propia
--- opción. DESCUADRADOS: los que quedarán sin cuadrar. BORRADOS: los que se van enteros. La llama
--- Tfborramov.
+-- queda ninguna. AJENOS: cuántos de ellos generó otro módulo; al irse enteros, su documento vuelve
+-- a quedar sin contabilizar. DESCUADRADOS: los que quedarán sin cuadrar. BORRADOS: los que se van
+-- enteros. La llama Tfborramov.
 CREATE OR ALTER PROCEDURE BORRE_MOVIMIENTOS (TIPO varchar(3), PREFIJO varchar(4),
   DESDE varchar(8), HASTA varchar(8), NUMERO1 varchar(8), NUMERO2 varchar(8), NIT1 varchar(20),
   NIT2 varchar(20), USUARIO varchar(10), HAGALO char(1))
@@ -298,36 +298,31 @@ BEGIN
     INTO :ID, :FECHA, :TIPOREF, :DENTRO, :FUERA, :DESCUADRA, :DE_2649, :DE_NIIF
   DO
   BEGIN
+    RENGLONES = RENGLONES + DENTRO;
+    COMPROBANTES = COMPROBANTES + 1;
     IF (TIPOREF <> 0) THEN
       AJENOS = AJENOS + 1;
+    IF (FUERA = 0) THEN
+      BORRADOS = BORRADOS + 1;
     ELSE
-    BEGIN
-      RENGLONES = RENGLONES + DENTRO;
-      COMPROBANTES = COMPROBANTES + 1;
+      DESCUADRADOS = DESCUADRADOS + DESCUADRA;
+    IF (FECHA <= BLOQUEO AND (DE_2649 > 0 OR DE_NIIF = 0)) THEN
+      BLOQUEADOS = BLOQUEADOS + 1;
+    IF (FECHA <= BLOQUEO_NIIF AND DE_NIIF > 0) THEN
+      BLOQUEADOS_NIIF = BLOQUEADOS_NIIF + 1;
+    IF (HAGALO = 'S' AND BLOQUEADOS = 0 AND BLOQUEADOS_NIIF = 0) THEN
       IF (FUERA = 0) THEN
-        BORRADOS = BORRADOS + 1;
+        EXECUTE PROCEDURE BORRE_COMPROBANTE(ID, USUARIO);
       ELSE
-        DESCUADRADOS = DESCUADRADOS + DESCUADRA;
-      IF (FECHA <= BLOQUEO AND (DE_2649 > 0 OR DE_NIIF = 0)) THEN
-        BLOQUEADOS = BLOQUEADOS + 1;
-      IF (FECHA <= BLOQUEO_NIIF AND DE_NIIF > 0) THEN
-        BLOQUEADOS_NIIF = BLOQUEADOS_NIIF + 1;
-      IF (HAGALO = 'S' AND BLOQUEADOS = 0 AND BLOQUEADOS_NIIF = 0) THEN
-        IF (FUERA = 0) THEN
-          EXECUTE PROCEDURE BORRE_COMPROBANTE(ID, USUARIO);
-        ELSE
-        BEGIN
-          DELETE FROM COMPROBANTE_DETALLE
-          WHERE ENCO_CONSEC = :ID AND TERC_NIT BETWEEN :NIT1 AND :NIT2;
-          DELETE FROM COMPROBANTE_DETALLE_NIIF
-          WHERE ENCO_CONSEC = :ID AND TERC_NIT BETWEEN :NIT1 AND :NIT2;
-        END
-    END
+      BEGIN
+        DELETE FROM COMPROBANTE_DETALLE
+        WHERE ENCO_CONSEC = :ID AND TERC_NIT BETWEEN :NIT1 AND :NIT2;
+        DELETE FROM COMPROBANTE_DETALLE_NIIF
+        WHERE ENCO_CONSEC = :ID AND TERC_NIT BETWEEN :NIT1 AND :NIT2;
+      END
   END
   IF (COMPROBANTES = 0) THEN
-    NEGATIVA = 'No hay comprobantes por borrar en ese rango.'
-      || iif(AJENOS = 0, '', ' Los ' || AJENOS || ' que hay los generaron otros módulos: se borran '
-      || 'por la opción de su documento.');
+    NEGATIVA = 'No hay comprobantes por borrar en ese rango.';
   ELSE
     NEGATIVA = coalesce(NEGATIVA_BLOQUEO('2649', BLOQUEADOS),
       NEGATIVA_BLOQUEO('NIIF', BLOQUEADOS_NIIF));

@@ -85,30 +85,30 @@ BEGIN
   SUSPEND;
 END^
 
--- Los saldos que deben dar las líneas y los saldos iniciales, con todas las dimensiones. Interna.
+-- Los saldos que deben dar las líneas y los saldos iniciales, con todas las dimensiones. FECHA es
+-- la del comprobante, para tomar un mes por su índice; nula en los iniciales. Interna.
 CREATE OR ALTER VIEW VISTA_LINEAS{_NIIF}
   (CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD, SALD_DEBITO,
-   SALD_CREDITO) AS
+   SALD_CREDITO, FECHA) AS
 SELECT D.CUEN_COD, cast(substring(E.ENCO_FECHA FROM 1 FOR 4) AS char(4)),
   cast(substring(E.ENCO_FECHA FROM 5 FOR 2) AS smallint), coalesce(D.TERC_NIT, ''),
   coalesce(D.PROY_COD, ''), coalesce(D.CENT_COD, ''), coalesce(D.ARTI_COD, ''),
-  coalesce(D.CODE_DEBITO, 0), coalesce(D.CODE_CREDITO, 0)
+  coalesce(D.CODE_DEBITO, 0), coalesce(D.CODE_CREDITO, 0), E.ENCO_FECHA
 FROM COMPROBANTE_ENCABEZADO E
 JOIN {DETALLE} D ON D.ENCO_CONSEC = E.ENCO_CONSEC
 UNION ALL
 SELECT S.CUEN_COD, ANO_INICIO('{LIBRO}'), cast(0 AS smallint), coalesce(S.TERC_NIT, ''),
   coalesce(S.PROY_COD, ''), coalesce(S.CENT_COD, ''), coalesce(S.ARTI_COD, ''),
-  coalesce(S.SAIN_DEBITO, 0), coalesce(S.SAIN_CREDITO, 0)
+  coalesce(S.SAIN_DEBITO, 0), coalesce(S.SAIN_CREDITO, 0), cast(NULL AS varchar(8))
 FROM SALDOS_INICIALES{_NIIF} S^
 
--- Claves de un libro cuyo saldo no es el de sus líneas, una tabla de saldos tras otra. Vacío cuando
--- todo cuadra. Léase en una instantánea si otros graban. Una cuenta cuyos importes no caben en una
--- suma sale una sola vez, con TABLA "DESBORDE" y sin cifras. La llama VERIFIQUE_SALDOS.
-CREATE OR ALTER PROCEDURE VERIFIQUE_LIBRO{_NIIF}
-RETURNS (TABLA varchar(31), CUENTA varchar(20), ANO char(4), MES smallint, NIT varchar(20),
-  PROYECTO varchar(4), CENTRO varchar(4), ARTICULO varchar(15), DEBITO numeric(18,2),
-  CREDITO numeric(18,2), DEBITO_LINEAS numeric(18,2), CREDITO_LINEAS numeric(18,2))
+-- Deja en SALDOS_LINEAS el resumen de las líneas del libro, y en SALDOS_DESBORDE las cuentas cuyos
+-- importes no caben en una suma, que no se resumen. Una fila por mes hecho: HECHOS de TOTAL; la
+-- primera, antes de empezar. Interna; la leen VERIFIQUE_LIBRO y RECALCULE_POR_PASOS.
+CREATE OR ALTER PROCEDURE RESUMA_LINEAS{_NIIF}
+RETURNS (HECHOS integer, TOTAL integer)
 AS
+  DECLARE MES varchar(6);
 BEGIN
   -- La suma aproximada no se desborda: basta para saber de cuáles no se puede hacer la exacta.
   DELETE FROM SALDOS_DESBORDE;
@@ -129,19 +129,46 @@ BEGIN
     GROUP BY TABLA, CUEN_COD
     HAVING sum(abs(cast(SALD_DEBITO AS double precision))
       + abs(cast(SALD_CREDITO AS double precision))) > 9e16);
-  TABLA = 'DESBORDE';
-  FOR SELECT CUEN_COD FROM SALDOS_DESBORDE ORDER BY CUEN_COD INTO :CUENTA DO
-    SUSPEND;
 
-  -- Las líneas se recorren una vez; las cinco tablas se comparan con su resumen.
+  -- Las líneas se recorren una vez, mes por mes; las cinco tablas se comparan con su resumen.
+  SELECT count(DISTINCT substring(ENCO_FECHA FROM 1 FOR 6)) FROM COMPROBANTE_ENCABEZADO INTO :TOTAL;
+  HECHOS = 0;
+  SUSPEND;
   DELETE FROM SALDOS_LINEAS;
   INSERT INTO SALDOS_LINEAS (CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD,
     SALD_DEBITO, SALD_CREDITO)
   SELECT CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD, sum(SALD_DEBITO),
     sum(SALD_CREDITO)
   FROM VISTA_LINEAS{_NIIF} L
-  WHERE NOT EXISTS (SELECT 1 FROM SALDOS_DESBORDE X WHERE X.CUEN_COD = L.CUEN_COD)
+  WHERE L.FECHA IS NULL
+    AND NOT EXISTS (SELECT 1 FROM SALDOS_DESBORDE X WHERE X.CUEN_COD = L.CUEN_COD)
   GROUP BY CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD;
+  FOR SELECT DISTINCT substring(ENCO_FECHA FROM 1 FOR 6) FROM COMPROBANTE_ENCABEZADO INTO :MES DO
+  BEGIN
+    INSERT INTO SALDOS_LINEAS (CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD,
+      ARTI_COD, SALD_DEBITO, SALD_CREDITO)
+    SELECT CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD,
+      sum(SALD_DEBITO), sum(SALD_CREDITO)
+    FROM VISTA_LINEAS{_NIIF} L
+    WHERE L.FECHA BETWEEN :MES AND :MES || '99'
+      AND NOT EXISTS (SELECT 1 FROM SALDOS_DESBORDE X WHERE X.CUEN_COD = L.CUEN_COD)
+    GROUP BY CUEN_COD, SALD_ANO, SALD_MES, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD;
+    HECHOS = HECHOS + 1;
+    SUSPEND;
+  END
+END^
+
+-- Claves de un libro cuyo saldo no es el de SALDOS_LINEAS, una tabla de saldos tras otra, después
+-- de las que están en SALDOS_DESBORDE. Interna; la leen VERIFIQUE_LIBRO y RECALCULE_POR_PASOS.
+CREATE OR ALTER PROCEDURE COMPARE_SALDOS{_NIIF}
+RETURNS (TABLA varchar(31), CUENTA varchar(20), ANO char(4), MES smallint, NIT varchar(20),
+  PROYECTO varchar(4), CENTRO varchar(4), ARTICULO varchar(15), DEBITO numeric(18,2),
+  CREDITO numeric(18,2), DEBITO_LINEAS numeric(18,2), CREDITO_LINEAS numeric(18,2))
+AS
+BEGIN
+  TABLA = 'DESBORDE';
+  FOR SELECT CUEN_COD FROM SALDOS_DESBORDE ORDER BY CUEN_COD INTO :CUENTA DO
+    SUSPEND;
 
 --<CLAVES>
 --| CLAVE    | COLUMNAS                       | VARIABLES
@@ -171,22 +198,44 @@ BEGIN
   DO
     SUSPEND;
 --</CLAVES>
+END^
+
+-- Claves de un libro cuyo saldo no es el de sus líneas, una tabla de saldos tras otra. Vacío cuando
+-- todo cuadra. Léase en una instantánea si otros graban. Una cuenta cuyos importes no caben en una
+-- suma sale una sola vez, con TABLA "DESBORDE" y sin cifras. La llama VERIFIQUE_SALDOS.
+CREATE OR ALTER PROCEDURE VERIFIQUE_LIBRO{_NIIF}
+RETURNS (TABLA varchar(31), CUENTA varchar(20), ANO char(4), MES smallint, NIT varchar(20),
+  PROYECTO varchar(4), CENTRO varchar(4), ARTICULO varchar(15), DEBITO numeric(18,2),
+  CREDITO numeric(18,2), DEBITO_LINEAS numeric(18,2), CREDITO_LINEAS numeric(18,2))
+AS
+BEGIN
+  FOR SELECT HECHOS FROM RESUMA_LINEAS{_NIIF} INTO :MES DO
+    MES = NULL;
+  FOR SELECT * FROM COMPARE_SALDOS{_NIIF}
+  INTO :TABLA, :CUENTA, :ANO, :MES, :NIT, :PROYECTO, :CENTRO, :ARTICULO, :DEBITO, :CREDITO,
+    :DEBITO_LINEAS, :CREDITO_LINEAS
+  DO
+    SUSPEND;
   DELETE FROM SALDOS_LINEAS;
 END^
 
 -- Recálculo de los saldos de las cuentas de CTAINI a CTAFIN desde el período de FECINI
--- ("aaaammdd"), a partir de las líneas. CORREGIDOS: cuántos estaban mal; cuáles, quedan en
--- SALDOS_CORREGIDOS. Lo llaman Tfchequeosaldos y la herramienta de administración.
+-- ("aaaammdd"), a partir de las líneas, con una fila después de cada trozo: CIENTO es lo que va y
+-- CORREGIDOS, ya comparados, cuántos estaban mal; cuáles, quedan en SALDOS_CORREGIDOS. Se lee hasta
+-- la última fila o se deshace la transacción. La llaman recalcule_saldos y CHEQUEO_SALDOS_CONTA.
 -- Exige una instantánea que escriba: borra lo que ella ve, compactado y pendiente, y lo rehace con
 -- las líneas que ella ve. Lo que otros confirmen entretanto queda pendiente y no se pierde ni se
 -- cuenta dos veces. Si otro compactó mientras tanto hay un conflicto, y quien llama repite.
-CREATE OR ALTER PROCEDURE CHEQUEO_SALDOS_CONTA{_NIIF} (
+CREATE OR ALTER PROCEDURE RECALCULE_POR_PASOS{_NIIF} (
   FECINI varchar(10), CTAINI varchar(20), CTAFIN varchar(20))
-RETURNS (CORREGIDOS integer)
+RETURNS (CIENTO integer, CORREGIDOS integer)
 AS
   DECLARE LIBRO varchar(4);
   DECLARE ANO0 char(4);
   DECLARE MES0 smallint;
+  DECLARE MES varchar(6);
+  DECLARE HECHOS integer;
+  DECLARE TOTAL integer;
 BEGIN
   IF (rdb$get_context('SYSTEM', 'ISOLATION_LEVEL') <> 'SNAPSHOT') THEN
     EXCEPTION SALDOS_SIN_INSTANTANEA;
@@ -208,14 +257,24 @@ BEGIN
     AND D.CODE_FECHA IS DISTINCT FROM (SELECT E.ENCO_FECHA FROM COMPROBANTE_ENCABEZADO E
       WHERE E.ENCO_CONSEC = D.ENCO_CONSEC);
 
+  CIENTO = 5;
+  SUSPEND;
+  FOR SELECT HECHOS, TOTAL FROM RESUMA_LINEAS{_NIIF} INTO :HECHOS, :TOTAL DO
+  BEGIN
+    CIENTO = 20 + 30 * HECHOS / maxvalue(TOTAL, 1);
+    SUSPEND;
+  END
   INSERT INTO SALDOS_CORREGIDOS (SACO_LIBRO, TABLA, CUENTA, ANO, MES, NIT, PROYECTO, CENTRO,
     ARTICULO, DEBITO, CREDITO, DEBITO_LINEAS, CREDITO_LINEAS)
   SELECT '{LIBRO}', TABLA, CUENTA, ANO, MES, NIT, PROYECTO, CENTRO, ARTICULO, DEBITO, CREDITO,
     DEBITO_LINEAS, CREDITO_LINEAS
-  FROM VERIFIQUE_LIBRO{_NIIF}
+  FROM COMPARE_SALDOS{_NIIF}
   WHERE CUENTA BETWEEN :CTAINI AND :CTAFIN
     AND (ANO IS NULL OR ANO > :ANO0 OR (ANO = :ANO0 AND MES >= :MES0));
   SELECT count(*) FROM SALDOS_CORREGIDOS WHERE SACO_LIBRO = '{LIBRO}' INTO :CORREGIDOS;
+  DELETE FROM SALDOS_LINEAS;
+  CIENTO = 60;
+  SUSPEND;
 
   DELETE FROM SALDOS_DIFERENCIA{_NIIF} WHERE CUEN_COD BETWEEN :CTAINI AND :CTAFIN
     AND (SALD_ANO > :ANO0 OR (SALD_ANO = :ANO0 AND SALD_MES >= :MES0));
@@ -226,10 +285,26 @@ BEGIN
   SELECT CUEN_COD, PROY_COD, CENT_COD, TERC_NIT, ARTI_COD, SALD_ANO, SALD_MES, sum(SALD_DEBITO),
     sum(SALD_CREDITO)
   FROM VISTA_LINEAS{_NIIF}
-  WHERE CUEN_COD BETWEEN :CTAINI AND :CTAFIN
+  WHERE FECHA IS NULL AND CUEN_COD BETWEEN :CTAINI AND :CTAFIN
     AND (SALD_ANO > :ANO0 OR (SALD_ANO = :ANO0 AND SALD_MES >= :MES0))
   GROUP BY CUEN_COD, PROY_COD, CENT_COD, TERC_NIT, ARTI_COD, SALD_ANO, SALD_MES
   HAVING sum(SALD_DEBITO) <> 0 OR sum(SALD_CREDITO) <> 0;
+  HECHOS = 0;
+  FOR SELECT DISTINCT substring(ENCO_FECHA FROM 1 FOR 6) FROM COMPROBANTE_ENCABEZADO INTO :MES DO
+  BEGIN
+    INSERT INTO SALDOS_DETALLE{_NIIF} (CUEN_COD, PROY_COD, CENT_COD, TERC_NIT, ARTI_COD, SALD_ANO,
+      SALD_MES, SALD_DEBITO, SALD_CREDITO)
+    SELECT CUEN_COD, PROY_COD, CENT_COD, TERC_NIT, ARTI_COD, SALD_ANO, SALD_MES,
+      sum(SALD_DEBITO), sum(SALD_CREDITO)
+    FROM VISTA_LINEAS{_NIIF}
+    WHERE FECHA BETWEEN :MES AND :MES || '99' AND CUEN_COD BETWEEN :CTAINI AND :CTAFIN
+      AND (SALD_ANO > :ANO0 OR (SALD_ANO = :ANO0 AND SALD_MES >= :MES0))
+    GROUP BY CUEN_COD, PROY_COD, CENT_COD, TERC_NIT, ARTI_COD, SALD_ANO, SALD_MES
+    HAVING sum(SALD_DEBITO) <> 0 OR sum(SALD_CREDITO) <> 0;
+    HECHOS = HECHOS + 1;
+    CIENTO = 60 + 30 * HECHOS / maxvalue(TOTAL, 1);
+    SUSPEND;
+  END
 
 --<CLAVES>
 --| CLAVE    | COLUMNAS
@@ -245,9 +320,26 @@ BEGIN
   WHERE CUEN_COD BETWEEN :CTAINI AND :CTAFIN
     AND (SALD_ANO > :ANO0 OR (SALD_ANO = :ANO0 AND SALD_MES >= :MES0))
   GROUP BY {COLUMNAS}, SALD_ANO, SALD_MES;
+  CIENTO = CIENTO + 2;
+  SUSPEND;
 --</CLAVES>
 
   UPDATE SALDOS_CONTROL SET SACO_VUELTA = SACO_VUELTA + 1 WHERE SACO_LIBRO = '{LIBRO}';
+  CIENTO = 100;
+  SUSPEND;
+END^
+
+-- Todo el recálculo de una vez: los mismos argumentos y exigencias. CORREGIDOS: cuántos saldos
+-- estaban mal. Lo llama la herramienta de administración.
+CREATE OR ALTER PROCEDURE CHEQUEO_SALDOS_CONTA{_NIIF} (
+  FECINI varchar(10), CTAINI varchar(20), CTAFIN varchar(20))
+RETURNS (CORREGIDOS integer)
+AS
+  DECLARE CIENTO integer;
+BEGIN
+  FOR SELECT CIENTO, CORREGIDOS FROM RECALCULE_POR_PASOS{_NIIF}(:FECINI, :CTAINI, :CTAFIN)
+  INTO :CIENTO, :CORREGIDOS DO
+    CIENTO = NULL;
   SUSPEND;
 END^
 --</LIBROS>

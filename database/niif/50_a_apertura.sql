@@ -4,29 +4,36 @@
 SET TERM ^ ;
 
 -- Saldos 2649 al final de un mes (13 el de ajustes) por cuenta, tercero y centro, con la cuenta
--- NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. Los
--- saldos iniciales de la compañía son los de cierre del año anterior. La llama Tfbalaperturaniif.
+-- NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. Los de
+-- inventarios y de activos fijos salen por ARTICULO, que el otro libro también lo pide; en los
+-- demás va nulo. Los saldos iniciales de la compañía son los de cierre del año anterior. La llama
+-- Tfbalaperturaniif.
 CREATE OR ALTER PROCEDURE BALANCE_FINAL_DET (ANO varchar(4), MES smallint, INICIO char(1))
 RETURNS (CODIGO varchar(20), NIT varchar(20), PROY varchar(4), CENTRO varchar(4),
-  SALDO numeric(15,2), CUENTANIIF varchar(20))
+  SALDO numeric(15,2), CUENTANIIF varchar(20), ARTICULO varchar(15))
 AS
   DECLARE SIGUIENTE varchar(4);
 BEGIN
   IF (MES = 13 AND INICIO <> 'S' AND ANO SIMILAR TO '[0-9]{4}') THEN
     SIGUIENTE = lpad(cast(ANO AS integer) + 1, 4, '0');
   FOR
-    SELECT S.CUEN_COD, S.TERC_NIT, S.PROY_COD, S.CENT_COD, S.SALDO, C.CUEN_EQNIIF
+    SELECT S.CUEN_COD, S.TERC_NIT, S.PROY_COD, S.CENT_COD, S.SALDO, C.CUEN_EQNIIF, S.ARTICULO
     FROM (
-      SELECT CUEN_COD, TERC_NIT, PROY_COD, CENT_COD, sum(SALD_DEBITO - SALD_CREDITO) SALDO
-      FROM VISTA_SALDOS_DETALLE
-      WHERE SALD_ANO < :ANO OR (SALD_ANO = :ANO
-        AND (SALD_MES < :MES OR (SALD_MES = :MES AND :INICIO <> 'S')))
-        OR (SALD_ANO = :SIGUIENTE AND SALD_MES = 0)
-      GROUP BY CUEN_COD, TERC_NIT, PROY_COD, CENT_COD
-      HAVING sum(SALD_DEBITO - SALD_CREDITO) <> 0) S
+      SELECT D.CUEN_COD, D.TERC_NIT, D.PROY_COD, D.CENT_COD,
+        iif(K.CUEN_TIPO IN ('I', 'A') OR N.CUEN_TIPO IN ('I', 'A'), nullif(D.ARTI_COD, ''), NULL)
+          ARTICULO,
+        sum(D.SALD_DEBITO - D.SALD_CREDITO) SALDO
+      FROM VISTA_SALDOS_DETALLE D
+      JOIN CUENTAS K ON K.CUEN_COD = D.CUEN_COD
+      LEFT JOIN CUENTAS_NIIF N ON N.CUEN_COD = K.CUEN_EQNIIF
+      WHERE D.SALD_ANO < :ANO OR (D.SALD_ANO = :ANO
+        AND (D.SALD_MES < :MES OR (D.SALD_MES = :MES AND :INICIO <> 'S')))
+        OR (D.SALD_ANO = :SIGUIENTE AND D.SALD_MES = 0)
+      GROUP BY 1, 2, 3, 4, 5
+      HAVING sum(D.SALD_DEBITO - D.SALD_CREDITO) <> 0) S
     JOIN CUENTAS C ON C.CUEN_COD = S.CUEN_COD
-    ORDER BY S.CUEN_COD, S.TERC_NIT, S.PROY_COD, S.CENT_COD
-    INTO :CODIGO, :NIT, :PROY, :CENTRO, :SALDO, :CUENTANIIF
+    ORDER BY S.CUEN_COD, S.TERC_NIT, S.PROY_COD, S.CENT_COD, S.ARTICULO
+    INTO :CODIGO, :NIT, :PROY, :CENTRO, :SALDO, :CUENTANIIF, :ARTICULO
   DO
     SUSPEND;
 END^
@@ -87,7 +94,7 @@ BEGIN
 END^
 
 -- El balance que resulta de la hoja: lo que sus líneas dejan en cada cuenta NIIF, por tercero,
--- centro y activo. Interna; la leen BALANCE_INICIAL_NIIF y LLEVE_APERTURA_NIIF.
+-- centro y artículo o activo. Interna; la leen BALANCE_INICIAL_NIIF y LLEVE_APERTURA_NIIF.
 CREATE OR ALTER VIEW VISTA_APERTURA_NIIF (CUEN_COD, TERC_NIT, PROY_COD, CENT_COD, ACTI_COD, NETO)
 AS
 SELECT APND_CTANIIF, TERC_NIT, PROY_COD, CENT_COD, ACTI_COD,
@@ -107,6 +114,24 @@ LEFT JOIN CUENTAS_NIIF C ON C.CUEN_COD = A.CUEN_COD
 LEFT JOIN TERCEROS T ON T.TERC_NIT = A.TERC_NIT
 GROUP BY A.CUEN_COD, C.CUEN_NOM, A.TERC_NIT, T.TERC_DV, A.PROY_COD, T.TERC_NOM, A.CENT_COD
 HAVING sum(A.NETO) <> 0^
+
+-- Un importe como se lee en pantalla: "1,234,567.80".
+CREATE OR ALTER FUNCTION IMPORTE_CON_MILES (IMPORTE numeric(18,2))
+RETURNS varchar(30)
+AS
+  DECLARE CIFRAS varchar(30);
+  DECLARE RESULTADO varchar(30);
+BEGIN
+  CIFRAS = abs(IMPORTE);
+  RESULTADO = right(CIFRAS, 3);
+  CIFRAS = left(CIFRAS, char_length(CIFRAS) - 3);
+  WHILE (char_length(CIFRAS) > 3) DO
+  BEGIN
+    RESULTADO = ',' || right(CIFRAS, 3) || RESULTADO;
+    CIFRAS = left(CIFRAS, char_length(CIFRAS) - 3);
+  END
+  RETURN trim(iif(IMPORTE < 0, '-', '')) || CIFRAS || RESULTADO;
+END^
 
 -- Reemplaza los saldos iniciales del libro NIIF por el balance de apertura. Con HAGALO "N" solo
 -- dice cuántas filas y cuánto suman, las que hay hoy (ACTUALES), y en NEGATIVA por qué no se
@@ -130,8 +155,8 @@ BEGIN
       || FECHA_CON_BARRAS(maxvalue(BLOQUEO_DE('ADMI'), BLOQUEO_DE('NIIF'))) || ' (libro NIIF)';
   ELSE IF (DEBITOS <> CREDITOS
     AND coalesce(CONFIGURADO('GENERAL', 'PERMITIR COMPROBANTES DESCUADRADOS'), '') <> 'SI') THEN
-    NEGATIVA = 'El balance de apertura está descuadrado: débitos ' || DEBITOS || ', créditos '
-      || CREDITOS || '.';
+    NEGATIVA = 'El balance de apertura está descuadrado: débitos '
+      || IMPORTE_CON_MILES(DEBITOS) || ', créditos ' || IMPORTE_CON_MILES(CREDITOS) || '.';
   ELSE
   BEGIN
     SELECT FIRST 1 CUEN_COD FROM VISTA_APERTURA_NIIF
@@ -147,11 +172,18 @@ BEGIN
     JOIN CUENTAS_NIIF C ON C.CUEN_COD = A.CUEN_COD
     WHERE (C.CUEN_TERCERO = 'S' AND A.TERC_NIT IS NULL)
       OR (C.CUEN_CENTRO = 'S' AND (A.PROY_COD IS NULL OR A.CENT_COD IS NULL))
+      OR (C.CUEN_TIPO = 'I' AND A.ACTI_COD IS NULL)
     INTO :FALTAS, :CUENTA;
     IF (FALTAS > 0) THEN
-      NEGATIVA = 'Faltan el tercero o el centro de ' || FALTAS || ' saldos; el primero, de la '
-        || 'cuenta ' || CUENTA || '.';
+      NEGATIVA = 'Faltan el tercero, el centro o el artículo de ' || FALTAS || ' saldos; el '
+        || 'primero, de la cuenta ' || CUENTA || '.';
   END
+  IF (NEGATIVA IS NULL) THEN
+    SELECT FIRST 1 'El artículo ' || ACTI_COD || ' de la cuenta ' || CUEN_COD || ' no existe. '
+      || 'Escoja uno registrado.'
+    FROM VISTA_APERTURA_NIIF
+    WHERE ACTI_COD IS NOT NULL AND NOT EXISTE_ARTICULO(ACTI_COD)
+    INTO :NEGATIVA;
   IF (HAGALO = 'S') THEN
   BEGIN
     IF (NEGATIVA IS NOT NULL) THEN

@@ -1,6 +1,7 @@
 // Sumas con nombre de un conjunto de datos. La de una tabla grande se corrige con la fila que
 // cambia y no se hace de nuevo.
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/indice_busqueda.h"
 
 void ConjuntoDatos::agregado(const QString& nombre, const QString& expresion) {
     agregados_.insert(nombre.toUpper(), expresion);
@@ -125,12 +126,29 @@ void ConjuntoDatos::cambie_fila(const Fila& fila, const std::function<void()>& c
             vigentes.append({&sumas, i.key(), s});
         }
     };
+    CuentaLlaves* llaves = indice_busqueda_ ? &indice_busqueda_->llave : nullptr;
+    if (llaves && std::exchange(llaves->version, 0) != version_)
+        llaves = nullptr;
+    bool llaves_al_dia = llaves != nullptr;
+    const auto cuente_llave = [&](int cuantas) {
+        if (!llaves || &fila == nueva_.get())
+            return;
+        QVector<Valor> valores;
+        for (const Campo* c : llaves->campos)
+            valores << valor_guardado(fila, *c);
+        llaves_al_dia = llaves->anote(valores, cuantas) && llaves_al_dia;
+    };
     anote(sumas_totales_);
     if (!filtra) // un filtro puede esconder la fila que cambia
         anote(sumas_a_la_vista_);
+    cuente_llave(-1);
     cambio();
     const bool queda = pos_ >= 0 && pos_ < int(orden_.size()) && orden_[size_t(pos_)] == &fila;
     cambiaron_filas();
+    if (queda)
+        cuente_llave(1);
+    if (llaves_al_dia)
+        llaves->version = version_;
     for (Vigente& v : vigentes) {
         const Agregado a(v.expresion);
         if (queda)

@@ -244,22 +244,6 @@ void ConjuntoDatos::valide_requeridos() {
                              QStringLiteral("Falta el dato %1.").arg(c->nombre_visible()));
 }
 
-void ConjuntoDatos::valide_llave() {
-    const auto llave = campos_llave();
-    if (llave.isEmpty())
-        return;
-    for (size_t i = 0; i < orden_.size(); ++i) {
-        if (int(i) == pos_)
-            continue;
-        bool igual = true;
-        for (int k = 0; igual && k < llave.size(); ++k)
-            igual = valor_de(*orden_[i], *llave[k]).compare(bufer_[llave[k]->indice_]) == 0;
-        if (igual)
-            throw ErrorDatos(QStringLiteral("key violation."), {},
-                             QStringLiteral("Ya existe un registro igual."));
-    }
-}
-
 bool ConjuntoDatos::cambiada(const QStringList& salvo) const {
     if (!editando())
         return false;

@@ -51,10 +51,20 @@ teclas Escape F2
 foto importar_terminada 1.5
 teclas Return Escape
 teclas Return
+teclas F2
+escriba "$muestras/cuentas.csv"
+teclas F2 F2
+foto importar_cuentas 1.2
+teclas Return Return
 teclas Down F2
 escriba "$muestras/terceros.csv"
 teclas F2 F2
-foto importar_terceros 1
+foto importar_terceros 1.2
+teclas Return Return
+teclas Down Down F2 ctrl+a
+escriba "$muestras/comprobantes.csv"
+teclas F2 F2
+foto importar_comprobantes 1.5
 teclas Return
 
 # --- exportar, con sus equivalencias
@@ -77,7 +87,9 @@ teclas Return Escape
 teclas Tab Return
 foto recalculo 0.8
 teclas F5
-foto recalculado 3
+foto recalculando 0.6
+espere_ventana "Contabilidad - Quorvex 2018"
+foto recalculado 0.6
 teclas Return Tab Return Tab
 escriba "130505"
 teclas Tab
@@ -103,7 +115,9 @@ teclas Tab
 foto reemplazar_cuenta 0.8
 teclas F2
 foto reemplazar_cuenta_pregunta 1
-teclas Escape Escape Tab Return
+teclas alt+s
+foto reemplazada 2.5
+teclas Tab Return
 foto reemplazar_tercero 0.8
 teclas Escape Tab Return
 foto borrar_movimientos 0.8
@@ -148,4 +162,11 @@ escriba "Ya se puede cerrar diciembre"
 foto mensaje 0.8
 teclas F2
 foto aviso_de_mensaje 11
-teclas Escape
+# El aviso no le quita el teclado a lo que se está haciendo: se contesta con el ratón.
+xdotool mousemove 1180 690 click 1
+foto responder_mensaje 1
+escriba "Cerrado queda"
+teclas F2
+foto aviso_de_respuesta 11
+xdotool mousemove 1290 690 click 1
+foto avisos_cerrados 0.5

@@ -5,6 +5,7 @@
 #include "app/ventanaavisos.h"
 #include "app/vigiamensajes.h"
 #include "sesion/peticiones.h"
+#include "sesion/respaldos.h"
 #include "sesion_de_prueba.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -43,6 +44,7 @@ private slots:
     void una_excepcion_que_nadie_atrapa_llega_a_la_falla_general();
     void los_saldos_se_compactan_en_silencio();
     void una_pantalla_que_no_se_deja_cerrar_retiene_el_programa();
+    void el_pie_dice_del_respaldo_al_administrador();
 
 private:
     std::optional<SesionDePrueba> s_;
@@ -209,6 +211,30 @@ void PruebaPrincipal::la_primera_activacion_sigue_su_orden() {
     QVERIFY(orden.isEmpty());
     s_->cierre();
     s_->datos.Quorvex.observador = s_->datos.ConGeneral.observador = nullptr;
+}
+
+void PruebaPrincipal::el_pie_dice_del_respaldo_al_administrador() {
+    const auto letrero = [&] { return s_->principal->findChild<QLabel*>("LetreroRespaldo"); };
+    s_->entre("AUXILIAR");
+    QVERIFY(!letrero()->isVisible());
+    s_->cierre();
+    Tfprincipal& p = s_->entre();
+    QVERIFY(letrero()->isVisible());
+    QCOMPARE(letrero()->text(), QString("Sin respaldo"));
+    QString archivo;
+    ParametrosConexion dueno = s_->datos.Quorvex.parametros();
+    dueno.usuario = "SYSDBA";
+    dueno.rol.clear();
+    respalde_compania(dueno, "001", {s_->carpeta() + "/copias", 3}, archivo);
+    const QString cuando = ::reloj().ahora().toString("yyyy/MM/dd hh:mm");
+    QCOMPARE(letrero()->text(), "Respaldo: " + cuando);
+    p.barra->texto("Otra cosa"); // los avisos no lo tapan
+    p.barra->mostrar_advertencia("Y otra", 0);
+    QCOMPARE(letrero()->text(), "Respaldo: " + cuando);
+    s_->cierre();
+    s_->entre();
+    QCOMPARE(letrero()->text(), "Respaldo: " + cuando); // al volver a entrar también
+    s_->cierre();
 }
 
 void PruebaPrincipal::la_sesion_queda_con_lo_que_dicen_las_bases() {

@@ -10,7 +10,9 @@
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QFile>
+#include <QProgressDialog>
 #include <QPushButton>
+#include <QTimer>
 #include <QtTest>
 
 class PruebaPantallasIntercambio : public QObject {
@@ -40,6 +42,7 @@ private slots:
     void borrar_movimientos_pide_las_fechas();
     void borrar_plan_revisa_las_dos_cuentas();
     void el_recalculo_cuenta_lo_que_corrigio();
+    void el_recalculo_se_pinta_y_se_puede_detener();
     void la_estructura_no_se_cambia_con_cuentas_creadas();
     void un_procedimiento_de_usuario_pide_sus_parametros_y_muestra_su_resultado();
 
@@ -379,6 +382,38 @@ void PruebaPantallasIntercambio::el_recalculo_cuenta_lo_que_corrigio() {
     QVERIFY(!escritorio()->abierta("Tfchequeosaldos"));
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     QCOMPARE(saldos_distintos(s_->base.base()), QString());
+}
+
+void PruebaPantallasIntercambio::el_recalculo_se_pinta_y_se_puede_detener() {
+    un_movimiento();
+    s_->base.ejecute({"execute procedure compacte_saldos",
+                      "update saldos_cuenta_niif set sald_debito = sald_debito + 9 where cuen_cod "
+                      "= '110505'",
+                      "update saldos_cuenta set sald_debito = sald_debito + 9 where cuen_cod = "
+                      "'110505'"});
+    const QString mal = saldos_distintos(s_->base.base());
+    Pantalla* p = pantallas().abrir("Tfchequeosaldos");
+    // El avance se ve y atiende su botón entre un trozo y otro.
+    QTimer cancele;
+    bool visto = false;
+    connect(&cancele, &QTimer::timeout, p, [&] {
+        if (auto* avance = p->findChild<QProgressDialog*>("avance_recalculo"))
+            if (avance->isVisible() && !std::exchange(visto, true))
+                avance->findChild<QPushButton*>()->click();
+    });
+    cancele.start(0);
+    i_->espere("Recálculo detenido: los saldos del libro 2649 quedan como estaban.");
+    oprima(Qt::Key_F5);
+    cancele.stop();
+    agote_eventos();
+    QVERIFY(visto);
+    QVERIFY(escritorio()->abierta("Tfchequeosaldos"));
+    QCOMPARE(barra_.text(), QString("Recálculo de saldos: detenido"));
+    QCOMPARE(saldos_distintos(s_->base.base()), mal);
+    i_->espere_comienzo("Recálculo terminado: se corrigieron 1 saldos.");
+    oprima(Qt::Key_F5);
+    agote_eventos();
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaPantallasIntercambio::la_estructura_no_se_cambia_con_cuentas_creadas() {

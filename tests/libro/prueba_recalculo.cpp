@@ -2,6 +2,7 @@
 // QUORVEX_RECALCULOS dice cuántas vueltas (64 es la corrida entera).
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
+#include "apoyo/servidor_prueba.h"
 #include "libro/recalculo.h"
 
 #include <QtTest>
@@ -57,6 +58,72 @@ private slots:
         QCOMPARE(en_texto(recalcule_saldos(c, Libro::Niif, "20000101", "0", "99999999")),
                  QString("SALDOS_TERCERO_NIIF|130505|2018|2|0|30|0|0"));
         QCOMPARE(saldos_distintos(c), QString());
+    }
+
+    void dice_cuanto_va_y_detenido_no_cambia_nada() {
+        BaseDePrueba base;
+        Conexion& c = base.base();
+        for (int mes = 1; mes <= 12; ++mes) {
+            const QString numero = QString::number(mes).rightJustified(6, '0');
+            grabe(c, {mes, numero, "2017" + numero.right(2) + "10", venta(100), venta(100)});
+        }
+        c.ejecute("execute procedure compacte_saldos");
+        base.ejecute({"update saldos_cuenta set sald_debito = 9 where cuen_cod = '130505' and "
+                      "sald_mes = 3"});
+        const auto corra = [&](int hasta) {
+            QVector<int> avance;
+            try {
+                recalcule_saldos(c, Libro::Decreto2649, "20000101", "0", "99999999",
+                                 [&](int ciento) {
+                                     avance << ciento;
+                                     return ciento < hasta;
+                                 });
+            } catch (const EdicionAbortada&) {
+                avance << -1;
+            }
+            return avance;
+        };
+        // Se puede detener en cualquier trozo, también después de haber borrado.
+        const QString mal = filas_de(c, "select * from verifique_saldos('2649')");
+        QVERIFY(!mal.isEmpty());
+        for (const int donde : {5, 40, 80, 97}) {
+            QCOMPARE(corra(donde).last(), -1);
+            QCOMPARE(filas_de(c, "select * from verifique_saldos('2649')"), mal);
+        }
+        const QVector<int> todo = corra(101);
+        QVERIFY(std::is_sorted(todo.begin(), todo.end()));
+        QCOMPARE(todo.last(), 100);
+        QVERIFY2(todo.size() > 2 * 12, "un trozo por mes, al sumar y al rehacer");
+        QCOMPARE(saldos_distintos(c), QString());
+    }
+
+    void en_un_servidor_cada_trozo_se_entrega_al_terminar() {
+        QVERIFY2(!ServidorDePrueba::programa().isEmpty(), "falta firebird3.0-server");
+        ServidorDePrueba servidor;
+        Conexion c, vigia;
+        c.conectar(servidor.parametros());
+        vigia.conectar(servidor.parametros("SYSDBA"));
+        grabe(c, {1, "000001", "20170210", venta(100), venta(100)});
+        // Una secuencia no espera a que se confirme: dice hasta dónde va el servidor.
+        for (const char* sql :
+             {"create sequence prueba_avance", "grant usage on sequence prueba_avance to public",
+              "create trigger prueba_avance for saldos_detalle before insert as declare va bigint; "
+              "begin va = gen_id(prueba_avance, 1); end"})
+            vigia.ejecute(sql);
+        c.desconectar();
+        c.conectar(servidor.parametros());
+        const auto escritas = [&] {
+            return vigia.consulte("select gen_id(prueba_avance, 0) from rdb$database").entero();
+        };
+        // Si las filas viajaran juntas, en la primera ya estaría todo hecho.
+        QVector<qint64> van;
+        recalcule_saldos(c, Libro::Decreto2649, "20000101", "0", "99999999", [&](int) {
+            van << escritas();
+            return true;
+        });
+        QVERIFY(van.size() > 3);
+        QVERIFY2(van.first() < van.last(),
+                 qPrintable(QString("%1 y %2").arg(van.first()).arg(van.last())));
     }
 
     void mientras_otros_graban_y_compactan_no_deja_nada_mal() {

@@ -2,6 +2,7 @@
 // borrar, imprimir, llevar a los saldos iniciales, y de una diferencia a su comprobante.
 #include "apoyo/comprobantes.h"
 #include "apoyo_gui/sesion_gui.h"
+#include "datos/recordset/indice_busqueda.h"
 #include "niif/apertura.h"
 #include "niif/peticiones_niif.h"
 #include "niif/registro.h"
@@ -53,6 +54,8 @@ private slots:
     void una_ventana_que_ya_estaba_abierta_tambien_espera();
     void sin_programa_de_hojas_se_dice();
     void llevarla_a_los_saldos_iniciales_dice_las_cifras();
+    void los_inventarios_pasan_con_su_articulo();
+    void los_importes_de_un_aviso_llevan_miles();
     void dos_usuarios_en_la_misma_cuenta_no_se_pisan();
     void sin_la_opcion_no_se_entra();
     void la_conciliacion_llega_hasta_el_comprobante();
@@ -135,7 +138,7 @@ void PruebaApertura::un_saldo_pasa_en_dos_lineas() {
     QFETCH(QString, saldo);
     QFETCH(QString, sale);
     QFETCH(QString, entra);
-    const auto lineas = lineas_de_traslado({"1", {}, {}, {}, "2", Moneda::de_texto(saldo)});
+    const auto lineas = lineas_de_traslado({"1", {}, {}, {}, {}, "2", Moneda::de_texto(saldo)});
     const auto texto = [](const LineaApertura& l) {
         return QStringList{l.saldo_inicial.texto(), l.reclasificacion_debito.texto(),
                            l.reclasificacion_credito.texto(), l.saldo_final.texto()}
@@ -211,7 +214,7 @@ void PruebaApertura::la_cuenta_sin_equivalente_no_detiene_a_las_demas() {
 }
 
 void PruebaApertura::muchos_terceros_se_traen_y_se_graban() {
-    constexpr int kTerceros = 2500;
+    constexpr int kTerceros = 10000;
     s_->base.ejecute(
         {QStringLiteral("execute block as declare i integer = 1; begin while (i <= %1) do begin "
                         "insert into terceros (terc_nit, terc_nom) values ('7' || lpad(:i, 8, "
@@ -222,7 +225,10 @@ void PruebaApertura::muchos_terceros_se_traen_y_se_graban() {
     abra();
     i_->espere(kTraer, "Sí");
     i_->espere("Se trajeron los saldos de 4 cuentas. Grábelos con F2.");
+    IndiceBusqueda::llaves_leidas = 0;
     oprima(Qt::Key_F7);
+    // Por cada línea, unas pocas: no las de todas las que ya están en la cuenta.
+    QVERIFY(IndiceBusqueda::llaves_leidas < 3 * 2 * kTerceros);
     grabe_y_siga();
     QCOMPARE(s_->dato("select count(*) || '/' || sum(apnd_recldb) || '/' || sum(apnd_reclcr) from "
                       "apertura_niif_det where cuen_cod = '130505'"),
@@ -477,6 +483,66 @@ void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
                      "310505||0|160\n360505||0|20"));
     QCOMPARE(saldos_distintos(s_->base.base()), QString());
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
+    s_->base.ejecute(
+        {"insert into articulo (arti_cod, arti_des) values ('A1', 'Puntillas')",
+         "insert into articulo (arti_cod, arti_des) values ('A2', 'Tornillos')",
+         "update cuentas set cuen_tipo = 'I' where cuen_cod = '152405'",
+         "update cuentas_niif set cuen_tipo = 'I' where cuen_cod = '152405'",
+         "insert into saldos_iniciales (sain_item, cuen_cod, arti_cod, sain_debito) values "
+         "(1, '152405', 'A1', 4)",
+         "insert into saldos_iniciales (sain_item, cuen_cod, arti_cod, sain_debito) values "
+         "(2, '152405', 'A2', 3)",
+         "insert into saldos_iniciales (sain_item, cuen_cod, arti_cod, sain_debito) values "
+         "(3, '110505', 'A2', 1)",
+         "update configuracion set conf_valor = 'SI' where conf_propiedad = 'PERMITIR "
+         "COMPROBANTES DESCUADRADOS'"});
+    s_->dm.cargue_configuracion();
+    Tfbalaperturaniif* p = traiga();
+    grabe_y_siga();
+    const QString entran =
+        "select coalesce(acti_cod, '-') || ' ' || apnd_recldb from apertura_niif_det where "
+        "apnd_ctaniif = '%1' order by apnd_item";
+    QCOMPARE(filas_de(s_->base.base(), entran.arg("152405")), QString("- 7.00\nA1 4.00\nA2 3.00"));
+    QCOMPARE(filas_de(s_->base.base(), entran.arg("110505")), QString("- 94.00")); // no lo pide
+    i_->espere("Faltan el tercero, el centro o el artículo de 1 saldos; el primero, de la cuenta "
+               "152405.");
+    oprima(Qt::Key_F12);
+    // En la línea de inventarios se pone un artículo que exista.
+    detalle(p, "152405");
+    QVERIFY(p->CAperniifdet.Locate("APND_CTANIIF", {"152405"}));
+    QVERIFY(p->CAperniifdet.FieldByName("ACTI_COD").vacio());
+    p->CAperniifdet.Edit();
+    i_->espere("Código no encontrado");
+    p->CAperniifdet.FieldByName("ACTI_COD") = "A9";
+    QVERIFY(p->CAperniifdet.FieldByName("ACTI_COD").vacio());
+    p->CAperniifdet.FieldByName("ACTI_COD") = "A1";
+    QCOMPARE(p->CAperniifdet.FieldByName("ACTI_COD").texto(), QString("A1"));
+    oprima(Qt::Key_F2);
+    grabe_y_siga();
+    i_->espere_comienzo("Se reemplazarán los 0 saldos iniciales NIIF", "Sí");
+    i_->espere("Los saldos iniciales NIIF son ahora los del balance de apertura.");
+    oprima(Qt::Key_F12);
+    QCOMPARE(filas_de(s_->base.base(), "select arti_cod, sain_debito from saldos_iniciales_niif "
+                                       "where cuen_cod = '152405' order by arti_cod"),
+             QString("A1|11\nA2|3"));
+    QCOMPARE(saldos_distintos(s_->base.base()), QString());
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+}
+
+void PruebaApertura::los_importes_de_un_aviso_llevan_miles() {
+    const auto con_miles = [&](const char* importe) {
+        return s_->dato(QStringLiteral("select importe_con_miles(%1) from rdb$database")
+                            .arg(QLatin1String(importe)));
+    };
+    QCOMPARE(con_miles("0"), QString("0.00"));
+    QCOMPARE(con_miles("-0.5"), QString("-0.50"));
+    QCOMPARE(con_miles("999.99"), QString("999.99"));
+    QCOMPARE(con_miles("1000"), QString("1,000.00"));
+    QCOMPARE(con_miles("-1234567.8"), QString("-1,234,567.80"));
+    QCOMPARE(con_miles("9999999999999999.99"), QString("9,999,999,999,999,999.99"));
 }
 
 void PruebaApertura::dos_usuarios_en_la_misma_cuenta_no_se_pisan() {

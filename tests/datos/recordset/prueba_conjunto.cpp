@@ -1,5 +1,6 @@
 #include "apoyo/azar_de_prueba.h"
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/indice_busqueda.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -441,6 +442,72 @@ private slots:
         factor = 0;
         d.lineas.recalcule(); // y lo de afuera, cuando se dice
         QCOMPARE(mire(), QString("10a 20a 30a"));
+    }
+
+    void una_llave_repetida_se_rehusa_sin_mirar_todas_las_filas() {
+        QObject dueno;
+        ConjuntoDatos m(&dueno, "CMemoria");
+        m.entero("ITEM").banderas(pfInKey);
+        m.texto("COD", 9).banderas(pfInKey);
+        m.texto("NOM", 20);
+        m.CreateDataSet();
+        constexpr int kFilas = 3000;
+        const auto digite = [&m](int item, const QString& cod) {
+            m.FieldByName("ITEM") = item;
+            m.FieldByName("COD") = cod;
+        };
+        IndiceBusqueda::llaves_leidas = 0;
+        QStringList esperadas; // por posición
+        for (int i = 0; i < kFilas; ++i) {
+            m.Append();
+            digite(i, "A");
+            m.Post();
+            esperadas << QString("%1A").arg(i);
+        }
+        QVERIFY(IndiceBusqueda::llaves_leidas <= 3 * kFilas);
+        // Cambiando, borrando, cancelando y filtrando, rehúsa lo que rehusaría mirarlas todas.
+        QRandomGenerator azar = azar_de_prueba(20181125);
+        int rehusadas = 0;
+        for (int vuelta = 0; vuelta < 1500; ++vuelta) {
+            const int donde = int(azar.bounded(esperadas.size())), que = int(azar.bounded(10));
+            const int item = que == 9 ? kFilas + vuelta : int(azar.bounded(kFilas));
+            const QString cod = azar.bounded(2) ? "A" : "B", clave = QString::number(item) + cod;
+            m.vaya_a(donde);
+            if (que == 0) {
+                m.Delete();
+                esperadas.removeAt(donde);
+                continue;
+            }
+            if (que == 1 && vuelta % 50 == 0) {
+                m.Filter("ITEM < 1000000");
+                m.Filtered(vuelta % 100 == 0);
+            }
+            if (que < 5)
+                m.Insert();
+            else
+                m.Edit();
+            digite(item, cod);
+            QStringList otras = esperadas;
+            if (que >= 5)
+                otras.removeAt(donde);
+            bool grabo = true;
+            try {
+                m.Post();
+            } catch (const ErrorDatos&) {
+                grabo = false;
+                m.Cancel();
+            }
+            QCOMPARE(grabo, !otras.contains(clave));
+            rehusadas += grabo ? 0 : 1;
+            if (!grabo)
+                continue;
+            if (que >= 5)
+                esperadas[donde] = clave;
+            else
+                esperadas.insert(donde, clave);
+        }
+        QVERIFY(rehusadas > 100);
+        QCOMPARE(m.RecordCount(), int(esperadas.size()));
     }
 
     void buscar_muchas_veces_encuentra_siempre_la_primera_fila_de_ahora() {
