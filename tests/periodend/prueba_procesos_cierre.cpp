@@ -236,9 +236,21 @@ void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del
                    " cuen_ajusdb = 'S' where cuen_cod = '143505'");
     base().ejecute("update cuentas set cuen_ctajuste = '310505', cuen_ctacorrecion = '421020',"
                    " cuen_ajusdb = 'N' where cuen_cod = '220505'");
+    // El costo de un activo lo nombra; la cuenta de su ajuste no es de activos.
+    base().ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('152499', 'Ajustes')");
+    base().ejecute("insert into activos_fijos (acfj_cod, acfj_desc) values ('MUEB1', 'Mesa')");
+    base().ejecute("update cuentas set cuen_ctajuste = '152499', cuen_ctacorrecion = '421020',"
+                   " cuen_ajusdb = 'S' where cuen_cod = '152405' and cuen_tipo = 'A'");
+    grabe(base(), {950,
+                   "000950",
+                   "20180105",
+                   {{1, "152405", Moneda(1000), {}, "900123456", "", "", "MUEB1"},
+                    {2, "310505", {}, Moneda(1000)}}});
+    const QMap<QString, QString> ajustes{
+        {"143505", "143505"}, {"152405", "152499"}, {"220505", "310505"}};
     const QString antes = foto(base());
-    const auto inicio = [](const Renglon& r) {
-        return (r.cuenta == "143505" || r.cuenta == "220505") && r.fecha.left(6) < "201803";
+    const auto inicio = [&](const Renglon& r) {
+        return ajustes.contains(r.cuenta) && r.fecha.left(6) < "201803";
     };
     const auto saldos = netos(base(), 0, inicio);
     const QString orden =
@@ -252,12 +264,12 @@ void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del
         // 1,25 % en centavos, la mitad hacia arriba.
         const qint64 centavos = qAbs(i.value().unidades() / 100);
         const Moneda ajuste = Moneda::de_unidades((centavos * 125 + 5000) / 10000 * 100);
-        const bool debita = cuenta == "143505";
-        esperado[{debita ? "143505" : "310505", nit, proyecto, centro}] +=
-            debita ? ajuste : Moneda() - ajuste;
+        const bool debita = cuenta != "220505";
+        esperado[{ajustes[cuenta], nit, proyecto, centro}] += debita ? ajuste : Moneda() - ajuste;
         esperado[{"421020", "", proyecto, centro}] += debita ? Moneda() - ajuste : ajuste;
     }
     esperado.removeIf([](const auto& i) { return i.value() == Moneda(); });
+    QVERIFY(esperado.contains({"152499", "900123456", "", ""}));
     QCOMPARE(lineas_de(base(), 0, id), esperado);
     QVERIFY(falla_de(base(), orden).contains("ya tiene ajuste por inflación"));
     base().ejecute("delete from ajustes_inflacion");
