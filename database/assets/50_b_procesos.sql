@@ -235,8 +235,8 @@ BEGIN
 END^
 
 -- Parte de VALOR que le toca a cada centro del activo en una cuenta del libro, en orden; el último
--- toma los centavos. Una sola fila sin centro si la cuenta no los lleva o el activo no los tiene; si
--- la cuenta los exige, lo rehúsa con el nombre del activo. Interna de las bajas y los deterioros.
+-- toma los centavos. Una sola fila sin centro si la cuenta no los lleva o el activo no los tiene;
+-- si la cuenta los exige, lo rehúsa con el nombre del activo. Interna de las bajas y deterioros.
 CREATE OR ALTER PROCEDURE REPARTO_DEL_ACTIVO{_NIIF} (
   CODIGO varchar(15), CUENTA varchar(20), VALOR numeric(15,2))
 RETURNS (ORDEN integer, PROY varchar(4), CENTRO varchar(4), PARTE numeric(15,2))

@@ -113,7 +113,7 @@ foto comprobante_del_cierre_de_terceros 1.5
 teclas Escape
 espere 0.5
 teclas F3 alt+s # Sí
-espere 1
+foto cierre_de_terceros_deshecho 1
 teclas Escape
 
 # El ajuste por inflación de diciembre.
@@ -134,5 +134,5 @@ foto comprobante_del_ajuste 1.5
 teclas Escape
 espere 0.5
 teclas F3 alt+s # Sí
-espere 1
+foto ajuste_deshecho 1
 teclas Escape
