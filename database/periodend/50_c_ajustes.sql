@@ -5,7 +5,8 @@
 SET TERM ^ ;
 
 -- El lado lo dice la cuenta: "S" en CUEN_AJUSDB debita la de ajuste. Las líneas del ajuste van por
--- cuenta; la corrección, una por cuenta de corrección y centro. La llama AJUSTES_INFLACION.
+-- cuenta, y llevan el activo solo donde la de ajuste también es de activos; la corrección, una por
+-- cuenta de corrección y centro. La llama AJUSTES_INFLACION.
 CREATE OR ALTER PROCEDURE ARME_AJUSTE_INFLACION (
   ASIENTO integer, FECHA varchar(8), PAAG numeric(15,2), NIT varchar(20), CONCEPTO varchar(60),
   REFER varchar(8))
@@ -29,13 +30,15 @@ BEGIN
     CODE_DESCONTABLE)
   WITH SALDO AS (
     SELECT C.CUEN_CTAJUSTE, C.CUEN_CTACORRECION, C.CUEN_AJUSDB, S.TERC_NIT, S.PROY_COD, S.CENT_COD,
-      S.ARTI_COD, abs(sum(S.SALD_DEBITO - S.SALD_CREDITO)) VALOR
+      iif(C.CUEN_TIPO = 'A' AND T.CUEN_TIPO IS DISTINCT FROM 'A', '', S.ARTI_COD) ARTI_COD,
+      abs(sum(S.SALD_DEBITO - S.SALD_CREDITO)) VALOR
     FROM CUENTAS C
+    LEFT JOIN CUENTAS T ON T.CUEN_COD = C.CUEN_CTAJUSTE
     JOIN VISTA_SALDOS_DETALLE S ON S.CUEN_COD = C.CUEN_COD
     WHERE C.CUEN_CTAJUSTE <> '' AND C.CUEN_CTACORRECION <> ''
       AND (S.SALD_ANO < :ANO OR (S.SALD_ANO = :ANO AND S.SALD_MES < :MES))
-    GROUP BY C.CUEN_COD, C.CUEN_CTAJUSTE, C.CUEN_CTACORRECION, C.CUEN_AJUSDB, S.TERC_NIT,
-      S.PROY_COD, S.CENT_COD, S.ARTI_COD
+    GROUP BY C.CUEN_COD, C.CUEN_TIPO, T.CUEN_TIPO, C.CUEN_CTAJUSTE, C.CUEN_CTACORRECION,
+      C.CUEN_AJUSDB, S.TERC_NIT, S.PROY_COD, S.CENT_COD, S.ARTI_COD
     HAVING sum(S.SALD_DEBITO - S.SALD_CREDITO) <> 0),
   AJUSTE AS (
     SELECT SALDO.*, cast(VALOR * :PAAG / 100 AS numeric(15,2)) IMPORTE FROM SALDO),

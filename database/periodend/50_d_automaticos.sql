@@ -2,13 +2,57 @@
 
 SET TERM ^ ;
 
+-- Líneas de un concepto en un período, sin la de cierre. La base de una es el saldo o movimiento
+-- del mes de su cuenta base con todas sus auxiliares: INI, DEB, CRE, NET (débitos menos créditos) o
+-- FIN, sin signo. Un monto fijo manda sobre la base; PORC distinto de cero, sobre el porcentaje.
+-- Los centavos se redondean línea a línea. Interna de LINEAS_REGIAUTO.
+CREATE OR ALTER PROCEDURE LINEAS_CONCEPTO (
+  CONCEPTO varchar(4), ANO varchar(4), MES smallint, PORC numeric(15,4))
+RETURNS (ITEM integer, CUENTA varchar(20), NIT varchar(20), PROY varchar(4), CENTRO varchar(4),
+  BASE numeric(15,2), PORCENTAJE numeric(15,4), DEBITO numeric(15,2), CREDITO numeric(15,2))
+AS
+  DECLARE CUENTA_BASE varchar(20);
+  DECLARE CUAL varchar(4);
+  DECLARE MONTO numeric(15,2);
+  DECLARE LADO char(1);
+  DECLARE INICIAL numeric(18,2);
+  DECLARE DEBITOS numeric(18,2);
+  DECLARE CREDITOS numeric(18,2);
+BEGIN
+  FOR
+    SELECT COCU_ITEM, CUEN_COD, nullif(COCU_CUENTABASE, ''), COCU_BASE, coalesce(COCU_MONTO, 0),
+      COCU_DEBITO, coalesce(nullif(:PORC, 0), COCU_PORC, 0), TERC_NIT, PROY_COD, CENT_COD
+    FROM CONCEPTOS_CUENTAS WHERE CONC_COD = :CONCEPTO
+    ORDER BY COCU_ITEM
+    INTO :ITEM, :CUENTA, :CUENTA_BASE, :CUAL, :MONTO, :LADO, :PORCENTAJE, :NIT, :PROY, :CENTRO
+  DO
+  BEGIN
+    BASE = NULL;
+    IF (MONTO = 0) THEN
+    BEGIN
+      SELECT coalesce(sum(INICIAL), 0), coalesce(sum(DEBITOS), 0), coalesce(sum(CREDITOS), 0)
+      FROM LEA_SALDOS_CUENTA(:CUENTA_BASE, :ANO, :MES)
+      WHERE :CUENTA_BASE IS NOT NULL
+      INTO :INICIAL, :DEBITOS, :CREDITOS;
+      BASE = abs(decode(CUAL, 'INI', INICIAL, 'DEB', DEBITOS, 'CRE', CREDITOS,
+        'NET', DEBITOS - CREDITOS, INICIAL + DEBITOS - CREDITOS));
+      MONTO = PROPORCION(BASE, PORCENTAJE * 10000, 1000000);
+    END
+    ELSE
+      PORCENTAJE = 0;
+    DEBITO = iif(LADO = 'S', MONTO, 0);
+    CREDITO = iif(LADO = 'S', 0, MONTO);
+    IF (MONTO <> 0) THEN
+      SUSPEND;
+  END
+END^
+
 -- Líneas que produce un registro en un período, sin escribir nada: la vista previa y el
 -- comprobante salen de aquí. ANO "aaaa"; MES 1 a 13; PORC distinto de cero reemplaza el de todas
--- las líneas. La base de una línea es el saldo o movimiento del mes de su cuenta base con todas
--- sus auxiliares: INI, DEB, CRE, NET (débitos menos créditos) o FIN, sin signo. Un monto fijo
--- manda sobre la base. Un concepto fuera de su vigencia no entra (el mes 13 es diciembre); su
--- última línea (ITEM 0) es la cuenta de cierre, por lo que falte para cuadrar. Los centavos del
--- porcentaje se redondean línea a línea. La llaman REGISTRE_REGIAUTO y Tfejecutaregiauto.
+-- las líneas. Un concepto fuera de su vigencia no entra (el mes 13 es diciembre). Sus últimas
+-- líneas (ITEM 0) son la cuenta de cierre, por lo que falte para cuadrar: una sola, o una por cada
+-- tercero y centro de las demás si la cuenta los exige. La llaman REGISTRE_REGIAUTO y
+-- Tfejecutaregiauto.
 CREATE OR ALTER PROCEDURE LINEAS_REGIAUTO (
   REGISTRO varchar(4), ANO varchar(4), MES smallint, PORC numeric(15,4))
 RETURNS (ORDEN integer, CONCEPTO varchar(4), NOMBRE varchar(60), ITEM integer, CUENTA varchar(20),
@@ -16,73 +60,59 @@ RETURNS (ORDEN integer, CONCEPTO varchar(4), NOMBRE varchar(60), ITEM integer, C
   PORCENTAJE numeric(15,4), DEBITO numeric(15,2), CREDITO numeric(15,2))
 AS
   DECLARE CIERRE varchar(20);
-  DECLARE CUENTA_BASE varchar(20);
-  DECLARE CUAL varchar(4);
-  DECLARE MONTO numeric(15,2);
-  DECLARE LADO char(1);
+  DECLARE TERCEROS boolean;
+  DECLARE CENTROS boolean;
+  DECLARE TOTAL numeric(18,2);
   DECLARE NETO numeric(18,2);
-  DECLARE INICIAL numeric(18,2);
-  DECLARE DEBITOS numeric(18,2);
-  DECLARE CREDITOS numeric(18,2);
 BEGIN
   ORDEN = 0;
   FOR
-    SELECT C.CONC_COD, C.CONC_NOM, nullif(C.CONC_CTACIERRE, '')
+    SELECT C.CONC_COD, C.CONC_NOM, P.CUEN_COD, 'S' IN (P.CUEN_TERCERO, P.CUEN_RETENCION),
+      P.CUEN_CENTRO = 'S'
     FROM REGISTRO_CONCEPTOS R
     JOIN CONCEPTOS C ON C.CONC_COD = R.CONC_COD
+    LEFT JOIN CUENTAS P ON P.CUEN_COD = C.CONC_CTACIERRE
     WHERE R.REAU_COD = :REGISTRO
       AND (C.CONC_VENCE IS DISTINCT FROM 'S'
         OR :ANO || lpad(minvalue(:MES, 12), 2, '0') BETWEEN
           coalesce(C.CONC_ANOINI, '0000') || lpad(coalesce(C.CONC_MESINI, 0) + 1, 2, '0')
           AND coalesce(C.CONC_ANOFIN, '9999') || lpad(coalesce(C.CONC_MESFIN, 11) + 1, 2, '0'))
     ORDER BY R.RECO_ITEM
-    INTO :CONCEPTO, :NOMBRE, :CIERRE
+    INTO :CONCEPTO, :NOMBRE, :CIERRE, :TERCEROS, :CENTROS
   DO
   BEGIN
-    NETO = 0;
+    TOTAL = 0;
     FOR
-      SELECT COCU_ITEM, CUEN_COD, nullif(COCU_CUENTABASE, ''), COCU_BASE, coalesce(COCU_MONTO, 0),
-        COCU_DEBITO, coalesce(nullif(:PORC, 0), COCU_PORC, 0), TERC_NIT, PROY_COD, CENT_COD
-      FROM CONCEPTOS_CUENTAS WHERE CONC_COD = :CONCEPTO
-      ORDER BY COCU_ITEM
-      INTO :ITEM, :CUENTA, :CUENTA_BASE, :CUAL, :MONTO, :LADO, :PORCENTAJE, :NIT, :PROY, :CENTRO
+      SELECT ITEM, CUENTA, NIT, PROY, CENTRO, BASE, PORCENTAJE, DEBITO, CREDITO
+      FROM LINEAS_CONCEPTO(:CONCEPTO, :ANO, :MES, :PORC)
+      INTO :ITEM, :CUENTA, :NIT, :PROY, :CENTRO, :BASE, :PORCENTAJE, :DEBITO, :CREDITO
     DO
     BEGIN
-      BASE = NULL;
-      IF (MONTO = 0) THEN
-      BEGIN
-        SELECT coalesce(sum(INICIAL), 0), coalesce(sum(DEBITOS), 0), coalesce(sum(CREDITOS), 0)
-        FROM LEA_SALDOS_CUENTA(:CUENTA_BASE, :ANO, :MES)
-        WHERE :CUENTA_BASE IS NOT NULL
-        INTO :INICIAL, :DEBITOS, :CREDITOS;
-        BASE = abs(decode(CUAL, 'INI', INICIAL, 'DEB', DEBITOS, 'CRE', CREDITOS,
-          'NET', DEBITOS - CREDITOS, INICIAL + DEBITOS - CREDITOS));
-        MONTO = PROPORCION(BASE, PORCENTAJE * 10000, 1000000);
-      END
-      ELSE
-        PORCENTAJE = 0;
-      IF (MONTO <> 0) THEN
-      BEGIN
-        DEBITO = iif(LADO = 'S', MONTO, 0);
-        CREDITO = iif(LADO = 'S', 0, MONTO);
-        NETO = NETO + DEBITO - CREDITO;
-        ORDEN = ORDEN + 1;
-        SUSPEND;
-      END
+      TOTAL = TOTAL + DEBITO - CREDITO;
+      ORDEN = ORDEN + 1;
+      SUSPEND;
     END
-    IF (NETO <> 0 AND CIERRE IS NOT NULL) THEN
+    IF (TOTAL <> 0 AND CIERRE IS NOT NULL) THEN
     BEGIN
       ITEM = 0;
       CUENTA = CIERRE;
-      NIT = NULL;
-      PROY = NULL;
-      CENTRO = NULL;
       BASE = NULL;
       PORCENTAJE = 0;
-      DEBITO = iif(NETO < 0, -NETO, 0);
-      CREDITO = iif(NETO > 0, NETO, 0);
-      ORDEN = ORDEN + 1;
-      SUSPEND;
+      FOR
+        SELECT iif(:TERCEROS, NIT, NULL), iif(:CENTROS, PROY, NULL), iif(:CENTROS, CENTRO, NULL),
+          sum(DEBITO - CREDITO)
+        FROM LINEAS_CONCEPTO(:CONCEPTO, :ANO, :MES, :PORC)
+        GROUP BY 1, 2, 3
+        HAVING sum(DEBITO - CREDITO) <> 0
+        ORDER BY 1, 2, 3
+        INTO :NIT, :PROY, :CENTRO, :NETO
+      DO
+      BEGIN
+        DEBITO = iif(NETO < 0, -NETO, 0);
+        CREDITO = iif(NETO > 0, NETO, 0);
+        ORDEN = ORDEN + 1;
+        SUSPEND;
+      END
     END
   END
 END^

@@ -18,7 +18,8 @@ BEGIN
     SELECT D.CUEN_COD, D.TERC_NIT, D.PROY_COD, D.CENT_COD,
       coalesce(nullif(D.CNDE_DOCAPLICA, ''), D.CNDE_DOCNUMERO),
       max(coalesce(nullif(D.CODE_TIPOAPL, 0), D.CODE_TIPONUE)),
-      sum(iif(coalesce(D.CODE_DEBITO, 0) <> 0, 1, -1) * abs(coalesce(D.CODE_BASE, 0))),
+      sum(sign(coalesce(D.CODE_DEBITO, 0) - coalesce(D.CODE_CREDITO, 0))
+        * abs(coalesce(D.CODE_BASE, 0))),
       sum(coalesce(D.CODE_DEBITO, 0) - coalesce(D.CODE_CREDITO, 0))
     FROM COMPROBANTE_DETALLE D
     JOIN CUENTAS C ON C.CUEN_COD = D.CUEN_COD

@@ -22,6 +22,49 @@ teclas Escape
 espere 0.5
 teclas Escape Escape
 
+# Una venta de 1.000 dólares a 2.900, con su documento y su Base en la moneda, y la diferencia en
+# cambio a la tasa del fin de mes.
+teclas ctrl+b
+escriba "Comprobante g"
+teclas Tab Tab
+escriba "10"
+teclas Tab
+escriba "Venta al exterior"
+teclas Tab Tab Tab Tab Tab Tab Tab Tab
+teclas space Tab
+linea "130505"
+teclas shift+Tab
+escriba "EXP-1"
+teclas Tab
+escriba "Factura de v"
+foto documento_en_moneda 0.6
+teclas Tab Tab Tab Tab space
+linea "901541348" "" "" "" "" "" "1000" "" "2900000" "" ""
+linea "413548" "" "0004" "0001" "" "" "" "" "" "" "2900000"
+foto venta_en_moneda 0.6
+teclas F2
+espere 1
+teclas Escape
+espere 0.5
+teclas Escape
+teclas alt+h Right Right Right Right Right Right Right
+teclas Down Down Down Down Down Down
+foto menu_herramientas 0.4
+teclas Return
+espere 0.5
+escriba "Comprobante g"
+teclas Tab Tab
+escriba "28"
+teclas Tab Tab
+escriba "Diferencia en cambio de febrero"
+teclas Tab
+escriba "2984.15"
+teclas Tab
+escriba "1305"
+teclas Tab F2
+foto diferencia_en_cambio 1.5
+teclas Escape
+
 # El cierre del año se hace en diciembre, se ve y se imprime su comprobante, y se deshace. El mes de
 # la sesión se cambia en el balance, que aquí va por febrero.
 teclas shift+F9
@@ -49,11 +92,47 @@ espere 1
 teclas F3 alt+s # Sí
 foto cierre_deshecho 2
 teclas Escape
-teclas shift+F3
-teclas F5
+
+# Los proveedores quedan a nombre de uno solo, y se deshace.
+teclas shift+F3 F5
+escriba "Comprobante g"
+teclas Tab Tab
+escriba "31"
+teclas Tab Tab
+escriba "Cierre de proveedores"
+teclas Tab
+escriba "901541348"
+teclas Tab Tab
+escriba "2205"
+teclas Tab
 foto cierre_de_terceros 0.8
-teclas Escape Escape
-teclas shift+F2
-teclas F5
+teclas F2
+foto cierres_de_terceros 1.5
+teclas F4
+foto comprobante_del_cierre_de_terceros 1.5
+teclas Escape
+espere 0.5
+teclas F3 alt+s # Sí
+foto cierre_de_terceros_deshecho 1
+teclas Escape
+
+# El ajuste por inflación de diciembre.
+teclas shift+F2 F5
+escriba "Comprobante g"
+teclas Tab Tab
+escriba "31"
+teclas Tab Tab
+escriba "Ajuste de diciembre"
+teclas Tab Tab
+escriba "0.38"
+teclas Tab
 foto ajuste_por_inflacion 0.8
-teclas Escape Escape
+teclas F2
+foto ajustes_por_inflacion 1.5
+teclas F4
+foto comprobante_del_ajuste 1.5
+teclas Escape
+espere 0.5
+teclas F3 alt+s # Sí
+foto ajuste_deshecho 1
+teclas Escape

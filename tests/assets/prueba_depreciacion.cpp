@@ -33,6 +33,7 @@ private slots:
     void un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del_mes();
     void un_nuevo_valor_se_deshace_en_orden_y_no_se_repite_ni_se_edita();
     void el_deterioro_se_reparte_por_los_centros_del_activo();
+    void la_perdida_de_una_baja_se_reparte_por_los_centros_del_activo();
     void el_grupo_que_produce_pide_unidades_y_un_cargo_enorme_se_reparte();
     void lo_que_falta_se_dice_por_el_nombre_del_activo();
 
@@ -376,7 +377,8 @@ void PruebaDepreciacion::el_deterioro_se_reparte_por_los_centros_del_activo() {
     base().ejecute("update cuentas_niif set cuen_centro = 'S' where cuen_cod = '530525'");
     activo("TORNO", "1000", "0", 10, 10, 1, "2017-01-01");
     QVERIFY(falla_de(base(), valor("TORNO", "20170131", "-100"))
-                .contains("Debe indicar un Proyecto-Centro"));
+                .contains("Al activo TORNO le falta el reparto por centros de costo, que la cuenta"
+                          " 530525 exige"));
     int item = 0;
     for (const char* centro : {"'0001', '0001'", "'0001', '0002'", "'0002', '0001'"})
         base().ejecute(QString("insert into activos_centros values ('TORNO', %1, %2, 33.3333)")
@@ -390,6 +392,36 @@ void PruebaDepreciacion::el_deterioro_se_reparte_por_los_centros_del_activo() {
                      "530525|0002|0001|33.34|0\n159220|||0|100\n"
                      "530525|0001|0001|0|16.67\n530525|0001|0002|0|16.67\n"
                      "530525|0002|0001|0|16.66\n159220|||50|0"));
+}
+
+void PruebaDepreciacion::la_perdida_de_una_baja_se_reparte_por_los_centros_del_activo() {
+    base().ejecute("update cuentas set cuen_centro = 'S' where cuen_cod = '531015'");
+    activo("SIERRA", "60", "0", 10, 10, 1, "2017-01-01");
+    activo("TORNO", "120", "0", 6, 12, 1, "2017-01-01");
+    deprecie("20170131");
+    base().ejecute("update activos_fijos set acfj_activo = 'N' where acfj_cod = 'TORNO'");
+    QVERIFY(falla_de(base(), orden("20170131", ""))
+                .contains("Al activo TORNO le falta el reparto por centros de costo, que la cuenta"
+                          " 531015 exige"));
+    int item = 0;
+    for (const char* centro : {"'0002', '0001'", "'0001', '0002'", "'0001', '0001'"})
+        base().ejecute(QString("insert into activos_centros values ('TORNO', %1, %2, 33.3333)")
+                           .arg(++item)
+                           .arg(centro));
+    deprecie("20170131", "");
+    const QString lineas = "select cuen_cod, proy_cod, cent_cod, code_debito, code_credito from"
+                           " comprobante_detalle%1 where enco_consec = (select max(enco_consec)"
+                           " from depreciacion) order by code_item";
+    QCOMPARE(filas_de(base(), lineas.arg("")),
+             QString("152405|||0|120\n159215|||20|0\n531015|0002|0001|33.33|0\n"
+                     "531015|0001|0002|33.33|0\n531015|0001|0001|33.34|0"));
+    // Donde la cuenta no los lleva va en una sola línea.
+    base().ejecute("delete from depreciacion where depr_niif is null");
+    base().ejecute("update cuentas_niif set cuen_centro = 'N' where cuen_cod = '531015'");
+    deprecie("20170131", "");
+    QCOMPARE(filas_de(base(), lineas.arg("_niif")),
+             QString("152405|||0|120\n159215|||10|0\n531015|||110|0"));
+    QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaDepreciacion::el_grupo_que_produce_pide_unidades_y_un_cargo_enorme_se_reparte() {

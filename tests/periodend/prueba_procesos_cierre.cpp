@@ -69,7 +69,9 @@ private slots:
     void el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del_comienzo();
     void un_registro_automatico_calcula_cada_base();
     void un_registro_llega_a_los_ajustes_y_no_se_desborda();
+    void la_cuenta_de_cierre_lleva_el_tercero_y_el_centro_que_exige();
     void la_diferencia_en_cambio_lleva_los_documentos_a_la_tasa();
+    void la_diferencia_en_cambio_de_una_cartera_al_azar();
 
 private:
     Conexion& base() { return base_->base(); }
@@ -234,9 +236,21 @@ void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del
                    " cuen_ajusdb = 'S' where cuen_cod = '143505'");
     base().ejecute("update cuentas set cuen_ctajuste = '310505', cuen_ctacorrecion = '421020',"
                    " cuen_ajusdb = 'N' where cuen_cod = '220505'");
+    // El costo de un activo lo nombra; la cuenta de su ajuste no es de activos.
+    base().ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('152499', 'Ajustes')");
+    base().ejecute("insert into activos_fijos (acfj_cod, acfj_desc) values ('MUEB1', 'Mesa')");
+    base().ejecute("update cuentas set cuen_ctajuste = '152499', cuen_ctacorrecion = '421020',"
+                   " cuen_ajusdb = 'S' where cuen_cod = '152405' and cuen_tipo = 'A'");
+    grabe(base(), {950,
+                   "000950",
+                   "20180105",
+                   {{1, "152405", Moneda(1000), {}, "900123456", "", "", "MUEB1"},
+                    {2, "310505", {}, Moneda(1000)}}});
+    const QMap<QString, QString> ajustes{
+        {"143505", "143505"}, {"152405", "152499"}, {"220505", "310505"}};
     const QString antes = foto(base());
-    const auto inicio = [](const Renglon& r) {
-        return (r.cuenta == "143505" || r.cuenta == "220505") && r.fecha.left(6) < "201803";
+    const auto inicio = [&](const Renglon& r) {
+        return ajustes.contains(r.cuenta) && r.fecha.left(6) < "201803";
     };
     const auto saldos = netos(base(), 0, inicio);
     const QString orden =
@@ -250,12 +264,12 @@ void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del
         // 1,25 % en centavos, la mitad hacia arriba.
         const qint64 centavos = qAbs(i.value().unidades() / 100);
         const Moneda ajuste = Moneda::de_unidades((centavos * 125 + 5000) / 10000 * 100);
-        const bool debita = cuenta == "143505";
-        esperado[{debita ? "143505" : "310505", nit, proyecto, centro}] +=
-            debita ? ajuste : Moneda() - ajuste;
+        const bool debita = cuenta != "220505";
+        esperado[{ajustes[cuenta], nit, proyecto, centro}] += debita ? ajuste : Moneda() - ajuste;
         esperado[{"421020", "", proyecto, centro}] += debita ? Moneda() - ajuste : ajuste;
     }
     esperado.removeIf([](const auto& i) { return i.value() == Moneda(); });
+    QVERIFY(esperado.contains({"152499", "900123456", "", ""}));
     QCOMPARE(lineas_de(base(), 0, id), esperado);
     QVERIFY(falla_de(base(), orden).contains("ya tiene ajuste por inflación"));
     base().ejecute("delete from ajustes_inflacion");
@@ -356,6 +370,46 @@ void PruebaProcesosCierre::un_registro_llega_a_los_ajustes_y_no_se_desborda() {
              QString("999900000000"));
 }
 
+void PruebaProcesosCierre::la_cuenta_de_cierre_lleva_el_tercero_y_el_centro_que_exige() {
+    base().ejecute("insert into conceptos (conc_cod, conc_nom, conc_ctacierre) values ('DIST',"
+                   " 'Distribución', '220505')");
+    for (const char* linea : {"1, '519530', 100, 'S', '900123456', '0001', '0001'",
+                              "2, '519530', 50, 'S', '800456789', '0001', '0002'",
+                              "3, '519530', 30, 'N', '900123456', '0001', '0001'",
+                              "4, '519530', 8, 'S', '900123456', '0002', '0001'"})
+        base().ejecute(QString("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod,"
+                               " cocu_monto, cocu_debito, terc_nit, proy_cod, cent_cod) values"
+                               " ('DIST', %1)")
+                           .arg(linea));
+    base().ejecute("insert into registro_automatico values ('R1', 'Receta', 'CG', '0001')");
+    base().ejecute("insert into registro_conceptos values ('R1', 1, 'DIST')");
+    int cuenta = 220505; // una que ya tiene movimiento no cambia lo que exige
+    const auto cierre = [&](const char* tercero, const char* centro) {
+        const QString codigo = QString::number(cuenta += 5);
+        base().ejecute(QString("insert into cuentas (cuen_cod, cuen_nom, cuen_tercero, cuen_centro)"
+                               " values ('%1', 'Cierre', '%2', '%3')")
+                           .arg(codigo, tercero, centro));
+        base().ejecute("update conceptos set conc_ctacierre = " + codigo);
+        const QString id =
+            base()
+                .ejecute_con_salida("execute procedure registre_regiauto('R1', '2018', 5, 31, '',"
+                                    " 0, 'Mayo', 'R')")
+                .first()
+                .texto();
+        return filas_de(base(), "select terc_nit, proy_cod, cent_cod, code_debito, code_credito"
+                                " from comprobante_detalle where cuen_cod = " +
+                                    codigo + " and enco_consec = " + id + " order by code_item");
+    };
+    QCOMPARE(cierre("N", "N"), QString("|||0|128"));
+    QCOMPARE(cierre("S", "N"), QString("800456789|||0|50\n900123456|||0|78"));
+    QCOMPARE(cierre("N", "S"), QString("|0001|0001|0|70\n|0001|0002|0|50\n|0002|0001|0|8"));
+    QCOMPARE(cierre("S", "S"), QString("800456789|0001|0002|0|50\n900123456|0001|0001|0|70\n"
+                                       "900123456|0002|0001|0|8"));
+    // Sin de dónde tomarlo, se rehúsa como siempre.
+    base().ejecute("update conceptos_cuentas set terc_nit = null where cocu_item = 4");
+    QVERIFY_EXCEPTION_THROWN(cierre("S", "S"), ErrorDatos);
+}
+
 void PruebaProcesosCierre::la_diferencia_en_cambio_lleva_los_documentos_a_la_tasa() {
     // Factura de 1.000 a 3.000, abono de 400 a 2.900 y otra en pesos que no entra.
     const auto linea = [this](int id, const char* debito, const char* credito, const char* base_,
@@ -396,6 +450,157 @@ void PruebaProcesosCierre::la_diferencia_en_cambio_lleva_los_documentos_a_la_tas
                               " comprobante_detalle where cuen_cod in ('421020', '530525')"
                               " group by 1 order by 1"),
              QString("421020|-20000\n530525|60000"));
+}
+
+namespace {
+
+/// Documentos en moneda de un libro al azar, con su propia cuenta de lo que deben. Todo en
+/// centavos.
+class Cartera {
+public:
+    Cartera(Conexion& base, QRandomGenerator& azar) : base_(base), azar_(azar) {}
+
+    /// Una factura o un anticipo, a veces en varias líneas.
+    void abra(const QString& fecha) {
+        const QString centro = uno_de(azar_, kCentros);
+        const Documento d{.clave = {uno_de(azar_, QStringList{"130505", "130510"}),
+                                    uno_de(azar_, kNits.mid(1)), centro.section('|', 0, 0),
+                                    centro.section('|', 1)},
+                          .numero = QString("F%1").arg(1 + azar_.bounded(40)),
+                          .debe = azar_.bounded(4) != 0,
+                          .en_moneda = azar_.bounded(5) != 0};
+        const qint64 tasa = 25000000 + azar_.bounded(10000000);
+        for (int i = 0, n = 1 + azar_.bounded(3); i < n; ++i)
+            mueva(fecha, d, d.debe ? 1 : -1, 1 + azar_.bounded(500000), tasa, false);
+        documentos_ << d;
+    }
+    /// Un abono a otra tasa, a veces por más de lo que se debe; una línea puede venir con el signo
+    /// en el importe.
+    void abone(const QString& fecha) {
+        const Documento d = uno_de(azar_, documentos_);
+        mueva(fecha, d, d.debe ? -1 : 1, 1 + azar_.bounded(300000),
+              25000000 + azar_.bounded(10000000), true);
+    }
+    /// Lo que cambia cada documento a esa tasa, en diezmilésimas, con su contrapartida; lo da por
+    /// hecho.
+    QMap<Clave, Moneda> cause(qint64 tasa, QStringList& filas) {
+        QMap<Clave, Moneda> lineas;
+        for (auto i = saldos_.begin(); i != saldos_.end(); ++i) {
+            const auto& [clave, numero] = i.key();
+            const qint64 cambia = pesos(i->first, tasa) - i->second;
+            if (!en_moneda_.contains(i.key()) || cambia == 0)
+                continue;
+            i->second += cambia;
+            const auto& [cuenta, nit, proyecto, centro] = clave;
+            const Moneda valor = Moneda::de_unidades(cambia * 100);
+            filas << QStringList{numero, nit, proyecto, centro, valor.texto()}.join('|');
+            lineas[clave] += valor;
+            // La ganancia pide tercero y la pérdida, centro.
+            lineas[cambia > 0 ? Clave{"421020", nit, "", ""}
+                              : Clave{"530525", "", proyecto, centro}] += Moneda() - valor;
+        }
+        lineas.removeIf([](const auto& i) { return i.value() == Moneda(); });
+        filas.sort();
+        return lineas;
+    }
+
+private:
+    struct Documento {
+        Clave clave;
+        QString numero;
+        bool debe, en_moneda;
+    };
+    using Llave = std::pair<Clave, QString>;
+
+    static qint64 pesos(qint64 moneda, qint64 tasa) {
+        const qint64 valor = (qAbs(moneda) * tasa + 5000) / 10000;
+        return moneda < 0 ? -valor : valor;
+    }
+    void mueva(const QString& fecha, const Documento& d, int signo, qint64 moneda, qint64 tasa,
+               bool aplica) {
+        const qint64 valor = pesos(moneda, tasa);
+        const int id = 1000 + ++ultimo_;
+        const auto& [cuenta, nit, proyecto, centro] = d.clave;
+        grabe(base_,
+              {id, QString("%1").arg(id, 6, 10, QChar('0')), fecha, {}, {}, "N", "RC", "0002"});
+        // Un reverso: el mismo lado, en negativo.
+        const bool reverso = azar_.bounded(6) == 0, al_debito = (signo > 0) != reverso;
+        const QString importe = Moneda::de_unidades(valor * (reverso ? -100 : 100)).texto();
+        const auto nulo = [](const QString& t) { return t.isEmpty() ? "null" : QuotedStr(t); };
+        base_.ejecute(
+            QString("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit,"
+                    " proy_cod, cent_cod, code_debito, code_credito, code_base, %1) values (%2, 1,"
+                    " %3, %4, %5, %6, %7, %8, %9, 31, %10)")
+                .arg(aplica ? "code_tipoapl, cnde_docaplica" : "code_tiponue, cnde_docnumero")
+                .arg(id)
+                .arg(QuotedStr(cuenta), QuotedStr(nit), nulo(proyecto), nulo(centro),
+                     al_debito ? importe : "0", al_debito ? "0" : importe,
+                     d.en_moneda ? Moneda::de_unidades(moneda * 100).texto() : "0",
+                     QuotedStr(d.numero)));
+        auto& saldo = saldos_[{d.clave, d.numero}];
+        saldo.second += signo * valor;
+        if (!d.en_moneda)
+            return;
+        saldo.first += signo * moneda;
+        en_moneda_ << Llave{d.clave, d.numero};
+    }
+
+    Conexion& base_;
+    QRandomGenerator& azar_;
+    QVector<Documento> documentos_;
+    QMap<Llave, std::pair<qint64, qint64>> saldos_; ///< moneda y pesos
+    QList<Llave> en_moneda_;
+    int ultimo_ = 0;
+};
+
+} // namespace
+
+void PruebaProcesosCierre::la_diferencia_en_cambio_de_una_cartera_al_azar() {
+    const int semilla = 20251104;
+    QRandomGenerator azar = azar_de_prueba(semilla);
+    base().ejecute("update or insert into cuentas (cuen_cod, cuen_nom, cuen_tipo) values ('130510',"
+                   " 'Del exterior', 'C') matching (cuen_cod)");
+    base().ejecute("update cuentas set cuen_tercero = iif(cuen_cod = '421020', 'S', 'N'),"
+                   " cuen_centro = iif(cuen_cod = '530525', 'S', 'N') where cuen_cod in ('421020',"
+                   " '530525')");
+    Cartera cartera(base(), azar);
+    for (int mes = 1; mes <= 6; ++mes) {
+        const QString periodo = QString("20180%1").arg(mes);
+        for (int i = 0; i < 8; ++i)
+            cartera.abra(periodo + "05");
+        for (int i = 0; i < 10; ++i)
+            cartera.abone(periodo + "20");
+        const qint64 tasa = 25000000 + azar.bounded(10000000);
+        QStringList esperadas, filas;
+        const QMap<Clave, Moneda> lineas = cartera.cause(tasa, esperadas);
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        Cursor c(
+            base().prepare(
+                QString("select numero, nit, proy, centro, diferencia from"
+                        " causa_diferencia_cambio('2018/0%1/28', 'CG', '0001', '', %2, '1305')")
+                    .arg(mes)
+                    .arg(Moneda::de_unidades(tasa).texto()),
+                t),
+            t, {});
+        while (c.siguiente()) {
+            QStringList fila;
+            for (int i = 0; i < 5; ++i)
+                fila << c.valor(i).texto();
+            filas << fila.join('|');
+        }
+        c.cierre();
+        t.confirme();
+        filas.sort();
+        const QString sitio = QString("semilla %1, mes %2").arg(semilla).arg(mes);
+        QVERIFY2(filas == esperadas,
+                 qPrintable(sitio + '\n' + filas.join('\n') + "\n--\n" + esperadas.join('\n')));
+        auto hechas = lineas_de(
+            base(), 0,
+            base().consulte("select max(enco_consec) from comprobante_encabezado").texto());
+        hechas.removeIf([](const auto& i) { return i.value() == Moneda(); });
+        QVERIFY2(hechas == lineas, qPrintable(sitio));
+    }
+    QCOMPARE(saldos_distintos(base()), QString());
 }
 
 QTEST_APPLESS_MAIN(PruebaProcesosCierre)
