@@ -30,6 +30,14 @@ bool existe(Conexion& conexion, qint64 id) {
                 .nulo();
 }
 
+/// Con sus líneas por item: un conjunto de datos las trae como las tenga la base.
+Comprobante por_item(Comprobante c) {
+    for (auto* lineas : {&c.lineas_2649, &c.lineas_niif})
+        std::stable_sort(lineas->begin(), lineas->end(),
+                         [](const auto& a, const auto& b) { return a.item < b.item; });
+    return c;
+}
+
 } // namespace
 
 std::optional<Rechazo> revise_borrado(Conexion& conexion, const PedidoBorrado& pedido) {
@@ -51,7 +59,7 @@ std::optional<Rechazo> revise_cambio_ajeno(Conexion& conexion, const PedidoBorra
     if (!pedido.visto)
         return {};
     const auto guardado = lea_comprobante(conexion, pedido.id);
-    if (!guardado || *guardado == *pedido.visto)
+    if (!guardado || *guardado == por_item(*pedido.visto))
         return {};
     Rechazo r;
     r.motivo = Motivo::CambioAjeno;

@@ -45,6 +45,8 @@ void PruebaMuerteSubita::lo_que_dejo_un_programa_muerto_no_detiene_al_siguiente(
     const QTemporaryDir cuenta;
     QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
     entorno.insert("XDG_DATA_HOME", cuenta.path());
+    for (const char* del_motor : {"FIREBIRD", "FIREBIRD_LOCK", "FIREBIRD_TMP"})
+        entorno.remove(del_motor); // los de este programa
     const QString programas = QCoreApplication::applicationDirPath() + '/',
                   resto = cuenta.filePath("quorvex/motor/bloqueos/fb12_lock_resto");
     const auto deje_un_resto = [&] {

