@@ -30,6 +30,14 @@ bool existe(Conexion& conexion, qint64 id) {
                 .nulo();
 }
 
+/// El comprobante con sus líneas en orden: quien lo abrió las vio como la base se las dio.
+Comprobante por_item(Comprobante c) {
+    for (Libro libro : {Libro::Decreto2649, Libro::Niif})
+        std::sort(c.lineas(libro).begin(), c.lineas(libro).end(),
+                  [](const auto& a, const auto& b) { return a.item < b.item; });
+    return c;
+}
+
 } // namespace
 
 std::optional<Rechazo> revise_borrado(Conexion& conexion, const PedidoBorrado& pedido) {
@@ -51,7 +59,7 @@ std::optional<Rechazo> revise_cambio_ajeno(Conexion& conexion, const PedidoBorra
     if (!pedido.visto)
         return {};
     const auto guardado = lea_comprobante(conexion, pedido.id);
-    if (!guardado || *guardado == *pedido.visto)
+    if (!guardado || *guardado == por_item(*pedido.visto))
         return {};
     Rechazo r;
     r.motivo = Motivo::CambioAjeno;
