@@ -50,7 +50,8 @@ viva() {
     exit 1
 }
 espere() { sleep "${1:-0.5}"; calma; }
-# calma: espera a que el programa atienda lo que le llegó; en un equipo ocupado las pausas no bastan.
+# calma: espera a que el programa atienda lo que le llegó; en un equipo ocupado las pausas no
+# bastan.
 calma() {
     local antes= ahora quietas=0
     for _ in $(seq 400); do

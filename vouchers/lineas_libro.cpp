@@ -433,10 +433,20 @@ void LineasLibro::BeforePost() {
     if (replicando || (!c_.exige_valor && intacta()))
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
+    if (!c_.exige_valor && consulta_.IsEmpty())
+        exija_cuenta();
     exija(faltas_de_linea(linea(), atributos()));
     if (c_.exige_valor && sin_valor && !consulta_.IsEmpty())
         rehuse("Debe indicar un valor débito o crédito para la cuenta " + cuenta() +
                " o eliminar el registro completo.");
+}
+
+void LineasLibro::exija_cuenta() {
+    // La que se dijo crear y no se creó no se queda en la línea.
+    const auto r = revise_cuenta(detalle.conexion(), libro, cuenta());
+    if (r && r->motivo == Motivo::CuentaInexistente)
+        rehuse(QString("La cuenta ") + (es_niif(libro) ? "NIIF " : "") + cuenta() +
+               " no existe. Regístrela o escoja otra.");
 }
 
 LineaComprobante LineasLibro::linea() const {

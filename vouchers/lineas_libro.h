@@ -138,6 +138,7 @@ private:
     void ColEnter(int columna);
     void ColExit(int columna);
     void BeforePost();
+    void exija_cuenta();
     void AfterScroll();
 
     AnfitrionLineas& anfitrion_;

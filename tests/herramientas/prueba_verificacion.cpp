@@ -2,6 +2,7 @@
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
 #include "apoyo/herramienta.h"
+#include "herramientas/verificacion.h"
 
 #include <QtTest>
 
@@ -16,6 +17,8 @@ private slots:
     void un_borrado_a_medias_se_ve_en_cualquier_punto();
     void lo_repetido_se_cuenta_en_lugar_de_llenar_la_pantalla();
     void los_importes_que_no_caben_en_una_suma_se_nombran_y_no_la_detienen();
+    void lo_que_entro_por_fuera_de_las_guardas_tambien_se_nombra();
+    void todo_se_lee_en_una_sola_foto();
     void los_saldos_no_dependen_de_la_fila_de_configuracion();
     void el_recalculo_dice_que_corrigio_y_repone_la_fila_de_control();
 
@@ -176,6 +179,40 @@ void PruebaVerificacion::los_importes_que_no_caben_en_una_suma_se_nombran_y_no_l
     QCOMPARE(verificacion(), QString(kBien));
     base_->ejecute({"execute procedure compacte_saldos"});
     QCOMPARE(base().consulte("select saldo from saldo_cuenta('110505', '20171231')").entero(), 100);
+}
+
+void PruebaVerificacion::lo_que_entro_por_fuera_de_las_guardas_tambien_se_nombra() {
+    un_comprobante(1);
+    dane("comprobante_bi",
+         {"update comprobante_encabezado set enco_numero = '' where enco_consec = 1"});
+    dane("saldos_iniciales_bi", {"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito,"
+                                 " sain_credito) values (1, '11', 5, 5)"});
+    const QString dicho = verificacion();
+    for (const char* dice : {"comprobante CG 0001: sin número (fecha 20170310)",
+                             "libro 2649: saldo inicial en una cuenta que no puede llevarlo "
+                             "(línea 1, cuenta 11)"})
+        QVERIFY2(dicho.contains(QString::fromUtf8(dice)), qPrintable(dicho));
+    QVERIFY(dicho.endsWith("\n1"));
+}
+
+void PruebaVerificacion::todo_se_lee_en_una_sola_foto() {
+    un_comprobante(1);
+    Conexion c, otra;
+    c.conectar(base_->parametros());
+    otra.conectar(base_->parametros());
+    QStringList fotos;
+    c.observador = [&](const QString& sql) {
+        if (!sql.contains("verifique_"))
+            return;
+        const auto t = otra.abra("select mon$transaction_id from mon$transactions where "
+                                 "mon$isolation_mode = 1 and mon$transaction_id <> "
+                                 "current_transaction");
+        fotos << (t->siguiente() ? t->valor(0).texto() : QString("ninguna"));
+    };
+    QCOMPARE(verifique_compania(c), QStringList());
+    // Los dos libros y los saldos de cada uno, del mismo instante.
+    QCOMPARE(fotos.size(), 3);
+    QVERIFY2(fotos[0] != "ninguna" && fotos.count(fotos[0]) == 3, qPrintable(fotos.join(' ')));
 }
 
 void PruebaVerificacion::los_saldos_no_dependen_de_la_fila_de_configuracion() {

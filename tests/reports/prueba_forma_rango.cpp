@@ -213,12 +213,17 @@ void PruebaFormaRango::lo_impreso_cuadra_mientras_otro_graba() {
     agregue_libro(s);
     s.cnt.periodo_actual = 2;
     auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    QString fotos;
+    f->CAuxiliar.BeforeGetRecords = [&] {
+        fotos = s.dato("select count(*) from mon$transactions where mon$isolation_mode = 1");
+    };
     f->CAuxiliar.AfterOpen = [&] {
         // Después de abrir y antes de componer, otro usuario registra un comprobante.
         agregue_comprobante(s, 950, "CG", "000950", "20170320",
                             {{"110505", "777777", "0"}, {"310505", "0", "777777"}}, {});
     };
     const QString texto = informe_como_texto(f, Qt::Key_F2);
+    QCOMPARE(fotos, QString("1")); // se lee entero de un mismo instante
     QVERIFY2(!texto.contains("777,777.00"), qPrintable(texto));
     const QStringList total =
         texto.section("Total del informe", 1).section('\n', 0, 0).simplified().split(' ');

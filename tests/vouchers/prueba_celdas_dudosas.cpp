@@ -250,6 +250,37 @@ private slots:
         QCOMPARE(p->CDetalle.RecordCount(), 2); // lo digitado sigue ahí
         p->CMovimiento.CancelUpdates();
     }
+
+    void la_cuenta_que_se_iba_a_crear_y_no_se_creo_no_se_queda_en_la_linea() {
+        SesionGui s;
+        Digitador d(s);
+        registre_testigo("Tfnvacuenta");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
+        Interlocutor i;
+        i.espere("La cuenta especificada no existe. Desea Crearla?", "Sí");
+        d.linea({"110599"});
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        Pantalla* ficha = s.escritorio.activa();
+        QCOMPARE(ficha->objectName(), QString("Tfnvacuenta"));
+        ficha->close(); // sin crearla
+        d.rejilla().setFocus();
+        d.rejilla().SelectedIndex(LineasLibro::kDebito);
+        d.linea({"10"});
+        const char* mensaje = "La cuenta 110599 no existe. Regístrela o escoja otra.";
+        for (const auto tecla : {Qt::Key_Down, Qt::Key_F2}) {
+            i.espere(mensaje);
+            oprima(tecla);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QVERIFY(p->CDetalle.editando());
+        }
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        // Con Esc en la rejilla, la línea se va.
+        oprima(Qt::Key_Escape);
+        QCOMPARE(p->CDetalle.RecordCount(), 0);
+        p->CMovimiento.CancelUpdates();
+    }
 };
 
 QTEST_MAIN(PruebaCeldasDudosas)

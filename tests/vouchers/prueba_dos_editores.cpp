@@ -119,6 +119,25 @@ private slots:
         agote_eventos();
         QVERIFY(!solo.p);
     }
+
+    void el_orden_en_que_la_base_da_las_lineas_no_es_un_cambio() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", {});
+        for (const char* linea : {"2, '310505', 0, 100", "1, '110505', 100, 0"})
+            s.base.ejecute({QString("insert into comprobante_detalle (enco_consec, code_item, "
+                                    "cuen_cod, code_debito, code_credito) values (1, %1)")
+                                .arg(linea)});
+        Editor solo(s);
+        solo.p->CDetalle.First();
+        QCOMPARE(solo.p->CDetalle.FieldByName("CODE_ITEM").texto(), QString("2"));
+        Interlocutor i;
+        i.espere("Desea borrar definitivamente el comprobante CG 0001 000021?", "Sí");
+        solo.p->SBBorrar->click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        agote_eventos();
+    }
 };
 
 QTEST_MAIN(PruebaDosEditores)

@@ -165,6 +165,45 @@ private slots:
         QCOMPARE(s.dato("select sum(code_credito) from comprobante_detalle"), QString("510"));
         p->CMovimiento.CancelUpdates();
     }
+
+    void al_editar_una_plantilla_reemplaza_tambien_las_ocultas() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute(
+            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
+             "values (3, 'CG', '0001', 'Arriendo')",
+             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_debitos, "
+             "plde_creditos) values (3, 1, '240805', 40, 0)"});
+        ponga_comprobante(s, 1, "000021", "20170315",
+                          {"110505:500:0", "111005:10:0", "310505:0:510"});
+        auto* p =
+            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        QVERIFY(p);
+        p->ckFiltro->setChecked(true);
+        p->lineas_2649->rejilla->setFocus();
+        oprima(Qt::Key_Home, Qt::ControlModifier);
+        p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kCuenta);
+        oprima(Qt::Key_Up);
+        digite("111005");
+        oprima(Qt::Key_Return);
+        QCOMPARE(p->CDetalle.RecordCount(), 1);
+        Interlocutor i;
+        i.espere(
+            "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
+            "Sí");
+        registre_testigo("TfOtra");
+        Pantalla* otra = pantallas().abrir("TfOtra");
+        otra->ofrezca<PidePlantilla>("3");
+        otra->close();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        // La de arriba se queda; la actual y la que el filtro tapaba se van.
+        QStringList cuentas;
+        p->CDetalle.recorra_todas([&](const Fila& f) {
+            cuentas << p->CDetalle.valor_de(f, p->CDetalle.FieldByName("CUEN_COD")).texto();
+        });
+        QCOMPARE(cuentas, QStringList({"110505", "240805"}));
+        p->CMovimiento.CancelUpdates();
+    }
 };
 
 QTEST_MAIN(PruebaFiltroDeLineas)

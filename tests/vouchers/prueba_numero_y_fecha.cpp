@@ -96,6 +96,27 @@ private slots:
         QCOMPARE(s.escritorio.abiertas().size(), 1);
     }
 
+    void el_que_un_corte_dejo_sin_prefijo_ni_numero_los_recibe_al_grabar() {
+        SesionGui s;
+        Digitador d(s);
+        Tfmovimien* p = d.abra();
+        for (const bool al_pasar_de_pagina : {false, true}) {
+            d.encabezado("CG", "05", "x");
+            // Así queda si la conexión se pierde mientras se preparaba.
+            for (const char* campo : {"PRCO_PREF", "ENCO_NUMERO"})
+                ponga_callado(p->CMovimiento, campo, {});
+            d.asiento("110505", "310505", "10");
+            if (al_pasar_de_pagina)
+                oprima(Qt::Key_PageDown, Qt::ControlModifier);
+            else
+                oprima(Qt::Key_F2);
+        }
+        QCOMPARE(numeros(s), QString("000001,000002"));
+        QCOMPARE(s.dato("select min(prco_pref) || max(prco_pref) from comprobante_encabezado"),
+                 QString("00010001"));
+        p->CMovimiento.CancelUpdates();
+    }
+
     void un_numero_por_debajo_no_devuelve_el_contador() {
         SesionGui s;
         Digitador d(s);

@@ -4,6 +4,7 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
+#include <ctime>
 
 namespace {
 
@@ -508,6 +509,31 @@ private slots:
         }
         QVERIFY(rehusadas > 100);
         QCOMPARE(m.RecordCount(), int(esperadas.size()));
+    }
+
+    void buscar_en_una_tabla_grande_no_la_recorre() {
+        const auto procesador = [](int filas) {
+            ConjuntoDatos m(nullptr, "CMemoria");
+            m.entero("COD");
+            m.entero("DOBLE");
+            m.CreateDataSet();
+            for (int i = 0; i < filas; ++i) {
+                m.Append();
+                m.Fields(0) = i;
+                m.Fields(1) = 2 * i;
+                m.Post();
+            }
+            for (int i = 0; i < 200; ++i) // las primeras arman el índice
+                (void)m.Lookup("COD", {i}, "DOBLE");
+            const std::clock_t antes = std::clock();
+            for (int i = 0; i < 4000; ++i)
+                if (m.Lookup("COD", {filas - 1 - i % 100}, "DOBLE").nulo())
+                    return std::clock_t(-1);
+            return std::clock() - antes;
+        };
+        const std::clock_t pocas = procesador(1000), muchas = procesador(20000);
+        QVERIFY(pocas >= 0 && muchas >= 0);
+        QVERIFY2(muchas < 10 * pocas, qPrintable(QString("%1 contra %2").arg(muchas).arg(pocas)));
     }
 
     void buscar_muchas_veces_encuentra_siempre_la_primera_fila_de_ahora() {
