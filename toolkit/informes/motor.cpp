@@ -38,6 +38,16 @@ public:
         QApplication::processEvents();
         return !dialogo_.wasCanceled();
     }
+    /// Un aviso que se cierra apenas aparece puede dejar el teclado sin ventana.
+    ~Avance() {
+        if (!mostrado_)
+            return;
+        dialogo_.hide();
+        if (QWidget* queda = QApplication::activeModalWidget())
+            queda->activateWindow();
+        else if (dialogo_.parentWidget())
+            dialogo_.parentWidget()->window()->activateWindow();
+    }
 
 private:
     QProgressDialog dialogo_;
