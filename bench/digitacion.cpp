@@ -153,7 +153,7 @@ void mida_celdas() {
     for (const char* saldo : {"NO", "SI"}) {
         {
             Conexion c;
-            c.conectar({copia.lugar.base_compania("001"), "ADMIN", {}});
+            c.conectar({copia.lugar.base_compania("001"), "SYSDBA", {}});
             c.ejecute("update configuracion set conf_valor = ? where conf_propiedad = 'MOSTRAR "
                       "SALDO POR CUENTA Y POR TERCERO AL DIGITAR MOVIMIENTOS'",
                       {Valor(saldo)});
