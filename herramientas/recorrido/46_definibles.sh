@@ -7,7 +7,7 @@ boton() {
     espere 1.2
 }
 
-boton 671 80
+boton 865 69
 foto balance_anual
 teclas Down Down Down F12
 foto grafico_de_movimientos 1
@@ -15,7 +15,7 @@ teclas Down Down
 foto grafico_de_saldos 0.8
 teclas Escape Escape
 
-boton 832 80
+boton 1047 69
 foto comparativo_de_centros
 # La columna de un subtotal se pliega, y a la derecha los nombres de las filas siguen a la vista.
 teclas Right Right Right Right shift+space
@@ -29,7 +29,7 @@ foto cubo_sin_subcentros 0.6
 teclas Escape
 
 # Formatos especiales: la lista, el editor con la página a la vista y el papel.
-boton 89 452
+boton 89 423
 teclas shift+Tab space
 foto formatos_especiales 0.8
 teclas End F4
