@@ -140,6 +140,7 @@ void Tfprincipal::arme_panel_superior() {
         b->setIconSize({escalado(24), escalado(24)});
         fila_botones->addWidget(b);
         botones_balance_ << b;
+        b->setToolTip(QStringLiteral("%1 (Alt+%2)").arg(b->toolTip()).arg(botones_balance_.size()));
     }
     auto* fila = new QHBoxLayout(AdvPanel1);
     fila->setContentsMargins(paso(), paso(), paso(), paso());
@@ -260,6 +261,10 @@ void Tfprincipal::keyPressEvent(QKeyEvent* evento) {
                 findChild<QPushButton*>(QStringLiteral("alt_") + QLatin1Char(a.letra))->click();
                 return;
             }
+    // Los del panel de arriba, por su orden.
+    const int puesto = evento->key() - Qt::Key_1;
+    if (evento->modifiers() == Qt::AltModifier && botones_balance_.value(puesto))
+        return botones_balance_[puesto]->click();
     QMainWindow::keyPressEvent(evento);
 }
 
