@@ -125,7 +125,7 @@ BEGIN
     NEGATIVA = 'El tercero ' || DESTINO || ' no existe.';
   ELSE IF (RENGLONES = 0) THEN
     NEGATIVA = 'El tercero ' || ORIGEN || ' no tiene movimientos'
-      || iif(CUENTA IS NULL, '.', ' en la cuenta.');
+      || trim(TRAILING FROM iif(CUENTA IS NULL, '.', ' en la cuenta.'));
   ELSE IF (ORIGEN = DESTINO) THEN
     NEGATIVA = 'El tercero que reemplaza al ' || ORIGEN || ' debe ser otro.';
   ELSE

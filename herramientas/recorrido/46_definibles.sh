@@ -56,6 +56,7 @@ if [ -f "$trabajo/datos/002/quorvex.fdb" ]; then
     teclas Tab space
     escriba "002"
     teclas Tab
+    escriba "Dic" # con todo el año: la segunda tiene cuentas que la primera no
     foto rango_consolidado
     teclas F2
     a_pdf balance_de_prueba_consolidado 1
