@@ -250,6 +250,8 @@ void Tfbalaperturaniif::valide_celda(Campo& campo) {
         return;
     const QString nombre = campo.FieldName;
     const bool busca = texto.startsWith('?');
+    if (busca)
+        reciba(nombre, {}); // salir de la búsqueda sin escoger no deja el "?"
     const auto reciba_en = [this, nombre](const QString& valor) { reciba(nombre, valor); };
     if (nombre == "APND_CUENTA" || nombre == "APND_CTANIIF") {
         const Libro libro = nombre == "APND_CUENTA" ? Libro::Decreto2649 : Libro::Niif;
@@ -269,8 +271,9 @@ void Tfbalaperturaniif::valide_celda(Campo& campo) {
             reciba("PROY_COD", c.proyecto_seleccion);
             reciba("CENT_COD", c.centro_seleccion);
         });
-    } else if (nombre == "CENT_COD" && !CAperniifdet.FieldByName("PROY_COD").vacio() &&
-               !fdmcnt().valide_centro(CAperniifdet.FieldByName("PROY_COD").texto(), texto)) {
+    } else if (const QString proyecto = CAperniifdet.FieldByName("PROY_COD").texto();
+               nombre == "CENT_COD" && !proyecto.isEmpty() &&
+               !fdmcnt().valide_centro(proyecto, texto)) {
         reciba(nombre, {});
     }
 }
@@ -292,7 +295,7 @@ void Tfbalaperturaniif::valide_articulo(const QString& texto,
         if (inventario)
             escoja_articulo(*this, reciba_en, texto.mid(1));
         else
-            escoja_activo(*this, reciba_en);
+            escoja_activo(*this, reciba_en, texto.mid(1));
     } else if (inventario && !fdmArt().valide_articulo(texto)) {
         reciba("ACTI_COD", {});
     } else if (!inventario && fdmcnt().desc_activo(texto).isEmpty()) {

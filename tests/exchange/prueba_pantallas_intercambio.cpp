@@ -36,11 +36,8 @@ private slots:
     void la_exportacion_pide_lo_que_falta_y_graba();
     void las_equivalencias_se_graban_y_la_cuenta_debe_existir();
     void el_mantenimiento_pide_la_opcion_de_cada_herramienta();
-    void reemplazar_cuenta_pregunta_con_cifras();
-    void reemplazar_tercero_avisa_al_dejar_cada_caja();
-    void abrir_auxiliar_pide_codigo_nombre_y_equivalente();
-    void borrar_movimientos_pide_las_fechas();
-    void borrar_plan_revisa_las_dos_cuentas();
+    void cada_herramienta_avisa_pregunta_con_cifras_y_hace_data();
+    void cada_herramienta_avisa_pregunta_con_cifras_y_hace();
     void el_recalculo_cuenta_lo_que_corrigio();
     void el_recalculo_se_pinta_y_se_puede_detener();
     void la_estructura_no_se_cambia_con_cuentas_creadas();
@@ -55,20 +52,22 @@ private:
         f.write(texto);
         return ruta;
     }
+    /// Oprime y espera a que la pantalla que sigue esté a la vista.
+    static Pantalla* siga(int clave) {
+        oprima(clave);
+        agote_eventos();
+        return escritorio()->activa();
+    }
     /// Pasa los dos primeros pasos con ese archivo.
     Tfimportarinv3* tercer_paso(const char* radio, const QString& ruta) {
         Pantalla* uno = pantallas().abrir("Tfimportarinv1");
         componente<QAbstractButton>(uno, radio).click();
-        oprima(Qt::Key_F2);
-        agote_eventos();
-        auto* dos = qobject_cast<Tfimportarinv2*>(escritorio()->activa());
+        auto* dos = qobject_cast<Tfimportarinv2*>(siga(Qt::Key_F2));
         if (!dos)
             return nullptr;
         if (!ruta.isEmpty())
             dos->Ubicacion->setText(ruta);
-        oprima(Qt::Key_F2);
-        agote_eventos();
-        return qobject_cast<Tfimportarinv3*>(escritorio()->activa());
+        return qobject_cast<Tfimportarinv3*>(siga(Qt::Key_F2));
     }
     void un_movimiento() {
         grabe(s_->base.base(),
@@ -95,22 +94,17 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
     tres->CImportacion.Post();
     i_->espere(
         "Ensayo terminado: no se grabó nada. Leídos 3, grabados 2, rechazados 1, omitidos 0.");
-    oprima(Qt::Key_F5);
-    agote_eventos();
-    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado"), QString("0"));
-    auto* rechazos = qobject_cast<Tfrechazosimp*>(escritorio()->activa());
+    auto* rechazos = qobject_cast<Tfrechazosimp*>(siga(Qt::Key_F5));
     QVERIFY(rechazos);
+    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado"), QString("0"));
     QCOMPARE(valores_de(rechazos->CRechazos, "RENGLON"), QStringList("3"));
     QCOMPARE(valores_de(rechazos->CRechazos, "RAZON"), QStringList("Comprobante descuadrado."));
-    oprima(Qt::Key_Escape);
-    agote_eventos();
+    siga(Qt::Key_Escape);
     QVERIFY(!QFile::exists(s_->base.ruta() + "/ERRIMPCN.TXT")); // un ensayo no anota
     i_->espere("Importación finalizada.");
-    oprima(Qt::Key_F2);
-    agote_eventos();
+    QVERIFY(qobject_cast<Tfrechazosimp*>(siga(Qt::Key_F2)));
     QCOMPARE(barra_.text(), QString("Leídos 3, grabados 2, rechazados 1, omitidos 0"));
     QCOMPARE(s_->dato("select count(*) from comprobante_detalle"), QString("2"));
-    QVERIFY(qobject_cast<Tfrechazosimp*>(escritorio()->activa()));
     QFile log(s_->base.ruta() + "/ERRIMPCN.TXT");
     QVERIFY(log.open(QIODevice::ReadOnly));
     QCOMPARE(log.readAll(), QByteArray("Comprobante descuadrado.Tipo:CGPref:0001Num:000002\n"));
@@ -128,9 +122,7 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
 
 void PruebaPantallasIntercambio::el_asistente_exige_un_archivo_que_exista() {
     pantallas().abrir("Tfimportarinv1");
-    oprima(Qt::Key_F2);
-    agote_eventos();
-    auto* dos = qobject_cast<Tfimportarinv2*>(escritorio()->activa());
+    auto* dos = qobject_cast<Tfimportarinv2*>(siga(Qt::Key_F2));
     QVERIFY(dos);
     i_->espere("Debe indicar antes el archivo con los datos a importar.");
     oprima(Qt::Key_F2);
@@ -140,7 +132,6 @@ void PruebaPantallasIntercambio::el_asistente_exige_un_archivo_que_exista() {
     // El ancho fijo solo apaga las dos listas.
     dos->Tipo->button(0)->click();
     QVERIFY(!dos->Separa->isEnabled() && !dos->Delimita->isEnabled());
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaPantallasIntercambio::los_saldos_preguntan_si_se_borran_los_que_hay() {
@@ -149,16 +140,13 @@ void PruebaPantallasIntercambio::los_saldos_preguntan_si_se_borran_los_que_hay()
     QVERIFY(tercer_paso("Importar3", archivo("110505,,,,,100,\n")));
     i_->espere("Desea borrar los saldos previamente registrados?", "No");
     i_->espere("Importación finalizada.");
-    oprima(Qt::Key_F2);
-    agote_eventos();
+    siga(Qt::Key_F2);
     QCOMPARE(s_->dato("select count(*) from saldos_iniciales"), QString("2"));
     QVERIFY(tercer_paso("Importar3", {}));
     i_->espere("Desea borrar los saldos previamente registrados?", "Sí");
     i_->espere("Importación finalizada.");
-    oprima(Qt::Key_F2);
-    agote_eventos();
+    siga(Qt::Key_F2);
     QCOMPARE(s_->dato("select list(cuen_cod) from saldos_iniciales"), QString("110505"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaPantallasIntercambio::la_exportacion_pide_lo_que_falta_y_graba() {
@@ -187,7 +175,6 @@ void PruebaPantallasIntercambio::la_exportacion_pide_lo_que_falta_y_graba() {
     i_->espere("PROCESO FINALIZADO. SE GENERARON LOS ARCHIVOS COMPROBANTES.TXT Y TRANSACCIONES.TXT "
                "EN LA CARPETA INDICADA.");
     oprima(Qt::Key_F2);
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     QCOMPARE(escritorio()->activa(), p); // la pantalla se queda
 }
 
@@ -208,11 +195,9 @@ void PruebaPantallasIntercambio::las_equivalencias_se_graban_y_la_cuenta_debe_ex
     digite("9");
     oprima(Qt::Key_F2);
     oprima(Qt::Key_Escape);
-    oprima(Qt::Key_Escape);
-    agote_eventos();
+    siga(Qt::Key_Escape);
     QCOMPARE(s_->dato("select count(*) from cuentas_exportacion where cuen_cod = '9'"),
              QString("0"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaPantallasIntercambio::el_mantenimiento_pide_la_opcion_de_cada_herramienta() {
@@ -234,7 +219,6 @@ void PruebaPantallasIntercambio::el_mantenimiento_pide_la_opcion_de_cada_herrami
         QCOMPARE(boton.text(), texto);
         i_->espere("Acceso no permitido. comuníquese con el administrador del sistema.");
         boton.click();
-        QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     }
     i_->espere("Acceso no permitido. comuníquese con el administrador del sistema.");
     componente<QPushButton>(menu, "SBRespaldo").click();
@@ -244,122 +228,125 @@ void PruebaPantallasIntercambio::el_mantenimiento_pide_la_opcion_de_cada_herrami
     s_->niegue(97);
 }
 
-void PruebaPantallasIntercambio::reemplazar_cuenta_pregunta_con_cifras() {
-    un_movimiento();
-    Pantalla* p = pantallas().abrir("Tfcambictamov");
-    llene(p, "FecIni", "20170101");
-    llene(p, "FecFin", "20171231");
-    i_->espere("La cuenta 9 no existe.");
-    escriba(p, "Edit1", "9");
-    i_->espere("La cuenta 310505 no tiene movimientos.");
-    escriba(p, "Edit1", "310505");
-    escriba(p, "Edit1", "111005");
-    escriba(p, "Edit2", "310505");
-    i_->espere("Se cambiarán 1 renglón de 1 comprobante. Desea continuar?", "No");
-    oprima(Qt::Key_F2);
-    QCOMPARE(s_->dato("select count(*) from comprobante_detalle where cuen_cod = '310505'"),
-             QString("0"));
-    i_->espere("Se cambiarán 1 renglón de 1 comprobante. Desea continuar?", "Sí");
-    oprima(Qt::Key_F2);
-    agote_eventos();
-    QCOMPARE(s_->dato("select count(*) from comprobante_detalle where cuen_cod = '310505'"),
-             QString("1"));
-    QVERIFY(!escritorio()->abierta("Tfcambictamov"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+namespace {
+
+/// Lo que se digita en una caja y lo que se dice al dejarla; sin caja, F2.
+struct PasoHerramienta {
+    const char* caja;
+    QString texto, aviso = {};
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(QVector<PasoHerramienta>)
+
+void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_hace_data() {
+    QTest::addColumn<QString>("pantalla");
+    QTest::addColumn<QVector<PasoHerramienta>>("pasos");
+    QTest::addColumn<QString>("pregunta");
+    QTest::addColumn<QString>("medida");
+    QTest::addColumn<QString>("queda");
+    using Pasos = QVector<PasoHerramienta>;
+    const auto fila = [](const char* pantalla, const Pasos& pasos, const char* pregunta,
+                         const char* medida, const char* queda) {
+        QTest::newRow(pantalla) << QString(pantalla) << pasos
+                                << QString::fromUtf8(pregunta) + " Desea continuar?"
+                                << QString(medida) << QString(queda);
+    };
+    const PasoHerramienta desde{"FecIni", "20170101"}, hasta{"FecFin", "20171231"};
+    fila("Tfcambictamov",
+         {desde,
+          hasta,
+          {"Edit1", "9", "La cuenta 9 no existe."},
+          {"Edit1", "310505", "La cuenta 310505 no tiene movimientos."},
+          {"Edit1", "111005"},
+          {"Edit2", "310505"}},
+         "Se cambiarán 2 renglones de 2 comprobantes.",
+         "select list(cuen_cod) from comprobante_detalle where code_item = 2", "310505,310505");
+    fila("Tfcambitermov",
+         {desde,
+          hasta,
+          {"Edit1", "9", "El tercero 9 no existe."},
+          {"Edit1", "860002964", "El tercero 860002964 no tiene movimientos."},
+          {"Edit1", "900123456"},
+          {"Edit2", "52345678"},
+          {"Edit3", "9", "La cuenta 9 no existe."},
+          {"Edit3", "111005", "El tercero 900123456 no tiene movimientos en la cuenta."},
+          {"Edit3", "130505"}},
+         "Se cambiarán 1 renglón de 1 comprobante.",
+         "select terc_nit from comprobante_detalle where cuen_cod = '130505'", "52345678");
+    fila("Tfcreactamov",
+         {{"", {}, "Falta ingresar el código de la cuenta."},
+          {"CUEN_COD", "111005", "La cuenta 111005 ya existe."},
+          {"CUEN_COD", "99999901", "No existe la cuenta padre."},
+          {"CUEN_COD", "11050501"},
+          {"", {}, "Falta ingresar el nombre de la cuenta."},
+          {"CUEN_NOM", "Caja"},
+          {"CUEN_EQNIIF", ""},
+          {"", {}, "Debe Indicar la cuenta equivalente"},
+          {"CUEN_EQNIIF", "9"},
+          {"", {}, "La cuenta NIIF 9 no existe."},
+          {"CUEN_EQNIIF", "110505"}},
+         "Se cambiarán 1 renglón de 1 comprobante a la cuenta 11050501.",
+         "select min(cuen_cod) from comprobante_detalle", "11050501");
+    fila("Tfcambiacate",
+         {{"Edit1", "9", "Cuenta no encontrada."}, {"Edit1", "111005"}, {"ckter", "S"}},
+         "Se cambiará el detalle de la cuenta 111005, que tiene 2 renglones de 2 comprobantes. 2 "
+         "quedarán sin el dato que la cuenta va a exigir, y la verificación los señalará.",
+         "select cuen_tercero from cuentas where cuen_cod = '111005'", "S");
+    fila("Tfborramov",
+         {{"", {}, "Debe indicar el rango de fechas a borrar."},
+          desde,
+          {"FecFin", "20160101"},
+          {"", {}, "La fecha final debe ser mayor o igual que la inicial."},
+          hasta,
+          {"NumIni", "7"},
+          {"", {}, "No hay comprobantes por borrar en ese rango."},
+          {"NumIni", "2"}},
+         "Se borrarán 2 renglones de 1 comprobante; 1 se van enteros. 1 los generaron otros "
+         "módulos, y sus documentos quedarán sin contabilizar.",
+         "select list(enco_consec) from comprobante_encabezado", "1");
+    fila("Tfborractas",
+         {{"Edit1", "9", "No se encontró la cuenta inicial."},
+          {"Edit1", "5195"},
+          {"Edit2", "9", "No se encontró la cuenta final."},
+          {"Edit2", "5105", "La cuenta final debe ser mayor que la inicial."},
+          {"", {}, "La cuenta final debe ser mayor que la inicial."},
+          {"Edit2", "519530"}},
+         "Se borrarán 2 cuentas, de la 5195 a la 519530.",
+         "select count(*) from cuentas where cuen_cod starting with '5195'", "0");
 }
 
-void PruebaPantallasIntercambio::reemplazar_tercero_avisa_al_dejar_cada_caja() {
+void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_hace() {
+    QFETCH(QString, pantalla);
+    QFETCH(QVector<PasoHerramienta>, pasos);
+    QFETCH(QString, pregunta);
+    QFETCH(QString, medida);
+    QFETCH(QString, queda);
+    un_movimiento();
     grabe(s_->base.base(),
-          {1, "000001", "20170301", {{1, "130505", 9, 0, "900123456"}, {2, "111005", 0, 9}}});
-    Pantalla* p = pantallas().abrir("Tfcambitermov");
-    llene(p, "FecIni", "20170101");
-    llene(p, "FecFin", "20171231");
-    i_->espere("El tercero 9 no existe.");
-    escriba(p, "Edit1", "9");
-    i_->espere("El tercero 52345678 no tiene movimientos.");
-    escriba(p, "Edit1", "52345678");
-    escriba(p, "Edit1", "900123456");
-    escriba(p, "Edit2", "52345678");
-    i_->espere("La cuenta 9 no existe.");
-    escriba(p, "Edit3", "9");
-    i_->espere("El tercero 900123456 no tiene movimientos en la cuenta.");
-    escriba(p, "Edit3", "111005");
-    escriba(p, "Edit3", "130505");
-    i_->espere("Se cambiarán 1 renglón de 1 comprobante. Desea continuar?", "Sí");
-    oprima(Qt::Key_F2);
-    agote_eventos();
-    QCOMPARE(s_->dato("select terc_nit from comprobante_detalle where cuen_cod = '130505'"),
-             QString("52345678"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-}
-
-void PruebaPantallasIntercambio::abrir_auxiliar_pide_codigo_nombre_y_equivalente() {
-    un_movimiento();
-    Pantalla* p = pantallas().abrir("Tfcreactamov");
-    i_->espere("Falta ingresar el código de la cuenta.");
-    oprima(Qt::Key_F2);
-    i_->espere("La cuenta 111005 ya existe.");
-    escriba(p, "CUEN_COD", "111005");
-    i_->espere("No existe la cuenta padre.");
-    escriba(p, "CUEN_COD", "99999901");
-    escriba(p, "CUEN_COD", "13050501");
-    QVERIFY(componente<QAbstractButton>(p, "CUEN_TERCERO").isChecked());
-    QCOMPARE(componente<QLineEdit>(p, "CUEN_EQNIIF").text(), QString("130505"));
-    escriba(p, "CUEN_COD", "11050501");
-    i_->espere("Falta ingresar el nombre de la cuenta.");
-    oprima(Qt::Key_F2);
-    llene(p, "CUEN_NOM", "Caja");
-    componente<QLineEdit>(p, "CUEN_EQNIIF").clear();
-    i_->espere("Debe Indicar la cuenta equivalente");
-    oprima(Qt::Key_F2);
-    componente<QLineEdit>(p, "CUEN_EQNIIF").setText("110505");
-    i_->espere("Se cambiarán 1 renglón de 1 comprobante a la cuenta 11050501. Desea continuar?",
-               "Sí");
-    oprima(Qt::Key_F2);
-    agote_eventos();
-    QCOMPARE(s_->dato("select cuen_cod from comprobante_detalle where code_item = 1"),
-             QString("11050501"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-}
-
-void PruebaPantallasIntercambio::borrar_movimientos_pide_las_fechas() {
-    un_movimiento();
-    Pantalla* p = pantallas().abrir("Tfborramov");
-    i_->espere("Debe indicar el rango de fechas a borrar.");
-    oprima(Qt::Key_F2);
-    llene(p, "FecIni", "20170101");
-    llene(p, "FecFin", "20171231");
-    llene(p, "NumIni", "1");
-    i_->espere("Se borrarán 2 renglones de 1 comprobante; 1 se van enteros. Desea continuar?",
-               "Sí");
-    oprima(Qt::Key_F2);
-    agote_eventos();
-    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado"), QString("0"));
-    pantallas().abrir("Tfborramov");
-    p = escritorio()->activa();
-    llene(p, "FecIni", "20170101");
-    llene(p, "FecFin", "20171231");
-    i_->espere("No hay comprobantes por borrar en ese rango.");
-    oprima(Qt::Key_F2);
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-}
-
-void PruebaPantallasIntercambio::borrar_plan_revisa_las_dos_cuentas() {
-    Pantalla* p = pantallas().abrir("Tfborractas");
-    i_->espere("No se encontró la cuenta inicial.");
-    escriba(p, "Edit1", "9");
-    escriba(p, "Edit1", "5195");
-    i_->espere("La cuenta final debe ser mayor que la inicial.");
-    escriba(p, "Edit2", "5105");
-    i_->espere("La cuenta final debe ser mayor que la inicial.");
-    oprima(Qt::Key_F2);
-    escriba(p, "Edit2", "519530");
-    i_->espere("Se borrarán 2 cuentas, de la 5195 a la 519530. Desea continuar?", "Sí");
-    oprima(Qt::Key_F2);
-    agote_eventos();
-    QCOMPARE(s_->dato("select count(*) from cuentas where cuen_cod starting with '5195'"),
-             QString("0"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+          {2, "000002", "20170302", {{1, "130505", 9, 0, "900123456"}, {2, "111005", 0, 9}}});
+    s_->base.ejecute({"update comprobante_encabezado set enco_tiporef = 31 where enco_consec = 2"});
+    const QString antes = s_->dato(medida);
+    Pantalla* p = pantallas().abrir(pantalla);
+    for (const PasoHerramienta& paso : pasos) {
+        if (!paso.aviso.isEmpty())
+            i_->espere(paso.aviso);
+        if (!*paso.caja)
+            oprima(Qt::Key_F2);
+        else if (*paso.caja == 'c')
+            pulse(p, paso.caja);
+        else
+            escriba(p, paso.caja, paso.texto);
+    }
+    for (const char* respuesta : {"No", "Sí"}) {
+        i_->espere(pregunta, respuesta);
+        QCOMPARE(s_->dato(medida), antes);
+        siga(Qt::Key_F2);
+    }
+    QCOMPARE(s_->dato(medida), queda);
+    QVERIFY(!escritorio()->abierta(pantalla));
+    QCOMPARE(saldos_distintos(s_->base.base()), QString());
 }
 
 void PruebaPantallasIntercambio::el_recalculo_cuenta_lo_que_corrigio() {
@@ -370,17 +357,14 @@ void PruebaPantallasIntercambio::el_recalculo_cuenta_lo_que_corrigio() {
     pantallas().abrir("Tfchequeosaldos");
     i_->espere("Recálculo terminado: se corrigieron 1 saldos.\nCuenta 110505, Marzo de 2017: decía "
                "109.00 y 0.00; son 100.00 y 0.00");
-    oprima(Qt::Key_F5);
-    agote_eventos();
+    siga(Qt::Key_F5);
     QCOMPARE(barra_.text(), QString("Recálculo de saldos: 1 corregidos"));
     Pantalla* p = pantallas().abrir("Tfchequeosaldos");
     componente<QAbstractButton>(p, "ckniif").click();
     i_->espere("Recálculo terminado: todos los saldos estaban bien.");
-    oprima(Qt::Key_F5);
-    agote_eventos();
+    siga(Qt::Key_F5);
     QCOMPARE(barra_.text(), QString("Recálculo de saldos: todos estaban bien"));
     QVERIFY(!escritorio()->abierta("Tfchequeosaldos"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     QCOMPARE(saldos_distintos(s_->base.base()), QString());
 }
 
@@ -411,9 +395,7 @@ void PruebaPantallasIntercambio::el_recalculo_se_pinta_y_se_puede_detener() {
     QCOMPARE(barra_.text(), QString("Recálculo de saldos: detenido"));
     QCOMPARE(saldos_distintos(s_->base.base()), mal);
     i_->espere_comienzo("Recálculo terminado: se corrigieron 1 saldos.");
-    oprima(Qt::Key_F5);
-    agote_eventos();
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    siga(Qt::Key_F5);
 }
 
 void PruebaPantallasIntercambio::la_estructura_no_se_cambia_con_cuentas_creadas() {
@@ -423,7 +405,6 @@ void PruebaPantallasIntercambio::la_estructura_no_se_cambia_con_cuentas_creadas(
     i_->espere_comienzo("La estructura no se puede cambiar: ya hay cuentas creadas.");
     oprima(Qt::Key_F2);
     QCOMPARE(s_->dato("select max(estr_digitos) from estructura"), QString("8"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaPantallasIntercambio::
@@ -463,7 +444,6 @@ void PruebaPantallasIntercambio::
     QVERIFY(componente<QWidget>(p, "LNota").isVisible());
     oprima(Qt::Key_F5);
     QVERIFY(rejilla.columna_de("DV_CALCULADO") >= 0);
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 QTEST_MAIN(PruebaPantallasIntercambio)

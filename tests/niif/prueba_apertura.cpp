@@ -55,7 +55,6 @@ private slots:
     void sin_programa_de_hojas_se_dice();
     void llevarla_a_los_saldos_iniciales_dice_las_cifras();
     void los_inventarios_pasan_con_su_articulo();
-    void los_importes_de_un_aviso_llevan_miles();
     void dos_usuarios_en_la_misma_cuenta_no_se_pisan();
     void sin_la_opcion_no_se_entra();
     void la_conciliacion_llega_hasta_el_comprobante();
@@ -194,7 +193,6 @@ void PruebaApertura::traer_saldos_los_cruza_todos_y_no_se_repite() {
     oprima(Qt::Key_F6);
     m = qobject_cast<Tfmovbalapniif*>(escritorio()->activa());
     QCOMPARE(valores_de(m->CMovimiento, "APND_CREDITO"), QStringList("93"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::la_cuenta_sin_equivalente_no_detiene_a_las_demas() {
@@ -210,7 +208,6 @@ void PruebaApertura::la_cuenta_sin_equivalente_no_detiene_a_las_demas() {
              QString("110505|2\n130505|2\n152405|2\n310505|2"));
     // Lo que falta por recibir es la diferencia que se muestra.
     QCOMPARE(p->DifCred->text(), QString("80.00"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::muchos_terceros_se_traen_y_se_graban() {
@@ -235,7 +232,6 @@ void PruebaApertura::muchos_terceros_se_traen_y_se_graban() {
              QStringLiteral("%1/%2.00/%2.00")
                  .arg(2 * (kTerceros + 2))
                  .arg(kTerceros * (kTerceros + 1) / 2 + 80));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::el_detalle_no_cierra_descuadrado_y_guarda_la_nota() {
@@ -268,7 +264,6 @@ void PruebaApertura::el_detalle_no_cierra_descuadrado_y_guarda_la_nota() {
              QString("83"));
     QCOMPARE(s_->dato("select sum(apnd_debito - apnd_credito) from apertura_niif_det"),
              QString("0"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::una_linea_nueva_nace_con_el_saldo_y_suma_su_final() {
@@ -288,6 +283,32 @@ void PruebaApertura::una_linea_nueva_nace_con_el_saldo_y_suma_su_final() {
     i_->espere_comienzo("Tercero");
     p->CAperniifdet.FieldByName("TERC_NIT") = "1";
     QCOMPARE(campo("TERC_NIT"), QString());
+    // El "?" abre la lista de cada celda; salir sin escoger la deja vacía.
+    ListaFalsa<PideCuenta> cuentas("Tfcuentas"), niif("Tfcuentasniif");
+    ListaFalsa<PideTercero> terceros("Tfterceros");
+    ListaFalsa<PideCentro> centros("Tfcentros");
+    ListaFalsa<PideActivo> activos("Tfactivos");
+    const auto pregunte = [&](const char* celda, const QString& texto, auto& lista,
+                              const auto& respuesta) {
+        p->CAperniifdet.FieldByName(celda) = texto;
+        lista.cancele();
+        agote_eventos();
+        QVERIFY2(p->CAperniifdet.FieldByName(celda).vacio(), celda);
+        p->CAperniifdet.FieldByName(celda) = texto;
+        lista.conteste(respuesta);
+        agote_eventos();
+    };
+    pregunte("APND_CUENTA", "?1105", cuentas, "110505");
+    QCOMPARE(cuentas.pedida().texto_busqueda, QString("1105"));
+    pregunte("APND_CTANIIF", "?", niif, "111005");
+    pregunte("TERC_NIT", "?", terceros, "900123456");
+    pregunte("CENT_COD", "?", centros, CentroEscogido{"0002", "0001"});
+    pregunte("ACTI_COD", "?EQ", activos, "EQ1"); // no es de inventarios: un activo
+    QCOMPARE(activos.pedida().activo_localizar, QString("EQ"));
+    QCOMPARE(campo("APND_CUENTA") + campo("APND_CTANIIF") + campo("TERC_NIT") + campo("PROY_COD") +
+                 campo("CENT_COD") + campo("ACTI_COD"),
+             QString("11050511100590012345600020001EQ1"));
+    p->CAperniifdet.FieldByName("APND_CTANIIF") = "";
     p->CAperniifdet.Post();
     // Sin ninguna de las dos cuentas la línea no entra.
     p->CAperniifdet.Append();
@@ -297,7 +318,6 @@ void PruebaApertura::una_linea_nueva_nace_con_el_saldo_y_suma_su_final() {
     oprima(Qt::Key_Escape);
     i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
     oprima(Qt::Key_Escape);
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::mirar_una_cuenta_que_no_esta_no_la_agrega() {
@@ -311,7 +331,6 @@ void PruebaApertura::mirar_una_cuenta_que_no_esta_no_la_agrega() {
     oprima(Qt::Key_Escape); // y salir sin que pregunte
     agote_eventos();
     QVERIFY(!escritorio()->abierta("Tfbalaperturaniif"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::los_saldos_iniciales_son_los_del_ano_anterior() {
@@ -348,7 +367,6 @@ void PruebaApertura::borrar_la_hoja_pregunta_y_tambien_graba() {
     QVERIFY(p->CSaldos.IsEmpty());
     i_->espere(kTraer, "No"); // y se puede volver a traer
     oprima(Qt::Key_F7);
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::salir_con_cambios_pregunta() {
@@ -414,7 +432,6 @@ void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
                         " no quedó como un libro xlsx.");
     oprima(Qt::Key_F2);
     oprima(Qt::Key_Escape);
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::una_ventana_que_ya_estaba_abierta_tambien_espera() {
@@ -435,7 +452,6 @@ void PruebaApertura::una_ventana_que_ya_estaba_abierta_tambien_espera() {
     QTRY_VERIFY(!p->hoja.en_uso());
     oprima(Qt::Key_F2);
     QCOMPARE(p->CSaldos.FieldByName("APNI_ARCHIVO").valor().binario(), QByteArray("PK a medias"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     oprima(Qt::Key_Escape);
     i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
     oprima(Qt::Key_Escape);
@@ -449,7 +465,6 @@ void PruebaApertura::sin_programa_de_hojas_se_dice() {
                         "de hojas de cálculo.");
     componente<QPushButton>(p, "AdvGlowButton7").click();
     QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     oprima(Qt::Key_Escape);
     i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
     oprima(Qt::Key_Escape);
@@ -460,6 +475,9 @@ void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
     i_->espere("Grabe antes la hoja con F2: los saldos iniciales salen de lo grabado.");
     oprima(Qt::Key_F12);
     grabe_y_siga();
+    QCOMPARE(filas_de(s_->base.base(), "select importe_con_miles(-0.5), importe_con_miles(999.99), "
+                                       "importe_con_miles(-1234567.8) from rdb$database"),
+             QString("-0.50|999.99|-1,234,567.80"));
     // Sin la utilidad del año, las clases 1 a 3 no cuadran.
     i_->espere("El balance de apertura está descuadrado: débitos 180.00, créditos 160.00.");
     oprima(Qt::Key_F12);
@@ -482,7 +500,6 @@ void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
              QString("110505||93|0\n130505|860002964|30|0\n130505|900123456|50|0\n152405||7|0\n"
                      "310505||0|160\n360505||0|20"));
     QCOMPARE(saldos_distintos(s_->base.base()), QString());
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
@@ -518,10 +535,28 @@ void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
     i_->espere("Código no encontrado");
     p->CAperniifdet.FieldByName("ACTI_COD") = "A9";
     QVERIFY(p->CAperniifdet.FieldByName("ACTI_COD").vacio());
-    p->CAperniifdet.FieldByName("ACTI_COD") = "A1";
+    ListaFalsa<PideArticulo> articulos("Tfarticulos");
+    p->CAperniifdet.FieldByName("ACTI_COD") = "?A";
+    QVERIFY(p->CAperniifdet.FieldByName("ACTI_COD").vacio());
+    QCOMPARE(articulos.pedida().articulo_localizar, QString("A"));
+    articulos.conteste("A1");
+    agote_eventos();
     QCOMPARE(p->CAperniifdet.FieldByName("ACTI_COD").texto(), QString("A1"));
     oprima(Qt::Key_F2);
     grabe_y_siga();
+    // Lo que ya no existe se dice por su nombre, y no se lleva nada.
+    for (const auto& [cambio, aviso] :
+         {std::pair{"acti_cod = 'A7'", "El artículo A7 de la cuenta 152405 no existe."},
+          {"terc_nit = '77'", "El tercero 77 de la cuenta 152405 no existe."},
+          {"proy_cod = '77', cent_cod = '1'", "El centro 77-1 de la cuenta 152405 no existe."}}) {
+        const QString donde = " where cuen_cod = '152405' and apnd_recldb = 4";
+        s_->base.ejecute({"update apertura_niif_det set " + QString(cambio) + donde});
+        i_->espere(QString(aviso) + " Escoja uno registrado.");
+        oprima(Qt::Key_F12);
+        s_->base.ejecute({"update apertura_niif_det set acti_cod = 'A1', terc_nit = null, "
+                          "proy_cod = null, cent_cod = null" +
+                          donde});
+    }
     i_->espere_comienzo("Se reemplazarán los 0 saldos iniciales NIIF", "Sí");
     i_->espere("Los saldos iniciales NIIF son ahora los del balance de apertura.");
     oprima(Qt::Key_F12);
@@ -529,20 +564,6 @@ void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
                                        "where cuen_cod = '152405' order by arti_cod"),
              QString("A1|11\nA2|3"));
     QCOMPARE(saldos_distintos(s_->base.base()), QString());
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-}
-
-void PruebaApertura::los_importes_de_un_aviso_llevan_miles() {
-    const auto con_miles = [&](const char* importe) {
-        return s_->dato(QStringLiteral("select importe_con_miles(%1) from rdb$database")
-                            .arg(QLatin1String(importe)));
-    };
-    QCOMPARE(con_miles("0"), QString("0.00"));
-    QCOMPARE(con_miles("-0.5"), QString("-0.50"));
-    QCOMPARE(con_miles("999.99"), QString("999.99"));
-    QCOMPARE(con_miles("1000"), QString("1,000.00"));
-    QCOMPARE(con_miles("-1234567.8"), QString("-1,234,567.80"));
-    QCOMPARE(con_miles("9999999999999999.99"), QString("9,999,999,999,999,999.99"));
 }
 
 void PruebaApertura::dos_usuarios_en_la_misma_cuenta_no_se_pisan() {
@@ -559,7 +580,6 @@ void PruebaApertura::dos_usuarios_en_la_misma_cuenta_no_se_pisan() {
     QCOMPARE(s_->dato("select apni_nota from apertura_niif where cuen_cod = '110505'"),
              QString("la del otro"));
     QVERIFY(p->CSaldos.ChangeCount() > 0); // lo suyo sigue en la pantalla
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
     oprima(Qt::Key_Escape);
 }
@@ -570,7 +590,6 @@ void PruebaApertura::sin_la_opcion_no_se_entra() {
     s_->niegue(80);
     i_->espere("Acceso no permitido. comuníquese con el administrador del sistema.");
     QVERIFY(!abra());
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
@@ -629,7 +648,6 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     oprima(Qt::Key_F3);
     QCOMPARE(s_->dato("select count(*) from comprobante_encabezado where enco_consec = 4"),
              QString("0"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::un_saldo_de_un_centavo_no_tumba_la_conciliacion() {
