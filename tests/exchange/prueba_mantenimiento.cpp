@@ -119,7 +119,7 @@ private slots:
         // Después de toda herramienta: saldos iguales a las líneas y todas las guardas encendidas.
         if (base_) {
             QCOMPARE(saldos_distintos(base_->base()), QString());
-            QCOMPARE(una(base_->base(), kApagadas), QString("0"));
+            QCOMPARE(una(base_->base(), kApagadas), "0");
         }
         base_.reset();
     }
@@ -130,7 +130,6 @@ private slots:
     void matar_cada_herramienta_deja_todo_o_nada();
     void un_usuario_corriente_del_servidor_puede_y_queda_su_rastro();
     void reemplazar_una_cuenta_cambia_las_del_rango_y_nada_mas();
-    void reemplazar_se_niega_con_su_razon_data();
     void reemplazar_se_niega_con_su_razon();
     void reemplazar_un_tercero_respeta_la_cuenta_y_el_libro();
     void abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas();
@@ -210,62 +209,40 @@ void PruebaMantenimiento::reemplazar_una_cuenta_cambia_las_del_rango_y_nada_mas(
     }
 }
 
-void PruebaMantenimiento::reemplazar_se_niega_con_su_razon_data() {
-    QTest::addColumn<QString>("destino");
-    QTest::addColumn<QString>("desde");
-    QTest::addColumn<QString>("razon");
-    QTest::newRow("no existe") << "119999"
-                               << "20170101"
-                               << "La cuenta 119999 no existe. Regístrela o escoja otra.";
-    QTest::newRow("mayor") << "1105"
-                           << "20170101"
-                           << "La cuenta 1105 es de nivel inferior al mínimo afectable. Escoja una "
-                              "de sus subcuentas.";
-    QTest::newRow("inactiva") << "110510"
-                              << "20170101"
-                              << "La cuenta 110510 está inactiva. Actívela o escoja otra.";
-    QTest::newRow("ella misma") << "110505"
-                                << "20170101"
-                                << "La cuenta que reemplaza a la 110505 debe ser otra.";
-    QTest::newRow("exige tercero") << "135515"
-                                   << "20170101"
-                                   << "La cuenta 135515 exige tercero, y ";
-    QTest::newRow("sin movimiento") << "111005"
-                                    << "20181401"
-                                    << "La cuenta 110505 no tiene movimientos.";
-    QTest::newRow("replica en un libro NIIF bloqueado")
-        << "111005"
-        << "20170102"
-        << "La contabilidad esta bloqueada a: 2017/06/30 (libro NIIF). ";
-}
-
 void PruebaMantenimiento::reemplazar_se_niega_con_su_razon() {
-    QFETCH(QString, destino);
-    QFETCH(QString, desde);
-    QFETCH(QString, razon);
     Conexion& c = base_->base();
-    if (desde == "20170102")
-        base_->ejecute({"update comprobante_encabezado set enco_repniif = 'S'",
-                        "update configuracion set conf_valor = '2017/06/30' where conf_propiedad "
-                        "= 'FECHA DE BLOQUEO NIIF'"});
-    if (desde == "20181401")
-        c.ejecute("delete from comprobante_detalle where cuen_cod = '110505' and code_fecha >= "
-                  "'20181401'");
-    const QString antes = resto(c, "''");
-    const auto llame = [&](Paso paso) {
-        return reemplace_cuenta(c, Libro::Decreto2649, "110505", destino, {desde, "20181499"}, {},
-                                paso);
-    };
-    QVERIFY2(llame(Paso::Cifras).negativa.startsWith(razon),
-             qPrintable(llame(Paso::Cifras).negativa));
-    QString dicho;
-    try {
-        llame(Paso::Haga);
-    } catch (const ErrorBase& e) {
-        dicho = e.para_usuario();
+    // Destino, desde cuándo, razón y lo que se le hace antes a la base.
+    const QString casos[][4] = {
+        {"119999", "20170101", "La cuenta 119999 no existe. Regístrela o escoja otra."},
+        {"1105", "20170101",
+         "La cuenta 1105 es de nivel inferior al mínimo afectable. Escoja una de sus subcuentas."},
+        {"110510", "20170101", "La cuenta 110510 está inactiva. Actívela o escoja otra."},
+        {"110505", "20170101", "La cuenta que reemplaza a la 110505 debe ser otra."},
+        {"135515", "20170101", "La cuenta 135515 exige tercero, y "},
+        {"111005", "20181401", "La cuenta 110505 no tiene movimientos.",
+         "delete from comprobante_detalle where cuen_cod = '110505' and code_fecha >= '20181401'"},
+        {"111005", "20170102", // se replica en el otro libro, y ese está bloqueado
+         "La contabilidad esta bloqueada a: 2017/06/30 (libro NIIF). ",
+         "execute block as begin update comprobante_encabezado set enco_repniif = 'S'; update "
+         "configuracion set conf_valor = '2017/06/30' where conf_propiedad = 'FECHA DE BLOQUEO "
+         "NIIF'; end"}};
+    for (const auto& [destino, desde, razon, antes_de] : casos) {
+        if (!antes_de.isEmpty())
+            c.ejecute(antes_de);
+        const QString antes = resto(c, "''");
+        for (const Paso paso : {Paso::Cifras, Paso::Haga}) {
+            QString dicho;
+            try {
+                dicho = reemplace_cuenta(c, Libro::Decreto2649, "110505", destino,
+                                         {desde, "20181499"}, {}, paso)
+                            .negativa;
+            } catch (const ErrorBase& e) {
+                dicho = e.para_usuario();
+            }
+            QVERIFY2(dicho.startsWith(razon), qPrintable(dicho));
+        }
+        QCOMPARE(resto(c, "''"), antes);
     }
-    QVERIFY2(dicho.startsWith(razon), qPrintable(dicho));
-    QCOMPARE(resto(c, "''"), antes);
 }
 
 void PruebaMantenimiento::reemplazar_un_tercero_respeta_la_cuenta_y_el_libro() {
@@ -284,9 +261,9 @@ void PruebaMantenimiento::reemplazar_un_tercero_respeta_la_cuenta_y_el_libro() {
     QCOMPARE(reemplace_tercero(c, Libro::Decreto2649, "900123456", "52345678", kTodo, {}, "110505",
                                Paso::Cifras)
                  .negativa,
-             QString("El tercero 900123456 no tiene movimientos en la cuenta."));
+             "El tercero 900123456 no tiene movimientos en la cuenta.");
     QCOMPARE(reemplace_tercero(c, Libro::Niif, "7", "8", kTodo, {}, {}, Paso::Cifras).negativa,
-             QString("El tercero 8 no existe."));
+             "El tercero 8 no existe.");
 }
 
 void PruebaMantenimiento::abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas() {
@@ -305,21 +282,21 @@ void PruebaMantenimiento::abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas()
     QCOMPARE(filas_de(c, "select cuen_cod, cuen_nom, cuen_centro, cuen_afectable, cuen_activa, "
                          "cuen_eqniif from cuentas where cuen_cod starting with '110505' order by "
                          "cuen_cod desc"),
-             QString("11050501|Caja principal|S|S|S|110505\n110505|Caja general|N|N|S|110505"));
+             "11050501|Caja principal|S|S|S|110505\n110505|Caja general|N|N|S|110505");
     QCOMPARE(una(c, saldo), antes);
     for (const char* tabla : {"comprobante_detalle", "saldos_iniciales", "plantilla_detalle"})
         QCOMPARE(una(c, QStringLiteral("select count(*) from %1 where cuen_cod = '110505'")
                             .arg(QLatin1String(tabla))),
-                 QString("0"));
-    QCOMPARE(una(c, "select cuen_cod from plantilla_detalle"), QString("11050501"));
+                 "0");
+    QCOMPARE(una(c, "select cuen_cod from plantilla_detalle"), "11050501");
     // La guarda sigue puesta para todos los demás, y la negativa nombra la razón.
     QVERIFY_EXCEPTION_THROWN(c.ejecute("insert into cuentas (cuen_cod, cuen_nom) values "
                                        "('11100501', 'Otro')"),
                              ErrorBase);
     QCOMPARE(abra_auxiliar(c, Libro::Decreto2649, nuevo, Paso::Cifras).negativa,
-             QString("La cuenta 11050501 ya existe."));
+             "La cuenta 11050501 ya existe.");
     QCOMPARE(abra_auxiliar(c, Libro::Niif, {"99990501", "X", {}, {}}, Paso::Cifras).negativa,
-             QString("No existe la cuenta padre."));
+             "No existe la cuenta padre.");
     QCOMPARE(abra_auxiliar(c, Libro::Niif, {"11050501", "Caja NIIF", {}, {}}, Paso::Haga).negativa,
              QString());
 }
@@ -338,12 +315,12 @@ void PruebaMantenimiento::cambiar_el_detalle_pasa_por_delante_de_la_guarda_y_la_
     cambie_detalle(c, Libro::Decreto2649, "110505", {true, false, false}, Paso::Haga);
     QCOMPARE(una(c, "select cuen_tercero || cuen_centro || cuen_retencion from cuentas where "
                     "cuen_cod = '110505'"),
-             QString("SNN"));
+             "SNN");
     QVERIFY_EXCEPTION_THROWN(c.ejecute("update cuentas set cuen_tercero = 'N' where cuen_cod = "
                                        "'110505'"),
                              ErrorBase);
     QCOMPARE(cambie_detalle(c, Libro::Niif, "9", {}, Paso::Cifras).negativa,
-             QString("Cuenta no encontrada."));
+             "Cuenta no encontrada.");
 }
 
 void PruebaMantenimiento::borrar_movimientos_borra_exactamente_lo_que_dijo() {
@@ -395,10 +372,10 @@ void PruebaMantenimiento::borrar_el_plan_se_detiene_en_la_primera_que_la_base_re
     c.ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('613595', 'Sin uso')");
     const CuentasBorradas r = borre_cuentas(c, "61", "6199");
     QCOMPARE(r.borradas, 1);
-    QCOMPARE(r.detenida, QString("613505"));
+    QCOMPARE(r.detenida, "613505");
     QVERIFY(!r.razon.isEmpty());
-    QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613595'"), QString("0"));
-    QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613505'"), QString("1"));
+    QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613595'"), "0");
+    QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613505'"), "1");
 }
 
 void PruebaMantenimiento::matar_cada_herramienta_deja_todo_o_nada() {
@@ -437,8 +414,8 @@ void PruebaMantenimiento::matar_cada_herramienta_deja_todo_o_nada() {
         const QString quedo = mida(c, h);
         QVERIFY2(quedo == antes || quedo == despues, qPrintable(quedo));
         vistos.insert(quedo);
-        QCOMPARE(una(c, kApagadas), QString("0"));
-        QCOMPARE(una(c, "select count(*) from cuenta_en_mantenimiento"), QString("0"));
+        QCOMPARE(una(c, kApagadas), "0");
+        QCOMPARE(una(c, "select count(*) from cuenta_en_mantenimiento"), "0");
         if (nombre != "recálculo" || quedo == despues)
             QCOMPARE(saldos_distintos(c), QString());
     }
@@ -456,7 +433,7 @@ void PruebaMantenimiento::un_usuario_corriente_del_servidor_puede_y_queda_su_ras
     dueno.desconectar();
     dueno.conectar(p);
     c.conectar(servidor.parametros("AUXILIAR"));
-    QCOMPARE(una(c, "select current_role from rdb$database"), QString("QUORVEX_PROGRAMA"));
+    QCOMPARE(una(c, "select current_role from rdb$database"), "QUORVEX_PROGRAMA");
     arme_libro_al_azar(dueno);
     estropee_un_saldo(dueno);
     const QString ultima = una(dueno, "select max(audi_id) from auditoria");
@@ -468,10 +445,10 @@ void PruebaMantenimiento::un_usuario_corriente_del_servidor_puede_y_queda_su_ras
     c.ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('613595', 'Sin uso')");
     QCOMPARE(borre_cuentas(c, "613595", "613595").borradas, 1);
     QCOMPARE(una(dueno, "select list(audi_oper, '') from auditoria where audi_cod = '613595'"),
-             QString("IE"));
+             "IE");
     QCOMPARE(
         una(dueno, "select list(distinct audi_usuario) from auditoria where audi_id > " + ultima),
-        QString("AUXILIAR"));
+        "AUXILIAR");
     // Lo que las guardas anotan no lo puede anotar él.
     QVERIFY_EXCEPTION_THROWN(
         c.ejecute("insert into cuenta_en_mantenimiento (libro, cuen_cod) values ('2649', '11')"),
@@ -490,9 +467,9 @@ void PruebaMantenimiento::una_guarda_que_alguien_apago_se_enciende() {
     dueno.conectar(p);
     for (const char* guarda : {"cuentas_bu", "comprobante_detalle_saldos"})
         dueno.ejecute(QStringLiteral("alter trigger %1 inactive").arg(QLatin1String(guarda)));
-    QCOMPARE(una(dueno, kApagadas), QString("2"));
+    QCOMPARE(una(dueno, kApagadas), "2");
     QCOMPARE(encienda_guardas(dueno), 0);
-    QCOMPARE(una(dueno, kApagadas), QString("0"));
+    QCOMPARE(una(dueno, kApagadas), "0");
 }
 
 int main(int argc, char** argv) {
