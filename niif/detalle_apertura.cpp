@@ -1,10 +1,10 @@
 // El detalle de una cuenta de la apertura NIIF: sus líneas, su nota y su hoja de trabajo.
 #include "niif/apertura.h"
+#include "niif/paginas.h"
 #include "niif/pch.h"
 #include "niif/tfbalaperturaniif.h"
 
 #include <QScopedValueRollback>
-#include <QStackedWidget>
 
 namespace {
 
@@ -61,6 +61,7 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
     Ancestros = new QLabel;
     Ancestros->setObjectName("Ancestros");
     Ancestros->setTextFormat(Qt::PlainText);
+    Ancestros->setWordWrap(true); // en letra grande no ensancha la pantalla
     DBGridEh2 = new Rejilla(pagina, &CAperniifdet);
     DBGridEh2->setObjectName("DBGridEh2");
     DBGridEh2->setAccessibleName("Líneas de la cuenta");
@@ -77,6 +78,7 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
                          {"APND_RECLDB", "Reclas. DB", 14, Suma},
                          {"APND_RECLCR", "Reclas. CR", 14, Suma},
                          {"APND_SALDOFIN", "Saldo final", 15, SoloLectura | Suma}});
+    DBGridEh2->setMinimumHeight(DBGridEh2->fontMetrics().height() * 7);
     DBGridEh2->pie(true);
     DBGridEh2->enter_como_tab = true;
     DBGridEh2->reclama_escape = true;
@@ -106,7 +108,8 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
     barra->boton("AdvGlowButton4", "Esc:Cancelar", "dialog-cancel", {},
                  [this] { cierre_detalle(); });
     Formulario f(pagina);
-    f.fila("Cuenta", Formulario::junto({NomDetalle, Ancestros}));
+    f.fila("Cuenta", NomDetalle);
+    f.ancha(Ancestros, 0);
     f.ancha(DBGridEh2, 1);
     f.fila({{"Dif. débito", DetDebito}, {"Dif. crédito", DetCredito}});
     f.fila("&Nota", APNI_NOTA);

@@ -167,6 +167,11 @@ void PruebaCopiaYRespaldo::en_un_servidor_tambien() {
     QCOMPARE(destino.consulte("select count(*) from cuentas_niif").entero(),
              origen.consulte("select count(*) from cuentas_niif").entero());
     QCOMPARE(copie_terceros(origen, destino, {"0", "zz"}, {}).copiados, 5);
+    QCOMPARE(destino
+                 .consulte("select count(*) || list(distinct audi_usuario) from auditoria where "
+                           "tido_cod = 102")
+                 .texto(),
+             "5AUXILIAR");
 }
 
 void PruebaCopiaYRespaldo::el_respaldo_se_prueba_se_conserva_y_se_anuncia() {

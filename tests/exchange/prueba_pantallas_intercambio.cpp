@@ -85,26 +85,27 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
                                  "CG,0001,2,20170301,Traido,,111005,,,,,,,,7\n");
     Tfimportarinv3* tres = tercer_paso("Importar2", ruta);
     QVERIFY(tres);
-    QCOMPARE(valores_de(tres->CImportacion, "NomDato").value(0), QString("Tipo de comprobante"));
+    QCOMPARE(valores_de(tres->CImportacion, "NomDato").value(0), "Tipo de comprobante");
     QCOMPARE(tres->CImportacion.RecordCount(), 15);
     // La referencia no se trae.
     QVERIFY(tres->CImportacion.Locate("DATO", {"ENCO_REFER"}));
     tres->CImportacion.Edit();
+    QVERIFY_EXCEPTION_THROWN(tres->CImportacion.FieldByName("IMPORTAR") = "XX", ErrorDatos);
     tres->CImportacion.FieldByName("IMPORTAR") = "NO";
     tres->CImportacion.Post();
     i_->espere(
         "Ensayo terminado: no se grabó nada. Leídos 3, grabados 2, rechazados 1, omitidos 0.");
     auto* rechazos = qobject_cast<Tfrechazosimp*>(siga(Qt::Key_F5));
     QVERIFY(rechazos);
-    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado"), QString("0"));
+    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado"), "0");
     QCOMPARE(valores_de(rechazos->CRechazos, "RENGLON"), QStringList("3"));
     QCOMPARE(valores_de(rechazos->CRechazos, "RAZON"), QStringList("Comprobante descuadrado."));
     siga(Qt::Key_Escape);
     QVERIFY(!QFile::exists(s_->base.ruta() + "/ERRIMPCN.TXT")); // un ensayo no anota
     i_->espere("Importación finalizada.");
     QVERIFY(qobject_cast<Tfrechazosimp*>(siga(Qt::Key_F2)));
-    QCOMPARE(barra_.text(), QString("Leídos 3, grabados 2, rechazados 1, omitidos 0"));
-    QCOMPARE(s_->dato("select count(*) from comprobante_detalle"), QString("2"));
+    QCOMPARE(barra_.text(), "Leídos 3, grabados 2, rechazados 1, omitidos 0");
+    QCOMPARE(s_->dato("select count(*) from comprobante_detalle"), "2");
     QFile log(s_->base.ruta() + "/ERRIMPCN.TXT");
     QVERIFY(log.open(QIODevice::ReadOnly));
     QCOMPARE(log.readAll(), QByteArray("Comprobante descuadrado.Tipo:CGPref:0001Num:000002\n"));
@@ -114,10 +115,10 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
     tres = tercer_paso("Importar2", {});
     QVERIFY(tres);
     QVERIFY(tres->CImportacion.Locate("DATO", {"ENCO_REFER"}));
-    QCOMPARE(tres->CImportacion.FieldByName("IMPORTAR").texto(), QString("NO"));
+    QCOMPARE(tres->CImportacion.FieldByName("IMPORTAR").texto(), "NO");
     QCOMPARE(s_->dato("select imin_columna from importacion_inventario where imin_tipo = 6 and "
                       "imin_dato = 'ENCO_REFER'"),
-             QString("6"));
+             "6");
 }
 
 void PruebaPantallasIntercambio::el_asistente_exige_un_archivo_que_exista() {
@@ -141,12 +142,12 @@ void PruebaPantallasIntercambio::los_saldos_preguntan_si_se_borran_los_que_hay()
     i_->espere("Desea borrar los saldos previamente registrados?", "No");
     i_->espere("Importación finalizada.");
     siga(Qt::Key_F2);
-    QCOMPARE(s_->dato("select count(*) from saldos_iniciales"), QString("2"));
+    QCOMPARE(s_->dato("select count(*) from saldos_iniciales"), "2");
     QVERIFY(tercer_paso("Importar3", {}));
     i_->espere("Desea borrar los saldos previamente registrados?", "Sí");
     i_->espere("Importación finalizada.");
     siga(Qt::Key_F2);
-    QCOMPARE(s_->dato("select list(cuen_cod) from saldos_iniciales"), QString("110505"));
+    QCOMPARE(s_->dato("select list(cuen_cod) from saldos_iniciales"), "110505");
 }
 
 void PruebaPantallasIntercambio::la_exportacion_pide_lo_que_falta_y_graba() {
@@ -185,7 +186,7 @@ void PruebaPantallasIntercambio::las_equivalencias_se_graban_y_la_cuenta_debe_ex
     oprima(Qt::Key_Insert);
     digite("?caja");
     oprima(Qt::Key_Return);
-    QCOMPARE(cuentas.pedida().texto_busqueda, QString("caja"));
+    QCOMPARE(cuentas.pedida().texto_busqueda, "caja");
     cuentas.conteste("110505");
     agote_eventos();
     enfoque(p, "DBGridEh1", 1);
@@ -196,8 +197,7 @@ void PruebaPantallasIntercambio::las_equivalencias_se_graban_y_la_cuenta_debe_ex
     oprima(Qt::Key_F2);
     oprima(Qt::Key_Escape);
     siga(Qt::Key_Escape);
-    QCOMPARE(s_->dato("select count(*) from cuentas_exportacion where cuen_cod = '9'"),
-             QString("0"));
+    QCOMPARE(s_->dato("select count(*) from cuentas_exportacion where cuen_cod = '9'"), "0");
 }
 
 void PruebaPantallasIntercambio::el_mantenimiento_pide_la_opcion_de_cada_herramienta() {
@@ -220,127 +220,93 @@ void PruebaPantallasIntercambio::el_mantenimiento_pide_la_opcion_de_cada_herrami
         i_->espere("Acceso no permitido. comuníquese con el administrador del sistema.");
         boton.click();
     }
-    i_->espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+    i_->espere(kAccesoNegado);
     componente<QPushButton>(menu, "SBRespaldo").click();
     s_->otorgue(97);
     componente<QPushButton>(menu, "SBCuenta").click();
-    QCOMPARE(escritorio()->activa()->objectName(), QString("Tfcambictamov"));
+    QCOMPARE(escritorio()->activa()->objectName(), "Tfcambictamov");
     s_->niegue(97);
 }
 
 namespace {
 
-/// Lo que se digita en una caja y lo que se dice al dejarla; sin caja, F2.
-struct PasoHerramienta {
-    const char* caja;
-    QString texto, aviso = {};
+/// `pasos`, separados por ';': "caja=texto|lo que se dice al dejarla"; sin caja, F2.
+struct CasoHerramienta {
+    const char *pantalla, *pasos, *pregunta;
+    const char *medida, *queda; ///< lo que cambia, y cómo queda
 };
+
+const CasoHerramienta kHerramientas[] = {
+    {"Tfcambictamov",
+     "FecIni=20170101;FecFin=20171231;Edit1=9|La cuenta 9 no existe.;"
+     "Edit1=310505|La cuenta 310505 no tiene movimientos.;Edit1=111005;Edit2=310505",
+     "Se cambiarán 2 renglones de 2 comprobantes.",
+     "select list(cuen_cod) from comprobante_detalle where code_item = 2", "310505,310505"},
+    {"Tfcambitermov",
+     "FecIni=20170101;FecFin=20171231;Edit1=9|El tercero 9 no existe.;"
+     "Edit1=860002964|El tercero 860002964 no tiene movimientos.;Edit1=900123456;Edit2=52345678;"
+     "Edit3=9|La cuenta 9 no existe.;"
+     "Edit3=111005|El tercero 900123456 no tiene movimientos en la cuenta.;Edit3=130505",
+     "Se cambiarán 1 renglón de 1 comprobante.",
+     "select terc_nit from comprobante_detalle where cuen_cod = '130505'", "52345678"},
+    {"Tfcreactamov",
+     "=|Falta ingresar el código de la cuenta.;CUEN_COD=111005|La cuenta 111005 ya existe.;"
+     "CUEN_COD=99999901|No existe la cuenta padre.;CUEN_COD=11050501;"
+     "=|Falta ingresar el nombre de la cuenta.;CUEN_NOM=Caja;CUEN_EQNIIF=;"
+     "=|Debe Indicar la cuenta equivalente;CUEN_EQNIIF=9;=|La cuenta NIIF 9 no existe.;"
+     "CUEN_EQNIIF=110505",
+     "Se cambiarán 1 renglón de 1 comprobante a la cuenta 11050501.",
+     "select min(cuen_cod) from comprobante_detalle", "11050501"},
+    {"Tfcambiacate", "Edit1=9|Cuenta no encontrada.;Edit1=111005;ckter=",
+     "Se cambiará el detalle de la cuenta 111005, que tiene 2 renglones de 2 comprobantes. 2 "
+     "quedarán sin el dato que la cuenta va a exigir, y la verificación los señalará.",
+     "select cuen_tercero from cuentas where cuen_cod = '111005'", "S"},
+    {"Tfborramov",
+     "=|Debe indicar el rango de fechas a borrar.;FecIni=20170101;FecFin=20160101;"
+     "=|La fecha final debe ser mayor o igual que la inicial.;FecFin=20171231;NumIni=7;"
+     "=|No hay comprobantes por borrar en ese rango.;NumIni=2",
+     "Se borrarán 2 renglones de 1 comprobante; 1 se van enteros. 1 los generaron otros módulos, "
+     "y sus documentos quedarán sin contabilizar.",
+     "select list(enco_consec) from comprobante_encabezado", "1"},
+    {"Tfborractas",
+     "Edit1=9|No se encontró la cuenta inicial.;Edit1=5195;"
+     "Edit2=9|No se encontró la cuenta final.;"
+     "Edit2=5105|La cuenta final debe ser mayor que la inicial.;"
+     "=|La cuenta final debe ser mayor que la inicial.;Edit2=519530",
+     "Se borrarán 2 cuentas, de la 5195 a la 519530.",
+     "select count(*) from cuentas where cuen_cod starting with '5195'", "0"}};
 
 } // namespace
 
-Q_DECLARE_METATYPE(QVector<PasoHerramienta>)
-
 void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_hace_data() {
-    QTest::addColumn<QString>("pantalla");
-    QTest::addColumn<QVector<PasoHerramienta>>("pasos");
-    QTest::addColumn<QString>("pregunta");
-    QTest::addColumn<QString>("medida");
-    QTest::addColumn<QString>("queda");
-    using Pasos = QVector<PasoHerramienta>;
-    const auto fila = [](const char* pantalla, const Pasos& pasos, const char* pregunta,
-                         const char* medida, const char* queda) {
-        QTest::newRow(pantalla) << QString(pantalla) << pasos
-                                << QString::fromUtf8(pregunta) + " Desea continuar?"
-                                << QString(medida) << QString(queda);
-    };
-    const PasoHerramienta desde{"FecIni", "20170101"}, hasta{"FecFin", "20171231"};
-    fila("Tfcambictamov",
-         {desde,
-          hasta,
-          {"Edit1", "9", "La cuenta 9 no existe."},
-          {"Edit1", "310505", "La cuenta 310505 no tiene movimientos."},
-          {"Edit1", "111005"},
-          {"Edit2", "310505"}},
-         "Se cambiarán 2 renglones de 2 comprobantes.",
-         "select list(cuen_cod) from comprobante_detalle where code_item = 2", "310505,310505");
-    fila("Tfcambitermov",
-         {desde,
-          hasta,
-          {"Edit1", "9", "El tercero 9 no existe."},
-          {"Edit1", "860002964", "El tercero 860002964 no tiene movimientos."},
-          {"Edit1", "900123456"},
-          {"Edit2", "52345678"},
-          {"Edit3", "9", "La cuenta 9 no existe."},
-          {"Edit3", "111005", "El tercero 900123456 no tiene movimientos en la cuenta."},
-          {"Edit3", "130505"}},
-         "Se cambiarán 1 renglón de 1 comprobante.",
-         "select terc_nit from comprobante_detalle where cuen_cod = '130505'", "52345678");
-    fila("Tfcreactamov",
-         {{"", {}, "Falta ingresar el código de la cuenta."},
-          {"CUEN_COD", "111005", "La cuenta 111005 ya existe."},
-          {"CUEN_COD", "99999901", "No existe la cuenta padre."},
-          {"CUEN_COD", "11050501"},
-          {"", {}, "Falta ingresar el nombre de la cuenta."},
-          {"CUEN_NOM", "Caja"},
-          {"CUEN_EQNIIF", ""},
-          {"", {}, "Debe Indicar la cuenta equivalente"},
-          {"CUEN_EQNIIF", "9"},
-          {"", {}, "La cuenta NIIF 9 no existe."},
-          {"CUEN_EQNIIF", "110505"}},
-         "Se cambiarán 1 renglón de 1 comprobante a la cuenta 11050501.",
-         "select min(cuen_cod) from comprobante_detalle", "11050501");
-    fila("Tfcambiacate",
-         {{"Edit1", "9", "Cuenta no encontrada."}, {"Edit1", "111005"}, {"ckter", "S"}},
-         "Se cambiará el detalle de la cuenta 111005, que tiene 2 renglones de 2 comprobantes. 2 "
-         "quedarán sin el dato que la cuenta va a exigir, y la verificación los señalará.",
-         "select cuen_tercero from cuentas where cuen_cod = '111005'", "S");
-    fila("Tfborramov",
-         {{"", {}, "Debe indicar el rango de fechas a borrar."},
-          desde,
-          {"FecFin", "20160101"},
-          {"", {}, "La fecha final debe ser mayor o igual que la inicial."},
-          hasta,
-          {"NumIni", "7"},
-          {"", {}, "No hay comprobantes por borrar en ese rango."},
-          {"NumIni", "2"}},
-         "Se borrarán 2 renglones de 1 comprobante; 1 se van enteros. 1 los generaron otros "
-         "módulos, y sus documentos quedarán sin contabilizar.",
-         "select list(enco_consec) from comprobante_encabezado", "1");
-    fila("Tfborractas",
-         {{"Edit1", "9", "No se encontró la cuenta inicial."},
-          {"Edit1", "5195"},
-          {"Edit2", "9", "No se encontró la cuenta final."},
-          {"Edit2", "5105", "La cuenta final debe ser mayor que la inicial."},
-          {"", {}, "La cuenta final debe ser mayor que la inicial."},
-          {"Edit2", "519530"}},
-         "Se borrarán 2 cuentas, de la 5195 a la 519530.",
-         "select count(*) from cuentas where cuen_cod starting with '5195'", "0");
+    QTest::addColumn<int>("cual");
+    for (int i = 0; i < int(std::size(kHerramientas)); ++i)
+        QTest::newRow(kHerramientas[i].pantalla) << i;
 }
 
 void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_hace() {
-    QFETCH(QString, pantalla);
-    QFETCH(QVector<PasoHerramienta>, pasos);
-    QFETCH(QString, pregunta);
-    QFETCH(QString, medida);
-    QFETCH(QString, queda);
+    QFETCH(int, cual);
+    const auto& [pantalla, pasos, pregunta, medida, queda] = kHerramientas[cual];
     un_movimiento();
     grabe(s_->base.base(),
           {2, "000002", "20170302", {{1, "130505", 9, 0, "900123456"}, {2, "111005", 0, 9}}});
     s_->base.ejecute({"update comprobante_encabezado set enco_tiporef = 31 where enco_consec = 2"});
     const QString antes = s_->dato(medida);
     Pantalla* p = pantallas().abrir(pantalla);
-    for (const PasoHerramienta& paso : pasos) {
-        if (!paso.aviso.isEmpty())
-            i_->espere(paso.aviso);
-        if (!*paso.caja)
+    for (const QString& paso : QString(pasos).split(';')) {
+        const QByteArray caja = paso.section('=', 0, 0).toLatin1();
+        const QString resto = paso.section('=', 1), aviso = resto.section('|', 1);
+        if (!aviso.isEmpty())
+            i_->espere(aviso);
+        if (caja.isEmpty())
             oprima(Qt::Key_F2);
-        else if (*paso.caja == 'c')
-            pulse(p, paso.caja);
+        else if (caja.startsWith("ck"))
+            pulse(p, caja);
         else
-            escriba(p, paso.caja, paso.texto);
+            escriba(p, caja, resto.section('|', 0, 0));
     }
     for (const char* respuesta : {"No", "Sí"}) {
-        i_->espere(pregunta, respuesta);
+        i_->espere(QString(pregunta) + " Desea continuar?", respuesta);
         QCOMPARE(s_->dato(medida), antes);
         siga(Qt::Key_F2);
     }
@@ -358,12 +324,12 @@ void PruebaPantallasIntercambio::el_recalculo_cuenta_lo_que_corrigio() {
     i_->espere("Recálculo terminado: se corrigieron 1 saldos.\nCuenta 110505, Marzo de 2017: decía "
                "109.00 y 0.00; son 100.00 y 0.00");
     siga(Qt::Key_F5);
-    QCOMPARE(barra_.text(), QString("Recálculo de saldos: 1 corregidos"));
+    QCOMPARE(barra_.text(), "Recálculo de saldos: 1 corregidos");
     Pantalla* p = pantallas().abrir("Tfchequeosaldos");
     componente<QAbstractButton>(p, "ckniif").click();
     i_->espere("Recálculo terminado: todos los saldos estaban bien.");
     siga(Qt::Key_F5);
-    QCOMPARE(barra_.text(), QString("Recálculo de saldos: todos estaban bien"));
+    QCOMPARE(barra_.text(), "Recálculo de saldos: todos estaban bien");
     QVERIFY(!escritorio()->abierta("Tfchequeosaldos"));
     QCOMPARE(saldos_distintos(s_->base.base()), QString());
 }
@@ -392,7 +358,7 @@ void PruebaPantallasIntercambio::el_recalculo_se_pinta_y_se_puede_detener() {
     agote_eventos();
     QVERIFY(visto);
     QVERIFY(escritorio()->abierta("Tfchequeosaldos"));
-    QCOMPARE(barra_.text(), QString("Recálculo de saldos: detenido"));
+    QCOMPARE(barra_.text(), "Recálculo de saldos: detenido");
     QCOMPARE(saldos_distintos(s_->base.base()), mal);
     i_->espere_comienzo("Recálculo terminado: se corrigieron 1 saldos.");
     siga(Qt::Key_F5);
@@ -404,7 +370,7 @@ void PruebaPantallasIntercambio::la_estructura_no_se_cambia_con_cuentas_creadas(
     digite("9");
     i_->espere_comienzo("La estructura no se puede cambiar: ya hay cuentas creadas.");
     oprima(Qt::Key_F2);
-    QCOMPARE(s_->dato("select max(estr_digitos) from estructura"), QString("8"));
+    QCOMPARE(s_->dato("select max(estr_digitos) from estructura"), "8");
 }
 
 void PruebaPantallasIntercambio::

@@ -3,6 +3,7 @@
 #include "apoyo/comprobantes.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "datos/recordset/indice_busqueda.h"
+#include "niif/paginas.h"
 #include "niif/peticiones_niif.h"
 #include "niif/registro.h"
 #include "niif/tfbalaperturaniif.h"
@@ -17,7 +18,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
-#include <QStackedWidget>
 #include <QtTest>
 
 namespace {
