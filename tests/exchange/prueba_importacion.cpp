@@ -158,6 +158,7 @@ void PruebaImportacion::la_maquina_lee_como_se_dijo() {
 }
 
 void PruebaImportacion::un_archivo_de_menos_de_cinco_octetos_o_que_no_abre_se_dice() {
+    ensaya_ = false; // la de verdad también se detiene antes de borrar
     const auto falla = [this](const QByteArray& texto, const QString& ruta) {
         try {
             importe(ClaseImportacion::Saldos, texto, [&](PeticionImportacion& p) {
