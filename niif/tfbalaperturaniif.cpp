@@ -1,6 +1,7 @@
 #include "niif/tfbalaperturaniif.h"
 
 #include "niif/apertura.h"
+#include "niif/paginas.h"
 #include "niif/pch.h"
 #include "niif/peticiones_niif.h"
 #include "sesion/instalacion.h"
@@ -9,7 +10,6 @@
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <QStackedWidget>
 
 namespace {
 
@@ -32,7 +32,7 @@ QLineEdit* caja(const char* nombre) {
 Tfbalaperturaniif::Tfbalaperturaniif() : Pantalla("Tfbalaperturaniif", "Balance de Apertura NIIF") {
     defina_conjuntos();
     defina_lineas();
-    paginas = new QStackedWidget(this);
+    paginas = new Paginas(this);
     paginas->setObjectName("paginas");
     paginas->addWidget(pagina_principal());
     paginas->addWidget(pagina_detalle());
@@ -80,13 +80,15 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
     const auto diferencia = [](const char* nombre) {
         EditorNumero* e = EditorNumero::de_saldo();
         e->setObjectName(nombre);
+        e->setMinimumWidth(e->fontMetrics().horizontalAdvance('0') * 15);
         return e;
     };
     EAno = caja("EAno");
+    EAno->setMinimumWidth(EAno->fontMetrics().horizontalAdvance('0') * 7);
     NomCuenta = caja("NomCuenta");
     NomNiif = caja("NomNiif");
     for (QLineEdit* nombre : {NomCuenta, NomNiif})
-        nombre->setMinimumWidth(nombre->fontMetrics().horizontalAdvance('n') * 42);
+        nombre->setMinimumWidth(nombre->fontMetrics().horizontalAdvance('n') * 16);
     Difdeb = diferencia("Difdeb");
     DifCred = diferencia("DifCred");
     DBGridEh1 = new Rejilla(pagina, &CAjusniif);
@@ -107,6 +109,7 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
                          {"AJUSTEDBN", "Ajuste DB", 14, Suma},
                          {"AJUSTECRN", "Ajuste CR", 14, Suma},
                          {"NUEVO", "Nuevo saldo", 16, Suma}});
+    DBGridEh1->setMinimumHeight(DBGridEh1->fontMetrics().height() * 11); // en letra grande también
     DBGridEh1->ReadOnly = true;
     DBGridEh1->pie(true);
     DBGridEh1->nombre_archivo = "SaldosIniNIIF";

@@ -10,7 +10,7 @@ class EditorNumero;
 class MemoDato;
 class QLabel;
 class QLineEdit;
-class QStackedWidget;
+class Paginas;
 class Rejilla;
 
 class Tfbalaperturaniif : public Pantalla {
@@ -32,7 +32,7 @@ public:
     ConjuntoDatos CBalinicial{this, "CBalinicial", &PConsulta};
 
     // --- controles
-    QStackedWidget* paginas; ///< principal, "Detalle calculos" y "Hoja de trabajo"
+    Paginas* paginas; ///< principal, "Detalle calculos" y "Hoja de trabajo"
     QLineEdit *EAno, *NomCuenta, *NomNiif, *NomDetalle;
     QLabel *Ancestros, *LHoja;
     EditorNumero *Difdeb, *DifCred, *DetDebito, *DetCredito;

@@ -1,6 +1,7 @@
 // La entrada al programa, la sesión y su cierre, con las bases verdaderas.
 #include "apoyo/servidor_prueba.h"
 #include "apoyo_gui/peticiones.h"
+#include "apoyo_gui/teclado.h"
 #include "app/paneldegradado.h"
 #include "app/ventanaavisos.h"
 #include "app/vigiamensajes.h"
@@ -548,11 +549,19 @@ void PruebaPrincipal::los_mensajes_sin_leer_aparecen_al_entrar_y_se_marcan() {
     QVERIFY(!reloj->isActive()); // con el aviso a la vista no se pregunta
     QCOMPARE(reloj->interval(), 10000);
 
-    QTest::mouseClick(aviso->findChild<QPushButton*>("Siguiente"), Qt::LeftButton);
-    QVERIFY(aviso->texto_actual().startsWith("902<br>"));
-    QCOMPARE(aviso->palette().color(QPalette::Window), p.palette().color(QPalette::Window));
-    QTest::mouseClick(aviso->findChild<QPushButton*>("Leido"), Qt::LeftButton);
+    // Sin el ratón: Ctrl+Mayús+M lleva a sus botones, y al cerrarlo el teclado vuelve a su sitio.
+    const QPointer<QWidget> tenia = con_foco();
+    oprima(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(con_foco()->objectName(), QString("Responder"));
+    for (const char* boton : {"Siguiente", "Leido"}) {
+        for (int n = 0; n < 5 && con_foco()->objectName() != boton; ++n)
+            oprima(Qt::Key_Tab);
+        oprima(Qt::Key_Return);
+        QVERIFY(aviso->texto_actual().startsWith("902<br>"));
+        QCOMPARE(aviso->palette().color(QPalette::Window), p.palette().color(QPalette::Window));
+    }
     QVERIFY(!aviso->isVisible() && reloj->isActive());
+    QCOMPARE(con_foco(), tenia.data());
     QCOMPARE(leidos(), 1);
 
     p.mensajes->Timer3Timer();

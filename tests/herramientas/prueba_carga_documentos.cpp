@@ -143,10 +143,10 @@ private:
 void PruebaCargaDocumentos::una_interfaz_entra_se_reemplaza_y_se_lista_igual() {
     const auto primera = cargue("interfaz", QString::fromUtf8(kInterfaz));
     QCOMPARE(primera.errores, QString());
-    QCOMPARE(primera.salida, QString("1 interfaces cargadas.\n"));
+    QCOMPARE(primera.salida, "1 interfaces cargadas.\n");
     QCOMPARE(filas("select inve_id, tido_cod, pref_pre, inve_nombre, tico_cod, prco_pre,"
                    " inve_confirmar, inve_det from interfaz_ventas"),
-             QString("7|31|FE|Ventas \"A\"|CG|0001|S|N"));
+             "7|31|FE|Ventas \"A\"|CG|0001|S|N");
     const QString cuentas = "1|CLIENTE||130505|D|S|N|N|N||N|\n"
                             "2|VENTA|48|413505|C|N|S|N|N||-|01\n"
                             "3|RETEFUENTE||135515|D|S|N|N|S|2.5|-|";
@@ -167,7 +167,7 @@ void PruebaCargaDocumentos::una_interfaz_entra_se_reemplaza_y_se_lista_igual() {
                                                       " categoria=01\n"))
                  .codigo,
              0);
-    QCOMPARE(filas("select count(*) from interfaz_ventas_ctas"), QString("2"));
+    QCOMPARE(filas("select count(*) from interfaz_ventas_ctas"), "2");
 }
 
 void PruebaCargaDocumentos::lo_mal_escrito_se_dice_todo_con_su_renglon_y_no_entra_nada() {
@@ -214,8 +214,8 @@ void PruebaCargaDocumentos::lo_mal_escrito_se_dice_todo_con_su_renglon_y_no_entr
           ":5: el documento no tiene líneas.", ":8: el carácter '€' no se puede guardar."})
         QVERIFY2(d.errores.contains(QString::fromUtf8(falta)),
                  qPrintable(QString::fromUtf8(falta) + "\n" + d.errores));
-    QCOMPARE(filas("select count(*) from documento"), QString("0"));
-    QCOMPARE(filas("select count(*) from interfaz_ventas"), QString("0"));
+    QCOMPARE(filas("select count(*) from documento"), "0");
+    QCOMPARE(filas("select count(*) from interfaz_ventas"), "0");
 }
 
 void PruebaCargaDocumentos::los_documentos_entran_y_se_listan_igual() {
@@ -231,12 +231,12 @@ void PruebaCargaDocumentos::los_documentos_entran_y_se_listan_igual() {
                         " contado=N\nBANCO -5\nMEDIO:EF -5\n\n";
     const auto r = cargue("documentos", uno + dos);
     QCOMPARE(r.errores, QString());
-    QCOMPARE(r.salida, QString("2 documentos cargados.\n"));
+    QCOMPARE(r.salida, "2 documentos cargados.\n");
     QCOMPARE(ordene({"documentos"}).salida.trimmed(), (uno + dos).trimmed());
     QCOMPARE(ordene({"documentos", "--desde", "2018/01/16", "--pendientes"}).salida.trimmed(),
              dos.trimmed());
-    QCOMPARE(filas("select pref_pre, fact_numero from facturas"), QString("FE|000007"));
-    QCOMPARE(filas("select prba_pref, cons_numero from consigna"), QString("0000|1"));
+    QCOMPARE(filas("select pref_pre, fact_numero from facturas"), "FE|000007");
+    QCOMPARE(filas("select prba_pref, cons_numero from consigna"), "0000|1");
     // Lo que la base rehúsa se dice con su renglón y en español.
     const QString cufe = "DOCUMENTO tipo=31 numero=%1 fecha=2018/01/15 cufe=zz\nVENTA 1\n";
     QVERIFY(cargue("documentos", cufe.arg(1) + cufe.arg(2)).errores.contains("documentos.txt:3: "));
@@ -251,13 +251,11 @@ void PruebaCargaDocumentos::los_documentos_entran_y_se_listan_igual() {
 }
 
 void PruebaCargaDocumentos::la_factura_electronica_es_venta_o_compra_segun_quien_la_expidio() {
-    Factura venta;
-    venta.extra = kRetencion;
-    Factura compra;
-    compra.cufe = "d4e5";
-    compra.numero = "SETP990000001";
-    compra.prefijo = "SETP";
-    std::swap(compra.vendedor, compra.comprador);
+    const Factura venta{.extra = kRetencion}, compra{.cufe = "d4e5",
+                                                     .numero = "SETP990000001",
+                                                     .prefijo = "SETP",
+                                                     .vendedor = venta.comprador,
+                                                     .comprador = venta.vendedor};
     const auto r = ordene({"documentos", "--electronica", archivo("v.xml", venta.xml()),
                            archivo("c.xml", compra.adjunta()), "--concepto", "GASTO:FERRE",
                            "--prefijo", "FC"});
@@ -269,16 +267,16 @@ void PruebaCargaDocumentos::la_factura_electronica_es_venta_o_compra_segun_quien
                  "c.xml: compra a Aceros Peña S.A.S. por 1,190,000.00, documento 21/FC/000001.\n"));
     QCOMPARE(filas("select tido_cod, pref_pre, docu_numero, docu_fecha, docu_vence, docu_refer,"
                    " terc_nit, docu_total, docu_contado, docu_cufe from documento order by 1"),
-             QString("21|FC|000001|2018/02/10|2018/03/12|SETP990000001|901777888|1190000|N|d4e5\n"
-                     "31|FE|000123|2018/02/10|2018/03/12|FE123|901777888|1190000|N|a1b2c3"));
+             "21|FC|000001|2018/02/10|2018/03/12|SETP990000001|901777888|1190000|N|d4e5\n"
+             "31|FE|000123|2018/02/10|2018/03/12|FE123|901777888|1190000|N|a1b2c3");
     const QString lineas = "select doli_concepto, doli_clase, doli_valor, doli_base, doli_porc,"
                            " arti_cod from documento_linea where tido_cod = %1 order by doli_item";
-    QCOMPARE(filas(lineas.arg(31)), QString("VENTA||600000|||MART01\nVENTA||400000|||\n"
-                                            "IVA|19|190000|1000000|19|\n"
-                                            "RETEFUENTE||25000|1000000|2.5|\n"
-                                            "CLIENTE||1165000|||"));
-    QCOMPARE(filas(lineas.arg(21)), QString("GASTO|FERRE|600000|||MART01\nGASTO|FERRE|400000|||\n"
-                                            "IVA|19|190000|1000000|19|\nPROVEEDOR||1190000|||"));
+    QCOMPARE(filas(lineas.arg(31)), "VENTA||600000|||MART01\nVENTA||400000|||\n"
+                                    "IVA|19|190000|1000000|19|\n"
+                                    "RETEFUENTE||25000|1000000|2.5|\n"
+                                    "CLIENTE||1165000|||");
+    QCOMPARE(filas(lineas.arg(21)), "GASTO|FERRE|600000|||MART01\nGASTO|FERRE|400000|||\n"
+                                    "IVA|19|190000|1000000|19|\nPROVEEDOR||1190000|||");
     // El tercero quedó con lo que la factura dice, y con los dos papeles.
     QCOMPARE(
         filas("select t.terc_dv, t.terc_tipoid, t.terc_nom, t.terc_dir, t.ciud_cod, t.terc_tel,"
@@ -289,60 +287,47 @@ void PruebaCargaDocumentos::la_factura_electronica_es_venta_o_compra_segun_quien
                           "pagos@ejemplo.com.co|S|S|901777888|01"));
     // Lo que la base no puede guardar de una descripción queda con lo más parecido. El contenedor
     // manda sobre la codificación que diga la factura de adentro.
-    Factura rara;
-    rara.cufe = "e5";
-    rara.numero = "FE300";
+    const Factura rara{.cufe = "e5", .numero = "FE300"};
     QString rareza = rara.adjunta().replace("Varilla", QString::fromUtf8("Año – 3 “gruesa” 😀…"));
     rareza.replace(rareza.lastIndexOf("UTF-8"), 5, "ISO-8859-1");
     QCOMPARE(ordene({"documentos", "--electronica", archivo("r.xml", rareza)}).errores, QString());
     QCOMPARE(filas("select doli_detalle from documento_linea where doli_detalle starting 'A'"),
              QString::fromUtf8("Año - 3 \"gruesa\" ??..."));
     // De contado, lo cobrado es un medio de pago.
-    Factura contado;
-    contado.cufe = "f6";
-    contado.numero = "FE124";
-    contado.pago = "1";
+    const Factura contado{.cufe = "f6", .numero = "FE124", .pago = "1"};
     QCOMPARE(ordene({"documentos", "--electronica", archivo("e.xml", contado.xml())}).codigo, 0);
     QCOMPARE(filas("select l.doli_concepto, l.doli_clase, d.docu_contado from documento_linea l"
                    " join documento d on d.docu_id = l.docu_id where d.docu_numero = '000124'"
                    " and l.doli_item = 4"),
-             QString("MEDIO|EF|S"));
+             "MEDIO|EF|S");
 }
 
 void PruebaCargaDocumentos::lo_que_no_se_puede_leer_se_rehusa() {
-    Factura buena;
+    const Factura buena;
     QCOMPARE(ordene({"documentos", "--electronica", archivo("b.xml", buena.xml())}).codigo, 0);
-    Factura ajena, dolares, sin_cufe, no_suma, bolsas, otra, otro_cufe, con_guion, nit_largo;
-    ajena.vendedor = "1";
-    dolares.moneda = "USD";
-    sin_cufe.cufe.clear();
-    no_suma.cufe = "x1";
-    no_suma.total = "1190003.00";
-    bolsas.extra = QString(kRetencion).replace(">06<", ">22<").replace("ReteRenta", "INC Bolsas");
-    otra.cufe = "x2";
-    otra.numero = "FE200";
-    otro_cufe.cufe = "x3";
-    con_guion.cufe = "x4";
-    con_guion.numero = "FE-201";
-    nit_largo.cufe = "x5";
-    nit_largo.numero = "FE202";
-    nit_largo.comprador = QString(21, '9');
+    const Factura otra{.cufe = "x2", .numero = "FE200"};
     const std::pair<QString, const char*> casos[] = {
         {buena.adjunta(), "ya está registrada como el documento 31/FE/000123"},
-        {ajena.xml(), "es de 1 para 901777888, y la compañía es 900555111"},
-        {dolares.xml(), "está en USD; solo se leen facturas en pesos"},
-        {sin_cufe.xml(), "no trae CUFE"},
-        {no_suma.xml(), "sus líneas, impuestos y descuentos suman 1,190,000.00 y su total es"
-                        " 1,190,003.00"},
-        {bolsas.xml(), "trae el impuesto 22 (INC Bolsas), que no se contabiliza"},
+        {Factura{.vendedor = "1"}.xml(), "es de 1 para 901777888, y la compañía es 900555111"},
+        {Factura{.moneda = "USD"}.xml(), "está en USD; solo se leen facturas en pesos"},
+        {Factura{.cufe = {}}.xml(), "no trae CUFE"},
+        {Factura{.cufe = "x1", .total = "1190003.00"}.xml(),
+         "sus líneas, impuestos y descuentos suman 1,190,000.00 y su total es"
+         " 1,190,003.00"},
+        {Factura{.extra =
+                     QString(kRetencion).replace(">06<", ">22<").replace("ReteRenta", "INC Bolsas")}
+             .xml(),
+         "trae el impuesto 22 (INC Bolsas), que no se contabiliza"},
         {QString(buena.xml()).replace("Invoice", "CreditNote"),
          "no es una factura electrónica: su raíz es 'CreditNote'"},
         {buena.xml().left(900), "no es un XML bien formado"},
         {"hola", "no es un XML bien formado"},
         {"<Invoice>" + QString("<a>").repeated(100000), "tiene más niveles que una factura"},
-        {otro_cufe.xml(), "ya hay otro documento 31/FE/000123, con otro CUFE.\n"},
-        {con_guion.xml(), "su número no es un prefijo y cifras: 'FE-201'.\n"},
-        {nit_largo.xml(), "El texto '999999999999999999999' no cabe en 20 caracteres.\n"},
+        {Factura{.cufe = "x3"}.xml(), "ya hay otro documento 31/FE/000123, con otro CUFE.\n"},
+        {Factura{.cufe = "x4", .numero = "FE-201"}.xml(),
+         "su número no es un prefijo y cifras: 'FE-201'.\n"},
+        {Factura{.cufe = "x5", .numero = "FE202", .comprador = QString(21, '9')}.xml(),
+         "El texto '999999999999999999999' no cabe en 20 caracteres.\n"},
     };
     for (const auto& [xml, texto] : casos) {
         // La buena que va con ella tampoco entra.
@@ -350,19 +335,19 @@ void PruebaCargaDocumentos::lo_que_no_se_puede_leer_se_rehusa() {
             {"documentos", "--electronica", archivo("o.xml", otra.xml()), archivo("m.xml", xml)});
         QCOMPARE(r.codigo, 1);
         QVERIFY2(r.errores.contains("m.xml: " + QString::fromUtf8(texto)), qPrintable(r.errores));
-        QCOMPARE(filas("select count(*) from documento"), QString("1"));
+        QCOMPARE(filas("select count(*) from documento"), "1");
     }
     // Anulada, la misma factura se puede volver a leer, con su número.
     QCOMPARE(ordene({"documentos", "--anular", "31/FE/000123"}).codigo, 0);
     QCOMPARE(ordene({"documentos", "--electronica", archivo("b.xml", buena.xml())}).errores,
              QString());
     QCOMPARE(filas("select docu_numero, docu_anulado, docu_cufe from documento"),
-             QString("000123|N|a1b2c3"));
+             "000123|N|a1b2c3");
 }
 
 void PruebaCargaDocumentos::la_orden_lee_facturas_y_las_dice() {
     QCOMPARE(ordene({"documentos", "--cargar", "no_existe.txt"}).errores.trimmed(),
-             QString("No se pudo leer no_existe.txt: no existe."));
+             "No se pudo leer no_existe.txt: no existe.");
     QCOMPARE(ordene({"documentos", "--electronica", base_->ruta()}).errores.trimmed(),
              QString("No se pudo leer %1: es una carpeta.").arg(base_->ruta()));
     QCOMPARE(ordene({"documentos", "--cargar", "a", "--anular", "1/2/3"}).codigo, 2);
