@@ -2,6 +2,7 @@
 
 #include "periodend/pch.h"
 #include "periodend/peticiones_cierre.h"
+#include "sesion/ayuda_al_teclear.h"
 
 namespace {
 template <class T> T* nombrado(T* control, const char* nombre) {
@@ -91,6 +92,7 @@ void FormaConcepto::construya() {
     DBGridEh1->lista(DBGridEh1->columna_de("COCU_BASE"),
                      {"Saldo Inicial", "Debitos mes", "Créditos mes", "Neto mes", "Saldo Final"},
                      {"INI", "DEB", "CRE", "NET", "FIN"});
+    ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, "CUEN_COD", "TERC_NIT");
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->texto_vacio = "El concepto no tiene cuentas. Insert agrega la primera.";
     DBGridEh1->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,

@@ -1,10 +1,12 @@
 // Búsqueda de comprobantes y comprobantes de un tercero: filtros, teclas y borrado.
 #include "apoyo/comprobantes.h"
+#include "apoyo/reloj_de_prueba.h"
 #include "vouchers/digitador.h"
 #include "vouchers/tfbuscomproba.h"
 #include "vouchers/tfcomproterc.h"
 
 #include <QCheckBox>
+#include <QMenu>
 
 namespace {
 
@@ -397,6 +399,7 @@ private slots:
     }
 
     void el_movimiento_de_un_tercero_se_filtra_y_se_edita() {
+        const RelojDetenido hoy({2017, 5, 15});
         SesionGui s("AUXILIAR"); // sin el derecho de borrar: esta lista no lo pregunta
         Digitador d(s);
         ponga_encabezados(s);
@@ -432,7 +435,38 @@ private slots:
         oprima(Qt::Key_F12, Qt::ShiftModifier);
         QVERIFY(caja(p, "TPref").hasFocus());
 
+        // Cada página ofrece lo mismo, sobre el mismo comprobante.
+        for (Rejilla* r : {p->DBGridEh2, p->DBGridEh1, p->DBGridEh3}) {
+            QStringList ordenes;
+            for (const QAction* a : r->findChild<QMenu*>("menu_rejilla")->actions())
+                ordenes << a->text();
+            ordenes.removeAll(QString());
+            QCOMPARE(ordenes.join('|').remove('&'),
+                     QString("Copiar|Selecccionar todo|Imprimir|Guardar selección|Duplicar "
+                             "comprobante\tCtrl+D|Reversar comprobante\tCtrl+I"));
+        }
         ubique(p, "ID", 7, "DBGridEh2");
+        Interlocutor i;
+        i.espere_modal("vista_preliminar", [](QWidget* w) { w->close(); });
+        p->DBGridEh2->ejecute_orden(Rejilla::Imprimir);
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        QVERIFY(p->DBGridEh1->hasFocus());
+        i.espere("Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, que reversa en "
+                 "los dos libros RC 0002 000021. Desea continuar?",
+                 "No");
+        oprima(Qt::Key_I, Qt::ControlModifier);
+        i.espere("Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, que repite en "
+                 "los dos libros RC 0002 000021. Desea continuar?",
+                 "Sí");
+        oprima(Qt::Key_D, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select enco_fecha || ' ' || enco_concepto from comprobante_encabezado "
+                        "where enco_consec = (select max(enco_consec) from "
+                        "comprobante_encabezado)"),
+                 QString("20170515 Abono de cliente"));
+        s.escritorio.activa()->close();
+        // De vuelta, la lista sigue en el que estaba; F4 lo edita.
+        QCOMPARE(resultado(p).FieldByName("ID").texto(), QString("7"));
         oprima(Qt::Key_F4);
         QVERIFY(s.escritorio.abierta("Tfedtmovimien"));
         s.escritorio.activa()->close();

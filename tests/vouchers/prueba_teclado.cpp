@@ -11,13 +11,13 @@
 #include "toolkit/controles/memodato.h"
 #include "toolkit/lista_teclas.h"
 #include "vouchers/borrador_vivo.h"
+#include "vouchers/huerfano.h"
 #include "vouchers/letrero_diferencia.h"
 #include "vouchers/panel_documento.h"
 #include "vouchers/tfbuscomproba.h"
 
 #include <QClipboard>
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QTreeWidget>
 
 namespace {
@@ -324,35 +324,27 @@ private slots:
         const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
         Tfmovimien* p = d.abra();
         auto* borrador = p->findChild<BorradorVivo*>();
-        const QDir carpeta(borrador->carpeta());
-        const auto borradores = [&] { return carpeta.entryList({"*.borrador"}, QDir::Files); };
         borrador->guarde();
-        QVERIFY(borradores().isEmpty()); // nada se ha digitado
+        QVERIFY(borradores(borrador->carpeta()).isEmpty()); // nada se ha digitado
         d.encabezado("CG", "17", "Nómina de mayo");
         d.entre_a_la_rejilla();
         d.linea({"110505", "", "", "", "", "", "", "", "", "1000", "", ""});
         d.linea({"310505", "", "", "", "", "", "", "", "", "", "400"}); // sin entrar aún
         borrador->guarde();
-        QCOMPARE(borradores().size(), 1);
         // Otra pantalla del mismo usuario no toca el de la que sigue viva.
         QVERIFY(!BorradorVivo(
                      p->conjuntos(), s.dm.Quorvex.parametros().base + "/ADMIN",
                      [] { return QString(); }, nullptr)
                      .tome_huerfano());
-        // El programa muere: queda el archivo y el candado de nadie.
-        const QString ruta = carpeta.filePath(borradores().first());
-        QVERIFY(QFile::copy(ruta, carpeta.filePath("huerfano.borrador")));
-        QFile candado(carpeta.filePath("huerfano.borrador.candado"));
-        QVERIFY(candado.open(QIODevice::WriteOnly));
-        candado.write("999999999\nquorvex\n" + QSysInfo::machineHostName().toUtf8() + "\n\n\n");
-        candado.close();
+        const QDir carpeta = deje_huerfano(*borrador); // el programa muere
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         {
             const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
             QVERIFY(p->close());
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(borradores(), QStringList({"huerfano.borrador"})); // el que se dejó ya no está
+        QCOMPARE(borradores(carpeta),
+                 QStringList({"huerfano.borrador"})); // el que se dejó ya no está
         const RelojDetenido media_hora_despues({2017, 5, 15}, {10, 30});
         Interlocutor i;
         i.espere("Hace 30 minutos quedó un comprobante sin grabar: CG 0001, «Nómina de mayo», 2 "
@@ -360,7 +352,7 @@ private slots:
                  "Sí");
         p = d.abra();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QVERIFY(borradores().isEmpty());
+        QVERIFY(borradores(carpeta).isEmpty());
         QCOMPARE(p->EDia->text(), QString("17"));
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         QCOMPARE(p->lineas_2649->LabDiferencia->dice(), QString("Falta crédito 600.00"));
@@ -378,7 +370,52 @@ private slots:
                         "comprobante_detalle) from comprobante_encabezado"),
                  QString("000001 20170117 Nómina de mayo 1:0,2:400,3:600"));
         p->findChild<BorradorVivo*>()->guarde();
-        QVERIFY(borradores().isEmpty());
+        QVERIFY(borradores(carpeta).isEmpty());
+    }
+
+    void lo_que_se_corregia_en_uno_grabado_se_ofrece_al_volver_a_abrirlo() {
+        SesionGui s;
+        Digitador d(s);
+        const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
+        ponga_comprobante(s, 500, "000500", "20170210", {"110505:1000:0", "310505:0:1000"});
+        const auto abra = [&] {
+            return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"500"});
+        };
+        const auto muera_corrigiendo = [&](const QString& concepto) {
+            Tfedtmovimien* e = abra();
+            auto* borrador = e->findChild<BorradorVivo*>();
+            borrador->guarde();
+            const bool sin_cambios = borradores(borrador->carpeta()).isEmpty();
+            e->DBEdit1->setFocus();
+            e->DBEdit1->selectAll();
+            digite(concepto);
+            e->lineas_2649->rejilla->setFocus();
+            e->lineas_2649->rejilla->SelectedIndex(LineasLibro::kDebito);
+            digite("1200");
+            oprima(Qt::Key_Return);
+            const QDir carpeta = deje_huerfano(*borrador);
+            const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
+            return e->close() && sin_cambios && borradores(carpeta).size() == 1;
+        };
+        const QString ofrece = "Hace un momento quedaron cambios sin grabar en este comprobante. ";
+        Interlocutor i;
+        QVERIFY(muera_corrigiendo("Corregido"));
+        i.espere(ofrece + "Desea retomarlos?", "Sí");
+        Tfedtmovimien* e = abra();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(e->DBEdit1->text(), QString("Corregido"));
+        QCOMPARE(e->lineas_2649->LabDiferencia->dice(), QString("Falta crédito 200.00"));
+        e->CMovimiento.CancelUpdates();
+        e->close();
+        // Si entre tanto alguien lo grabó, lo dice, y "No" es lo propuesto.
+        QVERIFY(muera_corrigiendo("Otra vez"));
+        s.base.ejecute({"update comprobante_encabezado set enco_concepto = 'De otro'"});
+        i.espere(ofrece + "Después de eso se grabó con otros, que se perderían. Desea retomarlos?",
+                 "No");
+        e = abra();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(e->DBEdit1->text(), QString("De otro"));
+        e->CMovimiento.CancelUpdates();
     }
 
     void un_borrador_que_no_se_entiende_se_ignora_callado() {
@@ -395,7 +432,7 @@ private slots:
         p->close();
         Interlocutor i;
         d.abra();
-        QVERIFY(carpeta.entryList({"*.borrador"}, QDir::Files).isEmpty());
+        QVERIFY(borradores(carpeta).isEmpty());
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
