@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QTabBar>
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -15,7 +16,7 @@ namespace {
 struct Rotulo {
     std::function<QString()> lea;
     std::function<void(const QString&)> ponga;
-    bool a_la_vista;
+    bool a_la_vista, boton = false;
 };
 
 QChar letra_de(const QString& texto) {
@@ -29,7 +30,8 @@ QVector<Rotulo> rotulos_de(QWidget& pantalla) {
     for (QWidget* w : pantalla.findChildren<QWidget*>()) {
         const bool visto = w->isVisibleTo(&pantalla);
         if (auto* b = qobject_cast<QAbstractButton*>(w))
-            todos << Rotulo{[b] { return b->text(); }, [b](auto& t) { b->setText(t); }, visto};
+            todos << Rotulo{[b] { return b->text(); }, [b](auto& t) { b->setText(t); }, visto,
+                            true};
         else if (auto* l = qobject_cast<QLabel*>(w); l && l->buddy())
             todos << Rotulo{[l] { return l->text(); }, [l](auto& t) { l->setText(t); }, visto};
         else if (auto* g = qobject_cast<QGroupBox*>(w))
@@ -39,6 +41,8 @@ QVector<Rotulo> rotulos_de(QWidget& pantalla) {
                 todos << Rotulo{[p, i] { return p->tabText(i); },
                                 [p, i](auto& t) { p->setTabText(i, t); }, visto};
     }
+    // Un botón conserva la suya antes que el rótulo de una caja.
+    std::stable_partition(todos.begin(), todos.end(), [](const Rotulo& r) { return r.boton; });
     todos.removeIf([](const Rotulo& r) { return letra_de(r.lea()).isNull(); });
     return todos;
 }
