@@ -1,5 +1,6 @@
 #pragma once
-// Borrador de las filas que se digitan en una hoja, cualesquiera que sean sus columnas.
+// Borrador de lo que se digita en una hoja o en un encabezado con sus líneas, cualesquiera que sean
+// sus columnas.
 #include "vouchers/archivo_borrador.h"
 
 #include <QDateTime>
@@ -7,20 +8,27 @@
 class BorradorFilas : public ArchivoBorrador {
     Q_OBJECT
 public:
-    BorradorFilas(const QString& llave, ConjuntoDatos& hoja, QObject* dueno);
+    /// `hay`: lo digitado vale la pena guardarlo.
+    BorradorFilas(const QString& llave, const QVector<ConjuntoDatos*>& conjuntos,
+                  std::function<bool()> hay, QObject* dueno);
 
+    using FilaGuardada = QMap<QString, QString>; ///< por campo, sin los vacíos
     struct Huerfano {
-        QDateTime momento;                     ///< de la última tecla que guardó
-        QVector<QMap<QString, QString>> filas; ///< por campo, sin los vacíos
+        QDateTime momento;                    ///< de la última tecla que guardó
+        QVector<QVector<FilaGuardada>> filas; ///< por conjunto
     };
     std::optional<Huerfano> tome_huerfano();
-    /// Agrega a la hoja sus filas, sin volver a preguntar por ellas. Una a la que le falte algo
-    /// obligatorio queda en edición, para completarla.
+    /// Vuelve a poner las filas, sin preguntar por ellas. El conjunto que ya tiene una en inserción
+    /// la llena; a los demás se les agregan, y una a la que le falte algo obligatorio queda en
+    /// edición, para completarla.
     void reponga(const Huerfano& huerfano);
 
 protected:
     QByteArray contenido() const override;
 
 private:
-    ConjuntoDatos& hoja_;
+    static void agregue(ConjuntoDatos& conjunto, const QVector<FilaGuardada>& filas);
+
+    QVector<ConjuntoDatos*> conjuntos_;
+    std::function<bool()> hay_;
 };

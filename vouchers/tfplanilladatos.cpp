@@ -162,18 +162,18 @@ void Tfplanilladatos::FormActivate() {
     // Ya con la ventana a la vista, para que la pregunta se entienda.
     if (std::exchange(mirado_, true))
         return;
-    borrador_ = new BorradorFilas(fdm().Quorvex.parametros().base + '/' + fdm().usuario +
-                                      "/planilla/" + peticion<AbrePlanilla>().planilla_seleccion,
-                                  CVirtdata, this);
-    const auto h = borrador_->tome_huerfano();
-    const auto filas = [&] {
-        return h->filas.size() == 1 ? QStringLiteral("1 fila")
-                                    : QStringLiteral("%1 filas").arg(h->filas.size());
-    };
-    if (h &&
-        pregunte(QStringLiteral("%1 quedó esta planilla sin grabar, con %2. Desea retomarla?")
-                     .arg(hace_cuanto(h->momento, reloj().ahora()).replace(0, 1, "H"), filas())))
-        borrador_->reponga(*h);
+    borrador_ = new BorradorFilas(
+        fdm().Quorvex.parametros().base + '/' + fdm().usuario + "/planilla/" +
+            peticion<AbrePlanilla>().planilla_seleccion,
+        {&CVirtdata}, [this] { return !CVirtdata.IsEmpty(); }, this);
+    if (const auto h = borrador_->tome_huerfano()) {
+        const qsizetype n = h->filas.first().size();
+        if (pregunte(
+                QStringLiteral("%1 quedó esta planilla sin grabar, con %2. Desea retomarla?")
+                    .arg(hace_cuanto(h->momento, reloj().ahora()).replace(0, 1, "H"),
+                         n == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(n))))
+            borrador_->reponga(*h);
+    }
     borrador_->siga();
 }
 
