@@ -99,4 +99,5 @@ void Tfplantilla::SBGrabarClick() {
     CPlantilla.Append();
     muestra_lineas_ = true;
     LTipo->setFocus();
+    LTipoEnter(); // pudo quedarse en él
 }
