@@ -120,6 +120,8 @@ private slots:
         QVERIFY(!resultado(p).Active()); // no busca hasta que se le pide
         // Con un tipo escogido entran las dos fechas, la trece incluida, y manda la más reciente.
         escoja(p, "Comprobante general");
+        oprima(Qt::Key_Return); // sobre la lista, también busca
+        QVERIFY(resultado(p).Active());
         busque(p);
         QCOMPARE(columna(p, "ENCO_CONSEC"), QString("3,2,1"));
         QVERIFY(p->DBGridEh1->ReadOnly && p->DBGridEh1->orden_local);
