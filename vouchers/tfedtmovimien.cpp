@@ -240,10 +240,14 @@ void Tfedtmovimien::ofrezca_borrador() {
     {
         const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
         vuelque(b->comprobante, conjuntos());
+        for (ConjuntoDatos* d : {&CDetalle, &Cdetniif})
+            d->First();
     }
     siga_los_items();
-    for (LineasLibro* l : {lineas_2649, lineas_niif})
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->actualice_sumas();
+        l->muestre_linea();
+    }
 }
 
 bool Tfedtmovimien::FormClose() {
