@@ -401,10 +401,8 @@ private slots:
     }
 
     void el_movimiento_de_un_tercero_se_filtra_y_se_edita() {
-        const RelojDetenido hoy({2017, 5, 15});
         SesionGui s("AUXILIAR"); // sin el derecho de borrar: esta lista no lo pregunta
         Digitador d(s);
-        d.configure("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS", "SI");
         ponga_encabezados(s);
         ponga_movimiento(s);
         auto* p = s.abra<Tfcomproterc>(
@@ -438,7 +436,20 @@ private slots:
         oprima(Qt::Key_F12, Qt::ShiftModifier);
         QVERIFY(caja(p, "TPref").hasFocus());
 
-        // Cada página ofrece lo mismo, sobre el mismo comprobante.
+        ubique(p, "ID", 7, "DBGridEh2");
+        oprima(Qt::Key_F4);
+        QVERIFY(s.escritorio.abierta("Tfedtmovimien"));
+        s.escritorio.activa()->close();
+    }
+
+    void el_movimiento_de_un_tercero_se_imprime_y_se_copia_desde_cualquier_pagina() {
+        const RelojDetenido hoy({2017, 5, 15});
+        SesionGui s("AUXILIAR");
+        Digitador d(s);
+        d.configure("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS", "SI");
+        ponga_encabezados(s);
+        ponga_movimiento(s);
+        auto* p = s.abra<Tfcomproterc>("Tfcomproterc", AbreComprobantesTercero{"900123456", {}});
         for (Rejilla* r : {p->DBGridEh2, p->DBGridEh1, p->DBGridEh3}) {
             QStringList ordenes;
             for (const QAction* a : r->findChild<QMenu*>("menu_rejilla")->actions())
@@ -470,11 +481,7 @@ private slots:
                         "comprobante_encabezado)"),
                  QString("20170515 Abono de cliente"));
         s.escritorio.activa()->close();
-        // De vuelta, la lista sigue en el que estaba; F4 lo edita.
-        QCOMPARE(resultado(p).FieldByName("ID").texto(), QString("7"));
-        oprima(Qt::Key_F4);
-        QVERIFY(s.escritorio.abierta("Tfedtmovimien"));
-        s.escritorio.activa()->close();
+        QCOMPARE(resultado(p).FieldByName("ID").texto(), QString("7")); // la lista sigue en él
     }
 
     void el_movimiento_de_un_tercero_se_borra_sin_pedir_el_derecho() {

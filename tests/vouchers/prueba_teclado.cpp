@@ -70,6 +70,47 @@ QString ultimo_copiado(SesionGui& s, const char* detalle) {
                       .arg(detalle));
 }
 
+/// En el monto del encabezado, con su letrero.
+void el_monto_tambien_se_calcula(SesionGui& s, Tfmovimien& p) {
+    p.DBEdit6->setFocus();
+    digite("1250000*19%");
+    const auto letreros = s.ventana.findChildren<QLabel*>("resultado_operacion");
+    QVERIFY(std::any_of(letreros.begin(), letreros.end(), [](const QLabel* l) {
+        return l->isVisible() && l->text() == "= 237,500.00";
+    }));
+    oprima(Qt::Key_Tab);
+    QCOMPARE(p.CMovimiento.FieldByName("ENCO_MONTO").texto(), QString("237500"));
+}
+
+/// En la página NIIF Esc quita la lista sin salir de la pantalla, y el tercero del encabezado tiene
+/// la suya.
+void tambien_se_completa_en_niif_y_en_el_encabezado(SesionGui& s, Digitador& d) {
+    Tfmovimien* p = d.p;
+    p->PageControl1->setCurrentIndex(1);
+    d.entre_a_la_rejilla();
+    digite("11");
+    QVERIFY(sugerencias(s));
+    oprima(Qt::Key_Escape);
+    QVERIFY(!sugerencias(s));
+    QCOMPARE(s.escritorio.activa(), p);
+    QCOMPARE(d.rejilla().texto_digitado(), QString("11"));
+    p->Cdetniif.Cancel();
+    p->PageControl1->setCurrentIndex(0);
+    // El tercero del encabezado también se completa.
+    p->DBEdit2->setFocus();
+    digite("torni");
+    QCOMPARE(codigos(s), QStringList({"900123456"}));
+    oprima(Qt::Key_Escape);
+    QCOMPARE(s.escritorio.activa(), p);
+    QCOMPARE(p->DBEdit2->text(), QString("torni"));
+    digite("l");
+    oprima(Qt::Key_Down);
+    oprima(Qt::Key_Return);
+    QCOMPARE(p->CMovimiento.FieldByName("ENCO_NOMTERC").texto(),
+             QString("Ferretería El Tornillo S.A.S."));
+    QVERIFY(!p->DBEdit2->hasFocus());
+}
+
 } // namespace
 
 class PruebaTeclado : public QObject {
@@ -139,15 +180,7 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         oprima(Qt::Key_Escape);
         p->CDetalle.Cancel();
-        // Y en el monto del encabezado, con su letrero.
-        p->DBEdit6->setFocus();
-        digite("1250000*19%");
-        const auto letreros = s.ventana.findChildren<QLabel*>("resultado_operacion");
-        QVERIFY(std::any_of(letreros.begin(), letreros.end(), [](const QLabel* l) {
-            return l->isVisible() && l->text() == "= 237,500.00";
-        }));
-        oprima(Qt::Key_Tab);
-        QCOMPARE(p->CMovimiento.FieldByName("ENCO_MONTO").texto(), QString("237500"));
+        el_monto_tambien_se_calcula(s, *p);
         p->CMovimiento.CancelUpdates();
     }
 
@@ -202,30 +235,7 @@ private slots:
         oprima(Qt::Key_Escape);
         oprima(Qt::Key_Escape);
         p->CDetalle.Cancel();
-        // En la página NIIF Esc quita la lista sin salir de la pantalla.
-        p->PageControl1->setCurrentIndex(1);
-        d.entre_a_la_rejilla();
-        digite("11");
-        QVERIFY(sugerencias(s));
-        oprima(Qt::Key_Escape);
-        QVERIFY(!sugerencias(s));
-        QCOMPARE(s.escritorio.activa(), p);
-        QCOMPARE(d.rejilla().texto_digitado(), QString("11"));
-        p->Cdetniif.Cancel();
-        p->PageControl1->setCurrentIndex(0);
-        // El tercero del encabezado también se completa.
-        p->DBEdit2->setFocus();
-        digite("torni");
-        QCOMPARE(codigos(s), QStringList({"900123456"}));
-        oprima(Qt::Key_Escape);
-        QCOMPARE(s.escritorio.activa(), p);
-        QCOMPARE(p->DBEdit2->text(), QString("torni"));
-        digite("l");
-        oprima(Qt::Key_Down);
-        oprima(Qt::Key_Return);
-        QCOMPARE(p->CMovimiento.FieldByName("ENCO_NOMTERC").texto(),
-                 QString("Ferretería El Tornillo S.A.S."));
-        QVERIFY(!p->DBEdit2->hasFocus());
+        tambien_se_completa_en_niif_y_en_el_encabezado(s, d);
         // Y "?" pregunta también en el proyecto.
         ListaFalsa<PideCentro> centros("Tfcentros");
         d.entre_a_la_rejilla();
@@ -244,10 +254,10 @@ private slots:
         ponga_comprobante(s, 500, "000500", "20170210", {"110505:1000:0", "310505:0:1000"});
         ponga_comprobante(s, 500, "000500", "20170210", {"110505:900:0", "310505:0:900"},
                           "comprobante_detalle_niif");
-        const QString reversa = "Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, "
-                                "que reversa en los dos libros CG 0001 000500. Desea continuar?";
-        const QString repite = "Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, "
-                               "que repite en los dos libros CG 0001 000500. Desea continuar?";
+        const QString nuevo_hoy = "Se grabará un comprobante nuevo con la fecha de hoy, "
+                                  "2017/05/15, que %1 en los dos libros CG 0001 000500. Desea "
+                                  "continuar?";
+        const QString reversa = nuevo_hoy.arg("reversa"), repite = nuevo_hoy.arg("repite");
         const auto cuantos = [&] { return s.dato("select count(*) from comprobante_encabezado"); };
         Interlocutor i;
         auto* e = s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"500"});
@@ -289,8 +299,7 @@ private slots:
         QCOMPARE(cuantos(), QString("3"));
         QCOMPARE(ultimo_copiado(s, "comprobante_detalle"),
                  QString("20170515 110505:1000:0,310505:0:1000"));
-        QVERIFY(s.escritorio.activa() != b);
-        s.escritorio.activa()->close();
+        QVERIFY(s.escritorio.activa() != b && s.escritorio.activa()->close());
         b->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         // El auxiliar, en el período del original.
