@@ -3,6 +3,7 @@
 #include "periodend/pch.h"
 #include "periodend/peticiones_cierre.h"
 #include "sesion/ayuda_al_teclear.h"
+#include "toolkit/controles/editor_sugerido.h"
 
 namespace {
 template <class T> T* nombrado(T* control, const char* nombre) {
@@ -65,7 +66,8 @@ void FormaConcepto::construya() {
     ECod = nombrado(new EditorDato(&CConceptos, "CONC_COD"), "ECod");
     ECod->ReadOnly(modo_ == Modificar);
     auto* nombre = nombrado(new EditorDato(&CConceptos, "CONC_NOM"), "ENombre");
-    ECta = nombrado(new EditorDato(&CConceptos, "CONC_CTACIERRE"), "ECta");
+    ECta = nombrado(caja_de_cuenta(CConceptos, "CONC_CTACIERRE", [] { return Libro::Decreto2649; }),
+                    "ECta");
     ECta->ancho(15);
     ECta->setToolTip("? y el comienzo de la cuenta abre el plan; doble clic también");
     ECta->OnDblClick = [this] { busque_cuenta(CConceptos, "CONC_CTACIERRE", {}); };

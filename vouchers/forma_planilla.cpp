@@ -1,6 +1,7 @@
 #include "vouchers/forma_planilla.h"
 
 #include "sesion/ayuda_al_teclear.h"
+#include "toolkit/controles/editor_sugerido.h"
 #include "vouchers/pch.h"
 #include "vouchers/peticiones_planilla.h"
 #include "vouchers/piezas.h"
@@ -79,7 +80,8 @@ void FormaPlanilla::construya() {
     LPref = nombrado(new ListaDato(&CPlanilla, "PLDI_PREF"), "LPref");
     LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
     ENombre = editor("PLDI_NOMBRE", "ENombre");
-    Nit = editor("PLDI_NIT", "Nit", 15);
+    Nit = nombrado(caja_de_tercero(CPlanilla, "PLDI_NIT"), "Nit");
+    Nit->ancho(15);
     Proy = editor("PLDI_PROY", "Proy", 6);
     Centro = editor("PLDI_CENTRO", "Centro", 6);
     Nit->OnDblClick = [this] { busque_tercero({}); };
