@@ -17,9 +17,10 @@ constexpr int kAnchoMaximo = 40, kAnchoFijo = 26;
 
 EditorDato::EditorDato(QWidget* padre) : QLineEdit(padre) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    new MuestraOperacion(this, [this] {
+    auto* muestra = new MuestraOperacion(this, [this] {
         return numerico() && !isReadOnly() ? decimales_de_operacion(*definicion()) : -1;
     });
+    connect(this, &QLineEdit::textEdited, muestra, &MuestraOperacion::muestre);
     connect(this, &QLineEdit::textEdited, this, [this] {
         if (usuario_cambio() && OnChange)
             proteja(OnChange);

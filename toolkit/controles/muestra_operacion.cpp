@@ -23,7 +23,6 @@ QString texto_calculado(const QString& texto, int decimales) {
 MuestraOperacion::MuestraOperacion(QLineEdit* caja, std::function<int()> decimales)
     : QObject(caja), caja_(caja), decimales_(std::move(decimales)) {
     caja->installEventFilter(this);
-    connect(caja, &QLineEdit::textEdited, this, &MuestraOperacion::muestre);
 }
 
 MuestraOperacion::~MuestraOperacion() {

@@ -22,6 +22,7 @@ public:
     MuestraOperacion(QLineEdit* caja, std::function<int()> decimales);
     ~MuestraOperacion() override;
 
+    /// Tras cada tecla en la caja.
     void muestre();
 
 protected:
