@@ -104,6 +104,8 @@ void PantallaComprobante::construya_controles() {
     DBEdit3 = nombrado(new EditorDato(&CMovimiento, "ENCO_NOMTERC"), "DBEdit3");
     DBEdit6 = nombrado(new EditorDato(&CMovimiento, "ENCO_MONTO"), "DBEdit6");
     Mand = nombrado(caja_de_tercero(CMovimiento, "ENCO_MANDANTE"), "Mand");
+    // Por aquí se pasa en cada comprobante: los catálogos se miran al llegar a las líneas.
+    DBEdit2->OnEnter = Mand->OnEnter = nullptr;
     NomMand = caja_de_lectura("NomMand", 30);
     DBCheckBox1 =
         nombrado(new CasillaDato("Descontable", &CMovimiento, "ENCO_DESCONTABLE"), "DBCheckBox1");
