@@ -3,6 +3,7 @@
 #include "niif/paginas.h"
 #include "niif/pch.h"
 #include "niif/tfbalaperturaniif.h"
+#include "sesion/ayuda_al_teclear.h"
 
 #include <QScopedValueRollback>
 
@@ -80,6 +81,8 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
                          {"APND_SALDOFIN", "Saldo final", 15, SoloLectura | Suma}});
     DBGridEh2->setMinimumHeight(DBGridEh2->fontMetrics().height() * 7);
     DBGridEh2->pie(true);
+    ofrezca_al_teclear(*DBGridEh2, Libro::Decreto2649, "APND_CUENTA", "TERC_NIT");
+    ofrezca_al_teclear(*DBGridEh2, Libro::Niif, "APND_CTANIIF");
     DBGridEh2->enter_como_tab = true;
     DBGridEh2->reclama_escape = true;
     DBGridEh2->texto_vacio = "Sin líneas: Insert agrega la primera.";

@@ -1,5 +1,6 @@
 // Marco de ventanas hijas y registro de pantallas por nombre.
 #include "toolkit/estilo.h"
+#include "toolkit/letras_alt.h"
 #include "toolkit/marcos.h"
 #include "toolkit/orden_lectura.h"
 #include "toolkit/pantalla.h"
@@ -46,6 +47,7 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         delete pantalla;
         return nullptr;
     }
+    reparta_letras(*pantalla, letras_de_menus(area_->window()));
     // El marco nuevo haría olvidar el control que FormCreate escogió para empezar.
     const QPointer<QWidget> primero = pantalla->focusWidget();
     auto* ventana = new QMdiSubWindow;

@@ -20,6 +20,8 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     LTipo = new ListaDato(this);
     LTipo->setObjectName("LTipo");
     LTipo->lista_de(&tipos, "TICO_COD", "TICO_NOM");
+    LTipo->OnChange = [this] { pendiente_ = true; };
+    LTipo->installEventFilter(this);
     buscar = new QPushButton(icono("edit-find"), "Buscar", this);
     buscar->setObjectName(nombre_boton);
     buscar->setAutoDefault(false);
@@ -117,7 +119,8 @@ void FiltrosBusqueda::busque() {
 
 bool FiltrosBusqueda::reclama(const QKeyEvent& evento) {
     const bool enter = evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
-    return enter && pendiente_ && cajas_.contains(qobject_cast<QLineEdit*>(focusWidget()));
+    return enter && pendiente_ &&
+           (LTipo->hasFocus() || cajas_.contains(qobject_cast<QLineEdit*>(focusWidget())));
 }
 
 bool FiltrosBusqueda::eventFilter(QObject* objeto, QEvent* evento) {

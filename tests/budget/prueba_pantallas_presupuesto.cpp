@@ -55,8 +55,10 @@ private slots:
         auto* n = qobject_cast<Tfnvopresup*>(s.escritorio.activa());
         QCOMPARE(n->windowTitle(), "Nuevo presupuesto: Marzo de 2017");
         oprima(Qt::Key_Insert);
-        digite_celdas({"510506", "900000", "0"});
-        QCOMPARE(s.dato("select count(*) from presupuesto"), "0");
+        digite("5105"); // se completa, y el importe se calcula
+        oprima(Qt::Key_Down);
+        digite_celdas({"", "1800000*50%", "0"});
+        QCOMPARE(s.dato("select count(*) from presupuesto"), QString("0"));
         Interlocutor i;
         i.espere("Cuenta previamente registrada.");
         i.espere("La cuenta es de nivel inferior al mínimo afectable.");
@@ -94,7 +96,15 @@ private slots:
         Interlocutor i;
         i.espere_comienzo("La cuenta", "No");
         n->DBGridEh1->ejecute_orden(Rejilla::Pegar);
-        QCOMPARE(n->CPresupuesto.FieldByName("PRES_DEBITO").texto(), "1"); // ahí quedó
+        QCOMPARE(n->CPresupuesto.FieldByName("PRES_DEBITO").texto(), QString("1")); // ahí quedó
+        // Un paso atrás lo quita todo, una sola vez, y se puede volver a pegar.
+        for (int veces = 0; veces < 2; ++veces) {
+            oprima(Qt::Key_Z, Qt::ControlModifier);
+            QVERIFY(n->CPresupuesto.IsEmpty());
+        }
+        QCOMPARE(componente<QLineEdit>(n, "NomCuenta").text(), QString());
+        i.espere_comienzo("La cuenta", "No");
+        oprima(Qt::Key_V, Qt::ControlModifier);
         oprima(Qt::Key_Escape);
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato(QString(kDigitado).arg(1)), "413505:0.00:200.00 510506:100.00:0.00");

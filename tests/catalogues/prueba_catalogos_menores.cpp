@@ -2,6 +2,7 @@
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_terceros.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -61,9 +62,12 @@ private slots:
     void f2_graba_lo_digitado_esc_lo_descarta_y_una_fila_sin_codigo_desaparece() {
         for (const Menor& m : menores) {
             SesionGui s;
+            AvisosBarra barra;
+            s.dm.barra(&barra);
             Interlocutor i;
             Pantalla* p = pantallas().abrir(m.pantalla);
             QVERIFY2(p, m.pantalla);
+            const QString dice = "Grabado: " + p->windowTitle();
             auto& rejilla = componente<Rejilla>(p, "DBGridEh1");
             auto& conjunto = componente<ConjuntoDatos>(p, m.conjunto);
             QCOMPARE(rejilla.nombre_archivo, QString(m.archivo));
@@ -85,6 +89,12 @@ private slots:
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QVERIFY2(s.escritorio.abiertas().isEmpty(), m.pantalla);
             QCOMPARE(nombre_de(s, m), QString("Prueba ñandú"));
+            QCOMPARE(barra.text(), dice);
+            // Sin nada que grabar no dice que grabó.
+            barra.texto({});
+            pantallas().abrir(m.pantalla);
+            oprima(Qt::Key_F2);
+            QVERIFY(barra.text().isEmpty() && s.escritorio.abiertas().isEmpty());
 
             p = pantallas().abrir(m.pantalla);
             auto& de_nuevo = componente<ConjuntoDatos>(p, m.conjunto);
@@ -95,6 +105,7 @@ private slots:
             oprima(Qt::Key_Escape);
             QVERIFY2(s.escritorio.abiertas().isEmpty(), m.pantalla);
             QCOMPARE(nombre_de(s, m), QString("Prueba ñandú"));
+            s.dm.barra(nullptr);
         }
     }
 

@@ -14,6 +14,7 @@
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/controles/memodato.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
@@ -266,6 +267,24 @@ void PruebaApertura::una_linea_nueva_nace_con_el_saldo_y_suma_su_final() {
              "11050511100590012345600020001EQ1");
     p->CAperniifdet.FieldByName("APND_CTANIIF") = "";
     p->CAperniifdet.Post();
+    // Con las teclas: la cuenta se completa, el importe se calcula y lo pegado se deshace.
+    enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_CTANIIF"));
+    digite("1110");
+    oprima(Qt::Key_Down);
+    oprima(Qt::Key_Return);
+    QCOMPARE(campo("APND_CTANIIF"), QString("111005"));
+    enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_DEBITO"));
+    digite("100*0.19");
+    oprima(Qt::Key_Return);
+    QCOMPARE(campo("APND_DEBITO"), QString("19"));
+    QApplication::clipboard()->setText("Ajuste\nOtro\n");
+    enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_CONCEPTO"));
+    oprima(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(p->CAperniifdet.RecordCount(), 2);
+    oprima(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(p->CAperniifdet.RecordCount(), 1);
+    QCOMPARE(campo("APND_CONCEPTO") + campo("APND_CTANIIF"), QString("111005"));
+    QCOMPARE(p->DetDebito->text(), QString("19.00"));
     // Sin ninguna de las dos cuentas la línea no entra.
     p->CAperniifdet.Append();
     p->CAperniifdet.FieldByName("APND_CUENTA") = "";

@@ -259,8 +259,13 @@ private slots:
         auto* concepto = s.escritorio.activa();
         escriba(concepto, "ECod", "C1");
         escriba(concepto, "ENombre", "Provisión de cartera");
-        escriba(concepto, "ECta", "220505");
-        QCOMPARE(componente<QLineEdit>(concepto, "NomCierre").text(), "Proveedores nacionales");
+        enfoque(concepto, "ECta"); // por una palabra de su nombre
+        digite("proveed nacion");
+        oprima(Qt::Key_Down);
+        oprima(Qt::Key_Return);
+        QCOMPARE(componente<QLineEdit>(concepto, "ECta").text(), QString("220505"));
+        QCOMPARE(componente<QLineEdit>(concepto, "NomCierre").text(),
+                 QString("Proveedores nacionales"));
         QVERIFY(!componente<QWidget>(concepto, "AnoIni").isEnabled());
         enfoque(concepto, "DBGridEh1");
         oprima(Qt::Key_Insert);

@@ -402,7 +402,13 @@ private slots:
         deje_provisional("000009");
         {
             Interlocutor i;
-            i.espere(texto, ""); // cerrado de otro modo: se queda en navegación
+            // La pregunta sale con su ventana a la vista; cerrada de otro modo, queda en
+            // navegación.
+            i.espere_modal("dialogo", [&](QWidget* w) {
+                QVERIFY(s.escritorio.abierta("Tfmovimien")->isVisible());
+                QCOMPARE(qobject_cast<QMessageBox*>(w)->text(), QString(texto));
+                QTest::keyClick(w, Qt::Key_Escape);
+            });
             Tfmovimien* p = d.abra();
             QCOMPARE(int(p->CMovimiento.State()), int(Estado::Navegacion));
             i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?",

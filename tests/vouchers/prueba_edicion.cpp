@@ -89,19 +89,6 @@ private slots:
         }
     }
 
-    void sin_derecho_de_edicion_el_boton_de_grabar_se_apaga() {
-        SesionGui s("AUXILIAR");
-        Digitador d(s);
-        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
-        s.niegue(30);
-        Tfedtmovimien* p = edite(s, 1);
-        QVERIFY(!p->SBGrabar->isEnabled());
-        p->close();
-        s.otorgue(30);
-        p = edite(s, 1);
-        QVERIFY(p->SBGrabar->isEnabled());
-    }
-
     void grabar_escribe_siempre_el_encabezado_y_prueba_cada_libro_por_separado() {
         SesionGui s;
         Digitador d(s);
@@ -151,11 +138,32 @@ private slots:
                  QString("60"));
     }
 
-    void corregir_un_valor_corrige_los_saldos_de_los_dos_libros() {
+    void f11_oculta_una_columna_salir_pregunta_si_hay_que_perder_y_corregir_corrige_los_saldos() {
         SesionGui s;
         Digitador d(s);
         ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
         Tfedtmovimien* p = edite(s, 1);
+        Interlocutor i;
+        for (const int clave : {Qt::Key_F11, Qt::Key_F12}) {
+            i.espere("Se presento el siguiente error: La lista no tiene la columna 12.");
+            p->lineas_2649->rejilla->setFocus();
+            oprima(clave);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            QCOMPARE(p->lineas_2649->rejilla->columna(11).Visible(), clave == Qt::Key_F12);
+        }
+        p->DBEdit1->setFocus();
+        oprima(Qt::Key_Escape); // sin cambios no pregunta
+        QCOMPARE(s.escritorio.abiertas().size(), 0);
+        p = edite(s, 1);
+        p->DBEdit1->setFocus();
+        digite("Otro");
+        oprima(Qt::Key_Tab);
+        i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+        oprima(Qt::Key_Escape);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.escritorio.abiertas().size(), 0);
+        QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado"), QString("Concepto"));
+        p = edite(s, 1);
         p->lineas_2649->rejilla->setFocus();
         p->lineas_2649->rejilla->SelectedIndex(9);
         digite("250");
@@ -222,13 +230,19 @@ private slots:
         p->CMovimiento.CancelUpdates();
     }
 
-    void borrar_pide_el_derecho_respeta_el_origen_y_pregunta() {
+    void editar_y_borrar_piden_su_derecho_y_borrar_respeta_el_origen_y_pregunta() {
         SesionGui s("AUXILIAR");
         Digitador d(s);
         ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
         ponga_comprobante(s, 1, "000021", "20170315", kCuadrado, kNiif);
         ponga_comprobante(s, 2, "000022", "20170315", kCuadrado, "comprobante_detalle", 31, 9);
-        s.otorgue(30);
+        // Sin el derecho de editar, grabar está apagado.
+        for (const bool puede : {false, true}) {
+            puede ? s.otorgue(30) : s.niegue(30);
+            Tfedtmovimien* p = edite(s, 1);
+            QCOMPARE(p->SBGrabar->isEnabled(), puede);
+            p->close();
+        }
         s.niegue(32);
         {
             Interlocutor i;
@@ -274,41 +288,6 @@ private slots:
                 "'E' and tido_cod = 1"),
             QString("AUXILIAR"));
         QCOMPARE(s.dato("select count(*) from verifique_saldos('2649')"), QString("0"));
-    }
-
-    void f11_oculta_la_columna_11_y_falla_en_la_que_no_existe() {
-        SesionGui s;
-        Digitador d(s);
-        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
-        Tfedtmovimien* p = edite(s, 1);
-        for (const int clave : {Qt::Key_F11, Qt::Key_F12}) {
-            Interlocutor i;
-            i.espere("Se presento el siguiente error: La lista no tiene la columna 12.");
-            p->lineas_2649->rejilla->setFocus();
-            oprima(clave);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
-            QCOMPARE(p->lineas_2649->rejilla->columna(11).Visible(), clave == Qt::Key_F12);
-        }
-    }
-
-    void salir_pregunta_solo_si_hay_algo_que_perder() {
-        SesionGui s;
-        Digitador d(s);
-        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
-        Tfedtmovimien* p = edite(s, 1);
-        p->DBEdit1->setFocus();
-        oprima(Qt::Key_Escape);
-        QCOMPARE(s.escritorio.abiertas().size(), 0);
-        p = edite(s, 1);
-        p->DBEdit1->setFocus();
-        digite("Otro");
-        oprima(Qt::Key_Tab);
-        Interlocutor i;
-        i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
-        oprima(Qt::Key_Escape);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QCOMPARE(s.escritorio.abiertas().size(), 0);
-        QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado"), QString("Concepto"));
     }
 
     void una_plantilla_conserva_las_lineas_de_arriba_de_la_actual() {

@@ -1,6 +1,9 @@
 // Plantillas: crearlas, corregirlas, buscarlas y traerlas a un comprobante.
+#include "apoyo/reloj_de_prueba.h"
 #include "vouchers/anuncio.h"
+#include "vouchers/borrador_filas.h"
 #include "vouchers/digitador.h"
+#include "vouchers/huerfano.h"
 #include "vouchers/tfbuscplantilla.h"
 #include "vouchers/tfedtplantilla.h"
 #include "vouchers/tfplantilla.h"
@@ -95,6 +98,7 @@ private slots:
     // ------------------------------------------------------------ crear
 
     void una_plantilla_descuadrada_se_graba_en_los_dos_libros_y_sigue_la_proxima() {
+        const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
         SesionGui s;
         Digitador d(s);
         Tfplantilla* p = nueva(s, "Arriendo");
@@ -116,7 +120,22 @@ private slots:
         oprima(Qt::Key_PageDown, Qt::ControlModifier);
         QCOMPARE(p->PageControl1->currentIndex(), 1);
         linea(p, {"111005", "", "", "", "", "", "", "", "", "7"});
+        // El programa muere antes de grabarla: se ofrece al volver, y sigue como iba.
+        const QDir carpeta = deje_huerfano(*p->findChild<BorradorFilas*>());
+        {
+            const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
+            QVERIFY(p->close());
+        }
+        QCOMPARE(borradores(carpeta), QStringList({"huerfano.borrador"}));
+        Interlocutor i;
+        i.espere("Hace un momento quedó una plantilla sin grabar: «Arriendo», con 3 líneas. Desea "
+                 "retomarla?",
+                 "Sí");
+        p = s.abra<Tfplantilla>("Tfplantilla");
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->lineas_2649->Sumadeb->text(), QString("100.00"));
         oprima(Qt::Key_F2);
+        QVERIFY(borradores(carpeta).isEmpty());
         QCOMPARE(s.dato("select tico_cod || prco_pref || plan_concepto || plan_refer || "
                         "plan_usuario from plantilla_encabezado"),
                  QString("CG0001ArriendoARRADMIN"));
