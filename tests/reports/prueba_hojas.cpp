@@ -34,13 +34,23 @@ void arme_volumen(Conexion& base, int n) {
                              "nombre de los largos'); i = i + 1; end end")
                          .arg(n)
                          .arg(QLatin1String(grupo)));
+    // Los cambios del año, con un renglón de su configuración por cuenta de seis dígitos.
+    for (const char* orden :
+         {"cambios_situacion_ctas (casi_id, casi_cuenta, casi_seccion, casi_db) ",
+          "flujo_efectivo (flef_id, flef_cuenta, flef_seccion, flef_db) "}) {
+        base.ejecute("delete from " + QString(orden).section(' ', 0, 0));
+        base.ejecute(QString("insert into ") + orden +
+                     "select row_number() over (order by cuen_cod), cuen_cod, iif(cuen_cod < '4', "
+                     "2, 1), iif(cuen_cod < '4', 'S', 'N') from cuentas where cuen_cod similar to "
+                     "'(1305|4135)[0-9][0-9]'");
+    }
     QMap<int, bool> hechos;
     const auto tercero = [&](int i) {
         const QString nit = QString("7%1").arg(i, 6, 10, QChar('0'));
         if (std::exchange(hechos[i], true))
             return nit;
         base.ejecute(QString("update or insert into terceros (terc_nit, terc_nom) values ('%1', "
-                             "'Tercero número %2')")
+                             "'Tercero número %2 Sociedad por Acciones Simplificada Cía.')")
                          .arg(nit)
                          .arg(i));
         return nit;
@@ -49,10 +59,11 @@ void arme_volumen(Conexion& base, int n) {
         const QString codigo = QString("%1").arg(i, 4, 10, QChar('0'));
         if (std::exchange(hechos[1000 + i], true))
             return codigo;
-        base.ejecute(QString("update or insert into centros (proy_cod, cent_cod, cent_nom) values "
-                             "('0001', '%1', 'Centro número %2')")
-                         .arg(codigo)
-                         .arg(i));
+        base.ejecute(
+            QString("update or insert into centros (proy_cod, cent_cod, cent_nom) values "
+                    "('0001', '%1', 'Centro número %2 de la sede principal de la empresa')")
+                .arg(codigo)
+                .arg(i));
         return codigo;
     };
     int item = 0;
@@ -113,6 +124,11 @@ private:
                      qPrintable(donde));
             QVERIFY2(hojas[h].contains("Libro 2649"), qPrintable(donde));
             QVERIFY2(hojas[h].contains(QRegularExpression(R"(\d\.\d\d)")), qPrintable(donde));
+            // Ni una clase ni un grupo quedan al pie sin lo que cuelga de ellos.
+            const QString cuerpo = hojas[h].section("Elaborado por", 0, 0).trimmed();
+            QVERIFY2(h + 1 == hojas.size() ||
+                         !cuerpo.section('\n', -1).contains(QRegularExpression(R"(^\d{1,4} {3})")),
+                     qPrintable(donde));
         }
         const QString& ultima = hojas.last();
         QCOMPARE(ultima.contains("Revisor fiscal"), firmado);
@@ -165,7 +181,7 @@ void PruebaHojas::de_una_a_tres_mil_cuentas() {
     for (const EstadoImpreso& e : estados()) {
         const QString quien = e.clase + ' ' + e.tipo + ' ' + e.casillas.join(',');
         const QString texto = corra(e, e.clase == "Tfrngcomparacentro" ? kCentros0001 : Cajas());
-        revise_hojas(quien, texto, e.clase != "Tfrngcomparacentro");
+        revise_hojas(quien, texto, true);
         if (e.tipo == "G")
             continue; // no llega a las cuentas
         const bool balance = !e.clase.startsWith("Tfrngresul");
@@ -183,13 +199,13 @@ void PruebaHojas::de_una_a_tres_mil_cuentas() {
         else if (por_centro && e.clase != "Tfrngcomparacentro")
             revise_anuncio(quien, texto, "0001 \\d{4}\\b");
     }
-    for (const char* letra : {"P", "F"})
+    for (const char* letra : {"P", "S", "F"})
         revise_hojas(letra, imprima("Tfcambiopatr", {}, {}, nullptr, AbreInforme{letra}), true);
     revise_hojas("anual", imprima("Tfrngresultadoanual", {}), true);
     for (const char* letra : {"M", "I", "D"}) {
         const QString texto =
             imprima("Tfrngoficiales", {{"Nivel", "5"}}, {}, nullptr, AbreInforme{letra});
-        revise_hojas(letra, texto, false);
+        revise_hojas(letra, texto, *letra == 'I'); // es el libro que se firma
         QCOMPARE(renglones_con(texto, hoja("1305", 0) + "\\b(?!.*continuación)").size(), 1);
     }
 }
