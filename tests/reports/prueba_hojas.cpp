@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr const char* kCompania = "Comercial de Volumen S.A.S.";
+constexpr const char* kCompania = "Comercial de Volumen y Suministros de la Industria Agropecuaria "
+                                  "del Valle y del Cauca S.A.S."; // no cabe en un renglón
 constexpr int kTercerosDeUna = 130; ///< cuelgan de una sola cuenta: pasan de una hoja
 
 const Cajas kCentros0001{
@@ -106,7 +107,8 @@ private:
                  .arg(QLatin1String(kCompania)),
              "update configuracion set conf_valor = '901555123-4' where conf_propiedad = 'NIT "
              "COMPAÑIA'",
-             "update configuracion set conf_valor = 'Rosa Peña' where conf_propiedad = 'CONTADOR "
+             "update configuracion set conf_valor = 'Rosa María de los Ángeles Peña Villamizar' "
+             "where conf_propiedad = 'CONTADOR "
              "PUBLICO'",
              "update configuracion set conf_valor = '98765-T' where conf_propiedad = 'TARJETA "
              "PROFESIONAL DEL CONTADOR PUBLICO'"});
@@ -117,8 +119,8 @@ private:
         const QStringList hojas = hojas_de(texto);
         for (int h = 0; h < hojas.size(); ++h) {
             const QString donde = QString("%1, hoja %2\n%3").arg(quien).arg(h + 1).arg(hojas[h]);
-            QVERIFY2(hojas[h].contains(QLatin1String(kCompania)) &&
-                         hojas[h].contains("NIT 901555123-4"),
+            QVERIFY2(hojas[h].contains("Comercial de Volumen") &&
+                         hojas[h].contains("Cauca S.A.S.") && hojas[h].contains("NIT 901555123-4"),
                      qPrintable(donde));
             QVERIFY2(hojas[h].contains(QString("Página %1 de %2").arg(h + 1).arg(hojas.size())),
                      qPrintable(donde));
@@ -133,7 +135,8 @@ private:
         const QString& ultima = hojas.last();
         QCOMPARE(ultima.contains("Revisor fiscal"), firmado);
         if (firmado)
-            QVERIFY2(ultima.contains("Rosa Peña") && ultima.contains("T.P. No. 98765-T"),
+            QVERIFY2(ultima.contains("Rosa María") && ultima.contains("Villamizar") &&
+                         ultima.contains("T.P. No. 98765-T"),
                      qPrintable(quien + '\n' + ultima));
     }
 };

@@ -216,10 +216,14 @@ private:
     }
 
     void tabla(QTextTable& t) {
-        const double borde = t.format().border();
-        const double margen = t.format().cellPadding() + t.format().cellSpacing() / 2;
-        const double aire = margen * kPulgada * kPorMilimetro / 96;
-        const QRectF marco = documento_.documentLayout()->frameBoundingRect(&t);
+        const double borde = t.format().border(), separa = t.format().cellSpacing() / 2;
+        constexpr double kPixel = kPulgada * kPorMilimetro / 96;
+        const double aire = (t.format().cellPadding() + separa) * kPixel;
+        // El rectángulo de una tabla tiene su tamaño, pero comienza en el texto de la primera
+        // celda.
+        const QSizeF orilla = QSizeF(borde + separa, borde + separa) * 2 * kPixel;
+        const QRectF marco(celda(t, 0, 0).topLeft() - QPointF(aire, aire),
+                           documento_.documentLayout()->frameBoundingRect(&t).size() - orilla);
         QVector<double> filas{marco.top()}, columnas{marco.left()};
         for (int f = 1; f < t.rows(); ++f)
             filas << celda(t, f, 0).top() - aire;
