@@ -236,13 +236,15 @@ private:
                                               filas[f + 1] / kPorMilimetro};
         if (borde <= 0)
             return;
+        constexpr double kPelo = 0.02 * kPorMilimetro;
         // De fila en fila, para que se puedan repartir con ella.
         for (int f = 0; f + 1 < filas.size(); ++f) {
             raya(marco.left(), filas[f], marco.right(), filas[f]);
+            const double cierre = filas[f + 1] - kPelo; // la fila que termina la hoja queda cerrada
+            raya(marco.left(), cierre, marco.right(), cierre);
             for (double x : columnas)
                 raya(x, filas[f], x, filas[f + 1]);
         }
-        raya(marco.left(), marco.bottom(), marco.right(), marco.bottom());
     }
 
     void raya(double x1, double y1, double x2, double y2) {
