@@ -11,16 +11,6 @@ namespace {
 
 const Filtro kTodo = [](const Renglon&) { return true; };
 
-/// Importe como lo escriben los estados: los negativos, entre paréntesis.
-QString impreso(Moneda m) {
-    return m.negativa() ? '(' + m.absoluta().formateada() + ')' : m.formateada();
-}
-
-/// Lo que va después de un rótulo la última vez que sale, en su renglón.
-QString tras(const QString& texto, const QString& rotulo) {
-    return texto.section(rotulo, -1).section('\n', 0, 0).simplified();
-}
-
 } // namespace
 
 class PruebaEstados : public QObject {
