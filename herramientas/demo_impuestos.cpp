@@ -38,3 +38,17 @@ void siembre_impuestos(Conexion& compania, int ano) {
     // Los artículos que trae el programa, en el año de la demostración; sus cuentas los siguen.
     compania.ejecute("update mediosmag_distr set mmdi_ano = ?", {Valor(QString::number(ano))});
 }
+
+void cierre_impuestos(Conexion& compania, const CatalogosDemo& catalogos, int ano) {
+    for (const auto& [cuenta, recibe] : {std::pair{"2365", catalogos.dian},
+                                         {"2367", catalogos.dian},
+                                         {"2368", catalogos.hacienda},
+                                         {"2408", catalogos.dian},
+                                         {"135515", catalogos.dian},
+                                         {"135517", catalogos.dian},
+                                         {"135518", catalogos.hacienda}})
+        compania.ejecute("insert into cierre_terceros (cite_id, cite_concepto, tico_cod, prco_pref,"
+                         " terc_nit, cite_fecha, cite_usuario, cuen_cod, cite_niif) values (0,"
+                         " 'Cierre de impuestos por tercero', 'CG', '0001', ?, ?, 'ADMIN', ?, 'A')",
+                         {Valor(recibe), Valor(QString::number(ano) + "1231"), Valor(cuenta)});
+}

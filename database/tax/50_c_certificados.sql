@@ -7,8 +7,8 @@ SET TERM ^ ;
 -- entran con el límite inferior "0" o vacío. RETENCION: créditos menos débitos. BASE: las cuentas
 -- que CONFIGURA_CERTRETE le da a la cuenta, del mismo tercero y período (CFCR_BASE "D" sus
 -- débitos, "C" sus créditos, "N" el neto sin signo); sin ellas, la base de las líneas. En IVA
--- retenido BASE es el IVA y BASEIVA lo gravado. PORC, el de la cuenta o el que resulta. NUMERO,
--- con NUMERAR "S": NUMINI más el puesto del tercero entre todos los que tuvieron retención en las
+-- retenido BASE es el IVA y BASEIVA lo gravado. PORC, el que resulta (una cuenta puede llevar
+-- varias tarifas) y, sin base, el de la cuenta. NUMERO, con NUMERAR "S": NUMINI más el puesto del tercero entre todos los que tuvieron retención en las
 -- cuentas y el período, así un tercero lleva el mismo número en cualquier tanda. Un tercero al que
 -- en total no se le retuvo (la administración a la que se le paga) no lleva certificado, y un
 -- cierre de terceros no quita ni pone retenciones. La llama Tfrngcertificados.
@@ -68,7 +68,7 @@ BEGIN
     IF (CODCUENTA NOT STARTING WITH '2367' OR BASE = 0) THEN
       BASE = BASEIVA;
     PAGADO = maxvalue(BASE, BASEIVA);
-    PORC = iif(TASA <> 0, TASA, iif(BASE <> 0, RETENCION * 100 / BASE, 0));
+    PORC = iif(BASE <> 0, RETENCION * 100 / BASE, TASA);
     NUMERO = iif(NUMERAR = 'S', lpad(PRIMERO + PUESTO - 1, maxvalue(char_length(NUMINI),
       char_length(PRIMERO + PUESTO - 1)), '0'), NULL);
     SUSPEND;

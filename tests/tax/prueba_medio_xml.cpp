@@ -114,7 +114,7 @@ void PruebaMedioXml::cada_formato_es_el_escrito_a_mano_data() {
     for (const auto& [formato, version, esquema] : {std::tuple{10018, "08", "10018"},
                                                     {10019, "09", "10019"},
                                                     {100110, "10", "100110"},
-                                                    {10027, "07", "1002"},
+                                                    {10026, "06", "1002"},
                                                     {10037, "07", "10037"},
                                                     {10046, "06", "1004"},
                                                     {10057, "07", "10057"},
