@@ -4,13 +4,10 @@
 
 namespace {
 
-struct CategoriaDemo {
-    const char *cuenta, *nombre, *retencion;
-};
-const CategoriaDemo kCategorias[] = {
-    {"1435", "Compra de mercancías", "236540"}, {"5110", "Honorarios", "236515"},
-    {"5120", "Arrendamientos", "236530"},       {"5135", "Servicios", "236525"},
-    {"5235", "Servicios de ventas", "236525"},  {"5195", "Diversos", "236540"}};
+const std::pair<const char*, const char*> kCategorias[] = {
+    {"1435", "Compra de mercancías"}, {"5110", "Honorarios"},
+    {"5120", "Arrendamientos"},       {"5135", "Servicios"},
+    {"5235", "Servicios de ventas"},  {"5195", "Diversos"}};
 
 } // namespace
 
@@ -30,11 +27,11 @@ void siembre_impuestos(Conexion& compania, int ano) {
     // La base de cada retención está en su línea; la de honorarios se muestra con sus débitos.
     compania.ejecute("insert into configura_certrete (cfcr_cuenta, cfcr_item, cfcr_ctabase,"
                      " cfcr_base) values ('236515', 1, '5110', 'D')");
-    for (const CategoriaDemo& c : kCategorias)
+    for (const auto& [cuenta, nombre] : kCategorias)
         compania.ejecute("insert into cuentas_reporte_certdet (crcd_cuenta, crcd_nombre, crcd_iva,"
-                         " crcd_rtfte, crcd_rtiva, crcd_rtica) values (?, ?, '240810', ?, '2367',"
-                         " '2368')",
-                         {Valor(c.cuenta), Valor(c.nombre), Valor(c.retencion)});
+                         " crcd_rtfte, crcd_rtiva, crcd_rtica) values (?, ?, '240810', '2365',"
+                         " '2367', '2368')",
+                         {Valor(cuenta), Valor(nombre)});
     // Los artículos que trae el programa, en el año de la demostración; sus cuentas los siguen.
     compania.ejecute("update mediosmag_distr set mmdi_ano = ?", {Valor(QString::number(ano))});
 }
