@@ -9,7 +9,6 @@ private slots:
     void init();
 
     void el_certificado_suma_lo_retenido_y_su_base();
-    void el_numero_de_un_certificado_no_depende_de_la_tanda();
     void los_certificados_suman_lo_del_libro_y_no_lo_que_se_le_paga_a_la_administracion();
     void el_detalle_no_cuenta_dos_veces_una_retencion();
     void una_factura_de_dos_categorias_reparte_una_vez_su_iva();
@@ -64,15 +63,6 @@ void PruebaInformacionBase::el_certificado_suma_lo_retenido_y_su_base() {
     // El porcentaje es el que resulta, aunque la cuenta diga otro.
     QCOMPARE(certificados("base, retencion, porc"), QString("1400|20|1.43"));
     QCOMPARE(certificados("nit", "9", "99"), QString());
-}
-
-void PruebaInformacionBase::el_numero_de_un_certificado_no_depende_de_la_tanda() {
-    retencion(1, "20180110", "800456789", 1000, 25, 1000);
-    retencion(2, "20180110", "900123456", 1000, 25, 1000);
-    retencion(3, "20180110", "860002964", 1000, 25, 1000);
-    QCOMPARE(certificados("nit, numero"),
-             QString("800456789|0042\n860002964|0043\n900123456|0044"));
-    QCOMPARE(certificados("nit, numero", "900123456", "900123456"), QString("900123456|0044"));
 }
 
 void PruebaInformacionBase::

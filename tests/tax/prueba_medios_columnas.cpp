@@ -32,20 +32,7 @@ struct Configurado {
     std::array<QString, 8> cuenta;
 };
 
-enum Columna {
-    Pago,
-    PagoNd,
-    Iva,
-    IvaNd,
-    Retencion,
-    Asumida,
-    Comun,
-    Simple,
-    NoDom,
-    Cree,
-    CreeAs,
-    kColumnas
-};
+enum Columna { Pago, PagoNd, Iva, IvaNd, Ret, Asum, Comun, Simple, NoDom, Cree, CreeAs, kColumnas };
 using Importes = std::array<Moneda, kColumnas>;
 const char* const kNombres =
     "memg_pago, memg_pagond, memg_iva, memg_ivand, memg_retencion, memg_reteasum, "
@@ -120,7 +107,7 @@ private:
                               : c.natur == "C"                   ? -r.neto()
                                                                  : r.neto();
         if (regla_ == 'B') {
-            celda(c, nit, Retencion) += cuenta;
+            celda(c, nit, Ret) += cuenta;
             if (!solo_uno || !cuenta.es_cero())
                 celda(c, nit, Pago) +=
                     r.debito.es_cero() == (c.natur == "C" || c.natur == "R") ? r.base : -r.base;
@@ -157,11 +144,11 @@ private:
             const Configurado& suyo = propia ? *propia : *primera;
             celda(suyo, r.de_quien(), columna(papel, r.de_quien())) += valor;
             if (papel == 8) // lo asumido no es practicado
-                celda(suyo, r.de_quien(), Retencion) -= valor;
+                celda(suyo, r.de_quien(), Ret) -= valor;
         }
     }
     int columna(int papel, const QString& nit) const {
-        static const int fijas[] = {0, 0, Retencion, Iva, 0, IvaNd, Cree, CreeAs, Asumida};
+        static const int fijas[] = {0, 0, Ret, Iva, 0, IvaNd, Cree, CreeAs, Asum};
         if (papel != 4)
             return fijas[papel];
         return extranjeros.contains(nit) ? NoDom : simplificados.contains(nit) ? Simple : Comun;
@@ -338,8 +325,8 @@ void PruebaMediosColumnas::todas_las_columnas_de_los_formatos_sembrados() {
             QStringList columnas;
             for (int i = 0; i < kColumnas; ++i) {
                 // La participación no sale de una cuenta.
-                columnas << QString::number(
-                    partes[2] == "P" && i == Retencion ? 0 : al_peso(importes[i]));
+                columnas << QString::number(partes[2] == "P" && i == Ret ? 0
+                                                                         : al_peso(importes[i]));
                 llenas[i] += columnas.last() != "0";
             }
             if (columnas.count("0") < kColumnas)

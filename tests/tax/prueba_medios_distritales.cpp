@@ -142,8 +142,6 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     QCOMPARE(c.FieldByName("CodDpto").texto(), QString("05"));
     const QString nit = c.FieldByName("MMDD_NIT").texto();
     const int filas = c.RecordCount();
-    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
-        p->grab().save(deja + "/Tfmediosmagbog.png");
     // Antes de grabar se dice lo que le falta; sin quererlo, no se graba.
     p->Ubicacion->setText(casa.filePath(p->Ubicacion->text()));
     Interlocutor i;
@@ -222,8 +220,6 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
              QString("1=1435,2=6135"));
     QCOMPARE(s.dato("select mmdi_procedimiento from mediosmag_distr where mmdi_ano = '2018'"),
              QString("ARTICULO_22"));
-    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
-        conf->grab().save(deja + "/Tfmeddisctas.png");
     // F6 copia los del año señalado al que se diga; los que ya estaban no se tocan.
     const QString de_2017 = s.dato("select count(*) from mediosmag_distr where mmdi_ano = '2017'");
     QCOMPARE(componente<QSpinBox>(conf, "EAnoNuevo").value(), 2018);
@@ -274,8 +270,6 @@ void PruebaMediosDistritales::el_listado_sale_con_los_textos_entre_comillas() {
     oprima(Qt::Key_F2);
     QCOMPARE(orden, QString("select * from LISTADO_MOVIMIENTO_TERCERO('20170101','20170131')"));
     p->Ubicacion->setText(casa.filePath("exogena.csv"));
-    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
-        p->grab().save(deja + "/Tfmediosmag.png");
     oprima(Qt::Key_F5);
     const QString nombre = s.dato("select cuen_nom from cuentas where cuen_cod = '220505'");
     QCOMPARE(QString::fromLatin1(contenido(casa.filePath("exogena.csv"))),
