@@ -15,7 +15,6 @@ private slots:
     void un_articulo_distrital_respeta_tope_centro_y_secretaria();
     void los_de_fuera_y_los_del_exterior_se_conocen_por_su_tercero();
     void el_articulo_de_totales_lleva_una_fila_por_cuenta();
-    void los_articulos_de_un_ano_se_copian_a_otro();
     void la_taxonomia_cuadra_y_compara_con_el_ano_anterior();
 
 private:
@@ -232,28 +231,6 @@ void PruebaInformacionBase::el_articulo_de_totales_lleva_una_fila_por_cuenta() {
     base().ejecute("execute procedure articulo_51('2017', '20170101', '20171231', '')");
     QCOMPARE(filas_de(base(), "select mmdd_item, mmdd_monto from mediosmag_distr_datos order by 1"),
              QString("1|%1\n7|%2").arg(ventas.redondeada(0).texto(), iva.redondeada(0).texto()));
-}
-
-void PruebaInformacionBase::los_articulos_de_un_ano_se_copian_a_otro() {
-    const int articulos = int(
-        base().consulte("select count(*) from mediosmag_distr where mmdi_ano = '2017'").entero());
-    base().ejecute("insert into mediosmag_distr (mmdi_articulo, mmdi_ano, mmdi_nombre, mmdi_tope) "
-                   "values (32, '2019', 'El propio', 7)");
-    const auto copie = [this] {
-        return base()
-            .ejecute_con_salida("execute procedure copie_articulos('2017', '2019')")
-            .value(0)
-            .entero();
-    };
-    QCOMPARE(copie(), articulos - 1);
-    QCOMPARE(copie(), 0);
-    QCOMPARE(filas_de(base(), "select mmdi_nombre, mmdi_tope from mediosmag_distr where mmdi_ano = "
-                              "'2019' and mmdi_articulo = 32"),
-             QString("El propio|7"));
-    const QString cuentas = "select mmdi_articulo, mmdc_item, mmdc_cuenta, mmdc_ctadev from "
-                            "mediosmag_distr_cuentas where mmdi_articulo <> 32 and mmdi_ano = '%1' "
-                            "order by 1, 2";
-    QCOMPARE(filas_de(base(), cuentas.arg(2019)), filas_de(base(), cuentas.arg(2017)));
 }
 
 void PruebaInformacionBase::la_taxonomia_cuadra_y_compara_con_el_ano_anterior() {

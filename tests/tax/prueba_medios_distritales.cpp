@@ -68,7 +68,6 @@ private slots:
     void cada_articulo_escribe_sus_campos_data();
     void cada_articulo_escribe_sus_campos();
     void el_articulo_se_calcula_se_corrige_y_se_graba();
-    void un_articulo_sin_cuentas_dice_por_que_no_da_nada();
     void un_ano_sin_articulos_lo_dice_y_la_configuracion_los_crea();
     void el_listado_sale_con_los_textos_entre_comillas();
 
@@ -115,6 +114,14 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
     QCOMPARE(p->EAno->text() + p->FecIni->text() + p->FecFin->text(),
              QString("20172017010120171231"));
+    AvisosBarra barra;
+    s.dm.barra(&barra);
+    p->LFormato->setCurrentIndex(p->LFormato->findData(34));
+    oprima(Qt::Key_F2);
+    QVERIFY(p->CMedmagdata->IsEmpty());
+    QCOMPARE(barra.text(),
+             QString("Advertencia: El artículo 34 no tiene cuentas: F8 las configura."));
+    s.dm.barra(nullptr);
     p->LFormato->setCurrentIndex(p->LFormato->findData(32));
     p->NitShd->setText("860002964");
     p->CentroBogota->setText("0001");
@@ -174,19 +181,6 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     QVERIFY(!valores_de(*p->CMedmagdata, "MMDD_MONTO").contains("123.45"));
 }
 
-void PruebaMediosDistritales::un_articulo_sin_cuentas_dice_por_que_no_da_nada() {
-    SesionGui s;
-    AvisosBarra barra;
-    s.dm.barra(&barra);
-    auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
-    p->LFormato->setCurrentIndex(p->LFormato->findData(34));
-    oprima(Qt::Key_F2);
-    QVERIFY(p->CMedmagdata->IsEmpty());
-    QCOMPARE(barra.text(),
-             QString("Advertencia: El artículo 34 no tiene cuentas: F8 las configura."));
-    s.dm.barra(nullptr);
-}
-
 void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_los_crea() {
     SesionGui s;
     s.cnt.ano_actual = "2018";
@@ -229,6 +223,11 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
     QCOMPARE(s.dato("select list(mmdc_cuenta) from mediosmag_distr_cuentas where mmdi_articulo = "
                     "22 and mmdi_ano = '2018'"),
              QString("1435,6135"));
+    const QString cuentas_de = "select mmdi_articulo, mmdc_item, mmdc_cuenta, mmdc_ctadev, "
+                               "mmdc_ctasaldo from mediosmag_distr_cuentas where mmdi_articulo <> "
+                               "22 and mmdi_ano = '%1' order by 1, 2";
+    QCOMPARE(filas_de(s.base.base(), cuentas_de.arg(2018)),
+             filas_de(s.base.base(), cuentas_de.arg(2017)));
     QCOMPARE(articulos.FieldByName("MMDI_ANO").texto(), QString("2018"));
     oprima(Qt::Key_Escape);
     agote_eventos();

@@ -62,9 +62,27 @@ struct Medios {
         QFile f(carpeta.filePath(nombre));
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     }
+    /// Lo dice un programa ajeno.
+    void valide(const QString& nombre, const QString& esquema) {
+        (void)salida_de("xmllint", {"--noout", "--schema",
+                                    qEnvironmentVariable("QUORVEX_PROYECTO") + "/tax/esquemas/" +
+                                        esquema + ".xsd",
+                                    carpeta.filePath(nombre)});
+    }
     QTemporaryDir carpeta;
     SesionGui s;
 };
+
+/// El único comprobante del libro: un gasto de 1000 y, del mismo tercero, 300 a la caja.
+void deje_un_gasto(SesionGui& s) {
+    s.base.ejecute({"delete from comprobante_detalle"});
+    grabe(s.base.base(), {701,
+                          "000701",
+                          "20170310",
+                          {{1, "510506", 1000, 0, "900123456"},
+                           {2, "110505", 300, 0, "900123456"},
+                           {3, "111005", 0, 1300}}});
+}
 
 /// Mira el avance de ese nombre y oprime Esc cuando llega a lo que se espera.
 class CancelaElAvance {
@@ -91,6 +109,33 @@ public:
 private:
     QTimer reloj_;
 };
+
+/// Un cálculo sin fin de cada pantalla, con algo guardado, y 12.000 filas de otro para grabar.
+void prepare_red(Conexion& duena) {
+    const QString sin_fin = " as declare n integer; begin n = rdb$set_context('USER_SESSION', "
+                            "'AVANCE', '3/6 cuenta sin parar'); while (1 = 1) do n = 1 - n; end";
+    for (const QString& sql :
+         {"create procedure sin_fin_medio (a varchar(8), b varchar(8))" + sin_fin,
+          "create procedure sin_fin_articulo (a varchar(4), b varchar(8), c varchar(8), d "
+          "varchar(20))" +
+              sin_fin,
+          QString("grant execute on procedure sin_fin_medio to public"),
+          QString("grant execute on procedure sin_fin_articulo to public"),
+          QString("update mediosmag_archivos set medm_procedimiento = 'SIN_FIN_MEDIO' where "
+                  "medm_formato = 10019"),
+          QString("update mediosmag_distr set mmdi_procedimiento = 'SIN_FIN_ARTICULO' where "
+                  "mmdi_articulo = 22"),
+          QString("insert into medios_magneticos_datos (memg_formato, memg_ano, memg_item) values "
+                  "(10019, '2017', 1)"),
+          QString("insert into mediosmag_distr_datos (mmdi_articulo, mmdi_ano, mmdd_item) values "
+                  "(22, '2017', 1)"),
+          QString("execute block as declare i integer = 0; begin while (i < 12000) do begin i = i "
+                  "+ 1; insert into medios_magneticos_datos (memg_formato, memg_ano, memg_item, "
+                  "memg_concepto, memg_pago) values (10116, '2017', :i, 8001, :i); insert into "
+                  "mediosmag_distr_datos (mmdi_articulo, mmdi_ano, mmdd_item, mmdd_monto) values "
+                  "(51, '2017', :i, :i); end end")})
+        duena.ejecute(sql);
+}
 
 } // namespace
 
@@ -282,10 +327,7 @@ void PruebaMediosNacionales::el_archivo_dice_lo_de_la_rejilla_y_cumple_su_esquem
              qPrintable(r->LResumen->text()));
     QVERIFY(r->CProblemas->IsEmpty());
     QVERIFY(!r->CCuadre->IsEmpty());
-    (void)salida_de("xmllint",
-                    {"--noout", "--schema",
-                     qEnvironmentVariable("QUORVEX_PROYECTO") + "/tax/esquemas/10097.xsd",
-                     m.carpeta.filePath("Dmuisca_010100907201700000001.xml")});
+    m.valide("Dmuisca_010100907201700000001.xml", "10097");
 }
 
 void PruebaMediosNacionales::
@@ -426,29 +468,7 @@ void PruebaMediosNacionales::en_la_red_se_cancela_y_nada_queda_a_medias() {
     duena.conectar(servidor.parametros("SYSDBA"));
     m.s.dm.Quorvex.desconectar();
     m.s.dm.Quorvex.conectar(servidor.parametros());
-    const QString sin_fin = " as declare n integer; begin n = rdb$set_context('USER_SESSION', "
-                            "'AVANCE', '3/6 cuenta sin parar'); while (1 = 1) do n = 1 - n; end";
-    for (const QString& sql :
-         {"create procedure sin_fin_medio (a varchar(8), b varchar(8))" + sin_fin,
-          "create procedure sin_fin_articulo (a varchar(4), b varchar(8), c varchar(8), d "
-          "varchar(20))" +
-              sin_fin,
-          QString("grant execute on procedure sin_fin_medio to public"),
-          QString("grant execute on procedure sin_fin_articulo to public"),
-          QString("update mediosmag_archivos set medm_procedimiento = 'SIN_FIN_MEDIO' where "
-                  "medm_formato = 10019"),
-          QString("update mediosmag_distr set mmdi_procedimiento = 'SIN_FIN_ARTICULO' where "
-                  "mmdi_articulo = 22"),
-          QString("insert into medios_magneticos_datos (memg_formato, memg_ano, memg_item) values "
-                  "(10019, '2017', 1)"),
-          QString("insert into mediosmag_distr_datos (mmdi_articulo, mmdi_ano, mmdd_item) values "
-                  "(22, '2017', 1)"),
-          QString("execute block as declare i integer = 0; begin while (i < 12000) do begin i = i "
-                  "+ 1; insert into medios_magneticos_datos (memg_formato, memg_ano, memg_item, "
-                  "memg_concepto, memg_pago) values (10116, '2017', :i, 8001, :i); insert into "
-                  "mediosmag_distr_datos (mmdi_articulo, mmdi_ano, mmdd_item, mmdd_monto) values "
-                  "(51, '2017', :i, :i); end end")})
-        duena.ejecute(sql);
+    prepare_red(duena);
     AvisosBarra barra;
     m.s.dm.barra(&barra);
     const QScopedValueRollback<int> enseguida(AvanceTrabajo::ms_demora, 0);
@@ -548,13 +568,7 @@ void PruebaMediosNacionales::un_concepto_nuevo_con_sus_cuentas_se_graba() {
     SesionGui& s = m.s;
     AvisosBarra barra;
     s.dm.barra(&barra);
-    s.base.ejecute({"delete from comprobante_detalle"});
-    grabe(s.base.base(), {701,
-                          "000701",
-                          "20170310",
-                          {{1, "510506", 1000, 0, "900123456"},
-                           {2, "110505", 300, 0, "900123456"},
-                           {3, "111005", 0, 1300}}});
+    deje_un_gasto(s);
     // El 1004 viene sin conceptos: se dice, y desde allí se configura, se calcula y se graba.
     auto* medio = m.abra("1004 Descuentos tributarios (v. 6)");
     oprima(Qt::Key_F2);
@@ -616,9 +630,7 @@ void PruebaMediosNacionales::un_concepto_nuevo_con_sus_cuentas_se_graba() {
     const QString nombre = "Dmuisca_010100406201700000001.xml";
     QVERIFY2(m.archivo(nombre).contains("  <descuentos cpt=\"8303\" vpag=\"1000\" vdes=\"300\" />"),
              m.archivo(nombre).constData());
-    (void)salida_de("xmllint", {"--noout", "--schema",
-                                qEnvironmentVariable("QUORVEX_PROYECTO") + "/tax/esquemas/1004.xsd",
-                                m.carpeta.filePath(nombre)});
+    m.valide(nombre, "1004");
 }
 
 QTEST_MAIN(PruebaMediosNacionales)
