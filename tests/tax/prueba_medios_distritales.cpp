@@ -69,7 +69,7 @@ private slots:
     void cada_articulo_escribe_sus_campos();
     void el_articulo_se_calcula_se_corrige_y_se_graba();
     void un_ano_sin_articulos_lo_dice_y_la_configuracion_los_crea();
-    void el_listado_sale_con_los_textos_entre_comillas();
+    void sin_cuentas_se_dice_y_el_listado_sale_con_sus_textos_entre_comillas();
 
 private:
     RelojDetenido reloj_;
@@ -114,14 +114,6 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
     QCOMPARE(p->EAno->text() + p->FecIni->text() + p->FecFin->text(),
              QString("20172017010120171231"));
-    AvisosBarra barra;
-    s.dm.barra(&barra);
-    p->LFormato->setCurrentIndex(p->LFormato->findData(34));
-    oprima(Qt::Key_F2);
-    QVERIFY(p->CMedmagdata->IsEmpty());
-    QCOMPARE(barra.text(),
-             QString("Advertencia: El artículo 34 no tiene cuentas: F8 las configura."));
-    s.dm.barra(nullptr);
     p->LFormato->setCurrentIndex(p->LFormato->findData(32));
     p->NitShd->setText("860002964");
     p->CentroBogota->setText("0001");
@@ -243,7 +235,8 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
     QCOMPARE(QString::number(p->LFormato->count()), de_2017);
 }
 
-void PruebaMediosDistritales::el_listado_sale_con_los_textos_entre_comillas() {
+void PruebaMediosDistritales::
+    sin_cuentas_se_dice_y_el_listado_sale_con_sus_textos_entre_comillas() {
     QTemporaryDir casa;
     SesionGui s;
     s.base.ejecute({"update terceros set terc_nom = 'Andina \"A & B\"' where terc_nit = "
@@ -253,6 +246,15 @@ void PruebaMediosDistritales::el_listado_sale_con_los_textos_entre_comillas() {
                           "20170110",
                           {{1, "220505", 0, Moneda::de_texto("1000.5"), "800456789"},
                            {2, "111005", Moneda::de_texto("1000.5"), 0}}});
+    auto* distrito = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
+    AvisosBarra barra;
+    s.dm.barra(&barra);
+    distrito->LFormato->setCurrentIndex(distrito->LFormato->findData(34));
+    oprima(Qt::Key_F2);
+    QVERIFY(distrito->CMedmagdata->IsEmpty());
+    QCOMPARE(barra.text(),
+             QString("Advertencia: El artículo 34 no tiene cuentas: F8 las configura."));
+    s.dm.barra(nullptr);
     auto* p = s.abra<Tfmediosmag>("Tfmediosmag");
     QCOMPARE(p->FecIni->text() + ' ' + p->FecFin->text(), QString("20170101 20170131"));
     Interlocutor i;
