@@ -44,8 +44,14 @@ void cierre_impuestos(Conexion& compania, const CatalogosDemo& catalogos, int an
                                          {"135515", catalogos.dian},
                                          {"135517", catalogos.dian},
                                          {"135518", catalogos.hacienda}})
-        compania.ejecute("insert into cierre_terceros (cite_id, cite_concepto, tico_cod, prco_pref,"
-                         " terc_nit, cite_fecha, cite_usuario, cuen_cod, cite_niif) values (0,"
-                         " 'Cierre de impuestos por tercero', 'CG', '0001', ?, ?, 'ADMIN', ?, 'A')",
-                         {Valor(recibe), Valor(QString::number(ano) + "1231"), Valor(cuenta)});
+        // Sin nada que pasar no hay cierre, que es lo que tiene un año de muy pocos renglones.
+        compania.ejecute(
+            "insert into cierre_terceros (cite_id, cite_concepto, tico_cod, prco_pref,"
+            " terc_nit, cite_fecha, cite_usuario, cuen_cod, cite_niif) select 0,"
+            " 'Cierre de impuestos por tercero', 'CG', '0001', t.terc_nit, ?, 'ADMIN',"
+            " c.cuen_cod, 'A' from cuentas c join terceros t on t.terc_nit = ? where"
+            " c.cuen_cod = ? and exists (select 1 from comprobante_detalle d where"
+            " d.cuen_cod starting with c.cuen_cod and d.terc_nit <> t.terc_nit group by"
+            " d.cuen_cod, d.terc_nit having sum(d.code_debito - d.code_credito) <> 0)",
+            {Valor(QString::number(ano) + "1231"), Valor(recibe), Valor(cuenta)});
 }
