@@ -258,10 +258,8 @@ private slots:
         Tfmovimien* p = d.abra();
         d.encabezado("CG", "05", "x");
         d.entre_a_la_rejilla();
-        Interlocutor i;
-        i.espere("La cuenta especificada no existe. Desea Crearla?", "Sí");
-        d.linea({"110599"});
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice("La cuenta especificada no existe. Desea Crearla?", "Sí",
+                [&] { d.linea({"110599"}); });
         Pantalla* ficha = s.escritorio.activa();
         QCOMPARE(ficha->objectName(), QString("Tfnvacuenta"));
         ficha->close(); // sin crearla
@@ -270,9 +268,7 @@ private slots:
         d.linea({"10"});
         const char* mensaje = "La cuenta 110599 no existe. Regístrela o escoja otra.";
         for (const auto tecla : {Qt::Key_Down, Qt::Key_F2}) {
-            i.espere(mensaje);
-            oprima(tecla);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice(mensaje, [&] { oprima(tecla); });
             QVERIFY(p->CDetalle.editando());
         }
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));

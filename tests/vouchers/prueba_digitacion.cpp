@@ -119,7 +119,6 @@ private slots:
             i.espere(c.mensaje, c.respuesta);
             d.rejilla().SelectedIndex(c.columna);
             d.linea({c.digitado});
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(d.celda(c.campo), QString());
         }
         {
@@ -131,7 +130,6 @@ private slots:
             d.linea({"413505"});
             d.rejilla().SelectedIndex(2);
             d.linea({"0001", "0099"});
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(d.celda("CENT_COD"), QString());
         }
         // la cuenta inactiva pasa la validación y se queja de su nombre
@@ -139,7 +137,6 @@ private slots:
         i.espere("La cuenta 110510 está inactiva.");
         d.rejilla().SelectedIndex(0);
         d.linea({"110510"});
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void la_cuenta_decide_que_columnas_se_digitan_y_que_se_completa() {
@@ -247,10 +244,8 @@ private slots:
         d.linea({"110505", "", "", "", "", "", "", "", "", "70"});
         {
             // pasar de página con el libro descuadrado avisa y no graba, pero no impide
-            Interlocutor i;
-            i.espere("No puede grabar un comprobante descuadrado");
-            p->PageControl1->setCurrentIndex(1);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice("No puede grabar un comprobante descuadrado",
+                    [&] { p->PageControl1->setCurrentIndex(1); });
             QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         }
         d.entre_a_la_rejilla();
@@ -260,7 +255,6 @@ private slots:
             i.espere("No puede grabar un comprobante descuadrado");
             i.espere("No puede grabar un comprobante NIIF descuadrado");
             oprima(Qt::Key_F2);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
             QVERIFY(p->CDetalle.editando() && p->Cdetniif.editando());
             QCOMPARE(p->CMovimiento.FieldByName("ENCO_CONSEC").texto(), QString("0"));
@@ -306,16 +300,12 @@ private slots:
         numero("7");
         QCOMPARE(p->ENumero->text(), QString("000007"));
         {
-            Interlocutor i;
-            i.espere("Comprobante 000044 previamente registrado. Consultar?", "No");
-            numero("44");
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice("Comprobante 000044 previamente registrado. Consultar?", "No",
+                    [&] { numero("44"); });
             QCOMPARE(p->ENumero->text(), QString());
         }
-        Interlocutor i;
-        i.espere("Comprobante 000044 previamente registrado. Consultar?", "Sí");
-        numero("44");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice("Comprobante 000044 previamente registrado. Consultar?", "Sí",
+                [&] { numero("44"); });
         auto* edicion = qobject_cast<Tfedtmovimien*>(s.escritorio.activa());
         QVERIFY(edicion);
         QCOMPARE(edicion->CMovimiento.FieldByName("ENCO_CONSEC").texto(), QString("500"));
@@ -338,7 +328,6 @@ private slots:
         i.espere("Se presento el siguiente error: Debe registrar antes los prefijos.");
         p->LTipo->setFocus();
         digite("Nota");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->CMovimiento.FieldByName("ENCO_NUMERO").texto(), QString());
     }
 
@@ -412,7 +401,6 @@ private slots:
         Interlocutor i;
         i.espere(texto, "Eliminarlo");
         Tfmovimien* p = d.abra();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(int(p->CMovimiento.State()), int(Estado::Insercion));
         QCOMPARE(s.dato("select count(*) from comprobante_detalle where enco_consec = 0"),
                  QString("0"));
@@ -429,7 +417,6 @@ private slots:
         Interlocutor i;
         i.espere(kAccesoNegado);
         QVERIFY(!pantallas().abrir("Tfmovimien"));
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_detalle where enco_consec = 0"),
                  QString("2"));
     }
@@ -477,10 +464,7 @@ private slots:
         ponga_comprobante(s, 700, "000001", "20170101", {});
         s.base.ejecute({"update comprobante_encabezado set tico_cod = 'RC', prco_pref = '0002'"});
         {
-            Interlocutor i;
-            i.espere("Ya existe el registro en la tabla Comprobantes");
-            oprima(Qt::Key_F2);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice("Ya existe el registro en la tabla Comprobantes", [&] { oprima(Qt::Key_F2); });
         }
         const QString id = p->CMovimiento.FieldByName("ENCO_CONSEC").texto();
         QVERIFY(id.toInt() > 0);
@@ -639,18 +623,14 @@ private slots:
         d.asiento("110505", "310505", "10");
         p->DBEdit1->setFocus();
         {
-            Interlocutor i;
-            i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?",
-                     "No");
-            oprima(Qt::Key_Escape);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice("Desea salir del comprobante y perder los movimientos que no ha grabado?", "No",
+                    [&] { oprima(Qt::Key_Escape); });
             QCOMPARE(s.escritorio.abiertas().size(), 1);
         }
         Interlocutor i;
         i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
         QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         oprima(Qt::Key_Escape);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 0);
         QCOMPARE(aviso.count(), 1);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
@@ -663,7 +643,6 @@ private slots:
         Interlocutor i;
         i.espere(kAccesoNegado);
         QVERIFY(!d.abra());
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void una_plantilla_llena_los_dos_libros() {
@@ -693,7 +672,6 @@ private slots:
             ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
             oprima(Qt::Key_F11);
             plantillas.conteste("3");
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
         QCOMPARE(p->DBEdit1->text(), QString("Arriendo"));
         QCOMPARE(p->ERef->text(), QString("ARR"));
@@ -704,10 +682,7 @@ private slots:
         QCOMPARE(p->Cdetniif.RecordCount(), 1);
         // el libro NIIF quedó descuadrado: F2 lo dice y no graba
         d.rejilla().setFocus();
-        Interlocutor j;
-        j.espere("No puede grabar un comprobante NIIF descuadrado");
-        p->SBGrabar->click();
-        QVERIFY2(j.conforme(), qPrintable(j.queja()));
+        se_dice("No puede grabar un comprobante NIIF descuadrado", [&] { p->SBGrabar->click(); });
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         p->Cdetniif.Cancel();
         p->Cdetniif.Delete();

@@ -33,14 +33,9 @@ private slots:
         d.asiento("110505", "310505", "10");
         const char* texto = "La cuenta 310505 (línea 2) no tiene una cuenta NIIF equivalente que "
                             "pueda llevar movimiento: la réplica quedaría descuadrada.";
-        Interlocutor i;
-        i.espere(texto);
-        oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice(texto, [&] { oprima(Qt::Key_F2); });
         QCOMPARE(d.celda("CUEN_COD"), QString("310505")); // el cursor quedó en ella
-        i.espere(texto);
-        p->PageControl1->setCurrentIndex(1);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice(texto, [&] { p->PageControl1->setCurrentIndex(1); });
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         p->PageControl1->setCurrentIndex(0);
         // Con la equivalencia puesta el mismo F2 graba los dos libros.
@@ -85,7 +80,6 @@ private slots:
         digite("900123456");
         oprima(Qt::Key_Return);
         oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(niif(s), QString("130505:10.00:0.00:900123456:1,310505:0.00:10.00::2"));
         QVERIFY(p->CDetalle.IsEmpty());
     }
@@ -101,12 +95,9 @@ private slots:
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
         {
-            Interlocutor i;
-            i.espere("Esta seguro de descartar la información de NIIF y reemplazarla por la "
-                     "equivalencia?",
-                     "Sí");
-            componente<QAction>(p, "ReplicaraNIIF1").trigger();
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice("Esta seguro de descartar la información de NIIF y reemplazarla por la "
+                    "equivalencia?",
+                    "Sí", [&] { componente<QAction>(p, "ReplicaraNIIF1").trigger(); });
         }
         p->lineas_2649->rejilla->setFocus();
         oprima(Qt::Key_F2);

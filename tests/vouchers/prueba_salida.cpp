@@ -52,14 +52,12 @@ private slots:
                 Interlocutor i;
                 espere_salida(i, kSalir, "No");
                 salga(p);
-                QVERIFY2(i.conforme(), qPrintable(i.queja()));
                 QCOMPARE(s.escritorio.abiertas().size(), 1);
                 QCOMPARE(p->CDetalle.RecordCount(), 2);
             }
             Interlocutor i;
             espere_salida(i, kSalir, "Sí");
             salga(p);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(s.escritorio.abiertas().size(), 0);
         }
         // Las del libro NIIF solas también son líneas.
@@ -71,7 +69,6 @@ private slots:
         Interlocutor i;
         espere_salida(i, kSalir, "Sí");
         p->close();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
     }
 
@@ -124,7 +121,6 @@ private slots:
         QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado"), QString("Concepto"));
         espere_salida(i, kSalir, "Sí");
         QVERIFY(s.escritorio.cierre_todas());
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void un_comprobante_nuevo_y_vacio_no_se_graba_sin_preguntar() {
@@ -141,7 +137,6 @@ private slots:
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         espere_salida(i, vacio, "Sí");
         oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("1"));
     }
 };
