@@ -366,9 +366,7 @@ private slots:
         Pantalla* p = pantallas().abrir("Tfbuscomproba");
         escoja(p, "Comprobante general");
         busque(p);
-        {
-            se_dice(kAccesoNegado, [&] { borre(p); });
-        }
+        se_dice(kAccesoNegado, [&] { borre(p); });
         QVERIFY(s.escritorio.abiertas().isEmpty());
         s.otorgue(32);
         p = pantallas().abrir("Tfbuscomproba");

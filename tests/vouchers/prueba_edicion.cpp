@@ -5,10 +5,6 @@
 namespace {
 
 /// Abre para editar el comprobante del id.
-Tfedtmovimien* edite(SesionGui& s, int id) {
-    return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{QString::number(id)});
-}
-
 const QStringList kCuadrado{"110505:100:0", "310505:0:100"};
 const char* const kNiif = "comprobante_detalle_niif";
 
@@ -179,11 +175,8 @@ private slots:
         Tfedtmovimien* p = edite(s, 1);
         auto* replicar = p->findChild<QAction*>("ReplicaraNIIF1");
         QVERIFY(replicar);
-        {
-            se_dice(
-                "El comprobante debe tener el check de replicar a NIIF antes de usar esta opción.",
+        se_dice("El comprobante debe tener el check de replicar a NIIF antes de usar esta opción.",
                 [&] { replicar->trigger(); });
-        }
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
         const char* pregunta =
@@ -299,25 +292,17 @@ private slots:
     void una_plantilla_conserva_las_lineas_de_arriba_de_la_actual() {
         SesionGui s;
         Digitador d(s);
-        s.base.ejecute(
-            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
-             "values (3, 'CG', '0001', 'Arriendo')",
-             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_concepto, "
-             "plde_debitos, plde_creditos) values (3, 5, '240805', 'línea', 40, 0)"});
+        ponga_plantilla(s, 3, "CG", "0001", "Arriendo", "", {"240805:40:0"});
+        s.base.ejecute({"update plantilla_detalle set plde_concepto = 'línea', plde_item = 5"});
         ponga_comprobante(s, 1, "000021", "20170315",
                           {"110505:100:0", "111005:1:0", "310505:0:101"});
         Tfedtmovimien* p = edite(s, 1);
         p->CDetalle.First();
         p->CDetalle.Next();
         Interlocutor i;
-        i.espere(
-            "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
-            "Sí");
+        i.espere(kTraePlantilla, "Sí");
         // la que nadie pidió es para el primer comprobante que se active
-        registre_testigo("TfOtra");
-        Pantalla* otra = pantallas().abrir("TfOtra");
-        otra->ofrezca<PidePlantilla>("3");
-        otra->close();
+        escoja_sin_que_la_pidan("3");
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         QCOMPARE(p->CDetalle.valor_en(0, p->CDetalle.FieldByName("CUEN_COD")).texto(),

@@ -534,9 +534,7 @@ void PruebaImpresion::la_masiva_imprime_un_rango_en_un_solo_trabajo() {
         digite("703");
     };
     // F10 antes de escoger no deja el formato de último recurso para el F2 que sigue.
-    {
-        se_dice("Escoja el tipo y el prefijo de los comprobantes.", [&] { oprima(Qt::Key_F10); });
-    }
+    se_dice("Escoja el tipo y el prefijo de los comprobantes.", [&] { oprima(Qt::Key_F10); });
     QVERIFY(!f->formato_base);
     escoja();
     const QString texto = informe_como_texto(f, Qt::Key_Return);

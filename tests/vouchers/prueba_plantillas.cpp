@@ -9,25 +9,6 @@
 
 namespace {
 
-void ponga_plantilla(SesionGui& s, int id, const QString& tipo, const QString& prefijo,
-                     const QString& concepto, const QString& refer, const QStringList& lineas = {},
-                     const QString& sufijo = {}) {
-    Conexion& b = s.base.base();
-    if (sufijo.isEmpty())
-        b.ejecute("insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto, "
-                  "plan_refer, plan_usuario) values (?, ?, ?, ?, ?, 'OTRO')",
-                  {Valor(id), Valor(tipo), Valor(prefijo), Valor(concepto), Valor(refer)});
-    int item = 0;
-    for (const QString& l : lineas) {
-        const QStringList x = l.split(':');
-        b.ejecute("insert into plantilla_detalle" + sufijo +
-                      " (plan_id, plde_item, cuen_cod, plde_debitos, plde_creditos, plde_base, "
-                      "plde_porc) values (?, ?, ?, ?, ?, 0, 0)",
-                  {Valor(id), Valor(++item), Valor(x[0]), Valor(Moneda::de_texto(x[1])),
-                   Valor(Moneda::de_texto(x[2]))});
-    }
-}
-
 ConjuntoDatos& lista(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CPlantilla");
 }
@@ -73,16 +54,8 @@ Tfplantilla* nueva(SesionGui& s, const QString& concepto) {
     oprima(Qt::Key_Tab);
     return p;
 }
-Tfedtplantilla* edite(SesionGui& s, const QString& id) {
+Tfedtplantilla* edite_plantilla(SesionGui& s, const QString& id) {
     return s.abra<Tfedtplantilla>("Tfedtplantilla", AbrePlantilla{id});
-}
-
-/// Una plantilla que se escoge en la lista abierta desde el menú.
-void escoja_sin_que_la_pidan(const QString& id) {
-    registre_testigo("TfOtra");
-    Pantalla* otra = pantallas().abrir("TfOtra");
-    otra->ofrezca<PidePlantilla>(id);
-    otra->close();
 }
 
 const QString kSalir = "Desea salir de la plantilla y perder los movimientos que no ha grabado?";
@@ -222,25 +195,9 @@ private slots:
         SesionGui s;
         Digitador d(s);
         Tfplantilla* p = nueva(s, "x");
-        const struct {
-            QStringList celdas;
-            const char* mensaje;
-        } casos[] = {
-            {{"130505", "", "", "", "", "", "", "", "", "5"},
-             "Debe indicar un NIT para el movimiento."},
-            {{"236540"}, "Debe indicar un NIT para el movimiento."},
-            {{"236540", "900123456"}, "Debe indicar una base para el movimiento."},
-            {{"236540", "900123456", "", "", "", "", "", "1000000"},
-             "Debe indicar un porcentaje para el movimiento."},
-            {{"413505", "", "0002", "", "", "", "", "", "", "5"},
-             "Debe indicar un Proyecto-Centro para el movimiento."},
-        };
-        for (const auto& c : casos) {
-            Interlocutor i;
-            i.espere(c.mensaje);
-            linea(p, c.celdas);
-            otra_linea(p);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        for (const auto& [celdas, mensaje] : kIncompletas) {
+            linea(p, celdas);
+            se_dice(mensaje, [&] { otra_linea(p); });
             QCOMPARE(p->CDetalle.RecordCount(), 1);
             QVERIFY(p->CDetalle.editando());
             p->CDetalle.Cancel();
@@ -442,7 +399,7 @@ private slots:
         ponga_plantilla(s, 8, "RC", "0002", "Abono", "R-1", {"110505:50:0", "310505:0:50"});
         ponga_plantilla(s, 8, "", "", "", "", {"110505:1:0", "110505:2:0", "310505:0:3"}, "_niif");
         ponga_plantilla(s, 3, "CG", "0001", "Otra", "");
-        Tfedtplantilla* p = edite(s, "8");
+        Tfedtplantilla* p = edite_plantilla(s, "8");
         QVERIFY(p);
         QCOMPARE(p->CMovimiento.FieldByName("PLAN_ID").texto(), QString("8"));
         QVERIFY(p->CMovimiento.editando());
@@ -471,10 +428,10 @@ private slots:
         QCOMPARE(s.dato("select plan_usuario from plantilla_encabezado where plan_id = 3"),
                  QString("OTRO"));
         // sin cambios sale callado; con ellos pregunta
-        p = edite(s, "8");
+        p = edite_plantilla(s, "8");
         oprima(Qt::Key_Escape);
         QVERIFY(s.escritorio.abiertas().isEmpty());
-        p = edite(s, "8");
+        p = edite_plantilla(s, "8");
         p->EConcepto->setFocus();
         p->EConcepto->selectAll();
         digite("Cambio");
@@ -490,7 +447,7 @@ private slots:
         QCOMPARE(s.dato("select plan_concepto from plantilla_encabezado where plan_id = 8"),
                  QString("Abono"));
         i.espere("No se encontró la plantilla solicitada.");
-        QVERIFY(!edite(s, "99"));
+        QVERIFY(!edite_plantilla(s, "99"));
     }
 
     void solo_la_plantilla_nueva_abre_en_el_libro_configurado() {
@@ -502,14 +459,14 @@ private slots:
                     "NIIF");
         ponga_plantilla(s, 8, "CG", "0001", "Abono", "", {"110505:50:0"});
         QCOMPARE(s.abra<Tfplantilla>("Tfplantilla")->PageControl1->currentIndex(), 1);
-        QCOMPARE(edite(s, "8")->PageControl1->currentIndex(), 0);
+        QCOMPARE(edite_plantilla(s, "8")->PageControl1->currentIndex(), 0);
     }
 
     void borrar_desde_la_edicion_nombra_la_plantilla_cero() {
         SesionGui s;
         Digitador d(s);
         ponga_plantilla(s, 8, "CG", "0001", "Abono", "", {"110505:50:0"});
-        Tfedtplantilla* p = edite(s, "8");
+        Tfedtplantilla* p = edite_plantilla(s, "8");
         se_dice("Desea borrar definitivamente la plantilla 0?", "Sí", [&] { oprima(Qt::Key_F3); });
         QVERIFY(s.escritorio.abierta("Tfedtplantilla"));
         QCOMPARE(s.dato("select count(*) from plantilla_encabezado"), QString("1"));
@@ -699,9 +656,7 @@ private slots:
         e->CDetalle.Next();
         e->CDetalle.Next();
         pantallas().abrir("Tfbuscplantilla");
-        se_dice("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
-                "Continuar?",
-                "Sí", [&] { oprima(Qt::Key_Return); });
+        se_dice(kTraePlantilla, "Sí", [&] { oprima(Qt::Key_Return); });
         QStringList lineas;
         for (int k = 0; k < e->CDetalle.RecordCount(); ++k)
             lineas << e->CDetalle.valor_en(k, e->CDetalle.FieldByName("CODE_ITEM")).texto() + ':' +

@@ -45,8 +45,7 @@ private slots:
             },
         };
         for (const auto& salga : maneras) {
-            Tfmovimien* p = d.abra();
-            d.encabezado("CG", "05", "x");
+            Tfmovimien* p = d.abra("CG", "05", "x");
             d.asiento("110505", "310505", "10");
             {
                 Interlocutor i;
@@ -75,15 +74,13 @@ private slots:
     void sin_nada_que_perder_se_cierra_callado() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.asiento("110505", "310505", "10");
         oprima(Qt::Key_F2);
         QVERIFY(p->close()); // ya quedó grabado: el nuevo no tiene líneas
         QCOMPARE(s.escritorio.abiertas().size(), 0);
-        auto* e = qobject_cast<Tfedtmovimien*>(pantallas().abrir(
-            "Tfedtmovimien",
-            AbreComprobante{s.dato("select enco_consec from comprobante_encabezado")}));
+        Tfedtmovimien* e =
+            edite(s, s.dato("select enco_consec from comprobante_encabezado").toInt());
         QVERIFY(e->close());
         QCOMPARE(s.escritorio.abiertas().size(), 0);
     }
@@ -92,11 +89,9 @@ private slots:
         SesionGui s;
         Digitador d(s);
         ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
-        d.abra();
-        d.encabezado("CG", "05", "x");
+        d.abra("CG", "05", "x");
         d.asiento("110505", "310505", "10");
-        auto* e =
-            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        Tfedtmovimien* e = edite(s, 1);
         e->DBEdit1->setFocus();
         digite("Otro");
         oprima(Qt::Key_Tab);

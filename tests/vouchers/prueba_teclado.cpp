@@ -115,9 +115,7 @@ private slots:
     void un_importe_se_puede_calcular_y_se_ve_antes_de_tomarlo() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea({"110505", "", "", "", "", "", "", "", ""});
         digite("1250000*0.19");
         auto* muestra = s.ventana.findChild<QLabel*>("resultado_operacion");
@@ -152,9 +150,7 @@ private slots:
     void cuentas_y_terceros_se_completan_sin_escoger_por_nadie() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         digite("11");
         QCOMPARE(codigos(s), QStringList({"110505", "111005"})); // la inactiva y las mayores no
         // Enter sin señalar nada deja lo tecleado.
@@ -430,9 +426,7 @@ private slots:
     void pegar_dice_lo_que_hara_y_se_deshace_una_vez() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea({"111005", "", "", "", "propia", "", "", "", "", "7", "", ""});
         QApplication::clipboard()->setText("Código\tNIT\n110505\t\n999999\t\n310505\t123");
         Interlocutor i;
@@ -480,19 +474,12 @@ private slots:
     void una_plantilla_traida_se_deshace() {
         SesionGui s;
         Digitador d(s);
-        s.base.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
-                        "plan_concepto) values (1, 'CG', '0001', 'Arriendo')",
-                        "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, "
-                        "plde_debitos, plde_creditos) values (1, 1, '110505', 5, 0)"});
+        ponga_plantilla(s, 1, "CG", "0001", "Arriendo", "", {"110505:5:0"});
         ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "");
         d.linea({"111005", "", "", "", "", "", "", "", "", "7", "", ""});
         Interlocutor i;
-        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
-                 "Continuar?",
-                 "Sí");
+        i.espere(kTraePlantilla, "Sí");
         oprima(Qt::Key_F11);
         plantillas.conteste("1");
         QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"110505"}));
@@ -545,9 +532,7 @@ private slots:
         SesionGui s;
         Digitador d(s);
         ListaFalsa<PideCentro> centros("Tfcentros");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea({"519530", "", "?"});
         QCOMPARE(centros.veces(), 1);
         centros.conteste({"0001", "0001"});
