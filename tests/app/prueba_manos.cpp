@@ -69,12 +69,6 @@ void PruebaManos::f1_explica_las_teclas_de_cada_pantalla_sin_nombres_de_adentro(
         for (const TeclaExplicada& t : teclas_explicadas(*p))
             if (t.tecla.isEmpty() || t.que_hace.contains(de_adentro))
                 malas << p->objectName() + " " + t.tecla + ": «" + t.que_hace + "»";
-        // Ningún dato que se digita se llama en un mensaje como su columna de la base.
-        for (const ConjuntoDatos* c : p->findChildren<ConjuntoDatos*>())
-            for (int i = 0; i < c->FieldCount(); ++i)
-                if (const Campo& campo = c->Fields(i);
-                    campo.FieldName.contains('_') && campo.nombre_visible() == campo.FieldName)
-                    malas << p->objectName() + "." + c->objectName() + "." + campo.FieldName;
     });
     QVERIFY(pantallas_vistas > 50);
     diga(malas);

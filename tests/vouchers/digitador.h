@@ -96,7 +96,7 @@ struct Digitador {
     Tfmovimien* p = nullptr;
 };
 
-inline Tfedtmovimien* edite(SesionGui& s, int id) {
+inline Tfedtmovimien* abra_edicion(SesionGui& s, int id) {
     return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{QString::number(id)});
 }
 

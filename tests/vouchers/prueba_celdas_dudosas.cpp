@@ -140,7 +140,7 @@ private slots:
         ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
         s.base.ejecute({"update comprobante_detalle set cuen_cod = '220505', terc_nit = "
                         "'800456789', doco_vence = '20170415' where code_item = 1"});
-        Tfedtmovimien* p = edite(s, 1);
+        Tfedtmovimien* p = abra_edicion(s, 1);
         Rejilla& r = *p->lineas_2649->rejilla;
         r.setFocus();
         oprima(Qt::Key_Home, Qt::ControlModifier);
@@ -154,7 +154,7 @@ private slots:
         s.base.ejecute({"update comprobante_detalle set doco_vence = null"});
         p->CMovimiento.CancelUpdates();
         p->close();
-        p = edite(s, 1);
+        p = abra_edicion(s, 1);
         p->lineas_2649->rejilla->setFocus();
         QCOMPARE(p->lineas_2649->rejilla->SelectedIndex(), int(LineasLibro::kCuenta));
         QCOMPARE(p->CDetalle.FieldByName("CUEN_COD").texto(), QString("220505"));

@@ -5,6 +5,10 @@
 namespace {
 
 /// Abre para editar el comprobante del id.
+Tfedtmovimien* edite(SesionGui& s, int id) {
+    return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{QString::number(id)});
+}
+
 const QStringList kCuadrado{"110505:100:0", "310505:0:100"};
 const char* const kNiif = "comprobante_detalle_niif";
 
@@ -38,6 +42,7 @@ private slots:
         Interlocutor i;
         i.espere("No se encontró el comprobante solicitado.");
         QVERIFY(!edite(s, 12345));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void las_fechas_de_bloqueo_y_el_origen_deciden_que_se_puede_cambiar() {
@@ -108,6 +113,7 @@ private slots:
             i.espere("No puede grabar un comprobante NIIF descuadrado");
             p->lineas_2649->rejilla->setFocus();
             oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
         // a diferencia de la digitación, la fila rehusada no queda en edición
         QVERIFY(!p->CDetalle.editando() && !p->Cdetniif.editando());
@@ -175,8 +181,13 @@ private slots:
         Tfedtmovimien* p = edite(s, 1);
         auto* replicar = p->findChild<QAction*>("ReplicaraNIIF1");
         QVERIFY(replicar);
-        se_dice("El comprobante debe tener el check de replicar a NIIF antes de usar esta opción.",
-                [&] { replicar->trigger(); });
+        {
+            Interlocutor i;
+            i.espere(
+                "El comprobante debe tener el check de replicar a NIIF antes de usar esta opción.");
+            replicar->trigger();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
         const char* pregunta =
@@ -198,10 +209,14 @@ private slots:
             i.espere("La cuenta 240805 (línea 2) no tiene una cuenta NIIF equivalente que pueda "
                      "llevar movimiento: la réplica quedaría descuadrada.");
             replicar->trigger();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(lineas(), QStringList({"111005:1:0", "310505:0:1"}));
         }
         s.base.ejecute({"update cuentas set cuen_eqniif = '240805' where cuen_cod = '240805'"});
-        se_dice(pregunta, "Sí", [&] { replicar->trigger(); });
+        Interlocutor i;
+        i.espere(pregunta, "Sí");
+        replicar->trigger();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(lineas(),
                  QStringList({"111005:100:0", "240805:7:0", "310505:0:100", "310505:0:7"}));
         p->CMovimiento.CancelUpdates();
@@ -216,7 +231,10 @@ private slots:
         s.otorgue(30);
         s.niegue(32);
         {
-            se_dice(kAccesoNegado, [&] { edite(s, 1)->SBBorrar->click(); });
+            Interlocutor i;
+            i.espere(kAccesoNegado);
+            edite(s, 1)->SBBorrar->click();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(s.escritorio.abiertas().size(), 0);
         }
         s.otorgue(32);
@@ -242,6 +260,7 @@ private slots:
         QCOMPARE(s.dato("select count(*) from comprobante_detalle where enco_consec = 1"),
                  QString("2"));
         p->SBBorrar->click();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(
             s.dato(
                 "select (select count(*) from comprobante_detalle where enco_consec = 1) + (select "
@@ -267,6 +286,7 @@ private slots:
             i.espere("Se presento el siguiente error: La lista no tiene la columna 12.");
             p->lineas_2649->rejilla->setFocus();
             oprima(clave);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(p->lineas_2649->rejilla->columna(11).Visible(), clave == Qt::Key_F12);
         }
     }
@@ -283,8 +303,10 @@ private slots:
         p->DBEdit1->setFocus();
         digite("Otro");
         oprima(Qt::Key_Tab);
-        se_dice("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí",
-                [&] { oprima(Qt::Key_Escape); });
+        Interlocutor i;
+        i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+        oprima(Qt::Key_Escape);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 0);
         QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado"), QString("Concepto"));
     }
@@ -292,17 +314,25 @@ private slots:
     void una_plantilla_conserva_las_lineas_de_arriba_de_la_actual() {
         SesionGui s;
         Digitador d(s);
-        ponga_plantilla(s, 3, "CG", "0001", "Arriendo", "", {"240805:40:0"});
-        s.base.ejecute({"update plantilla_detalle set plde_concepto = 'línea', plde_item = 5"});
+        s.base.ejecute(
+            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
+             "values (3, 'CG', '0001', 'Arriendo')",
+             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_concepto, "
+             "plde_debitos, plde_creditos) values (3, 5, '240805', 'línea', 40, 0)"});
         ponga_comprobante(s, 1, "000021", "20170315",
                           {"110505:100:0", "111005:1:0", "310505:0:101"});
         Tfedtmovimien* p = edite(s, 1);
         p->CDetalle.First();
         p->CDetalle.Next();
         Interlocutor i;
-        i.espere(kTraePlantilla, "Sí");
+        i.espere(
+            "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
+            "Sí");
         // la que nadie pidió es para el primer comprobante que se active
-        escoja_sin_que_la_pidan("3");
+        registre_testigo("TfOtra");
+        Pantalla* otra = pantallas().abrir("TfOtra");
+        otra->ofrezca<PidePlantilla>("3");
+        otra->close();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         QCOMPARE(p->CDetalle.valor_en(0, p->CDetalle.FieldByName("CUEN_COD")).texto(),

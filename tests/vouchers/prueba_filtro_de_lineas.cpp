@@ -39,7 +39,9 @@ private slots:
     void las_lineas_ocultas_cuentan_en_el_cuadre_y_en_las_sumas() {
         SesionGui s;
         Filtrado d(s);
-        Tfmovimien* p = d.abra("CG", "05", "x");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
         d.linea_de_debito("110505", "500");
         d.linea_de_debito("110505", "10");
         d.linea_de_credito("310505", "10");
@@ -48,7 +50,12 @@ private slots:
         oprima(Qt::Key_Down);
         QCOMPARE(p->lineas_2649->Sumadeb->text(), QString("510.00"));
         QCOMPARE(p->lineas_2649->Difdeb->text(), QString("500.00"));
-        se_dice(kDescuadrado, [&] { oprima(Qt::Key_F2); });
+        {
+            Interlocutor i;
+            i.espere(kDescuadrado);
+            oprima(Qt::Key_F2);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         // F5 propone lo que cuadra todas, y la línea nueva sigue a la vista aunque no cumpla.
         p->CDetalle.Cancel();
@@ -78,7 +85,9 @@ private slots:
     void una_linea_nueva_que_el_filtro_ocultaria_sigue_a_la_vista() {
         SesionGui s;
         Filtrado d(s);
-        Tfmovimien* p = d.abra("CG", "05", "x");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
         d.linea_de_debito("110505", "10");
         d.filtre(LineasLibro::kCuenta, "1105");
         oprima(Qt::Key_Down);
@@ -96,8 +105,13 @@ private slots:
     void con_todas_ocultas_esc_todavia_pregunta_y_la_plantilla_las_reemplaza() {
         SesionGui s;
         Filtrado d(s);
-        ponga_plantilla(s, 3, "CG", "0001", "Arriendo", "", {"240805:40:0"});
-        Tfmovimien* p = d.abra("CG", "05", "x");
+        s.base.ejecute(
+            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
+             "values (3, 'CG', '0001', 'Arriendo')",
+             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_debitos, "
+             "plde_creditos) values (3, 1, '240805', 40, 0)"});
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
         d.asiento("110505", "310505", "10");
         d.filtre(LineasLibro::kCuenta, "zz");
         QCOMPARE(p->CDetalle.RecordCount(), 0);
@@ -106,11 +120,14 @@ private slots:
             i.espere(kSalir, "No");
             p->DBEdit1->setFocus();
             oprima(Qt::Key_Escape);
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(s.escritorio.abiertas().size(), 1);
         }
         ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
         Interlocutor i;
-        i.espere(kTraePlantilla, "Sí");
+        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
+                 "Continuar?",
+                 "Sí");
         oprima(Qt::Key_F11);
         plantillas.conteste("3");
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
@@ -125,7 +142,8 @@ private slots:
         Digitador d(s);
         ponga_comprobante(s, 1, "000021", "20170315",
                           {"110505:500:0", "111005:10:0", "310505:0:510"});
-        Tfedtmovimien* p = edite(s, 1);
+        auto* p =
+            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
         QVERIFY(p);
         // Quitar el crédito grande y tapar el débito grande: lo que se ve cuadra.
         p->CDetalle.Last();
@@ -140,7 +158,10 @@ private slots:
         digite("<100");
         oprima(Qt::Key_Return);
         QCOMPARE(p->CDetalle.RecordCount(), 2);
-        se_dice(kDescuadrado, [&] { oprima(Qt::Key_F2); });
+        Interlocutor i;
+        i.espere(kDescuadrado);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select sum(code_credito) from comprobante_detalle"), QString("510"));
         p->CMovimiento.CancelUpdates();
     }
@@ -148,10 +169,15 @@ private slots:
     void al_editar_una_plantilla_reemplaza_tambien_las_ocultas() {
         SesionGui s;
         Digitador d(s);
-        ponga_plantilla(s, 3, "CG", "0001", "Arriendo", "", {"240805:40:0"});
+        s.base.ejecute(
+            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
+             "values (3, 'CG', '0001', 'Arriendo')",
+             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_debitos, "
+             "plde_creditos) values (3, 1, '240805', 40, 0)"});
         ponga_comprobante(s, 1, "000021", "20170315",
                           {"110505:500:0", "111005:10:0", "310505:0:510"});
-        Tfedtmovimien* p = edite(s, 1);
+        auto* p =
+            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
         QVERIFY(p);
         p->ckFiltro->setChecked(true);
         p->lineas_2649->rejilla->setFocus();
@@ -162,8 +188,13 @@ private slots:
         oprima(Qt::Key_Return);
         QCOMPARE(p->CDetalle.RecordCount(), 1);
         Interlocutor i;
-        i.espere(kTraePlantilla, "Sí");
-        escoja_sin_que_la_pidan("3");
+        i.espere(
+            "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
+            "Sí");
+        registre_testigo("TfOtra");
+        Pantalla* otra = pantallas().abrir("TfOtra");
+        otra->ofrezca<PidePlantilla>("3");
+        otra->close();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         // La de arriba se queda; la actual y la que el filtro tapaba se van.
         QStringList cuentas;

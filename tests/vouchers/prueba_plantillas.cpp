@@ -54,7 +54,7 @@ Tfplantilla* nueva(SesionGui& s, const QString& concepto) {
     oprima(Qt::Key_Tab);
     return p;
 }
-Tfedtplantilla* edite_plantilla(SesionGui& s, const QString& id) {
+Tfedtplantilla* edite(SesionGui& s, const QString& id) {
     return s.abra<Tfedtplantilla>("Tfedtplantilla", AbrePlantilla{id});
 }
 
@@ -399,7 +399,7 @@ private slots:
         ponga_plantilla(s, 8, "RC", "0002", "Abono", "R-1", {"110505:50:0", "310505:0:50"});
         ponga_plantilla(s, 8, "", "", "", "", {"110505:1:0", "110505:2:0", "310505:0:3"}, "_niif");
         ponga_plantilla(s, 3, "CG", "0001", "Otra", "");
-        Tfedtplantilla* p = edite_plantilla(s, "8");
+        Tfedtplantilla* p = edite(s, "8");
         QVERIFY(p);
         QCOMPARE(p->CMovimiento.FieldByName("PLAN_ID").texto(), QString("8"));
         QVERIFY(p->CMovimiento.editando());
@@ -428,10 +428,10 @@ private slots:
         QCOMPARE(s.dato("select plan_usuario from plantilla_encabezado where plan_id = 3"),
                  QString("OTRO"));
         // sin cambios sale callado; con ellos pregunta
-        p = edite_plantilla(s, "8");
+        p = edite(s, "8");
         oprima(Qt::Key_Escape);
         QVERIFY(s.escritorio.abiertas().isEmpty());
-        p = edite_plantilla(s, "8");
+        p = edite(s, "8");
         p->EConcepto->setFocus();
         p->EConcepto->selectAll();
         digite("Cambio");
@@ -447,7 +447,7 @@ private slots:
         QCOMPARE(s.dato("select plan_concepto from plantilla_encabezado where plan_id = 8"),
                  QString("Abono"));
         i.espere("No se encontró la plantilla solicitada.");
-        QVERIFY(!edite_plantilla(s, "99"));
+        QVERIFY(!edite(s, "99"));
     }
 
     void solo_la_plantilla_nueva_abre_en_el_libro_configurado() {
@@ -459,14 +459,14 @@ private slots:
                     "NIIF");
         ponga_plantilla(s, 8, "CG", "0001", "Abono", "", {"110505:50:0"});
         QCOMPARE(s.abra<Tfplantilla>("Tfplantilla")->PageControl1->currentIndex(), 1);
-        QCOMPARE(edite_plantilla(s, "8")->PageControl1->currentIndex(), 0);
+        QCOMPARE(edite(s, "8")->PageControl1->currentIndex(), 0);
     }
 
     void borrar_desde_la_edicion_nombra_la_plantilla_cero() {
         SesionGui s;
         Digitador d(s);
         ponga_plantilla(s, 8, "CG", "0001", "Abono", "", {"110505:50:0"});
-        Tfedtplantilla* p = edite_plantilla(s, "8");
+        Tfedtplantilla* p = edite(s, "8");
         se_dice("Desea borrar definitivamente la plantilla 0?", "Sí", [&] { oprima(Qt::Key_F3); });
         QVERIFY(s.escritorio.abierta("Tfedtplantilla"));
         QCOMPARE(s.dato("select count(*) from plantilla_encabezado"), QString("1"));

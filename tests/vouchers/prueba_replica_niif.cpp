@@ -90,7 +90,7 @@ private slots:
         ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
         ponga_comprobante(s, 1, "000021", "20170315", {"152405:7:0", "310505:0:7"},
                           "comprobante_detalle_niif");
-        Tfedtmovimien* p = edite(s, 1);
+        Tfedtmovimien* p = abra_edicion(s, 1);
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
         se_dice("Esta seguro de descartar la información de NIIF y reemplazarla por la "
@@ -100,7 +100,7 @@ private slots:
         oprima(Qt::Key_F2);
         QCOMPARE(niif(s), QString("110505:100.00:0.00::1,310505:0.00:100.00::2"));
         // Otro día se corrige el 2649: la réplica lo sigue.
-        p = edite(s, 1);
+        p = abra_edicion(s, 1);
         p->lineas_2649->rejilla->setFocus();
         oprima(Qt::Key_Home, Qt::ControlModifier);
         p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kDebito);
@@ -122,7 +122,7 @@ private slots:
         ponga_comprobante(s, 1, "000021", "20170315", {"152405:7:0", "310505:0:7"},
                           "comprobante_detalle_niif");
         s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '110505'"});
-        Tfedtmovimien* p = edite(s, 1);
+        Tfedtmovimien* p = abra_edicion(s, 1);
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
         Interlocutor i;

@@ -80,7 +80,7 @@ private slots:
         QVERIFY(p->close()); // ya quedó grabado: el nuevo no tiene líneas
         QCOMPARE(s.escritorio.abiertas().size(), 0);
         Tfedtmovimien* e =
-            edite(s, s.dato("select enco_consec from comprobante_encabezado").toInt());
+            abra_edicion(s, s.dato("select enco_consec from comprobante_encabezado").toInt());
         QVERIFY(e->close());
         QCOMPARE(s.escritorio.abiertas().size(), 0);
     }
@@ -91,7 +91,7 @@ private slots:
         ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
         d.abra("CG", "05", "x");
         d.asiento("110505", "310505", "10");
-        Tfedtmovimien* e = edite(s, 1);
+        Tfedtmovimien* e = abra_edicion(s, 1);
         e->DBEdit1->setFocus();
         digite("Otro");
         oprima(Qt::Key_Tab);

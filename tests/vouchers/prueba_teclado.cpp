@@ -115,7 +115,9 @@ private slots:
     void un_importe_se_puede_calcular_y_se_ve_antes_de_tomarlo() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra("CG", "05", "x");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
         d.linea({"110505", "", "", "", "", "", "", "", ""});
         digite("1250000*0.19");
         auto* muestra = s.ventana.findChild<QLabel*>("resultado_operacion");
@@ -130,9 +132,10 @@ private slots:
         digite("100/0");
         QCOMPARE(muestra->text(), QString("= …"));
         Interlocutor i;
-        se_dice("Se presento el siguiente error: '100/0' no se puede calcular: no se puede "
-                "dividir por cero.",
-                [&] { oprima(Qt::Key_Return); });
+        i.espere("Se presento el siguiente error: '100/0' no se puede calcular: no se puede "
+                 "dividir por cero.");
+        oprima(Qt::Key_Return);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(d.rejilla().digitando());
         QCOMPARE(d.rejilla().texto_digitado(), QString("100/0"));
         oprima(Qt::Key_Escape);
@@ -150,7 +153,9 @@ private slots:
     void cuentas_y_terceros_se_completan_sin_escoger_por_nadie() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra("CG", "05", "x");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
         digite("11");
         QCOMPARE(codigos(s), QStringList({"110505", "111005"})); // la inactiva y las mayores no
         // Enter sin señalar nada deja lo tecleado.
@@ -297,6 +302,7 @@ private slots:
         a->findChild<Rejilla*>("DBGridEh1")->setFocus();
         oprima(Qt::Key_I, Qt::ControlModifier);
         QCOMPARE(cuantos(), QString("4"));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void sin_el_derecho_de_crear_no_se_copia() {
@@ -305,8 +311,10 @@ private slots:
         ponga_comprobante(s, 500, "000500", "20170210", {"110505:1000:0", "310505:0:1000"});
         s.niegue(30);
         s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"500"});
-        se_dice("Acceso no permitido. comuníquese con el administrador del sistema.",
-                [&] { oprima(Qt::Key_D, Qt::ControlModifier); });
+        Interlocutor i;
+        i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+        oprima(Qt::Key_D, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("1"));
     }
 
@@ -347,9 +355,11 @@ private slots:
         QCOMPARE(borradores(), QStringList({"huerfano.borrador"})); // el que se dejó ya no está
         const RelojDetenido media_hora_despues({2017, 5, 15}, {10, 30});
         Interlocutor i;
-        se_dice("Hace 30 minutos quedó un comprobante sin grabar: CG 0001, «Nómina de mayo», 2 "
-                "líneas. Desea retomarlo?",
-                "Sí", [&] { p = d.abra(); });
+        i.espere("Hace 30 minutos quedó un comprobante sin grabar: CG 0001, «Nómina de mayo», 2 "
+                 "líneas. Desea retomarlo?",
+                 "Sí");
+        p = d.abra();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(borradores().isEmpty());
         QCOMPARE(p->EDia->text(), QString("17"));
         QCOMPARE(p->CDetalle.RecordCount(), 2);
@@ -386,6 +396,7 @@ private slots:
         Interlocutor i;
         d.abra();
         QVERIFY(carpeta.entryList({"*.borrador"}, QDir::Files).isEmpty());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void aplica_a_ofrece_los_documentos_abiertos_del_tercero() {
@@ -426,7 +437,9 @@ private slots:
     void pegar_dice_lo_que_hara_y_se_deshace_una_vez() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra("CG", "05", "x");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
         d.linea({"111005", "", "", "", "propia", "", "", "", "", "7", "", ""});
         QApplication::clipboard()->setText("Código\tNIT\n110505\t\n999999\t\n310505\t123");
         Interlocutor i;
@@ -459,9 +472,11 @@ private slots:
         p->CDetalle.First();
         d.rejilla().SelectedIndex(LineasLibro::kConcepto);
         d.linea({"cambiado"});
-        se_dice("Después de lo pegado hubo otros cambios, que también se perderán. Desea "
-                "deshacerlo?",
-                "No", [&] { oprima(Qt::Key_Z, Qt::ControlModifier); });
+        i.espere("Después de lo pegado hubo otros cambios, que también se perderán. Desea "
+                 "deshacerlo?",
+                 "No");
+        oprima(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->CDetalle.RecordCount(), 3);
         // Una sola celda no se anuncia, y en una celda abierta Ctrl+V y Ctrl+Z son de su texto.
         QApplication::clipboard()->setText("solo");
@@ -474,12 +489,19 @@ private slots:
     void una_plantilla_traida_se_deshace() {
         SesionGui s;
         Digitador d(s);
-        ponga_plantilla(s, 1, "CG", "0001", "Arriendo", "", {"110505:5:0"});
+        s.base.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
+                        "plan_concepto) values (1, 'CG', '0001', 'Arriendo')",
+                        "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, "
+                        "plde_debitos, plde_creditos) values (1, 1, '110505', 5, 0)"});
         ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
-        Tfmovimien* p = d.abra("CG", "05", "");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "");
+        d.entre_a_la_rejilla();
         d.linea({"111005", "", "", "", "", "", "", "", "", "7", "", ""});
         Interlocutor i;
-        i.espere(kTraePlantilla, "Sí");
+        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
+                 "Continuar?",
+                 "Sí");
         oprima(Qt::Key_F11);
         plantillas.conteste("1");
         QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"110505"}));
@@ -532,7 +554,9 @@ private slots:
         SesionGui s;
         Digitador d(s);
         ListaFalsa<PideCentro> centros("Tfcentros");
-        Tfmovimien* p = d.abra("CG", "05", "x");
+        Tfmovimien* p = d.abra();
+        d.encabezado("CG", "05", "x");
+        d.entre_a_la_rejilla();
         d.linea({"519530", "", "?"});
         QCOMPARE(centros.veces(), 1);
         centros.conteste({"0001", "0001"});
