@@ -3,8 +3,7 @@
 //
 //     Interlocutor i;
 //     i.espere("Desea borrar definitivamente la cuenta 1105 ?", "Sí");
-//     QTest::keyClick(&pantalla, Qt::Key_F3);
-//     QVERIFY2(i.conforme(), qPrintable(i.queja()));
+//     oprima(Qt::Key_F3);
 //
 // Un diálogo que nadie esperaba hace fallar la prueba en el acto, se cierra con Esc y queda en
 // `queja()`; uno esperado que no aparece la hace fallar al morir el interlocutor. Atiende el último
@@ -232,3 +231,14 @@ private:
     QList<Esperado> cola_;
     QStringList quejas_, vistos_;
 };
+
+/// Lo que se hace dice ese mensaje y ningún otro; se contesta con ese botón.
+inline void se_dice(const QString& texto, const QString& respuesta,
+                    const std::function<void()>& haga) {
+    Interlocutor i;
+    i.espere(texto, respuesta);
+    haga();
+}
+inline void se_dice(const QString& texto, const std::function<void()>& haga) {
+    se_dice(texto, QStringLiteral("Aceptar"), haga);
+}

@@ -147,7 +147,6 @@ private slots:
         i.espere_modal("Tfpuc", [&](QWidget* v) { QTest::keyClick(&rejilla(v), Qt::Key_Escape); });
         con_foco();
         oprima(Qt::Key_F5);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(conjunto(nueva, "CCuentas").FieldByName("CUEN_NOM").texto(), QString("Otra"));
     }
 
@@ -179,22 +178,16 @@ private slots:
         s.base.ejecute({"update cuentas set cuen_eqniif = null",
                         "delete from cuentas_niif where cuen_cod starting with '1' and "
                         "char_length(cuen_cod) = 6"});
-        Interlocutor i;
-        i.espere("Ya existen cuentas del plan NIIF. Si desea usar opción debería borrarlas "
-                 "previamente.");
-        copie_cuentas_a_niif();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice("Ya existen cuentas del plan NIIF. Si desea usar opción debería borrarlas "
+                "previamente.",
+                [&] { copie_cuentas_a_niif(); });
         for (const char* largo : {"6", "4", "2", "1"})
             s.base.base().ejecute(
                 QStringLiteral("delete from cuentas_niif where char_length(cuen_cod) = %1")
                     .arg(largo));
-        i.espere(pregunta, "No");
-        copie_cuentas_a_niif();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice(pregunta, "No", [&] { copie_cuentas_a_niif(); });
         QCOMPARE(s.dato("select count(*) from cuentas_niif"), QString("0"));
-        i.espere(pregunta, "Sí");
-        copie_cuentas_a_niif();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice(pregunta, "Sí", [&] { copie_cuentas_a_niif(); });
         QCOMPARE(s.dato("select count(*) from cuentas_niif"),
                  s.dato("select count(*) from cuentas"));
         QCOMPARE(s.dato("select count(*) from cuentas c join cuentas_niif n on n.cuen_cod = "
@@ -289,9 +282,7 @@ private slots:
             "Desea borrar definitivamente la norma Costo para la cuenta 143505";
         i.espere(pregunta, "No");
         oprima(Qt::Key_F3);
-        i.espere(pregunta, "Sí");
-        oprima(Qt::Key_F3);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice(pregunta, "Sí", [&] { oprima(Qt::Key_F3); });
         QCOMPARE(normas_de(s, "143505"), QString("13-4,13-4.10"));
         QCOMPARE(c.RecordCount(), 2);
     }

@@ -113,9 +113,8 @@ private slots:
         s.niegue(11);
         i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
         QVERIFY(!pantallas().abrir("Tfterceros"));
-        i.espere("Acceso no permitido. Comuníquese con el administrador del sistema.");
-        buscar_tercero();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice("Acceso no permitido. Comuníquese con el administrador del sistema.",
+                [&] { buscar_tercero(); });
         QVERIFY(s.escritorio.abiertas().isEmpty());
     }
 
@@ -167,9 +166,8 @@ private slots:
         i.espere("Desea borrar definitivamente el tercero con NIT 52345678 ?", "No");
         oprima(Qt::Key_F3);
         QVERIFY(nits(lista).contains("52345678"));
-        i.espere("Desea borrar definitivamente el tercero con NIT 52345678 ?", "Sí");
-        oprima(Qt::Key_F3);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice("Desea borrar definitivamente el tercero con NIT 52345678 ?", "Sí",
+                [&] { oprima(Qt::Key_F3); });
         QVERIFY(!nits(lista).contains("52345678"));
         QCOMPARE(s.dato("select list(terc_nit) from terceros where terc_nit in ('52345678', "
                         "'900123456')"),
@@ -182,9 +180,8 @@ private slots:
         Pantalla* lista = mantenimiento(s);
         i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
         oprima(Qt::Key_F3);
-        i.espere("Acceso no permitido. Comuníquese con el administrador del sistema.");
-        oprima(Qt::Key_F5);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice("Acceso no permitido. Comuníquese con el administrador del sistema.",
+                [&] { oprima(Qt::Key_F5); });
         QCOMPARE(s.escritorio.abiertas(), QVector<Pantalla*>({lista}));
         s.otorgue(10);
         oprima(Qt::Key_F5);

@@ -182,10 +182,7 @@ private slots:
         Pantalla* p = pantallas().abrir("Tfbuscomproba");
         // Con más de uno la búsqueda se rehúsa diciendo qué vaciar, y el resultado queda cerrado.
         const auto rehuse = [&](const QString& mensaje) {
-            Interlocutor i;
-            i.espere(mensaje);
-            busque(p);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice(mensaje, [&] { busque(p); });
             QVERIFY(!resultado(p).Active());
         };
         rehuse("Con todos los tipos la búsqueda admite un solo dato y hay varios: Fecha desde y "
@@ -341,7 +338,6 @@ private slots:
             Interlocutor i; // solo imprime
             i.espere_modal("Tfimprcomproba", cierre);
             componente<QPushButton>(p, "SpeedButton1").click();
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
         const QString pregunta = "Desea borrar definitivamente el comprobante CG 0001 000011?";
         for (const char* respuesta : {"No", "Sí"}) {
@@ -350,7 +346,6 @@ private slots:
             i.espere(pregunta, respuesta);
             ubique(p, "ENCO_CONSEC", 2);
             oprima(Qt::Key_F3);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(i.vistos(), QStringList({"Tfimprcomproba", pregunta}));
         }
         QCOMPARE(impresos, QStringList({"2", "2", "2"}));
@@ -375,29 +370,22 @@ private slots:
         Pantalla* p = pantallas().abrir("Tfbuscomproba");
         escoja(p, "Comprobante general");
         busque(p);
-        {
-            Interlocutor i;
-            i.espere(kAccesoNegado);
-            borre(p);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        }
+        se_dice(kAccesoNegado, [&] { borre(p); });
         QVERIFY(s.escritorio.abiertas().isEmpty());
         s.otorgue(32);
         p = pantallas().abrir("Tfbuscomproba");
         escoja(p, "Comprobante general");
         busque(p);
         Interlocutor i;
-        i.espere("Debe utilizar la opcion " +
-                 s.dato("select tido_nomlargo from tipo_documento where tido_cod = 31") +
-                 " para borrar el comprobante");
-        borre(p);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice("Debe utilizar la opcion " +
+                    s.dato("select tido_nomlargo from tipo_documento where tido_cod = 31") +
+                    " para borrar el comprobante",
+                [&] { borre(p); });
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("1"));
         p->close();
         s.niegue(31);
         i.espere(kAccesoNegado);
         QVERIFY(!pantallas().abrir("Tfbuscomproba"));
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void el_movimiento_de_un_tercero_se_filtra_y_se_edita() {
@@ -513,7 +501,6 @@ private slots:
                  " para borrar el comprobante");
         ubique(p, "ID", 1, "DBGridEh2");
         oprima(Qt::Key_F3);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado where enco_consec = 1"),
                  QString("1"));
     }

@@ -54,28 +54,12 @@ private slots:
         d.configure("GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES", "-2");
         Tfmovimien* p = d.abra();
         d.encabezado("CG", "01", "x");
-        const struct {
-            QStringList celdas; // hasta la columna en que se sale de la fila
-            const char* mensaje;
-        } casos[] = {
-            {{"130505", "", "", "", "", "", "", "", "", "5"},
-             "Debe indicar un NIT para el movimiento."},
-            {{"236540"}, "Debe indicar un NIT para el movimiento."},
-            {{"236540", "900123456"}, "Debe indicar una base para el movimiento."},
-            {{"236540", "900123456", "", "", "", "", "", "100"},
-             "Debe indicar un porcentaje para el movimiento."},
-            {{"413505", "", "0002", "", "", "", "", "", "", "5"},
-             "Debe indicar un Proyecto-Centro para el movimiento."},
-        };
-        for (const auto& c : casos) {
-            Interlocutor i;
-            i.espere(c.mensaje);
+        for (const auto& [celdas, mensaje] : kIncompletas) {
             d.entre_a_la_rejilla();
-            d.linea(c.celdas);
+            d.linea(celdas);
             p->GroupBox1->hide();
             d.rejilla().setFocus();
-            oprima(Qt::Key_Down);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice(mensaje, [&] { oprima(Qt::Key_Down); });
             QCOMPARE(p->CDetalle.RecordCount(), 1);
             QVERIFY(p->CDetalle.editando());
             p->CDetalle.Cancel();
@@ -93,9 +77,7 @@ private slots:
     void cuenta_tercero_centro_y_categoria_se_validan_al_dejarlos() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "01", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "01", "x");
         const struct {
             int columna;
             const char *digitado, *mensaje, *respuesta, *campo;
@@ -119,7 +101,6 @@ private slots:
             i.espere(c.mensaje, c.respuesta);
             d.rejilla().SelectedIndex(c.columna);
             d.linea({c.digitado});
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(d.celda(c.campo), QString());
         }
         {
@@ -131,7 +112,6 @@ private slots:
             d.linea({"413505"});
             d.rejilla().SelectedIndex(2);
             d.linea({"0001", "0099"});
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(d.celda("CENT_COD"), QString());
         }
         // la cuenta inactiva pasa la validación y se queja de su nombre
@@ -139,7 +119,6 @@ private slots:
         i.espere("La cuenta 110510 está inactiva.");
         d.rejilla().SelectedIndex(0);
         d.linea({"110510"});
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void la_cuenta_decide_que_columnas_se_digitan_y_que_se_completa() {
@@ -221,9 +200,7 @@ private slots:
     void f5_propone_lo_que_cuadra_el_libro_a_la_vista() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "01", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "01", "x");
         d.linea({"110505", "", "", "", "", "", "", "", "", "70", "", ""});
         d.linea({"111005", "", "", "", "", "", "", "", "", "30", "", ""});
         d.linea({"310505"});
@@ -241,16 +218,12 @@ private slots:
     void un_libro_descuadrado_no_se_graba_salvo_que_la_compania_lo_permita() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "01", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "01", "x");
         d.linea({"110505", "", "", "", "", "", "", "", "", "70"});
         {
             // pasar de página con el libro descuadrado avisa y no graba, pero no impide
-            Interlocutor i;
-            i.espere("No puede grabar un comprobante descuadrado");
-            p->PageControl1->setCurrentIndex(1);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice("No puede grabar un comprobante descuadrado",
+                    [&] { p->PageControl1->setCurrentIndex(1); });
             QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         }
         d.entre_a_la_rejilla();
@@ -260,7 +233,6 @@ private slots:
             i.espere("No puede grabar un comprobante descuadrado");
             i.espere("No puede grabar un comprobante NIIF descuadrado");
             oprima(Qt::Key_F2);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
             QVERIFY(p->CDetalle.editando() && p->Cdetniif.editando());
             QCOMPARE(p->CMovimiento.FieldByName("ENCO_CONSEC").texto(), QString("0"));
@@ -275,9 +247,7 @@ private slots:
         p->CMovimiento.CancelUpdates();
         p->close();
         d.configure("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS", "SI");
-        p = d.abra();
-        d.encabezado("CG", "01", "y");
-        d.entre_a_la_rejilla();
+        p = d.abra("CG", "01", "y");
         d.linea({"110505", "", "", "", "", "", "", "", "", "70"});
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select count(*) from comprobante_detalle"), QString("1"));
@@ -297,25 +267,15 @@ private slots:
         oprima(Qt::Key_Down);
         QCOMPARE(p->LPref->valor().texto(), QString("0002"));
         QVERIFY(!p->ENumero->isReadOnly()); // se numera a mano
-        const auto numero = [&](const char* n) {
-            p->ENumero->setFocus();
-            p->ENumero->selectAll();
-            digite(n);
-            oprima(Qt::Key_Tab);
-        };
-        numero("7");
+        d.numero("7");
         QCOMPARE(p->ENumero->text(), QString("000007"));
         {
-            Interlocutor i;
-            i.espere("Comprobante 000044 previamente registrado. Consultar?", "No");
-            numero("44");
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice("Comprobante 000044 previamente registrado. Consultar?", "No",
+                    [&] { d.numero("44"); });
             QCOMPARE(p->ENumero->text(), QString());
         }
-        Interlocutor i;
-        i.espere("Comprobante 000044 previamente registrado. Consultar?", "Sí");
-        numero("44");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice("Comprobante 000044 previamente registrado. Consultar?", "Sí",
+                [&] { d.numero("44"); });
         auto* edicion = qobject_cast<Tfedtmovimien*>(s.escritorio.activa());
         QVERIFY(edicion);
         QCOMPARE(edicion->CMovimiento.FieldByName("ENCO_CONSEC").texto(), QString("500"));
@@ -338,7 +298,6 @@ private slots:
         i.espere("Se presento el siguiente error: Debe registrar antes los prefijos.");
         p->LTipo->setFocus();
         digite("Nota");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->CMovimiento.FieldByName("ENCO_NUMERO").texto(), QString());
     }
 
@@ -418,7 +377,6 @@ private slots:
         Interlocutor i;
         i.espere(texto, "Eliminarlo");
         Tfmovimien* p = d.abra();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(int(p->CMovimiento.State()), int(Estado::Insercion));
         QCOMPARE(s.dato("select count(*) from comprobante_detalle where enco_consec = 0"),
                  QString("0"));
@@ -435,7 +393,6 @@ private slots:
         Interlocutor i;
         i.espere(kAccesoNegado);
         QVERIFY(!pantallas().abrir("Tfmovimien"));
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_detalle where enco_consec = 0"),
                  QString("2"));
     }
@@ -471,28 +428,17 @@ private slots:
         d.encabezado("RC", "05", "x");
         p->LPref->setFocus();
         oprima(Qt::Key_Down); // el que se numera a mano: el automático avanzaría solo
-        const auto numero = [p](const char* n) {
-            p->ENumero->setFocus();
-            p->ENumero->selectAll();
-            digite(n);
-            oprima(Qt::Key_Tab);
-        };
-        numero("1");
+        d.numero("1");
         d.asiento("110505", "310505", "10");
         // otro usuario toma el número entre tanto
         ponga_comprobante(s, 700, "000001", "20170101", {});
         s.base.ejecute({"update comprobante_encabezado set tico_cod = 'RC', prco_pref = '0002'"});
-        {
-            Interlocutor i;
-            i.espere("Ya existe el registro en la tabla Comprobantes");
-            oprima(Qt::Key_F2);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        }
+        se_dice("Ya existe el registro en la tabla Comprobantes", [&] { oprima(Qt::Key_F2); });
         const QString id = p->CMovimiento.FieldByName("ENCO_CONSEC").texto();
         QVERIFY(id.toInt() > 0);
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         QCOMPARE(s.dato("select count(*) from comprobante_detalle"), QString("0"));
-        numero("2");
+        d.numero("2");
         oprima(Qt::Key_F2);
         QCOMPARE(
             s.dato("select enco_consec from comprobante_encabezado where enco_numero = '000002'"),
@@ -566,9 +512,7 @@ private slots:
              "insert into activos_fijos (acfj_cod, acfj_desc) values ('MUEB1', 'Escritorio')"});
         registre_testigo("Tfarticulos");
         ListaFalsa<PideActivo> activos("Tfactivos");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea({"130505"});
         QVERIFY(p->GroupBox1->isVisible() && p->Etidocart->hasFocus());
         QCOMPARE(d.celda("DOCO_VENCE"), QString("20170515"));
@@ -600,9 +544,7 @@ private slots:
     void las_dos_paginas_leen_las_mismas_memorias() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "");
         d.linea({"110505", "", "", "", "de 2649", "", "R2649", "", "", "10", "", ""});
         d.linea({"310505", "", "", "", "de 2649", "", "R2649", "", "", "", "10", ""});
         p->PageControl1->setCurrentIndex(1);
@@ -617,9 +559,7 @@ private slots:
     void cada_paso_de_celda_cuesta_solo_sus_consultas() {
         SesionGui s;
         Digitador d(s);
-        d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        d.abra("CG", "05", "x");
         d.linea({"110505", ""});
         QStringList vistas;
         s.dm.Quorvex.observador = [&](const QString& sql) { vistas << sql; };
@@ -635,9 +575,7 @@ private slots:
     void escape_sale_sin_perder_nada_que_no_se_haya_preguntado() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea({"110505"});
         oprima(Qt::Key_Escape); // en la línea: la rejilla cancela la fila
         QVERIFY(p->CDetalle.IsEmpty());
@@ -645,18 +583,14 @@ private slots:
         d.asiento("110505", "310505", "10");
         p->DBEdit1->setFocus();
         {
-            Interlocutor i;
-            i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?",
-                     "No");
-            oprima(Qt::Key_Escape);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            se_dice("Desea salir del comprobante y perder los movimientos que no ha grabado?", "No",
+                    [&] { oprima(Qt::Key_Escape); });
             QCOMPARE(s.escritorio.abiertas().size(), 1);
         }
         Interlocutor i;
         i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
         QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         oprima(Qt::Key_Escape);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 0);
         QCOMPARE(aviso.count(), 1);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
@@ -669,37 +603,23 @@ private slots:
         Interlocutor i;
         i.espere(kAccesoNegado);
         QVERIFY(!d.abra());
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void una_plantilla_llena_los_dos_libros() {
         SesionGui s;
         Digitador d(s);
-        s.base.ejecute(
-            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto, "
-             "plan_refer) "
-             "values (3, 'CG', '0001', 'Arriendo', 'ARR')",
-             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_concepto, "
-             "plde_debitos, "
-             "plde_creditos) values (3, 5, '110505', 'línea', 40, 0)",
-             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_concepto, "
-             "plde_debitos, "
-             "plde_creditos) values (3, 9, '310505', 'línea', 0, 40)",
-             "insert into plantilla_detalle_niif (plan_id, plde_item, cuen_cod, plde_debitos, "
-             "plde_creditos) values (3, 1, '111005', 40, 0)"});
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "");
-        d.entre_a_la_rejilla();
+        ponga_plantilla(s, 3, "CG", "0001", "Arriendo", "ARR", {"110505:40:0", "310505:0:40"});
+        ponga_plantilla(s, 3, "", "", "", "", {"111005:40:0"}, "_niif");
+        s.base.ejecute({"update plantilla_detalle set plde_concepto = 'línea', plde_item = 4 + "
+                        "plde_item * 5 where plan_id = 3"});
+        Tfmovimien* p = d.abra("CG", "05", "");
         d.linea({"240805", "", "", "", "", "", "", "", "", "1", "", ""});
         {
             Interlocutor i;
-            i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
-                     "Continuar?",
-                     "Sí");
+            i.espere(kTraePlantilla, "Sí");
             ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
             oprima(Qt::Key_F11);
             plantillas.conteste("3");
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
         QCOMPARE(p->DBEdit1->text(), QString("Arriendo"));
         QCOMPARE(p->ERef->text(), QString("ARR"));
@@ -710,10 +630,7 @@ private slots:
         QCOMPARE(p->Cdetniif.RecordCount(), 1);
         // el libro NIIF quedó descuadrado: F2 lo dice y no graba
         d.rejilla().setFocus();
-        Interlocutor j;
-        j.espere("No puede grabar un comprobante NIIF descuadrado");
-        p->SBGrabar->click();
-        QVERIFY2(j.conforme(), qPrintable(j.queja()));
+        se_dice("No puede grabar un comprobante NIIF descuadrado", [&] { p->SBGrabar->click(); });
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         p->Cdetniif.Cancel();
         p->Cdetniif.Delete();

@@ -152,7 +152,6 @@ private slots:
         d.e->DBGridEh1->SelectedIndex(0);
         d.linea({"Cuadro", "", "20", "30", "1960", "1400"});
         oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(s.dato(kFormato), QString("RC|12|S|35|Monospace|9|8.50|5.50"));
         QCOMPARE(s.dato(kDatos), QString("1:NUMERO:S:1:NNN:1500,80:Monospace9,"
@@ -277,11 +276,9 @@ private slots:
         s.base.ejecute({"delete from formato_datos where pref_pre = 'CG'"});
         d.pulse("AdvGlowButton1");
         digite("CG");
-        Interlocutor i;
-        i.espere("Se presento el siguiente error: Ya existe un registro con el mismo Tipo de "
-                 "documento 1, Prefijo CG.");
-        d.pulse("SpeedButton4");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        se_dice("Se presento el siguiente error: Ya existe un registro con el mismo Tipo de "
+                "documento 1, Prefijo CG.",
+                [&] { d.pulse("SpeedButton4"); });
         QCOMPARE(s.dato("select count(*) from formato_datos where pref_pre = 'CG'"), QString("0"));
     }
 
@@ -293,7 +290,6 @@ private slots:
         ponga_formato(s, "CG");
         d.abra("RC");
         d.pulse("AdvGlowButton2");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(s.dato("select list(pref_pre) from formatos"), QString("CG"));
         QCOMPARE(s.dato("select count(*) from formato_datos"), QString("2"));
@@ -506,7 +502,6 @@ private slots:
         Interlocutor i;
         i.espere("Escoja antes un prefijo: su formato se guarda con él.");
         QVERIFY(!d.abra("  "));
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 };
 
