@@ -11,10 +11,23 @@
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QAccessible>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFontDialog>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QMdiSubWindow>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPageSetupDialog>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QProgressDialog>
 #include <QScrollBar>
+#include <QTranslator>
+#include <QWizard>
 
 namespace {
 
@@ -182,6 +195,33 @@ void revise_lineas(const Pantalla* p, QStringList& faltas) {
 
 } // namespace
 
+/// Lo que Qt busca traducir y se queda como estaba, salvo los nombres propios y lo que en español
+/// se escribe igual. Es el primero al que se le pregunta.
+class SinTraducir : public QTranslator {
+public:
+    SinTraducir() { QCoreApplication::installTranslator(this); }
+    bool isEmpty() const override { return false; }
+    QString translate(const char* contexto, const char* texto, const char* caso,
+                      int n) const override {
+        if (preguntando_)
+            return {};
+        const QScopedValueRollback<bool> guarda(preguntando_, true);
+        static const QRegularExpression palabra("[a-z]{2}");
+        static const QStringList nombres{"QPageSize", "QFontDatabase"};
+        static const QStringList iguales{"Color",       "&No",        "Alt", "Meta",
+                                         "Cicero (CC)", "Didot (DD)", "mm"};
+        if (palabra.match(texto).hasMatch() && !nombres.contains(contexto) &&
+            !iguales.contains(texto) &&
+            QCoreApplication::translate(contexto, texto, caso, n) == QLatin1String(texto))
+            vistos << QString("%1: %2").arg(contexto, texto);
+        return {};
+    }
+    mutable QSet<QString> vistos;
+
+private:
+    mutable bool preguntando_ = false;
+};
+
 class PruebaAspecto : public QObject {
     Q_OBJECT
 private slots:
@@ -242,16 +282,37 @@ private slots:
     }
 
     void lo_que_dice_qt_va_en_espanol() {
-        const std::pair<const char*, const char*> textos[] = {
-            {"QPlatformTheme", "&Yes"},       {"QPlatformTheme", "Cancel"},
-            {"QFileDialog", "Look in:"},      {"QFileDialog", "File &name:"},
-            {"QPrintDialog", "&Print"},       {"QPrintPreviewDialog", "Fit width"},
-            {"QPrintPreviewDialog", "Print"}, {"QPageSetupWidget", "Paper"},
-            {"QWidgetTextControl", "&Copy"},  {"QLineEdit", "Select All"},
-            {"QMdiSubWindow", "&Close"},      {"QColorDialog", "&Add to Custom Colors"}};
-        for (const auto& [contexto, ingles] : textos)
-            QVERIFY2(QCoreApplication::translate(contexto, ingles) != QLatin1String(ingles),
-                     qPrintable(QString("%1: %2").arg(contexto, ingles)));
+        SinTraducir espia;
+        QPrinter impresora;
+        QPrintDialog(&impresora).show();
+        QPageSetupDialog(&impresora).show();
+        QPrintPreviewDialog(&impresora).show();
+        QFileDialog archivos;
+        archivos.setOption(QFileDialog::DontUseNativeDialog);
+        for (const auto modo : {QFileDialog::AcceptOpen, QFileDialog::AcceptSave}) {
+            archivos.setAcceptMode(modo);
+            archivos.show();
+            archivos.findChild<QWidget*>("treeView")->grab();
+        }
+        QMessageBox mensaje;
+        mensaje.setStandardButtons(QMessageBox::StandardButtons(0x0FFFFC00));
+        mensaje.setDetailedText("Todo");
+        QColorDialog().show();
+        QFontDialog().show();
+        QInputDialog pregunta;
+        for (const auto modo : {QInputDialog::TextInput, QInputDialog::IntInput}) {
+            pregunta.setInputMode(modo);
+            pregunta.show();
+        }
+        QLineEdit renglon;
+        QPlainTextEdit texto;
+        delete renglon.createStandardContextMenu();
+        delete texto.createStandardContextMenu();
+        const QMdiSubWindow ventana;
+        QWizard().show();
+        QProgressDialog().show();
+        agote_eventos();
+        QVERIFY2(espia.vistos.isEmpty(), qPrintable(espia.vistos.values().join('\n')));
     }
 
 private:
