@@ -131,6 +131,10 @@ void Tfprincipal::arme_panel_superior() {
         etiqueta->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         etiqueta->setBuddy(campo);
         rotulos_ << etiqueta;
+        connect(campo, &QLineEdit::textChanged, this, [this] {
+            estrecho_ = -1;
+            acomode_panel_superior();
+        });
     }
 
     auto* botones = new QWidget;
@@ -164,7 +168,12 @@ void Tfprincipal::acomode_panel_superior() {
         campos_->removeWidget(campos[i]);
         campos_->addWidget(rotulos_[i], bajo ? 0 : i, bajo ? 2 * i : 0);
         campos_->addWidget(campos[i], bajo ? 0 : i, bajo ? 2 * i + 1 : 1);
-        campos[i]->setMinimumWidth(escalado(estrecho ? 100 : bajo ? 150 : 240));
+        const int minimo = escalado(estrecho ? 90 : bajo ? 150 : 240);
+        const int entero = ancho_caracteres(campos[i]->fontMetrics(), 3) +
+                           campos[i]->fontMetrics().horizontalAdvance(campos[i]->text());
+        // El nombre entero, hasta donde los botones sigan en un renglón.
+        campos[i]->setMinimumWidth(
+            qBound(minimo, entero, i == 0 ? escalado(estrecho ? 170 : 290) : minimo));
         campos[i]->home(false); // si no cabe, se ve el comienzo
     }
     for (BotonComando* b : botones_balance_) {

@@ -81,11 +81,12 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
     DBGridEh2->enter_como_tab = true;
     DBGridEh2->reclama_escape = true;
     DBGridEh2->texto_vacio = "Sin líneas: Insert agrega la primera.";
-    DBGridEh2->OnGetCellParams = [this](int fila, QFont&, QColor&, QColor& fondo) {
+    DBGridEh2->OnGetCellParams = [this](int fila, QFont&, QColor& frente, QColor& fondo) {
         const bool niif = !CAperniifdet.valor_en(fila, CAperniifdet.FieldByName("APND_CTANIIF"))
                                .texto()
                                .isEmpty();
         fondo = niif ? kFondoNiif : kFondo2649;
+        frente = Qt::black; // también con el escritorio oscuro
     };
     const auto suma = [](const char* nombre) {
         EditorNumero* e = EditorNumero::de_saldo();
@@ -110,8 +111,7 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
     f.ancha(DBGridEh2, 1);
     f.fila({{"Dif. débito", DetDebito}, {"Dif. crédito", DetCredito}});
     f.fila("&Nota", APNI_NOTA);
-    f.botones(barra);
-    return pagina;
+    return con_botones(pagina, barra);
 }
 
 QWidget* Tfbalaperturaniif::pagina_hoja() {
@@ -125,8 +125,8 @@ QWidget* Tfbalaperturaniif::pagina_hoja() {
                  [this] { AdvGlowButton5Click(); });
     barra->boton("AdvGlowButton6", "Esc:Cancelar", "dialog-cancel", {},
                  [this] { AdvGlowButton6Click(); });
-    Formulario(pagina).ancha(LHoja, 1).botones(barra);
-    return pagina;
+    Formulario(pagina).ancha(LHoja, 1);
+    return con_botones(pagina, barra);
 }
 
 // ---------------------------------------------------------------- abrir y cerrar el panel

@@ -6,6 +6,7 @@
 #include "apoyo_gui/fotos.h"
 #include "cada_pantalla.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/controles/editornumero.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -131,6 +132,14 @@ void revise_anchos(const Rejilla& r, QStringList& faltas) {
         faltas << QString("%1 usa %2 de %3").arg(de(&r)).arg(total).arg(r.viewport()->width());
 }
 
+/// Una cifra que no se digita no tiene cómo verse después.
+void revise_cajas(const Pantalla* p, QStringList& faltas) {
+    for (const EditorNumero* e : p->findChildren<EditorNumero*>())
+        if (e->isVisible() && e->isReadOnly() &&
+            e->fontMetrics().horizontalAdvance(e->text()) > e->contentsRect().width())
+            faltas << de(e) + " se recorta: " + e->text();
+}
+
 /// Lo que un lector de pantalla diría de un control; vacío si nada.
 QString nombre_dicho(QWidget* w) {
     QAccessibleInterface* i = QAccessible::queryAccessibleInterface(w);
@@ -250,6 +259,7 @@ private slots:
                     revise_celdas(*r, suyas);
                     revise_anchos(*r, suyas);
                 }
+                revise_cajas(p, suyas);
                 revise_nombres(p, suyas);
                 revise_botones(p, suyas);
                 revise_vacias(p, suyas);

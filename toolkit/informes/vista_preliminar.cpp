@@ -38,10 +38,7 @@ void imprima_hojas(const Hojas& hojas, const OpcionesReporte& opciones, int actu
     if (opciones.duplex)
         impresora.setDuplex(QPrinter::DuplexAuto);
     imprima(hojas, impresora, rango);
-    if (!impresora.outputFileName().isEmpty())
-        avise_grabado(impresora.outputFileName());
-    else
-        avise_impreso(impresora.printerName(), rango.hasta - rango.desde + 1);
+    avise_impreso(impresora, rango.hasta - rango.desde + 1);
 }
 
 // ---------------------------------------------------------------- hojas
