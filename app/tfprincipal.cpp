@@ -166,9 +166,10 @@ void Tfprincipal::acomode_panel_superior() {
     for (int i = 0; i < 2; ++i) {
         campos_->removeWidget(rotulos_[i]);
         campos_->removeWidget(campos[i]);
+        rotulos_[i]->setVisible(!estrecho); // se entiende cuál es cuál
         campos_->addWidget(rotulos_[i], bajo ? 0 : i, bajo ? 2 * i : 0);
         campos_->addWidget(campos[i], bajo ? 0 : i, bajo ? 2 * i + 1 : 1);
-        const int minimo = escalado(estrecho ? 90 : bajo ? 150 : 240);
+        const int minimo = escalado(estrecho ? 100 : bajo ? 150 : 240);
         const int entero = ancho_caracteres(campos[i]->fontMetrics(), 3) +
                            campos[i]->fontMetrics().horizontalAdvance(campos[i]->text());
         // El nombre entero, hasta donde los botones sigan en un renglón.

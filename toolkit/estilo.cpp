@@ -71,6 +71,10 @@ protected:
             return false;
         if (evento->type() == QEvent::FocusOut && se_va(*static_cast<QFocusEvent*>(evento)))
             caja->setCursorPosition(0);
+        // Su disposición pudo darle el ancho después de que le llegó el texto.
+        const bool se_acomoda = evento->type() == QEvent::Show || evento->type() == QEvent::Resize;
+        if (se_acomoda && caja->isReadOnly() && !caja->hasFocus())
+            caja->home(false);
         if (evento->type() == QEvent::FocusIn)
             QMetaObject::invokeMethod(
                 caja, [caja] { empiece_por_el_comienzo(caja); }, Qt::QueuedConnection);
