@@ -172,10 +172,9 @@ void Tfprincipal::acomode_panel_superior() {
         const int minimo = escalado(estrecho ? 100 : bajo ? 150 : 240);
         const int entero = ancho_caracteres(campos[i]->fontMetrics(), 3) +
                            campos[i]->fontMetrics().horizontalAdvance(campos[i]->text());
-        // El nombre entero, hasta donde los botones sigan en un renglón.
-        campos[i]->setMinimumWidth(
-            qBound(minimo, entero, i == 0 ? escalado(estrecho ? 170 : 290) : minimo));
-        campos[i]->home(false); // si no cabe, se ve el comienzo
+        // Enteros, hasta donde los botones sigan en un renglón.
+        const int tope = estrecho ? (i == 0 ? 190 : 150) : i == 0 ? 290 : 150;
+        campos[i]->setMinimumWidth(qBound(minimo, entero, qMax(minimo, escalado(tope))));
     }
     for (BotonComando* b : botones_balance_) {
         b->solo_icono(estrecho);
