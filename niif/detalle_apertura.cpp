@@ -81,12 +81,11 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
     DBGridEh2->enter_como_tab = true;
     DBGridEh2->reclama_escape = true;
     DBGridEh2->texto_vacio = "Sin líneas: Insert agrega la primera.";
-    DBGridEh2->OnGetCellParams = [this](int fila, QFont&, QColor& frente, QColor& fondo) {
+    DBGridEh2->OnGetCellParams = [this](int fila, QFont&, QColor&, QColor& fondo) {
         const bool niif = !CAperniifdet.valor_en(fila, CAperniifdet.FieldByName("APND_CTANIIF"))
                                .texto()
                                .isEmpty();
         fondo = niif ? kFondoNiif : kFondo2649;
-        frente = Qt::black; // también con el escritorio oscuro
     };
     const auto suma = [](const char* nombre) {
         EditorNumero* e = EditorNumero::de_saldo();

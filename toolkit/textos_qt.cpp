@@ -35,6 +35,11 @@ QString TextosQt::translate(const char*, const char* texto, const char*, int) co
         // archivos
         {"Drive", "Unidad"},
         {"Folder", "Carpeta"},
+        {"File Folder", "Carpeta"},
+        {"File", "Archivo"},
+        {"%1 File", "Archivo %1"},
+        {"Shortcut", "Acceso directo"},
+        {"Unknown", "Desconocido"},
     };
     return textos.value(texto);
 }

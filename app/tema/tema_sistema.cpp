@@ -50,5 +50,3 @@ void VigiaTema::preferencia(const QDBusMessage& aviso) {
     if (datos.value(0).toString() == kEspacio && datos.value(1).toString() == kLlave)
         emit cambio(es_oscuro(datos.value(2)));
 }
-
-#include "moc_tema_sistema.cpp"

@@ -27,6 +27,7 @@
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QScrollBar>
+#include <QTemporaryDir>
 #include <QTranslator>
 #include <QWizard>
 
@@ -172,10 +173,14 @@ void revise_botones(Pantalla* p, QStringList& faltas) {
     for (const BarraBotones* barra : p->findChildren<BarraBotones*>()) {
         if (!barra->isVisible())
             continue;
-        for (const QPushButton* b : barra->findChildren<QPushButton*>())
+        for (const QPushButton* b : barra->findChildren<QPushButton*>()) {
             if (b->isVisible() &&
                 !marco->rect().contains(QRect(b->mapTo(marco, QPoint()), b->size())))
                 faltas << de(b) + " queda fuera de la vista";
+            // En todas se graba y se sale con las mismas palabras.
+            if (b->text().contains("Guardar") || b->text().contains("Cerrar"))
+                faltas << de(b) + " dice " + b->text();
+        }
     }
 }
 
@@ -297,7 +302,12 @@ private slots:
         QPrintDialog(&impresora).show();
         QPageSetupDialog(&impresora).show();
         QPrintPreviewDialog(&impresora).show();
-        QFileDialog archivos;
+        const QTemporaryDir carpeta;
+        QDir(carpeta.path()).mkdir("subcarpeta");
+        for (const char* nombre : {"sin_clase", "medio.xml", "raro.qvx"})
+            QVERIFY(QFile(carpeta.filePath(nombre)).open(QFile::WriteOnly));
+        QVERIFY(QFile::link("nada", carpeta.filePath("roto")));
+        QFileDialog archivos(nullptr, QString(), carpeta.path());
         archivos.setOption(QFileDialog::DontUseNativeDialog);
         for (const auto modo : {QFileDialog::AcceptOpen, QFileDialog::AcceptSave}) {
             archivos.setAcceptMode(modo);
