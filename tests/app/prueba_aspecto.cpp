@@ -27,6 +27,7 @@
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTranslator>
 #include <QWizard>
@@ -131,6 +132,18 @@ void revise_anchos(const Rejilla& r, QStringList& faltas) {
     const int barra = r.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &r);
     if (nombres && total < r.viewport()->width() - barra)
         faltas << QString("%1 usa %2 de %3").arg(de(&r)).arg(total).arg(r.viewport()->width());
+}
+
+void revise_rejillas(const Pantalla* p, QStringList& faltas) {
+    for (Rejilla* r : p->findChildren<Rejilla*>()) {
+        if (!r->isVisible() || !r->conjunto() || !r->conjunto()->Active())
+            continue;
+        r->conjunto()->FetchAll();
+        agote_eventos();
+        revise_celdas(*r, faltas);
+        revise_anchos(*r, faltas);
+    }
+    faltas.removeDuplicates();
 }
 
 /// Una cifra que no se digita no tiene cómo verse después.
@@ -256,14 +269,14 @@ private slots:
             [&](Pantalla* p) {
                 QStringList suyas;
                 agote_eventos();
-                for (Rejilla* r : p->findChildren<Rejilla*>()) {
-                    if (!r->isVisible() || !r->conjunto() || !r->conjunto()->Active())
-                        continue;
-                    r->conjunto()->FetchAll();
-                    agote_eventos();
-                    revise_celdas(*r, suyas);
-                    revise_anchos(*r, suyas);
-                }
+                revise_rejillas(p, suyas);
+                // En el que se edita, pasar de libro exige antes que este cuadre.
+                const bool cuadra = p->objectName() != "Tfedtmovimien";
+                for (QTabWidget* hojas : p->findChildren<QTabWidget*>())
+                    for (int i = hojas->count() - 1; cuadra && i >= 0; --i) {
+                        hojas->setCurrentIndex(i);
+                        revise_rejillas(p, suyas);
+                    }
                 revise_cajas(p, suyas);
                 revise_nombres(p, suyas);
                 revise_botones(p, suyas);
