@@ -116,8 +116,7 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
     f.ancha(DBGridEh2, 1);
     f.fila({{"Dif. débito", DetDebito}, {"Dif. crédito", DetCredito}});
     f.fila("&Nota", APNI_NOTA);
-    f.botones(barra);
-    return pagina;
+    return con_botones(pagina, barra);
 }
 
 QWidget* Tfbalaperturaniif::pagina_hoja() {
@@ -131,8 +130,8 @@ QWidget* Tfbalaperturaniif::pagina_hoja() {
                  [this] { AdvGlowButton5Click(); });
     barra->boton("AdvGlowButton6", "Esc:Cancelar", "dialog-cancel", {},
                  [this] { AdvGlowButton6Click(); });
-    Formulario(pagina).ancha(LHoja, 1).botones(barra);
-    return pagina;
+    Formulario(pagina).ancha(LHoja, 1);
+    return con_botones(pagina, barra);
 }
 
 // ---------------------------------------------------------------- abrir y cerrar el panel

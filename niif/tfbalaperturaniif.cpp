@@ -10,6 +10,7 @@
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 
 namespace {
 
@@ -84,11 +85,11 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
         return e;
     };
     EAno = caja("EAno");
-    EAno->setMinimumWidth(EAno->fontMetrics().horizontalAdvance('0') * 7);
+    EAno->setMinimumWidth(ancho_caracteres(EAno->fontMetrics(), 6));
     NomCuenta = caja("NomCuenta");
     NomNiif = caja("NomNiif");
     for (QLineEdit* nombre : {NomCuenta, NomNiif})
-        nombre->setMinimumWidth(nombre->fontMetrics().horizontalAdvance('n') * 16);
+        nombre->setMinimumWidth(ancho_caracteres(nombre->fontMetrics(), 16));
     Difdeb = diferencia("Difdeb");
     DifCred = diferencia("DifCred");
     DBGridEh1 = new Rejilla(pagina, &CAjusniif);
@@ -139,7 +140,23 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
     f.fila({{"Año de inicio", EAno}, {"Dif. débito", Difdeb}, {"Dif. crédito", DifCred}});
     f.ancha(DBGridEh1, 1);
     f.fila({{"Cuenta", NomCuenta}, {"Cuenta NIIF", NomNiif}});
-    f.botones(barra);
+    return con_botones(pagina, barra);
+}
+
+QWidget* Tfbalaperturaniif::con_botones(QWidget* contenido, BarraBotones* barra) {
+    auto* ventanilla = new QScrollArea;
+    ventanilla->setWidgetResizable(true);
+    ventanilla->setFrameShape(QFrame::NoFrame);
+    ventanilla->setFocusPolicy(Qt::NoFocus);
+    // Toma lo que haya: no obliga a la ventana a desplazarse entera.
+    ventanilla->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    ventanilla->setMinimumHeight(paso(12));
+    ventanilla->setWidget(contenido);
+    auto* pagina = new QWidget;
+    auto* todo = new QVBoxLayout(pagina);
+    todo->setContentsMargins(0, 0, 0, 0);
+    todo->addWidget(ventanilla, 1);
+    todo->addWidget(barra);
     return pagina;
 }
 

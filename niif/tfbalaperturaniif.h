@@ -6,6 +6,7 @@
 #include "sesion/tfdm.h"
 #include "toolkit/pantalla.h"
 
+class BarraBotones;
 class EditorNumero;
 class MemoDato;
 class QLabel;
@@ -51,6 +52,8 @@ private:
     QWidget* pagina_principal();
     QWidget* pagina_detalle();
     QWidget* pagina_hoja();
+    /// Página cuyos botones se quedan a la vista aunque lo demás no quepa.
+    static QWidget* con_botones(QWidget* contenido, BarraBotones* barra);
     void declare_teclas();
     void muestre_pagina(Pagina pagina);
     void CAjusniifAfterScroll();

@@ -73,7 +73,11 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
                     r->guarde_en(ajustes_, pantalla->objectName() + '/' + r->objectName());
         if (ajustes_)
             tamano = ajustes_->value(clave_tamano(pantalla), tamano).toSize();
-        ventana->resize(tamano.boundedTo(pantalla->area_principal()));
+        const QSize area = pantalla->area_principal();
+        // La barra del lado no le quita ancho a lo que se lee.
+        if (tamano.height() > area.height())
+            tamano.rwidth() += ventana->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        ventana->resize(tamano.boundedTo(area));
         ventana->setProperty("inicial", ventana->size());
         if (pantalla->maximizada_)
             ventana->showMaximized();

@@ -1,6 +1,7 @@
 #include "vouchers/filtros_busqueda.h"
 
 #include "datos/recordset/condicion.h"
+#include "toolkit/controles/fecha_contable.h"
 #include "toolkit/estilo.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -34,6 +35,8 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     for (const FiltroTexto& f : filtros_) {
         auto* caja = nombrado(new QLineEdit(this), f.nombre);
         caja->setMaxLength(f.ancho);
+        if (QString(f.rotulo).startsWith("Fecha"))
+            admita_barras(caja);
         caja->installEventFilter(this);
         connect(caja, &QLineEdit::textEdited, this, [this] { pendiente_ = true; });
         cajas_ << caja;

@@ -206,6 +206,10 @@ void PruebaFormaRango::una_fecha_mal_escrita_no_pierde_lo_digitado() {
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QVERIFY(s.escritorio.abierta("Tfrngauxiliarcta"));
     QCOMPARE(componente<QLineEdit>(f, "EDesde").text(), QString("11"));
+    // Escrita como se muestra en las listas, queda como se guarda.
+    fecha.clear();
+    QTest::keyClicks(&fecha, "2017/01/31");
+    QCOMPARE(fecha.text(), QString("20170131"));
 }
 
 void PruebaFormaRango::lo_impreso_cuadra_mientras_otro_graba() {

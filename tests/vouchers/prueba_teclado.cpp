@@ -139,6 +139,7 @@ private slots:
         QCOMPARE(letrero.dice(), QString("Cuadrado"));
         oprima(Qt::Key_Backspace);
         QCOMPARE(letrero.dice(), QString("Falta crédito 213,750.00"));
+        QCOMPARE(p->lineas_2649->SumCred->text(), QString("23,750.00")); // las sumas van con ella
         oprima(Qt::Key_Escape);
         oprima(Qt::Key_Escape); // y de la línea
         QCOMPARE(letrero.dice(), QString("Falta crédito 237,500.00"));
