@@ -129,7 +129,7 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
         s->setRange(1, 999999);
     desde_->setValue(inicial.desde);
     hasta_->setValue(inicial.hasta);
-    auto* caja_rango = new QGroupBox(QStringLiteral("Print range"));
+    auto* caja_rango = new QGroupBox(QStringLiteral("Páginas del informe"));
     auto* rangos = new QVBoxLayout(caja_rango);
     rangos->addWidget(todo_);
     auto* fila_paginas = new QHBoxLayout;
