@@ -7,7 +7,6 @@
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QAbstractItemView>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -52,11 +51,6 @@ private slots:
     void cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc();
 
 private:
-    void diga(const QStringList& malas) {
-        for (const QString& m : malas)
-            qWarning("%s", qPrintable(m));
-        QVERIFY2(malas.isEmpty(), qPrintable(QString("%1 faltas").arg(malas.size())));
-    }
     std::optional<SesionDePrueba> s_;
 };
 
@@ -71,7 +65,7 @@ void PruebaManos::f1_explica_las_teclas_de_cada_pantalla_sin_nombres_de_adentro(
                 malas << p->objectName() + " " + t.tecla + ": «" + t.que_hace + "»";
     });
     QVERIFY(pantallas_vistas > 50);
-    diga(malas);
+    diga_faltas(malas);
 }
 
 void PruebaManos::cada_lista_desplegable_se_halla_tecleando_seguido() {
@@ -97,7 +91,7 @@ void PruebaManos::cada_lista_desplegable_se_halla_tecleando_seguido() {
         }
     });
     QVERIFY(vistas > 20);
-    diga(malas);
+    diga_faltas(malas);
 }
 
 void PruebaManos::cada_boton_con_foco_se_oprime_con_enter_y_con_espacio() {
@@ -122,7 +116,7 @@ void PruebaManos::cada_boton_con_foco_se_oprime_con_enter_y_con_espacio() {
         }
     });
     QVERIFY(vistos > 150);
-    diga(malas);
+    diga_faltas(malas);
 }
 
 void PruebaManos::en_cada_memo_ctrl_enter_hace_renglon() {
@@ -146,7 +140,7 @@ void PruebaManos::en_cada_memo_ctrl_enter_hace_renglon() {
         }
     });
     QVERIFY(vistos > 3);
-    diga(malas);
+    diga_faltas(malas);
 }
 
 void PruebaManos::cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc() {
@@ -196,7 +190,7 @@ void PruebaManos::cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc()
             malas << esta + ": Esc no la deja";
     });
     QVERIFY2(vistas > 10, qPrintable(QString::number(vistas)));
-    diga(malas);
+    diga_faltas(malas);
 }
 
 PRUEBA_DE_LA_APLICACION(PruebaManos)

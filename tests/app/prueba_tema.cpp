@@ -80,23 +80,18 @@ private slots:
         bus_.waitForFinished();
     }
 
-    void el_tema_es_el_del_escritorio_salvo_que_se_pida_otro_data() {
-        QTest::addColumn<int>("portal");
-        QTest::addColumn<QString>("pedido");
-        QTest::addColumn<QString>("tema");
-        QTest::newRow("sin portal") << -1 << QString() << "claro";
-        QTest::newRow("sin preferencia") << 0 << QString() << "claro";
-        QTest::newRow("oscuro") << 1 << QString() << "oscuro";
-        QTest::newRow("claro") << 2 << QString() << "claro";
-        QTest::newRow("oscuro y se pide claro") << 1 << "claro"
-                                                << "claro";
-        QTest::newRow("claro y se pide oscuro") << 2 << "oscuro"
-                                                << "oscuro";
-    }
     void el_tema_es_el_del_escritorio_salvo_que_se_pida_otro() {
-        QFETCH(int, portal);
-        QFETCH(QString, pedido);
-        QFETCH(QString, tema);
+        const struct {
+            int portal; // -1: no hay
+            QString pedido, tema;
+        } casos[] = {{-1, "", "claro"}, {0, "", "claro"},      {1, "", "oscuro"},
+                     {2, "", "claro"},  {1, "claro", "claro"}, {2, "oscuro", "oscuro"}};
+        for (const auto& c : casos)
+            compruebe(c.portal, c.pedido, c.tema);
+    }
+
+private:
+    void compruebe(int portal, const QString& pedido, const QString& tema) {
         QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
         entorno.insert("DBUS_SESSION_BUS_ADDRESS", direccion_);
         entorno.insert("QUORVEX_TEMA", pedido);
@@ -116,7 +111,6 @@ private slots:
         QCOMPARE(QString::fromLatin1(programa.readAllStandardOutput()).trimmed(), tema);
     }
 
-private:
     QProcess bus_;
     QString direccion_;
 };
