@@ -52,11 +52,22 @@ struct Digitador {
             s.dato("select tico_nom from tipo_comprobante where tico_cod = " + QuotedStr(tipo));
         digite(nombre.section(' ', 0, 0));
         QCOMPARE(p->LTipo->valor().texto(), tipo);
-        p->EDia->setFocus();
-        p->EDia->selectAll();
-        digite(dia);
+        redigite(p->EDia, dia);
         p->DBEdit1->setFocus();
         digite(concepto);
+        oprima(Qt::Key_Tab);
+    }
+    /// El prefijo que se numera a mano, y su número.
+    void numere_a_mano(const QString& numero) {
+        p->LPref->setFocus();
+        oprima(Qt::Key_Down);
+        renumere(numero);
+    }
+    void renumere(const QString& numero) { redigite(p->ENumero, numero); }
+    void redigite(QLineEdit* caja, const QString& texto) {
+        caja->setFocus();
+        caja->selectAll();
+        digite(texto);
         oprima(Qt::Key_Tab);
     }
     Rejilla& rejilla() { return *p->lineas_a_la_vista().rejilla; }
@@ -79,6 +90,37 @@ struct Digitador {
     SesionGui& s;
     AvisosBarra barra;
     Tfmovimien* p = nullptr;
+};
+
+/// Un comprobante recién empezado, con la celda de la primera cuenta por digitar:
+///
+///     Empezado e("CG", "05", "x");
+///     auto& [s, d, p] = e;
+struct Empezado {
+    SesionGui s;
+    Digitador d{s};
+    Tfmovimien* p = d.abra();
+
+    Empezado(const QString& tipo, const QString& dia, const QString& concepto) {
+        d.encabezado(tipo, dia, concepto);
+        d.entre_a_la_rejilla();
+    }
+};
+
+/// Líneas a las que les falta algo y lo que se dice al dejarlas: en un comprobante y en una
+/// plantilla.
+struct LineaIncompleta {
+    QStringList celdas; ///< hasta la columna en que se sale de la fila
+    const char* mensaje;
+};
+inline const LineaIncompleta kLineasIncompletas[] = {
+    {{"130505", "", "", "", "", "", "", "", "", "5"}, "Debe indicar un NIT para el movimiento."},
+    {{"236540"}, "Debe indicar un NIT para el movimiento."},
+    {{"236540", "900123456"}, "Debe indicar una base para el movimiento."},
+    {{"236540", "900123456", "", "", "", "", "", "100"},
+     "Debe indicar un porcentaje para el movimiento."},
+    {{"413505", "", "0002", "", "", "", "", "", "", "5"},
+     "Debe indicar un Proyecto-Centro para el movimiento."},
 };
 
 /// Un comprobante puesto por SQL: encabezado y pares cuenta:débito:crédito en el libro dado.
