@@ -519,6 +519,7 @@ private slots:
         caja.selectAll();
         QTest::keyClicks(&caja, "1.2.3");
         QTest::keyClick(&caja, Qt::Key_Return);
+        QCOMPARE(caja.text(), "2000.7"); // lo que no es un número no se queda a la vista
         QVERIFY(caja.valor() == Moneda::de_texto("2000.7"));
         QCOMPARE(cambios, 1);
     }

@@ -79,7 +79,7 @@ private:
         c[LineasLibro::kCategoria] = uno({"", "01", "02"});
         c[LineasLibro::kReferencia] = uno({"", "\"", "R-9"});
         if (retencion) {
-            c[LineasLibro::kBase] = uno({"1000000", "-950000", "100000"});
+            c[LineasLibro::kBase] = uno({"895000", "-950000", "100000"});
             if (cuenta == "236540" && c[LineasLibro::kBase] == "100000")
                 c[LineasLibro::kPorcentaje] = "3.5"; // no llega al mínimo
         } else {
@@ -486,7 +486,7 @@ private slots:
         SesionGui s;
         Digitador d(s);
         d.configure("GENERAL", "FECHA DE BLOQUEO", "20170110");
-        d.configure("GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES", "-2");
+        d.configure("GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES", "2");
         d.abra();
         BaseDePrueba sola;
         ConTeclado con_teclado(s, d);
