@@ -25,6 +25,7 @@ struct HojaLeida {
     QMap<QPair<int, int>, CeldaLeida> celdas;
     int filas_declaradas = 0;
     int filas_fijas = 0;
+    QVector<int> anchos; // En caracteres.
     bool cerrada = false;
 
     QVariant valor(int fila, int columna) const { return celdas.value({fila, columna}).valor; }
@@ -190,6 +191,8 @@ private:
                 hoja.filas_declaradas = u32(r.datos, 4);
             if (r.codigo == 0x41)
                 hoja.filas_fijas = u16(r.datos, 2);
+            if (r.codigo == 0x7D)
+                hoja.anchos += u16(r.datos, 4) / 256;
             if (r.codigo != 0x203 && r.codigo != 0xFD && r.codigo != 0x201)
                 continue;
             const int estilo = u16(r.datos, 4);
