@@ -12,9 +12,16 @@ Aplicacion::Aplicacion(int& cuantos, char** argumentos) : QApplication(cuantos, 
     // No es el nombre para mostrar, que Qt agregaría al título de cada ventana.
     setApplicationName(QStringLiteral("Contabilidad - Quorvex 2018"));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Colombia));
+    const auto fije_tema = [this](bool oscuro) {
+        setProperty("tema", oscuro ? "oscuro" : "claro");
+        aplique_estilo(*this, colores_empresa());
+    };
+    // Se oye antes de preguntar, para no perder el cambio que ocurra entre las dos cosas.
+    connect(new VigiaTema(this), &VigiaTema::cambio, this, fije_tema);
     if (escritorio_oscuro())
-        setProperty("tema", "oscuro");
-    aplique_estilo(*this);
+        fije_tema(true);
+    else
+        aplique_estilo(*this);
     QIcon icono;
     for (const int lado : {16, 24, 32, 48, 64, 128})
         icono.addPixmap(marca(lado));

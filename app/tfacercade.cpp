@@ -50,8 +50,8 @@ void Tfacercade::FormCreate() {
                              fdm().usuario, fdm().nombre_usuario, diraplicacion_callada()));
     LDatos->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* barra = new BarraBotones(this);
-    barra->principal(barra->boton("SBCerrar", "Esc:Cerrar", "window-close", Qt::Key_Escape,
-                                  [this] { close(); }));
+    barra->principal(
+        barra->boton("SBCerrar", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); }));
     layout()->addWidget(barra);
     tamano(520, 260);
 }

@@ -131,6 +131,10 @@ void Tfprincipal::arme_panel_superior() {
         etiqueta->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         etiqueta->setBuddy(campo);
         rotulos_ << etiqueta;
+        connect(campo, &QLineEdit::textChanged, this, [this] {
+            estrecho_ = -1;
+            acomode_panel_superior();
+        });
     }
 
     auto* botones = new QWidget;
@@ -140,6 +144,7 @@ void Tfprincipal::arme_panel_superior() {
         b->setIconSize({escalado(24), escalado(24)});
         fila_botones->addWidget(b);
         botones_balance_ << b;
+        b->setToolTip(QStringLiteral("%1 (Alt+%2)").arg(b->toolTip()).arg(botones_balance_.size()));
     }
     auto* fila = new QHBoxLayout(AdvPanel1);
     fila->setContentsMargins(paso(), paso(), paso(), paso());
@@ -162,10 +167,15 @@ void Tfprincipal::acomode_panel_superior() {
     for (int i = 0; i < 2; ++i) {
         campos_->removeWidget(rotulos_[i]);
         campos_->removeWidget(campos[i]);
+        rotulos_[i]->setVisible(!estrecho); // se entiende cuál es cuál
         campos_->addWidget(rotulos_[i], bajo ? 0 : i, bajo ? 2 * i : 0);
         campos_->addWidget(campos[i], bajo ? 0 : i, bajo ? 2 * i + 1 : 1);
-        campos[i]->setMinimumWidth(escalado(estrecho ? 100 : bajo ? 150 : 240));
-        campos[i]->home(false); // si no cabe, se ve el comienzo
+        const int minimo = escalado(estrecho ? 100 : bajo ? 150 : 240);
+        const int entero = ancho_caracteres(campos[i]->fontMetrics(), 3) +
+                           campos[i]->fontMetrics().horizontalAdvance(campos[i]->text());
+        // Enteros, hasta donde los botones sigan en un renglón.
+        const int tope = estrecho ? (i == 0 ? 190 : 150) : i == 0 ? 290 : 150;
+        campos[i]->setMinimumWidth(qBound(minimo, entero, qMax(minimo, escalado(tope))));
     }
     for (BotonComando* b : botones_balance_) {
         b->solo_icono(estrecho);
@@ -260,6 +270,10 @@ void Tfprincipal::keyPressEvent(QKeyEvent* evento) {
                 findChild<QPushButton*>(QStringLiteral("alt_") + QLatin1Char(a.letra))->click();
                 return;
             }
+    // Los del panel de arriba, por su orden.
+    const int puesto = evento->key() - Qt::Key_1;
+    if (evento->modifiers() == Qt::AltModifier && botones_balance_.value(puesto))
+        return botones_balance_[puesto]->click();
     QMainWindow::keyPressEvent(evento);
 }
 

@@ -2,8 +2,10 @@
 
 #include "toolkit/estilo.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QShortcut>
 
 VentanaAvisos::VentanaAvisos(QWidget* marco)
     : QFrame(marco), texto_(new QLabel), cuenta_(new QLabel) {
@@ -22,7 +24,7 @@ VentanaAvisos::VentanaAvisos(QWidget* marco)
     anterior_ = boton("Anterior", "Anterior", "go-previous");
     siguiente_ = boton("Siguiente", "Siguiente", "go-next");
     QPushButton* leido = boton("Leido", "Leído", "mail-mark-read");
-    QPushButton* responder = boton("Responder", "Responder", "mail-reply-sender");
+    responder_ = boton("Responder", "Responder", "mail-reply-sender");
     QPushButton* cerrar = boton("Cerrar", "Cerrar", "window-close");
     connect(anterior_, &QPushButton::clicked, this, [this] {
         --actual_;
@@ -33,7 +35,7 @@ VentanaAvisos::VentanaAvisos(QWidget* marco)
         presente();
     });
     connect(leido, &QPushButton::clicked, this, &VentanaAvisos::oprimido);
-    connect(responder, &QPushButton::clicked, this, &VentanaAvisos::respuesta);
+    connect(responder_, &QPushButton::clicked, this, &VentanaAvisos::respuesta);
     connect(cerrar, &QPushButton::clicked, this, &VentanaAvisos::cierre);
 
     auto* paso_a_paso = new QHBoxLayout;
@@ -41,12 +43,14 @@ VentanaAvisos::VentanaAvisos(QWidget* marco)
     paso_a_paso->addWidget(siguiente_);
     paso_a_paso->addWidget(cuenta_, 1, Qt::AlignRight);
     auto* acciones = new QHBoxLayout;
-    for (QPushButton* b : {leido, responder, cerrar})
+    for (QPushButton* b : {leido, responder_, cerrar})
         acciones->addWidget(b);
     auto* columna = new QVBoxLayout(this);
     columna->addWidget(texto_, 1);
     columna->addLayout(paso_a_paso);
     columna->addLayout(acciones);
+    auto* teclado = new QShortcut(QKeySequence("Ctrl+Shift+M"), marco);
+    connect(teclado, &QShortcut::activated, this, &VentanaAvisos::tome_teclado);
     hide();
 }
 
@@ -77,15 +81,25 @@ void VentanaAvisos::muestre() {
     raise();
 }
 
+void VentanaAvisos::tome_teclado() {
+    if (!isVisible() || isAncestorOf(QApplication::focusWidget()))
+        return;
+    antes_ = QApplication::focusWidget();
+    responder_->setFocus(Qt::ShortcutFocusReason);
+}
+
 void VentanaAvisos::cierre() {
+    const bool lo_tenia = isAncestorOf(QApplication::focusWidget());
     hide();
+    if (lo_tenia && antes_)
+        antes_->setFocus();
     emit cerrada();
 }
 
 void VentanaAvisos::presente() {
     actual_ = qBound(0, actual_, qMax(0, cuantos() - 1));
     texto_->setText(texto_actual());
-    cuenta_->setText(QStringLiteral("%1 de %2").arg(actual_ + 1).arg(cuantos()));
+    cuenta_->setText(QStringLiteral("Ctrl+Mayús+M   %1 de %2").arg(actual_ + 1).arg(cuantos()));
     anterior_->setEnabled(actual_ > 0);
     siguiente_->setEnabled(actual_ + 1 < cuantos());
     QPalette p = parentWidget()->palette();
@@ -113,8 +127,21 @@ bool VentanaAvisos::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 void VentanaAvisos::keyPressEvent(QKeyEvent* evento) {
+    auto* con_foco = qobject_cast<QPushButton*>(focusWidget());
     if (evento->key() == Qt::Key_Escape)
         cierre();
+    else if (con_foco && (evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter))
+        con_foco->click();
     else
         QFrame::keyPressEvent(evento);
+}
+
+bool VentanaAvisos::focusNextPrevChild(bool siguiente) {
+    // El Tab da la vuelta dentro del aviso; se sale con Esc.
+    QList<QPushButton*> botones = findChildren<QPushButton*>();
+    botones.removeIf([](const QPushButton* b) { return !b->isEnabled(); });
+    const auto actual = botones.indexOf(qobject_cast<QPushButton*>(focusWidget()));
+    const auto cual = siguiente ? actual + 1 : actual + botones.size() - 1;
+    botones[cual % botones.size()]->setFocus(Qt::TabFocusReason);
+    return true;
 }

@@ -2,6 +2,7 @@
 // Aviso emergente en la esquina de una ventana: una lista de mensajes, uno a la vez.
 #include <QColor>
 #include <QFrame>
+#include <QPointer>
 #include <QVector>
 
 class QLabel;
@@ -18,7 +19,9 @@ public:
     int cuantos() const { return int(avisos_.size()); }
     QString texto_actual() const;
     void muestre();
-    /// Oculta y avisa con `cerrada`.
+    /// Ctrl+Mayús+M: sin el ratón se llega al aviso, que al salir no le quita el foco a nadie.
+    void tome_teclado();
+    /// Oculta, devuelve el teclado a quien lo tenía y avisa con `cerrada`.
     void cierre();
 
 signals:
@@ -29,6 +32,7 @@ signals:
 protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    bool focusNextPrevChild(bool siguiente) override;
 
 private:
     struct Aviso {
@@ -41,6 +45,7 @@ private:
 
     QVector<Aviso> avisos_;
     int actual_ = 0;
+    QPointer<QWidget> antes_; ///< quien tenía el teclado
     QLabel *texto_, *cuenta_;
-    QPushButton *anterior_, *siguiente_;
+    QPushButton *anterior_, *siguiente_, *responder_;
 };

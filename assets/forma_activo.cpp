@@ -3,6 +3,8 @@
 #include "assets/pch.h"
 #include "assets/peticiones_activos.h"
 #include "assets/tfgruposact.h"
+#include "sesion/ayuda_al_teclear.h"
+#include "toolkit/controles/editor_sugerido.h"
 
 namespace {
 
@@ -154,7 +156,7 @@ void FormaActivo::construya() {
 }
 
 QWidget* FormaActivo::cuenta(const char* columna, const char* marca, Libro libro) {
-    auto* e = nombrado(new EditorDato(&CActivo, columna), marca);
+    auto* e = nombrado(caja_de_cuenta(CActivo, columna, [libro] { return libro; }), marca);
     e->ancho(15);
     e->setToolTip("? y el comienzo de la cuenta abre el plan; doble clic también");
     auto* nombre = caja_que_muestra(qPrintable(QString("Nom") + marca), 34);

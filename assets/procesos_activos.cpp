@@ -75,7 +75,7 @@ const DatosLista& lista_depreciaciones() {
         .columnas = {{"TICO_COD", "Tipo", 6},
                      {"PRCO_PREF", "Prefijo", 8},
                      {"ENCO_NUMERO", "Número", 9},
-                     {"DEPR_FECHA", "Fecha", 10},
+                     {"DEPR_FECHA", "Fecha", 10, 0, "aaaa/mm/dd"},
                      {"DEPR_CONC", "Concepto", 48}},
         .archivo = "Depreciaciones",
         .nuevo = "Tfcalculadep",

@@ -1,9 +1,14 @@
-// Traer un archivo y reparar el libro: importación, reemplazo de una cuenta y recálculo.
+// Traer un archivo y reparar el libro: importación, reemplazo de una cuenta y recálculo; y traer
+// los saldos a la apertura NIIF.
 #include "bench/copia.h"
 #include "bench/medidas.h"
 #include "exchange/importacion.h"
 #include "exchange/mantenimiento.h"
 #include "libro/recalculo.h"
+#include "niif/registro.h"
+#include "niif/tfbalaperturaniif.h"
+#include "tests/apoyo_gui/interlocutor.h"
+#include "tests/fallas/contador.h"
 
 #include <QFile>
 
@@ -116,7 +121,53 @@ double recalcule(Conexion& c) {
     return mida([&] { recalcule_saldos(c, Libro::Decreto2649, "20000101", "0", "99999999"); }, 3);
 }
 
+/// F7 en la apertura NIIF, en una compañía que abrió con esos clientes de más: hasta que sus líneas
+/// están en la hoja. `lectura`: lo que cuesta recorrer los mismos saldos.
+double traiga_saldos(int clientes, double* lectura = nullptr) {
+    const Copia copia;
+    Conexion c;
+    conecte(c, copia.lugar);
+    for (const char* orden :
+         {"delete from apertura_niif_det", "delete from apertura_niif",
+          "execute block as declare i integer = 1; begin while (i <= %1) do begin insert into "
+          "terceros (terc_nit, terc_nom) values ('7' || lpad(:i, 8, '0'), 'Cliente ' || :i); "
+          "insert "
+          "into saldos_iniciales (sain_item, cuen_cod, terc_nit, sain_debito) values (1000000 + :i,"
+          " '130505', '7' || lpad(:i, 8, '0'), :i); i = i + 1; end end"})
+        c.ejecute(QString(orden).replace("%1", QString::number(clientes)));
+    SesionEnLugar s(copia.lugar, "ADMIN", {});
+    s.reloj.stop(); // aquí los mensajes se contestan
+    registre_pantallas_niif();
+    auto* p = qobject_cast<Tfbalaperturaniif*>(pantallas().abrir("Tfbalaperturaniif"));
+    Interlocutor i;
+    i.espere_comienzo("Esta opción copia los saldos", "Sí");
+    i.espere_comienzo("Se trajeron los saldos");
+    const double ms = mida([p] { QTest::keyClick(p->DBGridEh1, Qt::Key_F7); }, 1);
+    if (p->CSaldos.RecordCount() < 10)
+        throw ErrorDatos(QStringLiteral("No se trajeron los saldos."));
+    if (lectura)
+        *lectura = mida(
+            [] {
+                const auto filas = fdm().Quorvex.abra(
+                    "select * from balance_final_det('2016', 13, 'N') where codigo < '4'");
+                while (filas->siguiente()) {
+                }
+            },
+            3);
+    p->CSaldos.CancelUpdates();
+    return ms;
+}
+
 } // namespace
+
+void mida_traslado() {
+    constexpr int kMuchos = 20000, kPocos = 2000;
+    double lectura = 0;
+    const double muchos = traiga_saldos(kMuchos, &lectura), pocos = traiga_saldos(kPocos);
+    const QString medida = "traer los saldos de 20.000 clientes a la apertura NIIF (F7)";
+    informe(medida, muchos, "los de 2.000", pocos, 13);
+    informe(medida, muchos, "recorrerlos en la base", lectura);
+}
 
 void mida_importacion() {
     const Copia copia;

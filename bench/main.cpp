@@ -1,7 +1,7 @@
 // bench [medida ...]: apertura, guardado, celdas, pegado, plan, balance, auxiliar, lista, informe,
 // masiva, estados, definible, anual, cubo, terceros, medio, cierre, depreciacion, contabilizacion,
-// importacion, reemplazo, recalculo, teclado; sin argumentos, todas. Cada una corre en un proceso
-// propio: su memoria máxima es la suya. Sale con 1 si alguna no cumple.
+// importacion, reemplazo, recalculo, traslado, teclado; sin argumentos, todas. Cada una corre en un
+// proceso propio: su memoria máxima es la suya. Sale con 1 si alguna no cumple.
 #include "bench/medidas.h"
 #include "datos/firebird/errores.h"
 
@@ -37,6 +37,7 @@ int main(int argc, char** argv) {
         {"importacion", mida_importacion},
         {"reemplazo", mida_reemplazo},
         {"recalculo", mida_recalculo},
+        {"traslado", mida_traslado},
         {"teclado", mida_teclado},
     };
     const QStringList pedidas = aplicacion.arguments().mid(1);

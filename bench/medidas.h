@@ -49,4 +49,5 @@ void mida_contabilizacion();
 void mida_importacion();
 void mida_reemplazo();
 void mida_recalculo();
+void mida_traslado();
 void mida_teclado();

@@ -1,5 +1,5 @@
-// De la tecla al monitor: completar entre 20.000 terceros y digitar un importe en un comprobante
-// largo.
+// De la tecla al monitor: completar entre 20.000 terceros, digitar un importe en un comprobante
+// largo y abrir uno de 2.000 líneas.
 #include "bench/copia.h"
 #include "bench/medidas.h"
 #include "sesion/indices_catalogos.h"
@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr int kTerceros = 20000, kLineas = 2000;
-constexpr double kMsTecla = 30;
+constexpr int kTerceros = 20000, kLineas = 2000, kLargo = 90000000;
+constexpr double kMsTecla = 30, kMsAbrir = 300;
 
 void siembre(Conexion& c) {
     // Nombres de tres palabras que se repiten entre muchos, como los de verdad.
@@ -23,6 +23,53 @@ void siembre(Conexion& c) {
                 "'Andina' when 1 then 'del Norte' when 2 then 'Bogotá' else 'Central' end || ' ' "
                 "|| :i, 'J', 'S'); i = i + 1; end end")
             .arg(kTerceros));
+}
+
+/// Un comprobante de muchas líneas, de las mismas cuentas en los dos libros.
+void siembre_uno_largo(Conexion& c) {
+    const QString cuenta = QuotedStr(cuenta_afectable(c, false));
+    c.ejecute(QString("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, "
+                      "enco_numero, enco_fecha, enco_concepto, enco_usuario) values (%1, 'CG', "
+                      "'0001', '900000', '20171215', 'Nómina', 'ADMIN')")
+                  .arg(kLargo));
+    for (const char* detalle : {"comprobante_detalle", "comprobante_detalle_niif"})
+        c.ejecute(QString("execute block as declare i integer = 0; begin while (i < %1) do begin i "
+                          "= i + 1; insert into %2 (enco_consec, code_item, cuen_cod, "
+                          "code_concepto, code_debito, code_credito) values (%3, :i, %4, 'Sueldo', "
+                          "mod(:i, 2) * 1000, (1 - mod(:i, 2)) * 1000); end end")
+                      .arg(kLineas)
+                      .arg(detalle)
+                      .arg(kLargo)
+                      .arg(cuenta));
+}
+
+/// Abrirlo para corregir, hasta que está pintado y Av Pág se mueve por él.
+void mida_apertura(Contador& c) {
+    siembre_uno_largo(c.dm.Quorvex);
+    double abrir = 1e12, pagina = 1e12;
+    for (int i = 0; i < 5; ++i) {
+        Tfedtmovimien* e = nullptr;
+        abrir = qMin(abrir, mida(
+                                [&] {
+                                    e = c.edite("900000");
+                                    c.ventana.repaint();
+                                },
+                                1));
+        if (!e || e->CDetalle.RecordCount() != kLineas)
+            throw ErrorDatos("no abrió el comprobante largo");
+        e->lineas_2649->rejilla->setFocus();
+        pagina = qMin(pagina, mida(
+                                  [&] {
+                                      oprima(Qt::Key_PageDown);
+                                      c.ventana.repaint();
+                                  },
+                                  1));
+        e->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    informe(QString("abrir un comprobante de %1 líneas, hasta verlo").arg(kLineas), abrir,
+            "el tope", kMsAbrir, 1);
+    informe("pasar de página en él", pagina, "el tope", kMsTecla, 1);
 }
 
 /// Digita letra por letra y devuelve la tecla más lenta, con lo que deja pintado.
@@ -85,7 +132,14 @@ void mida_teclado() {
     oprima(Qt::Key_V, Qt::ControlModifier);
     if (c.p->CDetalle.RecordCount() < kLineas)
         throw ErrorDatos("no entraron las líneas: " + c.mensajes.join(" / "));
-    r.SelectedIndex(LineasLibro::kDebito);
-    informe(QString("la tecla más lenta en un importe, con %1 líneas").arg(kLineas),
-            peor_tecla("1250000*0.19", c.ventana), "el tope", kMsTecla, 1);
+    // La más lenta de cada pasada, en la que menos estorbó el resto del equipo.
+    double importe = 1e12;
+    for (int i = 0; i < 5; ++i) {
+        r.SelectedIndex(LineasLibro::kDebito);
+        importe = qMin(importe, peor_tecla("1250000*0.19", c.ventana));
+        oprima(Qt::Key_Escape);
+    }
+    informe(QString("la tecla más lenta en un importe, con %1 líneas").arg(kLineas), importe,
+            "el tope", kMsTecla, 1);
+    mida_apertura(c);
 }

@@ -2,6 +2,7 @@
 
 #include "budget/pch.h"
 #include "budget/peticiones_presupuesto.h"
+#include "sesion/ayuda_al_teclear.h"
 
 namespace {
 
@@ -50,6 +51,7 @@ void Tfnvopresup::construya() {
     DBGridEh1->columnas({{"CUEN_COD", "Cuenta", 16},
                          {"PRES_DEBITO", "Débito", 20, Suma},
                          {"PRES_CREDITO", "Crédito", 20, Suma}});
+    ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, "CUEN_COD");
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->pie(true);
     DBGridEh1->texto_vacio = "Insert agrega la primera cuenta; también se pueden pegar filas.";

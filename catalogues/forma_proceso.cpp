@@ -1,5 +1,6 @@
 #include "catalogues/forma_proceso.h"
 
+#include "sesion/ayuda_al_teclear.h"
 #include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
@@ -7,7 +8,7 @@
 #include "sesion/tfdmter.h"
 #include "toolkit/aviso_trabajo.h"
 #include "toolkit/barrabotones.h"
-#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
@@ -107,7 +108,7 @@ void FormaProceso::construya() {
     EDia->setFixedWidth(EDia->fontMetrics().horizontalAdvance("0000"));
     connect(EDia, &QLineEdit::editingFinished, this, [this] { proteja([this] { EDiaExit(); }); });
     if (datos_.tercero) {
-        ENit = nombrado(new EditorDato(&CProceso, datos_.tercero), "ENit");
+        ENit = nombrado(caja_de_tercero(CProceso, datos_.tercero), "ENit");
         ENit->ancho(15);
         ENit->setToolTip("? y parte del nombre abre la lista; doble clic también");
         ENit->OnDblClick = [this] { escoja_el_tercero({}); };

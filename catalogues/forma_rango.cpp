@@ -7,6 +7,7 @@
 #include "sesion/variables_informe.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/controles/fecha_contable.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
@@ -51,7 +52,7 @@ AspectoCaja aspecto_de(ClaseRango clase) {
     case ClaseRango::Centro:
         return {4, con_lista};
     case ClaseRango::Fecha:
-        return {kLargoFecha, QStringLiteral("aaaammdd")};
+        return {kLargoFecha, QStringLiteral("aaaammdd o aaaa/mm/dd")};
     case ClaseRango::Tipo:
         return {0, QStringLiteral("F5 muestra la lista")};
     default:
@@ -151,8 +152,11 @@ void FormaRango::arme_pares(Formulario& f) {
         }
         QLineEdit* desde = caja(par.desde, aspecto.caracteres);
         QLineEdit* hasta = caja(par.hasta, aspecto.caracteres);
-        for (QLineEdit* c : {desde, hasta})
+        for (QLineEdit* c : {desde, hasta}) {
             c->setToolTip(aspecto.ayuda);
+            if (par.clase == ClaseRango::Fecha)
+                admita_barras(c);
+        }
         if (par.uso == UsoPar::DosValores)
             f.fila({{par.rotulo + QStringLiteral(" 1:"), desde}, {"2:", hasta}});
         else

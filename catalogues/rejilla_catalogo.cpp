@@ -1,5 +1,6 @@
 #include "catalogues/rejilla_catalogo.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/navegadordatos.h"
@@ -69,7 +70,7 @@ void RejillaCatalogo::FormCreate() {
 }
 
 void RejillaCatalogo::SBGrabarClick() {
-    if (conjunto_->ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(*conjunto_, "Grabado: " + windowTitle()) == 0)
         close();
 }
 

@@ -1,5 +1,6 @@
 #include "catalogues/tfcentros.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
@@ -93,7 +94,7 @@ void Tfcentros::revise_centros_ocultos() {
 
 void Tfcentros::SBGrabarClick() {
     if (fdm().valide_acceso("CONTABILIDAD", 20))
-        maestro_->ApplyUpdates(0);
+        grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle());
     else
         muestre_mensaje("Acceso no permitido. NO se grabarán los cambios.");
     // Cierra también si la grabación falló: lo digitado se pierde, y así se quiere.

@@ -1,5 +1,6 @@
 #include "catalogues/tfedtarticulo.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "toolkit/controles/editordato.h"
@@ -15,6 +16,7 @@ void Tfedtarticulo::FormCreate() {
 }
 
 void Tfedtarticulo::SBGrabarClick() {
-    if (CArticulo->ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(*CArticulo,
+                        "Grabado artículo " + CArticulo->FieldByName("ARTI_COD").texto()) == 0)
         close();
 }

@@ -1,5 +1,6 @@
 #include "catalogues/tfmodcuenta.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "catalogues/plancuentas.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
@@ -96,11 +97,17 @@ void Tfmodcuenta::CCuentasAfterScroll() {
     habilite_retencion(CCuentas->FieldByName("CUEN_RETENCION").texto() == "S");
 }
 
+int Tfmodcuenta::grabe() {
+    return grabe_y_anuncie(
+        *CCuentas, QString("Grabada la %1 %2")
+                       .arg(datos(libro_).cuenta_de, CCuentas->FieldByName("CUEN_COD").texto()));
+}
+
 void Tfmodcuenta::SBGrabarClick() {
     if (!hay_nombre())
         return;
     CCuentas->Post();
-    const int errores = CCuentas->ApplyUpdates(0);
+    const int errores = grabe();
     if (errores == 0 && indicadores() != indicadores_antes_ &&
         pregunte("Desea aplicar el cambio a las subcuentas?"))
         aplique_a_subcuentas();
@@ -131,7 +138,7 @@ void Tfmodcuenta::aplique_a_subcuentas() {
 void Tfmodcuenta::muevase(bool adelante) {
     if (CCuentas->editando()) {
         CCuentas->Post();
-        if (CCuentas->ApplyUpdates(0) > 0) {
+        if (grabe() > 0) {
             CCuentas->Edit();
             return;
         }

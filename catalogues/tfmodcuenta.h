@@ -25,6 +25,7 @@ private:
     /// Lo que se muestra de la cuenta y no está en su fila: equivalencia, candado y auditoría.
     void muestre_cuenta();
     QStringList indicadores() const;
+    int grabe();
     void aplique_a_subcuentas();
 
     Proveedor* PAudit;

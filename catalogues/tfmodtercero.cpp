@@ -1,5 +1,6 @@
 #include "catalogues/tfmodtercero.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "catalogues/terceros.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
@@ -52,7 +53,8 @@ bool Tfmodtercero::tiene_papel(const QString& tabla) {
 }
 
 void Tfmodtercero::SBGrabarClick() {
-    if (!complete_y_valide(false) || CTerceros->ApplyUpdates(0) != 0)
+    if (!complete_y_valide(false) ||
+        grabe_y_anuncie(*CTerceros, "Grabado tercero " + campo("TERC_NIT").texto()) != 0)
         return;
     if (campo("TERC_CLIE").texto() == "S" && !tiene_papel("clientes"))
         agregue_cliente();

@@ -1,5 +1,6 @@
 #include "catalogues/tfnormas.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -49,12 +50,12 @@ void Tfnormas::FormCreate() {
 }
 
 void Tfnormas::SBGrabarClick() {
-    maestro_->ApplyUpdates(0);
+    grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle());
 }
 
 void Tfnormas::SBSelecClick() {
     // La cuenta se une a un ítem de la base: el que se acaba de digitar se graba primero.
-    if (maestro_->ApplyUpdates(0) > 0)
+    if (grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle()) > 0)
         return;
     if (detalle_->IsEmpty()) {
         QApplication::beep();

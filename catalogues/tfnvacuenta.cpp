@@ -1,5 +1,6 @@
 #include "catalogues/tfnvacuenta.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "catalogues/plancuentas.h"
 #include "catalogues/tfpuc.h"
 #include "sesion/peticiones.h"
@@ -117,7 +118,8 @@ void Tfnvacuenta::SBGrabarClick() {
     if (!hay_nombre())
         return;
     CCuentas->Post();
-    if (CCuentas->ApplyUpdates(-1) > 0)
+    const QString aviso = QString("Grabada la %1 %2").arg(datos(libro_).cuenta_de, codigo());
+    if (grabe_y_anuncie(*CCuentas, aviso, -1) > 0)
         CCuentas->CancelUpdates();
     CCuentas->Append();
     ECodigo->setFocus();

@@ -1,5 +1,6 @@
 #include "catalogues/tfnvoarticulo.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/tfdm.h"
 #include "toolkit/controles/editordato.h"
 
@@ -34,7 +35,8 @@ void Tfnvoarticulo::CArticuloAfterInsert() {
 }
 
 void Tfnvoarticulo::SBGrabarClick() {
-    if (CArticulo->ApplyUpdates(0) != 0)
+    if (grabe_y_anuncie(*CArticulo,
+                        "Grabado artículo " + CArticulo->FieldByName("ARTI_COD").texto()) != 0)
         return;
     CArticulo->Append();
     ECodigo->setFocus();

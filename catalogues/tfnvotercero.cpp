@@ -1,5 +1,6 @@
 #include "catalogues/tfnvotercero.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
@@ -56,7 +57,7 @@ void Tfnvotercero::SBGrabarClick() {
         return;
     if (CTerceros->State() == Estado::Insercion)
         CTerceros->Post();
-    if (CTerceros->ApplyUpdates(0) != 0)
+    if (grabe_y_anuncie(*CTerceros, "Grabado tercero " + campo("TERC_NIT").texto()) != 0)
         return;
     // El tercero ya quedó: si falla uno de sus papeles, solo falta ese papel.
     if (campo("TERC_CLIE").texto() == "S")

@@ -1,5 +1,6 @@
 #include "catalogues/tftipodoc.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/apertura.h"
 #include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
@@ -85,7 +86,7 @@ void Tftipodoc::CPrefijosAfterScroll() {
 }
 
 void Tftipodoc::SpeedButton2Click() {
-    if (maestro_->ApplyUpdates(0) == 0)
+    if (grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle()) == 0)
         close();
 }
 

@@ -1,6 +1,7 @@
 #include "exchange/forma_mantenimiento.h"
 
 #include "exchange/pch.h"
+#include "toolkit/controles/fecha_contable.h"
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -84,6 +85,8 @@ QComboBox* FormaMantenimiento::lista_tipos(const QString& todos) {
 void FormaMantenimiento::arme_fechas(Formulario& f) {
     FecIni = caja("FecIni", 8);
     FecFin = caja("FecFin", 8);
+    admita_barras(FecIni);
+    admita_barras(FecFin);
     f.fila({{"Desde (aaaammdd)", FecIni}, {"Hasta (aaaammdd)", FecFin}});
 }
 

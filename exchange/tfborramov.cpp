@@ -22,6 +22,7 @@ Tfborramov::Tfborramov() : FormaMantenimiento("Tfborramov", "Borrar movimientos"
 
 void Tfborramov::FormCreate() {
     FormaMantenimiento::FormCreate();
+    LTipo->setFocus(); // lo que se borra se escoge, y no es el primero de la lista
     LTipoChange();
 }
 

@@ -1,6 +1,7 @@
 #include "exchange/tfchequeosaldos.h"
 
 #include "exchange/pch.h"
+#include "toolkit/controles/fecha_contable.h"
 
 #include <QProgressDialog>
 
@@ -50,6 +51,7 @@ QString descripcion(const SaldoCorregido& s) {
 
 Tfchequeosaldos::Tfchequeosaldos() : FormaMantenimiento("Tfchequeosaldos", "Recálculo de saldos") {
     Fecha = caja("Fecha", 8);
+    admita_barras(Fecha);
     Fecha->setText("20000101");
     ckniif = casilla("ckniif", "Información NIIF");
     Formulario f(this);

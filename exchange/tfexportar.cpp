@@ -2,6 +2,7 @@
 
 #include "datos/firebird/reloj.h"
 #include "exchange/pch.h"
+#include "toolkit/controles/fecha_contable.h"
 
 namespace {
 
@@ -30,6 +31,8 @@ Tfexportar::Tfexportar() : Pantalla("Tfexportar", "Exportación de movimientos")
 void Tfexportar::construya() {
     FecIni = caja("FecIni", 8);
     FecFin = caja("FecFin", 8);
+    admita_barras(FecIni);
+    admita_barras(FecFin);
     Archivo = caja("Archivo");
     Pref = caja("Pref", 4);
     LTipo = lista("LTipo", {"Todos"});

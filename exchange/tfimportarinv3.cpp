@@ -32,7 +32,10 @@ void Tfimportarinv3::defina_conjuntos() {
     };
     c.busqueda("NomDato", 50, "DATO", &CNombres, "NOMBRE", "DESCRIPCION");
     c.entero("ANCHO").etiqueta("Ancho");
-    c.texto("IMPORTAR", 2);
+    c.texto("IMPORTAR", 2).etiqueta("Importar").OnValidate = [](Campo&, const Valor& v) {
+        if (v.texto() != "SI" && v.texto() != "NO")
+            throw ErrorDatos(QStringLiteral("En Importar solo vale SI o NO."));
+    };
 }
 
 void Tfimportarinv3::construya() {
@@ -132,7 +135,7 @@ PeticionImportacion Tfimportarinv3::peticion_de(bool ensayo) {
     p.columnas = columnas(false);
     p.ensayo = ensayo;
     if (p.clase == ClaseImportacion::Saldos)
-        p.borre_saldos = pregunte("Desea borrar los saldos previamente registrados?");
+        p.borre_saldos = pregunte_con_no("Desea borrar los saldos previamente registrados?");
     return p;
 }
 

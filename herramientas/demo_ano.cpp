@@ -202,6 +202,12 @@ void AnoDemo::mes(int mes, qint64 milesimas) {
             pague_iva();
         if (dia_ == 20 && mes % 6 == 0)
             pague_prima();
+        if (dia_ == 22)
+            pague_al_exterior();
+        if (dia_ == 23 && mes == 8)
+            reciba_indemnizacion();
+        if (dia_ == 24 && mes == 11)
+            reciba_sin_saber_de_quien();
         if (dia_ == dias) {
             pague_nomina(2);
             deprecie();
@@ -305,7 +311,7 @@ void AnoDemo::venda() {
         ventas_ += i.precio;
         costos_ += i.costo;
     }
-    a.acredite(kIvaGenerado, iva);
+    a.acredite(kIvaGenerado, iva, de(cliente.nit));
     iva_generado_ += iva;
     libro_.asiente(a);
 }
@@ -322,7 +328,7 @@ void AnoDemo::devuelva() {
     a.nit = cliente.nit;
     a.nombre = cliente.nombre;
     a.debite(QStringLiteral("417505"), precio, en(centro));
-    a.debite(kIvaGenerado, iva);
+    a.debite(kIvaGenerado, iva, de(cliente.nit));
     a.acredite(kCaja, precio + iva);
     RenglonDemo bodega;
     bodega.articulo = art.codigo;
@@ -366,7 +372,7 @@ void AnoDemo::compre(int articulo) {
         k = int(azar_.entre(0, demo_.articulos.size() - 1));
     }
     const Moneda iva = parte(base, kIva);
-    a.debite(kIvaDescontable, iva);
+    a.debite(kIvaDescontable, iva, de(proveedor.nit));
     iva_descontable_ += iva;
     Moneda total = base + iva;
     total -= retenga(a, kRetencionCompras, base, kReteCompras, proveedor.nit);
@@ -389,7 +395,7 @@ void AnoDemo::gaste(const GastoDemo& g) {
     Moneda total = base;
     if (g.iva > 0) {
         const Moneda iva = parte(base, g.iva * 100);
-        a.debite(kIvaDescontable, iva);
+        a.debite(kIvaDescontable, iva, de(g.nit));
         iva_descontable_ += iva;
         total += iva;
     }
@@ -414,8 +420,7 @@ void AnoDemo::recaude() {
     AsientoDemo a = asiento(QStringLiteral("RC"), QStringLiteral("Abono factura ") + c.numero);
     a.nit = c.nit;
     a.nombre = c.nombre;
-    a.debite(kCorriente, c.valor, de(demo_.banco_corriente));
-    banco_ += c.valor;
+    al_banco(a, c.valor);
     RenglonDemo r = de(c.nit);
     r.aplica = c.numero;
     r.tipo_documento = c.tipo;
@@ -447,11 +452,15 @@ void AnoDemo::consigne() {
     const Moneda valor = (caja_ - Moneda(1000000)).redondeada(-3);
     AsientoDemo a = asiento(QStringLiteral("CB"), QStringLiteral("Consignación de ventas"));
     a.nit = demo_.banco_corriente;
-    a.debite(kCorriente, valor, de(demo_.banco_corriente));
+    al_banco(a, valor);
     a.acredite(kCaja, valor);
     caja_ -= valor;
-    banco_ += valor;
     libro_.asiente(a);
+}
+
+void AnoDemo::al_banco(AsientoDemo& a, Moneda valor) {
+    a.debite(kCorriente, valor, de(demo_.banco_corriente));
+    banco_ += valor;
 }
 
 void AnoDemo::del_banco(AsientoDemo& a, Moneda valor) {

@@ -66,6 +66,9 @@ private:
     void pague_cesantias();
     void deprecie();
     void cobre_banco();
+    void pague_al_exterior();
+    void reciba_indemnizacion();
+    void reciba_sin_saber_de_quien();
     void pague_credito();
     void pague_retenciones();
     void pague_iva();
@@ -74,6 +77,7 @@ private:
     /// Cuántas veces ocurre hoy algo que normalmente pasa `por_cien` veces cada cien días.
     qint64 veces(qint64 por_cien, qint64 milesimas);
     void del_banco(AsientoDemo& a, Moneda valor);
+    void al_banco(AsientoDemo& a, Moneda valor);
 
     Conexion& conexion_;
     CatalogosDemo demo_;

@@ -25,6 +25,7 @@ const AuxiliarDemo kAuxiliares[] = {
     {"240805", "IVA generado 19 %"},
     {"240810", "IVA descontable 19 %"},
     {"250505", "Salarios por pagar", "T"},
+    {"28059505", "Consignaciones por identificar"},
     {"289595", "Descuadres de interfaz"},
     {"370505", "Utilidades acumuladas"},
     {"417505", "Devoluciones en ventas", "C"},
@@ -147,6 +148,8 @@ const Nombre kOtros[] = {
     {"Riesgos Laborales La Colmena Segura S.A.", kBogota, "Bogotá, D.C."},
     {"Caja de Compensación Familiar del Altiplano", kBogota, "Bogotá, D.C."},
     {"Vélez Aristizábal Inversiones S.A.S.", kBogota, "Bogotá, D.C."},
+    {"Seguros La Muralla S.A.", kBogota, "Bogotá, D.C."},
+    {"Cloud Bookkeeping Services Inc.", "", "Miami"},
 };
 
 struct Articulo {
@@ -293,11 +296,16 @@ void cree_terceros(Conexion& c, CatalogosDemo& demo) {
                               &demo.pensiones,
                               &demo.riesgos,
                               &demo.caja_compensacion,
-                              &demo.socio};
+                              &demo.socio,
+                              &demo.aseguradora,
+                              &demo.del_exterior};
     i = 0;
     for (const Nombre& n : kOtros)
         *otros[i++] = registro.agregue(n, true, "O");
     registro.confirme(c);
+    c.ejecute("update terceros set terc_tipoid = 'D', terc_dv = null, ciud_cod = null, pais_id ="
+              " '249', terc_dir = '1200 Harbor Ave, Miami' where terc_nit = ?",
+              {Valor(demo.del_exterior)});
 }
 
 void cree_centros(Conexion& c, CatalogosDemo& demo) {

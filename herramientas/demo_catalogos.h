@@ -45,7 +45,8 @@ struct CatalogosDemo {
     QVector<GastoDemo> gastos;
     QVector<CentroDemo> centros_venta, centros_gasto;
     QString banco_corriente, banco_ahorros; ///< NIT
-    QString dian, hacienda, eps, pensiones, riesgos, caja_compensacion, socio;
+    QString dian, hacienda, eps, pensiones, riesgos, caja_compensacion, socio, aseguradora;
+    QString del_exterior; ///< presta un servicio desde otro país
 };
 
 /// Depreciación de cada mes, que los dos libros miden distinto.

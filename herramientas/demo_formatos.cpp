@@ -76,7 +76,7 @@ namespace {
 
 constexpr int kIzquierda = 80, kDerecha = 1920; // márgenes en la cuadrícula de 2000 por 1500
 constexpr int kDetalle = 272;                   // primer renglón
-constexpr int kEntrelinea = 32;
+constexpr int kEntrelinea = 48;
 constexpr int kLetra = 8, kLetraMenuda = 7;
 
 /// Un formato que se arma elemento por elemento.
@@ -158,29 +158,34 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     f.dato("REFERENCIA", 1680, 156);
     f.texto("Concepto", 100, 186);
     f.dato("CONCEPTO", 230, 186);
-    // columnas y detalle
+    // columnas y detalle: cada línea ocupa dos renglones
     const int fin = kDetalle + renglones * kEntrelinea + 6;
     f.cuadro(kIzquierda, 232, kDerecha - kIzquierda, 30);
     f.cuadro(kIzquierda, 262, kDerecha - kIzquierda, fin - 262);
-    for (const int x : {290, 740, 1110, 1270, 1600})
+    for (const int x : {230, 690, 1070, 1290, 1370, 1640})
         f.raya(x, 232, 0, fin - 232);
     f.texto("Cuenta", 100, 239);
-    f.texto("Nombre", 305, 239);
-    f.texto("Tercero", 755, 239);
-    f.texto("Centro", 1125, 239);
-    f.texto("Débitos", 1500, 239);
+    f.texto("Nombre / proyecto", 245, 239);
+    f.texto("Tercero / centro", 705, 239);
+    f.texto("Documento / vence", 1085, 239);
+    f.texto("Tasa", 1305, 239);
+    f.texto("Débitos", 1540, 239);
     f.texto("Créditos", 1805, 239);
+    constexpr int kSegundo = kDetalle + 21;
     f.dato("CUENTA", 100, kDetalle, F::Detalle, kLetraMenuda);
-    f.dato("NOMBRE CUENTA", 305, kDetalle, F::Detalle, kLetraMenuda, 34);
-    f.dato("NOMBRE TERCERO", 755, kDetalle, F::Detalle, kLetraMenuda, 26);
-    f.dato("CENTRO COSTO", 1125, kDetalle, F::Detalle, kLetraMenuda);
-    f.dato("SUBCENTRO COSTO", 1200, kDetalle, F::Detalle, kLetraMenuda);
-    f.dato("DEBITO ITEM", 1590, kDetalle, F::Detalle, kLetraMenuda);
+    f.dato("NOMBRE CUENTA", 245, kDetalle, F::Detalle, kLetraMenuda, 34);
+    f.dato("NOMBRE CENTRO COSTO", 245, kSegundo, F::Detalle, kLetraMenuda, 34);
+    f.dato("NOMBRE TERCERO", 705, kDetalle, F::Detalle, kLetraMenuda, 28);
+    f.dato("NOMBRE SUBCEBTRO COSTO", 705, kSegundo, F::Detalle, kLetraMenuda, 28);
+    f.dato("DOCUMENTO ITEM", 1085, kDetalle, F::Detalle, kLetraMenuda, 16);
+    f.dato("DOCUMENTO VENCE", 1085, kSegundo, F::Detalle, kLetraMenuda);
+    f.dato("PORCENTAJE ITEM", 1360, kDetalle, F::Detalle, kLetraMenuda);
+    f.dato("DEBITO ITEM", 1630, kDetalle, F::Detalle, kLetraMenuda);
     f.dato("CREDITO ITEM", 1910, kDetalle, F::Detalle, kLetraMenuda);
     // cierre
     f.cuadro(kIzquierda, fin + 8, kDerecha - kIzquierda, 62);
-    f.texto("Totales", 1125, fin + 16, kLetra);
-    f.dato("TOTAL DEBITOS", 1590, fin + 16, F::Cierre);
+    f.texto("Totales", 1085, fin + 16, kLetra);
+    f.dato("TOTAL DEBITOS", 1630, fin + 16, F::Cierre);
     f.dato("TOTAL CREDITOS", 1910, fin + 16, F::Cierre);
     f.dato("MONTO LETRAS", 100, fin + 46, F::Cierre, kLetraMenuda);
     const int firma = fin + 90;
@@ -199,7 +204,7 @@ void siembre_formatos(Conexion& compania) {
     cree_formato(compania, QStringLiteral("CE"), kRenglonesEgreso, "Pagado a",
                  {QStringLiteral("Elaboró"), QStringLiteral("Revisó"), QStringLiteral("Aprobó"),
                   QStringLiteral("Recibí conforme: C.C. o NIT")});
-    cree_formato(compania, QStringLiteral("0000"), 16, "Tercero",
+    cree_formato(compania, QStringLiteral("0000"), 18, "Tercero",
                  {QStringLiteral("Elaboró"), QStringLiteral("Revisó"), QStringLiteral("Aprobó")});
     compania.ejecute(
         QStringLiteral("update tipo_comprobante set tico_formato = 'S' where tico_cod = 'CE'"));

@@ -95,7 +95,6 @@ QString LibroDemo::asiente(const AsientoDemo& a) {
     escriba(s_->detalle, id, a, a.renglones);
     escriba(s_->niif, id, a, niif);
     renglones_ += a.renglones.size();
-    renglones_niif_ += niif.size();
     if (++comprobantes_ % kLote == 0)
         confirme();
     return numero;

@@ -39,9 +39,7 @@ public:
     /// Confirma lo que falte.
     void confirme();
 
-    qint64 comprobantes() const { return comprobantes_; }
     qint64 renglones() const { return renglones_; }
-    qint64 renglones_niif() const { return renglones_niif_; }
 
 private:
     struct Sentencias;
@@ -51,5 +49,5 @@ private:
     Conexion& conexion_;
     std::unique_ptr<Sentencias> s_;
     QHash<QString, int> numeros_;
-    qint64 comprobantes_ = 0, renglones_ = 0, renglones_niif_ = 0;
+    qint64 comprobantes_ = 0, renglones_ = 0;
 };

@@ -27,12 +27,17 @@ void siembre_lo_propio_de_la_segunda(Conexion& compania, int ano) {
     using namespace cuenta_demo;
     const QString acciones = QStringLiteral("120535"), dividendos = QStringLiteral("421505");
     const Moneda compra(25000000), rendimiento(1800000);
+    RenglonDemo de;
+    de.nit = compania
+                 .consulte("select first 1 terc_nit from terceros where terc_nom starting"
+                           " 'Cementos del Altiplano'")
+                 .texto();
     LibroDemo libro(compania);
     AsientoDemo a;
     a.tipo = QStringLiteral("CE");
     a.fecha = QString::number(ano) + QStringLiteral("0215");
     a.concepto = QStringLiteral("Compra de acciones");
-    a.debite(acciones, compra);
+    a.debite(acciones, compra, de);
     a.acredite(kCorriente, compra);
     libro.asiente(a);
     a = {};
@@ -40,7 +45,7 @@ void siembre_lo_propio_de_la_segunda(Conexion& compania, int ano) {
     a.fecha = QString::number(ano) + QStringLiteral("0920");
     a.concepto = QStringLiteral("Dividendos");
     a.debite(kCorriente, rendimiento);
-    a.acredite(dividendos, rendimiento);
+    a.acredite(dividendos, rendimiento, de);
     libro.asiente(a);
     libro.confirme();
 }

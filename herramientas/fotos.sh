@@ -1,38 +1,31 @@
 #!/usr/bin/env bash
-# Fotos de todas las pantallas registradas, a 100, 150 y 200 % en 1366x768 y en el doble, con datos
-# vacíos, corrientes y extremos, en claro y en oscuro. Deja en CARPETA una por pantalla y, si está
-# imagemagick, hojas de contacto para mirarlas juntas.
+# Fotos de todas las pantallas registradas, con datos vacíos, corrientes y extremos. Deja en CARPETA
+# una por pantalla y, si está imagemagick, hojas de contacto para mirarlas juntas. Sin CUÁLES, las
+# toma a 100, 150 y 200 % en 1366x768 y en el doble, en claro, y a 100 % en oscuro.
 #
-#   herramientas/fotos.sh CARPETA [construcción]
+#   herramientas/fotos.sh CARPETA [MONITOR_ESCALA_TEMA...]      por ejemplo 1366x768_1.5_oscuro
 set -euo pipefail
 raiz=$(cd "$(dirname "$0")/.." && pwd)
 carpeta=$1
-construccion=${2:-$raiz/build}
-export QT_QPA_PLATFORM=offscreen QUORVEX_PROYECTO=$raiz QUORVEX_CONSTRUCCION=$construccion
+shift
+export QT_QPA_PLATFORM=offscreen QUORVEX_PROYECTO=$raiz QUORVEX_CONSTRUCCION=$raiz/build
 fallas=0
+[ $# = 0 ] && set -- {1366x768,2732x1536}_{1,1.5,2}_claro 1366x768_1_oscuro
 
-# tome NOMBRE MONITOR ESCALA TEMA
-tome() {
-    local fotos=$carpeta/$1
+for cual in "$@"; do
+    IFS=_ read -r monitor escala tema <<<"$cual"
+    fotos=$carpeta/$cual
     mkdir -p "$fotos"
-    echo "$1: monitor $2, escala $3, tema $4"
-    if ! QUORVEX_FOTOS=$fotos QUORVEX_MONITOR=$2 QT_SCALE_FACTOR=$3 QUORVEX_TEMA=$4 \
-        "$construccion/bin/prueba_aspecto" >"$fotos/prueba.txt" 2>&1; then
+    echo "monitor $monitor, escala $escala, tema $tema"
+    if ! QUORVEX_FOTOS=$fotos QUORVEX_MONITOR=$monitor QT_SCALE_FACTOR=$escala QUORVEX_TEMA=$tema \
+        "$raiz/build/bin/prueba_aspecto" cada_pantalla_se_lee_entera >"$fotos/prueba.txt" 2>&1; then
         fallas=$((fallas + 1))
         grep -E 'Tf[a-z0-9]+: |FAIL' "$fotos/prueba.txt" | sed 's/^/    /' || true
     fi
-    command -v montage >/dev/null || return 0
-    local datos
+    command -v montage >/dev/null || continue
     for datos in vacios corrientes extremos; do
-        montage "$fotos/${datos}_"*.png -tile 5x4 -geometry 640x420+4+4 -label '%t' \
-            "$fotos/hoja_$datos.png"
-    done
-}
-
-for monitor in 1366x768 2732x1536; do
-    for escala in 1 1.5 2; do
-        tome "${monitor}_$escala" "$monitor" "$escala" claro
+        montage -label '%t' "$fotos/${datos}_"*.png -tile 3x4 -geometry '660x400>+3+3' \
+            "$fotos/hoja_${datos}_%02d.png"
     done
 done
-tome 1366x768_oscuro 1366x768 1 oscuro
 exit "$fallas"

@@ -85,6 +85,11 @@ linea() {
         teclas Return
     done
 }
+# opcion LETRA...: en un menú de botones, hasta la que empieza por ellas, y la abre.
+opcion() {
+    teclas "$@" Return
+    espere 0.8
+}
 foto() {
     viva
     espere "${2:-0.4}"

@@ -33,6 +33,7 @@ void CifrasControl::muestre() {
     const ConjuntoDatos& datos = *conjunto();
     for (int i = 0; i < cajas_.size(); ++i)
         cajas_[i]->valor(datos.valor_en(0, datos.FieldByName(sumas_[i])).moneda().redondeada(2));
+    ubique(); // lo que ocupan depende de lo que dicen
 }
 
 void CifrasControl::filas_reiniciadas() {
@@ -41,8 +42,16 @@ void CifrasControl::filas_reiniciadas() {
         muestre();
 }
 
+int CifrasControl::alto_de_renglon() const {
+    return qMax(cajas_.first()->sizeHint().height(), navegador_->sizeHint().height());
+}
+
+int CifrasControl::ancho_de(const EditorNumero* caja) const {
+    return caja->fontMetrics().horizontalAdvance(caja->text()) + paso(2);
+}
+
 QSize CifrasControl::sizeHint() const {
-    return {paso(60), qMax(cajas_.first()->sizeHint().height(), navegador_->sizeHint().height())};
+    return {paso(60), alto_de_renglon()};
 }
 
 void CifrasControl::resizeEvent(QResizeEvent* evento) {
@@ -57,26 +66,54 @@ void CifrasControl::showEvent(QShowEvent* evento) {
 
 void CifrasControl::ubique() {
     const QSize botones = navegador_->sizeHint();
-    navegador_->setGeometry(0, (height() - botones.height()) / 2, botones.width(),
-                            botones.height());
+    const int alto = alto_de_renglon();
+    navegador_->setGeometry(0, (alto - botones.height()) / 2, botones.width(), botones.height());
     const int inicio = botones.width() + paso();
-    rotulo_->setGeometry(inicio, 0, rotulo_->sizeHint().width(), height());
+    rotulo_->setGeometry(inicio, 0, rotulo_->sizeHint().width(), alto);
+    const int libre = rotulo_->geometry().right() + paso();
 
+    QVector<QRect> lugares = bajo_las_columnas(alto);
+    bool caben = lugares.first().left() >= libre && lugares.last().right() <= width() + paso();
+    for (int i = 0; i < cajas_.size(); ++i)
+        caben = caben && lugares[i].width() >= ancho_de(cajas_[i]);
+    if (!caben)
+        lugares = repartidas(libre, alto);
+    for (int i = 0; i < cajas_.size(); ++i)
+        cajas_[i]->setGeometry(lugares[i].adjusted(1, 0, -1, 0));
+    if (const int todo = lugares.last().bottom() + 1; todo != minimumHeight())
+        setFixedHeight(todo);
+}
+
+QVector<QRect> CifrasControl::bajo_las_columnas(int alto) const {
     const QHeaderView& titulos = *rejilla_->horizontalHeader();
     const int margen = rejilla_->viewport()->mapTo(rejilla_, QPoint()).x() + rejilla_->x() - x();
-    const int libre = rotulo_->geometry().right() + paso();
     QVector<QRect> lugares;
     for (const QString& columna : columnas_) {
         const int c = rejilla_->columna_de(columna);
         lugares.append(
-            {margen + titulos.sectionViewportPosition(c), 0, titulos.sectionSize(c), height()});
+            {margen + titulos.sectionViewportPosition(c), 0, titulos.sectionSize(c), alto});
     }
-    // Si la columna quedó bajo el rótulo, o fuera de la vista, se reparten el espacio.
-    if (lugares.first().left() < libre || lugares.last().right() > width() + paso()) {
-        const int ancho = qMax(1, (width() - libre) / int(cajas_.size()));
-        for (int i = 0; i < lugares.size(); ++i)
-            lugares[i] = {libre + i * ancho, 0, ancho, height()};
+    return lugares;
+}
+
+QVector<QRect> CifrasControl::repartidas(int libre, int alto) const {
+    int total = 0;
+    for (const EditorNumero* caja : cajas_)
+        total += ancho_de(caja);
+    const int n = int(cajas_.size());
+    // En un renglón, lo que sobra es de todas; si no caben, siguen debajo.
+    const bool uno = total <= width() - libre;
+    const int mas = uno ? (width() - libre - total) / n : 0;
+    QVector<QRect> lugares;
+    int x = uno ? libre : 0, y = uno ? 0 : alto;
+    for (const EditorNumero* caja : cajas_) {
+        const int ancho = ancho_de(caja) + mas;
+        if (x > 0 && x + ancho > width()) {
+            x = 0;
+            y += alto;
+        }
+        lugares.append({x, y, ancho, alto});
+        x += ancho;
     }
-    for (int i = 0; i < cajas_.size(); ++i)
-        cajas_[i]->setGeometry(lugares[i].adjusted(1, 0, -1, 0));
+    return lugares;
 }

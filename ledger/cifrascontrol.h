@@ -31,6 +31,11 @@ protected:
 
 private:
     void ubique();
+    int alto_de_renglon() const;
+    int ancho_de(const EditorNumero* caja) const;
+    QVector<QRect> bajo_las_columnas(int alto) const;
+    /// Donde quepan, cuando las columnas quedan lejos o son más angostas que las cifras.
+    QVector<QRect> repartidas(int libre, int alto) const;
 
     Rejilla* rejilla_;
     QStringList columnas_, sumas_;

@@ -81,9 +81,9 @@ void ConsultaCuenta::muestre_clave() {
     }
 }
 
-QString ConsultaCuenta::componga(const QString& orden) {
+QString ConsultaCuenta::componga(const QString& orden, const char* consulta) {
     consulta_.ano = fdmcnt().ano_actual;
     consulta_.mes = fdmcnt().periodo_actual + 1;
     consulta_.orden = orden;
-    return componga_consulta(datos_.consulta, consulta_);
+    return componga_consulta(consulta ? consulta : datos_.consulta, consulta_);
 }

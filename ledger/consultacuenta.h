@@ -26,7 +26,7 @@ protected:
     /// Filas de la cuenta y de la clave.
     void arme_encabezado(Formulario& formulario);
     /// Texto de la consulta en el período de la sesión.
-    QString componga(const QString& orden);
+    QString componga(const QString& orden, const char* consulta = nullptr);
     const QString& cuenta() const { return consulta_.cuenta; }
 
 private:

@@ -7,6 +7,17 @@ namespace {
 constexpr const char* kDeCuentas = "select cuen_nom from cuentas where cuen_cod = ";
 constexpr const char* kDeCuentasNiif = "select cuen_nom from cuentas_niif where cuen_cod = ";
 constexpr const char* kCuentaYTipo = "select cuen_nom, cuen_tipo from cuentas where cuen_cod = ";
+constexpr const char* kFinalCuenta = "select * from saldo_cuenta_mes({cuenta},{ano},{mes},'N')";
+constexpr const char* kFinalCuentaNiif =
+    "select * from saldo_cuenta_mes_niif({cuenta},{ano},{mes},'N')";
+constexpr const char* kFinalTercero =
+    "select * from saldo_tercero_mes({cuenta},{nit},{ano},{mes},'N')";
+constexpr const char* kFinalTerceroNiif =
+    "select * from saldo_tercero_mes_niif({cuenta},{nit},{ano},{mes},'N')";
+constexpr const char* kFinalCentro =
+    "select * from saldo_centro_mes({cuenta},{proyecto},{centro},{ano},{mes},'N')";
+constexpr const char* kFinalArticulo =
+    "select final from balance_articulo_mes({cuenta},{ano},{mes}) where codigo = {articulo}";
 
 } // namespace
 
@@ -17,18 +28,21 @@ const QVector<DatosAuxiliar>& auxiliares() {
           "select * FROM AUXILIAR_CUENTA_MES({cuenta!},{ano!},{mes}) order by {orden}", kDeCuentas,
           Clave::Ninguna, "Auxiliar", Flechas::Invertidas, kDeCuenta},
          "saldo_cuenta",
+         kFinalCuenta,
          ConNit | ConCiudad | ConCentros,
          "Referencia"},
         {{"Tfauxiliarniif", "Auxiliar NIIF",
           "select * FROM AUXILIAR_CUENTA_MES_NIIF({cuenta!},{ano!},{mes}) order by {orden}", "",
           Clave::Ninguna, "AuxiliarNIIF", Flechas::Invertidas, kDeCuenta},
          "saldo_cuenta_niif",
+         kFinalCuentaNiif,
          ConNit | ConCiudad | ConCentros,
          "Referencia"},
         {{"Tfauxiliarterc", "Auxiliar por tercero",
           "select * from auxiliar_tercero_mes({cuenta},{nit},{ano},{mes}) order by {orden}",
           kDeCuentas, Clave::Tercero, "AuxTerc", Flechas::Invertidas, kDeCuenta},
          "",
+         kFinalTercero,
          ConCentros,
          "Ref."},
         // El nombre de la cuenta es el del libro 2649 también en su gemela NIIF.
@@ -36,6 +50,7 @@ const QVector<DatosAuxiliar>& auxiliares() {
           "select * from auxiliar_tercero_mes_n({cuenta},{nit},{ano},{mes}) order by {orden}",
           kDeCuentas, Clave::Tercero, "AuxTerc", Flechas::Invertidas, kDeCuenta},
          "",
+         kFinalTerceroNiif,
          ConCentros,
          "Ref."},
         {{"Tfauxiliarcentro", "Auxiliar por centro de costo",
@@ -43,6 +58,7 @@ const QVector<DatosAuxiliar>& auxiliares() {
           "{orden}",
           kDeCuentas, Clave::Centro, "AuxCentroCosto", Flechas::Ninguna, kDeCentro},
          "",
+         kFinalCentro,
          ConNit | ConCiudad,
          "Referencia"},
         // Sin procedimiento propio: lee los movimientos del libro 2649.
@@ -51,12 +67,14 @@ const QVector<DatosAuxiliar>& auxiliares() {
           "{orden}",
           kDeCuentas, Clave::Centro, "AuxCentroCosto", Flechas::Ninguna, kDeCentro},
          "",
+         kFinalCentro,
          ConNit | ConCiudad,
          "Referencia"},
         {{"Tfauxiliarart", "Auxiliar por artículo",
           "select * FROM AUXILIAR_ARTICULO_MES({cuenta},{articulo},{ano},{mes}) ORDER BY {orden}",
           kDeCuentas, Clave::Articulo, "AuxArtic", Flechas::Ninguna, kDeCuenta},
          "",
+         kFinalArticulo,
          ConNit | ConCentros,
          "Referencia"},
     };

@@ -34,6 +34,7 @@ struct MiembroConsulta {
 
 struct DatosAuxiliar : MiembroConsulta {
     const char* saldo; ///< procedimiento del saldo a la cabeza; vacío: no lo muestra
+    const char* final; ///< consulta del saldo con que termina el mes, como `consulta`
     unsigned columnas;
     const char* titulo_referencia;
 };

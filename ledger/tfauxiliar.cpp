@@ -78,16 +78,16 @@ void Tfauxiliar::arme() {
     Formulario f(this);
     arme_encabezado(f);
     QWidget* caja = cree_periodo("SpeedButton4", "SpeedButton5");
+    // Las cifras de las líneas pueden quedar a la derecha: el saldo del mes se ve al abrir.
+    Saldof = EditorNumero::de_saldo(this);
+    Saldof->setObjectName("Saldof");
     if (*miembro_.saldo) {
         Saldoi = EditorNumero::de_saldo(this);
         Saldoi->setObjectName("Saldoi");
-        // Las cifras de las líneas pueden quedar a la derecha: el saldo del mes se ve al abrir.
-        Saldof = EditorNumero::de_saldo(this);
-        Saldof->setObjectName("Saldof");
         f.fila("Período", caja);
         f.fila({{"Saldo inicial", Saldoi}, {"Saldo final", Saldof}});
     } else {
-        f.fila("Período", caja);
+        f.fila({{"Período", caja}, {"Saldo final", Saldof}});
     }
     f.ancha(DBGridEh1);
 
@@ -135,24 +135,20 @@ bool Tfauxiliar::FormClose() {
 // ---------------------------------------------------------------- consulta
 
 void Tfauxiliar::calcule_saldos(Foto& foto) {
-    const Valor saldo =
-        foto.consulte(QStringLiteral("select * from %1(").arg(miembro_.saldo) +
-                      QuotedStr(cuenta()) + ',' + QuotedStr(fdmcnt().compone_fecha("1")) + ')');
-    if (!saldo.nulo())
-        Saldoi->valor(saldo.moneda());
-    const Valor final =
-        foto.consulte(QStringLiteral("select * from saldo_cuenta_mes%1(")
-                          .arg(QLatin1String(miembro_.saldo + 12)) +
-                      QuotedStr(cuenta()) + ',' + QuotedStr(fdmcnt().ano_actual) +
-                      QStringLiteral(", %1, 'N')").arg(fdmcnt().periodo_actual + 1));
-    Saldof->valor(final.moneda());
+    if (Saldoi) {
+        const Valor saldo =
+            foto.consulte(QStringLiteral("select * from %1(").arg(miembro_.saldo) +
+                          QuotedStr(cuenta()) + ',' + QuotedStr(fdmcnt().compone_fecha("1")) + ')');
+        if (!saldo.nulo())
+            Saldoi->valor(saldo.moneda());
+    }
+    Saldof->valor(foto.consulte(componga({}, miembro_.final)).moneda());
 }
 
 void Tfauxiliar::calcule_auxiliar(const QString& orden) {
-    // El saldo inicial y los renglones son del mismo instante.
+    // Los saldos y los renglones son del mismo instante.
     Foto foto(fdm().Quorvex);
-    if (Saldoi)
-        calcule_saldos(foto);
+    calcule_saldos(foto);
     foto.abra(CAuxiliar, componga(orden) + kDesempate, Foto::PorPaquetes);
     muestre_periodo();
 }

@@ -69,7 +69,7 @@ Tfbalanceanual::Tfbalanceanual() : ConsultaPeriodo("Tfbalanceanual", "balance an
 // ---------------------------------------------------------------- conjuntos y aspecto
 
 void Tfbalanceanual::defina_conjuntos() {
-    CBalance.texto("CODIGO", 30).etiqueta("Código");
+    CBalance.texto("CODIGO", 41).etiqueta("Código");
     CBalance.texto("NOMBRE", 60).etiqueta("Nombre");
     CBalance.texto("NIT", 20).etiqueta("NIT");
     CBalance.texto("NOMTERC", 60).etiqueta("Tercero");

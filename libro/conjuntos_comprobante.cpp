@@ -1,5 +1,6 @@
 #include "libro/conjuntos_comprobante.h"
 
+#include "datos/recordset/sin_eventos.h"
 #include "libro/columnas_comprobante.h"
 
 namespace {
@@ -20,37 +21,6 @@ template <class T> void defina(ConjuntoDatos& d, const ColumnaDe<T>& c) {
         campo->requerido();
     campo->Tasa = c.rasgos & ColTasa;
 }
-
-/// Mientras vive, el conjunto cambia sin avisar a la pantalla: ni validaciones ni diálogos.
-class SinEventos {
-public:
-    explicit SinEventos(ConjuntoDatos& d) : d_(d) {
-        for (auto* evento : eventos())
-            guardados_.push_back(std::exchange(*evento, nullptr));
-        for (int i = 0; i < d.FieldCount(); ++i)
-            campos_.push_back(std::exchange(d.Fields(i).OnChange, nullptr));
-    }
-    ~SinEventos() {
-        size_t n = 0;
-        for (auto* evento : eventos())
-            *evento = std::move(guardados_[n++]);
-        for (int i = 0; i < d_.FieldCount(); ++i)
-            d_.Fields(i).OnChange = std::move(campos_[size_t(i)]);
-    }
-    SinEventos(const SinEventos&) = delete;
-    SinEventos& operator=(const SinEventos&) = delete;
-
-private:
-    std::vector<std::function<void()>*> eventos() const {
-        return {&d_.BeforeInsert, &d_.AfterInsert,  &d_.OnNewRecord, &d_.BeforeEdit,
-                &d_.AfterEdit,    &d_.BeforePost,   &d_.AfterPost,   &d_.BeforeDelete,
-                &d_.AfterDelete,  &d_.BeforeScroll, &d_.AfterScroll, &d_.BeforeCancel,
-                &d_.AfterCancel};
-    }
-    ConjuntoDatos& d_;
-    std::vector<std::function<void()>> guardados_;
-    std::vector<std::function<void(Campo&)>> campos_;
-};
 
 /// Escribe en la fila en edición las columnas que difieren.
 template <class T>

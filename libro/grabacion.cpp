@@ -105,7 +105,7 @@ bool GrabacionComprobante::aplique(const ModoGrabacion& modo, ResultadoGrabacion
     // La falla llega con la transacción ya deshecha: aquí se puede consultar y corregir.
     const AtiendeFallas atiende(
         *c_.encabezado.proveedor, [&](ConjuntoDatos& d, const ErrorDatos& e, ClaseCambio clase) {
-            resultado.falla = e.texto();
+            resultado.falla = e.para_usuario();
             sigue = modo.nuevo && !numero_fijo && clase == ClaseCambio::Insercion &&
                     &d == &c_.encabezado && tome_otro_numero();
             return sigue;

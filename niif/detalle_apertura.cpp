@@ -1,10 +1,11 @@
 // El detalle de una cuenta de la apertura NIIF: sus líneas, su nota y su hoja de trabajo.
 #include "niif/apertura.h"
+#include "niif/paginas.h"
 #include "niif/pch.h"
 #include "niif/tfbalaperturaniif.h"
+#include "sesion/ayuda_al_teclear.h"
 
 #include <QScopedValueRollback>
-#include <QStackedWidget>
 
 namespace {
 
@@ -61,6 +62,7 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
     Ancestros = new QLabel;
     Ancestros->setObjectName("Ancestros");
     Ancestros->setTextFormat(Qt::PlainText);
+    Ancestros->setWordWrap(true); // en letra grande no ensancha la pantalla
     DBGridEh2 = new Rejilla(pagina, &CAperniifdet);
     DBGridEh2->setObjectName("DBGridEh2");
     DBGridEh2->setAccessibleName("Líneas de la cuenta");
@@ -77,7 +79,10 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
                          {"APND_RECLDB", "Reclas. DB", 14, Suma},
                          {"APND_RECLCR", "Reclas. CR", 14, Suma},
                          {"APND_SALDOFIN", "Saldo final", 15, SoloLectura | Suma}});
+    DBGridEh2->setMinimumHeight(DBGridEh2->fontMetrics().height() * 7);
     DBGridEh2->pie(true);
+    ofrezca_al_teclear(*DBGridEh2, Libro::Decreto2649, "APND_CUENTA", "TERC_NIT");
+    ofrezca_al_teclear(*DBGridEh2, Libro::Niif, "APND_CTANIIF");
     DBGridEh2->enter_como_tab = true;
     DBGridEh2->reclama_escape = true;
     DBGridEh2->texto_vacio = "Sin líneas: Insert agrega la primera.";
@@ -106,12 +111,12 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
     barra->boton("AdvGlowButton4", "Esc:Cancelar", "dialog-cancel", {},
                  [this] { cierre_detalle(); });
     Formulario f(pagina);
-    f.fila("Cuenta", Formulario::junto({NomDetalle, Ancestros}));
+    f.fila("Cuenta", NomDetalle);
+    f.ancha(Ancestros, 0);
     f.ancha(DBGridEh2, 1);
     f.fila({{"Dif. débito", DetDebito}, {"Dif. crédito", DetCredito}});
     f.fila("&Nota", APNI_NOTA);
-    f.botones(barra);
-    return pagina;
+    return con_botones(pagina, barra);
 }
 
 QWidget* Tfbalaperturaniif::pagina_hoja() {
@@ -125,8 +130,8 @@ QWidget* Tfbalaperturaniif::pagina_hoja() {
                  [this] { AdvGlowButton5Click(); });
     barra->boton("AdvGlowButton6", "Esc:Cancelar", "dialog-cancel", {},
                  [this] { AdvGlowButton6Click(); });
-    Formulario(pagina).ancha(LHoja, 1).botones(barra);
-    return pagina;
+    Formulario(pagina).ancha(LHoja, 1);
+    return con_botones(pagina, barra);
 }
 
 // ---------------------------------------------------------------- abrir y cerrar el panel
@@ -250,6 +255,8 @@ void Tfbalaperturaniif::valide_celda(Campo& campo) {
         return;
     const QString nombre = campo.FieldName;
     const bool busca = texto.startsWith('?');
+    if (busca)
+        reciba(nombre, {}); // salir de la búsqueda sin escoger no deja el "?"
     const auto reciba_en = [this, nombre](const QString& valor) { reciba(nombre, valor); };
     if (nombre == "APND_CUENTA" || nombre == "APND_CTANIIF") {
         const Libro libro = nombre == "APND_CUENTA" ? Libro::Decreto2649 : Libro::Niif;
@@ -269,8 +276,9 @@ void Tfbalaperturaniif::valide_celda(Campo& campo) {
             reciba("PROY_COD", c.proyecto_seleccion);
             reciba("CENT_COD", c.centro_seleccion);
         });
-    } else if (nombre == "CENT_COD" && !CAperniifdet.FieldByName("PROY_COD").vacio() &&
-               !fdmcnt().valide_centro(CAperniifdet.FieldByName("PROY_COD").texto(), texto)) {
+    } else if (const QString proyecto = CAperniifdet.FieldByName("PROY_COD").texto();
+               nombre == "CENT_COD" && !proyecto.isEmpty() &&
+               !fdmcnt().valide_centro(proyecto, texto)) {
         reciba(nombre, {});
     }
 }
@@ -292,7 +300,7 @@ void Tfbalaperturaniif::valide_articulo(const QString& texto,
         if (inventario)
             escoja_articulo(*this, reciba_en, texto.mid(1));
         else
-            escoja_activo(*this, reciba_en);
+            escoja_activo(*this, reciba_en, texto.mid(1));
     } else if (inventario && !fdmArt().valide_articulo(texto)) {
         reciba("ACTI_COD", {});
     } else if (!inventario && fdmcnt().desc_activo(texto).isEmpty()) {

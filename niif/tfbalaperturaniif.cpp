@@ -1,6 +1,7 @@
 #include "niif/tfbalaperturaniif.h"
 
 #include "niif/apertura.h"
+#include "niif/paginas.h"
 #include "niif/pch.h"
 #include "niif/peticiones_niif.h"
 #include "sesion/instalacion.h"
@@ -9,7 +10,7 @@
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <QStackedWidget>
+#include <QScrollArea>
 
 namespace {
 
@@ -32,7 +33,7 @@ QLineEdit* caja(const char* nombre) {
 Tfbalaperturaniif::Tfbalaperturaniif() : Pantalla("Tfbalaperturaniif", "Balance de Apertura NIIF") {
     defina_conjuntos();
     defina_lineas();
-    paginas = new QStackedWidget(this);
+    paginas = new Paginas(this);
     paginas->setObjectName("paginas");
     paginas->addWidget(pagina_principal());
     paginas->addWidget(pagina_detalle());
@@ -80,13 +81,15 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
     const auto diferencia = [](const char* nombre) {
         EditorNumero* e = EditorNumero::de_saldo();
         e->setObjectName(nombre);
+        e->setMinimumWidth(e->fontMetrics().horizontalAdvance('0') * 15);
         return e;
     };
     EAno = caja("EAno");
+    EAno->setMinimumWidth(ancho_caracteres(EAno->fontMetrics(), 6));
     NomCuenta = caja("NomCuenta");
     NomNiif = caja("NomNiif");
     for (QLineEdit* nombre : {NomCuenta, NomNiif})
-        nombre->setMinimumWidth(nombre->fontMetrics().horizontalAdvance('n') * 42);
+        nombre->setMinimumWidth(ancho_caracteres(nombre->fontMetrics(), 16));
     Difdeb = diferencia("Difdeb");
     DifCred = diferencia("DifCred");
     DBGridEh1 = new Rejilla(pagina, &CAjusniif);
@@ -107,6 +110,7 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
                          {"AJUSTEDBN", "Ajuste DB", 14, Suma},
                          {"AJUSTECRN", "Ajuste CR", 14, Suma},
                          {"NUEVO", "Nuevo saldo", 16, Suma}});
+    DBGridEh1->setMinimumHeight(DBGridEh1->fontMetrics().height() * 11); // en letra grande también
     DBGridEh1->ReadOnly = true;
     DBGridEh1->pie(true);
     DBGridEh1->nombre_archivo = "SaldosIniNIIF";
@@ -136,7 +140,23 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
     f.fila({{"Año de inicio", EAno}, {"Dif. débito", Difdeb}, {"Dif. crédito", DifCred}});
     f.ancha(DBGridEh1, 1);
     f.fila({{"Cuenta", NomCuenta}, {"Cuenta NIIF", NomNiif}});
-    f.botones(barra);
+    return con_botones(pagina, barra);
+}
+
+QWidget* Tfbalaperturaniif::con_botones(QWidget* contenido, BarraBotones* barra) {
+    auto* ventanilla = new QScrollArea;
+    ventanilla->setWidgetResizable(true);
+    ventanilla->setFrameShape(QFrame::NoFrame);
+    ventanilla->setFocusPolicy(Qt::NoFocus);
+    // Toma lo que haya: no obliga a la ventana a desplazarse entera.
+    ventanilla->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    ventanilla->setMinimumHeight(paso(12));
+    ventanilla->setWidget(contenido);
+    auto* pagina = new QWidget;
+    auto* todo = new QVBoxLayout(pagina);
+    todo->setContentsMargins(0, 0, 0, 0);
+    todo->addWidget(ventanilla, 1);
+    todo->addWidget(barra);
     return pagina;
 }
 

@@ -6,11 +6,12 @@
 #include "sesion/tfdm.h"
 #include "toolkit/pantalla.h"
 
+class BarraBotones;
 class EditorNumero;
 class MemoDato;
 class QLabel;
 class QLineEdit;
-class QStackedWidget;
+class Paginas;
 class Rejilla;
 
 class Tfbalaperturaniif : public Pantalla {
@@ -32,7 +33,7 @@ public:
     ConjuntoDatos CBalinicial{this, "CBalinicial", &PConsulta};
 
     // --- controles
-    QStackedWidget* paginas; ///< principal, "Detalle calculos" y "Hoja de trabajo"
+    Paginas* paginas; ///< principal, "Detalle calculos" y "Hoja de trabajo"
     QLineEdit *EAno, *NomCuenta, *NomNiif, *NomDetalle;
     QLabel *Ancestros, *LHoja;
     EditorNumero *Difdeb, *DifCred, *DetDebito, *DetCredito;
@@ -51,6 +52,8 @@ private:
     QWidget* pagina_principal();
     QWidget* pagina_detalle();
     QWidget* pagina_hoja();
+    /// Página cuyos botones se quedan a la vista aunque lo demás no quepa.
+    static QWidget* con_botones(QWidget* contenido, BarraBotones* barra);
     void declare_teclas();
     void muestre_pagina(Pagina pagina);
     void CAjusniifAfterScroll();

@@ -2,6 +2,8 @@
 
 #include "periodend/pch.h"
 #include "periodend/peticiones_cierre.h"
+#include "sesion/ayuda_al_teclear.h"
+#include "toolkit/controles/editor_sugerido.h"
 
 namespace {
 template <class T> T* nombrado(T* control, const char* nombre) {
@@ -64,7 +66,8 @@ void FormaConcepto::construya() {
     ECod = nombrado(new EditorDato(&CConceptos, "CONC_COD"), "ECod");
     ECod->ReadOnly(modo_ == Modificar);
     auto* nombre = nombrado(new EditorDato(&CConceptos, "CONC_NOM"), "ENombre");
-    ECta = nombrado(new EditorDato(&CConceptos, "CONC_CTACIERRE"), "ECta");
+    ECta = nombrado(caja_de_cuenta(CConceptos, "CONC_CTACIERRE", [] { return Libro::Decreto2649; }),
+                    "ECta");
     ECta->ancho(15);
     ECta->setToolTip("? y el comienzo de la cuenta abre el plan; doble clic también");
     ECta->OnDblClick = [this] { busque_cuenta(CConceptos, "CONC_CTACIERRE", {}); };
@@ -91,6 +94,7 @@ void FormaConcepto::construya() {
     DBGridEh1->lista(DBGridEh1->columna_de("COCU_BASE"),
                      {"Saldo Inicial", "Debitos mes", "Créditos mes", "Neto mes", "Saldo Final"},
                      {"INI", "DEB", "CRE", "NET", "FIN"});
+    ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, "CUEN_COD", "TERC_NIT");
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->texto_vacio = "El concepto no tiene cuentas. Insert agrega la primera.";
     DBGridEh1->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,

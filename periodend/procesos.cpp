@@ -11,7 +11,7 @@ QVector<DefinicionColumna> columnas(const QString& prefijo, const QVector<Defini
     QVector<DefinicionColumna> c{{"TICO_COD", "Tipo", 5},
                                  {"PRCO_PREF", "Prefijo", 7},
                                  {"ENCO_NUMERO", "Número", 8},
-                                 {prefijo + "_FECHA", "Fecha", 9}};
+                                 {prefijo + "_FECHA", "Fecha", 10, 0, "aaaa/mm/dd"}};
     c += otras;
     c += QVector<DefinicionColumna>{{prefijo + concepto, "Concepto", ancho_concepto},
                                     {prefijo + "_REFER", "Referencia", 10},

@@ -1,7 +1,9 @@
 #include "periodend/tfcausadifc.h"
 
 #include "periodend/pch.h"
+#include "sesion/ayuda_al_teclear.h"
 #include "toolkit/aviso_trabajo.h"
+#include "toolkit/controles/editor_sugerido.h"
 
 namespace {
 
@@ -30,7 +32,7 @@ Tfcausadifc::Tfcausadifc() : FormaProceso(kDatos, SinArmar{}), CDiferencia(this,
     Trm = new EditorDato(&CProceso, "TRM");
     Trm->setObjectName("Trm");
     Trm->ancho(12);
-    Cta = new EditorDato(&CProceso, "CUENTA");
+    Cta = caja_de_cuenta(CProceso, "CUENTA", [] { return Libro::Decreto2649; });
     Cta->setObjectName("Cta");
     Cta->ancho(15);
     Cta->OnDblClick = [this] { escoja_la_cuenta({}); };

@@ -2,6 +2,8 @@
 
 #include "periodend/pch.h"
 #include "periodend/procesos.h"
+#include "sesion/ayuda_al_teclear.h"
+#include "toolkit/controles/editor_sugerido.h"
 
 Tfcierreter::Tfcierreter() : FormaProceso(cierre_terceros(), SinArmar{}) {
     CProceso.texto("CUEN_COD", 20).requerido().etiqueta("Cuenta").OnChange = [this](Campo& x) {
@@ -9,7 +11,7 @@ Tfcierreter::Tfcierreter() : FormaProceso(cierre_terceros(), SinArmar{}) {
     };
     // La cuenta es de un plan o del otro: la de antes puede no estar en el nuevo.
     campo("CITE_NIIF").OnChange = [this](Campo&) { CUEN_CODChange(campo("CUEN_COD")); };
-    ECta = new EditorDato(&CProceso, "CUEN_COD");
+    ECta = caja_de_cuenta(CProceso, "CUEN_COD", [this] { return libro(); });
     ECta->setObjectName("ECta");
     ECta->ancho(15);
     ECta->setToolTip("? y el comienzo de la cuenta abre el plan; doble clic también");

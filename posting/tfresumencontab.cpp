@@ -62,7 +62,7 @@ Tfresumencontab::Tfresumencontab() : Pantalla("Tfresumencontab", "Resumen de la 
     barra->principal(barra->boton("BitBtn1", "F2:Ir al documento", "go-jump", Qt::Key_F2,
                                   [this] { BitBtn1Click(); }));
     barra->separe();
-    barra->boton("BitBtn2", "Esc:Cerrar", "window-close", Qt::Key_Escape,
+    barra->boton("BitBtn2", "Esc:Salir", "window-close", Qt::Key_Escape,
                  [this] { resultado_modal(mrCancel); });
     Formulario(this).ancha(ECuenta, 0).ancha(DBGridEh1).ancha(EMotivo, 0).botones(barra);
     tamano(860, 480);

@@ -1,7 +1,7 @@
 #include "reports/formula_contable.h"
 
 #include "datos/firebird/conexion.h"
-#include "toolkit/informes/racional.h"
+#include "datos/firebird/racional.h"
 
 #include <QRegularExpression>
 #include <cmath>
@@ -94,7 +94,6 @@ Moneda redondeada(long double valor) {
 }
 
 Moneda opere(Moneda valor, const QString& operacion, Moneda factor) {
-    using informes::Racional;
     if (operacion == QLatin1String("+"))
         return valor + factor;
     if (operacion == QLatin1String("-"))

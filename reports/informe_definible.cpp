@@ -23,7 +23,11 @@ QString fecha_en_letras(const QDate& fecha, const char* formato) {
 struct InformeDefinible::Renglon {
     const ConjuntoDatos& c;
     int fila;
+    const Digitado& digitado;
     Valor v(const char* campo) const {
+        if (digitado.conjunto == &c && digitado.fila == fila &&
+            digitado.campo == QLatin1String(campo))
+            return digitado.valor;
         return c.valor_en(fila, c.FieldByName(QLatin1String(campo)));
     }
     QString t(const char* campo) const { return v(campo).texto(); }
@@ -92,7 +96,7 @@ void InformeDefinible::imprime_pagina(Hojas& hojas, const Papel& papel, int pagi
 
 void InformeDefinible::dibuje_fijos(int pagina) {
     for (int i = 0; i < d_.CFormalineas.RecordCount(); ++i) {
-        const Renglon r{d_.CFormalineas, i};
+        const Renglon r = renglon(d_.CFormalineas, i);
         if (!r.en(pagina))
             continue;
         const QString tipo = r.t("FOCD_TIPO");
@@ -109,7 +113,7 @@ void InformeDefinible::dibuje_fijos(int pagina) {
 
 void InformeDefinible::dibuje_textos(int pagina) {
     for (int i = 0; i < d_.CFormalineas.RecordCount(); ++i) {
-        const Renglon r{d_.CFormalineas, i};
+        const Renglon r = renglon(d_.CFormalineas, i);
         if (!r.en(pagina) || r.t("FOCD_TIPO") != QLatin1String("T"))
             continue;
         letra(r);
@@ -125,6 +129,10 @@ void InformeDefinible::letra(const Renglon& r) {
                    cuerpo > 0 ? cuerpo : kCuerpo);
 }
 
+InformeDefinible::Renglon InformeDefinible::renglon(const ConjuntoDatos& conjunto, int fila) const {
+    return {conjunto, fila, digitado};
+}
+
 void InformeDefinible::coloque(const Renglon& r, const QRectF& lugar) {
     if (al_colocar)
         al_colocar(r.c, r.fila, lugar);
@@ -134,7 +142,7 @@ void InformeDefinible::coloque(const Renglon& r, const QRectF& lugar) {
 
 void InformeDefinible::dibuje_datos(int pagina) {
     for (int i = 0; i < d_.CFormadatos.RecordCount(); ++i) {
-        const Renglon r{d_.CFormadatos, i};
+        const Renglon r = renglon(d_.CFormadatos, i);
         if (!r.en(pagina))
             continue;
         letra(r);

@@ -40,6 +40,14 @@ public:
     InformeDefinible(const DefinicionInforme& definicion, const CabeceraInforme& cabecera,
                      const FormulaContable& formulas);
 
+    /// Lo que se digita en una celda y aún no llega a su campo: se dibuja como si ya estuviera.
+    struct Digitado {
+        const ConjuntoDatos* conjunto = nullptr; ///< nulo: nada
+        int fila = -1;
+        QString campo{};
+        Valor valor{};
+    };
+    Digitado digitado;
     /// Nombre de una cuenta; vacía, el del plan 2649 en la base.
     std::function<QString(const QString& cuenta)> nom_cuenta;
     /// Con ella un dato que falla no detiene la página: recibe su fila y qué pasó, y sale "¿?".
@@ -63,6 +71,7 @@ private:
     void imprima_numero(const Renglon& r, Moneda valor);
     void letra(const Renglon& r);
     void coloque(const Renglon& r, const QRectF& lugar);
+    Renglon renglon(const ConjuntoDatos& conjunto, int fila) const;
 
     const DefinicionInforme& d_;
     CabeceraInforme cabecera_;

@@ -2,6 +2,8 @@
 
 #include "datos/firebird/reloj.h"
 #include "toolkit/estilo.h"
+#include "toolkit/rejilla/editor_celda.h"
+#include "toolkit/rejilla/rejilla.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -66,6 +68,38 @@ void LienzoInforme::olvide() {
     cambio();
 }
 
+void LienzoInforme::siga(Rejilla& rejilla) {
+    rejillas_ << &rejilla;
+    auto* editor = rejilla.findChild<EditorCelda*>();
+    connect(editor, &QLineEdit::textChanged, this, [this] { cambio(); });
+    editor->installEventFilter(this);
+}
+
+bool LienzoInforme::eventFilter(QObject* editor, QEvent* evento) {
+    if (evento->type() == QEvent::Hide) // con Esc vuelve lo que había
+        cambio();
+    return QWidget::eventFilter(editor, evento);
+}
+
+InformeDefinible::Digitado LienzoInforme::digitado() const {
+    for (const Rejilla* r : rejillas_) {
+        const Campo* campo = r->digitando() ? r->campo_actual() : nullptr;
+        if (!campo || !r->findChild<EditorCelda*>()->opciones.isEmpty())
+            continue;
+        const QString texto = r->texto_digitado();
+        // Una fórmula a medio escribir no dice nada todavía: sigue la que estaba.
+        if (campo->FieldName == QLatin1String("FOCD_CUENTAS") &&
+            !InformeDefinible::es_fijo(texto) && revise_formula(texto))
+            continue;
+        const auto cifra = Moneda::intente(texto);
+        if (campo->clase != ClaseCampo::Texto && !cifra)
+            continue;
+        return {r->conjunto(), r->conjunto()->RecNo(), campo->FieldName,
+                campo->clase == ClaseCampo::Texto ? Valor(texto) : Valor(*cifra)};
+    }
+    return {};
+}
+
 void LienzoInforme::cambio() {
     hojas_.reset();
     update();
@@ -88,6 +122,7 @@ void LienzoInforme::componga() {
                                    d_.CFormato.FieldByName("FOCO_SUBTITULO").texto(),
                                    reloj().hoy()};
     InformeDefinible informe(d_, cabecera, formulas);
+    informe.digitado = digitado();
     // Aquí nada se avisa con un diálogo: la falla del dato señalado se dice al pie de la hoja.
     fallas_.clear();
     informe.al_fallar = [this](int fila, const QString& falla) { fallas_[fila] = falla; };

@@ -9,6 +9,8 @@
 #include <QWidget>
 #include <memory>
 
+class Rejilla;
+
 class LienzoInforme : public QWidget {
     Q_OBJECT
 public:
@@ -23,6 +25,8 @@ public:
     int pagina() const { return pagina_; }
     /// El conjunto en que se trabaja: la fila de su cursor es la señalada. Nulo, ninguna.
     void resalte(ConjuntoDatos* conjunto);
+    /// Muestra también lo que se digita en esa rejilla, letra por letra.
+    void siga(Rejilla& rejilla);
     /// Lee otra vez las cifras.
     void olvide();
     /// Rectángulo de la hoja dentro del control.
@@ -37,11 +41,13 @@ public:
 protected:
     void paintEvent(QPaintEvent* evento) override;
     void mousePressEvent(QMouseEvent* evento) override;
+    bool eventFilter(QObject* editor, QEvent* evento) override;
 
 private:
     class Enlace;
     void cambio();
     void componga();
+    InformeDefinible::Digitado digitado() const;
     QRectF en_pantalla(qreal x, qreal y, qreal dx, qreal dy) const;
     /// Lugar de un elemento en el control, con algún tamaño aunque sea un punto.
     QRectF lugar(const ConjuntoDatos& conjunto, int fila) const;
@@ -55,6 +61,7 @@ private:
     QHash<std::pair<const ConjuntoDatos*, int>, QRectF> lugares_;
     std::unique_ptr<informes::Hojas> hojas_; ///< nulas: hay que componer
     ConjuntoDatos* resaltado_ = nullptr;
+    QVector<Rejilla*> rejillas_;
     int pagina_ = 1;
     std::vector<std::unique_ptr<Enlace>> enlaces_;
 };

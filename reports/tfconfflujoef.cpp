@@ -1,6 +1,7 @@
 #include "reports/tfconfflujoef.h"
 
 #include "sesion/peticiones.h"
+#include "toolkit/rejilla/rejilla.h"
 
 Tfconfflujoef::Tfconfflujoef()
     : ConfiguracionEstado({"Tfconfflujoef",
@@ -31,6 +32,8 @@ void Tfconfflujoef::FormCreate() {
     conjunto_->Filter("FLEF_NIIF = " + QuotedStr(niif()));
     conjunto_->Filtered(true);
     ConfiguracionEstado::FormCreate();
+    DBGridEh1->setToolTip("Db/Cr no cambia el signo: lo que entra de efectivo va positivo y lo que "
+                          "sale, negativo.");
 }
 
 void Tfconfflujoef::fila_nueva() {

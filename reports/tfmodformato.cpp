@@ -224,6 +224,8 @@ QWidget* Tfmodformato::construya_vista() {
         definicion,
         [this] { return periodo_de_la_sesion(CFormato.FieldByName("FOCO_NIIF").texto() == "S"); },
         [] { return LectorReferencias(); });
+    for (Rejilla* rejilla : {DBGridEh1, DBGridEh2})
+        lienzo->siga(*rejilla);
     lienzo->setAccessibleName("Página a escala");
     lienzo->al_senalar = [this](ConjuntoDatos& c) {
         (&c == &CFormadatos ? DBGridEh1 : DBGridEh2)->setFocus();

@@ -70,10 +70,7 @@ void Tfnumeracion::SpeedButton3Click() {
     if (dialogo.exec() != QDialog::Accepted)
         return;
     imprima(impresora);
-    if (!impresora.outputFileName().isEmpty())
-        avise_grabado(impresora.outputFileName());
-    else
-        avise_impreso(impresora.printerName(), PagFin->text().toInt() - PagIni->text().toInt() + 1);
+    avise_impreso(impresora, PagFin->text().toInt() - PagIni->text().toInt() + 1);
     close();
 }
 

@@ -17,7 +17,7 @@ const DatosRango kDatos{"Tfrngbalanceanual",
 }
 
 Tfrngbalanceanual::Tfrngbalanceanual() : FormaEstado(kDatos) {
-    CAuxiliar.texto("CODIGO", 30).etiqueta("Código");
+    CAuxiliar.texto("CODIGO", 41).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     importe("INICIAL", "Saldo inicial");
     for (const auto& [nombre, rotulo] : meses_del_ano())

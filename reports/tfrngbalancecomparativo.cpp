@@ -17,7 +17,7 @@ const DatosRango kDatos{"Tfrngbalancecomparativo",
 }
 
 Tfrngbalancecomparativo::Tfrngbalancecomparativo() : FormaEstado(kDatos) {
-    CAuxiliar.texto("CUENTA", 30).etiqueta("Cuenta");
+    CAuxiliar.texto("CUENTA", 41).etiqueta("Cuenta");
     CAuxiliar.texto("NOM_CUENTA", 60).etiqueta("Nombre de la cuenta");
     CAuxiliar.texto("NIT", 20).etiqueta("NIT");
     CAuxiliar.texto("NOM_TERCERO", 60).etiqueta("Nombre del tercero");

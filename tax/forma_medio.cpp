@@ -5,6 +5,7 @@
 #include "tax/calculo_cancelable.h"
 #include "tax/escoja_archivo.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/controles/fecha_contable.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
@@ -58,8 +59,10 @@ FormaMedio::FormaMedio(const DatosFormaMedio& datos)
     EAno = caja("EAno", 4);
     FecIni = caja("FecIni", 8);
     FecFin = caja("FecFin", 8);
-    for (QLineEdit* f : {FecIni, FecFin})
-        f->setToolTip("aaaammdd; el mes 13 son los ajustes del año");
+    for (QLineEdit* f : {FecIni, FecFin}) {
+        f->setToolTip("aaaammdd o aaaa/mm/dd; el mes 13 son los ajustes del año");
+        admita_barras(f);
+    }
     Ubicacion = caja("Ubicacion", 400);
     DBGridEh1 = new Rejilla(this, CMedmagdata);
     DBGridEh1->setObjectName("DBGridEh1");

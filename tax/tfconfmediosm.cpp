@@ -21,7 +21,8 @@ struct RejillaFormato {
     int codigo, ultima;
     const char *primera = nullptr, *segunda = nullptr;
 };
-constexpr RejillaFormato kFormatos[] = {{1005, 1, "IVA descontable", "IVA dev.ventas"},
+constexpr RejillaFormato kFormatos[] = {{1004, 1, "Valor pagado", "Descuento"},
+                                        {1005, 1, "IVA descontable", "IVA dev.ventas"},
                                         {1006, 1, "IVA generado", "IVA dev.compras"},
                                         {1007, 1, "Ingresos", "Devoluciones"}};
 
@@ -92,8 +93,8 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
     DBGridEh1->lista(DBGridEh1->columna_de("COME_NATUR"), {"D", "C"});
     DBGridEh2->lista(DBGridEh2->columna_de("MMCU_NATUR"),
                      {"Débito", "Crédito", "Solo débitos", "Solo créditos", "Débito con tercero",
-                      "Impuesto al consumo", "No se reporta"},
-                     {"D", "C", "B", "R", "T", "I", "N"});
+                      "Impuesto al consumo", "Retención asumida", "No se reporta"},
+                     {"D", "C", "B", "R", "T", "I", "A", "N"});
     maestro_->BeforePost = [this] { CCambiositBeforePost(); };
     maestro_->AfterInsert = [this] { CCambiositAfterInsert(); };
     detalle_->AfterInsert = [this] { CmmcuentasAfterInsert(); };

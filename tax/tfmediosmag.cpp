@@ -7,6 +7,7 @@
 #include "tax/medio_distrital.h"
 #include "tax/procedimiento.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/controles/fecha_contable.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -50,6 +51,8 @@ void Tfmediosmag::arme() {
     };
     FecIni = caja("FecIni", 8);
     FecFin = caja("FecFin", 8);
+    admita_barras(FecIni);
+    admita_barras(FecFin);
     Ubicacion = caja("Ubicacion", 400);
     LFormato = new QComboBox(this);
     LFormato->setObjectName("LFormato");

@@ -227,6 +227,17 @@ QString Tfmediosmag13::candado() const {
            " with lock";
 }
 
+QString Tfmediosmag13::por_configurar() const {
+    const Valor cuenta = fdm().Quorvex.consulte(
+        "select first 1 MMCU_CONS from CONFIGURA_MEDIOSMAG join MEDIOSMAG_CUENTAS on MMCU_ITEM = "
+        "COME_ITEM where COME_FORMATO = " +
+        QString::number(formato_));
+    return cuenta.nulo() ? QStringLiteral("El formato %1 no tiene conceptos con cuentas: F8 los "
+                                          "configura.")
+                               .arg(codigo())
+                         : QString();
+}
+
 void Tfmediosmag13::CMedmagdataAfterInsert() {
     CMedmagdata->FieldByName("MEMG_FORMATO") = formato_;
     CMedmagdata->FieldByName("MEMG_ANO") = ano();

@@ -32,6 +32,7 @@ protected:
     QString codigo() const override;
     QString calculo() const override;
     QString candado() const override;
+    QString por_configurar() const override;
     void SBGrabarClick() override;
     void SpeedButton3Click() override;
     void EAnoExit() override;

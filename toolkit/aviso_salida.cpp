@@ -1,6 +1,7 @@
 #include "toolkit/aviso_salida.h"
 
 #include <QDir>
+#include <QPrinter>
 
 namespace {
 std::function<void(const QString&)>& quien() {
@@ -22,9 +23,12 @@ void avise_grabado(const QString& ruta) {
     diga(QStringLiteral("Grabado en ") + QDir::toNativeSeparators(ruta));
 }
 
-void avise_impreso(const QString& impresora, int paginas) {
+void avise_impreso(const QPrinter& impresora, int paginas) {
+    if (!impresora.outputFileName().isEmpty())
+        return avise_grabado(impresora.outputFileName());
+    const QString nombre = impresora.printerName();
     diga(QStringLiteral("Impreso en %1: %2")
-             .arg(impresora.isEmpty() ? QStringLiteral("la impresora del sistema") : impresora,
+             .arg(nombre.isEmpty() ? QStringLiteral("la impresora del sistema") : nombre,
                   paginas == 1 ? QStringLiteral("una página")
                                : QStringLiteral("%1 páginas").arg(paginas)));
 }

@@ -3,9 +3,11 @@
 #include <QString>
 #include <functional>
 
+class QPrinter;
+
 /// Quién dice los avisos; sin nadie, se pierden.
 void diga_salidas(std::function<void(const QString& texto)> quien);
 /// "Grabado en /ruta/balance.pdf".
 void avise_grabado(const QString& ruta);
-/// "Impreso en la impresora del sistema: 3 páginas". `impresora` vacía es la del sistema.
-void avise_impreso(const QString& impresora, int paginas);
+/// "Impreso en la impresora del sistema: 3 páginas"; o grabado, si la impresora escribe un archivo.
+void avise_impreso(const QPrinter& impresora, int paginas);

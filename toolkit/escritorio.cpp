@@ -1,5 +1,6 @@
 // Marco de ventanas hijas y registro de pantallas por nombre.
 #include "toolkit/estilo.h"
+#include "toolkit/letras_alt.h"
 #include "toolkit/marcos.h"
 #include "toolkit/orden_lectura.h"
 #include "toolkit/pantalla.h"
@@ -46,6 +47,7 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         delete pantalla;
         return nullptr;
     }
+    reparta_letras(*pantalla, letras_de_menus(area_->window()));
     // El marco nuevo haría olvidar el control que FormCreate escogió para empezar.
     const QPointer<QWidget> primero = pantalla->focusWidget();
     auto* ventana = new QMdiSubWindow;
@@ -71,7 +73,11 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
                     r->guarde_en(ajustes_, pantalla->objectName() + '/' + r->objectName());
         if (ajustes_)
             tamano = ajustes_->value(clave_tamano(pantalla), tamano).toSize();
-        ventana->resize(tamano.boundedTo(pantalla->area_principal()));
+        const QSize area = pantalla->area_principal();
+        // La barra del lado no le quita ancho a lo que se lee.
+        if (tamano.height() > area.height())
+            tamano.rwidth() += ventana->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        ventana->resize(tamano.boundedTo(area));
         ventana->setProperty("inicial", ventana->size());
         if (pantalla->maximizada_)
             ventana->showMaximized();

@@ -1,5 +1,7 @@
 #include "toolkit/estilo.h"
 
+#include "toolkit/textos_qt.h"
+
 #include <QAbstractScrollArea>
 #include <QAbstractSpinBox>
 #include <QApplication>
@@ -69,6 +71,10 @@ protected:
             return false;
         if (evento->type() == QEvent::FocusOut && se_va(*static_cast<QFocusEvent*>(evento)))
             caja->setCursorPosition(0);
+        // Su disposición pudo darle el ancho después de que le llegó el texto.
+        const bool se_acomoda = evento->type() == QEvent::Show || evento->type() == QEvent::Resize;
+        if (se_acomoda && caja->isReadOnly() && !caja->hasFocus())
+            caja->home(false);
         if (evento->type() == QEvent::FocusIn)
             QMetaObject::invokeMethod(
                 caja, [caja] { empiece_por_el_comienzo(caja); }, Qt::QueuedConnection);
@@ -284,38 +290,57 @@ QPalette paleta() {
     return p;
 }
 
-/// El escritorio dice su tema con su paleta, o lo averiguó la aplicación (propiedad "tema");
-/// QUORVEX_TEMA (claro u oscuro) manda sobre los dos.
+/// El escritorio dice su tema con su paleta, o lo averigua la aplicación (propiedad "tema", claro u
+/// oscuro); QUORVEX_TEMA manda sobre los dos.
 bool pide_oscuro(const QApplication& aplicacion) {
-    const QString tema = qEnvironmentVariable("QUORVEX_TEMA");
-    if (tema == QLatin1String("claro") || tema == QLatin1String("oscuro"))
-        return tema == QLatin1String("oscuro");
+    for (const QString& tema :
+         {qEnvironmentVariable("QUORVEX_TEMA"), aplicacion.property("tema").toString()})
+        if (tema == QLatin1String("claro") || tema == QLatin1String("oscuro"))
+            return tema == QLatin1String("oscuro");
+    // Puesta la nuestra, la paleta ya no es la del sistema.
+    if (aplicacion.property("con_estilo").toBool())
+        return oscuro_;
     const QPalette del_sistema = aplicacion.palette();
-    return aplicacion.property("tema").toString() == QLatin1String("oscuro") ||
-           del_sistema.color(QPalette::Window).lightness() <
-               del_sistema.color(QPalette::WindowText).lightness();
+    return del_sistema.color(QPalette::Window).lightness() <
+           del_sistema.color(QPalette::WindowText).lightness();
+}
+
+/// Los menús y los diálogos propios de Qt también van en español.
+void instale_textos(QApplication& aplicacion) {
+    auto* textos = new QTranslator(&aplicacion);
+    if (textos->load(QStringLiteral("qtbase_es"),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        aplicacion.installTranslator(textos);
+    aplicacion.installTranslator(new TextosQt(&aplicacion));
+}
+
+/// Lo que ya estaba escrito en el color de los negativos pasa al del tema nuevo.
+void repinte_negativos(const QColor& anterior) {
+    for (QWidget* w : QApplication::allWidgets())
+        for (const auto rol : {QPalette::Text, QPalette::WindowText})
+            if (QPalette p = w->palette(); p.color(rol) == anterior) {
+                p.setColor(rol, color_negativo());
+                w->setPalette(p);
+            }
 }
 
 } // namespace
 
 void aplique_estilo(QApplication& aplicacion, const ColoresEmpresa& colores) {
-    // Los menús propios de Qt (copiar, pegar, restaurar la ventana) también van en español.
-    auto* textos = new QTranslator(&aplicacion);
-    if (textos->load(QStringLiteral("qtbase_es"),
-                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        aplicacion.installTranslator(textos);
     colores_ = colores;
     QFont letra = aplicacion.font();
     if (letra.pointSizeF() > 0 && letra.pointSizeF() < kPuntosMinimos)
         letra.setPointSizeF(kPuntosMinimos);
     aplicacion.setFont(letra);
-    // Puesta la nuestra, la paleta ya no es la del sistema.
-    if (!aplicacion.property("con_paleta").toBool()) {
-        oscuro_ = pide_oscuro(aplicacion);
-        aplicacion.setProperty("con_paleta", true);
-    }
+    const QColor negativo = color_negativo();
+    oscuro_ = pide_oscuro(aplicacion);
+    if (!aplicacion.property("con_estilo").toBool())
+        instale_textos(aplicacion);
+    aplicacion.setProperty("con_estilo", true);
     aplicacion.setStyle(new EstiloQuorvex);
     aplicacion.setPalette(paleta());
+    if (negativo != color_negativo())
+        repinte_negativos(negativo);
     // Adwaita trae sus iconos de color en PNG: no hace falta el complemento de SVG.
     if (QIcon::fromTheme(QStringLiteral("document-save")).isNull()) {
         QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() +

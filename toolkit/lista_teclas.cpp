@@ -86,12 +86,15 @@ QVector<TeclaExplicada> de_rejilla(const Rejilla& r) {
           << TeclaExplicada{"Supr", "Vaciar la celda"}
           << TeclaExplicada{"Esc", "Dejar la celda, y luego la fila, como estaban"}
           << TeclaExplicada{"Ctrl+V", "Pegar lo copiado de otra parte"};
+    // Con un orden propio, las filas pegadas cambian de lugar: no hay a qué volver.
+    if (r.OnDeshacer)
+        lista << TeclaExplicada{"Ctrl+Z", "Deshacer lo último que se pegó o se trajo"};
+    else if (r.conjunto() && r.conjunto()->IndexFieldNames().isEmpty())
+        lista << TeclaExplicada{"Ctrl+Z", "Deshacer lo último que se pegó"};
     if (r.permite_insertar)
         lista << TeclaExplicada{"Abajo en la última, Insert", "Agregar o insertar una fila"};
     if (r.permite_borrar)
         lista << TeclaExplicada{"Ctrl+Supr", "Borrar la fila"};
-    if (r.OnDeshacer)
-        lista << TeclaExplicada{"Ctrl+Z", "Deshacer lo último que se pegó o se trajo"};
     for (int c = 0; c < r.cuenta_columnas(); ++c)
         if (r.columna(c).Sugiere) {
             lista << TeclaExplicada{"Abajo al teclear un código o un nombre",

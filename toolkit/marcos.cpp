@@ -30,6 +30,9 @@ MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
     botones_ = barra_final(*pantalla);
     if (botones_) {
         botones_->setAutoFillBackground(true);
+        telon_ = new QWidget(pantalla);
+        telon_->setAutoFillBackground(true);
+        telon_->hide();
         botones_->installEventFilter(this);
     }
     pantalla->show();
@@ -57,6 +60,13 @@ void MarcoPantalla::fije_botones() {
         lugar.moveBottom(fondo);
     botones_->setProperty(kLugarNatural, lugar == natural ? QVariant() : QVariant(natural));
     botones_->setGeometry(lugar);
+    // Lo que pasa por debajo de la barra no se asoma por sus lados.
+    const int sobre = lugar.top() - margen / 2;
+    telon_->setGeometry(horizontalScrollBar()->value(), sobre, viewport()->width(),
+                        fondo + margen + 1 - sobre);
+    telon_->setVisible(natural.bottom() > fondo);
+    if (telon_->isVisible())
+        telon_->raise();
     if (lugar != natural)
         botones_->raise();
     fijando_ = false;

@@ -30,6 +30,7 @@ private:
 
     QPointer<Pantalla> pantalla_;
     QPointer<QWidget> botones_;
+    QPointer<QWidget> telon_; ///< detrás de los botones, cuando tapan lo que se desplaza
     bool fijando_ = false;
 };
 

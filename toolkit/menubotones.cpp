@@ -2,6 +2,7 @@
 
 #include "toolkit/estilo.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -35,4 +36,18 @@ QPushButton* MenuBotones::opcion(const QString& nombre, const QString& texto, co
         boton->setToolTip(QStringLiteral("Aún no está en esta versión"));
     }
     return boton;
+}
+
+void MenuBotones::keyPressEvent(QKeyEvent* evento) {
+    // Una letra lleva a la opción siguiente que empieza por ella, como en cualquier menú.
+    const QString letra = evento->text();
+    if (!(evento->modifiers() & ~Qt::ShiftModifier) && !letra.isEmpty() && letra[0].isLetter()) {
+        const auto opciones = findChildren<QPushButton*>();
+        const auto n = opciones.size(), desde = opciones.indexOf(focusWidget());
+        for (qsizetype i = 1; i <= n; ++i)
+            if (QPushButton* b = opciones[(desde + i) % n];
+                b->isEnabled() && b->text().startsWith(letra, Qt::CaseInsensitive))
+                return b->setFocus(Qt::ShortcutFocusReason);
+    }
+    Pantalla::keyPressEvent(evento);
 }

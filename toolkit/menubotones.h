@@ -1,5 +1,6 @@
 #pragma once
-// Menú pequeño de botones grandes (Tfmnucuentas y sus pares). Esc lo cierra.
+// Menú pequeño de botones grandes (Tfmnucuentas y sus pares). Las flechas o la primera letra de una
+// opción llevan a ella, Enter la abre y Esc cierra.
 #include "toolkit/pantalla.h"
 
 class QPushButton;
@@ -14,6 +15,9 @@ public:
     /// La que abre esa pantalla; si esta versión no la trae, se ve apagada.
     QPushButton* opcion(const QString& nombre, const QString& texto, const QString& icono,
                         const QString& pantalla, std::function<void()> accion);
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override;
 
 private:
     QVBoxLayout* columna_;

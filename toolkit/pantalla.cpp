@@ -2,6 +2,7 @@
 
 #include "toolkit/controles/controldato.h"
 #include "toolkit/estilo.h"
+#include "toolkit/letras_alt.h"
 #include "toolkit/marcos.h"
 
 #include <QApplication>
@@ -115,6 +116,7 @@ int Pantalla::mostrar_modal() {
     if (!cree())
         return mrCancel;
     cerrada_ = false;
+    reparta_letras(*this, {}); // su ventana no tiene menús
     QPointer<Pantalla> viva(this);
     const QPointer<QWidget> primero = focusWidget();
     {

@@ -1,6 +1,7 @@
 #include "vouchers/filtros_busqueda.h"
 
 #include "datos/recordset/condicion.h"
+#include "toolkit/controles/fecha_contable.h"
 #include "toolkit/estilo.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -20,6 +21,8 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     LTipo = new ListaDato(this);
     LTipo->setObjectName("LTipo");
     LTipo->lista_de(&tipos, "TICO_COD", "TICO_NOM");
+    LTipo->OnChange = [this] { pendiente_ = true; };
+    LTipo->installEventFilter(this);
     buscar = new QPushButton(icono("edit-find"), "Buscar", this);
     buscar->setObjectName(nombre_boton);
     buscar->setAutoDefault(false);
@@ -32,6 +35,8 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     for (const FiltroTexto& f : filtros_) {
         auto* caja = nombrado(new QLineEdit(this), f.nombre);
         caja->setMaxLength(f.ancho);
+        if (QString(f.rotulo).startsWith("Fecha"))
+            admita_barras(caja);
         caja->installEventFilter(this);
         connect(caja, &QLineEdit::textEdited, this, [this] { pendiente_ = true; });
         cajas_ << caja;
@@ -117,7 +122,8 @@ void FiltrosBusqueda::busque() {
 
 bool FiltrosBusqueda::reclama(const QKeyEvent& evento) {
     const bool enter = evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter;
-    return enter && pendiente_ && cajas_.contains(qobject_cast<QLineEdit*>(focusWidget()));
+    return enter && pendiente_ &&
+           (LTipo->hasFocus() || cajas_.contains(qobject_cast<QLineEdit*>(focusWidget())));
 }
 
 bool FiltrosBusqueda::eventFilter(QObject* objeto, QEvent* evento) {

@@ -22,7 +22,7 @@ struct FiltroTexto {
     QString condicion(const QString& digitado) const;
 };
 
-/// Con texto sin buscar, Enter en una caja busca en vez de lo que haga la pantalla.
+/// Con un tipo o un texto sin buscar, Enter en él busca en vez de lo que haga la pantalla.
 class FiltrosBusqueda : public QWidget, public ReclamaTeclas {
     Q_OBJECT
 public:

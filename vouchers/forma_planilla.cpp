@@ -1,5 +1,7 @@
 #include "vouchers/forma_planilla.h"
 
+#include "sesion/ayuda_al_teclear.h"
+#include "toolkit/controles/editor_sugerido.h"
 #include "vouchers/pch.h"
 #include "vouchers/peticiones_planilla.h"
 #include "vouchers/piezas.h"
@@ -78,7 +80,8 @@ void FormaPlanilla::construya() {
     LPref = nombrado(new ListaDato(&CPlanilla, "PLDI_PREF"), "LPref");
     LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
     ENombre = editor("PLDI_NOMBRE", "ENombre");
-    Nit = editor("PLDI_NIT", "Nit", 15);
+    Nit = nombrado(caja_de_tercero(CPlanilla, "PLDI_NIT"), "Nit");
+    Nit->ancho(15);
     Proy = editor("PLDI_PROY", "Proy", 6);
     Centro = editor("PLDI_CENTRO", "Centro", 6);
     Nit->OnDblClick = [this] { busque_tercero({}); };
@@ -95,6 +98,7 @@ void FormaPlanilla::construya() {
                          {"PLDC_BASE", "Con base", 8, Casilla},
                          {"PLDC_DB", "Débito", 8, Casilla},
                          {"PLDC_CUADRAR", "Cuadrar", 8, Casilla}});
+    ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, "PLDC_CUENTA");
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->texto_vacio = "La planilla no tiene cuentas. Insert agrega la primera.";
     DBGridEh1->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
@@ -144,7 +148,9 @@ void FormaPlanilla::FormCreate() {
     CPlanilla.Params["ID"] = id.toInt();
     CPlanilla.Open();
     if (modo_ == Nueva) {
-        CPlanilla.IsEmpty() ? nueva_planilla() : recupere_provisional();
+        provisional_ = !CPlanilla.IsEmpty();
+        if (!provisional_)
+            nueva_planilla();
     } else if (CPlanilla.IsEmpty()) {
         muestre_mensaje("No se encontró la planilla.");
         pida_cierre_al_crear();
@@ -165,6 +171,15 @@ void FormaPlanilla::FormCreate() {
     ENombre->setFocus();
     if (!fdm().exija_acceso(kDigitar))
         pida_cierre_al_crear();
+}
+
+void FormaPlanilla::FormActivate() {
+    // Ya con la ventana a la vista, para que la pregunta se entienda.
+    if (!std::exchange(provisional_, false))
+        return;
+    recupere_provisional();
+    muestre_fijos();
+    CuentasAfterScroll();
 }
 
 void FormaPlanilla::nueva_planilla() {

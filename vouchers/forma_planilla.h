@@ -19,6 +19,7 @@ public:
     explicit FormaPlanilla(Modo modo);
 
     void FormCreate() override;
+    void FormActivate() override;
     bool FormClose() override;
 
     Sentencia TPlanillad, TPlanilladctas;
@@ -49,6 +50,7 @@ private:
     bool hay_por_perder() const;
 
     const Modo modo_;
+    bool provisional_ = false; ///< la base tiene una sin grabar del todo
     ContadorLineas contador_;
     ListaDato *LTipo, *LPref;
     EditorDato *ENombre, *Nit, *Proy, *Centro;

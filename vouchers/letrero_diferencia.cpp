@@ -1,6 +1,7 @@
 #include "vouchers/letrero_diferencia.h"
 
 #include "libro/diferencia.h"
+#include "toolkit/controles/editornumero.h"
 #include "toolkit/estilo.h"
 #include "vouchers/lineas_cuenta.h"
 
@@ -39,12 +40,20 @@ QString LetreroDiferencia::dice() {
 
 void LetreroDiferencia::diga() {
     pendiente_ = false;
-    if (!lineas_.detalle.Active() || lineas_.sin_lineas()) {
+    const bool digitando = lineas_.detalle.State() == Estado::Insercion;
+    if (!lineas_.detalle.Active() || (lineas_.sin_lineas() && !digitando)) {
         clear();
+        lineas_.Sumadeb->vacie();
+        lineas_.SumCred->vacie();
         return;
     }
     const Lados lados = lineas_.sumas_al_digitar();
-    const QString texto = diferencia_en_palabras(lados.debito, lados.credito);
+    const bool nada = lineas_.sin_lineas() && lados.debito.es_cero() && lados.credito.es_cero();
+    if (!nada) {
+        lineas_.Sumadeb->valor(lados.debito);
+        lineas_.SumCred->valor(lados.credito);
+    }
+    const QString texto = nada ? QString() : diferencia_en_palabras(lados.debito, lados.credito);
     if (texto == text())
         return;
     setText(texto);

@@ -1,5 +1,6 @@
 #pragma once
-// "Falta débito 237,500.00": la diferencia de un libro mientras se digita, junto a sus sumas.
+// "Falta débito 237,500.00": la diferencia de un libro mientras se digita, junto a sus sumas, que
+// van a su mismo paso.
 #include "datos/recordset/conjunto.h"
 
 #include <QLabel>

@@ -2,7 +2,7 @@
 
 #include "libro/aritmetica.h"
 #include "libro/grabacion.h"
-#include "sesion/indices_catalogos.h"
+#include "sesion/ayuda_al_teclear.h"
 #include "toolkit/rejilla/texto_tabulado.h"
 #include "vouchers/anuncio_pegado.h"
 #include "vouchers/letrero_diferencia.h"
@@ -254,14 +254,7 @@ QMenu* LineasCuenta::arme_menu(const QVector<Rejilla::Orden>& ordenes,
 // ---------------------------------------------------------------- ayudas al digitar
 
 void LineasCuenta::ofrezca_al_teclear() {
-    rejilla->columna(kCuenta).Sugiere = [this](const QString& tecleado) {
-        return IndicesCatalogos::de_la_sesion().cuentas(libro).busque(tecleado);
-    };
-    rejilla->columna(kTercero).Sugiere = [](const QString& tecleado) {
-        return IndicesCatalogos::de_la_sesion().terceros().busque(tecleado);
-    };
-    // Al llegar a las líneas, y no con cada tecla, se mira si alguien cambió los catálogos.
-    rejilla->OnEnter = [this] { IndicesCatalogos::de_la_sesion().refresque(libro); };
+    ::ofrezca_al_teclear(*rejilla, libro, n_.cuenta, n_.tercero);
     rejilla->OnDigitado = [this] {
         if (LabDiferencia)
             LabDiferencia->diga();

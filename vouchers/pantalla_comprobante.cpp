@@ -1,6 +1,6 @@
 #include "vouchers/pantalla_comprobante.h"
 
-#include "sesion/indices_catalogos.h"
+#include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/estilo.h"
 #include "toolkit/historia_avisos.h"
@@ -99,18 +99,13 @@ void PantallaComprobante::construya_controles() {
     EDia->setFixedWidth(EDia->fontMetrics().horizontalAdvance("0000"));
     ERef = nombrado(new EditorDato(&CMovimiento, "ENCO_REFER"), "ERef");
     DBEdit1 = nombrado(new EditorDato(&CMovimiento, "ENCO_CONCEPTO"), "DBEdit1");
-    const auto de_tercero = [this](const char* campo, const char* nombre) {
-        auto* e = nombrado(new EditorSugerido(&CMovimiento, campo), nombre);
-        e->Sugiere = [](const QString& tecleado) {
-            return IndicesCatalogos::de_la_sesion().terceros().busque(tecleado);
-        };
-        return e;
-    };
-    DBEdit2 = de_tercero("TERC_NIT", "DBEdit2");
+    DBEdit2 = nombrado(caja_de_tercero(CMovimiento, "TERC_NIT"), "DBEdit2");
     DBEdit2->ancho(13);
     DBEdit3 = nombrado(new EditorDato(&CMovimiento, "ENCO_NOMTERC"), "DBEdit3");
     DBEdit6 = nombrado(new EditorDato(&CMovimiento, "ENCO_MONTO"), "DBEdit6");
-    Mand = de_tercero("ENCO_MANDANTE", "Mand");
+    Mand = nombrado(caja_de_tercero(CMovimiento, "ENCO_MANDANTE"), "Mand");
+    // Por aquí se pasa en cada comprobante: los catálogos se miran al llegar a las líneas.
+    DBEdit2->OnEnter = Mand->OnEnter = nullptr;
     NomMand = caja_de_lectura("NomMand", 30);
     DBCheckBox1 =
         nombrado(new CasillaDato("Descontable", &CMovimiento, "ENCO_DESCONTABLE"), "DBCheckBox1");

@@ -22,14 +22,18 @@ PantallaPlantilla::PantallaPlantilla(const QString& clase, const QString& titulo
 
 PantallaPlantilla::~PantallaPlantilla() = default;
 
-void PantallaPlantilla::defina_campos() {
-    ConjuntoDatos& c = CPlantilla;
+void defina_encabezado_plantilla(ConjuntoDatos& c) {
     c.entero("PLAN_ID").banderas(pfInUpdate | pfInWhere | pfInKey);
     c.texto("TICO_COD", 3);
     c.texto("PRCO_PREF", 4);
     c.texto("PLAN_CONCEPTO", 60);
     c.texto("PLAN_REFER", 8);
     c.texto("PLAN_USUARIO", 10);
+}
+
+void PantallaPlantilla::defina_campos() {
+    ConjuntoDatos& c = CPlantilla;
+    defina_encabezado_plantilla(c);
     c.BeforePost = [this] { CPlantillaBeforePost(); };
     c.FieldByName("TICO_COD").OnChange = [this](Campo& x) { TICO_CODChange(x); };
     CDetalle.anide_en(&c, &fdmcnt().TPlantilladetalle);

@@ -4,6 +4,9 @@
 
 class EditorDato;
 
+/// Los datos del encabezado de una plantilla, como están en su tabla.
+void defina_encabezado_plantilla(ConjuntoDatos& c);
+
 class PantallaPlantilla : public PantallaLineas {
     Q_OBJECT
 public:

@@ -1,5 +1,6 @@
 #include "vouchers/tfbuscplantilla.h"
 
+#include "vouchers/pantalla_plantilla.h"
 #include "vouchers/pch.h"
 
 namespace {
@@ -10,13 +11,7 @@ const char* const kOrden = "order by tico_cod, prco_pref";
 Tfbuscplantilla::Tfbuscplantilla()
     : BusquedaPorTipo("Tfbuscplantilla", "Búsqueda de plantillas", fdmcnt().TPlantilla,
                       "CPlantilla") {
-    ConjuntoDatos& c = conjunto_;
-    c.entero("PLAN_ID").banderas(pfInUpdate | pfInWhere | pfInKey);
-    c.texto("TICO_COD", 3);
-    c.texto("PRCO_PREF", 4);
-    c.texto("PLAN_CONCEPTO", 60);
-    c.texto("PLAN_REFER", 8);
-    c.texto("PLAN_USUARIO", 10);
+    defina_encabezado_plantilla(conjunto_);
     fijo_ = "select * from plantilla_encabezado ";
 
     construya_filtros({{"TPref", "Prefijo", 4, "prco_pref"},

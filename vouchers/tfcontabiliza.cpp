@@ -87,7 +87,7 @@ void Tfcontabiliza::construya() {
     barra->boton("SpeedButton9", "F9:Plantilla", "folder-open", Qt::Key_F9,
                  [this] { SpeedButton9Click(); });
     barra->separe();
-    barra->boton("SpeedButton6", "Esc:Cerrar", "window-close", Qt::Key_Escape,
+    barra->boton("SpeedButton6", "Esc:Salir", "window-close", Qt::Key_Escape,
                  [this] { resultado_modal(mrCancel); });
     const auto pagina = [this](int clave, int indice) {
         tecla(clave, Qt::ControlModifier, "PageControl1", [this, indice] {

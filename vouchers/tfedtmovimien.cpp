@@ -1,5 +1,6 @@
 #include "vouchers/tfedtmovimien.h"
 
+#include "datos/firebird/reloj.h"
 #include "libro/revision.h"
 #include "sesion/copias_comprobante.h"
 #include "vouchers/copia_plantilla.h"
@@ -208,6 +209,53 @@ void Tfedtmovimien::CMovimientoAfterEdit() {
 void Tfedtmovimien::FormActivate() {
     if (ajustes.mostrar_saldo && CTipodoc.Active())
         CTipodoc.Refresh();
+    if (!borrador_ && !solo_imprime_ && SBGrabar->isEnabled())
+        siga_borrador();
+}
+
+// ---------------------------------------------------------------- borrador
+
+void Tfedtmovimien::siga_borrador() {
+    borrador_ = new BorradorVivo(
+        conjuntos(),
+        fdm().Quorvex.parametros().base + '/' + fdm().usuario + '/' +
+            peticion<AbreComprobante>().comprobante_encontrado,
+        [this] { return huella(visto_); }, this);
+    borrador_->parta_de(visto_);
+    ofrezca_borrador();
+    borrador_->siga();
+}
+
+void Tfedtmovimien::ofrezca_borrador() {
+    const auto b = borrador_->tome_huerfano();
+    if (!b)
+        return;
+    const QString ofrece = QStringLiteral("%1 quedaron cambios sin grabar en este comprobante.")
+                               .arg(hace_cuanto(b->momento, reloj().ahora()).replace(0, 1, "H"));
+    const bool igual = b->dia == huella(visto_);
+    if (!(igual ? pregunte(ofrece + " Desea retomarlos?")
+                : pregunte_con_no(ofrece + " Después de eso se grabó con otros, que se perderían. "
+                                           "Desea retomarlos?")))
+        return;
+    {
+        const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
+        vuelque(b->comprobante, conjuntos());
+        for (ConjuntoDatos* d : {&CDetalle, &Cdetniif})
+            d->First();
+    }
+    siga_los_items();
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        l->actualice_sumas();
+        l->muestre_linea();
+    }
+}
+
+bool Tfedtmovimien::FormClose() {
+    if (!PantallaComprobante::FormClose())
+        return false;
+    if (borrador_)
+        borrador_->descarte();
+    return true;
 }
 
 // ---------------------------------------------------------------- grabar e imprimir
@@ -281,6 +329,8 @@ void Tfedtmovimien::recuerde_lo_visto() {
     const qint64 id = CMovimiento.FieldByName("ENCO_CONSEC").entero();
     if (const auto guardado = lea_comprobante(fdm().Quorvex, id))
         visto_ = *guardado;
+    if (borrador_)
+        borrador_->parta_de(lea_comprobante(conjuntos()));
 }
 
 // ---------------------------------------------------------------- órdenes

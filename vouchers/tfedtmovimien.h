@@ -3,6 +3,7 @@
 //
 // Decide qué se puede cambiar todavía: las fechas de bloqueo de cada libro, los comprobantes de
 // otros módulos y los derechos del usuario. Las reglas de las líneas son las de digitar.
+#include "vouchers/borrador_vivo.h"
 #include "vouchers/pantalla_comprobante.h"
 
 class Tfedtmovimien : public PantallaComprobante {
@@ -31,6 +32,7 @@ protected:
     bool pegar_abre_columnas() const override { return false; }
     void SBGrabarClick() override;
     bool hay_por_perder() const override;
+    bool FormClose() override;
     bool se_tolera(const Rechazo& rechazo) const override;
     void TabSheet2Enter() override;
     void TabSheet2Exit() override;
@@ -47,6 +49,8 @@ private:
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
     void replique();
     void recuerde_lo_visto();
+    void siga_borrador();
+    void ofrezca_borrador();
     qint64 id_por_copiar();
     bool toca_la_replica() const;
     void SBBorrarClick();
@@ -61,6 +65,7 @@ private:
 
     QString anio_voucher;
     int mes_voucher = 0;
-    bool solo_imprime_ = false; ///< nada se puede cambiar: F2 imprime
-    Comprobante visto_;         ///< como lo vio quien lo abrió, o como lo dejó al grabar
+    bool solo_imprime_ = false;        ///< nada se puede cambiar: F2 imprime
+    BorradorVivo* borrador_ = nullptr; ///< nulo: nada se puede corregir
+    Comprobante visto_;                ///< como lo vio quien lo abrió, o como lo dejó al grabar
 };

@@ -94,20 +94,26 @@ void Tfmovimien::FormCreate() {
     CMovimiento.FetchParams();
     CMovimiento.Params["ID"] = "0";
     CMovimiento.Open();
-    if (CMovimiento.IsEmpty())
+    provisional_ = !CMovimiento.IsEmpty();
+    if (!provisional_)
         CMovimiento.Append();
-    else
-        recupere_provisional();
     tamano_del_area(60, 40);
+}
+
+void Tfmovimien::ofrezca_lo_pendiente() {
+    // Ya con la ventana a la vista, para que las preguntas se entiendan.
     borrador_ = new BorradorVivo(
         conjuntos(), fdm().Quorvex.parametros().base + '/' + fdm().usuario,
         [this] { return EDia->text(); }, this);
+    if (provisional_)
+        recupere_provisional();
     if (CMovimiento.State() == Estado::Insercion)
         ofrezca_borrador();
     borrador_->siga();
 }
 
 void Tfmovimien::recupere_provisional() {
+    CMovimiento.Cancel(); // llegar a su tipo pudo ponerlo en edición
     switch (
         pregunte_botones("Se encontró un comprobante previo que no está correctamente registrado. "
                          "Desea Eliminarlo o Recuperarlo?",
@@ -191,6 +197,8 @@ void Tfmovimien::FormActivate() {
         for (ConjuntoDatos* c : {&CTipodoc, &CPrefijos, &CProyectos})
             if (c->Active())
                 c->Refresh();
+    if (!borrador_)
+        ofrezca_lo_pendiente();
 }
 
 void Tfmovimien::muestre_periodo() {

@@ -48,6 +48,7 @@ private:
     QString siguiente_numero();
     void asegure_numeracion();
     void recupere_provisional();
+    void ofrezca_lo_pendiente();
     void ofrezca_borrador();
     void recupere(const Borrador& borrador);
     void busque_plantilla();
@@ -58,5 +59,6 @@ private:
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
 
     BorradorVivo* borrador_ = nullptr;
-    int mes_ = 0; ///< índice del mes en la última activación
+    bool provisional_ = false; ///< la base tiene uno sin grabar del todo
+    int mes_ = 0;              ///< índice del mes en la última activación
 };

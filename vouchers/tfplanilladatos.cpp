@@ -1,9 +1,13 @@
 #include "vouchers/tfplanilladatos.h"
 
+#include "datos/firebird/reloj.h"
+#include "libro/borrador.h"
 #include "libro/catalogos.h"
 #include "libro/numeracion.h"
 #include "libro/revision.h"
+#include "sesion/ayuda_al_teclear.h"
 #include "toolkit/aviso_trabajo.h"
+#include "vouchers/borrador_filas.h"
 #include "vouchers/lineas_cuenta.h"
 #include "vouchers/pch.h"
 #include "vouchers/peticiones_planilla.h"
@@ -130,6 +134,7 @@ void Tfplanilladatos::defina_hoja() {
     c.CreateDataSet();
     DBGridEh1->ate(&c);
     DBGridEh1->columnas(columnas);
+    ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, {}, kTercero);
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
 }
 
@@ -151,6 +156,25 @@ void Tfplanilladatos::valide(const char* columna,
         if (const auto rechazo = revise(v.texto()))
             throw ErrorDatos(rechazo->texto);
     };
+}
+
+void Tfplanilladatos::FormActivate() {
+    // Ya con la ventana a la vista, para que la pregunta se entienda.
+    if (std::exchange(mirado_, true))
+        return;
+    borrador_ = new BorradorFilas(
+        fdm().Quorvex.parametros().base + '/' + fdm().usuario + "/planilla/" +
+            peticion<AbrePlanilla>().planilla_seleccion,
+        {&CVirtdata}, [this] { return !CVirtdata.IsEmpty(); }, this);
+    if (const auto h = borrador_->tome_huerfano()) {
+        const qsizetype n = h->filas.first().size();
+        if (pregunte(
+                QStringLiteral("%1 quedó esta planilla sin grabar, con %2. Desea retomarla?")
+                    .arg(hace_cuanto(h->momento, reloj().ahora()).replace(0, 1, "H"),
+                         n == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(n))))
+            borrador_->reponga(*h);
+    }
+    borrador_->siga();
 }
 
 // ---------------------------------------------------------------- filas
@@ -341,6 +365,8 @@ bool Tfplanilladatos::FormClose() {
         return false;
     CVirtdata.Cancel();
     CVirtdata.Close();
+    if (borrador_)
+        borrador_->descarte();
     CMovimiento.Close();
     return true;
 }

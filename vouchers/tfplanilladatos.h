@@ -6,6 +6,7 @@
 #include "toolkit/pantalla.h"
 #include "vouchers/planilla.h"
 
+class BorradorFilas;
 class QLineEdit;
 class Rejilla;
 
@@ -16,6 +17,7 @@ public:
     ~Tfplanilladatos() override;
 
     void FormCreate() override;
+    void FormActivate() override;
     bool FormClose() override;
 
     Proveedor PMovimiento;
@@ -42,5 +44,6 @@ private:
 
     Planilla planilla_;
     QLineEdit *ETipo, *EMes, *EAno;
-    bool grabado_ = false;
+    BorradorFilas* borrador_ = nullptr;
+    bool grabado_ = false, mirado_ = false;
 };

@@ -2,11 +2,15 @@
 // Plantillas nuevas, una tras otra.
 #include "vouchers/pantalla_plantilla.h"
 
+class BorradorFilas;
+
 class Tfplantilla : public PantallaPlantilla {
     Q_OBJECT
 public:
     Tfplantilla();
     void FormCreate() override;
+    void FormActivate() override;
+    bool FormClose() override;
 
 protected:
     void SBGrabarClick() override;
@@ -14,4 +18,7 @@ protected:
 
 private:
     void CPlantillaAfterInsert();
+    void ofrezca_borrador();
+
+    BorradorFilas* borrador_ = nullptr;
 };

@@ -7,22 +7,46 @@
 namespace {
 constexpr int kEsperaMs = 300;
 constexpr uint kPrefiereOscuro = 1;
+const QString kServicio = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kRuta = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString kPreferencias = QStringLiteral("org.freedesktop.portal.Settings");
+const QString kEspacio = QStringLiteral("org.freedesktop.appearance");
+const QString kLlave = QStringLiteral("color-scheme");
+
+/// Sin un bus ya abierto no se pregunta: buscarlo arrancaría uno.
+bool hay_bus() {
+    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");
+}
+
+/// El portal envuelve el valor una o dos veces, según su versión.
+bool es_oscuro(QVariant valor) {
+    while (valor.canConvert<QDBusVariant>())
+        valor = valor.value<QDBusVariant>().variant();
+    return valor.toUInt() == kPrefiereOscuro;
+}
 } // namespace
 
 bool escritorio_oscuro() {
-    // Sin un bus ya abierto no se pregunta: buscarlo arrancaría uno.
-    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+    if (!hay_bus())
         return false;
-    QDBusMessage pregunta = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"),
-        QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
-    pregunta << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
+    QDBusMessage pregunta =
+        QDBusMessage::createMethodCall(kServicio, kRuta, kPreferencias, QStringLiteral("Read"));
+    pregunta << kEspacio << kLlave;
     const QDBusMessage respuesta =
         QDBusConnection::sessionBus().call(pregunta, QDBus::Block, kEsperaMs);
-    // El portal envuelve el valor una o dos veces, según su versión.
-    QVariant valor = respuesta.arguments().value(0);
-    while (valor.canConvert<QDBusVariant>())
-        valor = valor.value<QDBusVariant>().variant();
-    return respuesta.type() == QDBusMessage::ReplyMessage && valor.toUInt() == kPrefiereOscuro;
+    return respuesta.type() == QDBusMessage::ReplyMessage &&
+           es_oscuro(respuesta.arguments().value(0));
+}
+
+VigiaTema::VigiaTema(QObject* padre) : QObject(padre) {
+    if (hay_bus())
+        QDBusConnection::sessionBus().connect(kServicio, kRuta, kPreferencias,
+                                              QStringLiteral("SettingChanged"), this,
+                                              SLOT(preferencia(QDBusMessage)));
+}
+
+void VigiaTema::preferencia(const QDBusMessage& aviso) {
+    const QVariantList datos = aviso.arguments(); // espacio, llave, valor
+    if (datos.value(0).toString() == kEspacio && datos.value(1).toString() == kLlave)
+        emit cambio(es_oscuro(datos.value(2)));
 }

@@ -400,9 +400,9 @@ BEGIN
     END
   END
   EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO, left(REFER, 8),
-    NULL, USUARIO, iif(ALCANCE IS NULL, 'Baja de activos', 'Depreciación'),
-    iif(ALCANCE IS NULL, 'no hay activos fuera de uso por dar de baja.',
-      'ningún activo tiene cargo hasta ese mes.'),
+    NULL, USUARIO, trim(iif(ALCANCE IS NULL, 'Baja de activos', 'Depreciación')),
+    trim(iif(ALCANCE IS NULL, 'no hay activos fuera de uso por dar de baja.',
+      'ningún activo tiene cargo hasta ese mes.')),
     iif(ALCANCE IS NULL, 'S', 'N'))
   RETURNING_VALUES ID, NUMERO_FINAL;
   INSERT INTO DEPRECIACION_DETALLE (DEDE_ID, DEPR_ID, ACFJ_COD, DEDE_LIBRO, DEDE_CLASE, DEDE_FECHA,

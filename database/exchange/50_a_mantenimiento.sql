@@ -28,6 +28,18 @@ BEGIN
     || ' de fechas bloqueadas.';
 END^
 
+-- El plan NIIF no lleva auditoría propia: lo que el mantenimiento le hace se anota en la del plan.
+-- Interna; la llaman ABRA_AUXILIAR_NIIF y CAMBIE_DETALLE_CUENTA_NIIF.
+CREATE OR ALTER PROCEDURE AUDITE_PLAN_NIIF (CUENTA varchar(20), OPER char(1))
+AS
+  DECLARE RAZON varchar(255);
+BEGIN
+  RAZON = rdb$get_context('USER_TRANSACTION', 'RAZON_ANULACION');
+  rdb$set_context('USER_TRANSACTION', 'RAZON_ANULACION', 'Plan NIIF');
+  EXECUTE PROCEDURE AUDITE_CATALOGO(100, CUENTA, OPER, NULL);
+  rdb$set_context('USER_TRANSACTION', 'RAZON_ANULACION', RAZON);
+END^
+
 --<LIBROS>
 -- Cambia la cuenta ORIGEN por DESTINO en las líneas de los comprobantes de DESDE a HASTA, de un
 -- TIPO o de todos (nulo). La llama Tfcambictamov.
@@ -125,7 +137,7 @@ BEGIN
     NEGATIVA = 'El tercero ' || DESTINO || ' no existe.';
   ELSE IF (RENGLONES = 0) THEN
     NEGATIVA = 'El tercero ' || ORIGEN || ' no tiene movimientos'
-      || iif(CUENTA IS NULL, '.', ' en la cuenta.');
+      || trim(TRAILING FROM iif(CUENTA IS NULL, '.', ' en la cuenta.'));
   ELSE IF (ORIGEN = DESTINO) THEN
     NEGATIVA = 'El tercero que reemplaza al ' || ORIGEN || ' debe ser otro.';
   ELSE
@@ -191,6 +203,8 @@ BEGIN
       CUEN_BASEMIN, CUEN_PORC, CUEN_AJUSDB, CUEN_TIPO, 'S',
       iif('{LIBRO}' = 'NIIF', CUEN_EQNIIF, nullif(:EQUIVALENTE, ''))
     FROM {CUENTAS} WHERE CUEN_COD = :MAYOR;
+    IF ('{LIBRO}' = 'NIIF') THEN
+      EXECUTE PROCEDURE AUDITE_PLAN_NIIF(CUENTA, 'I');
     UPDATE {DETALLE} SET CUEN_COD = :CUENTA WHERE CUEN_COD = :MAYOR;
     RENGLONES = ROW_COUNT;
     UPDATE SALDOS_INICIALES{_NIIF} SET CUEN_COD = :CUENTA WHERE CUEN_COD = :MAYOR;
@@ -224,6 +238,8 @@ BEGIN
     UPDATE {CUENTAS} SET CUEN_TERCERO = :TERCERO, CUEN_CENTRO = :CENTRO,
       CUEN_RETENCION = :RETENCION
     WHERE CUEN_COD = :CUENTA;
+    IF ('{LIBRO}' = 'NIIF') THEN
+      EXECUTE PROCEDURE AUDITE_PLAN_NIIF(CUENTA, 'M');
     DELETE FROM CUENTA_EN_MANTENIMIENTO WHERE LIBRO = '{LIBRO}' AND CUEN_COD = :CUENTA;
   END
   SUSPEND;

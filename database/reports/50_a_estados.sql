@@ -268,7 +268,7 @@ END^
 -- "S", también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual.
 CREATE OR ALTER PROCEDURE BALANCE_ANUAL{_NIIF} (
   ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), SALDOS char(1))
-RETURNS (CODIGO varchar(30), NOMBRE varchar(60), INICIAL numeric(15,2), MVENE numeric(15,2),
+RETURNS (CODIGO varchar(41), NOMBRE varchar(60), INICIAL numeric(15,2), MVENE numeric(15,2),
   MVFEB numeric(15,2), MVMAR numeric(15,2), MVABR numeric(15,2), MVMAY numeric(15,2),
   MVJUN numeric(15,2), MVJUL numeric(15,2), MVAGO numeric(15,2), MVSEP numeric(15,2),
   MVOCT numeric(15,2), MVNOV numeric(15,2), MVDIC numeric(15,2), MVCIE numeric(15,2),
@@ -339,7 +339,7 @@ END^
 -- las filas de tercero. Lo llama Tfrngbalancecomparativo.
 CREATE OR ALTER PROCEDURE BALANCE_COMPARATIVO{_NIIF} (
   ANO1 varchar(4), MES1 smallint, ANO2 varchar(4), MES2 smallint, TERCEROS char(1))
-RETURNS (CUENTA varchar(30), NOM_CUENTA varchar(60), NIT varchar(20), NOM_TERCERO varchar(60),
+RETURNS (CUENTA varchar(41), NOM_CUENTA varchar(60), NIT varchar(20), NOM_TERCERO varchar(60),
   INICIAL1 numeric(15,2), DEBITOS1 numeric(15,2), CREDITOS1 numeric(15,2), FINAL1 numeric(15,2),
   INICIAL2 numeric(15,2), DEBITOS2 numeric(15,2), CREDITOS2 numeric(15,2), FINAL2 numeric(15,2),
   TERCERO char(1), NIVEL integer, NOMCTATER varchar(60))

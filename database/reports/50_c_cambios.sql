@@ -5,7 +5,8 @@ SET TERM ^ ;
 -- Cambios del patrimonio (libro 2649): parte del saldo de la clase 3 al 31 de diciembre anterior,
 -- suma los aumentos y resta las disminuciones del año por grupo, y llega al saldo final, con el
 -- resultado que aún no se cierra. CTA36 lleva también el grupo 37. SAL... es el saldo que va
--- quedando; OK es "S" si el último es el de los libros. Lo llama Tfcambiopatr.
+-- quedando; OK, desde que se sabe, es "S" si el último es el de los libros. Lo llama
+-- Tfcambiopatr.
 CREATE OR ALTER PROCEDURE CAMBIOS_PATRIMONIO (ANO varchar(4))
 RETURNS (CONCEPTO varchar(60), CTA31 numeric(15,2), CTA32 numeric(15,2), CTA33 numeric(15,2),
   CTA34 numeric(15,2), CTA35 numeric(15,2), CTA36 numeric(15,2), CTA38 numeric(15,2),
@@ -60,7 +61,7 @@ BEGIN
     SAL38 = SAL38 + CTA38;
     TOTALMOV = CTA31 + CTA32 + CTA33 + CTA34 + CTA35 + CTA36 + CTA38;
     TOTALSAL = SAL31 + SAL32 + SAL33 + SAL34 + SAL35 + SAL36 + SAL38;
-    OK = iif(TOTALSAL = LIBRO, 'S', 'N');
+    OK = iif(ORDEN = 4, iif(TOTALSAL = LIBRO, 'S', 'N'), NULL);
     SUSPEND;
   END
   CONCEPTO = 'Saldo a 31 de diciembre de ' || ANO;

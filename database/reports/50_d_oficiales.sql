@@ -98,7 +98,7 @@ END^
 -- llevan el nivel de su cuenta. SCLASE a SCUENTA, el saldo con el signo del estado en la columna de
 -- su nivel, cero en las filas de artículo. Lo llama Tfrngoficiales.
 CREATE OR ALTER PROCEDURE INVENTARIO_Y_BALANCE (ANO varchar(4), MES smallint, NIIF char(1))
-RETURNS (CODIGO varchar(30), NOMBRE varchar(60), ARTICULO varchar(15), NOMARTICULO varchar(60),
+RETURNS (CODIGO varchar(36), NOMBRE varchar(60), ARTICULO varchar(15), NOMARTICULO varchar(60),
   SALDO numeric(15,2), SCLASE numeric(15,2), SGRUPO numeric(15,2), SSUBGRUPO numeric(15,2),
   SCUENTA numeric(15,2), NIVEL integer, NOMCTAART varchar(60))
 AS

@@ -101,7 +101,8 @@ CREATE TABLE MEDIOS_MAGNETICOS_DATOS (
 );
 
 -- Memoria de un cálculo: a qué concepto lleva cada cuenta afectable y en qué papel (1 el valor, 2 a
--- 7 sus compañeras), qué conceptos tocó cada tercero en cada comprobante, y los importes.
+-- 7 sus compañeras, 10 la retención asumida), qué conceptos tocó cada tercero en cada comprobante,
+-- y los importes.
 CREATE GLOBAL TEMPORARY TABLE MEDIO_CUENTA (
   CUEN_COD D_CUENTA NOT NULL,
   PAPEL smallint NOT NULL,

@@ -7,8 +7,9 @@
 --    salvo lo que la disminuye: es la declaración que la paga, no una retención que se devuelve.
 -- Un renglón dice qué toma de su cuenta: "D" débitos menos créditos, "C" al revés, "B" solo
 -- débitos, "R" solo créditos, "T" débitos menos créditos de las líneas que nombran tercero (compras
--- de inventario sin su costo de ventas), "I" los créditos como impuesto al consumo (1006) y "N"
--- nada: la cuenta no se reporta.
+-- de inventario sin su costo de ventas), "I" los créditos como impuesto al consumo (1006), "A" el
+-- gasto de la retención que se asumió (1001: sigue al comprobante como una compañera, papel 10, y
+-- lo asumido deja de ser practicado) y "N" nada: la cuenta no se reporta.
 -- Del movimiento no hacen parte los cierres de terceros: pasan saldos de unos a otros.
 -- En el 1005 y el 1006 la segunda cuenta es la del otro IVA, que solo toma devoluciones: un
 -- comprobante que también disminuye la primera es la declaración, que las cruza.
@@ -26,7 +27,8 @@ BEGIN
   DELETE FROM MEDIO_CUENTA;
   INSERT INTO MEDIO_CUENTA (CUEN_COD, PAPEL, ITEM, NATUR)
   WITH RENGLON AS (
-    SELECT M.MMCU_ITEM ITEM, M.MMCU_CONS CONS, P.PAPEL, decode(P.PAPEL, 1, M.MMCU_CUENTA,
+    SELECT M.MMCU_ITEM ITEM, M.MMCU_CONS CONS,
+      iif(P.PAPEL = 1 AND M.MMCU_NATUR = 'A', 10, P.PAPEL) PAPEL, decode(P.PAPEL, 1, M.MMCU_CUENTA,
       2, M.MMCU_CTARTF, 3, M.MMCU_CTAIVA, 4, M.MMCU_CTARTIVA, 5, M.MMCU_CTAIVAND,
       6, M.MMCU_CTARCREE, 7, M.MMCU_CTARTCREEAS) CUENTA,
       coalesce(nullif(M.MMCU_NATUR, ''), nullif(C.COME_NATUR, ''), 'D') NATUR
@@ -135,7 +137,7 @@ BEGIN
   FROM (
     SELECT D.ENCO_CONSEC, D.CODE_ITEM, coalesce(D.TERC_NIT, E.TERC_NIT, '') TERC_NIT, M.PAPEL,
       min(M.ITEM) PRIMERO, min(O.ITEM) ORIGEN,
-      min(iif(M.PAPEL IN (3, 5) OR (M.PAPEL = 2 AND :NATUR2 = 'D'), 1, -1)
+      min(iif(M.PAPEL IN (3, 5, 10) OR (M.PAPEL = 2 AND :NATUR2 = 'D'), 1, -1)
         * (D.CODE_DEBITO - D.CODE_CREDITO)) VALOR
     FROM MEDIO_CUENTA M
     JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD
@@ -181,8 +183,8 @@ BEGIN
   INSERT INTO MEDIOS_MAGNETICOS_DATOS (MEMG_FORMATO, MEMG_ANO, MEMG_ITEM, MEMG_CONCEPTO,
     MEMG_TIPODOC, MEMG_NIT, MEMG_DV, MEMG_APELLIDO1, MEMG_APELLIDO2, MEMG_NOMBRE1, MEMG_NOMBRE2,
     MEMG_RAZONSOCIAL, MEMG_DIRECCION, MEMG_DEPARTAMENTO, MEMG_MUNICIPIO, MEMG_PAIS, MEMG_PAGO,
-    MEMG_PAGOND, MEMG_IVA, MEMG_IVAND, MEMG_RETENCION, MEMG_RETIVACOMUN, MEMG_RETIVASIMP,
-    MEMG_RETIVAND, MEMG_RETCREE, MEMG_RASUMC)
+    MEMG_PAGOND, MEMG_IVA, MEMG_IVAND, MEMG_RETENCION, MEMG_RETEASUM, MEMG_RETIVACOMUN,
+    MEMG_RETIVASIMP, MEMG_RETIVAND, MEMG_RETCREE, MEMG_RASUMC)
   WITH VALORES AS (
     SELECT C.COME_RESPUESTA CONCEPTO, min(coalesce(C.COME_MINIMO, 0)) MINIMO,
       iif(:SIN_TERCERO = 1, '', I.TERC_NIT) NIT,
@@ -190,7 +192,8 @@ BEGIN
       round(sum(iif(I.PAPEL = 8, I.VALOR, 0))) PAGOND,
       round(sum(iif(I.PAPEL = 3, I.VALOR, 0))) IVA,
       round(sum(iif(I.PAPEL = 5, I.VALOR, 0))) IVAND,
-      round(sum(iif(I.PAPEL = iif(:REGLA = 'B', 1, 2), I.VALOR, 0))) RETENCION,
+      round(sum(decode(I.PAPEL, iif(:REGLA = 'B', 1, 2), I.VALOR, 10, -I.VALOR, 0))) RETENCION,
+      round(sum(iif(I.PAPEL = 10, I.VALOR, 0))) ASUMIDA,
       round(sum(iif(I.PAPEL = 4, I.VALOR, 0))) RETIVA,
       round(sum(iif(I.PAPEL = 6, I.VALOR, 0))) RETCREE,
       round(sum(iif(I.PAPEL = 7, I.VALOR, 0))) RASUMC
@@ -199,14 +202,16 @@ BEGIN
     GROUP BY 1, 3),
   DESTINO AS (
     SELECT CONCEPTO, iif(NIT <> '' AND PAGO >= 0 AND PAGOND >= 0 AND PAGO + PAGOND < MINIMO
-        AND RETENCION = 0 AND RETIVA = 0 AND RETCREE = 0 AND RASUMC = 0, '222222222', NIT) NIT,
-      PAGO, PAGOND, IVA, IVAND, RETENCION, RETIVA, RETCREE, RASUMC
+        AND RETENCION = 0 AND ASUMIDA = 0 AND RETIVA = 0 AND RETCREE = 0 AND RASUMC = 0,
+        '222222222', NIT) NIT,
+      PAGO, PAGOND, IVA, IVAND, RETENCION, ASUMIDA, RETIVA, RETCREE, RASUMC
     FROM VALORES
-    WHERE PAGO <> 0 OR PAGOND <> 0 OR IVA <> 0 OR IVAND <> 0 OR RETENCION <> 0 OR RETIVA <> 0
-      OR RETCREE <> 0 OR RASUMC <> 0),
+    WHERE PAGO <> 0 OR PAGOND <> 0 OR IVA <> 0 OR IVAND <> 0 OR RETENCION <> 0 OR ASUMIDA <> 0
+      OR RETIVA <> 0 OR RETCREE <> 0 OR RASUMC <> 0),
   FILA AS (
     SELECT CONCEPTO, NIT, sum(PAGO) PAGO, sum(PAGOND) PAGOND, sum(IVA) IVA, sum(IVAND) IVAND,
-      sum(RETENCION) RETENCION, sum(RETIVA) RETIVA, sum(RETCREE) RETCREE, sum(RASUMC) RASUMC
+      sum(RETENCION) RETENCION, sum(ASUMIDA) ASUMIDA, sum(RETIVA) RETIVA, sum(RETCREE) RETCREE,
+      sum(RASUMC) RASUMC
     FROM DESTINO GROUP BY CONCEPTO, NIT)
   SELECT :FORMATO, substring(:INICIO FROM 1 FOR 4),
     :ITEM + row_number() OVER (ORDER BY F.CONCEPTO, F.NIT), F.CONCEPTO,
@@ -216,6 +221,7 @@ BEGIN
     T.MEMG_DEPARTAMENTO, T.MEMG_MUNICIPIO, coalesce(T.MEMG_PAIS, '169'), F.PAGO, F.PAGOND, F.IVA,
     F.IVAND,
     iif(:REGLA = 'P', coalesce(cast(F.PAGO * 100 / :TOTAL AS numeric(15,2)), 0), F.RETENCION),
+    F.ASUMIDA,
     iif(coalesce(T.MEMG_PAIS, '169') = '169' AND coalesce(T.TERC_SIMPLIFICA, 'N') <> 'S',
       F.RETIVA, 0),
     iif(coalesce(T.MEMG_PAIS, '169') = '169' AND T.TERC_SIMPLIFICA = 'S', F.RETIVA, 0),
@@ -278,10 +284,10 @@ BEGIN
 END^
 
 -- Valor del archivo contra el de las cuentas del libro, por concepto y columna (las que el libro
--- llena), y al final las cuentas vigiladas con movimiento que ningún concepto toma y las que tienen
--- ajustes del año (mes 13) que las fechas dejan por fuera (CONCEPTO nulo), por el lado en que el
--- formato las reporta. DIFERENCIA de menos de un peso por tercero es redondeo. La llama
--- Tfrevisamedio.
+-- llena; la retención, con la asumida), y al final las cuentas vigiladas con movimiento que ningún
+-- concepto toma y las que tienen ajustes del año (mes 13) que las fechas dejan por fuera (CONCEPTO
+-- nulo), por el lado en que el formato las reporta. DIFERENCIA de menos de un peso por tercero es
+-- redondeo. La llama Tfrevisamedio.
 CREATE OR ALTER PROCEDURE CUADRE_MEDIO (
   FORMATO integer, ANO varchar(4), INICIO varchar(8), FINAL varchar(8))
 RETURNS (CONCEPTO integer, CUENTA varchar(20), NOMBRE varchar(60), ARCHIVO numeric(18,2),
@@ -297,13 +303,13 @@ BEGIN
       SELECT 1 PAPEL, cast(NULL AS varchar(30)) TITULO FROM RDB$DATABASE
       UNION ALL
       SELECT P.PAPEL, decode(P.PAPEL, 2, A.MEDM_VALOR5, 3, A.MEDM_VALOR3, 4, 'Retención de IVA',
-        5, A.MEDM_VALOR4, 6, A.MEDM_VALOR10, 7, A.MEDM_VALOR11, A.MEDM_VALOR1)
+        5, A.MEDM_VALOR4, 6, A.MEDM_VALOR10, 7, A.MEDM_VALOR11, 10, A.MEDM_VALOR6, A.MEDM_VALOR1)
       FROM MEDIOSMAG_ARCHIVOS A
       JOIN (SELECT 2 PAPEL FROM RDB$DATABASE UNION ALL SELECT 3 FROM RDB$DATABASE
         UNION ALL SELECT 4 FROM RDB$DATABASE UNION ALL SELECT 5 FROM RDB$DATABASE
         UNION ALL SELECT 6 FROM RDB$DATABASE UNION ALL SELECT 7 FROM RDB$DATABASE
-        UNION ALL SELECT 9 FROM RDB$DATABASE) P
-        ON (P.PAPEL < 9 AND A.MEDM_REGLA = 'M') OR (P.PAPEL = 9 AND A.MEDM_REGLA = 'B')
+        UNION ALL SELECT 9 FROM RDB$DATABASE UNION ALL SELECT 10 FROM RDB$DATABASE) P
+        ON (P.PAPEL <> 9 AND A.MEDM_REGLA = 'M') OR (P.PAPEL = 9 AND A.MEDM_REGLA = 'B')
       WHERE A.MEDM_FORMATO = :FORMATO),
     PARTE AS (
       SELECT cast(M.COME_RESPUESTA AS integer) CONCEPTO, iif(I.PAPEL = 8, 1, I.PAPEL) PAPEL,
@@ -315,9 +321,9 @@ BEGIN
       SELECT D.MEMG_CONCEPTO, C.PAPEL, (SELECT min(M.COME_DESCRIPCION) FROM CONFIGURA_MEDIOSMAG M
           WHERE M.COME_FORMATO = :FORMATO AND M.COME_RESPUESTA = D.MEMG_CONCEPTO),
         decode(C.PAPEL, 1, iif(:REGLA = 'B', D.MEMG_RETENCION, D.MEMG_PAGO + D.MEMG_PAGOND),
-          2, D.MEMG_RETENCION, 3, D.MEMG_IVA,
+          2, D.MEMG_RETENCION + coalesce(D.MEMG_RETEASUM, 0), 3, D.MEMG_IVA,
           4, D.MEMG_RETIVACOMUN + D.MEMG_RETIVASIMP + D.MEMG_RETIVAND, 5, D.MEMG_IVAND,
-          6, D.MEMG_RETCREE, 7, D.MEMG_RASUMC, D.MEMG_PAGO), 0
+          6, D.MEMG_RETCREE, 7, D.MEMG_RASUMC, 10, D.MEMG_RETEASUM, D.MEMG_PAGO), 0
       FROM MEDIOS_MAGNETICOS_DATOS D
       CROSS JOIN COLUMNA C
       WHERE D.MEMG_FORMATO = :FORMATO AND D.MEMG_ANO = :ANO)

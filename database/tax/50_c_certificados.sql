@@ -5,10 +5,11 @@ SET TERM ^ ;
 -- Retenciones practicadas a cada tercero, una fila por cuenta. Límites incluidos; el superior de
 -- las cuentas trae sus subcuentas. FECINI y FECFIN "aaaammdd"; las líneas sin proyecto o centro
 -- entran con el límite inferior "0" o vacío. RETENCION: créditos menos débitos. BASE: las cuentas
--- que CONFIGURA_CERTRETE le da a la cuenta, del mismo tercero y período (CFCR_BASE "D" sus
--- débitos, "C" sus créditos, "N" el neto sin signo); sin ellas, la base de las líneas. En IVA
--- retenido BASE es el IVA y BASEIVA lo gravado. PORC, el de la cuenta o el que resulta. NUMERO,
--- con NUMERAR "S": NUMINI más el puesto del tercero entre todos los que tuvieron retención en las
+-- que CONFIGURA_CERTRETE le da a la cuenta, del mismo tercero y período (CFCR_BASE "D" sus débitos,
+-- "C" sus créditos, "N" el neto sin signo); sin ellas, la base de las líneas. En IVA retenido BASE
+-- es el IVA y BASEIVA lo gravado; sin cuentas, lo comprado en sus comprobantes. PORC, el que
+-- resulta (una cuenta puede llevar varias tarifas) y, sin base, el de la cuenta. NUMERO, con
+-- NUMERAR "S": NUMINI más el puesto del tercero entre todos los que tuvieron retención en las
 -- cuentas y el período, así un tercero lleva el mismo número en cualquier tanda. Un tercero al que
 -- en total no se le retuvo (la administración a la que se le paga) no lleva certificado, y un
 -- cierre de terceros no quita ni pone retenciones. La llama Tfrngcertificados.
@@ -63,12 +64,21 @@ BEGIN
       :TASA, :CONFIGURADA
   DO
   BEGIN
+    -- El IVA retenido se calcula sobre el IVA, que es la base de la línea; lo gravado es lo que se
+    -- le compró en los mismos comprobantes.
+    IF (CODCUENTA STARTING WITH '2367' AND CONFIGURADA IS NULL) THEN
+      SELECT sum(B.CODE_DEBITO - B.CODE_CREDITO)
+      FROM COMPROBANTE_DETALLE B
+      WHERE B.TERC_NIT = :NIT AND B.CODE_FECHA BETWEEN :FECINI AND :FECFIN
+        AND B.CUEN_COD SIMILAR TO '(14|15|5|6|7)%'
+        AND EXISTS (SELECT 1 FROM COMPROBANTE_DETALLE D WHERE D.ENCO_CONSEC = B.ENCO_CONSEC
+          AND D.CUEN_COD = :CODCUENTA AND D.TERC_NIT = :NIT)
+      INTO :CONFIGURADA;
     BASEIVA = abs(coalesce(CONFIGURADA, BASE));
-    -- El IVA retenido se calcula sobre el IVA, que es la base de la línea.
     IF (CODCUENTA NOT STARTING WITH '2367' OR BASE = 0) THEN
       BASE = BASEIVA;
     PAGADO = maxvalue(BASE, BASEIVA);
-    PORC = iif(TASA <> 0, TASA, iif(BASE <> 0, RETENCION * 100 / BASE, 0));
+    PORC = iif(BASE <> 0, RETENCION * 100 / BASE, TASA);
     NUMERO = iif(NUMERAR = 'S', lpad(PRIMERO + PUESTO - 1, maxvalue(char_length(NUMINI),
       char_length(PRIMERO + PUESTO - 1)), '0'), NULL);
     SUSPEND;

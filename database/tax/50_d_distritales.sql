@@ -4,15 +4,16 @@ SET TERM ^ ;
 
 -- Calcula un artículo del año en MEDIOSMAG_DISTR_DATOS con las cuentas de su configuración: MONTO
 -- el movimiento del período de "Cuenta Mov." por el lado de MMDI_NATUR, DEVOL el contrario de "Cta.
--- Devolución", SALDO el de "Cuenta Saldo" a la fecha final (con MMDI_INCSALDO "S"), BASE la de las
--- líneas, TARIFA lo retenido de cada mil de base. Solo el centro del artículo, si lo tiene; sin el
--- NIT de la secretaría y desde MMDI_TOPE. La línea sin tercero es del de su comprobante; lo que no
--- tiene ninguno y lo negativo quedan a la vista para corregirlos. Los cierres de terceros no son
--- movimiento. Los de fuera del distrito (42, 43, 44 y 46) solo llevan terceros de otros municipios,
--- y los del exterior (310, 410 y 510), de otros países; lo que no tiene tercero se ve en el
--- artículo general de las mismas cuentas. El artículo 51 no lleva terceros: una fila por cuenta,
--- numerada como en su configuración. INICIO y FINAL "aaaammdd". Interna de los procedimientos
--- ARTICULO_n.
+-- Devolución", SALDO el de "Cuenta Saldo" a la fecha final, por su propio lado (con MMDI_INCSALDO
+-- "S"), BASE la de las líneas, TARIFA lo retenido de cada mil de base. De un inventario solo es
+-- compra la línea que nombra tercero; las demás son su costo. Solo el centro del artículo, si lo
+-- tiene; sin el NIT de la secretaría y desde MMDI_TOPE. La línea sin tercero es del de su
+-- comprobante; lo que no tiene ninguno y lo negativo quedan a la vista para corregirlos. Los
+-- cierres de terceros no son movimiento. Los de fuera del distrito (42, 43, 44 y 46) solo llevan
+-- terceros de otros municipios, y los del exterior (310, 410 y 510), de otros países; lo que no
+-- tiene tercero se ve en el artículo general de las mismas cuentas. El artículo 51 no lleva
+-- terceros: una fila por cuenta, numerada como en su configuración. INICIO y FINAL "aaaammdd".
+-- Interna de los procedimientos ARTICULO_n.
 CREATE OR ALTER PROCEDURE CALCULE_ARTICULO (
   ARTICULO integer, ANO varchar(4), INICIO varchar(8), FINAL varchar(8), NITSHD varchar(20))
 AS
@@ -58,6 +59,7 @@ BEGIN
       AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
     WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CUENTA <> ''
       AND (:PROY IS NULL OR D.PROY_COD = :PROY) AND (:CENTRO IS NULL OR D.CENT_COD = :CENTRO)
+      AND (D.TERC_NIT IS NOT NULL OR D.CUEN_COD NOT STARTING WITH '14')
     UNION ALL
     SELECT D.TERC_NIT, D.ENCO_CONSEC, 2, D.CODE_DEBITO - D.CODE_CREDITO, 0, NULL
     FROM MEDIOSMAG_DISTR_CUENTAS C
@@ -66,14 +68,16 @@ BEGIN
     WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CTADEV <> ''
       AND (:PROY IS NULL OR D.PROY_COD = :PROY) AND (:CENTRO IS NULL OR D.CENT_COD = :CENTRO)
     UNION ALL
-    SELECT D.TERC_NIT, NULL, 3, D.CODE_DEBITO - D.CODE_CREDITO, 0, NULL
+    SELECT D.TERC_NIT, NULL, 3,
+      iif(D.CUEN_COD SIMILAR TO '[234]%', -1, 1) * (D.CODE_DEBITO - D.CODE_CREDITO), 0, NULL
     FROM MEDIOSMAG_DISTR_CUENTAS C
     JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD STARTING WITH C.MMDC_CTASALDO
       AND D.CODE_FECHA <= :FINAL
     WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CTASALDO <> ''
       AND :CON_SALDO = 'S'
     UNION ALL
-    SELECT S.TERC_NIT, NULL, 3, S.SAIN_DEBITO - S.SAIN_CREDITO, 0, NULL
+    SELECT S.TERC_NIT, NULL, 3,
+      iif(S.CUEN_COD SIMILAR TO '[234]%', -1, 1) * (S.SAIN_DEBITO - S.SAIN_CREDITO), 0, NULL
     FROM MEDIOSMAG_DISTR_CUENTAS C
     JOIN SALDOS_INICIALES S ON S.CUEN_COD STARTING WITH C.MMDC_CTASALDO
     WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CTASALDO <> ''
@@ -82,7 +86,7 @@ BEGIN
     SELECT coalesce(P.TERC_NIT, E.TERC_NIT, '') NIT,
       round(sum(iif(PAPEL = 1, iif(:NATUR = 'D', NETO, -NETO), 0))) MONTO,
       round(sum(iif(PAPEL = 2, iif(:NATUR = 'D', -NETO, NETO), 0))) DEVOL,
-      round(sum(iif(PAPEL = 3, iif(:NATUR = 'D', NETO, -NETO), 0))) SALDO, round(sum(BASE)) BASE,
+      round(sum(iif(PAPEL = 3, NETO, 0))) SALDO, round(sum(BASE)) BASE,
       max(CODE_FECHA) FECHA
     FROM PARTE P
     LEFT JOIN COMPROBANTE_ENCABEZADO E
@@ -99,7 +103,8 @@ BEGIN
   LEFT JOIN TERCEROS R ON R.TERC_NIT = T.NIT
   LEFT JOIN TIPO_ID K ON K.TIID_COD = R.TERC_TIPOID
   LEFT JOIN CIUDADES C ON C.CIUD_COD = R.CIUD_COD
-  WHERE (T.MONTO <> 0 OR T.DEVOL <> 0 OR T.SALDO <> 0) AND T.NIT IS DISTINCT FROM :NITSHD
+  WHERE (T.MONTO <> 0 OR T.DEVOL <> 0 OR T.SALDO <> 0)
+    AND T.NIT IS DISTINCT FROM nullif(:NITSHD, '')
     AND (:LUGAR = '' OR (T.NIT <> '' AND :LUGAR = CASE WHEN coalesce(R.PAIS_ID, '169') <> '169'
       THEN 'E' WHEN R.CIUD_COD = '11001' THEN 'D' ELSE 'F' END))
     AND (T.MONTO + T.SALDO >= :TOPE OR T.NIT = '' OR minvalue(T.MONTO, T.DEVOL, T.SALDO) < 0);

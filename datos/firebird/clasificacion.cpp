@@ -299,8 +299,9 @@ ErrorBase trabajando(const Vector& v, Causa causa, const QString& motor) {
     if (v.tiene(isc_string_truncation)) {
         const QString cabe = v.argumento(isc_trunc_limits, 0),
                       tiene = v.argumento(isc_trunc_limits, 1);
+        // Al unir textos el motor mide el que sobra como el que cabe: no hay dos cifras que decir.
         return de_clase(ClaseFalla::TextoLargo,
-                        cabe.isEmpty()
+                        tiene.toInt() <= cabe.toInt()
                             ? QStringLiteral("Un texto es más largo de lo que se admite.")
                             : QStringLiteral("Un texto de %1 caracteres no cabe donde se "
                                              "admiten %2.")

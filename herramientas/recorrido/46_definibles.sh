@@ -1,13 +1,7 @@
 # Análisis del libro y los informes que la compañía define: balance anual con su gráfico,
 # comparativo de centros, formatos especiales y consolidado con la filial.
 
-# boton X Y: oprime un botón del formulario principal que no está en el menú.
-boton() {
-    xdotool mousemove "$1" "$2" click 1
-    espere 1.2
-}
-
-boton 865 69
+teclas alt+2
 foto balance_anual
 teclas Down Down Down F12
 foto grafico_de_movimientos 1
@@ -15,7 +9,7 @@ teclas Down Down
 foto grafico_de_saldos 0.8
 teclas Escape Escape
 
-boton 1047 69
+teclas alt+3
 foto comparativo_de_centros
 # La columna de un subtotal se pliega, y a la derecha los nombres de las filas siguen a la vista.
 teclas Right Right Right Right shift+space
@@ -29,8 +23,8 @@ foto cubo_sin_subcentros 0.6
 teclas Escape
 
 # Formatos especiales: la lista, el editor con la página a la vista y el papel.
-boton 89 423
-teclas shift+Tab space
+teclas alt+i
+opcion f
 foto formatos_especiales 0.8
 teclas End F4
 foto editor_de_informe 1.5
@@ -50,7 +44,7 @@ teclas Escape
 
 # Consolidado con la 002, si la demostración la trae.
 if [ -f "$trabajo/datos/002/quorvex.fdb" ]; then
-    teclas Tab Tab Tab Tab Tab space
+    opcion c c
     teclas space
     escriba "002"
     teclas F2
@@ -62,6 +56,7 @@ if [ -f "$trabajo/datos/002/quorvex.fdb" ]; then
     teclas Tab space
     escriba "002"
     teclas Tab
+    escriba "Dic" # con todo el año: la segunda tiene cuentas que la primera no
     foto rango_consolidado
     teclas F2
     a_pdf balance_de_prueba_consolidado 1

@@ -1,18 +1,11 @@
 # Lo que piden las autoridades: certificados, medios magnéticos, distrito y taxonomías. Deja los
 # XML, los CSV y los PDF junto a las fotos.
 
-# anexo N: la opción N del menú de anexos, que se abre desde el de informes. Su botón se oprime con
-# el ratón: cuántos hay encima depende de lo que la versión traiga.
+# anexo LETRAS: la opción del menú de anexos a la que se llega con ellas, desde el de informes.
 anexo() {
     teclas alt+i
-    espere_ventana "Contabilidad NIIF"
-    espere 0.6
-    xdotool mousemove 327 512 click 1
-    espere 0.8
-    local i
-    for ((i = 1; i < $1; i++)); do teclas Down; done
-    teclas Return
-    espere 0.8
+    opcion a a
+    opcion "$@"
 }
 # cierre_anexo: los dos menús que quedan abiertos.
 cierre_anexo() { teclas Escape Escape; }
@@ -40,7 +33,7 @@ exija_archivo() {
 }
 
 # --- certificados: un informe y un PDF por tercero
-anexo 1
+anexo c
 foto certificados
 teclas F5
 foto certificados_por_tercero 3
@@ -51,13 +44,13 @@ teclas F2
 a_pdf certificados_de_retencion 1
 cierre_anexo
 
-anexo 2
+anexo d
 teclas F2
 a_pdf detalle_de_certificados 1
 cierre_anexo
 
 # --- medios nacionales: el 1001
-anexo 3
+anexo m
 teclas Tab Tab Tab Tab Tab Tab Tab Tab Down
 calcule
 foto medio_1001 2
@@ -74,7 +67,7 @@ exija_archivo Dmuisca_010100109201700000001.xml
 teclas Escape
 cierre_anexo
 # y el 1009, que muestra lo que le falta antes de grabar
-anexo 3
+anexo m
 teclas Tab Tab Tab Tab Tab Tab Tab Tab
 escriba "1009"
 calcule
@@ -84,7 +77,7 @@ teclas Escape Escape
 cierre_anexo
 
 # --- distrito y listados
-anexo 4
+anexo h
 teclas Tab Tab Tab
 escriba "4"
 teclas Tab
@@ -102,7 +95,7 @@ foto articulos_copiados_al_siguiente 1
 teclas Escape Escape
 cierre_anexo
 
-anexo 5
+anexo i
 teclas F2
 foto listado_exogena 1
 teclas Tab Tab Tab
@@ -113,7 +106,7 @@ teclas Escape
 cierre_anexo
 
 # --- taxonomías
-anexo 6
+anexo s
 teclas F2
 foto supersociedades 1
 teclas Escape

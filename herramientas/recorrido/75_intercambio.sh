@@ -9,7 +9,9 @@ teclas Tab Return
 foto apertura_niif 1.5
 teclas Down Down Down Down Down Down Down F5
 foto apertura_detalle 1
-teclas Escape F6
+teclas alt+n Tab Tab Return
+foto apertura_hoja_de_trabajo 1
+teclas Return Escape F6
 foto apertura_movimiento 1
 teclas Escape F8
 a_pdf apertura_niif
@@ -29,14 +31,18 @@ teclas F2
 foto conciliacion_del_ano 1.5
 teclas F8
 foto conciliacion_cuenta 2
-teclas Escape Escape Escape
+teclas Down F4
+foto conciliacion_comprobante 2
+teclas Escape Escape Escape Escape
 espere 0.5
 teclas Escape
 
 # --- importar: un ensayo, lo de verdad y los rechazados
 teclas alt+e
 foto menu_mantenimiento 0.8
-teclas Tab Tab Return
+teclas Return
+foto estructura 0.8
+teclas Escape Tab Tab Return
 foto importar_clase 0.8
 teclas Down Down F2
 escriba "$muestras/comprobantes_con_fallas.csv"
@@ -65,7 +71,14 @@ teclas Down Down F2 ctrl+a
 escriba "$muestras/comprobantes.csv"
 teclas F2 F2
 foto importar_comprobantes 1.5
+teclas Return Return
+teclas Down Down Down F2 ctrl+a
+escriba "$muestras/saldos_iniciales.csv"
+teclas F2 F5
+foto importar_saldos_pregunta 0.8
 teclas Return
+foto importar_saldos_ensayo 1.5
+teclas Return Escape
 
 # --- exportar, con sus equivalencias
 teclas Tab Return
@@ -162,11 +175,13 @@ escriba "Ya se puede cerrar diciembre"
 foto mensaje 0.8
 teclas F2
 foto aviso_de_mensaje 11
-# El aviso no le quita el teclado a lo que se está haciendo: se contesta con el ratón.
-xdotool mousemove 1180 690 click 1
+# El aviso no le quita el teclado a lo que se está haciendo: se va a él con Ctrl+Mayús+M.
+teclas ctrl+shift+m
+foto aviso_con_el_teclado 0.5
+teclas Return
 foto responder_mensaje 1
 escriba "Cerrado queda"
 teclas F2
 foto aviso_de_respuesta 11
-xdotool mousemove 1290 690 click 1
+teclas ctrl+shift+m Escape
 foto avisos_cerrados 0.5

@@ -3,8 +3,7 @@
 //
 //     Interlocutor i;
 //     i.espere("Desea borrar definitivamente la cuenta 1105 ?", "Sí");
-//     QTest::keyClick(&pantalla, Qt::Key_F3);
-//     QVERIFY2(i.conforme(), qPrintable(i.queja()));
+//     oprima(Qt::Key_F3);
 //
 // Un diálogo que nadie esperaba hace fallar la prueba en el acto, se cierra con Esc y queda en
 // `queja()`; uno esperado que no aparece la hace fallar al morir el interlocutor. Atiende el último

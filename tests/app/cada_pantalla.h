@@ -29,7 +29,9 @@ inline void con_cada_pantalla(SesionDePrueba& s, const QStringList& ordenes, QSi
     s.entre().resize(ventana);
     for (const QString& n : pantallas().nombres()) {
         const Encargo encargo = PantallasDePrueba::encargo(n);
-        if (PantallasDePrueba::imprime(n) || (!con_datos && !encargo.vacio()))
+        const QString sola = qEnvironmentVariable("QUORVEX_PANTALLA"); // para mirar una
+        if ((!sola.isEmpty() && sola != n) || PantallasDePrueba::imprime(n) ||
+            (!con_datos && !encargo.vacio()))
             continue;
         // La revisión de una propuesta pone en edición cada línea a la que llega, y pregunta.
         const QScopedValueRollback<bool> sale(Guardia::unica().despedida,

@@ -6,14 +6,30 @@
 #include "apoyo_gui/fotos.h"
 #include "cada_pantalla.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/controles/editornumero.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QAccessible>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFontDialog>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QMdiSubWindow>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPageSetupDialog>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QProgressDialog>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTranslator>
+#include <QWizard>
 
 namespace {
 
@@ -114,6 +130,26 @@ void revise_anchos(const Rejilla& r, QStringList& faltas) {
             << QString("%1 usa %2 de %3").arg(nombre_de(&r)).arg(total).arg(r.viewport()->width());
 }
 
+void revise_rejillas(const Pantalla* p, QStringList& faltas) {
+    for (Rejilla* r : p->findChildren<Rejilla*>()) {
+        if (!r->isVisible() || !r->conjunto() || !r->conjunto()->Active())
+            continue;
+        r->conjunto()->FetchAll();
+        agote_eventos();
+        revise_celdas(*r, faltas);
+        revise_anchos(*r, faltas);
+    }
+    faltas.removeDuplicates();
+}
+
+/// Una cifra que no se digita no tiene cómo verse después.
+void revise_cajas(const Pantalla* p, QStringList& faltas) {
+    for (const EditorNumero* e : p->findChildren<EditorNumero*>())
+        if (e->isVisible() && e->isReadOnly() &&
+            e->fontMetrics().horizontalAdvance(e->text()) > e->contentsRect().width())
+            faltas << nombre_de(e) + " se recorta: " + e->text();
+}
+
 /// Lo que un lector de pantalla diría de un control; vacío si nada.
 QString nombre_dicho(QWidget* w) {
     QAccessibleInterface* i = QAccessible::queryAccessibleInterface(w);
@@ -146,10 +182,14 @@ void revise_botones(Pantalla* p, QStringList& faltas) {
     for (const BarraBotones* barra : p->findChildren<BarraBotones*>()) {
         if (!barra->isVisible())
             continue;
-        for (const QPushButton* b : barra->findChildren<QPushButton*>())
+        for (const QPushButton* b : barra->findChildren<QPushButton*>()) {
             if (b->isVisible() &&
                 !marco->rect().contains(QRect(b->mapTo(marco, QPoint()), b->size())))
                 faltas << nombre_de(b) + " queda fuera de la vista";
+            // En todas se graba y se sale con las mismas palabras.
+            if (b->text().contains("Guardar") || b->text().contains("Cerrar"))
+                faltas << nombre_de(b) + " dice " + b->text();
+        }
     }
 }
 
@@ -178,6 +218,33 @@ void revise_lineas(const Pantalla* p, QStringList& faltas) {
 
 } // namespace
 
+/// Lo que Qt busca traducir y se queda como estaba, salvo los nombres propios y lo que en español
+/// se escribe igual. Es el primero al que se le pregunta.
+class SinTraducir : public QTranslator {
+public:
+    SinTraducir() { QCoreApplication::installTranslator(this); }
+    bool isEmpty() const override { return false; }
+    QString translate(const char* contexto, const char* texto, const char* caso,
+                      int n) const override {
+        if (preguntando_)
+            return {};
+        const QScopedValueRollback<bool> guarda(preguntando_, true);
+        static const QRegularExpression palabra("[a-z]{2}");
+        static const QStringList nombres{"QPageSize", "QFontDatabase"};
+        static const QStringList iguales{"Color",       "&No",        "Alt", "Meta",
+                                         "Cicero (CC)", "Didot (DD)", "mm"};
+        if (palabra.match(texto).hasMatch() && !nombres.contains(contexto) &&
+            !iguales.contains(texto) &&
+            QCoreApplication::translate(contexto, texto, caso, n) == QLatin1String(texto))
+            vistos << QString("%1: %2").arg(contexto, texto);
+        return {};
+    }
+    mutable QSet<QString> vistos;
+
+private:
+    mutable bool preguntando_ = false;
+};
+
 class PruebaAspecto : public QObject {
     Q_OBJECT
 private slots:
@@ -198,14 +265,15 @@ private slots:
             [&](Pantalla* p) {
                 QStringList suyas;
                 agote_eventos();
-                for (Rejilla* r : p->findChildren<Rejilla*>()) {
-                    if (!r->isVisible() || !r->conjunto() || !r->conjunto()->Active())
-                        continue;
-                    r->conjunto()->FetchAll();
-                    agote_eventos();
-                    revise_celdas(*r, suyas);
-                    revise_anchos(*r, suyas);
-                }
+                revise_rejillas(p, suyas);
+                // En el que se edita, pasar de libro exige antes que este cuadre.
+                const bool cuadra = p->objectName() != "Tfedtmovimien";
+                for (QTabWidget* hojas : p->findChildren<QTabWidget*>())
+                    for (int i = hojas->count() - 1; cuadra && i >= 0; --i) {
+                        hojas->setCurrentIndex(i);
+                        revise_rejillas(p, suyas);
+                    }
+                revise_cajas(p, suyas);
                 revise_nombres(p, suyas);
                 revise_botones(p, suyas);
                 revise_vacias(p, suyas);
@@ -236,16 +304,42 @@ private slots:
     }
 
     void lo_que_dice_qt_va_en_espanol() {
-        const std::pair<const char*, const char*> textos[] = {
-            {"QPlatformTheme", "&Yes"},       {"QPlatformTheme", "Cancel"},
-            {"QFileDialog", "Look in:"},      {"QFileDialog", "File &name:"},
-            {"QPrintDialog", "&Print"},       {"QPrintPreviewDialog", "Fit width"},
-            {"QPrintPreviewDialog", "Print"}, {"QPageSetupWidget", "Paper"},
-            {"QWidgetTextControl", "&Copy"},  {"QLineEdit", "Select All"},
-            {"QMdiSubWindow", "&Close"},      {"QColorDialog", "&Add to Custom Colors"}};
-        for (const auto& [contexto, ingles] : textos)
-            QVERIFY2(QCoreApplication::translate(contexto, ingles) != QLatin1String(ingles),
-                     qPrintable(QString("%1: %2").arg(contexto, ingles)));
+        SinTraducir espia;
+        QPrinter impresora;
+        QPrintDialog(&impresora).show();
+        QPageSetupDialog(&impresora).show();
+        QPrintPreviewDialog(&impresora).show();
+        const QTemporaryDir carpeta;
+        QDir(carpeta.path()).mkdir("subcarpeta");
+        for (const char* nombre : {"sin_clase", "medio.xml", "raro.qvx"})
+            QVERIFY(QFile(carpeta.filePath(nombre)).open(QFile::WriteOnly));
+        QVERIFY(QFile::link("nada", carpeta.filePath("roto")));
+        QFileDialog archivos(nullptr, QString(), carpeta.path());
+        archivos.setOption(QFileDialog::DontUseNativeDialog);
+        for (const auto modo : {QFileDialog::AcceptOpen, QFileDialog::AcceptSave}) {
+            archivos.setAcceptMode(modo);
+            archivos.show();
+            archivos.findChild<QWidget*>("treeView")->grab();
+        }
+        QMessageBox mensaje;
+        mensaje.setStandardButtons(QMessageBox::StandardButtons(0x0FFFFC00));
+        mensaje.setDetailedText("Todo");
+        QColorDialog().show();
+        QFontDialog().show();
+        QInputDialog pregunta;
+        for (const auto modo : {QInputDialog::TextInput, QInputDialog::IntInput}) {
+            pregunta.setInputMode(modo);
+            pregunta.show();
+        }
+        QLineEdit renglon;
+        QPlainTextEdit texto;
+        delete renglon.createStandardContextMenu();
+        delete texto.createStandardContextMenu();
+        const QMdiSubWindow ventana;
+        QWizard().show();
+        QProgressDialog().show();
+        agote_eventos();
+        QVERIFY2(espia.vistos.isEmpty(), qPrintable(espia.vistos.values().join('\n')));
     }
 
 private:

@@ -7,8 +7,12 @@
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QTabBar>
 
 namespace {
 
@@ -36,6 +40,103 @@ int renglon_unico(const ListaDato& l) {
     return hallado;
 }
 
+/// Todo lo escrito a la vista en que cabe el nombre de una tecla, con su control.
+QVector<std::pair<QWidget*, QString>> lo_que_dice(const Pantalla& p) {
+    QVector<std::pair<QWidget*, QString>> textos;
+    for (QWidget* w : p.findChildren<QWidget*>()) {
+        if (!w->isVisible())
+            continue;
+        textos.append({w, w->toolTip()});
+        if (auto* b = qobject_cast<QAbstractButton*>(w))
+            textos.append({w, b->text()});
+        else if (auto* l = qobject_cast<QLabel*>(w))
+            textos.append({w, l->text()});
+        else if (auto* e = qobject_cast<QLineEdit*>(w))
+            textos.append({w, e->placeholderText()});
+        else if (auto* r = qobject_cast<Rejilla*>(w))
+            textos.append({w, r->texto_vacio});
+    }
+    return textos;
+}
+
+/// Las teclas que ese texto nombra y que la pantalla no atiende, o que no son de ese botón.
+QStringList teclas_que_no_sirven(const Pantalla& p, QWidget* control, const QString& texto,
+                                 int& anuncios) {
+    // Letreros que dicen una tecla que es de otro o de nadie, y así se quedan.
+    static const QSet<QString> de_siempre{"Tfbuscplantilla F5: Nueva",
+                                          "Tfbuscomproba F2:Imprimir",
+                                          "Tfcuentas F7:Saldos",
+                                          "Tfcuentas F8:Movimiento",
+                                          "Tfcuentasniif F7:Saldos",
+                                          "Tfcuentasniif F8:Movimiento",
+                                          "Tfterceros F8:Movimiento",
+                                          "Tfedtformato F5:Mover",
+                                          "Tfedtformato F8:Vista previa",
+                                          "Tfedtformato F9:Copiar",
+                                          "Tfedtformato F3:Borrar",
+                                          "Tfedtmovimien F3:Borrar",
+                                          "Tfsaldocentro F5:Saldo terceros",
+                                          "Tfsaldocentroniif F5:Saldo terceros",
+                                          "Tfactivos F5.Deterioro"};
+    if (texto == "F4:Exportar" || texto.contains("en la lista de activos") ||
+        de_siempre.contains(p.objectName() + ' ' + texto))
+        return {};
+    static const QRegularExpression tecla(
+        "\\b((?:Ctrl\\+|Alt\\+|Mayús\\+)*)(F\\d{1,2}|Esc(?=:)|Enter(?=:)|Insert\\b)");
+    QStringList faltas;
+    for (const auto& m : tecla.globalMatch(texto)) {
+        ++anuncios;
+        if (m.captured(2) == "Insert") {
+            auto* r = qobject_cast<Rejilla*>(control);
+            if (r && (r->ReadOnly || !r->permite_insertar))
+                faltas << "Insert no agrega";
+            continue;
+        }
+        Qt::KeyboardModifiers con = Qt::NoModifier;
+        for (const auto& [nombre, cual] : {std::pair{"Ctrl", Qt::ControlModifier},
+                                           {"Alt", Qt::AltModifier},
+                                           {"Mayús", Qt::ShiftModifier}})
+            con.setFlag(cual, m.captured(1).contains(QString::fromUtf8(nombre)));
+        const int clave =
+            m.captured(2) == "Enter" ? int(Qt::Key_Return) : QKeySequence(m.captured(2))[0].key();
+        const bool de_boton = qobject_cast<QPushButton*>(control) && m.capturedStart() == 0;
+        const auto rejillas = p.findChildren<Rejilla*>();
+        const bool sirve = (clave == int(Qt::Key_Return) &&
+                            std::any_of(rejillas.begin(), rejillas.end(),
+                                        [](const Rejilla* r) { return bool(r->OnReturn); })) ||
+                           std::any_of(p.teclas().begin(), p.teclas().end(), [&](const Tecla& t) {
+                               return t.clave == clave && t.modificadores == con &&
+                                      (t.accion || !de_boton || t.nombre == control->objectName());
+                           });
+        if (!sirve && clave != int(Qt::Key_F1))
+            faltas << m.captured(0) + " no hace eso";
+    }
+    return faltas;
+}
+
+/// Las letras con que Alt llega a algo de la pantalla, y a qué.
+QVector<std::pair<QString, QString>> letras_subrayadas(const Pantalla& p) {
+    QVector<std::pair<QString, QString>> letras;
+    const auto agregue = [&](const QString& texto) {
+        if (const QKeySequence k = QKeySequence::mnemonic(texto); !k.isEmpty())
+            letras.append({k.toString(), texto});
+    };
+    for (QWidget* w : p.findChildren<QWidget*>()) {
+        if (!w->isVisible())
+            continue;
+        if (auto* b = qobject_cast<QAbstractButton*>(w))
+            agregue(b->text());
+        else if (auto* l = qobject_cast<QLabel*>(w); l && l->buddy())
+            agregue(l->text());
+        else if (auto* g = qobject_cast<QGroupBox*>(w))
+            agregue(g->title());
+        else if (auto* t = qobject_cast<QTabBar*>(w))
+            for (int i = 0; i < t->count(); ++i)
+                agregue(t->tabText(i));
+    }
+    return letras;
+}
+
 } // namespace
 
 class PruebaManos : public QObject {
@@ -44,7 +145,7 @@ private slots:
     void init() { s_.emplace(); }
     void cleanup() { s_.reset(); }
 
-    void f1_explica_las_teclas_de_cada_pantalla_sin_nombres_de_adentro();
+    void lo_que_cada_pantalla_dice_de_sus_teclas_es_verdad();
     void cada_lista_desplegable_se_halla_tecleando_seguido();
     void cada_boton_con_foco_se_oprime_con_enter_y_con_espacio();
     void en_cada_memo_ctrl_enter_hace_renglon();
@@ -54,17 +155,30 @@ private:
     std::optional<SesionDePrueba> s_;
 };
 
-void PruebaManos::f1_explica_las_teclas_de_cada_pantalla_sin_nombres_de_adentro() {
+void PruebaManos::lo_que_cada_pantalla_dice_de_sus_teclas_es_verdad() {
     static const QRegularExpression de_adentro("Tf[a-z]|_|[a-z][A-Z]|^[A-Z]{2}[a-z]|\\d$|^$");
     QStringList malas;
-    int pantallas_vistas = 0;
+    int pantallas_vistas = 0, anuncios = 0;
     con_cada_pantalla(*s_, [&](Pantalla* p) {
         ++pantallas_vistas;
+        const QString esta = p->objectName() + ' ';
         for (const TeclaExplicada& t : teclas_explicadas(*p))
             if (t.tecla.isEmpty() || t.que_hace.contains(de_adentro))
-                malas << p->objectName() + " " + t.tecla + ": «" + t.que_hace + "»";
+                malas << esta + t.tecla + ": «" + t.que_hace + "»";
+        for (const auto& [control, texto] : lo_que_dice(*p))
+            for (const QString& falta : teclas_que_no_sirven(*p, control, texto, anuncios))
+                malas << esta + "«" + texto + "»: " + falta;
+        QMap<QString, QString> letras;
+        for (const QAction* a : s_->principal->menuBar()->actions())
+            letras[QKeySequence::mnemonic(a->text()).toString()] = "un menú";
+        for (const auto& [letra, quien] : letras_subrayadas(*p))
+            if (letras.contains(letra))
+                malas << esta + letra + " de «" + quien + "» es de " + letras[letra];
+            else
+                letras[letra] = quien;
     });
     QVERIFY(pantallas_vistas > 50);
+    QVERIFY2(anuncios > 250, qPrintable(QString::number(anuncios)));
     diga_faltas(malas);
 }
 

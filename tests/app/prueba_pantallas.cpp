@@ -1,5 +1,5 @@
 // Todas las pantallas registradas, a su tamaño de fábrica: el Tab las recorre en el orden en que se
-// leen sin salirse de ellas.
+// leen sin salirse de ellas, y sus datos se nombran con palabras.
 #include "cada_pantalla.h"
 #include "toolkit/controles/navegadordatos.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -133,7 +133,7 @@ private slots:
     void init() { s_.emplace(); }
     void cleanup() { s_.reset(); }
 
-    void el_tab_recorre_cada_pantalla_en_el_orden_en_que_se_lee();
+    void cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos();
     void el_encabezado_del_comprobante_se_recorre_como_lo_piensa_un_contador();
 
 private:
@@ -168,7 +168,7 @@ private:
     std::optional<SesionDePrueba> s_;
 };
 
-void PruebaPantallas::el_tab_recorre_cada_pantalla_en_el_orden_en_que_se_lee() {
+void PruebaPantallas::cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos() {
     QStringList malas;
     con_cada_pantalla(*s_, {}, {1366, 768}, [&](Pantalla* p) {
         const QString esta = p->objectName();
@@ -183,6 +183,12 @@ void PruebaPantallas::el_tab_recorre_cada_pantalla_en_el_orden_en_que_se_lee() {
         for (const bool atras : {false, true})
             if (const QString mala = compare_recorrido(p, atras); !mala.isEmpty())
                 malas << esta + (atras ? " hacia atrás: " : ": ") + mala;
+        // Ningún dato se llama en un mensaje como su columna de la base.
+        for (const ConjuntoDatos* c : p->findChildren<ConjuntoDatos*>())
+            for (int i = 0; i < c->FieldCount(); ++i)
+                if (const Campo& campo = c->Fields(i);
+                    campo.FieldName.contains('_') && campo.nombre_visible() == campo.FieldName)
+                    malas << esta + ": " + campo.FieldName + " no tiene nombre";
     });
     diga_faltas(malas);
 }

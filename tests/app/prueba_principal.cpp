@@ -2,6 +2,7 @@
 #include "apoyo/archivos.h"
 #include "apoyo/servidor_prueba.h"
 #include "apoyo_gui/peticiones.h"
+#include "apoyo_gui/teclado.h"
 #include "app/paneldegradado.h"
 #include "app/ventanaavisos.h"
 #include "app/vigiamensajes.h"
@@ -470,11 +471,20 @@ private slots:
         QVERIFY(!reloj->isActive()); // con el aviso a la vista no se pregunta
         QCOMPARE(reloj->interval(), 10000);
 
-        QTest::mouseClick(aviso->findChild<QPushButton*>("Siguiente"), Qt::LeftButton);
-        QVERIFY(aviso->texto_actual().startsWith("902<br>"));
-        QCOMPARE(aviso->palette().color(QPalette::Window), p.palette().color(QPalette::Window));
-        QTest::mouseClick(aviso->findChild<QPushButton*>("Leido"), Qt::LeftButton);
+        // Sin el ratón: Ctrl+Mayús+M lleva a sus botones, y al cerrarlo el teclado vuelve a su
+        // sitio.
+        const QPointer<QWidget> tenia = con_foco();
+        oprima(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(con_foco()->objectName(), "Responder");
+        for (const char* boton : {"Siguiente", "Leido"}) {
+            for (int n = 0; n < 5 && con_foco()->objectName() != boton; ++n)
+                oprima(Qt::Key_Tab);
+            oprima(Qt::Key_Return);
+            QVERIFY(aviso->texto_actual().startsWith("902<br>"));
+            QCOMPARE(aviso->palette().color(QPalette::Window), p.palette().color(QPalette::Window));
+        }
         QVERIFY(!aviso->isVisible() && reloj->isActive());
+        QCOMPARE(con_foco(), tenia.data());
         QCOMPARE(leidos(), 1);
 
         p.mensajes->Timer3Timer();

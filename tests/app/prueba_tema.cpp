@@ -1,4 +1,5 @@
 // El programa sigue el tema del escritorio: se le pregunta a un portal de mentira en un bus propio.
+#include "app/aplicacion.h"
 #include "app/tema/tema_sistema.h"
 #include "toolkit/estilo.h"
 
@@ -7,30 +8,39 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QLabel>
 #include <QPalette>
 #include <QProcess>
 #include <QTest>
 
 namespace {
 
-/// Contesta siempre lo mismo, envuelto como lo hace el verdadero.
+/// Contesta envuelto como lo hace el verdadero, y después anuncia otro valor si se le pide.
 class Portal : public QDBusVirtualObject {
 public:
-    explicit Portal(uint valor) : valor_(valor) {}
+    Portal(uint valor, int otro) : valor_(valor), otro_(otro) {}
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& mensaje, const QDBusConnection& conexion) override {
         const QDBusVariant valor{QVariant(valor_)};
         const QVariant doble = QVariant::fromValue(QDBusVariant(QVariant::fromValue(valor)));
-        return conexion.send(mensaje.createReply(doble));
+        const bool enviada = conexion.send(mensaje.createReply(doble));
+        if (otro_ < 0)
+            return enviada;
+        QDBusMessage aviso = QDBusMessage::createSignal(
+            "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "SettingChanged");
+        aviso << QString("org.freedesktop.appearance") << QString("color-scheme")
+              << QVariant::fromValue(QDBusVariant(uint(otro_)));
+        return conexion.send(aviso);
     }
 
 private:
     uint valor_;
+    int otro_;
 };
 
-int sirva_portal(uint valor, int& cuantos, char** argumentos) {
+int sirva_portal(uint valor, int otro, int& cuantos, char** argumentos) {
     QCoreApplication aplicacion(cuantos, argumentos);
-    Portal portal(valor);
+    Portal portal(valor, otro);
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.registerVirtualObject("/org/freedesktop/portal/desktop", &portal) ||
         !bus.registerService("org.freedesktop.portal.Desktop"))
@@ -40,12 +50,21 @@ int sirva_portal(uint valor, int& cuantos, char** argumentos) {
     return QCoreApplication::exec();
 }
 
-/// Dice "oscuro" o "claro" según lo que el programa resuelve al arrancar.
-int diga_tema(int& cuantos, char** argumentos) {
-    QApplication aplicacion(cuantos, argumentos);
-    if (escritorio_oscuro())
-        aplicacion.setProperty("tema", "oscuro");
-    aplique_estilo(aplicacion);
+/// Dice "oscuro" o "claro" según lo que el programa resuelve al arrancar o, si espera, cuando el
+/// escritorio lo cambia.
+int diga_tema(bool espere, int& cuantos, char** argumentos) {
+    Aplicacion aplicacion(cuantos, argumentos);
+    QLabel negativo("-1.00");
+    QPalette rojo;
+    rojo.setColor(QPalette::WindowText, color_negativo());
+    negativo.setPalette(rojo);
+    if (espere) {
+        QObject::connect(aplicacion.findChild<VigiaTema*>(), &VigiaTema::cambio, &aplicacion,
+                         &QCoreApplication::quit);
+        QApplication::exec();
+    }
+    if (negativo.palette().color(QPalette::WindowText) != color_negativo())
+        return 2;
     const QPalette p = QApplication::palette();
     const auto claridad = [&p](QPalette::ColorRole rol) { return p.color(rol).lightness(); };
     // Cada tinta se distingue de su fondo.
@@ -84,14 +103,16 @@ private slots:
         const struct {
             int portal; // -1: no hay
             QString pedido, tema;
-        } casos[] = {{-1, "", "claro"}, {0, "", "claro"},      {1, "", "oscuro"},
-                     {2, "", "claro"},  {1, "claro", "claro"}, {2, "oscuro", "oscuro"}};
+            int otro = -1; // lo que anuncia después; -1: nada
+        } casos[] = {{-1, "", "claro"},    {0, "", "claro"},      {1, "", "oscuro"},
+                     {2, "", "claro"},     {1, "claro", "claro"}, {2, "oscuro", "oscuro"},
+                     {2, "", "oscuro", 1}, {1, "", "claro", 2},   {2, "claro", "claro", 1}};
         for (const auto& c : casos)
-            compruebe(c.portal, c.pedido, c.tema);
+            compruebe(c.portal, c.pedido, c.tema, c.otro);
     }
 
 private:
-    void compruebe(int portal, const QString& pedido, const QString& tema) {
+    void compruebe(int portal, const QString& pedido, const QString& tema, int otro) {
         QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
         entorno.insert("DBUS_SESSION_BUS_ADDRESS", direccion_);
         entorno.insert("QUORVEX_TEMA", pedido);
@@ -100,10 +121,11 @@ private:
         programa.setProcessEnvironment(entorno);
         if (portal >= 0) {
             servidor.start(QCoreApplication::applicationFilePath(),
-                           {"--portal", QString::number(portal)});
+                           {"--portal", QString::number(portal), QString::number(otro)});
             QVERIFY(servidor.waitForReadyRead(10000));
         }
-        programa.start(QCoreApplication::applicationFilePath(), {"--tema"});
+        programa.start(QCoreApplication::applicationFilePath(),
+                       {otro < 0 ? "--tema" : "--tema-nuevo"});
         QVERIFY(programa.waitForFinished(20000));
         servidor.kill();
         servidor.waitForFinished();
@@ -116,10 +138,10 @@ private:
 };
 
 int main(int cuantos, char** argumentos) {
-    if (cuantos == 3 && qstrcmp(argumentos[1], "--portal") == 0)
-        return sirva_portal(uint(atoi(argumentos[2])), cuantos, argumentos);
-    if (cuantos == 2 && qstrcmp(argumentos[1], "--tema") == 0)
-        return diga_tema(cuantos, argumentos);
+    if (cuantos == 4 && qstrcmp(argumentos[1], "--portal") == 0)
+        return sirva_portal(uint(atoi(argumentos[2])), atoi(argumentos[3]), cuantos, argumentos);
+    if (cuantos == 2 && qstrncmp(argumentos[1], "--tema", 6) == 0)
+        return diga_tema(qstrcmp(argumentos[1], "--tema") != 0, cuantos, argumentos);
     QCoreApplication aplicacion(cuantos, argumentos);
     PruebaTema prueba;
     return QTest::qExec(&prueba, cuantos, argumentos);

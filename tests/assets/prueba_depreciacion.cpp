@@ -2,28 +2,15 @@
 // libros, con deterioros y bajas de por medio.
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
+#include "assets/activo_de_prueba.h"
 
 #include "apoyo/azar_de_prueba.h"
-
-namespace {
-
-QString falla_de(Conexion& base, const QString& orden) {
-    try {
-        base.ejecute(orden);
-    } catch (const ErrorDatos& e) {
-        return e.texto();
-    }
-    return {};
-}
-
-} // namespace
 
 class PruebaDepreciacion : public QObject {
     Q_OBJECT
 private slots:
     void init();
 
-    void la_suma_de_los_cargos_es_el_costo_menos_el_rescate();
     void quinientos_activos_en_diez_anos_suman_lo_suyo_con_deterioros_y_bajas();
     void cada_metodo_carga_lo_suyo_cada_mes();
     void el_gasto_se_reparte_por_los_centros_del_activo();
@@ -39,41 +26,57 @@ private slots:
 
 private:
     Conexion& base() { return base_->base(); }
+    Valor dato(const QString& sql) { return base().consulte(sql); }
+    QString falla(const QString& orden) {
+        try {
+            base().ejecute(orden);
+        } catch (const ErrorDatos& e) {
+            return e.texto();
+        }
+        return {};
+    }
     void grupo(int id, int metodo) {
         base().ejecute(QString("insert into activos_grupos (acgr_id, acgr_nom, acgr_tipodep) values"
                                " (%1, 'Grupo', %2)")
                            .arg(id)
                            .arg(metodo));
     }
-    void activo(const QString& codigo, const char* costo, const char* rescate, int meses,
-                int meses_niif, int grupo, const char* entrada, const char* unidades = "N") {
-        base().ejecute(
-            QString("insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing, acfj_mesdep,"
-                    " acfj_depniif, acfj_dep, acfj_activo, acfj_rescate, acgr_id, acfj_unidades,"
-                    " acfj_ctaconta, acfj_ctadepd, acfj_ctadepc, acfj_ctaniif, acfj_ctaniifd,"
-                    " acfj_ctaniifc, acfj_ctadeterd, acfj_ctadeterc, acfj_vrorig) values ('%1',"
-                    " 'Equipo %1', '%2', %3, %4, 'S', 'S', %5, %6, '%7', '152405', '519530',"
-                    " '159215', '152405', '519530', '159215', '530525', '159220', %8)")
-                .arg(codigo, entrada)
-                .arg(meses)
-                .arg(meses_niif)
-                .arg(rescate)
-                .arg(grupo)
-                .arg(unidades, costo));
+    void activo(const QString& codigo, const QString& costo, const QString& rescate, int meses,
+                int meses_niif, int grupo, const QString& entrada, const char* unidades = "N") {
+        registre(base(), {codigo, costo, meses, meses_niif, unidades, rescate,
+                          QString::number(grupo), entrada});
+    }
+    /// El activo más usado: 1.000 en diez meses desde enero, ya depreciado hasta `mes`.
+    void camion(int hasta = 0) {
+        activo("CAMION", "1000", "0", 10, 10, 1, "2017-01-01");
+        deprecie_meses(1, hasta);
+    }
+    /// En tres centros por partes iguales.
+    void reparta(const QString& codigo, const QStringList& centros = {
+                                            "'0001', '0001'", "'0001', '0002'", "'0002', '0001'"}) {
+        for (int i = 0; i < centros.size(); ++i)
+            base().ejecute(QString("insert into activos_centros values ('%1', %2, %3, 33.3333)")
+                               .arg(codigo)
+                               .arg(i + 1)
+                               .arg(centros[i]));
+    }
+    void retire(const QString& codigo) {
+        base().ejecute("update activos_fijos set acfj_activo = 'N' where acfj_cod = ?", {codigo});
     }
     void deprecie(const QString& fecha, const QString& alcance = "A") {
-        base().ejecute(orden(fecha, alcance));
+        base().ejecute(orden_depreciacion(fecha, alcance));
     }
-    static QString orden(const QString& fecha, const QString& alcance) {
-        return "insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, depr_conc,"
-               " depr_niif) values (0, " +
-               QuotedStr(fecha) + ", 'CG', '0001', 'Depreciación', " +
-               (alcance.isEmpty() ? QString("null") : QuotedStr(alcance)) + ')';
+    void deprecie_meses(int desde, int hasta) {
+        for (int m = desde; m <= hasta; ++m)
+            deprecie(mes(2017 * 12 + m));
     }
-    static QString valor(const QString& codigo, const QString& fecha, const QString& diferencia) {
-        return "insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer, tico_cod,"
-               " prco_pref) values (" +
-               QuotedStr(codigo) + ", " + QuotedStr(fecha) + ", " + diferencia + ", 'CG', '0001')";
+    /// Renglones del último comprobante en un libro.
+    QString ultimo(const char* libro) {
+        return filas_de(base(), QString("select cuen_cod, proy_cod, cent_cod, code_debito,"
+                                        " code_credito from comprobante_detalle%1 where"
+                                        " enco_consec = (select max(enco_consec) from"
+                                        " comprobante_encabezado) order by code_item")
+                                    .arg(libro));
     }
     static QString mes(int numero) {
         return QString("%1%2%3")
@@ -83,10 +86,9 @@ private:
     }
     /// Centavos depreciados de un activo en un libro.
     qint64 depreciado(const QString& codigo, const QString& libro) {
-        return base()
-            .consulte("select cast(coalesce(sum(dede_valor), 0) * 100 as bigint) from"
-                      " depreciacion_detalle where acfj_cod = " +
-                      QuotedStr(codigo) + " and dede_libro = " + QuotedStr(libro))
+        return dato("select cast(coalesce(sum(dede_valor), 0) * 100 as bigint) from"
+                    " depreciacion_detalle where acfj_cod = " +
+                    QuotedStr(codigo) + " and dede_libro = " + QuotedStr(libro))
             .entero();
     }
     QStringList cargos(const QString& codigo, const QString& libro = "2649") {
@@ -100,105 +102,42 @@ private:
 
 void PruebaDepreciacion::init() {
     base_.emplace();
-    for (const char* plan : {"cuentas", "cuentas_niif"})
-        for (const char* cuenta : {"53", "5305", "530525", "5310", "531015", "159220"})
-            base().ejecute(QString("update or insert into %1 (cuen_cod, cuen_nom) values (%2, %2)"
-                                   " matching (cuen_cod)")
-                               .arg(plan, QuotedStr(cuenta)));
-    base().ejecute(
-        "update cuentas set cuen_tipo = 'N', cuen_tercero = 'N' where cuen_cod = '152405'");
-    for (const char* plan : {"cuentas", "cuentas_niif"})
-        base().ejecute(
-            QString("update %1 set cuen_centro = 'N' where cuen_cod = '519530'").arg(plan));
+    prepare_activos(base());
     for (int metodo : {1, 2, 3})
         grupo(metodo, metodo);
-}
-
-void PruebaDepreciacion::la_suma_de_los_cargos_es_el_costo_menos_el_rescate() {
-    const int semilla = 20240917;
-    QRandomGenerator azar = azar_de_prueba(semilla);
-    struct Uno {
-        qint64 costo, rescate;
-    };
-    QMap<QString, Uno> activos;
-    int ultimo = 0;
-    for (int i = 1; i <= 60; ++i) {
-        const qint64 costo = 1000 + qint64(azar.bounded(900000000));
-        const qint64 rescate = azar.bounded(3) ? 0 : azar.bounded(int(costo / 4));
-        const int vida = 1 + azar.bounded(30), vida_niif = 1 + azar.bounded(30);
-        const int entra = azar.bounded(6), dia = 1 + azar.bounded(28);
-        const QString codigo = QString("A%1").arg(i, 3, 10, QChar('0'));
-        activos[codigo] = {costo, rescate};
-        activo(codigo, qPrintable(QString::number(costo / 100.0, 'f', 2)),
-               qPrintable(QString::number(rescate / 100.0, 'f', 2)), vida, vida_niif,
-               1 + azar.bounded(3), qPrintable(QString("2017-%1-%2").arg(1 + entra).arg(dia)));
-        ultimo = qMax(ultimo, entra + 2 + qMax(vida, vida_niif));
-    }
-    int corridas = 0;
-    for (int m = 2017 * 12 + 1; m <= 2017 * 12 + ultimo; ++m)
-        if (azar.bounded(5)) { // alguno se salta
-            if (falla_de(base(), orden(mes(m), "A")).isEmpty())
-                ++corridas;
-        }
-    falla_de(base(), orden(mes(2017 * 12 + ultimo + 1), "A"));
-    for (auto i = activos.begin(); i != activos.end(); ++i)
-        for (const char* libro : {"2649", "NIIF"})
-            QVERIFY2(depreciado(i.key(), libro) == i->costo - i->rescate,
-                     qPrintable(QString("semilla %1: %2 %3").arg(semilla).arg(i.key(), libro)));
-    QCOMPARE(saldos_distintos(base()), QString());
-    // El libro dice lo mismo que el detalle.
-    for (const char* s : {"", "_niif"})
-        QCOMPARE(base()
-                     .consulte(QString("select sum(code_credito) from comprobante_detalle%1 where"
-                                       " cuen_cod = '159215'")
-                                   .arg(s))
-                     .texto(),
-                 base()
-                     .consulte(QString("select sum(dede_valor) from depreciacion_detalle where"
-                                       " dede_libro = '%1'")
-                                   .arg(*s ? "NIIF" : "2649"))
-                     .texto());
-    // De la última a la primera, deshacerlo todo no deja nada.
-    while (base().consulte("select count(*) from depreciacion").entero() > 0)
-        base().ejecute("delete from depreciacion where depr_id = (select max(depr_id) from"
-                       " depreciacion)");
-    QCOMPARE(base().consulte("select count(*) from comprobante_encabezado").entero(), 0);
-    QCOMPARE(base().consulte("select count(*) from depreciacion_detalle").entero(), 0);
-    QVERIFY(corridas > 10);
 }
 
 void PruebaDepreciacion::quinientos_activos_en_diez_anos_suman_lo_suyo_con_deterioros_y_bajas() {
     const int semilla = 20260117, kActivos = 500, kMeses = 120;
     QRandomGenerator azar = azar_de_prueba(semilla);
     QMap<QString, std::pair<qint64, qint64>> activos; // costo y rescate, en centavos
-    QMap<QString, int> vidas_niif;
+    QMap<QString, int> fin_niif;                      // el último mes con cargo
     QStringList nombres;
     const auto importe = [](qint64 centavos) {
         return QString("%1.%2").arg(centavos / 100).arg(centavos % 100, 2, 10, QChar('0'));
     };
     for (int i = 0; i < kActivos; ++i) {
-        const qint64 costo = 100000 + qint64(azar.bounded(900000000)), rescate = costo / 10;
+        const qint64 costo = 100000 + qint64(azar.bounded(900000000)),
+                     rescate = azar.bounded(3) ? costo / 10 : 0;
+        const int vida_niif = 1 + azar.bounded(kMeses - 1), tarde = azar.bounded(2);
         nombres << QString("A%1").arg(i, 4, 10, QChar('0'));
         activos[nombres.last()] = {costo, rescate};
-        vidas_niif[nombres.last()] = 60 + azar.bounded(61);
-        activo(nombres.last(), qPrintable(importe(costo)), qPrintable(importe(rescate)),
-               60 + azar.bounded(61), vidas_niif[nombres.last()], 1 + azar.bounded(3),
-               "2017-01-10");
+        fin_niif[nombres.last()] = vida_niif + tarde;
+        activo(nombres.last(), importe(costo), importe(rescate), 1 + azar.bounded(kMeses - 1),
+               vida_niif, 1 + azar.bounded(3), tarde ? "2017-01-20" : "2017-01-10");
     }
     QSet<QString> dados_de_baja, deteriorados_al_final;
     for (int m = 1; m <= kMeses; ++m) {
+        if (m % 12 && azar.bounded(5) == 0)
+            continue; // alguno se salta, y el que sigue lo recupera
         deprecie(mes(2017 * 12 + m));
         if (m % 12 == 0 && m < kMeses - 11) { // cada año, un deterioro y una baja
             const QString deteriorado = nombres[m], bajado = nombres[200 + m];
-            base().ejecute("insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer,"
-                           " tico_cod, prco_pref) values (" +
-                           QuotedStr(deteriorado) + ", '" + mes(2017 * 12 + m) +
-                           "', -3.33, 'CG', '0001')");
-            base().ejecute("update activos_fijos set acfj_activo = 'N' where acfj_cod = " +
-                           QuotedStr(bajado));
+            base().ejecute(orden_valor(deteriorado, mes(2017 * 12 + m), "-3.33"));
+            retire(bajado);
             deprecie(mes(2017 * 12 + m), {});
             dados_de_baja << bajado;
-            if (vidas_niif[deteriorado] <= m)
+            if (fin_niif[deteriorado] <= m)
                 deteriorados_al_final << deteriorado;
         }
     }
@@ -214,6 +153,16 @@ void PruebaDepreciacion::quinientos_activos_en_diez_anos_suman_lo_suyo_con_deter
                      qPrintable(QString("semilla %1: %2 %3").arg(semilla).arg(i.key(), libro)));
         }
     QCOMPARE(saldos_distintos(base()), QString());
+    // El libro dice lo mismo que el detalle.
+    for (const char* s : {"", "_niif"})
+        QCOMPARE(dato(QString("select sum(code_credito) from comprobante_detalle%1 where cuen_cod ="
+                              " '159215'")
+                          .arg(s))
+                     .texto(),
+                 dato(QString("select sum(dede_valor) from depreciacion_detalle where dede_clase ="
+                              " 'D' and dede_libro = '%1'")
+                          .arg(*s ? "NIIF" : "2649"))
+                     .texto());
 }
 
 void PruebaDepreciacion::cada_metodo_carga_lo_suyo_cada_mes() {
@@ -221,63 +170,61 @@ void PruebaDepreciacion::cada_metodo_carga_lo_suyo_cada_mes() {
     activo("RECTA", "1000", "100", 4, 2, 1, "2017-01-15");
     activo("DOBLE", "1000", "100", 4, 4, 2, "2017-01-16"); // entra tarde: empieza en febrero
     activo("DIGITOS", "1000", "100", 4, 4, 3, "2017-01-01");
-    for (int m = 1; m <= 5; ++m)
-        deprecie(mes(2017 * 12 + m));
+    deprecie_meses(1, 5);
     QCOMPARE(cargos("RECTA"), (QStringList{"225", "225", "225", "225"}));
     QCOMPARE(cargos("RECTA", "NIIF"), (QStringList{"450", "450"}));
     QCOMPARE(cargos("DOBLE"), (QStringList{"500", "250", "125", "25"}));
     QCOMPARE(cargos("DIGITOS"), (QStringList{"360", "270", "180", "90"}));
-    QCOMPARE(base().consulte("select valor from activo_valor('RECTA', '20170228', 'N')").texto(),
-             QString("550"));
-    QCOMPARE(base().consulte("select valor from activo_valor('RECTA', '20170228', 'S')").texto(),
-             QString("100"));
+    QCOMPARE(dato("select valor from activo_valor('RECTA', '20170228', 'N')").texto(), "550");
+    QCOMPARE(dato("select valor from activo_valor('RECTA', '20170228', 'S')").texto(), "100");
+    // De la última a la primera, deshacerlo todo no deja nada.
+    while (dato("select count(*) from depreciacion").entero() > 0)
+        base().ejecute("delete from depreciacion where depr_id = (select max(depr_id) from"
+                       " depreciacion)");
+    QCOMPARE(dato("select count(*) from comprobante_encabezado").entero(), 0);
+    QCOMPARE(dato("select count(*) from depreciacion_detalle").entero(), 0);
+    QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaDepreciacion::el_gasto_se_reparte_por_los_centros_del_activo() {
     activo("TORNO", "100", "0", 1, 1, 1, "2017-01-01");
     base().ejecute("update cuentas set cuen_centro = 'S' where cuen_cod = '519530'");
-    QVERIFY(falla_de(base(), orden("20170131", "C"))
+    QVERIFY(falla(orden_depreciacion("20170131", "C"))
                 .contains("Al activo TORNO le falta el reparto por centros"));
-    for (const auto& [item, centro] : {std::pair(1, "0001"), {2, "0002"}})
-        base().ejecute(
-            QString("insert into activos_centros values ('TORNO', %1, '0001', '%2', 33.3333)")
-                .arg(item)
-                .arg(centro));
-    base().ejecute("insert into activos_centros values ('TORNO', 3, '0002', '0001', 33.3333)");
+    reparta("TORNO");
     deprecie("20170131", "C");
     QCOMPARE(filas_de(base(),
                       "select proy_cod, cent_cod, code_debito from comprobante_detalle where"
                       " cuen_cod = '519530' order by code_item"),
-             QString("0001|0001|33.33\n0001|0002|33.33\n0002|0001|33.34"));
-    QCOMPARE(base().consulte("select count(*) from comprobante_detalle_niif").entero(), 0);
+             "0001|0001|33.33\n0001|0002|33.33\n0002|0001|33.34");
+    QCOMPARE(dato("select count(*) from comprobante_detalle_niif").entero(), 0);
 }
 
 void PruebaDepreciacion::un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupera() {
     activo("MESA", "1200", "0", 12, 12, 1, "2017-01-01");
     deprecie("20170131", "C");
-    QVERIFY(falla_de(base(), orden("20170115", "A")).contains("ya se depreció"));
+    QVERIFY(falla(orden_depreciacion("20170115", "A")).contains("ya se depreció"));
     deprecie("20170131", "N");
     deprecie("20170430");
     QCOMPARE(cargos("MESA"), (QStringList{"100", "300"}));
-    QVERIFY(falla_de(base(),
-                     "delete from depreciacion where depr_fecha = '20170131' and depr_niif ="
-                     " 'C'")
+    QVERIFY(falla("delete from depreciacion where depr_fecha = '20170131' and depr_niif ="
+                  " 'C'")
                 .contains("proceso posterior"));
     // Un mes bloqueado se niega diciendo el bloqueo, y no queda nada.
     base().ejecute("update configuracion set conf_valor = '20170531' where conf_propiedad ="
                    " 'FECHA DE BLOQUEO'");
-    QVERIFY(falla_de(base(), orden("20170531", "C")).contains("bloqueada a: 2017/05/31"));
-    QCOMPARE(base().consulte("select count(*) from depreciacion").entero(), 3);
+    QVERIFY(falla(orden_depreciacion("20170531", "C")).contains("bloqueada a: 2017/05/31"));
+    QCOMPARE(dato("select count(*) from depreciacion").entero(), 3);
 }
 
 void PruebaDepreciacion::las_unidades_producidas_mandan_y_no_pueden_ser_cero() {
     activo("PRENSA", "1000", "0", 300, 300, 1, "2017-01-01", "S");
     QCOMPARE(
         filas_de(base(), "select activo, unirest from ultima_depreciacion_unidades('20170131')"),
-        QString("PRENSA|300"));
+        "PRENSA|300");
     const auto corra = [this](const QString& fecha, int unidades) {
         Transaccion t(base(), Transaccion::Modo::Escritura);
-        base().prepare(orden(fecha, "A"), t)->ejecute(t, {});
+        base().prepare(orden_depreciacion(fecha, "A"), t)->ejecute(t, {});
         base()
             .prepare("insert into depreciacion_unidades values (0, 1, 'PRENSA', " +
                          QString::number(unidades) + ')',
@@ -295,52 +242,31 @@ void PruebaDepreciacion::las_unidades_producidas_mandan_y_no_pueden_ser_cero() {
 }
 
 void PruebaDepreciacion::el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene() {
-    activo("CAMION", "1000", "0", 10, 10, 1, "2017-01-01");
-    for (int m = 1; m <= 4; ++m)
-        deprecie(mes(2017 * 12 + m));
-    base().ejecute(
-        "insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_valor, acfv_vrrecup,"
-        " acfv_difer, tico_cod, prco_pref, acfv_conc) values ('CAMION', '20170430', 600,"
-        " 300, -300, 'CG', '0001', 'Deterioro')");
-    QCOMPARE(filas_de(base(),
-                      "select cuen_cod, code_debito, code_credito from"
-                      " comprobante_detalle_niif where enco_consec = (select acfv_idcomp from"
-                      " activos_fijos_valor) order by code_item"),
-             QString("530525|300|0\n159220|0|300"));
+    camion(4);
+    base().ejecute(orden_valor("CAMION", "20170430", "-300"));
+    QCOMPARE(ultimo("_niif"), "530525|||300|0\n159220|||0|300");
     deprecie("20170531");
-    QCOMPARE(cargos("CAMION").last(), QString("100"));
-    QCOMPARE(cargos("CAMION", "NIIF").last(), QString("50")); // 300 en los 6 meses que quedaban
-    base().ejecute("update activos_fijos set acfj_activo = 'N' where acfj_cod = 'CAMION'");
-    base().ejecute(orden("20170630", ""));
-    const QString id = base().consulte("select max(enco_consec) from depreciacion").texto();
-    QCOMPARE(filas_de(base(), "select cuen_cod, code_debito, code_credito from comprobante_detalle"
-                              " where enco_consec = " +
-                                  id + " order by code_item"),
-             QString("152405|0|1000\n159215|500|0\n531015|500|0"));
-    QCOMPARE(filas_de(base(), "select cuen_cod, code_debito, code_credito from"
-                              " comprobante_detalle_niif where enco_consec = " +
-                                  id + " order by code_item"),
-             QString("152405|0|1000\n159215|450|0\n159220|300|0\n531015|250|0"));
+    QCOMPARE(cargos("CAMION").last(), "100");
+    QCOMPARE(cargos("CAMION", "NIIF").last(), "50"); // 300 en los 6 meses que quedaban
+    retire("CAMION");
+    base().ejecute(orden_depreciacion("20170630", ""));
+    QCOMPARE(ultimo(""), "152405|||0|1000\n159215|||500|0\n531015|||500|0");
+    QCOMPARE(ultimo("_niif"), "152405|||0|1000\n159215|||450|0\n159220|||300|0\n531015|||250|0");
     for (const char* niif : {"N", "S"})
         QCOMPARE(
-            base()
-                .consulte(
-                    QString("select valor from activo_valor('CAMION', '20170630', '%1')").arg(niif))
+            dato(QString("select valor from activo_valor('CAMION', '20170630', '%1')").arg(niif))
                 .texto(),
-            QString("0"));
-    QVERIFY(falla_de(base(), orden("20170731", "A")).contains("ningún activo tiene cargo"));
-    QVERIFY(falla_de(base(), orden("20170731", "")).contains("no hay activos fuera de uso"));
-    QCOMPARE(base().consulte("select count(*) from comprobantes_activo('CAMION')").entero(), 13);
+            "0");
+    QVERIFY(falla(orden_depreciacion("20170731", "A")).contains("ningún activo tiene cargo"));
+    QVERIFY(falla(orden_depreciacion("20170731", "")).contains("no hay activos fuera de uso"));
+    QCOMPARE(dato("select count(*) from comprobantes_activo('CAMION')").entero(), 13);
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaDepreciacion::un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del_mes() {
-    activo("CAMION", "1000", "0", 10, 10, 1, "2017-01-01");
-    for (int m = 1; m <= 4; ++m)
-        deprecie(mes(2017 * 12 + m));
-    base().ejecute(valor("CAMION", "20170501", "-300"));
-    for (int m = 5; m <= 10; ++m)
-        deprecie(mes(2017 * 12 + m));
+    camion(4);
+    base().ejecute(orden_valor("CAMION", "20170501", "-300"));
+    deprecie_meses(5, 10);
     // 300 en los seis meses que quedaban, mayo entre ellos.
     QCOMPARE(cargos("CAMION", "NIIF").mid(4),
              (QStringList{"300", "50", "50", "50", "50", "50", "50"}));
@@ -349,49 +275,41 @@ void PruebaDepreciacion::un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del
 }
 
 void PruebaDepreciacion::un_nuevo_valor_se_deshace_en_orden_y_no_se_repite_ni_se_edita() {
-    activo("CAMION", "1000", "0", 10, 10, 1, "2017-01-01");
-    deprecie("20170131");
-    base().ejecute(valor("CAMION", "20170131", "-300"));
-    QVERIFY(falla_de(base(), valor("CAMION", "20170131", "-1"))
+    camion(1);
+    base().ejecute(orden_valor("CAMION", "20170131", "-300"));
+    QVERIFY(falla(orden_valor("CAMION", "20170131", "-1"))
                 .contains("ya tiene un nuevo valor a 2017/01/31 (comprobante CG 0001"));
-    QVERIFY(falla_de(base(), "update activos_fijos_valor set acfv_difer = -1")
-                .contains("no se modifica"));
-    QVERIFY(
-        falla_de(base(), "update depreciacion set depr_conc = 'Otro'").contains("no se modifica"));
-    QVERIFY(!falla_de(base(), "delete from comprobante_encabezado where enco_consec = (select"
-                              " acfv_idcomp from activos_fijos_valor)")
+    QVERIFY(falla("update activos_fijos_valor set acfv_difer = -1").contains("no se modifica"));
+    QVERIFY(falla("update depreciacion set depr_conc = 'Otro'").contains("no se modifica"));
+    QVERIFY(!falla("delete from comprobante_encabezado where enco_consec = (select"
+                   " acfv_idcomp from activos_fijos_valor)")
                  .isEmpty());
     deprecie("20170228");
-    QVERIFY(falla_de(base(), "delete from activos_fijos_valor").contains("proceso posterior"));
+    QVERIFY(falla("delete from activos_fijos_valor").contains("proceso posterior"));
     base().ejecute("delete from depreciacion where depr_fecha = '20170228'");
     base().ejecute("delete from activos_fijos_valor");
-    QCOMPARE(base().consulte("select valor from activo_valor('CAMION', '20171231', 'S')").texto(),
-             QString("900"));
+    QCOMPARE(dato("select valor from activo_valor('CAMION', '20171231', 'S')").texto(), "900");
     base().ejecute("update activos_fijos set acfj_activo = 'N'");
     deprecie("20170228", {});
-    QVERIFY(falla_de(base(), valor("CAMION", "20170331", "-1")).contains("ya se dio de baja"));
+    QVERIFY(falla(orden_valor("CAMION", "20170331", "-1")).contains("ya se dio de baja"));
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaDepreciacion::el_deterioro_se_reparte_por_los_centros_del_activo() {
     base().ejecute("update cuentas_niif set cuen_centro = 'S' where cuen_cod = '530525'");
     activo("TORNO", "1000", "0", 10, 10, 1, "2017-01-01");
-    QVERIFY(falla_de(base(), valor("TORNO", "20170131", "-100"))
+    QVERIFY(falla(orden_valor("TORNO", "20170131", "-100"))
                 .contains("Al activo TORNO le falta el reparto por centros de costo, que la cuenta"
                           " 530525 exige"));
-    int item = 0;
-    for (const char* centro : {"'0001', '0001'", "'0001', '0002'", "'0002', '0001'"})
-        base().ejecute(QString("insert into activos_centros values ('TORNO', %1, %2, 33.3333)")
-                           .arg(++item)
-                           .arg(centro));
-    base().ejecute(valor("TORNO", "20170131", "-100"));
-    base().ejecute(valor("TORNO", "20170228", "50"));
+    reparta("TORNO");
+    base().ejecute(orden_valor("TORNO", "20170131", "-100"));
+    base().ejecute(orden_valor("TORNO", "20170228", "50"));
     QCOMPARE(filas_de(base(), "select cuen_cod, proy_cod, cent_cod, code_debito, code_credito from"
                               " comprobante_detalle_niif order by enco_consec, code_item"),
-             QString("530525|0001|0001|33.33|0\n530525|0001|0002|33.33|0\n"
-                     "530525|0002|0001|33.34|0\n159220|||0|100\n"
-                     "530525|0001|0001|0|16.67\n530525|0001|0002|0|16.67\n"
-                     "530525|0002|0001|0|16.66\n159220|||50|0"));
+             "530525|0001|0001|33.33|0\n530525|0001|0002|33.33|0\n"
+             "530525|0002|0001|33.34|0\n159220|||0|100\n"
+             "530525|0001|0001|0|16.67\n530525|0001|0002|0|16.67\n"
+             "530525|0002|0001|0|16.66\n159220|||50|0");
 }
 
 void PruebaDepreciacion::la_perdida_de_una_baja_se_reparte_por_los_centros_del_activo() {
@@ -399,28 +317,19 @@ void PruebaDepreciacion::la_perdida_de_una_baja_se_reparte_por_los_centros_del_a
     activo("SIERRA", "60", "0", 10, 10, 1, "2017-01-01");
     activo("TORNO", "120", "0", 6, 12, 1, "2017-01-01");
     deprecie("20170131");
-    base().ejecute("update activos_fijos set acfj_activo = 'N' where acfj_cod = 'TORNO'");
-    QVERIFY(falla_de(base(), orden("20170131", ""))
+    retire("TORNO");
+    QVERIFY(falla(orden_depreciacion("20170131", ""))
                 .contains("Al activo TORNO le falta el reparto por centros de costo, que la cuenta"
                           " 531015 exige"));
-    int item = 0;
-    for (const char* centro : {"'0002', '0001'", "'0001', '0002'", "'0001', '0001'"})
-        base().ejecute(QString("insert into activos_centros values ('TORNO', %1, %2, 33.3333)")
-                           .arg(++item)
-                           .arg(centro));
+    reparta("TORNO", {"'0002', '0001'", "'0001', '0002'", "'0001', '0001'"});
     deprecie("20170131", "");
-    const QString lineas = "select cuen_cod, proy_cod, cent_cod, code_debito, code_credito from"
-                           " comprobante_detalle%1 where enco_consec = (select max(enco_consec)"
-                           " from depreciacion) order by code_item";
-    QCOMPARE(filas_de(base(), lineas.arg("")),
-             QString("152405|||0|120\n159215|||20|0\n531015|0002|0001|33.33|0\n"
-                     "531015|0001|0002|33.33|0\n531015|0001|0001|33.34|0"));
+    QCOMPARE(ultimo(""), "152405|||0|120\n159215|||20|0\n531015|0002|0001|33.33|0\n"
+                         "531015|0001|0002|33.33|0\n531015|0001|0001|33.34|0");
     // Donde la cuenta no los lleva va en una sola línea.
     base().ejecute("delete from depreciacion where depr_niif is null");
     base().ejecute("update cuentas_niif set cuen_centro = 'N' where cuen_cod = '531015'");
     deprecie("20170131", "");
-    QCOMPARE(filas_de(base(), lineas.arg("_niif")),
-             QString("152405|||0|120\n159215|||10|0\n531015|||110|0"));
+    QCOMPARE(ultimo("_niif"), "152405|||0|120\n159215|||10|0\n531015|||110|0");
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
@@ -428,32 +337,25 @@ void PruebaDepreciacion::el_grupo_que_produce_pide_unidades_y_un_cargo_enorme_se
     grupo(4, 4);
     activo("PRENSA", "1000", "0", 300, 300, 4, "2017-01-01");
     QCOMPARE(filas_de(base(), "select activo from ultima_depreciacion_unidades('20170131')"),
-             QString("PRENSA"));
+             "PRENSA");
     base().ejecute("update cuentas set cuen_centro = 'S' where cuen_cod = '519530'");
     activo("PLANTA", "90000000000.02", "0", 2, 2, 1, "2017-01-01");
-    int item = 0;
-    for (const char* centro : {"'0001', '0001'", "'0001', '0002'", "'0002', '0001'"})
-        base().ejecute(QString("insert into activos_centros values ('PLANTA', %1, %2, 33.3333)")
-                           .arg(++item)
-                           .arg(centro));
+    reparta("PLANTA");
     deprecie("20170131", "C");
     QCOMPARE(filas_de(base(), "select code_debito from comprobante_detalle where cuen_cod ="
                               " '519530' order by code_item"),
-             QString("15000000000\n15000000000\n15000000000.01"));
+             "15000000000\n15000000000\n15000000000.01");
 }
 
 void PruebaDepreciacion::lo_que_falta_se_dice_por_el_nombre_del_activo() {
     activo("SINCTA", "1200", "0", 12, 12, 1, "2017-01-01");
     base().ejecute("update activos_fijos set acfj_ctaniifc = null, acfj_ctadeterc = ''");
     QVERIFY(
-        falla_de(base(), orden("20170131", "A")).contains("activo SINCTA le faltan las cuentas"));
-    QCOMPARE(base().consulte("select count(*) from depreciacion").entero(), 0);
+        falla(orden_depreciacion("20170131", "A")).contains("activo SINCTA le faltan las cuentas"));
+    QCOMPARE(dato("select count(*) from depreciacion").entero(), 0);
     deprecie("20170131", "C");
-    QVERIFY(falla_de(base(),
-                     "insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer,"
-                     " tico_cod, prco_pref) values ('SINCTA', '20170430', -3, 'CG', '0001')")
-                .contains("cuentas de deterioro"));
-    QVERIFY(!falla_de(base(), "delete from activos_fijos").isEmpty());
+    QVERIFY(falla(orden_valor("SINCTA", "20170430", "-3")).contains("cuentas de deterioro"));
+    QVERIFY(!falla("delete from activos_fijos").isEmpty());
 }
 
 QTEST_APPLESS_MAIN(PruebaDepreciacion)

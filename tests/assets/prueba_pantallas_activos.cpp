@@ -2,6 +2,7 @@
 // y cuadro.
 #include "apoyo/comprobantes.h"
 #include "apoyo_gui/sesion_gui.h"
+#include "assets/activo_de_prueba.h"
 #include "assets/forma_activo.h"
 #include "assets/peticiones_activos.h"
 #include "assets/registro.h"
@@ -34,26 +35,18 @@ namespace {
 
 QStringList abiertos;
 
-struct Almacenista {
-    explicit Almacenista(SesionGui& sesion) : s(sesion) {
+struct Almacenista : SesionGui {
+    explicit Almacenista(const QString& usuario = "ADMIN") : SesionGui(usuario) {
         registre_pantallas_activos();
         abiertos.clear();
         registre_testigo("Tfedtmovimien", [](const Pantalla& p) {
             abiertos << p.peticion<AbreComprobante>().comprobante_encontrado;
         });
-        s.cnt.ano_actual = "2017";
-        s.cnt.periodo_actual = 0;
-        for (const char* plan : {"cuentas", "cuentas_niif"})
-            for (const char* cuenta : {"53", "5305", "530525", "5310", "531015", "159220"})
-                s.base.base().ejecute(
-                    QString("update or insert into %1 (cuen_cod, cuen_nom) values (%2, %2)"
-                            " matching (cuen_cod)")
-                        .arg(plan, QuotedStr(cuenta)));
-        s.base.ejecute(
-            {"update cuentas set cuen_tipo = 'N', cuen_tercero = 'N' where cuen_cod = '152405'",
-             "update cuentas set cuen_centro = 'N' where cuen_cod = '519530'",
-             "update cuentas_niif set cuen_centro = 'N' where cuen_cod = '519530'",
-             "delete from activos_fijos",
+        cnt.ano_actual = "2017";
+        cnt.periodo_actual = 0;
+        prepare_activos(base.base());
+        base.ejecute(
+            {"delete from activos_fijos",
              "insert into activos_grupos (acgr_id, acgr_nom, acgr_mesdep, acgr_dep, acgr_mesdepn, "
              "acgr_tipodep) values (1, 'Muebles', 120, 'S', 60, 1)",
              "insert into activos_grupos (acgr_id, acgr_nom, acgr_mesdep, acgr_dep, acgr_mesdepn, "
@@ -61,30 +54,37 @@ struct Almacenista {
              "insert into activos_subgrupo values (1, 7, 'Escritorios')"});
     }
     void activo(const char* codigo, const char* costo, int meses, const char* unidades = "N") {
-        s.base.ejecute(
-            {QString("insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing, acfj_mesdep,"
-                     " acfj_depniif, acfj_dep, acfj_activo, acfj_rescate, acfj_unidades,"
-                     " acfj_ctaconta, acfj_ctadepd, acfj_ctadepc, acfj_ctaniif, acfj_ctaniifd,"
-                     " acfj_ctaniifc, acfj_ctadeterd, acfj_ctadeterc, acfj_vrorig) values ('%1',"
-                     " 'Equipo %1', '2017-01-10', %2, %3, 'S', 'S', 0, '%4', '152405', '519530',"
-                     " '159215', '152405', '519530', '159215', '530525', '159220', %5)")
-                 .arg(codigo)
-                 .arg(meses)
-                 .arg(meses * 2)
-                 .arg(unidades, costo)});
+        registre(base.base(), {codigo, costo, meses, meses * 2, unidades});
     }
     Pantalla* abra(const char* nombre, Encargo encargo = {}) {
         return p = pantallas().abrir(nombre, std::move(encargo));
     }
+    /// La que abrió la tecla.
+    Pantalla* siga(int clave, Qt::KeyboardModifiers con = Qt::NoModifier) {
+        oprima(clave, con);
+        return p = escritorio.activa();
+    }
+    /// F2, y la pantalla se va.
+    void grabe(const char* pantalla) {
+        oprima(Qt::Key_F2);
+        QVERIFY2(!escritorio.abierta(pantalla), pantalla);
+    }
     QString caja(const char* nombre) { return componente<QLineEdit>(p, nombre).text(); }
-    void tipo() {
-        enfoque(p, "LTipo");
-        digite("Comprobante");
+    void escriba(const char* nombre, const QString& texto) { ::escriba(p, nombre, texto); }
+    /// Varias cajas: "ECod=X1; EDesc=Silla".
+    void escriba(const QString& cajas) {
+        for (const QString& c : cajas.split("; "))
+            escriba(c.section('=', 0, 0).toLatin1(), c.section('=', 1));
+    }
+    void lista(const char* nombre, const char* comienzo) {
+        enfoque(p, nombre);
+        digite(comienzo);
         oprima(Qt::Key_Tab);
     }
+    void tipo() { lista("LTipo", "Comprobante"); }
 
-    SesionGui& s;
     Pantalla* p = nullptr;
+    Interlocutor i;
 };
 
 } // namespace
@@ -93,144 +93,122 @@ class PruebaPantallasActivos : public QObject {
     Q_OBJECT
 private slots:
     void la_ficha_toma_del_grupo_los_meses_y_valida_sus_cuentas() {
-        SesionGui s;
-        Almacenista a(s);
+        Almacenista s;
         ListaFalsa<PideCuenta> plan("Tfcuentas"), niif("Tfcuentasniif");
-        a.abra("Tfactivos");
-        oprima(Qt::Key_F5);
-        a.p = s.escritorio.activa();
-        QCOMPARE(a.p->windowTitle(), QString("Nuevo Activo"));
-        escriba(a.p, "ECod", "ESC1");
-        escriba(a.p, "EDesc", "Escritorio");
-        escriba(a.p, "EMeses", "36");
-        enfoque(a.p, "LGrupo");
-        digite("Muebles");
-        oprima(Qt::Key_Tab);
-        QCOMPARE(a.caja("EMeses"), QString("120")); // pisa lo digitado
-        enfoque(a.p, "LSubgrupo");
+        s.abra("Tfactivos");
+        s.siga(Qt::Key_F5);
+        QCOMPARE(s.p->windowTitle(), "Nuevo Activo");
+        s.escriba("ECod=ESC1; EDesc=Escritorio; EMeses=36");
+        s.lista("LGrupo", "Muebles");
+        QCOMPARE(s.caja("EMeses"), "120"); // pisa lo digitado
+        enfoque(s.p, "LSubgrupo");
         digite("Escritorios");
-        escriba(a.p, "EVrOrig", "1200000");
-        Interlocutor i;
-        i.espere("No se encontró la cuenta contable indicada.");
-        escriba(a.p, "Activo", "99");
-        QCOMPARE(a.caja("Activo"), QString());
-        QTest::mouseDClick(&componente<QWidget>(a.p, "DepD"), Qt::LeftButton);
+        s.escriba("EVrOrig", "1200000");
+        s.i.espere("No se encontró la cuenta contable indicada.");
+        s.escriba("Activo", "99");
+        QCOMPARE(s.caja("Activo"), QString());
+        QTest::mouseDClick(&componente<QWidget>(s.p, "DepD"), Qt::LeftButton);
         plan.conteste("519530");
         agote_eventos();
-        QCOMPARE(a.caja("DepD"), QString("519530"));
-        QVERIFY(!a.caja("NomDepD").isEmpty());
+        QCOMPARE(s.caja("DepD"), "519530");
+        QVERIFY(!s.caja("NomDepD").isEmpty());
         oprima(Qt::Key_PageDown, Qt::ControlModifier);
-        QCOMPARE(a.caja("EVida"), QString("60"));
-        escriba(a.p, "DetND", "?5");
-        QCOMPARE(niif.pedida().texto_busqueda, QString("5"));
+        QCOMPARE(s.caja("EVida"), "60");
+        s.escriba("DetND", "?5");
+        QCOMPARE(niif.pedida().texto_busqueda, "5");
         niif.conteste("530525");
         agote_eventos();
-        QCOMPARE(a.caja("DetND"), QString("530525"));
-        oprima(Qt::Key_F2);
-        QVERIFY(!s.escritorio.abierta("Tfnvoactivo"));
+        QCOMPARE(s.caja("DetND"), "530525");
+        s.grabe("Tfnvoactivo");
         QCOMPARE(s.dato("select acfj_mesdep || ':' || acfj_depniif || ':' || acgr_id || ':' || "
                         "acsg_id || ':' || acfj_dep || acfj_activo || acfj_unidades || ':' || "
                         "acfj_ctadepd from activos_fijos"),
-                 QString("120:60:1:7:SSN:519530"));
-        i.espere("Desea borrar definitivamente el activo ESC1 ?", "Sí");
+                 "120:60:1:7:SSN:519530");
+        s.i.espere("Desea borrar definitivamente el activo ESC1 ?", "Sí");
         oprima(Qt::Key_F3);
-        QCOMPARE(s.dato("select count(*) from activos_fijos"), QString("0"));
+        QCOMPARE(s.dato("select count(*) from activos_fijos"), "0");
     }
 
     void sin_grupo_conserva_sus_meses_y_sin_cuentas_se_graba() {
-        SesionGui s;
-        Almacenista a(s);
-        a.abra("Tfnvoactivo");
-        escriba(a.p, "ECod", "X1");
-        escriba(a.p, "EDesc", "Sin grupo");
-        escriba(a.p, "EMeses", "36");
+        Almacenista s;
+        s.abra("Tfnvoactivo");
+        s.escriba("ECod=X1; EDesc=Sin grupo; EMeses=36");
         oprima(Qt::Key_F2);
-        QCOMPARE(s.dato("select acfj_mesdep from activos_fijos"), QString("36"));
+        QCOMPARE(s.dato("select acfj_mesdep from activos_fijos"), "36");
         // Con un grupo que no se deprecia, la ficha tampoco.
-        a.abra("Tfnvoactivo");
-        escriba(a.p, "ECod", "LOTE");
-        escriba(a.p, "EDesc", "Lote");
+        s.abra("Tfnvoactivo");
+        s.escriba("ECod=LOTE; EDesc=Lote");
         oprima(Qt::Key_F6);
         auto* grupos = s.escritorio.activa();
-        QCOMPARE(grupos->objectName(), QString("Tfgruposact"));
+        QCOMPARE(grupos->objectName(), "Tfgruposact");
         enfoque(grupos, "DBGridEh1");
         oprima(Qt::Key_Down);
         pulse(grupos, "SBSelec");
         agote_eventos();
-        QCOMPARE(s.escritorio.activa(), a.p);
+        QCOMPARE(s.escritorio.activa(), s.p);
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select acgr_id || acfj_dep from activos_fijos where acfj_cod = 'LOTE'"),
-                 QString("2N"));
+                 "2N");
     }
 
     void se_edita_con_su_reparto_su_valor_y_su_foto() {
-        SesionGui s;
-        Almacenista a(s);
-        a.activo("EQ1", "1200", 12);
-        a.abra("Tfactivos");
-        oprima(Qt::Key_F4);
-        a.p = s.escritorio.activa();
-        QCOMPARE(a.p->objectName(), QString("Tfedtactivo"));
-        QCOMPARE(a.caja("EValor"), QString("1,200.00"));
-        QVERIFY(a.caja("NomDepC").size() > 0);
-        auto* forma = static_cast<FormaActivo*>(a.p);
+        Almacenista s;
+        s.activo("EQ1", "1200", 12);
+        s.abra("Tfactivos");
+        s.siga(Qt::Key_F4);
+        QCOMPARE(s.p->objectName(), "Tfedtactivo");
+        QCOMPARE(s.caja("EValor"), "1,200.00");
+        QVERIFY(s.caja("NomDepC").size() > 0);
+        auto* forma = static_cast<FormaActivo*>(s.p);
         forma->PageControl1->setCurrentIndex(2);
-        enfoque(a.p, "DBGridEh1");
+        enfoque(s.p, "DBGridEh1");
         oprima(Qt::Key_Insert);
-        enfoque(a.p, "DBGridEh1", 0);
+        enfoque(s.p, "DBGridEh1", 0);
         digite_celdas({"0001", "0001", "60"});
-        enfoque(a.p, "DBGridEh1", 0);
+        enfoque(s.p, "DBGridEh1", 0);
         digite_celdas({"0001", "0002", "40"});
         QTemporaryDir carpeta;
         QImage imagen(8, 8, QImage::Format_RGB32);
         imagen.fill(Qt::darkGreen);
         imagen.save(carpeta.filePath("foto.png"));
         forma->cargue_foto(carpeta.filePath("foto.png"));
-        oprima(Qt::Key_F2);
-        QVERIFY(!s.escritorio.abierta("Tfedtactivo"));
+        s.grabe("Tfedtactivo");
         QCOMPARE(s.dato("select list(acce_item || acce_proy || acce_centro || acce_porc) from "
                         "activos_centros"),
-                 QString("10001000160.0000,20001000240.0000"));
+                 "10001000160.0000,20001000240.0000");
         QVERIFY(s.dato("select octet_length(acfo_foto) from activos_fotos").toInt() > 50);
-        Interlocutor i;
-        i.espere("No se encontró el activo NADA");
-        QVERIFY(!a.abra("Tfedtactivo", AbreActivo{"NADA"}));
+        s.i.espere("No se encontró el activo NADA");
+        QVERIFY(!s.abra("Tfedtactivo", AbreActivo{"NADA"}));
     }
 
     void la_depreciacion_del_mes_pide_las_unidades_de_quienes_producen() {
-        SesionGui s;
-        Almacenista a(s);
-        a.activo("EQ1", "1200", 12);
-        a.activo("MAQ", "1000", 100, "S");
-        auto* lista = static_cast<ListaProceso*>(a.abra("Tfbuscdep"));
-        oprima(Qt::Key_F5);
-        a.p = s.escritorio.activa();
-        a.tipo();
-        escriba(a.p, "EDia", "31");
-        escriba(a.p, "EConcepto", "Enero");
-        enfoque(a.p, "LLibros");
-        digite("Ambas");
-        oprima(Qt::Key_Tab);
+        Almacenista s;
+        s.activo("EQ1", "1200", 12);
+        s.activo("MAQ", "1000", 100, "S");
+        auto* lista = static_cast<ListaProceso*>(s.abra("Tfbuscdep"));
+        s.siga(Qt::Key_F5);
+        s.tipo();
+        s.escriba("EDia=31; EConcepto=Enero");
+        s.lista("LLibros", "Ambas");
         oprima(Qt::Key_F2);
-        auto* forma = static_cast<Tfcalculadep*>(a.p);
-        QVERIFY(!componente<QWidget>(a.p, "Panel1").isVisible());
+        auto* forma = static_cast<Tfcalculadep*>(s.p);
+        QVERIFY(!componente<QWidget>(s.p, "Panel1").isVisible());
         QCOMPARE(valores_de(forma->CDepunidad, "ACFJ_COD"), QStringList("MAQ"));
         QCOMPARE(valores_de(forma->CDepunidad, "Unirest"), QStringList("200"));
-        Interlocutor i;
-        i.espere("Debe indicar el número de unidades/horas producidas.");
-        pulse(a.p, "SpeedButton3");
-        QCOMPARE(s.dato("select count(*) from depreciacion"), QString("0"));
-        enfoque(a.p, "DBGridEh1", 4);
+        s.i.espere("Debe indicar el número de unidades/horas producidas.");
+        pulse(s.p, "SpeedButton3");
+        QCOMPARE(s.dato("select count(*) from depreciacion"), "0");
+        enfoque(s.p, "DBGridEh1", 4);
         digite("25");
         oprima(Qt::Key_Return);
-        pulse(a.p, "SpeedButton3");
+        pulse(s.p, "SpeedButton3");
         QVERIFY(!s.escritorio.abierta("Tfcalculadep"));
         QCOMPARE(s.dato("select list(acfj_cod || dede_libro || ':' || dede_valor, ' ') from "
                         "(select * from depreciacion_detalle order by acfj_cod, dede_libro)"),
-                 QString("EQ12649:100.00 EQ1NIIF:50.00 MAQ2649:250.00 MAQNIIF:125.00"));
+                 "EQ12649:100.00 EQ1NIIF:50.00 MAQ2649:250.00 MAQNIIF:125.00");
         QCOMPARE(s.dato("select depu_unidades from depreciacion_unidades natural join "
                         "depreciacion"),
-                 QString("25"));
+                 "25");
         QCOMPARE(lista->CLista.RecordCount(), 1);
         oprima(Qt::Key_F4);
         QCOMPARE(abiertos, QStringList(s.dato("select enco_consec from depreciacion")));
@@ -240,41 +218,50 @@ private slots:
         escriba(lista, "EFecha", "2017/02/01");
         QVERIFY(lista->CLista.IsEmpty());
         escriba(lista, "EFecha", "2017/01/01");
-        i.espere_comienzo("Desea borrar definitivamente la depreciación CG 0001", "Sí");
+        s.i.espere_comienzo("Desea borrar definitivamente la depreciación CG 0001", "Sí");
         oprima(Qt::Key_F3);
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
-        QCOMPARE(s.dato("select count(*) from depreciacion_unidades"), QString("0"));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
+        QCOMPARE(s.dato("select count(*) from depreciacion_unidades"), "0");
     }
 
-    void sin_productores_graba_de_una_vez_y_dos_veces_el_mismo_mes_se_rehusa() {
-        SesionGui s;
-        Almacenista a(s);
-        a.activo("EQ1", "1200", 12);
+    void con_el_papel_del_programa_se_deprecia_una_vez_y_se_da_de_baja() {
+        Almacenista s("AUXILIAR");
+        s.activo("EQ1", "1200", 12);
         for (int vez : {1, 2}) {
-            a.abra("Tfcalculadep");
-            a.tipo();
-            escriba(a.p, "EConcepto", "Enero");
-            Interlocutor i;
+            s.abra("Tfcalculadep");
+            s.tipo();
+            s.escriba("EConcepto", "Enero");
             if (vez == 2)
-                i.espere_comienzo("El mes 2017/01 ya se depreció en ese alcance (comprobante CG");
-            oprima(Qt::Key_F2);
+                s.i.espere_comienzo("El mes 2017/01 ya se depreció en ese alcance (comprobante CG");
+            oprima(Qt::Key_F2); // sin productores graba de una vez
             QCOMPARE(bool(s.escritorio.abierta("Tfcalculadep")), vez == 2);
         }
-        QCOMPARE(s.dato("select sum(code_debito) from comprobante_detalle"), QString("100"));
+        QCOMPARE(s.dato("select sum(code_debito) from comprobante_detalle"), "100");
+        s.base.ejecute({"update activos_fijos set acfj_activo = 'N'"});
+        s.abra("Tfbajaactivo");
+        s.tipo();
+        s.escriba("EConcepto", "Venta");
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato("select list(dede_clase || dede_libro, ' ') from (select * from "
+                        "depreciacion_detalle order by dede_id)"),
+                 "D2649 B2649 BNIIF");
+        // Lo que llevan los procesos no se escribe a mano.
+        for (const char* orden : {"update depreciacion_detalle set dede_valor = 0",
+                                  "execute procedure asiente_depreciacion(1)"})
+            QVERIFY_EXCEPTION_THROWN(s.dm.Quorvex.ejecute(orden), ErrorBase);
     }
 
     void la_baja_dice_antes_cuales_activos_saca() {
-        SesionGui s;
-        Almacenista a(s);
-        a.activo("EQ1", "1200", 12);
-        a.activo("EQ2", "900", 12);
-        auto* baja = static_cast<Tfbajaactivo*>(a.abra("Tfbajaactivo"));
+        Almacenista s;
+        s.activo("EQ1", "1200", 12);
+        s.activo("EQ2", "900", 12);
+        auto* baja = static_cast<Tfbajaactivo*>(s.abra("Tfbajaactivo"));
         QVERIFY(baja->CBajas.IsEmpty());
-        a.tipo();
-        escriba(a.p, "EConcepto", "Venta por chatarra");
-        Interlocutor i;
-        i.espere("Baja de activos: no hay activos fuera de uso por dar de baja. No se hizo ningún "
-                 "comprobante.");
+        s.tipo();
+        s.escriba("EConcepto", "Venta por chatarra");
+        s.i.espere(
+            "Baja de activos: no hay activos fuera de uso por dar de baja. No se hizo ningún "
+            "comprobante.");
         oprima(Qt::Key_F2);
         s.base.ejecute({"update activos_fijos set acfj_activo = 'N' where acfj_cod = 'EQ2'"});
         s.escritorio.muestre(new Pantalla("Tfotra")); // se fue a la ficha y volvió
@@ -282,56 +269,43 @@ private slots:
         agote_eventos();
         QCOMPARE(valores_de(baja->CBajas, "ACTIVO"), QStringList("EQ2"));
         QCOMPARE(valores_de(baja->CBajas, "VALOR"), QStringList("900"));
-        oprima(Qt::Key_F2);
-        QVERIFY(!s.escritorio.abierta("Tfbajaactivo"));
-        QCOMPARE(s.dato("select list(distinct acfj_cod) from depreciacion_detalle"),
-                 QString("EQ2"));
-        QCOMPARE(s.dato("select count(*) from activos_por_bajar"), QString("0"));
+        s.grabe("Tfbajaactivo");
+        QCOMPARE(s.dato("select list(distinct acfj_cod) from depreciacion_detalle"), "EQ2");
+        QCOMPARE(s.dato("select count(*) from activos_por_bajar"), "0");
     }
 
     void el_deterioro_compara_el_valor_en_libros_con_lo_recuperable() {
-        SesionGui s;
-        Almacenista a(s);
-        a.activo("EQ1", "1200", 12);
-        a.abra("Tfactivos");
-        oprima(Qt::Key_F5, Qt::ShiftModifier);
-        a.p = s.escritorio.activa();
-        QCOMPARE(a.p->windowTitle(), QString("Nuevo valor activo"));
-        QCOMPARE(a.caja("EValor"), QString("1,200.00"));
-        a.tipo();
-        escriba(a.p, "EConcepto", "Deterioro");
-        escriba(a.p, "EVrUso", "1000");
-        escriba(a.p, "ECsUso", "100");
-        escriba(a.p, "EPrVenta", "950");
-        escriba(a.p, "ECsVenta", "50");
-        QCOMPARE(a.caja("EUso") + a.caja("ERazon") + a.caja("EVrRecup"),
-                 QString("900.00900.00900.00"));
-        QCOMPARE(a.caja("EDifer"), QString("-300.00"));
-        escriba(a.p, "ECsVenta", "0");
-        QCOMPARE(a.caja("EVrRecup"), QString("950.00"));
-        oprima(Qt::Key_F2);
-        QVERIFY(!s.escritorio.abierta("Tfvalactivo"));
+        Almacenista s;
+        s.activo("EQ1", "1200", 12);
+        s.abra("Tfactivos");
+        s.siga(Qt::Key_F5, Qt::ShiftModifier);
+        QCOMPARE(s.p->windowTitle(), "Nuevo valor activo");
+        QCOMPARE(s.caja("EValor"), "1,200.00");
+        s.tipo();
+        s.escriba("EConcepto=Deterioro; EVrUso=1000; ECsUso=100; EPrVenta=950; ECsVenta=50");
+        QCOMPARE(s.caja("EUso") + s.caja("ERazon") + s.caja("EVrRecup"), "900.00900.00900.00");
+        QCOMPARE(s.caja("EDifer"), "-300.00");
+        s.escriba("ECsVenta", "0");
+        QCOMPARE(s.caja("EVrRecup"), "950.00");
+        s.grabe("Tfvalactivo");
         QCOMPARE(s.dato("select list(cuen_cod || ':' || code_debito || ':' || code_credito, ' ') "
                         "from comprobante_detalle_niif"),
-                 QString("530525:250.00:0.00 159220:0.00:250.00"));
-        QCOMPARE(s.dato("select count(*) from comprobante_detalle"), QString("0"));
-        QCOMPARE(s.dato("select valor from activo_valor('EQ1', '20171231', 'S')"), QString("950"));
+                 "530525:250.00:0.00 159220:0.00:250.00");
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle"), "0");
+        QCOMPARE(s.dato("select valor from activo_valor('EQ1', '20171231', 'S')"), "950");
     }
 
     void el_cuadro_suma_el_costo_en_los_dos_libros_y_lo_dibuja() {
-        SesionGui s;
-        Almacenista a(s);
-        a.activo("EQ1", "1000", 3);
-        s.base.ejecute(
-            {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, "
-             "depr_conc, depr_niif) values (0, '20170131', 'CG', '0001', 'Enero', 'C')"});
-        a.abra("Tfactivos");
+        Almacenista s;
+        s.activo("EQ1", "1000", 3);
+        s.base.ejecute({orden_depreciacion("20170131", "C")});
+        s.abra("Tfactivos");
         oprima(Qt::Key_F2);
         auto* c = static_cast<Tfcuadroactivo*>(s.escritorio.activa());
         QCOMPARE(valores_de(c->CCuadro, "CARGO"), QStringList({"333.33", "333.34", "333.33"}));
         QCOMPARE(valores_de(c->CCuadro, "HECHO"), QStringList({"S", "N", "N"}));
         QCOMPARE(valores_de(c->CCuadro, "PERIODO"), QStringList({"2017/01", "2017/02", "2017/03"}));
-        QCOMPARE(valores_de(c->CCuadroniif, "VALOR").last(), QString("0"));
+        QCOMPARE(valores_de(c->CCuadroniif, "VALOR").last(), "0");
         QCOMPARE(c->CCuadroniif.RecordCount(), 6);
         QCOMPARE(c->DBGridEh2->suma(2), Moneda(1000));
         QCOMPARE(c->Curva->categorias().size(), 7); // el costo y seis meses
@@ -340,99 +314,79 @@ private slots:
         QCOMPARE(local.last(), Moneda()); // ya estaba en cero: conserva su valor
     }
 
-    void los_movimientos_abren_su_comprobante() {
-        SesionGui s;
-        Almacenista a(s);
-        a.activo("EQ1", "1200", 12);
-        s.base.ejecute(
-            {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, "
-             "depr_conc, depr_niif) values (0, '20170131', 'CG', '0001', 'Enero', 'A')"});
-        a.abra("Tfactivos");
-        oprima(Qt::Key_F8);
-        auto* m = static_cast<ListaProceso*>(s.escritorio.activa());
-        QCOMPARE(m->windowTitle(), QString("Movimiento por activo: EQ1  Equipo EQ1"));
-        QStringList conceptos = valores_de(m->CLista, "CONCEPTO");
-        conceptos.sort(); // son del mismo día
-        QCOMPARE(conceptos, QStringList({"Depreciación", "Depreciación NIIF"}));
+    void los_movimientos_abren_su_comprobante_y_solo_eliminan_un_nuevo_valor() {
+        Almacenista s;
+        s.activo("EQ1", "1200", 12);
+        s.base.ejecute({orden_depreciacion("20170131", "A"), orden_valor("EQ1", "20170215", "25")});
+        s.abra("Tfactivos");
+        auto* m = static_cast<ListaProceso*>(s.siga(Qt::Key_F8));
+        QCOMPARE(m->windowTitle(), "Movimiento por activo: EQ1  Equipo EQ1");
+        const auto conceptos = [m] {
+            QStringList c = valores_de(m->CLista, "CONCEPTO");
+            c.sort(); // dos son del mismo día
+            return c.join(", ");
+        };
+        QCOMPARE(conceptos(), "Depreciación, Depreciación NIIF, Recuperación NIIF");
         oprima(Qt::Key_F4);
         QCOMPARE(abiertos, QStringList(s.dato("select enco_consec from depreciacion")));
-    }
-
-    void un_nuevo_valor_se_elimina_desde_los_movimientos_y_solo_el() {
-        SesionGui s;
-        Almacenista a(s);
-        a.activo("EQ1", "1200", 12);
-        s.base.ejecute(
-            {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, "
-             "depr_conc, depr_niif) values (0, '20170131', 'CG', '0001', 'Enero', 'N')",
-             "insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer, tico_cod, "
-             "prco_pref) values ('EQ1', '20170215', 25, 'CG', '0001')"});
-        auto* m = static_cast<ListaProceso*>(a.abra("Tfmovactivo", AbreActivo{QString("EQ1")}));
-        QCOMPARE(valores_de(m->CLista, "CONCEPTO"),
-                 QStringList({"Depreciación NIIF", "Recuperación NIIF"}));
-        Interlocutor i;
-        i.espere_comienzo("Aquí se elimina solo un nuevo valor del activo.");
+        s.escritorio.activa()->close();
+        agote_eventos();
+        s.escritorio.active(m);
+        s.i.espere_comienzo("Aquí se elimina solo un nuevo valor del activo.");
         oprima(Qt::Key_F3);
         oprima(Qt::Key_Down);
-        i.espere_comienzo("Desea borrar definitivamente el nuevo valor CG 0001 0", "Sí");
+        oprima(Qt::Key_Down);
+        s.i.espere_comienzo("Desea borrar definitivamente el nuevo valor CG 0001 0", "Sí");
         oprima(Qt::Key_F3);
-        QCOMPARE(valores_de(m->CLista, "CONCEPTO"), QStringList({"Depreciación NIIF"}));
-        QCOMPARE(s.dato("select count(*) from activos_fijos_valor"), QString("0"));
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("1"));
+        QCOMPARE(conceptos(), "Depreciación, Depreciación NIIF");
+        QCOMPARE(s.dato("select count(*) from activos_fijos_valor"), "0");
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "1");
     }
 
     void el_nuevo_valor_lleva_su_soporte_y_el_valor_de_su_fecha() {
-        SesionGui s;
-        Almacenista a(s);
-        a.activo("EQ1", "1200", 12);
-        s.base.ejecute(
-            {"insert into depreciacion (depr_id, depr_fecha, tico_cod, prco_pref, "
-             "depr_conc, depr_niif) values (0, '20170131', 'CG', '0001', 'Enero', 'N')"});
-        a.abra("Tfvalactivo", AbreActivo{QString("EQ1")});
-        QCOMPARE(a.caja("EValor"), QString("1,200.00")); // el primero de enero
-        a.tipo();
-        escriba(a.p, "EPrVenta", "1000");
-        QCOMPARE(a.caja("EDifer"), QString("-200.00"));
-        escriba(a.p, "EDia", "31");
-        QCOMPARE(a.caja("EValor"), QString("1,150.00"));
-        QCOMPARE(a.caja("EDifer"), QString("-150.00"));
+        Almacenista s;
+        s.activo("EQ1", "1200", 12);
+        s.base.ejecute({orden_depreciacion("20170131", "N")});
+        s.abra("Tfvalactivo", AbreActivo{QString("EQ1")});
+        QCOMPARE(s.caja("EValor"), "1,200.00"); // el primero de enero
+        s.tipo();
+        s.escriba("EPrVenta", "1000");
+        QCOMPARE(s.caja("EDifer"), "-200.00");
+        s.escriba("EDia", "31");
+        QCOMPARE(s.caja("EValor"), "1,150.00");
+        QCOMPARE(s.caja("EDifer"), "-150.00");
         QTemporaryDir carpeta;
         QFile avaluo(carpeta.filePath("avaluo.pdf"));
         QVERIFY(avaluo.open(QIODevice::WriteOnly) && avaluo.write("%PDF de avance") > 0);
         avaluo.close();
-        Interlocutor i;
         QVERIFY_EXCEPTION_THROWN(
-            static_cast<Tfvalactivo*>(a.p)->cargue_documento(carpeta.filePath("falta.pdf")),
+            static_cast<Tfvalactivo*>(s.p)->cargue_documento(carpeta.filePath("falta.pdf")),
             ErrorDatos);
-        i.espere_modal("QFileDialog", [&](QWidget* w) {
+        s.i.espere_modal("QFileDialog", [&](QWidget* w) {
             w->findChild<QLineEdit*>("fileNameEdit")->setText(avaluo.fileName());
             QMetaObject::invokeMethod(w, "accept");
         });
         oprima(Qt::Key_F8);
-        QCOMPARE(a.caja("EDocumento"), QString("avaluo.pdf"));
-        oprima(Qt::Key_F2);
-        QVERIFY(!s.escritorio.abierta("Tfvalactivo"));
+        QCOMPARE(s.caja("EDocumento"), "avaluo.pdf");
+        s.grabe("Tfvalactivo");
         QCOMPARE(s.dato("select acfv_difer || ' ' || cast(acfv_documento as varchar(20)) from "
                         "activos_fijos_valor"),
-                 QString("-150.00 %PDF de avance"));
-        QCOMPARE(s.dato("select valor from activo_valor('EQ1', '20170131', 'S')"), QString("1000"));
+                 "-150.00 %PDF de avance");
+        QCOMPARE(s.dato("select valor from activo_valor('EQ1', '20170131', 'S')"), "1000");
     }
 
     void los_documentos_del_activo_se_agregan_se_ven_y_se_borran_con_su_derecho() {
-        SesionGui s("AUXILIAR");
-        Almacenista a(s);
+        Almacenista s("AUXILIAR");
         VisorTestigo visor;
-        a.activo("EQ1", "1200", 12);
+        s.activo("EQ1", "1200", 12);
         QTemporaryDir carpeta;
         QFile factura(carpeta.filePath("Factura.pdf"));
         QVERIFY(factura.open(QIODevice::WriteOnly) && factura.write("%PDF factura") > 0);
         factura.close();
-        a.abra("Tfedtactivo", AbreActivo{QString("EQ1")});
-        oprima(Qt::Key_F8);
-        a.p = s.escritorio.activa();
-        QCOMPARE(a.p->objectName(), QString("Tfdocsact"));
-        Interlocutor i;
-        i.espere_modal("Tfnvodocact", [&](QWidget* modal) {
+        s.abra("Tfedtactivo", AbreActivo{QString("EQ1")});
+        s.siga(Qt::Key_F8);
+        QCOMPARE(s.p->objectName(), "Tfdocsact");
+        s.i.espere_modal("Tfnvodocact", [&](QWidget* modal) {
             auto* forma = modal->findChild<Pantalla*>("Tfnvodocact");
             auto& ruta = componente<QLineEdit>(forma, "EArchivo");
             ruta.setText(factura.fileName());
@@ -441,41 +395,18 @@ private slots:
         oprima(Qt::Key_F5);
         QCOMPARE(s.dato("select acdo_item || acdo_nombre || octet_length(acdo_archivo) from "
                         "activos_documentos where acfj_cod = 'EQ1'"),
-                 QString("1Factura12"));
+                 "1Factura12");
         QTRY_COMPARE(visor.vistos, QList<QByteArray>({"%PDF factura"}));
         const QDir pdf(s.base.ruta() + "/pdf");
         QCOMPARE(pdf.entryList(QDir::Files), QStringList("EQ1Factura.pdf"));
         s.niegue(12);
-        i.espere(kAccesoNegado);
+        s.i.espere(kAccesoNegado);
         oprima(Qt::Key_F3);
         s.otorgue(12);
-        i.espere("Desea borrar definitivamente el documento Factura?", "Sí");
+        s.i.espere("Desea borrar definitivamente el documento Factura?", "Sí");
         oprima(Qt::Key_F3);
-        QCOMPARE(s.dato("select count(*) from activos_documentos"), QString("0"));
+        QCOMPARE(s.dato("select count(*) from activos_documentos"), "0");
         QVERIFY(pdf.entryList(QDir::Files).isEmpty());
-    }
-
-    void quien_trabaja_con_el_papel_deprecia_y_da_de_baja() {
-        SesionGui s("AUXILIAR");
-        Almacenista a(s);
-        a.activo("EQ1", "1200", 12);
-        a.abra("Tfcalculadep");
-        a.tipo();
-        escriba(a.p, "EConcepto", "Enero");
-        oprima(Qt::Key_F2);
-        QVERIFY(!s.escritorio.abierta("Tfcalculadep"));
-        s.base.ejecute({"update activos_fijos set acfj_activo = 'N'"});
-        a.abra("Tfbajaactivo");
-        a.tipo();
-        escriba(a.p, "EConcepto", "Venta");
-        oprima(Qt::Key_F2);
-        QCOMPARE(s.dato("select list(dede_clase || dede_libro, ' ') from (select * from "
-                        "depreciacion_detalle order by dede_id)"),
-                 QString("D2649 B2649 BNIIF"));
-        // Lo que llevan los procesos no se escribe a mano.
-        for (const char* orden : {"update depreciacion_detalle set dede_valor = 0",
-                                  "execute procedure asiente_depreciacion(1)"})
-            QVERIFY_EXCEPTION_THROWN(s.dm.Quorvex.ejecute(orden), ErrorBase);
     }
 
     void la_grafica_usa_pasos_redondos() {

@@ -53,9 +53,11 @@ private slots:
         QVERIFY(p->CPresupuesto.IsEmpty());
         oprima(Qt::Key_F2);
         auto* n = qobject_cast<Tfnvopresup*>(s.escritorio.activa());
-        QCOMPARE(n->windowTitle(), QString("Nuevo presupuesto: Marzo de 2017"));
+        QCOMPARE(n->windowTitle(), "Nuevo presupuesto: Marzo de 2017");
         oprima(Qt::Key_Insert);
-        digite_celdas({"510506", "900000", "0"});
+        digite("5105"); // se completa, y el importe se calcula
+        oprima(Qt::Key_Down);
+        digite_celdas({"", "1800000*50%", "0"});
         QCOMPARE(s.dato("select count(*) from presupuesto"), QString("0"));
         Interlocutor i;
         i.espere("Cuenta previamente registrada.");
@@ -70,8 +72,7 @@ private slots:
         QCOMPARE(n->DBGridEh1->suma(1), Moneda(900000));
         oprima(Qt::Key_F2);
         QCOMPARE(s.escritorio.activa(), p);
-        QCOMPARE(s.dato(QString(kDigitado).arg(3)),
-                 QString("413505:0.00:1500000.50 510506:900000.00:0.00"));
+        QCOMPARE(s.dato(QString(kDigitado).arg(3)), "413505:0.00:1500000.50 510506:900000.00:0.00");
         QVERIFY(valores_de(p->CPresupuesto, "CUENTA").contains("51"));
         oprima(Qt::Key_Right, Qt::AltModifier);
         QVERIFY(p->CPresupuesto.IsEmpty());
@@ -79,10 +80,8 @@ private slots:
         QVERIFY(!p->CPresupuesto.IsEmpty());
         QCOMPARE(s.cnt.periodo_actual, 2); // el de la sesión no se movió
         // Con un centro, solo las cuentas que ese centro movió.
-        grabe(s.base.base(), {501, "000501", "20170310", {{1, "111005", Moneda(10), {}}}});
-        s.base.ejecute({"insert into comprobante_detalle (enco_consec, code_item, cuen_cod, "
-                        "code_debito, code_credito, proy_cod, cent_cod) values (501, 2, '413505', "
-                        "0, 10, '0002', '0001')"});
+        const QVector<Linea> lineas{{1, "111005", 10, 0}, {2, "413505", 0, 10, {}, "0002", "0001"}};
+        grabe(s.base.base(), {501, "000501", "20170310", lineas});
         enfoque(p, "LCentro");
         for (int n = 0; n < 3; ++n)
             oprima(Qt::Key_Down);
@@ -98,10 +97,17 @@ private slots:
         i.espere_comienzo("La cuenta", "No");
         n->DBGridEh1->ejecute_orden(Rejilla::Pegar);
         QCOMPARE(n->CPresupuesto.FieldByName("PRES_DEBITO").texto(), QString("1")); // ahí quedó
+        // Un paso atrás lo quita todo, una sola vez, y se puede volver a pegar.
+        for (int veces = 0; veces < 2; ++veces) {
+            oprima(Qt::Key_Z, Qt::ControlModifier);
+            QVERIFY(n->CPresupuesto.IsEmpty());
+        }
+        QCOMPARE(componente<QLineEdit>(n, "NomCuenta").text(), QString());
+        i.espere_comienzo("La cuenta", "No");
+        oprima(Qt::Key_V, Qt::ControlModifier);
         oprima(Qt::Key_Escape);
         oprima(Qt::Key_F2);
-        QCOMPARE(s.dato(QString(kDigitado).arg(1)),
-                 QString("413505:0.00:200.00 510506:100.00:0.00"));
+        QCOMPARE(s.dato(QString(kDigitado).arg(1)), "413505:0.00:200.00 510506:100.00:0.00");
     }
 
     void se_copia_de_otro_mes_con_un_crecimiento_y_nada_se_pierde_hasta_grabar() {
@@ -111,17 +117,16 @@ private slots:
         presupueste(s, 2, "510506", "7", "0");
         presupueste(s, 2, "613505", "9", "0");
         auto* n = s.abra<Tfnvopresup>("Tfnvopresup", AbrePresupuesto{{2017, 1}});
-        QCOMPARE(componente<QComboBox>(n, "LMes").currentText(), QString("Enero"));
+        QCOMPARE(componente<QComboBox>(n, "LMes").currentText(), "Enero");
         escriba(n, "ECrecimiento", "10"); // 100,005 y 33,333: la mitad, al par
         Interlocutor i;
         const char* const pregunta =
             "Se borrará el presupuesto previamente digitado para este mes. Continuar?";
         i.espere(pregunta, "Sí");
         pulse(n, "SpeedButton2");
-        QCOMPARE(s.dato(QString(kDigitado).arg(2)), QString("510506:7.00:0.00 613505:9.00:0.00"));
+        QCOMPARE(s.dato(QString(kDigitado).arg(2)), "510506:7.00:0.00 613505:9.00:0.00");
         oprima(Qt::Key_F2);
-        QCOMPARE(s.dato(QString(kDigitado).arg(2)),
-                 QString("413505:0.00:366.66 510506:1100.05:0.00"));
+        QCOMPARE(s.dato(QString(kDigitado).arg(2)), "413505:0.00:366.66 510506:1100.05:0.00");
         // Lo que un mes vacío no trae no borra nada.
         n = s.abra<Tfnvopresup>("Tfnvopresup", AbrePresupuesto{{2017, 1}});
         componente<QComboBox>(n, "LMes").setCurrentIndex(6);
@@ -136,28 +141,19 @@ private slots:
         presupueste(s, 1, "510506", "100", "0");
         presupueste(s, 2, "510506", "100", "0");
         presupueste(s, 2, "413505", "0", "500");
-        const auto movimiento = [&](int id, const char* fecha, const char* cuenta,
-                                    const char* debito, const char* credito) {
-            grabe(s.base.base(),
-                  {id,
-                   QString("%1").arg(id, 6, 10, QChar('0')),
-                   fecha,
-                   {{1, "111005", Moneda::de_texto(credito), Moneda::de_texto(debito)},
-                    {2,
-                     cuenta,
-                     Moneda::de_texto(debito),
-                     Moneda::de_texto(credito),
-                     {},
-                     "0002",
-                     "0001"}}});
+        const auto movimiento = [&](int id, const char* fecha, const char* cuenta, int debito,
+                                    int credito) {
+            const QVector<Linea> lineas{{1, "111005", credito, debito},
+                                        {2, cuenta, debito, credito, {}, "0002", "0001"}};
+            grabe(s.base.base(), {id, QString("000%1").arg(id), fecha, lineas});
         };
-        movimiento(501, "20170115", "510506", "80", "0");
-        movimiento(502, "20170215", "510506", "150", "0");
-        movimiento(503, "20170216", "413505", "0", "450");
+        movimiento(501, "20170115", "510506", 80, 0);
+        movimiento(502, "20170215", "510506", 150, 0);
+        movimiento(503, "20170216", "413505", 0, 450);
         auto* c = s.abra<Tfcompresupuesto>("Tfcompresupuesto", AbrePresupuesto{{2017, 1}});
         QCOMPARE(componente<QLineEdit>(c, "EDesde").text() +
                      componente<QLineEdit>(c, "EHasta").text(),
-                 QString("18"));
+                 "18");
         QVERIFY(c->CComparacion.Locate("CUENTA", {QString("510506")}));
         const auto dato = [&](const char* campo) {
             return c->CComparacion.FieldByName(campo).texto();
@@ -167,19 +163,19 @@ private slots:
                               dato("DIFERENCIAA"), dato("PORCENTAJEA"), dato("AVISO")}),
                  QStringList({"100", "150", "50", "150", "200", "230", "30", "115", "Excede"}));
         QVERIFY(c->CComparacion.Locate("CUENTA", {QString("413505")}));
-        QCOMPARE(dato("DIFERENCIAA") + dato("AVISO"), QString("50Falta"));
-        QTRY_COMPARE(c->Barras->series().value(0).nombre, QString("Presupuesto 413505"));
+        QCOMPARE(dato("DIFERENCIAA") + dato("AVISO"), "50Falta");
+        QTRY_COMPARE(c->Barras->series().value(0).nombre, "Presupuesto 413505");
         QCOMPARE(c->Barras->series()[0].valores[1], Moneda(500));
         QCOMPARE(c->Barras->series()[1].valores[1], Moneda(450));
         oprima(Qt::Key_Left, Qt::AltModifier);
-        QCOMPARE(componente<QLineEdit>(c, "EMes").text(), QString("Enero"));
+        QCOMPARE(componente<QLineEdit>(c, "EMes").text(), "Enero");
         QVERIFY(c->CComparacion.Locate("CUENTA", {QString("510506")}));
         QCOMPARE(dato("AVISO"), QString()); // 80 de 100
         oprima(Qt::Key_Left, Qt::AltModifier);
-        QCOMPARE(componente<QLineEdit>(c, "EMes").text(), QString("Ajustes"));
-        QCOMPARE(componente<QLineEdit>(c, "EAno").text(), QString("2017"));
+        QCOMPARE(componente<QLineEdit>(c, "EMes").text(), "Ajustes");
+        QCOMPARE(componente<QLineEdit>(c, "EAno").text(), "2017");
         oprima(Qt::Key_Right, Qt::AltModifier);
-        QCOMPARE(componente<QLineEdit>(c, "EMes").text(), QString("Enero"));
+        QCOMPARE(componente<QLineEdit>(c, "EMes").text(), "Enero");
         llene(c, "EDesde", "5105");
         llene(c, "EHasta", "5105");
         oprima(Qt::Key_Return);
@@ -201,7 +197,7 @@ private slots:
         Interlocutor i;
         i.espere_modal("guardar_seleccion", [&](QWidget* w) {
             auto* d = static_cast<QFileDialog*>(w);
-            QCOMPARE(d->findChild<QLineEdit*>("fileNameEdit")->text(), QString("PresupMovto"));
+            QCOMPARE(d->findChild<QLineEdit*>("fileNameEdit")->text(), "PresupMovto");
             d->selectNameFilter("Comma separated values (*.csv)");
             d->findChild<QLineEdit*>("fileNameEdit")->setText(carpeta.filePath("comparacion"));
             QTest::keyClick(d->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);

@@ -95,10 +95,10 @@ void PruebaPresupuestoBase::la_comparacion_es_la_suma_de_las_lineas() {
                                 " where cuenta < '52' order by 1")
                  .split('\n')
                  .first(),
-             QString("5105"));
+             "5105");
     QCOMPARE(filas_de(b.base(), "select cuenta, debito from consulta_presupuesto_mes('2018', 2, '',"
                                 " '')"),
-             QString("5|1000\n51|1000\n5105|1000\n510506|1000"));
+             "5|1000\n51|1000\n5105|1000\n510506|1000");
 }
 
 QTEST_APPLESS_MAIN(PruebaPresupuestoBase)

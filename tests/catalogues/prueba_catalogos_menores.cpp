@@ -2,6 +2,7 @@
 #include "apoyo/archivos.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_terceros.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -60,8 +61,11 @@ private slots:
     void f2_graba_lo_digitado_esc_lo_descarta_y_una_fila_sin_codigo_desaparece() {
         for (const Menor& m : menores) {
             SesionGui s;
+            AvisosBarra barra;
+            s.dm.barra(&barra);
             Pantalla* p = pantallas().abrir(m.pantalla);
             QVERIFY2(p, m.pantalla);
+            const QString grabado = "Grabado: " + p->windowTitle();
             auto& rejilla = componente<Rejilla>(p, "DBGridEh1");
             auto& conjunto = componente<ConjuntoDatos>(p, m.conjunto);
             QCOMPARE(rejilla.nombre_archivo, m.archivo);
@@ -82,6 +86,12 @@ private slots:
             oprima(Qt::Key_F2);
             QVERIFY2(s.escritorio.abiertas().isEmpty(), m.pantalla);
             QCOMPARE(nombre_de(s, m), "Prueba ñandú");
+            QCOMPARE(barra.text(), grabado);
+            // Sin nada que grabar no dice que grabó.
+            barra.texto({});
+            pantallas().abrir(m.pantalla);
+            oprima(Qt::Key_F2);
+            QVERIFY(barra.text().isEmpty() && s.escritorio.abiertas().isEmpty());
 
             p = pantallas().abrir(m.pantalla);
             auto& de_nuevo = componente<ConjuntoDatos>(p, m.conjunto);
@@ -92,6 +102,7 @@ private slots:
             oprima(Qt::Key_Escape);
             QVERIFY2(s.escritorio.abiertas().isEmpty(), m.pantalla);
             QCOMPARE(nombre_de(s, m), "Prueba ñandú");
+            s.dm.barra(nullptr);
         }
     }
 

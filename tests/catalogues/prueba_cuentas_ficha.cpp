@@ -1,5 +1,6 @@
 // Crear y modificar cuentas de los dos planes.
 #include "apoyo/archivos.h"
+#include "apoyo/monitor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/tfcuentas.h"
@@ -216,6 +217,24 @@ private slots:
                 QVERIFY(!candado(p) && casilla(p, "CkTerceros").isEnabled());
                 p->close();
             }
+            // Saberlo no cuesta más porque la cuenta se mueva mucho.
+            const auto cuesta = [&] {
+                const qint64 antes = registros_leidos(s.dm.Quorvex);
+                Pantalla* p = modifique(s, "413505", con_linea);
+                const qint64 leidos = registros_leidos(s.dm.Quorvex) - antes;
+                p->close();
+                return leidos;
+            };
+            const qint64 con_una = cuesta();
+            s.base.ejecute({QStringLiteral("execute block as declare n integer = 1; begin while "
+                                           "(n < 400) do begin n = n + 1; insert into "
+                                           "comprobante_detalle%1 (enco_consec, code_item, "
+                                           "cuen_cod, code_debito, code_credito) values (900, :n, "
+                                           "'413505', 1, 0); end end")
+                                .arg(datos(con_linea).sufijo)});
+            const qint64 con_muchas = cuesta();
+            QVERIFY2(con_una > 0 && con_muchas < con_una + 20,
+                     qPrintable(QString("%1 y %2").arg(con_una).arg(con_muchas)));
         }
     }
 
@@ -300,9 +319,8 @@ private slots:
         s.base.ejecute({"update cuentas set cuen_nom = 'De otro' where cuen_cod = '3105'"});
         escriba(p, "ENombre", "Mío");
         dice(Qt::Key_F2, "Otro usuario cambió este registro después de que usted lo abrió. Vuelva "
-                         "a abrirlo y repita el cambio.\n" +
-                             cuentas(p).FieldByName("CUEN_NOM").nombre_visible() +
-                             " era 'Capital suscrito y pagado' y ahora es 'De otro'");
+                         "a abrirlo y repita el cambio.\nNombre era 'Capital suscrito y pagado' y "
+                         "ahora es 'De otro'");
         QVERIFY(ficha(s, "3105").startsWith("De otro|"));
         QCOMPARE(editor(p, "ENombre").text(), "Mío"); // lo digitado no se pierde
     }

@@ -16,7 +16,6 @@ private slots:
     void init() { base_.emplace(); }
     void cleanup() { base_.reset(); }
 
-    void fecha_mas_30_data();
     void fecha_mas_30();
     void siigo_con_separador_y_de_ancho_fijo_dicen_lo_mismo();
     void la_referencia_de_siigo_sale_del_documento();
@@ -65,6 +64,12 @@ private:
                         "insert into cuentas_exportacion (cuen_cod, cuex_cod) values ('413505', "
                         "'4135950001')"});
     }
+    /// El segundo: siete pesos de caja a bancos.
+    void siete(const QString& numero, const QString& fecha, const QString& tipo,
+               const QString& prefijo, const QString& centro = {}) {
+        const QVector<Linea> lineas{{1, "110505", 7, 0}, {2, "111005", 0, 7, {}, centro, centro}};
+        grabe(base_->base(), {2, numero, fecha, lineas, {}, "N", tipo, prefijo});
+    }
     /// Corta el renglón en los anchos dados; lo que sobre va al final.
     static QStringList corte(const QString& renglon, const QVector<int>& anchos) {
         QStringList campos;
@@ -79,40 +84,22 @@ private:
     std::optional<BaseDePrueba> base_;
 };
 
-void PruebaExportacionMovimientos::fecha_mas_30_data() {
-    QTest::addColumn<QString>("vence");
-    for (const auto& [fecha, vence] :
-         std::initializer_list<std::pair<const char*, const char*>>{{"20141231", "20150130"},
-                                                                    {"20150130", "20150228"},
-                                                                    {"20150131", "20150228"},
-                                                                    {"20150129", "20150228"},
-                                                                    {"20150128", "20150228"},
-                                                                    {"20160129", "20160228"},
-                                                                    {"20150331", "20150430"},
-                                                                    {"20150531", "20150630"},
-                                                                    {"20150731", "20150830"},
-                                                                    {"20150815", "20150915"},
-                                                                    {"20150930", "20151030"},
-                                                                    {"20151201", "20160101"},
-                                                                    {"99991231", "100000130"}})
-        QTest::newRow(fecha) << vence;
-}
-
 void PruebaExportacionMovimientos::fecha_mas_30() {
-    QFETCH(QString, vence);
-    QCOMPARE(::fecha_mas_30(QTest::currentDataTag()), vence);
+    for (const QString& caso :
+         QStringLiteral("20141231 20150130;20150130 20150228;20150131 20150228;20150129 20150228;"
+                        "20150128 20150228;20160129 20160228;20150331 20150430;20150531 20150630;"
+                        "20150731 20150830;20150815 20150915;20150930 20151030;20151201 20160101;"
+                        "99991231 100000130")
+             .split(';'))
+        QCOMPARE(::fecha_mas_30(caso.section(' ', 0, 0)), caso.section(' ', 1));
 }
 
 void PruebaExportacionMovimientos::siigo_con_separador_y_de_ancho_fijo_dicen_lo_mismo() {
     uno();
-    grabe(base_->base(), {2,
-                          "000124",
-                          "20171301",
-                          {{1, "110505", 7, 0}, {2, "111005", 0, 7}},
-                          {},
-                          "N",
-                          "RC",
-                          "0002"});
+    base_->ejecute({"insert into proyectos (proy_cod, proy_nom) values ('ADMI', 'Ninguno')",
+                    "insert into centros (proy_cod, cent_cod, cent_nom) values ('ADMI', 'ADMI', "
+                    "'Ninguno')"});
+    siete("000124", "20171301", "RC", "0002", "ADMI");
     const QStringList libres = exporte(pedido(DestinoExportacion::Siigo, ';'));
     QCOMPARE(libres,
              QStringList(
@@ -122,7 +109,8 @@ void PruebaExportacionMovimientos::siigo_con_separador_y_de_ancho_fijo_dicen_lo_
                   "000;0000;000;000000000000000;;20170228;001;0001;00",
                   "RC;0002;000124;00001;;000;110505;20171301;;0001;;000;;D;7;00;0001;000;0000;000;"
                   "000000000000000;;20171401;001;0001;00",
-                  "RC;0002;000124;00002;;000;111005;20171301;;0001;;000;;C;7;00;0001;000;0000;000;"
+                  "RC;0002;000124;00002;;000;111005;20171301;0001;0001;000;000;;C;7;00;0001;000;"
+                  "0000;000;"
                   "000000000000000;;20171401;001;0001;00"}));
     const QStringList fijos = exporte(pedido(DestinoExportacion::Siigo, QChar()));
     QCOMPARE(fijos.size(), libres.size());
@@ -135,8 +123,8 @@ void PruebaExportacionMovimientos::siigo_con_separador_y_de_ancho_fijo_dicen_lo_
                      "000000000000000|%2|20170228|001|0001|00")
                  .arg(QString("Venta, de  contado ").leftJustified(50),
                       QString("7700000000123").leftJustified(31)));
-    QCOMPARE(otro.mid(0, 3).join('|'), QString("RC |000000002|000124"));
-    QCOMPARE(otro.last(), QString("00"));
+    QCOMPARE(otro.mid(0, 3).join('|'), "RC |000000002|000124");
+    QCOMPARE(otro.last(), "00");
 }
 
 void PruebaExportacionMovimientos::la_referencia_de_siigo_sale_del_documento() {
@@ -156,19 +144,12 @@ void PruebaExportacionMovimientos::la_referencia_de_siigo_sale_del_documento() {
          "insert into prefijos_exportacion (prex_tipo, prex_pref, prex_exporta) values ('FCC', "
          "'0003', 'C3')"});
     const auto con = [&](int id, const QString& tipo, int ref) {
-        grabe(base_->base(), {id,
-                              QStringLiteral("%1").arg(id, 6, 10, QChar('0')),
-                              "20170201",
-                              {{1, "220505", 1, 0, "800456789"}, {2, "111005", 0, 1}},
-                              {},
-                              "N",
-                              tipo,
-                              "0001"});
-        base_->base().ejecute(
-            QStringLiteral(
-                "update comprobante_encabezado set enco_idref = %1 where enco_consec = %2")
-                .arg(ref)
-                .arg(id));
+        const QVector<Linea> lineas{{1, "220505", 1, 0, "800456789"}, {2, "111005", 0, 1}};
+        grabe(base_->base(),
+              {id, "00000" + QString::number(id), "20170201", lineas, {}, "N", tipo});
+        base_->base().ejecute("update comprobante_encabezado set enco_idref = ? where enco_consec "
+                              "= ?",
+                              {ref, id});
     };
     con(1, "DEV", 5);
     con(2, "DVC", 6);
@@ -214,17 +195,11 @@ void PruebaExportacionMovimientos::web_gerencial_graba_dos_archivos_del_mismo_an
 void PruebaExportacionMovimientos::isis_es_de_ancho_fijo_y_omite_las_ventas_de_contado() {
     uno();
     base_->ejecute(
-        {"insert into tipo_comprobante (tico_cod, tico_nom) values ('VNT', 'Contado')",
+        {"update terceros set terc_dv = '6' where terc_nit = '900123456'",
+         "insert into tipo_comprobante (tico_cod, tico_nom) values ('VNT', 'Contado')",
          "insert into prefijos_conta (tico_cod, prco_pref, pref_numero) values ('VNT', '0001', "
          "'000001')"});
-    grabe(base_->base(), {2,
-                          "000001",
-                          "20170201",
-                          {{1, "110505", 7, 0}, {2, "111005", 0, 7}},
-                          {},
-                          "N",
-                          "VNT",
-                          "0001"});
+    siete("000001", "20170201", "VNT", "0001");
     PeticionExportacion p = pedido(DestinoExportacion::Isis);
     QCOMPARE(exporte(p).size(), 4);
     p.omita_contado = true;
@@ -232,16 +207,10 @@ void PruebaExportacionMovimientos::isis_es_de_ancho_fijo_y_omite_las_ventas_de_c
     QCOMPARE(r.size(), 2);
     const QVector<int> anchos{3, 4, 6, 8, 12, 1, 40, 18, 13, 1, 11, 8, 4, 5, 6, 8, 4, 7};
     QCOMPARE(corte(r[0], anchos).join('|'),
-             QString("L  |77  |000123|20170131|130505      | |Venta, de  contado                 "
-                     "     |           1250.05|0000900123456|7|00000000000|20170131|    |CONTA|"
-                     "N00000|20171331|0800|CONTA00|")
-                 .replace("|7|", '|' +
-                                     filas_de(base_->base(), "select coalesce(terc_dv, ' ') from "
-                                                             "terceros where terc_nit = "
-                                                             "'900123456'")
-                                         .leftJustified(1) +
-                                     '|'));
-    QCOMPARE(corte(r[1], anchos)[7], QString("          -1250.05"));
+             "L  |77  |000123|20170131|130505      | |Venta, de  contado                 "
+             "     |           1250.05|0000900123456|6|00000000000|20170131|    |CONTA|"
+             "N00000|20171331|0800|CONTA00|");
+    QCOMPARE(corte(r[1], anchos)[7], "          -1250.05");
     // Los dos primeros formatos no leen la casilla.
     p.destino = DestinoExportacion::Siigo;
     QCOMPARE(exporte(p).size(), 4);
@@ -249,14 +218,7 @@ void PruebaExportacionMovimientos::isis_es_de_ancho_fijo_y_omite_las_ventas_de_c
 
 void PruebaExportacionMovimientos::los_filtros_escogen_tipo_prefijo_y_fechas() {
     uno();
-    grabe(base_->base(), {2,
-                          "000001",
-                          "20170301",
-                          {{1, "110505", 7, 0}, {2, "111005", 0, 7}},
-                          {},
-                          "N",
-                          "RC",
-                          "0002"});
+    siete("000001", "20170301", "RC", "0002");
     const auto cuantas = [&](const std::function<void(PeticionExportacion&)>& ajuste) {
         PeticionExportacion p = pedido(DestinoExportacion::Csv);
         ajuste(p);
@@ -345,8 +307,7 @@ void PruebaExportacionMovimientos::lo_que_no_cabe_en_ancho_fijo_se_dice_y_no_dej
         QVERIFY(!QFile::exists(p.archivo));
     }
     // Con separador cabe.
-    QCOMPARE(exporte(pedido(DestinoExportacion::Siigo, ';'))[1].split(';')[6],
-             QString("4135950001234"));
+    QCOMPARE(exporte(pedido(DestinoExportacion::Siigo, ';'))[1].split(';')[6], "4135950001234");
 }
 
 void PruebaExportacionMovimientos::un_valor_negativo_conserva_su_signo() {

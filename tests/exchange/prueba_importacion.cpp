@@ -47,43 +47,56 @@ private slots:
     void init() {
         base_.emplace();
         ajustes_ = {};
+        ensaya_ = true;
     }
     void cleanup() { base_.reset(); }
 
-    void la_maquina_lee_como_se_dijo_data();
     void la_maquina_lee_como_se_dijo();
     void un_archivo_de_menos_de_cinco_octetos_o_que_no_abre_se_dice();
-    void cada_dato_se_lee_o_se_rehusa_por_su_nombre_data();
     void cada_dato_se_lee_o_se_rehusa_por_su_nombre();
     void las_cuentas_y_los_terceros_que_existen_no_cambian();
     void las_cuentas_niif_unen_su_equivalente();
-    void las_reglas_de_las_lineas_data();
     void las_reglas_de_las_lineas();
     void los_comprobantes_se_juntan_por_su_llave();
     void al_libro_niif_entra_solo_en_el();
     void si_se_permite_entra_descuadrado();
     void los_saldos_iniciales_se_agregan_o_se_reemplazan();
-    void el_ensayo_no_escribe_y_da_la_misma_lista_data();
     void el_ensayo_no_escribe_y_da_la_misma_lista();
     void los_rechazados_corregidos_entran_al_leerlos_otra_vez();
     void cien_mil_renglones_dejan_los_saldos_que_suma_el_archivo();
     void diez_mil_archivos_mutados_no_tumban_nada();
 
 private:
-    Corrida importe(ClaseImportacion clase, const QByteArray& archivo, bool ensayo = false,
+    /// Importa el archivo. Antes lo ensaya: no debe escribir nada y debe dar la misma lista.
+    Corrida importe(ClaseImportacion clase, const QByteArray& archivo,
                     const std::function<void(PeticionImportacion&)>& ajuste = {}) {
         PeticionImportacion p;
         p.clase = clase;
         p.archivo = base_->ruta() + "/entrada.txt";
         p.columnas = columnas(clase);
-        p.ensayo = ensayo;
+        p.columnas.append({"DATO_QUE_NO_HAY", 1}); // no estorba
         if (ajuste)
             ajuste(p);
         QFile f(p.archivo);
-        if (!f.open(QIODevice::WriteOnly))
-            qFatal("no se pudo escribir el archivo de prueba");
-        f.write(archivo);
+        if (f.open(QIODevice::WriteOnly))
+            f.write(archivo);
         f.close();
+        if (!ensaya_)
+            return corra(p);
+        const QString antes = foto();
+        p.ensayo = true;
+        const Corrida ensayo = corra(p);
+        [&] { QCOMPARE(foto(), antes); }();
+        p.ensayo = false;
+        const Corrida real = corra(p);
+        [&] {
+            QCOMPARE(rechazos(ensayo.resultado), rechazos(real.resultado));
+            QCOMPARE(ensayo.anotado, real.anotado);
+            QCOMPARE(ensayo.resultado.resumen(), real.resultado.resumen());
+        }();
+        return real;
+    }
+    Corrida corra(const PeticionImportacion& p) {
         Corrida c;
         const auto importacion = importacion_de(base_->base(), p, ajustes_, "ADMIN");
         importacion->anote = [&](const QString& mensaje, const LlaveComprobante& l) {
@@ -92,64 +105,63 @@ private:
         c.resultado = importacion->corra();
         return c;
     }
-    Corrida comprobantes(const QString& archivo, bool ensayo = false) {
-        return importe(ClaseImportacion::Comprobantes, archivo.toLatin1(), ensayo);
+    QString foto() {
+        return filas("select (select count(*) from cuentas), (select count(*) from terceros), "
+                     "(select count(*) from comprobante_encabezado), (select count(*) from "
+                     "comprobante_detalle), (select count(*) from saldos_iniciales), (select "
+                     "count(*) from auditoria), (select count(*) from prefijos_conta), (select "
+                     "list(pref_numero) from prefijos_conta) from rdb$database");
+    }
+    Corrida comprobantes(const QString& archivo) {
+        return importe(ClaseImportacion::Comprobantes, archivo.toLatin1());
     }
     QString filas(const QString& sql) { return filas_de(base_->base(), sql); }
 
     std::optional<BaseDePrueba> base_;
     AjustesLibro ajustes_;
+    bool ensaya_ = true;
 };
 
 // ---------------------------------------------------------------- lectura
 
-void PruebaImportacion::la_maquina_lee_como_se_dijo_data() {
-    QTest::addColumn<QByteArray>("archivo");
-    QTest::addColumn<char>("separador");
-    QTest::addColumn<char>("delimitador");
-    QTest::addColumn<QString>("leido");
-    const QByteArray larga(300, 'x'), x255(255, 'x');
-    QTest::newRow("coma y fin de Windows")
-        << QByteArray("a,b\r\nc,d\r\n") << ',' << '\0' << "a|b\nc|d";
-    QTest::newRow("salto solo") << QByteArray("a;b\nc;d\n") << ';' << '\0' << "a|b\nc|d";
-    QTest::newRow("retorno solo se come el que sigue")
-        << QByteArray("a\rbc\n") << ',' << '\0' << "a\nc";
-    QTest::newRow("tabulador") << QByteArray("a\tb,c\n") << '\t' << '\0' << "a|b,c";
-    QTest::newRow("comillas") << QByteArray("\"a,b\",c\"d\n") << ',' << '"' << "a,b|cd";
-    QTest::newRow("sin delimitador las comillas son texto")
-        << QByteArray("\"a\",b\n") << ',' << '\0' << "\"a\"|b";
-    QTest::newRow("comilla simple") << QByteArray("'a,b',c\n") << ',' << '\'' << "a,b|c";
-    QTest::newRow("el fin corta el texto")
-        << QByteArray("\"a,\nb\",c\n") << ',' << '"' << "a,\nb,c";
-    QTest::newRow("sin fin se pierde") << QByteArray("a,b\nc,d") << ',' << '\0' << "a|b";
-    QTest::newRow("vacía") << QByteArray("\n\na\n") << ',' << '\0' << "\n\na";
-    QTest::newRow("columna larga") << larga + ",y\n" << ',' << '\0' << QString(x255 + "|y");
-    QTest::newRow("cincuenta y una columnas") << QByteArray(60, ',') + "z\n"
-                                              << ',' << '\0' << QString(50, '|');
-}
-
 void PruebaImportacion::la_maquina_lee_como_se_dijo() {
-    QFETCH(QByteArray, archivo);
-    QFETCH(char, separador);
-    QFETCH(char, delimitador);
-    QFETCH(QString, leido);
-    // De una vez y octeto por octeto: lo mismo.
-    for (const qsizetype bloque : {archivo.size(), qsizetype(1)}) {
-        QStringList lineas;
-        LectorRegistros lector(separador, delimitador, [&](const RegistroLeido& r) {
-            QCOMPARE(r.renglon, lineas.size() + 1);
-            lineas << QString::fromLatin1(r.columnas.join('|'));
-        });
-        for (qsizetype i = 0; i < archivo.size(); i += bloque)
-            lector.alimente(archivo.mid(i, bloque));
-        QCOMPARE(lineas.join('\n'), leido);
-    }
+    const QByteArray larga(300, 'x'), x255(255, 'x');
+    const struct {
+        QByteArray archivo;
+        char separador, delimitador;
+        QString leido;
+    } casos[] = {
+        {"a,b\r\nc,d\r\n", ',', '\0', "a|b\nc|d"},
+        {"a;b\nc;d\n", ';', '\0', "a|b\nc|d"}, // salto solo
+        {"a\rbc\n", ',', '\0', "a\nc"},        // el retorno se come el que sigue
+        {"a\tb,c\n", '\t', '\0', "a|b,c"},
+        {"\"a,b\",c\"d\n", ',', '"', "a,b|cd"},
+        {"\"a\",b\n", ',', '\0', "\"a\"|b"}, // sin delimitador las comillas son texto
+        {"'a,b',c\n", ',', '\'', "a,b|c"},
+        {"\"a,\nb\",c\n", ',', '"', "a,\nb,c"}, // el fin corta el texto
+        {"a,b\nc,d", ',', '\0', "a|b"},         // sin fin se pierde
+        {"\n\na\n", ',', '\0', "\n\na"},
+        {larga + ",y\n", ',', '\0', QString(x255 + "|y")},
+        {QByteArray(60, ',') + "z\n", ',', '\0', QString(50, '|')}}; // cincuenta y una columnas
+    for (const auto& [archivo, separador, delimitador, leido] : casos)
+        // De una vez y octeto por octeto: lo mismo.
+        for (const qsizetype bloque : {archivo.size(), qsizetype(1)}) {
+            QStringList lineas;
+            LectorRegistros lector(separador, delimitador, [&](const RegistroLeido& r) {
+                QCOMPARE(r.renglon, lineas.size() + 1);
+                lineas << QString::fromLatin1(r.columnas.join('|'));
+            });
+            for (qsizetype i = 0; i < archivo.size(); i += bloque)
+                lector.alimente(archivo.mid(i, bloque));
+            QCOMPARE(lineas.join('\n'), leido);
+        }
 }
 
 void PruebaImportacion::un_archivo_de_menos_de_cinco_octetos_o_que_no_abre_se_dice() {
+    ensaya_ = false; // la de verdad también se detiene antes de borrar
     const auto falla = [this](const QByteArray& texto, const QString& ruta) {
         try {
-            importe(ClaseImportacion::Saldos, texto, false, [&](PeticionImportacion& p) {
+            importe(ClaseImportacion::Saldos, texto, [&](PeticionImportacion& p) {
                 p.borre_saldos = true;
                 if (!ruta.isEmpty())
                     p.archivo = ruta;
@@ -162,50 +174,47 @@ void PruebaImportacion::un_archivo_de_menos_de_cinco_octetos_o_que_no_abre_se_di
     base_->base().ejecute("insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values "
                           "(1, '110505', 5)");
     QVERIFY(falla("1,2\n", {}).startsWith("División por cero"));
-    QCOMPARE(filas("select count(*) from saldos_iniciales"), QString("1"));
-}
-
-void PruebaImportacion::cada_dato_se_lee_o_se_rehusa_por_su_nombre_data() {
-    QTest::addColumn<QString>("dato");
-    QTest::addColumn<QByteArray>("texto");
-    QTest::addColumn<QString>("valor");
-    QTest::addColumn<QString>("rechazo");
-    const auto fila = [](const char* dato, const QByteArray& texto, const QString& valor,
-                         const QString& rechazo = {}) {
-        QTest::newRow((QByteArray(dato) + ' ' + texto.toPercentEncoding()).constData())
-            << QString(dato) << texto << valor << rechazo;
-    };
-    fila("CODE_DEBITO", "1234.50", "1234.5");
-    fila("CODE_DEBITO", "1234,50", "1234.5");
-    fila("CODE_DEBITO", "1.234.567,89", "1234567.89");
-    fila("CODE_DEBITO", " 1,234.5 ", "1234.5");
-    fila("CODE_DEBITO", "-7", "-7");
-    fila("CODE_DEBITO", "", "");
-    fila("CODE_DEBITO", "1.250", {},
-         "'1.250' se puede leer de dos maneras en el débito: escriba 1250 o 1.25.");
-    fila("CODE_DEBITO", "mil", {}, "'mil' no es un número para el débito.");
-    fila("CODE_DEBITO", "0.005", {}, "'0.005' tiene más de 2 decimales en el débito.");
-    fila("CODE_DEBITO", "99999999999999", {}, "'99999999999999' no cabe en el débito.");
-    fila("CODE_PORC", "2.5", "2.5");
-    fila("ENCO_FECHA", "20171301", "20171301");
-    fila("ENCO_FECHA", "2017/01/31", {}, "La fecha \"2017/01/31\" debe tener la forma aaaammdd.");
-    fila("ENCO_FECHA", "20170230", {}, "La fecha 2017/02/30 no existe.");
-    fila("ENCO_CONCEPTO", "A\xF1o", QString::fromUtf8("Año"));
-    fila("ENCO_CONCEPTO", "10 \x80", {},
-         "Hay un octeto que no es un carácter (128) en el concepto.");
-    fila("TICO_COD", "LARGO", {}, "'LARGO' no cabe en el tipo: son 5 caracteres y caben 3.");
+    QCOMPARE(
+        falla("110505,,,,,1\n", base_->ruta()), // una carpeta
+        QString("Error al abrir el archivo, asegúrece que el nombre sea correcto y que no esté "
+                "abierto en otra aplicación en este momento."));
+    QCOMPARE(filas("select count(*) from saldos_iniciales"), "1");
 }
 
 void PruebaImportacion::cada_dato_se_lee_o_se_rehusa_por_su_nombre() {
-    QFETCH(QString, dato);
-    QFETCH(QByteArray, texto);
-    QFETCH(QString, valor);
-    QFETCH(QString, rechazo);
-    const DatoImportacion* d = dato_de(ClaseImportacion::Comprobantes, dato);
-    QVERIFY(d);
-    const DatoLeido leido = lea_dato(*d, texto);
-    QCOMPARE(leido.rechazo, rechazo);
-    QCOMPARE(leido.valor.texto(), valor);
+    const struct {
+        const char* dato;
+        QByteArray texto;
+        QString valor, rechazo = {};
+    } casos[] = {
+        {"CODE_DEBITO", "1234.50", "1234.5"},
+        {"CODE_DEBITO", "1234,50", "1234.5"},
+        {"CODE_DEBITO", "1.234.567,89", "1234567.89"},
+        {"CODE_DEBITO", " 1,234.5 ", "1234.5"},
+        {"CODE_DEBITO", "-7", "-7"},
+        {"CODE_DEBITO", "", ""},
+        {"CODE_DEBITO",
+         "1.250",
+         {},
+         "'1.250' se puede leer de dos maneras en el débito: escriba 1250 o 1.25."},
+        {"CODE_DEBITO", "mil", {}, "'mil' no es un número para el débito."},
+        {"CODE_DEBITO", "0.005", {}, "'0.005' tiene más de 2 decimales en el débito."},
+        {"CODE_DEBITO", "99999999999999", {}, "'99999999999999' no cabe en el débito."},
+        {"CODE_PORC", "2.5", "2.5"},
+        {"ENCO_FECHA", "20171301", "20171301"},
+        {"ENCO_FECHA", "2017/01/31", {}, "La fecha \"2017/01/31\" debe tener la forma aaaammdd."},
+        {"ENCO_FECHA", "20170230", {}, "La fecha 2017/02/30 no existe."},
+        {"ENCO_CONCEPTO", "A\xF1o", "Año"},
+        {"ENCO_CONCEPTO",
+         "10 \x80",
+         {},
+         "Hay un octeto que no es un carácter (128) en el concepto."},
+        {"TICO_COD", "LARGO", {}, "'LARGO' no cabe en el tipo: son 5 caracteres y caben 3."}};
+    for (const auto& caso : casos) {
+        const DatoLeido leido =
+            lea_dato(*dato_de(ClaseImportacion::Comprobantes, caso.dato), caso.texto);
+        QCOMPARE(leido.valor.texto() + leido.rechazo, caso.valor + caso.rechazo);
+    }
 }
 
 // ---------------------------------------------------------------- catálogos
@@ -221,92 +230,82 @@ void PruebaImportacion::las_cuentas_y_los_terceros_que_existen_no_cambian() {
                                            "112005,Bancos ahorro,S,N,N,,,N,110505,N\n"
                                            "112005,Repetida\n");
     QCOMPARE(rechazos(cuentas.resultado),
-             QString("4|112005,Ahorros,S,N,N,,,,,X|'X' no vale en \"la clase de cuenta\": debe ser "
-                     "una de N, I, C, A.\n"
-                     "5|112005,Huérfana|No existe la cuenta 1120, de nivel superior a la 112005."));
+             "4|112005,Ahorros,S,N,N,,,,,X|'X' no vale en \"la clase de cuenta\": debe ser "
+             "una de N, I, C, A.\n"
+             "5|112005,Huérfana|No existe la cuenta 1120, de nivel superior a la 112005.");
     QCOMPARE(cuentas.resultado.grabados, 2);
     QCOMPARE(cuentas.resultado.omitidos, 4);
     QCOMPARE(filas("select cuen_nom, cuen_tercero, cuen_tipo, cuen_afectable, cuen_activa from "
                    "cuentas where cuen_cod in ('110505', '1120', '112005') order by cuen_cod"),
-             QString("Caja general|N|N|S|S\nCuentas de ahorro|N|N|N|S\nBancos ahorro|S|N|S|S"));
+             "Caja general|N|N|S|S\nCuentas de ahorro|N|N|N|S\nBancos ahorro|S|N|S|S");
 
     const auto terceros = importe(ClaseImportacion::Terceros,
                                   "900123456,Otro nombre\n"
                                   "71,,Calle 1,,Medell\xEDn,,,,,,N,P\xE9rez,G\xF3mez,Ana,,S\n"
                                   "72,Sin ciudad,,,Macondo\n"
-                                  "73,,,,,,,,,,,Solo\n");
+                                  "73,,,,,,,,,,,Solo\n"
+                                  ",Sin NIT\n");
+    QCOMPARE(terceros.resultado.omitidos, 2);
     QCOMPARE(rechazos(terceros.resultado),
-             QString("3|72,Sin ciudad,,,Macondo|No existe la ciudad 'Macondo'."));
+             "3|72,Sin ciudad,,,Macondo|No existe la ciudad 'Macondo'.");
     QCOMPARE(filas("select terc_nom, terc_clie, terc_prov, ciud_cod, terc_estado from terceros "
                    "where terc_nit in ('900123456', '71', '72') order by terc_nit desc"),
              filas("select terc_nom, terc_clie, terc_prov, ciud_cod, terc_estado from terceros "
                    "where terc_nit = '900123456'") +
                  "\nPérez Gómez Ana|S|N|05001|S");
-    QCOMPARE(filas("select '[' || terc_nom || ']' from terceros where terc_nit = '73'"),
-             QString("[Solo ]"));
+    QCOMPARE(filas("select '[' || terc_nom || ']' from terceros where terc_nit = '73'"), "[Solo ]");
 }
 
 void PruebaImportacion::las_cuentas_niif_unen_su_equivalente() {
     base_->base().ejecute("update cuentas set cuen_eqniif = null where cuen_cod = '519530'");
     const auto c = importe(ClaseImportacion::Cuentas, "519595,Gastos varios,N,N,N,,,,519530,N\n",
-                           false, [](PeticionImportacion& p) { p.niif = true; });
+                           [](PeticionImportacion& p) { p.niif = true; });
     QVERIFY2(c.resultado.rechazados.isEmpty(), qPrintable(rechazos(c.resultado)));
-    QCOMPARE(filas("select cuen_eqniif from cuentas where cuen_cod = '519530'"), QString("519595"));
-    QCOMPARE(filas("select count(*) from cuentas where cuen_cod = '519595'"), QString("0"));
+    QCOMPARE(filas("select cuen_eqniif from cuentas where cuen_cod = '519530'"), "519595");
+    QCOMPARE(filas("select count(*) from cuentas where cuen_cod = '519595'"), "0");
 }
 
 // ---------------------------------------------------------------- comprobantes
 
-void PruebaImportacion::las_reglas_de_las_lineas_data() {
-    QTest::addColumn<QString>("linea"); // la de la regla; otra en caja la cuadra
-    QTest::addColumn<QString>("anotado");
-    const auto fila = [](const char* nombre, const QString& cuenta, const QString& resto,
-                         const QString& anotado) {
-        QTest::newRow(nombre) << renglon("000001", cuenta, "100", "", resto) << anotado;
-    };
-    const QString faltan = "Faltan detalles (tercero/proy/centro) para la cuenta ";
-    fila("no existe", "999999", ",,,,,", "Cuenta incorrecta.");
-    fila("con auxiliares o mayor", "1105", ",,,,,", "Cuenta incorrecta.");
-    fila("inactiva", "110510", ",,,,,", "Cuenta incorrecta.");
-    fila("exige tercero", "130505", ",,,,,", faltan + "130505");
-    fila("exige centro", "413505", ",,,,,", faltan + "413505");
-    fila("centro sin proyecto", "413505", ",,0001,,,", faltan + "413505");
-    fila("retención sin tercero", "236540", ",,,,1000000,2.5", faltan + "236540");
-    fila("retención sin base", "236540", "800456789,,,,,2.5", faltan + "236540");
-    fila("retención con base cero", "236540", "800456789,,,,0,2.5", faltan + "236540");
-    fila("retención sin porcentaje", "236540", "800456789,,,,1000000,", faltan + "236540");
-    fila("inventario sin artículo", "143505", ",,,,,", faltan + "143505");
-    fila("tercero que no está", "110505", "1,,,,,", "NIT no encontrado 1");
-    fila("tercero inactivo", "110505", "19876543,,,,,", "NIT no encontrado 19876543");
-    fila("centro que no está", "413505", ",0001,0009,,,",
-         "Proyecto-centro no encontrado 0001-0009");
-    fila("buena", "111005", ",,,,,", "");
-}
-
 void PruebaImportacion::las_reglas_de_las_lineas() {
-    QFETCH(QString, linea);
-    QFETCH(QString, anotado);
-    const auto c = comprobantes(linea + renglon("000001", "110505", "", "100"));
-    const QString llave = "Tipo:CGPref:0001Num:000001";
-    if (anotado.isEmpty()) {
-        QCOMPARE(c.anotado, QStringList());
-        QCOMPARE(c.resultado.grabados, 2);
-        QCOMPARE(filas("select cuen_cod, code_debito, code_credito, code_item from "
-                       "comprobante_detalle order by code_item"),
-                 QString("111005|100|0|1\n110505|0|100|2"));
-        QCOMPARE(filas("select enco_concepto, enco_refer, enco_tiporef, enco_usuario, enco_fecha "
-                       "from comprobante_encabezado"),
-                 QString("Traído|R1|0|ADMIN|20170315"));
-        QCOMPARE(saldos_distintos(base_->base()), QString());
-        return;
+    const QString faltan = "Faltan detalles (tercero/proy/centro) para la cuenta ", sin = ",,,,,";
+    // La línea de la regla, que otra en caja cuadra: cuenta, lo que trae y lo que se anota.
+    const QString casos[][3] = {
+        {"999999", sin, "Cuenta incorrecta."}, // no existe
+        {"1105", sin, "Cuenta incorrecta."},   // es mayor
+        {"110510", sin, "Cuenta incorrecta."}, // está inactiva
+        {"130505", sin, faltan + "130505"},    // tercero
+        {"413505", sin, faltan + "413505"},    // proyecto y centro
+        {"413505", ",,0001,,,", faltan + "413505"},
+        {"236540", ",,,,1000000,2.5", faltan + "236540"}, // tercero, base y porcentaje
+        {"236540", "800456789,,,,,2.5", faltan + "236540"},
+        {"236540", "800456789,,,,0,2.5", faltan + "236540"},
+        {"236540", "800456789,,,,1000000,", faltan + "236540"},
+        {"143505", sin, faltan + "143505"}, // artículo
+        {"110505", "1,,,,,", "NIT no encontrado 1"},
+        {"110505", "19876543,,,,,", "NIT no encontrado 19876543"}, // inactivo
+        {"413505", ",0001,0009,,,", "Proyecto-centro no encontrado 0001-0009"}};
+    for (const auto& [cuenta, resto, anotado] : casos) {
+        // La línea no entra, y sin ella el comprobante no cuadra: no entra nada.
+        const auto c = comprobantes(renglon("000001", cuenta, "100", "", resto) +
+                                    renglon("000001", "110505", "", "100"));
+        QCOMPARE(c.anotado.value(0), anotado + "Tipo:CGPref:0001Num:000001");
+        QCOMPARE(c.resultado.rechazados.size(), 2);
+        QCOMPARE(c.resultado.rechazados[0].razon, anotado);
+        QVERIFY(c.resultado.rechazados[1].razon.contains("descuadrado"));
+        QCOMPARE(filas("select count(*) from comprobante_encabezado"), "0");
     }
-    // La línea no entra, y sin ella el comprobante no cuadra: no entra nada.
-    QCOMPARE(c.anotado.value(0), anotado + llave);
-    QCOMPARE(c.resultado.grabados, 0);
-    QCOMPARE(c.resultado.rechazados.size(), 2);
-    QCOMPARE(c.resultado.rechazados[0].razon, anotado);
-    QVERIFY(c.resultado.rechazados[1].razon.contains("descuadrado"));
-    QCOMPARE(filas("select count(*) from comprobante_encabezado"), QString("0"));
+    const auto buena = comprobantes(renglon("000001", "111005", "100", "") +
+                                    renglon("000001", "110505", "", "100"));
+    QCOMPARE(buena.anotado, QStringList());
+    QCOMPARE(buena.resultado.grabados, 2);
+    QCOMPARE(filas("select cuen_cod, code_debito, code_credito, code_item from comprobante_detalle "
+                   "order by code_item"),
+             "111005|100|0|1\n110505|0|100|2");
+    QCOMPARE(filas("select enco_concepto, enco_refer, enco_tiporef, enco_usuario, enco_fecha from "
+                   "comprobante_encabezado"),
+             "Traído|R1|0|ADMIN|20170315");
+    QCOMPARE(saldos_distintos(base_->base()), QString());
 }
 
 void PruebaImportacion::los_comprobantes_se_juntan_por_su_llave() {
@@ -332,15 +331,19 @@ void PruebaImportacion::los_comprobantes_se_juntan_por_su_llave() {
     QCOMPARE(filas("select e.tico_cod, e.prco_pref, e.enco_numero, d.code_item, d.code_debito from "
                    "comprobante_encabezado e join comprobante_detalle d on d.enco_consec = "
                    "e.enco_consec order by 1, 3, 4"),
-             QString("CG|0001|000001|1|10\nCG|0001|000001|2|0\nCG|0001|000001|3|1.5\n"
-                     "CG|0001|000001|4|0\nRC|0009|000044|1|9"));
+             "CG|0001|000001|1|10\nCG|0001|000001|2|0\nCG|0001|000001|3|1.5\n"
+             "CG|0001|000001|4|0\nRC|0009|000044|1|9");
     QCOMPARE(filas("select prco_auto, prco_activo from prefijos_conta where tico_cod = 'RC' and "
                    "prco_pref = '0009'"),
-             QString("N|S"));
+             "N|S");
     // Una línea mala en el segundo tramo no toca lo que ya estaba.
     const auto otra = comprobantes(renglon("1", "110505", "3", ""));
     QCOMPARE(otra.resultado.rechazados.size(), 1);
-    QCOMPARE(filas("select count(*) from comprobante_detalle"), QString("5"));
+    QCOMPARE(filas("select count(*) from comprobante_detalle"), "5");
+    // Un renglón vacío es de una llave en blanco: separa dos comprobantes.
+    QCOMPARE(comprobantes(renglon("7", "110505", "8", "") + '\n' + renglon("7", "111005", "", "8"))
+                 .resultado.resumen(),
+             "Leídos 3, grabados 0, rechazados 2, omitidos 1");
     // En fecha bloqueada no entra, ni nuevo ni agregado.
     base_->base().ejecute("update configuracion set conf_valor = '2017/12/31' where conf_propiedad "
                           "= 'FECHA DE BLOQUEO'");
@@ -357,13 +360,12 @@ void PruebaImportacion::al_libro_niif_entra_solo_en_el() {
     const QString cuantas = "select (select count(*) from comprobante_detalle), (select count(*) "
                             "from comprobante_detalle_niif), (select count(*) from "
                             "comprobante_encabezado) from rdb$database";
-    QCOMPARE(importe(ClaseImportacion::Comprobantes, archivo, false, en_niif).resultado.grabados,
-             2);
-    QCOMPARE(filas(cuantas), QString("0|2|1"));
+    QCOMPARE(importe(ClaseImportacion::Comprobantes, archivo, en_niif).resultado.grabados, 2);
+    QCOMPARE(filas(cuantas), "0|2|1");
     // El mismo comprobante recibe después sus líneas 2649, numeradas desde uno.
     QCOMPARE(importe(ClaseImportacion::Comprobantes, archivo).resultado.grabados, 2);
-    QCOMPARE(filas(cuantas), QString("2|2|1"));
-    QCOMPARE(filas("select list(code_item) from comprobante_detalle"), QString("1,2"));
+    QCOMPARE(filas(cuantas), "2|2|1");
+    QCOMPARE(filas("select list(code_item) from comprobante_detalle"), "1,2");
     QCOMPARE(saldos_distintos(base_->base()), QString());
 }
 
@@ -375,9 +377,7 @@ void PruebaImportacion::si_se_permite_entra_descuadrado() {
     ajustes_.permite_descuadre = true;
     const QString archivo = renglon("1", "110505", "10", "") + renglon("1", "999999", "", "10") +
                             renglon("2", "110505", "5", "4");
-    const auto ensayo = comprobantes(archivo, true);
     const auto c = comprobantes(archivo);
-    QCOMPARE(rechazos(ensayo.resultado), rechazos(c.resultado));
     QCOMPARE(c.resultado.grabados, 2);
     QCOMPARE(c.resultado.rechazados.size(), 1);
     QCOMPARE(filas("select enco_consec, sum(code_debito), sum(code_credito) from "
@@ -395,67 +395,62 @@ void PruebaImportacion::los_saldos_iniciales_se_agregan_o_se_reemplazan() {
                                "1105,,,,,1,\n"
                                "130505,,,,,1,\n"
                                "130505,5,,,,1,\n"
+                               "413505,,0001,,,1,\n"
+                               "143505,,,,,1,\n"
+                               "413505,,0001,0009,,1,\n"
                                "236540,800456789,,,,,40\n"
                                "310505,,,,,,60,FV1,20170231\n"
                                "310505,,,,,,60,FV1,20170228,31\n";
     const auto c = importe(ClaseImportacion::Saldos, archivo);
     QCOMPARE(c.anotado.join('\n').remove("Tipo:Pref:Num:"),
-             QString("Cuenta no existente 999999\nCuenta no afectable.\n"
-                     "Faltan detalles para el saldo inicial de la cuenta 130505\n"
-                     "NIT no encontrado 5\nLa fecha 2017/02/31 no existe."));
+             "Cuenta no existente 999999\nCuenta no afectable.\n"
+             "Faltan detalles para el saldo inicial de la cuenta 130505\n"
+             "NIT no encontrado 5\n"
+             "Faltan detalles para el saldo inicial de la cuenta 413505\n"
+             "Faltan detalles para el saldo inicial de la cuenta 143505\n"
+             "Proyecto-centro no encontrado 0001-0009\nLa fecha 2017/02/31 no existe.");
     QCOMPARE(filas("select cuen_cod, sain_debito, sain_credito, doco_vence, sain_tipodoc from "
                    "saldos_iniciales order by sain_item"),
-             QString("110505|100|0||\n236540|0|40||\n310505|0|60|20170228|31"));
+             "110505|100|0||\n236540|0|40||\n310505|0|60|20170228|31");
     importe(ClaseImportacion::Saldos, archivo);
-    QCOMPARE(filas("select count(*), sum(sain_debito) from saldos_iniciales"), QString("6|200"));
-    importe(ClaseImportacion::Saldos, archivo, false,
+    QCOMPARE(filas("select count(*), sum(sain_debito) from saldos_iniciales"), "6|200");
+    importe(ClaseImportacion::Saldos, archivo,
             [](PeticionImportacion& p) { p.borre_saldos = true; });
-    QCOMPARE(filas("select count(*), sum(sain_debito) from saldos_iniciales"), QString("3|100"));
-    importe(ClaseImportacion::Saldos, archivo, false,
-            [](PeticionImportacion& p) { p.niif = true; });
-    QCOMPARE(filas("select count(*) from saldos_iniciales_niif"), QString("3"));
+    QCOMPARE(filas("select count(*), sum(sain_debito) from saldos_iniciales"), "3|100");
+    for (const bool borre : {false, false, true}) {
+        importe(ClaseImportacion::Saldos, archivo, [borre](PeticionImportacion& p) {
+            p.niif = true;
+            p.borre_saldos = borre;
+        });
+        if (!borre)
+            continue;
+        QCOMPARE(filas("select (select count(*) from saldos_iniciales_niif), (select count(*) from "
+                       "saldos_iniciales) from rdb$database"),
+                 "3|3");
+    }
     QCOMPARE(saldos_distintos(base_->base()), QString());
 }
 
 // ---------------------------------------------------------------- ensayo y rechazados
 
-void PruebaImportacion::el_ensayo_no_escribe_y_da_la_misma_lista_data() {
-    QTest::addColumn<int>("clase");
-    QTest::addColumn<QByteArray>("archivo");
-    QTest::newRow("cuentas") << 4
-                             << QByteArray("112005,Sin mayor\n1120,Mayor\n112005,Buena\n110505,Ya\n"
-                                           "1120A5,Letras\n11200501,Auxiliar\n");
-    QTest::newRow("terceros") << 5 << QByteArray("1,Uno\n1,Otra vez\n2,,,,Macondo\n3\n");
-    QTest::newRow("comprobantes")
-        << 6
-        << (renglon("1", "110505", "10", "") + renglon("1", "111005", "", "10") +
-            renglon("2", "110505", "5", "4") + renglon("1", "110505", "3", "") +
-            renglon("1", "111005", "", "3") + renglon("1234567", "110505", "1", "1") +
-            "RC,0009,7,20170101,,,110505,,,,,,,9,9\n" + "RC,0009,8,20170101,,,110505,,,,,,,9,8\n" +
-            "RC,0002,8,20171501,,,110505,,,,,,,9,9\n" + "NC,0001,8,20170101,,,110505,,,,,,,9,9\n")
-               .toLatin1();
-    QTest::newRow("saldos") << 7 << QByteArray("110505,,,,,100,\n1105,,,,,1,\n110505,,,,,,x\n");
-}
-
 void PruebaImportacion::el_ensayo_no_escribe_y_da_la_misma_lista() {
-    QFETCH(int, clase);
-    QFETCH(QByteArray, archivo);
-    const auto foto = [this] {
-        return filas("select (select count(*) from cuentas), (select count(*) from terceros), "
-                     "(select count(*) from comprobante_encabezado), (select count(*) from "
-                     "comprobante_detalle), (select count(*) from saldos_iniciales), (select "
-                     "count(*) from auditoria), (select count(*) from prefijos_conta), (select "
-                     "list(pref_numero) from prefijos_conta) from rdb$database");
-    };
-    const QString antes = foto();
-    const Corrida ensayo = importe(ClaseImportacion(clase), archivo, true);
-    QCOMPARE(foto(), antes);
-    const Corrida real = importe(ClaseImportacion(clase), archivo);
-    QVERIFY(!real.resultado.rechazados.isEmpty());
-    QCOMPARE(rechazos(ensayo.resultado), rechazos(real.resultado));
-    QCOMPARE(ensayo.anotado, real.anotado);
-    QCOMPARE(ensayo.resultado.grabados, real.resultado.grabados);
-    QVERIFY(real.resultado.grabados > 0);
+    // Lo que el ensayo debe suponer: lo anterior del mismo archivo ya entró, o no.
+    const std::pair<ClaseImportacion, QByteArray> casos[] = {
+        {ClaseImportacion::Cuentas, "112005,Sin mayor\n1120,Mayor\n112005,Buena\n110505,Ya\n"
+                                    "1120A5,Letras\n11200501,Auxiliar\n"},
+        {ClaseImportacion::Terceros, "1,Uno\n1,Otra vez\n2,,,,Macondo\n3\n"},
+        {ClaseImportacion::Comprobantes,
+         (renglon("1", "110505", "10", "") + renglon("1", "111005", "", "10") +
+          renglon("2", "110505", "5", "4") + renglon("1", "110505", "3", "") +
+          renglon("1", "111005", "", "3") + renglon("1234567", "110505", "1", "1") +
+          "RC,0009,7,20170101,,,110505,,,,,,,9,9\n" + "RC,0009,8,20170101,,,110505,,,,,,,9,8\n" +
+          "RC,0002,8,20171501,,,110505,,,,,,,9,9\n" + "NC,0001,8,20170101,,,110505,,,,,,,9,9\n")
+             .toLatin1()},
+        {ClaseImportacion::Saldos, "110505,,,,,100,\n1105,,,,,1,\n110505,,,,,,x\n"}};
+    for (const auto& [clase, archivo] : casos) {
+        const Corrida real = importe(clase, archivo);
+        QVERIFY(!real.resultado.rechazados.isEmpty() && real.resultado.grabados > 0);
+    }
 }
 
 void PruebaImportacion::los_rechazados_corregidos_entran_al_leerlos_otra_vez() {
@@ -501,6 +496,7 @@ void PruebaImportacion::cien_mil_renglones_dejan_los_saldos_que_suma_el_archivo(
                            .toLatin1();
         }
     }
+    ensaya_ = false;
     const Corrida c = importe(ClaseImportacion::Comprobantes, archivo);
     QVERIFY2(c.resultado.rechazados.isEmpty(), qPrintable(rechazos(c.resultado).left(500)));
     QCOMPARE(c.resultado.grabados, 100000);
@@ -567,7 +563,8 @@ void PruebaImportacion::diez_mil_archivos_mutados_no_tumban_nada() {
         if (vuelta % 10 != 0)
             continue;
         ++con_base;
-        const Corrida c = importe(ClaseImportacion::Comprobantes, archivo, vuelta % 20 == 0,
+        ensaya_ = vuelta % 100 == 0;
+        const Corrida c = importe(ClaseImportacion::Comprobantes, archivo,
                                   [](PeticionImportacion& p) { p.delimitador = '"'; });
         QCOMPARE(c.resultado.leidos, registros);
         QCOMPARE(c.resultado.grabados + c.resultado.omitidos + c.resultado.rechazados.size(),

@@ -1,7 +1,7 @@
 // Herramientas del mantenimiento sobre un libro al azar: sus cifras son las de un recuento aparte,
 // los saldos siguen iguales a las líneas, cada una se audita y ninguna queda a medias.
 #include "apoyo/base_prueba.h"
-#include "apoyo/herramienta.h"
+#include "apoyo/muerte.h"
 #include "apoyo/servidor_prueba.h"
 #include "exchange/mantenimiento.h"
 #include "ledger/libro_al_azar.h"
@@ -9,12 +9,11 @@
 #include "sesion/guardas.h"
 
 #include <QFile>
-#include <QSet>
 #include <QtTest>
-#include <cstdio>
 
 namespace {
 
+constexpr const char *kBase = "QUORVEX_MANTIENE", *kCual = "QUORVEX_HERRAMIENTA";
 const RangoFechas kTodo{"00010101", "99991499"};
 
 QString una(Conexion& c, const QString& sql) {
@@ -30,19 +29,81 @@ QString resto(Conexion& c, const QString& salvo) {
 
 } // namespace
 
-/// Una pasada de cada herramienta sobre el libro al azar.
-void trabaje_con(Conexion& c, const QString& herramienta) {
-    const Libro libro = Libro::Decreto2649;
-    if (herramienta == "tercero")
-        reemplace_tercero(c, libro, "900123456", "52345678", kTodo, {}, {}, Paso::Haga);
-    else if (herramienta == "auxiliar")
-        abra_auxiliar(c, libro, {"11050501", "Caja", {}, "110505"}, Paso::Haga);
-    else if (herramienta == "detalle")
-        cambie_detalle(c, libro, "110505", {true, true, false}, Paso::Haga);
-    else if (herramienta == "borrado")
-        borre_movimientos(c, {"CG", {}, kTodo, {}, {}, {}, {}}, "ADMIN", Paso::Haga);
-    else
-        recalcule_saldos(c, libro, "20000101", "0", "99999999");
+/// Una herramienta sobre todo el libro al azar.
+struct Herramienta {
+    QString nombre;
+    QString medida; ///< cambia con el trabajo hecho, y solo entonces
+    bool se_bloquea;
+    std::function<CifrasMantenimiento(Conexion&, Paso)> corra;
+};
+
+QVector<Herramienta> herramientas() {
+    QVector<Herramienta> todas;
+    for (const Libro l : {Libro::Decreto2649, Libro::Niif}) {
+        const QString s = datos(l).sufijo,
+                      lineas = "(select count(*) from comprobante_detalle" + s + " where ";
+        todas << Herramienta{"cuenta" + s, lineas + "cuen_cod = '111005')", true,
+                             [l](Conexion& c, Paso p) {
+                                 return reemplace_cuenta(c, l, "111005", "110505", kTodo, {}, p);
+                             }}
+              << Herramienta{"tercero" + s, lineas + "terc_nit = '900123456')", true,
+                             [l](Conexion& c, Paso p) {
+                                 return reemplace_tercero(c, l, "900123456", "52345678", kTodo, {},
+                                                          {}, p);
+                             }}
+              << Herramienta{"detalle" + s,
+                             "(select cuen_tercero || cuen_centro from cuentas" + s +
+                                 " where cuen_cod = '110505')",
+                             false,
+                             [l](Conexion& c, Paso p) {
+                                 return cambie_detalle(c, l, "110505", {true, true, false}, p);
+                             }}
+              << Herramienta{"auxiliar" + s,
+                             lineas +
+                                 "cuen_cod = '110505') || '/' || (select count(*) from "
+                                 "cuentas" +
+                                 s + " where cuen_cod = '11050501')",
+                             true, [l](Conexion& c, Paso p) {
+                                 return abra_auxiliar(c, l, {"11050501", "Caja", {}, "110505"}, p);
+                             }};
+    }
+    todas << Herramienta{"borrado",
+                         "(select count(*) from comprobante_encabezado where tico_cod = 'CG') || "
+                         "'/' || (select count(*) from comprobante_detalle natural join "
+                         "comprobante_encabezado where tico_cod = 'CG')",
+                         true,
+                         [](Conexion& c, Paso p) {
+                             return borre_movimientos(c, {"CG", {}, kTodo, {}, {}, {}, {}},
+                                                      c.parametros().usuario, p);
+                         }}
+          << Herramienta{"recálculo",
+                         "(select sum(sald_debito) - (select sum(code_debito) from "
+                         "comprobante_detalle where cuen_cod = '143505') from vista_saldos_cuenta "
+                         "where cuen_cod = '143505')",
+                         false, [](Conexion& c, Paso p) {
+                             if (p == Paso::Haga)
+                                 recalcule_saldos(c, Libro::Decreto2649, "20000101", "0",
+                                                  "99999999");
+                             return CifrasMantenimiento();
+                         }};
+    return todas;
+}
+
+Herramienta herramienta(const QString& nombre) {
+    for (const Herramienta& h : herramientas())
+        if (h.nombre == nombre)
+            return h;
+    qFatal("no hay %s", qPrintable(nombre));
+}
+
+void estropee_un_saldo(Conexion& dueno) {
+    dueno.ejecute("execute procedure compacte_saldos");
+    dueno.ejecute("update saldos_cuenta set sald_debito = sald_debito + 7 where cuen_cod = "
+                  "'143505' rows 1");
+}
+
+QString mida(Conexion& c, const Herramienta& h) {
+    return una(c, "select " + h.medida + " from rdb$database");
 }
 
 class PruebaMantenimiento : public QObject {
@@ -57,34 +118,73 @@ private slots:
         // Después de toda herramienta: saldos iguales a las líneas y todas las guardas encendidas.
         if (base_) {
             QCOMPARE(saldos_distintos(base_->base()), QString());
-            QCOMPARE(una(base_->base(), kApagadas), QString("0"));
+            QCOMPARE(una(base_->base(), kApagadas), "0");
         }
         base_.reset();
     }
 
-    void reemplazar_una_cuenta_cambia_lo_que_dijo_y_nada_mas();
-    void reemplazar_se_niega_con_su_razon_data();
+    void cada_herramienta_hace_lo_que_dijo_o_nada_data() { una_fila_por_herramienta(true); }
+    void cada_herramienta_hace_lo_que_dijo_o_nada();
+    void matar_cada_herramienta_deja_todo_o_nada_data() { una_fila_por_herramienta(false); }
+    void matar_cada_herramienta_deja_todo_o_nada();
+    void un_usuario_corriente_del_servidor_puede_y_queda_su_rastro();
+    void reemplazar_una_cuenta_cambia_las_del_rango_y_nada_mas();
     void reemplazar_se_niega_con_su_razon();
     void reemplazar_un_tercero_respeta_la_cuenta_y_el_libro();
     void abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas();
     void cambiar_el_detalle_pasa_por_delante_de_la_guarda_y_la_deja_puesta();
-    void borrar_movimientos_por_terceros_deja_el_encabezado_de_lo_que_queda();
-    void borrar_movimientos_se_detiene_en_lo_bloqueado_y_cuenta_lo_ajeno();
+    void borrar_movimientos_borra_exactamente_lo_que_dijo();
     void borrar_el_plan_se_detiene_en_la_primera_que_la_base_rehusa();
-    void una_muerte_subita_deja_todo_o_nada();
-    void matar_cualquier_otra_herramienta_deja_todo_o_nada_data();
-    void matar_cualquier_otra_herramienta_deja_todo_o_nada();
-    void un_usuario_corriente_del_servidor_puede_y_queda_su_rastro();
     void una_guarda_que_alguien_apago_se_enciende();
 
 private:
+    /// Los gemelos NIIF son el mismo texto: donde cada fila cuesta, basta la de un libro.
+    static void una_fila_por_herramienta(bool los_dos_libros) {
+        QTest::addColumn<QString>("nombre");
+        for (const Herramienta& h : herramientas())
+            if (los_dos_libros || !h.nombre.endsWith("_niif"))
+                QTest::newRow(qPrintable(h.nombre)) << h.nombre;
+    }
     static constexpr const char* kApagadas =
         "select count(*) from rdb$triggers where rdb$trigger_inactive = 1 and "
         "coalesce(rdb$system_flag, 0) = 0";
     std::optional<BaseDePrueba> base_;
 };
 
-void PruebaMantenimiento::reemplazar_una_cuenta_cambia_lo_que_dijo_y_nada_mas() {
+void PruebaMantenimiento::cada_herramienta_hace_lo_que_dijo_o_nada() {
+    QFETCH(QString, nombre);
+    const Herramienta h = herramienta(nombre);
+    Conexion& c = base_->base();
+    estropee_un_saldo(c);
+    const QString antes = mida(c, h), ultima = una(c, "select max(audi_id) from auditoria");
+    const CifrasMantenimiento dichas = h.corra(c, Paso::Cifras);
+    QCOMPARE(dichas.negativa, QString());
+    if (h.se_bloquea) {
+        const QString llave = "update configuracion set conf_valor = %1 where conf_propiedad = "
+                              "'FECHA DE BLOQUEO%2'",
+                      libro = nombre.endsWith("_niif") ? " NIIF" : "";
+        c.ejecute(llave.arg("'2017/06/30'", libro));
+        const QString negativa = h.corra(c, Paso::Cifras).negativa;
+        QVERIFY2(negativa.startsWith("La contabilidad esta bloqueada a: 2017/06/30"),
+                 qPrintable(negativa));
+        QVERIFY_THROWS_EXCEPTION(ErrorBase, h.corra(c, Paso::Haga));
+        c.ejecute(llave.arg("''", libro));
+    }
+    QCOMPARE(mida(c, h), antes);
+    QCOMPARE(h.corra(c, Paso::Haga).cuantos(), dichas.cuantos());
+    QVERIFY(mida(c, h) != antes);
+    // Cada comprobante tocado queda en la auditoría, y cada cuenta, con quien lo hizo.
+    const QString auditados = "select count(distinct audi_iddoc) || ' ' || sign(count(audi_cod)) "
+                              "|| list(distinct audi_usuario) from auditoria where audi_id > %1";
+    const bool de_cuentas = !h.se_bloquea || nombre.startsWith("auxiliar");
+    QCOMPARE(una(c, auditados.arg(ultima)), QStringLiteral("%1 %2ADMIN")
+                                                .arg(h.se_bloquea ? dichas.comprobantes : 0)
+                                                .arg(de_cuentas ? 1 : 0));
+    if (nombre != "recálculo")
+        recalcule_saldos(c, Libro::Decreto2649, "20000101", "0", "99999999");
+}
+
+void PruebaMantenimiento::reemplazar_una_cuenta_cambia_las_del_rango_y_nada_mas() {
     Conexion& c = base_->base();
     for (const Libro libro : {Libro::Decreto2649, Libro::Niif}) {
         const QString detalle = datos(libro).detalle;
@@ -93,90 +193,55 @@ void PruebaMantenimiento::reemplazar_una_cuenta_cambia_lo_que_dijo_y_nada_mas() 
                            "d.enco_consec where cuen_cod = '%2' and enco_fecha between '20170301' "
                            "and '20171331' and tico_cod = 'CG'")
                 .arg(detalle);
-        const QString lineas = una(c, "select count(*)" + donde.arg("110505")),
-                      comprobantes =
-                          una(c, "select count(distinct d.enco_consec)" + donde.arg("110505")),
-                      debitos = una(c, "select sum(code_debito)" + donde.arg("110505")),
-                      ya = una(c, "select count(*)" + donde.arg("111005"));
-        QVERIFY(lineas.toInt() > 3);
-        const RangoFechas fechas{"20170301", "20171331"};
-        const auto cifras =
-            reemplace_cuenta(c, libro, "110505", "111005", fechas, "CG", Paso::Cifras);
-        QCOMPARE(cifras.negativa, QString());
-        QCOMPARE(cifras.cuantos(),
-                 QStringLiteral("%1 renglones de %2 comprobantes").arg(lineas, comprobantes));
+        const auto cuantas = [&](const char* cuenta) {
+            return una(c, "select count(*)" + donde.arg(cuenta)).toInt();
+        };
+        const int lineas = cuantas("110505"), ya = cuantas("111005");
+        QVERIFY(lineas > 3);
         const QString antes = resto(c, "'110505', '111005'");
-        const QString auditadas = una(c, "select count(*) from auditoria");
-        QCOMPARE(reemplace_cuenta(c, libro, "110505", "111005", fechas, "CG", Paso::Haga).renglones,
-                 lineas.toLongLong());
-        QCOMPARE(una(c, "select count(*)" + donde.arg("110505")), QString("0"));
-        QCOMPARE(una(c, "select count(*)" + donde.arg("111005")).toInt(),
-                 lineas.toInt() + ya.toInt());
+        const auto cifras = reemplace_cuenta(c, libro, "110505", "111005", {"20170301", "20171331"},
+                                             "CG", Paso::Haga);
+        QCOMPARE(cifras.renglones, lineas);
+        QCOMPARE(cuantas("110505"), 0);
+        QCOMPARE(cuantas("111005"), lineas + ya);
         QCOMPARE(resto(c, "'110505', '111005'"), antes);
-        QVERIFY(!debitos.isEmpty());
-        // Una fila de auditoría por comprobante tocado, con quien lo hizo.
-        QCOMPARE(una(c, "select count(*) from auditoria").toInt() - auditadas.toInt(),
-                 comprobantes.toInt());
-        QCOMPARE(una(c, "select first 1 audi_oper || audi_usuario from auditoria order by audi_id "
-                        "desc"),
-                 QString("MADMIN"));
     }
-}
-
-void PruebaMantenimiento::reemplazar_se_niega_con_su_razon_data() {
-    QTest::addColumn<QString>("destino");
-    QTest::addColumn<QString>("desde");
-    QTest::addColumn<QString>("razon");
-    QTest::newRow("no existe") << "119999"
-                               << "20170101"
-                               << "La cuenta 119999 no existe. Regístrela o escoja otra.";
-    QTest::newRow("mayor") << "1105"
-                           << "20170101"
-                           << "La cuenta 1105 es de nivel inferior al mínimo afectable. Escoja una "
-                              "de sus subcuentas.";
-    QTest::newRow("inactiva") << "110510"
-                              << "20170101"
-                              << "La cuenta 110510 está inactiva. Actívela o escoja otra.";
-    QTest::newRow("ella misma") << "110505"
-                                << "20170101"
-                                << "La cuenta que reemplaza a la 110505 debe ser otra.";
-    QTest::newRow("exige tercero") << "135515"
-                                   << "20170101"
-                                   << "La cuenta 135515 exige tercero, y ";
-    QTest::newRow("sin movimiento") << "111005"
-                                    << "20181401"
-                                    << "La cuenta 110505 no tiene movimientos.";
-    QTest::newRow("bloqueada") << "111005"
-                               << "20170102"
-                               << "La contabilidad esta bloqueada a: 2017/06/30. ";
 }
 
 void PruebaMantenimiento::reemplazar_se_niega_con_su_razon() {
-    QFETCH(QString, destino);
-    QFETCH(QString, desde);
-    QFETCH(QString, razon);
     Conexion& c = base_->base();
-    if (desde == "20170102")
-        c.ejecute("update configuracion set conf_valor = '2017/06/30' where conf_propiedad = "
-                  "'FECHA DE BLOQUEO'");
-    if (desde == "20181401")
-        c.ejecute("delete from comprobante_detalle where cuen_cod = '110505' and code_fecha >= "
-                  "'20181401'");
-    const QString antes = resto(c, "''");
-    const auto llame = [&](Paso paso) {
-        return reemplace_cuenta(c, Libro::Decreto2649, "110505", destino, {desde, "20181499"}, {},
-                                paso);
-    };
-    QVERIFY2(llame(Paso::Cifras).negativa.startsWith(razon),
-             qPrintable(llame(Paso::Cifras).negativa));
-    QString dicho;
-    try {
-        llame(Paso::Haga);
-    } catch (const ErrorBase& e) {
-        dicho = e.para_usuario();
+    // Destino, desde cuándo, razón y lo que se le hace antes a la base.
+    const QString casos[][4] = {
+        {"119999", "20170101", "La cuenta 119999 no existe. Regístrela o escoja otra."},
+        {"1105", "20170101",
+         "La cuenta 1105 es de nivel inferior al mínimo afectable. Escoja una de sus subcuentas."},
+        {"110510", "20170101", "La cuenta 110510 está inactiva. Actívela o escoja otra."},
+        {"110505", "20170101", "La cuenta que reemplaza a la 110505 debe ser otra."},
+        {"135515", "20170101", "La cuenta 135515 exige tercero, y "},
+        {"111005", "20181401", "La cuenta 110505 no tiene movimientos.",
+         "delete from comprobante_detalle where cuen_cod = '110505' and code_fecha >= '20181401'"},
+        {"111005", "20170102", // se replica en el otro libro, y ese está bloqueado
+         "La contabilidad esta bloqueada a: 2017/06/30 (libro NIIF). ",
+         "execute block as begin update comprobante_encabezado set enco_repniif = 'S'; update "
+         "configuracion set conf_valor = '2017/06/30' where conf_propiedad = 'FECHA DE BLOQUEO "
+         "NIIF'; end"}};
+    for (const auto& [destino, desde, razon, antes_de] : casos) {
+        if (!antes_de.isEmpty())
+            c.ejecute(antes_de);
+        const QString antes = resto(c, "''");
+        for (const Paso paso : {Paso::Cifras, Paso::Haga}) {
+            QString dicho;
+            try {
+                dicho = reemplace_cuenta(c, Libro::Decreto2649, "110505", destino,
+                                         {desde, "20181499"}, {}, paso)
+                            .negativa;
+            } catch (const ErrorBase& e) {
+                dicho = e.para_usuario();
+            }
+            QVERIFY2(dicho.startsWith(razon), qPrintable(dicho));
+        }
+        QCOMPARE(resto(c, "''"), antes);
     }
-    QVERIFY2(dicho.startsWith(razon), qPrintable(dicho));
-    QCOMPARE(resto(c, "''"), antes);
 }
 
 void PruebaMantenimiento::reemplazar_un_tercero_respeta_la_cuenta_y_el_libro() {
@@ -195,9 +260,9 @@ void PruebaMantenimiento::reemplazar_un_tercero_respeta_la_cuenta_y_el_libro() {
     QCOMPARE(reemplace_tercero(c, Libro::Decreto2649, "900123456", "52345678", kTodo, {}, "110505",
                                Paso::Cifras)
                  .negativa,
-             QString("El tercero 900123456 no tiene movimientos en la cuenta."));
+             "El tercero 900123456 no tiene movimientos en la cuenta.");
     QCOMPARE(reemplace_tercero(c, Libro::Niif, "7", "8", kTodo, {}, {}, Paso::Cifras).negativa,
-             QString("El tercero 8 no existe."));
+             "El tercero 8 no existe.");
 }
 
 void PruebaMantenimiento::abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas() {
@@ -216,21 +281,21 @@ void PruebaMantenimiento::abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas()
     QCOMPARE(filas_de(c, "select cuen_cod, cuen_nom, cuen_centro, cuen_afectable, cuen_activa, "
                          "cuen_eqniif from cuentas where cuen_cod starting with '110505' order by "
                          "cuen_cod desc"),
-             QString("11050501|Caja principal|S|S|S|110505\n110505|Caja general|N|N|S|110505"));
+             "11050501|Caja principal|S|S|S|110505\n110505|Caja general|N|N|S|110505");
     QCOMPARE(una(c, saldo), antes);
     for (const char* tabla : {"comprobante_detalle", "saldos_iniciales", "plantilla_detalle"})
         QCOMPARE(una(c, QStringLiteral("select count(*) from %1 where cuen_cod = '110505'")
                             .arg(QLatin1String(tabla))),
-                 QString("0"));
-    QCOMPARE(una(c, "select cuen_cod from plantilla_detalle"), QString("11050501"));
+                 "0");
+    QCOMPARE(una(c, "select cuen_cod from plantilla_detalle"), "11050501");
     // La guarda sigue puesta para todos los demás, y la negativa nombra la razón.
     QVERIFY_EXCEPTION_THROWN(c.ejecute("insert into cuentas (cuen_cod, cuen_nom) values "
                                        "('11100501', 'Otro')"),
                              ErrorBase);
     QCOMPARE(abra_auxiliar(c, Libro::Decreto2649, nuevo, Paso::Cifras).negativa,
-             QString("La cuenta 11050501 ya existe."));
+             "La cuenta 11050501 ya existe.");
     QCOMPARE(abra_auxiliar(c, Libro::Niif, {"99990501", "X", {}, {}}, Paso::Cifras).negativa,
-             QString("No existe la cuenta padre."));
+             "No existe la cuenta padre.");
     QCOMPARE(abra_auxiliar(c, Libro::Niif, {"11050501", "Caja NIIF", {}, {}}, Paso::Haga).negativa,
              QString());
 }
@@ -249,63 +314,56 @@ void PruebaMantenimiento::cambiar_el_detalle_pasa_por_delante_de_la_guarda_y_la_
     cambie_detalle(c, Libro::Decreto2649, "110505", {true, false, false}, Paso::Haga);
     QCOMPARE(una(c, "select cuen_tercero || cuen_centro || cuen_retencion from cuentas where "
                     "cuen_cod = '110505'"),
-             QString("SNN"));
+             "SNN");
     QVERIFY_EXCEPTION_THROWN(c.ejecute("update cuentas set cuen_tercero = 'N' where cuen_cod = "
                                        "'110505'"),
                              ErrorBase);
-    QCOMPARE(una(c, "select audi_oper || audi_usuario from auditoria where tido_cod = 100 and "
-                    "audi_cod = '110505' order by audi_id desc rows 1"),
-             QString("MADMIN"));
     QCOMPARE(cambie_detalle(c, Libro::Niif, "9", {}, Paso::Cifras).negativa,
-             QString("Cuenta no encontrada."));
+             "Cuenta no encontrada.");
 }
 
-void PruebaMantenimiento::borrar_movimientos_por_terceros_deja_el_encabezado_de_lo_que_queda() {
+void PruebaMantenimiento::borrar_movimientos_borra_exactamente_lo_que_dijo() {
     Conexion& c = base_->base();
-    RangoBorrado r{"CG", {}, kTodo, {}, {}, "900123456", "900123456"};
-    const QString tocados =
-        "select count(*) from comprobante_encabezado e where tico_cod = 'CG' and (exists (select 1 "
-        "from comprobante_detalle d where d.enco_consec = e.enco_consec and terc_nit = "
-        "'900123456') or exists (select 1 from comprobante_detalle_niif d where d.enco_consec = "
-        "e.enco_consec and terc_nit = '900123456'))";
+    // También los de otro módulo: su documento vuelve a quedar sin contabilizar.
+    c.ejecute("update comprobante_encabezado set enco_tiporef = 31 where enco_consec <= 20");
+    // Cuántas líneas de cada comprobante son del tercero, y cuántas no.
+    const QString suyas =
+        "(select e.enco_consec id, tico_cod, enco_tiporef ref, count(suya) suyas, count(*) - "
+        "count(suya) otras from comprobante_encabezado e "
+        "join (select enco_consec, iif(terc_nit = '900123456', 1, null) suya from "
+        "comprobante_detalle union all select enco_consec, iif(terc_nit = '900123456', 1, null) "
+        "from comprobante_detalle_niif) l on l.enco_consec = e.enco_consec group by 1, 2, "
+        "3) where tico_cod = 'CG' and suyas > 0";
+    const auto cuantos = [&](const QString& que, const QString& mas = {}) {
+        return una(c, "select " + que + " from " + suyas + mas).toLongLong();
+    };
+    const QString lineas =
+                      "select enco_consec, code_item from comprobante_detalle%1 d natural join "
+                      "comprobante_encabezado%2 order by 1, 2",
+                  salvo = " where tico_cod <> 'CG' or terc_nit is distinct from '900123456'",
+                  encabezados = "select enco_consec from comprobante_encabezado%1 order by 1";
+    const QString quedan = filas_de(c, lineas.arg("", salvo)),
+                  quedan_niif = filas_de(c, lineas.arg("_niif", salvo)),
+                  vivos = filas_de(c, encabezados.arg(" where enco_consec not in (select id from " +
+                                                      suyas + " and otras = 0)"));
+    const RangoBorrado r{"CG", {}, kTodo, {}, {}, "900123456", "900123456"};
     const auto cifras = borre_movimientos(c, r, "ADMIN", Paso::Cifras);
-    QCOMPARE(cifras.comprobantes, una(c, tocados).toLongLong());
-    QVERIFY(cifras.comprobantes > 10 && cifras.descuadrados > 0);
-    const qint64 encabezados = una(c, "select count(*) from comprobante_encabezado").toLongLong();
+    QCOMPARE(cifras.renglones, cuantos("sum(suyas)"));
+    QCOMPARE(cifras.comprobantes, cuantos("count(*)"));
+    QCOMPARE(cifras.borrados, cuantos("count(*)", " and otras = 0"));
+    QCOMPARE(cifras.ajenos, cuantos("count(*)", " and ref = 31"));
+    QVERIFY(cifras.ajenos > 0 && cifras.comprobantes > 10 && cifras.descuadrados > 0);
     borre_movimientos(c, r, "ADMIN", Paso::Haga);
-    QCOMPARE(una(c, tocados), QString("0"));
-    QCOMPARE(una(c, "select count(*) from comprobante_encabezado").toLongLong(),
-             encabezados - cifras.borrados);
-    // Por número y prefijo, enteros: ni una línea queda suelta.
-    r = {"RC", "0002", kTodo, "000001", "000999", {}, {}};
-    const auto enteros = borre_movimientos(c, r, "ADMIN", Paso::Haga);
+    QCOMPARE(filas_de(c, lineas.arg("", "")), quedan);
+    QCOMPARE(filas_de(c, lineas.arg("_niif", "")), quedan_niif);
+    QCOMPARE(filas_de(c, encabezados.arg("")), vivos);
+    // Por número y prefijo, enteros.
+    const auto enteros = borre_movimientos(c, {"RC", "0002", kTodo, "000001", "000999", {}, {}},
+                                           "ADMIN", Paso::Haga);
     QCOMPARE(enteros.borrados, enteros.comprobantes);
-    QCOMPARE(una(c, "select count(*) from comprobante_detalle_niif d where not exists (select 1 "
-                    "from comprobante_encabezado e where e.enco_consec = d.enco_consec)"),
-             QString("0"));
     QCOMPARE(una(c, "select count(*) from auditoria where tido_cod = 1 and audi_oper = 'E'")
                  .toLongLong(),
              cifras.borrados + enteros.borrados);
-}
-
-void PruebaMantenimiento::borrar_movimientos_se_detiene_en_lo_bloqueado_y_cuenta_lo_ajeno() {
-    Conexion& c = base_->base();
-    base_->ejecute({"update comprobante_encabezado set enco_tiporef = 31 where tico_cod = 'CG' and "
-                    "enco_consec <= 20"});
-    const RangoBorrado r{"CG", {}, kTodo, {}, {}, {}, {}};
-    const qint64 ajenos =
-        una(c, "select count(*) from comprobante_encabezado where enco_tiporef = 31").toLongLong();
-    QCOMPARE(borre_movimientos(c, r, "ADMIN", Paso::Cifras).ajenos, ajenos);
-    c.ejecute("update configuracion set conf_valor = '2017/06/30' where conf_propiedad = 'FECHA DE "
-              "BLOQUEO'");
-    const QString antes = una(c, "select count(*) from comprobante_encabezado");
-    QVERIFY_EXCEPTION_THROWN(borre_movimientos(c, r, "ADMIN", Paso::Haga), ErrorBase);
-    QCOMPARE(una(c, "select count(*) from comprobante_encabezado"), antes);
-    c.ejecute("update configuracion set conf_valor = '' where conf_propiedad = 'FECHA DE BLOQUEO'");
-    borre_movimientos(c, r, "ADMIN", Paso::Haga);
-    // También los que generó otro módulo: su documento vuelve a quedar sin contabilizar.
-    QCOMPARE(una(c, "select count(*) from comprobante_encabezado where tico_cod = 'CG'"),
-             QString("0"));
 }
 
 void PruebaMantenimiento::borrar_el_plan_se_detiene_en_la_primera_que_la_base_rehusa() {
@@ -313,145 +371,72 @@ void PruebaMantenimiento::borrar_el_plan_se_detiene_en_la_primera_que_la_base_re
     c.ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('613595', 'Sin uso')");
     const CuentasBorradas r = borre_cuentas(c, "61", "6199");
     QCOMPARE(r.borradas, 1);
-    QCOMPARE(r.detenida, QString("613505"));
+    QCOMPARE(r.detenida, "613505");
     QVERIFY(!r.razon.isEmpty());
-    QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613595'"), QString("0"));
-    QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613505'"), QString("1"));
+    QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613595'"), "0");
+    QCOMPARE(una(c, "select count(*) from cuentas where cuen_cod = '613505'"), "1");
 }
 
-void PruebaMantenimiento::una_muerte_subita_deja_todo_o_nada() {
-    const QString ruta = base_->parametros().base;
-    const QString total = una(base_->base(), "select count(*) from comprobante_detalle where "
-                                             "cuen_cod in ('110505', '111005')");
-    // Un juego de ida y vuelta deja las dos cuentas en una.
-    reemplace_cuenta(base_->base(), Libro::Decreto2649, "111005", "110505", kTodo, {}, Paso::Haga);
-    base_->base().desconectar();
-    QRandomGenerator azar = azar_de_prueba(123);
-    for (int vuelta = 0; vuelta < 12; ++vuelta) {
-        QProcess otro;
-        otro.start(QCoreApplication::applicationFilePath(), {"--reemplace-sin-parar", ruta});
-        QVERIFY(otro.waitForStarted());
-        QByteArray dicho;
-        const int cuantas = 1 + int(azar.bounded(6));
-        while (dicho.count('>') < cuantas && otro.waitForReadyRead(30000))
-            dicho += otro.readAllStandardOutput();
-        QVERIFY2(dicho.count('>') >= cuantas, otro.readAllStandardError().constData());
-        otro.kill();
-        otro.waitForFinished();
-        Conexion c;
-        c.conectar(base_->parametros());
-        const QString caja = una(c, "select count(*) from comprobante_detalle where cuen_cod = "
-                                    "'110505'");
-        QVERIFY2(caja == "0" || caja == total, qPrintable(caja + " de " + total));
-        QCOMPARE(saldos_distintos(c), QString());
-        QCOMPARE(una(c, kApagadas), QString("0"));
-    }
-    base_->base().conectar(base_->parametros());
-}
-
-void PruebaMantenimiento::matar_cualquier_otra_herramienta_deja_todo_o_nada_data() {
-    QTest::addColumn<QString>("herramienta");
-    QTest::addColumn<QString>("medida"); // cambia con el trabajo hecho, y solo entonces
-    QTest::newRow("tercero") << "tercero"
-                             << "select count(*) from comprobante_detalle where terc_nit = "
-                                "'900123456'";
-    QTest::newRow("auxiliar") << "auxiliar"
-                              << "select (select count(*) from comprobante_detalle where cuen_cod "
-                                 "= '110505') || '/' || (select count(*) from cuentas where "
-                                 "cuen_cod = '11050501') from rdb$database";
-    QTest::newRow("detalle") << "detalle"
-                             << "select cuen_tercero || cuen_centro from cuentas where cuen_cod = "
-                                "'110505'";
-    QTest::newRow("borrado") << "borrado"
-                             << "select (select count(*) from comprobante_encabezado where "
-                                "tico_cod = 'CG') || '/' || (select count(*) from "
-                                "comprobante_detalle d join comprobante_encabezado e on "
-                                "e.enco_consec = d.enco_consec where tico_cod = 'CG') from "
-                                "rdb$database";
-    QTest::newRow("recalculo") << "recalculo"
-                               << "select sum(sald_debito) - (select sum(code_debito) from "
-                                  "comprobante_detalle where cuen_cod = '110505') from "
-                                  "vista_saldos_cuenta where cuen_cod = '110505'";
-}
-
-void PruebaMantenimiento::matar_cualquier_otra_herramienta_deja_todo_o_nada() {
-    QFETCH(QString, herramienta);
-    QFETCH(QString, medida);
-    if (herramienta == "recalculo")
-        base_->base().ejecute("update saldos_cuenta set sald_debito = sald_debito + 7 where "
-                              "cuen_cod = '110505' rows 1");
-    // Lo hecho y lo no hecho, con la misma herramienta en una copia.
-    BaseDePrueba hecha;
-    base_->base().desconectar();
-    const QString ruta = base_->parametros().base, otra = hecha.parametros().base,
+void PruebaMantenimiento::matar_cada_herramienta_deja_todo_o_nada() {
+    QFETCH(QString, nombre);
+    const Herramienta h = herramienta(nombre);
+    if (nombre == "recálculo")
+        estropee_un_saldo(base_->base());
+    const QString antes = mida(base_->base(), h), ruta = base_->parametros().base,
                   original = ruta + ".original";
+    base_->base().desconectar();
     QVERIFY(QFile::copy(ruta, original));
-    hecha.base().desconectar();
-    QVERIFY(QFile::remove(otra) && QFile::copy(original, otra));
-    hecha.base().conectar(hecha.parametros());
-    const QString antes = una(hecha.base(), medida);
-    trabaje_con(hecha.base(), herramienta);
-    const QString despues = una(hecha.base(), medida);
-    QVERIFY2(antes != despues, qPrintable(antes));
-    QSet<QString> vistos;
-    for (int vuelta = 0; vuelta < 8; ++vuelta) {
+    QString despues;
+    qint64 entero = 0;
+    constexpr int kCortes = 8;
+    for (int corte = 0; corte <= kCortes; ++corte) { // el primero llega hasta el final
         QVERIFY(QFile::remove(ruta) && QFile::copy(original, ruta));
-        QProcess proceso;
-        proceso.start(QCoreApplication::applicationFilePath(), {"--haga", herramienta, ruta});
-        QVERIFY(proceso.waitForStarted());
-        // Cada vuelta lo deja llegar un poco más lejos; la última, hasta el final.
-        QVERIFY(proceso.waitForReadyRead(30000));
-        if (vuelta == 7)
-            QVERIFY(proceso.waitForFinished(60000));
-        else
-            proceso.waitForFinished(1 + vuelta * vuelta * 12);
-        proceso.kill();
-        proceso.waitForFinished();
+        const qint64 tarda = corra_y_mate({{kBase, ruta}, {kCual, nombre}},
+                                          corte == 0 ? -1 : entero * (corte - 1) / kCortes);
+        QVERIFY2(tarda >= 0, "el programa no arrancó");
         Conexion c;
         c.conectar(base_->parametros());
-        const QString quedo = una(c, medida);
+        const QString quedo = mida(c, h);
+        if (corte == 0) {
+            entero = tarda;
+            despues = quedo;
+            QVERIFY(antes != despues);
+        }
         QVERIFY2(quedo == antes || quedo == despues, qPrintable(quedo));
-        vistos.insert(quedo);
-        QCOMPARE(una(c, kApagadas), QString("0"));
-        QCOMPARE(una(c, "select count(*) from cuenta_en_mantenimiento"), QString("0"));
-        if (herramienta != "recalculo" || quedo == despues)
+        QCOMPARE(una(c, kApagadas), "0");
+        QCOMPARE(una(c, "select count(*) from cuenta_en_mantenimiento"), "0");
+        if (nombre != "recálculo" || quedo == despues)
             QCOMPARE(saldos_distintos(c), QString());
     }
-    QVERIFY(vistos.contains(despues));
     base_->base().conectar(base_->parametros());
+    if (nombre == "recálculo")
+        h.corra(base_->base(), Paso::Haga);
 }
 
 void PruebaMantenimiento::un_usuario_corriente_del_servidor_puede_y_queda_su_rastro() {
     QVERIFY2(!ServidorDePrueba::programa().isEmpty(), "falta firebird3.0-server");
     ServidorDePrueba servidor;
     Conexion c, dueno;
-    dueno.conectar(servidor.parametros("ADMIN"));
     ParametrosConexion p = servidor.parametros("SYSDBA");
     p.rol.clear();
-    dueno.desconectar();
     dueno.conectar(p);
     c.conectar(servidor.parametros("AUXILIAR"));
-    QCOMPARE(una(c, "select current_role from rdb$database"), QString("QUORVEX_PROGRAMA"));
-    grabe(dueno, {1, "000001", "20170301", {{1, "110505", 100, 0}, {2, "111005", 0, 100}}});
-    grabe(dueno,
-          {2, "000002", "20170301", {{1, "130505", 9, 0, "900123456"}, {2, "111005", 0, 9}}});
-    QCOMPARE(reemplace_cuenta(c, Libro::Decreto2649, "111005", "310505", kTodo, {}, Paso::Haga)
-                 .renglones,
-             2);
+    QCOMPARE(una(c, "select current_role from rdb$database"), "QUORVEX_PROGRAMA");
+    arme_libro_al_azar(dueno);
+    estropee_un_saldo(dueno);
+    const QString ultima = una(dueno, "select max(audi_id) from auditoria");
+    for (const Herramienta& h : herramientas()) {
+        const QString antes = mida(dueno, h);
+        h.corra(c, Paso::Haga);
+        QVERIFY2(mida(dueno, h) != antes, qPrintable(h.nombre));
+    }
+    c.ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('613595', 'Sin uso')");
+    QCOMPARE(borre_cuentas(c, "613595", "613595").borradas, 1);
+    QCOMPARE(una(dueno, "select list(audi_oper, '') from auditoria where audi_cod = '613595'"),
+             "IE");
     QCOMPARE(
-        reemplace_tercero(c, Libro::Decreto2649, "900123456", "52345678", kTodo, {}, {}, Paso::Haga)
-            .renglones,
-        1);
-    abra_auxiliar(c, Libro::Decreto2649, {"11050501", "Caja", {}, "110505"}, Paso::Haga);
-    cambie_detalle(c, Libro::Decreto2649, "310505", {true, false, false}, Paso::Haga);
-    QCOMPARE(una(dueno, "select count(*) from comprobante_detalle where cuen_cod in ('11050501', "
-                        "'310505')"),
-             QString("3"));
-    QCOMPARE(una(dueno, "select list(distinct audi_usuario) from auditoria where audi_oper = 'M'"),
-             QString("AUXILIAR"));
-    borre_movimientos(c, {"CG", {}, kTodo, {}, {}, {}, {}}, "AUXILIAR", Paso::Haga);
-    QCOMPARE(una(dueno, "select list(distinct audi_usuario) from auditoria where audi_oper = 'E'"),
-             QString("AUXILIAR"));
+        una(dueno, "select list(distinct audi_usuario) from auditoria where audi_id > " + ultima),
+        "AUXILIAR");
     // Lo que las guardas anotan no lo puede anotar él.
     QVERIFY_EXCEPTION_THROWN(
         c.ejecute("insert into cuenta_en_mantenimiento (libro, cuen_cod) values ('2649', '11')"),
@@ -470,43 +455,18 @@ void PruebaMantenimiento::una_guarda_que_alguien_apago_se_enciende() {
     dueno.conectar(p);
     for (const char* guarda : {"cuentas_bu", "comprobante_detalle_saldos"})
         dueno.ejecute(QStringLiteral("alter trigger %1 inactive").arg(QLatin1String(guarda)));
-    QCOMPARE(una(dueno, kApagadas), QString("2"));
+    QCOMPARE(una(dueno, kApagadas), "2");
     QCOMPARE(encienda_guardas(dueno), 0);
-    QCOMPARE(una(dueno, kApagadas), QString("0"));
-}
-
-/// El otro proceso: pasa todo de una cuenta a la otra, una y otra vez, hasta que lo maten.
-int reemplace_sin_parar(const QString& base) {
-    Conexion c;
-    c.conectar({base, "ADMIN", {}});
-    // Donde haya quedado la vez anterior.
-    bool en_bancos =
-        una(c, "select first 1 1 from comprobante_detalle where cuen_cod = '110505'").isEmpty();
-    for (;; en_bancos = !en_bancos) {
-        std::printf(">\n");
-        std::fflush(stdout);
-        reemplace_cuenta(c, Libro::Decreto2649, en_bancos ? "111005" : "110505",
-                         en_bancos ? "110505" : "111005", kTodo, {}, Paso::Haga);
-    }
+    QCOMPARE(una(dueno, kApagadas), "0");
 }
 
 int main(int argc, char** argv) {
     QCoreApplication aplicacion(argc, argv);
-    const QStringList orden = aplicacion.arguments();
-    if (orden.value(1) == "--reemplace-sin-parar") {
-        try {
-            return reemplace_sin_parar(orden.value(2));
-        } catch (const std::exception& e) {
-            std::fprintf(stderr, "%s\n", e.what());
-            return 1;
-        }
-    }
-    if (orden.value(1) == "--haga") {
+    if (const QString base = qEnvironmentVariable(kBase); !base.isEmpty()) {
         Conexion c;
-        c.conectar({orden.value(3), "ADMIN", {}});
-        std::printf(">\n");
-        std::fflush(stdout);
-        trabaje_con(c, orden.value(2));
+        c.conectar({base, "ADMIN", {}});
+        diga_listo();
+        herramienta(qEnvironmentVariable(kCual)).corra(c, Paso::Haga);
         return 0;
     }
     PruebaMantenimiento prueba;

@@ -64,10 +64,10 @@ void PruebaMuestras::la_apertura_esta_a_medio_trabajar() {
                    "by 1 order by 1"));
     QCOMPARE(dato("select list(distinct substring(codigo from 1 for 1)) from "
                   "ajustes_apertura_niif where codigo < '4' and final <> 0"),
-             QString("2"));
+             "2");
     QCOMPARE(filas("select cuenta, debito, credito from balance_inicial_niif where cuenta in "
                    "('122505', '159235') order by 1"),
-             QString("122505|28000000|0\n159235|0|30200000"));
+             "122505|28000000|0\n159235|0|30200000");
     QVERIFY(dato("select negativa from lleve_apertura_niif('N')").contains("descuadrado"));
     QVERIFY(!dato("select apni_nota from apertura_niif where cuen_cod = '159235'").isEmpty());
     QVERIFY(compania_.consulte("select apni_archivo from apertura_niif where cuen_cod = '159235'")
@@ -99,7 +99,7 @@ void PruebaMuestras::los_dos_libros_difieren_en_lo_que_se_sabe() {
                  i->texto());
     QCOMPARE(dato("select count(*) || '/' || sum(iif(id is null, 1, 0)) from "
                   "concilia_pat_detalle('159235', '2017')"),
-             QString("13/1"));
+             "13/1");
 }
 
 void PruebaMuestras::los_procedimientos_de_muestra_responden_al_papel_del_programa() {
@@ -109,8 +109,8 @@ void PruebaMuestras::los_procedimientos_de_muestra_responden_al_papel_del_progra
     Conexion c;
     c.conectar(p);
     QCOMPARE(filas_de(c, "select prus_cod, prus_modulo from procedimientos_usuario order by 1"),
-             QString("CIUDAD|MANTENIMIENTO\nDV|MANTENIMIENTO\nMAYORES|MANTENIMIENTO\n"
-                     "VENTAS|MANTENIMIENTO"));
+             "CIUDAD|MANTENIMIENTO\nDV|MANTENIMIENTO\nMAYORES|MANTENIMIENTO\n"
+             "VENTAS|MANTENIMIENTO");
     QCOMPARE(filas_de(c, "select sum(ventas), sum(costos), sum(utilidad) from "
                          "ventas_por_centro('20170101','20171231')"),
              filas("select sum(iif(cuen_cod starting '41', code_credito - code_debito, 0)), "
@@ -133,15 +133,15 @@ void PruebaMuestras::los_procedimientos_de_muestra_responden_al_papel_del_progra
 
 void PruebaMuestras::cada_archivo_de_muestra_entra() {
     const auto cuentas = importe(ClaseImportacion::Cuentas, "cuentas.csv");
-    QCOMPARE(cuentas.resumen(), QString("Leídos 4, grabados 3, rechazados 0, omitidos 1"));
+    QCOMPARE(cuentas.resumen(), "Leídos 4, grabados 3, rechazados 0, omitidos 1");
     const auto terceros = importe(ClaseImportacion::Terceros, "terceros.csv");
-    QCOMPARE(terceros.resumen(), QString("Leídos 3, grabados 3, rechazados 0, omitidos 0"));
+    QCOMPARE(terceros.resumen(), "Leídos 3, grabados 3, rechazados 0, omitidos 0");
     QCOMPARE(dato("select terc_nom from terceros where terc_nit = '1090444555'"),
-             QString("Rincón Mejía Laura Inés"));
+             "Rincón Mejía Laura Inés");
     const auto buenos = importe(ClaseImportacion::Comprobantes, "comprobantes.csv");
-    QCOMPARE(buenos.resumen(), QString("Leídos 6, grabados 6, rechazados 0, omitidos 0"));
+    QCOMPARE(buenos.resumen(), "Leídos 6, grabados 6, rechazados 0, omitidos 0");
     const auto malos = importe(ClaseImportacion::Comprobantes, "comprobantes_con_fallas.csv");
-    QCOMPARE(malos.resumen(), QString("Leídos 12, grabados 2, rechazados 10, omitidos 0"));
+    QCOMPARE(malos.resumen(), "Leídos 12, grabados 2, rechazados 10, omitidos 0");
     const QString saldos = "select cuen_cod, terc_nit, arti_cod, sain_debito, sain_credito, "
                            "doco_numero, doco_vence from saldos_iniciales order by sain_item";
     const QString antes = filas(saldos);

@@ -296,7 +296,7 @@ void PruebaCargaDocumentos::la_factura_electronica_es_venta_o_compra_segun_quien
 }
 
 void PruebaCargaDocumentos::lo_que_no_se_puede_leer_se_rehusa() {
-    Factura buena;
+    const Factura buena;
     QCOMPARE(ordene({"documentos", "--electronica", archivo("b.xml", buena.xml())}).codigo, 0);
     const Factura otra{.cufe = "x2", .numero = "FE200"};
     Factura bolsas;

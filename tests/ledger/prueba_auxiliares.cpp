@@ -150,6 +150,17 @@ private slots:
             QCOMPARE(columna(p->CAuxiliar, "CREDITO"), caso.creditos);
             QCOMPARE(p->CAuxiliar.FieldByName("PORC").presentado(), "2.5");
             QCOMPARE(p->Saldoi ? p->Saldoi->text() : QString(), caso.inicial);
+            const QString clase = caso.clase;
+            const bool de_centro = clase.contains("centro");
+            const QString clave = clase.contains("terc") ? " and d.terc_nit = '52345678'"
+                                  : de_centro ? " and d.proy_cod = '0001' and d.cent_cod = '0002'"
+                                  : clase.contains("art") ? " and d.arti_cod = 'MART01'"
+                                                          : "";
+            const QString libro = clase.endsWith("niif") && !de_centro ? "_niif" : "";
+            const SumaLineas suma =
+                sume_lineas(s, "comprobante_detalle" + libro, 3,
+                            "d.cuen_cod = '" + p->ECuenta->text() + '\'' + clave);
+            QCOMPARE(p->Saldof->valor().texto(), suma.saldo().texto());
             QCOMPARE(p->periodo->texto_mes(), "Marzo");
             if (caso.ancho)
                 QCOMPARE(p->size(), QSize(caso.ancho, caso.alto));

@@ -237,57 +237,33 @@ void PruebaGrabacion::un_numero_que_ya_esta_se_puede_consultar() {
 
 namespace {
 
-const char* codigo_de(Motivo m) {
-    switch (m) {
-    case Motivo::Tipo:
-        return "TIPO";
-    case Motivo::Prefijo:
-        return "PREFIJO";
-    case Motivo::Numero:
-        return "NUMERO";
-    case Motivo::NumeroTomado:
-        return "NUMERO_TOMADO";
-    case Motivo::NumeroAgotado:
-        return "NUMERO_AGOTADO";
-    case Motivo::Fecha:
-        return "FECHA";
-    case Motivo::Bloqueo:
-        return "BLOQUEO";
-    case Motivo::CuentaInexistente:
-        return "CUENTA_INEXISTENTE";
-    case Motivo::CuentaIncompleta:
-        return "CUENTA_INCOMPLETA";
-    case Motivo::CuentaSuperior:
-        return "CUENTA_SUPERIOR";
-    case Motivo::CuentaConAuxiliares:
-        return "CUENTA_AUXILIARES";
-    case Motivo::CuentaInactiva:
-        return "CUENTA_INACTIVA";
-    case Motivo::Tercero:
-        return "TERCERO";
-    case Motivo::FaltaTercero:
-        return "FALTA_TERCERO";
-    case Motivo::Centro:
-        return "CENTRO";
-    case Motivo::FaltaCentro:
-        return "FALTA_CENTRO";
-    case Motivo::Categoria:
-        return "CATEGORIA";
-    case Motivo::Articulo:
-        return "ARTICULO";
-    case Motivo::FaltaBase:
-        return "FALTA_BASE";
-    case Motivo::FaltaPorcentaje:
-        return "FALTA_PORCENTAJE";
-    case Motivo::PorcentajeAlto:
-        return "PORCENTAJE_ALTO";
-    case Motivo::Descuadre:
-        return "DESCUADRE";
-    case Motivo::Vacio:
-        return "VACIO";
-    default:
-        return "OTRO";
-    }
+/// El código con que la base nombra cada motivo.
+QString codigo_de(Motivo m) {
+    static const QMap<Motivo, const char*> codigos{
+        {Motivo::Tipo, "TIPO"},
+        {Motivo::Prefijo, "PREFIJO"},
+        {Motivo::Numero, "NUMERO"},
+        {Motivo::NumeroTomado, "NUMERO_TOMADO"},
+        {Motivo::NumeroAgotado, "NUMERO_AGOTADO"},
+        {Motivo::Fecha, "FECHA"},
+        {Motivo::Bloqueo, "BLOQUEO"},
+        {Motivo::CuentaInexistente, "CUENTA_INEXISTENTE"},
+        {Motivo::CuentaIncompleta, "CUENTA_INCOMPLETA"},
+        {Motivo::CuentaSuperior, "CUENTA_SUPERIOR"},
+        {Motivo::CuentaConAuxiliares, "CUENTA_AUXILIARES"},
+        {Motivo::CuentaInactiva, "CUENTA_INACTIVA"},
+        {Motivo::Tercero, "TERCERO"},
+        {Motivo::FaltaTercero, "FALTA_TERCERO"},
+        {Motivo::Centro, "CENTRO"},
+        {Motivo::FaltaCentro, "FALTA_CENTRO"},
+        {Motivo::Categoria, "CATEGORIA"},
+        {Motivo::Articulo, "ARTICULO"},
+        {Motivo::FaltaBase, "FALTA_BASE"},
+        {Motivo::FaltaPorcentaje, "FALTA_PORCENTAJE"},
+        {Motivo::PorcentajeAlto, "PORCENTAJE_ALTO"},
+        {Motivo::Descuadre, "DESCUADRE"},
+        {Motivo::Vacio, "VACIO"}};
+    return codigos.value(m, "OTRO");
 }
 
 /// Comprobantes con faltas al azar, de las que las dos partes conocen.

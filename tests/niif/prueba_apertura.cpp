@@ -3,7 +3,7 @@
 #include "apoyo/comprobantes.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "datos/recordset/indice_busqueda.h"
-#include "niif/apertura.h"
+#include "niif/paginas.h"
 #include "niif/peticiones_niif.h"
 #include "niif/registro.h"
 #include "niif/tfbalaperturaniif.h"
@@ -14,11 +14,11 @@
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/controles/memodato.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
-#include <QStackedWidget>
 #include <QtTest>
 
 namespace {
@@ -39,8 +39,6 @@ private slots:
         s_.reset();
     }
 
-    void un_saldo_pasa_en_dos_lineas_data();
-    void un_saldo_pasa_en_dos_lineas();
     void traer_saldos_los_cruza_todos_y_no_se_repite();
     void la_cuenta_sin_equivalente_no_detiene_a_las_demas();
     void muchos_terceros_se_traen_y_se_graban();
@@ -51,18 +49,14 @@ private slots:
     void borrar_la_hoja_pregunta_y_tambien_graba();
     void salir_con_cambios_pregunta();
     void la_hoja_de_calculo_va_y_vuelve();
-    void una_ventana_que_ya_estaba_abierta_tambien_espera();
-    void sin_programa_de_hojas_se_dice();
     void llevarla_a_los_saldos_iniciales_dice_las_cifras();
     void los_inventarios_pasan_con_su_articulo();
-    void los_importes_de_un_aviso_llevan_miles();
     void dos_usuarios_en_la_misma_cuenta_no_se_pisan();
     void sin_la_opcion_no_se_entra();
     void la_conciliacion_llega_hasta_el_comprobante();
-    void un_saldo_de_un_centavo_no_tumba_la_conciliacion();
-    void al_calcular_otra_vez_las_cifras_caben();
 
 private:
+    QString filas(const QString& sql) { return filas_de(s_->base.base(), sql); }
     Tfbalaperturaniif* abra() { return s_->abra<Tfbalaperturaniif>("Tfbalaperturaniif"); }
     Tfbalaperturaniif* traiga() {
         Tfbalaperturaniif* p = abra();
@@ -82,15 +76,17 @@ private:
         oprima(Qt::Key_F5);
         QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
     }
-    QString hoja_de_mentira(const QByteArray& guion) {
+    /// Abre la hoja de la cuenta a la vista con un programa de mentira.
+    void abra_hoja(Tfbalaperturaniif* p, const QByteArray& guion) {
         const QString ruta = s_->base.ruta() + "/hoja.sh";
         QFile f(ruta);
-        if (!f.open(QIODevice::WriteOnly))
-            qFatal("no se pudo escribir");
-        f.write("#!/bin/sh\n" + guion);
+        QFile::remove(ruta);
+        if (f.open(QIODevice::WriteOnly))
+            f.write("#!/bin/sh\n" + guion);
         f.close();
         f.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-        return ruta;
+        qputenv("QUORVEX_HOJA_CALCULO", guion.isEmpty() ? "/no/esta" : ruta.toLocal8Bit());
+        componente<QPushButton>(p, "AdvGlowButton7").click();
     }
 
     std::optional<SesionGui> s_;
@@ -118,67 +114,29 @@ void PruebaApertura::init() {
           {3, "000003", "20180105", {{1, "110505", 999, 0}, {2, "111005", 0, 999}}});
 }
 
-void PruebaApertura::un_saldo_pasa_en_dos_lineas_data() {
-    QTest::addColumn<QString>("saldo");
-    QTest::addColumn<QString>("sale");
-    QTest::addColumn<QString>("entra");
-    // saldo inicial, reclasificación débito y crédito, saldo final
-    QTest::newRow("débito") << "93.5"
-                            << "93.5|0|93.5|0"
-                            << "0|93.5|0|93.5";
-    QTest::newRow("crédito") << "-160"
-                             << "-160|160|0|0"
-                             << "0|0|160|-160";
-    QTest::newRow("cero") << "0"
-                          << "0|0|0|0"
-                          << "0|0|0|0";
-}
-
-void PruebaApertura::un_saldo_pasa_en_dos_lineas() {
-    QFETCH(QString, saldo);
-    QFETCH(QString, sale);
-    QFETCH(QString, entra);
-    const auto lineas = lineas_de_traslado({"1", {}, {}, {}, {}, "2", Moneda::de_texto(saldo)});
-    const auto texto = [](const LineaApertura& l) {
-        return QStringList{l.saldo_inicial.texto(), l.reclasificacion_debito.texto(),
-                           l.reclasificacion_credito.texto(), l.saldo_final.texto()}
-            .join('|');
-    };
-    QCOMPARE(lineas.size(), 2);
-    QCOMPARE(texto(lineas[0]), sale);
-    QCOMPARE(texto(lineas[1]), entra);
-    QCOMPARE(lineas[0].cuenta + '/' + lineas[0].cuenta_niif, QString("1/"));
-    QCOMPARE(lineas[1].cuenta + '/' + lineas[1].cuenta_niif, QString("/2"));
-    // La regla del saldo final es la misma que usa la pantalla.
-    for (const LineaApertura& l : lineas)
-        QCOMPARE(saldo_de_linea(l.saldo_inicial, {}, {}, l.reclasificacion_debito,
-                                l.reclasificacion_credito),
-                 l.saldo_final);
-}
-
 void PruebaApertura::traer_saldos_los_cruza_todos_y_no_se_repite() {
     Tfbalaperturaniif* p = traiga();
-    QCOMPARE(s_->dato("select count(*) from apertura_niif"), QString("0")); // aún sin grabar
+    QCOMPARE(s_->dato("select count(*) from apertura_niif"), "0"); // aún sin grabar
     grabe_y_siga();
-    QCOMPARE(filas_de(s_->base.base(), "select cuen_cod, apni_cuenniif, apni_saldoant from "
-                                       "apertura_niif order by cuen_cod"),
-             QString("110505|110505|93\n130505|130505|80\n152405|152405|7\n310505|310505|-160"));
-    QCOMPARE(
-        filas_de(s_->base.base(),
-                 "select cuen_cod, apnd_item, apnd_cuenta, apnd_ctaniif, terc_nit, apnd_recldb, "
-                 "apnd_reclcr, apnd_saldofin from apertura_niif_det where cuen_cod = '130505' "
-                 "order by apnd_item"),
-        QString("130505|1|130505||860002964|0|30|0\n130505|2||130505|860002964|30|0|30\n"
-                "130505|3|130505||900123456|0|50|0\n130505|4||130505|900123456|50|0|50"));
+    QCOMPARE(filas("select cuen_cod, apni_cuenniif, apni_saldoant from "
+                   "apertura_niif order by cuen_cod"),
+             "110505|110505|93\n130505|130505|80\n152405|152405|7\n310505|310505|-160");
+    // Cada saldo, al revés según su signo.
+    QCOMPARE(filas("select apnd_item, apnd_cuenta, apnd_ctaniif, terc_nit, apnd_saldoini, "
+                   "apnd_recldb, apnd_reclcr, apnd_saldofin from apertura_niif_det where cuen_cod "
+                   "in ('130505', '310505') order by cuen_cod, apnd_item"),
+             "1|130505||860002964|30|0|30|0\n2||130505|860002964|0|30|0|30\n"
+             "3|130505||900123456|50|0|50|0\n4||130505|900123456|0|50|0|50\n"
+             "1|310505|||-160|160|0|0\n2||310505||0|0|160|-160");
     // Lo que sale es lo que entra.
     QCOMPARE(s_->dato("select sum(apnd_recldb - apnd_reclcr + apnd_debito - apnd_credito) from "
                       "apertura_niif_det"),
-             QString("0"));
+             "0");
     QCOMPARE(p->Difdeb->text(), QString());
     QVERIFY(p->CAjusniif.Locate("CODIGO", {"110505"}));
-    QCOMPARE(p->CAjusniif.FieldByName("FINAL").texto(), QString("0"));
-    QCOMPARE(p->CAjusniif.FieldByName("NUEVO").texto(), QString("93"));
-    QCOMPARE(p->CAjusniif.FieldByName("CUENTANIIF").texto(), QString("110505"));
+    QCOMPARE(p->CAjusniif.FieldByName("FINAL").texto(), "0");
+    QCOMPARE(p->CAjusniif.FieldByName("NUEVO").texto(), "93");
+    QCOMPARE(p->CAjusniif.FieldByName("CUENTANIIF").texto(), "110505");
     i_->espere("Ya hay movimientos de apertura regstrados. Debe Borrarlos antes de poder traer los "
                "saldos.");
     oprima(Qt::Key_F7);
@@ -194,7 +152,6 @@ void PruebaApertura::traer_saldos_los_cruza_todos_y_no_se_repite() {
     oprima(Qt::Key_F6);
     m = qobject_cast<Tfmovbalapniif*>(escritorio()->activa());
     QCOMPARE(valores_de(m->CMovimiento, "APND_CREDITO"), QStringList("93"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::la_cuenta_sin_equivalente_no_detiene_a_las_demas() {
@@ -205,12 +162,11 @@ void PruebaApertura::la_cuenta_sin_equivalente_no_detiene_a_las_demas() {
                "equivalente, falta la línea que recibe el saldo de 1: 130505.");
     oprima(Qt::Key_F7);
     grabe_y_siga();
-    QCOMPARE(filas_de(s_->base.base(), "select cuen_cod, count(*) from apertura_niif_det group by "
-                                       "1 order by 1"),
-             QString("110505|2\n130505|2\n152405|2\n310505|2"));
+    QCOMPARE(filas("select cuen_cod, count(*) from apertura_niif_det group by "
+                   "1 order by 1"),
+             "110505|2\n130505|2\n152405|2\n310505|2");
     // Lo que falta por recibir es la diferencia que se muestra.
-    QCOMPARE(p->DifCred->text(), QString("80.00"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    QCOMPARE(p->DifCred->text(), "80.00");
 }
 
 void PruebaApertura::muchos_terceros_se_traen_y_se_graban() {
@@ -235,7 +191,6 @@ void PruebaApertura::muchos_terceros_se_traen_y_se_graban() {
              QStringLiteral("%1/%2.00/%2.00")
                  .arg(2 * (kTerceros + 2))
                  .arg(kTerceros * (kTerceros + 1) / 2 + 80));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::el_detalle_no_cierra_descuadrado_y_guarda_la_nota() {
@@ -255,49 +210,86 @@ void PruebaApertura::el_detalle_no_cierra_descuadrado_y_guarda_la_nota() {
     p->CAperniifdet.Next();
     p->DBGridEh2->setFocus();
     oprima(Qt::Key_F5);
-    QCOMPARE(p->CAperniifdet.FieldByName("APND_CREDITO").texto(), QString("10"));
-    QCOMPARE(p->CAperniifdet.FieldByName("APND_SALDOFIN").texto(), QString("83"));
+    QCOMPARE(p->CAperniifdet.FieldByName("APND_CREDITO").texto(), "10");
+    QCOMPARE(p->CAperniifdet.FieldByName("APND_SALDOFIN").texto(), "83");
     p->APNI_NOTA->setFocus();
     digite("Deterioro");
     oprima(Qt::Key_F2);
     QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Principal));
     grabe_y_siga();
     QCOMPARE(s_->dato("select apni_nota from apertura_niif where cuen_cod = '110505'"),
-             QString("Deterioro"));
-    QCOMPARE(s_->dato("select debito from balance_inicial_niif where cuenta = '110505'"),
-             QString("83"));
-    QCOMPARE(s_->dato("select sum(apnd_debito - apnd_credito) from apertura_niif_det"),
-             QString("0"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+             "Deterioro");
+    QCOMPARE(s_->dato("select debito from balance_inicial_niif where cuenta = '110505'"), "83");
+    QCOMPARE(s_->dato("select sum(apnd_debito - apnd_credito) from apertura_niif_det"), "0");
 }
 
 void PruebaApertura::una_linea_nueva_nace_con_el_saldo_y_suma_su_final() {
     Tfbalaperturaniif* p = abra();
     detalle(p, "110505"); // aún no está en la hoja
-    QCOMPARE(p->CSaldos.FieldByName("APNI_CUENNIIF").texto(), QString("110505"));
+    QCOMPARE(p->CSaldos.FieldByName("APNI_CUENNIIF").texto(), "110505");
     p->CAperniifdet.Append();
     const auto campo = [&](const char* c) { return p->CAperniifdet.FieldByName(c).texto(); };
-    QCOMPARE(campo("APND_ITEM"), QString("1"));
-    QCOMPARE(campo("APND_CUENTA"), QString("110505"));
-    QCOMPARE(campo("APND_SALDOINI"), QString("93"));
-    QCOMPARE(campo("APND_RECLCR"), QString("93"));
-    QCOMPARE(campo("APND_SALDOFIN"), QString("0"));
+    QCOMPARE(campo("APND_ITEM"), "1");
+    QCOMPARE(campo("APND_CUENTA"), "110505");
+    QCOMPARE(campo("APND_SALDOINI"), "93");
+    QCOMPARE(campo("APND_RECLCR"), "93");
+    QCOMPARE(campo("APND_SALDOFIN"), "0");
     p->CAperniifdet.FieldByName("APND_RECLCR") = 90;
-    QCOMPARE(campo("APND_SALDOFIN"), QString("3"));
+    QCOMPARE(campo("APND_SALDOFIN"), "3");
     p->CAperniifdet.FieldByName("TERC_NIT") = "52345678";
     i_->espere_comienzo("Tercero");
     p->CAperniifdet.FieldByName("TERC_NIT") = "1";
     QCOMPARE(campo("TERC_NIT"), QString());
+    // El "?" abre la lista de cada celda; salir sin escoger la deja vacía.
+    ListaFalsa<PideCuenta> cuentas("Tfcuentas"), niif("Tfcuentasniif");
+    ListaFalsa<PideTercero> terceros("Tfterceros");
+    ListaFalsa<PideCentro> centros("Tfcentros");
+    ListaFalsa<PideActivo> activos("Tfactivos");
+    const auto pregunte = [&](const char* celda, const QString& texto, auto& lista,
+                              const auto& respuesta) {
+        p->CAperniifdet.FieldByName(celda) = texto;
+        lista.cancele();
+        agote_eventos();
+        QVERIFY2(p->CAperniifdet.FieldByName(celda).vacio(), celda);
+        p->CAperniifdet.FieldByName(celda) = texto;
+        lista.conteste(respuesta);
+        agote_eventos();
+    };
+    pregunte("APND_CUENTA", "?1105", cuentas, "110505");
+    QCOMPARE(cuentas.pedida().texto_busqueda, "1105");
+    pregunte("APND_CTANIIF", "?", niif, "111005");
+    pregunte("TERC_NIT", "?", terceros, "900123456");
+    pregunte("CENT_COD", "?", centros, CentroEscogido{"0002", "0001"});
+    pregunte("ACTI_COD", "?EQ", activos, "EQ1"); // no es de inventarios: un activo
+    QCOMPARE(activos.pedida().activo_localizar, "EQ");
+    QCOMPARE(campo("APND_CUENTA") + campo("APND_CTANIIF") + campo("TERC_NIT") + campo("PROY_COD") +
+                 campo("CENT_COD") + campo("ACTI_COD"),
+             "11050511100590012345600020001EQ1");
+    p->CAperniifdet.FieldByName("APND_CTANIIF") = "";
     p->CAperniifdet.Post();
+    // Con las teclas: la cuenta se completa, el importe se calcula y lo pegado se deshace.
+    enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_CTANIIF"));
+    digite("1110");
+    oprima(Qt::Key_Down);
+    oprima(Qt::Key_Return);
+    QCOMPARE(campo("APND_CTANIIF"), QString("111005"));
+    enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_DEBITO"));
+    digite("100*0.19");
+    oprima(Qt::Key_Return);
+    QCOMPARE(campo("APND_DEBITO"), QString("19"));
+    QApplication::clipboard()->setText("Ajuste\nOtro\n");
+    enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_CONCEPTO"));
+    oprima(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(p->CAperniifdet.RecordCount(), 2);
+    oprima(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(p->CAperniifdet.RecordCount(), 1);
+    QCOMPARE(campo("APND_CONCEPTO") + campo("APND_CTANIIF"), QString("111005"));
+    QCOMPARE(p->DetDebito->text(), QString("19.00"));
     // Sin ninguna de las dos cuentas la línea no entra.
     p->CAperniifdet.Append();
     p->CAperniifdet.FieldByName("APND_CUENTA") = "";
     QVERIFY_EXCEPTION_THROWN(p->CAperniifdet.Post(), EdicionAbortada);
     QCOMPARE(p->CAperniifdet.RecordCount(), 1);
-    oprima(Qt::Key_Escape);
-    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
-    oprima(Qt::Key_Escape);
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::mirar_una_cuenta_que_no_esta_no_la_agrega() {
@@ -311,7 +303,6 @@ void PruebaApertura::mirar_una_cuenta_que_no_esta_no_la_agrega() {
     oprima(Qt::Key_Escape); // y salir sin que pregunte
     agote_eventos();
     QVERIFY(!escritorio()->abierta("Tfbalaperturaniif"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::los_saldos_iniciales_son_los_del_ano_anterior() {
@@ -328,11 +319,11 @@ void PruebaApertura::los_saldos_iniciales_son_los_del_ano_anterior() {
                                .arg(mes)
                                .arg(QLatin1String(inicio)));
     };
-    QCOMPARE(saldos(ano - 1, 13, "N"), QString("111005|40\n310505|-40"));
+    QCOMPARE(saldos(ano - 1, 13, "N"), "111005|40\n310505|-40");
     QCOMPARE(saldos(ano - 1, 12, "N"), QString());
     QCOMPARE(saldos(ano - 1, 13, "S"), QString());
     QCOMPARE(saldos(ano - 2, 13, "N"), QString());
-    QCOMPARE(saldos(ano, 0, "N"), QString("111005|40\n310505|-40"));
+    QCOMPARE(saldos(ano, 0, "N"), "111005|40\n310505|-40");
 }
 
 void PruebaApertura::borrar_la_hoja_pregunta_y_tambien_graba() {
@@ -340,15 +331,14 @@ void PruebaApertura::borrar_la_hoja_pregunta_y_tambien_graba() {
     grabe_y_siga();
     i_->espere(kBorrar, "No");
     oprima(Qt::Key_F3);
-    QCOMPARE(s_->dato("select count(*) from apertura_niif"), QString("4"));
+    QCOMPARE(s_->dato("select count(*) from apertura_niif"), "4");
     i_->espere(kBorrar, "Sí");
     i_->espere(kFaltan, "No");
     oprima(Qt::Key_F3);
-    QCOMPARE(s_->dato("select count(*) from apertura_niif_det"), QString("0"));
+    QCOMPARE(s_->dato("select count(*) from apertura_niif_det"), "0");
     QVERIFY(p->CSaldos.IsEmpty());
     i_->espere(kTraer, "No"); // y se puede volver a traer
     oprima(Qt::Key_F7);
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::salir_con_cambios_pregunta() {
@@ -360,99 +350,65 @@ void PruebaApertura::salir_con_cambios_pregunta() {
     oprima(Qt::Key_Escape);
     agote_eventos();
     QVERIFY(!escritorio()->abierta("Tfbalaperturaniif"));
-    QCOMPARE(s_->dato("select count(*) from apertura_niif"), QString("0"));
+    QCOMPARE(s_->dato("select count(*) from apertura_niif"), "0");
 }
 
 void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
     Tfbalaperturaniif* p = traiga();
     grabe_y_siga();
     detalle(p, "110505");
-    // El programa espera a que le digan; la primera hoja nace en blanco.
-    qputenv("QUORVEX_HOJA_CALCULO",
-            hoja_de_mentira("head -c 2 \"$1\" > \"$1.visto\"\n"
-                            "while [ ! -e \"$1.siga\" ]; do sleep 0.05; done\n"
-                            "printf 'PK editada' > \"$1\"\n")
-                .toLocal8Bit());
-    const QString ruta = s_->base.ruta() + "/Apniif110505.xlsx";
-    componente<QPushButton>(p, "AdvGlowButton7").click();
-    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Hoja));
+    i_->espere_comienzo("Se presento el siguiente error: No se encontró en este equipo un programa "
+                        "de hojas de cálculo.");
+    abra_hoja(p, {});
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
+    const QString ruta = s_->base.ruta() + "/Apniif110505.xlsx",
+                  candado = s_->base.ruta() + "/.~lock.Apniif110505.xlsx#";
+    const auto pagina = [p] { return Tfbalaperturaniif::Pagina(p->paginas->currentIndex()); };
+    const auto lea = [](const QString& de) {
+        QFile f(de);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    };
+    const auto aun_abierta = [&] {
+        i_->espere("Guarde la hoja y cierre el programa de hojas de cálculo antes de continuar.");
+        oprima(Qt::Key_F2);
+        QCOMPARE(pagina(), Tfbalaperturaniif::Hoja);
+    };
+    // Nace en blanco. El programa sigue abierto o se la pasó a otra ventana, que pone un candado.
+    abra_hoja(p, "head -c 2 \"$1\" > \"$1.visto\"\nwhile [ -e \"$1.visto\" ]; do sleep 0.05; done\n"
+                 "printf 'PK editada' > \"$1\"\n"
+                 "touch \"$(dirname \"$1\")/.~lock.$(basename \"$1\")#\"\n");
+    QCOMPARE(pagina(), Tfbalaperturaniif::Hoja);
     QCOMPARE(p->hoja.ruta(), ruta);
-    QTRY_VERIFY(QFile::exists(ruta + ".visto"));
-    i_->espere("Guarde la hoja y cierre el programa de hojas de cálculo antes de continuar.");
-    oprima(Qt::Key_F2);
-    QFile siga(ruta + ".siga");
-    QVERIFY(siga.open(QIODevice::WriteOnly));
-    siga.close();
+    QTRY_COMPARE(lea(ruta + ".visto"), QByteArray("PK"));
+    aun_abierta();
+    QFile::remove(ruta + ".visto");
+    QTRY_VERIFY(QFile::exists(candado));
+    aun_abierta();
+    QFile::remove(candado);
     QTRY_VERIFY(!p->hoja.en_uso());
     oprima(Qt::Key_F2);
-    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
+    QCOMPARE(pagina(), Tfbalaperturaniif::Detalle);
     QVERIFY(!QFile::exists(ruta));
-    QCOMPARE(p->CSaldos.FieldByName("APNI_ARCHIVO").valor().binario(), QByteArray("PK editada"));
-    // Con Esc no queda nada, aunque el programa la haya cambiado.
-    qputenv("QUORVEX_HOJA_CALCULO",
-            hoja_de_mentira("cp \"$1\" \"$1.visto\"\nprintf 'PK otra' > \"$1\"\n").toLocal8Bit());
-    componente<QPushButton>(p, "AdvGlowButton7").click();
+    // Lo guardado es lo que se abre. Con Esc no queda nada, aunque el programa la haya cambiado.
+    abra_hoja(p, "cp \"$1\" \"$1.visto\"\nprintf 'PK otra' > \"$1\"\n");
     QTRY_VERIFY(!p->hoja.en_uso());
-    QFile visto(ruta + ".visto");
-    QVERIFY(visto.open(QIODevice::ReadOnly));
-    QCOMPARE(visto.readAll(), QByteArray("PK editada")); // lo guardado es lo que se abre
+    QCOMPARE(lea(ruta + ".visto"), QByteArray("PK editada"));
     oprima(Qt::Key_Escape);
-    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
+    QCOMPARE(pagina(), Tfbalaperturaniif::Detalle);
     QVERIFY(!QFile::exists(ruta));
+    // Un archivo que dejó de ser un libro no se recoge.
+    abra_hoja(p, "printf texto > \"$1\"\n");
+    QTRY_VERIFY(!p->hoja.en_uso());
+    i_->espere_comienzo("Se presento el siguiente error: " + ruta +
+                        " no quedó como un libro xlsx.");
+    oprima(Qt::Key_F2);
+    oprima(Qt::Key_Escape);
     oprima(Qt::Key_F2);
     grabe_y_siga();
     QCOMPARE(s_->base.base()
                  .consulte("select apni_archivo from apertura_niif where cuen_cod = '110505'")
                  .binario(),
              QByteArray("PK editada"));
-    // Un archivo que dejó de ser un libro no se recoge.
-    detalle(p, "110505");
-    qputenv("QUORVEX_HOJA_CALCULO", hoja_de_mentira("printf texto > \"$1\"\n").toLocal8Bit());
-    componente<QPushButton>(p, "AdvGlowButton7").click();
-    QTRY_VERIFY(!p->hoja.en_uso());
-    i_->espere_comienzo("Se presento el siguiente error: " + ruta +
-                        " no quedó como un libro xlsx.");
-    oprima(Qt::Key_F2);
-    oprima(Qt::Key_Escape);
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-}
-
-void PruebaApertura::una_ventana_que_ya_estaba_abierta_tambien_espera() {
-    Tfbalaperturaniif* p = traiga();
-    detalle(p, "110505");
-    // El programa se la pasa a otra ventana y termina; el candado dice que sigue abierta.
-    qputenv("QUORVEX_HOJA_CALCULO",
-            hoja_de_mentira("printf 'PK a medias' > \"$1\"\n"
-                            "touch \"$(dirname \"$1\")/.~lock.$(basename \"$1\")#\"\n")
-                .toLocal8Bit());
-    componente<QPushButton>(p, "AdvGlowButton7").click();
-    const QString candado = s_->base.ruta() + "/.~lock.Apniif110505.xlsx#";
-    QTRY_VERIFY(QFile::exists(candado));
-    i_->espere("Guarde la hoja y cierre el programa de hojas de cálculo antes de continuar.");
-    oprima(Qt::Key_F2);
-    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Hoja));
-    QFile::remove(candado);
-    QTRY_VERIFY(!p->hoja.en_uso());
-    oprima(Qt::Key_F2);
-    QCOMPARE(p->CSaldos.FieldByName("APNI_ARCHIVO").valor().binario(), QByteArray("PK a medias"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-    oprima(Qt::Key_Escape);
-    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
-    oprima(Qt::Key_Escape);
-}
-
-void PruebaApertura::sin_programa_de_hojas_se_dice() {
-    Tfbalaperturaniif* p = traiga();
-    detalle(p, "110505");
-    qputenv("QUORVEX_HOJA_CALCULO", "/no/esta");
-    i_->espere_comienzo("Se presento el siguiente error: No se encontró en este equipo un programa "
-                        "de hojas de cálculo.");
-    componente<QPushButton>(p, "AdvGlowButton7").click();
-    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-    oprima(Qt::Key_Escape);
-    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
-    oprima(Qt::Key_Escape);
 }
 
 void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
@@ -460,6 +416,9 @@ void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
     i_->espere("Grabe antes la hoja con F2: los saldos iniciales salen de lo grabado.");
     oprima(Qt::Key_F12);
     grabe_y_siga();
+    QCOMPARE(filas("select importe_con_miles(-0.5), importe_con_miles(999.99), "
+                   "importe_con_miles(-1234567.8) from rdb$database"),
+             "-0.50|999.99|-1,234,567.80");
     // Sin la utilidad del año, las clases 1 a 3 no cuadran.
     i_->espere("El balance de apertura está descuadrado: débitos 180.00, créditos 160.00.");
     oprima(Qt::Key_F12);
@@ -473,16 +432,15 @@ void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
         "hoja: débitos 180.00, créditos 180.00. Desea continuar?";
     i_->espere(pregunta, "No");
     oprima(Qt::Key_F12);
-    QCOMPARE(s_->dato("select count(*) from saldos_iniciales_niif"), QString("1"));
+    QCOMPARE(s_->dato("select count(*) from saldos_iniciales_niif"), "1");
     i_->espere(pregunta, "Sí");
     i_->espere("Los saldos iniciales NIIF son ahora los del balance de apertura.");
     oprima(Qt::Key_F12);
-    QCOMPARE(filas_de(s_->base.base(), "select cuen_cod, terc_nit, sain_debito, sain_credito from "
-                                       "saldos_iniciales_niif order by sain_item"),
-             QString("110505||93|0\n130505|860002964|30|0\n130505|900123456|50|0\n152405||7|0\n"
-                     "310505||0|160\n360505||0|20"));
+    QCOMPARE(filas("select cuen_cod, terc_nit, sain_debito, sain_credito from "
+                   "saldos_iniciales_niif order by sain_item"),
+             "110505||93|0\n130505|860002964|30|0\n130505|900123456|50|0\n152405||7|0\n"
+             "310505||0|160\n360505||0|20");
     QCOMPARE(saldos_distintos(s_->base.base()), QString());
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
@@ -505,8 +463,8 @@ void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
     const QString entran =
         "select coalesce(acti_cod, '-') || ' ' || apnd_recldb from apertura_niif_det where "
         "apnd_ctaniif = '%1' order by apnd_item";
-    QCOMPARE(filas_de(s_->base.base(), entran.arg("152405")), QString("- 7.00\nA1 4.00\nA2 3.00"));
-    QCOMPARE(filas_de(s_->base.base(), entran.arg("110505")), QString("- 94.00")); // no lo pide
+    QCOMPARE(filas(entran.arg("152405")), "- 7.00\nA1 4.00\nA2 3.00");
+    QCOMPARE(filas(entran.arg("110505")), "- 94.00"); // no lo pide
     i_->espere("Faltan el tercero, el centro o el artículo de 1 saldos; el primero, de la cuenta "
                "152405.");
     oprima(Qt::Key_F12);
@@ -518,31 +476,35 @@ void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
     i_->espere("Código no encontrado");
     p->CAperniifdet.FieldByName("ACTI_COD") = "A9";
     QVERIFY(p->CAperniifdet.FieldByName("ACTI_COD").vacio());
-    p->CAperniifdet.FieldByName("ACTI_COD") = "A1";
-    QCOMPARE(p->CAperniifdet.FieldByName("ACTI_COD").texto(), QString("A1"));
+    ListaFalsa<PideArticulo> articulos("Tfarticulos");
+    p->CAperniifdet.FieldByName("ACTI_COD") = "?A";
+    QVERIFY(p->CAperniifdet.FieldByName("ACTI_COD").vacio());
+    QCOMPARE(articulos.pedida().articulo_localizar, "A");
+    articulos.conteste("A1");
+    agote_eventos();
+    QCOMPARE(p->CAperniifdet.FieldByName("ACTI_COD").texto(), "A1");
     oprima(Qt::Key_F2);
     grabe_y_siga();
+    // Lo que ya no existe se dice por su nombre, y no se lleva nada.
+    for (const auto& [cambio, aviso] :
+         {std::pair{"acti_cod = 'A7'", "El artículo A7 de la cuenta 152405 no existe."},
+          {"terc_nit = '77'", "El tercero 77 de la cuenta 152405 no existe."},
+          {"proy_cod = '77', cent_cod = '1'", "El centro 77-1 de la cuenta 152405 no existe."}}) {
+        const QString donde = " where cuen_cod = '152405' and apnd_recldb = 4";
+        s_->base.ejecute({"update apertura_niif_det set " + QString(cambio) + donde});
+        i_->espere(QString(aviso) + " Escoja uno registrado.");
+        oprima(Qt::Key_F12);
+        s_->base.ejecute({"update apertura_niif_det set acti_cod = 'A1', terc_nit = null, "
+                          "proy_cod = null, cent_cod = null" +
+                          donde});
+    }
     i_->espere_comienzo("Se reemplazarán los 0 saldos iniciales NIIF", "Sí");
     i_->espere("Los saldos iniciales NIIF son ahora los del balance de apertura.");
     oprima(Qt::Key_F12);
-    QCOMPARE(filas_de(s_->base.base(), "select arti_cod, sain_debito from saldos_iniciales_niif "
-                                       "where cuen_cod = '152405' order by arti_cod"),
-             QString("A1|11\nA2|3"));
+    QCOMPARE(filas("select arti_cod, sain_debito from saldos_iniciales_niif "
+                   "where cuen_cod = '152405' order by arti_cod"),
+             "A1|11\nA2|3");
     QCOMPARE(saldos_distintos(s_->base.base()), QString());
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-}
-
-void PruebaApertura::los_importes_de_un_aviso_llevan_miles() {
-    const auto con_miles = [&](const char* importe) {
-        return s_->dato(QStringLiteral("select importe_con_miles(%1) from rdb$database")
-                            .arg(QLatin1String(importe)));
-    };
-    QCOMPARE(con_miles("0"), QString("0.00"));
-    QCOMPARE(con_miles("-0.5"), QString("-0.50"));
-    QCOMPARE(con_miles("999.99"), QString("999.99"));
-    QCOMPARE(con_miles("1000"), QString("1,000.00"));
-    QCOMPARE(con_miles("-1234567.8"), QString("-1,234,567.80"));
-    QCOMPARE(con_miles("9999999999999999.99"), QString("9,999,999,999,999,999.99"));
 }
 
 void PruebaApertura::dos_usuarios_en_la_misma_cuenta_no_se_pisan() {
@@ -557,20 +519,16 @@ void PruebaApertura::dos_usuarios_en_la_misma_cuenta_no_se_pisan() {
     i_->espere_comienzo("");
     oprima(Qt::Key_F2);
     QCOMPARE(s_->dato("select apni_nota from apertura_niif where cuen_cod = '110505'"),
-             QString("la del otro"));
+             "la del otro");
     QVERIFY(p->CSaldos.ChangeCount() > 0); // lo suyo sigue en la pantalla
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
-    oprima(Qt::Key_Escape);
 }
 
 void PruebaApertura::sin_la_opcion_no_se_entra() {
     s_->dm.administrador = false;
     s_->dm.usuario = "AUXILIAR";
     s_->niegue(80);
-    i_->espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+    i_->espere(kAccesoNegado);
     QVERIFY(!abra());
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
@@ -586,10 +544,10 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     oprima(Qt::Key_F6);
     QVERIFY(p->CConcilia.Locate("CUENTA", {"110505"}));
     const auto campo = [&](const char* c) { return p->CConcilia.FieldByName(c).texto(); };
-    QCOMPARE(campo("SALDO"), QString("1132"));
-    QCOMPARE(campo("SALDONIIF"), QString("35"));
-    QCOMPARE(campo("DIFERENCIA"), QString("1097"));
-    QCOMPARE(campo("PORCENTAJE"), QString("96.91"));
+    QCOMPARE(campo("SALDO"), "1132");
+    QCOMPARE(campo("SALDONIIF"), "35");
+    QCOMPARE(campo("DIFERENCIA"), "1097");
+    QCOMPARE(campo("PORCENTAJE"), "96.91");
     // Las de nivel 1 suman lo que las subcuentas.
     Moneda niveles[6];
     for (p->CConcilia.First(); !p->CConcilia.Eof(); p->CConcilia.Next())
@@ -601,7 +559,7 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     auto* c = qobject_cast<Tfconciliacta*>(escritorio()->activa());
     QVERIFY(c);
     QCOMPARE(valores_de(c->CDetalle, "DIF"), QStringList({"93", "999", "5"}));
-    QCOMPARE(valores_de(c->CDetalle, "CONCEPTO").value(0), QString("Saldo al comenzar el año"));
+    QCOMPARE(valores_de(c->CDetalle, "CONCEPTO").value(0), "Saldo al comenzar el año");
     // Con otro mes, lo que explica la diferencia de ese mes.
     for (const auto& [mes, dif] :
          {std::pair{0, QStringList{"93"}}, {1, QStringList{"93", "999"}}}) {
@@ -620,39 +578,28 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     QCOMPARE(abierto, QString());
     c->CDetalle.Last();
     oprima(Qt::Key_F4);
-    QCOMPARE(abierto, QString("4"));
-    oprima(Qt::Key_Escape);
+    QCOMPARE(abierto, "4");
     escritorio()->abierta("Tfedtmovimien")->close();
     agote_eventos();
     c->CDetalle.Last();
     i_->espere("Desea borrar definitivamente el comprobante CG 0001 000004?", "Sí");
     oprima(Qt::Key_F3);
-    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado where enco_consec = 4"),
-             QString("0"));
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
-}
-
-void PruebaApertura::un_saldo_de_un_centavo_no_tumba_la_conciliacion() {
+    QCOMPARE(s_->dato("select count(*) from comprobante_encabezado where enco_consec = 4"), "0");
+    // Un saldo de un centavo no la tumba, y al calcularla otra vez las cifras caben.
+    c->close();
+    agote_eventos();
+    const int columna = p->DBGridEh1->columna_de("SALDONIIF"),
+              antes = p->DBGridEh1->columnWidth(columna);
     s_->base.ejecute({"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values "
                       "(1, '220505', 0.01)",
                       "insert into saldos_iniciales_niif (sain_item, cuen_cod, sain_debito) "
                       "values (1, '220505', 9999999999999.99)"});
-    QCOMPARE(filas_de(s_->base.base(), "select cuenta, saldo, diferencia, porcentaje from "
-                                       "conciliacion_patrimonial('2018', 13, 9) where cuenta = "
-                                       "'220505'"),
-             QString("220505|0.01|-9999999999999.98|"));
-}
-
-void PruebaApertura::al_calcular_otra_vez_las_cifras_caben() {
-    auto* p = s_->abra<Tfconciliapat>("Tfconciliapat", AbreConciliacion{"2018", false});
-    QVERIFY(p);
-    const int columna = p->DBGridEh1->columna_de("SALDONIIF");
-    const int antes = p->DBGridEh1->columnWidth(columna);
-    s_->base.ejecute({"insert into saldos_iniciales_niif (sain_item, cuen_cod, sain_debito) "
-                      "values (1, '110505', 9876543210123.45)"});
     oprima(Qt::Key_F2);
     agote_eventos();
     QVERIFY(p->DBGridEh1->columnWidth(columna) > antes);
+    QVERIFY(p->CConcilia.Locate("CUENTA", {"220505"}));
+    QCOMPARE(campo("SALDO") + ' ' + campo("DIFERENCIA") + ' ' + campo("PORCENTAJE"),
+             "0.01 -9999999999999.98 ");
 }
 
 QTEST_MAIN(PruebaApertura)

@@ -4,6 +4,7 @@
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
 #include "apoyo/muerte.h"
+#include "assets/activo_de_prueba.h"
 #include "ledger/libro_al_azar.h"
 
 #include <QRegularExpression>
@@ -29,9 +30,6 @@ QString por_referencia(const char* que) {
 }
 
 QVector<Proceso> procesos() {
-    const QString depreciacion = "insert into depreciacion (depr_id, depr_fecha, tico_cod,"
-                                 " prco_pref, depr_conc, depr_niif) values (0, '20180131', 'CG',"
-                                 " '0001', 'Proceso', %1)";
     const QString borre = por_referencia("execute block as declare c integer; begin select"
                                          " enco_consec %1 into :c; execute procedure"
                                          " borre_comprobante(c, 'ADMIN'); end");
@@ -54,13 +52,16 @@ QVector<Proceso> procesos() {
          tabla("ajustes_inflacion"),
          "delete from ajustes_inflacion"},
         {"depreciación",
-         {depreciacion.arg("'A'"), "insert into depreciacion_unidades values (0, 1, 'A01', 7)"},
+         {orden_depreciacion("20180131", "A"),
+          "insert into depreciacion_unidades values (0, 1, 'A01', 7)"},
          tabla("depreciacion"),
          "delete from depreciacion"},
-        {"baja", {depreciacion.arg("null")}, tabla("depreciacion"), "delete from depreciacion"},
+        {"baja",
+         {orden_depreciacion("20180131", "")},
+         tabla("depreciacion"),
+         "delete from depreciacion"},
         {"deterioro",
-         {"insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_difer, tico_cod, prco_pref)"
-          " values ('A02', '20180131', -3.33, 'CG', '0001')"},
+         {orden_valor("A02", "20180131", "-3.33")},
          tabla("activos_fijos_valor"),
          "delete from activos_fijos_valor"},
         {"registro automático",
@@ -126,30 +127,17 @@ QString foto(Conexion& base) {
 }
 
 void siembre_activos(Conexion& c) {
-    for (const char* plan : {"cuentas", "cuentas_niif"}) {
-        for (const char* cuenta : {"3610", "361005", "42", "4210", "421020", "53", "5305", "530525",
-                                   "5310", "531015", "159220"})
-            c.ejecute(QString("update or insert into %1 (cuen_cod, cuen_nom) values (%2, %2)"
-                              " matching (cuen_cod)")
-                          .arg(plan, QuotedStr(cuenta)));
+    agregue_al_plan(c, {"3610", "361005", "42", "4210", "421020", "53", "5305", "530525", "5310",
+                        "531015", "159220"});
+    for (const char* plan : {"cuentas", "cuentas_niif"})
         c.ejecute(QString("update %1 set cuen_centro = 'N', cuen_tercero = 'N' where cuen_cod in"
                           " ('152405', '159215', '530525')")
                       .arg(plan));
-    }
     for (int i = 1; i <= 40; ++i) {
-        c.ejecute(
-            QString("insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing, acfj_mesdep,"
-                    " acfj_depniif, acfj_dep, acfj_activo, acfj_rescate, acfj_unidades,"
-                    " acfj_ctaconta, acfj_ctadepd, acfj_ctadepc, acfj_ctaniif, acfj_ctaniifd,"
-                    " acfj_ctaniifc, acfj_ctadeterd, acfj_ctadeterc, acfj_vrorig) values ('A%1',"
-                    " 'Equipo', '2018-01-10', 60, 48, 'S', '%2', 0, '%3', '152405', '519530',"
-                    " '159215', '152405', '519530', '159215', '530525', '159220', %4)")
-                .arg(i, 2, 10, QChar('0'))
-                .arg(i % 4 ? 'S' : 'N')
-                .arg(i == 1 ? 'S' : 'N')
-                .arg(1000 * i));
-        c.ejecute(QString("insert into activos_centros values ('A%1', 1, '0001', '0001', 100)")
-                      .arg(i, 2, 10, QChar('0')));
+        const QString codigo = QString("A%1").arg(i, 2, 10, QChar('0'));
+        registre(c, {codigo, QString::number(1000 * i), 60, 48, i == 1 ? "S" : "N", "0", "null",
+                     "2018-01-10", i % 4 ? "S" : "N"});
+        c.ejecute("insert into activos_centros values (?, 1, '0001', '0001', 100)", {codigo});
     }
 }
 

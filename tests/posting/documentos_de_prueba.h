@@ -226,3 +226,21 @@ inline void configure(Conexion& c, const char* propiedad, const QString& valor) 
 }
 
 inline const char* const kPorInterfaz = "GENERAR COMPROBANTES DE NIIF POR INTERFAZ O EQUIVALENCIAS";
+
+/// Una venta a crédito que cuadra: 100.000 y su IVA.
+inline DocumentoPrueba
+venta_de_prueba(const QString& numero = QStringLiteral("000001"),
+                const QString& lineas = QStringLiteral("VENTA 100000; IVA 19000; CLIENTE 119000")) {
+    DocumentoPrueba d{31, lineas, numero};
+    d.nit = QStringLiteral("900123456");
+    d.centro = QStringLiteral("0002-0001");
+    return d;
+}
+inline const char* const kReglasVenta = "CLIENTE 130505 D tn; VENTA 413505 C c; IVA 240805 C";
+
+inline InterfazPrueba interfaz_de_prueba(const QString& reglas, int id = 1,
+                                         const QString& confirmar = QStringLiteral("N")) {
+    InterfazPrueba i{id, reglas};
+    i.confirmar = confirmar;
+    return i;
+}

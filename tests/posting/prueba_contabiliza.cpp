@@ -18,6 +18,7 @@ class PruebaContabiliza : public QObject {
 private slots:
     void init() {
         s_.emplace();
+        i_.emplace();
         m_.emplace();
         registre_pantallas_comprobantes();
         agregue_cuentas(base(), "110515; 413506 C; 236540 TR");
@@ -28,6 +29,7 @@ private slots:
         id_ = registre(base(), venta_de_prueba());
     }
     void cleanup() {
+        i_.reset();
         m_.reset();
         s_.reset();
     }
@@ -51,14 +53,15 @@ private:
         s_->dm.cargue_configuracion();
     }
     Conexion& base() { return s_->base.base(); }
-    int proponga() { return m_->fact.contabilice_factura(id_, 1, kFecha).cntb_id; }
+    /// Deja la propuesta por revisar, salvo que la prueba diga después otra cosa.
+    int proponga() {
+        const int propuesta = m_->fact.contabilice_factura(id_, 1, kFecha).cntb_id;
+        s_->dm.confirmar_contabilizacion = true;
+        return propuesta;
+    }
     /// Abre la revisión y corre `atienda` con ella; devuelve si quedó guardada.
-    bool revise(std::function<void(Tfcontabiliza&)> atienda, Interlocutor& i) {
-        i.espere_modal("Tfcontabiliza", [atienda](QWidget* w) {
-            con_foco();
-            agote_eventos();
-            atienda(*w->findChild<Tfcontabiliza*>("Tfcontabiliza"));
-        });
+    bool revise(std::function<void(Tfcontabiliza&)> atienda) {
+        espere_pantalla(*i_, "Tfcontabiliza", atienda);
         return revise_contabilizacion(31, id_);
     }
 
@@ -72,6 +75,10 @@ private:
         oprima(Qt::Key_Down);
         r.SelectedIndex(0);
     }
+    /// De la línea en que se está.
+    static QString celda(Tfcontabiliza& p, const char* campo) {
+        return p.CContadetalle.FieldByName(campo).texto();
+    }
     /// Sale de la revisión sin grabar.
     static void cierre(Tfcontabiliza& p) {
         p.CContabiliza.CancelUpdates();
@@ -83,6 +90,7 @@ private:
 
     std::optional<SesionGui> s_;
     std::optional<ModulosDePrueba> m_;
+    std::optional<Interlocutor> i_;
     int id_ = 0;
 };
 
@@ -92,9 +100,8 @@ void PruebaContabiliza::se_guarda_sola_cuando_nadie_debe_confirmarla() {
     QCOMPARE(comprobantes(), "1");
     proponga();
     s_->dm.confirmar_contabilizacion = false;
-    Interlocutor i;
     const auto espere = [](Tfcontabiliza& p) { QTRY_VERIFY(!p.isVisible()); };
-    QVERIFY(revise(espere, i));    // nadie toca nada: se cierra sola
+    QVERIFY(revise(espere));       // nadie toca nada: se cierra sola
     QCOMPARE(comprobantes(), "0"); // el anterior se fue con sus dos libros
     QCOMPARE(s_->dato("select count(*) from comprobante_detalle_niif"), "0");
     QCOMPARE(s_->dato("select count(*) from contabilizacion_det"), "6");
@@ -105,17 +112,16 @@ void PruebaContabiliza::la_descuadrada_se_queda_hasta_que_cuadre() {
     // El 2649 cuadra y el NIIF no: se dice en la página que toca.
     base().ejecute("update contabilizacion_det set cnde_creditos = 18000 where cnde_item = 100003");
     s_->dm.confirmar_contabilizacion = false;
-    Interlocutor i;
-    i.espere_modal("Tfcontabiliza", [&](QWidget* w) {
+    i_->espere_modal("Tfcontabiliza", [&](QWidget* w) {
         auto& p = *w->findChild<Tfcontabiliza*>("Tfcontabiliza");
-        i.espere("No puede grabar un comprobante descuadrado");
-        QTRY_COMPARE(i.vistos().size(), 2);
+        i_->espere("No puede grabar un comprobante descuadrado");
+        QTRY_COMPARE(i_->vistos().size(), 2);
         QCOMPARE(p.PageControl1->currentIndex(), 1);
         agote_eventos(); // no vuelve a intentarlo sola
         agregue_linea(p);
         digite_celdas({"240805"});
         oprima(Qt::Key_F5);
-        QCOMPARE(p.CContadetalle.FieldByName("CNDE_CREDITOS").texto(), "1000");
+        QCOMPARE(celda(p, "CNDE_CREDITOS"), "1000");
         oprima(Qt::Key_F2);
     });
     QVERIFY(revise_contabilizacion(31, id_));
@@ -125,41 +131,37 @@ void PruebaContabiliza::la_descuadrada_se_queda_hasta_que_cuadre() {
              "119000");
     configure("PERMITIR COMPROBANTES DESCUADRADOS", "SI");
     base().ejecute("update contabilizacion_det set cnde_debitos = 1 where cnde_item = 1");
-    QVERIFY(revise([](Tfcontabiliza& p) { QTRY_VERIFY(!p.isVisible()); }, i));
+    QVERIFY(revise([](Tfcontabiliza& p) { QTRY_VERIFY(!p.isVisible()); }));
 }
 
 void PruebaContabiliza::cada_linea_pide_lo_que_su_cuenta_exige() {
     const int propuesta = proponga();
-    s_->dm.confirmar_contabilizacion = true;
-    Interlocutor i;
-    QVERIFY(revise(
-        [&](Tfcontabiliza& p) {
-            const auto rehusa = [&](const QStringList& celdas, const QString& mensaje,
-                                    int tecla = Qt::Key_F2) {
-                agregue_linea(p);
-                digite_celdas(celdas);
-                i.espere(mensaje);
-                oprima(tecla);
-                agote_eventos();
-                QVERIFY(p.CContadetalle.editando());
-                oprima(Qt::Key_Escape);
-            };
-            rehusa({"", "", "", "", "", "", "", "", "", "500"},
-                   "Debe indicar una cuenta para el movimiento.", Qt::Key_Up);
-            rehusa({"130505", "", "", "", "", "", "", "", "", "500"},
-                   "Debe indicar un NIT para el movimiento.");
-            rehusa({"236540", "900123456", "", "", "", "", "", "", "", "500"},
-                   "Debe indicar una base para el movimiento.");
-            rehusa({"236540", "900123456", "", "", "", "", "", "1000"},
-                   "Debe indicar un porcentaje para el movimiento.");
-            rehusa({"413506", "", "", "", "", "", "", "", "", "500"},
-                   "Debe indicar un Proyecto-Centro para el movimiento.");
-            rehusa({"110515"}, "Debe indicar un valor débito o crédito para la cuenta 110515 o "
-                               "eliminar el registro completo.");
-            agregue_linea(p); // en blanco se quita sola
-            oprima(Qt::Key_F2);
-        },
-        i));
+    QVERIFY(revise([&](Tfcontabiliza& p) {
+        const auto rehusa = [&](const QStringList& celdas, const QString& mensaje,
+                                int tecla = Qt::Key_F2) {
+            agregue_linea(p);
+            digite_celdas(celdas);
+            i_->espere(mensaje);
+            oprima(tecla);
+            agote_eventos();
+            QVERIFY(p.CContadetalle.editando());
+            oprima(Qt::Key_Escape);
+        };
+        rehusa({"", "", "", "", "", "", "", "", "", "500"},
+               "Debe indicar una cuenta para el movimiento.", Qt::Key_Up);
+        rehusa({"130505", "", "", "", "", "", "", "", "", "500"},
+               "Debe indicar un NIT para el movimiento.");
+        rehusa({"236540", "900123456", "", "", "", "", "", "", "", "500"},
+               "Debe indicar una base para el movimiento.");
+        rehusa({"236540", "900123456", "", "", "", "", "", "1000"},
+               "Debe indicar un porcentaje para el movimiento.");
+        rehusa({"413506", "", "", "", "", "", "", "", "", "500"},
+               "Debe indicar un Proyecto-Centro para el movimiento.");
+        rehusa({"110515"}, "Debe indicar un valor débito o crédito para la cuenta 110515 o "
+                           "eliminar el registro completo.");
+        agregue_linea(p); // en blanco se quita sola
+        oprima(Qt::Key_F2);
+    }));
     QCOMPARE(s_->dato("select count(*) from contabilizacion_det where cntb_id = " +
                       QString::number(propuesta)),
              "6");
@@ -167,43 +169,36 @@ void PruebaContabiliza::cada_linea_pide_lo_que_su_cuenta_exige() {
 
 void PruebaContabiliza::las_lineas_nuevas_siguen_la_numeracion_de_su_libro() {
     proponga();
-    s_->dm.confirmar_contabilizacion = true;
     // El 100000 se ve en la página NIIF, se valida con su plan y no cuenta para numerar.
     base().ejecute("delete from contabilizacion_det where cnde_item > 100001");
     base().ejecute("update contabilizacion_det set cnde_item = 100000 where cnde_item = 100001");
-    Interlocutor i;
-    (void)revise(
-        [&](Tfcontabiliza& p) {
-            QCOMPARE(p.ultimo_item_2649(), 3);
-            QCOMPARE(p.ultimo_item_niif(), 100001);
-            QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList({"1", "2", "3"}));
-            agregue_linea(p);
-            QCOMPARE(p.CContadetalle.FieldByName("CNDE_ITEM").texto(), "4");
-            oprima(Qt::Key_Escape);
-            oprima(Qt::Key_PageDown, Qt::ControlModifier);
-            QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList("100000"));
-            agregue_linea(p);
-            QCOMPARE(p.CContadetalle.FieldByName("CNDE_ITEM").texto(), "100002");
-            oprima(Qt::Key_Escape);
-            cierre(p);
-        },
-        i);
+    (void)revise([&](Tfcontabiliza& p) {
+        QCOMPARE(p.ultimo_item_2649(), 3);
+        QCOMPARE(p.ultimo_item_niif(), 100001);
+        QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList({"1", "2", "3"}));
+        agregue_linea(p);
+        QCOMPARE(celda(p, "CNDE_ITEM"), "4");
+        oprima(Qt::Key_Escape);
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList("100000"));
+        agregue_linea(p);
+        QCOMPARE(celda(p, "CNDE_ITEM"), "100002");
+        oprima(Qt::Key_Escape);
+        cierre(p);
+    });
     base().ejecute("delete from contabilizacion_det");
-    QVERIFY(revise(
-        [&](Tfcontabiliza& p) {
-            QCOMPARE(p.ultimo_item_2649(), 1);
-            p.lineas_2649->rejilla->setFocus();
-            oprima(Qt::Key_Insert);
-            QCOMPARE(p.CContadetalle.FieldByName("CNDE_ITEM").texto(), "2");
-            oprima(Qt::Key_Escape);
-            oprima(Qt::Key_F2); // sin líneas no hay nada que cuadrar
-        },
-        i));
+    QVERIFY(revise([&](Tfcontabiliza& p) {
+        QCOMPARE(p.ultimo_item_2649(), 1);
+        p.lineas_2649->rejilla->setFocus();
+        oprima(Qt::Key_Insert);
+        QCOMPARE(celda(p, "CNDE_ITEM"), "2");
+        oprima(Qt::Key_Escape);
+        oprima(Qt::Key_F2); // sin líneas no hay nada que cuadrar
+    }));
 }
 
 void PruebaContabiliza::la_retencion_sale_de_la_base_y_de_la_tarifa_del_2649() {
     proponga();
-    s_->dm.confirmar_contabilizacion = true;
     base().ejecute("update cuentas set cuen_basemin = 1000, cuen_porc = 2.5 where cuen_cod ="
                    " '236540'");
     base().ejecute("update cuentas_niif set cuen_basemin = 1, cuen_porc = 9 where cuen_cod ="
@@ -217,132 +212,105 @@ void PruebaContabiliza::la_retencion_sale_de_la_base_y_de_la_tarifa_del_2649() {
         {"-4000", "2.5", "2.5", "0", "100"}, // al crédito
         {"10", "0.45", "0.45", "0.04", "0"}, // 0.0450, la mitad al par
     };
-    Interlocutor i;
-    (void)revise(
-        [&](Tfcontabiliza& p) {
-            for (int pagina : {0, 1}) {
-                if (pagina == 1)
-                    oprima(Qt::Key_PageDown, Qt::ControlModifier);
-                for (const auto& c : casos) {
-                    agregue_linea(p);
-                    digite_celdas(
-                        {"236540", "900123456", "", "", "", "", "", c.base, c.porcentaje});
-                    const auto celda = [&](const char* campo) {
-                        return p.CContadetalle.FieldByName(campo).texto();
-                    };
-                    QCOMPARE(celda("CNDE_PORC"), c.dice);
-                    QCOMPARE(celda("CNDE_DEBITOS"), c.debito);
-                    QCOMPARE(celda("CNDE_CREDITOS"), c.credito);
-                    oprima(Qt::Key_Escape);
-                }
+    (void)revise([&](Tfcontabiliza& p) {
+        for (int pagina : {0, 1}) {
+            if (pagina == 1)
+                oprima(Qt::Key_PageDown, Qt::ControlModifier);
+            for (const auto& c : casos) {
+                agregue_linea(p);
+                digite_celdas({"236540", "900123456", "", "", "", "", "", c.base, c.porcentaje});
+                QCOMPARE(celda(p, "CNDE_PORC"), c.dice);
+                QCOMPARE(celda(p, "CNDE_DEBITOS"), c.debito);
+                QCOMPARE(celda(p, "CNDE_CREDITOS"), c.credito);
+                oprima(Qt::Key_Escape);
             }
-            cierre(p);
-        },
-        i);
+        }
+        cierre(p);
+    });
 }
 
 void PruebaContabiliza::la_comilla_repite_y_al_dejar_la_celda_se_completa() {
     proponga();
-    s_->dm.confirmar_contabilizacion = true;
     base().ejecute("update contabilizacion set cntb_ref = 'REFERENCIA LARGA', cntb_concepto = 'Del "
                    "encabezado'");
-    Interlocutor i;
-    (void)revise(
-        [&](Tfcontabiliza& p) {
-            const auto celda = [&](const char* campo) {
-                return p.CContadetalle.FieldByName(campo).texto();
-            };
-            agregue_linea(p);
-            digite_celdas({"110515", "860002964", "", "", "Propio", "R-7", "", "", "", "10"});
-            agregue_linea(p);
-            digite_celdas({"110515", "\"", "", "", "\"", "\"", ""});
-            QCOMPARE(celda("CNDE_TERC"), "860002964");
-            QCOMPARE(celda("CNDE_CONC"), "Propio");
-            QCOMPARE(celda("CNDE_REF"), "R-7");
-            QCOMPARE(p.lineas_2649->NomTerc->text(), "Banco de Bogotá");
-            digite_celdas({"", "", "20"});
-            // Vacíos: el NIT solo si la cuenta lo exige; el concepto y la referencia, del
-            // encabezado.
-            agregue_linea(p);
-            digite_celdas({"110515", "", "", "", "", "", ""});
-            QCOMPARE(celda("CNDE_TERC"), "");
-            QCOMPARE(celda("CNDE_CONC"), "Del encabezado");
-            QCOMPARE(celda("CNDE_REF"), "REFERENC"); // la séptima columna es la categoría
-            oprima(Qt::Key_Escape);
-            agregue_linea(p);
-            digite_celdas({"130505", ""});
-            QCOMPARE(celda("CNDE_TERC"), "860002964");
-            oprima(Qt::Key_Escape);
-            cierre(p);
-        },
-        i);
+    (void)revise([&](Tfcontabiliza& p) {
+        agregue_linea(p);
+        digite_celdas({"110515", "860002964", "", "", "Propio", "R-7", "", "", "", "10"});
+        agregue_linea(p);
+        digite_celdas({"110515", "\"", "", "", "\"", "\"", ""});
+        QCOMPARE(celda(p, "CNDE_TERC"), "860002964");
+        QCOMPARE(celda(p, "CNDE_CONC"), "Propio");
+        QCOMPARE(celda(p, "CNDE_REF"), "R-7");
+        QCOMPARE(p.lineas_2649->NomTerc->text(), "Banco de Bogotá");
+        digite_celdas({"", "", "20"});
+        // Vacíos: el NIT solo si la cuenta lo exige; el concepto y la referencia, del
+        // encabezado.
+        agregue_linea(p);
+        digite_celdas({"110515", "", "", "", "", "", ""});
+        QCOMPARE(celda(p, "CNDE_TERC"), "");
+        QCOMPARE(celda(p, "CNDE_CONC"), "Del encabezado");
+        QCOMPARE(celda(p, "CNDE_REF"), "REFERENC"); // la séptima columna es la categoría
+        oprima(Qt::Key_Escape);
+        agregue_linea(p);
+        digite_celdas({"130505", ""});
+        QCOMPARE(celda(p, "CNDE_TERC"), "860002964");
+        oprima(Qt::Key_Escape);
+        cierre(p);
+    });
 }
 
 void PruebaContabiliza::el_doble_clic_pregunta_en_la_celda() {
     proponga();
-    s_->dm.confirmar_contabilizacion = true;
     ListaFalsa<PideCuenta> cuentas("Tfcuentas"), cuentas_niif("Tfcuentasniif");
     ListaFalsa<PideTercero> terceros("Tfterceros");
     ListaFalsa<PideCentro> centros("Tfcentros");
-    Interlocutor i;
-    (void)revise(
-        [&](Tfcontabiliza& p) {
-            const auto escoja = [&](const char* lista, int columna, auto conteste) {
-                i.espere_modal(lista, [conteste](QWidget*) { conteste(); });
-                Rejilla& r = *p.lineas_a_la_vista().rejilla;
-                r.OnDblClick(columna);
-                agote_eventos();
-            };
-            const auto celda = [&](const char* campo) {
-                return p.CContadetalle.FieldByName(campo).texto();
-            };
-            escoja("Tfcuentas", 0, [&] { cuentas.conteste("110515"); });
-            QCOMPARE(cuentas.pedida().texto_busqueda, "130505");
-            QCOMPARE(celda("CNDE_CUENTA"), "110515");
-            escoja("Tfterceros", 1, [&] { terceros.conteste("800456789"); });
-            QCOMPARE(celda("CNDE_TERC"), "800456789");
-            escoja("Tfcentros", 3, [&] { centros.conteste({"0002", "0002"}); });
-            QCOMPARE(celda("CNDE_PROY") + celda("CNDE_CENTRO"), "00020002");
-            oprima(Qt::Key_PageDown, Qt::ControlModifier);
-            escoja("Tfcuentasniif", 0, [&] { cuentas_niif.conteste("110515"); });
-            QCOMPARE(celda("CNDE_CUENTA"), "110515");
-            QCOMPARE(celda("CNDE_ITEM"), "100001");
-            QCOMPARE(centros.veces(), 1);
-            cierre(p);
-        },
-        i);
+    (void)revise([&](Tfcontabiliza& p) {
+        const auto escoja = [&](const char* lista, int columna, auto conteste) {
+            i_->espere_modal(lista, [conteste](QWidget*) { conteste(); });
+            Rejilla& r = *p.lineas_a_la_vista().rejilla;
+            r.OnDblClick(columna);
+            agote_eventos();
+        };
+        escoja("Tfcuentas", 0, [&] { cuentas.conteste("110515"); });
+        QCOMPARE(cuentas.pedida().texto_busqueda, "130505");
+        QCOMPARE(celda(p, "CNDE_CUENTA"), "110515");
+        escoja("Tfterceros", 1, [&] { terceros.conteste("800456789"); });
+        QCOMPARE(celda(p, "CNDE_TERC"), "800456789");
+        escoja("Tfcentros", 3, [&] { centros.conteste({"0002", "0002"}); });
+        QCOMPARE(celda(p, "CNDE_PROY") + celda(p, "CNDE_CENTRO"), "00020002");
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        escoja("Tfcuentasniif", 0, [&] { cuentas_niif.conteste("110515"); });
+        QCOMPARE(celda(p, "CNDE_CUENTA"), "110515");
+        QCOMPARE(celda(p, "CNDE_ITEM"), "100001");
+        QCOMPARE(centros.veces(), 1);
+        cierre(p);
+    });
 }
 
 void PruebaContabiliza::el_centro_debe_existir_y_ser_de_la_agencia() {
     proponga();
-    s_->dm.confirmar_contabilizacion = true;
     configure("FILTRAR CENTROS DE COSTO POR AGENCIA", "SI");
     s_->dm.sucursal_usuario = 2;
-    Interlocutor i;
-    (void)revise(
-        [&](Tfcontabiliza& p) {
-            const auto digite_centro = [&](const QString& proyecto, const QString& centro) {
-                agregue_linea(p);
-                digite_celdas({"110515", "", proyecto, centro});
-                const QString queda = p.CContadetalle.FieldByName("CNDE_PROY").texto() + '-' +
-                                      p.CContadetalle.FieldByName("CNDE_CENTRO").texto();
-                oprima(Qt::Key_Escape);
-                return queda;
-            };
-            QCOMPARE(digite_centro("0002", "0002"), "0002-0002"); // de la agencia
-            QCOMPARE(digite_centro("0001", "0002"), "0001-0002"); // de todas
-            for (const char* ajeno : {"0001", "0009"}) {
-                i.espere("Centro-subcentro no encontrado.");
-                QCOMPARE(digite_centro("0002", ajeno), "-");
-            }
-            cierre(p);
-        },
-        i);
+    (void)revise([&](Tfcontabiliza& p) {
+        const auto digite_centro = [&](const QString& proyecto, const QString& centro) {
+            agregue_linea(p);
+            digite_celdas({"110515", "", proyecto, centro});
+            const QString queda = celda(p, "CNDE_PROY") + '-' + celda(p, "CNDE_CENTRO");
+            oprima(Qt::Key_Escape);
+            return queda;
+        };
+        QCOMPARE(digite_centro("0002", "0002"), "0002-0002"); // de la agencia
+        QCOMPARE(digite_centro("0001", "0002"), "0001-0002"); // de todas
+        for (const char* ajeno : {"0001", "0009"}) {
+            i_->espere("Centro-subcentro no encontrado.");
+            QCOMPARE(digite_centro("0002", ajeno), "-");
+        }
+        cierre(p);
+    });
 }
 
 void PruebaContabiliza::la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista() {
     proponga();
-    s_->dm.confirmar_contabilizacion = true;
     for (const char* orden :
          {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) values"
           " (50, 'CG', '0001', 'Fija')",
@@ -354,20 +322,17 @@ void PruebaContabiliza::la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista()
     ListaFalsa<PidePlantilla> lista("Tfbuscplantilla");
     const QString pregunta = "Al traer la plantilla perderá los movimientos digitados en el "
                              "comprobante, Continuar?";
-    Interlocutor i;
-    QVERIFY(revise(
-        [&](Tfcontabiliza& p) {
-            for (const QString& respuesta : {"No", "Sí"}) {
-                i.espere_modal("Tfbuscplantilla", [&](QWidget*) { lista.conteste("50"); });
-                i.espere(pregunta, respuesta);
-                oprima(Qt::Key_F9);
-                QCOMPARE(p.CContadetalle.RecordCount(), respuesta == "No" ? 3 : 2);
-            }
-            QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList({"4", "5"}));
-            QCOMPARE(valores_de(p.CContadetalle, "CNDE_CONC"), QStringList({"Propio", "Prueba"}));
-            oprima(Qt::Key_F2);
-        },
-        i));
+    QVERIFY(revise([&](Tfcontabiliza& p) {
+        for (const QString& respuesta : {"No", "Sí"}) {
+            i_->espere_modal("Tfbuscplantilla", [&](QWidget*) { lista.conteste("50"); });
+            i_->espere(pregunta, respuesta);
+            oprima(Qt::Key_F9);
+            QCOMPARE(p.CContadetalle.RecordCount(), respuesta == "No" ? 3 : 2);
+        }
+        QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList({"4", "5"}));
+        QCOMPARE(valores_de(p.CContadetalle, "CNDE_CONC"), QStringList({"Propio", "Prueba"}));
+        oprima(Qt::Key_F2);
+    }));
     QCOMPARE(filas_de(base(), "select cnde_item, cnde_cuenta, cnde_debitos, cnde_creditos from"
                               " contabilizacion_det where cnde_item < 100000 order by 1"),
              "4|110515|119000|\n5|110505|0|119000");
@@ -376,34 +341,28 @@ void PruebaContabiliza::la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista()
 
 void PruebaContabiliza::solo_se_cierra_sin_grabar_si_se_permite() {
     proponga();
-    s_->dm.confirmar_contabilizacion = true;
     permita_cerrar("NO");
-    Interlocutor i;
-    QVERIFY(revise(
-        [&](Tfcontabiliza& p) {
-            oprima(Qt::Key_Escape); // suelta la línea
-            i.espere("Es necesario grabar el comprobante para poder cerrar");
-            oprima(Qt::Key_Escape);
-            QVERIFY(p.isVisible());
-            oprima(Qt::Key_F2);
-        },
-        i));
+    QVERIFY(revise([&](Tfcontabiliza& p) {
+        oprima(Qt::Key_Escape); // suelta la línea
+        i_->espere("Es necesario grabar el comprobante para poder cerrar");
+        oprima(Qt::Key_Escape);
+        QVERIFY(p.isVisible());
+        oprima(Qt::Key_F2);
+    }));
     permita_cerrar("SI");
-    QVERIFY(!revise([&](Tfcontabiliza& p) { p.close(); }, i)); // sin cambios no pregunta
+    QVERIFY(!revise([&](Tfcontabiliza& p) { p.close(); })); // sin cambios no pregunta
     const QString pregunta =
         "Desea salir del comprobante y perder los movimientos que no ha grabado?";
-    QVERIFY(!revise(
-        [&](Tfcontabiliza& p) {
-            agregue_linea(p);
-            digite_celdas({"110515", "", "", "", "", "", "", "", "", "7"});
-            p.CContadetalle.Post();
-            i.espere(pregunta, "No");
-            p.close();
-            QVERIFY(p.isVisible());
-            i.espere(pregunta, "Sí");
-            p.close();
-        },
-        i));
+    QVERIFY(!revise([&](Tfcontabiliza& p) {
+        agregue_linea(p);
+        digite_celdas({"110515", "", "", "", "", "", "", "", "", "7"});
+        p.CContadetalle.Post();
+        i_->espere(pregunta, "No");
+        p.close();
+        QVERIFY(p.isVisible());
+        i_->espere(pregunta, "Sí");
+        p.close();
+    }));
     QCOMPARE(s_->dato("select count(*) from contabilizacion_det"), "6");
 }
 
@@ -412,47 +371,39 @@ void PruebaContabiliza::lo_que_otro_cambio_no_se_pisa() {
     convierta_propuesta(base(), propuesta, Libro::Decreto2649, "ADMIN");
     permita_cerrar("NO"); // quien no puede grabar sí puede salir
     s_->dm.confirmar_contabilizacion = true;
-    Interlocutor i;
-    QVERIFY(!revise(
-        [&](Tfcontabiliza& p) {
-            enfoque(&p, "DBGridEh1", 4);
-            digite_celdas({"Lo mío"});
-            base().ejecute("update contabilizacion_det set cnde_conc = 'Lo de otro' where cnde_item"
-                           " = 1");
-            i.espere_comienzo("", "Aceptar");
-            oprima(Qt::Key_F2);
-            QVERIFY(p.isVisible());
-            i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?",
-                     "Sí");
-            p.close();
-        },
-        i));
+    QVERIFY(!revise([&](Tfcontabiliza& p) {
+        enfoque(&p, "DBGridEh1", 4);
+        digite_celdas({"Lo mío"});
+        base().ejecute("update contabilizacion_det set cnde_conc = 'Lo de otro' where cnde_item"
+                       " = 1");
+        i_->espere_comienzo("", "Aceptar");
+        oprima(Qt::Key_F2);
+        QVERIFY(p.isVisible());
+        i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
+        p.close();
+    }));
     QCOMPARE(comprobantes(), "1"); // sin guardar no se borró nada
 }
 
 void PruebaContabiliza::lo_que_otro_contabilizo_mientras_se_revisa_no_se_borra() {
     permita_cerrar("NO"); // ni así se queda encerrado quien llega tarde
     s_->dm.confirmar_contabilizacion = true;
-    Interlocutor i;
     const auto quien = [&] { return s_->dato("select enco_usuario from comprobante_encabezado"); };
     for (const bool la_rehizo : {true, false}) {
         int propuesta = proponga();
         s_->dm.confirmar_contabilizacion = true;
-        QVERIFY(!revise(
-            [&](Tfcontabiliza&) {
-                if (la_rehizo)
-                    propuesta =
-                        contabil(base(), "contabil_factura", {id_, 1}).section('|', 2).toInt();
-                convierta_propuesta(base(), propuesta, Libro::Decreto2649, "OTRO");
-                i.espere_comienzo(la_rehizo ? "La propuesta ya no existe: otro usuario volvió a"
-                                            : "El documento ya fue contabilizado por otro usuario"
-                                              " en el comprobante CG 0001 ");
-                oprima(Qt::Key_F2);
-            },
-            i));
+        QVERIFY(!revise([&](Tfcontabiliza&) {
+            if (la_rehizo)
+                propuesta = contabil(base(), "contabil_factura", {id_, 1}).section('|', 2).toInt();
+            convierta_propuesta(base(), propuesta, Libro::Decreto2649, "OTRO");
+            i_->espere_comienzo(la_rehizo ? "La propuesta ya no existe: otro usuario volvió a"
+                                          : "El documento ya fue contabilizado por otro usuario"
+                                            " en el comprobante CG 0001 ");
+            oprima(Qt::Key_F2);
+        }));
         QCOMPARE(quien(), "OTRO");
         // Quien lo abre ya sabiéndolo sí lo reemplaza.
-        QVERIFY(revise([](Tfcontabiliza&) { oprima(Qt::Key_F2); }, i));
+        QVERIFY(revise([](Tfcontabiliza&) { oprima(Qt::Key_F2); }));
         QCOMPARE(comprobantes(), "0");
     }
     // Sin revisión es lo mismo: la propuesta que otro rehízo no borra el comprobante de él.
@@ -467,17 +418,13 @@ void PruebaContabiliza::lo_que_otro_contabilizo_mientras_se_revisa_no_se_borra()
 
 void PruebaContabiliza::el_libro_niif_solo_se_muestra_si_sale_de_la_interfaz() {
     proponga();
-    s_->dm.confirmar_contabilizacion = true;
     configure(kPorInterfaz, "EQUIVALENCIAS");
-    Interlocutor i;
-    QVERIFY(revise(
-        [&](Tfcontabiliza& p) {
-            QVERIFY(!p.PageControl1->isTabVisible(1));
-            oprima(Qt::Key_PageDown, Qt::ControlModifier);
-            QCOMPARE(p.PageControl1->currentIndex(), 0);
-            oprima(Qt::Key_F2);
-        },
-        i));
+    QVERIFY(revise([&](Tfcontabiliza& p) {
+        QVERIFY(!p.PageControl1->isTabVisible(1));
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(p.PageControl1->currentIndex(), 0);
+        oprima(Qt::Key_F2);
+    }));
 }
 
 QTEST_MAIN(PruebaContabiliza)

@@ -84,7 +84,6 @@ private slots:
     void con_varias_interfaces_se_pregunta_cual();
     void el_libro_niif_se_agrega_a_la_propuesta_que_ya_hay();
     void lo_que_pide_confirmacion_se_revisa_y_la_falla_lo_deja_pendiente();
-    void una_falla_al_rehacerlo_lo_deja_pendiente_con_su_propuesta();
     void lo_que_otro_ya_contabilizo_no_se_rehace();
     void los_marcados_siguen_aunque_uno_falle_y_el_resumen_lleva_al_documento();
     void cancelar_el_lote_termina_el_documento_que_va();
@@ -228,10 +227,7 @@ void PruebaSincontab::con_varias_interfaces_se_pregunta_cual() {
     Tfsincontab* p = abra();
     Interlocutor i;
     const auto conteste = [&](std::function<void(Tfpreginterfaz&)> con) {
-        i.espere_modal("Tfpreginterfaz", [con](QWidget* w) {
-            con_foco();
-            agote_eventos();
-            auto& p = *w->findChild<Tfpreginterfaz*>("Tfpreginterfaz");
+        espere_pantalla<Tfpreginterfaz>(i, "Tfpreginterfaz", [con](Tfpreginterfaz& p) {
             QCOMPARE(p.windowTitle(), "Interfaz contable");
             QCOMPARE(valores_de(p.CInterfaces, "NOMBRE"), QStringList({"De prueba", "De segunda"}));
             con(p);
@@ -270,11 +266,7 @@ void PruebaSincontab::el_libro_niif_se_agrega_a_la_propuesta_que_ya_hay() {
         oprima(Qt::Key_F2);
     };
     const auto revise = [&](std::function<void(Tfcontabiliza&)> atienda) {
-        i.espere_modal("Tfcontabiliza", [atienda](QWidget* w) {
-            con_foco();
-            agote_eventos();
-            atienda(*w->findChild<Tfcontabiliza*>("Tfcontabiliza"));
-        });
+        espere_pantalla(i, "Tfcontabiliza", atienda);
     };
     contabilice(true); // sin propuesta: callado
     QCOMPARE(numeros(p), QStringList("000001"));
@@ -299,11 +291,7 @@ void PruebaSincontab::el_libro_niif_se_agrega_a_la_propuesta_que_ya_hay() {
     QCOMPARE(s_->dato("select count(*) from errores where erro_tipodoc = 1031"), "1");
     // Con la interfaz sin escoger la revisión se abre de todos modos.
     registre(base(), 31, interfaz_de_prueba(kReglasVenta, 2));
-    i.espere_modal("Tfpreginterfaz", [](QWidget* w) {
-        con_foco();
-        agote_eventos();
-        w->findChild<Tfpreginterfaz*>("Tfpreginterfaz")->close();
-    });
+    espere_pantalla<Tfpreginterfaz>(i, "Tfpreginterfaz", [](auto& pregunta) { pregunta.close(); });
     revise([](Tfcontabiliza& r) { r.close(); });
     contabilice(true);
     QCOMPARE(comprobante_de(base(), 31, id, "_niif"), QString());
@@ -316,77 +304,40 @@ void PruebaSincontab::el_libro_niif_se_agrega_a_la_propuesta_que_ya_hay() {
 }
 
 void PruebaSincontab::lo_que_pide_confirmacion_se_revisa_y_la_falla_lo_deja_pendiente() {
-    InterfazPrueba revisada = interfaz_de_prueba(kReglasVenta);
-    revisada.confirmar = "S";
-    registre(base(), 31, revisada);
+    configure("AÑO BALANCE DE APERTURA NIIF", "2018");
+    registre(base(), 31, interfaz_de_prueba(kReglasVenta, 1, "S"));
     const int id = registre(base(), venta_de_prueba());
     Tfsincontab* p = abra();
     Interlocutor i;
-    const auto revise = [&](std::function<void(Tfcontabiliza&)> atienda) {
-        i.espere_modal("Tfcontabiliza", [atienda](QWidget* w) {
-            con_foco();
-            agote_eventos();
-            atienda(*w->findChild<Tfcontabiliza*>("Tfcontabiliza"));
-        });
+    const auto revise = [&](bool niif, std::function<void(Tfcontabiliza&)> atienda) {
+        p->ckNiif->setChecked(niif);
+        espere_pantalla(i, "Tfcontabiliza", atienda);
         p->DBGridEh1->setFocus();
         oprima(Qt::Key_F2);
     };
-    revise([](Tfcontabiliza& r) { r.close(); });
-    QCOMPARE(numeros(p), QStringList("000001"));
-    QCOMPARE(comprobantes(), "0");
-    // Entre guardar la propuesta y convertirla la cuenta queda inactiva: nada se pierde.
-    revise([&](Tfcontabiliza&) {
-        base().ejecute("update cuentas set cuen_activa = 'N' where cuen_cod = '413505'");
-        i.espere_comienzo("Se presento el siguiente error: Línea 2, cuenta 413505");
-        oprima(Qt::Key_F2);
-    });
-    QCOMPARE(comprobantes(), "0");
-    QCOMPARE(numeros(p), QStringList("000001"));
-    QCOMPARE(s_->dato("select count(*) from contabilizacion_det"), "6");
-    base().ejecute("update cuentas set cuen_activa = 'S' where cuen_cod = '413505'");
-    revise([](Tfcontabiliza&) { oprima(Qt::Key_F2); });
-    QCOMPARE(comprobante_de(base(), 31, id, "").count('\n'), 2);
-    QVERIFY(numeros(p).isEmpty());
-}
-
-void PruebaSincontab::una_falla_al_rehacerlo_lo_deja_pendiente_con_su_propuesta() {
-    configure("AÑO BALANCE DE APERTURA NIIF", "2018");
-    InterfazPrueba revisada = interfaz_de_prueba(kReglasVenta);
-    revisada.confirmar = "S";
-    registre(base(), 31, revisada);
-    const int id = registre(base(), venta_de_prueba());
-    Tfsincontab* p = abra();
-    Interlocutor i;
-    const auto grabe = [&](
-                           bool niif, const std::function<void()>& antes = [] {}) {
-        p->ckNiif->setChecked(niif);
-        i.espere_modal("Tfcontabiliza", [antes](QWidget*) {
-            con_foco();
-            agote_eventos();
-            antes();
+    const auto grabe = [](Tfcontabiliza&) { oprima(Qt::Key_F2); };
+    revise(false, [](Tfcontabiliza& r) { r.close(); });
+    for (const bool niif : {false, true}) {
+        // Entre guardar la propuesta y convertirla la cuenta queda inactiva: nada se pierde. En el
+        // libro NIIF el comprobante anterior ya se borró, y el documento vuelve a las dos listas.
+        revise(niif, [&](Tfcontabiliza&) {
+            base().ejecute("update cuentas set cuen_activa = 'N' where cuen_cod = '413505'");
+            i.espere_comienzo("Se presento el siguiente error: Línea 2, cuenta 413505");
             oprima(Qt::Key_F2);
         });
-        p->DBGridEh1->setFocus();
-        oprima(Qt::Key_F2);
-    };
-    grabe(false);
-    QCOMPARE(comprobantes(), "1");
-    // El anterior ya se borró cuando la conversión falla: el documento vuelve a las dos listas y su
-    // propuesta, con los dos libros, queda.
-    grabe(true, [&] {
-        base().ejecute("update cuentas set cuen_activa = 'N' where cuen_cod = '413505'");
-        i.espere_comienzo("Se presento el siguiente error: Línea 2, cuenta 413505");
-    });
-    QCOMPARE(comprobantes(), "0");
-    QCOMPARE(s_->dato("select count(*) from contabilizacion_det"), "6");
-    for (const bool niif : {true, false}) {
-        p->ckNiif->setChecked(niif);
-        QCOMPARE(numeros(p), QStringList("000001"));
+        QCOMPARE(comprobantes(), "0");
+        QCOMPARE(s_->dato("select count(*) from contabilizacion_det"), niif ? "6" : "3");
+        for (const bool lista : {!niif, niif}) {
+            p->ckNiif->setChecked(lista);
+            QCOMPARE(numeros(p), QStringList("000001"));
+        }
+        base().ejecute("update cuentas set cuen_activa = 'S' where cuen_cod = '413505'");
+        revise(niif, grabe);
+        QCOMPARE(s_->dato("select enco_numero from comprobante_encabezado"), "000001");
     }
-    base().ejecute("update cuentas set cuen_activa = 'S' where cuen_cod = '413505'");
-    grabe(true);
+    QCOMPARE(comprobante_de(base(), 31, id, "").count('\n'), 2);
     QCOMPARE(comprobante_de(base(), 31, id, "_niif"), comprobante_de(base(), 31, id, ""));
-    QCOMPARE(s_->dato("select enco_numero from comprobante_encabezado"), "000001");
+    QVERIFY(numeros(p).isEmpty());
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
@@ -431,10 +382,7 @@ void PruebaSincontab::los_marcados_siguen_aunque_uno_falle_y_el_resumen_lleva_al
         w->findChild<Tfcontabiliza*>("Tfcontabiliza")->close(); // el lote espera por la respuesta
     });
     i.espere(kSinInterfaz);
-    i.espere_modal("Tfresumencontab", [](QWidget* w) {
-        con_foco();
-        agote_eventos();
-        auto& r = *w->findChild<Tfresumencontab*>("Tfresumencontab");
+    espere_pantalla<Tfresumencontab>(i, "Tfresumencontab", [](Tfresumencontab& r) {
         QCOMPARE(r.ECuenta->text(), "3 contabilizados, 1 en espera, 1 con falla.");
         QCOMPARE(
             valores_de(r.CResumen, "RESULTADO"),
@@ -458,41 +406,27 @@ void PruebaSincontab::los_marcados_siguen_aunque_uno_falle_y_el_resumen_lleva_al
         const_cast<Pantalla&>(e).pida_cierre_al_crear();
     });
     p->DBGridEh1->marque(int(numeros(p).indexOf("000006")));
-    i.espere_modal("Tfresumencontab", [](QWidget*) {
-        con_foco();
-        agote_eventos();
-        oprima(Qt::Key_Return);
-    });
+    espere_pantalla<Pantalla>(i, "Tfresumencontab", [](auto&) { oprima(Qt::Key_Return); });
     pulse(p, "SpeedButton3");
     QCOMPARE(abierto, s_->dato("select max(enco_consec) from comprobante_encabezado"));
 }
 
 void PruebaSincontab::cancelar_el_lote_termina_el_documento_que_va() {
-    InterfazPrueba revisada = interfaz_de_prueba(kReglasVenta);
-    revisada.confirmar = "S";
-    registre(base(), 31, revisada);
+    registre(base(), 31, interfaz_de_prueba(kReglasVenta, 1, "S"));
     for (int n = 1; n <= 4; ++n)
         registre(base(), venta_de_prueba(QString::number(n).rightJustified(6, '0')));
     Tfsincontab* p = abra();
     p->DBGridEh1->seleccione_todo();
     Interlocutor i;
-    i.espere_modal("Tfcontabiliza", [](QWidget*) {
-        con_foco();
-        agote_eventos();
-        oprima(Qt::Key_F2);
-    });
-    i.espere_modal("Tfcontabiliza", [&](QWidget*) {
-        con_foco();
-        agote_eventos();
+    espere_pantalla<Pantalla>(i, "Tfcontabiliza", [](auto&) { oprima(Qt::Key_F2); });
+    espere_pantalla<Pantalla>(i, "Tfcontabiliza", [](auto&) {
         for (QWidget* w : QApplication::topLevelWidgets())
             if (w->objectName() == "avance_contabilizacion")
                 QMetaObject::invokeMethod(w, "canceled");
         oprima(Qt::Key_F2);
     });
-    i.espere_modal("Tfresumencontab", [](QWidget* w) {
-        con_foco();
-        agote_eventos();
-        QCOMPARE(w->findChild<QLabel*>("ECuenta")->text(),
+    espere_pantalla<Tfresumencontab>(i, "Tfresumencontab", [](auto& r) {
+        QCOMPARE(r.ECuenta->text(),
                  "2 contabilizados, 0 en espera, 0 con falla, 2 sin empezar, porque se canceló.");
         oprima(Qt::Key_Escape);
     });

@@ -50,6 +50,14 @@ inline QString importes(const QString& renglon) {
     return todos.join(' ');
 }
 
+/// Importe como lo escriben los estados: los negativos, entre paréntesis.
+inline QString impreso(Moneda m) {
+    return m.negativa() ? '(' + m.absoluta().formateada() + ')' : m.formateada();
+}
+/// Lo que va después de un rótulo la última vez que sale, en su renglón.
+inline QString tras(const QString& texto, const QString& rotulo) {
+    return texto.section(rotulo, -1).section('\n', 0, 0).simplified();
+}
 /// Renglones que empiezan así, sin los espacios de los lados.
 inline QStringList renglones_con(const QString& texto, const QString& comienzo) {
     QStringList lista;

@@ -1,6 +1,7 @@
 #pragma once
 // Corre un informe como lo hace una persona y devuelve lo impreso.
 #include "apoyo/herramienta.h"
+#include "apoyo/monitor.h"
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 

@@ -9,13 +9,6 @@
 
 namespace {
 
-QString impreso(Moneda m) {
-    return m.negativa() ? '(' + m.absoluta().formateada() + ')' : m.formateada();
-}
-/// Lo que va después de un rótulo la última vez que sale, en su renglón.
-QString tras(const QString& texto, const QString& rotulo) {
-    return texto.section(rotulo, -1).section('\n', 0, 0).simplified();
-}
 Filtro comienza(const char* codigo) {
     return [codigo](const Renglon& r) { return r.cuenta.startsWith(QLatin1String(codigo)); };
 }

@@ -14,6 +14,7 @@ private slots:
     void el_mayor_cuadra_en_cada_mes();
     void el_patrimonio_y_el_efectivo_terminan_en_los_libros();
     void cada_fila_es_la_suma_de_sus_lineas_en_rangos_al_azar();
+    void la_cuenta_y_el_tercero_mas_largos_caben_en_el_codigo();
 
 private:
     Conexion& base() { return base_->base(); }
@@ -186,6 +187,20 @@ void PruebaCuadres::cada_fila_es_la_suma_de_sus_lineas_en_rangos_al_azar() {
                            lineas_[libro], [](const Renglon&) { return true; }, ano, hasta, hasta),
                        false));
     }
+}
+
+void PruebaCuadres::la_cuenta_y_el_tercero_mas_largos_caben_en_el_codigo() {
+    base().ejecute(
+        "insert into terceros (terc_nit, terc_nom) values ('12345678901234567890', 'L')");
+    base().ejecute(
+        "update comprobante_detalle set terc_nit = '12345678901234567890' where cuen_cod "
+        "= '111005010101010101'");
+    for (const char* consulta : {"balance_anual('2018', '', 'ZZ', 'S', 'N') where codigo",
+                                 "balance_comparativo('2018', 5, '2019', 5, 'S') where cuenta"})
+        QCOMPARE(filas(QString("select count(*) from %1 = "
+                               "'111005010101010101.12345678901234567890'")
+                           .arg(QLatin1String(consulta))),
+                 QStringList{"1"});
 }
 
 QTEST_APPLESS_MAIN(PruebaCuadres)

@@ -11,16 +11,6 @@ namespace {
 
 const Filtro kTodo = [](const Renglon&) { return true; };
 
-/// Importe como lo escriben los estados: los negativos, entre paréntesis.
-QString impreso(Moneda m) {
-    return m.negativa() ? '(' + m.absoluta().formateada() + ')' : m.formateada();
-}
-
-/// Lo que va después de un rótulo la última vez que sale, en su renglón.
-QString tras(const QString& texto, const QString& rotulo) {
-    return texto.section(rotulo, -1).section('\n', 0, 0).simplified();
-}
-
 } // namespace
 
 class PruebaEstados : public QObject {
@@ -36,7 +26,6 @@ private slots:
     void los_totales_cuentan_cada_clase_una_vez();
     void las_notas_van_a_continuacion_solo_si_se_piden();
     void lo_que_falta_se_dice_sin_cerrar_la_pantalla();
-    void un_estado_largo_repite_sus_encabezados();
     void el_libro_exportado_lleva_tipos_y_sangria();
 };
 
@@ -350,35 +339,6 @@ void PruebaEstados::lo_que_falta_se_dice_sin_cerrar_la_pantalla() {
     rehuse("Tfrngcomparacentro", {{"Proy1", "0001"}, {"ECenIni", "0002"}}, faltan, "ECenFin");
     rehuse("Tfrngbalanceacumulado", {{"MesIni", "AGO"}, {"MesFin", "MAR"}},
            "El mes final del acumulado no puede ser anterior al inicial.", "MesFin");
-}
-
-void PruebaEstados::un_estado_largo_repite_sus_encabezados() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 8);
-    ComprobanteEnTablas c{900, "000900", "20180305"};
-    constexpr int kTerceros = 1500;
-    for (int n = 1; n <= kTerceros; ++n) {
-        const QString nit = QString("7%1").arg(n, 6, 10, QChar('0'));
-        s.base.base().ejecute(
-            QString("insert into terceros (terc_nit, terc_nom) values ('%1', 'Tercero %2')")
-                .arg(nit)
-                .arg(n));
-        c.lineas << Linea{2 * n - 1, "130505", Moneda(n), Moneda(), nit}
-                 << Linea{2 * n, "220505", Moneda(), Moneda(n), nit};
-    }
-    grabe(s.base.base(), c);
-    s.cnt.ano_actual = "2018";
-    s.cnt.periodo_actual = 2;
-    const QString texto = corra(estados()[7], {});
-    const QStringList hojas = texto.split('\f', Qt::SkipEmptyParts);
-    QVERIFY(hojas.size() > 40);
-    for (int h = 0; h < hojas.size(); ++h) {
-        QVERIFY(hojas[h].contains(QString("Página %1 de %2").arg(h + 1).arg(hojas.size())));
-        QCOMPARE(hojas[h].count("Saldo inicial"), 1);
-    }
-    QCOMPARE(renglones_con(texto, "7\\d{6}\\s+Tercero").size(), 2 * kTerceros);
-    // Las firmas van con el total, nunca solas.
-    QVERIFY(hojas.last().contains("Revisor fiscal") && hojas.last().contains(" Total "));
 }
 
 void PruebaEstados::el_libro_exportado_lleva_tipos_y_sangria() {

@@ -6,7 +6,8 @@
 
 namespace {
 
-constexpr const char* kCompania = "Comercial de Volumen S.A.S.";
+constexpr const char* kCompania = "Comercial de Volumen y Suministros de la Industria Agropecuaria "
+                                  "del Valle y del Cauca S.A.S."; // no cabe en un renglón
 constexpr int kTercerosDeUna = 130; ///< cuelgan de una sola cuenta: pasan de una hoja
 
 const Cajas kCentros0001{
@@ -34,13 +35,23 @@ void arme_volumen(Conexion& base, int n) {
                              "nombre de los largos'); i = i + 1; end end")
                          .arg(n)
                          .arg(QLatin1String(grupo)));
+    // Los cambios del año, con un renglón de su configuración por cuenta de seis dígitos.
+    for (const char* orden :
+         {"cambios_situacion_ctas (casi_id, casi_cuenta, casi_seccion, casi_db) ",
+          "flujo_efectivo (flef_id, flef_cuenta, flef_seccion, flef_db) "}) {
+        base.ejecute("delete from " + QString(orden).section(' ', 0, 0));
+        base.ejecute(QString("insert into ") + orden +
+                     "select row_number() over (order by cuen_cod), cuen_cod, iif(cuen_cod < '4', "
+                     "2, 1), iif(cuen_cod < '4', 'S', 'N') from cuentas where cuen_cod similar to "
+                     "'(1305|4135)[0-9][0-9]'");
+    }
     QMap<int, bool> hechos;
     const auto tercero = [&](int i) {
         const QString nit = QString("7%1").arg(i, 6, 10, QChar('0'));
         if (std::exchange(hechos[i], true))
             return nit;
         base.ejecute(QString("update or insert into terceros (terc_nit, terc_nom) values ('%1', "
-                             "'Tercero número %2')")
+                             "'Tercero número %2 Sociedad por Acciones Simplificada Cía.')")
                          .arg(nit)
                          .arg(i));
         return nit;
@@ -49,10 +60,11 @@ void arme_volumen(Conexion& base, int n) {
         const QString codigo = QString("%1").arg(i, 4, 10, QChar('0'));
         if (std::exchange(hechos[1000 + i], true))
             return codigo;
-        base.ejecute(QString("update or insert into centros (proy_cod, cent_cod, cent_nom) values "
-                             "('0001', '%1', 'Centro número %2')")
-                         .arg(codigo)
-                         .arg(i));
+        base.ejecute(
+            QString("update or insert into centros (proy_cod, cent_cod, cent_nom) values "
+                    "('0001', '%1', 'Centro número %2 de la sede principal de la empresa')")
+                .arg(codigo)
+                .arg(i));
         return codigo;
     };
     int item = 0;
@@ -95,7 +107,8 @@ private:
                  .arg(QLatin1String(kCompania)),
              "update configuracion set conf_valor = '901555123-4' where conf_propiedad = 'NIT "
              "COMPAÑIA'",
-             "update configuracion set conf_valor = 'Rosa Peña' where conf_propiedad = 'CONTADOR "
+             "update configuracion set conf_valor = 'Rosa María de los Ángeles Peña Villamizar' "
+             "where conf_propiedad = 'CONTADOR "
              "PUBLICO'",
              "update configuracion set conf_valor = '98765-T' where conf_propiedad = 'TARJETA "
              "PROFESIONAL DEL CONTADOR PUBLICO'"});
@@ -106,18 +119,24 @@ private:
         const QStringList hojas = hojas_de(texto);
         for (int h = 0; h < hojas.size(); ++h) {
             const QString donde = QString("%1, hoja %2\n%3").arg(quien).arg(h + 1).arg(hojas[h]);
-            QVERIFY2(hojas[h].contains(QLatin1String(kCompania)) &&
-                         hojas[h].contains("NIT 901555123-4"),
+            QVERIFY2(hojas[h].contains("Comercial de Volumen") &&
+                         hojas[h].contains("Cauca S.A.S.") && hojas[h].contains("NIT 901555123-4"),
                      qPrintable(donde));
             QVERIFY2(hojas[h].contains(QString("Página %1 de %2").arg(h + 1).arg(hojas.size())),
                      qPrintable(donde));
             QVERIFY2(hojas[h].contains("Libro 2649"), qPrintable(donde));
             QVERIFY2(hojas[h].contains(QRegularExpression(R"(\d\.\d\d)")), qPrintable(donde));
+            // Ni una clase ni un grupo quedan al pie sin lo que cuelga de ellos.
+            const QString cuerpo = hojas[h].section("Elaborado por", 0, 0).trimmed();
+            QVERIFY2(h + 1 == hojas.size() ||
+                         !cuerpo.section('\n', -1).contains(QRegularExpression(R"(^\d{1,4} {3})")),
+                     qPrintable(donde));
         }
         const QString& ultima = hojas.last();
         QCOMPARE(ultima.contains("Revisor fiscal"), firmado);
         if (firmado)
-            QVERIFY2(ultima.contains("Rosa Peña") && ultima.contains("T.P. No. 98765-T"),
+            QVERIFY2(ultima.contains("Rosa María") && ultima.contains("Villamizar") &&
+                         ultima.contains("T.P. No. 98765-T"),
                      qPrintable(quien + '\n' + ultima));
     }
 };
@@ -150,22 +169,11 @@ void PruebaHojas::de_una_a_tres_mil_cuentas() {
     SesionGui s;
     arme_volumen(s.base.base(), cuentas);
     prepare(s);
-    // Con el detalle que cuelga, una hoja que empieza a mitad de una cuenta la anuncia.
-    const auto revise_anuncio = [&](const QString& quien, const QString& texto,
-                                    const QString& de_detalle) {
-        const QRegularExpression fila("^\\s*" + de_detalle, QRegularExpression::MultilineOption);
-        const QStringList hojas = hojas_de(texto);
-        int anunciadas = 0;
-        for (qsizetype h = 1; h < hojas.size(); ++h)
-            anunciadas += int(hojas[h].count("(continuación)"));
-        if (cuentas > 1)
-            QVERIFY2(anunciadas > 0, qPrintable(quien));
-        QCOMPARE(texto.count(fila) > 0, true);
-    };
+    const int detalles = cuentas + (cuentas > 1 ? kTercerosDeUna : 0); // de cada lado
     for (const EstadoImpreso& e : estados()) {
         const QString quien = e.clase + ' ' + e.tipo + ' ' + e.casillas.join(',');
         const QString texto = corra(e, e.clase == "Tfrngcomparacentro" ? kCentros0001 : Cajas());
-        revise_hojas(quien, texto, e.clase != "Tfrngcomparacentro");
+        revise_hojas(quien, texto, true);
         if (e.tipo == "G")
             continue; // no llega a las cuentas
         const bool balance = !e.clase.startsWith("Tfrngresul");
@@ -173,23 +181,24 @@ void PruebaHojas::de_una_a_tres_mil_cuentas() {
         const char* grupo = balance ? "1305" : "4135";
         for (int i = 0; i < cuentas && !centros; i += qMax(1, cuentas / 200))
             QCOMPARE(renglones_con(texto, hoja(grupo, i) + "\\b(?!.*continuación)").size(), 1);
-        const bool por_tercero = e.clase.endsWith("tercero") || e.casillas.contains("ckterceros") ||
-                                 e.casillas.contains("cktercero") ||
-                                 e.casillas.contains("CkTerceros");
-        const bool por_centro =
-            (e.clase.endsWith("centro") && !centros) || e.casillas.contains("ckcentro");
-        if (por_tercero)
-            revise_anuncio(quien, texto, "7\\d{6}\\b");
-        else if (por_centro && e.clase != "Tfrngcomparacentro")
-            revise_anuncio(quien, texto, "0001 \\d{4}\\b");
+        if (e.tipo == "R")
+            QCOMPARE(texto.count("Saldo inicial"), hojas_de(texto).size());
+        // Cada tercero y cada centro sale una vez, y una hoja que empieza a mitad de una cuenta la
+        // anuncia.
+        const QString clase = quien.toLower();
+        if (centros || (!clase.contains("tercero") && !clase.contains("centro")))
+            continue;
+        const QString fila = clase.contains("tercero") ? "7\\d{6}\\b" : "0001 \\d{4}\\b";
+        QCOMPARE(renglones_con(texto, fila).size(), balance ? 2 * detalles : detalles);
+        QVERIFY2(cuentas == 1 || texto.contains("(continuación)"), qPrintable(quien));
     }
-    for (const char* letra : {"P", "F"})
+    for (const char* letra : {"P", "S", "F"})
         revise_hojas(letra, imprima("Tfcambiopatr", {}, {}, nullptr, AbreInforme{letra}), true);
     revise_hojas("anual", imprima("Tfrngresultadoanual", {}), true);
     for (const char* letra : {"M", "I", "D"}) {
         const QString texto =
             imprima("Tfrngoficiales", {{"Nivel", "5"}}, {}, nullptr, AbreInforme{letra});
-        revise_hojas(letra, texto, false);
+        revise_hojas(letra, texto, *letra == 'I'); // es el libro que se firma
         QCOMPARE(renglones_con(texto, hoja("1305", 0) + "\\b(?!.*continuación)").size(), 1);
     }
 }

@@ -303,16 +303,26 @@ private slots:
         e->DBGridEh2->setFocus();
         oprima(Qt::Key_Insert);
         e->DBGridEh2->SelectedIndex(2);
+        const auto tinta = [&](int x1, int x2, int y1, int y2) {
+            const QRect h = e->lienzo->hoja();
+            const QImage imagen = e->lienzo->grab().toImage();
+            int puntos = 0;
+            for (int x = h.left() + h.width() * x1 / 1500; x < h.left() + h.width() * x2 / 1500;
+                 ++x)
+                for (int y = h.top() + h.height() * y1 / 2000; y < h.top() + h.height() * y2 / 2000;
+                     ++y)
+                    puntos += qGray(imagen.pixel(x, y)) < 140;
+            return puntos;
+        };
+        // La página sigue lo que se digita, sin salir de la celda, y con Esc vuelve como estaba.
+        const int antes = tinta(20, 300, 0, 40);
+        digite("Saldo");
+        QVERIFY(tinta(20, 300, 0, 40) > antes + 10);
+        oprima(Qt::Key_Escape);
+        QCOMPARE(tinta(20, 300, 0, 40), antes);
         digite_celdas({"Saldo de caja", "120", "300"});
         // El lienzo pinta la cifra verdadera: hay tinta a la izquierda de su punto.
-        const QRect h = e->lienzo->hoja();
-        const QImage imagen = e->lienzo->grab().toImage();
-        int tinta = 0;
-        for (int x = h.left() + h.width() * 780 / 1500; x < h.left() + h.width() * 900 / 1500; ++x)
-            for (int y = h.top() + h.height() * 300 / 2000; y < h.top() + h.height() * 325 / 2000;
-                 ++y)
-                tinta += qGray(imagen.pixel(x, y)) < 140;
-        QVERIFY2(tinta > 10, qPrintable(QString::number(tinta)));
+        QVERIFY(tinta(780, 900, 300, 325) > 10);
         tome_foto(&s.ventana, "editor_nuevo");
         oprima(Qt::Key_F2);
         QCOMPARE(escritorio()->activa(), lista);

@@ -50,6 +50,11 @@ void PruebaNotas::se_escribe_con_formato_y_se_imprime_igual() {
     digite("Caja");
     oprima(Qt::Key_Tab);
     digite("1,200.00");
+    oprima(Qt::Key_Backtab);
+    digite(" general");
+    for (int i = 0; i < 7; ++i) // más allá de la última celda
+        oprima(Qt::Key_Tab);
+    digite("300.00");
     oprima(Qt::Key_F2);
     QVERIFY(!s.escritorio.abierta("Tfnotasestados"));
     QCOMPARE(s.dato("select noef_ano || '-' || noef_periodo || '-' || noef_numero || ' ' || "
@@ -70,7 +75,8 @@ void PruebaNotas::se_escribe_con_formato_y_se_imprime_igual() {
         imprima("Tfrngbalancegeneral", {}, {"ckNotas"}, nullptr, AbreInforme{"G"});
     const QString notas = impreso.section("Notas a los estados financieros", 1);
     QVERIFY2(notas.contains(QString::fromUtf8("Saldos en bancos → «€ 5» ñ")), qPrintable(notas));
-    QVERIFY(notas.contains(QRegularExpression("Caja\\s+1,200.00")));
+    QVERIFY(
+        notas.contains(QRegularExpression("Caja general\\s{30,}1,200.00\n(.*\n)*\\s{40,}300.00")));
 }
 
 void PruebaNotas::el_periodo_da_el_numero_y_retrocede_hasta_el_cierre() {

@@ -153,7 +153,6 @@ private slots:
         Interlocutor i;
         i.espere("La cuenta NIIF especificada no existe. Desea Crearla?", "No");
         QVERIFY(!s.cnt.valide_cuenta_niif("519530"));
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void el_nombre_de_una_cuenta_inactiva_no_se_da() {
@@ -182,7 +181,6 @@ private slots:
         QCOMPARE(s.cnt.nom_cuenta("110510"), QString());
         i.espere("La cuenta NIIF 111005 está inactiva.");
         QCOMPARE(s.cnt.nom_cuenta_niif("111005"), QString());
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void la_cuenta_superior_sale_de_la_estructura_exista_o_no() {
@@ -223,7 +221,6 @@ private slots:
             QCOMPARE(s.cnt.nom_centro(c.proyecto), QString(c.nombre));
             QCOMPARE(s.cnt.nom_subcentro(c.proyecto, c.centro), QString(c.subnombre));
             QCOMPARE(s.cnt.valide_centro(c.proyecto, c.centro), c.vale);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
     }
 
@@ -283,7 +280,6 @@ private slots:
             QVERIFY(s.art.valide_articulo("MART01"));
             i.espere("Código no encontrado");
             QVERIFY(!s.art.valide_articulo("NO'HAY"));
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }
         QCOMPARE(s.art.desc_articulo("MART01"), QString("Martillo"));
         QCOMPARE(s.art.desc_articulo("NOHAY"), QString());

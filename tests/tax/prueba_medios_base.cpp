@@ -21,10 +21,8 @@ private slots:
     void cada_linea_va_a_un_solo_concepto();
     void una_companera_compartida_sigue_al_comprobante();
     void cada_naturaleza_toma_lo_suyo();
-    void el_movimiento_sin_tercero_es_del_comprobante_y_el_saldo_no();
     void los_ajustes_que_no_se_incluyen_se_dicen();
     void las_cuantias_menores_se_juntan_sin_perder_un_peso();
-    void los_saldos_incluyen_los_iniciales();
     void lo_que_nadie_toma_y_lo_incompleto_se_dice();
 
 private:
@@ -162,25 +160,6 @@ void PruebaMediosBase::cada_naturaleza_toma_lo_suyo() {
              QString());
 }
 
-void PruebaMediosBase::el_movimiento_sin_tercero_es_del_comprobante_y_el_saldo_no() {
-    base().ejecute("delete from comprobante_detalle");
-    base().ejecute("delete from saldos_iniciales");
-    grabe(base(), {901,
-                   "000901",
-                   "20180310",
-                   {{1, "413505", 0, 500}, {2, "240805", 0, 95}, {3, "130505", 595, 0}}});
-    base().ejecute("update comprobante_encabezado set terc_nit = '900123456' where enco_consec ="
-                   " 901");
-    concepto(1, 10078, 4001, "C");
-    cuentas(1, {"41", "", ""});
-    concepto(2, 10087, 1315, "D");
-    cuentas(2, {"13", "", ""});
-    base().ejecute("execute procedure medio_1007_v8('20180101', '20181231')");
-    base().ejecute("execute procedure medio_1008_v7('20180101', '20181231')");
-    QCOMPARE(filas(10078, "memg_nit, memg_pago"), QStringList("900123456|500"));
-    QCOMPARE(filas(10087, "memg_nit, memg_pago"), QStringList("|595"));
-}
-
 void PruebaMediosBase::los_ajustes_que_no_se_incluyen_se_dicen() {
     base().ejecute("delete from comprobante_detalle");
     grabe(base(),
@@ -220,21 +199,6 @@ void PruebaMediosBase::las_cuantias_menores_se_juntan_sin_perder_un_peso() {
     QCOMPARE(filas(10078, "memg_nit, memg_tipodoc, memg_razonsocial, memg_pago"),
              (QStringList{"222222222|43|CUANTIAS MENORES|500", "860002964|31|Banco de Bogotá|1000",
                           "900123456|31|Ferretería El Tornillo S.A.S.|1000"}));
-}
-
-void PruebaMediosBase::los_saldos_incluyen_los_iniciales() {
-    concepto(1, 10097, 2201, "C");
-    cuentas(1, {"22", "", ""});
-    QMap<QString, Moneda> saldo;
-    for (const Renglon& r : renglones(base(), 0, true))
-        if (r.cuenta.startsWith("22") && r.fecha <= "20171231")
-            saldo[r.nit] -= r.neto();
-    base().ejecute("execute procedure medio_1009_v7('20170101', '20171231')");
-    QStringList texto;
-    for (auto i = saldo.begin(); i != saldo.end(); ++i)
-        if (al_peso(i.value()))
-            texto << i.key() + '|' + QString::number(al_peso(i.value()));
-    QCOMPARE(filas(10097, "memg_nit, memg_pago"), texto);
 }
 
 void PruebaMediosBase::lo_que_nadie_toma_y_lo_incompleto_se_dice() {

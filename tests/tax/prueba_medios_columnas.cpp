@@ -11,9 +11,9 @@ namespace {
 
 const QStringList kCuentas{"510506", "511010", "513535", "519530", "511570", "530515", "143505",
                            "152405", "620505", "516005", "236515", "236525", "236540", "236705",
-                           "236605", "240805", "240810", "246805", "413505", "417505", "421005",
-                           "135515", "135517", "135518", "130505", "139905", "220505", "310505",
-                           "111005", "120505", "239999"};
+                           "236605", "236575", "531520", "240805", "240810", "246805", "413505",
+                           "417505", "421005", "135515", "135517", "135518", "130505", "139905",
+                           "220505", "310505", "111005", "120505", "239999"};
 const QStringList kNits{"", "900123456", "800456789", "52345678", "860002964", "444555666"};
 
 struct Renglon {
@@ -32,11 +32,11 @@ struct Configurado {
     std::array<QString, 8> cuenta;
 };
 
-enum Columna { Pago, PagoNd, Iva, IvaNd, Retencion, Comun, Simple, NoDom, Cree, CreeAs, kColumnas };
+enum Columna { Pago, PagoNd, Iva, IvaNd, Ret, Asum, Comun, Simple, NoDom, Cree, CreeAs, kColumnas };
 using Importes = std::array<Moneda, kColumnas>;
 const char* const kNombres =
-    "memg_pago, memg_pagond, memg_iva, memg_ivand, memg_retencion, memg_retivacomun, "
-    "memg_retivasimp, memg_retivand, memg_retcree, memg_rasumc";
+    "memg_pago, memg_pagond, memg_iva, memg_ivand, memg_retencion, memg_reteasum, "
+    "memg_retivacomun, memg_retivasimp, memg_retivand, memg_retcree, memg_rasumc";
 
 qint64 al_peso(Moneda m) {
     const qint64 u = m.unidades();
@@ -72,11 +72,14 @@ private:
     bool entra(const Renglon& r) const {
         return r.fecha <= "20171231" && (saldo() || (r.fecha >= "20170101" && !r.cierre));
     }
+    /// El papel 8 es la retención asumida: está en la cuenta del valor, con su naturaleza.
     QVector<int> mejores(const QString& cuenta, int papel) const {
         QVector<int> lista;
         qsizetype largo = 1;
         for (int i = 0; i < filas_.size(); ++i) {
-            const QString& suya = filas_[i].cuenta[papel];
+            if ((papel == 1 || papel == 8) && (filas_[i].natur == "A") != (papel == 8))
+                continue;
+            const QString& suya = filas_[i].cuenta[papel == 8 ? 1 : papel];
             if (suya.size() < largo || !cuenta.startsWith(suya))
                 continue;
             if (suya.size() > largo)
@@ -87,7 +90,7 @@ private:
         return lista;
     }
     Moneda& celda(const Configurado& c, const QString& nit, int columna) {
-        const bool sin_tercero = codigo_ == 1011;
+        const bool sin_tercero = codigo_ == 1011 || codigo_ == 1004;
         return importes_[c.concepto + '|' + (sin_tercero ? QString() : nit)][columna];
     }
     void valor(const Renglon& r) {
@@ -104,9 +107,10 @@ private:
                               : c.natur == "C"                   ? -r.neto()
                                                                  : r.neto();
         if (regla_ == 'B') {
-            celda(c, nit, Retencion) += cuenta;
+            celda(c, nit, Ret) += cuenta;
             if (!solo_uno || !cuenta.es_cero())
-                celda(c, nit, Pago) += r.debito.es_cero() ? -r.base : r.base;
+                celda(c, nit, Pago) +=
+                    r.debito.es_cero() == (c.natur == "C" || c.natur == "R") ? r.base : -r.base;
         } else {
             const bool aparte = c.natur == "I" || (codigo_ == 1001 && !r.descontable);
             celda(c, nit, aparte ? PagoNd : Pago) += cuenta;
@@ -117,9 +121,10 @@ private:
             declaraciones_.insert(r.id);
     }
     void companeras(const Renglon& r) {
-        for (int papel = 2; papel <= 7; ++papel) {
+        for (int papel = 2; papel <= 8; ++papel) {
             const auto candidatas = mejores(r.cuenta, papel);
-            const bool al_debito = papel == 3 || papel == 5 || (papel == 2 && segunda_ == 'D');
+            const bool al_debito =
+                papel == 3 || papel == 5 || papel == 8 || (papel == 2 && segunda_ == 'D');
             const Moneda valor = al_debito ? r.neto() : -r.neto();
             const Configurado* primera = nullptr;
             const Configurado* propia = nullptr;
@@ -136,11 +141,14 @@ private:
             if (!primera || (!propia && valor <= Moneda()) ||
                 (iva() && declaraciones_.contains(r.id)))
                 continue;
-            celda(propia ? *propia : *primera, r.de_quien(), columna(papel, r.de_quien())) += valor;
+            const Configurado& suyo = propia ? *propia : *primera;
+            celda(suyo, r.de_quien(), columna(papel, r.de_quien())) += valor;
+            if (papel == 8) // lo asumido no es practicado
+                celda(suyo, r.de_quien(), Ret) -= valor;
         }
     }
     int columna(int papel, const QString& nit) const {
-        static const int fijas[] = {0, 0, Retencion, Iva, 0, IvaNd, Cree, CreeAs};
+        static const int fijas[] = {0, 0, Ret, Iva, 0, IvaNd, Cree, CreeAs, Asum};
         if (papel != 4)
             return fijas[papel];
         return extranjeros.contains(nit) ? NoDom : simplificados.contains(nit) ? Simple : Comun;
@@ -205,6 +213,15 @@ void PruebaMediosColumnas::arme_libro() {
          "(9002, 1011601, '421005')",
          "insert into mediosmag_cuentas (mmcu_cons, mmcu_item, mmcu_cuenta) values "
          "(9003, 1011602, '4135')",
+         // Los dos formatos que se siembran sin conceptos.
+         "insert into configura_mediosmag (come_item, come_respuesta, come_formato, come_natur) "
+         "values (9026, '2302', 10026, 'R')",
+         "insert into configura_mediosmag (come_item, come_respuesta, come_formato, come_natur) "
+         "values (9046, '8303', 10046, 'D')",
+         "insert into mediosmag_cuentas (mmcu_cons, mmcu_item, mmcu_cuenta) values "
+         "(9004, 9026, '2365')",
+         "insert into mediosmag_cuentas (mmcu_cons, mmcu_item, mmcu_cuenta, mmcu_ctartf) values "
+         "(9005, 9046, '5305', '5115')",
          "update configura_mediosmag set come_minimo = 0"});
     QRandomGenerator azar = azar_de_prueba(20171231);
     const auto al_azar = [&azar](const QStringList& lista) {
@@ -233,7 +250,7 @@ void PruebaMediosColumnas::arme_libro() {
     for (int i = 1; i <= 10; ++i)
         base().ejecute("insert into saldos_iniciales (sain_item, cuen_cod, terc_nit, sain_debito, "
                        "sain_credito) values (?, ?, ?, ?, 17)",
-                       {Valor(i), Valor(kCuentas[24 + i % 6]),
+                       {Valor(i), Valor(kCuentas[26 + i % 6]),
                         i % 4 ? Valor(al_azar(kNits.mid(1))) : Valor(), Valor(1000 * i)});
     // Los saldos de las retenciones pasan a la administración: no son retenciones de ella.
     base().ejecute("set generator sec_comprobante to 200");
@@ -308,8 +325,8 @@ void PruebaMediosColumnas::todas_las_columnas_de_los_formatos_sembrados() {
             QStringList columnas;
             for (int i = 0; i < kColumnas; ++i) {
                 // La participación no sale de una cuenta.
-                columnas << QString::number(
-                    partes[2] == "P" && i == Retencion ? 0 : al_peso(importes[i]));
+                columnas << QString::number(partes[2] == "P" && i == Ret ? 0
+                                                                         : al_peso(importes[i]));
                 llenas[i] += columnas.last() != "0";
             }
             if (columnas.count("0") < kColumnas)
@@ -327,7 +344,7 @@ void PruebaMediosColumnas::todas_las_columnas_de_los_formatos_sembrados() {
         QCOMPARE(hay.join('\n'), esperado.join('\n'));
         formatos << f;
     }
-    QCOMPARE(formatos.size(), 14);
+    QCOMPARE(formatos.size(), 16);
     for (int i = 0; i < kColumnas; ++i)
         QVERIFY2(llenas[i] > 2, qPrintable(QString("columna %1").arg(i)));
 }
@@ -345,7 +362,8 @@ void PruebaMediosColumnas::juntar_las_cuantias_menores_conserva_cada_columna() {
         QStringList sumas;
         for (const char* columna :
              {"memg_pago", "memg_pagond", "memg_iva", "memg_ivand", "memg_retencion",
-              "memg_retivacomun + memg_retivasimp + memg_retivand", "memg_retcree", "memg_rasumc"})
+              "memg_reteasum", "memg_retivacomun + memg_retivasimp + memg_retivand", "memg_retcree",
+              "memg_rasumc"})
             sumas << QString("sum(%1)").arg(columna);
         return filas_de(base(), "select memg_formato, memg_concepto, " + sumas.join(", ") +
                                     " from medios_magneticos_datos group by 1, 2 order by 1, 2");
@@ -369,7 +387,8 @@ void PruebaMediosColumnas::juntar_las_cuantias_menores_conserva_cada_columna() {
                       "memg_pago + memg_pagond < " +
                           minimo +
                           " and memg_retencion = 0 and memg_retivacomun = 0 and memg_retivasimp = "
-                          "0 and memg_retivand = 0 and memg_retcree = 0 and memg_rasumc = 0"),
+                          "0 and memg_retivand = 0 and memg_retcree = 0 and memg_rasumc = 0 and "
+                          "memg_reteasum = 0"),
              QString());
 }
 
@@ -446,7 +465,19 @@ void PruebaMediosColumnas::el_cuadre_compara_cada_columna_y_dice_lo_digitado_a_m
                    "000901",
                    "20170310",
                    {{1, "143505", 1000, 0, "800456789"}, {2, "236540", 0, 25, "800456789"}}});
+    // Un servicio al que se le asumió la retención: es un gasto propio, no lo que se le pagó.
+    cree_cuentas({"513535", "236525", "531520"});
+    grabe(base(), {902,
+                   "000902",
+                   "20170311",
+                   {{1, "513535", 500, 0, "900123456"},
+                    {2, "531520", 20, 0, "900123456"},
+                    {3, "236525", 0, 20, "900123456"}}});
     base().ejecute("execute procedure medio_1001_v9('20170101', '20171231')");
+    QCOMPARE(filas(10019, "memg_concepto, memg_pago, memg_retencion, memg_reteasum"),
+             QString("5004|500|0|20\n5007|1000|25|0"));
+    base().ejecute("delete from comprobante_detalle where enco_consec = 902");
+    base().ejecute("delete from medios_magneticos_datos where memg_concepto = 5004");
     const QString cuadre =
         "select concepto, nombre, archivo, libro, diferencia from cuadre_medio(10019, '2017', "
         "'20170101', '20171231')";

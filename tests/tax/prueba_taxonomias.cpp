@@ -78,8 +78,6 @@ void PruebaTaxonomias::una_taxonomia_nueva_se_digita_y_se_borra_entera() {
     QCOMPARE(s.dato("select list(taxe_id || '.' || taxd_item || ' ' || taxd_nombre) from "
                     "taxonomia_detalle where taxo_id = 2"),
              QString("1.1 Activo,1.2 Caja,1.3 Bancos"));
-    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
-        arbol->grab().save(deja + "/Tfmodtaxonom.png");
     oprima(Qt::Key_Escape);
     agote_eventos();
     Interlocutor i;
@@ -148,8 +146,6 @@ void PruebaTaxonomias::se_imprime_con_la_plantilla_que_se_puede_disenar() {
     oprima(Qt::Key_F8);
     QVERIFY(p->Panel->isVisible());
     p->EFecIni->fecha(QDate(2018, 12, 31));
-    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
-        p->grab().save(deja + "/Tfmodtaxonom_imprime.png");
     QString texto = informe_como_texto(p, Qt::Key_F2);
     for (const char* dato :
          {"Compañía de Pruebas S.A.S.", "Saldos a: 31/12/2018", "2018", "2017",
@@ -233,8 +229,6 @@ void PruebaTaxonomias::supersociedades_calcula_las_dos_secciones() {
     QCOMPARE(p->CImptaxr->RecordCount(), 8);
     QCOMPARE(p->DBGridEh1->nombre_archivo + p->DBGridEh2->nombre_archivo,
              QString("BalanPruebaBalanPrueba"));
-    if (const QString deja = qEnvironmentVariable("QUORVEX_PDF"); !deja.isEmpty())
-        p->grab().save(deja + "/Tfsupersociedades.png");
 }
 
 QTEST_MAIN(PruebaTaxonomias)

@@ -526,7 +526,7 @@ private slots:
         QCOMPARE(p.area->activeSubWindow()->size(), QSize(500, 400));
     }
 
-    void el_menu_de_botones_se_maneja_con_flechas_y_enter() {
+    void el_menu_de_botones_se_maneja_con_flechas_letras_y_enter() {
         Principal p;
         auto* menu = new MenuBotones("Tfmnucuentas", "Cuentas");
         menu->opcion("BitBtn1", "Plan Dec.2649", "", [] { pasos << "2649"; });
@@ -539,6 +539,11 @@ private slots:
         QTest::keyClick(oprimible(*menu, "BitBtn2"), Qt::Key_Return);
         QTest::keyClick(oprimible(*menu, "BitBtn2"), Qt::Key_Up);
         QTest::keyClick(primero, Qt::Key_Space);
+        QTest::keyClick(primero, 'p');
+        QVERIFY(oprimible(*menu, "BitBtn2")->hasFocus());
+        QTest::keyClick(oprimible(*menu, "BitBtn2"), 'x'); // ninguna empieza así
+        QTest::keyClick(oprimible(*menu, "BitBtn2"), 'P');
+        QVERIFY(primero->hasFocus());
         QCOMPARE(saque(), (QStringList{"NIIF", "2649"}));
         QTest::keyClick(primero, Qt::Key_Escape);
         QVERIFY(p.escritorio.abiertas().isEmpty());

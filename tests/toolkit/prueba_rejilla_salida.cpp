@@ -3,6 +3,7 @@
 
 #include "apoyo/archivos.h"
 #include "apoyo_gui/interlocutor.h"
+#include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/rejilla/tabla_rejilla.h"
 #include "toolkit/rejilla/texto_tabulado.h"
@@ -280,15 +281,28 @@ private slots:
     void la_vista_preliminar_imprime_la_rejilla() {
         RejillaDePrueba p(120);
         p.rejilla->titulo_impreso = "Comprobante a %[Today]";
+        const QTemporaryDir carpeta;
+        const QString pdf = carpeta.filePath("lineas.pdf");
         Interlocutor i;
         int paginas = 0;
         i.espere_modal("vista_preliminar", [&](QWidget* w) {
             auto* vista = w->findChild<QPrintPreviewWidget*>();
             vista->updatePreview();
             paginas = vista->pageCount();
-            w->close();
+            i.espere_modal("", [&](QWidget* dialogo) {
+                dialogo->findChild<QLineEdit*>("filename")->setText(pdf);
+                static_cast<QDialog*>(dialogo)->accept();
+            });
+            for (QAction* a : w->findChildren<QAction*>())
+                if (a->text() == "Print" || a->text() == "Imprimir")
+                    a->trigger();
         });
+        QString aviso;
+        diga_salidas([&](const QString& texto) { aviso = texto; });
         p.rejilla->ejecute_orden(Rejilla::VistaPreliminar);
+        diga_salidas({});
+        QCOMPARE(aviso, "Grabado en " + pdf);
+        QVERIFY(QFileInfo(pdf).size() > 1000);
         QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
         QVERIFY(paginas >= 2);
     }

@@ -1,6 +1,7 @@
 #pragma once
 // Un contador que solo usa el teclado, sobre la pantalla de comprobantes.
 #include "apoyo_gui/interlocutor.h"
+#include "apoyo_gui/peticiones.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/controles/casilladato.h"
@@ -43,6 +44,13 @@ struct Digitador {
         s.dm.cargue_configuracion();
     }
     Tfmovimien* abra() { return p = s.abra<Tfmovimien>("Tfmovimien"); }
+    /// Con el encabezado puesto y el cursor en la primera línea.
+    Tfmovimien* abra(const QString& tipo, const QString& dia, const QString& concepto) {
+        abra();
+        encabezado(tipo, dia, concepto);
+        entre_a_la_rejilla();
+        return p;
+    }
 
     /// Encabezado: tipo, día y concepto, desde la lista de tipos.
     void encabezado(const QString& tipo, const QString& dia, const QString& concepto) {
@@ -99,12 +107,10 @@ struct Digitador {
 struct Empezado {
     SesionGui s;
     Digitador d{s};
-    Tfmovimien* p = d.abra();
+    Tfmovimien* p;
 
-    Empezado(const QString& tipo, const QString& dia, const QString& concepto) {
-        d.encabezado(tipo, dia, concepto);
-        d.entre_a_la_rejilla();
-    }
+    Empezado(const QString& tipo, const QString& dia, const QString& concepto)
+        : p(d.abra(tipo, dia, concepto)) {}
 };
 
 /// Líneas a las que les falta algo y lo que se dice al dejarlas: en un comprobante y en una
@@ -122,6 +128,42 @@ inline const LineaIncompleta kLineasIncompletas[] = {
     {{"413505", "", "0002", "", "", "", "", "", "", "5"},
      "Debe indicar un Proyecto-Centro para el movimiento."},
 };
+
+inline Tfedtmovimien* abra_edicion(SesionGui& s, int id) {
+    return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{QString::number(id)});
+}
+
+/// Lo que se contesta antes de que una plantilla reemplace lo digitado.
+inline const QString kTraePlantilla =
+    "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?";
+
+/// Una plantilla puesta por SQL: encabezado y pares cuenta:débito:crédito en el libro dado.
+inline void ponga_plantilla(SesionGui& s, int id, const QString& tipo, const QString& prefijo,
+                            const QString& concepto, const QString& refer,
+                            const QStringList& lineas = {}, const QString& sufijo = {}) {
+    Conexion& b = s.base.base();
+    if (sufijo.isEmpty())
+        b.ejecute("insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto, "
+                  "plan_refer, plan_usuario) values (?, ?, ?, ?, ?, 'OTRO')",
+                  {Valor(id), Valor(tipo), Valor(prefijo), Valor(concepto), Valor(refer)});
+    int item = 0;
+    for (const QString& l : lineas) {
+        const QStringList x = l.split(':');
+        b.ejecute("insert into plantilla_detalle" + sufijo +
+                      " (plan_id, plde_item, cuen_cod, plde_debitos, plde_creditos, plde_base, "
+                      "plde_porc) values (?, ?, ?, ?, ?, 0, 0)",
+                  {Valor(id), Valor(++item), Valor(x[0]), Valor(Moneda::de_texto(x[1])),
+                   Valor(Moneda::de_texto(x[2]))});
+    }
+}
+
+/// Una plantilla que se escoge en la lista abierta desde el menú.
+inline void escoja_sin_que_la_pidan(const QString& id) {
+    registre_testigo("TfOtra");
+    Pantalla* otra = pantallas().abrir("TfOtra");
+    otra->ofrezca<PidePlantilla>(id);
+    otra->close();
+}
 
 /// Un comprobante puesto por SQL: encabezado y pares cuenta:débito:crédito en el libro dado.
 inline void ponga_comprobante(SesionGui& s, int id, const QString& numero, const QString& fecha,

@@ -1,10 +1,12 @@
 // Búsqueda de comprobantes y comprobantes de un tercero: filtros, teclas y borrado.
 #include "apoyo/comprobantes.h"
+#include "apoyo/reloj_de_prueba.h"
 #include "vouchers/digitador.h"
 #include "vouchers/tfbuscomproba.h"
 #include "vouchers/tfcomproterc.h"
 
 #include <QCheckBox>
+#include <QMenu>
 
 namespace {
 
@@ -123,6 +125,8 @@ private slots:
         QVERIFY(!resultado(p).Active()); // no busca hasta que se le pide
         // Con un tipo escogido entran las dos fechas, la trece incluida, y manda la más reciente.
         escoja(p, "Comprobante general");
+        oprima(Qt::Key_Return); // sobre la lista, también busca
+        QVERIFY(resultado(p).Active());
         busque(p);
         QCOMPARE(columna(p, "ENCO_CONSEC"), "3,2,1");
         QVERIFY(p->DBGridEh1->ReadOnly && p->DBGridEh1->orden_local);
@@ -343,7 +347,6 @@ private slots:
             i.espere(pregunta, respuesta);
             ubique(p, "ENCO_CONSEC", 2);
             oprima(Qt::Key_F3);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(i.vistos(), QStringList({"Tfimprcomproba", pregunta}));
         }
         QCOMPARE(impresos, QStringList({"2", "2", "2"}));
@@ -444,6 +447,48 @@ private slots:
                  s.dato("select tido_nomlargo from tipo_documento where tido_cod = 31") +
                  " para borrar el comprobante");
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado where enco_consec = 1"), "1");
+    }
+
+    void el_movimiento_de_un_tercero_se_imprime_y_se_copia_desde_cualquier_pagina() {
+        const RelojDetenido hoy({2017, 5, 15});
+        SesionGui s("AUXILIAR");
+        Digitador d(s);
+        d.configure("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS", "SI");
+        ponga_encabezados(s);
+        ponga_movimiento(s);
+        auto* p = s.abra<Tfcomproterc>("Tfcomproterc", AbreComprobantesTercero{"900123456", {}});
+        for (Rejilla* r : {p->DBGridEh2, p->DBGridEh1, p->DBGridEh3}) {
+            QStringList ordenes;
+            for (const QAction* a : r->findChild<QMenu*>("menu_rejilla")->actions())
+                ordenes << a->text();
+            ordenes.removeAll(QString());
+            QCOMPARE(ordenes.join('|').remove('&'),
+                     "Copiar|Selecccionar todo|Imprimir|Guardar selección|Duplicar "
+                     "comprobante\tCtrl+D|Reversar comprobante\tCtrl+I");
+        }
+        ubique(p, "ID", 7, "DBGridEh2");
+        Interlocutor i;
+        i.espere_modal("vista_preliminar", [](QWidget* w) { w->close(); });
+        p->DBGridEh2->ejecute_orden(Rejilla::Imprimir);
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        QVERIFY(p->DBGridEh1->hasFocus());
+        i.espere("Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, que reversa en "
+                 "los dos libros RC 0002 000021. Desea continuar?",
+                 "No");
+        oprima(Qt::Key_I, Qt::ControlModifier);
+        i.espere("Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, que repite en "
+                 "los dos libros RC 0002 000021. Desea continuar?",
+                 "Sí");
+        for (size_t n = 0; n < std::size(kEncabezados); ++n) // sus ids ya no están libres
+            s.base.ejecute({"execute procedure cambie_id_comproba"});
+        oprima(Qt::Key_D, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select enco_fecha || ' ' || enco_concepto from comprobante_encabezado "
+                        "where enco_consec = (select max(enco_consec) from "
+                        "comprobante_encabezado)"),
+                 "20170515 Abono de cliente");
+        s.escritorio.activa()->close();
+        QCOMPARE(resultado(p).FieldByName("ID").texto(), "7"); // la lista sigue en él
     }
 
     void entre_cien_mil_comprobantes_el_primer_paquete_llega_de_una_vez() {

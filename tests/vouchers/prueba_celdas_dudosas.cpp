@@ -10,9 +10,7 @@ private slots:
     void un_importe_con_dos_lecturas_se_rehusa_por_su_titulo() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea({"110505"});
         const struct {
             int columna;
@@ -65,9 +63,7 @@ private slots:
         SesionGui s;
         Digitador d(s);
         d.configure("GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES", "0");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea({"236540", "900123456"});
         d.rejilla().SelectedIndex(LineasLibro::kBase);
         d.linea({"1000"});
@@ -144,8 +140,7 @@ private slots:
         ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
         s.base.ejecute({"update comprobante_detalle set cuen_cod = '220505', terc_nit = "
                         "'800456789', doco_vence = '20170415' where code_item = 1"});
-        auto* p =
-            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        Tfedtmovimien* p = abra_edicion(s, 1);
         Rejilla& r = *p->lineas_2649->rejilla;
         r.setFocus();
         oprima(Qt::Key_Home, Qt::ControlModifier);
@@ -159,7 +154,7 @@ private slots:
         s.base.ejecute({"update comprobante_detalle set doco_vence = null"});
         p->CMovimiento.CancelUpdates();
         p->close();
-        p = qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        p = abra_edicion(s, 1);
         p->lineas_2649->rejilla->setFocus();
         QCOMPARE(p->lineas_2649->rejilla->SelectedIndex(), int(LineasLibro::kCuenta));
         QCOMPARE(p->CDetalle.FieldByName("CUEN_COD").texto(), QString("220505"));
@@ -176,9 +171,7 @@ private slots:
         SesionGui s;
         Digitador d(s);
         ListaFalsa<PideArticulo> articulos("Tfarticulos");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea({"143505"});
         QVERIFY(p->GroupBox2->isVisible());
         componente<QPushButton>(p, "SpeedButton6").click();
@@ -231,18 +224,12 @@ private slots:
     void una_plantilla_que_otro_borro_no_trae_la_primera() {
         SesionGui s;
         Digitador d(s);
-        s.base.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
-                        "plan_concepto) values (3, 'CG', '0001', 'Arriendo')",
-                        "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, "
-                        "plde_debitos) values (3, 1, '240805', 40)"});
+        ponga_plantilla(s, 3, "CG", "0001", "Arriendo", "", {"240805:40:0"});
         ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.asiento("110505", "310505", "10");
         Interlocutor i;
-        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
-                 "Continuar?",
-                 "Sí");
+        i.espere(kTraePlantilla, "Sí");
         i.espere("La plantilla 8 ya no existe: otro usuario la borró.");
         oprima(Qt::Key_F11);
         plantillas.conteste("8");
@@ -255,13 +242,9 @@ private slots:
         SesionGui s;
         Digitador d(s);
         registre_testigo("Tfnvacuenta");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
-        Interlocutor i;
-        i.espere("La cuenta especificada no existe. Desea Crearla?", "Sí");
-        d.linea({"110599"});
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        Tfmovimien* p = d.abra("CG", "05", "x");
+        dice([&] { d.linea({"110599"}); }, "La cuenta especificada no existe. Desea Crearla?",
+             "Sí");
         Pantalla* ficha = s.escritorio.activa();
         QCOMPARE(ficha->objectName(), QString("Tfnvacuenta"));
         ficha->close(); // sin crearla
@@ -270,9 +253,7 @@ private slots:
         d.linea({"10"});
         const char* mensaje = "La cuenta 110599 no existe. Regístrela o escoja otra.";
         for (const auto tecla : {Qt::Key_Down, Qt::Key_F2}) {
-            i.espere(mensaje);
-            oprima(tecla);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+            dice([&] { oprima(tecla); }, mensaje);
             QVERIFY(p->CDetalle.editando());
         }
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));

@@ -179,9 +179,7 @@ private slots:
         p->CMovimiento.CancelUpdates();
         p->close();
         d.configure("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS", "SI");
-        p = d.abra();
-        d.encabezado("CG", "01", "y");
-        d.entre_a_la_rejilla();
+        p = d.abra("CG", "01", "y");
         d.linea({"110505", "", "", "", "", "", "", "", "", "70"});
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select count(*) from comprobante_detalle"), "1");
@@ -285,7 +283,13 @@ private slots:
         deje_provisional("000009");
         {
             Interlocutor i;
-            i.espere(texto, ""); // cerrado de otro modo: se queda en navegación
+            // La pregunta sale con su ventana a la vista; cerrada de otro modo, queda en
+            // navegación.
+            i.espere_modal("dialogo", [&](QWidget* w) {
+                QVERIFY(s.escritorio.abierta("Tfmovimien")->isVisible());
+                QCOMPARE(qobject_cast<QMessageBox*>(w)->text(), QString(texto));
+                QTest::keyClick(w, Qt::Key_Escape);
+            });
             Tfmovimien* p = d.abra();
             QCOMPARE(int(p->CMovimiento.State()), int(Estado::Navegacion));
             i.espere("Desea salir del comprobante y perder los movimientos que no ha grabado?",
@@ -378,9 +382,7 @@ private slots:
              "insert into activos_fijos (acfj_cod, acfj_desc) values ('MUEB1', 'Escritorio')"});
         registre_testigo("Tfarticulos");
         ListaFalsa<PideActivo> activos("Tfactivos");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea({"130505"});
         QVERIFY(p->GroupBox1->isVisible() && p->Etidocart->hasFocus());
         QCOMPARE(d.celda("DOCO_VENCE"), "20170515");

@@ -28,9 +28,7 @@ QString celda(Tfmovimien* p, const char* campo) {
 }
 /// Un comprobante nuevo, con el foco en su rejilla.
 Tfmovimien* comprobante(Digitador& d, const char* concepto) {
-    Tfmovimien* p = d.abra();
-    d.encabezado("CG", "05", concepto);
-    d.entre_a_la_rejilla();
+    Tfmovimien* p = d.abra("CG", "05", concepto);
     return p;
 }
 

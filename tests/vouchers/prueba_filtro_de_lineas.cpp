@@ -4,20 +4,27 @@
 
 namespace {
 
-struct Filtrado : Digitador {
-    using Digitador::Digitador;
+/// Enciende el filtro y escribe la condición de la columna, desde su primera fila.
+void filtre(PantallaComprobante& p, int columna, const QString& condicion) {
+    Rejilla& r = *p.lineas_2649->rejilla;
+    p.ckFiltro->setChecked(true);
+    r.setFocus();
+    oprima(Qt::Key_Home, Qt::ControlModifier);
+    r.SelectedIndex(columna);
+    oprima(Qt::Key_Up);
+    QVERIFY(r.en_fila_de_filtro());
+    oprima(Qt::Key_A, Qt::ControlModifier); // reemplaza la condición que hubiera
+    digite(condicion);
+    oprima(Qt::Key_Return);
+}
 
-    /// Enciende el filtro y escribe la condición de la columna, desde su primera fila.
-    void filtre(int columna, const QString& condicion) {
-        p->ckFiltro->setChecked(true);
-        rejilla().setFocus();
-        oprima(Qt::Key_Home, Qt::ControlModifier);
-        rejilla().SelectedIndex(columna);
-        oprima(Qt::Key_Up);
-        QVERIFY(rejilla().en_fila_de_filtro());
-        oprima(Qt::Key_A, Qt::ControlModifier); // reemplaza la condición que hubiera
-        digite(condicion);
-        oprima(Qt::Key_Return);
+struct Filtrado : Digitador {
+    explicit Filtrado(SesionGui& s) : Digitador(s) {
+        s.base.ejecute(
+            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
+             "values (3, 'CG', '0001', 'Arriendo')",
+             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_debitos, "
+             "plde_creditos) values (3, 1, '240805', 40, 0)"});
     }
     void linea_de_debito(const char* cuenta, const char* valor) {
         linea({cuenta, "", "", "", "", "", "", "", "", valor, "", ""});
@@ -45,7 +52,7 @@ private slots:
         d.linea_de_debito("110505", "500");
         d.linea_de_debito("110505", "10");
         d.linea_de_credito("310505", "10");
-        d.filtre(LineasLibro::kDebito, "<100");
+        filtre(*p, LineasLibro::kDebito, "<100");
         QCOMPARE(p->CDetalle.RecordCount(), 2); // la de 500 no se ve
         oprima(Qt::Key_Down);
         QCOMPARE(p->lineas_2649->Sumadeb->text(), QString("510.00"));
@@ -78,26 +85,15 @@ private slots:
         d.linea_de_debito("110505", "900");
         oprima(Qt::Key_Up); // sin la fila en blanco que quedó al final
         QCOMPARE(p->CDetalle.RecordCount(), 1);
-        p->CDetalle.Cancel();
-        p->CMovimiento.CancelUpdates();
-    }
-
-    void una_linea_nueva_que_el_filtro_ocultaria_sigue_a_la_vista() {
-        SesionGui s;
-        Filtrado d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
-        d.linea_de_debito("110505", "10");
-        d.filtre(LineasLibro::kCuenta, "1105");
+        // Una línea nueva que el filtro ocultaría sigue a la vista; uno puesto después la oculta.
+        filtre(*p, LineasLibro::kCuenta, "1105");
         oprima(Qt::Key_Down);
         oprima(Qt::Key_Down);
         d.rejilla().SelectedIndex(0);
         d.linea_de_credito("310505", "10");
         oprima(Qt::Key_Up);
         QCOMPARE(p->CDetalle.RecordCount(), 2);
-        // Un filtro puesto después sí la oculta.
-        d.filtre(LineasLibro::kCuenta, "110505");
+        filtre(*p, LineasLibro::kCuenta, "110505");
         QCOMPARE(p->CDetalle.RecordCount(), 1);
         p->CMovimiento.CancelUpdates();
     }
@@ -105,29 +101,19 @@ private slots:
     void con_todas_ocultas_esc_todavia_pregunta_y_la_plantilla_las_reemplaza() {
         SesionGui s;
         Filtrado d(s);
-        s.base.ejecute(
-            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
-             "values (3, 'CG', '0001', 'Arriendo')",
-             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_debitos, "
-             "plde_creditos) values (3, 1, '240805', 40, 0)"});
         Tfmovimien* p = d.abra();
         d.encabezado("CG", "05", "x");
         d.asiento("110505", "310505", "10");
-        d.filtre(LineasLibro::kCuenta, "zz");
+        filtre(*p, LineasLibro::kCuenta, "zz");
         QCOMPARE(p->CDetalle.RecordCount(), 0);
-        {
-            Interlocutor i;
-            i.espere(kSalir, "No");
-            p->DBEdit1->setFocus();
-            oprima(Qt::Key_Escape);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
-            QCOMPARE(s.escritorio.abiertas().size(), 1);
-        }
-        ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
         Interlocutor i;
-        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
-                 "Continuar?",
-                 "Sí");
+        i.espere(kSalir, "No");
+        p->DBEdit1->setFocus();
+        oprima(Qt::Key_Escape);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.escritorio.abiertas().size(), 1);
+        ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
+        i.espere(kTraePlantilla, "Sí");
         oprima(Qt::Key_F11);
         plantillas.conteste("3");
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
@@ -137,60 +123,28 @@ private slots:
         p->CMovimiento.CancelUpdates();
     }
 
-    void al_editar_tambien_cuentan_las_ocultas() {
+    void al_editar_tambien_cuentan_las_ocultas_y_la_plantilla_las_reemplaza() {
         SesionGui s;
-        Digitador d(s);
+        Filtrado d(s);
         ponga_comprobante(s, 1, "000021", "20170315",
                           {"110505:500:0", "111005:10:0", "310505:0:510"});
-        auto* p =
-            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
-        QVERIFY(p);
+        auto* p = s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"1"});
         // Quitar el crédito grande y tapar el débito grande: lo que se ve cuadra.
         p->CDetalle.Last();
         p->CDetalle.Edit();
         p->CDetalle.FieldByName("CODE_CREDITO") = Moneda(10);
         p->CDetalle.Post();
-        p->ckFiltro->setChecked(true);
-        p->lineas_2649->rejilla->setFocus();
-        oprima(Qt::Key_Home, Qt::ControlModifier);
-        p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kDebito);
-        oprima(Qt::Key_Up);
-        digite("<100");
-        oprima(Qt::Key_Return);
+        filtre(*p, LineasLibro::kDebito, "<100");
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         Interlocutor i;
         i.espere(kDescuadrado);
         oprima(Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select sum(code_credito) from comprobante_detalle"), QString("510"));
-        p->CMovimiento.CancelUpdates();
-    }
-
-    void al_editar_una_plantilla_reemplaza_tambien_las_ocultas() {
-        SesionGui s;
-        Digitador d(s);
-        s.base.ejecute(
-            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
-             "values (3, 'CG', '0001', 'Arriendo')",
-             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_debitos, "
-             "plde_creditos) values (3, 1, '240805', 40, 0)"});
-        ponga_comprobante(s, 1, "000021", "20170315",
-                          {"110505:500:0", "111005:10:0", "310505:0:510"});
-        auto* p =
-            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
-        QVERIFY(p);
-        p->ckFiltro->setChecked(true);
-        p->lineas_2649->rejilla->setFocus();
-        oprima(Qt::Key_Home, Qt::ControlModifier);
-        p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kCuenta);
-        oprima(Qt::Key_Up);
-        digite("111005");
-        oprima(Qt::Key_Return);
+        p->ckFiltro->setChecked(false);
+        filtre(*p, LineasLibro::kCuenta, "111005");
         QCOMPARE(p->CDetalle.RecordCount(), 1);
-        Interlocutor i;
-        i.espere(
-            "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
-            "Sí");
+        i.espere(kTraePlantilla, "Sí");
         registre_testigo("TfOtra");
         Pantalla* otra = pantallas().abrir("TfOtra");
         otra->ofrezca<PidePlantilla>("3");

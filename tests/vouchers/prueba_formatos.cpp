@@ -445,7 +445,10 @@ private slots:
             lineas << "519530:1000:0";
         lineas << QString("111005:0:%1").arg(kRenglonesEgreso * 1000);
         ponga_comprobante(s, 7, "000020", "20170315", lineas);
-        s.base.ejecute({"update comprobante_encabezado set tico_cod = 'CE', enco_monto = 12000"});
+        s.base.ejecute({"update comprobante_encabezado set tico_cod = 'CE', enco_monto = 12000",
+                        "update comprobante_detalle set proy_cod = '0001', cent_cod = '0002', "
+                        "code_porc = 2.5, cnde_docnumero = 'F 991', doco_vence = '20170430', "
+                        "terc_nit = '52345678' where code_item = 13"});
         const auto imprima = [&] {
             return informe_como_texto(
                 s.abra<Tfimprcomproba>("Tfimprcomproba", AbreComprobante{"7"}), Qt::Key_F2);
@@ -457,7 +460,8 @@ private slots:
         QVERIFY(!hojas[0].contains("Recibí conforme") && !hojas[1].contains("PASAN"));
         for (const char* lleva :
              {"Comercializadora de Prueba", "Comprobante de egreso", "000020", "111005",
-              "$12,000.00", "DOCE MIL", "Recibí conforme: C.C. o NIT", "ADMIN"})
+              "$12,000.00", "DOCE MIL", "Recibí conforme: C.C. o NIT", "ADMIN", "2.50", "F 991",
+              "20170430", "Administración", "Contabilidad", "Peña Gómez"})
             QVERIFY2(hojas[1].contains(QString::fromUtf8(lleva), Qt::CaseInsensitive), lleva);
     }
 

@@ -490,11 +490,20 @@ private slots:
     void la_masiva_muestra_antes_las_hojas_solo_si_la_compania_lo_pide() {
         SesionGui s;
         agregue(s, 3);
+        agregue(s, 3, kId + 1, "000701");
         for (const char* previsualiza : {"SI", "NO"}) {
             s.configure("PREVISUALIZAR IMPRESION DE DOCUMENTOS", previsualiza);
             auto* f = s.abra<Tfimprmascomproba>("Tfimprmascomproba");
             f->CProv.FieldByName("TIPO") = "CG";
             f->Desde->setText("700");
+            f->Hasta->setText("701");
+            // Todo el trabajo se lee de una foto, aunque entre uno y otro alguien corrija.
+            QStringList fotos, conceptos;
+            f->CComproba.BeforeGetRecords = [&] { fotos << fotos_abiertas(s.base.base()); };
+            f->CComproba.AfterOpen = [&] {
+                conceptos << f->CComproba.FieldByName("CONCEPTO").texto();
+                s.base.ejecute({"update comprobante_encabezado set enco_concepto = 'De otro'"});
+            };
             Interlocutor i;
             const bool si = *previsualiza == 'S';
             i.espere_modal("OpcionesImpresion", [=](QWidget* w) {
@@ -504,10 +513,20 @@ private slots:
                     QVERIFY(w->findChild<QRadioButton*>("a_impresora")->isChecked());
                 w->findChild<QPushButton*>(si ? "ok" : "cancelar")->click();
             });
+            QString mientras_lee;
             if (si)
-                i.espere_modal("VistaPreliminar", [](QWidget* w) { w->close(); });
+                i.espere_modal("VistaPreliminar", [&](QWidget* w) {
+                    mientras_lee = fotos_abiertas(s.base.base());
+                    w->close();
+                });
             oprima(Qt::Key_F2);
             QVERIFY(s.escritorio.abiertas().isEmpty()); // cancelar también la cierra
+            if (si) {
+                fotos.removeDuplicates();
+                QCOMPARE(fotos.size(), 1);
+                QCOMPARE(conceptos, QStringList({"Útiles de marzo", "Útiles de marzo"}));
+                QCOMPARE(mientras_lee, QString()); // quien mira las hojas no detiene a nadie
+            }
         }
     }
 
@@ -520,6 +539,7 @@ private slots:
                          Linea{2, "110505", Moneda(), Moneda(50)}};
         grabe(s.base.base(), c);
         const QString decreto = imprima(s, Qt::Key_F2);
+        QVERIFY(!fotos_.isEmpty()); // sus líneas son de un mismo instante
         QVERIFY2(!decreto.contains("Sumas iguales"), qPrintable(decreto));
         QCOMPARE(decreto.section("Sumas", 1).section('\n', 0, 0).simplified(), "700.00 699.99");
         QCOMPARE(decreto.section("descuadrado en", 1).section('\n', 0, 0).simplified(), "0.01");
@@ -560,9 +580,11 @@ private:
         QTemporaryDir carpeta;
         const QString ruta = carpeta.filePath("comprobante.pdf");
         Interlocutor i;
-        i.espere_modal("Tfimprcomproba", [=](QWidget* w) {
+        i.espere_modal("Tfimprcomproba", [&](QWidget* w) {
             w->findChild<QCheckBox*>("ckniif")->setChecked(niif);
-            QTest::keyClick(w->findChild<Pantalla*>("Tfimprcomproba"), Qt::Key(clave));
+            auto* f = w->findChild<Tfimprcomproba*>();
+            f->CComproba.BeforeGetRecords = [&] { fotos_ = fotos_abiertas(s.base.base()); };
+            QTest::keyClick(f, Qt::Key(clave));
         });
         espere_pdf(i, ruta);
         pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
@@ -573,7 +595,8 @@ private:
                 QString("%1/%2_%3.pdf").arg(deja, QTest::currentTestFunction()).arg(++copia_));
         return texto_de_pdf(ruta);
     }
-    QString hoja_; ///< lo que pdfinfo dice del último
+    QString hoja_;  ///< lo que pdfinfo dice del último
+    QString fotos_; ///< las que había mientras se leía
     int copia_ = 0;
 };
 

@@ -91,8 +91,8 @@ private:
     }
 
     void equivoque(LineaPlaneada& l, bool retencion) {
-        const auto mal = [&](int columna, const QStringList& con) {
-            if (una_de(6))
+        const auto mal = [&](int columna, const QStringList& con, int una_de_cada = 6) {
+            if (una_de(una_de_cada))
                 l.primero[columna] = uno(con);
         };
         mal(LineasLibro::kCuenta, {"999999", "1105", "11050", "110510"});
@@ -105,7 +105,7 @@ private:
         if (retencion)
             mal(LineasLibro::kBase, {""});
         if (!l.celdas[LineasLibro::kPorcentaje].isEmpty())
-            mal(LineasLibro::kPorcentaje, {"", "250"});
+            mal(LineasLibro::kPorcentaje, {"", "250"}, 1); // son pocas las que lo digitan
         for (int lado : {LineasLibro::kDebito, LineasLibro::kCredito})
             if (!l.celdas[lado].isEmpty())
                 mal(lado, {"1.250", "12e3"});

@@ -111,8 +111,7 @@ private slots:
         SesionGui s;
         Digitador d(s);
         s.base.ejecute({"update prefijos_conta set pref_numero = '999999' where tico_cod = 'CG'"});
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.asiento("110505", "310505", "10");
         // el último sí se graba; el aviso es del que seguiría
         dice(Qt::Key_F2, "El prefijo 0001 del tipo CG ya usó el 999999, su último número. Registre "
@@ -125,8 +124,7 @@ private slots:
         SesionGui s;
         Digitador d(s);
         s.cnt.periodo_actual = 1;
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.asiento("110505", "310505", "10");
         p->EDia->setFocus();
         p->EDia->clear();

@@ -1,6 +1,9 @@
 // Plantillas: crearlas, corregirlas, buscarlas y traerlas a un comprobante.
+#include "apoyo/reloj_de_prueba.h"
 #include "vouchers/anuncio.h"
+#include "vouchers/borrador_filas.h"
 #include "vouchers/digitador.h"
+#include "vouchers/huerfano.h"
 #include "vouchers/tfbuscplantilla.h"
 #include "vouchers/tfedtplantilla.h"
 #include "vouchers/tfplantilla.h"
@@ -8,25 +11,6 @@
 #include <QClipboard>
 
 namespace {
-
-void ponga_plantilla(SesionGui& s, int id, const QString& tipo, const QString& prefijo,
-                     const QString& concepto, const QString& refer, const QStringList& lineas = {},
-                     const QString& sufijo = {}) {
-    Conexion& b = s.base.base();
-    if (sufijo.isEmpty())
-        b.ejecute("insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto, "
-                  "plan_refer, plan_usuario) values (?, ?, ?, ?, ?, 'OTRO')",
-                  {Valor(id), Valor(tipo), Valor(prefijo), Valor(concepto), Valor(refer)});
-    int item = 0;
-    for (const QString& l : lineas) {
-        const QStringList x = l.split(':');
-        b.ejecute("insert into plantilla_detalle" + sufijo +
-                      " (plan_id, plde_item, cuen_cod, plde_debitos, plde_creditos, plde_base, "
-                      "plde_porc) values (?, ?, ?, ?, ?, 0, 0)",
-                  {Valor(id), Valor(++item), Valor(x[0]), Valor(Moneda::de_texto(x[1])),
-                   Valor(Moneda::de_texto(x[2]))});
-    }
-}
 
 ConjuntoDatos& lista(Pantalla* p) {
     return componente<ConjuntoDatos>(p, "CPlantilla");
@@ -77,18 +61,7 @@ Tfedtplantilla* edite(SesionGui& s, const QString& id) {
     return s.abra<Tfedtplantilla>("Tfedtplantilla", AbrePlantilla{id});
 }
 
-/// Una plantilla que se escoge en la lista abierta desde el menú.
-void escoja_sin_que_la_pidan(const QString& id) {
-    registre_testigo("TfOtra");
-    Pantalla* otra = pantallas().abrir("TfOtra");
-    otra->ofrezca<PidePlantilla>(id);
-    otra->close();
-}
-
 const QString kSalir = "Desea salir de la plantilla y perder los movimientos que no ha grabado?";
-
-const QString kPierde =
-    "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?";
 
 } // namespace
 
@@ -98,6 +71,7 @@ private slots:
     // ------------------------------------------------------------ crear
 
     void una_plantilla_descuadrada_se_graba_en_los_dos_libros_y_sigue_la_proxima() {
+        const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
         SesionGui s;
         Digitador d(s);
         Tfplantilla* p = nueva(s, "Arriendo");
@@ -119,7 +93,22 @@ private slots:
         oprima(Qt::Key_PageDown, Qt::ControlModifier);
         QCOMPARE(p->PageControl1->currentIndex(), 1);
         linea(p, {"111005", "", "", "", "", "", "", "", "", "7"});
+        // El programa muere antes de grabarla: se ofrece al volver, y sigue como iba.
+        const QDir carpeta = deje_huerfano(*p->findChild<BorradorFilas*>());
+        {
+            const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
+            QVERIFY(p->close());
+        }
+        QCOMPARE(borradores(carpeta), QStringList({"huerfano.borrador"}));
+        Interlocutor i;
+        i.espere("Hace un momento quedó una plantilla sin grabar: «Arriendo», con 3 líneas. Desea "
+                 "retomarla?",
+                 "Sí");
+        p = s.abra<Tfplantilla>("Tfplantilla");
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->lineas_2649->Sumadeb->text(), QString("100.00"));
         oprima(Qt::Key_F2);
+        QVERIFY(borradores(carpeta).isEmpty());
         QCOMPARE(s.dato("select tico_cod || prco_pref || plan_concepto || plan_refer || "
                         "plan_usuario from plantilla_encabezado"),
                  "CG0001ArriendoARRADMIN");
@@ -645,7 +634,7 @@ private slots:
         d.entre_a_la_rejilla();
         d.linea({"240805", "", "", "", "", "", "", "", "", "1", "", ""});
         oprima(Qt::Key_F11);
-        dice(Qt::Key_Return, kPierde, "Sí");
+        dice(Qt::Key_Return, kTraePlantilla, "Sí");
         QCOMPARE(p->DBEdit1->text() + p->ERef->text(), "ArriendoARR");
         QCOMPARE(valores_de(p->CDetalle, "CODE_ITEM"), QStringList({"1", "2"}));
         QCOMPARE(valores_de(p->CDetalle, "CODE_CONCEPTO"), QStringList({"línea", "línea"}));
@@ -671,7 +660,7 @@ private slots:
         e->CDetalle.Next();
         e->CDetalle.Next();
         pantallas().abrir("Tfbuscplantilla");
-        dice(Qt::Key_Return, kPierde, "Sí");
+        dice(Qt::Key_Return, kTraePlantilla, "Sí");
         // quedan las de arriba de la actual, y las nuevas repiten sus números
         QCOMPARE(valores_de(e->CDetalle, "CODE_ITEM").join(','), "1,2,1,2");
         QCOMPARE(valores_de(e->CDetalle, "CUEN_COD").join(','), "110505,310505,111005,240805");

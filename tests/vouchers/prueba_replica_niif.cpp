@@ -33,14 +33,9 @@ private slots:
         d.asiento("110505", "310505", "10");
         const char* texto = "La cuenta 310505 (línea 2) no tiene una cuenta NIIF equivalente que "
                             "pueda llevar movimiento: la réplica quedaría descuadrada.";
-        Interlocutor i;
-        i.espere(texto);
-        oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        dice(Qt::Key_F2, texto);
         QCOMPARE(d.celda("CUEN_COD"), QString("310505")); // el cursor quedó en ella
-        i.espere(texto);
-        p->PageControl1->setCurrentIndex(1);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        dice([&] { p->PageControl1->setCurrentIndex(1); }, texto);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         p->PageControl1->setCurrentIndex(0);
         // Con la equivalencia puesta el mismo F2 graba los dos libros.
@@ -85,7 +80,6 @@ private slots:
         digite("900123456");
         oprima(Qt::Key_Return);
         oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(niif(s), QString("130505:10.00:0.00:900123456:1,310505:0.00:10.00::2"));
         QVERIFY(p->CDetalle.IsEmpty());
     }
@@ -96,23 +90,18 @@ private slots:
         ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
         ponga_comprobante(s, 1, "000021", "20170315", {"152405:7:0", "310505:0:7"},
                           "comprobante_detalle_niif");
-        auto* p =
-            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        Tfedtmovimien* p = abra_edicion(s, 1);
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
-        {
-            Interlocutor i;
-            i.espere("Esta seguro de descartar la información de NIIF y reemplazarla por la "
-                     "equivalencia?",
-                     "Sí");
-            componente<QAction>(p, "ReplicaraNIIF1").trigger();
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        }
+        dice([&] { componente<QAction>(p, "ReplicaraNIIF1").trigger(); },
+             "Esta seguro de descartar la información de NIIF y reemplazarla por la "
+             "equivalencia?",
+             "Sí");
         p->lineas_2649->rejilla->setFocus();
         oprima(Qt::Key_F2);
         QCOMPARE(niif(s), QString("110505:100.00:0.00::1,310505:0.00:100.00::2"));
         // Otro día se corrige el 2649: la réplica lo sigue.
-        p = qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        p = abra_edicion(s, 1);
         p->lineas_2649->rejilla->setFocus();
         oprima(Qt::Key_Home, Qt::ControlModifier);
         p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kDebito);
@@ -134,8 +123,7 @@ private slots:
         ponga_comprobante(s, 1, "000021", "20170315", {"152405:7:0", "310505:0:7"},
                           "comprobante_detalle_niif");
         s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '110505'"});
-        auto* p =
-            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        Tfedtmovimien* p = abra_edicion(s, 1);
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
         Interlocutor i;

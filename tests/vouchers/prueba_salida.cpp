@@ -45,21 +45,18 @@ private slots:
             },
         };
         for (const auto& salga : maneras) {
-            Tfmovimien* p = d.abra();
-            d.encabezado("CG", "05", "x");
+            Tfmovimien* p = d.abra("CG", "05", "x");
             d.asiento("110505", "310505", "10");
             {
                 Interlocutor i;
                 espere_salida(i, kSalir, "No");
                 salga(p);
-                QVERIFY2(i.conforme(), qPrintable(i.queja()));
                 QCOMPARE(s.escritorio.abiertas().size(), 1);
                 QCOMPARE(p->CDetalle.RecordCount(), 2);
             }
             Interlocutor i;
             espere_salida(i, kSalir, "Sí");
             salga(p);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(s.escritorio.abiertas().size(), 0);
         }
         // Las del libro NIIF solas también son líneas.
@@ -71,22 +68,19 @@ private slots:
         Interlocutor i;
         espere_salida(i, kSalir, "Sí");
         p->close();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
     }
 
     void sin_nada_que_perder_se_cierra_callado() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.asiento("110505", "310505", "10");
         oprima(Qt::Key_F2);
         QVERIFY(p->close()); // ya quedó grabado: el nuevo no tiene líneas
         QCOMPARE(s.escritorio.abiertas().size(), 0);
-        auto* e = qobject_cast<Tfedtmovimien*>(pantallas().abrir(
-            "Tfedtmovimien",
-            AbreComprobante{s.dato("select enco_consec from comprobante_encabezado")}));
+        Tfedtmovimien* e =
+            abra_edicion(s, s.dato("select enco_consec from comprobante_encabezado").toInt());
         QVERIFY(e->close());
         QCOMPARE(s.escritorio.abiertas().size(), 0);
     }
@@ -95,11 +89,9 @@ private slots:
         SesionGui s;
         Digitador d(s);
         ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
-        d.abra();
-        d.encabezado("CG", "05", "x");
+        d.abra("CG", "05", "x");
         d.asiento("110505", "310505", "10");
-        auto* e =
-            qobject_cast<Tfedtmovimien*>(pantallas().abrir("Tfedtmovimien", AbreComprobante{"1"}));
+        Tfedtmovimien* e = abra_edicion(s, 1);
         e->DBEdit1->setFocus();
         digite("Otro");
         oprima(Qt::Key_Tab);
@@ -124,7 +116,6 @@ private slots:
         QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado"), QString("Concepto"));
         espere_salida(i, kSalir, "Sí");
         QVERIFY(s.escritorio.cierre_todas());
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void un_comprobante_nuevo_y_vacio_no_se_graba_sin_preguntar() {
@@ -141,7 +132,6 @@ private slots:
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         espere_salida(i, vacio, "Sí");
         oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("1"));
     }
 };

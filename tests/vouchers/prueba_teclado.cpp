@@ -11,13 +11,13 @@
 #include "toolkit/controles/memodato.h"
 #include "toolkit/lista_teclas.h"
 #include "vouchers/borrador_vivo.h"
+#include "vouchers/huerfano.h"
 #include "vouchers/letrero_diferencia.h"
 #include "vouchers/panel_documento.h"
 #include "vouchers/tfbuscomproba.h"
 
 #include <QClipboard>
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QTreeWidget>
 
 namespace {
@@ -70,12 +70,53 @@ QString ultimo_copiado(SesionGui& s, const char* detalle) {
                       .arg(detalle));
 }
 
+/// En el monto del encabezado, con su letrero.
+void el_monto_tambien_se_calcula(SesionGui& s, Tfmovimien& p) {
+    p.DBEdit6->setFocus();
+    digite("1250000*19%");
+    const auto letreros = s.ventana.findChildren<QLabel*>("resultado_operacion");
+    QVERIFY(std::any_of(letreros.begin(), letreros.end(), [](const QLabel* l) {
+        return l->isVisible() && l->text() == "= 237,500.00";
+    }));
+    oprima(Qt::Key_Tab);
+    QCOMPARE(p.CMovimiento.FieldByName("ENCO_MONTO").texto(), QString("237500"));
+}
+
+/// En la página NIIF Esc quita la lista sin salir de la pantalla, y el tercero del encabezado tiene
+/// la suya.
+void tambien_se_completa_en_niif_y_en_el_encabezado(SesionGui& s, Digitador& d) {
+    Tfmovimien* p = d.p;
+    p->PageControl1->setCurrentIndex(1);
+    d.entre_a_la_rejilla();
+    digite("11");
+    QVERIFY(sugerencias(s));
+    oprima(Qt::Key_Escape);
+    QVERIFY(!sugerencias(s));
+    QCOMPARE(s.escritorio.activa(), p);
+    QCOMPARE(d.rejilla().texto_digitado(), QString("11"));
+    p->Cdetniif.Cancel();
+    p->PageControl1->setCurrentIndex(0);
+    // El tercero del encabezado también se completa.
+    p->DBEdit2->setFocus();
+    digite("torni");
+    QCOMPARE(codigos(s), QStringList({"900123456"}));
+    oprima(Qt::Key_Escape);
+    QCOMPARE(s.escritorio.activa(), p);
+    QCOMPARE(p->DBEdit2->text(), QString("torni"));
+    digite("l");
+    oprima(Qt::Key_Down);
+    oprima(Qt::Key_Return);
+    QCOMPARE(p->CMovimiento.FieldByName("ENCO_NOMTERC").texto(),
+             QString("Ferretería El Tornillo S.A.S."));
+    QVERIFY(!p->DBEdit2->hasFocus());
+}
+
 } // namespace
 
 class PruebaTeclado : public QObject {
     Q_OBJECT
 private slots:
-    void la_diferencia_va_al_paso_de_cada_tecla() {
+    void la_diferencia_y_lo_que_da_una_operacion_van_al_paso_de_cada_tecla() {
         SesionGui s;
         Digitador d(s);
         Tfmovimien* p = d.abra();
@@ -98,6 +139,7 @@ private slots:
         QCOMPARE(letrero.dice(), QString("Cuadrado"));
         oprima(Qt::Key_Backspace);
         QCOMPARE(letrero.dice(), QString("Falta crédito 213,750.00"));
+        QCOMPARE(p->lineas_2649->SumCred->text(), QString("23,750.00")); // las sumas van con ella
         oprima(Qt::Key_Escape);
         oprima(Qt::Key_Escape); // y de la línea
         QCOMPARE(letrero.dice(), QString("Falta crédito 237,500.00"));
@@ -109,24 +151,16 @@ private slots:
         oprima(Qt::Key_Escape);
         // Cada libro lleva la suya.
         QVERIFY(p->lineas_niif->LabDiferencia->dice().isEmpty());
-        p->CMovimiento.CancelUpdates();
-    }
-
-    void un_importe_se_puede_calcular_y_se_ve_antes_de_tomarlo() {
-        SesionGui s;
-        Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
-        d.linea({"110505", "", "", "", "", "", "", "", ""});
-        digite("1250000*0.19");
+        // Lo que da una operación se ve antes de tomarlo.
+        d.rejilla().SelectedIndex(LineasLibro::kDebito);
+        digite("1250000*0.2");
         auto* muestra = s.ventana.findChild<QLabel*>("resultado_operacion");
         QVERIFY(muestra && muestra->isVisible());
-        QCOMPARE(muestra->text(), QString("= 237,500.00"));
+        QCOMPARE(muestra->text(), QString("= 250,000.00"));
         tome_foto(&s.ventana, "operacion");
         oprima(Qt::Key_Return);
         QVERIFY(!muestra->isVisible());
-        QCOMPARE(d.celda("CODE_DEBITO"), QString("237500"));
+        QCOMPARE(d.celda("CODE_DEBITO"), QString("250000"));
         // Lo que no se puede calcular deja la celda abierta con lo digitado.
         d.rejilla().SelectedIndex(LineasLibro::kDebito);
         digite("100/0");
@@ -136,10 +170,9 @@ private slots:
                  "dividir por cero.");
         oprima(Qt::Key_Return);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QVERIFY(d.rejilla().digitando());
         QCOMPARE(d.rejilla().texto_digitado(), QString("100/0"));
         oprima(Qt::Key_Escape);
-        QCOMPARE(d.celda("CODE_DEBITO"), QString("237500"));
+        QCOMPARE(d.celda("CODE_DEBITO"), QString("250000"));
         // En un porcentaje "%" no es nada: quien digita 19 quiere 19.
         d.rejilla().SelectedIndex(LineasLibro::kPorcentaje);
         i.espere("Se presento el siguiente error: '19%' no es un número para Porc..");
@@ -147,6 +180,8 @@ private slots:
         oprima(Qt::Key_Return);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         oprima(Qt::Key_Escape);
+        p->CDetalle.Cancel();
+        el_monto_tambien_se_calcula(s, *p);
         p->CMovimiento.CancelUpdates();
     }
 
@@ -200,56 +235,30 @@ private slots:
         QCOMPARE(codigos(s), QStringList({"800456789", "811000111"}));
         oprima(Qt::Key_Escape);
         oprima(Qt::Key_Escape);
-        p->CMovimiento.CancelUpdates();
-    }
-
-    void la_lista_de_la_pagina_niif_se_quita_con_esc_sin_salir_de_la_pantalla() {
-        SesionGui s;
-        Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        p->PageControl1->setCurrentIndex(1);
+        p->CDetalle.Cancel();
+        tambien_se_completa_en_niif_y_en_el_encabezado(s, d);
+        // Y "?" pregunta también en el proyecto.
+        ListaFalsa<PideCentro> centros("Tfcentros");
         d.entre_a_la_rejilla();
-        digite("11");
-        QVERIFY(sugerencias(s));
-        oprima(Qt::Key_Escape);
-        QVERIFY(!sugerencias(s));
-        QCOMPARE(s.escritorio.activa(), p);
-        QCOMPARE(d.rejilla().texto_digitado(), QString("11"));
-        p->Cdetniif.Cancel();
+        d.linea({"519530", "", "?"});
+        QCOMPARE(centros.veces(), 1);
+        centros.conteste({"0001", "0001"});
+        QCOMPARE(d.celda("PROY_COD") + d.celda("CENT_COD"), QString("00010001"));
         p->CMovimiento.CancelUpdates();
-    }
-
-    void el_tercero_del_encabezado_tambien_se_completa() {
-        SesionGui s;
-        Digitador d(s);
-        Tfmovimien* p = d.abra();
-        p->DBEdit2->setFocus();
-        digite("torni");
-        QCOMPARE(codigos(s), QStringList({"900123456"}));
-        oprima(Qt::Key_Escape);
-        QCOMPARE(s.escritorio.activa(), p);
-        QCOMPARE(p->DBEdit2->text(), QString("torni"));
-        digite("l");
-        oprima(Qt::Key_Down);
-        oprima(Qt::Key_Return);
-        QCOMPARE(p->CMovimiento.FieldByName("ENCO_NOMTERC").texto(),
-                 QString("Ferretería El Tornillo S.A.S."));
-        QVERIFY(!p->DBEdit2->hasFocus());
     }
 
     void duplicar_y_reversar_desde_editar_buscar_y_el_auxiliar() {
         const RelojDetenido hoy({2017, 5, 15});
-        SesionGui s;
+        SesionGui s("AUXILIAR");
         Digitador d(s);
         registre_pantallas_consulta();
         ponga_comprobante(s, 500, "000500", "20170210", {"110505:1000:0", "310505:0:1000"});
         ponga_comprobante(s, 500, "000500", "20170210", {"110505:900:0", "310505:0:900"},
                           "comprobante_detalle_niif");
-        const QString reversa = "Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, "
-                                "que reversa en los dos libros CG 0001 000500. Desea continuar?";
-        const QString repite = "Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15, "
-                               "que repite en los dos libros CG 0001 000500. Desea continuar?";
+        const QString nuevo_hoy = "Se grabará un comprobante nuevo con la fecha de hoy, "
+                                  "2017/05/15, que %1 en los dos libros CG 0001 000500. Desea "
+                                  "continuar?";
+        const QString reversa = nuevo_hoy.arg("reversa"), repite = nuevo_hoy.arg("repite");
         const auto cuantos = [&] { return s.dato("select count(*) from comprobante_encabezado"); };
         Interlocutor i;
         auto* e = s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"500"});
@@ -291,8 +300,7 @@ private slots:
         QCOMPARE(cuantos(), QString("3"));
         QCOMPARE(ultimo_copiado(s, "comprobante_detalle"),
                  QString("20170515 110505:1000:0,310505:0:1000"));
-        QVERIFY(s.escritorio.activa() != b);
-        s.escritorio.activa()->close();
+        QVERIFY(s.escritorio.activa() != b && s.escritorio.activa()->close());
         b->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         // El auxiliar, en el período del original.
@@ -302,20 +310,12 @@ private slots:
         a->findChild<Rejilla*>("DBGridEh1")->setFocus();
         oprima(Qt::Key_I, Qt::ControlModifier);
         QCOMPARE(cuantos(), QString("4"));
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
-    }
-
-    void sin_el_derecho_de_crear_no_se_copia() {
-        SesionGui s("AUXILIAR");
-        Digitador d(s);
-        ponga_comprobante(s, 500, "000500", "20170210", {"110505:1000:0", "310505:0:1000"});
+        // Sin el derecho de crear no se copia.
         s.niegue(30);
-        s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"500"});
-        Interlocutor i;
-        i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
+        i.espere(kAccesoNegado);
         oprima(Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(cuantos(), QString("4"));
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("1"));
     }
 
     void el_borrador_de_un_programa_muerto_se_ofrece_una_vez() {
@@ -323,36 +323,37 @@ private slots:
         Digitador d(s);
         const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
         Tfmovimien* p = d.abra();
+        const QDir carpeta(p->findChild<BorradorVivo*>()->carpeta());
+        p->close();
+        // Los que no se entienden se ignoran callado.
+        QVERIFY(QDir().mkpath(carpeta.path()));
+        for (const char* contenido : {"", "{\"version\":1}"}) {
+            QFile roto(carpeta.filePath(QString("roto%1.borrador").arg(strlen(contenido))));
+            QVERIFY(roto.open(QIODevice::WriteOnly) && roto.write(contenido) >= 0);
+        }
+        p = d.abra();
         auto* borrador = p->findChild<BorradorVivo*>();
-        const QDir carpeta(borrador->carpeta());
-        const auto borradores = [&] { return carpeta.entryList({"*.borrador"}, QDir::Files); };
         borrador->guarde();
-        QVERIFY(borradores().isEmpty()); // nada se ha digitado
+        QVERIFY(borradores(carpeta).isEmpty()); // nada se ha digitado
         d.encabezado("CG", "17", "Nómina de mayo");
         d.entre_a_la_rejilla();
         d.linea({"110505", "", "", "", "", "", "", "", "", "1000", "", ""});
         d.linea({"310505", "", "", "", "", "", "", "", "", "", "400"}); // sin entrar aún
         borrador->guarde();
-        QCOMPARE(borradores().size(), 1);
         // Otra pantalla del mismo usuario no toca el de la que sigue viva.
         QVERIFY(!BorradorVivo(
                      p->conjuntos(), s.dm.Quorvex.parametros().base + "/ADMIN",
                      [] { return QString(); }, nullptr)
                      .tome_huerfano());
-        // El programa muere: queda el archivo y el candado de nadie.
-        const QString ruta = carpeta.filePath(borradores().first());
-        QVERIFY(QFile::copy(ruta, carpeta.filePath("huerfano.borrador")));
-        QFile candado(carpeta.filePath("huerfano.borrador.candado"));
-        QVERIFY(candado.open(QIODevice::WriteOnly));
-        candado.write("999999999\nquorvex\n" + QSysInfo::machineHostName().toUtf8() + "\n\n\n");
-        candado.close();
+        deje_huerfano(*borrador); // el programa muere
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         {
             const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
             QVERIFY(p->close());
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(borradores(), QStringList({"huerfano.borrador"})); // el que se dejó ya no está
+        QCOMPARE(borradores(carpeta),
+                 QStringList({"huerfano.borrador"})); // el que se dejó ya no está
         const RelojDetenido media_hora_despues({2017, 5, 15}, {10, 30});
         Interlocutor i;
         i.espere("Hace 30 minutos quedó un comprobante sin grabar: CG 0001, «Nómina de mayo», 2 "
@@ -360,7 +361,7 @@ private slots:
                  "Sí");
         p = d.abra();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QVERIFY(borradores().isEmpty());
+        QVERIFY(borradores(carpeta).isEmpty());
         QCOMPARE(p->EDia->text(), QString("17"));
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         QCOMPARE(p->lineas_2649->LabDiferencia->dice(), QString("Falta crédito 600.00"));
@@ -378,25 +379,52 @@ private slots:
                         "comprobante_detalle) from comprobante_encabezado"),
                  QString("000001 20170117 Nómina de mayo 1:0,2:400,3:600"));
         p->findChild<BorradorVivo*>()->guarde();
-        QVERIFY(borradores().isEmpty());
+        QVERIFY(borradores(carpeta).isEmpty());
     }
 
-    void un_borrador_que_no_se_entiende_se_ignora_callado() {
+    void lo_que_se_corregia_en_uno_grabado_se_ofrece_al_volver_a_abrirlo() {
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        const QDir carpeta(p->findChild<BorradorVivo*>()->carpeta());
-        QVERIFY(QDir().mkpath(carpeta.path()));
-        for (const char* contenido : {"", "{\"version\":1}"}) {
-            QFile roto(carpeta.filePath("roto.borrador"));
-            QVERIFY(roto.open(QIODevice::WriteOnly));
-            roto.write(contenido);
-        }
-        p->close();
+        const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
+        ponga_comprobante(s, 500, "000500", "20170210", {"110505:1000:0", "310505:0:1000"});
+        const auto abra = [&] {
+            return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{"500"});
+        };
+        const auto muera_corrigiendo = [&](const QString& concepto) {
+            Tfedtmovimien* e = abra();
+            auto* borrador = e->findChild<BorradorVivo*>();
+            borrador->guarde();
+            const bool sin_cambios = borradores(borrador->carpeta()).isEmpty();
+            e->DBEdit1->setFocus();
+            e->DBEdit1->selectAll();
+            digite(concepto);
+            e->lineas_2649->rejilla->setFocus();
+            e->lineas_2649->rejilla->SelectedIndex(LineasLibro::kDebito);
+            digite("1200");
+            oprima(Qt::Key_Return);
+            const QDir carpeta = deje_huerfano(*borrador);
+            const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
+            return e->close() && sin_cambios && borradores(carpeta).size() == 1;
+        };
+        const QString ofrece = "Hace un momento quedaron cambios sin grabar en este comprobante. ";
         Interlocutor i;
-        d.abra();
-        QVERIFY(carpeta.entryList({"*.borrador"}, QDir::Files).isEmpty());
+        QVERIFY(muera_corrigiendo("Corregido"));
+        i.espere(ofrece + "Desea retomarlos?", "Sí");
+        Tfedtmovimien* e = abra();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(e->DBEdit1->text(), QString("Corregido"));
+        QCOMPARE(e->lineas_2649->LabDiferencia->dice(), QString("Falta crédito 200.00"));
+        e->CMovimiento.CancelUpdates();
+        e->close();
+        // Si entre tanto alguien lo grabó, lo dice, y "No" es lo propuesto.
+        QVERIFY(muera_corrigiendo("Otra vez"));
+        s.base.ejecute({"update comprobante_encabezado set enco_concepto = 'De otro'"});
+        i.espere(ofrece + "Después de eso se grabó con otros, que se perderían. Desea retomarlos?",
+                 "No");
+        e = abra();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(e->DBEdit1->text(), QString("De otro"));
+        e->CMovimiento.CancelUpdates();
     }
 
     void aplica_a_ofrece_los_documentos_abiertos_del_tercero() {
@@ -434,11 +462,15 @@ private slots:
         p->CMovimiento.CancelUpdates();
     }
 
-    void pegar_dice_lo_que_hara_y_se_deshace_una_vez() {
+    void pegar_dice_lo_que_hara_y_se_deshace_una_vez_como_la_plantilla() {
         SesionGui s;
         Digitador d(s);
+        s.base.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
+                        "plan_concepto) values (1, 'CG', '0001', 'Arriendo')",
+                        "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, "
+                        "plde_debitos, plde_creditos) values (1, 1, '110505', 5, 0)"});
         Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
+        d.encabezado("CG", "05", "");
         d.entre_a_la_rejilla();
         d.linea({"111005", "", "", "", "propia", "", "", "", "", "7", "", ""});
         QApplication::clipboard()->setText("Código\tNIT\n110505\t\n999999\t\n310505\t123");
@@ -483,32 +515,17 @@ private slots:
         d.rejilla().SelectedIndex(LineasLibro::kConcepto);
         oprima(Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(d.celda("CODE_CONCEPTO"), QString("solo"));
-        p->CMovimiento.CancelUpdates();
-    }
-
-    void una_plantilla_traida_se_deshace() {
-        SesionGui s;
-        Digitador d(s);
-        s.base.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
-                        "plan_concepto) values (1, 'CG', '0001', 'Arriendo')",
-                        "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, "
-                        "plde_debitos, plde_creditos) values (1, 1, '110505', 5, 0)"});
+        // La plantilla reemplaza todo, y también se deshace.
         ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "");
-        d.entre_a_la_rejilla();
-        d.linea({"111005", "", "", "", "", "", "", "", "", "7", "", ""});
-        Interlocutor i;
-        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
-                 "Continuar?",
-                 "Sí");
+        const QStringList antes = valores_de(p->CDetalle, "CUEN_COD");
+        i.espere(kTraePlantilla, "Sí");
         oprima(Qt::Key_F11);
         plantillas.conteste("1");
         QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"110505"}));
         QCOMPARE(p->CMovimiento.FieldByName("ENCO_CONCEPTO").texto(), QString("Arriendo"));
         d.rejilla().setFocus();
         oprima(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"111005"}));
+        QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), antes);
         QCOMPARE(p->CMovimiento.FieldByName("ENCO_CONCEPTO").texto(), QString());
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         p->CMovimiento.CancelUpdates();
@@ -548,20 +565,6 @@ private slots:
         oprima(Qt::Key_Return);
         QVERIFY(!p->DBMemo1->hasFocus());
         QCOMPARE(p->CMovimiento.FieldByName("ENCO_OBS").texto(), QString("uno\ndos"));
-    }
-
-    void la_pregunta_tambien_vale_en_el_proyecto() {
-        SesionGui s;
-        Digitador d(s);
-        ListaFalsa<PideCentro> centros("Tfcentros");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
-        d.linea({"519530", "", "?"});
-        QCOMPARE(centros.veces(), 1);
-        centros.conteste({"0001", "0001"});
-        QCOMPARE(d.celda("PROY_COD") + d.celda("CENT_COD"), QString("00010001"));
-        p->CMovimiento.CancelUpdates();
     }
 };
 

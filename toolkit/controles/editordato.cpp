@@ -1,5 +1,6 @@
 #include "toolkit/controles/editordato.h"
 
+#include "toolkit/controles/muestra_operacion.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
@@ -16,6 +17,10 @@ constexpr int kAnchoMaximo = 40, kAnchoFijo = 26;
 
 EditorDato::EditorDato(QWidget* padre) : QLineEdit(padre) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    auto* muestra = new MuestraOperacion(this, [this] {
+        return numerico() && !isReadOnly() ? decimales_de_operacion(*definicion()) : -1;
+    });
+    connect(this, &QLineEdit::textEdited, muestra, &MuestraOperacion::muestre);
     connect(this, &QLineEdit::textEdited, this, [this] {
         if (usuario_cambio() && OnChange)
             proteja(OnChange);
@@ -124,7 +129,7 @@ void EditorDato::aplique_mascara(const Campo& c) {
 Valor EditorDato::contenido() const {
     const Campo* c = definicion();
     if (numerico())
-        return contenido_numerico(text(), *c,
+        return contenido_numerico(texto_calculado(text(), decimales_de_operacion(*c)), *c,
                                   accessibleName().isEmpty() ? c->etiqueta() : accessibleName());
     if (c && c->clase == ClaseCampo::Fecha && text().trimmed().isEmpty())
         return Valor();

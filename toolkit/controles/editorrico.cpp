@@ -6,6 +6,7 @@
 #include <QActionGroup>
 #include <QComboBox>
 #include <QFontComboBox>
+#include <QKeyEvent>
 #include <QTextEdit>
 #include <QTextList>
 #include <QTextTable>
@@ -33,8 +34,8 @@ EditorRico::EditorRico(QWidget* padre)
     : QWidget(padre), texto(new QTextEdit(this)), letra(new QFontComboBox(this)),
       barra_(new QToolBar(this)), cuerpo_(new QComboBox(this)) {
     texto->setObjectName("texto");
-    texto->setTabChangesFocus(false);
     texto->setAcceptRichText(true);
+    texto->installEventFilter(this);
     arme_letras();
     arme_parrafos();
     arme_tablas();
@@ -186,9 +187,28 @@ void EditorRico::inserte_tabla() {
     texto->setTextCursor(t->cellAt(0, 0).firstCursorPosition());
 }
 
+bool EditorRico::eventFilter(QObject* objeto, QEvent* evento) {
+    QTextCursor c = texto->textCursor();
+    QTextTable* t = c.currentTable();
+    const int tecla =
+        evento->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(evento)->key() : 0;
+    if (!t || (tecla != Qt::Key_Tab && tecla != Qt::Key_Backtab))
+        return QWidget::eventFilter(objeto, evento);
+    const bool avanza = tecla == Qt::Key_Tab;
+    if (!c.movePosition(avanza ? QTextCursor::NextCell : QTextCursor::PreviousCell) && avanza) {
+        const int ultima = t->rows() - 1;
+        t->appendRows(1);
+        for (int i = 0; i < t->columns(); ++i)
+            t->cellAt(ultima + 1, i)
+                .firstCursorPosition()
+                .setBlockFormat(t->cellAt(ultima, i).firstCursorPosition().blockFormat());
+        c.movePosition(QTextCursor::NextCell);
+    }
+    texto->setTextCursor(t->cellAt(c).lastCursorPosition());
+    return true;
+}
+
 void EditorRico::refleje() {
-    // Tab pasa al control siguiente, como en toda la pantalla; en una tabla, a la otra celda.
-    texto->setTabChangesFocus(!texto->textCursor().currentTable());
     const QTextCharFormat f = texto->currentCharFormat();
     negrita_->setChecked(f.fontWeight() >= QFont::Bold);
     cursiva_->setChecked(f.fontItalic());

@@ -3,7 +3,7 @@
 //
 // Lo escrito se lee y se entrega como HTML, con los caracteres que la base no guarda como entidades
 // numéricas: nada se pierde al grabarlo. Ctrl+B, Ctrl+I y Ctrl+U son negrita, cursiva y subrayado;
-// en una tabla, Tab pasa a la celda siguiente.
+// en una tabla, Tab pasa a la celda siguiente y, en la última, agrega una fila.
 #include <QWidget>
 
 class QAction;
@@ -25,6 +25,9 @@ public:
     QString html() const;
     void html(const QString& html);
     bool modificado() const;
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
     void arme_letras();

@@ -1,5 +1,6 @@
 #include "toolkit/exportacion/exportacion.h"
 
+#include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/escritores.h"
 
 #include <QStringList>
@@ -29,6 +30,7 @@ void exporte(TablaExportable& tabla, FormatoExportacion formato, const QString& 
     ArchivoSalida salida(ruta);
     datos_de(formato).escriba(tabla, salida);
     salida.confirme();
+    avise_grabado(ruta);
 }
 
 QString extension_de(FormatoExportacion formato) {

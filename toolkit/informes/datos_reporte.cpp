@@ -101,6 +101,7 @@ void DatosReporte::ate(Banda& banda) {
               QStringLiteral("una suma no decide si se imprime lo que va antes de sus filas"));
     ate(banda.si, banda, banda.renglon);
     ate(banda.encabeza, banda, banda.renglon);
+    ate(banda.escalon, banda, banda.renglon);
     banda.aspecto = aspecto_de(banda.aspecto, banda);
     for (Item& i : banda.items)
         ate(i, banda);

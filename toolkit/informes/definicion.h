@@ -130,6 +130,9 @@ struct Banda {
     Formula si; ///< vacía: siempre
     /// De un detalle: las filas que se anuncian otra vez en la hoja que empieza con las que siguen.
     Formula encabeza;
+    /// De un detalle: qué tan honda es su fila, desde 1. La que tiene debajo otra más honda no
+    /// queda al pie sin ella.
+    Formula escalon;
     int aspecto = -1;
     QVector<Item> items;
     /// Al repetirse escribe lo que sus sumas llevan.

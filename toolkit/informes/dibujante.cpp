@@ -65,14 +65,17 @@ Dibujante::Vista Dibujante::vista_de(int aspecto) const {
         v.antes = r.antes;
         v.relleno = r.relleno;
         v.omite = r.omite;
-        if (!r.sangria.vacia()) {
-            const Cifra c = r.sangria.evalue(datos_);
-            v.sangria = double(c.numero.redondeado(Moneda::kDecimales).unidades()) /
-                        double(Moneda::kEscala);
-        }
+        v.sangria = medida(r.sangria);
         break;
     }
     return v;
+}
+
+double Dibujante::medida(const Formula& formula) const {
+    if (formula.vacia())
+        return 0;
+    const Cifra c = formula.evalue(datos_);
+    return double(c.numero.redondeado(Moneda::kDecimales).unidades()) / double(Moneda::kEscala);
 }
 
 BloqueHoja Dibujante::componga(const Banda& banda, bool sigue) {
@@ -84,6 +87,7 @@ BloqueHoja Dibujante::componga(const Banda& banda, bool sigue) {
     b.junta = banda.junta;
     b.acompanada = banda.acompanada;
     b.corta = banda.corta;
+    b.escalon = int(medida(banda.escalon));
     const QScopedValueRollback<bool> repetida(datos_.sigue, sigue);
     for (const Item& i : banda.items)
         item(b, banda, i, vista);
@@ -170,7 +174,8 @@ void Dibujante::escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, Q
     }
     if (texto.isEmpty())
         return;
-    if (i.parte)
+    // Lo que se anuncia otra vez ya salió entero.
+    if (i.parte && !datos_.sigue)
         return parta(bloque, i, lugar, estilo, texto);
     // Un número no se recorta nunca: sobresale hacia la izquierda.
     if (!i.numero())
@@ -193,7 +198,7 @@ void Dibujante::parta(BloqueHoja& bloque, const Item& i, QRectF lugar, int estil
                       const QString& texto) {
     const Letra& l = letra(estilo);
     const double renglon = l.alto_renglon();
-    double y = lugar.y();
+    double y = lugar.y() + qMax(0.0, i.alto - renglon) / 2; // a la altura de sus vecinos
     for (const QString& r : l.renglones(texto, lugar.width())) {
         bloque.trazos << Trazo{Trazo::Texto,
                                QRectF(lugar.x(), y, lugar.width(), renglon),

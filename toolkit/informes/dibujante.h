@@ -37,6 +37,8 @@ private:
         QVector<Valor> fila;
     };
     Vista vista_de(int aspecto) const;
+    /// Lo que da la fórmula, o cero si no hay.
+    double medida(const Formula& formula) const;
     void item(BloqueHoja& bloque, const Banda& banda, const Item& i, const Vista& de_banda);
     void escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, QRectF lugar, int estilo);
     QString acorte(const QString& texto, double ancho, int estilo);

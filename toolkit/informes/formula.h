@@ -9,8 +9,8 @@
 // y `#sigue`, cierta cuando un anuncio se repite en otra hoja.
 // Una columna nula vale cero al sumar; dividir por cero deja la fórmula sin valor y no imprime
 // nada.
+#include "datos/firebird/racional.h"
 #include "datos/firebird/valor.h"
-#include "toolkit/informes/racional.h"
 
 #include <QVector>
 

@@ -320,7 +320,7 @@ private:
 
     Banda lea_banda() {
         admita({"tipo", "nombre", "columna", "grupo", "nivel", "alto", "repite", "pagina_nueva",
-                "numera", "si", "aspecto", "corta", "junta", "acompanada", "encabeza"});
+                "numera", "si", "aspecto", "corta", "junta", "acompanada", "encabeza", "escalon"});
         static const QHash<QString, TipoBanda> tipos{
             {"encabezado", TipoBanda::Encabezado}, {"titulo", TipoBanda::Titulo},
             {"columnas", TipoBanda::Columnas},     {"grupo", TipoBanda::Grupo},
@@ -340,7 +340,8 @@ private:
         b.acompanada = si("acompanada", b.tipo == TipoBanda::Total || b.tipo == TipoBanda::Final);
         b.si = formula("si");
         b.encabeza = formula("encabeza");
-        if (!b.encabeza.vacia() && b.tipo != TipoBanda::Detalle)
+        b.escalon = formula("escalon");
+        if (!(b.encabeza.vacia() && b.escalon.vacia()) && b.tipo != TipoBanda::Detalle)
             falle(QStringLiteral("solo un detalle encabeza a otros"));
         b.aspecto = aspecto();
         b.de_grupo = atributo("grupo");

@@ -119,12 +119,17 @@ void Paginador::superponga(BloqueHoja&& bloque) {
     coloque(std::move(ultimo.bloque));
 }
 
+bool Paginador::pegados(const BloqueHoja& ultimo, const BloqueHoja& siguiente) {
+    return siguiente.acompanada || ultimo.junta ||
+           (ultimo.escalon > 0 && siguiente.escalon > ultimo.escalon);
+}
+
 QVector<BloqueHoja> Paginador::arrastre(const BloqueHoja& bloque) {
     qsizetype desde = cuerpo_.size();
     const double capacidad = fondo_ - inicio_;
     double alto = bloque.corta ? qMin(bloque.alto, kComienzo) : bloque.alto;
     const BloqueHoja* siguiente = &bloque;
-    while (desde > 0 && (siguiente->acompanada || cuerpo_[desde - 1].bloque.junta)) {
+    while (desde > 0 && pegados(cuerpo_[desde - 1].bloque, *siguiente)) {
         --desde;
         alto += cuerpo_[desde].bloque.alto + siguiente->antes;
         siguiente = &cuerpo_[desde].bloque;

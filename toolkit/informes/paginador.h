@@ -26,6 +26,7 @@ struct BloqueHoja {
     QVector<std::pair<double, double>> indivisibles; ///< tramos que no se cortan
     bool superpuesta = false;                        ///< va sobre el bloque anterior
     bool junta = false, acompanada = false, corta = false;
+    int escalon = 0;         ///< hondura de su fila; 0: no tiene
     int repite = 0;          ///< niveles de grupo que se anuncian otra vez si empieza la hoja
     QVector<Racional> sumas; ///< lo acumulado antes de él, si la hoja lo escribe
     std::shared_ptr<const Encabezadora> cuelga; ///< de la fila que se anuncia si empieza la hoja
@@ -61,6 +62,8 @@ private:
     double libre(const BloqueHoja& bloque) const;
     void ponga(BloqueHoja&& bloque);
     void superponga(BloqueHoja&& bloque);
+    /// El último bloque de la hoja no se separa del que viene.
+    static bool pegados(const BloqueHoja& ultimo, const BloqueHoja& siguiente);
     QVector<BloqueHoja> arrastre(const BloqueHoja& bloque);
 
     Hojas& hojas_;

@@ -216,10 +216,14 @@ private:
     }
 
     void tabla(QTextTable& t) {
-        const double borde = t.format().border();
-        const double margen = t.format().cellPadding() + t.format().cellSpacing() / 2;
-        const double aire = margen * kPulgada * kPorMilimetro / 96;
-        const QRectF marco = documento_.documentLayout()->frameBoundingRect(&t);
+        const double borde = t.format().border(), separa = t.format().cellSpacing() / 2;
+        constexpr double kPixel = kPulgada * kPorMilimetro / 96;
+        const double aire = (t.format().cellPadding() + separa) * kPixel;
+        // El rectángulo de una tabla tiene su tamaño, pero comienza en el texto de la primera
+        // celda.
+        const QSizeF orilla = QSizeF(borde + separa, borde + separa) * 2 * kPixel;
+        const QRectF marco(celda(t, 0, 0).topLeft() - QPointF(aire, aire),
+                           documento_.documentLayout()->frameBoundingRect(&t).size() - orilla);
         QVector<double> filas{marco.top()}, columnas{marco.left()};
         for (int f = 1; f < t.rows(); ++f)
             filas << celda(t, f, 0).top() - aire;
@@ -232,13 +236,15 @@ private:
                                               filas[f + 1] / kPorMilimetro};
         if (borde <= 0)
             return;
+        constexpr double kPelo = 0.02 * kPorMilimetro;
         // De fila en fila, para que se puedan repartir con ella.
         for (int f = 0; f + 1 < filas.size(); ++f) {
             raya(marco.left(), filas[f], marco.right(), filas[f]);
+            const double cierre = filas[f + 1] - kPelo; // la fila que termina la hoja queda cerrada
+            raya(marco.left(), cierre, marco.right(), cierre);
             for (double x : columnas)
                 raya(x, filas[f], x, filas[f + 1]);
         }
-        raya(marco.left(), marco.bottom(), marco.right(), marco.bottom());
     }
 
     void raya(double x1, double y1, double x2, double y2) {

@@ -38,10 +38,7 @@ void imprima_hojas(const Hojas& hojas, const OpcionesReporte& opciones, int actu
     if (opciones.duplex)
         impresora.setDuplex(QPrinter::DuplexAuto);
     imprima(hojas, impresora, rango);
-    if (!impresora.outputFileName().isEmpty())
-        avise_grabado(impresora.outputFileName());
-    else
-        avise_impreso(impresora.printerName(), rango.hasta - rango.desde + 1);
+    avise_impreso(impresora, rango.hasta - rango.desde + 1);
 }
 
 // ---------------------------------------------------------------- hojas
@@ -215,7 +212,7 @@ VistaPreliminar::VistaPreliminar(const Hojas& hojas, const QString& archivo,
     };
     boton("imprimir", QStringLiteral("Imprimir"), "document-print", Qt::CTRL | Qt::Key_P,
           [this] { imprima(); });
-    boton("guardar", QStringLiteral("Guardar"), "document-save", Qt::CTRL | Qt::Key_G,
+    boton("guardar", QStringLiteral("Grabar"), "document-save", Qt::CTRL | Qt::Key_G,
           [this] { guarde(); });
     boton("anterior", QStringLiteral("Anterior"), "go-previous", Qt::CTRL | Qt::Key_PageUp,
           [this] { vista_->vaya_a(vista_->pagina() - 1); });

@@ -1,7 +1,7 @@
 #include "toolkit/pivote/cubo.h"
 
 #include "datos/firebird/errores.h"
-#include "toolkit/informes/racional.h"
+#include "datos/firebird/racional.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +13,6 @@ namespace {
 constexpr size_t kMasCruces = 20000000;
 
 Moneda porcentaje_de(Moneda parte, Moneda todo) {
-    using informes::Racional;
     return (Racional(parte) * Racional::entero(100) / Racional(todo))
         .redondeado(Moneda::kDecimales);
 }

@@ -1,15 +1,14 @@
 #include "toolkit/rejilla/editor_celda.h"
 
 #include "datos/recordset/campo.h"
-#include "libro/aritmetica.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/lista_sugerencias.h"
+#include "toolkit/controles/muestra_operacion.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/delegado_celda.h"
 
-#include <QLabel>
 #include <QListWidget>
 #include <QRegularExpressionValidator>
 #include <QScrollBar>
@@ -19,6 +18,7 @@ EditorCelda::EditorCelda(QWidget* padre) : QLineEdit(padre) {
     setFrame(false);
     setContextMenuPolicy(Qt::NoContextMenu); // el menú es el de la rejilla
     hide();
+    resultado_ = new MuestraOperacion(this, [this] { return decimales_; });
     connect(this, &QLineEdit::textEdited, this, [this] {
         modificado_ = true;
         ayude();
@@ -27,13 +27,11 @@ EditorCelda::EditorCelda(QWidget* padre) : QLineEdit(padre) {
 
 EditorCelda::~EditorCelda() {
     delete sugerencias_;
-    delete resultado_;
 }
 
 void EditorCelda::prepare(const Campo& campo, bool numerico, const QString& titulo) {
     numerico_ = numerico;
-    const bool importe = campo.clase == ClaseCampo::Decimal && !campo.Tasa && campo.Size <= 2;
-    decimales_ = numerico && importe ? campo.Size : -1;
+    decimales_ = numerico ? decimales_de_operacion(campo) : -1;
     setAlignment(numerico ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
     setMaxLength(campo.clase == ClaseCampo::Texto && campo.Size > 0 && opciones.isEmpty()
                      ? campo.Size
@@ -73,12 +71,7 @@ void EditorCelda::keyPressEvent(QKeyEvent* evento) {
 }
 
 QString EditorCelda::contenido() const {
-    if (decimales_ < 0)
-        return text();
-    const ResultadoOperacion r = calcule_operacion(text(), decimales_);
-    if (!r.rechazo.isEmpty())
-        throw ErrorDatos(r.rechazo);
-    return r.valor ? r.valor->texto() : text();
+    return texto_calculado(text(), decimales_);
 }
 
 // ---------------------------------------------------------------- ayudas
@@ -92,7 +85,7 @@ bool EditorCelda::atienda_sugerencias(const QKeyEvent& tecla) {
 }
 
 void EditorCelda::ayude() {
-    muestre_resultado();
+    resultado_->muestre();
     if (!Sugiere) {
         if (sugerencias_)
             sugerencias_->hide();
@@ -105,39 +98,8 @@ void EditorCelda::ayude() {
     proteja([this] { sugerencias_->ofrezca(Sugiere(text())); });
 }
 
-void EditorCelda::muestre_resultado() {
-    const ResultadoOperacion r =
-        decimales_ < 0 ? ResultadoOperacion() : calcule_operacion(text(), decimales_);
-    if (!r.es_operacion) {
-        if (resultado_)
-            resultado_->hide();
-        return;
-    }
-    if (!resultado_) {
-        resultado_ = new QLabel(window());
-        resultado_->setObjectName(QStringLiteral("resultado_operacion"));
-        resultado_->setAutoFillBackground(true);
-        resultado_->setBackgroundRole(QPalette::ToolTipBase);
-        resultado_->setForegroundRole(QPalette::ToolTipText);
-        resultado_->setFrameShape(QFrame::Box);
-        resultado_->setMargin(3);
-    }
-    if (resultado_->parentWidget() != window())
-        resultado_->setParent(window());
-    // A medio escribir todavía no da nada.
-    const QString da = r.valor ? r.valor->formateada() : QStringLiteral("…");
-    resultado_->setText(QStringList{QStringLiteral("="), da}.join(' '));
-    resultado_->adjustSize();
-    const QPoint esquina = mapTo(window(), QPoint(width() - resultado_->width(), height()));
-    resultado_->move(qMax(0, esquina.x()), esquina.y());
-    resultado_->show();
-    resultado_->raise();
-}
-
 void EditorCelda::hideEvent(QHideEvent* evento) {
     QLineEdit::hideEvent(evento);
-    if (resultado_)
-        resultado_->hide();
     if (sugerencias_)
         sugerencias_->hide();
 }

@@ -7,7 +7,7 @@
 
 class Campo;
 class ListaSugerencias;
-class QLabel;
+class MuestraOperacion;
 class QListWidget;
 struct Sugerencia;
 
@@ -54,10 +54,8 @@ protected:
 
 private:
     void escoja();
-    void muestre_resultado();
-    // Hijos de la ventana, para que la rejilla no los recorte.
-    QPointer<ListaSugerencias> sugerencias_;
-    QPointer<QLabel> resultado_;
+    QPointer<ListaSugerencias> sugerencias_; ///< hija de la ventana: la rejilla no la recorta
+    MuestraOperacion* resultado_;
     int decimales_ = -1; ///< de un importe, que admite operaciones; -1, no las admite
     QListWidget* lista_ = nullptr;
     bool numerico_ = false;

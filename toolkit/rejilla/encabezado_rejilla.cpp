@@ -33,6 +33,15 @@ void EncabezadoRejilla::mouseDoubleClickEvent(QMouseEvent* evento) {
     QHeaderView::mouseDoubleClickEvent(evento);
 }
 
+void EncabezadoRejilla::initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const {
+    QHeaderView::initStyleOptionForIndex(opcion, columna);
+    // Un título que no cabe se lee por su comienzo, también el que va a la derecha.
+    const int margen = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+    opcion->text =
+        opcion->fontMetrics.elidedText(model()->headerData(columna, Qt::Horizontal).toString(),
+                                       Qt::ElideRight, sectionSize(columna) - margen);
+}
+
 QSize EncabezadoRejilla::sizeHint() const {
     QSize s = QHeaderView::sizeHint();
     if (con_filtros_)

@@ -30,6 +30,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const override;
     void mousePressEvent(QMouseEvent* evento) override;
     void mouseReleaseEvent(QMouseEvent* evento) override;
     void mouseDoubleClickEvent(QMouseEvent* evento) override;

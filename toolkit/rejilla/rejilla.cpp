@@ -202,7 +202,9 @@ void Rejilla::columna_cambiada() {
     for (int i = 0; i < int(columnas_.size()); ++i)
         setColumnHidden(i, !columnas_[size_t(i)]->Visible);
     modelo_->columnas_cambiadas();
-    if (anchos_puestos_)
+    // A la vista y vacía también: un título no se queda con el sitio que tenía entre otras
+    // columnas.
+    if (anchos_puestos_ || isVisible())
         aplique_anchos();
     const int actual = SelectedIndex();
     if (actual >= 0 && isColumnHidden(actual) && !moviendo_)

@@ -163,7 +163,6 @@ void Rejilla::guarde_seleccion() {
     Avance avance(this, QStringLiteral("Guardando %1 ...").arg(ruta));
     tabla.avance = [&avance](int fila) { avance(fila); };
     exporte(tabla, formato, ruta);
-    avise_grabado(ruta);
 }
 
 void Rejilla::imprima() {
@@ -174,16 +173,18 @@ void Rejilla::imprima() {
     QPrintPreviewDialog vista(&impresora, this);
     vista.setObjectName(QStringLiteral("vista_preliminar"));
     vista.setWindowTitle(QStringLiteral("Vista preliminar"));
-    connect(&vista, &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* hoja) {
+    int paginas = 0;
+    connect(&vista, &QPrintPreviewDialog::paintRequested, this, [this, &paginas](QPrinter* hoja) {
         proteja([&] {
             TablaRejilla tabla(*this);
             OpcionesImpresion opciones;
             opciones.compania = compania_impresa;
             opciones.encabezado = titulo_impreso;
             opciones.fuente = font();
-            imprima_tabla(tabla, *hoja, opciones);
+            paginas = imprima_tabla(tabla, *hoja, opciones);
         });
     });
     vista.resize(size().expandedTo(QSize(800, 600)));
-    vista.exec();
+    if (vista.exec() == QDialog::Accepted) // se cierra sola solo cuando imprime
+        avise_impreso(impresora, paginas);
 }

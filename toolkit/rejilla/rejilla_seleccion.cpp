@@ -6,6 +6,7 @@
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/indicador_filas.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/paso_atras.h"
 #include "toolkit/rejilla/texto_tabulado.h"
 
 #include <QClipboard>
@@ -287,32 +288,36 @@ void Rejilla::pegue(const TextoTabulado& tabla) {
     const int primera = qMax(SelectedIndex(), columna_visible(0, 1));
     if (tabla.isEmpty() || primera < 0 || !editable())
         return;
-    // Las mismas cuentas y terceros se validan una vez.
-    std::optional<ConsultasRepetidas> repetidas;
-    if (conjunto()->sentencia())
-        repetidas.emplace(conjunto()->conexion());
-    AvancePegado avance(this, tabla.size());
-    int fila = qMax(0, conjunto()->RecNo());
-    int linea = 0;
-    try {
-        for (; linea < tabla.size() && pase_a_la_fila_pegada(fila, linea == 0); ++linea) {
-            int c = primera;
-            for (const QString& celda : tabla[linea]) {
-                if (c < 0)
-                    break;
-                pegue_celda(c, celda);
-                c = columna_visible(c + 1, 1);
+    const auto escriba = [&] {
+        // Las mismas cuentas y terceros se validan una vez.
+        std::optional<ConsultasRepetidas> repetidas;
+        if (conjunto()->sentencia())
+            repetidas.emplace(conjunto()->conexion());
+        AvancePegado avance(this, tabla.size());
+        int fila = qMax(0, conjunto()->RecNo());
+        int linea = 0;
+        try {
+            for (; linea < tabla.size() && pase_a_la_fila_pegada(fila, linea == 0); ++linea) {
+                int c = primera;
+                for (const QString& celda : tabla[linea]) {
+                    if (c < 0)
+                        break;
+                    pegue_celda(c, celda);
+                    c = columna_visible(c + 1, 1);
+                }
+                avance(linea + 1);
             }
-            avance(linea + 1);
+        } catch (const EdicionAbortada&) {
+        } catch (...) {
+            if (tabla.size() == 1)
+                reporte_excepcion();
+            else
+                reporte_falla(QStringLiteral("Línea %1 de lo pegado: %2")
+                                  .arg(linea + 1)
+                                  .arg(falla_de_excepcion().para_usuario()));
         }
-    } catch (const EdicionAbortada&) {
-    } catch (...) {
-        if (tabla.size() == 1)
-            reporte_excepcion();
-        else
-            reporte_falla(QStringLiteral("Línea %1 de lo pegado: %2")
-                              .arg(linea + 1)
-                              .arg(falla_de_excepcion().para_usuario()));
-    }
-    fije_actual(conjunto()->RecNo(), primera);
+        fije_actual(conjunto()->RecNo(), primera);
+    };
+    // La pantalla que deshace por su cuenta recuerda más que estas filas.
+    OnDeshacer ? escriba() : PasoAtras::de(*this).con(escriba);
 }

@@ -7,6 +7,7 @@
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/paso_atras.h"
 #include "toolkit/tecleo.h"
 
 #include <QLabel>
@@ -257,8 +258,8 @@ bool Rejilla::tecla_de_celda(QKeyEvent& e) {
         ejecute_orden(Cortar);
     else if (e.matches(QKeySequence::Paste) || exacto(Qt::ShiftModifier, Qt::Key_Insert))
         ejecute_orden(Pegar);
-    else if (e.matches(QKeySequence::Undo) && OnDeshacer)
-        proteja(OnDeshacer);
+    else if (e.matches(QKeySequence::Undo) && (OnDeshacer || editable()))
+        proteja([this] { OnDeshacer ? OnDeshacer() : PasoAtras::de(*this).deshaga(); });
     else if (e.matches(QKeySequence::SelectAll))
         ejecute_orden(SeleccionarTodo);
     else if (exacto(Qt::NoModifier, Qt::Key_Left))

@@ -166,8 +166,10 @@ private slots:
                         "c order by lpad(b.rdb$type_name || c.rdb$type_name, 3000)");
         });
         setrlimit(RLIMIT_FSIZE, &previo);
-        for (const ErrorBase& e : {lleno, orden}) {
+        for (const auto& [e, dice] : {std::pair{lleno, "No queda espacio en el disco de la base"},
+                                      std::pair{orden, "No se pudo ordenar la información"}}) {
             QVERIFY2(e.clase() == ClaseFalla::DiscoLleno, e.what());
+            QVERIFY2(e.para_usuario().startsWith(dice), e.what());
             QVERIFY2(!ajeno().match(e.para_usuario()).hasMatch(), e.what());
         }
         QVERIFY(!lleno.conexion_perdida());

@@ -1,4 +1,4 @@
-#include "datos/firebird/moneda.h"
+#include "datos/firebird/racional.h"
 
 #include <QtTest>
 #include <limits>
@@ -79,6 +79,36 @@ private slots:
         QVERIFY_THROWS_EXCEPTION(ErrorMoneda,
                                  Moneda::de_escalado(std::numeric_limits<qint64>::max(), 0));
         QCOMPARE((tope + fondo).unidades(), qint64(-1));
+        const Racional grande = Racional(tope) * Racional(tope);
+        QVERIFY_THROWS_EXCEPTION(ErrorMoneda, grande * grande);
+        QVERIFY_THROWS_EXCEPTION(ErrorMoneda, grande.redondeado(2));
+        QVERIFY_THROWS_EXCEPTION(ErrorMoneda, Racional(1) / (grande - grande));
+        // Los factores largos caben si se simplifican antes de multiplicar.
+        QCOMPARE((grande / grande * Racional(tope)).redondeado(4), tope);
+    }
+
+    void un_cociente_es_exacto_y_se_redondea_una_vez() {
+        const auto cociente = [](const char* a, const char* b) {
+            return Racional(Moneda::de_texto(a)) / Racional(Moneda::de_texto(b));
+        };
+        const Racional tercio = cociente("100", "3");
+        QCOMPARE((tercio * Racional(3)).compare(Racional(100)), 0);
+        QCOMPARE((tercio + tercio + tercio - Racional(100)).es_cero(), true);
+        QCOMPARE(tercio.compare(cociente("100", "-3")), 1);
+        QCOMPARE((-tercio).compare(tercio), -1);
+        const struct {
+            const char *dividendo, *divisor;
+            int decimales;
+            const char* resultado;
+        } filas[] = {
+            {"10", "3", 2, "3.33"},   {"20", "3", 4, "6.6667"}, {"1", "8", 2, "0.12"},
+            {"27", "200", 2, "0.14"}, {"-1", "8", 2, "-0.12"},  {"5", "2", 0, "2"},
+            {"-7", "2", 0, "-4"},     {"1", "-3", 2, "-0.33"},  {"0", "7", 2, "0"},
+            {"0.0001", "2", 4, "0"},
+        };
+        for (const auto& f : filas)
+            QCOMPARE(cociente(f.dividendo, f.divisor).redondeado(f.decimales).texto(),
+                     QString(f.resultado));
     }
 };
 

@@ -1,6 +1,6 @@
 #include "apoyo/azar_de_prueba.h"
-#include "datos/recordset/conjunto.h"
 #include "datos/recordset/indice_busqueda.h"
+#include "documento_de_prueba.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -8,27 +8,9 @@
 
 namespace {
 
-/// Maestra y dos detalles, como un comprobante con sus dos libros.
-struct Documento {
+struct Documento : DocumentoDePrueba {
     explicit Documento(Conexion& c)
-        : q(&dueno, "TDocumentos", c, "select * from documento where id = :ID"),
-          ql(&dueno, "TLineas", c, "select * from linea where id = :ID"),
-          qn(&dueno, "TLineasn", c, "select * from linea_n where id = :ID"),
-          p(&dueno, "PDocumentos", &q, poCascadeDeletes | poCascadeUpdates) {
-        ql.enlace_maestra(&q, {"ID"});
-        qn.enlace_maestra(&q, {"ID"});
-        doc.proveedor = &p;
-        doc.entero("ID").requerido();
-        doc.texto("NOMBRE", 10).requerido().etiqueta("Nombre");
-        doc.memo("NOTA");
-        lineas.anide_en(&doc, &ql);
-        otras.anide_en(&doc, &qn);
-        for (ConjuntoDatos* l : {&lineas, &otras}) {
-            l->entero("ID").requerido();
-            l->entero("ITEM").requerido();
-            l->decimal("VALOR").formato("#,###.00");
-            l->agregado("SUMA", "Sum(VALOR)");
-        }
+        : DocumentoDePrueba(c, "select * from documento where id = :ID") {
         p.OnUpdateError = [this](Proveedor&, ConjuntoDatos& d, const ErrorDatos& e, ClaseCambio) {
             fallas << d.objectName() + ": " + e.texto();
         };
@@ -39,17 +21,6 @@ struct Documento {
         doc.Params["ID"] = id;
         doc.Open();
     }
-    void linea(ConjuntoDatos& l, int item, int valor) {
-        l.Append();
-        l.FieldByName("ITEM") = item;
-        l.FieldByName("VALOR") = Moneda(valor);
-        l.Post();
-    }
-    QObject dueno;
-    Sentencia q, ql, qn;
-    Proveedor p;
-    ConjuntoDatos doc{&dueno, "CDocumento"}, lineas{&dueno, "CLineas"}, otras{&dueno, "COtras"};
-    QStringList fallas;
 };
 
 } // namespace

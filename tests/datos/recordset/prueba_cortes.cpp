@@ -3,32 +3,16 @@
 #include "apoyo/intermediario.h"
 #include "apoyo/servidor_prueba.h"
 #include "datos/firebird/vigia.h"
-#include "datos/recordset/conjunto.h"
+#include "documento_de_prueba.h"
 
 #include <QtTest>
 
 namespace {
 
-/// Maestra y dos detalles, como un comprobante con sus dos libros.
-struct Documento {
+struct Documento : DocumentoDePrueba {
     explicit Documento(Conexion& c)
-        : q(&dueno, "TDocumentos", c, "select * from papel where id >= :ID order by id"),
-          ql(&dueno, "TLineas", c, "select * from linea where id = :ID order by item"),
-          qn(&dueno, "TLineasn", c, "select * from linea_n where id = :ID order by item"),
-          p(&dueno, "PDocumentos", &q, poCascadeDeletes | poCascadeUpdates | poAllowCommandText) {
-        ql.enlace_maestra(&q, {"ID"});
-        qn.enlace_maestra(&q, {"ID"});
-        doc.proveedor = &p;
-        doc.entero("ID").requerido();
-        doc.texto("NOMBRE", 20).requerido().etiqueta("Nombre");
-        doc.memo("NOTA");
-        lineas.anide_en(&doc, &ql);
-        otras.anide_en(&doc, &qn);
-        for (ConjuntoDatos* l : {&lineas, &otras}) {
-            l->entero("ID").requerido();
-            l->entero("ITEM").requerido();
-            l->decimal("VALOR");
-        }
+        : DocumentoDePrueba(c, "select * from papel where id >= :ID order by id",
+                            poAllowCommandText) {
         p.OnUpdateError = [this](Proveedor&, ConjuntoDatos&, const ErrorDatos& e, ClaseCambio) {
             fallas << e.para_usuario();
         };
@@ -41,12 +25,6 @@ struct Documento {
         } catch (const ErrorDatos&) {
             doc.Open();
         }
-    }
-    void linea(ConjuntoDatos& l, int item, int valor) {
-        l.Append();
-        l.FieldByName("ITEM") = item;
-        l.FieldByName("VALOR") = Moneda(valor);
-        l.Post();
     }
     /// Todo lo que se ve: estado, posición y valores, también de los anidados.
     QString vista() const {
@@ -63,12 +41,6 @@ struct Documento {
         }
         return t;
     }
-
-    QObject dueno;
-    Sentencia q, ql, qn;
-    Proveedor p;
-    ConjuntoDatos doc{&dueno, "CDocumento"}, lineas{&dueno, "CLineas"}, otras{&dueno, "COtras"};
-    QStringList fallas;
 };
 
 /// Un cambio del documento y lo que debe quedar en la base.
