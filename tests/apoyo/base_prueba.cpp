@@ -19,7 +19,7 @@ constexpr int kHorasDeVida = 2; // de una plantilla que ya no es la vigente
 
 QString carpeta_construccion() {
     const QString c = qEnvironmentVariable("QUORVEX_CONSTRUCCION");
-    return c.isEmpty() ? QCoreApplication::applicationDirPath() + QStringLiteral("/..") : c;
+    return c.isEmpty() ? QCoreApplication::applicationDirPath() + "/.." : c;
 }
 
 /// Huella de todo lo que decide el contenido de la plantilla.
@@ -28,12 +28,11 @@ QString huella() {
     QDirIterator i(carpeta_guiones(), QDir::Files, QDirIterator::Subdirectories);
     while (i.hasNext())
         archivos << i.next();
-    const QString proyecto = carpeta_guiones() + QStringLiteral("/..");
-    archivos << proyecto + QStringLiteral("/tests/apoyo/datos_ejemplo.cpp")
-             << proyecto + QStringLiteral("/tests/apoyo/base_prueba.cpp")
-             << proyecto + QStringLiteral("/herramientas/guion.cpp")
-             << proyecto + QStringLiteral("/herramientas/instalador.cpp")
-             << proyecto + QStringLiteral("/herramientas/administracion.cpp");
+    const QString proyecto = carpeta_guiones() + "/..";
+    archivos << proyecto + "/tests/apoyo/datos_ejemplo.cpp"
+             << proyecto + "/tests/apoyo/base_prueba.cpp" << proyecto + "/herramientas/guion.cpp"
+             << proyecto + "/herramientas/instalador.cpp"
+             << proyecto + "/herramientas/administracion.cpp";
     archivos.sort();
     QCryptographicHash suma(QCryptographicHash::Sha1);
     for (const QString& a : archivos) {
@@ -47,7 +46,7 @@ QString huella() {
 
 void arme(const QString& carpeta) {
     const Ubicacion lugar(carpeta);
-    const QString codigo = QStringLiteral("001");
+    const QString codigo = "001";
     lugar.prepare_carpeta(lugar.base_compania(codigo));
     Conexion general, compania;
     general.cree_base(desechable(lugar.base_general()), kPaginasCache);
@@ -56,13 +55,13 @@ void arme(const QString& carpeta) {
     Instalador(compania).instale(TipoBase::Compania);
     agregue_datos_ejemplo(general, compania);
     for (Conexion* base : {&general, &compania})
-        base->ejecute(QStringLiteral("grant %1 to user \"ADMIN\"").arg(QLatin1String(kRolDueno)));
+        base->ejecute(QString("grant %1 to user \"ADMIN\"").arg(QLatin1String(kRolDueno)));
 }
 
 } // namespace
 
 ParametrosConexion desechable(const QString& base) {
-    ParametrosConexion p{base, QStringLiteral("SYSDBA"), {}};
+    ParametrosConexion p{base, "SYSDBA", {}};
     p.escritura_forzada = false;
     return p;
 }
@@ -71,12 +70,12 @@ QString plantilla_de_bases() {
     static QString lista;
     if (!lista.isEmpty())
         return lista;
-    const QString raiz = carpeta_construccion() + QStringLiteral("/plantilla_bd");
+    const QString raiz = carpeta_construccion() + "/plantilla_bd";
     QDir().mkpath(raiz);
-    QLockFile cerrojo(raiz + QStringLiteral("/cerrojo"));
+    QLockFile cerrojo(raiz + "/cerrojo");
     cerrojo.setStaleLockTime(0);
     if (!cerrojo.lock())
-        throw ErrorDatos(QStringLiteral("No se pudo tomar el cerrojo de %1.").arg(raiz));
+        throw ErrorDatos(QString("No se pudo tomar el cerrojo de %1.").arg(raiz));
     const QString nombre = huella();
     const QString destino = raiz + '/' + nombre;
     if (!QDir(destino).exists()) {
@@ -86,11 +85,11 @@ QString plantilla_de_bases() {
         for (const QFileInfo& vieja : QDir(raiz).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
             if (vieja.lastModified() < hace_rato)
                 QDir(vieja.filePath()).removeRecursively();
-        const QString provisional = raiz + QStringLiteral("/armando");
+        const QString provisional = raiz + "/armando";
         QDir(provisional).removeRecursively();
         arme(provisional);
         if (!QDir().rename(provisional, destino))
-            throw ErrorDatos(QStringLiteral("No se pudo dejar la plantilla en %1.").arg(destino));
+            throw ErrorDatos(QString("No se pudo dejar la plantilla en %1.").arg(destino));
     }
     return lista = destino;
 }
@@ -100,7 +99,7 @@ BaseDePrueba::BaseDePrueba() {
     destino.prepare_carpeta(destino.base_compania(compania()));
     const auto copie = [](const QString& de, const QString& a) {
         if (!QFile::copy(de, a))
-            throw ErrorDatos(QStringLiteral("No se pudo copiar %1.").arg(de));
+            throw ErrorDatos(QString("No se pudo copiar %1.").arg(de));
     };
     copie(origen.base_general(), destino.base_general());
     copie(origen.base_compania(compania()), destino.base_compania(compania()));
@@ -108,7 +107,7 @@ BaseDePrueba::BaseDePrueba() {
 
 ParametrosConexion BaseDePrueba::de(const QString& base, const QString& usuario) {
     ParametrosConexion p{base, usuario, {}};
-    if (usuario == QLatin1String("ADMIN"))
+    if (usuario == "ADMIN")
         p.rol = QLatin1String(kRolDueno);
     return p;
 }

@@ -11,9 +11,9 @@ Valor nulo_si_vacio(const QString& texto) {
 
 void inserte_encabezado(Transaccion& t, const ComprobanteEnTablas& c) {
     t.conexion()
-        .prepare(QStringLiteral("insert into comprobante_encabezado (enco_consec, tico_cod,"
-                                " prco_pref, enco_numero, enco_fecha, enco_concepto, enco_usuario,"
-                                " enco_repniif) values (?, ?, ?, ?, ?, 'Prueba', 'ADMIN', ?)"),
+        .prepare("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, "
+                 "enco_numero, enco_fecha, enco_concepto, enco_usuario, enco_repniif) values (?, "
+                 "?, ?, ?, ?, 'Prueba', 'ADMIN', ?)",
                  t)
         ->ejecute(t, {c.id, c.tipo, c.prefijo, c.numero, c.fecha, c.replica});
 }
@@ -21,12 +21,12 @@ void inserte_encabezado(Transaccion& t, const ComprobanteEnTablas& c) {
 void inserte_lineas(Transaccion& t, int id, const QVector<Linea>& lineas, const QString& sufijo) {
     if (lineas.isEmpty())
         return;
-    const auto inserte = t.conexion().prepare(
-        QStringLiteral("insert into comprobante_detalle%1 (enco_consec, code_item, cuen_cod,"
-                       " code_debito, code_credito, terc_nit, proy_cod, cent_cod, arti_cod)"
-                       " values (?, ?, ?, ?, ?, ?, ?, ?, ?)")
-            .arg(sufijo),
-        t);
+    const auto inserte =
+        t.conexion().prepare(QString("insert into comprobante_detalle%1 (enco_consec, code_item, "
+                                     "cuen_cod, code_debito, code_credito, terc_nit, proy_cod, "
+                                     "cent_cod, arti_cod) values (?, ?, ?, ?, ?, ?, ?, ?, ?)")
+                                 .arg(sufijo),
+                             t);
     for (const Linea& l : lineas)
         inserte->ejecute(t, {id, l.item, l.cuenta, l.debito, l.credito, nulo_si_vacio(l.nit),
                              nulo_si_vacio(l.proyecto), nulo_si_vacio(l.centro),
@@ -37,13 +37,13 @@ void grabe(Conexion& conexion, const ComprobanteEnTablas& c) {
     Transaccion t(conexion, Transaccion::Modo::Escritura);
     inserte_encabezado(t, c);
     inserte_lineas(t, c.id, c.lineas);
-    inserte_lineas(t, c.id, c.lineas_niif, QStringLiteral("_NIIF"));
+    inserte_lineas(t, c.id, c.lineas_niif, "_NIIF");
     t.confirme();
 }
 
 QString saldos_distintos(Conexion& conexion) {
-    return filas_de(conexion, QStringLiteral("select * from verifique_saldos('2649')")) +
-           filas_de(conexion, QStringLiteral("select * from verifique_saldos('NIIF')"));
+    return filas_de(conexion, "select * from verifique_saldos('2649')") +
+           filas_de(conexion, "select * from verifique_saldos('NIIF')");
 }
 
 QString filas_de(Conexion& conexion, const QString& sql) {

@@ -69,13 +69,12 @@ const Cuenta kPlan[] = {
 
 void agregue_plan(Conexion& c) {
     Transaccion t(c, Transaccion::Modo::Escritura);
-    for (const QString& libro : {QStringLiteral("CUENTAS_NIIF"), QStringLiteral("CUENTAS")}) {
-        Preparada inserte(
-            c, t,
-            QStringLiteral("insert into %1 (cuen_cod, cuen_nom, cuen_tercero, cuen_centro,"
-                           " cuen_retencion, cuen_tipo, cuen_activa, cuen_basemin, cuen_porc,"
-                           " cuen_eqniif) values (?,?,?,?,?,?,?,?,?,?)")
-                .arg(libro));
+    for (const QString& libro : {"CUENTAS_NIIF", "CUENTAS"}) {
+        Preparada inserte(c, t,
+                          QString("insert into %1 (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, "
+                                  "cuen_retencion, cuen_tipo, cuen_activa, cuen_basemin, "
+                                  "cuen_porc, cuen_eqniif) values (?,?,?,?,?,?,?,?,?,?)")
+                              .arg(libro));
         for (const Cuenta& x : kPlan) {
             const QString b = QLatin1String(x.banderas);
             const auto si = [&](QChar letra) { return Valor(b.contains(letra) ? "S" : "N"); };
@@ -101,12 +100,10 @@ void agregue_terceros(Conexion& c) {
         {"860002964", "4", "J", "Banco de Bogotá", "CP"},
     };
     Transaccion t(c, Transaccion::Modo::Escritura);
-    Preparada inserte(
-        c, t,
-        QStringLiteral("insert into terceros (terc_nit, terc_dv, terc_tipoid, terc_nom,"
-                       " terc_clie, terc_prov, terc_empl, terc_estado, ciud_cod,"
-                       " terc_ciu, pais_id) values (?,?,?,?,?,?,?,?,'11001',"
-                       "'Bogotá, D.C.','169')"));
+    Preparada inserte(c, t,
+                      "insert into terceros (terc_nit, terc_dv, terc_tipoid, terc_nom, terc_clie, "
+                      "terc_prov, terc_empl, terc_estado, ciud_cod, terc_ciu, pais_id) values "
+                      "(?,?,?,?,?,?,?,?,'11001','Bogotá, D.C.','169')");
     for (const Tercero& x : terceros) {
         const QString r = QLatin1String(x.roles);
         const auto si = [&](QChar letra) { return Valor(r.contains(letra) ? "S" : "N"); };
@@ -114,11 +111,10 @@ void agregue_terceros(Conexion& c) {
                             si('P'), si('E'), Valor(x.estado)});
     }
     t.confirme();
-    c.ejecute(
-        QStringLiteral("insert into clientes (terc_nit, clie_cod, clie_estado)"
-                       " select terc_nit, terc_nit, 'A' from terceros where terc_clie = 'S'"));
-    c.ejecute(QStringLiteral("insert into proveedores (terc_nit, grpr_cod, prov_simplificado)"
-                             " select terc_nit, '01', 'N' from terceros where terc_prov = 'S'"));
+    c.ejecute("insert into clientes (terc_nit, clie_cod, clie_estado) select terc_nit, terc_nit, "
+              "'A' from terceros where terc_clie = 'S'");
+    c.ejecute("insert into proveedores (terc_nit, grpr_cod, prov_simplificado) select terc_nit, "
+              "'01', 'N' from terceros where terc_prov = 'S'");
 }
 
 } // namespace
@@ -128,54 +124,38 @@ QVector<int> opciones_auxiliar() {
 }
 
 void agregue_datos_ejemplo(Conexion& general, Conexion& compania) {
-    registre_compania(general, {QStringLiteral("001"), QStringLiteral("Compañía de Pruebas S.A.S."),
-                                QStringLiteral("900555111-6"), QStringLiteral("Calle 10 # 20-30"),
-                                QStringLiteral("601 3334455"), QString(), QString()});
+    registre_compania(general, {"001", "Compañía de Pruebas S.A.S.", "900555111-6",
+                                "Calle 10 # 20-30", "601 3334455", QString(), QString()});
     DatosCompania datos;
-    datos.nombre = QStringLiteral("Compañía de Pruebas S.A.S.");
-    datos.nit = QStringLiteral("900555111-6");
-    datos.direccion = QStringLiteral("Calle 10 # 20-30");
-    datos.ciudad = QStringLiteral("Bogotá, D.C.");
+    datos.nombre = "Compañía de Pruebas S.A.S.";
+    datos.nit = "900555111-6";
+    datos.direccion = "Calle 10 # 20-30";
+    datos.ciudad = "Bogotá, D.C.";
     configure_compania(compania, datos);
-    for (const char* orden : {
-             "insert into sucursales (sucu_id, sucu_nombre) values (2, 'Norte')",
-             "insert into proyectos (proy_cod, proy_nom) values ('0001', 'Administración')",
-             "insert into proyectos (proy_cod, proy_nom) values ('0002', 'Ventas')",
-             "insert into centros (proy_cod, cent_cod, cent_nom, sucu_id)"
-             " values ('0001', '0001', 'Gerencia', 0)",
-             "insert into centros (proy_cod, cent_cod, cent_nom, sucu_id)"
-             " values ('0001', '0002', 'Contabilidad', 0)",
-             "insert into centros (proy_cod, cent_cod, cent_nom, sucu_id)"
-             " values ('0002', '0001', 'Mostrador', 1)",
-             "insert into centros (proy_cod, cent_cod, cent_nom, sucu_id)"
-             " values ('0002', '0002', 'Bodega', 2)",
-             "insert into tipo_comprobante (tico_cod, tico_nom, tico_formato)"
-             " values ('CG', 'Comprobante general', 'N')",
-             "insert into tipo_comprobante (tico_cod, tico_nom, tico_formato)"
-             " values ('RC', 'Recibo de caja', 'S')",
-             "insert into tipo_comprobante (tico_cod, tico_nom, tico_formato)"
-             " values ('NC', 'Nota de contabilidad', 'N')",
-             "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, prco_activo)"
-             " values ('CG', '0001', '000001', 'S', 'S')",
-             "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, prco_activo)"
-             " values ('RC', '0001', '000001', 'S', 'S')",
-             "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, prco_activo)"
-             " values ('RC', '0002', '000001', 'N', 'S')",
-             "insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, prco_activo)"
-             " values ('NC', '0001', '000001', 'S', 'N')",
-             "insert into concepto_contable (conc_cod, conc_nombre) values ('01', 'Operación')",
-             "insert into concepto_contable (conc_cod, conc_nombre) values ('02', 'Inversión')",
-             "insert into articulo (arti_cod, arti_des, arti_unidad)"
-             " values ('MART01', 'Martillo', 'UNIDAD')",
-             "insert into activos_fijos (acfj_cod, acfj_desc, acfj_activo, acfj_dep)"
-             " values ('ESC01', 'Escritorio', 'S', 'S')",
-         })
-        compania.ejecute(QString::fromUtf8(orden));
+    const auto inserte = [&](const QString& tabla, std::initializer_list<const char*> filas) {
+        for (const char* fila : filas)
+            compania.ejecute("insert into " + tabla + " values (" + QString::fromUtf8(fila) + ')');
+    };
+    inserte("sucursales (sucu_id, sucu_nombre)", {"2, 'Norte'"});
+    inserte("proyectos (proy_cod, proy_nom)", {"'0001', 'Administración'", "'0002', 'Ventas'"});
+    inserte("centros (proy_cod, cent_cod, cent_nom, sucu_id)",
+            {"'0001', '0001', 'Gerencia', 0", "'0001', '0002', 'Contabilidad', 0",
+             "'0002', '0001', 'Mostrador', 1", "'0002', '0002', 'Bodega', 2"});
+    inserte("tipo_comprobante (tico_cod, tico_nom, tico_formato)",
+            {"'CG', 'Comprobante general', 'N'", "'RC', 'Recibo de caja', 'S'",
+             "'NC', 'Nota de contabilidad', 'N'"});
+    inserte("prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, prco_activo)",
+            {"'CG', '0001', '000001', 'S', 'S'", "'RC', '0001', '000001', 'S', 'S'",
+             "'RC', '0002', '000001', 'N', 'S'", "'NC', '0001', '000001', 'S', 'N'"});
+    inserte("concepto_contable (conc_cod, conc_nombre)",
+            {"'01', 'Operación'", "'02', 'Inversión'"});
+    inserte("articulo (arti_cod, arti_des, arti_unidad)", {"'MART01', 'Martillo', 'UNIDAD'"});
+    inserte("activos_fijos (acfj_cod, acfj_desc, acfj_activo, acfj_dep)",
+            {"'ESC01', 'Escritorio', 'S', 'S'"});
     agregue_plan(compania);
     agregue_terceros(compania);
-    DatosUsuario admin{QStringLiteral("ADMIN"), QStringLiteral("Administrador General"), true};
-    DatosUsuario auxiliar{QStringLiteral("AUXILIAR"), QStringLiteral("Auxiliar Contable"), false,
-                          2};
+    DatosUsuario admin{"ADMIN", "Administrador General", true};
+    DatosUsuario auxiliar{"AUXILIAR", "Auxiliar Contable", false, 2};
     for (const DatosUsuario& u : {admin, auxiliar}) {
         registre_usuario_general(general, u);
         registre_usuario_compania(compania, u);

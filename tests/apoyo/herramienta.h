@@ -38,6 +38,15 @@ inline QString salida_de(const QString& programa, const QStringList& argumentos)
     return r.salida;
 }
 
+/// Deja en `ruta` lo que hay comprimido en otro archivo.
+inline void descomprima(const QString& comprimido, const QString& ruta) {
+    QProcess p;
+    p.setStandardOutputFile(ruta);
+    p.start("gzip", {"-dc", comprimido});
+    if (!p.waitForFinished() || p.exitCode() != 0)
+        qFatal("no se pudo descomprimir %s", qPrintable(comprimido));
+}
+
 /// Texto de un PDF, con las columnas en su sitio.
 inline QString texto_de_pdf(const QString& ruta) {
     return salida_de(QStringLiteral("pdftotext"),

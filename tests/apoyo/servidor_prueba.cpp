@@ -34,15 +34,15 @@ int puerto_libre() {
 void escriba(const QString& ruta, const QByteArray& texto) {
     QFile f(ruta);
     if (!f.open(QIODevice::WriteOnly) || f.write(texto) != texto.size())
-        throw ErrorDatos(QStringLiteral("No se pudo escribir %1.").arg(ruta));
+        throw ErrorDatos(QString("No se pudo escribir %1.").arg(ruta));
 }
 
 } // namespace
 
 QString ServidorDePrueba::programa() {
     for (const QString& ruta :
-         {qEnvironmentVariable("QUORVEX_FIREBIRD"), QStringLiteral("/usr/sbin/firebird"),
-          QStandardPaths::findExecutable(QStringLiteral("firebird"))})
+         QStringList{qEnvironmentVariable("QUORVEX_FIREBIRD"), "/usr/sbin/firebird",
+                     QStandardPaths::findExecutable("firebird")})
         if (!ruta.isEmpty() && QFile::exists(ruta))
             return ruta;
     return {};
@@ -50,17 +50,16 @@ QString ServidorDePrueba::programa() {
 
 ServidorDePrueba::ServidorDePrueba() : puerto_(puerto_libre()) {
     if (programa().isEmpty())
-        throw ErrorDatos(QStringLiteral("Falta el paquete firebird3.0-server."));
+        throw ErrorDatos("Falta el paquete firebird3.0-server.");
     prepare_raiz();
     cree_seguridad();
     const Ubicacion origen(plantilla_de_bases()), destino(carpeta_.path());
-    destino.prepare_carpeta(destino.base_compania(QStringLiteral("001")));
+    destino.prepare_carpeta(destino.base_compania("001"));
     QFile::copy(origen.base_general(), destino.base_general());
-    QFile::copy(origen.base_compania(QStringLiteral("001")),
-                destino.base_compania(QStringLiteral("001")));
+    QFile::copy(origen.base_compania("001"), destino.base_compania("001"));
     proceso_.setProcessEnvironment(entorno());
     proceso_.setProgram(programa());
-    proceso_.setStandardOutputFile(carpeta_.filePath(QStringLiteral("salida.log")));
+    proceso_.setStandardOutputFile(carpeta_.filePath("salida.log"));
     proceso_.setProcessChannelMode(QProcess::MergedChannels);
     // Si la prueba se cae, el servidor no queda huérfano.
     proceso_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
@@ -73,22 +72,22 @@ ServidorDePrueba::~ServidorDePrueba() {
 
 void ServidorDePrueba::prepare_raiz() {
     const QString raiz = carpeta_.path() + '/';
-    const QString instalado = QStringLiteral("/usr/lib/x86_64-linux-gnu/firebird/3.0/");
+    const QString instalado = "/usr/lib/x86_64-linux-gnu/firebird/3.0/";
     QDir().mkpath(raiz + "intl");
     QDir().mkpath(raiz + "bloqueos");
     QFile::link(instalado + "plugins", raiz + "plugins");
     QFile::link(instalado + "firebird.msg", raiz + "firebird.msg");
     QFile::copy(instalado + "intl/libfbintl.so", raiz + "intl/libfbintl.so");
     QFile::copy(instalado + "intl/fbintl.conf", raiz + "intl/fbintl.conf");
-    QFile::copy(QStringLiteral("/etc/firebird/3.0/plugins.conf"), raiz + "plugins.conf");
+    QFile::copy("/etc/firebird/3.0/plugins.conf", raiz + "plugins.conf");
     escriba(raiz + "databases.conf", "");
-    escriba(raiz + "firebird.conf", QStringLiteral("ServerMode = Super\n"
-                                                   "RemoteBindAddress = 127.0.0.1\n"
-                                                   "RemoteServicePort = %1\n"
-                                                   "SecurityDatabase = %2seguridad.fdb\n"
-                                                   "DatabaseAccess = Full\n"
-                                                   "AuthServer = Srp\n"
-                                                   "UserManager = Srp\n")
+    escriba(raiz + "firebird.conf", QString("ServerMode = Super\n"
+                                            "RemoteBindAddress = 127.0.0.1\n"
+                                            "RemoteServicePort = %1\n"
+                                            "SecurityDatabase = %2seguridad.fdb\n"
+                                            "DatabaseAccess = Full\n"
+                                            "AuthServer = Srp\n"
+                                            "UserManager = Srp\n")
                                         .arg(puerto_)
                                         .arg(raiz)
                                         .toLocal8Bit());
@@ -96,25 +95,24 @@ void ServidorDePrueba::prepare_raiz() {
 
 QProcessEnvironment ServidorDePrueba::entorno() const {
     QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
-    e.insert(QStringLiteral("FIREBIRD"), carpeta_.path());
-    e.insert(QStringLiteral("FIREBIRD_LOCK"), carpeta_.filePath(QStringLiteral("bloqueos")));
-    e.remove(QStringLiteral("FIREBIRD_TMP"));
+    e.insert("FIREBIRD", carpeta_.path());
+    e.insert("FIREBIRD_LOCK", carpeta_.filePath("bloqueos"));
+    e.remove("FIREBIRD_TMP");
     return e;
 }
 
 void ServidorDePrueba::cree_seguridad() {
-    QString guion =
-        QStringLiteral("create database '%1';\n").arg(carpeta_.filePath("seguridad.fdb"));
+    QString guion = QString("create database '%1';\n").arg(carpeta_.filePath("seguridad.fdb"));
     for (const char* usuario : {"SYSDBA", "ADMIN", "AUXILIAR"})
-        guion += QStringLiteral("create user \"%1\" password '%2';\ncommit;\n")
+        guion += QString("create user \"%1\" password '%2';\ncommit;\n")
                      .arg(QLatin1String(usuario), QLatin1String(kClave));
     QProcess isql;
     isql.setProcessEnvironment(entorno());
-    isql.start(QStringLiteral("isql-fb"), {"-q", "-b", "-user", "SYSDBA"});
+    isql.start("isql-fb", {"-q", "-b", "-user", "SYSDBA"});
     isql.write(guion.toLatin1());
     isql.closeWriteChannel();
     if (!isql.waitForFinished(30000) || isql.exitCode() != 0)
-        throw ErrorDatos(QStringLiteral("No se pudo crear la base de seguridad: %1")
+        throw ErrorDatos(QString("No se pudo crear la base de seguridad: %1")
                              .arg(QString::fromLocal8Bit(isql.readAllStandardError())));
 }
 
@@ -133,7 +131,7 @@ void ServidorDePrueba::inicie() {
         }
         QThread::msleep(50);
     }
-    throw ErrorDatos(QStringLiteral("El servidor de pruebas no atendió: %1").arg(falla));
+    throw ErrorDatos(QString("El servidor de pruebas no atendió: %1").arg(falla));
 }
 
 void ServidorDePrueba::detenga() {
@@ -152,11 +150,11 @@ void ServidorDePrueba::mate() {
 }
 
 Ubicacion ServidorDePrueba::ubicacion() const {
-    return Ubicacion(QStringLiteral("127.0.0.1/%1:%2").arg(puerto_).arg(carpeta_.path()));
+    return Ubicacion(QString("127.0.0.1/%1:%2").arg(puerto_).arg(carpeta_.path()));
 }
 
 ParametrosConexion ServidorDePrueba::parametros(const QString& usuario) const {
-    return {ubicacion().base_compania(QStringLiteral("001")), usuario, QLatin1String(kClave)};
+    return {ubicacion().base_compania("001"), usuario, QLatin1String(kClave)};
 }
 
 ParametrosConexion ServidorDePrueba::parametros_general(const QString& usuario) const {

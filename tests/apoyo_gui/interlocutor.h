@@ -9,15 +9,17 @@
 // `queja()`; uno esperado que no aparece la hace fallar al morir el interlocutor. Atiende el último
 // que se creó; sin ninguno, la guardia del proceso: ningún diálogo deja colgada una prueba, ni
 // siquiera el que sale al cerrar las pantallas de una que falló. `vistos()` son los textos de los
-// diálogos, en orden.
+// diálogos, en orden. Para un solo mensaje basta `dice(Qt::Key_F3, "Desea ...", "Sí")`.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QStringList>
 #include <QTest>
 #include <QTimer>
 #include <functional>
+#include <source_location>
 
 /// Deja correr todo lo que ya esté encolado, y lo que eso encole: para ver que algo no pasa.
 inline void agote_eventos() {
@@ -158,6 +160,28 @@ public:
     void espere_modal(const QString& nombre, std::function<void(QWidget*)> atienda) {
         cola_.append({nombre, {}, std::move(atienda)});
     }
+    /// Espera el diálogo de archivos de ese nombre y escoge la ruta.
+    void espere_archivo(const QString& nombre, const QString& ruta) {
+        espere_modal(nombre, [=](QWidget* w) {
+            w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
+            QMetaObject::invokeMethod(w, "accept");
+        });
+    }
+    /// Espera una pantalla modal y oprime una tecla en ella.
+    void espere_tecla(const QString& pantalla, int clave) {
+        espere_modal(pantalla, [=](QWidget* w) {
+            QTest::keyClick(w->findChild<QWidget*>(pantalla), Qt::Key(clave));
+        });
+    }
+    /// Espera un mensaje que diga eso en alguna parte, y lo cierra con Esc.
+    void espere_mencion(const QString& parte) {
+        espere_modal("dialogo", [=, this](QWidget* w) {
+            const QString dicho = static_cast<QMessageBox*>(w)->text();
+            if (!dicho.contains(parte))
+                quejese(QStringLiteral("«%1» no dice «%2»").arg(dicho, parte));
+            QTest::keyClick(w, Qt::Key_Escape);
+        });
+    }
     const QStringList& vistos() const { return vistos_; }
     [[nodiscard]] bool conforme() const { return quejas_.isEmpty() && cola_.isEmpty(); }
     QString queja() const {
@@ -232,13 +256,13 @@ private:
     QStringList quejas_, vistos_;
 };
 
-/// Lo que se hace dice ese mensaje y ningún otro; se contesta con ese botón.
-inline void se_dice(const QString& texto, const QString& respuesta,
-                    const std::function<void()>& haga) {
-    Interlocutor i;
+/// Hace `accion`, que debe mostrar ese mensaje y ningún otro, y oprime el botón de ese rótulo.
+inline void dice(const std::function<void()>& accion, const QString& texto,
+                 const QString& respuesta = QStringLiteral("Aceptar"),
+                 const std::source_location& donde = std::source_location::current()) {
+    Interlocutor i(Interlocutor::EnSilencio);
     i.espere(texto, respuesta);
-    haga();
-}
-inline void se_dice(const QString& texto, const std::function<void()>& haga) {
-    se_dice(texto, QStringLiteral("Aceptar"), haga);
+    accion();
+    if (!i.conforme())
+        QTest::qFail(qPrintable(i.queja()), donde.file_name(), int(donde.line()));
 }

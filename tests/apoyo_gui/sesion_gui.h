@@ -22,6 +22,10 @@
 #include <QSignalSpy>
 #include <QTest>
 
+/// La propiedad que dice en qué libro abren los comprobantes y las consultas.
+inline const QString kLibroInicial = QStringLiteral(
+    "MOSTRAR VENTANAS 2649 O NIIF INICIALMENTE AL REGISTRAR COMPROBANTES Y HACER CONSULTAS");
+
 struct SesionGui {
     explicit SesionGui(const QString& usuario = QStringLiteral("ADMIN"))
         : escritorio(new QMdiArea(&ventana)) {
@@ -62,6 +66,12 @@ struct SesionGui {
             QStringLiteral("delete from acceso_usuario where user_cod = %1 and acus_opcion = %2")
                 .arg(QuotedStr(dm.usuario))
                 .arg(opcion));
+    }
+    /// Cambia una propiedad de la configuración y la vuelve a leer.
+    void configure(const QString& propiedad, const QString& valor) {
+        base.base().ejecute("update configuracion set conf_valor = ? where conf_propiedad = ?",
+                            {valor, propiedad});
+        dm.cargue_configuracion();
     }
     template <class T> T* abra(const QString& nombre, Encargo encargo = {}) {
         return qobject_cast<T*>(pantallas().abrir(nombre, std::move(encargo)));

@@ -1,5 +1,6 @@
 #pragma once
 // Las manos de las pruebas: teclas donde esté el foco, y las jugadas que todas repiten.
+#include "apoyo_gui/interlocutor.h"
 #include "datos/recordset/conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -26,6 +27,12 @@ inline QWidget* con_foco() {
 /// Oprime una tecla donde esté el foco.
 inline void oprima(int clave, Qt::KeyboardModifiers modificadores = Qt::NoModifier) {
     QTest::keyClick(con_foco(), Qt::Key(clave), modificadores);
+}
+/// Oprime una tecla que debe mostrar ese mensaje, y le responde.
+inline void dice(Qt::Key clave, const QString& texto,
+                 const QString& respuesta = QStringLiteral("Aceptar"),
+                 const std::source_location& donde = std::source_location::current()) {
+    dice([=] { oprima(clave); }, texto, respuesta, donde);
 }
 /// Digita un texto donde esté el foco.
 inline void digite(const QString& texto) {
@@ -73,6 +80,17 @@ inline void escriba(QWidget* pantalla, const char* caja, const QString& texto) {
 inline void pulse(QWidget* pantalla, const char* boton) {
     enfoque(pantalla, boton);
     oprima(Qt::Key_Space);
+}
+/// Doble clic en la celda actual.
+inline void doble_clic(Rejilla& rejilla) {
+    QTest::mouseDClick(rejilla.viewport(), Qt::LeftButton, {},
+                       rejilla.visualRect(rejilla.currentIndex()).center());
+}
+inline QStringList titulos_de(const Rejilla& rejilla) {
+    QStringList titulos;
+    for (int i = 0; i < rejilla.cuenta_columnas(); ++i)
+        titulos << rejilla.columna(i).Titulo();
+    return titulos;
 }
 /// Los valores de un campo en todas las filas, como texto.
 inline QStringList valores_de(const ConjuntoDatos& c, const QString& campo) {

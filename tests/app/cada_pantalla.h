@@ -5,6 +5,17 @@
 
 #include <QScopedValueRollback>
 
+inline QString nombre_de(const QWidget* w) {
+    return w->objectName().isEmpty() ? QString::fromLatin1(w->metaObject()->className())
+                                     : w->objectName();
+}
+/// Hace fallar la prueba si hay faltas, después de decirlas todas.
+inline void diga_faltas(const QStringList& faltas) {
+    for (const QString& f : faltas)
+        qWarning("%s", qPrintable(f));
+    QVERIFY2(faltas.isEmpty(), qPrintable(QString("%1 faltas").arg(faltas.size())));
+}
+
 /// Corre las órdenes en la base, entra y da a `haga` cada pantalla ya abierta; después la cierra.
 /// `ventana`: tamaño del formulario principal, en píxeles independientes de la escala. Sin datos
 /// preparados solo abre las que se abren solas, como en una compañía nueva. `la_toca`: `haga` la

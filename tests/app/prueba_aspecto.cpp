@@ -26,7 +26,6 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QProgressDialog>
-#include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -67,11 +66,6 @@ QSize monitor() {
     return QSize(lados[0].toInt(), lados[1].toInt()) / qApp->devicePixelRatio();
 }
 
-QString de(const QWidget* w) {
-    return w->objectName().isEmpty() ? QString::fromLatin1(w->metaObject()->className())
-                                     : w->objectName();
-}
-
 /// La ventana hija, o el diálogo si es modal.
 QWidget* ventana_de(Pantalla* p) {
     for (QWidget* w = p; w; w = w->parentWidget())
@@ -105,7 +99,7 @@ void revise_celdas(const Rejilla& r, QStringList& faltas) {
             const QString texto = r.modelo().texto(f, c).section('\n', 0, 0);
             if (m.horizontalAdvance(texto) > r.columnWidth(c) - 1 - 2 * DelegadoCelda::margen(m)) {
                 faltas << QString("%1.%2 fila %3 se recorta: %4")
-                              .arg(de(&r), r.columna(c).FieldName)
+                              .arg(nombre_de(&r), r.columna(c).FieldName)
                               .arg(f)
                               .arg(texto);
                 break;
@@ -126,12 +120,14 @@ void revise_anchos(const Rejilla& r, QStringList& faltas) {
             continue;
         const QString suma = r.columna(c).campo->presente(r.suma(c), r.columna(c).DisplayFormat);
         if (QFontMetrics(negrilla).horizontalAdvance(suma) > r.columnWidth(c))
-            faltas << de(&r) + '.' + r.columna(c).FieldName + ": la suma invade la columna vecina";
+            faltas << nombre_de(&r) + '.' + r.columna(c).FieldName +
+                          ": la suma invade la columna vecina";
     }
     // Con las filas justas queda reservado el sitio de la barra del lado.
     const int barra = r.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &r);
     if (nombres && total < r.viewport()->width() - barra)
-        faltas << QString("%1 usa %2 de %3").arg(de(&r)).arg(total).arg(r.viewport()->width());
+        faltas
+            << QString("%1 usa %2 de %3").arg(nombre_de(&r)).arg(total).arg(r.viewport()->width());
 }
 
 void revise_rejillas(const Pantalla* p, QStringList& faltas) {
@@ -151,7 +147,7 @@ void revise_cajas(const Pantalla* p, QStringList& faltas) {
     for (const EditorNumero* e : p->findChildren<EditorNumero*>())
         if (e->isVisible() && e->isReadOnly() &&
             e->fontMetrics().horizontalAdvance(e->text()) > e->contentsRect().width())
-            faltas << de(e) + " se recorta: " + e->text();
+            faltas << nombre_de(e) + " se recorta: " + e->text();
 }
 
 /// Lo que un lector de pantalla diría de un control; vacío si nada.
@@ -168,7 +164,7 @@ void revise_nombres(const Pantalla* p, QStringList& faltas) {
         if (!w->isVisible() || parte || w->focusProxy() || !(w->focusPolicy() & Qt::TabFocus))
             continue;
         if (nombre_dicho(w).isEmpty())
-            faltas << de(w) + " no dice su nombre";
+            faltas << nombre_de(w) + " no dice su nombre";
     }
     for (Rejilla* r : p->findChildren<Rejilla*>()) {
         if (!r->isVisible() || r->modelo().rowCount() == 0)
@@ -176,7 +172,7 @@ void revise_nombres(const Pantalla* p, QStringList& faltas) {
         for (const int c : columnas_a_la_vista(*r)) {
             const QModelIndex celda = r->model()->index(0, c);
             if (celda.data(Qt::AccessibleDescriptionRole).toString().isEmpty())
-                faltas << QString("%1: la celda %2 no dice de qué es").arg(de(r)).arg(c);
+                faltas << QString("%1: la celda %2 no dice de qué es").arg(nombre_de(r)).arg(c);
         }
     }
 }
@@ -189,10 +185,10 @@ void revise_botones(Pantalla* p, QStringList& faltas) {
         for (const QPushButton* b : barra->findChildren<QPushButton*>()) {
             if (b->isVisible() &&
                 !marco->rect().contains(QRect(b->mapTo(marco, QPoint()), b->size())))
-                faltas << de(b) + " queda fuera de la vista";
+                faltas << nombre_de(b) + " queda fuera de la vista";
             // En todas se graba y se sale con las mismas palabras.
             if (b->text().contains("Guardar") || b->text().contains("Cerrar"))
-                faltas << de(b) + " dice " + b->text();
+                faltas << nombre_de(b) + " dice " + b->text();
         }
     }
 }
@@ -200,10 +196,10 @@ void revise_botones(Pantalla* p, QStringList& faltas) {
 void revise_vacias(const Pantalla* p, QStringList& faltas) {
     for (const Rejilla* r : p->findChildren<Rejilla*>())
         if (r->isVisible() && r->conjunto() && r->texto_vacio.isEmpty())
-            faltas << de(r) + " no diría que está vacía";
+            faltas << nombre_de(r) + " no diría que está vacía";
         else if (r->isVisible() && r->conjunto() && !r->conjunto()->Active() &&
                  r->property("sin_consultar").isNull())
-            faltas << de(r) + " abre en blanco y no dice cómo se consulta";
+            faltas << nombre_de(r) + " abre en blanco y no dice cómo se consulta";
 }
 
 /// A un monitor corriente, quien digita ve el asiento y no una ventanilla.
@@ -291,9 +287,8 @@ private slots:
                           QString::fromLatin1(QTest::currentDataTag()) + '_' + p->objectName());
             },
             QTest::currentDataTag() != QByteArray("vacios"));
-        for (const QString& f : faltas)
-            qWarning("%s", qPrintable(f));
-        QVERIFY2(faltas.isEmpty(), qPrintable(QString("%1 faltas").arg(faltas.size())));
+        diga_faltas(faltas);
+        QVERIFY2(s_->errores().isEmpty(), qPrintable(s_->errores().join('|')));
     }
 
     void los_avisos_de_la_sesion_se_abren_tambien_con_el_teclado() {
@@ -305,7 +300,6 @@ private slots:
             w->close();
         });
         QTest::keyClick(&p, Qt::Key_H, Qt::ControlModifier | Qt::ShiftModifier);
-        QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
         QVERIFY(visto.startsWith("2017/05/15 12:00:00  Grabado FC 0001 000106"));
     }
 

@@ -1,7 +1,6 @@
 // El menú y los botones del formulario principal, contra una tabla escrita aparte: letreros,
 // teclas, derechos, lo que abren y en qué modo.
 #include "apoyo/tabla_esperada.h"
-#include "pantallas_de_prueba.h"
 #include "sesion/peticiones.h"
 #include "sesion_de_prueba.h"
 #include "toolkit/impresora.h"
@@ -20,7 +19,7 @@ namespace {
 struct Orden {
     QString lugar, ruta, nombre, tecla, pregunta, opcion, abre, como, modo;
 
-    bool es_boton() const { return lugar != QStringLiteral("menú"); }
+    bool es_boton() const { return lugar != "menú"; }
     QString letrero() const { return ruta.section('/', -1); }
 };
 
@@ -64,7 +63,7 @@ public:
     QLineEdit* texto;
 };
 
-/// Una pantalla que nadie registró antes de armar el menú: la de una versión que aún no la trae.
+/// Los testigos de una prueba, que no quedan registrados para la siguiente.
 class RegistroPrestado {
 public:
     RegistroPrestado() : antes_(pantallas()) {}
@@ -76,6 +75,17 @@ public:
 private:
     const RegistroPantallas antes_;
 };
+
+/// Entradas de un menú, con las de sus submenús: ruta, componente y tecla.
+void recorra(const QMenu* menu, const QString& ruta, QStringList& entradas) {
+    for (const QAction* a : menu->actions()) {
+        const QString suya = ruta + '/' + a->text().remove('&');
+        if (a->menu())
+            recorra(a->menu(), suya, entradas);
+        else if (!a->isSeparator() && a->isVisible())
+            entradas << suya + '|' + a->objectName() + '|' + a->shortcut().toString();
+    }
+}
 
 } // namespace
 
@@ -91,18 +101,266 @@ private slots:
         registro_.reset();
     }
 
-    void el_menu_y_los_botones_son_los_de_la_tabla();
-    void cada_orden_exige_su_opcion_y_ninguna_otra();
-    void cada_submenu_de_estados_se_apaga_solo_con_su_opcion();
-    void la_orden_de_lo_que_no_esta_hecho_no_se_puede_pedir();
-    void cada_orden_abre_su_pantalla_con_su_modo();
-    void todo_nombre_registrado_se_abre();
-    void las_teclas_del_menu_funcionan_con_una_ventana_abierta();
-    void cada_letra_con_alt_oprime_su_boton();
-    void copiar_las_cuentas_a_niif_pregunta_solo_si_no_hay();
-    void edicion_trabaja_sobre_el_control_con_foco();
-    void las_ventanas_se_ordenan_y_se_listan();
-    void la_impresora_configurada_sirve_a_lo_que_se_imprima();
+    void el_menu_y_los_botones_son_los_de_la_tabla() {
+        Tfprincipal& p = s_->entre();
+        QStringList entradas, propias, esperadas;
+        for (const QAction* a : p.menuBar()->actions()) {
+            QStringList estas;
+            recorra(a->menu(), a->text().remove('&'), estas);
+            entradas << estas;
+        }
+        for (const Orden& o : ordenes())
+            if (!o.es_boton())
+                esperadas << o.ruta + '|' + o.nombre + '|' + o.tecla;
+        for (const QString& e : entradas)
+            if (!esperadas.contains(e))
+                propias << e;
+        for (const QString& e : propias)
+            entradas.removeOne(e);
+        QCOMPARE(entradas, esperadas);
+        QCOMPARE(propias.mid(0, 5),
+                 QStringList({"Archivo/Configurar Impresora...|ConfigurarImpresora1|",
+                              "Archivo/Salir|Salir1|Ctrl+S", "Edición/Copiar|Copiar1|",
+                              "Edición/Cortar|Cortar1|", "Edición/Pegar|Pegar1|"}));
+        for (const QString& e : propias.mid(5)) // el arreglo de las ventanas
+            QVERIFY2(e.startsWith("Ventana/"), qPrintable(e));
+        QVERIFY(accion("dinamicos1") && !accion("dinamicos1")->isVisible());
+        QCOMPARE(p.Action1->shortcut().toString(), "Ctrl+F1");
+
+        // Los botones, como se ven: de izquierda a derecha y de arriba abajo.
+        QStringList vistos, con_tecla;
+        for (const char* lugar : {"balance", "columna"}) {
+            QVector<QPushButton*> botones;
+            esperadas.clear();
+            for (const Orden& o : ordenes())
+                if (o.lugar == QLatin1String(lugar)) {
+                    QVERIFY2(boton(o.nombre), qPrintable(o.nombre));
+                    botones << boton(o.nombre);
+                    esperadas << o.letrero() + '|' + o.nombre;
+                    if (!o.tecla.isEmpty() &&
+                        !boton(o.nombre)->toolTip().endsWith('(' + o.tecla + ')'))
+                        con_tecla << o.nombre;
+                }
+            std::sort(botones.begin(), botones.end(), [&p](QPushButton* a, QPushButton* b) {
+                const QPoint x = a->mapTo(&p, QPoint()), y = b->mapTo(&p, QPoint());
+                return std::pair(x.y(), x.x()) < std::pair(y.y(), y.x());
+            });
+            vistos.clear();
+            for (const QPushButton* b : botones)
+                vistos << b->text().remove('&') + '|' + b->objectName();
+            QCOMPARE(vistos, esperadas);
+        }
+        QCOMPARE(con_tecla, QStringList());
+    }
+
+    void cada_orden_exige_su_opcion_y_ninguna_otra() {
+        s_->bases.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
+                           "plan_concepto) values (1, 'CG', '0001', 'Arriendo del mes')"});
+        ponga_testigos(true);
+        s_->entre("AUXILIAR");
+        for (const Orden& o : ordenes()) {
+            if (o.como == "pregunta")
+                continue;
+            const QString abierta = o.como == "informe" ? "OpcionesImpresion" : o.abre;
+            const int opcion = o.opcion.toInt();
+            const bool pregunta = o.pregunta == "entrada" || o.pregunta == "pantalla";
+            Testigo::vistas.clear();
+            conceda([&](int n) { return pregunta && n == opcion; });
+            QVERIFY2(abre(o) == abierta, qPrintable(o.ruta));
+            QVERIFY2(s_->dialogos.conforme(), qPrintable(o.ruta + ": " + s_->dialogos.queja()));
+            // La que pregunta la pantalla solo se ve con la verdadera.
+            if (!pregunta || (o.pregunta == "pantalla" && !Testigo::vistas.isEmpty()))
+                continue;
+            conceda([&](int n) { return n != opcion; });
+            // Las dos entradas de terceros lo dicen con mayúscula; el botón Terceros, no.
+            const bool mayuscula = o.nombre == "Nuevotercero1" || o.nombre == "Regitrodeterceros1";
+            s_->dialogos.espere(
+                QString("Acceso no permitido. %1omuníquese con el administrador del sistema.")
+                    .arg(mayuscula ? 'C' : 'c'));
+            dispare(o);
+            QVERIFY2(s_->dialogos.conforme(), qPrintable(o.ruta + ": " + s_->dialogos.queja()));
+            QVERIFY2(escritorio()->abiertas().isEmpty(), qPrintable(o.ruta));
+            QVERIFY2(s_->principal->barra->text().isEmpty(), qPrintable(o.ruta));
+        }
+        QVERIFY2(s_->errores().isEmpty(), qPrintable(s_->errores().join('|')));
+    }
+
+    void cada_submenu_de_estados_se_apaga_solo_con_su_opcion() {
+        for (const auto& [apagado, opcion] : kSubmenus)
+            for (const bool concedida : {false, true}) {
+                conceda([&, esta = opcion](int n) { return (n == esta) == concedida; });
+                Tfprincipal& p = s_->entre("AUXILIAR");
+                for (const auto& [nombre, suya] : kSubmenus) {
+                    auto* menu = p.findChild<QMenu*>(nombre);
+                    QVERIFY2(menu, qPrintable(nombre));
+                    QVERIFY2(menu->isEnabled() == ((nombre == apagado) == concedida),
+                             qPrintable(nombre + QString(" con %1").arg(opcion)));
+                }
+                s_->cierre();
+            }
+        // Cada entrada "del submenú" cuelga de uno de ellos.
+        s_->entre();
+        for (const Orden& o : ordenes())
+            if (o.pregunta == "submenú") {
+                QStringList duenos;
+                for (const auto& [nombre, opcion] : kSubmenus)
+                    if (QString::number(opcion) == o.opcion &&
+                        s_->principal->findChild<QMenu*>(nombre)->actions().contains(
+                            accion(o.nombre)))
+                        duenos << nombre;
+                QVERIFY2(duenos.size() == 1, qPrintable(o.ruta));
+            }
+    }
+
+    void cada_orden_abre_su_pantalla_con_su_modo() {
+        ponga_testigos(false);
+        s_->configure("CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ", "28959501");
+        s_->entre();
+        for (const Orden& o : ordenes()) {
+            if (o.abre.isEmpty())
+                continue;
+            Testigo::vistas.clear();
+            if (o.como == "modal")
+                s_->dialogos.espere_modal(o.abre, [](QWidget* w) { w->close(); });
+            dispare(o);
+            QVERIFY2(Testigo::vistas.size() == 1, qPrintable(o.ruta));
+            const Testigo::Vista& vista = Testigo::vistas.first();
+            QCOMPARE(vista.pantalla, o.abre);
+            QCOMPARE(vista.modo, o.modo == "descuadres" ? QString("28959501") : o.modo);
+            QCOMPARE(vista.modal, o.como == "modal");
+        }
+    }
+
+    void las_teclas_del_menu_funcionan_con_una_ventana_abierta() {
+        ponga_testigos(false);
+        Tfprincipal& p = s_->entre();
+        auto* abierta = new Testigo("Abierta");
+        escritorio()->muestre(abierta);
+        for (const Orden& o : ordenes()) {
+            if (o.es_boton() || o.tecla.isEmpty())
+                continue;
+            Testigo::vistas.clear();
+            escritorio()->active(abierta);
+            abierta->texto->setFocus();
+            p.activateWindow(); // tras una pantalla modal este monitor no devuelve la activación
+            QVERIFY(QTest::qWaitForWindowActive(&p));
+            if (o.como == "modal")
+                s_->dialogos.espere_modal(o.abre, [](QWidget* w) { w->close(); });
+            const QKeyCombination k = QKeySequence(o.tecla)[0];
+            QTest::keyClick(abierta->texto, k.key(), k.keyboardModifiers());
+            QVERIFY2(Testigo::vistas.size() == 1, qPrintable(o.tecla));
+            QCOMPARE(Testigo::vistas.first().pantalla, o.abre);
+        }
+        QVERIFY(escritorio()->abiertas().contains(abierta)); // Ctrl+F4 no la cerró
+        QVERIFY(p.isVisible());
+    }
+
+    void cada_letra_con_alt_oprime_su_boton() {
+        ponga_testigos(false);
+        Tfprincipal& p = s_->entre();
+        for (const Orden& o : ordenes()) {
+            if (!o.es_boton() || o.tecla.isEmpty())
+                continue;
+            Testigo::vistas.clear();
+            QTest::keyClick(&p, Qt::Key(QKeySequence(o.tecla)[0].key()), Qt::AltModifier);
+            QVERIFY2(Testigo::vistas.size() == 1, qPrintable(o.tecla));
+            QCOMPARE(Testigo::vistas.first().pantalla, o.abre);
+        }
+        // La ventana hija que usa la misma letra la atiende primero.
+        auto* hija = new Testigo("Hija");
+        auto* calcule = new QPushButton("&Calcular", hija);
+        int oprimido = 0;
+        connect(calcule, &QPushButton::clicked, [&] { ++oprimido; });
+        escritorio()->muestre(hija);
+        p.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&p));
+        hija->texto->setFocus();
+        Testigo::vistas.clear();
+        QTest::keyClick(hija->texto, Qt::Key_C, Qt::AltModifier);
+        QTRY_COMPARE(oprimido, 1); // el botón se hunde un instante antes de contestar
+        QVERIFY(Testigo::vistas.isEmpty());
+    }
+
+    void copiar_las_cuentas_a_niif_se_rehusa_si_ya_hay() {
+        s_->entre();
+        s_->dialogos.espere("Ya existen cuentas del plan NIIF. Si desea usar opción debería "
+                            "borrarlas previamente.");
+        accion("CopiarcuentasaNIIF1")->trigger();
+    }
+
+    void edicion_trabaja_sobre_el_control_con_foco() {
+        s_->entre();
+        auto* pantalla = new Testigo("Edicion");
+        auto* otro = new QLineEdit(pantalla);
+        escritorio()->muestre(pantalla);
+        pantalla->texto->setText("1105 Caja");
+        pantalla->texto->setFocus();
+        pantalla->texto->setSelection(5, 4);
+        accion("Cortar1")->trigger();
+        QCOMPARE(pantalla->texto->text(), "1105 ");
+        otro->setFocus();
+        accion("Pegar1")->trigger();
+        QCOMPARE(otro->text(), "Caja");
+        otro->selectAll();
+        accion("Copiar1")->trigger();
+        accion("Pegar1")->trigger();
+        QCOMPARE(otro->text(), "Caja");
+    }
+
+    void las_ventanas_se_ordenan_y_se_listan() {
+        Tfprincipal& p = s_->entre();
+        auto* a = new Testigo("A");
+        auto* b = new Testigo("B");
+        escritorio()->muestre(a);
+        escritorio()->muestre(b);
+        const auto marcos = [] {
+            QVector<QRect> r;
+            for (QMdiSubWindow* v : escritorio()->area()->subWindowList())
+                r << v->geometry();
+            return r;
+        };
+        accion("MosaicoHorizontal1")->trigger();
+        QVERIFY(!marcos()[0].intersects(marcos()[1]));
+        QCOMPARE(marcos()[0].left(), marcos()[1].left());
+        accion("MosaicoVertical1")->trigger();
+        QVERIFY(!marcos()[0].intersects(marcos()[1]));
+        QCOMPARE(marcos()[0].top(), marcos()[1].top());
+
+        QMenu* ventana = nullptr;
+        for (QMenu* m : p.findChildren<QMenu*>())
+            if (m->title().remove('&') == "Ventana")
+                ventana = m;
+        QVERIFY(ventana);
+        emit ventana->aboutToShow();
+        QCOMPARE(escritorio()->activa(), b);
+        for (QAction* x : ventana->actions())
+            if (x->text() == "&1  A")
+                x->trigger();
+        QCOMPARE(escritorio()->activa(), a);
+        accion("CerrarTodas1")->trigger();
+        QVERIFY(escritorio()->abiertas().isEmpty());
+    }
+
+    void la_impresora_configurada_sirve_a_lo_que_se_imprima() {
+        s_->entre("ADMIN");
+        const QString archivo = s_->carpeta() + "/impreso.pdf";
+        fije_impresora({}, archivo);
+        s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
+            QMetaObject::invokeMethod(w, "reject"); // desistir no cambia lo escogido
+        });
+        accion("ConfigurarImpresora1")->trigger();
+        QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
+        QPrinter impresora;
+        prepare_impresora(impresora);
+        QCOMPARE(impresora.outputFileName(), archivo);
+        s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
+            static_cast<QPrintDialog*>(w)->printer()->setPageOrientation(QPageLayout::Landscape);
+            QMetaObject::invokeMethod(w, "accept");
+        });
+        accion("ConfigurarImpresora1")->trigger();
+        QVERIFY(hoja_de_impresora().width() > hoja_de_impresora().height());
+        fije_impresora({});
+    }
 
 private:
     QAction* accion(const QString& nombre) { return s_->principal->findChild<QAction*>(nombre); }
@@ -114,9 +372,6 @@ private:
             boton(o.nombre)->click();
         else
             accion(o.nombre)->trigger();
-    }
-    bool habilitada(const Orden& o) {
-        return o.es_boton() ? boton(o.nombre)->isEnabled() : accion(o.nombre)->isEnabled();
     }
     /// Testigos de lo que abren las órdenes, antes de armar el menú.
     void ponga_testigos(bool solo_lo_que_falta) {
@@ -154,339 +409,6 @@ private:
     std::optional<RegistroPrestado> registro_;
     std::optional<SesionDePrueba> s_;
 };
-
-/// Entradas de un menú, con las de sus submenús: ruta, componente y tecla.
-void recorra(const QMenu* menu, const QString& ruta, QStringList& entradas) {
-    for (const QAction* a : menu->actions()) {
-        const QString suya = ruta + '/' + a->text().remove('&');
-        if (a->menu())
-            recorra(a->menu(), suya, entradas);
-        else if (!a->isSeparator() && a->isVisible())
-            entradas << suya + '|' + a->objectName() + '|' + a->shortcut().toString();
-    }
-}
-
-void PruebaComandos::el_menu_y_los_botones_son_los_de_la_tabla() {
-    Tfprincipal& p = s_->entre();
-    QStringList entradas, propias, esperadas;
-    for (const QAction* a : p.menuBar()->actions()) {
-        QStringList estas;
-        recorra(a->menu(), a->text().remove('&'), estas);
-        entradas << estas;
-    }
-    for (const Orden& o : ordenes())
-        if (!o.es_boton())
-            esperadas << o.ruta + '|' + o.nombre + '|' + o.tecla;
-    for (const QString& e : entradas)
-        if (!esperadas.contains(e))
-            propias << e;
-    for (const QString& e : propias)
-        entradas.removeOne(e);
-    QCOMPARE(entradas, esperadas);
-    QCOMPARE(propias.mid(0, 5),
-             QStringList({"Archivo/Configurar Impresora...|ConfigurarImpresora1|",
-                          "Archivo/Salir|Salir1|Ctrl+S", "Edición/Copiar|Copiar1|",
-                          "Edición/Cortar|Cortar1|", "Edición/Pegar|Pegar1|"}));
-    for (const QString& e : propias.mid(5)) // el arreglo de las ventanas
-        QVERIFY2(e.startsWith("Ventana/"), qPrintable(e));
-    QVERIFY(accion("dinamicos1") && !accion("dinamicos1")->isVisible());
-    QCOMPARE(p.Action1->shortcut().toString(), QString("Ctrl+F1"));
-
-    // Los botones, como se ven: de izquierda a derecha y de arriba abajo.
-    QStringList vistos, con_tecla;
-    for (const char* lugar : {"balance", "columna"}) {
-        QVector<QPushButton*> botones;
-        esperadas.clear();
-        for (const Orden& o : ordenes())
-            if (o.lugar == QLatin1String(lugar)) {
-                QVERIFY2(boton(o.nombre), qPrintable(o.nombre));
-                botones << boton(o.nombre);
-                esperadas << o.letrero() + '|' + o.nombre;
-                if (!o.tecla.isEmpty() && !boton(o.nombre)->toolTip().endsWith('(' + o.tecla + ')'))
-                    con_tecla << o.nombre;
-            }
-        std::sort(botones.begin(), botones.end(), [&p](QPushButton* a, QPushButton* b) {
-            const QPoint x = a->mapTo(&p, QPoint()), y = b->mapTo(&p, QPoint());
-            return std::pair(x.y(), x.x()) < std::pair(y.y(), y.x());
-        });
-        vistos.clear();
-        for (const QPushButton* b : botones)
-            vistos << b->text().remove('&') + '|' + b->objectName();
-        QCOMPARE(vistos, esperadas);
-    }
-    QCOMPARE(con_tecla, QStringList());
-}
-
-void PruebaComandos::cada_orden_exige_su_opcion_y_ninguna_otra() {
-    s_->bases.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
-                       "plan_concepto) values (1, 'CG', '0001', 'Arriendo del mes')"});
-    ponga_testigos(true);
-    s_->entre("AUXILIAR");
-    for (const Orden& o : ordenes()) {
-        if (o.como == "pregunta")
-            continue;
-        const QString abierta = o.como == "informe" ? "OpcionesImpresion" : o.abre;
-        const int opcion = o.opcion.toInt();
-        const bool pregunta = o.pregunta == "entrada" || o.pregunta == "pantalla";
-        Testigo::vistas.clear();
-        conceda([&](int n) { return pregunta && n == opcion; });
-        QVERIFY2(abre(o) == abierta, qPrintable(o.ruta));
-        QVERIFY2(s_->dialogos.conforme(), qPrintable(o.ruta + ": " + s_->dialogos.queja()));
-        // La que pregunta la pantalla solo se ve con la verdadera.
-        if (!pregunta || (o.pregunta == "pantalla" && !Testigo::vistas.isEmpty()))
-            continue;
-        conceda([&](int n) { return n != opcion; });
-        // Las dos entradas de terceros lo dicen con mayúscula; el botón Terceros, no.
-        const bool mayuscula = o.nombre == "Nuevotercero1" || o.nombre == "Regitrodeterceros1";
-        s_->dialogos.espere(QString("Acceso no permitido. %1omuníquese con el administrador del "
-                                    "sistema.")
-                                .arg(mayuscula ? 'C' : 'c'));
-        dispare(o);
-        QVERIFY2(s_->dialogos.conforme(), qPrintable(o.ruta + ": " + s_->dialogos.queja()));
-        QVERIFY2(escritorio()->abiertas().isEmpty(), qPrintable(o.ruta));
-        QVERIFY2(s_->principal->barra->text().isEmpty(), qPrintable(o.ruta));
-    }
-    QVERIFY2(s_->errores().isEmpty(), qPrintable(s_->errores().join('|')));
-}
-
-void PruebaComandos::cada_submenu_de_estados_se_apaga_solo_con_su_opcion() {
-    for (const auto& [apagado, opcion] : kSubmenus)
-        for (const bool concedida : {false, true}) {
-            conceda([&, esta = opcion](int n) { return (n == esta) == concedida; });
-            Tfprincipal& p = s_->entre("AUXILIAR");
-            for (const auto& [nombre, suya] : kSubmenus) {
-                auto* menu = p.findChild<QMenu*>(nombre);
-                QVERIFY2(menu, qPrintable(nombre));
-                QVERIFY2(menu->isEnabled() == ((nombre == apagado) == concedida),
-                         qPrintable(nombre + QString(" con %1").arg(opcion)));
-            }
-            s_->cierre();
-        }
-    // Cada entrada "del submenú" cuelga de uno de ellos.
-    s_->entre();
-    for (const Orden& o : ordenes())
-        if (o.pregunta == "submenú") {
-            QStringList duenos;
-            for (const auto& [nombre, opcion] : kSubmenus)
-                if (QString::number(opcion) == o.opcion &&
-                    s_->principal->findChild<QMenu*>(nombre)->actions().contains(accion(o.nombre)))
-                    duenos << nombre;
-            QVERIFY2(duenos.size() == 1, qPrintable(o.ruta));
-        }
-}
-
-void PruebaComandos::la_orden_de_lo_que_no_esta_hecho_no_se_puede_pedir() {
-    pantallas() = RegistroPantallas();
-    registro_->testigo("Tfcuentas");
-    registro_->testigo("Tfmovimien");
-    s_->entre();
-    QStringList se_pueden;
-    for (const Orden& o : ordenes())
-        if (habilitada(o))
-            se_pueden << o.nombre;
-    QCOMPARE(se_pueden,
-             QStringList({"Man1", "Nuevocomprobantecontable1", "CopiarcuentasaNIIF1", "sButton5"}));
-    boton("alt_t")->click(); // Alt+T de un botón apagado tampoco abre
-    QVERIFY(escritorio()->abiertas().isEmpty());
-}
-
-void PruebaComandos::cada_orden_abre_su_pantalla_con_su_modo() {
-    ponga_testigos(false);
-    s_->configure("CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ", "28959501");
-    s_->entre();
-    for (const Orden& o : ordenes()) {
-        if (o.abre.isEmpty())
-            continue;
-        Testigo::vistas.clear();
-        if (o.como == "modal")
-            s_->dialogos.espere_modal(o.abre, [](QWidget* w) { w->close(); });
-        dispare(o);
-        QVERIFY2(Testigo::vistas.size() == 1, qPrintable(o.ruta));
-        const Testigo::Vista& vista = Testigo::vistas.first();
-        QCOMPARE(vista.pantalla, o.abre);
-        QCOMPARE(vista.modo, o.modo == "descuadres" ? QString("28959501") : o.modo);
-        QCOMPARE(vista.modal, o.como == "modal");
-    }
-    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
-}
-
-void PruebaComandos::todo_nombre_registrado_se_abre() {
-    const PantallasDePrueba preparadas(s_->bases);
-    s_->entre();
-    for (const QString& nombre : pantallas().nombres()) {
-        const qsizetype antes = s_->dialogos.vistos().size();
-        if (preparadas.imprime(nombre)) {
-            s_->dialogos.espere_modal("OpcionesImpresion", [](QWidget* w) { w->close(); });
-            pantallas().abrir(nombre);
-        } else if (preparadas.es_modal(nombre)) {
-            s_->dialogos.espere_modal(nombre, [](QWidget* w) { w->close(); });
-            pantallas().abrir_modal(nombre, preparadas.encargo(nombre));
-        } else {
-            Pantalla* p = pantallas().abrir(nombre, preparadas.encargo(nombre));
-            QVERIFY2(p && p->isVisible(), qPrintable(nombre));
-            QCOMPARE(p->objectName(), nombre);
-            QVERIFY2(p->close(), qPrintable(nombre));
-            QCOMPARE(s_->dialogos.vistos().size(), antes);
-        }
-        QVERIFY2(s_->dialogos.conforme(), qPrintable(nombre + ": " + s_->dialogos.queja()));
-        QVERIFY2(escritorio()->abiertas().isEmpty(), qPrintable(nombre));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    QVERIFY2(s_->errores().isEmpty(), qPrintable(s_->errores().join('|')));
-}
-
-void PruebaComandos::las_teclas_del_menu_funcionan_con_una_ventana_abierta() {
-    ponga_testigos(false);
-    Tfprincipal& p = s_->entre();
-    auto* abierta = new Testigo("Abierta");
-    escritorio()->muestre(abierta);
-    for (const Orden& o : ordenes()) {
-        if (o.es_boton() || o.tecla.isEmpty())
-            continue;
-        Testigo::vistas.clear();
-        escritorio()->active(abierta);
-        abierta->texto->setFocus();
-        p.activateWindow(); // tras una pantalla modal este monitor no devuelve la activación
-        QVERIFY(QTest::qWaitForWindowActive(&p));
-        if (o.como == "modal")
-            s_->dialogos.espere_modal(o.abre, [](QWidget* w) { w->close(); });
-        const QKeyCombination k = QKeySequence(o.tecla)[0];
-        QTest::keyClick(abierta->texto, k.key(), k.keyboardModifiers());
-        QVERIFY2(Testigo::vistas.size() == 1, qPrintable(o.tecla));
-        QCOMPARE(Testigo::vistas.first().pantalla, o.abre);
-    }
-    QVERIFY(escritorio()->abiertas().contains(abierta)); // Ctrl+F4 no la cerró
-    QVERIFY(p.isVisible());
-}
-
-void PruebaComandos::cada_letra_con_alt_oprime_su_boton() {
-    ponga_testigos(false);
-    Tfprincipal& p = s_->entre();
-    for (const Orden& o : ordenes()) {
-        if (!o.es_boton() || o.tecla.isEmpty())
-            continue;
-        Testigo::vistas.clear();
-        QTest::keyClick(&p, Qt::Key(QKeySequence(o.tecla)[0].key()), Qt::AltModifier);
-        QVERIFY2(Testigo::vistas.size() == 1, qPrintable(o.tecla));
-        QCOMPARE(Testigo::vistas.first().pantalla, o.abre);
-    }
-    // La ventana hija que usa la misma letra la atiende primero.
-    auto* hija = new Testigo("Hija");
-    auto* calcule = new QPushButton("&Calcular", hija);
-    int oprimido = 0;
-    connect(calcule, &QPushButton::clicked, [&] { ++oprimido; });
-    escritorio()->muestre(hija);
-    p.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&p));
-    hija->texto->setFocus();
-    Testigo::vistas.clear();
-    QTest::keyClick(hija->texto, Qt::Key_C, Qt::AltModifier);
-    QTRY_COMPARE(oprimido, 1); // el botón se hunde un instante antes de contestar
-    QVERIFY(Testigo::vistas.isEmpty());
-}
-
-void PruebaComandos::copiar_las_cuentas_a_niif_pregunta_solo_si_no_hay() {
-    s_->entre();
-    const auto copiadas = [this] {
-        return s_->bases.base().consulte("select count(*) from cuentas_niif").entero();
-    };
-    const qint64 habia = copiadas();
-    s_->dialogos.espere("Ya existen cuentas del plan NIIF. Si desea usar opción debería borrarlas "
-                        "previamente.");
-    accion("CopiarcuentasaNIIF1")->trigger();
-    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
-    QCOMPARE(copiadas(), habia);
-
-    s_->bases.ejecute({"update cuentas set cuen_eqniif = null",
-                       // de la más larga a la más corta: ninguna se borra con auxiliares
-                       "execute block as declare c varchar(20); begin for select cuen_cod from "
-                       "cuentas_niif order by char_length(cuen_cod) desc into c do delete from "
-                       "cuentas_niif where cuen_cod = :c; end"});
-    const QString pregunta = "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) al "
-                             "plan de cuentas NIIF. Desea continuar?";
-    s_->dialogos.espere(pregunta, "No");
-    accion("CopiarcuentasaNIIF1")->trigger();
-    QCOMPARE(copiadas(), 0);
-    s_->dialogos.espere(pregunta, "Sí");
-    accion("CopiarcuentasaNIIF1")->trigger();
-    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
-    QCOMPARE(copiadas(), s_->bases.base().consulte("select count(*) from cuentas").entero());
-}
-
-void PruebaComandos::edicion_trabaja_sobre_el_control_con_foco() {
-    s_->entre();
-    auto* pantalla = new Testigo("Edicion");
-    auto* otro = new QLineEdit(pantalla);
-    escritorio()->muestre(pantalla);
-    pantalla->texto->setText("1105 Caja");
-    pantalla->texto->setFocus();
-    pantalla->texto->setSelection(5, 4);
-    accion("Cortar1")->trigger();
-    QCOMPARE(pantalla->texto->text(), QString("1105 "));
-    otro->setFocus();
-    accion("Pegar1")->trigger();
-    QCOMPARE(otro->text(), QString("Caja"));
-    otro->selectAll();
-    accion("Copiar1")->trigger();
-    accion("Pegar1")->trigger();
-    QCOMPARE(otro->text(), QString("Caja"));
-}
-
-void PruebaComandos::las_ventanas_se_ordenan_y_se_listan() {
-    Tfprincipal& p = s_->entre();
-    auto* a = new Testigo("A");
-    auto* b = new Testigo("B");
-    escritorio()->muestre(a);
-    escritorio()->muestre(b);
-    const auto marcos = [] {
-        QVector<QRect> r;
-        for (QMdiSubWindow* v : escritorio()->area()->subWindowList())
-            r << v->geometry();
-        return r;
-    };
-    accion("MosaicoHorizontal1")->trigger();
-    QVERIFY(!marcos()[0].intersects(marcos()[1]));
-    QCOMPARE(marcos()[0].left(), marcos()[1].left());
-    accion("MosaicoVertical1")->trigger();
-    QVERIFY(!marcos()[0].intersects(marcos()[1]));
-    QCOMPARE(marcos()[0].top(), marcos()[1].top());
-
-    QMenu* ventana = nullptr;
-    for (QMenu* m : p.findChildren<QMenu*>())
-        if (m->title().remove('&') == "Ventana")
-            ventana = m;
-    QVERIFY(ventana);
-    emit ventana->aboutToShow();
-    QCOMPARE(escritorio()->activa(), b);
-    for (QAction* x : ventana->actions())
-        if (x->text() == "&1  A")
-            x->trigger();
-    QCOMPARE(escritorio()->activa(), a);
-    accion("CerrarTodas1")->trigger();
-    QVERIFY(escritorio()->abiertas().isEmpty());
-}
-
-void PruebaComandos::la_impresora_configurada_sirve_a_lo_que_se_imprima() {
-    s_->entre("ADMIN");
-    const QString archivo = s_->carpeta() + "/impreso.pdf";
-    fije_impresora({}, archivo);
-    s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
-        QMetaObject::invokeMethod(w, "reject"); // desistir no cambia lo escogido
-    });
-    accion("ConfigurarImpresora1")->trigger();
-    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
-    QPrinter impresora;
-    prepare_impresora(impresora);
-    QCOMPARE(impresora.outputFileName(), archivo);
-    s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
-        static_cast<QPrintDialog*>(w)->printer()->setPageOrientation(QPageLayout::Landscape);
-        QMetaObject::invokeMethod(w, "accept");
-    });
-    accion("ConfigurarImpresora1")->trigger();
-    QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
-    QVERIFY(hoja_de_impresora().width() > hoja_de_impresora().height());
-    fije_impresora({});
-}
 
 PRUEBA_DE_LA_APLICACION(PruebaComandos)
 #include "prueba_comandos.moc"

@@ -7,7 +7,6 @@
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QAbstractItemView>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
@@ -153,11 +152,6 @@ private slots:
     void cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc();
 
 private:
-    void diga(const QStringList& malas) {
-        for (const QString& m : malas)
-            qWarning("%s", qPrintable(m));
-        QVERIFY2(malas.isEmpty(), qPrintable(QString("%1 faltas").arg(malas.size())));
-    }
     std::optional<SesionDePrueba> s_;
 };
 
@@ -185,7 +179,7 @@ void PruebaManos::lo_que_cada_pantalla_dice_de_sus_teclas_es_verdad() {
     });
     QVERIFY(pantallas_vistas > 50);
     QVERIFY2(anuncios > 250, qPrintable(QString::number(anuncios)));
-    diga(malas);
+    diga_faltas(malas);
 }
 
 void PruebaManos::cada_lista_desplegable_se_halla_tecleando_seguido() {
@@ -211,7 +205,7 @@ void PruebaManos::cada_lista_desplegable_se_halla_tecleando_seguido() {
         }
     });
     QVERIFY(vistas > 20);
-    diga(malas);
+    diga_faltas(malas);
 }
 
 void PruebaManos::cada_boton_con_foco_se_oprime_con_enter_y_con_espacio() {
@@ -236,7 +230,7 @@ void PruebaManos::cada_boton_con_foco_se_oprime_con_enter_y_con_espacio() {
         }
     });
     QVERIFY(vistos > 150);
-    diga(malas);
+    diga_faltas(malas);
 }
 
 void PruebaManos::en_cada_memo_ctrl_enter_hace_renglon() {
@@ -260,7 +254,7 @@ void PruebaManos::en_cada_memo_ctrl_enter_hace_renglon() {
         }
     });
     QVERIFY(vistos > 3);
-    diga(malas);
+    diga_faltas(malas);
 }
 
 void PruebaManos::cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc() {
@@ -310,7 +304,7 @@ void PruebaManos::cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc()
             malas << esta + ": Esc no la deja";
     });
     QVERIFY2(vistas > 10, qPrintable(QString::number(vistas)));
-    diga(malas);
+    diga_faltas(malas);
 }
 
 PRUEBA_DE_LA_APLICACION(PruebaManos)

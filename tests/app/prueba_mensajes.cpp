@@ -1,5 +1,6 @@
 // Mensajes entre usuarios: escribir, contestar, a todos, la historia y quién está conectado; y de
 // un programa a otro, por un servidor.
+#include "apoyo/comprobantes.h"
 #include "apoyo/reloj_de_prueba.h"
 #include "apoyo/servidor_prueba.h"
 #include "app/tfmensaje.h"
@@ -8,7 +9,6 @@
 #include "fallas/contador.h"
 #include "toolkit/controles/memodato.h"
 
-#include <QComboBox>
 #include <QtTest>
 #include <cstdio>
 
@@ -43,17 +43,7 @@ private slots:
 
 private:
     Tfmensaje* abra(Encargo e = {}) { return s_->abra<Tfmensaje>("Tfmensaje", std::move(e)); }
-    QString filas(const QString& sql) {
-        QStringList lista;
-        const auto c = s_->base.base().abra(sql);
-        while (c->siguiente()) {
-            QStringList columnas;
-            for (int i = 0; i < c->columnas().size(); ++i)
-                columnas << c->valor(i).texto();
-            lista << columnas.join('|');
-        }
-        return lista.join('\n');
-    }
+    QString filas(const QString& sql) { return filas_de(s_->base.base(), sql); }
 
     std::optional<SesionGui> s_;
     std::optional<Interlocutor> i_;
@@ -70,7 +60,7 @@ void PruebaMensajes::enviar_pone_autor_hora_y_destino() {
     QCOMPARE(filas("select mens_autor, mens_mensaje, mens_nivel, mens_destino, mens_leido, "
                    "mens_respuesta, iif(mens_id > 0 and mens_fecha is not null and mens_hora is "
                    "not null, 'S', 'N') from mensajeria"),
-             QString("ADMIN|Revise la caja|1|AUXILIAR|N|0|S"));
+             "ADMIN|Revise la caja|1|AUXILIAR|N|0|S");
     QVERIFY(!escritorio()->abierta("Tfmensaje"));
 }
 
@@ -83,18 +73,18 @@ void PruebaMensajes::a_todos_llega_uno_a_cada_usuario_menos_a_quien_lo_manda() {
     agote_eventos();
     QCOMPARE(filas("select mens_destino, mens_autor, mens_nivel from mensajeria where mens_leido = "
                    "'N' order by 1"),
-             QString("AUXILIAR|ADMIN|3\nOTRO|ADMIN|3"));
-    QCOMPARE(filas("select count(*) from mensajeria where mens_destino = 'Todos'"), QString("1"));
+             "AUXILIAR|ADMIN|3\nOTRO|ADMIN|3");
+    QCOMPARE(filas("select count(*) from mensajeria where mens_destino = 'Todos'"), "1");
 }
 
 void PruebaMensajes::contestar_ubica_al_autor_y_nombra_el_mensaje() {
     Tfmensaje* p = abra(RespondeMensaje{.mensaje_responder = "77", .autor_responder = "AUXILIAR"});
-    QCOMPARE(p->CUsermens.FieldByName("USUARIO").texto(), QString("AUXILIAR"));
+    QCOMPARE(p->CUsermens.FieldByName("USUARIO").texto(), "AUXILIAR");
     p->MENS_MENSAJE->setFocus();
     digite("Listo");
     oprima(Qt::Key_F2);
     agote_eventos();
-    QCOMPARE(filas("select mens_destino, mens_respuesta from mensajeria"), QString("AUXILIAR|77"));
+    QCOMPARE(filas("select mens_destino, mens_respuesta from mensajeria"), "AUXILIAR|77");
 }
 
 void PruebaMensajes::conectado_es_quien_entro_hoy() {
@@ -108,24 +98,23 @@ void PruebaMensajes::conectado_es_quien_entro_hoy() {
     const auto conectado = [&](const char* usuario) {
         return p->CUsermens.Lookup("USUARIO", {usuario}, "Conectado").texto();
     };
-    QCOMPARE(conectado("ADMIN"), QString("S"));
-    QCOMPARE(conectado("AUXILIAR"), QString("N")); // sigue adentro desde ayer, y así se ve
+    QCOMPARE(conectado("ADMIN"), "S");
+    QCOMPARE(conectado("AUXILIAR"), "N"); // sigue adentro desde ayer, y así se ve
     // El reloj lo vuelve a mirar.
     s_->base.general().ejecute("update usuario set feccon = date '" + hoy +
                                "' where usua_cod = 'AUXILIAR'");
     QCOMPARE(p->Timer1->interval(), 15000);
     emit p->Timer1->timeout({});
-    QCOMPARE(conectado("AUXILIAR"), QString("S"));
+    QCOMPARE(conectado("AUXILIAR"), "S");
 }
 
 void PruebaMensajes::la_historia_es_la_del_usuario_senalado() {
-    s_->base.ejecute(
-        {"insert into mensajeria (mens_autor, mens_mensaje, mens_destino, mens_fecha) values "
-         "('AUXILIAR', 'uno', 'ADMIN', date '2017-01-01')",
-         "insert into mensajeria (mens_autor, mens_mensaje, mens_destino, mens_fecha) values "
-         "('ADMIN', 'dos', 'AUXILIAR', date '2017-01-02')",
-         "insert into mensajeria (mens_autor, mens_mensaje, mens_destino, mens_fecha) values "
-         "('OTRO', 'ajeno', 'AUXILIAR', date '2017-01-03')"});
+    s_->base.ejecute({"insert into mensajeria (mens_autor, mens_mensaje, mens_destino, mens_fecha) "
+                      "values ('AUXILIAR', 'uno', 'ADMIN', date '2017-01-01')",
+                      "insert into mensajeria (mens_autor, mens_mensaje, mens_destino, mens_fecha) "
+                      "values ('ADMIN', 'dos', 'AUXILIAR', date '2017-01-02')",
+                      "insert into mensajeria (mens_autor, mens_mensaje, mens_destino, mens_fecha) "
+                      "values ('OTRO', 'ajeno', 'AUXILIAR', date '2017-01-03')"});
     Tfmensaje* p = abra();
     QVERIFY(p->CUsermens.Locate("USUARIO", {"AUXILIAR"}));
     QCOMPARE(valores_de(p->Chistomens, "MENSAJE"), QStringList({"dos", "uno"}));
@@ -141,7 +130,7 @@ void PruebaMensajes::uno_vacio_no_se_envia_y_esc_no_deja_nada() {
     digite("a medias");
     oprima(Qt::Key_Escape);
     agote_eventos();
-    QCOMPARE(filas("select count(*) from mensajeria"), QString("0"));
+    QCOMPARE(filas("select count(*) from mensajeria"), "0");
     QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
@@ -169,13 +158,13 @@ void PruebaMensajes::entre_dos_programas_por_un_servidor() {
     vigia.AdvAlertWindow2PopupClick();
     auto* p = qobject_cast<Tfmensaje*>(escritorio()->activa());
     QVERIFY(p);
-    QCOMPARE(p->CUsermens.FieldByName("USUARIO").texto(), QString("AUXILIAR"));
+    QCOMPARE(p->CUsermens.FieldByName("USUARIO").texto(), "AUXILIAR");
     QVERIFY(vigia.Timer3->isActive());
-    QCOMPARE(yo.dm.Quorvex
-                 .consulte("select mens_leido || iif(mens_fecleido is null, 'N', 'S') "
-                           "from mensajeria")
-                 .texto(),
-             QString("SS"));
+    QCOMPARE(
+        yo.dm.Quorvex
+            .consulte("select mens_leido || iif(mens_fecleido is null, 'N', 'S') from mensajeria")
+            .texto(),
+        "SS");
 }
 
 /// El otro programa: AUXILIAR escribe a ADMIN en su propia pantalla.

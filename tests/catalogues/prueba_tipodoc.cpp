@@ -1,10 +1,7 @@
 // Tipos de comprobante y sus prefijos.
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_terceros.h"
-#include "toolkit/barraestado.h"
 #include "toolkit/controles/navegadordatos.h"
-#include "toolkit/rejilla/rejilla.h"
 
 #include <QPushButton>
 
@@ -26,19 +23,8 @@ class PruebaTipodoc : public QObject {
 private slots:
     void initTestCase() { registre_pantallas_terceros(); }
 
-    void pide_la_opcion_60() {
-        SesionGui s("AUXILIAR");
-        Interlocutor i;
-        i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
-        QVERIFY(!pantallas().abrir("Tftipodoc"));
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        s.otorgue(60);
-        QVERIFY(pantallas().abrir("Tftipodoc"));
-    }
-
     void un_tipo_nuevo_nace_sin_formato_y_su_prefijo_a_mano_y_activo() {
         SesionGui s;
-        Interlocutor i;
         Pantalla* p = pantallas().abrir("Tftipodoc");
         enfoque(p, "DBGridEh1", 0);
         oprima(Qt::Key_Insert);
@@ -54,14 +40,13 @@ private slots:
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(s.dato("select t.tico_nom || '|' || t.tico_formato || '|' || p.prco_pref || '|' "
                         "|| p.pref_numero || '|' || p.prco_auto || p.prco_activo || '|' || "
-                        "p.prco_usuario from tipo_comprobante t, prefijos_conta p where "
-                        "p.tico_cod = t.tico_cod and t.tico_cod = 'EG'"),
-                 QString("Egreso|N|0001|000100|NS|ADMIN"));
+                        "p.prco_usuario from tipo_comprobante t, prefijos_conta p where p.tico_cod "
+                        "= t.tico_cod and t.tico_cod = 'EG'"),
+                 "Egreso|N|0001|000100|NS|ADMIN");
     }
 
     void una_fila_sin_codigo_desaparece_al_dejarla() {
         SesionGui s;
-        Interlocutor i;
         Pantalla* p = pantallas().abrir("Tftipodoc");
         const int antes = tipos(p).RecordCount();
         tipos(p).Append();
@@ -77,20 +62,19 @@ private slots:
 
     void el_prefijo_senalado_queda_en_edicion_y_solo_el_que_cambia_lleva_el_usuario() {
         SesionGui s;
-        Interlocutor i;
         Pantalla* p = pantallas().abrir("Tftipodoc");
         QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
         QVERIFY(prefijos(p).State() == Estado::Edicion);
         enfoque(p, "DBGridEh2", 1);
         oprima(Qt::Key_Down);
-        QCOMPARE(prefijos(p).FieldByName("PRCO_PREF").texto(), QString("0002"));
+        QCOMPARE(prefijos(p).FieldByName("PRCO_PREF").texto(), "0002");
         QVERIFY(prefijos(p).State() == Estado::Edicion);
         // El número admite cifras; cambiarlo a mano es libre.
         digite("x0x0777");
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select pref_numero || prco_usuario from prefijos_conta where tico_cod = "
                         "'RC' and prco_pref = '0002'"),
-                 QString("00777ADMIN"));
+                 "00777ADMIN");
         QVERIFY(s.dato("select prco_usuario from prefijos_conta where tico_cod = 'RC' and "
                        "prco_pref = '0001'")
                     .isEmpty());
@@ -106,44 +90,39 @@ private slots:
         i.espere_comienzo("Otro usuario cambió");
         oprima(Qt::Key_F2);
         QCOMPARE(s.escritorio.abiertas().size(), 1); // lo digitado sigue ahí
-        QCOMPARE(prefijos(p).FieldByName("PREF_NUMERO").texto(), QString("000009"));
-        QCOMPARE(s.dato("select pref_numero from prefijos_conta where tico_cod = 'CG'"),
-                 QString("000050"));
+        QCOMPARE(prefijos(p).FieldByName("PREF_NUMERO").texto(), "000009");
+        QCOMPARE(s.dato("select pref_numero from prefijos_conta where tico_cod = 'CG'"), "000050");
     }
 
     void la_base_rehusa_un_tipo_repetido_y_borrar_uno_con_prefijos() {
         SesionGui s;
-        Interlocutor i;
         Pantalla* p = pantallas().abrir("Tftipodoc");
         tipos(p).Append();
         tipos(p).FieldByName("TICO_COD") = "CG";
         tipos(p).FieldByName("TICO_NOM") = "Otro";
-        se_dice("Ya existe el registro en la tabla Tipocomp", [&] { oprima(Qt::Key_F2); });
+        dice(Qt::Key_F2, "Ya existe el registro en la tabla Tipocomp");
         oprima(Qt::Key_Escape);
 
         p = pantallas().abrir("Tftipodoc");
         QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
-        i.espere("Desea borrar el registro?", "Sí");
-        componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click();
-        se_dice("Está borrando o insertando un registro en la tabla Tipocomp que tiene una "
-                "relación con otra tabla. No se puede borrar ni cambiar su código: se usa en los "
-                "prefijos de los comprobantes.",
-                [&] { oprima(Qt::Key_F2); });
-        QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'RC'"),
-                 QString("1"));
-        QCOMPARE(s.dato("select count(*) from prefijos_conta where tico_cod = 'RC'"), QString("2"));
+        dice([&] { componente<NavegadorDatos>(p, "DBNavigator1").boton(nbDelete)->click(); },
+             "Desea borrar el registro?", "Sí");
+        dice(Qt::Key_F2, "Está borrando o insertando un registro en la tabla Tipocomp que tiene "
+                         "una relación con otra tabla. No se puede borrar ni cambiar su código: se "
+                         "usa en los prefijos de los comprobantes.");
+        QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'RC'"), "1");
+        QCOMPARE(s.dato("select count(*) from prefijos_conta where tico_cod = 'RC'"), "2");
         oprima(Qt::Key_Escape);
 
         // Quitando antes los prefijos, en la misma ventana, el tipo sí se va.
         p = pantallas().abrir("Tftipodoc");
         QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
         for (const char* navegador : {"DBNavigator2", "DBNavigator2", "DBNavigator1"}) {
-            i.espere("Desea borrar el registro?", "Sí");
-            componente<NavegadorDatos>(p, navegador).boton(nbDelete)->click();
+            dice([&] { componente<NavegadorDatos>(p, navegador).boton(nbDelete)->click(); },
+                 "Desea borrar el registro?", "Sí");
         }
         oprima(Qt::Key_F2);
-        QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'RC'"),
-                 QString("0"));
+        QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'RC'"), "0");
     }
 
     void esc_deja_todo_como_estaba() {
@@ -155,37 +134,29 @@ private slots:
         tipos(p).Last();
         oprima(Qt::Key_Escape);
         QVERIFY(s.escritorio.abiertas().isEmpty());
-        QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_nom = 'Cambiado'"),
-                 QString("0"));
+        QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_nom = 'Cambiado'"), "0");
     }
 
     void el_formato_se_abre_con_f8_en_los_tipos_que_lo_tienen() {
         SesionGui s;
-        AvisosBarra barra;
-        s.dm.barra(&barra);
+        registre_testigo("Tfedtformato", [this](const Pantalla& p) {
+            formato_ = p.peticion<AbreFormato>().formato_actual;
+        });
         Pantalla* p = pantallas().abrir("Tftipodoc");
         auto& boton = componente<QPushButton>(p, "SpeedButton3");
         QVERIFY(!boton.isEnabled()); // CG no tiene formato
         oprima(Qt::Key_F8);
-        QVERIFY(barra.text().isEmpty());
+        QVERIFY(formato_.isEmpty());
         QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
         prefijos(p).Last();
         QVERIFY(boton.isEnabled());
         oprima(Qt::Key_F8);
-        QCOMPARE(barra.text(),
-                 QString("Advertencia: La pantalla Tfedtformato todavía no está disponible."));
-        registre_testigo("Tfedtformato", [this](const Pantalla& p) {
-            formato_ = p.peticion<AbreFormato>().formato_actual;
-        });
         oprima(Qt::Key_F8);
-        QCOMPARE(formato_, QString("RC"));
+        QCOMPARE(formato_, "RC");
         s.escritorio.activa()->close();
-        s.base.ejecute({"update configuracion set conf_valor = 'NO' where conf_propiedad = 'USAR "
-                        "TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR'"});
-        s.dm.cargue_configuracion();
+        s.configure("USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR", "NO");
         oprima(Qt::Key_F8);
-        QCOMPARE(formato_, QString("0002"));
-        s.dm.barra(nullptr);
+        QCOMPARE(formato_, "0002");
     }
 };
 

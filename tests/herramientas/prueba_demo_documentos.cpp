@@ -1,20 +1,15 @@
 // Los documentos de la compañía de demostración: hay de todos, se contabilizan limpios los que no
 // fallan a propósito y las facturas de ejemplo entran con ellos.
-#include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
-#include "herramientas/administracion.h"
-#include "herramientas/demostracion.h"
+#include "herramientas/demo_de_prueba.h"
 #include "herramientas/factura_electronica.h"
-#include "herramientas/instalador.h"
 #include "herramientas/verificacion.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 class PruebaDemoDocumentos : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
     void hay_tres_meses_de_todos_los_tipos_de_la_lista();
     void los_que_no_fallan_a_proposito_se_contabilizan_limpios();
 
@@ -22,49 +17,34 @@ private:
     /// Propuesta de un documento con la primera de sus interfaces; 0 si falla o no tiene.
     int proponga(const QVector<Valor>& documento);
 
-    QTemporaryDir carpeta_;
-    Conexion general_, c_;
-    ResultadoDemostracion resultado_;
+    Demo demo_{
+        {.renglones = 4000},
+        {.codigo = "001", .nombre = "Comercializadora El Martillo S.A.S.", .nit = "901400777-9"}};
+    Conexion& c_ = demo_.compania;
 };
 
-void PruebaDemoDocumentos::initTestCase() {
-    general_.cree_base(desechable(carpeta_.filePath("general.fdb")), 1000);
-    Instalador(general_).instale(TipoBase::General);
-    c_.cree_base(desechable(carpeta_.filePath("quorvex.fdb")), 4000);
-    Instalador(c_).instale(TipoBase::Compania);
-    DatosCompania d;
-    d.codigo = "001";
-    d.nombre = "Comercializadora El Martillo S.A.S.";
-    d.nit = "901400777-9";
-    configure_compania(c_, d);
-    OpcionesDemostracion opciones;
-    opciones.renglones = 4000;
-    resultado_ = genere_demostracion(general_, c_, opciones);
-}
-
 void PruebaDemoDocumentos::hay_tres_meses_de_todos_los_tipos_de_la_lista() {
-    QCOMPARE(filas_de(c_, "select tido_cod from documento_contable d where doct_lista = 'S' and not"
-                          " exists (select 1 from documento x where x.tido_cod = d.tido_cod)"),
+    QCOMPARE(filas_de(c_, "select tido_cod from documento_contable d where doct_lista = 'S' and "
+                          "not exists (select 1 from documento x where x.tido_cod = d.tido_cod)"),
              QString());
     QCOMPARE(filas_de(c_, "select extract(month from docu_fecha) from documento group by 1"),
              "1\n2\n3");
-    QVERIFY(resultado_.documentos > 550 && resultado_.documentos < 650);
+    QVERIFY(demo_.resultado.documentos > 550 && demo_.resultado.documentos < 650);
 }
 
 int PruebaDemoDocumentos::proponga(const QVector<Valor>& d) {
     const bool nomina = d[3].texto() == "NOMINA";
     const Valor interfaz =
-        c_.consulte("select first 1 interfaz from interfaz_contable where familia = ? and tido_cod"
-                    " = ? and (familia = 'NOMINA' or pref_pre = ?) and (familia <> 'BANCOS' or"
-                    " exists (select 1 from interfaz_bancos where inba_id = interfaz and cuba_cod ="
-                    " ?)) order by interfaz",
+        c_.consulte("select first 1 interfaz from interfaz_contable where familia = ? and tido_cod "
+                    "= ? and (familia = 'NOMINA' or pref_pre = ?) and (familia <> 'BANCOS' or"
+                    " exists (select 1 from interfaz_bancos where inba_id = interfaz and cuba_cod "
+                    "= ?)) order by interfaz",
                     {d[3], d[0], d[2], d[6]});
     if (interfaz.nulo())
         return 0;
     const auto corra = [&](const QString& procedimiento, const QVector<Valor>& argumentos) {
         return c_.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
-            const QString marcas =
-                QStringList(argumentos.size(), QStringLiteral("?")).join(QLatin1Char(','));
+            const QString marcas = QStringList(argumentos.size(), "?").join(QLatin1Char(','));
             Cursor f(c_.prepare("select * from " + procedimiento + '(' + marcas + ')', t), t,
                      argumentos);
             return f.siguiente() && f.valor(0).entero() == 0 ? int(f.valor(nomina ? 1 : 2).entero())
@@ -89,9 +69,9 @@ void PruebaDemoDocumentos::los_que_no_fallan_a_proposito_se_contabilizan_limpios
                  .size(),
              2);
     QVector<QVector<Valor>> documentos;
-    const auto f = c_.abra("select d.tido_cod, docu_id, pref_pre, doct_familia, doct_proc,"
-                           " doct_gemelo, cuba_cod from documento d join documento_contable c on"
-                           " c.tido_cod = d.tido_cod order by 1, 2");
+    const auto f = c_.abra(
+        "select d.tido_cod, docu_id, pref_pre, doct_familia, doct_proc, doct_gemelo, cuba_cod from "
+        "documento d join documento_contable c on c.tido_cod = d.tido_cod order by 1, 2");
     while (f->siguiente()) {
         QVector<Valor> fila;
         for (int i = 0; i < 7; ++i)
@@ -106,8 +86,8 @@ void PruebaDemoDocumentos::los_que_no_fallan_a_proposito_se_contabilizan_limpios
         else
             c_.ejecute("execute procedure contabiliza_pendiente(?)", {propuesta});
     }
-    QCOMPARE(documentos.size(), resultado_.documentos + 2);
-    QCOMPARE(malos, resultado_.defectuosos);
+    QCOMPARE(documentos.size(), demo_.resultado.documentos + 2);
+    QCOMPARE(malos, demo_.resultado.defectuosos);
     QCOMPARE(filas_de(c_, "select sum(code_debito) - sum(code_credito) from comprobante_detalle"),
              "0");
     QCOMPARE(verifique_compania(c_), QStringList());

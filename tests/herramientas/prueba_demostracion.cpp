@@ -1,39 +1,18 @@
 // La compañía de demostración es un libro creíble, cuadrado y repetible.
-#include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demo_catalogos.h"
+#include "herramientas/demo_de_prueba.h"
 #include "herramientas/demo_formatos.h"
-#include "herramientas/demostracion.h"
-#include "herramientas/instalador.h"
 #include "herramientas/verificacion.h"
 
-#include <QTemporaryDir>
-
 namespace {
-
-/// Una instalación con la compañía de demostración recién generada.
-struct Demo {
-    explicit Demo(const OpcionesDemostracion& opciones) {
-        general.cree_base(desechable(carpeta.filePath("general.fdb")), 1000);
-        Instalador(general).instale(TipoBase::General);
-        compania.cree_base(desechable(carpeta.filePath("quorvex.fdb")), 4000);
-        Instalador(compania).instale(TipoBase::Compania);
-        resultado = genere_demostracion(general, compania, opciones);
-    }
-    qint64 n(const char* sql) { return compania.consulte(QString::fromUtf8(sql)).entero(); }
-
-    QTemporaryDir carpeta;
-    Conexion general, compania;
-    ResultadoDemostracion resultado;
-};
 
 /// Todo lo que distingue un libro de otro, en un renglón.
 QString resumen(Demo& d) {
     return d.compania
-               .consulte(QStringLiteral("select count(*) || '/' || sum(code_debito) || '/' ||"
-                                        " sum(code_item * code_credito) || '/' || max(terc_nit)"
-                                        " from comprobante_detalle"))
+               .consulte("select count(*) || '/' || sum(code_debito) || '/' || sum(code_item * "
+                         "code_credito) || '/' || max(terc_nit) from comprobante_detalle")
                .texto() +
            filas_de(d.compania, "select plan_id, plde_item, cuen_cod, plde_debitos, plde_creditos "
                                 "from plantilla_detalle");
@@ -44,8 +23,8 @@ void compruebe_renglones(Demo& d) {
     for (const char* libro : {"", "_niif"}) {
         const auto faltan = [&](const char* condicion) {
             return d.compania
-                .consulte(QStringLiteral("select count(*) from comprobante_detalle%1 d"
-                                         " join cuentas%1 c on c.cuen_cod = d.cuen_cod where %2")
+                .consulte(QString("select count(*) from comprobante_detalle%1 d join cuentas%1 c "
+                                  "on c.cuen_cod = d.cuen_cod where %2")
                               .arg(QLatin1String(libro), QLatin1String(condicion)))
                 .entero();
         };
@@ -125,7 +104,7 @@ void PruebaDemostracion::un_ano_normal_es_un_libro_completo() {
     QCOMPARE(verifique_compania(d.compania), QStringList());
     for (const char* tabla : {"saldos_iniciales", "saldos_iniciales_niif"})
         QCOMPARE(d.compania
-                     .consulte(QStringLiteral("select sum(sain_debito) - sum(sain_credito) from ") +
+                     .consulte(QString("select sum(sain_debito) - sum(sain_credito) from ") +
                                QLatin1String(tabla))
                      .moneda(),
                  Moneda());
@@ -133,29 +112,28 @@ void PruebaDemostracion::un_ano_normal_es_un_libro_completo() {
     compruebe_renglones(d);
     compruebe_informacion_tributaria(d);
     // El libro NIIF no es una copia: deprecia y deteriora con otras cifras.
-    QVERIFY(
-        d.n("select count(*) from comprobante_detalle a join comprobante_detalle_niif b on"
-            " b.enco_consec = a.enco_consec and b.code_item = a.code_item where a.code_debito <>"
-            " b.code_debito") >= 24);
+    QVERIFY(d.n("select count(*) from comprobante_detalle a join comprobante_detalle_niif b on "
+                "b.enco_consec = a.enco_consec and b.code_item = a.code_item where a.code_debito <>"
+                " b.code_debito") >= 24);
     // Cada mes se mueve, y el 13 también.
-    QCOMPARE(d.n("select count(distinct substring(enco_fecha from 5 for 2)) from"
-                 " comprobante_encabezado where enco_fecha starting '2017'"),
+    QCOMPARE(d.n("select count(distinct substring(enco_fecha from 5 for 2)) from "
+                 "comprobante_encabezado where enco_fecha starting '2017'"),
              13);
     // Ni caja, ni bancos, ni mercancía quedan en rojo al final.
     QCOMPARE(
-        d.n("select count(*) from saldos_articulo where cuen_cod in ('110505', '11100501',"
-            " '143505') group by cuen_cod, arti_cod having sum(sald_debito - sald_credito) < 0"),
+        d.n("select count(*) from saldos_articulo where cuen_cod in ('110505', '11100501', "
+            "'143505') group by cuen_cod, arti_cod having sum(sald_debito - sald_credito) < 0"),
         0);
     // El contador de cada prefijo ofrece el número siguiente al último usado.
-    QCOMPARE(d.n("select count(*) from prefijos_conta p where exists (select 1 from"
-                 " comprobante_encabezado e where e.tico_cod = p.tico_cod and e.prco_pref ="
-                 " p.prco_pref) and cast(pref_numero as integer) <> (select max(cast(enco_numero as"
-                 " integer)) + 1 from comprobante_encabezado e where e.tico_cod = p.tico_cod and"
-                 " e.prco_pref = p.prco_pref)"),
+    QCOMPARE(d.n("select count(*) from prefijos_conta p where exists (select 1 from "
+                 "comprobante_encabezado e where e.tico_cod = p.tico_cod and e.prco_pref = "
+                 "p.prco_pref) and cast(pref_numero as integer) <> (select max(cast(enco_numero as "
+                 "integer)) + 1 from comprobante_encabezado e where e.tico_cod = p.tico_cod and "
+                 "e.prco_pref = p.prco_pref)"),
              0);
     // Usuarios: el auxiliar tiene opciones concedidas y otras negadas.
     QCOMPARE(d.general.consulte("select usua_admin from usuario where usua_cod = 'ADMIN'").texto(),
-             QStringLiteral("S"));
+             "S");
     QCOMPARE(
         d.n("select count(*) from acceso_usuario where user_cod = 'AUXILIAR' and acus_si = 'N'"),
         opciones_negadas_demo().size());
@@ -165,20 +143,20 @@ void PruebaDemostracion::un_ano_normal_es_un_libro_completo() {
 }
 
 void PruebaDemostracion::las_plantillas_cuadran_y_cumplen_lo_que_sus_cuentas_exigen() {
-    OpcionesDemostracion opciones;
-    opciones.renglones = 4500;
-    Demo d(opciones);
-    QCOMPARE(filas_de(d.compania, "select p.tico_cod, p.plan_concepto from plantilla_encabezado p "
-                                  "join prefijos_conta x on x.tico_cod = p.tico_cod and "
-                                  "x.prco_pref = p.prco_pref order by p.plan_id"),
-             QStringLiteral("NO|Nómina quincenal de administración\nGA|Arriendo mensual\n"
-                            "DP|Depreciación mensual\nGA|Servicios públicos del mes\n"
-                            "NB|Comisión bancaria y gravamen\nFV|Venta de contado"));
+    Demo d({.renglones = 4500});
+    QCOMPARE(
+        filas_de(
+            d.compania,
+            "select p.tico_cod, p.plan_concepto from plantilla_encabezado p join prefijos_conta x "
+            "on x.tico_cod = p.tico_cod and x.prco_pref = p.prco_pref order by p.plan_id"),
+        "NO|Nómina quincenal de administración\nGA|Arriendo mensual\n"
+        "DP|Depreciación mensual\nGA|Servicios públicos del mes\n"
+        "NB|Comisión bancaria y gravamen\nFV|Venta de contado");
     for (const char* libro : {"", "_niif"}) {
         const auto filas = [&](const char* sql) {
             return filas_de(d.compania, QString::fromUtf8(sql).replace("$", QLatin1String(libro)));
         };
-        QCOMPARE(filas("select count(distinct plan_id) from plantilla_detalle$"), QString("6"));
+        QCOMPARE(filas("select count(distinct plan_id) from plantilla_detalle$"), "6");
         QCOMPARE(filas("select plan_id, sum(plde_debitos), sum(plde_creditos) from "
                        "plantilla_detalle$ group by 1 having sum(plde_debitos) <> "
                        "sum(plde_creditos) or sum(plde_debitos) < 100000"),
@@ -202,42 +180,37 @@ void PruebaDemostracion::las_plantillas_cuadran_y_cumplen_lo_que_sus_cuentas_exi
 }
 
 void PruebaDemostracion::el_egreso_tiene_su_formato_y_la_compania_su_logo() {
-    OpcionesDemostracion opciones;
-    opciones.renglones = 4500;
-    Demo d(opciones);
+    Demo d({.renglones = 4500});
     // Solo el egreso pide formato propio, y lo tiene; el "0000" es el de último recurso.
-    QCOMPARE(d.compania
-                 .consulte("select list(tico_cod) from tipo_comprobante where tico_formato ="
-                           " 'S'")
-                 .texto(),
-             QStringLiteral("CE"));
-    QCOMPARE(d.compania
-                 .consulte("select list(pref_pre) from (select pref_pre from formatos order"
-                           " by 1)")
-                 .texto(),
-             QStringLiteral("0000,CE"));
+    QCOMPARE(
+        d.compania.consulte("select list(tico_cod) from tipo_comprobante where tico_formato = 'S'")
+            .texto(),
+        "CE");
+    QCOMPARE(
+        d.compania.consulte("select list(pref_pre) from (select pref_pre from formatos order by 1)")
+            .texto(),
+        "0000,CE");
     QCOMPARE(d.n("select form_nroitems from formatos where pref_pre = 'CE' and form_paginas = 'S'"),
              kRenglonesEgreso);
-    QVERIFY(d.n("select count(*) from comprobante_encabezado where tico_cod = 'CE' and enco_monto"
-                " > 0") > 50);
+    QVERIFY(d.n("select count(*) from comprobante_encabezado where tico_cod = 'CE' and enco_monto "
+                "> 0") > 50);
     // Todo cae dentro de la hoja, también la última firma de una página llena.
-    QCOMPARE(d.n("select count(*) from formato_datos where dafo_posx not between 0 and 2000 or"
-                 " dafo_posy not between 0 and 1500 or dafo_imprime <> 'S'"),
+    QCOMPARE(d.n("select count(*) from formato_datos where dafo_posx not between 0 and 2000 or "
+                 "dafo_posy not between 0 and 1500 or dafo_imprime <> 'S'"),
              0);
-    QCOMPARE(d.n("select count(*) from formato_lineas l join formatos f on f.pref_pre = l.pref_pre"
-                 " where l.foli_posx + l.foli_x > 2000 or l.foli_posy + l.foli_y +"
-                 " iif(l.foli_liquida = 'S', f.form_nroitems * f.form_entrelinea, 0) > 1480"),
+    QCOMPARE(d.n("select count(*) from formato_lineas l join formatos f on f.pref_pre = l.pref_pre "
+                 "where l.foli_posx + l.foli_x > 2000 or l.foli_posy + l.foli_y + "
+                 "iif(l.foli_liquida = 'S', f.form_nroitems * f.form_entrelinea, 0) > 1480"),
              0);
     // Los totales quedan fijos bajo el detalle y las firmas siempre debajo de ellos.
-    QCOMPARE(d.n("select count(*) from formato_lineas l join formatos f on f.pref_pre = l.pref_pre"
-                 " join formato_datos t on t.pref_pre = l.pref_pre and t.dafo_dato ="
-                 " 'TOTAL DEBITOS' where l.foli_liquida = 'S' and l.foli_posy + f.form_entrelinea"
-                 " <= t.dafo_posy"),
-             0);
+    QCOMPARE(
+        d.n("select count(*) from formato_lineas l join formatos f on f.pref_pre = l.pref_pre join "
+            "formato_datos t on t.pref_pre = l.pref_pre and t.dafo_dato = 'TOTAL DEBITOS' where "
+            "l.foli_liquida = 'S' and l.foli_posy + f.form_entrelinea <= t.dafo_posy"),
+        0);
 
-    registre_compania(d.general,
-                      {QStringLiteral("001"), QStringLiteral("Demo"), {}, {}, {}, {}, {}});
-    registre_logo(d.general, QStringLiteral("001"), logo_demo());
+    registre_compania(d.general, {"001", "Demo", {}, {}, {}, {}, {}});
+    registre_logo(d.general, "001", logo_demo());
     const QByteArray logo = d.general.consulte("select comp_logo from compania").binario();
     QCOMPARE(logo, logo_demo());
     QVERIFY(logo.startsWith("BM") && logo.size() == 54 + 348 * 200);

@@ -1,5 +1,6 @@
 // Una restauración cortada entre dos pasos cualesquiera, o que no puede terminar, nunca deja menos
 // bases buenas de las que había. El corte es de verdad: otro proceso que muere ahí.
+#include "apoyo/archivos.h"
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
 #include "apoyo/servidor_prueba.h"
@@ -19,7 +20,7 @@ const QStringList kSufijos = {
     "", ".anterior", ".anterior.nueva", ".restaurada", ".restaurada2", ".restaurando"};
 
 ParametrosConexion dueno(const QString& base, const QString& clave = {}) {
-    ParametrosConexion p{base, QStringLiteral("SYSDBA"), clave};
+    ParametrosConexion p{base, "SYSDBA", clave};
     p.rol.clear();
     return p;
 }
@@ -41,6 +42,13 @@ void marque(const ParametrosConexion& p, const QString& texto) {
     Conexion c;
     c.conectar(p);
     c.ejecute("update sucursales set sucu_nombre = ? where sucu_id = 0", {Valor(texto)});
+}
+
+/// Respalda una base con la marca "respaldo" y la deja después con "actual".
+void respalde_y_cambie(const ParametrosConexion& base, const QString& archivo) {
+    marque(base, "respaldo");
+    respalde_y_pruebe(base, archivo);
+    marque(base, "actual");
 }
 
 QStringList buenas(const ParametrosConexion& base) {
@@ -80,136 +88,106 @@ int restaure_y_muera(const QStringList& a) {
 class PruebaRestauracion : public QObject {
     Q_OBJECT
 private slots:
-    void cortada_entre_dos_pasos_la_base_sigue_en_su_sitio_data();
-    void cortada_entre_dos_pasos_la_base_sigue_en_su_sitio();
-    void un_cambio_de_nombre_que_falla_no_pierde_ninguna();
-    void un_respaldo_de_una_version_mas_nueva_se_rehusa_sin_tocar_nada();
-    void en_un_servidor_cortada_entre_dos_pasos_quedan_otras_dos();
-    void en_un_servidor_que_muere_reescribiendo_se_dice_donde_quedo_todo();
-};
+    void cortada_entre_dos_pasos_la_base_sigue_en_su_sitio() {
+        for (const QString hasta : {"restaurada", "lista", "duplicada", "apartada", "cambiada"}) {
+            const QString queda = hasta == "cambiada" ? "respaldo" : "actual"; // con su nombre
+            BaseDePrueba b;
+            const ParametrosConexion base = dueno(b.parametros().base);
+            const QString archivo = b.ruta() + "/copia.fbk";
+            QVERIFY(QFile::copy(base.base, base.base + ".anterior"));
+            marque(dueno(base.base + ".anterior"), "vieja");
+            respalde_y_cambie(base, archivo);
 
-void PruebaRestauracion::cortada_entre_dos_pasos_la_base_sigue_en_su_sitio_data() {
-    QTest::addColumn<QString>("hasta");
-    QTest::addColumn<QString>("queda"); // en el nombre de la base
-    for (const char* antes : {"restaurada", "lista", "duplicada", "apartada"})
-        QTest::newRow(antes) << antes << "actual";
-    QTest::newRow("cambiada") << "cambiada"
-                              << "respaldo";
-}
-
-void PruebaRestauracion::cortada_entre_dos_pasos_la_base_sigue_en_su_sitio() {
-    QFETCH(QString, hasta);
-    QFETCH(QString, queda);
-    BaseDePrueba b;
-    const ParametrosConexion base = dueno(b.parametros().base);
-    const QString archivo = b.ruta() + "/copia.fbk";
-    QVERIFY(QFile::copy(base.base, base.base + ".anterior"));
-    marque(dueno(base.base + ".anterior"), "vieja");
-    marque(base, "respaldo");
-    respalde_y_pruebe(base, archivo);
-    marque(base, "actual");
-
-    QCOMPARE(restaure_aparte(archivo, base, hasta), kMuerto);
-    QCOMPARE(marca(base), queda);
-    QVERIFY(buenas(base).size() >= 2);
-    QVERIFY(buenas(base).contains("actual"));
-    // Repetir la orden la termina.
-    if (queda == "actual") {
-        QCOMPARE(restaure_aparte(archivo, base, {}), 0);
-        QCOMPARE(marca(base), QString("respaldo"));
-        QCOMPARE(marca(dueno(base.base + ".anterior")), QString("actual"));
+            QCOMPARE(restaure_aparte(archivo, base, hasta), kMuerto);
+            QCOMPARE(marca(base), queda);
+            QVERIFY(buenas(base).size() >= 2);
+            QVERIFY(buenas(base).contains("actual"));
+            // Repetir la orden la termina.
+            if (queda == "actual") {
+                QCOMPARE(restaure_aparte(archivo, base, {}), 0);
+                QCOMPARE(marca(base), "respaldo");
+                QCOMPARE(marca(dueno(base.base + ".anterior")), "actual");
+            }
+            QCOMPARE(buenas(base).size(), 2);
+        }
     }
-    QCOMPARE(buenas(base).size(), 2);
-}
 
-void PruebaRestauracion::un_cambio_de_nombre_que_falla_no_pierde_ninguna() {
-    BaseDePrueba b;
-    const ParametrosConexion base = dueno(b.parametros().base);
-    const QString archivo = b.ruta() + "/copia.fbk";
-    marque(base, "respaldo");
-    respalde_y_pruebe(base, archivo);
-    marque(base, "actual");
-    // Una carpeta con ese nombre: el cambio no puede hacerse.
-    QVERIFY(QDir().mkpath(base.base + ".anterior/ocupada"));
-    try {
-        restaure_en_lugar(archivo, base, TipoBase::Compania);
-        QFAIL("Debió fallar.");
-    } catch (const ErrorDatos& e) {
-        QVERIFY2(e.texto().contains("siguen en su sitio"), qPrintable(e.texto()));
+    void un_cambio_de_nombre_que_falla_no_pierde_ninguna() {
+        BaseDePrueba b;
+        const ParametrosConexion base = dueno(b.parametros().base);
+        const QString archivo = b.ruta() + "/copia.fbk";
+        respalde_y_cambie(base, archivo);
+        // Una carpeta con ese nombre: el cambio no puede hacerse.
+        QVERIFY(QDir().mkpath(base.base + ".anterior/ocupada"));
+        const QString falla =
+            falla_de([&] { restaure_en_lugar(archivo, base, TipoBase::Compania); });
+        QVERIFY2(falla.contains("siguen en su sitio"), qPrintable(falla));
+        QCOMPARE(marca(base), "actual");
+        QCOMPARE(marca(dueno(base.base + ".restaurada")), "respaldo");
     }
-    QCOMPARE(marca(base), QString("actual"));
-    QCOMPARE(marca(dueno(base.base + ".restaurada")), QString("respaldo"));
-}
 
-void PruebaRestauracion::un_respaldo_de_una_version_mas_nueva_se_rehusa_sin_tocar_nada() {
-    BaseDePrueba b;
-    const ParametrosConexion base = dueno(b.parametros().base);
-    const QString archivo = b.ruta() + "/copia.fbk";
-    Conexion c;
-    c.conectar(base);
-    c.ejecute("insert into version_esquema (vers_numero) values (9999)");
-    c.desconectar();
-    respalde_y_pruebe(base, archivo);
-    c.conectar(base);
-    c.ejecute("delete from version_esquema where vers_numero = 9999");
-    c.desconectar();
-    marque(base, "actual");
-    try {
-        restaure_en_lugar(archivo, base, TipoBase::Compania);
-        QFAIL("Debió rehusarse.");
-    } catch (const ErrorDatos& e) {
-        QVERIFY2(e.texto().contains("versión más nueva"), qPrintable(e.texto()));
-    }
-    QCOMPARE(buenas(base), QStringList{"actual"});
-}
-
-void PruebaRestauracion::en_un_servidor_cortada_entre_dos_pasos_quedan_otras_dos() {
-    ServidorDePrueba servidor;
-    const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
-    QTemporaryDir carpeta;
-    const QString archivo = carpeta.filePath("copia.fbk");
-    marque(base, "respaldo");
-    respalde_y_pruebe(base, archivo);
-    QCOMPARE(restaure_aparte(archivo, base, {}), 0); // deja una ".anterior"
-    for (const char* hasta : {"lista", "apartada", "cambiada"}) {
+    void un_respaldo_de_una_version_mas_nueva_se_rehusa_sin_tocar_nada() {
+        BaseDePrueba b;
+        const ParametrosConexion base = dueno(b.parametros().base);
+        const QString archivo = b.ruta() + "/copia.fbk";
+        Conexion c;
+        c.conectar(base);
+        c.ejecute("insert into version_esquema (vers_numero) values (9999)");
+        c.desconectar();
+        respalde_y_pruebe(base, archivo);
+        c.conectar(base);
+        c.ejecute("delete from version_esquema where vers_numero = 9999");
+        c.desconectar();
         marque(base, "actual");
-        QCOMPARE(restaure_aparte(archivo, base, hasta), kMuerto);
+        const QString falla =
+            falla_de([&] { restaure_en_lugar(archivo, base, TipoBase::Compania); });
+        QVERIFY2(falla.contains("versión más nueva"), qPrintable(falla));
+        QCOMPARE(buenas(base), QStringList{"actual"});
+    }
+
+    void en_un_servidor_cortada_entre_dos_pasos_quedan_otras_dos() {
+        ServidorDePrueba servidor;
+        const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
+        QTemporaryDir carpeta;
+        const QString archivo = carpeta.filePath("copia.fbk");
+        marque(base, "respaldo");
+        respalde_y_pruebe(base, archivo);
+        QCOMPARE(restaure_aparte(archivo, base, {}), 0); // deja una ".anterior"
+        for (const char* hasta : {"lista", "apartada", "cambiada"}) {
+            marque(base, "actual");
+            QCOMPARE(restaure_aparte(archivo, base, hasta), kMuerto);
+            const QStringList quedan = buenas(base);
+            QVERIFY2(quedan.size() >= 2 && quedan.contains("actual") && quedan.contains("respaldo"),
+                     qPrintable(hasta + (": " + quedan.join(','))));
+            marque(base, "actual");
+            QCOMPARE(restaure_aparte(archivo, base, {}), 0);
+            QCOMPARE(buenas(base), QStringList({"respaldo", "actual"}));
+        }
+    }
+
+    void en_un_servidor_que_muere_reescribiendo_se_dice_donde_quedo_todo() {
+        ServidorDePrueba servidor;
+        const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
+        QTemporaryDir carpeta;
+        const QString archivo = carpeta.filePath("copia.fbk");
+        respalde_y_cambie(base, archivo);
+        const QString falla = falla_de([&] {
+            restaure_en_lugar(archivo, base, TipoBase::Compania, [&](const char* paso) {
+                if (qstrcmp(paso, "apartada") == 0)
+                    servidor.mate();
+            });
+        });
+        QVERIFY2(falla.contains("repita la orden") && falla.contains(base.base + ".restaurada") &&
+                     falla.contains(base.base + ".anterior"),
+                 qPrintable(falla));
+        servidor.inicie();
         const QStringList quedan = buenas(base);
-        QVERIFY2(quedan.size() >= 2 && quedan.contains("actual") && quedan.contains("respaldo"),
-                 qPrintable(hasta + (": " + quedan.join(','))));
-        marque(base, "actual");
-        QCOMPARE(restaure_aparte(archivo, base, {}), 0);
+        QVERIFY2(quedan.contains("actual") && quedan.contains("respaldo"),
+                 qPrintable(quedan.join(',')));
+        restaure_en_lugar(archivo, base, TipoBase::Compania);
         QCOMPARE(buenas(base), QStringList({"respaldo", "actual"}));
     }
-}
-
-void PruebaRestauracion::en_un_servidor_que_muere_reescribiendo_se_dice_donde_quedo_todo() {
-    ServidorDePrueba servidor;
-    const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
-    QTemporaryDir carpeta;
-    const QString archivo = carpeta.filePath("copia.fbk");
-    marque(base, "respaldo");
-    respalde_y_pruebe(base, archivo);
-    marque(base, "actual");
-    QString falla;
-    try {
-        restaure_en_lugar(archivo, base, TipoBase::Compania, [&](const char* paso) {
-            if (qstrcmp(paso, "apartada") == 0)
-                servidor.mate();
-        });
-    } catch (const ErrorDatos& e) {
-        falla = e.texto();
-    }
-    QVERIFY2(falla.contains("repita la orden") && falla.contains(base.base + ".restaurada") &&
-                 falla.contains(base.base + ".anterior"),
-             qPrintable(falla));
-    servidor.inicie();
-    const QStringList quedan = buenas(base);
-    QVERIFY2(quedan.contains("actual") && quedan.contains("respaldo"),
-             qPrintable(quedan.join(',')));
-    restaure_en_lugar(archivo, base, TipoBase::Compania);
-    QCOMPARE(buenas(base), QStringList({"respaldo", "actual"}));
-}
+};
 
 int main(int cuantos, char** argumentos) {
     QCoreApplication aplicacion(cuantos, argumentos);

@@ -86,6 +86,13 @@ inline void agregue_libro(SesionGui& s) {
         {{"143505", "60.06", "0", "", "", "", "MART01"}, {"220505", "0", "60.06", "800456789"}});
 }
 
+/// Una sesión con ese libro.
+struct SesionConLibro : SesionGui {
+    explicit SesionConLibro(const QString& usuario = "ADMIN") : SesionGui(usuario) {
+        agregue_libro(*this);
+    }
+};
+
 /// Suma por fuera: las líneas mismas, sin saldos ni procedimientos.
 struct SumaLineas {
     Moneda inicial, debitos, creditos;

@@ -1,5 +1,4 @@
 // Balance de prueba: cifras, nivel, período, posición y entrada a las demás consultas.
-#include "apoyo_gui/interlocutor.h"
 #include "ledger/registro.h"
 #include "ledger/tfauxiliar.h"
 #include "ledger/tfbalanceprueba.h"
@@ -43,6 +42,10 @@ class PruebaBalance : public QObject {
         return s.abra<Tfbalanceprueba>("Tfbalanceprueba");
     }
     static QString codigo(const ConjuntoDatos& c) { return c.FieldByName("CODIGO").texto(); }
+    /// En qué cuenta está cada página.
+    static QString actuales(const Tfbalanceprueba& b) {
+        return codigo(b.CBalance) + ' ' + codigo(b.CBalniif);
+    }
     static QStringList codigos(const ConjuntoDatos& c) { return valores_de(c, "CODIGO"); }
     static int nivel_mayor(const ConjuntoDatos& c) {
         int mayor = 0;
@@ -51,8 +54,8 @@ class PruebaBalance : public QObject {
         return mayor;
     }
     static QString guardado(SesionGui& s) {
-        return s.dato("select user_anocnt || ' ' || user_percnt from usuario where user_cod = "
-                      "'ADMIN'");
+        return s.dato(
+            "select user_anocnt || ' ' || user_percnt from usuario where user_cod = 'ADMIN'");
     }
     static void ubique(Tfbalanceprueba& b, const char* local, const char* niif) {
         QVERIFY(b.CBalance.Locate("CODIGO", {local}));
@@ -87,10 +90,7 @@ private slots:
     void abre_en_la_pagina_configurada_arriba_a_la_izquierda_y_una_sola_vez() {
         SesionGui s;
         for (const auto& [valor, indice] : {qMakePair("2649", 0), qMakePair("NIIF", 1)}) {
-            s.base.ejecute({QStringLiteral("update configuracion set conf_valor = '%1' where "
-                                           "conf_propiedad starting with 'MOSTRAR VENTANAS 2649'")
-                                .arg(valor)});
-            s.dm.cargue_configuracion();
+            s.configure(kLibroInicial, valor);
             auto* b = abra(s);
             QVERIFY(b);
             QCOMPARE(b->PageControl1->currentIndex(), indice);
@@ -108,8 +108,7 @@ private slots:
     }
 
     void cada_cuenta_y_cada_cifra_de_control_iguala_la_suma_de_las_lineas() {
-        SesionGui s;
-        agregue_libro(s);
+        SesionConLibro s;
         auto* b = abra(s, 1);
         for (const int mes : {1, 3, 4, 13}) {
             s.cnt.periodo_actual = mes - 1;
@@ -143,13 +142,12 @@ private slots:
             }
         }
         // Ajustes: las cifras de débitos de los dos libros, a mano.
-        QCOMPARE(componente<EditorNumero>(b, "Sdb").text(), QString("7,000.07"));
-        QCOMPARE(componente<EditorNumero>(b, "SNdb").text(), QString("8,000.08"));
+        QCOMPARE(componente<EditorNumero>(b, "Sdb").text(), "7,000.07");
+        QCOMPARE(componente<EditorNumero>(b, "SNdb").text(), "8,000.08");
     }
 
     void el_navegador_relee_su_pagina_con_sus_cifras() {
-        SesionGui s;
-        agregue_libro(s);
+        SesionConLibro s;
         auto* b = abra(s);
         agregue_comprobante(s, 990, "CG", "000900", "20170301", {{"111005", "5.5", "0"}}, {});
         auto* hoja = b->PageControl1->widget(0);
@@ -162,8 +160,7 @@ private slots:
     }
 
     void el_detalle_baja_hasta_uno_y_sube_hasta_cinco_con_el_teclado_numerico() {
-        SesionGui s;
-        agregue_libro(s);
+        SesionConLibro s;
         auto* b = abra(s);
         QCOMPARE(b->nivel(), s.dato("select max(estr_nivel) from estructura").toInt());
         pagina(*b, 0);
@@ -210,8 +207,7 @@ private slots:
     }
 
     void las_flechas_y_las_cajas_mueven_el_periodo_y_lo_guardan() {
-        SesionGui s;
-        agregue_libro(s);
+        SesionConLibro s;
         auto* b = abra(s, 12);
         pagina(*b, 0);
         auto& caja = componente<QComboBox>(b, "EMes");
@@ -226,64 +222,58 @@ private slots:
                      {Qt::Key_Left, "Diciembre", "2017 11"}};
         for (const auto& paso : pasos) {
             oprima(paso.tecla, Qt::AltModifier);
-            QCOMPARE(periodo->texto_mes(), QString(paso.nombre));
-            QCOMPARE(guardado(s), QString(paso.guardado));
+            QCOMPARE(periodo->texto_mes(), paso.nombre);
+            QCOMPARE(guardado(s), paso.guardado);
             if (qstrcmp(paso.nombre, "Ajustes") == 0)
-                QCOMPARE(componente<EditorNumero>(b, "Sdb").text(), QString("7,000.07"));
+                QCOMPARE(componente<EditorNumero>(b, "Sdb").text(), "7,000.07");
         }
         QCOMPARE(caja.count(), 12);
         escoja_mes(*b, 10);
-        QCOMPARE(guardado(s), QString("2017 10"));
+        QCOMPARE(guardado(s), "2017 10");
         auto& ano = componente<QSpinBox>(b, "EAno");
         QCOMPARE(ano.minimum(), 1990);
         QCOMPARE(ano.maximum(), 2099);
         ano.setFocus();
         ano.selectAll();
         digite("2019");
-        QCOMPARE(guardado(s), QString("2017 10"));
+        QCOMPARE(guardado(s), "2017 10");
         oprima(Qt::Key_Return);
-        QCOMPARE(guardado(s), QString("2019 10"));
-        QCOMPARE(s.cnt.ano_actual, QString("2019"));
+        QCOMPARE(guardado(s), "2019 10");
+        QCOMPARE(s.cnt.ano_actual, "2019");
         // F2 también toma el año a medio digitar.
         ano.selectAll();
         digite("2017");
         oprima(Qt::Key_F2);
-        QCOMPARE(guardado(s), QString("2017 10"));
+        QCOMPARE(guardado(s), "2017 10");
         // El comienzo del libro no se pasa.
         s.cnt.periodo_actual = 0;
         oprima(Qt::Key_Left, Qt::AltModifier);
         QCOMPARE(s.cnt.periodo_actual, 0);
-        QCOMPARE(periodo->texto_mes(), QString("Enero"));
+        QCOMPARE(periodo->texto_mes(), "Enero");
     }
 
     void el_boton_guarda_la_fila_y_la_tecla_f2_no() {
-        SesionGui s;
-        agregue_libro(s);
+        SesionConLibro s;
         auto* b = abra(s);
         pagina(*b, 0);
         ubique(*b, "240805", "413505");
         componente<QPushButton>(b, "BitBtn5").click();
-        QCOMPARE(codigo(b->CBalance), QString("240805"));
-        QCOMPARE(codigo(b->CBalniif), QString("413505"));
+        QCOMPARE(actuales(*b), "240805 413505");
         oprima(Qt::Key_F2);
-        QCOMPARE(codigo(b->CBalance), QString("1"));
-        QCOMPARE(codigo(b->CBalniif), QString("1"));
+        QCOMPARE(actuales(*b), "1 1");
 
         ubique(*b, "240805", "413505");
         oprima(Qt::Key_Right, Qt::AltModifier);
         QCOMPARE(s.cnt.periodo_actual, 3);
-        QCOMPARE(codigo(b->CBalance), QString("240805"));
-        QCOMPARE(codigo(b->CBalniif), QString("413505"));
+        QCOMPARE(actuales(*b), "240805 413505");
         // El mes escogido lleva las dos páginas al código de la primera.
         ubique(*b, "310505", "413505");
         escoja_mes(*b, 4);
-        QCOMPARE(codigo(b->CBalance), QString("310505"));
-        QCOMPARE(codigo(b->CBalniif), QString("310505"));
+        QCOMPARE(actuales(*b), "310505 310505");
     }
 
     void al_volver_relee_solo_si_se_lo_pidieron() {
-        SesionGui s;
-        agregue_libro(s);
+        SesionConLibro s;
         auto* b = abra(s);
         pagina(*b, 0);
         registre_testigo("TfOtra");
@@ -291,7 +281,7 @@ private slots:
         agregue_comprobante(s, 992, "CG", "000902", "20170301", {{"111005", "9", "0"}}, {});
         pantallas().abrir("TfOtra")->close();
         QVERIFY(!codigos(b->CBalance).contains("111005"));
-        QCOMPARE(codigo(b->CBalance), QString("240805"));
+        QCOMPARE(codigo(b->CBalance), "240805");
         auto* otra = pantallas().abrir("TfOtra");
         emit s.cnt.balance_por_recalcular();
         otra->close();
@@ -304,16 +294,15 @@ private slots:
         QVERIFY(auxiliar);
         oprima(Qt::Key_Left, Qt::AltModifier);
         auxiliar->close();
-        QCOMPARE(b->periodo->texto_mes(), QString("Abril"));
-        QCOMPARE(codigo(b->CBalance), QString("110505"));
+        QCOMPARE(b->periodo->texto_mes(), "Abril");
+        QCOMPARE(codigo(b->CBalance), "110505");
         emit s.cnt.balance_por_recalcular();
         pantallas().abrir("TfOtra")->close();
-        QCOMPARE(codigo(b->CBalance), QString("1"));
+        QCOMPARE(codigo(b->CBalance), "1");
     }
 
     void cada_tecla_abre_su_consulta_en_el_libro_de_la_pagina() {
-        SesionGui s;
-        agregue_libro(s);
+        SesionConLibro s;
         auto* b = abra(s);
         vigile();
         ubique(*b, "110505", "413505");
@@ -338,34 +327,27 @@ private slots:
         for (int indice : {0, 1}) {
             pagina(*b, indice);
             auto& rejilla = componente<Rejilla>(b, indice == 0 ? "DBGridEh1" : "DBGridEh2");
-            QTest::mouseDClick(rejilla.viewport(), Qt::LeftButton, {},
-                               rejilla.visualRect(rejilla.currentIndex()).center());
+            doble_clic(rejilla);
             QCOMPARE(abiertas_.takeFirst(),
                      QString(indice == 0 ? "Tfauxiliar 110505" : "Tfauxiliarniif 413505"));
             s.escritorio.activa()->close();
         }
         // Una cuenta mayor no lleva movimiento: lo dice la validación y nada se abre.
         ubique(*b, "1105", "41");
-        Interlocutor i;
         for (const auto& [indice, mensaje] :
              {qMakePair(0, "La cuenta es de nivel inferior al mínimo afectable."),
               qMakePair(1, "La cuenta NIIF es de nivel inferior al mínimo afectable.")})
             for (int clave : {Qt::Key_F8, Qt::Key_F5, Qt::Key_F7}) {
                 pagina(*b, indice);
-                i.espere(mensaje);
-                oprima(clave);
-                QVERIFY2(i.conforme(), qPrintable(i.queja()));
+                dice([&] { oprima(clave); }, mensaje);
             }
-        i.espere("La cuenta es de nivel inferior al mínimo afectable.");
-        oprima(Qt::Key_F6);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        dice(Qt::Key_F6, "La cuenta es de nivel inferior al mínimo afectable.");
         QVERIFY(abiertas_.isEmpty());
         registre_pantallas_consulta();
     }
 
     void muestra_clases_y_grupos_con_su_letra_y_filtra_la_primera_pagina() {
-        SesionGui s;
-        agregue_libro(s);
+        SesionConLibro s;
         auto* b = abra(s);
         pagina(*b, 0);
         auto& local = componente<Rejilla>(b, "DBGridEh1");
@@ -380,17 +362,11 @@ private slots:
             QVERIFY(letra("1").pointSizeF() > base);
             QCOMPARE(letra("11").pointSizeF(), base);
             QVERIFY(letra("110505").pointSizeF() < base);
-            QCOMPARE(r->nombre_archivo, QString("BalanPrueba"));
+            QCOMPARE(r->nombre_archivo, "BalanPrueba");
         }
-        const auto titulos = [](Rejilla& r) {
-            QStringList t;
-            for (int i = 0; i < r.cuenta_columnas(); ++i)
-                t << r.columna(i).Titulo();
-            return t;
-        };
-        QCOMPARE(titulos(local), QStringList({"Cód. Cuenta", "Nombre cuenta", "S. Inicial",
-                                              "Débitos", "Créditos", "S. Final"}));
-        QCOMPARE(titulos(niif),
+        QCOMPARE(titulos_de(local), QStringList({"Cód. Cuenta", "Nombre cuenta", "S. Inicial",
+                                                 "Débitos", "Créditos", "S. Final"}));
+        QCOMPARE(titulos_de(niif),
                  QStringList({"Cuenta", "Nombre", "Inicial", "Débitos", "Créditos", "Final"}));
         componente<QCheckBox>(b, "ckfiltro").click();
         QVERIFY(local.filtro_visible());

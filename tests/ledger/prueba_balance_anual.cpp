@@ -53,7 +53,7 @@ private slots:
                 .arg(QLatin1String(ano), QLatin1String(banderas))
                 .arg(nivel);
         };
-        QCOMPARE(s.p->windowTitle(), QString("balance anual"));
+        QCOMPARE(s.p->windowTitle(), "balance anual");
         QCOMPARE(s.ultima, consulta("2017", "'N', 'N'", 5));
         s.p->ckTerc->click();
         QCOMPARE(s.ultima, consulta("2017", "'S', 'N'", 5));
@@ -75,8 +75,7 @@ private slots:
         s.p->periodo->EAno->setValue(2018);
         oprima(Qt::Key_Return);
         QCOMPARE(s.ultima, consulta("2018", "'N', 'N'", 1));
-        QCOMPARE(s.dato("select user_anocnt from usuario where user_cod = 'ADMIN'"),
-                 QString("2018"));
+        QCOMPARE(s.dato("select user_anocnt from usuario where user_cod = 'ADMIN'"), "2018");
     }
 
     void una_fila_lleva_el_ano_mes_por_mes_y_con_saldos_los_acumula() {
@@ -89,10 +88,9 @@ private slots:
                 v << s.p->CBalance.FieldByName(c).texto();
             return v.join('|');
         };
-        QCOMPARE(fila("110505"), QString("0|5000000|0|758011.24|0|-7000.07|5751011.17"));
+        QCOMPARE(fila("110505"), "0|5000000|0|758011.24|0|-7000.07|5751011.17");
         s.p->cksaldos->click();
-        QCOMPARE(fila("110505"),
-                 QString("0|5000000|5000000|5758011.24|5758011.24|5751011.17|5751011.17"));
+        QCOMPARE(fila("110505"), "0|5000000|5000000|5758011.24|5758011.24|5751011.17|5751011.17");
     }
 
     void el_grafico_tiene_tres_lecturas_y_lo_del_credito_va_en_positivo() {
@@ -100,7 +98,7 @@ private slots:
         QVERIFY(s.p->CBalance.Locate("CODIGO", {"110505"}));
         oprima(Qt::Key_F12);
         QVERIFY(s.p->PanelGrafico->isVisible());
-        QCOMPARE(s.p->Tipo->currentText(), QString("Movimientos"));
+        QCOMPARE(s.p->Tipo->currentText(), "Movimientos");
         const QStringList movimientos{"Ene5000000", "Feb0", "Mar758011", "Abr0", "May0",
                                       "Jun0",       "Jul0", "Ago0",      "Sep0", "Oct0",
                                       "Nov0",       "Dic0", "Cie-7000"};
@@ -111,11 +109,11 @@ private slots:
         s.p->Tipo->setFocus();
         oprima(Qt::Key_Down);
         QCOMPARE(s.puntos().first() + s.puntos()[3] + s.puntos().last(),
-                 QString("Ene0Abr5758011Cie5758011"));
+                 "Ene0Abr5758011Cie5758011");
         QVERIFY(qobject_cast<QLineSeries*>(s.p->grafico->grafico()->series().value(0)));
         oprima(Qt::Key_Down);
         QCOMPARE(s.puntos().first() + s.puntos()[2] + s.puntos().last(),
-                 QString("Ene5000000Mar5758011Cie5751011"));
+                 "Ene5000000Mar5758011Cie5751011");
         tome_foto(&s.ventana, "balance_anual_saldos");
         // Con saldos en las columnas los movimientos son los mismos.
         s.p->cksaldos->click();
@@ -127,22 +125,20 @@ private slots:
         QCOMPARE(escritorio()->activa(), s.p);
         QVERIFY(s.p->CBalance.Locate("CODIGO", {"4135"}));
         oprima(Qt::Key_F12);
-        QCOMPARE(s.puntos()[2], QString("Mar1000011"));
+        QCOMPARE(s.puntos()[2], "Mar1000011");
     }
 
     void las_teclas_abren_las_consultas_de_la_cuenta_tambien_desde_un_tercero() {
         Anual s;
         s.p->ckTerc->click();
         QVERIFY(s.p->CBalance.Locate("CODIGO", {"413505.900123456"}));
-        QCOMPARE(s.p->CBalance.FieldByName("NOMTERC").texto(),
-                 QString("Ferretería El Tornillo S.A.S."));
+        QCOMPARE(s.p->CBalance.FieldByName("NOMTERC").texto(), "Ferretería El Tornillo S.A.S.");
         for (const auto& [clave, pantalla] : {std::pair{Qt::Key_F8, "Tfauxiliar"},
                                               {Qt::Key_F5, "Tfsaldoterc"},
                                               {Qt::Key_F7, "Tfsaldocentro"}}) {
             oprima(clave);
-            QCOMPARE(escritorio()->activa()->objectName(), QString(pantalla));
-            QCOMPARE(escritorio()->activa()->peticion<AbreAuxiliar>().cuenta_auxiliar,
-                     QString("413505"));
+            QCOMPARE(escritorio()->activa()->objectName(), pantalla);
+            QCOMPARE(escritorio()->activa()->peticion<AbreAuxiliar>().cuenta_auxiliar, "413505");
             oprima(Qt::Key_Escape);
         }
         QCOMPARE(escritorio()->activa(), s.p);

@@ -96,7 +96,7 @@ private slots:
                 QVERIFY(libro->completo());
                 QCOMPARE(libro->FieldByName("SUMDB").moneda().texto(),
                          libro->FieldByName("SUMCR").moneda().texto());
-                QCOMPARE(libro->FieldByName("SUMFIN").moneda().texto(), QString("0"));
+                QCOMPARE(libro->FieldByName("SUMFIN").moneda().texto(), "0");
             }
             // Cada comprobante lleva lo mismo a los dos libros.
             QCOMPARE(caja("Sdb"), caja("SNdb"));

@@ -1,4 +1,5 @@
 // Los auxiliares por rango y los listados contra una suma hecha por fuera, sobre un libro al azar.
+#include "apoyo/archivos.h"
 #include "apoyo/base_prueba.h"
 #include "apoyo/monitor.h"
 #include "libro_al_azar.h"
@@ -63,18 +64,370 @@ QString fila(const auto&... partes) {
 class PruebaProcedimientosInformes : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
+    void initTestCase() {
+        base_.emplace();
+        arme_libro_al_azar(base());
+        QCOMPARE(saldos_distintos(base()), QString());
+    }
 
-    void el_auxiliar_por_cuenta_da_lo_que_suman_las_lineas();
-    void el_auxiliar_por_tercero_da_lo_que_suman_las_lineas();
-    void el_auxiliar_por_centro_da_lo_que_suman_las_lineas();
-    void el_diario_resume_por_cuenta_y_tipo_o_por_comprobante();
-    void los_listados_de_comprobantes_traen_todas_sus_lineas_en_orden();
-    void cada_informe_tiene_sus_columnas_y_admite_lo_que_le_agrega_la_pantalla_data();
-    void cada_informe_tiene_sus_columnas_y_admite_lo_que_le_agrega_la_pantalla();
-    void los_limites_de_un_rango_son_los_que_espera_un_contador();
-    void un_comprobante_sin_lineas_o_de_un_solo_libro_se_lista_donde_debe();
-    void un_rango_corto_no_cuesta_mas_porque_el_libro_crezca();
+    void el_auxiliar_por_cuenta_da_lo_que_suman_las_lineas() {
+        int con_filas = 0;
+        for (int libro : {0, 1})
+            for (const Rango& r : rangos_al_azar(60)) {
+                const auto elegidos = elija(libro, r, false, "cuenta");
+                std::map<QString, Moneda> inicial, saldo;
+                std::map<QString, QStringList> por_cuenta;
+                for (const Renglon& x : elegidos)
+                    if (r.antes(x) || x.fecha.isEmpty()) {
+                        inicial[x.cuenta] += x.neto();
+                        saldo[x.cuenta + x.proyecto + x.centro] += x.neto();
+                    }
+                for (const Renglon& x : elegidos)
+                    if (r.durante(x) && !x.fecha.isEmpty())
+                        por_cuenta[x.cuenta]
+                            << fila(x.cuenta, x.fecha, x.tipo, x.prefijo, x.numero, x.item, x.nit,
+                                    x.proyecto, x.centro, x.categoria, x.debito, x.credito,
+                                    saldo[x.cuenta + x.proyecto + x.centro], inicial[x.cuenta]);
+                for (const bool todas : {false, true}) {
+                    if (todas)
+                        for (const QString& cuenta :
+                             filas("select cuen_cod from cuentas where cuen_afectable = 'S'")
+                                 .split('\n'))
+                            if (r.cuenta(cuenta) && !por_cuenta.count(cuenta)) {
+                                const QString s = inicial[cuenta].texto();
+                                por_cuenta[cuenta] << cuenta + "||||||||||0|0|" + s + '|' + s;
+                            }
+                    QStringList esperadas;
+                    for (const auto& [cuenta, f] : por_cuenta)
+                        esperadas << f;
+                    con_filas += !esperadas.isEmpty();
+                    QCOMPARE(filas(QString("select cuenta, fecha, tipocomp, prefijo, numero, item, "
+                                           "nit, proyecto, centro, categoria, debito, credito, "
+                                           "saldo, inicial from auxiliar_desde_hasta%1(%2, '%3')")
+                                       .arg(sufijo(libro), r.para_cuenta(), todas ? "S" : "N")),
+                             esperadas.join('\n'));
+                }
+            }
+        QVERIFY(con_filas > 150);
+    }
+
+    void el_auxiliar_por_tercero_da_lo_que_suman_las_lineas() {
+        int sin_movimiento = 0;
+        for (int libro : {0, 1})
+            for (const Rango& r : rangos_al_azar(60)) {
+                const auto elegidos = elija(libro, r, true, "nit");
+                std::map<QString, Moneda> inicial, final;
+                std::map<std::pair<QString, QString>, QStringList> por_clave;
+                for (const Renglon& x : elegidos)
+                    for (const QString& clave : {x.cuenta, x.cuenta + x.nit + '*'}) {
+                        inicial[clave] += r.antes(x) || x.fecha.isEmpty() ? x.neto() : Moneda();
+                        final[clave] += x.neto();
+                    }
+                const auto saldos = [&](const QString& cuenta, const QString& nit) {
+                    return '|' + inicial[cuenta + nit + '*'].texto() + '|' +
+                           final[cuenta + nit + '*'].texto() + '|' + inicial[cuenta].texto() + '|' +
+                           final[cuenta].texto();
+                };
+                for (const Renglon& x : elegidos)
+                    if (r.durante(x) && !x.fecha.isEmpty())
+                        por_clave[{x.cuenta, x.nit}]
+                            << fila(x.cuenta, x.nit, x.fecha, x.tipo, x.prefijo, x.numero, x.item,
+                                    x.cuenta + x.nit, x.debito, x.credito) +
+                                   saldos(x.cuenta, x.nit);
+                for (const bool todos : {false, true}) {
+                    for (const Renglon& x : elegidos)
+                        if (todos && !por_clave.count({x.cuenta, x.nit}) &&
+                            !inicial[x.cuenta + x.nit + '*'].es_cero()) {
+                            ++sin_movimiento;
+                            por_clave[{x.cuenta, x.nit}] << x.cuenta + '|' + x.nit + "||||||" +
+                                                                x.cuenta + x.nit + "|0|0" +
+                                                                saldos(x.cuenta, x.nit);
+                        }
+                    QStringList esperadas;
+                    for (const auto& [clave, f] : por_clave)
+                        esperadas << f;
+                    QCOMPARE(
+                        filas(QString("select cuenta, nit, fecha, tipocomp, prefijo, numero, item, "
+                                      "cuentanit, debito, credito, saldo, saldofin, saldocta, "
+                                      "saldoctaf from auxiliar_tercero_desde_hasta%1(%2,'%3')")
+                                  .arg(sufijo(libro, "_n"), r.para_tercero(), todos ? "S" : "N")),
+                        esperadas.join('\n'));
+                }
+            }
+        QVERIFY(sin_movimiento > 50);
+    }
+
+    void el_auxiliar_por_centro_da_lo_que_suman_las_lineas() {
+        for (int libro : {0, 1})
+            for (const Rango& r : rangos_al_azar(60)) {
+                const auto elegidos = elija(libro, r, false, "centro");
+                std::map<QString, Moneda> inicial, final;
+                const auto clave = [](const Renglon& x) {
+                    return x.cuenta + x.proyecto.leftJustified(4) + x.centro;
+                };
+                for (const Renglon& x : elegidos) {
+                    inicial[clave(x)] += r.antes(x) || x.fecha.isEmpty() ? x.neto() : Moneda();
+                    final[clave(x)] += x.neto();
+                }
+                QStringList esperadas;
+                for (const Renglon& x : elegidos)
+                    if (r.durante(x) && !x.fecha.isEmpty())
+                        esperadas << fila(x.cuenta, x.proyecto, x.centro, x.nit, x.fecha, x.tipo,
+                                          x.prefijo, x.numero, x.item,
+                                          x.cuenta + x.proyecto.leftJustified(4), clave(x),
+                                          x.debito, x.credito, inicial[clave(x)], final[clave(x)]);
+                QCOMPARE(
+                    filas(QString("select cuenta, proyecto, centro, nit, fecha, tipocomp, prefijo, "
+                                  "numero, item, ctaproy, ctaproycent, debito, credito, saldo, "
+                                  "saldof from auxiliar_centro_desde_hasta%1(%2)")
+                              .arg(sufijo(libro, "_n"), r.para_centro())),
+                    esperadas.join('\n'));
+            }
+    }
+
+    void el_diario_resume_por_cuenta_y_tipo_o_por_comprobante() {
+        for (int libro : {0, 1})
+            for (const char* periodo : {"201703", "201713", "201808", "201814"})
+                for (const char* tipo : {"0|ZZ", "RC|RC"}) {
+                    std::map<QStringList, std::pair<Moneda, Moneda>> cuentas, comprobantes;
+                    for (const Renglon& x : renglones(libro, false)) {
+                        if (!x.fecha.startsWith(periodo) || x.cuenta > "25" ||
+                            (*tipo == 'R' && x.tipo != "RC"))
+                            continue;
+                        for (auto* suma :
+                             {&cuentas[{x.cuenta, x.tipo, "", "", ""}],
+                              &comprobantes[{x.cuenta, x.tipo, x.fecha, x.prefijo, x.numero}]}) {
+                            suma->first += x.debito;
+                            suma->second += x.credito;
+                        }
+                    }
+                    for (const bool resumen : {true, false}) {
+                        QStringList esperadas;
+                        for (const auto& [clave, suma] : resumen ? cuentas : comprobantes)
+                            esperadas << clave.join('|') + '|' + suma.first.texto() + '|' +
+                                             suma.second.texto();
+                        QVERIFY(*tipo == 'R' || !esperadas.isEmpty());
+                        const QString p(periodo);
+                        QCOMPARE(
+                            filas(QString("select cuenta, tipocomp, fecha, prefijo, numero, "
+                                          "debitos, creditos from libro_diario_cuenta%1('%2', "
+                                          "'%3', '%4', '11', '24', %5)")
+                                      .arg(sufijo(libro, "_n"), p.left(4),
+                                           QString::number(p.mid(4).toInt()), resumen ? "S" : "N",
+                                           Rango::unido(QString(tipo).split('|')))),
+                            esperadas.join('\n'));
+                    }
+                }
+        const QString diario = "libro_diario_cuenta('2017', 3, 'S', '0', 'ZZ', '0', 'ZZ')";
+        QCOMPARE(
+            filas("select count(*) from " + diario +
+                  " p join cuentas c on c.cuen_cod = p.cuenta and c.cuen_nom = p.nomcuenta join "
+                  "tipo_comprobante t on t.tico_cod = p.tipocomp and t.tico_nom = p.nomcomp"),
+            filas("select count(*) from " + diario));
+    }
+
+    void los_listados_de_comprobantes_traen_todas_sus_lineas_en_orden() {
+        const struct {
+            const char* llamada; // %1 y %2: consolidado y NIIF
+            bool por_fecha;
+            bool (*entra)(const Renglon&);
+        } listados[] = {
+            {"consecutivos_conta('0','ZZ','0','ZZ','0','ZZ','%1','%2')", false,
+             [](const Renglon&) { return true; }},
+            {"consecutivos_conta('RC','RC','0002','0002','20','000090','%1','%2')", false,
+             [](const Renglon& x) {
+                 return x.tipo == "RC" && x.prefijo == "0002" && x.numero >= "000020" &&
+                        x.numero <= "000090";
+             }},
+            {"cronologico_conta('0','ZZ','','99991231','%1','%2')", true,
+             [](const Renglon&) { return true; }},
+            {"cronologico_conta('CG','CG','20170610','20180203','%1','%2')", true,
+             [](const Renglon& x) {
+                 return x.tipo == "CG" && x.fecha >= "20170610" && x.fecha <= "20180203";
+             }},
+        };
+        for (const auto& l : listados)
+            for (int libro : {0, 1}) {
+                std::map<QStringList, QString> lineas;
+                std::map<QStringList, std::pair<Moneda, Moneda>> sumas;
+                for (const Renglon& x : renglones(libro, false)) {
+                    if (!l.entra(x))
+                        continue;
+                    QStringList clave{x.tipo, x.prefijo, x.numero};
+                    clave.insert(l.por_fecha ? 0 : 3, x.fecha);
+                    sumas[clave].first += x.debito;
+                    sumas[clave].second += x.credito;
+                    clave << QString("%1").arg(x.item, 3);
+                    lineas[clave] = fila(x.tipo, x.prefijo, x.numero, x.fecha, x.item, x.cuenta,
+                                         x.nit, x.proyecto, x.centro, x.debito, x.credito);
+                }
+                QStringList detalladas, consolidadas;
+                for (const auto& [clave, columnas] : lineas)
+                    detalladas << columnas;
+                for (const auto& [clave, suma] : sumas)
+                    consolidadas << suma.first.texto() + '|' + suma.second.texto();
+                QVERIFY(detalladas.size() > consolidadas.size() && consolidadas.size() > 5);
+                const QString niif = libro ? "S" : "N";
+                QCOMPARE(filas(QString("select tipocomp, prefijo, numero, fecha, item, cuenta, "
+                                       "nit, proyecto, centro, debito, credito from ") +
+                               QString(l.llamada).arg("N", niif)),
+                         detalladas.join('\n'));
+                QCOMPARE(filas("select debito, credito from " + QString(l.llamada).arg("S", niif)),
+                         consolidadas.join('\n'));
+            }
+    }
+    void cada_informe_tiene_sus_columnas_y_admite_lo_que_le_agrega_la_pantalla() {
+        const QString comunes = "ID CUENTA TIPOCOMP PREFIJO NUMERO FECHA CONCEPTO NIT REF BASE "
+                                "PORC DEBITO CREDITO PROYECTO CENTRO TIPOREF IDREF NOMCUENTA ";
+        const QString listado = "ID TIPOCOMP PREFIJO NUMERO FECHA CUENTA NIT PROYECTO CENTRO "
+                                "CONCEPTO REF BASE PORC DEBITO CREDITO TIPOREF IDREF NOMTIPO";
+        Conexion auxiliar; // un usuario cualquiera
+        auxiliar.conectar(base_->parametros("AUXILIAR"));
+        const auto caso = [&](const QString& sql, const QString& columnas) {
+            const auto cursor = auxiliar.abra("select * from " + sql);
+            QStringList halladas;
+            for (const Columna& c : cursor->columnas())
+                halladas << c.nombre;
+            halladas.resize(columnas.count(' ') + 1);
+            QCOMPARE(sql + ": " + halladas.join(' '), sql + ": " + columnas);
+            QVERIFY2(cursor->siguiente(), qPrintable(sql));
+        };
+        const Rango r;
+        for (int libro : {0, 1}) {
+            const QString niif = sufijo(libro), n = sufijo(libro, "_n");
+            for (const char* cola :
+                 {"", " where CATEGORIA = '01'", " order by CUENTA,CATEGORIA,FECHA,PREFIJO,NUMERO",
+                  " order by PROYECTO,CENTRO,CUENTA,FECHA,PREFIJO,NUMERO",
+                  " order by CUENTA,FECHA,PREFIJO,NUMERO"})
+                caso("auxiliar_desde_hasta" + niif + '(' + r.para_cuenta() + ", 'S')" + cola,
+                     comunes + "SALDO CATEGORIA INICIAL");
+            for (const char* cola :
+                 {"", "ORDER BY PROYECTO,CENTRO,CUENTA,NOMTERCERO,FECHA,PREFIJO,NUMERO",
+                  "ORDER BY PROYECTO,CENTRO,CUENTA,NIT,FECHA,PREFIJO,NUMERO"})
+                caso("auxiliar_tercero_desde_hasta" + n + '(' + r.para_tercero() + ",'S')" + cola,
+                     comunes + "NOMTERCERO CUENTANIT SALDO SALDOFIN SALDOCTA DV SALDOCTAF");
+            caso("auxiliar_centro_desde_hasta" + n + '(' + r.para_centro() + ")",
+                 comunes + "NOMPROY NOMCENT CTAPROY CTAPROYCENT SALDO TERCERO SALDOF");
+            for (const char* detalle : {"'S'", "'N'"}) {
+                for (const char* rango : {"consecutivos_conta('0', 'ZZ', '0', 'ZZ', '0', 'ZZ'",
+                                          "cronologico_conta('0', 'ZZ', '', '99991231'"})
+                    caso(QString("%1, %2, %3) where DEBITO <> CREDITO")
+                             .arg(rango, detalle, libro ? "'S'" : "'N'"),
+                         listado);
+                caso(QString("libro_diario_cuenta%1('2017', '3', %2, '0', 'ZZ', '0', 'ZZ')")
+                         .arg(n, detalle),
+                     "CUENTA TIPOCOMP NOMCOMP PREFIJO NUMERO FECHA DEBITOS CREDITOS NOMCUENTA "
+                     "CONCEPTO REFER");
+            }
+        }
+    }
+
+    void los_limites_de_un_rango_son_los_que_espera_un_contador() {
+        base_->ejecute({"insert into terceros (terc_nit, terc_nom) values ('x123', 'Zúñiga Ltd.')",
+                        "insert into terceros (terc_nit, terc_nom) values ('9001', 'Ñuñoa S.A.')"});
+        grabe(base(), {900,
+                       "000900",
+                       "20190115",
+                       {{1, "130505", 10, 0, "x123"},
+                        {2, "130505", 20, 0, "9001"},
+                        {3, "130505", 30, 0, "900123456"},
+                        {4, "130505", 0, 60}}});
+        const auto debitos = [&](const Rango& r) {
+            return filas("select sum(debito), sum(credito) from auxiliar_tercero_desde_hasta(" +
+                         r.para_tercero() + ",'N')");
+        };
+        Rango r;
+        r.fecha_desde = "20190101";
+        r.fecha_hasta = "2019/01/31";
+        QCOMPARE(debitos(r), "60|0");
+        // Un NIT solo es ese y no los que empiezan igual; una cuenta sola trae las que cuelgan de
+        // ella.
+        r.nit_desde = r.nit_hasta = "9001";
+        QCOMPARE(debitos(r), "20|0");
+        r.cuenta_desde = r.cuenta_hasta = "13";
+        QCOMPARE(debitos(r), "20|0");
+        r.nit_desde.clear();
+        QCOMPARE(debitos(r), "20|60");
+        r.nit_hasta = "ZZ";
+        QCOMPARE(filas("select nomtercero from auxiliar_tercero_desde_hasta(" + r.para_tercero() +
+                       ",'N')ORDER BY PROYECTO,CENTRO,CUENTA,NOMTERCERO,FECHA,PREFIJO,NUMERO"),
+                 "\nFerretería El Tornillo S.A.S.\nÑuñoa S.A.\nZúñiga Ltd.");
+        // Al revés no hay nada, y lo que no es una fecha se dice.
+        r.fecha_desde = "20190201";
+        QCOMPARE(debitos(r), "|");
+        r.fecha_desde = "15 de enero";
+        const QString falla = falla_de([&] { debitos(r); });
+        QVERIFY2(falla.contains("La fecha \"15 de enero\" debe tener la forma aaaammdd."),
+                 qPrintable(falla));
+        base_->ejecute({"delete from comprobante_detalle where enco_consec = 900",
+                        "delete from comprobante_encabezado where enco_consec = 900"});
+    }
+
+    void un_comprobante_sin_lineas_o_de_un_solo_libro_se_lista_donde_debe() {
+        const QVector<Linea> cuadran = {{1, "110505", 500, 0}, {2, "413505", 0, 500}};
+        grabe(base(), {900, "000900", "20190110", cuadran, cuadran});
+        grabe(base(), {901, "000901", "20190111", {}, cuadran});
+        grabe(base(), {902, "000902", "20190112"});
+        grabe(base(), {903, "000903", "20190113", {{1, "110505", 100, 0, "800456789"}}});
+        base().ejecute("update comprobante_encabezado set terc_nit = '900123456', enco_refer = "
+                       "'REF' where enco_consec in (902, 903)");
+        const QString consulta = "select numero, cuenta, nit, ref, debito, credito from "
+                                 "consecutivos_conta('CG','CG','0','ZZ','900','903','%1','%2')";
+        QCOMPARE(filas(consulta.arg("S", "N")),
+                 "000900||||500|500\n000902||900123456|REF|0|0\n000903||900123456|REF|100|0");
+        QCOMPARE(filas(consulta.arg("S", "S")),
+                 "000900||||500|500\n000901||||500|500\n000902||900123456|REF|0|0");
+        QCOMPARE(filas(consulta.arg("N", "N")),
+                 "000900|110505|||500|0\n000900|413505|||0|500\n000902||900123456|REF|0|0\n000903|"
+                 "110505|800456789|REF|100|0");
+        // Sólo descuadrados.
+        QCOMPARE(filas(consulta.arg("S", "N") + " where DEBITO <> CREDITO"),
+                 "000903||900123456|REF|100|0");
+        QCOMPARE(filas(consulta.arg("S", "S") + " where DEBITO <> CREDITO"), QString());
+        for (const char* tabla :
+             {"comprobante_detalle", "comprobante_detalle_niif", "comprobante_encabezado"})
+            base().ejecute(QString("delete from %1 where enco_consec >= 900").arg(tabla));
+    }
+
+    void un_rango_corto_no_cuesta_mas_porque_el_libro_crezca() {
+        grabe(base(),
+              {950, "000950", "20190210", {{1, "130505", 70, 0, "9001"}, {2, "413505", 0, 70}}});
+        const QStringList consultas = {
+            "auxiliar_desde_hasta('13','13','20190210','20190210','','zz','','zz','S')",
+            "auxiliar_tercero_desde_hasta('0','ZZ','9001','9001','20190101','20191231','','zz','','"
+            "zz','S')",
+            "auxiliar_centro_desde_hasta('0','ZZ','','zz','','zz','20190210','20190211')",
+            "consecutivos_conta('CG','CG','0001','0001','000950','000950','N','N')",
+            "cronologico_conta('0','ZZ','20190210','20190210','S','N')",
+            "libro_diario_cuenta('2019','2','N','0','ZZ','0','ZZ')"};
+        const auto mida = [&] {
+            base().ejecute("execute procedure compacte_saldos");
+            QVector<qint64> cuestan;
+            for (const QString& c : consultas) {
+                const qint64 antes = registros_leidos(base());
+                if (filas("select * from " + c).isEmpty())
+                    return QVector<qint64>();
+                cuestan << registros_leidos(base()) - antes;
+            }
+            return cuestan;
+        };
+        mida();
+        const QVector<qint64> antes = mida();
+        QCOMPARE(antes.size(), consultas.size());
+        for (int i = 0; i < 400; ++i)
+            grabe(base(), {1000 + i,
+                           QString("%1").arg(1000 + i, 6, 10, QChar('0')),
+                           "20190312",
+                           {{1, "130505", 5, 0, "900123456"}, {2, "413505", 0, 5}}});
+        const QVector<qint64> despues = mida();
+        QCOMPARE(despues.size(), consultas.size());
+        for (int i = 0; i < consultas.size(); ++i)
+            QVERIFY2(antes[i] > 0 && despues[i] <= antes[i] + 60,
+                     qPrintable(QString("%1: %2 y %3 registros")
+                                    .arg(consultas[i])
+                                    .arg(antes[i])
+                                    .arg(despues[i])));
+    }
 
 private:
     Conexion& base() { return base_->base(); }
@@ -82,447 +435,58 @@ private:
     QVector<Renglon> renglones(int libro, bool iniciales) {
         return ::renglones(base(), libro, iniciales);
     }
-    QVector<Rango> rangos_al_azar(int cuantos);
-    QVector<Renglon> elija(int libro, const Rango& r, bool con_tercero, const QString& orden);
+
+    QVector<Rango> rangos_al_azar(int cuantos) {
+        QRandomGenerator azar = azar_de_prueba(7);
+        const auto fecha = [&](const QString& abierta) {
+            return azar.bounded(6) == 0 ? abierta : fecha_al_azar(azar);
+        };
+        const QVector<QStringList> cuentas{{"0", "ZZ"},     {"11", "13"}, {"1305", "1305"},
+                                           {"11", "11"},    {"2", "4"},   {"510506", "519530"},
+                                           {"0", "413505"}, {"5", "ZZ"},  {"130505", "130505"}};
+        const QVector<QStringList> nits{
+            {"0", "ZZ"}, {"8", "9"}, {"900123456", "900123456"}, {"", "ZZ"}};
+        const QVector<QStringList> proyectos{
+            {"", "zz"}, {"", "zz"}, {"", "zz"}, {"0001", "0001"}, {"0002", "zz"}};
+        QVector<Rango> rangos{Rango{}};
+        while (rangos.size() < cuantos) {
+            const QStringList c = uno_de(azar, cuentas), n = uno_de(azar, nits),
+                              p = uno_de(azar, proyectos), s = uno_de(azar, proyectos);
+            rangos.push_back(
+                {c[0], c[1], n[0], n[1], p[0], p[1], s[0], s[1], fecha(""), fecha("99991231")});
+        }
+        // El primer día de un mes, de los ajustes y del cierre: donde cambia de dónde sale la
+        // partida.
+        for (const char* dia : {"20170101", "20170601", "20171301", "20171401", "20180101"}) {
+            rangos.push_back({});
+            rangos.back().fecha_desde = dia;
+            rangos.back().fecha_hasta = QString(dia).left(6) + "31";
+        }
+        return rangos;
+    }
+
+    /// Lo que el rango abarca, antes y durante, ordenado por la clave del informe y el comprobante.
+    QVector<Renglon> elija(int libro, const Rango& r, bool con_tercero, const QString& orden) {
+        QVector<Renglon> elegidos;
+        for (const Renglon& x : renglones(libro, true))
+            if (r.cuenta(x.cuenta) && r.centros(x) && (!con_tercero || r.tercero(x)) &&
+                (r.antes(x) || r.durante(x) || x.fecha.isEmpty()))
+                elegidos.push_back(x);
+        const auto clave = [&](const Renglon& x) {
+            if (orden == "cuenta")
+                return QStringList{x.cuenta};
+            return orden == "nit" ? QStringList{x.cuenta, x.nit}
+                                  : QStringList{x.cuenta, x.proyecto, x.centro, x.nit};
+        };
+        std::sort(elegidos.begin(), elegidos.end(), [&](const Renglon& a, const Renglon& b) {
+            const QStringList ka = clave(a), kb = clave(b);
+            return ka == kb ? a.orden() < b.orden() : ka < kb;
+        });
+        return elegidos;
+    }
 
     std::optional<BaseDePrueba> base_;
 };
-
-void PruebaProcedimientosInformes::initTestCase() {
-    base_.emplace();
-    arme_libro_al_azar(base());
-    QCOMPARE(saldos_distintos(base()), QString());
-}
-
-QVector<Rango> PruebaProcedimientosInformes::rangos_al_azar(int cuantos) {
-    QRandomGenerator azar = azar_de_prueba(7);
-    const auto fecha = [&](const QString& abierta) {
-        return azar.bounded(6) == 0 ? abierta : fecha_al_azar(azar);
-    };
-    const QVector<QStringList> cuentas{{"0", "ZZ"},     {"11", "13"}, {"1305", "1305"},
-                                       {"11", "11"},    {"2", "4"},   {"510506", "519530"},
-                                       {"0", "413505"}, {"5", "ZZ"},  {"130505", "130505"}};
-    const QVector<QStringList> nits{
-        {"0", "ZZ"}, {"8", "9"}, {"900123456", "900123456"}, {"", "ZZ"}};
-    const QVector<QStringList> proyectos{
-        {"", "zz"}, {"", "zz"}, {"", "zz"}, {"0001", "0001"}, {"0002", "zz"}};
-    QVector<Rango> rangos{Rango{}};
-    while (rangos.size() < cuantos) {
-        const QStringList c = uno_de(azar, cuentas), n = uno_de(azar, nits),
-                          p = uno_de(azar, proyectos), s = uno_de(azar, proyectos);
-        rangos.push_back(
-            {c[0], c[1], n[0], n[1], p[0], p[1], s[0], s[1], fecha(""), fecha("99991231")});
-    }
-    // El primer día de un mes, de los ajustes y del cierre: donde cambia de dónde sale la partida.
-    for (const char* dia : {"20170101", "20170601", "20171301", "20171401", "20180101"}) {
-        rangos.push_back({});
-        rangos.back().fecha_desde = dia;
-        rangos.back().fecha_hasta = QString(dia).left(6) + "31";
-    }
-    return rangos;
-}
-
-/// Lo que el rango abarca, antes y durante, ordenado por la clave del informe y el comprobante.
-QVector<Renglon> PruebaProcedimientosInformes::elija(int libro, const Rango& r, bool con_tercero,
-                                                     const QString& orden) {
-    QVector<Renglon> elegidos;
-    for (const Renglon& x : renglones(libro, true))
-        if (r.cuenta(x.cuenta) && r.centros(x) && (!con_tercero || r.tercero(x)) &&
-            (r.antes(x) || r.durante(x) || x.fecha.isEmpty()))
-            elegidos.push_back(x);
-    const auto clave = [&](const Renglon& x) {
-        if (orden == "cuenta")
-            return QStringList{x.cuenta};
-        return orden == "nit" ? QStringList{x.cuenta, x.nit}
-                              : QStringList{x.cuenta, x.proyecto, x.centro, x.nit};
-    };
-    std::sort(elegidos.begin(), elegidos.end(), [&](const Renglon& a, const Renglon& b) {
-        const QStringList ka = clave(a), kb = clave(b);
-        return ka == kb ? a.orden() < b.orden() : ka < kb;
-    });
-    return elegidos;
-}
-
-void PruebaProcedimientosInformes::el_auxiliar_por_cuenta_da_lo_que_suman_las_lineas() {
-    int con_filas = 0;
-    for (int libro : {0, 1})
-        for (const Rango& r : rangos_al_azar(60)) {
-            const auto elegidos = elija(libro, r, false, "cuenta");
-            std::map<QString, Moneda> inicial, saldo;
-            std::map<QString, QStringList> por_cuenta;
-            for (const Renglon& x : elegidos)
-                if (r.antes(x) || x.fecha.isEmpty()) {
-                    inicial[x.cuenta] += x.neto();
-                    saldo[x.cuenta + x.proyecto + x.centro] += x.neto();
-                }
-            for (const Renglon& x : elegidos)
-                if (r.durante(x) && !x.fecha.isEmpty())
-                    por_cuenta[x.cuenta]
-                        << fila(x.cuenta, x.fecha, x.tipo, x.prefijo, x.numero, x.item, x.nit,
-                                x.proyecto, x.centro, x.categoria, x.debito, x.credito,
-                                saldo[x.cuenta + x.proyecto + x.centro], inicial[x.cuenta]);
-            for (const bool todas : {false, true}) {
-                if (todas)
-                    for (const QString& cuenta :
-                         filas("select cuen_cod from cuentas where cuen_afectable = 'S'")
-                             .split('\n'))
-                        if (r.cuenta(cuenta) && !por_cuenta.count(cuenta)) {
-                            const QString s = inicial[cuenta].texto();
-                            por_cuenta[cuenta] << cuenta + "||||||||||0|0|" + s + '|' + s;
-                        }
-                QStringList esperadas;
-                for (const auto& [cuenta, f] : por_cuenta)
-                    esperadas << f;
-                con_filas += !esperadas.isEmpty();
-                QCOMPARE(filas(QString("select cuenta, fecha, tipocomp, prefijo, numero, item, nit,"
-                                       " proyecto, centro, categoria, debito, credito, saldo,"
-                                       " inicial from auxiliar_desde_hasta%1(%2, '%3')")
-                                   .arg(sufijo(libro), r.para_cuenta(), todas ? "S" : "N")),
-                         esperadas.join('\n'));
-            }
-        }
-    QVERIFY(con_filas > 150);
-}
-
-void PruebaProcedimientosInformes::el_auxiliar_por_tercero_da_lo_que_suman_las_lineas() {
-    int sin_movimiento = 0;
-    for (int libro : {0, 1})
-        for (const Rango& r : rangos_al_azar(60)) {
-            const auto elegidos = elija(libro, r, true, "nit");
-            std::map<QString, Moneda> inicial, final;
-            std::map<std::pair<QString, QString>, QStringList> por_clave;
-            for (const Renglon& x : elegidos)
-                for (const QString& clave : {x.cuenta, x.cuenta + x.nit + '*'}) {
-                    inicial[clave] += r.antes(x) || x.fecha.isEmpty() ? x.neto() : Moneda();
-                    final[clave] += x.neto();
-                }
-            const auto saldos = [&](const QString& cuenta, const QString& nit) {
-                return '|' + inicial[cuenta + nit + '*'].texto() + '|' +
-                       final[cuenta + nit + '*'].texto() + '|' + inicial[cuenta].texto() + '|' +
-                       final[cuenta].texto();
-            };
-            for (const Renglon& x : elegidos)
-                if (r.durante(x) && !x.fecha.isEmpty())
-                    por_clave[{x.cuenta, x.nit}]
-                        << fila(x.cuenta, x.nit, x.fecha, x.tipo, x.prefijo, x.numero, x.item,
-                                x.cuenta + x.nit, x.debito, x.credito) +
-                               saldos(x.cuenta, x.nit);
-            for (const bool todos : {false, true}) {
-                for (const Renglon& x : elegidos)
-                    if (todos && !por_clave.count({x.cuenta, x.nit}) &&
-                        !inicial[x.cuenta + x.nit + '*'].es_cero()) {
-                        ++sin_movimiento;
-                        por_clave[{x.cuenta, x.nit}] << x.cuenta + '|' + x.nit + "||||||" +
-                                                            x.cuenta + x.nit + "|0|0" +
-                                                            saldos(x.cuenta, x.nit);
-                    }
-                QStringList esperadas;
-                for (const auto& [clave, f] : por_clave)
-                    esperadas << f;
-                QCOMPARE(filas(QString("select cuenta, nit, fecha, tipocomp, prefijo, numero, item,"
-                                       " cuentanit, debito, credito, saldo, saldofin, saldocta,"
-                                       " saldoctaf from auxiliar_tercero_desde_hasta%1(%2,'%3')")
-                                   .arg(sufijo(libro, "_n"), r.para_tercero(), todos ? "S" : "N")),
-                         esperadas.join('\n'));
-            }
-        }
-    QVERIFY(sin_movimiento > 50);
-}
-
-void PruebaProcedimientosInformes::el_auxiliar_por_centro_da_lo_que_suman_las_lineas() {
-    for (int libro : {0, 1})
-        for (const Rango& r : rangos_al_azar(60)) {
-            const auto elegidos = elija(libro, r, false, "centro");
-            std::map<QString, Moneda> inicial, final;
-            const auto clave = [](const Renglon& x) {
-                return x.cuenta + x.proyecto.leftJustified(4) + x.centro;
-            };
-            for (const Renglon& x : elegidos) {
-                inicial[clave(x)] += r.antes(x) || x.fecha.isEmpty() ? x.neto() : Moneda();
-                final[clave(x)] += x.neto();
-            }
-            QStringList esperadas;
-            for (const Renglon& x : elegidos)
-                if (r.durante(x) && !x.fecha.isEmpty())
-                    esperadas << fila(x.cuenta, x.proyecto, x.centro, x.nit, x.fecha, x.tipo,
-                                      x.prefijo, x.numero, x.item,
-                                      x.cuenta + x.proyecto.leftJustified(4), clave(x), x.debito,
-                                      x.credito, inicial[clave(x)], final[clave(x)]);
-            QCOMPARE(filas(QString("select cuenta, proyecto, centro, nit, fecha, tipocomp, prefijo,"
-                                   " numero, item, ctaproy, ctaproycent, debito, credito, saldo,"
-                                   " saldof from auxiliar_centro_desde_hasta%1(%2)")
-                               .arg(sufijo(libro, "_n"), r.para_centro())),
-                     esperadas.join('\n'));
-        }
-}
-
-void PruebaProcedimientosInformes::el_diario_resume_por_cuenta_y_tipo_o_por_comprobante() {
-    for (int libro : {0, 1})
-        for (const char* periodo : {"201703", "201713", "201808", "201814"})
-            for (const char* tipo : {"0|ZZ", "RC|RC"}) {
-                std::map<QStringList, std::pair<Moneda, Moneda>> cuentas, comprobantes;
-                for (const Renglon& x : renglones(libro, false)) {
-                    if (!x.fecha.startsWith(periodo) || x.cuenta > "25" ||
-                        (*tipo == 'R' && x.tipo != "RC"))
-                        continue;
-                    for (auto* suma :
-                         {&cuentas[{x.cuenta, x.tipo, "", "", ""}],
-                          &comprobantes[{x.cuenta, x.tipo, x.fecha, x.prefijo, x.numero}]}) {
-                        suma->first += x.debito;
-                        suma->second += x.credito;
-                    }
-                }
-                for (const bool resumen : {true, false}) {
-                    QStringList esperadas;
-                    for (const auto& [clave, suma] : resumen ? cuentas : comprobantes)
-                        esperadas << clave.join('|') + '|' + suma.first.texto() + '|' +
-                                         suma.second.texto();
-                    QVERIFY(*tipo == 'R' || !esperadas.isEmpty());
-                    const QString p(periodo);
-                    QCOMPARE(filas(QString("select cuenta, tipocomp, fecha, prefijo, numero,"
-                                           " debitos, creditos from libro_diario_cuenta%1('%2', "
-                                           "'%3', '%4', '11', '24', %5)")
-                                       .arg(sufijo(libro, "_n"), p.left(4),
-                                            QString::number(p.mid(4).toInt()), resumen ? "S" : "N",
-                                            Rango::unido(QString(tipo).split('|')))),
-                             esperadas.join('\n'));
-                }
-            }
-    const QString diario = "libro_diario_cuenta('2017', 3, 'S', '0', 'ZZ', '0', 'ZZ')";
-    QCOMPARE(
-        filas("select count(*) from " + diario +
-              " p join cuentas c on c.cuen_cod = p.cuenta and c.cuen_nom = p.nomcuenta"
-              " join tipo_comprobante t on t.tico_cod = p.tipocomp and t.tico_nom = p.nomcomp"),
-        filas("select count(*) from " + diario));
-}
-
-void PruebaProcedimientosInformes::los_listados_de_comprobantes_traen_todas_sus_lineas_en_orden() {
-    const struct {
-        const char* llamada; // %1 y %2: consolidado y NIIF
-        bool por_fecha;
-        bool (*entra)(const Renglon&);
-    } listados[] = {
-        {"consecutivos_conta('0','ZZ','0','ZZ','0','ZZ','%1','%2')", false,
-         [](const Renglon&) { return true; }},
-        {"consecutivos_conta('RC','RC','0002','0002','20','000090','%1','%2')", false,
-         [](const Renglon& x) {
-             return x.tipo == "RC" && x.prefijo == "0002" && x.numero >= "000020" &&
-                    x.numero <= "000090";
-         }},
-        {"cronologico_conta('0','ZZ','','99991231','%1','%2')", true,
-         [](const Renglon&) { return true; }},
-        {"cronologico_conta('CG','CG','20170610','20180203','%1','%2')", true,
-         [](const Renglon& x) {
-             return x.tipo == "CG" && x.fecha >= "20170610" && x.fecha <= "20180203";
-         }},
-    };
-    for (const auto& l : listados)
-        for (int libro : {0, 1}) {
-            std::map<QStringList, QString> lineas;
-            std::map<QStringList, std::pair<Moneda, Moneda>> sumas;
-            for (const Renglon& x : renglones(libro, false)) {
-                if (!l.entra(x))
-                    continue;
-                QStringList clave{x.tipo, x.prefijo, x.numero};
-                clave.insert(l.por_fecha ? 0 : 3, x.fecha);
-                sumas[clave].first += x.debito;
-                sumas[clave].second += x.credito;
-                clave << QString("%1").arg(x.item, 3);
-                lineas[clave] = fila(x.tipo, x.prefijo, x.numero, x.fecha, x.item, x.cuenta, x.nit,
-                                     x.proyecto, x.centro, x.debito, x.credito);
-            }
-            QStringList detalladas, consolidadas;
-            for (const auto& [clave, columnas] : lineas)
-                detalladas << columnas;
-            for (const auto& [clave, suma] : sumas)
-                consolidadas << suma.first.texto() + '|' + suma.second.texto();
-            QVERIFY(detalladas.size() > consolidadas.size() && consolidadas.size() > 5);
-            const QString niif = libro ? "S" : "N";
-            QCOMPARE(filas(QString("select tipocomp, prefijo, numero, fecha, item, cuenta, nit,"
-                                   " proyecto, centro, debito, credito from ") +
-                           QString(l.llamada).arg("N", niif)),
-                     detalladas.join('\n'));
-            QCOMPARE(filas("select debito, credito from " + QString(l.llamada).arg("S", niif)),
-                     consolidadas.join('\n'));
-        }
-}
-
-void PruebaProcedimientosInformes::
-    cada_informe_tiene_sus_columnas_y_admite_lo_que_le_agrega_la_pantalla_data() {
-    QTest::addColumn<QString>("sql");
-    QTest::addColumn<QString>("columnas");
-    const QString comunes = "ID CUENTA TIPOCOMP PREFIJO NUMERO FECHA CONCEPTO NIT REF BASE PORC"
-                            " DEBITO CREDITO PROYECTO CENTRO TIPOREF IDREF NOMCUENTA ";
-    const QString listado = "ID TIPOCOMP PREFIJO NUMERO FECHA CUENTA NIT PROYECTO CENTRO CONCEPTO"
-                            " REF BASE PORC DEBITO CREDITO TIPOREF IDREF NOMTIPO";
-    const Rango r;
-    for (int libro : {0, 1}) {
-        const auto caso = [&](const char* nombre, const QString& sql, const QString& columnas) {
-            QTest::addRow("%s, libro %d", nombre, libro) << "select * from " + sql << columnas;
-        };
-        const QString niif = sufijo(libro), n = sufijo(libro, "_n");
-        for (const char* cola :
-             {"", " where CATEGORIA = '01'", " order by CUENTA,CATEGORIA,FECHA,PREFIJO,NUMERO",
-              " order by PROYECTO,CENTRO,CUENTA,FECHA,PREFIJO,NUMERO",
-              " order by CUENTA,FECHA,PREFIJO,NUMERO"})
-            caso(cola, "auxiliar_desde_hasta" + niif + '(' + r.para_cuenta() + ", 'S')" + cola,
-                 comunes + "SALDO CATEGORIA INICIAL");
-        for (const char* cola : {"",
-                                 "ORDER BY PROYECTO,CENTRO,CUENTA,NOMTERCERO,FECHA,PREFIJO,"
-                                 "NUMERO",
-                                 "ORDER BY PROYECTO,CENTRO,CUENTA,NIT,FECHA,PREFIJO,NUMERO"})
-            caso(cola, "auxiliar_tercero_desde_hasta" + n + '(' + r.para_tercero() + ",'S')" + cola,
-                 comunes + "NOMTERCERO CUENTANIT SALDO SALDOFIN SALDOCTA DV SALDOCTAF");
-        caso("centro", "auxiliar_centro_desde_hasta" + n + '(' + r.para_centro() + ")",
-             comunes + "NOMPROY NOMCENT CTAPROY CTAPROYCENT SALDO TERCERO SALDOF");
-        const QString cual = libro ? "'S'" : "'N'";
-        for (const char* detalle : {"'S'", "'N'"}) {
-            caso("consecutivos",
-                 QString("consecutivos_conta('0', 'ZZ', '0', 'ZZ', '0', 'ZZ', %1, %2)"
-                         " where DEBITO <> CREDITO")
-                     .arg(detalle, cual),
-                 listado);
-            caso("cronológico",
-                 QString("cronologico_conta('0', 'ZZ', '', '99991231', %1, %2)"
-                         " where DEBITO <> CREDITO")
-                     .arg(detalle, cual),
-                 listado);
-            caso("diario",
-                 QString("libro_diario_cuenta%1('2017', '3', %2, '0', 'ZZ', '0', 'ZZ')")
-                     .arg(n, detalle),
-                 "CUENTA TIPOCOMP NOMCOMP PREFIJO NUMERO FECHA DEBITOS CREDITOS NOMCUENTA CONCEPTO"
-                 " REFER");
-        }
-    }
-}
-
-void PruebaProcedimientosInformes::
-    cada_informe_tiene_sus_columnas_y_admite_lo_que_le_agrega_la_pantalla() {
-    QFETCH(QString, sql);
-    QFETCH(QString, columnas);
-    Conexion auxiliar; // un usuario cualquiera
-    auxiliar.conectar(base_->parametros("AUXILIAR"));
-    const auto cursor = auxiliar.abra(sql);
-    const QStringList esperadas = columnas.split(' ');
-    QStringList halladas;
-    for (const Columna& c : cursor->columnas())
-        halladas << c.nombre;
-    QCOMPARE(halladas.mid(0, esperadas.size()), esperadas);
-    QVERIFY(cursor->siguiente());
-}
-
-void PruebaProcedimientosInformes::los_limites_de_un_rango_son_los_que_espera_un_contador() {
-    base_->ejecute({"insert into terceros (terc_nit, terc_nom) values ('x123', 'Zúñiga Ltd.')",
-                    "insert into terceros (terc_nit, terc_nom) values ('9001', 'Ñuñoa S.A.')"});
-    grabe(base(), {900,
-                   "000900",
-                   "20190115",
-                   {{1, "130505", 10, 0, "x123"},
-                    {2, "130505", 20, 0, "9001"},
-                    {3, "130505", 30, 0, "900123456"},
-                    {4, "130505", 0, 60}}});
-    const auto debitos = [&](const Rango& r) {
-        return filas("select sum(debito), sum(credito) from auxiliar_tercero_desde_hasta(" +
-                     r.para_tercero() + ",'N')");
-    };
-    Rango r;
-    r.fecha_desde = "20190101";
-    r.fecha_hasta = "2019/01/31";
-    QCOMPARE(debitos(r), QString("60|0"));
-    // Un NIT solo es ese y no los que empiezan igual; una cuenta sola trae las que cuelgan de ella.
-    r.nit_desde = r.nit_hasta = "9001";
-    QCOMPARE(debitos(r), QString("20|0"));
-    r.cuenta_desde = r.cuenta_hasta = "13";
-    QCOMPARE(debitos(r), QString("20|0"));
-    r.nit_desde.clear();
-    QCOMPARE(debitos(r), QString("20|60"));
-    r.nit_hasta = "ZZ";
-    QCOMPARE(filas("select nomtercero from auxiliar_tercero_desde_hasta(" + r.para_tercero() +
-                   ",'N')ORDER BY PROYECTO,CENTRO,CUENTA,NOMTERCERO,FECHA,PREFIJO,NUMERO"),
-             QString("\nFerretería El Tornillo S.A.S.\nÑuñoa S.A.\nZúñiga Ltd."));
-    // Al revés no hay nada, y lo que no es una fecha se dice.
-    r.fecha_desde = "20190201";
-    QCOMPARE(debitos(r), QString("|"));
-    r.fecha_desde = "15 de enero";
-    try {
-        debitos(r);
-        QFAIL("aceptó una fecha que no lo es");
-    } catch (const ErrorDatos& e) {
-        QVERIFY2(e.texto().contains("La fecha \"15 de enero\" debe tener la forma aaaammdd."),
-                 qPrintable(e.texto()));
-    }
-    base_->ejecute({"delete from comprobante_detalle where enco_consec = 900",
-                    "delete from comprobante_encabezado where enco_consec = 900"});
-}
-
-void PruebaProcedimientosInformes::
-    un_comprobante_sin_lineas_o_de_un_solo_libro_se_lista_donde_debe() {
-    const QVector<Linea> cuadran = {{1, "110505", 500, 0}, {2, "413505", 0, 500}};
-    grabe(base(), {900, "000900", "20190110", cuadran, cuadran});
-    grabe(base(), {901, "000901", "20190111", {}, cuadran});
-    grabe(base(), {902, "000902", "20190112"});
-    grabe(base(), {903, "000903", "20190113", {{1, "110505", 100, 0, "800456789"}}});
-    base().ejecute("update comprobante_encabezado set terc_nit = '900123456', enco_refer = 'REF'"
-                   " where enco_consec in (902, 903)");
-    const QString consulta = "select numero, cuenta, nit, ref, debito, credito from"
-                             " consecutivos_conta('CG','CG','0','ZZ','900','903','%1','%2')";
-    QCOMPARE(filas(consulta.arg("S", "N")), QString("000900||||500|500\n"
-                                                    "000902||900123456|REF|0|0\n"
-                                                    "000903||900123456|REF|100|0"));
-    QCOMPARE(filas(consulta.arg("S", "S")), QString("000900||||500|500\n"
-                                                    "000901||||500|500\n"
-                                                    "000902||900123456|REF|0|0"));
-    QCOMPARE(filas(consulta.arg("N", "N")), QString("000900|110505|||500|0\n"
-                                                    "000900|413505|||0|500\n"
-                                                    "000902||900123456|REF|0|0\n"
-                                                    "000903|110505|800456789|REF|100|0"));
-    // Sólo descuadrados.
-    QCOMPARE(filas(consulta.arg("S", "N") + " where DEBITO <> CREDITO"),
-             QString("000903||900123456|REF|100|0"));
-    QCOMPARE(filas(consulta.arg("S", "S") + " where DEBITO <> CREDITO"), QString());
-    for (const char* tabla :
-         {"comprobante_detalle", "comprobante_detalle_niif", "comprobante_encabezado"})
-        base().ejecute(QString("delete from %1 where enco_consec >= 900").arg(tabla));
-}
-
-void PruebaProcedimientosInformes::un_rango_corto_no_cuesta_mas_porque_el_libro_crezca() {
-    grabe(base(),
-          {950, "000950", "20190210", {{1, "130505", 70, 0, "9001"}, {2, "413505", 0, 70}}});
-    const QStringList consultas = {
-        "auxiliar_desde_hasta('13','13','20190210','20190210','','zz','','zz','S')",
-        "auxiliar_tercero_desde_hasta('0','ZZ','9001','9001','20190101','20191231','','zz','',"
-        "'zz','S')",
-        "auxiliar_centro_desde_hasta('0','ZZ','','zz','','zz','20190210','20190211')",
-        "consecutivos_conta('CG','CG','0001','0001','000950','000950','N','N')",
-        "cronologico_conta('0','ZZ','20190210','20190210','S','N')",
-        "libro_diario_cuenta('2019','2','N','0','ZZ','0','ZZ')"};
-    const auto mida = [&] {
-        base().ejecute("execute procedure compacte_saldos");
-        QVector<qint64> cuestan;
-        for (const QString& c : consultas) {
-            const qint64 antes = registros_leidos(base());
-            if (filas("select * from " + c).isEmpty())
-                return QVector<qint64>();
-            cuestan << registros_leidos(base()) - antes;
-        }
-        return cuestan;
-    };
-    mida();
-    const QVector<qint64> antes = mida();
-    QCOMPARE(antes.size(), consultas.size());
-    for (int i = 0; i < 400; ++i)
-        grabe(base(), {1000 + i,
-                       QString("%1").arg(1000 + i, 6, 10, QChar('0')),
-                       "20190312",
-                       {{1, "130505", 5, 0, "900123456"}, {2, "413505", 0, 5}}});
-    const QVector<qint64> despues = mida();
-    QCOMPARE(despues.size(), consultas.size());
-    for (int i = 0; i < consultas.size(); ++i)
-        QVERIFY2(
-            antes[i] > 0 && despues[i] <= antes[i] + 60,
-            qPrintable(
-                QString("%1: %2 y %3 registros").arg(consultas[i]).arg(antes[i]).arg(despues[i])));
-}
 
 QTEST_GUILESS_MAIN(PruebaProcedimientosInformes)
 #include "prueba_procedimientos_informes.moc"

@@ -78,8 +78,8 @@ private slots:
         const QString tipo = s.dm.nombre_campo("TICO_COD"), nombre = s.dm.nombre_campo("TICO_NOM");
         QVERIFY(tipo != "TICO_COD" && nombre != "TICO_NOM");
         for (const auto& c : casos) {
-            se_dice(QString(c.mensaje).replace("%c", tipo).replace("%n", nombre),
-                    [&] { s.dm.ManejarClientError(p.c, ErrorDatos(c.texto)); });
+            dice([&] { s.dm.ManejarClientError(p.c, ErrorDatos(c.texto)); },
+                 QString(c.mensaje).replace("%c", tipo).replace("%n", nombre));
             QCOMPARE(barra.text(), "Advertencia: CTipodoc: " + QString(c.texto));
             QCOMPARE(barra.color(), AvisosBarra::Rojo);
             QVERIFY(lineas_de_errores(s).last().endsWith("ADMIN," + QString(c.texto)));
@@ -89,8 +89,8 @@ private slots:
         // la lista lleva solo los vacíos, y un campo sin descripción se muestra por su nombre
         s.base.ejecute({"delete from nombres_campos where nombre = 'TICO_NOM'"});
         p.c.FieldByName("TICO_COD") = "ZZ";
-        se_dice("Los campos TICO_NOM,  son obligatorios.",
-                [&] { s.dm.ManejarClientError(p.c, ErrorDatos("Field 'x' must have a value")); });
+        dice([&] { s.dm.ManejarClientError(p.c, ErrorDatos("Field 'x' must have a value")); },
+             "Los campos TICO_NOM,  son obligatorios.");
         s.dm.barra(nullptr);
     }
 
@@ -177,7 +177,7 @@ private slots:
              {"Server Error: violation of PRIMARY or UNIQUE KEY", "key violation.",
               "SQL Server Error:  violation of FOREIGN KEY", "Field 'x' must have a value",
               "dbExpress Error: Connection failed", "Cannot delete master record with details."}) {
-            se_dice(texto, [&] { s.dm.ManejarError(&p.p, &p.c, ErrorDatos(texto)); });
+            dice([&] { s.dm.ManejarError(&p.p, &p.c, ErrorDatos(texto)); }, texto);
         }
         s.dm.barra(nullptr);
     }
@@ -328,7 +328,7 @@ private slots:
         const RelojDetenido hoy;
         SesionGui s;
         const auto falle = [&](const QString& texto) {
-            se_dice("Se presento el siguiente error: " + texto, [&] { s.dm.ENoManejada(texto); });
+            dice([&] { s.dm.ENoManejada(texto); }, "Se presento el siguiente error: " + texto);
         };
         s.dm.usuario.clear();
         falle("antes de entrar");
@@ -406,7 +406,7 @@ private slots:
 
     void el_mensaje_temporal_no_detiene_a_quien_lo_muestra() {
         SesionGui s;
-        se_dice("Documento sin cuentas", [&] { s.dm.mensaje_error("Documento sin cuentas"); });
+        dice([&] { s.dm.mensaje_error("Documento sin cuentas"); }, "Documento sin cuentas");
         QVERIFY(!QApplication::activeModalWidget());
     }
 };

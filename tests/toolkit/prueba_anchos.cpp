@@ -5,7 +5,6 @@
 #include "toolkit/rejilla/modelo_conjunto.h"
 
 #include <QHeaderView>
-#include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <numeric>
@@ -56,26 +55,20 @@ protected:
 class PruebaAnchos : public QObject {
     Q_OBJECT
 private slots:
-    void el_reparto_da_primero_lo_indispensable_data() {
-        QTest::addColumn<int>("disponible");
-        QTest::addColumn<QVector<int>>("anchos");
-        // Código 60 (título 50), nombre 100 (completo 300), cifra 120 (título 140).
-        QTest::newRow("justo") << 300 << QVector<int>{60, 100, 140};
-        QTest::newRow("cede el título") << 290 << QVector<int>{60, 100, 130};
-        QTest::newRow("no cabe: se desplaza") << 200 << QVector<int>{60, 100, 140};
-        QTest::newRow("el nombre crece") << 400 << QVector<int>{60, 200, 140};
-        QTest::newRow("completo, sobra para el código") << 540 << QVector<int>{80, 300, 160};
-        QTest::newRow("monitor ancho") << 1000 << QVector<int>{80, 760, 160};
-    }
     void el_reparto_da_primero_lo_indispensable() {
-        QFETCH(int, disponible);
-        QFETCH(QVector<int>, anchos);
-        const QVector<PedidoAncho> pedidos{
+        const QVector<PedidoAncho> codigo_nombre_y_cifra{
             {.contenido = 60, .titulo = 50, .comodo = 80},
             {.contenido = 100, .titulo = 40, .comodo = 300, .peso = 20},
             {.contenido = 120, .titulo = 140, .comodo = 160},
         };
-        QCOMPARE(reparta_ancho(pedidos, disponible), anchos);
+        const std::pair<int, QVector<int>> casos[] = {
+            {300, {60, 100, 140}}, {290, {60, 100, 130}}, // cede el título
+            {200, {60, 100, 140}},                        // no cabe: se desplaza
+            {400, {60, 200, 140}},                        // el nombre crece
+            {540, {80, 300, 160}},                        // completo, sobra para el código
+            {1000, {80, 760, 160}}};
+        for (const auto& [disponible, anchos] : casos)
+            QCOMPARE(reparta_ancho(codigo_nombre_y_cifra, disponible), anchos);
     }
 
     void sin_textos_las_cifras_se_separan_con_medida_y_lo_escogido_no_se_toca() {
@@ -157,18 +150,24 @@ private slots:
             QCoreApplication::processEvents();
         }
         QVERIFY(!ajustes.contains(clave + "/anchos")); // nadie escogió nada
+        int dejado = 0;
         {
             RejillaDePrueba p;
             p.rejilla->guarde_en(&ajustes, clave);
             arrastre(*p.rejilla, p.Categoria, 60);
+            dejado = p.rejilla->columnWidth(p.Categoria);
         }
         const QStringList guardados = ajustes.value(clave + "/anchos").toStringList();
         QCOMPARE(guardados.size(), 1);
         QVERIFY(guardados[0].startsWith("CONC_COD="));
-        // El suyo queda como lo dejó; los demás siguen la ventana.
+        // El suyo queda como lo dejó, y solo a él; los demás siguen la ventana.
         RejillaDePrueba p;
+        const int de_fabrica = p.rejilla->columnWidth(p.Categoria);
+        p.rejilla->guarde_en(&ajustes, "OTRO/Tfmovimien/DBGridEh1");
+        QCOMPARE(p.rejilla->columnWidth(p.Categoria), de_fabrica);
         p.rejilla->guarde_en(&ajustes, clave);
         const int suyo = p.rejilla->columnWidth(p.Categoria);
+        QVERIFY(suyo > de_fabrica + 30 && qAbs(suyo - dejado) <= 1);
         p.ventana.resize(1200, 300);
         QCoreApplication::processEvents();
         QCOMPARE(p.rejilla->columnWidth(p.Categoria), suyo);

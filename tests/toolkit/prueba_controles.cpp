@@ -1,4 +1,5 @@
 // Los controles atados, con teclas de verdad sobre conjuntos en memoria.
+#include "apoyo/archivos.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/controles/casilladato.h"
@@ -13,7 +14,6 @@
 #include "toolkit/proteccion.h"
 
 #include <QAbstractItemView>
-#include <QBuffer>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -194,30 +194,20 @@ private slots:
         QCOMPARE(m.fallas.size(), 1);
     }
 
-    void numeros_data() {
-        QTest::addColumn<QString>("escrito");
-        QTest::addColumn<QString>("guardado");
-        QTest::addColumn<QString>("visto");
-        QTest::newRow("con miles") << "1,234.50"
-                                   << "1234.5"
-                                   << "1,234.50";
-        QTest::newRow("coma decimal") << "12,5"
-                                      << "12.5"
-                                      << "12.50";
-        QTest::newRow("negativo") << "-7"
-                                  << "-7"
-                                  << "-7.00";
-        QTest::newRow("cuatro decimales") << "0.4567"
-                                          << "0.4567"
-                                          << "0.46";
-    }
-    void numeros() {
-        QFETCH(QString, escrito);
+    void un_numero_se_digita_con_miles_coma_decimal_o_signo() {
         Mesa m;
-        m.digite(m.porcentaje, escrito);
-        m.ajena.setFocus();
-        QTEST(m.campo("CUEN_PORC"), "guardado");
-        QTEST(m.porcentaje.text(), "visto");
+        const struct {
+            const char *escrito, *guardado, *visto;
+        } casos[] = {{"1,234.50", "1234.5", "1,234.50"},
+                     {"12,5", "12.5", "12.50"},
+                     {"-7", "-7", "-7.00"},
+                     {"0.4567", "0.4567", "0.46"}};
+        for (const auto& c : casos) {
+            m.digite(m.porcentaje, c.escrito);
+            m.ajena.setFocus();
+            QCOMPARE(m.campo("CUEN_PORC"), c.guardado);
+            QCOMPARE(m.porcentaje.text(), c.visto);
+        }
         QCOMPARE(m.fallas, QStringList());
     }
 
@@ -379,13 +369,16 @@ private slots:
         lista.setFocus();
         int avisos = 0;
         lista.OnChange = [&] { ++avisos; };
-        const auto teclee = [&](const QString& texto, ulong cuando) {
+        const auto teclee_en = [](QWidget* w, const QString& texto, ulong cuando) {
             for (const QChar c : texto) {
                 QKeyEvent tecla(QEvent::KeyPress, c.toUpper().unicode(), Qt::NoModifier,
                                 QString(c));
                 tecla.setTimestamp(cuando);
-                QApplication::sendEvent(&lista, &tecla);
+                QApplication::sendEvent(w, &tecla);
             }
+        };
+        const auto teclee = [&](const QString& texto, ulong cuando) {
+            teclee_en(&lista, texto, cuando);
             return lista.currentText();
         };
         const struct {
@@ -399,26 +392,20 @@ private slots:
                      {"nomx", "Nómina"}};
         ulong cuando = 10000;
         for (const auto& caso : casos)
-            QCOMPARE(teclee(caso.tecleado, cuando += 5000), QString(caso.escogido));
+            QCOMPARE(teclee(caso.tecleado, cuando += 5000), caso.escogido);
         QVERIFY(avisos >= 6);
         // La misma letra pasa de una a otra; después de una pausa empieza otra palabra.
-        QCOMPARE(teclee("o", cuando += 5000), QString("Órden de pago"));
-        QCOMPARE(teclee("o", cuando), QString("Otros"));
-        QCOMPARE(teclee("o", cuando), QString("Órden de pago"));
-        QCOMPARE(teclee("n", cuando += 5000), QString("Nota débito"));
+        QCOMPARE(teclee("o", cuando += 5000), "Órden de pago");
+        QCOMPARE(teclee("o", cuando), "Otros");
+        QCOMPARE(teclee("o", cuando), "Órden de pago");
+        QCOMPARE(teclee("n", cuando += 5000), "Nota débito");
         // Un espacio sin nada tecleado despliega la lista, y desplegada busca igual.
         cuando += 5000;
-        QKeyEvent espacio(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ");
-        espacio.setTimestamp(cuando);
-        QApplication::sendEvent(&lista, &espacio);
+        teclee(" ", cuando);
         QVERIFY(lista.view()->isVisible());
-        for (const QChar c : QString("nota de c")) {
-            QKeyEvent tecla(QEvent::KeyPress, c.toUpper().unicode(), Qt::NoModifier, QString(c));
-            tecla.setTimestamp(cuando);
-            QApplication::sendEvent(lista.view(), &tecla);
-        }
+        teclee_en(lista.view(), "nota de c", cuando);
         QTest::keyClick(lista.view(), Qt::Key_Return);
-        QCOMPARE(lista.currentText(), QString("Nota de crédito"));
+        QCOMPARE(lista.currentText(), "Nota de crédito");
     }
 
     void la_fecha_se_digita_corrida_y_puede_quedar_vacia() {
@@ -466,11 +453,8 @@ private slots:
         fotos.Append();
         ImagenDato imagen(&fotos, "FOTO");
         QTemporaryDir carpeta;
-        const QString mala = carpeta.filePath("mala.png"), buena = carpeta.filePath("buena.png");
-        QFile f(mala);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write("no es una imagen");
-        f.close();
+        const QString mala = ponga_archivo(carpeta.filePath("mala.png"), "no es una imagen");
+        const QString buena = carpeta.filePath("buena.png");
         QVERIFY_EXCEPTION_THROWN(imagen.cargue_archivo(mala), ErrorDatos);
         QVERIFY(fotos.FieldByName("FOTO").nulo());
         QImage cuadro(6, 4, QImage::Format_RGB32);
@@ -508,7 +492,6 @@ private slots:
         i.espere("Desea borrar el registro?", "Sí");
         nav.boton(nbDelete)->click();
         QCOMPARE(m.cuentas.RecordCount(), 1);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void la_caja_de_importe_pinta_los_negativos_y_rehusa_lo_que_no_es_numero() {
@@ -536,9 +519,9 @@ private slots:
         caja.selectAll();
         QTest::keyClicks(&caja, "1.2.3");
         QTest::keyClick(&caja, Qt::Key_Return);
+        QCOMPARE(caja.text(), "2000.7"); // lo que no es un número no se queda a la vista
         QVERIFY(caja.valor() == Moneda::de_texto("2000.7"));
         QCOMPARE(cambios, 1);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void la_caja_del_periodo_avisa_solo_lo_que_cambia_el_usuario() {

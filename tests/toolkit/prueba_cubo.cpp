@@ -1,11 +1,11 @@
 // Cubo: sumas, totales, plegado, niveles, porcentajes, disposiciones guardadas y el libro.
+#include "apoyo/archivos.h"
 #include "apoyo/azar_de_prueba.h"
 #include "apoyo/herramienta.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/pivote/tabla_cubo.h"
 
 #include <QAbstractItemModelTester>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -68,22 +68,22 @@ private slots:
         ModeloCubo m;
         QAbstractItemModelTester tester(&m);
         m.disponga(c, por_centro());
-        QCOMPARE(vista(m), QString("Cuenta|A/01 Norte|A/02 Sur|Total A|B/01 Oriente|Total B|Total\n"
-                                   "41 Ventas|100.00|50.00|150.00|30.00|30.00|180.00\n"
-                                   "51 Gastos|-40.00||-40.00|-20.00|-20.00|-60.00\n"
-                                   "Total|60.00|50.00|110.00|10.00|10.00|120.00"));
+        QCOMPARE(vista(m), "Cuenta|A/01 Norte|A/02 Sur|Total A|B/01 Oriente|Total B|Total\n41 "
+                           "Ventas|100.00|50.00|150.00|30.00|30.00|180.00\n51 "
+                           "Gastos|-40.00||-40.00|-20.00|-20.00|-60.00\nTotal|60.00|50.00|110.00|"
+                           "10.00|10.00|120.00");
         DisposicionCubo d = por_centro();
         d.total_filas = d.total_columnas = false;
         d.columnas = {"CENTRO"}; // el 01 tiene dos nombres: se queda con el código
         m.disponga(c, d);
-        QCOMPARE(vista(m), QString("Cuenta|01|02 Sur\n41 Ventas|130.00|50.00\n51 Gastos|-60.00|"));
+        QCOMPARE(vista(m), "Cuenta|01|02 Sur\n41 Ventas|130.00|50.00\n51 Gastos|-60.00|");
         d.filas.clear();
         d.columnas.clear();
         m.disponga(c, d);
-        QCOMPARE(vista(m), QString("|Total\nTotal|120.00"));
+        QCOMPARE(vista(m), "|Total\nTotal|120.00");
         d.solo["NIVEL"] = {"7"}; // nada pasa
         m.disponga(c, d);
-        QCOMPARE(vista(m), QString("|Total\nTotal|"));
+        QCOMPARE(vista(m), "|Total\nTotal|");
     }
 
     void pliega_despliega_y_baja_por_niveles() {
@@ -96,11 +96,11 @@ private slots:
         d.valores = {{"SALDO"}, {"MOV"}};
         d.nivel_filas = 1;
         m.disponga(c, d);
-        QCOMPARE(vista(m), QString("Centro / Subcentro / Cuenta|Total/Saldo|Total/Movimiento\n"
-                                   "▸ A|110.00|11.00\n▸ B|10.00|1.00\nTotal|120.00|12.00"));
+        QCOMPARE(vista(m), "Centro / Subcentro / Cuenta|Total/Saldo|Total/Movimiento\n▸ "
+                           "A|110.00|11.00\n▸ B|10.00|1.00\nTotal|120.00|12.00");
         QVERIFY(m.alterne(0));
         QCOMPARE(m.rowCount(), 5);
-        QCOMPARE(m.index(1, 0).data().toString(), QString("    ▸ 01 Norte"));
+        QCOMPARE(m.index(1, 0).data().toString(), "    ▸ 01 Norte");
         QVERIFY(m.alterne(1));
         QCOMPARE(m.rowCount(), 7);
         QVERIFY(!m.alterne(2)); // una cuenta ya no tiene qué
@@ -118,7 +118,7 @@ private slots:
         // Las columnas también se pliegan, por su subtotal.
         m.disponga(c, por_centro());
         QVERIFY(m.alterne_columna(3));
-        QCOMPARE(m.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), QString("Total A"));
+        QCOMPARE(m.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), "Total A");
         QVERIFY(!m.alterne_columna(2));
         m.nivel_columnas(1);
         QCOMPARE(m.columnCount(), 4); // A, B y el total
@@ -133,17 +133,16 @@ private slots:
         d.columnas = {"PROY"};
         d.valores = {{"SALDO", MuestraCubo::PorFila}};
         m.disponga(c, d);
-        QCOMPARE(vista(m), QString("Cuenta|A/Saldo % fila|B/Saldo % fila|Total/Saldo % fila\n"
-                                   "41 Ventas|83.33 %|16.67 %|100.00 %\n"
-                                   "51 Gastos|66.67 %|33.33 %|100.00 %\n"
-                                   "Total|91.67 %|8.33 %|100.00 %"));
+        QCOMPARE(vista(m),
+                 "Cuenta|A/Saldo % fila|B/Saldo % fila|Total/Saldo % fila\n41 Ventas|83.33 %|16.67 "
+                 "%|100.00 %\n51 Gastos|66.67 %|33.33 %|100.00 %\nTotal|91.67 %|8.33 %|100.00 %");
         d.valores = {{"SALDO", MuestraCubo::PorColumna}};
         m.disponga(c, d);
-        QCOMPARE(m.index(0, 1).data().toString(), QString("136.36 %"));
-        QCOMPARE(m.index(2, 1).data().toString(), QString("100.00 %"));
+        QCOMPARE(m.index(0, 1).data().toString(), "136.36 %");
+        QCOMPARE(m.index(2, 1).data().toString(), "100.00 %");
         d.valores = {{"SALDO", MuestraCubo::PorTotal}};
         m.disponga(c, d);
-        QCOMPARE(m.index(0, 2).data().toString(), QString("25.00 %"));
+        QCOMPARE(m.index(0, 2).data().toString(), "25.00 %");
         // Lo que no cabe en un importe tampoco se muestra.
         Cubo enorme(kCampos);
         enorme.agregue({"1", "", "A", "", "", ""}, {Moneda::de_texto("90000000000000"), {}});
@@ -152,7 +151,7 @@ private slots:
         d.valores = {{"SALDO", MuestraCubo::PorFila}};
         m.disponga(enorme, d);
         QCOMPARE(m.index(0, 1).data().toString(), QString());
-        QCOMPARE(m.index(0, 3).data().toString(), QString("100.00 %"));
+        QCOMPARE(m.index(0, 3).data().toString(), "100.00 %");
         // De un total de cero no hay porcentaje.
         Cubo cero(kCampos);
         cero.agregue({"1", "", "A", "", "", ""}, {Moneda(5), {}});
@@ -225,9 +224,7 @@ private slots:
         const QString ruta = carpeta.filePath("mia.mds");
         grabe_archivo_disposicion(d, ruta);
         QCOMPARE(lea_archivo_disposicion(ruta, campos), d);
-        QFile archivo(ruta);
-        QVERIFY(archivo.open(QIODevice::ReadOnly));
-        QVERIFY(archivo.readAll().contains("columnas = PROY, CENTRO\n"));
+        QVERIFY(contenido_de(ruta).contains("columnas = PROY, CENTRO\n"));
         const std::pair<const char*, const char*> malas[] = {
             {"filas = CUENTA\ncolumnas PROY", "mala.mds, renglón 2: falta el signo =."},
             {"filas = OTRO", "mala.mds, renglón 1: no hay un campo OTRO."},
@@ -237,12 +234,10 @@ private slots:
              "mala.mds, renglón 2: \"MOV = % todo\" no se entiende."},
             {"filas = CUENTA", "mala.mds, renglón 1: no dice qué valores muestra."}};
         for (const auto& [texto, queja] : malas)
-            try {
-                lea_disposicion(QString(texto), "mala.mds", campos);
-                QFAIL(texto);
-            } catch (const ErrorDatos& e) {
-                QCOMPARE(e.texto(), QString(queja));
-            }
+            QCOMPARE(falla_de([&, texto = QString(texto)] {
+                         lea_disposicion(texto, "mala.mds", campos);
+                     }),
+                     queja);
     }
 
     void una_cifra_no_va_de_fila_ni_un_texto_de_valor() {
@@ -250,24 +245,21 @@ private slots:
         ModeloCubo m;
         m.disponga(c, por_centro());
         const QString antes = vista(m);
-        DisposicionCubo d = por_centro();
-        d.filas = {"SALDO"};
-        QVERIFY_EXCEPTION_THROWN(m.disponga(c, d), ErrorDatos);
-        d = por_centro();
-        d.valores = {{"PROY"}};
-        QVERIFY_EXCEPTION_THROWN(m.disponga(c, d), ErrorDatos);
-        d = por_centro();
-        d.filtros = {"CUENTA"}; // ya está en las filas
-        QVERIFY_EXCEPTION_THROWN(m.disponga(c, d), ErrorDatos);
-        d = por_centro();
-        d.solo["SALDO"] = {"3"};
-        QVERIFY_EXCEPTION_THROWN(m.disponga(c, d), ErrorDatos);
+        const std::function<void(DisposicionCubo&)> malas[] = {
+            [](auto& d) { d.filas = {"SALDO"}; }, [](auto& d) { d.valores = {{"PROY"}}; },
+            [](auto& d) { d.filtros = {"CUENTA"}; }, // ya está en las filas
+            [](auto& d) { d.solo["SALDO"] = {"3"}; }};
+        for (const auto& dane : malas) {
+            DisposicionCubo d = por_centro();
+            dane(d);
+            QVERIFY_EXCEPTION_THROWN(m.disponga(c, d), ErrorDatos);
+        }
         QCOMPARE(vista(m), antes);
         // Un cruce inmanejable se rehúsa antes de pedir la memoria.
         Cubo grande(kCampos);
         for (int i = 0; i < 6000; ++i)
             grande.agregue({QString::number(i), "", QString::number(i), "", "", ""}, {{}, {}});
-        d = {};
+        DisposicionCubo d;
         d.filas = {"CUENTA"};
         d.columnas = {"PROY"};
         d.valores = {{"SALDO"}};

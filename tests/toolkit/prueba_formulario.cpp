@@ -2,20 +2,17 @@
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
-#include "toolkit/controles/casilladato.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/listabusqueda.h"
 
-#include <QButtonGroup>
-#include <QGroupBox>
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMdiArea>
-#include <QRadioButton>
 
 namespace {
 
@@ -83,28 +80,6 @@ private slots:
         f.rotule(codigo, "Cuenta");
         QCOMPARE(r->text(), "Cuenta:");
         QCOMPARE(codigo->accessibleName(), "Cuenta");
-    }
-
-    void tab_recorre_los_controles_como_se_leen_aunque_se_creen_en_otro_orden() {
-        Pantalla ventana("TfEjemplo");
-        auto* tercero = new QLineEdit;
-        auto* boton = new QPushButton("…");
-        auto* primero = new QLineEdit;
-        auto* segundo = new QLineEdit;
-        auto* barra = new BarraBotones(&ventana);
-        auto* salir = barra->boton("SBSalir", "Esc:Salir", "", Qt::Key_Escape, [] {});
-        Formulario(&ventana)
-            .fila("Primero", Formulario::junto({primero, boton}))
-            .grupo("Grupo")
-            .fila({{"Segundo", segundo}, {"Tercero", tercero}})
-            .botones(barra);
-        const QVector<QWidget*> esperado{primero, boton, segundo, tercero, salir};
-        QVector<QWidget*> recorrido;
-        for (QWidget* w = primero; !recorrido.contains(w); w = w->nextInFocusChain())
-            recorrido << w;
-        erase_if(recorrido,
-                 [](QWidget* w) { return !(w->focusPolicy() & Qt::TabFocus) || w->focusProxy(); });
-        QCOMPARE(recorrido, esperado);
     }
 
     void con_letra_doble_todo_crece_y_nada_se_corta() {
@@ -180,61 +155,6 @@ private slots:
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QVERIFY(cajas.last()->hasFocus());
         QVERIFY(!cajas.last()->visibleRegion().isEmpty());
-    }
-
-    void texto_sql_de_la_busqueda_data() {
-        QTest::addColumn<QString>("texto");
-        QTest::addColumn<bool>("desorden");
-        QTest::addColumn<bool>("inactivos");
-        QTest::addColumn<QString>("sql");
-        QTest::newRow("sin texto") << "" << false << false
-                                   << "select * from cuentas  where cuen_activa = 'S' order by "
-                                      "cuen_nom";
-        QTest::newRow("sin texto y todas")
-            << "" << true << true << "select * from cuentas order by cuen_nom";
-        QTest::newRow("desde el texto")
-            << "caja" << false << false
-            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI >= 'caja' and "
-               "cuen_activa = 'S' order by cuen_nom";
-        QTest::newRow("en cualquier posición, todas")
-            << "caja" << true << true
-            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI like '%caja%' escape "
-               "'\\' order by cuen_nom";
-        QTest::newRow("la comilla se dobla")
-            << "d'a" << false << true
-            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI >= 'd''a' order by "
-               "cuen_nom";
-        QTest::newRow("los comodines se buscan a sí mismos")
-            << "5% \\_'" << true << true
-            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI like "
-               "'%5\\% \\\\\\_''%' escape '\\' order by cuen_nom";
-        QTest::newRow("la palabra where es un texto como otro")
-            << "where" << true << false
-            << "select * from cuentas  where cuen_nom collate ES_ES_CI_AI like '%where%' escape "
-               "'\\' and cuen_activa = 'S' order by cuen_nom";
-    }
-    void texto_sql_de_la_busqueda() {
-        QFETCH(QString, texto);
-        QFETCH(bool, desorden);
-        QFETCH(bool, inactivos);
-        CriterioBusqueda c{
-            "select * from cuentas ", "cuen_nom", texto, desorden, "cuen_activa", inactivos};
-        QTEST(sql_busqueda(c), "sql");
-    }
-
-    void texto_sql_sobre_una_base_con_condicion() {
-        CriterioBusqueda c;
-        c.base = "select * from PUC where TIPU_COD = 1 ";
-        c.conector = " and ";
-        c.columna = "puc_cod";
-        c.texto = "11";
-        QCOMPARE(sql_busqueda(c),
-                 "select * from PUC where TIPU_COD = 1  and puc_cod collate ES_ES_CI_AI >= '11' "
-                 "order by puc_cod");
-        c.desorden = true;
-        QCOMPARE(sql_busqueda(c),
-                 "select * from PUC where TIPU_COD = 1  and puc_cod collate ES_ES_CI_AI like "
-                 "'%11%' escape '\\' order by puc_cod");
     }
 
     void la_fila_de_busqueda_arma_su_criterio_y_enter_busca_antes_de_escoger() {

@@ -1,4 +1,5 @@
 // Motor de informes: plantillas, grupos, hojas, salidas, opciones y fallas.
+#include "apoyo/archivos.h"
 #include "apoyo/herramienta.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/exportacion/archivo_salida.h"
@@ -77,33 +78,461 @@ struct Venta {
 class PruebaInformes : public QObject {
     Q_OBJECT
 private slots:
-    void init();
-    void los_grupos_suman_y_se_anuncian();
-    void un_detalle_lleva_la_suma_de_su_grupo_con_su_fila();
-    void una_hoja_nueva_repite_lo_que_debe();
-    void el_cliente_cambia_textos_y_grupos();
-    void una_plantilla_con_error_dice_archivo_y_linea_data();
-    void una_plantilla_con_error_dice_archivo_y_linea();
-    void los_textos_largos_se_acortan_y_los_numeros_no();
-    void cada_formato_lleva_lo_mismo();
-    void las_opciones_deciden_el_destino_y_las_paginas();
-    void la_vista_preliminar_busca_y_pasa_paginas();
-    void una_falla_no_deja_un_archivo_a_medias();
-    void un_lote_numera_cada_documento();
-    void una_variable_sin_valor_se_imprime_vacia();
-    void un_texto_del_cliente_reemplaza_tambien_un_dato();
-    void una_banda_mas_alta_que_la_hoja_se_reparte();
-    void lo_que_cierra_el_informe_nunca_queda_solo_en_una_hoja();
-    void el_html_lleva_entero_el_texto_que_sigue_en_otro_renglon();
-    void lo_impreso_sin_verlo_no_cambia_lo_que_se_propone_despues();
+    void init() { fije_impresora({}); }
+
+    void los_grupos_suman_y_se_anuncian() {
+        const auto hojas = componga({{"Norte", "Sincelejo", "Ana", 1000},
+                                     {"Norte", "Sincelejo", "Beto", -250},
+                                     {"Norte", "Montería", "Ciro", 30},
+                                     // La misma ciudad en otra zona es otro grupo.
+                                     {"Sur", "Montería", "Dora", 7}});
+        QCOMPARE(hojas.size(), 1);
+        QCOMPARE(hojas[0],
+                 QStringList({"Ventas por zona|Página 1 de 1", "Del 1 al 31", "Zona Norte",
+                              "Ciudad Sincelejo", "Ana|1,000.00", "Beto|-250.00",
+                              "Total Sincelejo|750.00|2", "Ciudad Montería", "Ciro|30.00",
+                              "Total Montería|30.00|1", "Total zona Norte|750.00", "Zona Sur",
+                              "Ciudad Montería", "Dora|7.00", "Total Montería|7.00|1",
+                              "Total zona Sur|0.00", "Gran total|787.00"}));
+        QCOMPARE(componga({})[0],
+                 QStringList({"Ventas por zona|Página 1 de 1", "Del 1 al 31", "Gran total|0.00"}));
+    }
+
+    void un_detalle_lleva_la_suma_de_su_grupo_con_su_fila() {
+        // El saldo va en una banda sin alto, sobre el renglón: se deja por fuera sin mover lo
+        // demás.
+        const QString plantilla =
+            QString(kPlantilla)
+                .replace("Ciudad {CIUDAD}", "Ciudad {CIUDAD|(ninguna)}")
+                .replace("    <banda tipo=\"total\" nombre=\"totciudad\"", R"xml(
+    <banda tipo="detalle" nombre="saldo" nivel="2" alto="0">
+      <dato x="100" y="-5" ancho="30" de="suma(VALOR)" formato="importe"/>
+      <dato x="140" y="-5" ancho="10" de="cuenta()" formato="entero"/>
+    </banda>
+    <banda tipo="total" nombre="totciudad")xml");
+        const QVector<Venta> ventas{{"Norte", "", "Ana", 1000},
+                                    {"Norte", "", "Beto", -250},
+                                    {"Norte", "Montería", "Ciro", 30}};
+        const QStringList hoja = componga(ventas, plantilla)[0];
+        for (const char* renglon :
+             {"Ciudad (ninguna)", "Ana|1,000.00|1,000.00|1", "Beto|-250.00|750.00|2",
+              "Ciudad Montería", "Ciro|30.00|30.00|1", "Total |750.00|2"})
+            QVERIFY2(hoja.contains(QString(renglon)), qPrintable(hoja.join('\n')));
+    }
+
+    void una_hoja_nueva_repite_lo_que_debe() {
+        QVector<Venta> muchas;
+        for (int i = 0; i < 120; ++i)
+            muchas << Venta{"Norte", "Sincelejo", QString("Cliente %1").arg(i), 1};
+        const auto hojas = componga(muchas);
+        QCOMPARE(hojas.size(), 3);
+        int clientes = 0;
+        for (int p = 0; p < hojas.size(); ++p) {
+            QCOMPARE(hojas[p][0], QString("Ventas por zona|Página %1 de 3").arg(p + 1));
+            QCOMPARE(hojas[p][2], p == 0 ? "Zona Norte" : "Zona Norte (continuación)");
+            QCOMPARE(hojas[p].contains("Ciudad Sincelejo"), p == 0);
+            clientes += int(hojas[p].filter("Cliente").size());
+        }
+        QCOMPARE(clientes, 120);
+        QCOMPARE(hojas[2].last(), "Gran total|120.00");
+
+        // Un grupo no se anuncia al pie de una hoja: pasa con su primer renglón.
+        muchas.resize(44);
+        muchas << Venta{"Sur", "Pasto", "Zoe", 5};
+        for (const QStringList& hoja : componga(muchas))
+            QVERIFY2(!hoja.last().startsWith("Zona Sur") && !hoja.last().startsWith("Ciudad"),
+                     qPrintable(hoja.last()));
+    }
+
+    void el_cliente_cambia_textos_y_grupos() {
+        ConjuntoDatos c(nullptr, "CVentas");
+        llene(c, {{"Norte", "Sincelejo", "Ana", 1}, {"Norte", "Montería", "Beto", 2}});
+        MotorInformes motor;
+        prepare(motor, c);
+        motor.fijar_texto("ventas.page1", "text1", "Ventas NIIF");
+        for (const char* banda : {"ciudad", "totciudad"})
+            motor.fijar_grupo("Ventas.Page1", banda, {});
+        motor.fijar_grupo("Ventas.Page1", "zona", "nombre");
+        motor.fijar_grupo("Ventas.Page1", "totzona", "nombre");
+        const QString texto = escrito(motor, FormatoArchivo::Texto);
+        QVERIFY2(texto.contains("Ventas NIIF") && !texto.contains("Ciudad") &&
+                     texto.count("Zona Norte") == 2,
+                 qPrintable(texto));
+        QVERIFY_EXCEPTION_THROWN(motor.fijar_texto("ventas.page1", "nadie", "x"), ErrorInforme);
+        QVERIFY_EXCEPTION_THROWN(motor.fijar_texto("otra.page1", "Text1", "x"), ErrorInforme);
+        QVERIFY_EXCEPTION_THROWN(motor.fijar_grupo("ventas.page1", "nadie", "x"), ErrorInforme);
+    }
+
+    void una_plantilla_con_error_dice_archivo_y_linea() {
+        const struct {
+            const char *quita, *pone;
+            int linea;
+            const char* queja;
+        } casos[] = {
+            {"<linea x=\"0\" y=\"1\"/>", "<lineas/>", 31,
+             "el elemento \"lineas\" no se conoce aquí"},
+            {"alto=\"12\"", "altura=\"12\"", 6, "el atributo \"altura\" no se conoce"},
+            {"<texto x=\"0\" y=\"1\" ancho=\"90\" estilo=\"fuerte\">",
+             "<texto x=\"0\" y=\"1\" ancho=\"90\" estilo=\"grueso\">", 12,
+             "el estilo \"grueso\" no está definido"},
+            {"alto=\"12\"", "alto=\"doce\"", 6, "\"alto\" no es una medida: doce"},
+            {"{NOMBRE}", "{NOMBRES}", 18, "la conexión RVentas no tiene la columna \"NOMBRES\""},
+            {"de=\"cuenta()\"", "de=\"cuenta(\"", 24, "la fórmula \"cuenta(\" no se entiende"},
+            {"ancho=\"150\"", "ancho=\"250\"", 9, "el item se sale de la hoja"},
+        };
+        for (const auto& c : casos) {
+            QString plantilla = kPlantilla;
+            QVERIFY2(plantilla.contains(c.quita), c.quita);
+            plantilla.replace(c.quita, c.pone);
+            QCOMPARE(falla_de([&] { componga({}, plantilla); }),
+                     QString("La plantilla de informes \"ventas.rav\", línea %1: %2.")
+                         .arg(c.linea)
+                         .arg(c.queja));
+        }
+    }
+
+    void los_textos_largos_se_acortan_y_los_numeros_no() {
+        const auto hojas = componga(
+            {{"N", "C", QString(120, 'M'), 900'000'000}},
+            QString(kPlantilla).replace("ancho=\"30\" de=\"VALOR\"", "ancho=\"3\" de=\"VALOR\""));
+        const QString fila = hojas[0].filter("MMM").value(0);
+        QVERIFY2(fila.startsWith("MMMM") && fila.contains(u'…') && fila.size() < 60,
+                 qPrintable(fila));
+        QVERIFY2(fila.endsWith("|900,000,000.00"), qPrintable(fila));
+    }
+
+    void cada_formato_lleva_lo_mismo() {
+        ConjuntoDatos c(nullptr, "CVentas");
+        QVector<Venta> ventas;
+        for (int i = 0; i < 100; ++i)
+            ventas << Venta{"Norte <1>", "Nariño {a}", QString("Peña \\ Güiza %1").arg(i),
+                            i * 1000};
+        llene(c, ventas);
+        for (int formato = 0; formato < 4; ++formato) {
+            MotorInformes motor;
+            prepare(motor, c);
+            const QString texto = escrito(motor, FormatoArchivo(formato));
+            if (formato == int(FormatoArchivo::Rtf)) {
+                QVERIFY(texto.contains("Pe\\u241?a \\\\ G\\u252?iza 99"));
+                QVERIFY(texto.contains("Nari\\u241?o \\{a\\}"));
+                QCOMPARE(texto.count("\\page\n"), 2);
+            } else if (formato == int(FormatoArchivo::Html)) {
+                QVERIFY(texto.contains("Zona Norte &lt;1&gt;"));
+                QCOMPARE(texto.count("class=\"hoja\""), 3);
+            } else {
+                QVERIFY(texto.contains("Peña \\ Güiza 99"));
+                QVERIFY(texto.contains("Zona Norte <1> (continuación)"));
+                QCOMPARE(texto.count('\f'), formato == int(FormatoArchivo::Pdf) ? 3 : 2);
+            }
+            QVERIFY2(texto.contains("4,950,000.00"), qPrintable(texto)); // el gran total
+            QVERIFY(texto.contains("gina 3 de 3"));
+        }
+    }
+
+    void las_opciones_deciden_el_destino_y_las_paginas() {
+        ConjuntoDatos c(nullptr, "CVentas");
+        QVector<Venta> ventas(120, {"Norte", "Sincelejo", "Ana", 1});
+        llene(c, ventas);
+        const QString ruta = carpeta_.filePath("impreso.pdf");
+        fije_impresora("Oficina", ruta); // lo que se "imprime" queda en el archivo
+        MotorInformes motor;
+        prepare(motor, c);
+        {
+            Interlocutor i;
+            i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+                QCOMPARE(w->windowTitle(), "Opciones de impresión");
+                QVERIFY(!w->findChild<QRadioButton*>("seleccion")->isEnabled());
+                QStringList textos;
+                for (const auto* b : w->findChildren<QAbstractButton*>())
+                    textos << b->text();
+                for (const auto* g : w->findChildren<QGroupBox*>())
+                    textos << g->title();
+                for (const auto* r : w->findChildren<QLabel*>())
+                    textos << r->text();
+                for (const char* t :
+                     {"Configurar", "&Copias", "in&tercalar", "&Duplex", "Destino del reporte ",
+                      "&Impresora", "&Vista preliminar", "&Archivo", "Formato:", "All", "Pages",
+                      "From", "to", "Selection", "OK", "Cancelar"})
+                    QVERIFY2(textos.contains(t), t);
+                w->findChild<QRadioButton*>("a_impresora")->click();
+                w->findChild<QRadioButton*>("paginas")->click();
+                w->findChild<QSpinBox*>("desde")->setValue(2);
+                w->findChild<QSpinBox*>("hasta")->setValue(9);
+                w->findChild<QPushButton*>("ok")->click();
+            });
+            QVERIFY(motor.ejecutar());
+        }
+        const QString texto = texto_de_pdf(ruta);
+        QVERIFY2(texto.contains("Página 2 de 3") && texto.contains("Página 3 de 3") &&
+                     !texto.contains("Página 1 de 3"),
+                 qPrintable(texto));
+        {
+            Interlocutor i;
+            i.espere_modal("OpcionesImpresion",
+                           [](QWidget* w) { w->findChild<QPushButton*>("cancelar")->click(); });
+            QVERIFY(!motor.ejecutar());
+        }
+        // Una página que no existe se dice, y no sale nada.
+        {
+            Interlocutor i;
+            i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+                w->findChild<QRadioButton*>("paginas")->click();
+                w->findChild<QSpinBox*>("hasta")->setValue(9);
+                w->findChild<QSpinBox*>("desde")->setValue(8);
+                w->findChild<QPushButton*>("ok")->click();
+            });
+            QVERIFY_EXCEPTION_THROWN(motor.ejecutar(), ErrorInforme);
+        }
+    }
+
+    void la_vista_preliminar_busca_y_pasa_paginas() {
+        ConjuntoDatos c(nullptr, "CVentas");
+        QVector<Venta> ventas(120, {"Norte", "Sincelejo", "Ana", 1});
+        ventas[100].nombre = "Aguja";
+        llene(c, ventas);
+        MotorInformes motor;
+        prepare(motor, c);
+        const QString ruta = carpeta_.filePath("vista.pdf");
+        Interlocutor i;
+        i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+            w->findChild<QRadioButton*>("a_vista")->click();
+            w->findChild<QSpinBox*>("copias")->setValue(3);
+            w->findChild<QCheckBox*>("intercalar")->setChecked(false);
+            w->findChild<QRadioButton*>("paginas")->click();
+            w->findChild<QSpinBox*>("desde")->setValue(2);
+            w->findChild<QSpinBox*>("hasta")->setValue(3);
+            QTest::keyClick(w, Qt::Key_Return); // OK es el botón por omisión
+        });
+        i.espere_modal("VistaPreliminar", [&](QWidget* w) {
+            auto* hojas = w->findChild<VistaHojas*>();
+            auto* pagina = w->findChild<QSpinBox*>("pagina");
+            QCOMPARE(w->windowTitle(), "Vista preliminar");
+            QVERIFY(w->isMaximized());
+            QCOMPARE(hojas->tamano(), 100);
+            QCOMPARE(pagina->suffix(), " de 3");
+            QTest::keyClick(hojas, Qt::Key_End);
+            QCOMPARE(pagina->value(), 3);
+            QTest::keyClick(hojas, Qt::Key_Home);
+            QCOMPARE(pagina->value(), 1);
+            auto* buscado = w->findChild<QLineEdit*>("buscado");
+            QTest::keyClicks(buscado, "AGUJA");
+            QTest::keyClick(buscado, Qt::Key_Return);
+            QCOMPARE(pagina->value(), 3);
+            buscado->setText("nunca");
+            QTest::keyClick(buscado, Qt::Key_Return);
+            QCOMPARE(w->findChild<QLabel*>("estado")->text(), "\"nunca\" no está en el informe.");
+            hojas->tamano(400);
+            QCOMPARE(hojas->pagina(), 2);
+            w->grab(); // dibuja sin fallar a otro tamaño
+            // Los atajos solo viven en la ventana activa.
+            w->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(w));
+            QTest::keyClick(w, Qt::Key_P, Qt::ControlModifier);
+            w->close();
+        });
+        // Imprimir desde la vista propone lo que se escogió al pedirla.
+        i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+            QVERIFY(w->findChild<QRadioButton*>("a_impresora")->isChecked());
+            QCOMPARE(w->findChild<QSpinBox*>("copias")->value(), 3);
+            QVERIFY(!w->findChild<QCheckBox*>("intercalar")->isChecked());
+            QVERIFY(w->findChild<QRadioButton*>("paginas")->isChecked());
+            QCOMPARE(w->findChild<QSpinBox*>("desde")->value(), 2);
+            QCOMPARE(w->findChild<QSpinBox*>("hasta")->value(), 3);
+            w->findChild<QPushButton*>("cancelar")->click();
+        });
+        QVERIFY(motor.ejecutar());
+    }
+
+    void una_falla_no_deja_un_archivo_a_medias() {
+        ConjuntoDatos c(nullptr, "CVentas");
+        llene(c, QVector<Venta>(3000, {"Norte", "Sincelejo", "Cliente", 1}));
+        MotorInformes motor;
+        prepare(motor, c);
+        // Una carpeta que no existe, un disco lleno y una impresora que no recibe.
+        QTemporaryDir destino;
+        for (int formato : {int(FormatoArchivo::Pdf), int(FormatoArchivo::Html)}) {
+            const QString ruta = destino.filePath("lleno." + extension_de(FormatoArchivo(formato)));
+            struct rlimit antes;
+            getrlimit(RLIMIT_FSIZE, &antes);
+            const auto anterior = std::signal(SIGXFSZ, SIG_IGN);
+            // Las hojas compuestas caben; el archivo final no.
+            Proyecto proyecto = lea_proyecto(motor.ProjectFile);
+            bool fallo = false;
+            Hojas hojas;
+            DatosConjunto datos(c);
+            Variables variables;
+            variables.textos["Titulo"] = "x";
+            Compositor(proyecto, *proyecto.reporte("Ventas"), variables, datos, hojas).componga();
+            const struct rlimit poco = {20000, antes.rlim_max};
+            setrlimit(RLIMIT_FSIZE, &poco);
+            try {
+                grabe(hojas, FormatoArchivo(formato), ruta, todas(hojas), "x");
+            } catch (const ErrorDatos&) {
+                fallo = texto_de_excepcion().contains(ruta);
+            }
+            setrlimit(RLIMIT_FSIZE, &antes);
+            std::signal(SIGXFSZ, anterior);
+            QVERIFY(fallo);
+            QCOMPARE(QDir(destino.path()).entryList(QDir::Files).size(), 0);
+        }
+        fije_impresora("Oficina", "/no/hay/carpeta/impreso.pdf");
+        Interlocutor i;
+        i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+            w->findChild<QRadioButton*>("a_impresora")->click();
+            w->findChild<QPushButton*>("ok")->click();
+        });
+        QVERIFY_EXCEPTION_THROWN(motor.ejecutar(), ErrorInforme);
+    }
+
+    void un_lote_numera_cada_documento() {
+        ConjuntoDatos c(nullptr, "CVentas");
+        llene(c, QVector<Venta>(60, {"Norte", "Sincelejo", "Ana", 1}));
+        MotorInformes motor;
+        prepare(motor, c);
+        const QString ruta = carpeta_.filePath("lote.txt");
+        Interlocutor i;
+        conteste_archivo(i, ruta, int(FormatoArchivo::Texto)); // una sola vez
+        motor.comience_lote();
+        QVERIFY(motor.ejecutar());
+        QVERIFY(motor.ejecutar());
+        QVERIFY(motor.termine_lote());
+        const QString texto = QString::fromUtf8(contenido_de(ruta));
+        QCOMPARE(texto.count("Página 1 de 2"), 2);
+        QCOMPARE(texto.count("Página 2 de 2"), 2);
+    }
+
+    void una_variable_sin_valor_se_imprime_vacia() {
+        const QString plantilla = QString(kPlantilla).replace("{@Titulo}", "Entre {@Nadie}[]");
+        QCOMPARE(componga({}, plantilla)[0].value(1), "Entre []");
+    }
+
+    void un_texto_del_cliente_reemplaza_tambien_un_dato() {
+        ConjuntoDatos c(nullptr, "CVentas");
+        llene(c, {{"Norte", "Sincelejo", "Ana", 1234}});
+        MotorInformes motor;
+        prepare(motor, c,
+                QString(kPlantilla)
+                    .replace("<dato x=\"60\" y=\"1\"", "<dato nombre=\"Cifra\" x=\"60\" y=\"1\""));
+        motor.fijar_texto("Ventas.Page1", "Cifra", "(reservada)");
+        const QString total =
+            escrito(motor, FormatoArchivo::Texto).section("Gran total", 1).simplified();
+        QCOMPARE(total, "(reservada)");
+    }
+
+    void una_banda_mas_alta_que_la_hoja_se_reparte() {
+        // Palabras de tres letras en una columna angosta: más de cien renglones, y una hoja no da.
+        QStringList palabras;
+        for (int n = 0; n < 50; ++n)
+            palabras << QString("m%1").arg(n, 2, 10, QChar('0'));
+        const QString plantilla =
+            QString(kPlantilla)
+                .replace("<texto x=\"10\" y=\"0\" ancho=\"30\">",
+                         "<texto x=\"10\" y=\"0\" ancho=\"6\" estilo=\"enorme\" parte=\"si\">")
+                .replace("  <reporte",
+                         "  <estilo nombre=\"enorme\" base=\"normal\" cuerpo=\"20\"/>\n  <reporte");
+        ConjuntoDatos c(nullptr, "CVentas");
+        llene(c, {{"Norte", "Sincelejo", "Ana", 1},
+                  {"Norte", "Sincelejo", palabras.join(' '), 2},
+                  {"Norte", "Sincelejo", "Zoe", 3}});
+        Proyecto proyecto = lea_proyecto(escriba(plantilla));
+        Variables variables;
+        Hojas hojas;
+        DatosConjunto datos(c);
+        Compositor(proyecto, *proyecto.reporte("Ventas"), variables, datos, hojas).componga();
+        QString todo;
+        for (int p = 0; p < hojas.paginas(); ++p)
+            for (const Trazo& t : hojas.lea(p)) {
+                QVERIFY2(t.lugar.bottom() <= hojas.papel(p).alto - 9,
+                         qPrintable(QString("hoja %1: %2").arg(p).arg(t.lugar.bottom())));
+                // Entre una hoja y otra van los encabezados: aquí solo lo que se repartió.
+                if (t.clase == Trazo::Texto && hojas.estilo_de(t.recurso).cuerpo == 20)
+                    todo += t.texto;
+            }
+        for (const QString& palabra : palabras)
+            QVERIFY2(todo.contains(palabra), qPrintable(palabra));
+        QVERIFY(todo.contains("Zoe"));
+    }
+
+    void lo_que_cierra_el_informe_nunca_queda_solo_en_una_hoja() {
+        const QString plantilla =
+            QString(kPlantilla)
+                .replace("<banda tipo=\"final\" alto=\"6\">", "<banda tipo=\"final\" alto=\"40\">");
+        int hojas_de_mas = 0;
+        for (int filas = 1; filas < 60; ++filas) {
+            QVector<Venta> ventas;
+            for (int i = 0; i < filas; ++i)
+                ventas << Venta{"Norte", "Sincelejo", QString("Cliente %1").arg(i), 1};
+            const auto hojas = componga(ventas, plantilla);
+            QVERIFY2(!hojas.last().filter("Cliente").isEmpty(),
+                     qPrintable(QString::number(filas) + '\n' + hojas.last().join('\n')));
+            hojas_de_mas += int(hojas.size() > 1);
+            // Nada se pierde ni se repite al pasar renglones de una hoja a otra.
+            QStringList clientes;
+            for (const QStringList& h : hojas)
+                clientes += h.filter("Cliente");
+            QCOMPARE(clientes.size(), filas);
+            clientes.removeDuplicates();
+            QCOMPARE(clientes.size(), filas);
+        }
+        QVERIFY(hojas_de_mas > 10);
+    }
+
+    void el_html_lleva_entero_el_texto_que_sigue_en_otro_renglon() {
+        const QString largo =
+            QString("Servicio de mantenimiento preventivo y correctivo ").repeated(3);
+        ConjuntoDatos c(nullptr, "CVentas");
+        llene(c, {{"Norte", "Sincelejo", largo.trimmed(), 1}});
+        MotorInformes motor;
+        prepare(motor, c,
+                QString(kPlantilla)
+                    .replace("<texto x=\"10\" y=\"0\" ancho=\"30\">",
+                             "<texto x=\"10\" y=\"0\" ancho=\"30\" parte=\"si\">"));
+        const QString html = escrito(motor, FormatoArchivo::Html);
+        // Cada celda es de un renglón: lo que lleva debe caber en ella.
+        const QRegularExpression celda("<td width=\"([\\d.]+)%\"[^>]*><span "
+                                       "style=\"[^\"]*font-size:([\\d.]+)pt[^\"]*\">([^<]*)<");
+        QStringList escrito;
+        for (auto m = celda.globalMatch(html); m.hasNext();) {
+            const auto r = m.next();
+            QFont letra("Liberation Sans");
+            letra.setPixelSize(qRound(r.captured(2).toDouble() * 100)); // centésimas de punto
+            const double ancho =
+                QFontMetricsF(letra).horizontalAdvance(r.captured(3)) / 100 * 25.4 / 72;
+            const double campo = r.captured(1).toDouble() / 100 * 215.9;
+            QVERIFY2(ancho <= campo + 0.6, qPrintable(r.captured(3)));
+            if (r.captured(3) != "1.00") // el importe va en el primer renglón
+                escrito << r.captured(3);
+        }
+        QVERIFY2(escrito.join(' ').contains(largo.trimmed()), qPrintable(escrito.join(' ')));
+    }
+
+    void lo_impreso_sin_verlo_no_cambia_lo_que_se_propone_despues() {
+        ConjuntoDatos c(nullptr, "CVentas");
+        llene(c, {{"Norte", "Sincelejo", "Ana", 1}});
+        fije_impresora("Oficina", carpeta_.filePath("masiva.pdf"));
+        const auto corra = [&](bool con_vista, const char* propuesto, const char* escogido) {
+            MotorInformes motor;
+            motor.vista_previa = con_vista;
+            prepare(motor, c);
+            Interlocutor i;
+            i.espere_modal("OpcionesImpresion", [=](QWidget* w) {
+                QVERIFY2(!*propuesto || w->findChild<QRadioButton*>(propuesto)->isChecked(),
+                         propuesto);
+                w->findChild<QRadioButton*>(escogido)->click();
+                w->findChild<QPushButton*>("ok")->click();
+            });
+            if (QString(escogido) == "a_vista")
+                i.espere_modal("VistaPreliminar", [](QWidget* w) { w->close(); });
+            QVERIFY(motor.ejecutar());
+        };
+        corra(true, "", "a_vista");
+        corra(false, "a_impresora", "a_impresora");
+        corra(true, "a_vista", "a_vista");
+    }
 
 private:
     QString escriba(const QString& plantilla, const QString& nombre = "ventas.rav") {
-        QFile f(carpeta_.filePath(nombre));
-        if (!f.open(QIODevice::WriteOnly))
-            qFatal("no se pudo escribir la plantilla");
-        f.write(plantilla.toUtf8());
-        return f.fileName();
+        return ponga_archivo(carpeta_.filePath(nombre), plantilla.toUtf8());
     }
     void llene(ConjuntoDatos& c, const QVector<Venta>& ventas) {
         c.texto("ZONA", 20);
@@ -159,510 +588,21 @@ private:
             w->findChild<QComboBox*>("formato")->setCurrentIndex(formato);
             w->findChild<QPushButton*>("ok")->click();
         });
-        i.espere_modal("guardar_informe", [=](QWidget* w) {
-            w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
-            QMetaObject::invokeMethod(w, "accept");
-        });
+        i.espere_archivo("guardar_informe", ruta);
+    }
+    /// Lo que el motor escribe cuando se le pide un archivo.
+    QString escrito(MotorInformes& motor, FormatoArchivo formato) {
+        const QString ruta = carpeta_.filePath("salida." + extension_de(formato));
+        QFile::remove(ruta); // la de antes haría preguntar si se reemplaza
+        Interlocutor i;
+        conteste_archivo(i, ruta, int(formato));
+        if (!motor.ejecutar())
+            return {};
+        return formato == FormatoArchivo::Pdf ? texto_de_pdf(ruta)
+                                              : QString::fromUtf8(contenido_de(ruta));
     }
     QTemporaryDir carpeta_;
 };
-
-void PruebaInformes::init() {
-    fije_impresora({});
-}
-
-void PruebaInformes::los_grupos_suman_y_se_anuncian() {
-    const auto hojas = componga({{"Norte", "Sincelejo", "Ana", 1000},
-                                 {"Norte", "Sincelejo", "Beto", -250},
-                                 {"Norte", "Montería", "Ciro", 30},
-                                 // La misma ciudad en otra zona es otro grupo.
-                                 {"Sur", "Montería", "Dora", 7}});
-    QCOMPARE(hojas.size(), 1);
-    QCOMPARE(hojas[0], QStringList({"Ventas por zona|Página 1 de 1", "Del 1 al 31", "Zona Norte",
-                                    "Ciudad Sincelejo", "Ana|1,000.00", "Beto|-250.00",
-                                    "Total Sincelejo|750.00|2", "Ciudad Montería", "Ciro|30.00",
-                                    "Total Montería|30.00|1", "Total zona Norte|750.00", "Zona Sur",
-                                    "Ciudad Montería", "Dora|7.00", "Total Montería|7.00|1",
-                                    "Total zona Sur|0.00", "Gran total|787.00"}));
-    QCOMPARE(componga({})[0],
-             QStringList({"Ventas por zona|Página 1 de 1", "Del 1 al 31", "Gran total|0.00"}));
-}
-
-void PruebaInformes::un_detalle_lleva_la_suma_de_su_grupo_con_su_fila() {
-    // El saldo va en una banda sin alto, sobre el renglón: se deja por fuera sin mover lo demás.
-    const QString plantilla = QString(kPlantilla)
-                                  .replace("Ciudad {CIUDAD}", "Ciudad {CIUDAD|(ninguna)}")
-                                  .replace("    <banda tipo=\"total\" nombre=\"totciudad\"", R"xml(
-    <banda tipo="detalle" nombre="saldo" nivel="2" alto="0">
-      <dato x="100" y="-5" ancho="30" de="suma(VALOR)" formato="importe"/>
-      <dato x="140" y="-5" ancho="10" de="cuenta()" formato="entero"/>
-    </banda>
-    <banda tipo="total" nombre="totciudad")xml");
-    const QVector<Venta> ventas{
-        {"Norte", "", "Ana", 1000}, {"Norte", "", "Beto", -250}, {"Norte", "Montería", "Ciro", 30}};
-    const QStringList hoja = componga(ventas, plantilla)[0];
-    for (const char* renglon :
-         {"Ciudad (ninguna)", "Ana|1,000.00|1,000.00|1", "Beto|-250.00|750.00|2", "Ciudad Montería",
-          "Ciro|30.00|30.00|1", "Total |750.00|2"})
-        QVERIFY2(hoja.contains(QString(renglon)), qPrintable(hoja.join('\n')));
-}
-
-void PruebaInformes::una_hoja_nueva_repite_lo_que_debe() {
-    QVector<Venta> muchas;
-    for (int i = 0; i < 120; ++i)
-        muchas << Venta{"Norte", "Sincelejo", QString("Cliente %1").arg(i), 1};
-    const auto hojas = componga(muchas);
-    QCOMPARE(hojas.size(), 3);
-    int clientes = 0;
-    for (int p = 0; p < hojas.size(); ++p) {
-        QCOMPARE(hojas[p][0], QString("Ventas por zona|Página %1 de 3").arg(p + 1));
-        QCOMPARE(hojas[p][2], p == 0 ? "Zona Norte" : "Zona Norte (continuación)");
-        QCOMPARE(hojas[p].contains("Ciudad Sincelejo"), p == 0);
-        clientes += int(hojas[p].filter("Cliente").size());
-    }
-    QCOMPARE(clientes, 120);
-    QCOMPARE(hojas[2].last(), QString("Gran total|120.00"));
-
-    // Un grupo no se anuncia al pie de una hoja: pasa con su primer renglón.
-    muchas.resize(44);
-    muchas << Venta{"Sur", "Pasto", "Zoe", 5};
-    for (const QStringList& hoja : componga(muchas))
-        QVERIFY2(!hoja.last().startsWith("Zona Sur") && !hoja.last().startsWith("Ciudad"),
-                 qPrintable(hoja.last()));
-}
-
-void PruebaInformes::el_cliente_cambia_textos_y_grupos() {
-    ConjuntoDatos c(nullptr, "CVentas");
-    llene(c, {{"Norte", "Sincelejo", "Ana", 1}, {"Norte", "Montería", "Beto", 2}});
-    MotorInformes motor;
-    prepare(motor, c);
-    motor.fijar_texto("ventas.page1", "text1", "Ventas NIIF");
-    for (const char* banda : {"ciudad", "totciudad"})
-        motor.fijar_grupo("Ventas.Page1", banda, {});
-    motor.fijar_grupo("Ventas.Page1", "zona", "nombre");
-    motor.fijar_grupo("Ventas.Page1", "totzona", "nombre");
-    const QString ruta = carpeta_.filePath("cambiado.txt");
-    Interlocutor i;
-    conteste_archivo(i, ruta, int(FormatoArchivo::Texto));
-    QVERIFY(motor.ejecutar());
-    QFile f(ruta);
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    const QString texto = QString::fromUtf8(f.readAll());
-    QVERIFY2(texto.contains("Ventas NIIF") && !texto.contains("Ciudad") &&
-                 texto.count("Zona Norte") == 2,
-             qPrintable(texto));
-    QVERIFY_EXCEPTION_THROWN(motor.fijar_texto("ventas.page1", "nadie", "x"), ErrorInforme);
-    QVERIFY_EXCEPTION_THROWN(motor.fijar_texto("otra.page1", "Text1", "x"), ErrorInforme);
-    QVERIFY_EXCEPTION_THROWN(motor.fijar_grupo("ventas.page1", "nadie", "x"), ErrorInforme);
-}
-
-void PruebaInformes::una_plantilla_con_error_dice_archivo_y_linea_data() {
-    QTest::addColumn<QString>("quita");
-    QTest::addColumn<QString>("pone");
-    QTest::addColumn<QString>("mensaje");
-    const QString inicio = "La plantilla de informes \"ventas.rav\", línea %1: %2.";
-    QTest::newRow("elemento") << "<linea x=\"0\" y=\"1\"/>"
-                              << "<lineas/>"
-                              << inicio.arg(31).arg("el elemento \"lineas\" no se conoce aquí");
-    QTest::newRow("atributo") << "alto=\"12\""
-                              << "altura=\"12\""
-                              << inicio.arg(6).arg("el atributo \"altura\" no se conoce");
-    QTest::newRow("estilo") << "<texto x=\"0\" y=\"1\" ancho=\"90\" estilo=\"fuerte\">"
-                            << "<texto x=\"0\" y=\"1\" ancho=\"90\" estilo=\"grueso\">"
-                            << inicio.arg(12).arg("el estilo \"grueso\" no está definido");
-    QTest::newRow("medida") << "alto=\"12\""
-                            << "alto=\"doce\""
-                            << inicio.arg(6).arg("\"alto\" no es una medida: doce");
-    QTest::newRow("columna") << "{NOMBRE}"
-                             << "{NOMBRES}"
-                             << inicio.arg(18).arg(
-                                    "la conexión RVentas no tiene la columna \"NOMBRES\"");
-    QTest::newRow("fórmula") << "de=\"cuenta()\""
-                             << "de=\"cuenta(\""
-                             << inicio.arg(24).arg("la fórmula \"cuenta(\" no se entiende");
-    QTest::newRow("fuera de la hoja")
-        << "ancho=\"150\""
-        << "ancho=\"250\"" << inicio.arg(9).arg("el item se sale de la hoja");
-}
-
-void PruebaInformes::una_plantilla_con_error_dice_archivo_y_linea() {
-    QFETCH(QString, quita);
-    QFETCH(QString, pone);
-    QFETCH(QString, mensaje);
-    QString plantilla = kPlantilla;
-    QVERIFY(plantilla.contains(quita));
-    plantilla.replace(quita, pone);
-    try {
-        componga({}, plantilla);
-        QFAIL("se esperaba una falla");
-    } catch (const ErrorInforme&) {
-        QCOMPARE(texto_de_excepcion(), mensaje);
-    }
-}
-
-void PruebaInformes::los_textos_largos_se_acortan_y_los_numeros_no() {
-    const auto hojas = componga(
-        {{"N", "C", QString(120, 'M'), 900'000'000}},
-        QString(kPlantilla).replace("ancho=\"30\" de=\"VALOR\"", "ancho=\"3\" de=\"VALOR\""));
-    const QString fila = hojas[0].filter("MMM").value(0);
-    QVERIFY2(fila.startsWith("MMMM") && fila.contains(u'…') && fila.size() < 60, qPrintable(fila));
-    QVERIFY2(fila.endsWith("|900,000,000.00"), qPrintable(fila));
-}
-
-void PruebaInformes::cada_formato_lleva_lo_mismo() {
-    ConjuntoDatos c(nullptr, "CVentas");
-    QVector<Venta> ventas;
-    for (int i = 0; i < 100; ++i)
-        ventas << Venta{"Norte <1>", "Nariño {a}", QString("Peña \\ Güiza %1").arg(i), i * 1000};
-    llene(c, ventas);
-    for (int formato = 0; formato < 4; ++formato) {
-        MotorInformes motor;
-        prepare(motor, c);
-        const QString ruta = carpeta_.filePath("salida." + extension_de(FormatoArchivo(formato)));
-        Interlocutor i;
-        conteste_archivo(i, ruta, formato);
-        QVERIFY(motor.ejecutar());
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QString texto;
-        if (formato == int(FormatoArchivo::Pdf)) {
-            texto = texto_de_pdf(ruta);
-        } else {
-            QFile f(ruta);
-            QVERIFY(f.open(QIODevice::ReadOnly));
-            texto = QString::fromUtf8(f.readAll());
-        }
-        if (formato == int(FormatoArchivo::Rtf)) {
-            QVERIFY(texto.contains("Pe\\u241?a \\\\ G\\u252?iza 99"));
-            QVERIFY(texto.contains("Nari\\u241?o \\{a\\}"));
-            QCOMPARE(texto.count("\\page\n"), 2);
-        } else if (formato == int(FormatoArchivo::Html)) {
-            QVERIFY(texto.contains("Zona Norte &lt;1&gt;"));
-            QCOMPARE(texto.count("class=\"hoja\""), 3);
-        } else {
-            QVERIFY(texto.contains("Peña \\ Güiza 99"));
-            QVERIFY(texto.contains("Zona Norte <1> (continuación)"));
-            QCOMPARE(texto.count('\f'), formato == int(FormatoArchivo::Pdf) ? 3 : 2);
-        }
-        QVERIFY2(texto.contains("4,950,000.00"), qPrintable(ruta)); // el gran total
-        QVERIFY(texto.contains("gina 3 de 3"));
-    }
-}
-
-void PruebaInformes::las_opciones_deciden_el_destino_y_las_paginas() {
-    ConjuntoDatos c(nullptr, "CVentas");
-    QVector<Venta> ventas(120, {"Norte", "Sincelejo", "Ana", 1});
-    llene(c, ventas);
-    const QString ruta = carpeta_.filePath("impreso.pdf");
-    fije_impresora("Oficina", ruta); // lo que se "imprime" queda en el archivo
-    MotorInformes motor;
-    prepare(motor, c);
-    {
-        Interlocutor i;
-        i.espere_modal("OpcionesImpresion", [](QWidget* w) {
-            QCOMPARE(w->windowTitle(), QString("Opciones de impresión"));
-            QVERIFY(!w->findChild<QRadioButton*>("seleccion")->isEnabled());
-            QStringList textos;
-            for (const auto* b : w->findChildren<QAbstractButton*>())
-                textos << b->text();
-            for (const auto* g : w->findChildren<QGroupBox*>())
-                textos << g->title();
-            for (const auto* r : w->findChildren<QLabel*>())
-                textos << r->text();
-            for (const char* t :
-                 {"Configurar", "&Copias", "in&tercalar", "&Duplex", "Destino del reporte ",
-                  "&Impresora", "&Vista preliminar", "&Archivo", "Formato:", "All", "Pages", "From",
-                  "to", "Selection", "OK", "Cancelar"})
-                QVERIFY2(textos.contains(t), t);
-            w->findChild<QRadioButton*>("a_impresora")->click();
-            w->findChild<QRadioButton*>("paginas")->click();
-            w->findChild<QSpinBox*>("desde")->setValue(2);
-            w->findChild<QSpinBox*>("hasta")->setValue(9);
-            w->findChild<QPushButton*>("ok")->click();
-        });
-        QVERIFY(motor.ejecutar());
-    }
-    const QString texto = texto_de_pdf(ruta);
-    QVERIFY2(texto.contains("Página 2 de 3") && texto.contains("Página 3 de 3") &&
-                 !texto.contains("Página 1 de 3"),
-             qPrintable(texto));
-    {
-        Interlocutor i;
-        i.espere_modal("OpcionesImpresion",
-                       [](QWidget* w) { w->findChild<QPushButton*>("cancelar")->click(); });
-        QVERIFY(!motor.ejecutar());
-    }
-    // Una página que no existe se dice, y no sale nada.
-    {
-        Interlocutor i;
-        i.espere_modal("OpcionesImpresion", [](QWidget* w) {
-            w->findChild<QRadioButton*>("paginas")->click();
-            w->findChild<QSpinBox*>("hasta")->setValue(9);
-            w->findChild<QSpinBox*>("desde")->setValue(8);
-            w->findChild<QPushButton*>("ok")->click();
-        });
-        QVERIFY_EXCEPTION_THROWN(motor.ejecutar(), ErrorInforme);
-    }
-}
-
-void PruebaInformes::la_vista_preliminar_busca_y_pasa_paginas() {
-    ConjuntoDatos c(nullptr, "CVentas");
-    QVector<Venta> ventas(120, {"Norte", "Sincelejo", "Ana", 1});
-    ventas[100].nombre = "Aguja";
-    llene(c, ventas);
-    MotorInformes motor;
-    prepare(motor, c);
-    const QString ruta = carpeta_.filePath("vista.pdf");
-    Interlocutor i;
-    i.espere_modal("OpcionesImpresion", [](QWidget* w) {
-        w->findChild<QRadioButton*>("a_vista")->click();
-        w->findChild<QSpinBox*>("copias")->setValue(3);
-        w->findChild<QCheckBox*>("intercalar")->setChecked(false);
-        w->findChild<QRadioButton*>("paginas")->click();
-        w->findChild<QSpinBox*>("desde")->setValue(2);
-        w->findChild<QSpinBox*>("hasta")->setValue(3);
-        QTest::keyClick(w, Qt::Key_Return); // OK es el botón por omisión
-    });
-    i.espere_modal("VistaPreliminar", [&](QWidget* w) {
-        auto* hojas = w->findChild<VistaHojas*>();
-        auto* pagina = w->findChild<QSpinBox*>("pagina");
-        QCOMPARE(w->windowTitle(), QString("Vista preliminar"));
-        QVERIFY(w->isMaximized());
-        QCOMPARE(hojas->tamano(), 100);
-        QCOMPARE(pagina->suffix(), QString(" de 3"));
-        QTest::keyClick(hojas, Qt::Key_End);
-        QCOMPARE(pagina->value(), 3);
-        QTest::keyClick(hojas, Qt::Key_Home);
-        QCOMPARE(pagina->value(), 1);
-        auto* buscado = w->findChild<QLineEdit*>("buscado");
-        QTest::keyClicks(buscado, "AGUJA");
-        QTest::keyClick(buscado, Qt::Key_Return);
-        QCOMPARE(pagina->value(), 3);
-        buscado->setText("nunca");
-        QTest::keyClick(buscado, Qt::Key_Return);
-        QCOMPARE(w->findChild<QLabel*>("estado")->text(),
-                 QString("\"nunca\" no está en el informe."));
-        hojas->tamano(400);
-        QCOMPARE(hojas->pagina(), 2);
-        w->grab(); // dibuja sin fallar a otro tamaño
-        // Los atajos solo viven en la ventana activa.
-        w->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(w));
-        QTest::keyClick(w, Qt::Key_P, Qt::ControlModifier);
-        w->close();
-    });
-    // Imprimir desde la vista propone lo que se escogió al pedirla.
-    i.espere_modal("OpcionesImpresion", [](QWidget* w) {
-        QVERIFY(w->findChild<QRadioButton*>("a_impresora")->isChecked());
-        QCOMPARE(w->findChild<QSpinBox*>("copias")->value(), 3);
-        QVERIFY(!w->findChild<QCheckBox*>("intercalar")->isChecked());
-        QVERIFY(w->findChild<QRadioButton*>("paginas")->isChecked());
-        QCOMPARE(w->findChild<QSpinBox*>("desde")->value(), 2);
-        QCOMPARE(w->findChild<QSpinBox*>("hasta")->value(), 3);
-        w->findChild<QPushButton*>("cancelar")->click();
-    });
-    QVERIFY(motor.ejecutar());
-    QVERIFY2(i.conforme(), qPrintable(i.queja()));
-}
-
-void PruebaInformes::una_falla_no_deja_un_archivo_a_medias() {
-    ConjuntoDatos c(nullptr, "CVentas");
-    llene(c, QVector<Venta>(3000, {"Norte", "Sincelejo", "Cliente", 1}));
-    MotorInformes motor;
-    prepare(motor, c);
-    // Una carpeta que no existe, un disco lleno y una impresora que no recibe.
-    QTemporaryDir destino;
-    for (int formato : {int(FormatoArchivo::Pdf), int(FormatoArchivo::Html)}) {
-        const QString ruta = destino.filePath("lleno." + extension_de(FormatoArchivo(formato)));
-        struct rlimit antes;
-        getrlimit(RLIMIT_FSIZE, &antes);
-        const auto anterior = std::signal(SIGXFSZ, SIG_IGN);
-        // Las hojas compuestas caben; el archivo final no.
-        Proyecto proyecto = lea_proyecto(motor.ProjectFile);
-        bool fallo = false;
-        Hojas hojas;
-        DatosConjunto datos(c);
-        Variables variables;
-        variables.textos["Titulo"] = "x";
-        Compositor(proyecto, *proyecto.reporte("Ventas"), variables, datos, hojas).componga();
-        const struct rlimit poco = {20000, antes.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &poco);
-        try {
-            grabe(hojas, FormatoArchivo(formato), ruta, todas(hojas), "x");
-        } catch (const ErrorDatos&) {
-            fallo = texto_de_excepcion().contains(ruta);
-        }
-        setrlimit(RLIMIT_FSIZE, &antes);
-        std::signal(SIGXFSZ, anterior);
-        QVERIFY(fallo);
-        QCOMPARE(QDir(destino.path()).entryList(QDir::Files).size(), 0);
-    }
-    fije_impresora("Oficina", "/no/hay/carpeta/impreso.pdf");
-    Interlocutor i;
-    i.espere_modal("OpcionesImpresion", [](QWidget* w) {
-        w->findChild<QRadioButton*>("a_impresora")->click();
-        w->findChild<QPushButton*>("ok")->click();
-    });
-    QVERIFY_EXCEPTION_THROWN(motor.ejecutar(), ErrorInforme);
-}
-
-void PruebaInformes::un_lote_numera_cada_documento() {
-    ConjuntoDatos c(nullptr, "CVentas");
-    llene(c, QVector<Venta>(60, {"Norte", "Sincelejo", "Ana", 1}));
-    MotorInformes motor;
-    prepare(motor, c);
-    const QString ruta = carpeta_.filePath("lote.txt");
-    Interlocutor i;
-    conteste_archivo(i, ruta, int(FormatoArchivo::Texto)); // una sola vez
-    motor.comience_lote();
-    QVERIFY(motor.ejecutar());
-    QVERIFY(motor.ejecutar());
-    QVERIFY(motor.termine_lote());
-    QVERIFY2(i.conforme(), qPrintable(i.queja()));
-    QFile f(ruta);
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    const QString texto = QString::fromUtf8(f.readAll());
-    QCOMPARE(texto.count("Página 1 de 2"), 2);
-    QCOMPARE(texto.count("Página 2 de 2"), 2);
-}
-
-void PruebaInformes::una_variable_sin_valor_se_imprime_vacia() {
-    const QString plantilla = QString(kPlantilla).replace("{@Titulo}", "Entre {@Nadie}[]");
-    QCOMPARE(componga({}, plantilla)[0].value(1), QString("Entre []"));
-}
-
-void PruebaInformes::un_texto_del_cliente_reemplaza_tambien_un_dato() {
-    ConjuntoDatos c(nullptr, "CVentas");
-    llene(c, {{"Norte", "Sincelejo", "Ana", 1234}});
-    MotorInformes motor;
-    prepare(motor, c,
-            QString(kPlantilla)
-                .replace("<dato x=\"60\" y=\"1\"", "<dato nombre=\"Cifra\" x=\"60\" y=\"1\""));
-    motor.fijar_texto("Ventas.Page1", "Cifra", "(reservada)");
-    const QString ruta = carpeta_.filePath("reemplazado.txt");
-    Interlocutor i;
-    conteste_archivo(i, ruta, int(FormatoArchivo::Texto));
-    QVERIFY(motor.ejecutar());
-    QFile f(ruta);
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    const QString total = QString::fromUtf8(f.readAll()).section("Gran total", 1).simplified();
-    QCOMPARE(total, QString("(reservada)"));
-}
-
-void PruebaInformes::una_banda_mas_alta_que_la_hoja_se_reparte() {
-    // Palabras de tres letras en una columna angosta: más de cien renglones, y una hoja no da.
-    QStringList palabras;
-    for (int n = 0; n < 50; ++n)
-        palabras << QString("m%1").arg(n, 2, 10, QChar('0'));
-    const QString plantilla =
-        QString(kPlantilla)
-            .replace("<texto x=\"10\" y=\"0\" ancho=\"30\">",
-                     "<texto x=\"10\" y=\"0\" ancho=\"6\" estilo=\"enorme\" parte=\"si\">")
-            .replace("  <reporte",
-                     "  <estilo nombre=\"enorme\" base=\"normal\" cuerpo=\"20\"/>\n  <reporte");
-    ConjuntoDatos c(nullptr, "CVentas");
-    llene(c, {{"Norte", "Sincelejo", "Ana", 1},
-              {"Norte", "Sincelejo", palabras.join(' '), 2},
-              {"Norte", "Sincelejo", "Zoe", 3}});
-    Proyecto proyecto = lea_proyecto(escriba(plantilla));
-    Variables variables;
-    Hojas hojas;
-    DatosConjunto datos(c);
-    Compositor(proyecto, *proyecto.reporte("Ventas"), variables, datos, hojas).componga();
-    QString todo;
-    for (int p = 0; p < hojas.paginas(); ++p)
-        for (const Trazo& t : hojas.lea(p)) {
-            QVERIFY2(t.lugar.bottom() <= hojas.papel(p).alto - 9,
-                     qPrintable(QString("hoja %1: %2").arg(p).arg(t.lugar.bottom())));
-            // Entre una hoja y otra van los encabezados: aquí solo lo que se repartió.
-            if (t.clase == Trazo::Texto && hojas.estilo_de(t.recurso).cuerpo == 20)
-                todo += t.texto;
-        }
-    for (const QString& palabra : palabras)
-        QVERIFY2(todo.contains(palabra), qPrintable(palabra));
-    QVERIFY(todo.contains("Zoe"));
-}
-
-void PruebaInformes::lo_que_cierra_el_informe_nunca_queda_solo_en_una_hoja() {
-    const QString plantilla =
-        QString(kPlantilla)
-            .replace("<banda tipo=\"final\" alto=\"6\">", "<banda tipo=\"final\" alto=\"40\">");
-    int hojas_de_mas = 0;
-    for (int filas = 1; filas < 60; ++filas) {
-        QVector<Venta> ventas;
-        for (int i = 0; i < filas; ++i)
-            ventas << Venta{"Norte", "Sincelejo", QString("Cliente %1").arg(i), 1};
-        const auto hojas = componga(ventas, plantilla);
-        QVERIFY2(!hojas.last().filter("Cliente").isEmpty(),
-                 qPrintable(QString::number(filas) + '\n' + hojas.last().join('\n')));
-        hojas_de_mas += int(hojas.size() > 1);
-        // Nada se pierde ni se repite al pasar renglones de una hoja a otra.
-        QStringList clientes;
-        for (const QStringList& h : hojas)
-            clientes += h.filter("Cliente");
-        QCOMPARE(clientes.size(), filas);
-        clientes.removeDuplicates();
-        QCOMPARE(clientes.size(), filas);
-    }
-    QVERIFY(hojas_de_mas > 10);
-}
-
-void PruebaInformes::el_html_lleva_entero_el_texto_que_sigue_en_otro_renglon() {
-    const QString largo = QString("Servicio de mantenimiento preventivo y correctivo ").repeated(3);
-    ConjuntoDatos c(nullptr, "CVentas");
-    llene(c, {{"Norte", "Sincelejo", largo.trimmed(), 1}});
-    MotorInformes motor;
-    prepare(motor, c,
-            QString(kPlantilla)
-                .replace("<texto x=\"10\" y=\"0\" ancho=\"30\">",
-                         "<texto x=\"10\" y=\"0\" ancho=\"30\" parte=\"si\">"));
-    const QString ruta = carpeta_.filePath("partido.htm");
-    Interlocutor i;
-    conteste_archivo(i, ruta, int(FormatoArchivo::Html));
-    QVERIFY(motor.ejecutar());
-    QFile f(ruta);
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    const QString html = QString::fromUtf8(f.readAll());
-    // Cada celda es de un renglón: lo que lleva debe caber en ella.
-    const QRegularExpression celda(
-        "<td width=\"([\\d.]+)%\"[^>]*><span style=\"[^\"]*font-size:([\\d.]+)pt[^\"]*\">([^<]*)<");
-    QStringList escrito;
-    for (auto m = celda.globalMatch(html); m.hasNext();) {
-        const auto r = m.next();
-        QFont letra("Liberation Sans");
-        letra.setPixelSize(qRound(r.captured(2).toDouble() * 100)); // centésimas de punto
-        const double ancho =
-            QFontMetricsF(letra).horizontalAdvance(r.captured(3)) / 100 * 25.4 / 72;
-        const double campo = r.captured(1).toDouble() / 100 * 215.9;
-        QVERIFY2(ancho <= campo + 0.6, qPrintable(r.captured(3)));
-        if (r.captured(3) != "1.00") // el importe va en el primer renglón
-            escrito << r.captured(3);
-    }
-    QVERIFY2(escrito.join(' ').contains(largo.trimmed()), qPrintable(escrito.join(' ')));
-}
-
-void PruebaInformes::lo_impreso_sin_verlo_no_cambia_lo_que_se_propone_despues() {
-    ConjuntoDatos c(nullptr, "CVentas");
-    llene(c, {{"Norte", "Sincelejo", "Ana", 1}});
-    fije_impresora("Oficina", carpeta_.filePath("masiva.pdf"));
-    const auto corra = [&](bool con_vista, const char* propuesto, const char* escogido) {
-        MotorInformes motor;
-        motor.vista_previa = con_vista;
-        prepare(motor, c);
-        Interlocutor i;
-        i.espere_modal("OpcionesImpresion", [=](QWidget* w) {
-            QVERIFY2(!*propuesto || w->findChild<QRadioButton*>(propuesto)->isChecked(), propuesto);
-            w->findChild<QRadioButton*>(escogido)->click();
-            w->findChild<QPushButton*>("ok")->click();
-        });
-        if (QString(escogido) == "a_vista")
-            i.espere_modal("VistaPreliminar", [](QWidget* w) { w->close(); });
-        QVERIFY(motor.ejecutar());
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
-    };
-    corra(true, "", "a_vista");
-    corra(false, "a_impresora", "a_impresora");
-    corra(true, "a_vista", "a_vista");
-}
 
 QTEST_MAIN(PruebaInformes)
 #include "prueba_informes.moc"

@@ -11,19 +11,16 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
 
 /// Números del 1 al `cuantos` (hasta un millón), con un texto y un importe, sin tabla alguna.
 QString muchas_filas(int cuantos) {
-    return QStringLiteral(
-               "with recursive n as (select 0 i from rdb$database union all select i + 1 from n "
-               "where i < 999) select a.i * 1000 + b.i + 1 as ID, 'Cuenta ' || (a.i * 1000 + b.i + "
-               "1) as NOMBRE, cast(a.i * 1000 + b.i + 1 as numeric(15,2)) as VALOR from n a cross "
-               "join n b where a.i * 1000 + b.i < %1 order by 1")
+    return QString("with recursive n as (select 0 i from rdb$database union all select i + 1 from "
+                   "n where i < 999) select a.i * 1000 + b.i + 1 as ID, 'Cuenta ' || (a.i * 1000 + "
+                   "b.i + 1) as NOMBRE, cast(a.i * 1000 + b.i + 1 as numeric(15,2)) as VALOR from "
+                   "n a cross join n b where a.i * 1000 + b.i < %1 order by 1")
         .arg(cuantos);
 }
 
@@ -53,6 +50,15 @@ class PruebaRejillaListas : public QObject {
             lista.decimal("VALOR").formato("#,###.00");
             lista.PacketRecords = paquete;
         }
+        void muestre(Rejilla& r) {
+            r.ate(&lista);
+            lista.Open();
+            r.resize(500, 300);
+            r.show();
+            r.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&r));
+            r.setFocus();
+        }
     };
 
 private slots:
@@ -74,28 +80,28 @@ private slots:
         r.SelectedIndex(RejillaDePrueba::Concepto);
         const auto actual = [&] { return p.detalle->FieldByName("CODE_CONCEPTO").texto(); };
         QTest::keyClicks(&r, "banco p");
-        QCOMPARE(actual(), QString("Banco Popular"));
+        QCOMPARE(actual(), "Banco Popular");
         QVERIFY(r.findChild<QLabel*>("letrero_tecleo")->isVisible());
         // Retroceso deshace lo último; lo que ninguna fila empieza no cuenta.
         QTest::keyClick(&r, Qt::Key_Backspace);
         QTest::keyClicks(&r, "dx");
-        QCOMPARE(actual(), QString("Banco de Bogotá"));
+        QCOMPARE(actual(), "Banco de Bogotá");
         // Moverse empieza otra búsqueda, sin tildes y dando la vuelta.
         QTest::keyClick(&r, Qt::Key_Down);
         QVERIFY(!r.findChild<QLabel*>("letrero_tecleo")->isVisible());
         QTest::keyClicks(&r, "angulo");
-        QCOMPARE(actual(), QString("Ángulo recto"));
+        QCOMPARE(actual(), "Ángulo recto");
         // La misma letra pasa a la siguiente que empieza por ella.
         QTest::keyClick(&r, Qt::Key_Home);
         r.SelectedIndex(RejillaDePrueba::Concepto); // Inicio va a la primera columna
         QTest::keyClicks(&r, "a");
-        QCOMPARE(actual(), QString("Arriendo"));
+        QCOMPARE(actual(), "Arriendo");
         QTest::keyClicks(&r, "a");
-        QCOMPARE(actual(), QString("Ángulo recto"));
+        QCOMPARE(actual(), "Ángulo recto");
         r.SelectedIndex(RejillaDePrueba::Cuenta);
         QTest::keyClick(&r, Qt::Key_Home);
         QTest::keyClicks(&r, "900");
-        QCOMPARE(actual(), QString("Zapato"));
+        QCOMPARE(actual(), "Zapato");
         QVERIFY(!r.digitando() && p.fallas.isEmpty());
         // Quien atiende lo tecleado lo recibe entero.
         QStringList recibidos;
@@ -109,7 +115,7 @@ private slots:
         r.ubica_al_teclear = true;
         r.SelectedIndex(RejillaDePrueba::Concepto);
         QTest::keyClicks(&r, "arr");
-        QCOMPARE(actual(), QString("Arriendo"));
+        QCOMPARE(actual(), "Arriendo");
         QVERIFY(!r.digitando());
         r.ubica_al_teclear = false;
         QTest::keyClicks(&r, "z");
@@ -133,8 +139,7 @@ private slots:
                  antes + 4 * r.fontMetrics().averageCharWidth());
         QCOMPARE(ancho(2, RejillaDePrueba::Cuenta), ancho(0, RejillaDePrueba::Cuenta));
         r.copie();
-        QCOMPARE(r.model()->index(2, RejillaDePrueba::Concepto).data().toString(),
-                 QString("Renglón 3"));
+        QCOMPARE(r.model()->index(2, RejillaDePrueba::Concepto).data().toString(), "Renglón 3");
     }
 
     void el_pie_es_exacto_despues_de_cada_cambio() {
@@ -191,7 +196,7 @@ private slots:
         ConjuntoDatos& d = *p.detalle;
         d.vaya_a(1);
         d.Edit();
-        d.FieldByName("CODE_CONCEPTO").asigne(QStringLiteral("Café y té"));
+        d.FieldByName("CODE_CONCEPTO").asigne("Café y té");
         d.FieldByName("CODE_DEBITO").asigne(Moneda(1500));
         d.FieldByName("CONC_COD").asigne("OFI");
         d.Post();
@@ -261,16 +266,16 @@ private slots:
         QString titulo;
         p.rejilla->OnTitleClick = [&](Campo& c) { titulo = c.FieldName; };
         oprima(p.Debito);
-        QCOMPARE(titulo, QString("CODE_DEBITO"));
+        QCOMPARE(titulo, "CODE_DEBITO");
         p.rejilla->orden_local = true;
         p.detalle->vaya_a(4);
         p.rejilla->marque(4);
         p.rejilla->marque(7);
         oprima(p.Debito);
-        QCOMPARE(p.en(0, "CODE_DEBITO"), QString("100"));
+        QCOMPARE(p.en(0, "CODE_DEBITO"), "100");
         oprima(p.Debito);
-        QCOMPARE(p.en(0, "CODE_DEBITO"), QString("2000"));
-        QCOMPARE(p.detalle->FieldByName("CUEN_COD").texto(), QString("110505"));
+        QCOMPARE(p.en(0, "CODE_DEBITO"), "2000");
+        QCOMPARE(p.detalle->FieldByName("CUEN_COD").texto(), "110505");
         QCOMPARE(p.celda().first, p.detalle->RecNo());
         QStringList marcadas;
         for (const int f : p.rejilla->filas_marcadas())
@@ -312,13 +317,7 @@ private slots:
         r.columnas({{"ID", "Número", 8}, {"NOMBRE", "Nombre", 20}, {"VALOR", "Valor", 14, Suma}});
         r.ReadOnly = true;
         r.pie(true);
-        r.ate(&s.lista);
-        s.lista.Open();
-        r.resize(500, 300);
-        r.show();
-        r.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&r));
-        r.setFocus();
+        s.muestre(r);
         QCOMPARE(s.lista.RecordCount(), 100);
         QCOMPARE(r.suma(2), Moneda(5050));
         for (int i = 0; i < 12; ++i)
@@ -392,13 +391,7 @@ private slots:
         Rejilla r;
         r.columnas({{"ID", "Número", 8}, {"NOMBRE", "Nombre", 20}, {"VALOR", "Valor", 18, Suma}});
         r.pie(true);
-        r.ate(&s.lista);
-        s.lista.Open();
-        r.resize(500, 300);
-        r.show();
-        r.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&r));
-        r.setFocus();
+        s.muestre(r);
         QCOMPARE(r.suma(2), Moneda::de_texto("5000050000"));
         const TiempoProceso reloj;
         for (int i = 0; i < 200; ++i) {
@@ -424,39 +417,14 @@ private slots:
         Rejilla r(nullptr, &lista);
         lista.Open("select cuen_cod, cuen_nom from cuentas order by cuen_cod");
         QCOMPARE(r.cuenta_columnas(), 2);
-        QCOMPARE(QString(r.columna(0).Titulo), QString("CUEN_COD"));
+        QCOMPARE(QString(r.columna(0).Titulo), "CUEN_COD");
         lista.Open("select cuen_cod, cuen_nom, 1234567 as saldo from cuentas order by cuen_cod");
         QCOMPARE(r.cuenta_columnas(), 3);
         r.columna(2).DisplayFormat = QString("#,###");
         r.columna(2).ConSuma = true;
-        QCOMPARE(r.model()->index(0, 2).data().toString(), QString("1,234,567"));
+        QCOMPARE(r.model()->index(0, 2).data().toString(), "1,234,567");
         QVERIFY(lista.RecordCount() > 5);
         QCOMPARE(r.suma(2), Moneda(1234567 * lista.RecordCount()));
-    }
-
-    void los_anchos_se_recuerdan_por_usuario_y_pantalla() {
-        QTemporaryDir carpeta;
-        QSettings ajustes(carpeta.filePath("anchos.ini"), QSettings::IniFormat);
-        int elegido = 0;
-        {
-            RejillaDePrueba p;
-            p.rejilla->guarde_en(&ajustes, "ADMIN/Tfmovimien/DBGridEh1");
-            QHeaderView* h = p.rejilla->horizontalHeader();
-            const int borde = h->sectionViewportPosition(1) - 1;
-            QTest::mousePress(h->viewport(), Qt::LeftButton, {}, {borde, 5});
-            QTest::mouseMove(h->viewport(), {borde + 20, 5});
-            QTest::mouseMove(h->viewport(), {borde + 60, 5});
-            QTest::mouseRelease(h->viewport(), Qt::LeftButton, {}, {borde + 60, 5});
-            elegido = p.rejilla->columnWidth(0);
-            QVERIFY(!ajustes.contains("ADMIN/Tfmovimien/DBGridEh1/anchos"));
-        }
-        QVERIFY(ajustes.contains("ADMIN/Tfmovimien/DBGridEh1/anchos"));
-        RejillaDePrueba p;
-        QVERIFY(qAbs(p.rejilla->columnWidth(0) - elegido) > 30);
-        p.rejilla->guarde_en(&ajustes, "ADMIN/Tfmovimien/DBGridEh1");
-        QVERIFY(qAbs(p.rejilla->columnWidth(0) - elegido) <= 1);
-        p.rejilla->guarde_en(&ajustes, "OTRO/Tfmovimien/DBGridEh1");
-        QVERIFY(qAbs(p.rejilla->columnWidth(0) - elegido) > 30);
     }
 
     void los_importes_no_se_recortan_y_el_pie_queda_bajo_su_columna() {
@@ -478,7 +446,7 @@ private slots:
     void una_lista_sin_filas_lo_dice_y_las_filas_toman_su_color() {
         RejillaDePrueba p(0);
         const QImage muda = p.rejilla->viewport()->grab().toImage();
-        p.rejilla->texto_vacio = QStringLiteral("No hay movimientos. Abajo crea el primero.");
+        p.rejilla->texto_vacio = "No hay movimientos. Abajo crea el primero.";
         QVERIFY(p.rejilla->viewport()->grab().toImage() != muda);
         p.digite("11");
         p.rejilla->SelectedIndex(p.Debito);

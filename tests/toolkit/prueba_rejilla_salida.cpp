@@ -1,6 +1,7 @@
 // Portapapeles, menú emergente, archivos e impresión de la rejilla.
 #include "rejilla_de_prueba.h"
 
+#include "apoyo/archivos.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/exportacion.h"
@@ -26,11 +27,6 @@ void ponga(const QString& texto) {
     QApplication::clipboard()->setText(texto);
 }
 
-QString lea(const QString& ruta) {
-    QFile f(ruta);
-    return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
-}
-
 } // namespace
 
 class PruebaRejillaSalida : public QObject {
@@ -53,14 +49,14 @@ private slots:
         p.rejilla->columna(p.Categoria).Visible = false;
         p.rejilla->SelectedIndex(p.Concepto);
         p.tecla(Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(portapapeles(), QString("Renglón 1"));
+        QCOMPARE(portapapeles(), "Renglón 1");
         QVERIFY(!p.rejilla->tiene_seleccion());
         p.tecla(Qt::Key_Down, Qt::ShiftModifier);
         p.tecla(Qt::Key_Right, Qt::ShiftModifier);
         QVERIFY(p.rejilla->tiene_seleccion());
         QCOMPARE(p.detalle->RecNo(), 0);
         p.tecla(Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(portapapeles(), QString("Renglón 1\t100\nRenglón 2\t200"));
+        QCOMPARE(portapapeles(), "Renglón 1\t100\nRenglón 2\t200");
         // Con selección, Enter no es Tab: solo la quita.
         p.tecla(Qt::Key_Return);
         QVERIFY(!p.rejilla->tiene_seleccion());
@@ -76,7 +72,7 @@ private slots:
         QApplication::sendEvent(p.rejilla->viewport(), &arrastre);
         QTest::mouseRelease(p.rejilla->viewport(), Qt::LeftButton, {}, p.centro(1, p.Concepto));
         p.rejilla->copie();
-        QCOMPARE(portapapeles(), QString("110501\tRenglón 1\n110502\tRenglón 2"));
+        QCOMPARE(portapapeles(), "110501\tRenglón 1\n110502\tRenglón 2");
     }
 
     void pegar_pasa_por_las_reglas_y_agrega_las_filas_que_falten() {
@@ -90,13 +86,13 @@ private slots:
         QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
         QCOMPARE(cambios, 2);
         QCOMPARE(p.detalle->RecordCount(), 4);
-        QCOMPARE(p.en(2, "CUEN_COD"), QString("5105"));
-        QCOMPARE(p.en(2, "CONC_COD"), QString("VIA"));
-        QCOMPARE(p.en(2, "CODE_DEBITO"), QString("1250.5"));
-        QCOMPARE(p.en(2, "CODE_DESCONTABLE"), QString("S"));
-        QCOMPARE(p.en(3, "CODE_CONCEPTO"), QString("Útiles"));
-        QCOMPARE(p.en(3, "CONC_COD"), QString("VAR"));
-        QCOMPARE(p.en(3, "CODE_DESCONTABLE"), QString("N"));
+        QCOMPARE(p.en(2, "CUEN_COD"), "5105");
+        QCOMPARE(p.en(2, "CONC_COD"), "VIA");
+        QCOMPARE(p.en(2, "CODE_DEBITO"), "1250.5");
+        QCOMPARE(p.en(2, "CODE_DESCONTABLE"), "S");
+        QCOMPARE(p.en(3, "CODE_CONCEPTO"), "Útiles");
+        QCOMPARE(p.en(3, "CONC_COD"), "VAR");
+        QCOMPARE(p.en(3, "CODE_DESCONTABLE"), "N");
         QCOMPARE(p.detalle->State(), Estado::Insercion); // la última queda por grabar
         QCOMPARE(p.rejilla->suma(p.Debito), Moneda::de_texto("1570.5"));
     }
@@ -109,7 +105,7 @@ private slots:
         QCOMPARE(p.fallas,
                  QStringList{"Línea 4 de lo pegado: Debe indicar un valor para el movimiento."});
         QCOMPARE(p.detalle->RecordCount(), 2);
-        QCOMPARE(p.en(1, "CUEN_COD"), QString("2205"));
+        QCOMPARE(p.en(1, "CUEN_COD"), "2205");
         QVERIFY(p.detalle->editando());
         p.fallas.clear();
         p.detalle->Cancel();
@@ -118,8 +114,8 @@ private slots:
         p.rejilla->SelectedIndex(p.Cuenta);
         ponga("9999\tnuevo\t\tx1");
         p.rejilla->pegue();
-        QCOMPARE(p.detalle->FieldByName("CUEN_COD").texto(), QString("1105"));
-        QCOMPARE(p.detalle->FieldByName("CODE_CONCEPTO").texto(), QString("nuevo"));
+        QCOMPARE(p.detalle->FieldByName("CUEN_COD").texto(), "1105");
+        QCOMPARE(p.detalle->FieldByName("CODE_CONCEPTO").texto(), "nuevo");
         QCOMPARE(p.fallas, QStringList{"'x1' no es un número para Débito."});
     }
 
@@ -158,7 +154,7 @@ private slots:
         p.rejilla->SelectedIndex(p.Concepto);
         p.tecla(Qt::Key_Down, Qt::ShiftModifier);
         p.tecla(Qt::Key_X, Qt::ControlModifier);
-        QCOMPARE(portapapeles(), QString("Renglón 1\nRenglón 2"));
+        QCOMPARE(portapapeles(), "Renglón 1\nRenglón 2");
         QVERIFY(p.detalle->valor_en(0, p.detalle->FieldByName("CODE_CONCEPTO")).nulo());
         QVERIFY(p.detalle->valor_en(1, p.detalle->FieldByName("CODE_CONCEPTO")).nulo());
         QCOMPARE(p.detalle->RecordCount(), 3);
@@ -169,11 +165,10 @@ private slots:
         i.espere("Desea borrar las 2 filas seleccionadas?", "No");
         p.tecla(Qt::Key_Delete);
         QCOMPARE(p.detalle->RecordCount(), 3);
-        i.espere("Desea borrar las 2 filas seleccionadas?", QStringLiteral("Sí"));
+        i.espere("Desea borrar las 2 filas seleccionadas?", "Sí");
         p.tecla(Qt::Key_Delete);
         QCOMPARE(p.detalle->RecordCount(), 1);
-        QCOMPARE(p.en(0, "CUEN_COD"), QString("110503"));
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p.en(0, "CUEN_COD"), "110503");
     }
 
     void el_menu_ofrece_lo_que_la_rejilla_permite() {
@@ -191,15 +186,15 @@ private slots:
             return activas.join('|');
         };
         ponga("x");
-        QCOMPARE(estado(), QString("Cor&tar|&Copiar|&Pegar|&Borrar|Se&lecccionar todo|&Imprimir|"
-                                   "&Vista preliminar|&Guardar selección"));
+        QCOMPARE(estado(), "Cor&tar|&Copiar|&Pegar|&Borrar|Se&lecccionar todo|&Imprimir|&Vista "
+                           "preliminar|&Guardar selección");
         p.rejilla->ReadOnly = true;
-        QCOMPARE(estado(), QString("&Copiar|Se&lecccionar todo|&Imprimir|&Vista preliminar|"
-                                   "&Guardar selección"));
+        QCOMPARE(estado(),
+                 "&Copiar|Se&lecccionar todo|&Imprimir|&Vista preliminar|&Guardar selección");
         p.rejilla->ReadOnly = false;
         while (!p.detalle->IsEmpty())
             p.detalle->Delete();
-        QCOMPARE(estado(), QString("&Pegar"));
+        QCOMPARE(estado(), "&Pegar");
         // La pantalla reemplaza una opción; la tecla corre lo mismo que el menú.
         int propias = 0;
         p.rejilla->al_ordenar(Rejilla::Pegar, [&] { ++propias; });
@@ -223,40 +218,33 @@ private slots:
         p.rejilla->nombre_archivo = "CompConta";
         p.rejilla->columna(p.Categoria).Visible = false;
         Interlocutor i;
-        const auto guarde = [&](const QString& filtro, const QString& nombre) {
+        const auto escoja = [&](const QString& filtro, const QString& nombre) {
             i.espere_modal("guardar_seleccion", [=, &carpeta](QWidget* w) {
                 auto* d = qobject_cast<QFileDialog*>(w);
                 auto* caja = d->findChild<QLineEdit*>("fileNameEdit");
-                if (nombre.isEmpty() && caja->text() != "CompConta")
-                    qCritical() << "nombre propuesto" << caja->text();
+                QCOMPARE(caja->text(), "CompConta");
                 d->selectNameFilter(filtro);
-                caja->setText(carpeta.filePath(nombre.isEmpty() ? "CompConta" : nombre));
-                QTest::keyClick(d->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+                caja->setText(carpeta.filePath(nombre));
+                QTest::keyClick(caja, Qt::Key_Return);
             });
-            p.rejilla->ejecute_orden(Rejilla::Guardar);
         };
-        guarde("Comma separated values (*.csv)", "");
-        const QString csv = lea(carpeta.filePath("CompConta.csv"));
-        QVERIFY2(csv.contains(QStringLiteral("Código,Concepto,Débito,Crédito,Desc.")),
-                 qPrintable(csv));
-        QVERIFY(csv.contains(QStringLiteral("110502,Renglón 2,200.00,,S")));
+        escoja("Comma separated values (*.csv)", "CompConta");
+        p.rejilla->ejecute_orden(Rejilla::Guardar);
+        const QString csv = QString::fromUtf8(contenido_de(carpeta.filePath("CompConta.csv")));
+        QVERIFY2(csv.contains("Código,Concepto,Débito,Crédito,Desc."), qPrintable(csv));
+        QVERIFY(csv.contains("110502,Renglón 2,200.00,,S"));
         // El archivo que ya existe se pregunta con su nombre final.
-        i.espere_modal("guardar_seleccion", [&carpeta](QWidget* w) {
-            auto* d = qobject_cast<QFileDialog*>(w);
-            d->selectNameFilter("Comma separated values (*.csv)");
-            d->findChild<QLineEdit*>("fileNameEdit")->setText(carpeta.filePath("CompConta"));
-            QTest::keyClick(d->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
-        });
+        escoja("Comma separated values (*.csv)", "CompConta");
         i.espere(QString("El archivo %1 ya existe. Desea reemplazarlo?")
                      .arg(carpeta.filePath("CompConta.csv")),
                  "No");
         p.detalle->Delete();
         p.rejilla->guarde_seleccion();
-        QCOMPARE(lea(carpeta.filePath("CompConta.csv")), csv);
-        guarde("Microsoft Excel Workbook (*.xls)", "datosxls");
+        QCOMPARE(QString::fromUtf8(contenido_de(carpeta.filePath("CompConta.csv"))), csv);
+        escoja("Microsoft Excel Workbook (*.xls)", "datosxls");
+        p.rejilla->ejecute_orden(Rejilla::Guardar);
         QVERIFY(
             QFile::exists(carpeta.filePath("datosxls"))); // la regla mira las tres últimas letras
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
     }
 
@@ -274,10 +262,10 @@ private slots:
         for (int pasada = 0; pasada < 2; ++pasada) {
             tabla.inicie();
             QVERIFY(tabla.siguiente());
-            QCOMPARE(std::get<QString>(tabla.valor(p.Cuenta)), QString("110501"));
-            QCOMPARE(std::get<QString>(tabla.valor(p.Categoria)), QString("Oficina"));
+            QCOMPARE(std::get<QString>(tabla.valor(p.Cuenta)), "110501");
+            QCOMPARE(std::get<QString>(tabla.valor(p.Categoria)), "Oficina");
             QCOMPARE(std::get<Moneda>(tabla.valor(p.Debito)), Moneda(100));
-            QCOMPARE(tabla.texto(p.Debito), QString("100.00"));
+            QCOMPARE(tabla.texto(p.Debito), "100.00");
             QVERIFY(std::get<bool>(tabla.valor(p.Descontable)));
             QVERIFY(std::holds_alternative<std::monostate>(tabla.valor(p.Credito)));
             QVERIFY(tabla.siguiente());
@@ -286,13 +274,13 @@ private slots:
         }
         QVERIFY(tabla.tiene_pie());
         QCOMPARE(std::get<Moneda>(tabla.pie(p.Debito)), Moneda(600));
-        QCOMPARE(tabla.texto_pie(p.Debito), QString("600.00"));
+        QCOMPARE(tabla.texto_pie(p.Debito), "600.00");
         QCOMPARE(p.detalle->RecNo(), 0); // recorrerla no mueve el cursor
     }
 
     void la_vista_preliminar_imprime_la_rejilla() {
         RejillaDePrueba p(120);
-        p.rejilla->titulo_impreso = QStringLiteral("Comprobante a %[Today]");
+        p.rejilla->titulo_impreso = "Comprobante a %[Today]";
         const QTemporaryDir carpeta;
         const QString pdf = carpeta.filePath("lineas.pdf");
         Interlocutor i;
@@ -315,7 +303,6 @@ private slots:
         diga_salidas({});
         QCOMPARE(aviso, "Grabado en " + pdf);
         QVERIFY(QFileInfo(pdf).size() > 1000);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
         QVERIFY(paginas >= 2);
     }

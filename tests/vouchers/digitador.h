@@ -60,17 +60,21 @@ struct Digitador {
             s.dato("select tico_nom from tipo_comprobante where tico_cod = " + QuotedStr(tipo));
         digite(nombre.section(' ', 0, 0));
         QCOMPARE(p->LTipo->valor().texto(), tipo);
-        p->EDia->setFocus();
-        p->EDia->selectAll();
-        digite(dia);
+        redigite(p->EDia, dia);
         p->DBEdit1->setFocus();
         digite(concepto);
         oprima(Qt::Key_Tab);
     }
-    /// Lo digita en la caja del número y la deja.
-    void numero(const QString& texto) {
-        p->ENumero->setFocus();
-        p->ENumero->selectAll();
+    /// El prefijo que se numera a mano, y su número.
+    void numere_a_mano(const QString& numero) {
+        p->LPref->setFocus();
+        oprima(Qt::Key_Down);
+        renumere(numero);
+    }
+    void renumere(const QString& numero) { redigite(p->ENumero, numero); }
+    void redigite(QLineEdit* caja, const QString& texto) {
+        caja->setFocus();
+        caja->selectAll();
         digite(texto);
         oprima(Qt::Key_Tab);
     }
@@ -96,15 +100,26 @@ struct Digitador {
     Tfmovimien* p = nullptr;
 };
 
-inline Tfedtmovimien* abra_edicion(SesionGui& s, int id) {
-    return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{QString::number(id)});
-}
+/// Un comprobante recién empezado, con la celda de la primera cuenta por digitar:
+///
+///     Empezado e("CG", "05", "x");
+///     auto& [s, d, p] = e;
+struct Empezado {
+    SesionGui s;
+    Digitador d{s};
+    Tfmovimien* p;
 
-/// Lo que se contesta antes de que una plantilla reemplace lo digitado.
-inline const QString kTraePlantilla =
-    "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?";
-/// Lo que se dice al dejar una línea que no trae lo que su cuenta exige; hasta esa columna.
-inline const std::pair<QStringList, const char*> kIncompletas[] = {
+    Empezado(const QString& tipo, const QString& dia, const QString& concepto)
+        : p(d.abra(tipo, dia, concepto)) {}
+};
+
+/// Líneas a las que les falta algo y lo que se dice al dejarlas: en un comprobante y en una
+/// plantilla.
+struct LineaIncompleta {
+    QStringList celdas; ///< hasta la columna en que se sale de la fila
+    const char* mensaje;
+};
+inline const LineaIncompleta kLineasIncompletas[] = {
     {{"130505", "", "", "", "", "", "", "", "", "5"}, "Debe indicar un NIT para el movimiento."},
     {{"236540"}, "Debe indicar un NIT para el movimiento."},
     {{"236540", "900123456"}, "Debe indicar una base para el movimiento."},
@@ -113,6 +128,14 @@ inline const std::pair<QStringList, const char*> kIncompletas[] = {
     {{"413505", "", "0002", "", "", "", "", "", "", "5"},
      "Debe indicar un Proyecto-Centro para el movimiento."},
 };
+
+inline Tfedtmovimien* abra_edicion(SesionGui& s, int id) {
+    return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{QString::number(id)});
+}
+
+/// Lo que se contesta antes de que una plantilla reemplace lo digitado.
+inline const QString kTraePlantilla =
+    "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?";
 
 /// Una plantilla puesta por SQL: encabezado y pares cuenta:débito:crédito en el libro dado.
 inline void ponga_plantilla(SesionGui& s, int id, const QString& tipo, const QString& prefijo,

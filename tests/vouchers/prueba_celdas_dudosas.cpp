@@ -243,8 +243,8 @@ private slots:
         Digitador d(s);
         registre_testigo("Tfnvacuenta");
         Tfmovimien* p = d.abra("CG", "05", "x");
-        se_dice("La cuenta especificada no existe. Desea Crearla?", "Sí",
-                [&] { d.linea({"110599"}); });
+        dice([&] { d.linea({"110599"}); }, "La cuenta especificada no existe. Desea Crearla?",
+             "Sí");
         Pantalla* ficha = s.escritorio.activa();
         QCOMPARE(ficha->objectName(), QString("Tfnvacuenta"));
         ficha->close(); // sin crearla
@@ -253,7 +253,7 @@ private slots:
         d.linea({"10"});
         const char* mensaje = "La cuenta 110599 no existe. Regístrela o escoja otra.";
         for (const auto tecla : {Qt::Key_Down, Qt::Key_F2}) {
-            se_dice(mensaje, [&] { oprima(tecla); });
+            dice([&] { oprima(tecla); }, mensaje);
             QVERIFY(p->CDetalle.editando());
         }
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));

@@ -113,8 +113,8 @@ private slots:
         ponga_comprobante(s, 1, "000022", "20170315", {"110505:100:0", "310505:0:100"});
         Editor solo(s);
         solo.p->PageControl1->setCurrentIndex(1);
-        se_dice("Desea borrar definitivamente el comprobante CG 0001 000022?", "Sí",
-                [&] { solo.p->SBBorrar->click(); });
+        dice([&] { solo.p->SBBorrar->click(); },
+             "Desea borrar definitivamente el comprobante CG 0001 000022?", "Sí");
         agote_eventos();
         QVERIFY(!solo.p);
     }
@@ -130,8 +130,8 @@ private slots:
         Editor solo(s);
         solo.p->CDetalle.First();
         QCOMPARE(solo.p->CDetalle.FieldByName("CODE_ITEM").texto(), QString("2"));
-        se_dice("Desea borrar definitivamente el comprobante CG 0001 000021?", "Sí",
-                [&] { solo.p->SBBorrar->click(); });
+        dice([&] { solo.p->SBBorrar->click(); },
+             "Desea borrar definitivamente el comprobante CG 0001 000021?", "Sí");
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         agote_eventos();
     }

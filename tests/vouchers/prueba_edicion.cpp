@@ -4,11 +4,6 @@
 
 namespace {
 
-/// Abre para editar el comprobante del id.
-Tfedtmovimien* edite(SesionGui& s, int id) {
-    return s.abra<Tfedtmovimien>("Tfedtmovimien", AbreComprobante{QString::number(id)});
-}
-
 const QStringList kCuadrado{"110505:100:0", "310505:0:100"};
 const char* const kNiif = "comprobante_detalle_niif";
 
@@ -24,7 +19,7 @@ private slots:
             {"insert into facturas (fact_id, pref_pre, fact_numero) values (9, 'FV', '00012')"});
         s.cnt.periodo_actual = 7;
         ponga_comprobante(s, 500, "000020", "20170315", kCuadrado, "comprobante_detalle", 31, 9);
-        Tfedtmovimien* p = edite(s, 500);
+        Tfedtmovimien* p = abra_edicion(s, 500);
         QVERIFY(p);
         QCOMPARE(p->EDia->text() + p->EMes->text() + p->EAno->text(), QString("15Marzo2017"));
         QCOMPARE(p->ano_saldos() + QString::number(p->mes_saldos()), QString("20173"));
@@ -41,7 +36,7 @@ private slots:
         p->close();
         Interlocutor i;
         i.espere("No se encontró el comprobante solicitado.");
-        QVERIFY(!edite(s, 12345));
+        QVERIFY(!abra_edicion(s, 12345));
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
@@ -72,7 +67,7 @@ private slots:
             d.configure("GENERAL", "FECHA DE BLOQUEO NIIF", c.bloqueo_niif);
             d.configure("COMPROBANTES", "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS",
                         c.ajenos);
-            Tfedtmovimien* p = edite(s, c.id);
+            Tfedtmovimien* p = abra_edicion(s, c.id);
             QCOMPARE(p->lineas_2649->rejilla->ReadOnly, c.lectura);
             QCOMPARE(p->lineas_niif->rejilla->ReadOnly, c.lectura_niif);
             QCOMPARE(p->SBGrabar->text(), QString(c.letrero));
@@ -94,7 +89,7 @@ private slots:
         Digitador d(s);
         ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
         ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0"}, kNiif);
-        Tfedtmovimien* p = edite(s, 1);
+        Tfedtmovimien* p = abra_edicion(s, 1);
         {
             Interlocutor i;
             i.espere("No puede grabar un comprobante NIIF descuadrado");
@@ -130,7 +125,7 @@ private slots:
         // un concepto de sesenta letras no tiene dónde poner el blanco y se graba igual
         s.base.ejecute(
             {"update comprobante_encabezado set enco_concepto = '" + QString(60, 'x') + "'"});
-        p = edite(s, 1);
+        p = abra_edicion(s, 1);
         p->lineas_2649->rejilla->setFocus();
         oprima(Qt::Key_F2);
         QCOMPARE(s.escritorio.abiertas().size(), 0);
@@ -142,7 +137,7 @@ private slots:
         SesionGui s;
         Digitador d(s);
         ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
-        Tfedtmovimien* p = edite(s, 1);
+        Tfedtmovimien* p = abra_edicion(s, 1);
         Interlocutor i;
         for (const int clave : {Qt::Key_F11, Qt::Key_F12}) {
             i.espere("Se presento el siguiente error: La lista no tiene la columna 12.");
@@ -154,7 +149,7 @@ private slots:
         p->DBEdit1->setFocus();
         oprima(Qt::Key_Escape); // sin cambios no pregunta
         QCOMPARE(s.escritorio.abiertas().size(), 0);
-        p = edite(s, 1);
+        p = abra_edicion(s, 1);
         p->DBEdit1->setFocus();
         digite("Otro");
         oprima(Qt::Key_Tab);
@@ -163,7 +158,7 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 0);
         QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado"), QString("Concepto"));
-        p = edite(s, 1);
+        p = abra_edicion(s, 1);
         p->lineas_2649->rejilla->setFocus();
         p->lineas_2649->rejilla->SelectedIndex(9);
         digite("250");
@@ -186,7 +181,7 @@ private slots:
         ponga_comprobante(s, 1, "000021", "20170315", {"111005:1:0", "310505:0:1"}, kNiif);
         s.base.ejecute({"update cuentas set cuen_eqniif = '111005' where cuen_cod = '110505'",
                         "update cuentas set cuen_eqniif = null where cuen_cod = '240805'"});
-        Tfedtmovimien* p = edite(s, 1);
+        Tfedtmovimien* p = abra_edicion(s, 1);
         auto* replicar = p->findChild<QAction*>("ReplicaraNIIF1");
         QVERIFY(replicar);
         {
@@ -239,7 +234,7 @@ private slots:
         // Sin el derecho de editar, grabar está apagado.
         for (const bool puede : {false, true}) {
             puede ? s.otorgue(30) : s.niegue(30);
-            Tfedtmovimien* p = edite(s, 1);
+            Tfedtmovimien* p = abra_edicion(s, 1);
             QCOMPARE(p->SBGrabar->isEnabled(), puede);
             p->close();
         }
@@ -247,7 +242,7 @@ private slots:
         {
             Interlocutor i;
             i.espere(kAccesoNegado);
-            edite(s, 1)->SBBorrar->click();
+            abra_edicion(s, 1)->SBBorrar->click();
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(s.escritorio.abiertas().size(), 0);
         }
@@ -257,7 +252,7 @@ private slots:
             i.espere("Debe utilizar la opcion " +
                      s.dato("select tido_nomlargo from tipo_documento where tido_cod = 31") +
                      " para borrar el comprobante");
-            Tfedtmovimien* p = edite(s, 2);
+            Tfedtmovimien* p = abra_edicion(s, 2);
             p->SBBorrar->click();
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             p->CMovimiento.CancelUpdates();
@@ -266,7 +261,7 @@ private slots:
         Interlocutor i;
         i.espere("Desea borrar definitivamente el comprobante CG 0001 000021?", "No");
         i.espere("Desea borrar definitivamente el comprobante CG 0001 000021?", "Sí");
-        Tfedtmovimien* p = edite(s, 1);
+        Tfedtmovimien* p = abra_edicion(s, 1);
         p->setFocus();
         oprima(Qt::Key_F3); // la tecla que anuncia el botón no borra
         QVERIFY(i.vistos().isEmpty());
@@ -300,19 +295,13 @@ private slots:
              "plde_debitos, plde_creditos) values (3, 5, '240805', 'línea', 40, 0)"});
         ponga_comprobante(s, 1, "000021", "20170315",
                           {"110505:100:0", "111005:1:0", "310505:0:101"});
-        Tfedtmovimien* p = edite(s, 1);
+        Tfedtmovimien* p = abra_edicion(s, 1);
         p->CDetalle.First();
         p->CDetalle.Next();
         Interlocutor i;
-        i.espere(
-            "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?",
-            "Sí");
+        i.espere(kTraePlantilla, "Sí");
         // la que nadie pidió es para el primer comprobante que se active
-        registre_testigo("TfOtra");
-        Pantalla* otra = pantallas().abrir("TfOtra");
-        otra->ofrezca<PidePlantilla>("3");
-        otra->close();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        escoja_sin_que_la_pidan("3");
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         QCOMPARE(p->CDetalle.valor_en(0, p->CDetalle.FieldByName("CUEN_COD")).texto(),
                  QString("110505"));

@@ -35,8 +35,6 @@ struct Filtrado : Digitador {
 };
 
 const char* const kDescuadrado = "No puede grabar un comprobante descuadrado";
-const char* const kReemplaza =
-    "Al traer la plantilla perderá los movimientos digitados en el comprobante, Continuar?";
 const char* const kSalir =
     "Desea salir del comprobante y perder los movimientos que no ha grabado?";
 
@@ -115,7 +113,7 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 1);
         ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
-        i.espere(kReemplaza, "Sí");
+        i.espere(kTraePlantilla, "Sí");
         oprima(Qt::Key_F11);
         plantillas.conteste("3");
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
@@ -146,7 +144,7 @@ private slots:
         p->ckFiltro->setChecked(false);
         filtre(*p, LineasLibro::kCuenta, "111005");
         QCOMPARE(p->CDetalle.RecordCount(), 1);
-        i.espere(kReemplaza, "Sí");
+        i.espere(kTraePlantilla, "Sí");
         registre_testigo("TfOtra");
         Pantalla* otra = pantallas().abrir("TfOtra");
         otra->ofrezca<PidePlantilla>("3");

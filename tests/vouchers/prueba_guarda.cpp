@@ -1,5 +1,6 @@
 // Lo que la base rehúsa por sí misma, venga de donde venga la orden, y lo que a propósito deja
 // pasar.
+#include "apoyo/archivos.h"
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
 
@@ -30,26 +31,21 @@ private:
     QString filas(const QString& sql) { return filas_de(base(), sql); }
     QString negativa(const QString& orden) { return negativa_de(base(), orden); }
     static QString negativa_de(Conexion& c, const QString& orden) {
-        try {
-            c.ejecute(orden);
-        } catch (const ErrorBase& e) {
-            return e.texto();
-        }
-        return QStringLiteral("(entró)");
+        return falla_de([&] { c.ejecute(orden); });
     }
     static QString encabezado(int id, const QString& numero, const QString& resto = "null, null") {
-        return QStringLiteral("insert into comprobante_encabezado (enco_consec, tico_cod,"
-                              " prco_pref, enco_numero, enco_fecha, terc_nit, enco_mandante)"
-                              " values (%1, 'CG', '0001', '%2', '20170310', %3)")
+        return QString("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, "
+                       "enco_numero, enco_fecha, terc_nit, enco_mandante) values (%1, 'CG', "
+                       "'0001', '%2', '20170310', %3)")
             .arg(id)
             .arg(numero, resto);
     }
     static QString linea(const QString& libro, const QString& valores) {
-        return QStringLiteral("insert into comprobante_detalle%1 (enco_consec, code_item, cuen_cod,"
-                              " code_debito, code_credito, arti_cod) values (%2)")
+        return QString("insert into comprobante_detalle%1 (enco_consec, code_item, cuen_cod, "
+                       "code_debito, code_credito, arti_cod) values (%2)")
             .arg(libro, valores);
     }
-    /// Cada maestro con alguien que lo nombra: un comprobante, un saldo, otra cuenta, un tercero.
+    /// Lo que las pantallas de los catálogos no alcanzan a borrar, con alguien que lo nombra.
     void ponga_todo_en_uso();
     /// Dos líneas 2649 cuadradas en el comprobante 1, con el check de réplica.
     void comprobante_replicado() {
@@ -57,8 +53,8 @@ private:
               {1, "000001", "20170310", {{1, "110505", 100, 0}, {2, "111005", 0, 100}}, {}, "S"});
     }
     QString libro_niif() {
-        return filas("select code_item, cuen_cod, code_debito, code_credito, code_itemrep"
-                     " from comprobante_detalle_niif order by 1");
+        return filas("select code_item, cuen_cod, code_debito, code_credito, code_itemrep from "
+                     "comprobante_detalle_niif order by 1");
     }
 
     std::optional<BaseDePrueba> base_;
@@ -68,16 +64,16 @@ void PruebaGuarda::lo_que_no_puede_ser_se_rehusa_y_se_dice_que_corregir() {
     base_->ejecute({"insert into cuentas (cuen_cod, cuen_nom) values ('11100501', 'Banco uno')",
                     encabezado(1, "1")});
     const QString fecha = "update comprobante_encabezado set enco_fecha = '%1'";
-    const QString inicial = "insert into saldos_iniciales%1 (sain_item, cuen_cod, sain_debito,"
-                            " arti_cod) values (1, %2)";
+    const QString inicial = "insert into saldos_iniciales%1 (sain_item, cuen_cod, sain_debito, "
+                            "arti_cod) values (1, %2)";
     const QString otra = " Escoja una de sus subcuentas.";
     const std::pair<QString, QString> casos[] = {
-        {fecha.arg("20170231"), "La fecha 2017/02/31 no existe. Corrija el día o el mes del "
-                                "comprobante."},
-        {fecha.arg("00000101"), "La fecha 0000/01/01 no existe. Corrija el día o el mes del "
-                                "comprobante."},
-        {fecha.arg("20171501"), "La fecha 2017/15/01 no existe. Corrija el día o el mes del "
-                                "comprobante."},
+        {fecha.arg("20170231"),
+         "La fecha 2017/02/31 no existe. Corrija el día o el mes del comprobante."},
+        {fecha.arg("00000101"),
+         "La fecha 0000/01/01 no existe. Corrija el día o el mes del comprobante."},
+        {fecha.arg("20171501"),
+         "La fecha 2017/15/01 no existe. Corrija el día o el mes del comprobante."},
         {fecha.arg("2017031"),
          "La fecha del comprobante \"2017031\" debe tener la forma aaaammdd."},
         {encabezado(2, ""), "Debe indicar el número del comprobante."},
@@ -119,10 +115,10 @@ void PruebaGuarda::lo_que_no_puede_ser_se_rehusa_y_se_dice_que_corregir() {
         QCOMPARE(negativa(orden), texto);
     // Lo que sí existe: los meses de ajustes y de cierre, hasta el 31, y cada código en su tabla.
     for (const char* f : {"20171331", "20171431", "20160229"})
-        QCOMPARE(negativa(fecha.arg(f)), QString("(entró)"));
-    QCOMPARE(negativa(linea("", "1, 2, '152405', 1, 0, 'ESC01'")), QString("(entró)"));
-    QCOMPARE(negativa(linea("_NIIF", "1, 2, '143505', 1, 0, 'MART01'")), QString("(entró)"));
-    QCOMPARE(filas("select count(*) from comprobante_encabezado"), QString("1"));
+        QCOMPARE(negativa(fecha.arg(f)), "(entró)");
+    QCOMPARE(negativa(linea("", "1, 2, '152405', 1, 0, 'ESC01'")), "(entró)");
+    QCOMPARE(negativa(linea("_NIIF", "1, 2, '143505', 1, 0, 'MART01'")), "(entró)");
+    QCOMPARE(filas("select count(*) from comprobante_encabezado"), "1");
 }
 
 void PruebaGuarda::los_importes_sin_digitar_son_cero() {
@@ -130,10 +126,9 @@ void PruebaGuarda::los_importes_sin_digitar_son_cero() {
                     linea("_NIIF", "1, 1, '110505', 7, null, null"),
                     "update comprobante_detalle set code_credito = null",
                     "insert into saldos_iniciales (sain_item, cuen_cod) values (1, '110505')"});
-    QCOMPARE(filas("select code_debito, code_credito from comprobante_detalle"), QString("0|0"));
-    QCOMPARE(filas("select code_debito, code_credito from comprobante_detalle_niif"),
-             QString("7|0"));
-    QCOMPARE(filas("select sain_debito, sain_credito from saldos_iniciales"), QString("0|0"));
+    QCOMPARE(filas("select code_debito, code_credito from comprobante_detalle"), "0|0");
+    QCOMPARE(filas("select code_debito, code_credito from comprobante_detalle_niif"), "7|0");
+    QCOMPARE(filas("select sain_debito, sain_credito from saldos_iniciales"), "0|0");
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
@@ -143,10 +138,10 @@ void PruebaGuarda::las_lineas_niif_quedan_donde_las_dejan_los_borrados_de_dos_or
     grabe(base(), completo);
     base_->ejecute({"delete from comprobante_detalle where enco_consec = 7",
                     "delete from comprobante_encabezado where enco_consec = 7"});
-    QCOMPARE(filas("select enco_consec, count(*), count(code_fecha)"
-                   " from comprobante_detalle_niif group by 1"),
-             QString("7|2|0"));
-    QCOMPARE(filas("select saldo from saldo_cuenta_niif('110505', '20171231')"), QString("0"));
+    QCOMPARE(filas("select enco_consec, count(*), count(code_fecha) from comprobante_detalle_niif "
+                   "group by 1"),
+             "7|2|0");
+    QCOMPARE(filas("select saldo from saldo_cuenta_niif('110505', '20171231')"), "0");
     // "Eliminarlo": las del id provisional también quedan, y no estorban al siguiente.
     ComprobanteEnTablas provisional = completo;
     provisional.id = 0;
@@ -157,46 +152,45 @@ void PruebaGuarda::las_lineas_niif_quedan_donde_las_dejan_los_borrados_de_dos_or
                     "update comprobante_detalle_niif set code_concepto = 'x' where enco_consec = 0",
                     encabezado(3, "3"),
                     "update comprobante_detalle_niif set enco_consec = 3 where enco_consec = 0"});
-    QCOMPARE(negativa("update comprobante_detalle_niif set enco_consec = 99 where enco_consec = 3"),
-             QString("No existe el comprobante al que pertenece la línea. Vuelva a abrirlo antes"
-                     " de grabar."));
-    QCOMPARE(filas("select saldo from saldo_cuenta_niif('110505', '20171231')"), QString("5"));
+    QCOMPARE(
+        negativa("update comprobante_detalle_niif set enco_consec = 99 where enco_consec = 3"),
+        "No existe el comprobante al que pertenece la línea. Vuelva a abrirlo antes de grabar.");
+    QCOMPARE(filas("select saldo from saldo_cuenta_niif('110505', '20171231')"), "5");
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaGuarda::una_cuenta_que_se_inactiva_no_impide_corregir_sus_lineas() {
     grabe(base(), {1, "000001", "20170310", {{1, "110505", 5, 0}, {2, "111005", 0, 5}}});
-    base_->ejecute({"update cuentas set cuen_activa = 'N' where cuen_cod = '110505'",
-                    "update comprobante_detalle set code_concepto = 'x', code_debito = 6"
-                    " where code_item = 1",
-                    "update comprobante_encabezado set enco_fecha = '20170311'"});
+    base_->ejecute(
+        {"update cuentas set cuen_activa = 'N' where cuen_cod = '110505'",
+         "update comprobante_detalle set code_concepto = 'x', code_debito = 6 where code_item = 1",
+         "update comprobante_encabezado set enco_fecha = '20170311'"});
     QCOMPARE(negativa("update comprobante_detalle set cuen_cod = '110505' where code_item = 2"),
-             QString("La cuenta 110505 está inactiva. Actívela o escoja otra."));
+             "La cuenta 110505 está inactiva. Actívela o escoja otra.");
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaGuarda::un_numero_es_el_mismo_con_o_sin_ceros_y_el_contador_no_retrocede() {
     const auto contador = [&] {
-        return filas("select pref_numero from prefijos_conta where tico_cod = 'RC'"
-                     " and prco_pref = '0002'");
+        return filas(
+            "select pref_numero from prefijos_conta where tico_cod = 'RC' and prco_pref = '0002'");
     };
-    const QString a_mano = "insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref,"
-                           " enco_numero, enco_fecha) values (%1, 'RC', '0002', '%2', '20170310')";
+    const QString a_mano = "insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, "
+                           "enco_numero, enco_fecha) values (%1, 'RC', '0002', '%2', '20170310')";
     base_->ejecute({"update prefijos_conta set pref_numero = '000500' where prco_pref = '0002'",
                     a_mano.arg(1).arg("777")});
-    QCOMPARE(contador(), QString("000500"));
+    QCOMPARE(contador(), "000500");
     for (const char* igual : {"777", "000777", " 777 ", "00000777"})
         QVERIFY2(negativa(a_mano.arg(2).arg(igual)) != "(entró)", igual);
     base_->ejecute({a_mano.arg(2).arg("12"), a_mano.arg(3).arg("500")});
-    QCOMPARE(contador(), QString("000501"));
+    QCOMPARE(contador(), "000501");
     base_->ejecute({a_mano.arg(4).arg("499"), a_mano.arg(5).arg("A-12")});
-    QCOMPARE(contador(), QString("000501"));
+    QCOMPARE(contador(), "000501");
     QCOMPARE(filas("select enco_numero from comprobante_encabezado order by enco_consec"),
-             QString("000777\n000012\n000500\n000499\nA-12"));
+             "000777\n000012\n000500\n000499\nA-12");
     // Un prefijo automático sí avanza hasta el mayor, y tampoco vuelve.
     base_->ejecute({encabezado(11, "40"), encabezado(12, "7")});
-    QCOMPARE(filas("select pref_numero from prefijos_conta where tico_cod = 'CG'"),
-             QString("000041"));
+    QCOMPARE(filas("select pref_numero from prefijos_conta where tico_cod = 'CG'"), "000041");
 }
 
 void PruebaGuarda::ponga_todo_en_uso() {
@@ -208,61 +202,26 @@ void PruebaGuarda::ponga_todo_en_uso() {
     base_->ejecute(
         {"insert into articulo (arti_cod, arti_des) values ('CLAVO', 'Clavo')",
          "insert into articulo (arti_cod, arti_des) values ('ESC01', 'Homónimo del activo')",
-         "insert into saldos_iniciales (sain_item, cuen_cod, arti_cod) values (1, '143505',"
-         " 'CLAVO')",
-         "update comprobante_detalle_niif set conc_cod = '02'",
+         "insert into saldos_iniciales (sain_item, cuen_cod, arti_cod) values (1, '143505', "
+         "'CLAVO')",
          "update comprobante_encabezado set terc_nit = '860002964', enco_mandante = '52345678'",
-         "insert into cuentas (cuen_cod, cuen_nom) values ('110520', 'Uno')",
-         "insert into cuentas (cuen_cod, cuen_nom) values ('110525', 'Dos')",
-         "insert into cuentas (cuen_cod, cuen_nom) values ('110530', 'Tres')",
          "insert into cuentas (cuen_cod, cuen_nom) values ('110535', 'Cuatro')",
-         "insert into cuentas_niif (cuen_cod, cuen_nom) values ('110520', 'Equivalente')",
-         "update cuentas set cuen_ctajuste = '110520', cuen_ctacorrecion = '110525' where cuen_cod"
-         " = '110505'",
-         "update cuentas set cuen_eqniif = '110520' where cuen_cod = '110505'",
          "update cuentas set cuen_ctajuste = '110535' where cuen_cod = '110535'",
-         "update terceros set terc_ctaventa = '110530' where terc_nit = '800456789'",
-         "insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto)"
-         " values (1, 'RC', '0002', 'Modelo')"});
+         "insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) values "
+         "(1, 'RC', '0002', 'Modelo')"});
 }
 
 void PruebaGuarda::lo_que_esta_en_uso_no_se_borra_ni_cambia_y_se_dice_donde() {
     ponga_todo_en_uso();
     const QString no = ": no se puede borrar ni cambiar de código.";
     const std::pair<QString, QString> casos[] = {
-        {"delete from cuentas_niif where cuen_cod = '110520'",
-         "La cuenta 110520 es la equivalente de la cuenta 110505: no se puede borrar. Cámbiela "
-         "allá primero."},
-        {"delete from cuentas where cuen_cod = '110520'",
-         "La cuenta 110520 es la cuenta de ajuste de la 110505: no se puede borrar. Cámbiela allá "
-         "primero."},
-        {"delete from cuentas where cuen_cod = '110525'",
-         "La cuenta 110525 es la contrapartida del ajuste de la 110505: no se puede borrar. "
-         "Cámbiela allá primero."},
-        {"delete from cuentas where cuen_cod = '110530'",
-         "La cuenta 110530 es una de las cuentas del tercero 800456789: no se puede borrar. "
-         "Cámbiela allá primero."},
-        {"delete from articulo where arti_cod = 'MART01'",
-         "El artículo MART01 está en el comprobante CG 0001 000001" + no},
-        {"update articulo set arti_cod = 'MART02' where arti_cod = 'MART01'",
-         "El artículo MART01 está en el comprobante CG 0001 000001" + no},
         {"delete from articulo where arti_cod = 'CLAVO'",
          "El artículo CLAVO está en los saldos iniciales" + no},
         {"delete from activos_fijos where acfj_cod = 'ESC01'",
          "El activo fijo ESC01 está en comprobantes" + no},
-        {"update concepto_contable set conc_cod = '03' where conc_cod = '02'",
-         "La categoría 02 está en el comprobante CG 0001 000001 (libro NIIF)" + no},
-        {"delete from terceros where terc_nit = '860002964'",
-         "El 860002964 es el tercero del comprobante CG 0001 000001: no se puede borrar ni cambiar "
-         "de NIT."},
         {"update terceros set terc_nit = '1' where terc_nit = '52345678'",
          "El 52345678 es el mandante del comprobante CG 0001 000001: no se puede borrar ni cambiar "
          "de NIT."},
-        {"update tipo_comprobante set tico_cod = 'CX' where tico_cod = 'CG'",
-         "El tipo CG tiene comprobantes registrados: no se puede cambiar su código."},
-        {"delete from prefijos_conta where tico_cod = 'CG'",
-         "El prefijo 0001 del tipo CG tiene comprobantes registrados: no se puede borrar ni "
-         "cambiar."},
         {"update prefijos_conta set prco_pref = '0009' where tico_cod = 'CG'",
          "El prefijo 0001 del tipo CG tiene comprobantes registrados: no se puede borrar ni "
          "cambiar."},
@@ -281,50 +240,47 @@ void PruebaGuarda::lo_que_nadie_usa_cambia_de_codigo_y_arrastra_a_quien_lo_nombr
     base_->ejecute(
         {"insert into cuentas (cuen_cod, cuen_nom, cuen_eqniif) values ('110520', 'Uno', null)",
          "insert into cuentas_niif (cuen_cod, cuen_nom) values ('110520', 'Equivalente')",
-         "update cuentas set cuen_ctajuste = '110520', cuen_ctacorrecion = '110520',"
-         " cuen_eqniif = '110520' where cuen_cod = '110505'",
-         "update terceros set terc_ctaventa = '110520', terc_ctaempl = '110505'"
-         " where terc_nit = '800456789'",
+         "update cuentas set cuen_ctajuste = '110520', cuen_ctacorrecion = '110520', cuen_eqniif = "
+         "'110520' where cuen_cod = '110505'",
+         "update terceros set terc_ctaventa = '110520', terc_ctaempl = '110505' where terc_nit = "
+         "'800456789'",
          "update activos_fijos set acfj_ctaconta = '110520', acfj_ctaniifc = '110520'",
-         "insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto)"
-         " values (1, 'RC', '0002', 'Modelo')",
+         "insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) values "
+         "(1, 'RC', '0002', 'Modelo')",
          "insert into formatos (tido_cod, pref_pre) values (1, 'RC')",
          "update cuentas set cuen_cod = '110540' where cuen_cod = '110520'",
          "update cuentas_niif set cuen_cod = '110550' where cuen_cod = '110520'",
          "update prefijos_conta set prco_pref = '0008' where prco_pref = '0002'",
          "update tipo_comprobante set tico_cod = 'RX' where tico_cod = 'RC'"});
-    QCOMPARE(filas("select cuen_ctajuste, cuen_ctacorrecion, cuen_eqniif from cuentas"
-                   " where cuen_cod = '110505'"),
-             QString("110540|110540|110550"));
-    QCOMPARE(filas("select terc_ctaventa, terc_ctaempl from terceros where terc_nit ="
-                   " '800456789'"),
-             QString("110540|110505"));
-    QCOMPARE(filas("select acfj_ctaconta, acfj_ctaniifc from activos_fijos"),
-             QString("110540|110550"));
-    QCOMPARE(filas("select tico_cod, prco_pref from plantilla_encabezado"), QString("RX|0008"));
-    QCOMPARE(filas("select pref_pre from formatos"), QString("RX"));
-    QCOMPARE(filas("select tico_cod, prco_pref from prefijos_conta where tico_cod starting 'R'"
-                   " order by 2"),
-             QString("RX|0001\nRX|0008"));
+    QCOMPARE(filas("select cuen_ctajuste, cuen_ctacorrecion, cuen_eqniif from cuentas where "
+                   "cuen_cod = '110505'"),
+             "110540|110540|110550");
+    QCOMPARE(filas("select terc_ctaventa, terc_ctaempl from terceros where terc_nit = '800456789'"),
+             "110540|110505");
+    QCOMPARE(filas("select acfj_ctaconta, acfj_ctaniifc from activos_fijos"), "110540|110550");
+    QCOMPARE(filas("select tico_cod, prco_pref from plantilla_encabezado"), "RX|0008");
+    QCOMPARE(filas("select pref_pre from formatos"), "RX");
+    QCOMPARE(filas("select tico_cod, prco_pref from prefijos_conta where tico_cod starting 'R' "
+                   "order by 2"),
+             "RX|0001\nRX|0008");
 }
 
 void PruebaGuarda::un_proyecto_con_centros_de_otras_agencias_no_se_borra_desde_la_suya() {
     const QString borre = "delete from proyectos where proy_cod = '0002'";
-    base_->ejecute({"insert into centros (proy_cod, cent_cod, cent_nom, sucu_id)"
-                    " values ('0002', '0003', 'Taller', 1)",
-                    "update configuracion set conf_valor = 'SI' where conf_propiedad ="
-                    " 'FILTRAR CENTROS DE COSTO POR AGENCIA'"});
+    base_->ejecute({"insert into centros (proy_cod, cent_cod, cent_nom, sucu_id) values ('0002', "
+                    "'0003', 'Taller', 1)",
+                    "update configuracion set conf_valor = 'SI' where conf_propiedad = 'FILTRAR "
+                    "CENTROS DE COSTO POR AGENCIA'"});
     Conexion auxiliar;
     auxiliar.conectar(base_->parametros("AUXILIAR"));
     QCOMPARE(negativa_de(auxiliar, borre),
-             QString("El proyecto 0002 tiene centros de otras agencias: 0001 Mostrador, 0003 "
-                     "Taller. No se puede"
-                     " borrar desde la suya."));
-    QCOMPARE(filas("select count(*) from centros where proy_cod = '0002'"), QString("3"));
+             "El proyecto 0002 tiene centros de otras agencias: 0001 Mostrador, 0003 Taller. No se "
+             "puede borrar desde la suya.");
+    QCOMPARE(filas("select count(*) from centros where proy_cod = '0002'"), "3");
     // Sin el filtro los ve todos y sabe lo que borra.
-    base_->ejecute({"update configuracion set conf_valor = 'NO' where conf_propiedad ="
-                    " 'FILTRAR CENTROS DE COSTO POR AGENCIA'"});
-    QCOMPARE(negativa_de(auxiliar, borre), QString("(entró)"));
+    base_->ejecute({"update configuracion set conf_valor = 'NO' where conf_propiedad = 'FILTRAR "
+                    "CENTROS DE COSTO POR AGENCIA'"});
+    QCOMPARE(negativa_de(auxiliar, borre), "(entró)");
 }
 
 void PruebaGuarda::un_auxiliar_y_una_linea_de_su_cuenta_no_entran_a_la_vez() {
@@ -339,31 +295,28 @@ void PruebaGuarda::un_auxiliar_y_una_linea_de_su_cuenta_no_entran_a_la_vez() {
         inserte_lineas(t, 1, {{1, "110505", 5, 5}});
         t.confirme();
         QCOMPARE(auxiliar.get(),
-                 QString("La cuenta 110505 tiene movimiento y no puede recibir auxiliares."));
+                 "La cuenta 110505 tiene movimiento y no puede recibir auxiliares.");
     }
     base_->ejecute({"delete from comprobante_detalle", "delete from comprobante_encabezado"});
     {
         // El auxiliar llegó primero: a quien graba se le rehúsa la línea.
         Transaccion t(otra, Transaccion::Modo::Escritura);
         otra.prepare(abra, t)->ejecute(t, {});
-        auto comprobante = std::async(std::launch::async, [&]() -> QString {
-            try {
+        auto comprobante = std::async(std::launch::async, [&] {
+            return falla_de([&] {
                 grabe(base(), {2, "000002", "20170310", {{1, "110505", 5, 5}}});
-            } catch (const ErrorBase& e) {
-                return e.texto();
-            }
-            return {};
+            });
         });
         t.confirme();
         QCOMPARE(comprobante.get(),
-                 QString("La cuenta 110505 tiene auxiliares definidos. Escoja uno de ellos."));
+                 "La cuenta 110505 tiene auxiliares definidos. Escoja uno de ellos.");
     }
-    QCOMPARE(filas("select count(*) from comprobante_encabezado"), QString("0"));
+    QCOMPARE(filas("select count(*) from comprobante_encabezado"), "0");
 }
 
 void PruebaGuarda::replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649() {
     comprobante_replicado();
-    QCOMPARE(libro_niif(), QString("1|110505|100|0|1\n2|111005|0|100|2"));
+    QCOMPARE(libro_niif(), "1|110505|100|0|1\n2|111005|0|100|2");
     // Lo que manda la pantalla: borra el libro y lo vuelve a digitar con otros números de línea.
     {
         Transaccion t(base(), Transaccion::Modo::Escritura);
@@ -375,13 +328,13 @@ void PruebaGuarda::replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649
     }
     base_->ejecute({"update comprobante_detalle set code_debito = 250 where code_item = 1",
                     "update comprobante_detalle set code_credito = 250 where code_item = 2"});
-    QCOMPARE(libro_niif(), QString("3|110505|250|0|1\n4|111005|0|250|2"));
+    QCOMPARE(libro_niif(), "3|110505|250|0|1\n4|111005|0|250|2");
     base_->ejecute({"delete from comprobante_detalle where code_item = 2",
-                    "insert into comprobante_detalle (enco_consec, code_item, cuen_cod,"
-                    " code_debito, code_credito) values (1, 3, '310505', 0, 250)"});
-    QCOMPARE(filas("select cuen_cod, code_debito, code_credito from comprobante_detalle_niif"
-                   " order by code_item"),
-             QString("110505|250|0\n310505|0|250"));
+                    "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, "
+                    "code_debito, code_credito) values (1, 3, '310505', 0, 250)"});
+    QCOMPARE(filas("select cuen_cod, code_debito, code_credito from comprobante_detalle_niif order "
+                   "by code_item"),
+             "110505|250|0\n310505|0|250");
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
@@ -394,22 +347,17 @@ void PruebaGuarda::un_libro_niif_distinto_sigue_siendo_del_usuario() {
                           "S"};
     grabe(base(), c);
     base_->ejecute({"update comprobante_detalle set code_debito = 250 where code_item = 1"});
-    QCOMPARE(libro_niif(), QString("1|110505|90|0|\n2|111005|0|90|"));
+    QCOMPARE(libro_niif(), "1|110505|90|0|\n2|111005|0|90|");
 }
 
 void PruebaGuarda::sin_equivalente_no_hay_media_replica() {
-    const QString falta = "La cuenta 111005 (línea 2) no tiene una cuenta NIIF equivalente que"
-                          " pueda llevar movimiento: la réplica quedaría descuadrada. Indíquela en"
-                          " la cuenta o quite el check de réplica.";
+    const QString falta = "La cuenta 111005 (línea 2) no tiene una cuenta NIIF equivalente que "
+                          "pueda llevar movimiento: la réplica quedaría descuadrada. Indíquela en "
+                          "la cuenta o quite el check de réplica.";
     base_->ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '111005'"});
-    try {
-        comprobante_replicado();
-        QFAIL("Se grabó una réplica a medias.");
-    } catch (const ErrorBase& e) {
-        QCOMPARE(e.texto(), falta);
-    }
-    QCOMPARE(filas("select count(*) from comprobante_encabezado"), QString("0"));
-    QCOMPARE(filas("select count(*) from comprobante_detalle_niif"), QString("0"));
+    QCOMPARE(falla_de([&] { comprobante_replicado(); }), falta);
+    QCOMPARE(filas("select count(*) from comprobante_encabezado"), "0");
+    QCOMPARE(filas("select count(*) from comprobante_detalle_niif"), "0");
     // Sin el check se graba, y ponerlo después tampoco hace media réplica.
     grabe(base(), {1, "000001", "20170310", {{1, "110505", 100, 0}, {2, "111005", 0, 100}}});
     QCOMPARE(negativa("update comprobante_encabezado set enco_repniif = 'S'"), falta);
@@ -419,7 +367,7 @@ void PruebaGuarda::sin_equivalente_no_hay_media_replica() {
     // Y una réplica hecha no se desarma porque la cuenta deje de tener equivalente.
     QCOMPARE(negativa("update comprobante_detalle set code_credito = 9 where code_item = 2"),
              falta);
-    QCOMPARE(libro_niif(), QString("1|110505|100|0|1\n2|111005|0|100|2"));
+    QCOMPARE(libro_niif(), "1|110505|100|0|1\n2|111005|0|100|2");
 }
 
 void PruebaGuarda::un_libro_que_pierde_sus_lineas_lo_deja_en_la_auditoria() {
@@ -440,9 +388,9 @@ void PruebaGuarda::un_libro_que_pierde_sus_lineas_lo_deja_en_la_auditoria() {
             base().prepare(orden, t)->ejecute(t, {});
         t.confirme();
     }
-    QCOMPARE(filas("select audi_iddoc, tido_cod, audi_oper from auditoria where tido_cod in"
-                   " (1, 1001) and audi_oper <> 'I' order by audi_id"),
-             QString("1|1|V\n2|1001|V\n3|1|M\n3|1|Q"));
+    QCOMPARE(filas("select audi_iddoc, tido_cod, audi_oper from auditoria where tido_cod in (1, "
+                   "1001) and audi_oper <> 'I' order by audi_id"),
+             "1|1|V\n2|1001|V\n3|1|M\n3|1|Q");
     // Borrado entero en una transacción: queda el borrado y no el vacío.
     {
         Transaccion t(base(), Transaccion::Modo::Escritura);
@@ -451,9 +399,9 @@ void PruebaGuarda::un_libro_que_pierde_sus_lineas_lo_deja_en_la_auditoria() {
             base().prepare(orden, t)->ejecute(t, {});
         t.confirme();
     }
-    QCOMPARE(filas("select audi_oper from auditoria where tido_cod = 1 and audi_iddoc = 2"
-                   " order by audi_id"),
-             QString("I\nM\nE"));
+    QCOMPARE(filas("select audi_oper from auditoria where tido_cod = 1 and audi_iddoc = 2 order by "
+                   "audi_id"),
+             "I\nM\nE");
 }
 
 QTEST_GUILESS_MAIN(PruebaGuarda)

@@ -33,9 +33,9 @@ private slots:
         d.asiento("110505", "310505", "10");
         const char* texto = "La cuenta 310505 (línea 2) no tiene una cuenta NIIF equivalente que "
                             "pueda llevar movimiento: la réplica quedaría descuadrada.";
-        se_dice(texto, [&] { oprima(Qt::Key_F2); });
+        dice(Qt::Key_F2, texto);
         QCOMPARE(d.celda("CUEN_COD"), QString("310505")); // el cursor quedó en ella
-        se_dice(texto, [&] { p->PageControl1->setCurrentIndex(1); });
+        dice([&] { p->PageControl1->setCurrentIndex(1); }, texto);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
         p->PageControl1->setCurrentIndex(0);
         // Con la equivalencia puesta el mismo F2 graba los dos libros.
@@ -93,9 +93,10 @@ private slots:
         Tfedtmovimien* p = abra_edicion(s, 1);
         p->DBCheckBox2->setFocus();
         oprima(Qt::Key_Space);
-        se_dice("Esta seguro de descartar la información de NIIF y reemplazarla por la "
-                "equivalencia?",
-                "Sí", [&] { componente<QAction>(p, "ReplicaraNIIF1").trigger(); });
+        dice([&] { componente<QAction>(p, "ReplicaraNIIF1").trigger(); },
+             "Esta seguro de descartar la información de NIIF y reemplazarla por la "
+             "equivalencia?",
+             "Sí");
         p->lineas_2649->rejilla->setFocus();
         oprima(Qt::Key_F2);
         QCOMPARE(niif(s), QString("110505:100.00:0.00::1,310505:0.00:100.00::2"));

@@ -129,7 +129,7 @@ private slots:
         d.abra();
         d.fila({"110505", "", "", "", "100", ""});
         d.fila({"310505", "", "", "", "", "99.99"});
-        se_dice("No puede grabar un comprobante descuadrado", [&] { oprima(Qt::Key_F2); });
+        dice(Qt::Key_F2, "No puede grabar un comprobante descuadrado");
         QVERIFY(d.saldos->CSaldos.State() == Estado::Edicion);
         QCOMPARE(s.dato("select count(*) from saldos_iniciales"), QString("0"));
         d.configure("GENERAL", "PERMITIR COMPROBANTES DESCUADRADOS", "SI");
@@ -220,7 +220,7 @@ private slots:
         };
         d.abra();
         for (const auto& c : casos) {
-            se_dice(c.rechazo, [&] { d.fila(c.celdas); });
+            dice([&] { d.fila(c.celdas); }, c.rechazo);
             QVERIFY(d.saldos->CSaldos.editando());
             oprima(Qt::Key_Escape);
         }
@@ -374,11 +374,11 @@ private slots:
         const QString pregunta =
             "Desea salir del comprobante y perder los movimientos que no ha grabado?";
         d.abra();
-        se_dice(pregunta, "No", [&] { oprima(Qt::Key_Escape); });
+        dice(Qt::Key_Escape, pregunta, "No");
         QCOMPARE(s.escritorio.abiertas().size(), 1);
         d.fila({"110505", "", "", "", "150", ""});
         componente<QPushButton>(d.saldos, "SBCancel").setFocus();
-        se_dice(pregunta, "Sí", [&] { oprima(Qt::Key_Escape); });
+        dice(Qt::Key_Escape, pregunta, "Sí");
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(s.dato("select count(*) from saldos_iniciales"), QString("0"));
     }
@@ -399,9 +399,9 @@ private slots:
                         "delete from terceros where terc_nit = '900123456'",
                         "insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, "
                         "sain_credito) values (1, '111005', 0, 0)"});
-        se_dice("Está borrando o insertando un registro en la tabla Saldiniciales que tiene una "
-                "relación con otra tabla. No está registrado lo que se indica en NIT 900123456.",
-                [&] { oprima(Qt::Key_F2); });
+        dice(Qt::Key_F2,
+             "Está borrando o insertando un registro en la tabla Saldiniciales que tiene una "
+             "relación con otra tabla. No está registrado lo que se indica en NIT 900123456.");
         QCOMPARE(s.escritorio.abiertas().size(), 1);
         QCOMPARE(s.dato(kTabla), QString("1:111005:::0.00:0.00,3:310505:::0.00:150.00"));
         QCOMPARE(d.saldos->CSaldos.ChangeCount(), 1);

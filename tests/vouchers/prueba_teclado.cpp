@@ -518,9 +518,7 @@ private slots:
         // La plantilla reemplaza todo, y también se deshace.
         ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
         const QStringList antes = valores_de(p->CDetalle, "CUEN_COD");
-        i.espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
-                 "Continuar?",
-                 "Sí");
+        i.espere(kTraePlantilla, "Sí");
         oprima(Qt::Key_F11);
         plantillas.conteste("1");
         QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"110505"}));
