@@ -188,7 +188,7 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     f.dato("TOTAL DEBITOS", 1630, fin + 16, F::Cierre);
     f.dato("TOTAL CREDITOS", 1910, fin + 16, F::Cierre);
     f.dato("MONTO LETRAS", 100, fin + 46, F::Cierre, kLetraMenuda);
-    const int firma = fin + 90;
+    const int firma = fin + 44; // bajan un renglón por línea, y siempre hay una
     const int campo = (kDerecha - kIzquierda) / int(firmas.size());
     f.dato("USUARIO REGISTRO", kIzquierda, firma - 22, F::CierreTrasElDetalle, kLetraMenuda);
     for (qsizetype i = 0; i < firmas.size(); ++i) {
@@ -204,7 +204,7 @@ void siembre_formatos(Conexion& compania) {
     cree_formato(compania, QStringLiteral("CE"), kRenglonesEgreso, "Pagado a",
                  {QStringLiteral("Elaboró"), QStringLiteral("Revisó"), QStringLiteral("Aprobó"),
                   QStringLiteral("Recibí conforme: C.C. o NIT")});
-    cree_formato(compania, QStringLiteral("0000"), 18, "Tercero",
+    cree_formato(compania, QStringLiteral("0000"), kRenglonesEgreso, "Tercero",
                  {QStringLiteral("Elaboró"), QStringLiteral("Revisó"), QStringLiteral("Aprobó")});
     compania.ejecute(
         QStringLiteral("update tipo_comprobante set tico_formato = 'S' where tico_cod = 'CE'"));
