@@ -14,7 +14,10 @@ contabilice_todos() {
 
 teclas shift+F10
 espere 0.8
-teclas shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab Up # el año
+teclas shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab Up shift+Tab # el año y el mes
+escriba "Ene"
+teclas Tab
+espere 0.8
 foto documentos_sin_contabilizar 1.5
 teclas Tab Tab Tab Tab space Tab
 solo_los_de 2018/01/15
@@ -60,7 +63,8 @@ espere 0.5
 teclas Escape
 foto el_que_falla_sigue_pendiente 1.5
 teclas ctrl+Home Home Up Tab Tab Tab ctrl+a Delete Return Down
-teclas shift+Tab space shift+Tab shift+Tab shift+Tab shift+Tab Down
+teclas shift+Tab space shift+Tab shift+Tab shift+Tab shift+Tab Down shift+Tab
+escriba "Feb"
 espere 0.8
 foto vuelta_al_ano_del_libro
 teclas Escape

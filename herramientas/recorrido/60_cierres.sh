@@ -107,12 +107,13 @@ escriba "2205"
 teclas Tab
 foto cierre_de_terceros 0.8
 teclas F2
+teclas ctrl+End # los de los impuestos ya estaban
 foto cierres_de_terceros 1.5
 teclas F4
 foto comprobante_del_cierre_de_terceros 1.5
 teclas Escape
 espere 0.5
-teclas F3 alt+s # Sí
+teclas ctrl+End F3 alt+s # Sí
 foto cierre_de_terceros_deshecho 1
 teclas Escape
 

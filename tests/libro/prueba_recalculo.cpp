@@ -86,14 +86,14 @@ private slots:
         // Se puede detener en cualquier trozo, también después de haber borrado.
         const QString mal = filas_de(c, "select * from verifique_saldos('2649')");
         QVERIFY(!mal.isEmpty());
-        for (const int donde : {5, 40, 80, 97}) {
+        for (const int donde : {5, 40, 80, 99}) {
             QCOMPARE(corra(donde).last(), -1);
             QCOMPARE(filas_de(c, "select * from verifique_saldos('2649')"), mal);
         }
         const QVector<int> todo = corra(101);
         QVERIFY(std::is_sorted(todo.begin(), todo.end()));
         QCOMPARE(todo.last(), 100);
-        QVERIFY2(todo.size() > 2 * 12, "un trozo por mes, al sumar y al rehacer");
+        QVERIFY2(todo.size() > 6, "un trozo por cuenta, al sumar y al rehacer");
         QCOMPARE(saldos_distintos(c), QString());
     }
 
@@ -104,6 +104,8 @@ private slots:
         c.conectar(servidor.parametros());
         vigia.conectar(servidor.parametros("SYSDBA"));
         grabe(c, {1, "000001", "20170210", venta(100), venta(100)});
+        c.ejecute("execute procedure compacte_saldos");
+        vigia.ejecute("update saldos_cuenta set sald_debito = sald_debito + 1");
         // Una secuencia no espera a que se confirme: dice hasta dónde va el servidor.
         for (const char* sql :
              {"create sequence prueba_avance", "grant usage on sequence prueba_avance to public",
