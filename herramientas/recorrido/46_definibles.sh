@@ -55,7 +55,7 @@ if [ -f "$trabajo/datos/002/quorvex.fdb" ]; then
     a_pdf resultados_consolidado 1
     teclas Tab space
     escriba "002"
-    teclas Tab
+    teclas Tab Tab
     escriba "Dic" # con todo el año: la segunda tiene cuentas que la primera no
     foto rango_consolidado
     teclas F2
