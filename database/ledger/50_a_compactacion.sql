@@ -103,8 +103,8 @@ SELECT S.CUEN_COD, ANO_INICIO('{LIBRO}'), cast(0 AS smallint), coalesce(S.TERC_N
 FROM SALDOS_INICIALES{_NIIF} S^
 
 -- Deja en SALDOS_LINEAS el resumen de las líneas del libro, y en SALDOS_DESBORDE las cuentas cuyos
--- importes no caben en una suma, que no se resumen. CIENTO es lo que va: una fila antes de empezar y
--- otra cada vez que cambia. Interna; la leen VERIFIQUE_LIBRO y RECALCULE_POR_PASOS.
+-- importes no caben en una suma, que no se resumen. CIENTO es lo que va: una fila antes de empezar
+-- y otra cada vez que cambia. Interna; la leen VERIFIQUE_LIBRO y RECALCULE_POR_PASOS.
 CREATE OR ALTER PROCEDURE RESUMA_LINEAS{_NIIF}
 RETURNS (CIENTO integer)
 AS
@@ -229,8 +229,8 @@ END^
 -- CORREGIDOS, ya comparados, cuántos estaban mal; cuáles, quedan en SALDOS_CORREGIDOS. Se lee hasta
 -- la última fila o se deshace la transacción. La llaman recalcule_saldos y CHEQUEO_SALDOS_CONTA.
 -- Exige una instantánea que escriba: de las cuentas que tienen algo mal borra lo que ella ve,
--- compactado y pendiente, y lo rehace con las líneas que ella ve; las demás no se tocan. Lo que otros
--- confirmen entretanto queda pendiente y no se pierde ni se cuenta dos veces. Si otro compactó
+-- compactado y pendiente, y lo rehace con las líneas que ella ve; las demás no se tocan. Lo que
+-- otros confirmen entretanto queda pendiente y no se pierde ni se cuenta dos veces. Si otro compactó
 -- mientras tanto hay un conflicto, y quien llama repite.
 CREATE OR ALTER PROCEDURE RECALCULE_POR_PASOS{_NIIF} (
   FECINI varchar(10), CTAINI varchar(20), CTAFIN varchar(20))
