@@ -230,8 +230,8 @@ END^
 -- la última fila o se deshace la transacción. La llaman recalcule_saldos y CHEQUEO_SALDOS_CONTA.
 -- Exige una instantánea que escriba: de las cuentas que tienen algo mal borra lo que ella ve,
 -- compactado y pendiente, y lo rehace con las líneas que ella ve; las demás no se tocan. Lo que
--- otros confirmen entretanto queda pendiente y no se pierde ni se cuenta dos veces. Si otro compactó
--- mientras tanto hay un conflicto, y quien llama repite.
+-- otros confirmen entretanto queda pendiente y no se pierde ni se cuenta dos veces. Si otro
+-- compactó mientras tanto hay un conflicto, y quien llama repite.
 CREATE OR ALTER PROCEDURE RECALCULE_POR_PASOS{_NIIF} (
   FECINI varchar(10), CTAINI varchar(20), CTAFIN varchar(20))
 RETURNS (CIENTO integer, CORREGIDOS integer)
