@@ -67,6 +67,13 @@ calma() {
         sleep 0.04
     done
 }
+# foco: en un equipo muy ocupado el gestor de ventanas puede no dárselo a nadie al cerrar un diálogo.
+foco() {
+    local duena
+    duena=$(xdotool getactivewindow getwindowpid 2>/dev/null) || true
+    [ "$duena" = "$programa" ] ||
+        xdotool search --onlyvisible --name "Quorvex 2018" windowactivate 2>/dev/null || true
+}
 # teclas F2 Return ...: cada una por aparte, con un respiro.
 teclas() {
     local tecla
@@ -128,6 +135,7 @@ a_pdf() {
         exit 1
     fi
     espere 0.3
+    foco
     pdftoppm -r 80 -png -l "$hojas" "$fotos/$nombre.pdf" "$fotos/${nombre}_hoja"
     pdfs=$((pdfs + 1))
     echo "     $nombre.pdf"
