@@ -67,7 +67,7 @@ calma() {
         sleep 0.04
     done
 }
-# foco: en un equipo muy ocupado el gestor de ventanas puede no dárselo a nadie al cerrar un diálogo.
+# foco: en un equipo muy ocupado, al cerrar un diálogo el teclado puede quedar sin dueño.
 foco() {
     local duena
     duena=$(xdotool getactivewindow getwindowpid 2>/dev/null) || true
