@@ -24,7 +24,9 @@ for cual in "$@"; do
     fi
     command -v montage >/dev/null || continue
     for datos in vacios corrientes extremos; do
-        montage -label '%t' "$fotos/${datos}_"*.png -tile 3x4 -geometry '660x400>+3+3' \
+        archivos=("$fotos/${datos}_"*.png)
+        # Reducidas al leerlas: a 200 % no caben juntas en la memoria que se le da.
+        montage -label '%t' "${archivos[@]/%/[660x400>]}" -tile 3x4 -geometry '660x400>+3+3' \
             "$fotos/hoja_${datos}_%02d.png"
     done
 done
