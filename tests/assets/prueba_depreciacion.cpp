@@ -2,6 +2,7 @@
 // libros, con deterioros y bajas de por medio.
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
+#include "apoyo/falla_sql.h"
 #include "assets/activo_de_prueba.h"
 
 #include "apoyo/azar_de_prueba.h"
@@ -27,14 +28,7 @@ private slots:
 private:
     Conexion& base() { return base_->base(); }
     Valor dato(const QString& sql) { return base().consulte(sql); }
-    QString falla(const QString& orden) {
-        try {
-            base().ejecute(orden);
-        } catch (const ErrorDatos& e) {
-            return e.texto();
-        }
-        return {};
-    }
+    QString falla(const QString& orden) { return falla_sql(base(), orden); }
     void grupo(int id, int metodo) {
         base().ejecute(QString("insert into activos_grupos (acgr_id, acgr_nom, acgr_tipodep) values"
                                " (%1, 'Grupo', %2)")

@@ -2,6 +2,7 @@
 // libros de su alcance, y borrarlo lo deja todo como estaba.
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
+#include "apoyo/falla_sql.h"
 #include "assets/activo_de_prueba.h"
 #include "ledger/libro_al_azar.h"
 
@@ -69,14 +70,7 @@ private slots:
 private:
     Conexion& base() { return base_->base(); }
     QString dato(const QString& sql) { return base().consulte(sql).texto(); }
-    QString falla(const QString& orden) {
-        try {
-            base().ejecute(orden);
-        } catch (const ErrorDatos& e) {
-            return e.texto();
-        }
-        return {};
-    }
+    QString falla(const QString& orden) { return falla_sql(base(), orden); }
     void conceptos_de_prueba();
     /// Una receta con esos conceptos, ya registrados.
     void receta(const QStringList& conceptos) {

@@ -8,11 +8,15 @@
 #include "reports/tfrngbalanceconsol.h"
 #include "reports/tfrngresulconsol.h"
 #include "toolkit/barraestado.h"
+#include "toolkit/lector_xls.h"
 
 #include <QCheckBox>
 #include <QDir>
+#include <QFileDialog>
+#include <QPushButton>
 #include <QScopeGuard>
 #include <QSpinBox>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -74,6 +78,24 @@ struct DosCompanias : SesionGui {
         p->CodCia1->setFocus();
         oprima(Qt::Key_Tab);
         return p;
+    }
+    /// La fila de esa cuenta en el libro exportado: sus celdas por título.
+    QMap<QString, CeldaLeida> exporte(FormaRango* f, const QString& cuenta) {
+        QTemporaryDir carpeta;
+        const QString ruta = carpeta.filePath("consolidado.xls");
+        Interlocutor i;
+        i.espere_modal("guardar_seleccion", [&](QWidget* w) {
+            static_cast<QFileDialog*>(w)->selectNameFilter("Microsoft Excel Workbook (*.xls)");
+            w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
+            QMetaObject::invokeMethod(w, "accept");
+        });
+        componente<QPushButton>(f, "botonExportar").click();
+        const LectorXls libro(ruta);
+        QMap<QString, CeldaLeida> celdas;
+        for (int fila = 1; !libro.hojas.isEmpty() && fila < libro.hojas[0].filas_declaradas; ++fila)
+            for (int c = 0; libro.hojas[0].valor(fila, 0) == cuenta && c < 20; ++c)
+                celdas[libro.hojas[0].valor(0, c).toString()] = libro.hojas[0].celdas[{fila, c}];
+        return celdas;
     }
     /// Filas de una compañía por código, con los argumentos del informe.
     QMap<QString, QStringList> filas(Conexion& c, const QString& sql) {
@@ -269,6 +291,18 @@ private slots:
         QCOMPARE(renglon_con(texto, "Total activo"), QString("Total activo 1,050.00"));
         QVERIFY(renglon_con(texto, "Resultado del ejercicio en curso").endsWith("1,000.00"));
         QVERIFY(s.barra.text().contains("2 cuentas"));
+        // El libro exportado lleva lo mismo, con su código en texto, su importe y su sangría.
+        for (const char* tipo : {"P", "G"}) {
+            const auto fila =
+                s.exporte(s.pantalla<Tfrngbalanceconsol>("Tfrngbalanceconsol", tipo), "1105");
+            QCOMPARE(fila["Código"].formato, QString("@"));
+            QCOMPARE(fila["Saldo final"].valor, QVariant(1000.0));
+            QCOMPARE(fila["Nombre"].sangria, 2);
+        }
+        const auto fila = s.exporte(s.pantalla<Tfrngresulconsol>("Tfrngresulconsol", "G"), "4135");
+        QCOMPARE(fila["Código"].formato, QString("@"));
+        QCOMPARE(fila["Nombre"].sangria, 2);
+        QCOMPARE(qAbs(fila["Saldo final"].valor.toDouble()), 1000.0);
     }
 
     void en_un_servidor_la_segunda_se_abre_con_las_credenciales_de_la_sesion() {
