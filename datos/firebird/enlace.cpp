@@ -75,10 +75,7 @@ void atienda(const std::shared_ptr<Pedido>& pedido, const ParametrosConexion& p)
     }
     const std::lock_guard cierre(pedido->candado);
     if (pedido->abandonado && enlace) {
-        fbc::Estado estado;
-        enlace->detach(&estado);
-        if (estado.fallo())
-            enlace->release();
+        fbc::despida(enlace);
         return;
     }
     pedido->enlace = enlace;
@@ -93,6 +90,13 @@ namespace fbc {
 
 bool es_remota(const QString& base) {
     return base.indexOf(':') > 1; // "C:\..." es un archivo
+}
+
+void despida(IAttachment* enlace) noexcept {
+    Estado estado;
+    enlace->detach(&estado);
+    if (estado.fallo())
+        enlace->release();
 }
 
 IAttachment* pida_enlace(const ParametrosConexion& parametros, bool crear, int paginas_cache,

@@ -37,14 +37,12 @@ QString equipo_de(const ParametrosConexion& p) {
     return p.base.section(':', 0, 0);
 }
 
-/// El servidor contesta: aunque sea que no. La prueba corre aparte porque puede no volver.
+/// El servidor contesta: aunque sea que no. Todo lo que puede no volver, también la despedida,
+/// corre en otro hilo: un vigía que espera no vigila.
 bool atiende(const ParametrosConexion& parametros, int espera_ms) {
     try {
         IAttachment* enlace = fbc::pida_enlace(parametros, false, 0, espera_ms);
-        fbc::Estado suelta;
-        enlace->detach(&suelta);
-        if (suelta.fallo())
-            enlace->release();
+        std::thread(fbc::despida, enlace).detach();
         return true;
     } catch (const ErrorBase& e) {
         return !e.conexion_perdida();

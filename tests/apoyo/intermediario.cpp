@@ -67,8 +67,13 @@ void Intermediario::calle() {
     pida([this] { callado_ = true; });
 }
 
+void Intermediario::calle_al_entrar_tras(qint64 octetos) {
+    pida([=, this] { silencio_al_entrar_ = octetos; });
+}
+
 void Intermediario::atienda() {
     pida([this] {
+        silencio_al_entrar_ = silencio_ = -1;
         callado_ = cortado_ = false;
         tope_[0] = tope_[1] = -1;
     });
@@ -105,6 +110,8 @@ void Intermediario::entre() {
     sin_demora(cliente);
     sin_demora(servidor);
     pares_.push_back({cliente, servidor});
+    if (silencio_al_entrar_ >= 0)
+        silencio_ = pasados_[HaciaServidor] + std::exchange(silencio_al_entrar_, -1);
 }
 
 /// Pasa lo que haya en un sentido; falso si ese lado cerró o llegó la hora de cortar.
@@ -118,6 +125,10 @@ bool Intermediario::pase(const Par& par, Sentido sentido) {
     const qint64 tope = tope_[sentido];
     const qint64 cabe =
         tope < 0 ? n : qBound<qint64>(0, tope - pasados_[sentido].load(), qint64(n));
+    callado_ =
+        silencio_ >= 0 && pasados_[HaciaServidor] + (sentido == HaciaServidor ? n : 0) > silencio_;
+    if (callado_)
+        return true;
     for (qint64 van = 0; van < cabe;) {
         const ssize_t m = ::send(a, bufer + van, size_t(cabe - van), MSG_NOSIGNAL);
         if (m <= 0)

@@ -35,6 +35,8 @@ public:
     void corte_tras(Sentido sentido, qint64 octetos);
     /// Deja de pasar datos sin cerrar nada: una red muerta. Lo que llega se queda en espera.
     void calle();
+    /// Calla cuando la próxima conexión que entre haya enviado `octetos`.
+    void calle_al_entrar_tras(qint64 octetos);
     /// Vuelve a dejar pasar y entrar, sin cortes pendientes.
     void atienda();
     /// Hubo un corte desde el último `atienda`.
@@ -57,7 +59,8 @@ private:
     std::vector<Par> pares_;
     std::atomic<qint64> pasados_[2] = {0, 0};
     std::atomic<bool> cortado_{false};
-    qint64 tope_[2] = {-1, -1}; ///< octetos en total en que se corta; -1 si no
+    qint64 tope_[2] = {-1, -1};                      ///< octetos en total en que se corta; -1 si no
+    qint64 silencio_al_entrar_ = -1, silencio_ = -1; ///< octetos hacia el servidor; -1 si no
     bool callado_ = false, sale_ = false;
     std::mutex candado_;
     std::condition_variable hecho_;

@@ -445,6 +445,29 @@ private slots:
         QVERIFY(perdidas > 5);
     }
 
+    void la_red_que_calla_mientras_el_vigia_prueba_tampoco_lo_congela() {
+        const LimitesDeRed antes = limites_de_red();
+        qint64 entrada = red_->pasados(Intermediario::HaciaServidor);
+        {
+            Conexion medida;
+            medida.conectar(red_->por_aqui(servidor_->parametros("SYSDBA")));
+            entrada = red_->pasados(Intermediario::HaciaServidor) - entrada;
+        }
+        // A media entrada de la prueba, al terminarla y en su despedida.
+        for (const qint64 n : {entrada / 2, entrada - 2, entrada + 2, entrada + 8}) {
+            Conexion c;
+            c.conectar(red_->por_aqui(servidor_->parametros("SYSDBA")));
+            limites_de_red({100, 1000, 2000});
+            red_->calle_al_entrar_tras(n);
+            QVERIFY_EXCEPTION_THROWN(
+                c.consulte("select count(*) from larga a, larga b where a.nom <> b.nom"),
+                ErrorBase);
+            red_->atienda();
+            limites_de_red(antes);
+            QCOMPARE(c.consulte("select count(*) from larga").entero(), qint64(3000));
+        }
+    }
+
     void una_red_muda_no_deja_congelado_al_programa() {
         const LimitesDeRed antes = limites_de_red();
         limites_de_red({200, 1500, 2000}); // un equipo ocupado también contesta a tiempo
