@@ -116,11 +116,22 @@ int AnchosRejilla::texto_mas_largo(int columna, int desde, int hasta) const {
 
 int AnchosRejilla::contenido(int columna, int desde, int hasta) const {
     const ModeloConjunto& modelo = rejilla_.modelo();
+    const bool cifras = modelo.numerica(columna);
     int ancho = 0;
-    for (int f = desde; f < qMin(hasta, desde + kFilasMedidas); ++f)
+    qsizetype largo[2] = {-1, -1}; // sin y con negrilla
+    for (int f = desde; f < qMin(hasta, desde + kFilasMedidas); ++f) {
+        // De las cifras basta medir las de más letras: medir un texto es lo que cuesta.
+        if (cifras) {
+            qsizetype& visto = largo[rejilla_.aspecto_de(f).letra.bold()];
+            const qsizetype n = modelo.texto(f, columna).size();
+            if (n < visto)
+                continue;
+            visto = n;
+        }
         ancho =
             qMax(ancho, rejilla_.itemDelegate()->sizeHint({}, modelo.index(f, columna)).width());
-    if (modelo.numerica(columna))
+    }
+    if (cifras)
         return qMax(ancho, ancho_de_cifra(columna, desde, hasta));
     return es_texto_largo(columna) ? ancho : qMax(ancho, texto_mas_largo(columna, desde, hasta));
 }

@@ -101,19 +101,20 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
         if (salto >= 0)
             texto = texto.left(salto) + QStringLiteral(" …");
         // Un importe recortado se leería como otro importe.
-        if (medidas.horizontalAdvance(texto) > hueco.width())
+        int ancho = medidas.horizontalAdvance(texto);
+        if (ancho > hueco.width()) {
             static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())
                 ->anchos()
                 .pida(indice.column(), sizeHint(opcion, indice).width());
-        if (medidas.horizontalAdvance(texto) > hueco.width())
             texto =
                 modelo.numerica(indice.column())
                     ? QString(qMax(1, hueco.width() / qMax(1, medidas.horizontalAdvance('#'))), '#')
                     : medidas.elidedText(texto, Qt::ElideRight, hueco.width());
+            ancho = medidas.horizontalAdvance(texto);
+        }
         pintor->drawText(hueco, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
                          texto);
-        pinte_acompanante(
-            *pintor, hueco.adjusted(medidas.horizontalAdvance(texto) + 2 * aire, 0, 0, 0), indice);
+        pinte_acompanante(*pintor, hueco.adjusted(ancho + 2 * aire, 0, 0, 0), indice);
     }
 
     if (indice == rejilla_.currentIndex()) {
