@@ -2,6 +2,7 @@
 
 #include "budget/pch.h"
 #include "budget/peticiones_presupuesto.h"
+#include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
 
 namespace {
@@ -114,12 +115,7 @@ void Tfnvopresup::muestre_nombre() {
     const QString cuenta = CPresupuesto.Active() && !CPresupuesto.IsEmpty()
                                ? CPresupuesto.FieldByName("CUEN_COD").texto()
                                : QString();
-    NomCuenta->setText(
-        cuenta.isEmpty()
-            ? QString()
-            : CBorrar
-                  .valor_unico("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(cuenta))
-                  .texto());
+    NomCuenta->setText(nombre_en_el_plan(fdm().Quorvex, Libro::Decreto2649, cuenta));
 }
 
 void Tfnvopresup::CUEN_CODChange(Campo& cuenta) {

@@ -1,6 +1,7 @@
 #include "exchange/forma_mantenimiento.h"
 
 #include "exchange/pch.h"
+#include "libro/catalogos.h"
 #include "toolkit/controles/fecha_contable.h"
 
 #include <QScopeGuard>
@@ -144,9 +145,7 @@ Libro FormaMantenimiento::libro() const {
 }
 
 QString FormaMantenimiento::exija_cuenta(const QString& cuenta) {
-    const QString nombre = dato(QStringLiteral("select cuen_nom from %1 where cuen_cod = ")
-                                    .arg(QLatin1String(datos(libro()).cuentas)) +
-                                QuotedStr(cuenta));
+    const QString nombre = nombre_en_el_plan(fdm().Quorvex, libro(), cuenta);
     if (nombre.isEmpty())
         muestre_mensaje("La cuenta " + cuenta + " no existe.");
     return nombre;

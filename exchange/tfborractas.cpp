@@ -1,6 +1,7 @@
 #include "exchange/tfborractas.h"
 
 #include "exchange/pch.h"
+#include "libro/catalogos.h"
 
 namespace {
 constexpr const char* kSinInicial = "No se encontró la cuenta inicial.";
@@ -22,7 +23,7 @@ Tfborractas::Tfborractas() : FormaMantenimiento("Tfborractas", "Borrar plan de c
 }
 
 QString Tfborractas::nombre(const QString& cuenta, const char* mensaje) {
-    const QString n = dato("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(cuenta));
+    const QString n = nombre_en_el_plan(fdm().Quorvex, Libro::Decreto2649, cuenta);
     if (n.isEmpty())
         muestre_mensaje(mensaje);
     return n;

@@ -2,6 +2,7 @@
 
 #include "datos/firebird/reloj.h"
 #include "exchange/pch.h"
+#include "libro/catalogos.h"
 
 Tfcreactamov::Tfcreactamov() : FormaMantenimiento("Tfcreactamov", "Abrir auxiliar") {
     ckniif = casilla("ckniif", "Información NIIF");
@@ -14,8 +15,7 @@ Tfcreactamov::Tfcreactamov() : FormaMantenimiento("Tfcreactamov", "Abrir auxilia
     CUEN_EQNIIF = caja("CUEN_EQNIIF", 20);
     NomEquivalente = rotulo("NomEquivalente");
     connect(CUEN_EQNIIF, &QLineEdit::textChanged, this, [this](const QString& cuenta) {
-        NomEquivalente->setText(
-            dato("select cuen_nom from cuentas_niif where cuen_cod = " + QuotedStr(cuenta)));
+        NomEquivalente->setText(nombre_en_el_plan(fdm().Quorvex, Libro::Niif, cuenta));
     });
     connect(ckniif, &QCheckBox::toggled, this,
             [this](bool niif) { CUEN_EQNIIF->setEnabled(!niif); });
@@ -31,10 +31,7 @@ Tfcreactamov::Tfcreactamov() : FormaMantenimiento("Tfcreactamov", "Abrir auxilia
 
 void Tfcreactamov::CUEN_CODChange(const QString& cuenta) {
     Padre->clear();
-    const QString tabla = QLatin1String(datos(libro()).cuentas);
-    if (!dato(QStringLiteral("select cuen_nom from %1 where cuen_cod = ").arg(tabla) +
-              QuotedStr(cuenta))
-             .isEmpty()) {
+    if (!nombre_en_el_plan(fdm().Quorvex, libro(), cuenta).isEmpty()) {
         muestre_mensaje((es_niif(libro()) ? "La cuenta NIIF " : "La cuenta ") + cuenta +
                         " ya existe.");
         return;
@@ -50,9 +47,7 @@ void Tfcreactamov::CUEN_CODChange(const QString& cuenta) {
     CUEN_RETENCION->setChecked(atributos->retencion == "S");
     if (!es_niif(libro()) && CUEN_EQNIIF->text().isEmpty())
         CUEN_EQNIIF->setText(atributos->equivalente);
-    const QString nombre = dato(
-        QStringLiteral("select cuen_nom from %1 where cuen_cod = ").arg(tabla) + QuotedStr(padre));
-    Padre->setText("de " + padre + ' ' + nombre);
+    Padre->setText("de " + padre + ' ' + nombre_en_el_plan(fdm().Quorvex, libro(), padre));
 }
 
 bool Tfcreactamov::corra() {

@@ -82,6 +82,16 @@ QString nombre_de_cuenta(Conexion& conexion, Libro libro, const QString& cuenta,
     return {};
 }
 
+QString nombre_en_el_plan(Conexion& conexion, Libro libro, const QString& cuenta) {
+    if (cuenta.isEmpty())
+        return {};
+    // En el texto y no como parámetro: uno más largo que la columna no está, y no es una falla.
+    return primera(conexion, QStringLiteral("select cuen_nom from %1 where cuen_cod = ")
+                                     .arg(datos(libro).cuentas) +
+                                 QuotedStr(cuenta))
+        .texto();
+}
+
 QString nombre_de_tercero(Conexion& conexion, const QString& nit) {
     return primera(conexion,
                    "select terc_nom from terceros where terc_estado = 'S' and terc_nit = ?", {nit})

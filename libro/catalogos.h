@@ -27,6 +27,8 @@ std::optional<Rechazo> revise_cuenta(Conexion& conexion, Libro libro, const QStr
 /// Nombre de la cuenta; vacío si no existe. Inactiva: vacío, y en `rechazo` la razón.
 QString nombre_de_cuenta(Conexion& conexion, Libro libro, const QString& cuenta,
                          std::optional<Rechazo>& rechazo);
+/// El nombre con que está en el plan, activa o no; vacío si no está.
+QString nombre_en_el_plan(Conexion& conexion, Libro libro, const QString& cuenta);
 
 /// El tercero existe y está activo.
 bool tercero_activo(Conexion& conexion, const QString& nit);

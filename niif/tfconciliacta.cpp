@@ -1,5 +1,6 @@
 #include "niif/tfconciliacta.h"
 
+#include "libro/catalogos.h"
 #include "niif/pch.h"
 #include "niif/peticiones_niif.h"
 
@@ -60,11 +61,7 @@ void Tfconciliacta::FormCreate() {
     CDetalle.PacketRecords = -1;
     CDetalle.Instantanea = true;
     const auto p = peticion<AbreConciliacionCuenta>();
-    const QString nombre =
-        fdm()
-            .Quorvex
-            .consulte("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(p.cuenta))
-            .texto();
+    const QString nombre = nombre_en_el_plan(fdm().Quorvex, Libro::Decreto2649, p.cuenta);
     NomCuenta->setText(
         p.cuenta + ' ' + nombre + "  ›  " +
         (p.mes == 0 ? "al comenzar " + p.ano

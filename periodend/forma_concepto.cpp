@@ -1,5 +1,6 @@
 #include "periodend/forma_concepto.h"
 
+#include "libro/catalogos.h"
 #include "periodend/pch.h"
 #include "periodend/peticiones_cierre.h"
 #include "sesion/ayuda_al_teclear.h"
@@ -221,13 +222,8 @@ void FormaConcepto::al_llegar_a_la_linea() {
         return;
     }
     const auto nombre = [this](const char* columna, QLineEdit* caja) {
-        const QString cuenta = CCuentas.FieldByName(columna).texto();
-        caja->setText(cuenta.isEmpty()
-                          ? QString()
-                          : CBorrar
-                                .valor_unico("select cuen_nom from cuentas where cuen_cod = " +
-                                             QuotedStr(cuenta))
-                                .texto());
+        caja->setText(nombre_en_el_plan(fdm().Quorvex, Libro::Decreto2649,
+                                        CCuentas.FieldByName(columna).texto()));
         caja->setCursorPosition(0);
     };
     nombre("CUEN_COD", NomCuenta);

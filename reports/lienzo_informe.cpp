@@ -1,6 +1,7 @@
 #include "reports/lienzo_informe.h"
 
 #include "datos/firebird/reloj.h"
+#include "libro/catalogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -131,10 +132,7 @@ void LienzoInforme::componga() {
         lugares_[{&c, fila}] = lugar;
     };
     informe.nom_cuenta = [](const QString& cuenta) {
-        return fdm()
-            .CBorrar
-            .valor_unico("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(cuenta))
-            .texto();
+        return nombre_en_el_plan(fdm().Quorvex, Libro::Decreto2649, cuenta);
     };
     informe.imprime_pagina(*hojas, informes::papel_de_impresora(), pagina_);
     hojas_ = std::move(hojas);

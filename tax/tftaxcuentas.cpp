@@ -1,5 +1,6 @@
 #include "tax/tftaxcuentas.h"
 
+#include "libro/catalogos.h"
 #include "sesion/tfdm.h"
 #include "tax/cuentas_configuradas.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -15,11 +16,7 @@ Tftaxcuentas::Tftaxcuentas() : RejillaConfiguracion("Tftaxcuentas", "Cuentas del
     c.calculado("NomCuenta", ClaseCampo::Texto, 60).etiqueta("Nombre");
     c.OnCalcFields = [&c] {
         c.FieldByName("NomCuenta") =
-            fdm()
-                .Quorvex
-                .consulte("select cuen_nom from cuentas_niif where cuen_cod = " +
-                          QuotedStr(c.FieldByName("CUEN_COD").texto()))
-                .texto();
+            nombre_en_el_plan(fdm().Quorvex, Libro::Niif, c.FieldByName("CUEN_COD").texto());
     };
     atienda_cuenta(
         *this, cuenta,

@@ -1,5 +1,6 @@
 #include "vouchers/forma_planilla.h"
 
+#include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "vouchers/pch.h"
@@ -304,12 +305,7 @@ void FormaPlanilla::CuentasAfterScroll() {
     const QString cuenta = CCuentas.Active() && !CCuentas.IsEmpty()
                                ? CCuentas.FieldByName("PLDC_CUENTA").texto()
                                : QString();
-    NomCuenta->setText(
-        cuenta.isEmpty()
-            ? QString()
-            : CBorrar
-                  .valor_unico("select cuen_nom from cuentas where cuen_cod = " + QuotedStr(cuenta))
-                  .texto());
+    NomCuenta->setText(nombre_en_el_plan(fdm().Quorvex, Libro::Decreto2649, cuenta));
 }
 
 void FormaPlanilla::busque_cuenta(const QString& texto) {

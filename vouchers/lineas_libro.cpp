@@ -1,5 +1,6 @@
 #include "vouchers/lineas_libro.h"
 
+#include "libro/catalogos.h"
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
 #include "toolkit/estilo.h"
@@ -513,7 +514,7 @@ void LineasLibro::muestre_nombres() {
                                                    QuotedStr(codigo))
                                       .texto();
     };
-    NomCuenta->setText(nombre("cuen_nom", datos(libro).cuentas, "cuen_cod", cuenta()));
+    NomCuenta->setText(nombre_en_el_plan(detalle.conexion(), libro, cuenta()));
     NomTerc->setText(nombre("terc_nom", "terceros", "terc_nit", nit));
     NomProy->setText(nombre("proy_nom", "proyectos", "proy_cod", proyecto));
     NomCent->setText(nombre_de_centro(detalle.conexion(), proyecto, campo(n_.centro).texto()));
