@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr int kCopias = 9; ///< nombres para la copia que se prueba en un servidor
+
 void exija_sola(const ParametrosConexion& base) {
     Conexion c;
     c.conectar(base);
@@ -29,12 +31,17 @@ ParametrosConexion con_sufijo(const ParametrosConexion& base, const QString& suf
     return otra;
 }
 
-/// El recuento de una base que abre y es de este sistema; nada si no la hay o quedó a medias.
+/// El recuento de una base que abre y es de este sistema; nada si no la hay o quedó a medias. Una
+/// red que falla no dice que no la haya: lanza.
 std::optional<QMap<QString, QString>> contenido(const ParametrosConexion& base) {
     try {
         const auto cuenta = recuento_de(base);
         exija_contenido(cuenta);
         return cuenta;
+    } catch (const ErrorBase& e) {
+        if (e.conexion_perdida())
+            throw;
+        return {};
     } catch (const ErrorDatos&) {
         return {};
     }
@@ -120,13 +127,27 @@ QMap<QString, QString> restaure_aqui(const QString& archivo, const ParametrosCon
     return cuenta;
 }
 
-/// Nombre para la copia probada en el servidor: nunca el de otra que aún sirva.
-ParametrosConexion lugar_de_prueba(const ParametrosConexion& base) {
+/// Restaura y revisa en el servidor con un nombre que no sea el de otra copia que aún sirva, ni el
+/// de una que alguien tenga en uso: la de un equipo que se apagó a la mitad lo está un buen rato.
+ParametrosConexion restaure_aparte(const QString& archivo, const ParametrosConexion& base,
+                                   TipoBase tipo, QMap<QString, QString>& cuenta) {
     for (int i = 1;; ++i) {
         const ParametrosConexion lugar = con_sufijo(
             base, i == 1 ? QStringLiteral(".restaurada") : QStringLiteral(".restaurada%1").arg(i));
-        if (!contenido(lugar))
+        if (contenido(lugar))
+            continue;
+        try {
+            cuenta = restaure_y_revise(archivo, lugar, tipo);
             return lugar;
+        } catch (const ErrorBase& e) {
+            if (e.clase() == ClaseFalla::EnUso && i < kCopias)
+                continue;
+            borre(lugar);
+            throw;
+        } catch (...) {
+            borre(lugar);
+            throw;
+        }
     }
 }
 
@@ -147,14 +168,8 @@ void aparte_en_servidor(const ParametrosConexion& base, const QMap<QString, QStr
 // completas, la restaurada y la anterior.
 QMap<QString, QString> restaure_en_servidor(const QString& archivo, const ParametrosConexion& base,
                                             TipoBase tipo, const PasoRestauracion& paso) {
-    const ParametrosConexion lista = lugar_de_prueba(base);
     QMap<QString, QString> cuenta;
-    try {
-        cuenta = restaure_y_revise(archivo, lista, tipo);
-    } catch (...) {
-        borre(lista);
-        throw;
-    }
+    const ParametrosConexion lista = restaure_aparte(archivo, base, tipo, cuenta);
     paso("lista");
     if (const auto actual = contenido(base)) {
         try {
@@ -182,7 +197,7 @@ QMap<QString, QString> restaure_en_servidor(const QString& archivo, const Parame
                 .arg(base.base, lista.base, base.base + QStringLiteral(".anterior"), falla));
     paso("cambiada");
     borre(lista);
-    for (int i = 1; i < 10; ++i)
+    for (int i = 1; i <= kCopias; ++i)
         borre(con_sufijo(base, i == 1 ? QStringLiteral(".restaurada")
                                       : QStringLiteral(".restaurada%1").arg(i)));
     paso("limpia");

@@ -1,6 +1,5 @@
 #include "datos/firebird/conexion.h"
 
-#include "datos/firebird/interno.h"
 #include "datos/firebird/motor.h"
 #include "datos/firebird/nombres.h"
 #include "datos/firebird/vigia.h"

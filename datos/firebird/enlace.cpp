@@ -1,10 +1,7 @@
 // Entrar a una base: los parámetros que se dicen al servidor y el plazo que tiene para contestar.
-#include "datos/firebird/interno.h"
+#include "datos/firebird/vigia_interno.h"
 
 #include <QCoreApplication>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
 
 using namespace Firebird;
 
@@ -55,48 +52,12 @@ IAttachment* entre(const ParametrosConexion& p, bool crear, int paginas_cache) {
     return enlace;
 }
 
-/// Lo que se pidió a un hilo aparte. Quien se cansa de esperar lo abandona; si después contesta, el
-/// propio hilo lo suelta.
-struct Pedido {
-    std::mutex candado;
-    std::condition_variable aviso;
-    IAttachment* enlace = nullptr;
-    std::exception_ptr falla;
-    bool listo = false, abandonado = false;
-};
-
-void atienda(const std::shared_ptr<Pedido>& pedido, const ParametrosConexion& p) {
-    IAttachment* enlace = nullptr;
-    std::exception_ptr falla;
-    try {
-        enlace = entre(p, false, 0);
-    } catch (...) {
-        falla = std::current_exception();
-    }
-    const std::lock_guard cierre(pedido->candado);
-    if (pedido->abandonado && enlace) {
-        fbc::despida(enlace);
-        return;
-    }
-    pedido->enlace = enlace;
-    pedido->falla = falla;
-    pedido->listo = true;
-    pedido->aviso.notify_all();
-}
-
 } // namespace
 
 namespace fbc {
 
 bool es_remota(const QString& base) {
     return base.indexOf(':') > 1; // "C:\..." es un archivo
-}
-
-void despida(IAttachment* enlace) noexcept {
-    Estado estado;
-    enlace->detach(&estado);
-    if (estado.fallo())
-        enlace->release();
 }
 
 IAttachment* pida_enlace(const ParametrosConexion& parametros, bool crear, int paginas_cache,
@@ -108,25 +69,25 @@ IAttachment* pida_enlace(const ParametrosConexion& parametros, bool crear, int p
         throw ErrorBase({ClaseFalla::NoExiste}, QStringLiteral("dbExpress Error: ") + texto, {},
                         texto);
     }
-    if (crear || !es_remota(parametros.base))
+    if (!es_remota(parametros.base))
         return entre(parametros, crear, paginas_cache);
-    maestro(); // el cliente se prepara en el hilo principal
-    auto pedido = std::make_shared<Pedido>();
-    std::thread(atienda, pedido, parametros).detach();
-    std::unique_lock cierre(pedido->candado);
-    if (!pedido->aviso.wait_for(cierre, std::chrono::milliseconds(espera_ms),
-                                [&] { return pedido->listo; })) {
-        pedido->abandonado = true;
-        const QString equipo = parametros.base.section(':', 0, 0);
+    const auto enlace = std::make_shared<IAttachment*>(nullptr);
+    const auto entra = [=] { *enlace = entre(parametros, crear, paginas_cache); };
+    const auto deseche = [=] {
+        if (*enlace)
+            despida(*enlace);
+    };
+    if (crear) {
+        corra_vigilado(parametros, entra, deseche);
+    } else if (!corra_aparte(entra, deseche, espera_ms)) {
+        const QString equipo = equipo_de(parametros);
         throw ErrorBase({ClaseFalla::ConexionPerdida},
                         QStringLiteral("dbExpress Error: Connection failed: ") + equipo,
                         QStringLiteral("%1 no contestó en %2 ms").arg(equipo).arg(espera_ms),
                         QStringLiteral("No se encontró el servidor Interbase/Firebird. Verifique "
                                        "Servidor en panel de control y puerto TCP 3050."));
     }
-    if (pedido->falla)
-        std::rethrow_exception(pedido->falla);
-    return pedido->enlace;
+    return *enlace;
 }
 
 } // namespace fbc

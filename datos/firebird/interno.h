@@ -50,8 +50,13 @@ bool es_remota(const QString& base);
 /// está. Con `crear`, arma la base.
 Firebird::IAttachment* pida_enlace(const ParametrosConexion& parametros, bool crear,
                                    int paginas_cache, int espera_ms);
-/// Suelta un enlace que nadie usa. Puede esperar sin límite si la red calla.
-void despida(Firebird::IAttachment* enlace) noexcept;
+/// Suelta un enlace o un servicio que nadie usa. Puede esperar sin límite si la red calla.
+template <class T> void despida(T* enlace) noexcept {
+    Estado estado;
+    enlace->detach(&estado);
+    if (estado.fallo())
+        enlace->release();
+}
 
 } // namespace fbc
 

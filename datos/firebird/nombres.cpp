@@ -1,15 +1,18 @@
 #include "datos/firebird/nombres.h"
 
 #include <QScopedValueRollback>
+#include <thread>
 
 namespace {
 
 NombresDeDatos nombres_;
+std::thread::id hilo_; ///< quien los instaló
 bool consultando_ = false;
 
-/// El diccionario se lee de la base: si esa lectura falla, su falla no puede pedirlo otra vez.
+/// El diccionario se lee de la base: si esa lectura falla, su falla no puede pedirlo otra vez. Y se
+/// lee con los conjuntos del programa, que otro hilo no puede tocar.
 template <class R, class F> R pregunte(F&& que) {
-    if (consultando_)
+    if (hilo_ != std::this_thread::get_id() || consultando_)
         return {};
     const QScopedValueRollback<bool> guarda(consultando_, true);
     try {
@@ -23,6 +26,7 @@ template <class R, class F> R pregunte(F&& que) {
 
 void instale_nombres_de_datos(NombresDeDatos nombres) {
     nombres_ = std::move(nombres);
+    hilo_ = std::this_thread::get_id();
 }
 
 QString nombre_de_columna(const QString& columna) {

@@ -2,7 +2,8 @@
 // Palabras con que los mensajes nombran las columnas y las tablas de la base.
 //
 // Este piso no las conoce: las pone quien tenga el diccionario de la compañía. Mientras nadie lo
-// haga, o si el diccionario falla, los mensajes callan el nombre en vez de mostrar el de la base.
+// haga, si el diccionario falla o en un hilo distinto del que las puso, los mensajes callan el
+// nombre en vez de mostrar el de la base.
 #include <QString>
 #include <functional>
 

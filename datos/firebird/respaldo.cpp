@@ -23,16 +23,41 @@ QStringList tablas_de(Conexion& conexion) {
     return tablas;
 }
 
-/// Base aparte para probar un respaldo, que se borra al salir.
+/// Base aparte con un respaldo restaurado, para probarlo; se borra al salir.
 class BaseAparte {
 public:
-    explicit BaseAparte(const ParametrosConexion& original) : parametros_(original) {
-        parametros_.base = es_de_servidor(original.base)
-                               ? original.base + QStringLiteral(".prueba")
-                               : QDir::temp().filePath(
-                                     QStringLiteral("quorvex_prueba_%1.fdb").arg(quintptr(this)));
+    BaseAparte(const ParametrosConexion& original, const QString& archivo) : parametros_(original) {
+        const QString nombre =
+            es_de_servidor(original.base)
+                ? original.base + QStringLiteral(".prueba")
+                : QDir::temp().filePath(
+                      QStringLiteral("quorvex_prueba_%1.fdb").arg(quintptr(this)));
+        // Un servidor sigue un buen rato con la prueba de un equipo que se apagó a la mitad: se
+        // deja ese nombre y se toma otro.
+        for (int i = 1;; ++i) {
+            parametros_.base = i == 1 ? nombre : nombre + QString::number(i);
+            try {
+                restaure_base(archivo, parametros_, true);
+                return;
+            } catch (const ErrorBase& e) {
+                if (e.clase() != ClaseFalla::EnUso || i == kNombres) {
+                    borre();
+                    throw;
+                }
+            } catch (...) {
+                borre();
+                throw;
+            }
+        }
     }
-    ~BaseAparte() {
+    ~BaseAparte() { borre(); }
+    BaseAparte(const BaseAparte&) = delete;
+    BaseAparte& operator=(const BaseAparte&) = delete;
+    const ParametrosConexion& parametros() const { return parametros_; }
+
+private:
+    static constexpr int kNombres = 9;
+    void borre() noexcept {
         try {
             Conexion c;
             c.conectar(parametros_);
@@ -41,9 +66,6 @@ public:
             // Si no llegó a crearse no hay qué borrar.
         }
     }
-    const ParametrosConexion& parametros() const { return parametros_; }
-
-private:
     ParametrosConexion parametros_;
 };
 
@@ -96,9 +118,8 @@ ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QStrin
     const auto antes = recuento_de(base);
     respalde_base(base, archivo);
     const auto despues = recuento_de(base);
-    const BaseAparte aparte(base);
     try {
-        restaure_base(archivo, aparte.parametros(), true);
+        const BaseAparte aparte(base, archivo);
         const auto copia = recuento_de(aparte.parametros());
         exija_contenido(copia);
         if (copia.keys() != antes.keys())

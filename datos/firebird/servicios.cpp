@@ -1,6 +1,6 @@
 #include "datos/firebird/servicios.h"
 
-#include "datos/firebird/interno.h"
+#include "datos/firebird/vigia_interno.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -18,16 +18,17 @@ constexpr unsigned kBufer = 32000;
 struct Direccion {
     QByteArray servicio;
     QByteArray ruta;
+    bool remota = false;
 };
 
 Direccion direccion_de(const QString& base) {
     const qsizetype corte = base.indexOf(':');
     Direccion d;
-    const bool remota = corte > 1;
+    d.remota = es_remota(base);
     d.servicio =
-        (remota ? base.left(corte) + QStringLiteral(":service_mgr") : QString("service_mgr"))
+        (d.remota ? base.left(corte) + QStringLiteral(":service_mgr") : QString("service_mgr"))
             .toLocal8Bit();
-    d.ruta = (remota ? base.mid(corte + 1) : base).toLocal8Bit();
+    d.ruta = (d.remota ? base.mid(corte + 1) : base).toLocal8Bit();
     return d;
 }
 
@@ -50,11 +51,13 @@ IService* entre_al_servicio(const Direccion& direccion, const ParametrosConexion
 
 class Servicio {
 public:
-    Servicio(const Direccion& direccion, const ParametrosConexion& parametros)
-        : servicio_(entre_al_servicio(direccion, parametros)) {
+    /// En `avance` queda el momento en que empezó la última llamada.
+    Servicio(const Direccion& direccion, const ParametrosConexion& parametros,
+             std::atomic<qint64>& avance)
+        : avance_(avance), servicio_(entre_al_servicio(direccion, parametros)) {
         // El hilo de un servicio en proceso puede seguir en el motor cuando el cliente ya lo
         // descarga, y el programa muere: una entrada que no se suelta lo retiene hasta el final.
-        if (direccion.servicio.contains(':'))
+        if (direccion.remota)
             return;
         [[maybe_unused]] static IService* const retiene = entre_al_servicio(direccion, parametros);
     }
@@ -69,6 +72,7 @@ public:
 
     void inicie(IXpbBuilder* orden) {
         Estado estado;
+        avance_ = ahora_ms();
         servicio_->start(&estado, orden->getBufferLength(&estado), orden->getBuffer(&estado));
         orden->dispose();
         estado.compruebe();
@@ -83,6 +87,7 @@ public:
     Respuesta consulte(const QByteArray& que, const QByteArray& envio = {}) {
         unsigned char bufer[kBufer + 16];
         Estado estado;
+        avance_ = ahora_ms();
         servicio_->query(
             &estado, unsigned(envio.size()),
             reinterpret_cast<const unsigned char*>(envio.constData()), unsigned(que.size()),
@@ -121,14 +126,24 @@ public:
         }
     }
 
-    void anote(const QByteArray& renglon, const AvisoServicio& aviso) {
-        if (!renglon.isEmpty() && aviso)
-            aviso(QString::fromLatin1(renglon).trimmed());
-    }
-
 private:
+    std::atomic<qint64>& avance_;
     IService* servicio_ = nullptr;
 };
+
+/// Un servicio no se puede cortar: con un servidor, todo su trabajo corre en otro hilo, que se
+/// abandona si deja de contestar. Lo que `trabajo` use debe ser suyo.
+void con_servicio(const ParametrosConexion& base, const std::function<void(Servicio&)>& trabajo) {
+    const auto avance = std::make_shared<std::atomic<qint64>>(ahora_ms());
+    const auto haga = [=, direccion = direccion_de(base.base)] {
+        Servicio servicio(direccion, base, *avance);
+        trabajo(servicio);
+    };
+    if (es_remota(base.base))
+        corra_vigilado(base, haga, {}, avance);
+    else
+        haga();
+}
 
 IXpbBuilder* orden(unsigned char accion) {
     Estado estado;
@@ -148,59 +163,45 @@ IXpbBuilder* orden(unsigned char accion) {
 } // namespace
 
 void respalde_base(const ParametrosConexion& origen, const QString& archivo) {
-    const Direccion direccion = direccion_de(origen.base);
     const QString provisional = archivo + QStringLiteral(".parcial");
-    QFile destino(provisional);
-    if (!destino.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        no_se_pudo(QStringLiteral("crear"), destino);
+    const auto destino = std::make_shared<QFile>(provisional);
+    if (!destino->open(QIODevice::WriteOnly | QIODevice::Truncate))
+        no_se_pudo(QStringLiteral("crear"), *destino);
     try {
-        Servicio servicio(direccion, origen);
-        IXpbBuilder* spb = orden(isc_action_svc_backup);
-        Estado estado;
-        spb->insertString(&estado, isc_spb_dbname, direccion.ruta.constData());
-        // Por la conexión también en este equipo: con un archivo por medio, el motor en proceso
-        // pregunta por el teclado cuando el archivo le queda corto.
-        spb->insertString(&estado, isc_spb_bkp_file, "stdout");
-        servicio.inicie(spb);
-        const QByteArray todo(1, char(isc_info_svc_to_eof));
-        for (auto r = servicio.consulte(todo); r.sigue; r = servicio.consulte(todo))
-            if (destino.write(r.datos) != r.datos.size())
-                no_se_pudo(QStringLiteral("escribir"), destino);
-        if (!destino.flush())
-            no_se_pudo(QStringLiteral("escribir"), destino);
-        destino.close();
+        con_servicio(origen, [destino, ruta = direccion_de(origen.base).ruta](Servicio& servicio) {
+            IXpbBuilder* spb = orden(isc_action_svc_backup);
+            Estado estado;
+            spb->insertString(&estado, isc_spb_dbname, ruta.constData());
+            // Por la conexión también en este equipo: con un archivo por medio, el motor en proceso
+            // pregunta por el teclado cuando el archivo le queda corto.
+            spb->insertString(&estado, isc_spb_bkp_file, "stdout");
+            servicio.inicie(spb);
+            const QByteArray todo(1, char(isc_info_svc_to_eof));
+            for (auto r = servicio.consulte(todo); r.sigue; r = servicio.consulte(todo))
+                if (destino->write(r.datos) != r.datos.size())
+                    no_se_pudo(QStringLiteral("escribir"), *destino);
+            if (!destino->flush())
+                no_se_pudo(QStringLiteral("escribir"), *destino);
+            destino->close();
+        });
     } catch (...) {
-        destino.close();
         QFile::remove(provisional);
         throw;
     }
     // El cambio es de una vez: hasta aquí el respaldo anterior sigue entero.
     if (std::rename(QFile::encodeName(provisional).constData(),
                     QFile::encodeName(archivo).constData()) != 0)
-        no_se_pudo(QStringLiteral("renombrar"), destino);
+        no_se_pudo(QStringLiteral("renombrar"), *destino);
 }
 
-void restaure_base(const QString& archivo, const ParametrosConexion& destino, bool reemplazar,
-                   int paginas_cache, const AvisoServicio& aviso) {
-    QFile origen(archivo);
-    if (!origen.open(QIODevice::ReadOnly))
-        no_se_pudo(QStringLiteral("abrir"), origen);
-    const Direccion direccion = direccion_de(destino.base);
-    Servicio servicio(direccion, destino);
-    IXpbBuilder* spb = orden(isc_action_svc_restore);
-    Estado estado;
-    spb->insertString(&estado, isc_spb_bkp_file, "stdin");
-    spb->insertString(&estado, isc_spb_dbname, direccion.ruta.constData());
-    spb->insertInt(&estado, isc_spb_res_buffers, paginas_cache);
-    spb->insertInt(&estado, isc_spb_options,
-                   int(reemplazar ? isc_spb_res_replace : isc_spb_res_create));
-    spb->insertTag(&estado, isc_spb_verbose);
-    servicio.inicie(spb);
+namespace {
+
+/// Manda el archivo por la conexión, a medida que el servicio lo pide.
+void envie(Servicio& servicio, QFile& origen) {
     const QByteArray que{QByteArray(1, char(isc_info_svc_stdin)) + char(isc_info_svc_line)};
     QByteArray envio;
     for (auto r = servicio.consulte(que); r.sigue || r.pide > 0;
          r = servicio.consulte(que, envio)) {
-        servicio.anote(r.datos, aviso);
         envio.clear();
         if (r.pide == 0)
             continue;
@@ -214,18 +215,39 @@ void restaure_base(const QString& archivo, const ParametrosConexion& destino, bo
     }
 }
 
+} // namespace
+
+void restaure_base(const QString& archivo, const ParametrosConexion& destino, bool reemplazar,
+                   int paginas_cache) {
+    const auto origen = std::make_shared<QFile>(archivo);
+    if (!origen->open(QIODevice::ReadOnly))
+        no_se_pudo(QStringLiteral("abrir"), *origen);
+    con_servicio(destino, [=, ruta = direccion_de(destino.base).ruta](Servicio& servicio) {
+        IXpbBuilder* spb = orden(isc_action_svc_restore);
+        Estado estado;
+        spb->insertString(&estado, isc_spb_bkp_file, "stdin");
+        spb->insertString(&estado, isc_spb_dbname, ruta.constData());
+        spb->insertInt(&estado, isc_spb_res_buffers, paginas_cache);
+        spb->insertInt(&estado, isc_spb_options,
+                       int(reemplazar ? isc_spb_res_replace : isc_spb_res_create));
+        spb->insertTag(&estado, isc_spb_verbose);
+        servicio.inicie(spb);
+        envie(servicio, *origen);
+    });
+}
+
 void ponga_escritura_inmediata(const ParametrosConexion& base, bool inmediata) {
-    const Direccion direccion = direccion_de(base.base);
-    Servicio servicio(direccion, base);
-    IXpbBuilder* spb = orden(isc_action_svc_properties);
-    Estado estado;
-    spb->insertString(&estado, isc_spb_dbname, direccion.ruta.constData());
-    spb->insertBytes(
-        &estado, isc_spb_prp_write_mode,
-        std::array<unsigned char, 1>{
-            static_cast<unsigned char>(inmediata ? isc_spb_prp_wm_sync : isc_spb_prp_wm_async)}
-            .data(),
-        1);
-    servicio.inicie(spb);
-    servicio.espere();
+    con_servicio(base, [=, ruta = direccion_de(base.base).ruta](Servicio& servicio) {
+        IXpbBuilder* spb = orden(isc_action_svc_properties);
+        Estado estado;
+        spb->insertString(&estado, isc_spb_dbname, ruta.constData());
+        spb->insertBytes(
+            &estado, isc_spb_prp_write_mode,
+            std::array<unsigned char, 1>{
+                static_cast<unsigned char>(inmediata ? isc_spb_prp_wm_sync : isc_spb_prp_wm_async)}
+                .data(),
+            1);
+        servicio.inicie(spb);
+        servicio.espere();
+    });
 }

@@ -33,27 +33,9 @@ Puesto& puesto() {
     return *unico;
 }
 
-QString equipo_de(const ParametrosConexion& p) {
-    return p.base.section(':', 0, 0);
-}
-
-/// El servidor contesta: aunque sea que no. Todo lo que puede no volver, también la despedida,
-/// corre en otro hilo: un vigía que espera no vigila.
-bool atiende(const ParametrosConexion& parametros, int espera_ms) {
-    try {
-        IAttachment* enlace = fbc::pida_enlace(parametros, false, 0, espera_ms);
-        std::thread(fbc::despida, enlace).detach();
-        return true;
-    } catch (const ErrorBase& e) {
-        return !e.conexion_perdida();
-    } catch (const ErrorDatos&) {
-        return true;
-    }
-}
-
 void corte(const QString& equipo) {
     for (const Vigilada& v : puesto().vigiladas)
-        if (equipo_de(v.parametros) == equipo) {
+        if (fbc::equipo_de(v.parametros) == equipo) {
             fbc::Estado estado;
             v.enlace->cancelOperation(&estado, fb_cancel_abort);
         }
@@ -83,7 +65,7 @@ void ronde() {
         const ParametrosConexion parametros = espera->parametros;
         const int plazo = puesto().limites.prueba;
         cierre.unlock();
-        const bool viva = atiende(parametros, plazo);
+        const bool viva = fbc::atiende(parametros, plazo);
         cierre.lock();
         const auto v = std::find_if(puesto().vigiladas.begin(), puesto().vigiladas.end(),
                                     [&](const Vigilada& x) { return x.numero == numero; });
@@ -92,7 +74,7 @@ void ronde() {
         if (viva)
             v->probada = fbc::ahora_ms();
         else
-            corte(equipo_de(parametros));
+            corte(fbc::equipo_de(parametros));
     }
     puesto().ronda = false;
 }
@@ -116,6 +98,24 @@ qint64 ahora_ms() {
     return std::chrono::duration_cast<std::chrono::milliseconds>(
                std::chrono::steady_clock::now().time_since_epoch())
         .count();
+}
+
+QString equipo_de(const ParametrosConexion& parametros) {
+    return parametros.base.section(':', 0, 0);
+}
+
+// Todo lo que puede no volver, también la despedida, corre en otro hilo: un vigía que espera no
+// vigila.
+bool atiende(const ParametrosConexion& parametros, int plazo_ms) {
+    try {
+        IAttachment* enlace = pida_enlace(parametros, false, 0, plazo_ms);
+        std::thread([enlace] { despida(enlace); }).detach();
+        return true;
+    } catch (const ErrorBase& e) {
+        return !e.conexion_perdida();
+    } catch (const std::exception&) {
+        return true; // no se pudo preguntar: no hay por qué cortar
+    }
 }
 
 void vigile(Conexion::Interno& interno, const ParametrosConexion& parametros) {

@@ -63,6 +63,13 @@ void Intermediario::corte_tras(Sentido sentido, qint64 octetos) {
     pida([=, this] { tope_[sentido] = pasados_[sentido] + octetos; });
 }
 
+void Intermediario::calle_tras(Sentido sentido, qint64 octetos) {
+    pida([=, this] {
+        tope_[sentido] = pasados_[sentido] + octetos;
+        calla_al_tope_ = true;
+    });
+}
+
 void Intermediario::calle() {
     pida([this] { callado_ = true; });
 }
@@ -73,9 +80,8 @@ void Intermediario::calle_al_entrar_tras(qint64 octetos) {
 
 void Intermediario::atienda() {
     pida([this] {
-        silencio_al_entrar_ = silencio_ = -1;
-        callado_ = cortado_ = false;
-        tope_[0] = tope_[1] = -1;
+        silencio_al_entrar_ = tope_[0] = tope_[1] = -1;
+        callado_ = cortado_ = calla_al_tope_ = false;
     });
 }
 
@@ -110,8 +116,10 @@ void Intermediario::entre() {
     sin_demora(cliente);
     sin_demora(servidor);
     pares_.push_back({cliente, servidor});
-    if (silencio_al_entrar_ >= 0)
-        silencio_ = pasados_[HaciaServidor] + std::exchange(silencio_al_entrar_, -1);
+    if (silencio_al_entrar_ >= 0) {
+        tope_[HaciaServidor] = pasados_[HaciaServidor] + std::exchange(silencio_al_entrar_, -1);
+        calla_al_tope_ = true;
+    }
 }
 
 /// Pasa lo que haya en un sentido; falso si ese lado cerró o llegó la hora de cortar.
@@ -125,10 +133,6 @@ bool Intermediario::pase(const Par& par, Sentido sentido) {
     const qint64 tope = tope_[sentido];
     const qint64 cabe =
         tope < 0 ? n : qBound<qint64>(0, tope - pasados_[sentido].load(), qint64(n));
-    callado_ =
-        silencio_ >= 0 && pasados_[HaciaServidor] + (sentido == HaciaServidor ? n : 0) > silencio_;
-    if (callado_)
-        return true;
     for (qint64 van = 0; van < cabe;) {
         const ssize_t m = ::send(a, bufer + van, size_t(cabe - van), MSG_NOSIGNAL);
         if (m <= 0)
@@ -137,7 +141,7 @@ bool Intermediario::pase(const Par& par, Sentido sentido) {
     }
     pasados_[sentido] += cabe;
     if (tope >= 0 && pasados_[sentido] >= tope)
-        cortado_ = true;
+        (calla_al_tope_ ? callado_ : cortado_) = true;
     return !cortado_;
 }
 
@@ -165,7 +169,7 @@ void Intermediario::trabaje() {
         }
         if (callado_)
             continue;
-        for (size_t i = 2; i < espera.size() && !cortado_; ++i) {
+        for (size_t i = 2; i < espera.size() && !cortado_ && !callado_; ++i) {
             if (!espera[i].revents)
                 continue;
             const Par par = pares_[(i - 2) / 2];
@@ -178,7 +182,7 @@ void Intermediario::trabaje() {
         }
         if (cortado_)
             cierre_todo();
-        if (espera[1].revents)
+        if (espera[1].revents && !callado_)
             entre();
     }
 }

@@ -35,12 +35,14 @@ public:
     void corte_tras(Sentido sentido, qint64 octetos);
     /// Deja de pasar datos sin cerrar nada: una red muerta. Lo que llega se queda en espera.
     void calle();
+    /// Deja pasar `octetos` más en ese sentido y calla, hasta `atienda`.
+    void calle_tras(Sentido sentido, qint64 octetos);
     /// Calla cuando la próxima conexión que entre haya enviado `octetos`.
     void calle_al_entrar_tras(qint64 octetos);
     /// Vuelve a dejar pasar y entrar, sin cortes pendientes.
     void atienda();
-    /// Hubo un corte desde el último `atienda`.
-    bool cortado() const { return cortado_; }
+    /// Hubo un corte o un silencio desde el último `atienda`.
+    bool cortado() const { return cortado_ || callado_; }
     /// Octetos que han pasado en total.
     qint64 pasados(Sentido sentido) const { return pasados_[sentido]; }
 
@@ -59,9 +61,11 @@ private:
     std::vector<Par> pares_;
     std::atomic<qint64> pasados_[2] = {0, 0};
     std::atomic<bool> cortado_{false};
-    qint64 tope_[2] = {-1, -1};                      ///< octetos en total en que se corta; -1 si no
-    qint64 silencio_al_entrar_ = -1, silencio_ = -1; ///< octetos hacia el servidor; -1 si no
-    bool callado_ = false, sale_ = false;
+    std::atomic<bool> callado_{false};
+    qint64 tope_[2] = {-1, -1};      ///< octetos en total en que se corta o se calla; -1 si no
+    bool calla_al_tope_ = false;     ///< al llegar al tope calla en vez de cortar
+    qint64 silencio_al_entrar_ = -1; ///< octetos de la próxima que entre; -1 si no
+    bool sale_ = false;
     std::mutex candado_;
     std::condition_variable hecho_;
     quint64 pedidos_ = 0, atendidos_ = 0;

@@ -1,11 +1,13 @@
 #include "apoyo/intermediario.h"
 #include "apoyo/servidor_prueba.h"
+#include "datos/firebird/vigia.h"
 #include "fallas/comprobaciones.h"
 #include "fallas/contador.h"
 #include "fallas/escenarios.h"
 
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScopeGuard>
 
 namespace {
 
@@ -24,8 +26,8 @@ struct Jugada {
 
 class Mesa {
 public:
-    explicit Mesa(const Corrida& corrida)
-        : corrida_(corrida), red_(servidor_.puerto()),
+    Mesa(const Corrida& corrida, bool calla)
+        : corrida_(corrida), calla_(calla), red_(servidor_.puerto()),
           c_(red_.por_aqui(servidor_.ubicacion()), "ADMIN", ServidorDePrueba::kClave) {
         fuera_.conectar(servidor_.parametros());
     }
@@ -50,6 +52,7 @@ private:
     QString mienten(const QStringList& mensajes, bool estaba) const;
 
     const Corrida& corrida_;
+    const bool calla_; ///< la red calla en vez de cortarse
     ServidorDePrueba servidor_;
     Intermediario red_;
     Contador c_;
@@ -142,7 +145,9 @@ QString Mesa::pruebe(const Jugada& j, Intermediario::Sentido sentido, qint64 oct
         return "al preparar: " + c_.mensajes.join(" | ");
     const qint64 antes[] = {red_.pasados(Intermediario::HaciaServidor),
                             red_.pasados(Intermediario::HaciaCliente)};
-    if (octeto >= 0)
+    if (octeto >= 0 && calla_)
+        red_.calle_tras(sentido, octeto);
+    else if (octeto >= 0)
         red_.corte_tras(sentido, octeto);
     j.haga();
     if (octeto < 0)
@@ -187,7 +192,7 @@ QStringList Mesa::corra(int puntos) {
             return {QString("%1, sin cortar: %2").arg(j.nombre, sin_corte)};
         for (const auto sentido : {Intermediario::HaciaServidor, Intermediario::HaciaCliente})
             for (int k = 0; k < de_cada_una; ++k) {
-                const qint64 octeto = octetos_[sentido] * k / de_cada_una;
+                const qint64 octeto = octetos_[sentido] * (2 * k + calla_) / (2 * de_cada_una);
                 const QString donde =
                     QString("%1, octeto %2 de %3 %4")
                         .arg(j.nombre)
@@ -208,5 +213,12 @@ QStringList Mesa::corra(int puntos) {
 } // namespace
 
 QStringList cortes(int puntos, const Corrida& corrida) {
-    return Mesa(corrida).corra(puntos);
+    return Mesa(corrida, false).corra(puntos);
+}
+
+QStringList silencios(int puntos, const Corrida& corrida) {
+    const LimitesDeRed antes = limites_de_red();
+    limites_de_red({200, 2000, 2000});
+    const auto vuelva = qScopeGuard([&] { limites_de_red(antes); });
+    return Mesa(corrida, true).corra(puntos);
 }

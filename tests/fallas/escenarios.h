@@ -20,5 +20,7 @@ QStringList restauraciones_muertas(int cuantas, const Corrida& corrida);
 /// de página y un borrado, en los dos sentidos: la pantalla dice la verdad, conserva lo digitado y
 /// termina cuando la red vuelve. Necesita una QApplication.
 QStringList cortes(int puntos, const Corrida& corrida);
+/// La red calla sin cerrarse tras cada octeto de las mismas operaciones: nada queda congelado.
+QStringList silencios(int puntos, const Corrida& corrida);
 /// Varios programas graban a la vez en un mismo prefijo contra el servidor.
 QStringList varios_a_la_vez(int programas, int cada_uno, const Corrida& corrida);

@@ -24,16 +24,18 @@ int main(int argc, char** argv) {
         "  muertes         kill -9 mientras se graba, corrige, cambia de página y borra\n"
         "  restauraciones  kill -9 mientras se restaura un respaldo\n"
         "  cortes          la red cortada en cada punto de una operación\n"
+        "  silencios       la red muda, sin cerrarse, en esos mismos puntos\n"
         "  varios          varios programas graban a la vez en un prefijo\n"
-        "  todo            los cuatro");
+        "  todo            los cinco");
     p.addPositionalArgument("escenario", "cuál", "escenario");
     const QCommandLineOption semilla("semilla", "del azar; la misma repite lo mismo", "N", "2018"),
         muertes_("muertes", "cuántas", "N", "200"),
         restauraciones("restauraciones", "cuántas", "N", "30"),
         puntos("puntos", "en que se corta", "N", "300"),
+        mudos("mudos", "puntos en que la red calla", "N", "80"),
         programas("programas", "a la vez", "N", "5"),
         cada_uno("cada-uno", "comprobantes de cada programa", "N", "200");
-    p.addOptions({semilla, muertes_, restauraciones, puntos, programas, cada_uno});
+    p.addOptions({semilla, muertes_, restauraciones, puntos, mudos, programas, cada_uno});
     p.addHelpOption();
     p.process(aplicacion);
     const auto numero = [&](const QCommandLineOption& o) { return p.value(o).toInt(); };
@@ -42,6 +44,7 @@ int main(int argc, char** argv) {
         {"restauraciones",
          [&](const Corrida& c) { return restauraciones_muertas(numero(restauraciones), c); }},
         {"cortes", [&](const Corrida& c) { return cortes(numero(puntos), c); }},
+        {"silencios", [&](const Corrida& c) { return silencios(numero(mudos), c); }},
         {"varios",
          [&](const Corrida& c) { return varios_a_la_vez(numero(programas), numero(cada_uno), c); }},
     };

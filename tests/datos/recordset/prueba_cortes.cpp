@@ -2,6 +2,7 @@
 // estaba, lo enviado se busca antes de repetirlo y nada se pierde ni se duplica.
 #include "apoyo/intermediario.h"
 #include "apoyo/servidor_prueba.h"
+#include "datos/firebird/respaldo.h"
 #include "datos/firebird/vigia.h"
 #include "documento_de_prueba.h"
 
@@ -466,6 +467,30 @@ private slots:
             limites_de_red(antes);
             QCOMPARE(c.consulte("select count(*) from larga").entero(), qint64(3000));
         }
+    }
+
+    void un_respaldo_por_la_red_que_calla_termina() {
+        const LimitesDeRed antes = limites_de_red();
+        QTemporaryDir carpeta;
+        const QString archivo = carpeta.filePath("copia.fbk");
+        const ParametrosConexion base = red_->por_aqui(servidor_->parametros("SYSDBA"));
+        qint64 octetos[] = {red_->pasados(Intermediario::HaciaServidor),
+                            red_->pasados(Intermediario::HaciaCliente)};
+        respalde_y_pruebe(base, archivo);
+        for (const auto sentido : {Intermediario::HaciaServidor, Intermediario::HaciaCliente})
+            octetos[sentido] = red_->pasados(sentido) - octetos[sentido];
+        limites_de_red({100, 1000, 1000});
+        // Entrando, respaldando y restaurando.
+        for (const auto& [sentido, ciento] : {std::pair{Intermediario::HaciaServidor, 1},
+                                              {Intermediario::HaciaCliente, 50},
+                                              {Intermediario::HaciaServidor, 60}}) {
+            red_->calle_tras(sentido, octetos[sentido] * ciento / 100);
+            QVERIFY_EXCEPTION_THROWN(respalde_y_pruebe(base, archivo), ErrorDatos);
+            red_->atienda();
+        }
+        limites_de_red(antes);
+        // Lo que el servidor creía en marcha no estorba al siguiente.
+        QVERIFY(respalde_y_pruebe(base, archivo).filas > 0);
     }
 
     void una_red_muda_no_deja_congelado_al_programa() {
