@@ -11,6 +11,7 @@
 #include "catalogues/terceros.h"
 #include "sesion/apertura.h"
 #include "sesion/campos_catalogos.h"
+#include "sesion/instalacion.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/barraestado.h"
@@ -23,7 +24,6 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QScrollArea>
-#include <QSettings>
 #include <QStyle>
 #include <QUrl>
 
@@ -45,11 +45,9 @@ QLineEdit* campo_fijo(const QString& nombre) {
     return e;
 }
 
-/// Página del fabricante: ajuste Pagina de la instalación.
 QString pagina_fabricante() {
-    return QSettings(QStringLiteral("/etc/quorvex2018.conf"), QSettings::IniFormat)
-        .value(QStringLiteral("Pagina"), QStringLiteral("https://quorvex.example/"))
-        .toString();
+    const QString pagina = ajuste_instalacion(QStringLiteral("Pagina"));
+    return pagina.isEmpty() ? QStringLiteral("https://quorvex.example/") : pagina;
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "herramientas/documentos.h"
 
-#include <QSet>
-
 namespace {
 
 Valor nulo_si_vacio(const QString& texto) {
@@ -16,23 +14,15 @@ Valor nula_si_invalida(QDate fecha) {
     return fecha.isValid() ? Valor(fecha) : Valor();
 }
 
-QSet<QString> conocidos(Conexion& c, const char* sql) {
-    QSet<QString> textos;
-    const auto filas = c.abra(QString::fromUtf8(sql));
-    while (filas->siguiente())
-        textos.insert(filas->valor(0).texto());
-    return textos;
-}
-
 /// Lo que la base conoce y un documento puede nombrar.
 struct Catalogo {
     explicit Catalogo(Conexion& c)
-        : terceros(conocidos(c, "select terc_nit from terceros")),
-          centros(conocidos(c, "select proy_cod || '-' || cent_cod from centros")),
-          articulos(conocidos(c, "select arti_cod from articulo")),
-          conceptos(conocidos(c, "select coin_familia || ' ' || coin_concepto"
+        : terceros(textos_de(c, "select terc_nit from terceros")),
+          centros(textos_de(c, "select proy_cod || '-' || cent_cod from centros")),
+          articulos(textos_de(c, "select arti_cod from articulo")),
+          conceptos(textos_de(c, "select coin_familia || ' ' || coin_concepto"
                                  " from concepto_interfaz")),
-          numeros(conocidos(c, "select tido_cod || '/' || pref_pre || '/' || docu_numero || '/' ||"
+          numeros(textos_de(c, "select tido_cod || '/' || pref_pre || '/' || docu_numero || '/' ||"
                                " cuba_cod from documento where docu_anulado = 'N'")) {
         const auto filas = c.abra("select tido_cod, doct_familia from documento_contable");
         while (filas->siguiente())

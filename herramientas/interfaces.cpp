@@ -3,20 +3,13 @@
 #include "herramientas/renglones.h"
 
 #include <QRegularExpression>
-#include <QSet>
 
 namespace {
 
 const QString kNomina = QStringLiteral("NOMINA");
 
-struct Marca {
-    const char *palabra, *columna;
-};
 // Lo que un renglón de cuentas puede llevar, en el orden en que se escribe.
-constexpr Marca kMarcas[] = {{"tercero", "inct_tercero"},
-                             {"centro", "inct_centro"},
-                             {"articulo", "inct_articulo"},
-                             {"base", "inct_base"}};
+constexpr const char* kMarcas[] = {"tercero", "centro", "articulo", "base"};
 
 struct ReglaCuenta {
     QString concepto, clase, cuenta, lado, categoria;
@@ -33,26 +26,18 @@ struct InterfazLeida {
     QVector<ReglaCuenta> reglas, reglas_niif;
 };
 
-QSet<QString> conjunto(Conexion& c, const char* sql) {
-    QSet<QString> textos;
-    const auto filas = c.abra(QString::fromUtf8(sql));
-    while (filas->siguiente())
-        textos.insert(filas->valor(0).texto());
-    return textos;
-}
-
 class LectorInterfaces {
 public:
     LectorInterfaces(Conexion& c, Faltas& faltas)
-        : faltas_(faltas), conceptos_(conjunto(c, "select coin_familia || ' ' || coin_concepto"
-                                                  " from concepto_interfaz")),
-          documentos_(conjunto(c, "select doct_familia || ' ' || tido_cod"
-                                  " from documento_contable")),
-          comprobantes_(conjunto(c, "select tico_cod || '/' || prco_pref from prefijos_conta")),
-          cuentas_(conjunto(c, "select cuen_cod from cuentas where cuen_afectable = 'S'")),
+        : faltas_(faltas), conceptos_(textos_de(c, "select coin_familia || ' ' || coin_concepto"
+                                                   " from concepto_interfaz")),
+          documentos_(textos_de(c, "select doct_familia || ' ' || tido_cod"
+                                   " from documento_contable")),
+          comprobantes_(textos_de(c, "select tico_cod || '/' || prco_pref from prefijos_conta")),
+          cuentas_(textos_de(c, "select cuen_cod from cuentas where cuen_afectable = 'S'")),
           cuentas_niif_(
-              conjunto(c, "select cuen_cod from cuentas_niif where cuen_afectable = 'S'")),
-          categorias_(conjunto(c, "select conc_cod from concepto_contable")) {}
+              textos_de(c, "select cuen_cod from cuentas_niif where cuen_afectable = 'S'")),
+          categorias_(textos_de(c, "select conc_cod from concepto_contable")) {}
 
     QVector<InterfazLeida> lea(const QVector<RenglonTexto>& renglones) {
         QVector<InterfazLeida> interfaces;
@@ -172,8 +157,8 @@ private:
             regla.documento = palabra == QLatin1String("abre") ? "N" : "A";
             return;
         }
-        for (const Marca& m : kMarcas)
-            if (palabra == QLatin1String(m.palabra)) {
+        for (const char* m : kMarcas)
+            if (palabra == QLatin1String(m)) {
                 regla.marcas.insert(palabra);
                 return;
             }
@@ -257,8 +242,8 @@ private:
         ejecute(QStringLiteral("delete from %1 where %2 = ?").arg(tabla, clave), {id});
         int item = 0;
         for (const ReglaCuenta& r : reglas) {
-            const auto lleva = [&](const Marca& m) {
-                return Valor(r.marcas.contains(QLatin1String(m.palabra)) ? "S" : "N");
+            const auto lleva = [&](const char* m) {
+                return Valor(r.marcas.contains(QLatin1String(m)) ? "S" : "N");
             };
             ejecute(QStringLiteral("insert into %1 (%2, inct_item, inct_concepto, inct_clase,"
                                    " inct_cuenta, inct_lado, inct_documento, inct_porc, conc_cod,"
@@ -292,7 +277,7 @@ QStringList reglas_escritas(Conexion& c, const QString& tabla, const QString& cl
         r += ' ' + f->valor(2).texto() + ' ' + f->valor(3).texto();
         for (int i = 0; i < 4; ++i)
             if (f->valor(7 + i).texto() == QLatin1String("S"))
-                r += ' ' + QLatin1String(kMarcas[i].palabra);
+                r += ' ' + QLatin1String(kMarcas[i]);
         const QString documento = f->valor(4).texto();
         if (documento != QLatin1String("-"))
             r += documento == QLatin1String("N") ? " abre" : " aplica";

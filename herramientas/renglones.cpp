@@ -1,5 +1,6 @@
 #include "herramientas/renglones.h"
 
+#include "datos/firebird/conexion.h"
 #include "datos/firebird/errores.h"
 #include "datos/firebird/valor.h"
 
@@ -109,4 +110,12 @@ QString dato_escrito(const char* clave, const QString& valor) {
     if (v.contains(' ') || v.contains('"'))
         v = '"' + v.replace('"', QStringLiteral("\"\"")) + '"';
     return ' ' + QLatin1String(clave) + '=' + v;
+}
+
+QSet<QString> textos_de(Conexion& c, const char* sql) {
+    QSet<QString> textos;
+    const auto filas = c.abra(QString::fromUtf8(sql));
+    while (filas->siguiente())
+        textos.insert(filas->valor(0).texto());
+    return textos;
 }

@@ -5,8 +5,11 @@
 // lectura: se junta en Faltas, con su renglón, y al final se dice todo de una vez.
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 #include <QVector>
+
+class Conexion;
 
 struct RenglonTexto {
     int numero = 0;
@@ -38,3 +41,6 @@ QVector<RenglonTexto> lea_renglones(const QString& archivo, Faltas& faltas);
 
 /// " clave=valor", entre comillas si hace falta; nada si el valor está vacío.
 QString dato_escrito(const char* clave, const QString& valor);
+
+/// Los textos de una consulta de una columna: lo que la base conoce y un archivo puede nombrar.
+QSet<QString> textos_de(Conexion& c, const char* sql);

@@ -2,8 +2,7 @@
 
 #include "libro/columnas_comprobante.h"
 #include "libro/importes.h"
-
-#include <QHash>
+#include "libro/memoria.h"
 
 namespace {
 
@@ -65,11 +64,11 @@ private:
             if (const QString razon = cuenta(l.cuenta); !razon.isEmpty())
                 return razon;
         if (!l.nit.isEmpty() &&
-            !recuerde(terceros_, l.nit, [&] { return tercero_activo(conexion_, l.nit); }))
+            !recordado(terceros_, l.nit, [&] { return tercero_activo(conexion_, l.nit); }))
             return QStringLiteral("El tercero %1 no existe o está inactivo.").arg(l.nit);
         if (!l.proyecto.isEmpty() && !l.centro.isEmpty() &&
-            !recuerde(centros_, l.proyecto + '/' + l.centro,
-                      [&] { return !revise_centro(conexion_, l.proyecto, l.centro).has_value(); }))
+            !recordado(centros_, l.proyecto + '/' + l.centro,
+                       [&] { return !revise_centro(conexion_, l.proyecto, l.centro).has_value(); }))
             return QStringLiteral("El centro %1 del proyecto %2 no existe.")
                 .arg(l.centro, l.proyecto);
         if (!l.categoria.isEmpty())
@@ -79,7 +78,7 @@ private:
     }
 
     QString cuenta(const QString& codigo) {
-        return recuerde(cuentas_, codigo, [&]() -> QString {
+        return recordado(cuentas_, codigo, [&]() -> QString {
             if (const auto r = revise_cuenta(conexion_, libro_, codigo))
                 return QStringLiteral("%1 (%2)").arg(r->texto.trimmed(), codigo);
             std::optional<Rechazo> inactiva;
@@ -90,8 +89,8 @@ private:
 
     /// Lo que la cuenta pide, después de completar lo que la pantalla completa.
     QString revise_exigencias(LineaComprobante l) {
-        const auto& a = recuerde(atributos_, l.cuenta,
-                                 [&] { return atributos_de_cuenta(conexion_, libro_, l.cuenta); });
+        const auto& a = recordado(atributos_, l.cuenta,
+                                  [&] { return atributos_de_cuenta(conexion_, libro_, l.cuenta); });
         if (!a)
             return {};
         l.nit = tercero_al_dejarlo(l.nit, *a, memorias_);
@@ -100,12 +99,6 @@ private:
             l.porcentaje = *sugerido;
         const Rechazos faltas = faltas_de_linea(l, *a);
         return faltas.isEmpty() ? QString() : faltas.first().texto;
-    }
-
-    template <class T, class F>
-    static const T& recuerde(QHash<QString, T>& memoria, const QString& llave, F pregunte) {
-        const auto i = memoria.constFind(llave);
-        return i != memoria.constEnd() ? *i : *memoria.insert(llave, pregunte());
     }
 
     Conexion& conexion_;

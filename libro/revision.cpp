@@ -1,8 +1,8 @@
 #include "libro/revision.h"
 
+#include "libro/memoria.h"
 #include "libro/numeracion.h"
 
-#include <QHash>
 #include <QMap>
 #include <QStringList>
 
@@ -49,11 +49,11 @@ public:
         };
         junte(cuenta(libro, l.cuenta));
         if (!l.nit.isEmpty())
-            junte(recuerde(terceros_, l.nit, [&] { return revise_tercero(conexion_, l.nit); }));
+            junte(recordado(terceros_, l.nit, [&] { return revise_tercero(conexion_, l.nit); }));
         // Un proyecto sin centro tampoco es un centro.
         if (!l.proyecto.isEmpty() || !l.centro.isEmpty())
-            junte(recuerde(centros_, l.proyecto + '/' + l.centro,
-                           [&] { return revise_centro(conexion_, l.proyecto, l.centro); }));
+            junte(recordado(centros_, l.proyecto + '/' + l.centro,
+                            [&] { return revise_centro(conexion_, l.proyecto, l.centro); }));
         if (!l.categoria.isEmpty())
             junte(revise_categoria(conexion_, libro, l.categoria));
         const auto& a = atributos(libro, l.cuenta);
@@ -105,7 +105,7 @@ private:
     }
 
     const std::optional<Rechazo>& cuenta(Libro libro, const QString& codigo) {
-        return recuerde(cuentas_, datos(libro).nombre + codigo, [&]() -> std::optional<Rechazo> {
+        return recordado(cuentas_, datos(libro).nombre + codigo, [&]() -> std::optional<Rechazo> {
             if (auto r = revise_cuenta(conexion_, libro, codigo))
                 return r;
             std::optional<Rechazo> inactiva;
@@ -114,13 +114,8 @@ private:
         });
     }
     const std::optional<AtributosCuenta>& atributos(Libro libro, const QString& codigo) {
-        return recuerde(atributos_, datos(libro).nombre + codigo,
-                        [&] { return atributos_de_cuenta(conexion_, libro, codigo); });
-    }
-    template <class T, class F>
-    static const T& recuerde(QHash<QString, T>& memoria, const QString& llave, F pregunte) {
-        const auto i = memoria.constFind(llave);
-        return i != memoria.constEnd() ? *i : *memoria.insert(llave, pregunte());
+        return recordado(atributos_, datos(libro).nombre + codigo,
+                         [&] { return atributos_de_cuenta(conexion_, libro, codigo); });
     }
 
     Conexion& conexion_;

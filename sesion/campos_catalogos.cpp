@@ -20,6 +20,11 @@ void campos_prefijos(ConjuntoDatos& c) {
     c.bandera("PRCO_ACTIVO").etiqueta("Activo");
 }
 
+QString sql_prefijos_activos(const QString& tipo) {
+    return QStringLiteral("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = %1 AND PRCO_ACTIVO = 'S'")
+        .arg(QuotedStr(tipo));
+}
+
 void campos_documentos(ConjuntoDatos& c) {
     c.entero("TIDO_COD");
     c.texto("TIDO_NOMCORTO", 8);

@@ -6,15 +6,18 @@
 #include <QFile>
 #include <QSettings>
 
-QString diraplicacion_callada() {
-    QString carpeta = qEnvironmentVariable("QUORVEX_DIRECTORIO");
+QString ajuste_instalacion(const QString& nombre) {
+    QString valor;
     for (const QString& archivo : {QDir::homePath() + QStringLiteral("/.config/quorvex2018.conf"),
                                    QStringLiteral("/etc/quorvex2018.conf")})
-        if (carpeta.isEmpty() && QFile::exists(archivo))
-            carpeta = QSettings(archivo, QSettings::IniFormat)
-                          .value(QStringLiteral("Directorio"))
-                          .toString();
-    return carpeta;
+        if (valor.isEmpty() && QFile::exists(archivo))
+            valor = QSettings(archivo, QSettings::IniFormat).value(nombre).toString();
+    return valor;
+}
+
+QString diraplicacion_callada() {
+    const QString carpeta = qEnvironmentVariable("QUORVEX_DIRECTORIO");
+    return carpeta.isEmpty() ? ajuste_instalacion(QStringLiteral("Directorio")) : carpeta;
 }
 
 QString diraplicacion() {

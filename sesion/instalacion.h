@@ -2,10 +2,13 @@
 // Ajustes de la instalación: la carpeta de la aplicación y la ubicación de las bases.
 //
 // La carpeta es el ajuste "Directorio" de la instalación (variable QUORVEX_DIRECTORIO; si no, la
-// clave Directorio de /etc/quorvex2018.conf o de ~/.config/quorvex2018.conf). Allí viven
+// clave Directorio de ~/.config/quorvex2018.conf o de /etc/quorvex2018.conf). Allí viven
 // conexion.cfg, ERRORES.TXT, impresoras.cfg y los informes.
 #include <QString>
 
+/// Un ajuste de la instalación por su nombre ("Directorio", "Pagina"): el del usuario y, si no lo
+/// tiene, el del equipo; vacío si ninguno lo dice.
+QString ajuste_instalacion(const QString& nombre);
 /// Carpeta de la aplicación; vacía después de avisar si la instalación no la dice.
 QString diraplicacion();
 /// La misma, sin avisar.

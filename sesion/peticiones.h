@@ -124,6 +124,11 @@ struct AbreComprobantesTercero {
 struct AbreFormato {
     QString formato_actual = {};
 };
+/// Formato de impresión cuyos elementos se van a mover.
+struct MueveFormato {
+    int tipo = 0; ///< TIDO_COD; 1 los comprobantes
+    QString llave = {};
+};
 /// Informe que varios reportes comparten: la letra dice cuál.
 struct AbreInforme {
     QString tipo_informe = {};

@@ -3,6 +3,7 @@
 #include "toolkit/historia_avisos.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QTimer>
 
 namespace {
@@ -32,16 +33,29 @@ AvisosBarra::AvisosBarra(QWidget* padre)
 
 void AvisosBarra::pinte(Color color, const QString& texto) {
     color_ = color;
-    QPalette p = QApplication::palette();
-    const QColor fondo = color == Celeste    ? kCeleste
-                         : color == Azul     ? kAzul
-                         : color == Rojo     ? kRojo
-                         : color == Amarillo ? kAmarillo
-                                             : p.color(QPalette::Button);
-    p.setColor(QPalette::Window, fondo);
-    p.setColor(QPalette::WindowText, color == Azul || color == Rojo ? Qt::white : Qt::black);
-    setPalette(p);
+    coloree();
     this->texto(texto);
+}
+
+void AvisosBarra::coloree() {
+    QPalette p = QApplication::palette();
+    const QColor fondo = color_ == Celeste    ? kCeleste
+                         : color_ == Azul     ? kAzul
+                         : color_ == Rojo     ? kRojo
+                         : color_ == Amarillo ? kAmarillo
+                                              : p.color(QPalette::Button);
+    p.setColor(QPalette::Window, fondo);
+    // El color de botón es el del tema, claro u oscuro; los demás son siempre los mismos.
+    p.setColor(QPalette::WindowText, color_ == Boton ? p.color(QPalette::ButtonText)
+                                     : color_ == Azul || color_ == Rojo ? QColor(Qt::white)
+                                                                        : QColor(Qt::black));
+    setPalette(p);
+}
+
+void AvisosBarra::changeEvent(QEvent* e) {
+    QLabel::changeEvent(e);
+    if (e->type() == QEvent::ApplicationPaletteChange)
+        coloree();
 }
 
 void AvisosBarra::texto(const QString& texto) {
@@ -79,7 +93,7 @@ void AvisosBarra::mostrar_noticia(const QString& texto, int decimas) {
 }
 
 void AvisosBarra::mostrar_mensaje() {
-    if (sin_mensaje || color_ != Boton)
+    if (color_ != Boton)
         return;
     pinte(Azul, QStringLiteral("Solicitando información. Espere un momento..."));
     window()->repaint();

@@ -25,11 +25,14 @@ public:
     void texto(const QString& texto);
     Color color() const { return color_; }
 
-    bool sin_mensaje = false;     ///< apaga `mostrar_mensaje`
     std::function<void()> pitido; ///< por defecto, el del sistema
     QTimer* Timer2;
 
+protected:
+    void changeEvent(QEvent* e) override;
+
 private:
+    void coloree();
     void pinte(Color color, const QString& texto);
     void avise(const QString& texto, Color color, int decimas);
     Color color_ = Celeste;

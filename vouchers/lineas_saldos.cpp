@@ -20,7 +20,7 @@ QWidget* LineasSaldos::construya_pagina() {
     rejilla = new Rejilla(pagina);
     rejilla->setObjectName("DBGridEh1");
     rejilla->setAccessibleName("Saldos iniciales");
-    new NombresEnLinea(rejilla, libro, 0);
+    new NombresEnLinea(rejilla, libro, kCuenta);
     rejilla->columnas({{"CUEN_COD", "Cuenta", 13},
                        {"TERC_NIT", "Tercero", 15},
                        {"PROY_COD", "Proy", 6},

@@ -14,7 +14,6 @@
 namespace {
 
 constexpr int kComprobantes = 1; // TIDO_COD de los formatos de comprobante
-constexpr int kFuenteLineas = 6, kFuenteDatos = 8;
 
 /// Tablas de un formato con las columnas que se copian, todas menos la llave.
 struct TablaFormato {
@@ -197,7 +196,7 @@ QWidget* Tfedtformato::construya_datos() {
     QStringList nombres;
     for (const DatoFormato& d : kDatosFormato)
         nombres << QLatin1String(d.nombre);
-    DBGridEh2->lista(0, nombres);
+    DBGridEh2->lista(DBGridEh2->columna_de("DAFO_DATO"), nombres);
     DBGridEh2->texto_vacio = "Sin datos. Insert agrega el primero; Alt+Abajo muestra cuáles hay.";
     DBGridEh2->OnEnter = [this] { lienzo->resalte(&CFormadatos); };
     ckfildat = new QCheckBox("Filtrar");
@@ -225,7 +224,8 @@ QWidget* Tfedtformato::construya_lineas() {
                          {"FOLI_FONT", "Letra", 14},
                          {"FOLI_FSIZE", "Tamaño", 7},
                          {"FOLI_LIQUIDA", "Al final", 7, Casilla}});
-    DBGridEh1->lista(0, {"Texto", "Linea", "Cuadro", "Gráfico"}, {"T", "L", "C", "G"});
+    DBGridEh1->lista(DBGridEh1->columna_de("FOLI_TIPO"), {"Texto", "Linea", "Cuadro", "Gráfico"},
+                     {"T", "L", "C", "G"});
     DBGridEh1->texto_vacio = "Sin líneas ni cuadros. Insert agrega el primero.";
     DBGridEh1->OnDblClick = [this](int) { DBGridEh1DblClick(); };
     DBGridEh1->OnEnter = [this] { lienzo->resalte(&CFormalineas); };
@@ -317,8 +317,8 @@ void Tfedtformato::FormCreate() {
     ubique(llave_);
     const QStringList letras = QFontDatabase::families();
     LFont->lista_de(letras);
-    DBGridEh1->lista(kFuenteLineas, letras);
-    DBGridEh2->lista(kFuenteDatos, letras);
+    DBGridEh1->lista(DBGridEh1->columna_de("FOLI_FONT"), letras);
+    DBGridEh2->lista(DBGridEh2->columna_de("DAFO_FONT"), letras);
     tamano_del_area(40, 20);
 }
 
@@ -391,9 +391,8 @@ void Tfedtformato::SBCancelClick() {
 void Tfedtformato::SpeedButton2Click() {
     if (!aplique())
         return;
-    fdm().Smueveformato.ParamByName("TIPO") = CFormato.FieldByName("TIDO_COD").valor();
-    fdm().Smueveformato.ParamByName("PREFI") = llave_;
-    pantallas().abrir_modal("TFmoverforma");
+    pantallas().abrir_modal("TFmoverforma",
+                            MueveFormato{int(CFormato.FieldByName("TIDO_COD").entero()), llave_});
     CFormato.Close(); // lo que se movió está en la base
     CFormato.Open();
     ubique(llave_);

@@ -316,8 +316,10 @@ void Tfedtmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador qui
     if (r.clase == ResultadoGrabacion::Rehusado)
         return;
     const bool entra = quien == Grabador::EditarEntraNiif, grabado = r.clase != r.Fallo;
-    if (entra)
+    if (entra) {
+        fdmcnt().dia_actual = EDia->text();
         tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
+    }
     if (entra && grabado)
         CMovimiento.Refresh();
     if (grabado)

@@ -51,8 +51,7 @@ void Tfimprmascomproba::FormCreate() {
 }
 
 void Tfimprmascomproba::CProvTIPOChange() {
-    CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " +
-                   QuotedStr(CProv.FieldByName("TIPO").texto()) + " AND PRCO_ACTIVO = 'S'");
+    CPrefijos.Open(sql_prefijos_activos(CProv.FieldByName("TIPO").texto()));
     // El prefijo de otro tipo no sirve a este: se propone su primero.
     CProv.FieldByName("PREF") =
         CPrefijos.IsEmpty() ? Valor() : CPrefijos.FieldByName("PRCO_PREF").valor();

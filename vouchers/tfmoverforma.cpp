@@ -86,7 +86,10 @@ void TFmoverforma::SpeedButton1Click() {
         return e->text().isEmpty() ? vacio : Tfdm::entero(e->text());
     };
     Sentencia& s = fdm().Smueveformato;
+    const auto formato = peticion<MueveFormato>();
     s.Close();
+    s.ParamByName("TIPO") = formato.tipo;
+    s.ParamByName("PREFI") = formato.llave;
     s.ParamByName("POSICIONES") = valor(Pos, 0);
     s.ParamByName("DESDE") = valor(Desde, 0);
     s.ParamByName("HASTA") = valor(Hasta, kUltimaPosicion);

@@ -1,8 +1,5 @@
 #pragma once
 // "Mover Formato": corre o cambia de tamaño los elementos de un formato de impresión.
-//
-// Quien la abre deja el tipo y la llave del formato en los parámetros TIPO y PREFI de
-// fdm().Smueveformato.
 #include "toolkit/pantalla.h"
 
 class QButtonGroup;

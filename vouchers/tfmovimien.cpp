@@ -32,8 +32,7 @@ Tfmovimien::Tfmovimien()
 
 void Tfmovimien::defina_conjuntos() {
     campos_prefijos(CPrefijos);
-    CPrefijos.CommandText =
-        "SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = '' AND PRCO_ACTIVO = 'S'";
+    CPrefijos.CommandText = sql_prefijos_activos({});
     CCentros.anide_en(&CProyectos, &fdm().TCentros);
     campos_proyectos(CProyectos);
     campos_centros(CCentros);
@@ -128,8 +127,7 @@ void Tfmovimien::recupere_provisional() {
         // El día, el prefijo y los contadores siguen al comprobante que se rescata.
         const auto rescatado = [this](const char* c) { return CMovimiento.FieldByName(c).texto(); };
         EDia->setText(rescatado("ENCO_FECHA").right(2));
-        CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " +
-                       QuotedStr(rescatado("TICO_COD")) + " AND PRCO_ACTIVO = 'S'");
+        CPrefijos.Open(sql_prefijos_activos(rescatado("TICO_COD")));
         siga_los_items();
         CMovimiento.Edit();
         break;
@@ -172,8 +170,7 @@ void Tfmovimien::recupere(const Borrador& borrador) {
     {
         const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
         EDia->setText(borrador.dia);
-        CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " + QuotedStr(c.tipo) +
-                       " AND PRCO_ACTIVO = 'S'");
+        CPrefijos.Open(sql_prefijos_activos(c.tipo));
         LPref->setEnabled(CPrefijos.RecordCount() != 1);
         // El que tenía pudo tomarlo otro mientras tanto.
         if (c.id == 0 && CPrefijos.Locate("PRCO_PREF", {c.prefijo})) {
@@ -243,8 +240,7 @@ void Tfmovimien::CMovimientoAfterInsert() {
 }
 
 void Tfmovimien::CMovimientoTICO_CODChange(Campo& campo) {
-    CPrefijos.Open("SELECT * FROM PREFIJOS_CONTA WHERE TICO_COD = " + QuotedStr(campo.texto()) +
-                   " AND PRCO_ACTIVO = 'S'");
+    CPrefijos.Open(sql_prefijos_activos(campo.texto()));
     CMovimiento.FieldByName("ENCO_NUMERO").limpie();
     if (CPrefijos.IsEmpty())
         throw ErrorDatos(QStringLiteral("Debe registrar antes los prefijos."));

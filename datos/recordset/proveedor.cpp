@@ -248,14 +248,18 @@ QVector<Campo*> Proveedor::campos_devueltos(const QVector<Campo*>& campos) const
     return devueltos;
 }
 
+QString Proveedor::comience(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila, ClaseCambio clase) {
+    g.conjunto = &conjunto;
+    g.clase = clase;
+    if (BeforeUpdateRecord)
+        BeforeUpdateRecord(conjunto, fila, clase);
+    return tabla_de(conjunto.columnas_);
+}
+
 // ---------------------------------------------------------------- una fila nueva
 
 void Proveedor::inserte(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
-    g.conjunto = &conjunto;
-    g.clase = ClaseCambio::Insercion;
-    if (BeforeUpdateRecord)
-        BeforeUpdateRecord(conjunto, fila, ClaseCambio::Insercion);
-    const QString tabla = tabla_de(conjunto.columnas_);
+    const QString tabla = comience(g, conjunto, fila, ClaseCambio::Insercion);
     for (int vez = 0;; ++vez) {
         try {
             inserte_una_vez(g, conjunto, fila, tabla);
@@ -384,11 +388,7 @@ void toque_fila(Transaccion& t, const QString& orden, const QVector<Valor>& nuev
 } // namespace
 
 void Proveedor::modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
-    g.conjunto = &conjunto;
-    g.clase = ClaseCambio::Modificacion;
-    if (BeforeUpdateRecord)
-        BeforeUpdateRecord(conjunto, fila, ClaseCambio::Modificacion);
-    const QString tabla = tabla_de(conjunto.columnas_);
+    const QString tabla = comience(g, conjunto, fila, ClaseCambio::Modificacion);
     const QVector<Campo*> campos = campos_de(conjunto, tabla);
     QStringList cambios;
     QVector<Valor> valores;
@@ -430,11 +430,7 @@ void Proveedor::relea(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila, const Q
 void Proveedor::borre(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     if (fila.marca == Fila::Marca::Insertada)
         return; // viajó en una grabación que no quedó
-    g.conjunto = &conjunto;
-    g.clase = ClaseCambio::Borrado;
-    if (BeforeUpdateRecord)
-        BeforeUpdateRecord(conjunto, fila, ClaseCambio::Borrado);
-    const QString tabla = tabla_de(conjunto.columnas_);
+    const QString tabla = comience(g, conjunto, fila, ClaseCambio::Borrado);
     const QVector<Valor>& antes = fila.originales ? *fila.originales : *fila.valores;
     toque_fila(g.transaccion, QStringLiteral("delete from ") + tabla, {}, tabla,
                cambios::llave_de(conjunto, tabla),

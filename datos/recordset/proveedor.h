@@ -51,6 +51,8 @@ private:
     void resuelva_fila(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);
     void resuelva_detalles(Grabacion& g, ConjuntoDatos& maestra, Fila& fila, bool solo_borrados);
     void lleve_llave(ConjuntoDatos& maestra, Fila& fila, ConjuntoDatos& detalle, Fila& linea);
+    /// Da paso a una fila y a su clase de cambio: avisa y devuelve la tabla donde se graba.
+    QString comience(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila, ClaseCambio clase);
     /// Los campos que se releen tras grabar (poPropogateChanges).
     QVector<Campo*> campos_devueltos(const QVector<Campo*>& campos) const;
     void inserte(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila);

@@ -11,12 +11,16 @@
 #include "sesion_de_prueba.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QDesktopServices>
 #include <QMenu>
 #include <QPushButton>
 #include <QTcpServer>
 
 class PruebaPrincipal : public QObject {
     Q_OBJECT
+public:
+    Q_INVOKABLE void tome_pagina(const QUrl& pagina) { pagina_ = pagina.toString(); }
+
 private slots:
     void init() { s_.emplace(); }
     void cleanup() { s_.reset(); }
@@ -132,6 +136,20 @@ private slots:
         s_->dialogos.espere("No se encontró el archivo o la ruta /datos/001/quorvex.fdb");
         s_->abra(argumentos);
         qputenv("HOME", casa);
+    }
+
+    void el_enlace_lleva_a_la_pagina_que_dice_la_instalacion() {
+        const QByteArray casa = qgetenv("HOME");
+        QTemporaryDir propia;
+        qputenv("HOME", propia.path().toLocal8Bit());
+        QDir(propia.path()).mkdir(".config");
+        ponga_archivo(propia.filePath(".config/quorvex2018.conf"),
+                      "Pagina=https://fabricante.example/\n");
+        QDesktopServices::setUrlHandler("https", this, "tome_pagina");
+        emit s_->entre().Label3->linkActivated("pagina");
+        QDesktopServices::unsetUrlHandler("https");
+        qputenv("HOME", casa);
+        QCOMPARE(pagina_, "https://fabricante.example/");
     }
 
     void la_primera_activacion_sigue_su_orden() {
@@ -595,6 +613,7 @@ private slots:
 
 private:
     std::optional<SesionDePrueba> s_;
+    QString pagina_;
 };
 
 PRUEBA_DE_LA_APLICACION(PruebaPrincipal)

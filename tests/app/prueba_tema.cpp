@@ -1,6 +1,7 @@
 // El programa sigue el tema del escritorio: se le pregunta a un portal de mentira en un bus propio.
 #include "app/aplicacion.h"
 #include "app/tema/tema_sistema.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/estilo.h"
 
 #include <QApplication>
@@ -54,6 +55,8 @@ int sirva_portal(uint valor, int otro, int& cuantos, char** argumentos) {
 /// escritorio lo cambia.
 int diga_tema(bool espere, int& cuantos, char** argumentos) {
     Aplicacion aplicacion(cuantos, argumentos);
+    AvisosBarra barra;
+    barra.Timer2Timer(); // en reposo toma el color de los botones
     QLabel negativo("-1.00");
     QPalette rojo;
     rojo.setColor(QPalette::WindowText, color_negativo());
@@ -77,6 +80,10 @@ int diga_tema(bool espere, int& cuantos, char** argumentos) {
                                        {QPalette::ToolTipText, QPalette::ToolTipBase}})
         if (qAbs(claridad(tinta) - claridad(fondo)) < 80)
             return 2;
+    const QPalette b = barra.palette();
+    if (b.color(QPalette::Window) != p.color(QPalette::Button) ||
+        b.color(QPalette::WindowText) != p.color(QPalette::ButtonText))
+        return 2;
     if (qAbs(color_negativo().lightness() - claridad(QPalette::Base)) < 80)
         return 2;
     puts(claridad(QPalette::Base) < 128 ? "oscuro" : "claro");

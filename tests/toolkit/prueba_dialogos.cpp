@@ -151,10 +151,6 @@ private slots:
         QCOMPARE(barra.text(), "");
         QCOMPARE(pitidos, 3);
 
-        barra.sin_mensaje = true;
-        barra.mostrar_mensaje();
-        QCOMPARE(barra.color(), AvisosBarra::Boton);
-        barra.sin_mensaje = false;
         barra.mostrar_mensaje();
         QCOMPARE(barra.text(), "Solicitando información. Espere un momento...");
         QCOMPARE(barra.palette().color(QPalette::Window), QColor(Qt::blue));

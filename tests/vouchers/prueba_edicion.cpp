@@ -102,7 +102,9 @@ private slots:
         QCOMPARE(p->Cdetniif.RecordCount(), 1);
         QCOMPARE(s.dato("select enco_concepto || '|' from comprobante_encabezado"),
                  QString("Concepto|"));
+        QCOMPARE(s.cnt.dia_actual, "05");
         p->PageControl1->setCurrentIndex(1);
+        QCOMPARE(s.cnt.dia_actual, "15"); // entrar a la NIIF deja el día para lo que siga
         p->lineas_niif->rejilla->setFocus();
         oprima(Qt::Key_Down);
         digite("310505");

@@ -350,9 +350,7 @@ private slots:
         for (const auto& c : casos) {
             s.base.ejecute({"delete from formatos"});
             ponga_formato(s, "RC");
-            s.dm.Smueveformato.ParamByName("TIPO") = 1;
-            s.dm.Smueveformato.ParamByName("PREFI") = "RC";
-            auto* m = s.abra<TFmoverforma>("TFmoverforma");
+            auto* m = s.abra<TFmoverforma>("TFmoverforma", MueveFormato{1, "RC"});
             m->Pos->setText("7"); // las de tamaño la vacían
             m->acciones->button(c.letra)->setFocus();
             oprima(Qt::Key_Space);
