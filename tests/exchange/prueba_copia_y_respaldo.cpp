@@ -28,6 +28,15 @@ ParametrosConexion como_dueno(const QString& base) {
     return p;
 }
 
+/// Una orden que inserta esas cuentas y noventa y cinco auxiliares más desde la última.
+QString cien_cuentas(const char* primera, const char* segunda, const char* desde) {
+    return QStringLiteral("execute block as declare n integer = 0; begin insert into cuentas "
+                          "(cuen_cod, cuen_nom) values ('%1', 'X'); insert into cuentas (cuen_cod, "
+                          "cuen_nom) values ('%2', 'X'); while (n < 95) do begin insert into "
+                          "cuentas (cuen_cod, cuen_nom) values (%3 + :n, 'C'); n = n + 1; end end")
+        .arg(QLatin1String(primera), QLatin1String(segunda), QLatin1String(desde));
+}
+
 /// Lo que hace cada pantalla de copia cuando ya le contestaron que sí.
 void copie_todo(const QString& cual, Conexion& origen, Conexion& destino) {
     if (cual == "terceros") {
@@ -196,7 +205,7 @@ void PruebaCopiaYRespaldo::matar_una_copia_deja_filas_enteras_y_repetirla_la_com
     // El plan NIIF es el mismo texto.
     QTest::newRow("cuentas") << "cuen_cod, cuen_nom, cuen_tercero, cuen_centro, cuen_tipo, "
                                 "cuen_activa from cuentas order by cuen_cod"
-                             << "insert into cuentas (cuen_cod, cuen_nom) values ('9', 'Vieja')";
+                             << cien_cuentas("9", "91", "9101");
     QTest::newRow("terceros")
         << "terc_nit, terc_nom, terc_dir, terc_tipoid, terc_dv, terc_exento from terceros where "
            "terc_nit <> '900123456' order by terc_nit"
@@ -215,11 +224,7 @@ void PruebaCopiaYRespaldo::matar_una_copia_deja_filas_enteras_y_repetirla_la_com
         "execute block as declare n integer = 0; begin while (n < 300) do begin insert into "
         "terceros (terc_nit, terc_nom, terc_dir) values (5000 + :n, 'T' || :n, 'Calle'); n = n + "
         "1; end end");
-    s_->base.base().ejecute(
-        "execute block as declare n integer = 0; begin insert into cuentas (cuen_cod, cuen_nom) "
-        "values ('1120', 'X'); insert into cuentas (cuen_cod, cuen_nom) values ('112005', 'X'); "
-        "while (n < 95) do begin insert into cuentas (cuen_cod, cuen_nom) values (11200501 + :n, "
-        "'C'); n = n + 1; end end");
+    s_->base.base().ejecute(cien_cuentas("1120", "112005", "11200501"));
     const QString antes = filas_de(*otra_, sql), completo = filas_de(s_->base.base(), sql);
     otra_->desconectar();
     for (Conexion* c : {&s_->base.base(), &s_->dm.Quorvex})
