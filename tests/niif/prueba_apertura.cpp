@@ -406,7 +406,7 @@ void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
     abra_hoja(p, "sh -c 'echo $$ > \"$0.visto\"; exec sleep 600' \"$1\"\n:\n");
     QTRY_VERIFY(lea(ruta + ".visto").endsWith('\n'));
     const QString hijo = "/proc/" + QString(lea(ruta + ".visto")).trimmed() + "/cmdline";
-    QVERIFY(lea(hijo).startsWith("sleep"));
+    QTRY_VERIFY(lea(hijo).startsWith("sleep"));
     HojaTrabajo otra;
     QVERIFY_EXCEPTION_THROWN(otra.abra("110505", {}), ErrorDatos);
     QVERIFY(!otra.abierta() && QFile::exists(ruta));

@@ -351,6 +351,11 @@ void PruebaMediosColumnas::todas_las_columnas_de_los_formatos_sembrados() {
 
 void PruebaMediosColumnas::juntar_las_cuantias_menores_conserva_cada_columna() {
     arme_libro();
+    // Uno que llega a la cuantía solo con lo no deducible.
+    base().ejecute("insert into terceros (terc_nit, terc_nom) values ('70707', 'No deducible')");
+    grabe(base(),
+          {901, "000901", "20170310", {{1, "511010", 70000, 0, "70707"}, {2, "111005", 0, 70000}}});
+    base().ejecute("update comprobante_detalle set code_descontable = 'N' where enco_consec = 901");
     const QStringList procedimientos =
         filas_de(base(), "select medm_procedimiento from mediosmag_archivos where medm_regla <> "
                          "'P'")
