@@ -159,12 +159,16 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
     };
     Avance->setValue(0);
     Avance->show();
+    sin_bitacora_.clear();
     const ResultadoImportacion resultado = importacion->corra();
     Avance->hide();
     LAvance->setText(resultado.resumen());
     recuerde_importacion({resultado, asistente_.archivo});
     if (AvisosBarra* barra = fdm().barra())
         barra->texto(resultado.resumen());
+    if (!sin_bitacora_.isEmpty())
+        fdm().mostrar_advertencia("No se pudo escribir en " + sin_bitacora_ +
+                                  ": F8 muestra los rechazados.");
     return resultado;
 }
 
@@ -193,11 +197,12 @@ void Tfimportarinv3::SBEnsayoClick() {
 
 void Tfimportarinv3::error_importacion(const QString& mensaje, const LlaveComprobante& llave) {
     QFile archivo(diraplicacion_callada() + "/ERRIMPCN.TXT");
-    if (!archivo.open(QIODevice::Append))
-        return;
-    archivo.write(
+    const QByteArray renglon =
         (mensaje + "Tipo:" + llave.tipo + "Pref:" + llave.prefijo + "Num:" + llave.numero + '\n')
-            .toLatin1());
+            .toLatin1();
+    if (!archivo.open(QIODevice::Append) || archivo.write(renglon) != renglon.size() ||
+        !archivo.flush())
+        sin_bitacora_ = archivo.fileName();
 }
 
 bool Tfimportarinv3::FormClose() {

@@ -44,4 +44,5 @@ private:
 
     AsistenteImportacion asistente_;
     bool trabajando_ = false, detenga_ = false;
+    QString sin_bitacora_; ///< la que no se dejó escribir
 };

@@ -341,6 +341,11 @@ void Tfbalaperturaniif::AdvGlowButton7Click() {
                    "mismo nombre, cierre el programa y oprima F2 para traerla. Con Esc se deja "
                    "como estaba.\n\n" +
                    hoja.ruta());
+    if (!hoja.rescatada().isEmpty())
+        LHoja->setText(LHoja->text() +
+                       "\n\nUna vez anterior no se alcanzó a traer; lo que había "
+                       "en ella está en " +
+                       hoja.rescatada());
     muestre_pagina(Hoja);
     paginas->currentWidget()->findChild<QPushButton*>("AdvGlowButton5")->setFocus();
 }

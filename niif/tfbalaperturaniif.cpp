@@ -348,7 +348,8 @@ void Tfbalaperturaniif::SBCancelClick() {
 }
 
 bool Tfbalaperturaniif::FormClose() {
-    const bool por_perder = CSaldos.Active() && (CSaldos.ChangeCount() > 0 || CSaldos.Modified());
+    const bool por_perder = CSaldos.Active() && (CSaldos.ChangeCount() > 0 || CSaldos.Modified() ||
+                                                 hoja.abierta()); // cerrar la hoja la pierde
     if (!cierre_confirmado_ && por_perder &&
         !pregunte_con_no("Desea salir del comprobante y perder los movimientos que no ha grabado?"))
         return false;

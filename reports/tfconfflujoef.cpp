@@ -33,7 +33,8 @@ void Tfconfflujoef::FormCreate() {
     conjunto_->Filtered(true);
     ConfiguracionEstado::FormCreate();
     DBGridEh1->setToolTip("Db/Cr no cambia el signo: lo que entra de efectivo va positivo y lo que "
-                          "sale, negativo.");
+                          "sale, negativo. Una cuenta en dos renglones, uno Débito y otro Crédito, "
+                          "sale separada en lo que se pagó y lo que se recibió.");
 }
 
 void Tfconfflujoef::fila_nueva() {

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -213,6 +214,7 @@ void FormaMedio::abre_query() {
 
 bool FormaMedio::calcule(bool hay) {
     fdm().mostrar_mensaje();
+    const auto al_salir = qScopeGuard([] { fdm().quitar_mensaje(); });
     prepare_calculo();
     const QString tome = candado(), llene = calculo();
     const QString de_estas = " from " + datos_.tabla + " where " + condicion();
@@ -228,7 +230,7 @@ bool FormaMedio::calcule(bool hay) {
                 base.prepare("delete" + de_estas, t)->ejecute(t, {});
             base.prepare(llene, t)->ejecute(t, {});
         });
-    fdm().quitar_mensaje();
+    fdm().quitar_mensaje(); // antes del aviso, que va en el mismo sitio
     const QString aviso =
         hecho ? por_configurar() : "Cálculo cancelado: lo que estaba guardado sigue igual.";
     if (!aviso.isEmpty())

@@ -33,6 +33,17 @@ QVector<ProblemaMedio> revise_medio(Conexion& base, int formato, const QString& 
         todos << ProblemaMedio{int(c->valor(0).entero()), c->valor(1).texto(), c->valor(2).texto(),
                                c->valor(3).texto(), c->valor(4).texto()};
     agregue_digitos_errados(base, formato, ano, todos);
+    if (base.consulte(
+                "select first 1 memg_item from medios_magneticos_datos where memg_formato = ? "
+                "and memg_ano = ?",
+                {Valor(formato), Valor(ano)})
+            .nulo())
+        todos << ProblemaMedio{0,
+                               {},
+                               {},
+                               {},
+                               "No hay filas del año " + ano +
+                                   ": el archivo saldría sin registros y no cumpliría su esquema."};
     return todos;
 }
 

@@ -266,6 +266,12 @@ void Tfmediosmagbog::SpeedButton3Click() {
     }
     if (!grabe_cambios())
         return;
+    if (CMedmagdata->IsEmpty() &&
+        !pregunte_con_no(QStringLiteral("El artículo %1 no tiene filas del año %2: el archivo "
+                                        "saldría vacío. Desea grabarlo de todos modos?")
+                             .arg(articulo())
+                             .arg(ano())))
+        return;
     FilasDistrito revisadas(*CMedmagdata);
     const QString falta = por_corregir_articulo(articulo(), revisadas);
     if (!falta.isEmpty() && !pregunte_con_no("Hay filas por corregir: " + falta +

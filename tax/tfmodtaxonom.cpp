@@ -299,5 +299,7 @@ void Tfmodtaxonom::exporte() {
     exporte_taxonomia(*CImprtax, ano, ruta);
     CImprtax->Close();
     Panel->hide();
-    fdm().mostrar_advertencia("Se grabó " + ruta);
+    fdm().mostrar_advertencia("Se grabó " + ruta +
+                              ". La cabecera (Cab) va sin cerrar, como la espera quien lo recibe: "
+                              "otros programas pueden decir que no es un XML completo.");
 }

@@ -135,14 +135,22 @@ AS
 BEGIN
   FOR
     SELECT F.FLEF_SECCION, F.FLEF_CUENTA || ' ' || coalesce(P.CUEN_NOM, ''),
-      -coalesce((SELECT sum(S.SALD_DEBITO - S.SALD_CREDITO) FROM VISTA_SALDOS_CUENTA{_NIIF} S
+      coalesce((SELECT sum(iif(F.LADO = 'S' AND F.LADOS = 2, 0, S.SALD_CREDITO)
+          - iif(F.LADO = 'N' AND F.LADOS = 2, 0, S.SALD_DEBITO)) FROM VISTA_SALDOS_CUENTA{_NIIF} S
         WHERE S.CUEN_COD STARTING WITH F.FLEF_CUENTA AND S.SALD_ANO = :ANO AND S.SALD_MES > 0
           AND S.CUEN_COD NOT STARTING WITH '11'
           AND NOT EXISTS (SELECT 1 FROM FLUJO_EFECTIVO O WHERE O.FLEF_NIIF = F.FLEF_NIIF
-            AND S.CUEN_COD STARTING WITH O.FLEF_CUENTA
+            AND O.FLEF_SECCION BETWEEN 1 AND 3 AND S.CUEN_COD STARTING WITH O.FLEF_CUENTA
             AND (char_length(O.FLEF_CUENTA) > char_length(F.FLEF_CUENTA)
-              OR (O.FLEF_CUENTA = F.FLEF_CUENTA AND O.FLEF_ID < F.FLEF_ID)))), 0)
-    FROM FLUJO_EFECTIVO F
+              OR (O.FLEF_CUENTA = F.FLEF_CUENTA AND O.FLEF_ID < F.FLEF_ID
+                AND iif(O.FLEF_DB = 'S', 'S', 'N') = F.LADO)))), 0)
+    FROM (
+      SELECT R.FLEF_ID, R.FLEF_CUENTA, R.FLEF_SECCION, R.FLEF_NIIF,
+        iif(R.FLEF_DB = 'S', 'S', 'N') LADO,
+        (SELECT count(DISTINCT iif(L.FLEF_DB = 'S', 'S', 'N')) FROM FLUJO_EFECTIVO L
+          WHERE L.FLEF_NIIF = R.FLEF_NIIF AND L.FLEF_SECCION BETWEEN 1 AND 3
+            AND L.FLEF_CUENTA = R.FLEF_CUENTA) LADOS
+      FROM FLUJO_EFECTIVO R) F
     LEFT JOIN {CUENTAS} P ON P.CUEN_COD = F.FLEF_CUENTA
     WHERE F.FLEF_NIIF = iif('{LIBRO}' = 'NIIF', 'S', 'N') AND F.FLEF_SECCION BETWEEN 1 AND 3
     ORDER BY F.FLEF_SECCION, F.FLEF_ID
@@ -178,9 +186,11 @@ END^
 -- FLUJO_EFECTIVO, con el signo del efectivo (lo que entra, positivo); 4 lo que la configuración no
 -- incluye; 5 y 6 el efectivo (grupo 11) al comenzar y al terminar. Una cuenta va con su renglón
 -- más largo, y las de efectivo nunca son su propia causa, aunque se configuren. El lado del renglón
--- (FLEF_DB) no cambia su signo, que es siempre el del efectivo. SUMA es lo acumulado en la sección,
--- TOTAL2 el cambio del efectivo por las secciones 1 a 4, TOTAL3 el efectivo inicial más ese cambio
--- y TOTAL4 el final de los libros: son iguales. Lo llama Tfcambiopatr.
+-- (FLEF_DB) no cambia su signo, que es siempre el del efectivo: separa las dos caras de una cuenta
+-- que va en dos renglones, uno "S" con sus débitos (lo que se compró o se pagó) y otro con sus
+-- créditos; la que va en uno solo lleva su neto. SUMA es lo acumulado en la sección, TOTAL2 el
+-- cambio del efectivo por las secciones 1 a 4, TOTAL3 el efectivo inicial más ese cambio y TOTAL4
+-- el final de los libros: son iguales. Lo llama Tfcambiopatr.
 CREATE OR ALTER PROCEDURE ESTADO_FLUJO_EFECTIVO (ANO varchar(4), NIIF char(1))
 RETURNS (SECCION integer, CUENTA varchar(140), FINAL numeric(15,2), SUMA numeric(15,2),
   TOTAL2 numeric(15,2), TOTAL3 numeric(15,2), TOTAL4 numeric(15,2))

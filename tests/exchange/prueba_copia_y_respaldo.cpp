@@ -2,6 +2,7 @@
 // pide desde el programa.
 #include "apoyo/comprobantes.h"
 #include "apoyo/herramienta.h"
+#include "apoyo/muerte.h"
 #include "apoyo/reloj_de_prueba.h"
 #include "apoyo/servidor_prueba.h"
 #include "apoyo_gui/sesion_gui.h"
@@ -15,6 +16,56 @@
 #include <QLabel>
 #include <QSpinBox>
 #include <QtTest>
+
+namespace {
+
+constexpr const char *kCopia = "QUORVEX_COPIA", *kOrigen = "QUORVEX_ORIGEN",
+                     *kDestino = "QUORVEX_DESTINO";
+
+ParametrosConexion como_dueno(const QString& base) {
+    ParametrosConexion p{base, "SYSDBA", {}};
+    p.rol.clear();
+    return p;
+}
+
+/// Una orden que inserta esas cuentas y noventa y cinco auxiliares más desde la última.
+QString cien_cuentas(const char* primera, const char* segunda, const char* desde) {
+    return QStringLiteral("execute block as declare n integer = 0; begin insert into cuentas "
+                          "(cuen_cod, cuen_nom) values ('%1', 'X'); insert into cuentas (cuen_cod, "
+                          "cuen_nom) values ('%2', 'X'); while (n < 95) do begin insert into "
+                          "cuentas (cuen_cod, cuen_nom) values (%3 + :n, 'C'); n = n + 1; end end")
+        .arg(QLatin1String(primera), QLatin1String(segunda), QLatin1String(desde));
+}
+
+/// Lo que hace cada pantalla de copia cuando ya le contestaron que sí.
+void copie_todo(const QString& cual, Conexion& origen, Conexion& destino) {
+    if (cual == "terceros") {
+        copie_terceros(origen, destino, {"0", "zz"});
+        return;
+    }
+    const Libro libro = Libro::Decreto2649;
+    if (hay_cuentas(destino, libro, {"1", "999999"}))
+        borre_rango(destino, libro, {"1", "999999"});
+    copie_cuentas(origen, destino, libro, {"1", "999999"}, "6");
+}
+
+/// Otras cifras en cada nivel, por la pantalla y con F2; la base aún no tiene cuentas.
+void cambie_estructura(SesionGui& s, const QString& base, const std::function<void()>& ya) {
+    s.dm.Quorvex.desconectar();
+    s.dm.Quorvex.conectar({base, "AUXILIAR", {}});
+    registre_pantallas_intercambio();
+    ConjuntoDatos& c =
+        *componente<Rejilla>(pantallas().abrir("Tfestructura"), "DBGridEh1").conjunto();
+    for (c.First(); !c.Eof(); c.Next()) {
+        c.Edit();
+        c.FieldByName("ESTR_DIGITOS") = 2 * c.FieldByName("ESTR_NIVEL").entero() + 1;
+        c.Post();
+    }
+    ya();
+    oprima(Qt::Key_F2);
+}
+
+} // namespace
 
 class PruebaCopiaYRespaldo : public QObject {
     Q_OBJECT
@@ -34,6 +85,9 @@ private slots:
     void lo_que_hay_en_el_destino_se_borra_todo_o_nada();
     void los_terceros_que_ya_estan_no_cambian();
     void las_dos_companias_deben_existir_y_ser_distintas();
+    void matar_una_copia_deja_filas_enteras_y_repetirla_la_completa_data();
+    void matar_una_copia_deja_filas_enteras_y_repetirla_la_completa();
+    void matar_el_cambio_de_estructura_deja_todo_o_nada();
     void en_un_servidor_tambien();
     void el_respaldo_se_prueba_se_conserva_y_se_anuncia();
     void solo_un_administrador_respalda();
@@ -47,15 +101,15 @@ private:
                             lugar.base_compania("002")));
         s_->base.general().ejecute(
             "insert into compania (comp_cod, com_nombre) values ('002', 'La otra')");
-        ParametrosConexion p{lugar.base_compania("002"), "SYSDBA", {}};
-        p.rol.clear();
         otra_ = std::make_unique<Conexion>();
-        otra_->conectar(p);
+        otra_->conectar(como_dueno(lugar.base_compania("002")));
         for (const char* orden :
              {"delete from clientes", "delete from proveedores", "delete from empleados",
               "delete from activos_fijos", "delete from terceros",
               "execute block as declare c varchar(20); begin for select cuen_cod from cuentas "
-              "order by 1 desc into :c do delete from cuentas where cuen_cod = :c; end"})
+              "order by 1 desc into :c do delete from cuentas where cuen_cod = :c; for select "
+              "cuen_cod from cuentas_niif order by 1 desc into :c do delete from cuentas_niif "
+              "where cuen_cod = :c; end"})
             otra_->ejecute(orden);
     }
     Pantalla* abra(const char* cual) {
@@ -145,6 +199,95 @@ void PruebaCopiaYRespaldo::las_dos_companias_deben_existir_y_ser_distintas() {
     oprima(Qt::Key_F2);
 }
 
+void PruebaCopiaYRespaldo::matar_una_copia_deja_filas_enteras_y_repetirla_la_completa_data() {
+    QTest::addColumn<QString>("que");
+    QTest::addColumn<QString>("ajena"); ///< lo que el destino tenía de antes
+    // El plan NIIF es el mismo texto.
+    QTest::newRow("cuentas") << "cuen_cod, cuen_nom, cuen_tercero, cuen_centro, cuen_tipo, "
+                                "cuen_activa from cuentas order by cuen_cod"
+                             << cien_cuentas("9", "91", "9101");
+    QTest::newRow("terceros")
+        << "terc_nit, terc_nom, terc_dir, terc_tipoid, terc_dv, terc_exento from terceros where "
+           "terc_nit <> '900123456' order by terc_nit"
+        << "insert into terceros (terc_nit, terc_nom) values ('900123456', 'El de allá')";
+}
+
+void PruebaCopiaYRespaldo::matar_una_copia_deja_filas_enteras_y_repetirla_la_completa() {
+    QFETCH(QString, que);
+    QFETCH(QString, ajena);
+    const QString cual = QTest::currentDataTag(), sql = "select " + que,
+                  origen = s_->base.ubicacion().base_compania("001"),
+                  destino = s_->base.ubicacion().base_compania("002"), limpio = destino + ".limpio";
+    segunda();
+    otra_->ejecute(ajena);
+    s_->base.base().ejecute(
+        "execute block as declare n integer = 0; begin while (n < 300) do begin insert into "
+        "terceros (terc_nit, terc_nom, terc_dir) values (5000 + :n, 'T' || :n, 'Calle'); n = n + "
+        "1; end end");
+    s_->base.base().ejecute(cien_cuentas("1120", "112005", "11200501"));
+    const QString antes = filas_de(*otra_, sql), completo = filas_de(s_->base.base(), sql);
+    otra_->desconectar();
+    for (Conexion* c : {&s_->base.base(), &s_->dm.Quorvex})
+        c->desconectar();
+    QVERIFY(QFile::copy(destino, limpio));
+    qint64 entero = 0;
+    int a_medias = 0;
+    constexpr int kCortes = 5;
+    for (int corte = 0; corte <= kCortes; ++corte) { // el primero llega hasta el final
+        QVERIFY(QFile::remove(destino) && QFile::copy(limpio, destino));
+        const qint64 tarda =
+            corra_y_mate({{kCopia, cual}, {kOrigen, origen}, {kDestino, destino}},
+                         corte == 0 ? -1 : entero * corte * corte / (kCortes * kCortes));
+        QVERIFY2(tarda >= 0, "el programa no arrancó");
+        otra_->conectar(como_dueno(destino));
+        const QString quedo = filas_de(*otra_, sql);
+        if (corte == 0) {
+            entero = tarda;
+            QCOMPARE(quedo, completo);
+        }
+        // Lo de antes, o las primeras filas de las que se copian: ninguna a medias ni salteada.
+        QVERIFY2(quedo == antes || (completo + '\n').startsWith(quedo + '\n') || quedo.isEmpty(),
+                 qPrintable(quedo));
+        a_medias += quedo != antes && quedo != completo;
+        Conexion de_alla;
+        de_alla.conectar(como_dueno(origen));
+        copie_todo(cual, de_alla, *otra_);
+        QCOMPARE(filas_de(*otra_, sql), completo);
+        if (cual == "terceros")
+            QCOMPARE(otra_->consulte("select terc_nom from terceros where terc_nit = '900123456'")
+                         .texto(),
+                     "El de allá");
+        otra_->desconectar();
+    }
+    qInfo("%d de %d cortes quedaron a medias", a_medias, kCortes);
+}
+
+void PruebaCopiaYRespaldo::matar_el_cambio_de_estructura_deja_todo_o_nada() {
+    segunda();
+    const QString destino = s_->base.ubicacion().base_compania("002"), limpio = destino + ".limpio",
+                  sql = "select list(estr_digitos), (select count(*) || list(distinct "
+                        "audi_oper || audi_usuario) from auditoria where audi_cod starting with "
+                        "'NIVEL') from (select estr_digitos from estructura order by estr_nivel)";
+    otra_->ejecute("delete from auditoria");
+    otra_->desconectar();
+    QVERIFY(QFile::copy(destino, limpio));
+    qint64 entero = 0;
+    for (int corte = 0; corte <= 4; ++corte) {
+        QVERIFY(QFile::remove(destino) && QFile::copy(limpio, destino));
+        const qint64 tarda = corra_y_mate({{kCopia, "estructura"}, {kDestino, destino}},
+                                          corte == 0 ? -1 : entero * corte / 4);
+        QVERIFY2(tarda >= 0, "el programa no arrancó");
+        otra_->conectar(como_dueno(destino));
+        const QString quedo = filas_de(*otra_, sql), hecho = "3,5,7,9,11|5MAUXILIAR";
+        if (corte == 0) {
+            entero = tarda;
+            QCOMPARE(quedo, hecho);
+        }
+        QVERIFY2(quedo == hecho || quedo == "1,2,4,6,8|", qPrintable(quedo));
+        otra_->desconectar();
+    }
+}
+
 void PruebaCopiaYRespaldo::en_un_servidor_tambien() {
     QVERIFY2(!ServidorDePrueba::programa().isEmpty(), "falta firebird3.0-server");
     ServidorDePrueba servidor;
@@ -162,6 +305,13 @@ void PruebaCopiaYRespaldo::en_un_servidor_tambien() {
     origen.conectar(p);
     destino.conectar(base_de_compania(p, "001", "002"));
     exija_version(destino);
+    destino.ejecute("update estructura set estr_digitos = 10 where estr_nivel = 5");
+    QCOMPARE(destino
+                 .consulte("select audi_oper || audi_usuario from auditoria where audi_cod = "
+                           "'NIVEL 5' order by audi_id desc rows 1")
+                 .texto(),
+             "MAUXILIAR");
+    destino.ejecute("update estructura set estr_digitos = 8 where estr_nivel = 5");
     const auto cuentas = copie_cuentas(origen, destino, Libro::Niif, {"1", "999999"}, "6", {});
     QCOMPARE(cuentas.fallas, QStringList());
     QCOMPARE(destino.consulte("select count(*) from cuentas_niif").entero(),
@@ -200,9 +350,7 @@ void PruebaCopiaYRespaldo::el_respaldo_se_prueba_se_conserva_y_se_anuncia() {
     const QString restaurada = s_->base.ruta() + "/restaurada.fdb";
     restaure_base(carpeta + "/001_20180223_083000.fbk", {restaurada, "SYSDBA", {}}, false);
     Conexion c;
-    ParametrosConexion dueno{restaurada, "SYSDBA", {}};
-    dueno.rol.clear();
-    c.conectar(dueno);
+    c.conectar(como_dueno(restaurada));
     QCOMPARE(c.consulte("select sum(code_debito) from comprobante_detalle").texto(), "100");
     // Una carpeta imposible se dice, y lo bueno sigue siendo lo de antes.
     Pantalla* p = pantallas().abrir("Tfrespaldo");
@@ -219,5 +367,23 @@ void PruebaCopiaYRespaldo::solo_un_administrador_respalda() {
     QVERIFY(!pantallas().abrir("Tfrespaldo"));
 }
 
-QTEST_MAIN(PruebaCopiaYRespaldo)
+int main(int argc, char** argv) {
+    const QString cual = qEnvironmentVariable(kCopia), destino = qEnvironmentVariable(kDestino);
+    QApplication aplicacion(argc, argv);
+    if (cual == "estructura") {
+        SesionGui s;
+        cambie_estructura(s, destino, diga_listo);
+        return 0;
+    }
+    if (!cual.isEmpty()) {
+        Conexion a, b;
+        a.conectar(como_dueno(qEnvironmentVariable(kOrigen)));
+        b.conectar(como_dueno(destino));
+        diga_listo();
+        copie_todo(cual, a, b);
+        return 0;
+    }
+    PruebaCopiaYRespaldo prueba;
+    return QTest::qExec(&prueba, argc, argv);
+}
 #include "prueba_copia_y_respaldo.moc"

@@ -9,6 +9,7 @@
 
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -118,6 +119,12 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
     QCOMPARE(s_->dato("select imin_columna from importacion_inventario where imin_tipo = 6 and "
                       "imin_dato = 'ENCO_REFER'"),
              "6");
+    // La bitácora que no se deja escribir se dice.
+    QVERIFY(log.remove() && QDir().mkdir(log.fileName()));
+    i_->espere("Importación finalizada.");
+    siga(Qt::Key_F2);
+    QCOMPARE(barra_.text(), "Advertencia: No se pudo escribir en " + log.fileName() +
+                                ": F8 muestra los rechazados.");
 }
 
 void PruebaPantallasIntercambio::el_asistente_exige_un_archivo_que_exista() {

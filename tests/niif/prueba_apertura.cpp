@@ -16,9 +16,11 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QtTest>
 
 namespace {
@@ -49,6 +51,7 @@ private slots:
     void borrar_la_hoja_pregunta_y_tambien_graba();
     void salir_con_cambios_pregunta();
     void la_hoja_de_calculo_va_y_vuelve();
+    void con_libreoffice_la_hoja_se_abre_y_se_cierra_entera();
     void llevarla_a_los_saldos_iniciales_dice_las_cifras();
     void los_inventarios_pasan_con_su_articulo();
     void dos_usuarios_en_la_misma_cuenta_no_se_pisan();
@@ -381,6 +384,9 @@ void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
     QCOMPARE(p->hoja.ruta(), ruta);
     QTRY_COMPARE(lea(ruta + ".visto"), QByteArray("PK"));
     aun_abierta();
+    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "No");
+    p->close(); // con la hoja abierta se pregunta, aunque nada más haya cambiado
+    QVERIFY(p->hoja.abierta());
     QFile::remove(ruta + ".visto");
     QTRY_VERIFY(QFile::exists(candado));
     aun_abierta();
@@ -396,6 +402,25 @@ void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
     oprima(Qt::Key_Escape);
     QCOMPARE(pagina(), Tfbalaperturaniif::Detalle);
     QVERIFY(!QFile::exists(ruta));
+    // Otra ventana no la abre mientras tanto, y Esc cierra también lo que el guion arrancó.
+    abra_hoja(p, "sh -c 'echo $$ > \"$0.visto\"; exec sleep 600' \"$1\"\n:\n");
+    QTRY_VERIFY(lea(ruta + ".visto").endsWith('\n'));
+    const QString hijo = "/proc/" + QString(lea(ruta + ".visto")).trimmed() + "/cmdline";
+    QTRY_VERIFY(lea(hijo).startsWith("sleep"));
+    HojaTrabajo otra;
+    QVERIFY_EXCEPTION_THROWN(otra.abra("110505", {}), ErrorDatos);
+    QVERIFY(!otra.abierta() && QFile::exists(ruta));
+    oprima(Qt::Key_Escape);
+    QTRY_VERIFY(lea(hijo).isEmpty());
+    // Lo que el programa dejó al morir con ella abierta se guarda aparte y se dice.
+    QFile muerta(ruta);
+    QVERIFY(muerta.open(QIODevice::WriteOnly) && muerta.write("PK de ayer") > 0);
+    muerta.close();
+    abra_hoja(p, "exit 0\n");
+    const QString aparte = s_->base.ruta() + "/Apniif110505_anterior.xlsx";
+    QVERIFY(componente<QLabel>(p, "LHoja").text().endsWith(aparte));
+    QCOMPARE(lea(aparte), QByteArray("PK de ayer"));
+    oprima(Qt::Key_Escape);
     // Un archivo que dejó de ser un libro no se recoge.
     abra_hoja(p, "printf texto > \"$1\"\n");
     QTRY_VERIFY(!p->hoja.en_uso());
@@ -409,6 +434,29 @@ void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
                  .consulte("select apni_archivo from apertura_niif where cuen_cod = '110505'")
                  .binario(),
              QByteArray("PK editada"));
+}
+
+void PruebaApertura::con_libreoffice_la_hoja_se_abre_y_se_cierra_entera() {
+    if (QStandardPaths::findExecutable("localc").isEmpty())
+        QSKIP("No hay LibreOffice Calc; la otra prueba usa un programa de mentira.");
+    qputenv("SAL_USE_VCLPLUGIN", "svp"); // sin ventana
+    qputenv("QUORVEX_HOJA_CALCULO", "localc");
+    const auto en_marcha = [](const QString& ruta) {
+        for (const QString& proceso : QDir("/proc").entryList({"[0-9]*"}))
+            if (QFile f("/proc/" + proceso + "/cmdline");
+                f.open(QIODevice::ReadOnly) && f.readAll().contains(ruta.toUtf8()))
+                return true;
+        return false;
+    };
+    HojaTrabajo hoja;
+    hoja.abra("110505", {});
+    const QString ruta = hoja.ruta();
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(s_->base.ruta() + "/.~lock.Apniif110505.xlsx#"), 60000);
+    QVERIFY(hoja.en_uso() && en_marcha(ruta));
+    hoja.termine();
+    QTRY_VERIFY(!en_marcha(ruta));
+    QCOMPARE(QDir(s_->base.ruta()).entryList({"*Apniif*"}, QDir::Files | QDir::Hidden),
+             QStringList());
 }
 
 void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {

@@ -14,6 +14,7 @@ private slots:
     void el_mayor_cuadra_en_cada_mes();
     void el_patrimonio_y_el_efectivo_terminan_en_los_libros();
     void cada_fila_es_la_suma_de_sus_lineas_en_rangos_al_azar();
+    void con_las_cuentas_sin_movimiento_sale_el_plan_entero();
     void la_cuenta_y_el_tercero_mas_largos_caben_en_el_codigo();
 
 private:
@@ -186,6 +187,38 @@ void PruebaCuadres::cada_fila_es_la_suma_de_sus_lineas_en_rangos_al_azar() {
             por_codigo(saldos(
                            lineas_[libro], [](const Renglon&) { return true; }, ano, hasta, hasta),
                        false));
+    }
+}
+
+void PruebaCuadres::con_las_cuentas_sin_movimiento_sale_el_plan_entero() {
+    for (int libro : {0, 1}) {
+        const QString plan = QString("cuentas%1 where cuen_cod >= '1'").arg(sufijo(libro)),
+                      niif = libro ? "S" : "N";
+        const QStringList cuentas = filas("select cuen_cod from " + plan + " order by 1");
+        for (const QString& estado :
+             {QString("codigo, final from balance_mes%1('2018', 5, '%2', 'N', 'N', 'N')")
+                  .arg(sufijo(libro)),
+              QString("cuenta, final from balance_con_terceros_mes%1('2018', 5, '', 'ZZ', '', "
+                      "'ZZ', '%2') where nit is null")
+                  .arg(libro ? "_n" : ""),
+              QString("codigo, final from balance_prueba_acumulado%1('2018', 2, 5, '', 'ZZ', '', "
+                      "'ZZ', '%2', 'N')")
+                  .arg(sufijo(libro)),
+              QString("codigo, findb - fincr from mayor_y_balance('2018', 5, '" + niif +
+                      "', '%2')")}) {
+            QStringList movidas, todas, con_saldo[2];
+            for (const char* sin_movimiento : {"N", "S"})
+                for (const QString& f : filas(
+                         "select " + QString(estado).replace("%2", QLatin1String(sin_movimiento)) +
+                         " order by 1")) {
+                    (*sin_movimiento == 'S' ? todas : movidas) << f.section('|', 0, 0);
+                    if (f.section('|', 1) != "0")
+                        con_saldo[*sin_movimiento == 'S'] << f;
+                }
+            QCOMPARE(todas, cuentas);
+            QVERIFY2(movidas.size() < todas.size(), qPrintable(estado));
+            QCOMPARE(con_saldo[1], con_saldo[0]); // y no cambian ninguna cifra
+        }
     }
 }
 

@@ -300,6 +300,11 @@ void PruebaCuadresDelAno::cada_renglon_del_efectivo_y_de_la_situacion() {
     // Un renglón más largo saca su cuenta del más corto, y uno de efectivo no explica nada.
     base().ejecute("insert into flujo_efectivo values (901, '1305', 2, 'N', 'N')");
     base().ejecute("insert into flujo_efectivo values (902, '1', 2, 'N', 'N')");
+    // La de dos renglones sale separada en sus débitos y sus créditos; el repetido no suma nada, y
+    // el de una sección que no existe no le quita nada a nadie.
+    for (const char* otro : {"903, '15', 2, 'S', 'N'", "904, '15', 3, 'N', 'N'",
+                             "905, '1592', 9, 'N', 'N'", "906, '22', 1, 'S', 'S'"})
+        base().ejecute(QString("insert into flujo_efectivo values (%1)").arg(otro));
     base().ejecute("insert into cambios_situacion_ctas values (901, '1592', 2, 'S')");
     const auto mas_largo = [this](const QString& tabla, const QString& columna,
                                   const QString& donde) {
@@ -315,20 +320,30 @@ void PruebaCuadresDelAno::cada_renglon_del_efectivo_y_de_la_situacion() {
         };
     };
     en_cada_ano([&](int libro, int ano) {
-        const QString niif = libro ? "S" : "N";
-        const auto de =
-            mas_largo("flujo_efectivo", "flef_cuenta", " where flef_niif = '" + niif + '\'');
-        for (const QString& f :
-             filas(QString("select seccion, cuenta, final from estado_flujo_efectivo('%1', '%2')")
-                       .arg(ano)
-                       .arg(niif))) {
-            if (f.section('|', 0, 0).toInt() > 3)
-                continue;
-            const QString cuenta = f.section('|', 1, 1).section(' ', 0, 0);
-            QCOMPARE(f.section('|', 2), (-del_ano(libro, ano, [&](const Renglon& r) {
-                                            return !r.cuenta.startsWith("11") &&
-                                                   de(r.cuenta) == cuenta;
-                                        })).texto());
+        const QString niif = libro ? "S" : "N",
+                      donde = " where flef_niif = '" + niif + "' and flef_seccion between 1 and 3";
+        const auto de = mas_largo("flujo_efectivo", "flef_cuenta", donde);
+        const QStringList configurados = filas("select flef_cuenta, flef_db from flujo_efectivo" +
+                                               donde + " order by flef_seccion, flef_id"),
+                          dichos = filas(QString("select final from estado_flujo_efectivo('%1', "
+                                                 "'%2') where seccion < 4")
+                                             .arg(ano)
+                                             .arg(niif));
+        QCOMPARE(dichos.size(), configurados.size());
+        for (int i = 0; i < dichos.size(); ++i) {
+            const QString cuenta = configurados[i].section('|', 0, 0),
+                          otra_cara =
+                              cuenta + (configurados[i].section('|', 1) == "S" ? "|N" : "|S");
+            const bool repetido = configurados.indexOf(configurados[i]) < i,
+                       separada = configurados.contains(otra_cara),
+                       debitos = !separada || otra_cara.endsWith('N'),
+                       creditos = !separada || otra_cara.endsWith('S');
+            Moneda final;
+            for (const Renglon& r : lineas_[libro])
+                if (!repetido && r.fecha.left(4) == QString::number(ano) &&
+                    !r.cuenta.startsWith("11") && de(r.cuenta) == cuenta)
+                    final += (creditos ? r.credito : Moneda()) - (debitos ? r.debito : Moneda());
+            QVERIFY2(dichos[i] == final.texto(), qPrintable(configurados[i] + ": " + dichos[i]));
         }
         QCOMPARE(filas(QString("select total3 - total4 from estado_flujo_efectivo('%1', '%2')")
                            .arg(ano)

@@ -276,6 +276,8 @@ void PruebaMediosNacionales::un_calculo_que_falla_no_borra_lo_guardado() {
     m.s.base.ejecute({"update mediosmag_archivos set medm_procedimiento = 'NO_ESTA' where "
                       "medm_formato = 10019"});
     m.abra();
+    AvisosBarra barra;
+    m.s.dm.barra(&barra);
     {
         Interlocutor i;
         i.espere(kPregunta, "Abortar");
@@ -289,7 +291,9 @@ void PruebaMediosNacionales::un_calculo_que_falla_no_borra_lo_guardado() {
         oprima(Qt::Key_F2);
         retire_manejador_fallas();
     }
+    m.s.dm.barra(nullptr);
     QCOMPARE(m.filas(), antes);
+    QCOMPARE(barra.text(), QString()); // ya no dice que espere
 }
 
 void PruebaMediosNacionales::el_archivo_dice_lo_de_la_rejilla_y_cumple_su_esquema() {
@@ -387,6 +391,18 @@ void PruebaMediosNacionales::
     const QString xml = QString::fromLatin1(m.archivo("Dmuisca_010100907201700000001.xml"));
     QVERIFY2(xml.contains("raz=\"Andina en liquidación\" dir=\"Carrera 9 # 8-7\""),
              qPrintable(xml));
+    // Sin ninguna fila también se dice antes: el archivo no cumpliría su esquema.
+    p = m.abra();
+    llene(p, "EAno", "2030");
+    oprima(Qt::Key_Tab);
+    oprima(Qt::Key_F2);
+    m.grabe(p);
+    r = qobject_cast<Tfrevisamedio*>(m.s.escritorio.activa());
+    QVERIFY(r);
+    QCOMPARE(valores_de(*r->CProblemas, "CAUSA"),
+             QStringList("No hay filas del año 2030: el archivo saldría sin registros y no "
+                         "cumpliría su esquema."));
+    QVERIFY(m.archivo("Dmuisca_010100109203000000001.xml").isEmpty());
 }
 
 void PruebaMediosNacionales::dos_que_calculan_a_la_vez_no_duplican_las_filas() {

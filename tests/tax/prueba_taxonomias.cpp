@@ -10,6 +10,7 @@
 #include "tax/tftaxcuentas.h"
 #include "tax/tftaxnotas.h"
 #include "tax/tftaxonomias.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/controles/fechadato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/exportacion/archivo_salida.h"
@@ -189,8 +190,13 @@ void PruebaTaxonomias::el_archivo_lleva_un_dato_por_renglon() {
         w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
         QMetaObject::invokeMethod(w, "accept");
     });
+    AvisosBarra barra;
+    s.dm.barra(&barra);
     oprima(Qt::Key_F2);
+    s.dm.barra(nullptr);
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QVERIFY2(barra.text().contains(ruta + ". La cabecera (Cab) va sin cerrar"),
+             qPrintable(barra.text()));
     QString esperado =
         "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><mas "
         "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
