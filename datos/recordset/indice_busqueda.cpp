@@ -48,6 +48,7 @@ int ConjuntoDatos::fila_con(const QVector<Campo*>& llaves, const QVector<Valor>&
         return kSinIndice; // la primera vez no se sabe si habrá otra
     }
     for (; indice.filas < int(orden_.size()); ++indice.filas) {
+        ++IndiceBusqueda::llaves_leidas;
         QVector<Valor> suyos;
         for (const Campo* c : llaves)
             suyos << valor_de(*orden_[size_t(indice.filas)], *c);

@@ -28,6 +28,6 @@ public:
     QHash<QString, int> donde;
     CuentaLlaves llave;
 
-    /// Llaves de filas leídas por este hilo para saber si otra se repite: lo que cuesta grabar.
+    /// Llaves de filas leídas por este hilo, al buscar y al grabar: lo que cuesta cada cosa.
     static inline thread_local qint64 llaves_leidas = 0;
 };

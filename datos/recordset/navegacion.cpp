@@ -1,5 +1,6 @@
 // Cursor, edición y registro de cambios del conjunto de datos.
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/indice_busqueda.h"
 
 bool ConjuntoDatos::IsEmpty() const {
     return orden_.empty();
@@ -110,6 +111,7 @@ int ConjuntoDatos::busque_fila(const QVector<Campo*>& llaves, const QVector<Valo
             desde = int(orden_.size());
     }
     for (int i = desde; i < int(orden_.size()) || traiga_paquete(); ++i) {
+        ++IndiceBusqueda::llaves_leidas;
         bool igual = true;
         for (int k = 0; igual && k < llaves.size(); ++k)
             igual = coincide(valor_en(i, *llaves[k]), valores.value(k), opciones);

@@ -194,12 +194,17 @@ void PruebaReglasCatalogos::copiar_el_plan_deja_los_dos_libros_iguales_y_equival
 
 void PruebaReglasCatalogos::un_tercero_se_va_con_sus_papeles() {
     base_->ejecute({"insert into tercero_documentos (terc_nit, tedo_item) values ('860002964', 1)",
+                    "update terceros set terc_usuario = 'OTRO' where terc_nit = '860002964'",
                     "delete from terceros where terc_nit = '860002964'"});
     QCOMPARE(filas_de(base(),
                       "select (select count(*) from clientes where terc_nit = '860002964'), "
                       "(select count(*) from proveedores where terc_nit = '860002964'), (select "
                       "count(*) from tercero_documentos) from rdb$database"),
              "0|0|0");
+    // El rastro dice quién borró, y no quién fue el último en cambiarlo.
+    QCOMPARE(filas_de(base(), "select audi_usuario from auditoria where tido_cod = 102 and "
+                              "audi_cod = '860002964' and audi_oper = 'E'"),
+             "ADMIN");
     // Las listas ordenan en español: la eñe tras la ene y las tildes junto a su vocal.
     for (const char* nombre : {"Nuñez", "Nuzco", "Árbol", "Avila", "Zea"})
         base().ejecute("insert into terceros (terc_nit, terc_nom) values (?, ?)", {nombre, nombre});

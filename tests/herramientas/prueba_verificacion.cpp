@@ -165,6 +165,8 @@ void PruebaVerificacion::lo_que_entro_por_fuera_de_las_guardas_tambien_se_nombra
     un_comprobante(1);
     dane("comprobante_bi",
          {"update comprobante_encabezado set enco_numero = '' where enco_consec = 1"});
+    dane("comprobante_detalle_niif_bi",
+         {"update comprobante_detalle_niif set code_fecha = '20170311' where code_item = 2"});
     dane("saldos_iniciales_bi", {"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, "
                                  "sain_credito) values (1, '11', 5, 5)"});
     const QString dicho = verificacion();
@@ -172,6 +174,8 @@ void PruebaVerificacion::lo_que_entro_por_fuera_de_las_guardas_tambien_se_nombra
         falta_en(
             dicho,
             {"comprobante CG 0001: sin número (fecha 20170310)",
+             "comprobante CG 0001, libro NIIF: la fecha de la línea no es la del comprobante "
+             "(línea 2, cuenta 111005)",
              "libro 2649: saldo inicial en una cuenta que no puede llevarlo (línea 1, cuenta 11)"}),
         QString());
     QVERIFY(dicho.endsWith("\n1"));

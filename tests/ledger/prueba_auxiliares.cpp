@@ -1,4 +1,5 @@
 // Auxiliares y saldos por clave: lo que cada miembro de las dos familias muestra, abre y borra.
+#include "apoyo/monitor.h"
 #include "ledger/registro.h"
 #include "ledger/tfauxiliar.h"
 #include "ledger/tfsaldoterc.h"
@@ -364,8 +365,13 @@ private slots:
         s.base.ejecute(
             {"update cuentas_niif set cuen_nom = 'Sueldos NIIF' where cuen_cod = '510506'"});
         for (const CasoSaldo& caso : kSaldos) {
+            QString fotos; // de un solo instante, aunque otros graben
+            s.dm.Quorvex.observador = [&](const QString&) {
+                fotos += fotos_abiertas(s.base.base());
+            };
             auto* p = abra<Tfsaldoterc>(s, caso.clase, caso.cuenta, 3);
-            QVERIFY(p);
+            s.dm.Quorvex.observador = nullptr;
+            QVERIFY(p && !fotos.isEmpty());
             QCOMPARE(p->windowTitle(), caso.titulo);
             QCOMPARE(p->NomCuenta->text(), caso.nombre);
             QCOMPARE(titulos_de(*p->DBGridEh1), caso.titulos);

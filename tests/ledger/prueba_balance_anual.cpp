@@ -1,5 +1,6 @@
 // Balance anual: la consulta, el detalle, el gráfico en sus tres lecturas y las consultas de la
 // cuenta.
+#include "apoyo/monitor.h"
 #include "apoyo_gui/fotos.h"
 #include "ledger/graficocuenta.h"
 #include "ledger/libro_de_prueba.h"
@@ -23,8 +24,10 @@ struct Anual : SesionGui {
         registre_pantallas_consulta();
         agregue_libro(*this);
         dm.Quorvex.observador = [this](const QString& sql) {
-            if (sql.contains("balance_anual"))
-                ultima = sql;
+            if (!sql.contains("balance_anual"))
+                return;
+            ultima = sql;
+            fotos = fotos_abiertas(base.base());
         };
         p = abra<Tfbalanceanual>("Tfbalanceanual");
     }
@@ -36,7 +39,7 @@ struct Anual : SesionGui {
                          p->CGrafcta.FieldByName("VALOR").texto();
         return lista;
     }
-    QString ultima;
+    QString ultima, fotos;
     Tfbalanceanual* p = nullptr;
 };
 
@@ -55,6 +58,7 @@ private slots:
         };
         QCOMPARE(s.p->windowTitle(), "balance anual");
         QCOMPARE(s.ultima, consulta("2017", "'N', 'N'", 5));
+        QVERIFY(!s.fotos.isEmpty()); // de un solo instante, aunque otros graben
         s.p->ckTerc->click();
         QCOMPARE(s.ultima, consulta("2017", "'S', 'N'", 5));
         s.p->cksaldos->click();

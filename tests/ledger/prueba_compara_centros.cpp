@@ -1,6 +1,7 @@
 // Comparativo de centros: consulta, cubo, campos que se mueven, plantillas y salida al libro.
 #include "apoyo/archivos.h"
 #include "apoyo/herramienta.h"
+#include "apoyo/monitor.h"
 #include "apoyo_gui/fotos.h"
 #include "ledger/libro_de_prueba.h"
 #include "ledger/registro.h"
@@ -25,8 +26,10 @@ struct Comparativo : SesionGui {
         configure(kLibroInicial, libro);
         cnt.periodo_actual = 2;
         dm.Quorvex.observador = [this](const QString& sql) {
-            if (sql.contains("CENTROS_MES"))
-                ultima = sql;
+            if (!sql.contains("CENTROS_MES"))
+                return;
+            ultima = sql;
+            fotos = fotos_abiertas(base.base());
         };
         p = abra<Tfcomparacentros>("Tfcomparacentros");
     }
@@ -48,7 +51,7 @@ struct Comparativo : SesionGui {
             }
         QFAIL(qPrintable("no está el campo " + campo));
     }
-    QString ultima;
+    QString ultima, fotos;
     Tfcomparacentros* p = nullptr;
 };
 
@@ -66,6 +69,7 @@ private slots:
         }
         Comparativo s;
         QVERIFY(!s.p->ckNiif->isChecked());
+        QVERIFY(!s.fotos.isEmpty()); // de un solo instante, aunque otros graben
         QCOMPARE(s.ultima, "SELECT * FROM  BALANCE_CON_CENTROS_MES('2017', 3,'S', "
                            "'4','999999','0','zz','0','zz')");
         QCOMPARE(s.dato("select user_percnt from usuario where user_cod = 'ADMIN'"), "2");

@@ -481,10 +481,24 @@ void PruebaGrabacion::el_borrado_es_todo_o_nada_y_lo_firma_quien_borra() {
                         {QString(si)});
     };
     estorbe("S");
-    for (const char* pantalla : {"Tfbuscomproba", "Tfedtmovimien", "Tfauxiliarterc"}) {
+    const std::pair<const char*, QString> pantallas[] = {
+        {"Tfbuscomproba", "detalle detalle_niif firma encabezado"},
+        {"Tfedtmovimien", "detalle detalle_niif firma encabezado"},
+        {"Tfcontabiliza", "detalle detalle_niif encabezado"},
+        {"Tfauxiliarterc", "detalle_niif detalle encabezado"}};
+    for (const auto& [pantalla, orden] : pantallas) {
+        QStringList tocadas;
+        base().observador = [&](const QString& sql) {
+            if (sql.startsWith("update comprobante_encabezado"))
+                tocadas << "firma";
+            else if (sql.startsWith("delete from comprobante_"))
+                tocadas << sql.section(' ', 2, 2).mid(12);
+        };
         QVERIFY_THROWS_EXCEPTION(
             ErrorBase, borre_comprobante(base(), modo_borrado(pantalla), pedido, "AUXILIAR"));
+        base().observador = nullptr;
         QCOMPARE(queda(), QString("1|2|2"));
+        QCOMPARE(tocadas.join(' '), orden);
     }
     estorbe("N");
     // Solo el libro 2649: las NIIF se quedan, como siempre desde esa lista.

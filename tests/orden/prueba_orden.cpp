@@ -154,6 +154,7 @@ private slots:
     void los_renglones_caben_en_cien_columnas();
     void el_producto_habla_solo_de_si_mismo();
     void cada_archivo_tiene_quien_lo_use();
+    void cada_falla_nombra_una_prueba_que_existe();
 };
 
 void PruebaOrden::toda_carpeta_con_codigo_tiene_su_regla() {
@@ -491,6 +492,32 @@ void PruebaOrden::cada_archivo_tiene_quien_lo_use() {
         if (a.ruta.endsWith(".h") && !a.ruta.endsWith("pch.h") && !incluidas.contains(a.ruta))
             muertas << a.ruta;
     SIN_FALTAS(muertas);
+}
+
+void PruebaOrden::cada_falla_nombra_una_prueba_que_existe() {
+    // "`prueba_x`: `un_caso`, `otro`": un nombre que cambió deja la falla sin quien la vigile.
+    static const QRegularExpression nombra("`(prueba_\\w+)`((?:[:,] `[a-z0-9_]+`)*)"),
+        caso("`(\\w+)`");
+    QMap<QString, QString> textos;
+    for (const Archivo& a : archivos())
+        if (a.ruta.endsWith(".cpp") && a.piso() == "tests")
+            textos[a.ruta.section('/', -1).chopped(4)] = a.renglones.join('\n');
+    int vistos = 0;
+    QStringList faltan;
+    for (const Archivo& a : archivos())
+        if (a.ruta == "docs/fallas.md")
+            for (auto m = nombra.globalMatch(a.renglones.join('\n')); m.hasNext();) {
+                const auto r = m.next();
+                const QString texto = textos.value(r.captured(1));
+                if (texto.isEmpty())
+                    faltan << r.captured(1);
+                for (auto c = caso.globalMatch(r.captured(2)); c.hasNext(); ++vistos)
+                    if (const QString n = c.next().captured(1);
+                        !texto.contains(n + "() {") && !texto.contains(n + "();"))
+                        faltan << r.captured(1) + ": " + n;
+            }
+    SIN_FALTAS(faltan);
+    QVERIFY(vistos > 80);
 }
 
 QTEST_APPLESS_MAIN(PruebaOrden)

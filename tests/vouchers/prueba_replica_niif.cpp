@@ -67,6 +67,9 @@ private slots:
         QCOMPARE(d.celda("CUEN_COD"), QString("310505"));
         oprima(Qt::Key_Up);
         QCOMPARE(d.celda("CUEN_COD"), QString("130505"));
+        QVERIFY(p->Cdetniif.editando()); // tampoco a quien volvió a ella, ya en edición
+        oprima(Qt::Key_Down);
+        QCOMPARE(d.celda("CUEN_COD"), QString("310505"));
         p->PageControl1->setCurrentIndex(0);
         Interlocutor i;
         i.espere(QString("Línea 1 del libro NIIF, cuenta 130505: ") + kSinNit);
