@@ -4,6 +4,7 @@
 #include "niif/paginas.h"
 #include "niif/pch.h"
 #include "niif/peticiones_niif.h"
+#include "sesion/borrador_filas.h"
 #include "sesion/instalacion.h"
 #include "sesion/variables_informe.h"
 #include "toolkit/informes/motor.h"
@@ -203,6 +204,32 @@ void Tfbalaperturaniif::FormCreate() {
     muestre_pagina(Principal);
 }
 
+void Tfbalaperturaniif::FormActivate() {
+    if (borrador_ || !CSaldos.Active())
+        return;
+    borrador_ = new BorradorFilas(
+        "apertura_niif", {&CSaldos}, [this] { return hay_por_perder(); }, this);
+    if (borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
+            const qsizetype n = h.cambios.first().size();
+            return QStringLiteral("quedaron sin grabar cambios de la apertura en %1. Desea "
+                                  "retomarlos?")
+                .arg(n == 1 ? QStringLiteral("1 cuenta") : QStringLiteral("%1 cuentas").arg(n));
+        }))
+        retome_el_detalle();
+    borrador_->siga();
+}
+
+void Tfbalaperturaniif::retome_el_detalle() {
+    // El de la cuenta en que se estaba, si quedó descuadrado: solo de allí sale quien lo cuadra.
+    for (CSaldos.First(); !CSaldos.Eof(); CSaldos.Next()) {
+        if (CAperniifdet.agregado_total("Sumadebito") == CAperniifdet.agregado_total("Sumacredito"))
+            continue;
+        if (CAjusniif.Locate("CODIGO", {CSaldos.FieldByName("CUEN_COD").valor()}))
+            AdvGlowButton1Click();
+        return;
+    }
+}
+
 void Tfbalaperturaniif::CAjusniifAfterScroll() {
     const auto campo = [this](const char* c) { return CAjusniif.FieldByName(c).texto(); };
     NomCuenta->setText(campo("CODIGO") + ' ' + campo("NOMBRE"));
@@ -334,6 +361,7 @@ void Tfbalaperturaniif::SBGrabarClick() {
     }
     if (CSaldos.ApplyUpdates(-1) > 0)
         return;
+    borrador_->descarte();
     CAjusniif.Refresh();
     CAjusniifAfterScroll();
     // Con la suma que sea: la pregunta se hace después de cada grabación.
@@ -347,15 +375,21 @@ void Tfbalaperturaniif::SBCancelClick() {
     close();
 }
 
+bool Tfbalaperturaniif::hay_por_perder() const {
+    return CSaldos.Active() &&
+           (CSaldos.ChangeCount() > 0 || CSaldos.Modified() || CAperniifdet.Modified());
+}
+
 bool Tfbalaperturaniif::FormClose() {
-    const bool por_perder = CSaldos.Active() && (CSaldos.ChangeCount() > 0 || CSaldos.Modified() ||
-                                                 hoja.abierta()); // cerrar la hoja la pierde
-    if (!cierre_confirmado_ && por_perder &&
+    // Cerrar la hoja de trabajo también la pierde.
+    if (!cierre_confirmado_ && (hay_por_perder() || hoja.abierta()) &&
         !pregunte_con_no("Desea salir del comprobante y perder los movimientos que no ha grabado?"))
         return false;
     hoja.termine();
     if (CSaldos.Active())
         CSaldos.CancelUpdates();
+    if (borrador_)
+        borrador_->descarte();
     for (ConjuntoDatos* c : {&CSaldos, &CAjusniif, &CBalance, &CBalinicial})
         c->Close();
     return true;

@@ -7,6 +7,7 @@
 #include "toolkit/pantalla.h"
 
 class BarraBotones;
+class BorradorFilas;
 class EditorNumero;
 class MemoDato;
 class QLabel;
@@ -42,6 +43,7 @@ public:
     HojaTrabajo hoja{this};
 
     void FormCreate() override;
+    void FormActivate() override;
     bool FormClose() override;
 
     enum Pagina { Principal, Detalle, Hoja };
@@ -57,6 +59,8 @@ private:
     void declare_teclas();
     void muestre_pagina(Pagina pagina);
     void CAjusniifAfterScroll();
+    void retome_el_detalle();
+    bool hay_por_perder() const;
     void AdvGlowButton2Click();
     void traiga(const QString& ano);
     void cuente_lo_traido(const QString& ano, const QStringList& sin_equivalente);
@@ -88,6 +92,7 @@ private:
     void AdvGlowButton5Click();
     void AdvGlowButton6Click();
 
-    bool fila_nueva_ = false; ///< la del detalle aún no estaba en la hoja
+    BorradorFilas* borrador_ = nullptr; ///< desde que la pantalla está a la vista
+    bool fila_nueva_ = false;           ///< la del detalle aún no estaba en la hoja
     bool trayendo_ = false, recibiendo_ = false, cierre_confirmado_ = false;
 };

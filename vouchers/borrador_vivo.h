@@ -2,7 +2,7 @@
 // Borrador del comprobante que se digita o se corrige, con lo que su archivo dice de él.
 #include "libro/borrador.h"
 #include "libro/conjuntos_comprobante.h"
-#include "vouchers/archivo_borrador.h"
+#include "sesion/archivo_borrador.h"
 
 class BorradorVivo : public ArchivoBorrador {
     Q_OBJECT

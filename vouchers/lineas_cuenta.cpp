@@ -226,6 +226,16 @@ void LineasCuenta::vaya_a(qint64 numero, const QString& campo_item, const QStrin
         rejilla->SelectedIndex(columna);
 }
 
+void LineasCuenta::siga_los_items(const char* campo_item) {
+    const Campo& item = campo(campo_item);
+    qint64 mayor = contador.ultimo();
+    detalle.recorra_todas(
+        [&](const Fila& f) { mayor = qMax(mayor, detalle.valor_de(f, item).entero()); });
+    if (detalle.State() == Estado::Insercion)
+        mayor = qMax(mayor, item.entero());
+    contador.empiece(int(mayor));
+}
+
 void LineasCuenta::sugiera_db_cr() {
     rejilla->escriba_pendiente();
     for (const char* lado : {n_.debito, n_.credito})

@@ -66,6 +66,8 @@ public:
     Lados sumas_al_digitar() const;
     /// La línea acaba de entrar en edición: aún tiene lo que las sumas cuentan de ella.
     void anote_guardados();
+    /// El contador sigue al mayor de los números que hay, también el de la que se inserta.
+    void siga_los_items(const char* campo_item);
     bool sin_lineas() const { return detalle.filas_en_memoria() == 0; }
     /// Lleva el cursor a la línea de ese número, sin el filtro que la oculte, y a la celda.
     void vaya_a(qint64 numero, const QString& campo_item, const QString& celda);

@@ -19,6 +19,8 @@ public:
     /// Página completa: rejilla, nombres y sumas.
     QWidget* construya_pagina();
     void ate_eventos();
+    /// Nombres y sumas de la línea actual, como al pasar a ella.
+    void muestre_linea() { AfterScroll(); }
     /// Las dos sumas, de todas las líneas, iguales como importes.
     bool cuadrados() const;
 

@@ -256,13 +256,8 @@ void PantallaComprobante::muestre_pagina(Libro libro) {
 }
 
 void PantallaComprobante::siga_los_items() {
-    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
-        const Campo& item = l->detalle.FieldByName("CODE_ITEM");
-        qint64 mayor = l->contador.ultimo();
-        l->detalle.recorra_todas(
-            [&](const Fila& f) { mayor = qMax(mayor, l->detalle.valor_de(f, item).entero()); });
-        l->contador.empiece(int(mayor));
-    }
+    for (LineasLibro* l : {lineas_2649, lineas_niif})
+        l->siga_los_items("CODE_ITEM");
 }
 
 ResultadoGrabacion PantallaComprobante::grabe(Grabador quien) {

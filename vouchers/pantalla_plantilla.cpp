@@ -176,6 +176,25 @@ void PantallaPlantilla::termine_lineas() {
     lineas_niif->termine_linea();
 }
 
+void PantallaPlantilla::siga_borrador(
+    const QString& cual, std::function<bool()> hay,
+    const std::function<QString(const BorradorFilas::Huerfano&)>& frase) {
+    borrador_ = new BorradorFilas(cual, {&CPlantilla}, std::move(hay), this);
+    muestra_lineas_ = false;
+    const bool repuso = borrador_->ofrezca(frase);
+    CPlantilla.Edit();
+    muestra_lineas_ = true;
+    if (repuso) {
+        ubique_tipo();
+        for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+            l->siga_los_items("PLDE_ITEM");
+            l->actualice_sumas();
+            l->muestre_linea();
+        }
+    }
+    borrador_->siga();
+}
+
 QWidget* PantallaPlantilla::encabezado_al_volver() const {
     return EConcepto;
 }
@@ -197,5 +216,7 @@ bool PantallaPlantilla::FormClose() {
         return false;
     CPlantilla.CancelUpdates();
     CPlantilla.Close();
+    if (borrador_)
+        borrador_->descarte();
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 // Lo común a crear y a editar una plantilla: encabezado sin fecha ni número y los dos libros.
+#include "sesion/borrador_filas.h"
 #include "vouchers/pantalla_lineas.h"
 
 class EditorDato;
@@ -32,13 +33,17 @@ protected:
     PantallaPlantilla(const QString& clase, const QString& titulo, const QString& conjunto,
                       const QString& archivo);
 
-    bool muestra_lineas_ = false; ///< al pasar a una línea se muestran sus nombres y sumas
+    BorradorFilas* borrador_ = nullptr; ///< desde que la pantalla está a la vista
+    bool muestra_lineas_ = false;       ///< al pasar a una línea se muestran sus nombres y sumas
 
     /// Une los proveedores y abre los catálogos.
     void abra_catalogos();
     /// Deja en LPref los prefijos del tipo del encabezado, sin tocar el que tiene.
     void ubique_tipo();
     void termine_lineas();
+    /// Desde aquí lo que se digita queda a salvo; si un programa murió digitando `cual`, lo ofrece.
+    void siga_borrador(const QString& cual, std::function<bool()> hay,
+                       const std::function<QString(const BorradorFilas::Huerfano&)>& frase);
     QWidget* encabezado_al_volver() const override;
     virtual bool hay_por_perder() const = 0;
 

@@ -35,6 +35,21 @@ void Tfedtplantilla::FormCreate() {
     lineas_niif->muestre_linea();
 }
 
+void Tfedtplantilla::FormActivate() {
+    PantallaPlantilla::FormActivate();
+    if (borrador_ || !muestra_lineas_)
+        return;
+    CMovimiento.Cancel(); // el usuario que puso la pantalla no es un cambio de otro
+    const QString id = CMovimiento.FieldByName("PLAN_ID").texto();
+    siga_borrador(
+        "plantilla/" + id,
+        [this, id] { return CMovimiento.FieldByName("PLAN_ID").texto() == id && hay_por_perder(); },
+        [](const BorradorFilas::Huerfano&) {
+            return QStringLiteral("quedaron cambios sin grabar en esta plantilla. Desea "
+                                  "retomarlos?");
+        });
+}
+
 int Tfedtplantilla::maximo_item(Libro libro, const QString& id) {
     CMaxitem.Open(QStringLiteral("select max(plde_item) item from %1 where plan_id = ")
                       .arg(QLatin1String(datos(libro).plantilla_detalle)) +

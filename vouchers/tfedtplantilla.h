@@ -7,6 +7,7 @@ class Tfedtplantilla : public PantallaPlantilla {
 public:
     Tfedtplantilla();
     void FormCreate() override;
+    void FormActivate() override;
 
     ConjuntoDatos& CMovimiento; ///< el encabezado
     Proveedor PMaxitem;

@@ -1,13 +1,11 @@
 #include "vouchers/tfplanilladatos.h"
 
-#include "datos/firebird/reloj.h"
-#include "libro/borrador.h"
 #include "libro/catalogos.h"
 #include "libro/numeracion.h"
 #include "libro/revision.h"
 #include "sesion/ayuda_al_teclear.h"
+#include "sesion/borrador_filas.h"
 #include "toolkit/aviso_trabajo.h"
-#include "vouchers/borrador_filas.h"
 #include "vouchers/lineas_cuenta.h"
 #include "vouchers/pch.h"
 #include "vouchers/peticiones_planilla.h"
@@ -162,18 +160,13 @@ void Tfplanilladatos::FormActivate() {
     // Ya con la ventana a la vista, para que la pregunta se entienda.
     if (std::exchange(mirado_, true))
         return;
-    borrador_ = new BorradorFilas(
-        fdm().Quorvex.parametros().base + '/' + fdm().usuario + "/planilla/" +
-            peticion<AbrePlanilla>().planilla_seleccion,
-        {&CVirtdata}, [this] { return !CVirtdata.IsEmpty(); }, this);
-    if (const auto h = borrador_->tome_huerfano()) {
-        const qsizetype n = h->filas.first().size();
-        if (pregunte(
-                QStringLiteral("%1 quedó esta planilla sin grabar, con %2. Desea retomarla?")
-                    .arg(hace_cuanto(h->momento, reloj().ahora()).replace(0, 1, "H"),
-                         n == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(n))))
-            borrador_->reponga(*h);
-    }
+    borrador_ = new BorradorFilas("planilla/" + peticion<AbrePlanilla>().planilla_seleccion,
+                                  {&CVirtdata}, nullptr, this);
+    borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
+        const qsizetype n = h.cambios.first().size();
+        return QStringLiteral("quedó esta planilla sin grabar, con %1. Desea retomarla?")
+            .arg(n == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(n));
+    });
     borrador_->siga();
 }
 

@@ -1,8 +1,5 @@
 #include "vouchers/tfplantilla.h"
 
-#include "datos/firebird/reloj.h"
-#include "libro/borrador.h"
-#include "vouchers/borrador_filas.h"
 #include "vouchers/pch.h"
 
 Tfplantilla::Tfplantilla()
@@ -23,47 +20,18 @@ void Tfplantilla::FormActivate() {
     PantallaPlantilla::FormActivate();
     if (borrador_)
         return;
-    borrador_ = new BorradorFilas(
-        fdm().Quorvex.parametros().base + '/' + fdm().usuario + "/plantilla",
-        {&CPlantilla, &CDetalle, &CDetallen},
+    siga_borrador(
+        "plantilla",
         [this] {
             return !CPlantilla.FieldByName("PLAN_CONCEPTO").vacio() || CDetalle.RecordCount() > 0 ||
                    CDetallen.RecordCount() > 0;
         },
-        this);
-    ofrezca_borrador();
-    borrador_->siga();
-}
-
-void Tfplantilla::ofrezca_borrador() {
-    const auto h = borrador_->tome_huerfano();
-    if (!h || !pregunte(QStringLiteral("%1 quedó una plantilla sin grabar: «%2», con %3 líneas. "
-                                       "Desea retomarla?")
-                            .arg(hace_cuanto(h->momento, reloj().ahora()).replace(0, 1, "H"),
-                                 h->filas[0].value(0).value("PLAN_CONCEPTO"))
-                            .arg(h->filas[1].size() + h->filas[2].size())))
-        return;
-    muestra_lineas_ = false;
-    borrador_->reponga(*h);
-    ubique_tipo();
-    muestra_lineas_ = true;
-    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
-        int mayor = 0;
-        l->detalle.recorra_todas([&](const Fila& f) {
-            const Campo& item = l->detalle.FieldByName("PLDE_ITEM");
-            mayor = qMax(mayor, int(l->detalle.valor_de(f, item).entero()));
+        [](const BorradorFilas::Huerfano& h) {
+            return QStringLiteral("quedó una plantilla sin grabar: «%1», con %2 líneas. Desea "
+                                  "retomarla?")
+                .arg(h.valor("PLAN_CONCEPTO"))
+                .arg(h.detalles());
         });
-        l->contador.empiece(mayor);
-        l->actualice_sumas();
-    }
-}
-
-bool Tfplantilla::FormClose() {
-    if (!PantallaPlantilla::FormClose())
-        return false;
-    if (borrador_)
-        borrador_->descarte();
-    return true;
 }
 
 void Tfplantilla::CPlantillaAfterInsert() {

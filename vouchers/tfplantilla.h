@@ -2,15 +2,12 @@
 // Plantillas nuevas, una tras otra.
 #include "vouchers/pantalla_plantilla.h"
 
-class BorradorFilas;
-
 class Tfplantilla : public PantallaPlantilla {
     Q_OBJECT
 public:
     Tfplantilla();
     void FormCreate() override;
     void FormActivate() override;
-    bool FormClose() override;
 
 protected:
     void SBGrabarClick() override;
@@ -18,7 +15,4 @@ protected:
 
 private:
     void CPlantillaAfterInsert();
-    void ofrezca_borrador();
-
-    BorradorFilas* borrador_ = nullptr;
 };

@@ -1,5 +1,6 @@
 #include "vouchers/tfsaldiniciales.h"
 
+#include "sesion/borrador_filas.h"
 #include "sesion/instalacion.h"
 #include "sesion/variables_informe.h"
 #include "toolkit/informes/motor.h"
@@ -157,10 +158,22 @@ void Tfsaldiniciales::muestre_periodo() {
 }
 
 void Tfsaldiniciales::FormActivate() {
-    if (!CSaldos.Active()) {
-        CSaldos.Open();
-        lineas->rejilla->setFocus();
+    if (CSaldos.Active())
+        return;
+    CSaldos.Open();
+    lineas->rejilla->setFocus();
+    borrador_ = new BorradorFilas(
+        "saldos", {&CSaldos}, [this] { return hay_por_perder(); }, this);
+    if (borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
+            const qsizetype n = h.cambios.first().size();
+            return QStringLiteral("%1 de saldos iniciales sin grabar. Desea retomarlos?")
+                .arg(n == 1 ? QStringLiteral("quedó 1 línea")
+                            : QStringLiteral("quedaron %1 líneas").arg(n));
+        })) {
+        lineas->siga_los_items("SAIN_ITEM");
+        lineas->muestre_linea();
     }
+    borrador_->siga();
 }
 
 // ---------------------------------------------------------------- líneas
@@ -261,6 +274,8 @@ bool Tfsaldiniciales::FormClose() {
     if (!cierre_confirmado_ && hay_por_perder() && !salida_confirmada())
         return false;
     CSaldos.Cancel();
+    if (borrador_)
+        borrador_->descarte();
     for (ConjuntoDatos* c :
          {&CSaldos, &CBalance, &CMaxitem, &CTidocartera, &CArticulo, &CProyectos})
         c->Close();

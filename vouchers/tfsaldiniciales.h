@@ -4,6 +4,7 @@
 #include "toolkit/pantalla.h"
 #include "vouchers/panel_documento.h"
 
+class BorradorFilas;
 class EditorDato;
 class LineasSaldos;
 class Rejilla;
@@ -47,6 +48,7 @@ private:
     bool salida_confirmada();
     void cierre();
 
+    BorradorFilas* borrador_ = nullptr; ///< desde que los saldos están a la vista
     qint64 item_al_abrir_ = 0;
     bool cierre_confirmado_ = false;
     int corrimiento_ = 0; ///< cuánto se corren los números de las líneas nuevas al grabar

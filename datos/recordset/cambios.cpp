@@ -123,13 +123,23 @@ Indicio de_una_cambiada(const Fila::Envio& envio, const QVector<Campo*>& campos,
 
 using namespace cambios;
 
-/// Averigua y resuelve lo que se envió de un conjunto sin saber si quedó.
+/// Averigua y resuelve lo que se envió de un conjunto sin saber si quedó; mira sus filas por
+/// dentro.
 class EnvioPendiente {
 public:
     explicit EnvioPendiente(ConjuntoDatos& conjunto) : conjunto_(conjunto) {
         if (Detalle* d = conjunto.almacen())
             reuna(conjunto, *d);
     }
+    static const Detalle* filas_de(const ConjuntoDatos& c) { return c.almacen(); }
+    static const Fila* fila_actual(const ConjuntoDatos& c) {
+        return c.pos_ >= 0 && c.pos_ < int(c.orden_.size()) ? c.orden_[size_t(c.pos_)] : nullptr;
+    }
+    static const Detalle* detalle_de(const ConjuntoDatos& anidado, const Fila& maestra) {
+        const auto cual = size_t(anidado.indice_detalle_);
+        return cual < maestra.detalles.size() ? maestra.detalles[cual].get() : nullptr;
+    }
+
     bool hay() const { return !enviadas_.isEmpty(); }
 
     bool quedo() const {
@@ -228,6 +238,18 @@ private:
 };
 
 namespace cambios {
+
+const Detalle* filas_de(const ConjuntoDatos& conjunto) {
+    return EnvioPendiente::filas_de(conjunto);
+}
+
+const Fila* fila_actual(const ConjuntoDatos& conjunto) {
+    return EnvioPendiente::fila_actual(conjunto);
+}
+
+const Detalle* detalle_de(const ConjuntoDatos& anidado, const Fila& maestra) {
+    return EnvioPendiente::detalle_de(anidado, maestra);
+}
 
 bool hay_envio(ConjuntoDatos& conjunto) {
     return EnvioPendiente(conjunto).hay();

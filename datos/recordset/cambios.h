@@ -32,6 +32,12 @@ bool iguales(const Valor& a, const Valor& b);
 
 /// Campos del conjunto que son columnas de `tabla`.
 QVector<Campo*> campos_de(const ConjuntoDatos& conjunto, const QString& tabla);
+/// Las filas que el conjunto muestra, con las borradas; nulo si su maestra no tiene fila.
+const Detalle* filas_de(const ConjuntoDatos& conjunto);
+/// La del cursor, también si se está insertando; nulo sin filas.
+const Fila* fila_actual(const ConjuntoDatos& conjunto);
+/// Las del anidado en esa fila de su maestra; nulo si no se han leído.
+const Detalle* detalle_de(const ConjuntoDatos& anidado, const Fila& maestra);
 /// La fila, o alguno de sus detalles, tiene algo que grabar.
 bool cambio(const Fila& fila);
 

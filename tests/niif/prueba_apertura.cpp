@@ -1,6 +1,8 @@
 // La apertura NIIF y la conciliación, con teclas: traer, rehacer, anotar, la hoja de cálculo,
 // borrar, imprimir, llevar a los saldos iniciales, y de una diferencia a su comprobante.
 #include "apoyo/comprobantes.h"
+#include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/huerfano.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "datos/recordset/indice_busqueda.h"
 #include "niif/paginas.h"
@@ -10,6 +12,7 @@
 #include "niif/tfconciliacta.h"
 #include "niif/tfconciliapat.h"
 #include "niif/tfmovbalapniif.h"
+#include "sesion/borrador_filas.h"
 
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/controles/memodato.h"
@@ -345,6 +348,48 @@ void PruebaApertura::borrar_la_hoja_pregunta_y_tambien_graba() {
 }
 
 void PruebaApertura::salir_con_cambios_pregunta() {
+    Tfbalaperturaniif* p = traiga();
+    // Muere con el detalle de una cuenta a medias: al volver están los saldos traídos y se sigue en
+    // esa cuenta, hasta cuadrarla.
+    detalle(p, "130505");
+    p->CAperniifdet.Last();
+    enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_DEBITO"));
+    digite("10");
+    oprima(Qt::Key_Return);
+    p->APNI_NOTA->setFocus();
+    digite("Deterioro");
+    p->DBGridEh2->setFocus();
+    const RelojDetenido a_las_diez({2018, 5, 15}, {10, 0});
+    const QDir carpeta = deje_huerfano(*p->findChild<BorradorFilas*>());
+    {
+        const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
+        QVERIFY(p->close());
+    }
+    agote_eventos();
+    QCOMPARE(borradores(carpeta), QStringList({"huerfano.borrador"}));
+    QCOMPARE(s_->dato("select count(*) from apertura_niif"), "0");
+    i_->espere("Hace un momento quedaron sin grabar cambios de la apertura en 4 cuentas. Desea "
+               "retomarlos?",
+               "Sí");
+    p = abra();
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
+    QCOMPARE(p->CSaldos.FieldByName("CUEN_COD").texto() + p->APNI_NOTA->toPlainText() +
+                 p->DetDebito->text(),
+             "130505Deterioro10.00");
+    p->CAperniifdet.First();
+    p->DBGridEh2->setFocus();
+    oprima(Qt::Key_F5);
+    oprima(Qt::Key_F2);
+    grabe_y_siga();
+    QVERIFY(borradores(carpeta).isEmpty());
+    QCOMPARE(filas("select (select count(*) from apertura_niif), count(*), sum(apnd_debito), "
+                   "sum(apnd_credito), (select list(apni_nota) from apertura_niif) from "
+                   "apertura_niif_det"),
+             "4|10|10|10|Deterioro");
+    s_->base.ejecute({"delete from apertura_niif_det", "delete from apertura_niif"});
+    p->close();
+    agote_eventos();
     traiga();
     i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "No");
     oprima(Qt::Key_Escape);

@@ -1,27 +1,38 @@
-// Una planilla que muere mientras graba (corte de luz, kill -9): quedan todos sus comprobantes o
-// ninguno, y la hoja se puede volver a grabar. El que muere es este mismo programa, con la pantalla
-// de verdad.
+// Un programa que muere con su pantalla abierta (corte de luz, kill -9). Una planilla que estaba
+// grabando deja todos sus comprobantes o ninguno, y la hoja se puede volver a grabar; los saldos
+// iniciales que se digitaban se ofrecen al volver. El que muere es este mismo programa.
 #include "apoyo/comprobantes.h"
 #include "apoyo/muerte.h"
+#include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/huerfano.h"
+#include "sesion/borrador_filas.h"
 #include "vouchers/digitador.h"
+#include "vouchers/lineas_saldos.h"
 #include "vouchers/peticiones_planilla.h"
 #include "vouchers/tfplanilladatos.h"
+#include "vouchers/tfsaldiniciales.h"
 
 #include <QClipboard>
+#include <QEventLoop>
 
 namespace {
 
 constexpr const char* kBase = "QUORVEX_PLANILLA_DE";
+constexpr const char* kSaldos = "QUORVEX_SALDOS_DE";
 constexpr int kFilas = 40;
+
+void entre_a(SesionGui& s, const QString& base) {
+    ParametrosConexion p = s.base.parametros();
+    p.base = base;
+    s.dm.Quorvex.desconectar();
+    s.dm.Quorvex.conectar(p);
+}
 
 /// Digita la hoja sobre esa base y la graba.
 void grabe_la_hoja(const QString& base, const std::function<void()>& antes_de_grabar) {
     SesionGui s;
     Digitador d(s);
-    ParametrosConexion p = s.base.parametros();
-    p.base = base;
-    s.dm.Quorvex.desconectar();
-    s.dm.Quorvex.conectar(p);
+    entre_a(s, base);
     auto* hoja = s.abra<Tfplanilladatos>("Tfplanilladatos", AbrePlanilla{"1"});
     QString celdas;
     for (int f = 1; f <= kFilas; ++f)
@@ -33,10 +44,35 @@ void grabe_la_hoja(const QString& base, const std::function<void()>& antes_de_gr
     oprima(Qt::Key_F2);
 }
 
-class Hoja : public QObject {
+/// Cambia el saldo que había, agrega uno, deja otro a medias y se queda esperando la muerte.
+void digite_saldos(const QString& base) {
+    const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
+    SesionGui s;
+    Digitador d(s);
+    entre_a(s, base);
+    auto* p = s.abra<Tfsaldiniciales>("Tfsaldiniciales");
+    Rejilla& r = *p->lineas->rejilla;
+    enfoque(p, "DBGridEh1", LineasSaldos::kDebito);
+    digite("900");
+    oprima(Qt::Key_Down);
+    r.SelectedIndex(0);
+    d.linea({"111005", "", "", "", "100", ""});
+    r.SelectedIndex(0);
+    d.linea({"310505", "", "", "", "", "5"});
+    p->findChild<BorradorFilas*>()->guarde();
+    diga_listo();
+    QEventLoop().exec();
+}
+
+class Moribundo : public QObject {
     Q_OBJECT
 private slots:
-    void grabe() { grabe_la_hoja(qEnvironmentVariable(kBase), diga_listo); }
+    void trabaje() {
+        if (qEnvironmentVariableIsSet(kSaldos))
+            digite_saldos(qEnvironmentVariable(kSaldos));
+        else
+            grabe_la_hoja(qEnvironmentVariable(kBase), diga_listo);
+    }
 };
 
 } // namespace
@@ -90,13 +126,51 @@ private slots:
         QVERIFY2(hechos > 0 && nada > 0,
                  qPrintable(QString("%1 enteros y %2 sin hacer").arg(hechos).arg(nada)));
     }
+
+    void los_saldos_que_se_digitaban_se_ofrecen_una_vez_con_su_edad() {
+        BaseDePrueba b;
+        b.ejecute({"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, sain_credito) "
+                   "values (7, '110505', 1000, 0)"});
+        const QString lugar = b.parametros().base;
+        b.base().desconectar();
+        QVERIFY(corra_y_mate({{kSaldos, lugar}}, 0) >= 0);
+        const RelojDetenido despues({2017, 5, 15}, {10, 5});
+        SesionGui s;
+        Digitador d(s);
+        entre_a(s, lugar);
+        const auto dato = [&](const char* sql) { return s.dm.Quorvex.consulte(sql).texto(); };
+        Interlocutor i;
+        i.espere("Hace 5 minutos quedaron 3 líneas de saldos iniciales sin grabar. Desea "
+                 "retomarlos?",
+                 "Sí");
+        auto* p = s.abra<Tfsaldiniciales>("Tfsaldiniciales");
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        const QDir carpeta(p->findChild<BorradorFilas*>()->carpeta());
+        QVERIFY(borradores(carpeta).isEmpty());
+        QCOMPARE(p->lineas->Sumadeb->text() + ' ' + p->lineas->SumCred->text(),
+                 QString("1,000.00 5.00"));
+        p->lineas->rejilla->setFocus();
+        p->CSaldos.Last();
+        p->lineas->rejilla->SelectedIndex(LineasSaldos::kCredito);
+        digite("1000");
+        oprima(Qt::Key_F2);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(dato("select list(sain_item || ':' || cuen_cod || ':' || cast(sain_debito - "
+                      "sain_credito as integer)) from (select * from saldos_iniciales order by "
+                      "sain_item)"),
+                 QString("7:110505:900,8:111005:100,9:310505:-1000"));
+        QVERIFY(borradores(carpeta).isEmpty());
+        p = s.abra<Tfsaldiniciales>("Tfsaldiniciales"); // ya no pregunta
+        QVERIFY(p && p->CSaldos.ChangeCount() == 0);
+        p->close();
+    }
 };
 
 int main(int argc, char** argv) {
     QApplication aplicacion(argc, argv);
-    if (qEnvironmentVariableIsSet(kBase)) {
-        Hoja hoja;
-        return QTest::qExec(&hoja, {"hoja"});
+    if (qEnvironmentVariableIsSet(kBase) || qEnvironmentVariableIsSet(kSaldos)) {
+        Moribundo moribundo;
+        return QTest::qExec(&moribundo, {"moribundo"});
     }
     PruebaPlanillaMuerta prueba;
     return QTest::qExec(&prueba, argc, argv);

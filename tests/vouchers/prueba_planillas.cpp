@@ -1,10 +1,10 @@
 // Planillas de digitación: definirlas, y crear con una hoja muchos comprobantes o ninguno.
 #include "apoyo/comprobantes.h"
 #include "apoyo/reloj_de_prueba.h"
-#include "vouchers/borrador_filas.h"
+#include "apoyo_gui/huerfano.h"
+#include "sesion/borrador_filas.h"
 #include "vouchers/digitador.h"
 #include "vouchers/forma_planilla.h"
-#include "vouchers/huerfano.h"
 #include "vouchers/peticiones_planilla.h"
 #include "vouchers/planilla.h"
 #include "vouchers/tfbuscplanillasd.h"

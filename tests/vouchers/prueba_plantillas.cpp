@@ -1,9 +1,9 @@
 // Plantillas: crearlas, corregirlas, buscarlas y traerlas a un comprobante.
 #include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/huerfano.h"
+#include "sesion/borrador_filas.h"
 #include "vouchers/anuncio.h"
-#include "vouchers/borrador_filas.h"
 #include "vouchers/digitador.h"
-#include "vouchers/huerfano.h"
 #include "vouchers/tfbuscplantilla.h"
 #include "vouchers/tfedtplantilla.h"
 #include "vouchers/tfplantilla.h"
@@ -442,6 +442,64 @@ private slots:
         QCOMPARE(s.dato("select plan_concepto from plantilla_encabezado where plan_id = 8"),
                  "Abono");
         dice([&] { QVERIFY(!edite(s, "99")); }, "No se encontró la plantilla solicitada.");
+    }
+
+    void lo_que_se_corregia_en_una_plantilla_vuelve_sobre_lo_que_haya() {
+        const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
+        SesionGui s;
+        Digitador d(s);
+        ponga_plantilla(s, 8, "RC", "0002", "Abono", "R-1", {"110505:50:0", "310505:0:50"});
+        ponga_plantilla(s, 8, "", "", "", "", {"110505:1:0"}, "_niif");
+        Tfedtplantilla* p = edite(s, "8");
+        auto* borrador = p->findChild<BorradorFilas*>();
+        borrador->guarde();
+        QVERIFY(borradores(borrador->carpeta()).isEmpty()); // abrirla no es un cambio
+        d.redigite(p->EConcepto, "Cambio");
+        p->lineas_2649->rejilla->setFocus();
+        p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kDebito);
+        digite("70");
+        otra_linea(p);
+        otra_linea(p);
+        linea(p, {"111005", "", "", "", "", "", "", "", "", "4"});
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        p->lineas_niif->rejilla->setFocus();
+        Interlocutor i;
+        i.espere("Desea borrar la fila actual?", "Sí");
+        oprima(Qt::Key_Delete, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        const QDir carpeta = deje_huerfano(*borrador);
+        {
+            const QScopedValueRollback<bool> despedida(Guardia::unica().despedida, true);
+            QVERIFY(p->close());
+        }
+        QCOMPARE(borradores(carpeta), QStringList({"huerfano.borrador"}));
+        // Entre tanto otro cambió una línea de las corregidas y tomó el número de la nueva.
+        s.base.ejecute({"update plantilla_detalle set plde_debitos = 60 where plan_id = 8 and "
+                        "plde_item = 1",
+                        "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_debitos,"
+                        " plde_creditos) values (8, 3, '310505', 0, 1)"});
+        const RelojDetenido despues({2017, 5, 15}, {11, 0});
+        i.espere("Hace 1 hora quedaron cambios sin grabar en esta plantilla. Desea retomarlos?",
+                 "Sí");
+        i.espere("Entre tanto otro grabó cambios en una de esas filas. Quedaron como usted los "
+                 "había dejado: revíselos antes de grabar.");
+        p = edite(s, "8");
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(borradores(carpeta).isEmpty());
+        QCOMPARE(p->EConcepto->text() + p->lineas_2649->Sumadeb->text(), "Cambio74.00");
+        p->lineas_2649->rejilla->setFocus();
+        p->CDetalle.Last();
+        otra_linea(p);
+        linea(p, {"310505", "", "", "", "", "", "", "", "", "", "23"});
+        oprima(Qt::Key_F2);
+        QVERIFY(s.escritorio.abiertas().isEmpty());
+        QCOMPARE(s.dato("select plan_concepto from plantilla_encabezado"), "Cambio");
+        QCOMPARE(s.dato("select list(plde_item || ':' || cuen_cod || ':' || cast(plde_debitos - "
+                        "plde_creditos as integer)) from (select * from plantilla_detalle order by "
+                        "plde_item)"),
+                 "1:110505:70,2:310505:-50,3:310505:-1,4:111005:4,5:310505:-23");
+        QCOMPARE(s.dato("select count(*) from plantilla_detalle_niif"), "0");
+        QVERIFY(borradores(carpeta).isEmpty());
     }
 
     void solo_la_plantilla_nueva_abre_en_el_libro_configurado() {

@@ -4,6 +4,7 @@
 
 #include "apoyo/reloj_de_prueba.h"
 #include "apoyo_gui/fotos.h"
+#include "apoyo_gui/huerfano.h"
 #include "catalogues/registro_terceros.h"
 #include "ledger/registro.h"
 #include "sesion/indices_catalogos.h"
@@ -11,7 +12,6 @@
 #include "toolkit/controles/memodato.h"
 #include "toolkit/lista_teclas.h"
 #include "vouchers/borrador_vivo.h"
-#include "vouchers/huerfano.h"
 #include "vouchers/letrero_diferencia.h"
 #include "vouchers/panel_documento.h"
 #include "vouchers/tfbuscomproba.h"

@@ -1,6 +1,6 @@
 #pragma once
 // Un borrador como lo deja un programa que muere.
-#include "vouchers/archivo_borrador.h"
+#include "sesion/archivo_borrador.h"
 
 #include <QDir>
 #include <QSysInfo>

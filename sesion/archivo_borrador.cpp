@@ -1,4 +1,4 @@
-#include "vouchers/archivo_borrador.h"
+#include "sesion/archivo_borrador.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -49,7 +49,7 @@ void ArchivoBorrador::marque() {
     // hace, al cabo de un rato de todas maneras.
     int filas = 0;
     for (const ConjuntoDatos* c : conjuntos_)
-        filas += c->filas_en_memoria();
+        filas += c->RecordCount();
     if (filas > kFilasLargo && espera_.elapsed() < kMsSinPausa)
         reloj_.start(kMsPausa);
     else if (!reloj_.isActive())

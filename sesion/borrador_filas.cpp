@@ -1,0 +1,87 @@
+#include "sesion/borrador_filas.h"
+
+#include "datos/firebird/reloj.h"
+#include "datos/recordset/cambios_escritos.h"
+#include "libro/borrador.h"
+#include "sesion/tfdm.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+
+QString llave_de(const QString& que) {
+    return fdm().Quorvex.parametros().base + '/' + fdm().usuario + '/' + que;
+}
+
+QVector<ConjuntoDatos*> con_sus_anidados(const QVector<ConjuntoDatos*>& conjuntos) {
+    QVector<ConjuntoDatos*> todos = conjuntos;
+    for (const ConjuntoDatos* c : conjuntos)
+        todos << c->anidados();
+    return todos;
+}
+
+} // namespace
+
+BorradorFilas::BorradorFilas(const QString& que, const QVector<ConjuntoDatos*>& conjuntos,
+                             std::function<bool()> hay, QObject* dueno)
+    : ArchivoBorrador(llave_de(que), con_sus_anidados(conjuntos), dueno), conjuntos_(conjuntos),
+      hay_(std::move(hay)) {}
+
+QString BorradorFilas::Huerfano::valor(const QString& campo) const {
+    return cambios.value(0).at(0)["valores"][campo].toString();
+}
+
+int BorradorFilas::Huerfano::detalles() const {
+    qsizetype n = 0;
+    for (const QJsonArray& filas : cambios)
+        for (const QJsonValue& fila : filas)
+            for (const QJsonValue& suyas : fila["detalles"].toArray())
+                n += suyas.toArray().size();
+    return int(n);
+}
+
+QByteArray BorradorFilas::contenido() const {
+    if (hay_ && !hay_())
+        return {};
+    QJsonArray todos;
+    bool alguno = false;
+    for (const ConjuntoDatos* c : conjuntos_) {
+        todos.append(escriba_cambios(*c));
+        alguno = alguno || !todos.last().toArray().isEmpty();
+    }
+    if (!alguno)
+        return {};
+    return QJsonDocument(QJsonObject{{"momento", reloj().ahora().toString(Qt::ISODateWithMs)},
+                                     {"cambios", todos}})
+        .toJson(QJsonDocument::Compact);
+}
+
+std::optional<BorradorFilas::Huerfano> BorradorFilas::tome_huerfano() {
+    Huerfano h;
+    const bool hay = tome_el_huerfano([&](const QByteArray& texto) {
+        const QJsonObject o = QJsonDocument::fromJson(texto).object();
+        h = {QDateTime::fromString(o["momento"].toString(), Qt::ISODateWithMs), {}};
+        for (const QJsonValue& suyos : o["cambios"].toArray())
+            h.cambios << suyos.toArray();
+        return h.momento.isValid() && h.cambios.size() == conjuntos_.size();
+    });
+    return hay ? std::optional(h) : std::nullopt;
+}
+
+bool BorradorFilas::ofrezca(const std::function<QString(const Huerfano&)>& frase) {
+    const auto h = tome_huerfano();
+    if (!h ||
+        !pregunte(hace_cuanto(h->momento, reloj().ahora()).replace(0, 1, "H") + ' ' + frase(*h)))
+        return false;
+    int distintas = 0;
+    for (qsizetype i = 0; i < conjuntos_.size(); ++i)
+        distintas += rehaga_cambios(*conjuntos_[i], h->cambios[i]);
+    if (distintas > 0)
+        muestre_mensaje(QStringLiteral("Entre tanto otro grabó cambios en %1. Quedaron como usted "
+                                       "los había dejado: revíselos antes de grabar.")
+                            .arg(distintas == 1
+                                     ? QStringLiteral("una de esas filas")
+                                     : QStringLiteral("%1 de esas filas").arg(distintas)));
+    return true;
+}
