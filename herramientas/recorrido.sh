@@ -77,13 +77,14 @@ foco() {
 # teclas F2 Return ...: cada una por aparte, con un respiro.
 teclas() {
     local tecla
+    foco
     for tecla in "$@"; do
         xdotool key --clearmodifiers "$tecla"
         espere 0.12
     done
     espere 0.3
 }
-escriba() { xdotool type --delay 15 "$1"; espere 0.25; }
+escriba() { foco; xdotool type --delay 15 "$1"; espere 0.25; }
 # linea CELDA...: una fila de una rejilla con Enter; una celda vacía se deja como esté.
 linea() {
     local celda

@@ -15,7 +15,7 @@ NotasEstado::NotasEstado(QObject* dueno)
     CNotasest.memo("NOEF_NOTA");
 }
 
-void NotasEstado::anexe(MotorInformes& motor, int ano, int periodo) {
+void NotasEstado::anexe(MotorInformes& motor, int ano, int periodo, const QString& cuando) {
     CNotasest.Open(
         QStringLiteral("select noef_id, noef_numero, noef_titulo, noef_nota from "
                        "notas_estados_financieros where noef_ano = %1 and "
@@ -25,6 +25,8 @@ void NotasEstado::anexe(MotorInformes& motor, int ano, int periodo) {
     const auto cierre = qScopeGuard([this] { CNotasest.Close(); });
     if (CNotasest.IsEmpty())
         return;
+    // Las notas son del período entero: ni las cuentas ni el nivel del estado las escogen.
+    motor.fijar_parametro("Rango", cuando);
     motor.conecte(QStringLiteral("RNotasest"), CNotasest);
     motor.seleccionar_reporte(QStringLiteral("Notasestados"));
     motor.agregue();

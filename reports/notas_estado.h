@@ -9,7 +9,8 @@ public:
     explicit NotasEstado(QObject* dueno);
     ConjuntoDatos CNotasest;
     /// Agrega al documento las notas del período y las de todo el año. Sin notas no agrega nada.
-    void anexe(MotorInformes& motor, int ano, int periodo);
+    /// `cuando`: el período como se lee bajo su título.
+    void anexe(MotorInformes& motor, int ano, int periodo, const QString& cuando);
 
 private:
     Sentencia QNotasest;

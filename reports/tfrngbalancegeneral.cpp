@@ -84,5 +84,5 @@ QString Tfrngbalancegeneral::titulo_niif() {
 
 void Tfrngbalancegeneral::anexe(MotorInformes& motor) {
     if (marcada(ckNotas))
-        notas_.anexe(motor, periodo.ano, periodo.numero());
+        notas_.anexe(motor, periodo.ano, periodo.numero(), tiempo_legible());
 }

@@ -78,5 +78,5 @@ QString Tfrngresulgeneral::item_titulo() {
 
 void Tfrngresulgeneral::anexe(MotorInformes& motor) {
     if (marcada(ckNotas))
-        notas_.anexe(motor, periodo.ano, periodo.numero());
+        notas_.anexe(motor, periodo.ano, periodo.numero(), tiempo_legible());
 }

@@ -4,6 +4,8 @@
 #include "toolkit/marcos.h"
 #include "toolkit/orden_lectura.h"
 #include "toolkit/pantalla.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QMdiArea>
@@ -19,6 +21,31 @@ Escritorio* escritorio_ = nullptr;
 Pantalla* pantalla_en(QMdiSubWindow* ventana) {
     auto* marco = ventana ? dynamic_cast<MarcoPantalla*>(ventana->widget()) : nullptr;
     return marco ? marco->pantalla() : nullptr;
+}
+
+/// Ensancha la ventana desde su centro, sin salirse del área, hasta que sus rejillas muestren todas
+/// sus cifras. Falso si no hizo falta.
+bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
+    constexpr int kVeces = 3; // entre dos rejillas que se parten el ancho, no basta una
+    const int antes = ventana.width();
+    for (int i = 0; i < kVeces && ventana.width() < area.width(); ++i) {
+        int falta = 0;
+        for (const Rejilla* r : pantalla.findChildren<Rejilla*>())
+            if (r->isVisible())
+                falta = qMax(falta, static_cast<EncabezadoRejilla*>(r->horizontalHeader())
+                                        ->anchos()
+                                        .lo_que_falta());
+        if (falta == 0)
+            break;
+        ventana.resize(qMin(ventana.width() + falta, area.width()), ventana.height());
+    }
+    if (ventana.width() == antes)
+        return false;
+    ventana.setProperty("inicial", ventana.size());
+    ventana.move(
+        qBound(0, ventana.x() - (ventana.width() - antes) / 2, area.width() - ventana.width()),
+        ventana.y());
+    return true;
 }
 } // namespace
 
@@ -99,7 +126,13 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
     emit cambiaron_las_abiertas();
     QPointer<Pantalla> viva(pantalla);
     notifique(pantalla);
-    return viva && !viva->cerrada_ ? pantalla : nullptr;
+    if (!viva || viva->cerrada_)
+        return nullptr;
+    if (!ventana->isMaximized() && !(ajustes_ && ajustes_->contains(clave_tamano(pantalla))))
+        if (ensanche(*ventana, *pantalla, pantalla->area_principal()) &&
+            pantalla->menos_centro_.isValid())
+            ventana->move(pantalla->lugar_centrado(ventana->size()));
+    return pantalla;
 }
 
 QString Escritorio::clave_tamano(const Pantalla* pantalla) {

@@ -6,14 +6,17 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QFocusEvent>
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QHelpEvent>
+#include <QIconEngine>
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -176,14 +179,15 @@ public:
         }
         QProxyStyle::drawPrimitive(elemento, opcion, pintor, widget);
         // Fusion saca los bordes del fondo: en oscuro no se verían.
+        const bool de_lista =
+            elemento == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
         if (oscuro_ && (elemento == PE_FrameLineEdit || elemento == PE_IndicatorCheckBox ||
-                        elemento == PE_IndicatorRadioButton))
+                        elemento == PE_IndicatorRadioButton || de_lista))
             borde(pintor, opcion->rect, opcion->palette,
                   elemento == PE_IndicatorRadioButton ? opcion->rect.width() / 2 : 2);
         if (elemento == PE_FrameLineEdit && opcion->state.testFlag(State_HasFocus))
             anillo(pintor, opcion->rect);
-        if (elemento == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget) &&
-            widget->hasFocus())
+        if (de_lista && widget->hasFocus())
             anillo(pintor, opcion->rect);
     }
 
@@ -191,6 +195,8 @@ public:
                             QPainter* pintor, const QWidget* widget) const override {
         QProxyStyle::drawComplexControl(control, opcion, pintor, widget);
         const bool caja = control == CC_ComboBox || control == CC_SpinBox;
+        if (oscuro_ && control == CC_SpinBox && opcion->subControls & SC_SpinBoxFrame)
+            borde(pintor, opcion->rect, opcion->palette, 2);
         if (caja && opcion->state.testFlag(State_HasFocus) && widget)
             anillo(pintor, opcion->rect);
     }
@@ -219,6 +225,20 @@ public:
         r.moveTop(grupo->rect.top() + escalado(4));
         r.translate(paso(), 0);
         return r;
+    }
+
+    QPixmap generatedIconPixmap(QIcon::Mode modo, const QPixmap& dibujo,
+                                const QStyleOption* opcion) const override {
+        if (modo != QIcon::Disabled)
+            return QProxyStyle::generatedIconPixmap(modo, dibujo, opcion);
+        // El gris de Fusion brilla más que el dibujo sobre un fondo oscuro: apagado es desvaído.
+        QPixmap apagado(dibujo.size());
+        apagado.setDevicePixelRatio(dibujo.devicePixelRatio());
+        apagado.fill(Qt::transparent);
+        QPainter pintor(&apagado);
+        pintor.setOpacity(0.35);
+        pintor.drawPixmap(0, 0, dibujo);
+        return apagado;
     }
 
     int styleHint(StyleHint consejo, const QStyleOption* opcion, const QWidget* widget,
@@ -400,6 +420,65 @@ void pinte_degradado(QPainter& pintor, const QRect& marco) {
     pintor.fillRect(marco, g);
 }
 
+namespace {
+
+/// Un dibujo de un solo color, pintado con la tinta del tema en que se mira.
+class MotorDeTinta : public QIconEngine {
+public:
+    explicit MotorDeTinta(const QIcon& molde) : molde_(molde) {}
+    QIconEngine* clone() const override { return new MotorDeTinta(*this); }
+    QSize actualSize(const QSize& tamano, QIcon::Mode, QIcon::State) override { return tamano; }
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
+        return molde_.availableSizes();
+    }
+    QPixmap pixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State) override {
+        QPixmap dibujo = molde_.pixmap(tamano, 1.0);
+        QPainter pintor(&dibujo);
+        pintor.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        pintor.fillRect(dibujo.rect(),
+                        QApplication::palette().color(modo == QIcon::Disabled ? QPalette::Disabled
+                                                                              : QPalette::Normal,
+                                                      QPalette::ButtonText));
+        return dibujo;
+    }
+    QPixmap scaledPixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State estado,
+                         qreal escala) override {
+        QPixmap dibujo = pixmap(tamano, modo, estado);
+        dibujo.setDevicePixelRatio(escala);
+        return dibujo;
+    }
+    void paint(QPainter* pintor, const QRect& lugar, QIcon::Mode modo,
+               QIcon::State estado) override {
+        const qreal fino = pintor->device()->devicePixelRatioF();
+        pintor->drawPixmap(lugar, pixmap((QSizeF(lugar.size()) * fino).toSize(), modo, estado));
+    }
+
+private:
+    QIcon molde_;
+};
+
+/// Los de flechas, lupas y letras del tema empacado son pálidos o azul oscuro: en claro o en oscuro
+/// no se ven. Su molde de un color sirve en los dos. Nulo si el tema no lo trae.
+QIcon de_un_color(const QString& nombre) {
+    static const QRegularExpression cuales(
+        QStringLiteral("^(go|zoom|format|view-refresh|edit-find|view-sort)\\b"));
+    QIcon molde;
+    if (!cuales.match(nombre).hasMatch())
+        return molde;
+    for (const QString& raiz : QIcon::themeSearchPaths())
+        for (const int lado : {16, 24, 32, 48, 64})
+            if (const QString archivo = QStringLiteral("%1/%2/%3x%3/actions/%4-symbolic.symbolic"
+                                                       ".png")
+                                            .arg(raiz, QIcon::themeName())
+                                            .arg(lado)
+                                            .arg(nombre);
+                QFile::exists(archivo))
+                molde.addFile(archivo);
+    return molde.isNull() ? molde : QIcon(new MotorDeTinta(molde));
+}
+
+} // namespace
+
 QIcon icono(const QString& nombre) {
     // El tema empacado no trae algunos, o solo los trae en trazos que aquí no se pintan.
     static const QHash<QString, QString> parecidos{
@@ -407,6 +486,8 @@ QIcon icono(const QString& nombre) {
         {QStringLiteral("document-edit"), QStringLiteral("document-properties")}};
     if (nombre.isEmpty())
         return {};
+    if (const QIcon plano = de_un_color(nombre); !plano.isNull())
+        return plano;
     const QIcon propio = QIcon::fromTheme(nombre);
     return propio.isNull() ? QIcon::fromTheme(parecidos.value(nombre)) : propio;
 }

@@ -15,13 +15,24 @@ struct Trazo {
     Qt::BrushStyle relleno;
 };
 
-Trazo trazo(qsizetype serie) {
+/// El color de una serie, aclarado u oscurecido hasta que se distinga del papel.
+QColor que_se_lea(QColor color, const QColor& papel) {
+    constexpr int kContraste = 80;
+    const bool oscuro = papel.lightness() < 128;
+    for (int i = 0; i < 10 && qAbs(color.lightness() - papel.lightness()) < kContraste; ++i)
+        color = color.lightness() == 0 ? QColor(Qt::gray)
+                : oscuro               ? color.lighter(120)
+                                       : color.darker(120);
+    return color;
+}
+
+Trazo trazo(qsizetype serie, const QColor& papel) {
     const QColor principal = colores_empresa().principal;
     static const Qt::PenStyle lineas[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine};
     static const Qt::BrushStyle rellenos[] = {Qt::SolidPattern, Qt::BDiagPattern,
                                               Qt::Dense5Pattern};
     const QColor colores[] = {principal, QColor(0xc2, 0x6a, 0x1a), QColor(0x3c, 0x7d, 0x4f)};
-    return {colores[serie % 3], lineas[serie % 3], rellenos[serie % 3]};
+    return {que_se_lea(colores[serie % 3], papel), lineas[serie % 3], rellenos[serie % 3]};
 }
 
 } // namespace
@@ -126,10 +137,16 @@ void Grafica::pinte_ejes(QPainter& p, const QRectF& l, const Escala& e) const {
         ancho = std::max(ancho, m.horizontalAdvance(c) + paso(1));
     const auto cada = std::max<qsizetype>(
         1, qsizetype(std::ceil(ancho * double(categorias_.size()) / std::max(1.0, l.width()))));
-    for (qsizetype i = 0; i < categorias_.size(); i += cada)
-        p.drawText(
-            QRectF(x_de(l, double(i)) - ancho, l.bottom() + paso(0.5), 2 * ancho, m.height()),
-            Qt::AlignHCenter, categorias_[i]);
+    double libre = 0;
+    for (qsizetype i = 0; i < categorias_.size(); i += cada) {
+        // El primero y el último se corren hacia adentro antes que salirse del dibujo.
+        const double suyo = m.horizontalAdvance(categorias_[i]);
+        const double x =
+            std::clamp(x_de(l, double(i)) - suyo / 2, 0.0, std::max(0.0, width() - suyo - 1));
+        if (x >= libre)
+            p.drawText(QPointF(x, l.bottom() + paso(0.5) + m.ascent()), categorias_[i]);
+        libre = x + suyo + paso(0.5);
+    }
     if (senalada_ >= 0) {
         p.setPen(QPen(tinta, 1, Qt::DashDotLine));
         const double x = x_de(l, senalada_);
@@ -139,7 +156,7 @@ void Grafica::pinte_ejes(QPainter& p, const QRectF& l, const Escala& e) const {
 
 void Grafica::pinte_lineas(QPainter& p, const QRectF& l, const Escala& e) const {
     for (qsizetype s = 0; s < series_.size(); ++s) {
-        const Trazo t = trazo(s);
+        const Trazo t = trazo(s, palette().color(QPalette::Base));
         QPainterPath camino;
         const auto& valores = series_[s].valores;
         for (qsizetype i = 0; i < valores.size(); ++i) {
@@ -156,7 +173,7 @@ void Grafica::pinte_barras(QPainter& p, const QRectF& l, const Escala& e) const 
     const double grupo = l.width() / double(std::max<qsizetype>(1, categorias_.size())) * 0.72;
     const double ancho = grupo / double(std::max<qsizetype>(1, series_.size()));
     for (qsizetype s = 0; s < series_.size(); ++s) {
-        const Trazo t = trazo(s);
+        const Trazo t = trazo(s, palette().color(QPalette::Base));
         p.setPen(QPen(t.color, 1));
         p.setBrush(QBrush(t.color, t.relleno));
         for (qsizetype i = 0; i < series_[s].valores.size(); ++i) {
@@ -172,7 +189,7 @@ void Grafica::pinte_leyenda(QPainter& p, const QRectF& l) const {
     const QFontMetricsF m(font());
     double x = l.left();
     for (qsizetype s = 0; s < series_.size(); ++s) {
-        const Trazo t = trazo(s);
+        const Trazo t = trazo(s, palette().color(QPalette::Base));
         const QRectF muestra(x, m.height() * 0.35, paso(3), m.height() * 0.75);
         p.setPen(QPen(t.color, escalado(2), forma_ == Lineas ? t.linea : Qt::SolidLine));
         if (forma_ == Lineas) {

@@ -1,6 +1,7 @@
 #include "vouchers/interprete_formato.h"
 
 #include "sesion/tfdm.h"
+#include "toolkit/informes/dibujante.h"
 #include "vouchers/datos_formato.h"
 
 #include <QSize>
@@ -77,7 +78,8 @@ const QHash<QString, Lectura>& lecturas() {
         {"PORCENTAJE ITEM", campo("PORC")},
         {"DOCUMENTO ITEM", campo("NUMDOC")},
         {"DOCUMENTO APLICACION", campo("NUMAPLICA")},
-        {"DOCUMENTO VENCE", campo("VENCE")},
+        {"DOCUMENTO VENCE",
+         [](ConjuntoDatos& c) { return fecha_legible(c.FieldByName("VENCE").texto()); }},
     };
     return tabla;
 }

@@ -221,10 +221,11 @@ void Tfmovimien::CMovimientoAfterInsert() {
     ponga("ENCO_DESCONTABLE", "S");
     ponga("ENCO_REPNIIF", "N");
     EDia->setText(fdmcnt().dia_actual);
-    lineas_2649->NomCuenta->clear();
-    lineas_2649->NomTerc->clear();
-    for (LineasLibro* l : {lineas_2649, lineas_niif})
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->contador.empiece();
+        for (QLineEdit* nombre : {l->NomCuenta, l->NomTerc, l->NomProy, l->NomCent})
+            nombre->clear(); // los de la última línea del anterior
+    }
     EArticod->clear(); // los de una línea del comprobante anterior
     Edit2->clear();
     grabacion.olvide();

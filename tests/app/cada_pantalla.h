@@ -31,7 +31,7 @@ inline void con_cada_pantalla(SesionDePrueba& s, const QStringList& ordenes, QSi
         const Encargo encargo = PantallasDePrueba::encargo(n);
         const QString sola = qEnvironmentVariable("QUORVEX_PANTALLA"); // para mirar una
         if ((!sola.isEmpty() && sola != n) || PantallasDePrueba::imprime(n) ||
-            (!con_datos && !encargo.vacio()))
+            (!con_datos && !PantallasDePrueba::sirve_vacia(n)))
             continue;
         // La revisión de una propuesta pone en edición cada línea a la que llega, y pregunta.
         const QScopedValueRollback<bool> sale(Guardia::unica().despedida,

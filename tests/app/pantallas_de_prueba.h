@@ -3,10 +3,14 @@
 // llama. Las que no se nombran se abren solas, como desde el menú.
 #include "apoyo/base_prueba.h"
 #include "assets/peticiones_activos.h"
+#include "niif/peticiones_niif.h"
 #include "periodend/peticiones_cierre.h"
 #include "reports/definicion_informe.h"
 #include "reports/forma_nota.h"
 #include "sesion/peticiones.h"
+#include "tax/taxonomia.h"
+#include "tax/tfmediosmag13.h"
+#include "tax/tfrevisamedio.h"
 #include "toolkit/pantalla.h"
 #include "vouchers/peticiones_planilla.h"
 
@@ -87,12 +91,29 @@ public:
             return AbreNota{"1"};
         if (nombre == "Tfmodplanillad" || nombre == "Tfplanilladatos")
             return AbrePlanilla{"1"};
+        if (nombre == "Tfconciliacta")
+            return AbreConciliacionCuenta{"413505", "2017"};
+        if (nombre == "Tfrevisamedio")
+            return AbreRevisionMedio{1001, "1001 Pagos o abonos en cuenta y retenciones", "2017",
+                                     "20170101", "20171231"};
+        if (nombre == "Tfconfmediosm")
+            return AbreConfiguracionMedio{1001};
+        if (nombre == "Tfmodtaxonom")
+            return AbreTaxonomia{1, "Supersociedades"};
+        if (nombre == "Tftaxcuentas" || nombre == "Tftaxnotas")
+            return AbreRenglonTaxonomia{1, 210000, 1, "Efectivo y equivalentes al efectivo"};
         if (nombre.startsWith("Tfsaldoart"))
             return AbreAuxiliar{.cuenta_auxiliar = "143505"};
         if (nombre.startsWith("Tfauxiliar") || nombre.startsWith("Tfsaldo") ||
             nombre == "Tfnormacuenta")
             return AbreAuxiliar{"413505", "900123456", "0002", "0001", "MART01"};
         return {};
+    }
+    /// Las que también abre quien todavía no ha digitado nada.
+    static bool sirve_vacia(const QString& nombre) {
+        return encargo(nombre).vacio() || nombre.startsWith("Tfauxiliar") ||
+               nombre.startsWith("Tfsaldo") || nombre == "Tfconciliacta" ||
+               nombre == "Tfrevisamedio";
     }
     static bool es_modal(const QString& nombre) { return nombre.startsWith("Tfimpr"); }
     /// Catálogos que se imprimen al pedirlos: no tienen ventana.

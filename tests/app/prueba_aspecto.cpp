@@ -26,6 +26,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QProgressDialog>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -51,6 +52,35 @@ QStringList datos_extremos() {
         largo("activos_fijos", "acfj_desc"),
         largo("comprobante_encabezado", "enco_concepto"),
         largo("comprobante_detalle", "code_concepto"),
+        "insert into presupuesto (pres_ano, pres_periodo, cuen_cod, pres_debito, pres_credito) "
+        "select '2017', 1, cuen_cod, 9999999999999.99, 88888888888.88 from cuentas where cuen_cod "
+        "in ('110505', '413505', '510506')",
+        "update activos_fijos set acfj_vrorig = 9999999999999.99 where acfj_cod = 'MUEB1'",
+        "insert into activos_grupos (acgr_id, acgr_nom, acgr_mesdep) values (1, 'Muebles, enseres "
+        "y equipo de cómputo de las sucursales', 120)",
+        "insert into apertura_niif (cuen_cod, apni_saldoant, apni_ajustedb, apni_ajustecr, "
+        "apni_saldoniif, apni_cuenniif) select cuen_cod, 9999999999999.99, 9999999999999.99, "
+        "9999999999999.99, 9999999999999.99, cuen_cod from cuentas where cuen_cod = '110505'",
+        "insert into taxonomia_encabeza (taxo_id, taxe_id, taxe_nombre) values (1, 1, 'Estado de "
+        "situación financiera, corriente y no corriente, separado')",
+        "insert into taxonomia_detalle (taxo_id, taxe_id, taxd_item, taxd_nombre, taxd_tipo, "
+        "taxd_nivel, taxd_norma) values (1, 1, 1, 'Inversiones contabilizadas utilizando el método "
+        "de la participación en subsidiarias y asociadas', 1, 1, 'NIC 1.54 e')",
+        "insert into configura_mediosmag (come_item, come_descripcion, come_formato, come_minimo, "
+        "come_natur) values (5001, 'Salarios, prestaciones y demás pagos laborales del personal', "
+        "1001, 9999999999999.99, 'D')",
+        "insert into mensajeria (mens_id, mens_autor, mens_mensaje, mens_fecha, mens_hora, "
+        "mens_nivel, mens_destino, mens_leido) values (1, 'AUXILIAR', 'Falta la factura del "
+        "arriendo de las bodegas de todo el territorio nacional', '2017-01-15', '10:30', 1, "
+        "'ADMIN', 'N')",
+        "insert into normas_niif (nnif_id, nnif_nombre) values (1, 'Presentación de los estados "
+        "financieros de propósito general')",
+        "insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, cocu_cuentabase, cocu_porc, "
+        "cocu_monto) values ('C1', 1, '510506', '413505', 100, 9999999999999.99)",
+        "insert into saldos_iniciales (sain_item, cuen_cod, terc_nit, sain_debito, sain_credito) "
+        "values (1, '110505', null, 9999999999999.99, 0)",
+        "update contabilizacion_det set cnde_debitos = iif(cnde_item = 1, 9999999999999.99, 0), "
+        "cnde_creditos = iif(cnde_item = 2, 9999999999999.99, 0)",
         "update comprobante_detalle set code_debito = 9999999999999.99 where code_item = 1",
         "update comprobante_detalle set code_credito = 9999999999999.99 where code_item = 2",
         "update comprobante_detalle_niif set code_debito = 9999999999999.99 where code_item = 1",
@@ -59,6 +89,15 @@ QStringList datos_extremos() {
         "into comprobante_detalle (enco_consec, code_item, cuen_cod, code_debito, code_credito) "
         "select 500, :n, '413505', iif(:n = 400, 99999999999.99, 5), 0 from rdb$database; end end",
     };
+}
+
+/// Como la de quien apenas la crea: sin terceros, centros, artículos ni activos.
+QStringList sin_datos() {
+    QStringList ordenes;
+    for (const char* tabla : {"activos_centros", "activos_fijos", "articulo", "centros",
+                              "proyectos", "terceros", "taxonomia"})
+        ordenes << QString("delete from %1").arg(QLatin1String(tabla));
+    return ordenes;
 }
 
 QSize monitor() {
@@ -128,6 +167,17 @@ void revise_anchos(const Rejilla& r, QStringList& faltas) {
     if (nombres && total < r.viewport()->width() - barra)
         faltas
             << QString("%1 usa %2 de %3").arg(nombre_de(&r)).arg(total).arg(r.viewport()->width());
+}
+
+/// Mientras al área le quede ancho, nadie tiene que desplazar una rejilla recién abierta.
+void revise_ventana(Pantalla* p, QStringList& faltas) {
+    const QWidget* ventana = ventana_de(p);
+    if (!qobject_cast<const QMdiSubWindow*>(ventana) ||
+        ventana->width() >= p->area_principal().width())
+        return;
+    for (const Rejilla* r : p->findChildren<Rejilla*>())
+        if (r->isVisible() && r->horizontalScrollBar()->maximum() > 0)
+            faltas << nombre_de(r) + " se desplaza y su ventana puede ensancharse";
 }
 
 void revise_rejillas(const Pantalla* p, QStringList& faltas) {
@@ -255,7 +305,7 @@ private slots:
         QTest::addColumn<QStringList>("ordenes");
         QTest::newRow("corrientes") << QStringList{};
         QTest::newRow("extremos") << datos_extremos();
-        QTest::newRow("vacios") << QStringList{};
+        QTest::newRow("vacios") << sin_datos();
     }
     void cada_pantalla_se_lee_entera() {
         QFETCH(QStringList, ordenes);
@@ -265,6 +315,7 @@ private slots:
             [&](Pantalla* p) {
                 QStringList suyas;
                 agote_eventos();
+                revise_ventana(p, suyas);
                 revise_rejillas(p, suyas);
                 // En el que se edita, pasar de libro exige antes que este cuadre.
                 const bool cuadra = p->objectName() != "Tfedtmovimien";

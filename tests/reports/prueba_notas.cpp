@@ -77,6 +77,10 @@ void PruebaNotas::se_escribe_con_formato_y_se_imprime_igual() {
     QVERIFY2(notas.contains(QString::fromUtf8("Saldos en bancos → «€ 5» ñ")), qPrintable(notas));
     QVERIFY(
         notas.contains(QRegularExpression("Caja general\\s{30,}1,200.00\n(.*\n)*\\s{40,}300.00")));
+    // Las notas son del período: ni cuentas ni nivel bajo su título.
+    const QString bajo_el_titulo = notas.trimmed().section('\n', 0, 0);
+    QVERIFY2(bajo_el_titulo.contains(" de 2018") && !bajo_el_titulo.contains("nivel"),
+             qPrintable(bajo_el_titulo));
 }
 
 void PruebaNotas::el_periodo_da_el_numero_y_retrocede_hasta_el_cierre() {

@@ -15,6 +15,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -504,6 +505,30 @@ private slots:
                 escrito << r.captured(3);
         }
         QVERIFY2(escrito.join(' ').contains(largo.trimmed()), qPrintable(escrito.join(' ')));
+    }
+
+    void una_cifra_que_no_cabe_se_achica_sin_tocar_la_columna_vecina() {
+        constexpr int kEscala = 10; // puntos de la imagen por milímetro
+        Hojas hojas;
+        hojas.comience_pagina(Papel());
+        hojas.texto(QRectF(50, 10, 12, 4), "-9,999,999,999,999.99", hojas.estilo(Estilo()),
+                    Lado::Derecha);
+        hojas.termine_pagina();
+        QImage imagen(100 * kEscala, 40 * kEscala, QImage::Format_RGB32);
+        imagen.fill(Qt::white);
+        QPainter pintor(&imagen);
+        pinte_hoja(pintor, hojas, 0, kEscala);
+        pintor.end();
+        int primera = imagen.width(), ultima = 0;
+        for (int x = 0; x < imagen.width(); ++x)
+            for (int y = 0; y < imagen.height(); ++y)
+                if (qGray(imagen.pixel(x, y)) < 128) {
+                    primera = qMin(primera, x);
+                    ultima = x;
+                }
+        QVERIFY2(primera >= 50 * kEscala && ultima <= 62 * kEscala && ultima > 60 * kEscala &&
+                     primera < 53 * kEscala,
+                 qPrintable(QString("de %1 a %2").arg(primera).arg(ultima)));
     }
 
     void lo_impreso_sin_verlo_no_cambia_lo_que_se_propone_despues() {

@@ -45,6 +45,7 @@ private slots:
         QCOMPARE(p->EDia->text(), "07");
         QVERIFY(p->DBEdit1->hasFocus());
         QVERIFY(p->CDetalle.IsEmpty());
+        QVERIFY(p->lineas_2649->NomProy->text().isEmpty()); // ni nombres de las líneas grabadas
         QCOMPARE(s.dato("select saldo from saldo_cuenta_mes('110505', '2017', 1, 'N')"), "1000.5");
     }
 

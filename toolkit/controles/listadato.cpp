@@ -11,6 +11,7 @@
 
 namespace {
 constexpr int kTextoMaximo = 40, kFilasVisibles = 20;
+constexpr int kTextoMinimo = 4; ///< una lista todavía vacía también parece una lista
 } // namespace
 
 /// Avisa a la lista cuando cambian las filas de su tabla.
@@ -37,6 +38,7 @@ private:
 ListaDato::ListaDato(QWidget* padre) : QComboBox(padre) {
     setMaxVisibleItems(kFilasVisibles);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(kTextoMinimo);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     view()->installEventFilter(this);
     connect(this, &QComboBox::activated, this, &ListaDato::escogido);
@@ -108,7 +110,7 @@ void ListaDato::lea_tabla() {
     const Campo& llave = tabla_->FieldByName(llave_);
     const Campo& columna = tabla_->FieldByName(columna_);
     QStringList textos;
-    int largo = 0;
+    int largo = kTextoMinimo;
     for (int i = 0; i < tabla_->RecordCount(); ++i) {
         textos << columna.presente(tabla_->valor_en(i, columna));
         valores_ << tabla_->valor_en(i, llave);

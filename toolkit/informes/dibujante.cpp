@@ -177,7 +177,7 @@ void Dibujante::escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, Q
     // Lo que se anuncia otra vez ya salió entero.
     if (i.parte && !datos_.sigue)
         return parta(bloque, i, lugar, estilo, texto);
-    // Un número no se recorta nunca: sobresale hacia la izquierda.
+    // Un número no se recorta nunca: el que no cabe se achica al pintarlo.
     if (!i.numero())
         texto = acorte(texto, lugar.width(), estilo);
     else if (i.parentesis && i.lado == Lado::Derecha && !texto.endsWith(QLatin1Char(')')))

@@ -223,6 +223,8 @@ QVector<Trazo> Hojas::lea(int pagina) const {
 
 namespace {
 
+constexpr double kAireDeCifra = 0.5 * kPorMilimetro; ///< entre una achicada y la columna vecina
+
 QRectF en_unidades(const QRectF& mm) {
     return QRectF(mm.topLeft() * kPorMilimetro, mm.size() * kPorMilimetro);
 }
@@ -232,14 +234,24 @@ void pinte_texto(QPainter& pintor, const Trazo& t) {
     const QFontMetricsF medidas = pintor.fontMetrics();
     // Se pone por su línea de base, que en filas vecinas queda a la misma altura.
     double x = lugar.x();
-    if (t.lado != Lado::Izquierda) {
-        const double sobra = lugar.width() - medidas.horizontalAdvance(t.texto);
+    const double ancho = t.lado == Lado::Izquierda ? 0 : medidas.horizontalAdvance(t.texto);
+    const double sobra = lugar.width() - ancho;
+    if (t.lado != Lado::Izquierda)
         x += t.lado == Lado::Derecha ? sobra : sobra / 2;
-    }
     const double y = lugar.height() > 0
                          ? lugar.y() + (lugar.height() + medidas.ascent() - medidas.descent()) / 2
                          : lugar.y() + medidas.ascent();
-    pintor.drawText(QPointF(x, y), t.texto);
+    if (t.lado != Lado::Derecha || sobra > -1 || lugar.width() <= kAireDeCifra) {
+        pintor.drawText(QPointF(x, y), t.texto);
+        return;
+    }
+    // Una cifra que no cabe en su columna se achica: nunca se monta sobre la de al lado.
+    const double cabe = (lugar.width() - kAireDeCifra) / ancho;
+    pintor.save();
+    pintor.translate(lugar.right(), y);
+    pintor.scale(cabe, cabe);
+    pintor.drawText(QPointF(-ancho, 0), t.texto);
+    pintor.restore();
 }
 
 } // namespace

@@ -26,9 +26,30 @@ int otro_nivel(int nivel, qsizetype campos, int paso) {
     return nuevo == ahora ? nivel : nuevo == campos ? 0 : nuevo;
 }
 
+/// Un título que no cabe se lee por su comienzo, renglón por renglón.
+class EncabezadoCubo : public QHeaderView {
+public:
+    explicit EncabezadoCubo(QWidget* padre) : QHeaderView(Qt::Horizontal, padre) {
+        setSectionsClickable(true);
+    }
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const override {
+        QHeaderView::initStyleOptionForIndex(opcion, columna);
+        const int margen = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+        QStringList renglones =
+            model()->headerData(columna, Qt::Horizontal).toString().split(QLatin1Char('\n'));
+        for (QString& r : renglones)
+            r = opcion->fontMetrics.elidedText(r, Qt::ElideRight,
+                                               sectionSize(columna) - 2 * margen);
+        opcion->text = renglones.join(QLatin1Char('\n'));
+    }
+};
+
 } // namespace
 
 RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
+    setHorizontalHeader(new EncabezadoCubo(this));
     setModel(&modelo_);
     setObjectName(QStringLiteral("RejillaCubo"));
     setAccessibleName(QStringLiteral("Tabla de resultados"));

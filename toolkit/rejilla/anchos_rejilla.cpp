@@ -2,6 +2,7 @@
 
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/pie_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -250,6 +251,13 @@ int AnchosRejilla::ancho_disponible() const {
     return todo.width() - (filas > todo.height() - barra ? barra : 0);
 }
 
+int AnchosRejilla::lo_que_falta() const {
+    int total = 0;
+    for (const PedidoAncho& p : pedidos_)
+        total += qMax(p.contenido, p.titulo);
+    return qMax(0, total - ancho_disponible());
+}
+
 void AnchosRejilla::reparta() {
     const int disponible = ancho_disponible();
     if (repartiendo_ || disponible == repartido_ || pedidos_.size() != rejilla_.cuenta_columnas() ||
@@ -261,6 +269,7 @@ void AnchosRejilla::reparta() {
     for (int c = 0; c < anchos.size(); ++c)
         if (!rejilla_.isColumnHidden(c))
             rejilla_.setColumnWidth(c, anchos[c]);
+    static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())->acomode_titulos();
 }
 
 // ---------------------------------------------------------------- los del usuario

@@ -37,6 +37,9 @@ public:
     /// La columna no alcanza para lo que se acaba de pintar: se le da en cuanto termine el pintado.
     void pida(int columna, int ancho);
     bool repartiendo() const { return repartiendo_; }
+    /// Píxeles que le faltan a la rejilla para mostrar sus cifras, códigos y títulos sin
+    /// desplazarse.
+    int lo_que_falta() const;
 
     // --- los del usuario, por campo, en caracteres
     void escoja(int columna, int ancho); ///< el usuario la dejó en esos píxeles

@@ -7,6 +7,29 @@
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
+namespace {
+
+/// El título en un renglón si cabe, o en los dos más parejos que den sus palabras; lo que aun así
+/// no cabe se lee por su comienzo.
+QString en_renglones(const QString& titulo, const QFontMetrics& medidas, int ancho) {
+    if (medidas.horizontalAdvance(titulo) <= ancho)
+        return titulo;
+    QStringList mejor{titulo};
+    int menor = medidas.horizontalAdvance(titulo);
+    for (qsizetype i = titulo.indexOf(' '); i >= 0; i = titulo.indexOf(' ', i + 1)) {
+        const QStringList dos{titulo.left(i), titulo.mid(i + 1)};
+        const int largo =
+            qMax(medidas.horizontalAdvance(dos[0]), medidas.horizontalAdvance(dos[1]));
+        if (largo < menor)
+            menor = largo, mejor = dos;
+    }
+    for (QString& r : mejor)
+        r = medidas.elidedText(r, Qt::ElideRight, ancho);
+    return mejor.join('\n');
+}
+
+} // namespace
+
 EncabezadoRejilla::EncabezadoRejilla(Rejilla& rejilla)
     : QHeaderView(Qt::Horizontal, &rejilla), rejilla_(rejilla),
       anchos_(new AnchosRejilla(rejilla, this)) {
@@ -35,15 +58,27 @@ void EncabezadoRejilla::mouseDoubleClickEvent(QMouseEvent* evento) {
 
 void EncabezadoRejilla::initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const {
     QHeaderView::initStyleOptionForIndex(opcion, columna);
-    // Un título que no cabe se lee por su comienzo, también el que va a la derecha.
+    opcion->text = titulo_partido(columna);
+}
+
+QString EncabezadoRejilla::titulo_partido(int columna) const {
     const int margen = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
-    opcion->text =
-        opcion->fontMetrics.elidedText(model()->headerData(columna, Qt::Horizontal).toString(),
-                                       Qt::ElideRight, sectionSize(columna) - margen);
+    return en_renglones(model()->headerData(columna, Qt::Horizontal).toString(), fontMetrics(),
+                        sectionSize(columna) - margen);
+}
+
+void EncabezadoRejilla::acomode_titulos() {
+    bool dos = false;
+    for (int c = 0; c < count() && !dos; ++c)
+        dos = !isSectionHidden(c) && titulo_partido(c).contains('\n');
+    if (std::exchange(dos_renglones_, dos) != dos)
+        emit geometriesChanged();
 }
 
 QSize EncabezadoRejilla::sizeHint() const {
     QSize s = QHeaderView::sizeHint();
+    if (dos_renglones_)
+        s.rheight() += fontMetrics().lineSpacing();
     if (con_filtros_)
         s.rheight() += viewportMargins().bottom();
     return s;

@@ -24,6 +24,8 @@ public:
     void limpie();
 
     AnchosRejilla& anchos() const { return *anchos_; }
+    /// Los anchos acaban de repartirse: si algún título no cabe en un renglón, todos tienen dos.
+    void acomode_titulos();
     /// El usuario tiene oprimido el borde de un título: el ancho que quede es suyo.
     bool arrastrando() const { return oprimido_; }
 
@@ -42,7 +44,10 @@ private:
     bool tecla(int columna, QKeyEvent& evento);
 
     Rejilla& rejilla_;
+    QString titulo_partido(int columna) const;
+
     AnchosRejilla* anchos_;
+    bool dos_renglones_ = false;
     bool oprimido_ = false;
     std::vector<QLineEdit*> filtros_;
     bool con_filtros_ = false;

@@ -330,9 +330,9 @@ void Rejilla::paintEvent(QPaintEvent* evento) {
     QPainter pintor(viewport());
     pintor.setPen(palette().color(QPalette::PlaceholderText));
     const int aire = paso(1);
-    pintor.drawText(
-        viewport()->rect().adjusted(aire, aire * 2, -aire, -aire), Qt::AlignHCenter | Qt::AlignTop,
-        fontMetrics().elidedText(texto, Qt::ElideRight, viewport()->width() - 2 * aire));
+    // En una rejilla angosta sigue abajo: lo último que dice es la tecla.
+    pintor.drawText(viewport()->rect().adjusted(aire, aire * 2, -aire, -aire),
+                    Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, texto);
 }
 
 void Rejilla::changeEvent(QEvent* evento) {
