@@ -8,6 +8,7 @@
 #include "sesion/tfdmart.h"
 #include "sesion/tfdmcnt.h"
 #include "sesion/tfdmter.h"
+#include "toolkit/regreso_teclado.h"
 
 int main(int cuantos, char** argumentos) {
     Aplicacion aplicacion(cuantos, argumentos);
@@ -29,6 +30,7 @@ int main(int cuantos, char** argumentos) {
     registre_pantallas();
     Tfprincipal principal(Aplicacion::arguments().mid(1));
     QObject::connect(&principal, &Tfprincipal::activacion_terminada, &portada, &QWidget::hide);
+    new RegresoTeclado(&principal);
     principal.showMaximized();
     portada.raise();
     return Aplicacion::exec();

@@ -7,6 +7,7 @@
 #include "toolkit/controles/memodato.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QSplitter>
 
@@ -17,6 +18,7 @@ constexpr const char* kATodos = "Todos";
 
 Tfmensaje::Tfmensaje() : Pantalla("Tfmensaje", "Mensaje instantáneo"), Timer1(new QTimer(this)) {
     defina_conjuntos();
+    cuide_lo_digitado(*this, {&CMensajes});
     construya();
     Timer1->setObjectName("Timer1");
     Timer1->setInterval(kMsRefresco);

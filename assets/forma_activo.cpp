@@ -5,6 +5,7 @@
 #include "assets/tfgruposact.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
+#include "toolkit/sin_grabar.h"
 
 namespace {
 
@@ -382,6 +383,8 @@ void FormaActivo::SBGrabarClick() {
 }
 
 bool FormaActivo::hay_por_perder() const {
+    if (hay_a_medio_escribir(*this))
+        return true;
     // Una ficha nueva solo tiene lo que se propone.
     const auto vacio = [this](const char* campo) { return CActivo.FieldByName(campo).vacio(); };
     if (CActivo.State() == Estado::Insercion && vacio("ACFJ_COD") && vacio("ACFJ_DESC"))

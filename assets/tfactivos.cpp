@@ -94,7 +94,7 @@ void Tfactivos::SBModificarClick() {
 
 void Tfactivos::SBBorrarClick() {
     if (codigo().isEmpty() ||
-        !pregunte("Desea borrar definitivamente el activo " + codigo() + " ?"))
+        !pregunte_con_no("Desea borrar definitivamente el activo " + codigo() + " ?"))
         return;
     CBorrar->Execute("delete from activos_fijos where acfj_cod = " + QuotedStr(codigo()));
     conjunto_->Refresh();

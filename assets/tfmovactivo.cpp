@@ -77,8 +77,8 @@ void Tfmovactivo::SBBorrarClick() {
                         "con F4.");
         return;
     }
-    if (!pregunte("Desea borrar definitivamente el nuevo valor " + dato("TIPO") + ' ' +
-                  dato("PREFIJO") + ' ' + dato("NUMERO") + '?'))
+    if (!pregunte_con_no("Desea borrar definitivamente el nuevo valor " + dato("TIPO") + ' ' +
+                         dato("PREFIJO") + ' ' + dato("NUMERO") + '?'))
         return;
     CBorrar.Execute("delete from activos_fijos_valor where acfj_cod = " + QuotedStr(activo()) +
                     " and acfv_idcomp = " + QuotedStr(id));

@@ -154,7 +154,8 @@ void Tfnvopresup::busque_cuenta(const QString& texto) {
 // ---------------------------------------------------------------- copia
 
 void Tfnvopresup::SpeedButton2Click() {
-    if (!pregunte("Se borrará el presupuesto previamente digitado para este mes. Continuar?"))
+    if (!pregunte_con_no(
+            "Se borrará el presupuesto previamente digitado para este mes. Continuar?"))
         return;
     const Moneda crecimiento = ECrecimiento->valor();
     const int mes = LMes->currentIndex() + 1;

@@ -6,6 +6,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -81,8 +82,8 @@ void PantallaDocumentos::PngSpeedButton3Click() {
         muestre_mensaje(kAccesoNegado);
         return;
     }
-    if (!pregunte("Desea borrar definitivamente el documento " +
-                  CDocs.FieldByName(datos_.nombre).texto() + "?"))
+    if (!pregunte_con_no("Desea borrar definitivamente el documento " +
+                         CDocs.FieldByName(datos_.nombre).texto() + "?"))
         return;
     CBorrar.Execute(QStringLiteral("delete from %1 where %2 = ").arg(datos_.tabla, datos_.llave) +
                     QuotedStr(maestro_) + " and " + datos_.item + " = " +
@@ -100,6 +101,7 @@ bool PantallaDocumentos::FormClose() {
 NuevoDocumento::NuevoDocumento(const DatosDocumentos& datos)
     : Pantalla(datos.nuevo, datos.titulo_nuevo), datos_(datos),
       CDocs(conjunto_de_documentos(this, datos)), CBorrar(conjunto_de_ordenes(this)) {
+    cuide_lo_digitado(*this, {&CDocs});
     EArchivo = new QLineEdit(this);
     EArchivo->setObjectName("EArchivo");
     auto* examinar = new QPushButton("E&xaminar…", this);

@@ -10,6 +10,7 @@
 #include "toolkit/controles/listadato.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QLabel>
 #include <QToolButton>
@@ -26,6 +27,7 @@ FichaCuenta::FichaCuenta(const QString& clase, const QString& titulo, Libro libr
         new Proveedor(this, "PCuentas", es_niif(libro) ? &fdm().TCuentasniif : &fdm().TCuentas);
     CCuentas = new ConjuntoDatos(this, "CCuentas", PCuentas);
     campos_ficha_cuenta(*CCuentas);
+    cuide_lo_digitado(*this, {CCuentas});
     PBorrar = new Proveedor(this, "PBorrar", &fdm().QBorrar, poAllowCommandText);
     CBorrar = new ConjuntoDatos(this, "CBorrar", PBorrar);
     barra_ = new BarraBotones(this);

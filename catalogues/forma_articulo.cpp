@@ -9,6 +9,7 @@
 #include "toolkit/controles/imagendato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/formulario.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QFileDialog>
 
@@ -16,6 +17,7 @@ FormaArticulo::FormaArticulo(const QString& clase, const QString& titulo)
     : Pantalla(clase, titulo) {
     PArticulo = new Proveedor(this, "PArticulo", &fdmArt().TArticulo);
     CArticulo = new ConjuntoDatos(this, "CArticulo", PArticulo);
+    cuide_lo_digitado(*this, {CArticulo});
     defina_campos();
     arme();
 }

@@ -8,6 +8,7 @@
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/sin_grabar.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ FormaTercero::FormaTercero(const QString& clase, const QString& titulo) : Pantal
     Ptipo_id = new Proveedor(this, "Ptipo_id", &fdmter().Ttipoid);
     PBorrar = new Proveedor(this, "PBorrar", &fdm().QBorrar, poAllowCommandText);
     CTerceros = new ConjuntoDatos(this, "CTerceros", PTerceros);
+    cuide_lo_digitado(*this, {CTerceros});
     CCiudades = new ConjuntoDatos(this, "CCiudades", PCiudades);
     CPaises = new ConjuntoDatos(this, "CPaises", PPaises);
     Ctipo_id = new ConjuntoDatos(this, "Ctipo_id", Ptipo_id);

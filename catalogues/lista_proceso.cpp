@@ -148,7 +148,7 @@ void ListaProceso::SBBorrarClick() {
     QStringList nombre;
     for (const QString& columna : datos_.nombra)
         nombre << CLista.FieldByName(columna).texto();
-    if (!pregunte(datos_.pregunta + nombre.join(' ') + '?'))
+    if (!pregunte_con_no(datos_.pregunta + nombre.join(' ') + '?'))
         return;
     const Campo& llave = CLista.FieldByName(datos_.llave);
     {

@@ -4,6 +4,7 @@
 #include "toolkit/controles/navegadordatos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -19,6 +20,7 @@ MaestroDetalle::MaestroDetalle(const QString& clase, const QString& titulo,
     maestro_ = new ConjuntoDatos(this, maestro, proveedor_);
     detalle_ = new ConjuntoDatos(this, detalle);
     detalle_->anide_en(maestro_, &sentencia_detalle);
+    cuide_lo_digitado(*this, {maestro_, detalle_});
     // El detalle nace con la llave de su maestro: ese registro ya debe estar completo.
     detalle_->BeforeInsert = [this] { maestro_->CheckBrowseMode(); };
 }
@@ -85,8 +87,7 @@ void MaestroDetalle::como_selector() {
 }
 
 void MaestroDetalle::cancele_y_cierre() {
-    maestro_->CancelUpdates();
-    close();
+    close(); // FormClose descarta, y antes se pregunta
 }
 
 bool MaestroDetalle::FormClose() {

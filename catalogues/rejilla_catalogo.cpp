@@ -7,6 +7,7 @@
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
+#include "toolkit/sin_grabar.h"
 
 RejillaCatalogo::RejillaCatalogo(const QString& clase, const QString& titulo, Sentencia& sentencia,
                                  const QString& tabla, const QString& llave)
@@ -23,6 +24,7 @@ RejillaCatalogo::RejillaCatalogo(const QString& clase, const QString& titulo, co
 void RejillaCatalogo::lea_de(Sentencia& sentencia, const QString& tabla) {
     proveedor_ = new Proveedor(this, "P" + tabla, &sentencia);
     conjunto_ = new ConjuntoDatos(this, "C" + tabla, proveedor_);
+    cuide_lo_digitado(*this, {conjunto_});
     conjunto_->BeforePost = [this] {
         if (conjunto_->FieldByName(llave_).vacio())
             conjunto_->Cancel();
@@ -75,7 +77,6 @@ void RejillaCatalogo::SBGrabarClick() {
 }
 
 void RejillaCatalogo::SBCancelarClick() {
-    conjunto_->CancelUpdates();
     close();
 }
 

@@ -35,7 +35,7 @@ void Tfarticulos::sbBuscarClick() {
 
 void Tfarticulos::SBBorrarClick() {
     if (codigo().isEmpty() ||
-        !pregunte("Desea borrar definitivamente el artículo " + codigo() + " ?"))
+        !pregunte_con_no("Desea borrar definitivamente el artículo " + codigo() + " ?"))
         return;
     CBorrar->Execute("delete from articulo where arti_cod = " + QuotedStr(codigo()));
     conjunto_->Refresh();

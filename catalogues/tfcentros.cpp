@@ -98,6 +98,7 @@ void Tfcentros::SBGrabarClick() {
     else
         muestre_mensaje("Acceso no permitido. NO se grabarán los cambios.");
     // Cierra también si la grabación falló: lo digitado se pierde, y así se quiere.
+    maestro_->CancelUpdates();
     close();
 }
 

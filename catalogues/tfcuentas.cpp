@@ -107,8 +107,9 @@ void Tfcuentas::SBBorrarClick() {
     if (!fdm().exija_acceso(kOpcionBorrar))
         return;
     const QString cuenta = codigo();
-    if (cuenta.isEmpty() || !pregunte(QStringLiteral("Desea borrar definitivamente la %1 %2 ?")
-                                          .arg(datos(libro_).cuenta_de, cuenta)))
+    if (cuenta.isEmpty() ||
+        !pregunte_con_no(QStringLiteral("Desea borrar definitivamente la %1 %2 ?")
+                             .arg(datos(libro_).cuenta_de, cuenta)))
         return;
     CBorrar->Execute(QStringLiteral("delete from %1 where cuen_cod = ").arg(datos(libro_).cuentas) +
                      QuotedStr(cuenta));

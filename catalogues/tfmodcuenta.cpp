@@ -151,6 +151,5 @@ void Tfmodcuenta::muevase(bool adelante) {
 }
 
 void Tfmodcuenta::SBSalirClick() {
-    CCuentas->CancelUpdates();
     close();
 }

@@ -95,9 +95,9 @@ bool Tfnormacuenta::FormClose() {
 }
 
 void Tfnormacuenta::SBBorrarClick() {
-    if (CAuxiliar->IsEmpty() ||
-        !pregunte("Desea borrar definitivamente la norma " +
-                  CAuxiliar->FieldByName("NNIF_NOMBRE").texto() + " para la cuenta " + cuenta_))
+    if (CAuxiliar->IsEmpty() || !pregunte_con_no("Desea borrar definitivamente la norma " +
+                                                 CAuxiliar->FieldByName("NNIF_NOMBRE").texto() +
+                                                 " para la cuenta " + cuenta_))
         return;
     // El ítem va entre comillas: "2.10" y "2.1" son dos ítems y como número serían uno.
     CBorrar->Execute(

@@ -126,6 +126,5 @@ void Tfnvacuenta::SBGrabarClick() {
 }
 
 void Tfnvacuenta::SBCancelarClick() {
-    CCuentas->Cancel();
     close();
 }

@@ -82,7 +82,7 @@ void Tfterceros::sbBuscarClick() {
 void Tfterceros::SBBorrarClick() {
     const QString nit = codigo();
     if (nit.isEmpty() || !fdm().exija_acceso(12) ||
-        !pregunte("Desea borrar definitivamente el tercero con NIT " + nit + " ?"))
+        !pregunte_con_no("Desea borrar definitivamente el tercero con NIT " + nit + " ?"))
         return;
     CBorrar->PacketRecords = 1; // basta saber si hay una línea
     CBorrar->Open("select * from comprobante_detalle where terc_nit = " + QuotedStr(nit));

@@ -61,6 +61,11 @@ Tfchequeosaldos::Tfchequeosaldos() : FormaMantenimiento("Tfchequeosaldos", "RecÃ
     tamano(460, 230);
 }
 
+void Tfchequeosaldos::FormCreate() {
+    FormaMantenimiento::FormCreate();
+    Fecha->setFocus(); // aquÃ­ es lo primero, antes de la casilla
+}
+
 bool Tfchequeosaldos::corra() {
     const QString desde = Fecha->text().trimmed();
     if (const auto r = revise_fecha(desde))

@@ -10,6 +10,8 @@ public:
     Tfchequeosaldos();
     QLineEdit* Fecha; ///< "aaaammdd"
 
+    void FormCreate() override;
+
 protected:
     bool corra() override;
 

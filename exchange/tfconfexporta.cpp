@@ -1,4 +1,5 @@
 #include "exchange/tfconfexporta.h"
+#include "toolkit/sin_grabar.h"
 
 #include "exchange/pch.h"
 
@@ -31,6 +32,7 @@ Tfconfexporta::Tfconfexporta() : Pantalla("Tfconfexporta", "Configurar exportaci
 }
 
 void Tfconfexporta::defina_conjuntos() {
+    cuide_lo_digitado(*this, {&CCuentas, &CPrefijos});
     constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
     CCuentas.texto("CUEN_COD", 20).requerido().banderas(kLlave).etiqueta("Cuenta").OnChange =
         [this](Campo& campo) {

@@ -49,8 +49,8 @@ void Tfprocusr::construya() {
         "Text files (*.txt)|*.TXT|Comma separated values (*.csv)|*.CSV|Microsoft Excel Workbook "
         "(*.xls)|*.XLS";
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
-    DBGridEh1->texto_vacio = "Escoja el procedimiento y oprima F5.";
-    DBGridEh1->setProperty("sin_consultar", DBGridEh1->texto_vacio);
+    DBGridEh1->setProperty("sin_consultar", "Escoja el procedimiento y oprima F5.");
+    DBGridEh1->texto_vacio = "El procedimiento no dio filas con esos datos.";
     DBGridEh1->menu_emergente(
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     connect(LProceso, &QComboBox::currentIndexChanged, this,

@@ -156,6 +156,8 @@ void Tfbalaperturaniif::AdvGlowButton1Click() {
     NomDetalle->setText(cuenta + ' ' + CAjusniif.FieldByName("NOMBRE").texto());
     muestre_ancestros();
     muestre_sumas();
+    CAperniifdet.First();
+    DBGridEh2->SelectedIndex(0); // no en la celda en que quedó otra cuenta
     muestre_pagina(Detalle);
 }
 
@@ -204,7 +206,15 @@ void Tfbalaperturaniif::AdvGlowButton3Click() {
     muestre_pagina(Principal);
 }
 
+bool Tfbalaperturaniif::hay_detalle_por_perder() const {
+    return APNI_NOTA->modificado() || CSaldos.Modified() || CAperniifdet.Modified();
+}
+
 void Tfbalaperturaniif::cierre_detalle() {
+    if (hay_detalle_por_perder() &&
+        !pregunte_con_no("Desea salir del detalle y perder los cambios que no ha aceptado?"))
+        return;
+    APNI_NOTA->restaure();
     CAperniifdet.Cancel();
     CSaldos.Cancel();
     // Solo se miró: una fila vacía no deja traer los saldos después.
@@ -329,6 +339,15 @@ void Tfbalaperturaniif::sugiera_db_cr() {
         CAperniifdet.Edit();
     CAperniifdet.FieldByName("APND_DEBITO") = lados.debito;
     CAperniifdet.FieldByName("APND_CREDITO") = lados.credito;
+}
+
+void Tfbalaperturaniif::cuadre_o_abra_hoja() {
+    DBGridEh2->escriba_pendiente();
+    if (CAperniifdet.agregado_total("Sumadebito").moneda() ==
+        CAperniifdet.agregado_total("Sumacredito").moneda())
+        AdvGlowButton7Click();
+    else
+        sugiera_db_cr();
 }
 
 // ---------------------------------------------------------------- hoja de trabajo

@@ -40,7 +40,7 @@ Tfbalaperturaniif::Tfbalaperturaniif() : Pantalla("Tfbalaperturaniif", "Balance 
     paginas->addWidget(pagina_detalle());
     paginas->addWidget(pagina_hoja());
     Formulario(this).ancha(paginas, 1);
-    declare_teclas();
+    declare_teclas(Principal);
     tamano(1120, 620);
 }
 
@@ -161,28 +161,31 @@ QWidget* Tfbalaperturaniif::con_botones(QWidget* contenido, BarraBotones* barra)
     return pagina;
 }
 
-void Tfbalaperturaniif::declare_teclas() {
-    // La misma tecla es de la página que está arriba.
-    const auto segun = [this](int clave, const char* nombre, std::function<void()> principal,
-                              std::function<void()> detalle, std::function<void()> hoja) {
-        tecla(clave, nombre, [=, this] {
-            const int pagina = paginas->currentIndex();
-            (pagina == Principal ? principal : pagina == Detalle ? detalle : hoja)();
-        });
-    };
-    segun(
-        Qt::Key_F2, "Grabar", [this] { SBGrabarClick(); }, [this] { AdvGlowButton3Click(); },
-        [this] { AdvGlowButton5Click(); });
-    segun(
-        Qt::Key_F5, "Detalle", [this] { AdvGlowButton1Click(); }, [this] { sugiera_db_cr(); },
-        [] {});
-    segun(
-        Qt::Key_Escape, "Cancelar", [this] { SBCancelClick(); }, [this] { cierre_detalle(); },
-        [this] { AdvGlowButton6Click(); });
+void Tfbalaperturaniif::declare_teclas(Pagina pagina) {
+    for (const int clave : {Qt::Key_F2, Qt::Key_F5, Qt::Key_Escape})
+        quite_tecla(clave);
+    switch (pagina) {
+    case Principal:
+        tecla(Qt::Key_F2, "Grabar", [this] { SBGrabarClick(); });
+        tecla(Qt::Key_F5, "Detalle", [this] { AdvGlowButton1Click(); });
+        tecla(Qt::Key_Escape, "Cancelar", [this] { SBCancelClick(); });
+        break;
+    case Detalle:
+        tecla(Qt::Key_F2, "Aceptar", [this] { AdvGlowButton3Click(); });
+        tecla(Qt::Key_F5, "Cuadrar la línea o, si ya cuadran, abrir la hoja de trabajo",
+              [this] { cuadre_o_abra_hoja(); });
+        tecla(Qt::Key_Escape, "Cancelar", [this] { cierre_detalle(); });
+        break;
+    case Hoja:
+        tecla(Qt::Key_F2, "Continuar", [this] { AdvGlowButton5Click(); });
+        tecla(Qt::Key_Escape, "Cancelar", [this] { AdvGlowButton6Click(); });
+        break;
+    }
 }
 
 void Tfbalaperturaniif::muestre_pagina(Pagina pagina) {
     paginas->setCurrentIndex(pagina);
+    declare_teclas(pagina); // la misma tecla es de la página que está arriba
     if (pagina == Principal)
         DBGridEh1->setFocus();
     else if (pagina == Detalle)

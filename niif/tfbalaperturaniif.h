@@ -56,7 +56,7 @@ private:
     QWidget* pagina_hoja();
     /// Página cuyos botones se quedan a la vista aunque lo demás no quepa.
     static QWidget* con_botones(QWidget* contenido, BarraBotones* barra);
-    void declare_teclas();
+    void declare_teclas(Pagina pagina);
     void muestre_pagina(Pagina pagina);
     void CAjusniifAfterScroll();
     void retome_el_detalle();
@@ -79,6 +79,7 @@ private:
     void AdvGlowButton1Click();
     void AdvGlowButton3Click();
     void cierre_detalle();
+    bool hay_detalle_por_perder() const;
     void CAperniifdetAfterInsert();
     void calcule_saldo_final();
     void valide_celda(Campo& campo);
@@ -86,6 +87,7 @@ private:
                          const std::function<void(const QString&)>& reciba_en);
     void reciba(const QString& campo, const QString& valor);
     void sugiera_db_cr();
+    void cuadre_o_abra_hoja(); ///< F5 del panel
     void muestre_ancestros();
     void muestre_sumas();
     void AdvGlowButton7Click();

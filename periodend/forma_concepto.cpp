@@ -5,6 +5,7 @@
 #include "periodend/peticiones_cierre.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
+#include "toolkit/sin_grabar.h"
 
 namespace {
 template <class T> T* nombrado(T* control, const char* nombre) {
@@ -27,6 +28,7 @@ FormaConcepto::FormaConcepto(Modo modo)
       CBorrar(this, "CBorrar", &PBorrar), modo_(modo) {
     TCuentas.enlace_maestra(&TConceptos, {"CONC_COD"});
     CCuentas.anide_en(&CConceptos, &TCuentas);
+    cuide_lo_digitado(*this, {&CConceptos, &CCuentas});
     defina_campos();
     construya();
 }

@@ -1,4 +1,5 @@
 #include "periodend/forma_regiauto.h"
+#include "toolkit/sin_grabar.h"
 
 #include "periodend/pch.h"
 #include "periodend/peticiones_cierre.h"
@@ -22,6 +23,7 @@ FormaRegiauto::FormaRegiauto(Modo modo)
       CConceptos(this, "CConceptos", &PConceptos), CBorrar(this, "CBorrar", &PBorrar), modo_(modo) {
     TRegConceptos.enlace_maestra(&TRegistro, {"REAU_COD"});
     CDetalle.anide_en(&CRegistro, &TRegConceptos);
+    cuide_lo_digitado(*this, {&CRegistro, &CDetalle});
     defina_campos();
     construya();
 }

@@ -9,12 +9,14 @@
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <QSet>
 
 namespace {
 
@@ -103,22 +105,27 @@ void Tfsincontab::construya() {
                  [this] { calcule_pendientes(); });
     barra->principal(barra->boton("BitBtn1", "F2:Contabilizar", "document-save", Qt::Key_F2,
                                   [this] { BitBtn1Click(); }));
-    barra->boton("SpeedButton3", "Cont.Marcados", "document-save-all", {},
-                 [this] { SpeedButton3Click(); });
+    barra
+        ->boton("SpeedButton3", "Cont.Marcados", "document-save-all",
+                QKeySequence(Qt::SHIFT | Qt::Key_F2), [this] { SpeedButton3Click(); })
+        ->setToolTip("Mayús+F2: contabiliza los marcados con Espacio");
     barra->separe();
     barra->boton("BitBtn3", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
 
     Formulario f(this);
-    f.fila(
-        {{"Período",
-          Formulario::junto(
-              {paso_de_mes("SpeedButton1", Qt::LeftArrow, "Mes anterior", &Tfdmcnt::mes_menos),
-               periodo,
-               paso_de_mes("SpeedButton2", Qt::RightArrow, "Mes siguiente", &Tfdmcnt::mes_mas)})},
-         {"", ckcont},
-         {"", ckNiif},
-         {"", ckfiltro}});
+    f.fila({{"Período",
+             Formulario::junto({paso_de_mes("SpeedButton1", Qt::LeftArrow,
+                                            "Mes anterior (Alt+Izquierda)", &Tfdmcnt::mes_menos),
+                                periodo,
+                                paso_de_mes("SpeedButton2", Qt::RightArrow,
+                                            "Mes siguiente (Alt+Derecha)", &Tfdmcnt::mes_mas)})},
+            {"", ckcont},
+            {"", ckNiif},
+            {"", ckfiltro}});
     f.ancha(DBGridEh1).botones(barra);
+    for (const auto& [clave, mes] :
+         {std::pair{Qt::Key_Left, "SpeedButton1"}, std::pair{Qt::Key_Right, "SpeedButton2"}})
+        tecla(clave, Qt::AltModifier, mes, [b = findChild<QToolButton*>(mes)] { b->click(); });
     tamano(940, 540);
 }
 
@@ -128,7 +135,7 @@ QToolButton* Tfsincontab::paso_de_mes(const char* nombre, Qt::ArrowType sentido,
     boton->setObjectName(nombre);
     boton->setArrowType(sentido);
     boton->setToolTip(ayuda);
-    boton->setAccessibleName(ayuda);
+    boton->setAccessibleName(ayuda.section(" (", 0, 0));
     boton->setFocusPolicy(Qt::TabFocus);
     connect(boton, &QToolButton::clicked, this, [this, mueva] {
         ejecute([this, mueva] {
@@ -178,10 +185,22 @@ void Tfsincontab::calcule_pendientes() {
                     ',' + QuotedStr(si(ckcont)) + ',' + QuotedStr(si(ckNiif)) + ')');
 }
 
+QPair<qint64, qint64> Tfsincontab::llave_de(int fila) const {
+    return {CSincontab.valor_en(fila, CSincontab.FieldByName("TIDO")).entero(),
+            CSincontab.valor_en(fila, CSincontab.FieldByName("ID")).entero()};
+}
+
 void Tfsincontab::refresque() {
+    // Las marcas de los que siguen pendientes no se pierden con el que se fue.
+    QSet<QPair<qint64, qint64>> marcados;
+    for (const int fila : DBGridEh1->filas_marcadas())
+        marcados.insert(llave_de(fila));
     DBGridEh1->quite_marcas();
-    if (CSincontab.Active())
+    if (CSincontab.Active()) {
         CSincontab.Refresh();
+        for (int i = 0; i < CSincontab.RecordCount() && !marcados.isEmpty(); ++i)
+            DBGridEh1->marque(i, marcados.contains(llave_de(i)));
+    }
     emit fdmcnt().balance_por_recalcular();
 }
 
@@ -203,7 +222,9 @@ DocumentoPendiente Tfsincontab::actual() const {
 }
 
 void Tfsincontab::BitBtn1Click() {
-    contabilice_actual();
+    const ResultadoDocumento r = contabilice_actual();
+    if (r.desenlace == Desenlace::Contabilizado)
+        anuncie(fdm().barra(), "Contabilizado " + r.documento.nombre());
 }
 
 ResultadoDocumento Tfsincontab::contabilice_actual() {
@@ -255,8 +276,11 @@ void Tfsincontab::asiente(ResultadoDocumento& r, int cntb_id) {
 
 void Tfsincontab::SpeedButton3Click() {
     const QVector<int> filas = DBGridEh1->filas_marcadas();
-    if (filas.isEmpty())
+    if (filas.isEmpty()) {
+        muestre_mensaje("Marque con Espacio los documentos por contabilizar; Ctrl+A los marca "
+                        "todos.");
         return;
+    }
     QVector<ResultadoDocumento> resultados;
     {
         const QScopedValueRollback<bool> guarda(batch, true);
@@ -267,8 +291,16 @@ void Tfsincontab::SpeedButton3Click() {
             if (!avance.siga(int(resultados.size()), documento))
                 break;
             resultados << contabilice_en_lote(documento);
+            // Quien cierra una revisión sin grabar puede querer dejar ahí todo el lote.
+            const qsizetype faltan = filas.size() - resultados.size();
+            if (resultados.last().desenlace == Desenlace::EnEspera && faltan > 0 &&
+                !pregunte(
+                    QStringLiteral("Documentos que faltan del lote: %1. Desea seguir con ellos?")
+                        .arg(faltan)))
+                break;
         }
     }
+    DBGridEh1->quite_marcas();
     refresque();
     DBGridEh1->setFocus();
     muestre_resumen(resultados, int(filas.size() - resultados.size()));

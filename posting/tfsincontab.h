@@ -44,6 +44,7 @@ private:
     ResultadoDocumento contabilice(const DocumentoPendiente& documento);
     ResultadoDocumento contabilice_en_lote(const DocumentoPendiente& documento);
     void asiente(ResultadoDocumento& resultado, int cntb_id);
+    QPair<qint64, qint64> llave_de(int fila) const; ///< tipo e id del documento
     void refresque();
     void muestre_resumen(const QVector<ResultadoDocumento>& resultados, int sin_empezar);
     void vaya_a(const ResultadoDocumento& resultado);

@@ -6,6 +6,7 @@
 #include "toolkit/controles/editorrico.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -219,7 +220,8 @@ void FormaNota::SBGrabarClick() {
 }
 
 bool FormaNota::FormClose() {
-    if (!grabada_ && CNotasestados.Active() && (retocada_ || Editor->modificado()) &&
+    if (!grabada_ && CNotasestados.Active() &&
+        (retocada_ || Editor->modificado() || hay_a_medio_escribir(*this)) &&
         !pregunte_con_no("La nota tiene cambios sin grabar. Desea salir sin grabarlos?"))
         return false;
     CNotasestados.Cancel();

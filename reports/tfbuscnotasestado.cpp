@@ -75,8 +75,8 @@ void Tfbuscnotasestado::SBModificarClick() {
 
 void Tfbuscnotasestado::SBBorrarClick() {
     if (CNotasestados.IsEmpty() ||
-        !pregunte("Esta seguro de borrar la nota " + dato("NOEF_NUMERO") + " de " +
-                  dato("NOEF_PERIODO") + '/' + dato("NOEF_ANO") + '?'))
+        !pregunte_con_no("Esta seguro de borrar la nota " + dato("NOEF_NUMERO") + " de " +
+                         dato("NOEF_PERIODO") + '/' + dato("NOEF_ANO") + '?'))
         return;
     fdm().CBorrar.Execute("delete from notas_estados_financieros where noef_id = " +
                           QString::number(CNotasestados.FieldByName("NOEF_ID").entero()));

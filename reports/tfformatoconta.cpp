@@ -144,8 +144,8 @@ void Tfformatoconta::SBBorrarClick() {
         QApplication::beep();
         return;
     }
-    if (!pregunte("Esta seguro de borrar el formato " +
-                  CFormatos.FieldByName("FOCO_NOMBRE").texto() + "?"))
+    if (!pregunte_con_no("Esta seguro de borrar el formato " +
+                         CFormatos.FieldByName("FOCO_NOMBRE").texto() + "?"))
         return;
     // Sus renglones se van con él, en la base.
     fdm().CBorrar.Execute("delete from formatos_contables where foco_id = " +

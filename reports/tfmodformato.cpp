@@ -12,6 +12,7 @@
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/rejilla.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QFile>
 #include <QFileDialog>
@@ -390,8 +391,9 @@ void Tfmodformato::SBCancelClick() {
         DBGridEh2->setFocus();
         return;
     }
-    const bool cambiado = CFormato.Modified() || CFormadatos.Modified() ||
-                          CFormalineas.Modified() || CFormato.ChangeCount() > 0;
+    const bool cambiado = hay_a_medio_escribir(*this) || CFormato.Modified() ||
+                          CFormadatos.Modified() || CFormalineas.Modified() ||
+                          CFormato.ChangeCount() > 0;
     if (!cambiado || pregunte_con_no("Hay cambios sin grabar. Desea salir sin grabarlos?"))
         close();
 }

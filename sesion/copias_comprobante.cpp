@@ -5,6 +5,7 @@
 #include "sesion/peticiones.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/pantalla.h"
 
 #include <QMenu>
@@ -44,7 +45,8 @@ void copie(qint64 id, Copia clase) {
     } else if (r.clase == ResultadoGrabacion::Fallo) {
         muestre_error(r.falla);
     } else {
-        fdm().mostrar_advertencia(
+        anuncie(
+            fdm().barra(),
             QStringLiteral("Grabado %1 %2 %3").arg(original->tipo, original->prefijo, r.numero));
         emit fdmcnt().balance_por_recalcular();
         abra_comprobante(QString::number(r.id));

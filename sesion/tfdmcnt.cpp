@@ -243,7 +243,7 @@ ResultadoBorrado Tfdmcnt::borrar_comprobante(const QString& pantalla, const Pedi
         muestre_mensaje(ajeno->texto);
         return ResultadoBorrado::Ajeno;
     }
-    if (!pregunte(pregunta_borrado(modo, pedido)))
+    if (!pregunte_con_no(pregunta_borrado(modo, pedido)))
         return ResultadoBorrado::Conservado;
     const auto cambiado = revise_cambio_ajeno(fdm().Quorvex, pedido);
     if (cambiado && !pregunte_con_no(cambiado->pregunta))

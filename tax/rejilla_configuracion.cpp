@@ -6,12 +6,14 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
+#include "toolkit/sin_grabar.h"
 
 RejillaConfiguracion::RejillaConfiguracion(const QString& clase, const QString& titulo,
                                            const QString& sql)
     : Pantalla(clase, titulo) {
     auto* consulta = new Sentencia(this, "QCambiosit", fdm().Quorvex, sql);
     CCambiosit = new ConjuntoDatos(this, "CCambiosit", new Proveedor(this, "PCambiosit", consulta));
+    cuide_lo_digitado(*this, {CCambiosit});
 }
 
 void RejillaConfiguracion::arme(const QVector<DefinicionColumna>& columnas,
@@ -34,10 +36,7 @@ void RejillaConfiguracion::arme(const QVector<DefinicionColumna>& columnas,
         CCambiosit->ApplyUpdates(0);
     }));
     barra->separe();
-    barra->boton("SBCancelar", "Esc:Salir", "window-close", Qt::Key_Escape, [this] {
-        CCambiosit->CancelUpdates();
-        close();
-    });
+    barra->boton("SBCancelar", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario(this).ancha(navegador, 0).ancha(DBGridEh1).botones(barra);
 }
 

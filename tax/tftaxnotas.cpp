@@ -5,6 +5,7 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/formulario.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QLabel>
 
@@ -12,6 +13,7 @@ Tftaxnotas::Tftaxnotas() : Pantalla("Tftaxnotas", "Nota del renglón") {
     constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
     auto* consulta = new Sentencia(this, "QTaxnotas", fdm().Quorvex);
     CTaxnotas = new ConjuntoDatos(this, "CTaxnotas", new Proveedor(this, "PTaxnotas", consulta));
+    cuide_lo_digitado(*this, {CTaxnotas});
     for (const char* llave : {"TAXO_ID", "TAXE_ID", "TAXD_ID"})
         CTaxnotas->entero(llave).banderas(kLlave);
     CTaxnotas->texto("TAIN_ANO", 4).banderas(kLlave);

@@ -79,8 +79,8 @@ void Tftaxonomias::SBModificarClick() {
 
 void Tftaxonomias::SBBorrarClick() {
     if (!grabe() || Ctaxonomia->IsEmpty() ||
-        !pregunte("Esta seguro de borrar la taxonomia " +
-                  Ctaxonomia->FieldByName("TAXO_NOMBRE").texto() + "?"))
+        !pregunte_con_no("Esta seguro de borrar la taxonomia " +
+                         Ctaxonomia->FieldByName("TAXO_NOMBRE").texto() + "?"))
         return;
     fdm().Quorvex.ejecute("delete from taxonomia where taxo_id = " +
                           QString::number(Ctaxonomia->FieldByName("TAXO_ID").entero()));

@@ -114,6 +114,9 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
             ventana->move(0, 0);
         else if (pantalla->menos_centro_.isValid())
             ventana->move(pantalla->lugar_centrado(ventana->size()));
+        else if (!ventana->isMaximized()) // escalonada, pero sin salirse del área
+            ventana->move(qBound(0, ventana->x(), qMax(0, area.width() - ventana->width())),
+                          qBound(0, ventana->y(), qMax(0, area.height() - ventana->height())));
         area_->setActiveSubWindow(ventana);
         if (primero)
             primero->setFocus();

@@ -2,6 +2,7 @@
 
 #include "toolkit/estilo.h"
 #include "toolkit/pantalla.h"
+#include "toolkit/pivote/zonas_cubo.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QDialogButtonBox>
@@ -42,7 +43,8 @@ QString accion_conocida(const QString& nombre) {
         {"Tfcuentas", "Buscar cuentas"},
         {"Tfauxiliar", "Ver el auxiliar de la cuenta"},
         {"actualice_balance", "Leer otra vez el balance"},
-        {"lista", "Ir a la lista"},
+        {"lista", "Buscar el valor de la caja en su lista"},
+        {"Enter", "Abrir o escoger la fila"},
         {"formato base", "Imprimir con el formato base"},
     };
     return acciones.value(nombre);
@@ -78,14 +80,19 @@ QVector<TeclaExplicada> de_rejilla(const Rejilla& r) {
     QVector<TeclaExplicada> lista{{"Flechas, Tab", "Pasar de una celda a otra"},
                                   {"Ctrl+Inicio, Ctrl+Fin", "Ir a la primera o a la última fila"},
                                   {"Mayús+flechas, Ctrl+C", "Seleccionar y copiar"}};
+    if (r.dgMultiSelect())
+        lista << TeclaExplicada{"Espacio, Ctrl+A", "Marcar la fila, o todas"};
     if (r.ReadOnly) {
+        if (r.OnReturn || r.OnDblClick)
+            lista.prepend({"Enter", accion_conocida("Enter")});
         lista << TeclaExplicada{"Letras y números", "Ubicarse en lo que se teclea"};
         return lista;
     }
     lista << TeclaExplicada{"Ctrl+Enter, Retroceso", "Corregir lo que la celda tiene"}
-          << TeclaExplicada{"Supr", "Vaciar la celda"}
-          << TeclaExplicada{"Esc", "Dejar la celda, y luego la fila, como estaban"}
-          << TeclaExplicada{"Ctrl+V", "Pegar lo copiado de otra parte"};
+          << TeclaExplicada{"Supr", "Vaciar la celda"};
+    if (r.reclama_escape)
+        lista << TeclaExplicada{"Esc", "Dejar la celda, y luego la fila, como estaban"};
+    lista << TeclaExplicada{"Ctrl+V", "Pegar lo copiado de otra parte"};
     // Con un orden propio, las filas pegadas cambian de lugar: no hay a qué volver.
     if (r.OnDeshacer)
         lista << TeclaExplicada{"Ctrl+Z", "Deshacer lo último que se pegó o se trajo"};
@@ -104,6 +111,23 @@ QVector<TeclaExplicada> de_rejilla(const Rejilla& r) {
     return lista;
 }
 
+/// Las del cubo: en la cuadrícula y en las listas de campos.
+QVector<TeclaExplicada> de_cubo() {
+    return {{"Espacio, Mayús+Espacio", "Plegar o abrir la fila, o la columna"},
+            {"Num +, Num -", "Abrir o plegar un nivel de las filas; con Ctrl, de las columnas"},
+            {"F, C, T, V en un campo", "Llevarlo a filas, columnas, filtros o valores"},
+            {"Supr en un campo", "Sacarlo"},
+            {"Alt+Arriba, Alt+Abajo en un campo", "Cambiarlo de orden"},
+            {"Enter en un campo", "Escoger sus valores, o cómo se muestra la medida"}};
+}
+
+bool atiende(const Pantalla& p, int clave) {
+    const QVector<Tecla>& todas = p.teclas();
+    return std::any_of(todas.begin(), todas.end(), [clave](const Tecla& t) {
+        return t.clave == clave && t.modificadores == Qt::NoModifier;
+    });
+}
+
 } // namespace
 
 QVector<TeclaExplicada> teclas_explicadas(const Pantalla& p) {
@@ -116,9 +140,14 @@ QVector<TeclaExplicada> teclas_explicadas(const Pantalla& p) {
     }
     for (const Rejilla* r : p.findChildren<Rejilla*>())
         if (r->isVisibleTo(&p)) {
-            lista << de_rejilla(*r);
+            // Una tecla que la pantalla toma para sí no llega a la rejilla.
+            for (const TeclaExplicada& t : de_rejilla(*r))
+                if (t.tecla != "Enter" || !atiende(p, Qt::Key_Return))
+                    lista << t;
             break;
         }
+    if (p.findChild<ZonasCubo*>())
+        lista << de_cubo();
     lista << TeclaExplicada{"F1", "Ver esta lista"};
     return lista;
 }

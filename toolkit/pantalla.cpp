@@ -4,6 +4,7 @@
 #include "toolkit/estilo.h"
 #include "toolkit/letras_alt.h"
 #include "toolkit/marcos.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -53,7 +54,10 @@ Pantalla::~Pantalla() {
 bool Pantalla::cree() {
     if (!creada_) {
         creada_ = true;
-        creada_bien_ = proteja([this] { FormCreate(); });
+        creada_bien_ = proteja([this] {
+            FormCreate();
+            recuerde_lo_propuesto(*this);
+        });
     }
     return creada_bien_ && !cierre_pedido_;
 }
@@ -85,7 +89,7 @@ bool Pantalla::consienta_cierre() {
     cerrando_ = true;
     bool consiente = false;
     try {
-        consiente = FormClose();
+        consiente = consiente_perderlo(*this) && FormClose();
     } catch (const EdicionAbortada&) {
     } catch (...) {
         // Una falla al cerrar no puede dejar al usuario encerrado en la pantalla.

@@ -3,6 +3,7 @@
 #include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
+#include "toolkit/sin_grabar.h"
 #include "vouchers/pch.h"
 #include "vouchers/peticiones_planilla.h"
 #include "vouchers/piezas.h"
@@ -337,6 +338,8 @@ void FormaPlanilla::SBGrabarClick() {
 }
 
 bool FormaPlanilla::hay_por_perder() const {
+    if (hay_a_medio_escribir(*this))
+        return true;
     // Una planilla nueva solo tiene lo que se propone.
     if (CPlanilla.State() == Estado::Insercion && CPlanilla.FieldByName("PLDI_NOMBRE").vacio() &&
         CCuentas.IsEmpty())

@@ -28,7 +28,11 @@ Tfbuscomproba::Tfbuscomproba()
                        {"TConc", "Concepto", 60, "enco_concepto", FiltroTexto::Contiene},
                        {"TRef", "Referencia", 20, "enco_refer", FiltroTexto::Contiene}},
                       "BitBtn1", true);
-    filtros_->al_buscar = [this] { BitBtn1Click(); };
+    filtros_->al_buscar = [this] {
+        BitBtn1Click();
+        if (hay_fila())
+            DBGridEh1->setFocus(); // lo que sigue es de la lista
+    };
     DBGridEh1 = rejilla("DBGridEh1",
                         {{"ENCO_FECHA", "Fecha", 10, 0, "aaaa/mm/dd"},
                          {"TICO_COD", "Tipo", 5},
@@ -82,7 +86,11 @@ void Tfbuscomproba::FormCreate() {
 void Tfbuscomproba::FormActivate() {
     if (conjunto_.Active())
         conjunto_.Refresh();
-    filtros_->LTipo->setFocus();
+    // De vuelta de un comprobante se sigue en la lista; al abrir, en las condiciones.
+    if (hay_fila())
+        DBGridEh1->setFocus();
+    else
+        filtros_->LTipo->setFocus();
 }
 
 void Tfbuscomproba::BitBtn1Click() {

@@ -90,7 +90,7 @@ void Tfbuscplantilla::editar_plantilla(const QString& id) {
 }
 
 void Tfbuscplantilla::borrar_plantilla(const QString& id) {
-    if (!pregunte("Desea borrar definitivamente la plantilla " + id + '?'))
+    if (!pregunte_con_no("Desea borrar definitivamente la plantilla " + id + '?'))
         return;
     // El encabezado que se va nombra a quien lo borró; sus líneas se van con él.
     CBorrar.Execute("update plantilla_encabezado set plan_usuario = " + QuotedStr(fdm().usuario) +

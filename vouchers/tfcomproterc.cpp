@@ -35,7 +35,11 @@ Tfcomproterc::Tfcomproterc()
                        {"TConc", "Concepto", 60, "concepto", FiltroTexto::Contiene},
                        {"TRef", "Referencia", 20, "ref", FiltroTexto::Contiene}},
                       "BitBtn1", false);
-    filtros_->al_buscar = [this] { busque("order by tipo, fecha desc"); };
+    filtros_->al_buscar = [this] {
+        busque("order by tipo, fecha desc");
+        if (hay_fila())
+            paginas->currentWidget()->setFocus();
+    };
 
     // Las mismas filas vistas de tres maneras.
     const DefinicionColumna tipo{"TIPO", "Tipo", 5}, prefijo{"PREFIJO", "Prefijo", 7},

@@ -221,7 +221,7 @@ void Tfcontabiliza::SpeedButton9Click() {
 
 void Tfcontabiliza::traiga_plantilla(const QString& plantilla) {
     if (!CContadetalle.IsEmpty() &&
-        !pregunte("Al traer la plantilla perderá los movimientos digitados en "
+        !pregunte_con_no("Al traer la plantilla perderá los movimientos digitados en "
                   "el comprobante, Continuar?"))
         return;
     CPlantilla.Reabra();

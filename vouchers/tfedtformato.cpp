@@ -1,6 +1,7 @@
 #include "vouchers/tfedtformato.h"
 
 #include "toolkit/controles/imagendato.h"
+#include "toolkit/sin_grabar.h"
 #include "vouchers/datos_formato.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/lienzo_formato.h"
@@ -99,6 +100,7 @@ void Tfedtformato::defina_conjuntos() {
     CFormadatos.bandera("DAFO_POSYVAR");
 
     CFormalineas.anide_en(&CFormato, &fdm().Tformalineas);
+    cuide_lo_digitado(*this, {&CFormato, &CFormadatos, &CFormalineas});
     CFormalineas.entero("TIDO_COD");
     CFormalineas.texto("PREF_PRE", 6);
     CFormalineas.entero("FOLI_ITEM").requerido();
@@ -442,6 +444,7 @@ void Tfedtformato::SpeedButton4Click() {
 void Tfedtformato::AdvGlowButton2Click() {
     // Los elementos se van con su formato, en la base.
     CBorrar.Execute("delete from formatos where " + de_la_llave(llave_));
+    CFormato.CancelUpdates(); // lo digitado se fue con él
     close();
 }
 

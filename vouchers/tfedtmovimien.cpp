@@ -3,6 +3,7 @@
 #include "datos/firebird/reloj.h"
 #include "libro/revision.h"
 #include "sesion/copias_comprobante.h"
+#include "toolkit/sin_grabar.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
@@ -420,7 +421,7 @@ void Tfedtmovimien::SBBorrarClick() {
 
 void Tfedtmovimien::traiga_plantilla(const QString& plantilla) {
     if (!lineas_2649->sin_lineas() &&
-        !pregunte("Al traer la plantilla perderá los movimientos digitados en el "
+        !pregunte_con_no("Al traer la plantilla perderá los movimientos digitados en el "
                   "comprobante, Continuar?"))
         return;
     if (!ubique_plantilla(CPlantilla, plantilla))
@@ -435,6 +436,7 @@ void Tfedtmovimien::traiga_plantilla(const QString& plantilla) {
 
 bool Tfedtmovimien::hay_por_perder() const {
     // El usuario de la fila lo pone la pantalla: no es un cambio que se pueda perder.
-    return CMovimiento.Active() && (CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
-                                    Cdetniif.cambiada() || CMovimiento.cambiada({"ENCO_USUARIO"}));
+    return CMovimiento.Active() &&
+           (hay_a_medio_escribir(*this) || CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
+            Cdetniif.cambiada() || CMovimiento.cambiada({"ENCO_USUARIO"}));
 }

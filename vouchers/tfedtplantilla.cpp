@@ -1,5 +1,6 @@
 #include "vouchers/tfedtplantilla.h"
 
+#include "toolkit/sin_grabar.h"
 #include "vouchers/pch.h"
 
 Tfedtplantilla::Tfedtplantilla()
@@ -76,12 +77,13 @@ void Tfedtplantilla::SBGrabarClick() {
 
 bool Tfedtplantilla::hay_por_perder() const {
     // El usuario de la fila lo pone la pantalla: no es un cambio que se pueda perder.
-    return CMovimiento.Active() && (CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
-                                    CDetallen.cambiada() || CMovimiento.cambiada({"PLAN_USUARIO"}));
+    return CMovimiento.Active() &&
+           (hay_a_medio_escribir(*this) || CMovimiento.ChangeCount() > 0 || CDetalle.cambiada() ||
+            CDetallen.cambiada() || CMovimiento.cambiada({"PLAN_USUARIO"}));
 }
 
 void Tfedtplantilla::SBBorrarClick() {
     const QString id = QString::number(plantilla_);
-    if (pregunte("Desea borrar definitivamente la plantilla " + id + '?'))
+    if (pregunte_con_no("Desea borrar definitivamente la plantilla " + id + '?'))
         CBorrar.Execute("delete from plantilla_encabezado where plan_id = " + id);
 }

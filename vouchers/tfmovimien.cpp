@@ -449,7 +449,7 @@ void Tfmovimien::busque_plantilla() {
 
 void Tfmovimien::traiga_plantilla(const QString& plantilla) {
     if (!lineas_2649->sin_lineas() &&
-        !pregunte("Al traer la plantilla perderá los movimientos digitados en "
+        !pregunte_con_no("Al traer la plantilla perderá los movimientos digitados en "
                   "el comprobante, Continuar?"))
         return;
     if (!ubique_plantilla(CPlantilla, plantilla))

@@ -1,6 +1,7 @@
 // Todas las pantallas registradas, con las manos en el teclado: F1 dice sus teclas, las listas se
 // hallan tecleando, los botones se oprimen, los memos hacen renglón y de todas se sale con Esc.
 #include "cada_pantalla.h"
+#include "toolkit/controles/controldato.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/lista_teclas.h"
@@ -24,6 +25,12 @@ bool disponible(const QWidget* w) {
 void digite_en(QWidget* w, const QString& texto) {
     for (const QChar c : texto)
         QTest::sendKeyEvent(QTest::Click, w, Qt::Key(c.toUpper().unicode()), c, Qt::NoModifier);
+}
+
+bool es_de_la_pantalla(const Pantalla& p, int clave) {
+    return std::any_of(p.teclas().begin(), p.teclas().end(), [clave](const Tecla& t) {
+        return t.clave == clave && t.modificadores == Qt::NoModifier;
+    });
 }
 
 /// El renglón de la lista cuyo texto no es comienzo de otro; se prefiere uno con blancos.
@@ -149,6 +156,8 @@ private slots:
     void cada_lista_desplegable_se_halla_tecleando_seguido();
     void cada_boton_con_foco_se_oprime_con_enter_y_con_espacio();
     void en_cada_memo_ctrl_enter_hace_renglon();
+    void cada_fila_nueva_empieza_donde_se_digita();
+    void lo_digitado_en_una_ficha_no_se_pierde_con_esc();
     void cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc();
 
 private:
@@ -257,6 +266,61 @@ void PruebaManos::en_cada_memo_ctrl_enter_hace_renglon() {
     diga_faltas(malas);
 }
 
+void PruebaManos::cada_fila_nueva_empieza_donde_se_digita() {
+    QStringList malas;
+    int vistas = 0;
+    con_cada_pantalla(*s_, [&](Pantalla* p) {
+        Interlocutor callado(Interlocutor::EnSilencio);
+        for (Rejilla* r : p->findChildren<Rejilla*>()) {
+            if (!disponible(r) || !r->editable() || !r->permite_insertar)
+                continue;
+            r->setFocus(Qt::TabFocusReason);
+            QTest::keyClick(r, Qt::Key_Insert);
+            if (r->conjunto()->State() != Estado::Insercion)
+                continue;
+            ++vistas;
+            if (!r->modelo().editable(r->SelectedIndex()))
+                malas << p->objectName() + "." + r->objectName() + ": empieza en «" +
+                             QString(r->columna(r->SelectedIndex()).Titulo) + "»";
+            r->conjunto()->Cancel();
+        }
+    });
+    QVERIFY2(vistas > 15, qPrintable(QString::number(vistas)));
+    diga_faltas(malas);
+}
+
+void PruebaManos::lo_digitado_en_una_ficha_no_se_pierde_con_esc() {
+    // Lo que en estas se digita no es un registro: son los datos de un proceso que no se ha hecho,
+    // o el encabezado de un comprobante sin líneas.
+    static const QSet<QString> sin_registro{"Tfmovimien"};
+    QStringList malas;
+    int vistas = 0;
+    con_cada_pantalla(*s_, [&](Pantalla* p) {
+        Interlocutor callado(Interlocutor::EnSilencio);
+        for (QWidget* w : p->findChildren<QWidget*>()) {
+            ControlDato* c = control_dato(w);
+            if (!c || c->widget() != w || !disponible(w) || !c->editable() ||
+                sin_registro.contains(p->objectName()))
+                continue;
+            w->setFocus(Qt::TabFocusReason);
+            for (const char* tecleado : {"x", "9"})
+                if (!c->modificado())
+                    digite_en(w, tecleado);
+            if (!c->modificado())
+                continue;
+            ++vistas;
+            const QPointer<Pantalla> viva(p);
+            QTest::keyClick(w, Qt::Key_Escape);
+            if (!viva || !escritorio()->abiertas().contains(p) || callado.vistos().size() != 1 ||
+                !callado.vistos().first().contains("perder"))
+                malas << p->objectName() + ": Esc se lleva lo digitado";
+            return;
+        }
+    });
+    QVERIFY2(vistas > 10, qPrintable(QString::number(vistas)));
+    diga_faltas(malas);
+}
+
 void PruebaManos::cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc() {
     QStringList malas;
     int vistas = 0;
@@ -275,6 +339,15 @@ void PruebaManos::cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc()
                 continue;
             }
             ++vistas;
+            if (r->OnDblClick && !es_de_la_pantalla(*p, Qt::Key_Return)) {
+                int abiertas = 0;
+                r->OnReturn = {};
+                r->OnDblClick = [&abiertas](int) { ++abiertas; };
+                QTest::keyClick(r, Qt::Key_Return);
+                if (abiertas != 1)
+                    malas << esta + "." + r->objectName() + ": Enter no abre la fila";
+                r->OnDblClick = {};
+            }
             if (r->OnTeclear) // lo tecleado va a su caja de buscar
                 continue;
             const int c = qMax(0, r->SelectedIndex());
@@ -287,9 +360,7 @@ void PruebaManos::cada_lista_de_consulta_se_recorre_se_busca_y_se_deja_con_esc()
             if (!texto_llano(ahora).startsWith(texto_llano(texto)))
                 malas << esta + "." + r->objectName() + ": «" + texto + "» lleva a «" + ahora + "»";
         }
-        const bool con_esc =
-            std::any_of(p->teclas().begin(), p->teclas().end(),
-                        [](const Tecla& t) { return t.clave == int(Qt::Key_Escape); });
+        const bool con_esc = es_de_la_pantalla(*p, Qt::Key_Escape);
         // El programa abre estas en modal, y se van con la respuesta que dan a quien las llamó.
         static const QSet<QString> responden{"Tfcontabiliza", "Tfpreginterfaz", "Tfresumencontab"};
         if (!con_esc || p->es_modal() || responden.contains(esta))

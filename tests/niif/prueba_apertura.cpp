@@ -16,6 +16,7 @@
 
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/controles/memodato.h"
+#include "toolkit/lista_teclas.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -390,7 +391,25 @@ void PruebaApertura::salir_con_cambios_pregunta() {
     s_->base.ejecute({"delete from apertura_niif_det", "delete from apertura_niif"});
     p->close();
     agote_eventos();
-    traiga();
+    p = traiga();
+    // En el detalle, la nota a medio escribir; y F1 dice lo que hacen ahí las teclas.
+    const auto que_hace_f2 = [p] {
+        for (const TeclaExplicada& t : teclas_explicadas(*p))
+            if (t.tecla == "F2")
+                return t.que_hace;
+        return QString();
+    };
+    QCOMPARE(que_hace_f2(), "Grabar");
+    detalle(p, "110505");
+    QCOMPARE(que_hace_f2(), "Aceptar");
+    p->APNI_NOTA->setFocus();
+    digite("A medias");
+    i_->espere("Desea salir del detalle y perder los cambios que no ha aceptado?", "No");
+    oprima(Qt::Key_Escape);
+    QCOMPARE(p->APNI_NOTA->toPlainText(), "A medias");
+    i_->espere("Desea salir del detalle y perder los cambios que no ha aceptado?", "Sí");
+    oprima(Qt::Key_Escape);
+    QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Principal));
     i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "No");
     oprima(Qt::Key_Escape);
     QVERIFY(escritorio()->abierta("Tfbalaperturaniif"));

@@ -369,18 +369,20 @@ void PruebaSincontab::los_marcados_siguen_aunque_uno_falle_y_el_resumen_lleva_al
     configure("CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ", "");
     Tfsincontab* p = abra();
     p->DBGridEh1->setFocus();
-    pulse(p, "SpeedButton3"); // sin marcas no hace nada
+    Interlocutor i;
+    i.espere_comienzo("Marque con Espacio los documentos"); // sin marcas dice cómo se marcan
+    oprima(Qt::Key_F2, Qt::ShiftModifier);
     QCOMPARE(comprobantes(), "0");
     p->DBGridEh1->seleccione_todo();
     p->DBGridEh1->setFocus();
     oprima(Qt::Key_Home, Qt::ControlModifier);
-    Interlocutor i;
     // Todos los del prefijo 0009 van al final; el último, que no se marca, no entra.
     p->DBGridEh1->marque(int(numeros(p).indexOf("000006")), false);
     i.espere_comienzo(kErrores + "DESCUADRE");
     i.espere_modal("Tfcontabiliza", [](QWidget* w) {
         w->findChild<Tfcontabiliza*>("Tfcontabiliza")->close(); // el lote espera por la respuesta
     });
+    i.espere("Documentos que faltan del lote: 1. Desea seguir con ellos?", "Sí");
     i.espere(kSinInterfaz);
     espere_pantalla<Tfresumencontab>(i, "Tfresumencontab", [](Tfresumencontab& r) {
         QCOMPARE(r.ECuenta->text(), "3 contabilizados, 1 en espera, 1 con falla.");
@@ -433,6 +435,23 @@ void PruebaSincontab::cancelar_el_lote_termina_el_documento_que_va() {
     pulse(p, "SpeedButton3");
     QCOMPARE(comprobantes(), "2");
     QCOMPARE(numeros(p), QStringList({"000003", "000004"}));
+
+    // También se deja el lote donde una revisión se cierra sin grabar.
+    p->DBGridEh1->seleccione_todo();
+    espere_pantalla<Tfcontabiliza>(i, "Tfcontabiliza", [](Tfcontabiliza& r) { r.close(); });
+    i.espere("Documentos que faltan del lote: 1. Desea seguir con ellos?", "No");
+    espere_pantalla<Pantalla>(i, "Tfresumencontab", [](auto&) { oprima(Qt::Key_Escape); });
+    pulse(p, "SpeedButton3");
+    // Contabilizar el de la fila no quita las marcas de los demás.
+    p->DBGridEh1->setFocus();
+    oprima(Qt::Key_Home, Qt::ControlModifier);
+    oprima(Qt::Key_Down);
+    oprima(Qt::Key_Space);
+    oprima(Qt::Key_Up);
+    espere_pantalla<Pantalla>(i, "Tfcontabiliza", [](auto&) { oprima(Qt::Key_F2); });
+    oprima(Qt::Key_Return);
+    QCOMPARE(numeros(p), QStringList("000004"));
+    QCOMPARE(p->DBGridEh1->filas_marcadas(), QVector<int>{0});
 }
 
 QTEST_MAIN(PruebaSincontab)

@@ -4,6 +4,7 @@
 #include "toolkit/barraestado.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/proteccion.h"
+#include "toolkit/regreso_teclado.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -57,6 +58,40 @@ private slots:
             d->close();
         });
         QVERIFY(!pregunte(t));
+    }
+
+    void el_teclado_vuelve_de_la_ventana_que_se_cierra() {
+        QWidget principal, otra;
+        RegresoTeclado regreso(&principal);
+        for (QWidget* w : {&principal, &otra})
+            w->show();
+        const auto cierre_un_dialogo = [&] {
+            QDialog dialogo(&principal);
+            dialogo.show();
+            dialogo.activateWindow();
+            QTRY_COMPARE(QApplication::activeWindow(), &dialogo);
+            dialogo.hide();
+        };
+        // Se cierra y el gestor no le da el teclado a nadie.
+        const auto nadie = [] { QApplication::setActiveWindow(nullptr); };
+        cierre_un_dialogo();
+        nadie();
+        QTRY_COMPARE(QApplication::activeWindow(), &principal);
+        // Lo da y enseguida lo quita: se pide una vez más, y no otra.
+        for (const bool vuelve : {true, false}) {
+            nadie();
+            emit qApp->applicationStateChanged(Qt::ApplicationInactive);
+            agote_eventos();
+            QCOMPARE(QApplication::activeWindow() == &principal, vuelve);
+        }
+        // El usuario siguió aquí y después se fue a otra parte: no se le quita.
+        cierre_un_dialogo();
+        agote_eventos();
+        QTest::keyClick(&principal, Qt::Key_A);
+        nadie();
+        emit qApp->applicationStateChanged(Qt::ApplicationInactive);
+        agote_eventos();
+        QVERIFY(QApplication::activeWindow() != &principal);
     }
 
     void abortar_o_reintentar_con_sus_rotulos() {

@@ -307,7 +307,7 @@ private slots:
             {"update comprobante_encabezado set enco_concepto = 'Otro' where enco_consec = 6"});
         e->close();
         QCOMPARE(resultado(p).FieldByName("ENCO_CONCEPTO").texto(), "Otro");
-        QVERIFY(componente<ListaDato>(p, "LTipo").hasFocus());
+        QVERIFY(p->DBGridEh1->enfocada()); // de vuelta se sigue en la lista
         p->DBGridEh1->OnDblClick(0);
         QVERIFY(s.escritorio.abierta("Tfedtmovimien"));
         s.escritorio.activa()->close();

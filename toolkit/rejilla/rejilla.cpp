@@ -4,6 +4,7 @@
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/anchos_rejilla.h"
+#include "toolkit/rejilla/columna_entrada.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
@@ -383,7 +384,7 @@ void Rejilla::cursor_movido() {
     }
     int columna = moviendo_ && columna_destino_ >= 0 ? columna_destino_ : SelectedIndex();
     if (columna < 0 || columna >= cuenta_columnas() || isColumnHidden(columna))
-        columna = columna_visible(0, 1);
+        columna = columna_de_entrada(*this);
     if (digitando() && currentIndex().row() != conjunto()->RecNo())
         cierre_editor();
     fije_actual(conjunto()->RecNo(), columna);

@@ -5,6 +5,7 @@
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/proteccion.h"
+#include "toolkit/rejilla/columna_entrada.h"
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/indicador_filas.h"
@@ -166,7 +167,7 @@ void Rejilla::inserte_fila() {
     if (!editable() || !permite_insertar || fila_intacta())
         return;
     Alza alza(moviendo_);
-    columna_destino_ = columna_visible(0, 1);
+    columna_destino_ = columna_de_entrada(*this);
     if (!deje_celda())
         return;
     if (proteja([this] { conjunto()->Insert(); }))
@@ -207,7 +208,7 @@ void Rejilla::abra_editor(const QString& texto, bool digitado) {
     if (!editable() || columnas_.empty())
         return;
     // En una rejilla sin filas, digitar crea la primera.
-    if (conjunto()->IsEmpty() && !agregue_fila(qMax(0, columna_visible(0, 1))))
+    if (conjunto()->IsEmpty() && !agregue_fila(qMax(0, columna_de_entrada(*this))))
         return;
     if (!celda_editable(currentIndex()) || columna(SelectedIndex()).casilla)
         return;

@@ -3,6 +3,7 @@
 
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/proteccion.h"
+#include "toolkit/rejilla/columna_entrada.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
@@ -44,7 +45,7 @@ bool Rejilla::siguiente_celda() {
         vaya(fila, c);
         return true;
     }
-    const int primera = columna_visible(0, 1);
+    const int primera = columna_de_entrada(*this);
     if (fila + 1 >= modelo_->rowCount() && modelo_->canFetchMore({}))
         modelo_->fetchMore({});
     if (fila + 1 < modelo_->rowCount()) {
@@ -192,6 +193,11 @@ bool Rejilla::oprima_enter(Qt::KeyboardModifiers m) {
     }
     if (m == Qt::NoModifier && OnReturn && !digitando()) {
         proteja(OnReturn);
+        return true;
+    }
+    // En una lista de consulta Enter hace lo del doble clic.
+    if (m == Qt::NoModifier && ReadOnly && OnDblClick && currentIndex().isValid()) {
+        proteja([this] { OnDblClick(SelectedIndex()); });
         return true;
     }
     if (m != Qt::NoModifier || !editable())
