@@ -41,5 +41,5 @@ function(quorvex_prueba archivo)
   add_test(NAME ${nombre} COMMAND ${nombre} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
   # Una prueba que se cuelga muestra en qué estaba cada hilo antes de que CTest la termine.
   set_tests_properties(${nombre} PROPERTIES ENVIRONMENT
-    "QT_QPA_PLATFORM=offscreen;QUORVEX_PROYECTO=${CMAKE_SOURCE_DIR};QUORVEX_CONSTRUCCION=${CMAKE_BINARY_DIR};QTEST_FUNCTION_TIMEOUT=240000;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/datos_pruebas/${nombre}" TIMEOUT 300)
+    "QT_QPA_PLATFORM=offscreen;QUORVEX_PROYECTO=${CMAKE_SOURCE_DIR};QUORVEX_CONSTRUCCION=${CMAKE_BINARY_DIR};QTEST_FUNCTION_TIMEOUT=540000;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/datos_pruebas/${nombre}" TIMEOUT 600)
 endfunction()
