@@ -4,11 +4,13 @@
 
 #include "catalogues/letracuenta.h"
 #include "ledger/cifrascontrol.h"
+#include "libro/catalogos.h"
 #include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QApplication>
@@ -282,8 +284,11 @@ void Tfbalanceprueba::BitBtn3Click() {
 
 bool Tfbalanceprueba::consulte(Pagina& pagina, const QString& codigo, const char* pantalla) {
     pagina.posicion = this->codigo(pagina);
-    if (!fdmcnt().valide_cuenta(codigo, pagina.datos->libro))
+    // Sobre una fila de grupo no se interrumpe con un diálogo: la razón queda en la barra.
+    if (const auto rechazo = revise_cuenta(fdm().Quorvex, pagina.datos->libro, codigo)) {
+        anuncie(fdm().barra(), rechazo->texto);
         return false;
+    }
     pantallas().abrir(pantalla, AbreAuxiliar{.cuenta_auxiliar = codigo});
     return true;
 }

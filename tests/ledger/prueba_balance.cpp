@@ -332,16 +332,23 @@ private slots:
                      QString(indice == 0 ? "Tfauxiliar 110505" : "Tfauxiliarniif 413505"));
             s.escritorio.activa()->close();
         }
-        // Una cuenta mayor no lleva movimiento: lo dice la validación y nada se abre.
+        // Una cuenta mayor no lleva movimiento: nada se abre, sin diálogo; la barra dice por qué.
+        AvisosBarra barra;
+        s.dm.barra(&barra);
         ubique(*b, "1105", "41");
-        for (const auto& [indice, mensaje] :
+        for (const auto& [indice, razon] :
              {qMakePair(0, "La cuenta es de nivel inferior al mínimo afectable."),
               qMakePair(1, "La cuenta NIIF es de nivel inferior al mínimo afectable.")})
             for (int clave : {Qt::Key_F8, Qt::Key_F5, Qt::Key_F7}) {
                 pagina(*b, indice);
-                dice([&] { oprima(clave); }, mensaje);
+                barra.texto({});
+                oprima(clave);
+                QCOMPARE(barra.text(), QString(razon));
             }
-        dice(Qt::Key_F6, "La cuenta es de nivel inferior al mínimo afectable.");
+        barra.texto({});
+        oprima(Qt::Key_F6);
+        QCOMPARE(barra.text(), "La cuenta es de nivel inferior al mínimo afectable.");
+        s.dm.barra(nullptr);
         QVERIFY(abiertas_.isEmpty());
         registre_pantallas_consulta();
     }
