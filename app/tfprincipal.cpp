@@ -24,6 +24,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSettings>
 #include <QStyle>
 #include <QUrl>
 

@@ -3,7 +3,6 @@
 #include "toolkit/historia_avisos.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QTimer>
 
 namespace {
@@ -33,29 +32,19 @@ AvisosBarra::AvisosBarra(QWidget* padre)
 
 void AvisosBarra::pinte(Color color, const QString& texto) {
     color_ = color;
-    coloree();
-    this->texto(texto);
-}
-
-void AvisosBarra::coloree() {
-    QPalette p = QApplication::palette();
-    const QColor fondo = color_ == Celeste    ? kCeleste
-                         : color_ == Azul     ? kAzul
-                         : color_ == Rojo     ? kRojo
-                         : color_ == Amarillo ? kAmarillo
-                                              : p.color(QPalette::Button);
-    p.setColor(QPalette::Window, fondo);
-    // El color de botón es el del tema, claro u oscuro; los demás son siempre los mismos.
-    p.setColor(QPalette::WindowText, color_ == Boton ? p.color(QPalette::ButtonText)
-                                     : color_ == Azul || color_ == Rojo ? QColor(Qt::white)
-                                                                        : QColor(Qt::black));
+    // En reposo no tiene color propio: los botones y su letra son los del tema, claro u oscuro.
+    QPalette p;
+    if (color != Boton) {
+        p.setColor(QPalette::Window, color == Celeste ? kCeleste
+                                     : color == Azul  ? kAzul
+                                     : color == Rojo  ? kRojo
+                                                      : kAmarillo);
+        p.setColor(QPalette::WindowText, color == Azul || color == Rojo ? Qt::white : Qt::black);
+    }
     setPalette(p);
-}
-
-void AvisosBarra::changeEvent(QEvent* e) {
-    QLabel::changeEvent(e);
-    if (e->type() == QEvent::ApplicationPaletteChange)
-        coloree();
+    setBackgroundRole(color == Boton ? QPalette::Button : QPalette::Window);
+    setForegroundRole(color == Boton ? QPalette::ButtonText : QPalette::WindowText);
+    this->texto(texto);
 }
 
 void AvisosBarra::texto(const QString& texto) {

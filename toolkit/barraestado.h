@@ -28,11 +28,7 @@ public:
     std::function<void()> pitido; ///< por defecto, el del sistema
     QTimer* Timer2;
 
-protected:
-    void changeEvent(QEvent* e) override;
-
 private:
-    void coloree();
     void pinte(Color color, const QString& texto);
     void avise(const QString& texto, Color color, int decimas);
     Color color_ = Celeste;

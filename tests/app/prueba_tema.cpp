@@ -57,6 +57,7 @@ int diga_tema(bool espere, int& cuantos, char** argumentos) {
     Aplicacion aplicacion(cuantos, argumentos);
     AvisosBarra barra;
     barra.Timer2Timer(); // en reposo toma el color de los botones
+    barra.show();
     QLabel negativo("-1.00");
     QPalette rojo;
     rojo.setColor(QPalette::WindowText, color_negativo());
@@ -65,6 +66,7 @@ int diga_tema(bool espere, int& cuantos, char** argumentos) {
         QObject::connect(aplicacion.findChild<VigiaTema*>(), &VigiaTema::cambio, &aplicacion,
                          &QCoreApplication::quit);
         QApplication::exec();
+        QApplication::processEvents(); // la paleta nueva llega a cada control después
     }
     if (negativo.palette().color(QPalette::WindowText) != color_negativo())
         return 2;
@@ -81,8 +83,8 @@ int diga_tema(bool espere, int& cuantos, char** argumentos) {
         if (qAbs(claridad(tinta) - claridad(fondo)) < 80)
             return 2;
     const QPalette b = barra.palette();
-    if (b.color(QPalette::Window) != p.color(QPalette::Button) ||
-        b.color(QPalette::WindowText) != p.color(QPalette::ButtonText))
+    if (b.color(barra.backgroundRole()) != p.color(QPalette::Button) ||
+        b.color(barra.foregroundRole()) != p.color(QPalette::ButtonText))
         return 2;
     if (qAbs(color_negativo().lightness() - claridad(QPalette::Base)) < 80)
         return 2;
