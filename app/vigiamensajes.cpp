@@ -49,9 +49,18 @@ void VigiaMensajes::Timer3Timer() {
         return;
     }
     AdvAlertWindow2->limpie();
-    CMensajes.Open("select mens_id, mens_autor, mens_mensaje, mens_nivel  from mensajeria where "
-                   "mens_destino = " +
-                   QuotedStr(fdm().usuario) + " and mens_leido = 'N'");
+    try {
+        CMensajes.Open("select mens_id, mens_autor, mens_mensaje, mens_nivel  from mensajeria "
+                       "where mens_destino = " +
+                       QuotedStr(fdm().usuario) + " and mens_leido = 'N'");
+    } catch (const ErrorBase& falla) {
+        Timer3->start();
+        if (!falla.conexion_perdida())
+            throw;
+        // El usuario no pidió nada: se enterará cuando pida algo.
+        fdm().registre_en_archivo(falla.texto() + " | " + falla.detalle());
+        return;
+    }
     if (CMensajes.IsEmpty()) {
         Timer3->start();
         return;

@@ -189,12 +189,18 @@ void Instalador::ejecute_guion(const QString& archivo) {
             Transaccion transaccion(conexion_, Transaccion::Modo::Escritura);
             Preparada(conexion_, transaccion, s.texto).ejecute(transaccion, {});
             transaccion.confirme();
-        } catch (const ErrorDatos& e) {
+        } catch (const ErrorBase& e) {
+            // De un guion mal escrito solo el motor dice qué tiene; lo demás (un disco lleno, una
+            // red caída) ya tiene sus palabras.
+            const bool del_guion =
+                (e.clase() == ClaseFalla::Otra || e.clase() == ClaseFalla::OtraVersion) &&
+                !e.detalle().isEmpty();
             throw ErrorDatos(
                 QStringLiteral("%1:%2: %3\n%4")
                     .arg(archivo)
                     .arg(s.renglon)
-                    .arg(primera_linea(s.texto), e.detalle().isEmpty() ? e.texto() : e.detalle()));
+                    .arg(primera_linea(s.texto), del_guion ? e.detalle() : e.para_usuario()),
+                e.detalle());
         }
         existentes.anote(s.texto);
     }

@@ -73,6 +73,7 @@ void corra_vigilado(const ParametrosConexion& parametros, std::function<void()> 
     };
     if (corra_aparte(std::move(trabajo), std::move(deseche), limites.sin_respuesta, insiste))
         return;
+    corte(equipo_de(parametros)); // y con él termina el trabajo abandonado
     ++redes_caidas;
     throw ErrorBase({ClaseFalla::ConexionPerdida}, kSinServidor,
                     QStringLiteral("%1 dejó de contestar").arg(equipo_de(parametros)));

@@ -69,11 +69,14 @@ void Estado::compruebe(bool conectando) {
 
 QByteArray a_latin1(const QString& texto) {
     const QChar fuera = caracter_fuera_de_latin1(texto);
-    if (!fuera.isNull())
+    if (!fuera.isNull()) {
+        // Un carácter puede ocupar dos lugares del texto.
+        const char32_t entero = QStringView(texto).mid(texto.indexOf(fuera)).toUcs4().value(0);
         throw ErrorDatos(QStringLiteral("El carácter '%1' (U+%2) no se puede guardar en la base de "
                                         "datos. Reemplácelo por uno equivalente.")
-                             .arg(fuera)
-                             .arg(fuera.unicode(), 4, 16, QLatin1Char('0')));
+                             .arg(QString::fromUcs4(&entero, 1))
+                             .arg(uint(entero), 4, 16, QLatin1Char('0')));
+    }
     return texto.toLatin1();
 }
 

@@ -2,19 +2,24 @@
 
 #include "datos/firebird/vigia_interno.h"
 
+#include <QDir>
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <thread>
 
 using namespace Firebird;
 
 namespace {
 
+constexpr int kPuertoDeFirebird = 3050;
+
 struct Vigilada {
     Conexion::Interno* interno;
-    IAttachment* enlace; ///< con una referencia propia: vive aunque la conexión se suelte
     quint64 numero;
     ParametrosConexion parametros;
     qint64 probada = 0; ///< última vez que el servidor contestó la prueba
@@ -33,12 +38,25 @@ Puesto& puesto() {
     return *unico;
 }
 
-void corte(const QString& equipo) {
-    for (const Vigilada& v : puesto().vigiladas)
-        if (fbc::equipo_de(v.parametros) == equipo) {
-            fbc::Estado estado;
-            v.enlace->cancelOperation(&estado, fb_cancel_abort);
-        }
+/// Puerto de "equipo/puerto"; el puerto también puede ser el nombre de un servicio.
+int puerto_de(const QString& equipo) {
+    const QString puerto = equipo.section('/', 1, 1);
+    if (const int numero = puerto.toInt())
+        return numero;
+    const servent* s = ::getservbyname(qPrintable(puerto), "tcp");
+    return s ? ntohs(s->s_port) : kPuertoDeFirebird;
+}
+
+/// El puerto del otro extremo de una línea abierta; 0 si no es una.
+int puerto_del_otro(int s) {
+    sockaddr_storage otro{};
+    socklen_t largo = sizeof otro;
+    if (::getpeername(s, reinterpret_cast<sockaddr*>(&otro), &largo) != 0)
+        return 0;
+    if (otro.ss_family == AF_INET)
+        return ntohs(reinterpret_cast<const sockaddr_in&>(otro).sin_port);
+    return otro.ss_family == AF_INET6 ? ntohs(reinterpret_cast<const sockaddr_in6&>(otro).sin6_port)
+                                      : 0;
 }
 
 /// La conexión que lleva demasiado esperando; nulo si ninguna.
@@ -74,7 +92,7 @@ void ronde() {
         if (viva)
             v->probada = fbc::ahora_ms();
         else
-            corte(fbc::equipo_de(parametros));
+            fbc::corte(fbc::equipo_de(parametros));
     }
     puesto().ronda = false;
 }
@@ -118,25 +136,30 @@ bool atiende(const ParametrosConexion& parametros, int plazo_ms) {
     }
 }
 
+// Termina las líneas de este programa con el servidor. Quien espere en una despierta con una
+// falla; los sockets los suelta después quien los abrió. El aborto del cliente los suelta debajo
+// de quien espera: el sistema da ese número al siguiente que abra uno, la prueba del propio vigía,
+// y la llamada quedaba esperando para siempre en el ajeno.
+void corte(const QString& equipo) {
+    const int puerto = puerto_de(equipo);
+    for (const QString& s : QDir("/proc/self/fd").entryList(QDir::System | QDir::Files))
+        if (puerto_del_otro(s.toInt()) == puerto)
+            ::shutdown(s.toInt(), SHUT_RDWR);
+}
+
 void vigile(Conexion::Interno& interno, const ParametrosConexion& parametros) {
     interno.remota = es_remota(parametros.base);
     if (!interno.remota)
         return;
     const std::lock_guard cierre(puesto().candado);
-    interno.enlace->addRef();
-    puesto().vigiladas.push_back({&interno, interno.enlace, interno.numero, parametros});
+    puesto().vigiladas.push_back({&interno, interno.numero, parametros});
     if (!std::exchange(puesto().ronda, true))
         std::thread(ronde).detach();
 }
 
 void deje_de_vigilar(Conexion::Interno& interno) noexcept {
     const std::lock_guard cierre(puesto().candado);
-    std::erase_if(puesto().vigiladas, [&](const Vigilada& v) {
-        if (v.interno != &interno)
-            return false;
-        v.enlace->release();
-        return true;
-    });
+    std::erase_if(puesto().vigiladas, [&](const Vigilada& v) { return v.interno == &interno; });
     interno.remota = false;
     puesto().aviso.notify_all();
 }

@@ -13,6 +13,9 @@ QString equipo_de(const ParametrosConexion& parametros);
 /// El servidor contesta, aunque sea que no, dentro del plazo.
 bool atiende(const ParametrosConexion& parametros, int plazo_ms);
 
+/// Termina las líneas de este programa con un servidor que no contesta.
+void corte(const QString& equipo);
+
 /// Corre `trabajo` en otro hilo y espera a que termine; lanza lo que lance. Cada `cada_ms` pregunta
 /// a `insiste` si sigue esperando; si no, lo abandona y da falso: cuando el trabajo vuelva, su hilo
 /// llama a `deseche`. Lo que los dos usen debe vivir sin quien espera.

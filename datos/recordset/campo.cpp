@@ -39,7 +39,7 @@ Valor Campo::convierta(const Valor& v) const {
             throw ErrorDatos(
                 QStringLiteral("El carácter '%1' del campo %2 no se puede guardar en la "
                                "base de datos. Reemplácelo por uno equivalente.")
-                    .arg(fuera)
+                    .arg(t.mid(t.indexOf(fuera), fuera.isHighSurrogate() ? 2 : 1))
                     .arg(nombre_visible()));
         if (clase == ClaseCampo::Texto && Size > 0 && t.size() > Size) {
             // Los blancos que sobran se cortan; las letras no se pierden en silencio.

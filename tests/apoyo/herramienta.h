@@ -15,9 +15,9 @@ struct ResultadoHerramienta {
 inline ResultadoHerramienta corra(const QString& programa, const QStringList& argumentos) {
     QProcess p;
     p.start(programa, argumentos);
-    if (!p.waitForStarted())
+    if (!p.waitForStarted(-1))
         QTest::qFail(qPrintable("no se pudo ejecutar " + programa), __FILE__, __LINE__);
-    p.waitForFinished(-1); // en un equipo ocupado tarda: el único tope es el de la prueba
+    p.waitForFinished(-1); // una que no termine la corta CTest
     return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1,
             QString::fromUtf8(p.readAllStandardOutput()),
             QString::fromUtf8(p.readAllStandardError())};
@@ -41,7 +41,7 @@ inline void descomprima(const QString& comprimido, const QString& ruta) {
     QProcess p;
     p.setStandardOutputFile(ruta);
     p.start("gzip", {"-dc", comprimido});
-    if (!p.waitForFinished() || p.exitCode() != 0)
+    if (!p.waitForFinished(-1) || p.exitCode() != 0)
         qFatal("no se pudo descomprimir %s", qPrintable(comprimido));
 }
 

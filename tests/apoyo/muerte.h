@@ -25,18 +25,18 @@ inline qint64 corra_y_mate(const QMap<QString, QString>& entorno, qint64 microse
     hijo.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     hijo.start(QCoreApplication::applicationFilePath(), QStringList());
     QByteArray dicho;
-    while (!dicho.contains("listo\n") && hijo.waitForReadyRead(30000))
+    while (!dicho.contains("listo\n") && hijo.waitForReadyRead(-1))
         dicho += hijo.readAllStandardOutput();
     if (!dicho.contains("listo\n"))
         return -1;
     const Cronometro reloj;
     if (microsegundos < 0) {
-        hijo.waitForFinished(60000);
+        hijo.waitForFinished(-1);
     } else {
         while (reloj.microsegundos() < microsegundos) {
         }
         hijo.kill();
-        hijo.waitForFinished(30000);
+        hijo.waitForFinished(-1);
     }
     return reloj.microsegundos();
 }

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kEsperaArranque = 15000; // milisegundos
+constexpr int kEsperaArranque = 120000; // milisegundos
 
 /// Puerto que el sistema acaba de dar por libre.
 int puerto_libre() {
@@ -111,7 +111,7 @@ void ServidorDePrueba::cree_seguridad() {
     isql.start("isql-fb", {"-q", "-b", "-user", "SYSDBA"});
     isql.write(guion.toLatin1());
     isql.closeWriteChannel();
-    if (!isql.waitForFinished(30000) || isql.exitCode() != 0)
+    if (!isql.waitForFinished(-1) || isql.exitCode() != 0)
         throw ErrorDatos(QString("No se pudo crear la base de seguridad: %1")
                              .arg(QString::fromLocal8Bit(isql.readAllStandardError())));
 }
@@ -138,15 +138,15 @@ void ServidorDePrueba::detenga() {
     if (proceso_.state() == QProcess::NotRunning)
         return;
     proceso_.terminate();
-    if (!proceso_.waitForFinished(10000)) {
+    if (!proceso_.waitForFinished(10000)) { // con una red muda no termina por las buenas
         proceso_.kill();
-        proceso_.waitForFinished();
+        proceso_.waitForFinished(-1);
     }
 }
 
 void ServidorDePrueba::mate() {
     proceso_.kill();
-    proceso_.waitForFinished();
+    proceso_.waitForFinished(-1);
 }
 
 Ubicacion ServidorDePrueba::ubicacion() const {

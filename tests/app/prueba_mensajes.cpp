@@ -1,6 +1,7 @@
 // Mensajes entre usuarios: escribir, contestar, a todos, la historia y quién está conectado; y de
 // un programa a otro, por un servidor.
 #include "apoyo/comprobantes.h"
+#include "apoyo/intermediario.h"
 #include "apoyo/reloj_de_prueba.h"
 #include "apoyo/servidor_prueba.h"
 #include "app/tfmensaje.h"
@@ -139,14 +140,22 @@ void PruebaMensajes::entre_dos_programas_por_un_servidor() {
     i_.reset();
     s_.reset();
     ServidorDePrueba servidor;
-    SesionEnLugar yo(servidor.ubicacion(), "ADMIN", ServidorDePrueba::kClave);
+    Intermediario red(servidor.puerto());
+    SesionEnLugar yo(red.por_aqui(servidor.ubicacion()), "ADMIN", ServidorDePrueba::kClave);
     VigiaMensajes vigia(&yo.ventana);
     vigia.Timer3Timer();
     QVERIFY(!vigia.AdvAlertWindow2->isVisible() && vigia.Timer3->isActive());
+    // Sin red el reloj no dice nada y sigue andando: cuando vuelve, pregunta.
+    red.corte();
+    vigia.Timer3Timer();
+    QVERIFY(vigia.Timer3->isActive());
+    QCOMPARE(yo.mensajes, QStringList());
+    red.atienda();
+    yo.dm.Quorvex.consulte("select 1 from rdb$database");
     QProcess otro;
     otro.start(QCoreApplication::applicationFilePath(),
                {"--escriba", servidor.ubicacion().texto()});
-    QVERIFY2(otro.waitForFinished(60000) && otro.exitCode() == 0,
+    QVERIFY2(otro.waitForFinished(-1) && otro.exitCode() == 0,
              otro.readAllStandardError().constData());
     vigia.Timer3Timer();
     QVERIFY(vigia.AdvAlertWindow2->isVisible());

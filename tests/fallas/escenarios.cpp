@@ -16,7 +16,7 @@ QString grabador() {
     return QCoreApplication::applicationDirPath() + "/grabador";
 }
 void espere_renglones(QProcess& p, QByteArray& salida, int cuantos) {
-    while (salida.count("\n<") < cuantos && p.waitForReadyRead(30000))
+    while (salida.count("\n<") < cuantos && p.waitForReadyRead(-1))
         salida += p.readAllStandardOutput();
 }
 /// Lo que dice la herramienta que cualquiera corre: vacío si todo cuadra.
@@ -48,7 +48,7 @@ QStringList muertes(int cuantas, const Corrida& corrida) {
         // Desde ahí, en cualquier instante de las siguientes.
         QThread::usleep(azar.bounded(60000u));
         p.kill();
-        p.waitForFinished();
+        p.waitForFinished(-1);
         salida += p.readAllStandardOutput();
         diario.lea(QString::fromLatin1(salida));
         Conexion c;
@@ -73,7 +73,7 @@ QStringList restauraciones_muertas(int cuantas, const Corrida& corrida) {
     BaseDePrueba b;
     QProcess llene;
     llene.start(grabador(), {b.ruta(), "ADMIN", "", "40"});
-    llene.waitForFinished(120000);
+    llene.waitForFinished(-1);
     Diario diario;
     diario.lea(QString::fromLatin1(llene.readAllStandardOutput()));
     const QString respaldo = b.ruta() + "/001.fbk", base = b.ubicacion().base_compania("001");
@@ -86,10 +86,10 @@ QStringList restauraciones_muertas(int cuantas, const Corrida& corrida) {
         QProcess p;
         p.start(QCoreApplication::applicationDirPath() + "/quorvex-admin",
                 QStringList{"restaurar"} + lugar);
-        p.waitForStarted();
+        p.waitForStarted(-1);
         QThread::msleep(azar.bounded(1500u));
         p.kill();
-        p.waitForFinished();
+        p.waitForFinished(-1);
         // Entre los archivos que hay, uno bueno y completo.
         QStringList buenas;
         for (const QString& archivo : QDir(QFileInfo(base).path()).entryList({"quorvex.fdb*"})) {
@@ -127,7 +127,7 @@ QStringList varios_a_la_vez(int programas, int cada_uno, const Corrida& corrida)
     QStringList faltas;
     Diario diario;
     for (auto& p : todos) {
-        p->waitForFinished(1000 * 60 * 30);
+        p->waitForFinished(-1);
         const QString dicho = QString::fromUtf8(p->readAllStandardError()).trimmed();
         if (p->exitStatus() != QProcess::NormalExit || p->exitCode() != 0)
             faltas << "un programa no terminó: " + dicho;

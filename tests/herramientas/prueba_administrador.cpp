@@ -148,6 +148,16 @@ void PruebaAdministrador::una_compania_que_no_se_acaba_de_crear_no_deja_nada() {
         QCOMPARE(QDir(lugar + "/datos").entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
                  QStringList{"general.fdb"});
     }
+    // El límite de tamaño da la misma falla que un disco lleno.
+    const auto lleno =
+        corra("bash", {"-c", "trap '' XFSZ; ulimit -f 9000; exec \"$0\" \"$@\"",
+                       QCoreApplication::applicationDirPath() + "/quorvex-admin", "crear-compania",
+                       "--codigo", "009", "--nombre", "Sin espacio", "--ubicacion", lugar});
+    QCOMPARE(lleno.codigo, 1);
+    QVERIFY2(lleno.errores.contains("No queda espacio en el disco") &&
+                 !lleno.errores.contains("file"),
+             qPrintable(lleno.errores));
+    QVERIFY(!QFile::exists(lugar + "/datos/009"));
     QVERIFY(administre(en(lugar, {"verificar", "--compania", "009"})).errores.contains("009"));
     const auto r = administre(en(lugar, {"crear-compania", "--codigo", "009", "--nombre", "Sí"}));
     QVERIFY2(r.codigo == 0, qPrintable(r.errores));

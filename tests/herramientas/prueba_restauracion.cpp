@@ -4,6 +4,7 @@
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
 #include "apoyo/servidor_prueba.h"
+#include "datos/firebird/servicios.h"
 #include "herramientas/respaldo.h"
 
 #include <QDir>
@@ -44,13 +45,6 @@ void marque(const ParametrosConexion& p, const QString& texto) {
     c.ejecute("update sucursales set sucu_nombre = ? where sucu_id = 0", {Valor(texto)});
 }
 
-/// Respalda una base con la marca "respaldo" y la deja después con "actual".
-void respalde_y_cambie(const ParametrosConexion& base, const QString& archivo) {
-    marque(base, "respaldo");
-    respalde_y_pruebe(base, archivo);
-    marque(base, "actual");
-}
-
 QStringList buenas(const ParametrosConexion& base) {
     QStringList marcas;
     for (const QString& sufijo : kSufijos) {
@@ -67,7 +61,7 @@ int restaure_aparte(const QString& archivo, const ParametrosConexion& base, cons
     QProcess p;
     p.start(QCoreApplication::applicationFilePath(),
             {"--restaure", archivo, base.base, base.clave, hasta});
-    return p.waitForFinished(120000) ? p.exitCode() : -1;
+    return p.waitForFinished(-1) ? p.exitCode() : -1;
 }
 
 int restaure_y_muera(const QStringList& a) {
@@ -87,24 +81,33 @@ int restaure_y_muera(const QStringList& a) {
 
 class PruebaRestauracion : public QObject {
     Q_OBJECT
+    QTemporaryDir carpeta_;
+    QString archivo_; ///< respaldo de una base de pruebas con la marca "respaldo"
+
 private slots:
+    void initTestCase() {
+        BaseDePrueba b;
+        marque(dueno(b.parametros().base), "respaldo");
+        archivo_ = carpeta_.filePath("copia.fbk");
+        respalde_base(dueno(b.parametros().base), archivo_);
+    }
+
     void cortada_entre_dos_pasos_la_base_sigue_en_su_sitio() {
         for (const QString hasta : {"restaurada", "lista", "duplicada", "apartada", "cambiada"}) {
             const QString queda = hasta == "cambiada" ? "respaldo" : "actual"; // con su nombre
             BaseDePrueba b;
             const ParametrosConexion base = dueno(b.parametros().base);
-            const QString archivo = b.ruta() + "/copia.fbk";
             QVERIFY(QFile::copy(base.base, base.base + ".anterior"));
             marque(dueno(base.base + ".anterior"), "vieja");
-            respalde_y_cambie(base, archivo);
+            marque(base, "actual");
 
-            QCOMPARE(restaure_aparte(archivo, base, hasta), kMuerto);
+            QCOMPARE(restaure_aparte(archivo_, base, hasta), kMuerto);
             QCOMPARE(marca(base), queda);
             QVERIFY(buenas(base).size() >= 2);
             QVERIFY(buenas(base).contains("actual"));
             // Repetir la orden la termina.
             if (queda == "actual") {
-                QCOMPARE(restaure_aparte(archivo, base, {}), 0);
+                QCOMPARE(restaure_aparte(archivo_, base, {}), 0);
                 QCOMPARE(marca(base), "respaldo");
                 QCOMPARE(marca(dueno(base.base + ".anterior")), "actual");
             }
@@ -115,12 +118,11 @@ private slots:
     void un_cambio_de_nombre_que_falla_no_pierde_ninguna() {
         BaseDePrueba b;
         const ParametrosConexion base = dueno(b.parametros().base);
-        const QString archivo = b.ruta() + "/copia.fbk";
-        respalde_y_cambie(base, archivo);
+        marque(base, "actual");
         // Una carpeta con ese nombre: el cambio no puede hacerse.
         QVERIFY(QDir().mkpath(base.base + ".anterior/ocupada"));
         const QString falla =
-            falla_de([&] { restaure_en_lugar(archivo, base, TipoBase::Compania); });
+            falla_de([&] { restaure_en_lugar(archivo_, base, TipoBase::Compania); });
         QVERIFY2(falla.contains("siguen en su sitio"), qPrintable(falla));
         QCOMPARE(marca(base), "actual");
         QCOMPARE(marca(dueno(base.base + ".restaurada")), "respaldo");
@@ -134,7 +136,7 @@ private slots:
         c.conectar(base);
         c.ejecute("insert into version_esquema (vers_numero) values (9999)");
         c.desconectar();
-        respalde_y_pruebe(base, archivo);
+        respalde_base(base, archivo);
         c.conectar(base);
         c.ejecute("delete from version_esquema where vers_numero = 9999");
         c.desconectar();
@@ -148,31 +150,26 @@ private slots:
     void en_un_servidor_cortada_entre_dos_pasos_quedan_otras_dos() {
         ServidorDePrueba servidor;
         const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
-        QTemporaryDir carpeta;
-        const QString archivo = carpeta.filePath("copia.fbk");
-        marque(base, "respaldo");
-        respalde_y_pruebe(base, archivo);
-        QCOMPARE(restaure_aparte(archivo, base, {}), 0); // deja una ".anterior"
+        QCOMPARE(restaure_aparte(archivo_, base, {}), 0); // deja una ".anterior"
         for (const char* hasta : {"lista", "apartada", "cambiada"}) {
             marque(base, "actual");
-            QCOMPARE(restaure_aparte(archivo, base, hasta), kMuerto);
+            QCOMPARE(restaure_aparte(archivo_, base, hasta), kMuerto);
             const QStringList quedan = buenas(base);
             QVERIFY2(quedan.size() >= 2 && quedan.contains("actual") && quedan.contains("respaldo"),
                      qPrintable(hasta + (": " + quedan.join(','))));
-            marque(base, "actual");
-            QCOMPARE(restaure_aparte(archivo, base, {}), 0);
-            QCOMPARE(buenas(base), QStringList({"respaldo", "actual"}));
         }
+        // Repetir la orden la termina, y no deja nada de las que se cortaron.
+        marque(base, "actual");
+        QCOMPARE(restaure_aparte(archivo_, base, {}), 0);
+        QCOMPARE(buenas(base), QStringList({"respaldo", "actual"}));
     }
 
     void en_un_servidor_que_muere_reescribiendo_se_dice_donde_quedo_todo() {
         ServidorDePrueba servidor;
         const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
-        QTemporaryDir carpeta;
-        const QString archivo = carpeta.filePath("copia.fbk");
-        respalde_y_cambie(base, archivo);
+        marque(base, "actual");
         const QString falla = falla_de([&] {
-            restaure_en_lugar(archivo, base, TipoBase::Compania, [&](const char* paso) {
+            restaure_en_lugar(archivo_, base, TipoBase::Compania, [&](const char* paso) {
                 if (qstrcmp(paso, "apartada") == 0)
                     servidor.mate();
             });
@@ -184,7 +181,7 @@ private slots:
         const QStringList quedan = buenas(base);
         QVERIFY2(quedan.contains("actual") && quedan.contains("respaldo"),
                  qPrintable(quedan.join(',')));
-        restaure_en_lugar(archivo, base, TipoBase::Compania);
+        restaure_en_lugar(archivo_, base, TipoBase::Compania);
         QCOMPARE(buenas(base), QStringList({"respaldo", "actual"}));
     }
 };

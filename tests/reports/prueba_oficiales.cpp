@@ -226,7 +226,7 @@ void PruebaOficiales::la_numeracion_compara_textos_y_deja_una_hoja_de_mas() {
     QCOMPARE(numeros, QStringList({"001 MB 0009", "001 MB 0010", "001 MB 0011", "001 MB 0012"}));
     QProcess p;
     p.start("pdfinfo", {ruta});
-    p.waitForFinished();
+    p.waitForFinished(-1);
     const QString info = QString::fromUtf8(p.readAllStandardOutput());
     QVERIFY2(info.contains(QRegularExpression("Pages:\\s+5\n")), qPrintable(info));
     QVERIFY2(info.contains("Numeración hojas 001-MB"), qPrintable(info));

@@ -247,6 +247,10 @@ private slots:
              QString("El carácter '€' del campo %1 no se puede guardar en la base de datos. "
                      "Reemplácelo por uno equivalente.")
                  .arg(nombre)},
+            {"10 😀", // entero, aunque ocupe dos lugares
+             QString("El carácter '😀' del campo %1 no se puede guardar en la base de datos. "
+                     "Reemplácelo por uno equivalente.")
+                 .arg(nombre)},
         };
         for (const auto& caso : casos) {
             try {

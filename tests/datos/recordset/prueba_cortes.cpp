@@ -3,6 +3,7 @@
 #include "apoyo/intermediario.h"
 #include "apoyo/servidor_prueba.h"
 #include "datos/firebird/respaldo.h"
+#include "datos/firebird/servicios.h"
 #include "datos/firebird/vigia.h"
 #include "documento_de_prueba.h"
 
@@ -474,18 +475,17 @@ private slots:
         QTemporaryDir carpeta;
         const QString archivo = carpeta.filePath("copia.fbk");
         const ParametrosConexion base = red_->por_aqui(servidor_->parametros("SYSDBA"));
-        qint64 octetos[] = {red_->pasados(Intermediario::HaciaServidor),
-                            red_->pasados(Intermediario::HaciaCliente)};
-        respalde_y_pruebe(base, archivo);
-        for (const auto sentido : {Intermediario::HaciaServidor, Intermediario::HaciaCliente})
-            octetos[sentido] = red_->pasados(sentido) - octetos[sentido];
+        qint64 octetos = red_->pasados(Intermediario::HaciaCliente);
+        respalde_base(base, archivo);
+        octetos = red_->pasados(Intermediario::HaciaCliente) - octetos;
         limites_de_red({100, 1000, 1000});
-        // Entrando, respaldando y restaurando.
-        for (const auto& [sentido, ciento] : {std::pair{Intermediario::HaciaServidor, 1},
-                                              {Intermediario::HaciaCliente, 50},
-                                              {Intermediario::HaciaServidor, 60}}) {
-            red_->calle_tras(sentido, octetos[sentido] * ciento / 100);
+        // Al entrar, respaldando y restaurando.
+        for (const auto& [sentido, cuanto] : {std::pair{Intermediario::HaciaServidor, qint64(10)},
+                                              {Intermediario::HaciaCliente, octetos / 2},
+                                              {Intermediario::HaciaServidor, qint64(400000)}}) {
+            red_->calle_tras(sentido, cuanto);
             QVERIFY_EXCEPTION_THROWN(respalde_y_pruebe(base, archivo), ErrorDatos);
+            QVERIFY(red_->cortado());
             red_->atienda();
         }
         limites_de_red(antes);
@@ -495,7 +495,7 @@ private slots:
 
     void una_red_muda_no_deja_congelado_al_programa() {
         const LimitesDeRed antes = limites_de_red();
-        limites_de_red({200, 1500, 2000}); // un equipo ocupado también contesta a tiempo
+        limites_de_red({200, 20000, 20000}); // un equipo ocupado también contesta a tiempo
         restaure();
         Conexion c;
         c.conectar(red_->por_aqui(servidor_->parametros("SYSDBA")));
@@ -505,6 +505,7 @@ private slots:
         // Un servidor que trabaja no es uno caído: la consulta larga termina.
         QCOMPARE(c.consulte("select count(*) from larga a, larga b where a.nom <> b.nom").entero(),
                  qint64(3000) * 2999);
+        limites_de_red({200, 1500, 2000});
         red_->calle();
         // Si esperara sin límite, la prueba no terminaría.
         QVERIFY_EXCEPTION_THROWN(d.doc.Refresh(), ErrorBase);
