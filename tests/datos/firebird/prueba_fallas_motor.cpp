@@ -1,5 +1,6 @@
 // Cada falla del motor se reconoce por su código y se cuenta en español, sin nombres de la base.
 #include "datos/firebird/conexion.h"
+#include "datos/firebird/interno.h"
 #include "datos/firebird/nombres.h"
 
 #include <QRegularExpression>
@@ -174,6 +175,23 @@ private slots:
         }
         QVERIFY(!lleno.conexion_perdida());
         c_.ejecute("insert into relleno values ('x')");
+        // Quien administra el equipo escribe en cualquier carpeta: lo que el motor diría.
+        const auto del_sistema = [](int error) {
+            const ISC_STATUS dicho[] = {isc_arg_gds,    isc_io_error,
+                                        isc_arg_string, ISC_STATUS("open"),
+                                        isc_arg_string, ISC_STATUS("/x.fdb"),
+                                        isc_arg_gds,    isc_io_open_err,
+                                        isc_arg_unix,   error,
+                                        isc_arg_end};
+            return fbc::clasifique(dicho, "I/O error during open operation for file", false);
+        };
+        for (const int error : {EACCES, EPERM, EROFS}) {
+            const ErrorBase e = del_sistema(error);
+            QVERIFY2(e.clase() == ClaseFalla::SoloLectura, e.what());
+            QVERIFY2(e.para_usuario().contains("permiso") || e.para_usuario().contains("lectura"),
+                     e.what());
+            QVERIFY2(!ajeno().match(e.para_usuario()).hasMatch(), e.what());
+        }
     }
 
     void una_base_que_no_se_puede_abrir_dice_por_que() {
