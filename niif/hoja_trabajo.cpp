@@ -133,9 +133,9 @@ void HojaTrabajo::arranque(const QString& programa) {
     QStringList argumentos{ruta_};
     if (es_libreoffice(programa)) {
         perfil_ = std::make_unique<QTemporaryDir>(QDir::tempPath() + "/quorvex-hoja-XXXXXX");
-        const QUrl carpeta = QUrl::fromLocalFile(perfil_->path());
+        const QByteArray carpeta = QUrl::fromLocalFile(perfil_->path()).toEncoded();
         if (prepare_perfil(perfil_->path()))
-            argumentos = {QStringLiteral("-env:UserInstallation=%1").arg(carpeta.toString()),
+            argumentos = {QStringLiteral("-env:UserInstallation=%1").arg(QLatin1String(carpeta)),
                           "--norestore", "--nologo", "--calc", ruta_};
     }
     proceso_.setStandardOutputFile(QProcess::nullDevice());
