@@ -133,10 +133,10 @@ void HojaTrabajo::arranque(const QString& programa) {
     QStringList argumentos{ruta_};
     if (es_libreoffice(programa)) {
         perfil_ = std::make_unique<QTemporaryDir>(QDir::tempPath() + "/quorvex-hoja-XXXXXX");
+        const QByteArray carpeta = QUrl::fromLocalFile(perfil_->path()).toEncoded();
         if (prepare_perfil(perfil_->path()))
-            argumentos = QStringList{"-env:UserInstallation=" +
-                                         QUrl::fromLocalFile(perfil_->path()).toString(),
-                                     "--norestore", "--nologo", "--calc", ruta_};
+            argumentos = {QStringLiteral("-env:UserInstallation=%1").arg(QLatin1String(carpeta)),
+                          "--norestore", "--nologo", "--calc", ruta_};
     }
     proceso_.setStandardOutputFile(QProcess::nullDevice());
     proceso_.setStandardErrorFile(QProcess::nullDevice());
