@@ -144,7 +144,7 @@ private slots:
         const auto dato = [&](const char* sql) { return s.dm.Quorvex.consulte(sql).texto(); };
         Interlocutor i;
         i.espere("Hace 5 minutos quedaron 3 líneas de saldos iniciales sin grabar. Desea "
-                 "retomarlos?",
+                 "retomarlas?",
                  "Sí");
         auto* p = s.abra<Tfsaldiniciales>("Tfsaldiniciales");
         QVERIFY2(i.conforme(), qPrintable(i.queja()));

@@ -141,12 +141,14 @@ public:
         : rejilla_(rejilla), c_(*rejilla.conjunto()), p_(pegado) {
         for (const QString& nombre : pegado.campos)
             campos_ << (nombre.isEmpty() ? nullptr : c_.FindField(nombre));
-        for (const Campo* k : c_.campos_llave())
-            if (rejilla.columna_de(k->FieldName) >= 0)
+        bool entera = true; // se va a escribir toda, y entonces no se puede repetir
+        for (Campo* k : c_.campos_llave())
+            if (rejilla.columna_de(k->FieldName) >= 0) {
                 llave_ << k;
-        for (const Campo* k : llave_)
-            if (!campos_.contains(k))
-                llave_.clear(); // no se va a escribir entera
+                entera = entera && campos_.contains(k);
+            }
+        if (!entera)
+            llave_.clear();
         const int desde = primera_reemplazada();
         for (int f = 0; !llave_.isEmpty() && f < c_.RecordCount(); ++f)
             if (f < desde || f >= desde + p_.existentes)
@@ -161,13 +163,15 @@ public:
             return QStringLiteral("No cabe: esta lista no admite filas nuevas.");
         QStringList llave;
         for (int k = 0; k < celdas.size() && k < campos_.size(); ++k) {
-            const Campo* campo = campos_[k];
+            Campo* campo = campos_[k];
             if (!campo)
                 continue;
             try {
                 const Valor v = lea(*campo, celdas[k]);
                 if (campo->Required && v.texto().isEmpty())
                     return QStringLiteral("Falta el dato %1.").arg(campo->nombre_visible());
+                if (campo->OnValidate)
+                    campo->OnValidate(*campo, v);
                 if (llave_.contains(campo))
                     llave << v.texto();
             } catch (const ErrorDatos& error) {
@@ -211,7 +215,7 @@ private:
     const Rejilla& rejilla_;
     const ConjuntoDatos& c_;
     const TextoPegado& p_;
-    QVector<const Campo*> campos_, llave_;
+    QVector<Campo*> campos_, llave_;
     QSet<QString> llaves_;
 };
 
