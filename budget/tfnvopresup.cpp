@@ -4,6 +4,7 @@
 #include "budget/peticiones_presupuesto.h"
 #include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
+#include "toolkit/rejilla/paso_atras.h"
 
 namespace {
 
@@ -175,20 +176,22 @@ void Tfnvopresup::SpeedButton2Click() {
                             .arg(EAnoOrigen->value()));
         return;
     }
-    reemplace_con(copiadas);
+    // Un paso atrás la deshace, como a lo pegado.
+    PasoAtras::de(*DBGridEh1).con([&] { reemplace_con(copiadas); }, QStringLiteral("la copia"));
 }
 
 void Tfnvopresup::reemplace_con(const QMap<QString, std::array<Moneda, 2>>& copiadas) {
     // En memoria: hasta F2 nada se ha perdido, y todo va en la misma transacción.
     ConjuntoDatos& c = CPresupuesto;
     auto faltan = copiadas;
-    c.Cancel();
-    c.DisableControls();
     const auto ponga = [&c](const std::array<Moneda, 2>& valores) {
         c.FieldByName("PRES_DEBITO") = valores[0];
         c.FieldByName("PRES_CREDITO") = valores[1];
         c.Post();
     };
+    const auto cambio = std::exchange(c.FieldByName("CUEN_COD").OnChange, nullptr);
+    const auto paso = std::exchange(c.AfterScroll, nullptr);
+    c.Cancel();
     for (int i = c.RecordCount() - 1; i >= 0; --i) {
         c.vaya_a(i);
         const auto copiada = faltan.find(c.FieldByName("CUEN_COD").texto());
@@ -200,15 +203,14 @@ void Tfnvopresup::reemplace_con(const QMap<QString, std::array<Moneda, 2>>& copi
         ponga(*copiada);
         faltan.erase(copiada);
     }
-    const auto cambio = std::exchange(c.FieldByName("CUEN_COD").OnChange, nullptr);
     for (auto i = faltan.begin(); i != faltan.end(); ++i) {
         c.Append();
         c.FieldByName("CUEN_COD") = i.key();
         ponga(*i);
     }
-    c.FieldByName("CUEN_COD").OnChange = cambio;
     c.First();
-    c.EnableControls();
+    c.FieldByName("CUEN_COD").OnChange = cambio;
+    c.AfterScroll = paso;
     muestre_nombre();
     DBGridEh1->setFocus();
 }

@@ -1,5 +1,6 @@
 #include "catalogues/documentos.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editordato.h"
@@ -82,12 +83,15 @@ void PantallaDocumentos::PngSpeedButton3Click() {
         muestre_mensaje(kAccesoNegado);
         return;
     }
-    if (!pregunte_con_no("Desea borrar definitivamente el documento " +
-                         CDocs.FieldByName(datos_.nombre).texto() + "?"))
+    const QString nombre = CDocs.FieldByName(datos_.nombre).texto();
+    if (!pregunte_con_no("Desea borrar definitivamente el documento " + nombre + "?"))
         return;
-    CBorrar.Execute(QStringLiteral("delete from %1 where %2 = ").arg(datos_.tabla, datos_.llave) +
-                    QuotedStr(maestro_) + " and " + datos_.item + " = " +
-                    QString::number(CDocs.FieldByName(datos_.item).entero()));
+    const QString aviso = "Borrado el documento " + nombre;
+    borre_y_anuncie(CBorrar,
+                    QStringLiteral("delete from %1 where %2 = ").arg(datos_.tabla, datos_.llave) +
+                        QuotedStr(maestro_) + " and " + datos_.item + " = " +
+                        QString::number(CDocs.FieldByName(datos_.item).entero()),
+                    aviso);
     CDocs.Reabra();
 }
 

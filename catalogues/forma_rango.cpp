@@ -428,10 +428,9 @@ void FormaRango::complete_rangos() {
         for (QLineEdit* c : {desde, hasta})
             if (const QString dia = c->text().trimmed();
                 !dia.isEmpty() && !fecha.match(dia).hasMatch())
-                rehuse(c,
-                       QStringLiteral("La fecha \"%1\" no es válida: digítela como aaaammdd, por "
-                                      "ejemplo 20170131.")
-                           .arg(c->text()));
+                rehuse(c, QStringLiteral("La fecha \"%1\" no es válida: digítela como aaaammdd o "
+                                         "aaaa/mm/dd, por ejemplo 20170131.")
+                              .arg(c->text()));
     }
 }
 

@@ -14,3 +14,8 @@ int grabe_y_anuncie(ConjuntoDatos& conjunto, const QString& aviso, int errores_m
         anuncie(fdm().barra(), aviso);
     return errores;
 }
+
+void borre_y_anuncie(ConjuntoDatos& consulta, const QString& sql, const QString& aviso) {
+    if (consulta.Execute(sql) > 0)
+        anuncie(fdm().barra(), aviso);
+}

@@ -1,5 +1,6 @@
 #include "catalogues/tfarticulos.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
@@ -34,10 +35,13 @@ void Tfarticulos::sbBuscarClick() {
 }
 
 void Tfarticulos::SBBorrarClick() {
-    if (codigo().isEmpty() ||
-        !pregunte_con_no("Desea borrar definitivamente el artículo " + codigo() + " ?"))
+    const QString articulo = codigo();
+    if (articulo.isEmpty() ||
+        !pregunte_con_no("Desea borrar definitivamente el artículo " + articulo + " ?"))
         return;
-    CBorrar->Execute("delete from articulo where arti_cod = " + QuotedStr(codigo()));
+    const QString aviso = "Borrado el artículo " + articulo;
+    borre_y_anuncie(*CBorrar, "delete from articulo where arti_cod = " + QuotedStr(articulo),
+                    aviso);
     conjunto_->Refresh();
 }
 

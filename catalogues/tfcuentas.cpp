@@ -1,5 +1,6 @@
 #include "catalogues/tfcuentas.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "catalogues/letracuenta.h"
 #include "catalogues/plancuentas.h"
 #include "sesion/peticiones.h"
@@ -111,8 +112,11 @@ void Tfcuentas::SBBorrarClick() {
         !pregunte_con_no(QStringLiteral("Desea borrar definitivamente la %1 %2 ?")
                              .arg(datos(libro_).cuenta_de, cuenta)))
         return;
-    CBorrar->Execute(QStringLiteral("delete from %1 where cuen_cod = ").arg(datos(libro_).cuentas) +
-                     QuotedStr(cuenta));
+    const QString aviso = QStringLiteral("Borrada la %1 %2").arg(datos(libro_).cuenta_de, cuenta);
+    borre_y_anuncie(*CBorrar,
+                    QStringLiteral("delete from %1 where cuen_cod = ").arg(datos(libro_).cuentas) +
+                        QuotedStr(cuenta),
+                    aviso);
     conjunto_->Refresh();
 }
 

@@ -1,5 +1,6 @@
 #include "catalogues/tfnormacuenta.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -95,14 +96,17 @@ bool Tfnormacuenta::FormClose() {
 }
 
 void Tfnormacuenta::SBBorrarClick() {
-    if (CAuxiliar->IsEmpty() || !pregunte_con_no("Desea borrar definitivamente la norma " +
-                                                 CAuxiliar->FieldByName("NNIF_NOMBRE").texto() +
+    const QString norma = CAuxiliar->FieldByName("NNIF_NOMBRE").texto();
+    if (CAuxiliar->IsEmpty() || !pregunte_con_no("Desea borrar definitivamente la norma " + norma +
                                                  " para la cuenta " + cuenta_))
         return;
+    const QString aviso = "Borrada la norma " + norma + " de la cuenta " + cuenta_;
     // El ítem va entre comillas: "2.10" y "2.1" son dos ítems y como número serían uno.
-    CBorrar->Execute(
+    borre_y_anuncie(
+        *CBorrar,
         "delete from cuentas_niif_norma where cuen_cod = " + QuotedStr(cuenta_) +
-        " and nnif_id = " + QString::number(CAuxiliar->FieldByName("NNIF_ID").entero()) +
-        " and nnid_item = " + QuotedStr(CAuxiliar->FieldByName("NNID_ITEM").texto()));
+            " and nnif_id = " + QString::number(CAuxiliar->FieldByName("NNIF_ID").entero()) +
+            " and nnid_item = " + QuotedStr(CAuxiliar->FieldByName("NNID_ITEM").texto()),
+        aviso);
     CAuxiliar->Refresh();
 }

@@ -1,5 +1,6 @@
 #include "catalogues/tfterceros.h"
 
+#include "catalogues/grabe_y_anuncie.h"
 #include "catalogues/terceros.h"
 #include "sesion/apertura.h"
 #include "sesion/peticiones.h"
@@ -92,7 +93,8 @@ void Tfterceros::SBBorrarClick() {
         muestre_mensaje("El tercero tiene movimientos registrados.");
         return;
     }
-    CBorrar->Execute("delete from terceros where terc_nit = " + QuotedStr(nit));
+    const QString aviso = "Borrado el tercero " + nit;
+    borre_y_anuncie(*CBorrar, "delete from terceros where terc_nit = " + QuotedStr(nit), aviso);
     conjunto_->Refresh();
 }
 

@@ -2,6 +2,8 @@
 #include "toolkit/sin_grabar.h"
 
 #include "exchange/pch.h"
+#include "libro/catalogos.h"
+#include "toolkit/rejilla/anuncio_pegado.h"
 
 #include <QSplitter>
 
@@ -15,6 +17,12 @@ Tfconfexporta::Tfconfexporta() : Pantalla("Tfconfexporta", "Configurar exportaci
     };
     DBGridEh1 = rejilla("DBGridEh1", CCuentas, "Equivalencia de cuentas ");
     DBGridEh1->columnas({{"CUEN_COD", "Cuenta", 16}, {"CUEX_COD", "Cuenta destino", 16}});
+    ReglasPegado::de(*DBGridEh1).exija("CUEN_COD", [](const QString& cuenta) {
+        std::optional<Rechazo> inactiva;
+        return nombre_de_cuenta(fdm().Quorvex, Libro::Decreto2649, cuenta, inactiva).isEmpty()
+                   ? QStringLiteral("La cuenta %1 no existe.").arg(cuenta)
+                   : QString();
+    });
     DBGridEh2 = rejilla("DBGridEh2", CPrefijos, "Equivalencia de prefijos");
     DBGridEh2->columnas({{"PREX_TIPO", "Tipo", 6},
                          {"PREX_TIPOEXP", "Tipo destino", 12},

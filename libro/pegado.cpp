@@ -22,13 +22,18 @@ public:
             if (const auto* c = columnas_.value(p_.campos[i]))
                 if (const QString razon = lea(l, *c, celdas[i]); !razon.isEmpty())
                     return razon;
-        if (nace && l.cuenta.isEmpty() && l != LineaComprobante())
+        if (nace && !p_.solo_codigos && l.cuenta.isEmpty() && l != LineaComprobante())
             return QStringLiteral("No tiene cuenta.");
         const QString razon = revise_codigos(l);
         // Sin su cuenta entre lo pegado, lo que se le exija lo dice la línea que ya está.
-        if (!razon.isEmpty() || l.cuenta.isEmpty())
+        if (!razon.isEmpty() || l.cuenta.isEmpty() || p_.solo_codigos)
             return razon;
         const QString falta = revise_exigencias(l);
+        // De una base y su porcentaje sale el importe.
+        if (falta.isEmpty() && nace && p_.exige_valor && l.debito.es_cero() &&
+            l.credito.es_cero() && (l.base.es_cero() || l.porcentaje.es_cero()))
+            return QStringLiteral("Debe indicar un valor débito o crédito para la cuenta %1.")
+                .arg(l.cuenta);
         // La que entra deja su tercero para las que sigan sin él.
         if (falta.isEmpty() && memorias_.tercero_anterior.isEmpty())
             memorias_.tercero_anterior = l.nit;

@@ -11,6 +11,8 @@ struct TextoPegado {
     QStringList campos;     ///< CODE_DEBITO...: a qué columna va cada celda; vacío, a ninguna
     MemoriasLinea memorias; ///< con que se completa lo que falte
     int existentes = 0; ///< las primeras filas caen sobre líneas que ya están; las demás nacen
+    bool exige_valor = false;  ///< una línea que nace lleva débito o crédito
+    bool solo_codigos = false; ///< sin lo que un comprobante exige a cada cuenta
 };
 
 struct FilaRehusada {

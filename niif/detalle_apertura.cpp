@@ -4,6 +4,7 @@
 #include "niif/pch.h"
 #include "niif/tfbalaperturaniif.h"
 #include "sesion/ayuda_al_teclear.h"
+#include "toolkit/rejilla/anuncio_pegado.h"
 
 #include <QScopedValueRollback>
 
@@ -12,6 +13,18 @@ namespace {
 constexpr const char* kImporte = "#,###.00";
 constexpr int kAncestros = 3;
 const QColor kFondoNiif(0xE3, 0xF1, 0xE6), kFondo2649(0xFD, 0xF3, 0xDC);
+
+/// Los códigos que se ofrecen al teclear y los que se exigen al pegar.
+void ofrezca_y_exija(Rejilla& lineas) {
+    ofrezca_al_teclear(lineas, Libro::Decreto2649, "APND_CUENTA", "TERC_NIT");
+    ofrezca_al_teclear(lineas, Libro::Niif, "APND_CTANIIF");
+    ofrezca_centros(lineas, "PROY_COD", "CENT_COD");
+    ReglasPegado::de(lineas).exija("ACTI_COD", [](const QString& codigo) {
+        return fdmcnt().desc_activo(codigo).isEmpty() && fdmArt().desc_articulo(codigo).isEmpty()
+                   ? QStringLiteral("El artículo o activo %1 no existe.").arg(codigo)
+                   : QString();
+    });
+}
 
 } // namespace
 
@@ -81,8 +94,7 @@ QWidget* Tfbalaperturaniif::pagina_detalle() {
                          {"APND_SALDOFIN", "Saldo final", 15, SoloLectura | Suma}});
     DBGridEh2->setMinimumHeight(DBGridEh2->fontMetrics().height() * 7);
     DBGridEh2->pie(true);
-    ofrezca_al_teclear(*DBGridEh2, Libro::Decreto2649, "APND_CUENTA", "TERC_NIT");
-    ofrezca_al_teclear(*DBGridEh2, Libro::Niif, "APND_CTANIIF");
+    ofrezca_y_exija(*DBGridEh2);
     DBGridEh2->enter_como_tab = true;
     DBGridEh2->reclama_escape = true;
     DBGridEh2->texto_vacio = "Sin líneas: Insert agrega la primera.";

@@ -212,25 +212,31 @@ void Tfbalaperturaniif::FormActivate() {
         return;
     borrador_ = new BorradorFilas(
         "apertura_niif", {&CSaldos}, [this] { return hay_por_perder(); }, this);
-    if (borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
-            const qsizetype n = h.cambios.first().size();
+    QString unica;
+    if (borrador_->ofrezca([&unica](const BorradorFilas::Huerfano& h) {
+            const QJsonArray& cuentas = h.cambios.first();
+            if (cuentas.size() == 1)
+                for (const char* parte : {"antes", "valores"})
+                    if (const auto c = cuentas[0][QLatin1String(parte)]["CUEN_COD"]; c.isString())
+                        unica = c.toString();
             return QStringLiteral("quedaron sin grabar cambios de la apertura en %1. Desea "
                                   "retomarlos?")
-                .arg(n == 1 ? QStringLiteral("1 cuenta") : QStringLiteral("%1 cuentas").arg(n));
+                .arg(cuentas.size() == 1 ? QStringLiteral("1 cuenta")
+                                         : QStringLiteral("%1 cuentas").arg(cuentas.size()));
         }))
-        retome_el_detalle();
+        retome_el_detalle(unica);
     borrador_->siga();
 }
 
-void Tfbalaperturaniif::retome_el_detalle() {
-    // El de la cuenta en que se estaba, si quedó descuadrado: solo de allí sale quien lo cuadra.
-    for (CSaldos.First(); !CSaldos.Eof(); CSaldos.Next()) {
-        if (CAperniifdet.agregado_total("Sumadebito") == CAperniifdet.agregado_total("Sumacredito"))
-            continue;
-        if (CAjusniif.Locate("CODIGO", {CSaldos.FieldByName("CUEN_COD").valor()}))
-            AdvGlowButton1Click();
-        return;
-    }
+void Tfbalaperturaniif::retome_el_detalle(const QString& unica) {
+    // El de la única que cambió o, entre varias, el de la que quedó descuadrada: solo de allí sale
+    // quien la cuadra.
+    QString cuenta = unica;
+    for (CSaldos.First(); cuenta.isEmpty() && !CSaldos.Eof(); CSaldos.Next())
+        if (CAperniifdet.agregado_total("Sumadebito") != CAperniifdet.agregado_total("Sumacredito"))
+            cuenta = CSaldos.FieldByName("CUEN_COD").texto();
+    if (!cuenta.isEmpty() && CAjusniif.Locate("CODIGO", {cuenta}))
+        AdvGlowButton1Click();
 }
 
 void Tfbalaperturaniif::CAjusniifAfterScroll() {
@@ -364,7 +370,8 @@ void Tfbalaperturaniif::SBGrabarClick() {
     }
     if (CSaldos.ApplyUpdates(-1) > 0)
         return;
-    borrador_->descarte();
+    if (borrador_)
+        borrador_->descarte();
     CAjusniif.Refresh();
     CAjusniifAfterScroll();
     // Con la suma que sea: la pregunta se hace después de cada grabación.

@@ -59,7 +59,7 @@ private:
     void declare_teclas(Pagina pagina);
     void muestre_pagina(Pagina pagina);
     void CAjusniifAfterScroll();
-    void retome_el_detalle();
+    void retome_el_detalle(const QString& unica);
     bool hay_por_perder() const;
     void AdvGlowButton2Click();
     void traiga(const QString& ano);

@@ -98,6 +98,7 @@ void FormaConcepto::construya() {
                      {"Saldo Inicial", "Debitos mes", "Créditos mes", "Neto mes", "Saldo Final"},
                      {"INI", "DEB", "CRE", "NET", "FIN"});
     ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, "CUEN_COD", "TERC_NIT");
+    ofrezca_centros(*DBGridEh1, "PROY_COD", "CENT_COD");
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->texto_vacio = "El concepto no tiene cuentas. Insert agrega la primera.";
     DBGridEh1->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,

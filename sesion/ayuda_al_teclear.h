@@ -1,6 +1,7 @@
 #pragma once
-// Lo que se ofrece al teclear en una rejilla o una caja: cuentas y terceros, por el comienzo de su
-// código o por palabras de su nombre. Nunca reemplaza lo escogido; se toma con Abajo y Enter.
+// Lo que se ofrece al teclear en una rejilla o una caja: cuentas, terceros, proyectos y centros,
+// por el comienzo de su código o por palabras de su nombre. Nunca reemplaza lo escogido; se toma
+// con Abajo y Enter.
 #include "libro/libro.h"
 
 #include <functional>
@@ -14,6 +15,8 @@ class Rejilla;
 /// los catálogos.
 void ofrezca_al_teclear(Rejilla& rejilla, Libro libro, const QString& cuenta,
                         const QString& tercero = {});
+/// Los que llevan un proyecto y su centro; el centro se ofrece entre los del proyecto de la fila.
+void ofrezca_centros(Rejilla& rejilla, const QString& proyecto, const QString& centro);
 
 /// Cajas de un campo que ofrecen lo mismo. `libro` se pregunta cada vez: puede cambiar.
 EditorSugerido* caja_de_cuenta(ConjuntoDatos& conjunto, const QString& campo,

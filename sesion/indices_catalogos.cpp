@@ -5,17 +5,37 @@
 namespace {
 
 struct Origen {
-    const char *tabla, *codigo, *nombre, *estado, *condicion;
+    const char *tabla, *codigo, *nombre;
+    const char* estado = "''";     ///< lo demás que, si cambia, obliga a leerlos otra vez
+    const char* condicion = "1=1"; ///< los que se ofrecen
+    const char* grupo = "''";      ///< los que se buscan juntos
 };
 
 const Origen kOrigenes[] = {
     {"cuentas", "cuen_cod", "cuen_nom", "cuen_activa",
-     "cuen_afectable = 'S' and cuen_activa = "
-     "'S'"},
+     "cuen_afectable = 'S' and cuen_activa = 'S'"},
     {"cuentas_niif", "cuen_cod", "cuen_nom", "cuen_activa",
      "cuen_afectable = 'S' and cuen_activa = 'S'"},
     {"terceros", "terc_nit", "terc_nom", "terc_estado", "terc_estado = 'S'"},
+    {"proyectos", "proy_cod", "proy_nom"},
+    {.tabla = "centros",
+     .codigo = "cent_cod",
+     .nombre = "cent_nom",
+     .estado = "proy_cod",
+     .grupo = "proy_cod"},
 };
+
+/// Con las agencias separadas, cada usuario ve los centros de la suya, como en su lista.
+QString de_su_agencia() {
+    return fdm().valor<Llave::CentrosPorAgencia>() && fdm().sucursal_usuario != 0
+               ? " and (sucu_id = 0 or sucu_id = " + QString::number(fdm().sucursal_usuario) + ')'
+               : QString();
+}
+
+QString condicion(const Origen& o) {
+    return QLatin1String(o.condicion) +
+           (o.tabla == QLatin1String("centros") ? de_su_agencia() : QString());
+}
 
 } // namespace
 
@@ -32,25 +52,27 @@ QString IndicesCatalogos::sello(Cual cual) {
         QStringLiteral("select count(*), sum(mod(hash(%1 || ' ' || %2 || coalesce(%3, '')), "
                        "1000000007)) from %4 where %5")
             .arg(QLatin1String(o.codigo), QLatin1String(o.nombre), QLatin1String(o.estado),
-                 QLatin1String(o.tabla), QLatin1String(o.condicion)));
+                 QLatin1String(o.tabla), condicion(o)));
     return c->siguiente() ? c->valor(0).texto() + '/' + c->valor(1).texto() : QString();
 }
 
-const IndiceCodigos& IndicesCatalogos::lea(Cual cual) {
+const IndiceCodigos& IndicesCatalogos::lea(Cual cual, const QString& grupo) {
     Leido& l = leidos_[cual];
     if (l.hecho)
-        return l.indice;
+        return l.indices[grupo];
     const Origen& o = kOrigenes[cual];
-    IndiceCodigos indice;
-    const auto c = fdm().Quorvex.abra(QStringLiteral("select %1, %2 from %3 where %4")
-                                          .arg(QLatin1String(o.codigo), QLatin1String(o.nombre),
-                                               QLatin1String(o.tabla), QLatin1String(o.condicion)));
+    std::map<QString, IndiceCodigos> indices;
+    const auto c =
+        fdm().Quorvex.abra(QStringLiteral("select %1, %2, %3 from %4 where %5")
+                               .arg(QLatin1String(o.codigo), QLatin1String(o.nombre),
+                                    QLatin1String(o.grupo), QLatin1String(o.tabla), condicion(o)));
     while (c->siguiente())
-        indice.agregue(c->valor(0).texto(), c->valor(1).texto());
-    indice.ordene();
-    l.indice = std::move(indice);
+        indices[c->valor(2).texto()].agregue(c->valor(0).texto(), c->valor(1).texto());
+    for (auto& [nombre, indice] : indices)
+        indice.ordene();
+    l.indices = std::move(indices);
     l.hecho = true;
-    return l.indice;
+    return l.indices[grupo];
 }
 
 void IndicesCatalogos::refresque(Cual cual) {
@@ -63,13 +85,20 @@ void IndicesCatalogos::refresque(Cual cual) {
     l.sello = ahora;
 }
 
-void IndicesCatalogos::refresque(Libro libro) {
-    // Es una ayuda: sin servidor se queda como estaba, y quien digita lo sabrá por lo que haga.
+void IndicesCatalogos::refresque(std::initializer_list<Cual> cuales) {
     if (!fdm().Quorvex.en_linea())
         return;
     try {
-        refresque(es_niif(libro) ? Niif : Decreto);
-        refresque(Terceros);
+        for (const Cual cual : cuales)
+            refresque(cual);
     } catch (const ErrorDatos&) {
     }
+}
+
+void IndicesCatalogos::refresque(Libro libro) {
+    refresque({es_niif(libro) ? Niif : Decreto, Terceros});
+}
+
+void IndicesCatalogos::refresque_centros() {
+    refresque({Proyectos, Centros});
 }

@@ -1,5 +1,5 @@
 #pragma once
-// Cuentas y terceros de la compañía, en memoria, para completar mientras se teclea.
+// Cuentas, terceros y centros de la compañía, en memoria, para completar mientras se teclea.
 #include "libro/libro.h"
 #include "toolkit/indice_codigos.h"
 
@@ -16,20 +16,26 @@ public:
     const IndiceCodigos& cuentas(Libro libro) { return lea(es_niif(libro) ? Niif : Decreto); }
     /// Terceros activos.
     const IndiceCodigos& terceros() { return lea(Terceros); }
+    const IndiceCodigos& proyectos() { return lea(Proyectos); }
+    /// Los centros del proyecto que el usuario puede ver.
+    const IndiceCodigos& centros(const QString& proyecto) { return lea(Centros, proyecto); }
     /// Los lee si no están y los lee otra vez si alguien los cambió. Se llama al llegar a donde se
     /// van a usar: teclear no pregunta nada a la base.
     void refresque(Libro libro);
+    void refresque_centros();
 
 private:
     using QObject::QObject;
-    enum Cual { Decreto, Niif, Terceros };
+    enum Cual { Decreto, Niif, Terceros, Proyectos, Centros };
     struct Leido {
-        IndiceCodigos indice;
+        std::map<QString, IndiceCodigos> indices; ///< por proyecto los centros; los demás, uno solo
         QString sello; ///< cambia si alguien agrega, quita, apaga o renombra uno
         bool hecho = false;
     };
-    const IndiceCodigos& lea(Cual cual);
+    const IndiceCodigos& lea(Cual cual, const QString& grupo = {});
     void refresque(Cual cual);
+    /// Es una ayuda: sin servidor se queda como estaba, y quien digita lo sabrá por lo que haga.
+    void refresque(std::initializer_list<Cual> cuales);
     static QString sello(Cual cual);
 
     std::map<Cual, Leido> leidos_;

@@ -3,8 +3,8 @@
 #include "libro/aritmetica.h"
 #include "libro/grabacion.h"
 #include "sesion/ayuda_al_teclear.h"
+#include "toolkit/rejilla/anuncio_pegado.h"
 #include "toolkit/rejilla/texto_tabulado.h"
-#include "vouchers/anuncio_pegado.h"
 #include "vouchers/letrero_diferencia.h"
 #include "vouchers/pch.h"
 
@@ -265,6 +265,7 @@ QMenu* LineasCuenta::arme_menu(const QVector<Rejilla::Orden>& ordenes,
 
 void LineasCuenta::ofrezca_al_teclear() {
     ::ofrezca_al_teclear(*rejilla, libro, n_.cuenta, n_.tercero);
+    ofrezca_centros(*rejilla, n_.proyecto, n_.centro);
     rejilla->OnDigitado = [this] {
         if (LabDiferencia)
             LabDiferencia->diga();
@@ -282,41 +283,23 @@ QString LineasCuenta::como_de_comprobante(const QString& columna) const {
 }
 
 std::optional<QVector<QStringList>> LineasCuenta::anuncie_pegado(bool abre_columnas) {
-    QVector<QStringList> filas = lea_tabulado(QApplication::clipboard()->text());
-    if (filas.isEmpty() || (filas.size() == 1 && filas.first().size() == 1))
+    const QVector<QStringList> filas = lea_tabulado(QApplication::clipboard()->text());
+    if (!son_varias_celdas(filas))
         return filas;
-    qsizetype ancho = 0;
-    for (const QStringList& f : filas)
-        ancho = qMax(ancho, f.size());
-    TextoPegado pegado{filas, {}, memorias_de_pegado(), 0};
-    AnuncioPegado anuncio;
-    anuncio.filas = int(filas.size());
-    int c = qMax(0, rejilla->SelectedIndex());
-    for (qsizetype i = 0; i < ancho; ++i, ++c) {
-        while (c < rejilla->cuenta_columnas() && rejilla->isColumnHidden(c))
-            ++c;
-        const bool cabe = c < rejilla->cuenta_columnas();
-        const bool cerrada = cabe && rejilla->columna(c).ReadOnly &&
-                             !(abre_columnas && c >= kTercero && c <= kCentro);
-        const QString columna = cabe && !cerrada ? rejilla->columna(c).FieldName : QString();
-        pegado.campos << como_de_comprobante(columna);
-        anuncio.columnas.append(
-            {!cabe ? QStringLiteral("No cabe: no se pega")
-             : cerrada
-                 ? QStringLiteral("%1: está cerrada, no se pega").arg(rejilla->columna(c).Titulo())
-                 : rejilla->columna(c).Titulo(),
-             filas.first().value(i)});
-    }
     const bool en_blanco = detalle.State() == Estado::Insercion && cuenta().isEmpty();
-    const int desde = en_blanco ? detalle.RecordCount() : qMax(0, detalle.RecNo());
-    anuncio.reemplaza = qBound(0, detalle.RecordCount() - desde, int(filas.size()));
-    pegado.existentes = anuncio.reemplaza;
+    AnuncioPegado anuncio = reparta_pegado(
+        *rejilla, filas, en_blanco ? detalle.RecordCount() : qMax(0, detalle.RecNo()), [&](int c) {
+            return rejilla->columna(c).ReadOnly &&
+                   !(abre_columnas && c >= kTercero && c <= kCentro);
+        });
+    TextoPegado pegado{filas, {}, memorias_de_pegado(), anuncio.reemplaza};
+    for (const auto& columna : anuncio.columnas)
+        pegado.campos << como_de_comprobante(columna.campo);
+    pegado.exige_valor = exige_valor();
     anuncio.rehusadas = revise_pegado(detalle.conexion(), libro, pegado);
     if (muestre_anuncio(rejilla->window(), anuncio) == RespuestaPegado::Desiste)
         return {};
-    for (auto i = anuncio.rehusadas.crbegin(); i != anuncio.rehusadas.crend(); ++i)
-        filas.removeAt(i->fila - 1);
-    return filas;
+    return las_que_entran(filas, anuncio);
 }
 
 void LineasCuenta::prepare_pegado() {

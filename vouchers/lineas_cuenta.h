@@ -85,7 +85,7 @@ public:
     /// van a pegar, o nada si se desistió. Una celda sola no se anuncia. `abre_columnas`: las que
     /// la cuenta anterior cerró también se van a escribir.
     std::optional<QVector<QStringList>> anuncie_pegado(bool abre_columnas);
-    /// Al teclear una cuenta o un tercero se ofrecen los que empiecen así.
+    /// Al teclear una cuenta, un tercero o un centro se ofrecen los que empiecen así.
     void ofrezca_al_teclear();
     /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
     void reciba(const QString& campo, const QString& valor);
@@ -135,6 +135,7 @@ protected:
     virtual QString como_de_comprobante(const QString& columna) const;
     /// Con qué se completa lo que una línea pegada no traiga.
     virtual MemoriasLinea memorias_de_pegado() const { return {}; }
+    virtual bool exige_valor() const { return false; }
     /// La línea guardada que nadie ha cambiado no se vuelve a probar: pasar por ella no atrapa.
     bool intacta() const;
     /// La pantalla que las aloja, que es la que pide por ellas.

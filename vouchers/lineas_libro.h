@@ -117,6 +117,7 @@ protected:
     LineaComprobante linea() const override;
     QString como_de_comprobante(const QString& columna) const override;
     MemoriasLinea memorias_de_pegado() const override;
+    bool exige_valor() const override { return c_.exige_valor; }
     /// Nombres de lo que la línea tiene, sin validarlo.
     void muestre_nombres();
     const AjustesLinea& ajustes() const { return ajustes_; }

@@ -1,5 +1,7 @@
 #include "vouchers/lineas_propuesta.h"
 
+#include "datos/recordset/sin_eventos.h"
+#include "toolkit/rejilla/paso_atras.h"
 #include "vouchers/pch.h"
 
 namespace {
@@ -125,4 +127,69 @@ void LineasPropuesta::validar_centro() {
     muestre_mensaje("Centro-subcentro no encontrado.");
     campo(n_.proyecto).limpie();
     campo(n_.centro).limpie();
+}
+
+// ---------------------------------------------------------------- pegar y deshacer
+
+void LineasPropuesta::pegue_lo_copiado() {
+    const auto filas = anuncie_pegado(false);
+    if (!filas)
+        return;
+    prepare_pegado();
+    con(QStringLiteral("lo pegado"), [&] { rejilla->pegue(*filas); });
+}
+
+LineasPropuesta::Lineas LineasPropuesta::lea_lineas(bool con_la_que_nace) const {
+    Lineas lineas;
+    for (int i = 0; i < detalle.RecordCount(); ++i) {
+        if (!con_la_que_nace && detalle.marca_en(i) == Fila::Marca::Nueva)
+            continue;
+        QVector<Valor> valores;
+        for (int k = 0; k < detalle.FieldCount(); ++k)
+            valores << detalle.valor_en(i, detalle.Fields(k));
+        lineas[detalle.valor_en(i, campo(c_.item)).entero()] = valores;
+    }
+    return lineas;
+}
+
+void LineasPropuesta::con(const QString& que, const std::function<void()>& cambio) {
+    const Lineas antes = lea_lineas(false);
+    cambio();
+    antes_ = antes;
+    despues_ = lea_lineas(true);
+    que_ = que;
+}
+
+void LineasPropuesta::deshaga() {
+    if (!antes_) {
+        QApplication::beep();
+        return;
+    }
+    if (lea_lineas(true) != despues_ && !confirme_deshacer(que_))
+        return;
+    reponga(*std::exchange(antes_, std::nullopt));
+    detalle.First();
+    vacie_nombres();
+    muestre_linea();
+}
+
+void LineasPropuesta::reponga(const Lineas& lineas) {
+    const SinEventos callado(detalle);
+    detalle.Cancel();
+    for (int i = detalle.RecordCount() - 1; i >= 0; --i)
+        if (!lineas.contains(detalle.valor_en(i, campo(c_.item)).entero())) {
+            detalle.vaya_a(i);
+            detalle.Delete();
+        }
+    for (auto i = lineas.begin(); i != lineas.end(); ++i) {
+        if (detalle.Locate(c_.item, {i.key()}))
+            detalle.Edit();
+        else
+            detalle.Append();
+        for (int k = 0; k < detalle.FieldCount(); ++k)
+            if (Campo& c = detalle.Fields(k);
+                c.tipo == TipoCampo::Datos && c.valor() != i.value()[k])
+                c = i.value()[k];
+        detalle.Post();
+    }
 }

@@ -23,6 +23,12 @@ public:
     Moneda suma_credito() const override { return sume(n_.credito); }
     /// Las dos sumas se leen igual.
     bool cuadrada() const;
+    /// Anuncia lo copiado y lo pega en las líneas del libro.
+    void pegue_lo_copiado();
+    /// Corre `cambio` y recuerda cómo estaban las líneas del libro, que es el que está a la vista.
+    void con(const QString& que, const std::function<void()>& cambio);
+    /// Las deja como estaban, una sola vez; si después hubo otros cambios, lo pregunta.
+    void deshaga();
     /// Escribe "?" en la celda, y así su regla abre la búsqueda.
     void pregunte_por(int columna);
 
@@ -32,5 +38,13 @@ protected:
     std::optional<int> digito() const override { return -4; } // diezmilésimas
 
 private:
+    using Lineas = QMap<qint64, QVector<Valor>>; ///< por su número, que es lo que las ordena
+    Lineas lea_lineas(bool con_la_que_nace) const;
+    void reponga(const Lineas& lineas);
+
+    std::optional<Lineas> antes_;
+    Lineas despues_;
+    QString que_;
+
     Moneda sume(const char* lado) const;
 };

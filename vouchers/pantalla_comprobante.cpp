@@ -4,6 +4,7 @@
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/estilo.h"
 #include "toolkit/historia_avisos.h"
+#include "toolkit/rejilla/paso_atras.h"
 #include "vouchers/panel_documento.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -177,9 +178,7 @@ void PantallaComprobante::deshaga_lo_ultimo() {
         fdm().mostrar_advertencia("No hay nada pegado ni traído que se pueda deshacer.");
         return;
     }
-    if (deshacer.hubo_mas_cambios() &&
-        !pregunte_con_no("Después de " + deshacer.que() +
-                         " hubo otros cambios, que también se perderán. Desea deshacerlo?"))
+    if (deshacer.hubo_mas_cambios() && !confirme_deshacer(deshacer.que()))
         return;
     quite_filtro();
     const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);

@@ -107,6 +107,8 @@ void Tfcontabiliza::construya() {
         l->arme_menu({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Borrar, Rejilla::SeleccionarTodo,
                       Rejilla::VistaPreliminar, Rejilla::Guardar},
                      "Contabilizacion", windowTitle());
+        l->rejilla->al_ordenar(Rejilla::Pegar, [l] { l->pegue_lo_copiado(); });
+        l->rejilla->OnDeshacer = [l] { l->deshaga(); };
         l->rejilla->OnDblClick = [l](int columna) { l->pregunte_por(columna); };
     }
     orden_de_entrega<PideCuenta, PideCentro, PideTercero>();
@@ -230,9 +232,6 @@ void Tfcontabiliza::traiga_plantilla(const QString& plantilla) {
         muestre_mensaje("La plantilla " + plantilla + " ya no existe: otro usuario la borró.");
         return;
     }
-    CContadetalle.Cancel();
-    while (!CContadetalle.IsEmpty())
-        CContadetalle.Delete();
     static constexpr ParCampos kPares[] = {
         {"CNDE_CUENTA", "CUEN_COD"},        {"CNDE_TERC", "TERC_NIT"},
         {"CNDE_PROY", "PROY_COD"},          {"CNDE_CENTRO", "CENT_COD"},
@@ -240,14 +239,17 @@ void Tfcontabiliza::traiga_plantilla(const QString& plantilla) {
         {"CNDE_CREDITOS", "PLDE_CREDITOS"}, {"CNDE_BASE", "PLDE_BASE"},
         {"CNDE_PORC", "PLDE_PORC"}};
     LineasPropuesta& l = lineas_a_la_vista();
-    {
+    CContadetalle.Cancel();
+    l.con("la plantilla", [&] {
+        while (!CContadetalle.IsEmpty())
+            CContadetalle.Delete();
         // Una plantilla puede no traer importes: se digitan después.
         const QScopedValueRollback<bool> guarda(l.replicando, true);
         copie_lineas(CPlantilladet, CContadetalle, kPares, [this] {
             if (Campo& concepto = CContadetalle.FieldByName("CNDE_CONC"); concepto.vacio())
                 concepto = CContabiliza.FieldByName("CNTB_CONCEPTO").texto();
         });
-    }
+    });
     CPlantilla.Close();
     CContadetalle.First();
     l.muestre_linea();

@@ -133,6 +133,7 @@ void Tfplanilladatos::defina_hoja() {
     DBGridEh1->ate(&c);
     DBGridEh1->columnas(columnas);
     ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, {}, kTercero);
+    ofrezca_centros(*DBGridEh1, kCentro, kSubcentro);
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
 }
 

@@ -166,9 +166,11 @@ void Tfsaldiniciales::FormActivate() {
         "saldos", {&CSaldos}, [this] { return hay_por_perder(); }, this);
     if (borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
             const qsizetype n = h.cambios.first().size();
-            return QStringLiteral("%1 de saldos iniciales sin grabar. Desea retomarlos?")
-                .arg(n == 1 ? QStringLiteral("quedó 1 línea")
-                            : QStringLiteral("quedaron %1 líneas").arg(n));
+            return n == 1 ? QStringLiteral("quedó 1 línea de saldos iniciales sin grabar. Desea "
+                                           "retomarla?")
+                          : QStringLiteral("quedaron %1 líneas de saldos iniciales sin grabar. "
+                                           "Desea retomarlas?")
+                                .arg(n);
         })) {
         lineas->siga_los_items("SAIN_ITEM");
         lineas->muestre_linea();

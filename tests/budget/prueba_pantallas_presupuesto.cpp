@@ -1,5 +1,6 @@
 // El presupuesto con el teclado: se mira, se digita, se pega, se copia y se compara.
 #include "apoyo/comprobantes.h"
+#include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "budget/peticiones_presupuesto.h"
 #include "budget/registro.h"
@@ -88,24 +89,46 @@ private slots:
         QCOMPARE(valores_de(p->CPresupuesto, "CUENTA"), QStringList({"4", "41", "4135", "413505"}));
     }
 
-    void lo_pegado_se_detiene_en_la_fila_que_no_sirve() {
+    void lo_pegado_se_anuncia_y_no_cambia_lo_que_no_sirve() {
         SesionGui s;
         auto* n = s.abra<Tfnvopresup>("Tfnvopresup", AbrePresupuesto{{2017, 0}});
-        QApplication::clipboard()->setText("510506\t100\t0\n413505\t0\t200\n999999\t1\t1\n");
+        QApplication::clipboard()->setText("510506\t100\t0\n999999\t1\t1\n413505\t0\t200\n"
+                                           "510506\t3\t0\n110505\t1.250\t0\tx\n");
         enfoque(n, "DBGridEh1", 0);
         Interlocutor i;
-        i.espere_comienzo("La cuenta", "No");
+        QStringList rehusadas, columnas;
+        conteste_anuncio(i, "Cancelar", &rehusadas, &columnas);
         n->DBGridEh1->ejecute_orden(Rejilla::Pegar);
-        QCOMPARE(n->CPresupuesto.FieldByName("PRES_DEBITO").texto(), QString("1")); // ahí quedó
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(n->CPresupuesto.IsEmpty());
+        QCOMPARE(columnas.join('|'), "Columna 1: Cuenta|Columna 2: Débito|Columna 3: Crédito|"
+                                     "Columna 4: No cabe: no se pega");
+        QCOMPARE(rehusadas.size(), 3);
+        QVERIFY2(rehusadas[0].contains("999999"), qPrintable(rehusadas[0]));
+        QCOMPARE(rehusadas[1], "4: 510506 ya está en la lista.");
+        QVERIFY2(rehusadas[2].contains("1.250"), qPrintable(rehusadas[2]));
+        conteste_anuncio(i, "Pegar las demás (2)");
+        n->DBGridEh1->ejecute_orden(Rejilla::Pegar);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(valores_de(n->CPresupuesto, "CUEN_COD"), QStringList({"510506", "413505"}));
         // Un paso atrás lo quita todo, una sola vez, y se puede volver a pegar.
         for (int veces = 0; veces < 2; ++veces) {
             oprima(Qt::Key_Z, Qt::ControlModifier);
             QVERIFY(n->CPresupuesto.IsEmpty());
         }
         QCOMPARE(componente<QLineEdit>(n, "NomCuenta").text(), QString());
-        i.espere_comienzo("La cuenta", "No");
+        conteste_anuncio(i, "Pegar las demás (2)");
         oprima(Qt::Key_V, Qt::ControlModifier);
-        oprima(Qt::Key_Escape);
+        n->CPresupuesto.Post();
+        // Sobre lo que ya está, la que no entra deja su fila como estaba y la otra va a la suya.
+        n->CPresupuesto.First();
+        QApplication::clipboard()->setText("mil\n5");
+        enfoque(n, "DBGridEh1", 1);
+        conteste_anuncio(i, "Pegar las demás (1)");
+        oprima(Qt::Key_V, Qt::ControlModifier);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(valores_de(n->CPresupuesto, "PRES_DEBITO"), QStringList({"100", "5"}));
+        oprima(Qt::Key_Z, Qt::ControlModifier);
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato(QString(kDigitado).arg(1)), "413505:0.00:200.00 510506:100.00:0.00");
     }
@@ -122,6 +145,26 @@ private slots:
         Interlocutor i;
         const char* const pregunta =
             "Se borrará el presupuesto previamente digitado para este mes. Continuar?";
+        const auto cuentas = [&] { return valores_de(n->CPresupuesto, "CUEN_COD").join(' '); };
+        // Un paso atrás la deshace, una sola vez; si después se digitó algo, lo pregunta.
+        i.espere(pregunta, "Sí");
+        pulse(n, "SpeedButton2");
+        QCOMPARE(cuentas(), "510506 413505");
+        n->DBGridEh1->SelectedIndex(1);
+        digite("5");
+        oprima(Qt::Key_Down);
+        i.espere("Después de la copia hubo otros cambios, que también se perderán. Desea "
+                 "deshacerlo?",
+                 "Sí");
+        for (int veces = 0; veces < 2; ++veces) {
+            oprima(Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(cuentas() + valores_de(n->CPresupuesto, "PRES_DEBITO").join(' '),
+                     "510506 6135057 9");
+        }
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato(QString(kDigitado).arg(2)), "510506:7.00:0.00 613505:9.00:0.00");
+        n = s.abra<Tfnvopresup>("Tfnvopresup", AbrePresupuesto{{2017, 1}});
+        escriba(n, "ECrecimiento", "10");
         i.espere(pregunta, "Sí");
         pulse(n, "SpeedButton2");
         QCOMPARE(s.dato(QString(kDigitado).arg(2)), "510506:7.00:0.00 613505:9.00:0.00");

@@ -3,6 +3,7 @@
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/controles/navegadordatos.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -25,12 +26,16 @@ const QString kPlantilla = "insert into plantilla_encabezado (plan_id, tico_cod,
 
 /// Las listas en que F3 borra.
 const struct {
-    const char *pantalla, *conjunto, *llave, *tabla, *codigo, *maestro;
+    const char *pantalla, *conjunto, *llave, *tabla, *codigo, *maestro, *avisa;
 } kListas[] = {
-    {"Tfcuentas", "CCuentas", "CUEN_COD", "cuentas", "519530", "la cuenta %1"},
-    {"Tfcuentasniif", "CCuentas", "CUEN_COD", "cuentas_niif", "519530", "la cuenta NIIF %1"},
-    {"Tfterceros", "CTerceros", "TERC_NIT", "terceros", "800456789", "el tercero con NIT %1"},
-    {"Tfarticulos", "CArticulos", "ARTI_COD", "articulo", "MART01", "el artículo %1"},
+    {"Tfcuentas", "CCuentas", "CUEN_COD", "cuentas", "519530", "la cuenta %1",
+     "Borrada la cuenta %1"},
+    {"Tfcuentasniif", "CCuentas", "CUEN_COD", "cuentas_niif", "519530", "la cuenta NIIF %1",
+     "Borrada la cuenta NIIF %1"},
+    {"Tfterceros", "CTerceros", "TERC_NIT", "terceros", "800456789", "el tercero con NIT %1",
+     "Borrado el tercero %1"},
+    {"Tfarticulos", "CArticulos", "ARTI_COD", "articulo", "MART01", "el artículo %1",
+     "Borrado el artículo %1"},
 };
 
 /// Lo que usa un maestro de esas listas y lo que se le dice a quien lo quiere borrar.
@@ -207,10 +212,14 @@ class PruebaBorrados : public QObject {
         i.espere("Desea borrar definitivamente " + QString(l.maestro).arg(codigo) + " ?", sigue[0]);
         for (const QString& dice : sigue.mid(1))
             i.espere(dice);
+        AvisosBarra barra;
+        s.dm.barra(&barra);
         con_foco();
         componente<Rejilla>(p, "DBGridEh1").setFocus();
         oprima(Qt::Key_F3);
+        s.dm.barra(nullptr);
         QVERIFY2(i.conforme(), qPrintable(sigue.last() + " -> " + i.queja()));
+        QCOMPARE(barra.text() == QString(l.avisa).arg(codigo), *quedan == '0');
         QCOMPARE(valores_de(c, l.llave).contains(codigo), *quedan == '1');
         QCOMPARE(s.dato(QString("select count(*) from %1 where %2 = %3")
                             .arg(l.tabla, l.llave, QuotedStr(codigo))),

@@ -1,6 +1,7 @@
 // Las pantallas de importar, exportar y mantener, con teclas: lo que preguntan, lo que avisan y lo
 // que queda en la base.
 #include "apoyo/comprobantes.h"
+#include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "exchange/registro.h"
 #include "exchange/tfimportarinv2.h"
@@ -8,6 +9,7 @@
 #include "exchange/tfrechazosimp.h"
 
 #include <QButtonGroup>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -197,6 +199,12 @@ void PruebaPantallasIntercambio::las_equivalencias_se_graban_y_la_cuenta_debe_ex
     agote_eventos();
     enfoque(p, "DBGridEh1", 1);
     digite("1105");
+    QApplication::clipboard()->setText("111005\tA1\n9\tB\n110505\tC\n");
+    enfoque(p, "DBGridEh1", 0);
+    QStringList rehusadas;
+    conteste_anuncio(*i_, "Cancelar", &rehusadas);
+    oprima(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(rehusadas.join('|'), "2: La cuenta 9 no existe.");
     i_->espere("La cuenta 9 no existe.");
     enfoque(p, "DBGridEh1", 0);
     digite("9");

@@ -1,10 +1,12 @@
 // La revisión de una propuesta: se guarda sola si nadie debe confirmarla, y si no, se corrige con
 // las reglas de los comprobantes en el libro que dice cada renglón.
+#include "apoyo_gui/anuncio.h"
 #include "posting/modulos_de_prueba.h"
 #include "posting/registro.h"
 #include "vouchers/registro.h"
 #include "vouchers/tfcontabiliza.h"
 
+#include <QClipboard>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QtTest>
@@ -323,19 +325,48 @@ void PruebaContabiliza::la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista()
     const QString pregunta = "Al traer la plantilla perderá los movimientos digitados en el "
                              "comprobante, Continuar?";
     QVERIFY(revise([&](Tfcontabiliza& p) {
+        // Lo pegado se anuncia y, como la plantilla, se deshace una vez.
+        const auto lineas = [&] {
+            return (valores_de(p.CContadetalle, "CNDE_ITEM") +
+                    valores_de(p.CContadetalle, "CNDE_CUENTA") +
+                    valores_de(p.CContadetalle, "CNDE_DEBITOS"))
+                .join('|');
+        };
+        const QString antes = lineas();
+        p.CContadetalle.Last();
+        p.lineas_2649->rejilla->setFocus();
+        p.lineas_2649->rejilla->SelectedIndex(0);
+        QApplication::clipboard()->setText("999999\n110515\t\t\t\t\t\t\t\t\t5\n110505\n");
+        QStringList rehusadas;
+        conteste_anuncio(*i_, "Pegar las demás (1)", &rehusadas);
+        oprima(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(rehusadas.value(1),
+                 "3: Debe indicar un valor débito o crédito para la cuenta 110505.");
+        QCOMPARE(valores_de(p.CContadetalle, "CNDE_CUENTA").mid(3, 1), QStringList({"110515"}));
+        oprima(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(lineas(), antes);
+        i_->espere_modal("Tfbuscplantilla", [&](QWidget*) { lista.conteste("50"); });
+        i_->espere(pregunta, "Sí");
+        oprima(Qt::Key_F9);
+        QCOMPARE(p.CContadetalle.RecordCount(), 2);
+        p.lineas_2649->rejilla->setFocus();
+        for (int veces = 0; veces < 2; ++veces) {
+            oprima(Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(lineas(), antes);
+        }
         for (const QString& respuesta : {"No", "Sí"}) {
             i_->espere_modal("Tfbuscplantilla", [&](QWidget*) { lista.conteste("50"); });
             i_->espere(pregunta, respuesta);
             oprima(Qt::Key_F9);
             QCOMPARE(p.CContadetalle.RecordCount(), respuesta == "No" ? 3 : 2);
         }
-        QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList({"4", "5"}));
+        QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList({"7", "8"}));
         QCOMPARE(valores_de(p.CContadetalle, "CNDE_CONC"), QStringList({"Propio", "Prueba"}));
         oprima(Qt::Key_F2);
     }));
     QCOMPARE(filas_de(base(), "select cnde_item, cnde_cuenta, cnde_debitos, cnde_creditos from"
                               " contabilizacion_det where cnde_item < 100000 order by 1"),
-             "4|110515|119000|\n5|110505|0|119000");
+             "7|110515|119000|\n8|110505|0|119000");
     QCOMPARE(s_->dato("select count(*) from contabilizacion_det where cnde_item >= 100000"), "3");
 }
 

@@ -2,7 +2,7 @@
 #include "rejilla_de_prueba.h"
 
 #include "apoyo/archivos.h"
-#include "apoyo_gui/interlocutor.h"
+#include "apoyo_gui/anuncio.h"
 #include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/rejilla/tabla_rejilla.h"
@@ -82,6 +82,8 @@ private slots:
         p.detalle->vaya_a(2);
         p.rejilla->SelectedIndex(p.Cuenta);
         ponga("5105\tSueldos\tViajes\t1,250.50\t\ts\r\n5195\tÚtiles\tVAR\t20\t0\tno\r\n");
+        Interlocutor i;
+        espere_anuncio(i);
         p.tecla(Qt::Key_V, Qt::ControlModifier);
         QVERIFY2(p.fallas.isEmpty(), qPrintable(p.fallas.join('|')));
         QCOMPARE(cambios, 2);
@@ -202,6 +204,13 @@ private slots:
         menu->actions()[2]->trigger();
         QCOMPARE(propias, 2);
         QVERIFY(p.detalle->IsEmpty());
+        // La que no se digita lo dice, si es más de una celda.
+        p.rejilla->ReadOnly = true;
+        ponga("1105\ta");
+        dice([&] { p.tecla(Qt::Key_V, Qt::ControlModifier); },
+             "Esta lista no se digita: no se puede pegar en ella.");
+        p.rejilla->ReadOnly = false;
+        QCOMPARE(propias, 2);
         // Clic derecho fuera de la selección mueve la celda antes de abrir el menú.
         ponga("1105");
         p.rejilla->pegue();

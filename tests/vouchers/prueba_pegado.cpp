@@ -1,5 +1,5 @@
 // Pegar un comprobante largo: entra como si se digitara, y lo repetido se valida una vez.
-#include "vouchers/anuncio.h"
+#include "apoyo_gui/anuncio.h"
 #include "vouchers/digitador.h"
 
 #include <QClipboard>

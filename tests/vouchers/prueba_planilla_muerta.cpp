@@ -4,6 +4,7 @@
 #include "apoyo/comprobantes.h"
 #include "apoyo/muerte.h"
 #include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/huerfano.h"
 #include "sesion/borrador_filas.h"
 #include "vouchers/digitador.h"
@@ -39,6 +40,8 @@ void grabe_la_hoja(const QString& base, const std::function<void()>& antes_de_gr
         celdas += QString("%1\t%2\t%3\t\n").arg(1 + f % 28).arg(f).arg(f * 37);
     QApplication::clipboard()->setText(celdas);
     enfoque(hoja, "DBGridEh1", 0);
+    Interlocutor i;
+    espere_anuncio(i);
     hoja->DBGridEh1->ejecute_orden(Rejilla::Pegar);
     antes_de_grabar();
     oprima(Qt::Key_F2);
@@ -141,7 +144,7 @@ private slots:
         const auto dato = [&](const char* sql) { return s.dm.Quorvex.consulte(sql).texto(); };
         Interlocutor i;
         i.espere("Hace 5 minutos quedaron 3 líneas de saldos iniciales sin grabar. Desea "
-                 "retomarlos?",
+                 "retomarlas?",
                  "Sí");
         auto* p = s.abra<Tfsaldiniciales>("Tfsaldiniciales");
         QVERIFY2(i.conforme(), qPrintable(i.queja()));

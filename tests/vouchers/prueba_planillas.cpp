@@ -1,6 +1,7 @@
 // Planillas de digitación: definirlas, y crear con una hoja muchos comprobantes o ninguno.
 #include "apoyo/comprobantes.h"
 #include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/huerfano.h"
 #include "sesion/borrador_filas.h"
 #include "vouchers/digitador.h"
@@ -228,13 +229,14 @@ private slots:
                                            "7\t3\t\t\t\t\n"
                                            "8\t4\t5\t\t\t6\n");
         enfoque(p, "DBGridEh1", 0);
+        Interlocutor i;
         for (int veces = 0; veces < 2; ++veces) {
+            espere_anuncio(i);
             p->DBGridEh1->ejecute_orden(Rejilla::Pegar);
             QCOMPARE(p->DBGridEh1->suma(2), pesos("205"));
             if (veces == 0)
                 oprima(Qt::Key_Z, Qt::ControlModifier);
         }
-        Interlocutor i;
         i.espere("No puede grabar un comprobante descuadrado. Se omite el comprobante 2\n"
                  "No puede grabar un comprobante descuadrado. Se omite el comprobante 4");
         oprima(Qt::Key_F2);
@@ -254,8 +256,9 @@ private slots:
                                            "6\t2\t100\t\t10\t\n" // la retención pide base
                                            "7\t1\t50\t\t\t\n");
         enfoque(p, "DBGridEh1", 0);
-        p->DBGridEh1->ejecute_orden(Rejilla::Pegar);
         Interlocutor i;
+        espere_anuncio(i);
+        p->DBGridEh1->ejecute_orden(Rejilla::Pegar);
         i.espere("No se grabó ningún comprobante.\n"
                  "Fila 2, comprobante 2: cuenta 236540: Debe indicar una base para el movimiento.\n"
                  "Fila 3, comprobante 1: el número está repetido en la planilla.");
@@ -331,6 +334,8 @@ private slots:
         QCOMPARE(p->DBGridEh1->cuenta_columnas(), 13);
         QApplication::clipboard()->setText(hoja);
         enfoque(p, "DBGridEh1", 0);
+        Interlocutor i;
+        espere_anuncio(i);
         p->DBGridEh1->ejecute_orden(Rejilla::Pegar);
         QCOMPARE(p->CVirtdata.RecordCount(), 200);
         s.base.ejecute({"create table transacciones (t bigint)",

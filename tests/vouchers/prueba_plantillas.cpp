@@ -1,8 +1,8 @@
 // Plantillas: crearlas, corregirlas, buscarlas y traerlas a un comprobante.
 #include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/huerfano.h"
 #include "sesion/borrador_filas.h"
-#include "vouchers/anuncio.h"
 #include "vouchers/digitador.h"
 #include "vouchers/tfbuscplantilla.h"
 #include "vouchers/tfedtplantilla.h"

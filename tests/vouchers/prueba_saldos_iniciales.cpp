@@ -1,7 +1,7 @@
 // Saldos iniciales: una tabla plana que se digita como un gran comprobante.
 #include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/anuncio.h"
 #include "reports/informe_de_prueba.h"
-#include "vouchers/anuncio.h"
 #include "vouchers/digitador.h"
 #include "vouchers/lineas_saldos.h"
 #include "vouchers/tfmnusaldosi.h"

@@ -3,6 +3,7 @@
 #include "vouchers/digitador.h"
 
 #include "apoyo/reloj_de_prueba.h"
+#include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/fotos.h"
 #include "apoyo_gui/huerfano.h"
 #include "catalogues/registro_terceros.h"
@@ -35,29 +36,6 @@ QStringList codigos(SesionGui& s) {
         for (int i = 0; i < l->topLevelItemCount(); ++i)
             lista << l->topLevelItem(i)->text(0);
     return lista;
-}
-
-/// Contesta el anuncio del pegado con el botón de ese rótulo, y guarda lo que dice.
-void conteste_anuncio(Interlocutor& i, const QString& boton, QStringList* rehusadas = nullptr,
-                      QStringList* columnas = nullptr) {
-    i.espere_modal("anuncio_pegado", [=](QWidget* w) {
-        tome_foto(w, "anuncio");
-        const auto filas = [w](const char* tabla) {
-            QStringList lista;
-            if (auto* t = w->findChild<QTreeWidget*>(tabla))
-                for (int f = 0; f < t->topLevelItemCount(); ++f)
-                    lista << t->topLevelItem(f)->text(0) + ": " + t->topLevelItem(f)->text(1);
-            return lista;
-        };
-        if (rehusadas)
-            *rehusadas = filas("rehusadas");
-        if (columnas)
-            *columnas = filas("columnas");
-        for (QPushButton* b : w->findChildren<QPushButton*>())
-            if (b->text().remove('&') == boton)
-                return QTest::keyClick(b, Qt::Key_Space);
-        QFAIL("sin ese botón");
-    });
 }
 
 /// Fecha y líneas del último comprobante que no es el 500.
@@ -109,6 +87,45 @@ void tambien_se_completa_en_niif_y_en_el_encabezado(SesionGui& s, Digitador& d) 
     QCOMPARE(p->CMovimiento.FieldByName("ENCO_NOMTERC").texto(),
              QString("Ferretería El Tornillo S.A.S."));
     QVERIFY(!p->DBEdit2->hasFocus());
+}
+
+/// Nada se escoge solo, y el usuario de una agencia no ve los de las demás si se separan.
+void los_centros_se_ofrecen_entre_los_del_proyecto(SesionGui& s, Digitador& d) {
+    Tfmovimien* p = d.p;
+    d.entre_a_la_rejilla();
+    d.linea({"519530", ""});
+    digite("adm");
+    QCOMPARE(codigos(s), QStringList({"0001"}));
+    oprima(Qt::Key_Down);
+    tome_foto(&s.ventana, "proyectos");
+    oprima(Qt::Key_Return);
+    QCOMPARE(d.celda("PROY_COD"), QString("0001"));
+    digite("00");
+    QCOMPARE(codigos(s), s.dato("select list(cent_cod) from (select cent_cod from centros "
+                                "where proy_cod = '0001' order by cent_cod)")
+                             .split(','));
+    oprima(Qt::Key_Escape);
+    QVERIFY(!sugerencias(s));
+    QCOMPARE(d.rejilla().texto_digitado(), QString("00"));
+    oprima(Qt::Key_Escape);
+    digite("contabil"); // más de lo que la celda guarda, para buscar
+    QCOMPARE(codigos(s), QStringList({"0002"}));
+    oprima(Qt::Key_Down);
+    tome_foto(&s.ventana, "centros");
+    oprima(Qt::Key_Return);
+    QCOMPARE(d.celda("CENT_COD") + p->lineas_2649->NomCent->text(), QString("0002Contabilidad"));
+    p->CDetalle.Cancel();
+    s.base.ejecute({"update centros set sucu_id = 7 where proy_cod = '0001' and cent_cod = "
+                    "'0002'"});
+    s.configure("FILTRAR CENTROS DE COSTO POR AGENCIA", "SI");
+    s.dm.sucursal_usuario = 2;
+    p->DBEdit1->setFocus();
+    d.entre_a_la_rejilla();
+    d.linea({"519530", "", "0001"});
+    digite("contab");
+    QVERIFY(codigos(s).isEmpty());
+    s.dm.sucursal_usuario = 0;
+    p->CDetalle.Cancel();
 }
 
 } // namespace
@@ -237,6 +254,7 @@ private slots:
         oprima(Qt::Key_Escape);
         p->CDetalle.Cancel();
         tambien_se_completa_en_niif_y_en_el_encabezado(s, d);
+        los_centros_se_ofrecen_entre_los_del_proyecto(s, d);
         // Y "?" pregunta también en el proyecto.
         ListaFalsa<PideCentro> centros("Tfcentros");
         d.entre_a_la_rejilla();

@@ -13,6 +13,10 @@
 #include <QRegularExpressionValidator>
 #include <QScrollBar>
 
+namespace {
+constexpr int kParaBuscar = 20; ///< un código corto también se busca por palabras de su nombre
+}
+
 EditorCelda::EditorCelda(QWidget* padre) : QLineEdit(padre) {
     setObjectName(QStringLiteral("editor_celda"));
     setFrame(false);
@@ -34,7 +38,7 @@ void EditorCelda::prepare(const Campo& campo, bool numerico, const QString& titu
     decimales_ = numerico ? decimales_de_operacion(campo) : -1;
     setAlignment(numerico ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
     setMaxLength(campo.clase == ClaseCampo::Texto && campo.Size > 0 && opciones.isEmpty()
-                     ? campo.Size
+                     ? (Sugiere ? qMax(campo.Size, kParaBuscar) : campo.Size)
                      : 32767);
     const QString patron = patron_opcional(campo.EditMask);
     const QValidator* anterior = validator();

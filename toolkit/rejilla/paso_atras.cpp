@@ -4,6 +4,11 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/rejilla/rejilla.h"
 
+bool confirme_deshacer(const QString& que) {
+    return pregunte_con_no("Después de " + que +
+                           " hubo otros cambios, que también se perderán. Desea deshacerlo?");
+}
+
 PasoAtras::PasoAtras(Rejilla& rejilla) : QObject(&rejilla), rejilla_(rejilla) {}
 
 PasoAtras& PasoAtras::de(Rejilla& rejilla) {
@@ -32,7 +37,8 @@ QVector<PasoAtras::Valores> PasoAtras::todas() const {
     return filas;
 }
 
-void PasoAtras::con(const std::function<void()>& cambio) {
+void PasoAtras::con(const std::function<void()>& cambio, const QString& que) {
+    que_ = que;
     ConjuntoDatos& c = *rejilla_.conjunto();
     c.FetchAll(); // una fila que llegue después no es de lo pegado
     filas_reiniciadas();
@@ -75,9 +81,7 @@ void PasoAtras::deshaga() {
         QApplication::beep();
         return;
     }
-    if (todas() != *despues_ &&
-        !pregunte_con_no("Después de lo pegado hubo otros cambios, que también se perderán. Desea "
-                         "deshacerlo?"))
+    if (todas() != *despues_ && !confirme_deshacer(que_))
         return;
     const int columna = rejilla_.SelectedIndex();
     {

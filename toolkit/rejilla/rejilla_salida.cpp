@@ -7,8 +7,11 @@
 #include "toolkit/exportacion/impresion_tabla.h"
 #include "toolkit/impresora.h"
 #include "toolkit/proteccion.h"
+#include "toolkit/rejilla/anuncio_pegado.h"
 #include "toolkit/rejilla/tabla_rejilla.h"
+#include "toolkit/rejilla/texto_tabulado.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -98,6 +101,9 @@ void Rejilla::al_ordenar(Orden orden, std::function<void()> accion) {
 }
 
 void Rejilla::ejecute_orden(Orden orden) {
+    if (orden == Pegar && conjunto() && conjunto()->Active() && !editable() &&
+        son_varias_celdas(lea_tabulado(QApplication::clipboard()->text())))
+        muestre_mensaje(QStringLiteral("Esta lista no se digita: no se puede pegar en ella."));
     if (!permite_orden(orden))
         return;
     proteja([&] {
@@ -112,7 +118,9 @@ void Rejilla::ejecute_orden(Orden orden) {
         case Copiar:
             return copie();
         case Pegar:
-            return pegue();
+            return digitando()
+                       ? pegue()
+                       : pegue_con_anuncio(*this, lea_tabulado(QApplication::clipboard()->text()));
         case Borrar:
             return borre_seleccion();
         case SeleccionarTodo:

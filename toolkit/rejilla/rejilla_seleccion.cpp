@@ -298,6 +298,9 @@ void Rejilla::pegue(const TextoTabulado& tabla) {
         int linea = 0;
         try {
             for (; linea < tabla.size() && pase_a_la_fila_pegada(fila, linea == 0); ++linea) {
+                // La que no entra deja como estaba la fila sobre la que caía.
+                if (tabla[linea].isEmpty() && linea > 0)
+                    conjunto()->Cancel();
                 int c = primera;
                 for (const QString& celda : tabla[linea]) {
                     if (c < 0)
