@@ -1,5 +1,6 @@
 #include "vouchers/lineas_saldos.h"
 
+#include "toolkit/estilo.h"
 #include "vouchers/letrero_diferencia.h"
 #include "vouchers/nombres_en_linea.h"
 #include "vouchers/pch.h"
@@ -37,6 +38,9 @@ QWidget* LineasSaldos::construya_pagina() {
     NomTerc = caja_de_nombre("NomTerc");
     NomProy = caja_de_nombre("NomProy");
     NomCent = caja_de_nombre("NomCent");
+    constexpr int kLetras = 12; // de un nombre, en letra grande o en una ventana angosta
+    for (QLineEdit* nombre : {NomCuenta, NomTerc})
+        nombre->setMinimumWidth(ancho_caracteres(nombre->fontMetrics(), kLetras));
     const auto suma = [](const char* nombre) {
         EditorNumero* e = EditorNumero::de_saldo();
         e->setObjectName(nombre);

@@ -7,6 +7,8 @@
 #include "cada_pantalla.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editornumero.h"
+#include "toolkit/estilo.h"
+#include "toolkit/pivote/rejilla_cubo.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -180,6 +182,13 @@ void revise_ventana(Pantalla* p, QStringList& faltas) {
             faltas << nombre_de(r) + " se desplaza y su ventana puede ensancharse";
 }
 
+/// La columna que no se desplaza no tapa las cifras del cubo.
+void revise_cubos(const Pantalla* p, QStringList& faltas) {
+    for (const RejillaCubo* r : p->findChildren<RejillaCubo*>())
+        if (r->columnWidth(0) > qMax(paso(12), r->viewport()->width() / 2))
+            faltas << nombre_de(r) + ": la columna fija tapa las cifras";
+}
+
 void revise_rejillas(const Pantalla* p, QStringList& faltas) {
     for (Rejilla* r : p->findChildren<Rejilla*>()) {
         if (!r->isVisible() || !r->conjunto() || !r->conjunto()->Active())
@@ -324,6 +333,7 @@ private slots:
                         hojas->setCurrentIndex(i);
                         revise_rejillas(p, suyas);
                     }
+                revise_cubos(p, suyas);
                 revise_cajas(p, suyas);
                 revise_nombres(p, suyas);
                 revise_botones(p, suyas);

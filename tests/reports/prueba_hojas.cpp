@@ -69,12 +69,13 @@ void arme_volumen(Conexion& base, int n) {
         return codigo;
     };
     int item = 0;
-    const auto linea = [&](int cuenta, const QString& nit, const QString& cent, int valor) {
-        c.lineas << Linea{++item, hoja("1305", cuenta), Moneda(valor), Moneda(), nit, "0001", cent}
-                 << Linea{++item, hoja("4135", cuenta), Moneda(), Moneda(valor), nit, "0001", cent};
+    const auto linea = [&](int cuenta, const QString& nit, const QString& cent, Moneda valor) {
+        c.lineas << Linea{++item, hoja("1305", cuenta), valor, Moneda(), nit, "0001", cent}
+                 << Linea{++item, hoja("4135", cuenta), Moneda(), valor, nit, "0001", cent};
     };
+    const Moneda larga = Moneda::de_texto("9999999999999"); // la de cada cuenta, si es una sola
     for (int i = 0; i < n; ++i)
-        linea(i, tercero(1 + i % 50), centro(1 + i % 3), 1000 + i);
+        linea(i, tercero(1 + i % 50), centro(1 + i % 3), n == 1 ? larga : Moneda(1000 + i));
     for (int i = 0; n > 1 && i < kTercerosDeUna; ++i)
         linea(n - 1, tercero(100 + i), centro(100 + i), 1);
     grabe(base, c);
@@ -182,6 +183,7 @@ void PruebaHojas::de_una_a_tres_mil_cuentas() {
         const QString quien = e.clase + ' ' + e.tipo + ' ' + e.casillas.join(',');
         const QString texto = corra(e, e.clase == "Tfrngcomparacentro" ? kCentros0001 : Cajas());
         revise_hojas(quien, texto, true);
+        QVERIFY2(cuentas > 1 || texto.contains("9,999,999,999,999.00"), qPrintable(quien));
         if (e.tipo == "G")
             continue; // no llega a las cuentas
         const bool balance = !e.clase.startsWith("Tfrngresul");

@@ -105,6 +105,20 @@ void RejillaCubo::ajuste_anchos() {
             ancho = qMax(ancho, letra.horizontalAdvance(modelo_.index(f, c).data().toString()));
         setColumnWidth(c, qMin(ancho + paso(2), paso(50)));
     }
+    pedido_fija_ = columnWidth(0);
+    acomode_fija();
+}
+
+void RejillaCubo::acomode_fija() {
+    // La que no se desplaza deja a la vista al menos la mitad: si no, taparía todas las cifras.
+    const int cabe = qMin(pedido_fija_, qMax(paso(12), viewport()->width() / 2));
+    if (pedido_fija_ > 0 && columnWidth(0) <= pedido_fija_)
+        setColumnWidth(0, cabe);
+}
+
+void RejillaCubo::resizeEvent(QResizeEvent* evento) {
+    QTableView::resizeEvent(evento);
+    acomode_fija();
 }
 
 void RejillaCubo::alterne_actual() {

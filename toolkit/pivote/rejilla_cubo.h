@@ -37,12 +37,15 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
 
 private:
     void sin_moverse(const std::function<void()>& cambio);
     void ajuste_anchos();
+    void acomode_fija();
 
     ModeloCubo modelo_;
-    class ColumnaFija* fija_;
+    class ColumnaFija* fija_ = nullptr;
+    int pedido_fija_ = 0; ///< ancho que pide la columna que no se desplaza
     const Cubo* cubo_ = nullptr;
 };
