@@ -294,10 +294,10 @@ void PruebaManos::cada_fila_nueva_empieza_donde_se_digita() {
 
 void PruebaManos::lo_digitado_en_una_ficha_no_se_pierde_con_esc() {
     // Lo que en estas se digita no es un registro: son los datos de un proceso que no se ha hecho,
-    // o el encabezado de un comprobante sin líneas.
-    static const QSet<QString> sin_registro{"Tfmovimien",   "Tfajustesinf", "Tfbajaactivo",
-                                            "Tfcalculadep", "Tfcausadifc",  "Tfcierreanual",
-                                            "Tfcierreter",  "Tfvalactivo",  "Tfejecutaregiauto"};
+    // o el encabezado de un comprobante o de una plantilla sin líneas.
+    static const QSet<QString> sin_registro{
+        "Tfmovimien",  "Tfplantilla",   "Tfajustesinf", "Tfbajaactivo", "Tfcalculadep",
+        "Tfcausadifc", "Tfcierreanual", "Tfcierreter",  "Tfvalactivo",  "Tfejecutaregiauto"};
     QStringList malas;
     int vistas = 0;
     con_cada_pantalla(*s_, [&](Pantalla* p) {
