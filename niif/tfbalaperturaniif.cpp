@@ -172,7 +172,7 @@ void Tfbalaperturaniif::declare_teclas(Pagina pagina) {
         break;
     case Detalle:
         tecla(Qt::Key_F2, "Aceptar", [this] { AdvGlowButton3Click(); });
-        tecla(Qt::Key_F5, "Cuadrar la línea o, si ya cuadran, abrir la hoja de trabajo",
+        tecla(Qt::Key_F5, "Cuadrar la línea o abrir la hoja de trabajo",
               [this] { cuadre_o_abra_hoja(); });
         tecla(Qt::Key_Escape, "Cancelar", [this] { cierre_detalle(); });
         break;

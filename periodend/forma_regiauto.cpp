@@ -73,6 +73,7 @@ void FormaRegiauto::construya() {
         {{"RECO_ITEM", "Ítem", 6, SoloLectura}, {"NomConc", "Concepto", 50, SoloLectura}});
     DBGridEh1->texto_vacio = "El registro no tiene conceptos. F8 escoge el primero.";
     DBGridEh1->OnDblClick = [this](int) { SBConceptosClick(); };
+    DBGridEh1->OnReturn = [this] { SBConceptosClick(); }; // nada se digita en ella: se escoge
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
                                   [this] { SBGrabarClick(); }));

@@ -222,7 +222,7 @@ void FormaNota::SBGrabarClick() {
 bool FormaNota::FormClose() {
     if (!grabada_ && CNotasestados.Active() &&
         (retocada_ || Editor->modificado() || hay_a_medio_escribir(*this)) &&
-        !pregunte_con_no("La nota tiene cambios sin grabar. Desea salir sin grabarlos?"))
+        !pregunte_con_no("Desea salir y perder los cambios que no ha grabado?"))
         return false;
     CNotasestados.Cancel();
     CNotasestados.Close();

@@ -44,6 +44,7 @@ QStringList impresoras() {
 Tfmodformato::Tfmodformato() : Tfmodformato("Tfmodformato", "Modificar informe") {}
 
 Tfmodformato::Tfmodformato(const QString& clase, const QString& titulo) : Pantalla(clase, titulo) {
+    cuide_lo_digitado(*this, {&CFormato, &CFormadatos, &CFormalineas});
     defina_nacimientos();
     Formulario f(this);
     construya_encabezado(f);
@@ -391,9 +392,5 @@ void Tfmodformato::SBCancelClick() {
         DBGridEh2->setFocus();
         return;
     }
-    const bool cambiado = hay_a_medio_escribir(*this) || CFormato.Modified() ||
-                          CFormadatos.Modified() || CFormalineas.Modified() ||
-                          CFormato.ChangeCount() > 0;
-    if (!cambiado || pregunte_con_no("Hay cambios sin grabar. Desea salir sin grabarlos?"))
-        close();
+    close();
 }

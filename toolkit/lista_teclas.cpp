@@ -164,14 +164,16 @@ void muestre_teclas(Pantalla& pantalla) {
     tabla->setAlternatingRowColors(true);
     for (const TeclaExplicada& t : teclas_explicadas(pantalla))
         new QTreeWidgetItem(tabla, {t.tecla, t.que_hace});
-    tabla->resizeColumnToContents(0);
+    for (const int columna : {0, 1})
+        tabla->resizeColumnToContents(columna);
     auto* botones = new QDialogButtonBox;
     botones->addButton(QStringLiteral("Salir"), QDialogButtonBox::RejectRole);
     QObject::connect(botones, &QDialogButtonBox::rejected, &dialogo, &QDialog::reject);
     auto* todo = new QVBoxLayout(&dialogo);
     todo->addWidget(tabla);
     todo->addWidget(botones);
-    dialogo.resize(escalado(520), escalado(460));
+    const int ancho = tabla->columnWidth(0) + tabla->columnWidth(1) + paso(6);
+    dialogo.resize(qBound(escalado(520), ancho, escalado(900)), escalado(460));
     tabla->setCurrentItem(tabla->topLevelItem(0));
     tabla->setFocus();
     dialogo.exec();

@@ -129,6 +129,7 @@ void PruebaMensajes::uno_vacio_no_se_envia_y_esc_no_deja_nada() {
     i_->espere("Escriba antes el mensaje.");
     oprima(Qt::Key_F2);
     digite("a medias");
+    i_->espere("Desea salir y perder los cambios que no ha grabado?", "Sí");
     oprima(Qt::Key_Escape);
     agote_eventos();
     QCOMPARE(filas("select count(*) from mensajeria"), "0");

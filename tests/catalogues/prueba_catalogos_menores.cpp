@@ -99,7 +99,7 @@ private slots:
             de_nuevo.Edit();
             de_nuevo.FieldByName(m.nombre) = "Descartado";
             de_nuevo.Next(); // queda en memoria, no en la base
-            oprima(Qt::Key_Escape);
+            dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "Sí");
             QVERIFY2(s.escritorio.abiertas().isEmpty(), m.pantalla);
             QCOMPARE(nombre_de(s, m), "Prueba ñandú");
             s.dm.barra(nullptr);

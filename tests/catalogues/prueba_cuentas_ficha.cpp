@@ -148,7 +148,7 @@ private slots:
         oprima(Qt::Key_Space);
         QVERIFY(cuentas(p).FieldByName("CUEN_PORC").nulo());
         QVERIFY(!editor(p, "EPorcentaje").isEnabled() && !editor(p, "EBase").isEnabled());
-        p->close();
+        dice([&] { p->close(); }, "Desea salir y perder los cambios que no ha grabado?", "Sí");
 
         p = modifique(s, "236540");
         QCOMPARE(editor(p, "EPorcentaje").text(), "2.5");
@@ -258,9 +258,14 @@ private slots:
         QVERIFY(!editor(p, "EBase").isEnabled());
         oprima(Qt::Key_F5);
         QCOMPARE(campo(p, "CUEN_COD"), "613505");
-        // Salir con Esc no graba lo que se estaba digitando.
-        escriba(p, "ENombre", "Otro nombre");
-        oprima(Qt::Key_Escape);
+        // Salir con Esc pregunta antes de perder lo que se digita, también sin dejar el control.
+        const QString perder = "Desea salir y perder los cambios que no ha grabado?";
+        editor(p, "ENombre").setFocus();
+        editor(p, "ENombre").selectAll();
+        digite("Otro nombre");
+        dice(Qt::Key_Escape, perder, "No");
+        QCOMPARE(editor(p, "ENombre").text(), "Otro nombre");
+        dice(Qt::Key_Escape, perder, "Sí");
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QVERIFY(ficha(s, "613505").startsWith("Costo de ventas|"));
     }

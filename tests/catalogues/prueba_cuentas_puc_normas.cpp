@@ -206,7 +206,7 @@ private slots:
         conjunto(p, "CNorma").Locate("NNIF_ID", {qint64(13)});
         conjunto(p, "CNorma").Delete();
         con_foco();
-        oprima(Qt::Key_Escape);
+        dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "Sí");
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(s.dato("select count(*) from normas_niif_detalle where nnif_id = 13"), "3");
     }

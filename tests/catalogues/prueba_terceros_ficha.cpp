@@ -130,7 +130,7 @@ private slots:
         Pantalla* p = nuevo("12AB34567890123456789");
         QCOMPARE(campo(p, "TERC_NIT").texto(), "123456789012345");
         QVERIFY(componente<EditorDato>(p, "DBEdit8").isReadOnly());
-        p->close();
+        dice([&] { p->close(); }, "Desea salir y perder los cambios que no ha grabado?", "Sí");
 
         s.configure(kLetras, "SI");
         s.configure(kDigito, "SI");
@@ -395,7 +395,7 @@ private slots:
         oprima(Qt::Key_F2);
         QCOMPARE(s.escritorio.abiertas().size(), 1);
         QVERIFY(s.dato("select terc_tel from terceros where terc_nit = '800456789'").isEmpty());
-        p->close();
+        dice([&] { p->close(); }, "Desea salir y perder los cambios que no ha grabado?", "Sí");
 
         s.dm.modulo = "C. X PAGAR"; // rige el permiso de CAJA
         s.otorgue(10);

@@ -101,7 +101,7 @@ private slots:
         tipos(p).FieldByName("TICO_COD") = "CG";
         tipos(p).FieldByName("TICO_NOM") = "Otro";
         dice(Qt::Key_F2, "Ya existe el registro en la tabla Tipocomp");
-        oprima(Qt::Key_Escape);
+        dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "Sí");
 
         p = pantallas().abrir("Tftipodoc");
         QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
@@ -112,7 +112,7 @@ private slots:
                          "usa en los prefijos de los comprobantes.");
         QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'RC'"), "1");
         QCOMPARE(s.dato("select count(*) from prefijos_conta where tico_cod = 'RC'"), "2");
-        oprima(Qt::Key_Escape);
+        dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "Sí");
 
         // Quitando antes los prefijos, en la misma ventana, el tipo sí se va.
         p = pantallas().abrir("Tftipodoc");
@@ -132,7 +132,7 @@ private slots:
         digite("Cambiado");
         oprima(Qt::Key_Tab);
         tipos(p).Last();
-        oprima(Qt::Key_Escape);
+        dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "Sí");
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_nom = 'Cambiado'"), "0");
     }

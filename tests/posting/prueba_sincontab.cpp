@@ -382,7 +382,7 @@ void PruebaSincontab::los_marcados_siguen_aunque_uno_falle_y_el_resumen_lleva_al
     i.espere_modal("Tfcontabiliza", [](QWidget* w) {
         w->findChild<Tfcontabiliza*>("Tfcontabiliza")->close(); // el lote espera por la respuesta
     });
-    i.espere("Documentos que faltan del lote: 1. Desea seguir con ellos?", "Sí");
+    i.espere("Documentos que faltan del lote: 2. Desea seguir con ellos?", "Sí");
     i.espere(kSinInterfaz);
     espere_pantalla<Tfresumencontab>(i, "Tfresumencontab", [](Tfresumencontab& r) {
         QCOMPARE(r.ECuenta->text(), "3 contabilizados, 1 en espera, 1 con falla.");

@@ -254,7 +254,7 @@ private slots:
         QCOMPARE(e->CFormadatos.RecordCount(), 2);
         oprima(Qt::Key_Up);
         QCOMPARE(e->CFormadatos.RecordCount(), 1);
-        const QString pregunta = "Hay cambios sin grabar. Desea salir sin grabarlos?";
+        const QString pregunta = "Desea salir y perder los cambios que no ha grabado?";
         Interlocutor i;
         i.espere(pregunta, "No");
         componente<QPushButton>(e, "SBCancel").click();
@@ -484,7 +484,7 @@ private slots:
             QVERIFY2(dijo.startsWith("Otro usuario"), qPrintable(dijo));
             QCOMPARE(escritorio()->activa(), e);
             QCOMPARE(e->CFormato.FieldByName("FOCO_NOMBRE").texto(), QString("Mío"));
-            i.espere("Hay cambios sin grabar. Desea salir sin grabarlos?", "Sí");
+            i.espere("Desea salir y perder los cambios que no ha grabado?", "Sí");
             componente<QPushButton>(e, "SBCancel").click();
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
         }

@@ -109,7 +109,7 @@ void PruebaNotas::el_periodo_da_el_numero_y_retrocede_hasta_el_cierre() {
     digite("Capital");
     {
         Interlocutor i; // un título sin nota tampoco se pierde callado
-        i.espere("La nota tiene cambios sin grabar. Desea salir sin grabarlos?", "No");
+        i.espere("Desea salir y perder los cambios que no ha grabado?", "No");
         oprima(Qt::Key_Escape);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
@@ -138,7 +138,7 @@ void PruebaNotas::se_copia_de_otro_periodo_y_se_modifica() {
     QCOMPARE(f->Editor->texto->toPlainText(), QString("Al costo"));
     {
         Interlocutor i; // lo que no se ha grabado no se pierde sin preguntar
-        i.espere("La nota tiene cambios sin grabar. Desea salir sin grabarlos?", "No");
+        i.espere("Desea salir y perder los cambios que no ha grabado?", "No");
         oprima(Qt::Key_Escape);
     }
     QVERIFY(s.escritorio.abierta("Tfmodnotasestados"));

@@ -77,13 +77,6 @@ private slots:
         cierre_un_dialogo();
         nadie();
         QTRY_COMPARE(QApplication::activeWindow(), &principal);
-        // Lo da y enseguida lo quita: se pide una vez más, y no otra.
-        for (const bool vuelve : {true, false}) {
-            nadie();
-            emit qApp->applicationStateChanged(Qt::ApplicationInactive);
-            agote_eventos();
-            QCOMPARE(QApplication::activeWindow() == &principal, vuelve);
-        }
         // El usuario siguió aquí y después se fue a otra parte: no se le quita.
         cierre_un_dialogo();
         agote_eventos();

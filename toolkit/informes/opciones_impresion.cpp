@@ -174,9 +174,6 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     liste_impresoras();
     if (!inicial.impresora.isEmpty())
         impresora_->setCurrentText(inicial.impresora);
-    // La vista preliminar pide imprimir: sin impresoras, lo que se puede es un archivo.
-    if (a_impresora_->isChecked() && !impresora_->isEnabled())
-        a_archivo_->setChecked(true);
     ajuste();
     ok->setFocus();
 }
