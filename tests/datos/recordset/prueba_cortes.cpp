@@ -104,6 +104,15 @@ struct Mirador : EnlaceDatos {
     void filas_insertadas(int, int) override { mire(); }
 };
 
+/// Los que este programa tiene abiertos.
+QSet<QString> sockets() {
+    QSet<QString> abiertos;
+    for (const QFileInfo& f : QDir("/proc/self/fd").entryInfoList(QDir::System | QDir::Files))
+        if (const QString cual = f.symLinkTarget(); cual.contains("socket:["))
+            abiertos << cual;
+    return abiertos;
+}
+
 } // namespace
 
 class PruebaCortes : public QObject {
@@ -455,6 +464,11 @@ private slots:
             medida.conectar(red_->por_aqui(servidor_->parametros("SYSDBA")));
             entrada = red_->pasados(Intermediario::HaciaServidor) - entrada;
         }
+        QSet<QString> suyos = sockets();
+        Conexion quieta;
+        quieta.conectar(red_->por_aqui(servidor_->parametros("SYSDBA")));
+        suyos = sockets() - suyos;
+        QVERIFY(!suyos.isEmpty());
         // A media entrada de la prueba, al terminarla y en su despedida.
         for (const qint64 n : {entrada / 2, entrada - 2, entrada + 2, entrada + 8}) {
             Conexion c;
@@ -464,9 +478,15 @@ private slots:
             QVERIFY_EXCEPTION_THROWN(
                 c.consulte("select count(*) from larga a, larga b where a.nom <> b.nom"),
                 ErrorBase);
+            // El corte no suelta los sockets: el mismo número le tocaría al siguiente que abra uno,
+            // y quien esperaba en él esperaría en el ajeno.
+            if (!suyos.isEmpty())
+                QVERIFY(sockets().contains(suyos));
+            suyos.clear(); // su dueña los suelta cuando la usen
             red_->atienda();
             limites_de_red(antes);
             QCOMPARE(c.consulte("select count(*) from larga").entero(), qint64(3000));
+            QCOMPARE(quieta.consulte("select count(*) from larga").entero(), qint64(3000));
         }
     }
 
