@@ -136,7 +136,7 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     f.dato("NOMBRE COMPANIA", 195, 38, F::Encabezado, 13);
     f.dato("ENCABEZA COMPANIA", 195, 70, F::Encabezado, kLetraMenuda);
     f.texto("NIT", 195, 90);
-    f.dato("NIT COMPANIA", 235, 90, F::Encabezado, kLetraMenuda);
+    f.dato("NIT COMPANIA", 245, 90, F::Encabezado, kLetraMenuda);
     f.dato("DIR COMPANIA", 195, 110, F::Encabezado, kLetraMenuda);
     f.texto("Tel.", 700, 110);
     f.dato("TELS COMPANIA", 745, 110, F::Encabezado, kLetraMenuda);
@@ -173,10 +173,10 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     f.texto("Créditos", 1805, 239);
     constexpr int kSegundo = kDetalle + 21;
     f.dato("CUENTA", 100, kDetalle, F::Detalle, kLetraMenuda);
-    f.dato("NOMBRE CUENTA", 245, kDetalle, F::Detalle, kLetraMenuda, 34);
-    f.dato("NOMBRE CENTRO COSTO", 245, kSegundo, F::Detalle, kLetraMenuda, 34);
-    f.dato("NOMBRE TERCERO", 705, kDetalle, F::Detalle, kLetraMenuda, 28);
-    f.dato("NOMBRE SUBCEBTRO COSTO", 705, kSegundo, F::Detalle, kLetraMenuda, 28);
+    f.dato("NOMBRE CUENTA", 245, kDetalle, F::Detalle, kLetraMenuda, 38);
+    f.dato("NOMBRE CENTRO COSTO", 245, kSegundo, F::Detalle, kLetraMenuda, 38);
+    f.dato("NOMBRE TERCERO", 705, kDetalle, F::Detalle, kLetraMenuda, 31);
+    f.dato("NOMBRE SUBCEBTRO COSTO", 705, kSegundo, F::Detalle, kLetraMenuda, 31);
     f.dato("DOCUMENTO ITEM", 1085, kDetalle, F::Detalle, kLetraMenuda, 16);
     f.dato("DOCUMENTO VENCE", 1085, kSegundo, F::Detalle, kLetraMenuda);
     f.dato("PORCENTAJE ITEM", 1360, kDetalle, F::Detalle, kLetraMenuda);
