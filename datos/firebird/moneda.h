@@ -7,6 +7,7 @@
 #include <compare>
 #include <optional>
 #include <stdexcept>
+#include <type_traits>
 
 class ErrorMoneda : public std::runtime_error {
 public:
@@ -23,6 +24,10 @@ public:
     constexpr Moneda() = default;
     /// Pesos enteros.
     Moneda(int pesos) : unidades_(qint64(pesos) * kEscala) {}
+    /// Un número más ancho, o con decimales, se recortaría sin decirlo.
+    template <class T, class = std::enable_if_t<std::is_floating_point_v<T> ||
+                                                (std::is_integral_v<T> && sizeof(T) > sizeof(int))>>
+    Moneda(T) = delete;
     static constexpr Moneda de_unidades(qint64 diezmilesimas) {
         Moneda m;
         m.unidades_ = diezmilesimas;
