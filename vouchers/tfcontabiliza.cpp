@@ -224,7 +224,7 @@ void Tfcontabiliza::SpeedButton9Click() {
 void Tfcontabiliza::traiga_plantilla(const QString& plantilla) {
     if (!CContadetalle.IsEmpty() &&
         !pregunte_con_no("Al traer la plantilla perderá los movimientos digitados en "
-                  "el comprobante, Continuar?"))
+                         "el comprobante, Continuar?"))
         return;
     CPlantilla.Reabra();
     if (!CPlantilla.Locate("plan_id", {plantilla.toInt()})) {

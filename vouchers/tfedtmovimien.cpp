@@ -422,7 +422,7 @@ void Tfedtmovimien::SBBorrarClick() {
 void Tfedtmovimien::traiga_plantilla(const QString& plantilla) {
     if (!lineas_2649->sin_lineas() &&
         !pregunte_con_no("Al traer la plantilla perderá los movimientos digitados en el "
-                  "comprobante, Continuar?"))
+                         "comprobante, Continuar?"))
         return;
     if (!ubique_plantilla(CPlantilla, plantilla))
         return;

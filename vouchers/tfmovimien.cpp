@@ -450,7 +450,7 @@ void Tfmovimien::busque_plantilla() {
 void Tfmovimien::traiga_plantilla(const QString& plantilla) {
     if (!lineas_2649->sin_lineas() &&
         !pregunte_con_no("Al traer la plantilla perderá los movimientos digitados en "
-                  "el comprobante, Continuar?"))
+                         "el comprobante, Continuar?"))
         return;
     if (!ubique_plantilla(CPlantilla, plantilla))
         return;
