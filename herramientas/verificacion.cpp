@@ -4,8 +4,7 @@
 
 namespace {
 
-constexpr int kIntentos = 20; // cada uno espera su turno tras quien compacta
-constexpr int kMuestra = 20;  // hallazgos que se nombran de cada causa; los demás se cuentan
+constexpr int kMuestra = 20; // hallazgos que se nombran de cada causa; los demás se cuentan
 
 const char* const kLibros[][2] = {{"2649", ""}, {"NIIF", "_NIIF"}};
 
@@ -75,21 +74,13 @@ void revise_saldos(Conexion& c, Transaccion& foto, const QString& libro, Hallazg
 
 /// Si otro compactó mientras corría, la foto ya no sirve y se toma otra.
 void recalcule_libro(Conexion& c, const QString& sufijo) {
-    for (int intento = 1;; ++intento) {
-        try {
-            Transaccion t(c, Transaccion::Modo::EscrituraInstantanea);
-            c.prepare(QStringLiteral("execute procedure chequeo_saldos_conta%1('00000101', '0',"
-                                     " '99999999999999999999')")
-                          .arg(sufijo),
-                      t)
-                ->ejecute_con_salida(t, {});
-            t.confirme();
-            return;
-        } catch (const ErrorBase& e) {
-            if (!e.conflicto() || intento == kIntentos)
-                throw;
-        }
-    }
+    c.en_transaccion(Transaccion::Modo::EscrituraInstantanea, [&](Transaccion& t) {
+        c.prepare(QStringLiteral("execute procedure chequeo_saldos_conta%1('00000101', '0',"
+                                 " '99999999999999999999')")
+                      .arg(sufijo),
+                  t)
+            ->ejecute_con_salida(t, {});
+    });
 }
 
 qint64 diferencias(Conexion& c) {

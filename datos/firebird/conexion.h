@@ -170,8 +170,15 @@ private:
     std::unique_ptr<Interno> interno_;
 };
 
+/// Lo que se insiste si otro estorba, según cómo se escribe.
+constexpr Reintento::Paciencia paciencia_de(ModoTransaccion modo) {
+    return modo == ModoTransaccion::EscrituraSinEspera     ? Reintento::Paciencia::Ninguna
+           : modo == ModoTransaccion::EscrituraInstantanea ? Reintento::Paciencia::Proceso
+                                                           : Reintento::Paciencia::Usuario;
+}
+
 template <class F> auto Conexion::en_transaccion(ModoTransaccion modo, F&& trabajo) {
-    for (Reintento reintento(modo != ModoTransaccion::EscrituraSinEspera);;) {
+    for (Reintento reintento(paciencia_de(modo));;) {
         try {
             Transaccion transaccion(*this, modo);
             if constexpr (std::is_void_v<decltype(trabajo(transaccion))>) {
