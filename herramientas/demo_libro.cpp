@@ -38,7 +38,9 @@ struct LibroDemo::Sentencias {
                                     " prco_pref, enco_numero, enco_fecha, enco_concepto,"
                                     " enco_tiporef, enco_idref, enco_usuario, terc_nit,"
                                     " enco_nomterc, enco_monto, enco_descontable, enco_repniif)"
-                                    " values (?,?,?,?,?,?,0,0,?,?,?,?,'S','N')")),
+                                    " values (?,?,?,?,?,?,0,0,?,?,coalesce(cast(? as varchar(60)),"
+                                    " (select terc_nom from terceros where terc_nit = ?)),?,"
+                                    "'S','N')")),
           detalle(c, transaccion, QStringLiteral("insert into comprobante_detalle ") + kColumnas),
           niif(c, transaccion,
                QStringLiteral("insert into comprobante_detalle_niif ") + kColumnas) {}
@@ -91,7 +93,7 @@ QString LibroDemo::asiente(const AsientoDemo& a) {
     s_->encabezado.ejecute(s_->transaccion,
                            {Valor(id), Valor(a.tipo), Valor(a.prefijo), Valor(numero),
                             Valor(a.fecha), Valor(a.concepto), Valor(usuario), nulo_si_vacio(a.nit),
-                            Valor(a.nombre), Valor(monto)});
+                            nulo_si_vacio(a.nombre), nulo_si_vacio(a.nit), Valor(monto)});
     escriba(s_->detalle, id, a, a.renglones);
     escriba(s_->niif, id, a, niif);
     renglones_ += a.renglones.size();

@@ -44,7 +44,7 @@ int ConjuntoDatos::fila_con(const QVector<Campo*>& llaves, const QVector<Valor>&
         indice_busqueda_ = std::make_unique<IndiceBusqueda>();
     IndiceBusqueda& indice = *indice_busqueda_;
     if (indice.version != version_ || indice.llaves != llaves) {
-        indice = {version_, llaves, 0, {}};
+        indice = {version_, llaves, 0, {}, {}};
         return kSinIndice; // la primera vez no se sabe si habrá otra
     }
     for (; indice.filas < int(orden_.size()); ++indice.filas) {

@@ -69,7 +69,7 @@ const Cuenta kPlan[] = {
 
 void agregue_plan(Conexion& c) {
     Transaccion t(c, Transaccion::Modo::Escritura);
-    for (const QString& libro : {"CUENTAS_NIIF", "CUENTAS"}) {
+    for (const QString libro : {"CUENTAS_NIIF", "CUENTAS"}) {
         Preparada inserte(c, t,
                           QString("insert into %1 (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, "
                                   "cuen_retencion, cuen_tipo, cuen_activa, cuen_basemin, "
