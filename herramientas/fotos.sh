@@ -8,6 +8,8 @@ set -euo pipefail
 raiz=$(cd "$(dirname "$0")/.." && pwd)
 carpeta=$1
 shift
+# Con el equipo ocupado una serie tarda más de lo que Qt le da a una prueba.
+export QTEST_FUNCTION_TIMEOUT=3600000
 export QT_QPA_PLATFORM=offscreen QUORVEX_PROYECTO=$raiz QUORVEX_CONSTRUCCION=$raiz/build
 fallas=0
 [ $# = 0 ] && set -- {1366x768,2732x1536}_{1,1.5,2}_claro 1366x768_1_oscuro
