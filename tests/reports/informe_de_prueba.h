@@ -26,6 +26,19 @@ inline void espere_pdf(Interlocutor& i, const QString& ruta) {
     });
 }
 
+/// Contesta a la exportación con ese archivo y ese tipo; `propuesto` es el nombre que debe ofrecer.
+inline void espere_exportar(Interlocutor& i, const QString& ruta, const char* tipo,
+                            const QString& propuesto = {}) {
+    i.espere_modal("guardar_seleccion", [=](QWidget* w) {
+        auto* nombre = w->findChild<QLineEdit*>("fileNameEdit");
+        if (!propuesto.isEmpty())
+            QCOMPARE(nombre->text(), propuesto);
+        static_cast<QFileDialog*>(w)->selectNameFilter(tipo);
+        nombre->setText(ruta);
+        QMetaObject::invokeMethod(w, "accept");
+    });
+}
+
 /// Oprime la tecla en la pantalla, graba el informe como PDF y devuelve su texto. Con la variable
 /// QUORVEX_PDF deja una copia en esa carpeta, para mirarla.
 inline QString informe_como_texto(Pantalla* pantalla, int clave) {

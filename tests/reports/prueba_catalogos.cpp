@@ -410,13 +410,7 @@ void PruebaCatalogos::exportar_pide_la_opcion_105_y_propone_su_nombre() {
     QTemporaryDir carpeta;
     const QString ruta = carpeta.filePath("cuentas.csv");
     f->ckniif->setChecked(true);
-    i.espere_modal("guardar_seleccion", [&](QWidget* w) {
-        auto* nombre = w->findChild<QLineEdit*>("fileNameEdit");
-        QCOMPARE(nombre->text(), QString("RepEstResul"));
-        static_cast<QFileDialog*>(w)->selectNameFilter("Comma separated values (*.csv)");
-        nombre->setText(ruta);
-        QMetaObject::invokeMethod(w, "accept");
-    });
+    espere_exportar(i, ruta, "Comma separated values (*.csv)", QString("RepEstResul"));
     componente<QPushButton>(f, "botonExportar").click();
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QFile archivo(ruta);

@@ -84,11 +84,7 @@ struct DosCompanias : SesionGui {
         QTemporaryDir carpeta;
         const QString ruta = carpeta.filePath("consolidado.xls");
         Interlocutor i;
-        i.espere_modal("guardar_seleccion", [&](QWidget* w) {
-            static_cast<QFileDialog*>(w)->selectNameFilter("Microsoft Excel Workbook (*.xls)");
-            w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
-            QMetaObject::invokeMethod(w, "accept");
-        });
+        espere_exportar(i, ruta, "Microsoft Excel Workbook (*.xls)");
         componente<QPushButton>(f, "botonExportar").click();
         const LectorXls libro(ruta);
         QMap<QString, CeldaLeida> celdas;

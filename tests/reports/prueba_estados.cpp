@@ -302,13 +302,8 @@ void PruebaEstados::las_notas_van_a_continuacion_solo_si_se_piden() {
     f->ckNotas->setChecked(true);
     QTemporaryDir carpeta;
     Interlocutor i;
-    i.espere_modal("guardar_seleccion", [&](QWidget* w) {
-        auto* nombre = w->findChild<QLineEdit*>("fileNameEdit");
-        QCOMPARE(nombre->text(), QString("RepBalanCta"));
-        static_cast<QFileDialog*>(w)->selectNameFilter("Comma separated values (*.csv)");
-        nombre->setText(carpeta.filePath("b.csv"));
-        QMetaObject::invokeMethod(w, "accept");
-    });
+    espere_exportar(i, carpeta.filePath("b.csv"), "Comma separated values (*.csv)",
+                    QString("RepBalanCta"));
     componente<QPushButton>(f, "botonExportar").click();
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QFile csv(carpeta.filePath("b.csv"));
@@ -355,11 +350,7 @@ void PruebaEstados::el_libro_exportado_lleva_tipos_y_sangria() {
             componente<QCheckBox>(f, qPrintable(c)).click();
         const QString ruta = carpeta.filePath(QString("e%1.xls").arg(e));
         Interlocutor i;
-        i.espere_modal("guardar_seleccion", [&](QWidget* w) {
-            static_cast<QFileDialog*>(w)->selectNameFilter("Microsoft Excel Workbook (*.xls)");
-            w->findChild<QLineEdit*>("fileNameEdit")->setText(ruta);
-            QMetaObject::invokeMethod(w, "accept");
-        });
+        espere_exportar(i, ruta, "Microsoft Excel Workbook (*.xls)");
         componente<QPushButton>(f, "botonExportar").click();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         LectorXls libro(ruta);

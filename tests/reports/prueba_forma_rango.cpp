@@ -122,13 +122,7 @@ void PruebaFormaRango::exportar_exige_su_derecho_y_graba_todas_las_columnas() {
     s.otorgue(116);
     QTemporaryDir carpeta;
     const QString ruta = carpeta.filePath("aux.csv");
-    i.espere_modal("guardar_seleccion", [&](QWidget* w) {
-        auto* nombre = w->findChild<QLineEdit*>("fileNameEdit");
-        QCOMPARE(nombre->text(), QString("RepAuxCta"));
-        static_cast<QFileDialog*>(w)->selectNameFilter("Comma separated values (*.csv)");
-        nombre->setText(ruta);
-        QMetaObject::invokeMethod(w, "accept");
-    });
+    espere_exportar(i, ruta, "Comma separated values (*.csv)", QString("RepAuxCta"));
     componente<QPushButton>(f, "botonExportar").click();
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QFile archivo(ruta);
@@ -161,11 +155,7 @@ void PruebaFormaRango::el_libro_de_calculo_lleva_numeros_y_tildes() {
     auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
     QTemporaryDir carpeta;
     Interlocutor i;
-    i.espere_modal("guardar_seleccion", [&](QWidget* w) {
-        static_cast<QFileDialog*>(w)->selectNameFilter("Microsoft Excel Workbook (*.xls)");
-        w->findChild<QLineEdit*>("fileNameEdit")->setText(carpeta.filePath("aux.xls"));
-        QMetaObject::invokeMethod(w, "accept");
-    });
+    espere_exportar(i, carpeta.filePath("aux.xls"), "Microsoft Excel Workbook (*.xls)");
     componente<QPushButton>(f, "botonExportar").click();
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     const LectorXls libro(carpeta.filePath("aux.xls"));

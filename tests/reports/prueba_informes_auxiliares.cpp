@@ -209,13 +209,7 @@ void PruebaInformesAuxiliares::el_saldo_de_la_hoja_es_el_que_se_exporta() {
         QTemporaryDir carpeta;
         const QString ruta = carpeta.filePath("aux.csv");
         Interlocutor i;
-        i.espere_modal("guardar_seleccion", [&](QWidget* w) {
-            auto* nombre = w->findChild<QLineEdit*>("fileNameEdit");
-            QCOMPARE(nombre->text(), QString(archivo));
-            static_cast<QFileDialog*>(w)->selectNameFilter("Comma separated values (*.csv)");
-            nombre->setText(ruta);
-            QMetaObject::invokeMethod(w, "accept");
-        });
+        espere_exportar(i, ruta, "Comma separated values (*.csv)", QString(archivo));
         componente<QPushButton>(f, "botonExportar").click();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
