@@ -86,6 +86,8 @@ Tfbalanceprueba::Tfbalanceprueba()
     Panel->setObjectName("Panel");
     Panel->setFrameShape(QFrame::StyledPanel);
     Panel->setAutoFillBackground(true);
+    // Cubre todo lo suyo: mostrarlo no obliga a pintar la rejilla que tapa.
+    Panel->setAttribute(Qt::WA_OpaquePaintEvent);
     auto* aviso = new QVBoxLayout(Panel);
     aviso->setContentsMargins(paso(3), paso(2), paso(3), paso(2));
     aviso->addWidget(new QLabel("Actualizando balance. Espere un momento...", Panel));

@@ -137,7 +137,8 @@ END^
 -- Cada cuenta con saldo se reparte a los códigos de los que cuelga según ESTRUCTURA: así el costo
 -- es el de las cuentas y sus meses, no el de las líneas. MOVIDAS dice si algo bajo el código tiene
 -- saldo o movimiento, aunque su suma dé cero. La suma va delante y busca cada cuenta por su clave:
--- al revés, el motor la repetiría por cada cuenta.
+-- al revés, el motor la repetiría por cada cuenta. Cuando el plan entero no hace falta, el límite
+-- sobre CUEN_COD evita que el motor lo recorra para descartarlo fila por fila.
 CREATE OR ALTER PROCEDURE BALANCE_PRUEBA{_NIIF} (
   ANO varchar(4), MES smallint, SOLO_MOVIDAS char(1), NIVEL_MAXIMO integer)
 RETURNS (CODIGO varchar(20), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2),
@@ -158,7 +159,8 @@ BEGIN
       FROM (
         SELECT CUENTA, INICIAL, DEBITOS, CREDITOS FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES)
         UNION ALL
-        SELECT CUEN_COD, 0, 0, 0 FROM {CUENTAS} WHERE :SOLO_MOVIDAS <> 'S') L
+        SELECT CUEN_COD, 0, 0, 0 FROM {CUENTAS}
+        WHERE :SOLO_MOVIDAS <> 'S' AND CUEN_COD >= iif(:SOLO_MOVIDAS = 'S', '~', '')) L
       JOIN ESTRUCTURA N ON N.ESTR_DIGITOS <= char_length(L.CUENTA)
         AND (N.ESTR_NIVEL <= :NIVEL_MAXIMO OR N.ESTR_NIVEL = 1)
       GROUP BY 1, 2) S

@@ -84,8 +84,19 @@ AnchosRejilla::AnchosRejilla(Rejilla& rejilla, QObject* padre)
 
 // ---------------------------------------------------------------- medir
 
-int AnchosRejilla::ancho_de_cifra(int columna, int desde, int hasta) const {
-    // La de más letras es la mayor o la menor: no hay que dar formato a cada una.
+void AnchosRejilla::vea(int columna, int fila, std::pair<double, int>& mas_ancha) const {
+    const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(fila);
+    const double letra = QFontMetricsF(rejilla_.font()).averageCharWidth();
+    const double ancho = regla_.ancho(aspecto.letra, rejilla_.modelo().texto(fila, columna)) +
+                         (rejilla_.sangrada(columna) ? aspecto.nivel * 2 * letra : 0);
+    if (ancho > mas_ancha.first)
+        mas_ancha = {ancho, fila};
+}
+
+void AnchosRejilla::vea_extremos(int columna, int desde, int hasta,
+                                 std::pair<double, int>& mas_ancha) const {
+    // La cifra de más letras es la mayor o la menor: no hay que dar formato a cada una. Un decimal
+    // que se calla cuando es cero solo cambia de las primeras, y esas se miran todas.
     const ModeloConjunto& modelo = rejilla_.modelo();
     int mayor = desde, menor = desde;
     Moneda alta, baja;
@@ -96,45 +107,22 @@ int AnchosRejilla::ancho_de_cifra(int columna, int desde, int hasta) const {
         if (v < baja)
             baja = v, menor = f;
     }
-    int ancho = 0;
-    for (const int f : {mayor, menor})
-        if (f < hasta)
-            ancho = qMax(ancho,
-                         rejilla_.itemDelegate()->sizeHint({}, modelo.index(f, columna)).width());
-    return ancho;
-}
-
-int AnchosRejilla::texto_mas_largo(int columna, int desde, int hasta) const {
-    const ModeloConjunto& modelo = rejilla_.modelo();
-    int fila = -1;
-    qsizetype largo = 0;
-    for (int f = desde; f < qMin(hasta, desde + kFilasCodigo); ++f)
-        if (const qsizetype n = modelo.texto(f, columna).size(); n > largo)
-            largo = n, fila = f;
-    return fila < 0 ? 0
-                    : rejilla_.itemDelegate()->sizeHint({}, modelo.index(fila, columna)).width();
+    vea(columna, mayor, mas_ancha);
+    vea(columna, menor, mas_ancha);
 }
 
 int AnchosRejilla::contenido(int columna, int desde, int hasta) const {
-    const ModeloConjunto& modelo = rejilla_.modelo();
-    const bool cifras = modelo.numerica(columna);
-    int ancho = 0;
-    qsizetype largo[2] = {-1, -1}; // sin y con negrilla
-    for (int f = desde; f < qMin(hasta, desde + kFilasMedidas); ++f) {
-        // De las cifras basta medir las de más letras: medir un texto es lo que cuesta.
-        if (cifras) {
-            qsizetype& visto = largo[rejilla_.aspecto_de(f).letra.bold()];
-            const qsizetype n = modelo.texto(f, columna).size();
-            if (n < visto)
-                continue;
-            visto = n;
-        }
-        ancho =
-            qMax(ancho, rejilla_.itemDelegate()->sizeHint({}, modelo.index(f, columna)).width());
-    }
-    if (cifras)
-        return qMax(ancho, ancho_de_cifra(columna, desde, hasta));
-    return es_texto_largo(columna) ? ancho : qMax(ancho, texto_mas_largo(columna, desde, hasta));
+    const bool cifras = rejilla_.modelo().numerica(columna);
+    const int miradas = cifras || es_texto_largo(columna) ? kFilasMedidas : kFilasCodigo;
+    std::pair<double, int> mas_ancha{-1, -1};
+    for (int f = desde; f < qMin(hasta, desde + miradas); ++f)
+        vea(columna, f, mas_ancha);
+    if (cifras && desde < hasta)
+        vea_extremos(columna, desde, hasta, mas_ancha);
+    if (mas_ancha.second < 0)
+        return 0;
+    const QModelIndex celda = rejilla_.modelo().index(mas_ancha.second, columna);
+    return rejilla_.itemDelegate()->sizeHint({}, celda).width();
 }
 
 int AnchosRejilla::ancho_del_pie(int columna) const {
@@ -248,7 +236,11 @@ int AnchosRejilla::ancho_disponible() const {
     const int barra = rejilla_.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &rejilla_);
     const int filas =
         rejilla_.modelo().rowCount() * rejilla_.verticalHeader()->defaultSectionSize();
-    return todo.width() - (filas > todo.height() - barra ? barra : 0);
+    // Sin filas queda como estaba: al volver a leer se vacía y se llena, y no hay que repartir ni
+    // pintar dos veces.
+    if (filas > 0)
+        con_barra_ = filas > todo.height() - barra;
+    return todo.width() - (con_barra_ ? barra : 0);
 }
 
 int AnchosRejilla::lo_que_falta() const {

@@ -4,6 +4,8 @@
 //
 // Los anchos que el usuario arrastra son suyos y se respetan; los otros se acomodan cada vez que la
 // rejilla cambia de tamaño, llegan filas o una celda muestra algo más largo.
+#include "toolkit/rejilla/regla_letra.h"
+
 #include <QMap>
 #include <QObject>
 #include <QVector>
@@ -50,8 +52,8 @@ private:
     int ancho_disponible() const;
     PedidoAncho mida_columna(int columna) const;
     int contenido(int columna, int desde, int hasta) const;
-    int texto_mas_largo(int columna, int desde, int hasta) const;
-    int ancho_de_cifra(int columna, int desde, int hasta) const;
+    void vea(int columna, int fila, std::pair<double, int>& mas_ancha) const;
+    void vea_extremos(int columna, int desde, int hasta, std::pair<double, int>& mas_ancha) const;
     int ancho_del_pie(int columna) const;
     bool es_texto_largo(int columna) const;
     int escogido(int columna) const; ///< 0 si el usuario no lo ha tocado
@@ -59,6 +61,8 @@ private:
     Rejilla& rejilla_;
     QVector<PedidoAncho> pedidos_;
     QMap<QString, double> escogidos_;
-    int repartido_ = -1; ///< ancho en que se repartió la última vez
+    mutable ReglaLetra regla_;
+    int repartido_ = -1;             ///< ancho en que se repartió la última vez
+    mutable bool con_barra_ = false; ///< las filas no caben de alto
     bool repartiendo_ = false, pendiente_ = false;
 };
