@@ -59,7 +59,7 @@ Tfgruposact::Tfgruposact()
           6},
          {"Subgrupos", {{"ACSG_ID", "Número", 7}, {"ACSG_NOMBRE", "Nombre", 28}}, 4});
     DBGridEh1->lista(
-        DBGridEh1->columna_de("ACGR_TIPODEP"),
+        "ACGR_TIPODEP",
         {"Línea recta", "Saldos decrecientes", "Suma de dígitos", "Unidades producidas"},
         {"1", "2", "3", "4"});
     barra_->principal(barra_->boton("SBGrabar", "F2:Modificar", "document-save", Qt::Key_F2,

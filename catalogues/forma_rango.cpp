@@ -11,6 +11,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
+#include "toolkit/letrero_espera.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QApplication>
@@ -66,20 +67,14 @@ AspectoCaja aspecto_de(ClaseRango clase) {
 
 FormaRango::FormaRango(const DatosRango& datos)
     : Pantalla(datos.clase, datos.titulo), CAuxiliar(this, datos.conjunto, &PAuxiliar),
-      ETit(new QLineEdit(this)), DBGridEh1(new Rejilla(this)), Panel5(new QLabel(this)),
+      ETit(new QLineEdit(this)), DBGridEh1(new Rejilla(this)),
+      Panel5(new LetreroEspera("Panel5", "Generando informe. espere un momento...", this)),
       datos_(datos), periodo(fdmcnt().cursor()) {
     ETit->setObjectName("ETit");
     ETit->setPlaceholderText(QStringLiteral("(lo compone el programa)"));
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->nombre_archivo = datos_.archivo;
     DBGridEh1->hide();
-    Panel5->setObjectName("Panel5");
-    Panel5->setText(QStringLiteral("Generando informe. espere un momento..."));
-    Panel5->setAlignment(Qt::AlignCenter);
-    Panel5->setAutoFillBackground(true);
-    Panel5->setFrameShape(QFrame::StyledPanel);
-    Panel5->setMargin(paso(2));
-    Panel5->hide();
     // "Cierre", que solo queda guardado, no es un período de los informes.
     periodo.indice = qMin(periodo.indice, 12);
     CAuxiliar.Instantanea = true;
@@ -471,17 +466,9 @@ void FormaRango::fije_encabezado(MotorInformes& motor) {
     motor.fijar_parametro("Libro", libro_legible());
 }
 
-void FormaRango::muestre_panel() {
-    Panel5->adjustSize();
-    Panel5->move((width() - Panel5->width()) / 2, (height() - Panel5->height()) / 2);
-    Panel5->show();
-    Panel5->raise();
-    Panel5->repaint();
-}
-
 bool FormaRango::abra() {
     antes_de_abrir();
-    muestre_panel();
+    Panel5->muestre();
     const auto quite = qScopeGuard([this] { Panel5->hide(); });
     CAuxiliar.Close();
     // Para imprimir basta una pasada; la exportación mide la tabla antes de escribirla.

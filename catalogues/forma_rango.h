@@ -12,9 +12,9 @@
 class BarraBotones;
 class CajaPeriodo;
 class Formulario;
+class LetreroEspera;
 class QCheckBox;
 class QComboBox;
-class QLabel;
 class QLineEdit;
 class Rejilla;
 struct CentroEscogido;
@@ -64,7 +64,7 @@ public:
     QLineEdit* ETit;
     QCheckBox* ckniif = nullptr; ///< "Cuentas NIIF"; nulo si el informe es de un solo libro
     Rejilla* DBGridEh1;
-    QLabel* Panel5;
+    LetreroEspera* Panel5;
 
     void FormCreate() override;
 
@@ -159,7 +159,6 @@ protected:
     /// Pone los valores por omisión en los pares y revisa las fechas.
     void complete_rangos();
     /// "Generando informe...", sobre el centro de la pantalla.
-    void muestre_panel();
     /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
     [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
 

@@ -67,7 +67,7 @@ void Tfcentros::liste_agencias() {
         codigos.prepend("0");
         nombres.prepend("Todas");
     }
-    DBGridEh2->lista(DBGridEh2->columna_de("SUCU_ID"), nombres, codigos);
+    DBGridEh2->lista("SUCU_ID", nombres, codigos);
 }
 
 void Tfcentros::revise_centros_ocultos() {

@@ -47,7 +47,7 @@ void Tfimportarinv3::construya() {
                          {"ANCHO", "Ancho", 8},
                          {"IMPORTAR", "Importar", 9}});
     DBGridEh1->texto_vacio = "El archivo no tiene columnas por importar.";
-    DBGridEh1->lista(3, {"SI", "NO"});
+    DBGridEh1->lista("IMPORTAR", {"SI", "NO"});
     DBGridEh1->permite_insertar = DBGridEh1->permite_borrar = false;
     DBGridEh1->enter_como_tab = true;
     LAvance = new QLabel;

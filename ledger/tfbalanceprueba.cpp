@@ -11,13 +11,12 @@
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/historia_avisos.h"
+#include "toolkit/letrero_espera.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QFrame>
 #include <QHeaderView>
-#include <QLabel>
 #include <QScopeGuard>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -69,7 +68,8 @@ const std::array<Tfbalanceprueba::DatosPagina, 2> Tfbalanceprueba::kPaginas = {{
 
 Tfbalanceprueba::Tfbalanceprueba()
     : ConsultaPeriodo("Tfbalanceprueba", "Balance de prueba", kPrimerAno),
-      PageControl1(new QTabWidget(this)), Panel(new QFrame(this)) {
+      PageControl1(new QTabWidget(this)),
+      Panel(new LetreroEspera("Panel", "Actualizando balance. Espere un momento...", this)) {
     PageControl1->setObjectName("PageControl1");
     Formulario f(this);
     QWidget* caja = cree_periodo("SpeedButton1", "SpeedButton2");
@@ -82,16 +82,6 @@ Tfbalanceprueba::Tfbalanceprueba()
     flechas("SpeedButton1", "SpeedButton2");
     tamano_del_area(140, 130);
     connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] { por_recalcular_ = true; });
-
-    Panel->setObjectName("Panel");
-    Panel->setFrameShape(QFrame::StyledPanel);
-    Panel->setAutoFillBackground(true);
-    // Cubre todo lo suyo: mostrarlo no obliga a pintar la rejilla que tapa.
-    Panel->setAttribute(Qt::WA_OpaquePaintEvent);
-    auto* aviso = new QVBoxLayout(Panel);
-    aviso->setContentsMargins(paso(3), paso(2), paso(3), paso(2));
-    aviso->addWidget(new QLabel("Actualizando balance. Espere un momento...", Panel));
-    Panel->hide();
 }
 
 // ---------------------------------------------------------------- conjuntos y aspecto
@@ -192,11 +182,7 @@ bool Tfbalanceprueba::FormClose() {
 // ---------------------------------------------------------------- lectura
 
 void Tfbalanceprueba::actualice_balance() {
-    Panel->adjustSize();
-    Panel->move(rect().center() - Panel->rect().center());
-    Panel->raise();
-    Panel->show();
-    Panel->repaint();
+    Panel->muestre();
     const auto oculte = qScopeGuard([this] { Panel->hide(); });
     muestre_periodo();
     // Los dos libros y sus cifras de control son del mismo instante, aunque otros estén grabando.

@@ -6,7 +6,7 @@
 #include <array>
 
 class CifrasControl;
-class QFrame;
+class LetreroEspera;
 class QTabWidget;
 
 class Tfbalanceprueba : public ConsultaPeriodo {
@@ -22,7 +22,7 @@ public:
 
     // --- controles
     QTabWidget* PageControl1;
-    QFrame* Panel;
+    LetreroEspera* Panel;
 
     void FormCreate() override;
     void FormActivate() override;

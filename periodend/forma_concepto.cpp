@@ -94,7 +94,7 @@ void FormaConcepto::construya() {
                          {"COCU_PORC", "Porcentaje", 10},
                          {"COCU_MONTO", "Monto", 14},
                          {"COCU_DEBITO", "Débito", 6, Casilla}});
-    DBGridEh1->lista(DBGridEh1->columna_de("COCU_BASE"),
+    DBGridEh1->lista("COCU_BASE",
                      {"Saldo Inicial", "Debitos mes", "Créditos mes", "Neto mes", "Saldo Final"},
                      {"INI", "DEB", "CRE", "NET", "FIN"});
     ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, "CUEN_COD", "TERC_NIT");

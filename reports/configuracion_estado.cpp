@@ -24,8 +24,8 @@ void ConfiguracionEstado::FormCreate() {
     QStringList numeros;
     for (int i = 1; i <= datos_.secciones.size(); ++i)
         numeros << QString::number(i);
-    DBGridEh1->lista(DBGridEh1->columna_de(columna("SECCION")), datos_.secciones, numeros);
-    DBGridEh1->lista(DBGridEh1->columna_de(columna("DB")), {"Débito", "Crédito"}, {"S", "N"});
+    DBGridEh1->lista(columna("SECCION"), datos_.secciones, numeros);
+    DBGridEh1->lista(columna("DB"), {"Débito", "Crédito"}, {"S", "N"});
     RejillaCatalogo::FormCreate();
 }
 

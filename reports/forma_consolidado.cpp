@@ -3,6 +3,7 @@
 #include "sesion/instalacion.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
+#include "toolkit/letrero_espera.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -96,15 +97,6 @@ void FormaConsolidado::CodCia1Exit() {
 
 // ---------------------------------------------------------------- la otra compañía
 
-void FormaConsolidado::diga(const QString& texto) {
-    Panel5->setText(texto);
-    Panel5->adjustSize();
-    Panel5->move((width() - Panel5->width()) / 2, (height() - Panel5->height()) / 2);
-    Panel5->show();
-    Panel5->raise();
-    Panel5->repaint();
-}
-
 void FormaConsolidado::antes_de_abrir() {
     static const QRegularExpression kCodigo(QStringLiteral("^[0-9A-Za-z]+$"));
     const QString codigo = CodCia1->text().trimmed();
@@ -118,9 +110,9 @@ void FormaConsolidado::antes_de_abrir() {
                QStringLiteral("La compañía %1 es la de esta sesión: escoja la otra.").arg(codigo));
     NomCia1->setText(nombre_de(codigo).texto()); // F2 no sale de la caja del código
     const auto oculte = qScopeGuard([this] { Panel5->hide(); });
-    diga(QStringLiteral("Conectando a la base de datos %1 ...").arg(codigo));
+    Panel5->diga(QStringLiteral("Conectando a la base de datos %1 ...").arg(codigo));
     conecte();
-    Panel5->setText(QStringLiteral("Generando informe..."));
+    Panel5->diga(QStringLiteral("Generando informe..."));
 }
 
 void FormaConsolidado::conecte() {

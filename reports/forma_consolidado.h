@@ -40,7 +40,6 @@ private:
     void conecte();
     void sume_destino();
     void diga_lo_omitido(const QVector<std::pair<QString, Moneda>>& omitidas);
-    void diga(const QString& texto);
 
     const QVector<VarianteConsolidado>& variantes_;
     QString buscada_; ///< la última que se buscó: no se avisa dos veces

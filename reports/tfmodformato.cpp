@@ -23,7 +23,6 @@
 
 namespace {
 
-constexpr int kColumnaDato = 1, kFuenteDatos = 10, kFuenteLineas = 7;
 constexpr int kMasPaginas = 99;
 
 /// Impresoras de la instalación, en su orden: el informe guarda el número de la suya.
@@ -159,7 +158,7 @@ QWidget* Tfmodformato::construya_datos() {
                          {"FOCD_FONT", "Font", 14},
                          {"FOCD_FSIZE", "Tamaño", 8},
                          {"FOCD_PAGINA", "Pag.", 6}});
-    DBGridEh1->lista(5, {"", "+", "-", "*", "/"});
+    DBGridEh1->lista("FOCD_OPER", {"", "+", "-", "*", "/"});
     DBGridEh1->texto_vacio = "Sin datos. Insert agrega el primero: SF1105 es el saldo de 1105.";
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->OnEnter = [this] { lienzo->resalte(&CFormadatos); };
@@ -172,7 +171,8 @@ QWidget* Tfmodformato::construya_datos() {
     // La fórmula se mira con cada letra, antes de que llegue al campo.
     connect(DBGridEh1->findChild<EditorCelda*>(), &QLineEdit::textChanged, this,
             [this](const QString& texto) {
-                if (DBGridEh1->digitando() && DBGridEh1->SelectedIndex() == kColumnaDato)
+                if (DBGridEh1->digitando() &&
+                    DBGridEh1->SelectedIndex() == DBGridEh1->columna_de("FOCD_CUENTAS"))
                     diga_formula(texto);
             });
     CFormadatos.FieldByName("FOCD_CUENTAS").OnChange = [this](Campo&) { formula_de_la_fila(); };
@@ -199,7 +199,7 @@ QWidget* Tfmodformato::construya_lineas() {
                          {"FOCD_FONT", "Font", 14},
                          {"FOCD_FSIZE", "Tamaño", 8},
                          {"FOCD_PAGINA", "Pag.", 6}});
-    DBGridEh2->lista(1, {"Texto", "Linea", "Cuadro", "Gráfico"}, {"T", "L", "C", "G"});
+    DBGridEh2->lista("FOCD_TIPO", {"Texto", "Linea", "Cuadro", "Gráfico"}, {"T", "L", "C", "G"});
     DBGridEh2->texto_vacio = "Sin textos ni cuadros. Insert agrega el primero.";
     DBGridEh2->enter_como_tab = true;
     DBGridEh2->OnEnter = [this] { lienzo->resalte(&CFormalineas); };
@@ -291,8 +291,8 @@ void Tfmodformato::FormCreate() {
     if (!EImpresora->isEnabled())
         EImpresora->setPlaceholderText("(sin impresoras.cfg)");
     const QStringList letras = QFontDatabase::families();
-    DBGridEh1->lista(kFuenteDatos, letras);
-    DBGridEh2->lista(kFuenteLineas, letras);
+    DBGridEh1->lista("FOCD_FONT", letras);
+    DBGridEh2->lista("FOCD_FONT", letras);
     tamano_del_area(20, 20);
     DBGridEh1->setFocus();
 }

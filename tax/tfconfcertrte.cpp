@@ -24,8 +24,7 @@ Tfconfcertrte::Tfconfcertrte()
           {"CFCR_CTABASE", "Cta. Base", 16},
           {"CFCR_BASE", "Natur", 22}},
          "Confcertrte");
-    DBGridEh1->lista(DBGridEh1->columna_de("CFCR_BASE"), {"Neto sin signo", "Débitos", "Créditos"},
-                     {"N", "D", "C"});
+    DBGridEh1->lista("CFCR_BASE", {"Neto sin signo", "Débitos", "Créditos"}, {"N", "D", "C"});
     tamano(640, 420);
 }
 

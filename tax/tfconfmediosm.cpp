@@ -90,8 +90,8 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
         r->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
                            Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     }
-    DBGridEh1->lista(DBGridEh1->columna_de("COME_NATUR"), {"D", "C"});
-    DBGridEh2->lista(DBGridEh2->columna_de("MMCU_NATUR"),
+    DBGridEh1->lista("COME_NATUR", {"D", "C"});
+    DBGridEh2->lista("MMCU_NATUR",
                      {"Débito", "Crédito", "Solo débitos", "Solo créditos", "Débito con tercero",
                       "Impuesto al consumo", "Retención asumida", "No se reporta"},
                      {"D", "C", "B", "R", "T", "I", "A", "N"});

@@ -53,7 +53,7 @@ Tfmeddisctas::Tfmeddisctas(Consultas consultas)
            {"MMDC_CTASALDO", "Cuenta Saldo", 13},
            {"MMDC_CTADEV", "Cta. Devolución", 13}},
           3});
-    DBGridEh1->lista(DBGridEh1->columna_de("MMDI_NATUR"), {"D", "C"});
+    DBGridEh1->lista("MMDI_NATUR", {"D", "C"});
     for (Rejilla* r : {DBGridEh1, DBGridEh2}) {
         r->nombre_archivo = "MedDistrital";
         r->titulo_impreso = windowTitle() + "  %[Today]";

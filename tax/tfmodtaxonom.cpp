@@ -65,8 +65,7 @@ Tfmodtaxonom::Tfmodtaxonom(Consultas consultas)
            {"TAXD_NORMA", "Norma", 24}},
           7,
           Panel});
-    DBGridEh2->lista(DBGridEh2->columna_de("TAXD_TIPO"), {"Título", "Cuentas", "Suma"},
-                     {"0", "1", "2"});
+    DBGridEh2->lista("TAXD_TIPO", {"Título", "Cuentas", "Suma"}, {"0", "1", "2"});
     DBGridEh2->sangre("TAXD_NOMBRE", [this](int fila) {
         return qMax(0, int(detalle_->valor_en(fila, detalle_->FieldByName("TAXD_NIVEL")).entero()) -
                            1);

@@ -7,6 +7,7 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
+#include "toolkit/letrero_espera.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -267,7 +268,7 @@ ResumenArchivos Tfrngcertificados::grabe_archivos(const QString& comienzo) {
         Panel5->setText("Generando informe. espere un momento...");
         Panel5->hide();
     });
-    muestre_panel();
+    Panel5->muestre();
     CAuxiliar.Unidireccional = true;
     CAuxiliar.Open(sql());
     ConjuntoDatos uno(nullptr, "CUno");
@@ -276,8 +277,7 @@ ResumenArchivos Tfrngcertificados::grabe_archivos(const QString& comienzo) {
     return archivos_por_tercero(
         CAuxiliar, uno, comienzo,
         [&](const QString& nit, int hechos) {
-            Panel5->setText("Generando certificado del NIT " + nit);
-            Panel5->repaint();
+            Panel5->diga("Generando certificado del NIT " + nit);
             return avance.siga(hechos, Panel5->text());
         },
         [&](const QString& ruta) { grabe_uno(uno, ruta); });

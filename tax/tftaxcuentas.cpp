@@ -30,7 +30,7 @@ Tftaxcuentas::Tftaxcuentas() : RejillaConfiguracion("Tftaxcuentas", "Cuentas del
           {"NomCuenta", "Nombre", 40, SoloLectura},
           {"TAXC_TIPO", "Mov", 26}},
          "TaxCuentas");
-    DBGridEh1->lista(DBGridEh1->columna_de("TAXC_TIPO"),
+    DBGridEh1->lista("TAXC_TIPO",
                      {"Saldo", "Movimiento del año", "Débitos del año", "Créditos del año",
                       "Saldo, al crédito", "Movimiento, al crédito"},
                      {"1", "2", "3", "4", "-1", "-2"});

@@ -198,7 +198,7 @@ QWidget* Tfedtformato::construya_datos() {
     QStringList nombres;
     for (const DatoFormato& d : kDatosFormato)
         nombres << QLatin1String(d.nombre);
-    DBGridEh2->lista(DBGridEh2->columna_de("DAFO_DATO"), nombres);
+    DBGridEh2->lista("DAFO_DATO", nombres);
     DBGridEh2->texto_vacio = "Sin datos. Insert agrega el primero; Alt+Abajo muestra cuáles hay.";
     DBGridEh2->OnEnter = [this] { lienzo->resalte(&CFormadatos); };
     ckfildat = new QCheckBox("Filtrar");
@@ -226,8 +226,7 @@ QWidget* Tfedtformato::construya_lineas() {
                          {"FOLI_FONT", "Letra", 14},
                          {"FOLI_FSIZE", "Tamaño", 7},
                          {"FOLI_LIQUIDA", "Al final", 7, Casilla}});
-    DBGridEh1->lista(DBGridEh1->columna_de("FOLI_TIPO"), {"Texto", "Linea", "Cuadro", "Gráfico"},
-                     {"T", "L", "C", "G"});
+    DBGridEh1->lista("FOLI_TIPO", {"Texto", "Linea", "Cuadro", "Gráfico"}, {"T", "L", "C", "G"});
     DBGridEh1->texto_vacio = "Sin líneas ni cuadros. Insert agrega el primero.";
     DBGridEh1->OnDblClick = [this](int) { DBGridEh1DblClick(); };
     DBGridEh1->OnEnter = [this] { lienzo->resalte(&CFormalineas); };
@@ -319,8 +318,8 @@ void Tfedtformato::FormCreate() {
     ubique(llave_);
     const QStringList letras = QFontDatabase::families();
     LFont->lista_de(letras);
-    DBGridEh1->lista(DBGridEh1->columna_de("FOLI_FONT"), letras);
-    DBGridEh2->lista(DBGridEh2->columna_de("DAFO_FONT"), letras);
+    DBGridEh1->lista("FOLI_FONT", letras);
+    DBGridEh2->lista("DAFO_FONT", letras);
     tamano_del_area(40, 20);
 }
 

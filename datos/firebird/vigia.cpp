@@ -9,6 +9,7 @@
 #include <mutex>
 #include <netdb.h>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <thread>
 
@@ -17,6 +18,8 @@ using namespace Firebird;
 namespace {
 
 constexpr int kPuertoDeFirebird = 3050;
+constexpr int kSegundosSinNada = 10, kSegundosEntreLlamados = 5;
+constexpr int kMilisegundosSinAcuse = 30'000;
 
 struct Vigilada {
     Conexion::Interno* interno;
@@ -57,6 +60,28 @@ int puerto_del_otro(int s) {
         return ntohs(reinterpret_cast<const sockaddr_in&>(otro).sin_port);
     return otro.ss_family == AF_INET6 ? ntohs(reinterpret_cast<const sockaddr_in6&>(otro).sin6_port)
                                       : 0;
+}
+
+/// Las líneas abiertas de este programa con ese servidor.
+std::vector<int> lineas_con(const QString& equipo) {
+    const int puerto = puerto_de(equipo);
+    std::vector<int> lineas;
+    for (const QString& s : QDir("/proc/self/fd").entryList(QDir::System | QDir::Files))
+        if (puerto_del_otro(s.toInt()) == puerto)
+            lineas.push_back(s.toInt());
+    return lineas;
+}
+
+/// Que el sistema note en medio minuto, y no en un cuarto de hora, que el otro equipo ya no recibe
+/// por esa línea: un cortafuegos la olvida mientras el servidor sigue atendiendo a los demás.
+void que_note_el_silencio(int linea) {
+    const auto fije = [linea](int nivel, int opcion, int valor) {
+        ::setsockopt(linea, nivel, opcion, &valor, sizeof valor);
+    };
+    fije(SOL_SOCKET, SO_KEEPALIVE, 1);
+    fije(IPPROTO_TCP, TCP_KEEPIDLE, kSegundosSinNada);
+    fije(IPPROTO_TCP, TCP_KEEPINTVL, kSegundosEntreLlamados);
+    fije(IPPROTO_TCP, TCP_USER_TIMEOUT, kMilisegundosSinAcuse);
 }
 
 /// La conexión que lleva demasiado esperando; nulo si ninguna.
@@ -141,16 +166,16 @@ bool atiende(const ParametrosConexion& parametros, int plazo_ms) {
 // de quien espera: el sistema da ese número al siguiente que abra uno, la prueba del propio vigía,
 // y la llamada quedaba esperando para siempre en el ajeno.
 void corte(const QString& equipo) {
-    const int puerto = puerto_de(equipo);
-    for (const QString& s : QDir("/proc/self/fd").entryList(QDir::System | QDir::Files))
-        if (puerto_del_otro(s.toInt()) == puerto)
-            ::shutdown(s.toInt(), SHUT_RDWR);
+    for (const int linea : lineas_con(equipo))
+        ::shutdown(linea, SHUT_RDWR);
 }
 
 void vigile(Conexion::Interno& interno, const ParametrosConexion& parametros) {
     interno.remota = es_remota(parametros.base);
     if (!interno.remota)
         return;
+    for (const int linea : lineas_con(equipo_de(parametros)))
+        que_note_el_silencio(linea);
     const std::lock_guard cierre(puesto().candado);
     puesto().vigiladas.push_back({&interno, interno.numero, parametros});
     if (!std::exchange(puesto().ronda, true))

@@ -7,8 +7,32 @@
 #include <QProcess>
 #include <QThread>
 #include <csignal>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <thread>
+
+namespace {
+
+/// Lo que el sistema espera el acuse de cada línea abierta con ese puerto, en milisegundos.
+QList<int> esperas_de_las_lineas(int puerto) {
+    QList<int> esperas;
+    for (int linea = 3; linea < 256; ++linea) {
+        sockaddr_in otro{};
+        socklen_t largo = sizeof otro;
+        if (::getpeername(linea, reinterpret_cast<sockaddr*>(&otro), &largo) != 0 ||
+            otro.sin_family != AF_INET || ntohs(otro.sin_port) != puerto)
+            continue;
+        int espera = 0;
+        largo = sizeof espera;
+        ::getsockopt(linea, IPPROTO_TCP, TCP_USER_TIMEOUT, &espera, &largo);
+        esperas << espera;
+    }
+    return esperas;
+}
+
+} // namespace
 
 class PruebaServidorCaido : public QObject {
     Q_OBJECT
@@ -160,6 +184,8 @@ private slots:
         const auto preparada =
             c.prepare("update revision set revi_fecha = current_date", *escritura);
         QCOMPARE(preparada->ejecute(*escritura, {}), 1);
+        // Si un cortafuegos olvida la línea, el sistema lo nota en medio minuto y no en quince.
+        QCOMPARE(esperas_de_las_lineas(servidor.puerto()), QList<int>{30000});
         servidor.detenga();
         QVERIFY_EXCEPTION_THROWN(c.consulte("select 1 from rdb$database"), ErrorBase);
         QVERIFY_EXCEPTION_THROWN(c.consulte("select 1 from rdb$database"), ErrorBase);

@@ -58,6 +58,9 @@ public:
     /// Número de la columna que muestra el campo, -1 si ninguna.
     int columna_de(const QString& campo) const;
     void lista(int indice, const QStringList& textos, const QStringList& valores = {});
+    void lista(const QString& campo, const QStringList& textos, const QStringList& valores = {}) {
+        lista(columna_de(campo), textos, valores);
+    }
 
     // --- comportamiento
     bool ReadOnly = false;            ///< no se edita, inserta ni borra desde la rejilla
