@@ -46,8 +46,9 @@ void recolecte(QWidget* control, QVector<QWidget*>& lista) {
             recolecte(division->widget(i), lista);
         return;
     }
+    // La lista que despliega un control es otra ventana.
     for (QObject* hijo : control->children())
-        if (hijo->isWidgetType())
+        if (hijo->isWidgetType() && !static_cast<QWidget*>(hijo)->isWindow())
             recolecte(static_cast<QWidget*>(hijo), lista);
 }
 
@@ -259,7 +260,8 @@ QWidget* Formulario::junto(std::initializer_list<QWidget*> controles) {
     fila->setSpacing(paso(0.5));
     bool elastico = false;
     for (QWidget* control : controles) {
-        const bool crece = control->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag;
+        const bool crece = control->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag &&
+                           control->maximumWidth() == QWIDGETSIZE_MAX;
         fila->addWidget(control, crece ? 1 : 0);
         elastico = elastico || crece;
         if (!conjunto->focusProxy() && control->focusPolicy() != Qt::NoFocus)
