@@ -1,5 +1,6 @@
 #include "toolkit/formulario.h"
 
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 
 #include <QBoxLayout>
@@ -112,8 +113,12 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
             QLabel* rotulo = ponga_rotulo(par.control, par.etiqueta);
             if (columna == 0 && !grupo_)
                 alinee_rotulos(rotulo->sizeHint().width());
+            // El de una fila que puede seguir en otro renglón queda junto al primero.
+            auto* flujo = dynamic_cast<DisposicionFlujo*>(par.control->layout());
+            if (flujo)
+                rotulo->setMinimumHeight(flujo->sizeHint().height());
             r->addWidget(rotulo, renglon, columna,
-                         (alto ? Qt::AlignTop : Qt::AlignVCenter) | Qt::AlignRight);
+                         (alto || flujo ? Qt::AlignTop : Qt::AlignVCenter) | Qt::AlignRight);
         }
         // La casilla de la rejilla crece; el control de ancho fijo se queda a la izquierda de ella.
         auto* celda = new QHBoxLayout;

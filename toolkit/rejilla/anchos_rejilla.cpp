@@ -46,13 +46,15 @@ int suma(const QVector<int>& pixeles) {
 } // namespace
 
 QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) {
-    QVector<int> anchos, nombre, titulo, falta_texto, falta_codigo, pesos, parejo;
+    QVector<int> anchos, vacia, nombre, titulo, falta_texto, falta_codigo, pesos, parejo;
     int total = 0;
     for (const PedidoAncho& p : pedidos) {
         const int ancho = qMax(p.contenido, p.titulo);
         anchos << ancho;
         total += ancho;
-        nombre << (p.fijo ? 0 : qBound(0, ancho - p.titulo, p.cede));
+        const int cede = p.fijo ? 0 : qBound(0, ancho - p.titulo, p.cede);
+        vacia << (p.vacia ? cede : 0);
+        nombre << (p.vacia ? 0 : cede);
         titulo << (p.fijo ? 0 : ancho - p.contenido);
         const int falta = p.fijo ? 0 : qMax(0, p.comodo - ancho);
         falta_texto << (p.peso > 0 ? falta : 0);
@@ -63,10 +65,11 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
     if (total > disponible) {
         // Un nombre y un título se pueden leer en su letrero; una cifra, no.
         const int sobra = total - disponible;
-        if (sobra > suma(nombre) + suma(titulo))
+        if (sobra > suma(vacia) + suma(nombre) + suma(titulo))
             return anchos;
         QVector<int> quita(anchos.size(), 0);
-        de_lo_que_falta(quita, titulo, de_lo_que_falta(quita, nombre, sobra));
+        const int sin_vacias = de_lo_que_falta(quita, vacia, sobra);
+        de_lo_que_falta(quita, titulo, de_lo_que_falta(quita, nombre, sin_vacias));
         for (qsizetype i = 0; i < anchos.size(); ++i)
             anchos[i] -= quita[i];
         return anchos;
@@ -185,7 +188,9 @@ PedidoAncho AnchosRejilla::mida_columna(int columna) const {
         const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho));
         p.contenido = qMax(poco, qMin(lleno, declarado * 6 / 10));
         p.comodo = qMax(lleno, declarado);
-        p.cede = p.contenido - poco;
+        p.vacia = !rejilla_.modelo().editable(columna) &&
+                  lleno <= 2 * DelegadoCelda::margen(medidas) + 2; // lo que pide una celda sin nada
+        p.cede = p.vacia ? p.contenido : p.contenido - poco;
         p.peso = qMax(1, c.ancho);
         return p;
     }
