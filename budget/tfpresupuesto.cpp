@@ -5,7 +5,7 @@
 
 namespace {
 constexpr int kGrabar = 50, kConsultar = 51;
-constexpr int kLetrasCentro = 20; ///< del nombre de un centro, las que siempre se ven
+constexpr int kLetrasCentro = 12; ///< del nombre de un centro, las que siempre se ven
 
 QComboBox* lista_de_centros() {
     auto* lista = new QComboBox;
