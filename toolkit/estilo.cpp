@@ -109,6 +109,9 @@ private:
     }
 };
 
+/// El mismo dibujo, con la tinta del tema.
+QIcon con_tinta(const QIcon& molde);
+
 /// Fusion con el foco siempre a la vista y medidas que crecen con la letra.
 class EstiloQuorvex : public QProxyStyle {
 public:
@@ -249,6 +252,15 @@ public:
         pintor.setOpacity(0.35);
         pintor.drawPixmap(0, 0, dibujo);
         return apagado;
+    }
+
+    QIcon standardIcon(StandardPixmap cual, const QStyleOption* opcion,
+                       const QWidget* widget) const override {
+        const QIcon dibujo = QProxyStyle::standardIcon(cual, opcion, widget);
+        // Con esta flecha se llega a lo que no cabe de un menú o de una barra.
+        const bool flecha = cual == SP_ToolBarHorizontalExtensionButton ||
+                            cual == SP_ToolBarVerticalExtensionButton;
+        return flecha ? con_tinta(dibujo) : dibujo;
     }
 
     int styleHint(StyleHint consejo, const QStyleOption* opcion, const QWidget* widget,
@@ -466,6 +478,10 @@ public:
 private:
     QIcon molde_;
 };
+
+QIcon con_tinta(const QIcon& molde) {
+    return QIcon(new MotorDeTinta(molde));
+}
 
 /// Los de flechas, lupas y letras del tema empacado son pálidos o azul oscuro: en claro o en oscuro
 /// no se ven. Su molde de un color sirve en los dos. Nulo si el tema no lo trae.
