@@ -94,6 +94,18 @@ bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
     return QScrollArea::eventFilter(objeto, evento);
 }
 
+void MarcoPantalla::muestre(QWidget* control) {
+    ensureWidgetVisible(control);
+    // La ventanilla no sabe que los botones tapan su borde de abajo.
+    if (!telon_ || !telon_->isVisible())
+        return;
+    const QRect lugar(control->mapTo(viewport(), QPoint()), control->size());
+    const int tapa = lugar.bottom() + paso() - telon_->mapTo(viewport(), QPoint()).y();
+    const int cabe = lugar.top() - paso(); // de uno más alto que la ventanilla se ve el comienzo
+    if (const int sube = qMin(tapa, cabe); sube > 0)
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + sube);
+}
+
 void MarcoPantalla::suelte() {
     if (pantalla_) {
         takeWidget();
@@ -126,9 +138,7 @@ bool MarcoPantalla::focusNextPrevChild(bool siguiente) {
     QWidget* proximo =
         orden[esta == orden.end() ? (siguiente ? 0 : n - 1) : (i + (siguiente ? 1 : n - 1)) % n];
     proximo->setFocus(siguiente ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    // Lo que se enfoca no queda detrás de la barra de botones.
-    const int tapa = telon_ && telon_->isVisible() ? telon_->height() : 0;
-    ensureWidgetVisible(proximo, paso(6), tapa + paso(2));
+    muestre(proximo);
     return true;
 }
 
