@@ -19,9 +19,17 @@ QColor PanelDegradado::color(int numero) {
 }
 
 void PanelDegradado::paintEvent(QPaintEvent*) {
+    // En oscuro un color claro deslumbraría: queda su tono.
+    constexpr int kClaridadEnOscuro = 64;
+    const bool oscuro = palette().color(QPalette::Window).lightness() < 128;
+    const auto del_tema = [oscuro](const QColor& c) {
+        return oscuro && c.lightness() > kClaridadEnOscuro
+                   ? QColor::fromHsl(c.hslHue(), c.hslSaturation() / 2, kClaridadEnOscuro)
+                   : c;
+    };
     QPainter pintor(this);
     QLinearGradient degradado(0, 0, width(), 0);
-    degradado.setColorAt(0, inicial_);
-    degradado.setColorAt(1, final_);
+    degradado.setColorAt(0, del_tema(inicial_));
+    degradado.setColorAt(1, del_tema(final_));
     pintor.fillRect(rect(), degradado);
 }

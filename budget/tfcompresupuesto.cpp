@@ -4,6 +4,7 @@
 #include "budget/peticiones_presupuesto.h"
 #include "sesion/instalacion.h"
 #include "sesion/variables_informe.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/grafica.h"
 #include "toolkit/informes/motor.h"
 #include "toolkit/rejilla/bandas_rejilla.h"
@@ -69,6 +70,15 @@ void Tfcompresupuesto::defina_campos() {
 }
 
 // ---------------------------------------------------------------- disposición
+
+namespace {
+QWidget* limite(const char* texto, QLineEdit* caja) {
+    auto* rotulo = new QLabel(QStringLiteral("&%1:").arg(QLatin1String(texto)));
+    rotulo->setBuddy(caja);
+    caja->setAccessibleName(QLatin1String(texto));
+    return Formulario::junto({rotulo, caja});
+}
+} // namespace
 
 QWidget* Tfcompresupuesto::construya_periodo() {
     const auto lectura = [](const char* nombre, int ancho) {
@@ -156,9 +166,9 @@ void Tfcompresupuesto::construya() {
     barra->separe();
     barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario(this)
-        .fila({{"Período", construya_periodo()},
-               {"&Desde la cuenta", EDesde},
-               {"&Hasta la cuenta", EHasta}})
+        .fila("Período", en_flujo({construya_periodo(), limite("Desde la cuenta", EDesde),
+                                   limite("Hasta la cuenta", EHasta)},
+                                  paso()))
         .ancha(division)
         .botones(barra);
     tamano_del_area(60, 40);

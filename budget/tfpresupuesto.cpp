@@ -5,7 +5,18 @@
 
 namespace {
 constexpr int kGrabar = 50, kConsultar = 51;
+constexpr int kLetrasCentro = 12; ///< del nombre de un centro, las que siempre se ven
+
+QComboBox* lista_de_centros() {
+    auto* lista = new QComboBox;
+    lista->setObjectName("LCentro");
+    // Un nombre largo no obliga a ensanchar la ventana.
+    lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    lista->setMinimumContentsLength(kLetrasCentro);
+    lista->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return lista;
 }
+} // namespace
 
 Tfpresupuesto::Tfpresupuesto()
     : Pantalla("Tfpresupuesto", "Presupuesto"), QPresupuesto(this, "QPresupuesto", fdm().Quorvex),
@@ -46,8 +57,7 @@ void Tfpresupuesto::construya() {
          paso_de("SBAnterior", Qt::LeftArrow, "Mes anterior", &CursorPeriodo::menos, Qt::Key_Left),
          paso_de("SBSiguiente", Qt::RightArrow, "Mes siguiente", &CursorPeriodo::mas,
                  Qt::Key_Right)});
-    LCentro = new QComboBox;
-    LCentro->setObjectName("LCentro");
+    LCentro = lista_de_centros();
     connect(LCentro, &QComboBox::activated, this,
             [this] { proteja([this] { abre_presupuesto(); }); });
 

@@ -140,7 +140,10 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
     Formulario f(pagina);
     f.fila({{"Año de inicio", EAno}, {"Dif. débito", Difdeb}, {"Dif. crédito", DifCred}});
     f.ancha(DBGridEh1, 1);
-    f.fila({{"Cuenta", NomCuenta}, {"Cuenta NIIF", NomNiif}});
+    auto* rotulo_niif = new QLabel("Cuenta NIIF:");
+    rotulo_niif->setBuddy(NomNiif);
+    NomNiif->setAccessibleName("Cuenta NIIF");
+    f.fila("Cuenta", Formulario::junto({NomCuenta, rotulo_niif, NomNiif}));
     return con_botones(pagina, barra);
 }
 

@@ -8,6 +8,8 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -113,15 +115,13 @@ void Tfsincontab::construya() {
     barra->boton("BitBtn3", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
 
     Formulario f(this);
-    f.fila({{"Período",
-             Formulario::junto({paso_de_mes("SpeedButton1", Qt::LeftArrow,
-                                            "Mes anterior (Alt+Izquierda)", &Tfdmcnt::mes_menos),
-                                periodo,
-                                paso_de_mes("SpeedButton2", Qt::RightArrow,
-                                            "Mes siguiente (Alt+Derecha)", &Tfdmcnt::mes_mas)})},
-            {"", ckcont},
-            {"", ckNiif},
-            {"", ckfiltro}});
+    QWidget* mes =
+        Formulario::junto({paso_de_mes("SpeedButton1", Qt::LeftArrow,
+                                       "Mes anterior (Alt+Izquierda)", &Tfdmcnt::mes_menos),
+                           periodo,
+                           paso_de_mes("SpeedButton2", Qt::RightArrow,
+                                       "Mes siguiente (Alt+Derecha)", &Tfdmcnt::mes_mas)});
+    f.fila("Período", en_flujo({mes, ckcont, ckNiif, ckfiltro}, paso()));
     f.ancha(DBGridEh1).botones(barra);
     for (const auto& [clave, mes] :
          {std::pair{Qt::Key_Left, "SpeedButton1"}, std::pair{Qt::Key_Right, "SpeedButton2"}})

@@ -58,6 +58,7 @@ Tfmodformato::Tfmodformato(const QString& clase, const QString& titulo) : Pantal
         s->setStretchFactor(0, 3);
         s->setStretchFactor(1, 2);
     }
+    division->setSizes({7000, 3000}); // las columnas se leen sin desplazarlas
     f.ancha(division, 1);
     construya_imagen();
     f.ancha(GroupBox3, 0);

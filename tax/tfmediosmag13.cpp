@@ -27,6 +27,8 @@ constexpr int kPrimerValor = 13; ///< columna de la rejilla en que empiezan los 
 constexpr int kValores = 11;
 constexpr int kNit = 31; ///< el tipo de documento que lleva dígito de verificación
 
+constexpr int kLetrasFormato = 24; ///< del nombre de un formato, las que siempre se ven
+
 const char* const kFormato = "#,##0.00";
 
 } // namespace
@@ -120,6 +122,8 @@ void Tfmediosmag13::arme_encabezado(Formulario& f) {
     Concepto->addItems({"1. Nuevo archivo", "2. Reemplazo"});
     LFormato = new QComboBox(this);
     LFormato->setObjectName("LFormato");
+    LFormato->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    LFormato->setMinimumContentsLength(kLetrasFormato);
     connect(NroEnv, &QSpinBox::valueChanged, this,
             [this] { proteja([this] { calculanombre(); }); });
     connect(Concepto, &QComboBox::currentIndexChanged, this,
@@ -129,7 +133,7 @@ void Tfmediosmag13::arme_encabezado(Formulario& f) {
     f.fila({{"Año a reportar:", EAno}, {"Fecha inicial:", FecIni}, {"Fecha final:", FecFin}});
     f.fila(
         {{"Año envío:", Edit1}, {"Fecha de envío:", FecEnvio}, {"Consecutivo de envío:", NroEnv}});
-    f.fila({{"Formato:", LFormato}, {"Concepto:", Concepto}});
+    f.fila({{"Concepto:", Concepto}, {"Formato:", LFormato}});
     f.fila("Nombre archivo:", cree_ubicacion());
 }
 

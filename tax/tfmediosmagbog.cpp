@@ -126,6 +126,7 @@ void Tfmediosmagbog::defina_campos() {
 void Tfmediosmagbog::arme_encabezado(Formulario& f) {
     LFormato = new QComboBox(this);
     LFormato->setObjectName("LFormato");
+    LFormato->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     NitShd = caja("NitShd", 20);
     NitShd->setToolTip("F9 muestra los terceros");
     CentroBogota = caja("CentroBogota", 4);

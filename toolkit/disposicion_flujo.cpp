@@ -2,6 +2,17 @@
 
 #include <QWidget>
 
+QWidget* en_flujo(std::initializer_list<QWidget*> controles, int espacio) {
+    auto* conjunto = new QWidget;
+    auto* flujo = new DisposicionFlujo(conjunto, espacio);
+    for (QWidget* control : controles) {
+        flujo->addWidget(control);
+        if (!conjunto->focusProxy())
+            conjunto->setFocusProxy(control);
+    }
+    return conjunto;
+}
+
 DisposicionFlujo::DisposicionFlujo(QWidget* dueno, int espacio) : QLayout(dueno) {
     setContentsMargins(0, 0, 0, 0);
     setSpacing(espacio);

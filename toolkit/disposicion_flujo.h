@@ -2,6 +2,10 @@
 // Fila de controles que pasa a otro renglón cuando no caben, para ventanas angostas y letra grande.
 #include <QLayout>
 #include <QVector>
+#include <initializer_list>
+
+/// Los controles en una fila que, si no caben, sigue en otro renglón. El foco va al primero.
+QWidget* en_flujo(std::initializer_list<QWidget*> controles, int espacio);
 
 class DisposicionFlujo : public QLayout {
 public:

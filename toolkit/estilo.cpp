@@ -109,6 +109,9 @@ private:
     }
 };
 
+/// El mismo dibujo, con la tinta del tema.
+QIcon con_tinta(const QIcon& molde);
+
 /// Fusion con el foco siempre a la vista y medidas que crecen con la letra.
 class EstiloQuorvex : public QProxyStyle {
 public:
@@ -178,11 +181,13 @@ public:
             return;
         }
         QProxyStyle::drawPrimitive(elemento, opcion, pintor, widget);
-        // Fusion saca los bordes del fondo: en oscuro no se verían.
+        // Fusion saca los bordes del fondo: en oscuro no se verían. Y el de una lista lo pierde a
+        // escalas como 150 %.
         const bool de_lista =
             elemento == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
-        if (oscuro_ && (elemento == PE_FrameLineEdit || elemento == PE_IndicatorCheckBox ||
-                        elemento == PE_IndicatorRadioButton || de_lista))
+        if (de_lista ||
+            (oscuro_ && (elemento == PE_FrameLineEdit || elemento == PE_IndicatorCheckBox ||
+                         elemento == PE_IndicatorRadioButton)))
             borde(pintor, opcion->rect, opcion->palette,
                   elemento == PE_IndicatorRadioButton ? opcion->rect.width() / 2 : 2);
         if (elemento == PE_FrameLineEdit && opcion->state.testFlag(State_HasFocus))
@@ -193,6 +198,14 @@ public:
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* opcion,
                             QPainter* pintor, const QWidget* widget) const override {
+        const auto* barra = qstyleoption_cast<const QStyleOptionTitleBar*>(opcion);
+        if (oscuro_ && barra && (barra->titleBarState & State_Active)) {
+            // Fusion le da al título activo una sombra del color del texto: clara, se lee doble.
+            QStyleOptionTitleBar copia = *barra;
+            copia.palette.setColor(QPalette::Text, copia.palette.color(QPalette::Dark));
+            QProxyStyle::drawComplexControl(control, &copia, pintor, widget);
+            return;
+        }
         QProxyStyle::drawComplexControl(control, opcion, pintor, widget);
         const bool caja = control == CC_ComboBox || control == CC_SpinBox;
         if (oscuro_ && control == CC_SpinBox && opcion->subControls & SC_SpinBoxFrame)
@@ -239,6 +252,15 @@ public:
         pintor.setOpacity(0.35);
         pintor.drawPixmap(0, 0, dibujo);
         return apagado;
+    }
+
+    QIcon standardIcon(StandardPixmap cual, const QStyleOption* opcion,
+                       const QWidget* widget) const override {
+        const QIcon dibujo = QProxyStyle::standardIcon(cual, opcion, widget);
+        // Con esta flecha se llega a lo que no cabe de un menú o de una barra.
+        const bool flecha = cual == SP_ToolBarHorizontalExtensionButton ||
+                            cual == SP_ToolBarVerticalExtensionButton;
+        return flecha ? con_tinta(dibujo) : dibujo;
     }
 
     int styleHint(StyleHint consejo, const QStyleOption* opcion, const QWidget* widget,
@@ -457,6 +479,10 @@ private:
     QIcon molde_;
 };
 
+QIcon con_tinta(const QIcon& molde) {
+    return QIcon(new MotorDeTinta(molde));
+}
+
 /// Los de flechas, lupas y letras del tema empacado son pálidos o azul oscuro: en claro o en oscuro
 /// no se ven. Su molde de un color sirve en los dos. Nulo si el tema no lo trae.
 QIcon de_un_color(const QString& nombre) {
@@ -483,6 +509,12 @@ QIcon icono(const QString& nombre) {
     // El tema empacado no trae algunos, o solo los trae en trazos que aquí no se pintan.
     static const QHash<QString, QString> parecidos{
         {QStringLiteral("dialog-cancel"), QStringLiteral("window-close")},
+        {QStringLiteral("view-list-details"), QStringLiteral("x-office-spreadsheet")},
+        {QStringLiteral("dialog-ok"), QStringLiteral("emblem-default")},
+        {QStringLiteral("dialog-ok-apply"), QStringLiteral("emblem-default")},
+        {QStringLiteral("application-pdf"), QStringLiteral("x-office-document")},
+        {QStringLiteral("document-multiple"), QStringLiteral("emblem-documents")},
+        {QStringLiteral("transform-move"), QStringLiteral("go-jump")},
         {QStringLiteral("document-edit"), QStringLiteral("document-properties")}};
     if (nombre.isEmpty())
         return {};

@@ -1,5 +1,6 @@
 #include "toolkit/formulario.h"
 
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 
 #include <QBoxLayout>
@@ -46,8 +47,9 @@ void recolecte(QWidget* control, QVector<QWidget*>& lista) {
             recolecte(division->widget(i), lista);
         return;
     }
+    // La lista que despliega un control es otra ventana.
     for (QObject* hijo : control->children())
-        if (hijo->isWidgetType())
+        if (hijo->isWidgetType() && !static_cast<QWidget*>(hijo)->isWindow())
             recolecte(static_cast<QWidget*>(hijo), lista);
 }
 
@@ -111,8 +113,12 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
             QLabel* rotulo = ponga_rotulo(par.control, par.etiqueta);
             if (columna == 0 && !grupo_)
                 alinee_rotulos(rotulo->sizeHint().width());
+            // El de una fila que puede seguir en otro renglón queda junto al primero.
+            auto* flujo = dynamic_cast<DisposicionFlujo*>(par.control->layout());
+            if (flujo)
+                rotulo->setMinimumHeight(flujo->sizeHint().height());
             r->addWidget(rotulo, renglon, columna,
-                         (alto ? Qt::AlignTop : Qt::AlignVCenter) | Qt::AlignRight);
+                         (alto || flujo ? Qt::AlignTop : Qt::AlignVCenter) | Qt::AlignRight);
         }
         // La casilla de la rejilla crece; el control de ancho fijo se queda a la izquierda de ella.
         auto* celda = new QHBoxLayout;
@@ -259,7 +265,8 @@ QWidget* Formulario::junto(std::initializer_list<QWidget*> controles) {
     fila->setSpacing(paso(0.5));
     bool elastico = false;
     for (QWidget* control : controles) {
-        const bool crece = control->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag;
+        const bool crece = control->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag &&
+                           control->maximumWidth() == QWIDGETSIZE_MAX;
         fila->addWidget(control, crece ? 1 : 0);
         elastico = elastico || crece;
         if (!conjunto->focusProxy() && control->focusPolicy() != Qt::NoFocus)

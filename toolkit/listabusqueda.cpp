@@ -1,6 +1,7 @@
 #include "toolkit/listabusqueda.h"
 
 #include "datos/recordset/condicion.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 
 #include <QButtonGroup>
@@ -71,8 +72,8 @@ FilaBusqueda::FilaBusqueda(const QVector<Eleccion>& columnas, const QString& rot
     arriba->addWidget(EBuscar, 1);
     arriba->addWidget(sbBuscar);
     centro->addLayout(arriba);
-    auto* abajo = new QHBoxLayout;
-    abajo->setSpacing(paso(2));
+    auto* casillas = new QWidget(this);
+    auto* abajo = new DisposicionFlujo(casillas, paso(2));
     const auto casilla = [&](const char* nombre, const QString& texto) {
         auto* c = new QCheckBox(texto, this);
         c->setObjectName(QLatin1String(nombre));
@@ -83,10 +84,9 @@ FilaBusqueda::FilaBusqueda(const QVector<Eleccion>& columnas, const QString& rot
     if (!rotulo_inactivos.isEmpty())
         ckinact = casilla("ckinact", rotulo_inactivos);
     ckfiltro = casilla("ckfiltro", QStringLiteral("Habilitar filtros"));
-    abajo->addStretch();
-    centro->addLayout(abajo);
+    centro->addWidget(casillas);
     fila->addLayout(centro, 1);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum); // más renglones si no cabe
 
     connect(EBuscar, &QLineEdit::textEdited, this, [this] { pendiente_ = true; });
     connect(sbBuscar, &QPushButton::clicked, this, [this] { busque(); });

@@ -1,6 +1,7 @@
 #include "toolkit/marcos.h"
 
 #include "toolkit/barrabotones.h"
+#include "toolkit/estilo.h"
 #include "toolkit/orden_lectura.h"
 
 #include <QCloseEvent>
@@ -50,8 +51,10 @@ void MarcoPantalla::fije_botones() {
     const int fondo = verticalScrollBar()->value() + viewport()->height() - margen - 1;
     QRect lugar = natural;
     // Si la pantalla es más ancha que su ventana, los botones se acomodan en lo que se ve de ella.
+    // Más angostos que el mayor, la pantalla se angostaría y habría que ensancharlos, sin fin.
     const int sobra = pantalla_->width() - viewport()->width();
-    const int tope = sobra > 0 ? qMax(1, campo.width() - sobra) : QWIDGETSIZE_MAX;
+    const int tope = sobra > 0 ? qMax(botones_->minimumSizeHint().width(), campo.width() - sobra)
+                               : QWIDGETSIZE_MAX;
     if (botones_->maximumWidth() != tope)
         botones_->setMaximumWidth(tope);
     if (sobra > 0)
@@ -91,6 +94,18 @@ bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
     return QScrollArea::eventFilter(objeto, evento);
 }
 
+void MarcoPantalla::muestre(QWidget* control) {
+    ensureWidgetVisible(control);
+    // La ventanilla no sabe que los botones tapan su borde de abajo.
+    if (!telon_ || !telon_->isVisible())
+        return;
+    const QRect lugar(control->mapTo(viewport(), QPoint()), control->size());
+    const int tapa = lugar.bottom() + paso() - telon_->mapTo(viewport(), QPoint()).y();
+    const int cabe = lugar.top() - paso(); // de uno más alto que la ventanilla se ve el comienzo
+    if (const int sube = qMin(tapa, cabe); sube > 0)
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + sube);
+}
+
 void MarcoPantalla::suelte() {
     if (pantalla_) {
         takeWidget();
@@ -123,7 +138,7 @@ bool MarcoPantalla::focusNextPrevChild(bool siguiente) {
     QWidget* proximo =
         orden[esta == orden.end() ? (siguiente ? 0 : n - 1) : (i + (siguiente ? 1 : n - 1)) % n];
     proximo->setFocus(siguiente ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    ensureWidgetVisible(proximo);
+    muestre(proximo);
     return true;
 }
 

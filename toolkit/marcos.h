@@ -27,6 +27,8 @@ protected:
 private:
     /// Los botones se quedan en el borde de abajo aunque la pantalla sea más alta que su ventana.
     void fije_botones();
+    /// Corre la ventanilla hasta que se vea, y no detrás de los botones.
+    void muestre(QWidget* control);
 
     QPointer<Pantalla> pantalla_;
     QPointer<QWidget> botones_;

@@ -6,6 +6,19 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace {
+
+/// Grande; con letra grande se aprieta antes de que haya que desplazar el menú.
+class BotonMenu : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+    QSize sizeHint() const override {
+        return QPushButton::sizeHint().expandedTo({escalado(260), escalado(56)});
+    }
+};
+
+} // namespace
+
 MenuBotones::MenuBotones(const QString& clase, const QString& titulo) : Pantalla(clase, titulo) {
     columna_ = new QVBoxLayout(this);
     columna_->setContentsMargins(paso(2), paso(2), paso(2), paso(2));
@@ -17,10 +30,11 @@ MenuBotones::MenuBotones(const QString& clase, const QString& titulo) : Pantalla
 
 QPushButton* MenuBotones::opcion(const QString& nombre, const QString& texto, const QString& imagen,
                                  std::function<void()> accion) {
-    auto* boton = new QPushButton(::icono(imagen), texto, this);
+    auto* boton = new BotonMenu(::icono(imagen), texto, this);
     boton->setObjectName(nombre);
     boton->setIconSize({escalado(32), escalado(32)});
-    boton->setMinimumSize(escalado(260), escalado(56));
+    boton->setMinimumSize(escalado(260), escalado(36));
+    boton->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
     boton->setAutoDefault(true); // Enter oprime el que tiene el foco
     connect(boton, &QPushButton::clicked, this,
             [this, accion = std::move(accion)] { ejecute(accion); });

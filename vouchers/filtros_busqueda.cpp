@@ -2,6 +2,7 @@
 
 #include "datos/recordset/condicion.h"
 #include "toolkit/controles/fecha_contable.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -27,9 +28,9 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     buscar->setObjectName(nombre_boton);
     buscar->setAutoDefault(false);
     // Los datos cortos van con el tipo; del primero largo en adelante, en el otro renglón.
-    auto* arriba = new QHBoxLayout;
+    // Con letra grande los cortos siguen en otro renglón.
+    QWidget* arriba = en_flujo({LTipo}, paso());
     auto* abajo = new QHBoxLayout;
-    arriba->addWidget(LTipo);
     QLineEdit* primero_largo = nullptr;
     constexpr int kCorto = 8;
     for (const FiltroTexto& f : filtros_) {
@@ -47,28 +48,21 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
             continue;
         }
         caja->setFixedWidth(ancho_caracteres(fontMetrics(), f.ancho + 2));
-        QHBoxLayout* renglon = primero_largo ? abajo : arriba;
-        renglon->addWidget(rotulo(texto, caja));
-        renglon->addWidget(caja);
+        QWidget* par = Formulario::junto({rotulo(texto, caja), caja});
+        (primero_largo ? static_cast<QLayout*>(abajo) : arriba->layout())->addWidget(par);
     }
-    arriba->addStretch();
     abajo->addWidget(buscar);
     if (con_fila) {
         ckfiltro = nombrado(new QCheckBox("Habilitar filtros", this), "ckfiltro");
         abajo->addWidget(ckfiltro);
     }
-    const auto renglon = [](QHBoxLayout* fila, QWidget* foco) {
-        auto* w = new QWidget;
-        fila->setContentsMargins(0, 0, 0, 0);
-        w->setLayout(fila);
-        w->setFocusProxy(foco);
-        return w;
-    };
-    Formulario(this)
-        .fila("Tipo", renglon(arriba, LTipo))
-        .fila("Concepto", renglon(abajo, primero_largo));
+    auto* segundo = new QWidget;
+    abajo->setContentsMargins(0, 0, 0, 0);
+    segundo->setLayout(abajo);
+    segundo->setFocusProxy(primero_largo);
+    Formulario(this).fila("Tipo", arriba).fila("Concepto", segundo);
     layout()->setContentsMargins(0, 0, 0, 0);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum); // más renglones si no cabe
     connect(buscar, &QPushButton::clicked, this, [this] { busque(); });
 }
 

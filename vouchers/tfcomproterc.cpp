@@ -24,11 +24,11 @@ Tfcomproterc::Tfcomproterc()
 
     ENIT = caja_de_lectura("ENIT", 16);
     ENom = caja_de_lectura("ENom", 40);
+    ENom->setMaximumWidth(QWIDGETSIZE_MAX);
     auto* tercero = new QWidget(this);
     Formulario(tercero).fila({{"NIT", Formulario::junto({ENIT, ENom})}});
     tercero->layout()->setContentsMargins(0, 0, 0, 0);
     ENom->setAccessibleName("Nombre del tercero");
-    ENom->setMaximumWidth(QWIDGETSIZE_MAX);
     construya_filtros({{"TPref", "Prefijo", 4, "prefijo"},
                        {"TNum", "Número", 8, "numero", FiltroTexto::Desde},
                        {"TFecha", "Fecha", 8, "fecha", FiltroTexto::Desde},

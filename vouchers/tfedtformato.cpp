@@ -59,6 +59,7 @@ Tfedtformato::Tfedtformato()
         s->setStretchFactor(0, 3);
         s->setStretchFactor(1, s == grillas ? 2 : 1);
     }
+    division->setSizes({7800, 2200}); // los títulos y los nombres de los datos se leen enteros
     f.ancha(division, 1);
     auto* barra = new BarraBotones(this);
     f.botones(barra);

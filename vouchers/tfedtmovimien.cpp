@@ -99,8 +99,10 @@ void Tfedtmovimien::declare_pie() {
     Edit3->setAccessibleName("Último cambio NIIF");
     barra->separe();
     barra->agregue(Edit1);
+    // Cada libro dice cuándo cambió; si el NIIF nunca, no ocupa sitio.
     barra->agregue(LabAudit);
-    barra->agregue(Edit3);
+    cambio_niif_ = Formulario::junto({new QLabel("NIIF:"), Edit3});
+    barra->agregue(cambio_niif_);
 }
 
 // ---------------------------------------------------------------- creación
@@ -123,6 +125,7 @@ void Tfedtmovimien::FormCreate() {
     muestre_auditoria(1001, id, [this](const QString& t) {
         Edit3->setText(t);
         Edit3->setToolTip(t);
+        cambio_niif_->setVisible(!CAudit.FieldByName("AUDIT").vacio());
         Edit3->setCursorPosition(0); // si no cabe, que se vea el comienzo
     });
     llene_categorias(lineas_2649->rejilla);

@@ -16,6 +16,7 @@ public:
     EditorDato* EPref;
     QLineEdit *Edit1, *Edit3;
     QLabel* LabAudit;
+    QWidget* cambio_niif_;
     QPushButton* SBBorrar = nullptr;
 
     void FormCreate() override;

@@ -35,7 +35,7 @@ Tfplanilladatos::Tfplanilladatos()
 Tfplanilladatos::~Tfplanilladatos() = default;
 
 void Tfplanilladatos::construya() {
-    ETipo = caja_de_lectura("ETipo", 40);
+    ETipo = caja_de_lectura("ETipo", 30);
     EMes = caja_de_lectura("EMes", 12);
     EAno = caja_de_lectura("EAno", 5);
     DBGridEh1 = nombrado(new Rejilla(this), "DBGridEh1");

@@ -75,6 +75,12 @@ QStringList datos_extremos() {
         "mens_nivel, mens_destino, mens_leido) values (1, 'AUXILIAR', 'Falta la factura del "
         "arriendo de las bodegas de todo el territorio nacional', '2017-01-15', '10:30', 1, "
         "'ADMIN', 'N')",
+        "insert into formato_datos (tido_cod, pref_pre, dafo_item, dafo_dato, dafo_imprime, "
+        "dafo_posx, dafo_posy, dafo_ini, dafo_long, dafo_repite, dafo_font, dafo_fsize) values (1, "
+        "'CG', 1, 'NOMBRE SUBCEBTRO COSTO', 'S', 1085, 400, 1, 30, 'S', 'DejaVu Sans Mono', 9)",
+        "insert into formato_datos (tido_cod, pref_pre, dafo_item, dafo_dato, dafo_imprime, "
+        "dafo_posx, dafo_posy, dafo_ini, dafo_long) values (1, 'CG', 2, 'DOCUMENTO APLICACION', "
+        "'S', 105, 200, 1, 12)",
         "insert into normas_niif (nnif_id, nnif_nombre) values (1, 'Presentación de los estados "
         "financieros de propósito general')",
         "insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, cocu_cuentabase, cocu_porc, "
@@ -123,12 +129,14 @@ QVector<int> columnas_a_la_vista(const Rejilla& r) {
     return v;
 }
 
-/// Un nombre o un concepto; lo demás son códigos, fechas y cifras, que no se parten.
+/// Un nombre o un concepto; lo demás son códigos, fechas, cifras y lo que se escoge de una lista,
+/// que no se parten.
 bool es_nombre(const Rejilla& r, int columna) {
-    const Campo* campo = r.columna(columna).campo;
-    return !r.modelo().numerica(columna) && campo &&
-           (campo->clase == ClaseCampo::Blob || campo->Size >= 24 ||
-            r.columna(columna).ancho >= 24);
+    const ColumnaRejilla& c = r.columna(columna);
+    if (r.modelo().numerica(columna) || !c.campo)
+        return false;
+    return c.campo->clase == ClaseCampo::Blob || c.ancho >= 24 ||
+           (c.campo->Size >= 24 && c.PickList().isEmpty());
 }
 
 void revise_celdas(const Rejilla& r, QStringList& faltas) {
@@ -182,6 +190,26 @@ void revise_ventana(Pantalla* p, QStringList& faltas) {
             faltas << nombre_de(r) + " se desplaza y su ventana puede ensancharse";
 }
 
+/// Un nombre cede hasta doce letras antes de que una cifra haya que ir a buscarla.
+void revise_desplazamiento(const Rejilla& r, QStringList& faltas) {
+    const int falta = r.horizontalScrollBar()->maximum();
+    const int corrida = r.horizontalScrollBar()->value();
+    const int fin = r.visualRect(r.currentIndex()).right() + corrida;
+    if (corrida > 0 && fin < r.viewport()->width())
+        faltas << nombre_de(&r) + " abre corrida";
+    const int doce = ancho_caracteres(r.fontMetrics(), 12);
+    int ceden = 0;
+    for (const int c : columnas_a_la_vista(r))
+        if (es_nombre(r, c) && !r.columna(c).casilla)
+            ceden +=
+                qMax(0, r.columnWidth(c) - qMax(doce, r.horizontalHeader()->sectionSizeHint(c)));
+    if (falta > 0 && falta <= ceden)
+        faltas << QString("%1 se desplaza %2 y sus nombres ceden %3")
+                      .arg(nombre_de(&r))
+                      .arg(falta)
+                      .arg(ceden);
+}
+
 /// La columna que no se desplaza no tapa las cifras del cubo.
 void revise_cubos(const Pantalla* p, QStringList& faltas) {
     for (const RejillaCubo* r : p->findChildren<RejillaCubo*>())
@@ -197,6 +225,7 @@ void revise_rejillas(const Pantalla* p, QStringList& faltas) {
         agote_eventos();
         revise_celdas(*r, faltas);
         revise_anchos(*r, faltas);
+        revise_desplazamiento(*r, faltas);
     }
     faltas.removeDuplicates();
 }
@@ -245,6 +274,8 @@ void revise_botones(Pantalla* p, QStringList& faltas) {
             if (b->isVisible() &&
                 !marco->rect().contains(QRect(b->mapTo(marco, QPoint()), b->size())))
                 faltas << nombre_de(b) + " queda fuera de la vista";
+            if (b->isVisible() && b->icon().isNull())
+                faltas << nombre_de(b) + " no tiene dibujo";
             // En todas se graba y se sale con las mismas palabras.
             if (b->text().contains("Guardar") || b->text().contains("Cerrar"))
                 faltas << nombre_de(b) + " dice " + b->text();
@@ -276,6 +307,23 @@ void revise_lineas(const Pantalla* p, QStringList& faltas) {
 }
 
 } // namespace
+
+/// Lo que Qt le reprocha a quien arma una ventana mal.
+class Reproches {
+public:
+    Reproches() : antes_(qInstallMessageHandler(anote)) { vistos_.clear(); }
+    ~Reproches() { qInstallMessageHandler(antes_); }
+    static QStringList saque() { return std::exchange(vistos_, {}); }
+
+private:
+    static void anote(QtMsgType, const QMessageLogContext&, const QString& texto) {
+        if (texto.startsWith("QWidget::") || texto.startsWith("QLayout") ||
+            texto.startsWith("QPainter") || texto.startsWith("QObject::"))
+            vistos_ << texto;
+    }
+    static inline QStringList vistos_;
+    QtMessageHandler antes_;
+};
 
 /// Lo que Qt busca traducir y se queda como estaba, salvo los nombres propios y lo que en español
 /// se escribe igual. Es el primero al que se le pregunta.
@@ -319,10 +367,11 @@ private slots:
     void cada_pantalla_se_lee_entera() {
         QFETCH(QStringList, ordenes);
         QStringList faltas;
+        std::optional<Reproches> reproches(std::in_place);
         con_cada_pantalla(
             *s_, ordenes, monitor(),
             [&](Pantalla* p) {
-                QStringList suyas;
+                QStringList suyas = Reproches::saque();
                 agote_eventos();
                 revise_ventana(p, suyas);
                 revise_rejillas(p, suyas);
@@ -348,6 +397,7 @@ private slots:
                           QString::fromLatin1(QTest::currentDataTag()) + '_' + p->objectName());
             },
             QTest::currentDataTag() != QByteArray("vacios"));
+        reproches.reset();
         diga_faltas(faltas);
         QVERIFY2(s_->errores().isEmpty(), qPrintable(s_->errores().join('|')));
     }

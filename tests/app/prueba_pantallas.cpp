@@ -1,7 +1,9 @@
 // Todas las pantallas registradas, a su tamaño de fábrica: el Tab las recorre en el orden en que se
 // leen sin salirse de ellas, y sus datos se nombran con palabras.
 #include "cada_pantalla.h"
+#include "toolkit/barrabotones.h"
 #include "toolkit/controles/navegadordatos.h"
+#include "toolkit/orden_lectura.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QGroupBox>
@@ -30,7 +32,11 @@ QString nombres(const QVector<QWidget*>& controles) {
 
 /// Los que comparten renglón, de izquierda a derecha; los renglones, de arriba abajo.
 QVector<QWidget*> en_orden(QVector<QWidget*> hermanos, QWidget* padre) {
-    const auto lugar = [padre](QWidget* w) { return QRect(w->mapTo(padre, QPoint()), w->size()); };
+    // Los botones que se quedan en el borde de la ventanilla se leen al final, donde van.
+    const auto lugar = [padre](QWidget* w) {
+        const QVariant natural = w->property(kLugarNatural);
+        return natural.isValid() ? natural.toRect() : QRect(w->mapTo(padre, QPoint()), w->size());
+    };
     std::stable_sort(hermanos.begin(), hermanos.end(), [&](QWidget* a, QWidget* b) {
         return lugar(a).center().y() < lugar(b).center().y();
     });
@@ -89,6 +95,19 @@ void lea(QWidget* padre, QVector<QWidget*>& orden) {
     }
 }
 
+/// Lo enfocado no se alcanza a ver: está fuera de la ventanilla o detrás de los botones.
+bool tapado(Pantalla* p, QWidget* w) {
+    constexpr int kSeReconoce = 12;
+    QWidget* ventanilla = p->parentWidget();
+    const QRect lugar(w->mapTo(ventanilla, QPoint()), w->size());
+    QRect vista = lugar & ventanilla->rect();
+    const auto* barra = p->findChild<BarraBotones*>();
+    if (barra && barra->isVisible() && !barra->isAncestorOf(w))
+        vista.setBottom(qMin(vista.bottom(), barra->mapTo(ventanilla, QPoint()).y() - 1));
+    return vista.width() < qMin(lugar.width(), kSeReconoce) ||
+           vista.height() < qMin(lugar.height(), kSeReconoce);
+}
+
 /// Lo que Tab visita desde donde esté, oprimiéndolo de verdad, hasta volver al comienzo.
 /// Lo que en algún momento esté apagado queda en `apagados`.
 QVector<QWidget*> recorra_con_tab(Pantalla* p, bool atras, QSet<QWidget*>& apagados,
@@ -109,9 +128,11 @@ QVector<QWidget*> recorra_con_tab(Pantalla* p, bool atras, QSet<QWidget*>& apaga
         if (visitados.isEmpty() || control != visitados.last()) {
             if (visitados.contains(control)) {
                 if (control != visitados.first())
-                    fuga = "el foco vuelve antes de tiempo a " + nombre_de(control);
+                    fuga += "el foco vuelve antes de tiempo a " + nombre_de(control);
                 return visitados;
             }
+            if (!visitados.isEmpty() && tapado(p, control))
+                fuga += nombre_de(control) + " recibe el foco y no se ve; ";
             visitados << control;
             // Celda por celda, una lista larga no se acaba: la última fila está a un paso.
             if (qobject_cast<Rejilla*>(control))
@@ -133,6 +154,11 @@ private slots:
     void init() { s_.emplace(); }
     void cleanup() { s_.reset(); }
 
+    void cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos_data() {
+        QTest::addColumn<QSize>("monitor");
+        QTest::newRow("corriente") << QSize(1366, 768);
+        QTest::newRow("con letra al doble") << QSize(1366, 768) / 2;
+    }
     void cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos();
     void el_encabezado_del_comprobante_se_recorre_como_lo_piensa_un_contador();
 
@@ -169,8 +195,9 @@ private:
 };
 
 void PruebaPantallas::cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos() {
+    QFETCH(QSize, monitor);
     QStringList malas;
-    con_cada_pantalla(*s_, {}, {1366, 768}, [&](Pantalla* p) {
+    con_cada_pantalla(*s_, {}, monitor, [&](Pantalla* p) {
         const QString esta = p->objectName();
         p->window()->activateWindow();
         if (!QTest::qWaitForWindowActive(p->window()))

@@ -311,7 +311,7 @@ private slots:
                  ++x)
                 for (int y = h.top() + h.height() * y1 / 2000; y < h.top() + h.height() * y2 / 2000;
                      ++y)
-                    puntos += qGray(imagen.pixel(x, y)) < 140;
+                    puntos += qGray(imagen.pixel(x, y)) < 200;
             return puntos;
         };
         // La página sigue lo que se digita, sin salir de la celda, y con Esc vuelve como estaba.

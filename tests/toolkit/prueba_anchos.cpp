@@ -69,6 +69,15 @@ private slots:
             {1000, {80, 760, 160}}};
         for (const auto& [disponible, anchos] : casos)
             QCOMPARE(reparta_ancho(codigo_nombre_y_cifra, disponible), anchos);
+        // Un nombre que puede ceder lo hace antes que un título, y los dos antes que desplazarse.
+        QVector<PedidoAncho> con_nombre_largo = codigo_nombre_y_cifra;
+        con_nombre_largo[1].cede = 30;
+        QCOMPARE(reparta_ancho(con_nombre_largo, 280), QVector<int>({60, 80, 140}));
+        QCOMPARE(reparta_ancho(con_nombre_largo, 260), QVector<int>({60, 70, 130}));
+        QCOMPARE(reparta_ancho(con_nombre_largo, 249), QVector<int>({60, 100, 140}));
+        con_nombre_largo << PedidoAncho{
+            .contenido = 90, .titulo = 50, .cede = 90, .peso = 9, .vacia = true};
+        QCOMPARE(reparta_ancho(con_nombre_largo, 340), QVector<int>({60, 90, 140, 50}));
     }
 
     void sin_textos_las_cifras_se_separan_con_medida_y_lo_escogido_no_se_toca() {

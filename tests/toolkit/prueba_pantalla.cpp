@@ -389,6 +389,23 @@ private slots:
             QTest::keyClick(a->caja, Qt::Key_Backtab);
             QVERIFY(oprimible(*a, "SBSalir")->hasFocus());
         }
+        // Aunque sean anchos y ocupen varios renglones, lo que Tab enfoca no queda detrás de ellos.
+        p.area->activeSubWindow()->resize(300, 500);
+        auto* barra = a->findChild<BarraBotones*>();
+        for (const char* nombre : {"B1", "B2", "B3"})
+            barra->boton(nombre, QString(40, 'm'), "", {}, [] {})->show();
+        auto* medio = new QLineEdit(a);
+        auto* relleno = new QWidget(a);
+        relleno->setMinimumHeight(2000);
+        grande->setMinimumSize(20, 900);
+        static_cast<QBoxLayout*>(a->layout())->insertWidget(2, medio);
+        static_cast<QBoxLayout*>(a->layout())->insertWidget(3, relleno);
+        agote_eventos();
+        grande->setFocus();
+        QTest::keyClick(grande, Qt::Key_Tab);
+        QVERIFY(medio->hasFocus());
+        QVERIFY(medio->mapTo(marco, medio->rect().bottomLeft()).y() < marco->height());
+        QVERIFY(medio->geometry().bottom() < barra->geometry().top());
     }
 
     void tab_da_la_vuelta_por_lo_que_esta_a_la_vista_y_encendido() {

@@ -8,6 +8,7 @@
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QScopedValueRollback>
+#include <numeric>
 
 namespace {
 
@@ -38,16 +39,23 @@ int de_lo_que_falta(QVector<int>& anchos, const QVector<int>& faltas, int libre)
     return libre - tope;
 }
 
+int suma(const QVector<int>& pixeles) {
+    return std::accumulate(pixeles.begin(), pixeles.end(), 0);
+}
+
 } // namespace
 
 QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) {
-    QVector<int> anchos, cede, falta_texto, falta_codigo, pesos, parejo;
+    QVector<int> anchos, vacia, nombre, titulo, falta_texto, falta_codigo, pesos, parejo;
     int total = 0;
     for (const PedidoAncho& p : pedidos) {
         const int ancho = qMax(p.contenido, p.titulo);
         anchos << ancho;
         total += ancho;
-        cede << (p.fijo ? 0 : ancho - p.contenido);
+        const int cede = p.fijo ? 0 : qBound(0, ancho - p.titulo, p.cede);
+        vacia << (p.vacia ? cede : 0);
+        nombre << (p.vacia ? 0 : cede);
+        titulo << (p.fijo ? 0 : ancho - p.contenido);
         const int falta = p.fijo ? 0 : qMax(0, p.comodo - ancho);
         falta_texto << (p.peso > 0 ? falta : 0);
         falta_codigo << (p.peso > 0 ? 0 : falta);
@@ -55,15 +63,13 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
         parejo << (p.fijo ? 0 : qMax(ancho, p.comodo) / 2);
     }
     if (total > disponible) {
-        // Un título se puede leer en su letrero; una cifra, no.
-        int titulos = 0;
-        for (const int c : cede)
-            titulos += c;
+        // Un nombre y un título se pueden leer en su letrero; una cifra, no.
         const int sobra = total - disponible;
-        if (sobra > titulos)
+        if (sobra > suma(vacia) + suma(nombre) + suma(titulo))
             return anchos;
         QVector<int> quita(anchos.size(), 0);
-        de_lo_que_falta(quita, cede, sobra);
+        const int sin_vacias = de_lo_que_falta(quita, vacia, sobra);
+        de_lo_que_falta(quita, titulo, de_lo_que_falta(quita, nombre, sin_vacias));
         for (qsizetype i = 0; i < anchos.size(); ++i)
             anchos[i] -= quita[i];
         return anchos;
@@ -143,6 +149,8 @@ bool AnchosRejilla::es_texto_largo(int columna) const {
         return c.ancho >= kCaracteresLargo;
     if (c.campo->clase != ClaseCampo::Texto)
         return c.campo->clase == ClaseCampo::Blob;
+    if (!c.PickList().isEmpty() && c.ancho < kCaracteresLargo)
+        return false; // lo que se escoge de una lista se reconoce entero
     return c.campo->Size >= kCaracteresLargo || c.ancho >= kCaracteresLargo;
 }
 
@@ -168,6 +176,9 @@ PedidoAncho AnchosRejilla::mida_columna(int columna) const {
         const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho));
         p.contenido = qMax(poco, qMin(lleno, declarado * 6 / 10));
         p.comodo = qMax(lleno, declarado);
+        p.vacia = !rejilla_.modelo().editable(columna) &&
+                  lleno <= 2 * DelegadoCelda::margen(medidas) + 2; // lo que pide una celda sin nada
+        p.cede = p.vacia ? p.contenido : p.contenido - poco;
         p.peso = qMax(1, c.ancho);
         return p;
     }

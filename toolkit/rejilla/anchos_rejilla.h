@@ -14,10 +14,12 @@ class Rejilla;
 
 /// Lo que pide una columna, en píxeles.
 struct PedidoAncho {
-    int contenido = 0; ///< sin esto se recortaría una cifra o un código
-    int titulo = 0;    ///< para que su título se lea entero
-    int comodo = 0;    ///< el texto completo, o sitio para digitar
-    int peso = 0;      ///< parte de lo que sobre; 0 en cifras y códigos
+    int contenido = 0;  ///< sin esto se recortaría una cifra o un código
+    int titulo = 0;     ///< para que su título se lea entero
+    int comodo = 0;     ///< el texto completo, o sitio para digitar
+    int cede = 0;       ///< de lo anterior, lo que un texto da antes de que se corte un título
+    int peso = 0;       ///< parte de lo que sobre; 0 en cifras y códigos
+    bool vacia = false; ///< un texto que no dice nada en ninguna fila: es el primero que cede
     bool fijo = false; ///< ni un píxel más: lo escogió el usuario, está oculta o es una casilla
 };
 

@@ -64,7 +64,7 @@ void EncabezadoRejilla::initStyleOptionForIndex(QStyleOptionHeader* opcion, int 
 QString EncabezadoRejilla::titulo_partido(int columna) const {
     const int margen = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
     return en_renglones(model()->headerData(columna, Qt::Horizontal).toString(), fontMetrics(),
-                        sectionSize(columna) - margen);
+                        sectionSize(columna) - 2 * margen); // uno a cada lado
 }
 
 void EncabezadoRejilla::acomode_titulos() {

@@ -316,8 +316,12 @@ void Rejilla::showEvent(QShowEvent* evento) {
     if (accessibleName().isEmpty())
         setAccessibleName(QStringLiteral("Lista de ") + TablaRejilla(*this).titulo());
     // Antes de mostrarse no se sabía cuánto espacio hay.
-    if (!evento->spontaneous() && !std::exchange(mostrada_, true))
+    if (!evento->spontaneous() && !std::exchange(mostrada_, true)) {
         aplique_anchos();
+        // La celda actual pudo correr la vista cuando no había dónde mostrarla.
+        horizontalScrollBar()->setValue(0);
+        scrollTo(currentIndex());
+    }
 }
 
 void Rejilla::paintEvent(QPaintEvent* evento) {
