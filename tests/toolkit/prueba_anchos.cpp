@@ -69,6 +69,11 @@ private slots:
             {1000, {80, 760, 160}}};
         for (const auto& [disponible, anchos] : casos)
             QCOMPARE(reparta_ancho(codigo_nombre_y_cifra, disponible), anchos);
+        // El nombre que ya hay se lee entero antes de guardarle sitio al que se digite.
+        QCOMPARE(reparta_ancho({{.contenido = 50, .comodo = 300, .peso = 10},
+                                {.contenido = 50, .comodo = 200, .entero = 200, .peso = 10}},
+                               300),
+                 QVector<int>({100, 200}));
     }
 
     void sin_textos_las_cifras_se_separan_con_medida_y_lo_escogido_no_se_toca() {
