@@ -46,7 +46,9 @@ sleep 0.5
 # --- manos y ojos
 viva() {
     kill -0 "$programa" 2>/dev/null && return
-    echo "El programa terminó antes de tiempo."
+    local estado=0
+    wait "$programa" || estado=$?
+    echo "El programa terminó antes de tiempo, con $estado."
     exit 1
 }
 espere() { sleep "${1:-0.5}"; calma; }

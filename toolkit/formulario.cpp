@@ -268,6 +268,8 @@ QWidget* Formulario::junto(std::initializer_list<QWidget*> controles) {
         if (!conjunto->focusProxy() && control->focusPolicy() != Qt::NoFocus)
             conjunto->setFocusProxy(control);
     }
+    if (!elastico) // juntos, aunque su columna sea más ancha
+        fila->addStretch();
     conjunto->setSizePolicy(elastico ? QSizePolicy::Expanding : QSizePolicy::Fixed,
                             QSizePolicy::Fixed);
     return conjunto;

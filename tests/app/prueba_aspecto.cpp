@@ -321,13 +321,15 @@ bool consulte(Pantalla* p) {
     static const QHash<QString, QString> botones{
         {"Tfmediosmag", "SpeedButton5"},    {"Tfmediosmag13", "SpeedButton5"},
         {"Tfmediosmagbog", "SpeedButton5"}, {"Tfsupersociedades", "SpeedButton5"},
-        {"Tfejecutaregiauto", "SBVista"},   {"Tfbuscomproba", "SBBuscar"},
+        {"Tfejecutaregiauto", "SBVista"},   {"Tfbuscomproba", "BitBtn1"},
     };
     if (p->objectName() == "Tfmensaje")
         return p->findChild<Rejilla*>("DBGridEh1")->conjunto()->Locate("USUARIO", {"AUXILIAR"});
     auto* boton = p->findChild<QAbstractButton*>(botones.value(p->objectName()));
     if (!botones.contains(p->objectName()) || !boton)
         return false;
+    if (auto* hasta = p->findChild<QLineEdit*>("FecFin"); p->objectName() == "Tfbuscomproba")
+        hasta->clear(); // con todos los tipos se busca por un solo dato
     boton->click();
     return true;
 }
