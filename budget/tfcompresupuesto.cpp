@@ -251,6 +251,7 @@ void Tfcompresupuesto::imprima() {
     motor.abrir_proyecto(motor.ProjectFile);
     fije_variables(motor,
                    "Presupuesto para el periodo de:" + EDesde->text() + " - " + EHasta->text());
+    motor.fijar_parametro("Libro", "2649");
     motor.fijar_parametro("Periodo", EMes->text() + " de " + EAno->text());
     CComparacion.FetchAll();
     motor.conecte("RPresupuesto", CComparacion);

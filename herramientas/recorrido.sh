@@ -35,7 +35,7 @@ mkdir "$fotos/certificados"
 export QUORVEX_DIRECTORIO=$trabajo/aplicacion
 export XDG_CONFIG_HOME=$trabajo/preferencias QT_QPA_PLATFORM=xcb
 
-Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$trabajo/monitor" 2>/dev/null &
+Xvfb -r -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$trabajo/monitor" 2>/dev/null &
 pantalla=$!
 for _ in $(seq 100); do [ -s "$trabajo/monitor" ] && break; sleep 0.1; done
 export DISPLAY=:$(cat "$trabajo/monitor")
@@ -46,7 +46,9 @@ sleep 0.5
 # --- manos y ojos
 viva() {
     kill -0 "$programa" 2>/dev/null && return
-    echo "El programa terminó antes de tiempo."
+    local estado=0
+    wait "$programa" || estado=$?
+    echo "El programa terminó antes de tiempo, con $estado."
     exit 1
 }
 espere() { sleep "${1:-0.5}"; calma; }

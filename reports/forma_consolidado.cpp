@@ -180,6 +180,7 @@ void FormaConsolidado::diga_lo_omitido(const QVector<std::pair<QString, Moneda>>
 }
 
 void FormaConsolidado::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
+    motor.fijar_parametro("Libro", "2649"); // el único que se consolida
     const QString otra = NomCia1->text().isEmpty() ? CodCia1->text().trimmed() : NomCia1->text();
     motor.fijar_texto(pagina, QStringLiteral("Text1"),
                       QString::fromUtf8(variante().titulo) + QStringLiteral(" con ") + otra);

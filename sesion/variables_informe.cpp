@@ -3,12 +3,26 @@
 #include "sesion/tfdm.h"
 #include "toolkit/informes/motor.h"
 
+#include <QRegularExpression>
+
+namespace {
+
+/// El título que compone el programa pega los rótulos a sus datos: "Cuentas:11...1399Fechas:2017".
+QString con_espacios(QString titulo) {
+    static const QRegularExpression tras_rotulo("(?<=\\p{L}):(?=[^\\s:])");
+    static const QRegularExpression ante_rotulo("(?<=[\\p{Lu}\\d.])(?=\\p{Lu}\\p{Ll}+:)");
+    return titulo.replace(tras_rotulo, ": ").replace(ante_rotulo, " ");
+}
+
+} // namespace
+
 void fije_variables(MotorInformes& motor, const QString& titulo) {
     motor.fijar_parametro("NomCia", fdm().valor<Llave::NombreCompania>());
     motor.fijar_parametro("Titulo", titulo);
     motor.fijar_parametro("Usuario", fdm().nombre_usuario);
     motor.fijar_parametro("NitCia", fdm().valor<Llave::NitCompania>());
     motor.fijar_parametro("Rango", titulo);
+    motor.fijar_parametro("Pie", con_espacios(titulo));
     const auto letras = [](const char* clave) {
         return fdm().configuracion("GENERAL", "GENERAL", clave);
     };

@@ -70,6 +70,7 @@ QString Tfrngcertificadet::reporte() {
 
 void Tfrngcertificadet::ajuste_reporte(MotorInformes& motor, const QString&) {
     fije_compania(motor);
+    motor.fijar_parametro("Libro", "2649");
     motor.fijar_parametro("Ano", valor("EFecIni").left(4));
     motor.fijar_parametro("Inicial", valor("EFecIni"));
     motor.fijar_parametro("Final", valor("EFecFin"));

@@ -23,18 +23,23 @@ Pantalla* pantalla_en(QMdiSubWindow* ventana) {
     return marco ? marco->pantalla() : nullptr;
 }
 
+const AnchosRejilla& anchos_de(const Rejilla& r) {
+    return static_cast<EncabezadoRejilla*>(r.horizontalHeader())->anchos();
+}
+
 /// Ensancha la ventana desde su centro, sin salirse del área, hasta que sus rejillas muestren todas
-/// sus cifras. Falso si no hizo falta.
+/// sus cifras y enteros sus nombres. Falso si no hizo falta, o si el usuario le dio otro tamaño.
 bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
-    constexpr int kVeces = 3; // entre dos rejillas que se parten el ancho, no basta una
+    constexpr int kVeces = 12; // entre dos rejillas que se parten el ancho, no basta una
     const int antes = ventana.width();
+    if (ventana.isMaximized() || ventana.isMinimized() ||
+        ventana.size() != ventana.property("inicial").toSize())
+        return false;
     for (int i = 0; i < kVeces && ventana.width() < area.width(); ++i) {
         int falta = 0;
         for (const Rejilla* r : pantalla.findChildren<Rejilla*>())
             if (r->isVisible())
-                falta = qMax(falta, static_cast<EncabezadoRejilla*>(r->horizontalHeader())
-                                        ->anchos()
-                                        .lo_que_falta());
+                falta = qMax(falta, anchos_de(*r).lo_que_falta());
         if (falta == 0)
             break;
         ventana.resize(qMin(ventana.width() + falta, area.width()), ventana.height());
@@ -46,6 +51,18 @@ bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
         qBound(0, ventana.x() - (ventana.width() - antes) / 2, area.width() - ventana.width()),
         ventana.y());
     return true;
+}
+
+/// Lo que se consulta después de abrir la pantalla también se lee entero.
+void siga_ensanchando(QMdiSubWindow* ventana, QPointer<Pantalla> pantalla) {
+    for (const Rejilla* r : pantalla->findChildren<Rejilla*>())
+        QObject::connect(
+            &anchos_de(*r), &AnchosRejilla::crecio, ventana,
+            [ventana, pantalla] {
+                if (pantalla)
+                    ensanche(*ventana, *pantalla, pantalla->area_principal());
+            },
+            Qt::QueuedConnection);
 }
 } // namespace
 
@@ -131,10 +148,12 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
     notifique(pantalla);
     if (!viva || viva->cerrada_)
         return nullptr;
-    if (!ventana->isMaximized() && !(ajustes_ && ajustes_->contains(clave_tamano(pantalla))))
+    if (!(ajustes_ && ajustes_->contains(clave_tamano(pantalla)))) {
         if (ensanche(*ventana, *pantalla, pantalla->area_principal()) &&
             pantalla->menos_centro_.isValid())
             ventana->move(pantalla->lugar_centrado(ventana->size()));
+        siga_ensanchando(ventana, pantalla);
+    }
     return pantalla;
 }
 

@@ -265,13 +265,17 @@ QWidget* Formulario::junto(std::initializer_list<QWidget*> controles) {
     fila->setSpacing(paso(0.5));
     bool elastico = false;
     for (QWidget* control : controles) {
-        const bool crece = control->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag &&
-                           control->maximumWidth() == QWIDGETSIZE_MAX;
+        // Una caja de ancho fijo no crece: el sitio que pidiera quedaría en blanco a su lado.
+        const bool crece =
+            control->maximumWidth() == QWIDGETSIZE_MAX &&
+            (control->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag) != 0;
         fila->addWidget(control, crece ? 1 : 0);
         elastico = elastico || crece;
         if (!conjunto->focusProxy() && control->focusPolicy() != Qt::NoFocus)
             conjunto->setFocusProxy(control);
     }
+    if (!elastico) // juntos, aunque su columna sea más ancha
+        fila->addStretch();
     conjunto->setSizePolicy(elastico ? QSizePolicy::Expanding : QSizePolicy::Fixed,
                             QSizePolicy::Fixed);
     return conjunto;

@@ -28,10 +28,13 @@ void configure_impresora(QWidget* ventana) {
 }
 
 void prepare_impresora(QPrinter& impresora) {
-    if (!escogida_.hay)
-        return;
     if (!escogida_.nombre.isEmpty())
         impresora.setPrinterName(escogida_.nombre);
+    // La hoja de Qt depende del idioma del equipo; la del país es la carta.
+    if (!escogida_.hoja.isValid())
+        impresora.setPageSize(QPageSize(QPageSize::Letter));
+    if (!escogida_.hay)
+        return;
     if (!escogida_.archivo.isEmpty())
         impresora.setOutputFileName(escogida_.archivo);
     if (escogida_.hoja.isValid())

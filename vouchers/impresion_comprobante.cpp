@@ -101,6 +101,7 @@ bool ImpresionComprobante::por_plantilla(MotorInformes& motor, bool niif) {
     motor.fijar_parametro("Compania", fdm().valor<Llave::NombreCompania>());
     motor.fijar_parametro("Usuario", fdm().nombre_usuario);
     motor.fijar_parametro("NitCia", fdm().valor<Llave::NitCompania>());
+    motor.fijar_parametro("Libro", niif ? "NIIF" : "2649");
     motor.conecte("RComproba", CComproba);
     const bool carta = fdm().valor<Llave::PapelComprobantes>() == QLatin1String("CARTA");
     const QString reporte = carta ? "Comprobante" : "Comprobantemed";

@@ -68,10 +68,15 @@ foto rango_compara_centros
 teclas F2
 a_pdf compara_centros
 
-estado Down Down Right Down Down Down Down Return
+# El resultado anual solo está en los menús de botones.
+teclas alt+i
+opcion e
+opcion c
+opcion r
 foto rango_resultado_anual
 teclas F2
 a_pdf resultado_anual
+teclas Escape Escape Escape
 
 # Una nota, por los menús de botones: del menú Informes no se llega a ellas. Sale después del
 # balance general de su período.

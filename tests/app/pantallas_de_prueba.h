@@ -94,10 +94,10 @@ public:
         if (nombre == "Tfconciliacta")
             return AbreConciliacionCuenta{"413505", "2017"};
         if (nombre == "Tfrevisamedio")
-            return AbreRevisionMedio{1001, "1001 Pagos o abonos en cuenta y retenciones", "2017",
+            return AbreRevisionMedio{10019, "1001 Pagos o abonos en cuenta y retenciones", "2017",
                                      "20170101", "20171231"};
         if (nombre == "Tfconfmediosm")
-            return AbreConfiguracionMedio{1001};
+            return AbreConfiguracionMedio{10019};
         if (nombre == "Tfmodtaxonom")
             return AbreTaxonomia{1, "Supersociedades"};
         if (nombre == "Tftaxcuentas" || nombre == "Tftaxnotas")

@@ -68,9 +68,13 @@ QStringList datos_extremos() {
         "insert into taxonomia_detalle (taxo_id, taxe_id, taxd_item, taxd_nombre, taxd_tipo, "
         "taxd_nivel, taxd_norma) values (1, 1, 1, 'Inversiones contabilizadas utilizando el método "
         "de la participación en subsidiarias y asociadas', 1, 1, 'NIC 1.54 e')",
-        "insert into configura_mediosmag (come_item, come_descripcion, come_formato, come_minimo, "
-        "come_natur) values (5001, 'Salarios, prestaciones y demás pagos laborales del personal', "
-        "1001, 9999999999999.99, 'D')",
+        "update configura_mediosmag set come_descripcion = 'Salarios, prestaciones y demás pagos "
+        "laborales del personal', come_minimo = iif(come_item = 1001902, "
+        "9999999999999.99, come_minimo) where come_formato in (10018, 10019)",
+        "update terceros set terc_dir = 'Carrera 7 con calle 72, torre norte del centro "
+        "empresarial'",
+        "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit, code_debito, "
+        "code_credito) values (500, 401, '510506', '900123456', 9999999999999.99, 0)",
         "insert into mensajeria (mens_id, mens_autor, mens_mensaje, mens_fecha, mens_hora, "
         "mens_nivel, mens_destino, mens_leido) values (1, 'AUXILIAR', 'Falta la factura del "
         "arriendo de las bodegas de todo el territorio nacional', '2017-01-15', '10:30', 1, "
@@ -179,7 +183,21 @@ void revise_anchos(const Rejilla& r, QStringList& faltas) {
             << QString("%1 usa %2 de %3").arg(nombre_de(&r)).arg(total).arg(r.viewport()->width());
 }
 
-/// Mientras al área le quede ancho, nadie tiene que desplazar una rejilla recién abierta.
+bool se_recorta_un_nombre(const Rejilla& r) {
+    constexpr int kLetras = 60, kFilas = 100;
+    for (const int c : columnas_a_la_vista(r))
+        for (int f = 0; es_nombre(r, c) && f < qMin(kFilas, r.modelo().rowCount()); ++f) {
+            const QFontMetrics m(r.aspecto_de(f).letra);
+            const QString texto = r.modelo().texto(f, c).section('\n', 0, 0);
+            if (texto.size() <= kLetras &&
+                m.horizontalAdvance(texto) > r.columnWidth(c) - 1 - 2 * DelegadoCelda::margen(m))
+                return true;
+        }
+    return false;
+}
+
+/// Mientras al área le quede ancho, nadie tiene que desplazar una rejilla recién abierta ni
+/// adivinar un nombre.
 void revise_ventana(Pantalla* p, QStringList& faltas) {
     const QWidget* ventana = ventana_de(p);
     if (!qobject_cast<const QMdiSubWindow*>(ventana) ||
@@ -188,6 +206,8 @@ void revise_ventana(Pantalla* p, QStringList& faltas) {
     for (const Rejilla* r : p->findChildren<Rejilla*>())
         if (r->isVisible() && r->horizontalScrollBar()->maximum() > 0)
             faltas << nombre_de(r) + " se desplaza y su ventana puede ensancharse";
+        else if (r->isVisible() && se_recorta_un_nombre(*r))
+            faltas << nombre_de(r) + " recorta un nombre y su ventana puede ensancharse";
 }
 
 /// Un nombre cede hasta doce letras antes de que una cifra haya que ir a buscarla.
@@ -306,6 +326,45 @@ void revise_lineas(const Pantalla* p, QStringList& faltas) {
         faltas << QString("solo se ven %1 líneas").arg(caben);
 }
 
+QStringList revise(Pantalla* p) {
+    QStringList faltas;
+    agote_eventos();
+    revise_ventana(p, faltas);
+    revise_rejillas(p, faltas);
+    // En el que se edita, pasar de libro exige antes que este cuadre.
+    const bool cuadra = p->objectName() != "Tfedtmovimien";
+    for (QTabWidget* hojas : p->findChildren<QTabWidget*>())
+        for (int i = hojas->count() - 1; cuadra && i >= 0; --i) {
+            hojas->setCurrentIndex(i);
+            revise_rejillas(p, faltas);
+        }
+    revise_cubos(p, faltas);
+    revise_cajas(p, faltas);
+    revise_nombres(p, faltas);
+    revise_botones(p, faltas);
+    revise_vacias(p, faltas);
+    revise_lineas(p, faltas);
+    return faltas;
+}
+
+/// Pide lo que la pantalla no muestra al abrirse. Falso en las que no hay qué pedir.
+bool consulte(Pantalla* p) {
+    static const QHash<QString, QString> botones{
+        {"Tfmediosmag", "SpeedButton5"},    {"Tfmediosmag13", "SpeedButton5"},
+        {"Tfmediosmagbog", "SpeedButton5"}, {"Tfsupersociedades", "SpeedButton5"},
+        {"Tfejecutaregiauto", "SBVista"},   {"Tfbuscomproba", "BitBtn1"},
+    };
+    if (p->objectName() == "Tfmensaje")
+        return p->findChild<Rejilla*>("DBGridEh1")->conjunto()->Locate("USUARIO", {"AUXILIAR"});
+    auto* boton = p->findChild<QAbstractButton*>(botones.value(p->objectName()));
+    if (!botones.contains(p->objectName()) || !boton)
+        return false;
+    if (auto* hasta = p->findChild<QLineEdit*>("FecFin"); p->objectName() == "Tfbuscomproba")
+        hasta->clear(); // con todos los tipos se busca por un solo dato
+    boton->click();
+    return true;
+}
+
 } // namespace
 
 /// Lo que Qt le reprocha a quien arma una ventana mal.
@@ -372,29 +431,19 @@ private slots:
             *s_, ordenes, monitor(),
             [&](Pantalla* p) {
                 QStringList suyas = Reproches::saque();
-                agote_eventos();
-                revise_ventana(p, suyas);
-                revise_rejillas(p, suyas);
-                // En el que se edita, pasar de libro exige antes que este cuadre.
-                const bool cuadra = p->objectName() != "Tfedtmovimien";
-                for (QTabWidget* hojas : p->findChildren<QTabWidget*>())
-                    for (int i = hojas->count() - 1; cuadra && i >= 0; --i) {
-                        hojas->setCurrentIndex(i);
-                        revise_rejillas(p, suyas);
-                    }
-                revise_cubos(p, suyas);
-                revise_cajas(p, suyas);
-                revise_nombres(p, suyas);
-                revise_botones(p, suyas);
-                revise_vacias(p, suyas);
-                revise_lineas(p, suyas);
+                suyas << revise(p);
                 if (p->objectName() == "Tfmovimien")
                     tome_foto(s_->principal.get(),
                               QString::fromLatin1(QTest::currentDataTag()) + "_principal");
+                const QString foto =
+                    QString::fromLatin1(QTest::currentDataTag()) + '_' + p->objectName();
+                tome_foto(ventana_de(p), foto);
+                if (consulte(p)) {
+                    suyas << revise(p);
+                    tome_foto(ventana_de(p), foto + "_resultado");
+                }
                 for (const QString& f : suyas)
                     faltas << p->objectName() + ": " + f;
-                tome_foto(ventana_de(p),
-                          QString::fromLatin1(QTest::currentDataTag()) + '_' + p->objectName());
             },
             QTest::currentDataTag() != QByteArray("vacios"));
         reproches.reset();

@@ -353,6 +353,7 @@ private slots:
         QPrinter impresora;
         prepare_impresora(impresora);
         QCOMPARE(impresora.outputFileName(), archivo);
+        QCOMPARE(impresora.pageLayout().pageSize().id(), QPageSize::Letter); // la del país
         s_->dialogos.espere_modal("ConfigurarImpresora", [](QWidget* w) {
             static_cast<QPrintDialog*>(w)->printer()->setPageOrientation(QPageLayout::Landscape);
             QMetaObject::invokeMethod(w, "accept");

@@ -224,8 +224,8 @@ private slots:
         oprima(Qt::Key_Return);
         QCOMPARE(valores_de(c->CComparacion, "CUENTA"), QStringList({"5105", "510506"}));
         const QString impreso = informe_como_texto(c, Qt::Key_F2);
-        for (const char* texto : {"Presupuesto para el periodo de:5105 - 5105", "Periodo actual",
-                                  "Acumulado", "Enero de 2017", "510506", "100.00"})
+        for (const char* texto : {"Presupuesto para el periodo de: 5105 - 5105", "Periodo actual",
+                                  "Acumulado", "Enero de 2017", "Libro 2649", "510506", "100.00"})
             QVERIFY2(impreso.contains(texto), texto);
     }
 

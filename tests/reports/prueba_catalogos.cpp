@@ -123,7 +123,7 @@ void PruebaCatalogos::cuentas_en_su_orden_y_en_su_rango() {
     const QStringList todas = columna(s, "select cuen_cod from cuentas order by cuen_cod");
     QVERIFY(todas.size() > 40);
     QCOMPARE(codigos(texto, todas), todas);
-    QVERIFY2(texto.contains("Orden:Código:0...ZZ"), qPrintable(texto));
+    QVERIFY2(texto.contains("Orden: Código: 0...ZZ"), qPrintable(texto));
     QVERIFY(texto.contains("Compañía de Pruebas S.A.S."));
     QCOMPARE(texto.section("Total cuentas:", 1).simplified().section(' ', 0, 0),
              QString::number(todas.size()));
@@ -136,7 +136,7 @@ void PruebaCatalogos::cuentas_en_su_orden_y_en_su_rango() {
     componente<QLineEdit>(f, "EDesde").setText("D");
     componente<QLineEdit>(f, "EHasta").setText("Inventarios");
     texto = informe_como_texto(f, Qt::Key_F2);
-    QVERIFY2(texto.contains("Orden:Nombre:D...Inventarios"), qPrintable(texto));
+    QVERIFY2(texto.contains("Orden: Nombre: D...Inventarios"), qPrintable(texto));
     const QStringList rango = columna(s, "select cuen_cod from cuentas where cuen_nom >= 'D' and "
                                          "cuen_nom <= 'Inventarios' order by cuen_nom");
     QVERIFY(rango.size() > 4 && rango.contains("14") && !rango.contains("1105"));
@@ -207,7 +207,7 @@ void PruebaCatalogos::terceros_por_nit_y_por_nombre_con_sus_comillas() {
     };
     QString texto = informe_como_texto(s.abra<Tfcataterceros>("Tfcataterceros"), Qt::Key_F2);
     QCOMPARE(impresos(texto), columna(s, "select terc_nit from terceros order by terc_nit"));
-    QVERIFY2(texto.contains("Orden:NIT:0...ZZ"), qPrintable(texto));
+    QVERIFY2(texto.contains("Orden: NIT: 0...ZZ"), qPrintable(texto));
     QCOMPARE(renglon(texto, "860002964-4"),
              QString("860002964-4 Banco de Bogotá Bogotá, D.C. Cliente, proveedor"));
     QCOMPARE(renglon(texto, "19876543"),
@@ -297,7 +297,7 @@ void PruebaCatalogos::activos_con_su_valor() {
     QVERIFY(f);
     ordene_por_nombre(f);
     const QString texto = informe_como_texto(f, Qt::Key_F2);
-    QVERIFY2(texto.contains("Orden:Descripción:0...ZZ"), qPrintable(texto));
+    QVERIFY2(texto.contains("Orden: Descripción: 0...ZZ"), qPrintable(texto));
     QCOMPARE(codigos(texto, {"CAM01", "ESC01"}), QStringList({"CAM01", "ESC01"}));
     QCOMPARE(renglon(texto, "CAM01"), QString("CAM01 Camión de reparto Chevrolet NPR 2016 "
                                               "2016/05/02 Sí 60 96 98,500,000.50 De baja"));

@@ -113,10 +113,10 @@ void PruebaEstados::cada_estado_sale_con_su_titulo_en_los_dos_libros() {
             QVERIFY2(texto.contains(QRegularExpression("\\d\\.\\d\\d")), qPrintable(quien));
         }
     // El título que compone el programa.
-    QVERIFY(corra(estados()[0], {}).contains("Período:Junio/2018 - Cuentas:0...ZZ"));
+    QVERIFY(corra(estados()[0], {}).contains("Período: Junio/2018 - Cuentas: 0...ZZ"));
     QVERIFY(corra(estados()[17], {})
-                .contains("Período:2018:ENE...DIC - Cuentas:0...ZZ "
-                          "Terceros:0...ZZ Nivel:5"));
+                .contains("Período: 2018:ENE...DIC - Cuentas: 0...ZZ "
+                          "Terceros: 0...ZZ Nivel: 5"));
     QVERIFY(corra(estados()[0], {}).contains("Junio de 2018 · todas las cuentas · nivel 3"));
     QVERIFY(corra(estados()[17], {})
                 .contains("Enero a diciembre de 2018 · todas las cuentas · todos los terceros · "
@@ -124,8 +124,9 @@ void PruebaEstados::cada_estado_sale_con_su_titulo_en_los_dos_libros() {
     QVERIFY(corra(estados()[22], {{"MesIni", "DIC"}, {"EAno1", "2017"}})
                 .contains("Diciembre de 2017 frente a junio de 2018 · todas las cuentas"));
     const QString centros = corra(estados().last(), {});
-    QVERIFY2(centros.contains("Período:Junio/2018 - Cuentas:...ZZ Centros:0001-0002 vs 0002-0001"),
-             qPrintable(centros));
+    QVERIFY2(
+        centros.contains("Período: Junio/2018 - Cuentas: ...ZZ Centros: 0001-0002 vs 0002-0001"),
+        qPrintable(centros));
 }
 
 void PruebaEstados::el_general_cuadra_y_no_pasa_de_las_clases_del_balance() {

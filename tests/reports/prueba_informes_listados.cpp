@@ -60,7 +60,7 @@ void PruebaInformesListados::los_listados_suman_lo_que_las_lineas_data() {
         << "Tfrngconsecutivos" << kTipos
         << "select * from consecutivos_conta('CG', 'RC', '0', 'ZZ', '0', 'ZZ'"
         << "Consecutivo de Comprobantes"
-        << "Tipos:CG...RC Prefijos:0...ZZ Números:0...ZZ"
+        << "Tipos: CG...RC Prefijos: 0...ZZ Números: 0...ZZ"
         << "1 = 1";
     Cajas unos = kTipos;
     unos["EPrefIni"] = "0002";
@@ -70,19 +70,19 @@ void PruebaInformesListados::los_listados_suman_lo_que_las_lineas_data() {
         << "Tfrngconsecutivos" << unos
         << "select * from consecutivos_conta('CG', 'RC', '0002', '0002', '000010', '000090'"
         << "Consecutivo de Comprobantes"
-        << "Tipos:CG...RC Prefijos:0002...0002 Números:000010...000090"
+        << "Tipos: CG...RC Prefijos: 0002...0002 Números: 000010...000090"
         << "prco_pref = '0002' and enco_numero between '000010' and '000090'";
     QTest::newRow("cronológicos") << "Tfrngcronologicos" << kFechas
                                   << "select * from cronologico_conta('0', 'ZZ', '', '99991231'"
                                   << "Cronológico de Comprobantes"
-                                  << "Tipos:0...ZZ Fechas:...99991231"
+                                  << "Tipos: 0...ZZ Fechas: ...99991231"
                                   << "1 = 1";
     QTest::newRow("cronológicos de un tipo")
         << "Tfrngcronologicos"
         << Cajas{{"EDesde", "RC"}, {"EFecIni", "20170620"}, {"EFecFin", "20180115"}}
         << "select * from cronologico_conta('RC', 'RC', '20170620', '20180115'"
         << "Cronológico de Comprobantes"
-        << "Tipos:RC...RC Fechas:20170620...20180115"
+        << "Tipos: RC...RC Fechas: 20170620...20180115"
         << "tico_cod = 'RC' and enco_fecha between '20170620' and '20180115'";
 }
 
@@ -191,7 +191,7 @@ void PruebaInformesListados::el_tipo_se_digita_o_se_escoge_y_es_obligatorio() {
     QApplication::sendEvent(&desde, &rueda);
     QCOMPARE(desde.currentText(), QString("CG Comprobante general"));
     const QString texto = informe_como_texto(f, Qt::Key_F2);
-    QVERIFY2(texto.contains("Tipos:CG...RC Prefijos"), qPrintable(texto));
+    QVERIFY2(texto.contains("Tipos: CG...RC Prefijos"), qPrintable(texto));
 }
 
 void PruebaInformesListados::el_diario_es_del_periodo_que_se_ve() {
@@ -218,7 +218,7 @@ void PruebaInformesListados::el_diario_es_del_periodo_que_se_ve() {
                                     (libro ? " NIIF\n" : "\n")),
                      qPrintable(texto));
             QVERIFY(texto.contains("Período: Ajustes de 2017"));
-            QVERIFY(texto.contains("Cuentas:0...ZZ - Tipos:RC...RC"));
+            QVERIFY(texto.contains("Cuentas: 0...ZZ - Tipos: RC...RC"));
             const QString condicion = "tico_cod = 'RC' and enco_fecha starting with '201713'";
             QCOMPARE(gran_total(texto), sumas(s, libro, condicion));
             for (const QString& total : renglones_con(texto, "Total \\d{6} "))

@@ -169,7 +169,7 @@ void PruebaOficiales::en_papel_ya_impreso_no_va_encabezado() {
     for (const char* letra : {"M", "I", "D"}) {
         configure(s, kEncabezado, "SI");
         QString texto = libro(letra);
-        QVERIFY2(texto.contains(compania) && texto.contains("Período:Febrero/2018") &&
+        QVERIFY2(texto.contains(compania) && texto.contains("Período: Febrero/2018") &&
                      texto.contains("Fecha de impresión: 2019/04/05"),
                  qPrintable(texto));
         const int renglones_con_encabezado = int(texto.count('\n'));

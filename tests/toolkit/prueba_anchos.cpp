@@ -78,6 +78,11 @@ private slots:
         con_nombre_largo << PedidoAncho{
             .contenido = 90, .titulo = 50, .cede = 90, .peso = 9, .vacia = true};
         QCOMPARE(reparta_ancho(con_nombre_largo, 340), QVector<int>({60, 90, 140, 50}));
+        // El nombre que ya hay se lee entero antes de guardarle sitio al que se digite.
+        QCOMPARE(reparta_ancho({{.contenido = 50, .comodo = 300, .peso = 10},
+                                {.contenido = 50, .comodo = 200, .entero = 200, .peso = 10}},
+                               300),
+                 QVector<int>({100, 200}));
     }
 
     void sin_textos_las_cifras_se_separan_con_medida_y_lo_escogido_no_se_toca() {

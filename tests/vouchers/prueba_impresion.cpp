@@ -213,8 +213,9 @@ private slots:
                               .arg(QLatin1String(que)));
         };
         for (const QString& texto :
-             {QString("NIT 900555111-6"), QString("2.50%"), QString("000123"), QString("000124"),
-              QString("Vence 2017/04/30"), nombre("proy_nom") + ", " + nombre("cent_nom")})
+             {QString("NIT 900555111-6 Libro 2649"), QString("2.50%"), QString("000123"),
+              QString("000124"), QString("Vence 2017/04/30"),
+              nombre("proy_nom") + ", " + nombre("cent_nom")})
             QVERIFY2(carta.simplified().contains(texto), qPrintable(texto + '\n' + carta));
         for (const QString& renglon : carta.split('\n')) // nada de un documento entre los importes
             QVERIFY(!renglon.contains("000123") ||

@@ -16,6 +16,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <numeric>
 
 namespace {
 
@@ -96,6 +97,8 @@ void RejillaCubo::disponga(const Cubo& cubo, const DisposicionCubo& disposicion)
 void RejillaCubo::ajuste_anchos() {
     constexpr int kFilasMedidas = 200, kColumnasMedidas = 60;
     const QFontMetrics letra(QFont(font().family(), font().pointSize(), QFont::Bold));
+    pedidos_.clear();
+    puestos_.clear();
     for (int c = 0; c < qMin(modelo_.columnCount(), kColumnasMedidas); ++c) {
         int ancho = 0;
         for (const QString& renglon :
@@ -103,22 +106,29 @@ void RejillaCubo::ajuste_anchos() {
             ancho = qMax(ancho, letra.horizontalAdvance(renglon));
         for (int f = 0; f < qMin(modelo_.rowCount(), kFilasMedidas); ++f)
             ancho = qMax(ancho, letra.horizontalAdvance(modelo_.index(f, c).data().toString()));
-        setColumnWidth(c, qMin(ancho + paso(2), paso(50)));
+        pedidos_ << ancho + paso(2);
+        puestos_ << columnWidth(c);
     }
-    pedido_fija_ = columnWidth(0);
-    acomode_fija();
+    reparta();
 }
 
-void RejillaCubo::acomode_fija() {
-    // La que no se desplaza deja a la vista al menos la mitad: si no, taparía todas las cifras.
-    const int cabe = qMin(pedido_fija_, qMax(paso(12), viewport()->width() / 2));
-    if (pedido_fija_ > 0 && columnWidth(0) <= pedido_fija_)
-        setColumnWidth(0, cabe);
+void RejillaCubo::reparta() {
+    // Un nombre largo se corta solo si todas no caben a la vez.
+    const int total = std::accumulate(pedidos_.begin(), pedidos_.end(), 0);
+    const bool caben = pedidos_.size() == modelo_.columnCount() && total <= viewport()->width();
+    for (int c = 0; c < pedidos_.size(); ++c) {
+        int ancho = caben ? pedidos_[c] : qMin(pedidos_[c], paso(50));
+        // La que no se desplaza deja a la vista al menos la mitad: si no, taparía las cifras.
+        if (c == 0)
+            ancho = qMin(ancho, qMax(paso(12), viewport()->width() / 2));
+        if (columnWidth(c) == puestos_[c]) // las que el usuario cambió son suyas
+            setColumnWidth(c, puestos_[c] = ancho);
+    }
 }
 
 void RejillaCubo::resizeEvent(QResizeEvent* evento) {
     QTableView::resizeEvent(evento);
-    acomode_fija();
+    reparta();
 }
 
 void RejillaCubo::alterne_actual() {

@@ -42,10 +42,11 @@ protected:
 private:
     void sin_moverse(const std::function<void()>& cambio);
     void ajuste_anchos();
-    void acomode_fija();
+    void reparta();
 
     ModeloCubo modelo_;
     class ColumnaFija* fija_ = nullptr;
-    int pedido_fija_ = 0; ///< ancho que pide la columna que no se desplaza
+    QVector<int> pedidos_; ///< ancho que cada columna pide
+    QVector<int> puestos_; ///< y el que se le dio
     const Cubo* cubo_ = nullptr;
 };

@@ -17,6 +17,7 @@ constexpr int kFilasCodigo = 2000;    ///< filas en que se busca el código más
 constexpr int kCaracteresLargo = 24;  ///< desde aquí un texto es un nombre y no un código
 constexpr int kCaracteresMinimo = 12; ///< lo que de un nombre siempre se ve
 constexpr int kCaracteresTitulo = 4;  ///< y de un título, si no hay más sitio
+constexpr int kCaracteresEntero = 70; ///< un nombre; lo más largo es una nota, y se lee en su celda
 
 /// Reparte hasta `libre` en proporción a lo que a cada uno le falta. Devuelve lo que sobra.
 int de_lo_que_falta(QVector<int>& anchos, const QVector<int>& faltas, int libre) {
@@ -46,7 +47,8 @@ int suma(const QVector<int>& pixeles) {
 } // namespace
 
 QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) {
-    QVector<int> anchos, vacia, nombre, titulo, falta_texto, falta_codigo, pesos, parejo;
+    QVector<int> anchos, vacia, nombre, titulo;
+    QVector<int> falta_entero, falta_texto, falta_codigo, pesos, parejo;
     int total = 0;
     for (const PedidoAncho& p : pedidos) {
         const int ancho = qMax(p.contenido, p.titulo);
@@ -56,7 +58,8 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
         vacia << (p.vacia ? cede : 0);
         nombre << (p.vacia ? 0 : cede);
         titulo << (p.fijo ? 0 : ancho - p.contenido);
-        const int falta = p.fijo ? 0 : qMax(0, p.comodo - ancho);
+        falta_entero << (p.fijo ? 0 : qMax(0, p.entero - ancho));
+        const int falta = p.fijo ? 0 : qMax(0, p.comodo - qMax(ancho, p.entero));
         falta_texto << (p.peso > 0 ? falta : 0);
         falta_codigo << (p.peso > 0 ? 0 : falta);
         pesos << (p.fijo ? 0 : p.peso);
@@ -74,7 +77,9 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
             anchos[i] -= quita[i];
         return anchos;
     }
-    int libre = de_lo_que_falta(anchos, falta_texto, disponible - total);
+    // Antes de guardarle sitio a lo que se digite, que se lea lo que ya hay.
+    int libre = de_lo_que_falta(anchos, falta_entero, disponible - total);
+    libre = de_lo_que_falta(anchos, falta_texto, libre);
     libre = de_lo_que_falta(anchos, falta_codigo, libre);
     // Sin textos que lo aprovechen, las cifras se separan un poco, y no más.
     const bool hay_textos = std::any_of(pesos.begin(), pesos.end(), [](int p) { return p > 0; });
@@ -179,6 +184,7 @@ PedidoAncho AnchosRejilla::mida_columna(int columna) const {
         p.vacia = !rejilla_.modelo().editable(columna) &&
                   lleno <= 2 * DelegadoCelda::margen(medidas) + 2; // lo que pide una celda sin nada
         p.cede = p.vacia ? p.contenido : p.contenido - poco;
+        p.entero = ancho_entero(lleno);
         p.peso = qMax(1, c.ancho);
         return p;
     }
@@ -189,6 +195,7 @@ PedidoAncho AnchosRejilla::mida_columna(int columna) const {
     p.comodo = qMax(p.contenido, declarado);
     if (static_cast<DelegadoCelda*>(rejilla_.itemDelegate())->acompanada(columna)) {
         p.comodo = p.contenido + ancho_caracteres(medidas, kCaracteresLargo);
+        p.entero = rejilla_.modelo().rowCount() > 0 ? p.comodo : 0;
         p.peso = c.ancho;
     }
     return p;
@@ -200,6 +207,11 @@ void AnchosRejilla::mida() {
         pedidos_ << mida_columna(c);
     repartido_ = -1;
     reparta();
+    emit crecio();
+}
+
+int AnchosRejilla::ancho_entero(int lleno) const {
+    return qMin(lleno, ancho_caracteres(QFontMetrics(rejilla_.font()), kCaracteresEntero));
 }
 
 void AnchosRejilla::mida_filas(int desde, int hasta) {
@@ -209,8 +221,18 @@ void AnchosRejilla::mida_filas(int desde, int hasta) {
     }
     for (int c = 0; c < rejilla_.cuenta_columnas(); ++c) {
         PedidoAncho& p = pedidos_[c];
-        if (p.fijo || rejilla_.columna(c).casilla || es_texto_largo(c))
+        if (p.fijo || rejilla_.columna(c).casilla)
             continue;
+        if (es_texto_largo(c)) {
+            // Los de un paquete que llega al bajar no mueven las columnas bajo los ojos.
+            const int entero = desde > 0 ? 0 : ancho_entero(contenido(c, desde, hasta));
+            if (entero > p.entero) {
+                p.entero = entero;
+                p.comodo = qMax(p.comodo, entero);
+                repartido_ = -1;
+            }
+            continue;
+        }
         const int ancho = qMax(contenido(c, desde, hasta), ancho_del_pie(c));
         if (ancho > p.contenido) {
             p.contenido = ancho;
@@ -218,7 +240,10 @@ void AnchosRejilla::mida_filas(int desde, int hasta) {
             repartido_ = -1;
         }
     }
+    const bool mas = repartido_ < 0;
     reparta();
+    if (mas)
+        emit crecio();
 }
 
 void AnchosRejilla::pida(int columna, int ancho) {
@@ -257,7 +282,7 @@ int AnchosRejilla::ancho_disponible() const {
 int AnchosRejilla::lo_que_falta() const {
     int total = 0;
     for (const PedidoAncho& p : pedidos_)
-        total += qMax(p.contenido, p.titulo);
+        total += qMax(qMax(p.contenido, p.titulo), p.entero);
     return qMax(0, total - ancho_disponible());
 }
 

@@ -17,6 +17,7 @@ struct PedidoAncho {
     int contenido = 0;  ///< sin esto se recortaría una cifra o un código
     int titulo = 0;     ///< para que su título se lea entero
     int comodo = 0;     ///< el texto completo, o sitio para digitar
+    int entero = 0;     ///< para leer sin puntos suspensivos lo que hay; 0 si basta `contenido`
     int cede = 0;       ///< de lo anterior, lo que un texto da antes de que se corte un título
     int peso = 0;       ///< parte de lo que sobre; 0 en cifras y códigos
     bool vacia = false; ///< un texto que no dice nada en ninguna fila: es el primero que cede
@@ -34,21 +35,24 @@ public:
 
     /// Mide de nuevo todas las columnas y reparte. Cuesta una mirada a las filas.
     void mida();
-    /// Mide solo lo que no admite recorte en esas filas.
+    /// Mide lo que no admite recorte en esas filas; y los nombres, si son todas.
     void mida_filas(int desde, int hasta);
     /// Reparte lo ya medido en el ancho que haya.
     void reparta();
     /// La columna no alcanza para lo que se acaba de pintar: se le da en cuanto termine el pintado.
     void pida(int columna, int ancho);
     bool repartiendo() const { return repartiendo_; }
-    /// Píxeles que le faltan a la rejilla para mostrar sus cifras, códigos y títulos sin
-    /// desplazarse.
+    /// Píxeles que le faltan a la rejilla para mostrar sin desplazarse sus cifras, códigos y
+    /// títulos, y enteros los nombres que tiene.
     int lo_que_falta() const;
 
     // --- los del usuario, por campo, en caracteres
     void escoja(int columna, int ancho); ///< el usuario la dejó en esos píxeles
     QMap<QString, double> escogidos() const { return escogidos_; }
     void escogidos(const QMap<QString, double>& anchos) { escogidos_ = anchos; }
+
+signals:
+    void crecio(); ///< lo que hay pide más ancho que antes
 
 private:
     int ancho_disponible() const;
@@ -57,6 +61,7 @@ private:
     void vea(int columna, int fila, std::pair<double, int>& mas_ancha) const;
     void vea_extremos(int columna, int desde, int hasta, std::pair<double, int>& mas_ancha) const;
     int ancho_del_pie(int columna) const;
+    int ancho_entero(int lleno) const; ///< el de un nombre, sin lo que pase de un renglón
     bool es_texto_largo(int columna) const;
     int escogido(int columna) const; ///< 0 si el usuario no lo ha tocado
 
