@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTcpServer>
+#include <QTreeWidget>
 
 class PruebaPrincipal : public QObject {
     Q_OBJECT
@@ -447,6 +448,26 @@ private slots:
         }
         p.activateWindow(); // los diálogos se llevaron la activación
         (void)QTest::qWaitForWindowActive(&p);
+        // Sin pantalla que la atienda, F1 muestra las del marco; con una, las suyas.
+        const auto teclas_de_f1 = [&] {
+            QStringList vistas;
+            s_->dialogos.espere_modal("teclas_de_pantalla", [&vistas](QWidget* w) {
+                auto* tabla = w->findChild<QTreeWidget*>("tabla_teclas");
+                for (int i = 0; i < tabla->topLevelItemCount(); ++i)
+                    vistas << tabla->topLevelItem(i)->text(0) + ' ' +
+                                  tabla->topLevelItem(i)->text(1);
+                w->close();
+            });
+            QTest::keyClick(&p, Qt::Key_F1);
+            p.activateWindow();
+            (void)QTest::qWaitForWindowActive(&p);
+            return vistas;
+        };
+        const QStringList del_marco = teclas_de_f1();
+        for (const char* t :
+             {"Mayús+F1 Comprobantes: Busqueda de comprobantes", "Alt+M Comprobantes",
+              "Ctrl+S Archivo: Salir", "F10 Ir al menú", "F1 Ver esta lista"})
+            QVERIFY2(del_marco.contains(t), qPrintable(del_marco.join('\n')));
         QTest::keyClick(&p, Qt::Key_F1, Qt::ShiftModifier);
         QCOMPARE(nombres(), QStringList({"Tfbuscomproba"}));
         escritorio()->cierre_todas();
