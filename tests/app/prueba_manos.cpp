@@ -297,6 +297,7 @@ void PruebaManos::lo_digitado_en_una_ficha_no_se_pierde_con_esc() {
     static const QSet<QString> sin_registro{"Tfajustesinf", "Tfbajaactivo",     "Tfcalculadep",
                                             "Tfcausadifc",  "Tfcierreanual",    "Tfcierreter",
                                             "Tfvalactivo",  "Tfejecutaregiauto"};
+    static const QSet<QString> propuestos{"LTipo", "ENumero"};
     QStringList malas;
     int vistas = 0;
     con_cada_pantalla(*s_, [&](Pantalla* p) {
@@ -305,8 +306,7 @@ void PruebaManos::lo_digitado_en_una_ficha_no_se_pierde_con_esc() {
         for (QWidget* w : p->findChildren<QWidget*>()) {
             ControlDato* c = control_dato(w);
             if (!c || c->widget() != w || !disponible(w) || !c->editable() ||
-                w->objectName() == "LTipo" || // el tipo ya viene propuesto
-                sin_registro.contains(p->objectName()))
+                propuestos.contains(w->objectName()) || sin_registro.contains(p->objectName()))
                 continue;
             w->setFocus(Qt::TabFocusReason);
             for (const char* tecleado : {"x", "9"})
