@@ -62,7 +62,7 @@ QString pida_archivo(QWidget* ventana, const QString& sugerido, FormatoArchivo f
         return {};
     const QString ruta = componga_nombre(dialogo.selectedFiles().first(), extension_de(formato));
     if (QFileInfo::exists(ruta) &&
-        !pregunte(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
+        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
         return {};
     ultima_carpeta_ = QFileInfo(ruta).path();
     return ruta;
