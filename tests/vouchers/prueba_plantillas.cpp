@@ -135,6 +135,19 @@ private slots:
         QCOMPARE(s.dato("select count(*) from plantilla_encabezado"), "2");
         oprima(Qt::Key_Escape); // sin nada digitado sale sin preguntar
         QVERIFY(s.escritorio.abiertas().isEmpty());
+    }
+
+    /// Guardaba las filas y no los cambios.
+    void el_borrador_de_una_version_anterior_tambien_vuelve() {
+        const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
+        SesionGui s;
+        Digitador d(s);
+        Tfplantilla* p = nueva(s, "Otra");
+        const QDir carpeta(p->findChild<BorradorFilas*>()->carpeta());
+        Interlocutor i;
+        i.espere(kSalir, "Sí");
+        p->close();
+        QVERIFY(QDir().mkpath(carpeta.path()));
         // El que dejó una versión anterior, que guardaba las filas y no los cambios, también
         // vuelve.
         QFile viejo(carpeta.filePath("viejo.borrador"));
