@@ -3,6 +3,7 @@
 #include "datos/firebird/reloj.h"
 #include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/formulario.h"
@@ -146,8 +147,11 @@ void Tfmensaje::envie(const QString& destino) {
     if (!CMensajes.editando()) // un envío anterior falló
         CMensajes.Edit();
     CMensajes.FieldByName("MENS_DESTINO") = destino;
-    if (CMensajes.ApplyUpdates(0) == 0)
-        close();
+    if (CMensajes.ApplyUpdates(0) != 0)
+        return;
+    if (AvisosBarra* barra = fdm().barra())
+        barra->texto("Mensaje enviado a " + destino);
+    close();
 }
 
 bool Tfmensaje::FormClose() {

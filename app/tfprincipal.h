@@ -22,6 +22,7 @@ class QLineEdit;
 class QMdiArea;
 class QScrollArea;
 class QSettings;
+struct TeclaExplicada;
 class VigiaMensajes;
 
 class Tfprincipal : public QMainWindow {
@@ -93,6 +94,8 @@ private:
     void arme_archivo();
     void arme_edicion();
     void arme_ventana();
+    void arme_atajos();
+    QVector<TeclaExplicada> teclas_del_marco() const;
     QMenu* menu(const QString& ruta);
     QAction* entrada(QMenu* menu, const Comando& comando);
     void liste_ventanas();

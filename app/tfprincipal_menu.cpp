@@ -1,10 +1,12 @@
 // Menú del formulario principal, armado con la tabla de órdenes.
 #include "app/tfprincipal.h"
 
+#include "app/botoncomando.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/estilo.h"
 #include "toolkit/historia_avisos.h"
 #include "toolkit/impresora.h"
+#include "toolkit/lista_teclas.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QMdiSubWindow>
@@ -99,15 +101,46 @@ void Tfprincipal::arme_menu() {
     connect(Action1, &QAction::triggered, this, [this] { proteja([this] { Action1Execute(); }); });
     addAction(Action1);
 
-    auto* avisos = new QShortcut(QKeySequence("Ctrl+Shift+H"), this);
-    connect(avisos, &QShortcut::activated, this, [this] { HistoriaAvisos::de(barra)->muestre(); });
+    arme_atajos();
+}
 
+void Tfprincipal::arme_atajos() {
+    const auto atajo = [this](const char* tecla, auto accion) {
+        auto* a = new QShortcut(QKeySequence(QLatin1String(tecla)), this);
+        connect(a, &QShortcut::activated, this, accion);
+    };
+    atajo("Ctrl+Shift+H", [this] { HistoriaAvisos::de(barra)->muestre(); });
     // Por el teclado se llega al menú con F10, como a cualquier otro.
-    auto* f10 = new QShortcut(QKeySequence(Qt::Key_F10), this);
-    connect(f10, &QShortcut::activated, this, [this] {
+    atajo("F10", [this] {
         menuBar()->setFocus(Qt::MenuBarFocusReason);
         menuBar()->setActiveAction(menuBar()->actions().first());
     });
+    // Sin una pantalla que la atienda: cada una muestra las suyas.
+    atajo("F1", [this] { muestre_teclas(this, windowTitle(), teclas_del_marco()); });
+}
+
+QVector<TeclaExplicada> Tfprincipal::teclas_del_marco() const {
+    QVector<TeclaExplicada> lista;
+    const auto agregue = [&](const QString& tecla, QString que_hace) {
+        lista << TeclaExplicada{tecla, que_hace.remove(QLatin1Char('&'))};
+    };
+    for (const QAction* a : findChildren<QAction*>())
+        if (const auto* m = qobject_cast<QMenu*>(a->parent());
+            m && a->isEnabled() && !a->shortcut().isEmpty())
+            agregue(nombre_de_tecla(a->shortcut()), m->title() + ": " + a->text());
+    for (const AtajoAlt& a : atajos_alt())
+        if (const auto* b = findChild<QPushButton*>(a.boton); b && b->isEnabled())
+            agregue(QStringLiteral("Alt+") + QChar(a.letra).toUpper(), b->text());
+    for (qsizetype i = 0; i < botones_balance_.size(); ++i)
+        if (botones_balance_[i]->isEnabled())
+            agregue(QStringLiteral("Alt+%1").arg(i + 1), botones_balance_[i]->text());
+    agregue("F10", "Ir al menú");
+    agregue("Ctrl+Tab", "Pasar a otra de las pantallas abiertas");
+    agregue("Ctrl+F1", "Leer otra vez la configuración");
+    agregue("Ctrl+Mayús+H", "Ver los avisos de esta sesión");
+    agregue("Ctrl+Mayús+M", "Ir al mensaje que llegó");
+    agregue("F1", "Ver esta lista");
+    return lista;
 }
 
 QMenu* Tfprincipal::menu(const QString& ruta) {

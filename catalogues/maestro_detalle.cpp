@@ -60,6 +60,9 @@ void MaestroDetalle::arme(const Lado& izquierda, const Lado& derecha) {
     teclas_selector_->setObjectName("teclas_selector");
     teclas_selector_->hide();
     barra_ = new BarraBotones(this);
+    // Tab va celda por celda: desde una fila de en medio no llegaría a su detalle.
+    tecla(Qt::Key_F12, "Cambiar de rejilla",
+          [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
     Formulario(this).ancha(division).ancha(teclas_selector_, 0).botones(barra_);
 }
 
@@ -67,8 +70,6 @@ void MaestroDetalle::escoja_con(std::function<void()> escoja) {
     escoja_ = escoja;
     DBGridEh1->OnDblClick = DBGridEh2->OnDblClick = [escoja](int) { escoja(); };
     barra_->boton("SBSelec", "Selecciona", "emblem-default", QKeySequence(), std::move(escoja));
-    tecla(Qt::Key_F12, "Cambiar de rejilla",
-          [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
 }
 
 void MaestroDetalle::como_selector() {

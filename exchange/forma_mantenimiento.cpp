@@ -33,6 +33,7 @@ QLineEdit* FormaMantenimiento::caja(const QString& nombre, int largo) {
 QLineEdit* FormaMantenimiento::caja_cuenta(const QString& nombre,
                                            std::function<void(const QString&)> al_dejarla) {
     QLineEdit* c = caja(nombre, 20);
+    c->setToolTip("? y parte del nombre abre la lista");
     c->installEventFilter(this);
     cajas_[c] = {std::move(al_dejarla),
                  [this](QLineEdit* destino) {
@@ -49,6 +50,7 @@ QLineEdit* FormaMantenimiento::caja_cuenta(const QString& nombre,
 QLineEdit* FormaMantenimiento::caja_tercero(const QString& nombre,
                                             std::function<void(const QString&)> al_dejarla) {
     QLineEdit* c = caja(nombre, 20);
+    c->setToolTip("? y parte del nombre abre la lista");
     c->installEventFilter(this);
     cajas_[c] = {std::move(al_dejarla),
                  [this](QLineEdit* destino) {
@@ -156,6 +158,24 @@ QString FormaMantenimiento::exija_tercero(const QString& nit) {
     if (nombre.isEmpty())
         muestre_mensaje("El tercero " + nit + " no existe.");
     return nombre;
+}
+
+QString FormaMantenimiento::cuenta_de(QLineEdit* caja) {
+    const QString cuenta = caja->text().trimmed();
+    if (cuenta.isEmpty())
+        rehuse(caja, "Debe indicar la cuenta.");
+    if (exija_cuenta(cuenta).isEmpty())
+        rehuse(caja, {});
+    return cuenta;
+}
+
+QString FormaMantenimiento::tercero_de(QLineEdit* caja) {
+    const QString nit = caja->text().trimmed();
+    if (nit.isEmpty())
+        rehuse(caja, "Debe indicar el tercero.");
+    if (exija_tercero(nit).isEmpty())
+        rehuse(caja, {});
+    return nit;
 }
 
 bool FormaMantenimiento::sin_movimientos(const QString& nit, const QString& cuenta) {

@@ -48,6 +48,9 @@ protected:
     /// Nombre de la cuenta en el plan del libro, vacío después de decir que no existe.
     QString exija_cuenta(const QString& cuenta);
     QString exija_tercero(const QString& nit);
+    /// Lo escrito en la caja; si falta o no existe lo dice, va a ella y no se sigue.
+    QString cuenta_de(QLineEdit* caja);
+    QString tercero_de(QLineEdit* caja);
     /// Con las fechas ya puestas, si el libro no tiene en ellas líneas del tercero y la cuenta;
     /// vacíos, cualquiera.
     bool sin_movimientos(const QString& nit, const QString& cuenta);

@@ -1,6 +1,7 @@
 #include "exchange/tfborractas.h"
 
 #include "exchange/pch.h"
+#include "toolkit/barraestado.h"
 #include "libro/catalogos.h"
 
 namespace {
@@ -46,9 +47,11 @@ bool Tfborractas::corra() {
     const QString cuantas =
         dato("select count(*) from cuentas where cuen_cod >= " + QuotedStr(desde) +
              " and cuen_cod <= " + QuotedStr(hasta));
-    if (!pregunte_con_no(
-            QStringLiteral("Se borrarán %1 cuentas, de la %2 a la %3. Desea continuar?")
-                .arg(cuantas, desde, hasta)))
+    const QString pregunta = cuantas == "1"
+                                 ? "Se borrará la cuenta " + desde
+                                 : QStringLiteral("Se borrarán %1 cuentas, de la %2 a la %3")
+                                       .arg(cuantas, desde, hasta);
+    if (!pregunte_con_no(pregunta + ". Desea continuar?"))
         return false;
     anuncie("Borrando cuentas. Espere un momento...");
     const CuentasBorradas r = borre_cuentas(fdm().Quorvex, desde, hasta);
@@ -57,5 +60,7 @@ bool Tfborractas::corra() {
         muestre_mensaje(QStringLiteral("Se borraron %1 cuentas. No se pudo borrar la %2: %3")
                             .arg(r.borradas)
                             .arg(r.detenida, r.razon));
+    else if (AvisosBarra* barra = fdm().barra())
+        barra->texto(windowTitle() + ": " + (r.borradas == 1 ? "1 cuenta" : cuantas + " cuentas"));
     return r.detenida.isEmpty();
 }

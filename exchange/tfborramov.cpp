@@ -62,7 +62,9 @@ bool Tfborramov::corra() {
     };
     const CifrasMantenimiento c = llame(Paso::Cifras);
     QString pregunta =
-        "Se borrarán " + c.cuantos() + QStringLiteral("; %1 se van enteros.").arg(c.borrados);
+        "Se borrarán " + c.cuantos() +
+        (c.borrados == 1 ? "; 1 se va entero."
+                         : QStringLiteral("; %1 se van enteros.").arg(c.borrados));
     if (c.ajenos > 0)
         pregunta += QStringLiteral(" %1 los generaron otros módulos, y sus documentos quedarán sin "
                                    "contabilizar.")

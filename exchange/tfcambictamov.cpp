@@ -26,9 +26,7 @@ void Tfcambictamov::Edit1Exit(const QString& cuenta) {
 }
 
 bool Tfcambictamov::corra() {
-    const QString origen = Edit1->text().trimmed(), destino = Edit2->text().trimmed();
-    if (exija_cuenta(origen).isEmpty() || exija_cuenta(destino).isEmpty())
-        return false;
+    const QString origen = cuenta_de(Edit1), destino = cuenta_de(Edit2);
     const auto rango = fechas();
     if (!rango)
         return false;

@@ -36,11 +36,8 @@ void Tfcambitermov::Edit3Exit(const QString& cuenta) {
 }
 
 bool Tfcambitermov::corra() {
-    const QString origen = Edit1->text().trimmed(), destino = Edit2->text().trimmed(),
-                  cuenta = Edit3->text().trimmed();
-    if (exija_tercero(origen).isEmpty() || exija_tercero(destino).isEmpty() ||
-        (!cuenta.isEmpty() && exija_cuenta(cuenta).isEmpty()))
-        return false;
+    const QString origen = tercero_de(Edit1), destino = tercero_de(Edit2);
+    const QString cuenta = Edit3->text().trimmed().isEmpty() ? QString() : cuenta_de(Edit3);
     const auto rango = fechas();
     if (!rango)
         return false;

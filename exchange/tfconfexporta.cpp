@@ -35,6 +35,8 @@ Tfconfexporta::Tfconfexporta() : Pantalla("Tfconfexporta", "Configurar exportaci
                                   [this] { SBGrabarClick(); }));
     barra->boton("SBCuentas", "F9:Cuentas", "edit-find", Qt::Key_F9, [this] { escoja({}); });
     barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    tecla(Qt::Key_F12, "Cambiar de rejilla",
+          [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
     Formulario(this).ancha(division, 1).botones(barra);
     tamano(820, 460);
 }

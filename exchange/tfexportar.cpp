@@ -125,7 +125,8 @@ void Tfexportar::SpeedButton1Click() {
     if (p->destino != DestinoExportacion::WebGerencial && QFileInfo::exists(p->archivo))
         existentes << p->archivo;
     if (!existentes.isEmpty() &&
-        !pregunte(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(p->archivo)))
+        !pregunte_con_no(
+            QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(p->archivo)))
         return;
     const ResultadoExportacion r = exporte_movimientos(fdm().Quorvex, *p);
     if (AvisosBarra* barra = fdm().barra())

@@ -65,6 +65,7 @@ void Tfimportarinv2::FormCreate() {
     ckniif->setVisible(asistente_.clase() != ClaseImportacion::Terceros);
     TipoChange();
     Ubicacion->setFocus();
+    Ubicacion->selectAll(); // el del anterior: lo que se digite lo cambia
 }
 
 void Tfimportarinv2::ExplorarClick() {

@@ -1,6 +1,7 @@
 #include "exchange/tfrechazosimp.h"
 
 #include "exchange/pch.h"
+#include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/archivo_salida.h"
 
 namespace {
@@ -63,9 +64,10 @@ void Tfrechazosimp::SBGrabarClick() {
         return;
     const QString ruta = dialogo.selectedFiles().first();
     if (QFileInfo::exists(ruta) &&
-        !pregunte(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
+        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
         return;
     grabe(rechazos_.resultado.rechazados, ruta);
+    avise_grabado(ruta);
 }
 
 void Tfrechazosimp::grabe(const QVector<RenglonRechazado>& renglones, const QString& ruta) {

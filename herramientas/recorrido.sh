@@ -123,7 +123,7 @@ pdfs=0
 a_pdf() {
     local nombre=$1 hojas=${2:-2}
     espere_ventana "Opciones de impresión"
-    teclas alt+a alt+r
+    teclas alt+a alt+f
     escriba "PDF"
     [ "$pdfs" = 0 ] && foto "opciones_$nombre"
     teclas Return

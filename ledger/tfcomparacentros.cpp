@@ -213,7 +213,7 @@ void Tfcomparacentros::SbGrabarClick() {
     if (!ruta.endsWith(".mds", Qt::CaseInsensitive))
         ruta += ".mds";
     if (QFileInfo::exists(ruta) &&
-        !pregunte(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
+        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
         return;
     grabe_archivo_disposicion(zonas->disposicion(), ruta);
     lea_plantillas();

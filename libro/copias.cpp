@@ -52,7 +52,8 @@ Comprobante copie_comprobante(const Comprobante& original, Copia clase, const QS
                          .trimmed()
                          .left(kLargoConcepto);
     const QString nota = QStringLiteral("%1 de %2 del %3.")
-                             .arg(reverso ? "Reverso" : "Duplicado", nombre, original.fecha);
+                             .arg(reverso ? "Reverso" : "Duplicado", nombre,
+                                  QString(original.fecha).insert(6, '/').insert(4, '/'));
     c.observaciones = original.observaciones.isEmpty() ? nota : nota + '\n' + c.observaciones;
     // Las líneas NIIF son las del original, también las que se corrigieron; la base reconoce las
     // que siguen siendo réplica. Sin ellas no nacen otras.

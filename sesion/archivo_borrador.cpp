@@ -1,5 +1,7 @@
 #include "sesion/archivo_borrador.h"
 
+#include "toolkit/dialogos.h"
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QSaveFile>
@@ -117,12 +119,17 @@ bool ArchivoBorrador::tome_el_huerfano(const std::function<bool(const QByteArray
             continue; // otro programa, u otra pantalla, lo está digitando
         QFile f(ruta);
         const bool leido = f.open(QIODevice::ReadOnly) && lea(f.readAll());
+        const bool vacio = f.size() == 0;
         f.close();
-        // De a uno por vez: los demás quedan para la próxima pantalla. Lo que no se entiende no se
-        // vuelve a mirar.
-        QFile::remove(ruta);
+        const QString aparte = ruta + ".ilegible";
+        if (leido || vacio)
+            QFile::remove(ruta);
+        else if (QFile::rename(ruta, aparte))
+            muestre_mensaje("Lo que quedó sin grabar lo guardó otra versión del programa, y esta "
+                            "no lo puede leer. El archivo queda aparte: " +
+                            aparte);
         if (leido)
-            return true;
+            return true; // de a uno por vez: los demás quedan para la próxima pantalla
     }
     return false;
 }

@@ -30,7 +30,7 @@ protected:
     /// Lo que se guarda; vacío si no hay qué.
     virtual QByteArray contenido() const = 0;
     /// El más reciente de los huérfanos que se entienda, que deja de estarlo: no se vuelve a
-    /// ofrecer.
+    /// ofrecer. El que no se entiende queda aparte, y se dice.
     bool tome_el_huerfano(const std::function<bool(const QByteArray&)>& lea);
 
 private:

@@ -68,6 +68,25 @@ EditorSugerido* caja_de_cuenta(ConjuntoDatos& conjunto, const QString& campo,
     return caja;
 }
 
+EditorSugerido* caja_de_proyecto(ConjuntoDatos& conjunto, const QString& campo) {
+    auto* caja = new EditorSugerido(&conjunto, campo);
+    caja->Sugiere = [](const QString& tecleado) {
+        return IndicesCatalogos::de_la_sesion().proyectos().busque(tecleado);
+    };
+    caja->OnEnter = [] { IndicesCatalogos::de_la_sesion().refresque_centros(); };
+    return caja;
+}
+
+EditorSugerido* caja_de_centro(ConjuntoDatos& conjunto, const QString& campo,
+                               const QString& proyecto) {
+    EditorSugerido* caja = caja_de_proyecto(conjunto, campo);
+    caja->Sugiere = [&conjunto, proyecto](const QString& tecleado) {
+        const QString suyo = conjunto.FieldByName(proyecto).texto();
+        return IndicesCatalogos::de_la_sesion().centros(suyo).busque(tecleado);
+    };
+    return caja;
+}
+
 EditorSugerido* caja_de_tercero(ConjuntoDatos& conjunto, const QString& campo) {
     auto* caja = new EditorSugerido(&conjunto, campo);
     caja->Sugiere = [](const QString& tecleado) {

@@ -21,4 +21,8 @@ void ofrezca_centros(Rejilla& rejilla, const QString& proyecto, const QString& c
 /// Cajas de un campo que ofrecen lo mismo. `libro` se pregunta cada vez: puede cambiar.
 EditorSugerido* caja_de_cuenta(ConjuntoDatos& conjunto, const QString& campo,
                                std::function<Libro()> libro);
+EditorSugerido* caja_de_proyecto(ConjuntoDatos& conjunto, const QString& campo);
+/// Los centros del proyecto que ese otro campo tenga.
+EditorSugerido* caja_de_centro(ConjuntoDatos& conjunto, const QString& campo,
+                               const QString& proyecto);
 EditorSugerido* caja_de_tercero(ConjuntoDatos& conjunto, const QString& campo);

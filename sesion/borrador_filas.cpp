@@ -21,6 +21,26 @@ QVector<ConjuntoDatos*> con_sus_anidados(const QVector<ConjuntoDatos*>& conjunto
     return todos;
 }
 
+QJsonArray como_nuevas(const QJsonArray& filas) {
+    QJsonArray nuevas;
+    for (const QJsonValue& fila : filas)
+        nuevas.append(QJsonObject{{"valores", fila}, {"nace", true}});
+    return nuevas;
+}
+
+/// Antes solo se guardaba lo que nacía: una lista de filas por conjunto, el primero la maestra de
+/// los demás. Así quedan como cambios del primero.
+QJsonArray de_la_version_anterior(QJsonArray conjuntos) {
+    QJsonArray cambios = como_nuevas(conjuntos.takeAt(0).toArray()), detalles;
+    for (const QJsonValue& suyas : conjuntos)
+        detalles.append(como_nuevas(suyas.toArray()));
+    if (detalles.isEmpty())
+        return cambios;
+    QJsonObject maestra = cambios.at(0).toObject();
+    maestra["detalles"] = detalles;
+    return {maestra};
+}
+
 } // namespace
 
 BorradorFilas::BorradorFilas(const QString& que, const QVector<ConjuntoDatos*>& conjuntos,
@@ -64,6 +84,8 @@ std::optional<BorradorFilas::Huerfano> BorradorFilas::tome_huerfano() {
         h = {QDateTime::fromString(o["momento"].toString(), Qt::ISODateWithMs), {}};
         for (const QJsonValue& suyos : o["cambios"].toArray())
             h.cambios << suyos.toArray();
+        if (o.contains("filas"))
+            h.cambios = {de_la_version_anterior(o["filas"].toArray())};
         return h.momento.isValid() && h.cambios.size() == conjuntos_.size();
     });
     return hay ? std::optional(h) : std::nullopt;

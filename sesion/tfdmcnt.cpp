@@ -4,6 +4,7 @@
 #include "libro/numeracion.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
+#include "toolkit/barraestado.h"
 
 namespace {
 Tfdmcnt* unico_ = nullptr;
@@ -249,6 +250,8 @@ ResultadoBorrado Tfdmcnt::borrar_comprobante(const QString& pantalla, const Pedi
     if (cambiado && !pregunte_con_no(cambiado->pregunta))
         return ResultadoBorrado::Conservado;
     borre_comprobante(fdm().Quorvex, modo, pedido, fdm().usuario);
+    if (AvisosBarra* barra = fdm().barra())
+        barra->texto("Borrado " + pedido.tipo + ' ' + pedido.prefijo + ' ' + pedido.numero);
     return ResultadoBorrado::Borrado;
 }
 

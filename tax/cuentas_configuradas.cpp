@@ -35,8 +35,15 @@ void atienda_cuenta(Pantalla& pantalla, Campo& campo, std::function<bool(const Q
 
 bool existe_o_se_crea(const QString& cuenta) {
     const auto rechazo = revise_cuenta(fdm().Quorvex, Libro::Decreto2649, cuenta);
-    return !rechazo || rechazo->motivo != Motivo::CuentaInexistente ||
-           fdmcnt().valide_cuenta(cuenta);
+    if (rechazo && rechazo->motivo == Motivo::CuentaInexistente)
+        return fdmcnt().valide_cuenta(cuenta);
+    // Un grupo, o el comienzo de varias, también sirve; lo que no es de ninguna no sumaría nada.
+    const char* const alguna = "select first 1 1 from cuentas where substring(cuen_cod from 1 for "
+                               "char_length(cast(? as varchar(20)))) = cast(? as varchar(20))";
+    if (!rechazo || !fdm().Quorvex.consulte(alguna, {Valor(cuenta), Valor(cuenta)}).nulo())
+        return true;
+    muestre_mensaje("La cuenta " + cuenta + " no existe.");
+    return false;
 }
 
 bool existe_cuenta(const QString& cuenta, const QString& mensaje, Libro libro) {

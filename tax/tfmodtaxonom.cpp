@@ -147,8 +147,6 @@ void Tfmodtaxonom::arme_barra() {
     barra_->boton("SBCancelar", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { salga(); });
     tecla(Qt::Key_F2, "Grabar o aceptar el panel abierto", [this] { acepte(); });
     tecla(Qt::Key_F5, "F5:Diseñar", [this] { disene(); });
-    tecla(Qt::Key_F12, "Cambiar de rejilla",
-          [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
 }
 
 void Tfmodtaxonom::FormCreate() {

@@ -152,17 +152,28 @@ QVector<TeclaExplicada> teclas_explicadas(const Pantalla& p) {
     return lista;
 }
 
+QString nombre_de_tecla(const QKeySequence& tecla) {
+    return tecla.isEmpty()
+               ? QString()
+               : nombre_de_tecla(Tecla{tecla[0].key(), tecla[0].keyboardModifiers(), {}, {}});
+}
+
 void muestre_teclas(Pantalla& pantalla) {
-    QDialog dialogo(pantalla.window());
+    muestre_teclas(pantalla.window(), pantalla.windowTitle(), teclas_explicadas(pantalla));
+}
+
+void muestre_teclas(QWidget* ventana, const QString& titulo,
+                    const QVector<TeclaExplicada>& teclas) {
+    QDialog dialogo(ventana);
     dialogo.setObjectName(QStringLiteral("teclas_de_pantalla"));
-    dialogo.setWindowTitle("Teclas de " + pantalla.windowTitle());
+    dialogo.setWindowTitle("Teclas de " + titulo);
     auto* tabla = new QTreeWidget;
     tabla->setObjectName(QStringLiteral("tabla_teclas"));
     tabla->setAccessibleName(QStringLiteral("Teclas"));
     tabla->setHeaderLabels({QStringLiteral("Tecla"), QStringLiteral("Qué hace")});
     tabla->setRootIsDecorated(false);
     tabla->setAlternatingRowColors(true);
-    for (const TeclaExplicada& t : teclas_explicadas(pantalla))
+    for (const TeclaExplicada& t : teclas)
         new QTreeWidgetItem(tabla, {t.tecla, t.que_hace});
     for (const int columna : {0, 1})
         tabla->resizeColumnToContents(columna);

@@ -4,6 +4,8 @@
 #include <QVector>
 
 class Pantalla;
+class QKeySequence;
+class QWidget;
 
 struct TeclaExplicada {
     QString tecla;    ///< "F2", "Ctrl+Av Pág"
@@ -12,5 +14,8 @@ struct TeclaExplicada {
 
 /// Las de su tabla, en su orden, y las de sus rejillas. Un botón apagado u oculto no tiene tecla.
 QVector<TeclaExplicada> teclas_explicadas(const Pantalla& pantalla);
+/// Como se escribe al usuario: "Mayús+F9".
+QString nombre_de_tecla(const QKeySequence& tecla);
 /// La ventana de F1.
 void muestre_teclas(Pantalla& pantalla);
+void muestre_teclas(QWidget* ventana, const QString& titulo, const QVector<TeclaExplicada>& teclas);

@@ -69,10 +69,8 @@ void FormaPlanilla::defina_campos() {
 // ---------------------------------------------------------------- disposición
 
 void FormaPlanilla::construya() {
-    const auto editor = [this](const char* campo, const char* nombre, int ancho = 0) {
-        auto* e = nombrado(new EditorDato(&CPlanilla, campo), nombre);
-        e->ancho(ancho);
-        return e;
+    const auto editor = [this](const char* campo, const char* nombre) {
+        return nombrado(new EditorDato(&CPlanilla, campo), nombre);
     };
     const auto casilla = [this](const char* texto, const char* campo, const char* nombre) {
         return nombrado(new CasillaDato(texto, &CPlanilla, campo), nombre);
@@ -84,8 +82,10 @@ void FormaPlanilla::construya() {
     ENombre = editor("PLDI_NOMBRE", "ENombre");
     Nit = nombrado(caja_de_tercero(CPlanilla, "PLDI_NIT"), "Nit");
     Nit->ancho(15);
-    Proy = editor("PLDI_PROY", "Proy", 6);
-    Centro = editor("PLDI_CENTRO", "Centro", 6);
+    Proy = nombrado(caja_de_proyecto(CPlanilla, "PLDI_PROY"), "Proy");
+    Centro = nombrado(caja_de_centro(CPlanilla, "PLDI_CENTRO", "PLDI_PROY"), "Centro");
+    Proy->ancho(6);
+    Centro->ancho(6);
     Nit->OnDblClick = [this] { busque_tercero({}); };
     Proy->OnDblClick = [this] { busque_centro(); };
     ckTerc = casilla("Preguntar &tercero por documento", "PLDI_TERCERO", "ckTerc");

@@ -84,7 +84,7 @@ protected:
     /// Lo rehusado que esta pantalla sí deja pasar.
     virtual bool se_tolera(const Rechazo&) const { return false; }
     void diga(const Rechazos& rechazos, const ModoGrabacion& modo);
-    /// Hay líneas o cambios que se perderían al cerrar.
+    /// Hay algo digitado o cambiado que se perdería al cerrar.
     virtual bool hay_por_perder() const = 0;
     /// Pregunta si hay algo por perder; con "Sí" deshace los cambios y cierra.
     void SBCancelClick() override;

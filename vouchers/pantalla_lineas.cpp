@@ -22,6 +22,16 @@ LineasLibro& PantallaLineas::lineas_a_la_vista() const {
     return PageControl1->currentIndex() == 1 ? *lineas_niif : *lineas_2649;
 }
 
+bool PantallaLineas::se_digito(const ConjuntoDatos& encabezado, const QStringList& campos) const {
+    const ControlDato* caja = control_dato(focusWidget());
+    if (caja && caja->modificado() && campos.contains(caja->nombre_campo()))
+        return true;
+    return encabezado.Active() &&
+           std::any_of(campos.begin(), campos.end(), [&](const QString& campo) {
+               return !encabezado.FieldByName(campo).vacio();
+           });
+}
+
 void PantallaLineas::abra_pagina_inicial() {
     const bool decreto = fdm().valor<Llave::LibroInicial>() == "2649";
     PageControl1->setCurrentIndex(decreto ? 0 : 1);

@@ -69,6 +69,10 @@ protected:
     void busque_concepto();
     /// Con el panel del artículo a la vista: allí y a la línea.
     void busque_articulo(bool activo);
+    bool sin_lineas() const { return lineas_2649->sin_lineas() && lineas_niif->sin_lineas(); }
+    /// Alguien escribió en uno de esos campos del encabezado, aunque siga en su caja. Los que la
+    /// pantalla propone no se nombran.
+    bool se_digito(const ConjuntoDatos& encabezado, const QStringList& campos) const;
     ConjuntoDatos& lineas_de(Libro libro) { return libro == Libro::Niif ? Cdetniif : CDetalle; }
     ConjuntoDatos& atributos(const LineasLibro& lineas, const char* columnas);
 

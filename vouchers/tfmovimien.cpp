@@ -360,7 +360,7 @@ bool Tfmovimien::eventFilter(QObject* objeto, QEvent* evento) {
 
 void Tfmovimien::SBGrabarClick() {
     termine_lineas();
-    if (!hay_por_perder() && CMovimiento.FieldByName("ENCO_CONCEPTO").vacio() &&
+    if (sin_lineas() && CMovimiento.FieldByName("ENCO_CONCEPTO").vacio() &&
         !pregunte_con_no("El comprobante no tiene líneas ni concepto. Desea grabarlo así?"))
         return;
     asegure_numeracion();
@@ -492,5 +492,7 @@ bool Tfmovimien::FormClose() {
 }
 
 bool Tfmovimien::hay_por_perder() const {
-    return !lineas_2649->sin_lineas() || !lineas_niif->sin_lineas();
+    return !sin_lineas() ||
+           se_digito(CMovimiento, {"ENCO_CONCEPTO", "ENCO_REFER", "TERC_NIT", "ENCO_NOMTERC",
+                                   "ENCO_MONTO", "ENCO_OBS", "ENCO_MANDANTE"});
 }

@@ -27,10 +27,11 @@ void Tfplantilla::FormActivate() {
                    CDetallen.RecordCount() > 0;
         },
         [](const BorradorFilas::Huerfano& h) {
-            return QStringLiteral("quedó una plantilla sin grabar: «%1», con %2 líneas. Desea "
-                                  "retomarla?")
-                .arg(h.valor("PLAN_CONCEPTO"))
-                .arg(h.detalles());
+            const int lineas = h.detalles();
+            return QStringLiteral("quedó una plantilla sin grabar: «%1», con %2. Desea retomarla?")
+                .arg(h.valor("PLAN_CONCEPTO"), lineas == 1
+                                                   ? QStringLiteral("1 línea")
+                                                   : QStringLiteral("%1 líneas").arg(lineas));
         });
 }
 

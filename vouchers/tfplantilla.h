@@ -11,7 +11,9 @@ public:
 
 protected:
     void SBGrabarClick() override;
-    bool hay_por_perder() const override { return !lineas_2649->sin_lineas(); }
+    bool hay_por_perder() const override {
+        return !sin_lineas() || se_digito(CPlantilla, {"PLAN_CONCEPTO", "PLAN_REFER"});
+    }
 
 private:
     void CPlantillaAfterInsert();

@@ -293,11 +293,11 @@ void PruebaManos::cada_fila_nueva_empieza_donde_se_digita() {
 }
 
 void PruebaManos::lo_digitado_en_una_ficha_no_se_pierde_con_esc() {
-    // Lo que en estas se digita no es un registro: son los datos de un proceso que no se ha hecho,
-    // o el encabezado de un comprobante o de una plantilla sin líneas.
-    static const QSet<QString> sin_registro{
-        "Tfmovimien",  "Tfplantilla",   "Tfajustesinf", "Tfbajaactivo", "Tfcalculadep",
-        "Tfcausadifc", "Tfcierreanual", "Tfcierreter",  "Tfvalactivo",  "Tfejecutaregiauto"};
+    // Lo que en estas se digita no es un registro: son los datos de un proceso que no se ha hecho.
+    static const QSet<QString> sin_registro{"Tfajustesinf", "Tfbajaactivo",     "Tfcalculadep",
+                                            "Tfcausadifc",  "Tfcierreanual",    "Tfcierreter",
+                                            "Tfvalactivo",  "Tfejecutaregiauto"};
+    static const QSet<QString> propuestos{"LTipo", "ENumero"};
     QStringList malas;
     int vistas = 0;
     con_cada_pantalla(*s_, [&](Pantalla* p) {
@@ -306,7 +306,7 @@ void PruebaManos::lo_digitado_en_una_ficha_no_se_pierde_con_esc() {
         for (QWidget* w : p->findChildren<QWidget*>()) {
             ControlDato* c = control_dato(w);
             if (!c || c->widget() != w || !disponible(w) || !c->editable() ||
-                sin_registro.contains(p->objectName()))
+                propuestos.contains(w->objectName()) || sin_registro.contains(p->objectName()))
                 continue;
             w->setFocus(Qt::TabFocusReason);
             for (const char* tecleado : {"x", "9"})

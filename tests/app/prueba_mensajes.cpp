@@ -8,6 +8,7 @@
 #include "app/ventanaavisos.h"
 #include "app/vigiamensajes.h"
 #include "fallas/contador.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/controles/memodato.h"
 
 #include <QtTest>
@@ -52,6 +53,8 @@ private:
 
 void PruebaMensajes::enviar_pone_autor_hora_y_destino() {
     Tfmensaje* p = abra();
+    AvisosBarra barra;
+    fdm().barra(&barra);
     QVERIFY(p->CUsermens.Locate("USUARIO", {"AUXILIAR"}));
     p->MENS_MENSAJE->setFocus();
     digite("Revise la caja");
@@ -63,6 +66,8 @@ void PruebaMensajes::enviar_pone_autor_hora_y_destino() {
                    "not null, 'S', 'N') from mensajeria"),
              "ADMIN|Revise la caja|1|AUXILIAR|N|0|S");
     QVERIFY(!escritorio()->abierta("Tfmensaje"));
+    QCOMPARE(barra.text(), "Mensaje enviado a AUXILIAR");
+    fdm().barra(nullptr);
 }
 
 void PruebaMensajes::a_todos_llega_uno_a_cada_usuario_menos_a_quien_lo_manda() {

@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTcpServer>
+#include <QTreeWidget>
 
 class PruebaPrincipal : public QObject {
     Q_OBJECT
@@ -459,6 +460,22 @@ private slots:
         escritorio()->cierre_todas();
         p.findChild<QPushButton*>("sButton6")->click();
         QCOMPARE(nombres(), QStringList({"Tfmnuplantilla"}));
+    }
+
+    void f1_sin_una_pantalla_abierta_muestra_las_teclas_del_menu() {
+        Tfprincipal& p = s_->entre();
+        QStringList vistas;
+        s_->dialogos.espere_modal("teclas_de_pantalla", [&vistas](QWidget* w) {
+            auto* tabla = w->findChild<QTreeWidget*>("tabla_teclas");
+            for (int i = 0; i < tabla->topLevelItemCount(); ++i)
+                vistas << tabla->topLevelItem(i)->text(0) + ' ' + tabla->topLevelItem(i)->text(1);
+            w->close();
+        });
+        QTest::keyClick(&p, Qt::Key_F1);
+        for (const char* t :
+             {"Mayús+F1 Comprobantes: Busqueda de comprobantes", "Alt+M Comprobantes",
+              "Ctrl+S Archivo: Salir", "F10 Ir al menú", "F1 Ver esta lista"})
+            QVERIFY2(vistas.contains(t), qPrintable(vistas.join('\n')));
     }
 
     void los_mensajes_sin_leer_aparecen_al_entrar_y_se_marcan() {

@@ -31,6 +31,8 @@ private slots:
         digite("EG");
         oprima(Qt::Key_Tab);
         digite("Egreso");
+        oprima(Qt::Key_F12); // a sus prefijos, desde la fila en que se esté
+        QVERIFY(componente<Rejilla>(p, "DBGridEh2").enfocada());
         enfoque(p, "DBGridEh2", 0);
         oprima(Qt::Key_Insert);
         digite("0001");

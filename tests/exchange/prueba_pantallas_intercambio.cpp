@@ -252,12 +252,12 @@ struct CasoHerramienta {
 
 const CasoHerramienta kHerramientas[] = {
     {"Tfcambictamov",
-     "FecIni=20170101;FecFin=20171231;Edit1=9|La cuenta 9 no existe.;"
+     "=|Debe indicar la cuenta.;FecIni=20170101;FecFin=20171231;Edit1=9|La cuenta 9 no existe.;"
      "Edit1=310505|La cuenta 310505 no tiene movimientos.;Edit1=111005;Edit2=310505",
      "Se cambiarán 2 renglones de 2 comprobantes.",
      "select list(cuen_cod) from comprobante_detalle where code_item = 2", "310505,310505"},
     {"Tfcambitermov",
-     "FecIni=20170101;FecFin=20171231;Edit1=9|El tercero 9 no existe.;"
+     "=|Debe indicar el tercero.;FecIni=20170101;FecFin=20171231;Edit1=9|El tercero 9 no existe.;"
      "Edit1=860002964|El tercero 860002964 no tiene movimientos.;Edit1=900123456;Edit2=52345678;"
      "Edit3=9|La cuenta 9 no existe.;"
      "Edit3=111005|El tercero 900123456 no tiene movimientos en la cuenta.;Edit3=130505",
@@ -279,7 +279,7 @@ const CasoHerramienta kHerramientas[] = {
      "=|Debe indicar el rango de fechas a borrar.;FecIni=20170101;FecFin=20160101;"
      "=|La fecha final debe ser mayor o igual que la inicial.;FecFin=20171231;NumIni=7;"
      "=|No hay comprobantes por borrar en ese rango.;NumIni=2",
-     "Se borrarán 2 renglones de 1 comprobante; 1 se van enteros. 1 los generaron otros módulos, "
+     "Se borrarán 2 renglones de 1 comprobante; 1 se va entero. 1 los generaron otros módulos, "
      "y sus documentos quedarán sin contabilizar.",
      "select list(enco_consec) from comprobante_encabezado", "1"},
     {"Tfborractas",

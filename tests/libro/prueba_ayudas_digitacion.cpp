@@ -129,7 +129,7 @@ private slots:
         QCOMPARE(r.concepto,
                  QString("Reverso de CG 0001 %1. Compra de mercancía").arg(original.numero));
         QCOMPARE(r.observaciones,
-                 QString("Reverso de CG 0001 %1 del 20170210.").arg(original.numero));
+                 QString("Reverso de CG 0001 %1 del 2017/02/10.").arg(original.numero));
         QCOMPARE(r.lineas_2649[1].base, Moneda(1000000)); // el signo sigue al lado
         QCOMPARE(r.lineas_2649[1].debito, Moneda(25000));
         // No abre otra vez la factura: se le aplica, y no queda nada por pagar.

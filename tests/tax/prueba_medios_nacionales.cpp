@@ -589,9 +589,8 @@ void PruebaMediosNacionales::un_concepto_nuevo_con_sus_cuentas_se_graba() {
     auto* medio = m.abra("1004 Descuentos tributarios (v. 6)");
     oprima(Qt::Key_F2);
     QVERIFY(medio->CMedmagdata->IsEmpty());
-    QCOMPARE(barra.text(),
-             QString("Advertencia: El formato 1004 no tiene conceptos con cuentas: F8 "
-                     "los configura."));
+    QCOMPARE(barra.text(), QString("Advertencia: El formato 1004 no tiene conceptos con cuentas: "
+                                   "F8 los configura."));
     s.dm.barra(nullptr);
     oprima(Qt::Key_F8);
     Pantalla* p = s.escritorio.activa();
@@ -616,6 +615,8 @@ void PruebaMediosNacionales::un_concepto_nuevo_con_sus_cuentas_se_graba() {
     QCOMPARE(cuentas.FieldByName("MMCU_CONS").texto(), QString::number(mayor + 1));
     i.espere("La cuenta especificada no existe. Desea Crearla?", "No");
     cuentas.FieldByName("MMCU_CTARTF") = "999999";
+    i.espere("La cuenta 99999 no existe."); // ni el comienzo de otra
+    cuentas.FieldByName("MMCU_CTARTF") = "99999";
     QVERIFY(cuentas.FieldByName("MMCU_CTARTF").vacio());
     cuentas.Post();
     cuentas.Append(); // sin ninguna cuenta no queda

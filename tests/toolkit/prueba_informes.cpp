@@ -251,9 +251,9 @@ private slots:
                 for (const auto* r : w->findChildren<QLabel*>())
                     textos << r->text();
                 for (const char* t :
-                     {"Configurar", "&Copias", "in&tercalar", "&Duplex", "Destino del reporte ",
-                      "&Impresora", "&Vista preliminar", "&Archivo", "Formato:", "All", "Pages",
-                      "From", "to", "Selection", "OK", "Cancelar"})
+                     {"Confi&gurar", "&Copias", "in&tercalar", "&Duplex", "Destino del reporte ",
+                      "&Impresora", "&Vista preliminar", "&Archivo", "&Formato:", "A&ll", "&Pages",
+                      "F&rom", "t&o", "&Selection", "OK", "Cancelar"})
                     QVERIFY2(textos.contains(t), t);
                 w->findChild<QRadioButton*>("a_impresora")->click();
                 w->findChild<QRadioButton*>("paginas")->click();

@@ -349,6 +349,7 @@ private slots:
             oprima(Qt::Key_F3);
             QCOMPARE(i.vistos(), QStringList({"Tfimprcomproba", pregunta}));
         }
+        QCOMPARE(d.barra.text(), "Borrado CG 0001 000011");
         QCOMPARE(impresos, QStringList({"2", "2", "2"}));
         QCOMPARE(columna(p, "ENCO_CONSEC"), "3,1"); // la búsqueda corrió otra vez
         for (const char* tabla : {"encabezado", "detalle", "detalle_niif"})

@@ -4,6 +4,7 @@
 #include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/huerfano.h"
 #include "sesion/borrador_filas.h"
+#include "toolkit/controles/editor_sugerido.h"
 #include "vouchers/digitador.h"
 #include "vouchers/forma_planilla.h"
 #include "vouchers/peticiones_planilla.h"
@@ -98,6 +99,15 @@ private slots:
         QVERIFY(componente<QWidget>(p, "Nit").isVisible());
         QVERIFY(!componente<QWidget>(p, "Proy").isVisible());
         escriba(p, "Nit", "900123456");
+        pulse(p, "ckCentro");
+        for (const auto& [caja, tecleado] : {std::pair{"Proy", "0"}, {"Centro", "0"}}) {
+            auto& editor = componente<EditorSugerido>(p, caja);
+            enfoque(p, caja);
+            digite(tecleado);
+            QVERIFY2(editor.lista().isVisible(), caja);
+            for (const Qt::Key k : {Qt::Key_Down, Qt::Key_Return, Qt::Key_Tab})
+                oprima(k);
+        }
         enfoque(p, "DBGridEh1", 0);
         oprima(Qt::Key_Insert);
         Interlocutor i;

@@ -133,8 +133,43 @@ private slots:
         QCOMPARE(celda(p, "PLDE_ITEM"), "1");
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select count(*) from plantilla_encabezado"), "2");
-        oprima(Qt::Key_Escape); // sin líneas sale sin preguntar
+        oprima(Qt::Key_Escape); // sin nada digitado sale sin preguntar
         QVERIFY(s.escritorio.abiertas().isEmpty());
+    }
+
+    /// Guardaba las filas y no los cambios.
+    void el_borrador_de_una_version_anterior_tambien_vuelve() {
+        const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
+        SesionGui s;
+        Digitador d(s);
+        Tfplantilla* p = nueva(s, "Otra");
+        const QDir carpeta(p->findChild<BorradorFilas*>()->carpeta());
+        Interlocutor i;
+        i.espere(kSalir, "Sí");
+        p->close();
+        QVERIFY(QDir().mkpath(carpeta.path()));
+        // El que dejó una versión anterior, que guardaba las filas y no los cambios, también
+        // vuelve.
+        QFile viejo(carpeta.filePath("viejo.borrador"));
+        QVERIFY(viejo.open(QIODevice::WriteOnly));
+        viejo.write("{\"momento\":\"2017-05-15T08:00:00.000\",\"filas\":[[{\"PLAN_ID\":\"0\","
+                    "\"TICO_COD\":\"CG\",\"PRCO_PREF\":\"0001\",\"PLAN_CONCEPTO\":\"De antes\"}],"
+                    "[{\"PLDE_ITEM\":\"1\",\"CUEN_COD\":\"110505\",\"PLDE_DEBITOS\":\"25.00\"}],"
+                    "[{\"PLDE_ITEM\":\"1\",\"CUEN_COD\":\"111005\",\"PLDE_DEBITOS\":\"4.00\"}]]}");
+        viejo.close();
+        i.espere("Hace 2 horas quedó una plantilla sin grabar: «De antes», con 2 líneas. Desea "
+                 "retomarla?",
+                 "Sí");
+        p = s.abra<Tfplantilla>("Tfplantilla");
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->EConcepto->text() + p->lineas_2649->Sumadeb->text(), "De antes25.00");
+        QCOMPARE(p->lineas_niif->Sumadeb->text(), "4.00");
+        p->CDetalle.borre_todas();
+        p->CDetallen.borre_todas();
+        i.espere("Desea salir de la plantilla y perder los movimientos que no ha grabado?", "No");
+        oprima(Qt::Key_Escape); // el concepto solo también es trabajo
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->EConcepto->text(), "De antes");
     }
 
     void el_encabezado_exige_tipo_prefijo_y_concepto_en_ese_orden() {

@@ -71,14 +71,35 @@ private slots:
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
     }
 
-    void sin_nada_que_perder_se_cierra_callado() {
+    void sin_nada_que_perder_se_cierra_callado_y_el_encabezado_es_algo() {
         SesionGui s;
         Digitador d(s);
         Tfmovimien* p = d.abra("CG", "05", "x");
         d.asiento("110505", "310505", "10");
         oprima(Qt::Key_F2);
-        QVERIFY(p->close()); // ya quedó grabado: el nuevo no tiene líneas
+        // Ya quedó grabado; del nuevo, el tipo, el día y el número los propone la pantalla.
+        d.redigite(p->EDia, "06");
+        oprima(Qt::Key_Escape);
         QCOMPARE(s.escritorio.abiertas().size(), 0);
+        // Lo demás del encabezado es trabajo, aunque no haya líneas ni se haya salido de la caja.
+        for (const auto caja : {&Tfmovimien::DBEdit1, &Tfmovimien::ERef, &Tfmovimien::DBEdit2,
+                                &Tfmovimien::DBEdit6}) {
+            p = d.abra();
+            (p->*caja)->setFocus();
+            digite("9");
+            Interlocutor i;
+            espere_salida(i, kSalir, "Sí");
+            p->close();
+            QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        }
+        p = d.abra();
+        d.redigite(p->DBEdit1, "Arriendo");
+        Interlocutor i;
+        espere_salida(i, kSalir, "No");
+        QVERIFY(!s.escritorio.cierre_todas());
+        QCOMPARE(p->DBEdit1->text(), "Arriendo");
+        espere_salida(i, kSalir, "Sí");
+        p->close();
         Tfedtmovimien* e =
             abra_edicion(s, s.dato("select enco_consec from comprobante_encabezado").toInt());
         QVERIFY(e->close());

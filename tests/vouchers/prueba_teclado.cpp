@@ -343,13 +343,20 @@ private slots:
         Tfmovimien* p = d.abra();
         const QDir carpeta(p->findChild<BorradorVivo*>()->carpeta());
         p->close();
-        // Los que no se entienden se ignoran callado.
+        // El que no se entiende se dice y queda aparte; del vacío no hay qué decir.
         QVERIFY(QDir().mkpath(carpeta.path()));
         for (const char* contenido : {"", "{\"version\":1}"}) {
             QFile roto(carpeta.filePath(QString("roto%1.borrador").arg(strlen(contenido))));
             QVERIFY(roto.open(QIODevice::WriteOnly) && roto.write(contenido) >= 0);
         }
+        Interlocutor i;
+        i.espere("Lo que quedó sin grabar lo guardó otra versión del programa, y esta no lo puede "
+                 "leer. El archivo queda aparte: " +
+                 carpeta.filePath("roto13.borrador.ilegible"));
         p = d.abra();
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(carpeta.entryList({"roto*"}, QDir::Files),
+                 QStringList({"roto13.borrador.ilegible"}));
         auto* borrador = p->findChild<BorradorVivo*>();
         borrador->guarde();
         QVERIFY(borradores(carpeta).isEmpty()); // nada se ha digitado
@@ -373,7 +380,6 @@ private slots:
         QCOMPARE(borradores(carpeta),
                  QStringList({"huerfano.borrador"})); // el que se dejó ya no está
         const RelojDetenido media_hora_despues({2017, 5, 15}, {10, 30});
-        Interlocutor i;
         i.espere("Hace 30 minutos quedó un comprobante sin grabar: CG 0001, «Nómina de mayo», 2 "
                  "líneas. Desea retomarlo?",
                  "Sí");

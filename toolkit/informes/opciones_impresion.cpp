@@ -62,7 +62,7 @@ QString pida_archivo(QWidget* ventana, const QString& sugerido, FormatoArchivo f
         return {};
     const QString ruta = componga_nombre(dialogo.selectedFiles().first(), extension_de(formato));
     if (QFileInfo::exists(ruta) &&
-        !pregunte(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
+        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
         return {};
     ultima_carpeta_ = QFileInfo(ruta).path();
     return ruta;
@@ -76,7 +76,7 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
 
     impresora_ = con_nombre(new QComboBox, "impresora");
     impresora_->setAccessibleName(QStringLiteral("Impresora"));
-    auto* configurar = con_nombre(new QPushButton(QStringLiteral("Configurar")), "configurar");
+    auto* configurar = con_nombre(new QPushButton(QStringLiteral("Confi&gurar")), "configurar");
     connect(configurar, &QPushButton::clicked, this, [this] { configure(); });
     copias_ = con_nombre(new QSpinBox, "copias");
     copias_->setRange(1, 99);
@@ -112,7 +112,7 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     destinos->addWidget(a_impresora_);
     destinos->addWidget(a_vista_);
     auto* fila_archivo = new QHBoxLayout;
-    auto* rotulo_formato = new QLabel(QStringLiteral("Formato:"));
+    auto* rotulo_formato = new QLabel(QStringLiteral("&Formato:"));
     rotulo_formato->setBuddy(formato_);
     fila_archivo->addWidget(a_archivo_);
     fila_archivo->addStretch();
@@ -120,9 +120,9 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     fila_archivo->addWidget(formato_);
     destinos->addLayout(fila_archivo);
 
-    todo_ = con_nombre(new QRadioButton(QStringLiteral("All")), "todo");
-    paginas_ = con_nombre(new QRadioButton(QStringLiteral("Pages")), "paginas");
-    seleccion_ = con_nombre(new QRadioButton(QStringLiteral("Selection")), "seleccion");
+    todo_ = con_nombre(new QRadioButton(QStringLiteral("A&ll")), "todo");
+    paginas_ = con_nombre(new QRadioButton(QStringLiteral("&Pages")), "paginas");
+    seleccion_ = con_nombre(new QRadioButton(QStringLiteral("&Selection")), "seleccion");
     desde_ = con_nombre(new QSpinBox, "desde");
     hasta_ = con_nombre(new QSpinBox, "hasta");
     for (QSpinBox* s : {desde_, hasta_})
@@ -133,8 +133,8 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     auto* rangos = new QVBoxLayout(caja_rango);
     rangos->addWidget(todo_);
     auto* fila_paginas = new QHBoxLayout;
-    auto* rotulo_desde = new QLabel(QStringLiteral("From"));
-    auto* rotulo_hasta = new QLabel(QStringLiteral("to"));
+    auto* rotulo_desde = new QLabel(QStringLiteral("F&rom"));
+    auto* rotulo_hasta = new QLabel(QStringLiteral("t&o"));
     rotulo_desde->setBuddy(desde_);
     rotulo_hasta->setBuddy(hasta_);
     for (QWidget* w :

@@ -199,7 +199,7 @@ void RejillaCubo::guarde() {
     const FormatoExportacion formato = formato_del_filtro(dialogo.selectedNameFilter());
     const QString ruta = componga_nombre(dialogo.selectedFiles().first(), extension_de(formato));
     if (QFileInfo::exists(ruta) &&
-        !pregunte(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
+        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
         return;
     TablaDeCubo tabla(modelo_, nombre_archivo);
     exporte(tabla, formato, ruta);

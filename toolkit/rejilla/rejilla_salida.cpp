@@ -165,7 +165,7 @@ void Rejilla::guarde_seleccion() {
     const FormatoExportacion formato = formato_del_filtro(dialogo.selectedNameFilter());
     const QString ruta = componga_nombre(dialogo.selectedFiles().first(), extension_de(formato));
     if (QFileInfo::exists(ruta) &&
-        !pregunte(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
+        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
         return;
     TablaRejilla tabla(*this);
     Avance avance(this, QStringLiteral("Guardando %1 ...").arg(ruta));
