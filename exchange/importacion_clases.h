@@ -57,8 +57,13 @@ protected:
 
 private:
     QString tabla() const;
+    /// Dos importaciones a la vez duplicarían los saldos: la segunda no empieza.
+    void tome_turno();
+    void lea_item(Transaccion& t);
+    void inserte(Transaccion& t);
     QStringList revise(const LineaImportada& linea);
     RevisorImportacion revisor_;
+    std::unique_ptr<Transaccion> turno_; ///< vive lo que la importación
     qint64 item_ = 0;
 };
 

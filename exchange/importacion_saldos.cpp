@@ -5,7 +5,33 @@ QString ImportacionSaldos::tabla() const {
     return QStringLiteral("saldos_iniciales") + QLatin1String(datos(libro()).sufijo);
 }
 
+void ImportacionSaldos::tome_turno() {
+    turno_ = std::make_unique<Transaccion>(conexion_, ModoTransaccion::EscrituraSinEspera);
+    try {
+        Cursor c(conexion_.prepare("select estr_nivel from estructura with lock", *turno_), *turno_,
+                 {});
+        while (c.siguiente()) {
+        }
+    } catch (const ErrorBase& falla) {
+        if (!falla.conflicto())
+            throw;
+        throw ErrorDatos(QStringLiteral("Otro usuario está importando saldos iniciales. Espere a "
+                                        "que termine y revise lo que dejó antes de importar."));
+    }
+}
+
+void ImportacionSaldos::lea_item(Transaccion& t) {
+    Cursor c(t.conexion().prepare(
+                 QStringLiteral("select maxvalue(count(*), coalesce(max(sain_item), 0)) from %1")
+                     .arg(tabla()),
+                 t),
+             t, {});
+    if (c.siguiente())
+        item_ = c.valor(0).entero();
+}
+
 void ImportacionSaldos::prepare() {
+    tome_turno();
     if (peticion_.borre_saldos) {
         const QString falla = escriba([&](Transaccion& t) {
             t.conexion().prepare(QStringLiteral("delete from %1").arg(tabla()), t)->ejecute(t, {});
@@ -14,16 +40,21 @@ void ImportacionSaldos::prepare() {
             throw ErrorDatos(falla);
     }
     // Con números saltados la cuenta de filas repetiría uno que ya está.
-    (void)escriba([&](Transaccion& t) {
-        Cursor c(
-            t.conexion().prepare(
-                QStringLiteral("select maxvalue(count(*), coalesce(max(sain_item), 0)) from %1")
-                    .arg(tabla()),
-                t),
-            t, {});
-        if (c.siguiente())
-            item_ = c.valor(0).entero();
-    });
+    (void)escriba([&](Transaccion& t) { lea_item(t); });
+}
+
+void ImportacionSaldos::inserte(Transaccion& t) {
+    t.conexion()
+        .prepare(
+            QStringLiteral("insert into %1 (sain_item, cuen_cod, terc_nit, proy_cod, cent_cod, "
+                           "arti_cod, sain_debito, sain_credito, doco_numero, doco_vence, "
+                           "sain_tipodoc) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
+                .arg(tabla()),
+            t)
+        ->ejecute(t, {item_, valor("CUEN_COD"), valor("TERC_NIT"), valor("PROY_COD"),
+                      valor("CENT_COD"), valor("ARTI_COD"), valor("SAIN_DEBITO").moneda(),
+                      valor("SAIN_CREDITO").moneda(), valor("DOCO_NUMERO"), valor("DOCO_VENCE"),
+                      valor("SAIN_TIPODOC")});
 }
 
 QStringList ImportacionSaldos::revise(const LineaImportada& l) {
@@ -55,17 +86,15 @@ void ImportacionSaldos::procese(const RegistroLeido& registro) {
     QStringList razones = mal_leido.isEmpty() ? revise(l) : QStringList{mal_leido};
     if (razones.isEmpty()) {
         const QString falla = escriba([&](Transaccion& t) {
-            t.conexion()
-                .prepare(QStringLiteral(
-                             "insert into %1 (sain_item, cuen_cod, terc_nit, proy_cod, cent_cod, "
-                             "arti_cod, sain_debito, sain_credito, doco_numero, doco_vence, "
-                             "sain_tipodoc) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
-                             .arg(tabla()),
-                         t)
-                ->ejecute(t, {item_, valor("CUEN_COD"), valor("TERC_NIT"), valor("PROY_COD"),
-                              valor("CENT_COD"), valor("ARTI_COD"), valor("SAIN_DEBITO").moneda(),
-                              valor("SAIN_CREDITO").moneda(), valor("DOCO_NUMERO"),
-                              valor("DOCO_VENCE"), valor("SAIN_TIPODOC")});
+            try {
+                inserte(t);
+            } catch (const ErrorBase& e) {
+                if (e.clase() != ClaseFalla::LlaveRepetida)
+                    throw;
+                lea_item(t); // otro digitó saldos entre tanto y tomó el número
+                ++item_;
+                inserte(t);
+            }
         });
         if (!falla.isEmpty())
             razones << falla;

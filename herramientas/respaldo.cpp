@@ -156,12 +156,18 @@ void aparte_en_servidor(const ParametrosConexion& base, const QMap<QString, QStr
     const ParametrosConexion anterior = con_sufijo(base, QStringLiteral(".anterior"));
     QTemporaryDir carpeta;
     const QString copia = carpeta.filePath(QStringLiteral("anterior.fbk"));
-    respalde_base(base, copia);
-    restaure_base(copia, anterior, true);
-    if (recuento_de(anterior) != cuenta)
-        throw ErrorDatos(QStringLiteral("No se pudo apartar la base actual: su copia en %1 no "
-                                        "quedó igual. La base sigue como estaba.")
-                             .arg(anterior.base));
+    QString falla = QStringLiteral("La copia no quedó igual.");
+    try {
+        respalde_base(base, copia);
+        restaure_base(copia, anterior, true);
+        if (recuento_de(anterior) == cuenta)
+            return;
+    } catch (const ErrorDatos& e) {
+        falla = e.texto();
+    }
+    throw ErrorDatos(QStringLiteral("No se pudo apartar la base actual en %1. La base sigue como "
+                                    "estaba.\n%2")
+                         .arg(anterior.base, falla));
 }
 
 // En un servidor no hay cambios de nombre: mientras la base se reescribe en su sitio hay otras dos

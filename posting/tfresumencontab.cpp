@@ -79,7 +79,7 @@ void Tfresumencontab::FormCreate() {
                                                }))
                             .arg(QString::fromUtf8(d.cuenta)));
     if (pedido.sin_empezar > 0)
-        cuentas << QStringLiteral("%1 sin empezar, porque se canceló").arg(pedido.sin_empezar);
+        cuentas << QStringLiteral("%1 sin empezar").arg(pedido.sin_empezar);
     ECuenta->setText(cuentas.join(", ") + '.');
     CResumen.CreateDataSet();
     llene(pedido.resultados);

@@ -23,6 +23,7 @@
 namespace {
 
 constexpr int kMsSinAvance = 500; ///< un lote corto no alcanza a mostrarlo
+constexpr int kSinServidor = 2; ///< documentos seguidos: cada uno de los demás esperaría por él
 constexpr int kPrimerAno = 1990, kUltimoAno = 2099, kUltimoMes = 11;
 
 /// Cuánto va de un lote. Cancelar espera a que termine el documento que va.
@@ -196,12 +197,19 @@ void Tfsincontab::refresque() {
     for (const int fila : DBGridEh1->filas_marcadas())
         marcados.insert(llave_de(fila));
     DBGridEh1->quite_marcas();
+    lista_vieja_ = true;
     if (CSincontab.Active()) {
         CSincontab.Refresh();
         for (int i = 0; i < CSincontab.RecordCount() && !marcados.isEmpty(); ++i)
             DBGridEh1->marque(i, marcados.contains(llave_de(i)));
     }
+    lista_vieja_ = false;
     emit fdmcnt().balance_por_recalcular();
+}
+
+void Tfsincontab::actualice_si_vieja() {
+    if (lista_vieja_)
+        refresque();
 }
 
 // ---------------------------------------------------------------- contabilizar
@@ -222,6 +230,7 @@ DocumentoPendiente Tfsincontab::actual() const {
 }
 
 void Tfsincontab::BitBtn1Click() {
+    actualice_si_vieja();
     const ResultadoDocumento r = contabilice_actual();
     if (r.desenlace == Desenlace::Contabilizado)
         anuncie(fdm().barra(), "Contabilizado " + r.documento.nombre());
@@ -275,6 +284,7 @@ void Tfsincontab::asiente(ResultadoDocumento& r, int cntb_id) {
 // ---------------------------------------------------------------- los marcados
 
 void Tfsincontab::SpeedButton3Click() {
+    actualice_si_vieja();
     const QVector<int> filas = DBGridEh1->filas_marcadas();
     if (filas.isEmpty()) {
         muestre_mensaje("Marque con Espacio los documentos por contabilizar; Ctrl+A los marca "
@@ -282,6 +292,7 @@ void Tfsincontab::SpeedButton3Click() {
         return;
     }
     QVector<ResultadoDocumento> resultados;
+    int sin_servidor = 0; // documentos seguidos
     {
         const QScopedValueRollback<bool> guarda(batch, true);
         AvanceLote avance(int(filas.size()), this);
@@ -291,6 +302,11 @@ void Tfsincontab::SpeedButton3Click() {
             if (!avance.siga(int(resultados.size()), documento))
                 break;
             resultados << contabilice_en_lote(documento);
+            const bool perdido =
+                resultados.last().desenlace == Desenlace::Fallo && !fdm().Quorvex.en_linea();
+            sin_servidor = perdido ? sin_servidor + 1 : 0;
+            if (sin_servidor == kSinServidor)
+                break;
             // Quien cierra una revisión sin grabar puede querer dejar ahí todo el lote.
             const qsizetype faltan = filas.size() - resultados.size();
             if (resultados.last().desenlace == Desenlace::EnEspera && faltan > 0 &&
@@ -301,7 +317,7 @@ void Tfsincontab::SpeedButton3Click() {
         }
     }
     DBGridEh1->quite_marcas();
-    refresque();
+    proteja([this] { refresque(); }); // sin servidor la lista sigue como estaba
     DBGridEh1->setFocus();
     muestre_resumen(resultados, int(filas.size() - resultados.size()));
 }

@@ -46,8 +46,11 @@ private:
     void asiente(ResultadoDocumento& resultado, int cntb_id);
     QPair<qint64, qint64> llave_de(int fila) const; ///< tipo e id del documento
     void refresque();
+    /// Lo que ya se contabilizó no se le atribuye a otro.
+    void actualice_si_vieja();
     void muestre_resumen(const QVector<ResultadoDocumento>& resultados, int sin_empezar);
     void vaya_a(const ResultadoDocumento& resultado);
 
-    bool batch = false; ///< corre el lote: la lista se lee una sola vez, al final
+    bool batch = false;        ///< corre el lote: la lista se lee una sola vez, al final
+    bool lista_vieja_ = false; ///< no se pudo leer después de contabilizar
 };

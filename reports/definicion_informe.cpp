@@ -31,6 +31,7 @@ DefinicionInforme::DefinicionInforme(QObject* dueno)
     for (ConjuntoDatos* c : {&CFormadatos, &CFormalineas}) {
         c->entero("FOCO_ID").banderas(kLlave);
         c->entero("FOCD_ITEM").requerido().banderas(kLlave).etiqueta("#");
+        c->CampoConsecutivo = "FOCD_ITEM"; // dos editores pueden agregar a la vez
         c->entero("FOCD_POSX").etiqueta("Pos X");
         c->entero("FOCD_POSY").etiqueta("Pos Y");
         c->texto("FOCD_FONT", 60).etiqueta("Font");

@@ -88,5 +88,9 @@ void abra_comprobante(const QString& id) {
 }
 
 void abra_auxiliar(Libro libro, const QString& cuenta) {
+    if (cuenta.isEmpty()) {
+        muestre_mensaje("Escoja antes la cuenta: el auxiliar es el de una sola.");
+        return;
+    }
     abra_o_avise(datos(libro).pantalla_auxiliar, AbreAuxiliar{.cuenta_auxiliar = cuenta});
 }

@@ -5,6 +5,7 @@
 #include "datos/firebird/reloj.h"
 #include "sesion/instalacion.h"
 #include "toolkit/barraestado.h"
+#include "toolkit/proteccion.h"
 
 #include <QLocale>
 
@@ -86,7 +87,8 @@ void Tfdm::ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const Err
         barra_->texto(texto);
     QString mensaje;
     if (conjunto && !remitente) {
-        mostrar_advertencia(conjunto->objectName() + ": " + texto);
+        // La falla se dice aunque la barra no se pueda usar.
+        proteja([&] { mostrar_advertencia(conjunto->objectName() + ": " + texto); });
         mensaje = mensaje_en_memoria(*conjunto, error);
     } else if (conjunto) {
         mensaje = mensaje_al_grabar(*remitente, error);

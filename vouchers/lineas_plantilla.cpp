@@ -40,6 +40,7 @@ LineasPlantilla::LineasPlantilla(Libro l, AnfitrionLineas& anfitrion, ConjuntoDa
 void LineasPlantilla::defina_campos(ConjuntoDatos& d) {
     d.entero("PLAN_ID").requerido();
     d.entero("PLDE_ITEM").requerido();
+    d.CampoConsecutivo = "PLDE_ITEM"; // dos editores pueden agregar a la vez
     d.texto("CUEN_COD", 20);
     d.texto("PLDE_CONCEPTO", 60);
     d.texto("PLDE_REFER", 8);

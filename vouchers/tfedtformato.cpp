@@ -89,6 +89,7 @@ void Tfedtformato::defina_conjuntos() {
     CFormadatos.entero("TIDO_COD");
     CFormadatos.texto("PREF_PRE", 4);
     CFormadatos.entero("DAFO_ITEM").requerido();
+    CFormadatos.CampoConsecutivo = "DAFO_ITEM"; // dos editores pueden agregar a la vez
     CFormadatos.texto("DAFO_DATO", 30).etiqueta("Dato");
     CFormadatos.bandera("DAFO_IMPRIME");
     for (const char* n : {"DAFO_POSX", "DAFO_POSY", "DAFO_INI", "DAFO_LONG"})
@@ -105,6 +106,7 @@ void Tfedtformato::defina_conjuntos() {
     CFormalineas.entero("TIDO_COD");
     CFormalineas.texto("PREF_PRE", 6);
     CFormalineas.entero("FOLI_ITEM").requerido();
+    CFormalineas.CampoConsecutivo = "FOLI_ITEM";
     CFormalineas.texto("FOLI_TIPO", 1).etiqueta("Tipo");
     for (const char* n : {"FOLI_X", "FOLI_Y", "FOLI_POSX", "FOLI_POSY"})
         CFormalineas.entero(n);

@@ -315,6 +315,14 @@ ErrorBase trabajando(const Vector& v, Causa causa, const QString& motor) {
                         QStringLiteral("El archivo de respaldo está incompleto o no es un "
                                        "respaldo."));
     causa.archivo = v.argumento(isc_io_error, 1);
+    // El motor llama falta de permiso del usuario a un archivo en que no puede escribir.
+    if (v.argumento(isc_no_priv, 0) == QLatin1String("read-write")) {
+        causa.archivo = v.argumento(isc_no_priv, 2);
+        return de_clase(ClaseFalla::SoloLectura,
+                        con("El archivo %1 no admite escritura. Revise los permisos del archivo y "
+                            "de su carpeta, y que el disco no sea de solo lectura.",
+                            causa.archivo));
+    }
     // Un archivo temporal sin espacio también llega como falla del sistema: manda el ordenamiento.
     for (const Regla& r : kReglas)
         if (v.tiene(r.codigo))

@@ -13,6 +13,13 @@ namespace {
 
 constexpr int kVecesConsecutivo = 5;
 
+/// Lo que distingue una falla de otra para quien la oye: la llave repetida no se le nombra.
+QString razon_de(const ErrorDatos& falla) {
+    const auto* motor = dynamic_cast<const ErrorBase*>(&falla);
+    return motor && motor->clase() == ClaseFalla::LlaveRepetida ? falla.texto().section('\n', 0, 0)
+                                                                : falla.texto();
+}
+
 } // namespace
 
 /// Una pasada por el registro de cambios, con lo que habrá que aceptar si la transacción confirma.
@@ -118,13 +125,19 @@ int Proveedor::intente(ConjuntoDatos& conjunto, int errores_maximos) {
     }
     if (entera)
         acepte(g, conjunto);
-    // Los reportes abren diálogos: la transacción ya no retiene a nadie.
+    // Los reportes abren diálogos: la transacción ya no retiene a nadie. La razón que se repite en
+    // muchas filas se dice una vez.
+    QSet<QString> dichas;
     for (const auto& f : g.fallas) {
         try {
             std::rethrow_exception(f.error);
         } catch (const ErrorDatos& e) {
             if (!OnUpdateError)
                 throw;
+            const QString razon = razon_de(e);
+            if (dichas.contains(razon))
+                continue;
+            dichas.insert(razon);
             OnUpdateError(*this, f.conjunto ? *f.conjunto : conjunto, e, f.clase);
         }
     }
@@ -318,16 +331,18 @@ void Proveedor::tome_siguiente(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila
 
 namespace {
 
-/// Las columnas por las que se reconoce que la fila sigue como se leyó.
-QVector<Campo*> comparables(const ConjuntoDatos& conjunto, const QVector<Campo*>& campos,
-                            const QVector<Columna>& columnas) {
+/// Las columnas por las que se reconoce que la fila sigue como se leyó. Un archivo pesa: se mira
+/// el que se va a reemplazar.
+QVector<Campo*> comparables(const QVector<Campo*>& campos, const QVector<Columna>& columnas,
+                            const QVector<Campo*>& tocados) {
     QVector<Campo*> lista;
     for (Campo* c : campos) {
         const bool llave = c->ProviderFlags & pfInKey;
         const bool exacta = columnas[c->columna()].tipo != TipoColumna::Flotante &&
-                            c->clase != ClaseCampo::Hora && c->clase != ClaseCampo::FechaHora &&
-                            c->clase != ClaseCampo::Blob;
-        if (llave || ((c->ProviderFlags & pfInWhere) && exacta))
+                            c->clase != ClaseCampo::Hora && c->clase != ClaseCampo::FechaHora;
+        const bool mirada = c->clase == ClaseCampo::Blob ? tocados.contains(c)
+                                                         : (c->ProviderFlags & pfInWhere) && exacta;
+        if (llave || mirada)
             lista << c;
     }
     return lista;
@@ -357,10 +372,14 @@ void diga_que_cambio(Transaccion& t, const QString& tabla, const QVector<Campo*>
     QStringList cambios;
     for (int i = 0; i < campos.size(); ++i) {
         const Valor ahora = cursor.valor(i), era = antes[campos[i]->indice()];
-        if (!cambios::iguales(ahora, era))
-            cambios << QStringLiteral("%1 era %2 y ahora es %3")
-                           .arg(campos[i]->nombre_visible(), entre_comillas(*campos[i], era),
-                                entre_comillas(*campos[i], ahora));
+        if (cambios::iguales(ahora, era))
+            continue;
+        const QString nombre = campos[i]->nombre_visible();
+        cambios << (campos[i]->clase == ClaseCampo::Blob
+                        ? nombre + QStringLiteral(": ya no es el archivo que usted vio")
+                        : QStringLiteral("%1 era %2 y ahora es %3")
+                              .arg(nombre, entre_comillas(*campos[i], era),
+                                   entre_comillas(*campos[i], ahora)));
     }
     if (!cambios.isEmpty())
         throw ErrorOtroUsuario(QStringLiteral("Otro usuario cambió este registro") + kVuelva +
@@ -391,12 +410,14 @@ void Proveedor::modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     const QString tabla = comience(g, conjunto, fila, ClaseCambio::Modificacion);
     const QVector<Campo*> campos = campos_de(conjunto, tabla);
     QStringList cambios;
+    QVector<Campo*> tocados;
     QVector<Valor> valores;
     for (Campo* c : campos) {
         const Valor& v = (*fila.valores)[c->indice()];
         if (!(c->ProviderFlags & pfInUpdate) || v == (*fila.originales)[c->indice()])
             continue;
         cambios << c->FieldName + QStringLiteral(" = ?");
+        tocados << c;
         valores << v;
     }
     if (cambios.isEmpty())
@@ -404,7 +425,7 @@ void Proveedor::modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     toque_fila(g.transaccion,
                QStringLiteral("update %1 set %2").arg(tabla, cambios.join(QStringLiteral(", "))),
                valores, tabla, cambios::llave_de(conjunto, tabla),
-               comparables(conjunto, campos, conjunto.columnas_), *fila.originales);
+               comparables(campos, conjunto.columnas_, tocados), *fila.originales);
     relea(g, conjunto, fila, tabla);
 }
 
@@ -434,5 +455,5 @@ void Proveedor::borre(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     const QVector<Valor>& antes = fila.originales ? *fila.originales : *fila.valores;
     toque_fila(g.transaccion, QStringLiteral("delete from ") + tabla, {}, tabla,
                cambios::llave_de(conjunto, tabla),
-               comparables(conjunto, campos_de(conjunto, tabla), conjunto.columnas_), antes);
+               comparables(campos_de(conjunto, tabla), conjunto.columnas_, {}), antes);
 }

@@ -1,5 +1,6 @@
 // Importación de archivos: cómo se leen, qué se rehúsa y por qué, y qué queda en la base. Lo
 // esperado sale de tablas hechas a mano o de sumas del propio archivo.
+#include "apoyo/archivos.h"
 #include "apoyo/azar_de_prueba.h"
 #include "apoyo/base_prueba.h"
 #include "apoyo/comprobantes.h"
@@ -429,6 +430,28 @@ void PruebaImportacion::los_saldos_iniciales_se_agregan_o_se_reemplazan() {
                  "3|3");
     }
     QCOMPARE(saldos_distintos(base_->base()), QString());
+    // Otro digita saldos mientras tanto: no se toman su número. Otra importación no comienza.
+    PeticionImportacion p;
+    p.clase = ClaseImportacion::Saldos;
+    p.archivo = base_->ruta() + "/entrada.txt";
+    p.columnas = columnas(p.clase);
+    p.borre_saldos = true;
+    Conexion otra;
+    otra.conectar(base_->parametros());
+    const auto una = importacion_de(base_->base(), p, {}, "ADMIN");
+    QString rehusada;
+    una->avance = [&](const QString&, int) {
+        if (rehusada.isEmpty()) {
+            otra.ejecute("insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, "
+                         "sain_credito) values (2, '111005', 1, 1)");
+            rehusada = falla_de([&] { (void)importacion_de(otra, p, {}, "AUXILIAR")->corra(); });
+        }
+        return true;
+    };
+    QCOMPARE(una->corra().grabados, qint64(3));
+    QVERIFY2(rehusada.startsWith("Otro usuario está importando saldos"), qPrintable(rehusada));
+    QCOMPARE(filas("select count(*), sum(sain_debito), sum(sain_credito) from saldos_iniciales"),
+             "4|101|101");
 }
 
 // ---------------------------------------------------------------- ensayo y rechazados

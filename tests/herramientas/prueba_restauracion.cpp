@@ -164,6 +164,24 @@ private slots:
         QCOMPARE(buenas(base), QStringList({"respaldo", "actual"}));
     }
 
+    void en_un_servidor_sin_copia_de_lo_que_hay_no_se_reescribe() {
+        ServidorDePrueba servidor;
+        const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);
+        marque(base, "actual");
+        // Una carpeta con el nombre de la copia: no se puede hacer.
+        QVERIFY(QDir().mkpath(base.base.section(':', 1) + ".anterior/ocupada"));
+        QStringList pasos;
+        const QString falla = falla_de([&] {
+            restaure_en_lugar(archivo_, base, TipoBase::Compania,
+                              [&](const char* paso) { pasos << paso; });
+        });
+        QVERIFY2(falla.startsWith("No se pudo apartar la base actual en " + base.base) &&
+                     falla.contains("sigue como estaba"),
+                 qPrintable(falla));
+        QCOMPARE(pasos, QStringList{"lista"});
+        QCOMPARE(buenas(base), QStringList{"actual"}); // ni sobra la que se probó
+    }
+
     void en_un_servidor_que_muere_reescribiendo_se_dice_donde_quedo_todo() {
         ServidorDePrueba servidor;
         const ParametrosConexion base = dueno(servidor.parametros().base, ServidorDePrueba::kClave);

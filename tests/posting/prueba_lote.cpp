@@ -1,7 +1,9 @@
 // Un mes entero de una vez: lo que queda en los libros es lo que dicen los documentos, y dos
 // personas con la misma lista no contabilizan nada dos veces.
 #include "apoyo/azar_de_prueba.h"
+#include "apoyo/intermediario.h"
 #include "apoyo/servidor_prueba.h"
+#include "datos/firebird/vigia.h"
 #include "libro/propuesta.h"
 #include "posting/modulos_de_prueba.h"
 #include "posting/registro.h"
@@ -11,6 +13,8 @@
 
 #include <QLabel>
 #include <QProcess>
+#include <QRegularExpression>
+#include <QScopeGuard>
 #include <QtTest>
 #include <cstdio>
 
@@ -224,6 +228,7 @@ private slots:
     void seiscientos_documentos_suman_en_los_libros_lo_que_dicen();
     void dos_personas_con_la_misma_lista_no_contabilizan_nada_dos_veces();
     void un_programa_que_muere_a_mitad_no_deja_nada_a_medias();
+    void una_red_muda_detiene_el_lote_y_lo_dice();
 };
 
 void PruebaLote::seiscientos_documentos_suman_en_los_libros_lo_que_dicen() {
@@ -330,6 +335,65 @@ void PruebaLote::un_programa_que_muere_a_mitad_no_deja_nada_a_medias() {
     quien_sigue.contabilice();
     QCOMPARE(faltan(duena), 0);
     compare_con(mes, duena, "60 000060");
+}
+
+void PruebaLote::una_red_muda_detiene_el_lote_y_lo_dice() {
+    constexpr int kDocumentos = 12, kCalla = 5;
+    const LimitesDeRed antes = limites_de_red();
+    limites_de_red({200, 2000, 2000});
+    const auto vuelva = qScopeGuard([&] { limites_de_red(antes); });
+    ServidorDePrueba servidor;
+    Intermediario red(servidor.puerto());
+    Conexion duena;
+    duena.conectar(servidor.parametros("SYSDBA"));
+    prepare(duena);
+    MesAlAzar mes(duena, 7);
+    for (int n = 1; n <= kDocumentos; ++n)
+        mes.registre_uno(n);
+    SesionGui s;
+    s.dm.Quorvex.conectar(red.por_aqui(servidor.parametros()));
+    s.dm.ConGeneral.conectar(red.por_aqui(servidor.parametros_general()));
+    s.dm.cargue_configuracion();
+    s.cnt.periodo_actual = 2;
+    ModulosDePrueba modulos;
+    registre_pantallas_comprobantes();
+    registre_pantallas_contabilizacion();
+    auto* p = s.abra<Tfsincontab>("Tfsincontab");
+    int van = 0;
+    p->CSincontab.AfterScroll = [&] {
+        if (++van == kCalla)
+            red.calle_tras(Intermediario::HaciaServidor, 1500);
+    };
+    Interlocutor i;
+    const auto contabilice = [&] {
+        QString resumen;
+        p->DBGridEh1->seleccione_todo();
+        espere_pantalla<Tfresumencontab>(i, "Tfresumencontab", [&resumen](auto& r) {
+            resumen = r.ECuenta->text();
+            oprima(Qt::Key_Escape);
+        });
+        pulse(p, "SpeedButton3");
+        return resumen;
+    };
+    // El que iba y el siguiente no hallan el servidor; los demás no lo esperan uno por uno.
+    i.espere_comienzo("Se presento el siguiente error: Se perdió la conexión");
+    const QString resumen = contabilice();
+    static const QRegularExpression forma(
+        "^(\\d+) contabilizados, 0 en espera, 2 con falla, (\\d+) sin empezar\\.$");
+    const auto cifras = forma.match(resumen);
+    QVERIFY2(cifras.hasMatch(), qPrintable(resumen + i.queja()));
+    const int hechos = cifras.captured(1).toInt(), sin_empezar = cifras.captured(2).toInt();
+    QVERIFY(hechos > 0 && sin_empezar > 0 && hechos + 2 + sin_empezar == kDocumentos);
+    QCOMPARE(p->CSincontab.RecordCount(), kDocumentos); // la lista sigue a la vista
+    // Con el servidor de vuelta se acaba, sin decir que otro hizo lo que ya estaba.
+    p->CSincontab.AfterScroll = {};
+    red.atienda();
+    const int faltaban = faltan(duena);
+    QCOMPARE(contabilice(),
+             QStringLiteral("%1 contabilizados, 0 en espera, 0 con falla.").arg(faltaban));
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QCOMPARE(faltan(duena), 0);
+    compare_con(mes, duena, "12 000012");
 }
 
 int main(int argc, char** argv) {

@@ -490,6 +490,26 @@ private slots:
         }
     }
 
+    void dos_agregan_un_renglon_y_quedan_los_dos() {
+        Sesion s;
+        s.informe(1, "De dos");
+        s.dato(1, 1, "SF11");
+        auto* e = s.abra<Tfmodformato>("Tfmodformato", AbreFormatoEspecial{1});
+        e->CFormadatos.Append();
+        e->CFormadatos.FieldByName("FOCD_CUENTAS") = "SF12";
+        e->CFormalineas.Append();
+        e->CFormalineas.FieldByName("FOCD_CADENA") = "Mía";
+        s.dato(1, 2, "SF13");
+        s.base.ejecute({"insert into formatocontable_textos (foco_id, focd_item, focd_cadena) "
+                        "values (1, 1, 'Suya')"});
+        oprima(Qt::Key_F2);
+        agote_eventos();
+        QCOMPARE(s.dato("select list(focd_item || focd_cuentas) from formatocontable_detalle"),
+                 QString("1SF11,2SF13,3SF12"));
+        QCOMPARE(s.dato("select list(focd_item || focd_cadena) from formatocontable_textos"),
+                 QString("1Suya,2Mía"));
+    }
+
     void la_copia_lleva_las_columnas_de_siempre_y_borrar_se_lleva_los_renglones() {
         Sesion s;
         s.informe(1, "Original", 3, "S");

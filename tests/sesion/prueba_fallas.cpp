@@ -92,6 +92,15 @@ private slots:
         dice([&] { s.dm.ManejarClientError(p.c, ErrorDatos("Field 'x' must have a value")); },
              "Los campos TICO_NOM,  son obligatorios.");
         s.dm.barra(nullptr);
+        // Sin la propiedad que dice cuánto dura el aviso de la barra, la razón también se dice.
+        s.base.ejecute({"delete from configuracion where conf_propiedad = 'DURACION DE LAS "
+                        "ADVERTENCIAS'"});
+        s.dm.cargue_configuracion();
+        Interlocutor i;
+        i.espere("No se encontró la configuración DURACION DE LAS ADVERTENCIAS");
+        i.espere_comienzo("Se presento el siguiente error: La configuración DURACION DE LAS");
+        i.espere("Los campos TICO_NOM,  son obligatorios.");
+        s.dm.ManejarClientError(p.c, ErrorDatos("Field 'x' must have a value"));
     }
 
     void grabar_en_memoria_lo_incompleto_o_repetido_avisa_y_deja_la_edicion() {

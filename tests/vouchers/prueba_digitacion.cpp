@@ -350,6 +350,7 @@ private slots:
         QCOMPARE(p->CMovimiento.FieldByName("ENCO_MANDANTE").texto(), "860002964");
 
         d.entre_a_la_rejilla();
+        dice(Qt::Key_F8, "Escoja antes la cuenta: el auxiliar es el de una sola.");
         d.linea({"?caja"});
         QCOMPARE(cuentas.pedida().texto_busqueda, "caja");
         cuentas.conteste("510506");

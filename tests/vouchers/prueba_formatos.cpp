@@ -163,11 +163,16 @@ private slots:
         oprima(Qt::Key_Insert);
         oprima(Qt::Key_Tab);
         digite("Firma");
+        // Otro agrega entre tanto los suyos con los mismos números: quedan todos.
+        s.base.ejecute({"insert into formato_datos (tido_cod, pref_pre, dafo_item) values (1, "
+                        "'RC', 5)",
+                        "insert into formato_lineas (tido_cod, pref_pre, foli_item, foli_tipo) "
+                        "values (1, 'RC', 4, 'L')"});
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select list(foli_item || foli_tipo || coalesce(foli_font, '')) from "
                         "formato_lineas"),
-                 "1C,3T,4TMonospace");
-        QCOMPARE(s.dato("select count(*) from formato_datos"), "3");
+                 "1C,3T,4L,5TMonospace");
+        QCOMPARE(s.dato("select count(*) || max(dafo_item) from formato_datos"), "46");
         QCOMPARE(s.dato("select count(*) from formatos"), "2");
     }
 

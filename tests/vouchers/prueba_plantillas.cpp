@@ -455,10 +455,13 @@ private slots:
             otra_linea(p);
         linea(p, {"111005"});
         QCOMPARE(celda(p, "PLDE_ITEM"), "4");
+        // Otro agrega entre tanto la suya con el mismo número: quedan las dos.
+        s.base.ejecute({"insert into plantilla_detalle (plan_id, plde_item, cuen_cod) values (8, "
+                        "3, '240805')"});
         oprima(Qt::Key_F2);
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(s.dato("select list(plde_item || cuen_cod) from plantilla_detalle"),
-                 "1110505,2310505,3111005");
+                 "1110505,2310505,3240805,4111005");
         QCOMPARE(s.dato("select count(*) from plantilla_detalle_niif"), "4");
         QCOMPARE(s.dato("select plan_usuario from plantilla_encabezado where plan_id = 8"),
                  "ADMIN");

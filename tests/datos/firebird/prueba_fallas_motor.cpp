@@ -185,8 +185,15 @@ private slots:
                                         isc_arg_end};
             return fbc::clasifique(dicho, "I/O error during open operation for file", false);
         };
-        for (const int error : {EACCES, EPERM, EROFS}) {
-            const ErrorBase e = del_sistema(error);
+        const ISC_STATUS sin_escritura[] = {isc_arg_gds,    isc_no_priv,
+                                            isc_arg_string, ISC_STATUS("read-write"),
+                                            isc_arg_string, ISC_STATUS("database"),
+                                            isc_arg_string, ISC_STATUS("/x.fdb"),
+                                            isc_arg_end};
+        for (const int error : {EACCES, EPERM, EROFS, 0}) {
+            const ErrorBase e =
+                error ? del_sistema(error)
+                      : fbc::clasifique(sin_escritura, "no permission for read-write access", true);
             QVERIFY2(e.clase() == ClaseFalla::SoloLectura, e.what());
             QVERIFY2(e.para_usuario().contains("permiso") || e.para_usuario().contains("lectura"),
                      e.what());
