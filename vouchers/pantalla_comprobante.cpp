@@ -138,6 +138,7 @@ void PantallaComprobante::disponga(QWidget* control_prefijo) {
     for (QCheckBox* c :
          {static_cast<QCheckBox*>(DBCheckBox1), ckFiltro, static_cast<QCheckBox*>(DBCheckBox2)})
         renglon->addWidget(c);
+    renglon->addStretch();
     f.fila({{"Monto", DBEdit6}, {"Observaciones", DBMemo1}, {"", casillas}});
     f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
