@@ -85,6 +85,12 @@ void Tfvalactivo::nueva_fila() {
     campo("ACFV_FECHA") = fdmcnt().compone_fecha("1");
 }
 
+QString Tfvalactivo::comprobante_hecho() const {
+    return "select acfv_idcomp from activos_fijos_valor where acfj_cod = " +
+           QuotedStr(campo("ACFJ_COD").texto()) +
+           " and acfv_fecha = " + QuotedStr(campo("ACFV_FECHA").texto());
+}
+
 void Tfvalactivo::lea_valor() {
     fdm().QBorrar.Open("select VALOR from ACTIVO_VALOR(" + QuotedStr(campo("ACFJ_COD").texto()) +
                        ',' + QuotedStr(campo("ACFV_FECHA").texto()) + ",'S')");
