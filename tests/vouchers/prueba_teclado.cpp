@@ -360,6 +360,9 @@ private slots:
         auto* borrador = p->findChild<BorradorVivo*>();
         borrador->guarde();
         QVERIFY(borradores(carpeta).isEmpty()); // nada se ha digitado
+        d.redigite(p->ERef, "R-1");
+        borrador->guarde();
+        QCOMPARE(borradores(carpeta).size(), 1);
         d.encabezado("CG", "17", "Nómina de mayo");
         d.entre_a_la_rejilla();
         d.linea({"110505", "", "", "", "", "", "", "", "", "1000", "", ""});
