@@ -85,10 +85,10 @@ void Tfvalactivo::nueva_fila() {
     campo("ACFV_FECHA") = fdmcnt().compone_fecha("1");
 }
 
-QString Tfvalactivo::comprobante_hecho() const {
-    return "select acfv_idcomp from activos_fijos_valor where acfj_cod = " +
-           QuotedStr(campo("ACFJ_COD").texto()) +
-           " and acfv_fecha = " + QuotedStr(campo("ACFV_FECHA").texto());
+Valor Tfvalactivo::comprobante_hecho() const {
+    return fdm().Quorvex.consulte("select acfv_idcomp from activos_fijos_valor where acfj_cod = ? "
+                                  "and acfv_fecha = ?",
+                                  {campo("ACFJ_COD").valor(), campo("ACFV_FECHA").valor()});
 }
 
 void Tfvalactivo::lea_valor() {

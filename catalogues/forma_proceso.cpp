@@ -320,17 +320,21 @@ void FormaProceso::postee() {
     }
 }
 
-QString FormaProceso::comprobante_hecho() const {
-    return QStringLiteral("select enco_consec from %1 where %2 = ").arg(datos_.tabla, datos_.id) +
-           campo(datos_.id).texto();
+Valor FormaProceso::comprobante_hecho() const {
+    return fdm().Quorvex.consulte(QStringLiteral("select enco_consec from %1 where %2 = ?")
+                                      .arg(QLatin1String(datos_.tabla), QLatin1String(datos_.id)),
+                                  {campo(datos_.id).valor()});
 }
 
-void FormaProceso::anuncie_hecho(const QString& consecutivo) {
-    Sentencia& q = fdm().QBorrar;
-    q.Open("select tico_cod || ' ' || prco_pref || ' ' || enco_numero from comprobante_encabezado "
-           "where enco_consec = (" +
-           consecutivo + ')');
-    if (!q.IsEmpty())
-        anuncie(fdm().barra(), "Grabado " + q.Fields(0).texto());
-    q.Close();
+void FormaProceso::anuncie_hecho(const Valor& consecutivo) {
+    if (consecutivo.texto().isEmpty())
+        return;
+    const QString cual = fdm()
+                             .Quorvex
+                             .consulte("select tico_cod || ' ' || prco_pref || ' ' || enco_numero "
+                                       "from comprobante_encabezado where enco_consec = ?",
+                                       {consecutivo})
+                             .texto();
+    if (!cual.isEmpty())
+        anuncie(fdm().barra(), "Grabado " + cual);
 }

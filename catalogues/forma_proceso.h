@@ -65,10 +65,10 @@ protected:
     void grabe();
     /// Postea la fila; si le falta un dato, el foco va a su caja.
     void postee();
-    /// La consulta del ENCO_CONSEC que la base dejó en la fila grabada.
-    virtual QString comprobante_hecho() const;
-    /// Dice en la barra el comprobante de esa consulta: "Grabado CG 0001 000106".
-    static void anuncie_hecho(const QString& consecutivo);
+    /// El consecutivo del comprobante que la base hizo con la fila grabada.
+    virtual Valor comprobante_hecho() const;
+    /// Lo dice en la barra como los comprobantes: "Grabado CG 0001 000106".
+    static void anuncie_hecho(const Valor& consecutivo);
     /// La fecha del día digitado, "aaaammdd", en la fila.
     void ponga_fecha();
     Campo& campo(const char* nombre) const { return CProceso.FieldByName(nombre); }
