@@ -57,6 +57,7 @@ const DatosProceso& valoracion() {
                                 .conjunto = "CActivoval",
                                 .fecha = "ACFV_FECHA",
                                 .concepto = "ACFV_CONC",
+                                .calculados = {"ACFV_VALOR"},
                                 .largo_numero = 8,
                                 .haciendo = "Contabilizando el nuevo valor..."};
     return d;

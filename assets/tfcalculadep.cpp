@@ -71,7 +71,7 @@ void Tfcalculadep::SBGrabarClick() {
 
 bool Tfcalculadep::pida_unidades() {
     ponga_fecha();
-    CProceso.Post(); // lo que falte del encabezado se dice antes de pedir las unidades
+    postee(); // lo que falte del encabezado se dice antes de pedir las unidades
     CProceso.Edit();
     Sentencia& q = fdm().QBorrar;
     q.Open("select activo, fecult, unirest from ultima_depreciacion_unidades(" +

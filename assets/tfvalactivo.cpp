@@ -85,6 +85,12 @@ void Tfvalactivo::nueva_fila() {
     campo("ACFV_FECHA") = fdmcnt().compone_fecha("1");
 }
 
+Valor Tfvalactivo::comprobante_hecho() const {
+    return fdm().Quorvex.consulte("select acfv_idcomp from activos_fijos_valor where acfj_cod = ? "
+                                  "and acfv_fecha = ?",
+                                  {campo("ACFJ_COD").valor(), campo("ACFV_FECHA").valor()});
+}
+
 void Tfvalactivo::lea_valor() {
     fdm().QBorrar.Open("select VALOR from ACTIVO_VALOR(" + QuotedStr(campo("ACFJ_COD").texto()) +
                        ',' + QuotedStr(campo("ACFV_FECHA").texto()) + ",'S')");

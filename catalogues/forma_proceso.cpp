@@ -12,6 +12,8 @@
 #include "toolkit/controles/listadato.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
+#include "toolkit/historia_avisos.h"
+#include "toolkit/sin_grabar.h"
 
 #include <QIntValidator>
 #include <QLabel>
@@ -127,10 +129,14 @@ void FormaProceso::arme() {
                                   [this] { SBGrabarClick(); }));
     botones_propios(*barra);
     barra->separe();
-    barra->boton("SBCancel", "ESC:Cancelar", "dialog-cancel", Qt::Key_Escape,
-                 [this] { cancele(); });
+    barra->boton("SBCancel", "ESC:Cancelar", "dialog-cancel", Qt::Key_Escape, [this] { close(); });
     f.botones(barra);
     enter_como_tab();
+    QStringList propuestos = datos_.calculados;
+    propuestos << "TICO_COD"
+               << "PRCO_PREF"
+               << "ENCO_NUMERO" << datos_.fecha << datos_.id;
+    cuide_lo_digitado(*this, QVector<ConjuntoDatos*>{&CProceso} + CProceso.anidados(), propuestos);
     tamano(760, 340);
 }
 
@@ -196,11 +202,6 @@ bool FormaProceso::FormClose() {
     CProceso.Cancel();
     CProceso.Close();
     return true;
-}
-
-void FormaProceso::cancele() {
-    CProceso.Cancel();
-    close();
 }
 
 // ---------------------------------------------------------------- encabezado
@@ -290,14 +291,50 @@ void FormaProceso::grabe() {
         SId.ExecProc();
         campo(datos_.id) = SId.ParamByName("ID");
     }
-    CProceso.Post();
+    postee();
     int fallas = 0;
     {
         const AvisoTrabajo aviso(this, datos_.haciendo);
         fallas = CProceso.ApplyUpdates(0);
     }
-    if (fallas == 0)
-        close();
-    else
+    if (fallas != 0) {
         CProceso.Edit();
+        return;
+    }
+    anuncie_hecho(comprobante_hecho());
+    close();
+}
+
+void FormaProceso::postee() {
+    try {
+        CProceso.Post();
+    } catch (...) {
+        for (QWidget* w : findChildren<QWidget*>())
+            if (ControlDato* c = control_dato(w); c && c->widget() == w && w->isEnabled() &&
+                                                  c->campo() && c->campo()->Required &&
+                                                  c->campo()->vacio()) {
+                w->setFocus();
+                break;
+            }
+        throw;
+    }
+}
+
+Valor FormaProceso::comprobante_hecho() const {
+    return fdm().Quorvex.consulte(QStringLiteral("select enco_consec from %1 where %2 = ?")
+                                      .arg(QLatin1String(datos_.tabla), QLatin1String(datos_.id)),
+                                  {campo(datos_.id).valor()});
+}
+
+void FormaProceso::anuncie_hecho(const Valor& consecutivo) {
+    if (consecutivo.texto().isEmpty())
+        return;
+    const QString cual = fdm()
+                             .Quorvex
+                             .consulte("select tico_cod || ' ' || prco_pref || ' ' || enco_numero "
+                                       "from comprobante_encabezado where enco_consec = ?",
+                                       {consecutivo})
+                             .texto();
+    if (!cual.isEmpty())
+        anuncie(fdm().barra(), "Grabado " + cual);
 }

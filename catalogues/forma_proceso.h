@@ -26,6 +26,7 @@ struct DatosProceso {
     const char* libros = nullptr; ///< columna del alcance "C", "N" o "A"
     const char* rotulo_libros = "Cerrar en:";
     QStringList nombres_libros = {}; ///< en el orden C, N, A
+    QStringList calculados = {};     ///< lo que cambia con la fecha, que nadie digita
     int largo_numero = 6, largo_referencia = 8;
     bool id_en_cada_intento = false; ///< pide uno nuevo aunque el anterior no se haya usado
     /// Con "%1": se muestra con el tipo, y prefijo y número se apagan. Sin él, se lanza.
@@ -59,8 +60,15 @@ protected:
     /// Valores con que nace la fila.
     virtual void nueva_fila() {}
     virtual void SBGrabarClick();
-    /// Pone la fecha, toma el id, graba la fila y cierra si la base la recibió.
+    /// Pone la fecha, toma el id, graba la fila, dice el comprobante y cierra si la base la
+    /// recibió.
     void grabe();
+    /// Postea la fila; si le falta un dato, el foco va a su caja.
+    void postee();
+    /// El consecutivo del comprobante que la base hizo con la fila grabada.
+    virtual Valor comprobante_hecho() const;
+    /// Lo dice en la barra como los comprobantes: "Grabado CG 0001 000106".
+    static void anuncie_hecho(const Valor& consecutivo);
     /// La fecha del día digitado, "aaaammdd", en la fila.
     void ponga_fecha();
     Campo& campo(const char* nombre) const { return CProceso.FieldByName(nombre); }
@@ -85,7 +93,6 @@ private:
     void PRCO_PREFChange(Campo& campo);
     void TERC_NITChange(Campo& campo);
     void tome_numero();
-    void cancele();
 };
 
 /// Caja que solo muestra un dato, fuera del recorrido de Tab.

@@ -2,6 +2,8 @@
 
 #include "exchange/pch.h"
 #include "libro/catalogos.h"
+#include "sesion/indices_catalogos.h"
+#include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/controles/fecha_contable.h"
 
 #include <QScopeGuard>
@@ -30,11 +32,21 @@ QLineEdit* FormaMantenimiento::caja(const QString& nombre, int largo) {
     return c;
 }
 
-QLineEdit* FormaMantenimiento::caja_cuenta(const QString& nombre,
-                                           std::function<void(const QString&)> al_dejarla) {
-    QLineEdit* c = caja(nombre, 20);
+CajaSugerida* FormaMantenimiento::caja_de_codigo(const QString& nombre) {
+    auto* c = new CajaSugerida;
+    c->setObjectName(nombre);
+    c->setMaxLength(20);
     c->setToolTip("? y parte del nombre abre la lista");
     c->installEventFilter(this);
+    return c;
+}
+
+QLineEdit* FormaMantenimiento::caja_cuenta(const QString& nombre,
+                                           std::function<void(const QString&)> al_dejarla) {
+    CajaSugerida* c = caja_de_codigo(nombre);
+    c->Sugiere = [this](const QString& tecleado) {
+        return IndicesCatalogos::de_la_sesion().cuentas(libro()).busque(tecleado);
+    };
     cajas_[c] = {std::move(al_dejarla),
                  [this](QLineEdit* destino) {
                      escoja_cuenta(*this, libro(), destino->text().mid(1),
@@ -49,9 +61,10 @@ QLineEdit* FormaMantenimiento::caja_cuenta(const QString& nombre,
 
 QLineEdit* FormaMantenimiento::caja_tercero(const QString& nombre,
                                             std::function<void(const QString&)> al_dejarla) {
-    QLineEdit* c = caja(nombre, 20);
-    c->setToolTip("? y parte del nombre abre la lista");
-    c->installEventFilter(this);
+    CajaSugerida* c = caja_de_codigo(nombre);
+    c->Sugiere = [](const QString& tecleado) {
+        return IndicesCatalogos::de_la_sesion().terceros().busque(tecleado);
+    };
     cajas_[c] = {std::move(al_dejarla),
                  [this](QLineEdit* destino) {
                      escoja_tercero(*this, destino->text().mid(1), [destino](const QString& nit) {
@@ -123,6 +136,8 @@ bool FormaMantenimiento::FormClose() {
 }
 
 bool FormaMantenimiento::eventFilter(QObject* objeto, QEvent* evento) {
+    if (evento->type() == QEvent::FocusIn && cajas_.contains(objeto))
+        proteja([this] { IndicesCatalogos::de_la_sesion().refresque(libro()); });
     if (evento->type() == QEvent::FocusOut && cajas_.contains(objeto) && !validando_ &&
         static_cast<QFocusEvent*>(evento)->reason() != Qt::ActiveWindowFocusReason) {
         auto* c = static_cast<QLineEdit*>(objeto);

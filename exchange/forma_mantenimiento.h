@@ -7,6 +7,7 @@
 #include "toolkit/pantalla.h"
 
 class BarraBotones;
+class CajaSugerida;
 class Formulario;
 class QCheckBox;
 class QComboBox;
@@ -33,6 +34,8 @@ protected:
     virtual bool corra() = 0;
 
     QLineEdit* caja(const QString& nombre, int largo);
+    /// Ofrece mientras se teclea, y al dejarla se valida o abre su búsqueda.
+    CajaSugerida* caja_de_codigo(const QString& nombre);
     /// Caja de una cuenta del libro; "?" con texto abre la búsqueda. `al_dejarla` corre cuando se
     /// sale de ella con algo distinto escrito.
     QLineEdit* caja_cuenta(const QString& nombre, std::function<void(const QString&)> al_dejarla);

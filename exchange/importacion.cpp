@@ -15,11 +15,15 @@ struct Cancelada {};
 } // namespace
 
 QString ResultadoImportacion::resumen() const {
-    return QStringLiteral("Leídos %1, grabados %2, rechazados %3, omitidos %4")
-        .arg(leidos)
-        .arg(grabados)
-        .arg(rechazados.size())
-        .arg(omitidos);
+    const QString texto = QStringLiteral("Leídos %1, grabados %2, rechazados %3, omitidos %4")
+                              .arg(leidos)
+                              .arg(grabados)
+                              .arg(rechazados.size())
+                              .arg(omitidos);
+    return agregados == 0
+               ? texto
+               : texto +
+                     QStringLiteral("; agregados a comprobantes que ya estaban: %1").arg(agregados);
 }
 
 Importacion::Importacion(Conexion& conexion, const PeticionImportacion& peticion,

@@ -36,7 +36,8 @@ struct RenglonRechazado {
 
 struct ResultadoImportacion {
     qint64 leidos = 0, grabados = 0;
-    qint64 omitidos = 0; ///< en blanco, o de una cuenta o un tercero que ya existían
+    qint64 omitidos = 0;  ///< en blanco, o de una cuenta o un tercero que ya existían
+    qint64 agregados = 0; ///< de los grabados, los de comprobantes que ya estaban antes de empezar
     QVector<RenglonRechazado> rechazados;
     bool cancelada = false;
     QString resumen() const;

@@ -115,4 +115,5 @@ private:
         int ultimo = 0;
     };
     QHash<QString, Supuesto> supuestos_;
+    QSet<QString> nuevos_; ///< los que nacieron en esta lectura
 };

@@ -158,6 +158,10 @@ void ImportacionComprobantes::reparta(const QString& falla) {
             ++entraron;
     }
     resultado_.grabados += entraron;
+    if (id_ == 0)
+        nuevos_.insert(unida(llave_));
+    else if (!nuevos_.contains(unida(llave_)))
+        resultado_.agregados += entraron;
     if (falla.isEmpty() && peticion_.ensayo && id_ == 0)
         supuestos_[unida(llave_)] = {fecha_, ultimo_};
 }

@@ -4,6 +4,7 @@
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/aviso_trabajo.h"
 #include "toolkit/controles/editor_sugerido.h"
+#include "toolkit/sin_grabar.h"
 
 namespace {
 
@@ -104,7 +105,7 @@ QString Tfcausadifc::llamada() const {
            ')';
 }
 
-void Tfcausadifc::cause(Transaccion& t) {
+QString Tfcausadifc::cause(Transaccion& t) {
     CDiferencia.borre_todas();
     const auto variable = [&](const QString& nombre, const QString& valor) {
         Cursor(t.conexion().prepare("select rdb$set_context('USER_TRANSACTION', " +
@@ -123,19 +124,29 @@ void Tfcausadifc::cause(Transaccion& t) {
             CDiferencia.Fields(i) = cursor.valor(i);
         CDiferencia.Post();
     }
+    // El procedimiento no lo devuelve: es el que escribió esta transacción.
+    const QString sql = "select enco_consec from comprobante_encabezado where tico_cod = " +
+                        QuotedStr(campo("TICO_COD").texto()) +
+                        " and prco_pref = " + QuotedStr(campo("PRCO_PREF").texto()) +
+                        " and rdb$record_version = current_transaction";
+    Cursor hecho(t.conexion().prepare(sql, t), t, {});
+    return hecho.siguiente() ? hecho.valor(0).texto() : QString();
 }
 
 void Tfcausadifc::SBGrabarClick() {
     if (EDia->text().isEmpty())
         EDia->setText("1");
     ponga_fecha();
-    CProceso.Post(); // los datos que faltan se dicen aquí
+    postee(); // los datos que faltan se dicen aquí
     CProceso.Edit();
+    QString id;
     {
         const AvisoTrabajo aviso(this, "Comparando los documentos con la tasa...");
-        fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura,
-                                     [this](Transaccion& t) { cause(t); });
+        id = fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura,
+                                          [this](Transaccion& t) { return cause(t); });
     }
+    anuncie_hecho(id);
+    recuerde_lo_propuesto(*this); // ya está en su comprobante
     CDiferencia.First();
     DBGridEh1->setFocus();
     emit fdmcnt().balance_por_recalcular();

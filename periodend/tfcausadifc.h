@@ -23,7 +23,8 @@ private:
     void CUEN_CODChange(Campo& cuenta);
     void escoja_la_cuenta(const QString& texto);
     QString llamada() const;
-    void cause(Transaccion& t);
+    /// Devuelve el consecutivo del comprobante hecho.
+    QString cause(Transaccion& t);
 
     EditorDato *Trm, *Cta;
     QLineEdit* NomCta;

@@ -3,6 +3,7 @@
 #include "periodend/pch.h"
 #include "periodend/peticiones_cierre.h"
 #include "toolkit/aviso_trabajo.h"
+#include "toolkit/sin_grabar.h"
 
 namespace {
 
@@ -118,8 +119,6 @@ bool Tfejecutaregiauto::siga_aunque_ya_se_hizo() {
 void Tfejecutaregiauto::SBGrabarClick() {
     if (EDia->text().isEmpty())
         EDia->setText("1");
-    if (campo("PORC").nulo())
-        campo("PORC") = Moneda();
     if (campo("CONCEPTO").vacio()) {
         muestre_mensaje("Debe indicar el concepto del comprobante a generar.");
         EConcepto->setFocus();
@@ -127,6 +126,8 @@ void Tfejecutaregiauto::SBGrabarClick() {
     }
     if (!siga_aunque_ya_se_hizo())
         return;
+    if (campo("PORC").nulo())
+        campo("PORC") = Moneda();
     const CursorPeriodo p = fdmcnt().cursor();
     const QString sql =
         "select * from registre_regiauto(" + QuotedStr(registro_) + ',' +
@@ -151,6 +152,8 @@ void Tfejecutaregiauto::SBGrabarClick() {
         return;
     }
     emit fdmcnt().balance_por_recalcular();
+    anuncie_hecho(id);
+    recuerde_lo_propuesto(*this); // ya está en su comprobante
     close();
     abra_comprobante(id);
 }

@@ -52,13 +52,14 @@ QString BorradorFilas::Huerfano::valor(const QString& campo) const {
     return cambios.value(0).at(0)["valores"][campo].toString();
 }
 
-int BorradorFilas::Huerfano::detalles() const {
-    qsizetype n = 0;
+int BorradorFilas::Huerfano::detalles(const QString& con) const {
+    int n = 0;
     for (const QJsonArray& filas : cambios)
         for (const QJsonValue& fila : filas)
             for (const QJsonValue& suyas : fila["detalles"].toArray())
-                n += suyas.toArray().size();
-    return int(n);
+                for (const QJsonValue& una : suyas.toArray())
+                    n += !una["valores"][con].toString().isEmpty();
+    return n;
 }
 
 QByteArray BorradorFilas::contenido() const {

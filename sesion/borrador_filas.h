@@ -18,7 +18,7 @@ public:
         QDateTime momento;                         ///< de la última tecla que guardó
         QVector<QJsonArray> cambios;               ///< por conjunto, como los da escriba_cambios()
         QString valor(const QString& campo) const; ///< de la primera fila del primer conjunto
-        int detalles() const;                      ///< filas de los anidados
+        int detalles(const QString& con) const;    ///< filas de los anidados con ese campo
     };
     /// Si un programa murió digitando esto, pregunta por lo que dejó ("Hace 3 minutos " y la
     /// frase, que termina en pregunta) y lo repone. Una sola vez. Devuelve si repuso.

@@ -9,6 +9,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QDir>
@@ -276,10 +277,19 @@ bool FormaMedio::suelte_filas() {
 }
 
 bool FormaMedio::FormClose() {
-    CMedmagdata->Cancel();
-    if (!grabe_cambios() &&
+    bool grabadas = false;
+    ejecute([&] { // antes entra lo de la celda que se digitaba
+        if (!CMedmagdata->Modified())
+            CMedmagdata->Cancel(); // la que se insertó y quedó en blanco
+        const bool hay = CMedmagdata->Modified() || CMedmagdata->ChangeCount() > 0;
+        grabadas = grabe_cambios();
+        if (hay && grabadas)
+            anuncie(fdm().barra(), "Grabado: " + windowTitle());
+    });
+    if (!grabadas &&
         !pregunte_con_no("Hay filas que no se pudieron grabar. Desea salir y perderlas?"))
         return false;
+    CMedmagdata->Cancel();
     CMedmagdata->Close();
     return true;
 }

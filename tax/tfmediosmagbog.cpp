@@ -1,5 +1,6 @@
 #include "tax/tfmediosmagbog.h"
 
+#include "sesion/ayuda_al_teclear.h"
 #include "sesion/instalacion.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
@@ -81,6 +82,7 @@ Tfmediosmagbog::Tfmediosmagbog() : FormaMedio(kDatos) {
     DBGridEh1->columnas(columnas);
     DBGridEh1->columna(DBGridEh1->columna_de("MMDD_ITEM")).ReadOnly = true;
     DBGridEh1->pie(true);
+    siga_al_nit();
     CMedmagdata->AfterInsert = [this] {
         CMedmagdata->FieldByName("MMDI_ARTICULO") = articulo();
         CMedmagdata->FieldByName("MMDI_ANO") = ano();
@@ -152,6 +154,30 @@ void Tfmediosmagbog::FormActivate() {
     // La configuración pudo cambiar los artículos.
     if (!CMedmagdata->Active())
         liste_articulos();
+}
+
+void Tfmediosmagbog::siga_al_nit() {
+    Campo& campo = CMedmagdata->FieldByName("MMDD_NIT");
+    campo.OnValidate = [](Campo&, const Valor& nit) {
+        if (nit.texto().isEmpty() || nit.texto().startsWith('?') ||
+            !fdm()
+                 .Quorvex.consulte("select TERC_NIT from TERCEROS where TERC_NIT = ?", {nit})
+                 .nulo())
+            return;
+        muestre_mensaje("Tercero no encontrado.");
+        throw EdicionAbortada(); // queda el que había
+    };
+    campo.OnChange = [this](Campo& nit) {
+        if (!nit.texto().startsWith('?'))
+            return;
+        const QString texto = nit.texto().mid(1);
+        nit.limpie();
+        escoja_tercero(*this, texto, [this](const QString& escogido) {
+            CMedmagdata->Edit();
+            CMedmagdata->FieldByName("MMDD_NIT") = escogido;
+        });
+    };
+    ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, {}, "MMDD_NIT");
 }
 
 // ---------------------------------------------------------------- artículo

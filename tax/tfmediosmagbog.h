@@ -35,6 +35,7 @@ private:
     void arme_encabezado(Formulario& f);
     void liste_articulos();
     void LFormatoExit();
+    void siga_al_nit();
     int articulo() const;
 
     QString ano_listado_;

@@ -239,12 +239,14 @@ void Tfrngcertificados::antes_de_abrir() {
 
 QString Tfrngcertificados::carpeta_de_archivos() {
     const QString carpeta = fdm().valor<Llave::CarpetaCertificados>();
+    // Se escoge en la configuración: aquí no hay caja a la que ir.
+    QWidget* donde = focusWidget() ? focusWidget() : Ltipo;
     if (carpeta.isEmpty())
-        rehuse(Ltipo, "Falta en la configuración la carpeta para ubicar los archivos de "
+        rehuse(donde, "Falta en la configuración la carpeta para ubicar los archivos de "
                       "certificados generados como PDF.");
     const QFileInfo destino(carpeta);
     if (!destino.isDir() || !destino.isWritable())
-        rehuse(Ltipo, QStringLiteral("No se puede escribir en la carpeta de los certificados, "
+        rehuse(donde, QStringLiteral("No se puede escribir en la carpeta de los certificados, "
                                      "\"%1\": créela o cámbiela en la configuración.")
                           .arg(carpeta));
     return carpeta;

@@ -10,8 +10,8 @@ namespace {
 /// Hijo de la pantalla que cuida. La foto de una fila nueva separa lo propuesto de lo digitado.
 class SinGrabar : public QObject {
 public:
-    SinGrabar(Pantalla& pantalla, QVector<ConjuntoDatos*> conjuntos)
-        : QObject(&pantalla), conjuntos_(std::move(conjuntos)) {
+    SinGrabar(Pantalla& pantalla, QVector<ConjuntoDatos*> conjuntos, QStringList propuestos)
+        : QObject(&pantalla), conjuntos_(std::move(conjuntos)), propuestos_(std::move(propuestos)) {
         setObjectName(QStringLiteral("sin_grabar"));
     }
     static SinGrabar* de(const Pantalla& pantalla) {
@@ -35,17 +35,24 @@ public:
 
 private:
     /// Cuántas filas cambiaron y cómo va la que se edita; vacía sin cambios.
-    static QStringList foto(const ConjuntoDatos& c) {
-        if (!c.Active() || (c.ChangeCount() == 0 && !c.Modified()))
+    QStringList foto(const ConjuntoDatos& c) const {
+        const bool unica = &c == conjuntos_.first() && !propuestos_.isEmpty();
+        if (!c.Active() || (c.ChangeCount() == 0 && !(unica ? c.editando() : c.Modified())))
             return {};
-        QStringList partes{QString::number(c.ChangeCount())};
-        if (c.Modified())
-            for (int i = 0; i < c.FieldCount(); ++i)
-                partes << const_cast<ConjuntoDatos&>(c).Fields(i).valor().texto();
+        QStringList partes;
+        if (!unica)
+            partes << QString::number(c.ChangeCount());
+        if (unica || c.Modified())
+            for (int i = 0; i < c.FieldCount(); ++i) {
+                const Campo& campo = const_cast<ConjuntoDatos&>(c).Fields(i);
+                if (!propuestos_.contains(campo.FieldName))
+                    partes << campo.valor().texto();
+            }
         return partes;
     }
 
     QVector<ConjuntoDatos*> conjuntos_;
+    QStringList propuestos_;
     QVector<QStringList> propuesto_;
 };
 
@@ -56,8 +63,9 @@ bool hay_a_medio_escribir(const Pantalla& pantalla) {
     return control && control->modificado();
 }
 
-void cuide_lo_digitado(Pantalla& pantalla, QVector<ConjuntoDatos*> conjuntos) {
-    new SinGrabar(pantalla, std::move(conjuntos));
+void cuide_lo_digitado(Pantalla& pantalla, QVector<ConjuntoDatos*> conjuntos,
+                       QStringList propuestos) {
+    new SinGrabar(pantalla, std::move(conjuntos), std::move(propuestos));
 }
 
 void recuerde_lo_propuesto(Pantalla& pantalla) {

@@ -34,7 +34,7 @@ Comprobante BorradorVivo::en_pantalla() const {
 
 QByteArray BorradorVivo::contenido() const {
     Comprobante c = en_pantalla();
-    if (c.lineas_2649.isEmpty() && c.lineas_niif.isEmpty() && c.concepto.isEmpty())
+    if (c.lineas_2649.isEmpty() && c.lineas_niif.isEmpty() && hay && !hay())
         return {};
     if (guardado_) {
         c.usuario = guardado_->usuario; // lo pone la pantalla: no es un cambio de nadie

@@ -15,8 +15,9 @@ public:
     void parta_de(const Comprobante& guardado) { guardado_ = guardado; }
     std::optional<Borrador> tome_huerfano();
 
+    std::function<bool()> hay; ///< si lo digitado vale la pena; nulo, todo cambio
+
 protected:
-    /// Sin líneas ni concepto no hay qué guardar.
     QByteArray contenido() const override;
 
 private:

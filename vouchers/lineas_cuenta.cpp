@@ -286,12 +286,12 @@ std::optional<QVector<QStringList>> LineasCuenta::anuncie_pegado(bool abre_colum
     const QVector<QStringList> filas = lea_tabulado(QApplication::clipboard()->text());
     if (!son_varias_celdas(filas))
         return filas;
-    const bool en_blanco = detalle.State() == Estado::Insercion && cuenta().isEmpty();
-    AnuncioPegado anuncio = reparta_pegado(
-        *rejilla, filas, en_blanco ? detalle.RecordCount() : qMax(0, detalle.RecNo()), [&](int c) {
-            return rejilla->columna(c).ReadOnly &&
-                   !(abre_columnas && c >= kTercero && c <= kCentro);
-        });
+    AnuncioPegado anuncio =
+        reparta_pegado(*rejilla, filas,
+                       en_blanco() ? detalle.RecordCount() : qMax(0, detalle.RecNo()), [&](int c) {
+                           return rejilla->columna(c).ReadOnly &&
+                                  !(abre_columnas && c >= kTercero && c <= kCentro);
+                       });
     TextoPegado pegado{filas, {}, memorias_de_pegado(), anuncio.reemplaza};
     for (const auto& columna : anuncio.columnas)
         pegado.campos << como_de_comprobante(columna.campo);
@@ -303,10 +303,10 @@ std::optional<QVector<QStringList>> LineasCuenta::anuncie_pegado(bool abre_colum
 }
 
 void LineasCuenta::prepare_pegado() {
-    const bool en_blanco = detalle.State() == Estado::Insercion && cuenta().isEmpty();
+    const bool empezada = en_blanco();
     termine_linea();
     // Lo que se pega sobre la fila en blanco del final se agrega: no reemplaza la anterior.
-    if (en_blanco && !detalle.IsEmpty())
+    if (empezada && !detalle.IsEmpty())
         detalle.Append();
 }
 

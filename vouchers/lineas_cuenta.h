@@ -69,6 +69,8 @@ public:
     /// El contador sigue al mayor de los números que hay, también el de la que se inserta.
     void siga_los_items(const char* campo_item);
     bool sin_lineas() const { return detalle.filas_en_memoria() == 0; }
+    /// La línea que se empieza aún no tiene cuenta: si no la tiene al final, no es de nadie.
+    bool en_blanco() const { return detalle.State() == Estado::Insercion && cuenta().isEmpty(); }
     /// Lleva el cursor a la línea de ese número, sin el filtro que la oculte, y a la celda.
     void vaya_a(qint64 numero, const QString& campo_item, const QString& celda);
     /// Menú emergente de la rejilla, con el nombre que propone al guardar.

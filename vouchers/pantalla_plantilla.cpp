@@ -187,6 +187,12 @@ void PantallaPlantilla::siga_borrador(
     if (repuso) {
         ubique_tipo();
         for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+            // La que se empezaba, sin cuenta aún, se deja como al grabar.
+            for (int i = l->detalle.RecordCount() - 1; i >= 0; --i) {
+                l->detalle.vaya_a(i);
+                if (l->detalle.FieldByName("CUEN_COD").vacio())
+                    l->detalle.Delete();
+            }
             l->siga_los_items("PLDE_ITEM");
             l->actualice_sumas();
             l->muestre_linea();

@@ -3,6 +3,12 @@
 #include <QLabel>
 #include <QLineEdit>
 
+inline QString cuantas_lineas(qsizetype lineas) {
+    return lineas == 0   ? QStringLiteral("sin líneas")
+           : lineas == 1 ? QStringLiteral("1 línea")
+                         : QStringLiteral("%1 líneas").arg(lineas);
+}
+
 /// Caja que solo muestra; a ella no se llega con Tab.
 inline QLineEdit* caja_de_lectura(const QString& nombre, int caracteres) {
     auto* e = new QLineEdit;

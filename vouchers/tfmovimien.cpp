@@ -5,6 +5,7 @@
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
+#include "vouchers/piezas.h"
 
 #include <QScopedValueRollback>
 
@@ -104,6 +105,7 @@ void Tfmovimien::ofrezca_lo_pendiente() {
     borrador_ = new BorradorVivo(
         conjuntos(), fdm().Quorvex.parametros().base + '/' + fdm().usuario,
         [this] { return EDia->text(); }, this);
+    borrador_->hay = [this] { return hay_por_perder(); };
     if (provisional_)
         recupere_provisional();
     if (CMovimiento.State() == Estado::Insercion)
@@ -143,13 +145,15 @@ void Tfmovimien::ofrezca_borrador() {
         return;
     const Comprobante& c = borrador->comprobante;
     const qsizetype lineas = c.lineas_2649.size() + c.lineas_niif.size();
-    const QString cual =
-        c.concepto.isEmpty() ? QString() : QStringLiteral(", «%1»").arg(c.concepto);
-    if (pregunte(QStringLiteral("%1 quedó un comprobante sin grabar: %2 %3%4, %5. Desea retomarlo?")
+    QStringList cual;
+    if (!c.tipo.isEmpty())
+        cual << (c.tipo + ' ' + c.prefijo).trimmed();
+    if (!c.concepto.isEmpty())
+        cual << QStringLiteral("«%1»").arg(c.concepto);
+    cual << cuantas_lineas(lineas);
+    if (pregunte(QStringLiteral("%1 quedó un comprobante sin grabar: %2. Desea retomarlo?")
                      .arg(hace_cuanto(borrador->momento, reloj().ahora()).replace(0, 1, "H"),
-                          c.tipo, c.prefijo, cual,
-                          lineas == 1 ? QStringLiteral("1 línea")
-                                      : QStringLiteral("%1 líneas").arg(lineas))))
+                          cual.join(QStringLiteral(", ")))))
         recupere(*borrador);
 }
 

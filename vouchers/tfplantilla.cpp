@@ -1,6 +1,7 @@
 #include "vouchers/tfplantilla.h"
 
 #include "vouchers/pch.h"
+#include "vouchers/piezas.h"
 
 Tfplantilla::Tfplantilla()
     : PantallaPlantilla("Tfplantilla", "Plantillas", "CPlantilla", "Plantillas") {
@@ -23,15 +24,17 @@ void Tfplantilla::FormActivate() {
     siga_borrador(
         "plantilla",
         [this] {
-            return !CPlantilla.FieldByName("PLAN_CONCEPTO").vacio() || CDetalle.RecordCount() > 0 ||
-                   CDetallen.RecordCount() > 0;
+            const bool solo_empezada = lineas_2649->en_blanco() &&
+                                       CDetalle.filas_en_memoria() == 1 &&
+                                       lineas_niif->sin_lineas();
+            return solo_empezada ? hay_encabezado() : hay_por_perder();
         },
         [](const BorradorFilas::Huerfano& h) {
-            const int lineas = h.detalles();
-            return QStringLiteral("quedó una plantilla sin grabar: «%1», con %2. Desea retomarla?")
-                .arg(h.valor("PLAN_CONCEPTO"), lineas == 1
-                                                   ? QStringLiteral("1 línea")
-                                                   : QStringLiteral("%1 líneas").arg(lineas));
+            const QString concepto = h.valor("PLAN_CONCEPTO");
+            const int lineas = h.detalles("CUEN_COD");
+            return QStringLiteral("quedó una plantilla sin grabar: %1%2. Desea retomarla?")
+                .arg(concepto.isEmpty() ? QString() : QStringLiteral("«%1», ").arg(concepto),
+                     (lineas > 0 ? "con " : "") + cuantas_lineas(lineas));
         });
 }
 

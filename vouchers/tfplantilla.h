@@ -11,10 +11,9 @@ public:
 
 protected:
     void SBGrabarClick() override;
-    bool hay_por_perder() const override {
-        return !sin_lineas() || se_digito(CPlantilla, {"PLAN_CONCEPTO", "PLAN_REFER"});
-    }
+    bool hay_por_perder() const override { return !sin_lineas() || hay_encabezado(); }
 
 private:
+    bool hay_encabezado() const { return se_digito(CPlantilla, {"PLAN_CONCEPTO", "PLAN_REFER"}); }
     void CPlantillaAfterInsert();
 };

@@ -489,6 +489,10 @@ void PruebaImportacion::los_rechazados_corregidos_entran_al_leerlos_otra_vez() {
         importe(ClaseImportacion::Comprobantes, f.readAll().replace("111006", "111005"));
     QCOMPARE(rechazos(otra.resultado), QString());
     QCOMPARE(otra.resultado.grabados, 2);
+    // Leer dos veces lo mismo lo dobla, y se dice.
+    QCOMPARE(comprobantes(renglon("2", "110505", "5", "5")).resultado.resumen(),
+             "Leídos 1, grabados 1, rechazados 0, omitidos 0; agregados a comprobantes que ya "
+             "estaban: 1");
 }
 
 // ---------------------------------------------------------------- volumen y basura

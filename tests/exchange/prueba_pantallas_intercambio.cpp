@@ -244,7 +244,8 @@ void PruebaPantallasIntercambio::el_mantenimiento_pide_la_opcion_de_cada_herrami
 
 namespace {
 
-/// `pasos`, separados por ';': "caja=texto|lo que se dice al dejarla"; sin caja, F2.
+/// `pasos`, separados por ';': "caja=texto|lo que se dice al dejarla"; sin caja, F2. Con '>' al
+/// final del texto se toma lo primero que la caja ofrece.
 struct CasoHerramienta {
     const char *pantalla, *pasos, *pregunta;
     const char *medida, *queda; ///< lo que cambia, y cómo queda
@@ -253,7 +254,7 @@ struct CasoHerramienta {
 const CasoHerramienta kHerramientas[] = {
     {"Tfcambictamov",
      "=|Debe indicar la cuenta.;FecIni=20170101;FecFin=20171231;Edit1=9|La cuenta 9 no existe.;"
-     "Edit1=310505|La cuenta 310505 no tiene movimientos.;Edit1=111005;Edit2=310505",
+     "Edit1=310505|La cuenta 310505 no tiene movimientos.;Edit1=111005;Edit2=3105>",
      "Se cambiarán 2 renglones de 2 comprobantes.",
      "select list(cuen_cod) from comprobante_detalle where code_item = 2", "310505,310505"},
     {"Tfcambitermov",
@@ -316,8 +317,14 @@ void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_ha
             oprima(Qt::Key_F2);
         else if (caja.startsWith("ck"))
             pulse(p, caja);
-        else
-            escriba(p, caja, resto.section('|', 0, 0));
+        else {
+            QString texto = resto.section('|', 0, 0);
+            const bool de_la_lista = texto.endsWith('>');
+            llene(p, caja, texto.remove('>'));
+            if (de_la_lista)
+                oprima(Qt::Key_Down);
+            oprima(Qt::Key_Return);
+        }
     }
     for (const char* respuesta : {"No", "Sí"}) {
         i_->espere(QString(pregunta) + " Desea continuar?", respuesta);

@@ -5,6 +5,7 @@
 #include "catalogues/forma_proceso.h"
 #include "catalogues/lista_proceso.h"
 #include "periodend/registro.h"
+#include "toolkit/barraestado.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/listadato.h"
 
@@ -15,6 +16,7 @@ QStringList abiertos;
 
 struct Contador : SesionGui {
     explicit Contador(const QString& usuario = "ADMIN", int periodo = 11) : SesionGui(usuario) {
+        dm.barra(&barra);
         registre_pantallas_cierres();
         abiertos.clear();
         registre_testigo("Tfedtmovimien", [](const Pantalla& p) {
@@ -24,6 +26,7 @@ struct Contador : SesionGui {
         cnt.periodo_actual = periodo;
         agregue_al_plan(base.base(), {"3610"});
     }
+    ~Contador() { dm.barra(nullptr); }
     void venta(const char* fecha, const char* valor) {
         grabe(base.base(), {501,
                             "000501",
@@ -59,6 +62,7 @@ struct Contador : SesionGui {
     }
 
     Pantalla* p = nullptr;
+    AvisosBarra barra;
     Interlocutor i;
 };
 
@@ -121,6 +125,7 @@ private slots:
                         id),
                  "20171431" + numero);
         QCOMPARE(s.dato("select cian_usuario from cierre_anual"), "ADMIN");
+        QCOMPARE(s.barra.text(), "Grabado CG 0001 " + numero);
 
         oprima(Qt::Key_F4); // no se modifica: se abre su comprobante
         QCOMPARE(abiertos, QStringList(id));
@@ -165,6 +170,12 @@ private slots:
         s.i.espere_comienzo("El año 2017 ya");
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select count(*) from cierre_anual"), "1");
+        // Lo digitado no se pierde sin decirlo; lo propuesto no lo digitó nadie.
+        s.escriba("EConcepto", "Cierre");
+        s.i.espere("Desea salir y perder los cambios que no ha grabado?", "No");
+        oprima(Qt::Key_Escape);
+        QCOMPARE(s.caja("EConcepto"), "Cierre");
+        s.escriba("EConcepto", "");
         oprima(Qt::Key_Escape);
         QVERIFY(!s.escritorio.abierta("Tfcierreanual"));
     }
@@ -229,6 +240,7 @@ private slots:
         s.tipo("Comprobante");
         s.i.espere("Los campos PAAG,  son obligatorios.");
         oprima(Qt::Key_F2);
+        QCOMPARE(con_foco()->objectName(), "EPaag");
         s.escriba("EPaag=1.5; EConcepto=Junio");
         oprima(Qt::Key_F2);
         QVERIFY(!s.escritorio.abierta("Tfajustesinf"));
@@ -387,6 +399,9 @@ private slots:
         auto& filas = *componente<Rejilla>(s.p, "DBGridEh1").conjunto();
         QCOMPARE(valores_de(filas, "NUMERO"), QStringList("F1"));
         QCOMPARE(valores_de(filas, "DIFERENCIA"), QStringList("-99.5"));
+        QCOMPARE(s.barra.text(), "Grabado CG 0001 " + s.dato("select enco_numero from "
+                                                             "comprobante_encabezado where "
+                                                             "enco_consec <> 501"));
         QCOMPARE(s.dato("select enco_concepto || enco_fecha from comprobante_encabezado where "
                         "enco_consec <> 501"),
                  "Dólar a mayo20170531");

@@ -280,7 +280,9 @@ void PruebaCertificados::los_archivos_piden_acceso_y_una_carpeta_que_sirva() {
     s.otorgue(133);
     configure(s, "CARPETA PARA UBICAR ARCHIVOS DE CERTIFICADOS GENERADOS COMO PDF", "");
     i.espere_comienzo("Falta en la configuración la carpeta");
+    enfoque(s.escritorio.activa(), "NumIni");
     oprima(Qt::Key_F5);
+    QCOMPARE(con_foco()->objectName(), QString("NumIni"));
     configure(s, "CARPETA PARA UBICAR ARCHIVOS DE CERTIFICADOS GENERADOS COMO PDF", "/no/existe");
     i.espere_comienzo("No se puede escribir en la carpeta de los certificados, \"/no/existe\"");
     oprima(Qt::Key_F5);

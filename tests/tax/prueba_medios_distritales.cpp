@@ -55,6 +55,24 @@ QByteArray contenido(const QString& ruta) {
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
+void corrija_en_la_rejilla(SesionGui& s, Tfmediosmagbog* p, Interlocutor& i) {
+    ConjuntoDatos& c = *p->CMedmagdata;
+    // Un NIT que no es de nadie no entra, y el que había queda.
+    enfoque(p, "DBGridEh1", p->DBGridEh1->columna_de("MMDD_NIT"));
+    const QString antes = c.FieldByName("MMDD_NIT").texto();
+    digite("77777");
+    i.espere("Tercero no encontrado.");
+    oprima(Qt::Key_Return);
+    QCOMPARE(c.FieldByName("MMDD_NIT").texto(), antes);
+    // Al cerrar entra también lo de la celda de la que no se salió.
+    oprima(Qt::Key_Escape);
+    enfoque(p, "DBGridEh1", p->DBGridEh1->columna_de("MMDD_DIRECCION"));
+    digite("Calle 9");
+    p->close();
+    QCOMPARE(s.dato("select count(*) from mediosmag_distr_datos where mmdd_direccion = 'Calle 9'"),
+             QString("1"));
+}
+
 } // namespace
 
 class PruebaMediosDistritales : public QObject {
@@ -154,8 +172,8 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     const QByteArray archivo = contenido(casa.filePath("Articulo_32_2017.csv"));
     QCOMPARE(archivo.count("\r\n"), filas);
     QVERIFY2(archivo.contains(nit.toLatin1()) && archivo.contains(";123.45;"), archivo.constData());
+    corrija_en_la_rejilla(s, p, i);
     // Lo corregido sigue ahí al volver; con otra respuesta se recalcula.
-    p->close();
     agote_eventos();
     p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
     QCOMPARE(p->NitShd->text(), QString("860002964")); // la última secretaría que se digitó

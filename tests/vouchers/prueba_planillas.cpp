@@ -33,8 +33,8 @@ void siembre(SesionGui& s, const char* mes = "N", const char* tercero = "N",
 
 const char* const kLineas =
     "select list(enco_numero || ':' || code_item || ':' || cuen_cod || ':' || code_debito || ':' "
-    "|| code_credito, ' ') from (select * from comprobante_encabezado join "
-    "comprobante_detalle using (enco_consec) order by enco_numero, code_item)";
+    "|| code_credito, ' ') from (select enco_numero, d.* from comprobante_encabezado join "
+    "comprobante_detalle d using (enco_consec) order by enco_numero, code_item)";
 
 Moneda pesos(const char* texto) {
     return Moneda::de_texto(texto);

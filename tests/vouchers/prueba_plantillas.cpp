@@ -93,6 +93,7 @@ private slots:
         oprima(Qt::Key_PageDown, Qt::ControlModifier);
         QCOMPARE(p->PageControl1->currentIndex(), 1);
         linea(p, {"111005", "", "", "", "", "", "", "", "", "7"});
+        otra_linea(p); // la que se empieza y no alcanza a tener cuenta no es de nadie
         // El programa muere antes de grabarla: se ofrece al volver, y sigue como iba.
         const QDir carpeta = deje_huerfano(*p->findChild<BorradorFilas*>());
         {

@@ -358,13 +358,14 @@ private slots:
         QCOMPARE(carpeta.entryList({"roto*"}, QDir::Files),
                  QStringList({"roto13.borrador.ilegible"}));
         auto* borrador = p->findChild<BorradorVivo*>();
-        borrador->guarde();
-        QVERIFY(borradores(carpeta).isEmpty()); // nada se ha digitado
+        const auto hay = [&] { return borrador->guarde(), borradores(carpeta).size(); };
+        QCOMPARE(hay(), 0); // nada se ha digitado
+        d.redigite(p->ERef, "R-1");
+        QCOMPARE(hay(), 1);
         d.encabezado("CG", "17", "Nómina de mayo");
         d.entre_a_la_rejilla();
         d.linea({"110505", "", "", "", "", "", "", "", "", "1000", "", ""});
         d.linea({"310505", "", "", "", "", "", "", "", "", "", "400"}); // sin entrar aún
-        borrador->guarde();
         // Otra pantalla del mismo usuario no toca el de la que sigue viva.
         QVERIFY(!BorradorVivo(
                      p->conjuntos(), s.dm.Quorvex.parametros().base + "/ADMIN",
