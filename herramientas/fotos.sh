@@ -27,9 +27,14 @@ for cual in "$@"; do
     command -v montage >/dev/null || continue
     for datos in vacios corrientes extremos; do
         archivos=("$fotos/${datos}_"*.png)
+        if [ ! -f "${archivos[0]}" ]; then
+            echo "    sin fotos con datos $datos"
+            fallas=$((fallas + 1))
+            continue
+        fi
         # Reducidas al leerlas: a 200 % no caben juntas en la memoria que se le da.
         montage -label '%t' "${archivos[@]/%/[660x400>]}" -tile 3x4 -geometry '660x400>+3+3' \
-            "$fotos/hoja_${datos}_%02d.png"
+            "$fotos/hoja_${datos}_%02d.png" || fallas=$((fallas + 1))
     done
 done
 exit "$fallas"
