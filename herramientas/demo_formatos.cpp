@@ -92,15 +92,15 @@ public:
     }
     enum Pase { Encabezado, Detalle, Cierre, CierreTrasElDetalle };
     void dato(const char* nombre, int x, int y, Pase pase = Encabezado, int letra = 0,
-              int largo = 0) {
+              int largo = 0, int desde = 1) {
         c_.ejecute(QStringLiteral("insert into formato_datos (tido_cod, pref_pre, dafo_item,"
                                   " dafo_dato, dafo_imprime, dafo_posx, dafo_posy, dafo_ini,"
                                   " dafo_long, dafo_formato, dafo_repite, dafo_fsize,"
                                   " dafo_liquida, dafo_posyvar)"
-                                  " values (1,?,?,?,'S',?,?,1,?,'2',?,?,?,?)"),
-                   {Valor(llave_), Valor(++datos_), Valor(nombre), Valor(x), Valor(y), Valor(largo),
-                    si(pase == Detalle), letra ? Valor(letra) : Valor(), si(pase >= Cierre),
-                    si(pase == CierreTrasElDetalle)});
+                                  " values (1,?,?,?,'S',?,?,?,?,'2',?,?,?,?)"),
+                   {Valor(llave_), Valor(++datos_), Valor(nombre), Valor(x), Valor(y), Valor(desde),
+                    Valor(largo), si(pase == Detalle), letra ? Valor(letra) : Valor(),
+                    si(pase >= Cierre), si(pase == CierreTrasElDetalle)});
     }
     void texto(const char* cadena, int x, int y, int letra = kLetraMenuda, bool cierre = false) {
         linea("T", x, y, 0, 0, cierre, Valor(QString::fromUtf8(cadena)), Valor(letra));
@@ -151,7 +151,12 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     // encabezado
     f.cuadro(kIzquierda, 148, kDerecha - kIzquierda, 66);
     f.texto("Fecha", 100, 156);
-    f.dato("FECHA", 230, 156);
+    // El dato llega como se guarda, aaaammdd: se reparte para leerlo con sus barras.
+    f.dato("FECHA", 230, 156, F::Encabezado, 0, 4);
+    f.texto("/", 290, 156, kLetra);
+    f.dato("FECHA", 298, 156, F::Encabezado, 0, 2, 5);
+    f.texto("/", 329, 156, kLetra);
+    f.dato("FECHA", 337, 156, F::Encabezado, 0, 2, 7);
     f.texto(tercero, 520, 156);
     f.dato("ENCABEZADO NOMBRE", 720, 156, F::Encabezado, 0, 45);
     f.texto("Ref.", 1600, 156);
