@@ -77,7 +77,7 @@ namespace {
 constexpr int kIzquierda = 80, kDerecha = 1920; // márgenes en la cuadrícula de 2000 por 1500
 constexpr int kDetalle = 272;                   // primer renglón
 constexpr int kEntrelinea = 48;
-constexpr int kLetra = 8, kLetraMenuda = 7;
+constexpr int kLetra = 8, kLetraMenuda = 7, kLetraNombres = 6;
 
 /// Un formato que se arma elemento por elemento.
 class FormatoDemo {
@@ -178,10 +178,10 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     f.texto("Créditos", 1805, 239);
     constexpr int kSegundo = kDetalle + 21;
     f.dato("CUENTA", 100, kDetalle, F::Detalle, kLetraMenuda);
-    f.dato("NOMBRE CUENTA", 245, kDetalle, F::Detalle, kLetraMenuda, 38);
-    f.dato("NOMBRE CENTRO COSTO", 245, kSegundo, F::Detalle, kLetraMenuda, 38);
-    f.dato("NOMBRE TERCERO", 705, kDetalle, F::Detalle, kLetraMenuda, 31);
-    f.dato("NOMBRE SUBCEBTRO COSTO", 705, kSegundo, F::Detalle, kLetraMenuda, 31);
+    f.dato("NOMBRE CUENTA", 245, kDetalle, F::Detalle, kLetraNombres, 46);
+    f.dato("NOMBRE CENTRO COSTO", 245, kSegundo, F::Detalle, kLetraNombres, 46);
+    f.dato("NOMBRE TERCERO", 705, kDetalle, F::Detalle, kLetraNombres, 38);
+    f.dato("NOMBRE SUBCEBTRO COSTO", 705, kSegundo, F::Detalle, kLetraNombres, 38);
     f.dato("DOCUMENTO ITEM", 1085, kDetalle, F::Detalle, kLetraMenuda, 16);
     f.dato("DOCUMENTO VENCE", 1085, kSegundo, F::Detalle, kLetraMenuda);
     f.dato("PORCENTAJE ITEM", 1360, kDetalle, F::Detalle, kLetraMenuda);
