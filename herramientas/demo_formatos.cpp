@@ -102,6 +102,14 @@ public:
                     Valor(largo), si(pase == Detalle), letra ? Valor(letra) : Valor(),
                     si(pase >= Cierre), si(pase == CierreTrasElDetalle)});
     }
+    /// El dato llega como se guarda, aaaammdd: se reparte para leerlo con sus barras.
+    void fecha(int x, int y) {
+        dato("FECHA", x, y, Encabezado, 0, 4);
+        texto("/", x + 60, y, kLetra);
+        dato("FECHA", x + 68, y, Encabezado, 0, 2, 5);
+        texto("/", x + 99, y, kLetra);
+        dato("FECHA", x + 107, y, Encabezado, 0, 2, 7);
+    }
     void texto(const char* cadena, int x, int y, int letra = kLetraMenuda, bool cierre = false) {
         linea("T", x, y, 0, 0, cierre, Valor(QString::fromUtf8(cadena)), Valor(letra));
     }
@@ -151,12 +159,7 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     // encabezado
     f.cuadro(kIzquierda, 148, kDerecha - kIzquierda, 66);
     f.texto("Fecha", 100, 156);
-    // El dato llega como se guarda, aaaammdd: se reparte para leerlo con sus barras.
-    f.dato("FECHA", 230, 156, F::Encabezado, 0, 4);
-    f.texto("/", 290, 156, kLetra);
-    f.dato("FECHA", 298, 156, F::Encabezado, 0, 2, 5);
-    f.texto("/", 329, 156, kLetra);
-    f.dato("FECHA", 337, 156, F::Encabezado, 0, 2, 7);
+    f.fecha(230, 156);
     f.texto(tercero, 520, 156);
     f.dato("ENCABEZADO NOMBRE", 720, 156, F::Encabezado, 0, 45);
     f.texto("Ref.", 1600, 156);

@@ -10,6 +10,7 @@ namespace informes {
 namespace {
 constexpr double kEntreRayas = 0.7; // mm entre las dos de una línea doble
 constexpr double kHolgura = 0.01;   // mm que no se ven
+constexpr double kCasiCabe = 0.85;
 const QString kContinua = QStringLiteral(" (continuación)");
 
 Trazo raya(QRectF lugar, float grosor) {
@@ -175,12 +176,14 @@ void Dibujante::escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, Q
     }
     if (texto.isEmpty())
         return;
-    // Lo que se anuncia otra vez ya salió entero.
-    if (i.parte && !datos_.sigue)
-        return parta(bloque, i, lugar, estilo, texto);
     // Un número no se recorta nunca: el que no cabe se achica al pintarlo. Un texto se achica lo
     // que deja leerlo, y solo entonces se recorta.
     const double achique = i.numero() ? 1 : letra(estilo).achique(texto, lugar.width());
+    // Lo que se anuncia otra vez ya salió entero; y por una palabra no se abre otro renglón.
+    const bool casi_cabe =
+        achique < 1 && achique >= kCasiCabe && !texto.contains(QLatin1Char('\n'));
+    if (i.parte && !datos_.sigue && !casi_cabe)
+        return parta(bloque, i, lugar, estilo, texto);
     if (achique < 1)
         texto = acorte(texto, lugar.width() / achique + kHolgura, estilo);
     else if (i.numero() && i.parentesis && i.lado == Lado::Derecha &&
