@@ -77,7 +77,7 @@ namespace {
 constexpr int kIzquierda = 80, kDerecha = 1920; // márgenes en la cuadrícula de 2000 por 1500
 constexpr int kDetalle = 272;                   // primer renglón
 constexpr int kEntrelinea = 48;
-constexpr int kLetra = 8, kLetraMenuda = 7;
+constexpr int kLetra = 8, kLetraMenuda = 7, kLetraNombres = 6;
 
 /// Un formato que se arma elemento por elemento.
 class FormatoDemo {
@@ -92,15 +92,23 @@ public:
     }
     enum Pase { Encabezado, Detalle, Cierre, CierreTrasElDetalle };
     void dato(const char* nombre, int x, int y, Pase pase = Encabezado, int letra = 0,
-              int largo = 0) {
+              int largo = 0, int desde = 1) {
         c_.ejecute(QStringLiteral("insert into formato_datos (tido_cod, pref_pre, dafo_item,"
                                   " dafo_dato, dafo_imprime, dafo_posx, dafo_posy, dafo_ini,"
                                   " dafo_long, dafo_formato, dafo_repite, dafo_fsize,"
                                   " dafo_liquida, dafo_posyvar)"
-                                  " values (1,?,?,?,'S',?,?,1,?,'2',?,?,?,?)"),
-                   {Valor(llave_), Valor(++datos_), Valor(nombre), Valor(x), Valor(y), Valor(largo),
-                    si(pase == Detalle), letra ? Valor(letra) : Valor(), si(pase >= Cierre),
-                    si(pase == CierreTrasElDetalle)});
+                                  " values (1,?,?,?,'S',?,?,?,?,'2',?,?,?,?)"),
+                   {Valor(llave_), Valor(++datos_), Valor(nombre), Valor(x), Valor(y), Valor(desde),
+                    Valor(largo), si(pase == Detalle), letra ? Valor(letra) : Valor(),
+                    si(pase >= Cierre), si(pase == CierreTrasElDetalle)});
+    }
+    /// El dato llega como se guarda, aaaammdd: se reparte para leerlo con sus barras.
+    void fecha(int x, int y) {
+        dato("FECHA", x, y, Encabezado, 0, 4);
+        texto("/", x + 60, y, kLetra);
+        dato("FECHA", x + 68, y, Encabezado, 0, 2, 5);
+        texto("/", x + 99, y, kLetra);
+        dato("FECHA", x + 107, y, Encabezado, 0, 2, 7);
     }
     void texto(const char* cadena, int x, int y, int letra = kLetraMenuda, bool cierre = false) {
         linea("T", x, y, 0, 0, cierre, Valor(QString::fromUtf8(cadena)), Valor(letra));
@@ -151,7 +159,7 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     // encabezado
     f.cuadro(kIzquierda, 148, kDerecha - kIzquierda, 66);
     f.texto("Fecha", 100, 156);
-    f.dato("FECHA", 230, 156);
+    f.fecha(230, 156);
     f.texto(tercero, 520, 156);
     f.dato("ENCABEZADO NOMBRE", 720, 156, F::Encabezado, 0, 45);
     f.texto("Ref.", 1600, 156);
@@ -173,10 +181,10 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     f.texto("Créditos", 1805, 239);
     constexpr int kSegundo = kDetalle + 21;
     f.dato("CUENTA", 100, kDetalle, F::Detalle, kLetraMenuda);
-    f.dato("NOMBRE CUENTA", 245, kDetalle, F::Detalle, kLetraMenuda, 38);
-    f.dato("NOMBRE CENTRO COSTO", 245, kSegundo, F::Detalle, kLetraMenuda, 38);
-    f.dato("NOMBRE TERCERO", 705, kDetalle, F::Detalle, kLetraMenuda, 31);
-    f.dato("NOMBRE SUBCEBTRO COSTO", 705, kSegundo, F::Detalle, kLetraMenuda, 31);
+    f.dato("NOMBRE CUENTA", 245, kDetalle, F::Detalle, kLetraNombres, 46);
+    f.dato("NOMBRE CENTRO COSTO", 245, kSegundo, F::Detalle, kLetraNombres, 46);
+    f.dato("NOMBRE TERCERO", 705, kDetalle, F::Detalle, kLetraNombres, 38);
+    f.dato("NOMBRE SUBCEBTRO COSTO", 705, kSegundo, F::Detalle, kLetraNombres, 38);
     f.dato("DOCUMENTO ITEM", 1085, kDetalle, F::Detalle, kLetraMenuda, 16);
     f.dato("DOCUMENTO VENCE", 1085, kSegundo, F::Detalle, kLetraMenuda);
     f.dato("PORCENTAJE ITEM", 1360, kDetalle, F::Detalle, kLetraMenuda);

@@ -19,17 +19,24 @@ for cual in "$@"; do
     fotos=$carpeta/$cual
     mkdir -p "$fotos"
     echo "monitor $monitor, escala $escala, tema $tema"
-    if ! QUORVEX_FOTOS=$fotos QUORVEX_MONITOR=$monitor QT_SCALE_FACTOR=$escala QUORVEX_TEMA=$tema \
-        "$raiz/build/bin/prueba_aspecto" cada_pantalla_se_lee_entera >"$fotos/prueba.txt" 2>&1; then
-        fallas=$((fallas + 1))
+    mal=0
+    QUORVEX_FOTOS=$fotos QUORVEX_MONITOR=$monitor QT_SCALE_FACTOR=$escala QUORVEX_TEMA=$tema \
+        "$raiz/build/bin/prueba_aspecto" cada_pantalla_se_lee_entera >"$fotos/prueba.txt" 2>&1 || {
+        mal=1
         grep -E 'Tf[a-z0-9]+: |FAIL' "$fotos/prueba.txt" | sed 's/^/    /' || true
-    fi
-    command -v montage >/dev/null || continue
+    }
     for datos in vacios corrientes extremos; do
         archivos=("$fotos/${datos}_"*.png)
+        if [ ! -f "${archivos[0]}" ]; then
+            echo "    sin fotos con datos $datos"
+            mal=1
+            continue
+        fi
+        command -v montage >/dev/null || continue
         # Reducidas al leerlas: a 200 % no caben juntas en la memoria que se le da.
         montage -label '%t' "${archivos[@]/%/[660x400>]}" -tile 3x4 -geometry '660x400>+3+3' \
-            "$fotos/hoja_${datos}_%02d.png"
+            "$fotos/hoja_${datos}_%02d.png" || mal=1
     done
+    fallas=$((fallas + mal)) # la serie que falla se cuenta y se sigue con las demás
 done
 exit "$fallas"

@@ -24,7 +24,14 @@ namespace {
 QString titulo_de(const QString& columna) {
     if (columna.size() <= 3)
         return columna;
-    return columna.left(1) + columna.mid(1).toLower().replace('_', ' ');
+    QString titulo = columna.left(1) + columna.mid(1).toLower().replace('_', ' ');
+    // En la base los nombres de las columnas no llevan tildes.
+    for (const auto& [sin, con] : {std::pair{"ebito", "ébito"},
+                                   {"edito", "édito"},
+                                   {"eccion", "ección"},
+                                   {"etencion", "etención"}})
+        titulo.replace(sin, con);
+    return titulo;
 }
 
 } // namespace

@@ -294,6 +294,7 @@ void PruebaMediosDistritales::
     p->FecIni->setText("20170101");
     oprima(Qt::Key_F2);
     QCOMPARE(orden, QString("select * from LISTADO_MOVIMIENTO_TERCERO('20170101','20170131')"));
+    QCOMPARE(p->CMedmagdata->FieldByName("CREDITOS").etiqueta(), QString("Créditos"));
     p->Ubicacion->setText(casa.filePath("exogena.csv"));
     oprima(Qt::Key_F5);
     const QString nombre = s.dato("select cuen_nom from cuentas where cuen_cod = '220505'");

@@ -200,6 +200,9 @@ private slots:
         QVERIFY2(fila.startsWith("MMMM") && fila.contains(u'…') && fila.size() < 60,
                  qPrintable(fila));
         QVERIFY2(fila.endsWith("|900,000,000.00"), qPrintable(fila));
+        // Lo que se pasa por poco sale entero, más chico.
+        const QString justo(16, 'M');
+        QVERIFY(componga({{"N", "C", justo, 1}})[0].contains(justo + "|1.00"));
     }
 
     void cada_formato_lleva_lo_mismo() {

@@ -204,7 +204,9 @@ private slots:
         agregue(s, 4);
         s.base.ejecute({"update comprobante_detalle set code_base = 4000, code_porc = 2.5, "
                         "cnde_docnumero = '000123', cnde_docaplica = '000124', doco_vence = "
-                        "'20170430' where enco_consec = 700 and code_item = 1"});
+                        "'20170430' where enco_consec = 700 and code_item = 1",
+                        "update cuentas set cuen_nom = 'Proveedores nacionales de mercancías "
+                        "para la venta al detal' where cuen_cod = '220505'"});
         const QString carta = imprima(s, Qt::Key_Return);
         // Tarifa, documento, vencimiento y nombres del proyecto y del centro, debajo de su línea.
         const auto nombre = [&](const char* que) {
@@ -228,6 +230,8 @@ private slots:
         QCOMPARE(carta.section("Sumas iguales", 1).section('\n', 0, 0).simplified(),
                  "300.00 300.00");
         QVERIFY(!carta.contains("NIIF"));
+        // Un nombre largo sigue en otro renglón.
+        QVERIFY2(carta.contains("al detal") && !carta.contains("…"), qPrintable(carta));
 
         s.configure("TAMAÑO DEL PAPEL PARA IMPRIMIR COMPROBANTES CONTABLES", "MEDIA");
         const QString media = imprima(s, Qt::Key_F2, true);

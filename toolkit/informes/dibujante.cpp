@@ -9,6 +9,8 @@ namespace informes {
 
 namespace {
 constexpr double kEntreRayas = 0.7; // mm entre las dos de una línea doble
+constexpr double kHolgura = 0.01;   // mm que no se ven
+constexpr double kCasiCabe = 0.85;
 const QString kContinua = QStringLiteral(" (continuación)");
 
 Trazo raya(QRectF lugar, float grosor) {
@@ -174,16 +176,22 @@ void Dibujante::escriba(BloqueHoja& bloque, const Banda& banda, const Item& i, Q
     }
     if (texto.isEmpty())
         return;
-    // Lo que se anuncia otra vez ya salió entero.
-    if (i.parte && !datos_.sigue)
+    // Un número no se recorta nunca: el que no cabe se achica al pintarlo. Un texto se achica lo
+    // que deja leerlo, y solo entonces se recorta.
+    const double achique = i.numero() ? 1 : letra(estilo).achique(texto, lugar.width());
+    // Lo que se anuncia otra vez ya salió entero; y por una palabra no se abre otro renglón.
+    const bool casi_cabe =
+        achique < 1 && achique >= kCasiCabe && !texto.contains(QLatin1Char('\n'));
+    if (i.parte && !datos_.sigue && !casi_cabe)
         return parta(bloque, i, lugar, estilo, texto);
-    // Un número no se recorta nunca: el que no cabe se achica al pintarlo.
-    if (!i.numero())
-        texto = acorte(texto, lugar.width(), estilo);
-    else if (i.parentesis && i.lado == Lado::Derecha && !texto.endsWith(QLatin1Char(')')))
+    if (achique < 1)
+        texto = acorte(texto, lugar.width() / achique + kHolgura, estilo);
+    else if (i.numero() && i.parentesis && i.lado == Lado::Derecha &&
+             !texto.endsWith(QLatin1Char(')')))
         lugar.setWidth(lugar.width() - letra(estilo).ancho(QStringLiteral(")")));
-    (callado ? bloque.callados : bloque.trazos)
-        << Trazo{Trazo::Texto, lugar, quint16(estilos_[estilo]), i.lado, 0, texto};
+    (callado ? bloque.callados : bloque.trazos) << Trazo{
+        Trazo::Texto, lugar, quint16(estilos_[estilo]), i.lado, achique < 1 ? float(achique) : 0,
+        texto};
 }
 
 QString Dibujante::acorte(const QString& texto, double ancho, int estilo) {

@@ -233,24 +233,27 @@ void pinte_texto(QPainter& pintor, const Trazo& t) {
     const QRectF lugar = en_unidades(t.lugar);
     const QFontMetricsF medidas = pintor.fontMetrics();
     // Se pone por su línea de base, que en filas vecinas queda a la misma altura.
-    double x = lugar.x();
-    const double ancho = t.lado == Lado::Izquierda ? 0 : medidas.horizontalAdvance(t.texto);
-    const double sobra = lugar.width() - ancho;
-    if (t.lado != Lado::Izquierda)
-        x += t.lado == Lado::Derecha ? sobra : sobra / 2;
     const double y = lugar.height() > 0
                          ? lugar.y() + (lugar.height() + medidas.ascent() - medidas.descent()) / 2
                          : lugar.y() + medidas.ascent();
-    if (t.lado != Lado::Derecha || sobra > -1 || lugar.width() <= kAireDeCifra) {
+    const double ancho = t.lado == Lado::Izquierda ? 0 : medidas.horizontalAdvance(t.texto);
+    double parte = t.grosor > 0 ? double(t.grosor) : 1;
+    // Una cifra que no cabe en su columna se achica: nunca se monta sobre la de al lado.
+    if (t.lado == Lado::Derecha && t.grosor <= 0 && ancho > lugar.width() + 1 &&
+        lugar.width() > kAireDeCifra)
+        parte = (lugar.width() - kAireDeCifra) / ancho;
+    const double sobra = lugar.width() - ancho * parte;
+    const double x = lugar.x() + (t.lado == Lado::Izquierda ? 0
+                                  : t.lado == Lado::Derecha ? sobra
+                                                            : sobra / 2);
+    if (parte == 1) {
         pintor.drawText(QPointF(x, y), t.texto);
         return;
     }
-    // Una cifra que no cabe en su columna se achica: nunca se monta sobre la de al lado.
-    const double cabe = (lugar.width() - kAireDeCifra) / ancho;
     pintor.save();
-    pintor.translate(lugar.right(), y);
-    pintor.scale(cabe, cabe);
-    pintor.drawText(QPointF(-ancho, 0), t.texto);
+    pintor.translate(x, y);
+    pintor.scale(parte, parte);
+    pintor.drawText(QPointF(0, 0), t.texto);
     pintor.restore();
 }
 

@@ -23,8 +23,8 @@ struct Trazo {
     QRectF lugar;        ///< de una línea, su avance: el ancho y el alto pueden ser negativos
     quint16 recurso = 0; ///< estilo o imagen
     Lado lado = Lado::Izquierda;
-    float grosor = 0;
-    QString texto; ///< de una caja, el color de su relleno
+    float grosor = 0; ///< de un texto que no cabe, a qué parte de su tamaño se pinta
+    QString texto;    ///< de una caja, el color de su relleno
 };
 
 /// Lugar del total de páginas en un texto, que solo se conoce al terminar.

@@ -29,6 +29,12 @@ double Letra::ancho(const QString& texto) const {
     return suma / kPorMilimetro;
 }
 
+double Letra::achique(const QString& texto, double ancho) const {
+    constexpr double kMasChico = 0.7; // con menos, en papel no se lee
+    const double mide = this->ancho(texto);
+    return mide <= ancho ? 1 : qMax(kMasChico, ancho / mide);
+}
+
 QString Letra::acorte(const QString& texto, double ancho) const {
     return this->ancho(texto) <= ancho
                ? texto

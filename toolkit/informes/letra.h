@@ -16,6 +16,8 @@ class Letra {
 public:
     explicit Letra(const Estilo& estilo);
     double ancho(const QString& texto) const;
+    /// A qué parte de su tamaño cabe el texto en ese ancho: 1 si cabe entero, nunca menos de 0,7.
+    double achique(const QString& texto, double ancho) const;
     /// El texto, o su comienzo con puntos suspensivos si no cabe.
     QString acorte(const QString& texto, double ancho) const;
     /// El texto en renglones de ese ancho; una palabra más ancha se corta.
