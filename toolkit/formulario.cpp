@@ -1,6 +1,7 @@
 #include "toolkit/formulario.h"
 
 #include "toolkit/disposicion_flujo.h"
+#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 
 #include <QBoxLayout>
@@ -83,7 +84,7 @@ void Formulario::encadene() {
 QGridLayout* Formulario::rejilla() {
     if (rejilla_)
         return rejilla_;
-    rejilla_ = new QGridLayout;
+    rejilla_ = ceden_las_filas(*dueno_) ? new DisposicionPares : new QGridLayout;
     rejilla_->setHorizontalSpacing(paso());
     rejilla_->setVerticalSpacing(paso());
     if (grupo_) {

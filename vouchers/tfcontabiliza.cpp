@@ -1,5 +1,6 @@
 #include "vouchers/tfcontabiliza.h"
 
+#include "toolkit/disposicion_pares.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -99,6 +100,7 @@ void Tfcontabiliza::construya() {
     pagina(Qt::Key_PageDown, 1);
 
     Formulario f(this);
+    ceda_filas(this);
     f.fila({{"Documento", EDocumento}, {"Comprobante", EComprobante}, {"Fecha", EFecha}});
     f.fila("Concepto", EConcepto);
     f.ancha(PageControl1, 1);

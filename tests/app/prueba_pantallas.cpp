@@ -11,6 +11,9 @@
 
 namespace {
 
+/// Desde este ancho toda pantalla cabe en su ventana: lo ancho se desplaza dentro de ella.
+constexpr int kAngosto = 800;
+
 /// Control que el usuario ve como uno: la rejilla entera, el grupo de opciones, la caja de fecha.
 QWidget* control_de(QWidget* foco) {
     QWidget* control = foco;
@@ -157,6 +160,7 @@ private slots:
     void cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos_data() {
         QTest::addColumn<QSize>("monitor");
         QTest::newRow("corriente") << QSize(1366, 768);
+        QTest::newRow("con letra a la mitad más") << QSize(1366, 768) / 1.5;
         QTest::newRow("con letra al doble") << QSize(1366, 768) / 2;
     }
     void cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos();
@@ -199,6 +203,9 @@ void PruebaPantallas::cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos() 
     QStringList malas;
     con_cada_pantalla(*s_, {}, monitor, [&](Pantalla* p) {
         const QString esta = p->objectName();
+        if (const int sobra = p->width() - p->parentWidget()->width();
+            sobra > 0 && monitor.width() > kAngosto)
+            malas << QString("%1 se desplaza %2 a lo ancho").arg(esta).arg(sobra);
         p->window()->activateWindow();
         if (!QTest::qWaitForWindowActive(p->window()))
             malas << esta + ": no se activó";
