@@ -1,6 +1,7 @@
 #include "vouchers/tfcontabiliza.h"
 
 #include "toolkit/disposicion_pares.h"
+#include "toolkit/estilo.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -69,6 +70,7 @@ void Tfcontabiliza::defina_conjuntos() {
 
 void Tfcontabiliza::construya() {
     EDocumento = caja_de_lectura("EDocumento", 24);
+    EDocumento->setMinimumWidth(ancho_caracteres(EDocumento->fontMetrics(), 20));
     EComprobante = caja_de_lectura("EComprobante", 16);
     EFecha = caja_de_lectura("EFecha", 10);
     EConcepto = LineasCuenta::caja_de_nombre("EConcepto");

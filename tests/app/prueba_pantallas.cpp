@@ -140,6 +140,11 @@ QVector<QWidget*> recorra_con_tab(Pantalla* p, bool atras, QSet<QWidget*>& apaga
             }
             if (!visitados.isEmpty() && tapado(p, control))
                 fuga += nombre_de(control) + " recibe el foco y no se ve; ";
+            // Quien digita las líneas ve si cuadran.
+            if (qobject_cast<Rejilla*>(control) && p->window()->width() > kAngosto)
+                for (auto* d : p->findChildren<QLabel*>(QRegularExpression("^LabDiferencia")))
+                    if (d->isVisible() && tapado(p, d))
+                        fuga += d->objectName() + " no se ve desde las líneas; ";
             visitados << control;
             // Celda por celda, una lista larga no se acaba: la última fila está a un paso.
             if (qobject_cast<Rejilla*>(control))
