@@ -92,7 +92,7 @@ int DisposicionFlujo::acomode(const QRect& marco, bool aplicar) const {
                 sobra -= ancho_minimo(*items_[j]) + spacing();
                 crecen += se_estira(*items_[j]);
             }
-        const bool entera = i == 0 && fin == items_.size();
+        const bool separa = i == 0 && fin == items_.size() && crecen == 0;
         int x = marco.x();
         y += spacing();
         for (int j = i; j < fin; ++j) {
@@ -105,7 +105,7 @@ int DisposicionFlujo::acomode(const QRect& marco, bool aplicar) const {
                 ancho += parte;
                 sobra -= parte;
             }
-            if (j == separador_ && entera && sobra > 0)
+            if (j == separador_ && separa)
                 x += sobra;
             if (aplicar)
                 item->setGeometry(QRect(x, y, ancho, alto));

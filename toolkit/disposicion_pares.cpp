@@ -8,10 +8,18 @@ namespace {
 constexpr char kCeden[] = "filas_que_ceden";
 
 /// En la casilla, tras el control, va el espacio de los que no crecen.
-bool crece(QLayoutItem* casilla) {
+const QLayoutItem& control_de(QLayoutItem* casilla) {
     QLayout* celda = casilla->layout();
-    const QLayoutItem* control = celda && celda->count() ? celda->itemAt(0) : casilla;
-    return control->expandingDirections() & Qt::Horizontal;
+    return celda && celda->count() ? *celda->itemAt(0) : *casilla;
+}
+
+bool crece(QLayoutItem* casilla) {
+    return control_de(casilla).expandingDirections() & Qt::Horizontal;
+}
+
+bool puede_crecer(QLayoutItem* casilla) {
+    const QLayoutItem& control = control_de(casilla);
+    return control.maximumSize().width() > control.sizeHint().width();
 }
 
 int alto_de(const QLayoutItem* item, int ancho) {
@@ -110,6 +118,8 @@ int DisposicionPares::acomode(const QRect& marco, bool aplicar) const {
             sobra -= qMax(0, pide);
             crecen += elastico;
         }
+        if (crecen == 0 && puede_crecer(todos[fin - 1].casilla))
+            anchos.last() += qMax(0, sobra);
         int x = campo.x(), alto = 0;
         for (int j = i; j < fin; ++j) {
             if (crece(todos[j].casilla)) {
