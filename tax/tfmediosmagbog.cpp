@@ -10,6 +10,7 @@
 #include "tax/medio_distrital.h"
 #include "tax/procedimiento.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/disposicion_pares.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -92,6 +93,7 @@ Tfmediosmagbog::Tfmediosmagbog() : FormaMedio(kDatos) {
         CMedmagdata->FieldByName("CodDpto") =
             CMedmagdata->FieldByName("MMDD_CODMUNICIPIO").texto().left(2);
     };
+    ceda_filas(this);
     Formulario f(this);
     arme_encabezado(f);
     arme_pie(f, "F5:Graba CSV");

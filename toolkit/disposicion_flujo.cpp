@@ -2,6 +2,18 @@
 
 #include <QWidget>
 
+namespace {
+
+bool se_estira(const QLayoutItem& item) {
+    return item.expandingDirections() & Qt::Horizontal;
+}
+
+int ancho_minimo(const QLayoutItem& item) {
+    return se_estira(item) ? item.minimumSize().width() : item.sizeHint().width();
+}
+
+} // namespace
+
 QWidget* en_flujo(std::initializer_list<QWidget*> controles, int espacio) {
     auto* conjunto = new QWidget;
     auto* flujo = new DisposicionFlujo(conjunto, espacio);
@@ -52,31 +64,54 @@ QSize DisposicionFlujo::minimumSize() const {
     QSize s;
     for (const QLayoutItem* item : items_)
         if (!item->isEmpty())
-            s = s.expandedTo(item->sizeHint());
+            s = s.expandedTo({ancho_minimo(*item), item->sizeHint().height()});
     return s;
 }
 
-int DisposicionFlujo::acomode(const QRect& marco, bool aplicar) const {
-    const bool cabe = sizeHint().width() <= marco.width();
-    const int sobra = marco.width() - sizeHint().width();
-    const int alto_comun = sizeHint().height();
-    int x = marco.x(), y = marco.y(), alto = 0;
-    for (int i = 0; i < items_.size(); ++i) {
-        QLayoutItem* item = items_[i];
-        if (item->isEmpty())
+int DisposicionFlujo::fin_de_renglon(int desde, int ancho) const {
+    int usado = 0;
+    for (int i = desde; i < items_.size(); ++i) {
+        if (items_[i]->isEmpty())
             continue;
-        const QSize s(item->sizeHint().width(), alto_comun);
-        if (i == separador_ && cabe)
-            x += sobra;
-        if (x > marco.x() && x + s.width() > marco.x() + marco.width()) {
-            x = marco.x();
-            y += alto + spacing();
-            alto = 0;
-        }
-        if (aplicar)
-            item->setGeometry(QRect(QPoint(x, y), s));
-        x += s.width() + spacing();
-        alto = qMax(alto, s.height());
+        const int hasta = usado + (usado ? spacing() : 0) + ancho_minimo(*items_[i]);
+        if (usado && (hasta > ancho || (i == corte_ && desde == 0)))
+            return i;
+        usado = hasta;
     }
-    return y + alto - marco.y();
+    return int(items_.size());
+}
+
+int DisposicionFlujo::acomode(const QRect& marco, bool aplicar) const {
+    const int alto = sizeHint().height();
+    int y = marco.y() - spacing();
+    for (int i = 0, fin; i < items_.size(); i = fin) {
+        fin = fin_de_renglon(i, marco.width());
+        int sobra = marco.width() + spacing(), crecen = 0;
+        for (int j = i; j < fin; ++j)
+            if (!items_[j]->isEmpty()) {
+                sobra -= ancho_minimo(*items_[j]) + spacing();
+                crecen += se_estira(*items_[j]);
+            }
+        const bool separa = i == 0 && fin == items_.size() && crecen == 0;
+        int x = marco.x();
+        y += spacing();
+        for (int j = i; j < fin; ++j) {
+            QLayoutItem* item = items_[j];
+            if (item->isEmpty())
+                continue;
+            int ancho = qMin(ancho_minimo(*item), marco.width());
+            if (sobra > 0 && se_estira(*item)) {
+                const int parte = sobra / crecen--;
+                ancho += parte;
+                sobra -= parte;
+            }
+            if (j == separador_ && separa)
+                x += sobra;
+            if (aplicar)
+                item->setGeometry(QRect(x, y, ancho, alto));
+            x += ancho + spacing();
+        }
+        y += alto;
+    }
+    return items_.isEmpty() ? 0 : y - marco.y();
 }

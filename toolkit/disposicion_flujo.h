@@ -1,5 +1,6 @@
 #pragma once
 // Fila de controles que pasa a otro renglón cuando no caben, para ventanas angostas y letra grande.
+// Los que se estiran ceden hasta su ancho mínimo antes de pasar, y se reparten lo que sobre.
 #include <QLayout>
 #include <QVector>
 #include <initializer_list>
@@ -14,6 +15,8 @@ public:
 
     /// Lo que sigue va pegado a la derecha mientras todo quepa en un renglón.
     void separe() { separador_ = int(items_.size()); }
+    /// Lo que sigue empieza renglón mientras lo anterior quepa en uno solo.
+    void parta() { corte_ = int(items_.size()); }
 
     void addItem(QLayoutItem* item) override { items_.append(item); }
     int count() const override { return int(items_.size()); }
@@ -28,8 +31,10 @@ public:
     QSize minimumSize() const override;
 
 private:
+    /// Dónde termina el renglón que empieza en `desde`.
+    int fin_de_renglon(int desde, int ancho) const;
     int acomode(const QRect& marco, bool aplicar) const;
 
     QVector<QLayoutItem*> items_;
-    int separador_ = -1;
+    int separador_ = -1, corte_ = -1;
 };

@@ -1,6 +1,7 @@
 #include "toolkit/formulario.h"
 
 #include "toolkit/disposicion_flujo.h"
+#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 
 #include <QBoxLayout>
@@ -83,7 +84,7 @@ void Formulario::encadene() {
 QGridLayout* Formulario::rejilla() {
     if (rejilla_)
         return rejilla_;
-    rejilla_ = new QGridLayout;
+    rejilla_ = ceden_las_filas(*dueno_) ? new DisposicionPares : new QGridLayout;
     rejilla_->setHorizontalSpacing(paso());
     rejilla_->setVerticalSpacing(paso());
     if (grupo_) {
@@ -109,12 +110,14 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
         puestos_ << par.control;
         const bool ultimo = &par == pares.end() - 1;
         const bool alto = crece_a_lo_alto(par.control);
+        auto* flujo = dynamic_cast<DisposicionFlujo*>(par.control->layout());
+        if (flujo && ceden_las_filas(*dueno_)) // mientras la cuadrícula quepa, en un renglón
+            r->setColumnMinimumWidth(columna + 1, flujo->sizeHint().width());
         if (!par.etiqueta.isEmpty()) {
             QLabel* rotulo = ponga_rotulo(par.control, par.etiqueta);
             if (columna == 0 && !grupo_)
                 alinee_rotulos(rotulo->sizeHint().width());
             // El de una fila que puede seguir en otro renglón queda junto al primero.
-            auto* flujo = dynamic_cast<DisposicionFlujo*>(par.control->layout());
             if (flujo)
                 rotulo->setMinimumHeight(flujo->sizeHint().height());
             r->addWidget(rotulo, renglon, columna,

@@ -95,15 +95,25 @@ bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 void MarcoPantalla::muestre(QWidget* control) {
-    ensureWidgetVisible(control);
-    // La ventanilla no sabe que los botones tapan su borde de abajo.
-    if (!telon_ || !telon_->isVisible())
-        return;
-    const QRect lugar(control->mapTo(viewport(), QPoint()), control->size());
-    const int tapa = lugar.bottom() + paso() - telon_->mapTo(viewport(), QPoint()).y();
-    const int cabe = lugar.top() - paso(); // de uno más alto que la ventanilla se ve el comienzo
-    if (const int sube = qMin(tapa, cabe); sube > 0)
-        verticalScrollBar()->setValue(verticalScrollBar()->value() + sube);
+    // Con él se ve lo que lo rodea, si cabe: las sumas y los nombres de una rejilla.
+    const bool tapan = telon_ && telon_->isVisible();
+    const QSize hueco(viewport()->width(), viewport()->height() - (tapan ? telon_->height() : 0));
+    QWidget* grupo = control;
+    for (QWidget* w = control; w != pantalla_ && w->width() <= hueco.width() &&
+                               w->height() + 2 * paso() <= hueco.height();
+         w = w->parentWidget())
+        grupo = w;
+    for (QWidget* w : {grupo, control}) {
+        ensureWidgetVisible(w);
+        if (!tapan)
+            continue;
+        // La ventanilla no sabe que los botones tapan su borde de abajo.
+        const QRect lugar(w->mapTo(viewport(), QPoint()), w->size());
+        const int tapa = lugar.bottom() + paso() - telon_->mapTo(viewport(), QPoint()).y();
+        const int cabe = lugar.top() - paso(); // de uno más alto que la ventanilla se ve el inicio
+        if (const int sube = qMin(tapa, cabe); sube > 0)
+            verticalScrollBar()->setValue(verticalScrollBar()->value() + sube);
+    }
 }
 
 void MarcoPantalla::suelte() {

@@ -11,6 +11,7 @@ LetreroDiferencia::LetreroDiferencia(LineasCuenta& lineas) : lineas_(lineas) {
     letra.setBold(true);
     setFont(letra);
     setMinimumWidth(ancho_caracteres(fontMetrics(), 30));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred); // lo que diga no mueve los demás
     enlace(&lineas.detalle);
 }
 

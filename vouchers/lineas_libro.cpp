@@ -3,12 +3,14 @@
 #include "libro/catalogos.h"
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "vouchers/letrero_diferencia.h"
 #include "vouchers/nombres_en_linea.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
+#include <QHeaderView>
 #include <QScopedValueRollback>
 
 namespace {
@@ -28,6 +30,13 @@ const CamposLinea kDeComprobante{
     .dif_debito_niif = "DifDebN",
     .dif_credito_niif = "DifCreN",
     .con_saldos = true,
+};
+
+/// Página de un libro: pide el alto con que se alcanza a digitar, no el que más le gusta a su
+/// rejilla.
+class Pagina : public QWidget {
+public:
+    int heightForWidth(int ancho) const override { return layout()->minimumHeightForWidth(ancho); }
 };
 
 struct Titulo {
@@ -81,7 +90,7 @@ void LineasLibro::defina_campos(ConjuntoDatos& d, Libro libro) {
 // ---------------------------------------------------------------- disposición
 
 QWidget* LineasLibro::construya_pagina() {
-    auto* pagina = new QWidget;
+    auto* pagina = new Pagina;
     pagina->setObjectName(es_niif(libro) ? "TabSheet2" : "TabSheet1");
     const QString n = es_niif(libro) ? QStringLiteral("N") : QString();
     rejilla = new Rejilla(pagina);
@@ -93,6 +102,8 @@ QWidget* LineasLibro::construya_pagina() {
                             t.opciones, t.formato});
     rejilla->columnas(columnas);
     rejilla->pie(true);
+    // Con sus títulos, su pie y su barra, más de tres líneas aunque haya que desplazar la ventana.
+    rejilla->setMinimumHeight(13 * rejilla->verticalHeader()->defaultSectionSize() / 2);
     rejilla->enter_como_tab = true;
     rejilla->texto_vacio = QStringLiteral("Sin líneas: digite el código de la cuenta, o F9 para "
                                           "buscarla.");
@@ -142,24 +153,31 @@ QWidget* LineasLibro::construya_pagina() {
 }
 
 void LineasLibro::disponga_nombres(Formulario& f) {
-    // Dos renglones para que quepan más líneas; sin saldos los nombres quedan solos.
+    // Dos renglones para que quepan más líneas; sin saldos los nombres quedan solos. En una ventana
+    // angosta los grupos siguen en otro renglón: un nombre cede hasta doce letras, una cifra nada.
     auto* nombres = new QWidget;
-    auto* renglon = new QHBoxLayout(nombres);
-    renglon->setContentsMargins(0, 0, 0, 0);
-    renglon->setSpacing(paso(0.5));
-    const auto ponga = [&](const char* titulo, std::initializer_list<QLineEdit*> cajas,
-                           EditorNumero* saldo) {
-        renglon->addWidget(rotulo(titulo, *cajas.begin()));
-        for (QLineEdit* caja : cajas)
-            renglon->addWidget(caja, 1);
-        if (saldo)
-            renglon->addWidget(saldo);
+    auto* flujo = new DisposicionFlujo(nombres, paso(0.5));
+    for (QLineEdit* caja : {NomCuenta, NomTerc, NomProy, NomCent})
+        caja->setMinimumWidth(ancho_caracteres(caja->fontMetrics(), 12));
+    const auto ponga = [&](const char* titulo, std::initializer_list<QWidget*> cajas) {
+        QWidget* grupo = Formulario::junto(cajas);
+        auto* fila = static_cast<QHBoxLayout*>(grupo->layout());
+        fila->insertWidget(0, rotulo(titulo, *cajas.begin()));
+        flujo->addWidget(grupo);
+        return fila;
     };
-    ponga("Cuenta", {NomCuenta}, ESaldocta);
-    ponga("Tercero", {NomTerc}, ESaldoter);
-    ponga("Proyecto", {NomProy, NomCent}, ESaldocent);
+    const auto con_saldo = [&](QBoxLayout* fila, EditorNumero* saldo) {
+        if (saldo)
+            fila->addWidget(saldo);
+    };
+    con_saldo(ponga("Cuenta", {NomCuenta}), ESaldocta);
+    con_saldo(ponga("Tercero", {NomTerc}), ESaldoter);
+    con_saldo(ponga("Proyecto", {NomProy, NomCent}), ESaldocent);
+    flujo->parta();
+    ponga("Débitos", {Sumadeb});
+    ponga("Créditos", {SumCred});
+    ponga("Diferencia", {LabDiferencia});
     f.ancha(nombres, 0);
-    f.fila({{"Débitos", Sumadeb}, {"Créditos", SumCred}, {"Diferencia", LabDiferencia}});
 }
 
 void LineasLibro::ate_eventos() {

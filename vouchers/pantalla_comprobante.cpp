@@ -2,6 +2,8 @@
 
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 #include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/paso_atras.h"
@@ -123,6 +125,9 @@ void PantallaComprobante::construya_controles() {
 
 void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
+    ceda_filas(this);
+    LTipo->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    LTipo->setMinimumWidth(ancho_caracteres(LTipo->fontMetrics(), 12));
     // Lo que se ahorra alrededor son líneas del asiento.
     layout()->setContentsMargins(paso(1.5), paso(), paso(1.5), paso());
     layout()->setSpacing(paso());
@@ -132,14 +137,9 @@ void PantallaComprobante::disponga(QWidget* control_prefijo) {
     f.fila(
         {{"Concepto", DBEdit1},
          {"Referencia", Formulario::junto({ERef, rotulo("Tercero", DBEdit2), DBEdit2, DBEdit3})}});
-    auto* casillas = new QWidget;
-    auto* renglon = new QHBoxLayout(casillas);
-    renglon->setContentsMargins(0, 0, 0, 0);
-    for (QCheckBox* c :
-         {static_cast<QCheckBox*>(DBCheckBox1), ckFiltro, static_cast<QCheckBox*>(DBCheckBox2)})
-        renglon->addWidget(c);
-    renglon->addStretch();
-    f.fila({{"Monto", DBEdit6}, {"Observaciones", DBMemo1}, {"", casillas}});
+    f.fila({{"Monto", DBEdit6},
+            {"Observaciones", DBMemo1},
+            {"", en_flujo({DBCheckBox1, ckFiltro, DBCheckBox2}, paso())}});
     f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
     if (!LabMand)

@@ -1,5 +1,7 @@
 #include "vouchers/tfcontabiliza.h"
 
+#include "toolkit/disposicion_pares.h"
+#include "toolkit/estilo.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -68,6 +70,7 @@ void Tfcontabiliza::defina_conjuntos() {
 
 void Tfcontabiliza::construya() {
     EDocumento = caja_de_lectura("EDocumento", 24);
+    EDocumento->setMinimumWidth(ancho_caracteres(EDocumento->fontMetrics(), 20));
     EComprobante = caja_de_lectura("EComprobante", 16);
     EFecha = caja_de_lectura("EFecha", 10);
     EConcepto = LineasCuenta::caja_de_nombre("EConcepto");
@@ -99,6 +102,7 @@ void Tfcontabiliza::construya() {
     pagina(Qt::Key_PageDown, 1);
 
     Formulario f(this);
+    ceda_filas(this);
     f.fila({{"Documento", EDocumento}, {"Comprobante", EComprobante}, {"Fecha", EFecha}});
     f.fila("Concepto", EConcepto);
     f.ancha(PageControl1, 1);

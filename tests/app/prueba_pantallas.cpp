@@ -11,6 +11,13 @@
 
 namespace {
 
+/// Desde este ancho toda pantalla cabe en su ventana: lo ancho se desplaza dentro de ella.
+constexpr int kAngosto = 800;
+
+/// Con recuadros lado a lado, que no pasan a otro renglón.
+const QStringList kMasAnchas{"Tfedtarticulo", "Tfnvoarticulo", "Tfmodtercero", "Tfnvotercero",
+                             "Tfvalactivo"};
+
 /// Control que el usuario ve como uno: la rejilla entera, el grupo de opciones, la caja de fecha.
 QWidget* control_de(QWidget* foco) {
     QWidget* control = foco;
@@ -133,6 +140,11 @@ QVector<QWidget*> recorra_con_tab(Pantalla* p, bool atras, QSet<QWidget*>& apaga
             }
             if (!visitados.isEmpty() && tapado(p, control))
                 fuga += nombre_de(control) + " recibe el foco y no se ve; ";
+            // Quien digita las líneas ve si cuadran.
+            if (qobject_cast<Rejilla*>(control) && p->window()->width() > kAngosto)
+                for (auto* d : p->findChildren<QLabel*>(QRegularExpression("^LabDiferencia")))
+                    if (d->isVisible() && tapado(p, d))
+                        fuga += d->objectName() + " no se ve desde las líneas; ";
             visitados << control;
             // Celda por celda, una lista larga no se acaba: la última fila está a un paso.
             if (qobject_cast<Rejilla*>(control))
@@ -157,6 +169,7 @@ private slots:
     void cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos_data() {
         QTest::addColumn<QSize>("monitor");
         QTest::newRow("corriente") << QSize(1366, 768);
+        QTest::newRow("con letra a la mitad más") << QSize(1366, 768) / 1.5;
         QTest::newRow("con letra al doble") << QSize(1366, 768) / 2;
     }
     void cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos();
@@ -199,6 +212,9 @@ void PruebaPantallas::cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos() 
     QStringList malas;
     con_cada_pantalla(*s_, {}, monitor, [&](Pantalla* p) {
         const QString esta = p->objectName();
+        if (const int sobra = p->width() - p->parentWidget()->width();
+            sobra > 0 && monitor.width() > kAngosto && !kMasAnchas.contains(esta))
+            malas << QString("%1 se desplaza %2 a lo ancho").arg(esta).arg(sobra);
         p->window()->activateWindow();
         if (!QTest::qWaitForWindowActive(p->window()))
             malas << esta + ": no se activó";
