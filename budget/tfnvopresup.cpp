@@ -4,6 +4,7 @@
 #include "budget/peticiones_presupuesto.h"
 #include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/rejilla/paso_atras.h"
 
 namespace {
@@ -66,7 +67,7 @@ void Tfnvopresup::construya() {
     NomCuenta->setReadOnly(true);
     NomCuenta->setFocusPolicy(Qt::NoFocus);
 
-    LMes = new QComboBox;
+    LMes = new ListaTecleo;
     LMes->setObjectName("LMes");
     LMes->addItems(Tfdm::nombres_periodo().mid(0, 13));
     EAnoOrigen = new QSpinBox;

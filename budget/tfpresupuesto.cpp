@@ -2,13 +2,14 @@
 
 #include "budget/pch.h"
 #include "budget/peticiones_presupuesto.h"
+#include "toolkit/controles/lista_tecleo.h"
 
 namespace {
 constexpr int kGrabar = 50, kConsultar = 51;
 constexpr int kLetrasCentro = 12; ///< del nombre de un centro, las que siempre se ven
 
 QComboBox* lista_de_centros() {
-    auto* lista = new QComboBox;
+    auto* lista = new ListaTecleo;
     lista->setObjectName("LCentro");
     // Un nombre largo no obliga a ensanchar la ventana.
     lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

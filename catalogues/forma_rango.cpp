@@ -8,6 +8,7 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/controles/fecha_contable.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
@@ -96,7 +97,7 @@ void FormaRango::arme_tipos(Formulario& f, const ParRango& par) {
     // Una fila para cada caja: el nombre del tipo se lee entero.
     for (const auto& [lado, nombre] :
          {std::pair{" desde:", par.desde}, std::pair{" hasta:", par.hasta}}) {
-        auto* lista = new QComboBox(this);
+        auto* lista = new ListaTecleo(this);
         lista->setObjectName(nombre);
         lista->setEditable(true);
         lista->setInsertPolicy(QComboBox::NoInsert);
@@ -225,7 +226,7 @@ QWidget* FormaRango::cree_ano(const QString& nombre) {
 }
 
 QWidget* FormaRango::cree_mes(const QString& nombre, int escogido, int primero, int ultimo) {
-    auto* lista = new QComboBox(this);
+    auto* lista = new ListaTecleo(this);
     lista->setObjectName(nombre);
     lista->setAccessibleName(QStringLiteral("Mes"));
     lista->addItems(codigos_de_mes().mid(primero - 1, ultimo - primero + 1));

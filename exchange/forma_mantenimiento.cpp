@@ -5,6 +5,7 @@
 #include "sesion/indices_catalogos.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/controles/fecha_contable.h"
+#include "toolkit/controles/lista_tecleo.h"
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -91,7 +92,7 @@ QCheckBox* FormaMantenimiento::casilla(const QString& nombre, const QString& tex
 }
 
 QComboBox* FormaMantenimiento::lista_tipos(const QString& todos) {
-    LTipo = new QComboBox;
+    LTipo = new ListaTecleo;
     LTipo->setObjectName("LTipo");
     if (!todos.isEmpty())
         LTipo->addItem(todos, QString());

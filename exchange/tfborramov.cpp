@@ -1,9 +1,10 @@
 #include "exchange/tfborramov.h"
 
 #include "exchange/pch.h"
+#include "toolkit/controles/lista_tecleo.h"
 
 Tfborramov::Tfborramov() : FormaMantenimiento("Tfborramov", "Borrar movimientos") {
-    LPref = new QComboBox;
+    LPref = new ListaTecleo;
     LPref->setObjectName("LPref");
     NumIni = caja("NumIni", 8);
     NumFin = caja("NumFin", 8);
@@ -61,10 +62,9 @@ bool Tfborramov::corra() {
         return borre_movimientos(fdm().Quorvex, r, fdm().usuario, paso);
     };
     const CifrasMantenimiento c = llame(Paso::Cifras);
-    QString pregunta =
-        "Se borrarán " + c.cuantos() +
-        (c.borrados == 1 ? "; 1 se va entero."
-                         : QStringLiteral("; %1 se van enteros.").arg(c.borrados));
+    QString pregunta = "Se borrarán " + c.cuantos() +
+                       (c.borrados == 1 ? "; 1 se va entero."
+                                        : QStringLiteral("; %1 se van enteros.").arg(c.borrados));
     if (c.ajenos > 0)
         pregunta += QStringLiteral(" %1 los generaron otros módulos, y sus documentos quedarán sin "
                                    "contabilizar.")

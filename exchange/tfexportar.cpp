@@ -3,6 +3,7 @@
 #include "datos/firebird/reloj.h"
 #include "exchange/pch.h"
 #include "toolkit/controles/fecha_contable.h"
+#include "toolkit/controles/lista_tecleo.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ QLineEdit* caja(const char* nombre, int largo = 0) {
 }
 
 QComboBox* lista(const char* nombre, const QStringList& textos = {}) {
-    auto* c = new QComboBox;
+    auto* c = new ListaTecleo;
     c->setObjectName(nombre);
     c->addItems(textos);
     return c;

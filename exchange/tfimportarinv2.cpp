@@ -1,13 +1,14 @@
 #include "exchange/tfimportarinv2.h"
 
 #include "exchange/pch.h"
+#include "toolkit/controles/lista_tecleo.h"
 
 #include <QButtonGroup>
 
 namespace {
 
 QComboBox* lista(const char* nombre, const QStringList& textos) {
-    auto* c = new QComboBox;
+    auto* c = new ListaTecleo;
     c->setObjectName(nombre);
     c->addItems(textos);
     return c;

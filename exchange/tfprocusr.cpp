@@ -1,6 +1,7 @@
 #include "exchange/tfprocusr.h"
 
 #include "exchange/pch.h"
+#include "toolkit/controles/lista_tecleo.h"
 
 #include <QGridLayout>
 #include <QRegularExpression>
@@ -22,7 +23,7 @@ Tfprocusr::Tfprocusr() : Pantalla("Tfprocusr", "Procedimientos de usuario") {
 }
 
 void Tfprocusr::construya() {
-    LProceso = new QComboBox;
+    LProceso = new ListaTecleo;
     LProceso->setObjectName("LProceso");
     auto* parametros = new QWidget;
     auto* cuadro = new QGridLayout(parametros);

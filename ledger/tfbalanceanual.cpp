@@ -6,6 +6,7 @@
 #include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -103,7 +104,7 @@ void Tfbalanceanual::arme_rejilla() {
 QWidget* Tfbalanceanual::cree_grafico() {
     PanelGrafico = new QGroupBox("Gráfico");
     PanelGrafico->setObjectName("PanelGrafico");
-    Tipo = new QComboBox;
+    Tipo = new ListaTecleo;
     Tipo->setObjectName("Tipo");
     Tipo->addItems({"Movimientos", "Saldo Inicial", "Saldo Final"});
     connect(Tipo, &QComboBox::activated, this,

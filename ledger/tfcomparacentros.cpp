@@ -3,6 +3,7 @@
 #include "sesion/instalacion.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
@@ -68,7 +69,7 @@ Tfcomparacentros::Tfcomparacentros()
     defina_conjunto();
     ckNiif = new QCheckBox("Cuentas NIIF", this);
     ckNiif->setObjectName("ckNiif");
-    ComboBox1 = new QComboBox(this);
+    ComboBox1 = new ListaTecleo(this);
     ComboBox1->setObjectName("ComboBox1");
     ComboBox1->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     zonas = new ZonasCubo(cubo_);

@@ -2,6 +2,7 @@
 
 #include "niif/pch.h"
 #include "niif/peticiones_niif.h"
+#include "toolkit/controles/lista_tecleo.h"
 
 namespace {
 constexpr int kNivelInicial = 3;
@@ -24,7 +25,7 @@ void Tfconciliapat::construya() {
     EAno = new QSpinBox;
     EAno->setObjectName("EAno");
     EAno->setRange(1900, 2999);
-    EMes = new QComboBox;
+    EMes = new ListaTecleo;
     EMes->setObjectName("EMes");
     EMes->addItem("Apertura del año");
     for (int mes = 0; mes < kAjustes; ++mes)

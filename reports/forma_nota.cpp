@@ -4,6 +4,7 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/editorrico.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/sin_grabar.h"
@@ -65,7 +66,7 @@ FormaNota::FormaNota(const QString& clase, const QString& titulo)
 // ---------------------------------------------------------------- período
 
 QComboBox* FormaNota::lista_de_meses(const QString& nombre) {
-    auto* lista = new QComboBox(this);
+    auto* lista = new ListaTecleo(this);
     lista->setObjectName(nombre);
     lista->setAccessibleName(QStringLiteral("Mes"));
     lista->addItems(Tfdm::nombres_periodo().mid(0, kAjustes + 1));

@@ -7,6 +7,7 @@
 #include "toolkit/controles/casilladato.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/imagendato.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
@@ -129,7 +130,7 @@ void Tfmodformato::construya_encabezado(Formulario& f) {
     };
     ECodigo = editor("FOCO_ID", 8);
     ECodigo->ReadOnly(true);
-    EImpresora = new QComboBox;
+    EImpresora = new ListaTecleo;
     EImpresora->setObjectName("EImpresora");
     auto* niif = new CasillaDato("Cuentas Niif", &CFormato, "FOCO_NIIF");
     niif->setObjectName("FOCO_NIIF");

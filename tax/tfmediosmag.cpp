@@ -8,6 +8,7 @@
 #include "tax/procedimiento.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/fecha_contable.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -61,7 +62,7 @@ void Tfmediosmag::arme() {
     admita_barras(FecIni);
     admita_barras(FecFin);
     Ubicacion = caja("Ubicacion", 400);
-    LFormato = new QComboBox(this);
+    LFormato = new ListaTecleo(this);
     LFormato->setObjectName("LFormato");
     auto* otra = new QToolButton(this);
     otra->setObjectName("SpeedButton1");

@@ -10,6 +10,7 @@
 #include "tax/revision_medio.h"
 #include "tax/tfrevisamedio.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -117,10 +118,10 @@ void Tfmediosmag13::arme_encabezado(Formulario& f) {
     NroEnv = new QSpinBox(this);
     NroEnv->setObjectName("NroEnv");
     NroEnv->setRange(1, 999999);
-    Concepto = new QComboBox(this);
+    Concepto = new ListaTecleo(this);
     Concepto->setObjectName("Concepto");
     Concepto->addItems({"1. Nuevo archivo", "2. Reemplazo"});
-    LFormato = new QComboBox(this);
+    LFormato = new ListaTecleo(this);
     LFormato->setObjectName("LFormato");
     LFormato->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     LFormato->setMinimumContentsLength(kLetrasFormato);

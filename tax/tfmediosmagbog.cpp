@@ -9,6 +9,7 @@
 #include "tax/filas_conjunto.h"
 #include "tax/medio_distrital.h"
 #include "tax/procedimiento.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/disposicion_pares.h"
 #include "toolkit/formulario.h"
@@ -128,7 +129,7 @@ void Tfmediosmagbog::defina_campos() {
 }
 
 void Tfmediosmagbog::arme_encabezado(Formulario& f) {
-    LFormato = new QComboBox(this);
+    LFormato = new ListaTecleo(this);
     LFormato->setObjectName("LFormato");
     LFormato->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     NitShd = caja("NitShd", 20);

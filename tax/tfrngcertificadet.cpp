@@ -2,6 +2,7 @@
 
 #include "tax/variables_certificado.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/formulario.h"
 
 #include <QComboBox>
@@ -36,7 +37,7 @@ Tfrngcertificadet::Tfrngcertificadet() : FormaRango(kDatos) {
                                         {"RETEICA", "Rte. ICA"},
                                         {"PAGADO", "Pagado"}})
         CAuxiliar.decimal(campo).etiqueta(rotulo).formato("#,###.00");
-    RTipo = new QComboBox(this);
+    RTipo = new ListaTecleo(this);
     RTipo->setObjectName("RTipo");
     RTipo->addItems({"Por categoría y porcentaje", "General por categoría"});
     Formulario f(this);

@@ -5,6 +5,7 @@
 #include "tax/avance.h"
 #include "tax/variables_certificado.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/letrero_espera.h"
@@ -84,11 +85,11 @@ Tfrngcertificados::Tfrngcertificados() : FormaRango(kDatos) {
 }
 
 void Tfrngcertificados::arme_encabezado(Formulario& f) {
-    Ltipo = new QComboBox(this);
+    Ltipo = new ListaTecleo(this);
     Ltipo->setObjectName("Ltipo");
     for (const Clase& c : kClases)
         Ltipo->addItem(QString::fromUtf8(c.rotulo));
-    Lperiodo = new QComboBox(this);
+    Lperiodo = new ListaTecleo(this);
     Lperiodo->setObjectName("Lperiodo");
     Label5 = new QLabel(this);
     Label5->setObjectName("Label5");

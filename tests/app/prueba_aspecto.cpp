@@ -256,6 +256,9 @@ void revise_cajas(const Pantalla* p, QStringList& faltas) {
         if (e->isVisible() && e->isReadOnly() &&
             e->fontMetrics().horizontalAdvance(e->text()) > e->contentsRect().width())
             faltas << nombre_de(e) + " se recorta: " + e->text();
+    for (const QComboBox* lista : p->findChildren<QComboBox*>())
+        if (!lista->isEditable() && !lista->inherits("ListaTecleo"))
+            faltas << nombre_de(lista) + " no busca lo que se teclea con espacios";
 }
 
 /// Lo que un lector de pantalla diría de un control; vacío si nada.

@@ -1,5 +1,6 @@
 #include "toolkit/controles/editorrico.h"
 
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/estilo.h"
 
 #include <QAction>
@@ -32,7 +33,7 @@ QString con_entidades(const QString& html) {
 
 EditorRico::EditorRico(QWidget* padre)
     : QWidget(padre), texto(new QTextEdit(this)), letra(new QFontComboBox(this)),
-      barra_(new QToolBar(this)), cuerpo_(new QComboBox(this)) {
+      barra_(new QToolBar(this)), cuerpo_(new ListaTecleo(this)) {
     texto->setObjectName("texto");
     texto->setAcceptRichText(true);
     texto->installEventFilter(this);

@@ -35,12 +35,11 @@ private:
     bool activa_ = false;
 };
 
-ListaDato::ListaDato(QWidget* padre) : QComboBox(padre) {
+ListaDato::ListaDato(QWidget* padre) : ListaTecleo(padre) {
     setMaxVisibleItems(kFilasVisibles);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kTextoMinimo);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    view()->installEventFilter(this);
     connect(this, &QComboBox::activated, this, &ListaDato::escogido);
 }
 
@@ -176,14 +175,7 @@ void ListaDato::escogido(int indice) {
         proteja(OnChange);
 }
 
-void ListaDato::showPopup() {
-    tecleo_.olvide();
-    asegure_lista();
-    QComboBox::showPopup();
-}
-
 void ListaDato::keyPressEvent(QKeyEvent* evento) {
-    asegure_lista();
     const bool borra = evento->key() == Qt::Key_Delete || evento->key() == Qt::Key_Backspace;
     if (borra && evento->modifiers() == Qt::NoModifier) {
         const Campo* c = campo();
@@ -191,73 +183,22 @@ void ListaDato::keyPressEvent(QKeyEvent* evento) {
             escogido(-1);
         return;
     }
-    const int antes = currentIndex();
-    if (isEnabled() && tecleo_.reciba(*evento)) {
-        if (const int hallado = con_prefijo(antes); hallado < 0) {
-            tecleo_.devuelva();
-        } else if (hallado != antes) {
-            setCurrentIndex(hallado);
-            escogido(hallado);
-        }
-        return;
-    }
-    if (evento->key() != Qt::Key_Shift && evento->key() != Qt::Key_AltGr)
-        tecleo_.olvide();
-    QComboBox::keyPressEvent(evento);
-}
-
-int ListaDato::con_prefijo(int desde) const {
-    if (tecleo_.vacio())
-        return desde;
-    const QString buscado =
-        texto_llano(tecleo_.repetido() ? tecleo_.texto().left(1) : tecleo_.texto());
-    const int cuantos = count(), paso = buscado.size() == 1 ? 1 : 0;
-    for (int i = 0; i < cuantos; ++i) {
-        const int cual = (qMax(desde, -paso) + paso + i + cuantos) % cuantos;
-        if (texto_llano(itemText(cual)).startsWith(buscado))
-            return cual;
-    }
-    return -1;
-}
-
-bool ListaDato::eventFilter(QObject* objeto, QEvent* evento) {
-    // Desplegada, las teclas son de la vista.
-    if (objeto == view() && evento->type() == QEvent::KeyPress) {
-        auto& tecla = static_cast<QKeyEvent&>(*evento);
-        if (tecleo_.reciba(tecla)) {
-            if (const int hallado = con_prefijo(view()->currentIndex().row()); hallado < 0)
-                tecleo_.devuelva();
-            else
-                view()->setCurrentIndex(model()->index(hallado, modelColumn(), rootModelIndex()));
-            return true;
-        }
-        if (tecla.key() != Qt::Key_Shift && tecla.key() != Qt::Key_AltGr)
-            tecleo_.olvide();
-    }
-    return QComboBox::eventFilter(objeto, evento);
-}
-
-void ListaDato::wheelEvent(QWheelEvent* evento) {
-    if (hasFocus())
-        QComboBox::wheelEvent(evento);
-    else
-        evento->ignore(); // pasar la rueda por encima no cambia el dato
+    ListaTecleo::keyPressEvent(evento);
 }
 
 void ListaDato::focusInEvent(QFocusEvent* evento) {
-    QComboBox::focusInEvent(evento);
+    ListaTecleo::focusInEvent(evento);
     foco_ganado();
 }
 
 void ListaDato::focusOutEvent(QFocusEvent* evento) {
-    QComboBox::focusOutEvent(evento);
-    tecleo_.olvide();
+    ListaTecleo::focusOutEvent(evento);
     foco_perdido(evento->reason());
 }
 
 void ListaDato::paintEvent(QPaintEvent* evento) {
     if (texto_ajeno_.isEmpty()) {
-        QComboBox::paintEvent(evento);
+        ListaTecleo::paintEvent(evento);
         return;
     }
     QStylePainter pintor(this);

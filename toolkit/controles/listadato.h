@@ -1,12 +1,9 @@
 #pragma once
 // Lista desplegable atada a un campo: de una tabla (llave guardada, nombre a la vista) o de textos.
-// Lo que se teclea seguido, con sus espacios, busca por el comienzo sin distinguir tildes.
 #include "toolkit/controles/controldato.h"
-#include "toolkit/tecleo.h"
+#include "toolkit/controles/lista_tecleo.h"
 
-#include <QComboBox>
-
-class ListaDato : public QComboBox, public ControlDato {
+class ListaDato : public ListaTecleo, public ControlDato {
     Q_OBJECT
 public:
     explicit ListaDato(QWidget* padre = nullptr);
@@ -34,10 +31,8 @@ protected:
     void muestre() override;
     Valor contenido() const override;
     void aplique_permiso() override;
-    void showPopup() override;
+    void asegure_lista() override;
     void keyPressEvent(QKeyEvent* evento) override;
-    bool eventFilter(QObject* objeto, QEvent* evento) override;
-    void wheelEvent(QWheelEvent* evento) override;
     void focusInEvent(QFocusEvent* evento) override;
     void focusOutEvent(QFocusEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
@@ -46,9 +41,7 @@ private:
     class EnlaceTabla;
     void escogido(int indice);
     void lea_tabla();
-    void asegure_lista();
     void marque_vieja();
-    int con_prefijo(int desde) const;
 
     ConjuntoDatos* tabla_ = nullptr;
     QString llave_, columna_;
@@ -57,5 +50,4 @@ private:
     bool vieja_ = false;  ///< la tabla cambió desde la última lectura
     QString texto_ajeno_; ///< valor del campo que no está en la lista
     std::unique_ptr<EnlaceTabla> enlace_tabla_;
-    Tecleo tecleo_; ///< letras tecleadas seguidas, espacios incluidos
 };

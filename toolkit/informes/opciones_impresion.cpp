@@ -1,5 +1,6 @@
 #include "toolkit/informes/opciones_impresion.h"
 
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/exportacion/exportacion.h"
@@ -74,7 +75,7 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     setObjectName(QStringLiteral("OpcionesImpresion"));
     setWindowTitle(QStringLiteral("Opciones de impresión"));
 
-    impresora_ = con_nombre(new QComboBox, "impresora");
+    impresora_ = con_nombre(new ListaTecleo, "impresora");
     impresora_->setAccessibleName(QStringLiteral("Impresora"));
     auto* configurar = con_nombre(new QPushButton(QStringLiteral("Confi&gurar")), "configurar");
     connect(configurar, &QPushButton::clicked, this, [this] { configure(); });
@@ -103,7 +104,7 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     a_impresora_ = con_nombre(new QRadioButton(QStringLiteral("&Impresora")), "a_impresora");
     a_vista_ = con_nombre(new QRadioButton(QStringLiteral("&Vista preliminar")), "a_vista");
     a_archivo_ = con_nombre(new QRadioButton(QStringLiteral("&Archivo")), "a_archivo");
-    formato_ = con_nombre(new QComboBox, "formato");
+    formato_ = con_nombre(new ListaTecleo, "formato");
     for (const char* f : kFormatos)
         formato_->addItem(QLatin1String(f));
     formato_->setCurrentIndex(int(inicial.formato));

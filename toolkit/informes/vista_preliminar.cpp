@@ -1,6 +1,7 @@
 #include "toolkit/informes/vista_preliminar.h"
 
 #include "toolkit/aviso_salida.h"
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/impresora.h"
 #include "toolkit/proteccion.h"
@@ -236,7 +237,7 @@ VistaPreliminar::VistaPreliminar(const Hojas& hojas, const QString& archivo,
     });
 
     auto* rotulo_tamano = new QLabel(QStringLiteral("&Tamaño"));
-    tamano_ = new QComboBox;
+    tamano_ = new ListaTecleo;
     tamano_->setObjectName(QStringLiteral("tamano"));
     for (int p : {50, 75, 100, 125, 150, 200, 300})
         tamano_->addItem(QStringLiteral("%1 %").arg(p), p);

@@ -1,0 +1,75 @@
+#include "toolkit/controles/lista_tecleo.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QWheelEvent>
+
+ListaTecleo::ListaTecleo(QWidget* padre) : QComboBox(padre) {
+    view()->installEventFilter(this);
+}
+
+void ListaTecleo::showPopup() {
+    tecleo_.olvide();
+    asegure_lista();
+    QComboBox::showPopup();
+}
+
+void ListaTecleo::keyPressEvent(QKeyEvent* evento) {
+    asegure_lista();
+    const int antes = currentIndex();
+    if (isEnabled() && !isEditable() && tecleo_.reciba(*evento)) {
+        if (const int hallado = con_prefijo(antes); hallado < 0) {
+            tecleo_.devuelva();
+        } else if (hallado != antes) {
+            setCurrentIndex(hallado);
+            emit activated(hallado);
+        }
+        return;
+    }
+    if (evento->key() != Qt::Key_Shift && evento->key() != Qt::Key_AltGr)
+        tecleo_.olvide();
+    QComboBox::keyPressEvent(evento);
+}
+
+int ListaTecleo::con_prefijo(int desde) const {
+    if (tecleo_.vacio())
+        return desde;
+    const QString buscado =
+        texto_llano(tecleo_.repetido() ? tecleo_.texto().left(1) : tecleo_.texto());
+    const int cuantos = count(), paso = buscado.size() == 1 ? 1 : 0;
+    for (int i = 0; i < cuantos; ++i) {
+        const int cual = (qMax(desde, -paso) + paso + i + cuantos) % cuantos;
+        if (texto_llano(itemText(cual)).startsWith(buscado))
+            return cual;
+    }
+    return -1;
+}
+
+bool ListaTecleo::eventFilter(QObject* objeto, QEvent* evento) {
+    // Desplegada, las teclas son de la vista.
+    if (objeto == view() && evento->type() == QEvent::KeyPress) {
+        auto& tecla = static_cast<QKeyEvent&>(*evento);
+        if (tecleo_.reciba(tecla)) {
+            if (const int hallado = con_prefijo(view()->currentIndex().row()); hallado < 0)
+                tecleo_.devuelva();
+            else
+                view()->setCurrentIndex(model()->index(hallado, modelColumn(), rootModelIndex()));
+            return true;
+        }
+        if (tecla.key() != Qt::Key_Shift && tecla.key() != Qt::Key_AltGr)
+            tecleo_.olvide();
+    }
+    return QComboBox::eventFilter(objeto, evento);
+}
+
+void ListaTecleo::wheelEvent(QWheelEvent* evento) {
+    if (hasFocus())
+        QComboBox::wheelEvent(evento);
+    else
+        evento->ignore(); // pasar la rueda por encima no cambia el dato
+}
+
+void ListaTecleo::focusOutEvent(QFocusEvent* evento) {
+    QComboBox::focusOutEvent(evento);
+    tecleo_.olvide();
+}
