@@ -6,9 +6,6 @@
 #include "toolkit/orden_lectura.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QGroupBox>
-#include <QRadioButton>
-
 namespace {
 
 /// Control que el usuario ve como uno: la rejilla entera, el grupo de opciones, la caja de fecha.
