@@ -41,6 +41,12 @@ void grabe(Conexion& conexion, const ComprobanteEnTablas& c) {
     t.confirme();
 }
 
+void grabe(Conexion& conexion, int id, const QString& fecha, const QVector<Linea>& lineas,
+           const QVector<Linea>& lineas_niif) {
+    grabe(conexion,
+          {id, QStringLiteral("%1").arg(id, 6, 10, QChar('0')), fecha, lineas, lineas_niif});
+}
+
 QString saldos_distintos(Conexion& conexion) {
     return filas_de(conexion, "select * from verifique_saldos('2649')") +
            filas_de(conexion, "select * from verifique_saldos('NIIF')");

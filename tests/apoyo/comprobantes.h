@@ -27,6 +27,9 @@ void inserte_lineas(Transaccion& t, int id, const QVector<Linea>& lineas,
                     const QString& sufijo = {});
 /// Graba el comprobante en una sola transacción.
 void grabe(Conexion& conexion, const ComprobanteEnTablas& comprobante);
+/// El CG cuyo número es su id.
+void grabe(Conexion& conexion, int id, const QString& fecha, const QVector<Linea>& lineas,
+           const QVector<Linea>& lineas_niif = {});
 
 /// Claves de los dos libros cuyo saldo no es el de sus líneas, como texto; vacío si todo cuadra.
 QString saldos_distintos(Conexion& conexion);

@@ -13,6 +13,16 @@
 #include "sesion/tfdmart.h"
 #include "sesion/tfdmcnt.h"
 #include "sesion/tfdmter.h"
+#include "toolkit/barraestado.h"
+#include "toolkit/controles/cajaperiodo.h"
+#include "toolkit/controles/casilladato.h"
+#include "toolkit/controles/editordato.h"
+#include "toolkit/controles/editornumero.h"
+#include "toolkit/controles/fechadato.h"
+#include "toolkit/controles/listadato.h"
+#include "toolkit/controles/memodato.h"
+#include "toolkit/controles/navegadordatos.h"
+#include "toolkit/estilo.h"
 #include "toolkit/pantalla.h"
 
 #include <QApplication>

@@ -28,17 +28,34 @@ inline QWidget* con_foco() {
 inline void oprima(int clave, Qt::KeyboardModifiers modificadores = Qt::NoModifier) {
     QTest::keyClick(con_foco(), Qt::Key(clave), modificadores);
 }
+/// Varias, una tras otra.
+inline void oprima_seguidas(std::initializer_list<Qt::Key> claves) {
+    for (Qt::Key clave : claves)
+        oprima(clave);
+}
+/// Pone el foco en un control y las oprime.
+template <class... Claves> void oprima_en(QWidget* control, Claves... claves) {
+    control->setFocus();
+    (oprima(claves), ...);
+}
 /// Oprime una tecla que debe mostrar ese mensaje, y le responde.
 inline void dice(Qt::Key clave, const QString& texto,
                  const QString& respuesta = QStringLiteral("Aceptar"),
                  const std::source_location& donde = std::source_location::current()) {
     dice([=] { oprima(clave); }, texto, respuesta, donde);
 }
-/// Digita un texto donde esté el foco.
-inline void digite(const QString& texto) {
+/// Digita un texto donde esté el foco, y oprime las teclas que le siguen.
+template <class... Claves> void digite(const QString& texto, Claves... claves) {
     for (QChar c : texto)
         QTest::sendKeyEvent(QTest::Click, con_foco(), Qt::Key(c.toUpper().unicode()), c,
                             Qt::NoModifier);
+    (oprima(claves), ...);
+}
+/// Lo mismo, en otro control.
+template <class... Claves>
+void digite_en(QWidget* control, const QString& texto, Claves... claves) {
+    control->setFocus();
+    digite(texto, claves...);
 }
 /// Recorre las celdas desde la actual con Enter; "" deja la celda como esté.
 inline void digite_celdas(const QStringList& celdas) {

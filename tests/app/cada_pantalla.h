@@ -3,8 +3,6 @@
 #include "pantallas_de_prueba.h"
 #include "sesion_de_prueba.h"
 
-#include <QScopedValueRollback>
-
 inline QString nombre_de(const QWidget* w) {
     return w->objectName().isEmpty() ? QString::fromLatin1(w->metaObject()->className())
                                      : w->objectName();

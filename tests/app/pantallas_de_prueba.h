@@ -1,7 +1,6 @@
 #pragma once
 // Con qué se abre cada pantalla registrada y los datos que necesita: lo que le pediría quien la
 // llama. Las que no se nombran se abren solas, como desde el menú.
-#include "apoyo/base_prueba.h"
 #include "assets/peticiones_activos.h"
 #include "niif/peticiones_niif.h"
 #include "periodend/peticiones_cierre.h"

@@ -13,27 +13,6 @@
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QAccessible>
-#include <QColorDialog>
-#include <QFileDialog>
-#include <QFontDialog>
-#include <QHeaderView>
-#include <QInputDialog>
-#include <QMdiSubWindow>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPageSetupDialog>
-#include <QPlainTextEdit>
-#include <QPrintDialog>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
-#include <QProgressDialog>
-#include <QScrollBar>
-#include <QTabWidget>
-#include <QTemporaryDir>
-#include <QTranslator>
-#include <QWizard>
-
 namespace {
 
 /// Nombres de sesenta letras, cifras de veinte caracteres y un asiento largo cuya mayor cifra queda

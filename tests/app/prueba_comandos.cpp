@@ -5,14 +5,6 @@
 #include "sesion_de_prueba.h"
 #include "toolkit/impresora.h"
 
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPrintDialog>
-#include <QPrinter>
-#include <QPushButton>
-
 namespace {
 
 /// Renglón de ordenes.tsv.

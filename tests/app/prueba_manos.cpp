@@ -8,13 +8,6 @@
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QGroupBox>
-#include <QLabel>
-#include <QMenuBar>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QTabBar>
-
 namespace {
 
 /// El que se ve, se alcanza y responde.

@@ -1,18 +1,11 @@
 // Mensajes entre usuarios: escribir, contestar, a todos, la historia y quién está conectado; y de
 // un programa a otro, por un servidor.
-#include "apoyo/comprobantes.h"
 #include "apoyo/intermediario.h"
-#include "apoyo/reloj_de_prueba.h"
 #include "apoyo/servidor_prueba.h"
 #include "app/tfmensaje.h"
 #include "app/ventanaavisos.h"
 #include "app/vigiamensajes.h"
 #include "fallas/contador.h"
-#include "toolkit/barraestado.h"
-#include "toolkit/controles/memodato.h"
-
-#include <QtTest>
-#include <cstdio>
 
 namespace {
 
@@ -56,8 +49,7 @@ void PruebaMensajes::enviar_pone_autor_hora_y_destino() {
     AvisosBarra barra;
     fdm().barra(&barra);
     QVERIFY(p->CUsermens.Locate("USUARIO", {"AUXILIAR"}));
-    p->MENS_MENSAJE->setFocus();
-    digite("Revise la caja");
+    digite_en(p->MENS_MENSAJE, "Revise la caja");
     p->CMensajes.FieldByName("MENS_NIVEL") = 1;
     oprima(Qt::Key_F2);
     agote_eventos();
@@ -73,9 +65,7 @@ void PruebaMensajes::enviar_pone_autor_hora_y_destino() {
 void PruebaMensajes::a_todos_llega_uno_a_cada_usuario_menos_a_quien_lo_manda() {
     s_->base.base().ejecute("insert into usuario (user_cod) values ('OTRO')");
     Tfmensaje* p = abra();
-    p->MENS_MENSAJE->setFocus();
-    digite("Cierre a las cinco");
-    oprima(Qt::Key_F5);
+    digite_en(p->MENS_MENSAJE, "Cierre a las cinco", Qt::Key_F5);
     agote_eventos();
     QCOMPARE(filas("select mens_destino, mens_autor, mens_nivel from mensajeria where mens_leido = "
                    "'N' order by 1"),
@@ -86,9 +76,7 @@ void PruebaMensajes::a_todos_llega_uno_a_cada_usuario_menos_a_quien_lo_manda() {
 void PruebaMensajes::contestar_ubica_al_autor_y_nombra_el_mensaje() {
     Tfmensaje* p = abra(RespondeMensaje{.mensaje_responder = "77", .autor_responder = "AUXILIAR"});
     QCOMPARE(p->CUsermens.FieldByName("USUARIO").texto(), "AUXILIAR");
-    p->MENS_MENSAJE->setFocus();
-    digite("Listo");
-    oprima(Qt::Key_F2);
+    digite_en(p->MENS_MENSAJE, "Listo", Qt::Key_F2);
     agote_eventos();
     QCOMPARE(filas("select mens_destino, mens_respuesta from mensajeria"), "AUXILIAR|77");
 }
@@ -131,8 +119,7 @@ void PruebaMensajes::la_historia_es_la_del_usuario_senalado() {
 
 void PruebaMensajes::uno_vacio_no_se_envia_y_esc_no_deja_nada() {
     abra();
-    i_->espere("Escriba antes el mensaje.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "Escriba antes el mensaje.");
     digite("a medias");
     i_->espere("Desea salir y perder los cambios que no ha grabado?", "Sí");
     oprima(Qt::Key_Escape);
@@ -189,9 +176,7 @@ int escriba_desde(const QString& lugar) {
     auto* p = qobject_cast<Tfmensaje*>(pantallas().abrir("Tfmensaje"));
     if (!p || !p->CUsermens.Locate("USUARIO", {"ADMIN"}))
         return 1;
-    p->MENS_MENSAJE->setFocus();
-    digite("Desde el otro programa");
-    oprima(Qt::Key_F2);
+    digite_en(p->MENS_MENSAJE, "Desde el otro programa", Qt::Key_F2);
     agote_eventos();
     return escritorio()->abierta("Tfmensaje") ? 2 : 0;
 }

@@ -6,9 +6,6 @@
 #include "toolkit/orden_lectura.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QGroupBox>
-#include <QRadioButton>
-
 namespace {
 
 /// Desde este ancho toda pantalla cabe en su ventana: lo ancho se desplaza dentro de ella.

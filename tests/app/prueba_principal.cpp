@@ -1,5 +1,4 @@
 // La entrada al programa, la sesión y su cierre, con las bases verdaderas.
-#include "apoyo/archivos.h"
 #include "apoyo/servidor_prueba.h"
 #include "apoyo_gui/peticiones.h"
 #include "apoyo_gui/teclado.h"
@@ -9,13 +8,8 @@
 #include "sesion/peticiones.h"
 #include "sesion/respaldos.h"
 #include "sesion_de_prueba.h"
-#include "toolkit/rejilla/rejilla.h"
 
-#include <QDesktopServices>
-#include <QMenu>
-#include <QPushButton>
 #include <QTcpServer>
-#include <QTreeWidget>
 
 class PruebaPrincipal : public QObject {
     Q_OBJECT
@@ -588,8 +582,7 @@ private slots:
         QVERIFY(p.compactador->compacte() > 0);
         QCOMPARE(pendientes(), 0);
         // Lo que el motor le habría hecho esperar por una fila tomada.
-        QCOMPARE(s_->bases.base().consulte("select list(distinct plazo) from espera").texto(),
-                 QString("0"));
+        QCOMPARE(s_->bases.base().consulte("select list(distinct plazo) from espera").texto(), "0");
         QCOMPARE(p.compactador->compacte(), 0);
 
         // Una falla queda en el archivo.

@@ -4,15 +4,10 @@
 #include "toolkit/barraestado.h"
 #include "toolkit/estilo.h"
 
-#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
-#include <QLabel>
-#include <QPalette>
-#include <QProcess>
-#include <QTest>
 
 namespace {
 

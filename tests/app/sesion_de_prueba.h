@@ -1,8 +1,6 @@
 #pragma once
 // El programa dentro de una prueba: sus módulos de datos y su formulario principal verdaderos,
 // sobre una copia de las bases y con su propia carpeta de aplicación.
-#include "apoyo/base_prueba.h"
-#include "apoyo/reloj_de_prueba.h"
 #include "apoyo_gui/interlocutor.h"
 #include "app/aplicacion.h"
 #include "app/compactador.h"
@@ -15,10 +13,6 @@
 #include "sesion/tfdmter.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/pantalla.h"
-
-#include <QDialog>
-#include <QLineEdit>
-#include <QSignalSpy>
 
 class SesionDePrueba {
 public:

@@ -1,6 +1,5 @@
 #pragma once
 // Un activo fijo escrito en las tablas, con las cuentas que su proceso usa en los dos libros.
-#include "datos/firebird/conexion.h"
 
 struct ActivoDePrueba {
     QString codigo, costo;

@@ -1,13 +1,9 @@
 // La depreciación reparte exactamente el costo menos el rescate, por cualquier método, en los dos
 // libros, con deterioros y bajas de por medio.
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "apoyo/falla_sql.h"
 #include "assets/activo_de_prueba.h"
 
-#include "apoyo/azar_de_prueba.h"
-
-class PruebaDepreciacion : public QObject {
+class PruebaDepreciacion : public PruebaConBase {
     Q_OBJECT
 private slots:
     void init();
@@ -26,7 +22,6 @@ private slots:
     void lo_que_falta_se_dice_por_el_nombre_del_activo();
 
 private:
-    Conexion& base() { return base_->base(); }
     Valor dato(const QString& sql) { return base().consulte(sql); }
     QString falla(const QString& orden) { return falla_sql(base(), orden); }
     void grupo(int id, int metodo) {
@@ -91,11 +86,10 @@ private:
                                     " order by dede_id")
             .split('\n', Qt::SkipEmptyParts);
     }
-    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaDepreciacion::init() {
-    base_.emplace();
+    PruebaConBase::init();
     prepare_activos(base());
     for (int metodo : {1, 2, 3})
         grupo(metodo, metodo);

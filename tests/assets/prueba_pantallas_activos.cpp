@@ -1,6 +1,5 @@
 // Las pantallas de los activos fijos, con el teclado: ficha, grupos, depreciación, baja, deterioro
 // y cuadro.
-#include "apoyo/comprobantes.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "assets/activo_de_prueba.h"
 #include "assets/forma_activo.h"
@@ -11,11 +10,7 @@
 #include "assets/tfcuadroactivo.h"
 #include "assets/tfvalactivo.h"
 #include "catalogues/lista_proceso.h"
-#include "toolkit/controles/editordato.h"
-#include "toolkit/controles/listadato.h"
 #include "toolkit/grafica.h"
-
-#include <QDesktopServices>
 
 /// Hace de visor de PDF del sistema.
 class VisorTestigo : public QObject {
@@ -78,13 +73,12 @@ struct Almacenista : SesionGui {
     }
     void lista(const char* nombre, const char* comienzo) {
         enfoque(p, nombre);
-        digite(comienzo);
-        oprima(Qt::Key_Tab);
+        digite(comienzo, Qt::Key_Tab);
     }
     void tipo() { lista("LTipo", "Comprobante"); }
 
-    Pantalla* p = nullptr;
     Interlocutor i;
+    Pantalla* p = nullptr;
 };
 
 } // namespace
@@ -124,8 +118,7 @@ private slots:
                         "acsg_id || ':' || acfj_dep || acfj_activo || acfj_unidades || ':' || "
                         "acfj_ctadepd from activos_fijos"),
                  "120:60:1:7:SSN:519530");
-        s.i.espere("Desea borrar definitivamente el activo ESC1 ?", "Sí");
-        oprima(Qt::Key_F3);
+        dice(Qt::Key_F3, "Desea borrar definitivamente el activo ESC1 ?", "Sí");
         QCOMPARE(s.dato("select count(*) from activos_fijos"), "0");
     }
 
@@ -199,8 +192,7 @@ private slots:
         pulse(s.p, "SpeedButton3");
         QCOMPARE(s.dato("select count(*) from depreciacion"), "0");
         enfoque(s.p, "DBGridEh1", 4);
-        digite("25");
-        oprima(Qt::Key_Return);
+        digite("25", Qt::Key_Return);
         pulse(s.p, "SpeedButton3");
         QVERIFY(!s.escritorio.abierta("Tfcalculadep"));
         QCOMPARE(s.dato("select list(acfj_cod || dede_libro || ':' || dede_valor, ' ') from "
@@ -257,10 +249,9 @@ private slots:
         QVERIFY(baja->CBajas.IsEmpty());
         s.tipo();
         s.escriba("EConcepto", "Venta por chatarra");
-        s.i.espere(
-            "Baja de activos: no hay activos fuera de uso por dar de baja. No se hizo ningún "
-            "comprobante.");
-        oprima(Qt::Key_F2);
+        dice(Qt::Key_F2,
+             "Baja de activos: no hay activos fuera de uso por dar de baja. No se hizo ningún "
+             "comprobante.");
         s.base.ejecute({"update activos_fijos set acfj_activo = 'N' where acfj_cod = 'EQ2'"});
         s.escritorio.muestre(new Pantalla("Tfotra")); // se fue a la ficha y volvió
         s.escritorio.active(baja);
@@ -331,9 +322,7 @@ private slots:
         agote_eventos();
         s.escritorio.active(m);
         s.i.espere_comienzo("Aquí se elimina solo un nuevo valor del activo.");
-        oprima(Qt::Key_F3);
-        oprima(Qt::Key_Down);
-        oprima(Qt::Key_Down);
+        oprima_seguidas({Qt::Key_F3, Qt::Key_Down, Qt::Key_Down});
         s.i.espere_comienzo("Desea borrar definitivamente el nuevo valor CG 0001 0", "Sí");
         oprima(Qt::Key_F3);
         QCOMPARE(conceptos(), "Depreciación, Depreciación NIIF");
@@ -398,11 +387,9 @@ private slots:
         const QDir pdf(s.base.ruta() + "/pdf");
         QCOMPARE(pdf.entryList(QDir::Files), QStringList("EQ1Factura.pdf"));
         s.niegue(12);
-        s.i.espere(kAccesoNegado);
-        oprima(Qt::Key_F3);
+        dice(Qt::Key_F3, kAccesoNegado);
         s.otorgue(12);
-        s.i.espere("Desea borrar definitivamente el documento Factura?", "Sí");
-        oprima(Qt::Key_F3);
+        dice(Qt::Key_F3, "Desea borrar definitivamente el documento Factura?", "Sí");
         QCOMPARE(s.dato("select count(*) from activos_documentos"), "0");
         QVERIFY(pdf.entryList(QDir::Files).isEmpty());
     }

@@ -3,9 +3,6 @@
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
-#include "toolkit/barraestado.h"
-#include "toolkit/controles/navegadordatos.h"
-#include "toolkit/rejilla/rejilla.h"
 
 namespace {
 

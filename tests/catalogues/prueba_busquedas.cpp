@@ -3,10 +3,6 @@
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
-#include "toolkit/estilo.h"
-
-#include <QCheckBox>
-#include <QRadioButton>
 
 namespace {
 

@@ -1,17 +1,6 @@
 // Ciudades, países, categorías y artículos.
-#include "apoyo/archivos.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_terceros.h"
-#include "toolkit/barraestado.h"
-#include "toolkit/estilo.h"
-#include "toolkit/rejilla/rejilla.h"
-
-#include <QCheckBox>
-#include <QImage>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -43,8 +32,7 @@ void busque(Pantalla* p, int columna, const QString& texto) {
     componente<QWidget>(p, "RBuscar").findChildren<QRadioButton*>().at(columna)->click();
     oprima(Qt::Key_F12, Qt::ShiftModifier);
     componente<QLineEdit>(p, "EBuscar").clear();
-    digite(texto);
-    oprima(Qt::Key_Return);
+    digite(texto, Qt::Key_Return);
 }
 
 } // namespace
@@ -73,17 +61,14 @@ private slots:
             rejilla.SelectedIndex(1);
             oprima(Qt::Key_Insert);
             rejilla.SelectedIndex(1);
-            digite("Sin llave");
-            oprima(Qt::Key_Down);
+            digite("Sin llave", Qt::Key_Down);
             QCOMPARE(conjunto.RecordCount(), antes);
 
             conjunto.First();
             oprima(Qt::Key_Insert);
             rejilla.SelectedIndex(0);
-            digite(m.codigo);
-            oprima(Qt::Key_Tab);
-            digite("Prueba ñandú");
-            oprima(Qt::Key_F2);
+            digite(m.codigo, Qt::Key_Tab);
+            digite("Prueba ñandú", Qt::Key_F2);
             QVERIFY2(s.escritorio.abiertas().isEmpty(), m.pantalla);
             QCOMPARE(nombre_de(s, m), "Prueba ñandú");
             QCOMPARE(barra.text(), grabado);

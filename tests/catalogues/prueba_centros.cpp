@@ -1,10 +1,6 @@
 // Proyectos y centros de costo: mantenimiento, selección y agencias.
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_terceros.h"
-#include "toolkit/controles/navegadordatos.h"
-#include "toolkit/rejilla/rejilla.h"
-
-#include <QPushButton>
 
 namespace {
 
@@ -44,17 +40,14 @@ private slots:
 
         componente<NavegadorDatos>(p, "DBNavigator1").boton(nbInsert)->click();
         enfoque(p, "DBGridEh1", 0);
-        digite("0009");
-        oprima(Qt::Key_Tab);
+        digite("0009", Qt::Key_Tab);
         digite("Obra");
         oprima(Qt::Key_F12); // a la otra rejilla
         QVERIFY(componente<Rejilla>(p, "DBGridEh2").enfocada());
         oprima(Qt::Key_Insert);
         enfoque(p, "DBGridEh2", 0);
-        digite("0001");
-        oprima(Qt::Key_Tab);
-        digite("Cimientos");
-        oprima(Qt::Key_Tab);
+        digite("0001", Qt::Key_Tab);
+        digite("Cimientos", Qt::Key_Tab);
         QCOMPARE(s.dato("select count(*) from proyectos where proy_cod = '0009'"), "0");
         oprima(Qt::Key_F2);
         QVERIFY(s.escritorio.abiertas().isEmpty());
@@ -67,8 +60,7 @@ private slots:
         SesionGui s;
         Pantalla* p = pantallas().abrir("Tfcentros");
         enfoque(p, "DBGridEh1", 0);
-        digite("0005");
-        oprima(Qt::Key_F2);
+        digite("0005", Qt::Key_F2);
         QCOMPARE(s.dato("select list(cent_nom) from centros where proy_cod = '0005'"),
                  "Gerencia,Contabilidad");
         // Y borrarlo se los lleva.
@@ -106,8 +98,7 @@ private slots:
         Pantalla* p = pantallas().abrir("Tfcentros");
         enfoque(p, "DBGridEh2", 0);
         oprima(Qt::Key_Insert);
-        digite("0002");
-        oprima(Qt::Key_Tab);
+        digite("0002", Qt::Key_Tab);
         dice(Qt::Key_Down, "Los campos Nombre del centro,  son obligatorios.");
         digite("Otro");
         dice(Qt::Key_Down, "Ya existe un registro con el mismo Proyecto Centro de costo ");

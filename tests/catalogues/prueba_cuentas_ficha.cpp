@@ -1,5 +1,4 @@
 // Crear y modificar cuentas de los dos planes.
-#include "apoyo/archivos.h"
 #include "apoyo/monitor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
@@ -7,12 +6,6 @@
 #include "catalogues/tfmodcuenta.h"
 #include "catalogues/tfnvacuenta.h"
 #include "libro/libro.h"
-#include "toolkit/controles/casilladato.h"
-#include "toolkit/controles/editordato.h"
-#include "toolkit/estilo.h"
-
-#include <QLabel>
-#include <QPushButton>
 
 class PruebaCuentasFicha : public QObject {
     Q_OBJECT
@@ -80,8 +73,7 @@ private slots:
         QVERIFY(campo(p, "CUEN_COD").isEmpty() && campo(p, "CUEN_NOM").isEmpty());
         QCOMPARE(campo(p, "CUEN_TERCERO"), "N");
 
-        digite("135517");
-        oprima(Qt::Key_Return);
+        digite("135517", Qt::Key_Return);
         QVERIFY(casilla(p, "CkRetenciones").isChecked());
         escriba(p, "ENombre", "Impuesto retenido");
         escriba(p, "EPorcentaje", "3.5");
@@ -161,7 +153,6 @@ private slots:
 
     void una_cuenta_que_no_existe_se_ofrece_crear_con_su_codigo() {
         SesionGui s;
-        Interlocutor i;
         for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
             dice([&] { QVERIFY(!s.cnt.valide_cuenta("110599", libro)); }, datos(libro).no_existe,
                  "No");
@@ -243,8 +234,7 @@ private slots:
         Pantalla* p = modifique(s, "11");
         QCOMPARE(con_foco(), &editor(p, "ENombre"));
         editor(p, "ENombre").selectAll();
-        digite("Efectivo y equivalentes");
-        oprima(Qt::Key_F5);
+        digite("Efectivo y equivalentes", Qt::Key_F5);
         QCOMPARE(campo(p, "CUEN_COD"), "1105");
         QVERIFY(ficha(s, "11").startsWith("Efectivo y equivalentes|"));
         QVERIFY(cuentas(p).State() == Estado::Edicion);

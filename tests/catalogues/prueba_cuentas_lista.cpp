@@ -3,12 +3,6 @@
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/tfcuentas.h"
 #include "libro/libro.h"
-#include "toolkit/estilo.h"
-#include "toolkit/rejilla/rejilla.h"
-
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QPushButton>
 
 class PruebaCuentasLista : public QObject {
     Q_OBJECT

@@ -7,14 +7,6 @@
 #include "catalogues/tfnormas.h"
 #include "catalogues/tfnvacuenta.h"
 #include "catalogues/tfpuc.h"
-#include "toolkit/estilo.h"
-#include "toolkit/rejilla/rejilla.h"
-
-#include <QCheckBox>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
 
 class PruebaCuentasPucNormas : public QObject {
     Q_OBJECT
@@ -180,17 +172,13 @@ private slots:
         QVERIFY(rejilla(p).enfocada());
         oprima(Qt::Key_Insert);
         rejilla(p).SelectedIndex(0);
-        digite("17");
-        oprima(Qt::Key_Return);
-        digite("Propiedades, planta y equipo");
-        oprima(Qt::Key_F12);
+        digite("17", Qt::Key_Return);
+        digite("Propiedades, planta y equipo", Qt::Key_F12);
         QVERIFY(rejilla(p, "DBGridEh2").enfocada());
         oprima(Qt::Key_Insert);
         rejilla(p, "DBGridEh2").SelectedIndex(0);
-        digite("5");
-        oprima(Qt::Key_Return);
-        digite("Costo");
-        oprima(Qt::Key_F2);
+        digite("5", Qt::Key_Return);
+        digite("Costo", Qt::Key_F2);
         QCOMPARE(s.dato("select n.nnif_nombre || '/' || d.nnid_item || '/' || d.nnif_nombre from "
                         "normas_niif n join normas_niif_detalle d on d.nnif_id = n.nnif_id where "
                         "n.nnif_id = 17"),

@@ -4,10 +4,6 @@
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
-#include "sesion/peticiones.h"
-#include "toolkit/estilo.h"
-
-#include <QPushButton>
 
 namespace {
 
@@ -121,6 +117,7 @@ const Orden kOrdenes[] = {
 
     {"Tftipodoc", Ficha, Qt::Key_F2, nada, "SpeedButton2", "F2:Modificar", "cierra"},
     {"Tftipodoc", Ficha, Qt::Key_F8, nada, "SpeedButton3", "F8:Formato", nullptr},
+    {"Tftipodoc", Ficha, Qt::Key_F12, nada, nullptr, nullptr, nullptr},
     {"Tftipodoc", Ficha, Qt::Key_Escape, nada, "SpeedButton1", "Esc:Salir", "cierra"},
 };
 

@@ -1,13 +1,8 @@
 // Las reglas del plan de cuentas que guarda la base, y las preguntas que le hace el programa.
-#include "apoyo/archivos.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 
-class PruebaReglasCatalogos : public QObject {
+class PruebaReglasCatalogos : public PruebaConBase {
     Q_OBJECT
 private slots:
-    void init() { base_.emplace(); }
-
     void una_cuenta_se_valida_por_su_nivel_y_sus_auxiliares();
     void el_plan_no_admite_cuentas_sueltas_ni_auxiliares_sobre_movimiento();
     void con_las_guardas_apagadas_se_abre_un_auxiliar_y_se_cambia_el_detalle();
@@ -17,7 +12,6 @@ private slots:
     void los_costos_salen_de_las_entradas();
 
 private:
-    Conexion& base() { return base_->base(); }
     QString rechazo(const QString& sql) {
         return falla_de([&] { base().ejecute(sql); });
     }
@@ -30,8 +24,6 @@ private:
         return QString("insert into %1 (cuen_cod, cuen_nom) values ('%2', 'Nueva')")
             .arg(plan, cuenta);
     }
-
-    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaReglasCatalogos::una_cuenta_se_valida_por_su_nivel_y_sus_auxiliares() {
@@ -76,7 +68,7 @@ void PruebaReglasCatalogos::una_cuenta_se_valida_por_su_nivel_y_sus_auxiliares()
 }
 
 void PruebaReglasCatalogos::el_plan_no_admite_cuentas_sueltas_ni_auxiliares_sobre_movimiento() {
-    grabe(base(), {1, "000001", "20170210", {{1, "110505", 5, 0}}});
+    grabe(base(), 1, "20170210", {{1, "110505", 5, 0}});
     base().ejecute(
         "insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values (1, '111005', 5)");
     struct {
@@ -112,7 +104,7 @@ void PruebaReglasCatalogos::el_plan_no_admite_cuentas_sueltas_ni_auxiliares_sobr
 
 void PruebaReglasCatalogos::con_las_guardas_apagadas_se_abre_un_auxiliar_y_se_cambia_el_detalle() {
     const QVector<Linea> lineas = {{1, "110505", 5, 0}, {2, "111005", 0, 5}};
-    grabe(base(), {1, "000001", "20170210", lineas, lineas});
+    grabe(base(), 1, "20170210", lineas, lineas);
     Conexion dueno; // apagar un disparador pide el dueño de la base o su permiso
     dueno.conectar(base_->parametros("SYSDBA"));
     for (const QString& libro : {QString(), QString("_niif")}) {

@@ -3,12 +3,6 @@
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
-#include "sesion/peticiones.h"
-#include "toolkit/estilo.h"
-#include "toolkit/rejilla/rejilla.h"
-
-#include <QHeaderView>
-#include <QLabel>
 
 namespace {
 
@@ -144,15 +138,13 @@ private slots:
         QVERIFY(!componente<ConjuntoDatos>(p, "CProyectos").editando());
         oprima(Qt::Key_Return); // pasa a sus centros
         QVERIFY(componente<Rejilla>(p, "DBGridEh2").enfocada());
-        oprima(Qt::Key_Down);
-        oprima(Qt::Key_Return);
+        oprima_seguidas({Qt::Key_Down, Qt::Key_Return});
         QCOMPARE(s.escritorio.activa(), llamadora);
         QCOMPARE(escogido(), "0002-0002");
         // Con lo que la línea tenía, se abre en su centro.
         p = pida({"0002", "0002"});
         QVERIFY(componente<Rejilla>(p, "DBGridEh2").enfocada());
-        oprima(Qt::Key_Up);
-        oprima(Qt::Key_Return);
+        oprima_seguidas({Qt::Key_Up, Qt::Key_Return});
         QCOMPARE(escogido(), "0002-0001");
         p = pida({"0001", "0002"});
         oprima(Qt::Key_F12);
@@ -172,8 +164,7 @@ private slots:
         SesionGui s;
         Pantalla* p = pantallas().abrir("Tfcuentas");
         oprima(Qt::Key_F12, Qt::ShiftModifier);
-        digite("2408");
-        oprima(Qt::Key_Down);
+        digite("2408", Qt::Key_Down);
         QVERIFY(componente<Rejilla>(p, "DBGridEh1").enfocada());
         QCOMPARE(componente<ConjuntoDatos>(p, "CCuentas").FieldByName("CUEN_COD").texto(), "2408");
         oprima(Qt::Key_Down);

@@ -2,12 +2,6 @@
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_terceros.h"
 
-#include <QDesktopServices>
-#include <QDir>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QUrl>
-
 /// Hace de visor de PDF del sistema.
 class VisorTestigo : public QObject {
     Q_OBJECT

@@ -3,11 +3,6 @@
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
 #include "catalogues/terceros.h"
-#include "toolkit/controles/editordato.h"
-#include "toolkit/controles/listadato.h"
-
-#include <QLabel>
-#include <QPushButton>
 
 namespace {
 
@@ -141,17 +136,6 @@ private slots:
         QCOMPARE(campo(p, "TERC_DV").texto(), "5");
     }
 
-    void el_digito_de_verificacion_sigue_los_pesos_de_la_dian() {
-        const struct {
-            const char* nit;
-            int digito;
-        } casos[] = {{"1", 8},         {"4", 1},         {"0", 0},         {"890903938", 8},
-                     {"860002964", 4}, {"800197268", 4}, {"899999063", 3}, {"830114921", 1}};
-        for (const auto& c : casos)
-            QCOMPARE(Tfdmter::dv(c.nit), c.digito);
-        QVERIFY_EXCEPTION_THROWN(Tfdmter::dv("12A"), ErrorDatos);
-    }
-
     void una_persona_natural_lleva_nombres_y_una_juridica_los_pierde() {
         SesionGui s;
         Pantalla* p = nuevo();
@@ -248,8 +232,7 @@ private slots:
                 con_foco();
                 auto& nombre = componente<QLineEdit>(cuenta, "ENombre");
                 nombre.setFocus();
-                digite("Otros proveedores");
-                oprima(Qt::Key_F2);
+                digite("Otros proveedores", Qt::Key_F2);
             }
             oprima(Qt::Key_Escape);
             QVERIFY(!s.escritorio.abierta("Tfnvacuenta"));

@@ -2,11 +2,6 @@
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_terceros.h"
 #include "catalogues/terceros.h"
-#include "toolkit/estilo.h"
-#include "toolkit/rejilla/rejilla.h"
-
-#include <QCheckBox>
-#include <QPushButton>
 
 namespace {
 

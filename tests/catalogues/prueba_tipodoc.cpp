@@ -1,9 +1,6 @@
 // Tipos de comprobante y sus prefijos.
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_terceros.h"
-#include "toolkit/controles/navegadordatos.h"
-
-#include <QPushButton>
 
 namespace {
 
@@ -28,17 +25,14 @@ private slots:
         Pantalla* p = pantallas().abrir("Tftipodoc");
         enfoque(p, "DBGridEh1", 0);
         oprima(Qt::Key_Insert);
-        digite("EG");
-        oprima(Qt::Key_Tab);
+        digite("EG", Qt::Key_Tab);
         digite("Egreso");
         oprima(Qt::Key_F12); // a sus prefijos, desde la fila en que se esté
         QVERIFY(componente<Rejilla>(p, "DBGridEh2").enfocada());
         enfoque(p, "DBGridEh2", 0);
         oprima(Qt::Key_Insert);
-        digite("0001");
-        oprima(Qt::Key_Tab);
-        digite("000100");
-        oprima(Qt::Key_F2);
+        digite("0001", Qt::Key_Tab);
+        digite("000100", Qt::Key_F2);
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(s.dato("select t.tico_nom || '|' || t.tico_formato || '|' || p.prco_pref || '|' "
                         "|| p.pref_numero || '|' || p.prco_auto || p.prco_activo || '|' || "
@@ -72,8 +66,7 @@ private slots:
         QCOMPARE(prefijos(p).FieldByName("PRCO_PREF").texto(), "0002");
         QVERIFY(prefijos(p).State() == Estado::Edicion);
         // El número admite cifras; cambiarlo a mano es libre.
-        digite("x0x0777");
-        oprima(Qt::Key_F2);
+        digite("x0x0777", Qt::Key_F2);
         QCOMPARE(s.dato("select pref_numero || prco_usuario from prefijos_conta where tico_cod = "
                         "'RC' and prco_pref = '0002'"),
                  "00777ADMIN");
@@ -131,8 +124,7 @@ private slots:
         SesionGui s;
         Pantalla* p = pantallas().abrir("Tftipodoc");
         enfoque(p, "DBGridEh1", 1);
-        digite("Cambiado");
-        oprima(Qt::Key_Tab);
+        digite("Cambiado", Qt::Key_Tab);
         tipos(p).Last();
         dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "Sí");
         QVERIFY(s.escritorio.abiertas().isEmpty());
@@ -152,8 +144,7 @@ private slots:
         QVERIFY(tipos(p).Locate("TICO_COD", {"RC"}));
         prefijos(p).Last();
         QVERIFY(boton.isEnabled());
-        oprima(Qt::Key_F8);
-        oprima(Qt::Key_F8);
+        oprima_seguidas({Qt::Key_F8, Qt::Key_F8});
         QCOMPARE(formato_, "RC");
         s.escritorio.activa()->close();
         s.configure("USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR", "NO");

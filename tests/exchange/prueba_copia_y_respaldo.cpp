@@ -1,21 +1,12 @@
 // Copia de catálogos entre dos compañías, en este equipo y en un servidor, y el respaldo que se
 // pide desde el programa.
-#include "apoyo/comprobantes.h"
-#include "apoyo/herramienta.h"
 #include "apoyo/muerte.h"
-#include "apoyo/reloj_de_prueba.h"
 #include "apoyo/servidor_prueba.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "datos/firebird/servicios.h"
 #include "exchange/copia_compania.h"
 #include "exchange/registro.h"
 #include "exchange/tfrespaldo.h"
-
-#include <QDir>
-#include <QFile>
-#include <QLabel>
-#include <QSpinBox>
-#include <QtTest>
 
 namespace {
 
@@ -152,8 +143,7 @@ void PruebaCopiaYRespaldo::lo_que_hay_en_el_destino_se_borra_todo_o_nada() {
     const QString pregunta = "Ya existen cuentas en el rango especificado en la compañía de "
                              "destino, este proceso borrará dichas cuentas. Continuar?";
     abra("Tfcopiacatalogo");
-    i_->espere(pregunta, "No");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, pregunta, "No");
     QCOMPARE(otra_->consulte("select count(*) from cuentas").entero(), 6);
     // Con movimiento en una, no se borra ninguna.
     otra_->ejecute("insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values (1, "
@@ -191,12 +181,10 @@ void PruebaCopiaYRespaldo::las_dos_companias_deben_existir_y_ser_distintas() {
     Pantalla* p = pantallas().abrir("Tfcopiaterceros");
     i_->espere("Compañía no encontrada.");
     escriba(p, "Compania1", "077");
-    i_->espere("Compañía no encontrada.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "Compañía no encontrada.");
     llene(p, "Compania1", "001");
     llene(p, "Compania2", "001");
-    i_->espere("Las dos compañías deben ser distintas.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "Las dos compañías deben ser distintas.");
 }
 
 void PruebaCopiaYRespaldo::matar_una_copia_deja_filas_enteras_y_repetirla_la_completa_data() {
@@ -328,8 +316,7 @@ void PruebaCopiaYRespaldo::en_un_servidor_tambien() {
 
 void PruebaCopiaYRespaldo::el_respaldo_se_prueba_se_conserva_y_se_anuncia() {
     RelojDetenido reloj;
-    grabe(s_->base.base(),
-          {1, "000001", "20170301", {{1, "110505", 100, 0}, {2, "111005", 0, 100}}});
+    grabe(s_->base.base(), 1, "20170301", {{1, "110505", 100, 0}, {2, "111005", 0, 100}});
     AvisosBarra barra;
     s_->dm.barra(&barra);
     const QString carpeta = s_->base.ruta() + "/copias";

@@ -1,19 +1,11 @@
 // Exportación de movimientos: cada formato leído de vuelta por un lector propio de la prueba, y la
 // ida y vuelta a una compañía vacía.
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "exchange/exportacion_movimientos.h"
 #include "exchange/importacion.h"
 
-#include <QDir>
-#include <QFile>
-#include <QtTest>
-
-class PruebaExportacionMovimientos : public QObject {
+class PruebaExportacionMovimientos : public PruebaConBase {
     Q_OBJECT
 private slots:
-    void init() { base_.emplace(); }
     void cleanup() { base_.reset(); }
 
     void fecha_mas_30();
@@ -80,8 +72,6 @@ private:
         }
         return campos << renglon.mid(donde);
     }
-
-    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaExportacionMovimientos::fecha_mas_30() {

@@ -1,14 +1,7 @@
 // Importación de archivos: cómo se leen, qué se rehúsa y por qué, y qué queda en la base. Lo
 // esperado sale de tablas hechas a mano o de sumas del propio archivo.
-#include "apoyo/archivos.h"
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "exchange/importacion.h"
 #include "exchange/tfrechazosimp.h"
-
-#include <QFile>
-#include <QtTest>
 
 namespace {
 
@@ -42,11 +35,11 @@ QString renglon(const QString& numero, const QString& cuenta, const QString& deb
 
 } // namespace
 
-class PruebaImportacion : public QObject {
+class PruebaImportacion : public PruebaConBase {
     Q_OBJECT
 private slots:
     void init() {
-        base_.emplace();
+        PruebaConBase::init();
         ajustes_ = {};
         ensaya_ = true;
     }
@@ -118,7 +111,6 @@ private:
     }
     QString filas(const QString& sql) { return filas_de(base_->base(), sql); }
 
-    std::optional<BaseDePrueba> base_;
     AjustesLibro ajustes_;
     bool ensaya_ = true;
 };

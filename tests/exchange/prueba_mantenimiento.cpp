@@ -1,15 +1,11 @@
 // Herramientas del mantenimiento sobre un libro al azar: sus cifras son las de un recuento aparte,
 // los saldos siguen iguales a las líneas, cada una se audita y ninguna queda a medias.
-#include "apoyo/base_prueba.h"
 #include "apoyo/muerte.h"
 #include "apoyo/servidor_prueba.h"
 #include "exchange/mantenimiento.h"
 #include "ledger/libro_al_azar.h"
 #include "libro/recalculo.h"
 #include "sesion/guardas.h"
-
-#include <QFile>
-#include <QtTest>
 
 namespace {
 
@@ -106,11 +102,11 @@ QString mida(Conexion& c, const Herramienta& h) {
     return una(c, "select " + h.medida + " from rdb$database");
 }
 
-class PruebaMantenimiento : public QObject {
+class PruebaMantenimiento : public PruebaConBase {
     Q_OBJECT
 private slots:
     void init() {
-        base_.emplace();
+        PruebaConBase::init();
         arme_libro_al_azar(base_->base());
         base_->base().ejecute("execute procedure compacte_saldos");
     }
@@ -148,7 +144,6 @@ private:
     static constexpr const char* kApagadas =
         "select count(*) from rdb$triggers where rdb$trigger_inactive = 1 and "
         "coalesce(rdb$system_flag, 0) = 0";
-    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaMantenimiento::cada_herramienta_hace_lo_que_dijo_o_nada() {

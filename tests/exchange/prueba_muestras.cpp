@@ -1,16 +1,11 @@
 // Lo que la demostración trae para este subsistema: los archivos de muestra entran, los
 // procedimientos de muestra responden, y las diferencias entre los dos libros son las que se sabe.
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "exchange/importacion.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demo_catalogos.h"
 #include "herramientas/demo_intercambio.h"
 #include "herramientas/demostracion.h"
 #include "herramientas/instalador.h"
-
-#include <QTemporaryDir>
-#include <QtTest>
 
 class PruebaMuestras : public QObject {
     Q_OBJECT

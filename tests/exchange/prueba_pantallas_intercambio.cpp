@@ -1,22 +1,11 @@
 // Las pantallas de importar, exportar y mantener, con teclas: lo que preguntan, lo que avisan y lo
 // que queda en la base.
-#include "apoyo/comprobantes.h"
 #include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "exchange/registro.h"
 #include "exchange/tfimportarinv2.h"
 #include "exchange/tfimportarinv3.h"
 #include "exchange/tfrechazosimp.h"
-
-#include <QButtonGroup>
-#include <QClipboard>
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QProgressDialog>
-#include <QPushButton>
-#include <QTimer>
-#include <QtTest>
 
 class PruebaPantallasIntercambio : public QObject {
     Q_OBJECT
@@ -72,8 +61,7 @@ private:
         return qobject_cast<Tfimportarinv3*>(siga(Qt::Key_F2));
     }
     void un_movimiento() {
-        grabe(s_->base.base(),
-              {1, "000001", "20170301", {{1, "110505", 100, 0}, {2, "111005", 0, 100}}});
+        grabe(s_->base.base(), 1, "20170301", {{1, "110505", 100, 0}, {2, "111005", 0, 100}});
     }
 
     std::optional<SesionGui> s_;
@@ -133,11 +121,9 @@ void PruebaPantallasIntercambio::el_asistente_exige_un_archivo_que_exista() {
     pantallas().abrir("Tfimportarinv1");
     auto* dos = qobject_cast<Tfimportarinv2*>(siga(Qt::Key_F2));
     QVERIFY(dos);
-    i_->espere("Debe indicar antes el archivo con los datos a importar.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "Debe indicar antes el archivo con los datos a importar.");
     dos->Ubicacion->setText(s_->base.ruta() + "/no_esta.txt");
-    i_->espere("No se encontró el archivo a importar.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "No se encontró el archivo a importar.");
     // El ancho fijo solo apaga las dos listas.
     dos->Tipo->button(0)->click();
     QVERIFY(!dos->Separa->isEnabled() && !dos->Delimita->isEnabled());
@@ -163,27 +149,22 @@ void PruebaPantallasIntercambio::la_exportacion_pide_lo_que_falta_y_graba() {
     Pantalla* p = pantallas().abrir("Tfexportar");
     llene(p, "FecIni", "20170230");
     llene(p, "FecFin", "20171231");
-    i_->espere("La fecha 2017/02/30 no existe.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "La fecha 2017/02/30 no existe.");
     llene(p, "FecIni", "20170101");
-    i_->espere("Debe indicar el archivo en que se graba la exportación.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "Debe indicar el archivo en que se graba la exportación.");
     const QString ruta = s_->base.ruta() + "/salida.csv";
     componente<QLineEdit>(p, "Archivo").setText(ruta);
     componente<QComboBox>(p, "LDestino").setCurrentText("CSV");
     componente<QComboBox>(p, "LSepara").setCurrentIndex(3);
-    i_->espere("El formato CSV necesita un separador: escoja uno.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "El formato CSV necesita un separador: escoja uno.");
     componente<QComboBox>(p, "LSepara").setCurrentIndex(1);
-    i_->espere("PROCESO FINALIZADO. SE GENERÓ EL ARCHIVO " + ruta + " CON 2 REGISTROS.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "PROCESO FINALIZADO. SE GENERÓ EL ARCHIVO " + ruta + " CON 2 REGISTROS.");
     QVERIFY(QFile::exists(ruta));
-    i_->espere("El archivo " + ruta + " ya existe. Desea reemplazarlo?", "No");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "El archivo " + ruta + " ya existe. Desea reemplazarlo?", "No");
     componente<QComboBox>(p, "LDestino").setCurrentText("WEB GERENCIAL");
-    i_->espere("PROCESO FINALIZADO. SE GENERARON LOS ARCHIVOS COMPROBANTES.TXT Y TRANSACCIONES.TXT "
-               "EN LA CARPETA INDICADA.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2,
+         "PROCESO FINALIZADO. SE GENERARON LOS ARCHIVOS COMPROBANTES.TXT Y TRANSACCIONES.TXT "
+         "EN LA CARPETA INDICADA.");
     QCOMPARE(escritorio()->activa(), p); // la pantalla se queda
 }
 
@@ -192,8 +173,7 @@ void PruebaPantallasIntercambio::las_equivalencias_se_graban_y_la_cuenta_debe_ex
     Pantalla* p = pantallas().abrir("Tfconfexporta");
     enfoque(p, "DBGridEh1", 0);
     oprima(Qt::Key_Insert);
-    digite("?caja");
-    oprima(Qt::Key_Return);
+    digite("?caja", Qt::Key_Return);
     QCOMPARE(cuentas.pedida().texto_busqueda, "caja");
     cuentas.conteste("110505");
     agote_eventos();
@@ -207,9 +187,7 @@ void PruebaPantallasIntercambio::las_equivalencias_se_graban_y_la_cuenta_debe_ex
     QCOMPARE(rehusadas.join('|'), "2: La cuenta 9 no existe.");
     i_->espere("La cuenta 9 no existe.");
     enfoque(p, "DBGridEh1", 0);
-    digite("9");
-    oprima(Qt::Key_F2);
-    oprima(Qt::Key_Escape);
+    digite("9", Qt::Key_F2, Qt::Key_Escape);
     siga(Qt::Key_Escape);
     QCOMPARE(s_->dato("select count(*) from cuentas_exportacion where cuen_cod = '9'"), "0");
 }
@@ -303,8 +281,7 @@ void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_ha
     QFETCH(int, cual);
     const auto& [pantalla, pasos, pregunta, medida, queda] = kHerramientas[cual];
     un_movimiento();
-    grabe(s_->base.base(),
-          {2, "000002", "20170302", {{1, "130505", 9, 0, "900123456"}, {2, "111005", 0, 9}}});
+    grabe(s_->base.base(), 2, "20170302", {{1, "130505", 9, 0, "900123456"}, {2, "111005", 0, 9}});
     s_->base.ejecute({"update comprobante_encabezado set enco_tiporef = 31 where enco_consec = 2"});
     const QString antes = s_->dato(medida);
     Pantalla* p = pantallas().abrir(pantalla);
@@ -401,8 +378,7 @@ void PruebaPantallasIntercambio::
     QVERIFY(componente<QLineEdit>(p, "EParam2").isVisible());
     QVERIFY(!componente<QLineEdit>(p, "EParam3").isVisible());
     llene(p, "EParam1", "110505");
-    i_->espere("Debe indicar un parámetro al procedimiento.");
-    oprima(Qt::Key_F5);
+    dice(Qt::Key_F5, "Debe indicar un parámetro al procedimiento.");
     llene(p, "EParam2", "50");
     oprima(Qt::Key_F5);
     auto& rejilla = componente<Rejilla>(p, "DBGridEh1");

@@ -1,6 +1,5 @@
 #pragma once
 // Lo que debe cumplirse después de cualquier falla.
-#include "apoyo/comprobantes.h"
 
 /// Comprobantes sin renglones en algún libro o descuadrados, y renglones sin encabezado, como
 /// texto. Vacío si todos están enteros.

@@ -3,21 +3,9 @@
 // teclado, sobre las bases de cualquier ubicación. Como una persona: lee los mensajes, los cierra y
 // vuelve a intentar.
 #include "apoyo_gui/sesion_gui.h"
-#include "herramientas/ubicacion.h"
-#include "toolkit/barraestado.h"
-#include "toolkit/controles/casilladato.h"
-#include "toolkit/controles/editordato.h"
-#include "toolkit/controles/listadato.h"
-#include "toolkit/rejilla/rejilla.h"
 #include "vouchers/registro.h"
 #include "vouchers/tfedtmovimien.h"
 #include "vouchers/tfmovimien.h"
-
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
 
 /// Módulos de datos y marco de ventanas sobre las bases de `lugar`. Lee los mensajes y los cierra.
 struct SesionEnLugar {
@@ -90,11 +78,7 @@ struct Contador : SesionEnLugar {
     }
 
     /// Escoge CG, pasando por el último tipo: la pantalla vuelve a leer el número.
-    void escoja_tipo() {
-        p->LTipo->setFocus();
-        oprima(Qt::Key_End);
-        oprima(Qt::Key_Home);
-    }
+    void escoja_tipo() { oprima_en(p->LTipo, Qt::Key_End, Qt::Key_Home); }
     /// Encabezado con réplica y dos renglones que cuadran, sin grabar. Lo que haya se digita de
     /// nuevo.
     void digite_comprobante(const QString& debito, const QString& credito, const QString& valor) {
@@ -102,12 +86,10 @@ struct Contador : SesionEnLugar {
         if (campo("TICO_COD") != "CG")
             escoja_tipo();
         if (campo("ENCO_CONCEPTO").isEmpty()) {
-            p->DBEdit1->setFocus();
-            digite("Concepto");
+            digite_en(p->DBEdit1, "Concepto");
         }
         if (campo("ENCO_REPNIIF") != "S") {
-            p->DBCheckBox2->setFocus();
-            oprima(Qt::Key_Space);
+            oprima_en(p->DBCheckBox2, Qt::Key_Space);
         }
         Rejilla& r = *p->lineas_2649->rejilla;
         r.setFocus();
@@ -172,18 +154,15 @@ struct Contador : SesionEnLugar {
         r.setFocus();
         e.CDetalle.First();
         r.SelectedIndex(9);
-        digite(valor);
-        oprima(Qt::Key_Down);
+        digite(valor, Qt::Key_Down);
         r.SelectedIndex(10);
-        digite(valor);
-        oprima(Qt::Key_Return);
+        digite(valor, Qt::Key_Return);
     }
     bool borre(const QString& numero) {
         Tfedtmovimien* e = edite(numero);
         if (!e)
             return false;
-        e->SBBorrar->setFocus();
-        oprima(Qt::Key_Space);
+        oprima_en(e->SBBorrar, Qt::Key_Space);
         return cerrada("Tfedtmovimien");
     }
     /// Cierto si ya no está; si sigue, la deja abandonada sin guardar.

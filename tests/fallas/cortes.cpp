@@ -5,10 +5,6 @@
 #include "fallas/contador.h"
 #include "fallas/escenarios.h"
 
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QScopeGuard>
-
 namespace {
 
 /// Lo único que se puede decir cuando la red se corta, siempre que sea cierto.
@@ -83,8 +79,7 @@ QVector<Jugada> Mesa::jugadas() {
     const auto digitado = [this] { return c_.completo("110505", "111005", valor_); };
     const auto grabe = [this] {
         c_.p->activateWindow();
-        c_.p->lineas_2649->rejilla->setFocus();
-        oprima(Qt::Key_F2);
+        oprima_en(c_.p->lineas_2649->rejilla, Qt::Key_F2);
     };
     return {
         {"grabar", false, [this] { nuevo(); }, grabe, digitado},
@@ -109,8 +104,7 @@ QVector<Jugada> Mesa::jugadas() {
          },
          [this] {
              edicion()->activateWindow();
-             edicion()->lineas_2649->rejilla->setFocus();
-             oprima(Qt::Key_F2);
+             oprima_en(edicion()->lineas_2649->rejilla, Qt::Key_F2);
          },
          [this] { return edicion() != nullptr; }},
         {"borrar", true,
@@ -118,10 +112,7 @@ QVector<Jugada> Mesa::jugadas() {
              inserte();
              c_.edite(numero_);
          },
-         [this] {
-             edicion()->SBBorrar->setFocus();
-             oprima(Qt::Key_Space);
-         },
+         [this] { oprima_en(edicion()->SBBorrar, Qt::Key_Space); },
          [this] { return edicion() != nullptr; }},
     };
 }

@@ -47,11 +47,10 @@ QString Diario::compare(Conexion& c) {
     // valor que tuvo.
     const auto cursor = c.abra(
         "select e.enco_numero, d.debito, d.credito, n.debito, n.credito from "
-        "comprobante_encabezado "
-        "e left join (select enco_consec, sum(code_debito) debito, sum(code_credito) credito from "
-        "comprobante_detalle group by 1) d on d.enco_consec = e.enco_consec left join (select "
-        "enco_consec, sum(code_debito) debito, sum(code_credito) credito from "
-        "comprobante_detalle_niif group by 1) n on n.enco_consec = e.enco_consec");
+        "comprobante_encabezado e left join (select enco_consec, sum(code_debito) debito, "
+        "sum(code_credito) credito from comprobante_detalle group by 1) d on d.enco_consec = "
+        "e.enco_consec left join (select enco_consec, sum(code_debito) debito, sum(code_credito) "
+        "credito from comprobante_detalle_niif group by 1) n on n.enco_consec = e.enco_consec");
     while (cursor->siguiente()) {
         const QString numero = cursor->valor(0).texto();
         const QString valor = cursor->valor(1).texto(), niif = cursor->valor(3).texto();

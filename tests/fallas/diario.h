@@ -7,12 +7,6 @@
 //     > pagina 1000.09           < pagina 000013 1000.09
 //     > borra 000012             < borra 000012
 // Si muere, la última anunciada pudo quedar hecha o no, pero entera.
-#include "datos/firebird/conexion.h"
-
-#include <QMap>
-#include <QSet>
-#include <QStringList>
-#include <optional>
 
 class Diario {
 public:

@@ -1,14 +1,8 @@
 #include "fallas/escenarios.h"
 
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/herramienta.h"
 #include "apoyo/servidor_prueba.h"
 #include "fallas/comprobaciones.h"
 #include "fallas/diario.h"
-
-#include <QDir>
-#include <QThread>
 
 namespace {
 

@@ -2,8 +2,6 @@
 // Fallas de verdad, cuantas se pidan: programas que mueren, la red que se corta en cada punto,
 // varios que graban a la vez. Cada escenario devuelve lo que salió mal, como texto; vacío si nada.
 // La prueba de todos los días los corre reducidos y el programa `fallas`, enteros.
-#include <QStringList>
-#include <functional>
 
 struct Corrida {
     quint32 semilla = 2018;

@@ -1,10 +1,6 @@
 // fallas: los escenarios de falla enteros, para quien quiera correrlos. Véase README.md o --help.
 #include "fallas/escenarios.h"
 
-#include <QApplication>
-#include <QCommandLineParser>
-#include <cstdio>
-
 namespace {
 
 struct Escenario {

@@ -1,11 +1,8 @@
 // grabador UBICACION USUARIO CLAVE CUANTOS [SEMILLA]: hace esas operaciones en las pantallas y las
 // cuenta en la salida, como dice diario.h. Sin semilla solo graba; con ella también corrige, graba
 // por cambio de página y borra, al azar. Las pruebas de fallas lo matan o corren varios.
-// grabador UBICACION USUARIO CLAVE edita NUMERO VALOR | borra NUMERO: solo eso, sin decir nada.
 #include "fallas/contador.h"
 
-#include <QRandomGenerator>
-#include <cstdio>
 #include <unistd.h>
 
 namespace {
@@ -93,8 +90,6 @@ int main(int argc, char** argv) {
         return 2;
     try {
         Contador contador{Ubicacion(a[1]), a[2], a[3]};
-        if (a[4] == "edita" || a[4] == "borra")
-            return (a[4] == "edita" ? contador.corrija(a[5], a[6]) : contador.borre(a[5])) ? 0 : 1;
         Jornada jornada(contador, a.value(5).toUInt());
         for (int i = 0, n = a[4].toInt(); i < n; ++i)
             if (!jornada.siga(a.size() > 5)) {

@@ -2,8 +2,6 @@
 // un borrado, con las pantallas de verdad. Todos los lugares, con el programa `fallas`.
 #include "fallas/escenarios.h"
 
-#include <QTest>
-
 class PruebaCortesPantallas : public QObject {
     Q_OBJECT
 private slots:

@@ -1,13 +1,7 @@
 // El programa muere (corte de luz, kill -9) mientras trabaja, con el motor en proceso. Cuántas
 // veces lo dice QUORVEX_MUERTES; la corrida entera es la de `fallas`.
-#include "apoyo/base_prueba.h"
 #include "fallas/comprobaciones.h"
 #include "fallas/escenarios.h"
-
-#include <QCoreApplication>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
 
 class PruebaMuerteSubita : public QObject {
     Q_OBJECT

@@ -1,16 +1,8 @@
 // Cinco graban en los dos libros mientras otros leen el balance, verifican, compactan y recalculan:
 // nadie ve un libro descuadrado y nada queda mal. QUORVEX_COMPROBANTES dice cuántos graba cada uno
 // (cinco mil lecturas del balance piden unos 600).
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "apoyo/servidor_prueba.h"
 #include "herramientas/verificacion.h"
-
-#include <QMutex>
-#include <QtTest>
-#include <atomic>
-#include <functional>
-#include <thread>
 
 namespace {
 

@@ -1,17 +1,12 @@
 // El servidor se cae con la pantalla de comprobantes a medio digitar, y vuelve.
-#include "apoyo/base_prueba.h"
 #include "apoyo/servidor_prueba.h"
 #include "fallas/comprobaciones.h"
 #include "fallas/contador.h"
 
-#include <QProcess>
-#include <QThread>
-#include <csignal>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
-#include <thread>
 
 namespace {
 
@@ -55,13 +50,11 @@ private slots:
                          "la pantalla se conservan"),
                      qPrintable(c.mensajes.last()));
             QCOMPARE(c.p->CDetalle.RecordCount(), 2);
-            QCOMPARE(c.p->CMovimiento.FieldByName("ENCO_CONCEPTO").texto(), QString("Concepto"));
+            QCOMPARE(c.p->CMovimiento.FieldByName("ENCO_CONCEPTO").texto(), "Concepto");
             QVERIFY(!c.p->CMovimiento.FieldByName("ENCO_NUMERO").vacio());
         }
         // Una celda que se valida contra la base tampoco tumba la pantalla.
-        c.p->lineas_2649->rejilla->setFocus();
-        oprima(Qt::Key_Up);
-        oprima(Qt::Key_Home);
+        oprima_en(c.p->lineas_2649->rejilla, Qt::Key_Up, Qt::Key_Home);
         c.linea({"110505", "900123456"});
         QVERIFY(c.mensajes.size() > 3);
         c.mensajes.clear();
@@ -76,7 +69,7 @@ private slots:
         QCOMPARE(filas_de(otra, "select e.enco_numero, sum(d.code_debito) from "
                                 "comprobante_encabezado e join comprobante_detalle d on "
                                 "d.enco_consec = e.enco_consec group by 1 order by 1"),
-                 QString("000001|10\n000002|25\n000003|40"));
+                 "000001|10\n000002|25\n000003|40");
         QCOMPARE(a_medias(otra), QString());
         QCOMPARE(saldos_distintos(otra), QString());
     }
@@ -145,8 +138,7 @@ private slots:
                     QThread::msleep(10);
                 ::kill(pid_t(pid), SIGKILL);
             });
-            e->SBBorrar->setFocus();
-            oprima(Qt::Key_Space);
+            oprima_en(e->SBBorrar, Qt::Key_Space);
             verdugo.join();
         }
         QVERIFY2(c.mensajes.join('|').contains("Se perdió la conexión"),
@@ -155,8 +147,7 @@ private slots:
         servidor.inicie();
         Conexion mira;
         mira.conectar(servidor.parametros());
-        QCOMPARE(filas_de(mira, "select enco_numero from comprobante_encabezado"),
-                 QString("000001"));
+        QCOMPARE(filas_de(mira, "select enco_numero from comprobante_encabezado"), "000001");
         QCOMPARE(a_medias(mira), QString());
         QCOMPARE(saldos_distintos(mira), QString());
         // La pantalla sigue ahí y el segundo intento lo borra entero.
@@ -164,8 +155,7 @@ private slots:
         auto* e = qobject_cast<Tfedtmovimien*>(c.escritorio.abierta("Tfedtmovimien"));
         QVERIFY(e);
         e->activateWindow();
-        e->SBBorrar->setFocus();
-        oprima(Qt::Key_Space);
+        oprima_en(e->SBBorrar, Qt::Key_Space);
         QCOMPARE(c.mensajes, QStringList({"Desea borrar definitivamente el comprobante CG 0001 "
                                           "000001?"}));
         QVERIFY(c.cerrada("Tfedtmovimien"));

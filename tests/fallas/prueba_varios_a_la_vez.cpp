@@ -1,8 +1,6 @@
 // Varios programas graban comprobantes del mismo prefijo y las mismas cuentas contra el servidor.
 #include "fallas/escenarios.h"
 
-#include <QTest>
-
 class PruebaVariosALaVez : public QObject {
     Q_OBJECT
 private slots:

@@ -1,6 +1,5 @@
 #pragma once
 // Una instalación con la compañía de demostración recién generada.
-#include "apoyo/base_prueba.h"
 #include "herramientas/administracion.h"
 #include "herramientas/demostracion.h"
 #include "herramientas/instalador.h"

@@ -1,14 +1,7 @@
 // Una base verdadera de la primera versión del esquema, con lo que entonces se dejaba entrar, se
 // pone al día. El respaldo de datos/compania_v1.fbk.gz se hizo con los guiones de esa versión.
-#include "apoyo/archivos.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
-#include "apoyo/herramienta.h"
 #include "datos/firebird/servicios.h"
 #include "datos/firebird/version_esquema.h"
-
-#include <QDir>
-#include <QtTest>
 
 class PruebaActualizacion : public QObject {
     Q_OBJECT
@@ -106,13 +99,11 @@ void PruebaActualizacion::lo_que_no_se_puede_corregir_solo_lo_nombra_la_verifica
             {"comprobante CG 0001 000777: la fecha no existe (fecha 20170231)",
              "comprobante CG 0001 00000777: número repetido (000777, 777)",
              "comprobante CG 0001 000055, libro 2649: falta el tercero que su cuenta exige (línea "
-             "2, "
-             "cuenta 110510)",
+             "2, cuenta 110510)",
              "comprobante CG 0001 000777, libro NIIF: descuadrado (débitos menos créditos: 9.00)",
              "comprobante id 99, libro NIIF: líneas sin encabezado (1 líneas)",
              "comprobante CG 0001 000777, libro NIIF: movimiento en una cuenta que no puede "
-             "llevarlo "
-             "(línea 1, cuenta 1105)",
+             "llevarlo (línea 1, cuenta 1105)",
              "libro NIIF: saldo inicial en una cuenta que no puede llevarlo (línea 1, cuenta 1105)",
              "Se hallaron 8 cosas mal."}),
         QString());

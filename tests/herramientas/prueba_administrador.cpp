@@ -1,11 +1,5 @@
 // La herramienta de administración, ejecutada como proceso.
-#include "apoyo/archivos.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/herramienta.h"
 #include "datos/firebird/claves.h"
-
-#include <QDir>
-#include <QFile>
 
 namespace {
 

@@ -1,21 +1,14 @@
 // Documentos, interfaces y facturas electrónicas que entran por quorvex-admin.
-#include "apoyo/archivos.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
-#include "apoyo/herramienta.h"
-
-#include <QtTest>
 
 namespace {
 
-const char* const kInterfaz =
-    "# una interfaz de ventas\n"
-    "INTERFAZ familia=VENTAS id=7 documento=31 prefijo=FE comprobante=CG/0001 confirmar=S"
-    " nombre=\"Ventas \"\"A\"\"\"\n"
-    "2649 CLIENTE 130505 D tercero abre\n"
-    "2649 VENTA:48 413505 C centro categoria=01\n"
-    "2649 RETEFUENTE 135515 D tercero base porcentaje=2.5\n"
-    "NIIF igual\n";
+const char* const kInterfaz = "# una interfaz de ventas\n"
+                              "INTERFAZ familia=VENTAS id=7 documento=31 prefijo=FE "
+                              "comprobante=CG/0001 confirmar=S nombre=\"Ventas \"\"A\"\"\"\n"
+                              "2649 CLIENTE 130505 D tercero abre\n"
+                              "2649 VENTA:48 413505 C centro categoria=01\n"
+                              "2649 RETEFUENTE 135515 D tercero base porcentaje=2.5\n"
+                              "NIIF igual\n";
 
 /// Una factura como la describe el anexo: el vendedor, el comprador y lo demás en su sitio.
 struct Factura {
@@ -104,11 +97,9 @@ const QString kRetencion =
 
 } // namespace
 
-class PruebaCargaDocumentos : public QObject {
+class PruebaCargaDocumentos : public PruebaConBase {
     Q_OBJECT
 private slots:
-    void init() { base_.emplace(); }
-
     void una_interfaz_entra_se_reemplaza_y_se_lista_igual();
     void lo_mal_escrito_se_dice_todo_con_su_renglon_y_no_entra_nada();
     void los_documentos_entran_y_se_listan_igual();
@@ -118,8 +109,6 @@ private slots:
     void el_leeme_nombra_los_mismos_conceptos_que_la_base();
 
 private:
-    Conexion& base() { return base_->base(); }
-    QString filas(const QString& sql) { return filas_de(base(), sql); }
     QString archivo(const QString& nombre, const QString& texto) {
         return ponga_archivo(base_->ruta() + '/' + nombre, texto.toUtf8());
     }
@@ -132,8 +121,6 @@ private:
     ResultadoHerramienta cargue(const QString& orden, const QString& texto) {
         return ordene({orden, "--cargar", archivo(orden + ".txt", texto)});
     }
-
-    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaCargaDocumentos::una_interfaz_entra_se_reemplaza_y_se_lista_igual() {

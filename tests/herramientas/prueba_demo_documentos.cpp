@@ -1,11 +1,8 @@
 // Los documentos de la compañía de demostración: hay de todos, se contabilizan limpios los que no
 // fallan a propósito y las facturas de ejemplo entran con ellos.
-#include "apoyo/comprobantes.h"
 #include "herramientas/demo_de_prueba.h"
 #include "herramientas/factura_electronica.h"
 #include "herramientas/verificacion.h"
-
-#include <QtTest>
 
 class PruebaDemoDocumentos : public QObject {
     Q_OBJECT
@@ -34,12 +31,11 @@ void PruebaDemoDocumentos::hay_tres_meses_de_todos_los_tipos_de_la_lista() {
 
 int PruebaDemoDocumentos::proponga(const QVector<Valor>& d) {
     const bool nomina = d[3].texto() == "NOMINA";
-    const Valor interfaz =
-        c_.consulte("select first 1 interfaz from interfaz_contable where familia = ? and tido_cod "
-                    "= ? and (familia = 'NOMINA' or pref_pre = ?) and (familia <> 'BANCOS' or"
-                    " exists (select 1 from interfaz_bancos where inba_id = interfaz and cuba_cod "
-                    "= ?)) order by interfaz",
-                    {d[3], d[0], d[2], d[6]});
+    const Valor interfaz = c_.consulte(
+        "select first 1 interfaz from interfaz_contable where familia = ? and tido_cod = ? and "
+        "(familia = 'NOMINA' or pref_pre = ?) and (familia <> 'BANCOS' or exists (select 1 from "
+        "interfaz_bancos where inba_id = interfaz and cuba_cod = ?)) order by interfaz",
+        {d[3], d[0], d[2], d[6]});
     if (interfaz.nulo())
         return 0;
     const auto corra = [&](const QString& procedimiento, const QVector<Valor>& argumentos) {

@@ -1,6 +1,4 @@
 // La compañía de demostración es un libro creíble, cuadrado y repetible.
-#include "apoyo/comprobantes.h"
-#include "herramientas/administracion.h"
 #include "herramientas/demo_catalogos.h"
 #include "herramientas/demo_de_prueba.h"
 #include "herramientas/demo_formatos.h"
@@ -51,7 +49,7 @@ void compruebe_informacion_tributaria(Demo& d) {
     QCOMPARE(filas_de(d.compania,
                       "select r.concepto, r.nit, r.causa from mediosmag_archivos f cross"
                       " join revise_medio(f.medm_formato, '2017') r"),
-             QString("2206||Movimiento sin tercero: corrija las líneas de sus cuentas."));
+             "2206||Movimiento sin tercero: corrija las líneas de sus cuentas.");
     QCOMPARE(filas_de(d.compania, "select mmdi_articulo, mmdd_nit from mediosmag_distr_datos where"
                                   " minvalue(mmdd_monto, mmdd_devol, mmdd_saldo) < 0 or"
                                   " (mmdd_nit = '' and mmdi_articulo <> 51)"),
@@ -65,12 +63,12 @@ void compruebe_informacion_tributaria(Demo& d) {
     // Sin filas, solo lo que una comercializadora no tiene.
     QCOMPARE(filas_de(d.compania, "select medm_formato from mediosmag_archivos where medm_formato"
                                   " not in (select memg_formato from medios_magneticos_datos)"),
-             QString("10026\n10046"));
+             "10026\n10046");
     QCOMPARE(d.compania
                  .consulte("select list(mmdi_articulo) from mediosmag_distr where mmdi_articulo not"
                            " in (select mmdi_articulo from mediosmag_distr_datos)")
                  .texto(),
-             QString("3,33,34,36,43,52,53,54,56,310,410"));
+             "3,33,34,36,43,52,53,54,56,310,410");
 }
 
 } // namespace

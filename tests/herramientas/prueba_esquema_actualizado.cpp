@@ -1,9 +1,6 @@
 // Una base en uso, de cualquier versión anterior, queda al ponerla al día como una recién creada:
 // tablas, columnas, índices, restricciones, disparadores, procedimientos y permisos. Los respaldos
 // de datos/ se hicieron con los guiones de su versión.
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
-#include "apoyo/herramienta.h"
 #include "apoyo/retrato_esquema.h"
 #include "datos/firebird/servicios.h"
 #include "datos/firebird/version_esquema.h"
@@ -32,12 +29,11 @@ private slots:
             QCOMPARE(c.consulte("select max(vers_numero) from version_esquema").entero(),
                      kVersionCompania);
             // Lo que el sistema siembra también está entero.
-            for (const char* claves :
-                 {"select conf_modulo || conf_categoria || conf_propiedad from "
-                  "configuracion order by 1",
-                  "select nombre from nombres_campos order by 1",
-                  "select tido_cod from tipo_documento order by 1",
-                  "select tido_cod from documento_contable order by 1"})
+            for (const char* claves : {"select conf_modulo || conf_categoria || conf_propiedad "
+                                       "from configuracion order by 1",
+                                       "select nombre from nombres_campos order by 1",
+                                       "select tido_cod from tipo_documento order by 1",
+                                       "select tido_cod from documento_contable order by 1"})
                 QCOMPARE(filas_de(c, claves), filas_de(nueva_, claves));
             for (const char* libro : {"2649", "NIIF"})
                 QCOMPARE(filas_de(c, QString("select * from verifique_saldos('%1')").arg(libro)),
@@ -64,9 +60,9 @@ private slots:
         // deterioro.
         Conexion c;
         conecte(c, lugar("v2b").base_compania("001"));
-        const char* const hechos = "select (select count(*) from cierre_anual), (select count(*) "
-                                   "from depreciacion), (select "
-                                   "count(*) from activos_fijos_valor) from rdb$database";
+        const char* const hechos =
+            "select (select count(*) from cierre_anual), (select count(*) from depreciacion), "
+            "(select count(*) from activos_fijos_valor) from rdb$database";
         QCOMPARE(filas_de(c, hechos), "1|1|1");
         for (const char* tabla : {"activos_fijos_valor", "depreciacion", "cierre_anual"})
             c.ejecute(QString("delete from %1").arg(tabla));

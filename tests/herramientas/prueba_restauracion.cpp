@@ -1,15 +1,9 @@
 // Una restauración cortada entre dos pasos cualesquiera, o que no puede terminar, nunca deja menos
 // bases buenas de las que había. El corte es de verdad: otro proceso que muere ahí.
-#include "apoyo/archivos.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "apoyo/servidor_prueba.h"
 #include "datos/firebird/servicios.h"
 #include "herramientas/respaldo.h"
 
-#include <QDir>
-#include <QProcess>
-#include <QtTest>
 #include <cstdlib>
 
 namespace {

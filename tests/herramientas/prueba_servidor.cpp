@@ -1,8 +1,5 @@
 // Las mismas bases contra un servidor Firebird privado en 127.0.0.1.
-#include "apoyo/herramienta.h"
 #include "apoyo/servidor_prueba.h"
-
-#include <QFile>
 
 class PruebaServidor : public QObject {
     Q_OBJECT

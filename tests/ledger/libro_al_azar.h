@@ -1,8 +1,6 @@
 #pragma once
 // Un libro al azar de dos años, con ajustes y cierre y cifras distintas en los dos libros.
-#include "apoyo/comprobantes.h"
 
-#include "apoyo/azar_de_prueba.h"
 #include <tuple>
 
 /// Un renglón del libro, como está en las tablas; un saldo inicial no tiene fecha.

@@ -4,19 +4,6 @@
 #include "ledger/tfauxiliar.h"
 #include "ledger/tfsaldoterc.h"
 #include "libro_de_prueba.h"
-#include "toolkit/controles/cajaperiodo.h"
-#include "toolkit/controles/editornumero.h"
-#include "toolkit/estilo.h"
-#include "toolkit/rejilla/rejilla.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QHeaderView>
-#include <QMdiSubWindow>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QSpinBox>
-#include <QToolButton>
 
 namespace {
 
@@ -257,8 +244,7 @@ private slots:
         p->DBGridEh1->SelectedIndex(p->DBGridEh1->columna_de("DEBITO"));
         oprima(Qt::Key_Up);
         QVERIFY(p->DBGridEh1->en_fila_de_filtro());
-        digite("11.11");
-        oprima(Qt::Key_Return);
+        digite("11.11", Qt::Key_Return);
         QVERIFY(abiertas_.isEmpty());
         QCOMPARE(columna(p->CAuxiliar, "ID"), "906");
         componente<QCheckBox>(p, "ckfiltro").click();
@@ -298,8 +284,7 @@ private slots:
         auto* p = abra<Tfauxiliar>(s, "Tfauxiliar", "110505", 3);
         QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         componente<QComboBox>(p, "EMes").setFocus();
-        oprima(Qt::Key_Up);
-        oprima(Qt::Key_Up);
+        oprima_seguidas({Qt::Key_Up, Qt::Key_Up});
         QCOMPARE(s.cnt.periodo_actual, 0);
         QCOMPARE(columna(p->CAuxiliar, "ID"), "901");
         QVERIFY(aviso.count() > 0);
@@ -308,8 +293,7 @@ private slots:
         QCOMPARE(ano.maximum(), 2099);
         ano.setFocus();
         ano.selectAll();
-        digite("2018");
-        oprima(Qt::Key_Return);
+        digite("2018", Qt::Key_Return);
         QVERIFY(abiertas_.isEmpty());
         QCOMPARE(s.cnt.ano_actual, "2018");
         QVERIFY(p->CAuxiliar.IsEmpty());

@@ -3,18 +3,6 @@
 #include "ledger/tfauxiliar.h"
 #include "ledger/tfbalanceprueba.h"
 #include "libro_de_prueba.h"
-#include "toolkit/controles/cajaperiodo.h"
-#include "toolkit/controles/editornumero.h"
-#include "toolkit/controles/navegadordatos.h"
-#include "toolkit/estilo.h"
-#include "toolkit/rejilla/rejilla.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QMdiSubWindow>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTabWidget>
 
 namespace {
 struct PaginaDePrueba {
@@ -242,8 +230,7 @@ private slots:
         QCOMPARE(s.cnt.ano_actual, "2019");
         // F2 también toma el año a medio digitar.
         ano.selectAll();
-        digite("2017");
-        oprima(Qt::Key_F2);
+        digite("2017", Qt::Key_F2);
         QCOMPARE(guardado(s), "2017 10");
         // El comienzo del libro no se pasa.
         s.cnt.periodo_actual = 0;

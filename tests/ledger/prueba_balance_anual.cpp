@@ -6,16 +6,11 @@
 #include "ledger/libro_de_prueba.h"
 #include "ledger/registro.h"
 #include "ledger/tfbalanceanual.h"
-#include "toolkit/controles/cajaperiodo.h"
 
 #include <QBarSeries>
 #include <QBarSet>
 #include <QChart>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGroupBox>
 #include <QLineSeries>
-#include <QSpinBox>
 
 namespace {
 
@@ -110,8 +105,7 @@ private slots:
         auto* barras = qobject_cast<QBarSeries*>(s.p->grafico->grafico()->series().value(0));
         QVERIFY(barras && barras->barSets().first()->count() == 13);
         tome_foto(&s.ventana, "balance_anual_movimientos");
-        s.p->Tipo->setFocus();
-        oprima(Qt::Key_Down);
+        oprima_en(s.p->Tipo, Qt::Key_Down);
         QCOMPARE(s.puntos().first() + s.puntos()[3] + s.puntos().last(),
                  "Ene0Abr5758011Cie5758011");
         QVERIFY(qobject_cast<QLineSeries*>(s.p->grafico->grafico()->series().value(0)));

@@ -1,21 +1,11 @@
 // Comparativo de centros: consulta, cubo, campos que se mueven, plantillas y salida al libro.
-#include "apoyo/archivos.h"
-#include "apoyo/herramienta.h"
 #include "apoyo/monitor.h"
 #include "apoyo_gui/fotos.h"
 #include "ledger/libro_de_prueba.h"
 #include "ledger/registro.h"
 #include "ledger/tfcomparacentros.h"
-#include "toolkit/barraestado.h"
 #include "toolkit/pivote/rejilla_cubo.h"
 #include "toolkit/pivote/zonas_cubo.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDropEvent>
-#include <QMimeData>
-#include <QPushButton>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -204,11 +194,9 @@ private slots:
         oprima(Qt::Key_Plus, Qt::KeypadModifier | Qt::ControlModifier);
         QCOMPARE(columnas(), todas);
         const int filas = s.filas();
-        s.p->zonas->total_filas->setFocus();
-        oprima(Qt::Key_Space);
+        oprima_en(s.p->zonas->total_filas, Qt::Key_Space);
         QCOMPARE(s.filas(), filas - 1);
-        oprima(Qt::Key_Tab);
-        oprima(Qt::Key_Space);
+        oprima_seguidas({Qt::Key_Tab, Qt::Key_Space});
         QCOMPARE(columnas(), todas - 1);
         QVERIFY(!s.p->zonas->disposicion().total_columnas);
         tome_foto(&s.ventana, "cubo_sin_totales");

@@ -1,14 +1,8 @@
 // Comprobantes que se revisan, se graban y se borran sin pantalla, sobre una base verdadera.
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "libro/borrado.h"
 #include "libro/grabacion.h"
 #include "libro/numeracion.h"
 #include "libro/revision.h"
-
-#include <mutex>
-#include <thread>
 
 namespace {
 
@@ -50,11 +44,11 @@ QString lugar(const Rechazo& r) {
 
 } // namespace
 
-class PruebaGrabacion : public QObject {
+class PruebaGrabacion : public PruebaConBase {
     Q_OBJECT
 private slots:
     void init() {
-        base_.emplace();
+        PruebaConBase::init();
         ajustes_ = {};
     }
 
@@ -71,7 +65,6 @@ private slots:
     void un_cambio_ajeno_se_avisa_antes_de_borrar();
 
 private:
-    Conexion& base() { return base_->base(); }
     QString encabezados() {
         return filas_de(base(), "select enco_numero, enco_fecha, enco_concepto from "
                                 "comprobante_encabezado order by 1");
@@ -90,7 +83,6 @@ private:
         return ::revise(base(), c, modo_de(Grabador::Lote), ajustes_);
     }
 
-    std::optional<BaseDePrueba> base_;
     AjustesLibro ajustes_;
 };
 
@@ -101,10 +93,10 @@ void PruebaGrabacion::un_comprobante_en_lote_se_graba_se_corrige_y_se_relee() {
     const ResultadoGrabacion r = grabe(c);
     QCOMPARE(textos(r.rechazos), QStringList());
     QCOMPARE(r.clase, Clase::Grabado);
-    QCOMPARE(r.numero, QString("000001"));
+    QCOMPARE(r.numero, "000001");
     QVERIFY(r.id > 0);
-    QCOMPARE(lineas(r.id), QString("1|110505|100|0|\n2|310505|0|100|"));
-    QCOMPARE(lineas(r.id, "_niif"), QString("1|111005|100|0|\n2|310505|0|100|"));
+    QCOMPARE(lineas(r.id), "1|110505|100|0|\n2|310505|0|100|");
+    QCOMPARE(lineas(r.id, "_niif"), "1|111005|100|0|\n2|310505|0|100|");
 
     // Lo leído es lo mandado, con lo que la base le puso.
     c.id = r.id;
@@ -125,8 +117,8 @@ void PruebaGrabacion::un_comprobante_en_lote_se_graba_se_corrige_y_se_relee() {
     const ResultadoGrabacion otra = grabe(c);
     QCOMPARE(textos(otra.rechazos), QStringList());
     QCOMPARE(otra.id, r.id);
-    QCOMPARE(encabezados(), QString("000001|20170210|Venta corregida"));
-    QCOMPARE(lineas(r.id), QString("1|110505|130|0|\n2|310505|0|130|"));
+    QCOMPARE(encabezados(), "000001|20170210|Venta corregida");
+    QCOMPARE(lineas(r.id), "1|110505|130|0|\n2|310505|0|130|");
     QCOMPARE(lineas(r.id, "_niif"), QString());
     QCOMPARE(saldos_distintos(base()), QString());
 
@@ -138,7 +130,7 @@ void PruebaGrabacion::un_comprobante_en_lote_se_graba_se_corrige_y_se_relee() {
 }
 
 void PruebaGrabacion::cada_rechazo_dice_que_esta_mal_y_donde() {
-    QCOMPARE(grabe(sencillo()).numero, QString("000001"));
+    QCOMPARE(grabe(sencillo()).numero, "000001");
     const auto con = [](const std::function<void(Comprobante&)>& cambio) {
         Comprobante c = sencillo();
         cambio(c);
@@ -202,7 +194,7 @@ void PruebaGrabacion::cada_rechazo_dice_que_esta_mal_y_donde() {
         QCOMPARE(textos(r.rechazos), QStringList{caso.texto});
         QCOMPARE(lugar(r.rechazos[0]), QString(caso.lugar));
     }
-    QCOMPARE(encabezados(), QString("000001|20170210|Venta de contado")); // nada llegó a la base
+    QCOMPARE(encabezados(), "000001|20170210|Venta de contado"); // nada llegó a la base
 }
 
 void PruebaGrabacion::los_rechazos_salen_todos_de_una_vez_y_en_orden() {
@@ -230,7 +222,7 @@ void PruebaGrabacion::un_numero_que_ya_esta_se_puede_consultar() {
     const qint64 id = grabe(c).id;
     const Rechazos tomado = grabe(c).rechazos;
     QCOMPARE(textos(tomado), QStringList{"Comprobante 000044 previamente registrado."});
-    QCOMPARE(tomado[0].pregunta, QString("Comprobante 000044 previamente registrado. Consultar?"));
+    QCOMPARE(tomado[0].pregunta, "Comprobante 000044 previamente registrado. Consultar?");
     QCOMPARE(tomado[0].oferta, Oferta::ConsultarComprobante);
     QCOMPARE(tomado[0].dato, QString::number(id));
 }
@@ -410,7 +402,7 @@ void PruebaGrabacion::el_numero_automatico_tomado_avanza_solo() {
     const ResultadoGrabacion r = grabe(c);
     QCOMPARE(r.clase, Clase::Grabado);
     QVERIFY(r.cambio_de_numero());
-    QCOMPARE(r.numero_pedido + ' ' + r.numero, QString("000003 000004"));
+    QCOMPARE(r.numero_pedido + ' ' + r.numero, "000003 000004");
     // El que trae su número no avanza: es de quien lo escribió.
     c.numero = "000003";
     QCOMPARE(grabe(c).rechazos.value(0).motivo, Motivo::NumeroTomado);
@@ -420,7 +412,7 @@ void PruebaGrabacion::el_numero_automatico_tomado_avanza_solo() {
     QCOMPARE(grabe(c).rechazos.value(0).motivo, Motivo::NumeroTomado);
     // Con el 999999 se acaba: el último se graba y el que sigue se rehúsa con su razón.
     base_->ejecute({"update prefijos_conta set pref_numero = '999999' where tico_cod = 'CG'"});
-    QCOMPARE(grabe(sencillo()).numero, QString("999999"));
+    QCOMPARE(grabe(sencillo()).numero, "999999");
     QCOMPARE(grabe(sencillo()).rechazos.value(0).motivo, Motivo::NumeroAgotado);
 }
 
@@ -448,7 +440,7 @@ void PruebaGrabacion::varios_que_graban_a_la_vez_no_ven_un_numero_repetido() {
     QCOMPARE(fallas, QStringList());
     QCOMPARE(filas_de(base(), "select count(*), min(enco_numero), max(enco_numero) from "
                               "comprobante_encabezado"),
-             QString("100|000001|000100"));
+             "100|000001|000100");
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
@@ -497,13 +489,13 @@ void PruebaGrabacion::el_borrado_es_todo_o_nada_y_lo_firma_quien_borra() {
         QVERIFY_THROWS_EXCEPTION(
             ErrorBase, borre_comprobante(base(), modo_borrado(pantalla), pedido, "AUXILIAR"));
         base().observador = nullptr;
-        QCOMPARE(queda(), QString("1|2|2"));
+        QCOMPARE(queda(), "1|2|2");
         QCOMPARE(tocadas.join(' '), orden);
     }
     estorbe("N");
     // Solo el libro 2649: las NIIF se quedan, como siempre desde esa lista.
     borre_comprobante(base(), modo_borrado("Tfcomproterc"), pedido, "AUXILIAR");
-    QCOMPARE(queda(), QString("0|0|2"));
+    QCOMPARE(queda(), "0|0|2");
     QCOMPARE(
         filas_de(base(), "select audi_oper, audi_usuario from auditoria where audi_oper = 'E'"),
         QString("E|AUXILIAR"));
@@ -514,7 +506,7 @@ void PruebaGrabacion::el_borrado_es_todo_o_nada_y_lo_firma_quien_borra() {
                               "tido_cod = 1"),
              QString("AUXILIAR,AUXILIAR"));
     QCOMPARE(revise_borrado(base(), {1, "CG", "0001", "1", 31, {}})->texto,
-             QString("Debe utilizar la opcion Factura de venta para borrar el comprobante"));
+             "Debe utilizar la opcion Factura de venta para borrar el comprobante");
 }
 
 void PruebaGrabacion::un_cambio_ajeno_se_avisa_antes_de_borrar() {
@@ -528,9 +520,8 @@ void PruebaGrabacion::un_cambio_ajeno_se_avisa_antes_de_borrar() {
     const auto r = revise_cambio_ajeno(base(), pedido);
     QVERIFY(r);
     QCOMPARE(r->oferta, Oferta::Confirmar);
-    QCOMPARE(r->pregunta,
-             QString("El usuario AUXILIAR cambió este comprobante después de que usted "
-                     "lo abrió. Desea borrarlo de todos modos?"));
+    QCOMPARE(r->pregunta, "El usuario AUXILIAR cambió este comprobante después de que usted "
+                          "lo abrió. Desea borrarlo de todos modos?");
     pedido.visto.reset(); // quien no lo abrió no tiene con qué comparar
     QVERIFY(!revise_cambio_ajeno(base(), pedido));
 }

@@ -1,7 +1,5 @@
 // La apertura NIIF y la conciliación, con teclas: traer, rehacer, anotar, la hoja de cálculo,
 // borrar, imprimir, llevar a los saldos iniciales, y de una diferencia a su comprobante.
-#include "apoyo/comprobantes.h"
-#include "apoyo/reloj_de_prueba.h"
 #include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/huerfano.h"
 #include "apoyo_gui/sesion_gui.h"
@@ -15,18 +13,7 @@
 #include "niif/tfmovbalapniif.h"
 #include "sesion/borrador_filas.h"
 
-#include "toolkit/controles/editornumero.h"
-#include "toolkit/controles/memodato.h"
 #include "toolkit/lista_teclas.h"
-
-#include <QClipboard>
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QLabel>
-#include <QPushButton>
-#include <QStandardPaths>
-#include <QtTest>
 
 namespace {
 const QString kTraer =
@@ -82,15 +69,11 @@ private:
         return p;
     }
     void pegue_conceptos(Tfbalaperturaniif* p);
-    void grabe_y_siga() {
-        i_->espere(kFaltan, "No");
-        oprima(Qt::Key_F2);
-    }
+    void grabe_y_siga() { dice(Qt::Key_F2, kFaltan, "No"); }
     /// Deja la rejilla principal en la cuenta y abre su detalle.
     void detalle(Tfbalaperturaniif* p, const QString& cuenta) {
         QVERIFY(p->CAjusniif.Locate("CODIGO", {cuenta}));
-        p->DBGridEh1->setFocus();
-        oprima(Qt::Key_F5);
+        oprima_en(p->DBGridEh1, Qt::Key_F5);
         QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
     }
     /// Abre la hoja de la cuenta a la vista con un programa de mentira.
@@ -118,17 +101,14 @@ void PruebaApertura::init() {
                       "BALANCE DE APERTURA NIIF', 'AÑO DE INICIO NIIF')"});
     s_->dm.cargue_configuracion();
     // Caja 100; clientes 50 y 30; capital -160; y una venta, que no se trae.
-    grabe(s_->base.base(), {1,
-                            "000001",
-                            "20170301",
-                            {{1, "110505", 100, 0},
-                             {2, "130505", 50, 0, "900123456"},
-                             {3, "130505", 30, 0, "860002964"},
-                             {4, "310505", 0, 160},
-                             {5, "413505", 0, 20, {}, "0002", "0001"}}});
-    grabe(s_->base.base(), {2, "000002", "20171305", {{1, "152405", 7, 0}, {2, "110505", 0, 7}}});
-    grabe(s_->base.base(),
-          {3, "000003", "20180105", {{1, "110505", 999, 0}, {2, "111005", 0, 999}}});
+    grabe(s_->base.base(), 1, "20170301",
+          {{1, "110505", 100, 0},
+           {2, "130505", 50, 0, "900123456"},
+           {3, "130505", 30, 0, "860002964"},
+           {4, "310505", 0, 160},
+           {5, "413505", 0, 20, {}, "0002", "0001"}});
+    grabe(s_->base.base(), 2, "20171305", {{1, "152405", 7, 0}, {2, "110505", 0, 7}});
+    grabe(s_->base.base(), 3, "20180105", {{1, "110505", 999, 0}, {2, "111005", 0, 999}});
 }
 
 void PruebaApertura::traer_saldos_los_cruza_todos_y_no_se_repite() {
@@ -154,9 +134,9 @@ void PruebaApertura::traer_saldos_los_cruza_todos_y_no_se_repite() {
     QCOMPARE(p->CAjusniif.FieldByName("FINAL").texto(), "0");
     QCOMPARE(p->CAjusniif.FieldByName("NUEVO").texto(), "93");
     QCOMPARE(p->CAjusniif.FieldByName("CUENTANIIF").texto(), "110505");
-    i_->espere("Ya hay movimientos de apertura regstrados. Debe Borrarlos antes de poder traer los "
-               "saldos.");
-    oprima(Qt::Key_F7);
+    dice(Qt::Key_F7,
+         "Ya hay movimientos de apertura regstrados. Debe Borrarlos antes de poder traer los "
+         "saldos.");
     // F6: el libro lo dice la columna.
     p->DBGridEh1->SelectedIndex(9);
     oprima(Qt::Key_F6);
@@ -219,19 +199,15 @@ void PruebaApertura::el_detalle_no_cierra_descuadrado_y_guarda_la_nota() {
     p->CAperniifdet.Edit();
     p->CAperniifdet.FieldByName("APND_DEBITO") = 10;
     p->CAperniifdet.Post();
-    i_->espere("No puede grabar un ajuste NIIF descuadrado.");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "No puede grabar un ajuste NIIF descuadrado.");
     QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Detalle));
     // F5 en la línea que sigue pone lo que cuadra.
     p->CAperniifdet.Cancel();
     p->CAperniifdet.Next();
-    p->DBGridEh2->setFocus();
-    oprima(Qt::Key_F5);
+    oprima_en(p->DBGridEh2, Qt::Key_F5);
     QCOMPARE(p->CAperniifdet.FieldByName("APND_CREDITO").texto(), "10");
     QCOMPARE(p->CAperniifdet.FieldByName("APND_SALDOFIN").texto(), "83");
-    p->APNI_NOTA->setFocus();
-    digite("Deterioro");
-    oprima(Qt::Key_F2);
+    digite_en(p->APNI_NOTA, "Deterioro", Qt::Key_F2);
     QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Principal));
     grabe_y_siga();
     QCOMPARE(s_->dato("select apni_nota from apertura_niif where cuen_cod = '110505'"),
@@ -286,19 +262,16 @@ void PruebaApertura::una_linea_nueva_nace_con_el_saldo_y_suma_su_final() {
     p->CAperniifdet.Post();
     // Con las teclas: la cuenta se completa, el importe se calcula y lo pegado se deshace.
     enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_CTANIIF"));
-    digite("1110");
-    oprima(Qt::Key_Down);
-    oprima(Qt::Key_Return);
-    QCOMPARE(campo("APND_CTANIIF"), QString("111005"));
+    digite("1110", Qt::Key_Down, Qt::Key_Return);
+    QCOMPARE(campo("APND_CTANIIF"), "111005");
     enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_DEBITO"));
-    digite("100*0.19");
-    oprima(Qt::Key_Return);
-    QCOMPARE(campo("APND_DEBITO"), QString("19"));
+    digite("100*0.19", Qt::Key_Return);
+    QCOMPARE(campo("APND_DEBITO"), "19");
     pegue_conceptos(p);
     oprima(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(p->CAperniifdet.RecordCount(), 1);
-    QCOMPARE(campo("APND_CONCEPTO") + campo("APND_CTANIIF"), QString("111005"));
-    QCOMPARE(p->DetDebito->text(), QString("19.00"));
+    QCOMPARE(campo("APND_CONCEPTO") + campo("APND_CTANIIF"), "111005");
+    QCOMPARE(p->DetDebito->text(), "19.00");
     // Sin ninguna de las dos cuentas la línea no entra.
     p->CAperniifdet.Append();
     p->CAperniifdet.FieldByName("APND_CUENTA") = "";
@@ -361,8 +334,7 @@ void PruebaApertura::los_saldos_iniciales_son_los_del_ano_anterior() {
 void PruebaApertura::borrar_la_hoja_pregunta_y_tambien_graba() {
     Tfbalaperturaniif* p = traiga();
     grabe_y_siga();
-    i_->espere(kBorrar, "No");
-    oprima(Qt::Key_F3);
+    dice(Qt::Key_F3, kBorrar, "No");
     QCOMPARE(s_->dato("select count(*) from apertura_niif"), "4");
     i_->espere(kBorrar, "Sí");
     i_->espere(kFaltan, "No");
@@ -380,10 +352,8 @@ void PruebaApertura::una_muerte_no_pierde_lo_digitado() {
     detalle(p, "130505");
     p->CAperniifdet.Last();
     enfoque(p, "DBGridEh2", p->DBGridEh2->columna_de("APND_DEBITO"));
-    digite("10");
-    oprima(Qt::Key_Return);
-    p->APNI_NOTA->setFocus();
-    digite("Deterioro");
+    digite("10", Qt::Key_Return);
+    digite_en(p->APNI_NOTA, "Deterioro");
     p->DBGridEh2->setFocus();
     const RelojDetenido a_las_diez({2018, 5, 15}, {10, 0});
     const QDir carpeta = deje_huerfano(*p->findChild<BorradorFilas*>());
@@ -404,9 +374,7 @@ void PruebaApertura::una_muerte_no_pierde_lo_digitado() {
                  p->DetDebito->text(),
              "130505Deterioro10.00");
     p->CAperniifdet.First();
-    p->DBGridEh2->setFocus();
-    oprima(Qt::Key_F5);
-    oprima(Qt::Key_F2);
+    oprima_en(p->DBGridEh2, Qt::Key_F5, Qt::Key_F2);
     grabe_y_siga();
     QVERIFY(borradores(carpeta).isEmpty());
     QCOMPARE(filas("select (select count(*) from apertura_niif), count(*), sum(apnd_debito), "
@@ -427,16 +395,13 @@ void PruebaApertura::salir_con_cambios_pregunta() {
     QCOMPARE(que_hace_f2(), "Grabar");
     detalle(p, "110505");
     QCOMPARE(que_hace_f2(), "Aceptar");
-    p->APNI_NOTA->setFocus();
-    digite("A medias");
-    i_->espere("Desea salir del detalle y perder los cambios que no ha aceptado?", "No");
-    oprima(Qt::Key_Escape);
+    digite_en(p->APNI_NOTA, "A medias");
+    dice(Qt::Key_Escape, "Desea salir del detalle y perder los cambios que no ha aceptado?", "No");
     QCOMPARE(p->APNI_NOTA->toPlainText(), "A medias");
-    i_->espere("Desea salir del detalle y perder los cambios que no ha aceptado?", "Sí");
-    oprima(Qt::Key_Escape);
+    dice(Qt::Key_Escape, "Desea salir del detalle y perder los cambios que no ha aceptado?", "Sí");
     QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Principal));
-    i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "No");
-    oprima(Qt::Key_Escape);
+    dice(Qt::Key_Escape, "Desea salir del comprobante y perder los movimientos que no ha grabado?",
+         "No");
     QVERIFY(escritorio()->abierta("Tfbalaperturaniif"));
     i_->espere("Desea salir del comprobante y perder los movimientos que no ha grabado?", "Sí");
     oprima(Qt::Key_Escape);
@@ -457,8 +422,8 @@ void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
                   candado = s_->base.ruta() + "/.~lock.Apniif110505.xlsx#";
     const auto pagina = [p] { return Tfbalaperturaniif::Pagina(p->paginas->currentIndex()); };
     const auto aun_abierta = [&] {
-        i_->espere("Guarde la hoja y cierre el programa de hojas de cálculo antes de continuar.");
-        oprima(Qt::Key_F2);
+        dice(Qt::Key_F2,
+             "Guarde la hoja y cierre el programa de hojas de cálculo antes de continuar.");
         QCOMPARE(pagina(), Tfbalaperturaniif::Hoja);
     };
     // Nace en blanco. El programa sigue abierto o se la pasó a otra ventana, que pone un candado.
@@ -492,9 +457,7 @@ void PruebaApertura::la_hoja_de_calculo_va_y_vuelve() {
     QTRY_VERIFY_WITH_TIMEOUT(!p->hoja.en_uso(), kMsDeOtro);
     i_->espere_comienzo("Se presento el siguiente error: " + ruta +
                         " no quedó como un libro xlsx.");
-    oprima(Qt::Key_F2);
-    oprima(Qt::Key_Escape);
-    oprima(Qt::Key_F2);
+    oprima_seguidas({Qt::Key_F2, Qt::Key_Escape, Qt::Key_F2});
     grabe_y_siga();
     QCOMPARE(s_->base.base()
                  .consulte("select apni_archivo from apertura_niif where cuen_cod = '110505'")
@@ -554,15 +517,13 @@ void PruebaApertura::con_libreoffice_la_hoja_se_abre_y_se_cierra_entera() {
 
 void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
     traiga();
-    i_->espere("Grabe antes la hoja con F2: los saldos iniciales salen de lo grabado.");
-    oprima(Qt::Key_F12);
+    dice(Qt::Key_F12, "Grabe antes la hoja con F2: los saldos iniciales salen de lo grabado.");
     grabe_y_siga();
     QCOMPARE(filas("select importe_con_miles(-0.5), importe_con_miles(999.99), "
                    "importe_con_miles(-1234567.8) from rdb$database"),
              "-0.50|999.99|-1,234,567.80");
     // Sin la utilidad del año, las clases 1 a 3 no cuadran.
-    i_->espere("El balance de apertura está descuadrado: débitos 180.00, créditos 160.00.");
-    oprima(Qt::Key_F12);
+    dice(Qt::Key_F12, "El balance de apertura está descuadrado: débitos 180.00, créditos 160.00.");
     s_->base.ejecute({"insert into apertura_niif (cuen_cod) values ('360505')",
                       "insert into apertura_niif_det (cuen_cod, apnd_item, apnd_ctaniif, "
                       "apnd_reclcr) values ('360505', 1, '360505', 20)",
@@ -571,8 +532,7 @@ void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {
     const QString pregunta =
         "Se reemplazarán los 1 saldos iniciales NIIF que hay por los 6 de esta "
         "hoja: débitos 180.00, créditos 180.00. Desea continuar?";
-    i_->espere(pregunta, "No");
-    oprima(Qt::Key_F12);
+    dice(Qt::Key_F12, pregunta, "No");
     QCOMPARE(s_->dato("select count(*) from saldos_iniciales_niif"), "1");
     i_->espere(pregunta, "Sí");
     i_->espere("Los saldos iniciales NIIF son ahora los del balance de apertura.");
@@ -606,9 +566,9 @@ void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
         "apnd_ctaniif = '%1' order by apnd_item";
     QCOMPARE(filas(entran.arg("152405")), "- 7.00\nA1 4.00\nA2 3.00");
     QCOMPARE(filas(entran.arg("110505")), "- 94.00"); // no lo pide
-    i_->espere("Faltan el tercero, el centro o el artículo de 1 saldos; el primero, de la cuenta "
-               "152405.");
-    oprima(Qt::Key_F12);
+    dice(Qt::Key_F12,
+         "Faltan el tercero, el centro o el artículo de 1 saldos; el primero, de la cuenta "
+         "152405.");
     // En la línea de inventarios se pone un artículo que exista.
     detalle(p, "152405");
     QVERIFY(p->CAperniifdet.Locate("APND_CTANIIF", {"152405"}));
@@ -633,8 +593,7 @@ void PruebaApertura::los_inventarios_pasan_con_su_articulo() {
           {"proy_cod = '77', cent_cod = '1'", "El centro 77-1 de la cuenta 152405 no existe."}}) {
         const QString donde = " where cuen_cod = '152405' and apnd_recldb = 4";
         s_->base.ejecute({"update apertura_niif_det set " + QString(cambio) + donde});
-        i_->espere(QString(aviso) + " Escoja uno registrado.");
-        oprima(Qt::Key_F12);
+        dice(Qt::Key_F12, QString(aviso) + " Escoja uno registrado.");
         s_->base.ejecute({"update apertura_niif_det set acti_cod = 'A1', terc_nit = null, "
                           "proy_cod = null, cent_cod = null" +
                           donde});
@@ -654,9 +613,7 @@ void PruebaApertura::dos_usuarios_en_la_misma_cuenta_no_se_pisan() {
     s_->base.base().ejecute("update apertura_niif set apni_nota = 'la del otro' where cuen_cod = "
                             "'110505'");
     detalle(p, "110505");
-    p->APNI_NOTA->setFocus();
-    digite("la mia");
-    oprima(Qt::Key_F2);
+    digite_en(p->APNI_NOTA, "la mia", Qt::Key_F2);
     i_->espere_comienzo("");
     oprima(Qt::Key_F2);
     QCOMPARE(s_->dato("select apni_nota from apertura_niif where cuen_cod = '110505'"),
@@ -674,11 +631,8 @@ void PruebaApertura::sin_la_opcion_no_se_entra() {
 
 void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     // NIIF lleva 90 de los 100 de caja y todo el capital: difiere en caja y bancos.
-    grabe(s_->base.base(), {4,
-                            "000004",
-                            "20180201",
-                            {{1, "110505", 40, 0}, {2, "310505", 0, 40}},
-                            {{1, "110505", 35, 0}, {2, "310505", 0, 35}}});
+    grabe(s_->base.base(), 4, "20180201", {{1, "110505", 40, 0}, {2, "310505", 0, 40}},
+          {{1, "110505", 35, 0}, {2, "310505", 0, 35}});
     auto* p = s_->abra<Tfconciliapat>("Tfconciliapat", AbreConciliacion{"2018", false});
     QVERIFY(p);
     p->EMes->setCurrentIndex(13);
@@ -723,8 +677,7 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     escritorio()->abierta("Tfedtmovimien")->close();
     agote_eventos();
     c->CDetalle.Last();
-    i_->espere("Desea borrar definitivamente el comprobante CG 0001 000004?", "Sí");
-    oprima(Qt::Key_F3);
+    dice(Qt::Key_F3, "Desea borrar definitivamente el comprobante CG 0001 000004?", "Sí");
     QCOMPARE(s_->dato("select count(*) from comprobante_encabezado where enco_consec = 4"), "0");
     // Un saldo de un centavo no la tumba, y al calcularla otra vez las cifras caben.
     c->close();

@@ -2,8 +2,6 @@
 // Lee una fuente de C++ como trozos (nombres, literales, signos) y encuentra sus funciones: lo que
 // una regla de orden necesita y un renglón suelto no dice. No es un compilador: ignora las líneas
 // del preprocesador y distingue un cuerpo por lo que tiene delante.
-#include <QString>
-#include <QVector>
 
 struct Trozo {
     enum Tipo { Nombre, Cifra, Literal, Signo };

@@ -2,9 +2,6 @@
 // un solo reloj, restos, anchos de línea y palabras que el producto no dice.
 #include "orden/sql_pegado.h"
 
-#include <QDirIterator>
-#include <QRegularExpression>
-
 namespace {
 
 struct Archivo {
@@ -292,13 +289,11 @@ void PruebaOrden::el_examen_del_sql_ve_lo_que_debe() {
          true},
         {"const QString x = caja->text(); c.Open(\"select * from t where a = \" + x);", false},
         {"QString x = \"'\"; x += caja->text(); x += '\\''; c.Open(\"select a from t where b = \" "
-         "+ "
-         "x + \" order by 1\");",
+         "+ x + \" order by 1\");",
          false},
         {"c.Open(QStringLiteral(\"select * from t where a = %1\").arg(caja->text()));", false},
         {"const QString x = si ? QuotedStr(a) : QString(\"null\"); c.Open(\"select * from t where "
-         "a "
-         "is not distinct from \" + x);",
+         "a is not distinct from \" + x);",
          true},
         {"const QString x = si ? a->text() : QString(\"null\"); c.Open(\"select * from t where a = "
          "\" + x);",

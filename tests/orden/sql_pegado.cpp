@@ -1,8 +1,5 @@
 #include "orden/sql_pegado.h"
 
-#include <QRegularExpression>
-#include <QSet>
-
 namespace {
 
 const QStringList kEnvolturas{"QStringLiteral", "QLatin1String", "QString", "QLatin1Char", "QChar"};

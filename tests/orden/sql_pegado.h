@@ -8,7 +8,5 @@
 // demás se acusa.
 #include "orden/fuente.h"
 
-#include <QStringList>
-
 /// "renglón: operando" por cada uno.
 QStringList sql_pegado(const Fuente& fuente, const QStringList& piezas);

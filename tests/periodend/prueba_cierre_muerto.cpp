@@ -1,13 +1,9 @@
 // Un proceso que muere a la mitad (corte de luz, kill -9): quedan él y su comprobante enteros, o no
 // queda nada; y después se puede hacer. El motor va dentro del que muere, que es este mismo
 // programa.
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "apoyo/muerte.h"
 #include "assets/activo_de_prueba.h"
 #include "ledger/libro_al_azar.h"
-
-#include <QRegularExpression>
 
 namespace {
 

@@ -1,13 +1,10 @@
 // Las pantallas de los procesos de fin de período, con el teclado.
-#include "apoyo/comprobantes.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "assets/activo_de_prueba.h"
 #include "catalogues/forma_proceso.h"
 #include "catalogues/lista_proceso.h"
 #include "periodend/registro.h"
 #include "toolkit/barraestado.h"
-#include "toolkit/controles/editordato.h"
-#include "toolkit/controles/listadato.h"
 
 namespace {
 
@@ -28,19 +25,14 @@ struct Contador : SesionGui {
     }
     ~Contador() { dm.barra(nullptr); }
     void venta(const char* fecha, const char* valor) {
-        grabe(base.base(), {501,
-                            "000501",
-                            fecha,
-                            {{1, "111005", Moneda::de_texto(valor), {}},
-                             {2, "220505", {}, Moneda::de_texto(valor), "800456789"}}});
+        grabe(base.base(), 501, fecha,
+              {{1, "111005", Moneda::de_texto(valor), {}},
+               {2, "220505", {}, Moneda::de_texto(valor), "800456789"}});
     }
     /// Un ingreso de 750 en marzo, por cerrar.
     void ingreso() {
-        grabe(base.base(), {501,
-                            "000501",
-                            "20170310",
-                            {{1, "111005", Moneda(750), {}},
-                             {2, "413505", {}, Moneda(750), {}, "0002", "0001"}}});
+        grabe(base.base(), 501, "20170310",
+              {{1, "111005", Moneda(750), {}}, {2, "413505", {}, Moneda(750), {}, "0002", "0001"}});
     }
     Pantalla* abra(const char* nombre) { return p = pantallas().abrir(nombre); }
     /// La que abrió la tecla.
@@ -57,13 +49,12 @@ struct Contador : SesionGui {
     }
     void tipo(const char* comienzo) {
         enfoque(p, "LTipo");
-        digite(comienzo);
-        oprima(Qt::Key_Tab);
+        digite(comienzo, Qt::Key_Tab);
     }
 
-    Pantalla* p = nullptr;
     AvisosBarra barra;
     Interlocutor i;
+    Pantalla* p = nullptr;
 };
 
 } // namespace
@@ -131,11 +122,9 @@ private slots:
         QCOMPARE(abiertos, QStringList(id));
         s.escritorio.activa()->close();
         agote_eventos();
-        s.i.espere("Desea borrar definitivamente el cierre CG 0001 " + numero + "?", "No");
-        oprima(Qt::Key_F3);
+        dice(Qt::Key_F3, "Desea borrar definitivamente el cierre CG 0001 " + numero + "?", "No");
         QCOMPARE(s.dato("select count(*) from cierre_anual"), "1");
-        s.i.espere("Desea borrar definitivamente el cierre CG 0001 " + numero + "?", "Sí");
-        oprima(Qt::Key_F3);
+        dice(Qt::Key_F3, "Desea borrar definitivamente el cierre CG 0001 " + numero + "?", "Sí");
         QCOMPARE(s.dato("select count(*) from cierre_anual"), "0");
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "1");
         QVERIFY(static_cast<ListaProceso*>(lista)->CLista.IsEmpty());
@@ -147,16 +136,15 @@ private slots:
         s.tipo("Comprobante");
         s.escriba("EConcepto", "Cierre");
         auto& proceso = static_cast<FormaProceso*>(s.p)->CProceso;
-        s.i.espere("Cierre anual de 2017: las cuentas de resultados no tienen saldo. No se hizo "
-                   "ningún comprobante.");
-        oprima(Qt::Key_F2);
+        dice(Qt::Key_F2,
+             "Cierre anual de 2017: las cuentas de resultados no tienen saldo. No se hizo "
+             "ningún comprobante.");
         const qint64 id = proceso.FieldByName("CIAN_ID").entero();
         QVERIFY(id > 0);
         s.ingreso();
         s.base.base().ejecute("update configuracion set conf_valor = '20180101' where "
                               "conf_propiedad = 'FECHA DE BLOQUEO'");
-        s.i.espere("La contabilidad esta bloqueada a: 2018/01/01");
-        oprima(Qt::Key_F2);
+        dice(Qt::Key_F2, "La contabilidad esta bloqueada a: 2018/01/01");
         QCOMPARE(proceso.FieldByName("CIAN_ID").entero(), id); // el mismo id en otro intento
         s.base.base().ejecute("update configuracion set conf_valor = '' where conf_propiedad = "
                               "'FECHA DE BLOQUEO'");
@@ -214,8 +202,7 @@ private slots:
         QCOMPARE(s.caja("ECta"), "220505");
         QVERIFY(!s.caja("NomCta").isEmpty());
         enfoque(s.p, "LLibros");
-        digite("Solo NIIF");
-        oprima(Qt::Key_Tab);
+        digite("Solo NIIF", Qt::Key_Tab);
         s.escriba("ECta", "?");
         QCOMPARE(planniif.veces(), 1);
         planniif.conteste("2205");
@@ -238,8 +225,7 @@ private slots:
         s.venta("20170510", "1000");
         s.abra("Tfajustesinf");
         s.tipo("Comprobante");
-        s.i.espere("Los campos PAAG,  son obligatorios.");
-        oprima(Qt::Key_F2);
+        dice(Qt::Key_F2, "Los campos PAAG,  son obligatorios.");
         QCOMPARE(con_foco()->objectName(), "EPaag");
         s.escriba("EPaag=1.5; EConcepto=Junio");
         oprima(Qt::Key_F2);
@@ -272,12 +258,9 @@ private slots:
         escriba(concepto, "ECod", "C1");
         escriba(concepto, "ENombre", "Provisión de cartera");
         enfoque(concepto, "ECta"); // por una palabra de su nombre
-        digite("proveed nacion");
-        oprima(Qt::Key_Down);
-        oprima(Qt::Key_Return);
-        QCOMPARE(componente<QLineEdit>(concepto, "ECta").text(), QString("220505"));
-        QCOMPARE(componente<QLineEdit>(concepto, "NomCierre").text(),
-                 QString("Proveedores nacionales"));
+        digite("proveed nacion", Qt::Key_Down, Qt::Key_Return);
+        QCOMPARE(componente<QLineEdit>(concepto, "ECta").text(), "220505");
+        QCOMPARE(componente<QLineEdit>(concepto, "NomCierre").text(), "Proveedores nacionales");
         QVERIFY(!componente<QWidget>(concepto, "AnoIni").isEnabled());
         enfoque(concepto, "DBGridEh1");
         oprima(Qt::Key_Insert);
@@ -285,8 +268,7 @@ private slots:
         digite_celdas({"111005", "1110", "", "", "", "", "10", ""});
         auto& cuentas = *componente<Rejilla>(concepto, "DBGridEh1").conjunto();
         QCOMPARE(cuentas.FieldByName("COCU_BASE").texto(), "FIN");
-        oprima(Qt::Key_Space);
-        oprima(Qt::Key_F2);
+        oprima_seguidas({Qt::Key_Space, Qt::Key_F2});
         QCOMPARE(s.escritorio.activa(), conceptos);
         oprima(Qt::Key_Return); // lo escoge
         agote_eventos();
@@ -318,8 +300,7 @@ private slots:
         QCOMPARE(valores_de(vista, "DEBITO"), QStringList({"100", "0"}));
         QCOMPARE(valores_de(vista, "CREDITO"), QStringList({"0", "100"}));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "1");
-        s.i.espere("Debe indicar el concepto del comprobante a generar.");
-        oprima(Qt::Key_F2);
+        dice(Qt::Key_F2, "Debe indicar el concepto del comprobante a generar.");
         s.escriba("EConcepto", "Provisión de mayo");
         // La cuenta de cierre pide un tercero y el registro no lo trae.
         s.i.espere_comienzo(
@@ -342,9 +323,9 @@ private slots:
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "2");
         s.base.base().ejecute("delete from registro_conceptos");
         s.cnt.periodo_actual = 7;
-        s.i.espere("Ninguna línea del registro PROV dio valor en Agosto de 2017. No se hizo ningún "
-                   "comprobante.");
-        oprima(Qt::Key_F2);
+        dice(Qt::Key_F2,
+             "Ninguna línea del registro PROV dio valor en Agosto de 2017. No se hizo ningún "
+             "comprobante.");
         QVERIFY(s.escritorio.abierta("Tfejecutaregiauto"));
     }
 
@@ -383,8 +364,7 @@ private slots:
     void la_diferencia_en_cambio_muestra_cada_documento() {
         Contador s("ADMIN", 4);
         agregue_al_plan(s.base.base(), {"42", "4210", "421020", "53", "5305", "530525"});
-        grabe(s.base.base(),
-              {501, "000501", "20170502", {{2, "310505", {}, Moneda::de_texto("3000")}}});
+        grabe(s.base.base(), 501, "20170502", {{2, "310505", {}, Moneda::de_texto("3000")}});
         s.base.base().ejecute(
             "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit, "
             "code_debito, code_credito, code_base, cnde_docnumero, code_tiponue) values (501, 1, "

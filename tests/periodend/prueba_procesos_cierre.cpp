@@ -1,7 +1,5 @@
 // Cada proceso hace el comprobante que un contador haría a mano con las líneas a la vista, en los
 // libros de su alcance, y borrarlo lo deja todo como estaba.
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "apoyo/falla_sql.h"
 #include "assets/activo_de_prueba.h"
 #include "ledger/libro_al_azar.h"
@@ -40,19 +38,19 @@ std::function<bool(const Renglon&)> resultados_hasta(const QString& ano) {
 QString foto(Conexion& base) {
     QString todo;
     for (const char* s : {"", "_niif"})
-        todo += filas_de(base, QString("select cuen_cod, terc_nit, proy_cod, cent_cod, sald_ano,"
-                                       " sald_mes, sum(sald_debito), sum(sald_credito)"
-                                       " from vista_saldos_detalle%1 group by 1, 2, 3, 4, 5, 6"
-                                       " having sum(sald_debito) <> 0 or sum(sald_credito) <> 0"
-                                       " order by 1, 2, 3, 4, 5, 6")
-                                   .arg(s));
-    return todo + filas_de(base, "select enco_consec, enco_numero from comprobante_encabezado"
-                                 " order by 1");
+        todo += filas_de(
+            base, QString("select cuen_cod, terc_nit, proy_cod, cent_cod, sald_ano, sald_mes, "
+                          "sum(sald_debito), sum(sald_credito) from vista_saldos_detalle%1 group "
+                          "by 1, 2, 3, 4, 5, 6 having sum(sald_debito) <> 0 or sum(sald_credito) "
+                          "<> 0 order by 1, 2, 3, 4, 5, 6")
+                      .arg(s));
+    return todo +
+           filas_de(base, "select enco_consec, enco_numero from comprobante_encabezado order by 1");
 }
 
 } // namespace
 
-class PruebaProcesosCierre : public QObject {
+class PruebaProcesosCierre : public PruebaConBase {
     Q_OBJECT
 private slots:
     void init();
@@ -68,7 +66,6 @@ private slots:
     void la_diferencia_en_cambio_de_una_cartera_al_azar();
 
 private:
-    Conexion& base() { return base_->base(); }
     QString dato(const QString& sql) { return base().consulte(sql).texto(); }
     QString falla(const QString& orden) { return falla_sql(base(), orden); }
     void conceptos_de_prueba();
@@ -80,15 +77,14 @@ private:
                            {i + 1, conceptos[i]});
     }
     QString cierre_anual(const QString& fecha, const QString& alcance) {
-        return "insert into cierre_anual (cian_id, cian_concepto, terc_nit, tico_cod, prco_pref,"
-               " cian_fecha, cian_niif) values (0, 'Cierre', '860002964', 'CG', '0001', " +
+        return "insert into cierre_anual (cian_id, cian_concepto, terc_nit, tico_cod, prco_pref, "
+               "cian_fecha, cian_niif) values (0, 'Cierre', '860002964', 'CG', '0001', " +
                QuotedStr(fecha) + ',' + QuotedStr(alcance) + ')';
     }
-    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaProcesosCierre::init() {
-    base_.emplace();
+    PruebaConBase::init();
     arme_libro_al_azar(base());
     base().consulte("select gen_id(sec_comprobante, 2000) from rdb$database");
     base().ejecute("update prefijos_conta set pref_numero = '000500'");
@@ -132,9 +128,9 @@ void PruebaProcesosCierre::el_cierre_anual_deja_en_cero_los_resultados_de_su_alc
 void PruebaProcesosCierre::el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_ya_no_se_usan() {
     base().ejecute("update cuentas set cuen_activa = 'N' where cuen_cod >= '4' and cuen_cod < '8'");
     base().ejecute("update terceros set terc_estado = 'N' where terc_nit <> '860002964'");
-    const QString movimiento = "insert into comprobante_detalle (enco_consec, code_item, cuen_cod,"
-                               " code_debito, code_credito) select first 1 enco_consec, 999,"
-                               " '413505', 0, 1 from comprobante_encabezado";
+    const QString movimiento =
+        "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, code_debito, "
+        "code_credito) select first 1 enco_consec, 999, '413505', 0, 1 from comprobante_encabezado";
     QVERIFY(falla(movimiento).contains("inactiva"));
     base().ejecute(cierre_anual("20181231", "A"));
     for (int libro : {0, 1})
@@ -155,23 +151,21 @@ void PruebaProcesosCierre::el_cierre_no_se_repite_ni_se_salta_ni_se_edita() {
     QVERIFY(falla(cierre_anual("20161231", "C")).contains("posterior a 2016"));
     QVERIFY(falla("update cierre_anual set cian_concepto = 'Otro'").contains("no se modifica"));
     // Un comprobante hecho por un proceso solo sale con él.
-    QVERIFY(!falla("delete from comprobante_encabezado where enco_consec ="
-                   " (select enco_consec from cierre_anual)")
+    QVERIFY(!falla("delete from comprobante_encabezado where enco_consec = (select enco_consec "
+                   "from cierre_anual)")
                  .isEmpty());
     // Un comprobante tardío no deja cerrar otra vez hasta deshacer el cierre; rehecho, lo toma.
-    grabe(base(), {900,
-                   "000900",
-                   "20171105",
-                   {{1, "110505", Moneda(1000), Moneda()},
-                    {2, "413505", Moneda(), Moneda(1000), "", "0002", "0001"}}});
+    grabe(base(), 900, "20171105",
+          {{1, "110505", Moneda(1000), Moneda()},
+           {2, "413505", Moneda(), Moneda(1000), "", "0002", "0001"}});
     QVERIFY(falla(cierre_anual("20171231", "C")).contains("ya tiene cierre"));
     base().ejecute("delete from cierre_anual");
     base().ejecute(cierre_anual("20171231", "C"));
     QVERIFY(netos(base(), 0, resultados_hasta("2017")).isEmpty());
     QVERIFY(foto(base()) != hecho);
     // El año siguiente abre limpio y, sin más movimiento que cancelar, dice por qué no hace nada.
-    base().ejecute("delete from comprobante_detalle_niif where substring(code_fecha from 1 for 4)"
-                   " = '2017' and cuen_cod between '4' and '8'");
+    base().ejecute("delete from comprobante_detalle_niif where substring(code_fecha from 1 for 4) "
+                   "= '2017' and cuen_cod between '4' and '8'");
     base().ejecute("delete from saldos_iniciales_niif");
     QVERIFY(falla(cierre_anual("20171231", "N")).contains("no tienen saldo"));
     QCOMPARE(dato("select count(*) from cierre_anual"), "1");
@@ -183,9 +177,9 @@ void PruebaProcesosCierre::el_cierre_de_terceros_pasa_los_saldos_al_tercero() {
         return r.cuenta.startsWith("22") && r.fecha.left(6) <= "201706";
     };
     const auto saldos = netos(base(), 0, hasta);
-    base().ejecute("insert into cierre_terceros (cite_id, cite_concepto, tico_cod, prco_pref,"
-                   " terc_nit, cite_fecha, cite_niif, cuen_cod)"
-                   " values (0, 'Cierre', 'CG', '0001', '860002964', '20170630', 'C', '22')");
+    base().ejecute("insert into cierre_terceros (cite_id, cite_concepto, tico_cod, prco_pref, "
+                   "terc_nit, cite_fecha, cite_niif, cuen_cod) values (0, 'Cierre', 'CG', '0001', "
+                   "'860002964', '20170630', 'C', '22')");
     const QString id = dato("select enco_consec from cierre_terceros");
     QMap<Clave, Moneda> esperado;
     for (auto i = saldos.begin(); i != saldos.end(); ++i) {
@@ -202,29 +196,26 @@ void PruebaProcesosCierre::el_cierre_de_terceros_pasa_los_saldos_al_tercero() {
     const auto despues = netos(base(), 0, hasta);
     for (auto i = despues.begin(); i != despues.end(); ++i)
         QVERIFY(std::get<1>(i.key()).isEmpty() || std::get<1>(i.key()) == "860002964");
-    QVERIFY(falla("insert into cierre_terceros (cite_id, tico_cod, prco_pref, terc_nit,"
-                  " cite_fecha, cuen_cod) values (0, 'CG', '0001', '860002964',"
-                  " '20170630', '22')")
+    QVERIFY(falla("insert into cierre_terceros (cite_id, tico_cod, prco_pref, terc_nit, "
+                  "cite_fecha, cuen_cod) values (0, 'CG', '0001', '860002964', '20170630', '22')")
                 .contains("ningún tercero distinto"));
     base().ejecute("delete from cierre_terceros");
     QCOMPARE(foto(base()), antes);
 }
 
 void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del_comienzo() {
-    base().ejecute("update cuentas set cuen_ctajuste = '143505', cuen_ctacorrecion = '421020',"
-                   " cuen_ajusdb = 'S' where cuen_cod = '143505'");
-    base().ejecute("update cuentas set cuen_ctajuste = '310505', cuen_ctacorrecion = '421020',"
-                   " cuen_ajusdb = 'N' where cuen_cod = '220505'");
+    base().ejecute("update cuentas set cuen_ctajuste = '143505', cuen_ctacorrecion = '421020', "
+                   "cuen_ajusdb = 'S' where cuen_cod = '143505'");
+    base().ejecute("update cuentas set cuen_ctajuste = '310505', cuen_ctacorrecion = '421020', "
+                   "cuen_ajusdb = 'N' where cuen_cod = '220505'");
     // El costo de un activo lo nombra; la cuenta de su ajuste no es de activos.
     base().ejecute("insert into cuentas (cuen_cod, cuen_nom) values ('152499', 'Ajustes')");
     base().ejecute("insert into activos_fijos (acfj_cod, acfj_desc) values ('MUEB1', 'Mesa')");
-    base().ejecute("update cuentas set cuen_ctajuste = '152499', cuen_ctacorrecion = '421020',"
-                   " cuen_ajusdb = 'S' where cuen_cod = '152405' and cuen_tipo = 'A'");
-    grabe(base(), {950,
-                   "000950",
-                   "20180105",
-                   {{1, "152405", Moneda(1000), {}, "900123456", "", "", "MUEB1"},
-                    {2, "310505", {}, Moneda(1000)}}});
+    base().ejecute("update cuentas set cuen_ctajuste = '152499', cuen_ctacorrecion = '421020', "
+                   "cuen_ajusdb = 'S' where cuen_cod = '152405' and cuen_tipo = 'A'");
+    grabe(base(), 950, "20180105",
+          {{1, "152405", Moneda(1000), {}, "900123456", "", "", "MUEB1"},
+           {2, "310505", {}, Moneda(1000)}});
     const QMap<QString, QString> ajustes{
         {"143505", "143505"}, {"152405", "152499"}, {"220505", "310505"}};
     const QString antes = foto(base());
@@ -233,8 +224,8 @@ void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del
     };
     const auto saldos = netos(base(), 0, inicio);
     const QString orden =
-        "insert into ajustes_inflacion (ajus_id, tico_cod, prco_pref, ajus_conc,"
-        " ajus_fecha, ajus_paag) values (0, 'CG', '0001', 'PAAG', '20180331', 1.25)";
+        "insert into ajustes_inflacion (ajus_id, tico_cod, prco_pref, ajus_conc, ajus_fecha, "
+        "ajus_paag) values (0, 'CG', '0001', 'PAAG', '20180331', 1.25)";
     base().ejecute(orden);
     const QString id = dato("select enco_consec from ajustes_inflacion");
     QMap<Clave, Moneda> esperado;
@@ -257,23 +248,21 @@ void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del
 
 /// PROV, con una cuenta por cada base, y VIEJ, que vence en diciembre de 2017.
 void PruebaProcesosCierre::conceptos_de_prueba() {
-    base().ejecute("insert into conceptos (conc_cod, conc_nom, conc_debito, conc_ctacierre)"
-                   " values ('PROV', 'Provisión', 'N', '310505')");
-    base().ejecute(
-        "insert into conceptos (conc_cod, conc_nom, conc_vence, conc_anoini, conc_mesini,"
-        " conc_anofin, conc_mesfin, conc_ctacierre) values ('VIEJ', 'Vencido', 'S', '2017',"
-        " 0, '2017', 11, '111005')");
+    base().ejecute("insert into conceptos (conc_cod, conc_nom, conc_debito, conc_ctacierre) values "
+                   "('PROV', 'Provisión', 'N', '310505')");
+    base().ejecute("insert into conceptos (conc_cod, conc_nom, conc_vence, conc_anoini, "
+                   "conc_mesini, conc_anofin, conc_mesfin, conc_ctacierre) values ('VIEJ', "
+                   "'Vencido', 'S', '2017', 0, '2017', 11, '111005')");
     int item = 0;
     for (const char* b : {"INI", "DEB", "CRE", "NET", "FIN"})
-        base().ejecute(
-            QString("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod,"
-                    " cocu_cuentabase, cocu_base, cocu_porc, cocu_debito) values ('PROV',"
-                    " %1, '111005', '1105', '%2', %3, 'S')")
-                .arg(++item)
-                .arg(b)
-                .arg(item));
-    base().ejecute("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, cocu_monto,"
-                   " cocu_debito) values ('VIEJ', 1, '110505', 500, 'S')");
+        base().ejecute(QString("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, "
+                               "cocu_cuentabase, cocu_base, cocu_porc, cocu_debito) values "
+                               "('PROV', %1, '111005', '1105', '%2', %3, 'S')")
+                           .arg(++item)
+                           .arg(b)
+                           .arg(item));
+    base().ejecute("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, cocu_monto, "
+                   "cocu_debito) values ('VIEJ', 1, '110505', 500, 'S')");
     receta({"PROV", "VIEJ"});
 }
 
@@ -314,57 +303,58 @@ void PruebaProcesosCierre::un_registro_automatico_calcula_cada_base() {
                 esperado << QString::number(importe);
         }
         esperado << QString::number(-total);
-        QCOMPARE(filas_de(base(), "select cast((code_debito - code_credito) * 100 as bigint) from"
-                                  " comprobante_detalle where enco_consec = " +
+        QCOMPARE(filas_de(base(), "select cast((code_debito - code_credito) * 100 as bigint) from "
+                                  "comprobante_detalle where enco_consec = " +
                                       id + " order by code_item")
                      .split('\n'),
                  esperado);
     }
     // La vigencia que llega a diciembre alcanza los ajustes, que son el mes 13.
-    QCOMPARE(filas_de(base(), "select mes, (select count(*) from lineas_regiauto('R1', '2017', mes,"
-                              " 0) where concepto = 'VIEJ') from (select 12 mes from rdb$database"
-                              " union all select 13 from rdb$database)"),
+    QCOMPARE(filas_de(base(), "select mes, (select count(*) from lineas_regiauto('R1', '2017', "
+                              "mes, 0) where concepto = 'VIEJ') from (select 12 mes from "
+                              "rdb$database union all select 13 from rdb$database)"),
              "12|2\n13|2");
     // Una base de billones no se desborda.
     const Moneda billones = Moneda::de_texto("3000000000000");
-    grabe(base(),
-          {950, "000950", "20191210", {{1, "110505", billones, {}}, {2, "111005", {}, billones}}});
-    QVERIFY(filas_de(base(), "select debito from lineas_regiauto('R1', '2019', 12, 33.33) where"
-                             " concepto = 'PROV'")
-                .split('\n')
-                .contains("999900000000"));
+    grabe(base(), 950, "20191210", {{1, "110505", billones, {}}, {2, "111005", {}, billones}});
+    QVERIFY(
+        filas_de(
+            base(),
+            "select debito from lineas_regiauto('R1', '2019', 12, 33.33) where concepto = 'PROV'")
+            .split('\n')
+            .contains("999900000000"));
     // Sin nada que calcular no se escribe nada ni se gasta un número.
     base().ejecute("delete from registro_conceptos where conc_cod = 'PROV'");
     QCOMPARE(corra("0"), QString());
 }
 
 void PruebaProcesosCierre::la_cuenta_de_cierre_lleva_el_tercero_y_el_centro_que_exige() {
-    base().ejecute("insert into conceptos (conc_cod, conc_nom, conc_ctacierre) values ('DIST',"
-                   " 'Distribución', '220505')");
+    base().ejecute("insert into conceptos (conc_cod, conc_nom, conc_ctacierre) values ('DIST', "
+                   "'Distribución', '220505')");
     for (const char* linea : {"1, '519530', 100, 'S', '900123456', '0001', '0001'",
                               "2, '519530', 50, 'S', '800456789', '0001', '0002'",
                               "3, '519530', 30, 'N', '900123456', '0001', '0001'",
                               "4, '519530', 8, 'S', '900123456', '0002', '0001'"})
-        base().ejecute(QString("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod,"
-                               " cocu_monto, cocu_debito, terc_nit, proy_cod, cent_cod) values"
-                               " ('DIST', %1)")
-                           .arg(linea));
+        base().ejecute(
+            QString("insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, cocu_monto, "
+                    "cocu_debito, terc_nit, proy_cod, cent_cod) values ('DIST', %1)")
+                .arg(linea));
     receta({"DIST"});
     int cuenta = 220505; // una que ya tiene movimiento no cambia lo que exige
     const auto cierre = [&](const char* tercero, const char* centro) {
         const QString codigo = QString::number(cuenta += 5);
-        base().ejecute(QString("insert into cuentas (cuen_cod, cuen_nom, cuen_tercero, cuen_centro)"
-                               " values ('%1', 'Cierre', '%2', '%3')")
+        base().ejecute(QString("insert into cuentas (cuen_cod, cuen_nom, cuen_tercero, "
+                               "cuen_centro) values ('%1', 'Cierre', '%2', '%3')")
                            .arg(codigo, tercero, centro));
         base().ejecute("update conceptos set conc_ctacierre = " + codigo);
         const QString id =
             base()
-                .ejecute_con_salida("execute procedure registre_regiauto('R1', '2018', 5, 31, '',"
-                                    " 0, 'Mayo', 'R')")
+                .ejecute_con_salida(
+                    "execute procedure registre_regiauto('R1', '2018', 5, 31, '', 0, 'Mayo', 'R')")
                 .first()
                 .texto();
-        return filas_de(base(), "select terc_nit, proy_cod, cent_cod, code_debito, code_credito"
-                                " from comprobante_detalle where cuen_cod = " +
+        return filas_de(base(), "select terc_nit, proy_cod, cent_cod, code_debito, code_credito "
+                                "from comprobante_detalle where cuen_cod = " +
                                     codigo + " and enco_consec = " + id + " order by code_item");
     };
     QCOMPARE(cierre("N", "N"), "|||0|128");
@@ -381,17 +371,14 @@ void PruebaProcesosCierre::la_diferencia_en_cambio_lleva_los_documentos_a_la_tas
     // Factura de 1.000 a 3.000, abono de 400 a 2.900 y otra en pesos que no entra.
     const auto linea = [this](int id, const char* debito, const char* credito, const char* base_,
                               const char* abre, const char* aplica) {
-        grabe(base(), {id,
-                       QString("%1").arg(id, 6, 10, QChar('0')),
-                       "20180910",
-                       {{2, "111005", Moneda::de_texto(credito), Moneda::de_texto(debito)}}});
-        base().ejecute(
-            QString("insert into comprobante_detalle (enco_consec, code_item, cuen_cod,"
-                    " terc_nit, code_debito, code_credito, code_base, cnde_docnumero,"
-                    " code_tiponue, cnde_docaplica, code_tipoapl) values (%1, 1, '130505',"
-                    " '900123456', %2, %3, %4, '%5', 31, '%6', 31)")
-                .arg(id)
-                .arg(debito, credito, base_, abre, aplica));
+        grabe(base(), id, "20180910",
+              {{2, "111005", Moneda::de_texto(credito), Moneda::de_texto(debito)}});
+        base().ejecute(QString("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, "
+                               "terc_nit, code_debito, code_credito, code_base, cnde_docnumero, "
+                               "code_tiponue, cnde_docaplica, code_tipoapl) values (%1, 1, "
+                               "'130505', '900123456', %2, %3, %4, '%5', 31, '%6', 31)")
+                           .arg(id)
+                           .arg(debito, credito, base_, abre, aplica));
     };
     base().ejecute("delete from comprobante_detalle where cuen_cod = '130505'");
     linea(901, "3000000", "0", "1000", "F1", "");
@@ -413,9 +400,9 @@ void PruebaProcesosCierre::la_diferencia_en_cambio_lleva_los_documentos_a_la_tas
     QCOMPARE(corra("3100"), "900123456|F1|20000");
     QVERIFY_EXCEPTION_THROWN(corra("3100"), ErrorDatos); // ya está en esa tasa
     QCOMPARE(corra("3000"), "900123456|F1|-60000");
-    QCOMPARE(filas_de(base(), "select cuen_cod, sum(code_debito - code_credito) from"
-                              " comprobante_detalle where cuen_cod in ('421020', '530525')"
-                              " group by 1 order by 1"),
+    QCOMPARE(filas_de(base(),
+                      "select cuen_cod, sum(code_debito - code_credito) from comprobante_detalle "
+                      "where cuen_cod in ('421020', '530525') group by 1 order by 1"),
              "421020|-20000\n530525|60000");
 }
 
@@ -495,9 +482,9 @@ private:
         const QString importe = Moneda::de_unidades(valor * (reverso ? -100 : 100)).texto();
         const auto nulo = [](const QString& t) { return t.isEmpty() ? "null" : QuotedStr(t); };
         base_.ejecute(
-            QString("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit,"
-                    " proy_cod, cent_cod, code_debito, code_credito, code_base, %1) values (%2, 1,"
-                    " %3, %4, %5, %6, %7, %8, %9, 31, %10)")
+            QString("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit, "
+                    "proy_cod, cent_cod, code_debito, code_credito, code_base, %1) values (%2, 1, "
+                    "%3, %4, %5, %6, %7, %8, %9, 31, %10)")
                 .arg(aplica ? "code_tipoapl, cnde_docaplica" : "code_tiponue, cnde_docnumero")
                 .arg(id)
                 .arg(QuotedStr(cuenta), QuotedStr(nit), nulo(proyecto), nulo(centro),
@@ -525,11 +512,11 @@ private:
 void PruebaProcesosCierre::la_diferencia_en_cambio_de_una_cartera_al_azar() {
     const int semilla = 20251104;
     QRandomGenerator azar = azar_de_prueba(semilla);
-    base().ejecute("update or insert into cuentas (cuen_cod, cuen_nom, cuen_tipo) values ('130510',"
-                   " 'Del exterior', 'C') matching (cuen_cod)");
-    base().ejecute("update cuentas set cuen_tercero = iif(cuen_cod = '421020', 'S', 'N'),"
-                   " cuen_centro = iif(cuen_cod = '530525', 'S', 'N') where cuen_cod in ('421020',"
-                   " '530525')");
+    base().ejecute("update or insert into cuentas (cuen_cod, cuen_nom, cuen_tipo) values "
+                   "('130510', 'Del exterior', 'C') matching (cuen_cod)");
+    base().ejecute(
+        "update cuentas set cuen_tercero = iif(cuen_cod = '421020', 'S', 'N'), cuen_centro = "
+        "iif(cuen_cod = '530525', 'S', 'N') where cuen_cod in ('421020', '530525')");
     Cartera cartera(base(), azar);
     for (int mes = 1; mes <= 6; ++mes) {
         const QString periodo = QString("20180%1").arg(mes);
@@ -541,14 +528,13 @@ void PruebaProcesosCierre::la_diferencia_en_cambio_de_una_cartera_al_azar() {
         QStringList esperadas, filas;
         const QMap<Clave, Moneda> lineas = cartera.cause(tasa, esperadas);
         Transaccion t(base(), Transaccion::Modo::Escritura);
-        Cursor c(
-            base().prepare(
-                QString("select numero, nit, proy, centro, diferencia from"
-                        " causa_diferencia_cambio('2018/0%1/28', 'CG', '0001', '', %2, '1305')")
-                    .arg(mes)
-                    .arg(Moneda::de_unidades(tasa).texto()),
-                t),
-            t, {});
+        Cursor c(base().prepare(
+                     QString("select numero, nit, proy, centro, diferencia from "
+                             "causa_diferencia_cambio('2018/0%1/28', 'CG', '0001', '', %2, '1305')")
+                         .arg(mes)
+                         .arg(Moneda::de_unidades(tasa).texto()),
+                     t),
+                 t, {});
         while (c.siguiente()) {
             QStringList fila;
             for (int i = 0; i < 5; ++i)

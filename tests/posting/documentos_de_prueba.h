@@ -5,8 +5,6 @@
 // a=artículo x=tipo-número d=detalle", separadas por ';'. Una regla: "CONCEPTO:CLASE CUENTA LADO
 // letras", con las letras t tercero, c centro, a artículo, b base, n abre, x se aplica. Un renglón
 // de comprobante: "CUENTA LADO VALOR t= c= a= b= p= o=número-que-abre x=".
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 
 struct DocumentoPrueba {
     int tipo = 0;
@@ -43,9 +41,9 @@ inline int registre(Conexion& c, const DocumentoPrueba& d) {
     Transaccion t(c, Transaccion::Modo::Escritura);
     const QString proyecto = d.centro.section('-', 0, 0), centro = d.centro.section('-', 1);
     const int id = int(
-        c.prepare("insert into documento (tido_cod, pref_pre, docu_numero, docu_fecha,"
-                  " docu_vence, docu_concepto, terc_nit, proy_cod, cent_cod, cuba_cod,"
-                  " docu_contado) values (?,?,?,?,?,'Prueba',?,?,?,?,?) returning docu_id",
+        c.prepare("insert into documento (tido_cod, pref_pre, docu_numero, docu_fecha, docu_vence, "
+                  "docu_concepto, terc_nit, proy_cod, cent_cod, cuba_cod, docu_contado) values "
+                  "(?,?,?,?,?,'Prueba',?,?,?,?,?) returning docu_id",
                   t)
             ->ejecute_con_salida(
                 t, {d.tipo, d.prefijo, d.numero, Valor(QDate::fromString(d.fecha, Qt::ISODate)),
@@ -54,12 +52,11 @@ inline int registre(Conexion& c, const DocumentoPrueba& d) {
                     d.contado})
             .front()
             .entero());
-    const auto linea =
-        c.prepare("insert into documento_linea (tido_cod, docu_id, doli_concepto, doli_clase,"
-                  " doli_valor, doli_valorniif, doli_base, doli_porc, terc_nit, proy_cod,"
-                  " cent_cod, arti_cod, doli_detalle, doli_tipoapl, doli_aplica)"
-                  " values (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
-                  t);
+    const auto linea = c.prepare(
+        "insert into documento_linea (tido_cod, docu_id, doli_concepto, doli_clase, doli_valor, "
+        "doli_valorniif, doli_base, doli_porc, terc_nit, proy_cod, cent_cod, arti_cod, "
+        "doli_detalle, doli_tipoapl, doli_aplica) values (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)",
+        t);
     for (const QString& texto : partes_de(d.lineas, ';')) {
         const QStringList palabras = texto.split(' ');
         auto k = datos_de(palabras);
@@ -89,16 +86,16 @@ inline void ponga_reglas(Conexion& c, const QString& tabla, const QString& clave
         const QStringList p = texto.split(' ');
         const QString letras = p.value(3);
         const auto si = [&](QChar letra) { return letras.contains(letra) ? "S" : "N"; };
-        c.ejecute(QStringLiteral("insert into %1 (%2, inct_item, inct_concepto, inct_clase,"
-                                 " inct_cuenta, inct_lado, inct_tercero, inct_centro,"
-                                 " inct_articulo, inct_base, inct_documento)"
-                                 " values (?,?,?,?,?,?,?,?,?,?,?)")
-                      .arg(tabla, clave),
-                  {id, ++item, p[0].section(':', 0, 0), p[0].section(':', 1), p[1], p[2], si('t'),
-                   si('c'), si('a'), si('b'),
-                   letras.contains('n')   ? "N"
-                   : letras.contains('x') ? "A"
-                                          : "-"});
+        c.ejecute(
+            QStringLiteral("insert into %1 (%2, inct_item, inct_concepto, inct_clase, inct_cuenta, "
+                           "inct_lado, inct_tercero, inct_centro, inct_articulo, inct_base, "
+                           "inct_documento) values (?,?,?,?,?,?,?,?,?,?,?)")
+                .arg(tabla, clave),
+            {id, ++item, p[0].section(':', 0, 0), p[0].section(':', 1), p[1], p[2], si('t'),
+             si('c'), si('a'), si('b'),
+             letras.contains('n')   ? "N"
+             : letras.contains('x') ? "A"
+                                    : "-"});
     }
 }
 
@@ -117,22 +114,22 @@ inline void registre(Conexion& c, int tipo, const InterfazPrueba& i) {
     const QString familia = familia_de(c, tipo);
     const QString niif = i.reglas_niif.isEmpty() ? i.reglas : i.reglas_niif;
     if (familia == QLatin1String("NOMINA")) {
-        c.ejecute("insert into interfaz_nomina (inno_id, tido_cod, inno_nombre, tico_cod, prco_pre,"
-                  " inno_confirmar, inno_det) values (?,?,'Nómina de prueba',?,?,?,?)",
+        c.ejecute("insert into interfaz_nomina (inno_id, tido_cod, inno_nombre, tico_cod, "
+                  "prco_pre, inno_confirmar, inno_det) values (?,?,'Nómina de prueba',?,?,?,?)",
                   {i.id, tipo, i.tipo, i.prefijo_comprobante, i.confirmar, i.detallada});
         ponga_reglas(c, "nomina_ctas", "tido_cod", tipo, i.reglas);
         ponga_reglas(c, "nomina_niif", "tido_cod", tipo, niif);
         return;
     }
-    const QString ini = c.consulte(QStringLiteral("select faco_ini from familia_contable where"
-                                                  " faco_familia = '%1'")
-                                       .arg(familia))
-                            .texto();
-    c.ejecute(QStringLiteral("insert into interfaz_%1 (%2_id, tido_cod, pref_pre, %2_nombre,"
-                             " tico_cod, prco_pre, %2_confirmar, %2_det)"
-                             " values (?,?,?,'De prueba',?,?,?,?)")
-                  .arg(familia, ini),
-              {i.id, tipo, i.prefijo, i.tipo, i.prefijo_comprobante, i.confirmar, i.detallada});
+    const QString ini =
+        c.consulte(QStringLiteral("select faco_ini from familia_contable where faco_familia = '%1'")
+                       .arg(familia))
+            .texto();
+    c.ejecute(
+        QStringLiteral("insert into interfaz_%1 (%2_id, tido_cod, pref_pre, %2_nombre, tico_cod, "
+                       "prco_pre, %2_confirmar, %2_det) values (?,?,?,'De prueba',?,?,?,?)")
+            .arg(familia, ini),
+        {i.id, tipo, i.prefijo, i.tipo, i.prefijo_comprobante, i.confirmar, i.detallada});
     if (i.banco)
         c.ejecute("update interfaz_bancos set cuba_cod = ? where inba_id = ?", {i.banco, i.id});
     ponga_reglas(c, QStringLiteral("interfaz_%1_ctas").arg(familia), ini + "_id", i.id, i.reglas);
@@ -162,16 +159,16 @@ inline QString contabil(Conexion& c, const QString& procedimiento, const QVector
 /// Renglones de un libro del comprobante de un documento, uno por línea de texto.
 inline QString comprobante_de(Conexion& c, int tipo, int id, const QString& sufijo) {
     QStringList renglones;
-    const auto f = c.abra(
-        QStringLiteral("select d.cuen_cod, d.code_debito, d.code_credito, d.terc_nit, d.proy_cod,"
-                       " d.cent_cod, d.arti_cod, d.code_base, d.code_porc, d.cnde_docnumero,"
-                       " d.code_tiponue, d.code_tipoapl, d.cnde_docaplica"
-                       " from comprobante_encabezado e join comprobante_detalle%1 d"
-                       " on d.enco_consec = e.enco_consec where e.enco_tiporef = %2"
-                       " and e.enco_idref = %3 order by d.code_item")
-            .arg(sufijo)
-            .arg(tipo)
-            .arg(id));
+    const auto f =
+        c.abra(QStringLiteral(
+                   "select d.cuen_cod, d.code_debito, d.code_credito, d.terc_nit, d.proy_cod, "
+                   "d.cent_cod, d.arti_cod, d.code_base, d.code_porc, d.cnde_docnumero, "
+                   "d.code_tiponue, d.code_tipoapl, d.cnde_docaplica from comprobante_encabezado e "
+                   "join comprobante_detalle%1 d on d.enco_consec = e.enco_consec where "
+                   "e.enco_tiporef = %2 and e.enco_idref = %3 order by d.code_item")
+                   .arg(sufijo)
+                   .arg(tipo)
+                   .arg(id));
     const auto cifra = [](const Valor& v) { return v.moneda().texto(); };
     while (f->siguiente()) {
         const bool debito = !f->valor(1).moneda().es_cero();
@@ -210,13 +207,13 @@ inline void agregue_cuentas(Conexion& c, const QString& cuentas) {
         const auto si = [&](QChar letra) { return banderas.contains(letra) ? "S" : "N"; };
         for (const char* plan : {"cuentas_niif", "cuentas"})
             for (const int largo : {1, 2, 4, 6})
-                c.ejecute(QStringLiteral("update or insert into %1 (cuen_cod, cuen_nom,"
-                                         " cuen_tercero, cuen_centro, cuen_retencion, cuen_eqniif)"
-                                         " values (?, 'De prueba', ?, ?, ?, ?)")
-                              .arg(QLatin1String(plan)),
-                          {codigo.left(largo), largo == 6 ? si('T') : "N",
-                           largo == 6 ? si('C') : "N", largo == 6 ? si('R') : "N",
-                           codigo.left(largo)});
+                c.ejecute(
+                    QStringLiteral(
+                        "update or insert into %1 (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, "
+                        "cuen_retencion, cuen_eqniif) values (?, 'De prueba', ?, ?, ?, ?)")
+                        .arg(QLatin1String(plan)),
+                    {codigo.left(largo), largo == 6 ? si('T') : "N", largo == 6 ? si('C') : "N",
+                     largo == 6 ? si('R') : "N", codigo.left(largo)});
     }
 }
 

@@ -6,11 +6,6 @@
 #include "vouchers/registro.h"
 #include "vouchers/tfcontabiliza.h"
 
-#include <QClipboard>
-#include <QLineEdit>
-#include <QTabWidget>
-#include <QtTest>
-
 namespace {
 const QDate kFecha(2017, 3, 15);
 }
@@ -191,8 +186,7 @@ void PruebaContabiliza::las_lineas_nuevas_siguen_la_numeracion_de_su_libro() {
     base().ejecute("delete from contabilizacion_det");
     QVERIFY(revise([&](Tfcontabiliza& p) {
         QCOMPARE(p.ultimo_item_2649(), 1);
-        p.lineas_2649->rejilla->setFocus();
-        oprima(Qt::Key_Insert);
+        oprima_en(p.lineas_2649->rejilla, Qt::Key_Insert);
         QCOMPARE(celda(p, "CNDE_ITEM"), "2");
         oprima(Qt::Key_Escape);
         oprima(Qt::Key_F2); // sin líneas no hay nada que cuadrar
@@ -375,8 +369,7 @@ void PruebaContabiliza::solo_se_cierra_sin_grabar_si_se_permite() {
     permita_cerrar("NO");
     QVERIFY(revise([&](Tfcontabiliza& p) {
         oprima(Qt::Key_Escape); // suelta la línea
-        i_->espere("Es necesario grabar el comprobante para poder cerrar");
-        oprima(Qt::Key_Escape);
+        dice(Qt::Key_Escape, "Es necesario grabar el comprobante para poder cerrar");
         QVERIFY(p.isVisible());
         oprima(Qt::Key_F2);
     }));

@@ -2,18 +2,16 @@
 // haría a mano. Los renglones esperados se hicieron así, no salen del programa.
 #include "posting/documentos_de_prueba.h"
 
-#include <QtTest>
-
 namespace {
 
 // Lo que los casos usan y la plantilla no trae. En la NIIF el ingreso y el inventario tienen además
 // cuentas que el 2649 no conoce.
 const QString kCuentas = QStringLiteral(
-    "110515; 112005; 111010; 111015; 130510 T; 133005 T; 135517 TR; 135518 TR; 135595 T; 136595 T;"
-    " 139905 T; 141005; 143510; 146505; 152410; 220510 T; 233545 T; 236570 TR; 236705 TR;"
-    " 236805 TR; 237005 T; 238030 T; 250505 T; 261005 T; 261020 T; 280505 T; 413506 C; 414505 C;"
-    " 417505 C; 421005; 421040 T; 425050; 511595; 513505 TC; 519910; 523550 TC; 530505; 530515;"
-    " 530535 T; 529595 C; 520506 TC; 520568 TC; 730505; 720505; 740505");
+    "110515; 112005; 111010; 111015; 130510 T; 133005 T; 135517 TR; 135518 TR; 135595 T; 136595 T; "
+    "139905 T; 141005; 143510; 146505; 152410; 220510 T; 233545 T; 236570 TR; 236705 TR; 236805 "
+    "TR; 237005 T; 238030 T; 250505 T; 261005 T; 261020 T; 280505 T; 413506 C; 414505 C; 417505 C; "
+    "421005; 421040 T; 425050; 511595; 513505 TC; 519910; 523550 TC; 530505; 530515; 530535 T; "
+    "529595 C; 520506 TC; 520568 TC; 730505; 720505; 740505");
 
 struct Caso {
     DocumentoPrueba documento;
@@ -46,12 +44,12 @@ DocumentoPrueba quincena_de(int tipo, const char* lineas) {
 }
 
 const DocumentoPrueba kQuincena = quincena_de(
-    92, "SUELDO:ADM 900000 t=52345678 c=0001-0002; SUELDO:VEN 700000 t=860002964 c=0002-0001;"
-        " SALUD 36000 t=52345678; SALUD 28000 t=860002964; PENSION 36000 t=52345678;"
-        " PENSION 28000 t=860002964; CUOTA 50000 t=52345678; NETO 778000 t=52345678;"
-        " NETO 644000 t=860002964; CESANTIA:ADM 74970 n=75000 t=52345678 c=0001-0002");
-const DocumentoPrueba kPago = quincena_de(91, "NETO 778000 t=52345678; NETO 644000 t=860002964;"
-                                              " BANCO:1 1422000");
+    92, "SUELDO:ADM 900000 t=52345678 c=0001-0002; SUELDO:VEN 700000 t=860002964 c=0002-0001; "
+        "SALUD 36000 t=52345678; SALUD 28000 t=860002964; PENSION 36000 t=52345678; PENSION 28000 "
+        "t=860002964; CUOTA 50000 t=52345678; NETO 778000 t=52345678; NETO 644000 t=860002964; "
+        "CESANTIA:ADM 74970 n=75000 t=52345678 c=0001-0002");
+const DocumentoPrueba kPago =
+    quincena_de(91, "NETO 778000 t=52345678; NETO 644000 t=860002964; BANCO:1 1422000");
 const QVector<Caso> kCasos{
     // Cambio de costo: el inventario vale más en el 2649 y menos en la NIIF.
     {documento(10, "ENTRADA 250000 n=-90000 a=MART01; CONTRA 250000 n=-90000"),
@@ -88,69 +86,64 @@ const QVector<Caso> kCasos{
      "146505 D 15000.5; 141005 C 15000.5"},
 
     // Compra con IVA y las tres retenciones; el saldo abre la factura.
-    {documento(21,
-               "COMPRA:01 1000000 a=MART01; FLETE 50000; IVA:19 190000;"
-               " RETEFUENTE 25000 b=1000000 p=2.5; RETEIVA 28500 b=190000 p=15;"
-               " RETEICA 11040 b=1000000 p=1.104; PROVEEDOR 1175460",
-               kProveedor, kGerencia),
-     interfaz("COMPRA 143505 D a; FLETE 523550 D tc; IVA 240810 D; RETEFUENTE 236540 C tb;"
-              " RETEIVA 236705 C tb; RETEICA 236805 C tb; PROVEEDOR 220505 C tn",
-              "COMPRA 143505 D a; FLETE 143505 D; IVA 240810 D; RETEFUENTE 236540 C tb;"
-              " RETEIVA 236705 C tb; RETEICA 236805 C tb; PROVEEDOR 220505 C tn"),
-     "143505 D 1000000 a=MART01; 523550 D 50000 t=800456789 c=0001-0001; 240810 D 190000;"
-     " 236540 C 25000 t=800456789 b=-1000000 p=2.5; 236705 C 28500 t=800456789 b=-190000 p=15;"
-     " 236805 C 11040 t=800456789 b=-1000000 p=1.1;"
-     " 220505 C 1175460 t=800456789 o=000001",
-     "143505 D 1000000 a=MART01; 143505 D 50000; 240810 D 190000;"
-     " 236540 C 25000 t=800456789 b=-1000000 p=2.5; 236705 C 28500 t=800456789 b=-190000 p=15;"
-     " 236805 C 11040 t=800456789 b=-1000000 p=1.104;"
-     " 220505 C 1175460 t=800456789 o=000001"},
+    {documento(
+         21,
+         "COMPRA:01 1000000 a=MART01; FLETE 50000; IVA:19 190000; RETEFUENTE 25000 b=1000000 "
+         "p=2.5; RETEIVA 28500 b=190000 p=15; RETEICA 11040 b=1000000 p=1.104; PROVEEDOR 1175460",
+         kProveedor, kGerencia),
+     interfaz("COMPRA 143505 D a; FLETE 523550 D tc; IVA 240810 D; RETEFUENTE 236540 C tb; RETEIVA "
+              "236705 C tb; RETEICA 236805 C tb; PROVEEDOR 220505 C tn",
+              "COMPRA 143505 D a; FLETE 143505 D; IVA 240810 D; RETEFUENTE 236540 C tb; RETEIVA "
+              "236705 C tb; RETEICA 236805 C tb; PROVEEDOR 220505 C tn"),
+     "143505 D 1000000 a=MART01; 523550 D 50000 t=800456789 c=0001-0001; 240810 D 190000; 236540 C "
+     "25000 t=800456789 b=-1000000 p=2.5; 236705 C 28500 t=800456789 b=-190000 p=15; 236805 C "
+     "11040 t=800456789 b=-1000000 p=1.1; 220505 C 1175460 t=800456789 o=000001",
+     "143505 D 1000000 a=MART01; 143505 D 50000; 240810 D 190000; 236540 C 25000 t=800456789 "
+     "b=-1000000 p=2.5; 236705 C 28500 t=800456789 b=-190000 p=15; 236805 C 11040 t=800456789 "
+     "b=-1000000 p=1.104; 220505 C 1175460 t=800456789 o=000001"},
     {documento(22, "COMPRA 600000 a=MART01; PORFACTURA 600000", kProveedor),
      interfaz("COMPRA 143505 D a; PORFACTURA 220510 C tn"),
      "143505 D 600000 a=MART01; 220510 C 600000 t=800456789 o=000001"},
     // Devolución: los lados de la compra, al revés, y el saldo aplicado a la factura.
     {documento(24,
-               "COMPRA 200000 a=MART01; IVA:19 38000; RETEFUENTE 5000 b=200000 p=2.5;"
-               " PROVEEDOR 233000 x=21-000041",
+               "COMPRA 200000 a=MART01; IVA:19 38000; RETEFUENTE 5000 b=200000 p=2.5; PROVEEDOR "
+               "233000 x=21-000041",
                kProveedor),
-     interfaz("PROVEEDOR 220505 D tx; RETEFUENTE 236540 D tb; COMPRA 143505 C a;"
-              " IVA 240810 C"),
-     "220505 D 233000 t=800456789 x=21-000041; 236540 D 5000 t=800456789 b=200000 p=2.5;"
-     " 143505 C 200000 a=MART01; 240810 C 38000"},
+     interfaz("PROVEEDOR 220505 D tx; RETEFUENTE 236540 D tb; COMPRA 143505 C a; IVA 240810 C"),
+     "220505 D 233000 t=800456789 x=21-000041; 236540 D 5000 t=800456789 b=200000 p=2.5; 143505 C "
+     "200000 a=MART01; 240810 C 38000"},
     // Venta a crédito con dos líneas de ingreso que se juntan por centro, descuento y costo.
-    {documento(31,
-               "VENTA 700000; VENTA 300000; VENTA 500000 c=0002-0002; DESCUENTO 100000;"
-               " IVA:19 266000; RETEFUENTE 35000 b=1400000 p=2.5; CLIENTE 1631000;"
-               " COSTO:01 900000 n=940000 a=MART01",
-               kCliente, kMostrador),
-     interfaz("CLIENTE 130505 D tn; RETEFUENTE 135515 D tb; DESCUENTO 529595 D c;"
-              " VENTA 413505 C c; IVA 240805 C; COSTO 613505 D c; COSTO 143505 C a",
-              "CLIENTE 130505 D tn; RETEFUENTE 135515 D tb; DESCUENTO 413505 D c;"
-              " VENTA 413506 C c; IVA 240805 C; COSTO 613505 D c; COSTO 143505 C a"),
-     "130505 D 1631000 t=900123456 o=000001; 135515 D 35000 t=900123456 b=1400000 p=2.5;"
-     " 529595 D 100000 c=0002-0001; 413505 C 1000000 c=0002-0001; 413505 C 500000 c=0002-0002;"
-     " 240805 C 266000; 613505 D 900000 c=0002-0001; 143505 C 900000 a=MART01",
-     "130505 D 1631000 t=900123456 o=000001; 135515 D 35000 t=900123456 b=1400000 p=2.5;"
-     " 413505 D 100000 c=0002-0001; 413506 C 1000000 c=0002-0001; 413506 C 500000 c=0002-0002;"
-     " 240805 C 266000; 613505 D 940000 c=0002-0001; 143505 C 940000 a=MART01"},
+    {documento(
+         31,
+         "VENTA 700000; VENTA 300000; VENTA 500000 c=0002-0002; DESCUENTO 100000; IVA:19 266000; "
+         "RETEFUENTE 35000 b=1400000 p=2.5; CLIENTE 1631000; COSTO:01 900000 n=940000 a=MART01",
+         kCliente, kMostrador),
+     interfaz("CLIENTE 130505 D tn; RETEFUENTE 135515 D tb; DESCUENTO 529595 D c; VENTA 413505 C "
+              "c; IVA 240805 C; COSTO 613505 D c; COSTO 143505 C a",
+              "CLIENTE 130505 D tn; RETEFUENTE 135515 D tb; DESCUENTO 413505 D c; VENTA 413506 C "
+              "c; IVA 240805 C; COSTO 613505 D c; COSTO 143505 C a"),
+     "130505 D 1631000 t=900123456 o=000001; 135515 D 35000 t=900123456 b=1400000 p=2.5; 529595 D "
+     "100000 c=0002-0001; 413505 C 1000000 c=0002-0001; 413505 C 500000 c=0002-0002; 240805 C "
+     "266000; 613505 D 900000 c=0002-0001; 143505 C 900000 a=MART01",
+     "130505 D 1631000 t=900123456 o=000001; 135515 D 35000 t=900123456 b=1400000 p=2.5; 413505 D "
+     "100000 c=0002-0001; 413506 C 1000000 c=0002-0001; 413506 C 500000 c=0002-0002; 240805 C "
+     "266000; 613505 D 940000 c=0002-0001; 143505 C 940000 a=MART01"},
 
     {documento(32, "COSTO 80000 a=MART01", kCliente, kMostrador),
      interfaz("COSTO 146505 D; COSTO 143505 C a"), "146505 D 80000; 143505 C 80000 a=MART01"},
-    {documento(33,
-               "VENTA 100000; IVA:19 19000; CLIENTE 119000 x=31-000900; COSTO 60000"
-               " a=MART01",
+    {documento(33, "VENTA 100000; IVA:19 19000; CLIENTE 119000 x=31-000900; COSTO 60000 a=MART01",
                kCliente, kMostrador),
-     interfaz("VENTA 417505 D c; IVA 240805 D; CLIENTE 130505 C tx; COSTO 143505 D a;"
-              " COSTO 613505 C c"),
-     "417505 D 100000 c=0002-0001; 240805 D 19000; 130505 C 119000 t=900123456 x=31-000900;"
-     " 143505 D 60000 a=MART01; 613505 C 60000 c=0002-0001"},
+     interfaz(
+         "VENTA 417505 D c; IVA 240805 D; CLIENTE 130505 C tx; COSTO 143505 D a; COSTO 613505 C c"),
+     "417505 D 100000 c=0002-0001; 240805 D 19000; 130505 C 119000 t=900123456 x=31-000900; 143505 "
+     "D 60000 a=MART01; 613505 C 60000 c=0002-0001"},
 
     // Ruta: lo recaudado por medio y el faltante del conductor contra los clientes.
-    {documento(37, "MEDIO:EF 180000; MEDIO:CH 70000; FALTANTE 3000 t=52345678;"
-                   " CLIENTE 253000 t=900123456"),
+    {documento(
+         37,
+         "MEDIO:EF 180000; MEDIO:CH 70000; FALTANTE 3000 t=52345678; CLIENTE 253000 t=900123456"),
      interfaz("MEDIO 110505 D; MEDIO:CH 110515 D; FALTANTE 136595 D t; CLIENTE 130505 C t"),
-     "110505 D 180000; 110515 D 70000; 136595 D 3000 t=52345678;"
-     " 130505 C 253000 t=900123456"},
+     "110505 D 180000; 110515 D 70000; 136595 D 3000 t=52345678; 130505 C 253000 t=900123456"},
     {documento(41, "INTERES 40000; IVA:19 7600; CLIENTE 47600 x=31-000010", kCliente),
      interfaz("CLIENTE 130505 D tx; INTERES 421005 C; IVA 240805 C"),
      "130505 D 47600 t=900123456 x=31-000010; 421005 C 40000; 240805 C 7600"},
@@ -160,8 +153,8 @@ const QVector<Caso> kCasos{
     {documento(43, "ANTICIPO 150000; CLIENTE 100000 x=31-000010; CLIENTE 50000 x=31-000011",
                kCliente),
      interfaz("ANTICIPO 280505 D t; CLIENTE 130505 C tx"),
-     "280505 D 150000 t=900123456; 130505 C 100000 t=900123456 x=31-000010;"
-     " 130505 C 50000 t=900123456 x=31-000011"},
+     "280505 D 150000 t=900123456; 130505 C 100000 t=900123456 x=31-000010; 130505 C 50000 "
+     "t=900123456 x=31-000011"},
     // El deterioro es distinto en cada libro y no tiene gemelo: sale entero de su
     // procedimiento.
     {documento(47, "DETERIORO 60000 n=95000 t=900123456"),
@@ -170,40 +163,37 @@ const QVector<Caso> kCasos{
     {documento(51, "PROVEEDOR 30000 x=21-000005; CONTRA 30000", kProveedor),
      interfaz("PROVEEDOR 220505 D tx; CONTRA 425050 C"),
      "220505 D 30000 t=800456789 x=21-000005; 425050 C 30000"},
-    {documento(52,
-               "CONTRA:FLETE 45000; IVA:19 8550; RETEFUENTE 450 b=45000 p=1;"
-               " PROVEEDOR 53100",
+    {documento(52, "CONTRA:FLETE 45000; IVA:19 8550; RETEFUENTE 450 b=45000 p=1; PROVEEDOR 53100",
                kProveedor, kMostrador),
-     interfaz("CONTRA:FLETE 523550 D tc; CONTRA 530505 D; IVA 240810 D;"
-              " RETEFUENTE 236540 C tb; PROVEEDOR 220505 C tn"),
-     "523550 D 45000 t=800456789 c=0002-0001; 240810 D 8550;"
-     " 236540 C 450 t=800456789 b=-45000 p=1; 220505 C 53100 t=800456789 o=000001"},
+     interfaz("CONTRA:FLETE 523550 D tc; CONTRA 530505 D; IVA 240810 D; RETEFUENTE 236540 C tb; "
+              "PROVEEDOR 220505 C tn"),
+     "523550 D 45000 t=800456789 c=0002-0001; 240810 D 8550; 236540 C 450 t=800456789 b=-45000 "
+     "p=1; 220505 C 53100 t=800456789 o=000001"},
     {documento(53, "PROVEEDOR 500000 x=21-000005; ANTICIPO 500000", kProveedor),
      interfaz("PROVEEDOR 220505 D tx; ANTICIPO 133005 C t"),
      "220505 D 500000 t=800456789 x=21-000005; 133005 C 500000 t=800456789"},
 
     // Recibo: dos medios, descuento y retención que el cliente practicó al pagar.
     {documento(61,
-               "MEDIO:EF 400000; MEDIO:CH 500000; DESCUENTO 20000; RETEICA 9660 b=1000000"
-               " p=0.966; CLIENTE 929660 x=31-000070",
+               "MEDIO:EF 400000; MEDIO:CH 500000; DESCUENTO 20000; RETEICA 9660 b=1000000 p=0.966; "
+               "CLIENTE 929660 x=31-000070",
                kCliente),
-     interfaz("MEDIO:EF 110505 D; MEDIO:CH 110515 D; DESCUENTO 530535 D t;"
-              " RETEICA 135518 D tb; CLIENTE 130505 C tx"),
-     "110505 D 400000; 110515 D 500000; 530535 D 20000 t=900123456;"
-     " 135518 D 9660 t=900123456 b=1000000 p=0.97; 130505 C 929660 t=900123456 x=31-000070",
-     "110505 D 400000; 110515 D 500000; 530535 D 20000 t=900123456;"
-     " 135518 D 9660 t=900123456 b=1000000 p=0.966; 130505 C 929660 t=900123456 x=31-000070"},
+     interfaz("MEDIO:EF 110505 D; MEDIO:CH 110515 D; DESCUENTO 530535 D t; RETEICA 135518 D tb; "
+              "CLIENTE 130505 C tx"),
+     "110505 D 400000; 110515 D 500000; 530535 D 20000 t=900123456; 135518 D 9660 t=900123456 "
+     "b=1000000 p=0.97; 130505 C 929660 t=900123456 x=31-000070",
+     "110505 D 400000; 110515 D 500000; 530535 D 20000 t=900123456; 135518 D 9660 t=900123456 "
+     "b=1000000 p=0.966; 130505 C 929660 t=900123456 x=31-000070"},
     // Egreso de dos bancos: la clase es la cuenta bancaria.
     {documento(62, "PROVEEDOR 700000 x=21-000005; BANCO:1 450000; BANCO:2 250000", kProveedor),
      interfaz("PROVEEDOR 220505 D tx; BANCO:1 111005 C; BANCO:2 111010 C"),
      "220505 D 700000 t=800456789 x=21-000005; 111005 C 450000; 111010 C 250000"},
     {documento(64,
-               "BANCO:1 965000; COMISION 20000; RETEFUENTE 15000 b=1000000 p=1.5;"
-               " TARJETA 1000000",
+               "BANCO:1 965000; COMISION 20000; RETEFUENTE 15000 b=1000000 p=1.5; TARJETA 1000000",
                kBanco),
      interfaz("BANCO:1 111005 D; COMISION 530515 D; RETEFUENTE 135515 D tb; TARJETA 110515 C"),
-     "111005 D 965000; 530515 D 20000; 135515 D 15000 t=860002964 b=1000000 p=1.5;"
-     " 110515 C 1000000"},
+     "111005 D 965000; 530515 D 20000; 135515 D 15000 t=860002964 b=1000000 p=1.5; 110515 C "
+     "1000000"},
     {documento(65, "MEDIO:EF 80000; PROVEEDOR 80000", kProveedor),
      interfaz("MEDIO 110505 D; PROVEEDOR 220505 C t"),
      "110505 D 80000; 220505 C 80000 t=800456789"},
@@ -213,8 +203,8 @@ const QVector<Caso> kCasos{
      interfaz("BANCO 111005 D; MEDIO:EF 110505 C; MEDIO:CH 110515 C"),
      "111005 D 630000; 110505 C 400000; 110515 C 230000"},
     {documento(74, "GASTO:COMISION 30000; IVA:19 5700; GRAVAMEN 4000; BANCO 39700", kBanco),
-     interfaz("GASTO:COMISION 530515 D; GASTO 530505 D; IVA 240810 D; GRAVAMEN 511595 D;"
-              " BANCO 111005 C"),
+     interfaz("GASTO:COMISION 530515 D; GASTO 530505 D; IVA 240810 D; GRAVAMEN 511595 D; BANCO "
+              "111005 C"),
      "530515 D 30000; 240810 D 5700; 511595 D 4000; 111005 C 39700"},
     {documento(75, "BANCO 93000; RETEFUENTE 7000 b=100000 p=7; INTERES 100000", kBanco),
      interfaz("BANCO 112005 D; RETEFUENTE 135515 D tb; INTERES 421040 C t"),
@@ -224,23 +214,20 @@ const QVector<Caso> kCasos{
      "111010 D 2000000; 111005 C 2000000"},
     {documento(77, "CLIENTE 500000; SANCION 100000; BANCO 500000; INTERES 100000", kCliente),
      interfaz("CLIENTE 130510 D t; SANCION 130510 D t; BANCO 111005 C; INTERES 425050 C"),
-     "130510 D 600000 t=900123456; 111005 C 500000;"
-     " 425050 C 100000"},
+     "130510 D 600000 t=900123456; 111005 C 500000; 425050 C 100000"},
 
     // Área por clase; las deducciones a un tercero se juntan porque la interfaz no es detallada
     // y el neto se separa porque su cuenta exige tercero.
     {kQuincena,
-     interfaz("SUELDO:ADM 510506 D tc; SUELDO:VEN 520506 D tc; CESANTIA:ADM 520568 D tc;"
-              " SALUD 280510 C t; PENSION 280515 C t; CUOTA 136595 C t; NETO 250505 C t;"
-              " CESANTIA 261005 C t"),
-     "510506 D 900000 t=52345678 c=0001-0002; 520506 D 700000 t=860002964 c=0002-0001;"
-     " 520568 D 74970 t=52345678 c=0001-0002; 280510 C 64000; 280515 C 64000;"
-     " 136595 C 50000 t=52345678; 250505 C 778000 t=52345678; 250505 C 644000 t=860002964;"
-     " 261005 C 74970 t=52345678",
-     "510506 D 900000 t=52345678 c=0001-0002; 520506 D 700000 t=860002964 c=0002-0001;"
-     " 520568 D 75000 t=52345678 c=0001-0002; 280510 C 64000; 280515 C 64000;"
-     " 136595 C 50000 t=52345678; 250505 C 778000 t=52345678; 250505 C 644000 t=860002964;"
-     " 261005 C 75000 t=52345678"},
+     interfaz(
+         "SUELDO:ADM 510506 D tc; SUELDO:VEN 520506 D tc; CESANTIA:ADM 520568 D tc; SALUD 280510 C "
+         "t; PENSION 280515 C t; CUOTA 136595 C t; NETO 250505 C t; CESANTIA 261005 C t"),
+     "510506 D 900000 t=52345678 c=0001-0002; 520506 D 700000 t=860002964 c=0002-0001; 520568 D "
+     "74970 t=52345678 c=0001-0002; 280510 C 64000; 280515 C 64000; 136595 C 50000 t=52345678; "
+     "250505 C 778000 t=52345678; 250505 C 644000 t=860002964; 261005 C 74970 t=52345678",
+     "510506 D 900000 t=52345678 c=0001-0002; 520506 D 700000 t=860002964 c=0002-0001; 520568 D "
+     "75000 t=52345678 c=0001-0002; 280510 C 64000; 280515 C 64000; 136595 C 50000 t=52345678; "
+     "250505 C 778000 t=52345678; 250505 C 644000 t=860002964; 261005 C 75000 t=52345678"},
     {kPago, interfaz("NETO 250505 D t; BANCO:1 111005 C"),
      "250505 D 778000 t=52345678; 250505 D 644000 t=860002964; 111005 C 1422000"},
     {documento(95, "PRESTAMO 600000; BANCO:1 600000", kEmpleada),
@@ -265,8 +252,7 @@ void PruebaDocumentos::cada_documento_da_su_comprobante_en_los_dos_libros() {
         const int tipo = caso.documento.tipo;
         const auto dato = [&](const char* columna) {
             return c
-                .consulte(QStringLiteral("select %1 from documento_contable where tido_cod ="
-                                         " %2")
+                .consulte(QStringLiteral("select %1 from documento_contable where tido_cod = %2")
                               .arg(QLatin1String(columna))
                               .arg(tipo))
                 .texto();
@@ -295,8 +281,8 @@ void PruebaDocumentos::cada_documento_da_su_comprobante_en_los_dos_libros() {
                  esperado(caso.niif ? caso.niif : caso.libro));
     }
     // Y no falta ningún tipo.
-    QCOMPARE(filas_de(c, "select tido_cod from documento_contable where tido_cod not in (select"
-                         " enco_tiporef from comprobante_encabezado)"),
+    QCOMPARE(filas_de(c, "select tido_cod from documento_contable where tido_cod not in (select "
+                         "enco_tiporef from comprobante_encabezado)"),
              QString());
     QCOMPARE(filas_de(c, "select * from errores"), QString());
     QCOMPARE(saldos_distintos(c), QString());

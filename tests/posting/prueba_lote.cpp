@@ -1,6 +1,5 @@
 // Un mes entero de una vez: lo que queda en los libros es lo que dicen los documentos, y dos
 // personas con la misma lista no contabilizan nada dos veces.
-#include "apoyo/azar_de_prueba.h"
 #include "apoyo/intermediario.h"
 #include "apoyo/servidor_prueba.h"
 #include "datos/firebird/vigia.h"
@@ -10,13 +9,6 @@
 #include "posting/tfresumencontab.h"
 #include "posting/tfsincontab.h"
 #include "vouchers/registro.h"
-
-#include <QLabel>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QScopeGuard>
-#include <QtTest>
-#include <cstdio>
 
 namespace {
 
@@ -220,6 +212,16 @@ void prepare(Conexion& c) {
     configure(c, "AÑO BALANCE DE APERTURA NIIF", "2016");
 }
 
+/// Un mes de documentos en el servidor, por la conexión de la dueña.
+MesAlAzar un_mes(ServidorDePrueba& servidor, Conexion& duena, quint32 semilla, int documentos) {
+    duena.conectar(servidor.parametros("SYSDBA"));
+    prepare(duena);
+    MesAlAzar mes(duena, semilla);
+    for (int n = 1; n <= documentos; ++n)
+        mes.registre_uno(n);
+    return mes;
+}
+
 } // namespace
 
 class PruebaLote : public QObject {
@@ -267,11 +269,7 @@ void PruebaLote::dos_personas_con_la_misma_lista_no_contabilizan_nada_dos_veces(
     constexpr int kDocumentos = 80;
     ServidorDePrueba servidor;
     Conexion duena;
-    duena.conectar(servidor.parametros("SYSDBA"));
-    prepare(duena);
-    MesAlAzar mes(duena, 99);
-    for (int n = 1; n <= kDocumentos; ++n)
-        mes.registre_uno(n);
+    const MesAlAzar mes = un_mes(servidor, duena, 99, kDocumentos);
 
     QProcess otra;
     arranque(otra, servidor, kDocumentos);
@@ -303,11 +301,7 @@ void PruebaLote::un_programa_que_muere_a_mitad_no_deja_nada_a_medias() {
     constexpr int kDocumentos = 60, kMuertes = 4;
     ServidorDePrueba servidor;
     Conexion duena;
-    duena.conectar(servidor.parametros("SYSDBA"));
-    prepare(duena);
-    MesAlAzar mes(duena, 31);
-    for (int n = 1; n <= kDocumentos; ++n)
-        mes.registre_uno(n);
+    const MesAlAzar mes = un_mes(servidor, duena, 31, kDocumentos);
     for (int muerte = 0; muerte < kMuertes; ++muerte) {
         QProcess otra;
         arranque(otra, servidor, faltan(duena));
@@ -345,11 +339,7 @@ void PruebaLote::una_red_muda_detiene_el_lote_y_lo_dice() {
     ServidorDePrueba servidor;
     Intermediario red(servidor.puerto());
     Conexion duena;
-    duena.conectar(servidor.parametros("SYSDBA"));
-    prepare(duena);
-    MesAlAzar mes(duena, 7);
-    for (int n = 1; n <= kDocumentos; ++n)
-        mes.registre_uno(n);
+    const MesAlAzar mes = un_mes(servidor, duena, 7, kDocumentos);
     SesionGui s;
     s.dm.Quorvex.conectar(red.por_aqui(servidor.parametros()));
     s.dm.ConGeneral.conectar(red.por_aqui(servidor.parametros_general()));

@@ -2,13 +2,11 @@
 // código, de qué depende el libro NIIF, y cómo una propuesta se vuelve comprobante.
 #include "posting/documentos_de_prueba.h"
 
-#include <QtTest>
-
-class PruebaReglasContabilizacion : public QObject {
+class PruebaReglasContabilizacion : public PruebaConBase {
     Q_OBJECT
 private slots:
     void init() {
-        base_.emplace();
+        PruebaConBase::init();
         agregue_cuentas(base(), "110515; 130510 T; 413506 C; 280505 T; 530505; 111010; 510518 TC");
         configure(base(), kPorInterfaz, "INTERFAZ");
     }
@@ -29,8 +27,6 @@ private slots:
     void anular_o_borrar_un_documento_se_lleva_su_comprobante();
 
 private:
-    Conexion& base() { return base_->base(); }
-    QString filas(const QString& sql) { return filas_de(base(), sql); }
     QString errores(int codigo, int id) {
         return filas(QStringLiteral("select erro_codigo from errores where erro_tipodoc = %1 and"
                                     " erro_iddoc = %2")
@@ -74,8 +70,6 @@ private:
                                     " '2017-03-31', '%1', '%2')")
                          .arg(QLatin1String(contado), QLatin1String(niif)));
     }
-
-    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaReglasContabilizacion::la_cuenta_del_tercero_gana_y_su_nit_contable_reemplaza_el_suyo() {

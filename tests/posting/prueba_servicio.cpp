@@ -2,8 +2,6 @@
 // fallas y qué deciden la fecha y la configuración.
 #include "posting/modulos_de_prueba.h"
 
-#include <QtTest>
-
 namespace {
 
 using Operacion = std::function<Contabilizado(int id, int interfaz, const QDate&)>;

@@ -5,18 +5,8 @@
 #include "posting/tfpreginterfaz.h"
 #include "posting/tfresumencontab.h"
 #include "posting/tfsincontab.h"
-#include "toolkit/controles/cajaperiodo.h"
 #include "vouchers/registro.h"
 #include "vouchers/tfcontabiliza.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QRegularExpression>
-#include <QSpinBox>
-#include <QTabWidget>
-#include <QtTest>
 
 namespace {
 const QString kErrores = "Se presentaron los siguientes errores en la contabilización: ";
@@ -130,8 +120,7 @@ void PruebaSincontab::la_lista_sigue_al_periodo_y_a_las_casillas() {
     QCOMPARE(numeros(p), QStringList("000001"));
     pulse(p, "SpeedButton2");
     enfoque(p, "EAno");
-    oprima(Qt::Key_Up);
-    oprima(Qt::Key_Return);
+    oprima_seguidas({Qt::Key_Up, Qt::Key_Return});
     QCOMPARE(s_->cnt.ano_actual, "2018");
     QCOMPARE(numeros(p), QStringList("000005"));
     enfoque(p, "EMes");
@@ -148,8 +137,7 @@ void PruebaSincontab::la_lista_sigue_al_periodo_y_a_las_casillas() {
     QCOMPARE(numeros(p), QStringList("000006"));
     pulse(p, "ckfiltro");
     QVERIFY(p->DBGridEh1->filtro_visible());
-    p->DBGridEh1->setFocus();
-    oprima(Qt::Key_Escape);
+    oprima_en(p->DBGridEh1, Qt::Key_Escape);
     QVERIFY(!escritorio()->abierta("Tfsincontab"));
     QCOMPARE(abra()->periodo->EMes->currentIndex(), 0); // el cierre no está en la lista
 }
@@ -166,8 +154,8 @@ void PruebaSincontab::contabilizar_uno_lo_saca_de_la_lista_en_los_dos_libros() {
     QCOMPARE(balance.count(), 1);
     for (const char* sufijo : {"", "_niif"})
         QCOMPARE(comprobante_de(base(), 31, uno, sufijo),
-                 esperado("130505 D 119000 t=900123456 o=000001; 413505 C 100000 c=0002-0001;"
-                          " 240805 C 19000"));
+                 esperado("130505 D 119000 t=900123456 o=000001; 413505 C 100000 c=0002-0001; "
+                          "240805 C 19000"));
     QCOMPARE(s_->dato("select enco_usuario from comprobante_encabezado"), "ADMIN");
     QCOMPARE(saldos_distintos(base()), QString());
 }
@@ -183,11 +171,10 @@ void PruebaSincontab::cada_tipo_de_la_lista_corre_su_procedimiento_y_su_gemelo()
     };
     Tfsincontab* p = abra();
     for (const CasoDespacho& c : kDespachos) {
-        const QString concepto =
-            s_->dato(QStringLiteral("select first 1 coin_concepto from concepto_interfaz join"
-                                    " documento_contable on doct_familia = coin_familia where"
-                                    " tido_cod = %1")
-                         .arg(c.tido));
+        const QString concepto = s_->dato(
+            QStringLiteral("select first 1 coin_concepto from concepto_interfaz join "
+                           "documento_contable on doct_familia = coin_familia where tido_cod = %1")
+                .arg(c.tido));
         DocumentoPrueba d{c.tido, concepto + " 5000"};
         d.numero = "50";
         d.banco = c.tido / 10 == 7 ? 1 : 0;
@@ -199,8 +186,7 @@ void PruebaSincontab::cada_tipo_de_la_lista_corre_su_procedimiento_y_su_gemelo()
         p->ckNiif->setChecked(false);
         oprima(Qt::Key_F5);
         corridas.clear();
-        p->DBGridEh1->setFocus();
-        oprima(Qt::Key_F2);
+        oprima_en(p->DBGridEh1, Qt::Key_F2);
         QCOMPARE(corridas, QStringList(c.plana));
         QCOMPARE(comprobante_de(base(), c.tido, id, ""), "110505 D 5000\n110515 C 5000");
         QVERIFY(numeros(p).isEmpty());
@@ -232,8 +218,7 @@ void PruebaSincontab::con_varias_interfaces_se_pregunta_cual() {
             QCOMPARE(valores_de(p.CInterfaces, "NOMBRE"), QStringList({"De prueba", "De segunda"}));
             con(p);
         });
-        p->DBGridEh1->setFocus();
-        oprima(Qt::Key_F2);
+        oprima_en(p->DBGridEh1, Qt::Key_F2);
     };
     for (int clave : {int(Qt::Key_Escape), 0})
         conteste([clave](Tfpreginterfaz& pregunta) {
@@ -244,9 +229,7 @@ void PruebaSincontab::con_varias_interfaces_se_pregunta_cual() {
     QCOMPARE(comprobantes(), "0");
     QCOMPARE(s_->dato("select count(*) from contabilizacion"), "0");
     conteste([](Tfpreginterfaz& pregunta) {
-        pregunta.DBGridEh1->setFocus();
-        oprima(Qt::Key_Down);
-        oprima(Qt::Key_Return);
+        oprima_en(pregunta.DBGridEh1, Qt::Key_Down, Qt::Key_Return);
     });
     QVERIFY(comprobante_de(base(), 31, id, "").contains("413506 C 100000"));
 }
@@ -262,8 +245,7 @@ void PruebaSincontab::el_libro_niif_se_agrega_a_la_propuesta_que_ya_hay() {
     Interlocutor i;
     const auto contabilice = [&](bool niif) {
         p->ckNiif->setChecked(niif);
-        p->DBGridEh1->setFocus();
-        oprima(Qt::Key_F2);
+        oprima_en(p->DBGridEh1, Qt::Key_F2);
     };
     const auto revise = [&](std::function<void(Tfcontabiliza&)> atienda) {
         espere_pantalla(i, "Tfcontabiliza", atienda);
@@ -312,8 +294,7 @@ void PruebaSincontab::lo_que_pide_confirmacion_se_revisa_y_la_falla_lo_deja_pend
     const auto revise = [&](bool niif, std::function<void(Tfcontabiliza&)> atienda) {
         p->ckNiif->setChecked(niif);
         espere_pantalla(i, "Tfcontabiliza", atienda);
-        p->DBGridEh1->setFocus();
-        oprima(Qt::Key_F2);
+        oprima_en(p->DBGridEh1, Qt::Key_F2);
     };
     const auto grabe = [](Tfcontabiliza&) { oprima(Qt::Key_F2); };
     revise(false, [](Tfcontabiliza& r) { r.close(); });
@@ -350,8 +331,7 @@ void PruebaSincontab::lo_que_otro_ya_contabilizo_no_se_rehace() {
     const QString suyo = s_->dato("select enco_consec from comprobante_encabezado");
     Interlocutor i;
     i.espere("Otro usuario ya contabilizó el documento. Actualice la lista.");
-    p->DBGridEh1->setFocus();
-    oprima(Qt::Key_F2);
+    oprima_en(p->DBGridEh1, Qt::Key_F2);
     QCOMPARE(s_->dato("select enco_consec from comprobante_encabezado"), suyo);
     QVERIFY(numeros(p).isEmpty());
 }
@@ -444,9 +424,7 @@ void PruebaSincontab::cancelar_el_lote_termina_el_documento_que_va() {
     // Contabilizar el de la fila no quita las marcas de los demás.
     p->DBGridEh1->setFocus();
     oprima(Qt::Key_Home, Qt::ControlModifier);
-    oprima(Qt::Key_Down);
-    oprima(Qt::Key_Space);
-    oprima(Qt::Key_Up);
+    oprima_seguidas({Qt::Key_Down, Qt::Key_Space, Qt::Key_Up});
     espere_pantalla<Pantalla>(i, "Tfcontabiliza", [](auto&) { oprima(Qt::Key_F2); });
     oprima(Qt::Key_Return);
     QCOMPARE(numeros(p), QStringList("000004"));

@@ -3,11 +3,20 @@
 #include "catalogues/forma_rango.h"
 #include "informe_de_prueba.h"
 #include "ledger/libro_al_azar.h"
+#include "reports/libro_de_estados.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QRegularExpression>
-#include <QSpinBox>
+/// Con el libro al azar.
+struct SesionConLibro : SesionGui {
+    SesionConLibro() { arme_libro_al_azar(base.base()); }
+};
+/// Con el libro de los estados, en un mes de 2018.
+struct SesionDeEstados : SesionGui {
+    explicit SesionDeEstados(quint32 semilla, int periodo = 0) {
+        arme_libro_de_estados(base.base(), semilla);
+        cnt.ano_actual = "2018";
+        cnt.periodo_actual = periodo;
+    }
+};
 
 /// Valores de las cajas de una pantalla, por nombre.
 using Cajas = QMap<QString, QString>;

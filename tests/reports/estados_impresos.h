@@ -2,8 +2,6 @@
 // Los estados financieros con sus opciones, y cómo se imprime cada uno por su pantalla.
 #include "auxiliar_de_prueba.h"
 
-#include <QGroupBox>
-
 /// Un estado con la letra de su menú y lo que cambia en su título con el libro NIIF.
 struct EstadoImpreso {
     QString clase, tipo;

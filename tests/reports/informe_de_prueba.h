@@ -1,17 +1,7 @@
 #pragma once
 // Corre un informe como lo hace una persona y devuelve lo impreso.
-#include "apoyo/herramienta.h"
 #include "apoyo/monitor.h"
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
-
-#include <QComboBox>
-#include <QFile>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTemporaryDir>
 
 /// Contesta "Opciones de impresión" pidiendo un PDF en `ruta`.
 inline void espere_pdf(Interlocutor& i, const QString& ruta) {

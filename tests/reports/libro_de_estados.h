@@ -1,10 +1,7 @@
 #pragma once
 // Un libro cuadrado al azar de tres años, con saldos iniciales, ajustes, cierre, diez niveles de
 // cuentas y cifras distintas en los dos libros; y las mismas sumas hechas por fuera, línea a línea.
-#include "apoyo/azar_de_prueba.h"
 #include "ledger/libro_al_azar.h"
-
-#include <functional>
 
 inline const QStringList kHojas{"110505",   "111005010101010101",
                                 "11100502", "130505",

@@ -1,11 +1,8 @@
 // Estados de cambios y sus configuraciones, por sus pantallas y contra las líneas del libro.
 #include "auxiliar_de_prueba.h"
-#include "libro_de_estados.h"
 #include "reports/registro.h"
 #include "reports/tfcambiopatr.h"
 #include "reports/tfconfflujoef.h"
-
-#include <QLabel>
 
 namespace {
 
@@ -44,9 +41,7 @@ private:
 };
 
 void PruebaCambios::la_letra_dice_el_estado_y_su_consulta() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 31);
-    s.cnt.ano_actual = "2018";
+    SesionDeEstados s(31);
     for (const auto& [letra, titulo, orden, reporte] :
          {std::tuple{"P", "Cambios en el Patrimonio", "select * from cambios_patrimonio('2018')",
                      "Estado de Cambios en el Patrimonio"},
@@ -70,7 +65,7 @@ void PruebaCambios::la_letra_dice_el_estado_y_su_consulta() {
     QString hecha;
     QVERIFY(imprima_cambio("F", 2017, {"ckniif"}, &hecha)
                 .contains("Estado de Flujos de Efectivo NIIF"));
-    QCOMPARE(hecha, QString("select * from estado_flujo_efectivo('2017', 'S')"));
+    QCOMPARE(hecha, "select * from estado_flujo_efectivo('2017', 'S')");
 }
 
 void PruebaCambios::el_patrimonio_parte_de_un_saldo_y_llega_al_otro() {
@@ -180,26 +175,21 @@ void PruebaCambios::la_configuracion_valida_su_cuenta_y_es_de_su_libro() {
     {
         Interlocutor i; // una cuenta con auxiliares no lleva movimiento
         i.espere_comienzo("La cuenta");
-        digite("13");
-        oprima(Qt::Key_Return);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        digite("13", Qt::Key_Return);
     }
     oprima(Qt::Key_A, Qt::ControlModifier); // la celda quedó abierta con lo rehusado
-    digite("130505");
-    oprima(Qt::Key_Return);
-    oprima(Qt::Key_F2);
+    digite("130505", Qt::Key_Return, Qt::Key_F2);
     QVERIFY(!s.escritorio.abierta("Tfconfflujoef"));
     QCOMPARE(total(), antes + 1);
     QCOMPARE(s.dato("select flef_cuenta || flef_niif || flef_seccion from flujo_efectivo where "
                     "flef_id = (select max(flef_id) from flujo_efectivo)"),
-             QString("130505S1"));
+             "130505S1");
     // La del otro estado, de un solo libro, y lo abandonado no se graba.
     pulse(pantallas().abrir("Tfcambiopatr", AbreInforme{"S"}), "SpeedButton1");
     QVERIFY(s.escritorio.abierta("Tfconfcambiosit"));
     const QString situacion = s.dato("select count(*) from cambios_situacion_ctas");
     enfoque(s.escritorio.abierta("Tfconfcambiosit"), "DBGridEh1", 1);
-    oprima(Qt::Key_Insert);
-    oprima(Qt::Key_F2);
+    oprima_seguidas({Qt::Key_Insert, Qt::Key_F2});
     QCOMPARE(s.dato("select count(*) from cambios_situacion_ctas"), situacion);
 }
 

@@ -1,8 +1,5 @@
 // Los estados cuadran por sí solos en cada mes de tres años, con diez niveles de cuentas, antes y
 // después del cierre; y cada fila, en rangos y períodos al azar, es la suma de sus líneas.
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "libro_de_estados.h"
 
 class PruebaCuadres : public QObject {
@@ -42,8 +39,8 @@ private:
         return [codigo](const Renglon& r) { return r.cuenta.startsWith(codigo); };
     }
 
-    std::optional<BaseDePrueba> base_;
     QVector<Renglon> lineas_[2];
+    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaCuadres::initTestCase() {

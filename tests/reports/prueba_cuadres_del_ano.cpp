@@ -1,11 +1,6 @@
 // Los estados de un año, los comparativos, los de centros y los libros oficiales contra las sumas
 // hechas por fuera, renglón a renglón, en los dos libros y en períodos y rangos al azar.
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "libro_de_estados.h"
-
-#include <QRegularExpression>
 
 namespace {
 
@@ -82,8 +77,8 @@ private:
         return neto;
     }
 
-    std::optional<BaseDePrueba> base_;
     QVector<Renglon> lineas_[2];
+    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaCuadresDelAno::initTestCase() {
@@ -349,7 +344,7 @@ void PruebaCuadresDelAno::cada_renglon_del_efectivo() {
                            .arg(ano)
                            .arg(niif))
                      .last(),
-                 QString("0"));
+                 "0");
     });
     base().ejecute("delete from flujo_efectivo where flef_id > 900");
 }

@@ -1,7 +1,6 @@
 // Estados financieros por sus pantallas: consulta, casos límite, notas y lo impreso contra las
 // líneas del libro.
 #include "estados_impresos.h"
-#include "libro_de_estados.h"
 #include "reports/registro.h"
 #include "reports/tfrngbalancegeneral.h"
 #include "toolkit/dialogos.h"
@@ -30,10 +29,7 @@ private slots:
 };
 
 void PruebaEstados::la_consulta_es_la_convenida() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 1);
-    s.cnt.ano_actual = "2018";
-    s.cnt.periodo_actual = 2; // marzo
+    SesionDeEstados s(1, 2); // marzo
     QString orden;
     const auto consulta = [&](const char* clase, const char* tipo, const QStringList& casillas,
                               const Cajas& cajas = {}) {
@@ -42,31 +38,30 @@ void PruebaEstados::la_consulta_es_la_convenida() {
     };
     // Balance general: nunca más abajo del nivel 4 ni más allá de la clase 3.
     QCOMPARE(consulta("Tfrngbalancegeneral", "G", {"ckNotas"}),
-             QString("select * from balance_mes('2018', 3,'N', 'S','S','N')  where CODIGO >= '0' "
-                     "and CODIGO <= 'ZZ' and nivel < 5 and CODIGO < '4' and Nivel <= 3 order by "
-                     "CODIGO"));
+             "select * from balance_mes('2018', 3,'N', 'S','S','N')  where CODIGO >= '0' "
+             "and CODIGO <= 'ZZ' and nivel < 5 and CODIGO < '4' and Nivel <= 3 order by "
+             "CODIGO");
     QCOMPARE(consulta("Tfrngbalancegeneral", "D", {"Cksinmov", "ckniif"},
                       {{"EDesde", "11"}, {"EHasta", "2"}}),
-             QString("select * from balance_mes_niif('2018', 3,'S', 'N','N','N')  where CODIGO >= "
-                     "'11' and CODIGO <= '2' and Nivel <= 5 order by CODIGO"));
+             "select * from balance_mes_niif('2018', 3,'S', 'N','N','N')  where CODIGO >= "
+             "'11' and CODIGO <= '2' and Nivel <= 5 order by CODIGO");
     QCOMPARE(consulta("Tfrngbalancegeneral", "P", {}, {{"Nivel", "2"}}),
-             QString("select * from balance_mes('2018', 3,'N', 'N','N','N')  where CODIGO >= '0' "
-                     "and CODIGO <= 'ZZ' and Nivel <= 2 order by CODIGO"));
+             "select * from balance_mes('2018', 3,'N', 'N','N','N')  where CODIGO >= '0' "
+             "and CODIGO <= 'ZZ' and Nivel <= 2 order by CODIGO");
     // Resultados.
-    QCOMPARE(
-        consulta("Tfrngresulgeneral", "G", {"ckMes"}),
-        QString("select * from balance_mes('2018', 3,'N','N', 'S','S') where CODIGO >= '4' and "
-                "CODIGO < '8' and NIVEL < 4 order by CODIGO"));
+    QCOMPARE(consulta("Tfrngresulgeneral", "G", {"ckMes"}),
+             "select * from balance_mes('2018', 3,'N','N', 'S','S') where CODIGO >= '4' and "
+             "CODIGO < '8' and NIVEL < 4 order by CODIGO");
     QCOMPARE(consulta("Tfrngresulgeneral", "D", {"Cksinmov", "ckniif"}, {{"Nivel", "4"}}),
-             QString("select * from balance_mes_niif('2018', 3,'S','N', 'N','N') where CODIGO >= "
-                     "'4' and CODIGO < '8' and nivel <= 4 order by CODIGO"));
+             "select * from balance_mes_niif('2018', 3,'S','N', 'N','N') where CODIGO >= "
+             "'4' and CODIGO < '8' and nivel <= 4 order by CODIGO");
     // Terceros y centros.
     QCOMPARE(consulta("Tfrngbalancetercero", "T", {"cknombre", "Cksinmov"}),
-             QString("SELECT * FROM BALANCE_CON_TERCEROS_MES('2018', 3, '', 'ZZ', '', "
-                     "'ZZ','S')ORDER BY CUENTA,NOM_TERCERO"));
+             "SELECT * FROM BALANCE_CON_TERCEROS_MES('2018', 3, '', 'ZZ', '', "
+             "'ZZ','S')ORDER BY CUENTA,NOM_TERCERO");
     QCOMPARE(
         consulta("Tfrngresultadotercero", "", {"ckniif"}, {{"ENitIni", "8"}, {"ENitFin", "9"}}),
-        QString("SELECT * FROM BALANCE_CON_TERCEROS_MES_N('2018', 3, '4', '8', '8', '9','N')"));
+        "SELECT * FROM BALANCE_CON_TERCEROS_MES_N('2018', 3, '4', '8', '8', '9','N')");
     const QString centros = "('2018', 3,'N','','ZZ','','zz','','zz')";
     QCOMPARE(consulta("Tfrngbalancecentro", "C", {"Cksinmov"}),
              "SELECT * FROM BALANCE_CON_CENTROS_MES" + centros);
@@ -79,30 +74,27 @@ void PruebaEstados::la_consulta_es_la_convenida() {
                  " WHERE ((inicial <> 0) or (debitos <> 0) or (creditos <> 0))");
     // Comparativos. Ajustes es el período 13.
     QCOMPARE(consulta("Tfrngbalanceacumulado", "", {"ckterceros"}, {{"MesFin", "AJU"}}),
-             QString("select * from balance_prueba_acumulado('2018', 1, 13, '0', 'ZZ', '0', 'ZZ', "
-                     "'N', 'S') where nivel <= 5 order by CODIGO"));
+             "select * from balance_prueba_acumulado('2018', 1, 13, '0', 'ZZ', '0', 'ZZ', "
+             "'N', 'S') where nivel <= 5 order by CODIGO");
     QCOMPARE(consulta("Tfrngbalanceacumulado", "", {"Cksinmov", "ckniif"},
                       {{"MesIni", "MAR"}, {"EAno", "2017"}}),
              QString("select * from balance_prueba_acumulado_niif('2017', 3, 12, '0', 'ZZ', '0', "
                      "'ZZ', 'S', 'N') where nivel <= 5 order by CODIGO"));
     QCOMPARE(consulta("Tfrngbalanceanual", "", {"cktercero", "ckniif"}),
-             QString("select * from balance_anual_niif('2018','0','ZZ','S','N') where nivel <= 5"));
+             "select * from balance_anual_niif('2018','0','ZZ','S','N') where nivel <= 5");
     QCOMPARE(consulta("Tfrngbalanceanual", "", {"ckcentro", "ckniif"}, {{"Nivel", "3"}}),
-             QString("select * from balance_anual_centros('2018','0','ZZ','N','S') where nivel <= "
-                     "3"));
+             "select * from balance_anual_centros('2018','0','ZZ','N','S') where nivel <= "
+             "3");
     QCOMPARE(consulta("Tfrngbalancecomparativo", "", {}, {{"MesIni", "DIC"}, {"EAno1", "2017"}}),
-             QString("select * from balance_comparativo('2017', 12, '2018', 3, 'N') where CUENTA "
-                     ">= '0' and CUENTA <= 'ZZ' order by CUENTA"));
+             "select * from balance_comparativo('2017', 12, '2018', 3, 'N') where CUENTA "
+             ">= '0' and CUENTA <= 'ZZ' order by CUENTA");
     QCOMPARE(consulta("Tfrngcomparacentro", "", {"ckniif"}),
-             QString("SELECT * FROM COMPARA_CENTROS_NIIF('2018', 3, '0001', '0002', '0002', '0001')"
-                     " WHERE CUENTA >= '' and CUENTA <= 'ZZ' order by CUENTA"));
+             "SELECT * FROM COMPARA_CENTROS_NIIF('2018', 3, '0001', '0002', '0002', '0001')"
+             " WHERE CUENTA >= '' and CUENTA <= 'ZZ' order by CUENTA");
 }
 
 void PruebaEstados::cada_estado_sale_con_su_titulo_en_los_dos_libros() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 2);
-    s.cnt.ano_actual = "2018";
-    s.cnt.periodo_actual = 5;
+    SesionDeEstados s(2, 5);
     for (const EstadoImpreso& e : estados())
         for (bool niif : {false, true}) {
             const QString texto = corra(e, {}, niif ? QStringList{"ckniif"} : QStringList());
@@ -187,9 +179,7 @@ void PruebaEstados::el_nivel_del_general_esta_fijo() {
 }
 
 void PruebaEstados::el_resultado_impreso_es_el_de_las_lineas() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 4);
-    s.cnt.ano_actual = "2018";
+    SesionDeEstados s(4);
     for (int libro : {0, 1})
         for (int periodo : {0, 6, 12}) {
             s.cnt.periodo_actual = periodo;
@@ -230,10 +220,7 @@ void PruebaEstados::el_resultado_impreso_es_el_de_las_lineas() {
 }
 
 void PruebaEstados::los_totales_cuentan_cada_clase_una_vez() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 5);
-    s.cnt.ano_actual = "2018";
-    s.cnt.periodo_actual = 8;
+    SesionDeEstados s(5, 8);
     const auto lineas = renglones(s.base.base(), 0, true);
     const auto totales = [&](const Filtro& filtro, int desde, int hasta) {
         Cifras todo;
@@ -265,11 +252,8 @@ void PruebaEstados::los_totales_cuentan_cada_clase_una_vez() {
 }
 
 void PruebaEstados::las_notas_van_a_continuacion_solo_si_se_piden() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 6);
+    SesionDeEstados s(6, 2);
     s.otorgue(123);
-    s.cnt.ano_actual = "2018";
-    s.cnt.periodo_actual = 2;
     s.base.ejecute(
         {"insert into notas_estados_financieros (noef_ano, noef_periodo, noef_numero, noef_titulo, "
          "noef_nota) values (2018, 0, 1, 'Ente económico', '<p>La sociedad <b>se constituyó</b> en "
@@ -313,9 +297,7 @@ void PruebaEstados::las_notas_van_a_continuacion_solo_si_se_piden() {
 }
 
 void PruebaEstados::lo_que_falta_se_dice_sin_cerrar_la_pantalla() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 7);
-    s.cnt.ano_actual = "2018";
+    SesionDeEstados s(7);
     const auto rehuse = [&](const char* clase, const Cajas& cajas, const char* mensaje,
                             const char* foco) {
         auto* f = qobject_cast<FormaRango*>(pantallas().abrir(clase));
@@ -338,11 +320,8 @@ void PruebaEstados::lo_que_falta_se_dice_sin_cerrar_la_pantalla() {
 }
 
 void PruebaEstados::el_libro_exportado_lleva_tipos_y_sangria() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 9);
+    SesionDeEstados s(9, 5);
     s.otorgue(123);
-    s.cnt.ano_actual = "2018";
-    s.cnt.periodo_actual = 5;
     QTemporaryDir carpeta;
     for (const int e : {1, 7, 9, 18, 20, 22}) {
         auto* f = qobject_cast<FormaRango*>(
@@ -370,7 +349,7 @@ void PruebaEstados::el_libro_exportado_lleva_tipos_y_sangria() {
             };
             const auto codigo = celda(columna.contains("Código") ? "Código" : "Cuenta");
             QCOMPARE(codigo.valor.typeId(), int(QMetaType::QString));
-            QCOMPARE(codigo.formato, QString("@"));
+            QCOMPARE(codigo.formato, "@");
             for (const char* importe : {"Saldo inicial", "Saldo final", "Saldo final 2"})
                 if (columna.contains(importe))
                     QCOMPARE(celda(importe).valor.typeId(), int(QMetaType::Double));

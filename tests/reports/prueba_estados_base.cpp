@@ -1,7 +1,5 @@
 // Cada cifra de un estado es una suma que un extraño repetiría con las líneas del libro, y los
 // estados cuadran por sí solos en cualquier mes y en los dos libros.
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "ledger/libro_al_azar.h"
 
 namespace {
@@ -44,6 +42,7 @@ private slots:
     void el_diario_suma_las_lineas_del_mes();
 
 private:
+    Conexion& base() { return base_->base(); }
     void un_mes_de_cada() {
         QTest::addColumn<int>("libro");
         QTest::addColumn<int>("mes");
@@ -51,7 +50,6 @@ private:
             for (int mes : {201701, 201706, 201713, 201801, 201812, 201814})
                 QTest::addRow("libro %d, %d", libro, mes) << libro << mes;
     }
-    Conexion& base() { return base_->base(); }
     /// Lo que suman las líneas de las cuentas con ese comienzo.
     template <class Cual> Tramo sume(int libro, int desde, int hasta, Cual cual) {
         Tramo t;
@@ -73,8 +71,8 @@ private:
     }
     static QString ano_mes(int mes) { return QString("'%1', %2").arg(mes / 100).arg(mes % 100); }
 
-    std::optional<BaseDePrueba> base_;
     QVector<Renglon> lineas_[2];
+    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaEstadosBase::initTestCase() {
@@ -83,17 +81,15 @@ void PruebaEstadosBase::initTestCase() {
     // El libro al azar no cuadra; se cuadra contra una cuenta de cada lado para poder exigirlo.
     for (int libro : {0, 1}) {
         base().ejecute(
-            QString("insert into comprobante_detalle%1 (enco_consec, code_item, cuen_cod,"
-                    " code_debito, code_credito) select enco_consec, 90, '310505',"
-                    " maxvalue(sum(code_credito - code_debito), 0),"
-                    " maxvalue(sum(code_debito - code_credito), 0) from"
-                    " comprobante_detalle%1 group by enco_consec")
+            QString("insert into comprobante_detalle%1 (enco_consec, code_item, cuen_cod, "
+                    "code_debito, code_credito) select enco_consec, 90, '310505', "
+                    "maxvalue(sum(code_credito - code_debito), 0), maxvalue(sum(code_debito - "
+                    "code_credito), 0) from comprobante_detalle%1 group by enco_consec")
                 .arg(sufijo(libro)));
         base().ejecute(
-            QString("insert into saldos_iniciales%1 (sain_item, cuen_cod, sain_debito,"
-                    " sain_credito) select 90, '310505', maxvalue(sum(sain_credito -"
-                    " sain_debito), 0), maxvalue(sum(sain_debito - sain_credito), 0) from"
-                    " saldos_iniciales%1")
+            QString("insert into saldos_iniciales%1 (sain_item, cuen_cod, sain_debito, "
+                    "sain_credito) select 90, '310505', maxvalue(sum(sain_credito - sain_debito), "
+                    "0), maxvalue(sum(sain_debito - sain_credito), 0) from saldos_iniciales%1")
                 .arg(sufijo(libro)));
         lineas_[libro] = renglones(base(), libro, true);
     }
@@ -126,12 +122,11 @@ void PruebaEstadosBase::el_balance_general_cuadra_en_cada_mes() {
         const Tramo t = sume(libro, mes, mes, [&](const Renglon& r) {
             return r.cuenta.startsWith(QLatin1String(codigo));
         });
-        QCOMPARE(
-            filas(QString("select inicial, debitos, creditos, final from balance_mes%1(%2, 'S',"
-                          " 'N', 'N', 'N') where codigo = '%3'")
-                      .arg(sufijo(libro), ano_mes(mes), codigo))
-                .join('\n'),
-            t.texto());
+        QCOMPARE(filas(QString("select inicial, debitos, creditos, final from balance_mes%1(%2, "
+                               "'S', 'N', 'N', 'N') where codigo = '%3'")
+                           .arg(sufijo(libro), ano_mes(mes), codigo))
+                     .join('\n'),
+                 t.texto());
     }
 }
 
@@ -188,12 +183,11 @@ void PruebaEstadosBase::los_centros_suman_en_los_dos_ordenes() {
     QFETCH(int, libro);
     QFETCH(int, mes);
     const auto total = [&](const char* orden, const char* nivel) {
-        return filas(
-                   QString("select coalesce(sum(inicial), 0), coalesce(sum(debitos), 0),"
-                           " coalesce(sum(creditos), 0), coalesce(sum(final), 0) from"
-                           " balance_con_centros_mes%1(%2, '%3', '4', '8', '0001', '0002', '0001',"
-                           " '0002') where nivel = %4")
-                       .arg(sufijo(libro, "_n"), ano_mes(mes), orden, nivel))
+        return filas(QString("select coalesce(sum(inicial), 0), coalesce(sum(debitos), 0), "
+                             "coalesce(sum(creditos), 0), coalesce(sum(final), 0) from "
+                             "balance_con_centros_mes%1(%2, '%3', '4', '8', '0001', '0002', "
+                             "'0001', '0002') where nivel = %4")
+                         .arg(sufijo(libro, "_n"), ano_mes(mes), orden, nivel))
             .join('\n');
     };
     const Tramo t = sume(libro, mes, mes, [](const Renglon& r) {
@@ -208,13 +202,12 @@ void PruebaEstadosBase::los_centros_suman_en_los_dos_ordenes() {
     };
     const Tramo a = centro("0001", "0002"), b = centro("0002", "0001");
     if (!a.vacio() || !b.vacio())
-        QCOMPARE(
-            filas(QString("select inicial1, debitos1, creditos1, final1, inicial2, debitos2,"
-                          " creditos2, final2 from compara_centros%1(%2, '0001', '0002', '0002',"
-                          " '0001') where cuenta = '5105'")
-                      .arg(sufijo(libro), ano_mes(mes)))
-                .join('\n'),
-            a.texto() + '|' + b.texto());
+        QCOMPARE(filas(QString("select inicial1, debitos1, creditos1, final1, inicial2, debitos2, "
+                               "creditos2, final2 from compara_centros%1(%2, '0001', '0002', "
+                               "'0002', '0001') where cuenta = '5105'")
+                           .arg(sufijo(libro), ano_mes(mes)))
+                     .join('\n'),
+                 a.texto() + '|' + b.texto());
 }
 
 void PruebaEstadosBase::el_acumulado_y_el_comparativo_son_tramos_de_meses() {
@@ -223,10 +216,9 @@ void PruebaEstadosBase::el_acumulado_y_el_comparativo_son_tramos_de_meses() {
         const auto uno = [](const Renglon& r) {
             return r.cuenta == "220505" && r.nit == "900123456";
         };
-        const QString acumulado =
-            QString("from balance_prueba_acumulado%1('2018', 3, 8, '0', 'ZZ', '0',"
-                    " 'ZZ', 'N', 'S') where nivel <= 5")
-                .arg(sufijo(libro));
+        const QString acumulado = QString("from balance_prueba_acumulado%1('2018', 3, 8, '0', "
+                                          "'ZZ', '0', 'ZZ', 'N', 'S') where nivel <= 5")
+                                      .arg(sufijo(libro));
         QCOMPARE(filas("select inicial, debitos, creditos, final " + acumulado +
                        " and codigo = '220505'")
                      .join('\n'),
@@ -235,15 +227,13 @@ void PruebaEstadosBase::el_acumulado_y_el_comparativo_son_tramos_de_meses() {
                        " and codigo starting with '220505.' and nit = '900123456'")
                      .join('\n'),
                  sume(libro, 201803, 201808, uno).texto());
-        QCOMPARE(
-            filas(
-                QString("select inicial1, debitos1, creditos1, final1, inicial2, debitos2,"
-                        " creditos2, final2 from balance_comparativo%1('2017', 5, '2018', 13, 'N')"
-                        " where cuenta = '220505'")
-                    .arg(sufijo(libro)))
-                .join('\n'),
-            sume(libro, 201705, 201705, proveedores).texto() + '|' +
-                sume(libro, 201813, 201813, proveedores).texto());
+        QCOMPARE(filas(QString("select inicial1, debitos1, creditos1, final1, inicial2, debitos2, "
+                               "creditos2, final2 from balance_comparativo%1('2017', 5, '2018', "
+                               "13, 'N') where cuenta = '220505'")
+                           .arg(sufijo(libro)))
+                     .join('\n'),
+                 sume(libro, 201705, 201705, proveedores).texto() + '|' +
+                     sume(libro, 201813, 201813, proveedores).texto());
     }
 }
 
@@ -260,9 +250,8 @@ void PruebaEstadosBase::el_anual_reparte_el_ano_en_trece_columnas() {
             resultado << corre.texto();
         }
         esperado << sume(libro, 201801, 201814, gasto).final().texto();
-        const QString columnas =
-            "mvene, mvfeb, mvmar, mvabr, mvmay, mvjun, mvjul, mvago, mvsep, mvoct,"
-            " mvnov, mvdic, mvcie";
+        const QString columnas = "mvene, mvfeb, mvmar, mvabr, mvmay, mvjun, mvjul, mvago, mvsep, "
+                                 "mvoct, mvnov, mvdic, mvcie";
         // Sin terceros se lee de los saldos por cuenta, y con ellos de los de cada tercero.
         for (const char* con_terceros : {"N", "S"})
             QCOMPARE(filas(QString("select inicial, %2, final from balance_anual%1(2018, '0', "
@@ -270,13 +259,11 @@ void PruebaEstadosBase::el_anual_reparte_el_ano_en_trece_columnas() {
                                .arg(sufijo(libro), columnas, con_terceros))
                          .join('\n'),
                      esperado.join('|'));
-        QCOMPARE(
-            filas(
-                QString("select inicial, %2, final from balance_anual_centros(2018, '0', 'ZZ', 'N',"
-                        " '%1') where codigo = '51'")
-                    .arg(libro ? "S" : "N", columnas))
-                .join('\n'),
-            esperado.join('|'));
+        QCOMPARE(filas(QString("select inicial, %2, final from balance_anual_centros(2018, '0', "
+                               "'ZZ', 'N', '%1') where codigo = '51'")
+                           .arg(libro ? "S" : "N", columnas))
+                     .join('\n'),
+                 esperado.join('|'));
         QCOMPARE(filas(QString("select %2 from resultado_anual('2018', '%1') where codigo = '51'")
                            .arg(libro ? "S" : "N", QString(columnas).replace("mv", "sa")))
                      .join('\n'),
@@ -294,7 +281,7 @@ void PruebaEstadosBase::los_cambios_del_patrimonio_llegan_al_saldo_de_los_libros
                      .arg((-t.inicial).texto(), t.creditos.texto(),
                           (t.creditos - t.inicial).texto(), (-t.debitos).texto(),
                           (-t.final()).texto()));
-        QCOMPARE(filas("select ok " + tabla).last(), QString("S"));
+        QCOMPARE(filas("select ok " + tabla).last(), "S");
     }
 }
 
@@ -306,7 +293,7 @@ void PruebaEstadosBase::el_flujo_termina_en_el_efectivo_y_no_calla_nada() {
         const Tramo t = sume(libro, 201801, 201814, efectivo);
         QCOMPARE(filas("select total3, total4 " + tabla).last(),
                  t.final().texto() + '|' + t.final().texto());
-        QCOMPARE(filas("select final " + tabla + " where seccion = 4").join('\n'), QString("0"));
+        QCOMPARE(filas("select final " + tabla + " where seccion = 4").join('\n'), "0");
         base().ejecute(
             QString("delete from flujo_efectivo where flef_cuenta = '22' and flef_niif = '%1'")
                 .arg(libro ? "S" : "N"));
@@ -314,10 +301,10 @@ void PruebaEstadosBase::el_flujo_termina_en_el_efectivo_y_no_calla_nada() {
             sume(libro, 201801, 201814, [](const Renglon& r) { return r.cuenta.startsWith("22"); });
         QCOMPARE(filas("select final " + tabla + " where seccion = 4").join('\n'),
                  (p.creditos - p.debitos).texto());
-        QCOMPARE(filas("select total3 - total4 " + tabla).last(), QString("0"));
+        QCOMPARE(filas("select total3 - total4 " + tabla).last(), "0");
     }
     // Lo que ninguna cuenta explica es la diferencia entre lo provisto y lo aplicado.
-    QCOMPARE(filas("select total4 - final from cambios_situacion('2018')").last(), QString("0"));
+    QCOMPARE(filas("select total4 - final from cambios_situacion('2018')").last(), "0");
 }
 
 void PruebaEstadosBase::el_mayor_tiene_iguales_sus_tres_parejas() {
@@ -325,18 +312,18 @@ void PruebaEstadosBase::el_mayor_tiene_iguales_sus_tres_parejas() {
         for (int mes : {201701, 201804, 201814}) {
             const QString tabla =
                 QString("from mayor_y_balance(%1, '%2', 'N')").arg(ano_mes(mes), libro ? "S" : "N");
-            QCOMPARE(filas("select sum(inidb1 - inicr1), sum(debitos1 - creditos1),"
-                           " sum(findb1 - fincr1) " +
+            QCOMPARE(filas("select sum(inidb1 - inicr1), sum(debitos1 - creditos1), sum(findb1 - "
+                           "fincr1) " +
                            tabla)
                          .join('\n'),
-                     QString("0|0|0"));
+                     "0|0|0");
             const Tramo t =
                 sume(libro, mes, mes, [](const Renglon& r) { return r.cuenta.startsWith("22"); });
             QCOMPARE(filas("select findb - fincr " + tabla + " where codigo = '22'").value(0, "0"),
                      t.final().texto());
             QCOMPARE(
-                filas(QString("select sum(iif(codigo starting with '1', sclase, -sclase)) from"
-                              " inventario_y_balance(%1, '%2') where codigo in ('1', '2', '3')")
+                filas(QString("select sum(iif(codigo starting with '1', sclase, -sclase)) from "
+                              "inventario_y_balance(%1, '%2') where codigo in ('1', '2', '3')")
                           .arg(ano_mes(mes), libro ? "S" : "N"))
                     .join('\n'),
                 (sume(libro, mes, mes, [](const Renglon& r) { return r.cuenta < "4"; }).final())
@@ -356,10 +343,9 @@ void PruebaEstadosBase::el_diario_suma_las_lineas_del_mes() {
     for (auto i = esperado.begin(); i != esperado.end(); ++i)
         texto << i.key() + '|' + i->first.texto() + '|' + i->second.texto();
     QVERIFY(!texto.isEmpty());
-    QCOMPARE(
-        filas("select cuenta, tipocomp, fecha, debitos, creditos from libro_diario('2018', 5, 3,"
-              " 'N', 'S') order by cuenta, tipocomp, fecha"),
-        texto);
+    QCOMPARE(filas("select cuenta, tipocomp, fecha, debitos, creditos from libro_diario('2018', 5, "
+                   "3, 'N', 'S') order by cuenta, tipocomp, fecha"),
+             texto);
 }
 
 QTEST_APPLESS_MAIN(PruebaEstadosBase)

@@ -1,15 +1,8 @@
 // Notas a los estados financieros: el editor, la copia, la lista y lo que se imprime.
 #include "auxiliar_de_prueba.h"
-#include "libro_de_estados.h"
 #include "reports/forma_nota.h"
 #include "reports/registro.h"
 #include "toolkit/controles/editorrico.h"
-
-#include <QAction>
-#include <QFontComboBox>
-#include <QTextEdit>
-#include <QTextTable>
-#include <QToolButton>
 
 class PruebaNotas : public QObject {
     Q_OBJECT
@@ -31,15 +24,11 @@ private:
 };
 
 void PruebaNotas::se_escribe_con_formato_y_se_imprime_igual() {
-    SesionGui s;
-    arme_libro_de_estados(s.base.base(), 41);
-    s.cnt.ano_actual = "2018";
-    s.cnt.periodo_actual = 2;
+    SesionDeEstados s(41, 2);
     auto* f = s.abra<FormaNota>("Tfnotasestados");
-    QCOMPARE(f->Editor->letra->currentText(), QString("Arial"));
+    QCOMPARE(f->Editor->letra->currentText(), "Arial");
     llene(f, "ETitulo", "Efectivo");
-    f->Editor->texto->setFocus();
-    digite("Saldos en ");
+    digite_en(f->Editor->texto, "Saldos en ");
     oprima(Qt::Key_B, Qt::ControlModifier);
     digite("bancos");
     oprima(Qt::Key_B, Qt::ControlModifier);
@@ -47,19 +36,16 @@ void PruebaNotas::se_escribe_con_formato_y_se_imprime_igual() {
     f->Editor->texto->insertPlainText(QString::fromUtf8(" → «€ 5» ñ"));
     oprima(Qt::Key_Return);
     f->Editor->findChild<QAction*>("tabla")->trigger();
-    digite("Caja");
-    oprima(Qt::Key_Tab);
-    digite("1,200.00");
-    oprima(Qt::Key_Backtab);
+    digite("Caja", Qt::Key_Tab);
+    digite("1,200.00", Qt::Key_Backtab);
     digite(" general");
     for (int i = 0; i < 7; ++i) // más allá de la última celda
         oprima(Qt::Key_Tab);
-    digite("300.00");
-    oprima(Qt::Key_F2);
+    digite("300.00", Qt::Key_F2);
     QVERIFY(!s.escritorio.abierta("Tfnotasestados"));
     QCOMPARE(s.dato("select noef_ano || '-' || noef_periodo || '-' || noef_numero || ' ' || "
                     "noef_titulo from notas_estados_financieros"),
-             QString("2018-3-1 Efectivo"));
+             "2018-3-1 Efectivo");
     // La que se abre es la que se escribió.
     const QString id = s.dato("select noef_id from notas_estados_financieros");
     auto* otra = s.abra<FormaNota>("Tfmodnotasestados", AbreNota{id});
@@ -96,27 +82,25 @@ void PruebaNotas::el_periodo_da_el_numero_y_retrocede_hasta_el_cierre() {
             .arg(f->EAno->value())
             .arg(componente<QLineEdit>(f, "ENumero").text());
     };
-    QCOMPARE(cajas(), QString("0 2018 5"));
+    QCOMPARE(cajas(), "0 2018 5");
     componente<QToolButton>(f, "SpeedButton1").click();
-    QCOMPARE(cajas(), QString("-1 2017 8")); // el cierre del año anterior, que no está en la lista
+    QCOMPARE(cajas(), "-1 2017 8"); // el cierre del año anterior, que no está en la lista
     componente<QToolButton>(f, "SpeedButton1").click();
-    QCOMPARE(cajas(), QString("12 2017 1"));
+    QCOMPARE(cajas(), "12 2017 1");
     componente<QToolButton>(f, "SpeedButton2").click();
-    QCOMPARE(cajas(), QString("0 2018 5"));
+    QCOMPARE(cajas(), "0 2018 5");
     f->ckTodos->click();
-    QCOMPARE(cajas(), QString("0 2018 3"));
+    QCOMPARE(cajas(), "0 2018 3");
     componente<QLineEdit>(f, "ETitulo").setFocus();
     digite("Capital");
     {
         Interlocutor i; // un título sin nota tampoco se pierde callado
-        i.espere("Desea salir y perder los cambios que no ha grabado?", "No");
-        oprima(Qt::Key_Escape);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "No");
     }
     oprima(Qt::Key_F2);
     QCOMPARE(
         s.dato("select max(noef_numero) from notas_estados_financieros where noef_periodo = 0"),
-        QString("3"));
+        "3");
 }
 
 void PruebaNotas::se_copia_de_otro_periodo_y_se_modifica() {
@@ -125,28 +109,23 @@ void PruebaNotas::se_copia_de_otro_periodo_y_se_modifica() {
     const QString id =
         s.dato("select noef_id from notas_estados_financieros where noef_ano = 2018");
     auto* f = s.abra<FormaNota>("Tfmodnotasestados", AbreNota{id});
-    QCOMPARE(f->EMes->currentText(), QString("Junio"));
+    QCOMPARE(f->EMes->currentText(), "Junio");
     componente<QComboBox>(f, "MesCopia").setCurrentText("Diciembre");
     componente<QSpinBox>(f, "AnoCopia").setValue(2017);
-    {
-        Interlocutor i;
-        i.espere("No se encontró la nota indicada.");
-        oprima(Qt::Key_F8);
-    }
+    dice(Qt::Key_F8, "No se encontró la nota indicada.");
     componente<QSpinBox>(f, "NumeroCopia").setValue(3);
     oprima(Qt::Key_F8);
-    QCOMPARE(f->Editor->texto->toPlainText(), QString("Al costo"));
+    QCOMPARE(f->Editor->texto->toPlainText(), "Al costo");
     {
         Interlocutor i; // lo que no se ha grabado no se pierde sin preguntar
-        i.espere("Desea salir y perder los cambios que no ha grabado?", "No");
-        oprima(Qt::Key_Escape);
+        dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "No");
     }
     QVERIFY(s.escritorio.abierta("Tfmodnotasestados"));
     oprima(Qt::Key_F2);
     QCOMPARE(s.dato("select noef_titulo || noef_numero from notas_estados_financieros where "
                     "noef_id = " +
                     id),
-             QString("Inversiones1"));
+             "Inversiones1");
     QVERIFY(s.dato("select noef_nota from notas_estados_financieros where noef_id = " + id)
                 .contains("italic"));
     Interlocutor i;
@@ -162,10 +141,7 @@ void PruebaNotas::la_lista_borra_lo_que_se_confirma() {
     auto& c = *componente<Rejilla>(lista, "DBGridEh1").conjunto();
     for (const auto& [respuesta, quedan] : {std::pair{"No", "2"}, {"Sí", "1"}}) {
         c.Locate("NOEF_NUMERO", {2});
-        Interlocutor i;
-        i.espere("Esta seguro de borrar la nota 2 de 3/2018?", respuesta);
-        oprima(Qt::Key_F3);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        dice(Qt::Key_F3, "Esta seguro de borrar la nota 2 de 3/2018?", respuesta);
         QCOMPARE(s.dato("select count(*) from notas_estados_financieros"), QString(quedan));
     }
     QCOMPARE(valores_de(c, "NOEF_TITULO"), QStringList{"a"});

@@ -1,11 +1,5 @@
 // Las plantillas que trae el programa contra lo que el programa les pide y lo que se documenta.
-#include "apoyo/base_prueba.h"
 #include "toolkit/informes/definicion.h"
-
-#include <QDir>
-#include <QFile>
-#include <QRegularExpression>
-#include <QTest>
 
 using namespace informes;
 

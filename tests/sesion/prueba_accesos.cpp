@@ -1,5 +1,4 @@
 #include "apoyo/datos_ejemplo.h"
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 
 class PruebaAccesos : public QObject {
@@ -118,7 +117,7 @@ private slots:
         audite(s, 100, "'990505'", "I", "AUXILIAR", "2017/02/28", "23:00:00");
         audite(s, 102, "'990505'", "M", "AUXILIAR", "2018/01/01", "10:00:00");
         audite(s, 1, "990505", "I", "AUXILIAR", "2018/01/01", "10:00:00");
-        QCOMPARE(ultima(100, "audi_cod", "'990505'"), QString("2017-03-02  09:05:07  ADMIN"));
+        QCOMPARE(ultima(100, "audi_cod", "'990505'"), "2017-03-02  09:05:07  ADMIN");
         QCOMPARE(ultima(1, "audi_iddoc", "990505"), QString("2018-01-01  10:00:00  AUXILIAR"));
     }
 

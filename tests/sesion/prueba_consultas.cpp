@@ -1,4 +1,3 @@
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 
 class PruebaConsultas : public QObject {
@@ -7,25 +6,25 @@ private slots:
     void las_tarifas_y_cupos_son_los_del_papel_del_tercero() {
         SesionGui s;
         s.base.ejecute(
-            {"update proveedores set prov_retefte = 2.5, prov_rteiva = 15, prov_rteica = "
-             "0.966, prov_rtcree = 0.4, prov_rtftebase = 'S', prov_rticabase = 'N' where "
-             "terc_nit = '800456789'",
-             "update clientes set clie_rtefte = 3.5, clie_rtftebase = 'S', clie_dtomax = "
-             "12.5, clie_cupo = 5000000.25, cobr_cod = 'C7' where terc_nit = '900123456'",
+            {"update proveedores set prov_retefte = 2.5, prov_rteiva = 15, prov_rteica = 0.966, "
+             "prov_rtcree = 0.4, prov_rtftebase = 'S', prov_rticabase = 'N' where terc_nit = "
+             "'800456789'",
+             "update clientes set clie_rtefte = 3.5, clie_rtftebase = 'S', clie_dtomax = 12.5, "
+             "clie_cupo = 5000000.25, cobr_cod = 'C7' where terc_nit = '900123456'",
              "update terceros set terc_conductor = 'S' where terc_nit in ('52345678', "
              "'19876543')"});
         Tfdmter::Retenciones r;
         QVERIFY(s.ter.valide_proveedor_ret("800456789", r));
         QCOMPARE(r.fuente.texto() + '/' + r.iva.texto() + '/' + r.ica.texto() + '/' +
                      r.cree.texto(),
-                 QString("2.5/15/0.966/0.4"));
+                 "2.5/15/0.966/0.4");
         QVERIFY(s.ter.base_rtfte("800456789") && !s.ter.base_rtica("800456789"));
         QVERIFY(s.ter.valide_retenCartera("900123456", r));
-        QCOMPARE(r.fuente.texto(), QString("3.5"));
+        QCOMPARE(r.fuente.texto(), "3.5");
         QVERIFY(s.ter.base_rtfte_cli("900123456"));
-        QCOMPARE(s.ter.descuento_max("900123456").texto(), QString("12.5"));
-        QCOMPARE(s.ter.cupo_credito("900123456").texto(), QString("5000000.25"));
-        QCOMPARE(s.ter.cobrador_cliente("900123456"), QString("C7"));
+        QCOMPARE(s.ter.descuento_max("900123456").texto(), "12.5");
+        QCOMPARE(s.ter.cupo_credito("900123456").texto(), "5000000.25");
+        QCOMPARE(s.ter.cobrador_cliente("900123456"), "C7");
         QVERIFY(s.ter.valide_conductor("52345678"));
         QVERIFY(!s.ter.valide_conductor("19876543")); // inactivo
         // con el papel equivocado no hay tarifa que dar
@@ -36,35 +35,34 @@ private slots:
 
     void los_papeles_cruzados_precios_y_cartera_del_tercero() {
         SesionGui s;
-        s.base.ejecute(
-            {"update clientes set clie_estado = 'I' where terc_nit = '860002964'",
-             "update clientes set clie_estado = 'A', clie_rtefte = 3.5 where terc_nit = "
-             "'900123456'",
-             "update or insert into empleados (terc_nit, empl_cod, empl_estado) values ("
-             "'52345678', 'V1', 'S') matching (terc_nit)",
-             "insert into movimiento_articulo (moar_id, arti_cod, tido_cod, moar_iddoc, "
-             "moar_fecha, moar_cantidad, moar_costo) values (1, 'MART01', 21, 5, '20170301', 10, "
-             "950.5)",
-             "insert into movimiento_articulo (moar_id, arti_cod, tido_cod, moar_iddoc, "
-             "moar_fecha, moar_cantidad, moar_costo) values (2, 'MART01', 21, 6, '20170401', 10, "
-             "990)",
-             "insert into movimiento_articulo (moar_id, arti_cod, tido_cod, moar_iddoc, "
-             "moar_fecha, moar_cantidad, moar_costo) values (3, 'MART01', 31, 7, '20170501', -3, "
-             "1200)"});
+        s.base.ejecute({"update clientes set clie_estado = 'I' where terc_nit = '860002964'",
+                        "update clientes set clie_estado = 'A', clie_rtefte = 3.5 where terc_nit = "
+                        "'900123456'",
+                        "update or insert into empleados (terc_nit, empl_cod, empl_estado) values ("
+                        "'52345678', 'V1', 'S') matching (terc_nit)",
+                        "insert into movimiento_articulo (moar_id, arti_cod, tido_cod, moar_iddoc, "
+                        "moar_fecha, moar_cantidad, moar_costo) values (1, 'MART01', 21, 5, "
+                        "'20170301', 10, 950.5)",
+                        "insert into movimiento_articulo (moar_id, arti_cod, tido_cod, moar_iddoc, "
+                        "moar_fecha, moar_cantidad, moar_costo) values (2, 'MART01', 21, 6, "
+                        "'20170401', 10, 990)",
+                        "insert into movimiento_articulo (moar_id, arti_cod, tido_cod, moar_iddoc, "
+                        "moar_fecha, moar_cantidad, moar_costo) values (3, 'MART01', 31, 7, "
+                        "'20170501', -3, 1200)"});
         const auto comprobante = [&](int id, const char* numero, const char* nit, int tipo,
                                      int documento) {
-            s.base.ejecute({QString("insert into comprobante_encabezado (enco_consec, tico_cod, "
-                                    "prco_pref, enco_numero, enco_fecha, terc_nit, enco_tiporef, "
-                                    "enco_idref) values (%1, 'CG', '0001', '%2', '20170401', '%3', "
-                                    "%4, %5)")
-                                .arg(id)
-                                .arg(numero, nit)
-                                .arg(tipo)
-                                .arg(documento)});
+            s.base.ejecute(
+                {QString("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, "
+                         "enco_numero, enco_fecha, terc_nit, enco_tiporef, enco_idref) values (%1, "
+                         "'CG', '0001', '%2', '20170401', '%3', %4, %5)")
+                     .arg(id)
+                     .arg(numero, nit)
+                     .arg(tipo)
+                     .arg(documento)});
         };
         comprobante(31, "000031", "800456789", 21, 5);
         comprobante(32, "000032", "860002964", 21, 6); // la más reciente es de otro proveedor
-        QCOMPARE(s.ter.precio_proveedor("800456789", "MART01").texto(), QString("950.5"));
+        QCOMPARE(s.ter.precio_proveedor("800456789", "MART01").texto(), "950.5");
         QVERIFY(s.ter.precio_proveedor("900123456", "MART01").es_cero());
 
         // Dos facturas vencidas, una abonada en parte y otra pagada; una tercera aún no vence.
@@ -85,8 +83,8 @@ private slots:
         linea(3, "'F2'", "null", "'20170201'", 500, 0);
         linea(4, "null", "'F2'", "null", 0, 500);
         linea(5, "'F3'", "null", "'20170901'", 700, 0);
-        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20170401").texto(), QString("600"));
-        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20171001").texto(), QString("1300"));
+        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20170401").texto(), "600");
+        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20171001").texto(), "1300");
 
         QVERIFY(s.ter.valide_solocliente("900123456"));
         QVERIFY(!s.ter.valide_solocliente("860002964")); // también es proveedor
@@ -94,9 +92,9 @@ private slots:
         QVERIFY(!s.ter.valide_clientCartera("860002964"));
         Tfdmter::Retenciones r;
         QVERIFY(s.ter.valide_retenciones("900123456", r));
-        QCOMPARE(r.fuente.texto(), QString("3.5"));
+        QCOMPARE(r.fuente.texto(), "3.5");
         QVERIFY(!s.ter.valide_retenciones("52345678", r));
-        QCOMPARE(s.ter.nombre_vendedor("V1"), QString("Peña Gómez María"));
+        QCOMPARE(s.ter.nombre_vendedor("V1"), "Peña Gómez María");
         QCOMPARE(s.ter.nombre_vendedor("52345678"), s.ter.nombre_vendedor("V1"));
         QVERIFY(s.ter.nombre_vendedor("900123456").isEmpty());
     }
@@ -109,10 +107,10 @@ private slots:
                 abiertas << pantalla + (':' + p.peticion<AbreCuenta>().cuenta_seleccion);
             });
         for (const QString& tabla : {QString("cuentas"), QString("cuentas_niif")})
-            s.base.ejecute({"insert into " + tabla +
-                            " (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, cuen_retencion, "
-                            "cuen_tipo, cuen_activa) values ('11050505', 'Caja Sur', 'N', 'N', "
-                            "'N', 'N', 'S')"});
+            s.base.ejecute(
+                {"insert into " + tabla +
+                 " (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, cuen_retencion, cuen_tipo, "
+                 "cuen_activa) values ('11050505', 'Caja Sur', 'N', 'N', 'N', 'N', 'S')"});
         // una de un solo libro, para que nadie mire el plan del otro
         s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '519530'",
                         "delete from cuentas_niif where cuen_cod = '519530'"});
@@ -175,8 +173,8 @@ private slots:
             QCOMPARE(s.cnt.nom_cuenta(c.cuenta), QString(c.nombre));
             QCOMPARE(s.cnt.nom_cuenta_niif(c.cuenta), QString(c.niif));
         }
-        QCOMPARE(s.cnt.nom_cuenta("111005"), QString("Moneda nacional"));
-        QCOMPARE(s.cnt.nom_cuenta_niif("110510"), QString("Cajas menores"));
+        QCOMPARE(s.cnt.nom_cuenta("111005"), "Moneda nacional");
+        QCOMPARE(s.cnt.nom_cuenta_niif("110510"), "Cajas menores");
         i.espere("La cuenta 110510 está inactiva.");
         QCOMPARE(s.cnt.nom_cuenta("110510"), QString());
         i.espere("La cuenta NIIF 111005 está inactiva.");
@@ -281,9 +279,9 @@ private slots:
             i.espere("Código no encontrado");
             QVERIFY(!s.art.valide_articulo("NO'HAY"));
         }
-        QCOMPARE(s.art.desc_articulo("MART01"), QString("Martillo"));
+        QCOMPARE(s.art.desc_articulo("MART01"), "Martillo");
         QCOMPARE(s.art.desc_articulo("NOHAY"), QString());
-        QCOMPARE(s.cnt.desc_activo("ESC01"), QString("Escritorio"));
+        QCOMPARE(s.cnt.desc_activo("ESC01"), "Escritorio");
         QCOMPARE(s.cnt.desc_activo("MART01"), QString());
         QVERIFY(!s.art.tiene_movimiento("MART01"));
         QCOMPARE(s.art.ultimo_costo("MART01", "01"), Moneda());
@@ -297,8 +295,8 @@ private slots:
                            {4, "02", "20170401", "3", "999", "888"}};
         for (const auto& m : movimientos)
             s.base.base().ejecute(
-                "insert into movimiento_articulo (moar_id, arti_cod, bode_cod, "
-                "moar_fecha, moar_cantidad, moar_costo, moar_costoniif) values (" +
+                "insert into movimiento_articulo (moar_id, arti_cod, bode_cod, moar_fecha, "
+                "moar_cantidad, moar_costo, moar_costoniif) values (" +
                 QString::number(m.id) + ", 'MART01', " + QuotedStr(m.bodega) + ", " +
                 QuotedStr(m.fecha) + ", " + m.cantidad + ", " + m.costo + ", " + m.niif + ')');
         QVERIFY(s.art.tiene_movimiento("MART01"));

@@ -1,10 +1,6 @@
-#include "apoyo/reloj_de_prueba.h"
 #include "apoyo/servidor_prueba.h"
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "toolkit/proteccion.h"
-
-#include <QRegularExpression>
 
 namespace {
 
@@ -93,8 +89,8 @@ private slots:
              "Los campos TICO_NOM,  son obligatorios.");
         s.dm.barra(nullptr);
         // Sin la propiedad que dice cuánto dura el aviso de la barra, la razón también se dice.
-        s.base.ejecute({"delete from configuracion where conf_propiedad = 'DURACION DE LAS "
-                        "ADVERTENCIAS'"});
+        s.base.ejecute(
+            {"delete from configuracion where conf_propiedad = 'DURACION DE LAS ADVERTENCIAS'"});
         s.dm.cargue_configuracion();
         Interlocutor i;
         i.espere("No se encontró la configuración DURACION DE LAS ADVERTENCIAS");
@@ -164,8 +160,7 @@ private slots:
                      "relación con otra tabla. No se puede borrar ni cambiar su código: se usa en "
                      "los prefijos de los comprobantes.");
             QCOMPARE(p.c.ApplyUpdates(0), 1);
-            QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'CG'"),
-                     QString("1"));
+            QCOMPARE(s.dato("select count(*) from tipo_comprobante where tico_cod = 'CG'"), "1");
         }
         {
             // la sentencia de trabajo también da nombre a su "tabla"
@@ -252,10 +247,9 @@ private slots:
         } casos[] = {
             {QString(61, 'x'),
              QString("El campo %1 admite 60 caracteres y el texto tiene 61.").arg(nombre)},
-            {"10 €",
-             QString("El carácter '€' del campo %1 no se puede guardar en la base de datos. "
-                     "Reemplácelo por uno equivalente.")
-                 .arg(nombre)},
+            {"10 €", QString("El carácter '€' del campo %1 no se puede guardar en la base de "
+                             "datos. Reemplácelo por uno equivalente.")
+                         .arg(nombre)},
             {"10 😀", // entero, aunque ocupe dos lugares
              QString("El carácter '😀' del campo %1 no se puede guardar en la base de datos. "
                      "Reemplácelo por uno equivalente.")

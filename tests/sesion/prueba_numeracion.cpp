@@ -1,5 +1,4 @@
 #include "apoyo/tabla_esperada.h"
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "sesion/modulos_suite.h"
 
@@ -204,9 +203,9 @@ private slots:
             s.dm.numero_documento(p.tipo, p.id, e.prefijo(), e.numero());
             QCOMPARE(e.visto(), QString(p.texto));
         }
-        QCOMPARE(visto(s.dm, 31, 5555), QString("antes|antes"));
-        QCOMPARE(visto(s.dm, 10, 1010), QString("|"));
-        QCOMPARE(s.dm.nombre_tipo(31), QString("FACTURA"));
+        QCOMPARE(visto(s.dm, 31, 5555), "antes|antes");
+        QCOMPARE(visto(s.dm, 10, 1010), "|");
+        QCOMPARE(s.dm.nombre_tipo(31), "FACTURA");
         QCOMPARE(s.dm.nombre_tipo(9999), QString());
     }
 
@@ -266,7 +265,7 @@ private slots:
         // el contador de otro prefijo no se toca
         QCOMPARE(s.dato("select list(distinct pref_numero) from prefijos_conta where tico_cod <> "
                         "'CG'"),
-                 QString("000001"));
+                 "000001");
         comprobante(s, 60, "00000A");
         Encabezado e;
         e.ponga("0001", "00000A");
@@ -307,7 +306,7 @@ private slots:
             QCOMPARE(e.numero().texto(), QString(c.queda));
             QCOMPARE(revision.encontrado, QString(c.encontrado));
         }
-        QCOMPARE(s.dato("select pref_actual from prefijos where tido_cod = 34"), QString("000010"));
+        QCOMPARE(s.dato("select pref_actual from prefijos where tido_cod = 34"), "000010");
     }
 
     void el_prefijo_por_omision_se_crea_o_se_activa() {
@@ -325,9 +324,9 @@ private slots:
         };
         for (int vez = 0; vez < 2; ++vez) {
             s.dm.registre_prefijo(31);
-            QCOMPARE(filas(31), QString("0000:N:000001:N:S"));
+            QCOMPARE(filas(31), "0000:N:000001:N:S");
             s.dm.registre_prefijo(34);
-            QCOMPARE(filas(34), QString("0000:S:000123:S:S,B:N::N:N"));
+            QCOMPARE(filas(34), "0000:S:000123:S:S,B:N::N:N");
         }
     }
 };

@@ -1,5 +1,3 @@
-#include "apoyo/reloj_de_prueba.h"
-#include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/sesion_gui.h"
 
 class PruebaPeriodos : public QObject {
@@ -48,9 +46,9 @@ private slots:
             s.dato("select coalesce(user_anocnt, '') from usuario where user_cod = 'AUXILIAR'") !=
             "2015");
         s.cnt.periodo_actual = 12;
-        QCOMPARE(s.cnt.nombre_periodo(), QString("Ajustes"));
+        QCOMPARE(s.cnt.nombre_periodo(), "Ajustes");
         QCOMPARE(Tfdm::nombres_periodo().size(), 14);
-        QCOMPARE(Tfdm::nombres_periodo().last(), QString("Cierre"));
+        QCOMPARE(Tfdm::nombres_periodo().last(), "Cierre");
     }
 
     void sin_ano_de_inicio_legible_no_se_retrocede() {
@@ -107,9 +105,8 @@ private slots:
         const RelojDetenido reloj({2018, 2, 20});
         const QDate hoy(2018, 2, 20);
         const QString futura = hoy.addDays(20).toString("yyyyMMdd");
-        const QString lejana =
-            "La fecha del documento es demasiado lejana. Revise la fecha del mismo y la fecha del "
-            "sistema.";
+        const QString lejana = "La fecha del documento es demasiado lejana. Revise la fecha del "
+                               "mismo y la fecha del sistema.";
         const QDate d(2017, 6, 15);
         const struct {
             const char* caso;
@@ -205,16 +202,15 @@ private slots:
             {"101000000", "CIENTO UN MILLONES DE PESOS  M/CTE."},
             {"5000000000", "CINCO MIL PESOS  M/CTE."}, // sin "MILLONES": así sale impreso
             {"5001000000", "CINCO MIL UN MILLON DE PESOS  M/CTE."},
-            {"123456789012.34",
-             "CIENTO VEINTITRES MIL CUATROCIENTOS CINCUENTA Y SEIS MILLONES SETECIENTOS OCHENTA Y "
-             "NUEVE MIL DOCE PESOS 34 CENTAVOS M/CTE."},
+            {"123456789012.34", "CIENTO VEINTITRES MIL CUATROCIENTOS CINCUENTA Y SEIS MILLONES "
+                                "SETECIENTOS OCHENTA Y NUEVE MIL DOCE PESOS 34 CENTAVOS M/CTE."},
         };
         for (const auto& c : casos)
             QCOMPARE(s.dm.numero_a_letras(Moneda::de_texto(c.valor)), QString(c.letras));
         ponga(s, "GENERAL", "NOMBRE DE LA MONEDA A USAR EN LOS MONTOS EN LETRAS", "DÓLARES");
         ponga(s, "GENERAL", "FRACCION DE MONEDA EN MONTOS EN LETRAS", "CTVS");
         ponga(s, "GENERAL", "FINAL DE LA CADENA DE MONTOS EN LETRAS", "");
-        QCOMPARE(s.dm.numero_a_letras(Moneda::de_texto("2.10")), QString("DOS DÓLARES 10 CTVS "));
+        QCOMPARE(s.dm.numero_a_letras(Moneda::de_texto("2.10")), "DOS DÓLARES 10 CTVS ");
     }
 
     void la_impresora_de_cada_formato_se_lee_del_archivo() {

@@ -1,13 +1,9 @@
 // Certificados, artículos distritales y taxonomías: cada cifra es la suma de las líneas que dice.
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "ledger/libro_al_azar.h"
 
-class PruebaInformacionBase : public QObject {
+class PruebaInformacionBase : public PruebaConBase {
     Q_OBJECT
 private slots:
-    void init();
-
     void el_certificado_suma_lo_retenido_y_su_base();
     void los_certificados_suman_lo_del_libro_y_no_lo_que_se_le_paga_a_la_administracion();
     void el_detalle_no_cuenta_dos_veces_una_retencion();
@@ -18,49 +14,39 @@ private slots:
     void la_taxonomia_cuadra_y_compara_con_el_ano_anterior();
 
 private:
-    Conexion& base() { return base_->base(); }
     void retencion(int id, const char* fecha, const char* nit, int compra, int retenido,
                    int base_) {
-        grabe(base(), {id,
-                       QString("%1").arg(id, 6, 10, QChar('0')),
-                       fecha,
-                       {{1, "143505", compra, 0, nit},
-                        {2, "236540", 0, retenido, nit},
-                        {3, "111005", 0, compra - retenido}}});
-        base().ejecute(
-            QString("update comprobante_detalle set code_base = %1 where enco_consec = %2"
-                    " and code_item = 2")
-                .arg(base_)
-                .arg(id));
+        grabe(base(), id, fecha,
+              {{1, "143505", compra, 0, nit},
+               {2, "236540", 0, retenido, nit},
+               {3, "111005", 0, compra - retenido}});
+        base().ejecute(QString("update comprobante_detalle set code_base = %1 where enco_consec = "
+                               "%2 and code_item = 2")
+                           .arg(base_)
+                           .arg(id));
     }
     QString certificados(const QString& columnas, const char* desde = "0",
                          const char* hasta = "ZZ") {
         return filas_de(base(), "select " + columnas +
                                     " from certificados_retencion('2365', '23659999', '" + desde +
                                     "', '" + hasta +
-                                    "', '20180101', '20181231', '0', 'ZZ', '0', 'ZZ', '2019/03/15',"
-                                    " 'Bogotá', 'S', '0042')");
+                                    "', '20180101', '20181231', '0', 'ZZ', '0', 'ZZ', "
+                                    "'2019/03/15', 'Bogotá', 'S', '0042')");
     }
-    std::optional<BaseDePrueba> base_;
 };
-
-void PruebaInformacionBase::init() {
-    base_.emplace();
-}
 
 void PruebaInformacionBase::el_certificado_suma_lo_retenido_y_su_base() {
     retencion(1, "20180110", "800456789", 1000, 25, 1000);
     retencion(2, "20180310", "800456789", 400, 10, 400);
     retencion(3, "20171231", "800456789", 9000, 225, 9000);
-    base().ejecute(
-        "update comprobante_detalle set code_debito = 5, code_credito = 0, code_base = 200"
-        " where enco_consec = 2 and code_item = 2"); // una reversión
+    base().ejecute("update comprobante_detalle set code_debito = 5, code_credito = 0, code_base = "
+                   "200 where enco_consec = 2 and code_item = 2"); // una reversión
     QCOMPARE(
         certificados("nit, codcuenta, base, retencion, porc, pagado, fechaexp, administracion"),
-        QString("800456789|236540|800|20|2.5|800|2019/03/15|Bogotá"));
+        "800456789|236540|800|20|2.5|800|2019/03/15|Bogotá");
     base().ejecute("insert into configura_certrete values ('236540', 1, '1435', 'D')");
     // El porcentaje es el que resulta, aunque la cuenta diga otro.
-    QCOMPARE(certificados("base, retencion, porc"), QString("1400|20|1.43"));
+    QCOMPARE(certificados("base, retencion, porc"), "1400|20|1.43");
     QCOMPARE(certificados("nit", "9", "99"), QString());
 }
 
@@ -85,9 +71,9 @@ void PruebaInformacionBase::
     QCOMPARE(filas_de(base(), llamada), esperado.join('\n'));
     // Pasar sus saldos a otro tercero no quita ni pone retenciones.
     base().ejecute("set generator sec_comprobante to 500");
-    base().ejecute("insert into cierre_terceros (cite_id, cite_concepto, tico_cod, prco_pref,"
-                   " terc_nit, cite_fecha, cite_niif, cuen_cod)"
-                   " values (0, 'Cierre', 'CG', '0001', '860002964', '20181130', 'C', '2408')");
+    base().ejecute("insert into cierre_terceros (cite_id, cite_concepto, tico_cod, prco_pref, "
+                   "terc_nit, cite_fecha, cite_niif, cuen_cod) values (0, 'Cierre', 'CG', '0001', "
+                   "'860002964', '20181130', 'C', '2408')");
     QCOMPARE(filas_de(base(), llamada), esperado.join('\n'));
 }
 
@@ -95,46 +81,41 @@ void PruebaInformacionBase::el_detalle_no_cuenta_dos_veces_una_retencion() {
     retencion(1, "20180110", "800456789", 1000, 25, 1000);
     // La misma compra en dos líneas de distinto porcentaje: la retención sigue siendo una.
     base().ejecute(
-        "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit,"
-        " code_debito, code_credito, code_porc) values (1, 9, '143505', '800456789', 500, 0,"
-        " 19)");
-    base().ejecute(
-        "insert into cuentas_reporte_certdet values ('1435', 'Mercancías', '2408', '2365',"
-        " '2367', '2368')");
+        "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit, code_debito, "
+        "code_credito, code_porc) values (1, 9, '143505', '800456789', 500, 0, 19)");
+    base().ejecute("insert into cuentas_reporte_certdet values ('1435', 'Mercancías', '2408', "
+                   "'2365', '2367', '2368')");
     const QString llamada = "select nit, base, porc, retefte, pagado from rep_detalle_certificado("
                             "'20180101', '20181231', '', 'zz', '', 'zz', '%1')";
-    QCOMPARE(filas_de(base(), llamada.arg("C")),
-             QString("800456789|1000|0|25|975\n800456789|500|19|0|500"));
-    QCOMPARE(filas_de(base(), llamada.arg("G")), QString("800456789|1500|0|25|1475"));
+    QCOMPARE(filas_de(base(), llamada.arg("C")), "800456789|1000|0|25|975\n800456789|500|19|0|500");
+    QCOMPARE(filas_de(base(), llamada.arg("G")), "800456789|1500|0|25|1475");
 }
 
 void PruebaInformacionBase::una_factura_de_dos_categorias_reparte_una_vez_su_iva() {
     const QString nit = "800456789";
-    grabe(base(), {1,
-                   "000001",
-                   "20180110",
-                   {{1, "143505", 1000, 0, nit},
-                    {2, "519530", 200, 0, nit},
-                    {3, "240810", 228, 0}, // sin tercero: es del comprobante
-                    {4, "236540", 0, 30, nit},
-                    {5, "220505", 0, 1398, nit}}});
+    grabe(base(), 1, "20180110",
+          {{1, "143505", 1000, 0, nit},
+           {2, "519530", 200, 0, nit},
+           {3, "240810", 228, 0}, // sin tercero: es del comprobante
+           {4, "236540", 0, 30, nit},
+           {5, "220505", 0, 1398, nit}});
     base().ejecute("update comprobante_encabezado set terc_nit = '800456789'");
     for (const char* categoria : {"1435", "51", "5195"})
         base().ejecute(QString("insert into cuentas_reporte_certdet values ('%1', 'Categoría %1', "
                                "'2408', '2365', '2367', '')")
                            .arg(categoria));
-    QCOMPARE(filas_de(base(), "select cuenta, base, iva, retefte, reteica, pagado from "
-                              "rep_detalle_certificado('20180101', '20181231', '', 'zz', '', 'zz', "
-                              "'G')"),
-             QString("1435|1000|228|30|0|1198\n5195|200|0|0|0|200"));
+    QCOMPARE(filas_de(base(),
+                      "select cuenta, base, iva, retefte, reteica, pagado from "
+                      "rep_detalle_certificado('20180101', '20181231', '', 'zz', '', 'zz', 'G')"),
+             "1435|1000|228|30|0|1198\n5195|200|0|0|0|200");
 }
 
 void PruebaInformacionBase::un_articulo_distrital_respeta_tope_centro_y_secretaria() {
     arme_libro_al_azar(base());
-    base().ejecute("update mediosmag_distr set mmdi_proy = '0001', mmdi_centro = null, mmdi_tope "
-                   "= 5000 where mmdi_articulo = 32");
-    base().ejecute("update comprobante_encabezado set terc_nit = '19876543' where mod(enco_consec,"
-                   " 2) = 0");
+    base().ejecute("update mediosmag_distr set mmdi_proy = '0001', mmdi_centro = null, mmdi_tope = "
+                   "5000 where mmdi_articulo = 32");
+    base().ejecute(
+        "update comprobante_encabezado set terc_nit = '19876543' where mod(enco_consec, 2) = 0");
     QMap<QString, Moneda> venta;
     for (const Renglon& r : renglones(base(), 0, false)) {
         const QString nit = !r.nit.isEmpty() ? r.nit : r.id % 2 ? QString() : "19876543";
@@ -152,11 +133,11 @@ void PruebaInformacionBase::un_articulo_distrital_respeta_tope_centro_y_secretar
             esperado << i.key() + '|' + QString::number(pesos);
     }
     QVERIFY(venta.contains({}) && esperado.join('\n').contains("|-"));
-    QCOMPARE(filas_de(base(), "select distinct mmdd_nommunicipio || '/' || mmdd_nomdepto from"
-                              " mediosmag_distr_datos where mmdd_codmunicipio = '11001'"),
-             QString("Bogotá, D.C./Bogotá, D.C."));
-    QCOMPARE(filas_de(base(), "select mmdd_nit, mmdd_monto from mediosmag_distr_datos order by"
-                              " mmdd_item")
+    QCOMPARE(filas_de(base(), "select distinct mmdd_nommunicipio || '/' || mmdd_nomdepto from "
+                              "mediosmag_distr_datos where mmdd_codmunicipio = '11001'"),
+             "Bogotá, D.C./Bogotá, D.C.");
+    QCOMPARE(filas_de(base(),
+                      "select mmdd_nit, mmdd_monto from mediosmag_distr_datos order by mmdd_item")
                  .split('\n', Qt::SkipEmptyParts),
              esperado);
     // Compras: del inventario, lo que nombra a quien vendió; y lo que se le queda debiendo.
@@ -186,13 +167,13 @@ void PruebaInformacionBase::los_de_fuera_y_los_del_exterior_se_conocen_por_su_te
     QCOMPARE(filas_de(base(), "select a.mmdi_articulo from mediosmag_distr a where not exists("
                               "select 1 from mediosmag_distr_cuentas c where c.mmdi_articulo = "
                               "a.mmdi_articulo and c.mmdi_ano = a.mmdi_ano) order by 1"),
-             QString("34\n36\n54\n56"));
+             "34\n36\n54\n56");
     arme_libro_al_azar(base());
     base().ejecute("update terceros set pais_id = '169', ciud_cod = '11001'");
-    base().ejecute("update terceros set ciud_cod = '05001' where terc_nit in ('800456789', "
-                   "'900123456')");
-    base().ejecute("update terceros set pais_id = '249', ciud_cod = null where terc_nit = "
-                   "'52345678'");
+    base().ejecute(
+        "update terceros set ciud_cod = '05001' where terc_nit in ('800456789', '900123456')");
+    base().ejecute(
+        "update terceros set pais_id = '249', ciud_cod = null where terc_nit = '52345678'");
     const std::pair<int, QStringList> casos[] = {{42, {"800456789", "900123456"}},
                                                  {310, {"52345678"}}};
     for (const auto& [articulo, terceros] : casos) {
@@ -208,10 +189,10 @@ void PruebaInformacionBase::los_de_fuera_y_los_del_exterior_se_conocen_por_su_te
         base().ejecute(
             QStringLiteral("execute procedure articulo_%1('2017', '20170101', '20171231', '')")
                 .arg(articulo));
-        QCOMPARE(filas_de(base(), QStringLiteral("select mmdd_nit, mmdd_monto from "
-                                                 "mediosmag_distr_datos where mmdi_articulo = %1 "
-                                                 "order by mmdd_nit")
-                                      .arg(articulo)),
+        QCOMPARE(filas_de(base(),
+                          QStringLiteral("select mmdd_nit, mmdd_monto from mediosmag_distr_datos "
+                                         "where mmdi_articulo = %1 order by mmdd_nit")
+                              .arg(articulo)),
                  esperado.join('\n'));
     }
 }
@@ -243,9 +224,11 @@ void PruebaInformacionBase::la_taxonomia_cuadra_y_compara_con_el_ano_anterior() 
         return s;
     };
     const auto fila = [this](int item) {
-        return filas_de(base(), QString("select valor, valora from impr_taxonomia(1, 210000,"
-                                        " '20181231') where item = %1")
-                                    .arg(item));
+        return filas_de(
+            base(),
+            QString(
+                "select valor, valora from impr_taxonomia(1, 210000, '20181231') where item = %1")
+                .arg(item));
     };
     const auto dos = [&](const QString& prefijo) {
         return saldo(prefijo, "20181231").texto() + '|' + saldo(prefijo, "20171231").texto();
@@ -264,16 +247,16 @@ void PruebaInformacionBase::la_taxonomia_cuadra_y_compara_con_el_ano_anterior() 
             ano -= r.neto();
     QCOMPARE(fila(240).section('|', 0, 0), ano.texto());
     QCOMPARE(base()
-                 .consulte("select sum(iif(item in (10, 50), valor, -valor)) from impr_taxonomia(1,"
-                           " 310000, '20181231') where item < 80")
+                 .consulte("select sum(iif(item in (10, 50), valor, -valor)) from "
+                           "impr_taxonomia(1, 310000, '20181231') where item < 80")
                  .texto(),
              ano.texto());
     // La ganancia de las dos secciones es la misma.
-    QCOMPARE(base()
-                 .consulte("select valor from impr_taxonomia(1, 310000, '20181231') where item ="
-                           " 80")
-                 .texto(),
-             ano.texto());
+    QCOMPARE(
+        base()
+            .consulte("select valor from impr_taxonomia(1, 310000, '20181231') where item = 80")
+            .texto(),
+        ano.texto());
     QCOMPARE(fila(250).section('|', 0, 0),
              (ano - saldo("2", "20181231") - saldo("3", "20181231")).texto());
 }

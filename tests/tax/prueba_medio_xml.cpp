@@ -1,16 +1,10 @@
 // Archivos de medios magnéticos: octeto por octeto contra los escritos aparte (tests/tax/datos), y
 // contra el esquema del proyecto.
-#include "apoyo/herramienta.h"
 #include "tax/esquema.h"
 #include "tax/medio_formato.h"
 #include "tax/medio_xml.h"
 #include "toolkit/exportacion/archivo_salida.h"
 
-#include <QDir>
-#include <QFile>
-#include <QMap>
-#include <QTemporaryDir>
-#include <csignal>
 #include <sys/resource.h>
 
 namespace {
@@ -214,7 +208,7 @@ void PruebaMedioXml::lo_que_el_esquema_no_admite_se_dice_con_registro_y_atributo
     fallas.clear();
     for (const FallaEsquema& f : revise_xml(ruta, 10087))
         fallas << f.texto;
-    QCOMPARE(fallas.value(0), QString("Encabezado: el dato \"CantReg\" no admite \"0\"."));
+    QCOMPARE(fallas.value(0), "Encabezado: el dato \"CantReg\" no admite \"0\".");
     // El signo menor no se cambia: el archivo no se puede leer, y se dice dónde.
     filas = tres();
     filas[1]["MEMG_DIRECCION"] = "Calle <3";
@@ -259,7 +253,7 @@ void PruebaMedioXml::un_disco_que_no_recibe_no_deja_nada_a_medias() {
 void PruebaMedioXml::un_formato_sin_archivo_se_rehusa() {
     Registros filas(tres());
     const ResultadoMedio r = escriba_medio(envio(22756, 2275, "06", en("x.xml")), totales(), filas);
-    QCOMPARE(r.rechazo, QString("El formato 2275 no tiene archivo XML."));
+    QCOMPARE(r.rechazo, "El formato 2275 no tiene archivo XML.");
     QVERIFY(QDir(carpeta_->path()).isEmpty());
 }
 

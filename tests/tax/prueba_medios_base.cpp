@@ -1,7 +1,5 @@
 // Los totales de un formato, por concepto y por tercero, son los de las líneas del libro; nada se
 // cuenta dos veces ni se pierde.
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "ledger/libro_al_azar.h"
 
 namespace {
@@ -13,7 +11,7 @@ qint64 al_peso(Moneda m) {
 
 } // namespace
 
-class PruebaMediosBase : public QObject {
+class PruebaMediosBase : public PruebaConBase {
     Q_OBJECT
 private slots:
     void init();
@@ -26,7 +24,6 @@ private slots:
     void lo_que_nadie_toma_y_lo_incompleto_se_dice();
 
 private:
-    Conexion& base() { return base_->base(); }
     void concepto(int item, int formato, int codigo, const char* natur, const char* minimo = "0") {
         base().ejecute(QString("insert into configura_mediosmag (come_item, come_descripcion,"
                                " come_respuesta, come_formato, come_minimo, come_natur) values (%1,"
@@ -50,12 +47,11 @@ private:
                             .arg(formato))
             .split('\n', Qt::SkipEmptyParts);
     }
-    std::optional<BaseDePrueba> base_;
     int cons_ = 90000;
 };
 
 void PruebaMediosBase::init() {
-    base_.emplace();
+    PruebaConBase::init();
     arme_libro_al_azar(base());
     base().ejecute("delete from configura_mediosmag");
 }
@@ -109,20 +105,14 @@ void PruebaMediosBase::una_companera_compartida_sigue_al_comprobante() {
     const QString nit = "800456789";
     // Honorarios con IVA y retención, compra con IVA, un IVA suelto y otro de un tercero que compró
     // en otro comprobante.
-    grabe(base(), {901,
-                   "000901",
-                   "20180310",
-                   {{1, "510506", 1000, 0, nit},
-                    {2, "240805", 190, 0, nit},
-                    {3, "236540", 0, 110, nit},
-                    {4, "220505", 0, 1080, nit}}});
-    grabe(base(),
-          {902,
-           "000902",
-           "20180310",
-           {{1, "519530", 500, 0, nit}, {2, "240805", 95, 0, nit}, {3, "220505", 0, 595, nit}}});
-    grabe(base(),
-          {903, "000903", "20180310", {{1, "240805", 7, 0, nit}, {2, "220505", 0, 7, nit}}});
+    grabe(base(), 901, "20180310",
+          {{1, "510506", 1000, 0, nit},
+           {2, "240805", 190, 0, nit},
+           {3, "236540", 0, 110, nit},
+           {4, "220505", 0, 1080, nit}});
+    grabe(base(), 902, "20180310",
+          {{1, "519530", 500, 0, nit}, {2, "240805", 95, 0, nit}, {3, "220505", 0, 595, nit}});
+    grabe(base(), 903, "20180310", {{1, "240805", 7, 0, nit}, {2, "220505", 0, 7, nit}});
     concepto(1, 10019, 5002, "D");
     concepto(2, 10019, 5016, "D");
     cuentas(1, {"5105", "236540", "2408"});
@@ -135,13 +125,11 @@ void PruebaMediosBase::una_companera_compartida_sigue_al_comprobante() {
 void PruebaMediosBase::cada_naturaleza_toma_lo_suyo() {
     base().ejecute("delete from comprobante_detalle");
     const QString nit = "800456789";
-    grabe(base(), {901,
-                   "000901",
-                   "20180310",
-                   {{1, "143505", 1000, 0, nit},
-                    {2, "143505", 0, 30, nit},
-                    {3, "143505", 7, 0},
-                    {4, "111005", 0, 977}}});
+    grabe(base(), 901, "20180310",
+          {{1, "143505", 1000, 0, nit},
+           {2, "143505", 0, 30, nit},
+           {3, "143505", 7, 0},
+           {4, "111005", 0, 977}});
     const std::pair<const char*, QStringList> casos[] = {
         {"D", {"|7", nit + "|970"}}, {"C", {"|-7", nit + "|-970"}}, {"B", {"|7", nit + "|1000"}},
         {"R", {nit + "|30"}},        {"T", {nit + "|970"}},         {"N", {}}};
@@ -162,8 +150,7 @@ void PruebaMediosBase::cada_naturaleza_toma_lo_suyo() {
 
 void PruebaMediosBase::los_ajustes_que_no_se_incluyen_se_dicen() {
     base().ejecute("delete from comprobante_detalle");
-    grabe(base(),
-          {901, "000901", "20181331", {{1, "519530", 80, 0, "900123456"}, {2, "111005", 0, 80}}});
+    grabe(base(), 901, "20181331", {{1, "519530", 80, 0, "900123456"}, {2, "111005", 0, 80}});
     concepto(1, 10019, 5016, "D");
     cuentas(1, {"51", "", ""});
     const auto ajustes = [this](const char* hasta) {
@@ -172,7 +159,7 @@ void PruebaMediosBase::los_ajustes_que_no_se_incluyen_se_dicen() {
                                         " incluir: '")
                                     .arg(hasta));
     };
-    QCOMPARE(ajustes("20181231"), QString("519530|80"));
+    QCOMPARE(ajustes("20181231"), "519530|80");
     QCOMPARE(ajustes("20181331"), QString());
     base().ejecute("execute procedure medio_1001_v9('20180101', '20181331')");
     QCOMPARE(filas(10019, "memg_nit, memg_pago"), QStringList("900123456|80"));
@@ -183,10 +170,8 @@ void PruebaMediosBase::las_cuantias_menores_se_juntan_sin_perder_un_peso() {
     int id = 900;
     const auto venta = [&](const char* nit, const char* valor) {
         const Moneda m = Moneda::de_texto(valor);
-        grabe(base(), {++id,
-                       QString("%1").arg(id, 6, 10, QChar('0')),
-                       "20180310",
-                       {{1, "111005", m, 0}, {2, "413505", 0, m, nit, "0002", "0001"}}});
+        grabe(base(), ++id, "20180310",
+              {{1, "111005", m, 0}, {2, "413505", 0, m, nit, "0002", "0001"}});
     };
     venta("900123456", "1000.40");
     venta("52345678", "499.40");
@@ -208,15 +193,13 @@ void PruebaMediosBase::lo_que_nadie_toma_y_lo_incompleto_se_dice() {
         "update terceros set terc_dir = '', ciud_cod = null where terc_nit = '800456789'");
     base().ejecute("update terceros set terc_dir = 'Calle <1' where terc_nit = '900123456'");
     base().ejecute("delete from comprobante_detalle");
-    grabe(base(), {901,
-                   "000901",
-                   "20180310",
-                   {{1, "510506", 1000, 0, "800456789"},
-                    {2, "510506", 0, 300, "900123456"},
-                    {3, "510506", 40, 0},
-                    {4, "519530", 60, 0},
-                    {5, "510506", 9, 0, "52345678"},
-                    {6, "111005", 0, 809}}});
+    grabe(base(), 901, "20180310",
+          {{1, "510506", 1000, 0, "800456789"},
+           {2, "510506", 0, 300, "900123456"},
+           {3, "510506", 40, 0},
+           {4, "519530", 60, 0},
+           {5, "510506", 9, 0, "52345678"},
+           {6, "111005", 0, 809}});
     base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
     const QString causas = filas_de(base(), "select nit, causa from revise_medio(10019, '2018')");
     for (const char* c :
@@ -226,7 +209,7 @@ void PruebaMediosBase::lo_que_nadie_toma_y_lo_incompleto_se_dice() {
         QVERIFY2(('\n' + causas).contains(c), qPrintable(causas));
     QCOMPARE(filas_de(base(), "select cuenta, libro from cuadre_medio(10019, '2018', '20180101',"
                               " '20181231') where concepto is null"),
-             QString("519530|60"));
+             "519530|60");
 }
 
 QTEST_APPLESS_MAIN(PruebaMediosBase)

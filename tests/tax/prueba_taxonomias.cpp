@@ -10,15 +10,7 @@
 #include "tax/tftaxcuentas.h"
 #include "tax/tftaxnotas.h"
 #include "tax/tftaxonomias.h"
-#include "toolkit/barraestado.h"
-#include "toolkit/controles/fechadato.h"
-#include "toolkit/controles/memodato.h"
 #include "toolkit/exportacion/archivo_salida.h"
-
-#include <QDesktopServices>
-#include <QFrame>
-#include <QSpinBox>
-#include <QUrl>
 
 /// El programa con que el sistema abriría un archivo.
 class Abridor : public QObject {
@@ -61,7 +53,7 @@ void PruebaTaxonomias::una_taxonomia_nueva_se_digita_y_se_borra_entera() {
     agote_eventos();
     auto* arbol = qobject_cast<Tfmodtaxonom*>(s.escritorio.activa());
     QVERIFY(arbol);
-    QCOMPARE(arbol->windowTitle(), QString("Taxonomía Salud"));
+    QCOMPARE(arbol->windowTitle(), "Taxonomía Salud");
     auto& categorias = componente<ConjuntoDatos>(arbol, "CTaxencabeza");
     auto& renglones = componente<ConjuntoDatos>(arbol, "CTaxdetalle");
     categorias.Append();
@@ -78,16 +70,13 @@ void PruebaTaxonomias::una_taxonomia_nueva_se_digita_y_se_borra_entera() {
     oprima(Qt::Key_F2);
     QCOMPARE(s.dato("select list(taxe_id || '.' || taxd_item || ' ' || taxd_nombre) from "
                     "taxonomia_detalle where taxo_id = 2"),
-             QString("1.1 Activo,1.2 Caja,1.3 Bancos"));
+             "1.1 Activo,1.2 Caja,1.3 Bancos");
     oprima(Qt::Key_Escape);
     agote_eventos();
-    Interlocutor i;
-    i.espere("Esta seguro de borrar la taxonomia Salud?", "No");
-    oprima(Qt::Key_F3);
-    QCOMPARE(s.dato("select count(*) from taxonomia"), QString("2"));
-    i.espere("Esta seguro de borrar la taxonomia Salud?", "Sí");
-    oprima(Qt::Key_F3);
-    QCOMPARE(s.dato("select count(*) from taxonomia_detalle where taxo_id = 2"), QString("0"));
+    dice(Qt::Key_F3, "Esta seguro de borrar la taxonomia Salud?", "No");
+    QCOMPARE(s.dato("select count(*) from taxonomia"), "2");
+    dice(Qt::Key_F3, "Esta seguro de borrar la taxonomia Salud?", "Sí");
+    QCOMPARE(s.dato("select count(*) from taxonomia_detalle where taxo_id = 2"), "0");
     QCOMPARE(valores_de(*lista->Ctaxonomia, "TAXO_NOMBRE"), QStringList("Supersociedades"));
 }
 
@@ -102,13 +91,12 @@ void PruebaTaxonomias::un_renglon_lleva_sus_cuentas_y_la_nota_de_su_periodo() {
     auto* cuentas = qobject_cast<Tftaxcuentas*>(s.escritorio.activa());
     QVERIFY(cuentas);
     ConjuntoDatos& c = *cuentas->CCambiosit;
-    QCOMPARE(c.FieldByName("CUEN_COD").texto(), QString("11"));
+    QCOMPARE(c.FieldByName("CUEN_COD").texto(), "11");
     QCOMPARE(c.FieldByName("NomCuenta").texto(),
              s.dato("select cuen_nom from cuentas_niif where cuen_cod = '11'"));
     Interlocutor i;
     c.Append();
-    QCOMPARE(c.FieldByName("TAXC_ITEM").texto() + c.FieldByName("TAXC_TIPO").texto(),
-             QString("21"));
+    QCOMPARE(c.FieldByName("TAXC_ITEM").texto() + c.FieldByName("TAXC_TIPO").texto(), "21");
     i.espere("No existe la Cuenta indicada.");
     c.FieldByName("CUEN_COD") = "999";
     c.FieldByName("CUEN_COD") = "130505";
@@ -116,7 +104,7 @@ void PruebaTaxonomias::un_renglon_lleva_sus_cuentas_y_la_nota_de_su_periodo() {
     oprima(Qt::Key_F2);
     QCOMPARE(s.dato("select list(cuen_cod || '=' || taxc_tipo) from taxonomia_cuentas where "
                     "taxe_id = 210000 and taxd_id = 30"),
-             QString("11=1,130505=1"));
+             "11=1,130505=1");
     cuentas->close();
     agote_eventos();
 
@@ -128,16 +116,15 @@ void PruebaTaxonomias::un_renglon_lleva_sus_cuentas_y_la_nota_de_su_periodo() {
         auto* nota = qobject_cast<Tftaxnotas*>(s.escritorio.activa());
         QVERIFY(nota);
         QVERIFY(nota->DBMemo1->toPlainText().isEmpty());
-        digite(texto);
-        oprima(Qt::Key_F2);
+        digite(texto, Qt::Key_F2);
         agote_eventos();
     }
     s.cnt.periodo_actual = 3;
     oprima(Qt::Key_F7);
     agote_eventos();
     auto* nota = qobject_cast<Tftaxnotas*>(s.escritorio.activa());
-    QCOMPARE(nota->DBMemo1->toPlainText().toLower(), QString("nota de abril"));
-    QCOMPARE(s.dato("select count(*) from taxonomia_notas where tain_ano = '2017'"), QString("2"));
+    QCOMPARE(nota->DBMemo1->toPlainText().toLower(), "nota de abril");
+    QCOMPARE(s.dato("select count(*) from taxonomia_notas where tain_ano = '2017'"), "2");
 }
 
 void PruebaTaxonomias::se_imprime_con_la_plantilla_que_se_puede_disenar() {
@@ -211,8 +198,7 @@ void PruebaTaxonomias::el_archivo_lleva_un_dato_por_renglon() {
     QVERIFY(archivo.open(QIODevice::ReadOnly));
     QCOMPARE(QString::fromLatin1(archivo.readAll()), esperado + "</mas>\r\n");
     // Esc quita el panel y luego cierra.
-    oprima(Qt::Key_F9);
-    oprima(Qt::Key_Escape);
+    oprima_seguidas({Qt::Key_F9, Qt::Key_Escape});
     QVERIFY(p->Panel->isHidden());
     oprima(Qt::Key_Escape);
     agote_eventos();
@@ -229,12 +215,11 @@ void PruebaTaxonomias::supersociedades_calcula_las_dos_secciones() {
     for (ConjuntoDatos* c : {p->CImprtax, p->CImptaxr})
         c->AfterOpen = [&ordenes, c] { ordenes += c->CommandText + '\n'; };
     oprima(Qt::Key_F2);
-    QCOMPARE(ordenes, QString("SELECT * FROM IMPR_TAXONOMIA(1,210000,'20181231') order by ITEM\n"
-                              "SELECT * FROM IMPR_TAXONOMIA(1,310000,'20181231') order by ITEM\n"));
+    QCOMPARE(ordenes, "SELECT * FROM IMPR_TAXONOMIA(1,210000,'20181231') order by ITEM\n"
+                      "SELECT * FROM IMPR_TAXONOMIA(1,310000,'20181231') order by ITEM\n");
     QCOMPARE(p->CImprtax->RecordCount(), 25);
     QCOMPARE(p->CImptaxr->RecordCount(), 8);
-    QCOMPARE(p->DBGridEh1->nombre_archivo + p->DBGridEh2->nombre_archivo,
-             QString("BalanPruebaBalanPrueba"));
+    QCOMPARE(p->DBGridEh1->nombre_archivo + p->DBGridEh2->nombre_archivo, "BalanPruebaBalanPrueba");
 }
 
 QTEST_MAIN(PruebaTaxonomias)

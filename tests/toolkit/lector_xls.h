@@ -4,12 +4,6 @@
 #undef signals
 #include <gsf/gsf.h>
 
-#include <QByteArray>
-#include <QMap>
-#include <QString>
-#include <QVariant>
-#include <QVector>
-#include <QtEndian>
 #include <cstring>
 
 struct CeldaLeida {

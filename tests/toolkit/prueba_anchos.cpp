@@ -4,9 +4,6 @@
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 
-#include <QHeaderView>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <numeric>
 
 namespace {

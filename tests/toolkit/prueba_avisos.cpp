@@ -1,10 +1,7 @@
 // La barra de estado: un renglón, el último aviso con su edad y la historia de la sesión.
-#include "apoyo/reloj_de_prueba.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/historia_avisos.h"
-
-#include <QPlainTextEdit>
 
 class PruebaAvisos : public QObject {
     Q_OBJECT

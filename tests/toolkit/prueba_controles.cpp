@@ -1,5 +1,4 @@
 // Los controles atados, con teclas de verdad sobre conjuntos en memoria.
-#include "apoyo/archivos.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/controles/casilladato.h"
@@ -12,11 +11,6 @@
 #include "toolkit/controles/navegadordatos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
-
-#include <QAbstractItemView>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QVBoxLayout>
 
 namespace {
 

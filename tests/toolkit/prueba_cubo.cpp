@@ -1,13 +1,6 @@
 // Cubo: sumas, totales, plegado, niveles, porcentajes, disposiciones guardadas y el libro.
-#include "apoyo/archivos.h"
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/herramienta.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/pivote/tabla_cubo.h"
-
-#include <QAbstractItemModelTester>
-#include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 

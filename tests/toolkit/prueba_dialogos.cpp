@@ -1,13 +1,9 @@
 // Mensajes, preguntas, mensaje que se quita solo y la barra de avisos.
-#include "apoyo/herramienta.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/regreso_teclado.h"
-
-#include <QLineEdit>
-#include <QSignalSpy>
 
 /// Todas fallan a propósito: las corre aparte una_prueba_que_falla_lo_dice_y_no_se_queda_colgada.
 class PruebaQueFalla : public QObject {

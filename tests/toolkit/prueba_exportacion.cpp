@@ -1,16 +1,8 @@
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/exportacion/impresion_tabla.h"
 
-#include "apoyo/archivos.h"
-#include "apoyo/herramienta.h"
 #include "toolkit/lector_xls.h"
 
-#include <QPdfWriter>
-#include <QPrinter>
-#include <QTemporaryDir>
-#include <QXmlStreamReader>
-#include <csignal>
-#include <functional>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>

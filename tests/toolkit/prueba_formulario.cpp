@@ -8,12 +8,6 @@
 #include "toolkit/formulario.h"
 #include "toolkit/listabusqueda.h"
 
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMdiArea>
-
 namespace {
 
 QRect en(const QWidget* w, const QWidget* ventana) {

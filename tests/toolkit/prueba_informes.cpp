@@ -1,6 +1,4 @@
 // Motor de informes: plantillas, grupos, hojas, salidas, opciones y fallas.
-#include "apoyo/archivos.h"
-#include "apoyo/herramienta.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/exportacion/archivo_salida.h"
 #include "toolkit/impresora.h"
@@ -8,21 +6,6 @@
 #include "toolkit/informes/vista_preliminar.h"
 #include "toolkit/proteccion.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QFontMetricsF>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPainter>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QRegularExpression>
-#include <QSpinBox>
-#include <QTemporaryDir>
-#include <QTest>
-#include <csignal>
 #include <sys/resource.h>
 
 using namespace informes;

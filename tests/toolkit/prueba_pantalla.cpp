@@ -8,17 +8,6 @@
 #include "toolkit/menubotones.h"
 #include "toolkit/pantalla.h"
 
-#include <QBoxLayout>
-#include <QComboBox>
-#include <QMainWindow>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QScrollBar>
-#include <QSettings>
-#include <QTableWidget>
-
 namespace {
 
 QStringList pasos; ///< lo que les pasó a las pantallas, en orden

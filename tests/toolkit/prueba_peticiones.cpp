@@ -2,11 +2,6 @@
 #include "apoyo_gui/interlocutor.h"
 #include "apoyo_gui/peticiones.h"
 
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMdiArea>
-#include <QVBoxLayout>
-
 namespace {
 
 struct PideColor {

@@ -1,15 +1,7 @@
 // Lenguaje de las plantillas: fórmulas, aspectos, secciones, texto rico y reparto en hojas.
-#include "apoyo/archivos.h"
-#include "apoyo/herramienta.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/impresora.h"
 #include "toolkit/informes/motor.h"
-
-#include <QBuffer>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTemporaryDir>
-#include <QTest>
 
 using namespace informes;
 
@@ -178,14 +170,13 @@ private slots:
     }
 
     void un_grupo_declarado_una_vez_cambia_en_todas_sus_bandas() {
-        const QString plantilla =
-            proyecto_con("<grupo nombre='g' columna='NOMBRE' nivel='1'/>"
-                         "<banda tipo='grupo' grupo='g' nombre='anuncio' alto='5'><texto x='0' "
-                         "ancho='40'>abre {NIVEL}</texto></banda>"
-                         "<banda tipo='detalle' alto='5'><texto x='0' "
-                         "ancho='40'>{NOMBRE}</texto></banda>"
-                         "<banda tipo='total' grupo='g' alto='5'><dato x='0' ancho='40' "
-                         "de='suma(A)' formato='entero'/></banda>");
+        const QString plantilla = proyecto_con(
+            "<grupo nombre='g' columna='NOMBRE' nivel='1'/>"
+            "<banda tipo='grupo' grupo='g' nombre='anuncio' alto='5'><texto x='0' ancho='40'>abre "
+            "{NIVEL}</texto></banda>"
+            "<banda tipo='detalle' alto='5'><texto x='0' ancho='40'>{NOMBRE}</texto></banda>"
+            "<banda tipo='total' grupo='g' alto='5'><dato x='0' ancho='40' de='suma(A)' "
+            "formato='entero'/></banda>");
         ConjuntoDatos c(nullptr, "CUno");
         llene(c, {{"x", 1, 0, 1}, {"y", 2, 0, 1}, {"z", 4, 0, 2}});
         const auto corra = [&](const char* nombre, const QString& columna) {
@@ -217,8 +208,8 @@ private slots:
             "<banda tipo='detalle' alto='5'><texto x='0'>otra {NOMBRE}</texto></banda>"
             "<banda tipo='final' alto='5'><dato x='0' ancho='30' de='suma(A)' "
             "formato='entero'/></banda></seccion>"
-            "<banda tipo='final' alto='5'><dato x='0' ancho='30' "
-            "de='suma(A) - suma(ROtra.A)' formato='entero'/></banda>");
+            "<banda tipo='final' alto='5'><dato x='0' ancho='30' de='suma(A) - suma(ROtra.A)' "
+            "formato='entero'/></banda>");
         plantilla.replace("</proyecto>",
                           "<reporte nombre='Dos' conexion='ROtra'><banda tipo='encabezado' "
                           "alto='5'><texto x='0'>anexo, hoja {#pagina} de {#paginas}</texto>"
@@ -337,8 +328,7 @@ private slots:
     void el_texto_rico_sigue_en_otra_hoja_y_no_deja_solo_su_titulo() {
         const QString plantilla = proyecto_con(
             "<banda tipo='encabezado' alto='6'><texto x='0'>Notas</texto></banda>"
-            "<banda tipo='detalle' alto='4' aspecto='hueco'><texto "
-            "x='0'>relleno</texto></banda>"
+            "<banda tipo='detalle' alto='4' aspecto='hueco'><texto x='0'>relleno</texto></banda>"
             "<banda tipo='final' alto='4'><rico x='0' ancho='120' de='NOMBRE'/></banda>",
             "<aspecto nombre='hueco'><cuando/></aspecto>");
         QString cuerpo = "<h3>Efectivo</h3>";

@@ -1,14 +1,8 @@
 // Digitación en la rejilla: con teclas y clics verdaderos, sobre un comprobante en memoria.
 #include "rejilla_de_prueba.h"
 
-#include "apoyo/archivos.h"
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/pantalla.h"
-
-#include <QListWidget>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QtTest>
 
 using Celda = QPair<int, int>;
 
@@ -44,8 +38,7 @@ private slots:
         RejillaDePrueba p;
         p.rejilla->SelectedIndex(p.Concepto);
         p.tecla(Qt::Key_Backspace);
-        p.digite("9");
-        p.tecla(Qt::Key_Tab);
+        p.digite("9", Qt::Key_Tab);
         QCOMPARE(p.en(0, "CODE_CONCEPTO"), "Renglón 9");
         p.rejilla->SelectedIndex(p.Concepto);
         p.tecla(Qt::Key_Return, Qt::ControlModifier);
@@ -140,8 +133,7 @@ private slots:
         for (const int salida : {int(Qt::Key_Up), int(Qt::Key_Escape), int(Qt::Key_PageUp)}) {
             RejillaDePrueba p;
             p.detalle->Last();
-            p.digite("52");
-            p.tecla(Qt::Key_Down);
+            p.digite("52", Qt::Key_Down);
             QCOMPARE(p.en(2, "CUEN_COD"), "52"); // la actual se grabó antes de agregar
             QCOMPARE(p.celda(), Celda(3, 0));
             QCOMPARE(p.detalle->State(), Estado::Insercion);
@@ -167,8 +159,7 @@ private slots:
         p.tecla(Qt::Key_Down);
         p.digite("5195");
         p.rejilla->SelectedIndex(p.Debito);
-        p.digite("10");
-        p.tecla(Qt::Key_Up);
+        p.digite("10", Qt::Key_Up);
         QCOMPARE(p.detalle->RecordCount(), 4);
         QCOMPARE(p.en(3, "CUEN_COD"), "5195");
         QCOMPARE(p.celda(), Celda(2, p.Debito));
@@ -176,8 +167,7 @@ private slots:
 
     void en_una_rejilla_sin_filas_digitar_crea_la_primera() {
         RejillaDePrueba p(0);
-        p.digite("1105");
-        p.tecla(Qt::Key_Tab);
+        p.digite("1105", Qt::Key_Tab);
         QCOMPARE(p.detalle->RecordCount(), 1);
         QCOMPARE(p.en(0, "CUEN_COD"), "1105");
         p.tecla(Qt::Key_Escape);
@@ -232,8 +222,7 @@ private slots:
         int pantalla = 0;
         p.rejilla->OnEscape = [&] { ++pantalla; };
         p.rejilla->SelectedIndex(p.Concepto);
-        p.digite("x");
-        p.tecla(Qt::Key_Tab);
+        p.digite("x", Qt::Key_Tab);
         p.digite("VIA");
         const QKeyEvent esc(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
         QVERIFY(p.rejilla->reclama(esc));
@@ -286,8 +275,7 @@ private slots:
     void lo_que_el_campo_rehusa_sigue_en_el_editor() {
         RejillaDePrueba p;
         p.rejilla->SelectedIndex(p.Concepto);
-        p.digite("Cobro en €");
-        p.tecla(Qt::Key_Tab);
+        p.digite("Cobro en €", Qt::Key_Tab);
         QCOMPARE(p.fallas.size(), 1);
         QVERIFY(p.fallas[0].contains("€"));
         QCOMPARE(p.celda(), Celda(0, p.Concepto));
@@ -301,8 +289,7 @@ private slots:
         p.rejilla->setFocus();
         QVERIFY(p.editor()->hasFocus());
         p.tecla(Qt::Key_Backspace);
-        p.digite("EUR");
-        p.tecla(Qt::Key_Tab);
+        p.digite("EUR", Qt::Key_Tab);
         QCOMPARE(p.detalle->FieldByName("CODE_CONCEPTO").texto(), "Cobro en EUR");
     }
 
@@ -451,15 +438,13 @@ private slots:
         p.digite("12");
         QTest::sendKeyEvent(QTest::Click, p.editor(), Qt::Key_Comma, QString(","),
                             Qt::KeypadModifier);
-        p.digite("5");
-        p.tecla(Qt::Key_Tab);
+        p.digite("5", Qt::Key_Tab);
         QCOMPARE(debito.moneda(), Moneda::de_texto("12.5"));
         QCOMPARE(p.rejilla->model()->index(0, p.Debito).data().toString(), "12.50");
         p.rejilla->SelectedIndex(p.Debito);
         QTest::sendKeyEvent(QTest::Click, p.rejilla, Qt::Key_Period, QString("."),
                             Qt::KeypadModifier); // también como primera tecla
-        p.digite("25");
-        p.tecla(Qt::Key_Tab);
+        p.digite("25", Qt::Key_Tab);
         QCOMPARE(debito.moneda(), Moneda::de_texto("0.25"));
         p.rejilla->SelectedIndex(p.Debito);
         p.digite("1,234.5x0"); // quitarle la letra daría otro número: se rehúsa entero
@@ -477,17 +462,14 @@ private slots:
         QInputMethodEvent compuesta;
         compuesta.setCommitString("á");
         QApplication::sendEvent(p.rejilla, &compuesta);
-        p.digite("rbol");
-        p.tecla(Qt::Key_Tab);
+        p.digite("rbol", Qt::Key_Tab);
         QCOMPARE(p.detalle->FieldByName("CODE_CONCEPTO").texto(), "árbol");
     }
 
     void solo_lectura_no_edita_y_tab_sale() {
         RejillaDePrueba p;
         p.rejilla->ReadOnly = true;
-        p.digite("9");
-        p.tecla(Qt::Key_Delete);
-        p.tecla(Qt::Key_Insert);
+        p.digite("9", Qt::Key_Delete, Qt::Key_Insert);
         p.tecla(Qt::Key_Delete, Qt::ControlModifier);
         p.detalle->Last();
         p.tecla(Qt::Key_Down);

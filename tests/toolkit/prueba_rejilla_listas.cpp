@@ -1,17 +1,10 @@
 // Listas: sumas del pie, filtros, orden, marcas, paquetes, anchos y aspecto de las filas.
 #include "rejilla_de_prueba.h"
 
-#include "apoyo/base_prueba.h"
 #include "apoyo_gui/interlocutor.h"
 #include "datos/recordset/proveedor.h"
 #include "datos/recordset/sentencia.h"
 #include "toolkit/estilo.h"
-
-#include "apoyo/azar_de_prueba.h"
-#include <QHeaderView>
-#include <QLabel>
-#include <QScrollBar>
-#include <QtTest>
 
 namespace {
 
@@ -230,8 +223,7 @@ private slots:
             QVERIFY(p.rejilla->en_fila_de_filtro());
             const QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
             QVERIFY(p.rejilla->reclama(enter));
-            p.digite(QString::fromUtf8(caso.expresion));
-            p.tecla(Qt::Key_Return);
+            p.digite(QString::fromUtf8(caso.expresion), Qt::Key_Return);
             QString quedan;
             for (int i = 0; i < d.RecordCount(); ++i)
                 quedan += p.en(i, "CUEN_COD").right(1);
@@ -245,10 +237,8 @@ private slots:
         // Dos columnas se suman; ocultar la fila quita los filtros.
         p.rejilla->SelectedIndex(p.Cuenta);
         p.tecla(Qt::Key_Up);
-        p.digite(">=110502");
-        p.tecla(Qt::Key_Tab);
-        p.digite("ren");
-        p.tecla(Qt::Key_Return);
+        p.digite(">=110502", Qt::Key_Tab);
+        p.digite("ren", Qt::Key_Return);
         QCOMPARE(d.RecordCount(), 1);
         p.rejilla->filtro_visible(false);
         QCOMPARE(d.RecordCount(), 3);

@@ -1,21 +1,11 @@
 // Portapapeles, menú emergente, archivos e impresión de la rejilla.
 #include "rejilla_de_prueba.h"
 
-#include "apoyo/archivos.h"
 #include "apoyo_gui/anuncio.h"
 #include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/rejilla/tabla_rejilla.h"
 #include "toolkit/rejilla/texto_tabulado.h"
-
-#include <QClipboard>
-#include <QFileDialog>
-#include <QLabel>
-#include <QMenu>
-#include <QPrintPreviewWidget>
-#include <QScopedValueRollback>
-#include <QTemporaryDir>
-#include <QtTest>
 
 namespace {
 

@@ -3,12 +3,7 @@
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QTest>
-#include <QVBoxLayout>
 #include <ctime>
-#include <memory>
 
 /// Tiempo de procesador: no depende de cuánto más haga la máquina.
 class TiempoProceso {
@@ -104,10 +99,11 @@ struct RejillaDePrueba {
         }
         QTest::keyClick(QApplication::focusWidget(), Qt::Key(clave), m);
     }
-    void digite(const QString& texto) {
+    template <class... Claves> void digite(const QString& texto, Claves... claves) {
         for (const QChar c : texto)
             QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown,
                                 QString(c), Qt::NoModifier);
+        (tecla(claves), ...);
     }
     void clic(int fila, int columna, Qt::KeyboardModifiers m = Qt::NoModifier) {
         QTest::mouseClick(rejilla->viewport(), Qt::LeftButton, m, centro(fila, columna));

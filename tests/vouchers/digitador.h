@@ -1,23 +1,9 @@
 #pragma once
 // Un contador que solo usa el teclado, sobre la pantalla de comprobantes.
-#include "apoyo_gui/interlocutor.h"
-#include "apoyo_gui/peticiones.h"
 #include "apoyo_gui/sesion_gui.h"
-#include "toolkit/barraestado.h"
-#include "toolkit/controles/casilladato.h"
-#include "toolkit/controles/editordato.h"
-#include "toolkit/controles/editornumero.h"
-#include "toolkit/controles/fechadato.h"
-#include "toolkit/controles/listadato.h"
-#include "toolkit/rejilla/rejilla.h"
 #include "vouchers/registro.h"
 #include "vouchers/tfedtmovimien.h"
 #include "vouchers/tfmovimien.h"
-
-#include <QGroupBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTabWidget>
 
 /// Impresión que se cierra sola: quien digita no la atiende en cada comprobante.
 class SinImpresion : public Pantalla {
@@ -44,10 +30,15 @@ struct Digitador {
         s.dm.cargue_configuracion();
     }
     Tfmovimien* abra() { return p = s.abra<Tfmovimien>("Tfmovimien"); }
-    /// Con el encabezado puesto y el cursor en la primera línea.
-    Tfmovimien* abra(const QString& tipo, const QString& dia, const QString& concepto) {
+    /// Con el encabezado puesto.
+    Tfmovimien* comience(const QString& tipo, const QString& dia, const QString& concepto) {
         abra();
         encabezado(tipo, dia, concepto);
+        return p;
+    }
+    /// Lo mismo, y el cursor en la primera línea.
+    Tfmovimien* abra(const QString& tipo, const QString& dia, const QString& concepto) {
+        comience(tipo, dia, concepto);
         entre_a_la_rejilla();
         return p;
     }
@@ -61,22 +52,18 @@ struct Digitador {
         digite(nombre.section(' ', 0, 0));
         QCOMPARE(p->LTipo->valor().texto(), tipo);
         redigite(p->EDia, dia);
-        p->DBEdit1->setFocus();
-        digite(concepto);
-        oprima(Qt::Key_Tab);
+        digite_en(p->DBEdit1, concepto, Qt::Key_Tab);
     }
     /// El prefijo que se numera a mano, y su número.
     void numere_a_mano(const QString& numero) {
-        p->LPref->setFocus();
-        oprima(Qt::Key_Down);
+        oprima_en(p->LPref, Qt::Key_Down);
         renumere(numero);
     }
     void renumere(const QString& numero) { redigite(p->ENumero, numero); }
     void redigite(QLineEdit* caja, const QString& texto) {
         caja->setFocus();
         caja->selectAll();
-        digite(texto);
-        oprima(Qt::Key_Tab);
+        digite(texto, Qt::Key_Tab);
     }
     Rejilla& rejilla() { return *p->lineas_a_la_vista().rejilla; }
     void entre_a_la_rejilla() {

@@ -2,7 +2,6 @@
 // nombre. Lo que se espera está hecho a mano.
 #include "vouchers/digitador.h"
 
-#include "apoyo/reloj_de_prueba.h"
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
 #include "vouchers/tfbuscomproba.h"
@@ -50,12 +49,12 @@ void linea(const QStringList& celdas, bool panel = false) {
 }
 
 QString libro(SesionGui& s, const char* numero) {
-    return s.dato(QString("select list(d.cuen_cod || ' ' || coalesce(d.terc_nit, '') || ' ' || "
-                          "cast(d.code_debito as numeric(15,2)) || ' ' || cast(d.code_credito as "
-                          "numeric(15,2)), '; ') from comprobante_detalle d join "
-                          "comprobante_encabezado e on e.enco_consec = d.enco_consec where "
-                          "e.enco_numero = '%1'")
-                      .arg(numero));
+    return s.dato(
+        QString("select list(d.cuen_cod || ' ' || coalesce(d.terc_nit, '') || ' ' || "
+                "cast(d.code_debito as numeric(15,2)) || ' ' || cast(d.code_credito as "
+                "numeric(15,2)), '; ') from comprobante_detalle d join comprobante_encabezado e on "
+                "e.enco_consec = d.enco_consec where e.enco_numero = '%1'")
+            .arg(numero));
 }
 
 } // namespace
@@ -83,8 +82,8 @@ void PruebaACiegas::una_jornada_solo_con_teclas() {
     linea({"413505", "", "0002", "0001", "", "", "", "", "", "", "1000000"});
     linea({"240805", "", "", "", "", "", "", "", "", "", "1000000*0.19"});
     teclee("{F2}");
-    QCOMPARE(libro(s, "000001"), QString("110505  1190000.00 0.00; 413505  0.00 1000000.00; "
-                                         "240805  0.00 190000.00"));
+    QCOMPARE(libro(s, "000001"),
+             "110505  1190000.00 0.00; 413505  0.00 1000000.00; 240805  0.00 190000.00");
 
     // Nómina de ocho líneas: el foco quedó en el concepto del que sigue.
     teclee("Nomina de mayo{Tab}NOM5{Tab}{Ctrl+E}");
@@ -93,19 +92,19 @@ void PruebaACiegas::una_jornada_solo_con_teclas() {
         linea({"510506", "52345678", "0001", "0002", "", "", "", "", "", sueldo});
     linea({"236540", "52345678", "", "", "", "", "", "-2100000"}); // toma su tarifa: 52.500
     teclee("111005{Enter}{F5}{F2}");
-    QCOMPARE(libro(s, "000002"),
-             QString("510506 52345678 1500000.00 0.00; 510506 52345678 1250000.50 0.00; 510506 "
-                     "52345678 980000.00 0.00; 510506 52345678 737717.00 0.00; 510506 52345678 "
-                     "2100000.00 0.00; 510506 52345678 890000.25 0.00; 236540 52345678 0.00 "
-                     "52500.00; 111005  0.00 7405217.75"));
+    QCOMPARE(
+        libro(s, "000002"),
+        "510506 52345678 1500000.00 0.00; 510506 52345678 1250000.50 0.00; 510506 52345678 "
+        "980000.00 0.00; 510506 52345678 737717.00 0.00; 510506 52345678 2100000.00 0.00; 510506 "
+        "52345678 890000.25 0.00; 236540 52345678 0.00 52500.00; 111005  0.00 7405217.75");
 
     // Compra: la cuenta y el proveedor por palabras de su nombre.
     teclee("Compra de papeleria{Tab}FC-9{Tab}andina{Abajo}{Tab}{Ctrl+E}");
     linea({"utiles{Abajo}", "", "0001", "0001", "", "", "", "", "", "250000"});
     linea({"240810", "", "", "", "", "", "", "", "", "47500"});
     teclee("220505{Enter}{Esc}{F5}{F2}");
-    QCOMPARE(libro(s, "000003"), QString("519530  250000.00 0.00; 240810  47500.00 0.00; 220505 "
-                                         "800456789 0.00 297500.00"));
+    QCOMPARE(libro(s, "000003"),
+             "519530  250000.00 0.00; 240810  47500.00 0.00; 220505 800456789 0.00 297500.00");
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
 
     // La compra estaba mal: se busca y se reversa.
@@ -116,19 +115,18 @@ void PruebaACiegas::una_jornada_solo_con_teclas() {
     QVERIFY(b->DBGridEh1->enfocada());
     i.espere_comienzo("Se grabará un comprobante nuevo con la fecha de hoy, 2017/05/15", "Sí");
     teclee("{Ctrl+I}");
-    QCOMPARE(libro(s, "000004"), QString("519530  0.00 250000.00; 240810  0.00 47500.00; 220505 "
-                                         "800456789 297500.00 0.00"));
+    QCOMPARE(libro(s, "000004"),
+             "519530  0.00 250000.00; 240810  0.00 47500.00; 220505 800456789 297500.00 0.00");
 
     // Y una corrección en el que quedó abierto: el concepto y un importe con su contrapartida.
     teclee("{Inicio}Error: {Ctrl+E}{Ctrl+Inicio}");
     teclee("{Tab}{Tab}{Tab}{Tab}{Tab}{Tab}{Tab}{Tab}{Tab}{Tab}250000-50000{Abajo}{Abajo}");
     teclee("{Mayús+Tab}297500-50000{F2}");
-    QCOMPARE(libro(s, "000004"), QString("519530  0.00 200000.00; 240810  0.00 47500.00; 220505 "
-                                         "800456789 247500.00 0.00"));
-    QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado where enco_numero = "
-                    "'000004'")
+    QCOMPARE(libro(s, "000004"),
+             "519530  0.00 200000.00; 240810  0.00 47500.00; 220505 800456789 247500.00 0.00");
+    QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado where enco_numero = '000004'")
                  .trimmed(),
-             QString("Error: Reverso de CG 0001 000003. Compra de papeleria"));
+             "Error: Reverso de CG 0001 000003. Compra de papeleria");
 }
 
 QTEST_MAIN(PruebaACiegas)

@@ -1,10 +1,5 @@
 // El núcleo de los comprobantes en la base: lo que rehúsa y en qué orden, cómo numera, qué escribe
 // en los dos libros, la auditoría y los saldos, y cómo borra.
-#include "apoyo/base_prueba.h"
-#include "apoyo/comprobantes.h"
-
-#include <QtTest>
-#include <thread>
 
 namespace {
 
@@ -74,11 +69,9 @@ const QVector<LineaAsiento> kCuadrado = {{"2649", "110505", 100, 0}, {"2649", "1
 
 } // namespace
 
-class PruebaAsiento : public QObject {
+class PruebaAsiento : public PruebaConBase {
     Q_OBJECT
 private slots:
-    void init() { base_.emplace(); }
-
     void las_negativas_salen_todas_y_en_orden();
     void cada_negativa_dice_que_dato_falla();
     void una_fecha_existe_o_no();
@@ -91,8 +84,6 @@ private slots:
     void no_borra_lo_bloqueado_de_cada_libro();
 
 private:
-    Conexion& base() { return base_->base(); }
-    QString filas(const QString& sql) { return filas_de(base(), sql); }
     QString rehusado(int asiento, const Encabezado& e) {
         Transaccion t(base(), Transaccion::Modo::Escritura);
         ponga(t, asiento, kCuadrado);
@@ -111,8 +102,6 @@ private:
                                        " conf_propiedad = '%1'")
                             .arg(QString::fromUtf8(propiedad), QString::fromUtf8(valor))});
     }
-
-    std::optional<BaseDePrueba> base_;
 };
 
 void PruebaAsiento::las_negativas_salen_todas_y_en_orden() {
@@ -126,37 +115,37 @@ void PruebaAsiento::las_negativas_salen_todas_y_en_orden() {
            {"2649", "110510", 10, 0}});
     const QString pida = "select codigo, libro, item, campo from revise_asiento(7, %1)";
     QCOMPARE(filas_en(t, pida.arg("'XX', '0001', '1', '20170228'")),
-             QString("TIPO|||TICO_COD\n"
-                     "BLOQUEO|||ENCO_FECHA\n"
-                     "BLOQUEO|2649||ENCO_FECHA\n"
-                     "BLOQUEO|NIIF||ENCO_FECHA\n"
-                     "TERCERO|2649|2|TERC_NIT\n"
-                     "CENTRO|2649|2|CENT_COD\n"
-                     "CATEGORIA|2649|2|CONC_COD\n"
-                     "ARTICULO|2649|2|ARTI_COD\n"
-                     "FALTA_BASE|2649|2|CODE_BASE\n"
-                     "FALTA_PORCENTAJE|2649|2|CODE_PORC\n"
-                     "CUENTA_INACTIVA|2649|3|CUEN_COD\n"
-                     "CUENTA_SUPERIOR|NIIF|1|CUEN_COD\n"
-                     "DESCUADRE|2649||\n"
-                     "DESCUADRE|NIIF||"));
+             "TIPO|||TICO_COD\n"
+             "BLOQUEO|||ENCO_FECHA\n"
+             "BLOQUEO|2649||ENCO_FECHA\n"
+             "BLOQUEO|NIIF||ENCO_FECHA\n"
+             "TERCERO|2649|2|TERC_NIT\n"
+             "CENTRO|2649|2|CENT_COD\n"
+             "CATEGORIA|2649|2|CONC_COD\n"
+             "ARTICULO|2649|2|ARTI_COD\n"
+             "FALTA_BASE|2649|2|CODE_BASE\n"
+             "FALTA_PORCENTAJE|2649|2|CODE_PORC\n"
+             "CUENTA_INACTIVA|2649|3|CUEN_COD\n"
+             "CUENTA_SUPERIOR|NIIF|1|CUEN_COD\n"
+             "DESCUADRE|2649||\n"
+             "DESCUADRE|NIIF||");
     // Cada libro mira su bloqueo, y con la fecha misma del bloqueo.
     const QString bloqueos = "select libro, texto from revise_asiento(7, 'CG', '0001', '', '%1')"
                              " where codigo = 'BLOQUEO'";
     QCOMPARE(filas_en(t, bloqueos.arg("20170331")),
-             QString("2649|La contabilidad esta bloqueada a: 2017/03/31\n"
-                     "NIIF|La contabilidad esta bloqueada a: 2017/04/30 (libro NIIF)"));
+             "2649|La contabilidad esta bloqueada a: 2017/03/31\n"
+             "NIIF|La contabilidad esta bloqueada a: 2017/04/30 (libro NIIF)");
     QCOMPARE(filas_en(t, bloqueos.arg("20170401")),
-             QString("NIIF|La contabilidad esta bloqueada a: 2017/04/30 (libro NIIF)"));
+             "NIIF|La contabilidad esta bloqueada a: 2017/04/30 (libro NIIF)");
     QCOMPARE(filas_en(t, bloqueos.arg("20170501")), QString());
     // Sin líneas: el comprobante vacío cuenta como del 2649.
     QCOMPARE(filas_en(t, "select codigo, libro from revise_asiento(8, 'CG', '0001', null,"
                          " '20170331')"),
-             QString("BLOQUEO|2649\nVACIO|"));
+             "BLOQUEO|2649\nVACIO|");
     configure("PERMITIR COMPROBANTES DESCUADRADOS", "SI");
     QCOMPARE(filas_en(t, "select count(*) from revise_asiento(7, 'CG', '0001', '', '20170501')"
                          " where codigo = 'DESCUADRE'"),
-             QString("0"));
+             "0");
 }
 
 void PruebaAsiento::cada_negativa_dice_que_dato_falla() {
@@ -206,7 +195,7 @@ void PruebaAsiento::una_fecha_existe_o_no() {
         QCOMPARE(rehusado(1, {"CG", "0001", {}, f}),
                  QString("La fecha \"%1\" debe tener la forma aaaammdd.").arg(f));
     QCOMPARE(rehusado(1, {"CG", "0001", {}, "00010101"}),
-             QString("Los módulos estan bloqueados a: 2000/01/01"));
+             "Los módulos estan bloqueados a: 2000/01/01");
 }
 
 void PruebaAsiento::asienta_los_dos_libros_con_su_auditoria_y_sus_saldos() {
@@ -231,11 +220,10 @@ void PruebaAsiento::asienta_los_dos_libros_con_su_auditoria_y_sus_saldos() {
                {"NIIF", "110505", 0, 40}});
         ponga(t, 4, kCuadrado);
         a = asiente(t, 3, {"RC", "0002", " 25 ", "20171315", "AUXILIAR", "N", "800456789"});
-        QCOMPARE(filas_en(t, "select asie_id, count(*) from asiento_linea group by 1"),
-                 QString("4|2"));
+        QCOMPARE(filas_en(t, "select asie_id, count(*) from asiento_linea group by 1"), "4|2");
         t.confirme();
     }
-    QCOMPARE(a.numero, QString("000025"));
+    QCOMPARE(a.numero, "000025");
     QVERIFY(a.id > 0);
     QCOMPARE(filas("select enco_consec, tico_cod, prco_pref, enco_numero, enco_fecha,"
                    " enco_concepto, enco_refer, enco_tiporef, enco_idref, enco_usuario, terc_nit,"
@@ -247,17 +235,17 @@ void PruebaAsiento::asienta_los_dos_libros_con_su_auditoria_y_sus_saldos() {
     QCOMPARE(filas("select code_item, cuen_cod, code_debito, code_credito, code_base, code_porc,"
                    " terc_nit, arti_cod, conc_cod, code_descontable, code_fecha"
                    " from comprobante_detalle order by 1"),
-             QString("1|143505|1000.1|0|0|0||MART01|01|S|20171315\n"
-                     "2|236540|0|25.1|1000|2.5|800456789|||S|20171315\n"
-                     "3|220505|0|975|0|0|800456789|||S|20171315"));
+             "1|143505|1000.1|0|0|0||MART01|01|S|20171315\n"
+             "2|236540|0|25.1|1000|2.5|800456789|||S|20171315\n"
+             "3|220505|0|975|0|0|800456789|||S|20171315");
     QCOMPARE(filas("select code_item, cuen_cod, code_debito, code_credito, proy_cod, cent_cod"
                    " from comprobante_detalle_niif order by 1"),
-             QString("4|519530|40|0|0001|0002\n5|110505|0|40||"));
+             "4|519530|40|0|0001|0002\n5|110505|0|40||");
     QCOMPARE(filas("select tido_cod, audi_iddoc, audi_oper, audi_usuario from auditoria"
                    " where tido_cod in (1, 1001) order by 1"),
              QString("1|%1|I|AUXILIAR\n1001|%1|I|AUXILIAR").arg(a.id));
-    QCOMPARE(filas("select saldo from saldo_cuenta('143505', '20171331')"), QString("1000.1"));
-    QCOMPARE(filas("select saldo from saldo_cuenta_niif('110505', '20171331')"), QString("-40"));
+    QCOMPARE(filas("select saldo from saldo_cuenta('143505', '20171331')"), "1000.1");
+    QCOMPARE(filas("select saldo from saldo_cuenta_niif('110505', '20171331')"), "-40");
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
@@ -265,16 +253,15 @@ void PruebaAsiento::una_negativa_no_deja_nada_escrito() {
     Transaccion t(base(), Transaccion::Modo::Escritura);
     ponga(t, 1, {{"2649", "110505", 100, 0}, {"2649", "111005", 0, Moneda::de_texto("99.99")}});
     QCOMPARE(rehusado_en(t, 1),
-             QString("No puede grabar un comprobante descuadrado: débitos 100.00, créditos 99.99"));
+             "No puede grabar un comprobante descuadrado: débitos 100.00, créditos 99.99");
     QCOMPARE(rehusado_en(t, 1, {"CG", "0001", {}, "20170315", "ADMIN", "N", "555"}),
-             QString("No puede grabar un comprobante descuadrado: débitos 100.00, créditos 99.99"));
+             "No puede grabar un comprobante descuadrado: débitos 100.00, créditos 99.99");
     ponga(t, 2, kCuadrado);
     QCOMPARE(rehusado_en(t, 2, {"CG", "0001", {}, "20170315", "ADMIN", "N", "555"}),
-             QString("El tercero 555 del comprobante no existe."));
+             "El tercero 555 del comprobante no existe.");
     t.confirme();
-    QCOMPARE(filas("select count(*) from comprobante_encabezado"), QString("0"));
-    QCOMPARE(filas("select pref_numero from prefijos_conta where tico_cod = 'CG'"),
-             QString("000001"));
+    QCOMPARE(filas("select count(*) from comprobante_encabezado"), "0");
+    QCOMPARE(filas("select pref_numero from prefijos_conta where tico_cod = 'CG'"), "000001");
 }
 
 void PruebaAsiento::el_numero_sale_del_prefijo_y_salta_los_tomados() {
@@ -290,32 +277,31 @@ void PruebaAsiento::el_numero_sale_del_prefijo_y_salta_los_tomados() {
                              " prco_pref = '%2'")
                          .arg(tipo, prefijo));
     };
-    QCOMPARE(siguiente({}), QString("000001"));
-    QCOMPARE(siguiente({}), QString("000002"));
+    QCOMPARE(siguiente({}), "000001");
+    QCOMPARE(siguiente({}), "000002");
     base_->ejecute({"update prefijos_conta set pref_numero = '000001' where tico_cod = 'CG'"});
-    QCOMPARE(siguiente({}), QString("000003"));
-    QCOMPARE(contador("CG", "0001"), QString("000004"));
+    QCOMPARE(siguiente({}), "000003");
+    QCOMPARE(contador("CG", "0001"), "000004");
     // Prefijo a mano: el número dado no mueve el contador, y el que se pide salta los tomados.
     const Encabezado a_mano{"RC", "0002"};
     for (const char* n : {"1", "2", "7"})
         QCOMPARE(siguiente({"RC", "0002", n}), QString(n).rightJustified(6, '0'));
-    QCOMPARE(contador("RC", "0002"), QString("000003"));
+    QCOMPARE(contador("RC", "0002"), "000003");
     base_->ejecute({"update prefijos_conta set pref_numero = '000001' where prco_pref = '0002'"});
-    QCOMPARE(siguiente(a_mano), QString("000003"));
-    QCOMPARE(contador("RC", "0002"), QString("000004"));
+    QCOMPARE(siguiente(a_mano), "000003");
+    QCOMPARE(contador("RC", "0002"), "000004");
 
     QCOMPARE(rehusado(1, {"CG", "0001", "3"}),
-             QString("Comprobante CG 0001 000003 previamente registrado."));
-    QCOMPARE(rehusado(1, {"CG", "0001", "12A"}), QString("El número 12A no es de seis cifras."));
-    QCOMPARE(rehusado(1, {"CG", "0001", "1000000"}),
-             QString("El número 1000000 no es de seis cifras."));
+             "Comprobante CG 0001 000003 previamente registrado.");
+    QCOMPARE(rehusado(1, {"CG", "0001", "12A"}), "El número 12A no es de seis cifras.");
+    QCOMPARE(rehusado(1, {"CG", "0001", "1000000"}), "El número 1000000 no es de seis cifras.");
     QCOMPARE(rehusado(1, {"CG", "0009"}),
-             QString("El prefijo 0009 del tipo CG no existe o no está activo."));
-    QCOMPARE(rehusado(1, {"NC", "0001"}), QString("Debe registrar antes los prefijos."));
-    QCOMPARE(rehusado(1, {"ZZ", "0001"}), QString("El tipo de comprobante ZZ no existe."));
+             "El prefijo 0009 del tipo CG no existe o no está activo.");
+    QCOMPARE(rehusado(1, {"NC", "0001"}), "Debe registrar antes los prefijos.");
+    QCOMPARE(rehusado(1, {"ZZ", "0001"}), "El tipo de comprobante ZZ no existe.");
 
     base_->ejecute({"update prefijos_conta set pref_numero = '999999' where tico_cod = 'CG'"});
-    QCOMPARE(siguiente({}), QString("999999"));
+    QCOMPARE(siguiente({}), "999999");
     const QString agotado = "El prefijo 0001 del tipo CG ya usó el 999999, su último número."
                             " Registre otro prefijo para el tipo y escójalo en el comprobante.";
     QCOMPARE(rehusado(1, {}), agotado);
@@ -348,7 +334,7 @@ void PruebaAsiento::dos_que_asientan_a_la_vez_se_turnan_el_numero() {
     QCOMPARE(fallas[0] + fallas[1], QString());
     QCOMPARE(filas("select count(*), count(distinct enco_numero), min(enco_numero),"
                    " max(enco_numero) from comprobante_encabezado"),
-             QString("80|80|000001|000080"));
+             "80|80|000001|000080");
     QCOMPARE(saldos_distintos(base()), QString());
 }
 
@@ -363,20 +349,19 @@ void PruebaAsiento::la_replica_se_hace_entera_o_se_rehusa() {
     }
     QCOMPARE(filas("select cuen_cod, code_debito, code_credito from comprobante_detalle_niif"
                    " order by code_item"),
-             QString("110505|100|0\n111005|0|100"));
+             "110505|100|0\n111005|0|100");
     for (const char* sin : {"update cuentas set cuen_eqniif = null where cuen_cod = '111005'",
                             "update cuentas set cuen_eqniif = '1110' where cuen_cod = '111005'",
                             "update cuentas set cuen_eqniif = '110510' where cuen_cod ="
                             " '111005'"}) {
         base_->ejecute({sin});
         QCOMPARE(rehusado(1, replicado),
-                 QString("La cuenta 111005 (línea 2) no tiene una cuenta NIIF equivalente que"
-                         " pueda llevar movimiento: la réplica quedaría descuadrada."));
+                 "La cuenta 111005 (línea 2) no tiene una cuenta NIIF equivalente que"
+                 " pueda llevar movimiento: la réplica quedaría descuadrada.");
     }
     base_->ejecute({"update cuentas set cuen_eqniif = '111005' where cuen_cod = '111005'"});
     configure("FECHA DE BLOQUEO NIIF", "20170315");
-    QCOMPARE(rehusado(1, replicado),
-             QString("La contabilidad esta bloqueada a: 2017/03/15 (libro NIIF)"));
+    QCOMPARE(rehusado(1, replicado), "La contabilidad esta bloqueada a: 2017/03/15 (libro NIIF)");
     QCOMPARE(rehusado(1, {}), QString());
 }
 
@@ -393,7 +378,7 @@ void PruebaAsiento::borra_los_dos_libros_y_lo_audita_con_quien_borro() {
     const QString borre = "execute procedure borre_comprobante(%1, 'AUXILIAR')";
     base_->ejecute({borre.arg(a.id)});
     QCOMPARE(filas("select enco_consec from comprobante_encabezado"), QString::number(otro.id));
-    QCOMPARE(filas("select count(*) from comprobante_detalle_niif"), QString("0"));
+    QCOMPARE(filas("select count(*) from comprobante_detalle_niif"), "0");
     QCOMPARE(filas(QString("select tido_cod, audi_oper, audi_usuario from auditoria"
                            " where audi_iddoc = %1 order by audi_id")
                        .arg(a.id)),
@@ -404,7 +389,7 @@ void PruebaAsiento::borra_los_dos_libros_y_lo_audita_con_quien_borro() {
                        .arg(otro.id)),
              QString("1|I|ADMIN\n1|E|AUXILIAR"));
     QCOMPARE(saldos_distintos(base()), QString());
-    QCOMPARE(filas("select saldo from saldo_cuenta('110505', '20171231')"), QString("0"));
+    QCOMPARE(filas("select saldo from saldo_cuenta('110505', '20171231')"), "0");
     QVERIFY_EXCEPTION_THROWN(base().ejecute(borre.arg(otro.id)), ErrorBase);
 }
 
@@ -436,10 +421,10 @@ void PruebaAsiento::no_borra_lo_bloqueado_de_cada_libro() {
                         .arg(a.id)});
     configure("FECHA DE BLOQUEO", "20170630");
     QCOMPARE(borre(), "La contabilidad esta bloqueada a: 2017/06/30" + cual);
-    QCOMPARE(filas("select count(*) from comprobante_detalle_niif"), QString("2"));
+    QCOMPARE(filas("select count(*) from comprobante_detalle_niif"), "2");
     configure("FECHA DE BLOQUEO", "");
     QCOMPARE(borre(), QString());
-    QCOMPARE(filas("select count(*) from comprobante_encabezado"), QString("0"));
+    QCOMPARE(filas("select count(*) from comprobante_encabezado"), "0");
 }
 
 QTEST_GUILESS_MAIN(PruebaAsiento)

@@ -1,12 +1,7 @@
 // Búsqueda de comprobantes y comprobantes de un tercero: filtros, teclas y borrado.
-#include "apoyo/comprobantes.h"
-#include "apoyo/reloj_de_prueba.h"
 #include "vouchers/digitador.h"
 #include "vouchers/tfbuscomproba.h"
 #include "vouchers/tfcomproterc.h"
-
-#include <QCheckBox>
-#include <QMenu>
 
 namespace {
 
@@ -275,8 +270,7 @@ private slots:
         ponga_encabezados(s);
         Tfmovimien* m = d.abra();
         d.encabezado("RC", "05", "x");
-        m->SpeedButton1->setFocus();
-        oprima(Qt::Key_Space);
+        oprima_en(m->SpeedButton1, Qt::Key_Space);
         Pantalla* p = s.escritorio.abierta("Tfbuscomproba");
         QVERIFY(p);
         QCOMPARE(componente<ListaDato>(p, "LTipo").valor().texto(), "RC");

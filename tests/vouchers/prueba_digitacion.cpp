@@ -1,4 +1,3 @@
-#include "apoyo/reloj_de_prueba.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "vouchers/digitador.h"
 
@@ -53,8 +52,7 @@ private slots:
         SesionGui s;
         Digitador d(s);
         d.configure("GENERAL", "REDONDEO AL MULTIPLO DE DIEZ EN COMPROBANTES", "-2");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "01", "x");
+        Tfmovimien* p = d.comience("CG", "01", "x");
         for (const LineaIncompleta& c : kLineasIncompletas) {
             d.entre_a_la_rejilla();
             d.linea(c.celdas);
@@ -94,11 +92,8 @@ private slots:
         SesionGui s;
         Digitador d(s);
         d.configure("COMPROBANTES", "INHABILITAR PORCENTAJE EN CUENTAS DE RETENCION", "SI");
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "01", "Nómina de enero");
-        p->DBEdit2->setFocus();
-        digite("52345678");
-        oprima(Qt::Key_Tab);
+        Tfmovimien* p = d.comience("CG", "01", "Nómina de enero");
+        digite_en(p->DBEdit2, "52345678", Qt::Key_Tab);
         QCOMPARE(p->DBEdit3->text(), "Peña Gómez María");
         d.entre_a_la_rejilla();
         d.linea({"110505"});
@@ -192,8 +187,7 @@ private slots:
         ponga_comprobante(s, 500, "000044", "20170105", {"110505:5:0", "310505:0:5"});
         s.base.ejecute({"update comprobante_encabezado set tico_cod = 'RC', prco_pref = '0002' "
                         "where enco_consec = 500"});
-        Tfmovimien* p = d.abra();
-        d.encabezado("RC", "05", "x");
+        Tfmovimien* p = d.comience("RC", "05", "x");
         QVERIFY(p->LPref->isEnabled());
         d.numere_a_mano("7");
         QCOMPARE(p->LPref->valor().texto(), "0002");
@@ -217,8 +211,7 @@ private slots:
         for (int n = 1; n <= 3; ++n)
             ponga_comprobante(s, 600 + n, QString("00000%1").arg(n), "20170105", {});
         s.base.ejecute({"update prefijos_conta set pref_numero = '000001' where tico_cod = 'CG'"});
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
+        Tfmovimien* p = d.comience("CG", "05", "x");
         QCOMPARE(p->ENumero->text(), "000004");
         QCOMPARE(s.dato("select pref_numero from prefijos_conta where tico_cod = 'CG'"), "000004");
         p->LTipo->setFocus();
@@ -231,8 +224,7 @@ private slots:
         SesionGui s;
         Digitador d(s);
         s.cnt.periodo_actual = 3; // abril
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "31", "x");
+        Tfmovimien* p = d.comience("CG", "31", "x");
         QCOMPARE(p->EDia->text(), "30");
         QCOMPARE(p->EMes->text(), "Abril");
         oprima(Qt::Key_Right, Qt::AltModifier);
@@ -330,13 +322,10 @@ private slots:
         Tfmovimien* p = d.abra();
         QVERIFY(p->Mand->isVisible());
         d.encabezado("CG", "05", "x");
-        p->DBEdit2->setFocus();
-        oprima(Qt::Key_F6);
+        oprima_en(p->DBEdit2, Qt::Key_F6);
         terceros.conteste("900123456");
         QCOMPARE(p->DBEdit3->text(), "Ferretería El Tornillo S.A.S.");
-        p->Mand->setFocus();
-        digite("?banco");
-        oprima(Qt::Key_Tab);
+        digite_en(p->Mand, "?banco", Qt::Key_Tab);
         QCOMPARE(terceros.pedida().texto_busqueda, "banco");
         terceros.conteste("860002964");
         QCOMPARE(p->NomMand->text(), "Banco de Bogotá");

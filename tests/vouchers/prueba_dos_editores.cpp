@@ -1,6 +1,5 @@
 // Dos personas con el mismo comprobante abierto: ninguna pierde lo suyo ni pisa lo de la otra sin
 // saberlo.
-#include "toolkit/controles/memodato.h"
 #include "vouchers/digitador.h"
 
 namespace {
@@ -20,11 +19,9 @@ struct Editor {
         oprima(Qt::Key_End, Qt::ControlModifier);
         oprima(Qt::Key_Down);
         rejilla().SelectedIndex(0);
-        digite(cuenta);
-        oprima(Qt::Key_Return);
+        digite(cuenta, Qt::Key_Return);
         rejilla().SelectedIndex(LineasLibro::kDebito);
-        digite("0");
-        oprima(Qt::Key_Return);
+        digite("0", Qt::Key_Return);
     }
     void grabe() {
         active();
@@ -54,7 +51,7 @@ private slots:
         QVERIFY(!otro.p);
         QCOMPARE(s.dato("select list(code_item || ':' || cuen_cod) from (select * from "
                         "comprobante_detalle order by code_item)"),
-                 QString("1:110505,2:310505,3:111005,4:240805"));
+                 "1:110505,2:310505,3:111005,4:240805");
     }
 
     void las_observaciones_de_otro_no_se_pisan() {
@@ -64,9 +61,7 @@ private slots:
         Editor uno(s), otro(s);
         const auto observe = [](Editor& e, const char* texto) {
             e.active();
-            e.p->DBMemo1->setFocus();
-            digite(texto);
-            oprima(Qt::Key_Tab);
+            digite_en(e.p->DBMemo1, texto, Qt::Key_Tab);
         };
         observe(uno, "de uno");
         observe(otro, "de otro");
@@ -81,8 +76,8 @@ private slots:
         otro.grabe();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(otro.p); // sigue en pantalla, con lo suyo
-        QCOMPARE(s.dato("select enco_obs from comprobante_encabezado"), QString("de uno"));
-        QCOMPARE(otro.p->CMovimiento.FieldByName("ENCO_OBS").texto(), QString("de otro"));
+        QCOMPARE(s.dato("select enco_obs from comprobante_encabezado"), "de uno");
+        QCOMPARE(otro.p->CMovimiento.FieldByName("ENCO_OBS").texto(), "de otro");
         otro.p->CMovimiento.CancelUpdates();
     }
 
@@ -102,13 +97,13 @@ private slots:
         otro.active();
         otro.p->SBBorrar->click();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QCOMPARE(s.dato("select count(*) from comprobante_detalle"), QString("3"));
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle"), "3");
         QVERIFY(otro.p);
         i.espere(borrar, "Sí");
         i.espere(cambiado, "Sí");
         otro.p->SBBorrar->click();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         // Quien ya vio su propio cambio de página no recibe ese aviso.
         ponga_comprobante(s, 1, "000022", "20170315", {"110505:100:0", "310505:0:100"});
         Editor solo(s);
@@ -117,6 +112,26 @@ private slots:
              "Desea borrar definitivamente el comprobante CG 0001 000022?", "Sí");
         agote_eventos();
         QVERIFY(!solo.p);
+    }
+
+    void lo_que_otro_borro_no_revive_a_medias() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", {"110505:100:0", "310505:0:100"});
+        Editor uno(s), otro(s);
+        otro.agregue("111005");
+        uno.active();
+        dice([&] { uno.p->SBBorrar->click(); },
+             "Desea borrar definitivamente el comprobante CG 0001 000021?", "Sí");
+        agote_eventos();
+        Interlocutor i;
+        i.espere_comienzo("Otro usuario");
+        otro.grabe();
+        QVERIFY(otro.p);
+        QCOMPARE(s.dato("select (select count(*) from comprobante_encabezado) + (select count(*) "
+                        "from comprobante_detalle) from rdb$database"),
+                 "0");
+        otro.p->CMovimiento.CancelUpdates();
     }
 
     void el_orden_en_que_la_base_da_las_lineas_no_es_un_cambio() {
@@ -129,10 +144,10 @@ private slots:
                                 .arg(linea)});
         Editor solo(s);
         solo.p->CDetalle.First();
-        QCOMPARE(solo.p->CDetalle.FieldByName("CODE_ITEM").texto(), QString("2"));
+        QCOMPARE(solo.p->CDetalle.FieldByName("CODE_ITEM").texto(), "2");
         dice([&] { solo.p->SBBorrar->click(); },
              "Desea borrar definitivamente el comprobante CG 0001 000021?", "Sí");
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         agote_eventos();
     }
 };

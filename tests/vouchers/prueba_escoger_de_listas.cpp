@@ -1,7 +1,6 @@
 // Lo que los comprobantes buscan en las listas verdaderas llega a quien lo buscó, y solo a él.
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
-#include "toolkit/estilo.h"
 #include "vouchers/digitador.h"
 
 namespace {
@@ -60,11 +59,11 @@ private slots:
         QCOMPARE(celda(a, "CUEN_COD"), QString());
         escoja_cuenta(s, "310505");
         QCOMPARE(s.escritorio.activa(), b);
-        QCOMPARE(celda(b, "CUEN_COD"), QString("310505"));
+        QCOMPARE(celda(b, "CUEN_COD"), "310505");
         QCOMPARE(celda(a, "CUEN_COD"), QString());
         s.escritorio.active(a);
-        QCOMPARE(celda(a, "CUEN_COD"), QString("110505"));
-        QCOMPARE(celda(b, "CUEN_COD"), QString("310505"));
+        QCOMPARE(celda(a, "CUEN_COD"), "110505");
+        QCOMPARE(celda(b, "CUEN_COD"), "310505");
         for (Tfmovimien* p : {a, b})
             p->CMovimiento.CancelUpdates();
     }
@@ -96,7 +95,7 @@ private slots:
         b->DBEdit1->setFocus();
         s.escritorio.active(lista_de_b);
         escoja_tercero(s, "800456789");
-        QCOMPARE(celda(b, "TERC_NIT"), QString("800456789"));
+        QCOMPARE(celda(b, "TERC_NIT"), "800456789");
         QCOMPARE(b->CMovimiento.FieldByName("TERC_NIT").texto(), QString());
         b->CMovimiento.CancelUpdates();
     }
@@ -108,15 +107,13 @@ private slots:
         Interlocutor i;
         Tfmovimien* a = comprobante(d, "uno");
         i.espere(pregunta, "Sí");
-        a->DBEdit2->setFocus();
-        digite("901777888");
-        oprima(Qt::Key_Tab);
+        digite_en(a->DBEdit2, "901777888", Qt::Key_Tab);
         Pantalla* ficha_de_a = s.escritorio.activa();
-        QCOMPARE(ficha_de_a->objectName(), QString("Tfnvotercero"));
+        QCOMPARE(ficha_de_a->objectName(), "Tfnvotercero");
         Tfmovimien* b = comprobante(d, "dos");
         i.espere(pregunta, "Sí");
         d.linea({"510506", "901777999"}); // sin panel que se lleve el foco
-        QCOMPARE(s.escritorio.activa()->objectName(), QString("Tfnvotercero"));
+        QCOMPARE(s.escritorio.activa()->objectName(), "Tfnvotercero");
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         // el de la línea se abandona; el del encabezado del otro comprobante se graba
         oprima(Qt::Key_Escape);
@@ -125,14 +122,13 @@ private slots:
         con_foco();
         auto& nombre = componente<EditorDato>(ficha_de_a, "ENombre");
         nombre.setFocus();
-        digite("Pedido");
-        oprima(Qt::Key_F2);
+        digite("Pedido", Qt::Key_F2);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(b->CMovimiento.FieldByName("TERC_NIT").texto(), QString());
         s.escritorio.active(a);
-        QCOMPARE(a->CMovimiento.FieldByName("TERC_NIT").texto(), QString("901777888"));
+        QCOMPARE(a->CMovimiento.FieldByName("TERC_NIT").texto(), "901777888");
         QCOMPARE(s.dato("select count(*) from terceros where terc_nit starting with '901777'"),
-                 QString("1"));
+                 "1");
         for (Tfmovimien* p : {a, b})
             p->CMovimiento.CancelUpdates();
     }

@@ -1,5 +1,4 @@
 // Con la fila de filtros puesta, lo oculto sigue siendo del comprobante.
-#include "apoyo_gui/peticiones.h"
 #include "vouchers/digitador.h"
 
 namespace {
@@ -14,17 +13,15 @@ void filtre(PantallaComprobante& p, int columna, const QString& condicion) {
     oprima(Qt::Key_Up);
     QVERIFY(r.en_fila_de_filtro());
     oprima(Qt::Key_A, Qt::ControlModifier); // reemplaza la condición que hubiera
-    digite(condicion);
-    oprima(Qt::Key_Return);
+    digite(condicion, Qt::Key_Return);
 }
 
 struct Filtrado : Digitador {
     explicit Filtrado(SesionGui& s) : Digitador(s) {
-        s.base.ejecute(
-            {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
-             "values (3, 'CG', '0001', 'Arriendo')",
-             "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_debitos, "
-             "plde_creditos) values (3, 1, '240805', 40, 0)"});
+        s.base.ejecute({"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, "
+                        "plan_concepto) values (3, 'CG', '0001', 'Arriendo')",
+                        "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, "
+                        "plde_debitos, plde_creditos) values (3, 1, '240805', 40, 0)"});
     }
     void linea_de_debito(const char* cuenta, const char* valor) {
         linea({cuenta, "", "", "", "", "", "", "", "", valor, "", ""});
@@ -46,24 +43,17 @@ private slots:
     void las_lineas_ocultas_cuentan_en_el_cuadre_y_en_las_sumas() {
         SesionGui s;
         Filtrado d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
-        d.entre_a_la_rejilla();
+        Tfmovimien* p = d.abra("CG", "05", "x");
         d.linea_de_debito("110505", "500");
         d.linea_de_debito("110505", "10");
         d.linea_de_credito("310505", "10");
         filtre(*p, LineasLibro::kDebito, "<100");
         QCOMPARE(p->CDetalle.RecordCount(), 2); // la de 500 no se ve
         oprima(Qt::Key_Down);
-        QCOMPARE(p->lineas_2649->Sumadeb->text(), QString("510.00"));
-        QCOMPARE(p->lineas_2649->Difdeb->text(), QString("500.00"));
-        {
-            Interlocutor i;
-            i.espere(kDescuadrado);
-            oprima(Qt::Key_F2);
-            QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        }
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        QCOMPARE(p->lineas_2649->Sumadeb->text(), "510.00");
+        QCOMPARE(p->lineas_2649->Difdeb->text(), "500.00");
+        dice(Qt::Key_F2, kDescuadrado);
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         // F5 propone lo que cuadra todas, y la línea nueva sigue a la vista aunque no cumpla.
         p->CDetalle.Cancel();
         d.rejilla().setFocus();
@@ -72,13 +62,13 @@ private slots:
         d.rejilla().SelectedIndex(0);
         d.linea({"111005"});
         oprima(Qt::Key_F5);
-        QCOMPARE(d.celda("CODE_CREDITO"), QString("500"));
+        QCOMPARE(d.celda("CODE_CREDITO"), "500");
         oprima(Qt::Key_Up);
         QCOMPARE(p->CDetalle.RecordCount(), 3);
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato("select count(*) || '/' || sum(code_debito) || '/' || sum(code_credito) "
                         "from comprobante_detalle"),
-                 QString("4/510.00/510.00"));
+                 "4/510.00/510.00");
         // El siguiente comprobante empieza sin filtro.
         QVERIFY(!p->ckFiltro->isChecked());
         d.entre_a_la_rejilla();
@@ -87,8 +77,7 @@ private slots:
         QCOMPARE(p->CDetalle.RecordCount(), 1);
         // Una línea nueva que el filtro ocultaría sigue a la vista; uno puesto después la oculta.
         filtre(*p, LineasLibro::kCuenta, "1105");
-        oprima(Qt::Key_Down);
-        oprima(Qt::Key_Down);
+        oprima_seguidas({Qt::Key_Down, Qt::Key_Down});
         d.rejilla().SelectedIndex(0);
         d.linea_de_credito("310505", "10");
         oprima(Qt::Key_Up);
@@ -101,16 +90,12 @@ private slots:
     void con_todas_ocultas_esc_todavia_pregunta_y_la_plantilla_las_reemplaza() {
         SesionGui s;
         Filtrado d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
+        Tfmovimien* p = d.comience("CG", "05", "x");
         d.asiento("110505", "310505", "10");
         filtre(*p, LineasLibro::kCuenta, "zz");
         QCOMPARE(p->CDetalle.RecordCount(), 0);
         Interlocutor i;
-        i.espere(kSalir, "No");
-        p->DBEdit1->setFocus();
-        oprima(Qt::Key_Escape);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        dice([&] { oprima_en(p->DBEdit1, Qt::Key_Escape); }, kSalir, "No");
         QCOMPARE(s.escritorio.abiertas().size(), 1);
         ListaFalsa<PidePlantilla> plantillas("Tfbuscplantilla");
         i.espere(kTraePlantilla, "Sí");
@@ -119,7 +104,7 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(!p->ckFiltro->isChecked());
         QCOMPARE(p->CDetalle.RecordCount(), 1);
-        QCOMPARE(p->CDetalle.FieldByName("CUEN_COD").texto(), QString("240805"));
+        QCOMPARE(p->CDetalle.FieldByName("CUEN_COD").texto(), "240805");
         p->CMovimiento.CancelUpdates();
     }
 
@@ -137,10 +122,8 @@ private slots:
         filtre(*p, LineasLibro::kDebito, "<100");
         QCOMPARE(p->CDetalle.RecordCount(), 2);
         Interlocutor i;
-        i.espere(kDescuadrado);
-        oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        QCOMPARE(s.dato("select sum(code_credito) from comprobante_detalle"), QString("510"));
+        dice(Qt::Key_F2, kDescuadrado);
+        QCOMPARE(s.dato("select sum(code_credito) from comprobante_detalle"), "510");
         p->ckFiltro->setChecked(false);
         filtre(*p, LineasLibro::kCuenta, "111005");
         QCOMPARE(p->CDetalle.RecordCount(), 1);

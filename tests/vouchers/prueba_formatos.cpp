@@ -1,6 +1,4 @@
 // Editor de los formatos con que se imprimen los comprobantes, y su copia, movimiento y borrado.
-#include "apoyo/archivos.h"
-#include "apoyo/comprobantes.h"
 #include "herramientas/demo_formatos.h"
 #include "reports/informe_de_prueba.h"
 #include "toolkit/controles/imagendato.h"
@@ -10,10 +8,6 @@
 #include "vouchers/tfedtformato.h"
 #include "vouchers/tfimprcomproba.h"
 #include "vouchers/tfmoverforma.h"
-
-#include <QBuffer>
-#include <QButtonGroup>
-#include <QFontDatabase>
 
 namespace {
 
@@ -84,8 +78,7 @@ struct Editor : Digitador {
         auto& x = componente<EditorDato>(e, campo);
         x.setFocus();
         x.selectAll();
-        digite(texto);
-        oprima(Qt::Key_Return);
+        digite(texto, Qt::Key_Return);
     }
     QString dato(const char* campo) { return e->CFormadatos.FieldByName(campo).texto(); }
     Tfedtformato* e = nullptr;
@@ -123,8 +116,7 @@ private slots:
         oprima(Qt::Key_Down);
         // sin nombre, la fila desaparece al dejarla
         d.e->DBGridEh2->SelectedIndex(2);
-        digite("5");
-        oprima(Qt::Key_Up);
+        digite("5", Qt::Key_Up);
         QCOMPARE(d.e->CFormadatos.RecordCount(), 2);
 
         d.enfoque(d.e->DBGridEh1, 0);
@@ -153,15 +145,13 @@ private slots:
         QCOMPARE(d.dato("DAFO_DATO"), "CUENTA");
         d.enfoque(d.e->DBGridEh2, 0);
         oprima(Qt::Key_Insert);
-        digite("TIPO");
-        oprima(Qt::Key_Return);
+        digite("TIPO", Qt::Key_Return);
         QCOMPARE(d.dato("DAFO_ITEM") + d.dato("DAFO_INI") + d.dato("DAFO_FONT") +
                      d.dato("DAFO_FSIZE") + d.dato("DAFO_LIQUIDA") + d.dato("DAFO_POSYVAR") +
                      d.dato("DAFO_REPITE"),
                  "51Monospace9NNN");
         d.enfoque(d.e->DBGridEh1, 1);
-        oprima(Qt::Key_Insert);
-        oprima(Qt::Key_Tab);
+        oprima_seguidas({Qt::Key_Insert, Qt::Key_Tab});
         digite("Firma");
         // Otro agrega entre tanto los suyos con los mismos números: quedan todos.
         s.base.ejecute({"insert into formato_datos (tido_cod, pref_pre, dafo_item) values (1, "
@@ -189,8 +179,7 @@ private slots:
         QCOMPARE(d.e->DBGridEh1->columna(6).PickList(), letras);
         for (auto [casilla, rejilla] :
              {std::pair{d.e->ckfildat, d.e->DBGridEh2}, {d.e->ckfiltex, d.e->DBGridEh1}}) {
-            casilla->setFocus();
-            oprima(Qt::Key_Space);
+            oprima_en(casilla, Qt::Key_Space);
             QVERIFY(rejilla->filtro_visible());
             oprima(Qt::Key_Space);
             QVERIFY(!rejilla->filtro_visible());
@@ -210,8 +199,7 @@ private slots:
         QVERIFY(!d.e->Panel2->isVisible());
         QCOMPARE(s.escritorio.abiertas().size(), 1);
         d.e->DBGridEh2->SelectedIndex(2);
-        digite("777");
-        oprima(Qt::Key_Return);
+        digite("777", Qt::Key_Return);
         for (int i = 0; i < 3 && !s.escritorio.abiertas().isEmpty(); ++i)
             oprima(Qt::Key_Escape); // la fila, y luego la pantalla
         QVERIFY(s.escritorio.abiertas().isEmpty());
@@ -318,11 +306,8 @@ private slots:
             QCOMPARE(m.windowTitle(), "Mover Formato");
             QCOMPARE(m.acciones->checkedId(), int('R'));
             QVERIFY(m.Pos->isEnabled());
-            m.Pos->setFocus();
-            digite("30");
-            oprima(Qt::Key_Return);
-            digite("800");
-            oprima(Qt::Key_F2);
+            digite_en(m.Pos, "30", Qt::Key_Return);
+            digite("800", Qt::Key_F2);
         });
         d.pulse("SpeedButton2");
         // Desde 800 hasta 2000: el número y el texto, no la cuenta ni el cuadro.
@@ -340,25 +325,37 @@ private slots:
         const struct {
             char letra;
             const char *pos, *desde, *hasta;
-            const char* queda; ///< x,y del número; x,y,ancho,alto del cuadro
+            const char* queda; ///< entrelínea; x,y del número; x,y,ancho,alto del cuadro
         } casos[] = {
-            {'R', "10", "", "", "1510,100 60,60,1900,300"},
-            {'L', "10", "", "", "1490,100 40,60,1900,300"},
-            {'U', "10", "", "", "1500,90 50,50,1900,300"},
-            {'D', "10", "", "80", "1500,100 50,70,1900,300"},
-            {'D', "", "", "", "1500,100 50,60,1900,300"},
-            {'M', "", "", "", "1500,50 50,30,1900,150"},
-            {'Y', "", "", "", "750,100 25,60,950,300"},
-            {'C', "", "", "", "1500,200 50,120,1900,600"},
-            {'X', "", "", "", "3000,100 100,60,3800,300"},
+            {'R', "10", "", "", "40 1510,100 60,60,1900,300"},
+            {'L', "10", "", "", "40 1490,100 40,60,1900,300"},
+            {'L', "120", "50", "50", "40 1500,100 -70,60,1900,300"}, // los dos extremos entran
+            {'U', "10", "", "", "40 1500,90 50,50,1900,300"},
+            {'D', "10", "", "80", "40 1500,100 50,70,1900,300"},
+            {'D', "", "", "", "40 1500,100 50,60,1900,300"},
+            {'M', "", "", "", "20 1500,50 50,30,1900,150"},
+            {'Y', "", "", "", "40 750,100 25,60,950,300"},
+            {'C', "", "", "", "80 1500,200 50,120,1900,600"},
+            {'X', "", "", "", "40 3000,100 100,60,3800,300"},
+        };
+        const auto donde = [&](const char* formato) {
+            return s.dato(
+                QString("select list(form_entrelinea || ' ' || dafo_posx || ',' || dafo_posy || "
+                        "' ' || foli_posx || ',' || foli_posy || ',' || foli_x || ',' || foli_y) "
+                        "from formatos f join formato_datos d on d.tido_cod = f.tido_cod and "
+                        "d.pref_pre = f.pref_pre join formato_lineas l on l.tido_cod = f.tido_cod "
+                        "and l.pref_pre = f.pref_pre where dafo_item = 4 and foli_item = 1 and %1")
+                    .arg(formato));
         };
         for (const auto& c : casos) {
             s.base.ejecute({"delete from formatos"});
             ponga_formato(s, "RC");
+            s.base.ejecute({"update formatos set tido_cod = 31"}); // los ajenos no se mueven
+            for (const char* llave : {"RC", "CG"})
+                ponga_formato(s, llave);
             auto* m = s.abra<TFmoverforma>("TFmoverforma", MueveFormato{1, "RC"});
             m->Pos->setText("7"); // las de tamaño la vacían
-            m->acciones->button(c.letra)->setFocus();
-            oprima(Qt::Key_Space);
+            oprima_en(m->acciones->button(c.letra), Qt::Key_Space);
             const bool corre = QString("RLUD").contains(c.letra);
             for (QLineEdit* e : {m->Pos, m->Desde, m->Hasta})
                 QCOMPARE(e->isEnabled(), corre);
@@ -369,12 +366,14 @@ private slots:
             m->Hasta->setText(c.hasta);
             oprima(Qt::Key_F2);
             QVERIFY(s.escritorio.abiertas().isEmpty());
-            QCOMPARE(
-                s.dato("select d.dafo_posx || ',' || d.dafo_posy || ' ' || l.foli_posx || ',' || "
-                       "l.foli_posy || ',' || l.foli_x || ',' || l.foli_y from formato_datos d, "
-                       "formato_lineas l where d.dafo_item = 4 and l.foli_item = 1"),
-                QString(c.queda));
+            QCOMPARE(donde("f.tido_cod = 1 and f.pref_pre = 'RC'"), c.queda);
+            QCOMPARE(donde("(f.tido_cod = 31 or f.pref_pre = 'CG')"),
+                     "40 1500,100 50,60,1900,300,40 1500,100 50,60,1900,300");
         }
+        const auto otra = [&] {
+            s.base.base().ejecute("execute procedure mover_formato(1, 'RC', 10, 0, 2000, 'Z')");
+        };
+        QCOMPARE(falta_en(falla_de(otra), {"No existe esa forma de mover un formato."}), QString());
     }
 
     void un_grafico_toma_su_imagen_de_un_archivo() {
@@ -388,8 +387,7 @@ private slots:
         d.e->DBGridEh1->OnDblClick(0);
         QVERIFY(!d.e->GroupBox3->isVisible() && d.e->CFormalineas.State() == Estado::Edicion);
         d.enfoque(d.e->DBGridEh1, 0);
-        digite("Gráfico");
-        oprima(Qt::Key_Return);
+        digite("Gráfico", Qt::Key_Return);
         QCOMPARE(d.e->CFormalineas.FieldByName("FOLI_TIPO").texto(), "G");
         d.pulse("SBGrafico");
         QVERIFY(d.e->GroupBox3->isVisible() && d.e->DBImage1->hasFocus());

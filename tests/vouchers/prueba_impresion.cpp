@@ -1,8 +1,5 @@
 // Impresión de comprobantes: plantilla, formato propio e impresión masiva.
-#include "apoyo/archivos.h"
-#include "apoyo/comprobantes.h"
 #include "reports/informe_de_prueba.h"
-#include "toolkit/controles/listadato.h"
 #include "toolkit/impresora.h"
 #include "toolkit/informes/vista_preliminar.h"
 #include "vouchers/datos_formato.h"
@@ -10,12 +7,6 @@
 #include "vouchers/registro.h"
 #include "vouchers/tfimprcomproba.h"
 #include "vouchers/tfimprmascomproba.h"
-
-#include <QBuffer>
-#include <QCheckBox>
-#include <QPrintDialog>
-#include <QPrinter>
-#include <QRegularExpression>
 
 using namespace informes;
 
@@ -444,14 +435,10 @@ private slots:
         agregue(s, 3, kId + 9, "000702", "RC");
         auto* f = s.abra<Tfimprmascomproba>("Tfimprmascomproba");
         const auto escoja = [&] {
-            f->LTipo->setFocus();
-            digite("C");
-            oprima(Qt::Key_Tab);
+            digite_en(f->LTipo, "C", Qt::Key_Tab);
             QCOMPARE(f->CProv.FieldByName("TIPO").texto(), "CG");
             QCOMPARE(f->CProv.FieldByName("PREF").texto(), "0001");
-            f->Desde->setFocus();
-            digite("702");
-            oprima(Qt::Key_Tab);
+            digite_en(f->Desde, "702", Qt::Key_Tab);
             QCOMPARE(f->Desde->text(), "000702");
             digite("703");
         };

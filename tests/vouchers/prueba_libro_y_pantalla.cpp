@@ -1,8 +1,6 @@
 // Comprobantes al azar, con faltas al azar, por dos caminos: digitados con el teclado en la
 // pantalla, y armados con las reglas del libro sin pantalla alguna. Los dos rehúsan lo mismo y
 // dejan las mismas filas. QUORVEX_COMPROBANTES dice cuántos (500 es la corrida entera).
-#include "apoyo/azar_de_prueba.h"
-#include "apoyo/comprobantes.h"
 #include "libro/grabacion.h"
 #include "libro/importes.h"
 #include "libro/revision.h"
@@ -139,9 +137,7 @@ public:
              {std::pair{static_cast<QWidget*>(p_->ERef), c.referencia},
               std::pair{static_cast<QWidget*>(p_->DBEdit2), c.nit}})
             if (!texto.isEmpty()) {
-                control->setFocus();
-                digite(texto);
-                oprima(Qt::Key_Tab);
+                digite_en(control, texto, Qt::Key_Tab);
             }
         for (int libro : {0, 1}) {
             libro_ = libro;
@@ -256,8 +252,7 @@ private:
                 if (rechazos_[i].contains("bloqueada")) {
                     p_->EDia->setFocus();
                     p_->EDia->selectAll();
-                    digite(c.dia);
-                    oprima(Qt::Key_Tab);
+                    digite(c.dia, Qt::Key_Tab);
                 } else {
                     descuadre(c, rechazos_[i].contains("NIIF") ? 1 : 0);
                 }

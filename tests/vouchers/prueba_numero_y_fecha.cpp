@@ -96,8 +96,7 @@ private slots:
         s.base.ejecute(
             {"update comprobante_encabezado set tico_cod = 'RC', prco_pref = '0002'",
              "update prefijos_conta set pref_numero = '000003' where prco_pref = '0002'"});
-        Tfmovimien* p = d.abra();
-        d.encabezado("RC", "05", "x");
+        Tfmovimien* p = d.comience("RC", "05", "x");
         // Otro llevó el contador mucho más lejos después de que esta pantalla lo leyó.
         s.base.ejecute(
             {"update prefijos_conta set pref_numero = '000050' where prco_pref = '0002'"});
@@ -131,8 +130,7 @@ private slots:
         dice(Qt::Key_F2, "Debe indicar el día del comprobante.");
         QCOMPARE(numeros(s), QString());
         QCOMPARE(con_foco(), p->EDia);
-        digite("31");
-        oprima(Qt::Key_Tab);
+        digite("31", Qt::Key_Tab);
         QCOMPARE(p->EDia->text(), "28");
         QCOMPARE(d.barra.text(),
                  "Advertencia: Febrero de 2017 tiene 28 días: el comprobante queda con el día 28.");
@@ -176,8 +174,7 @@ private slots:
         oprima(Qt::Key_F2);
         QCOMPARE(numeros(s), "000001,000002");
         d.encabezado("CG", "07", "z");
-        p->DBCheckBox2->setFocus();
-        oprima(Qt::Key_Space);
+        oprima_en(p->DBCheckBox2, Qt::Key_Space);
         d.asiento("110505", "310505", "10");
         dice(Qt::Key_F2, "La contabilidad esta bloqueada a: 2017/01/31 (libro NIIF)");
         QCOMPARE(numeros(s), "000001,000002");

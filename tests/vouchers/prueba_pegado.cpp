@@ -2,8 +2,6 @@
 #include "apoyo_gui/anuncio.h"
 #include "vouchers/digitador.h"
 
-#include <QClipboard>
-
 class PruebaPegado : public QObject {
     Q_OBJECT
 private slots:
@@ -11,8 +9,7 @@ private slots:
         constexpr int kLineas = 100;
         SesionGui s;
         Digitador d(s);
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "Nómina");
+        Tfmovimien* p = d.comience("CG", "05", "Nómina");
         QStringList lineas;
         for (int i = 0; i < kLineas; ++i)
             lineas << QStringList{i % 2 ? "220505" : "110505",
@@ -36,9 +33,9 @@ private slots:
         const quint64 sentencias = s.dm.Quorvex.sentencias_ejecutadas() - antes;
         QCOMPARE(p->CDetalle.RecordCount(), kLineas);
         QVERIFY2(sentencias < kLineas, qPrintable(QString::number(sentencias)));
-        QCOMPARE(p->CDetalle.agregado("Sumadebito").moneda().texto(), QString("625"));
-        QCOMPARE(p->lineas_2649->Sumadeb->valor().texto(), QString("625"));
-        QCOMPARE(p->lineas_2649->SumCred->valor().texto(), QString("625"));
+        QCOMPARE(p->CDetalle.agregado("Sumadebito").moneda().texto(), "625");
+        QCOMPARE(p->lineas_2649->Sumadeb->valor().texto(), "625");
+        QCOMPARE(p->lineas_2649->SumCred->valor().texto(), "625");
         for (int i = 0; i < kLineas; ++i) {
             const auto dice = [&](const char* campo) {
                 return p->CDetalle.valor_en(i, p->CDetalle.FieldByName(campo)).texto();
@@ -46,13 +43,13 @@ private slots:
             QCOMPARE(dice("CODE_ITEM"), QString::number(i + 1));
             QCOMPARE(dice("TERC_NIT"), QString(i % 2 ? "800456789" : ""));
             QCOMPARE(dice("CODE_CONCEPTO"), QString("Línea %1").arg(i));
-            QCOMPARE(dice(i % 2 ? "CODE_CREDITO" : "CODE_DEBITO"), QString("12.5"));
+            QCOMPARE(dice(i % 2 ? "CODE_CREDITO" : "CODE_DEBITO"), "12.5");
         }
         oprima(Qt::Key_F2);
         // La celda pegada en blanco se guarda en cero.
         QCOMPARE(s.dato("select count(*) || ':' || sum(code_debito) || ':' || sum(code_credito) "
                         "from comprobante_detalle where code_debito = 0 or code_credito = 0"),
-                 QString("100:625.00:625.00"));
+                 "100:625.00:625.00");
     }
 };
 

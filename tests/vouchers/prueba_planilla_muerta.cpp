@@ -1,9 +1,7 @@
 // Un programa que muere con su pantalla abierta (corte de luz, kill -9). Una planilla que estaba
 // grabando deja todos sus comprobantes o ninguno, y la hoja se puede volver a grabar; los saldos
 // iniciales que se digitaban se ofrecen al volver. El que muere es este mismo programa.
-#include "apoyo/comprobantes.h"
 #include "apoyo/muerte.h"
-#include "apoyo/reloj_de_prueba.h"
 #include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/huerfano.h"
 #include "sesion/borrador_filas.h"
@@ -12,9 +10,6 @@
 #include "vouchers/peticiones_planilla.h"
 #include "vouchers/tfplanilladatos.h"
 #include "vouchers/tfsaldiniciales.h"
-
-#include <QClipboard>
-#include <QEventLoop>
 
 namespace {
 
@@ -56,8 +51,7 @@ void digite_saldos(const QString& base) {
     auto* p = s.abra<Tfsaldiniciales>("Tfsaldiniciales");
     Rejilla& r = *p->lineas->rejilla;
     enfoque(p, "DBGridEh1", LineasSaldos::kDebito);
-    digite("900");
-    oprima(Qt::Key_Down);
+    digite("900", Qt::Key_Down);
     r.SelectedIndex(0);
     d.linea({"111005", "", "", "", "100", ""});
     r.SelectedIndex(0);
@@ -150,18 +144,16 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         const QDir carpeta(p->findChild<BorradorFilas*>()->carpeta());
         QVERIFY(borradores(carpeta).isEmpty());
-        QCOMPARE(p->lineas->Sumadeb->text() + ' ' + p->lineas->SumCred->text(),
-                 QString("1,000.00 5.00"));
+        QCOMPARE(p->lineas->Sumadeb->text() + ' ' + p->lineas->SumCred->text(), "1,000.00 5.00");
         p->lineas->rejilla->setFocus();
         p->CSaldos.Last();
         p->lineas->rejilla->SelectedIndex(LineasSaldos::kCredito);
-        digite("1000");
-        oprima(Qt::Key_F2);
+        digite("1000", Qt::Key_F2);
         QVERIFY(s.escritorio.abiertas().isEmpty());
         QCOMPARE(dato("select list(sain_item || ':' || cuen_cod || ':' || cast(sain_debito - "
                       "sain_credito as integer)) from (select * from saldos_iniciales order by "
                       "sain_item)"),
-                 QString("7:110505:900,8:111005:100,9:310505:-1000"));
+                 "7:110505:900,8:111005:100,9:310505:-1000");
         QVERIFY(borradores(carpeta).isEmpty());
         p = s.abra<Tfsaldiniciales>("Tfsaldiniciales"); // ya no pregunta
         QVERIFY(p && p->CSaldos.ChangeCount() == 0);

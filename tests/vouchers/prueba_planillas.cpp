@@ -1,6 +1,4 @@
 // Planillas de digitación: definirlas, y crear con una hoja muchos comprobantes o ninguno.
-#include "apoyo/comprobantes.h"
-#include "apoyo/reloj_de_prueba.h"
 #include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/huerfano.h"
 #include "sesion/borrador_filas.h"
@@ -11,8 +9,6 @@
 #include "vouchers/planilla.h"
 #include "vouchers/tfbuscplanillasd.h"
 #include "vouchers/tfplanilladatos.h"
-
-#include <QClipboard>
 
 namespace {
 
@@ -33,8 +29,9 @@ void siembre(SesionGui& s, const char* mes = "N", const char* tercero = "N",
 
 const char* const kLineas =
     "select list(enco_numero || ':' || code_item || ':' || cuen_cod || ':' || code_debito || ':' "
-    "|| code_credito, ' ') from (select enco_numero, d.* from comprobante_encabezado join "
-    "comprobante_detalle d using (enco_consec) order by enco_numero, code_item)";
+    "|| code_credito, ' ') from (select enco_numero, code_item, cuen_cod, code_debito, "
+    "code_credito from comprobante_encabezado join comprobante_detalle using (enco_consec) order "
+    "by enco_numero, code_item)";
 
 Moneda pesos(const char* texto) {
     return Moneda::de_texto(texto);
@@ -79,7 +76,7 @@ private slots:
         QCOMPARE(lados(de({db, cuadra}, {pesos("10"), pesos("3")})),
                  QStringList({"0:10:0", "1:3:0"}));
         QVERIFY(de({db, cr}, {{}, {}}).lineas_2649.isEmpty());
-        QCOMPARE(de({db}, {pesos("1")}).concepto, QString("Ventas 7"));
+        QCOMPARE(de({db}, {pesos("1")}).concepto, "Ventas 7");
     }
 
     void se_define_con_el_teclado_y_la_base_le_da_su_numero() {
@@ -88,11 +85,10 @@ private slots:
         auto* lista = s.abra<Tfbuscplanillasd>("Tfbuscplanillasd");
         oprima(Qt::Key_F5);
         Pantalla* p = s.escritorio.activa();
-        QCOMPARE(p->objectName(), QString("Tfnvaplanillad"));
+        QCOMPARE(p->objectName(), "Tfnvaplanillad");
         escriba(p, "ENombre", "Ventas del día");
         enfoque(p, "LTipo");
-        digite("Comprobante");
-        oprima(Qt::Key_Tab);
+        digite("Comprobante", Qt::Key_Tab);
         QVERIFY(!componente<QWidget>(p, "LPref").isEnabled());
         QVERIFY(!componente<QWidget>(p, "Nit").isVisible());
         pulse(p, "ckTerc");
@@ -133,17 +129,16 @@ private slots:
                  id + "1CajaSN," + id + "2BancosSN");
         oprima(Qt::Key_F4);
         p = s.escritorio.activa();
-        QCOMPARE(p->objectName(), QString("Tfmodplanillad"));
+        QCOMPARE(p->objectName(), "Tfmodplanillad");
         enfoque(p, "DBGridEh1");
         oprima(Qt::Key_End, Qt::ControlModifier);
         oprima(Qt::Key_Down);
         enfoque(p, "DBGridEh1", 0);
         digite_celdas({"310505", "Capital", "", "", ""});
         oprima(Qt::Key_F2);
-        QCOMPARE(s.dato("select max(pldc_item) from planilla_digitacion_cuentas"), QString("3"));
-        i.espere("Desea borrar definitivamente la planilla " + id + '?', "Sí");
-        oprima(Qt::Key_F3);
-        QCOMPARE(s.dato("select count(*) from planilla_digitacion_cuentas"), QString("0"));
+        QCOMPARE(s.dato("select max(pldc_item) from planilla_digitacion_cuentas"), "3");
+        dice(Qt::Key_F3, "Desea borrar definitivamente la planilla " + id + '?', "Sí");
+        QCOMPARE(s.dato("select count(*) from planilla_digitacion_cuentas"), "0");
     }
 
     void los_derechos_son_los_de_las_plantillas() {
@@ -158,8 +153,7 @@ private slots:
         QVERIFY(!s.abra<Tfbuscplanillasd>("Tfbuscplanillasd"));
         s.otorgue(41);
         QVERIFY(s.abra<Tfbuscplanillasd>("Tfbuscplanillasd"));
-        i.espere(negado);
-        oprima(Qt::Key_F5);
+        dice(Qt::Key_F5, negado);
         i.espere(negado);
         oprima(Qt::Key_F8); // ejecutar es digitar
         QVERIFY(!s.escritorio.abierta("Tfplanilladatos"));
@@ -182,33 +176,29 @@ private slots:
                                        "CONCEPTO", "Caja", " Base > ", "Reten", "Ventas"}));
         QVERIFY(!componente<QWidget>(p, "EMes").isVisible());
         ListaFalsa<PideTercero> terceros("Tfterceros");
-        p->DBGridEh1->setFocus();
-        oprima(Qt::Key_Insert);
-        oprima(Qt::Key_F6);
+        oprima_en(p->DBGridEh1, Qt::Key_Insert, Qt::Key_F6);
         terceros.conteste("800456789");
         agote_eventos();
-        QCOMPARE(p->CVirtdata.FieldByName("TERCERO").texto(), QString("800456789"));
+        QCOMPARE(p->CVirtdata.FieldByName("TERCERO").texto(), "800456789");
         enfoque(p, "DBGridEh1", 0);
         Interlocutor i;
         i.espere_comienzo("Se presento el siguiente error: Tercero no encontrado");
         digite_celdas({"20170228", "15", "123"});
         oprima(Qt::Key_Escape);
         enfoque(p, "DBGridEh1", 2);
-        digite("andina");
-        oprima(Qt::Key_Down);
-        oprima(Qt::Key_Return);
+        digite("andina", Qt::Key_Down, Qt::Key_Return);
         enfoque(p, "DBGridEh1", 3);
         digite_celdas({"0002", "0001", "Mostrador", "1000", "900", "22.5"});
         oprima(Qt::Key_F2);
         QVERIFY(!s.escritorio.abierta("Tfplanilladatos"));
-        QCOMPARE(s.dato(kLineas), QString("000015:0:110505:1000.00:0.00 000015:1:236540:0.00:22.50 "
-                                          "000015:2:413505:0.00:977.50"));
+        QCOMPARE(s.dato(kLineas), "000015:0:110505:1000.00:0.00 000015:1:236540:0.00:22.50 "
+                                  "000015:2:413505:0.00:977.50");
         QCOMPARE(s.dato("select enco_fecha || enco_concepto || terc_nit from "
                         "comprobante_encabezado"),
-                 QString("20170228Ventas 15800456789"));
+                 "20170228Ventas 15800456789");
         QCOMPARE(s.dato("select code_base || ':' || code_porc || ':' || code_concepto || ':' || "
                         "proy_cod || cent_cod from comprobante_detalle where cuen_cod = '236540'"),
-                 QString("900.00:2.50:Mostrador:00020001"));
+                 "900.00:2.50:Mostrador:00020001");
     }
 
     void se_digita_de_corrido_con_enter_y_la_ultima_fila_en_blanco_no_estorba() {
@@ -216,14 +206,13 @@ private slots:
         Digitador d(s);
         siembre(s);
         auto* p = s.abra<Tfplanilladatos>("Tfplanilladatos", AbrePlanilla{"1"});
-        p->DBGridEh1->setFocus();
-        oprima(Qt::Key_Insert);
+        oprima_en(p->DBGridEh1, Qt::Key_Insert);
         digite_celdas({"3", "901", "300/2", "", "", ""});
         digite_celdas({"4", "902", "275", "", "", ""});
         oprima(Qt::Key_F2);
         QVERIFY(!s.escritorio.abierta("Tfplanilladatos"));
         QCOMPARE(s.dato("select list(enco_numero || enco_fecha) from comprobante_encabezado"),
-                 QString("00090120170103,00090220170104"));
+                 "00090120170103,00090220170104");
     }
 
     void los_descuadrados_se_omiten_y_se_dicen_de_una_vez() {
@@ -233,7 +222,7 @@ private slots:
         s.base.ejecute({"update planilla_digitacion_cuentas set pldc_cuadrar = 'N'"});
         s.cnt.periodo_actual = 2;
         auto* p = s.abra<Tfplanilladatos>("Tfplanilladatos", AbrePlanilla{"1"});
-        QCOMPARE(componente<QLineEdit>(p, "EMes").text(), QString("Marzo"));
+        QCOMPARE(componente<QLineEdit>(p, "EMes").text(), "Marzo");
         QApplication::clipboard()->setText("5\t1\t100\t\t\t100\n"
                                            "6\t2\t100\t\t\t90\n"
                                            "7\t3\t\t\t\t\n"
@@ -247,14 +236,13 @@ private slots:
             if (veces == 0)
                 oprima(Qt::Key_Z, Qt::ControlModifier);
         }
-        i.espere("No puede grabar un comprobante descuadrado. Se omite el comprobante 2\n"
-                 "No puede grabar un comprobante descuadrado. Se omite el comprobante 4");
-        oprima(Qt::Key_F2);
+        dice(Qt::Key_F2, "No puede grabar un comprobante descuadrado. Se omite el comprobante 2\n"
+                         "No puede grabar un comprobante descuadrado. Se omite el comprobante 4");
         QVERIFY(!s.escritorio.abierta("Tfplanilladatos"));
         // El 3, en ceros, es un encabezado sin líneas.
         QCOMPARE(s.dato("select list(enco_numero || enco_fecha) from comprobante_encabezado"),
-                 QString("00000120170305,00000320170307"));
-        QCOMPARE(s.dato("select count(*) from comprobante_detalle"), QString("2"));
+                 "00000120170305,00000320170307");
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle"), "2");
     }
 
     void una_fila_que_falla_no_deja_nada_escrito_y_la_hoja_sigue() {
@@ -269,11 +257,11 @@ private slots:
         Interlocutor i;
         espere_anuncio(i);
         p->DBGridEh1->ejecute_orden(Rejilla::Pegar);
-        i.espere("No se grabó ningún comprobante.\n"
-                 "Fila 2, comprobante 2: cuenta 236540: Debe indicar una base para el movimiento.\n"
-                 "Fila 3, comprobante 1: el número está repetido en la planilla.");
-        oprima(Qt::Key_F2);
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        dice(Qt::Key_F2,
+             "No se grabó ningún comprobante.\n"
+             "Fila 2, comprobante 2: cuenta 236540: Debe indicar una base para el movimiento.\n"
+             "Fila 3, comprobante 1: el número está repetido en la planilla.");
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         QCOMPARE(p->CVirtdata.RecordCount(), 3);
         // El programa muere: la hoja se ofrece a la siguiente, una vez, con su edad.
         const RelojDetenido a_las_diez({2017, 5, 15}, {10, 0});
@@ -305,13 +293,13 @@ private slots:
         p->CVirtdata.FieldByName("Caja") = pesos("60");
         i.espere_comienzo("Se cay");
         oprima(Qt::Key_F2);
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         QCOMPARE(p->CVirtdata.RecordCount(), 3);
         p->CVirtdata.Edit();
         p->CVirtdata.FieldByName("Caja") = pesos("61");
         oprima(Qt::Key_F2);
         QVERIFY(!s.escritorio.abierta("Tfplanilladatos"));
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("3"));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "3");
         QCOMPARE(saldos_distintos(s.base.base()), QString());
     }
 
@@ -354,8 +342,7 @@ private slots:
                         "grant all on transacciones to trigger anota"});
         oprima(Qt::Key_F2);
         QVERIFY(!s.escritorio.abierta("Tfplanilladatos"));
-        QCOMPARE(s.dato("select count(*) || ':' || count(distinct t) from transacciones"),
-                 QString("200:1"));
+        QCOMPARE(s.dato("select count(*) || ':' || count(distinct t) from transacciones"), "200:1");
         QCOMPARE(s.dato("select sum(code_debito) from comprobante_detalle where cuen_cod = "
                         "'111005'"),
                  total.texto());

@@ -1,8 +1,6 @@
 // La réplica NIIF vista desde la pantalla: completa o ninguna, y sin atrapar a nadie.
 #include "vouchers/digitador.h"
 
-#include <QAction>
-
 namespace {
 
 const char* const kSinNit = "Debe indicar un NIT para el movimiento.";
@@ -14,8 +12,7 @@ QString niif(SesionGui& s) {
 }
 
 void marque_replica(Tfmovimien* p) {
-    p->DBCheckBox2->setFocus();
-    oprima(Qt::Key_Space);
+    oprima_en(p->DBCheckBox2, Qt::Key_Space);
 }
 
 } // namespace
@@ -27,22 +24,21 @@ private slots:
         SesionGui s;
         Digitador d(s);
         s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '310505'"});
-        Tfmovimien* p = d.abra();
-        d.encabezado("CG", "05", "x");
+        Tfmovimien* p = d.comience("CG", "05", "x");
         marque_replica(p);
         d.asiento("110505", "310505", "10");
         const char* texto = "La cuenta 310505 (línea 2) no tiene una cuenta NIIF equivalente que "
                             "pueda llevar movimiento: la réplica quedaría descuadrada.";
         dice(Qt::Key_F2, texto);
-        QCOMPARE(d.celda("CUEN_COD"), QString("310505")); // el cursor quedó en ella
+        QCOMPARE(d.celda("CUEN_COD"), "310505"); // el cursor quedó en ella
         dice([&] { p->PageControl1->setCurrentIndex(1); }, texto);
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), QString("0"));
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         p->PageControl1->setCurrentIndex(0);
         // Con la equivalencia puesta el mismo F2 graba los dos libros.
         s.base.ejecute({"update cuentas set cuen_eqniif = '310505' where cuen_cod = '310505'"});
         d.rejilla().setFocus();
         oprima(Qt::Key_F2);
-        QCOMPARE(niif(s), QString("110505:10.00:0.00::1,310505:0.00:10.00::2"));
+        QCOMPARE(niif(s), "110505:10.00:0.00::1,310505:0.00:10.00::2");
     }
 
     void la_replica_sin_el_nit_que_pide_su_cuenta_se_dice_y_se_corrige() {
@@ -62,14 +58,14 @@ private slots:
         QVERIFY(p->GroupBox1->isVisible());
         componente<QPushButton>(p, "SpeedButton2").click();
         d.rejilla().setFocus();
-        QCOMPARE(d.celda("CUEN_COD"), QString("130505"));
+        QCOMPARE(d.celda("CUEN_COD"), "130505");
         oprima(Qt::Key_Down);
-        QCOMPARE(d.celda("CUEN_COD"), QString("310505"));
+        QCOMPARE(d.celda("CUEN_COD"), "310505");
         oprima(Qt::Key_Up);
-        QCOMPARE(d.celda("CUEN_COD"), QString("130505"));
+        QCOMPARE(d.celda("CUEN_COD"), "130505");
         QVERIFY(p->Cdetniif.editando()); // tampoco a quien volvió a ella, ya en edición
         oprima(Qt::Key_Down);
-        QCOMPARE(d.celda("CUEN_COD"), QString("310505"));
+        QCOMPARE(d.celda("CUEN_COD"), "310505");
         p->PageControl1->setCurrentIndex(0);
         Interlocutor i;
         i.espere(QString("Línea 1 del libro NIIF, cuenta 130505: ") + kSinNit);
@@ -78,12 +74,10 @@ private slots:
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         // La pantalla llevó al usuario a la celda que falta; la llena y graba.
         QCOMPARE(p->PageControl1->currentIndex(), 1);
-        QCOMPARE(d.celda("CUEN_COD"), QString("130505"));
+        QCOMPARE(d.celda("CUEN_COD"), "130505");
         QCOMPARE(d.rejilla().SelectedIndex(), int(LineasLibro::kTercero));
-        digite("900123456");
-        oprima(Qt::Key_Return);
-        oprima(Qt::Key_F2);
-        QCOMPARE(niif(s), QString("130505:10.00:0.00:900123456:1,310505:0.00:10.00::2"));
+        digite("900123456", Qt::Key_Return, Qt::Key_F2);
+        QCOMPARE(niif(s), "130505:10.00:0.00:900123456:1,310505:0.00:10.00::2");
         QVERIFY(p->CDetalle.IsEmpty());
     }
 
@@ -94,29 +88,23 @@ private slots:
         ponga_comprobante(s, 1, "000021", "20170315", {"152405:7:0", "310505:0:7"},
                           "comprobante_detalle_niif");
         Tfedtmovimien* p = abra_edicion(s, 1);
-        p->DBCheckBox2->setFocus();
-        oprima(Qt::Key_Space);
+        oprima_en(p->DBCheckBox2, Qt::Key_Space);
         dice([&] { componente<QAction>(p, "ReplicaraNIIF1").trigger(); },
-             "Esta seguro de descartar la información de NIIF y reemplazarla por la "
-             "equivalencia?",
+             "Esta seguro de descartar la información de NIIF y reemplazarla por la equivalencia?",
              "Sí");
-        p->lineas_2649->rejilla->setFocus();
-        oprima(Qt::Key_F2);
-        QCOMPARE(niif(s), QString("110505:100.00:0.00::1,310505:0.00:100.00::2"));
+        oprima_en(p->lineas_2649->rejilla, Qt::Key_F2);
+        QCOMPARE(niif(s), "110505:100.00:0.00::1,310505:0.00:100.00::2");
         // Otro día se corrige el 2649: la réplica lo sigue.
         p = abra_edicion(s, 1);
         p->lineas_2649->rejilla->setFocus();
         oprima(Qt::Key_Home, Qt::ControlModifier);
         p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kDebito);
-        digite("250");
-        oprima(Qt::Key_Down);
+        digite("250", Qt::Key_Down);
         p->lineas_2649->rejilla->SelectedIndex(LineasLibro::kCredito);
-        digite("250");
-        oprima(Qt::Key_Return);
-        oprima(Qt::Key_F2);
+        digite("250", Qt::Key_Return, Qt::Key_F2);
         QCOMPARE(s.escritorio.abiertas().size(), 0);
-        QCOMPARE(niif(s), QString("110505:250.00:0.00::1,310505:0.00:250.00::2"));
-        QCOMPARE(s.dato("select count(*) from verifique_saldos('NIIF')"), QString("0"));
+        QCOMPARE(niif(s), "110505:250.00:0.00::1,310505:0.00:250.00::2");
+        QCOMPARE(s.dato("select count(*) from verifique_saldos('NIIF')"), "0");
     }
 
     void replicar_no_descarta_nada_si_una_cuenta_no_tiene_equivalente() {
@@ -127,19 +115,17 @@ private slots:
                           "comprobante_detalle_niif");
         s.base.ejecute({"update cuentas set cuen_eqniif = null where cuen_cod = '110505'"});
         Tfedtmovimien* p = abra_edicion(s, 1);
-        p->DBCheckBox2->setFocus();
-        oprima(Qt::Key_Space);
+        oprima_en(p->DBCheckBox2, Qt::Key_Space);
         Interlocutor i;
-        i.espere("Esta seguro de descartar la información de NIIF y reemplazarla por la "
-                 "equivalencia?",
-                 "Sí");
+        i.espere(
+            "Esta seguro de descartar la información de NIIF y reemplazarla por la equivalencia?",
+            "Sí");
         i.espere("La cuenta 110505 (línea 1) no tiene una cuenta NIIF equivalente que pueda llevar "
                  "movimiento: la réplica quedaría descuadrada.");
         componente<QAction>(p, "ReplicaraNIIF1").trigger();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->Cdetniif.RecordCount(), 2);
-        QCOMPARE(p->Cdetniif.valor_en(0, p->Cdetniif.FieldByName("CUEN_COD")).texto(),
-                 QString("152405"));
+        QCOMPARE(p->Cdetniif.valor_en(0, p->Cdetniif.FieldByName("CUEN_COD")).texto(), "152405");
         p->CMovimiento.CancelUpdates();
     }
 };

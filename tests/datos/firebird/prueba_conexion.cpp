@@ -1,7 +1,4 @@
-#include "datos/firebird/conexion.h"
 
-#include <QTemporaryDir>
-#include <QtTest>
 
 class PruebaConexion : public QObject {
     Q_OBJECT
@@ -26,12 +23,12 @@ private slots:
         c_.ejecute("insert into t (id) values (2)");
         const auto cursor = c_.abra("select * from t order by id");
         QVERIFY(cursor->siguiente());
-        QCOMPARE(cursor->valor(1).texto(), QString("Ñandú"));
-        QCOMPARE(cursor->valor(2).texto(), QString("S")); // los blancos del CHAR se recortan
-        QCOMPARE(cursor->valor(3).moneda().texto(), QString("9999999999999.99"));
-        QCOMPARE(cursor->valor(4).texto(), QString("0.0001"));
-        QCOMPARE(cursor->valor(5).texto(), QString("2018/02/21"));
-        QCOMPARE(cursor->valor(6).texto(), QString("13:05:09"));
+        QCOMPARE(cursor->valor(1).texto(), "Ñandú");
+        QCOMPARE(cursor->valor(2).texto(), "S"); // los blancos del CHAR se recortan
+        QCOMPARE(cursor->valor(3).moneda().texto(), "9999999999999.99");
+        QCOMPARE(cursor->valor(4).texto(), "0.0001");
+        QCOMPARE(cursor->valor(5).texto(), "2018/02/21");
+        QCOMPARE(cursor->valor(6).texto(), "13:05:09");
         QCOMPARE(cursor->valor(7).texto().size(), 40000);
         QCOMPARE(cursor->valor(8).binario(), binario);
         QVERIFY(cursor->siguiente());
@@ -50,7 +47,7 @@ private slots:
         }
         QVERIFY_THROWS_EXCEPTION(
             ErrorDatos, c_.ejecute("update t set nombre = ? where id = 1", {"12345678901"}));
-        QCOMPARE(c_.consulte("select nombre from t where id = 1").texto(), QString("Ñandú"));
+        QCOMPARE(c_.consulte("select nombre from t where id = 1").texto(), "Ñandú");
     }
 
     void dos_conexiones_comparten_el_archivo_y_se_esperan() {
@@ -68,13 +65,12 @@ private slots:
         QVERIFY(otra.consulte("select nombre from t where id = 2").nulo()); // leer no espera
         a.confirme();
         otra.ejecute("update t set nombre = 'b' where id = 2");
-        QCOMPARE(c_.consulte("select nombre from t where id = 2").texto(), QString("b"));
+        QCOMPARE(c_.consulte("select nombre from t where id = 2").texto(), "b");
     }
 
     void una_consulta_repetida_se_contesta_de_memoria_hasta_que_algo_cambie() {
-        c_.ejecute(
-            "recreate table r (id integer not null primary key, nombre varchar(10), nota blob "
-            "sub_type text)");
+        c_.ejecute("recreate table r (id integer not null primary key, nombre varchar(10), nota "
+                   "blob sub_type text)");
         for (int i = 0; i < 100; ++i)
             c_.ejecute("insert into r values (?, ?, 'nota')", {i, QString("n%1").arg(i)});
         const auto cuente = [&](const QString& sql, const QVector<Valor>& valores = {}) {
@@ -89,10 +85,8 @@ private slots:
         {
             const ConsultasRepetidas memoria(c_);
             for (int i = 0; i < 5; ++i) {
-                QCOMPARE(c_.consulte("select nombre from r where id = ?", {7}).texto(),
-                         QString("n7"));
-                QCOMPARE(c_.consulte("select nombre from r where id = ?", {8}).texto(),
-                         QString("n8"));
+                QCOMPARE(c_.consulte("select nombre from r where id = ?", {7}).texto(), "n7");
+                QCOMPARE(c_.consulte("select nombre from r where id = ?", {8}).texto(), "n8");
                 QCOMPARE(cuente("select id from r where id = 1000"), 0);
                 QCOMPARE(cuente("select nombre from r where id < 60 order by id"), 60);
             }
@@ -100,12 +94,11 @@ private slots:
             // Una respuesta larga, o con memos, se pide siempre entera.
             for (int i = 0; i < 2; ++i) {
                 QCOMPARE(cuente("select nombre from r order by id"), 100);
-                QCOMPARE(c_.consulte("select nota from r where id = 7").texto(), QString("nota"));
+                QCOMPARE(c_.consulte("select nota from r where id = 7").texto(), "nota");
             }
             QCOMPARE(vistas, 8);
             c_.ejecute("update r set nombre = 'otro' where id = 7");
-            QCOMPARE(c_.consulte("select nombre from r where id = ?", {7}).texto(),
-                     QString("otro"));
+            QCOMPARE(c_.consulte("select nombre from r where id = ?", {7}).texto(), "otro");
         }
         vistas = 0;
         for (int i = 0; i < 3; ++i)

@@ -1,12 +1,7 @@
 // Cada falla del motor se reconoce por su código y se cuenta en español, sin nombres de la base.
-#include "datos/firebird/conexion.h"
 #include "datos/firebird/interno.h"
 #include "datos/firebird/nombres.h"
 
-#include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QtTest>
-#include <csignal>
 #include <sys/resource.h>
 
 namespace {
@@ -21,7 +16,7 @@ const QRegularExpression& ajeno() {
     return e;
 }
 
-ErrorBase falla_de(const std::function<void()>& que) {
+ErrorBase falla_del_motor(const std::function<void()>& que) {
     try {
         que();
     } catch (const ErrorBase& e) {
@@ -48,8 +43,7 @@ private slots:
               "dia date)",
               "create unique index u_papa on papa (nom)",
               "create table hijo (cod integer not null constraint pk_hijo primary key, papa "
-              "integer "
-              "constraint fk_hijo references papa (cod))",
+              "integer constraint fk_hijo references papa (cod))",
               "create exception ex_simple 'La cuenta ñ no existe.'",
               "create exception ex_con 'La cuenta @1 no existe.'",
               "create procedure falle_con as begin exception ex_con using ('11'); end",
@@ -107,26 +101,29 @@ private slots:
              "La base de datos rechazó la operación (código 335544569)."},
         };
         for (const auto& caso : casos) {
-            const ErrorBase e = falla_de([&] { c_.ejecute(caso.sql); });
+            const ErrorBase e = falla_del_motor([&] { c_.ejecute(caso.sql); });
             QVERIFY2(e.clase() == caso.clase, caso.sql);
             QCOMPARE(e.para_usuario(), QString(caso.frase));
             QVERIFY2(!ajeno().match(e.para_usuario()).hasMatch(), qPrintable(e.para_usuario()));
             QVERIFY2(!e.detalle().isEmpty(), caso.sql); // lo del motor queda para quien da soporte
         }
         // Las dos que el reporte reconoce conservan su forma: las palabras, en el carácter 19.
-        QVERIFY(falla_de([&] { c_.ejecute("insert into papa (cod, nom) values (2, 'uno')"); })
-                    .texto()
-                    .mid(18)
-                    .startsWith("violation of PRIMARY"));
-        QVERIFY(falla_de([&] { c_.ejecute("delete from papa"); })
+        QVERIFY(
+            falla_del_motor([&] { c_.ejecute("insert into papa (cod, nom) values (2, 'uno')"); })
+                .texto()
+                .mid(18)
+                .startsWith("violation of PRIMARY"));
+        QVERIFY(falla_del_motor([&] { c_.ejecute("delete from papa"); })
                     .texto()
                     .mid(18)
                     .startsWith("violation of FOREIGN"));
-        QVERIFY(falla_de([&] { c_.ejecute("delete from papa"); }).causa().en_uso);
-        QVERIFY(!falla_de([&] { c_.ejecute("insert into hijo values (2, 7)"); }).causa().en_uso);
-        QCOMPARE(
-            falla_de([&] { c_.ejecute("insert into hijo values (98, 1)"); }).causa().restriccion,
-            QString("EX_SIMPLE"));
+        QVERIFY(falla_del_motor([&] { c_.ejecute("delete from papa"); }).causa().en_uso);
+        QVERIFY(
+            !falla_del_motor([&] { c_.ejecute("insert into hijo values (2, 7)"); }).causa().en_uso);
+        QCOMPARE(falla_del_motor([&] { c_.ejecute("insert into hijo values (98, 1)"); })
+                     .causa()
+                     .restriccion,
+                 "EX_SIMPLE");
     }
 
     void sin_diccionario_los_mensajes_callan_el_nombre() {
@@ -135,10 +132,12 @@ private slots:
             throw ErrorDatos("el diccionario tampoco se pudo leer");
         };
         instale_nombres_de_datos(nombres);
-        QCOMPARE(falla_de([&] { c_.ejecute("insert into papa (cod) values (3)"); }).para_usuario(),
-                 QString("Falta un dato obligatorio."));
-        QCOMPARE(falla_de([&] { c_.ejecute("delete from papa"); }).para_usuario(),
-                 QString("No se puede borrar ni cambiar su código: otros registros lo usan."));
+        QCOMPARE(falla_del_motor([&] {
+                     c_.ejecute("insert into papa (cod) values (3)");
+                 }).para_usuario(),
+                 "Falta un dato obligatorio.");
+        QCOMPARE(falla_del_motor([&] { c_.ejecute("delete from papa"); }).para_usuario(),
+                 "No se puede borrar ni cambiar su código: otros registros lo usan.");
         initTestCase_nombres();
     }
 
@@ -147,7 +146,8 @@ private slots:
         c_.ejecute("grant select on papa to pepe");
         Conexion pepe;
         pepe.conectar({carpeta_.filePath("x.fdb"), "PEPE", ""});
-        const ErrorBase permiso = falla_de([&] { pepe.ejecute("update papa set corto = 1"); });
+        const ErrorBase permiso =
+            falla_del_motor([&] { pepe.ejecute("update papa set corto = 1"); });
         QVERIFY(permiso.clase() == ClaseFalla::SinPermiso);
         QVERIFY2(!ajeno().match(permiso.para_usuario()).hasMatch(), permiso.what());
         pepe.desconectar();
@@ -158,13 +158,13 @@ private slots:
         getrlimit(RLIMIT_FSIZE, &previo);
         const rlimit corto{rlim_t(QFileInfo(carpeta_.filePath("x.fdb")).size()), previo.rlim_max};
         setrlimit(RLIMIT_FSIZE, &corto);
-        const ErrorBase lleno = falla_de([&] {
+        const ErrorBase lleno = falla_del_motor([&] {
             for (int i = 0; i < 2000; ++i)
                 c_.ejecute("insert into relleno select lpad('', 8000, gen_uuid()) from rdb$types");
         });
-        const ErrorBase orden = falla_de([&] {
-            c_.consulte("select first 1 a.rdb$type_name from rdb$types a, rdb$types b, rdb$types "
-                        "c order by lpad(b.rdb$type_name || c.rdb$type_name, 3000)");
+        const ErrorBase orden = falla_del_motor([&] {
+            c_.consulte("select first 1 a.rdb$type_name from rdb$types a, rdb$types b, rdb$types c "
+                        "order by lpad(b.rdb$type_name || c.rdb$type_name, 3000)");
         });
         setrlimit(RLIMIT_FSIZE, &previo);
         for (const auto& [e, dice] : {std::pair{lleno, "No queda espacio en el disco de la base"},
@@ -228,7 +228,9 @@ private slots:
         };
         for (const auto& caso : casos) {
             Conexion otra;
-            const ErrorBase e = falla_de([&] { otra.conectar({caso.base, "SYSDBA", "", 1}); });
+            const ErrorBase e = falla_del_motor([&] {
+                otra.conectar({caso.base, "SYSDBA", "", 1});
+            });
             QVERIFY2(e.clase() == caso.clase, e.what());
             QCOMPARE(e.para_usuario(), caso.texto);
             QVERIFY2(e.texto().startsWith("dbExpress Error: "), e.what());
@@ -239,7 +241,7 @@ private slots:
         const QString base = carpeta_.filePath("tarde.fdb");
         Conexion tarde;
         QVERIFY_EXCEPTION_THROWN(tarde.conectar({base, "SYSDBA", "", 1}), ErrorBase);
-        const ErrorBase e = falla_de([&] { tarde.consulte("select 1 from rdb$database"); });
+        const ErrorBase e = falla_del_motor([&] { tarde.consulte("select 1 from rdb$database"); });
         QVERIFY2(e.clase() == ClaseFalla::NoExiste, e.what()); // lo mismo que dijo la primera vez
         {
             Conexion otra;
@@ -258,7 +260,7 @@ private slots:
         int intentos = 0;
         const auto vez = [&](ModoTransaccion modo) {
             intentos = 0;
-            return falla_de([&] {
+            return falla_del_motor([&] {
                 otra.en_transaccion(modo, [&](Transaccion& t) {
                     ++intentos;
                     otra.prepare("update papa set corto = 2 where cod = 1", t)->ejecute(t, {});

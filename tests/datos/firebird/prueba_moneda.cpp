@@ -1,6 +1,5 @@
 #include "datos/firebird/racional.h"
 
-#include <QtTest>
 #include <limits>
 
 class PruebaMoneda : public QObject {
@@ -37,14 +36,13 @@ private slots:
     }
 
     void el_redondeo_lleva_la_mitad_al_par() {
-        QCOMPARE(Moneda::de_texto("0.125").redondeada(2).texto(), QString("0.12"));
-        QCOMPARE(Moneda::de_texto("0.135").redondeada(2).texto(), QString("0.14"));
-        QCOMPARE(Moneda::de_texto("-0.125").redondeada(2).texto(), QString("-0.12"));
-        QCOMPARE(Moneda::de_texto("0.125").redondeada(2, Redondeo::MitadArriba).texto(),
-                 QString("0.13"));
+        QCOMPARE(Moneda::de_texto("0.125").redondeada(2).texto(), "0.12");
+        QCOMPARE(Moneda::de_texto("0.135").redondeada(2).texto(), "0.14");
+        QCOMPARE(Moneda::de_texto("-0.125").redondeada(2).texto(), "-0.12");
+        QCOMPARE(Moneda::de_texto("0.125").redondeada(2, Redondeo::MitadArriba).texto(), "0.13");
         QCOMPARE(Moneda::de_texto("2.5").escalado(0), qint64(2));
         QCOMPARE(Moneda::de_texto("3.5").escalado(0), qint64(4));
-        QCOMPARE(Moneda::de_escalado(12345678, 6).texto(), QString("12.3457"));
+        QCOMPARE(Moneda::de_escalado(12345678, 6).texto(), "12.3457");
     }
 
     void el_porcentaje_se_redondea_al_multiplo_configurado() {

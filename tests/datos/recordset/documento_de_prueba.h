@@ -1,6 +1,5 @@
 #pragma once
 // Maestra y dos detalles, como un comprobante con sus dos libros.
-#include "datos/recordset/conjunto.h"
 
 struct DocumentoDePrueba {
     DocumentoDePrueba(Conexion& c, const char* sql, unsigned opciones = 0)

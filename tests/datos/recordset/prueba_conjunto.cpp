@@ -1,9 +1,5 @@
-#include "apoyo/azar_de_prueba.h"
 #include "datos/recordset/indice_busqueda.h"
 #include "documento_de_prueba.h"
-
-#include <QTemporaryDir>
-#include <QtTest>
 
 namespace {
 
@@ -103,7 +99,7 @@ private slots:
         for (int i = 1; i <= 3; ++i) // las líneas nacen con la maestra todavía en inserción
             d.linea(d.lineas, i, i * 10);
         d.linea(d.otras, 1, 60);
-        QCOMPARE(d.lineas.agregado("SUMA").texto(), QString("60"));
+        QCOMPARE(d.lineas.agregado("SUMA").texto(), "60");
         QCOMPARE(d.lineas.FieldByName("ID").entero(), qint64(0));
         QCOMPARE(int(d.doc.State()), int(Estado::Insercion));
         QCOMPARE(cuenta("documento"), 0); // nada viaja hasta ApplyUpdates
@@ -112,9 +108,9 @@ private slots:
         QCOMPARE(d.doc.ApplyUpdates(0), 0);
         QCOMPARE(d.doc.ChangeCount(), 0);
         QVERIFY(d.doc.Active());
-        QCOMPARE(c_.consulte("select sum(valor) from linea where id = 9").texto(), QString("60"));
+        QCOMPARE(c_.consulte("select sum(valor) from linea where id = 9").texto(), "60");
         QCOMPARE(cuenta("linea_n"), 1);
-        QCOMPARE(c_.consulte("select nota from documento").texto(), QString("observación"));
+        QCOMPARE(c_.consulte("select nota from documento").texto(), "observación");
 
         // de vuelta: leer, cambiar una, borrar otra, agregar una
         Documento e(c_);
@@ -130,7 +126,7 @@ private slots:
         QCOMPARE(c_.consulte("select list(item || ':' || valor) from (select * from linea order by "
                              "item)")
                      .texto(),
-                 QString("1:15.00,3:30.00,4:1.00"));
+                 "1:15.00,3:30.00,4:1.00");
 
         // cambiar la llave de la maestra lleva las líneas, también la que cambia a la vez
         Documento f(c_);
@@ -141,7 +137,7 @@ private slots:
         f.doc.Edit();
         f.doc.FieldByName("ID") = 10;
         QCOMPARE(f.doc.ApplyUpdates(0), 0);
-        QCOMPARE(c_.consulte("select sum(valor) from linea where id = 10").texto(), QString("47"));
+        QCOMPARE(c_.consulte("select sum(valor) from linea where id = 10").texto(), "47");
 
         f.doc.Delete();
         QCOMPARE(f.doc.ApplyUpdates(0), 0);
@@ -158,7 +154,7 @@ private slots:
         d.linea(d.lineas, 2, 5000); // viola la restricción de la tabla
         QCOMPARE(d.doc.ApplyUpdates(0), 1);
         QCOMPARE(d.fallas.size(), 1);
-        QCOMPARE(d.fallas[0], QString("CLineas: Un dato tiene un valor que no se admite."));
+        QCOMPARE(d.fallas[0], "CLineas: Un dato tiene un valor que no se admite.");
         QCOMPARE(cuenta("documento"), 0);
         QCOMPARE(d.doc.ChangeCount(), 3);
         d.lineas.Last();
@@ -171,7 +167,7 @@ private slots:
         d.lineas.First();
         d.lineas.Delete();
         d.doc.CancelUpdates();
-        QCOMPARE(d.doc.FieldByName("NOMBRE").texto(), QString("doc"));
+        QCOMPARE(d.doc.FieldByName("NOMBRE").texto(), "doc");
         QCOMPARE(d.lineas.RecordCount(), 2);
         QCOMPARE(d.doc.ApplyUpdates(0), 0);
     }
@@ -212,14 +208,14 @@ private slots:
         QCOMPARE(uno.doc.ApplyUpdates(0), 0);
         QCOMPARE(dos.doc.ApplyUpdates(0), 1);
         QCOMPARE(dos.fallas[0],
-                 QString("CDocumento: Otro usuario cambió este registro después de que usted lo "
-                         "abrió. Vuelva a abrirlo y repita el cambio.\nNombre era 'a' y ahora es "
-                         "'b'"));
-        QCOMPARE(c_.consulte("select nombre from documento").texto(), QString("b"));
-        QCOMPARE(dos.doc.FieldByName("NOMBRE").texto(), QString("c"));
+                 "CDocumento: Otro usuario cambió este registro después de que usted lo "
+                 "abrió. Vuelva a abrirlo y repita el cambio.\nNombre era 'a' y ahora es "
+                 "'b'");
+        QCOMPARE(c_.consulte("select nombre from documento").texto(), "b");
+        QCOMPARE(dos.doc.FieldByName("NOMBRE").texto(), "c");
         dos.doc.CancelUpdates();
         dos.doc.Refresh();
-        QCOMPARE(dos.doc.FieldByName("NOMBRE").texto(), QString("b"));
+        QCOMPARE(dos.doc.FieldByName("NOMBRE").texto(), "b");
     }
 
     void quien_llega_segundo_se_entera_tambien_con_llave_y_con_memos() {
@@ -294,7 +290,7 @@ private slots:
         f.Edit();
         f.FieldByName("NOMBRE") = "b";
         QCOMPARE(f.ApplyUpdates(0), 0);
-        QCOMPARE(c_.consulte("select nombre || valor from fina").texto(), QString("b10.1234"));
+        QCOMPARE(c_.consulte("select nombre || valor from fina").texto(), "b10.1234");
     }
 
     void el_archivo_de_otro_no_se_reemplaza_sin_verlo() {
@@ -350,7 +346,7 @@ private slots:
         QCOMPARE(dos.fallas, QStringList());
         const QString todas = "select list(item || ':' || cast(valor as integer)) from (select * "
                               "from linea where id = 6 order by valor)";
-        QCOMPARE(c_.consulte(todas).texto(), QString("1:1,2:20,3:30,4:200,5:300"));
+        QCOMPARE(c_.consulte(todas).texto(), "1:1,2:20,3:30,4:200,5:300");
         QCOMPARE(dos.lineas.valor_en(1, dos.lineas.FieldByName("ITEM")).entero(), qint64(4));
         // Sin ese permiso, la llave repetida se rehúsa.
         dos.lineas.CampoConsecutivo.clear();
@@ -386,7 +382,7 @@ private slots:
                                          "integer)) from (select * from %1 order by item)")
                                      .arg(t))
                          .texto(),
-                     QString("12:2:12,12:3:10"));
+                     "12:2:12,12:3:10");
     }
 
     void solo_lo_que_cambio_cuesta_sentencias() {
@@ -435,23 +431,23 @@ private slots:
             return t.join(' ');
         };
         for (int i = 0; i < 5; ++i)
-            QCOMPARE(mire(), QString("20a 40a 60a"));
+            QCOMPARE(mire(), "20a 40a 60a");
         QCOMPARE(veces, 3);
         d.lineas.Edit(); // solo la fila que cambia se calcula otra vez
         d.lineas.FieldByName("VALOR") = Moneda(11);
-        QCOMPARE(mire(), QString("22a 40a 60a"));
+        QCOMPARE(mire(), "22a 40a 60a");
         QCOMPARE(veces, 4);
         d.lineas.Cancel();
-        QCOMPARE(mire(), QString("20a 40a 60a"));
+        QCOMPARE(mire(), "20a 40a 60a");
         QCOMPARE(veces, 5);
         d.doc.Edit(); // lo que depende de la maestra, con ella
         d.doc.FieldByName("NOMBRE") = "b";
-        QCOMPARE(mire(), QString("20b 40b 60b"));
+        QCOMPARE(mire(), "20b 40b 60b");
         d.doc.Cancel();
-        QCOMPARE(mire(), QString("20a 40a 60a"));
+        QCOMPARE(mire(), "20a 40a 60a");
         factor = 0;
         d.lineas.recalcule(); // y lo de afuera, cuando se dice
-        QCOMPARE(mire(), QString("10a 20a 30a"));
+        QCOMPARE(mire(), "10a 20a 30a");
     }
 
     void una_llave_repetida_se_rehusa_sin_mirar_todas_las_filas() {
@@ -614,16 +610,16 @@ private slots:
         d.lineas.Append();
         d.lineas.FieldByName("ITEM") = 1;
         QVERIFY_THROWS_EXCEPTION(EdicionAbortada, d.lineas.Post());
-        QCOMPARE(textos[0].left(3), QString("Fie"));
-        QCOMPARE(textos[1].left(30), QString("Cannot delete master record wi"));
-        QCOMPARE(textos[2].left(3), QString("key"));
+        QCOMPARE(textos[0].left(3), "Fie");
+        QCOMPARE(textos[1].left(30), "Cannot delete master record wi");
+        QCOMPARE(textos[2].left(3), "key");
         QVERIFY_THROWS_EXCEPTION(ErrorDatos, d.doc.FieldByName("NOMBRE").asigne("x")); // sin editar
         d.lineas.Cancel();
         d.doc.Edit();
         QVERIFY_THROWS_EXCEPTION(ErrorDatos, d.doc.FieldByName("NOMBRE").asigne("demasiado largo"));
         QVERIFY_THROWS_EXCEPTION(ErrorDatos, d.doc.FieldByName("NOMBRE").asigne("10 €"));
         d.doc.FieldByName("NOMBRE").asigne("1234567890   "); // los blancos sobrantes se cortan
-        QCOMPARE(d.doc.FieldByName("NOMBRE").texto(), QString("1234567890"));
+        QCOMPARE(d.doc.FieldByName("NOMBRE").texto(), "1234567890");
         QVERIFY_THROWS_EXCEPTION(ErrorDatos, d.doc.FieldByName("ID").asigne("doce"));
     }
 
@@ -640,7 +636,7 @@ private slots:
         QVERIFY(!l.completo());
         QVERIFY(l.Locate("COD", {1500}));
         QCOMPARE(l.RecordCount(), 2000);
-        QCOMPARE(l.FieldByName("V").texto(), QString("750"));
+        QCOMPARE(l.FieldByName("V").texto(), "750");
         l.Last();
         QCOMPARE(l.RecNo(), 2499);
         QCOMPARE(viajes, 3);
@@ -648,16 +644,16 @@ private slots:
         QVERIFY(l.Eof());
         QVERIFY(!l.Locate("COD;NOM", {10, "nombre 4"}));
         QVERIFY(l.Locate("NOM", {"NOMBRE 3"}, loCaseInsensitive | loPartialKey));
-        QCOMPARE(l.Lookup("COD", {2000}, "NOM").texto(), QString("nombre 5"));
+        QCOMPARE(l.Lookup("COD", {2000}, "NOM").texto(), "nombre 5");
         // un resultado vacío lee como vacío o cero
         QCOMPARE(l.valor_unico("select nom from lista where cod = -5").texto(), QString());
         QCOMPARE(l.Fields(0).entero(), qint64(0));
         // una lectura que falla deja lo que había
         QVERIFY_THROWS_EXCEPTION(ErrorBase, l.Open("select * from no_existe"));
         QVERIFY(l.Active());
-        QCOMPARE(l.CommandText, QString("select nom from lista where cod = -5"));
+        QCOMPARE(l.CommandText, "select nom from lista where cod = -5");
         QCOMPARE(l.FieldCount(), 1);
-        QCOMPARE(l.Fields(0).FieldName, QString("NOM"));
+        QCOMPARE(l.Fields(0).FieldName, "NOM");
         l.Close();
         QVERIFY_THROWS_EXCEPTION(ErrorBase, l.Open("select * from no_existe"));
         QVERIFY(!l.Active());
@@ -687,17 +683,17 @@ private slots:
         QCOMPARE(m.RecordCount(), 4); // con Filtered apagado se ven todas
         m.Filtered(true);
         QCOMPARE(m.RecordCount(), 2);
-        QCOMPARE(m.agregado("T").texto(), QString("4"));
+        QCOMPARE(m.agregado("T").texto(), "4");
         m.Filter("NOM = 'O''Higgins'");
         QCOMPARE(m.RecordCount(), 1);
-        QCOMPARE(total.texto(), QString("8"));
+        QCOMPARE(total.texto(), "8");
         m.Filter("NOM like '%H_gg%' and not (V < 4) and NOM is not null");
         QCOMPARE(m.RecordCount(), 1);
         QVERIFY_THROWS_EXCEPTION(ErrorDatos, m.Filter("NOM = "));
         m.Filtered(false);
         m.IndexFieldNames("NOM");
         m.First();
-        QCOMPARE(m.Fields(1).texto(), QString("O'Higgins"));
+        QCOMPARE(m.Fields(1).texto(), "O'Higgins");
         m.Edit();
         m.Fields(1) = "zz";
         m.Post(); // la fila se corre a su lugar y sigue siendo la actual
@@ -711,7 +707,7 @@ private slots:
         Sentencia s(&dueno, "SIdComproba", c_);
         s.procedimiento = "CAMBIE_ID";
         s.ExecProc();
-        QCOMPARE(s.ParamByName("ID").texto(), QString("77"));
+        QCOMPARE(s.ParamByName("ID").texto(), "77");
     }
 };
 

@@ -7,8 +7,6 @@
 #include "datos/firebird/vigia.h"
 #include "documento_de_prueba.h"
 
-#include <QtTest>
-
 namespace {
 
 struct Documento : DocumentoDePrueba {
@@ -410,7 +408,7 @@ private slots:
                 d->fallas.clear();
                 QCOMPARE(d->doc.ApplyUpdates(0), 0);
                 QCOMPARE(d->fallas, QStringList());
-                QCOMPARE(lineas_de(9), QString("L:1:101 L:3:300 N:1:400"));
+                QCOMPARE(lineas_de(9), "L:1:101 L:3:300 N:1:400");
             },
             cortes);
         QVERIFY(perdidas > 5);
@@ -449,8 +447,7 @@ private slots:
                 QCOMPARE(d->fallas.size(), 1);
                 QVERIFY(d->doc.ChangeCount() > 0);
                 QCOMPARE(d->lineas.RecordCount(), 1);
-                QCOMPARE(base("select nombre, nota from papel where id = 9"),
-                         QString("ajeno:otra nota"));
+                QCOMPARE(base("select nombre, nota from papel where id = 9"), "ajeno:otra nota");
             },
             cortes);
         QVERIFY(perdidas > 5);
@@ -542,7 +539,7 @@ private slots:
         QVERIFY2(d.fallas.last().startsWith("Se perdió la conexión"), qPrintable(d.fallas.last()));
         red_->atienda();
         QCOMPARE(d.doc.ApplyUpdates(0), 0);
-        QCOMPARE(base("select nombre from papel where id = 1"), QString("mudo"));
+        QCOMPARE(base("select nombre from papel where id = 1"), "mudo");
         limites_de_red(antes);
     }
 };
