@@ -1,8 +1,8 @@
 #include "exchange/tfborractas.h"
 
 #include "exchange/pch.h"
-#include "toolkit/barraestado.h"
 #include "libro/catalogos.h"
+#include "toolkit/barraestado.h"
 
 namespace {
 constexpr const char* kSinInicial = "No se encontró la cuenta inicial.";
@@ -47,10 +47,10 @@ bool Tfborractas::corra() {
     const QString cuantas =
         dato("select count(*) from cuentas where cuen_cod >= " + QuotedStr(desde) +
              " and cuen_cod <= " + QuotedStr(hasta));
-    const QString pregunta = cuantas == "1"
-                                 ? "Se borrará la cuenta " + desde
-                                 : QStringLiteral("Se borrarán %1 cuentas, de la %2 a la %3")
-                                       .arg(cuantas, desde, hasta);
+    const QString pregunta =
+        cuantas == "1"
+            ? "Se borrará la cuenta " + desde
+            : QStringLiteral("Se borrarán %1 cuentas, de la %2 a la %3").arg(cuantas, desde, hasta);
     if (!pregunte_con_no(pregunta + ". Desea continuar?"))
         return false;
     anuncie("Borrando cuentas. Espere un momento...");

@@ -1,25 +1,24 @@
 #include "toolkit/controles/cajaperiodo.h"
 
+#include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/estilo.h"
 
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSpinBox>
 #include <QStylePainter>
-#include <QWheelEvent>
 
 /// Lista de meses que puede mostrar un texto que no está en ella.
-class CajaPeriodo::ListaMeses : public QComboBox {
+class CajaPeriodo::ListaMeses : public ListaTecleo {
 public:
-    using QComboBox::QComboBox;
+    using ListaTecleo::ListaTecleo;
     QString ajeno;
 
 protected:
     void paintEvent(QPaintEvent* evento) override {
         if (currentIndex() >= 0 || ajeno.isEmpty()) {
-            QComboBox::paintEvent(evento);
+            ListaTecleo::paintEvent(evento);
             return;
         }
         QStylePainter pintor(this);
@@ -28,12 +27,6 @@ protected:
         opcion.currentText = ajeno;
         pintor.drawComplexControl(QStyle::CC_ComboBox, opcion);
         pintor.drawControl(QStyle::CE_ComboBoxLabel, opcion);
-    }
-    void wheelEvent(QWheelEvent* evento) override {
-        if (hasFocus())
-            QComboBox::wheelEvent(evento);
-        else
-            evento->ignore();
     }
 };
 

@@ -176,6 +176,7 @@ void ListaDato::escogido(int indice) {
 }
 
 void ListaDato::keyPressEvent(QKeyEvent* evento) {
+    asegure_lista();
     const bool borra = evento->key() == Qt::Key_Delete || evento->key() == Qt::Key_Backspace;
     if (borra && evento->modifiers() == Qt::NoModifier) {
         const Campo* c = campo();
