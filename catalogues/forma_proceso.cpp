@@ -301,7 +301,7 @@ void FormaProceso::grabe() {
         CProceso.Edit();
         return;
     }
-    anuncie_hecho(comprobante_hecho());
+    anuncie_hecho([this] { return comprobante_hecho(); });
     close();
 }
 
@@ -326,15 +326,19 @@ Valor FormaProceso::comprobante_hecho() const {
                                   {campo(datos_.id).valor()});
 }
 
-void FormaProceso::anuncie_hecho(const Valor& consecutivo) {
-    if (consecutivo.texto().isEmpty())
-        return;
-    const QString cual = fdm()
-                             .Quorvex
-                             .consulte("select tico_cod || ' ' || prco_pref || ' ' || enco_numero "
-                                       "from comprobante_encabezado where enco_consec = ?",
-                                       {consecutivo})
-                             .texto();
-    if (!cual.isEmpty())
-        anuncie(fdm().barra(), "Grabado " + cual);
+void FormaProceso::anuncie_hecho(const std::function<Valor()>& consecutivo) {
+    // Ya está grabado: si el servidor se va ahora, se dice sin su número y no como una falla.
+    try {
+        const QString cual =
+            fdm()
+                .Quorvex
+                .consulte("select tico_cod || ' ' || prco_pref || ' ' || enco_numero from "
+                          "comprobante_encabezado where enco_consec = ?",
+                          {consecutivo()})
+                .texto();
+        if (!cual.isEmpty())
+            anuncie(fdm().barra(), "Grabado " + cual);
+    } catch (const ErrorDatos&) {
+        anuncie(fdm().barra(), "Grabado");
+    }
 }

@@ -68,7 +68,7 @@ protected:
     /// El consecutivo del comprobante que la base hizo con la fila grabada.
     virtual Valor comprobante_hecho() const;
     /// Lo dice en la barra como los comprobantes: "Grabado CG 0001 000106".
-    static void anuncie_hecho(const Valor& consecutivo);
+    static void anuncie_hecho(const std::function<Valor()>& consecutivo);
     /// La fecha del día digitado, "aaaammdd", en la fila.
     void ponga_fecha();
     Campo& campo(const char* nombre) const { return CProceso.FieldByName(nombre); }

@@ -145,7 +145,7 @@ void Tfcausadifc::SBGrabarClick() {
         id = fdm().Quorvex.en_transaccion(ModoTransaccion::Escritura,
                                           [this](Transaccion& t) { return cause(t); });
     }
-    anuncie_hecho(id);
+    anuncie_hecho([&] { return id; });
     recuerde_lo_propuesto(*this); // ya está en su comprobante
     CDiferencia.First();
     DBGridEh1->setFocus();

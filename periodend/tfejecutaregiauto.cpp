@@ -152,7 +152,7 @@ void Tfejecutaregiauto::SBGrabarClick() {
         return;
     }
     emit fdmcnt().balance_por_recalcular();
-    anuncie_hecho(id);
+    anuncie_hecho([&] { return id; });
     recuerde_lo_propuesto(*this); // ya está en su comprobante
     close();
     abra_comprobante(id);
