@@ -163,11 +163,18 @@ void Conexion::desconectar() noexcept {
     suelte();
 }
 
+// Lo último que se abrió puede depender de lo primero.
+void Conexion::suelte_lo_abierto() noexcept {
+    while (!interno_->abiertos.empty())
+        interno_->abiertos.back()->suelte();
+    interno_->ociosas.clear();
+    lectura_.reset();
+}
+
 void Conexion::suelte() noexcept {
     if (!interno_->enlace)
         return;
-    interno_->ociosas.clear();
-    lectura_.reset();
+    suelte_lo_abierto();
     try {
         Estado estado(interno_.get());
         interno_->enlace->detach(&estado);
@@ -180,8 +187,7 @@ void Conexion::suelte() noexcept {
 }
 
 void Conexion::borre_base() {
-    interno_->ociosas.clear();
-    lectura_.reset();
+    suelte_lo_abierto();
     Estado estado(interno_.get());
     interno_->enlace->dropDatabase(&estado);
     estado.compruebe();
@@ -334,19 +340,19 @@ Transaccion::Transaccion(Conexion& conexion, Modo modo)
         tpb->insertTag(&estado, etiqueta);
     if (marcas.espera)
         tpb->insertInt(&estado, isc_tpb_lock_timeout, conexion.parametros().espera_segundos);
-    interno_->transaccion = conexion.interno().enlace->startTransaction(
+    ITransaction* nueva = conexion.interno().enlace->startTransaction(
         &estado, tpb->getBufferLength(&estado), tpb->getBuffer(&estado));
     tpb->dispose();
     estado.compruebe();
+    interno_->transaccion.tome(nueva, conexion.interno());
 }
 
-Transaccion::~Transaccion() {
-    deshaga();
-}
+Transaccion::~Transaccion() = default;
 
 void Transaccion::confirme() {
+    ITransaction* transaccion = interno_->transaccion.vigente();
     Estado estado(&conexion_.interno());
-    interno_->transaccion->commit(&estado);
+    transaccion->commit(&estado);
     try {
         estado.compruebe();
     } catch (const ErrorBase& falla) {
@@ -355,23 +361,14 @@ void Transaccion::confirme() {
             throw falla.como_dudosa();
         throw;
     }
-    interno_->transaccion = nullptr;
+    interno_->transaccion.consumado();
     conexion_.interno().contestadas.clear(); // lo que se confirmó pudo cambiarlas
 }
 
 void Transaccion::deshaga() noexcept {
-    if (!interno_->transaccion)
-        return;
-    try {
-        Estado estado(&conexion_.interno());
-        interno_->transaccion->rollback(&estado);
-        if (estado.fallo())
-            interno_->transaccion->release();
-    } catch (...) {
-    }
-    interno_->transaccion = nullptr;
+    interno_->transaccion.suelte();
 }
 
 bool Transaccion::activa() const {
-    return interno_->transaccion != nullptr;
+    return bool(interno_->transaccion);
 }

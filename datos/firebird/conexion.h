@@ -7,10 +7,10 @@
 // Todas las fallas salen como ErrorBase, clasificadas por el código del motor (ver errores.h).
 //
 // Si se cae el servidor, la operación en curso falla (conexion_perdida) y la siguiente vuelve a
-// entrar con los mismos parámetros. Lo que quedó abierto de antes, cursores y transacciones, ya no
-// sirve; ninguna otra falla, ni un disco lleno, suelta la conexión. Un servidor que no contesta
-// cuenta como caído (ver vigia.h). La primera entrada, si falla, también se repite en la operación
-// siguiente.
+// entrar con los mismos parámetros. Lo que quedó abierto de antes, cursores y transacciones, se
+// suelta con el enlace y usarlo es una conexión perdida; ninguna otra falla, ni un disco lleno,
+// suelta la conexión. Un servidor que no contesta cuenta como caído (ver vigia.h). La primera
+// entrada, si falla, también se repite en la operación siguiente.
 #include "datos/firebird/errores.h"
 #include "datos/firebird/reintento.h"
 #include "datos/firebird/valor.h"
@@ -123,6 +123,7 @@ public:
 private:
     void abra_o_cree(const ParametrosConexion& parametros, bool crear, int paginas_cache);
     void suelte() noexcept;
+    void suelte_lo_abierto() noexcept;
 
     std::unique_ptr<Interno> interno_;
     ParametrosConexion parametros_;
@@ -267,7 +268,6 @@ private:
     qsizetype dadas_ = 0;
     QByteArray mensaje_;
     bool agotado_ = false;
-    quint64 enlace_ = 0; ///< número del enlace con que se abrió
 };
 
 /// Lee una columna de un mensaje crudo. Los blobs se leen con la transacción de lectura, enteros o

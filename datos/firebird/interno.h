@@ -60,6 +60,25 @@ template <class T> void despida(T* enlace) noexcept {
 
 } // namespace fbc
 
+/// Lo que se abrió sobre un enlace. Se suelta con él a más tardar: al irse el enlace el cliente
+/// libera lo suyo, y soltarlo después cae en memoria que ya es de otro.
+class Abierto {
+public:
+    Abierto() = default;
+    virtual ~Abierto() { olvide(); }
+    Abierto(const Abierto&) = delete;
+    Abierto& operator=(const Abierto&) = delete;
+    virtual void suelte() noexcept = 0;
+
+protected:
+    void anote(Conexion::Interno& enlace);
+    void olvide() noexcept;
+    Conexion::Interno* enlace_ = nullptr; ///< nulo cuando ya no hay nada que soltar
+
+private:
+    std::list<Abierto*>::iterator lugar_;
+};
+
 /// Resultado de una consulta, entero o su comienzo.
 struct Contestada {
     QVector<Columna> columnas;
@@ -83,14 +102,83 @@ struct Conexion::Interno {
     QHash<QString, std::shared_ptr<const Contestada>> contestadas;
     int recordando = 0;
     std::shared_ptr<bool> viva = std::make_shared<bool>(true);
+    std::list<Abierto*> abiertos; ///< en el orden en que se abrieron
+};
+
+inline void Abierto::anote(Conexion::Interno& enlace) {
+    enlace_ = &enlace;
+    lugar_ = enlace.abiertos.insert(enlace.abiertos.end(), this);
+}
+
+inline void Abierto::olvide() noexcept {
+    if (enlace_)
+        enlace_->abiertos.erase(lugar_);
+    enlace_ = nullptr;
+}
+
+namespace fbc {
+
+inline void despida_de(Firebird::ITransaction* t, Estado& estado) {
+    t->rollback(&estado);
+}
+inline void despida_de(Firebird::IStatement* s, Estado& estado) {
+    s->free(&estado);
+}
+inline void despida_de(Firebird::IResultSet* r, Estado& estado) {
+    r->close(&estado);
+}
+inline void despida_de(Firebird::IBlob* b, Estado& estado) {
+    b->cancel(&estado);
+}
+
+} // namespace fbc
+
+/// Un objeto del cliente, dueño único.
+template <class T> class Manija final : public Abierto {
+public:
+    ~Manija() override { suelte(); }
+    void tome(T* cosa, Conexion::Interno& enlace) {
+        cosa_ = cosa;
+        anote(enlace);
+    }
+    explicit operator bool() const { return cosa_ != nullptr; }
+    /// Lanza la pérdida de la conexión si el enlace ya se fue.
+    T* vigente() const {
+        if (!cosa_)
+            throw ErrorBase({ClaseFalla::ConexionPerdida},
+                            QStringLiteral("La conexión con el servidor se restableció y esta "
+                                           "consulta quedó a medias. Ábrala de nuevo."));
+        return cosa_;
+    }
+    T* operator->() const { return vigente(); }
+    /// El motor ya terminó con él.
+    void consumado() noexcept {
+        olvide();
+        cosa_ = nullptr;
+    }
+    void suelte() noexcept override {
+        if (!cosa_)
+            return;
+        try {
+            fbc::Estado estado(enlace_);
+            fbc::despida_de(cosa_, estado);
+            if (estado.fallo())
+                cosa_->release();
+        } catch (...) {
+        }
+        consumado();
+    }
+
+private:
+    T* cosa_ = nullptr;
 };
 
 struct Transaccion::Interno {
-    Firebird::ITransaction* transaccion = nullptr;
+    Manija<Firebird::ITransaction> transaccion;
 };
 
 struct Preparada::Interno {
-    Firebird::IStatement* sentencia = nullptr;
+    Manija<Firebird::IStatement> sentencia;
     Firebird::IMessageMetadata* entrada = nullptr;
     Firebird::IMessageMetadata* salida = nullptr;
     unsigned tipo = 0;
@@ -98,5 +186,5 @@ struct Preparada::Interno {
 };
 
 struct Cursor::Interno {
-    Firebird::IResultSet* filas = nullptr;
+    Manija<Firebird::IResultSet> filas;
 };

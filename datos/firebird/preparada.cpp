@@ -76,18 +76,11 @@ public:
     BlobAbierto(Conexion& conexion, ISC_QUAD id) : conexion_(conexion) {
         Transaccion& t = conexion.lectura();
         Estado estado(&conexion.interno());
-        blob_ =
-            conexion.interno().enlace->openBlob(&estado, t.interno().transaccion, &id, 0, nullptr);
+        IBlob* blob = conexion.interno().enlace->openBlob(
+            &estado, t.interno().transaccion.vigente(), &id, 0, nullptr);
         estado.compruebe();
+        blob_.tome(blob, conexion.interno());
     }
-    ~BlobAbierto() {
-        Estado estado(&conexion_.interno());
-        blob_->close(&estado);
-        if (estado.fallo())
-            blob_->release();
-    }
-    BlobAbierto(const BlobAbierto&) = delete;
-    BlobAbierto& operator=(const BlobAbierto&) = delete;
 
     /// Agrega el trozo siguiente; falso al final. Un trozo que no llega es una falla, no un final.
     bool siguiente(QByteArray& datos) {
@@ -104,7 +97,7 @@ public:
 
 private:
     Conexion& conexion_;
-    IBlob* blob_ = nullptr;
+    Manija<IBlob> blob_;
 };
 
 QByteArray lea_blob(Conexion& conexion, const char* p) {
@@ -118,9 +111,11 @@ QByteArray lea_blob(Conexion& conexion, const char* p) {
 ISC_QUAD escriba_blob(Conexion& conexion, Transaccion& transaccion, const QByteArray& datos) {
     ISC_QUAD id{};
     Estado estado(&conexion.interno());
-    IBlob* blob = conexion.interno().enlace->createBlob(&estado, transaccion.interno().transaccion,
-                                                        &id, 0, nullptr);
+    Manija<IBlob> blob;
+    IBlob* nuevo = conexion.interno().enlace->createBlob(
+        &estado, transaccion.interno().transaccion.vigente(), &id, 0, nullptr);
     estado.compruebe();
+    blob.tome(nuevo, conexion.interno());
     for (int i = 0; i < datos.size(); i += 32000) {
         blob->putSegment(&estado, unsigned(qMin<qsizetype>(32000, datos.size() - i)),
                          datos.constData() + i);
@@ -128,6 +123,7 @@ ISC_QUAD escriba_blob(Conexion& conexion, Transaccion& transaccion, const QByteA
     }
     blob->close(&estado);
     estado.compruebe();
+    blob.consumado();
     return id;
 }
 
@@ -158,10 +154,11 @@ Preparada::Preparada(Conexion& conexion, Transaccion& transaccion, const QString
     : conexion_(conexion), sql_(sql), interno_(std::make_unique<Interno>()) {
     const QByteArray texto = a_latin1(sql);
     Estado estado(&conexion.interno());
-    interno_->sentencia = conexion.interno().enlace->prepare(
-        &estado, transaccion.interno().transaccion, unsigned(texto.size()), texto.constData(), 3,
-        IStatement::PREPARE_PREFETCH_METADATA);
+    IStatement* sentencia = conexion.interno().enlace->prepare(
+        &estado, transaccion.interno().transaccion.vigente(), unsigned(texto.size()),
+        texto.constData(), 3, IStatement::PREPARE_PREFETCH_METADATA);
     estado.compruebe();
+    interno_->sentencia.tome(sentencia, conexion.interno());
     interno_->tipo = interno_->sentencia->getType(&estado);
     interno_->banderas = interno_->sentencia->getFlags(&estado);
     interno_->entrada = interno_->sentencia->getInputMetadata(&estado);
@@ -177,12 +174,6 @@ Preparada::~Preparada() {
         interno_->entrada->release();
     if (interno_->salida)
         interno_->salida->release();
-    if (interno_->sentencia) {
-        Estado estado;
-        interno_->sentencia->free(&estado);
-        if (estado.fallo())
-            interno_->sentencia->release();
-    }
 }
 
 bool Preparada::devuelve_filas() const {
@@ -271,9 +262,10 @@ QVector<Valor> Preparada::ejecute_con_salida(Transaccion& transaccion,
     const bool con_salida = !columnas_.isEmpty() && !devuelve_filas();
     if (con_salida)
         salida.resize(int(interno_->salida->getMessageLength(&estado)));
-    interno_->sentencia->execute(
-        &estado, transaccion.interno().transaccion, interno_->entrada, const_cast<char*>(entrada),
-        con_salida ? interno_->salida : nullptr, con_salida ? salida.data() : nullptr);
+    interno_->sentencia->execute(&estado, transaccion.interno().transaccion.vigente(),
+                                 interno_->entrada, const_cast<char*>(entrada),
+                                 con_salida ? interno_->salida : nullptr,
+                                 con_salida ? salida.data() : nullptr);
     estado.compruebe();
     QVector<Valor> resultado;
     if (con_salida)
@@ -284,46 +276,38 @@ QVector<Valor> Preparada::ejecute_con_salida(Transaccion& transaccion,
 
 Cursor::Cursor(Conexion& conexion, std::shared_ptr<const Contestada> contestada)
     : conexion_(conexion), interno_(std::make_unique<Interno>()),
-      contestada_(std::move(contestada)), mensaje_(contestada_->largo, Qt::Uninitialized),
-      enlace_(conexion.interno().numero) {}
+      contestada_(std::move(contestada)), mensaje_(contestada_->largo, Qt::Uninitialized) {}
 
 Cursor::Cursor(std::shared_ptr<Preparada> sentencia, Transaccion& transaccion,
                const QVector<Valor>& valores)
     : conexion_(sentencia->conexion_), sentencia_(std::move(sentencia)),
-      interno_(std::make_unique<Interno>()), enlace_(sentencia_->conexion_.interno().numero) {
+      interno_(std::make_unique<Interno>()) {
     sentencia_->conexion_.anote(sentencia_->sql_);
     const char* entrada = sentencia_->cargue(transaccion, valores);
     auto& s = *sentencia_->interno_;
     Estado estado(&sentencia_->conexion_.interno());
     if (!sentencia_->devuelve_filas()) {
         // Un texto que no es consulta: se ejecuta y el resultado queda vacío.
-        s.sentencia->execute(&estado, transaccion.interno().transaccion, s.entrada,
+        s.sentencia->execute(&estado, transaccion.interno().transaccion.vigente(), s.entrada,
                              const_cast<char*>(entrada), nullptr, nullptr);
         estado.compruebe();
         agotado_ = true;
         return;
     }
-    interno_->filas = s.sentencia->openCursor(&estado, transaccion.interno().transaccion, s.entrada,
-                                              const_cast<char*>(entrada), s.salida, 0);
+    IResultSet* filas =
+        s.sentencia->openCursor(&estado, transaccion.interno().transaccion.vigente(), s.entrada,
+                                const_cast<char*>(entrada), s.salida, 0);
     estado.compruebe();
+    interno_->filas.tome(filas, sentencia_->conexion_.interno());
     mensaje_.resize(int(s.salida->getMessageLength(&estado)));
 }
 
-Cursor::~Cursor() {
-    cierre();
-}
+Cursor::~Cursor() = default;
 
 void Cursor::cierre() noexcept {
     if (!interno_->filas)
         return;
-    try {
-        Estado estado;
-        interno_->filas->close(&estado);
-        if (estado.fallo())
-            interno_->filas->release();
-    } catch (...) {
-    }
-    interno_->filas = nullptr;
+    interno_->filas.suelte();
     agotado_ = true;
 }
 
@@ -340,12 +324,9 @@ bool Cursor::siguiente_en(char* destino) {
         agotado_ = true;
         return false;
     }
-    if (sentencia_->conexion_.interno().numero != enlace_)
-        throw ErrorBase({ClaseFalla::ConexionPerdida},
-                        QStringLiteral("La conexión con el servidor se restableció y esta consulta "
-                                       "quedó a medias. Ábrala de nuevo."));
+    IResultSet* filas = interno_->filas.vigente();
     Estado estado(&sentencia_->conexion_.interno());
-    const int r = interno_->filas->fetchNext(&estado, destino);
+    const int r = filas->fetchNext(&estado, destino);
     estado.compruebe();
     if (r == IStatus::RESULT_OK)
         return true;

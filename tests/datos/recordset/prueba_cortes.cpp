@@ -453,6 +453,54 @@ private slots:
         QVERIFY(perdidas > 5);
     }
 
+    // Soltado después que su enlace, el cliente toca lo que ya liberó: a veces muere, a veces
+    // espera para siempre.
+    void lo_abierto_se_suelta_con_su_enlace() {
+        constexpr int kVeces = 30;
+        const QString larga = "select * from larga order by cod";
+        const ParametrosConexion por_red = red_->por_aqui(servidor_->parametros("SYSDBA"));
+        for (int vez = 0; vez < kVeces; ++vez) {
+            auto c = std::make_unique<Conexion>();
+            c->conectar(por_red);
+            auto leido = c->abra(larga), sin_leer = c->abra("select nota from memoria");
+            QVERIFY(leido->siguiente());
+            auto grabacion = std::make_unique<Transaccion>(*c, ModoTransaccion::Escritura);
+            auto orden = c->prepare("insert into memoria values (?, 'x')", *grabacion);
+            orden->ejecute(*grabacion, {100 + vez});
+            if (vez % 3 == 2) {
+                c->desconectar();
+                c->conectar(por_red);
+            } else {
+                vez % 3 ? red_->corte() : red_->corte_tras(Intermediario::HaciaCliente, 10);
+                QVERIFY_EXCEPTION_THROWN(c->consulte("select 1 from rdb$database"), ErrorBase);
+                red_->atienda();
+            }
+            QCOMPARE(c->consulte("select count(*) from larga").entero(), qint64(3000));
+            for (const auto& usa : std::vector<std::function<void()>>{
+                     [&] { leido->siguiente(); }, [&] { sin_leer->siguiente(); },
+                     [&] { orden->ejecute(*grabacion, {200}); }, [&] { grabacion->confirme(); }})
+                try {
+                    usa();
+                    QFAIL("lo del enlace anterior sirvió");
+                } catch (const ErrorBase& e) {
+                    QVERIFY2(e.conexion_perdida() && !e.dudosa(), e.what());
+                }
+            if (vez % 2)
+                c.reset(); // quien los tiene puede vivir más que la conexión
+        }
+        QCOMPARE(base("select count(*) from memoria"), "1");
+        // El motor en proceso también.
+        QTemporaryDir carpeta;
+        Conexion local;
+        local.cree_base({carpeta.filePath("x.fdb"), "SYSDBA", "", 1}, 512);
+        const auto tipos = local.abra("select * from rdb$types");
+        const Transaccion abierta(local, ModoTransaccion::Escritura);
+        QVERIFY(tipos->siguiente());
+        local.desconectar();
+        QVERIFY_EXCEPTION_THROWN(tipos->siguiente(), ErrorBase);
+        QVERIFY(!abierta.activa());
+    }
+
     void la_red_que_calla_mientras_el_vigia_prueba_tampoco_lo_congela() {
         const LimitesDeRed antes = limites_de_red();
         qint64 entrada = red_->pasados(Intermediario::HaciaServidor);
