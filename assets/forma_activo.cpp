@@ -102,6 +102,9 @@ void FormaActivo::construya() {
     EDesc = editor("ACFJ_DESC", "EDesc");
     LGrupo = nombrado(new ListaDato(&CActivo, "ACGR_ID"), "LGrupo");
     LGrupo->lista_de(&CGrupos, "ACGR_ID", "ACGR_NOM");
+    // Un grupo de nombre largo no corre la segunda columna.
+    LGrupo->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    LGrupo->setMinimumWidth(ancho_caracteres(LGrupo->fontMetrics(), 24));
     LSubgrupo = nombrado(new ListaDato(&CActivo, "ACSG_ID"), "LSubgrupo");
     LSubgrupo->lista_de(&CSubgrupos, "ACSG_ID", "ACSG_NOMBRE");
     auto* observaciones = nombrado(new MemoDato(&CActivo, "ACFJ_OBS"), "EObs");

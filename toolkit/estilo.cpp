@@ -32,6 +32,7 @@ constexpr qreal kPixelesLetra = 12.0; ///< letra de 9 puntos a 96 puntos por pul
 constexpr int kPuntosMinimos = 9;
 /// Foco, selección y enlaces. Son del programa: los de la empresa podrían no dejarse leer.
 const QColor kAcento(0x2b, 0x5c, 0x8a), kAcentoOscuro(0x4d, 0x93, 0xd0);
+const QColor kLineaOscura(0x3f, 0x47, 0x4f); ///< entre las celdas: la de Fusion no se ve
 
 bool oscuro_ = false; ///< el sistema pide letras claras sobre fondo oscuro
 
@@ -64,6 +65,10 @@ public:
         connect(caja, &QLineEdit::textChanged, this, [caja] {
             if (caja->isReadOnly() && !caja->hasFocus())
                 caja->home(false);
+            // En una fila de nombres el ancho se reparte según lo que dicen.
+            const QWidget* fila = caja->parentWidget();
+            if (caja->isReadOnly() && fila && !cabe(caja) && fila->layout())
+                caja->updateGeometry();
         });
     }
 
@@ -186,8 +191,8 @@ public:
         const bool de_lista =
             elemento == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
         if (de_lista ||
-            (oscuro_ && (elemento == PE_FrameLineEdit || elemento == PE_IndicatorCheckBox ||
-                         elemento == PE_IndicatorRadioButton)))
+            (oscuro_ && (elemento == PE_Frame || elemento == PE_FrameLineEdit ||
+                         elemento == PE_IndicatorCheckBox || elemento == PE_IndicatorRadioButton)))
             borde(pintor, opcion->rect, opcion->palette,
                   elemento == PE_IndicatorRadioButton ? opcion->rect.width() / 2 : 2);
         if (elemento == PE_FrameLineEdit && opcion->state.testFlag(State_HasFocus))
@@ -267,6 +272,8 @@ public:
                   QStyleHintReturn* retorno) const override {
         if (consejo == SH_ComboBox_AllowWheelScrolling)
             return 1;
+        if (consejo == SH_Table_GridLineColor && oscuro_)
+            return int(kLineaOscura.rgba());
         // Los mensajes y preguntas siguen el orden de lectura: Sí, luego No.
         if (consejo == SH_DialogButtonLayout)
             return 0;
