@@ -56,14 +56,14 @@ Tfmodtaxonom::Tfmodtaxonom(Consultas consultas)
     consultas.renglones->setParent(this);
     defina_campos();
     arme_panel();
-    arme({"Categorías", {{"TAXE_ID", "Cód.", 8}, {"TAXE_NOMBRE", "Categoría", 30}}, 2},
+    arme({"Categorías", {{"TAXE_ID", "Cód.", 8}, {"TAXE_NOMBRE", "Categoría", 30}}, 3},
          {"Renglones",
           {{"TAXD_ITEM", "Item", 7},
            {"TAXD_NOMBRE", "Descripción", 56},
            {"TAXD_TIPO", "Tipo", 10},
            {"TAXD_NIVEL", "Nivel", 6},
            {"TAXD_NORMA", "Norma", 24}},
-          3,
+          7,
           Panel});
     DBGridEh2->lista("TAXD_TIPO", {"Título", "Cuentas", "Suma"}, {"0", "1", "2"});
     DBGridEh2->sangre("TAXD_NOMBRE", [this](int fila) {
