@@ -33,6 +33,7 @@ constexpr int kPuntosMinimos = 9;
 /// Foco, selección y enlaces. Son del programa: los de la empresa podrían no dejarse leer.
 const QColor kAcento(0x2b, 0x5c, 0x8a), kAcentoOscuro(0x4d, 0x93, 0xd0);
 const QColor kLineaOscura(0x3f, 0x47, 0x4f); ///< entre las celdas: la de Fusion no se ve
+const QColor kHojaOscura(0x23, 0x27, 0x2b);  ///< las hojas con pestaña, como la ventana
 
 bool oscuro_ = false; ///< el sistema pide letras claras sobre fondo oscuro
 
@@ -181,6 +182,14 @@ public:
                 return;
             }
         }
+        if (elemento == PE_FrameTabWidget && oscuro_) {
+            if (const auto* hoja = qstyleoption_cast<const QStyleOptionTabWidgetFrame*>(opcion)) {
+                QStyleOptionTabWidgetFrame copia = *hoja;
+                copia.palette.setColor(QPalette::Button, kHojaOscura);
+                QProxyStyle::drawPrimitive(elemento, &copia, pintor, widget);
+                return;
+            }
+        }
         if (elemento == PE_FrameGroupBox) {
             borde(pintor, opcion->rect, opcion->palette, 3);
             return;
@@ -221,6 +230,13 @@ public:
 
     void drawControl(ControlElement elemento, const QStyleOption* opcion, QPainter* pintor,
                      const QWidget* widget) const override {
+        const auto* pestana = qstyleoption_cast<const QStyleOptionTab*>(opcion);
+        if (elemento == CE_TabBarTabShape && oscuro_ && pestana) {
+            QStyleOptionTab copia = *pestana;
+            copia.palette.setColor(QPalette::Button, kHojaOscura);
+            QProxyStyle::drawControl(elemento, &copia, pintor, widget);
+            return;
+        }
         QProxyStyle::drawControl(elemento, opcion, pintor, widget);
         if (elemento == CE_PushButtonBevel && opcion->state.testFlag(State_HasFocus))
             anillo(pintor, opcion->rect.adjusted(1, 1, -1, -1));

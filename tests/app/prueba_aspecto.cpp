@@ -237,7 +237,7 @@ void revise_cajas(const Pantalla* p, QStringList& faltas) {
             faltas << nombre_de(e) + " se recorta: " + e->text();
     constexpr int kLetras = 45, kAncho = 1366; // más angosto, un nombre cede otro poco
     for (const QLineEdit* e : p->findChildren<QLineEdit*>())
-        if (e->isVisible() && e->isReadOnly() && monitor().width() >= kAncho &&
+        if (e->isVisible() && monitor().width() >= kAncho &&
             e->fontMetrics().horizontalAdvance(e->text().left(kLetras)) >
                 e->contentsRect().width() - 4)
             faltas << nombre_de(e) + " se recorta: " + e->text();
