@@ -17,6 +17,11 @@ template <class T> T* nombrado(T* control, const char* nombre) {
 
 constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
 
+/// Un grupo de nombre largo no corre la segunda columna.
+void ceda_ancho(ListaDato& lista) {
+    lista.setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    lista.setMinimumWidth(ancho_caracteres(lista.fontMetrics(), 24));
+}
 } // namespace
 
 FormaActivo::FormaActivo(Modo modo)
@@ -102,6 +107,7 @@ void FormaActivo::construya() {
     EDesc = editor("ACFJ_DESC", "EDesc");
     LGrupo = nombrado(new ListaDato(&CActivo, "ACGR_ID"), "LGrupo");
     LGrupo->lista_de(&CGrupos, "ACGR_ID", "ACGR_NOM");
+    ceda_ancho(*LGrupo);
     LSubgrupo = nombrado(new ListaDato(&CActivo, "ACSG_ID"), "LSubgrupo");
     LSubgrupo->lista_de(&CSubgrupos, "ACSG_ID", "ACSG_NOMBRE");
     auto* observaciones = nombrado(new MemoDato(&CActivo, "ACFJ_OBS"), "EObs");

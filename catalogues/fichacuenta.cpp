@@ -100,7 +100,7 @@ void FichaCuenta::arme_ficha() {
     }
     arme_botones();
     forma.estire().botones(barra_);
-    tamano(760, 430);
+    tamano(800, 430);
     enter_como_tab();
 }
 

@@ -6,6 +6,7 @@
 #include "toolkit/aviso_trabajo.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -33,7 +34,10 @@ ListaProceso::ListaProceso(const DatosLista& datos)
         auto* caja = new QLineEdit(this);
         caja->setObjectName(filtro.nombre);
         caja->setMaxLength(filtro.ancho);
-        caja->setMinimumWidth(ancho_caracteres(fontMetrics(), qMin(filtro.ancho, 24)));
+        constexpr int kCodigo = 24; // desde ahí es un texto, y toma el ancho que haya
+        caja->setMinimumWidth(ancho_caracteres(fontMetrics(), qMin(filtro.ancho + 2, kCodigo)));
+        if (filtro.ancho < kCodigo)
+            caja->setMaximumWidth(caja->minimumWidth());
         connect(caja, &QLineEdit::returnPressed, this,
                 [this] { proteja([this] { busque(orden_); }); });
         cajas_ << caja;
@@ -60,11 +64,12 @@ ListaProceso::ListaProceso(const DatosLista& datos)
         buscar->setAutoDefault(false);
         connect(buscar, &QPushButton::clicked, this,
                 [this] { proteja([this] { busque(orden_); }); });
-        QWidget* ultima = Formulario::junto({cajas_.last(), buscar});
-        if (cajas_.size() == 1)
-            f.fila(datos_.filtros[0].rotulo, ultima);
-        else
-            f.fila({{datos_.filtros[0].rotulo, cajas_[0]}, {datos_.filtros[1].rotulo, ultima}});
+        QWidget* fila = Formulario::junto({cajas_[0], buscar});
+        if (cajas_.size() > 1) {
+            QWidget* otra = con_rotulo(datos_.filtros[1].rotulo, cajas_[1]);
+            fila = Formulario::junto({cajas_[0], otra, buscar});
+        }
+        f.fila(datos_.filtros[0].rotulo, fila);
     }
     f.ancha(DBGridEh1).botones(barra_);
     tamano(940, 520);

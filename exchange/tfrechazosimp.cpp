@@ -45,10 +45,11 @@ void Tfrechazosimp::FormCreate() {
     }
     CRechazos.First();
     CRechazos.EnableControls();
-    setWindowTitle(QStringLiteral("%1: %2 de %3")
-                       .arg(windowTitle())
-                       .arg(rechazos_.resultado.rechazados.size())
-                       .arg(QFileInfo(rechazos_.archivo).fileName()));
+    if (const qsizetype cuantos = rechazos_.resultado.rechazados.size())
+        setWindowTitle(QStringLiteral("%1: %2 de %3")
+                           .arg(windowTitle())
+                           .arg(cuantos)
+                           .arg(QFileInfo(rechazos_.archivo).fileName()));
     DBGridEh1->setFocus();
 }
 

@@ -113,7 +113,7 @@ void FormaConcepto::construya() {
     ceda_filas(this);
     Formulario(this)
         .fila({{"&Código", ECod}, {"&Nombre", nombre}})
-        .fila({{"Cuenta de c&ierre", Formulario::junto({ECta, NomCierre})}, {"", lado}})
+        .fila("Cuenta de c&ierre", Formulario::junto({ECta, NomCierre, lado}))
         .fila({{"", Vence},
                {"Desde", Formulario::junto({MesIni, AnoIni})},
                {"Hasta", Formulario::junto({MesFin, AnoFin})}})
@@ -121,7 +121,7 @@ void FormaConcepto::construya() {
         .fila({{"Cuenta afectar:", NomCuenta}, {"Cuenta base:", NomBase}})
         .botones(barra);
     enter_como_tab();
-    tamano(980, 540);
+    tamano(1000, 540);
 
     CConceptos.FieldByName("CONC_CTACIERRE").OnChange = [this](Campo& x) {
         cuenta_cambiada(x, NomCierre);

@@ -31,8 +31,8 @@ Tfrngbalanceacumulado::Tfrngbalanceacumulado() : FormaEstado(kDatos) {
 
     Formulario f(this);
     f.fila({{"Año:", cree_ano("EAno")},
-            {"de:", cree_mes("MesIni", 1)},
-            {"a:", cree_mes("MesFin", kDiciembre, 2, kAjustes)}});
+            {"de:", Formulario::junto({cree_mes("MesIni", 1), new QLabel("a:"),
+                                       cree_mes("MesFin", kDiciembre, 2, kAjustes)})}});
     arme_pares(f);
     f.fila("Nivel:", cree_nivel(5));
     ckterceros = casilla("ckterceros", "Incluir terceros");

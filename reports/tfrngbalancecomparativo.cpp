@@ -29,8 +29,11 @@ Tfrngbalancecomparativo::Tfrngbalancecomparativo() : FormaEstado(kDatos) {
     defina_tope("CUENTA");
 
     Formulario f(this);
-    f.fila({{"Primer período:", cree_mes("MesIni", periodo.numero())}, {"", cree_ano("EAno1")}});
-    f.fila({{"Segundo período:", cree_mes("MesFin", periodo.numero())}, {"", cree_ano("EAno2")}});
+    const auto mes_y_ano = [this](const char* mes, const char* ano) {
+        return Formulario::junto({cree_mes(mes, periodo.numero()), cree_ano(ano)});
+    };
+    f.fila("Primer período:", mes_y_ano("MesIni", "EAno1"));
+    f.fila("Segundo período:", mes_y_ano("MesFin", "EAno2"));
     arme_pares(f);
     CkTerceros = casilla("CkTerceros", "Incluir terceros");
     casilla_niif();

@@ -95,7 +95,10 @@ QLineEdit* FormaMedio::caja(const QString& nombre, int caracteres) {
     auto* c = new QLineEdit(this);
     c->setObjectName(nombre);
     c->setMaxLength(caracteres);
-    c->setMinimumWidth(ancho_caracteres(c->fontMetrics(), qMin(caracteres, 20) + 2));
+    constexpr int kCodigo = 20; // un año o una fecha no piden más que su ancho
+    c->setMinimumWidth(ancho_caracteres(c->fontMetrics(), qMin(caracteres, kCodigo) + 2));
+    if (caracteres <= kCodigo)
+        c->setMaximumWidth(c->minimumWidth());
     return c;
 }
 

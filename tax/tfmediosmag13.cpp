@@ -11,6 +11,8 @@
 #include "tax/tfrevisamedio.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/lista_tecleo.h"
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -125,16 +127,20 @@ void Tfmediosmag13::arme_encabezado(Formulario& f) {
     LFormato->setObjectName("LFormato");
     LFormato->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     LFormato->setMinimumContentsLength(kLetrasFormato);
+    LFormato->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(NroEnv, &QSpinBox::valueChanged, this,
             [this] { proteja([this] { calculanombre(); }); });
     connect(Concepto, &QComboBox::currentIndexChanged, this,
             [this] { proteja([this] { calculanombre(); }); });
     connect(LFormato, &QComboBox::currentIndexChanged, this,
             [this] { proteja([this] { LFormatoExit(); }); });
-    f.fila({{"Año a reportar:", EAno}, {"Fecha inicial:", FecIni}, {"Fecha final:", FecFin}});
-    f.fila(
-        {{"Año envío:", Edit1}, {"Fecha de envío:", FecEnvio}, {"Consecutivo de envío:", NroEnv}});
-    f.fila({{"Concepto:", Concepto}, {"Formato:", LFormato}});
+    f.fila("Año a reportar:",
+           en_flujo({EAno, con_rotulo("Fecha inicial", FecIni), con_rotulo("Fecha final", FecFin)},
+                    paso()));
+    f.fila("Año envío:", en_flujo({Edit1, con_rotulo("Fecha de envío", FecEnvio),
+                                   con_rotulo("Consecutivo de envío", NroEnv)},
+                                  paso()));
+    f.fila("Concepto:", en_flujo({Concepto, con_rotulo("Formato", LFormato)}, paso()));
     f.fila("Nombre archivo:", cree_ubicacion());
 }
 

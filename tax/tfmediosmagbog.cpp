@@ -11,7 +11,9 @@
 #include "tax/procedimiento.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/disposicion_pares.h"
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -138,9 +140,12 @@ void Tfmediosmagbog::arme_encabezado(Formulario& f) {
     CentroBogota->setToolTip("Solo el movimiento de este centro; vacío, todo");
     connect(LFormato, &QComboBox::currentIndexChanged, this,
             [this] { proteja([this] { LFormatoExit(); }); });
-    f.fila({{"Año a reportar:", EAno}, {"Fecha inicial:", FecIni}, {"Fecha final:", FecFin}});
+    f.fila("Año a reportar:",
+           en_flujo({EAno, con_rotulo("Fecha inicial", FecIni), con_rotulo("Fecha final", FecFin)},
+                    paso()));
     f.fila("Artículo:", LFormato);
-    f.fila({{"NIT secretaria hacienda:", NitShd}, {"Centro costos Bogotá:", CentroBogota}});
+    f.fila("NIT secretaria hacienda:",
+           en_flujo({NitShd, con_rotulo("Centro costos Bogotá", CentroBogota)}, paso()));
     f.fila("Nombre archivo:", cree_ubicacion());
 }
 

@@ -10,7 +10,7 @@
 namespace {
 const DatosRango kDatos{"Tfrngcertificadet",
                         "Detalle certificado",
-                        {382, 266},
+                        {440, 266},
                         "auxiliares.rav",
                         "RCertificadet",
                         "CAuxiliar",

@@ -101,7 +101,7 @@ void Tfrngcertificados::arme_encabezado(Formulario& f) {
     NumIni = caja("NumIni", 20);
     Numerar = casilla("Numerar", "Numerar certificados");
     f.fila("Clase:", Ltipo);
-    f.fila({{"Año gravable:", DateAno}, {"", Label5}, {"", Lperiodo}});
+    f.fila("Año gravable:", Formulario::junto({DateAno, Label5, Lperiodo}));
     connect(Ltipo, &QComboBox::currentIndexChanged, this,
             [this] { proteja([this] { LtipoChange(); }); });
     connect(DateAno, &QSpinBox::valueChanged, this,

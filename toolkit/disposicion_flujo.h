@@ -1,12 +1,20 @@
 #pragma once
 // Fila de controles que pasa a otro renglón cuando no caben, para ventanas angostas y letra grande.
-// Los que se estiran ceden hasta su ancho mínimo antes de pasar, y se reparten lo que sobre.
+// Los que se estiran ceden hasta su ancho mínimo antes de pasar, y se reparten lo que sobre por
+// igual, salvo el que para leerse entero necesita más.
 #include <QLayout>
 #include <QVector>
 #include <initializer_list>
 
 /// Los controles en una fila que, si no caben, sigue en otro renglón. El foco va al primero.
 QWidget* en_flujo(std::initializer_list<QWidget*> controles, int espacio);
+/// Un control con su rótulo, que pasan juntos a otro renglón.
+QWidget* con_rotulo(const QString& texto, QWidget* control);
+
+class QLineEdit;
+
+/// Ancho con que una caja muestra entero lo que tiene.
+int ancho_de_lectura(const QLineEdit& caja);
 
 class DisposicionFlujo : public QLayout {
 public:

@@ -32,6 +32,8 @@ constexpr qreal kPixelesLetra = 12.0; ///< letra de 9 puntos a 96 puntos por pul
 constexpr int kPuntosMinimos = 9;
 /// Foco, selección y enlaces. Son del programa: los de la empresa podrían no dejarse leer.
 const QColor kAcento(0x2b, 0x5c, 0x8a), kAcentoOscuro(0x4d, 0x93, 0xd0);
+const QColor kLineaOscura(0x3f, 0x47, 0x4f); ///< entre las celdas: la de Fusion no se ve
+const QColor kHojaOscura(0x23, 0x27, 0x2b);  ///< las hojas con pestaña, como la ventana
 
 bool oscuro_ = false; ///< el sistema pide letras claras sobre fondo oscuro
 
@@ -64,6 +66,10 @@ public:
         connect(caja, &QLineEdit::textChanged, this, [caja] {
             if (caja->isReadOnly() && !caja->hasFocus())
                 caja->home(false);
+            // En una fila de nombres el ancho se reparte según lo que dicen.
+            const QWidget* fila = caja->parentWidget();
+            if (caja->isReadOnly() && fila && !cabe(caja) && fila->layout())
+                caja->updateGeometry();
         });
     }
 
@@ -176,6 +182,14 @@ public:
                 return;
             }
         }
+        if (elemento == PE_FrameTabWidget && oscuro_) {
+            if (const auto* hoja = qstyleoption_cast<const QStyleOptionTabWidgetFrame*>(opcion)) {
+                QStyleOptionTabWidgetFrame copia = *hoja;
+                copia.palette.setColor(QPalette::Button, kHojaOscura);
+                QProxyStyle::drawPrimitive(elemento, &copia, pintor, widget);
+                return;
+            }
+        }
         if (elemento == PE_FrameGroupBox) {
             borde(pintor, opcion->rect, opcion->palette, 3);
             return;
@@ -186,8 +200,8 @@ public:
         const bool de_lista =
             elemento == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
         if (de_lista ||
-            (oscuro_ && (elemento == PE_FrameLineEdit || elemento == PE_IndicatorCheckBox ||
-                         elemento == PE_IndicatorRadioButton)))
+            (oscuro_ && (elemento == PE_Frame || elemento == PE_FrameLineEdit ||
+                         elemento == PE_IndicatorCheckBox || elemento == PE_IndicatorRadioButton)))
             borde(pintor, opcion->rect, opcion->palette,
                   elemento == PE_IndicatorRadioButton ? opcion->rect.width() / 2 : 2);
         if (elemento == PE_FrameLineEdit && opcion->state.testFlag(State_HasFocus))
@@ -216,6 +230,13 @@ public:
 
     void drawControl(ControlElement elemento, const QStyleOption* opcion, QPainter* pintor,
                      const QWidget* widget) const override {
+        const auto* pestana = qstyleoption_cast<const QStyleOptionTab*>(opcion);
+        if (elemento == CE_TabBarTabShape && oscuro_ && pestana) {
+            QStyleOptionTab copia = *pestana;
+            copia.palette.setColor(QPalette::Button, kHojaOscura);
+            QProxyStyle::drawControl(elemento, &copia, pintor, widget);
+            return;
+        }
         QProxyStyle::drawControl(elemento, opcion, pintor, widget);
         if (elemento == CE_PushButtonBevel && opcion->state.testFlag(State_HasFocus))
             anillo(pintor, opcion->rect.adjusted(1, 1, -1, -1));
@@ -267,6 +288,8 @@ public:
                   QStyleHintReturn* retorno) const override {
         if (consejo == SH_ComboBox_AllowWheelScrolling)
             return 1;
+        if (consejo == SH_Table_GridLineColor && oscuro_)
+            return int(kLineaOscura.rgba());
         // Los mensajes y preguntas siguen el orden de lectura: Sí, luego No.
         if (consejo == SH_DialogButtonLayout)
             return 0;

@@ -4,10 +4,12 @@
 #include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 
+#include <QAbstractSpinBox>
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QSplitter>
 #include <QWidget>
 
@@ -52,6 +54,17 @@ void recolecte(QWidget* control, QVector<QWidget*>& lista) {
     for (QObject* hijo : control->children())
         if (hijo->isWidgetType() && !static_cast<QWidget*>(hijo)->isWindow())
             recolecte(static_cast<QWidget*>(hijo), lista);
+}
+
+/// Una cifra corta, una fecha o un botón se quedan con su ancho.
+bool es_de_su_ancho(const QWidget* control) {
+    return qobject_cast<const QAbstractSpinBox*>(control) ||
+           qobject_cast<const QPushButton*>(control);
+}
+
+bool crece_a_lo_ancho(const QWidget* control) {
+    return (control->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag) &&
+           control->maximumWidth() == QWIDGETSIZE_MAX && !es_de_su_ancho(control);
 }
 
 bool crece_a_lo_alto(const QWidget* control) {
@@ -126,7 +139,7 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
         // La casilla de la rejilla crece; el control de ancho fijo se queda a la izquierda de ella.
         auto* celda = new QHBoxLayout;
         celda->setSpacing(0);
-        celda->addWidget(par.control, 1);
+        celda->addWidget(par.control, es_de_su_ancho(par.control) ? 0 : 1);
         celda->addStretch(0);
         // Una fila corta usa lo que le sobra a la derecha.
         r->addLayout(celda, renglon, columna + 1, 1, ultimo ? -1 : 1);
@@ -138,6 +151,13 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
     }
     if (columna > 0)
         r->setColumnStretch(columna - 1, 1);
+    // Dos nombres en la misma fila se la reparten.
+    columna = 1;
+    for (const Par& par : pares) {
+        if (crece_a_lo_ancho(par.control) && crece_a_lo_ancho((pares.end() - 1)->control))
+            r->setColumnStretch(columna, 1);
+        columna += 2;
+    }
     return *this;
 }
 
@@ -183,17 +203,18 @@ void Formulario::nombre_accesible(QWidget* control, const QString& texto) {
 Formulario& Formulario::ancha(QWidget* control, int estira) {
     puestos_ << control;
     elastico_ = elastico_ || estira > 0;
+    const Qt::Alignment lado = es_de_su_ancho(control) ? Qt::AlignLeft : Qt::Alignment();
     if (grupo_) {
         QGridLayout* r = rejilla();
         const int renglon = r->rowCount();
-        r->addWidget(control, renglon, 0, 1, -1);
+        r->addWidget(control, renglon, 0, 1, -1, lado);
         r->setRowStretch(renglon, estira);
         grupo_elastico_ = grupo_elastico_ || estira > 0;
         if (estira > 0)
             raiz_->setStretch(raiz_->count() - 1, qMax(1, estira));
     } else {
         rejilla_ = nullptr; // las filas que sigan van debajo
-        raiz_->addWidget(control, estira);
+        raiz_->addWidget(control, estira, lado);
     }
     return *this;
 }
@@ -266,18 +287,19 @@ QWidget* Formulario::junto(std::initializer_list<QWidget*> controles) {
     auto* fila = new QHBoxLayout(conjunto);
     fila->setContentsMargins(0, 0, 0, 0);
     fila->setSpacing(paso(0.5));
-    bool elastico = false;
+    bool elastico = false, con_tope = false;
     for (QWidget* control : controles) {
         // Una caja de ancho fijo no crece: el sitio que pidiera quedaría en blanco a su lado.
         const bool crece =
-            control->maximumWidth() == QWIDGETSIZE_MAX &&
+            control->maximumWidth() > qMax(control->minimumWidth(), control->sizeHint().width()) &&
             (control->sizePolicy().horizontalPolicy() & QSizePolicy::ExpandFlag) != 0;
         fila->addWidget(control, crece ? 1 : 0);
         elastico = elastico || crece;
+        con_tope = con_tope || (crece && control->maximumWidth() < QWIDGETSIZE_MAX);
         if (!conjunto->focusProxy() && control->focusPolicy() != Qt::NoFocus)
             conjunto->setFocusProxy(control);
     }
-    if (!elastico) // juntos, aunque su columna sea más ancha
+    if (!elastico || con_tope) // juntos, aunque su columna sea más ancha
         fila->addStretch();
     conjunto->setSizePolicy(elastico ? QSizePolicy::Expanding : QSizePolicy::Fixed,
                             QSizePolicy::Fixed);

@@ -110,7 +110,7 @@ void InterpreteFormato::imprima(Hojas& hojas) {
         t_.CFormato.FieldByName("FORM_NROITEMS").entero() < 1)
         throw ErrorDatos(
             QStringLiteral("El formato de impresión %1 permite varias páginas y no dice cuántos "
-                           "items caben en cada una: digite \"Número de repeticiones items:\".")
+                           "ítems caben en cada una: digite \"Número de repeticiones items:\".")
                 .arg(t_.CFormato.FieldByName("PREF_PRE").texto()));
     // La hoja se toma ahora: es la que se escogió en las opciones de esta impresión.
     pintor_.emplace(hojas, papel_de_impresora(), kRejilla);

@@ -3,10 +3,13 @@
 #include "libro/aritmetica.h"
 #include "libro/grabacion.h"
 #include "sesion/ayuda_al_teclear.h"
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/estilo.h"
 #include "toolkit/rejilla/anuncio_pegado.h"
 #include "toolkit/rejilla/texto_tabulado.h"
 #include "vouchers/letrero_diferencia.h"
 #include "vouchers/pch.h"
+#include "vouchers/piezas.h"
 
 #include <QClipboard>
 
@@ -28,7 +31,38 @@ QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
     e->setObjectName(componente);
     e->setReadOnly(true);
     e->setFocusPolicy(Qt::NoFocus);
+    e->setMinimumWidth(ancho_caracteres(e->fontMetrics(), 5));
+    e->setMaximumWidth(ancho_caracteres(e->fontMetrics(), kLetrasNombre));
     return e;
+}
+
+void LineasCuenta::disponga_pie(Formulario& f, EditorNumero* saldo_cuenta,
+                                EditorNumero* saldo_tercero, EditorNumero* saldo_centro) {
+    // Dos renglones para que quepan más líneas. En una ventana angosta los grupos siguen en otro:
+    // un nombre cede, más si no dice nada; una cifra no.
+    auto* pie = new QWidget;
+    auto* flujo = new DisposicionFlujo(pie, paso(0.5));
+    const auto ponga = [&](const char* titulo, std::initializer_list<QWidget*> cajas,
+                           EditorNumero* saldo = nullptr) {
+        QWidget* grupo = Formulario::junto(cajas);
+        auto* fila = static_cast<QHBoxLayout*>(grupo->layout());
+        fila->insertWidget(0, rotulo(titulo, *cajas.begin()));
+        if (saldo)
+            fila->insertWidget(int(cajas.size()) + 1, saldo);
+        flujo->addWidget(grupo);
+    };
+    ponga("Cuenta", {NomCuenta}, saldo_cuenta);
+    ponga("Tercero", {NomTerc}, saldo_tercero);
+    ponga("Proyecto", {NomProy, NomCent}, saldo_centro);
+    flujo->parta();
+    ponga("Débitos", {Sumadeb});
+    ponga("Créditos", {SumCred});
+    ponga("Diferencia", {LabDiferencia});
+    f.ancha(pie, 0);
+    NomCuenta->setAccessibleName("Nombre de la cuenta");
+    NomTerc->setAccessibleName("Nombre del tercero");
+    NomProy->setAccessibleName("Nombre del proyecto");
+    NomCent->setAccessibleName("Nombre del centro");
 }
 
 // ---------------------------------------------------------------- la cuenta de la línea

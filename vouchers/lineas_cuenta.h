@@ -13,6 +13,7 @@
 #include <functional>
 
 class EditorNumero;
+class Formulario;
 class LetreroDiferencia;
 class Pantalla;
 class QLineEdit;
@@ -144,6 +145,9 @@ protected:
     Pantalla& pantalla() const;
 
     bool pregunta_por_centro(const char* celda);
+    /// Los nombres y las sumas, bajo la rejilla; cada nombre con su saldo, si lo hay.
+    void disponga_pie(Formulario& f, EditorNumero* saldo_cuenta = nullptr,
+                      EditorNumero* saldo_tercero = nullptr, EditorNumero* saldo_centro = nullptr);
 
     Lados guardados_;         ///< los de la línea en edición, como las sumas la cuentan
     ConjuntoDatos& consulta_; ///< CBorrar de la pantalla

@@ -3,7 +3,6 @@
 #include "libro/catalogos.h"
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
-#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "vouchers/letrero_diferencia.h"
 #include "vouchers/nombres_en_linea.h"
@@ -143,41 +142,9 @@ QWidget* LineasLibro::construya_pagina() {
     }
     LabDiferencia = new LetreroDiferencia(*this);
     LabDiferencia->setObjectName("LabDiferencia" + n);
-    disponga_nombres(f);
+    disponga_pie(f, ESaldocta, ESaldoter, ESaldocent);
     complete(f);
-    NomCuenta->setAccessibleName("Nombre de la cuenta");
-    NomTerc->setAccessibleName("Nombre del tercero");
-    NomProy->setAccessibleName("Nombre del proyecto");
-    NomCent->setAccessibleName("Nombre del centro");
     return pagina;
-}
-
-void LineasLibro::disponga_nombres(Formulario& f) {
-    // Dos renglones para que quepan más líneas; sin saldos los nombres quedan solos. En una ventana
-    // angosta los grupos siguen en otro renglón: un nombre cede hasta doce letras, una cifra nada.
-    auto* nombres = new QWidget;
-    auto* flujo = new DisposicionFlujo(nombres, paso(0.5));
-    for (QLineEdit* caja : {NomCuenta, NomTerc, NomProy, NomCent})
-        caja->setMinimumWidth(ancho_caracteres(caja->fontMetrics(), 12));
-    const auto ponga = [&](const char* titulo, std::initializer_list<QWidget*> cajas) {
-        QWidget* grupo = Formulario::junto(cajas);
-        auto* fila = static_cast<QHBoxLayout*>(grupo->layout());
-        fila->insertWidget(0, rotulo(titulo, *cajas.begin()));
-        flujo->addWidget(grupo);
-        return fila;
-    };
-    const auto con_saldo = [&](QBoxLayout* fila, EditorNumero* saldo) {
-        if (saldo)
-            fila->addWidget(saldo);
-    };
-    con_saldo(ponga("Cuenta", {NomCuenta}), ESaldocta);
-    con_saldo(ponga("Tercero", {NomTerc}), ESaldoter);
-    con_saldo(ponga("Proyecto", {NomProy, NomCent}), ESaldocent);
-    flujo->parta();
-    ponga("Débitos", {Sumadeb});
-    ponga("Créditos", {SumCred});
-    ponga("Diferencia", {LabDiferencia});
-    f.ancha(nombres, 0);
 }
 
 void LineasLibro::ate_eventos() {

@@ -125,7 +125,6 @@ protected:
     const CamposLinea& c_;
 
 private:
-    void disponga_nombres(class Formulario& f);
     void saldo(EditorNumero* caja, const char* procedimiento, const QStringList& argumentos);
     void cuenta_cambiada();
     void repita(Campo& celda, const QString& anterior);

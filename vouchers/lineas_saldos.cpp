@@ -38,9 +38,6 @@ QWidget* LineasSaldos::construya_pagina() {
     NomTerc = caja_de_nombre("NomTerc");
     NomProy = caja_de_nombre("NomProy");
     NomCent = caja_de_nombre("NomCent");
-    constexpr int kLetras = 12; // de un nombre, en letra grande o en una ventana angosta
-    for (QLineEdit* nombre : {NomCuenta, NomTerc})
-        nombre->setMinimumWidth(ancho_caracteres(nombre->fontMetrics(), kLetras));
     const auto suma = [](const char* nombre) {
         EditorNumero* e = EditorNumero::de_saldo();
         e->setObjectName(nombre);
@@ -52,17 +49,13 @@ QWidget* LineasSaldos::construya_pagina() {
     DifCred = suma("DifCred");
     Formulario f(pagina);
     f.ancha(rejilla, 1);
-    f.fila({{"Cuenta", NomCuenta}, {"Débitos", Sumadeb}, {"Créditos", SumCred}});
     for (EditorNumero* e : {Difdeb, DifCred}) { // de las líneas que ya entraron; no se ven
         e->setParent(pagina);
         e->hide();
     }
     LabDiferencia = new LetreroDiferencia(*this);
     LabDiferencia->setObjectName("LabDiferencia");
-    f.fila({{"Tercero", NomTerc}, {"Diferencia", LabDiferencia}});
-    f.fila({{"Proyecto", Formulario::junto({NomProy, NomCent})}});
-    NomProy->setAccessibleName("Nombre del proyecto");
-    NomCent->setAccessibleName("Nombre del centro");
+    disponga_pie(f);
     return pagina;
 }
 

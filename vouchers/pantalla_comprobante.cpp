@@ -126,20 +126,24 @@ void PantallaComprobante::construya_controles() {
 void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
     ceda_filas(this);
-    LTipo->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-    LTipo->setMinimumWidth(ancho_caracteres(LTipo->fontMetrics(), 12));
     // Lo que se ahorra alrededor son líneas del asiento.
     layout()->setContentsMargins(paso(1.5), paso(), paso(1.5), paso());
     layout()->setSpacing(paso());
-    f.fila({{"Tipo", LTipo},
-            {"Prefijo", Formulario::junto({control_prefijo, rotulo("Número", ENumero), ENumero})},
-            {"Fecha", Formulario::junto({EDia, EMes, EAno})}});
-    f.fila(
-        {{"Concepto", DBEdit1},
-         {"Referencia", Formulario::junto({ERef, rotulo("Tercero", DBEdit2), DBEdit2, DBEdit3})}});
-    f.fila({{"Monto", DBEdit6},
-            {"Observaciones", DBMemo1},
-            {"", en_flujo({DBCheckBox1, ckFiltro, DBCheckBox2}, paso())}});
+    LTipo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    LTipo->setMinimumWidth(ancho_caracteres(LTipo->fontMetrics(), 12));
+    LTipo->setMaximumWidth(ancho_caracteres(LTipo->fontMetrics(), 30));
+    for (QWidget* texto : std::initializer_list<QWidget*>{DBEdit1, DBEdit3, DBMemo1})
+        texto->setMaximumWidth(ancho_caracteres(texto->fontMetrics(), kLetrasNombre));
+    f.fila("Tipo",
+           en_flujo({LTipo, con_rotulo("Prefijo", control_prefijo), con_rotulo("Número", ENumero),
+                     Formulario::junto({rotulo("Fecha", EDia), EDia, EMes, EAno})},
+                    paso()));
+    f.fila("Concepto", en_flujo({DBEdit1, con_rotulo("Referencia", ERef),
+                                 Formulario::junto({rotulo("Tercero", DBEdit2), DBEdit2, DBEdit3})},
+                                paso()));
+    f.fila("Monto", en_flujo({DBEdit6, con_rotulo("Observaciones", DBMemo1), DBCheckBox1, ckFiltro,
+                              DBCheckBox2},
+                             paso()));
     f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
     if (!LabMand)

@@ -9,13 +9,22 @@ inline QString cuantas_lineas(qsizetype lineas) {
                          : QStringLiteral("%1 líneas").arg(lineas);
 }
 
-/// Caja que solo muestra; a ella no se llega con Tab.
+constexpr int kLetrasNombre = 80; ///< ninguno pide más, aunque la ventana sea ancha
+
+/// Caja que solo muestra; a ella no se llega con Tab. La de un nombre toma el ancho que haya.
 inline QLineEdit* caja_de_lectura(const QString& nombre, int caracteres) {
     auto* e = new QLineEdit;
     e->setObjectName(nombre);
     e->setReadOnly(true);
     e->setFocusPolicy(Qt::NoFocus);
-    e->setFixedWidth(e->fontMetrics().horizontalAdvance(QLatin1Char('0')) * (caracteres + 2));
+    constexpr int kCodigo = 20;
+    const int letra = e->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    if (caracteres > kCodigo) {
+        e->setMinimumWidth(letra * kCodigo);
+        e->setMaximumWidth(letra * kLetrasNombre);
+    } else {
+        e->setFixedWidth(letra * (caracteres + 2));
+    }
     return e;
 }
 

@@ -24,7 +24,6 @@ Tfcomproterc::Tfcomproterc()
 
     ENIT = caja_de_lectura("ENIT", 16);
     ENom = caja_de_lectura("ENom", 40);
-    ENom->setMaximumWidth(QWIDGETSIZE_MAX);
     auto* tercero = new QWidget(this);
     Formulario(tercero).fila({{"NIT", Formulario::junto({ENIT, ENom})}});
     tercero->layout()->setContentsMargins(0, 0, 0, 0);

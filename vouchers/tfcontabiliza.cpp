@@ -1,5 +1,6 @@
 #include "vouchers/tfcontabiliza.h"
 
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 #include "vouchers/copia_plantilla.h"
@@ -70,7 +71,6 @@ void Tfcontabiliza::defina_conjuntos() {
 
 void Tfcontabiliza::construya() {
     EDocumento = caja_de_lectura("EDocumento", 24);
-    EDocumento->setMinimumWidth(ancho_caracteres(EDocumento->fontMetrics(), 20));
     EComprobante = caja_de_lectura("EComprobante", 16);
     EFecha = caja_de_lectura("EFecha", 10);
     EConcepto = LineasCuenta::caja_de_nombre("EConcepto");
@@ -103,7 +103,9 @@ void Tfcontabiliza::construya() {
 
     Formulario f(this);
     ceda_filas(this);
-    f.fila({{"Documento", EDocumento}, {"Comprobante", EComprobante}, {"Fecha", EFecha}});
+    f.fila("Documento", en_flujo({EDocumento, con_rotulo("Comprobante", EComprobante),
+                                  con_rotulo("Fecha", EFecha)},
+                                 paso()));
     f.fila("Concepto", EConcepto);
     f.ancha(PageControl1, 1);
     f.botones(barra);

@@ -93,7 +93,7 @@ void Tfedtmovimien::declare_pie() {
     for (QLineEdit* e : {Edit1, Edit3}) {
         e->setReadOnly(true);
         e->setFocusPolicy(Qt::NoFocus);
-        e->setMinimumWidth(letra * (e == Edit1 ? 34 : 44));
+        e->setFixedWidth(letra * (e == Edit1 ? 34 : 44));
     }
     Edit1->setAccessibleName("Origen del comprobante");
     Edit3->setAccessibleName("Último cambio NIIF");

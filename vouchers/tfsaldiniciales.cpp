@@ -6,6 +6,7 @@
 #include "toolkit/informes/motor.h"
 #include "vouchers/lineas_saldos.h"
 #include "vouchers/pch.h"
+#include "vouchers/piezas.h"
 
 Tfsaldiniciales::Tfsaldiniciales()
     : Pantalla("Tfsaldiniciales", "Saldos Iniciales"),
@@ -78,7 +79,7 @@ void Tfsaldiniciales::construya() {
     auto* barra = new BarraBotones(this);
     barra->setObjectName("barra");
     Formulario f(this);
-    f.fila({{"Año", EAno}, {"Mes", EMes}});
+    f.fila("Año", Formulario::junto({EAno, rotulo("Mes", EMes), EMes}));
     f.ancha(pagina, 1);
     f.botones(barra);
 

@@ -235,6 +235,12 @@ void revise_cajas(const Pantalla* p, QStringList& faltas) {
         if (e->isVisible() && e->isReadOnly() &&
             e->fontMetrics().horizontalAdvance(e->text()) > e->contentsRect().width())
             faltas << nombre_de(e) + " se recorta: " + e->text();
+    constexpr int kLetras = 45, kAncho = 1366; // más angosto, un nombre cede otro poco
+    for (const QLineEdit* e : p->findChildren<QLineEdit*>())
+        if (e->isVisible() && monitor().width() >= kAncho &&
+            e->fontMetrics().horizontalAdvance(e->text().left(kLetras)) >
+                e->contentsRect().width() - 4)
+            faltas << nombre_de(e) + " se recorta: " + e->text();
     for (const QComboBox* lista : p->findChildren<QComboBox*>())
         if (!lista->isEditable() && !lista->inherits("ListaTecleo"))
             faltas << nombre_de(lista) + " no busca lo que se teclea con espacios";

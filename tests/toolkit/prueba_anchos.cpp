@@ -75,6 +75,13 @@ private slots:
         con_nombre_largo << PedidoAncho{
             .contenido = 90, .titulo = 50, .cede = 90, .peso = 9, .vacia = true};
         QCOMPARE(reparta_ancho(con_nombre_largo, 340), QVector<int>({60, 90, 140, 50}));
+        // Sin remedio se desplaza: el nombre toma hasta la cuarta parte, y lo que está vacío,
+        // aunque se pueda digitar, solo su título.
+        con_nombre_largo[1].entero = 500;
+        con_nombre_largo << PedidoAncho{
+            .contenido = 90, .titulo = 50, .comodo = 90, .entero = 12, .peso = 9};
+        con_nombre_largo[2].contenido = 900;
+        QCOMPARE(reparta_ancho(con_nombre_largo, 800), QVector<int>({60, 200, 900, 50, 50}));
         // El nombre que ya hay se lee entero antes de guardarle sitio al que se digite.
         QCOMPARE(reparta_ancho({{.contenido = 50, .comodo = 300, .peso = 10},
                                 {.contenido = 50, .comodo = 200, .entero = 200, .peso = 10}},

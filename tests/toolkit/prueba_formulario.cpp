@@ -4,6 +4,7 @@
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/memodato.h"
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/listabusqueda.h"
@@ -125,6 +126,27 @@ private slots:
         for (QPushButton* x : b)
             QVERIFY(barra->rect().contains(x->geometry()));
         QVERIFY(barra->geometry().bottom() <= ventana.height());
+    }
+
+    void el_nombre_que_no_cabe_toma_lo_que_a_los_demas_les_sobra() {
+        QVector<QLineEdit*> cajas{new QLineEdit, new QLineEdit, new QLineEdit};
+        for (QLineEdit* c : cajas) {
+            c->setReadOnly(true);
+            c->setMinimumWidth(40);
+        }
+        const QScopedPointer<QWidget> fila(
+            en_flujo({cajas[0], con_rotulo("Tercero", cajas[1]), cajas[2]}, 4));
+        fila->resize(700, fila->sizeHint().height());
+        fila->show();
+        QVERIFY(qAbs(cajas[0]->width() - cajas[2]->width()) <= 2); // sin nada, a la par
+        for (const int cual : {0, 1}) {                            // el de antes lo devuelve
+            cajas[1 - cual]->clear();
+            cajas[cual]->setText(QString(60, 'n'));
+            QTRY_VERIFY(cajas[cual]->width() >= ancho_de_lectura(*cajas[cual]));
+            QVERIFY(cajas[2]->width() >= 40);
+        }
+        fila->resize(200, 80); // ya no caben: siguen en otro renglón
+        QTRY_VERIFY(cajas[2]->y() > cajas[0]->y());
     }
 
     void una_pantalla_mas_grande_que_el_monitor_se_recorre_con_el_teclado() {

@@ -390,7 +390,7 @@ private slots:
         Interlocutor i;
         i.espere_tecla("Tfimprcomproba", Qt::Key_F2);
         espere_pdf(i, s.base.ruta() + "/no_se_escribe.pdf");
-        i.espere_mencion("no dice cuántos items caben");
+        i.espere_mencion("no dice cuántos ítems caben");
         i.espere_modal("Tfimprcomproba", [](QWidget* w) { w->close(); });
         pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{QString::number(kId)});
         QVERIFY(!QFile::exists(s.base.ruta() + "/no_se_escribe.pdf"));

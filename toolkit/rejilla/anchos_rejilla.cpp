@@ -44,6 +44,11 @@ int suma(const QVector<int>& pixeles) {
     return std::accumulate(pixeles.begin(), pixeles.end(), 0);
 }
 
+/// Un texto sin nada en ninguna fila, también donde se podría digitar: le basta su título.
+bool no_dice_nada(const PedidoAncho& p) {
+    return p.vacia || (p.peso > 0 && p.entero > 0 && p.entero <= p.titulo);
+}
+
 } // namespace
 
 QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) {
@@ -54,9 +59,10 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
         const int ancho = qMax(p.contenido, p.titulo);
         anchos << ancho;
         total += ancho;
-        const int cede = p.fijo ? 0 : qBound(0, ancho - p.titulo, p.cede);
-        vacia << (p.vacia ? cede : 0);
-        nombre << (p.vacia ? 0 : cede);
+        const bool calla = no_dice_nada(p);
+        const int cede = p.fijo ? 0 : qBound(0, ancho - p.titulo, calla ? ancho : p.cede);
+        vacia << (calla ? cede : 0);
+        nombre << (calla ? 0 : cede);
         titulo << (p.fijo ? 0 : ancho - p.contenido);
         falta_entero << (p.fijo ? 0 : qMax(0, p.entero - ancho));
         const int falta = p.fijo ? 0 : qMax(0, p.comodo - qMax(ancho, p.entero));
@@ -68,8 +74,15 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
     if (total > disponible) {
         // Un nombre y un título se pueden leer en su letrero; una cifra, no.
         const int sobra = total - disponible;
-        if (sobra > suma(vacia) + suma(nombre) + suma(titulo))
+        if (sobra > suma(vacia) + suma(nombre) + suma(titulo)) {
+            // Habrá que desplazarse de todos modos: lo que se vea, que se pueda leer.
+            for (qsizetype i = 0; i < anchos.size(); ++i)
+                anchos[i] = vacia[i] > 0 ? anchos[i] - vacia[i]
+                            : nombre[i] > 0
+                                ? qMax(anchos[i], qMin(pedidos[i].entero, disponible / 4))
+                                : anchos[i];
             return anchos;
+        }
         QVector<int> quita(anchos.size(), 0);
         const int sin_vacias = de_lo_que_falta(quita, vacia, sobra);
         de_lo_que_falta(quita, titulo, de_lo_que_falta(quita, nombre, sin_vacias));

@@ -47,6 +47,8 @@ QColor DelegadoCelda::fondo(const QStyleOptionViewItem& opcion, const QModelInde
     const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(indice.row());
     QColor color = aspecto.fondo;
     const QColor papel = paleta.color(QPalette::Base);
+    // Sobre papel oscuro el mismo tinte apenas se distingue.
+    const qreal fuerza = papel.lightness() < 128 ? 2 : 1;
     if (color.isValid() && papel.lightness() < color.lightness() / 2)
         color = mezcle(papel, color, 0.22); // pensado para papel blanco
     else if (!color.isValid())
@@ -54,11 +56,11 @@ QColor DelegadoCelda::fondo(const QStyleOptionViewItem& opcion, const QModelInde
     const QColor tinte = paleta.color(QPalette::Active, QPalette::Highlight);
     const bool actual = indice == rejilla_.currentIndex();
     if (rejilla_.marcada(indice.row()))
-        color = mezcle(color, tinte, 0.28);
+        color = mezcle(color, tinte, 0.28 * fuerza);
     if ((opcion.state & QStyle::State_Selected) && !actual)
-        return mezcle(color, tinte, 0.42);
+        return mezcle(color, tinte, 0.42 * fuerza);
     if (indice.row() == rejilla_.currentIndex().row())
-        color = mezcle(color, tinte, rejilla_.enfocada() ? 0.16 : 0.09);
+        color = mezcle(color, tinte, (rejilla_.enfocada() ? 0.16 : 0.09) * fuerza);
     return color;
 }
 
