@@ -11,7 +11,6 @@
 #include "tax/procedimiento.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
-#include "toolkit/disposicion_pares.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -94,7 +93,6 @@ Tfmediosmagbog::Tfmediosmagbog() : FormaMedio(kDatos) {
         CMedmagdata->FieldByName("CodDpto") =
             CMedmagdata->FieldByName("MMDD_CODMUNICIPIO").texto().left(2);
     };
-    ceda_filas(this);
     Formulario f(this);
     arme_encabezado(f);
     arme_pie(f, "F5:Graba CSV");
