@@ -102,8 +102,8 @@ QWidget* LineasLibro::construya_pagina() {
                             t.opciones, t.formato});
     rejilla->columnas(columnas);
     rejilla->pie(true);
-    // Con sus títulos, su pie y su barra, más de tres líneas aunque haya que desplazar la ventana.
-    rejilla->setMinimumHeight(13 * rejilla->verticalHeader()->defaultSectionSize() / 2);
+    // Con sus títulos y su pie, seis líneas aunque haya que desplazar la ventana.
+    rejilla->setMinimumHeight(17 * rejilla->verticalHeader()->defaultSectionSize() / 2);
     rejilla->enter_como_tab = true;
     rejilla->texto_vacio = QStringLiteral("Sin líneas: digite el código de la cuenta, o F9 para "
                                           "buscarla.");
@@ -153,8 +153,9 @@ QWidget* LineasLibro::construya_pagina() {
 }
 
 void LineasLibro::disponga_nombres(Formulario& f) {
-    // Dos renglones para que quepan más líneas; sin saldos los nombres quedan solos. En una ventana
-    // angosta los grupos siguen en otro renglón: un nombre cede hasta doce letras, una cifra nada.
+    // Las sumas van contra las líneas: si la ventana no alcanza, lo que queda por debajo son los
+    // nombres. En una angosta los grupos siguen en otro renglón: un nombre cede hasta doce letras,
+    // una cifra nada.
     auto* nombres = new QWidget;
     auto* flujo = new DisposicionFlujo(nombres, paso(0.5));
     for (QLineEdit* caja : {NomCuenta, NomTerc, NomProy, NomCent})
@@ -170,13 +171,15 @@ void LineasLibro::disponga_nombres(Formulario& f) {
         if (saldo)
             fila->addWidget(saldo);
     };
-    con_saldo(ponga("Cuenta", {NomCuenta}), ESaldocta);
-    con_saldo(ponga("Tercero", {NomTerc}), ESaldoter);
-    con_saldo(ponga("Proyecto", {NomProy, NomCent}), ESaldocent);
-    flujo->parta();
+    for (EditorNumero* suma : {Sumadeb, SumCred})
+        ajuste_suma(*suma);
     ponga("Débitos", {Sumadeb});
     ponga("Créditos", {SumCred});
     ponga("Diferencia", {LabDiferencia});
+    flujo->parta();
+    con_saldo(ponga("Cuenta", {NomCuenta}), ESaldocta);
+    con_saldo(ponga("Tercero", {NomTerc}), ESaldoter);
+    con_saldo(ponga("Proyecto", {NomProy, NomCent}), ESaldocent);
     f.ancha(nombres, 0);
 }
 

@@ -3,7 +3,6 @@
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/disposicion_flujo.h"
-#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 #include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/paso_atras.h"
@@ -125,7 +124,8 @@ void PantallaComprobante::construya_controles() {
 
 void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
-    ceda_filas(this);
+    DBEdit6->setMinimumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 12));
+    DBMemo1->setMinimumWidth(ancho_caracteres(DBMemo1->fontMetrics(), 6));
     LTipo->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     LTipo->setMinimumWidth(ancho_caracteres(LTipo->fontMetrics(), 12));
     // Lo que se ahorra alrededor son líneas del asiento.
@@ -139,7 +139,7 @@ void PantallaComprobante::disponga(QWidget* control_prefijo) {
          {"Referencia", Formulario::junto({ERef, rotulo("Tercero", DBEdit2), DBEdit2, DBEdit3})}});
     f.fila({{"Monto", DBEdit6},
             {"Observaciones", DBMemo1},
-            {"", en_flujo({DBCheckBox1, ckFiltro, DBCheckBox2}, paso())}});
+            {"", en_flujo({DBCheckBox1, ckFiltro, DBCheckBox2}, paso(0.5))}});
     f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
     if (!LabMand)
