@@ -5,7 +5,6 @@
 #include "assets/tfgruposact.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
-#include "toolkit/disposicion_pares.h"
 #include "toolkit/sin_grabar.h"
 
 namespace {
@@ -138,7 +137,6 @@ void FormaActivo::construya() {
     pagina(Qt::Key_PageDown, 1);
     pagina(Qt::Key_PageUp, -1);
 
-    ceda_filas(this);
     Formulario f(this);
     f.fila({{"&Código", ECod}, {"&Descripción", EDesc}});
     f.fila({{"&Grupo", LGrupo}, {"&Subgrupo", LSubgrupo}});

@@ -113,7 +113,7 @@ void Tfcompresupuesto::construya() {
         auto* e = new QLineEdit(valor);
         e->setObjectName(nombre);
         e->setMaxLength(20);
-        e->setFixedWidth(ancho_caracteres(e->fontMetrics(), 14));
+        e->setFixedWidth(ancho_caracteres(e->fontMetrics(), 11));
         connect(e, &QLineEdit::returnPressed, this, [this] { proteja([this] { consulte(); }); });
         return e;
     };

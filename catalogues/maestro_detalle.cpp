@@ -2,13 +2,13 @@
 
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/navegadordatos.h"
+#include "toolkit/division_fluida.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 #include "toolkit/sin_grabar.h"
 
 #include <QGroupBox>
 #include <QLabel>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 MaestroDetalle::MaestroDetalle(const QString& clase, const QString& titulo,
@@ -36,7 +36,12 @@ Rejilla* MaestroDetalle::rejilla(const QString& nombre, ConjuntoDatos* conjunto,
     auto* navegador = new NavegadorDatos(conjunto, nbRecorrido | nbInsert | nbDelete, marco);
     navegador->setObjectName(QString(nombre).replace("DBGridEh", "DBNavigator"));
     auto* columna = new QVBoxLayout(marco);
-    columna->addWidget(navegador);
+    auto* arriba = new QHBoxLayout;
+    arriba->addWidget(navegador);
+    arriba->addStretch(1);
+    if (lado.arriba)
+        arriba->addWidget(lado.arriba);
+    columna->addLayout(arriba);
     columna->addWidget(r, 1);
     if (lado.debajo) {
         columna->addWidget(lado.debajo);
@@ -46,8 +51,7 @@ Rejilla* MaestroDetalle::rejilla(const QString& nombre, ConjuntoDatos* conjunto,
 }
 
 void MaestroDetalle::arme(const Lado& izquierda, const Lado& derecha) {
-    auto* division = new QSplitter(Qt::Horizontal, this);
-    division->setChildrenCollapsible(false);
+    auto* division = new DivisionFluida(this);
     auto* marco1 = new QGroupBox(izquierda.titulo, division);
     auto* marco2 = new QGroupBox(derecha.titulo, division);
     DBGridEh1 = rejilla("DBGridEh1", maestro_, izquierda, marco1);

@@ -25,6 +25,7 @@ protected:
         QVector<DefinicionColumna> columnas;
         int parte;                 ///< proporción del ancho
         QWidget* debajo = nullptr; ///< otro control, al pie de la rejilla
+        QWidget* arriba = nullptr; ///< otro, junto al navegador
     };
     /// Arma rejillas, navegadores y barra cuando los campos ya están definidos. La barra queda sin
     /// botones: cada pantalla pone los suyos.

@@ -3,6 +3,8 @@
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/controles/navegadordatos.h"
 #include "toolkit/estilo.h"
+#include "toolkit/rejilla/anchos_rejilla.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QHeaderView>
@@ -12,10 +14,10 @@
 CifrasControl::CifrasControl(Rejilla* rejilla, const QStringList& columnas,
                              const QStringList& sumas, const QStringList& nombres, QWidget* padre)
     : QWidget(padre), rejilla_(rejilla), columnas_(columnas), sumas_(sumas),
-      rotulo_(new QLabel("Cifras de control:", this)),
+      rotulo_(new QLabel("Cifras de control:", this)), hueco_(new QWidget(this)),
       navegador_(new NavegadorDatos(rejilla->conjunto(), nbRecorrido | nbRefresh, this)) {
     for (int i = 0; i < nombres.size(); ++i) {
-        auto* caja = EditorNumero::de_saldo(this);
+        auto* caja = EditorNumero::de_saldo(hueco_);
         caja->setObjectName(nombres[i]);
         caja->setAccessibleName("Cifra de control: " +
                                 rejilla->columna(rejilla->columna_de(columnas[i])).Titulo());
@@ -66,54 +68,38 @@ void CifrasControl::showEvent(QShowEvent* evento) {
 
 void CifrasControl::ubique() {
     const QSize botones = navegador_->sizeHint();
-    const int alto = alto_de_renglon();
+    auto& titulos = static_cast<EncabezadoRejilla&>(*rejilla_->horizontalHeader());
+    // Si las columnas empiezan antes de que termine el rótulo, va en dos renglones; si ni así, son
+    // las cajas las que van en otro.
+    const int primera = rejilla_->x() - x() + rejilla_->viewport()->x() +
+                        titulos.sectionPosition(rejilla_->columna_de(columnas_[0]));
+    int alto = alto_de_renglon(), libre = 0;
+    for (const char* texto : {"Cifras de control:", "Cifras de\ncontrol:"}) {
+        rotulo_->setText(QLatin1String(texto));
+        alto = qMax(alto, rotulo_->sizeHint().height());
+        rotulo_->setGeometry(botones.width() + paso(), 0, rotulo_->sizeHint().width(), alto);
+        libre = rotulo_->geometry().right() + paso(0.5);
+        if (primera >= libre)
+            break;
+    }
+    const bool debajo = primera < libre;
     navegador_->setGeometry(0, (alto - botones.height()) / 2, botones.width(), botones.height());
-    const int inicio = botones.width() + paso();
-    rotulo_->setGeometry(inicio, 0, rotulo_->sizeHint().width(), alto);
-    const int libre = rotulo_->geometry().right() + paso();
-
-    QVector<QRect> lugares = bajo_las_columnas(alto);
-    bool caben = lugares.first().left() >= libre && lugares.last().right() <= width() + paso();
-    for (int i = 0; i < cajas_.size(); ++i)
-        caben = caben && lugares[i].width() >= ancho_de(cajas_[i]);
-    if (!caben)
-        lugares = repartidas(libre, alto);
-    for (int i = 0; i < cajas_.size(); ++i)
-        cajas_[i]->setGeometry(lugares[i].adjusted(1, 0, -1, 0));
-    if (const int todo = lugares.last().bottom() + 1; todo != minimumHeight())
+    const QRect vista(rejilla_->x() - x() + rejilla_->viewport()->x(), 0,
+                      rejilla_->viewport()->width(), alto);
+    QRect lugar = vista.translated(0, debajo ? alto : 0);
+    if (!debajo)
+        lugar.setLeft(qMax(libre, vista.x()));
+    hueco_->setGeometry(lugar);
+    for (int i = 0; i < cajas_.size(); ++i) {
+        const int c = rejilla_->columna_de(columnas_[i]), pide = ancho_de(cajas_[i]);
+        if (titulos.sectionSize(c) < pide)
+            titulos.anchos().pida(c, pide);
+        QRect caja(vista.x() - lugar.x() + titulos.sectionViewportPosition(c) + 1, 0,
+                   titulos.sectionSize(c) - 2, alto);
+        // Si el usuario angostó la columna, se extiende sobre la vecina.
+        caja.setLeft(qMin(caja.left(), caja.right() + 1 - pide));
+        cajas_[i]->setGeometry(caja);
+    }
+    if (const int todo = lugar.bottom() + 1; todo != minimumHeight())
         setFixedHeight(todo);
-}
-
-QVector<QRect> CifrasControl::bajo_las_columnas(int alto) const {
-    const QHeaderView& titulos = *rejilla_->horizontalHeader();
-    const int margen = rejilla_->viewport()->mapTo(rejilla_, QPoint()).x() + rejilla_->x() - x();
-    QVector<QRect> lugares;
-    for (const QString& columna : columnas_) {
-        const int c = rejilla_->columna_de(columna);
-        lugares.append(
-            {margen + titulos.sectionViewportPosition(c), 0, titulos.sectionSize(c), alto});
-    }
-    return lugares;
-}
-
-QVector<QRect> CifrasControl::repartidas(int libre, int alto) const {
-    int total = 0;
-    for (const EditorNumero* caja : cajas_)
-        total += ancho_de(caja);
-    const int n = int(cajas_.size());
-    // En un renglón, lo que sobra es de todas; si no caben, siguen debajo.
-    const bool uno = total <= width() - libre;
-    const int mas = uno ? (width() - libre - total) / n : 0;
-    QVector<QRect> lugares;
-    int x = uno ? libre : 0, y = uno ? 0 : alto;
-    for (const EditorNumero* caja : cajas_) {
-        const int ancho = ancho_de(caja) + mas;
-        if (x > 0 && x + ancho > width()) {
-            x = 0;
-            y += alto;
-        }
-        lugares.append({x, y, ancho, alto});
-        x += ancho;
-    }
-    return lugares;
 }

@@ -1,5 +1,6 @@
 #pragma once
-// Cifras de control de un balance: cuatro cajas que se quedan debajo de las columnas que suman.
+// Cifras de control de un balance: cuatro cajas debajo de las columnas que suman, que se
+// desplazan con ellas.
 #include "datos/recordset/conjunto.h"
 
 #include <QStringList>
@@ -33,13 +34,11 @@ private:
     void ubique();
     int alto_de_renglon() const;
     int ancho_de(const EditorNumero* caja) const;
-    QVector<QRect> bajo_las_columnas(int alto) const;
-    /// Donde quepan, cuando las columnas quedan lejos o son más angostas que las cifras.
-    QVector<QRect> repartidas(int libre, int alto) const;
 
     Rejilla* rejilla_;
     QStringList columnas_, sumas_;
     QLabel* rotulo_;
+    QWidget* hueco_; ///< por donde se ven las cajas, que se desplazan con sus columnas
     NavegadorDatos* navegador_;
     QVector<EditorNumero*> cajas_;
 };

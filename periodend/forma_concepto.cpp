@@ -5,7 +5,6 @@
 #include "periodend/peticiones_cierre.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
-#include "toolkit/disposicion_pares.h"
 #include "toolkit/sin_grabar.h"
 
 namespace {
@@ -110,7 +109,6 @@ void FormaConcepto::construya() {
                                   [this] { SBGrabarClick(); }));
     barra->separe();
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape, [this] { close(); });
-    ceda_filas(this);
     Formulario(this)
         .fila({{"&Código", ECod}, {"&Nombre", nombre}})
         .fila("Cuenta de c&ierre", Formulario::junto({ECta, NomCierre, lado}))

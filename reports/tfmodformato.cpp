@@ -9,7 +9,6 @@
 #include "toolkit/controles/imagendato.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
-#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/editor_celda.h"
@@ -48,7 +47,6 @@ Tfmodformato::Tfmodformato(const QString& clase, const QString& titulo) : Pantal
     cuide_lo_digitado(*this, {&CFormato, &CFormadatos, &CFormalineas});
     defina_nacimientos();
     Formulario f(this);
-    ceda_filas(this);
     construya_encabezado(f);
     auto* grillas = new QSplitter(Qt::Vertical);
     grillas->addWidget(construya_datos());

@@ -15,37 +15,70 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFrame>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QResizeEvent>
 #include <QScopeGuard>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 namespace {
+
+/// Un texto que se ve entero si hay alto, y si no cede hasta dos renglones y se desplaza.
+class TextoQueCede : public QScrollArea {
+public:
+    TextoQueCede(const QString& texto, const QString& nombre) {
+        auto* letrero = new QLabel(texto);
+        letrero->setWordWrap(true);
+        setWidget(letrero);
+        setWidgetResizable(true);
+        setFrameShape(NoFrame);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setAccessibleName(nombre);
+        setFocusPolicy(Qt::NoFocus);
+        connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int fin) {
+            setFocusPolicy(fin > 0 ? Qt::StrongFocus : Qt::NoFocus); // con las flechas se lee todo
+        });
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
+    }
+    QSize sizeHint() const override {
+        return {paso(60), widget()->heightForWidth(viewport()->width())};
+    }
+    QSize minimumSizeHint() const override {
+        return {paso(20), 2 * fontMetrics().lineSpacing() + 6};
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* evento) override {
+        QScrollArea::resizeEvent(evento);
+        if (evento->size().width() != evento->oldSize().width())
+            updateGeometry();
+    }
+};
 
 QFrame* cree_advertencia(QWidget* padre) {
     auto* panel = new QFrame(padre);
     panel->setObjectName("PanelAdvertencia");
     panel->setFrameShape(QFrame::StyledPanel);
-    auto* columna = new QVBoxLayout(panel);
-    auto* titulo = new QLabel("<b>A D V E R T E N C I A !</b>", panel);
-    titulo->setAlignment(Qt::AlignCenter);
-    columna->addWidget(titulo);
+    auto* fila = new QHBoxLayout(panel);
+    fila->setContentsMargins(paso(), paso(0.5), paso(), paso(0.5));
+    QString texto = "<p style='margin:0'><b>A D V E R T E N C I A !</b></p>";
     for (const char* parrafo :
          {"Lo que Quorvex calcula aquí es una ayuda: sale de los comprobantes y de las cuentas que "
           "se hayan configurado en cada concepto.",
           "Revise cada fila antes de enviarla, y compárela con la norma del año: los conceptos, "
-          "las "
-          "cuantías y los plazos cambian.",
-          "De la información que se presenta responde quien la presenta."}) {
-        auto* texto = new QLabel(QString::fromUtf8(parrafo), panel);
-        texto->setWordWrap(true);
-        columna->addWidget(texto);
-    }
+          "las cuantías y los plazos cambian.",
+          "De la información que se presenta responde quien la presenta."})
+        texto +=
+            QStringLiteral("<p style='margin:4px 0 0 0'>%1</p>").arg(QString::fromUtf8(parrafo));
+    fila->addWidget(new TextoQueCede(texto, "Advertencia"), 1);
     auto* aceptar = new QPushButton("Aceptar", panel);
     aceptar->setObjectName("Button1");
-    columna->addWidget(aceptar, 0, Qt::AlignCenter);
+    fila->addWidget(aceptar, 0, Qt::AlignVCenter);
+    panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     QObject::connect(aceptar, &QPushButton::clicked, panel, &QWidget::hide);
     panel->hide();
     return panel;

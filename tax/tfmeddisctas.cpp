@@ -47,6 +47,7 @@ Tfmeddisctas::Tfmeddisctas(Consultas consultas)
            {"MMDI_NATUR", "D/C", 5},
            {"MMDI_INCSALDO", "Inc.Saldo", 8, Casilla}},
           6,
+          nullptr,
           copia},
          {"Cuentas del artículo",
           {{"MMDC_CUENTA", "Cuenta Mov.", 13},

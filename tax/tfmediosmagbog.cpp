@@ -12,7 +12,6 @@
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/disposicion_flujo.h"
-#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -96,7 +95,6 @@ Tfmediosmagbog::Tfmediosmagbog() : FormaMedio(kDatos) {
         CMedmagdata->FieldByName("CodDpto") =
             CMedmagdata->FieldByName("MMDD_CODMUNICIPIO").texto().left(2);
     };
-    ceda_filas(this);
     Formulario f(this);
     arme_encabezado(f);
     arme_pie(f, "F5:Graba CSV");

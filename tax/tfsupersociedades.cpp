@@ -5,13 +5,13 @@
 #include "sesion/tfdmcnt.h"
 #include "tax/taxonomia.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/division_fluida.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QGroupBox>
 #include <QSpinBox>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace {
@@ -31,8 +31,7 @@ Tfsupersociedades::Tfsupersociedades() : Pantalla("Tfsupersociedades", "Supersoc
     EAno = new QSpinBox(this);
     EAno->setObjectName("EAno");
     EAno->setRange(1990, 9999);
-    auto* division = new QSplitter(Qt::Horizontal, this);
-    division->setChildrenCollapsible(false);
+    auto* division = new DivisionFluida(this);
     DBGridEh1 = cree_rejilla("DBGridEh1", CImprtax, "Situación financiera", division);
     DBGridEh2 = cree_rejilla("DBGridEh2", CImptaxr, "Resultados", division);
     division->setStretchFactor(0, 3);

@@ -1,11 +1,19 @@
 #include "toolkit/disposicion_pares.h"
 
-#include <QVariant>
+#include <QScopedValueRollback>
 #include <QWidget>
 
 namespace {
 
-constexpr char kCeden[] = "filas_que_ceden";
+bool todo_en_columnas_ = false; ///< se pregunta por el ancho en que nadie cede
+
+/// Lo que cada uno midió antes de cambiar de regla.
+void olvide_tamanos(QWidget& raiz) {
+    for (QWidget* w : raiz.findChildren<QWidget*>())
+        w->updateGeometry();
+    for (QLayout* l : raiz.findChildren<QLayout*>())
+        l->invalidate();
+}
 
 /// En la casilla, tras el control, va el espacio de los que no crecen.
 const QLayoutItem& control_de(QLayoutItem* casilla) {
@@ -22,19 +30,29 @@ bool puede_crecer(QLayoutItem* casilla) {
     return control.maximumSize().width() > control.sizeHint().width();
 }
 
-int alto_de(const QLayoutItem* item, int ancho) {
+int alto_de_item(const QLayoutItem* item, int ancho) {
     return item->hasHeightForWidth() ? item->heightForWidth(ancho) : item->sizeHint().height();
+}
+
+int alto_minimo(const QLayoutItem* item, int ancho) {
+    return item->hasHeightForWidth() ? item->minimumHeightForWidth(ancho)
+                                     : item->minimumSize().height();
 }
 
 } // namespace
 
-void ceda_filas(QWidget* dueno) {
-    dueno->setProperty(kCeden, true);
+int ancho_en_columnas(QWidget& raiz) {
+    int ancho;
+    {
+        const QScopedValueRollback<bool> guarda(todo_en_columnas_, true);
+        olvide_tamanos(raiz);
+        ancho = raiz.minimumSizeHint().width();
+    }
+    olvide_tamanos(raiz);
+    return ancho;
 }
 
-bool ceden_las_filas(const QWidget& dueno) {
-    return dueno.property(kCeden).toBool();
-}
+// ---------------------------------------------------------------- pares
 
 QVector<DisposicionPares::Par> DisposicionPares::pares() const {
     QVector<Par> lista;
@@ -42,17 +60,24 @@ QVector<DisposicionPares::Par> DisposicionPares::pares() const {
     for (int i = 0; i < count(); ++i) {
         int fila, columna, filas, columnas;
         getItemPosition(i, &fila, &columna, &filas, &columnas);
-        if (columna % 2 == 0 && columnas == 1)
+        if (columna % 2 == 0 && columnas == 1 && columnCount() > 1)
             rotulo = itemAt(i);
         else if (QLayoutItem* suyo = std::exchange(rotulo, nullptr); !itemAt(i)->isEmpty())
-            lista.append({suyo && !suyo->isEmpty() ? suyo : nullptr, itemAt(i), fila});
+            lista.append({suyo && !suyo->isEmpty() ? suyo : nullptr, itemAt(i), fila, columna});
     }
     return lista;
 }
 
 int DisposicionPares::ancho_rotulo(const Par& par, bool primero) const {
     const int suyo = par.rotulo ? par.rotulo->sizeHint().width() : 0;
-    return primero ? qMax(suyo, columnMinimumWidth(0)) : suyo;
+    if (!primero || par.columna == 0)
+        return suyo;
+    int guia = columnMinimumWidth(0);
+    for (int f = 0; f < rowCount(); ++f)
+        if (const QLayoutItem* otro = itemAtPosition(f, 0);
+            otro && otro != itemAtPosition(f, 1) && !otro->isEmpty())
+            guia = qMax(guia, otro->sizeHint().width());
+    return qMax(suyo, guia);
 }
 
 int DisposicionPares::sitio(const Par& par, bool primero) const {
@@ -62,6 +87,8 @@ int DisposicionPares::sitio(const Par& par, bool primero) const {
 
 QSize DisposicionPares::minimumSize() const {
     QSize s = QGridLayout::minimumSize();
+    if (todo_en_columnas_)
+        return s;
     int ancho = 0;
     for (const Par& p : pares())
         ancho = qMax(ancho, sitio(p, true));
@@ -71,17 +98,91 @@ QSize DisposicionPares::minimumSize() const {
 }
 
 int DisposicionPares::heightForWidth(int ancho) const {
+    // Un recuadro no pasa a su dueño el menor alto que admite: el que puede ceder pide ese, y crece
+    // con lo que sobre.
+    const QVector<Par> todos = pares();
+    if (std::any_of(todos.begin(), todos.end(),
+                    [this](const Par& p) { return rowStretch(p.fila) > 0; }))
+        return minimumHeightForWidth(ancho);
     if (!cabe(ancho))
-        return acomode({0, 0, ancho, 0}, false);
+        return alto_sin_columnas(ancho, false);
     const int alto = QGridLayout::heightForWidth(ancho);
     return alto < 0 ? sizeHint().height() : alto;
 }
 
 int DisposicionPares::minimumHeightForWidth(int ancho) const {
     if (!cabe(ancho))
-        return acomode({0, 0, ancho, 0}, false);
+        return alto_sin_columnas(ancho, true);
     const int alto = QGridLayout::minimumHeightForWidth(ancho);
-    return alto < 0 ? minimumSize().height() : alto;
+    return alto < 0 ? QGridLayout::minimumSize().height() : alto;
+}
+
+int DisposicionPares::alto_sin_columnas(int ancho, bool minimo) const {
+    const QMargins m = contentsMargins();
+    return alto_de(renglones(pares(), ancho - m.left() - m.right()), minimo) + m.top() + m.bottom();
+}
+
+int DisposicionPares::alto_de(const QVector<Renglon>& lista, bool minimo) const {
+    int alto = lista.isEmpty() ? 0 : -verticalSpacing();
+    for (const Renglon& r : lista)
+        alto += (minimo ? r.minimo : r.alto) + verticalSpacing();
+    return alto;
+}
+
+QVector<DisposicionPares::Renglon> DisposicionPares::renglones(const QVector<Par>& todos,
+                                                               int ancho) const {
+    QVector<Renglon> lista;
+    for (int i = 0; i < todos.size(); i = lista.last().hasta)
+        lista << renglon(todos, i, ancho);
+    return lista;
+}
+
+DisposicionPares::Renglon DisposicionPares::renglon(const QVector<Par>& todos, int desde,
+                                                    int ancho) const {
+    // Los de la misma fila que quepan con su ancho mínimo.
+    Renglon r{.desde = desde};
+    int sobra = ancho - sitio(todos[desde], true);
+    for (r.hasta = desde + 1; r.hasta < todos.size() && todos[r.hasta].fila == todos[desde].fila;
+         ++r.hasta) {
+        const int otro = horizontalSpacing() + sitio(todos[r.hasta], false);
+        if (otro > sobra)
+            break;
+        sobra -= otro;
+    }
+    // Lo que sobra completa primero a los que así ocupan menos renglones, y luego a los demás que
+    // no crecen; el resto es de los que sí.
+    int crecen = 0;
+    for (int j = desde; j < r.hasta; ++j) {
+        r.anchos << todos[j].casilla->minimumSize().width();
+        crecen += crece(todos[j].casilla);
+    }
+    for (const bool en_renglones : {true, false})
+        for (int j = desde; j < r.hasta; ++j) {
+            QLayoutItem* casilla = todos[j].casilla;
+            if (crece(casilla) || casilla->hasHeightForWidth() != en_renglones)
+                continue;
+            const int falta = casilla->sizeHint().width() - r.anchos[j - desde];
+            const int da = qBound(0, falta, qMax(0, sobra));
+            r.anchos[j - desde] += da;
+            sobra -= da;
+        }
+    if (crecen == 0 && puede_crecer(todos[r.hasta - 1].casilla))
+        r.anchos.last() += qMax(0, sobra);
+    r.elastico = rowStretch(todos[desde].fila) > 0;
+    for (int j = desde; j < r.hasta; ++j) {
+        int& suyo = r.anchos[j - desde];
+        if (crece(todos[j].casilla)) {
+            const int parte = qMax(0, sobra) / crecen--;
+            suyo += parte;
+            sobra -= parte;
+        }
+        const int rotulo = todos[j].rotulo ? todos[j].rotulo->sizeHint().height() : 0;
+        r.alto = qMax(r.alto, qMax(rotulo, alto_de_item(todos[j].casilla, suyo)));
+        r.minimo = qMax(r.minimo, qMax(rotulo, alto_minimo(todos[j].casilla, suyo)));
+    }
+    if (!r.elastico)
+        r.minimo = r.alto;
+    return r;
 }
 
 void DisposicionPares::setGeometry(const QRect& marco) {
@@ -90,56 +191,126 @@ void DisposicionPares::setGeometry(const QRect& marco) {
         return;
     }
     QLayout::setGeometry(marco);
-    acomode(marco, true);
-}
-
-int DisposicionPares::acomode(const QRect& marco, bool aplicar) const {
     const QRect campo = marco.marginsRemoved(contentsMargins());
     const QVector<Par> todos = pares();
+    QVector<Renglon> lista = renglones(todos, campo.width());
+    int sobra = campo.height() - alto_de(lista, false);
+    auto elasticos =
+        std::count_if(lista.begin(), lista.end(), [](const Renglon& r) { return r.elastico; });
     int y = campo.y();
-    for (int i = 0, fin; i < todos.size(); i = fin) {
-        // Un renglón: los de la misma fila que quepan con su ancho mínimo.
-        int sobra = campo.width() - sitio(todos[i], true);
-        for (fin = i + 1; fin < todos.size() && todos[fin].fila == todos[i].fila; ++fin) {
-            const int otro = horizontalSpacing() + sitio(todos[fin], false);
-            if (otro > sobra)
-                break;
-            sobra -= otro;
+    for (Renglon& r : lista) {
+        if (r.elastico) {
+            const int parte = qMax(sobra / int(elasticos--), r.minimo - r.alto);
+            r.alto += parte;
+            sobra -= parte;
         }
-        // Lo que sobra completa primero a los que no crecen; el resto es de los que sí.
-        QVector<int> anchos;
-        int crecen = 0;
-        for (int j = i; j < fin; ++j) {
-            QLayoutItem* casilla = todos[j].casilla;
-            const int minimo = casilla->minimumSize().width();
-            const bool elastico = crece(casilla);
-            const int pide = elastico ? 0 : qMin(sobra, casilla->sizeHint().width() - minimo);
-            anchos << minimo + qMax(0, pide);
-            sobra -= qMax(0, pide);
-            crecen += elastico;
-        }
-        if (crecen == 0 && puede_crecer(todos[fin - 1].casilla))
-            anchos.last() += qMax(0, sobra);
-        int x = campo.x(), alto = 0;
-        for (int j = i; j < fin; ++j) {
-            if (crece(todos[j].casilla)) {
-                const int parte = qMax(0, sobra) / crecen--;
-                anchos[j - i] += parte;
-                sobra -= parte;
-            }
-            alto = qMax(alto, alto_de(todos[j].casilla, anchos[j - i]));
+        int x = campo.x();
+        for (int j = r.desde; j < r.hasta; ++j) {
+            const int rotulo = ancho_rotulo(todos[j], j == r.desde), suyo = r.anchos[j - r.desde];
             if (todos[j].rotulo)
-                alto = qMax(alto, todos[j].rotulo->sizeHint().height());
-        }
-        for (int j = i; aplicar && j < fin; ++j) {
-            const int rotulo = ancho_rotulo(todos[j], j == i);
-            if (todos[j].rotulo)
-                todos[j].rotulo->setGeometry(QRect(x, y, rotulo, alto));
+                todos[j].rotulo->setGeometry(QRect(x, y, rotulo, r.alto));
             x += rotulo + (rotulo ? horizontalSpacing() : 0);
-            todos[j].casilla->setGeometry(QRect(x, y, anchos[j - i], alto));
-            x += anchos[j - i] + horizontalSpacing();
+            todos[j].casilla->setGeometry(QRect(x, y, suyo, r.alto));
+            x += suyo + horizontalSpacing();
         }
-        y += alto + (fin < todos.size() ? verticalSpacing() : 0);
+        y += r.alto + verticalSpacing();
     }
-    return y - campo.y() + contentsMargins().top() + contentsMargins().bottom();
+}
+
+// ---------------------------------------------------------------- banda
+
+namespace {
+
+/// El ancho de un recuadro con que ninguna de sus filas se parte.
+int ancho_comodo(const QLayoutItem* item) {
+    const QWidget* w = item->widget();
+    const auto* pares = w ? dynamic_cast<const DisposicionPares*>(w->layout()) : nullptr;
+    const int minimo = item->minimumSize().width();
+    return pares ? minimo + pares->ancho_en_columnas() - pares->minimumSize().width() : minimo;
+}
+
+} // namespace
+
+QVector<QLayoutItem*> DisposicionBanda::a_la_vista() const {
+    QVector<QLayoutItem*> lista;
+    for (int i = 0; i < count(); ++i)
+        if (!itemAt(i)->isEmpty())
+            lista << itemAt(i);
+    return lista;
+}
+
+QVector<int> DisposicionBanda::anchos(const QVector<QLayoutItem*>& items, int ancho) const {
+    QVector<int> lista;
+    int libre = ancho + spacing();
+    for (const QLayoutItem* item : items) {
+        lista << ancho_comodo(item);
+        libre -= lista.last() + spacing();
+    }
+    if (libre < 0)
+        return {};
+    // Partes iguales, salvo para el que necesita más que la suya.
+    int cuantos = int(items.size()), todo = ancho - spacing() * (cuantos - 1);
+    QVector<bool> grande(items.size(), false);
+    for (int i = 0; i < items.size() && cuantos > 1; ++i)
+        if (!grande[i] && lista[i] > todo / cuantos) {
+            grande[i] = true;
+            todo -= lista[i];
+            --cuantos;
+            i = -1; // a los demás les queda menos
+        }
+    for (int i = 0; i < items.size(); ++i)
+        if (!grande[i]) {
+            lista[i] = todo / cuantos--;
+            todo -= lista[i];
+        }
+    return lista;
+}
+
+QSize DisposicionBanda::minimumSize() const {
+    QSize s = QHBoxLayout::minimumSize();
+    int todos = -spacing(), mayor = 0;
+    for (const QLayoutItem* item : a_la_vista()) {
+        todos += ancho_comodo(item) + spacing();
+        mayor = qMax(mayor, item->minimumSize().width());
+    }
+    s.setWidth(todo_en_columnas_ ? todos : mayor);
+    return s;
+}
+
+int DisposicionBanda::alto(int ancho, int (*de)(const QLayoutItem*, int)) const {
+    const QVector<QLayoutItem*> items = a_la_vista();
+    const QVector<int> lista = anchos(items, ancho);
+    int alto = lista.isEmpty() && !items.isEmpty() ? -spacing() : 0;
+    for (int i = 0; i < items.size(); ++i)
+        alto = lista.isEmpty() ? alto + alto_minimo(items[i], ancho) + spacing()
+                               : qMax(alto, de(items[i], lista[i]));
+    return alto;
+}
+
+int DisposicionBanda::heightForWidth(int ancho) const {
+    return alto(ancho, alto_de_item);
+}
+
+int DisposicionBanda::minimumHeightForWidth(int ancho) const {
+    return alto(ancho, alto_minimo);
+}
+
+void DisposicionBanda::setGeometry(const QRect& marco) {
+    QLayout::setGeometry(marco);
+    const QVector<QLayoutItem*> items = a_la_vista();
+    const QVector<int> lista = anchos(items, marco.width());
+    int x = marco.x(), y = marco.y();
+    int sobra = qMax(0, marco.height() - minimumHeightForWidth(marco.width()));
+    for (int i = 0; i < items.size(); ++i) {
+        if (!lista.isEmpty()) {
+            items[i]->setGeometry(QRect(x, y, lista[i], marco.height()));
+            x += lista[i] + spacing();
+            continue;
+        }
+        int suyo = alto_minimo(items[i], marco.width());
+        if (items[i]->expandingDirections() & Qt::Vertical)
+            suyo += std::exchange(sobra, 0);
+        items[i]->setGeometry(QRect(x, y, marco.width(), suyo));
+        y += suyo + spacing();
+    }
 }

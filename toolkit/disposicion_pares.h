@@ -1,16 +1,50 @@
 #pragma once
-// Cuadrícula de rótulos y controles que, en una ventana más angosta que ella, deja de alinear sus
-// columnas: lo que no cabe en una fila sigue en otro renglón.
+// Disposiciones que, en una ventana más angosta que ellas, siguen hacia abajo en vez de
+// ensancharla.
+#include <QBoxLayout>
 #include <QGridLayout>
 #include <QVector>
 
-/// Las filas del Formulario de `dueno`, si no caben, siguen en otro renglón y no lo ensanchan. Se
-/// llama antes de agregarlas.
-void ceda_filas(QWidget* dueno);
-bool ceden_las_filas(const QWidget& dueno);
+/// El ancho con que nada de `raiz` tendría que seguir en otro renglón.
+int ancho_en_columnas(QWidget& raiz);
 
-/// Los rótulos van en las columnas pares y los controles, cada uno en su casilla, en las impares.
+/// Cuadrícula de rótulos, en las columnas pares, y controles, cada uno en su casilla, en las
+/// impares. Si no cabe deja de alinear sus columnas: lo que sobra de una fila va en otro renglón.
 class DisposicionPares : public QGridLayout {
+public:
+    QSize minimumSize() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int ancho) const override;
+    int minimumHeightForWidth(int ancho) const override;
+    void setGeometry(const QRect& marco) override;
+    int ancho_en_columnas() const { return QGridLayout::minimumSize().width(); }
+
+private:
+    struct Par {
+        QLayoutItem *rotulo = nullptr, *casilla = nullptr;
+        int fila = 0, columna = 0; ///< de la casilla
+    };
+    struct Renglon {
+        int desde = 0, hasta = 0; ///< sus pares
+        QVector<int> anchos;      ///< de sus controles
+        int alto = 0, minimo = 0;
+        bool elastico = false; ///< toma el alto que sobre y da el que falte
+    };
+    /// Los que están a la vista, como se leen.
+    QVector<Par> pares() const;
+    bool cabe(int ancho) const { return ancho >= ancho_en_columnas(); }
+    /// Sitio del rótulo: el primero de un renglón va alineado con los de los demás.
+    int ancho_rotulo(const Par& par, bool primero) const;
+    int sitio(const Par& par, bool primero) const;
+    QVector<Renglon> renglones(const QVector<Par>& todos, int ancho) const;
+    Renglon renglon(const QVector<Par>& todos, int desde, int ancho) const;
+    /// Lo que suman los renglones, con el alto que les gusta o con el menor que admiten.
+    int alto_de(const QVector<Renglon>& lista, bool minimo) const;
+    int alto_sin_columnas(int ancho, bool minimo) const;
+};
+
+/// Recuadros lado a lado, de partes iguales si se puede; si no caben, uno debajo del otro.
+class DisposicionBanda : public QHBoxLayout {
 public:
     QSize minimumSize() const override;
     bool hasHeightForWidth() const override { return true; }
@@ -19,15 +53,9 @@ public:
     void setGeometry(const QRect& marco) override;
 
 private:
-    struct Par {
-        QLayoutItem *rotulo = nullptr, *casilla = nullptr;
-        int fila = 0;
-    };
-    /// Los que están a la vista, como se leen.
-    QVector<Par> pares() const;
-    bool cabe(int ancho) const { return ancho >= QGridLayout::minimumSize().width(); }
-    /// Sitio del rótulo: el primero de un renglón va alineado con los de los demás.
-    int ancho_rotulo(const Par& par, bool primero) const;
-    int sitio(const Par& par, bool primero) const;
-    int acomode(const QRect& marco, bool aplicar) const;
+    QVector<QLayoutItem*> a_la_vista() const;
+    /// El de cada uno; vacío si no caben lado a lado.
+    QVector<int> anchos(const QVector<QLayoutItem*>& items, int ancho) const;
+    /// `de`: el alto de uno con ese ancho. En pila, cada uno tiene el menor que admite.
+    int alto(int ancho, int (*de)(const QLayoutItem*, int)) const;
 };

@@ -195,13 +195,13 @@ public:
             return;
         }
         QProxyStyle::drawPrimitive(elemento, opcion, pintor, widget);
-        // Fusion saca los bordes del fondo: en oscuro no se verían. Y el de una lista lo pierde a
+        // Fusion saca los bordes del fondo: en oscuro no se verían. Y el de un marco lo pierde a
         // escalas como 150 %.
         const bool de_lista =
             elemento == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
-        if (de_lista ||
-            (oscuro_ && (elemento == PE_Frame || elemento == PE_FrameLineEdit ||
-                         elemento == PE_IndicatorCheckBox || elemento == PE_IndicatorRadioButton)))
+        if (elemento == PE_Frame ||
+            (oscuro_ && (elemento == PE_FrameLineEdit || elemento == PE_IndicatorCheckBox ||
+                         elemento == PE_IndicatorRadioButton)))
             borde(pintor, opcion->rect, opcion->palette,
                   elemento == PE_IndicatorRadioButton ? opcion->rect.width() / 2 : 2);
         if (elemento == PE_FrameLineEdit && opcion->state.testFlag(State_HasFocus))

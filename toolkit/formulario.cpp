@@ -97,7 +97,7 @@ void Formulario::encadene() {
 QGridLayout* Formulario::rejilla() {
     if (rejilla_)
         return rejilla_;
-    rejilla_ = ceden_las_filas(*dueno_) ? new DisposicionPares : new QGridLayout;
+    rejilla_ = new DisposicionPares;
     rejilla_->setHorizontalSpacing(paso());
     rejilla_->setVerticalSpacing(paso());
     if (grupo_) {
@@ -124,7 +124,7 @@ Formulario& Formulario::fila(std::initializer_list<Par> pares) {
         const bool ultimo = &par == pares.end() - 1;
         const bool alto = crece_a_lo_alto(par.control);
         auto* flujo = dynamic_cast<DisposicionFlujo*>(par.control->layout());
-        if (flujo && ceden_las_filas(*dueno_)) // mientras la cuadrícula quepa, en un renglón
+        if (flujo) // mientras la cuadrícula quepa, en un renglón
             r->setColumnMinimumWidth(columna + 1, flujo->sizeHint().width());
         if (!par.etiqueta.isEmpty()) {
             QLabel* rotulo = ponga_rotulo(par.control, par.etiqueta);
@@ -225,7 +225,7 @@ Formulario& Formulario::grupo(const QString& titulo) {
     if (al_lado_ && banda_) {
         banda_->addWidget(grupo_, 1);
     } else {
-        banda_ = new QHBoxLayout;
+        banda_ = new DisposicionBanda;
         banda_->setSpacing(paso(1.5));
         banda_->addWidget(grupo_, 1);
         raiz_->addLayout(banda_);

@@ -4,6 +4,8 @@
 #include "toolkit/estilo.h"
 #include "toolkit/orden_lectura.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -36,6 +38,7 @@ MarcoPantalla::MarcoPantalla(Pantalla* pantalla) : pantalla_(pantalla) {
         telon_->hide();
         botones_->installEventFilter(this);
     }
+    connect(qApp, &QApplication::focusChanged, this, &MarcoPantalla::siga_el_foco_luego);
     pantalla->show();
 }
 
@@ -83,6 +86,7 @@ void MarcoPantalla::scrollContentsBy(int dx, int dy) {
 void MarcoPantalla::resizeEvent(QResizeEvent* evento) {
     QScrollArea::resizeEvent(evento);
     fije_botones();
+    siga_el_foco_luego();
 }
 
 bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
@@ -94,26 +98,63 @@ bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
     return QScrollArea::eventFilter(objeto, evento);
 }
 
-void MarcoPantalla::muestre(QWidget* control) {
-    // Con él se ve lo que lo rodea, si cabe: las sumas y los nombres de una rejilla.
+int MarcoPantalla::alto_libre() const {
     const bool tapan = telon_ && telon_->isVisible();
-    const QSize hueco(viewport()->width(), viewport()->height() - (tapan ? telon_->height() : 0));
+    return viewport()->height() - (tapan ? telon_->height() : 0);
+}
+
+void MarcoPantalla::muestre(const QRect& lugar) {
+    const auto corra = [](QScrollBar* barra, int desde, int hasta, int hueco) {
+        int v = qMax(barra->value(), hasta + paso() - hueco);
+        barra->setValue(qMin(v, desde - paso(1.5)));
+    };
+    corra(horizontalScrollBar(), lugar.left(), lugar.right(), viewport()->width());
+    corra(verticalScrollBar(), lugar.top(), lugar.bottom(), alto_libre());
+}
+
+void MarcoPantalla::muestre_con_lo_suyo(QWidget* control) {
+    if (botones_ && botones_->isAncestorOf(control))
+        return; // siempre a la vista
     QWidget* grupo = control;
-    for (QWidget* w = control; w != pantalla_ && w->width() <= hueco.width() &&
-                               w->height() + 2 * paso() <= hueco.height();
+    for (QWidget* w = control; w != pantalla_ && w->width() <= viewport()->width() &&
+                               w->height() + 2 * paso() <= alto_libre();
          w = w->parentWidget())
         grupo = w;
-    for (QWidget* w : {grupo, control}) {
-        ensureWidgetVisible(w);
-        if (!tapan)
-            continue;
-        // La ventanilla no sabe que los botones tapan su borde de abajo.
-        const QRect lugar(w->mapTo(viewport(), QPoint()), w->size());
-        const int tapa = lugar.bottom() + paso() - telon_->mapTo(viewport(), QPoint()).y();
-        const int cabe = lugar.top() - paso(); // de uno más alto que la ventanilla se ve el inicio
-        if (const int sube = qMin(tapa, cabe); sube > 0)
-            verticalScrollBar()->setValue(verticalScrollBar()->value() + sube);
+    for (const QWidget* w : {grupo, control})
+        muestre({w->mapTo(pantalla_, QPoint()), w->size()});
+}
+
+void MarcoPantalla::siga_el_foco() {
+    siguiendo_ = false;
+    QWidget* foco = QApplication::focusWidget();
+    if (!pantalla_ || !foco || !pantalla_->isAncestorOf(foco) ||
+        (botones_ && botones_->isAncestorOf(foco)) ||
+        QGuiApplication::mouseButtons() != Qt::NoButton) // no se mueve bajo el ratón
+        return;
+    for (QWidget* w = foco; w != pantalla_; w = w->parentWidget())
+        if (qobject_cast<QAbstractItemView*>(w))
+            foco = w; // el que edita una celda es de su rejilla
+    const QRect lugar(foco->mapTo(pantalla_, QPoint()), foco->size());
+    const auto* lista = qobject_cast<QAbstractItemView*>(foco);
+    if (!lista) {
+        muestre(lugar);
+        return;
     }
+    // De una rejilla basta ver sus títulos y la fila en que se está; si no caben, la fila.
+    connect(lista->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &MarcoPantalla::siga_el_foco_luego, Qt::UniqueConnection);
+    QRect fila = lista->visualRect(lista->currentIndex());
+    if (!fila.isValid())
+        fila.setHeight(lista->fontMetrics().height());
+    fila.moveTop(fila.top() + lugar.top() + lista->viewport()->y());
+    fila = QRect(lugar.left(), fila.top(), lugar.width(), fila.height()) & lugar;
+    muestre(QRect(lugar.topLeft(), fila.bottomRight()));
+    muestre(fila);
+}
+
+void MarcoPantalla::siga_el_foco_luego() {
+    if (!std::exchange(siguiendo_, true)) // con la disposición ya hecha
+        QMetaObject::invokeMethod(this, &MarcoPantalla::siga_el_foco, Qt::QueuedConnection);
 }
 
 void MarcoPantalla::suelte() {
@@ -147,8 +188,11 @@ bool MarcoPantalla::focusNextPrevChild(bool siguiente) {
     const qsizetype i = esta - orden.begin();
     QWidget* proximo =
         orden[esta == orden.end() ? (siguiente ? 0 : n - 1) : (i + (siguiente ? 1 : n - 1)) % n];
+    // De lo que se acaba de ocultar el foco se va solo: nadie pidió ver otra parte.
+    const bool pedido = !actual || actual->isVisible();
     proximo->setFocus(siguiente ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    muestre(proximo);
+    if (pedido)
+        muestre_con_lo_suyo(proximo);
     return true;
 }
 

@@ -27,13 +27,21 @@ protected:
 private:
     /// Los botones se quedan en el borde de abajo aunque la pantalla sea más alta que su ventana.
     void fije_botones();
-    /// Corre la ventanilla hasta que se vea, y no detrás de los botones.
-    void muestre(QWidget* control);
+    /// El alto de la ventanilla que los botones no tapan.
+    int alto_libre() const;
+    /// Corre la ventanilla, lo menos que se pueda, hasta que ese lugar de la pantalla se vea, y no
+    /// detrás de los botones. De lo que no quepa se ve el comienzo.
+    void muestre(const QRect& lugar);
+    /// Con él se ve lo que lo rodea, si cabe: las sumas y los nombres de una rejilla.
+    void muestre_con_lo_suyo(QWidget* control);
+    /// Lo que tiene el foco, o al menos su comienzo, está a la vista.
+    void siga_el_foco();
+    void siga_el_foco_luego();
 
     QPointer<Pantalla> pantalla_;
     QPointer<QWidget> botones_;
     QPointer<QWidget> telon_; ///< detrás de los botones, cuando tapan lo que se desplaza
-    bool fijando_ = false;
+    bool fijando_ = false, siguiendo_ = false;
 };
 
 class DialogoPantalla : public QDialog {

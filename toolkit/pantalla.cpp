@@ -1,6 +1,7 @@
 #include "toolkit/pantalla.h"
 
 #include "toolkit/controles/controldato.h"
+#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 #include "toolkit/letras_alt.h"
 #include "toolkit/marcos.h"
@@ -16,6 +17,8 @@
 void instale_despacho_teclas(); // teclas_pantalla.cpp
 
 namespace {
+
+constexpr char kEnColumnas[] = "en_columnas"; ///< ancho en que sus filas no se parten
 
 /// Las modales a la vista, cada una con la pantalla cuyo código espera su respuesta (o nulo).
 struct Espera {
@@ -58,6 +61,7 @@ bool Pantalla::cree() {
             FormCreate();
             recuerde_lo_propuesto(*this);
         });
+        setProperty(kEnColumnas, ancho_en_columnas(*this));
     }
     return creada_bien_ && !cierre_pedido_;
 }
@@ -178,6 +182,8 @@ QSize Pantalla::tamano_inicial() const {
     QSize deseado = sizeHint();
     if (!tamano_.isEmpty())
         deseado = {escalado(tamano_.width()), escalado(tamano_.height())};
+    // Si hay dónde, ninguna fila sigue en otro renglón.
+    deseado.setWidth(qMax(deseado.width(), property(kEnColumnas).toInt()));
     return deseado.expandedTo(minimumSizeHint()).boundedTo(area);
 }
 

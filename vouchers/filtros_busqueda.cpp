@@ -32,6 +32,7 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     QWidget* arriba = en_flujo({LTipo}, paso());
     auto* abajo = new QHBoxLayout;
     QLineEdit* primero_largo = nullptr;
+    QBoxLayout* fechas = nullptr; // desde y hasta van juntas
     constexpr int kCorto = 8;
     for (const FiltroTexto& f : filtros_) {
         auto* caja = nombrado(new QLineEdit(this), f.nombre);
@@ -48,7 +49,17 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
             continue;
         }
         caja->setFixedWidth(ancho_caracteres(fontMetrics(), f.ancho + 2));
+        const bool fecha = texto.startsWith("Fecha");
+        if (fecha && fechas) {
+            const int fin = fechas->count() - 1; // antes del espacio que las junta
+            fechas->insertSpacing(fin, paso(0.5));
+            fechas->insertWidget(fin + 1, rotulo(texto, caja));
+            fechas->insertWidget(fin + 2, caja);
+            continue;
+        }
         QWidget* par = Formulario::junto({rotulo(texto, caja), caja});
+        if (fecha)
+            fechas = static_cast<QBoxLayout*>(par->layout());
         (primero_largo ? static_cast<QLayout*>(abajo) : arriba->layout())->addWidget(par);
     }
     abajo->addWidget(buscar);

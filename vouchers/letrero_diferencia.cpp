@@ -5,12 +5,23 @@
 #include "toolkit/estilo.h"
 #include "vouchers/lineas_cuenta.h"
 
+namespace {
+constexpr int kLetras = 26;     ///< las de una diferencia de millones
+constexpr int kLetrasSuma = 15; ///< y las de una suma de cientos de millones
+} // namespace
+
+void ajuste_suma(EditorNumero& suma) {
+    const QFontMetrics medidas = suma.fontMetrics();
+    suma.setFixedWidth(qMax(ancho_caracteres(medidas, kLetrasSuma),
+                            medidas.horizontalAdvance(suma.text()) + paso(1.5)));
+}
+
 LetreroDiferencia::LetreroDiferencia(LineasCuenta& lineas) : lineas_(lineas) {
     setAccessibleName(QStringLiteral("Diferencia"));
     QFont letra = fuente_cifras(font());
     letra.setBold(true);
     setFont(letra);
-    setMinimumWidth(ancho_caracteres(fontMetrics(), 30));
+    setMinimumWidth(ancho_caracteres(fontMetrics(), kLetras));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred); // lo que diga no mueve los demás
     enlace(&lineas.detalle);
 }
@@ -53,11 +64,17 @@ void LetreroDiferencia::diga() {
     if (!nada) {
         lineas_.Sumadeb->valor(lados.debito);
         lineas_.SumCred->valor(lados.credito);
+        for (EditorNumero* suma : {lineas_.Sumadeb, lineas_.SumCred})
+            if (suma->maximumWidth() < QWIDGETSIZE_MAX) // está en una fila que se acomoda
+                ajuste_suma(*suma);
     }
     const QString texto = nada ? QString() : diferencia_en_palabras(lados.debito, lados.credito);
     if (texto == text())
         return;
     setText(texto);
+    // Solo una cifra que no cabe mueve a los demás.
+    setMinimumWidth(qMax(ancho_caracteres(fontMetrics(), kLetras),
+                         fontMetrics().horizontalAdvance(texto) + paso(0.5)));
     // También se distingue sin color: las palabras dicen el lado.
     QPalette p;
     if (lados.debito != lados.credito)

@@ -5,7 +5,11 @@
 
 #include <QLabel>
 
+class EditorNumero;
 class LineasCuenta;
+
+/// El ancho de una suma corriente, o el que su cifra necesite.
+void ajuste_suma(EditorNumero& suma);
 
 class LetreroDiferencia : public QLabel, private EnlaceDatos {
     Q_OBJECT

@@ -38,8 +38,9 @@ QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
 
 void LineasCuenta::disponga_pie(Formulario& f, EditorNumero* saldo_cuenta,
                                 EditorNumero* saldo_tercero, EditorNumero* saldo_centro) {
-    // Dos renglones para que quepan más líneas. En una ventana angosta los grupos siguen en otro:
-    // un nombre cede, más si no dice nada; una cifra no.
+    // Dos renglones para que quepan más líneas, las sumas contra ellas: si la ventana no alcanza,
+    // lo que queda por debajo son los nombres. En una angosta los grupos siguen en otro renglón: un
+    // nombre cede, más si no dice nada; una cifra no.
     auto* pie = new QWidget;
     auto* flujo = new DisposicionFlujo(pie, paso(0.5));
     const auto ponga = [&](const char* titulo, std::initializer_list<QWidget*> cajas,
@@ -51,13 +52,15 @@ void LineasCuenta::disponga_pie(Formulario& f, EditorNumero* saldo_cuenta,
             fila->insertWidget(int(cajas.size()) + 1, saldo);
         flujo->addWidget(grupo);
     };
-    ponga("Cuenta", {NomCuenta}, saldo_cuenta);
-    ponga("Tercero", {NomTerc}, saldo_tercero);
-    ponga("Proyecto", {NomProy, NomCent}, saldo_centro);
-    flujo->parta();
+    for (EditorNumero* suma : {Sumadeb, SumCred})
+        ajuste_suma(*suma);
     ponga("Débitos", {Sumadeb});
     ponga("Créditos", {SumCred});
     ponga("Diferencia", {LabDiferencia});
+    flujo->parta();
+    ponga("Cuenta", {NomCuenta}, saldo_cuenta);
+    ponga("Tercero", {NomTerc}, saldo_tercero);
+    ponga("Proyecto", {NomProy, NomCent}, saldo_centro);
     f.ancha(pie, 0);
     NomCuenta->setAccessibleName("Nombre de la cuenta");
     NomTerc->setAccessibleName("Nombre del tercero");

@@ -101,8 +101,8 @@ QWidget* LineasLibro::construya_pagina() {
                             t.opciones, t.formato});
     rejilla->columnas(columnas);
     rejilla->pie(true);
-    // Con sus títulos, su pie y su barra, más de tres líneas aunque haya que desplazar la ventana.
-    rejilla->setMinimumHeight(13 * rejilla->verticalHeader()->defaultSectionSize() / 2);
+    // Con sus títulos y su pie, seis líneas aunque haya que desplazar la ventana.
+    rejilla->setMinimumHeight(17 * rejilla->verticalHeader()->defaultSectionSize() / 2);
     rejilla->enter_como_tab = true;
     rejilla->texto_vacio = QStringLiteral("Sin líneas: digite el código de la cuenta, o F9 para "
                                           "buscarla.");

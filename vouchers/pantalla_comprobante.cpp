@@ -3,7 +3,6 @@
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/disposicion_flujo.h"
-#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 #include "toolkit/historia_avisos.h"
 #include "toolkit/rejilla/paso_atras.h"
@@ -125,7 +124,8 @@ void PantallaComprobante::construya_controles() {
 
 void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
-    ceda_filas(this);
+    DBEdit6->setMinimumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 12));
+    DBMemo1->setMinimumWidth(ancho_caracteres(DBMemo1->fontMetrics(), 6));
     // Lo que se ahorra alrededor son líneas del asiento.
     layout()->setContentsMargins(paso(1.5), paso(), paso(1.5), paso());
     layout()->setSpacing(paso());

@@ -1,6 +1,5 @@
 #include "vouchers/pantalla_plantilla.h"
 
-#include "toolkit/disposicion_pares.h"
 #include "vouchers/lineas_plantilla.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -59,7 +58,6 @@ void PantallaPlantilla::construya(const QString& archivo) {
     ERef = nombrado(new EditorDato(&CPlantilla, "PLAN_REFER"), "ERef");
     construya_paginas();
     Formulario f(this);
-    ceda_filas(this);
     f.fila({{"Tipo", LTipo}, {"Prefijo", LPref}});
     f.fila({{"Concepto", EConcepto}, {"Referencia", ERef}});
     f.ancha(PageControl1, 1);

@@ -1,7 +1,6 @@
 #include "vouchers/tfcontabiliza.h"
 
 #include "toolkit/disposicion_flujo.h"
-#include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/pch.h"
@@ -102,7 +101,6 @@ void Tfcontabiliza::construya() {
     pagina(Qt::Key_PageDown, 1);
 
     Formulario f(this);
-    ceda_filas(this);
     f.fila("Documento", en_flujo({EDocumento, con_rotulo("Comprobante", EComprobante),
                                   con_rotulo("Fecha", EFecha)},
                                  paso()));

@@ -1,7 +1,6 @@
 #include "vouchers/tfedtformato.h"
 
 #include "toolkit/controles/imagendato.h"
-#include "toolkit/disposicion_pares.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/datos_formato.h"
 #include "vouchers/impresion_pendiente.h"
@@ -46,7 +45,6 @@ Tfedtformato::Tfedtformato()
       CBorrar(this, "CBorrar", &PBorrar) {
     defina_conjuntos();
     Formulario f(this);
-    ceda_filas(this);
     construya_encabezado(f);
     auto* grillas = new QSplitter(Qt::Vertical);
     grillas->addWidget(construya_datos());

@@ -148,7 +148,10 @@ void revise_anchos(const Rejilla& r, QStringList& faltas) {
     for (const int c : columnas_a_la_vista(r)) {
         total += r.columnWidth(c);
         nombres = nombres || es_nombre(r, c);
-        if (!r.pie() || !r.columna(c).ConSuma || !r.columna(c).campo)
+        bool dice = false; // si no, su suma no se muestra cuando no cabe
+        for (int f = 0; f < r.modelo().rowCount() && !dice; ++f)
+            dice = !r.modelo().texto(f, c).isEmpty();
+        if (!r.pie() || !r.columna(c).ConSuma || !r.columna(c).campo || !dice)
             continue;
         const QString suma = r.columna(c).campo->presente(r.suma(c), r.columna(c).DisplayFormat);
         if (QFontMetrics(negrilla).horizontalAdvance(suma) > r.columnWidth(c))
@@ -303,7 +306,7 @@ void revise_vacias(const Pantalla* p, QStringList& faltas) {
 /// A un monitor corriente, quien digita ve el asiento y no una ventanilla.
 void revise_lineas(const Pantalla* p, QStringList& faltas) {
     constexpr int kLineas = 14;
-    if (monitor() != QSize(1366, 768) ||
+    if (p->window()->size() != QSize(1366, 768) ||
         !QStringList{"Tfmovimien", "Tfedtmovimien"}.contains(p->objectName()))
         return;
     const auto* r = p->findChild<Rejilla*>("DBGridEh1");
@@ -312,6 +315,33 @@ void revise_lineas(const Pantalla* p, QStringList& faltas) {
                       r->verticalHeader()->defaultSectionSize();
     if (caben < kLineas)
         faltas << QString("solo se ven %1 líneas").arg(caben);
+}
+
+/// Se abre por arriba, sin barra abajo, y lo enfocado o su comienzo no queda tras los botones.
+void revise_apertura(const Pantalla* p, QStringList& faltas) {
+    agote_eventos();
+    const auto* marco = p->parentWidget();
+    const auto* barras = qobject_cast<const QAbstractScrollArea*>(marco->parentWidget());
+    const QWidget* foco = p->focusWidget();
+    if (!barras || !foco)
+        return;
+    constexpr int kAnchoQueBasta = 700; // el del área a 150 %
+    if (barras->horizontalScrollBar()->maximum() > 0 && marco->width() >= kAnchoQueBasta)
+        faltas << "se desplaza de lado";
+    const BarraBotones* botones = p->findChild<BarraBotones*>();
+    const int fondo = botones ? botones->mapTo(marco, QPoint()).y() : marco->height();
+    const int corrida = barras->verticalScrollBar()->value();
+    QRect lugar(foco->mapTo(marco, QPoint()), foco->size());
+    if (const auto* r = qobject_cast<const Rejilla*>(foco)) {
+        const QRect fila = r->visualRect(r->currentIndex());
+        lugar.setHeight(r->viewport()->y() + qMax(0, fila.bottom()));
+    }
+    if (botones && botones->isAncestorOf(foco))
+        return;
+    if (lugar.top() < 0 || lugar.bottom() > fondo)
+        faltas << nombre_de(foco) + " tiene el foco y no se ve";
+    if (corrida > 0 && lugar.bottom() + corrida + 2 * paso() < fondo)
+        faltas << QString("abre corrida %1").arg(corrida);
 }
 
 QStringList revise(Pantalla* p) {
@@ -407,18 +437,24 @@ private slots:
 
     void cada_pantalla_se_lee_entera_data() {
         QTest::addColumn<QStringList>("ordenes");
-        QTest::newRow("corrientes") << QStringList{};
-        QTest::newRow("extremos") << datos_extremos();
-        QTest::newRow("vacios") << sin_datos();
+        QTest::addColumn<QSize>("area");
+        QTest::newRow("corrientes") << QStringList{} << monitor();
+        QTest::newRow("extremos") << datos_extremos() << monitor();
+        QTest::newRow("vacios") << sin_datos() << monitor();
+        QTest::newRow("a 150 %") << QStringList{} << monitor() / 1.5;
     }
     void cada_pantalla_se_lee_entera() {
         QFETCH(QStringList, ordenes);
+        QFETCH(QSize, area);
+        if (area != monitor() && qApp->devicePixelRatio() > 1)
+            QSKIP("ya es la de una letra grande");
         QStringList faltas;
         std::optional<Reproches> reproches(std::in_place);
         con_cada_pantalla(
-            *s_, ordenes, monitor(),
+            *s_, ordenes, area,
             [&](Pantalla* p) {
                 QStringList suyas = Reproches::saque();
+                revise_apertura(p, suyas);
                 suyas << revise(p);
                 if (p->objectName() == "Tfmovimien")
                     tome_foto(s_->principal.get(),

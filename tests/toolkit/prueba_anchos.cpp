@@ -71,17 +71,22 @@ private slots:
         con_nombre_largo[1].cede = 30;
         QCOMPARE(reparta_ancho(con_nombre_largo, 280), QVector<int>({60, 80, 140}));
         QCOMPARE(reparta_ancho(con_nombre_largo, 260), QVector<int>({60, 70, 130}));
-        QCOMPARE(reparta_ancho(con_nombre_largo, 249), QVector<int>({60, 100, 140}));
+        QCOMPARE(reparta_ancho(con_nombre_largo, 249), QVector<int>({60, 70, 140})); // se desplaza
         con_nombre_largo << PedidoAncho{
             .contenido = 90, .titulo = 50, .cede = 90, .peso = 9, .vacia = true};
         QCOMPARE(reparta_ancho(con_nombre_largo, 340), QVector<int>({60, 90, 140, 50}));
-        // Sin remedio se desplaza: el nombre toma hasta la cuarta parte, y lo que está vacío,
-        // aunque se pueda digitar, solo su título.
+        // La que no dice nada da hasta parte de su título antes que las otras el suyo, y lo recobra
+        // en cuanto dice algo.
+        con_nombre_largo.last() = {.contenido = 90, .titulo = 50, .cede = 70, .vacia = true};
+        QCOMPARE(reparta_ancho(con_nombre_largo, 310), QVector<int>({60, 70, 140, 40}));
+        QCOMPARE(reparta_ancho(con_nombre_largo, 280), QVector<int>({60, 70, 130, 20}));
+        // Con muchas cifras por desplazar el nombre toma hasta la cuarta parte; donde se puede
+        // digitar y no hay nada, queda el título.
         con_nombre_largo[1].entero = 500;
         con_nombre_largo << PedidoAncho{
             .contenido = 90, .titulo = 50, .comodo = 90, .entero = 12, .peso = 9};
-        con_nombre_largo[2].contenido = 900;
-        QCOMPARE(reparta_ancho(con_nombre_largo, 800), QVector<int>({60, 200, 900, 50, 50}));
+        con_nombre_largo[2].contenido = 1500;
+        QCOMPARE(reparta_ancho(con_nombre_largo, 800), QVector<int>({60, 200, 1500, 20, 50}));
         // El nombre que ya hay se lee entero antes de guardarle sitio al que se digite.
         QCOMPARE(reparta_ancho({{.contenido = 50, .comodo = 300, .peso = 10},
                                 {.contenido = 50, .comodo = 200, .entero = 200, .peso = 10}},

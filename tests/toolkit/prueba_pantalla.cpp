@@ -395,6 +395,15 @@ private slots:
         QVERIFY(medio->hasFocus());
         QVERIFY(medio->mapTo(marco, medio->rect().bottomLeft()).y() < marco->height());
         QVERIFY(medio->geometry().bottom() < barra->geometry().top());
+        // El que el programa enfoca, tampoco; y si el comienzo se ve, la pantalla no se mueve.
+        auto* ventanilla = qobject_cast<QAbstractScrollArea*>(marco->parentWidget());
+        for (QWidget* w : {static_cast<QWidget*>(a->caja), static_cast<QWidget*>(medio)}) {
+            w->setFocus();
+            agote_eventos();
+            QVERIFY(w->mapTo(marco, QPoint()).y() >= 0);
+            QVERIFY(w->geometry().bottom() < barra->geometry().top());
+            QCOMPARE(ventanilla->verticalScrollBar()->value() > 0, w == medio);
+        }
     }
 
     void tab_da_la_vuelta_por_lo_que_esta_a_la_vista_y_encendido() {

@@ -91,20 +91,16 @@ private:
 ZonasCubo::ZonasCubo(const Cubo& cubo, QWidget* padre)
     : QWidget(padre), total_filas(new QCheckBox(QStringLiteral("Fila de totales"))),
       total_columnas(new QCheckBox(QStringLiteral("Columna de totales"))), cubo_(cubo) {
-    auto* rejilla = new QGridLayout(this);
-    rejilla->setContentsMargins(0, 0, 0, 0);
-    rejilla->setSpacing(paso(0.5));
+    rejilla_ = new QGridLayout(this);
+    rejilla_->setContentsMargins(0, 0, 0, 0);
+    rejilla_->setSpacing(paso(0.5));
     for (size_t i = 0; i < listas_.size(); ++i) {
         listas_[i] = new Lista(*this, Zona(i));
-        auto* titulo = new QLabel(QLatin1String(kTitulos[i]));
-        titulo->setBuddy(listas_[i]);
-        rejilla->addWidget(titulo, int(i) * 2, 0);
-        rejilla->addWidget(listas_[i], int(i) * 2 + 1, 0);
-        rejilla->setRowStretch(int(i) * 2 + 1, i == 0 ? 3 : 2);
+        titulos_[i] = new QLabel(QLatin1String(kTitulos[i]));
+        titulos_[i]->setBuddy(listas_[i]);
     }
     const auto casilla = [&](QCheckBox* c, const char* nombre, bool DisposicionCubo::*campo) {
         c->setObjectName(QLatin1String(nombre));
-        rejilla->addWidget(c, rejilla->rowCount(), 0);
         connect(c, &QCheckBox::toggled, this, [this, campo](bool si) {
             disposicion_.*campo = si;
             cambiaron();
@@ -112,9 +108,41 @@ ZonasCubo::ZonasCubo(const Cubo& cubo, QWidget* padre)
     };
     casilla(total_filas, "TotalFilas", &DisposicionCubo::total_filas);
     casilla(total_columnas, "TotalColumnas", &DisposicionCubo::total_columnas);
+    alinee(false);
     setToolTip(QStringLiteral("Arrastre los campos, o F, C, T, V y Supr los mueven; Alt+Arriba y "
                               "Alt+Abajo los ordenan; Enter escoge sus valores o cómo se ven"));
     disposicion(DisposicionCubo{});
+}
+
+void ZonasCubo::alinee(bool parejas) {
+    parejas_ = parejas;
+    for (size_t i = 0; i < listas_.size(); ++i) {
+        const int par = parejas ? int(i + 1) / 2 : int(i), columna = parejas && i > 0 && i % 2 == 0;
+        const int anchas = parejas && i > 0 ? 1 : 2;
+        rejilla_->addWidget(titulos_[i], par * 2, columna, 1, anchas);
+        rejilla_->addWidget(listas_[i], par * 2 + 1, columna, 1, anchas);
+    }
+    constexpr int kRenglones = 10;
+    for (int fila = 1; fila < kRenglones; fila += 2)
+        rejilla_->setRowStretch(fila, parejas && fila > 5 ? 0 : fila == 1 ? 3 : 2);
+    rejilla_->addWidget(total_filas, kRenglones, 0, 1, parejas ? 1 : 2);
+    rejilla_->addWidget(total_columnas, kRenglones + !parejas, parejas, 1, parejas ? 1 : 2);
+}
+
+int ZonasCubo::alto_con(int listas, int casillas) const {
+    return listas * (listas_[0]->minimumHeight() + titulos_[0]->sizeHint().height()) +
+           casillas * total_filas->sizeHint().height() +
+           (2 * listas + casillas - 1) * rejilla_->spacing();
+}
+
+QSize ZonasCubo::minimumSizeHint() const {
+    return {QWidget::minimumSizeHint().width(), alto_con(3, 1)};
+}
+
+void ZonasCubo::resizeEvent(QResizeEvent* evento) {
+    QWidget::resizeEvent(evento);
+    if (const bool bajas = height() < alto_con(5, 2); bajas != parejas_)
+        alinee(bajas);
 }
 
 // ---------------------------------------------------------------- disposición

@@ -10,6 +10,9 @@
 #include <QWidget>
 #include <array>
 
+class QGridLayout;
+class QLabel;
+
 enum class Zona { Campos, Filas, Columnas, Filtros, Valores };
 
 class ZonasCubo : public QWidget {
@@ -32,11 +35,19 @@ public:
 
     QCheckBox *total_filas, *total_columnas;
 
+    QSize minimumSizeHint() const override;
+
 signals:
     void cambio();
 
+protected:
+    void resizeEvent(QResizeEvent* evento) override;
+
 private:
     class Lista;
+    /// Una debajo de otra; si falta alto, las que reciben campos van de a dos.
+    void alinee(bool parejas);
+    int alto_con(int listas, int casillas) const;
     Zona zona_de(const QString& campo) const;
     void ponga(Zona zona, const QStringList& campos);
     void rotule();
@@ -50,5 +61,7 @@ private:
     const Cubo& cubo_;
     DisposicionCubo disposicion_; ///< lo que las zonas no dicen: filtros, muestras, niveles
     std::array<QListWidget*, 5> listas_;
-    bool llenando_ = false;
+    std::array<QLabel*, 5> titulos_;
+    QGridLayout* rejilla_;
+    bool llenando_ = false, parejas_ = false;
 };

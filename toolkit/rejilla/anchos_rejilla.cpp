@@ -45,50 +45,77 @@ int suma(const QVector<int>& pixeles) {
 }
 
 /// Un texto sin nada en ninguna fila, también donde se podría digitar: le basta su título.
-bool no_dice_nada(const PedidoAncho& p) {
+bool le_basta_su_titulo(const PedidoAncho& p) {
     return p.vacia || (p.peso > 0 && p.entero > 0 && p.entero <= p.titulo);
+}
+
+/// Lo que cada columna quiere y lo que da, en el orden en que se pide.
+struct Cesiones {
+    QVector<int> anchos;
+    QVector<int> vacia, nombre; ///< sin cortar su título
+    QVector<int> titulo_vacia, titulo;
+
+    explicit Cesiones(const QVector<PedidoAncho>& pedidos) {
+        for (const PedidoAncho& p : pedidos) {
+            const int ancho = qMax(p.contenido, p.titulo);
+            const bool calla = le_basta_su_titulo(p);
+            const int cede =
+                p.fijo ? 0 : qBound(0, ancho - p.titulo, calla && !p.vacia ? ancho : p.cede);
+            const int resto =
+                p.fijo ? 0 : qMax(0, ancho - p.contenido + (p.vacia ? p.cede - cede : 0));
+            anchos << ancho;
+            vacia << (calla ? cede : 0);
+            nombre << (calla ? 0 : cede);
+            titulo_vacia << (p.vacia ? resto : 0);
+            titulo << (p.vacia ? 0 : resto);
+        }
+    }
+    int sin_ceder() const { return suma(anchos) - suma(vacia) - suma(titulo_vacia); }
+    int indispensable() const { return sin_ceder() - suma(nombre) - suma(titulo); }
+};
+
+/// Un año mes por mes: con tanto por desplazar, lo que importa es de qué es cada fila.
+bool sobran_cifras(const Cesiones& c, int disponible) {
+    return c.indispensable() > disponible * 3 / 2;
 }
 
 } // namespace
 
 QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) {
-    QVector<int> anchos, vacia, nombre, titulo;
-    QVector<int> falta_entero, falta_texto, falta_codigo, pesos, parejo;
-    int total = 0;
-    for (const PedidoAncho& p : pedidos) {
-        const int ancho = qMax(p.contenido, p.titulo);
-        anchos << ancho;
-        total += ancho;
-        const bool calla = no_dice_nada(p);
-        const int cede = p.fijo ? 0 : qBound(0, ancho - p.titulo, calla ? ancho : p.cede);
-        vacia << (calla ? cede : 0);
-        nombre << (calla ? 0 : cede);
-        titulo << (p.fijo ? 0 : ancho - p.contenido);
-        falta_entero << (p.fijo ? 0 : qMax(0, p.entero - ancho));
-        const int falta = p.fijo ? 0 : qMax(0, p.comodo - qMax(ancho, p.entero));
-        falta_texto << (p.peso > 0 ? falta : 0);
-        falta_codigo << (p.peso > 0 ? 0 : falta);
-        pesos << (p.fijo ? 0 : p.peso);
-        parejo << (p.fijo ? 0 : qMax(ancho, p.comodo) / 2);
-    }
+    const Cesiones c(pedidos);
+    QVector<int> anchos = c.anchos;
+    const int total = suma(anchos);
     if (total > disponible) {
-        // Un nombre y un título se pueden leer en su letrero; una cifra, no.
-        const int sobra = total - disponible;
-        if (sobra > suma(vacia) + suma(nombre) + suma(titulo)) {
-            // Habrá que desplazarse de todos modos: lo que se vea, que se pueda leer.
-            for (qsizetype i = 0; i < anchos.size(); ++i)
-                anchos[i] = vacia[i] > 0 ? anchos[i] - vacia[i]
-                            : nombre[i] > 0
-                                ? qMax(anchos[i], qMin(pedidos[i].entero, disponible / 4))
-                                : anchos[i];
-            return anchos;
-        }
+        // Un nombre y un título se pueden leer en su letrero; una cifra, no. Si ni así cabe se
+        // desplaza, con las más cifras a la vista y entero el título de lo que dice algo.
         QVector<int> quita(anchos.size(), 0);
-        const int sin_vacias = de_lo_que_falta(quita, vacia, sobra);
-        de_lo_que_falta(quita, titulo, de_lo_que_falta(quita, nombre, sin_vacias));
+        int sobra = de_lo_que_falta(quita, c.vacia, total - disponible);
+        if (sobran_cifras(c, disponible)) {
+            for (qsizetype i = 0; i < anchos.size(); ++i)
+                if (c.nombre[i] > 0)
+                    quita[i] = qMin(0, anchos[i] - qMin(pedidos[i].entero, disponible / 4));
+        } else {
+            sobra = de_lo_que_falta(quita, c.nombre, sobra);
+        }
+        const bool cabe = c.indispensable() <= disponible;
+        if (cabe || std::any_of(pedidos.begin(), pedidos.end(),
+                                [](const PedidoAncho& p) { return !p.vacia && !p.fijo; }))
+            sobra = de_lo_que_falta(quita, c.titulo_vacia, sobra);
+        if (cabe)
+            de_lo_que_falta(quita, c.titulo, sobra);
         for (qsizetype i = 0; i < anchos.size(); ++i)
             anchos[i] -= quita[i];
         return anchos;
+    }
+    QVector<int> falta_entero, falta_texto, falta_codigo, pesos, parejo;
+    for (qsizetype i = 0; i < pedidos.size(); ++i) {
+        const PedidoAncho& p = pedidos[i];
+        falta_entero << (p.fijo ? 0 : qMax(0, p.entero - anchos[i]));
+        const int falta = p.fijo ? 0 : qMax(0, p.comodo - qMax(anchos[i], p.entero));
+        falta_texto << (p.peso > 0 ? falta : 0);
+        falta_codigo << (p.peso > 0 ? 0 : falta);
+        pesos << (p.fijo ? 0 : p.peso);
+        parejo << (p.fijo ? 0 : qMax(anchos[i], p.comodo) / 2);
     }
     // Antes de guardarle sitio a lo que se digite, que se lea lo que ya hay.
     int libre = de_lo_que_falta(anchos, falta_entero, disponible - total);
@@ -190,21 +217,25 @@ PedidoAncho AnchosRejilla::mida_columna(int columna) const {
         return p;
     }
     const int lleno = contenido(columna, 0, rejilla_.modelo().rowCount());
+    const int nada = 2 * DelegadoCelda::margen(medidas) + ancho_caracteres(medidas, 1);
+    p.vacia = no_dice_nada(lleno);
     if (es_texto_largo(columna)) {
         const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho));
         p.contenido = qMax(poco, qMin(lleno, declarado * 6 / 10));
         p.comodo = qMax(lleno, declarado);
-        p.vacia = !rejilla_.modelo().editable(columna) &&
-                  lleno <= 2 * DelegadoCelda::margen(medidas) + 2; // lo que pide una celda sin nada
-        p.cede = p.vacia ? p.contenido : p.contenido - poco;
+        // Donde se digita un nombre siempre hay sitio para su comienzo.
+        p.vacia = p.vacia && !rejilla_.modelo().editable(columna);
+        p.cede = p.contenido - (p.vacia ? qMin(nada, p.contenido) : poco);
         p.entero = ancho_entero(lleno);
         p.peso = qMax(1, c.ancho);
         return p;
     }
     p.contenido = qMax(minimo, qMax(lleno, ancho_del_pie(columna)));
-    // Donde se digita hace falta sitio aunque todavía no haya nada.
+    // Donde se digita hace falta sitio aunque todavía no haya nada; si no alcanza para lo que sí
+    // hay, lo da: se ensancha con lo primero que se escriba.
     if (rejilla_.modelo().editable(columna))
         p.contenido = qMax(p.contenido, declarado * 6 / 10);
+    p.cede = p.vacia ? p.contenido - nada : 0;
     p.comodo = qMax(p.contenido, declarado);
     if (static_cast<DelegadoCelda*>(rejilla_.itemDelegate())->acompanada(columna)) {
         p.comodo = p.contenido + ancho_caracteres(medidas, kCaracteresLargo);
@@ -221,6 +252,17 @@ void AnchosRejilla::mida() {
     repartido_ = -1;
     reparta();
     emit crecio();
+}
+
+bool AnchosRejilla::no_dice_nada(int lleno) const {
+    return lleno <= 2 * DelegadoCelda::margen(QFontMetrics(rejilla_.font())) + 2;
+}
+
+void AnchosRejilla::llene(PedidoAncho& p) {
+    if (!std::exchange(p.vacia, false))
+        return;
+    p.cede = 0;
+    repartido_ = -1;
 }
 
 int AnchosRejilla::ancho_entero(int lleno) const {
@@ -246,7 +288,9 @@ void AnchosRejilla::mida_filas(int desde, int hasta) {
             }
             continue;
         }
-        const int ancho = qMax(contenido(c, desde, hasta), ancho_del_pie(c));
+        const int suyo = contenido(c, desde, hasta), ancho = qMax(suyo, ancho_del_pie(c));
+        if (!no_dice_nada(suyo))
+            llene(p);
         if (ancho > p.contenido) {
             p.contenido = ancho;
             p.comodo = qMax(p.comodo, ancho);
@@ -260,11 +304,14 @@ void AnchosRejilla::mida_filas(int desde, int hasta) {
 }
 
 void AnchosRejilla::pida(int columna, int ancho) {
-    if (columna >= pedidos_.size() || pedidos_[columna].fijo ||
-        pedidos_[columna].contenido >= ancho || es_texto_largo(columna))
+    if (columna >= pedidos_.size() || es_texto_largo(columna))
         return;
-    pedidos_[columna].contenido = ancho;
-    pedidos_[columna].comodo = qMax(pedidos_[columna].comodo, ancho);
+    PedidoAncho& p = pedidos_[columna];
+    if (p.fijo || p.contenido - p.cede >= ancho)
+        return;
+    llene(p);
+    p.contenido = qMax(p.contenido, ancho);
+    p.comodo = qMax(p.comodo, ancho);
     repartido_ = -1;
     if (!std::exchange(pendiente_, true))
         QMetaObject::invokeMethod(
@@ -297,6 +344,12 @@ int AnchosRejilla::lo_que_falta() const {
     for (const PedidoAncho& p : pedidos_)
         total += qMax(qMax(p.contenido, p.titulo), p.entero);
     return qMax(0, total - ancho_disponible());
+}
+
+int AnchosRejilla::sin_ceder() const {
+    const int barra = rejilla_.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &rejilla_);
+    const int fuera = rejilla_.width() - rejilla_.maximumViewportSize().width();
+    return Cesiones(pedidos_).sin_ceder() + fuera + barra;
 }
 
 void AnchosRejilla::reparta() {

@@ -20,7 +20,7 @@ struct PedidoAncho {
     int entero = 0;     ///< para leer sin puntos suspensivos lo que hay; 0 si basta `contenido`
     int cede = 0;       ///< de lo anterior, lo que un texto da antes de que se corte un título
     int peso = 0;       ///< parte de lo que sobre; 0 en cifras y códigos
-    bool vacia = false; ///< un texto que no dice nada en ninguna fila: es el primero que cede
+    bool vacia = false; ///< no dice nada en ninguna fila: es la primera que cede
     bool fijo = false; ///< ni un píxel más: lo escogió el usuario, está oculta o es una casilla
 };
 
@@ -41,10 +41,14 @@ public:
     void reparta();
     /// La columna no alcanza para lo que se acaba de pintar: se le da en cuanto termine el pintado.
     void pida(int columna, int ancho);
+    /// No dice nada en ninguna fila.
+    bool vacia(int columna) const { return pedidos_.value(columna).vacia; }
     bool repartiendo() const { return repartiendo_; }
     /// Píxeles que le faltan a la rejilla para mostrar sin desplazarse sus cifras, códigos y
     /// títulos, y enteros los nombres que tiene.
     int lo_que_falta() const;
+    /// Ancho de la rejilla con que se ve todo lo que dice, sin que ceda sino lo que no dice nada.
+    int sin_ceder() const;
 
     // --- los del usuario, por campo, en caracteres
     void escoja(int columna, int ancho); ///< el usuario la dejó en esos píxeles
@@ -61,7 +65,9 @@ private:
     void vea(int columna, int fila, std::pair<double, int>& mas_ancha) const;
     void vea_extremos(int columna, int desde, int hasta, std::pair<double, int>& mas_ancha) const;
     int ancho_del_pie(int columna) const;
-    int ancho_entero(int lleno) const; ///< el de un nombre, sin lo que pase de un renglón
+    bool no_dice_nada(int lleno) const; ///< es lo que pide una celda en blanco
+    void llene(PedidoAncho& pedido);    ///< ya dice algo: no cede lo suyo
+    int ancho_entero(int lleno) const;  ///< el de un nombre, sin lo que pase de un renglón
     bool es_texto_largo(int columna) const;
     int escogido(int columna) const; ///< 0 si el usuario no lo ha tocado
 

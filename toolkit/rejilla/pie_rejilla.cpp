@@ -54,10 +54,13 @@ void PieRejilla::paintEvent(QPaintEvent*) {
         pintor.setPen(suma.startsWith('-') ? color_negativo() : palette().color(QPalette::Text));
         QRect hueco = celda.adjusted(aire, 0, -aire, 0);
         // Una suma nunca se recorta: mientras su columna se ensancha, se extiende a la izquierda.
-        if (medidas.horizontalAdvance(suma) > hueco.width())
-            static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())
-                ->anchos()
-                .pida(c, medidas.horizontalAdvance(suma) + 4 * aire);
+        // La de una columna sin nada no le quita sitio a una cifra.
+        if (medidas.horizontalAdvance(suma) > hueco.width()) {
+            auto& anchos = static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())->anchos();
+            if (anchos.vacia(c))
+                continue;
+            anchos.pida(c, medidas.horizontalAdvance(suma) + 4 * aire);
+        }
         hueco.setLeft(qMin(hueco.left(), hueco.right() - medidas.horizontalAdvance(suma)));
         pintor.drawText(hueco, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, suma);
     }

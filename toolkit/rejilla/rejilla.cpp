@@ -287,8 +287,18 @@ void Rejilla::updateGeometries() {
         QMetaObject::invokeMethod(this, &Rejilla::traiga_cerca_del_final, Qt::QueuedConnection);
 }
 
+QSize Rejilla::minimumSizeHint() const {
+    constexpr int kFilas = 4;
+    const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const int alto = encabezado_->sizeHint().height() +
+                     kFilas * verticalHeader()->defaultSectionSize() +
+                     (pie() ? pie_->sizeHint().height() : 0) + barra + 2 * frameWidth();
+    return {QTableView::minimumSizeHint().width(), alto};
+}
+
 void Rejilla::pie(bool visible) {
     pie_->setVisible(visible);
+    updateGeometry();
     if (!visible)
         setViewportMargins(viewportMargins().left(), viewportMargins().top(), 0, 0);
     updateGeometries();

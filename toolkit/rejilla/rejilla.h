@@ -187,6 +187,9 @@ public:
     bool reclama(const QKeyEvent& evento) override;
     bool termine() override { return termine_edicion(); }
 
+    /// Sus títulos, sus sumas y unas filas: con menos no se sabe dónde se está.
+    QSize minimumSizeHint() const override;
+
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void inputMethodEvent(QInputMethodEvent* evento) override;

@@ -4,6 +4,7 @@
 
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/estilo.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/columna_entrada.h"
 #include "toolkit/rejilla/editor_celda.h"
@@ -250,8 +251,19 @@ QString Rejilla::texto_digitado() const {
 }
 
 void Rejilla::ubique_editor() {
-    if (editor_ && currentIndex().isValid())
-        editor_->setGeometry(visualRect(currentIndex()));
+    if (!editor_ || !currentIndex().isValid())
+        return;
+    constexpr int kLetras =
+        10; // una columna sin nada pudo ceder su sitio: se digita sobre la vecina
+    QRect celda = visualRect(currentIndex());
+    const int c = currentIndex().column();
+    const int falta =
+        ancho_caracteres(fontMetrics(), qMin(kLetras, columna(c).ancho + 1)) - celda.width();
+    if (falta > 0 && modelo_->numerica(c))
+        celda.setLeft(qMax(0, celda.left() - falta));
+    else if (falta > 0)
+        celda.setRight(celda.right() + falta);
+    editor_->setGeometry(celda);
 }
 
 void Rejilla::cierre_editor() {

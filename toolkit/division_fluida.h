@@ -1,0 +1,22 @@
+#pragma once
+// Dos partes con rejillas, lado a lado mientras todas sus columnas se vean así; si no, una debajo
+// de la otra.
+#include <QSplitter>
+
+/// Reparte el ancho según lo que pide cada parte y lo que sobra según su factor, hasta que el
+/// usuario la arrastre. Sigue a sus rejillas cuando les llega algo más ancho.
+class DivisionFluida : public QSplitter {
+public:
+    explicit DivisionFluida(QWidget* padre = nullptr);
+
+protected:
+    void showEvent(QShowEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+
+private:
+    void acomode();
+    /// El ancho con que una parte muestra todas sus columnas.
+    int pide(const QWidget& parte) const;
+
+    bool arrastrada_ = false, acomodando_ = false, siguiendo_ = false;
+};
