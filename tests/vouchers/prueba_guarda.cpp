@@ -319,7 +319,7 @@ void PruebaGuarda::la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez() {
             {
                 // Mientras la primera no termina, la segunda no pasa.
                 Transaccion sin(otra, Transaccion::Modo::EscrituraSinEspera);
-                if (falla_de([&] { otra.prepare(segunda, sin)->ejecute(sin, {}); }).isEmpty())
+                if (falla_de([&] { otra.prepare(segunda, sin)->ejecute(sin, {}); }) == "(entró)")
                     return QString("Entraron las dos");
             }
             t.confirme();
