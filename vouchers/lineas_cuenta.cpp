@@ -257,7 +257,8 @@ QVector<Rejilla::Orden> LineasCuenta::ordenes_de_comprobante() {
 QMenu* LineasCuenta::arme_menu(const QVector<Rejilla::Orden>& ordenes,
                                const QString& nombre_archivo, const QString& titulo) {
     rejilla->nombre_archivo = nombre_archivo;
-    rejilla->titulo_impreso = titulo + " %[Today]";
+    rejilla->titulo_impreso =
+        titulo + (es_niif(libro) ? " · Libro NIIF" : " · Libro 2649") + "  %[Today]";
     return rejilla->menu_emergente(ordenes);
 }
 
