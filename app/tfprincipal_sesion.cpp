@@ -218,6 +218,8 @@ void Tfprincipal::abra_iniciales() {
 
 void Tfprincipal::recuerde_preferencias() {
     Rejilla::compania_impresa = ECompania->text();
+    if (const QString nit = fdm().valor<Llave::NitCompania>(); !nit.isEmpty())
+        Rejilla::compania_impresa += " · NIT " + nit;
     ajustes_ =
         std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
                                     QStringLiteral("quorvex2018"), QStringLiteral("contabilidad"));

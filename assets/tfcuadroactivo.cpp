@@ -95,7 +95,7 @@ void Tfcuadroactivo::FormCreate() {
     setWindowTitle(windowTitle() + ": " + activo_ + "  " + nombre);
     for (Rejilla* r : {DBGridEh1, DBGridEh2})
         r->titulo_impreso =
-            windowTitle() + (r == DBGridEh2 ? " (NIIF)" : "") + QString("  %[Today]");
+            windowTitle() + (r == DBGridEh2 ? " · Libro NIIF" : " · Libro 2649") + "  %[Today]";
     CCuadro.Open("select * from cuadro_activo(" + QuotedStr(activo_) + ')');
     CCuadroniif.Open("select * from cuadro_activo_niif(" + QuotedStr(activo_) + ')');
     dibuje();

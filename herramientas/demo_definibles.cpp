@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int kMargen = 120, kFin = 1380; // en la cuadrícula de 1500 por 2000
+constexpr int kMargen = 120, kFin = 1380, kLibro = 1240; // en la cuadrícula de 1500 por 2000
 constexpr int kLetra = 9, kMenuda = 8, kTitulo = 14, kGrande = 16;
 
 /// Un informe que se arma elemento por elemento.
@@ -21,7 +21,7 @@ public:
 
     Informe(Conexion& c, InformeDemo codigo, const char* nombre, const char* titulo,
             const char* subtitulo, bool niif)
-        : c_(c), codigo_(codigo) {
+        : c_(c), codigo_(codigo), libro_(niif ? "Libro NIIF" : "Libro 2649") {
         c_.ejecute(QStringLiteral("insert into formatos_contables (foco_id, foco_nombre,"
                                   " foco_titulo, foco_subtitulo, foco_paginas, foco_niif)"
                                   " values (?,?,?,?,1,?)"),
@@ -50,13 +50,18 @@ public:
     void imagen(const QByteArray& archivo, int x, int y, int ancho, int alto) {
         elemento("G", x, y, ancho, alto, {}, {}, Valor(archivo));
     }
+    void nit_y_libro(int x, int y) {
+        texto("NIT", x, y);
+        texto_de("NI", x + 50, y);
+        texto(libro_, kLibro, y);
+    }
     void membrete(int y) {
         texto_de("NO", kMargen, y, kTitulo);
-        texto("NIT", kMargen, y + 42);
-        texto_de("NI", kMargen + 50, y + 42);
+        nit_y_libro(kMargen, y + 42);
         texto_de("TI", kMargen, y + 82, 12);
         texto_de("ST", kMargen, y + 118, kMenuda);
-        texto_de("FL", 1180, y + 42);
+        texto("Impreso", kLibro - 90, y + 82);
+        texto_de("FE", kLibro, y + 82);
         raya(kMargen, y + 150, kFin - kMargen);
     }
 
@@ -72,6 +77,7 @@ private:
     }
     Conexion& c_;
     int codigo_;
+    const char* libro_;
     int datos_ = 0, elementos_ = 0;
 };
 
@@ -204,8 +210,9 @@ void tablero(Conexion& c) {
         {"IVA por pagar", "SF2408", "Generado en el mes", "CR2408", -1}};
     i.imagen(logo_demo(), kMargen, 100, 104, 180);
     i.texto_de("NO", 260, 110, kGrande);
-    i.texto_de("TI", 260, 170, 12);
-    i.texto_de("ST", 260, 215, kMenuda);
+    i.nit_y_libro(260, 160);
+    i.texto_de("TI", 260, 200, 12);
+    i.texto_de("ST", 260, 243, kMenuda);
     i.texto_de("FM", 1140, 120, 12);
     i.texto_de("FA", 1310, 120, 12);
     i.raya(kMargen, 300, kFin - kMargen);

@@ -7,11 +7,16 @@
 
 namespace {
 
-/// El título que compone el programa pega los rótulos a sus datos: "Cuentas:11...1399Fechas:2017".
+/// El título que compone el programa pega los rótulos a sus datos, "Cuentas:11...1399Fechas:2017",
+/// y lleva las fechas como se guardan; en la hoja se leen como las demás.
 QString con_espacios(QString titulo) {
     static const QRegularExpression tras_rotulo("(?<=\\p{L}):(?=[^\\s:])");
     static const QRegularExpression ante_rotulo("(?<=[\\p{Lu}\\d.])(?=\\p{Lu}\\p{Ll}+:)");
-    return titulo.replace(tras_rotulo, ": ").replace(ante_rotulo, " ");
+    static const QRegularExpression fechas("(?<=Fechas: )(\\d{4})(\\d\\d)(\\d\\d)\\.{3}"
+                                           "(\\d{4})(\\d\\d)(\\d\\d)");
+    return titulo.replace(tras_rotulo, ": ")
+        .replace(ante_rotulo, " ")
+        .replace(fechas, "\\1/\\2/\\3...\\4/\\5/\\6");
 }
 
 } // namespace

@@ -46,6 +46,7 @@ ImpresionComprobante::ImpresionComprobante(const QString& clase, const QString& 
     CComproba.texto("NOMENC", 60);
     CComproba.decimal("MONTO");
     CComproba.texto("FTO", 1);
+    CComproba.decimal("MONEDA");
     CComproba.calculado("NETO", ClaseCampo::Decimal, 2);
     CComproba.OnCalcFields = [this] {
         CComproba.FieldByName("NETO") =

@@ -294,8 +294,13 @@ QVector<Rejilla::Orden> LineasCuenta::ordenes_de_comprobante() {
 QMenu* LineasCuenta::arme_menu(const QVector<Rejilla::Orden>& ordenes,
                                const QString& nombre_archivo, const QString& titulo) {
     rejilla->nombre_archivo = nombre_archivo;
-    rejilla->titulo_impreso = titulo + " %[Today]";
+    titule(titulo);
     return rejilla->menu_emergente(ordenes);
+}
+
+void LineasCuenta::titule(const QString& titulo) {
+    rejilla->titulo_impreso =
+        titulo + (es_niif(libro) ? " · Libro NIIF" : " · Libro 2649") + "  %[Today]";
 }
 
 // ---------------------------------------------------------------- ayudas al digitar

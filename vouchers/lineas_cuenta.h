@@ -77,6 +77,8 @@ public:
     /// Menú emergente de la rejilla, con el nombre que propone al guardar.
     QMenu* arme_menu(const QVector<Rejilla::Orden>& ordenes, const QString& nombre_archivo,
                      const QString& titulo);
+    /// Título de lo que se imprima de la rejilla, al que se agregan el libro y la fecha.
+    void titule(const QString& titulo);
     /// Las órdenes del menú de un comprobante.
     static QVector<Rejilla::Orden> ordenes_de_comprobante();
     /// Deja la rejilla lista para pegar: graba o cancela la línea en edición.

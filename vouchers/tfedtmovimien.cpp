@@ -143,8 +143,14 @@ void Tfedtmovimien::FormCreate() {
     muestre_origen();
     muestre_fecha();
     encabezado_posteado_ = true;
-    lineas_2649->muestre_linea();
-    lineas_niif->muestre_linea();
+    const QString cual = QStringList{CMovimiento.FieldByName("TICO_COD").texto(),
+                                     CMovimiento.FieldByName("PRCO_PREF").texto(),
+                                     CMovimiento.FieldByName("ENCO_NUMERO").texto()}
+                             .join(' ');
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        l->titule("Comprobante " + cual);
+        l->muestre_linea();
+    }
     if (!fdm().acceso_editacomproba(fdm().usuario, "CONTABILIDAD", 30))
         SBGrabar->setEnabled(false);
     DBEdit1->setFocus(); // tipo, número y fecha ya no cambian

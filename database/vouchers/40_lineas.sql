@@ -175,4 +175,35 @@ BEGIN
       cast(rdb$get_context('USER_TRANSACTION', 'PLANILLA_NUEVA') AS integer), 0);
 END^
 
+-- El nombre de un dato identifica su columna. Se mira al confirmar, cuando ya pasó todo lo que se
+-- grabó, y con la planilla tomada: así, dos que agregan a la vez el mismo nombre se esperan.
+CREATE OR ALTER TRIGGER PLANILLA_DIG_CUENTAS_BIU FOR PLANILLA_DIGITACION_CUENTAS
+ACTIVE BEFORE INSERT OR UPDATE POSITION 5
+AS
+  DECLARE TOMADA integer;
+BEGIN
+  IF (UPDATING AND NEW.PLDC_TITULO IS NOT DISTINCT FROM OLD.PLDC_TITULO) THEN
+    EXIT;
+  SELECT PLDI_ID FROM PLANILLA_DIGITACION WHERE PLDI_ID = NEW.PLDI_ID WITH LOCK INTO :TOMADA;
+  rdb$set_context('USER_TRANSACTION', 'PLANILLA_TITULOS', NEW.PLDI_ID);
+END^
+
+CREATE OR ALTER TRIGGER PLANILLA_AL_CONFIRMAR
+ACTIVE ON TRANSACTION COMMIT POSITION 0
+AS
+  DECLARE PLANILLA integer;
+  DECLARE TITULO varchar(30);
+BEGIN
+  PLANILLA = rdb$get_context('USER_TRANSACTION', 'PLANILLA_TITULOS');
+  IF (PLANILLA IS NULL) THEN
+    EXIT;
+  SELECT FIRST 1 max(PLDC_TITULO) FROM PLANILLA_DIGITACION_CUENTAS WHERE PLDI_ID = :PLANILLA
+  GROUP BY upper(PLDC_TITULO) HAVING count(*) > 1
+  INTO :TITULO;
+  IF (TITULO IS NOT NULL) THEN
+    EXCEPTION PLANILLA_TITULO 'Otro dato de la planilla ya se llama "' || TITULO
+      || '", quizá agregado por otro usuario. Dé otro nombre al suyo.';
+  rdb$set_context('USER_TRANSACTION', 'PLANILLA_TITULOS', NULL);
+END^
+
 SET TERM ; ^

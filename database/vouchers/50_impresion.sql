@@ -8,7 +8,9 @@ SET TERM ^ ;
 -- NITENC y NOMENC: el tercero del encabezado; su nombre es el que se escribió al grabar. MONTO: el
 -- digitado y, si no lo hay, el total de débitos. ITCONCEPTO e ITREFER caen a los del encabezado.
 -- NUMDOC y TIPODOC: documento que la línea abre; NUMAPLICA y TIPODOCAP, al que se aplica. FTO: "S"
--- si el tipo tiene formato propio. Lo llaman Tfimprcomproba y Tfimprmascomproba.
+-- si el tipo tiene formato propio. MONEDA: el valor en moneda extranjera de una línea de documento,
+-- que es su Base (ver DOCUMENTOS_EN_MONEDA); nulo si es en pesos. Lo llaman Tfimprcomproba y
+-- Tfimprmascomproba.
 CREATE OR ALTER PROCEDURE IMPR_COMPROBANTE{_NIIF} (ID integer)
 RETURNS (TIPO varchar(3), PREF varchar(4), NUMERO varchar(8), FECHA char(8), CONCEPTO varchar(60),
   REFER varchar(8), NOMTIPO varchar(60), ITEM integer, CUENTA varchar(20), NOMCUENTA varchar(60),
@@ -17,7 +19,7 @@ RETURNS (TIPO varchar(3), PREF varchar(4), NUMERO varchar(8), FECHA char(8), CON
   ARTICULO varchar(15), NOMARTIC varchar(60), DEBITO numeric(15,2), CREDITO numeric(15,2),
   BASE numeric(15,2), PORC numeric(15,4), NUMDOC varchar(10), NUMAPLICA varchar(10),
   VENCE char(8), TIPODOC varchar(8), TIPODOCAP varchar(8), NITENC varchar(20),
-  NOMENC varchar(60), MONTO numeric(15,2), FTO varchar(1))
+  NOMENC varchar(60), MONTO numeric(15,2), FTO varchar(1), MONEDA numeric(15,2))
 AS
 BEGIN
   FOR
@@ -31,7 +33,9 @@ BEGIN
       D.CNDE_DOCAPLICA, D.DOCO_VENCE, O.TIDO_NOMCORTO, Q.TIDO_NOMCORTO, E.TERC_NIT,
       coalesce(nullif(E.ENCO_NOMTERC, ''), H.TERC_NOM),
       coalesce(nullif(E.ENCO_MONTO, 0), sum(D.CODE_DEBITO) OVER (), 0),
-      coalesce(K.TICO_FORMATO, 'N')
+      coalesce(K.TICO_FORMATO, 'N'), iif(C.CUEN_TIPO = 'C'
+        AND coalesce(nullif(D.CNDE_DOCAPLICA, ''), D.CNDE_DOCNUMERO) <> '',
+        nullif(D.CODE_BASE, 0), NULL)
     FROM COMPROBANTE_ENCABEZADO E
     LEFT JOIN {DETALLE} D ON D.ENCO_CONSEC = E.ENCO_CONSEC
     LEFT JOIN TIPO_COMPROBANTE K ON K.TICO_COD = E.TICO_COD
@@ -49,7 +53,8 @@ BEGIN
     INTO :TIPO, :PREF, :NUMERO, :FECHA, :CONCEPTO, :REFER, :NOMTIPO, :ITEM, :CUENTA, :NOMCUENTA,
       :NIT, :NOMTERCERO, :PROYECTO, :CENTRO, :NOMPROY, :NOMCENT, :ITCONCEPTO, :ITREFER, :ARTICULO,
       :NOMARTIC, :DEBITO, :CREDITO, :BASE, :PORC, :NUMDOC, :NUMAPLICA, :VENCE, :TIPODOC,
-      :TIPODOCAP, :NITENC, :NOMENC, :MONTO, :FTO
+      :TIPODOCAP, :NITENC, :NOMENC, :MONTO, :FTO,
+      :MONEDA
   DO
     SUSPEND;
 END^

@@ -39,7 +39,7 @@ void PruebaFormaRango::las_cajas_vacias_toman_sus_valores_y_el_titulo_los_dice()
     desde.clear();
     hasta.clear();
     const QString texto = informe_como_texto(f, Qt::Key_F2);
-    QVERIFY2(texto.contains("Cuentas: 0...ZZ Fechas: 20170301...20170331"), qPrintable(texto));
+    QVERIFY2(texto.contains("Cuentas: 0...ZZ Fechas: 2017/03/01...2017/03/31"), qPrintable(texto));
     QVERIFY2(texto.contains("Todas las cuentas · del 2017/03/01 al 2017/03/31"), qPrintable(texto));
     QVERIFY(texto.contains("NIT 900555111-6") && texto.contains("Libro 2649"));
     QVERIFY(texto.contains("Auxiliar por cuenta") && !texto.contains("NIIF"));

@@ -76,7 +76,7 @@ void PruebaInformesListados::los_listados_suman_lo_que_las_lineas_data() {
         << Cajas{{"EDesde", "RC"}, {"EFecIni", "20170620"}, {"EFecFin", "20180115"}}
         << "select * from cronologico_conta('RC', 'RC', '20170620', '20180115'"
         << "Cronológico de Comprobantes"
-        << "Tipos: RC...RC Fechas: 20170620...20180115"
+        << "Tipos: RC...RC Fechas: 2017/06/20...2018/01/15"
         << "tico_cod = 'RC' and enco_fecha between '20170620' and '20180115'";
 }
 

@@ -15,6 +15,7 @@ private slots:
     void lo_que_nadie_usa_cambia_de_codigo_y_arrastra_a_quien_lo_nombra();
     void un_proyecto_con_centros_de_otras_agencias_no_se_borra_desde_la_suya();
     void un_auxiliar_y_una_linea_de_su_cuenta_no_entran_a_la_vez();
+    void la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez();
     void replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649();
     void un_libro_niif_distinto_sigue_siendo_del_usuario();
     void sin_equivalente_no_hay_media_replica();
@@ -297,6 +298,41 @@ void PruebaGuarda::un_auxiliar_y_una_linea_de_su_cuenta_no_entran_a_la_vez() {
                  "La cuenta 110505 tiene auxiliares definidos. Escoja uno de ellos.");
     }
     QCOMPARE(filas("select count(*) from comprobante_encabezado"), "0");
+}
+
+void PruebaGuarda::la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez() {
+    base_->ejecute({"delete from cuentas where char_length(cuen_cod) = 8"});
+    for (const char* libro : {"", "_niif"})
+        for (int digitos : {6, 4, 2, 1})
+            base_->ejecute({QString("delete from cuentas%1 where char_length(cuen_cod) = %2")
+                                .arg(libro)
+                                .arg(digitos)});
+    Conexion otra;
+    otra.conectar(base_->parametros());
+    const QString cambie = "update estructura set estr_digitos = %1 where estr_nivel = 1",
+                  cree = "insert into cuentas%1 (cuen_cod, cuen_nom) values ('1', 'Activo')",
+                  primer = "select list(estr_digitos) from estructura where estr_nivel = 1";
+    for (const char* libro : {"", "_niif"}) {
+        const auto a_la_vez = [&](const QString& primera, const QString& segunda) {
+            Transaccion t(base(), Transaccion::Modo::Escritura);
+            base().prepare(primera, t)->ejecute(t, {});
+            {
+                // Mientras la primera no termina, la segunda no pasa.
+                Transaccion sin(otra, Transaccion::Modo::EscrituraSinEspera);
+                if (falla_de([&] { otra.prepare(segunda, sin)->ejecute(sin, {}); }) == "(entró)")
+                    return QString("Entraron las dos");
+            }
+            t.confirme();
+            return negativa_de(otra, segunda);
+        };
+        QCOMPARE(a_la_vez(cambie.arg(3), cree.arg(libro)),
+                 "El código 1 no tiene la longitud de ningún nivel de la estructura.");
+        base_->ejecute({cambie.arg(1)});
+        QCOMPARE(a_la_vez(cree.arg(libro), cambie.arg(3)),
+                 "La estructura no se puede cambiar: ya hay cuentas creadas.");
+        QCOMPARE(filas(primer), "1");
+        base_->ejecute({QString("delete from cuentas%1").arg(libro)});
+    }
 }
 
 void PruebaGuarda::replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649() {

@@ -237,6 +237,34 @@ private slots:
                  int(mrCancel));
     }
 
+    void cada_hoja_trae_lo_que_suman_las_anteriores() {
+        SesionGui s;
+        agregue(s, 70);
+        s.base.ejecute({"update cuentas set cuen_tipo = 'C' where cuen_cod = '220505'",
+                        "update comprobante_detalle set code_base = 3, cnde_docnumero = '000125' "
+                        "where enco_consec = 700 and code_item = 70"});
+        for (const char* papel : {"CARTA", "MEDIA"})
+            for (const bool niif : {false, true}) {
+                s.configure("TAMAÑO DEL PAPEL PARA IMPRIMIR COMPROBANTES CONTABLES", papel);
+                const QString texto = imprima(s, Qt::Key_F2, niif);
+                const QStringList hojas = texto.split('\f', Qt::SkipEmptyParts);
+                QVERIFY2(hojas.size() > 1, qPrintable(texto));
+                int lineas = 0; // las de las hojas anteriores, cada una de 100 o de 200
+                for (const QString& hoja : hojas) {
+                    QCOMPARE(hoja.section("Sumas que vienen", 1).section('\n', 0, 0).simplified(),
+                             lineas == 0
+                                 ? QString()
+                                 : Moneda(lineas * (niif ? 200 : 100)).formateada() + " 0.00");
+                    lineas += int(hoja.count("519530"));
+                }
+                QCOMPARE(lineas, 69);
+                // El documento en moneda dice su valor y su tasa, solo en el libro que los tiene.
+                QCOMPARE(
+                    texto.section("Valor en moneda extranjera", 1).section('\n', 0, 0).simplified(),
+                    niif ? QString() : QString("3.00 Tasa 2,300.0000"));
+            }
+    }
+
     void el_formato_dibuja_lo_que_dicen_sus_tablas() {
         SesionGui s;
         agregue(s, 3);

@@ -141,6 +141,51 @@ private slots:
         QCOMPARE(s.dato("select count(*) from planilla_digitacion_cuentas"), "0");
     }
 
+    void dos_agregan_el_mismo_nombre_y_el_segundo_lo_cambia() {
+        SesionGui s;
+        Digitador d(s);
+        siembre(s);
+        const auto agregue = [&] {
+            auto* p = s.abra<FormaPlanilla>("Tfmodplanillad", AbrePlanilla{"1"});
+            for (const auto& [campo, valor] :
+                 {std::pair{"PLDC_CUENTA", "111005"}, {"PLDC_TITULO", "Banco"}}) {
+                if (!p->CCuentas.editando())
+                    p->CCuentas.Append();
+                p->CCuentas.FieldByName(campo) = valor;
+            }
+            return p;
+        };
+        FormaPlanilla *uno = agregue(), *otro = agregue();
+        escritorio()->active(uno);
+        oprima(Qt::Key_F2);
+        escritorio()->active(otro);
+        Interlocutor i;
+        i.espere_comienzo("Otro dato de la planilla ya se llama \"Banco\"");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(valores_de(otro->CCuentas, "PLDC_TITULO"), // lo suyo sigue ahí
+                 QStringList({"Caja", "Reten", "Ventas", "Banco"}));
+        otro->CCuentas.Last();
+        otro->CCuentas.Edit();
+        otro->CCuentas.FieldByName("PLDC_TITULO") = "Banco dos";
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfmodplanillad"));
+        const char* const todos = "select list(pldc_item || pldc_titulo) from (select * from "
+                                  "planilla_digitacion_cuentas order by pldc_item)";
+        QCOMPARE(s.dato(todos), "1Caja,2Reten,3Ventas,4Banco,5Banco dos");
+        // Dos nombres que se intercambian en una grabación no chocan.
+        auto* p = s.abra<FormaPlanilla>("Tfmodplanillad", AbrePlanilla{"1"});
+        for (const auto& [fila, titulo] : {std::pair{0, "x"}, {1, "Caja"}, {0, "Reten"}}) {
+            p->CCuentas.vaya_a(fila);
+            p->CCuentas.Edit();
+            p->CCuentas.FieldByName("PLDC_TITULO") = titulo;
+            p->CCuentas.Post();
+        }
+        oprima(Qt::Key_F2);
+        QCOMPARE(s.dato(todos), "1Reten,2Caja,3Ventas,4Banco,5Banco dos");
+        QVERIFY(s.abra<Tfplanilladatos>("Tfplanilladatos", AbrePlanilla{"1"}));
+    }
+
     void los_derechos_son_los_de_las_plantillas() {
         SesionGui s("AUXILIAR");
         Digitador d(s);

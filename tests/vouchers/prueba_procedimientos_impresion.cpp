@@ -64,7 +64,7 @@ void PruebaProcedimientosImpresion::la_impresion_trae_el_encabezado_en_cada_line
              "TIPO PREF NUMERO FECHA CONCEPTO REFER NOMTIPO ITEM CUENTA NOMCUENTA NIT"
              " NOMTERCERO PROYECTO CENTRO NOMPROY NOMCENT ITCONCEPTO ITREFER ARTICULO"
              " NOMARTIC DEBITO CREDITO BASE PORC NUMDOC NUMAPLICA VENCE TIPODOC TIPODOCAP"
-             " NITENC NOMENC MONTO FTO");
+             " NITENC NOMENC MONTO FTO MONEDA");
 }
 
 void PruebaProcedimientosImpresion::un_comprobante_sin_lineas_se_imprime_con_su_encabezado() {

@@ -230,11 +230,19 @@ void Impresion::escriba_encabezado() {
     const double ancho_derecha =
         QFontMetricsF(letra_pagina_, &dispositivo_).horizontalAdvance(derecha);
     pintor_.drawText(QRectF(0, y, ancho_, renglon), Qt::AlignRight | Qt::AlignVCenter, derecha);
+    const double ancho_titulo = ancho_ - ancho_derecha - puntos(12);
     const auto escriba = [&](const QString& texto) {
-        pintor_.setFont(letra_titulo_);
-        const QString visible = QFontMetricsF(letra_titulo_, &dispositivo_)
-                                    .elidedText(en_una_linea(texto), Qt::ElideRight,
-                                                ancho_ - ancho_derecha - puntos(12));
+        // Un título largo se achica, y solo si ni así cabe se corta.
+        double cuerpo = letra_titulo_.pointSizeF();
+        QFont letra = letra_titulo_;
+        const auto ancho = [&] {
+            return QFontMetricsF(letra, &dispositivo_).horizontalAdvance(en_una_linea(texto));
+        };
+        while (cuerpo > kCuerpoComodo && ancho() > ancho_titulo)
+            letra.setPointSizeF(cuerpo -= 0.5);
+        pintor_.setFont(letra);
+        const QString visible = QFontMetricsF(letra, &dispositivo_)
+                                    .elidedText(en_una_linea(texto), Qt::ElideRight, ancho_titulo);
         pintor_.drawText(QRectF(0, y, ancho_, renglon), Qt::AlignLeft | Qt::AlignVCenter, visible);
         y += renglon;
     };

@@ -1,5 +1,7 @@
 #include "toolkit/informes/compositor.h"
 
+#include <QScopedValueRollback>
+
 namespace informes {
 
 namespace {
@@ -213,11 +215,14 @@ void Compositor::hoja_nueva(int grupos_hasta, const Encabezadora* cuelga) {
     if (std::exchange(primera_hoja_, false))
         con_bandas(TipoBanda::Titulo, -1, [this](const Banda& b) { fija(b); });
     con_bandas(TipoBanda::Columnas, -1, [this](const Banda& b) { fija(b); });
-    for (int n = 1; n <= grupos_hasta; ++n)
-        con_bandas(TipoBanda::Grupo, n, [&](const Banda& b) {
-            if (b.repite)
-                fija(b, true);
-        });
+    {
+        const QScopedValueRollback<bool> repetida(datos_.sigue, true);
+        for (int n = 1; n <= grupos_hasta; ++n)
+            con_bandas(TipoBanda::Grupo, n, [&](const Banda& b) {
+                if (b.repite)
+                    fija(b, true);
+            });
+    }
     if (cuelga) {
         datos_.fila_guardada = &cuelga->fila;
         fija(*cuelga->banda, true);
