@@ -16,6 +16,7 @@
 #include <QFileInfo>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -102,6 +103,8 @@ FormaMedio::FormaMedio(const DatosFormaMedio& datos)
     DBGridEh1 = new Rejilla(this, CMedmagdata);
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName("Filas por reportar");
+    // Con la advertencia a la vista, cuatro filas con sus títulos, sus sumas y la barra de abajo.
+    DBGridEh1->setMinimumHeight(15 * DBGridEh1->verticalHeader()->defaultSectionSize() / 2);
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->orden_local = true;
     DBGridEh1->texto_vacio = "No hay filas: F2 consulta o calcula las del formato y el año.";

@@ -35,6 +35,13 @@ int alto_de_item(const QLayoutItem* item, int ancho) {
 }
 
 int alto_minimo(const QLayoutItem* item, int ancho) {
+    // Un recuadro dice el alto que le gusta: el menor lo sabe lo que tiene dentro.
+    const QWidget* w = item->widget();
+    if (const QLayout* suyo = w ? w->layout() : nullptr; suyo && suyo->hasHeightForWidth()) {
+        const QMargins m = w->contentsMargins();
+        const int alto = suyo->minimumHeightForWidth(ancho - m.left() - m.right());
+        return qMax(alto + m.top() + m.bottom(), w->minimumHeight());
+    }
     return item->hasHeightForWidth() ? item->minimumHeightForWidth(ancho)
                                      : item->minimumSize().height();
 }
@@ -98,8 +105,7 @@ QSize DisposicionPares::minimumSize() const {
 }
 
 int DisposicionPares::heightForWidth(int ancho) const {
-    // Un recuadro no pasa a su dueño el menor alto que admite: el que puede ceder pide ese, y crece
-    // con lo que sobre.
+    // El recuadro que puede ceder alto pide el menor, y crece con lo que sobre.
     const QVector<Par> todos = pares();
     if (std::any_of(todos.begin(), todos.end(),
                     [this](const Par& p) { return rowStretch(p.fila) > 0; }))

@@ -64,8 +64,6 @@ void MarcoPantalla::fije_botones() {
         lugar.moveLeft(campo.left() + horizontalScrollBar()->value());
     if (natural.bottom() > fondo)
         lugar.moveBottom(fondo);
-    botones_->setProperty(kLugarNatural, lugar == natural ? QVariant() : QVariant(natural));
-    botones_->setGeometry(lugar);
     // Lo que pasa por debajo de la barra no se asoma por sus lados.
     const int sobre = lugar.top() - margen / 2;
     telon_->setGeometry(horizontalScrollBar()->value(), sobre, viewport()->width(),
@@ -73,6 +71,9 @@ void MarcoPantalla::fije_botones() {
     telon_->setVisible(natural.bottom() > fondo);
     if (telon_->isVisible())
         telon_->raise();
+    // Después del telón: al mostrarlo, la disposición vuelve a poner la barra en su lugar.
+    botones_->setProperty(kLugarNatural, lugar == natural ? QVariant() : QVariant(natural));
+    botones_->setGeometry(lugar);
     if (lugar != natural)
         botones_->raise();
     fijando_ = false;
@@ -95,6 +96,8 @@ bool MarcoPantalla::eventFilter(QObject* objeto, QEvent* evento) {
         (evento->type() == QEvent::Move || evento->type() == QEvent::Resize ||
          evento->type() == QEvent::Show))
         fije_botones();
+    if (objeto == pantalla_ && evento->type() == QEvent::Resize)
+        siga_el_foco_luego();
     return QScrollArea::eventFilter(objeto, evento);
 }
 
@@ -135,21 +138,24 @@ void MarcoPantalla::siga_el_foco() {
         if (qobject_cast<QAbstractItemView*>(w))
             foco = w; // el que edita una celda es de su rejilla
     const QRect lugar(foco->mapTo(pantalla_, QPoint()), foco->size());
-    const auto* lista = qobject_cast<QAbstractItemView*>(foco);
-    if (!lista) {
+    const auto* area = qobject_cast<QAbstractScrollArea*>(foco);
+    if (!area) {
         muestre(lugar);
         return;
     }
-    // De una rejilla basta ver sus títulos y la fila en que se está; si no caben, la fila.
-    connect(lista->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &MarcoPantalla::siga_el_foco_luego, Qt::UniqueConnection);
-    QRect fila = lista->visualRect(lista->currentIndex());
-    if (!fila.isValid())
-        fila.setHeight(lista->fontMetrics().height());
-    fila.moveTop(fila.top() + lugar.top() + lista->viewport()->y());
-    fila = QRect(lugar.left(), fila.top(), lugar.width(), fila.height()) & lugar;
-    muestre(QRect(lugar.topLeft(), fila.bottomRight()));
-    muestre(fila);
+    // De una rejilla o de un texto largo basta ver su comienzo y por dónde se va; si no caben los
+    // dos, por dónde se va.
+    QRect renglon = area->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    if (const auto* lista = qobject_cast<const QAbstractItemView*>(area)) {
+        connect(lista->selectionModel(), &QItemSelectionModel::currentChanged, this,
+                &MarcoPantalla::siga_el_foco_luego, Qt::UniqueConnection);
+        renglon = lista->visualRect(lista->currentIndex());
+    }
+    const int arriba = qMax(0, renglon.top()) + lugar.top() + area->viewport()->y();
+    const int alto = qMax(renglon.height(), area->fontMetrics().height());
+    renglon = QRect(lugar.left(), arriba, lugar.width(), alto) & lugar;
+    muestre(QRect(lugar.topLeft(), renglon.bottomRight()));
+    muestre(renglon);
 }
 
 void MarcoPantalla::siga_el_foco_luego() {

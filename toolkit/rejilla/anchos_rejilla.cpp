@@ -217,7 +217,6 @@ PedidoAncho AnchosRejilla::mida_columna(int columna) const {
         return p;
     }
     const int lleno = contenido(columna, 0, rejilla_.modelo().rowCount());
-    const int nada = 2 * DelegadoCelda::margen(medidas) + ancho_caracteres(medidas, 1);
     p.vacia = no_dice_nada(lleno);
     if (es_texto_largo(columna)) {
         const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho));
@@ -225,7 +224,7 @@ PedidoAncho AnchosRejilla::mida_columna(int columna) const {
         p.comodo = qMax(lleno, declarado);
         // Donde se digita un nombre siempre hay sitio para su comienzo.
         p.vacia = p.vacia && !rejilla_.modelo().editable(columna);
-        p.cede = p.contenido - (p.vacia ? qMin(nada, p.contenido) : poco);
+        p.cede = p.contenido - (p.vacia ? qMin(piso_vacia(), p.contenido) : poco);
         p.entero = ancho_entero(lleno);
         p.peso = qMax(1, c.ancho);
         return p;
@@ -235,7 +234,7 @@ PedidoAncho AnchosRejilla::mida_columna(int columna) const {
     // hay, lo da: se ensancha con lo primero que se escriba.
     if (rejilla_.modelo().editable(columna))
         p.contenido = qMax(p.contenido, declarado * 6 / 10);
-    p.cede = p.vacia ? p.contenido - nada : 0;
+    p.cede = p.vacia ? p.contenido - piso_vacia() : 0;
     p.comodo = qMax(p.contenido, declarado);
     if (static_cast<DelegadoCelda*>(rejilla_.itemDelegate())->acompanada(columna)) {
         p.comodo = p.contenido + ancho_caracteres(medidas, kCaracteresLargo);
@@ -256,6 +255,13 @@ void AnchosRejilla::mida() {
 
 bool AnchosRejilla::no_dice_nada(int lleno) const {
     return lleno <= 2 * DelegadoCelda::margen(QFontMetrics(rejilla_.font())) + 2;
+}
+
+int AnchosRejilla::piso_vacia() const {
+    // Sin filas no hay cifra a la que darle el sitio: se leen los títulos.
+    const QFontMetrics medidas(rejilla_.font());
+    const int letras = rejilla_.modelo().rowCount() > 0 ? 1 : kCaracteresTitulo;
+    return 2 * DelegadoCelda::margen(medidas) + ancho_caracteres(medidas, letras);
 }
 
 void AnchosRejilla::llene(PedidoAncho& p) {
@@ -291,6 +297,10 @@ void AnchosRejilla::mida_filas(int desde, int hasta) {
         const int suyo = contenido(c, desde, hasta), ancho = qMax(suyo, ancho_del_pie(c));
         if (!no_dice_nada(suyo))
             llene(p);
+        if (const int cede = p.contenido - piso_vacia(); p.vacia && p.cede != cede) {
+            p.cede = cede;
+            repartido_ = -1;
+        }
         if (ancho > p.contenido) {
             p.contenido = ancho;
             p.comodo = qMax(p.comodo, ancho);

@@ -66,6 +66,7 @@ private:
     void vea_extremos(int columna, int desde, int hasta, std::pair<double, int>& mas_ancha) const;
     int ancho_del_pie(int columna) const;
     bool no_dice_nada(int lleno) const; ///< es lo que pide una celda en blanco
+    int piso_vacia() const;             ///< lo que le queda a la que no dice nada
     void llene(PedidoAncho& pedido);    ///< ya dice algo: no cede lo suyo
     int ancho_entero(int lleno) const;  ///< el de un nombre, sin lo que pase de un renglón
     bool es_texto_largo(int columna) const;

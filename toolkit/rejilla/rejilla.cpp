@@ -288,11 +288,10 @@ void Rejilla::updateGeometries() {
 }
 
 QSize Rejilla::minimumSizeHint() const {
-    constexpr int kFilas = 4;
-    const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    constexpr int kFilas = 4; // tres, con la barra de abajo
     const int alto = encabezado_->sizeHint().height() +
                      kFilas * verticalHeader()->defaultSectionSize() +
-                     (pie() ? pie_->sizeHint().height() : 0) + barra + 2 * frameWidth();
+                     (pie() ? pie_->sizeHint().height() : 0) + 2 * frameWidth();
     return {QTableView::minimumSizeHint().width(), alto};
 }
 
