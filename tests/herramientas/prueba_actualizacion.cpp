@@ -45,6 +45,10 @@ void PruebaActualizacion::initTestCase() {
     QVERIFY(
         !filas("select code_item from comprobante_detalle where code_debito is null").isEmpty());
 
+    filas("execute block as begin insert into planilla_digitacion (pldi_id) values (7); insert into"
+          " planilla_digitacion_cuentas (pldi_id, pldc_item, pldc_titulo) values (7, 1, 'Valor');"
+          " insert into planilla_digitacion_cuentas (pldi_id, pldc_item, pldc_titulo) values (7, 2,"
+          " 'VALOR'); end");
     const auto r = ordene({"actualizar"});
     QVERIFY2(r.codigo == 0, qPrintable(r.errores));
     QVERIFY2(r.salida.contains("002_guardas"), qPrintable(r.salida));
@@ -77,6 +81,8 @@ void PruebaActualizacion::los_datos_quedan_como_las_guardas_los_exigen() {
         "1|100|0\n2|0|100");
     QCOMPARE(filas("select sain_debito, sain_credito from saldos_iniciales order by sain_item"),
              "40|0\n0|40");
+    QCOMPARE(filas("select pldc_titulo from planilla_digitacion_cuentas order by pldc_item"),
+             "Valor\nVALOR (2)");
     // Nadie modificó nada: solo quedan las inserciones de entonces.
     QCOMPARE(filas("select tido_cod, audi_oper, count(*) from auditoria where tido_cod <> 102 and "
                    "tido_cod <> 100 group by 1, 2 order by 1"),
