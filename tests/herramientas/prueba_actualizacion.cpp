@@ -14,11 +14,14 @@ private slots:
     void una_base_de_una_version_mas_nueva_no_se_toca();
 
 private:
-    QString filas(const QString& sql) {
-        Conexion c;
+    void conecte(Conexion& c) const {
         ParametrosConexion p{lugar().base_compania("001"), "SYSDBA", {}};
         p.rol.clear();
         c.conectar(p);
+    }
+    QString filas(const QString& sql) {
+        Conexion c;
+        conecte(c);
         return filas_de(c, sql);
     }
     Ubicacion lugar() const { return Ubicacion(carpeta_.path()); }
@@ -45,10 +48,15 @@ void PruebaActualizacion::initTestCase() {
     QVERIFY(
         !filas("select code_item from comprobante_detalle where code_debito is null").isEmpty());
 
-    filas("execute block as begin insert into planilla_digitacion (pldi_id) values (7); insert into"
-          " planilla_digitacion_cuentas (pldi_id, pldc_item, pldc_titulo) values (7, 1, 'Valor');"
-          " insert into planilla_digitacion_cuentas (pldi_id, pldc_item, pldc_titulo) values (7, 2,"
-          " 'VALOR'); end");
+    {
+        Conexion c;
+        conecte(c);
+        c.ejecute("insert into planilla_digitacion (pldi_id) values (7)");
+        for (const char* dato : {"1, 'Valor'", "2, 'VALOR'"})
+            c.ejecute(QString("insert into planilla_digitacion_cuentas (pldi_id, pldc_item,"
+                              " pldc_titulo) values (7, %1)")
+                          .arg(QLatin1String(dato)));
+    }
     const auto r = ordene({"actualizar"});
     QVERIFY2(r.codigo == 0, qPrintable(r.errores));
     QVERIFY2(r.salida.contains("002_guardas"), qPrintable(r.salida));
@@ -132,16 +140,14 @@ void PruebaActualizacion::los_usuarios_registrados_reciben_el_papel_y_nadie_mas(
 
 void PruebaActualizacion::una_base_de_una_version_mas_nueva_no_se_toca() {
     Conexion c;
-    ParametrosConexion p{lugar().base_compania("001"), "SYSDBA", {}};
-    p.rol.clear();
-    c.conectar(p);
+    conecte(c);
     c.ejecute("insert into version_esquema (vers_numero, vers_nombre) values (9999, 'Futura')");
     c.desconectar();
     const auto r = ordene({"actualizar"});
     QCOMPARE(r.codigo, 1);
     QVERIFY2(r.errores.contains("es de una versión más nueva que este programa (esquema 9999"),
              qPrintable(r.errores));
-    c.conectar(p);
+    conecte(c);
     c.ejecute("delete from version_esquema where vers_numero = 9999");
 }
 
