@@ -137,9 +137,9 @@ AnchosRejilla::AnchosRejilla(Rejilla& rejilla, QObject* padre)
 
 void AnchosRejilla::vea(int columna, int fila, std::pair<double, int>& mas_ancha) const {
     const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(fila);
-    const double letra = QFontMetricsF(rejilla_.font()).averageCharWidth();
-    const double ancho = regla_.ancho(aspecto.letra, rejilla_.modelo().texto(fila, columna)) +
-                         (rejilla_.sangrada(columna) ? aspecto.nivel * 2 * letra : 0);
+    double ancho = regla_.ancho(aspecto.letra, rejilla_.modelo().texto(fila, columna));
+    if (rejilla_.sangrada(columna))
+        ancho += aspecto.nivel * 2 * QFontMetricsF(rejilla_.font()).averageCharWidth();
     if (ancho > mas_ancha.first)
         mas_ancha = {ancho, fila};
 }

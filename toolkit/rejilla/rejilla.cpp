@@ -325,6 +325,8 @@ void Rejilla::showEvent(QShowEvent* evento) {
     if (accessibleName().isEmpty())
         setAccessibleName(QStringLiteral("Lista de ") + TablaRejilla(*this).titulo());
     // Antes de mostrarse no se sabía cuánto espacio hay.
+    if (std::exchange(por_medir_, false))
+        encabezado_->anchos().mida_filas(0, modelo_->rowCount());
     if (!evento->spontaneous() && !std::exchange(mostrada_, true)) {
         aplique_anchos();
         // La celda actual pudo correr la vista cuando no había dónde mostrarla.
@@ -382,6 +384,8 @@ void Rejilla::conjunto_reiniciado() {
         quite_marcas();
     if (!anchos_puestos_ && modelo_->rowCount() > 0)
         aplique_anchos();
+    else if (anchos_puestos_ && !isVisible())
+        por_medir_ = true; // la otra página no le cuesta a la que se ve
     else if (anchos_puestos_)
         encabezado_->anchos().mida_filas(0, modelo_->rowCount());
     cursor_movido();

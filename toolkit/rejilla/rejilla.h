@@ -305,6 +305,7 @@ private:
     QString clave_anchos_;
     QTimer* reloj_anchos_;
     bool anchos_puestos_ = false, mostrada_ = false;
+    bool por_medir_ = false; ///< se leyó de nuevo mientras no se veía
 
     Tecleo tecleo_;
     QLabel* letrero_tecleo_ = nullptr;
