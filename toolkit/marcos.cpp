@@ -130,6 +130,8 @@ void MarcoPantalla::muestre_con_lo_suyo(QWidget* control) {
 void MarcoPantalla::siga_el_foco() {
     siguiendo_ = false;
     QWidget* foco = QApplication::focusWidget();
+    if (!foco && pantalla_) // el programa no está al frente: el que lo tendrá
+        foco = pantalla_->focusWidget();
     if (!pantalla_ || !foco || !pantalla_->isAncestorOf(foco) ||
         (botones_ && botones_->isAncestorOf(foco)) ||
         QGuiApplication::mouseButtons() != Qt::NoButton) // no se mueve bajo el ratón
