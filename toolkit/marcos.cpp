@@ -79,6 +79,21 @@ void MarcoPantalla::fije_botones() {
     fijando_ = false;
 }
 
+void MarcoPantalla::decida_barra() {
+    if (!pantalla_)
+        return;
+    const QSize todo = maximumViewportSize();
+    const bool cabe = pantalla_->minimumSizeHint().width() <= todo.width() &&
+                      pantalla_->heightForWidth(todo.width()) <= todo.height();
+    setVerticalScrollBarPolicy(cabe ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+}
+
+bool MarcoPantalla::event(QEvent* evento) {
+    if (evento->type() == QEvent::LayoutRequest || evento->type() == QEvent::Resize)
+        decida_barra();
+    return QScrollArea::event(evento);
+}
+
 void MarcoPantalla::scrollContentsBy(int dx, int dy) {
     QScrollArea::scrollContentsBy(dx, dy);
     fije_botones();
