@@ -79,6 +79,21 @@ void MarcoPantalla::fije_botones() {
     fijando_ = false;
 }
 
+void MarcoPantalla::decida_barra() {
+    if (!pantalla_)
+        return;
+    const QSize todo = maximumViewportSize();
+    const bool cabe = pantalla_->minimumSizeHint().width() <= todo.width() &&
+                      pantalla_->heightForWidth(todo.width()) <= todo.height();
+    setVerticalScrollBarPolicy(cabe ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+}
+
+bool MarcoPantalla::event(QEvent* evento) {
+    if (evento->type() == QEvent::LayoutRequest || evento->type() == QEvent::Resize)
+        decida_barra();
+    return QScrollArea::event(evento);
+}
+
 void MarcoPantalla::scrollContentsBy(int dx, int dy) {
     QScrollArea::scrollContentsBy(dx, dy);
     fije_botones();
@@ -130,6 +145,8 @@ void MarcoPantalla::muestre_con_lo_suyo(QWidget* control) {
 void MarcoPantalla::siga_el_foco() {
     siguiendo_ = false;
     QWidget* foco = QApplication::focusWidget();
+    if (!foco && pantalla_) // el programa no está al frente: el que lo tendrá
+        foco = pantalla_->focusWidget();
     if (!pantalla_ || !foco || !pantalla_->isAncestorOf(foco) ||
         (botones_ && botones_->isAncestorOf(foco)) ||
         QGuiApplication::mouseButtons() != Qt::NoButton) // no se mueve bajo el ratón

@@ -23,8 +23,11 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* evento) override;
     bool eventFilter(QObject* objeto, QEvent* evento) override;
+    bool event(QEvent* evento) override;
 
 private:
+    /// Sin la barra del lado cabe entera: la barra no se queda por el ancho que ella misma quita.
+    void decida_barra();
     /// Los botones se quedan en el borde de abajo aunque la pantalla sea más alta que su ventana.
     void fije_botones();
     /// El alto de la ventanilla que los botones no tapan.
