@@ -27,7 +27,7 @@ double balance_en_pantalla(int renglones) {
     f2();
     if (p->CBalance.IsEmpty() || p->CBalniif.IsEmpty())
         throw ErrorDatos("el balance salió vacío");
-    return mida(f2, 9);
+    return mida(f2, 60);
 }
 
 void balance_en_la_base(Conexion& c) {

@@ -144,15 +144,19 @@ void AnchosRejilla::vea(int columna, int fila, std::pair<double, int>& mas_ancha
         mas_ancha = {ancho, fila};
 }
 
-void AnchosRejilla::vea_extremos(int columna, int desde, int hasta,
-                                 std::pair<double, int>& mas_ancha) const {
-    // La cifra de más letras es la mayor o la menor: no hay que dar formato a cada una. Un decimal
-    // que se calla cuando es cero solo cambia de las primeras, y esas se miran todas.
+void AnchosRejilla::vea_cifras(int columna, int desde, int hasta,
+                               std::pair<double, int>& mas_ancha) const {
+    // La cifra de más letras es la mayor o la menor: no hay que dar formato a cada una. La negrilla
+    // de una fila no alcanza a otra cien veces mayor; un decimal que se calla cuando es cero sí, y
+    // entonces se miran todas las primeras.
     const ModeloConjunto& modelo = rejilla_.modelo();
     int mayor = desde, menor = desde;
     Moneda alta, baja;
+    QVector<Moneda> primeras;
     for (int f = desde; f < hasta; ++f) {
         const Moneda v = modelo.valor(f, columna).moneda();
+        if (f - desde < kFilasMedidas)
+            primeras << v;
         if (v > alta)
             alta = v, mayor = f;
         if (v < baja)
@@ -160,16 +164,25 @@ void AnchosRejilla::vea_extremos(int columna, int desde, int hasta,
     }
     vea(columna, mayor, mas_ancha);
     vea(columna, menor, mas_ancha);
+    const ColumnaRejilla& c = rejilla_.columna(columna);
+    const QString formato =
+        c.DisplayFormat().isEmpty() ? c.campo->DisplayFormat : c.DisplayFormat();
+    const bool pareja = !formato.isEmpty() && formato.lastIndexOf('#') < formato.indexOf('.');
+    const Moneda mucho = Moneda::porcentaje(alta, Moneda(1)),
+                 poco = Moneda::porcentaje(baja, Moneda(1));
+    for (int i = 0; i < primeras.size(); ++i)
+        if (!pareja || primeras[i] > mucho || primeras[i] < poco)
+            vea(columna, desde + i, mas_ancha);
 }
 
 int AnchosRejilla::contenido(int columna, int desde, int hasta) const {
-    const bool cifras = rejilla_.modelo().numerica(columna);
-    const int miradas = cifras || es_texto_largo(columna) ? kFilasMedidas : kFilasCodigo;
+    const int miradas = es_texto_largo(columna) ? kFilasMedidas : kFilasCodigo;
     std::pair<double, int> mas_ancha{-1, -1};
-    for (int f = desde; f < qMin(hasta, desde + miradas); ++f)
-        vea(columna, f, mas_ancha);
-    if (cifras && desde < hasta)
-        vea_extremos(columna, desde, hasta, mas_ancha);
+    if (desde < hasta && rejilla_.modelo().numerica(columna))
+        vea_cifras(columna, desde, hasta, mas_ancha);
+    else
+        for (int f = desde; f < qMin(hasta, desde + miradas); ++f)
+            vea(columna, f, mas_ancha);
     if (mas_ancha.second < 0)
         return 0;
     const QModelIndex celda = rejilla_.modelo().index(mas_ancha.second, columna);

@@ -63,7 +63,7 @@ private:
     PedidoAncho mida_columna(int columna) const;
     int contenido(int columna, int desde, int hasta) const;
     void vea(int columna, int fila, std::pair<double, int>& mas_ancha) const;
-    void vea_extremos(int columna, int desde, int hasta, std::pair<double, int>& mas_ancha) const;
+    void vea_cifras(int columna, int desde, int hasta, std::pair<double, int>& mas_ancha) const;
     int ancho_del_pie(int columna) const;
     bool no_dice_nada(int lleno) const; ///< es lo que pide una celda en blanco
     int piso_vacia() const;             ///< lo que le queda a la que no dice nada
