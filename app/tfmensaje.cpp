@@ -6,11 +6,10 @@
 #include "toolkit/barraestado.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/controles/memodato.h"
+#include "toolkit/division_fluida.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 #include "toolkit/sin_grabar.h"
-
-#include <QSplitter>
 
 namespace {
 constexpr int kMsRefresco = 15000;
@@ -73,8 +72,7 @@ void Tfmensaje::defina_conjuntos() {
 }
 
 void Tfmensaje::construya() {
-    auto* division = new QSplitter(Qt::Horizontal, this);
-    division->setChildrenCollapsible(false);
+    auto* division = new DivisionFluida(this);
     const auto rejilla = [&](const char* nombre, ConjuntoDatos& c, const QString& titulo) {
         auto* r = new Rejilla(division, &c);
         r->setObjectName(nombre);

@@ -86,10 +86,10 @@ void FichaCuenta::arme_ficha() {
         escoger->setText("...");
         escoger->setToolTip("Escoger del plan NIIF");
         escoger->setAccessibleName("Escoger la cuenta NIIF equivalente");
-        connect(escoger, &QToolButton::clicked, this,
-                [this] { ejecute([this] { ECtaAjusDblClick(); }); });
+        connect(escoger, &QToolButton::clicked, this, [this] { ejecute(ECtaAjus->OnDblClick); });
         NomCtaniif = new QLabel(this);
         NomCtaniif->setObjectName("NomCtaniif");
+        NomCtaniif->setWordWrap(true);
         forma.fila("Cuenta NII&F equivalente", Formulario::junto({ECtaAjus, escoger, NomCtaniif}));
     }
     forma.fila("Nor&ma", ENorma);

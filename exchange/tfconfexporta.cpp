@@ -3,14 +3,12 @@
 
 #include "exchange/pch.h"
 #include "libro/catalogos.h"
+#include "toolkit/division_fluida.h"
 #include "toolkit/rejilla/anuncio_pegado.h"
-
-#include <QSplitter>
 
 Tfconfexporta::Tfconfexporta() : Pantalla("Tfconfexporta", "Configurar exportación") {
     defina_conjuntos();
-    auto* division = new QSplitter(Qt::Horizontal, this);
-    division->setChildrenCollapsible(false);
+    auto* division = new DivisionFluida(this);
     const auto lado = [&](const QString& titulo, Rejilla* r) {
         auto* caja = new QGroupBox(titulo, division);
         (new QVBoxLayout(caja))->addWidget(r);

@@ -23,6 +23,7 @@ Tfconciliacta::Tfconciliacta() : Pantalla("Tfconciliacta", "Conciliacion cuenta"
     NomCuenta = new QLabel;
     NomCuenta->setObjectName("NomCuenta");
     NomCuenta->setTextFormat(Qt::PlainText);
+    NomCuenta->setWordWrap(true);
     DBGridEh1 = new Rejilla(this, &CDetalle);
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName(windowTitle());

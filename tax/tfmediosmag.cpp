@@ -10,6 +10,7 @@
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -20,6 +21,17 @@
 #include <QToolButton>
 
 namespace {
+
+constexpr int kFecha = 8; ///< letras de una fecha
+
+QLineEdit* nueva_caja(QWidget* padre, const char* nombre, int largo) {
+    auto* c = new QLineEdit(padre);
+    c->setObjectName(nombre);
+    c->setMaxLength(largo);
+    if (largo == kFecha)
+        c->setMaximumWidth(ancho_caracteres(c->fontMetrics(), largo + 2));
+    return c;
+}
 
 /// "NOMBRE_CUENTA": "Nombre cuenta"; una sigla queda como está.
 QString titulo_de(const QString& columna) {
@@ -52,13 +64,10 @@ Tfmediosmag::Tfmediosmag() : Pantalla("Tfmediosmag", "Inf. Exógena CSV") {
 
 void Tfmediosmag::arme() {
     const auto caja = [this](const char* nombre, int largo) {
-        auto* c = new QLineEdit(this);
-        c->setObjectName(nombre);
-        c->setMaxLength(largo);
-        return c;
+        return nueva_caja(this, nombre, largo);
     };
-    FecIni = caja("FecIni", 8);
-    FecFin = caja("FecFin", 8);
+    FecIni = caja("FecIni", kFecha);
+    FecFin = caja("FecFin", kFecha);
     admita_barras(FecIni);
     admita_barras(FecFin);
     Ubicacion = caja("Ubicacion", 400);

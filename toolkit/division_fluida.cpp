@@ -64,4 +64,28 @@ void DivisionFluida::acomode() {
             sobra < 0 ? height() * qMax(1, factor) : piden[i] + sobra * factor / qMax(1, partes);
     }
     setSizes(piden);
+    if (sobra > 0 && count() == 2)
+        preste();
+}
+
+int DivisionFluida::falta(const QWidget& parte) const {
+    int falta = 0;
+    for (const Rejilla* r : parte.findChildren<Rejilla*>())
+        falta = qMax(falta, anchos_de(*r).lo_que_falta());
+    return falta;
+}
+
+void DivisionFluida::preste() {
+    const int faltas[] = {falta(*widget(0)), falta(*widget(1))};
+    if ((faltas[0] > 0) == (faltas[1] > 0))
+        return;
+    const int pide = faltas[0] > 0 ? 0 : 1, da = 1 - pide;
+    const auto pase = [&](int ancho) {
+        QList<int> partes = sizes();
+        partes[pide] += ancho;
+        partes[da] -= ancho;
+        setSizes(partes);
+    };
+    pase(faltas[pide]);
+    pase(-falta(*widget(da))); // lo que la otra sí necesitaba
 }

@@ -3,8 +3,9 @@
 // de la otra.
 #include <QSplitter>
 
-/// Reparte el ancho según lo que pide cada parte y lo que sobra según su factor, hasta que el
-/// usuario la arrastre. Sigue a sus rejillas cuando les llega algo más ancho.
+/// Reparte el ancho según lo que pide cada parte y lo que sobra según su factor; entre dos, la que
+/// no se lee entera toma lo que a la otra le sobre. Eso hasta que el usuario la arrastre. Sigue a
+/// sus rejillas cuando les llega algo más ancho.
 class DivisionFluida : public QSplitter {
 public:
     explicit DivisionFluida(QWidget* padre = nullptr);
@@ -17,6 +18,9 @@ private:
     void acomode();
     /// El ancho con que una parte muestra todas sus columnas.
     int pide(const QWidget& parte) const;
+    /// Lo que a una parte le falta para que también sus nombres se lean enteros.
+    int falta(const QWidget& parte) const;
+    void preste();
 
     bool arrastrada_ = false, acomodando_ = false, siguiendo_ = false;
 };

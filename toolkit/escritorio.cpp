@@ -13,9 +13,7 @@
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QSettings>
-#include <QSplitter>
 #include <QStyle>
-#include <optional>
 
 namespace {
 Escritorio* escritorio_ = nullptr;
@@ -29,44 +27,11 @@ const AnchosRejilla& anchos_de(const Rejilla& r) {
     return static_cast<EncabezadoRejilla*>(r.horizontalHeader())->anchos();
 }
 
-constexpr char kMovida[] = "movida"; ///< el usuario le dio su sitio a la división
-
-/// Lo que le falta de ancho a una rejilla de ese lado de la división; nada si no tiene ninguna.
-std::optional<int> lo_que_falta(const QSplitter& division, int lado) {
-    std::optional<int> falta;
-    for (const Rejilla* r : division.widget(lado)->findChildren<Rejilla*>())
-        if (r->isVisible())
-            falta = qMax(falta.value_or(0), anchos_de(*r).lo_que_falta());
-    return falta;
-}
-
-/// Entre dos rejillas que se parten el ancho, la que no se lee entera toma lo que a la otra le
-/// sobre.
-void reparta_divisiones(const Pantalla& pantalla) {
-    for (QSplitter* d : pantalla.findChildren<QSplitter*>()) {
-        if (d->orientation() != Qt::Horizontal || d->count() != 2 || d->property(kMovida).toBool())
-            continue;
-        const std::optional<int> faltas[] = {lo_que_falta(*d, 0), lo_que_falta(*d, 1)};
-        if (!faltas[0] || !faltas[1] || (*faltas[0] > 0) == (*faltas[1] > 0))
-            continue;
-        const int pide = *faltas[0] > 0 ? 0 : 1, da = 1 - pide;
-        const auto pase = [&](int ancho) {
-            QList<int> partes = d->sizes();
-            partes[pide] += ancho;
-            partes[da] -= ancho;
-            d->setSizes(partes);
-        };
-        pase(*faltas[pide]);
-        pase(-lo_que_falta(*d, da).value_or(0)); // lo que la otra sí necesitaba
-    }
-}
-
 /// Ensancha la ventana desde su centro, sin salirse del área, hasta que sus rejillas muestren todas
 /// sus cifras y enteros sus nombres. Falso si no hizo falta, o si el usuario le dio otro tamaño.
 bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
     constexpr int kVeces = 12; // entre dos rejillas que se parten el ancho, no basta una
     const int antes = ventana.width();
-    reparta_divisiones(pantalla);
     if (ventana.isMaximized() || ventana.isMinimized() ||
         ventana.size() != ventana.property("inicial").toSize())
         return false;
@@ -78,7 +43,6 @@ bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
         if (falta == 0)
             break;
         ventana.resize(qMin(ventana.width() + falta, area.width()), ventana.height());
-        reparta_divisiones(pantalla);
     }
     if (ventana.width() == antes)
         return false;
@@ -91,8 +55,6 @@ bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
 
 /// Lo que se consulta después de abrir la pantalla también se lee entero.
 void siga_ensanchando(QMdiSubWindow* ventana, QPointer<Pantalla> pantalla) {
-    for (QSplitter* d : pantalla->findChildren<QSplitter*>())
-        QObject::connect(d, &QSplitter::splitterMoved, d, [d] { d->setProperty(kMovida, true); });
     for (const Rejilla* r : pantalla->findChildren<Rejilla*>())
         QObject::connect(
             &anchos_de(*r), &AnchosRejilla::crecio, ventana,

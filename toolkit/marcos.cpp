@@ -82,9 +82,10 @@ void MarcoPantalla::fije_botones() {
 void MarcoPantalla::decida_barra() {
     if (!pantalla_)
         return;
-    const QSize todo = maximumViewportSize();
-    const bool cabe = pantalla_->minimumSizeHint().width() <= todo.width() &&
-                      pantalla_->heightForWidth(todo.width()) <= todo.height();
+    const QSize todo = maximumViewportSize(), pide = pantalla_->minimumSizeHint();
+    const int alto =
+        pantalla_->hasHeightForWidth() ? pantalla_->heightForWidth(todo.width()) : pide.height();
+    const bool cabe = pide.width() <= todo.width() && alto <= todo.height();
     setVerticalScrollBarPolicy(cabe ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
 }
 

@@ -30,10 +30,11 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     // Los datos cortos van con el tipo; del primero largo en adelante, en el otro renglón.
     // Con letra grande los cortos siguen en otro renglón.
     QWidget* arriba = en_flujo({LTipo}, paso());
-    auto* abajo = new QHBoxLayout;
+    auto* segundo = new QWidget;
+    auto* abajo = new DisposicionFlujo(segundo, paso());
     QLineEdit* primero_largo = nullptr;
     QBoxLayout* fechas = nullptr; // desde y hasta van juntas
-    constexpr int kCorto = 8;
+    constexpr int kCorto = 8, kLargo = 16;
     for (const FiltroTexto& f : filtros_) {
         auto* caja = nombrado(new QLineEdit(this), f.nombre);
         caja->setMaxLength(f.ancho);
@@ -45,7 +46,8 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
         const QString texto = QString::fromUtf8(f.rotulo);
         if (f.ancho > kCorto && !primero_largo) {
             primero_largo = caja;
-            abajo->addWidget(caja, 1);
+            caja->setMinimumWidth(ancho_caracteres(fontMetrics(), kLargo));
+            abajo->addWidget(caja);
             continue;
         }
         caja->setFixedWidth(ancho_caracteres(fontMetrics(), f.ancho + 2));
@@ -67,9 +69,6 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
         ckfiltro = nombrado(new QCheckBox("Habilitar filtros", this), "ckfiltro");
         abajo->addWidget(ckfiltro);
     }
-    auto* segundo = new QWidget;
-    abajo->setContentsMargins(0, 0, 0, 0);
-    segundo->setLayout(abajo);
     segundo->setFocusProxy(primero_largo);
     Formulario(this).fila("Tipo", arriba).fila("Concepto", segundo);
     layout()->setContentsMargins(0, 0, 0, 0);

@@ -125,7 +125,7 @@ void PantallaComprobante::construya_controles() {
 void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
     DBEdit6->setMinimumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 12));
-    DBMemo1->setMinimumWidth(ancho_caracteres(DBMemo1->fontMetrics(), 6));
+    DBMemo1->setMinimumWidth(ancho_caracteres(DBMemo1->fontMetrics(), 5));
     // Lo que se ahorra alrededor son líneas del asiento.
     layout()->setContentsMargins(paso(1.5), paso(), paso(1.5), paso());
     layout()->setSpacing(paso());
@@ -143,7 +143,7 @@ void PantallaComprobante::disponga(QWidget* control_prefijo) {
                                 paso()));
     f.fila("Monto", en_flujo({DBEdit6, con_rotulo("Observaciones", DBMemo1), DBCheckBox1, ckFiltro,
                               DBCheckBox2},
-                             paso()));
+                             paso(0.75)));
     f.fila({{"Mandante", Formulario::junto({Mand, NomMand})}});
     LabMand = f.etiqueta(Mand->parentWidget());
     if (!LabMand)

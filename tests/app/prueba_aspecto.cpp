@@ -328,6 +328,8 @@ void revise_apertura(const Pantalla* p, QStringList& faltas) {
     constexpr int kAnchoQueBasta = 700; // el del área a 150 %
     if (barras->horizontalScrollBar()->maximum() > 0 && marco->width() >= kAnchoQueBasta)
         faltas << "se desplaza de lado";
+    if (p->height() > marco->height() && !barras->verticalScrollBar()->isVisible())
+        faltas << "no cabe y no tiene barra al lado";
     const BarraBotones* botones = p->findChild<BarraBotones*>();
     const int fondo = botones ? botones->mapTo(marco, QPoint()).y() : marco->height();
     const int corrida = barras->verticalScrollBar()->value();

@@ -80,13 +80,13 @@ private slots:
         con_nombre_largo.last() = {.contenido = 90, .titulo = 50, .cede = 70, .vacia = true};
         QCOMPARE(reparta_ancho(con_nombre_largo, 310), QVector<int>({60, 70, 140, 40}));
         QCOMPARE(reparta_ancho(con_nombre_largo, 280), QVector<int>({60, 70, 130, 20}));
-        // Con muchas cifras por desplazar el nombre toma hasta la cuarta parte; donde se puede
+        // Si de todos modos se desplaza, el nombre toma hasta la quinta parte; donde se puede
         // digitar y no hay nada, queda el título.
         con_nombre_largo[1].entero = 500;
         con_nombre_largo << PedidoAncho{
             .contenido = 90, .titulo = 50, .comodo = 90, .entero = 12, .peso = 9};
         con_nombre_largo[2].contenido = 1500;
-        QCOMPARE(reparta_ancho(con_nombre_largo, 800), QVector<int>({60, 200, 1500, 20, 50}));
+        QCOMPARE(reparta_ancho(con_nombre_largo, 800), QVector<int>({60, 160, 1500, 20, 50}));
         // El nombre que ya hay se lee entero antes de guardarle sitio al que se digite.
         QCOMPARE(reparta_ancho({{.contenido = 50, .comodo = 300, .peso = 10},
                                 {.contenido = 50, .comodo = 200, .entero = 200, .peso = 10}},

@@ -98,29 +98,39 @@ void RejillaCubo::ajuste_anchos() {
     constexpr int kFilasMedidas = 200, kColumnasMedidas = 60;
     const QFontMetrics letra(QFont(font().family(), font().pointSize(), QFont::Bold));
     pedidos_.clear();
+    minimos_.clear();
     puestos_.clear();
     for (int c = 0; c < qMin(modelo_.columnCount(), kColumnasMedidas); ++c) {
         int ancho = 0;
         for (const QString& renglon :
              modelo_.headerData(c, Qt::Horizontal, Qt::DisplayRole).toString().split('\n'))
             ancho = qMax(ancho, letra.horizontalAdvance(renglon));
+        int celdas = 0;
         for (int f = 0; f < qMin(modelo_.rowCount(), kFilasMedidas); ++f)
-            ancho = qMax(ancho, letra.horizontalAdvance(modelo_.index(f, c).data().toString()));
-        pedidos_ << ancho + paso(2);
+            celdas = qMax(celdas, letra.horizontalAdvance(modelo_.index(f, c).data().toString()));
+        pedidos_ << qMax(ancho, celdas) + paso(2);
+        // Un título se corta; una cifra, no.
+        minimos_ << qMin(pedidos_.last(), c == 0 ? paso(24) : qMax(celdas + paso(2), paso(20)));
         puestos_ << columnWidth(c);
     }
     reparta();
 }
 
 void RejillaCubo::reparta() {
-    // Un nombre largo se corta solo si todas no caben a la vez.
+    // Un nombre largo se corta solo si todas no caben a la vez. La primera no se desplaza: deja a
+    // la vista al menos la mitad.
     const int total = std::accumulate(pedidos_.begin(), pedidos_.end(), 0);
-    const bool caben = pedidos_.size() == modelo_.columnCount() && total <= viewport()->width();
+    const bool todas = pedidos_.size() == modelo_.columnCount();
+    const bool caben = todas && total <= viewport()->width();
+    const int mitad = qMax(paso(12), viewport()->width() / 2);
+    const int sobra = viewport()->width() - std::accumulate(minimos_.begin(), minimos_.end(), 0);
+    int libre = todas ? qMax(0, sobra) : 0;
     for (int c = 0; c < pedidos_.size(); ++c) {
-        int ancho = caben ? pedidos_[c] : qMin(pedidos_[c], paso(50));
-        // La que no se desplaza deja a la vista al menos la mitad: si no, taparía las cifras.
-        if (c == 0)
-            ancho = qMin(ancho, qMax(paso(12), viewport()->width() / 2));
+        const int tope = c == 0 ? qMin(pedidos_[c], mitad) : pedidos_[c];
+        int ancho = qMin(tope, caben ? pedidos_[c] : minimos_[c]);
+        const int mas = qMin(libre, tope - ancho);
+        ancho += mas;
+        libre -= mas;
         if (columnWidth(c) == puestos_[c]) // las que el usuario cambió son suyas
             setColumnWidth(c, puestos_[c] = ancho);
     }

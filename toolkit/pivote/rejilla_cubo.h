@@ -47,6 +47,7 @@ private:
     ModeloCubo modelo_;
     class ColumnaFija* fija_ = nullptr;
     QVector<int> pedidos_; ///< ancho que cada columna pide
+    QVector<int> minimos_; ///< con menos se cortaría una cifra
     QVector<int> puestos_; ///< y el que se le dio
     const Cubo* cubo_ = nullptr;
 };

@@ -74,11 +74,6 @@ struct Cesiones {
     int indispensable() const { return sin_ceder() - suma(nombre) - suma(titulo); }
 };
 
-/// Un año mes por mes: con tanto por desplazar, lo que importa es de qué es cada fila.
-bool sobran_cifras(const Cesiones& c, int disponible) {
-    return c.indispensable() > disponible * 3 / 2;
-}
-
 } // namespace
 
 QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) {
@@ -90,19 +85,17 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
         // desplaza, con las más cifras a la vista y entero el título de lo que dice algo.
         QVector<int> quita(anchos.size(), 0);
         int sobra = de_lo_que_falta(quita, c.vacia, total - disponible);
-        if (sobran_cifras(c, disponible)) {
-            for (qsizetype i = 0; i < anchos.size(); ++i)
-                if (c.nombre[i] > 0)
-                    quita[i] = qMin(0, anchos[i] - qMin(pedidos[i].entero, disponible / 4));
-        } else {
-            sobra = de_lo_que_falta(quita, c.nombre, sobra);
-        }
+        sobra = de_lo_que_falta(quita, c.nombre, sobra);
         const bool cabe = c.indispensable() <= disponible;
         if (cabe || std::any_of(pedidos.begin(), pedidos.end(),
                                 [](const PedidoAncho& p) { return !p.vacia && !p.fijo; }))
             sobra = de_lo_que_falta(quita, c.titulo_vacia, sobra);
         if (cabe)
             de_lo_que_falta(quita, c.titulo, sobra);
+        else // de todos modos se desplaza: que se lea de qué es cada fila
+            for (qsizetype i = 0; i < anchos.size(); ++i)
+                if (c.nombre[i] > 0)
+                    quita[i] = qMin(quita[i], anchos[i] - qMin(pedidos[i].entero, disponible / 5));
         for (qsizetype i = 0; i < anchos.size(); ++i)
             anchos[i] -= quita[i];
         return anchos;
