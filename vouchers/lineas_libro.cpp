@@ -207,7 +207,10 @@ void LineasLibro::ColExit(int columna) {
     ConjuntoDatos& e = anfitrion_.encabezado();
     switch (columna) {
     case kCuenta:
-        anfitrion_.panel_de_clase(libro, consulta_.FieldByName("CUEN_TIPO").texto());
+        // El panel edita la línea actual: abierto al pasar de fila, editaría la otra.
+        anfitrion_.panel_de_clase(libro, rejilla->cambia_de_fila()
+                                             ? QString()
+                                             : consulta_.FieldByName("CUEN_TIPO").texto());
         break;
     case kTercero:
         if (en_edicion())

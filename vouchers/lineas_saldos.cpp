@@ -137,7 +137,9 @@ void LineasSaldos::ColExit(int columna) {
     if (columna != kCuenta || cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_TIPO");
-    al_dejar_la_cuenta(consulta_.FieldByName("CUEN_TIPO").texto());
+    // El panel edita la línea actual: abierto al pasar de fila, editaría la otra.
+    al_dejar_la_cuenta(rejilla->cambia_de_fila() ? QString()
+                                                 : consulta_.FieldByName("CUEN_TIPO").texto());
 }
 
 // ---------------------------------------------------------------- la línea

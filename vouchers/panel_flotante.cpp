@@ -1,5 +1,6 @@
 #include "vouchers/panel_flotante.h"
 
+#include "toolkit/estilo.h"
 #include "vouchers/pch.h"
 
 #include <QKeyEvent>
@@ -27,9 +28,12 @@ void PanelFlotante::ubique() {
         return;
     const QPoint origen = base_->mapTo(pantalla_, QPoint(0, 0));
     adjustSize();
-    const int ancho = qMin(sizeHint().width() + 16, base_->width());
-    setGeometry(origen.x() + (base_->width() - ancho) / 2, origen.y() + base_->height() / 3, ancho,
-                sizeHint().height());
+    const int ancho = qMin(sizeHint().width() + 16, base_->width()), alto = sizeHint().height();
+    // En una ventana baja sube, para que nada suyo quede tras los botones.
+    const auto* barra = pantalla_->findChild<BarraBotones*>();
+    const int fondo = pantalla_->height() - (barra ? barra->height() + paso() : 0);
+    const int y = qMax(0, qMin(origen.y() + base_->height() / 3, fondo - alto));
+    setGeometry(origen.x() + (base_->width() - ancho) / 2, y, ancho, alto);
 }
 
 bool PanelFlotante::reclama(const QKeyEvent& evento) {

@@ -429,6 +429,14 @@ private slots:
         p.digite("Varios"); // digitado vale lo mismo que escogido
         p.tecla(Qt::Key_Tab);
         QCOMPARE(p.detalle->FieldByName("CONC_COD").texto(), "VAR");
+        // Lo que no está en ella no entra, y la celda sigue abierta.
+        p.rejilla->SelectedIndex(p.Categoria);
+        p.digite("1000");
+        p.tecla(Qt::Key_Tab);
+        QCOMPARE(p.celda(), Celda(0, p.Categoria));
+        QVERIFY(p.rejilla->digitando());
+        p.tecla(Qt::Key_Escape);
+        QCOMPARE(p.detalle->FieldByName("CONC_COD").texto(), "VAR");
     }
 
     void los_importes_aceptan_el_decimal_del_teclado_numerico_y_miles() {

@@ -146,6 +146,11 @@ private slots:
         p->lineas_2649->rejilla->setFocus();
         QCOMPARE(p->lineas_2649->rejilla->SelectedIndex(), int(LineasLibro::kCuenta));
         QCOMPARE(p->CDetalle.FieldByName("CUEN_COD").texto(), "220505");
+        // Pasar de fila tampoco: abierto entonces, el panel editaría la línea a la que se llega.
+        oprima_seguidas({Qt::Key_Down, Qt::Key_Up});
+        QVERIFY(p->lineas_2649->rejilla->enfocada() && !p->GroupBox1->isVisible());
+        QCOMPARE(p->CDetalle.FieldByName("CUEN_COD").texto(), "220505");
+        QVERIFY(!p->CMovimiento.ChangeCount());
         oprima(Qt::Key_PageDown, Qt::ControlModifier);
         QCOMPARE(p->PageControl1->currentIndex(), 1);
         QVERIFY(!p->GroupBox1->isVisible());

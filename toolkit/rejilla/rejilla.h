@@ -156,6 +156,9 @@ public:
     // --- eventos
     std::function<void(int)> ColEnter; ///< entró a la celda, o a la rejilla estando en ella
     std::function<void(int)> ColExit;  ///< deja la celda; lo digitado ya está en el campo
+    /// Durante ColExit: la celda a la que se va es de otra fila. Lo que se abra entonces sería de
+    /// esa.
+    bool cambia_de_fila() const { return cambia_de_fila_; }
     std::function<void(int)> OnDblClick;
     std::function<void()> OnReturn; ///< Enter sobre las filas, en vez de lo que la rejilla haría
     std::function<void(Campo&)> OnTitleClick; ///< sin `orden_local`
@@ -225,7 +228,7 @@ private:
 
     // rejilla_celda.cpp: movimiento y edición
     bool vaya(int fila, int columna);
-    bool deje_celda();
+    bool deje_celda(bool de_fila = false); ///< `de_fila`: se va a otra
     void entre_celda();
     void fije_actual(int fila, int columna);
     bool fila_intacta() const;
@@ -288,6 +291,7 @@ private:
          reenviando_ = false;
     bool geometria_ = false, ajustando_anchos_ = false, en_rejilla_ = false;
     int columna_destino_ = -1;
+    bool cambia_de_fila_ = false;
     QPersistentModelIndex extremo_; ///< esquina de la selección opuesta a la celda actual
     bool arrastrando_ = false;
 

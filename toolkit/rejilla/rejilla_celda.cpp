@@ -13,6 +13,7 @@
 #include "toolkit/rejilla/modelo_conjunto.h"
 
 #include <QMdiSubWindow>
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -92,7 +93,7 @@ void Rejilla::currentChanged(const QModelIndex& actual, const QModelIndex& anter
     vaya(actual.row(), actual.column());
 }
 
-bool Rejilla::deje_celda() {
+bool Rejilla::deje_celda(bool de_fila) {
     if (saliendo_)
         return true;
     if (!termine_edicion())
@@ -100,6 +101,7 @@ bool Rejilla::deje_celda() {
     if (!ColExit || !currentIndex().isValid())
         return true;
     Alza alza(saliendo_);
+    const QScopedValueRollback<bool> cambia(cambia_de_fila_, de_fila);
     const int columna = SelectedIndex();
     return proteja([&] { ColExit(columna); });
 }
@@ -121,7 +123,7 @@ bool Rejilla::vaya(int fila, int columna) {
         return termine_edicion();
     Alza alza(moviendo_);
     columna_destino_ = columna;
-    if (!deje_celda())
+    if (!deje_celda(fila != conjunto()->RecNo()))
         return false;
     if (destino.isValid() && destino.row() != conjunto()->RecNo()) {
         const QPersistentModelIndex origen(modelo_->index(conjunto()->RecNo(), columna));
@@ -155,7 +157,7 @@ bool Rejilla::agregue_fila(int columna) {
         return false;
     Alza alza(moviendo_);
     columna_destino_ = columna;
-    if (!deje_celda())
+    if (!deje_celda(true))
         return false;
     const bool bien = proteja([this] { conjunto()->Append(); });
     fije_actual(conjunto()->RecNo(), columna);
@@ -169,7 +171,7 @@ void Rejilla::inserte_fila() {
         return;
     Alza alza(moviendo_);
     columna_destino_ = columna_de_entrada(*this);
-    if (!deje_celda())
+    if (!deje_celda(true))
         return;
     if (proteja([this] { conjunto()->Insert(); }))
         entre_celda();
@@ -280,9 +282,14 @@ void Rejilla::cierre_editor() {
 void Rejilla::asigne(int columna, const QString& texto) {
     const ColumnaRejilla& c = this->columna(columna);
     QString valor = texto;
-    if (!c.KeyList().isEmpty())
-        if (const qsizetype i = c.PickList().indexOf(texto); i >= 0 && i < c.KeyList().size())
+    if (!c.KeyList().isEmpty() && !texto.isEmpty()) {
+        const qsizetype i = c.PickList().indexOf(texto);
+        if (i >= 0 && i < c.KeyList().size())
             valor = c.KeyList().at(i);
+        else if (!c.KeyList().contains(texto))
+            throw ErrorDatos(QStringLiteral("\"%1\" no está en la lista de %2: %3.")
+                                 .arg(texto, c.Titulo(), c.PickList().join(QStringLiteral(", "))));
+    }
     // "20180131" vale en una columna de fechas.
     if (c.campo->clase == ClaseCampo::Fecha && valor.size() == 8 && !valor.contains('/'))
         valor = valor.left(4) + '/' + valor.mid(4, 2) + '/' + valor.mid(6);
