@@ -27,7 +27,7 @@ void ensaye(Conexion& c, const QStringList& ordenes) {
 QStringList a_mano() {
     QStringList ordenes{"insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref,"
                         " enco_numero, enco_fecha, enco_usuario) values (99999999, 'CG', '0001',"
-                        " '999999', '20171431', 'ADMIN')"};
+                        " '999999', '20171331', 'ADMIN')"};
     for (const char* s : {"", "_niif"})
         ordenes << QString("insert into comprobante_detalle%1 (enco_consec, code_item, cuen_cod,"
                            " code_debito, code_credito, terc_nit, proy_cod, cent_cod, arti_cod)"
@@ -91,7 +91,7 @@ void mida_cierre() {
     const QStringList cierre{
         "insert into cierre_anual (cian_id, cian_concepto, terc_nit, tico_cod, prco_pref,"
         " cian_fecha, cian_niif) values (0, 'Cierre', " +
-        QuotedStr(tercero) + ", 'CG', '0001', '20171231', 'A')"};
+        QuotedStr(tercero) + ", 'CG', '0001', '20171331', 'A')"};
     const auto [propio, directo] =
         compare([&] { ensaye(c, cierre); }, [&] { ensaye(c, a_mano()); }, 5);
     informe("cierre anual de 1.000.000 de renglones, los dos libros", propio,

@@ -242,6 +242,9 @@ bool Tfmodtaxonom::abra_resultado() {
         EFecIni->setFocus();
         return false;
     }
+    // Los saldos son de fin de mes: la fecha que se imprime también.
+    const QDate dia = EFecIni->fecha();
+    EFecIni->fecha(QDate(dia.year(), dia.month(), dia.daysInMonth()));
     CImprtax->Open(sql_taxonomia(taxonomia_, seccion(), EFecIni->fecha_texto()));
     if (!CImprtax->IsEmpty())
         return true;

@@ -3,7 +3,7 @@
 
 SET TERM ^ ;
 
--- Saldos 2649 al final de un mes (13 el de ajustes) por cuenta, tercero y centro, con la cuenta
+-- Saldos 2649 al final de un mes (13 el del fin del año) por cuenta, tercero y centro, con la cuenta
 -- NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. Los de
 -- inventarios y de activos fijos salen por ARTICULO, que el otro libro también lo pide; en los
 -- demás va nulo. Los saldos iniciales de la compañía son los de cierre del año anterior. La llama
@@ -27,7 +27,7 @@ BEGIN
       JOIN CUENTAS K ON K.CUEN_COD = D.CUEN_COD
       LEFT JOIN CUENTAS_NIIF N ON N.CUEN_COD = K.CUEN_EQNIIF
       WHERE D.SALD_ANO < :ANO OR (D.SALD_ANO = :ANO
-        AND (D.SALD_MES < :MES OR (D.SALD_MES = :MES AND :INICIO <> 'S')))
+        AND (D.SALD_MES < :MES OR (D.SALD_MES = :MES AND :INICIO <> 'S') OR :SIGUIENTE IS NOT NULL))
         OR (D.SALD_ANO = :SIGUIENTE AND D.SALD_MES = 0)
       GROUP BY 1, 2, 3, 4, 5
       HAVING sum(D.SALD_DEBITO - D.SALD_CREDITO) <> 0) S

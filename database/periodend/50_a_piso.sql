@@ -63,18 +63,19 @@ RETURNS varchar(20)
 AS
   DECLARE CUENTA varchar(100);
 BEGIN
+  -- Quien escoge entre dos propiedades con iif recibe la corta rellena de blancos.
+  PROPIEDAD = trim(PROPIEDAD) || trim(trailing FROM iif(LIBRO = 'NIIF', ' NIIF', ''));
   SELECT trim(CONF_VALOR) FROM CONFIGURACION
   WHERE CONF_MODULO = 'CONTABILIDAD' AND CONF_CATEGORIA = 'CIERRES'
-    AND CONF_PROPIEDAD = :PROPIEDAD || iif(:LIBRO = 'NIIF', ' NIIF', '')
+    AND CONF_PROPIEDAD = :PROPIEDAD
   INTO :CUENTA;
   IF (coalesce(CUENTA, '') = '') THEN
     EXCEPTION PROCESO_INCOMPLETO 'Falta en la configuración la propiedad "' || PROPIEDAD
-      || iif(LIBRO = 'NIIF', ' NIIF', '') || '" (Contabilidad, Cierres).';
+      || '" (Contabilidad, Cierres).';
   IF (NOT EXISTS (SELECT 1 FROM CUENTAS WHERE CUEN_COD = :CUENTA AND :LIBRO <> 'NIIF')
     AND NOT EXISTS (SELECT 1 FROM CUENTAS_NIIF WHERE CUEN_COD = :CUENTA AND :LIBRO = 'NIIF')) THEN
     EXCEPTION PROCESO_INCOMPLETO 'La cuenta ' || CUENTA || ' de la propiedad "' || PROPIEDAD
-      || iif(LIBRO = 'NIIF', ' NIIF', '') || '" no está en el plan de cuentas '
-      || iif(LIBRO = 'NIIF', 'NIIF', '2649') || '.';
+      || '" no está en el plan de cuentas ' || iif(LIBRO = 'NIIF', 'NIIF', '2649') || '.';
   RETURN CUENTA;
 END^
 

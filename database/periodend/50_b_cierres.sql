@@ -5,7 +5,7 @@ SET TERM ^ ;
 
 --<LIBROS>
 -- Cancela las clases 4 a 7 del libro por cuenta, tercero, centro y artículo contra la cuenta de
--- utilidad o de pérdida. Toma todo lo que las cuentas traigan hasta el mes 14 del año, así que un
+-- utilidad o de pérdida. Toma todo lo que las cuentas traigan hasta el fin del año, así que un
 -- año anterior que no se cerró también queda cancelado. La llama el disparador de CIERRE_ANUAL.
 CREATE OR ALTER PROCEDURE ARME_CIERRE_ANUAL{_NIIF} (
   ASIENTO integer, ANO varchar(4), NIT varchar(20), CONCEPTO varchar(60), REFER varchar(8))
@@ -45,6 +45,16 @@ BEGIN
   END
 END^
 
+-- Si las clases 4 a 7 se movieron después de diciembre. Interna de REVISE_CIERRE_ANUAL.
+CREATE OR ALTER FUNCTION HAY_RESULTADOS_DE_AJUSTES{_NIIF} (ANO char(4))
+RETURNS boolean
+AS
+BEGIN
+  RETURN EXISTS (SELECT 1 FROM VISTA_SALDOS_CUENTA{_NIIF}
+    WHERE CUEN_COD >= '4' AND CUEN_COD < '8' AND SALD_ANO = :ANO AND SALD_MES > 12
+    GROUP BY CUEN_COD HAVING sum(SALD_DEBITO - SALD_CREDITO) <> 0);
+END^
+
 -- Pasa al tercero del cierre lo que los demás tienen en la cuenta, o en cada auxiliar suyo, por
 -- centro y artículo. Cuenta hasta el mes de la fecha. La llama el disparador de CIERRE_TERCEROS.
 CREATE OR ALTER PROCEDURE ARME_CIERRE_TERCEROS{_NIIF} (
@@ -80,8 +90,8 @@ BEGIN
 END^
 --</LIBROS>
 
--- Negativas del cierre anual: mes que no es del fin del año, y otro cierre de un libro del mismo
--- alcance. Interna de CIERRE_ANUAL.
+-- Negativas del cierre anual: mes que no es del fin del año, diciembre cuando los ajustes también
+-- tienen resultados, y otro cierre de un libro del mismo alcance. Interna de CIERRE_ANUAL.
 CREATE OR ALTER PROCEDURE REVISE_CIERRE_ANUAL (FECHA varchar(8), ALCANCE char(1))
 AS
   DECLARE ANO char(4);
@@ -92,6 +102,11 @@ BEGIN
   IF (substring(FECHA FROM 5 FOR 2) < '12') THEN
     EXCEPTION PROCESO_INCOMPLETO 'El cierre anual se hace en diciembre o en el período de ajustes; '
       || 'la fecha ' || FECHA_CON_BARRAS(FECHA) || ' no es de ninguno de los dos.';
+  IF (substring(FECHA FROM 5 FOR 2) = '12'
+    AND ((ALCANZA_LIBRO(ALCANCE, '2649') AND HAY_RESULTADOS_DE_AJUSTES(ANO))
+      OR (ALCANZA_LIBRO(ALCANCE, 'NIIF') AND HAY_RESULTADOS_DE_AJUSTES_NIIF(ANO)))) THEN
+    EXCEPTION PROCESO_INCOMPLETO 'Las cuentas de resultados tienen movimiento en el período de '
+      || 'ajustes de ' || ANO || ': haga en él el cierre.';
   SELECT FIRST 1 ENCO_CONSEC, CIAN_NIIF FROM CIERRE_ANUAL
   WHERE CIAN_FECHA STARTING WITH :ANO AND (CIAN_NIIF = :ALCANCE OR 'A' IN (CIAN_NIIF, :ALCANCE))
   ORDER BY CIAN_ID
@@ -110,8 +125,8 @@ BEGIN
       || NOMBRE_COMPROBANTE(OTRO) || '). Elimínelo antes de cerrar ' || ANO || '.';
 END^
 
--- El comprobante va en el mes 14, "Cierre": los estados de diciembre y de ajustes quedan como
--- estaban antes de cerrar. CIAN_FECHA conserva la fecha que puso el usuario.
+-- El comprobante lleva la fecha del cierre, de diciembre o de los ajustes. Lo que habla del resultado
+-- de un año lo lee sin él (VISTA_SALDOS_SIN_CIERRE).
 CREATE OR ALTER TRIGGER CIERRE_ANUAL_BI FOR CIERRE_ANUAL
 ACTIVE BEFORE INSERT POSITION 0
 AS
@@ -131,9 +146,8 @@ BEGIN
     EXECUTE PROCEDURE ARME_CIERRE_ANUAL_NIIF(ASIENTO, ANO, NEW.TERC_NIT, NEW.CIAN_CONCEPTO,
       NEW.CIAN_REFER);
   EXECUTE PROCEDURE ASIENTE_PROCESO(ASIENTO, NEW.TICO_COD, NEW.PRCO_PREF, NEW.ENCO_NUMERO,
-    ANO || '14' || substring(NEW.CIAN_FECHA FROM 7 FOR 2), NEW.CIAN_CONCEPTO, NEW.CIAN_REFER,
-    NEW.TERC_NIT, NEW.CIAN_USUARIO, 'Cierre anual de ' || ANO,
-    'las cuentas de resultados no tienen saldo.')
+    NEW.CIAN_FECHA, NEW.CIAN_CONCEPTO, NEW.CIAN_REFER, NEW.TERC_NIT, NEW.CIAN_USUARIO,
+    'Cierre anual de ' || ANO, 'las cuentas de resultados no tienen saldo.')
   RETURNING_VALUES NEW.ENCO_CONSEC, NEW.ENCO_NUMERO;
 END^
 

@@ -15,12 +15,30 @@ BEGIN
 END^
 
 --<LIBROS>
+-- Lo que hay que sumarle al balance de un mes para que sus clases 4 a 7 queden como antes de cerrar
+-- ese año. Interna de BALANCE_MES.
+CREATE OR ALTER PROCEDURE DESHAGA_CIERRE{_NIIF} (ANO varchar(4), MES smallint)
+RETURNS (CUENTA varchar(20), INICIAL numeric(18,2), DEBITOS numeric(18,2), CREDITOS numeric(18,2))
+AS
+BEGIN
+  FOR
+    SELECT CUEN_COD, sum(iif(SALD_MES < :MES, SALD_CREDITO - SALD_DEBITO, 0)),
+      -sum(iif(SALD_MES = :MES, SALD_DEBITO, 0)), -sum(iif(SALD_MES = :MES, SALD_CREDITO, 0))
+    FROM MOVIMIENTO_CIERRE{_NIIF}
+    WHERE CUEN_COD >= '4' AND CUEN_COD < '8' AND SALD_ANO = :ANO AND SALD_MES <= :MES
+    GROUP BY CUEN_COD
+    INTO :CUENTA, :INICIAL, :DEBITOS, :CREDITOS
+  DO
+    SUSPEND;
+END^
+
 -- Balance de un mes con el que se imprimen los balances y los estados de resultados. MES 1 a 12, 13
 -- ajustes, 14 cierre. Los cinco indicadores son "S" o "N":
 --  * SIN_MOVIMIENTO: también las cuentas sin saldo ni movimiento;
 --  * CON_RESULTADO: el resultado sin cerrar de las clases 4 a 7 va en el patrimonio, en el renglón
 --    39 y sumado a la clase 3, para que activo sea pasivo más patrimonio;
---  * GENERAL: de quien pide el estado general; las cifras no cambian;
+--  * GENERAL: de quien pide el estado general. Sin CON_RESULTADO es el de resultados, y las clases
+--    4 a 7 van sin el cierre del año, que las dejó en cero;
 --  * MENSUAL: MOVIMIEN, UOP y NETO son los del mes; con "N", los del saldo.
 -- UOP y NETO van iguales en todas las filas: ingresos al crédito menos costos y gastos; la utilidad
 -- operacional toma 41, 51, 52, 6 y 7.
@@ -38,13 +56,19 @@ AS
   DECLARE RDEB numeric(18,2) = 0;
   DECLARE RCRE numeric(18,2) = 0;
   DECLARE SIGNO smallint;
+  DECLARE SIN_CIERRE char(1);
 BEGIN
+  SIN_CIERRE = iif(GENERAL = 'S' AND CON_RESULTADO <> 'S', 'S', 'N');
   SELECT coalesce(sum(INICIAL), 0), coalesce(sum(DEBITOS), 0), coalesce(sum(CREDITOS), 0),
     -coalesce(sum(iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS), 0),
     -coalesce(sum(iif(left(CUENTA, 2) IN ('41', '51', '52') OR left(CUENTA, 1) IN ('6', '7'),
       iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS, 0)), 0)
-  FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES)
-  WHERE CUENTA >= '4' AND CUENTA < '8'
+  FROM (
+    SELECT CUENTA, INICIAL, DEBITOS, CREDITOS FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES)
+    WHERE CUENTA >= '4' AND CUENTA < '8'
+    UNION ALL
+    SELECT CUENTA, INICIAL, DEBITOS, CREDITOS FROM DESHAGA_CIERRE{_NIIF}(:ANO, :MES)
+    WHERE :SIN_CIERRE = 'S')
   INTO :RINI, :RDEB, :RCRE, :NETO, :UOP;
   IF (CON_RESULTADO <> 'S' OR (RINI = 0 AND RDEB = 0 AND RCRE = 0)) THEN
     CON_RESULTADO = 'N';
@@ -53,6 +77,14 @@ BEGIN
     FROM (
       SELECT CODIGO, NOMBRE, INICIAL, DEBITOS, CREDITOS, FINAL, NIVEL
       FROM BALANCE_PRUEBA{_NIIF}(:ANO, :MES, iif(:SIN_MOVIMIENTO = 'S', 'N', 'S'), 99)
+      UNION ALL
+      SELECT C.CUEN_COD, C.CUEN_NOM, sum(Z.INICIAL), sum(Z.DEBITOS), sum(Z.CREDITOS),
+        sum(Z.INICIAL + Z.DEBITOS - Z.CREDITOS), N.ESTR_NIVEL
+      FROM DESHAGA_CIERRE{_NIIF}(:ANO, :MES) Z
+      JOIN ESTRUCTURA N ON N.ESTR_DIGITOS <= char_length(Z.CUENTA)
+      JOIN {CUENTAS} C ON C.CUEN_COD = substring(Z.CUENTA FROM 1 FOR N.ESTR_DIGITOS)
+      WHERE :SIN_CIERRE = 'S'
+      GROUP BY C.CUEN_COD, C.CUEN_NOM, N.ESTR_NIVEL
       UNION ALL
       SELECT cast('3' AS varchar(20)),
         coalesce((SELECT CUEN_NOM FROM {CUENTAS} WHERE CUEN_COD = '3'), 'Patrimonio'), :RINI, :RDEB,
@@ -227,10 +259,10 @@ BEGIN
 END^
 
 -- Movimiento neto de un año por cuenta y mes: MES 0, lo que traía; 13, los ajustes y el cierre. Con
--- TERCERO "S", por tercero; sin él lee los saldos por cuenta, que no crecen con los terceros.
--- Interna de BALANCE_ANUAL.
+-- TERCERO "S", por tercero; sin él lee los saldos por cuenta, que no crecen con los terceros, y con
+-- SIN_CIERRE "S" el año va como antes de cerrarlo. Interna de BALANCE_ANUAL.
 CREATE OR ALTER PROCEDURE LEA_ANO{_NIIF} (
-  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1))
+  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), SIN_CIERRE char(1))
 RETURNS (CUENTA varchar(20), NIT varchar(20), MES smallint, NETO numeric(18,2))
 AS
 BEGIN
@@ -253,9 +285,13 @@ BEGIN
     FOR
       SELECT CUEN_COD, iif(SALD_ANO < :ANO, 0, minvalue(SALD_MES, 13)),
         sum(SALD_DEBITO - SALD_CREDITO)
-      FROM VISTA_SALDOS_CUENTA{_NIIF}
+      FROM (
+        SELECT CUEN_COD, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO
+        FROM VISTA_SALDOS_CUENTA{_NIIF} WHERE SALD_ANO <= :ANO
+        UNION ALL
+        SELECT CUEN_COD, SALD_ANO, SALD_MES, -SALD_DEBITO, -SALD_CREDITO
+        FROM MOVIMIENTO_CIERRE{_NIIF} WHERE :SIN_CIERRE = 'S' AND SALD_ANO = :ANO)
       WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
-        AND SALD_ANO <= :ANO
       GROUP BY 1, 2
       INTO :CUENTA, :MES, :NETO
     DO
@@ -265,9 +301,11 @@ END^
 
 -- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre.
 -- Con SALDOS "S" cada mes lleva, en vez de su movimiento, el saldo con que termina. Con TERCERO
--- "S", también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual.
+-- "S", también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual; y
+-- RESULTADO_ANUAL, con SIN_CIERRE "S".
 CREATE OR ALTER PROCEDURE BALANCE_ANUAL{_NIIF} (
-  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), SALDOS char(1))
+  ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), SALDOS char(1),
+  SIN_CIERRE char(1) = 'N')
 RETURNS (CODIGO varchar(41), NOMBRE varchar(60), INICIAL numeric(15,2), MVENE numeric(15,2),
   MVFEB numeric(15,2), MVMAR numeric(15,2), MVABR numeric(15,2), MVMAY numeric(15,2),
   MVJUN numeric(15,2), MVJUL numeric(15,2), MVAGO numeric(15,2), MVSEP numeric(15,2),
@@ -286,7 +324,7 @@ BEGIN
         sum(iif(MES = 10, NETO, 0)) M10, sum(iif(MES = 11, NETO, 0)) M11,
         sum(iif(MES = 12, NETO, 0)) M12, sum(iif(MES = 13, NETO, 0)) M13,
         sum(iif(MES > 0, 1, 0)) MOVIDAS
-      FROM LEA_ANO{_NIIF}(:ANO, :DESDE, :HASTA, :TERCERO)
+      FROM LEA_ANO{_NIIF}(:ANO, :DESDE, :HASTA, :TERCERO, :SIN_CIERRE)
       GROUP BY CUENTA, NIT),
     FILA AS (
       SELECT substring(H.CUENTA FROM 1 FOR N.ESTR_DIGITOS) CUENTA, cast(NULL AS varchar(20)) NIT,
@@ -374,7 +412,7 @@ END^
 --</LIBROS>
 
 -- Resultado del año mes a mes, con el signo del estado: MV el movimiento del mes, SA el acumulado
--- hasta él. CIE son ajustes y cierre. Filas de las clases 4 a 7 y, al final, la utilidad (CODIGO
+-- hasta él. CIE son los ajustes: el cierre del año no cuenta. Filas de las clases 4 a 7 y, al final, la utilidad (CODIGO
 -- "Z", NIVEL 0). Lo llama Tfrngresultadoanual.
 CREATE OR ALTER PROCEDURE RESULTADO_ANUAL (ANO varchar(4), NIIF char(1))
 RETURNS (CODIGO varchar(20), NOMBRE varchar(60), NIVEL integer, MVENE numeric(15,2),
@@ -391,11 +429,11 @@ BEGIN
     WITH ANUAL AS (
       SELECT CODIGO, NOMBRE, NIVEL, MVENE, MVFEB, MVMAR, MVABR, MVMAY, MVJUN, MVJUL, MVAGO, MVSEP,
         MVOCT, MVNOV, MVDIC, MVCIE
-      FROM BALANCE_ANUAL(:ANO, '4', '7', 'N', 'N') WHERE :NIIF <> 'S'
+      FROM BALANCE_ANUAL(:ANO, '4', '7', 'N', 'N', 'S') WHERE :NIIF <> 'S'
       UNION ALL
       SELECT CODIGO, NOMBRE, NIVEL, MVENE, MVFEB, MVMAR, MVABR, MVMAY, MVJUN, MVJUL, MVAGO, MVSEP,
         MVOCT, MVNOV, MVDIC, MVCIE
-      FROM BALANCE_ANUAL_NIIF(:ANO, '4', '7', 'N', 'N') WHERE :NIIF = 'S'),
+      FROM BALANCE_ANUAL_NIIF(:ANO, '4', '7', 'N', 'N', 'S') WHERE :NIIF = 'S'),
     FILA AS (
       SELECT CODIGO, NOMBRE, NIVEL, NATURALEZA(CODIGO) SIGNO, MVENE, MVFEB, MVMAR, MVABR, MVMAY,
         MVJUN, MVJUL, MVAGO, MVSEP, MVOCT, MVNOV, MVDIC, MVCIE

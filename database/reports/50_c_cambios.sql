@@ -1,4 +1,5 @@
--- Estados de cambios del año, de enero al cierre (meses 1 a 14), en pesos con el signo del estado.
+-- Estados de cambios del año, de enero a los ajustes, en pesos con el signo del estado. Cerrar el año
+-- no los cambia: la situación y el flujo se leen sin el cierre.
 
 SET TERM ^ ;
 
@@ -89,7 +90,7 @@ BEGIN
   TOTAL3 = 0;
   FOR
     SELECT C.CASI_SECCION, left(C.CASI_CUENTA || ' ' || coalesce(P.CUEN_NOM, ''), 60),
-      coalesce((SELECT sum(S.SALD_DEBITO - S.SALD_CREDITO) FROM VISTA_SALDOS_CUENTA S
+      coalesce((SELECT sum(S.SALD_DEBITO - S.SALD_CREDITO) FROM VISTA_SALDOS_SIN_CIERRE S
         WHERE S.CUEN_COD STARTING WITH C.CASI_CUENTA AND S.SALD_ANO = :ANO AND S.SALD_MES > 0
           AND NOT EXISTS (SELECT 1 FROM CAMBIOS_SITUACION_CTAS O
             WHERE S.CUEN_COD STARTING WITH O.CASI_CUENTA
@@ -115,7 +116,7 @@ BEGIN
   SECCION = 3;
   NOMSECCION = 'Cambio del capital de trabajo y de lo no configurado';
   CUENTA = 'Aumento (disminución) del capital de trabajo';
-  SELECT coalesce(sum(S.SALD_DEBITO - S.SALD_CREDITO), 0) FROM VISTA_SALDOS_CUENTA S
+  SELECT coalesce(sum(S.SALD_DEBITO - S.SALD_CREDITO), 0) FROM VISTA_SALDOS_SIN_CIERRE S
   WHERE S.SALD_ANO = :ANO AND S.SALD_MES > 0
     AND NOT EXISTS (SELECT 1 FROM CAMBIOS_SITUACION_CTAS C
       WHERE S.CUEN_COD STARTING WITH C.CASI_CUENTA)
@@ -136,7 +137,8 @@ BEGIN
   FOR
     SELECT F.FLEF_SECCION, F.FLEF_CUENTA || ' ' || coalesce(P.CUEN_NOM, ''),
       coalesce((SELECT sum(iif(F.LADO = 'S' AND F.LADOS = 2, 0, S.SALD_CREDITO)
-          - iif(F.LADO = 'N' AND F.LADOS = 2, 0, S.SALD_DEBITO)) FROM VISTA_SALDOS_CUENTA{_NIIF} S
+          - iif(F.LADO = 'N' AND F.LADOS = 2, 0, S.SALD_DEBITO))
+        FROM VISTA_SALDOS_SIN_CIERRE{_NIIF} S
         WHERE S.CUEN_COD STARTING WITH F.FLEF_CUENTA AND S.SALD_ANO = :ANO AND S.SALD_MES > 0
           AND S.CUEN_COD NOT STARTING WITH '11'
           AND NOT EXISTS (SELECT 1 FROM FLUJO_EFECTIVO O WHERE O.FLEF_NIIF = F.FLEF_NIIF
@@ -159,7 +161,7 @@ BEGIN
     SUSPEND;
   SECCION = 4;
   CUENTA = 'Movimientos que la configuración no incluye';
-  SELECT -coalesce(sum(S.SALD_DEBITO - S.SALD_CREDITO), 0) FROM VISTA_SALDOS_CUENTA{_NIIF} S
+  SELECT -coalesce(sum(S.SALD_DEBITO - S.SALD_CREDITO), 0) FROM VISTA_SALDOS_SIN_CIERRE{_NIIF} S
   WHERE S.SALD_ANO = :ANO AND S.SALD_MES > 0 AND S.CUEN_COD NOT STARTING WITH '11'
     AND NOT EXISTS (SELECT 1 FROM FLUJO_EFECTIVO O
       WHERE O.FLEF_NIIF = iif('{LIBRO}' = 'NIIF', 'S', 'N') AND O.FLEF_SECCION BETWEEN 1 AND 3

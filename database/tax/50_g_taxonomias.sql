@@ -5,8 +5,10 @@ SET TERM ^ ;
 -- Renglones de una sección a una fecha ("aaaammdd") y a la misma del año anterior. Un renglón suma
 -- sus cuentas con las auxiliares, en su naturaleza (activos, gastos y costos al débito); el de
 -- tipo 2, los renglones que le siguen hasta otro de su nivel o menor. SALDO2 y SALDO3 son lo
--- corriente (cuentas con movimiento en el año) y el resto. FECHAA es la fecha comparada. La llaman
--- Tfmodtaxonom y Tfsupersociedades.
+-- corriente (lo que se movió en el año) y el resto. FECHAA es la fecha comparada. El 31 de diciembre
+-- es el fin del año, con sus ajustes; y ninguno de los dos años lleva su propio cierre. Los saldos
+-- iniciales no son movimiento del año, salvo en las clases 4 a 7, que traen lo corrido de él. La
+-- llaman Tfmodtaxonom y Tfsupersociedades.
 CREATE OR ALTER PROCEDURE IMPR_TAXONOMIA (TAXONOMIA integer, SECCION integer, FECHA varchar(10))
 RETURNS (TITULO varchar(100), ITEM integer, NOMBRE varchar(255), VALOR numeric(15,2),
   NIVEL integer, NOMBRE2 varchar(60), NOMBRE3 varchar(60), SALDO2 numeric(15,2),
@@ -15,12 +17,14 @@ RETURNS (TITULO varchar(100), ITEM integer, NOMBRE varchar(255), VALOR numeric(1
 AS
   DECLARE DIA varchar(8);
   DECLARE ANO char(4);
+  DECLARE ANTERIOR char(4);
   DECLARE MES smallint;
 BEGIN
   DIA = replace(replace(FECHA, '/', ''), '-', '');
   ANO = substring(DIA FROM 1 FOR 4);
-  MES = cast(substring(DIA FROM 5 FOR 2) AS smallint);
-  FECHAA = lpad(cast(ANO AS integer) - 1, 4, '0') || substring(DIA FROM 5 FOR 4);
+  MES = iif(DIA LIKE '____1231', 13, cast(substring(DIA FROM 5 FOR 2) AS smallint));
+  ANTERIOR = lpad(cast(ANO AS integer) - 1, 4, '0');
+  FECHAA = ANTERIOR || substring(DIA FROM 5 FOR 4);
   NOMBRE2 = 'Del año';
   NOMBRE3 = 'De años anteriores';
   FOR
@@ -40,22 +44,36 @@ BEGIN
       JOIN TAXONOMIA_DETALLE O ON O.TAXO_ID = :TAXONOMIA AND O.TAXE_ID = :SECCION
         AND O.TAXD_TIPO = 1 AND O.TAXD_ITEM > R.TAXD_ITEM AND O.TAXD_ITEM < R.HASTA
       WHERE R.TAXD_TIPO = 2),
+    -- CIERRE es el año que no lleva esa fila.
+    LIBRO AS (
+      SELECT CUEN_COD, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO, '' CIERRE
+      FROM VISTA_SALDOS_CUENTA_NIIF
+      WHERE SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES <= :MES)
+      UNION ALL
+      SELECT CUEN_COD, SALD_ANO, SALD_MES, -SALD_DEBITO, -SALD_CREDITO, SALD_ANO
+      FROM MOVIMIENTO_CIERRE_NIIF
+      WHERE SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES <= :MES)),
     MOVIMIENTO AS (
-      SELECT P.TAXD_ITEM, abs(C.TAXC_TIPO) TIPO, S.SALD_ANO, S.SALD_MES,
+      SELECT P.TAXD_ITEM, abs(C.TAXC_TIPO) TIPO, S.SALD_ANO, S.SALD_MES, S.CIERRE,
+        iif(S.SALD_MES > 0 OR (abs(C.TAXC_TIPO) = 2 AND C.CUEN_COD SIMILAR TO '[4567]%'), 1, 0)
+          CORRIENTE,
         iif(C.TAXC_TIPO < 0 OR C.CUEN_COD SIMILAR TO '[2349]%', -1, 1)
           * decode(abs(C.TAXC_TIPO), 3, S.SALD_DEBITO, 4, S.SALD_CREDITO,
             S.SALD_DEBITO - S.SALD_CREDITO) VALOR
       FROM PARTE P
       JOIN TAXONOMIA_CUENTAS C ON C.TAXO_ID = :TAXONOMIA AND C.TAXE_ID = :SECCION
         AND C.TAXD_ID = P.ORIGEN
-      JOIN VISTA_SALDOS_CUENTA_NIIF S ON S.CUEN_COD STARTING WITH C.CUEN_COD
-        AND (S.SALD_ANO < :ANO OR (S.SALD_ANO = :ANO AND S.SALD_MES <= :MES))),
+      JOIN LIBRO S ON S.CUEN_COD STARTING WITH C.CUEN_COD),
     TOTAL AS (
-      SELECT TAXD_ITEM, sum(iif(TIPO = 1 OR SALD_ANO = :ANO, VALOR, 0)) VALOR,
-        sum(iif(SALD_ANO = :ANO, VALOR, 0)) DEL_ANO,
-        sum(iif((SALD_ANO < left(:FECHAA, 4) AND TIPO = 1)
-          OR (SALD_ANO = left(:FECHAA, 4) AND SALD_MES <= :MES), VALOR, 0)) VALOR_A,
-        sum(iif(SALD_ANO = left(:FECHAA, 4) AND SALD_MES <= :MES, VALOR, 0)) DEL_ANO_A
+      SELECT TAXD_ITEM,
+        sum(iif(CIERRE IN ('', :ANO) AND (TIPO = 1 OR (SALD_ANO = :ANO AND CORRIENTE = 1)),
+          VALOR, 0)) VALOR,
+        sum(iif(CIERRE IN ('', :ANO) AND SALD_ANO = :ANO AND CORRIENTE = 1, VALOR, 0)) DEL_ANO,
+        sum(iif(CIERRE IN ('', :ANTERIOR) AND ((SALD_ANO < :ANTERIOR AND TIPO = 1)
+          OR (SALD_ANO = :ANTERIOR AND SALD_MES <= :MES AND (TIPO = 1 OR CORRIENTE = 1))),
+          VALOR, 0)) VALOR_A,
+        sum(iif(CIERRE IN ('', :ANTERIOR) AND SALD_ANO = :ANTERIOR AND SALD_MES <= :MES
+          AND CORRIENTE = 1, VALOR, 0)) DEL_ANO_A
       FROM MOVIMIENTO GROUP BY TAXD_ITEM)
     SELECT max(TAXE_NOMBRE), TAXD_ITEM, max(TAXD_NOMBRE), max(NIVEL), sum(VALOR), sum(DEL_ANO),
       sum(VALOR_A), sum(DEL_ANO_A)

@@ -114,7 +114,7 @@ private slots:
         QCOMPARE(s.dato("select enco_fecha || enco_numero from comprobante_encabezado where "
                         "enco_consec = " +
                         id),
-                 "20171431" + numero);
+                 "20171231" + numero);
         QCOMPARE(s.dato("select cian_usuario from cierre_anual"), "ADMIN");
         QCOMPARE(s.barra.text(), "Grabado CG 0001 " + numero);
 

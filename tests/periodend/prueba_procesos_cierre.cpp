@@ -56,6 +56,8 @@ private slots:
     void init();
 
     void el_cierre_anual_deja_en_cero_los_resultados_de_su_alcance();
+    void el_resultado_va_a_la_cuenta_de_su_signo_y_de_su_libro();
+    void cerrar_el_ano_no_cambia_lo_que_habla_de_su_resultado();
     void el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_ya_no_se_usan();
     void el_cierre_no_se_repite_ni_se_salta_ni_se_edita();
     void el_cierre_de_terceros_pasa_los_saldos_al_tercero();
@@ -97,10 +99,10 @@ void PruebaProcesosCierre::el_cierre_anual_deja_en_cero_los_resultados_de_su_alc
     const QMap<Clave, Moneda> esperado[] = {netos(base(), 0, hasta_2017),
                                             netos(base(), 1, hasta_2017)};
     for (const char* alcance : {"C", "N", "A"}) {
-        base().ejecute(cierre_anual("20171231", alcance));
+        base().ejecute(cierre_anual("20171331", alcance));
         const QString id = dato("select enco_consec from cierre_anual");
         QCOMPARE(dato("select enco_fecha from comprobante_encabezado where enco_consec = " + id),
-                 "20171431");
+                 "20171331");
         for (int libro : {0, 1}) {
             auto hecho = lineas_de(base(), libro, id);
             if (*alcance != 'A' && *alcance != (libro ? 'N' : 'C')) {
@@ -125,6 +127,80 @@ void PruebaProcesosCierre::el_cierre_anual_deja_en_cero_los_resultados_de_su_alc
     }
 }
 
+void PruebaProcesosCierre::el_resultado_va_a_la_cuenta_de_su_signo_y_de_su_libro() {
+    for (const char* libro : {"", "_niif"}) // cada propiedad, una cuenta que no es de las otras
+        for (const char* c : {"360510", "361010"})
+            base().ejecute(QString("insert into cuentas%1 (cuen_cod, cuen_nom) values ('%2', 'X')")
+                               .arg(libro, c));
+    for (const auto& [propiedad, cuenta] : {std::pair{"UTILIDAD DEL EJERCICIO NIIF", "360510"},
+                                            {"PERDIDA DEL EJERCICIO NIIF", "361010"}})
+        base().ejecute(QString("update configuracion set conf_valor = '%2' where conf_propiedad = "
+                               "'CUENTA DE %1'")
+                           .arg(propiedad, cuenta));
+    int id = 950;
+    for (const Moneda& v : {Moneda(900'000'000), Moneda(-1'800'000'000)}) {
+        ComprobanteEnTablas c{++id, QString::number(id), "20171115"};
+        c.lineas = {{1, "110505", v, Moneda()}, {2, "421020", Moneda(), v}};
+        c.lineas_niif = c.lineas;
+        grabe(base(), c);
+        base().ejecute(cierre_anual("20171331", "A"));
+        const bool utilidad = v > Moneda();
+        for (const auto& [tabla, cuenta] : {std::pair{"", utilidad ? "360505" : "361005"},
+                                            {"_niif", utilidad ? "360510" : "361010"}})
+            QCOMPARE(dato(QString("select list(cuen_cod) from comprobante_detalle%1 where cuen_cod "
+                                  "starting with '36' and enco_consec = (select enco_consec from "
+                                  "cierre_anual)")
+                              .arg(tabla)),
+                     cuenta);
+        // Lo que la apertura NIIF toma del fin del año está cerrado: cuadra sin resultados.
+        QCOMPARE(dato("select sum(saldo) from balance_final_det('2017', 13, 'N') where codigo < "
+                      "'4'"),
+                 dato("select sum(saldo) from balance_final_det('2017', 14, 'N')"));
+        base().ejecute("delete from cierre_anual");
+    }
+    base().ejecute("delete from configuracion where conf_propiedad = 'CUENTA DE PERDIDA DEL "
+                   "EJERCICIO NIIF'");
+    QVERIFY(falla(cierre_anual("20171331", "N"))
+                .contains("\"CUENTA DE PERDIDA DEL EJERCICIO NIIF\" (Contabilidad"));
+}
+
+void PruebaProcesosCierre::cerrar_el_ano_no_cambia_lo_que_habla_de_su_resultado() {
+    base().ejecute("insert into presupuesto (pres_ano, pres_periodo, cuen_cod, pres_debito, "
+                   "pres_credito) values ('2017', 3, '413505', 0, 500)");
+    const auto lea = [this] {
+        QString todo;
+        for (const char* sql :
+             {"estado_flujo_efectivo('2017', 'N')", "estado_flujo_efectivo('2017', 'S')",
+              "cambios_situacion('2017')", "resultado_anual('2017', 'N')",
+              "resultado_anual('2017', 'S')",
+              "presupuesto_mes(13, '2017', '0', 'ZZ') where cuenta "
+              "between '4' and '8'",
+              "presupuesto_cuenta('2017', '41')",
+              "balance_mes('2017', 13, 'N', 'N', 'S', 'N') where codigo between '4' and '8'",
+              "balance_mes_niif('2017', 13, 'N', 'N', 'S', 'S') where codigo between '4' and '8'",
+              "impr_taxonomia(1, 210000, '20171231')", "impr_taxonomia(1, 310000, '20171231')",
+              "impr_taxonomia(1, 210000, '20181231') where item = 250"})
+            todo += filas_de(base(), QString("select * from ") + sql) + "\n--\n";
+        return todo;
+    };
+    const QString antes = lea(),
+                  libro = filas_de(base(), "select codigo, final from balance_prueba('2017', 13, "
+                                           "'S', 99) where codigo between '4' and '8'");
+    QVERIFY(antes.contains("Utilidad o pérdida"));
+    QVERIFY(!libro.isEmpty());
+    base().ejecute(cierre_anual("20171331", "A"));
+    QCOMPARE(lea(), antes);
+    // El balance de prueba sí es el del libro, ya cerrado.
+    QVERIFY(!filas_de(base(), "select final from balance_prueba('2017', 13, 'S', 99) where codigo "
+                              "between '4' and '8' and final <> 0")
+                 .contains('|'));
+    // Y lo de un año que no se cerró entra en el patrimonio del siguiente, como en el libro.
+    base().ejecute("delete from cierre_anual");
+    QCOMPARE(dato("select valor from impr_taxonomia(1, 210000, '20181231') where item = 250"),
+             dato("select -sum(final) from balance_prueba_niif('2018', 13, 'N', 99) where codigo "
+                  "in ('2', '3', '4', '5', '6', '7')"));
+}
+
 void PruebaProcesosCierre::el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_ya_no_se_usan() {
     base().ejecute("update cuentas set cuen_activa = 'N' where cuen_cod >= '4' and cuen_cod < '8'");
     base().ejecute("update terceros set terc_estado = 'N' where terc_nit <> '860002964'");
@@ -132,7 +208,7 @@ void PruebaProcesosCierre::el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_y
         "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, code_debito, "
         "code_credito) select first 1 enco_consec, 999, '413505', 0, 1 from comprobante_encabezado";
     QVERIFY(falla(movimiento).contains("inactiva"));
-    base().ejecute(cierre_anual("20181231", "A"));
+    base().ejecute(cierre_anual("20181331", "A"));
     for (int libro : {0, 1})
         QVERIFY(netos(base(), libro, resultados_hasta("2018")).isEmpty());
     // Lo que el cierre puede, nadie más: ni en la misma conexión.
@@ -144,11 +220,12 @@ void PruebaProcesosCierre::el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_y
 }
 
 void PruebaProcesosCierre::el_cierre_no_se_repite_ni_se_salta_ni_se_edita() {
-    base().ejecute(cierre_anual("20171231", "C"));
+    QVERIFY(falla(cierre_anual("20171231", "C")).contains("período de ajustes de 2017"));
+    base().ejecute(cierre_anual("20171331", "C"));
     const QString hecho = foto(base());
     QVERIFY(falla(cierre_anual("20171331", "A")).contains("El año 2017 ya tiene cierre"));
     QVERIFY(falla(cierre_anual("20180630", "A")).contains("se hace en diciembre"));
-    QVERIFY(falla(cierre_anual("20161231", "C")).contains("posterior a 2016"));
+    QVERIFY(falla(cierre_anual("20161331", "C")).contains("posterior a 2016"));
     QVERIFY(falla("update cierre_anual set cian_concepto = 'Otro'").contains("no se modifica"));
     // Un comprobante hecho por un proceso solo sale con él.
     QVERIFY(!falla("delete from comprobante_encabezado where enco_consec = (select enco_consec "
@@ -158,16 +235,16 @@ void PruebaProcesosCierre::el_cierre_no_se_repite_ni_se_salta_ni_se_edita() {
     grabe(base(), 900, "20171105",
           {{1, "110505", Moneda(1000), Moneda()},
            {2, "413505", Moneda(), Moneda(1000), "", "0002", "0001"}});
-    QVERIFY(falla(cierre_anual("20171231", "C")).contains("ya tiene cierre"));
+    QVERIFY(falla(cierre_anual("20171331", "C")).contains("ya tiene cierre"));
     base().ejecute("delete from cierre_anual");
-    base().ejecute(cierre_anual("20171231", "C"));
+    base().ejecute(cierre_anual("20171331", "C"));
     QVERIFY(netos(base(), 0, resultados_hasta("2017")).isEmpty());
     QVERIFY(foto(base()) != hecho);
     // El año siguiente abre limpio y, sin más movimiento que cancelar, dice por qué no hace nada.
     base().ejecute("delete from comprobante_detalle_niif where substring(code_fecha from 1 for 4) "
                    "= '2017' and cuen_cod between '4' and '8'");
     base().ejecute("delete from saldos_iniciales_niif");
-    QVERIFY(falla(cierre_anual("20171231", "N")).contains("no tienen saldo"));
+    QVERIFY(falla(cierre_anual("20171331", "N")).contains("no tienen saldo"));
     QCOMPARE(dato("select count(*) from cierre_anual"), "1");
 }
 

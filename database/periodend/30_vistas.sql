@@ -1,0 +1,19 @@
+-- El resultado de un año ya cerrado se lee sin el comprobante que lo cerró.
+
+--<LIBROS>
+-- Lo que los cierres anuales movieron. Se parte de los cierres, que son uno por año: por eso la
+-- unión es externa, y una línea nula es la de un cierre del otro libro.
+CREATE OR ALTER VIEW MOVIMIENTO_CIERRE{_NIIF}
+  (CUEN_COD, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO) AS
+SELECT D.CUEN_COD, cast(substring(D.CODE_FECHA FROM 1 FOR 4) AS char(4)),
+  cast(substring(D.CODE_FECHA FROM 5 FOR 2) AS smallint), coalesce(D.CODE_DEBITO, 0),
+  coalesce(D.CODE_CREDITO, 0)
+FROM CIERRE_ANUAL C
+LEFT JOIN {DETALLE} D ON D.ENCO_CONSEC = C.ENCO_CONSEC;
+
+CREATE OR ALTER VIEW VISTA_SALDOS_SIN_CIERRE{_NIIF}
+  (CUEN_COD, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO) AS
+SELECT CUEN_COD, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO FROM VISTA_SALDOS_CUENTA{_NIIF}
+UNION ALL
+SELECT CUEN_COD, SALD_ANO, SALD_MES, -SALD_DEBITO, -SALD_CREDITO FROM MOVIMIENTO_CIERRE{_NIIF};
+--</LIBROS>
