@@ -3,8 +3,8 @@
 
 SET TERM ^ ;
 
--- Saldos 2649 al final de un mes (13 el del fin del año) por cuenta, tercero y centro, con la cuenta
--- NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. Los de
+-- Saldos 2649 al final de un mes (13, el del fin del año) por cuenta, tercero y centro, con la
+-- cuenta NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. Los de
 -- inventarios y de activos fijos salen por ARTICULO, que el otro libro también lo pide; en los
 -- demás va nulo. Los saldos iniciales de la compañía son los de cierre del año anterior. La llama
 -- Tfbalaperturaniif.

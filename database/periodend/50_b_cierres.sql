@@ -125,8 +125,8 @@ BEGIN
       || NOMBRE_COMPROBANTE(OTRO) || '). Elimínelo antes de cerrar ' || ANO || '.';
 END^
 
--- El comprobante lleva la fecha del cierre, de diciembre o de los ajustes. Lo que habla del resultado
--- de un año lo lee sin él (VISTA_SALDOS_SIN_CIERRE).
+-- El comprobante lleva la fecha del cierre, de diciembre o de los ajustes. Lo que habla del
+-- resultado de un año lo lee sin él (VISTA_SALDOS_SIN_CIERRE).
 CREATE OR ALTER TRIGGER CIERRE_ANUAL_BI FOR CIERRE_ANUAL
 ACTIVE BEFORE INSERT POSITION 0
 AS

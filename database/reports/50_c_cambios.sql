@@ -1,5 +1,5 @@
--- Estados de cambios del año, de enero a los ajustes, en pesos con el signo del estado. Cerrar el año
--- no los cambia: la situación y el flujo se leen sin el cierre.
+-- Estados de cambios del año, de enero a los ajustes, en pesos con el signo del estado. Cerrar el
+-- año no los cambia: la situación y el flujo se leen sin el cierre.
 
 SET TERM ^ ;
 
