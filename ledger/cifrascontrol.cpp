@@ -32,9 +32,15 @@ CifrasControl::CifrasControl(Rejilla* rejilla, const QStringList& columnas,
 }
 
 void CifrasControl::muestre() {
+    // Cualquier fila las lleva; si un filtro las oculta todas, siguen siendo las del libro.
     const ConjuntoDatos& datos = *conjunto();
-    for (int i = 0; i < cajas_.size(); ++i)
-        cajas_[i]->valor(datos.valor_en(0, datos.FieldByName(sumas_[i])).moneda().redondeada(2));
+    for (int i = 0; i < cajas_.size(); ++i) {
+        const Campo& suma = datos.FieldByName(sumas_[i]);
+        Valor v = datos.valor_en(0, suma);
+        if (datos.RecordCount() == 0)
+            datos.recorra_todas([&](const Fila& f) { v = datos.valor_de(f, suma); });
+        cajas_[i]->valor(v.moneda().redondeada(2));
+    }
     ubique(); // lo que ocupan depende de lo que dicen
 }
 

@@ -184,10 +184,13 @@ void Tfauxiliar::borrar_comprobante(const QString& id) {
     case ResultadoBorrado::Negado:
         close();
         break;
-    case ResultadoBorrado::Borrado:
+    case ResultadoBorrado::Borrado: {
         emit fdmcnt().balance_por_recalcular();
         CAuxiliar.Refresh();
+        Foto foto(fdm().Quorvex);
+        calcule_saldos(foto); // el final ya no lo cuenta
         break;
+    }
     default:
         break;
     }

@@ -227,12 +227,16 @@ NumeroValidado Tfdmcnt::valide_NumComConta(const QString& tipo, const QString& p
 }
 
 AjustesLibro Tfdmcnt::ajustes_libro() {
+    // Las tres fechas se comparan como "aaaammdd", aunque se hayan escrito con separadores.
+    const auto bloqueo = [](Llave llave) {
+        return fdm().texto_de(llave).remove('/').remove('-').trimmed();
+    };
     AjustesLibro a;
     a.permite_descuadre = fdm().valor<Llave::PermitirDescuadrados>();
     a.digito_redondeo = fdm().valor<Llave::RedondeoComprobantes>();
-    a.bloqueo_2649 = fdm().texto_de(Llave::FechaBloqueo);
-    a.bloqueo_niif = fdm().texto_de(Llave::FechaBloqueoNiif);
-    a.bloqueo_administrativo = fdm().texto_de(Llave::BloqueoAdministrativo).remove('/');
+    a.bloqueo_2649 = bloqueo(Llave::FechaBloqueo);
+    a.bloqueo_niif = bloqueo(Llave::FechaBloqueoNiif);
+    a.bloqueo_administrativo = bloqueo(Llave::BloqueoAdministrativo);
     return a;
 }
 

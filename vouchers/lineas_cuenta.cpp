@@ -273,7 +273,17 @@ void LineasCuenta::siga_los_items(const char* campo_item) {
     contador.empiece(int(mayor));
 }
 
+void LineasCuenta::exija_abiertas() const {
+    if (!rejilla->ReadOnly)
+        return;
+    QApplication::beep();
+    fdm().mostrar_advertencia("Las líneas de este libro no se pueden cambiar: su fecha está "
+                              "bloqueada o las hizo otro módulo.");
+    throw EdicionAbortada();
+}
+
 void LineasCuenta::sugiera_db_cr() {
+    exija_abiertas();
     rejilla->escriba_pendiente();
     for (const char* lado : {n_.debito, n_.credito})
         if (!vacio_o_cero(campo(lado)))
@@ -366,6 +376,7 @@ void LineasCuenta::pegue(const QVector<QStringList>& filas) {
 }
 
 void LineasCuenta::prepare_recepcion() {
+    exija_abiertas();
     if (detalle.editando())
         return;
     if (cuenta().isEmpty())

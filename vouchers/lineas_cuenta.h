@@ -94,6 +94,8 @@ public:
     void ofrezca_al_teclear();
     /// Escribe en la línea lo escogido en una búsqueda; abre o inserta la línea si hace falta.
     void reciba(const QString& campo, const QString& valor);
+    /// Dice por qué y aborta la orden si las líneas se muestran solo para leer.
+    void exija_abiertas() const;
     void prepare_recepcion();
     void reciba(const CentroEscogido& centro);
     // Abren la lista; lo escogido llega a esta línea cuando la pantalla vuelve a activarse.

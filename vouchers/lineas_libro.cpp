@@ -208,7 +208,7 @@ void LineasLibro::ColExit(int columna) {
     switch (columna) {
     case kCuenta:
         // El panel edita la línea actual: abierto al pasar de fila, editaría la otra.
-        anfitrion_.panel_de_clase(libro, rejilla->cambia_de_fila()
+        anfitrion_.panel_de_clase(libro, rejilla->cambia_de_fila() || rejilla->ReadOnly
                                              ? QString()
                                              : consulta_.FieldByName("CUEN_TIPO").texto());
         break;
@@ -475,7 +475,8 @@ void LineasLibro::AfterScroll() {
     if (cuenta().isEmpty()) {
         NomCuenta->clear();
     } else {
-        detalle.Edit();
+        if (!rejilla->ReadOnly)
+            detalle.Edit();
         validar_cuenta();
     }
     if (campo(n_.tercero).vacio())

@@ -188,6 +188,7 @@ void PantallaComprobante::deshaga_lo_ultimo() {
     quite_filtro();
     const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
     deshacer.deshaga();
+    siga_al_prefijo();
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         l->vacie_nombres();
         l->vacie_diferencias();

@@ -55,6 +55,8 @@ protected:
     void declare_teclas_comunes() { PantallaLineas::declare_teclas_comunes(ultimo_); }
     virtual QString nombre_exportacion() const = 0;
     QWidget* encabezado_al_volver() const override;
+    /// El encabezado cambió por fuera de sus controles: los prefijos son los de su tipo.
+    virtual void siga_al_prefijo() {}
     /// Con Ctrl+Z sobre las líneas.
     void deshaga_lo_ultimo();
     /// Lo que hace cada pantalla al pegar, ya con las filas confirmadas.

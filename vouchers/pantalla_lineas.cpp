@@ -269,8 +269,10 @@ void PantallaLineas::busque_concepto() {
     escoja_concepto(
         *this,
         [l](const QString& concepto) {
-            if (l)
-                l->detalle.FieldByName("CONC_COD") = concepto; // sin abrir la línea
+            if (!l)
+                return;
+            l->exija_abiertas();
+            l->detalle.FieldByName("CONC_COD") = concepto; // sin abrir la línea
         },
         l ? l->actual("CONC_COD") : QString());
 }

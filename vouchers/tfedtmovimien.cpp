@@ -197,11 +197,12 @@ void Tfedtmovimien::muestre_fecha() {
 void Tfedtmovimien::CMovimientoAfterEdit() {
     CMovimiento.FieldByName("ENCO_USUARIO") = fdm().usuario;
     const QString fecha = CMovimiento.FieldByName("ENCO_FECHA").texto();
-    if (fecha < fdm().texto_de(Llave::FechaBloqueo)) {
+    const AjustesLibro a = fdmcnt().ajustes_libro();
+    if (fecha < a.bloqueo_2649) {
         lineas_2649->rejilla->ReadOnly = true;
         libre_2649 = false;
     }
-    if (fecha < fdm().texto_de(Llave::FechaBloqueoNiif)) {
+    if (fecha < a.bloqueo_niif) {
         lineas_niif->rejilla->ReadOnly = true;
         libre_niif = false;
     }
@@ -282,6 +283,8 @@ void Tfedtmovimien::SBGrabarClick() {
         return;
     }
     termine_lineas();
+    const bool replica_detenida =
+        !libre_niif && toca_la_replica() && CMovimiento.FieldByName("ENCO_REPNIIF").texto() == "S";
     const ResultadoGrabacion r = grabe(Grabador::Editar);
     if (r.clase == ResultadoGrabacion::Rehusado)
         return;
@@ -290,6 +293,9 @@ void Tfedtmovimien::SBGrabarClick() {
         CMovimiento.Edit();
         return;
     }
+    if (replica_detenida)
+        fdm().mostrar_advertencia("El libro NIIF está bloqueado a la fecha del comprobante: sus "
+                                  "líneas quedaron como estaban.");
     imprima_comprobante(QString::number(r.id));
     cierre();
 }
@@ -320,7 +326,8 @@ void Tfedtmovimien::TabSheet2Exit() {
 
 void Tfedtmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien) {
     lineas.termine_linea();
-    if (lineas.sin_lineas())
+    // Mirar la otra página no graba a quien no puede grabar, ni lo que nadie cambió.
+    if (lineas.sin_lineas() || !SBGrabar->isEnabled() || (solo_imprime_ && !hay_por_perder()))
         return;
     const ResultadoGrabacion r = grabe(quien);
     if (r.clase == ResultadoGrabacion::Rehusado)
@@ -330,8 +337,10 @@ void Tfedtmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador qui
         fdmcnt().dia_actual = EDia->text();
         tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
     }
-    if (entra && grabado)
+    if (entra && grabado) {
         CMovimiento.Refresh();
+        siga_los_items(); // las réplicas ya ocupan los suyos
+    }
     if (grabado)
         recuerde_lo_visto();
     CMovimiento.Edit();
@@ -379,6 +388,7 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
             "El comprobante debe tener el check de replicar a NIIF antes de usar esta opción.");
         return;
     }
+    lineas_niif->exija_abiertas();
     if (!pregunte("Esta seguro de descartar la información de NIIF y reemplazarla por la "
                   "equivalencia?"))
         return;
@@ -429,6 +439,7 @@ void Tfedtmovimien::SBBorrarClick() {
 }
 
 void Tfedtmovimien::traiga_plantilla(const QString& plantilla) {
+    lineas_2649->exija_abiertas();
     if (!lineas_2649->sin_lineas() &&
         !pregunte_con_no("Al traer la plantilla perderá los movimientos digitados en el "
                          "comprobante, Continuar?"))

@@ -33,6 +33,7 @@ Tfmovimien::Tfmovimien()
 
 void Tfmovimien::defina_conjuntos() {
     campos_prefijos(CPrefijos);
+    CPrefijos.FieldByName("PRCO_PREF").banderas(pfInUpdate | pfInWhere | pfInKey);
     CPrefijos.CommandText = sql_prefijos_activos({});
     CCentros.anide_en(&CProyectos, &fdm().TCentros);
     campos_proyectos(CProyectos);
@@ -104,7 +105,7 @@ void Tfmovimien::ofrezca_lo_pendiente() {
     // Ya con la ventana a la vista, para que las preguntas se entiendan.
     borrador_ = new BorradorVivo(
         conjuntos(), fdm().Quorvex.parametros().base + '/' + fdm().usuario,
-        [this] { return EDia->text(); }, this);
+        [this] { return (EDia->text() + ' ' + visto_).trimmed(); }, this);
     borrador_->hay = [this] { return hay_por_perder(); };
     if (provisional_)
         recupere_provisional();
@@ -129,7 +130,7 @@ void Tfmovimien::recupere_provisional() {
         // El día, el prefijo y los contadores siguen al comprobante que se rescata.
         const auto rescatado = [this](const char* c) { return CMovimiento.FieldByName(c).texto(); };
         EDia->setText(rescatado("ENCO_FECHA").right(2));
-        CPrefijos.Open(sql_prefijos_activos(rescatado("TICO_COD")));
+        siga_al_prefijo();
         siga_los_items();
         CMovimiento.Edit();
         break;
@@ -151,10 +152,26 @@ void Tfmovimien::ofrezca_borrador() {
     if (!c.concepto.isEmpty())
         cual << QStringLiteral("«%1»").arg(c.concepto);
     cual << cuantas_lineas(lineas);
-    if (pregunte(QStringLiteral("%1 quedó un comprobante sin grabar: %2. Desea retomarlo?")
-                     .arg(hace_cuanto(borrador->momento, reloj().ahora()).replace(0, 1, "H"),
-                          cual.join(QStringLiteral(", ")))))
+    const QString que = QStringLiteral("%1 quedó un comprobante sin grabar: %2. ")
+                            .arg(hace_cuanto(borrador->momento, reloj().ahora()).replace(0, 1, "H"),
+                                 cual.join(QStringLiteral(", ")));
+    if (lo_cambio_otro(*borrador)
+            ? pregunte_con_no(que + "Después de eso otro usuario lo cambió, y "
+                                    "lo suyo se perdería. Desea retomarlo?")
+            : pregunte(que + "Desea retomarlo?"))
         recupere(*borrador);
+}
+
+bool Tfmovimien::lo_cambio_otro(const Borrador& borrador) {
+    const QString visto = borrador.dia.section(' ', 1);
+    const auto ahora = lea_comprobante(fdm().Quorvex, borrador.comprobante.id);
+    return !visto.isEmpty() && ahora && huella(*ahora) != visto;
+}
+
+void Tfmovimien::recuerde_lo_visto() {
+    const auto ahora =
+        lea_comprobante(fdm().Quorvex, CMovimiento.FieldByName("ENCO_CONSEC").entero());
+    visto_ = ahora ? huella(*ahora) : QString();
 }
 
 void Tfmovimien::recupere(const Borrador& borrador) {
@@ -169,19 +186,18 @@ void Tfmovimien::recupere(const Borrador& borrador) {
             CMovimiento.Params["ID"] = "0";
             CMovimiento.Reabra();
             CMovimiento.Append();
+        } else {
+            recuerde_lo_visto();
         }
     }
     {
         const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
-        EDia->setText(borrador.dia);
-        CPrefijos.Open(sql_prefijos_activos(c.tipo));
-        LPref->setEnabled(CPrefijos.RecordCount() != 1);
+        EDia->setText(borrador.dia.section(' ', 0, 0));
+        ubique_prefijo(c.tipo, c.prefijo);
         // El que tenía pudo tomarlo otro mientras tanto.
-        if (c.id == 0 && CPrefijos.Locate("PRCO_PREF", {c.prefijo})) {
-            aplique_numeracion();
-            if (CPrefijos.FieldByName("PRCO_AUTO").texto() == "S")
-                c.numero = siguiente_numero();
-        }
+        if (c.id == 0 && CPrefijos.FieldByName("PRCO_PREF").texto() == c.prefijo &&
+            CPrefijos.FieldByName("PRCO_AUTO").texto() == "S")
+            c.numero = siguiente_numero();
         vuelque(c, conjuntos());
     }
     encabezado_posteado_ = true;
@@ -215,6 +231,7 @@ QString Tfmovimien::ano_saldos() const {
 
 void Tfmovimien::CMovimientoAfterInsert() {
     encabezado_posteado_ = false;
+    visto_.clear();
     const auto ponga = [this](const char* campo, const Valor& v) {
         CMovimiento.FieldByName(campo) = v;
     };
@@ -253,6 +270,18 @@ void Tfmovimien::CMovimientoTICO_CODChange(Campo& campo) {
     CMovimiento.FieldByName("PRCO_PREF") = CPrefijos.FieldByName("PRCO_PREF").texto();
     if (CPrefijos.RecordCount() == 1)
         LPref->setEnabled(false);
+}
+
+void Tfmovimien::ubique_prefijo(const QString& tipo, const QString& prefijo) {
+    CPrefijos.Open(sql_prefijos_activos(tipo));
+    LPref->setEnabled(CPrefijos.RecordCount() != 1);
+    if (CPrefijos.Locate("PRCO_PREF", {prefijo}))
+        aplique_numeracion();
+}
+
+void Tfmovimien::siga_al_prefijo() {
+    ubique_prefijo(CMovimiento.FieldByName("TICO_COD").texto(),
+                   CMovimiento.FieldByName("PRCO_PREF").texto());
 }
 
 void Tfmovimien::aplique_numeracion() {
@@ -436,6 +465,7 @@ void Tfmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien)
         CMovimiento.Edit();
     }
     encabezado_posteado_ = true;
+    recuerde_lo_visto();
     siga_los_items(); // las réplicas ya ocupan los suyos
 }
 
@@ -451,12 +481,25 @@ void Tfmovimien::busque_plantilla() {
     });
 }
 
+bool Tfmovimien::sirve_su_prefijo() {
+    const QString tipo = CPlantilla.FieldByName("TICO_COD").texto(),
+                  prefijo = CPlantilla.FieldByName("PRCO_PREF").texto();
+    CBorrar.Open(sql_prefijos_activos(tipo) +
+                 (prefijo.isEmpty() ? QString() : " AND PRCO_PREF = " + QuotedStr(prefijo)));
+    if (!CBorrar.IsEmpty())
+        return true;
+    CPlantilla.Close();
+    muestre_mensaje("El prefijo " + prefijo + " del tipo " + tipo +
+                    " no existe o no está activo: la plantilla no se puede usar.");
+    return false;
+}
+
 void Tfmovimien::traiga_plantilla(const QString& plantilla) {
     if (!lineas_2649->sin_lineas() &&
         !pregunte_con_no("Al traer la plantilla perderá los movimientos digitados en "
                          "el comprobante, Continuar?"))
         return;
-    if (!ubique_plantilla(CPlantilla, plantilla))
+    if (!ubique_plantilla(CPlantilla, plantilla) || !sirve_su_prefijo())
         return;
     const QString concepto = CMovimiento.FieldByName("ENCO_CONCEPTO").texto();
     CDetalle.borre_todas();

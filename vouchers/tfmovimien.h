@@ -45,6 +45,11 @@ private:
     QString fecha_digitada();
     void ponga_fecha();
     void aplique_numeracion();
+    void ubique_prefijo(const QString& tipo, const QString& prefijo);
+    void siga_al_prefijo() override;
+    bool sirve_su_prefijo();
+    bool lo_cambio_otro(const Borrador& borrador);
+    void recuerde_lo_visto();
     QString siguiente_numero();
     void asegure_numeracion();
     void recupere_provisional();
@@ -59,6 +64,7 @@ private:
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
 
     BorradorVivo* borrador_ = nullptr;
+    QString visto_;            ///< huella del que un cambio de página ya grabó
     bool provisional_ = false; ///< la base tiene uno sin grabar del todo
     int mes_ = 0;              ///< índice del mes en la última activación
 };

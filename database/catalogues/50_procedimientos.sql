@@ -7,19 +7,19 @@ SET TERM ^ ;
 -- Si una cuenta puede llevar movimiento.
 -- ERROR: 0 sí; 1 no existe; 2 la longitud del código no es la de un nivel; 3 es de un nivel
 -- superior al primero afectable; 4 tiene auxiliares. La llama valide_cuenta{_NIIF}.
-CREATE OR ALTER PROCEDURE VALIDE_CUENTA{_NIIF}_C (CUENTA varchar(20))
+CREATE OR ALTER PROCEDURE VALIDE_CUENTA{_NIIF}_C (CUENTA varchar(60))
 RETURNS (ERROR integer)
 AS
   DECLARE NIVEL integer;
 BEGIN
-  NIVEL = NIVEL_CUENTA(CUENTA);
+  NIVEL = iif(char_length(CUENTA) > 20, NULL, NIVEL_CUENTA(left(CUENTA, 20)));
   IF (NIVEL IS NULL) THEN
     ERROR = 2;
   ELSE IF (NOT EXISTS (SELECT 1 FROM {CUENTAS} WHERE CUEN_COD = :CUENTA)) THEN
     ERROR = 1;
   ELSE IF (NIVEL < NIVEL_AFECTABLE()) THEN
     ERROR = 3;
-  ELSE IF (TIENE_AUXILIARES{_NIIF}(CUENTA)) THEN
+  ELSE IF (TIENE_AUXILIARES{_NIIF}(left(CUENTA, 20))) THEN
     ERROR = 4;
   ELSE
     ERROR = 0;
@@ -67,7 +67,7 @@ END^
 --</LIBROS>
 
 -- OK "S" solo para un tercero activo. La llama valide_tercero.
-CREATE OR ALTER PROCEDURE EXISTE_TERCERO (NIT varchar(20))
+CREATE OR ALTER PROCEDURE EXISTE_TERCERO (NIT varchar(60))
 RETURNS (OK char(1))
 AS
 BEGIN
@@ -77,7 +77,7 @@ END^
 
 -- OK "S" si el centro existe en el proyecto, de cualquier agencia: la agencia filtra lo que se
 -- ofrece, no lo que vale. La llama valide_centro.
-CREATE OR ALTER PROCEDURE EXISTE_CENTRO (PROYECTO varchar(4), CENTRO varchar(4))
+CREATE OR ALTER PROCEDURE EXISTE_CENTRO (PROYECTO varchar(60), CENTRO varchar(60))
 RETURNS (OK char(1))
 AS
 BEGIN
@@ -87,7 +87,7 @@ BEGIN
 END^
 
 -- OK "S" si la cuenta 2649 puede llevar movimiento.
-CREATE OR ALTER PROCEDURE ES_AFECTABLE (CUENTA varchar(20))
+CREATE OR ALTER PROCEDURE ES_AFECTABLE (CUENTA varchar(60))
 RETURNS (OK char(1))
 AS
 BEGIN
@@ -148,7 +148,7 @@ BEGIN
 END^
 
 -- OK "S" si el artículo existe. La llama valide_articulo.
-CREATE OR ALTER PROCEDURE VALIDE_ARTICULO (CODIGO varchar(15))
+CREATE OR ALTER PROCEDURE VALIDE_ARTICULO (CODIGO varchar(60))
 RETURNS (OK char(1))
 AS
 BEGIN
@@ -190,7 +190,8 @@ CREATE OR ALTER PROCEDURE COSTO_PROMEDIO_UNIDAD (ARTICULO varchar(15), BODEGA va
 RETURNS (COSTO numeric(15,4))
 AS
 BEGIN
-  SELECT cast(sum(MOAR_CANTIDAD * MOAR_COSTO) / nullif(sum(MOAR_CANTIDAD), 0) AS numeric(15,4))
+  SELECT cast(sum(cast(MOAR_CANTIDAD * MOAR_COSTO AS double precision))
+    / nullif(sum(MOAR_CANTIDAD), 0) AS numeric(15,4))
   FROM MOVIMIENTO_ARTICULO
   WHERE ARTI_COD = :ARTICULO AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
   INTO :COSTO;
@@ -202,8 +203,8 @@ CREATE OR ALTER PROCEDURE COSTO_PROMEDIO_UNIDAD_NIIF (ARTICULO varchar(15), BODE
 RETURNS (COSTO numeric(15,4))
 AS
 BEGIN
-  SELECT cast(sum(MOAR_CANTIDAD * MOAR_COSTONIIF) / nullif(sum(MOAR_CANTIDAD), 0)
-    AS numeric(15,4))
+  SELECT cast(sum(cast(MOAR_CANTIDAD * MOAR_COSTONIIF AS double precision))
+    / nullif(sum(MOAR_CANTIDAD), 0) AS numeric(15,4))
   FROM MOVIMIENTO_ARTICULO
   WHERE ARTI_COD = :ARTICULO AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
   INTO :COSTO;

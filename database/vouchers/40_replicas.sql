@@ -131,7 +131,8 @@ BEGIN
   END
 END^
 
--- Réplica de las líneas tocadas de un comprobante. La llama la confirmación de la transacción.
+-- Réplica de las líneas tocadas de un comprobante. Un libro NIIF ya bloqueado a esa fecha se queda
+-- como está. La llama la confirmación de la transacción.
 CREATE OR ALTER PROCEDURE REPLIQUE_COMPROBANTE (ID integer)
 AS
   DECLARE REPLICAS integer;
@@ -145,7 +146,7 @@ AS
   DECLARE DESTINO integer;
 BEGIN
   IF (NOT EXISTS (SELECT 1 FROM COMPROBANTE_ENCABEZADO
-    WHERE ENCO_CONSEC = :ID AND ENCO_REPNIIF = 'S')) THEN
+    WHERE ENCO_CONSEC = :ID AND ENCO_REPNIIF = 'S' AND ENCO_FECHA >= BLOQUEO_DE('NIIF'))) THEN
     EXIT;
   SELECT count(CODE_ITEMREP), count(*) - count(CODE_ITEMREP)
   FROM COMPROBANTE_DETALLE_NIIF WHERE ENCO_CONSEC = :ID

@@ -81,6 +81,85 @@ private slots:
         }
     }
 
+    void un_libro_que_solo_se_lee_no_se_escribe_por_ningun_camino() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_plantilla(s, 4, "CG", "0001", "Arriendo", "", {"111005:50:0", "240805:0:50"});
+        // La de cartera abre su panel, y una sin valor es la que F5 y el doble clic llenan.
+        const QStringList lineas{"130505:100:0", "310505:0:100", "110505:0:0"};
+        ponga_comprobante(s, 1, "000021", "20170315", lineas);
+        ponga_comprobante(s, 1, "000021", "20170315", lineas, kNiif);
+        s.base.ejecute({"update comprobante_encabezado set enco_repniif = 'S'",
+                        "update comprobante_detalle set terc_nit = '860002964' where cuen_cod = "
+                        "'130505'"});
+        d.configure("GENERAL", "FECHA DE BLOQUEO", "2017/03/31"); // con separadores también
+        d.configure("GENERAL", "FECHA DE BLOQUEO NIIF", "2017-03-31");
+        Tfedtmovimien* p = abra_edicion(s, 1);
+        p->PageControl1->setCurrentIndex(0);
+        const Comprobante antes = lea_comprobante(p->conjuntos());
+        const QString auditoria = s.dato("select count(*) from auditoria");
+        for (LineasLibro* l : {p->lineas_2649, p->lineas_niif}) {
+            p->PageControl1->setCurrentIndex(l == p->lineas_niif ? 1 : 0);
+            l->rejilla->setFocus();
+            l->detalle.First();
+            l->rejilla->SelectedIndex(0);
+            for (int columna = 0; columna < 12; ++columna) // Enter sigue de celda en celda
+                oprima(Qt::Key_Return);
+            QVERIFY(!p->GroupBox1->isVisible() && !s.escritorio.abierta("Tfcuentas"));
+            l->detalle.Last();
+            l->rejilla->SelectedIndex(LineasLibro::kDebito);
+            oprima(Qt::Key_F5);
+            QVERIFY_THROWS_EXCEPTION(EdicionAbortada, l->rejilla->OnDblClick(LineasLibro::kDebito));
+            QVERIFY_THROWS_EXCEPTION(EdicionAbortada, l->reciba("TERC_NIT", "860002964"));
+            QVERIFY(!l->detalle.editando());
+        }
+        p->findChild<QAction*>("ReplicaraNIIF1")->trigger();
+        pantallas().abrir("Tfbuscplantilla");
+        oprima(Qt::Key_Return); // ni pregunta: no hay nada que traer a un libro cerrado
+        QCOMPARE(s.escritorio.activa(), p);
+        p->PageControl1->setCurrentIndex(0);
+        p->PageControl1->setCurrentIndex(1);
+        QVERIFY(lea_comprobante(p->conjuntos()) == antes);
+        QCOMPARE(s.dato("select count(*) from auditoria"), auditoria); // mirar no es grabar
+        p->close();
+    }
+
+    void una_linea_niif_sobre_las_replicas_recien_hechas_se_graba() {
+        SesionGui s;
+        Digitador d(s);
+        ponga_comprobante(s, 1, "000021", "20170315", kCuadrado);
+        Tfedtmovimien* p = abra_edicion(s, 1);
+        oprima_en(p->DBCheckBox2, Qt::Key_Space);
+        p->PageControl1->setCurrentIndex(1);
+        QCOMPARE(p->Cdetniif.RecordCount(), 2);
+        p->Cdetniif.First();
+        p->Cdetniif.Insert();
+        p->Cdetniif.FieldByName("CUEN_COD") = "110505";
+        p->Cdetniif.FieldByName("CODE_DEBITO") = 5;
+        p->Cdetniif.Post();
+        p->Cdetniif.Locate("CUEN_COD", {"310505"});
+        p->Cdetniif.Edit();
+        p->Cdetniif.FieldByName("CODE_CREDITO") = 105;
+        p->SBGrabar->click();
+        QVERIFY(!s.escritorio.abierta("Tfedtmovimien"));
+        QCOMPARE(s.dato("select sum(code_debito) || ':' || sum(code_credito) || ':' || count(*) "
+                        "from comprobante_detalle_niif"),
+                 "105.00:105.00:3");
+        // Con el NIIF bloqueado, corregir el 2649 no lo toca aunque se replique.
+        d.configure("GENERAL", "FECHA DE BLOQUEO NIIF", "20171231");
+        p = abra_edicion(s, 1);
+        p->PageControl1->setCurrentIndex(0);
+        for (const char* lado : {"CODE_DEBITO", "CODE_CREDITO"}) {
+            p->CDetalle.Locate("CODE_ITEM", {lado == QLatin1String("CODE_DEBITO") ? 1 : 2});
+            p->CDetalle.Edit();
+            p->CDetalle.FieldByName(lado) = 300;
+        }
+        p->SBGrabar->click();
+        QCOMPARE(s.dato("select sum(code_debito) from comprobante_detalle"), "300");
+        QCOMPARE(s.dato("select sum(code_debito) from comprobante_detalle_niif"), "105");
+        QVERIFY(d.barra.text().contains("NIIF está bloqueado"));
+    }
+
     void grabar_escribe_siempre_el_encabezado_y_prueba_cada_libro_por_separado() {
         SesionGui s;
         Digitador d(s);

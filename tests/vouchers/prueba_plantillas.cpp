@@ -722,6 +722,39 @@ private slots:
         p->CMovimiento.CancelUpdates();
     }
 
+    void deshacer_la_plantilla_devuelve_los_prefijos_de_su_tipo() {
+        SesionGui s;
+        Digitador d(s);
+        s.base.ejecute({"insert into tipo_comprobante (tico_cod, tico_nom) values ('ZZ', 'Otro')",
+                        "insert into prefijos_conta (tico_cod, prco_pref, prco_auto, prco_activo, "
+                        "pref_numero) values ('ZZ', '0001', 'S', 'S', '000700')"});
+        ponga_plantilla(s, 3, "ZZ", "0001", "Arriendo", "ARR", {"110505:40:0", "310505:0:40"});
+        Tfmovimien* p = d.abra("CG", "05", "x");
+        d.linea({"240805", "", "", "", "", "", "", "", "", "1", "", ""});
+        const QString numero = p->ENumero->text();
+        oprima(Qt::Key_F11);
+        dice(Qt::Key_Return, kTraePlantilla, "Sí");
+        QCOMPARE(p->ENumero->text(), "000700");
+        d.rejilla().setFocus();
+        oprima(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(p->CMovimiento.FieldByName("TICO_COD").texto() + p->ENumero->text(),
+                 "CG" + numero);
+        QCOMPARE(p->CPrefijos.FieldByName("TICO_COD").texto(), "CG");
+        // La de un prefijo que ya no se usa no quita lo digitado ni toma el número de otro.
+        s.base.ejecute({"update prefijos_conta set prco_activo = 'N' where tico_cod = 'ZZ'"});
+        const QStringList antes = valores_de(p->CDetalle, "CUEN_COD");
+        oprima(Qt::Key_F11);
+        Interlocutor i;
+        i.espere(kTraePlantilla, "Sí");
+        i.espere("El prefijo 0001 del tipo ZZ no existe o no está activo: la plantilla no se puede "
+                 "usar.");
+        oprima(Qt::Key_Return);
+        QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), antes);
+        QCOMPARE(p->CMovimiento.FieldByName("TICO_COD").texto() + p->ENumero->text(),
+                 "CG" + numero);
+        p->CMovimiento.CancelUpdates();
+    }
+
     void en_la_edicion_los_items_de_la_plantilla_cuentan_desde_uno_sobre_los_que_quedan() {
         SesionGui s;
         Digitador d(s);

@@ -195,12 +195,14 @@ bool Rejilla::oprima_enter(Qt::KeyboardModifiers m) {
         proteja(OnReturn);
         return true;
     }
-    // En una lista de consulta Enter hace lo del doble clic.
-    if (m == Qt::NoModifier && ReadOnly && OnDblClick && currentIndex().isValid()) {
+    // En una lista de consulta Enter hace lo del doble clic; en unas líneas que hoy no se pueden
+    // cambiar sigue siendo Tab.
+    if (m == Qt::NoModifier && ReadOnly && OnDblClick && !enter_como_tab &&
+        currentIndex().isValid()) {
         proteja([this] { OnDblClick(SelectedIndex()); });
         return true;
     }
-    if (m != Qt::NoModifier || !editable())
+    if (m != Qt::NoModifier || !(editable() || (ReadOnly && enter_como_tab)))
         return false;
     if (enter_como_tab) {
         if (tiene_seleccion() && !enter_con_seleccion)
@@ -402,9 +404,10 @@ bool Rejilla::ubique_prefijo() {
     const auto empieza = [&](int fila) {
         return texto_llano(modelo_->texto(fila, c)).startsWith(buscado);
     };
-    int fila = desde;
+    // Una tecla no trae una lista entera: lo que está más lejos se busca por su fila de búsqueda.
+    int fila = desde, paquetes = 10;
     for (;; ++fila) {
-        if (fila >= modelo_->rowCount() && modelo_->canFetchMore({}))
+        if (fila >= modelo_->rowCount() && modelo_->canFetchMore({}) && paquetes-- > 0)
             modelo_->fetchMore({});
         if (fila >= modelo_->rowCount())
             break;
