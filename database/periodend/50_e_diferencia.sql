@@ -8,14 +8,18 @@
 SET TERM ^ ;
 
 -- Documentos en moneda de una cuenta, con sus auxiliares, a una fecha ("aaaammdd"): saldo en la
--- moneda y en pesos. Interna de CAUSA_DIFERENCIA_CAMBIO.
+-- moneda y en pesos. Un documento es uno aunque sus abonos digan otro centro; PROY y CENTRO son los
+-- de la primera línea que lo abrió. Interna de CAUSA_DIFERENCIA_CAMBIO.
 CREATE OR ALTER PROCEDURE DOCUMENTOS_EN_MONEDA (CUENTA varchar(20), FECHA varchar(8))
 RETURNS (CODIGO varchar(20), NIT varchar(20), PROY varchar(4), CENTRO varchar(4),
   DOCUMENTO varchar(10), TIPO integer, MONEDA numeric(18,2), PESOS numeric(18,2))
 AS
+  DECLARE ORIGEN varchar(40);
 BEGIN
   FOR
-    SELECT D.CUEN_COD, D.TERC_NIT, D.PROY_COD, D.CENT_COD,
+    SELECT D.CUEN_COD, D.TERC_NIT, min(iif(coalesce(D.CNDE_DOCAPLICA, '') = '', '0', '1')
+        || D.CODE_FECHA || lpad(D.ENCO_CONSEC, 10, '0') || lpad(D.CODE_ITEM, 6, '0')
+        || rpad(coalesce(D.PROY_COD, ''), 4) || coalesce(D.CENT_COD, '')),
       coalesce(nullif(D.CNDE_DOCAPLICA, ''), D.CNDE_DOCNUMERO),
       max(coalesce(nullif(D.CODE_TIPOAPL, 0), D.CODE_TIPONUE)),
       sum(sign(coalesce(D.CODE_DEBITO, 0) - coalesce(D.CODE_CREDITO, 0))
@@ -25,13 +29,16 @@ BEGIN
     JOIN CUENTAS C ON C.CUEN_COD = D.CUEN_COD
     WHERE D.CUEN_COD STARTING WITH :CUENTA AND C.CUEN_TIPO = 'C' AND D.CODE_FECHA <= :FECHA
       AND coalesce(nullif(D.CNDE_DOCAPLICA, ''), D.CNDE_DOCNUMERO) <> ''
-    GROUP BY D.CUEN_COD, D.TERC_NIT, D.PROY_COD, D.CENT_COD,
-      coalesce(nullif(D.CNDE_DOCAPLICA, ''), D.CNDE_DOCNUMERO)
+    GROUP BY D.CUEN_COD, D.TERC_NIT, coalesce(nullif(D.CNDE_DOCAPLICA, ''), D.CNDE_DOCNUMERO)
     HAVING sum(abs(coalesce(D.CODE_BASE, 0))) <> 0
-    ORDER BY D.CUEN_COD, D.TERC_NIT, 5
-    INTO :CODIGO, :NIT, :PROY, :CENTRO, :DOCUMENTO, :TIPO, :MONEDA, :PESOS
+    ORDER BY D.CUEN_COD, D.TERC_NIT, 4
+    INTO :CODIGO, :NIT, :ORIGEN, :DOCUMENTO, :TIPO, :MONEDA, :PESOS
   DO
+  BEGIN
+    PROY = nullif(trim(substring(ORIGEN FROM 26 FOR 4)), '');
+    CENTRO = nullif(trim(substring(ORIGEN FROM 30)), '');
     SUSPEND;
+  END
 END^
 
 -- Lleva cada documento en moneda a la tasa TRM (pesos por unidad) y asienta la diferencia contra la

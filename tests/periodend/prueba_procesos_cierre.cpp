@@ -494,12 +494,16 @@ public:
     /// Una factura o un anticipo, a veces en varias líneas.
     void abra(const QString& fecha) {
         const QString centro = uno_de(azar_, kCentros);
-        const Documento d{.clave = {uno_de(azar_, QStringList{"130505", "130510"}),
-                                    uno_de(azar_, kNits.mid(1)), centro.section('|', 0, 0),
-                                    centro.section('|', 1)},
-                          .numero = QString("F%1").arg(1 + azar_.bounded(40)),
-                          .debe = azar_.bounded(4) != 0,
-                          .en_moneda = azar_.bounded(5) != 0};
+        Documento d{.clave = {uno_de(azar_, QStringList{"130505", "130510"}),
+                              uno_de(azar_, kNits.mid(1)), centro.section('|', 0, 0),
+                              centro.section('|', 1)},
+                    .numero = QString("F%1").arg(1 + azar_.bounded(40)),
+                    .debe = azar_.bounded(4) != 0,
+                    .en_moneda = azar_.bounded(5) != 0};
+        for (const Documento& otro : documentos_) // el mismo documento, en su centro
+            if (otro.numero == d.numero && std::get<0>(otro.clave) == std::get<0>(d.clave) &&
+                std::get<1>(otro.clave) == std::get<1>(d.clave))
+                d.clave = otro.clave;
         const qint64 tasa = 25000000 + azar_.bounded(10000000);
         for (int i = 0, n = 1 + azar_.bounded(3); i < n; ++i)
             mueva(fecha, d, d.debe ? 1 : -1, 1 + azar_.bounded(500000), tasa, false);
@@ -551,7 +555,9 @@ private:
                bool aplica) {
         const qint64 valor = pesos(moneda, tasa);
         const int id = 1000 + ++ultimo_;
-        const auto& [cuenta, nit, proyecto, centro] = d.clave;
+        auto [cuenta, nit, proyecto, centro] = d.clave;
+        if (aplica && azar_.bounded(3) == 0)
+            proyecto = centro = QString(); // el abono no repitió el centro de la factura
         grabe(base_,
               {id, QString("%1").arg(id, 6, 10, QChar('0')), fecha, {}, {}, "N", "RC", "0002"});
         // Un reverso: el mismo lado, en negativo.
