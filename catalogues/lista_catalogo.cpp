@@ -23,6 +23,7 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
                          const QVector<DefinicionColumna>& columnas,
                          const QString& nombre_archivo) {
     busqueda_ = new FilaBusqueda(busquedas, rotulo_inactivos, this);
+    busqueda_->demora = fdm().duracion_busquedas;
     busqueda_->sbBuscarClick = [this] { sbBuscarClick(); };
     busqueda_->ckfiltroClick = [this](bool visible) { DBGridEh1->filtro_visible(visible); };
 
@@ -38,6 +39,9 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     DBGridEh1->OnTeclear = [this](const QString& texto) { busqueda_->busque_texto(texto); };
     busqueda_->al_bajar = [this] { DBGridEh1->setFocus(); };
+    if (busqueda_->demora >
+        0) // Enter escoge de lo que se acaba de teclear, aunque aún no se busque
+        DBGridEh1->OnReturn = [this] { enter(); };
     DBGridEh1->OnDblClick = [this](int) {
         modo_mantenimiento_ ? SBModificarClick() : SBSelecClick();
     };
@@ -71,6 +75,7 @@ void ListaCatalogo::boton_salir() {
 void ListaCatalogo::enter() {
     if (DBGridEh1->filtro_visible() && !enter_con_filtros_)
         return; // la fila de filtros ya tomó su Enter; sobre las filas no hace más
+    busqueda_->pongase_al_dia();
     if (modo_mantenimiento_)
         SBModificarClick();
     else

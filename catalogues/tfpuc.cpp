@@ -31,6 +31,7 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
     CPuc->bandera("PUC_AJDB").etiqueta("Ajuste al débito");
 
     busqueda_ = new FilaBusqueda({{"Código", "puc_cod", true}, {"Nombre", "puc_nom"}}, {}, this);
+    busqueda_->demora = fdm().duracion_busquedas;
     busqueda_->sbBuscarClick = [this] { sbBuscarClick(); };
     busqueda_->ckfiltroClick = [this](bool si) { DBGridEh1->filtro_visible(si); };
 
@@ -68,6 +69,10 @@ void Tfpuc::ofrezca_seleccion() {
     SBSelec->show();
     tecla(Qt::Key_Return, "SBSelec");
     DBGridEh1->OnDblClick = [this](int) { SBSelecClick(); };
+    DBGridEh1->OnReturn = [this] {
+        busqueda_->pongase_al_dia();
+        SBSelecClick();
+    };
 }
 
 void Tfpuc::SBSelecClick() {

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -88,6 +89,9 @@ FilaBusqueda::FilaBusqueda(const QVector<Eleccion>& columnas, const QString& rot
     fila->addLayout(centro, 1);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum); // más renglones si no cabe
 
+    espera_ = new QTimer(this);
+    espera_->setSingleShot(true);
+    connect(espera_, &QTimer::timeout, this, [this] { busque(); });
     connect(EBuscar, &QLineEdit::textEdited, this, [this] { pendiente_ = true; });
     connect(sbBuscar, &QPushButton::clicked, this, [this] { busque(); });
     if (ckinact)
@@ -120,7 +124,15 @@ void FilaBusqueda::busque_texto(const QString& texto) {
                 break;
             }
     EBuscar->setText(texto);
-    busque();
+    if (demora > 0)
+        espera_->start(demora);
+    else
+        busque();
+}
+
+void FilaBusqueda::pongase_al_dia() {
+    if (espera_->isActive())
+        busque();
 }
 
 CriterioBusqueda FilaBusqueda::criterio(CriterioBusqueda plantilla) const {
@@ -133,6 +145,7 @@ CriterioBusqueda FilaBusqueda::criterio(CriterioBusqueda plantilla) const {
 
 void FilaBusqueda::busque() {
     pendiente_ = false;
+    espera_->stop();
     if (sbBuscarClick)
         proteja(sbBuscarClick);
 }

@@ -9,6 +9,7 @@ class QCheckBox;
 class QGroupBox;
 class QLineEdit;
 class QPushButton;
+class QTimer;
 
 struct CriterioBusqueda {
     QString base;           ///< "select * from cuentas "
@@ -46,8 +47,11 @@ public:
     void ItemIndex(int indice);
     QString columna() const;
     /// Busca ese texto: por el código si empieza por cifra, y si no por la columna escogida o, si
-    /// es la del código, por la primera de las otras.
+    /// es la del código, por la primera de las otras. Con `demora` espera a que se deje de teclear.
     void busque_texto(const QString& texto);
+    /// Busca ya lo que espera su demora: antes de escoger una fila.
+    void pongase_al_dia();
+    int demora = 0; ///< milisegundos de espera al buscar sobre la marcha
     /// Criterio con lo que el usuario dejó en los controles, sobre `plantilla`.
     CriterioBusqueda criterio(CriterioBusqueda plantilla) const;
 
@@ -65,4 +69,5 @@ private:
     QButtonGroup* grupo_;
     QVector<Eleccion> columnas_;
     bool pendiente_ = false;
+    QTimer* espera_;
 };

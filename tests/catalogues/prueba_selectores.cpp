@@ -112,6 +112,12 @@ private slots:
             oprima(Qt::Key_Escape);
             QCOMPARE(s.escritorio.activa(), llamadora);
             QCOMPARE(recibido, QString());
+            // Aunque la búsqueda espere, Enter escoge de lo tecleado.
+            fdm().duracion_busquedas = 600'000;
+            sel.pida(*llamadora, recibido, {});
+            digite(sel.tecleado);
+            oprima(Qt::Key_Return);
+            QCOMPARE(recibido, sel.hallado);
         }
     }
 
