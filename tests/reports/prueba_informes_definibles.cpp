@@ -327,8 +327,16 @@ private slots:
         QCOMPARE(m->EImpresora->currentText(), "Matriz");
         oprima_en(m->DBGridEh1, Qt::Key_Insert);
         QCOMPARE(m->CFormadatos.FieldByName("FOCD_ITEM").texto(), "2");
-        m->CFormadatos.Cancel();
-        // Al imprimirlo se propone la suya.
+    }
+
+    void al_imprimir_se_propone_la_impresora_de_su_linea() {
+        Sesion s;
+        QFile cfg(s.base.ruta() + "/impresoras.cfg");
+        QVERIFY(cfg.open(QIODevice::WriteOnly));
+        cfg.write("FACTURA,Laser\nNOTA,\nRECIBO,Matriz\n");
+        cfg.close();
+        s.informe(7, "Caja");
+        s.base.ejecute({"update formatos_contables set foco_impresora = 2"});
         s.abra<Tfimpinforme>("Tfimpinforme", AbreFormatoEspecial{7});
         Interlocutor i;
         i.espere_modal("OpcionesImpresion", [](QWidget* w) {
