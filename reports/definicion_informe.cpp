@@ -1,6 +1,20 @@
 #include "reports/definicion_informe.h"
 
+#include "sesion/instalacion.h"
 #include "sesion/tfdm.h"
+
+#include <QFile>
+
+QStringList impresoras_de_informes() {
+    QFile archivo(diraplicacion_callada() + QStringLiteral("/impresoras.cfg"));
+    QStringList nombres;
+    if (archivo.open(QIODevice::ReadOnly | QIODevice::Text))
+        while (!archivo.atEnd())
+            nombres << QString::fromLocal8Bit(archivo.readLine())
+                           .section(QLatin1Char(','), 1)
+                           .trimmed();
+    return nombres;
+}
 
 DefinicionInforme::DefinicionInforme(QObject* dueno)
     : QFormato(dueno, "QFormato", fdm().Quorvex,
@@ -64,4 +78,9 @@ void DefinicionInforme::cierre() {
     for (ConjuntoDatos* c : {&CFormadatos, &CFormalineas, &CFormato})
         c->Cancel();
     CFormato.Close();
+}
+
+QString DefinicionInforme::impresora() const {
+    const Campo& numero = CFormato.FieldByName("FOCO_IMPRESORA");
+    return numero.nulo() ? QString() : impresoras_de_informes().value(int(numero.entero()));
 }

@@ -70,6 +70,7 @@ void Tfimpinforme::imprimirClick() {
     nombre.replace(kNoEsDeArchivo, QStringLiteral("-"));
     if (!nombre.isEmpty())
         motor.nombre_archivo = nombre;
+    motor.impresora = definicion.impresora();
     motor.vista_previa = fdm().valor<Llave::PrevisualizarImpresion>();
     motor.ejecutar_trabajo([this](informes::Hojas& hojas) { RvSystem1Print(hojas); });
     close();

@@ -1,7 +1,6 @@
 #include "reports/tfmodformato.h"
 
 #include "reports/lienzo_informe.h"
-#include "sesion/instalacion.h"
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/casilladato.h"
@@ -15,7 +14,6 @@
 #include "toolkit/rejilla/rejilla.h"
 #include "toolkit/sin_grabar.h"
 
-#include <QFile>
 #include <QFileDialog>
 #include <QFontDatabase>
 #include <QGroupBox>
@@ -25,19 +23,6 @@
 namespace {
 
 constexpr int kMasPaginas = 99;
-
-/// Impresoras de la instalación, en su orden: el informe guarda el número de la suya.
-QStringList impresoras() {
-    QFile archivo(diraplicacion_callada() + QStringLiteral("/impresoras.cfg"));
-    QStringList nombres;
-    if (archivo.open(QIODevice::ReadOnly | QIODevice::Text))
-        while (!archivo.atEnd()) {
-            const QString linea = QString::fromLocal8Bit(archivo.readLine()).trimmed();
-            if (const QString nombre = linea.section(QLatin1Char(','), 1); !nombre.isEmpty())
-                nombres << nombre;
-        }
-    return nombres;
-}
 
 } // namespace
 
@@ -285,7 +270,8 @@ void Tfmodformato::FormCreate() {
         pida_cierre_al_crear();
         return;
     }
-    EImpresora->addItems(impresoras());
+    for (const QString& nombre : impresoras_de_informes())
+        EImpresora->addItem(nombre.isEmpty() ? QStringLiteral("(la del sistema)") : nombre);
     EImpresora->setCurrentIndex(CFormato.FieldByName("FOCO_IMPRESORA").nulo()
                                     ? -1
                                     : int(CFormato.FieldByName("FOCO_IMPRESORA").entero()));

@@ -291,6 +291,8 @@ void Tfrngcertificados::AdvGlowButton1Click() {
         return;
     const QString carpeta = carpeta_de_archivos();
     complete_rangos();
+    // La pantalla sigue abierta: el título de este período no es el de los archivos del siguiente.
+    const auto devuelva = qScopeGuard([this, propio = ETit->text()] { ETit->setText(propio); });
     compone_titulo();
     const ResumenArchivos r = grabe_archivos(carpeta + "/Certificado retencion " +
                                              kClases[Ltipo->currentIndex()].archivo);

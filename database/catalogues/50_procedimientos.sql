@@ -185,12 +185,15 @@ BEGIN
 END^
 
 -- Costo promedio por unidad de las existencias de un artículo en una bodega (vacía o nula: en
--- todas), 0 sin existencias. Los llaman costo_promedio y costo_promedio_niif.
+-- todas), 0 sin existencias. Los pesos y sus decimales se multiplican aparte: juntos llevarían ocho
+-- decimales y un costo de diez millones ya no cabría. Los llaman costo_promedio y
+-- costo_promedio_niif.
 CREATE OR ALTER PROCEDURE COSTO_PROMEDIO_UNIDAD (ARTICULO varchar(15), BODEGA varchar(10))
 RETURNS (COSTO numeric(15,4))
 AS
 BEGIN
-  SELECT cast(sum(cast(MOAR_CANTIDAD * MOAR_COSTO AS double precision))
+  SELECT cast(sum(MOAR_CANTIDAD * trunc(MOAR_COSTO)
+      + cast(MOAR_CANTIDAD * (MOAR_COSTO - trunc(MOAR_COSTO)) AS numeric(18,4)))
     / nullif(sum(MOAR_CANTIDAD), 0) AS numeric(15,4))
   FROM MOVIMIENTO_ARTICULO
   WHERE ARTI_COD = :ARTICULO AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
@@ -203,7 +206,8 @@ CREATE OR ALTER PROCEDURE COSTO_PROMEDIO_UNIDAD_NIIF (ARTICULO varchar(15), BODE
 RETURNS (COSTO numeric(15,4))
 AS
 BEGIN
-  SELECT cast(sum(cast(MOAR_CANTIDAD * MOAR_COSTONIIF AS double precision))
+  SELECT cast(sum(MOAR_CANTIDAD * trunc(MOAR_COSTONIIF)
+      + cast(MOAR_CANTIDAD * (MOAR_COSTONIIF - trunc(MOAR_COSTONIIF)) AS numeric(18,4)))
     / nullif(sum(MOAR_CANTIDAD), 0) AS numeric(15,4))
   FROM MOVIMIENTO_ARTICULO
   WHERE ARTI_COD = :ARTICULO AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)

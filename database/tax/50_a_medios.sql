@@ -10,7 +10,7 @@
 -- de inventario sin su costo de ventas), "I" los créditos como impuesto al consumo (1006), "A" el
 -- gasto de la retención que se asumió (1001: sigue al comprobante como una compañera, papel 10, y
 -- lo asumido deja de ser practicado) y "N" nada: la cuenta no se reporta.
--- Del movimiento no hacen parte los cierres de terceros: pasan saldos de unos a otros.
+-- Del movimiento no hacen parte los cierres (COMPROBANTES_CIERRE): pasan saldos de unos a otros.
 -- En el 1005 y el 1006 la segunda cuenta es la del otro IVA, que solo toma devoluciones: un
 -- comprobante que también disminuye la primera es la declaración, que las cruza.
 -- El movimiento sin tercero es del de su comprobante (que solo se busca entonces: igualar a nulo no
@@ -72,8 +72,8 @@ BEGIN
   IF (REGLA IN ('S', 'P')) THEN
     INICIO = '';
   -- Sin cierres en el período no se pregunta por ellos en cada línea.
-  CIERRES = iif(REGLA IN ('M', 'B') AND EXISTS (SELECT 1 FROM CIERRE_TERCEROS
-    WHERE CITE_FECHA BETWEEN :INICIO AND :FINAL), 1, 0);
+  CIERRES = iif(REGLA IN ('M', 'B') AND EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE
+    WHERE FECHA BETWEEN :INICIO AND :FINAL), 1, 0);
   INSERT INTO MEDIO_IMPORTE (ITEM, TERC_NIT, PAPEL, VALOR)
   SELECT M.ITEM, coalesce(D.TERC_NIT, E.TERC_NIT, ''),
     iif(M.NATUR = 'I' OR (:CODIGO = '1001' AND D.CODE_DESCONTABLE = 'N'), 8, 1),
@@ -85,7 +85,7 @@ BEGIN
     = iif(D.TERC_NIT IS NULL AND :REGLA IN ('M', 'B'), D.ENCO_CONSEC, NULL)
   WHERE M.PAPEL = 1 AND M.NATUR <> 'N' AND (M.NATUR <> 'T' OR D.TERC_NIT IS NOT NULL)
     AND (:CIERRES = 0
-      OR NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC))
+      OR NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC))
   GROUP BY 1, 2, 3;
   PASO = rdb$set_context('USER_SESSION', 'AVANCE', '3/6 suma los saldos y las bases');
   IF (REGLA IN ('S', 'P')) THEN
@@ -109,7 +109,7 @@ BEGIN
     WHERE M.PAPEL = 1 AND decode(M.NATUR, 'N', 0, 'B', D.CODE_DEBITO, 'R', D.CODE_CREDITO,
       'T', iif(D.TERC_NIT IS NULL, 0, 1), 1) <> 0
       AND (:CIERRES = 0
-        OR NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC))
+        OR NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC))
     GROUP BY 1, 2;
   IF (NOT EXISTS (SELECT 1 FROM MEDIO_CUENTA WHERE PAPEL > 1)) THEN
   BEGIN
@@ -129,7 +129,7 @@ BEGIN
     AND (:CODIGO NOT IN ('1005', '1006')
       OR decode(M.NATUR, 'B', D.CODE_DEBITO, 'R', D.CODE_CREDITO, 1) = 0)
     AND (:CIERRES = 0
-      OR NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC));
+      OR NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC));
   PASO = rdb$set_context('USER_SESSION', 'AVANCE', '5/6 suma los impuestos y las retenciones');
   -- El IVA suma al débito; las retenciones, al crédito; la segunda cuenta, según el formato.
   INSERT INTO MEDIO_IMPORTE (ITEM, TERC_NIT, PAPEL, VALOR)
@@ -148,7 +148,7 @@ BEGIN
       AND O.TERC_NIT = coalesce(D.TERC_NIT, E.TERC_NIT, '') AND O.ITEM = M.ITEM
     WHERE M.PAPEL > 1 AND M.NATUR <> 'N'
       AND (:CIERRES = 0
-        OR NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC))
+        OR NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC))
     GROUP BY D.ENCO_CONSEC, D.CODE_ITEM, 3, M.PAPEL) L
   WHERE (:CODIGO NOT IN ('1005', '1006') AND (ORIGEN IS NOT NULL OR VALOR > 0))
     OR (:CODIGO IN ('1005', '1006') AND VALOR > 0
@@ -166,7 +166,7 @@ CREATE OR ALTER PROCEDURE CALCULE_MEDIO (FORMATO integer, INICIO varchar(8), FIN
 AS
   DECLARE REGLA char(1);
   DECLARE ITEM integer;
-  DECLARE TOTAL numeric(18,2);
+  DECLARE TOTAL bigint;
   DECLARE SIN_TERCERO smallint;
   DECLARE PASO smallint;
 BEGIN
@@ -178,7 +178,7 @@ BEGIN
   ITEM = coalesce((SELECT max(MEMG_ITEM) FROM MEDIOS_MAGNETICOS_DATOS
     WHERE MEMG_FORMATO = :FORMATO AND MEMG_ANO = substring(:INICIO FROM 1 FOR 4)), 0);
   IF (REGLA = 'P') THEN
-    SELECT nullif(sum(VALOR), 0) FROM MEDIO_IMPORTE INTO :TOTAL;
+    SELECT nullif(round(sum(VALOR)), 0) FROM MEDIO_IMPORTE INTO :TOTAL;
 
   INSERT INTO MEDIOS_MAGNETICOS_DATOS (MEMG_FORMATO, MEMG_ANO, MEMG_ITEM, MEMG_CONCEPTO,
     MEMG_TIPODOC, MEMG_NIT, MEMG_DV, MEMG_APELLIDO1, MEMG_APELLIDO2, MEMG_NOMBRE1, MEMG_NOMBRE2,
@@ -220,7 +220,8 @@ BEGIN
     iif(F.NIT = '222222222', 'CUANTIAS MENORES', T.MEMG_RAZONSOCIAL), T.MEMG_DIRECCION,
     T.MEMG_DEPARTAMENTO, T.MEMG_MUNICIPIO, coalesce(T.MEMG_PAIS, '169'), F.PAGO, F.PAGOND, F.IVA,
     F.IVAND,
-    iif(:REGLA = 'P', coalesce(cast(F.PAGO * 100 / :TOTAL AS numeric(15,2)), 0), F.RETENCION),
+    iif(:REGLA = 'P', coalesce(PROPORCION(100 * sign(:TOTAL), F.PAGO, abs(:TOTAL)), 0),
+      F.RETENCION),
     F.ASUMIDA,
     iif(coalesce(T.MEMG_PAIS, '169') = '169' AND coalesce(T.TERC_SIMPLIFICA, 'N') <> 'S',
       F.RETIVA, 0),
@@ -352,6 +353,8 @@ BEGIN
       AND D.CODE_FECHA BETWEEN iif(:REGLA IN ('S', 'P'), '', :INICIO) AND :FINAL
     WHERE V.MEDM_FORMATO = :FORMATO
       AND NOT EXISTS (SELECT 1 FROM MEDIO_CUENTA M WHERE M.PAPEL > 0 AND M.CUEN_COD = C.CUEN_COD)
+      AND (:REGLA IN ('S', 'P')
+        OR NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC))
     GROUP BY C.CUEN_COD, C.CUEN_NOM
     ORDER BY C.CUEN_COD
     INTO :CUENTA, :NOMBRE, :LIBRO
@@ -370,6 +373,7 @@ BEGIN
     JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = M.CUEN_COD
       AND D.CODE_FECHA BETWEEN :ANO || '1301' AND :ANO || '1399'
     WHERE M.PAPEL = 1 AND M.NATUR <> 'N'
+      AND NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
     GROUP BY C.CUEN_COD, C.CUEN_NOM
     HAVING sum(D.CODE_DEBITO - D.CODE_CREDITO) <> 0
     ORDER BY C.CUEN_COD

@@ -5,14 +5,15 @@ SET TERM ^ ;
 -- Retenciones practicadas a cada tercero, una fila por cuenta. Límites incluidos; el superior de
 -- las cuentas trae sus subcuentas. FECINI y FECFIN "aaaammdd"; las líneas sin proyecto o centro
 -- entran con el límite inferior "0" o vacío. RETENCION: créditos menos débitos. BASE: las cuentas
--- que CONFIGURA_CERTRETE le da a la cuenta, del mismo tercero y período (CFCR_BASE "D" sus débitos,
--- "C" sus créditos, "N" el neto sin signo); sin ellas, la base de las líneas. En IVA retenido BASE
--- es el IVA y BASEIVA lo gravado; sin cuentas, lo comprado en sus comprobantes. PORC, el que
+-- que CONFIGURA_CERTRETE le da a la cuenta, del mismo tercero, período y centros (CFCR_BASE "D" sus
+-- débitos, "C" sus créditos, "N" el neto), con el signo de la retención; la línea que alcanzan dos
+-- renglones es del de código más largo. Sin ellas, la base de las líneas. En IVA retenido BASE es
+-- el IVA y BASEIVA lo gravado; sin cuentas, lo comprado en sus comprobantes. PORC, el que
 -- resulta (una cuenta puede llevar varias tarifas) y, sin base, el de la cuenta. NUMERO, con
 -- NUMERAR "S": NUMINI más el puesto del tercero entre todos los que tuvieron retención en las
 -- cuentas y el período, así un tercero lleva el mismo número en cualquier tanda. Un tercero al que
 -- en total no se le retuvo (la administración a la que se le paga) no lleva certificado, y un
--- cierre de terceros no quita ni pone retenciones. La llama Tfrngcertificados.
+-- cierre no quita ni pone retenciones. La llama Tfrngcertificados.
 CREATE OR ALTER PROCEDURE CERTIFICADOS_RETENCION (
   DESDE varchar(20), HASTA varchar(20), TERINI varchar(20), TERFIN varchar(20), FECINI varchar(8),
   FECFIN varchar(8), PRYINI varchar(4), PRYFIN varchar(4), CENINI varchar(4), CENFIN varchar(4),
@@ -39,7 +40,7 @@ BEGIN
         AND D.CODE_FECHA BETWEEN :FECINI AND :FECFIN AND D.TERC_NIT IS NOT NULL
         AND coalesce(D.PROY_COD, '0') BETWEEN :PRYINI AND :PRYFIN
         AND coalesce(D.CENT_COD, '0') BETWEEN :CENINI AND :CENFIN
-        AND NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
+        AND NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
       GROUP BY D.TERC_NIT, D.CUEN_COD
       HAVING sum(D.CODE_CREDITO - D.CODE_DEBITO) <> 0),
     CON_TOTAL AS (
@@ -53,7 +54,13 @@ BEGIN
         FROM CONFIGURA_CERTRETE F
         JOIN COMPROBANTE_DETALLE B ON B.CUEN_COD STARTING WITH F.CFCR_CTABASE
           AND B.TERC_NIT = N.TERC_NIT AND B.CODE_FECHA BETWEEN :FECINI AND :FECFIN
-          AND NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = B.ENCO_CONSEC)
+          AND coalesce(B.PROY_COD, '0') BETWEEN :PRYINI AND :PRYFIN
+          AND coalesce(B.CENT_COD, '0') BETWEEN :CENINI AND :CENFIN
+          AND NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = B.ENCO_CONSEC)
+          AND NOT EXISTS (SELECT 1 FROM CONFIGURA_CERTRETE G
+            WHERE G.CFCR_CUENTA = F.CFCR_CUENTA AND B.CUEN_COD STARTING WITH G.CFCR_CTABASE
+              AND (G.CFCR_CTABASE > F.CFCR_CTABASE
+                OR (G.CFCR_CTABASE = F.CFCR_CTABASE AND G.CFCR_ITEM < F.CFCR_ITEM)))
         WHERE F.CFCR_CUENTA = N.CUEN_COD)
     FROM NUMERADO N
     JOIN TERCEROS T ON T.TERC_NIT = N.TERC_NIT
@@ -71,13 +78,15 @@ BEGIN
       FROM COMPROBANTE_DETALLE B
       WHERE B.TERC_NIT = :NIT AND B.CODE_FECHA BETWEEN :FECINI AND :FECFIN
         AND B.CUEN_COD SIMILAR TO '(14|15|5|6|7)%'
+        AND coalesce(B.PROY_COD, '0') BETWEEN :PRYINI AND :PRYFIN
+        AND coalesce(B.CENT_COD, '0') BETWEEN :CENINI AND :CENFIN
         AND EXISTS (SELECT 1 FROM COMPROBANTE_DETALLE D WHERE D.ENCO_CONSEC = B.ENCO_CONSEC
           AND D.CUEN_COD = :CODCUENTA AND D.TERC_NIT = :NIT)
       INTO :CONFIGURADA;
-    BASEIVA = abs(coalesce(CONFIGURADA, BASE));
+    BASEIVA = coalesce(sign(RETENCION) * abs(CONFIGURADA), BASE);
     IF (CODCUENTA NOT STARTING WITH '2367' OR BASE = 0) THEN
       BASE = BASEIVA;
-    PAGADO = maxvalue(BASE, BASEIVA);
+    PAGADO = iif(abs(BASE) > abs(BASEIVA), BASE, BASEIVA);
     PORC = iif(BASE <> 0, RETENCION * 100 / BASE, TASA);
     NUMERO = iif(NUMERAR = 'S', lpad(PRIMERO + PUESTO - 1, maxvalue(char_length(NUMINI),
       char_length(PRIMERO + PUESTO - 1)), '0'), NULL);
@@ -115,7 +124,7 @@ BEGIN
         AND D.CODE_FECHA BETWEEN :FECINI AND :FECFIN AND D.TERC_NIT IS NOT NULL
       WHERE K.TURNO = 1 AND coalesce(D.PROY_COD, '') BETWEEN :PROYINI AND :PROYFIN
         AND coalesce(D.CENT_COD, '') BETWEEN :CENTINI AND :CENTFIN
-        AND NOT EXISTS (SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
+        AND NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
       GROUP BY 1, 2, 3, 4),
     LUGAR AS (
       SELECT CRCD_CUENTA, TERC_NIT, ENCO_CONSEC, min(TASA) TASA FROM COMPRA GROUP BY 1, 2, 3),

@@ -5,14 +5,15 @@ SET TERM ^ ;
 -- Calcula un artículo del año en MEDIOSMAG_DISTR_DATOS con las cuentas de su configuración: MONTO
 -- el movimiento del período de "Cuenta Mov." por el lado de MMDI_NATUR, DEVOL el contrario de "Cta.
 -- Devolución", SALDO el de "Cuenta Saldo" a la fecha final, por su propio lado (con MMDI_INCSALDO
--- "S"), BASE la de las líneas, TARIFA lo retenido de cada mil de base. De un inventario solo es
--- compra la línea que nombra tercero; las demás son su costo. Solo el centro del artículo, si lo
--- tiene; sin el NIT de la secretaría y desde MMDI_TOPE. La línea sin tercero es del de su
--- comprobante; lo que no tiene ninguno y lo negativo quedan a la vista para corregirlos. Los
--- cierres de terceros no son movimiento. Los de fuera del distrito (42, 43, 44 y 46) solo llevan
--- terceros de otros municipios, y los del exterior (310, 410 y 510), de otros países; lo que no
--- tiene tercero se ve en el artículo general de las mismas cuentas. El artículo 51 no lleva
--- terceros: una fila por cuenta, numerada como en su configuración. INICIO y FINAL "aaaammdd".
+-- "S"), BASE la de las líneas (resta la de las del lado contrario), TARIFA lo retenido de cada mil
+-- de base. La cuenta que alcanzan dos renglones se lee una vez. De un inventario solo es compra la
+-- línea que nombra tercero; las demás son su costo. Solo el centro del artículo, si lo tiene; sin
+-- el NIT de la secretaría y desde MMDI_TOPE. La línea sin tercero es del de su comprobante; lo que
+-- no tiene ninguno y lo negativo quedan a la vista para corregirlos. Los cierres no son movimiento.
+-- Los de fuera del distrito (42, 43, 44 y 46) solo llevan terceros de otros municipios, y los del
+-- exterior (310, 410 y 510), de otros países; lo que no tiene tercero se ve en el artículo general
+-- de las mismas cuentas. El artículo 51 no lleva terceros: una fila por cuenta, numerada como en su
+-- configuración. INICIO y FINAL "aaaammdd".
 -- Interna de los procedimientos ARTICULO_n.
 CREATE OR ALTER PROCEDURE CALCULE_ARTICULO (
   ARTICULO integer, ANO varchar(4), INICIO varchar(8), FINAL varchar(8), NITSHD varchar(20))
@@ -42,6 +43,7 @@ BEGIN
     LEFT JOIN CUENTAS P ON P.CUEN_COD = C.MMDC_CUENTA
     WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CUENTA <> ''
       AND (:PROY IS NULL OR D.PROY_COD = :PROY) AND (:CENTRO IS NULL OR D.CENT_COD = :CENTRO)
+      AND NOT EXISTS (SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = D.ENCO_CONSEC)
     GROUP BY C.MMDI_ARTICULO, C.MMDI_ANO, C.MMDC_ITEM;
     EXIT;
   END
@@ -51,53 +53,53 @@ BEGIN
     MMDD_DIRECCION, MMDD_TEL, MMDD_EMAIL, MMDD_CODMUNICIPIO, MMDD_NOMMUNICIPIO, MMDD_NOMDEPTO,
     MMDD_BASE, MMDD_TARIFA, MMDD_MONTO, MMDD_DEVOL, MMDD_SALDO, MMDD_FECHA, MMDD_TIPODOC, MMDD_DV,
     MMDD_CONCSH, MMDD_PAIS)
-  WITH PARTE AS (
-    SELECT D.TERC_NIT, D.ENCO_CONSEC, 1 PAPEL, D.CODE_DEBITO - D.CODE_CREDITO NETO,
-      abs(coalesce(D.CODE_BASE, 0)) BASE, D.CODE_FECHA
+  WITH CUENTA AS (
+    SELECT DISTINCT P.PAPEL, K.CUEN_COD
     FROM MEDIOSMAG_DISTR_CUENTAS C
-    JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD STARTING WITH C.MMDC_CUENTA
+    CROSS JOIN (SELECT 1 PAPEL FROM RDB$DATABASE UNION ALL SELECT 2 FROM RDB$DATABASE
+      UNION ALL SELECT 3 FROM RDB$DATABASE WHERE :CON_SALDO = 'S') P
+    LEFT JOIN CUENTAS K ON K.CUEN_COD STARTING WITH
+      nullif(decode(P.PAPEL, 1, C.MMDC_CUENTA, 2, C.MMDC_CTADEV, C.MMDC_CTASALDO), '')
+    WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND K.CUEN_COD IS NOT NULL),
+  PARTE AS (
+    SELECT D.TERC_NIT, D.ENCO_CONSEC, C.PAPEL, D.CODE_DEBITO - D.CODE_CREDITO NETO,
+      iif((D.CODE_DEBITO <> 0) = (:NATUR = 'D'), 1, -1) * abs(coalesce(D.CODE_BASE, 0)) BASE,
+      D.CODE_FECHA
+    FROM CUENTA C
+    JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = C.CUEN_COD
       AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
-    WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CUENTA <> ''
+    WHERE C.PAPEL < 3
       AND (:PROY IS NULL OR D.PROY_COD = :PROY) AND (:CENTRO IS NULL OR D.CENT_COD = :CENTRO)
-      AND (D.TERC_NIT IS NOT NULL OR D.CUEN_COD NOT STARTING WITH '14')
-    UNION ALL
-    SELECT D.TERC_NIT, D.ENCO_CONSEC, 2, D.CODE_DEBITO - D.CODE_CREDITO, 0, NULL
-    FROM MEDIOSMAG_DISTR_CUENTAS C
-    JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD STARTING WITH C.MMDC_CTADEV
-      AND D.CODE_FECHA BETWEEN :INICIO AND :FINAL
-    WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CTADEV <> ''
-      AND (:PROY IS NULL OR D.PROY_COD = :PROY) AND (:CENTRO IS NULL OR D.CENT_COD = :CENTRO)
+      AND (C.PAPEL = 2 OR D.TERC_NIT IS NOT NULL OR D.CUEN_COD NOT STARTING WITH '14')
     UNION ALL
     SELECT D.TERC_NIT, NULL, 3,
       iif(D.CUEN_COD SIMILAR TO '[234]%', -1, 1) * (D.CODE_DEBITO - D.CODE_CREDITO), 0, NULL
-    FROM MEDIOSMAG_DISTR_CUENTAS C
-    JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD STARTING WITH C.MMDC_CTASALDO
-      AND D.CODE_FECHA <= :FINAL
-    WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CTASALDO <> ''
-      AND :CON_SALDO = 'S'
+    FROM CUENTA C
+    JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = C.CUEN_COD AND D.CODE_FECHA <= :FINAL
+    WHERE C.PAPEL = 3
     UNION ALL
     SELECT S.TERC_NIT, NULL, 3,
       iif(S.CUEN_COD SIMILAR TO '[234]%', -1, 1) * (S.SAIN_DEBITO - S.SAIN_CREDITO), 0, NULL
-    FROM MEDIOSMAG_DISTR_CUENTAS C
-    JOIN SALDOS_INICIALES S ON S.CUEN_COD STARTING WITH C.MMDC_CTASALDO
-    WHERE C.MMDI_ARTICULO = :ARTICULO AND C.MMDI_ANO = :ANO AND C.MMDC_CTASALDO <> ''
-      AND :CON_SALDO = 'S'),
+    FROM CUENTA C
+    JOIN SALDOS_INICIALES S ON S.CUEN_COD = C.CUEN_COD
+    WHERE C.PAPEL = 3),
   TOTAL AS (
     SELECT coalesce(P.TERC_NIT, E.TERC_NIT, '') NIT,
       round(sum(iif(PAPEL = 1, iif(:NATUR = 'D', NETO, -NETO), 0))) MONTO,
       round(sum(iif(PAPEL = 2, iif(:NATUR = 'D', -NETO, NETO), 0))) DEVOL,
-      round(sum(iif(PAPEL = 3, NETO, 0))) SALDO, round(sum(BASE)) BASE,
-      max(CODE_FECHA) FECHA
+      round(sum(iif(PAPEL = 3, NETO, 0))) SALDO, round(sum(iif(PAPEL = 1, BASE, 0))) BASE,
+      max(iif(PAPEL = 1, CODE_FECHA, NULL)) FECHA
     FROM PARTE P
     LEFT JOIN COMPROBANTE_ENCABEZADO E
       ON E.ENCO_CONSEC = iif(P.TERC_NIT IS NULL, P.ENCO_CONSEC, NULL)
     WHERE P.ENCO_CONSEC IS NULL OR NOT EXISTS (
-      SELECT 1 FROM CIERRE_TERCEROS Z WHERE Z.ENCO_CONSEC = P.ENCO_CONSEC)
+      SELECT 1 FROM COMPROBANTES_CIERRE Z WHERE Z.ENCO_CONSEC = P.ENCO_CONSEC)
     GROUP BY 1)
   SELECT :ARTICULO, :ANO, :ITEM + row_number() OVER (ORDER BY T.NIT), T.NIT, R.TERC_NOM,
     R.TERC_DIR, R.TERC_TEL, R.TERC_EMAIL, R.CIUD_COD, C.CIUD_NOM,
     NOMBRE_DEPARTAMENTO(R.CIUD_COD), T.BASE,
-    iif(T.BASE <> 0, cast(T.MONTO * 1000 / T.BASE AS numeric(15,2)), 0), T.MONTO, T.DEVOL, T.SALDO,
+    iif(T.BASE <> 0, PROPORCION(1000 * sign(T.BASE), T.MONTO, abs(T.BASE)), 0), T.MONTO, T.DEVOL,
+    T.SALDO,
     FECHA_DE_TEXTO(T.FECHA), K.TIID_CODIGO, R.TERC_DV, R.TERC_CONCSH, R.PAIS_ID
   FROM TOTAL T
   LEFT JOIN TERCEROS R ON R.TERC_NIT = T.NIT

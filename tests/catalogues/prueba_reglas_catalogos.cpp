@@ -221,6 +221,13 @@ void PruebaReglasCatalogos::los_costos_salen_de_las_entradas() {
                     entra.arg("4", "2", "20170104", "1", "999", "999")});
     QCOMPARE(filas_de(base(), costos.arg("1")), "200|190|175|165");
     QCOMPARE(filas_de(base(), costos.arg("2")), "999|999|999|999");
+    // Máquinas de muchos millones, y más de las que caben en un billón.
+    base_->ejecute({entra.arg("5", "3", "20170105", "7", "90000000", "90000000"),
+                    entra.arg("6", "3", "20170106", "2", "91000001.37", "91000001.37"),
+                    entra.arg("7", "4", "20170107", "3000", "400000000", "400000000")});
+    QCOMPARE(filas_de(base(), costos.arg("3")),
+             "91000001.37|91000001.37|90222222.5267|90222222.5267");
+    QCOMPARE(filas_de(base(), costos.arg("4")), "400000000|400000000|400000000|400000000");
 }
 
 QTEST_GUILESS_MAIN(PruebaReglasCatalogos)

@@ -265,7 +265,7 @@ private slots:
         Sesion s;
         QFile cfg(s.base.ruta() + "/impresoras.cfg");
         QVERIFY(cfg.open(QIODevice::WriteOnly));
-        cfg.write("FACTURA,Laser\nRECIBO,Matriz\n");
+        cfg.write("FACTURA,Laser\nNOTA,\nRECIBO,Matriz\n");
         cfg.close();
         auto* lista = s.abra<Tfformatoconta>("Tfformatoconta");
         oprima(Qt::Key_F5);
@@ -273,7 +273,7 @@ private slots:
         QVERIFY(e);
         llene(e, "FOCO_ID", "7");
         llene(e, "FOCO_NOMBRE", "Caja");
-        e->EImpresora->setCurrentIndex(1);
+        e->EImpresora->setCurrentIndex(2);
         oprima_en(e->DBGridEh1, Qt::Key_Insert);
         e->DBGridEh1->SelectedIndex(1);
         for (const auto& [tecleado, dice] :
@@ -311,7 +311,7 @@ private slots:
         QCOMPARE(escritorio()->activa(), lista);
         QCOMPARE(s.dato("select foco_id || foco_nombre || foco_impresora || foco_niif || "
                         "foco_paginas from formatos_contables"),
-                 "7Caja1N1");
+                 "7Caja2N1");
         QCOMPARE(s.dato("select focd_item || focd_cuentas || focd_ini || focd_font || focd_fsize "
                         "|| focd_pagina || ':' || focd_posx || ',' || focd_posy || ',' || "
                         "focd_long from formatocontable_detalle"),
@@ -327,6 +327,24 @@ private slots:
         QCOMPARE(m->EImpresora->currentText(), "Matriz");
         oprima_en(m->DBGridEh1, Qt::Key_Insert);
         QCOMPARE(m->CFormadatos.FieldByName("FOCD_ITEM").texto(), "2");
+    }
+
+    void al_imprimir_se_propone_la_impresora_de_su_linea() {
+        Sesion s;
+        QFile cfg(s.base.ruta() + "/impresoras.cfg");
+        QVERIFY(cfg.open(QIODevice::WriteOnly));
+        cfg.write("FACTURA,Laser\nNOTA,\nRECIBO,Matriz\n");
+        cfg.close();
+        s.informe(7, "Caja");
+        s.base.ejecute({"update formatos_contables set foco_impresora = 2"});
+        s.abra<Tfimpinforme>("Tfimpinforme", AbreFormatoEspecial{7});
+        Interlocutor i;
+        i.espere_modal("OpcionesImpresion", [](QWidget* w) {
+            QCOMPARE(w->findChild<QComboBox*>("impresora")->currentText(), "Matriz");
+            QTest::keyClick(w, Qt::Key_Escape);
+        });
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void la_imagen_se_carga_en_un_elemento_grafico_y_f8_la_graba_y_abre_la_impresion() {

@@ -250,7 +250,10 @@ void PruebaCertificados::un_archivo_por_tercero_con_su_numero() {
     componente<QLineEdit>(p, "TerFin").setText("");
     p->Lperiodo->setCurrentIndex(1);
     dice(Qt::Key_F5, QString("Se generaron 1 certificados en \"%1\".").arg(carpeta.path()));
-    QVERIFY(texto("Certificado retencion de IVA 860002964.PDF").contains("190.00"));
+    const QString iva = texto("Certificado retencion de IVA 860002964.PDF");
+    QVERIFY(iva.contains("190.00"));
+    // El pie es el de estas fechas, no el de los archivos de antes.
+    QVERIFY2(iva.contains("2017/03/01...2017/04/30"), qPrintable(iva));
 }
 
 void PruebaCertificados::los_archivos_piden_acceso_y_una_carpeta_que_sirva() {

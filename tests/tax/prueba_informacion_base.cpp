@@ -1,14 +1,17 @@
 // Certificados, artículos distritales y taxonomías: cada cifra es la suma de las líneas que dice.
 #include "ledger/libro_al_azar.h"
+#include "tax/cierre_de_prueba.h"
 
 class PruebaInformacionBase : public PruebaConBase {
     Q_OBJECT
 private slots:
     void el_certificado_suma_lo_retenido_y_su_base();
+    void el_certificado_de_un_centro_lleva_su_base_y_lo_devuelto_la_resta();
     void los_certificados_suman_lo_del_libro_y_no_lo_que_se_le_paga_a_la_administracion();
     void el_detalle_no_cuenta_dos_veces_una_retencion();
     void una_factura_de_dos_categorias_reparte_una_vez_su_iva();
     void un_articulo_distrital_respeta_tope_centro_y_secretaria();
+    void un_articulo_lee_una_vez_cada_cuenta_y_resta_lo_reversado();
     void los_de_fuera_y_los_del_exterior_se_conocen_por_su_tercero();
     void el_articulo_de_totales_lleva_una_fila_por_cuenta();
     void la_taxonomia_cuadra_y_compara_con_el_ano_anterior();
@@ -25,13 +28,13 @@ private:
                            .arg(base_)
                            .arg(id));
     }
-    QString certificados(const QString& columnas, const char* desde = "0",
-                         const char* hasta = "ZZ") {
-        return filas_de(base(), "select " + columnas +
-                                    " from certificados_retencion('2365', '23659999', '" + desde +
-                                    "', '" + hasta +
-                                    "', '20180101', '20181231', '0', 'ZZ', '0', 'ZZ', "
-                                    "'2019/03/15', 'Bogotá', 'S', '0042')");
+    QString certificados(const QString& columnas, const QString& terceros = "'0', 'ZZ'",
+                         const QString& centros = "'0', 'ZZ', '0', 'ZZ'",
+                         const QString& cuenta = "2365") {
+        return filas_de(base(),
+                        QString("select %1 from certificados_retencion('%2', '%2' || '9999', %3, "
+                                "'20180101', '20181231', %4, '2019/03/15', 'Bogotá', 'S', '0042')")
+                            .arg(columnas, cuenta, terceros, centros));
     }
 };
 
@@ -44,10 +47,45 @@ void PruebaInformacionBase::el_certificado_suma_lo_retenido_y_su_base() {
     QCOMPARE(
         certificados("nit, codcuenta, base, retencion, porc, pagado, fechaexp, administracion"),
         "800456789|236540|800|20|2.5|800|2019/03/15|Bogotá");
+    // Lo que alcanzan dos renglones entra una vez.
     base().ejecute("insert into configura_certrete values ('236540', 1, '1435', 'D')");
+    base().ejecute("insert into configura_certrete values ('236540', 2, '143505', 'N')");
     // El porcentaje es el que resulta, aunque la cuenta diga otro.
     QCOMPARE(certificados("base, retencion, porc"), "1400|20|1.43");
-    QCOMPARE(certificados("nit", "9", "99"), QString());
+    QCOMPARE(certificados("nit", "'9', '99'"), QString());
+}
+
+void PruebaInformacionBase::el_certificado_de_un_centro_lleva_su_base_y_lo_devuelto_la_resta() {
+    agregue_al_plan(base(), {"2367", "236705", "236575"});
+    const QString uno = "800456789", otro = "900123456";
+    const char *p = "0001", *c = "0002";
+    grabe(base(), 1, "20180110",
+          {{1, "143505", 1000, 0, uno, p, c},
+           {2, "236540", 0, 25, uno, p, c},
+           {3, "236705", 0, 30, uno, p, c}});
+    grabe(base(), 2, "20180111",
+          {{1, "143505", 400, 0, uno}, {2, "236540", 0, 10, uno}, {3, "236705", 0, 12, uno}});
+    // Al otro se le devolvió más de lo que se le compró por esa cuenta.
+    grabe(base(), 3, "20180112", {{1, "143505", 0, 300, otro}, {2, "236540", 12, 0, otro}});
+    grabe(base(), 4, "20180113", {{1, "519530", 1000, 0, otro}, {2, "236575", 0, 40, otro}});
+    base().ejecute("update comprobante_detalle set code_base = case cuen_cod when '236540' then 40 "
+                   "when '236575' then 25 when '236705' then 20 / 3.0000 end * (code_debito + "
+                   "code_credito) where cuen_cod starting with '23'");
+    base().ejecute("update comprobante_detalle set code_base = 300 where enco_consec = 3");
+    const QString centro = "'0001', '0001', '0002', '0002'", suyo = "'800456789', '800456789'",
+                  columnas = "codcuenta, base, retencion, porc, baseiva, pagado";
+    for (bool configurado : {false, true}) {
+        if (configurado)
+            base().ejecute("insert into configura_certrete values ('236540', 1, '1435', 'N')");
+        QCOMPARE(certificados(columnas, suyo), "236540|1400|35|2.5|1400|1400");
+        QCOMPARE(certificados(columnas, suyo, centro), "236540|1000|25|2.5|1000|1000");
+        QCOMPARE(certificados(columnas, "'900123456', '900123456'"),
+                 "236540|-300|-12|4|-300|-300\n236575|1000|40|4|1000|1000");
+    }
+    // El IVA es el de las líneas y lo gravado, lo comprado: los dos del centro.
+    QCOMPARE(certificados(columnas, suyo, "'0', 'ZZ', '0', 'ZZ'", "2367"),
+             "236705|280|42|15|1400|1400");
+    QCOMPARE(certificados(columnas, suyo, centro, "2367"), "236705|200|30|15|1000|1000");
 }
 
 void PruebaInformacionBase::
@@ -104,6 +142,10 @@ void PruebaInformacionBase::una_factura_de_dos_categorias_reparte_una_vez_su_iva
         base().ejecute(QString("insert into cuentas_reporte_certdet values ('%1', 'Categoría %1', "
                                "'2408', '2365', '2367', '')")
                            .arg(categoria));
+    cierre_anual(base(), "20181231"); // no es una devolución
+    QCOMPARE(filas_de(base(), "select debitos, creditos from listado_movimiento_tercero("
+                              "'20180101', '20181231') where cuenta = '519530'"),
+             "200|0");
     QCOMPARE(filas_de(base(),
                       "select cuenta, base, iva, retefte, reteica, pagado from "
                       "rep_detalle_certificado('20180101', '20181231', '', 'zz', '', 'zz', 'G')"),
@@ -162,6 +204,26 @@ void PruebaInformacionBase::un_articulo_distrital_respeta_tope_centro_y_secretar
              esperado.join('\n'));
 }
 
+void PruebaInformacionBase::un_articulo_lee_una_vez_cada_cuenta_y_resta_lo_reversado() {
+    agregue_al_plan(base(), {"2335", "233595", "2368", "236805", "5135", "513505"});
+    const QString nit = "800456789";
+    const Moneda ica = 9660;
+    grabe(base(), 1, "20170310",
+          {{1, "236805", 0, ica, nit}, {2, "513505", 1000, 0, nit}, {3, "233595", 0, 400, nit}});
+    grabe(base(), 2, "20170311", {{1, "236805", ica, 0, nit}});
+    grabe(base(), 3, "20170312", {{1, "236805", 0, ica, nit}});
+    base().ejecute("update comprobante_detalle set code_base = 1000000 where cuen_cod = '236805'");
+    // El arriendo y lo que se debe de él, en otro renglón además del suyo.
+    base().ejecute("insert into mediosmag_distr_cuentas (mmdi_articulo, mmdi_ano, mmdc_item, "
+                   "mmdc_cuenta, mmdc_ctasaldo) values (2, '2017', 90, '513505', '2335')");
+    for (int articulo : {2, 4})
+        base().ejecute(QString("execute procedure articulo_%1('2017', '20170101', '20171231', '')")
+                           .arg(articulo));
+    QCOMPARE(filas_de(base(), "select mmdi_articulo, mmdd_base, mmdd_tarifa, mmdd_monto, "
+                              "mmdd_saldo from mediosmag_distr_datos order by 1"),
+             "2|0|0|1000|400\n4|1000000|9.66|9660|0");
+}
+
 void PruebaInformacionBase::los_de_fuera_y_los_del_exterior_se_conocen_por_su_tercero() {
     // Solo van sin cuentas los artículos que el plan no separa.
     QCOMPARE(filas_de(base(), "select a.mmdi_articulo from mediosmag_distr a where not exists("
@@ -209,6 +271,7 @@ void PruebaInformacionBase::el_articulo_de_totales_lleva_una_fila_por_cuenta() {
             if (r.cuenta == "240805")
                 iva -= r.neto();
         }
+    cierre_anual(base(), "20171231");
     base().ejecute("execute procedure articulo_51('2017', '20170101', '20171231', '')");
     QCOMPARE(filas_de(base(), "select mmdd_item, mmdd_monto from mediosmag_distr_datos order by 1"),
              QString("1|%1\n7|%2").arg(ventas.redondeada(0).texto(), iva.redondeada(0).texto()));

@@ -1,6 +1,7 @@
 // Los totales de un formato, por concepto y por tercero, son los de las líneas del libro; nada se
 // cuenta dos veces ni se pierde.
 #include "ledger/libro_al_azar.h"
+#include "tax/cierre_de_prueba.h"
 
 namespace {
 
@@ -159,6 +160,8 @@ void PruebaMediosBase::los_ajustes_que_no_se_incluyen_se_dicen() {
                                         " incluir: '")
                                     .arg(hasta));
     };
+    QCOMPARE(ajustes("20181231"), "519530|80");
+    cierre_anual(base(), "20181331"); // el cierre no es un ajuste
     QCOMPARE(ajustes("20181231"), "519530|80");
     QCOMPARE(ajustes("20181331"), QString());
     base().ejecute("execute procedure medio_1001_v9('20180101', '20181331')");

@@ -242,6 +242,7 @@ bool MotorInformes::pida_opciones() {
     static OpcionesReporte::Destino ultimo = OpcionesReporte::Vista;
     opciones_ = {};
     opciones_.destino = vista_previa ? ultimo : OpcionesReporte::Impresora;
+    opciones_.impresora = impresora;
     DialogoOpciones dialogo(opciones_, nombre_archivo, false, ventana_);
     if (dialogo.exec() != QDialog::Accepted)
         return false;

@@ -29,6 +29,8 @@ public:
     QString ProjectFile;
     /// Falso: el destino que se propone es la impresora.
     bool vista_previa = true;
+    /// La que se propone; vacía, la escogida para la sesión o la del sistema.
+    QString impresora;
     /// Nombre que se sugiere al grabar, sin extensión.
     QString nombre_archivo = QStringLiteral("Informe");
     /// Nombre del trabajo en la cola de la impresora; vacío, el título del informe.

@@ -172,17 +172,14 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
      : inicial.alcance == OpcionesReporte::Paginas                  ? paginas_
                                                                     : todo_)
         ->setChecked(true);
-    liste_impresoras();
-    if (!inicial.impresora.isEmpty())
-        impresora_->setCurrentText(inicial.impresora);
+    liste_impresoras(inicial.impresora.isEmpty() ? impresora_escogida() : inicial.impresora);
     ajuste();
     ok->setFocus();
 }
 
-void DialogoOpciones::liste_impresoras() {
+void DialogoOpciones::liste_impresoras(QString escogida) {
     impresora_->clear();
     impresora_->addItems(QPrinterInfo::availablePrinterNames());
-    QString escogida = impresora_escogida();
     if (!escogida.isEmpty() && impresora_->findText(escogida) < 0)
         impresora_->addItem(escogida);
     if (escogida.isEmpty())
@@ -196,8 +193,10 @@ void DialogoOpciones::liste_impresoras() {
 
 void DialogoOpciones::configure() {
     proteja([this] {
+        const QString antes = impresora_escogida(), propuesta = opciones().impresora;
         configure_impresora(this);
-        liste_impresoras();
+        const QString ahora = impresora_escogida();
+        liste_impresoras(ahora == antes ? propuesta : ahora);
     });
 }
 

@@ -39,7 +39,7 @@ public:
 
 private:
     void configure();
-    void liste_impresoras();
+    void liste_impresoras(QString escogida);
     void ajuste();
 
     QString archivo_, ruta_;
