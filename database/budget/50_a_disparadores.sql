@@ -83,8 +83,8 @@ BEGIN
       NEW.PRES_DEBITO, NEW.PRES_CREDITO, 'N');
 END^
 
--- La cuenta MAYOR que recibe su primer auxiliar deja de ser afectable: lo presupuestado en ella pasa
--- a él, y ella queda como suma con lo mismo. Interna de los disparadores.
+-- La cuenta MAYOR que recibe su primer auxiliar deja de ser afectable: lo presupuestado en ella
+-- pasa a él, y ella queda como suma con lo mismo. Interna de los disparadores.
 CREATE OR ALTER PROCEDURE PASE_PRESUPUESTO (MAYOR varchar(20), AUXILIAR varchar(20))
 AS
   DECLARE ANO varchar(4);
