@@ -32,7 +32,8 @@ Tfmensaje::Tfmensaje() : Pantalla("Tfmensaje", "Mensaje instantáneo"), Timer1(n
 void Tfmensaje::defina_conjuntos() {
     CUsuarios.texto("USUA_COD", 10);
     CUsuarios.texto("USUA_NOMBRE", 60);
-    CUsermens.texto("USUARIO", 10);
+    // Con llave: al refrescar sigue señalado el mismo usuario aunque cambien los demás.
+    CUsermens.texto("USUARIO", 10).banderas(pfInKey);
     CUsermens.texto("NOMBRE", 60);
     CUsermens.fecha("FECCON");
     CUsermens.calculado("Conectado", ClaseCampo::Texto, 1);

@@ -72,7 +72,7 @@ void Tfprincipal::FormActivate() {
     primera_activacion = false;
     findChild<LetreroRespaldo*>()->muestre(codigo_compania, fdm().administrador);
     revise_guardas();
-    mensajes->Timer3Timer();
+    proteja([this] { mensajes->Timer3Timer(); }); // lo demás no depende de que haya red
     if (fdm().sucursal_usuario != 0)
         lea_agencia();
     if (isVisible())

@@ -39,6 +39,16 @@ VigiaMensajes::VigiaMensajes(QWidget* marco)
             [this] { proteja([this] { AdvAlertWindow2PopupClick(); }); });
 }
 
+bool VigiaMensajes::eventFilter(QObject* objeto, QEvent* evento) {
+    if ((evento->type() == QEvent::KeyPress || evento->type() == QEvent::MouseButtonPress) &&
+        fdm().Quorvex.en_linea()) {
+        qApp->removeEventFilter(this);
+        if (!AdvAlertWindow2->isVisible())
+            Timer3->start();
+    }
+    return QObject::eventFilter(objeto, evento);
+}
+
 void VigiaMensajes::Timer3Timer() {
     Timer3->stop();
     if (!fdm().Quorvex.conectada())
@@ -54,12 +64,13 @@ void VigiaMensajes::Timer3Timer() {
                        "where mens_destino = " +
                        QuotedStr(fdm().usuario) + " and mens_leido = 'N'");
     } catch (const ErrorBase& falla) {
-        Timer3->start();
-        if (!falla.conexion_perdida())
-            throw;
-        // El usuario no pidió nada: se enterará cuando pida algo.
-        fdm().registre_en_archivo(falla.texto() + " | " + falla.detalle());
-        return;
+        // Perdida la conexión se dice una vez y el reloj queda quieto: anda de nuevo cuando el
+        // usuario siga y ella haya vuelto.
+        if (falla.conexion_perdida())
+            qApp->installEventFilter(this);
+        else
+            Timer3->start();
+        throw;
     }
     if (CMensajes.IsEmpty()) {
         Timer3->start();

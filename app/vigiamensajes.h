@@ -1,7 +1,9 @@
 #pragma once
 // Mensajes entre usuarios: pregunta cada diez segundos por los que no se han leído y los muestra.
 //
-// Mientras el aviso está a la vista no se pregunta; al cerrarlo el reloj vuelve a andar.
+// Mientras el aviso está a la vista no se pregunta; al cerrarlo el reloj vuelve a andar. Una
+// conexión que se pierde al preguntar sale como cualquier falla y lo deja quieto hasta que el
+// usuario siga trabajando con ella de vuelta.
 #include "datos/recordset/conjunto.h"
 
 #include <QPointer>
@@ -22,6 +24,7 @@ public:
     void AdvAlertWindow2PopupClick();
 
 private:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
     void marque_leido(const QString& id);
 
     Sentencia QMensajes;

@@ -380,9 +380,7 @@ public:
 protected:
     QString renglon(const Filas& f) const override {
         const PrefijoExportado p = prefijo(f);
-        const bool credito = f.moneda("CODE_DEBITO").es_cero();
-        const QString valor =
-            (credito ? "-" : "") + importe(f.moneda("CODE_DEBITO") + f.moneda("CODE_CREDITO"));
+        const QString valor = importe(f.moneda("CODE_DEBITO") - f.moneda("CODE_CREDITO"));
         const QString fecha = f.texto("ENCO_FECHA");
         return blancos(quepa(p.tipo, 3, "El tipo"), 3) +
                blancos(quepa(p.prefijo, 4, "El prefijo"), 4) +

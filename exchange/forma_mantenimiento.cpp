@@ -122,6 +122,8 @@ void FormaMantenimiento::FormCreate() {
     fdm().ConfigurarProviders(this);
     if (QWidget* primero = ckniif ? static_cast<QWidget*>(ckniif) : FecIni)
         primero->setFocus();
+    if (ckniif)
+        connect(ckniif, &QCheckBox::toggled, this, [this] { relea_cajas(); });
     if (!LTipo)
         return;
     CTipo.Open();
@@ -154,6 +156,17 @@ bool FormaMantenimiento::eventFilter(QObject* objeto, QEvent* evento) {
         }
     }
     return Pantalla::eventFilter(objeto, evento);
+}
+
+void FormaMantenimiento::relea_cajas() {
+    const QScopedValueRollback<bool> guarda(validando_, true);
+    for (auto i = cajas_.begin(); i != cajas_.end(); ++i) {
+        const QString texto = static_cast<QLineEdit*>(i.key())->text().trimmed();
+        if (texto.isEmpty() || texto.startsWith('?') || !i->al_dejarla)
+            continue;
+        i->vista = texto;
+        proteja([&] { i->al_dejarla(texto); });
+    }
 }
 
 // ---------------------------------------------------------------- lo común

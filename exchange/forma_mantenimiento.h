@@ -70,6 +70,8 @@ protected:
 private:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void SpeedButton1Click();
+    /// Al cambiar de libro, lo que las cajas mostraban era del otro.
+    void relea_cajas();
     struct Caja {
         std::function<void(const QString&)> al_dejarla;
         std::function<void(QLineEdit*)> busque;

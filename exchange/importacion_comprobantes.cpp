@@ -11,12 +11,15 @@ QString unida(const LlaveComprobante& l) {
     return l.tipo + QChar(0x1F) + l.prefijo + QChar(0x1F) + l.numero;
 }
 
-/// Con seis cifras, como se guarda; uno que no es de cifras, como vino.
+/// Con seis cifras, como se guarda, aunque traiga más ceros; uno que no es de cifras, como vino.
 QString numero_completo(const QString& numero) {
     for (const QChar c : numero)
         if (c < '0' || c > '9')
             return numero;
-    return numero.isEmpty() ? numero : complete_numero(numero);
+    qsizetype sobran = 0;
+    while (numero.size() - sobran > kCifrasNumero && numero[sobran] == '0')
+        ++sobran;
+    return numero.isEmpty() ? numero : complete_numero(numero.mid(sobran));
 }
 
 const QStringList kEncabezado{"ENCO_FECHA", "ENCO_CONCEPTO", "ENCO_REFER"};
@@ -90,9 +93,13 @@ void ImportacionComprobantes::agregue(const RegistroLeido& registro, const QStri
         falle(r, razon);
     else
         revise(r);
-    debitos_ += l.debito;
-    creditos_ += l.credito;
     renglones_.append(r);
+    try {
+        debitos_ += l.debito;
+        creditos_ += l.credito;
+    } catch (const ErrorMoneda&) {
+        falla_encabezado_ = QStringLiteral("El comprobante suma más de lo que cabe.");
+    }
 }
 
 void ImportacionComprobantes::falle(Renglon& renglon, const QString& razon) {

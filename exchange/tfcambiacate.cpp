@@ -19,6 +19,7 @@ Tfcambiacate::Tfcambiacate() : FormaMantenimiento("Tfcambiacate", "Cambiar detal
 
 void Tfcambiacate::Edit1Exit(const QString& cuenta) {
     Nombre1->clear();
+    leida_.reset();
     const auto a = atributos_de_cuenta(fdm().Quorvex, libro(), cuenta);
     if (!a) {
         muestre_mensaje("Cuenta no encontrada.");
@@ -28,15 +29,25 @@ void Tfcambiacate::Edit1Exit(const QString& cuenta) {
     ckter->setChecked(a->tercero == "S");
     ckcen->setChecked(a->centro == "S");
     ckret->setChecked(a->retencion == "S");
+    leida_ = {libro(), cuenta};
 }
 
 bool Tfcambiacate::corra() {
     const QString cuenta = Edit1->text().trimmed();
+    // F2 no saca de la caja: las casillas pueden ser todavía las de otra.
+    if (leida_ != std::pair(libro(), cuenta)) {
+        Edit1Exit(cuenta);
+        return false;
+    }
     const IndicadoresCuenta i{ckter->isChecked(), ckcen->isChecked(), ckret->isChecked()};
     const CifrasMantenimiento cifras =
         cambie_detalle(fdm().Quorvex, libro(), cuenta, i, Paso::Cifras);
     QString pregunta =
         "Se cambiará el detalle de la cuenta " + cuenta + ", que tiene " + cifras.cuantos() + '.';
+    QStringList exige;
+    for (const QCheckBox* c : {ckter, ckcen, ckret})
+        exige << c->text() + (c->isChecked() ? ": sí" : ": no");
+    pregunta += " Exigirá " + exige.join(", ") + '.';
     if (cifras.incompletos > 0)
         pregunta += QStringLiteral(" %1 quedarán sin el dato que la cuenta va a exigir, y la "
                                    "verificación los señalará.")

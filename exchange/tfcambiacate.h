@@ -15,4 +15,6 @@ protected:
 
 private:
     void Edit1Exit(const QString& cuenta);
+
+    std::optional<std::pair<Libro, QString>> leida_; ///< la cuenta de la que son las casillas
 };

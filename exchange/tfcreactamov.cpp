@@ -31,6 +31,7 @@ Tfcreactamov::Tfcreactamov() : FormaMantenimiento("Tfcreactamov", "Abrir auxilia
 
 void Tfcreactamov::CUEN_CODChange(const QString& cuenta) {
     Padre->clear();
+    leida_.reset();
     if (!nombre_en_el_plan(fdm().Quorvex, libro(), cuenta).isEmpty()) {
         muestre_mensaje((es_niif(libro()) ? "La cuenta NIIF " : "La cuenta ") + cuenta +
                         " ya existe.");
@@ -45,8 +46,10 @@ void Tfcreactamov::CUEN_CODChange(const QString& cuenta) {
     CUEN_TERCERO->setChecked(atributos->tercero == "S");
     CUEN_CENTRO->setChecked(atributos->centro == "S");
     CUEN_RETENCION->setChecked(atributos->retencion == "S");
-    if (!es_niif(libro()) && CUEN_EQNIIF->text().isEmpty())
+    // La que puso la cuenta mayor anterior no es de esta; la que se escribió se queda.
+    if (!es_niif(libro()) && (CUEN_EQNIIF->text().isEmpty() || !CUEN_EQNIIF->isModified()))
         CUEN_EQNIIF->setText(atributos->equivalente);
+    leida_ = {libro(), cuenta};
     Padre->setText("de " + padre + ' ' + nombre_en_el_plan(fdm().Quorvex, libro(), padre));
 }
 
@@ -59,6 +62,11 @@ bool Tfcreactamov::corra() {
                      CUEN_RETENCION->isChecked()};
     if (n.cuenta.isEmpty())
         rehuse(CUEN_COD, "Falta ingresar el código de la cuenta.");
+    // F2 no saca de la caja: lo de la cuenta mayor puede ser todavía de otra.
+    if (leida_ != std::pair(libro(), n.cuenta)) {
+        CUEN_CODChange(n.cuenta);
+        return false;
+    }
     if (n.nombre.isEmpty())
         rehuse(CUEN_NOM, "Falta ingresar el nombre de la cuenta.");
     if (!es_niif(libro()) && n.equivalente.isEmpty() &&

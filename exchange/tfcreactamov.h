@@ -15,4 +15,6 @@ protected:
 
 private:
     void CUEN_CODChange(const QString& cuenta);
+
+    std::optional<std::pair<Libro, QString>> leida_; ///< la cuenta con la que se leyó su mayor
 };

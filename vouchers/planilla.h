@@ -24,7 +24,9 @@ namespace columnas_planilla {
 inline constexpr const char *kDia = "DIA", *kFecha = "FECHA", *kNumero = "NUMERO",
                             *kTercero = "TERCERO", *kCentro = "CENTRO", *kSubcentro = "SUBCENTRO",
                             *kConcepto = "CONCEPTO", *kBase = " Base > ";
-}
+/// "aaaamm" del día de la fila. No se ve; más largo que un título, ninguno puede llamarse así.
+inline constexpr const char* kPeriodo = "PERIODO EN EL QUE SE DIGITA LA FILA";
+} // namespace columnas_planilla
 
 /// Lo que trae una fila de la hoja.
 struct FilaPlanilla {

@@ -16,6 +16,7 @@ using namespace columnas_planilla;
 namespace {
 constexpr int kDigitar = 30;
 constexpr const char* kImporte = "#,###.00";
+constexpr int kLargoPeriodo = 6; ///< "aaaamm"
 } // namespace
 
 Tfplanilladatos::Tfplanilladatos()
@@ -80,8 +81,8 @@ void Tfplanilladatos::FormCreate() {
                        QuotedStr(planilla_.tipo));
     ETipo->setText(fdm().QBorrar.Fields(0).texto());
     fdm().QBorrar.Close();
-    EAno->setText(fdmcnt().ano_actual);
-    EMes->setText(fdmcnt().nombre_periodo());
+    periodo_ = fdmcnt().cursor();
+    muestre_periodo();
     for (QLineEdit* e : {EAno, EMes})
         e->setVisible(!planilla_.pide_fecha);
     QStringList titulos;
@@ -97,6 +98,20 @@ void Tfplanilladatos::FormCreate() {
     DBGridEh1->setFocus();
     if (!fdm().exija_acceso(kDigitar))
         pida_cierre_al_crear();
+}
+
+void Tfplanilladatos::muestre_periodo() {
+    EAno->setText(QString::number(periodo_.ano));
+    EMes->setText(Tfdm::nombres_periodo().value(periodo_.indice));
+}
+
+void Tfplanilladatos::tome_periodo_de_las_filas() {
+    CVirtdata.recorra_todas([this](const Fila& fila) {
+        const QString p = CVirtdata.valor_de(fila, CVirtdata.FieldByName(kPeriodo)).texto();
+        if (p.size() == kLargoPeriodo)
+            periodo_ = {p.left(4).toInt(), p.mid(4).toInt() - 1};
+    });
+    muestre_periodo();
 }
 
 void Tfplanilladatos::defina_hoja() {
@@ -127,6 +142,11 @@ void Tfplanilladatos::defina_hoja() {
             columna(importe(kBase), 14, Suma);
         columna(importe(cuenta.titulo), 14, Suma);
     }
+    c.texto(kPeriodo, kLargoPeriodo);
+    c.AfterInsert = [this] {
+        CVirtdata.FieldByName(kPeriodo) =
+            componga_fecha(periodo_.ano, periodo_.numero(), 1).fecha.left(kLargoPeriodo);
+    };
     c.BeforePost = [this] { VirtdataBeforePost(); };
     valide(kTercero, [](const QString& nit) { return revise_tercero(fdm().Quorvex, nit); });
     c.CreateDataSet();
@@ -163,11 +183,13 @@ void Tfplanilladatos::FormActivate() {
         return;
     borrador_ = new BorradorFilas("planilla/" + peticion<AbrePlanilla>().planilla_seleccion,
                                   {&CVirtdata}, nullptr, this);
-    borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
+    const bool retomada = borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
         const qsizetype n = h.cambios.first().size();
         return QStringLiteral("quedó esta planilla sin grabar, con %1. Desea retomarla?")
             .arg(n == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(n));
     });
+    if (retomada)
+        tome_periodo_de_las_filas();
     borrador_->siga();
 }
 
@@ -220,13 +242,19 @@ void Tfplanilladatos::DBGridDblClick(int columna) {
 
 // ---------------------------------------------------------------- comprobantes
 
+QString Tfplanilladatos::fecha_del_dia(const QString& dia) const {
+    const FechaCompuesta f = componga_fecha(periodo_.ano, periodo_.numero(), Tfdm::entero(dia));
+    if (f.corregida)
+        QApplication::beep();
+    return f.fecha;
+}
+
 FilaPlanilla Tfplanilladatos::fila_de(const Fila& fila) const {
     const auto texto = [&](const char* columna) {
         const Campo* campo = CVirtdata.FindField(columna);
         return campo ? CVirtdata.valor_de(fila, *campo).texto() : QString();
     };
-    FilaPlanilla f{.fecha =
-                       planilla_.pide_fecha ? texto(kFecha) : fdmcnt().compone_fecha(texto(kDia)),
+    FilaPlanilla f{.fecha = planilla_.pide_fecha ? texto(kFecha) : fecha_del_dia(texto(kDia)),
                    .numero = texto(kNumero),
                    .nit = texto(kTercero),
                    .proyecto = texto(kCentro),

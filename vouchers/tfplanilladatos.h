@@ -3,6 +3,7 @@
 // los graba todos juntos o ninguno.
 #include "libro/conjuntos_comprobante.h"
 #include "libro/rechazo.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/pantalla.h"
 #include "vouchers/planilla.h"
 
@@ -28,12 +29,16 @@ public:
 private:
     void construya();
     void defina_hoja();
+    void muestre_periodo();
+    /// El de las filas que se retoman, si lo traen.
+    void tome_periodo_de_las_filas();
     void valide(const char* columna, std::function<std::optional<Rechazo>(const QString&)> revise);
     void VirtdataBeforePost();
     void abra_fila();
     void busque_tercero(const QString& texto);
     void busque_centro();
     void DBGridDblClick(int columna);
+    QString fecha_del_dia(const QString& dia) const;
     FilaPlanilla fila_de(const Fila& fila) const;
     QVector<Comprobante> comprobantes() const;
     QStringList rehusados(const QVector<Comprobante>& todos);
@@ -43,6 +48,7 @@ private:
     void avise_omitidos(const QStringList& numeros);
 
     Planilla planilla_;
+    CursorPeriodo periodo_ = {}; ///< el que se ve y en el que se graba, aunque cambie la sesión
     QLineEdit *ETipo, *EMes, *EAno;
     BorradorFilas* borrador_ = nullptr;
     bool grabado_ = false, mirado_ = false;

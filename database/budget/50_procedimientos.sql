@@ -25,10 +25,21 @@ BEGIN
     SUSPEND;
 END^
 
+-- Lo EJECUTADO de cada cien presupuestados; nulo sin presupuesto o si no cabe en la columna. Va en
+-- coma flotante: la división exacta pierde decimales con las cifras grandes.
+CREATE OR ALTER FUNCTION EJECUTADO_DE (EJECUTADO numeric(15,2), PRESUPUESTADO numeric(15,2))
+RETURNS numeric(15,2)
+AS
+  DECLARE CIENTOS double precision;
+BEGIN
+  CIENTOS = cast(EJECUTADO AS double precision) * 100 / nullif(PRESUPUESTADO, 0);
+  RETURN iif(abs(CIENTOS) < 1e13, round(CIENTOS, 2), NULL);
+END^
+
 -- Presupuesto contra movimiento, del mes y acumulado desde enero, de las cuentas DESDE a HASTA con
 -- las subcuentas de HASTA. MES 1 a 13. DIFERENCIA es movimiento neto (débitos menos créditos) menos
--- presupuesto neto; PORCENTAJE, lo ejecutado de cada cien presupuestados, nulo sin presupuesto. La
--- llama Tfcompresupuesto.
+-- presupuesto neto; PORCENTAJE, lo ejecutado de cada cien presupuestados, nulo sin presupuesto o si
+-- no cabe. La llama Tfcompresupuesto.
 CREATE OR ALTER PROCEDURE PRESUPUESTO_MES (
   MES integer, ANO varchar(4), DESDE varchar(20), HASTA varchar(20))
 RETURNS (CUENTA varchar(20), NOMCUENTA varchar(60), PRDEBITO numeric(15,2), PRCREDITO numeric(15,2),
@@ -63,9 +74,9 @@ BEGIN
   DO
   BEGIN
     DIFERENCIAM = (MVDEBITO - MVCREDITO) - (PRDEBITO - PRCREDITO);
-    PORCENTAJEM = (MVDEBITO - MVCREDITO) * 100 / nullif(PRDEBITO - PRCREDITO, 0);
+    PORCENTAJEM = EJECUTADO_DE(MVDEBITO - MVCREDITO, PRDEBITO - PRCREDITO);
     DIFERENCIAA = (AMDEBITO - AMCREDITO) - (APDEBITO - APCREDITO);
-    PORCENTAJEA = (AMDEBITO - AMCREDITO) * 100 / nullif(APDEBITO - APCREDITO, 0);
+    PORCENTAJEA = EJECUTADO_DE(AMDEBITO - AMCREDITO, APDEBITO - APCREDITO);
     SUSPEND;
   END
 END^

@@ -25,7 +25,7 @@ BEGIN
   RETURN 'La contabilidad esta bloqueada a: ' || FECHA_CON_BARRAS(BLOQUEO_VIGENTE(LIBRO))
     || trim(trailing FROM iif(LIBRO = 'NIIF', ' (libro NIIF)', ''))
     || '. ' || iif(CUANTOS = 1, 'Uno de los comprobantes es', CUANTOS || ' de los comprobantes son')
-    || ' de fechas bloqueadas.';
+    || ' de fechas bloqueadas. Quite antes el bloqueo.';
 END^
 
 -- El plan NIIF no lleva auditoría propia: lo que el mantenimiento le hace se anota en la del plan.
@@ -158,8 +158,9 @@ BEGIN
 END^
 
 -- Abre el auxiliar CUENTA bajo su cuenta mayor y le pasa el movimiento de ella: líneas, saldos
--- iniciales y plantillas. La clase y los datos de ajuste se heredan. EQUIVALENTE: cuenta NIIF, solo
--- del plan 2649. La llama Tfcreactamov.
+-- iniciales y plantillas; el presupuesto lo sigue solo. La clase y los datos de ajuste se heredan;
+-- base y porcentaje nacen en cero. EQUIVALENTE: cuenta NIIF, solo del plan 2649. La llama
+-- Tfcreactamov.
 CREATE OR ALTER PROCEDURE ABRA_AUXILIAR{_NIIF} (CUENTA varchar(20), NOMBRE varchar(60),
   TERCERO char(1), CENTRO char(1), RETENCION char(1), EQUIVALENTE varchar(20), HAGALO char(1))
 RETURNS (RENGLONES integer, COMPROBANTES integer, NEGATIVA varchar(255))
@@ -197,10 +198,9 @@ BEGIN
       EXCEPTION MANTENIMIENTO_RECHAZADO NEGATIVA;
     UPDATE OR INSERT INTO CUENTA_EN_MANTENIMIENTO (LIBRO, CUEN_COD) VALUES ('{LIBRO}', :MAYOR);
     INSERT INTO {CUENTAS} (CUEN_COD, CUEN_NOM, CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION,
-      CUEN_CTAJUSTE, CUEN_CTACORRECION, CUEN_BASEMIN, CUEN_PORC, CUEN_AJUSDB, CUEN_TIPO,
-      CUEN_ACTIVA, CUEN_EQNIIF)
+      CUEN_CTAJUSTE, CUEN_CTACORRECION, CUEN_AJUSDB, CUEN_TIPO, CUEN_ACTIVA, CUEN_EQNIIF)
     SELECT :CUENTA, :NOMBRE, :TERCERO, :CENTRO, :RETENCION, CUEN_CTAJUSTE, CUEN_CTACORRECION,
-      CUEN_BASEMIN, CUEN_PORC, CUEN_AJUSDB, CUEN_TIPO, 'S',
+      CUEN_AJUSDB, CUEN_TIPO, 'S',
       iif('{LIBRO}' = 'NIIF', CUEN_EQNIIF, nullif(:EQUIVALENTE, ''))
     FROM {CUENTAS} WHERE CUEN_COD = :MAYOR;
     IF ('{LIBRO}' = 'NIIF') THEN

@@ -100,6 +100,14 @@ void PruebaMensajes::conectado_es_quien_entro_hoy() {
     QCOMPARE(p->Timer1->interval(), 15000);
     emit p->Timer1->timeout({});
     QCOMPARE(conectado("AUXILIAR"), "S");
+    // Y el señalado es el mismo aunque otro se vaya de la lista.
+    for (const char* usuario : {"TRES", "CUATRO"})
+        s_->base.general().ejecute("insert into usuario (usua_cod) values (?)", {usuario});
+    p->CUsermens.Refresh();
+    QVERIFY(p->CUsermens.Locate("USUARIO", {"TRES"}));
+    s_->base.general().ejecute("delete from usuario where usua_cod = 'AUXILIAR'");
+    emit p->Timer1->timeout({});
+    QCOMPARE(p->CUsermens.FieldByName("USUARIO").texto(), "TRES");
 }
 
 void PruebaMensajes::la_historia_es_la_del_usuario_senalado() {
@@ -138,11 +146,26 @@ void PruebaMensajes::entre_dos_programas_por_un_servidor() {
     VigiaMensajes vigia(&yo.ventana);
     vigia.Timer3Timer();
     QVERIFY(!vigia.AdvAlertWindow2->isVisible() && vigia.Timer3->isActive());
-    // Sin red el reloj no dice nada y sigue andando: cuando vuelve, pregunta.
+    // Si la red se va mientras pregunta, lo dice una vez y el reloj queda quieto.
+    yo.reloj.stop(); // los mensajes los lee la prueba
+    i_.emplace();
+    i_->espere_comienzo("Se presento el siguiente error: Se perdió la conexión");
     red.corte();
-    vigia.Timer3Timer();
+    emit vigia.Timer3->timeout({});
+    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    QVERIFY(!vigia.Timer3->isActive());
+    oprima_en(&yo.ventana, Qt::Key_Shift); // sigue sin servidor
+    QVERIFY(!vigia.Timer3->isActive());
+    // De vuelta, anda con lo siguiente que el usuario haga.
+    red.atienda();
+    yo.dm.Quorvex.consulte("select 1 from rdb$database");
+    oprima_en(&yo.ventana, Qt::Key_Shift);
     QVERIFY(vigia.Timer3->isActive());
-    QCOMPARE(yo.mensajes, QStringList());
+    // Si la pérdida la vio otro, sigue andando y no dice nada.
+    red.corte();
+    QVERIFY_THROWS_EXCEPTION(ErrorBase, yo.dm.Quorvex.consulte("select 1 from rdb$database"));
+    emit vigia.Timer3->timeout({});
+    QVERIFY(vigia.Timer3->isActive());
     red.atienda();
     yo.dm.Quorvex.consulte("select 1 from rdb$database");
     QProcess otro;

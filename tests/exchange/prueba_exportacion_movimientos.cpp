@@ -305,7 +305,8 @@ void PruebaExportacionMovimientos::un_valor_negativo_conserva_su_signo() {
                           "000123",
                           "20170131",
                           {{1, "110505", Moneda::de_texto("-1250.05"), 0},
-                           {2, "111005", Moneda::de_texto("1250.05"), 0}}});
+                           {2, "111005", Moneda::de_texto("1250.05"), 0},
+                           {3, "111005", 0, Moneda::de_texto("-5")}}});
     const QStringList comas = exporte(pedido(DestinoExportacion::Siigo)),
                       fijo = exporte(pedido(DestinoExportacion::Siigo, QChar()));
     QCOMPARE(comas[0].split(',').mid(13, 3), QStringList({"D", "-1250", "05"}));
@@ -313,6 +314,10 @@ void PruebaExportacionMovimientos::un_valor_negativo_conserva_su_signo() {
     QVERIFY2(fijo[0].contains("D-00000000125005"), qPrintable(fijo[0]));
     QCOMPARE(fijo[0].size(), fijo[1].size());
     QVERIFY(exporte(pedido(DestinoExportacion::Csv))[0].endsWith(",-1250.05,0.00"));
+    // En ISIS el signo es también el del crédito: uno negativo sale positivo.
+    const QStringList isis = exporte(pedido(DestinoExportacion::Isis));
+    QCOMPARE(isis[0].mid(74, 18), "          -1250.05");
+    QCOMPARE(isis[2].mid(74, 18), "              5.00");
 }
 
 QTEST_GUILESS_MAIN(PruebaExportacionMovimientos)

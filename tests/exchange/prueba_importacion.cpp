@@ -306,7 +306,7 @@ void PruebaImportacion::los_comprobantes_se_juntan_por_su_llave() {
     const auto c =
         comprobantes(uno + renglon("2", "110505", "5", "4") + "\n" +
                      renglon("3", "110505", "7", "") + renglon("3", "", "", "7") +
-                     renglon("1", "110505", "1.50", "") + renglon("1", "111005", "", "1.5") +
+                     renglon("00000001", "110505", "1.50", "") + renglon("1", "111005", "", "1.5") +
                      "XX,0001,000001,20170101,,,110505,,,,,,,0,0\n"
                      "RC,0009,44,20170101,,,110505,,,,,,,9,9\n");
     QCOMPARE(
@@ -337,6 +337,13 @@ void PruebaImportacion::los_comprobantes_se_juntan_por_su_llave() {
     QCOMPARE(comprobantes(renglon("7", "110505", "8", "") + '\n' + renglon("7", "111005", "", "8"))
                  .resultado.resumen(),
              "Leídos 3, grabados 0, rechazados 2, omitidos 1");
+    // Noventa y tres veces el mayor importe no caben en una suma: los otros comprobantes siguen.
+    const auto grande =
+        comprobantes(renglon("11", "110505", "9999999999999.99", "").repeated(93) +
+                     renglon("12", "110505", "6", "") + renglon("12", "111005", "", "6"));
+    QCOMPARE(grande.resultado.grabados, 2);
+    QCOMPARE(grande.resultado.rechazados.size(), 93);
+    QCOMPARE(grande.resultado.rechazados[92].razon, "El comprobante suma más de lo que cabe.");
     // En fecha bloqueada no entra, ni nuevo ni agregado.
     base_->base().ejecute("update configuracion set conf_valor = '2017/12/31' where conf_propiedad "
                           "= 'FECHA DE BLOQUEO'");

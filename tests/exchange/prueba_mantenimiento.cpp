@@ -160,7 +160,8 @@ void PruebaMantenimiento::cada_herramienta_hace_lo_que_dijo_o_nada() {
                       libro = nombre.endsWith("_niif") ? " NIIF" : "";
         c.ejecute(llave.arg("'2017/06/30'", libro));
         const QString negativa = h.corra(c, Paso::Cifras).negativa;
-        QVERIFY2(negativa.startsWith("La contabilidad esta bloqueada a: 2017/06/30"),
+        QVERIFY2(negativa.startsWith("La contabilidad esta bloqueada a: 2017/06/30") &&
+                     negativa.endsWith(" Quite antes el bloqueo."),
                  qPrintable(negativa));
         QVERIFY_THROWS_EXCEPTION(ErrorBase, h.corra(c, Paso::Haga));
         c.ejecute(llave.arg("''", libro));
@@ -264,7 +265,10 @@ void PruebaMantenimiento::abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas()
     Conexion& c = base_->base();
     base_->ejecute({"insert into plantilla_encabezado (plan_id, plan_concepto) values (1, 'P')",
                     "insert into plantilla_detalle (plan_id, plde_item, cuen_cod) values (1, 1, "
-                    "'110505')"});
+                    "'110505')",
+                    "update cuentas set cuen_basemin = 1000, cuen_porc = 2.5 where cuen_cod = "
+                    "'110505'",
+                    "insert into presupuesto values ('2017', 1, '110505', 70, 8, 'S')"});
     const QString saldo = "select sum(sald_debito - sald_credito) from vista_saldos_cuenta where "
                           "cuen_cod starting with '110505'";
     const QString antes = una(c, saldo),
@@ -274,9 +278,13 @@ void PruebaMantenimiento::abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas()
     QCOMPARE(abra_auxiliar(c, Libro::Decreto2649, nuevo, Paso::Haga).renglones,
              lineas.toLongLong());
     QCOMPARE(filas_de(c, "select cuen_cod, cuen_nom, cuen_centro, cuen_afectable, cuen_activa, "
-                         "cuen_eqniif from cuentas where cuen_cod starting with '110505' order by "
-                         "cuen_cod desc"),
-             "11050501|Caja principal|S|S|S|110505\n110505|Caja general|N|N|S|110505");
+                         "cuen_eqniif, cuen_basemin, cuen_porc from cuentas where cuen_cod "
+                         "starting with '110505' order by cuen_cod desc"),
+             "11050501|Caja principal|S|S|S|110505|0|0\n"
+             "110505|Caja general|N|N|S|110505|1000|2.5");
+    QCOMPARE(filas_de(c, "select cuen_cod, pres_debito, pres_credito, pres_afecta from presupuesto "
+                         "where cuen_cod starting with '1105' order by 1 desc"),
+             "11050501|70|8|S\n110505|70|8|N\n1105|70|8|N");
     QCOMPARE(una(c, saldo), antes);
     for (const char* tabla : {"comprobante_detalle", "saldos_iniciales", "plantilla_detalle"})
         QCOMPARE(una(c, QStringLiteral("select count(*) from %1 where cuen_cod = '110505'")

@@ -223,7 +223,7 @@ void PruebaPantallasIntercambio::el_mantenimiento_pide_la_opcion_de_cada_herrami
 namespace {
 
 /// `pasos`, separados por ';': "caja=texto|lo que se dice al dejarla"; sin caja, F2. Con '>' al
-/// final del texto se toma lo primero que la caja ofrece.
+/// final del texto se toma lo primero que la caja ofrece; con '!', no se deja la caja.
 struct CasoHerramienta {
     const char *pantalla, *pasos, *pregunta;
     const char *medida, *queda; ///< lo que cambia, y cómo queda
@@ -244,15 +244,18 @@ const CasoHerramienta kHerramientas[] = {
      "select terc_nit from comprobante_detalle where cuen_cod = '130505'", "52345678"},
     {"Tfcreactamov",
      "=|Falta ingresar el código de la cuenta.;CUEN_COD=111005|La cuenta 111005 ya existe.;"
-     "CUEN_COD=99999901|No existe la cuenta padre.;CUEN_COD=11050501;"
+     "CUEN_COD=99999901|No existe la cuenta padre.;CUEN_COD=11050501!;=;"
      "=|Falta ingresar el nombre de la cuenta.;CUEN_NOM=Caja;CUEN_EQNIIF=;"
      "=|Debe Indicar la cuenta equivalente;CUEN_EQNIIF=9;=|La cuenta NIIF 9 no existe.;"
      "CUEN_EQNIIF=110505",
      "Se cambiarán 1 renglón de 1 comprobante a la cuenta 11050501.",
      "select min(cuen_cod) from comprobante_detalle", "11050501"},
-    {"Tfcambiacate", "Edit1=9|Cuenta no encontrada.;Edit1=111005;ckter=",
-     "Se cambiará el detalle de la cuenta 111005, que tiene 2 renglones de 2 comprobantes. 2 "
-     "quedarán sin el dato que la cuenta va a exigir, y la verificación los señalará.",
+    // Las casillas son siempre las de la cuenta y el libro que se ven.
+    {"Tfcambiacate",
+     "Edit1=9|Cuenta no encontrada.;Edit1=135515;Edit1=111005!;=;ckter=;ckniif=;ckniif=;ckter=",
+     "Se cambiará el detalle de la cuenta 111005, que tiene 2 renglones de 2 comprobantes. Exigirá "
+     "Tercero: sí, Centro de costo: no, Retención: no. 2 quedarán sin el dato que la cuenta va a "
+     "exigir, y la verificación los señalará.",
      "select cuen_tercero from cuentas where cuen_cod = '111005'", "S"},
     {"Tfborramov",
      "=|Debe indicar el rango de fechas a borrar.;FecIni=20170101;FecFin=20160101;"
@@ -296,11 +299,12 @@ void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_ha
             pulse(p, caja);
         else {
             QString texto = resto.section('|', 0, 0);
-            const bool de_la_lista = texto.endsWith('>');
-            llene(p, caja, texto.remove('>'));
+            const bool de_la_lista = texto.endsWith('>'), sigue_ahi = texto.endsWith('!');
+            llene(p, caja, texto.remove('>').remove('!'));
             if (de_la_lista)
                 oprima(Qt::Key_Down);
-            oprima(Qt::Key_Return);
+            if (!sigue_ahi)
+                oprima(Qt::Key_Return);
         }
     }
     for (const char* respuesta : {"No", "Sí"}) {

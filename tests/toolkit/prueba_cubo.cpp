@@ -231,6 +231,9 @@ private slots:
                          lea_disposicion(texto, "mala.mds", campos);
                      }),
                      queja);
+        QVERIFY(QFile::resize(ruta, 8LL << 30)); // hueco: no ocupa disco
+        QCOMPARE(falla_de([&] { lea_archivo_disposicion(ruta, campos); }),
+                 "mia.mds no es una plantilla: es demasiado grande.");
     }
 
     void una_cifra_no_va_de_fila_ni_un_texto_de_valor() {

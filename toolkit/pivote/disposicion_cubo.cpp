@@ -9,6 +9,7 @@
 
 namespace {
 
+constexpr qint64 kMaximo = 1024 * 1024; ///< octetos; más es otra cosa con ese nombre
 constexpr std::array kMuestras = {"valor", "% fila", "% columna", "% total"};
 
 class Lector {
@@ -119,7 +120,11 @@ DisposicionCubo lea_archivo_disposicion(const QString& ruta, const QStringList& 
     QFile archivo(ruta);
     if (!archivo.open(QIODevice::ReadOnly))
         throw ErrorDatos(QStringLiteral("No se pudo leer la plantilla %1.").arg(ruta));
-    return lea_disposicion(QString::fromUtf8(archivo.readAll()), ruta, campos);
+    const QByteArray texto = archivo.read(kMaximo + 1);
+    if (texto.size() > kMaximo)
+        throw ErrorDatos(QStringLiteral("%1 no es una plantilla: es demasiado grande.")
+                             .arg(QFileInfo(ruta).fileName()));
+    return lea_disposicion(QString::fromUtf8(texto), ruta, campos);
 }
 
 QString escriba_disposicion(const DisposicionCubo& d) {
