@@ -3,6 +3,7 @@
 #include "assets/pch.h"
 #include "assets/peticiones_activos.h"
 #include "assets/tfgruposact.h"
+#include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/sin_grabar.h"
@@ -171,6 +172,12 @@ QWidget* FormaActivo::cuenta(const char* columna, const char* marca, Libro libro
     CActivo.FieldByName(columna).OnChange = [this, libro, nombre](Campo& c) {
         cuenta_cambiada(c, libro, nombre);
     };
+    // Una que se inactivó después sigue siendo la suya: se nombra sin validarla.
+    nombres_ << [this, columna, libro, nombre] {
+        nombre->setText(
+            nombre_en_el_plan(fdm().Quorvex, libro, CActivo.FieldByName(columna).texto()));
+        nombre->setCursorPosition(0);
+    };
     return Formulario::junto({e, nombre});
 }
 
@@ -281,10 +288,8 @@ void FormaActivo::FormCreate() {
         CGrupos.Locate("ACGR_ID", {CActivo.FieldByName("ACGR_ID").valor()});
     LSubgrupo->relea();
     CActivo.Edit();
-    for (const char* columna :
-         {"ACFJ_CTACONTA", "ACFJ_CTADEPD", "ACFJ_CTADEPC", "ACFJ_CTANIIF", "ACFJ_CTANIIFD",
-          "ACFJ_CTANIIFC", "ACFJ_CTADETERD", "ACFJ_CTADETERC"})
-        CActivo.FieldByName(columna).OnChange(CActivo.FieldByName(columna)); // sus nombres
+    for (const auto& muestre : std::as_const(nombres_))
+        muestre();
     muestre_valor();
     EDesc->setFocus();
 }

@@ -51,6 +51,7 @@ private:
 
     const Modo modo_;
     ContadorLineas contador_;
+    QVector<std::function<void()>> nombres_; ///< muestran el de cada cuenta
     EditorDato *ECod, *EDesc;
     ListaDato *LGrupo, *LSubgrupo;
     QLineEdit* EValor = nullptr;

@@ -112,12 +112,33 @@ void Tfcalculadep::CDepunidadBeforePost() {
 
 void Tfcalculadep::SpeedButton3Click() {
     CDepunidad.CheckBrowseMode();
-    // Las que nadie tocó siguen en cero: se señala la primera.
+    if (deje_las_que_no_produjeron())
+        grabe();
+}
+
+bool Tfcalculadep::deje_las_que_no_produjeron() {
     const Campo& unidades = CDepunidad.FieldByName("DEPU_UNIDADES");
-    for (int i = 0; i < CDepunidad.RecordCount(); ++i)
-        if (CDepunidad.valor_en(i, unidades).entero() <= 0) {
-            CDepunidad.vaya_a(i);
-            CDepunidadBeforePost();
-        }
-    grabe();
+    QVector<int> paradas;
+    for (int i = CDepunidad.RecordCount() - 1; i >= 0; --i)
+        if (CDepunidad.valor_en(i, unidades).entero() == 0)
+            paradas << i;
+    if (paradas.isEmpty())
+        return true;
+    const QString cuantos =
+        paradas.size() == 1
+            ? "El activo " +
+                  CDepunidad.valor_en(paradas[0], CDepunidad.FieldByName("ACFJ_COD")).texto() +
+                  " queda"
+            : QString::number(paradas.size()) + " activos quedan";
+    if (!pregunte_con_no(cuantos + " sin unidades u horas producidas, y este mes no se deprecia" +
+                         (paradas.size() == 1 ? "" : "n") + ". Desea continuar?")) {
+        CDepunidad.vaya_a(paradas.last());
+        DBGridEh1->setFocus();
+        return false;
+    }
+    for (const int fila : std::as_const(paradas)) {
+        CDepunidad.vaya_a(fila);
+        CDepunidad.Delete();
+    }
+    return true;
 }

@@ -291,18 +291,39 @@ void FormaProceso::grabe() {
         SId.ExecProc();
         campo(datos_.id) = SId.ParamByName("ID");
     }
-    postee();
-    int fallas = 0;
-    {
-        const AvisoTrabajo aviso(this, datos_.haciendo);
-        fallas = CProceso.ApplyUpdates(0);
-    }
-    if (fallas != 0) {
+    const Valor a_la_vista = campo("ENCO_NUMERO").valor();
+    const auto reponga = [&] {
         CProceso.Edit();
-        return;
+        campo("ENCO_NUMERO") = a_la_vista;
+    };
+    if (numero_pedido().isEmpty())
+        campo("ENCO_NUMERO").limpie();
+    try {
+        if (envie() != 0) {
+            reponga();
+            return;
+        }
+    } catch (...) {
+        reponga();
+        throw;
     }
+    emit fdmcnt().balance_por_recalcular();
     anuncie_hecho([this] { return comprobante_hecho(); });
     close();
+}
+
+int FormaProceso::envie() {
+    postee();
+    const AvisoTrabajo aviso(this, datos_.haciendo);
+    return CProceso.ApplyUpdates(0);
+}
+
+QString FormaProceso::numero_pedido() const {
+    const QString numero = campo("ENCO_NUMERO").texto();
+    const auto dice = [this](const char* c) { return CPrefijos.FieldByName(c).texto(); };
+    const bool propuesto = CPrefijos.Active() && dice("PRCO_PREF") == campo("PRCO_PREF").texto() &&
+                           dice("PRCO_AUTO") == "S" && dice("PREF_NUMERO") == numero;
+    return propuesto ? QString() : numero;
 }
 
 void FormaProceso::postee() {

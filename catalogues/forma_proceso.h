@@ -72,6 +72,9 @@ protected:
     /// La fecha del día digitado, "aaaammdd", en la fila.
     void ponga_fecha();
     Campo& campo(const char* nombre) const { return CProceso.FieldByName(nombre); }
+    /// El número que se pide: vacío si es el que el prefijo propuso y numera solo, porque otro
+    /// pudo tomarlo desde entonces y la base da el que sigue.
+    QString numero_pedido() const;
     /// Apaga o enciende el número según el prefijo lo lleve solo; por omisión siempre se digita.
     virtual void prefijo_cambiado() {}
     void escoja_el_tercero(const QString& texto);
@@ -85,6 +88,7 @@ protected:
     Proveedor PProceso;
 
 private:
+    int envie();
     void defina_campos();
     void construya();
     void arme_encabezado();

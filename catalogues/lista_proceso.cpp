@@ -3,6 +3,7 @@
 #include "datos/recordset/condicion.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
+#include "sesion/tfdmcnt.h"
 #include "toolkit/aviso_trabajo.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/dialogos.h"
@@ -161,5 +162,6 @@ void ListaProceso::SBBorrarClick() {
         CBorrar.Execute(datos_.borrado +
                         (llave.numerico() ? llave.texto() : QuotedStr(llave.texto())));
     }
+    emit fdmcnt().balance_por_recalcular();
     CLista.Refresh();
 }

@@ -185,7 +185,6 @@ void Tfauxiliar::borrar_comprobante(const QString& id) {
         close();
         break;
     case ResultadoBorrado::Borrado: {
-        emit fdmcnt().balance_por_recalcular();
         CAuxiliar.Refresh();
         Foto foto(fdm().Quorvex);
         calcule_saldos(foto); // el final ya no lo cuenta

@@ -177,7 +177,7 @@ void FormaConcepto::FormCreate() {
                                                "conc_cod = " +
                                                QuotedStr(codigo))
                                   .entero()));
-        cuenta_cambiada(CConceptos.FieldByName("CONC_CTACIERRE"), NomCierre);
+        muestre_nombre(CConceptos.FieldByName("CONC_CTACIERRE"), NomCierre);
         al_llegar_a_la_linea();
     } else {
         CConceptos.Append();
@@ -214,8 +214,10 @@ void FormaConcepto::nueva_linea() {
 void FormaConcepto::al_dejar_la_linea() {
     if (!CCuentas.FieldByName("CUEN_COD").vacio())
         return;
+    const bool nueva = CCuentas.State() == Estado::Insercion;
     CCuentas.Cancel();
-    contador_.empiece(contador_.ultimo() - 1);
+    if (nueva) // la que ya estaba sigue con su ítem
+        contador_.empiece(contador_.ultimo() - 1);
 }
 
 void FormaConcepto::al_llegar_a_la_linea() {
@@ -224,13 +226,15 @@ void FormaConcepto::al_llegar_a_la_linea() {
         NomBase->clear();
         return;
     }
-    const auto nombre = [this](const char* columna, QLineEdit* caja) {
-        caja->setText(nombre_en_el_plan(fdm().Quorvex, Libro::Decreto2649,
-                                        CCuentas.FieldByName(columna).texto()));
-        caja->setCursorPosition(0);
-    };
-    nombre("CUEN_COD", NomCuenta);
-    nombre("COCU_CUENTABASE", NomBase);
+    muestre_nombre(CCuentas.FieldByName("CUEN_COD"), NomCuenta);
+    muestre_nombre(CCuentas.FieldByName("COCU_CUENTABASE"), NomBase);
+    if (CConceptos.State() == Estado::Edicion && !CCuentas.FieldByName("CUEN_COD").vacio())
+        CCuentas.Edit();
+}
+
+void FormaConcepto::muestre_nombre(const Campo& cuenta, QLineEdit* caja) {
+    caja->setText(nombre_en_el_plan(fdm().Quorvex, Libro::Decreto2649, cuenta.texto()));
+    caja->setCursorPosition(0);
 }
 
 void FormaConcepto::cuenta_cambiada(Campo& campo, QLineEdit* nombre) {
@@ -243,15 +247,10 @@ void FormaConcepto::cuenta_cambiada(Campo& campo, QLineEdit* nombre) {
         busque_cuenta(campo.conjunto(), campo.FieldName, cuenta.mid(1));
         return;
     }
-    // La base puede ser una cuenta con auxiliares: suma las suyas.
-    const bool vale = campo.FieldName == "COCU_CUENTABASE" ? !fdmcnt().nom_cuenta(cuenta).isEmpty()
-                                                           : fdmcnt().valide_cuenta(cuenta);
-    if (vale) {
+    if (fdmcnt().valide_cuenta(cuenta)) {
         nombre->setText(fdmcnt().nom_cuenta(cuenta));
         nombre->setCursorPosition(0);
     } else if (campo.conjunto().editando()) {
-        if (campo.FieldName == "COCU_CUENTABASE")
-            muestre_mensaje("No se encontró la cuenta contable indicada.");
         campo.limpie();
     }
 }

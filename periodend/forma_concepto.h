@@ -35,6 +35,7 @@ private:
     void nueva_linea();
     void al_dejar_la_linea();
     void al_llegar_a_la_linea();
+    void muestre_nombre(const Campo& cuenta, QLineEdit* caja);
     void cuenta_cambiada(Campo& campo, QLineEdit* nombre);
     void centro_cambiado();
     void tercero_cambiado(Campo& nit);

@@ -100,9 +100,8 @@ QString Tfcausadifc::llamada() const {
     return "select * from causa_diferencia_cambio(" +
            QuotedStr(fdmcnt().compone_fecha_admin(EDia->text())) + ',' +
            QuotedStr(campo("TICO_COD").texto()) + ',' + QuotedStr(campo("PRCO_PREF").texto()) +
-           ',' + QuotedStr(campo("ENCO_NUMERO").texto()) + ',' +
-           QuotedStr(campo("TRM").moneda().texto()) + ',' + QuotedStr(campo("CUENTA").texto()) +
-           ')';
+           ',' + QuotedStr(numero_pedido()) + ',' + QuotedStr(campo("TRM").moneda().texto()) + ',' +
+           QuotedStr(campo("CUENTA").texto()) + ')';
 }
 
 QString Tfcausadifc::cause(Transaccion& t) {

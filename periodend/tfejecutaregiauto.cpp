@@ -84,9 +84,16 @@ void Tfejecutaregiauto::FormCreate() {
     fdm().QBorrar.Close();
     FormaProceso::FormCreate();
     ERegistro->setText(registro_ + "  " + nombre);
+    // El comprobante sale con el tipo y el prefijo del registro: aquí solo se muestran.
     campo("TICO_COD") = tipo;
-    if (campo("PRCO_PREF").vacio())
-        campo("PRCO_PREF") = prefijo;
+    LTipo->habilite(false);
+    if (!prefijo.isEmpty()) {
+        if (campo("PRCO_PREF").texto() != prefijo) {
+            campo("ENCO_NUMERO").limpie();
+            campo("PRCO_PREF") = prefijo;
+        }
+        LPref->habilite(false);
+    }
     EConcepto->setFocus();
 }
 
@@ -132,9 +139,9 @@ void Tfejecutaregiauto::SBGrabarClick() {
     const QString sql =
         "select * from registre_regiauto(" + QuotedStr(registro_) + ',' +
         QuotedStr(QString::number(p.ano)) + ',' + QString::number(p.numero()) + ',' +
-        QString::number(EDia->text().toInt()) + ',' + QuotedStr(campo("ENCO_NUMERO").texto()) +
-        ',' + QuotedStr(campo("PORC").moneda().texto()) + ',' +
-        QuotedStr(campo("CONCEPTO").texto()) + ',' + QuotedStr(campo("REFERENCIA").texto()) + ')';
+        QString::number(EDia->text().toInt()) + ',' + QuotedStr(numero_pedido()) + ',' +
+        QuotedStr(campo("PORC").moneda().texto()) + ',' + QuotedStr(campo("CONCEPTO").texto()) +
+        ',' + QuotedStr(campo("REFERENCIA").texto()) + ')';
     QString id;
     {
         const AvisoTrabajo aviso(this, "Haciendo el comprobante...");

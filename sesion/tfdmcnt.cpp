@@ -254,6 +254,7 @@ ResultadoBorrado Tfdmcnt::borrar_comprobante(const QString& pantalla, const Pedi
     if (cambiado && !pregunte_con_no(cambiado->pregunta))
         return ResultadoBorrado::Conservado;
     borre_comprobante(fdm().Quorvex, modo, pedido, fdm().usuario);
+    emit balance_por_recalcular();
     if (AvisosBarra* barra = fdm().barra())
         barra->texto("Borrado " + pedido.tipo + ' ' + pedido.prefijo + ' ' + pedido.numero);
     return ResultadoBorrado::Borrado;

@@ -39,7 +39,7 @@ void LetreroDiferencia::marque() {
 }
 
 void LetreroDiferencia::estado_cambiado() {
-    if (lineas_.detalle.State() == Estado::Edicion)
+    if (lineas_.detalle.editando())
         lineas_.anote_guardados();
     marque();
 }

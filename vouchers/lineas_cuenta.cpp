@@ -12,6 +12,7 @@
 #include "vouchers/piezas.h"
 
 #include <QClipboard>
+#include <QScopedValueRollback>
 
 bool vacio_o_cero(const Campo& c) {
     return c.vacio() || c.texto() == "0";
@@ -76,20 +77,32 @@ void LineasCuenta::consulte_cuenta(const char* columnas, const char* plan) {
                    QuotedStr(cuenta()));
 }
 
+void LineasCuenta::recuerde_celdas() {
+    for (const char* celda : {n_.cuenta, n_.tercero, n_.proyecto, n_.centro})
+        recordadas_[celda] = actual(celda);
+}
+
+std::optional<QString> LineasCuenta::tome_pregunta(const char* celda) {
+    const QString texto = campo(celda).texto();
+    if (reponiendo_ || !texto.startsWith('?'))
+        return {};
+    const QScopedValueRollback<bool> guarda(reponiendo_, true);
+    campo(celda) = recordadas_.value(celda);
+    return texto.mid(1);
+}
+
 bool LineasCuenta::busque_cuenta() {
-    const QString texto = cuenta();
-    if (!texto.startsWith('?'))
-        return false;
-    escoja_cuenta(texto.mid(1));
-    return true;
+    const auto texto = tome_pregunta(n_.cuenta);
+    if (texto)
+        escoja_cuenta(*texto);
+    return texto || reponiendo_;
 }
 
 bool LineasCuenta::busque_tercero() {
-    const QString nit = campo(n_.tercero).texto();
-    if (!nit.startsWith('?'))
-        return false;
-    escoja_tercero(nit.mid(1));
-    return true;
+    const auto texto = tome_pregunta(n_.tercero);
+    if (texto)
+        escoja_tercero(*texto);
+    return texto || reponiendo_;
 }
 
 bool LineasCuenta::busque_centro() {
@@ -101,8 +114,10 @@ bool LineasCuenta::busque_proyecto() {
 }
 
 bool LineasCuenta::pregunta_por_centro(const char* celda) {
-    if (!campo(celda).texto().startsWith('?'))
-        return false;
+    if (!tome_pregunta(celda))
+        return reponiendo_;
+    for (const char* otra : {n_.proyecto, n_.centro})
+        tome_pregunta(otra);
     escoja_centro();
     return true;
 }
@@ -193,6 +208,7 @@ void LineasCuenta::diferencia() {
 
 void LineasCuenta::anote_guardados() {
     guardados_ = {campo(n_.debito).moneda(), campo(n_.credito).moneda()};
+    recuerde_celdas();
 }
 
 Lados LineasCuenta::sumas_en_memoria(const Lados& escritos) const {

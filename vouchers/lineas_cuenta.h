@@ -9,6 +9,7 @@
 #include "libro/lineas.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QMap>
 #include <QObject>
 #include <functional>
 
@@ -65,7 +66,8 @@ public:
     virtual Moneda suma_credito() const { return detalle.agregado_total("Sumacredito").moneda(); }
     /// Las dos sumas con lo que la línea en edición lleva escrito, aunque aún no haya entrado.
     Lados sumas_al_digitar() const;
-    /// La línea acaba de entrar en edición: aún tiene lo que las sumas cuentan de ella.
+    /// La línea acaba de entrar en edición: aún tiene lo que las sumas cuentan de ella, y lo que
+    /// sus celdas vuelven a tener si en una se pregunta y no se escoge.
     void anote_guardados();
     /// El contador sigue al mayor de los números que hay, también el de la que se inserta.
     void siga_los_items(const char* campo_item);
@@ -120,6 +122,10 @@ protected:
     bool busque_tercero();
     bool busque_centro();
     bool busque_proyecto(); ///< la misma lista, preguntada en el proyecto
+    /// Lo preguntado en la celda, que vuelve a lo que tenía; nada si no empieza por "?".
+    std::optional<QString> tome_pregunta(const char* celda);
+    void recuerde_celdas();
+    bool reponiendo() const { return reponiendo_; }
     /// Cierra al entrar las columnas que la cuenta no lleva.
     void abra_o_cierre(int columna);
     /// Un débito quita el crédito, y al revés; y la diferencia sigue a las sumas.
@@ -153,6 +159,8 @@ protected:
     void disponga_pie(Formulario& f, EditorNumero* saldo_cuenta = nullptr,
                       EditorNumero* saldo_tercero = nullptr, EditorNumero* saldo_centro = nullptr);
 
+    QMap<QString, QString> recordadas_; ///< por columna, lo que tenían antes de preguntar
+    bool reponiendo_ = false;
     Lados guardados_;         ///< los de la línea en edición, como las sumas la cuentan
     ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
     const NombresLinea n_;

@@ -151,7 +151,7 @@ void LineasLibro::ate_eventos() {
     campo(n_.cuenta).OnChange = [this](Campo&) { cuenta_cambiada(); };
     campo(n_.tercero).OnChange = [this](Campo&) { tercero_cambiado(); };
     campo(n_.proyecto).OnChange = [this](Campo&) {
-        if (c_.pregunta_con_los_dos || !busque_proyecto())
+        if (!reponiendo() && (c_.pregunta_con_los_dos || !busque_proyecto()))
             validar_centro();
     };
     campo(n_.centro).OnChange = [this](Campo&) { centro_cambiado(); };
@@ -303,6 +303,8 @@ void LineasLibro::validar_tercero() {
 }
 
 void LineasLibro::centro_cambiado() {
+    if (c_.pregunta_con_los_dos && campo(n_.proyecto).vacio())
+        return;
     if (!busque_centro())
         validar_centro();
 }
@@ -410,9 +412,10 @@ void LineasLibro::AfterInsert() {
 }
 
 void LineasLibro::BeforePost() {
-    const bool sin_valor = vacio_o_cero(campo(n_.debito)) && vacio_o_cero(campo(n_.credito));
+    for (const char* celda : {n_.proyecto, n_.centro})
+        tome_pregunta(celda); // la que no llegó a abrir la lista
     if (cuenta().isEmpty()) {
-        if (c_.exige_valor && !sin_valor)
+        if (c_.exige_valor && !sin_valor())
             rehuse(QStringLiteral("Debe indicar una cuenta para el movimiento."));
         detalle.Cancel();
         throw EdicionAbortada();
@@ -421,11 +424,19 @@ void LineasLibro::BeforePost() {
              siempre_recuerda_tercero || anfitrion_.encabezado().FieldByName("TERC_NIT").vacio());
     if (replicando || (!c_.exige_valor && intacta()))
         return;
+    exija_completa();
+}
+
+bool LineasLibro::sin_valor() const {
+    return vacio_o_cero(campo(n_.debito)) && vacio_o_cero(campo(n_.credito));
+}
+
+void LineasLibro::exija_completa() {
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION");
     if (!c_.exige_valor && consulta_.IsEmpty())
         exija_cuenta();
     exija(faltas_de_linea(linea(), atributos()));
-    if (c_.exige_valor && sin_valor && !consulta_.IsEmpty())
+    if (c_.exige_valor && sin_valor() && !consulta_.IsEmpty())
         rehuse("Debe indicar un valor débito o crédito para la cuenta " + cuenta() +
                " o eliminar el registro completo.");
 }

@@ -114,6 +114,8 @@ protected:
     /// Tarifa de la cuenta de la línea, con todos sus decimales; cero si no cuenta.
     virtual Moneda tarifa_de_la_cuenta();
     void aplique_porcentaje(Moneda tarifa_cuenta);
+    /// Rehúsa la línea a la que le falta lo que su cuenta exige.
+    void exija_completa();
     LineaComprobante linea() const override;
     QString como_de_comprobante(const QString& columna) const override;
     MemoriasLinea memorias_de_pegado() const override;
@@ -138,6 +140,7 @@ private:
     void ColEnter(int columna);
     void ColExit(int columna);
     void BeforePost();
+    bool sin_valor() const;
     void exija_cuenta();
     void AfterScroll();
 

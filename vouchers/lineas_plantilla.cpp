@@ -19,6 +19,7 @@ const CamposLinea kDePlantilla{
     .dif_credito = "DifCred",
     .dif_debito_niif = "DifDebN",
     .dif_credito_niif = "DifCredN",
+    .solo_nombres = true, // lo que se inactivó después no se borra con solo pasar
 };
 
 EditorDato* solo_muestra(ConjuntoDatos& detalle, const char* campo) {

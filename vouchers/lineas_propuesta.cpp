@@ -90,6 +90,35 @@ bool LineasPropuesta::cuadrada() const {
     return valor.presente(Valor(suma_debito())) == valor.presente(Valor(suma_credito()));
 }
 
+bool LineasPropuesta::hay_agregadas() const {
+    const Campo& item = campo(c_.item);
+    bool hay = false;
+    detalle.recorra_todas([&](const Fila& f) {
+        hay |= f.marca == Fila::Marca::Insertada &&
+               (detalle.valor_de(f, item).entero() >= kPrimerItemNiif) == es_niif(libro);
+    });
+    return hay;
+}
+
+void LineasPropuesta::exija_agregadas() {
+    for (int i = 0; i < detalle.RecordCount(); ++i) {
+        if (detalle.marca_en(i) != Fila::Marca::Insertada)
+            continue;
+        {
+            const SinEventos callado(detalle);
+            detalle.vaya_a(i);
+        }
+        try {
+            exija_completa();
+        } catch (...) {
+            muestre_linea();
+            rejilla->setFocus();
+            throw;
+        }
+    }
+    detalle.Cancel(); // la que se abrió al pasar de página
+}
+
 void LineasPropuesta::pregunte_por(int columna) {
     if (columna > kCentro)
         return;
@@ -97,6 +126,7 @@ void LineasPropuesta::pregunte_por(int columna) {
         detalle.Insert();
     else
         detalle.Edit();
+    recuerde_celdas();
     if (columna == kCuenta || columna == kTercero) {
         Campo& celda = campo(columna == kCuenta ? n_.cuenta : n_.tercero);
         celda = '?' + celda.texto();
@@ -111,10 +141,8 @@ void LineasPropuesta::validar_centro() {
     const QString proyecto = campo(n_.proyecto).texto(), centro = campo(n_.centro).texto();
     if (proyecto.isEmpty() || centro.isEmpty())
         return;
-    if (proyecto.startsWith('?')) {
-        escoja_centro();
+    if (busque_proyecto() || busque_centro())
         return;
-    }
     QString sql = "select proy_cod, cent_cod from centros where proy_cod = " + QuotedStr(proyecto) +
                   " and cent_cod = " + QuotedStr(centro);
     if (ajustes().filtra_centros && fdm().sucursal_usuario != 0)

@@ -29,6 +29,10 @@ public:
     void con(const QString& que, const std::function<void()>& cambio);
     /// Las deja como estaban, una sola vez; si después hubo otros cambios, lo pregunta.
     void deshaga();
+    /// Lo mismo que al dejar cada línea, sobre las agregadas del libro a la vista: las que trajo
+    /// una plantilla entraron sin probarse. Se queda en la primera que se rehúsa.
+    void exija_agregadas();
+    bool hay_agregadas() const;
     /// Escribe "?" en la celda, y así su regla abre la búsqueda.
     void pregunte_por(int columna);
 

@@ -208,6 +208,7 @@ void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
     if (nit.isEmpty())
         return;
     if (nit.startsWith('?')) {
+        campo.limpie();
         busque_tercero_del_encabezado(nit.mid(1));
         return;
     }
@@ -230,6 +231,7 @@ void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {
     if (nit.isEmpty())
         return;
     if (nit.startsWith('?')) {
+        campo.limpie(); // salir sin escoger no deja la pregunta
         busque_mandante(nit.mid(1));
         return;
     }

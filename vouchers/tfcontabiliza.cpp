@@ -293,6 +293,7 @@ void Tfcontabiliza::grabe() {
             return;
         }
     }
+    exija_lineas_agregadas();
     const int cntb_id = int(CContabiliza.FieldByName("CNTB_ID").entero());
     exija_propuesta_vigente(fdm().Quorvex, cntb_id, visto_);
     if (CContabiliza.ApplyUpdates(0) != 0) {
@@ -304,6 +305,15 @@ void Tfcontabiliza::grabe() {
     vuelva_a_la_primera();
     reloj_->stop();
     resultado_modal(mrOk);
+}
+
+void Tfcontabiliza::exija_lineas_agregadas() {
+    for (LineasPropuesta* l : {&lineas_a_la_vista(), lineas_2649, lineas_niif}) {
+        if (!l->hay_agregadas())
+            continue;
+        PageControl1->setCurrentIndex(es_niif(l->libro) ? 1 : 0);
+        l->exija_agregadas();
+    }
 }
 
 LineasPropuesta* Tfcontabiliza::descuadrada() const {

@@ -52,6 +52,7 @@ private:
     void BitBtn1Click(); ///< F2:Grabar
     void grabe();
     LineasPropuesta* descuadrada() const;
+    void exija_lineas_agregadas();
     void vuelva_a_la_primera();
     bool hay_por_perder() const;
     bool puede_salir();

@@ -10,13 +10,13 @@ RETURNS (ACTIVO varchar(15), FECULT varchar(8), UNIREST integer)
 AS
 BEGIN
   FOR
-    SELECT A.ACFJ_COD, max(D.DEDE_FECHA),
+    SELECT A.ACFJ_COD, max(iif(D.DEDE_CLASE = 'D', D.DEDE_FECHA, NULL)),
       maxvalue(coalesce(A.ACFJ_MESDEP, 0), coalesce(A.ACFJ_DEPNIIF, 0))
         - coalesce(maxvalue(sum(iif(D.DEDE_LIBRO = '2649', D.DEDE_UNIDADES, 0)),
             sum(iif(D.DEDE_LIBRO = 'NIIF', D.DEDE_UNIDADES, 0))), 0)
     FROM ACTIVOS_FIJOS A
     LEFT JOIN ACTIVOS_GRUPOS G ON G.ACGR_ID = A.ACGR_ID
-    LEFT JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = A.ACFJ_COD AND D.DEDE_CLASE = 'D'
+    LEFT JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = A.ACFJ_COD AND D.DEDE_CLASE IN ('D', 'I')
     WHERE (A.ACFJ_UNIDADES = 'S' OR G.ACGR_TIPODEP = 4)
       AND A.ACFJ_DEP = 'S' AND A.ACFJ_ACTIVO = 'S'
       AND PRIMER_MES_ACTIVO(A.ACFJ_FECING) <= MES_CONTABLE(:FECHA)
@@ -38,6 +38,7 @@ RETURNS (METODO integer, BASE numeric(15,2), RESCATE numeric(15,2), VIDA integer
   LLEVA numeric(15,2), HECHAS integer, MES integer)
 AS
   DECLARE REVALUADO varchar(8);
+  DECLARE TIENE_VIDA boolean;
 BEGIN
   SELECT iif(A.ACFJ_UNIDADES = 'S', 4, coalesce(G.ACGR_TIPODEP, 1)), coalesce(A.ACFJ_VRORIG, 0),
     coalesce(A.ACFJ_RESCATE, 0),
@@ -47,6 +48,7 @@ BEGIN
   LEFT JOIN ACTIVOS_GRUPOS G ON G.ACGR_ID = A.ACGR_ID
   WHERE A.ACFJ_COD = :CODIGO
   INTO :METODO, :BASE, :RESCATE, :VIDA, :ANTES;
+  TIENE_VIDA = VIDA > 0;
   -- Tras un deterioro o una recuperación, o desde el saldo con que el activo llegó al programa, se
   -- reparte el valor que quedó en la vida que quedaba: el mes del deterioro se gastó solo si ya
   -- estaba depreciado.
@@ -68,6 +70,12 @@ BEGIN
   WHERE ACFJ_COD = :CODIGO AND DEDE_LIBRO = '{LIBRO}' AND DEDE_CLASE = 'D'
     AND DEDE_FECHA > coalesce(:REVALUADO, '')
   INTO :LLEVA, :HECHAS, :MES;
+  -- La vida que se acortó o ya se gastó no deja valor sin depreciar: lo que falte va de una vez.
+  IF (TIENE_VIDA AND VIDA < 1) THEN
+  BEGIN
+    VIDA = 1;
+    HECHAS = maxvalue(HECHAS, 1);
+  END
 END^
 
 -- Calcula en ACTIVO_CARGO lo que la corrida DEPR le carga a cada activo del libro hasta el mes de
@@ -90,6 +98,15 @@ AS
   DECLARE DEBITO varchar(20);
   DECLARE CREDITO varchar(20);
 BEGIN
+  SELECT FIRST 1 ACFJ_COD FROM ACTIVOS_FIJOS
+  WHERE ACFJ_ACTIVO = 'S' AND ACFJ_DEP = 'S' AND ACFJ_FECING IS NULL
+    AND ACFJ_VRORIG > coalesce(ACFJ_RESCATE, 0)
+    AND iif('{LIBRO}' = 'NIIF', ACFJ_DEPNIIF, ACFJ_MESDEP) > 0
+  ORDER BY ACFJ_COD
+  INTO :ACTIVO;
+  IF (ROW_COUNT > 0) THEN
+    EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || ACTIVO || ' le falta la fecha de ingreso, desde '
+      || 'la que se deprecia.';
   HASTA = MES_CONTABLE(FECHA);
   FOR
     SELECT A.ACFJ_COD, nullif(iif('{LIBRO}' = 'NIIF', A.ACFJ_CTANIIFD, A.ACFJ_CTADEPD), ''),
@@ -109,7 +126,8 @@ BEGIN
     IF (METODO = 4) THEN
       MES = HASTA;
     TOTAL = 0;
-    WHILE (MES <= HASTA AND (METODO = 4 OR MES - ANTES <= VIDA)) DO
+    WHILE (MES <= HASTA
+      AND (METODO = 4 OR MES - ANTES <= VIDA OR VIDA > 0 AND LLEVA < BASE - RESCATE)) DO
     BEGIN
       CARGO = CARGO_DEPRECIACION(METODO, BASE, RESCATE, LLEVA, MES - ANTES, VIDA,
         HECHAS + UNIDADES);
@@ -121,7 +139,7 @@ BEGIN
     BEGIN
       IF (DEBITO IS NULL OR CREDITO IS NULL) THEN
         EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || ACTIVO || ' le faltan las cuentas de '
-          || 'depreciación' || iif('{LIBRO}' = 'NIIF', ' NIIF', '') || '.';
+          || 'depreciación' || trim(trailing FROM iif('{LIBRO}' = 'NIIF', ' NIIF', '')) || '.';
       INSERT INTO ACTIVO_CARGO (ACFJ_COD, LIBRO, MES, UNIDADES, VALOR, CTA_DEBITO, CTA_CREDITO)
       VALUES (:ACTIVO, '{LIBRO}', :MES - 1, :UNIDADES, :TOTAL, :DEBITO, :CREDITO);
     END
@@ -173,7 +191,7 @@ BEGIN
   RETURNING_VALUES METODO, BASE, RESCATE, VIDA, ANTES, LLEVA, HECHAS, MES;
   HECHO = 'N';
   CLASE = 'Depreciación';
-  WHILE (METODO <> 4 AND MES - ANTES <= VIDA) DO
+  WHILE (METODO <> 4 AND (MES - ANTES <= VIDA OR VIDA > 0 AND LLEVA < BASE - RESCATE)) DO
   BEGIN
     CARGO = CARGO_DEPRECIACION(METODO, BASE, RESCATE, LLEVA, MES - ANTES, VIDA, HECHAS);
     LLEVA = LLEVA + CARGO;
@@ -277,31 +295,68 @@ BEGIN
   END
 END^
 
--- Saca del libro los activos que la ficha tiene fuera de uso y no se han dado de baja: cancela
--- costo, depreciación y deterioro acumulados; lo que faltaba es pérdida, por los centros del activo
--- si su cuenta los lleva. Interna de ASIENTE_DEPRECIACION.
-CREATE OR ALTER PROCEDURE ARME_BAJA{_NIIF} (ASIENTO integer, FECHA varchar(8), REFER varchar(8))
+-- Activos que la ficha tiene fuera de uso y siguen en el libro, con lo que en él valen y sus
+-- cuentas. El que no tiene allí cuentas ni procesos nunca estuvo. Interna de las bajas.
+CREATE OR ALTER PROCEDURE BAJAS_PENDIENTES{_NIIF}
+RETURNS (ACTIVO varchar(15), VALOR numeric(15,2), DEPRECIADO char(1), CTA_DEBITO varchar(20),
+  CTA_CREDITO varchar(20))
+AS
+BEGIN
+  FOR
+    SELECT A.ACFJ_COD, A.ACFJ_VRORIG - coalesce(sum(D.DEDE_VALOR), 0),
+      iif(count(D.DEDE_ID) > 0, 'S', 'N'),
+      nullif(iif('{LIBRO}' = 'NIIF', A.ACFJ_CTANIIFC, A.ACFJ_CTADEPC), ''),
+      nullif(iif('{LIBRO}' = 'NIIF', A.ACFJ_CTANIIF, A.ACFJ_CTACONTA), '')
+    FROM ACTIVOS_FIJOS A
+    LEFT JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = A.ACFJ_COD AND D.DEDE_LIBRO = '{LIBRO}'
+    WHERE A.ACFJ_ACTIVO <> 'S' AND A.ACFJ_VRORIG <> 0
+    GROUP BY A.ACFJ_COD, A.ACFJ_VRORIG, 4, 5
+    HAVING count(iif(D.DEDE_CLASE = 'B', 1, NULL)) = 0
+    INTO :ACTIVO, :VALOR, :DEPRECIADO, :CTA_DEBITO, :CTA_CREDITO
+  DO
+    IF (DEPRECIADO = 'S' OR CTA_DEBITO IS NOT NULL OR CTA_CREDITO IS NOT NULL) THEN
+      SUSPEND;
+END^
+
+-- Rehúsa la baja a la que un activo del libro no puede entrar: sin las cuentas con que sale, o con
+-- un proceso posterior a FECHA. Interna de ARME_BAJA.
+CREATE OR ALTER PROCEDURE REVISE_BAJA{_NIIF} (FECHA varchar(8))
 AS
   DECLARE ACTIVO varchar(15);
-  DECLARE PERDIDA varchar(20);
+  DECLARE ULTIMA varchar(8);
+  DECLARE OTRO integer;
 BEGIN
-  INSERT INTO ACTIVO_CARGO (ACFJ_COD, LIBRO, MES, UNIDADES, VALOR, CTA_DEBITO, CTA_CREDITO)
-  SELECT A.ACFJ_COD, '{LIBRO}', MES_CONTABLE(:FECHA), 0, A.ACFJ_VRORIG - coalesce((
-      SELECT sum(D.DEDE_VALOR) FROM DEPRECIACION_DETALLE D
-      WHERE D.ACFJ_COD = A.ACFJ_COD AND D.DEDE_LIBRO = '{LIBRO}'), 0),
-    nullif(iif('{LIBRO}' = 'NIIF', A.ACFJ_CTANIIFC, A.ACFJ_CTADEPC), ''),
-    nullif(iif('{LIBRO}' = 'NIIF', A.ACFJ_CTANIIF, A.ACFJ_CTACONTA), '')
-  FROM ACTIVOS_FIJOS A
-  WHERE A.ACFJ_ACTIVO <> 'S' AND A.ACFJ_VRORIG <> 0
-    AND NOT EXISTS (SELECT 1 FROM DEPRECIACION_DETALLE B WHERE B.ACFJ_COD = A.ACFJ_COD
-      AND B.DEDE_LIBRO = '{LIBRO}' AND B.DEDE_CLASE = 'B');
-  SELECT FIRST 1 ACFJ_COD FROM ACTIVO_CARGO
-  WHERE LIBRO = '{LIBRO}' AND (CTA_CREDITO IS NULL OR CTA_DEBITO IS NULL)
-  ORDER BY ACFJ_COD
+  SELECT FIRST 1 ACTIVO FROM BAJAS_PENDIENTES{_NIIF}
+  WHERE CTA_CREDITO IS NULL OR DEPRECIADO = 'S' AND CTA_DEBITO IS NULL
+  ORDER BY ACTIVO
   INTO :ACTIVO;
   IF (ROW_COUNT > 0) THEN
     EXCEPTION PROCESO_INCOMPLETO 'Al activo ' || ACTIVO || ' le faltan las cuentas del activo o '
-      || 'de su depreciación' || iif('{LIBRO}' = 'NIIF', ' NIIF', '') || '.';
+      || 'de su depreciación' || trim(trailing FROM iif('{LIBRO}' = 'NIIF', ' NIIF', '')) || '.';
+  SELECT FIRST 1 P.ACTIVO, D.DEDE_FECHA, D.ENCO_CONSEC
+  FROM BAJAS_PENDIENTES{_NIIF} P
+  JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = P.ACTIVO AND D.DEDE_LIBRO = '{LIBRO}'
+    AND D.DEDE_FECHA > :FECHA
+  ORDER BY P.ACTIVO, D.DEDE_FECHA DESC
+  INTO :ACTIVO, :ULTIMA, :OTRO;
+  IF (ROW_COUNT > 0) THEN
+    EXCEPTION PROCESO_REPETIDO 'El activo ' || ACTIVO || ' tiene un proceso del '
+      || FECHA_CON_BARRAS(ULTIMA) || ' (comprobante ' || NOMBRE_COMPROBANTE(OTRO)
+      || '), posterior a la baja. Póngale a la baja esa fecha u otra posterior, o elimine antes '
+      || 'ese proceso.';
+END^
+
+-- Saca del libro los activos por dar de baja: cancela costo, depreciación y deterioro acumulados;
+-- lo que faltaba es pérdida, por los centros del activo si su cuenta los lleva. Interna de
+-- ASIENTE_DEPRECIACION.
+CREATE OR ALTER PROCEDURE ARME_BAJA{_NIIF} (ASIENTO integer, FECHA varchar(8), REFER varchar(8))
+AS
+  DECLARE PERDIDA varchar(20);
+BEGIN
+  EXECUTE PROCEDURE REVISE_BAJA{_NIIF}(FECHA);
+  INSERT INTO ACTIVO_CARGO (ACFJ_COD, LIBRO, MES, UNIDADES, VALOR, CTA_DEBITO, CTA_CREDITO)
+  SELECT ACTIVO, '{LIBRO}', MES_CONTABLE(:FECHA), 0, VALOR, CTA_DEBITO, CTA_CREDITO
+  FROM BAJAS_PENDIENTES{_NIIF};
   IF (EXISTS (SELECT 1 FROM ACTIVO_CARGO WHERE LIBRO = '{LIBRO}' AND VALOR <> 0)) THEN
     PERDIDA = CUENTA_DE_CIERRE('{LIBRO}', 'CUENTA DE PERDIDA EN BAJA DE ACTIVOS');
   INSERT INTO ASIENTO_LINEA (ASIE_ID, LIBRO, CODE_ITEM, CUEN_COD, CODE_CONCEPTO, CODE_REFER,
@@ -336,21 +391,17 @@ BEGIN
 END^
 --</LIBROS>
 
--- Activos que sacará la próxima baja, de los dos libros a la vez: los que la ficha tiene fuera de
--- uso y nadie ha dado de baja. La llama Tfbajaactivo.
+-- Activos que sacará la próxima baja, con lo que valen en cada libro; 0 en el que no sale. La llama
+-- Tfbajaactivo.
 CREATE OR ALTER PROCEDURE ACTIVOS_POR_BAJAR
 RETURNS (ACTIVO varchar(15), NOMBRE varchar(60), VALOR numeric(15,2), VALORNIIF numeric(15,2))
 AS
 BEGIN
   FOR
-    SELECT A.ACFJ_COD, A.ACFJ_DESC,
-      A.ACFJ_VRORIG - coalesce(sum(iif(D.DEDE_LIBRO = '2649', D.DEDE_VALOR, 0)), 0),
-      A.ACFJ_VRORIG - coalesce(sum(iif(D.DEDE_LIBRO = 'NIIF', D.DEDE_VALOR, 0)), 0)
-    FROM ACTIVOS_FIJOS A
-    LEFT JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = A.ACFJ_COD
-    WHERE A.ACFJ_ACTIVO <> 'S' AND A.ACFJ_VRORIG <> 0
-    GROUP BY A.ACFJ_COD, A.ACFJ_DESC, A.ACFJ_VRORIG
-    HAVING count(iif(D.DEDE_CLASE = 'B', 1, NULL)) = 0
+    SELECT A.ACFJ_COD, A.ACFJ_DESC, coalesce(L.VALOR, 0), coalesce(N.VALOR, 0)
+    FROM BAJAS_PENDIENTES L
+    FULL JOIN BAJAS_PENDIENTES_NIIF N ON N.ACTIVO = L.ACTIVO
+    JOIN ACTIVOS_FIJOS A ON A.ACFJ_COD = coalesce(L.ACTIVO, N.ACTIVO)
     ORDER BY A.ACFJ_COD
     INTO :ACTIVO, :NOMBRE, :VALOR, :VALORNIIF
   DO
@@ -460,7 +511,7 @@ AS
 BEGIN
   IF (NEW.DEPR_ID = 0) THEN
     NEW.DEPR_ID = coalesce((SELECT max(DEPR_ID) FROM DEPRECIACION_PENDIENTE), 0);
-  IF (coalesce(NEW.DEPU_UNIDADES, 0) <= 0) THEN
+  IF (coalesce(NEW.DEPU_UNIDADES, -1) < 0) THEN
     EXCEPTION PROCESO_INCOMPLETO 'Debe indicar el número de unidades/horas producidas.';
 END^
 
@@ -623,8 +674,8 @@ BEGIN
   EXECUTE PROCEDURE BORRE_COMPROBANTE(OLD.ACFV_IDCOMP, USUARIO_ACTUAL());
 END^
 
--- Comprobantes de un activo: los que lo nombran en una línea y los de sus procesos. La llama
--- Tfmovactivo.
+-- Comprobantes de un activo: los que lo nombran en una línea de cualquiera de los libros (la NIIF
+-- que repite una local no va dos veces) y los de sus procesos. La llama Tfmovactivo.
 CREATE OR ALTER PROCEDURE COMPROBANTES_ACTIVO (CODIGO varchar(15))
 RETURNS (ID integer, TIPO varchar(3), PREFIJO varchar(4), NUMERO varchar(8), FECHA varchar(8),
   CONCEPTO varchar(60), REF varchar(8), TIPOREF integer, DEBITO numeric(15,2),
@@ -641,10 +692,20 @@ BEGIN
       JOIN CUENTAS C ON C.CUEN_COD = D.CUEN_COD AND C.CUEN_TIPO = 'A'
       WHERE D.ARTI_COD = :CODIGO
       UNION ALL
+      SELECT N.ENCO_CONSEC, N.CODE_ITEM + 50000, N.CODE_CONCEPTO, N.CODE_REFER,
+        coalesce(N.CODE_DEBITO, 0), coalesce(N.CODE_CREDITO, 0)
+      FROM COMPROBANTE_DETALLE_NIIF N
+      JOIN CUENTAS_NIIF C ON C.CUEN_COD = N.CUEN_COD AND C.CUEN_TIPO = 'A'
+      WHERE N.ARTI_COD = :CODIGO AND NOT EXISTS (SELECT 1 FROM COMPROBANTE_DETALLE D
+        JOIN CUENTAS L ON L.CUEN_COD = D.CUEN_COD AND L.CUEN_TIPO = 'A'
+        WHERE D.ENCO_CONSEC = N.ENCO_CONSEC AND D.ARTI_COD = N.ARTI_COD
+          AND (D.CODE_ITEM = N.CODE_ITEMREP OR N.CODE_ITEMREP IS NULL
+            AND D.CODE_DEBITO = N.CODE_DEBITO AND D.CODE_CREDITO = N.CODE_CREDITO))
+      UNION ALL
       SELECT P.ENCO_CONSEC, 100000,
           decode(P.DEDE_CLASE, 'D', 'Depreciación', 'B', 'Baja',
             trim(iif(P.DEDE_VALOR < 0, 'Recuperación', 'Deterioro')))
-          || iif(P.DEDE_LIBRO = 'NIIF', ' NIIF', ''), NULL,
+          || trim(trailing FROM iif(P.DEDE_LIBRO = 'NIIF', ' NIIF', '')), NULL,
         iif(P.DEDE_VALOR < 0, -P.DEDE_VALOR, 0), iif(P.DEDE_VALOR > 0, P.DEDE_VALOR, 0)
       FROM DEPRECIACION_DETALLE P WHERE P.ACFJ_COD = :CODIGO) M
     JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = M.ID

@@ -12,8 +12,9 @@ private slots:
     void cada_metodo_carga_lo_suyo_cada_mes();
     void el_gasto_se_reparte_por_los_centros_del_activo();
     void un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupera();
-    void las_unidades_producidas_mandan_y_no_pueden_ser_cero();
+    void las_unidades_producidas_mandan_y_la_que_no_produjo_no_carga();
     void el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene();
+    void lo_que_queda_al_acabarse_la_vida_se_carga_de_una_vez();
     void un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del_mes();
     void un_nuevo_valor_se_deshace_en_orden_y_no_se_repite_ni_se_edita();
     void el_deterioro_se_reparte_por_los_centros_del_activo();
@@ -205,11 +206,17 @@ void PruebaDepreciacion::un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupe
     QCOMPARE(dato("select count(*) from depreciacion").entero(), 3);
 }
 
-void PruebaDepreciacion::las_unidades_producidas_mandan_y_no_pueden_ser_cero() {
+void PruebaDepreciacion::las_unidades_producidas_mandan_y_la_que_no_produjo_no_carga() {
+    activo("MESA", "1200", "0", 12, 12, 1, "2017-01-01");
     activo("PRENSA", "1000", "0", 300, 300, 1, "2017-01-01", "S");
+    // La que llegó con 60 unidades ya producidas: le restan las demás.
+    activo("SIERRA", "1000", "0", 300, 300, 1, "2017-01-01", "S");
+    base().ejecute("insert into depreciacion_detalle (dede_id, acfj_cod, dede_libro, dede_clase,"
+                   " dede_fecha, dede_mes, dede_unidades, dede_valor) values (next value for"
+                   " sec_depreciacion_detalle, 'SIERRA', '2649', 'I', '20161231', 24204, 60, 200)");
     QCOMPARE(
         filas_de(base(), "select activo, unirest from ultima_depreciacion_unidades('20170131')"),
-        "PRENSA|300");
+        "PRENSA|300\nSIERRA|240");
     const auto corra = [this](const QString& fecha, int unidades) {
         Transaccion t(base(), Transaccion::Modo::Escritura);
         base().prepare(orden_depreciacion(fecha, "A"), t)->ejecute(t, {});
@@ -221,12 +228,14 @@ void PruebaDepreciacion::las_unidades_producidas_mandan_y_no_pueden_ser_cero() {
         t.confirme();
     };
     corra("20170131", 100);
-    QVERIFY_EXCEPTION_THROWN(corra("20170228", 0), ErrorDatos);
+    QVERIFY_EXCEPTION_THROWN(corra("20170228", -1), ErrorDatos);
+    corra("20170228", 0); // parada: el mes se deprecia sin ella
     corra("20170331", 50);
     corra("20170430", 400); // más de lo que restaba: se carga lo que falta
     QCOMPARE(cargos("PRENSA"), (QStringList{"333.33", "166.67", "500"}));
+    QCOMPARE(cargos("MESA"), (QStringList{"100", "100", "100", "100"}));
     QCOMPARE(filas_de(base(), "select activo from ultima_depreciacion_unidades('20170531')"),
-             QString());
+             "SIERRA");
 }
 
 void PruebaDepreciacion::el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene() {
@@ -237,6 +246,8 @@ void PruebaDepreciacion::el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene() {
     QCOMPARE(cargos("CAMION").last(), "100");
     QCOMPARE(cargos("CAMION", "NIIF").last(), "50"); // 300 en los 6 meses que quedaban
     retire("CAMION");
+    QVERIFY(falla(orden_depreciacion("20170530", ""))
+                .contains("El activo CAMION tiene un proceso del 2017/05/31 (comprobante CG 0001"));
     base().ejecute(orden_depreciacion("20170630", ""));
     QCOMPARE(ultimo(""), "152405|||0|1000\n159215|||500|0\n531015|||500|0");
     QCOMPARE(ultimo("_niif"), "152405|||0|1000\n159215|||450|0\n159220|||300|0\n531015|||250|0");
@@ -249,6 +260,26 @@ void PruebaDepreciacion::el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene() {
     QVERIFY(falla(orden_depreciacion("20170731", "")).contains("no hay activos fuera de uso"));
     QCOMPARE(dato("select count(*) from comprobantes_activo('CAMION')").entero(), 13);
     QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaDepreciacion::lo_que_queda_al_acabarse_la_vida_se_carga_de_una_vez() {
+    camion(6); // 600 de 1.000
+    base().ejecute(orden_valor("CAMION", mes(2017 * 12 + 6), "-100"));
+    base().ejecute("delete from activos_fijos where acfj_cod <> 'CAMION'");
+    base().ejecute("update activos_fijos set acfj_mesdep = 4, acfj_depniif = 4");
+    const char* falta = "select periodo, cargo from cuadro_activo%1('CAMION') where hecho = 'N'";
+    QCOMPARE(filas_de(base(), QString(falta).arg("")), "2017/07|400");
+    QCOMPARE(filas_de(base(), QString(falta).arg("_niif")), "2017/07|300");
+    deprecie_meses(7, 7);
+    // Y lo que se le sume al costo cuando ya no le quedaba vida.
+    base().ejecute("update activos_fijos set acfj_vrorig = 1090");
+    deprecie_meses(8, 8);
+    QCOMPARE(cargos("CAMION").mid(6), (QStringList{"400", "90"}));
+    QCOMPARE(cargos("CAMION", "NIIF").mid(7), (QStringList{"300", "90"}));
+    QVERIFY(falla(orden_depreciacion(mes(2017 * 12 + 9), "A")).contains("ningún activo"));
+    // Sin vida no se deprecia.
+    base().ejecute("update activos_fijos set acfj_mesdep = 0, acfj_vrorig = 2000");
+    QVERIFY(falla(orden_depreciacion(mes(2017 * 12 + 9), "C")).contains("ningún activo"));
 }
 
 void PruebaDepreciacion::un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del_mes() {
@@ -336,6 +367,7 @@ void PruebaDepreciacion::el_grupo_que_produce_pide_unidades_y_un_cargo_enorme_se
 }
 
 void PruebaDepreciacion::lo_que_falta_se_dice_por_el_nombre_del_activo() {
+    base().ejecute("delete from activos_fijos");
     activo("SINCTA", "1200", "0", 12, 12, 1, "2017-01-01");
     base().ejecute("update activos_fijos set acfj_ctaniifc = null, acfj_ctadeterc = ''");
     QVERIFY(
@@ -344,6 +376,27 @@ void PruebaDepreciacion::lo_que_falta_se_dice_por_el_nombre_del_activo() {
     deprecie("20170131", "C");
     QVERIFY(falla(orden_valor("SINCTA", "20170430", "-3")).contains("cuentas de deterioro"));
     QVERIFY(!falla("delete from activos_fijos").isEmpty());
+    base().ejecute("update activos_fijos set acfj_ctadepc = null");
+    QVERIFY(falla(orden_depreciacion("20170228", "C")).contains("cuentas de depreciación."));
+    base().ejecute("update activos_fijos set acfj_fecing = null");
+    QVERIFY(falla(orden_depreciacion("20170228", "C"))
+                .contains("Al activo SINCTA le falta la fecha de ingreso"));
+    // Se da de baja donde está: sin cuentas ni procesos no está en el libro NIIF, y un terreno no
+    // necesita la cuenta de una depreciación que no tiene.
+    activo("LOTE", "700", "0", 0, 0, 1, "2017-01-01");
+    base().ejecute("update activos_fijos set acfj_activo = 'N', acfj_ctaniif = '', acfj_ctaniifd ="
+                   " null, acfj_ctaniifc = null");
+    base().ejecute("update activos_fijos set acfj_ctadepc = null where acfj_cod = 'LOTE'");
+    QVERIFY(falla(orden_depreciacion("20170228", ""))
+                .contains("SINCTA le faltan las cuentas del activo o de su depreciación."));
+    base().ejecute("update activos_fijos set acfj_ctadepc = '159215' where acfj_cod = 'SINCTA'");
+    QCOMPARE(filas_de(base(), "select activo, valor, valorniif from activos_por_bajar"),
+             "LOTE|700|0\nSINCTA|1100|0");
+    deprecie("20170228", "");
+    QCOMPARE(ultimo(""), "152405|||0|700\n531015|||700|0\n152405|||0|1200\n159215|||100|0\n"
+                         "531015|||1100|0");
+    QCOMPARE(ultimo("_niif"), QString());
+    QCOMPARE(dato("select count(*) from activos_por_bajar").entero(), 0);
 }
 
 QTEST_APPLESS_MAIN(PruebaDepreciacion)

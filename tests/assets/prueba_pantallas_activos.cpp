@@ -147,10 +147,13 @@ private slots:
     void se_edita_con_su_reparto_su_valor_y_su_foto() {
         Almacenista s;
         s.activo("EQ1", "1200", 12);
+        // La cuenta que se inactivó después sigue en su ficha.
+        s.base.ejecute({"update cuentas set cuen_activa = 'N' where cuen_cod = '159215'"});
         s.abra("Tfactivos");
         s.siga(Qt::Key_F4);
         QCOMPARE(s.p->objectName(), "Tfedtactivo");
         QCOMPARE(s.caja("EValor"), "1,200.00");
+        QCOMPARE(s.caja("DepC"), "159215");
         QVERIFY(s.caja("NomDepC").size() > 0);
         auto* forma = static_cast<FormaActivo*>(s.p);
         forma->PageControl1->setCurrentIndex(2);
@@ -178,6 +181,7 @@ private slots:
         Almacenista s;
         s.activo("EQ1", "1200", 12);
         s.activo("MAQ", "1000", 100, "S");
+        s.activo("PARADA", "1000", 100, "S");
         auto* lista = static_cast<ListaProceso*>(s.abra("Tfbuscdep"));
         s.siga(Qt::Key_F5);
         s.tipo();
@@ -186,19 +190,32 @@ private slots:
         oprima(Qt::Key_F2);
         auto* forma = static_cast<Tfcalculadep*>(s.p);
         QVERIFY(!componente<QWidget>(s.p, "Panel1").isVisible());
-        QCOMPARE(valores_de(forma->CDepunidad, "ACFJ_COD"), QStringList("MAQ"));
-        QCOMPARE(valores_de(forma->CDepunidad, "Unirest"), QStringList("200"));
-        s.i.espere("Debe indicar el número de unidades/horas producidas.");
+        QCOMPARE(valores_de(forma->CDepunidad, "ACFJ_COD"), QStringList({"MAQ", "PARADA"}));
+        QCOMPARE(valores_de(forma->CDepunidad, "Unirest"), QStringList({"200", "200"}));
+        // Lo que nadie digitó se pregunta; el cero digitado se rehúsa.
+        s.i.espere("2 activos quedan sin unidades u horas producidas, y este mes no se deprecian. "
+                   "Desea continuar?",
+                   "No");
         pulse(s.p, "SpeedButton3");
         QCOMPARE(s.dato("select count(*) from depreciacion"), "0");
         enfoque(s.p, "DBGridEh1", 4);
         digite("25", Qt::Key_Return);
+        forma->CDepunidad.First();
+        enfoque(s.p, "DBGridEh1", 4);
+        s.i.espere("Debe indicar el número de unidades/horas producidas.");
+        digite("0", Qt::Key_Down);
+        forma->CDepunidad.Cancel();
+        s.i.espere("El activo PARADA queda sin unidades u horas producidas, y este mes no se "
+                   "deprecia. Desea continuar?",
+                   "Sí");
+        QSignalSpy balance(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         pulse(s.p, "SpeedButton3");
         QVERIFY(!s.escritorio.abierta("Tfcalculadep"));
+        QCOMPARE(balance.count(), 1);
         QCOMPARE(s.dato("select list(acfj_cod || dede_libro || ':' || dede_valor, ' ') from "
                         "(select * from depreciacion_detalle order by acfj_cod, dede_libro)"),
                  "EQ12649:100.00 EQ1NIIF:50.00 MAQ2649:250.00 MAQNIIF:125.00");
-        QCOMPARE(s.dato("select depu_unidades from depreciacion_unidades"), "25");
+        QCOMPARE(s.dato("select list(depu_unidades) from depreciacion_unidades"), "25");
         QCOMPARE(lista->CLista.RecordCount(), 1);
         oprima(Qt::Key_F4);
         QCOMPARE(abiertos, QStringList(s.dato("select enco_consec from depreciacion")));
@@ -210,6 +227,7 @@ private slots:
         escriba(lista, "EFecha", "2017/01/01");
         s.i.espere_comienzo("Desea borrar definitivamente la depreciación CG 0001", "Sí");
         oprima(Qt::Key_F3);
+        QCOMPARE(balance.count(), 2);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         QCOMPARE(s.dato("select count(*) from depreciacion_unidades"), "0");
     }
@@ -307,6 +325,22 @@ private slots:
         Almacenista s;
         s.activo("EQ1", "1200", 12);
         s.base.ejecute({orden_depreciacion("20170131", "A"), orden_valor("EQ1", "20170215", "25")});
+        // Una línea del libro NIIF que lo nombra, y otra en los dos libros, que va una vez.
+        s.base.ejecute(
+            {"update cuentas set cuen_tipo = 'A' where cuen_cod = '152405'",
+             "update cuentas_niif set cuen_tipo = 'A' where cuen_cod = '152405'",
+             "insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, enco_numero,"
+             " enco_fecha, enco_concepto, enco_usuario, enco_repniif) values (900, 'CG', '0001',"
+             " '000900', '20170320', 'Compra', 'ADMIN', 'N')",
+             "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, code_concepto,"
+             " arti_cod, code_debito, code_credito) values (900, 1, '152405', 'Compra', 'EQ1', 5,"
+             " 0)",
+             "insert into comprobante_detalle_niif (enco_consec, code_item, cuen_cod,"
+             " code_concepto, arti_cod, code_debito, code_credito) values (900, 1, '152405',"
+             " 'Compra', 'EQ1', 5, 0)",
+             "insert into comprobante_detalle_niif (enco_consec, code_item, cuen_cod,"
+             " code_concepto, arti_cod, code_debito, code_credito) values (900, 2, '152405',"
+             " 'Adición NIIF', 'EQ1', 7, 0)"});
         s.abra("Tfactivos");
         auto* m = static_cast<ListaProceso*>(s.siga(Qt::Key_F8));
         QCOMPARE(m->windowTitle(), "Movimiento por activo: EQ1  Equipo EQ1");
@@ -315,7 +349,8 @@ private slots:
             c.sort(); // dos son del mismo día
             return c.join(", ");
         };
-        QCOMPARE(conceptos(), "Depreciación, Depreciación NIIF, Recuperación NIIF");
+        QCOMPARE(conceptos(),
+                 "Adición NIIF, Compra, Depreciación, Depreciación NIIF, Recuperación NIIF");
         oprima(Qt::Key_F4);
         QCOMPARE(abiertos, QStringList(s.dato("select enco_consec from depreciacion")));
         s.escritorio.activa()->close();
@@ -325,9 +360,9 @@ private slots:
         oprima_seguidas({Qt::Key_F3, Qt::Key_Down, Qt::Key_Down});
         s.i.espere_comienzo("Desea borrar definitivamente el nuevo valor CG 0001 0", "Sí");
         oprima(Qt::Key_F3);
-        QCOMPARE(conceptos(), "Depreciación, Depreciación NIIF");
+        QCOMPARE(conceptos(), "Adición NIIF, Compra, Depreciación, Depreciación NIIF");
         QCOMPARE(s.dato("select count(*) from activos_fijos_valor"), "0");
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "1");
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "2");
     }
 
     void el_nuevo_valor_lleva_su_soporte_y_el_valor_de_su_fecha() {

@@ -3,6 +3,7 @@
 #include "assets/activo_de_prueba.h"
 #include "catalogues/forma_proceso.h"
 #include "catalogues/lista_proceso.h"
+#include "periodend/peticiones_cierre.h"
 #include "periodend/registro.h"
 #include "toolkit/barraestado.h"
 
@@ -33,6 +34,13 @@ struct Contador : SesionGui {
     void ingreso() {
         grabe(base.base(), 501, "20170310",
               {{1, "111005", Moneda(750), {}}, {2, "413505", {}, Moneda(750), {}, "0002", "0001"}});
+    }
+    /// Otro usuario graba con ese número de CG 0001.
+    void otro_toma(const QString& numero) {
+        base.base().ejecute("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref,"
+                            " enco_numero, enco_fecha, enco_concepto, enco_usuario) values (900,"
+                            " 'CG', '0001', ?, '20171101', 'De otro', 'OTRO')",
+                            {numero});
     }
     Pantalla* abra(const char* nombre) { return p = pantallas().abrir(nombre); }
     /// La que abrió la tecla.
@@ -148,8 +156,12 @@ private slots:
         QCOMPARE(proceso.FieldByName("CIAN_ID").entero(), id); // el mismo id en otro intento
         s.base.base().ejecute("update configuracion set conf_valor = '' where conf_propiedad = "
                               "'FECHA DE BLOQUEO'");
+        // El número propuesto lo tomó otro mientras tanto: la base da el que sigue.
+        const QString numero = s.caja("ENumero");
+        s.otro_toma(numero);
         oprima(Qt::Key_F2);
         QVERIFY(!s.escritorio.abierta("Tfcierreanual"));
+        QCOMPARE(s.dato("select enco_numero from cierre_anual"), "000502"); // tras el del ingreso
         QCOMPARE(s.dato("select cian_id from cierre_anual"), QString::number(id));
 
         // Otro del mismo año se rehúsa nombrando el que ya está.
@@ -265,7 +277,10 @@ private slots:
         enfoque(concepto, "DBGridEh1");
         oprima(Qt::Key_Insert);
         enfoque(concepto, "DBGridEh1", 1);
-        digite_celdas({"111005", "1110", "", "", "", "", "10", ""});
+        s.i.espere("La cuenta es de nivel inferior al mínimo afectable.");
+        digite_celdas({"111005", "1110"});
+        enfoque(concepto, "DBGridEh1", 2);
+        digite_celdas({"111005", "", "", "", "", "10", ""});
         auto& cuentas = *componente<Rejilla>(concepto, "DBGridEh1").conjunto();
         QCOMPARE(cuentas.FieldByName("COCU_BASE").texto(), "FIN");
         oprima_seguidas({Qt::Key_Space, Qt::Key_F2});
@@ -295,6 +310,9 @@ private slots:
         s.abra("Tfbuscregiauto");
         s.siga(Qt::Key_F6);
         QVERIFY(!componente<QWidget>(s.p, "ENumero").isEnabled()); // el prefijo numera solo
+        for (const char* del_registro : {"LTipo", "LPref"})
+            QVERIFY(!componente<QWidget>(s.p, del_registro).isEnabled());
+        const QString propuesto = s.caja("ENumero");
         oprima(Qt::Key_F5);
         auto& vista = *componente<Rejilla>(s.p, "DBGridEh1").conjunto();
         QCOMPARE(valores_de(vista, "DEBITO"), QStringList({"100", "0"}));
@@ -308,9 +326,14 @@ private slots:
             "NIT");
         oprima(Qt::Key_F2);
         s.base.base().ejecute("update conceptos set conc_ctacierre = '310505'");
+        s.otro_toma(propuesto);
         oprima(Qt::Key_F2);
         agote_eventos();
         QCOMPARE(abiertos.size(), 1);
+        QCOMPARE(s.dato("select enco_numero from comprobante_encabezado where enco_consec = " +
+                        abiertos.value(0))
+                     .toInt(),
+                 propuesto.toInt() + 1);
         QVERIFY(!s.escritorio.abierta("Tfejecutaregiauto"));
 
         // Otra vez en el mes se pregunta; en otro mes no hay de qué.
@@ -320,7 +343,7 @@ private slots:
         s.i.espere_comienzo("El registro PROV ya se ejecutó en Mayo de 2017 (comprobante CG 0001",
                             "No");
         oprima(Qt::Key_F2);
-        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "2");
+        QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "3");
         s.base.base().ejecute("delete from registro_conceptos");
         s.cnt.periodo_actual = 7;
         dice(Qt::Key_F2,
@@ -335,16 +358,21 @@ private slots:
                         "conc_mesini, conc_anofin, conc_mesfin) values ('C1', 'Uno', 'N', '2016', "
                         "3, '2018', 5)",
                         "insert into conceptos_cuentas (conc_cod, cocu_item, cuen_cod, cocu_base) "
-                        "values ('C1', 7, '111005', 'FIN')"});
+                        "values ('C1', 7, '111005', 'FIN')",
+                        "update conceptos set conc_ctacierre = '159215'",
+                        "update cuentas set cuen_activa = 'N' where cuen_cod = '159215'"});
         s.abra("Tfbuscconcepto");
         s.siga(Qt::Key_F4);
         QCOMPARE(s.p->objectName(), "Tfmodconcepto");
+        QCOMPARE(s.caja("ECta"), "159215"); // la que se inactivó después sigue ahí
         pulse(s.p, "Vence");
         QVERIFY(componente<QWidget>(s.p, "MesIni").isEnabled());
         pulse(s.p, "Vence");
         auto& lineas = *componente<Rejilla>(s.p, "DBGridEh1").conjunto();
+        QCOMPARE(lineas.State(), Estado::Edicion); // la línea con cuenta queda abierta
         enfoque(s.p, "DBGridEh1", 1);
-        oprima(Qt::Key_Down);
+        oprima(Qt::Key_Delete);
+        oprima(Qt::Key_Down); // sin su cuenta vuelve como estaba, y su ítem no se repite
         QCOMPARE(lineas.FieldByName("COCU_ITEM").texto(), "8");
         s.i.espere("Tercero no encontrado.");
         s.i.espere("Centro-subcentro no encontrado.");
@@ -356,7 +384,8 @@ private slots:
         QCOMPARE(s.dato("select conc_anoini || conc_mesini || conc_anofin || conc_mesfin || "
                         "conc_vence from conceptos"),
                  "2016320185N");
-        QCOMPARE(s.dato("select list(cocu_item) from conceptos_cuentas"), "7,8");
+        QCOMPARE(s.dato("select list(cocu_item || ':' || cuen_cod) from conceptos_cuentas"),
+                 "7:111005,8:110505");
         s.i.espere("No se encontró el concepto solicitado.");
         QVERIFY(!pantallas().abrir("Tfmodconcepto"));
     }

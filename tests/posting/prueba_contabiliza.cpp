@@ -72,6 +72,21 @@ private:
         oprima(Qt::Key_Down);
         r.SelectedIndex(0);
     }
+    /// La 50: dos líneas que cuadran y una sin valor ni el tercero que su cuenta pide.
+    void ponga_plantilla() {
+        for (const char* orden :
+             {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) "
+              "values"
+              " (50, 'CG', '0001', 'Fija')",
+              "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_concepto,"
+              " plde_debitos) values (50, 1, '110515', 'Propio', 119000)",
+              "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_creditos) values "
+              "(50,"
+              " 2, '110505', 119000)",
+              "insert into plantilla_detalle (plan_id, plde_item, cuen_cod) values (50, 3, "
+              "'130505')"})
+            base().ejecute(orden);
+    }
     /// De la línea en que se está.
     static QString celda(Tfcontabiliza& p, const char* campo) {
         return p.CContadetalle.FieldByName(campo).texto();
@@ -267,6 +282,8 @@ void PruebaContabiliza::el_doble_clic_pregunta_en_la_celda() {
             r.OnDblClick(columna);
             agote_eventos();
         };
+        escoja("Tfcuentas", 0, [&] { cuentas.cancele(); }); // sin escoger queda la que tenía
+        QCOMPARE(celda(p, "CNDE_CUENTA"), "130505");
         escoja("Tfcuentas", 0, [&] { cuentas.conteste("110515"); });
         QCOMPARE(cuentas.pedida().texto_busqueda, "130505");
         QCOMPARE(celda(p, "CNDE_CUENTA"), "110515");
@@ -274,11 +291,18 @@ void PruebaContabiliza::el_doble_clic_pregunta_en_la_celda() {
         QCOMPARE(celda(p, "CNDE_TERC"), "800456789");
         escoja("Tfcentros", 3, [&] { centros.conteste({"0002", "0002"}); });
         QCOMPARE(celda(p, "CNDE_PROY") + celda(p, "CNDE_CENTRO"), "00020002");
+        escoja("Tfcentros", 2, [&] { centros.cancele(); });
+        QCOMPARE(celda(p, "CNDE_PROY") + celda(p, "CNDE_CENTRO"), "00020002");
+        // El "?" del centro espera a su proyecto.
+        agregue_linea(p);
+        digite_celdas({"110515", "", "", "?"});
+        QCOMPARE(centros.veces(), 2);
+        oprima(Qt::Key_Escape);
         oprima(Qt::Key_PageDown, Qt::ControlModifier);
         escoja("Tfcuentasniif", 0, [&] { cuentas_niif.conteste("110515"); });
         QCOMPARE(celda(p, "CNDE_CUENTA"), "110515");
         QCOMPARE(celda(p, "CNDE_ITEM"), "100001");
-        QCOMPARE(centros.veces(), 1);
+        QCOMPARE(centros.veces(), 2);
         cierre(p);
     });
 }
@@ -307,14 +331,7 @@ void PruebaContabiliza::el_centro_debe_existir_y_ser_de_la_agencia() {
 
 void PruebaContabiliza::la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista() {
     proponga();
-    for (const char* orden :
-         {"insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) values"
-          " (50, 'CG', '0001', 'Fija')",
-          "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_concepto,"
-          " plde_debitos) values (50, 1, '110515', 'Propio', 119000)",
-          "insert into plantilla_detalle (plan_id, plde_item, cuen_cod, plde_creditos) values (50,"
-          " 2, '110505', 119000)"})
-        base().ejecute(orden);
+    ponga_plantilla();
     ListaFalsa<PidePlantilla> lista("Tfbuscplantilla");
     const QString pregunta = "Al traer la plantilla perderá los movimientos digitados en el "
                              "comprobante, Continuar?";
@@ -342,7 +359,7 @@ void PruebaContabiliza::la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista()
         i_->espere_modal("Tfbuscplantilla", [&](QWidget*) { lista.conteste("50"); });
         i_->espere(pregunta, "Sí");
         oprima(Qt::Key_F9);
-        QCOMPARE(p.CContadetalle.RecordCount(), 2);
+        QCOMPARE(p.CContadetalle.RecordCount(), 3);
         p.lineas_2649->rejilla->setFocus();
         for (int veces = 0; veces < 2; ++veces) {
             oprima(Qt::Key_Z, Qt::ControlModifier);
@@ -352,15 +369,27 @@ void PruebaContabiliza::la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista()
             i_->espere_modal("Tfbuscplantilla", [&](QWidget*) { lista.conteste("50"); });
             i_->espere(pregunta, respuesta);
             oprima(Qt::Key_F9);
-            QCOMPARE(p.CContadetalle.RecordCount(), respuesta == "No" ? 3 : 2);
+            QCOMPARE(p.CContadetalle.RecordCount(), 3);
+            QCOMPARE(lineas() == antes, respuesta == "No");
         }
-        QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList({"7", "8"}));
-        QCOMPARE(valores_de(p.CContadetalle, "CNDE_CONC"), QStringList({"Propio", "Prueba"}));
+        QCOMPARE(valores_de(p.CContadetalle, "CNDE_ITEM"), QStringList({"8", "9", "10"}));
+        QCOMPARE(valores_de(p.CContadetalle, "CNDE_CONC"),
+                 QStringList({"Propio", "Prueba", "Prueba"}));
+        // Lo que la plantilla trajo incompleto se pide antes de grabar, en su página.
+        p.PageControl1->setCurrentIndex(1);
+        dice(Qt::Key_F2, "Debe indicar un NIT para el movimiento.");
+        QCOMPARE(p.PageControl1->currentIndex(), 0);
+        QCOMPARE(celda(p, "CNDE_ITEM"), "10");
+        p.CContadetalle.FieldByName("CNDE_TERC") = "800456789";
+        dice(Qt::Key_F2, "Debe indicar un valor débito o crédito para la cuenta 130505 o eliminar "
+                         "el registro completo.");
+        p.CContadetalle.Cancel();
+        p.CContadetalle.Delete();
         oprima(Qt::Key_F2);
     }));
     QCOMPARE(filas_de(base(), "select cnde_item, cnde_cuenta, cnde_debitos, cnde_creditos from"
                               " contabilizacion_det where cnde_item < 100000 order by 1"),
-             "7|110515|119000|\n8|110505|0|119000");
+             "8|110515|119000|\n9|110505|0|119000");
     QCOMPARE(s_->dato("select count(*) from contabilizacion_det where cnde_item >= 100000"), "3");
 }
 

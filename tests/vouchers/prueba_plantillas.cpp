@@ -418,6 +418,8 @@ private slots:
         ponga_plantilla(s, 8, "RC", "0002", "Abono", "R-1", {"110505:50:0", "310505:0:50"});
         ponga_plantilla(s, 8, "", "", "", "", {"110505:1:0", "110505:2:0", "310505:0:3"}, "_niif");
         ponga_plantilla(s, 3, "CG", "0001", "Otra", "");
+        // El tercero que se inactivó después no se borra con pasar por su línea.
+        s.base.ejecute({"update plantilla_detalle set terc_nit = '19876543' where plde_item = 1"});
         Tfedtplantilla* p = edite(s, "8");
         QVERIFY(p);
         QCOMPARE(p->CMovimiento.FieldByName("PLAN_ID").texto(), "8");
@@ -442,8 +444,10 @@ private slots:
                         "3, '240805')"});
         oprima(Qt::Key_F2);
         QVERIFY(s.escritorio.abiertas().isEmpty());
-        QCOMPARE(s.dato("select list(plde_item || cuen_cod) from plantilla_detalle"),
+        QCOMPARE(s.dato("select list(x) from (select plde_item || cuen_cod x from"
+                        " plantilla_detalle order by plde_item)"),
                  "1110505,2310505,3240805,4111005");
+        QCOMPARE(s.dato("select list(terc_nit) from plantilla_detalle"), "19876543");
         QCOMPARE(s.dato("select count(*) from plantilla_detalle_niif"), "4");
         QCOMPARE(s.dato("select plan_usuario from plantilla_encabezado where plan_id = 8"),
                  "ADMIN");
