@@ -55,6 +55,7 @@ void LetreroDiferencia::diga() {
     const bool digitando = lineas_.detalle.State() == Estado::Insercion;
     if (!lineas_.detalle.Active() || (lineas_.sin_lineas() && !digitando)) {
         clear();
+        lineas_.vacie_pie();
         lineas_.Sumadeb->vacie();
         lineas_.SumCred->vacie();
         return;

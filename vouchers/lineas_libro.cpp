@@ -151,6 +151,7 @@ void LineasLibro::ate_eventos() {
     campo(n_.cuenta).OnChange = [this](Campo&) { cuenta_cambiada(); };
     campo(n_.tercero).OnChange = [this](Campo&) { tercero_cambiado(); };
     campo(n_.proyecto).OnChange = [this](Campo&) {
+        vacie_centro();
         if (c_.pregunta_con_los_dos || !busque_proyecto())
             validar_centro();
     };
@@ -242,9 +243,16 @@ void LineasLibro::comilla_de_referencia() {
 // ---------------------------------------------------------------- cambios de campo
 
 void LineasLibro::cuenta_cambiada() {
+    vacie_saldos();
+    NomCuenta->clear();
     if (cuenta().isEmpty() || busque_cuenta())
         return;
     validar_cuenta();
+    if (ajustes_.mostrar_saldo && !cuenta().isEmpty()) {
+        // El tercero y el centro que la línea ya tenía, en la cuenta nueva.
+        muestre_saldo_tercero();
+        muestre_saldo_centro();
+    }
     if (!c_.completa_con_la_cuenta || !campo(n_.tercero).vacio())
         return;
     consulte_cuenta("CUEN_TERCERO");
@@ -278,6 +286,9 @@ void LineasLibro::repita(Campo& celda, const QString& anterior) {
 }
 
 void LineasLibro::tercero_cambiado() {
+    NomTerc->clear();
+    if (ESaldoter)
+        ESaldoter->vacie();
     if (c_.comilla_en_celda && es_repeticion(campo(n_.tercero).texto()))
         campo(n_.tercero) = memorias_.tercero_anterior;
     else if (!busque_tercero())
@@ -298,13 +309,30 @@ void LineasLibro::validar_tercero() {
             campo(n_.tercero).limpie();
         }
     } else if (ajustes_.mostrar_saldo) {
-        saldo(ESaldoter, "saldo_tercero_mes", {QuotedStr(cuenta()), QuotedStr(nit)});
+        muestre_saldo_tercero();
     }
 }
 
+void LineasLibro::muestre_saldo_tercero() {
+    if (const QString nit = campo(n_.tercero).texto(); !nit.isEmpty())
+        saldo(ESaldoter, "saldo_tercero_mes", {QuotedStr(cuenta()), QuotedStr(nit)});
+}
+
 void LineasLibro::centro_cambiado() {
-    if (!busque_centro())
+    vacie_centro();
+    if (busque_centro())
+        return;
+    if (campo(n_.proyecto).vacio())
+        deduzca_proyecto(); // y con él se valida
+    else
         validar_centro();
+}
+
+void LineasLibro::vacie_centro() {
+    NomProy->clear();
+    NomCent->clear();
+    if (ESaldocent)
+        ESaldocent->vacie();
 }
 
 void LineasLibro::validar_centro() {
@@ -325,9 +353,15 @@ void LineasLibro::validar_centro() {
         if (en_edicion())
             campo(n_.centro).limpie();
     } else if (ajustes_.mostrar_saldo) {
+        muestre_saldo_centro();
+    }
+}
+
+void LineasLibro::muestre_saldo_centro() {
+    const QString proyecto = campo(n_.proyecto).texto(), centro = campo(n_.centro).texto();
+    if (!proyecto.isEmpty() && !centro.isEmpty())
         saldo(ESaldocent, "saldo_centro_mes",
               {QuotedStr(cuenta()), QuotedStr(proyecto), QuotedStr(centro)});
-    }
 }
 
 void LineasLibro::categoria_cambiada() {
@@ -401,12 +435,7 @@ void LineasLibro::AfterInsert() {
     campo(c_.item) = contador.siguiente();
     if (c_.descontable)
         campo(c_.descontable) = anfitrion_.encabezado().FieldByName("ENCO_DESCONTABLE").texto();
-    NomCuenta->clear();
-    NomTerc->clear();
-    if (es_niif(libro)) {
-        NomProy->clear();
-        NomCent->clear();
-    }
+    vacie_pie();
 }
 
 void LineasLibro::BeforePost() {
@@ -463,6 +492,7 @@ MemoriasLinea LineasLibro::memorias_de_pegado() const {
 }
 
 void LineasLibro::AfterScroll() {
+    vacie_pie(); // era de otra línea
     if (!anfitrion_.encabezado_posteado())
         return;
     if (c_.solo_nombres) {
@@ -472,22 +502,11 @@ void LineasLibro::AfterScroll() {
         actualice_sumas();
         return;
     }
-    if (cuenta().isEmpty()) {
-        NomCuenta->clear();
-    } else {
+    if (!cuenta().isEmpty())
         detalle.Edit();
-        validar_cuenta();
-    }
-    if (campo(n_.tercero).vacio())
-        NomTerc->clear();
-    else
-        validar_tercero();
-    if (campo(n_.proyecto).vacio() || campo(n_.centro).vacio()) {
-        NomProy->clear();
-        NomCent->clear();
-    } else {
-        validar_centro();
-    }
+    validar_cuenta();
+    validar_tercero();
+    validar_centro();
     actualice_sumas();
 }
 

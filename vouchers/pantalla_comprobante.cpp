@@ -189,7 +189,7 @@ void PantallaComprobante::deshaga_lo_ultimo() {
     const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
     deshacer.deshaga();
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
-        l->vacie_nombres();
+        l->vacie_pie();
         l->vacie_diferencias();
         l->actualice_sumas();
     }
