@@ -166,6 +166,18 @@ void LineasLibro::ate_eventos() {
             repita(c, memorias_.referencia_anterior);
         };
     }
+    LabDiferencia->al_reposar = [this] {
+        // Con el encabezado aún sin grabar, pasar por una línea no la valida: solo dice cuál es.
+        if (detalle.State() != Estado::Navegacion || cuenta().isEmpty() ||
+            !NomCuenta->text().isEmpty())
+            return;
+        muestre_nombres();
+        if (!ajustes_.mostrar_saldo)
+            return;
+        saldo(ESaldocta, "saldo_cuenta_mes", {QuotedStr(cuenta())});
+        muestre_saldo_tercero();
+        muestre_saldo_centro();
+    };
     ate_lados();
     detalle.BeforePost = [this] { BeforePost(); };
     detalle.AfterInsert = [this] { AfterInsert(); };
@@ -514,11 +526,12 @@ void LineasLibro::muestre_nombres() {
     const QString nit = campo(n_.tercero).texto(), proyecto = campo(n_.proyecto).texto();
     const auto nombre = [this](const char* columna, const char* tabla, const char* llave,
                                const QString& codigo) {
+        // Por aparte de la consulta de la pantalla, que puede estar a medio leer.
         return codigo.isEmpty() ? QString()
-                                : consulta_
-                                      .valor_unico(QStringLiteral("select %1 from %2 where %3 = ")
-                                                       .arg(columna, tabla, llave) +
-                                                   QuotedStr(codigo))
+                                : detalle.conexion()
+                                      .consulte(QStringLiteral("select %1 from %2 where %3 = ?")
+                                                    .arg(columna, tabla, llave),
+                                                {codigo})
                                       .texto();
     };
     NomCuenta->setText(nombre_en_el_plan(detalle.conexion(), libro, cuenta()));
