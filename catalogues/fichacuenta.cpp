@@ -50,8 +50,7 @@ void FichaCuenta::arme_ficha() {
     ENombre = editor("ENombre", "CUEN_NOM", 40);
     LTipo = new ListaDato(CCuentas, "CUEN_TIPO", this);
     LTipo->setObjectName("LTipo");
-    LTipo->lista_de(QStringList{"Normal", "Inventario", "Cartera", "Activo fijo"},
-                    {"N", "I", "C", "A"});
+    LTipo->lista_de(clases_cuenta().nombres, clases_cuenta().codigos);
     CkActiva = casilla("CkActiva", "Ac&tiva", "CUEN_ACTIVA");
     CkTerceros = casilla("CkTerceros", "Detalla &terceros", "CUEN_TERCERO");
     CkCentros = casilla("CkCentros", "Detalla &centros de costo", "CUEN_CENTRO");

@@ -35,6 +35,12 @@ const PlanCuentas& plan(Libro libro) {
     return kPlanes[es_niif(libro) ? 1 : 0];
 }
 
+const ClasesCuenta& clases_cuenta() {
+    static const ClasesCuenta clases{{"N", "I", "C", "A"},
+                                     {"Normal", "Inventario", "Cartera", "Activo fijo"}};
+    return clases;
+}
+
 void campos_lista_cuentas(ConjuntoDatos& cuentas) {
     cuentas.texto("CUEN_COD", 20).requerido().etiqueta("Código");
     cuentas.texto("CUEN_NOM", 60).requerido().etiqueta("Nombre");

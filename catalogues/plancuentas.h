@@ -2,6 +2,8 @@
 // Lo que cambia de un plan de cuentas al otro en sus pantallas, y los campos de sus tablas.
 #include "libro/libro.h"
 
+#include <QStringList>
+
 class ConjuntoDatos;
 
 struct PlanCuentas {
@@ -16,6 +18,12 @@ struct PlanCuentas {
     bool con_normas;
 };
 const PlanCuentas& plan(Libro libro);
+
+/// Clases de cuenta: los códigos que se guardan y cómo se leen, en el mismo orden.
+struct ClasesCuenta {
+    QStringList codigos, nombres;
+};
+const ClasesCuenta& clases_cuenta();
 
 /// Columnas que enseña la lista de cuentas.
 void campos_lista_cuentas(ConjuntoDatos& cuentas);

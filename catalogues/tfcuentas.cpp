@@ -39,9 +39,10 @@ Tfcuentas::Tfcuentas(Libro libro)
           {"CUEN_RETENCION", "Ret.", 5, Casilla},
           {"CUEN_BASEMIN", "Base mínima", 14},
           {"CUEN_PORC", "Porcentaje", 10},
-          {"CUEN_TIPO", "Tipo", 5},
+          {"CUEN_TIPO", "Tipo", 10},
           {"CUEN_ACTIVA", "Activa", 6, Casilla}},
          plan(libro).nombre_archivo);
+    DBGridEh1->lista("CUEN_TIPO", clases_cuenta().nombres, clases_cuenta().codigos);
     DBGridEh1->texto_vacio = "No hay cuentas que mostrar. F5 crea una.";
     DBGridEh1->OnGetCellParams = [this](int fila, QFont& letra, QColor& frente, QColor&) {
         pinte(fila, letra, frente);

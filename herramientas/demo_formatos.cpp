@@ -90,17 +90,17 @@ public:
                                   "'Liberation Sans',?,8.5,11)"),
                    {Valor(llave), Valor(renglones), Valor(kEntrelinea), Valor(kLetra)});
     }
-    enum Pase { Encabezado, Detalle, Cierre, CierreTrasElDetalle };
+    enum Pase { Encabezado, Detalle, Cierre };
     void dato(const char* nombre, int x, int y, Pase pase = Encabezado, int letra = 0,
               int largo = 0, int desde = 1) {
         c_.ejecute(QStringLiteral("insert into formato_datos (tido_cod, pref_pre, dafo_item,"
                                   " dafo_dato, dafo_imprime, dafo_posx, dafo_posy, dafo_ini,"
                                   " dafo_long, dafo_formato, dafo_repite, dafo_fsize,"
                                   " dafo_liquida, dafo_posyvar)"
-                                  " values (1,?,?,?,'S',?,?,?,?,'2',?,?,?,?)"),
+                                  " values (1,?,?,?,'S',?,?,?,?,'2',?,?,?,'N')"),
                    {Valor(llave_), Valor(++datos_), Valor(nombre), Valor(x), Valor(y), Valor(desde),
                     Valor(largo), si(pase == Detalle), letra ? Valor(letra) : Valor(),
-                    si(pase >= Cierre), si(pase == CierreTrasElDetalle)});
+                    si(pase == Cierre)});
     }
     /// El dato llega como se guarda, aaaammdd: se reparte para leerlo con sus barras.
     void fecha(int x, int y) {
@@ -110,31 +110,29 @@ public:
         texto("/", x + 99, y, kLetra);
         dato("FECHA", x + 107, y, Encabezado, 0, 2, 7);
     }
-    void texto(const char* cadena, int x, int y, int letra = kLetraMenuda, bool cierre = false) {
-        linea("T", x, y, 0, 0, cierre, Valor(QString::fromUtf8(cadena)), Valor(letra));
+    void texto(const char* cadena, int x, int y, int letra = kLetraMenuda) {
+        linea("T", x, y, 0, 0, Valor(QString::fromUtf8(cadena)), Valor(letra));
     }
     void cuadro(int x, int y, int ancho, int alto) { linea("C", x, y, ancho, alto); }
-    void raya(int x, int y, int ancho, int alto, bool cierre = false) {
-        linea("L", x, y, ancho, alto, cierre);
-    }
+    void raya(int x, int y, int ancho, int alto) { linea("L", x, y, ancho, alto); }
 
 private:
     static Valor si(bool x) { return Valor(x ? "S" : "N"); }
-    void linea(const char* tipo, int x, int y, int ancho, int alto, bool cierre = false,
-               const Valor& cadena = {}, const Valor& letra = {}) {
+    void linea(const char* tipo, int x, int y, int ancho, int alto, const Valor& cadena = {},
+               const Valor& letra = {}) {
         c_.ejecute(QStringLiteral("insert into formato_lineas (tido_cod, pref_pre, foli_item,"
                                   " foli_tipo, foli_posx, foli_posy, foli_x, foli_y, foli_cadena,"
-                                  " foli_fsize, foli_liquida) values (1,?,?,?,?,?,?,?,?,?,?)"),
+                                  " foli_fsize, foli_liquida) values (1,?,?,?,?,?,?,?,?,?,'N')"),
                    {Valor(llave_), Valor(++lineas_), Valor(tipo), Valor(x), Valor(y), Valor(ancho),
-                    Valor(alto), cadena, letra, si(cierre)});
+                    Valor(alto), cadena, letra});
     }
     Conexion& c_;
     QString llave_;
     int datos_ = 0, lineas_ = 0;
 };
 
-/// `tercero`: rótulo de quien recibe o entrega. Las firmas van tras el último renglón, y por eso
-/// los totales, que son fijos, quedan arriba de donde llegarían con un solo renglón.
+/// `tercero`: rótulo de quien recibe o entrega. Las firmas van al pie de cada hoja, bajo los
+/// totales.
 void cree_formato(Conexion& compania, const QString& llave, int renglones, const char* tercero,
                   const QStringList& firmas) {
     using F = FormatoDemo;
@@ -196,13 +194,13 @@ void cree_formato(Conexion& compania, const QString& llave, int renglones, const
     f.dato("TOTAL DEBITOS", 1630, fin + 16, F::Cierre);
     f.dato("TOTAL CREDITOS", 1910, fin + 16, F::Cierre);
     f.dato("MONTO LETRAS", 100, fin + 46, F::Cierre, kLetraMenuda);
-    const int firma = fin + 44; // bajan un renglón por línea, y siempre hay una
+    const int firma = fin + 130;
     const int campo = (kDerecha - kIzquierda) / int(firmas.size());
-    f.dato("USUARIO REGISTRO", kIzquierda, firma - 22, F::CierreTrasElDetalle, kLetraMenuda);
+    f.dato("USUARIO REGISTRO", kIzquierda, firma - 22, F::Cierre, kLetraMenuda);
     for (qsizetype i = 0; i < firmas.size(); ++i) {
         const int x = kIzquierda + campo * int(i);
-        f.raya(x, firma, campo - 40, 0, true);
-        f.texto(firmas[i].toUtf8().constData(), x, firma + 6, kLetraMenuda, true);
+        f.raya(x, firma, campo - 40, 0);
+        f.texto(firmas[i].toUtf8().constData(), x, firma + 6);
     }
 }
 

@@ -15,7 +15,7 @@ Tfconfflujoef::Tfconfflujoef()
           {"FLEF_CUENTA", "Cuenta a incluir", 20},
           {"FLEF_SECCION", "Sección", 18},
           {"FLEF_DB", "Db/Cr", 9},
-          {"FLEF_NIIF", "Niif", 5, SoloLectura}},
+          {"FLEF_NIIF", "Niif", 5, SoloLectura | Casilla}},
          datos_.archivo);
     tamano(580, 520);
 }

@@ -232,9 +232,10 @@ bool FormaMedio::confirme_recalculo() {
                              "que Quorvex la recalcule el archivo (ABORTAR)?",
                          {"Reintentar", "Abortar"}) != Segunda)
         return false;
-    return pregunte("Si Recalcula el archivo perdera toda la información que haya entrado "
-                    "manualmente. Está seguro de borrar toda la información del formato " +
-                    del_ano + "?");
+    return pregunte_con_no(
+        "Si Recalcula el archivo perdera toda la información que haya entrado manualmente. Está "
+        "seguro de borrar toda la información del formato " +
+        del_ano + "?");
 }
 
 void FormaMedio::abre_query() {

@@ -4,7 +4,7 @@
 
 void defina_resultado(ConjuntoDatos& c) {
     c.texto("TITULO", 100);
-    c.entero("ITEM").etiqueta("Item");
+    c.entero("ITEM").etiqueta("Ítem");
     c.texto("NOMBRE", 255).etiqueta("Descripción");
     c.decimal("VALOR").etiqueta("Valor").formato("#,##0.00");
     c.entero("NIVEL").etiqueta("Nivel");

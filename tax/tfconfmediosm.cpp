@@ -81,7 +81,7 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
            {"COME_RESPUESTA", "Concepto", 9},
            {"COME_DESCRIPCION", "Descripción", 36},
            {"COME_MINIMO", "Base Mínima", 13},
-           {"COME_NATUR", "Nat.", 5}},
+           {"COME_NATUR", "Nat.", 8}},
           5},
          {"Cuentas del concepto", columnas, 5});
     for (Rejilla* r : {DBGridEh1, DBGridEh2}) {
@@ -90,7 +90,7 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
         r->menu_emergente({Rejilla::Cortar, Rejilla::Copiar, Rejilla::Pegar, Rejilla::Borrar,
                            Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     }
-    DBGridEh1->lista("COME_NATUR", {"D", "C"});
+    DBGridEh1->lista("COME_NATUR", {"Débito", "Crédito"}, {"D", "C"});
     DBGridEh2->lista("MMCU_NATUR",
                      {"Débito", "Crédito", "Solo débitos", "Solo créditos", "Débito con tercero",
                       "Impuesto al consumo", "Retención asumida", "No se reporta"},

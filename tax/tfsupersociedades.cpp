@@ -54,7 +54,7 @@ Rejilla* Tfsupersociedades::cree_rejilla(const QString& nombre, ConjuntoDatos* c
     auto* r = new Rejilla(marco, conjunto);
     r->setObjectName(nombre);
     r->setAccessibleName(titulo);
-    r->columnas({{"ITEM", "Item", 6},
+    r->columnas({{"ITEM", "Ítem", 6},
                  {"NOMBRE", "Descripción", 36},
                  {"VALOR", "Valor", 17},
                  {"VALORA", "Año anterior", 17}});

@@ -109,15 +109,16 @@ bool pregunte_con_no(const QString& texto) {
     return pregunte_si_o_no(texto, false);
 }
 
-Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos) {
+Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos, Respuesta escogida) {
     Dialogo d(QMessageBox::Question, QStringLiteral("Confirmación"), texto);
-    QVector<QAbstractButton*> botones;
+    QVector<QPushButton*> botones;
     for (const QString& rotulo : rotulos)
         botones << d.addButton(rotulo, QMessageBox::ActionRole);
+    d.setDefaultButton(botones.value(escogida));
     d.exec();
     // Sin `indexOf` sobre nulo: cerrar el diálogo no oprime ningún botón.
-    const QAbstractButton* oprimido = d.clickedButton();
-    return oprimido ? Respuesta(botones.indexOf(const_cast<QAbstractButton*>(oprimido))) : Ninguna;
+    auto* oprimido = qobject_cast<QPushButton*>(d.clickedButton());
+    return oprimido ? Respuesta(botones.indexOf(oprimido)) : Ninguna;
 }
 
 void mensaje_temporal(const QString& texto) {

@@ -17,7 +17,9 @@ bool pregunte_con_no(const QString& texto);
 
 enum Respuesta { Ninguna = -1, Primera = 0, Segunda = 1, Tercera = 2 };
 /// Un botón por rótulo; devuelve la posición del oprimido, o Ninguna si se cerró el diálogo.
-Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos);
+/// `escogida`: la de Enter, que no pierde nada.
+Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos,
+                           Respuesta escogida = Primera);
 
 /// Mensaje que se quita solo: título "Advertencia", sin botones, hasta diez esperas de 500 ms o
 /// Esc.

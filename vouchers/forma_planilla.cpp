@@ -195,7 +195,7 @@ void FormaPlanilla::nueva_planilla() {
 void FormaPlanilla::recupere_provisional() {
     switch (pregunte_botones("Se encontró una planilla que no está correctamente registrada. Desea "
                              "Eliminarla o Recuperarla?",
-                             {"Eliminarla", "Recuperarla"})) {
+                             {"Eliminarla", "Recuperarla"}, Segunda)) {
     case Primera:
         CBorrar.Execute("delete from planilla_digitacion where pldi_id = 0");
         CPlanilla.Refresh();

@@ -3,6 +3,7 @@
 #include "libro/diferencia.h"
 #include "toolkit/controles/editornumero.h"
 #include "toolkit/estilo.h"
+#include "toolkit/proteccion.h"
 #include "vouchers/lineas_cuenta.h"
 
 namespace {
@@ -55,10 +56,13 @@ void LetreroDiferencia::diga() {
     const bool digitando = lineas_.detalle.State() == Estado::Insercion;
     if (!lineas_.detalle.Active() || (lineas_.sin_lineas() && !digitando)) {
         clear();
+        lineas_.vacie_pie();
         lineas_.Sumadeb->vacie();
         lineas_.SumCred->vacie();
         return;
     }
+    if (al_reposar)
+        proteja(al_reposar);
     const Lados lados = lineas_.sumas_al_digitar();
     const bool nada = lineas_.sin_lineas() && lados.debito.es_cero() && lados.credito.es_cero();
     if (!nada) {

@@ -4,6 +4,7 @@
 #include "datos/recordset/conjunto.h"
 
 #include <QLabel>
+#include <functional>
 
 class EditorNumero;
 class LineasCuenta;
@@ -22,11 +23,14 @@ public:
     void diga();
     /// Lo que dice ahora, con lo que aún no haya alcanzado a mostrar.
     QString dice();
+    /// Al cabo de los movimientos, una vez por muchos que sean, si hay líneas.
+    std::function<void()> al_reposar;
 
 private:
     /// Muchos avisos seguidos (un pegado) se dicen una sola vez.
     void marque();
     void estado_cambiado() override;
+    void fila_actual_cambiada() override { marque(); }
     void campo_cambiado(Campo*) override { marque(); }
     void filas_reiniciadas() override { marque(); }
     void filas_insertadas(int, int) override { marque(); }

@@ -63,6 +63,9 @@ void LineasCuenta::disponga_pie(Formulario& f, EditorNumero* saldo_cuenta,
     ponga("Tercero", {NomTerc}, saldo_tercero);
     ponga("Proyecto", {NomProy, NomCent}, saldo_centro);
     f.ancha(pie, 0);
+    for (EditorNumero* saldo : {saldo_cuenta, saldo_tercero, saldo_centro})
+        if (saldo)
+            saldos_ << saldo;
     NomCuenta->setAccessibleName("Nombre de la cuenta");
     NomTerc->setAccessibleName("Nombre del tercero");
     NomProy->setAccessibleName("Nombre del proyecto");
@@ -252,9 +255,15 @@ Lados LineasCuenta::sumas_al_digitar() const {
     return s;
 }
 
-void LineasCuenta::vacie_nombres() {
+void LineasCuenta::vacie_pie() {
     for (QLineEdit* e : {NomCuenta, NomTerc, NomProy, NomCent})
         e->clear();
+    vacie_saldos();
+}
+
+void LineasCuenta::vacie_saldos() {
+    for (EditorNumero* saldo : saldos_)
+        saldo->vacie();
 }
 
 void LineasCuenta::vacie_diferencias() {
@@ -338,6 +347,41 @@ void LineasCuenta::ofrezca_al_teclear() {
         if (LabDiferencia)
             LabDiferencia->diga();
     };
+    rejilla->OnCeldaCerrada = [this](int columna) {
+        fdm().mostrar_advertencia(por_que_cerrada(columna));
+    };
+}
+
+QString LineasCuenta::por_que_cerrada(int columna) const {
+    if (cuenta().isEmpty())
+        return QStringLiteral("Digite primero la cuenta de la línea.");
+    switch (columna) {
+    case kTercero:
+        return "La cuenta " + cuenta() + " no lleva tercero.";
+    case kProyecto:
+    case kCentro:
+        return "La cuenta " + cuenta() + " no lleva proyecto ni centro.";
+    default:
+        return rejilla->columna(columna).Titulo() + " no se digita en la cuenta " + cuenta() + '.';
+    }
+}
+
+void LineasCuenta::deduzca_proyecto() {
+    const QString centro = campo(n_.centro).texto();
+    if (!en_edicion() || centro.isEmpty() || !campo(n_.proyecto).vacio())
+        return;
+    QStringList lo_tienen;
+    for (auto c = detalle.conexion().abra(
+             "select proy_cod from centros where cent_cod = ? order by proy_cod", {centro});
+         c->siguiente();)
+        lo_tienen << c->valor(0).texto().trimmed();
+    if (lo_tienen.size() == 1)
+        campo(n_.proyecto) = lo_tienen.first();
+    else
+        fdm().mostrar_advertencia(lo_tienen.isEmpty()
+                                      ? "Ningún proyecto tiene el centro " + centro + '.'
+                                      : "El centro " + centro + " es de varios proyectos (" +
+                                            lo_tienen.join(", ") + "): indique cuál en Proy.");
 }
 
 QString LineasCuenta::como_de_comprobante(const QString& columna) const {

@@ -58,7 +58,9 @@ public:
     void termine_linea();
     /// Escribe en la línea lo que cuadra el comprobante; con un lado ya escrito no hace nada.
     void sugiera_db_cr();
-    void vacie_nombres();
+    /// Los nombres y saldos de la línea actual, en blanco.
+    void vacie_pie();
+    void vacie_saldos();
     void vacie_diferencias();
     void actualice_sumas();
     // De todas las líneas del comprobante, también las que un filtro oculta.
@@ -155,14 +157,20 @@ protected:
     Pantalla& pantalla() const;
 
     bool pregunta_por_centro(const char* celda);
+    /// Un centro sin proyecto: el único que lo tiene es el que se quiso decir; si no es uno solo,
+    /// lo dice.
+    void deduzca_proyecto();
+    /// Por qué no se digita esa celda.
+    QString por_que_cerrada(int columna) const;
     /// Los nombres y las sumas, bajo la rejilla; cada nombre con su saldo, si lo hay.
     void disponga_pie(Formulario& f, EditorNumero* saldo_cuenta = nullptr,
                       EditorNumero* saldo_tercero = nullptr, EditorNumero* saldo_centro = nullptr);
 
     QMap<QString, QString> recordadas_; ///< por columna, lo que tenían antes de preguntar
     bool reponiendo_ = false;
-    Lados guardados_;         ///< los de la línea en edición, como las sumas la cuentan
-    ConjuntoDatos& consulta_; ///< CBorrar de la pantalla
+    QVector<EditorNumero*> saldos_; ///< los que van junto a los nombres
+    Lados guardados_;               ///< los de la línea en edición, como las sumas la cuentan
+    ConjuntoDatos& consulta_;       ///< CBorrar de la pantalla
     const NombresLinea n_;
 };
 

@@ -151,8 +151,10 @@ void LineasLibro::ate_eventos() {
     campo(n_.cuenta).OnChange = [this](Campo&) { cuenta_cambiada(); };
     campo(n_.tercero).OnChange = [this](Campo&) { tercero_cambiado(); };
     campo(n_.proyecto).OnChange = [this](Campo&) {
-        if (!reponiendo() && (c_.pregunta_con_los_dos || !busque_proyecto()))
-            validar_centro();
+        if (reponiendo() || (!c_.pregunta_con_los_dos && busque_proyecto()))
+            return;
+        vacie_centro();
+        validar_centro();
     };
     campo(n_.centro).OnChange = [this](Campo&) { centro_cambiado(); };
     campo(c_.categoria).OnChange = [this](Campo&) { categoria_cambiada(); };
@@ -165,6 +167,18 @@ void LineasLibro::ate_eventos() {
             repita(c, memorias_.referencia_anterior);
         };
     }
+    LabDiferencia->al_reposar = [this] {
+        // Con el encabezado aún sin grabar, pasar por una línea no la valida: solo dice cuál es.
+        if (detalle.State() != Estado::Navegacion || cuenta().isEmpty() ||
+            !NomCuenta->text().isEmpty())
+            return;
+        muestre_nombres();
+        if (!ajustes_.mostrar_saldo)
+            return;
+        saldo(ESaldocta, "saldo_cuenta_mes", {QuotedStr(cuenta())});
+        muestre_saldo_tercero();
+        muestre_saldo_centro();
+    };
     ate_lados();
     detalle.BeforePost = [this] { BeforePost(); };
     detalle.AfterInsert = [this] { AfterInsert(); };
@@ -242,9 +256,16 @@ void LineasLibro::comilla_de_referencia() {
 // ---------------------------------------------------------------- cambios de campo
 
 void LineasLibro::cuenta_cambiada() {
+    vacie_saldos();
+    NomCuenta->clear();
     if (cuenta().isEmpty() || busque_cuenta())
         return;
     validar_cuenta();
+    if (ajustes_.mostrar_saldo && !cuenta().isEmpty()) {
+        // El tercero y el centro que la línea ya tenía, en la cuenta nueva.
+        muestre_saldo_tercero();
+        muestre_saldo_centro();
+    }
     if (!c_.completa_con_la_cuenta || !campo(n_.tercero).vacio())
         return;
     consulte_cuenta("CUEN_TERCERO");
@@ -278,6 +299,9 @@ void LineasLibro::repita(Campo& celda, const QString& anterior) {
 }
 
 void LineasLibro::tercero_cambiado() {
+    NomTerc->clear();
+    if (ESaldoter)
+        ESaldoter->vacie();
     if (c_.comilla_en_celda && es_repeticion(campo(n_.tercero).texto()))
         campo(n_.tercero) = memorias_.tercero_anterior;
     else if (!busque_tercero())
@@ -298,15 +322,33 @@ void LineasLibro::validar_tercero() {
             campo(n_.tercero).limpie();
         }
     } else if (ajustes_.mostrar_saldo) {
-        saldo(ESaldoter, "saldo_tercero_mes", {QuotedStr(cuenta()), QuotedStr(nit)});
+        muestre_saldo_tercero();
     }
 }
 
+void LineasLibro::muestre_saldo_tercero() {
+    if (const QString nit = campo(n_.tercero).texto(); !nit.isEmpty())
+        saldo(ESaldoter, "saldo_tercero_mes", {QuotedStr(cuenta()), QuotedStr(nit)});
+}
+
 void LineasLibro::centro_cambiado() {
-    if (c_.pregunta_con_los_dos && campo(n_.proyecto).vacio())
+    const bool sin_proyecto = campo(n_.proyecto).vacio();
+    if (c_.pregunta_con_los_dos && sin_proyecto && campo(n_.centro).texto().startsWith('?'))
         return;
-    if (!busque_centro())
+    if (busque_centro())
+        return;
+    vacie_centro();
+    if (sin_proyecto)
+        deduzca_proyecto(); // y con él se valida
+    else
         validar_centro();
+}
+
+void LineasLibro::vacie_centro() {
+    NomProy->clear();
+    NomCent->clear();
+    if (ESaldocent)
+        ESaldocent->vacie();
 }
 
 void LineasLibro::validar_centro() {
@@ -327,9 +369,15 @@ void LineasLibro::validar_centro() {
         if (en_edicion())
             campo(n_.centro).limpie();
     } else if (ajustes_.mostrar_saldo) {
+        muestre_saldo_centro();
+    }
+}
+
+void LineasLibro::muestre_saldo_centro() {
+    const QString proyecto = campo(n_.proyecto).texto(), centro = campo(n_.centro).texto();
+    if (!proyecto.isEmpty() && !centro.isEmpty())
         saldo(ESaldocent, "saldo_centro_mes",
               {QuotedStr(cuenta()), QuotedStr(proyecto), QuotedStr(centro)});
-    }
 }
 
 void LineasLibro::categoria_cambiada() {
@@ -403,12 +451,7 @@ void LineasLibro::AfterInsert() {
     campo(c_.item) = contador.siguiente();
     if (c_.descontable)
         campo(c_.descontable) = anfitrion_.encabezado().FieldByName("ENCO_DESCONTABLE").texto();
-    NomCuenta->clear();
-    NomTerc->clear();
-    if (es_niif(libro)) {
-        NomProy->clear();
-        NomCent->clear();
-    }
+    vacie_pie();
 }
 
 void LineasLibro::BeforePost() {
@@ -474,6 +517,7 @@ MemoriasLinea LineasLibro::memorias_de_pegado() const {
 }
 
 void LineasLibro::AfterScroll() {
+    vacie_pie(); // era de otra línea
     if (!anfitrion_.encabezado_posteado())
         return;
     if (c_.solo_nombres) {
@@ -483,23 +527,11 @@ void LineasLibro::AfterScroll() {
         actualice_sumas();
         return;
     }
-    if (cuenta().isEmpty()) {
-        NomCuenta->clear();
-    } else {
-        if (!rejilla->ReadOnly)
-            detalle.Edit();
-        validar_cuenta();
-    }
-    if (campo(n_.tercero).vacio())
-        NomTerc->clear();
-    else
-        validar_tercero();
-    if (campo(n_.proyecto).vacio() || campo(n_.centro).vacio()) {
-        NomProy->clear();
-        NomCent->clear();
-    } else {
-        validar_centro();
-    }
+    if (!cuenta().isEmpty() && !rejilla->ReadOnly)
+        detalle.Edit();
+    validar_cuenta();
+    validar_tercero();
+    validar_centro();
     actualice_sumas();
 }
 
@@ -507,11 +539,12 @@ void LineasLibro::muestre_nombres() {
     const QString nit = campo(n_.tercero).texto(), proyecto = campo(n_.proyecto).texto();
     const auto nombre = [this](const char* columna, const char* tabla, const char* llave,
                                const QString& codigo) {
+        // Por aparte de la consulta de la pantalla, que puede estar a medio leer.
         return codigo.isEmpty() ? QString()
-                                : consulta_
-                                      .valor_unico(QStringLiteral("select %1 from %2 where %3 = ")
-                                                       .arg(columna, tabla, llave) +
-                                                   QuotedStr(codigo))
+                                : detalle.conexion()
+                                      .consulte(QStringLiteral("select %1 from %2 where %3 = ?")
+                                                    .arg(columna, tabla, llave),
+                                                {codigo})
                                       .texto();
     };
     NomCuenta->setText(nombre_en_el_plan(detalle.conexion(), libro, cuenta()));

@@ -133,6 +133,9 @@ private:
     void complete_tercero();
     void tercero_cambiado();
     void centro_cambiado();
+    void vacie_centro();
+    void muestre_saldo_tercero();
+    void muestre_saldo_centro();
     void categoria_cambiada();
     void porcentaje_cambiado();
     void consulte_tarifa(const char* columnas);

@@ -71,7 +71,7 @@ void LineasPlantilla::AfterInsert() {
     campo(c_.item) = contador.siguiente();
     for (const char* monto : {n_.debito, n_.credito, c_.base, c_.porcentaje})
         campo(monto) = Moneda();
-    vacie_nombres();
+    vacie_pie();
 }
 
 void LineasPlantilla::validar_tercero() {

@@ -197,7 +197,7 @@ void LineasPropuesta::deshaga() {
         return;
     reponga(*std::exchange(antes_, std::nullopt));
     detalle.First();
-    vacie_nombres();
+    vacie_pie();
     muestre_linea();
 }
 

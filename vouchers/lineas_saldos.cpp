@@ -84,11 +84,11 @@ void LineasSaldos::devuelva_a(int columna) {
 
 void LineasSaldos::cuenta_cambiada() {
     const QString texto = cuenta();
+    NomCuenta->clear();
     if (texto.isEmpty() || busque_cuenta())
         return;
     if (!fdmcnt().valide_cuenta(texto)) {
         campo("CUEN_COD").limpie();
-        NomCuenta->clear();
         devuelva_a(kCuenta);
         return;
     }
@@ -112,6 +112,8 @@ void LineasSaldos::centro_cambiado() {
     NomProy->clear();
     NomCent->clear();
     const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
+    if (proyecto.isEmpty())
+        deduzca_proyecto(); // y con él se vuelve aquí
     if (proyecto.isEmpty() || centro.isEmpty())
         return;
     if (!fdmcnt().valide_centro(proyecto, centro)) {
@@ -148,7 +150,7 @@ void LineasSaldos::AfterInsert() {
     campo("SAIN_ITEM") = contador.siguiente();
     campo("SAIN_DEBITO") = Moneda();
     campo("SAIN_CREDITO") = Moneda();
-    vacie_nombres();
+    vacie_pie();
 }
 
 void LineasSaldos::BeforePost() {
@@ -167,7 +169,7 @@ void LineasSaldos::BeforePost() {
 }
 
 void LineasSaldos::AfterScroll() {
-    vacie_nombres();
+    vacie_pie();
     if (!cuenta().isEmpty())
         NomCuenta->setText(fdmcnt().nom_cuenta(cuenta()));
     if (!campo("TERC_NIT").vacio())

@@ -190,7 +190,7 @@ void PantallaComprobante::deshaga_lo_ultimo() {
     deshacer.deshaga();
     siga_al_prefijo();
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
-        l->vacie_nombres();
+        l->vacie_pie();
         l->vacie_diferencias();
         l->actualice_sumas();
     }

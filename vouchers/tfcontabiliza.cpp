@@ -213,7 +213,7 @@ void Tfcontabiliza::pagina_cambiada(int pagina) {
 void Tfcontabiliza::muestre_libro(LineasPropuesta& lineas) {
     // Las reglas siguen al libro de las líneas que quedan a la vista.
     lineas.ate_eventos();
-    lineas.vacie_nombres();
+    lineas.vacie_pie();
     CContadetalle.Filter(lineas.filtro());
     lineas.actualice_sumas();
     lineas.rejilla->setFocus();

@@ -389,8 +389,8 @@ void Tfedtmovimien::ReplicaraNIIF1Click() {
         return;
     }
     lineas_niif->exija_abiertas();
-    if (!pregunte("Esta seguro de descartar la información de NIIF y reemplazarla por la "
-                  "equivalencia?"))
+    if (!pregunte_con_no("Esta seguro de descartar la información de NIIF y reemplazarla por la "
+                         "equivalencia?"))
         return;
     lineas_2649->termine_linea();
     // Media réplica no cuadra: antes de descartar nada se dice qué cuenta no tiene equivalente.

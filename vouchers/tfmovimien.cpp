@@ -119,7 +119,7 @@ void Tfmovimien::recupere_provisional() {
     switch (
         pregunte_botones("Se encontró un comprobante previo que no está correctamente registrado. "
                          "Desea Eliminarlo o Recuperarlo?",
-                         {"Eliminarlo", "Recuperarlo"})) {
+                         {"Eliminarlo", "Recuperarlo"}, Segunda)) {
     case Primera:
         // Las líneas NIIF bajo el id 0 se quedan donde están.
         borre_comprobante(fdm().Quorvex, modo_borrado(objectName()), {}, fdm().usuario);
@@ -243,22 +243,16 @@ void Tfmovimien::CMovimientoAfterInsert() {
     ponga("ENCO_REPNIIF", "N");
     EDia->setText(fdmcnt().dia_actual);
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        // Lo de la última línea y las sumas del anterior no son del nuevo.
         l->contador.empiece();
-        for (QLineEdit* nombre : {l->NomCuenta, l->NomTerc, l->NomProy, l->NomCent})
-            nombre->clear(); // los de la última línea del anterior
-    }
-    EArticod->clear(); // los de una línea del comprobante anterior
-    Edit2->clear();
-    grabacion.olvide();
-    for (EditorNumero* e :
-         {lineas_2649->ESaldocta, lineas_2649->ESaldoter, lineas_2649->ESaldocent})
-        e->vacie();
-    // Las sumas del comprobante anterior no son las del nuevo.
-    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        l->vacie_pie();
         l->Sumadeb->vacie();
         l->SumCred->vacie();
         l->vacie_diferencias();
     }
+    EArticod->clear(); // los de una línea del comprobante anterior
+    Edit2->clear();
+    grabacion.olvide();
 }
 
 void Tfmovimien::CMovimientoTICO_CODChange(Campo& campo) {

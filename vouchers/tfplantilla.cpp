@@ -46,7 +46,7 @@ void Tfplantilla::CPlantillaAfterInsert() {
         l->Sumadeb->vacie();
         l->SumCred->vacie();
         l->vacie_diferencias();
-        l->vacie_nombres();
+        l->vacie_pie();
     }
 }
 

@@ -3,6 +3,7 @@
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/tfcuentas.h"
 #include "libro/libro.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
 
 class PruebaCuentasLista : public QObject {
     Q_OBJECT
@@ -47,6 +48,12 @@ private slots:
         const int inactiva = int(codigos(lista).indexOf("110510"));
         QCOMPARE(rejilla(lista).aspecto_de(inactiva).frente, color_inactivo());
         QVERIFY(rejilla(lista).aspecto_de(inactiva - 1).frente != color_inactivo());
+        // La clase se lee como en la ficha.
+        ModeloConjunto& modelo = rejilla(lista).modelo();
+        const int tipo = rejilla(lista).columna_de("CUEN_TIPO");
+        for (const auto& [cuenta, dice] :
+             {std::pair{"143505", "Inventario"}, {"152405", "Activo fijo"}, {"130505", "Cartera"}})
+            QCOMPARE(modelo.texto(int(codigos(lista).indexOf(cuenta)), tipo), QString(dice));
         // Letra por nivel: clase, grupo y lo demás.
         const struct {
             const char* cuenta;

@@ -95,6 +95,10 @@ private slots:
         QCOMPARE(pregunte_botones(t, rotulos), Ninguna);
         i.espere_modal("dialogo", [](QWidget* d) { d->close(); });
         QCOMPARE(pregunte_botones(t, rotulos), Ninguna);
+        for (const Respuesta escogida : {Primera, Segunda}) { // la de un Enter distraído
+            i.espere_modal("dialogo", [](QWidget* d) { QTest::keyClick(d, Qt::Key_Return); });
+            QCOMPARE(pregunte_botones(t, rotulos, escogida), escogida);
+        }
     }
 
     void las_fallas_de_un_evento_no_lo_cruzan() {

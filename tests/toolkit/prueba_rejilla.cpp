@@ -498,7 +498,8 @@ private slots:
         p.tecla(Qt::Key_Delete, Qt::ControlModifier); // sin tocar, se quita sin preguntar
         QCOMPARE(p.detalle->RecordCount(), 3);
         p.detalle->vaya_a(1);
-        i.espere("Desea borrar la fila actual?", "No");
+        // Un Enter distraído no borra.
+        i.espere_modal("dialogo", [](QWidget* d) { QTest::keyClick(d, Qt::Key_Return); });
         p.tecla(Qt::Key_Delete, Qt::ControlModifier);
         QCOMPARE(p.detalle->RecordCount(), 3);
         i.espere("Desea borrar la fila actual?", "Sí");

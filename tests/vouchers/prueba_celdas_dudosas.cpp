@@ -50,6 +50,84 @@ private slots:
         p->CMovimiento.CancelUpdates();
     }
 
+    void la_celda_cerrada_dice_por_que_y_el_centro_trae_su_proyecto() {
+        Empezado e("CG", "05", "x");
+        auto& [s, d, p] = e;
+        s.base.ejecute({"insert into centros (proy_cod, cent_cod, cent_nom, sucu_id) values "
+                        "('0002', '0077', 'Patio', 0)"});
+        d.linea({"110505"});
+        const std::pair<int, const char*> cerradas[] = {
+            {LineasLibro::kTercero, "La cuenta 110505 no lleva tercero."},
+            {LineasLibro::kCentro, "La cuenta 110505 no lleva proyecto ni centro."}};
+        for (const auto& [columna, aviso] : cerradas) {
+            d.rejilla().SelectedIndex(columna);
+            digite("n");
+            QVERIFY(!d.rejilla().digitando());
+            QCOMPARE(d.barra.text(), QString("Advertencia: ") + aviso);
+        }
+        const struct {
+            const char *centro, *proyecto, *aviso;
+        } casos[] = {{"0099", "", "Ningún proyecto tiene el centro 0099."},
+                     {"0001", "",
+                      "El centro 0001 es de varios proyectos (0001, 0002): indique cuál en Proy."},
+                     {"0077", "0002", nullptr}};
+        d.rejilla().SelectedIndex(0);
+        d.linea({"413505"});
+        for (const auto& c : casos) {
+            d.rejilla().SelectedIndex(LineasLibro::kCentro);
+            d.linea({c.centro});
+            QCOMPARE(d.celda("CENT_COD"), QString(c.centro));
+            QCOMPARE(d.celda("PROY_COD"), QString(c.proyecto));
+            if (c.aviso)
+                QCOMPARE(d.barra.text(), QString("Advertencia: ") + c.aviso);
+        }
+        QCOMPARE(p->lineas_2649->NomCent->text(), "Patio");
+        p->CMovimiento.CancelUpdates();
+    }
+
+    void el_pie_es_el_de_la_linea_actual_o_ninguno() {
+        SesionGui s;
+        Digitador d(s);
+        d.configure("COMPROBANTES", "MOSTRAR SALDO POR CUENTA Y POR TERCERO AL DIGITAR MOVIMIENTOS",
+                    "SI");
+        Tfmovimien* p = d.abra("CG", "05", "x");
+        const auto pie = [p] {
+            const LineasLibro& l = p->lineas_a_la_vista();
+            QStringList dice;
+            for (const QLineEdit* e : std::initializer_list<const QLineEdit*>{
+                     l.NomCuenta, l.NomTerc, l.NomProy, l.NomCent, l.ESaldocta, l.ESaldoter,
+                     l.ESaldocent})
+                dice << e->text();
+            return dice.join('|');
+        };
+        const QString nada = "||||||";
+        for (int pagina : {1, 0}) {
+            p->PageControl1->setCurrentIndex(pagina);
+            d.entre_a_la_rejilla();
+            d.linea({"510506", "900123456", "0002", "0001", "", "", "", "", "", "10", "", ""});
+            QCOMPARE(pie(), nada); // la línea nueva
+            d.linea({"510506", "52345678", "0001", "0002", "", "", "", "", "", "", "10"});
+            const QString segunda = pie();
+            QVERIFY2(segunda.count("0.00") == 3, qPrintable(segunda));
+            // También con el encabezado aún sin grabar, cuando la línea no se valida al pasar.
+            oprima(Qt::Key_Up);
+            agote_eventos();
+            QCOMPARE(pie(),
+                     "Sueldos|Ferretería El Tornillo S.A.S.|Ventas|Mostrador|0.00|0.00|0.00");
+            oprima(Qt::Key_Down);
+            agote_eventos();
+            QCOMPARE(pie(), segunda);
+        }
+        oprima(Qt::Key_F2);
+        agote_eventos();
+        QVERIFY(p->CDetalle.IsEmpty());
+        for (int pagina : {0, 1}) {
+            QCOMPARE(pie(), nada);
+            p->PageControl1->setCurrentIndex(1 - pagina);
+        }
+        p->CMovimiento.CancelUpdates();
+    }
+
     void un_porcentaje_de_mas_de_cien_se_pregunta() {
         SesionGui s;
         Digitador d(s);

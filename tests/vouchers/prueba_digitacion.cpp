@@ -106,8 +106,9 @@ private slots:
         d.linea({"510506"});
         QVERIFY(!d.rejilla().columna(1).ReadOnly());
         QCOMPARE(d.celda("TERC_NIT"), "52345678"); // el del encabezado
-        d.linea({"52345678", "0001", "0001", "", "", "", "", "", "100", "", ""});
+        d.linea({"52345678", "0001", "0001"});
         QCOMPARE(p->lineas_2649->NomCent->text(), "Gerencia");
+        d.linea({"", "", "", "", "", "100", "", ""});
         QCOMPARE(p->CDetalle.RecordCount(), 3);
         // el débito borra el crédito, y al revés
         d.linea({"510506", "", "", "", "", "", "", "", "", "30", "40"});

@@ -343,6 +343,27 @@ private slots:
                 texto.indexOf("130505") < texto.indexOf("310505"));
         QCOMPARE(texto.section("Sumas", 1).count("1,500,000.50"), 2);
         QVERIFY(!texto.contains("7,777"));
+        QVERIFY(!texto.contains("vienen"));
+        // En varias hojas, cada una empieza con lo que suman las anteriores.
+        s.base.ejecute(
+            {"execute block as declare i int = 100; begin while (i < 250) do begin i = i + 1; "
+             "insert into terceros (terc_nit, terc_nom) values ('T' || :i, 'Cliente ' || :i); "
+             "insert into saldos_iniciales (sain_item, cuen_cod, terc_nit, sain_debito, "
+             "sain_credito) values (:i, '130505', 'T' || :i, 1000, 0); end end"});
+        d.abra();
+        const QStringList hojas =
+            informe_como_texto(d.saldos, Qt::Key_F8).split('\f', Qt::SkipEmptyParts);
+        QVERIFY(hojas.size() > 1);
+        int lineas = 0;
+        for (const QString& hoja : hojas) {
+            QCOMPARE(hoja.section("Sumas que vienen", 1).section('\n', 0, 0).simplified(),
+                     lineas == 0
+                         ? QString()
+                         : (Moneda::de_texto("1500000.5") + Moneda(lineas * 1000)).formateada() +
+                               " 0.00");
+            lineas += int(hoja.count("Cliente "));
+        }
+        QCOMPARE(lineas, 150);
     }
 
     void salir_pregunta_siempre() {

@@ -91,7 +91,7 @@ void NavegadorDatos::pulse(BotonNavegador cual) {
         c->Insert();
         break;
     case nbDelete:
-        if (!ConfirmDelete || pregunte(QStringLiteral("Desea borrar el registro?")))
+        if (!ConfirmDelete || pregunte_con_no(QStringLiteral("Desea borrar el registro?")))
             c->Delete();
         break;
     case nbEdit:

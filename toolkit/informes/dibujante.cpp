@@ -44,7 +44,7 @@ Dibujante::Dibujante(const Proyecto& proyecto, const Papel& papel, const Variabl
 }
 
 const Letra& Dibujante::letra(int estilo) {
-    return letras_.de(proyecto_.estilos[estilo], estilo);
+    return hojas_.letra(estilos_[estilo]);
 }
 
 // ---------------------------------------------------------------- bandas

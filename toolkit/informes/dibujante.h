@@ -61,8 +61,7 @@ private:
     const Variables& variables_;
     DatosReporte& datos_;
     Hojas& hojas_;
-    QVector<int> estilos_; ///< del proyecto a las hojas
-    Letras letras_;
+    QVector<int> estilos_;                             ///< del proyecto a las hojas
     std::unordered_map<const Item*, QString> ultimos_; ///< de los que no se repiten
     QVector<Pendiente> pendientes_;
 };

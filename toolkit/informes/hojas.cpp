@@ -78,6 +78,15 @@ int Hojas::estilo(const Estilo& estilo) {
     return indice_de(estilos_, estilo);
 }
 
+const Letra& Hojas::letra(int estilo) {
+    if (letras_.size() < size_t(estilos_.size()))
+        letras_.resize(size_t(estilos_.size()));
+    std::unique_ptr<Letra>& letra = letras_[size_t(estilo)];
+    if (!letra)
+        letra = std::make_unique<Letra>(estilos_[estilo]);
+    return *letra;
+}
+
 int Hojas::imagen(const QImage& imagen) {
     QByteArray bytes;
     QBuffer bufer(&bytes);

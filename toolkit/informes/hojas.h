@@ -11,11 +11,14 @@
 #include <QImage>
 #include <QRectF>
 #include <memory>
+#include <vector>
 
 class QPainter;
 class QTemporaryFile;
 
 namespace informes {
+
+class Letra;
 
 /// Lo que se dibuja en una hoja. Un texto es siempre de un renglón.
 struct Trazo {
@@ -39,6 +42,9 @@ public:
 
     // --- escritura
     int estilo(const Estilo& estilo);
+    /// Lo que mide la letra de un estilo de estas hojas. Medirla cuesta: sirve a todos los reportes
+    /// de un trabajo.
+    const Letra& letra(int estilo);
     int imagen(const QImage& imagen);
     /// Una imagen como llegó (PNG, JPEG, BMP); -1 si no se puede leer.
     int imagen(const QByteArray& archivo);
@@ -87,6 +93,7 @@ private:
     QVector<Hoja> hojas_;
     QVector<Papel> papeles_;
     QVector<Estilo> estilos_;
+    std::vector<std::unique_ptr<Letra>> letras_; ///< por estilo; las que se han pedido
     QVector<Guardada> imagenes_;
     mutable QCache<int, QImage> a_la_mano_;      ///< las últimas que se dibujaron
     QVector<std::pair<qint64, int>> pendientes_; ///< dónde quedó cada texto y su largo

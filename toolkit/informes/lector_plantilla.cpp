@@ -300,6 +300,7 @@ private:
             admita({"nombre", "columna", "nivel"});
             Grupo g = lea_grupo();
             g.nombre = exija("nombre");
+            g.columnas = atributo("columna").split(QLatin1Char(','), Qt::SkipEmptyParts);
             bloque.grupos << g;
         } else if (nodo.nombre == QLatin1String("banda")) {
             bloque.bandas << lea_banda();
@@ -310,7 +311,6 @@ private:
 
     Grupo lea_grupo() {
         Grupo g;
-        g.columnas = exija("columna").split(QLatin1Char(','));
         g.nivel = int(medida("nivel", 1));
         g.renglon = nodo_->linea;
         if (g.nivel < 1 || g.nivel > 9)
@@ -347,9 +347,8 @@ private:
         b.de_grupo = atributo("grupo");
         const bool grupo = b.tipo == TipoBanda::Grupo || b.tipo == TipoBanda::Total;
         if (grupo && b.de_grupo.isEmpty()) {
-            const Grupo propio = lea_grupo();
-            b.columnas = propio.columnas;
-            b.nivel = propio.nivel;
+            b.columnas = exija("columna").split(QLatin1Char(','));
+            b.nivel = lea_grupo().nivel;
         } else if (b.tipo == TipoBanda::Detalle && tiene("nivel")) {
             b.nivel = int(medida("nivel", 1));
         }

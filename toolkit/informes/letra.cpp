@@ -67,11 +67,4 @@ double Letra::alto_renglon() const {
     return medidas_.lineSpacing() / kPorMilimetro;
 }
 
-const Letra& Letras::de(const Estilo& estilo, int numero) {
-    auto i = letras_.find(numero);
-    if (i == letras_.end())
-        i = letras_.emplace(numero, Letra(estilo)).first;
-    return i->second;
-}
-
 } // namespace informes

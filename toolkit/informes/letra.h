@@ -5,7 +5,6 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <array>
-#include <unordered_map>
 
 namespace informes {
 
@@ -28,15 +27,6 @@ private:
     QFont letra_;
     QFontMetricsF medidas_;
     std::array<float, 256> anchos_; ///< los caracteres de casi todo lo que se imprime
-};
-
-/// Las letras que un informe va usando, por su estilo.
-class Letras {
-public:
-    const Letra& de(const Estilo& estilo, int numero);
-
-private:
-    std::unordered_map<int, Letra> letras_;
 };
 
 } // namespace informes

@@ -62,8 +62,10 @@ MotorInformes::~MotorInformes() = default;
 void MotorInformes::abrir_proyecto(const QString& ruta) {
     cerrar();
     const QString propio = QStringLiteral(":/informes/") + QFileInfo(ruta).fileName().toLower();
-    proyecto_ = std::make_unique<Proyecto>(
-        lea_proyecto(QFile::exists(ruta) || !QFile::exists(propio) ? ruta : propio));
+    const QString cual = QFile::exists(ruta) || !QFile::exists(propio) ? ruta : propio;
+    if (!en_lote_ || !leido_ || leido_->ruta != cual)
+        leido_ = std::make_unique<Proyecto>(lea_proyecto(cual));
+    proyecto_ = std::make_unique<Proyecto>(*leido_);
 }
 
 void MotorInformes::fijar_parametro(const QString& nombre, const QString& valor) {

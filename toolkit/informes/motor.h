@@ -85,6 +85,8 @@ private:
 
     QPointer<QWidget> ventana_;
     std::unique_ptr<informes::Proyecto> proyecto_;
+    /// Como se leyó, mientras dura un lote: leer la plantilla cuesta más que componer una hoja.
+    std::unique_ptr<informes::Proyecto> leido_;
     QString seleccionado_;
     informes::Variables variables_;
     QMap<QString, ConjuntoDatos*> conexiones_;

@@ -165,6 +165,8 @@ public:
     std::function<void()> OnEnter, OnExit;    ///< el foco entra a la rejilla o la deja
     std::function<void()> OnDeshacer;         ///< Ctrl+Z sobre las celdas
     std::function<void()> OnDigitado;         ///< tras cada tecla en el editor de una celda
+    /// Se tecleó en una celda que no se digita: dice por qué. Sin él solo suena el pitido.
+    std::function<void(int columna)> OnCeldaCerrada;
     std::function<void()> OnEscape;           ///< Esc sin editor ni fila que cancelar
     std::function<void()> OnSelectionChanged; ///< cambiaron las filas marcadas
     /// Letra y colores de una fila; el valor de otros campos se lee con conjunto()->valor_en.
@@ -240,6 +242,7 @@ private:
     bool celda_editable(const QModelIndex& indice) const;
     bool asegure_edicion();
     void abra_editor(const QString& texto, bool digitado);
+    void rehuse_tecla();
     void cierre_editor();
     void ubique_editor();
     void asigne(int columna, const QString& texto);

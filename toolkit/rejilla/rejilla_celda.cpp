@@ -180,7 +180,7 @@ void Rejilla::inserte_fila() {
 void Rejilla::borre_fila() {
     if (!editable() || !permite_borrar || conjunto()->IsEmpty())
         return;
-    if (!fila_intacta() && !pregunte(QStringLiteral("Desea borrar la fila actual?")))
+    if (!fila_intacta() && !pregunte_con_no(QStringLiteral("Desea borrar la fila actual?")))
         return;
     cierre_editor();
     proteja([this] { conjunto()->Delete(); });
@@ -213,8 +213,11 @@ void Rejilla::abra_editor(const QString& texto, bool digitado) {
     // En una rejilla sin filas, digitar crea la primera.
     if (conjunto()->IsEmpty() && !agregue_fila(qMax(0, columna_de_entrada(*this))))
         return;
-    if (!celda_editable(currentIndex()) || columna(SelectedIndex()).casilla)
+    if (!celda_editable(currentIndex()) || columna(SelectedIndex()).casilla) {
+        if (digitado)
+            rehuse_tecla();
         return;
+    }
     if (digitado && !asegure_edicion())
         return;
     const int c = SelectedIndex();
@@ -246,6 +249,13 @@ void Rejilla::abra_editor(const QString& texto, bool digitado) {
         if (OnDigitado)
             proteja(OnDigitado);
     }
+}
+
+void Rejilla::rehuse_tecla() {
+    if (OnCeldaCerrada)
+        proteja([this] { OnCeldaCerrada(SelectedIndex()); });
+    else
+        QApplication::beep();
 }
 
 QString Rejilla::texto_digitado() const {

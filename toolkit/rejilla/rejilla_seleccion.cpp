@@ -164,7 +164,7 @@ void Rejilla::borre_seleccion() {
                          r.right() >= columna_visible(cuenta_columnas() - 1, -1);
     if (enteras && tiene_seleccion() && permite_borrar) {
         const int cuantas = r.height();
-        if (!pregunte(
+        if (!pregunte_con_no(
                 cuantas == 1
                     ? QStringLiteral("Desea borrar la fila actual?")
                     : QStringLiteral("Desea borrar las %1 filas seleccionadas?").arg(cuantas)))
