@@ -47,7 +47,9 @@ void Tfvalactivo::bajo_el_encabezado(Formulario& f) {
     auto* observaciones = new MemoDato(&CProceso, "ACFV_OBS");
     observaciones->setObjectName("EObs");
     observaciones->lineas(3);
-    f.fila({{"Activo", ECodigo}, {"Valor en libros:", lectura("ACFV_VALOR", "EValor")}});
+    f.fila("Activo",
+           en_flujo({ECodigo, con_rotulo("Valor en libros", lectura("ACFV_VALOR", "EValor"))},
+                    paso()));
     // La operación se lee seguida aunque su resultado pase a otro renglón.
     const auto igual_a = [](QWidget* resultado, const char* de_que) {
         resultado->setAccessibleName(de_que);
@@ -63,8 +65,10 @@ void Tfvalactivo::bajo_el_encabezado(Formulario& f) {
                      con_rotulo("- Costo venta", importe("ACFV_CSVENTA", "ECsVenta")),
                      igual_a(lectura("VrRazon", "ERazon"), "Valor razonable")},
                     paso()));
-    f.fila({{"Valor recuperable:", lectura("ACFV_VRRECUP", "EVrRecup")},
-            {"Deterioro/Superavit:", lectura("ACFV_DIFER", "EDifer")}});
+    f.fila("Valor recuperable:",
+           en_flujo({lectura("ACFV_VRRECUP", "EVrRecup"),
+                     con_rotulo("Deterioro/Superavit", lectura("ACFV_DIFER", "EDifer"))},
+                    paso()));
     f.fila("Observaciones", observaciones);
     f.fila("Documento", EDocumento);
     f.estire();

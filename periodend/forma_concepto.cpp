@@ -112,7 +112,7 @@ void FormaConcepto::construya() {
     barra->separe();
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape, [this] { close(); });
     Formulario(this)
-        .fila({{"&Código", ECod}, {"&Nombre", nombre}})
+        .fila("&Código", en_flujo({ECod, con_rotulo("&Nombre", nombre)}, paso()))
         .fila("Cuenta de c&ierre", Formulario::junto({ECta, NomCierre, lado}))
         .fila("", en_flujo({Vence, con_rotulo("Desde", Formulario::junto({MesIni, AnoIni})),
                             con_rotulo("Hasta", Formulario::junto({MesFin, AnoFin}))},
