@@ -95,6 +95,13 @@ void siga_ensanchando(QMdiSubWindow* ventana, QPointer<Pantalla> pantalla) {
                          Qt::QueuedConnection);
     }
 }
+
+/// Los anchos que el usuario dejó en cada rejilla vuelven con la pantalla.
+void recuerde_anchos(const Pantalla& pantalla, QSettings* ajustes) {
+    for (Rejilla* r : pantalla.findChildren<Rejilla*>())
+        if (!r->objectName().isEmpty())
+            r->guarde_en(ajustes, pantalla.objectName() + '/' + r->objectName());
+}
 } // namespace
 
 Escritorio* escritorio() {
@@ -141,13 +148,10 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         area_->addSubWindow(ventana);
         const QSize marco = ventana->sizeHint() - ventana->widget()->sizeHint();
         QSize tamano = pantalla->tamano_inicial() + (pantalla->del_area_ ? QSize(0, 0) : marco);
-        // Los anchos que el usuario dejó en cada rejilla vuelven con la pantalla.
-        if (ajustes_)
-            for (Rejilla* r : pantalla->findChildren<Rejilla*>())
-                if (!r->objectName().isEmpty())
-                    r->guarde_en(ajustes_, pantalla->objectName() + '/' + r->objectName());
-        if (ajustes_)
+        if (ajustes_) {
+            recuerde_anchos(*pantalla, ajustes_);
             tamano = ajustes_->value(clave_tamano(pantalla), tamano).toSize();
+        }
         const QSize area = pantalla->area_principal();
         // La barra del lado no le quita ancho a lo que se lee.
         if (tamano.height() > area.height())

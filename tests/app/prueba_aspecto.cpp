@@ -490,6 +490,11 @@ private slots:
                     QString::fromLatin1(QTest::currentDataTag()) + '_' + p->objectName();
                 tome_foto(ventana_de(p), foto);
                 suyas << revise_las_otras_hojas(p, foto);
+                if (p->objectName() == "Tfedtmovimien") { // la ventanilla sigue a quien digita
+                    p->findChild<Rejilla*>("DBGridEh1")->setFocus();
+                    revise_apertura(p, suyas);
+                    tome_foto(ventana_de(p), foto + "_lineas");
+                }
                 if (consulte(p)) {
                     suyas << revise(p);
                     tome_foto(ventana_de(p), foto + "_resultado");
