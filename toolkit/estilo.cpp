@@ -104,8 +104,6 @@ protected:
     }
 
 private:
-    static inline const QString kSigue{QChar(0x2026)};
-
     static bool cabe(const QLineEdit* caja) {
         const QFontMetrics medidas = caja->fontMetrics();
         return medidas.horizontalAdvance(caja->text()) <=
@@ -124,13 +122,12 @@ private:
         const QFontMetrics medidas = caja.fontMetrics();
         if (medidas.horizontalAdvance(caja.text()) <= sitio.width())
             return;
-        QRect fin = sitio.adjusted(0, kMargen, kMargen, -kMargen);
-        fin.setLeft(qMax(sitio.left(), sitio.right() - medidas.horizontalAdvance(kSigue)));
         QPainter pintor(&caja);
-        pintor.fillRect(fin,
+        pintor.fillRect(sitio.adjusted(0, kMargen, kMargen, -kMargen),
                         caja.isReadOnly() ? fondo_fijo() : caja.palette().color(QPalette::Base));
         pintor.setPen(caja.palette().color(QPalette::Text));
-        pintor.drawText(fin, Qt::AlignLeft | Qt::AlignVCenter, kSigue);
+        pintor.drawText(sitio, Qt::AlignLeft | Qt::AlignVCenter,
+                        medidas.elidedText(caja.text(), Qt::ElideRight, sitio.width()));
     }
     /// Al entrar queda todo seleccionado: se lee desde el comienzo, y digitar lo reemplaza igual.
     static void empiece_por_el_comienzo(QLineEdit* caja) {

@@ -121,7 +121,7 @@ void Tfedtmovimien::declare_pie() {
     // Cada libro dice cuándo cambió; si el NIIF nunca, no ocupa sitio.
     auto* cambio = new JuntoAPestanas;
     auto* fila = new QHBoxLayout(cambio);
-    fila->setContentsMargins(0, 0, 0, paso(0.5));
+    fila->setContentsMargins(0, 0, 0, paso(0.25));
     fila->addWidget(LabAudit);
     fila->addWidget(Edit3);
     PageControl1->setCornerWidget(cambio);
