@@ -131,6 +131,7 @@ void FormaRango::arme_casillas(Formulario& f, std::initializer_list<QCheckBox*> 
         grupo->setObjectName(QStringLiteral("casillas"));
         auto* cuadro = new QGridLayout(grupo);
         cuadro->setContentsMargins(0, 0, 0, 0);
+        cuadro->setHorizontalSpacing(paso(0.25));
         cuadro->setVerticalSpacing(paso(0.5));
         cuadro->setColumnStretch(1, 1);
         f.ancha(grupo, 0);
