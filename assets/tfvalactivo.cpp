@@ -3,6 +3,7 @@
 #include "assets/pch.h"
 #include "assets/peticiones_activos.h"
 #include "assets/procesos_activos.h"
+#include "toolkit/disposicion_flujo.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -46,16 +47,28 @@ void Tfvalactivo::bajo_el_encabezado(Formulario& f) {
     auto* observaciones = new MemoDato(&CProceso, "ACFV_OBS");
     observaciones->setObjectName("EObs");
     observaciones->lineas(3);
-    f.fila("Activo", ECodigo);
-    f.fila("Valor en libros:", lectura("ACFV_VALOR", "EValor"));
-    f.fila({{"Valor en Uso = Valor uso producción:", importe("ACFV_VRUSO", "EVrUso")},
-            {"- Costo uso:", importe("ACFJ_CSUSO", "ECsUso")},
-            {"=", lectura("VrUso", "EUso")}});
-    f.fila({{"Valor Razonable = Precio de venta:", importe("ACFV_PRVENTA", "EPrVenta")},
-            {"- Costo venta:", importe("ACFV_CSVENTA", "ECsVenta")},
-            {"=", lectura("VrRazon", "ERazon")}});
-    f.fila({{"Valor recuperable:", lectura("ACFV_VRRECUP", "EVrRecup")},
-            {"Deterioro/Superavit:", lectura("ACFV_DIFER", "EDifer")}});
+    f.fila("Activo",
+           en_flujo({ECodigo, con_rotulo("Valor en libros", lectura("ACFV_VALOR", "EValor"))},
+                    paso()));
+    // La operación se lee seguida aunque su resultado pase a otro renglón.
+    const auto igual_a = [](QWidget* resultado, const char* de_que) {
+        resultado->setAccessibleName(de_que);
+        return Formulario::junto({new QLabel("="), resultado});
+    };
+    f.fila("Valor en Uso = Valor uso producción:",
+           en_flujo({importe("ACFV_VRUSO", "EVrUso"),
+                     con_rotulo("- Costo uso", importe("ACFJ_CSUSO", "ECsUso")),
+                     igual_a(lectura("VrUso", "EUso"), "Valor en uso")},
+                    paso()));
+    f.fila("Valor Razonable = Precio de venta:",
+           en_flujo({importe("ACFV_PRVENTA", "EPrVenta"),
+                     con_rotulo("- Costo venta", importe("ACFV_CSVENTA", "ECsVenta")),
+                     igual_a(lectura("VrRazon", "ERazon"), "Valor razonable")},
+                    paso()));
+    f.fila("Valor recuperable:",
+           en_flujo({lectura("ACFV_VRRECUP", "EVrRecup"),
+                     con_rotulo("Deterioro/Superavit", lectura("ACFV_DIFER", "EDifer"))},
+                    paso()));
     f.fila("Observaciones", observaciones);
     f.fila("Documento", EDocumento);
     f.estire();

@@ -123,16 +123,27 @@ QCheckBox* FormaRango::casilla(const QString& nombre, const QString& texto) {
 }
 
 void FormaRango::arme_casillas(Formulario& f, std::initializer_list<QCheckBox*> casillas) {
-    auto* grupo = new QWidget(this);
-    auto* rejilla = new QGridLayout(grupo);
-    rejilla->setSpacing(paso(0.25));
-    rejilla->setContentsMargins(0, 0, 0, 0);
+    // Las de varias llamadas seguidas son un solo cuadro: todas a la misma distancia.
+    const QLayoutItem* ultimo = layout()->itemAt(layout()->count() - 1);
+    QWidget* grupo = ultimo ? ultimo->widget() : nullptr;
+    if (!grupo || grupo->objectName() != QLatin1String("casillas")) {
+        grupo = new QWidget(this);
+        grupo->setObjectName(QStringLiteral("casillas"));
+        auto* cuadro = new QGridLayout(grupo);
+        cuadro->setContentsMargins(0, 0, 0, 0);
+        cuadro->setHorizontalSpacing(paso(0.25));
+        cuadro->setVerticalSpacing(paso(0.5));
+        cuadro->setColumnStretch(1, 1);
+        f.ancha(grupo, 0);
+    }
+    auto* cuadro = static_cast<QGridLayout*>(grupo->layout());
+    const int fila = cuadro->count() ? cuadro->rowCount() : 0;
+    const bool sola = casillas.size() == 1; // una larga no corre la segunda columna
     int puestas = 0;
     for (QCheckBox* c : casillas) {
-        rejilla->addWidget(c, puestas / 2, puestas % 2);
+        cuadro->addWidget(c, fila + puestas / 2, puestas % 2, 1, sola ? 2 : 1);
         ++puestas;
     }
-    f.ancha(grupo, 0);
 }
 
 QCheckBox* FormaRango::casilla_niif(const QString& texto) {

@@ -92,15 +92,16 @@ void FormaTercero::arme() {
     // --- ubicación
     auto* ciudades = boton_pequeno(this, "SpeedButton1", "…", "Abrir el catálogo de ciudades",
                                    [this] { abra_catalogo("Tfciudades"); });
+    auto* ciudad = lista("CIUD_COD", "LCiudad", CCiudades, "CIUD_COD", "CIUD_NOM");
+    auto* pais = lista("PAIS_ID", "LPais", CPaises, "PAIS_ID", "PAIS_NOM");
+    for (ListaDato* l : {ciudad, pais}) // parejas, diga lo que diga cada una
+        l->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     auto* paises = boton_pequeno(this, "SpeedButton3", "…", "Abrir el catálogo de países",
                                  [this] { abra_catalogo("Tfpaises"); });
     f.grupo("Ubicación")
         .fila("Di&rección", editor("TERC_DIR", "EDir", 30))
-        .fila("&Ciudad",
-              Formulario::junto(
-                  {lista("CIUD_COD", "LCiudad", CCiudades, "CIUD_COD", "CIUD_NOM"), ciudades}))
-        .fila("&País", Formulario::junto(
-                           {lista("PAIS_ID", "LPais", CPaises, "PAIS_ID", "PAIS_NOM"), paises}))
+        .fila("&Ciudad", Formulario::junto({ciudad, ciudades}))
+        .fila("&País", Formulario::junto({pais, paises}))
         .fila({{"Te&léfono", editor("TERC_TEL", "ETel", 15)},
                {"Celular", editor("TERC_CEL", "ECel", 13)}})
         .fila({{"Fax", editor("TERC_FAX", "EFax", 15)},

@@ -9,5 +9,5 @@ Tfestructura::Tfestructura()
     conjunto_->entero("ESTR_NIVEL").requerido().banderas(kLlave).etiqueta("Nivel");
     conjunto_->entero("ESTR_DIGITOS").requerido().etiqueta("Dígitos");
     arme({{"ESTR_NIVEL", "Nivel", 8}, {"ESTR_DIGITOS", "Dígitos del código", 18}}, "Estructura");
-    tamano(420, 360);
+    tamano(350, 360);
 }

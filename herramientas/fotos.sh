@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Fotos de todas las pantallas registradas, con datos vacíos, corrientes y extremos. Deja en CARPETA
-# una por pantalla y, si está imagemagick, hojas de contacto para mirarlas juntas. Sin CUÁLES, las
-# toma a 100, 150 y 200 % en 1366x768 y en el doble, en claro, y a 100 % en oscuro.
+# una por pantalla, otra por cada una de sus hojas con pestaña y, si está imagemagick, hojas de
+# contacto para mirarlas juntas. Sin CUÁLES, las toma a 100, 150 y 200 % en 1366x768 y en el doble,
+# en claro, y a 100 % en oscuro.
 #
 #   herramientas/fotos.sh CARPETA [MONITOR_ESCALA_TEMA...]      por ejemplo 1366x768_1.5_oscuro
 set -euo pipefail

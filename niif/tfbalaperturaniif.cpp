@@ -7,6 +7,7 @@
 #include "sesion/borrador_filas.h"
 #include "sesion/instalacion.h"
 #include "sesion/variables_informe.h"
+#include "toolkit/aire.h"
 #include "toolkit/informes/motor.h"
 
 #include <QScopeGuard>
@@ -138,6 +139,7 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
                  [this] { SBLlevarClick(); });
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", {}, [this] { SBCancelClick(); });
     Formulario f(pagina);
+    pagina->layout()->setContentsMargins(0, 0, 0, 0); // los de la pantalla bastan
     f.fila({{"Año de inicio", EAno}, {"Dif. débito", Difdeb}, {"Dif. crédito", DifCred}});
     f.ancha(DBGridEh1, 1);
     auto* rotulo_niif = new QLabel("Cuenta NIIF:");
@@ -159,6 +161,7 @@ QWidget* Tfbalaperturaniif::con_botones(QWidget* contenido, BarraBotones* barra)
     auto* pagina = new QWidget;
     auto* todo = new QVBoxLayout(pagina);
     todo->setContentsMargins(0, 0, 0, 0);
+    todo->setSpacing(aire(1.5));
     todo->addWidget(ventanilla, 1);
     todo->addWidget(barra);
     return pagina;

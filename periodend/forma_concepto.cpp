@@ -5,6 +5,8 @@
 #include "periodend/peticiones_cierre.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
+#include "toolkit/disposicion_flujo.h"
+#include "toolkit/estilo.h"
 #include "toolkit/sin_grabar.h"
 
 namespace {
@@ -110,11 +112,11 @@ void FormaConcepto::construya() {
     barra->separe();
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape, [this] { close(); });
     Formulario(this)
-        .fila({{"&Código", ECod}, {"&Nombre", nombre}})
+        .fila("&Código", en_flujo({ECod, con_rotulo("&Nombre", nombre)}, paso()))
         .fila("Cuenta de c&ierre", Formulario::junto({ECta, NomCierre, lado}))
-        .fila({{"", Vence},
-               {"Desde", Formulario::junto({MesIni, AnoIni})},
-               {"Hasta", Formulario::junto({MesFin, AnoFin})}})
+        .fila("", en_flujo({Vence, con_rotulo("Desde", Formulario::junto({MesIni, AnoIni})),
+                            con_rotulo("Hasta", Formulario::junto({MesFin, AnoFin}))},
+                           paso()))
         .ancha(DBGridEh1)
         .fila({{"Cuenta afectar:", NomCuenta}, {"Cuenta base:", NomBase}})
         .botones(barra);

@@ -62,7 +62,7 @@ void FormaConsolidado::arme(Formulario& f) {
     f.fila("Período:", cree_periodo());
     arme_pares(f);
     f.fila("Nivel:", cree_nivel(5));
-    f.ancha(casilla_sin_movimiento(), 0);
+    arme_casillas(f, {casilla_sin_movimiento()});
     arme_titulo(f);
     arme_botones(f);
 }

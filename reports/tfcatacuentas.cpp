@@ -38,7 +38,7 @@ Tfcatacuentas::Tfcatacuentas()
     Formulario f(this);
     arme_rango(f);
     ckniif = casilla("ckniif", "Cuentas NIIF");
-    f.fila("", ckniif);
+    arme_casillas(f, {ckniif});
     arme_titulo(f);
     arme_botones(f);
 }

@@ -103,8 +103,8 @@ Tfcataterceros::Tfcataterceros()
     arme_rango(f);
     CkContacto = casilla("CkContacto", "Mostrar como libreta de contactos");
     CkCumple = casilla("CkCumple", "Cumpleaños del período actual");
-    f.fila("", CkContacto);
-    f.fila("", CkCumple);
+    arme_casillas(f, {CkContacto});
+    arme_casillas(f, {CkCumple});
     arme_titulo(f);
     arme_botones(f);
 }

@@ -37,7 +37,7 @@ Tfrngbalanceacumulado::Tfrngbalanceacumulado() : FormaEstado(kDatos) {
     f.fila("Nivel:", cree_nivel(5));
     ckterceros = casilla("ckterceros", "Incluir terceros");
     casilla_niif();
-    f.ancha(casilla_sin_movimiento(), 0);
+    arme_casillas(f, {casilla_sin_movimiento()});
     arme_casillas(f, {ckterceros, ckniif});
     arme_titulo(f);
     arme_botones(f);

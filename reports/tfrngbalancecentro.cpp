@@ -26,7 +26,7 @@ Tfrngbalancecentro::Tfrngbalancecentro() : FormaConCentros(kDatos) {
     arme_pares(f);
     f.ancha(RgOrden, 0);
     casilla_niif();
-    f.ancha(casilla_sin_movimiento(), 0);
+    arme_casillas(f, {casilla_sin_movimiento()});
     arme_casillas(f, {ckniif});
     arme_titulo(f);
     arme_botones(f);

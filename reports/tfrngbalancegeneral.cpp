@@ -44,9 +44,9 @@ Tfrngbalancegeneral::Tfrngbalancegeneral() : FormaEstado(kDatos) {
     f.fila("Nivel:", cree_nivel(5));
     ckNotas = casilla("ckNotas", "Incluir notas a estados financieros");
     casilla_niif();
-    f.ancha(casilla_sin_movimiento(), 0);
-    f.ancha(ckNotas, 0);
-    f.ancha(ckniif, 0);
+    arme_casillas(f, {casilla_sin_movimiento()});
+    arme_casillas(f, {ckNotas});
+    arme_casillas(f, {ckniif});
     arme_titulo(f);
     arme_botones(f);
 }

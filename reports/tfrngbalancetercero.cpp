@@ -23,7 +23,7 @@ Tfrngbalancetercero::Tfrngbalancetercero() : FormaConTerceros(kDatos) {
     f.fila("Período:", cree_periodo());
     arme_pares(f);
     casilla_niif();
-    f.ancha(casilla_sin_movimiento(), 0);
+    arme_casillas(f, {casilla_sin_movimiento()});
     arme_casillas(f, {cknombre, ckniif});
     arme_titulo(f);
     arme_botones(f);

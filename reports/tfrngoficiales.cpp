@@ -59,7 +59,7 @@ void Tfrngoficiales::arme() {
     arme_pares(f);
     f.fila({{"Nivel:", cree_nivel(3)}, {"Fecha de impresión:", cree_fecha("EFecha")}});
     casilla_niif();
-    f.ancha(casilla_sin_movimiento(), 0);
+    arme_casillas(f, {casilla_sin_movimiento()});
     if (es("D")) {
         Ckfechas = casilla("Ckfechas", "Discriminar fechas");
         arme_casillas(f, {Ckfechas, ckniif});

@@ -35,8 +35,8 @@ Tfrngresulgeneral::Tfrngresulgeneral() : FormaEstado(kDatos) {
     ckMes = casilla("ckMes", "Sólo el movimiento del mes");
     ckNotas = casilla("ckNotas", "Incluir notas a estados financieros");
     casilla_niif();
-    f.ancha(casilla_sin_movimiento(), 0);
-    f.ancha(ckNotas, 0);
+    arme_casillas(f, {casilla_sin_movimiento()});
+    arme_casillas(f, {ckNotas});
     arme_casillas(f, {ckMes, ckniif});
     arme_titulo(f);
     arme_botones(f);

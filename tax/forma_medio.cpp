@@ -103,8 +103,8 @@ FormaMedio::FormaMedio(const DatosFormaMedio& datos)
     DBGridEh1 = new Rejilla(this, CMedmagdata);
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName("Filas por reportar");
-    // Con la advertencia a la vista, cuatro filas con sus títulos, sus sumas y la barra de abajo.
-    DBGridEh1->setMinimumHeight(15 * DBGridEh1->verticalHeader()->defaultSectionSize() / 2);
+    // Con la advertencia a la vista, tres filas con sus títulos, sus sumas y la barra de abajo.
+    DBGridEh1->setMinimumHeight(6 * DBGridEh1->verticalHeader()->defaultSectionSize());
     DBGridEh1->enter_como_tab = true;
     DBGridEh1->orden_local = true;
     DBGridEh1->texto_vacio = "No hay filas: F2 consulta o calcula las del formato y el año.";
@@ -133,8 +133,9 @@ QLineEdit* FormaMedio::caja(const QString& nombre, int caracteres) {
     c->setMaxLength(caracteres);
     constexpr int kCodigo = 20; // un año o una fecha no piden más que su ancho
     c->setMinimumWidth(ancho_caracteres(c->fontMetrics(), qMin(caracteres, kCodigo) + 2));
-    if (caracteres <= kCodigo)
-        c->setMaximumWidth(c->minimumWidth());
+    constexpr int kMayor = 80; // y una ruta no pasa de ahí, por ancha que sea la ventana
+    c->setMaximumWidth(caracteres <= kCodigo ? c->minimumWidth()
+                                             : ancho_caracteres(c->fontMetrics(), kMayor));
     return c;
 }
 
@@ -203,6 +204,11 @@ void FormaMedio::SpeedButton5Click() {
     }
     PanelAdvertencia->show();
     abre_query();
+    // En una ventana baja lo que se pidió quedaría debajo de ella.
+    constexpr int kFilas = 3;
+    const int alto = kFilas * DBGridEh1->verticalHeader()->defaultSectionSize();
+    if (CMedmagdata->Active() && DBGridEh1->visibleRegion().boundingRect().height() < alto)
+        DBGridEh1->setFocus();
 }
 
 bool FormaMedio::revise_fechas() {

@@ -31,6 +31,7 @@ constexpr int kValores = 11;
 constexpr int kNit = 31; ///< el tipo de documento que lleva dígito de verificación
 
 constexpr int kLetrasFormato = 24; ///< del nombre de un formato, las que siempre se ven
+constexpr int kLetrasMayor = 80;   ///< y de ahí no pasa, por ancha que sea la ventana
 
 const char* const kFormato = "#,##0.00";
 
@@ -128,6 +129,7 @@ void Tfmediosmag13::arme_encabezado(Formulario& f) {
     LFormato->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     LFormato->setMinimumContentsLength(kLetrasFormato);
     LFormato->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    LFormato->setMaximumWidth(ancho_caracteres(LFormato->fontMetrics(), kLetrasMayor));
     connect(NroEnv, &QSpinBox::valueChanged, this,
             [this] { proteja([this] { calculanombre(); }); });
     connect(Concepto, &QComboBox::currentIndexChanged, this,

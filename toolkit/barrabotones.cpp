@@ -1,8 +1,12 @@
 #include "toolkit/barrabotones.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/pantalla.h"
+
+#include <QResizeEvent>
+#include <QStyle>
 
 BarraBotones::BarraBotones(Pantalla* pantalla) : QWidget(pantalla), pantalla_(pantalla) {
     setObjectName(QStringLiteral("BarraBotones"));
@@ -43,4 +47,24 @@ void BarraBotones::separe() {
 
 void BarraBotones::agregue(QWidget* control) {
     fila_->addWidget(control);
+}
+
+void BarraBotones::resizeEvent(QResizeEvent* evento) {
+    QWidget::resizeEvent(evento);
+    if (evento->size().width() != evento->oldSize().width())
+        ceda_dibujos();
+}
+
+void BarraBotones::ceda_dibujos() {
+    if (!area_estrecha())
+        return;
+    const int lado = style()->pixelMetric(QStyle::PM_ButtonIconSize, nullptr, this);
+    const auto caben = [&](int dibujo, int espacio) {
+        for (auto* b : findChildren<QPushButton*>())
+            b->setIconSize({dibujo, dibujo});
+        fila_->setSpacing(espacio);
+        return fila_->heightForWidth(width()) <= fila_->sizeHint().height();
+    };
+    if (!caben(lado, paso()) && !caben(0, paso(0.5)))
+        caben(lado, paso());
 }

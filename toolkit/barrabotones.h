@@ -26,7 +26,13 @@ public:
     /// Otro control dentro de la barra.
     void agregue(QWidget* control);
 
+protected:
+    void resizeEvent(QResizeEvent* evento) override;
+
 private:
+    /// En un área estrecha los dibujos ceden su sitio si así los botones caben en un renglón.
+    void ceda_dibujos();
+
     Pantalla* pantalla_;
     DisposicionFlujo* fila_;
 };

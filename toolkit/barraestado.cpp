@@ -7,7 +7,7 @@
 
 namespace {
 constexpr int kMsPorDecima = 100;
-const QColor kCeleste(0xA6, 0xCA, 0xF0);
+const QColor kCeleste(0xA6, 0xCA, 0xF0), kCelesteOscuro(0x2F, 0x4F, 0x73); ///< sin deslumbrar
 const QColor kAzul(0x00, 0x00, 0xFF);
 const QColor kRojo(0xFF, 0x00, 0x00);
 const QColor kAmarillo(0xFF, 0xFF, 0x00);
@@ -35,11 +35,13 @@ void AvisosBarra::pinte(Color color, const QString& texto) {
     // En reposo no tiene color propio: los botones y su letra son los del tema, claro u oscuro.
     QPalette p;
     if (color != Boton) {
-        p.setColor(QPalette::Window, color == Celeste ? kCeleste
+        const bool oscuro = QApplication::palette().color(QPalette::Window).lightness() < 128;
+        p.setColor(QPalette::Window, color == Celeste ? (oscuro ? kCelesteOscuro : kCeleste)
                                      : color == Azul  ? kAzul
                                      : color == Rojo  ? kRojo
                                                       : kAmarillo);
-        p.setColor(QPalette::WindowText, color == Azul || color == Rojo ? Qt::white : Qt::black);
+        const bool hondo = color == Azul || color == Rojo || (color == Celeste && oscuro);
+        p.setColor(QPalette::WindowText, hondo ? Qt::white : Qt::black);
     }
     setPalette(p);
     setBackgroundRole(color == Boton ? QPalette::Button : QPalette::Window);

@@ -1,5 +1,6 @@
 #include "toolkit/disposicion_flujo.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/formulario.h"
 
 #include <QLabel>
@@ -44,9 +45,9 @@ int falta_texto(QWidget* control) {
 /// Lo que un nombre solo cede a otro de su renglón: por ello no sigue en otro.
 int holgura(QWidget* control) {
     return suma_cajas(control, [](const QLineEdit& caja, int minimo) {
-        constexpr int kLetras = 12;
+        const int letras = area_estrecha() ? 8 : 12;
         return caja.isReadOnly()
-                   ? qMax(0, caja.fontMetrics().horizontalAdvance('0') * kLetras - minimo)
+                   ? qMax(0, caja.fontMetrics().horizontalAdvance('0') * letras - minimo)
                    : 0;
     });
 }
@@ -165,8 +166,8 @@ int DisposicionFlujo::fin_de_renglon(int desde, int ancho) const {
 }
 
 int DisposicionFlujo::acomode(const QRect& marco, bool aplicar) const {
-    const int alto = sizeHint().height();
-    int y = marco.y() - spacing();
+    const int alto = sizeHint().height(), entre = qMin(spacing(), aire());
+    int y = marco.y() - entre;
     for (int i = 0, fin; i < items_.size(); i = fin) {
         fin = fin_de_renglon(i, marco.width());
         int sobra = marco.width() + spacing();
@@ -185,7 +186,7 @@ int DisposicionFlujo::acomode(const QRect& marco, bool aplicar) const {
         const bool separa = i == 0 && fin == items_.size() && crecen.isEmpty();
         int siguiente = 0;
         int x = marco.x();
-        y += spacing();
+        y += entre;
         for (int j = i; j < fin; ++j) {
             QLayoutItem* item = items_[j];
             if (item->isEmpty())

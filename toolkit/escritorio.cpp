@@ -8,15 +8,18 @@
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QHeaderView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QSettings>
 #include <QStyle>
 
 namespace {
 Escritorio* escritorio_ = nullptr;
+constexpr char kAltoDelArea[] = "alto_del_area"; ///< ya tomó todo el que le toca
 
 Pantalla* pantalla_en(QMdiSubWindow* ventana) {
     auto* marco = ventana ? dynamic_cast<MarcoPantalla*>(ventana->widget()) : nullptr;
@@ -27,42 +30,77 @@ const AnchosRejilla& anchos_de(const Rejilla& r) {
     return static_cast<EncabezadoRejilla*>(r.horizontalHeader())->anchos();
 }
 
-/// Ensancha la ventana desde su centro, sin salirse del área, hasta que sus rejillas muestren todas
-/// sus cifras y enteros sus nombres. Falso si no hizo falta, o si el usuario le dio otro tamaño.
+/// Las filas que no se ven, en píxeles. Mientras se digita nada se mueve.
+int alto_que_falta(const Rejilla& r) {
+    if (!r.conjunto() || !r.conjunto()->Active() || r.conjunto()->editando())
+        return 0;
+    return qMax(0, r.verticalHeader()->length() - r.viewport()->height());
+}
+
+/// Lo más que a una de sus rejillas le falta, según `falta`.
+template <class Falta> int lo_que_falta(const Pantalla& pantalla, const Falta& falta) {
+    int total = 0;
+    for (const Rejilla* r : pantalla.findChildren<Rejilla*>())
+        if (r->isVisible())
+            total = qMax(total, falta(*r));
+    return total;
+}
+
+/// Agranda la ventana desde su centro, sin salirse del área, hasta que sus rejillas muestren todas
+/// sus cifras, enteros sus nombres y las filas que quepan. Falso si no hizo falta, o si el usuario
+/// le dio otro tamaño.
 bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
-    constexpr int kVeces = 12; // entre dos rejillas que se parten el ancho, no basta una
-    const int antes = ventana.width();
+    constexpr int kVeces = 12; // entre dos rejillas que se parten el sitio, no basta una
+    const QSize antes = ventana.size();
     if (ventana.isMaximized() || ventana.isMinimized() ||
-        ventana.size() != ventana.property("inicial").toSize())
+        antes != ventana.property("inicial").toSize())
         return false;
     for (int i = 0; i < kVeces && ventana.width() < area.width(); ++i) {
-        int falta = 0;
-        for (const Rejilla* r : pantalla.findChildren<Rejilla*>())
-            if (r->isVisible())
-                falta = qMax(falta, anchos_de(*r).lo_que_falta());
+        const int falta =
+            lo_que_falta(pantalla, [](const Rejilla& r) { return anchos_de(r).lo_que_falta(); });
         if (falta == 0)
             break;
         ventana.resize(qMin(ventana.width() + falta, area.width()), ventana.height());
     }
-    if (ventana.width() == antes)
+    const int mayor = ventana.property(kAltoDelArea).toBool() ? 0 : area.height();
+    for (int i = 0; i < kVeces && ventana.height() < mayor; ++i) {
+        const int falta = lo_que_falta(pantalla, alto_que_falta), alto = ventana.height();
+        if (falta == 0)
+            break;
+        ventana.resize(ventana.width(), qMin(alto + falta, mayor));
+        if (lo_que_falta(pantalla, alto_que_falta) >= falta) { // el alto no es para ellas
+            ventana.resize(ventana.width(), alto);
+            break;
+        }
+    }
+    const QSize crece = ventana.size() - antes;
+    if (crece.isNull())
         return false;
     ventana.setProperty("inicial", ventana.size());
-    ventana.move(
-        qBound(0, ventana.x() - (ventana.width() - antes) / 2, area.width() - ventana.width()),
-        ventana.y());
+    ventana.move(qBound(0, ventana.x() - crece.width() / 2, area.width() - ventana.width()),
+                 qBound(0, ventana.y() - crece.height() / 2, area.height() - ventana.height()));
     return true;
 }
 
 /// Lo que se consulta después de abrir la pantalla también se lee entero.
 void siga_ensanchando(QMdiSubWindow* ventana, QPointer<Pantalla> pantalla) {
-    for (const Rejilla* r : pantalla->findChildren<Rejilla*>())
-        QObject::connect(
-            &anchos_de(*r), &AnchosRejilla::crecio, ventana,
-            [ventana, pantalla] {
-                if (pantalla)
-                    ensanche(*ventana, *pantalla, pantalla->area_principal());
-            },
-            Qt::QueuedConnection);
+    const auto siga = [ventana, pantalla] {
+        if (pantalla)
+            ensanche(*ventana, *pantalla, pantalla->area_principal());
+    };
+    for (const Rejilla* r : pantalla->findChildren<Rejilla*>()) {
+        QObject::connect(&anchos_de(*r), &AnchosRejilla::crecio, ventana, siga,
+                         Qt::QueuedConnection);
+        QObject::connect(r->verticalScrollBar(), &QScrollBar::rangeChanged, ventana, siga,
+                         Qt::QueuedConnection);
+    }
+}
+
+/// Los anchos que el usuario dejó en cada rejilla vuelven con la pantalla.
+void recuerde_anchos(const Pantalla& pantalla, QSettings* ajustes) {
+    for (Rejilla* r : pantalla.findChildren<Rejilla*>())
+        if (!r->objectName().isEmpty())
+            r->guarde_en(ajustes, pantalla.objectName() + '/' + r->objectName());
 }
 } // namespace
 
@@ -110,19 +148,17 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         area_->addSubWindow(ventana);
         const QSize marco = ventana->sizeHint() - ventana->widget()->sizeHint();
         QSize tamano = pantalla->tamano_inicial() + (pantalla->del_area_ ? QSize(0, 0) : marco);
-        // Los anchos que el usuario dejó en cada rejilla vuelven con la pantalla.
-        if (ajustes_)
-            for (Rejilla* r : pantalla->findChildren<Rejilla*>())
-                if (!r->objectName().isEmpty())
-                    r->guarde_en(ajustes_, pantalla->objectName() + '/' + r->objectName());
-        if (ajustes_)
+        if (ajustes_) {
+            recuerde_anchos(*pantalla, ajustes_);
             tamano = ajustes_->value(clave_tamano(pantalla), tamano).toSize();
+        }
         const QSize area = pantalla->area_principal();
         // La barra del lado no le quita ancho a lo que se lee.
         if (tamano.height() > area.height())
             tamano.rwidth() += ventana->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
         ventana->resize(tamano.boundedTo(area));
         ventana->setProperty("inicial", ventana->size());
+        ventana->setProperty(kAltoDelArea, pantalla->del_area_);
         if (pantalla->maximizada_)
             ventana->showMaximized();
         else

@@ -87,6 +87,12 @@ protected:
         if (evento->type() == QEvent::FocusIn)
             QMetaObject::invokeMethod(
                 caja, [caja] { empiece_por_el_comienzo(caja); }, Qt::QueuedConnection);
+        if (evento->type() == QEvent::Paint && !caja->hasFocus() && caja->cursorPosition() == 0 &&
+            caja->inputMask().isEmpty() && caja->echoMode() == QLineEdit::Normal) {
+            caja->event(evento);
+            diga_que_sigue(*caja);
+            return true;
+        }
         if (evento->type() != QEvent::ToolTip || !caja->toolTip().isEmpty() ||
             caja->echoMode() != QLineEdit::Normal)
             return false;
@@ -102,6 +108,26 @@ private:
         const QFontMetrics medidas = caja->fontMetrics();
         return medidas.horizontalAdvance(caja->text()) <=
                caja->contentsRect().width() - 2 * medidas.averageCharWidth();
+    }
+    /// Lo que no cabe se ve que sigue.
+    static void diga_que_sigue(QLineEdit& caja) {
+        constexpr int kMargen = 2; // el que Qt deja al texto
+        QStyleOptionFrame opcion;
+        opcion.initFrom(&caja);
+        opcion.lineWidth = caja.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &opcion, &caja);
+        const QRect sitio = caja.style()
+                                ->subElementRect(QStyle::SE_LineEditContents, &opcion, &caja)
+                                .marginsRemoved(caja.textMargins())
+                                .adjusted(kMargen, 0, -kMargen, 0);
+        const QFontMetrics medidas = caja.fontMetrics();
+        if (medidas.horizontalAdvance(caja.text()) <= sitio.width())
+            return;
+        QPainter pintor(&caja);
+        pintor.fillRect(sitio.adjusted(0, kMargen, kMargen, -kMargen),
+                        caja.isReadOnly() ? fondo_fijo() : caja.palette().color(QPalette::Base));
+        pintor.setPen(caja.palette().color(QPalette::Text));
+        pintor.drawText(sitio, Qt::AlignLeft | Qt::AlignVCenter,
+                        medidas.elidedText(caja.text(), Qt::ElideRight, sitio.width()));
     }
     /// Al entrar queda todo seleccionado: se lee desde el comienzo, y digitar lo reemplaza igual.
     static void empiece_por_el_comienzo(QLineEdit* caja) {
@@ -220,6 +246,14 @@ public:
             QProxyStyle::drawComplexControl(control, &copia, pintor, widget);
             return;
         }
+        const auto* lista = qstyleoption_cast<const QStyleOptionComboBox*>(opcion);
+        if (lista && !lista->state.testFlag(State_Enabled)) {
+            // Lo apagado no levanta: con el brillo de un botón su texto no se leería.
+            QStyleOptionComboBox copia = *lista;
+            copia.palette.setColor(QPalette::Button, copia.palette.color(QPalette::Window));
+            QProxyStyle::drawComplexControl(control, &copia, pintor, widget);
+            return;
+        }
         QProxyStyle::drawComplexControl(control, opcion, pintor, widget);
         const bool caja = control == CC_ComboBox || control == CC_SpinBox;
         if (oscuro_ && control == CC_SpinBox && opcion->subControls & SC_SpinBoxFrame)
@@ -234,6 +268,16 @@ public:
         if (elemento == CE_TabBarTabShape && oscuro_ && pestana) {
             QStyleOptionTab copia = *pestana;
             copia.palette.setColor(QPalette::Button, kHojaOscura);
+            QProxyStyle::drawControl(elemento, &copia, pintor, widget);
+            return;
+        }
+        const auto* lista = qstyleoption_cast<const QStyleOptionComboBox*>(opcion);
+        if (elemento == CE_ComboBoxLabel && lista && !lista->editable) {
+            QStyleOptionComboBox copia = *lista;
+            const int sitio =
+                subControlRect(CC_ComboBox, lista, SC_ComboBoxEditField, widget).width() - 2;
+            copia.currentText =
+                lista->fontMetrics.elidedText(lista->currentText, Qt::ElideRight, sitio);
             QProxyStyle::drawControl(elemento, &copia, pintor, widget);
             return;
         }
@@ -263,7 +307,7 @@ public:
 
     QPixmap generatedIconPixmap(QIcon::Mode modo, const QPixmap& dibujo,
                                 const QStyleOption* opcion) const override {
-        if (modo != QIcon::Disabled)
+        if (modo != QIcon::Disabled || dibujo.isNull())
             return QProxyStyle::generatedIconPixmap(modo, dibujo, opcion);
         // El gris de Fusion brilla más que el dibujo sobre un fondo oscuro: apagado es desvaído.
         QPixmap apagado(dibujo.size());
@@ -325,7 +369,7 @@ QPalette paleta() {
     const QColor fondo = segun({0xf3, 0xf5, 0xf7}, {0x23, 0x27, 0x2b});
     const QColor papel = segun(Qt::white, {0x1a, 0x1d, 0x20});
     const QColor tinta = segun({0x1c, 0x22, 0x28}, {0xe8, 0xeb, 0xee});
-    const QColor apagado = segun({0x6d, 0x75, 0x7d}, {0x93, 0x9c, 0xa5});
+    const QColor apagado = segun({0x64, 0x6c, 0x74}, {0xa0, 0xa9, 0xb1});
     const QColor boton = segun({0xe8, 0xec, 0xf0}, {0x33, 0x39, 0x3f});
     p.setColor(QPalette::Window, fondo);
     p.setColor(QPalette::WindowText, tinta);
@@ -478,6 +522,8 @@ public:
     }
     QPixmap pixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State) override {
         QPixmap dibujo = molde_.pixmap(tamano, 1.0);
+        if (dibujo.isNull())
+            return dibujo;
         QPainter pintor(&dibujo);
         pintor.setCompositionMode(QPainter::CompositionMode_SourceIn);
         pintor.fillRect(dibujo.rect(),

@@ -1,5 +1,6 @@
 #include "toolkit/formulario.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
@@ -75,8 +76,8 @@ bool crece_a_lo_alto(const QWidget* control) {
 
 Formulario::Formulario(QWidget* dueno) : dueno_(dueno) {
     auto* raiz = new QVBoxLayout(dueno);
-    raiz->setContentsMargins(paso(1.5), paso(1.5), paso(1.5), paso(1.5));
-    raiz->setSpacing(paso(1.5));
+    raiz->setContentsMargins(paso(1.5), aire(1.5), paso(1.5), aire(1.5));
+    raiz->setSpacing(aire(1.5));
     raiz_ = raiz;
 }
 
@@ -99,9 +100,9 @@ QGridLayout* Formulario::rejilla() {
         return rejilla_;
     rejilla_ = new DisposicionPares;
     rejilla_->setHorizontalSpacing(paso());
-    rejilla_->setVerticalSpacing(paso());
+    rejilla_->setVerticalSpacing(aire());
     if (grupo_) {
-        rejilla_->setContentsMargins(paso(), paso(), paso(), paso());
+        rejilla_->setContentsMargins(paso(), aire(), paso(), aire());
         grupo_->setLayout(rejilla_);
     } else {
         raiz_->addLayout(rejilla_);
@@ -226,7 +227,7 @@ Formulario& Formulario::grupo(const QString& titulo) {
         banda_->addWidget(grupo_, 1);
     } else {
         banda_ = new DisposicionBanda;
-        banda_->setSpacing(paso(1.5));
+        banda_->setSpacing(aire(1.5));
         banda_->addWidget(grupo_, 1);
         raiz_->addLayout(banda_);
     }

@@ -156,6 +156,7 @@ void MarcoPantalla::siga_el_foco() {
         if (qobject_cast<QAbstractItemView*>(w))
             foco = w; // el que edita una celda es de su rejilla
     const QRect lugar(foco->mapTo(pantalla_, QPoint()), foco->size());
+    const QPointer<QWidget> antes = std::exchange(seguido_, foco);
     const auto* area = qobject_cast<QAbstractScrollArea*>(foco);
     if (!area) {
         muestre(lugar);
@@ -168,6 +169,8 @@ void MarcoPantalla::siga_el_foco() {
         connect(lista->selectionModel(), &QItemSelectionModel::currentChanged, this,
                 &MarcoPantalla::siga_el_foco_luego, Qt::UniqueConnection);
         renglon = lista->visualRect(lista->currentIndex());
+        if (antes && antes != foco) // se pasó a ella: cuantas filas quepan
+            muestre(lugar);
     }
     const int arriba = qMax(0, renglon.top()) + lugar.top() + area->viewport()->y();
     const int alto = qMax(renglon.height(), area->fontMetrics().height());

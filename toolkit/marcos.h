@@ -43,7 +43,8 @@ private:
 
     QPointer<Pantalla> pantalla_;
     QPointer<QWidget> botones_;
-    QPointer<QWidget> telon_; ///< detrás de los botones, cuando tapan lo que se desplaza
+    QPointer<QWidget> seguido_; ///< el último al que se llevó la vista
+    QPointer<QWidget> telon_;   ///< detrás de los botones, cuando tapan lo que se desplaza
     bool fijando_ = false, siguiendo_ = false;
 };
 

@@ -1,5 +1,6 @@
 #include "toolkit/pantalla.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/controles/controldato.h"
 #include "toolkit/disposicion_pares.h"
 #include "toolkit/estilo.h"
@@ -10,9 +11,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLayout>
-#include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QScreen>
 
 void instale_despacho_teclas(); // teclas_pantalla.cpp
 
@@ -174,7 +173,7 @@ QPoint Pantalla::lugar_centrado(QSize ventana) const {
 QSize Pantalla::tamano_inicial() const {
     const QSize area = area_principal();
     // En un monitor pequeño o con letra grande el margen se comería las filas de la rejilla.
-    const bool estrecha = area.height() < paso(60);
+    const bool estrecha = area_estrecha();
     if (del_area_)
         return estrecha
                    ? area
@@ -192,8 +191,5 @@ int Pantalla::heightForWidth(int ancho) const {
 }
 
 QSize Pantalla::area_principal() const {
-    if (Escritorio* e = escritorio(); e && e->area()->isVisible())
-        return e->area()->viewport()->size();
-    const QScreen* monitor = QApplication::primaryScreen();
-    return monitor ? monitor->availableSize() : QSize(1024, 700);
+    return area_de_ventanas();
 }

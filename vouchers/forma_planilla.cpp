@@ -92,6 +92,7 @@ void FormaPlanilla::construya() {
     ckCentro = casilla("Preguntar centro de c&osto por documento", "PLDI_CENTROS", "ckCentro");
     ckTerc->OnClick = ckCentro->OnClick = [this] { muestre_fijos(); };
     NomCuenta = caja_de_lectura("NomCuenta", 40);
+    NomCuenta->setMaximumWidth(QWIDGETSIZE_MAX); // solo en su renglón, como los de arriba
 
     DBGridEh1 = nombrado(new Rejilla(this, &CCuentas), "DBGridEh1");
     DBGridEh1->setAccessibleName("Cuentas de la planilla");

@@ -7,8 +7,7 @@
 #include "vouchers/lineas_cuenta.h"
 
 namespace {
-constexpr int kLetras = 26;     ///< las de una diferencia de millones
-constexpr int kLetrasSuma = 15; ///< y las de una suma de cientos de millones
+constexpr int kLetrasSuma = 15; ///< las de una suma de cientos de millones
 } // namespace
 
 void ajuste_suma(EditorNumero& suma) {
@@ -22,7 +21,6 @@ LetreroDiferencia::LetreroDiferencia(LineasCuenta& lineas) : lineas_(lineas) {
     QFont letra = fuente_cifras(font());
     letra.setBold(true);
     setFont(letra);
-    setMinimumWidth(ancho_caracteres(fontMetrics(), kLetras));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred); // lo que diga no mueve los demás
     enlace(&lineas.detalle);
 }
@@ -76,9 +74,8 @@ void LetreroDiferencia::diga() {
     if (texto == text())
         return;
     setText(texto);
-    // Solo una cifra que no cabe mueve a los demás.
-    setMinimumWidth(qMax(ancho_caracteres(fontMetrics(), kLetras),
-                         fontMetrics().horizontalAdvance(texto) + paso(0.5)));
+    // Lo que dice es lo último de su renglón: pide lo suyo y no mueve a los demás.
+    setMinimumWidth(fontMetrics().horizontalAdvance(texto) + paso(0.5));
     // También se distingue sin color: las palabras dicen el lado.
     QPalette p;
     if (lados.debito != lados.credito)

@@ -3,6 +3,7 @@
 #include "libro/catalogos.h"
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
+#include "toolkit/aire.h"
 #include "toolkit/estilo.h"
 #include "vouchers/letrero_diferencia.h"
 #include "vouchers/nombres_en_linea.h"
@@ -101,8 +102,8 @@ QWidget* LineasLibro::construya_pagina() {
                             t.opciones, t.formato});
     rejilla->columnas(columnas);
     rejilla->pie(true);
-    // Con sus títulos y su pie, seis líneas aunque haya que desplazar la ventana.
-    rejilla->setMinimumHeight(17 * rejilla->verticalHeader()->defaultSectionSize() / 2);
+    // Con sus títulos y su pie, cuatro líneas antes de que haya que desplazar la ventana.
+    rejilla->setMinimumHeight(13 * rejilla->verticalHeader()->defaultSectionSize() / 2);
     rejilla->enter_como_tab = true;
     rejilla->texto_vacio = QStringLiteral("Sin líneas: digite el código de la cuenta, o F9 para "
                                           "buscarla.");
@@ -131,8 +132,8 @@ QWidget* LineasLibro::construya_pagina() {
     saldo(DifCred, es_niif(libro) ? c_.dif_credito_niif : c_.dif_credito);
 
     Formulario f(pagina);
-    pagina->layout()->setContentsMargins(paso(), paso(0.75), paso(), paso(0.75));
-    pagina->layout()->setSpacing(paso(0.75));
+    pagina->layout()->setContentsMargins(paso(), aire(0.75), paso(), aire(0.75));
+    pagina->layout()->setSpacing(aire(0.75));
     f.ancha(rejilla, 1);
     // Difdeb y DifCred guardan la diferencia de las líneas que ya entraron; la que se ve va al paso
     // de lo que se digita.

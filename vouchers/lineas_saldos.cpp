@@ -48,6 +48,7 @@ QWidget* LineasSaldos::construya_pagina() {
     Difdeb = suma("Difdeb");
     DifCred = suma("DifCred");
     Formulario f(pagina);
+    pagina->layout()->setContentsMargins(0, 0, 0, 0); // los de la pantalla bastan
     f.ancha(rejilla, 1);
     for (EditorNumero* e : {Difdeb, DifCred}) { // de las líneas que ya entraron; no se ven
         e->setParent(pagina);

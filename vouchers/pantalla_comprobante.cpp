@@ -1,6 +1,7 @@
 #include "vouchers/pantalla_comprobante.h"
 
 #include "sesion/ayuda_al_teclear.h"
+#include "toolkit/aire.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
@@ -124,11 +125,14 @@ void PantallaComprobante::construya_controles() {
 
 void PantallaComprobante::disponga(QWidget* control_prefijo) {
     Formulario f(this);
+    // Cede unas letras antes de que las casillas sigan en otro renglón.
+    DBEdit6->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     DBEdit6->setMinimumWidth(ancho_caracteres(DBEdit6->fontMetrics(), 12));
+    DBEdit6->setMaximumWidth(DBEdit6->sizeHint().width());
     DBMemo1->setMinimumWidth(ancho_caracteres(DBMemo1->fontMetrics(), 5));
     // Lo que se ahorra alrededor son líneas del asiento.
-    layout()->setContentsMargins(paso(1.5), paso(), paso(1.5), paso());
-    layout()->setSpacing(paso());
+    layout()->setContentsMargins(paso(1.5), aire(), paso(1.5), aire());
+    layout()->setSpacing(aire());
     LTipo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     LTipo->setMinimumWidth(ancho_caracteres(LTipo->fontMetrics(), 12));
     LTipo->setMaximumWidth(ancho_caracteres(LTipo->fontMetrics(), 30));

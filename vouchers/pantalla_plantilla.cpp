@@ -1,5 +1,7 @@
 #include "vouchers/pantalla_plantilla.h"
 
+#include "toolkit/aire.h"
+#include "toolkit/estilo.h"
 #include "vouchers/lineas_plantilla.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
@@ -58,6 +60,8 @@ void PantallaPlantilla::construya(const QString& archivo) {
     ERef = nombrado(new EditorDato(&CPlantilla, "PLAN_REFER"), "ERef");
     construya_paginas();
     Formulario f(this);
+    layout()->setContentsMargins(paso(1.5), aire(), paso(1.5), aire());
+    layout()->setSpacing(aire());
     f.fila({{"Tipo", LTipo}, {"Prefijo", LPref}});
     f.fila({{"Concepto", EConcepto}, {"Referencia", ERef}});
     f.ancha(PageControl1, 1);

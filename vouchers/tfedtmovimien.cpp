@@ -3,6 +3,7 @@
 #include "datos/firebird/reloj.h"
 #include "libro/revision.h"
 #include "sesion/copias_comprobante.h"
+#include "toolkit/estilo.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/impresion_pendiente.h"
@@ -10,6 +11,24 @@
 
 #include <QMenu>
 #include <QScopedValueRollback>
+
+namespace {
+
+/// Lo que va a la derecha de las pestañas: el ancho que le dejen, sin quitarles el suyo.
+class JuntoAPestanas : public QWidget {
+public:
+    QSize sizeHint() const override {
+        const auto* hojas = qobject_cast<const QTabWidget*>(parentWidget());
+        QSize s = QWidget::sizeHint();
+        if (hojas)
+            s.setWidth(qBound(0, hojas->width() - hojas->tabBar()->sizeHint().width() - paso(),
+                              s.width()));
+        return s;
+    }
+    QSize minimumSizeHint() const override { return {0, QWidget::minimumSizeHint().height()}; }
+};
+
+} // namespace
 
 Tfedtmovimien::Tfedtmovimien()
     : PantallaComprobante("Tfedtmovimien", "Editar comprobantes contables"),
@@ -100,9 +119,19 @@ void Tfedtmovimien::declare_pie() {
     barra->separe();
     barra->agregue(Edit1);
     // Cada libro dice cuándo cambió; si el NIIF nunca, no ocupa sitio.
-    barra->agregue(LabAudit);
-    cambio_niif_ = Formulario::junto({new QLabel("NIIF:"), Edit3});
-    barra->agregue(cambio_niif_);
+    auto* cambio = new JuntoAPestanas;
+    auto* fila = new QHBoxLayout(cambio);
+    fila->setContentsMargins(0, 0, 0, paso(0.25));
+    fila->addWidget(LabAudit);
+    fila->addWidget(Edit3);
+    PageControl1->setCornerWidget(cambio);
+    connect(PageControl1->tabBar(), &QTabBar::currentChanged, this, [this] { muestre_cambio(); });
+}
+
+void Tfedtmovimien::muestre_cambio() {
+    const bool niif = PageControl1->tabBar()->currentIndex() == 1;
+    LabAudit->setVisible(!niif);
+    Edit3->setVisible(niif && cambio_niif_);
 }
 
 // ---------------------------------------------------------------- creación
@@ -125,9 +154,10 @@ void Tfedtmovimien::FormCreate() {
     muestre_auditoria(1001, id, [this](const QString& t) {
         Edit3->setText(t);
         Edit3->setToolTip(t);
-        cambio_niif_->setVisible(!CAudit.FieldByName("AUDIT").vacio());
+        cambio_niif_ = !CAudit.FieldByName("AUDIT").vacio();
         Edit3->setCursorPosition(0); // si no cabe, que se vea el comienzo
     });
+    muestre_cambio();
     llene_categorias(lineas_2649->rejilla);
     llene_categorias(lineas_niif->rejilla);
     CMovimiento.FetchParams();

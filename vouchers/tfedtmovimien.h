@@ -16,7 +16,7 @@ public:
     EditorDato* EPref;
     QLineEdit *Edit1, *Edit3;
     QLabel* LabAudit;
-    QWidget* cambio_niif_;
+    bool cambio_niif_ = false; ///< el libro NIIF del comprobante se ha modificado
     QPushButton* SBBorrar = nullptr;
 
     void FormCreate() override;
@@ -45,6 +45,8 @@ private:
     void fije_encabezado();
     void declare_menu_y_teclas();
     void declare_pie();
+    /// El de la hoja a la vista.
+    void muestre_cambio();
     void CMovimientoAfterEdit();
     void solo_imprima();
     void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);

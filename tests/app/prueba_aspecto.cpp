@@ -178,18 +178,25 @@ bool se_recorta_un_nombre(const Rejilla& r) {
     return false;
 }
 
-/// Mientras al área le quede ancho, nadie tiene que desplazar una rejilla recién abierta ni
+/// Mientras al área le quede sitio, nadie tiene que desplazar una rejilla recién abierta ni
 /// adivinar un nombre.
 void revise_ventana(Pantalla* p, QStringList& faltas) {
     const QWidget* ventana = ventana_de(p);
-    if (!qobject_cast<const QMdiSubWindow*>(ventana) ||
-        ventana->width() >= p->area_principal().width())
+    if (!qobject_cast<const QMdiSubWindow*>(ventana))
         return;
-    for (const Rejilla* r : p->findChildren<Rejilla*>())
-        if (r->isVisible() && r->horizontalScrollBar()->maximum() > 0)
+    const bool ancha = ventana->width() >= p->area_principal().width();
+    const bool alta = ventana->height() >= p->area_principal().height() ||
+                      ventana->property("alto_del_area").toBool();
+    for (const Rejilla* r : p->findChildren<Rejilla*>()) {
+        if (!r->isVisible())
+            continue;
+        if (!ancha && r->horizontalScrollBar()->maximum() > 0)
             faltas << nombre_de(r) + " se desplaza y su ventana puede ensancharse";
-        else if (r->isVisible() && se_recorta_un_nombre(*r))
+        else if (!ancha && se_recorta_un_nombre(*r))
             faltas << nombre_de(r) + " recorta un nombre y su ventana puede ensancharse";
+        if (!alta && r->verticalScrollBar()->maximum() > 0)
+            faltas << nombre_de(r) + " esconde filas y su ventana puede crecer";
+    }
 }
 
 /// Un nombre cede hasta doce letras antes de que una cifra haya que ir a buscarla.
@@ -303,11 +310,16 @@ void revise_vacias(const Pantalla* p, QStringList& faltas) {
             faltas << nombre_de(r) + " abre en blanco y no dice cómo se consulta";
 }
 
-/// A un monitor corriente, quien digita ve el asiento y no una ventanilla.
+/// A un monitor corriente, quien digita ve el asiento y no una ventanilla; con letra grande, sus
+/// sumas.
 void revise_lineas(const Pantalla* p, QStringList& faltas) {
-    constexpr int kLineas = 14;
-    if (p->window()->size() != QSize(1366, 768) ||
+    constexpr int kLineas = 14, kAltoA150 = 512;
+    if (p->window()->height() < kAltoA150 ||
         !QStringList{"Tfmovimien", "Tfedtmovimien"}.contains(p->objectName()))
+        return;
+    if (p->height() > p->parentWidget()->height())
+        faltas << "las sumas quedan detrás de los botones";
+    if (p->window()->size() != QSize(1366, 768))
         return;
     const auto* r = p->findChild<Rejilla*>("DBGridEh1");
     constexpr int kTituloDelEscritorio = 20; // la barra que el gestor de ventanas pone al programa
@@ -351,19 +363,33 @@ QStringList revise(Pantalla* p) {
     agote_eventos();
     revise_ventana(p, faltas);
     revise_rejillas(p, faltas);
-    // En el que se edita, pasar de libro exige antes que este cuadre.
-    const bool cuadra = p->objectName() != "Tfedtmovimien";
-    for (QTabWidget* hojas : p->findChildren<QTabWidget*>())
-        for (int i = hojas->count() - 1; cuadra && i >= 0; --i) {
-            hojas->setCurrentIndex(i);
-            revise_rejillas(p, faltas);
-        }
     revise_cubos(p, faltas);
     revise_cajas(p, faltas);
     revise_nombres(p, faltas);
     revise_botones(p, faltas);
     revise_vacias(p, faltas);
     revise_lineas(p, faltas);
+    return faltas;
+}
+
+/// Lo mismo en las hojas con pestaña que no se ven al abrir, cada una con su foto.
+QStringList revise_las_otras_hojas(Pantalla* p, const QString& foto) {
+    QStringList faltas;
+    for (QTabWidget* hojas : p->findChildren<QTabWidget*>()) {
+        // En el que se edita, pasar de libro exige antes que este cuadre.
+        const bool cuadra = p->objectName() != "Tfedtmovimien";
+        const QSignalBlocker callada(cuadra ? nullptr : hojas);
+        const int abierta = hojas->currentIndex();
+        for (int i = 0; i < hojas->count(); ++i) {
+            if (i == abierta || !hojas->isTabVisible(i))
+                continue;
+            hojas->setCurrentIndex(i);
+            for (const QString& f : revise(p))
+                faltas << hojas->tabText(i) + ": " + f;
+            tome_foto(ventana_de(p), foto + '_' + hojas->tabText(i).remove(' '));
+        }
+        hojas->setCurrentIndex(abierta);
+    }
     return faltas;
 }
 
@@ -463,6 +489,12 @@ private slots:
                 const QString foto =
                     QString::fromLatin1(QTest::currentDataTag()) + '_' + p->objectName();
                 tome_foto(ventana_de(p), foto);
+                suyas << revise_las_otras_hojas(p, foto);
+                if (p->objectName() == "Tfedtmovimien") { // la ventanilla sigue a quien digita
+                    p->findChild<Rejilla*>("DBGridEh1")->setFocus();
+                    revise_apertura(p, suyas);
+                    tome_foto(ventana_de(p), foto + "_lineas");
+                }
                 if (consulte(p)) {
                     suyas << revise(p);
                     tome_foto(ventana_de(p), foto + "_resultado");

@@ -8,6 +8,7 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <cmath>
 
 namespace {
 
@@ -46,6 +47,19 @@ int sirva_portal(uint valor, int otro, int& cuantos, char** argumentos) {
     return QCoreApplication::exec();
 }
 
+constexpr double kContraste = 4.5; ///< el menor de un texto corriente, WCAG 2.1 (1.4.3)
+
+double contraste(const QColor& uno, const QColor& otro) {
+    const auto luz = [](const QColor& c) {
+        const auto lineal = [](double x) {
+            return x <= 0.03928 ? x / 12.92 : std::pow((x + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * lineal(c.redF()) + 0.7152 * lineal(c.greenF()) + 0.0722 * lineal(c.blueF());
+    };
+    const double a = luz(uno), b = luz(otro);
+    return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
+}
+
 /// Dice "oscuro" o "claro" según lo que el programa resuelve al arrancar o, si espera, cuando el
 /// escritorio lo cambia.
 int diga_tema(bool espere, int& cuantos, char** argumentos) {
@@ -80,6 +94,14 @@ int diga_tema(bool espere, int& cuantos, char** argumentos) {
     const QPalette b = barra.palette();
     if (b.color(barra.backgroundRole()) != p.color(QPalette::Button) ||
         b.color(barra.foregroundRole()) != p.color(QPalette::ButtonText))
+        return 2;
+    // Lo apagado no parece encendido, pero se lee: contra lo que de verdad se pinta detrás.
+    QComboBox apagada;
+    apagada.addItem("Enero");
+    apagada.setEnabled(false);
+    const QImage pintada = apagada.grab().toImage();
+    if (contraste(p.color(QPalette::Disabled, QPalette::ButtonText),
+                  pintada.pixelColor(4, pintada.height() / 2)) < kContraste)
         return 2;
     if (qAbs(color_negativo().lightness() - claridad(QPalette::Base)) < 80)
         return 2;

@@ -147,6 +147,15 @@ private slots:
         }
         fila->resize(200, 80); // ya no caben: siguen en otro renglón
         QTRY_VERIFY(cajas[2]->y() > cajas[0]->y());
+        // Lo que no cabe termina en puntos: por encima de ellos no hay letra.
+        cajas[1]->setText(QString(60, 'M'));
+        const QImage foto = cajas[1]->grab().toImage();
+        const int medio = foto.height() / 2, fin = foto.width() - 6;
+        QSet<QRgb> arriba;
+        for (int x = fin - fila->fontMetrics().averageCharWidth(); x < fin; ++x)
+            for (int y = medio - 4; y < medio; ++y)
+                arriba << foto.pixel(x, y);
+        QCOMPARE(arriba.size(), 1);
     }
 
     void una_pantalla_mas_grande_que_el_monitor_se_recorre_con_el_teclado() {
@@ -165,7 +174,18 @@ private slots:
             cajas << new QLineEdit;
             f.fila(QString("Dato %1").arg(i), cajas.last());
         }
+        auto* barra = new BarraBotones(p);
+        const auto* primero = barra->boton("B", "F2:Grabar", "document-save", Qt::Key_F2, [] {});
+        barra->boton("C", "Esc:Salir", "window-close", Qt::Key_Escape, [] {});
+        f.botones(barra);
         escritorio.muestre(p);
+        // Los dibujos ceden antes de que la barra pase a otro renglón, y vuelven.
+        const QSize entera = barra->sizeHint();
+        for (const int menos : {10, 0}) {
+            barra->resize(entera.width() - menos, entera.height());
+            QCOMPARE(primero->iconSize().isEmpty(), menos > 0);
+            QCOMPARE(barra->heightForWidth(barra->width()), barra->sizeHint().height());
+        }
         cajas.first()->setFocus();
         for (int i = 0; i < 19; ++i)
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);

@@ -1,5 +1,6 @@
 #include "toolkit/controles/memodato.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/estilo.h"
 
 #include <QFocusEvent>
@@ -26,13 +27,17 @@ void MemoDato::lineas(int cuantas) {
 }
 
 QSize MemoDato::sizeHint() const {
-    const int alto = fontMetrics().lineSpacing() * lineas_ + 2 * frameWidth() +
-                     int(2 * document()->documentMargin());
-    return {ancho_caracteres(fontMetrics(), 40), alto};
+    return {ancho_caracteres(fontMetrics(), 40), alto_con(lineas_)};
 }
 
 QSize MemoDato::minimumSizeHint() const {
-    return {ancho_caracteres(fontMetrics(), 20), sizeHint().height()};
+    const int lineas = area_estrecha() ? qMin(lineas_, 2) : lineas_;
+    return {ancho_caracteres(fontMetrics(), 20), alto_con(lineas)};
+}
+
+int MemoDato::alto_con(int lineas) const {
+    return fontMetrics().lineSpacing() * lineas + 2 * frameWidth() +
+           int(2 * document()->documentMargin());
 }
 
 void MemoDato::muestre() {

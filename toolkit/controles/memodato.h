@@ -14,6 +14,7 @@ public:
     /// Alto en líneas de texto.
     void lineas(int cuantas);
     QSize sizeHint() const override;
+    /// En un área baja cede hasta dos líneas, y se desplaza.
     QSize minimumSizeHint() const override;
 
 protected:
@@ -25,5 +26,7 @@ protected:
     void focusOutEvent(QFocusEvent* evento) override;
 
 private:
+    int alto_con(int lineas) const;
+
     int lineas_ = 4;
 };
