@@ -43,8 +43,8 @@ Tfejecutaregiauto::Tfejecutaregiauto()
                          {"NIT", "Tercero", 12},
                          {"PROY", "Proy.", 5},
                          {"CENTRO", "Centro", 6},
-                         {"BASE", "Base", 14},
-                         {"PORCENTAJE", "%", 7},
+                         {"BASE", "Base", 14, Numerica},
+                         {"PORCENTAJE", "%", 7, Numerica},
                          {"DEBITO", "Débito", 14, Suma},
                          {"CREDITO", "Crédito", 14, Suma}});
     DBGridEh1->ReadOnly = true;

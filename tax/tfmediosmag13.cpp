@@ -43,8 +43,8 @@ Tfmediosmag13::Tfmediosmag13() : FormaMedio(kDatos) {
     auto* proveedor = new Proveedor(this, "PFtomediosm", consulta);
     CFtomediosm = new ConjuntoDatos(this, "CFtomediosm", proveedor);
     defina_campos();
-    QVector<DefinicionColumna> columnas{{"MEMG_CONCEPTO", "Concepto", 9},
-                                        {"MEMG_TIPODOC", "TipoDoc", 8},
+    QVector<DefinicionColumna> columnas{{"MEMG_CONCEPTO", "Concepto", 9, Numerica},
+                                        {"MEMG_TIPODOC", "TipoDoc", 8, Numerica},
                                         {"MEMG_NIT", "NIT", 14},
                                         {"MEMG_DV", "DV", 4},
                                         {"MEMG_APELLIDO1", "Apellido1", 14},

@@ -76,11 +76,12 @@ Tfmediosmagbog::Tfmediosmagbog() : FormaMedio(kDatos) {
                                        {"MMDD_TARIFA", 9},        {"MMDD_MONTO", 15},
                                        {"MMDD_DEVOL", 15},        {"MMDD_SALDO", 15}}) {
         const Campo& c = CMedmagdata->FieldByName(campo);
+        const bool suma =
+            c.clase == ClaseCampo::Decimal && c.FieldName != QLatin1String("MMDD_TARIFA");
         columnas << DefinicionColumna{campo, c.DisplayLabel, ancho,
-                                      c.clase == ClaseCampo::Decimal &&
-                                              c.FieldName != QLatin1String("MMDD_TARIFA")
-                                          ? unsigned(Suma)
-                                          : 0u};
+                                      suma           ? unsigned(Suma)
+                                      : c.numerico() ? unsigned(Numerica)
+                                                     : 0u};
     }
     DBGridEh1->columnas(columnas);
     DBGridEh1->columna(DBGridEh1->columna_de("MMDD_ITEM")).ReadOnly = true;

@@ -54,10 +54,10 @@ Rejilla* Tfsupersociedades::cree_rejilla(const QString& nombre, ConjuntoDatos* c
     auto* r = new Rejilla(marco, conjunto);
     r->setObjectName(nombre);
     r->setAccessibleName(titulo);
-    r->columnas({{"ITEM", "Ítem", 6},
+    r->columnas({{"ITEM", "Ítem", 6, Numerica},
                  {"NOMBRE", "Descripción", 36},
-                 {"VALOR", "Valor", 17},
-                 {"VALORA", "Año anterior", 17}});
+                 {"VALOR", "Valor", 17, Numerica},
+                 {"VALORA", "Año anterior", 17, Numerica}});
     r->ReadOnly = true;
     r->sangre("NOMBRE", [conjunto](int fila) {
         return qMax(0, int(conjunto->valor_en(fila, conjunto->FieldByName("NIVEL")).entero()) - 1);

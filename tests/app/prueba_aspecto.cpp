@@ -10,6 +10,7 @@
 #include "toolkit/estilo.h"
 #include "toolkit/pivote/rejilla_cubo.h"
 #include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -226,8 +227,28 @@ void revise_cubos(const Pantalla* p, QStringList& faltas) {
             faltas << nombre_de(r) + ": la columna fija tapa las cifras";
 }
 
+/// Un título puede abreviarse, no quedar en puntos suspensivos.
+void revise_titulos(const Rejilla& r, QStringList& faltas) {
+    const auto& titulos = static_cast<const EncabezadoRejilla&>(*r.horizontalHeader());
+    for (const int c : columnas_a_la_vista(r))
+        if (titulos.titulo_partido(c).contains(QChar(0x2026)))
+            faltas << QString("%1.%2 se titula %3")
+                          .arg(nombre_de(&r), r.columna(c).FieldName, titulos.titulo_partido(c));
+}
+
+/// De qué lado se leen sus títulos, por rejilla y campo.
+QMap<QString, int> lados(const Pantalla* p) {
+    QMap<QString, int> lados;
+    for (const Rejilla* r : p->findChildren<Rejilla*>())
+        for (int c = 0; c < r->cuenta_columnas(); ++c)
+            lados[r->objectName() + '.' + r->columna(c).FieldName] = r->modelo().alineacion(c);
+    return lados;
+}
+
 void revise_rejillas(const Pantalla* p, QStringList& faltas) {
     for (Rejilla* r : p->findChildren<Rejilla*>()) {
+        if (r->isVisible())
+            revise_titulos(*r, faltas);
         if (!r->isVisible() || !r->conjunto() || !r->conjunto()->Active())
             continue;
         r->conjunto()->FetchAll();
@@ -495,8 +516,13 @@ private slots:
                     revise_apertura(p, suyas);
                     tome_foto(ventana_de(p), foto + "_lineas");
                 }
+                const QMap<QString, int> antes = lados(p);
                 if (consulte(p)) {
                     suyas << revise(p);
+                    const QMap<QString, int> ahora = lados(p);
+                    for (auto l = antes.begin(); l != antes.end(); ++l)
+                        if (ahora.value(l.key(), *l) != *l)
+                            suyas << l.key() + " cambia de lado su título al consultar";
                     tome_foto(ventana_de(p), foto + "_resultado");
                 }
                 for (const QString& f : suyas)

@@ -3,6 +3,7 @@
 #include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/titulo_columna.h"
 
 #include <numeric>
 
@@ -87,19 +88,44 @@ private slots:
             .contenido = 90, .titulo = 50, .comodo = 90, .entero = 12, .peso = 9};
         con_nombre_largo[2].contenido = 1500;
         QCOMPARE(reparta_ancho(con_nombre_largo, 800), QVector<int>({60, 160, 1500, 20, 50}));
-        // El nombre que ya hay se lee entero antes de guardarle sitio al que se digite.
-        QCOMPARE(reparta_ancho({{.contenido = 50, .comodo = 300, .peso = 10},
-                                {.contenido = 50, .comodo = 200, .entero = 200, .peso = 10}},
-                               300),
-                 QVector<int>({100, 200}));
+        // El nombre que ya hay se lee entero antes de guardarle sitio al que se digite, también en
+        // la que no dice nada; los títulos pasan a un renglón solo si todos caben.
+        const QVector<PedidoAncho> nombres{
+            {.contenido = 50, .comodo = 300, .peso = 10},
+            {.contenido = 50, .titulo = 20, .seguido = 60, .cede = 50, .vacia = true},
+            {.contenido = 50, .comodo = 200, .entero = 200, .peso = 10}};
+        QCOMPARE(reparta_ancho(nombres, 270), QVector<int>({50, 20, 200}));
+        QCOMPARE(reparta_ancho(nombres, 305), QVector<int>({55, 50, 200}));
+        QCOMPARE(reparta_ancho(nombres, 315), QVector<int>({55, 60, 200}));
+    }
+
+    void un_titulo_se_parte_y_se_abrevia_antes_que_perderse() {
+        const QFontMetrics m(QApplication::font());
+        const auto en = [&](const QString& titulo, const QString& lo_que_cabe) {
+            return titulo_en(titulo, m, m.horizontalAdvance(lo_que_cabe) + 1);
+        };
+        for (const auto& [titulo, cabe, queda] :
+             {std::array{"Referencia", "Referencia", "Referencia"},
+              {"Referencia", "Refer.", "Refer."},
+              {"Referencia", "Refe.", "Ref."},
+              {"Reclas. DB", "Reclas.", "Reclas.\nDB"},
+              {"Reclas. DB", "Rec.", "Rec.\nDB"},
+              {"Cta.Rtfte", "Rtfte", "Cta.\nRtfte"},
+              {"Base", "Base", "Base"},
+              {"Apellido2", "Apel.2", "Apel.2"}})
+            QCOMPARE(en(titulo, cabe), QString(queda));
+        QCOMPARE(ancho_abreviado("Posición Y", m), m.horizontalAdvance("Pos.") + 1);
+        QCOMPARE(ancho_en_dos_renglones("Nuevo saldo", m), m.horizontalAdvance("Nuevo") + 1);
     }
 
     void sin_textos_las_cifras_se_separan_con_medida_y_lo_escogido_no_se_toca() {
-        const QVector<PedidoAncho> pedidos{{.contenido = 100, .comodo = 100},
-                                           {.contenido = 70, .comodo = 70, .fijo = true},
-                                           {.contenido = 100, .comodo = 100}};
+        QVector<PedidoAncho> pedidos{{.contenido = 100, .comodo = 100, .cifra = true},
+                                     {.contenido = 70, .comodo = 70, .fijo = true},
+                                     {.contenido = 100, .comodo = 100, .cifra = true}};
         QCOMPARE(reparta_ancho(pedidos, 300), QVector<int>({115, 70, 115}));
         QCOMPARE(reparta_ancho(pedidos, 2000), QVector<int>({150, 70, 150}));
+        pedidos[0].cifra = false; // un código sí: la rejilla llega hasta su borde
+        QCOMPARE(reparta_ancho(pedidos, 2000), QVector<int>({1780, 70, 150}));
         // Con anchos cualesquiera nada se pierde por redondeo.
         for (int disponible = 301; disponible < 700; disponible += 7) {
             const QVector<PedidoAncho> tres{{.contenido = 33, .comodo = 90, .peso = 7},
@@ -147,17 +173,42 @@ private slots:
         p.detalle->Edit();
         p.detalle->FieldByName("CODE_DEBITO").asigne(Moneda::de_texto("9999999999999.99"));
         p.detalle->FieldByName("CUEN_COD").asigne("110505050505");
-        p.detalle->Post();
-        p.rejilla->grab();
-        QCoreApplication::processEvents();
+        // Sin pintar nada: el ancho sigue a lo que hay, y no a cuándo se ve.
         QVERIFY(cabe(*p.rejilla, 0, p.Debito));
         QVERIFY(cabe(*p.rejilla, 0, p.Cuenta));
+        p.detalle->Post();
         QFont negrilla = p.rejilla->font();
         negrilla.setBold(true);
         const Moneda suma_debitos = p.rejilla->suma(p.Debito);
         QVERIFY(QFontMetrics(negrilla).horizontalAdvance(suma_debitos.formateada(2)) <
                 p.rejilla->columnWidth(p.Debito));
         QCOMPARE(total(*p.rejilla), p.rejilla->viewport()->width());
+    }
+
+    void la_que_se_vacia_para_digitar_queda_como_recien_abierta() {
+        RejillaDePrueba nueva(0), p;
+        QVector<int> de_fabrica;
+        for (int c = 0; c < nueva.rejilla->cuenta_columnas(); ++c)
+            de_fabrica << nueva.rejilla->columnWidth(c);
+        const auto anchos = [&] {
+            QVector<int> a;
+            for (int c = 0; c < p.rejilla->cuenta_columnas(); ++c)
+                a << p.rejilla->columnWidth(c);
+            return a;
+        };
+        p.detalle->Edit();
+        p.detalle->FieldByName("CODE_DEBITO").asigne(Moneda::de_texto("9999999999999.99"));
+        p.detalle->Post();
+        QVERIFY(anchos() != de_fabrica);
+        while (!p.detalle->IsEmpty())
+            p.detalle->Delete();
+        QCOMPARE(anchos(), de_fabrica);
+        // Y con filas de a una, tampoco hace falta pintarlas.
+        p.detalle->Append();
+        p.detalle->FieldByName("CUEN_COD").asigne("110505050505");
+        p.detalle->FieldByName("CODE_CREDITO").asigne(Moneda::de_texto("9999999999999.99"));
+        p.detalle->Post();
+        QVERIFY(cabe(*p.rejilla, 0, p.Cuenta) && cabe(*p.rejilla, 0, p.Credito));
     }
 
     void solo_se_recuerda_el_ancho_que_el_usuario_arrastro() {

@@ -12,11 +12,13 @@
 
 namespace {
 
-constexpr int kFilasMedidas = 100;    ///< filas que deciden cuánto pide un texto
-constexpr int kFilasCodigo = 2000;    ///< filas en que se busca el código más largo
-constexpr int kCaracteresLargo = 24;  ///< desde aquí un texto es un nombre y no un código
-constexpr int kCaracteresMinimo = 12; ///< lo que de un nombre siempre se ve
-constexpr int kCaracteresTitulo = 4;  ///< y de un título, si no hay más sitio
+constexpr int kFilasMedidas = 100;     ///< filas que deciden cuánto pide un texto
+constexpr int kFilasCodigo = 2000;     ///< filas en que se busca el código más largo
+constexpr int kCaracteresLargo = 24;   ///< desde aquí un texto es un nombre y no un código
+constexpr int kCaracteresMinimo = 12;  ///< lo que de un nombre siempre se ve
+constexpr int kCaracteresCodigo = 4;   ///< y de un código, aunque hoy sean más cortos
+constexpr int kCaracteresAlLado = 32;  ///< del nombre que va tras su código
+constexpr int kCaracteresHolgura = 45; ///< y si sobra
 constexpr int kCaracteresEntero = 70; ///< un nombre; lo más largo es una nota, y se lee en su celda
 
 /// Reparte hasta `libre` en proporción a lo que a cada uno le falta. Devuelve lo que sobra.
@@ -46,80 +48,89 @@ int suma(const QVector<int>& pixeles) {
 
 /// Un texto sin nada en ninguna fila, también donde se podría digitar: le basta su título.
 bool le_basta_su_titulo(const PedidoAncho& p) {
-    return p.vacia || (p.peso > 0 && p.entero > 0 && p.entero <= p.titulo);
+    return p.peso > 0 && p.entero > 0 && p.entero <= p.titulo;
 }
 
 /// Lo que cada columna quiere y lo que da, en el orden en que se pide.
 struct Cesiones {
     QVector<int> anchos;
-    QVector<int> vacia, nombre; ///< sin cortar su título
+    QVector<int> reserva, nombre; ///< sin cortar su título
     QVector<int> titulo_vacia, titulo;
 
     explicit Cesiones(const QVector<PedidoAncho>& pedidos) {
         for (const PedidoAncho& p : pedidos) {
             const int ancho = qMax(p.contenido, p.titulo);
-            const bool calla = le_basta_su_titulo(p);
+            // El sitio que un código guarda para digitar, y el de lo que no dice nada.
+            const bool poco = le_basta_su_titulo(p), primero = poco || p.vacia || p.peso == 0;
             const int cede =
-                p.fijo ? 0 : qBound(0, ancho - p.titulo, calla && !p.vacia ? ancho : p.cede);
+                p.fijo ? 0 : qBound(0, ancho - p.titulo, poco && !p.vacia ? ancho : p.cede);
             const int resto =
-                p.fijo ? 0 : qMax(0, ancho - p.contenido + (p.vacia ? p.cede - cede : 0));
-            anchos << ancho;
-            vacia << (calla ? cede : 0);
-            nombre << (calla ? 0 : cede);
+                p.fijo ? 0 : qMax(0, ancho - p.contenido + (poco && !p.vacia ? 0 : p.cede - cede));
+            anchos << ancho - (primero ? cede : 0);
+            reserva << (primero ? cede : 0);
+            nombre << (primero ? 0 : cede);
             titulo_vacia << (p.vacia ? resto : 0);
             titulo << (p.vacia ? 0 : resto);
         }
     }
-    int sin_ceder() const { return suma(anchos) - suma(vacia) - suma(titulo_vacia); }
+    int sin_ceder() const { return suma(anchos) - suma(titulo_vacia); }
     int indispensable() const { return sin_ceder() - suma(nombre) - suma(titulo); }
 };
+
+/// No cabe todo: un nombre y un título se pueden leer en su letrero; una cifra, no. Si ni así, la
+/// rejilla se desplaza, con las más cifras a la vista y entero el título de lo que dice algo.
+QVector<int> apriete(const Cesiones& c, const QVector<PedidoAncho>& pedidos, int disponible) {
+    QVector<int> anchos = c.anchos, quita(anchos.size(), 0);
+    int sobra = de_lo_que_falta(quita, c.nombre, suma(anchos) - disponible);
+    const bool cabe = c.indispensable() <= disponible;
+    if (cabe || std::any_of(pedidos.begin(), pedidos.end(),
+                            [](const PedidoAncho& p) { return !p.vacia && !p.fijo; }))
+        sobra = de_lo_que_falta(quita, c.titulo_vacia, sobra);
+    if (cabe)
+        de_lo_que_falta(quita, c.titulo, sobra);
+    else // de todos modos se desplaza: que se lea de qué es cada fila
+        for (qsizetype i = 0; i < anchos.size(); ++i)
+            if (c.nombre[i] > 0)
+                quita[i] = qMin(quita[i], anchos[i] - qMin(pedidos[i].entero, disponible / 5));
+    for (qsizetype i = 0; i < anchos.size(); ++i)
+        anchos[i] -= quita[i];
+    return anchos;
+}
 
 } // namespace
 
 QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) {
     const Cesiones c(pedidos);
     QVector<int> anchos = c.anchos;
-    const int total = suma(anchos);
-    if (total > disponible) {
-        // Un nombre y un título se pueden leer en su letrero; una cifra, no. Si ni así cabe se
-        // desplaza, con las más cifras a la vista y entero el título de lo que dice algo.
-        QVector<int> quita(anchos.size(), 0);
-        int sobra = de_lo_que_falta(quita, c.vacia, total - disponible);
-        sobra = de_lo_que_falta(quita, c.nombre, sobra);
-        const bool cabe = c.indispensable() <= disponible;
-        if (cabe || std::any_of(pedidos.begin(), pedidos.end(),
-                                [](const PedidoAncho& p) { return !p.vacia && !p.fijo; }))
-            sobra = de_lo_que_falta(quita, c.titulo_vacia, sobra);
-        if (cabe)
-            de_lo_que_falta(quita, c.titulo, sobra);
-        else // de todos modos se desplaza: que se lea de qué es cada fila
-            for (qsizetype i = 0; i < anchos.size(); ++i)
-                if (c.nombre[i] > 0)
-                    quita[i] = qMin(quita[i], anchos[i] - qMin(pedidos[i].entero, disponible / 5));
-        for (qsizetype i = 0; i < anchos.size(); ++i)
-            anchos[i] -= quita[i];
-        return anchos;
-    }
-    QVector<int> falta_entero, falta_texto, falta_codigo, pesos, parejo;
-    for (qsizetype i = 0; i < pedidos.size(); ++i) {
-        const PedidoAncho& p = pedidos[i];
-        falta_entero << (p.fijo ? 0 : qMax(0, p.entero - anchos[i]));
-        const int falta = p.fijo ? 0 : qMax(0, p.comodo - qMax(anchos[i], p.entero));
-        falta_texto << (p.peso > 0 ? falta : 0);
-        falta_codigo << (p.peso > 0 ? 0 : falta);
-        pesos << (p.fijo ? 0 : p.peso);
-        parejo << (p.fijo ? 0 : qMax(anchos[i], p.comodo) / 2);
-    }
+    int libre = disponible - suma(anchos);
+    if (libre < 0)
+        return apriete(c, pedidos, disponible);
+    const auto lo_suyo = [&](const auto& cuanto) {
+        QVector<int> faltas;
+        for (qsizetype i = 0; i < pedidos.size(); ++i)
+            faltas << (pedidos[i].fijo ? 0 : qMax(0, cuanto(pedidos[i], anchos[i])));
+        return faltas;
+    };
+    const auto de = [&](const auto& cuanto) {
+        libre = de_lo_que_falta(anchos, lo_suyo(cuanto), libre);
+    };
+    using P = const PedidoAncho&;
     // Antes de guardarle sitio a lo que se digite, que se lea lo que ya hay.
-    int libre = de_lo_que_falta(anchos, falta_entero, disponible - total);
-    libre = de_lo_que_falta(anchos, falta_texto, libre);
-    libre = de_lo_que_falta(anchos, falta_codigo, libre);
-    // Sin textos que lo aprovechen, las cifras se separan un poco, y no más.
-    const bool hay_textos = std::any_of(pesos.begin(), pesos.end(), [](int p) { return p > 0; });
-    if (hay_textos)
-        for (int& p : pesos)
-            p *= qMax(1, libre);
-    de_lo_que_falta(anchos, hay_textos ? pesos : parejo, libre);
+    de([](P p, int ancho) { return p.entero - ancho; });
+    libre = de_lo_que_falta(anchos, c.reserva, libre);
+    // Los títulos en un renglón, si todos caben.
+    if (const auto seguidos = lo_suyo([](P p, int ancho) { return p.seguido - ancho; });
+        suma(seguidos) <= libre)
+        libre = de_lo_que_falta(anchos, seguidos, libre);
+    de([](P p, int ancho) { return p.peso > 0 ? p.comodo - ancho : 0; });
+    de([](P p, int ancho) { return p.peso > 0 ? 0 : p.comodo - ancho; });
+    if (std::any_of(pedidos.begin(), pedidos.end(), [](P p) { return p.peso > 0 && !p.fijo; })) {
+        de([libre](P p, int) { return p.peso * qMax(1, libre); });
+    } else {
+        // Sin textos que lo aprovechen, las cifras se separan un poco, y no más.
+        de([](P p, int ancho) { return ancho / 2; });
+        de([libre](P p, int ancho) { return p.cifra ? 0 : ancho * qMax(1, libre); });
+    }
     return anchos;
 }
 
@@ -137,7 +148,7 @@ void AnchosRejilla::vea(int columna, int fila, std::pair<double, int>& mas_ancha
         mas_ancha = {ancho, fila};
 }
 
-void AnchosRejilla::vea_cifras(int columna, int desde, int hasta,
+bool AnchosRejilla::vea_cifras(int columna, int desde, int hasta,
                                std::pair<double, int>& mas_ancha) const {
     // La cifra de más letras es la mayor o la menor: no hay que dar formato a cada una. La negrilla
     // de una fila no alcanza a otra cien veces mayor; un decimal que se calla cuando es cero sí, y
@@ -166,20 +177,25 @@ void AnchosRejilla::vea_cifras(int columna, int desde, int hasta,
     for (int i = 0; i < primeras.size(); ++i)
         if (!pareja || primeras[i] > mucho || primeras[i] < poco)
             vea(columna, desde + i, mas_ancha);
+    return !alta.es_cero() || !baja.es_cero();
 }
 
-int AnchosRejilla::contenido(int columna, int desde, int hasta) const {
+AnchosRejilla::Contenido AnchosRejilla::contenido(int columna, int desde, int hasta) const {
     const int miradas = es_texto_largo(columna) ? kFilasMedidas : kFilasCodigo;
     std::pair<double, int> mas_ancha{-1, -1};
+    Contenido visto;
     if (desde < hasta && rejilla_.modelo().numerica(columna))
-        vea_cifras(columna, desde, hasta, mas_ancha);
+        visto.calla = !vea_cifras(columna, desde, hasta, mas_ancha);
     else
         for (int f = desde; f < qMin(hasta, desde + miradas); ++f)
             vea(columna, f, mas_ancha);
     if (mas_ancha.second < 0)
-        return 0;
+        return visto;
+    if (!rejilla_.modelo().numerica(columna))
+        visto.calla = mas_ancha.first <= 0;
     const QModelIndex celda = rejilla_.modelo().index(mas_ancha.second, columna);
-    return rejilla_.itemDelegate()->sizeHint({}, celda).width();
+    visto.ancho = rejilla_.itemDelegate()->sizeHint({}, celda).width();
+    return visto;
 }
 
 int AnchosRejilla::ancho_del_pie(int columna) const {
@@ -210,44 +226,62 @@ PedidoAncho AnchosRejilla::mida_columna(int columna) const {
         return {.fijo = true};
     if (const int suyo = escogido(columna))
         return {.contenido = suyo, .comodo = suyo, .fijo = true};
+    PedidoAncho p;
+    p.titulo = titulos().ancho_en_renglones(columna);
+    p.seguido = titulos().sectionSizeHint(columna);
+    p.cifra = rejilla_.modelo().alineacion(columna) & Qt::AlignRight;
+    if (es_texto_largo(columna))
+        mida_texto(columna, p);
+    else
+        mida_corto(columna, p);
+    return p;
+}
+
+void AnchosRejilla::mida_texto(int columna, PedidoAncho& p) const {
     const ColumnaRejilla& c = rejilla_.columna(columna);
     const QFontMetrics medidas(rejilla_.font());
     const int declarado = ancho_caracteres(medidas, c.ancho);
-    PedidoAncho p;
-    p.titulo = static_cast<QHeaderView*>(rejilla_.horizontalHeader())->sectionSizeHint(columna);
+    const auto [lleno, calla] = contenido(columna, 0, rejilla_.modelo().rowCount());
+    const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho));
+    p.contenido = qMax(poco, qMin(lleno, declarado * 6 / 10));
+    p.comodo = qMax(lleno, declarado);
+    // Donde se digita un nombre siempre hay sitio para su comienzo.
+    p.vacia = calla && !rejilla_.modelo().editable(columna);
+    p.cede = p.contenido - (p.vacia ? qMin(piso(columna, lleno), p.contenido) : poco);
+    p.entero = ancho_entero(lleno);
+    p.peso = qMax(1, c.ancho);
+}
+
+void AnchosRejilla::mida_corto(int columna, PedidoAncho& p) const {
+    const ColumnaRejilla& c = rejilla_.columna(columna);
+    const QFontMetrics medidas(rejilla_.font());
+    const int declarado = ancho_caracteres(medidas, c.ancho);
     const int minimo =
-        ancho_caracteres(medidas, kCaracteresTitulo) + 2 * DelegadoCelda::margen(medidas);
+        ancho_caracteres(medidas, kCaracteresCodigo) + 2 * DelegadoCelda::margen(medidas);
     if (c.casilla) {
-        p.contenido = qMin(p.titulo, minimo);
-        p.comodo = qMax(p.titulo, declarado);
-        return p;
+        p.contenido = qMin(p.titulo, qMax(minimo, titulos().ancho_minimo(columna)));
+        p.comodo = qMax(p.seguido, declarado);
+        return;
     }
-    const int lleno = contenido(columna, 0, rejilla_.modelo().rowCount());
-    p.vacia = no_dice_nada(lleno);
-    if (es_texto_largo(columna)) {
-        const int poco = ancho_caracteres(medidas, qMin(kCaracteresMinimo, c.ancho));
-        p.contenido = qMax(poco, qMin(lleno, declarado * 6 / 10));
-        p.comodo = qMax(lleno, declarado);
-        // Donde se digita un nombre siempre hay sitio para su comienzo.
-        p.vacia = p.vacia && !rejilla_.modelo().editable(columna);
-        p.cede = p.contenido - (p.vacia ? qMin(piso_vacia(), p.contenido) : poco);
-        p.entero = ancho_entero(lleno);
-        p.peso = qMax(1, c.ancho);
-        return p;
-    }
-    p.contenido = qMax(minimo, qMax(lleno, ancho_del_pie(columna)));
+    const auto [lleno, calla] = contenido(columna, 0, rejilla_.modelo().rowCount());
+    const int suelo = piso(columna, lleno);
+    p.contenido = qMax(qMax(minimo, suelo), qMax(lleno, ancho_del_pie(columna)));
     // Donde se digita hace falta sitio aunque todavía no haya nada; si no alcanza para lo que sí
-    // hay, lo da: se ensancha con lo primero que se escriba.
-    if (rejilla_.modelo().editable(columna))
+    // hay, lo da: se ensancha con lo que se escriba.
+    const bool acompanada =
+        static_cast<DelegadoCelda*>(rejilla_.itemDelegate())->acompanada(columna);
+    const int indispensable = calla ? suelo : p.contenido;
+    if (rejilla_.modelo().editable(columna) && !acompanada)
         p.contenido = qMax(p.contenido, declarado * 6 / 10);
-    p.cede = p.vacia ? p.contenido - piso_vacia() : 0;
+    p.vacia = calla;
+    p.cede = p.contenido - indispensable;
     p.comodo = qMax(p.contenido, declarado);
-    if (static_cast<DelegadoCelda*>(rejilla_.itemDelegate())->acompanada(columna)) {
-        p.comodo = p.contenido + ancho_caracteres(medidas, kCaracteresLargo);
-        p.entero = rejilla_.modelo().rowCount() > 0 ? p.comodo : 0;
+    if (acompanada) {
+        p.comodo = p.contenido + ancho_caracteres(medidas, kCaracteresHolgura);
+        if (rejilla_.modelo().rowCount() > 0)
+            p.entero = p.contenido + ancho_caracteres(medidas, kCaracteresAlLado);
         p.peso = c.ancho;
     }
-    return p;
 }
 
 void AnchosRejilla::mida() {
@@ -259,21 +293,25 @@ void AnchosRejilla::mida() {
     emit crecio();
 }
 
-bool AnchosRejilla::no_dice_nada(int lleno) const {
-    return lleno <= 2 * DelegadoCelda::margen(QFontMetrics(rejilla_.font())) + 2;
+int AnchosRejilla::piso(int columna, int lleno) const {
+    // Unos ceros también se leen enteros; una celda en blanco no pide nada.
+    const int blanco = 2 * DelegadoCelda::margen(QFontMetrics(rejilla_.font())) + 2;
+    const int ceros = lleno > blanco ? qMax(lleno, ancho_del_pie(columna)) : 0;
+    return qMax(titulos().ancho_minimo(columna), ceros);
 }
 
-int AnchosRejilla::piso_vacia() const {
-    // Sin filas no hay cifra a la que darle el sitio: se leen los títulos.
-    const QFontMetrics medidas(rejilla_.font());
-    const int letras = rejilla_.modelo().rowCount() > 0 ? 1 : kCaracteresTitulo;
-    return 2 * DelegadoCelda::margen(medidas) + ancho_caracteres(medidas, letras);
+EncabezadoRejilla& AnchosRejilla::titulos() const {
+    return static_cast<EncabezadoRejilla&>(*rejilla_.horizontalHeader());
 }
 
-void AnchosRejilla::llene(PedidoAncho& p) {
-    if (!std::exchange(p.vacia, false))
+void AnchosRejilla::asegure(PedidoAncho& p, int ancho, bool dice) {
+    if (dice && std::exchange(p.vacia, false))
+        repartido_ = -1;
+    if (p.contenido - p.cede >= ancho)
         return;
-    p.cede = 0;
+    p.contenido = qMax(p.contenido, ancho);
+    p.cede = p.contenido - ancho;
+    p.comodo = qMax(p.comodo, ancho);
     repartido_ = -1;
 }
 
@@ -286,37 +324,49 @@ void AnchosRejilla::mida_filas(int desde, int hasta) {
         mida();
         return;
     }
-    for (int c = 0; c < rejilla_.cuenta_columnas(); ++c) {
-        PedidoAncho& p = pedidos_[c];
-        if (p.fijo || rejilla_.columna(c).casilla)
-            continue;
-        if (es_texto_largo(c)) {
-            // Los de un paquete que llega al bajar no mueven las columnas bajo los ojos.
-            const int entero = desde > 0 ? 0 : ancho_entero(contenido(c, desde, hasta));
-            if (entero > p.entero) {
-                p.entero = entero;
-                p.comodo = qMax(p.comodo, entero);
-                repartido_ = -1;
-            }
-            continue;
-        }
-        const int suyo = contenido(c, desde, hasta), ancho = qMax(suyo, ancho_del_pie(c));
-        if (!no_dice_nada(suyo))
-            llene(p);
-        if (const int cede = p.contenido - piso_vacia(); p.vacia && p.cede != cede) {
-            p.cede = cede;
+    // Los nombres de un paquete que llega al bajar no mueven las columnas bajo los ojos.
+    for (int c = 0; c < rejilla_.cuenta_columnas(); ++c)
+        crezca(c, desde, hasta, desde == 0);
+    if (reparta_si_crecio())
+        emit crecio();
+}
+
+void AnchosRejilla::mida_fila(int fila, int columna) {
+    if (pedidos_.size() != rejilla_.cuenta_columnas() || fila < 0 ||
+        fila >= rejilla_.modelo().rowCount())
+        return;
+    for (int c = 0; c < rejilla_.cuenta_columnas(); ++c)
+        if (columna < 0 || c == columna)
+            crezca(c, fila, fila + 1, true);
+    reparta_si_crecio();
+}
+
+void AnchosRejilla::crezca(int columna, int desde, int hasta, bool con_nombres) {
+    PedidoAncho& p = pedidos_[columna];
+    if (p.fijo || rejilla_.columna(columna).casilla)
+        return;
+    const bool texto = es_texto_largo(columna);
+    if (texto && !con_nombres && !p.vacia)
+        return;
+    const auto [suyo, calla] = contenido(columna, desde, hasta);
+    if (texto) {
+        if (p.vacia && !calla)
+            p = mida_columna(columna), repartido_ = -1;
+        else if (const int entero = ancho_entero(suyo); entero > p.entero) {
+            p.entero = entero;
+            p.comodo = qMax(p.comodo, entero);
             repartido_ = -1;
         }
-        if (ancho > p.contenido) {
-            p.contenido = ancho;
-            p.comodo = qMax(p.comodo, ancho);
-            repartido_ = -1;
-        }
+        return;
     }
+    const bool dice = !calla || !p.vacia;
+    asegure(p, dice ? qMax(suyo, ancho_del_pie(columna)) : piso(columna, suyo), !calla);
+}
+
+bool AnchosRejilla::reparta_si_crecio() {
     const bool mas = repartido_ < 0;
     reparta();
-    if (mas)
-        emit crecio();
+    return mas;
 }
 
 void AnchosRejilla::pida(int columna, int ancho) {
@@ -325,10 +375,7 @@ void AnchosRejilla::pida(int columna, int ancho) {
     PedidoAncho& p = pedidos_[columna];
     if (p.fijo || p.contenido - p.cede >= ancho)
         return;
-    llene(p);
-    p.contenido = qMax(p.contenido, ancho);
-    p.comodo = qMax(p.comodo, ancho);
-    repartido_ = -1;
+    asegure(p, ancho, true);
     if (!std::exchange(pendiente_, true))
         QMetaObject::invokeMethod(
             this,
@@ -356,9 +403,11 @@ int AnchosRejilla::ancho_disponible() const {
 }
 
 int AnchosRejilla::lo_que_falta() const {
+    const Cesiones c(pedidos_);
     int total = 0;
-    for (const PedidoAncho& p : pedidos_)
-        total += qMax(qMax(p.contenido, p.titulo), p.entero);
+    for (qsizetype i = 0; i < pedidos_.size(); ++i)
+        total +=
+            qMax(c.anchos[i], qMax(pedidos_[i].fijo ? 0 : pedidos_[i].seguido, pedidos_[i].entero));
     return qMax(0, total - ancho_disponible());
 }
 

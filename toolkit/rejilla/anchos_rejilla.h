@@ -10,18 +10,21 @@
 #include <QObject>
 #include <QVector>
 
+class EncabezadoRejilla;
 class Rejilla;
 
 /// Lo que pide una columna, en píxeles.
 struct PedidoAncho {
     int contenido = 0;  ///< sin esto se recortaría una cifra o un código
-    int titulo = 0;     ///< para que su título se lea entero
+    int titulo = 0;     ///< para que su título se lea entero, aunque sea en dos renglones
+    int seguido = 0;    ///< para que se lea en uno
     int comodo = 0;     ///< el texto completo, o sitio para digitar
     int entero = 0;     ///< para leer sin puntos suspensivos lo que hay; 0 si basta `contenido`
-    int cede = 0;       ///< de lo anterior, lo que un texto da antes de que se corte un título
+    int cede = 0;       ///< de `contenido`, lo que da antes de que se abrevie un título
     int peso = 0;       ///< parte de lo que sobre; 0 en cifras y códigos
-    bool vacia = false; ///< no dice nada en ninguna fila: es la primera que cede
+    bool vacia = false; ///< no dice nada en ninguna fila, o solo ceros: es la primera que cede
     bool fijo = false; ///< ni un píxel más: lo escogió el usuario, está oculta o es una casilla
+    bool cifra = false; ///< lejos de la anterior se lee mal: no toma lo que sobre sin límite
 };
 
 /// Un ancho por pedido. Suman `disponible` si hay con qué; si no cabe ni lo indispensable suman
@@ -35,8 +38,10 @@ public:
 
     /// Mide de nuevo todas las columnas y reparte. Cuesta una mirada a las filas.
     void mida();
-    /// Mide lo que no admite recorte en esas filas; y los nombres, si son todas.
+    /// Mide lo que no admite recorte en esas filas; y los nombres, si empiezan en la primera.
     void mida_filas(int desde, int hasta);
+    /// Mide lo que se acaba de poner en una fila, o solo en una de sus celdas.
+    void mida_fila(int fila, int columna = -1);
     /// Reparte lo ya medido en el ancho que haya.
     void reparta();
     /// La columna no alcanza para lo que se acaba de pintar: se le da en cuanto termine el pintado.
@@ -61,14 +66,26 @@ signals:
 private:
     int ancho_disponible() const;
     PedidoAncho mida_columna(int columna) const;
-    int contenido(int columna, int desde, int hasta) const;
+    /// Lo más ancho que muestra una columna; `calla` si no dice nada o solo ceros.
+    struct Contenido {
+        int ancho = 0;
+        bool calla = true;
+    };
+    Contenido contenido(int columna, int desde, int hasta) const;
     void vea(int columna, int fila, std::pair<double, int>& mas_ancha) const;
-    void vea_cifras(int columna, int desde, int hasta, std::pair<double, int>& mas_ancha) const;
+    /// Falso si todas son cero.
+    bool vea_cifras(int columna, int desde, int hasta, std::pair<double, int>& mas_ancha) const;
     int ancho_del_pie(int columna) const;
-    bool no_dice_nada(int lleno) const; ///< es lo que pide una celda en blanco
-    int piso_vacia() const;             ///< lo que le queda a la que no dice nada
-    void llene(PedidoAncho& pedido);    ///< ya dice algo: no cede lo suyo
-    int ancho_entero(int lleno) const;  ///< el de un nombre, sin lo que pase de un renglón
+    /// Lo que le queda a la que no dice nada: su título abreviado, y sus ceros con su suma.
+    int piso(int columna, int lleno) const;
+    void mida_texto(int columna, PedidoAncho& p) const;
+    void mida_corto(int columna, PedidoAncho& p) const;
+    void crezca(int columna, int desde, int hasta, bool con_nombres);
+    bool reparta_si_crecio();
+    /// No cede por debajo de ese ancho. `dice`: ya no está vacía.
+    void asegure(PedidoAncho& pedido, int ancho, bool dice);
+    int ancho_entero(int lleno) const; ///< el de un nombre, sin lo que pase de un renglón
+    EncabezadoRejilla& titulos() const;
     bool es_texto_largo(int columna) const;
     int escogido(int columna) const; ///< 0 si el usuario no lo ha tocado
 

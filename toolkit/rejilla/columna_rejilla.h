@@ -14,6 +14,7 @@ enum OpcionColumna : unsigned {
     Casilla = 2,     ///< casilla de verificación sobre "S" y "N"
     SoloLectura = 4, ///< nace con ReadOnly
     Oculta = 8,      ///< nace sin Visible
+    Numerica = 16,   ///< es una cifra, aunque su campo no se conozca hasta consultar
 };
 
 /// Renglón de la tabla de columnas con que una pantalla declara su rejilla.
@@ -64,7 +65,7 @@ public:
     /// Qué ofrecer bajo la celda para lo que se va tecleando; se toma con Abajo y Enter.
     std::function<QVector<Sugerencia>(const QString& tecleado)> Sugiere;
     const int ancho; ///< en caracteres
-    const bool casilla;
+    const bool casilla, cifra;
 
     /// Campo del conjunto atado; nulo mientras el conjunto no lo tenga.
     Campo* campo = nullptr;

@@ -6,29 +6,7 @@
 #include "toolkit/rejilla/filtro_columna.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/rejilla.h"
-
-namespace {
-
-/// El título en un renglón si cabe, o en los dos más parejos que den sus palabras; lo que aun así
-/// no cabe se lee por su comienzo.
-QString en_renglones(const QString& titulo, const QFontMetrics& medidas, int ancho) {
-    if (medidas.horizontalAdvance(titulo) <= ancho)
-        return titulo;
-    QStringList mejor{titulo};
-    int menor = medidas.horizontalAdvance(titulo);
-    for (qsizetype i = titulo.indexOf(' '); i >= 0; i = titulo.indexOf(' ', i + 1)) {
-        const QStringList dos{titulo.left(i), titulo.mid(i + 1)};
-        const int largo =
-            qMax(medidas.horizontalAdvance(dos[0]), medidas.horizontalAdvance(dos[1]));
-        if (largo < menor)
-            menor = largo, mejor = dos;
-    }
-    for (QString& r : mejor)
-        r = medidas.elidedText(r, Qt::ElideRight, ancho);
-    return mejor.join('\n');
-}
-
-} // namespace
+#include "toolkit/rejilla/titulo_columna.h"
 
 EncabezadoRejilla::EncabezadoRejilla(Rejilla& rejilla)
     : QHeaderView(Qt::Horizontal, &rejilla), rejilla_(rejilla),
@@ -62,9 +40,23 @@ void EncabezadoRejilla::initStyleOptionForIndex(QStyleOptionHeader* opcion, int 
 }
 
 QString EncabezadoRejilla::titulo_partido(int columna) const {
-    const int margen = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
-    return en_renglones(model()->headerData(columna, Qt::Horizontal).toString(), fontMetrics(),
-                        sectionSize(columna) - 2 * margen); // uno a cada lado
+    return titulo_en(rejilla_.columna(columna).Titulo, fontMetrics(),
+                     sectionSize(columna) - margenes());
+}
+
+int EncabezadoRejilla::margenes() const {
+    return 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this); // uno a cada lado
+}
+
+int EncabezadoRejilla::ancho_en_renglones(int columna) const {
+    return qMax(minimumSectionSize(),
+                ancho_en_dos_renglones(rejilla_.columna(columna).Titulo, fontMetrics()) +
+                    margenes());
+}
+
+int EncabezadoRejilla::ancho_minimo(int columna) const {
+    return qMax(minimumSectionSize(),
+                ancho_abreviado(rejilla_.columna(columna).Titulo, fontMetrics()) + margenes());
 }
 
 void EncabezadoRejilla::acomode_titulos() {
@@ -82,6 +74,10 @@ QSize EncabezadoRejilla::sizeHint() const {
     if (con_filtros_)
         s.rheight() += viewportMargins().bottom();
     return s;
+}
+
+int EncabezadoRejilla::alto_sencillo() const {
+    return sizeHint().height() - (dos_renglones_ ? fontMetrics().lineSpacing() : 0);
 }
 
 void EncabezadoRejilla::updateGeometries() {

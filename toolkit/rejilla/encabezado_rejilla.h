@@ -21,15 +21,24 @@ public:
     void enfoque(int columna);
     /// Aplica lo escrito al conjunto. Falso si la fila en edición no se dejó grabar.
     bool aplique();
+    bool filtrando() const { return aplicado_; } ///< el conjunto está filtrado por lo escrito
     void limpie();
 
     AnchosRejilla& anchos() const { return *anchos_; }
     /// Los anchos acaban de repartirse: si algún título no cabe en un renglón, todos tienen dos.
     void acomode_titulos();
+    /// El título de la columna como se muestra: partido o abreviado si así cabe.
+    QString titulo_partido(int columna) const;
+    /// Ancho con que su título se lee entero en dos renglones.
+    int ancho_en_renglones(int columna) const;
+    /// Ancho con que al menos se lee abreviado.
+    int ancho_minimo(int columna) const;
     /// El usuario tiene oprimido el borde de un título: el ancho que quede es suyo.
     bool arrastrando() const { return oprimido_; }
 
     QSize sizeHint() const override;
+    /// El alto con los títulos en un renglón: el segundo depende del ancho y no agranda la ventana.
+    int alto_sencillo() const;
 
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const override;
@@ -42,10 +51,9 @@ protected:
 private:
     void ubique_filtros();
     bool tecla(int columna, QKeyEvent& evento);
+    int margenes() const;
 
     Rejilla& rejilla_;
-    QString titulo_partido(int columna) const;
-
     AnchosRejilla* anchos_;
     bool dos_renglones_ = false;
     bool oprimido_ = false;

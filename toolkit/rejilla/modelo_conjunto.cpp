@@ -72,8 +72,10 @@ Qt::Alignment ModeloConjunto::alineacion(int columna) const {
     const ColumnaRejilla& c = rejilla_.columna(columna);
     if (c.casilla)
         return Qt::AlignCenter;
-    if (!c.campo || !c.KeyList().isEmpty())
+    if (!c.KeyList().isEmpty())
         return Qt::AlignLeft | Qt::AlignVCenter;
+    if (!c.campo) // sin consultar todavía: el título ya va donde irán sus cifras
+        return (c.cifra || c.ConSuma ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
     switch (c.campo->Alignment) {
     case Alineacion::Derecha:
         return Qt::AlignRight | Qt::AlignVCenter;
@@ -315,6 +317,7 @@ void ModeloConjunto::filas_borradas(int desde, int cuantas) {
 void ModeloConjunto::fila_modificada(int indice) {
     corrija_sumas(indice);
     avise_fila(indice);
+    rejilla_.fila_modificada(indice);
 }
 
 void ModeloConjunto::escriba_pendiente() {

@@ -45,7 +45,7 @@ ColumnaRejilla::ColumnaRejilla(const DefinicionColumna& d, const std::function<v
     : FieldName(d.campo), Titulo(d.titulo, aviso), DisplayFormat(d.DisplayFormat, aviso),
       Visible(!(d.opciones & Oculta), aviso), ReadOnly(d.opciones & SoloLectura, aviso),
       ConSuma(d.opciones & Suma, aviso), PickList({}, aviso), KeyList({}, aviso), ancho(d.ancho),
-      casilla(d.opciones & Casilla) {}
+      casilla(d.opciones & Casilla), cifra(d.opciones & Numerica) {}
 
 Rejilla::Rejilla(QWidget* padre, ConjuntoDatos* conjunto)
     : QTableView(padre), modelo_(new ModeloConjunto(*this)),
@@ -236,6 +236,24 @@ void Rejilla::aplique_anchos() {
     ajustando_anchos_ = antes;
 }
 
+bool Rejilla::olvide_anchos() {
+    // Lo que se empieza a digitar no hereda el sitio de las cifras de lo que ya se grabó. Una
+    // consulta sí: al volver a leer se vacía y se llena, y no hay que repartir ni pintar dos veces.
+    if (modelo_->rowCount() > 0 || !editable() || encabezado_->filtrando())
+        return false;
+    aplique_anchos();
+    return true;
+}
+
+void Rejilla::mida_desde(int fila, int cuantas) {
+    if (!isVisible())
+        por_medir_ = true; // la otra página no le cuesta a la que se ve
+    else if (cuantas == 1 && conjunto()->editando())
+        encabezado_->anchos().mida_fila(fila);
+    else
+        encabezado_->anchos().mida_filas(fila, fila + cuantas);
+}
+
 void Rejilla::guarde_en(QSettings* ajustes, const QString& clave) {
     ajustes_ = ajustes;
     clave_anchos_ = clave + QStringLiteral("/anchos");
@@ -289,7 +307,7 @@ void Rejilla::updateGeometries() {
 
 QSize Rejilla::minimumSizeHint() const {
     constexpr int kFilas = 4; // tres, con la barra de abajo
-    const int alto = encabezado_->sizeHint().height() +
+    const int alto = encabezado_->alto_sencillo() +
                      kFilas * verticalHeader()->defaultSectionSize() +
                      (pie() ? pie_->sizeHint().height() : 0) + 2 * frameWidth();
     return {QTableView::minimumSizeHint().width(), alto};
@@ -384,10 +402,8 @@ void Rejilla::conjunto_reiniciado() {
         quite_marcas();
     if (!anchos_puestos_ && modelo_->rowCount() > 0)
         aplique_anchos();
-    else if (anchos_puestos_ && !isVisible())
-        por_medir_ = true; // la otra página no le cuesta a la que se ve
-    else if (anchos_puestos_)
-        encabezado_->anchos().mida_filas(0, modelo_->rowCount());
+    else if (anchos_puestos_ && !olvide_anchos())
+        mida_desde(0, modelo_->rowCount());
     cursor_movido();
     pie_->update();
     indicador_->viewport()->update();
@@ -416,9 +432,23 @@ void Rejilla::estado_cambiado() {
 
 void Rejilla::campo_cambiado(Campo* campo) {
     pie_->update();
+    // El ancho lo decide lo que se puso en la celda, y no que se alcance a pintar. Lo que se
+    // calcula espera a que la fila esté completa.
+    const int columna = campo ? columna_de(campo->FieldName) : -1;
+    if (!isVisible())
+        por_medir_ = true;
+    else if (columna >= 0 && campo->tipo == TipoCampo::Datos)
+        encabezado_->anchos().mida_fila(conjunto()->RecNo(), columna);
     // Otro escribió en la celda abierta (el resultado de una búsqueda): lo digitado ya no vale.
     if (digitando() && !escribiendo_ && campo && campo == campo_actual())
         cierre_editor();
+}
+
+void Rejilla::fila_modificada(int fila) {
+    if (!isVisible())
+        por_medir_ = true;
+    else
+        encabezado_->anchos().mida_fila(fila);
 }
 
 void Rejilla::filas_corridas(int desde, int cuantas) {
@@ -434,8 +464,10 @@ void Rejilla::filas_corridas(int desde, int cuantas) {
     if (!anchos_puestos_ && modelo_->rowCount() > 0 && !conjunto()->editando())
         aplique_anchos();
     // Un paquete recién traído puede traer una cifra más larga.
-    else if (cuantas > 1)
-        encabezado_->anchos().mida_filas(desde, desde + cuantas);
+    else if (cuantas > 0)
+        mida_desde(desde, cuantas);
+    else
+        olvide_anchos();
     if (todo_ && cuantas > 0)
         seleccione_todo();
     pie_->update();

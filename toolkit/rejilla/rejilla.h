@@ -219,11 +219,14 @@ private:
     void columna_cambiada();
     void aplique_anchos();
     void guarde_anchos();
+    bool olvide_anchos(); ///< vacía y se digita en ella: como recién abierta
+    void mida_desde(int fila, int cuantas);
     void mida_filas();
     void conjunto_reiniciado();
     void cursor_movido();
     void estado_cambiado();
     void campo_cambiado(Campo* campo);
+    void fila_modificada(int fila);
     void filas_corridas(int desde, int cuantas);
     void traiga_cerca_del_final();
     void titulo_oprimido(int columna);
@@ -312,7 +315,7 @@ private:
     QString clave_anchos_;
     QTimer* reloj_anchos_;
     bool anchos_puestos_ = false, mostrada_ = false;
-    bool por_medir_ = false; ///< se leyó de nuevo mientras no se veía
+    bool por_medir_ = false; ///< sus filas cambiaron mientras no se veía
 
     Tecleo tecleo_;
     QLabel* letrero_tecleo_ = nullptr;
