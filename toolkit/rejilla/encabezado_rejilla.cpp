@@ -76,6 +76,10 @@ QSize EncabezadoRejilla::sizeHint() const {
     return s;
 }
 
+int EncabezadoRejilla::alto_sencillo() const {
+    return sizeHint().height() - (dos_renglones_ ? fontMetrics().lineSpacing() : 0);
+}
+
 void EncabezadoRejilla::updateGeometries() {
     const int alto = con_filtros_ ? fontMetrics().height() + escalado(8) : 0;
     if (viewportMargins().bottom() != alto)

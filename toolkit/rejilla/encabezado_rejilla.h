@@ -37,6 +37,8 @@ public:
     bool arrastrando() const { return oprimido_; }
 
     QSize sizeHint() const override;
+    /// El alto con los títulos en un renglón: el segundo depende del ancho y no agranda la ventana.
+    int alto_sencillo() const;
 
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const override;

@@ -307,7 +307,7 @@ void Rejilla::updateGeometries() {
 
 QSize Rejilla::minimumSizeHint() const {
     constexpr int kFilas = 4; // tres, con la barra de abajo
-    const int alto = encabezado_->sizeHint().height() +
+    const int alto = encabezado_->alto_sencillo() +
                      kFilas * verticalHeader()->defaultSectionSize() +
                      (pie() ? pie_->sizeHint().height() : 0) + 2 * frameWidth();
     return {QTableView::minimumSizeHint().width(), alto};
