@@ -23,8 +23,14 @@ termine() {
 trap termine EXIT
 
 # --- escena
+# Solo se borra lo que dejó otro recorrido.
+if [ -n "$(ls -A "$fotos" 2>/dev/null)" ] && [ ! -e "$fotos/.recorrido" ]; then
+    echo "$fotos tiene archivos que no son de un recorrido: indique otra carpeta." >&2
+    exit 1
+fi
 rm -rf "$fotos"
 mkdir -p "$fotos" "$trabajo/aplicacion"
+touch "$fotos/.recorrido"
 cp -r "$demo/datos" "$trabajo/datos"
 "$construccion/bin/quorvex-admin" conexion --ubicacion "$trabajo" \
     --carpeta "$trabajo/aplicacion" >/dev/null

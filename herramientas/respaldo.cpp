@@ -25,6 +25,11 @@ void exija_sola(const ParametrosConexion& base) {
                              .arg(otras.join(QStringLiteral(", "))));
 }
 
+/// Una base que ya no abre no la está usando nadie: es la que hay que reemplazar.
+bool inservible(const ErrorBase& falla) {
+    return falla.clase() == ClaseFalla::BaseDanada || falla.clase() == ClaseFalla::OtraVersion;
+}
+
 ParametrosConexion con_sufijo(const ParametrosConexion& base, const QString& sufijo) {
     ParametrosConexion otra = base;
     otra.base += sufijo;
@@ -112,7 +117,12 @@ QMap<QString, QString> restaure_aqui(const QString& archivo, const ParametrosCon
     paso("lista");
     if (QFile::exists(ruta)) {
         try {
-            exija_sola(base);
+            try {
+                exija_sola(base);
+            } catch (const ErrorBase& e) {
+                if (!inservible(e))
+                    throw;
+            }
         } catch (...) {
             QFile::remove(lista); // la base sigue en uso y no hizo falta
             throw;

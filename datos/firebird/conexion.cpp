@@ -125,8 +125,13 @@ void Conexion::abra_o_cree(const ParametrosConexion& parametros, bool crear, int
     Interno& i = *interno_;
     try {
         const SenalesPropias senales;
+        if (!crear)
+            i.cuenta = aparte_para_esta_cuenta(parametros.base);
         i.enlace = pida_enlace(parametros, crear, paginas_cache, limites_de_red().conexion);
+        if (crear)
+            i.cuenta = aparte_para_esta_cuenta(parametros.base);
     } catch (const ErrorDatos&) {
+        i.cuenta.reset();
         i.perdida = true; // la próxima operación prueba otra vez
         throw;
     }
@@ -184,6 +189,7 @@ void Conexion::suelte() noexcept {
     }
     deje_de_vigilar(*interno_);
     interno_->enlace = nullptr;
+    interno_->cuenta.reset();
 }
 
 void Conexion::borre_base() {
@@ -193,6 +199,7 @@ void Conexion::borre_base() {
     estado.compruebe();
     deje_de_vigilar(*interno_);
     interno_->enlace = nullptr;
+    interno_->cuenta.reset();
 }
 
 bool Conexion::conectada() const {

@@ -1,6 +1,7 @@
 #pragma once
 // Detalle privado del piso: el cliente de Firebird no se ve desde ningún otro lugar.
 #include "datos/firebird/conexion.h"
+#include "datos/firebird/cuenta_unica.h"
 
 #include <atomic>
 #include <firebird/Interface.h>
@@ -88,6 +89,7 @@ struct Contestada {
 
 struct Conexion::Interno {
     Firebird::IAttachment* enlace = nullptr;
+    fbc::CuentaUnica cuenta;  ///< mientras dura el enlace
     quint64 numero = 0;       ///< del enlace; cambia cada vez que se entra
     quint64 redes_vistas = 0; ///< redes_caidas en la última revisión
     bool perdida = false;

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <cstdio>
 
 namespace {
 
@@ -63,7 +64,9 @@ private:
             c.conectar(parametros_);
             c.borre_base();
         } catch (const std::exception&) {
-            // Si no llegó a crearse no hay qué borrar.
+            // La que quedó a medias no abre; si no llegó a crearse no hay qué borrar.
+            if (!es_de_servidor(parametros_.base))
+                QFile::remove(parametros_.base);
         }
     }
     ParametrosConexion parametros_;
@@ -114,29 +117,56 @@ QMap<QString, QString> recuento(Conexion& conexion) {
     return cuenta;
 }
 
-ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QString& archivo) {
+namespace {
+
+constexpr int kIntentos = 3; ///< respaldos que se hacen mientras otros graban
+
+/// El compactador pasa filas de las diferencias a los saldos cuando nadie trabaja: no crecen solo.
+bool se_compacta(const QString& clave) {
+    return clave.startsWith(QLatin1String("SALDOS_"));
+}
+
+/// Respalda en `archivo` y lo prueba restaurándolo aparte.
+QMap<QString, QString> respalde_y_compare(const ParametrosConexion& base, const QString& archivo) {
     const auto antes = recuento_de(base);
     respalde_base(base, archivo);
     const auto despues = recuento_de(base);
-    try {
-        const BaseAparte aparte(base, archivo);
-        const auto copia = recuento_de(aparte.parametros());
-        exija_contenido(copia);
-        if (copia.keys() != antes.keys())
-            throw ErrorDatos(QStringLiteral("la copia no tiene las mismas tablas"));
-        for (auto i = copia.begin(); i != copia.end(); ++i)
-            if (!entre(i.value(), antes[i.key()], despues[i.key()]))
-                throw ErrorDatos(QStringLiteral("%1 tiene %2 en la copia y %3 en la base")
-                                     .arg(i.key(), i.value(), antes[i.key()]));
-        return {int(copia.size()), total_filas(copia), QFileInfo(archivo).size()};
-    } catch (const ErrorDatos& e) {
-        const QString dudoso = archivo + QStringLiteral(".dudoso");
-        QFile::remove(dudoso);
-        QFile::rename(archivo, dudoso);
-        throw ErrorDatos(
-            QStringLiteral("El respaldo no pasó la prueba de restauración y quedó como "
-                           "%1: %2")
-                .arg(dudoso, e.para_usuario()),
-            e.detalle());
+    const BaseAparte aparte(base, archivo);
+    const auto copia = recuento_de(aparte.parametros());
+    exija_contenido(copia);
+    if (copia.keys() != antes.keys())
+        throw ErrorDatos(QStringLiteral("la copia no tiene las mismas tablas"));
+    for (auto i = copia.begin(); i != copia.end(); ++i)
+        if (!se_compacta(i.key()) && !entre(i.value(), antes[i.key()], despues[i.key()]))
+            throw ErrorDatos(QStringLiteral("%1 tiene %2 en la copia y %3 en la base")
+                                 .arg(i.key(), i.value(), antes[i.key()]));
+    return copia;
+}
+
+} // namespace
+
+ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QString& archivo) {
+    // El anterior del mismo nombre sigue en su sitio hasta que el nuevo está probado.
+    const QString nuevo = archivo + QStringLiteral(".sin_probar");
+    for (int intento = 1;; ++intento) {
+        try {
+            const auto copia = respalde_y_compare(base, nuevo);
+            if (std::rename(QFile::encodeName(nuevo).constData(),
+                            QFile::encodeName(archivo).constData()) != 0)
+                throw ErrorDatos(QStringLiteral("no se pudo reemplazar el archivo"));
+            return {int(copia.size()), total_filas(copia), QFileInfo(archivo).size()};
+        } catch (const ErrorDatos& e) {
+            if (!QFile::exists(nuevo))
+                throw; // ni siquiera se pudo hacer
+            if (intento < kIntentos && !dynamic_cast<const ErrorBase*>(&e))
+                continue;
+            const QString dudoso = archivo + QStringLiteral(".dudoso");
+            QFile::remove(dudoso);
+            QFile::rename(nuevo, dudoso);
+            throw ErrorDatos(QStringLiteral("El respaldo no pasó la prueba de restauración y quedó "
+                                            "como %1: %2")
+                                 .arg(dudoso, e.para_usuario()),
+                             e.detalle());
+        }
     }
 }

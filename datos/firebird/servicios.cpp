@@ -141,8 +141,10 @@ void con_servicio(const ParametrosConexion& base, const std::function<void(Servi
     };
     if (es_remota(base.base))
         corra_vigilado(base, haga, {}, avance);
-    else
+    else {
+        const CuentaUnica cuenta = aparte_para_esta_cuenta(base.base);
         haga();
+    }
 }
 
 IXpbBuilder* orden(unsigned char accion) {

@@ -109,6 +109,40 @@ private slots:
         }
     }
 
+    void una_base_danada_se_restaura_y_queda_aparte() {
+        for (const QByteArray& dano :
+             {QByteArray(20000, '\x5a'), QByteArray("corta"), QByteArray()}) {
+            BaseDePrueba b;
+            const ParametrosConexion base = dueno(b.parametros().base);
+            QFile f(base.base);
+            QVERIFY(f.open(QIODevice::ReadWrite));
+            QVERIFY(f.resize(dano == "corta" ? 30000 : 0));
+            if (dano != "corta")
+                QCOMPARE(f.write(dano), dano.size());
+            f.close();
+            restaure_en_lugar(archivo_, base, TipoBase::Compania);
+            QCOMPARE(marca(base), "respaldo");
+            QCOMPARE(QFileInfo(base.base + ".anterior").size(),
+                     dano == "corta" ? 30000 : dano.size());
+        }
+    }
+
+    void un_respaldo_que_no_pasa_deja_el_anterior() {
+        BaseDePrueba b;
+        const ParametrosConexion base = dueno(b.parametros().base);
+        const QString archivo = b.ruta() + "/copia.fbk";
+        QVERIFY(QFile::copy(archivo_, archivo));
+        const qint64 octetos = QFileInfo(archivo).size();
+        Conexion c;
+        c.conectar(base);
+        c.ejecute("delete from version_esquema");
+        c.desconectar();
+        QVERIFY(!falla_de([&] { respalde_y_pruebe(base, archivo); }).isEmpty());
+        QCOMPARE(QFileInfo(archivo).size(), octetos);
+        QCOMPARE(QDir(b.ruta()).entryList({"copia*"}),
+                 QStringList({"copia.fbk", "copia.fbk.dudoso"}));
+    }
+
     void un_cambio_de_nombre_que_falla_no_pierde_ninguna() {
         BaseDePrueba b;
         const ParametrosConexion base = dueno(b.parametros().base);

@@ -97,6 +97,21 @@ private slots:
         QCOMPARE(rechazo("suma(A+suma(B))"), "la fórmula \"suma(A+suma(B))\" suma otra suma.");
     }
 
+    void una_plantilla_que_no_acaba_se_rechaza() {
+        const QTemporaryDir carpeta;
+        const auto falla = [&](const QString& cuerpo) {
+            QFile f(carpeta.filePath("propia.rav"));
+            if (!f.open(QIODevice::WriteOnly) || f.write(cuerpo.toUtf8()) < 0)
+                return QString("no se escribió");
+            f.close();
+            return falla_de([&] { (void)lea_proyecto(f.fileName()); });
+        };
+        QCOMPARE(falla("<proyecto><incluya archivo='propia.rav'/></proyecto>").section(": ", 1),
+                 "\"propia.rav\" se incluye a sí mismo.");
+        QCOMPARE(falla("<proyecto>" + QString("<banda>").repeated(100000)).section(": ", 1),
+                 "el archivo no es XML bien formado.");
+    }
+
     void una_sola_banda_se_ve_segun_su_nivel() {
         const QString plantilla =
             proyecto_con("<banda tipo='detalle' alto='5' aspecto='por_nivel'>"

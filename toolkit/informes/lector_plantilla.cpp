@@ -30,8 +30,11 @@ struct Conocido {
 
 class Lector {
 public:
-    Lector(Proyecto& proyecto, Conocido& conocido, const QString& ruta)
-        : proyecto_(proyecto), c_(conocido), ruta_(ruta) {}
+    /// `abiertos`: los archivos que llevan a este, sin él.
+    Lector(Proyecto& proyecto, Conocido& conocido, const QString& ruta, QStringList abiertos = {})
+        : proyecto_(proyecto), c_(conocido), ruta_(ruta), abiertos_(std::move(abiertos)) {
+        abiertos_ << real(ruta);
+    }
 
     void lea() {
         const NodoXml raiz = lea_xml(ruta_);
@@ -134,12 +137,22 @@ private:
                    : -1;
     }
 
+    static QString real(const QString& ruta) {
+        const QString canonica = QFileInfo(ruta).canonicalFilePath();
+        return canonica.isEmpty() ? ruta : canonica;
+    }
+
     // --- elementos del proyecto
     void incluya() {
         const QString otro = QFileInfo(ruta_).path() + QLatin1Char('/') + exija("archivo");
         // Un proyecto propio de la compañía puede usar la parte común que trae el programa.
         const QString propio = QStringLiteral(":/informes/") + exija("archivo");
-        Lector(proyecto_, c_, QFile::exists(otro) ? otro : propio).lea();
+        const auto sirve = [this](const QString& r) {
+            return QFile::exists(r) && !abiertos_.contains(real(r));
+        };
+        if (abiertos_.contains(real(otro)) && !sirve(propio))
+            falle(QStringLiteral("\"%1\" se incluye a sí mismo").arg(atributo("archivo")));
+        Lector(proyecto_, c_, sirve(otro) ? otro : propio, abiertos_).lea();
     }
 
     void lea_estilo() {
@@ -501,6 +514,7 @@ private:
     Proyecto& proyecto_;
     Conocido& c_;
     const QString ruta_;
+    QStringList abiertos_;
     const NodoXml* nodo_ = nullptr;
 };
 

@@ -18,7 +18,9 @@ void falle_en_plantilla(const QString& ruta, int linea, const QString& que) {
 
 namespace {
 
-NodoXml lea_nodo(QXmlStreamReader& xml) {
+constexpr int kHondura = 64; ///< elementos uno dentro de otro
+
+NodoXml lea_nodo(QXmlStreamReader& xml, int hondura = 1) {
     NodoXml nodo;
     nodo.nombre = xml.name().toString();
     nodo.linea = int(xml.lineNumber());
@@ -27,7 +29,10 @@ NodoXml lea_nodo(QXmlStreamReader& xml) {
     while (!xml.atEnd()) {
         const auto pieza = xml.readNext();
         if (pieza == QXmlStreamReader::StartElement)
-            nodo.hijos << lea_nodo(xml);
+            if (hondura == kHondura)
+                xml.raiseError();
+            else
+                nodo.hijos << lea_nodo(xml, hondura + 1);
         else if (pieza == QXmlStreamReader::Characters)
             nodo.texto += xml.text();
         else if (pieza == QXmlStreamReader::EndElement)

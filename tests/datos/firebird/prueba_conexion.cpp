@@ -1,5 +1,34 @@
 
 
+namespace {
+
+/// Abre la base otro programa, con su carpeta de datos; devuelve lo que dijo.
+QString abra_otro(const QString& base, const QString& datos) {
+    QProcess p;
+    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    for (const char* del_motor : {"FIREBIRD", "FIREBIRD_LOCK", "FIREBIRD_TMP"})
+        entorno.remove(del_motor); // los de este programa
+    if (!datos.isEmpty())
+        entorno.insert("XDG_DATA_HOME", datos);
+    p.setProcessEnvironment(entorno);
+    p.start(QCoreApplication::applicationFilePath(), {"--abra", base});
+    return p.waitForFinished(-1) ? QString::fromUtf8(p.readAllStandardOutput()) : "no terminó";
+}
+
+int abra_y_diga(const QString& base) {
+    QTextStream salida(stdout);
+    try {
+        Conexion c;
+        c.conectar({base, "SYSDBA", "", 1});
+        salida << "abrió";
+    } catch (const ErrorBase& e) {
+        salida << (e.clase() == ClaseFalla::EnUso ? "" : "otra falla: ") << e.para_usuario();
+    }
+    return 0;
+}
+
+} // namespace
+
 class PruebaConexion : public QObject {
     Q_OBJECT
     QTemporaryDir carpeta_;
@@ -11,6 +40,23 @@ private slots:
         c_.ejecute("create table t (id integer not null constraint pk_t primary key, nombre "
                    "varchar(10), flag char(3), v numeric(15,2), p numeric(15,4), d date, h time, m "
                    "blob sub_type text, b blob)");
+    }
+
+    void otra_cuenta_no_abre_la_base_que_esta_abierta() {
+        const QTemporaryDir otra_cuenta;
+        const QString base = carpeta_.filePath("cuentas.fdb"),
+                      aviso = "La base está abierta desde otra cuenta o equipo: para compartirla "
+                              "use un servidor.";
+        Conexion c;
+        c.cree_base({base, "SYSDBA", "", 1}, 512);
+        for (int vez = 0; vez < 2; ++vez) { // la que la creó, y la que solo la abre
+            QCOMPARE(abra_otro(base, otra_cuenta.path()), aviso);
+            QCOMPARE(abra_otro(base, {}), "abrió");
+            c.desconectar();
+            QCOMPARE(abra_otro(base, otra_cuenta.path()), "abrió");
+            c.conectar({base, "SYSDBA", "", 1});
+        }
+        c.borre_base();
     }
 
     void los_tipos_van_y_vuelven_exactos() {
@@ -120,5 +166,11 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(PruebaConexion)
+int main(int cuantos, char** argumentos) {
+    QCoreApplication aplicacion(cuantos, argumentos);
+    if (cuantos == 3 && qstrcmp(argumentos[1], "--abra") == 0)
+        return abra_y_diga(aplicacion.arguments()[2]);
+    PruebaConexion prueba;
+    return QTest::qExec(&prueba, cuantos, argumentos);
+}
 #include "prueba_conexion.moc"
