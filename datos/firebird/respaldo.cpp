@@ -123,7 +123,8 @@ constexpr int kIntentos = 3; ///< respaldos que se hacen mientras otros graban
 
 /// El compactador pasa filas de las diferencias a los saldos cuando nadie trabaja: no crecen solo.
 bool se_compacta(const QString& clave) {
-    return clave.startsWith(QLatin1String("SALDOS_"));
+    return clave.startsWith(QLatin1String("SALDOS_")) &&
+           !clave.startsWith(QLatin1String("SALDOS_INICIALES"));
 }
 
 /// Respalda en `archivo` y lo prueba restaurándolo aparte.
@@ -148,6 +149,7 @@ QMap<QString, QString> respalde_y_compare(const ParametrosConexion& base, const 
 ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QString& archivo) {
     // El anterior del mismo nombre sigue en su sitio hasta que el nuevo está probado.
     const QString nuevo = archivo + QStringLiteral(".sin_probar");
+    QFile::remove(nuevo); // el de un programa que murió en este paso
     for (int intento = 1;; ++intento) {
         try {
             const auto copia = respalde_y_compare(base, nuevo);
