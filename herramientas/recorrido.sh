@@ -24,7 +24,8 @@ trap termine EXIT
 
 # --- escena
 # Solo se borra lo que dejó otro recorrido.
-if [ -n "$(ls -A "$fotos" 2>/dev/null)" ] && [ ! -e "$fotos/.recorrido" ]; then
+if [ "$fotos" != "$raiz/recorrido" ] && [ -n "$(ls -A "$fotos" 2>/dev/null)" ] &&
+    [ ! -e "$fotos/.recorrido" ]; then
     echo "$fotos tiene archivos que no son de un recorrido: indique otra carpeta." >&2
     exit 1
 fi

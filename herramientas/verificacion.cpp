@@ -75,7 +75,7 @@ void revise_saldos(Conexion& c, Transaccion& foto, const QString& libro, Hallazg
 /// Si otro compactó mientras corría, la foto ya no sirve y se toma otra.
 void recalcule_libro(Conexion& c, const QString& sufijo) {
     c.en_transaccion(Transaccion::Modo::EscrituraInstantanea, [&](Transaccion& t) {
-        c.prepare(QStringLiteral("execute procedure chequeo_saldos_conta%1('00000101', '0',"
+        c.prepare(QStringLiteral("execute procedure chequeo_saldos_conta%1('00000001', '0',"
                                  " '99999999999999999999')")
                       .arg(sufijo),
                   t)

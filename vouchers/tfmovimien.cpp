@@ -478,9 +478,8 @@ void Tfmovimien::busque_plantilla() {
 bool Tfmovimien::sirve_su_prefijo() {
     const QString tipo = CPlantilla.FieldByName("TICO_COD").texto(),
                   prefijo = CPlantilla.FieldByName("PRCO_PREF").texto();
-    CBorrar.Open(sql_prefijos_activos(tipo) +
-                 (prefijo.isEmpty() ? QString() : " AND PRCO_PREF = " + QuotedStr(prefijo)));
-    if (!CBorrar.IsEmpty())
+    CBorrar.Open(sql_prefijos_activos(tipo));
+    if (prefijo.isEmpty() ? !CBorrar.IsEmpty() : CBorrar.Locate("PRCO_PREF", {prefijo}))
         return true;
     CPlantilla.Close();
     muestre_mensaje("El prefijo " + prefijo + " del tipo " + tipo +

@@ -4,10 +4,10 @@
 SET TERM ^ ;
 
 -- Saldos 2649 al final de un mes (13, el del fin del año) por cuenta, tercero y centro, con la
--- cuenta NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale. Los de
--- inventarios y de activos fijos salen por ARTICULO, que el otro libro también lo pide; en los
--- demás va nulo. Los saldos iniciales de la compañía son los de cierre del año anterior. La llama
--- Tfbalaperturaniif.
+-- cuenta NIIF equivalente. INICIO "S": los que tenía al comenzar el mes. Lo que suma cero no sale.
+-- Los de inventarios y de activos fijos salen por ARTICULO, que el otro libro también lo pide; en
+-- los demás va nulo. Los saldos iniciales de la compañía son los de cierre del año anterior. La
+-- llama Tfbalaperturaniif.
 CREATE OR ALTER PROCEDURE BALANCE_FINAL_DET (ANO varchar(4), MES smallint, INICIO char(1))
 RETURNS (CODIGO varchar(20), NIT varchar(20), PROY varchar(4), CENTRO varchar(4),
   SALDO numeric(15,2), CUENTANIIF varchar(20), ARTICULO varchar(15))

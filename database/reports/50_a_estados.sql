@@ -412,8 +412,8 @@ END^
 --</LIBROS>
 
 -- Resultado del año mes a mes, con el signo del estado: MV el movimiento del mes, SA el acumulado
--- hasta él. CIE son los ajustes: el cierre del año no cuenta. Filas de las clases 4 a 7 y, al final,
--- la utilidad (CODIGO "Z", NIVEL 0). Lo llama Tfrngresultadoanual.
+-- hasta él. CIE son los ajustes: el cierre del año no cuenta. Filas de las clases 4 a 7 y, al
+-- final, la utilidad (CODIGO "Z", NIVEL 0). Lo llama Tfrngresultadoanual.
 CREATE OR ALTER PROCEDURE RESULTADO_ANUAL (ANO varchar(4), NIIF char(1))
 RETURNS (CODIGO varchar(20), NOMBRE varchar(60), NIVEL integer, MVENE numeric(15,2),
   MVFEB numeric(15,2), MVMAR numeric(15,2), MVABR numeric(15,2), MVMAY numeric(15,2),

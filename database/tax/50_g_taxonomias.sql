@@ -7,8 +7,8 @@ SET TERM ^ ;
 -- tipo 2, los renglones que le siguen hasta otro de su nivel o menor. SALDO2 y SALDO3 son lo
 -- corriente (lo que se movió en el año) y el resto. FECHAA es la fecha comparada. El 31 de
 -- diciembre es el fin del año, con sus ajustes; y ninguno de los dos años lleva su propio cierre.
--- Los saldos iniciales no son movimiento del año, salvo en las clases 4 a 7, que traen lo corrido de
--- él. La llaman Tfmodtaxonom y Tfsupersociedades.
+-- Los saldos iniciales no son movimiento del año, salvo en las clases 4 a 7, que traen lo corrido.
+-- La llaman Tfmodtaxonom y Tfsupersociedades.
 CREATE OR ALTER PROCEDURE IMPR_TAXONOMIA (TAXONOMIA integer, SECCION integer, FECHA varchar(10))
 RETURNS (TITULO varchar(100), ITEM integer, NOMBRE varchar(255), VALOR numeric(15,2),
   NIVEL integer, NOMBRE2 varchar(60), NOMBRE3 varchar(60), SALDO2 numeric(15,2),
