@@ -10,10 +10,14 @@
 namespace {
 
 constexpr int kVenta = 31, kPocos = 100, kMuchos = 6000, kPendientes = 50000;
+const QString kPrefijo = QStringLiteral("0009"); ///< de lo que se inserta directo
 
 void prepare(Conexion& c) {
     configure(c, kPorInterfaz, "INTERFAZ");
     configure(c, "AÑO BALANCE DE APERTURA NIIF", "2016");
+    c.ejecute("insert into prefijos_conta (tico_cod, prco_pref, pref_numero, prco_auto, "
+              "prco_activo) values ('CG', ?, '500000', 'S', 'S')",
+              {kPrefijo});
     InterfazPrueba i;
     i.reglas = "CLIENTE 130505 D tn; VENTA 413505 C c; IVA 240805 C";
     registre(c, kVenta, i);
@@ -120,8 +124,7 @@ Tiempo escriba(Conexion& c, int desde, int cuantos) {
             });
             ComprobanteEnTablas comprobante{id, QString::number(500000 + desde + n), "20170315",
                                             lineas, lineas};
-            comprobante.tipo = "RC"; // se numera a mano: no corre a los contabilizados
-            comprobante.prefijo = "0002";
+            comprobante.prefijo = kPrefijo; // con su numeración, aparte de los contabilizados
             grabe(c, comprobante);
         }
     });
