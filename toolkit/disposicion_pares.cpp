@@ -146,7 +146,8 @@ QVector<DisposicionPares::Renglon> DisposicionPares::renglones(const QVector<Par
 DisposicionPares::Renglon DisposicionPares::renglon(const QVector<Par>& todos, int desde,
                                                     int ancho) const {
     // Los de la misma fila que quepan con su ancho mínimo.
-    Renglon r{.desde = desde};
+    Renglon r;
+    r.desde = desde;
     int sobra = ancho - sitio(todos[desde], true);
     for (r.hasta = desde + 1; r.hasta < todos.size() && todos[r.hasta].fila == todos[desde].fila;
          ++r.hasta) {
