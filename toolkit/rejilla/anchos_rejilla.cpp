@@ -199,12 +199,14 @@ AnchosRejilla::Contenido AnchosRejilla::contenido(int columna, int desde, int ha
 }
 
 int AnchosRejilla::ancho_del_pie(int columna) const {
+    if (!rejilla_.columna(columna).ConSuma)
+        return 0;
     const auto* pie = rejilla_.findChild<PieRejilla*>();
-    if (!pie || !pie->isVisibleTo(&rejilla_) || !rejilla_.columna(columna).ConSuma)
+    if (!pie || !pie->isVisibleTo(&rejilla_))
         return 0;
     QFont negrilla = rejilla_.font();
     negrilla.setBold(true);
-    return QFontMetrics(negrilla).horizontalAdvance(pie->texto(columna)) +
+    return qCeil(regla_.ancho(negrilla, pie->texto(columna))) +
            4 * DelegadoCelda::margen(rejilla_.fontMetrics());
 }
 
@@ -294,10 +296,12 @@ void AnchosRejilla::mida() {
 }
 
 int AnchosRejilla::piso(int columna, int lleno) const {
-    // Unos ceros también se leen enteros; una celda en blanco no pide nada.
-    const int blanco = 2 * DelegadoCelda::margen(QFontMetrics(rejilla_.font())) + 2;
-    const int ceros = lleno > blanco ? qMax(lleno, ancho_del_pie(columna)) : 0;
-    return qMax(titulos().ancho_minimo(columna), ceros);
+    return qMax(titulos().ancho_minimo(columna), ceros(columna, lleno));
+}
+
+int AnchosRejilla::ceros(int columna, int lleno) const {
+    const int blanco = 2 * DelegadoCelda::margen(rejilla_.fontMetrics()) + 2;
+    return lleno > blanco ? qMax(lleno, ancho_del_pie(columna)) : 0;
 }
 
 EncabezadoRejilla& AnchosRejilla::titulos() const {
@@ -360,7 +364,7 @@ void AnchosRejilla::crezca(int columna, int desde, int hasta, bool con_nombres) 
         return;
     }
     const bool dice = !calla || !p.vacia;
-    asegure(p, dice ? qMax(suyo, ancho_del_pie(columna)) : piso(columna, suyo), !calla);
+    asegure(p, dice ? qMax(suyo, ancho_del_pie(columna)) : ceros(columna, suyo), !calla);
 }
 
 bool AnchosRejilla::reparta_si_crecio() {

@@ -78,6 +78,8 @@ private:
     int ancho_del_pie(int columna) const;
     /// Lo que le queda a la que no dice nada: su título abreviado, y sus ceros con su suma.
     int piso(int columna, int lleno) const;
+    /// Unos ceros se leen enteros, con su suma; una celda en blanco no pide nada.
+    int ceros(int columna, int lleno) const;
     void mida_texto(int columna, PedidoAncho& p) const;
     void mida_corto(int columna, PedidoAncho& p) const;
     void crezca(int columna, int desde, int hasta, bool con_nombres);
