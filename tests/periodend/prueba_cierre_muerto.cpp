@@ -32,7 +32,7 @@ QVector<Proceso> procesos() {
     return {
         {"cierre anual",
          {"insert into cierre_anual (cian_id, cian_concepto, terc_nit, tico_cod, prco_pref,"
-          " cian_fecha, cian_niif) values (0, 'Cierre', '860002964', 'CG', '0001', '20181231',"
+          " cian_fecha, cian_niif) values (0, 'Cierre', '860002964', 'CG', '0001', '20181331',"
           " 'A')"},
          tabla("cierre_anual"),
          "delete from cierre_anual"},

@@ -15,7 +15,7 @@ namespace {
 constexpr int kFilasMedidas = 100;     ///< filas que deciden cuánto pide un texto
 constexpr int kFilasCodigo = 2000;     ///< filas en que se busca el código más largo
 constexpr int kCaracteresLargo = 24;   ///< desde aquí un texto es un nombre y no un código
-constexpr int kCaracteresMinimo = 12;  ///< lo que de un nombre siempre se ve
+constexpr int kCaracteresMinimo = 8;   ///< lo que de un nombre siempre se ve
 constexpr int kCaracteresCodigo = 4;   ///< y de un código, aunque hoy sean más cortos
 constexpr int kCaracteresAlLado = 32;  ///< del nombre que va tras su código
 constexpr int kCaracteresHolgura = 45; ///< y si sobra
