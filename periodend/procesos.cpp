@@ -43,7 +43,7 @@ const DatosProceso& cierre_anual() {
         .nombra_tipo = true,
         .haciendo = "Cancelando las cuentas de resultados...",
         .nota = "Cancela las clases 4 a 7 por cuenta, tercero y centro contra la utilidad o la "
-                "pérdida del ejercicio. El comprobante queda en el período de cierre del año."};
+                "pérdida del ejercicio. El comprobante lleva la fecha que se indique."};
     return d;
 }
 

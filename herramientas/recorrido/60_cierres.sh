@@ -65,10 +65,10 @@ teclas Tab F2
 foto diferencia_en_cambio 1.5
 teclas Escape
 
-# El cierre del año se hace en diciembre, se ve y se imprime su comprobante, y se deshace. El mes de
-# la sesión se cambia en el balance, que aquí va por febrero.
+# El cierre del año se hace en el período de ajustes, que tiene resultados; se ve y se imprime su
+# comprobante, y se deshace. El mes de la sesión se cambia en el balance, que aquí va por febrero.
 teclas shift+F9
-for _ in $(seq 10); do teclas alt+Right; done
+for _ in $(seq 11); do teclas alt+Right; done
 teclas Escape
 teclas shift+F4 F5
 escriba "Comprobante de c"
@@ -91,6 +91,11 @@ a_pdf cierre_anual 1
 espere 1
 teclas F3 alt+s # Sí
 foto cierre_deshecho 2
+teclas Escape
+
+# Lo demás es de diciembre.
+teclas shift+F9
+teclas alt+Left
 teclas Escape
 
 # Los proveedores quedan a nombre de uno solo, y se deshace.
