@@ -86,21 +86,28 @@ void VigiaMensajes::Timer3Timer() {
     AdvAlertWindow2->muestre();
 }
 
-void VigiaMensajes::marque_leido(const QString& id) {
+qint64 VigiaMensajes::id_del_aviso() const {
+    return AdvAlertWindow2->texto_actual().section("<br>", 0, 0).toLongLong();
+}
+
+void VigiaMensajes::marque_leido(qint64 id) {
     CMensajes.Close();
-    CMensajes.Execute("update mensajeria set mens_leido = 'S' where mens_id = " + id);
+    CMensajes.Execute("update mensajeria set mens_leido = 'S' where mens_id = " +
+                      QString::number(id));
 }
 
 void VigiaMensajes::AdvAlertWindow2AlertClick() {
-    marque_leido(AdvAlertWindow2->texto_actual().section("<br>", 0, 0));
+    marque_leido(id_del_aviso());
     AdvAlertWindow2->cierre();
 }
 
 void VigiaMensajes::AdvAlertWindow2PopupClick() {
-    const QString id = AdvAlertWindow2->texto_actual().section("<br>", 0, 0);
+    const qint64 id = id_del_aviso();
     const QString autor =
-        CMensajes.valor_unico("select mens_autor from mensajeria where mens_id = " + id).texto();
+        CMensajes
+            .valor_unico("select mens_autor from mensajeria where mens_id = " + QString::number(id))
+            .texto();
     marque_leido(id);
     AdvAlertWindow2->cierre();
-    abra_o_avise("Tfmensaje", RespondeMensaje{id, autor});
+    abra_o_avise("Tfmensaje", RespondeMensaje{QString::number(id), autor});
 }

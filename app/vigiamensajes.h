@@ -25,7 +25,8 @@ public:
 
 private:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
-    void marque_leido(const QString& id);
+    qint64 id_del_aviso() const;
+    void marque_leido(qint64 id);
 
     Sentencia QMensajes;
     Proveedor PMensajes;

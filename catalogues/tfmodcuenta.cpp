@@ -75,11 +75,10 @@ void Tfmodcuenta::muestre_cuenta() {
     for (CasillaDato* casilla : {CkTerceros, CkRetenciones, CkCentros})
         casilla->setEnabled(sin_lineas);
     if (LabAudit)
-        LabAudit->setText("Modificado: " +
-                          CAudit
-                              ->valor_unico(Tfdm::sql_auditoria(kAuditoriaCuentas, "audi_cod",
-                                                                QuotedStr(codigo())))
-                              .texto());
+        LabAudit->setText(
+            "Modificado: " +
+            CAudit->valor_unico(Tfdm::sql_auditoria(kAuditoriaCuentas, "audi_cod", codigo()))
+                .texto());
 }
 
 QStringList Tfmodcuenta::indicadores() const {

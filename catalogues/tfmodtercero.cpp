@@ -11,6 +11,10 @@
 
 #include <QLabel>
 
+namespace {
+constexpr int kAuditoriaTerceros = 102;
+}
+
 Tfmodtercero::Tfmodtercero() : FormaTercero("Tfmodtercero", "Modificar tercero") {
     PAudit = new Proveedor(this, "PAudit", &fdm().QAudit, poAllowCommandText);
     CAudit = new ConjuntoDatos(this, "CAudit", PAudit);
@@ -37,8 +41,8 @@ void Tfmodtercero::FormCreate() {
     habilite_nombres();
     LabAudit->setText("Modificado: " +
                       CAudit
-                          ->valor_unico(Tfdm::sql_auditoria(102, "audi_cod",
-                                                            QuotedStr(campo("TERC_NIT").texto())))
+                          ->valor_unico(Tfdm::sql_auditoria(kAuditoriaTerceros, "audi_cod",
+                                                            campo("TERC_NIT").texto()))
                           .texto());
     SBGrabar->setEnabled(fdm().valide_acceso(modulo_de_terceros(), 10));
     ENombre->setFocus();

@@ -12,12 +12,6 @@ function(quorvex_piso nombre)
   if(recursos)
     qt_add_resources(recursos_cpp ${recursos})
   endif()
-  if(NOT fuentes MATCHES "\\.cpp")
-    add_library(${nombre} INTERFACE)
-    target_link_libraries(${nombre} INTERFACE ${P_DEPENDE})
-    target_include_directories(${nombre} INTERFACE ${CMAKE_SOURCE_DIR})
-    return()
-  endif()
   add_library(${nombre} STATIC ${fuentes} ${recursos_cpp})
   target_include_directories(${nombre} PUBLIC ${CMAKE_SOURCE_DIR})
   target_link_libraries(${nombre} PUBLIC ${P_DEPENDE})
@@ -39,7 +33,7 @@ function(quorvex_prueba archivo)
   target_precompile_headers(${nombre} REUSE_FROM pch_pruebas)
   # Carpeta de bloqueos del motor propia: una prueba que mata procesos no estorba a las demás.
   add_test(NAME ${nombre} COMMAND ${nombre} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
-  # Una prueba que se cuelga muestra en qué estaba cada hilo antes de que CTest la termine. El plazo
+  # Una prueba que se cuelga falla diciendo en qué función antes de que CTest la termine. El plazo
   # no mide nada: en un equipo cargado las más largas tardan varias veces lo suyo.
   set_tests_properties(${nombre} PROPERTIES ENVIRONMENT
     "QT_QPA_PLATFORM=offscreen;QUORVEX_PROYECTO=${CMAKE_SOURCE_DIR};QUORVEX_CONSTRUCCION=${CMAKE_BINARY_DIR};QTEST_FUNCTION_TIMEOUT=540000;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/datos_pruebas/${nombre}" TIMEOUT 600)

@@ -39,7 +39,7 @@ using LectorListas = std::function<QString(const QString&)>;
 QVector<SentenciaGuion> lea_guion(const QString& texto, const QString& archivo,
                                   const LectorListas& listas = {});
 
-/// ListaGuion de una tabla (.tsv): el primer renglón nombra las columnas. "\N" es nulo.
+/// Filas de una tabla (.tsv): el primer renglón nombra las columnas. "\N" es nulo.
 struct ListaGuion {
     QStringList columnas;
     QVector<QStringList> filas; ///< nulo se distingue con isNull()

@@ -67,7 +67,7 @@ QVector<Orden> ordenes_de_documentos() {
         {"documentos",
          "carga documentos por contabilizar, o los lista",
          "--compania 001 [--cargar ARCHIVO | --electronica FACTURA.xml... [--concepto GASTO:CLASE]"
-         " [--centro 0001-0001] |"
+         " [--prefijo 0001] [--centro 0001-0001] |"
          " --anular 31/0001/000123]\n    [--desde aaaa/mm/dd] [--hasta aaaa/mm/dd] [--tipo 31]"
          " [--pendientes]",
          {"compania", "cargar", "electronica", "concepto", "prefijo", "centro", "anular", "desde",

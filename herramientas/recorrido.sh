@@ -4,6 +4,8 @@
 # la demostración, así que siempre empieza igual.
 #
 #   herramientas/recorrido.sh CARPETA_DEMO USUARIO CLAVE_OFUSCADA
+#   QUORVEX_RECORRIDO=CARPETA    dónde deja las fotos
+#   QUORVEX_ESCENAS=CARPETA      otras escenas que las de herramientas/recorrido
 set -euo pipefail
 . "$(dirname "$0")/comun.sh"
 demo=$1 usuario=$2 clave=$3
@@ -45,6 +47,10 @@ export XDG_CONFIG_HOME=$trabajo/preferencias QT_QPA_PLATFORM=xcb
 Xvfb -r -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$trabajo/monitor" 2>/dev/null &
 pantalla=$!
 for _ in $(seq 100); do [ -s "$trabajo/monitor" ] && break; sleep 0.1; done
+[ -s "$trabajo/monitor" ] || {
+    echo "Xvfb no arrancó." >&2
+    exit 1
+}
 export DISPLAY=:$(cat "$trabajo/monitor")
 openbox --config-file "$raiz/herramientas/openbox.xml" 2>/dev/null &
 gestor=$!

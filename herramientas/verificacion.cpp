@@ -6,7 +6,8 @@ namespace {
 
 constexpr int kMuestra = 20; // hallazgos que se nombran de cada causa; los demás se cuentan
 
-const char* const kLibros[][2] = {{"2649", ""}, {"NIIF", "_NIIF"}};
+/// Nombre del libro y sufijo de sus tablas y procedimientos.
+const std::pair<QString, QString> kLibros[] = {{"2649", ""}, {"NIIF", "_NIIF"}};
 
 /// Junta los hallazgos y, de cada causa, nombra los primeros.
 class Hallazgos {
@@ -85,9 +86,8 @@ void recalcule_libro(Conexion& c, const QString& sufijo) {
 
 qint64 diferencias(Conexion& c) {
     qint64 total = 0;
-    for (const auto& libro : kLibros)
-        total += c.consulte(QStringLiteral("select count(*) from saldos_diferencia%1")
-                                .arg(QLatin1String(libro[1])))
+    for (const auto& [libro, sufijo] : kLibros)
+        total += c.consulte(QStringLiteral("select count(*) from saldos_diferencia%1").arg(sufijo))
                      .entero();
     return total;
 }
@@ -99,17 +99,16 @@ QStringList verifique_compania(Conexion& compania) {
     // Una sola foto: lo que otros graben entretanto no aparece a medias.
     Transaccion foto(compania, Transaccion::Modo::Instantanea);
     revise_libros(compania, foto, hallazgos);
-    for (const auto& libro : kLibros)
-        revise_saldos(compania, foto, QLatin1String(libro[0]), hallazgos);
+    for (const auto& [libro, sufijo] : kLibros)
+        revise_saldos(compania, foto, libro, hallazgos);
     return hallazgos.lista();
 }
 
 QStringList recalcule_saldos(Conexion& compania) {
     Hallazgos hallazgos;
     for (const auto& [libro, sufijo] : kLibros) {
-        recalcule_libro(compania, QLatin1String(sufijo));
-        const QString titulo =
-            QStringLiteral("saldo corregido en el libro ") + QLatin1String(libro);
+        recalcule_libro(compania, sufijo);
+        const QString titulo = QStringLiteral("saldo corregido en el libro ") + libro;
         const auto filas = compania.abra(
             QStringLiteral("select tabla, cuenta, ano, mes, nit, proyecto, centro, articulo,"
                            " debito, credito, debito_lineas, credito_lineas from saldos_corregidos"

@@ -1,6 +1,7 @@
 #pragma once
-// Llaves de la configuración: las que el programa lee, con el módulo que las lleva y el tipo de su
-// valor. Se leen con `fdm().valor<Llave::X>()`, que entrega el valor ya convertido.
+// Llaves de la configuración de una compañía, con el módulo que las lleva y el tipo de su valor.
+// Unas pocas son de los módulos hermanos y aquí solo se siembran. Se leen con
+// `fdm().valor<Llave::X>()`, que entrega el valor ya convertido.
 #include <array>
 #include <cstddef>
 

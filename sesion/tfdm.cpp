@@ -241,7 +241,7 @@ QString Tfdm::sql_auditoria(int tipo, const QString& columna, const QString& val
                "'  ' || audi_usuario AUDIT from auditoria  where tido_cod = %1 and %2 = %3"
                " order by audi_fecha desc, audi_hora desc")
         .arg(tipo)
-        .arg(columna, valor);
+        .arg(columna, QuotedStr(valor));
 }
 
 // ---------------------------------------------------------------- fechas y letras

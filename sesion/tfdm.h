@@ -109,7 +109,7 @@ public:
     QString valide_usuario(const QString& usuario);
     QString razon_anulacion(int tipo, int id);
     /// Último cambio de un maestro o comprobante: "aaaa-mm-dd  hh:mm:ss  USUARIO", o vacío.
-    /// `columna` es "audi_cod" (con el código entre comillas) o "audi_iddoc".
+    /// `columna` es "audi_cod" o "audi_iddoc"; `valor`, el código o el id, sin comillas.
     static QString sql_auditoria(int tipo, const QString& columna, const QString& valor);
 
     // --- numeración de documentos

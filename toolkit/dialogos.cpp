@@ -79,10 +79,6 @@ void muestre_mensaje(const QString& texto) {
     avise(QMessageBox::NoIcon, titulo_programa(), texto);
 }
 
-void muestre_advertencia(const QString& texto) {
-    avise(QMessageBox::Warning, QStringLiteral("Advertencia"), texto);
-}
-
 void muestre_error(const QString& texto) {
     avise(QMessageBox::Critical, QStringLiteral("Error"), texto);
 }

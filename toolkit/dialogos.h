@@ -8,14 +8,13 @@
 #include <functional>
 
 void muestre_mensaje(const QString& texto);
-void muestre_advertencia(const QString& texto);
 void muestre_error(const QString& texto);
 /// Botones "Sí" y "No"; Esc o cerrar es No.
 bool pregunte(const QString& texto);
 /// Como pregunte, con "No" ya escogido: lo que se va a perder o a pasar por alto pide decirlo.
 bool pregunte_con_no(const QString& texto);
 
-enum Respuesta { Ninguna = -1, Primera = 0, Segunda = 1, Tercera = 2 };
+enum Respuesta { Ninguna = -1, Primera = 0, Segunda = 1 };
 /// Un botón por rótulo; devuelve la posición del oprimido, o Ninguna si se cerró el diálogo.
 /// `escogida`: la de Enter, que no pierde nada.
 Respuesta pregunte_botones(const QString& texto, const QStringList& rotulos,

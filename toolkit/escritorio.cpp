@@ -159,10 +159,7 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         ventana->resize(tamano.boundedTo(area));
         ventana->setProperty("inicial", ventana->size());
         ventana->setProperty(kAltoDelArea, pantalla->del_area_);
-        if (pantalla->maximizada_)
-            ventana->showMaximized();
-        else
-            ventana->show();
+        ventana->show();
         if (pantalla->del_area_)
             ventana->move(0, 0);
         else if (pantalla->menos_centro_.isValid())

@@ -44,7 +44,6 @@ public:
 
     /// Rótulo de un control, o nulo.
     QLabel* etiqueta(const QWidget* control) const;
-    QGroupBox* ultimo_grupo() const { return grupo_; }
     /// Muestra u oculta un control con su rótulo.
     void muestre(QWidget* control, bool visible) const;
     void rotule(QWidget* control, const QString& texto) const;

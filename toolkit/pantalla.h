@@ -63,7 +63,6 @@ public:
     bool close();
     /// Desde FormCreate: la pantalla se libera sin mostrarse y sin pasar por FormClose.
     void pida_cierre_al_crear() { cierre_pedido_ = true; }
-    bool cierre_pedido() const { return cierre_pedido_; }
     /// Corre FormCreate una sola vez. Falso si pidió el cierre o falló (la falla ya se informó).
     bool cree();
 
@@ -143,9 +142,6 @@ public:
     void tamano_del_area(int menos_ancho, int menos_alto);
     /// Abre en el centro del área menos esas medidas, a escala de 100 %.
     void centre_en_area(int menos_ancho, int menos_alto);
-    /// Abre ocupando toda el área.
-    void abra_maximizada() { maximizada_ = true; }
-    bool abre_maximizada() const { return maximizada_; }
     /// El alto que de verdad necesita: lo que puede encogerse no hace salir una barra.
     int heightForWidth(int ancho) const override;
 
@@ -185,7 +181,7 @@ private:
     bool cierre_pedido_ = false;
     bool cerrando_ = false, cerrada_ = false;
     bool enter_como_tab_ = false;
-    bool del_area_ = false, maximizada_ = false;
+    bool del_area_ = false;
 };
 
 /// Marco de ventanas hijas. El formulario principal (o una prueba) crea uno sobre su QMdiArea y ese

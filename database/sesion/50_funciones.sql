@@ -1,4 +1,4 @@
--- Funciones de texto que los textos SQL del programa llaman por su nombre.
+-- Funciones de texto para los procedimientos y las consultas propias de la compañía.
 
 SET TERM ^ ;
 

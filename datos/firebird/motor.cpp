@@ -58,6 +58,10 @@ void limpie_si_nadie_la_usa(const QDir& bloqueos) {
 
 } // namespace
 
+QString motor_instalado() {
+    return QStringLiteral(QUORVEX_BIBLIOTECAS "/firebird/3.0");
+}
+
 void prepare_motor_local() {
     if (!carpeta_.isEmpty())
         return;
@@ -72,7 +76,7 @@ void prepare_motor_local() {
     QFile::setPermissions(carpeta_ + "/bloqueos",
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     limpie_si_nadie_la_usa(QDir(carpeta_ + "/bloqueos"));
-    const QString instalado = QStringLiteral("/usr/lib/x86_64-linux-gnu/firebird/3.0");
+    const QString instalado = motor_instalado();
     enlace(instalado + "/plugins", carpeta_ + "/plugins");
     // El motor compara la ruta real del módulo de idiomas con la de su carpeta: un enlace no sirve.
     QDir().mkpath(carpeta_ + "/intl");
@@ -92,8 +96,4 @@ void prepare_motor_local() {
     qputenv("FIREBIRD", QFile::encodeName(carpeta_));
     qputenv("FIREBIRD_LOCK", QFile::encodeName(carpeta_ + "/bloqueos"));
     qputenv("FIREBIRD_TMP", QFile::encodeName(QDir::tempPath()));
-}
-
-QString carpeta_motor_local() {
-    return carpeta_;
 }

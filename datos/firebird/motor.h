@@ -7,5 +7,5 @@
 #include <QString>
 
 void prepare_motor_local();
-/// Carpeta privada en uso, para mensajes y pruebas.
-QString carpeta_motor_local();
+/// Carpeta en que el paquete de Debian deja el motor, sus módulos y sus mensajes.
+QString motor_instalado();

@@ -15,7 +15,7 @@ enum class TipoCampo {
     Busqueda,
 };
 
-enum BanderaProveedor : unsigned { pfInUpdate = 1, pfInWhere = 2, pfInKey = 4, pfHidden = 8 };
+enum BanderaProveedor : unsigned { pfInUpdate = 1, pfInWhere = 2, pfInKey = 4 };
 
 enum class Alineacion { Izquierda, Derecha, Centro };
 
@@ -69,6 +69,10 @@ public:
     QString presente(const Valor& valor, const QString& formato) const;
     /// Convierte un valor a la clase del campo; lanza ErrorDatos con el nombre del campo.
     Valor convierta(const Valor& valor) const;
+    Valor convierta_texto(QString texto) const;
+    Valor convierta_entero(const Valor& valor) const;
+    Valor convierta_decimal(const Valor& valor) const;
+    [[noreturn]] Valor rehuse(const Valor& valor, const QString& que) const; ///< lanza ErrorDatos
 
     QString etiqueta() const { return DisplayLabel.isEmpty() ? FieldName : DisplayLabel; }
     /// Como lo nombran los mensajes: su rótulo, o sus palabras en el diccionario de la compañía.

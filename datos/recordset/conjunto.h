@@ -181,7 +181,6 @@ public:
     void Last();
     void Next();
     void Prior();
-    void MoveBy(int n);
     /// Posición visible, 0 a RecordCount()-1.
     void vaya_a(int indice);
     bool Locate(const QString& campos, const QVector<Valor>& valores, unsigned opciones = 0);

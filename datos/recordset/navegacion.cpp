@@ -60,13 +60,6 @@ void ConjuntoDatos::Prior() {
     mueva(pos_ - 1);
 }
 
-void ConjuntoDatos::MoveBy(int n) {
-    for (; n > 0 && !fin_; --n)
-        Next();
-    for (; n < 0 && !inicio_; ++n)
-        Prior();
-}
-
 void ConjuntoDatos::vaya_a(int indice) {
     if (indice == pos_)
         return;

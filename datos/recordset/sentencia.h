@@ -2,7 +2,7 @@
 // Sentencia: un texto SQL, una tabla o un procedimiento contra una conexión. No sabe de ediciones.
 //
 // Los parámetros se nombran con dos puntos (":ID"). Una sentencia de detalle se une a su maestra
-// con `MasterSource`: sus parámetros toman el valor de los campos de igual nombre de la fila
+// con `enlace_maestra`: sus parámetros toman el valor de los campos de igual nombre de la fila
 // maestra y el proveedor de la maestra entrega el detalle anidado, en un campo con el nombre de la
 // sentencia.
 #include "datos/firebird/conexion.h"
@@ -28,7 +28,6 @@ public:
 
     // --- unión con la maestra
     void enlace_maestra(Sentencia* maestra, const QStringList& campos);
-    Sentencia* MasterSource() const { return maestra_; }
     const QStringList& MasterFields() const { return campos_maestra_; }
     const QVector<Sentencia*>& detalles() const { return detalles_; }
 

@@ -32,7 +32,8 @@ QString huella() {
     archivos << proyecto + "/tests/apoyo/datos_ejemplo.cpp"
              << proyecto + "/tests/apoyo/base_prueba.cpp" << proyecto + "/herramientas/guion.cpp"
              << proyecto + "/herramientas/instalador.cpp"
-             << proyecto + "/herramientas/administracion.cpp";
+             << proyecto + "/herramientas/administracion.cpp"
+             << proyecto + "/herramientas/existentes.cpp";
     archivos.sort();
     QCryptographicHash suma(QCryptographicHash::Sha1);
     for (const QString& a : archivos) {

@@ -1,6 +1,7 @@
 #include "apoyo/servidor_prueba.h"
 
 #include "apoyo/base_prueba.h"
+#include "datos/firebird/motor.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -72,7 +73,7 @@ ServidorDePrueba::~ServidorDePrueba() {
 
 void ServidorDePrueba::prepare_raiz() {
     const QString raiz = carpeta_.path() + '/';
-    const QString instalado = "/usr/lib/x86_64-linux-gnu/firebird/3.0/";
+    const QString instalado = motor_instalado() + '/';
     QDir().mkpath(raiz + "intl");
     QDir().mkpath(raiz + "bloqueos");
     QFile::link(instalado + "plugins", raiz + "plugins");

@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
         "medias, ningún programa se cayó y ningún mensaje mintió.\n\nEscenarios:\n"
         "  muertes         kill -9 mientras se graba, corrige, cambia de página y borra\n"
         "  restauraciones  kill -9 mientras se restaura un respaldo\n"
-        "  cortes          la red cortada en cada punto de una operación\n"
+        "  cortes          la red cortada en puntos repartidos de una operación\n"
         "  silencios       la red muda, sin cerrarse, en esos mismos puntos\n"
         "  varios          varios programas graban a la vez en un prefijo\n"
         "  todo            los cinco");

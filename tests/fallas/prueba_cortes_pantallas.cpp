@@ -1,5 +1,5 @@
 // La red se corta, o calla, en distintos lugares de un guardado, un cambio de página, una edición y
-// un borrado, con las pantallas de verdad. Todos los lugares, con el programa `fallas`.
+// un borrado, con las pantallas de verdad. En más lugares, con el programa `fallas`.
 #include "fallas/escenarios.h"
 
 class PruebaCortesPantallas : public QObject {

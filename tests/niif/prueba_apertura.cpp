@@ -51,7 +51,6 @@ private slots:
     void salir_con_cambios_pregunta();
     void la_hoja_de_calculo_va_y_vuelve();
     void esc_cierra_lo_que_la_hoja_arranco_y_una_muerte_no_la_pierde();
-    void con_libreoffice_la_hoja_se_abre_y_se_cierra_entera();
     void llevarla_a_los_saldos_iniciales_dice_las_cifras();
     void los_inventarios_pasan_con_su_articulo();
     void dos_usuarios_en_la_misma_cuenta_no_se_pisan();
@@ -489,30 +488,6 @@ void PruebaApertura::esc_cierra_lo_que_la_hoja_arranco_y_una_muerte_no_la_pierde
     QVERIFY(componente<QLabel>(p, "LHoja").text().endsWith(aparte));
     QCOMPARE(lea(aparte), QByteArray("PK de ayer"));
     oprima(Qt::Key_Escape);
-}
-
-void PruebaApertura::con_libreoffice_la_hoja_se_abre_y_se_cierra_entera() {
-    if (QStandardPaths::findExecutable("localc").isEmpty())
-        return;                          // donde no lo hay bastan las del programa de mentira
-    qputenv("SAL_USE_VCLPLUGIN", "svp"); // sin ventana
-    qputenv("QUORVEX_HOJA_CALCULO", "localc");
-    const auto en_marcha = [](const QString& ruta) {
-        for (const QString& proceso : QDir("/proc").entryList({"[0-9]*"}))
-            if (QFile f("/proc/" + proceso + "/cmdline");
-                f.open(QIODevice::ReadOnly) && f.readAll().contains(ruta.toUtf8()))
-                return true;
-        return false;
-    };
-    HojaTrabajo hoja;
-    hoja.abra("110505", {});
-    const QString ruta = hoja.ruta();
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(s_->base.ruta() + "/.~lock.Apniif110505.xlsx#"),
-                             kMsDeOtro);
-    QVERIFY(hoja.en_uso() && en_marcha(ruta));
-    hoja.termine();
-    QTRY_VERIFY_WITH_TIMEOUT(!en_marcha(ruta), kMsDeOtro);
-    QCOMPARE(QDir(s_->base.ruta()).entryList({"*Apniif*"}, QDir::Files | QDir::Hidden),
-             QStringList());
 }
 
 void PruebaApertura::llevarla_a_los_saldos_iniciales_dice_las_cifras() {

@@ -166,10 +166,14 @@ private:
         if (ultima == QLatin1String("entero"))
             return true;
         static const QRegularExpression constante("^k[A-Z]");
-        if (constante.match(ultima).hasMatch() || piezas_.contains(ultima))
+        if (constante.match(ultima).hasMatch())
             return true;
-        return t_[a].tipo == Trozo::Nombre && (b - a == 1 || t_[a + 1].es(".")) &&
-               variable_sana(t_[a].texto, punto, vistas);
+        const bool variable = t_[a].tipo == Trozo::Nombre && (b - a == 1 || t_[a + 1].es("."));
+        // La que nace en la función se sigue, se llame como se llame.
+        if (variable && (ultima == t_[a].texto || !piezas_.contains(ultima)))
+            if (const auto sana = variable_sana(t_[a].texto, punto, vistas))
+                return *sana;
+        return piezas_.contains(ultima);
     }
     QString ultimo_nombre(int a, int b) const {
         QString ultima = t_[a].texto;
@@ -195,8 +199,9 @@ private:
             i = t_[i].es("(") || t_[i].es("{") ? pareja(i) + 1 : i + 1;
         return i;
     }
-    /// Todo lo que la función le asigna antes de usarla.
-    bool variable_sana(const QString& nombre, int punto, QSet<QString>& vistas) const {
+    /// Todo lo que la función le asigna antes de usarla; nada si no nace en ella.
+    std::optional<bool> variable_sana(const QString& nombre, int punto,
+                                      QSet<QString>& vistas) const {
         if (vistas.contains(nombre))
             return true; // se suma a sí misma
         vistas.insert(nombre);
@@ -226,7 +231,7 @@ private:
             if (!bien)
                 return false;
         }
-        return nace;
+        return nace ? std::optional(true) : std::nullopt;
     }
 
     bool rango_sano(int a, int punto, QSet<QString>& vistas) const {

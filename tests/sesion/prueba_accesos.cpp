@@ -111,13 +111,13 @@ private slots:
         const auto ultima = [&](int tipo, const QString& columna, const QString& valor) {
             return s.dato(Tfdm::sql_auditoria(tipo, columna, valor));
         };
-        QCOMPARE(ultima(100, "audi_cod", "'990505'"), QString());
+        QCOMPARE(ultima(100, "audi_cod", "990505"), QString());
         audite(s, 100, "'990505'", "M", "ADMIN", "2017/03/02", "09:05:07");
         audite(s, 100, "'990505'", "I", "AUXILIAR", "2017/03/02", "08:59:59");
         audite(s, 100, "'990505'", "I", "AUXILIAR", "2017/02/28", "23:00:00");
         audite(s, 102, "'990505'", "M", "AUXILIAR", "2018/01/01", "10:00:00");
         audite(s, 1, "990505", "I", "AUXILIAR", "2018/01/01", "10:00:00");
-        QCOMPARE(ultima(100, "audi_cod", "'990505'"), "2017-03-02  09:05:07  ADMIN");
+        QCOMPARE(ultima(100, "audi_cod", "990505"), "2017-03-02  09:05:07  ADMIN");
         QCOMPARE(ultima(1, "audi_iddoc", "990505"), QString("2018-01-01  10:00:00  AUXILIAR"));
     }
 

@@ -2,7 +2,7 @@
 // Motor de informes: el servicio con que una pantalla imprime sus filas con una plantilla.
 //
 //     MotorInformes motor(this);
-//     motor.ProjectFile = ruta_proyecto("auxiliares.rav");
+//     motor.ProjectFile = ruta_informe("auxiliares.rav");
 //     motor.abrir_proyecto(motor.ProjectFile);
 //     motor.fijar_parametro("Titulo", ETit->text());
 //     motor.conecte("RAuxiliarcta", CAuxiliar);
@@ -48,7 +48,7 @@ public:
     /// El conjunto que la plantilla conoce con ese nombre de conexión.
     void conecte(const QString& conexion, ConjuntoDatos& conjunto);
     void seleccionar_reporte(const QString& nombre);
-    /// Los tres lanzan ErrorInforme si la página, el item o la banda no están en el proyecto.
+    /// Los dos lanzan ErrorInforme si la página, el item o la banda no están en el proyecto.
     void fijar_texto(const QString& pagina, const QString& item, const QString& texto);
     /// `banda`: una banda, o un grupo declarado en el reporte. La columna (o las columnas) pasa a
     /// todas las bandas que comparten el grupo; vacía, deja por fuera la banda, o las del grupo.

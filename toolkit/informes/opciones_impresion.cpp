@@ -35,6 +35,12 @@ template <class T> T* con_nombre(T* control, const char* nombre) {
     return control;
 }
 
+QLabel* rotulo(const QString& texto, QWidget* de) {
+    auto* r = new QLabel(texto);
+    r->setBuddy(de);
+    return r;
+}
+
 } // namespace
 
 Rango OpcionesReporte::rango(int total, int actual) const {
@@ -75,77 +81,10 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     setObjectName(QStringLiteral("OpcionesImpresion"));
     setWindowTitle(QStringLiteral("Opciones de impresión"));
 
-    impresora_ = con_nombre(new ListaTecleo, "impresora");
-    impresora_->setAccessibleName(QStringLiteral("Impresora"));
-    auto* configurar = con_nombre(new QPushButton(QStringLiteral("Confi&gurar")), "configurar");
-    connect(configurar, &QPushButton::clicked, this, [this] { configure(); });
-    copias_ = con_nombre(new QSpinBox, "copias");
-    copias_->setRange(1, 99);
-    copias_->setValue(inicial.copias);
-    intercalar_ = con_nombre(new QCheckBox(QStringLiteral("in&tercalar")), "intercalar");
-    intercalar_->setChecked(inicial.intercalar);
-    duplex_ = con_nombre(new QCheckBox(QStringLiteral("&Duplex")), "duplex");
-    duplex_->setChecked(inicial.duplex);
-
-    auto* caja_impresora = new QGroupBox(QStringLiteral("Impresora"));
-    auto* arriba = new QHBoxLayout;
-    arriba->addWidget(impresora_, 1);
-    arriba->addWidget(configurar);
-    auto* abajo = new QHBoxLayout;
-    auto* rotulo_copias = new QLabel(QStringLiteral("&Copias"));
-    rotulo_copias->setBuddy(copias_);
-    for (QWidget* w : std::initializer_list<QWidget*>{rotulo_copias, copias_, intercalar_, duplex_})
-        abajo->addWidget(w);
-    abajo->addStretch();
-    auto* pila = new QVBoxLayout(caja_impresora);
-    pila->addLayout(arriba);
-    pila->addLayout(abajo);
-
-    a_impresora_ = con_nombre(new QRadioButton(QStringLiteral("&Impresora")), "a_impresora");
-    a_vista_ = con_nombre(new QRadioButton(QStringLiteral("&Vista preliminar")), "a_vista");
-    a_archivo_ = con_nombre(new QRadioButton(QStringLiteral("&Archivo")), "a_archivo");
-    formato_ = con_nombre(new ListaTecleo, "formato");
-    for (const char* f : kFormatos)
-        formato_->addItem(QLatin1String(f));
-    formato_->setCurrentIndex(int(inicial.formato));
-    auto* caja_destino = new QGroupBox(QStringLiteral("Destino del reporte "));
-    auto* destinos = new QVBoxLayout(caja_destino);
-    destinos->addWidget(a_impresora_);
-    destinos->addWidget(a_vista_);
-    auto* fila_archivo = new QHBoxLayout;
-    auto* rotulo_formato = new QLabel(QStringLiteral("&Formato:"));
-    rotulo_formato->setBuddy(formato_);
-    fila_archivo->addWidget(a_archivo_);
-    fila_archivo->addStretch();
-    fila_archivo->addWidget(rotulo_formato);
-    fila_archivo->addWidget(formato_);
-    destinos->addLayout(fila_archivo);
-
-    todo_ = con_nombre(new QRadioButton(QStringLiteral("A&ll")), "todo");
-    paginas_ = con_nombre(new QRadioButton(QStringLiteral("&Pages")), "paginas");
-    seleccion_ = con_nombre(new QRadioButton(QStringLiteral("&Selection")), "seleccion");
-    desde_ = con_nombre(new QSpinBox, "desde");
-    hasta_ = con_nombre(new QSpinBox, "hasta");
-    for (QSpinBox* s : {desde_, hasta_})
-        s->setRange(1, 999999);
-    desde_->setValue(inicial.desde);
-    hasta_->setValue(inicial.hasta);
-    auto* caja_rango = new QGroupBox(QStringLiteral("Páginas del informe"));
-    auto* rangos = new QVBoxLayout(caja_rango);
-    rangos->addWidget(todo_);
-    auto* fila_paginas = new QHBoxLayout;
-    auto* rotulo_desde = new QLabel(QStringLiteral("F&rom"));
-    auto* rotulo_hasta = new QLabel(QStringLiteral("t&o"));
-    rotulo_desde->setBuddy(desde_);
-    rotulo_hasta->setBuddy(hasta_);
-    for (QWidget* w :
-         std::initializer_list<QWidget*>{paginas_, rotulo_desde, desde_, rotulo_hasta, hasta_})
-        fila_paginas->addWidget(w);
-    fila_paginas->addStretch();
-    rangos->addLayout(fila_paginas);
-    rangos->addWidget(seleccion_);
-    seleccion_->setEnabled(hay_seleccion);
-
+    auto* cuerpo = new QVBoxLayout(this);
+    cuerpo->addWidget(caja_impresora(inicial));
+    cuerpo->addWidget(caja_destino(inicial));
+    cuerpo->addWidget(caja_paginas(inicial, hay_seleccion));
     auto* ok = con_nombre(new QPushButton(icono("dialog-ok"), QStringLiteral("OK")), "ok");
     auto* cancelar =
         con_nombre(new QPushButton(icono("dialog-cancel"), QStringLiteral("Cancelar")), "cancelar");
@@ -156,10 +95,6 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     botones->addStretch();
     botones->addWidget(ok);
     botones->addWidget(cancelar);
-
-    auto* cuerpo = new QVBoxLayout(this);
-    for (QWidget* w : {caja_impresora, caja_destino, caja_rango})
-        cuerpo->addWidget(w);
     cuerpo->addLayout(botones);
 
     for (QRadioButton* r : {a_impresora_, a_vista_, a_archivo_, todo_, paginas_, seleccion_})
@@ -175,6 +110,82 @@ DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& 
     liste_impresoras(inicial.impresora.isEmpty() ? impresora_escogida() : inicial.impresora);
     ajuste();
     ok->setFocus();
+}
+
+QWidget* DialogoOpciones::caja_impresora(const OpcionesReporte& inicial) {
+    impresora_ = con_nombre(new ListaTecleo, "impresora");
+    impresora_->setAccessibleName(QStringLiteral("Impresora"));
+    auto* configurar = con_nombre(new QPushButton(QStringLiteral("Confi&gurar")), "configurar");
+    connect(configurar, &QPushButton::clicked, this, [this] { configure(); });
+    copias_ = con_nombre(new QSpinBox, "copias");
+    copias_->setRange(1, 99);
+    copias_->setValue(inicial.copias);
+    intercalar_ = con_nombre(new QCheckBox(QStringLiteral("in&tercalar")), "intercalar");
+    intercalar_->setChecked(inicial.intercalar);
+    duplex_ = con_nombre(new QCheckBox(QStringLiteral("&Duplex")), "duplex");
+    duplex_->setChecked(inicial.duplex);
+
+    auto* caja = new QGroupBox(QStringLiteral("Impresora"));
+    auto* arriba = new QHBoxLayout;
+    arriba->addWidget(impresora_, 1);
+    arriba->addWidget(configurar);
+    auto* abajo = new QHBoxLayout;
+    for (QWidget* w : std::initializer_list<QWidget*>{rotulo(QStringLiteral("&Copias"), copias_),
+                                                      copias_, intercalar_, duplex_})
+        abajo->addWidget(w);
+    abajo->addStretch();
+    auto* pila = new QVBoxLayout(caja);
+    pila->addLayout(arriba);
+    pila->addLayout(abajo);
+    return caja;
+}
+
+QWidget* DialogoOpciones::caja_destino(const OpcionesReporte& inicial) {
+    a_impresora_ = con_nombre(new QRadioButton(QStringLiteral("&Impresora")), "a_impresora");
+    a_vista_ = con_nombre(new QRadioButton(QStringLiteral("&Vista preliminar")), "a_vista");
+    a_archivo_ = con_nombre(new QRadioButton(QStringLiteral("&Archivo")), "a_archivo");
+    formato_ = con_nombre(new ListaTecleo, "formato");
+    for (const char* f : kFormatos)
+        formato_->addItem(QLatin1String(f));
+    formato_->setCurrentIndex(int(inicial.formato));
+
+    auto* caja = new QGroupBox(QStringLiteral("Destino del reporte "));
+    auto* destinos = new QVBoxLayout(caja);
+    destinos->addWidget(a_impresora_);
+    destinos->addWidget(a_vista_);
+    auto* fila_archivo = new QHBoxLayout;
+    fila_archivo->addWidget(a_archivo_);
+    fila_archivo->addStretch();
+    fila_archivo->addWidget(rotulo(QStringLiteral("&Formato:"), formato_));
+    fila_archivo->addWidget(formato_);
+    destinos->addLayout(fila_archivo);
+    return caja;
+}
+
+QWidget* DialogoOpciones::caja_paginas(const OpcionesReporte& inicial, bool hay_seleccion) {
+    todo_ = con_nombre(new QRadioButton(QStringLiteral("A&ll")), "todo");
+    paginas_ = con_nombre(new QRadioButton(QStringLiteral("&Pages")), "paginas");
+    seleccion_ = con_nombre(new QRadioButton(QStringLiteral("&Selection")), "seleccion");
+    seleccion_->setEnabled(hay_seleccion);
+    desde_ = con_nombre(new QSpinBox, "desde");
+    hasta_ = con_nombre(new QSpinBox, "hasta");
+    for (QSpinBox* s : {desde_, hasta_})
+        s->setRange(1, 999999);
+    desde_->setValue(inicial.desde);
+    hasta_->setValue(inicial.hasta);
+
+    auto* caja = new QGroupBox(QStringLiteral("Páginas del informe"));
+    auto* rangos = new QVBoxLayout(caja);
+    rangos->addWidget(todo_);
+    auto* fila_paginas = new QHBoxLayout;
+    for (QWidget* w :
+         std::initializer_list<QWidget*>{paginas_, rotulo(QStringLiteral("F&rom"), desde_), desde_,
+                                         rotulo(QStringLiteral("t&o"), hasta_), hasta_})
+        fila_paginas->addWidget(w);
+    fila_paginas->addStretch();
+    rangos->addLayout(fila_paginas);
+    rangos->addWidget(seleccion_);
+    return caja;
 }
 
 void DialogoOpciones::liste_impresoras(QString escogida) {

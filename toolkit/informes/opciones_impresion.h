@@ -38,6 +38,9 @@ public:
     void accept() override;
 
 private:
+    QWidget* caja_impresora(const OpcionesReporte& inicial);
+    QWidget* caja_destino(const OpcionesReporte& inicial);
+    QWidget* caja_paginas(const OpcionesReporte& inicial, bool hay_seleccion);
     void configure();
     void liste_impresoras(QString escogida);
     void ajuste();

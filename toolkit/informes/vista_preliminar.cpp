@@ -199,7 +199,18 @@ VistaPreliminar::VistaPreliminar(const Hojas& hojas, const QString& archivo,
     setWindowFlags(windowFlags() | Qt::WindowMaximizeButtonHint);
     setWindowState(Qt::WindowMaximized);
     vista_ = new VistaHojas(hojas, this);
+    auto* cuerpo = new QVBoxLayout(this);
+    cuerpo->addLayout(arme_barra());
+    cuerpo->addWidget(vista_, 1);
+    estado_ = new QLabel;
+    estado_->setObjectName(QStringLiteral("estado"));
+    cuerpo->addWidget(estado_);
+    connect(vista_, &VistaHojas::cambio_pagina, this, [this](int p) { muestre_pagina(p); });
+    muestre_pagina(0);
+    vista_->setFocus();
+}
 
+QLayout* VistaPreliminar::arme_barra() {
     auto* barra = new QHBoxLayout;
     const auto boton = [&](const char* nombre, const QString& texto, const char* dibujo,
                            const QKeySequence& tecla, std::function<void()> accion) {
@@ -208,7 +219,7 @@ VistaPreliminar::VistaPreliminar(const Hojas& hojas, const QString& archivo,
         b->setAutoDefault(false);
         b->setToolTip(tecla.toString(QKeySequence::NativeText));
         connect(b, &QPushButton::clicked, this, [accion] { proteja(accion); });
-        connect(new QShortcut(tecla, this), &QShortcut::activated, b, &QPushButton::click);
+        al_oprimir(tecla, [b] { b->click(); });
         barra->addWidget(b);
     };
     boton("imprimir", QStringLiteral("Imprimir"), "document-print", Qt::CTRL | Qt::Key_P,
@@ -219,70 +230,71 @@ VistaPreliminar::VistaPreliminar(const Hojas& hojas, const QString& archivo,
           [this] { vista_->vaya_a(vista_->pagina() - 1); });
     boton("siguiente", QStringLiteral("Siguiente"), "go-next", Qt::CTRL | Qt::Key_PageDown,
           [this] { vista_->vaya_a(vista_->pagina() + 1); });
+    arme_pagina();
+    arme_tamano();
+    arme_busqueda();
+    const std::pair<QString, QWidget*> cajas[] = {{QStringLiteral("P&ágina"), pagina_},
+                                                  {QStringLiteral("&Tamaño"), tamano_},
+                                                  {QStringLiteral("&Buscar"), buscado_}};
+    for (const auto& [texto, caja] : cajas) {
+        auto* rotulo = new QLabel(texto);
+        rotulo->setBuddy(caja);
+        rotulo->setMinimumWidth(rotulo->sizeHint().width());
+        barra->addWidget(rotulo);
+        if (caja != buscado_)
+            caja->setMinimumWidth(caja->sizeHint().width());
+        barra->addWidget(caja, caja == buscado_ ? 1 : 0);
+    }
+    boton("salir", QStringLiteral("Esc:Salir"), "window-close", QKeySequence(),
+          [this] { reject(); });
+    return barra;
+}
 
-    auto* rotulo_pagina = new QLabel(QStringLiteral("P&ágina"));
+void VistaPreliminar::al_oprimir(const QKeySequence& tecla, std::function<void()> accion) {
+    connect(new QShortcut(tecla, this), &QShortcut::activated, this, std::move(accion));
+}
+
+void VistaPreliminar::arme_pagina() {
     pagina_ = new QSpinBox;
     pagina_->setObjectName(QStringLiteral("pagina"));
-    pagina_->setRange(1, qMax(1, hojas.paginas()));
-    pagina_->setSuffix(QStringLiteral(" de %1").arg(hojas.paginas()));
+    pagina_->setRange(1, qMax(1, hojas_.paginas()));
+    pagina_->setSuffix(QStringLiteral(" de %1").arg(hojas_.paginas()));
     pagina_->setKeyboardTracking(false);
-    rotulo_pagina->setBuddy(pagina_);
     connect(pagina_, &QSpinBox::valueChanged, this, [this](int p) {
         if (p - 1 != vista_->pagina())
             vista_->vaya_a(p - 1);
     });
-    connect(new QShortcut(Qt::CTRL | Qt::Key_I, this), &QShortcut::activated, this, [this] {
+    al_oprimir(Qt::CTRL | Qt::Key_I, [this] {
         pagina_->setFocus();
         pagina_->selectAll();
     });
+}
 
-    auto* rotulo_tamano = new QLabel(QStringLiteral("&Tamaño"));
+void VistaPreliminar::arme_tamano() {
     tamano_ = new ListaTecleo;
     tamano_->setObjectName(QStringLiteral("tamano"));
     for (int p : {50, 75, 100, 125, 150, 200, 300})
         tamano_->addItem(QStringLiteral("%1 %").arg(p), p);
     tamano_->setCurrentIndex(tamano_->findData(100));
-    rotulo_tamano->setBuddy(tamano_);
     connect(tamano_, &QComboBox::currentIndexChanged, this,
             [this] { vista_->tamano(tamano_->currentData().toInt()); });
-    const auto cambie_tamano = [this](int pasos) {
+    const auto cambie = [this](int pasos) {
         tamano_->setCurrentIndex(qBound(0, tamano_->currentIndex() + pasos, tamano_->count() - 1));
     };
-    connect(new QShortcut(QKeySequence::ZoomIn, this), &QShortcut::activated, this,
-            [cambie_tamano] { cambie_tamano(1); });
-    connect(new QShortcut(QKeySequence::ZoomOut, this), &QShortcut::activated, this,
-            [cambie_tamano] { cambie_tamano(-1); });
+    al_oprimir(QKeySequence::ZoomIn, [cambie] { cambie(1); });
+    al_oprimir(QKeySequence::ZoomOut, [cambie] { cambie(-1); });
+}
 
-    auto* rotulo_busca = new QLabel(QStringLiteral("&Buscar"));
+void VistaPreliminar::arme_busqueda() {
     buscado_ = new QLineEdit;
     buscado_->setObjectName(QStringLiteral("buscado"));
     buscado_->setClearButtonEnabled(true);
-    rotulo_busca->setBuddy(buscado_);
     connect(buscado_, &QLineEdit::returnPressed, this, [this] { busque(); });
-    connect(new QShortcut(Qt::CTRL | Qt::Key_B, this), &QShortcut::activated, this, [this] {
+    al_oprimir(Qt::CTRL | Qt::Key_B, [this] {
         buscado_->setFocus();
         buscado_->selectAll();
     });
-    connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this, [this] { busque(); });
-
-    for (QWidget* w : std::initializer_list<QWidget*>{rotulo_pagina, pagina_, rotulo_tamano,
-                                                      tamano_, rotulo_busca}) {
-        w->setMinimumWidth(w->sizeHint().width());
-        barra->addWidget(w);
-    }
-    barra->addWidget(buscado_, 1);
-    boton("salir", QStringLiteral("Esc:Salir"), "window-close", QKeySequence(),
-          [this] { reject(); });
-
-    estado_ = new QLabel;
-    estado_->setObjectName(QStringLiteral("estado"));
-    auto* cuerpo = new QVBoxLayout(this);
-    cuerpo->addLayout(barra);
-    cuerpo->addWidget(vista_, 1);
-    cuerpo->addWidget(estado_);
-    connect(vista_, &VistaHojas::cambio_pagina, this, [this](int p) { muestre_pagina(p); });
-    muestre_pagina(0);
-    vista_->setFocus();
+    al_oprimir(Qt::Key_F3, [this] { busque(); });
 }
 
 void VistaPreliminar::muestre_pagina(int pagina) {

@@ -63,6 +63,11 @@ public:
     QString titulo; ///< del documento que se imprime o se graba
 
 private:
+    QLayout* arme_barra();
+    void arme_pagina();
+    void arme_tamano();
+    void arme_busqueda();
+    void al_oprimir(const QKeySequence& tecla, std::function<void()> accion);
     void imprima();
     void guarde();
     void busque();

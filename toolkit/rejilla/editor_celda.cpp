@@ -110,10 +110,6 @@ void EditorCelda::hideEvent(QHideEvent* evento) {
 
 // ---------------------------------------------------------------- lista
 
-bool EditorCelda::desplegada() const {
-    return lista_ && lista_->isVisible();
-}
-
 void EditorCelda::despliegue() {
     if (opciones.isEmpty())
         return;

@@ -42,7 +42,6 @@ public:
     QStringList opciones;
     /// Abre la lista bajo la celda, situada en lo escrito. Escoger emite `escogida`.
     void despliegue();
-    bool desplegada() const;
 
 signals:
     void escogida();
