@@ -169,6 +169,12 @@ void MarcoPantalla::siga_el_foco() {
     // dos, por dónde se va.
     QRect renglon = area->inputMethodQuery(Qt::ImCursorRectangle).toRect();
     const QScrollBar* abajo = area->horizontalScrollBar();
+    QScrollBar* al_lado = verticalScrollBar();
+    // La barra era de mientras se acomodaba: se vuelve a donde se estaba.
+    if (abajo->maximum() == 0)
+        if (const auto corrida = std::exchange(por_la_barra_, {});
+            corrida && al_lado->value() == corrida->second)
+            al_lado->setValue(corrida->first);
     if (const auto* lista = qobject_cast<const QAbstractItemView*>(area)) {
         connect(lista->selectionModel(), &QItemSelectionModel::currentChanged, this,
                 &MarcoPantalla::siga_el_foco_luego, Qt::UniqueConnection);
@@ -184,8 +190,15 @@ void MarcoPantalla::siga_el_foco() {
     muestre(QRect(lugar.topLeft(), renglon.bottomRight()));
     // Lo que se desplaza de lado muestra también con qué, mientras no saque el renglón.
     const QRect con_barra(renglon.topLeft(), lugar.bottomRight());
-    if (abajo->maximum() > 0 && con_barra.height() + 2 * paso(1.5) <= alto_libre())
+    if (abajo->maximum() > 0 && con_barra.height() + 2 * paso(1.5) <= alto_libre()) {
+        const int sin_barra = al_lado->value();
         muestre(lugar.height() + 2 * paso(1.5) <= alto_libre() ? lugar : con_barra);
+        if (al_lado->value() != sin_barra)
+            por_la_barra_ = {por_la_barra_ && por_la_barra_->second == sin_barra
+                                 ? por_la_barra_->first
+                                 : sin_barra,
+                             al_lado->value()};
+    }
     muestre(renglon);
 }
 

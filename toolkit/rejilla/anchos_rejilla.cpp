@@ -435,7 +435,9 @@ void AnchosRejilla::crezca(int columna, int desde, int hasta, bool con_nombres) 
         }
         return;
     }
-    if (con_nombres && static_cast<DelegadoCelda*>(rejilla_.itemDelegate())->acompanada(columna))
+    // A lo que se digita el nombre le llega al pintarse; una tecla no lo pide antes.
+    if (con_nombres && !rejilla_.conjunto()->editando() &&
+        static_cast<DelegadoCelda*>(rejilla_.itemDelegate())->acompanada(columna))
         crezca_con_su_nombre(columna, desde, hasta);
     const bool dice = !calla || !p.vacia;
     asegure(p, dice ? qMax(suyo, ancho_del_pie(columna)) : ceros(columna, suyo), !calla);
