@@ -154,8 +154,10 @@ void Tfcompresupuesto::construya() {
     division->setChildrenCollapsible(false);
     division->addWidget(tabla);
     division->addWidget(Barras);
-    division->setStretchFactor(0, 3);
-    division->setStretchFactor(1, 2);
+    // Lo que sobre es de las cuentas.
+    division->setStretchFactor(0, 1);
+    division->setStretchFactor(1, 0);
+    division->setSizes({escalado(400), escalado(150)});
 
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SBConsultar", "F5:Consultar", "view-refresh", Qt::Key_F5,

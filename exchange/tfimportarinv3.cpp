@@ -2,6 +2,7 @@
 
 #include "exchange/pch.h"
 #include "sesion/instalacion.h"
+#include "toolkit/letrero_al_pie.h"
 
 #include <QScopedValueRollback>
 
@@ -53,6 +54,7 @@ void Tfimportarinv3::construya() {
     LAvance = new QLabel;
     LAvance->setObjectName("LAvance");
     LAvance->setTextFormat(Qt::PlainText);
+    LAvance->hide();
     Avance = new QProgressBar;
     Avance->setObjectName("Avance");
     Avance->setRange(0, 100);
@@ -151,7 +153,7 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
             error_importacion(mensaje, llave);
         };
     importacion->avance = [this](const QString& que, int ciento) {
-        LAvance->setText(que);
+        diga_al_pie(LAvance, que);
         Avance->setValue(ciento);
         // Solo Esc llega mientras se trabaja: los demás botones esperan.
         QApplication::processEvents();
@@ -162,7 +164,7 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
     sin_bitacora_.clear();
     const ResultadoImportacion resultado = importacion->corra();
     Avance->hide();
-    LAvance->setText(resultado.resumen());
+    diga_al_pie(LAvance, resultado.resumen());
     recuerde_importacion({resultado, asistente_.archivo});
     if (AvisosBarra* barra = fdm().barra())
         barra->texto(resultado.resumen());

@@ -2,6 +2,7 @@
 
 #include "exchange/pch.h"
 #include "toolkit/controles/lista_tecleo.h"
+#include "toolkit/letrero_al_pie.h"
 
 #include <QGridLayout>
 #include <QRegularExpression>
@@ -41,6 +42,7 @@ void Tfprocusr::construya() {
     LNota->setObjectName("LNota");
     Aviso = new QLabel;
     Aviso->setObjectName("Aviso");
+    Aviso->hide();
     DBGridEh1 = new Rejilla(this, &CResultado);
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName("Resultado del procedimiento");
@@ -139,15 +141,15 @@ void Tfprocusr::SpeedButton5Click() {
     const QString texto = sql();
     if (texto.isEmpty())
         return;
-    Aviso->setText("Ejecutando procedimiento. espere un momento ...");
+    diga_al_pie(Aviso, "Ejecutando procedimiento. espere un momento ...");
     Aviso->repaint();
     try {
         CResultado.Open(texto);
     } catch (...) {
-        Aviso->clear();
+        diga_al_pie(Aviso, {});
         throw;
     }
-    Aviso->clear();
+    diga_al_pie(Aviso, {});
     presente_resultado(sin_rango());
 }
 

@@ -3,6 +3,7 @@
 #include "niif/pch.h"
 #include "niif/peticiones_niif.h"
 #include "toolkit/controles/lista_tecleo.h"
+#include "toolkit/letrero_al_pie.h"
 
 namespace {
 constexpr int kNivelInicial = 3;
@@ -34,6 +35,7 @@ void Tfconciliapat::construya() {
     LNivel->setObjectName("LNivel");
     Aviso = new QLabel;
     Aviso->setObjectName("Aviso");
+    Aviso->hide();
     DBGridEh1 = new Rejilla(this, &CConcilia);
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName(windowTitle());
@@ -99,7 +101,7 @@ void Tfconciliapat::nivel(int paso) {
 
 void Tfconciliapat::actualice_balance() {
     LNivel->setText(QStringLiteral("%1 de %2").arg(nivel_).arg(nivel_maximo_));
-    Aviso->setText("Actualizando balance. Espere un momento...");
+    diga_al_pie(Aviso, "Actualizando balance. Espere un momento...");
     Aviso->repaint();
     const QString cuenta = CConcilia.Active() ? CConcilia.FieldByName("CUENTA").texto() : QString();
     CConcilia.Instantanea = true;
@@ -110,7 +112,7 @@ void Tfconciliapat::actualice_balance() {
                    QStringLiteral(", %1, %2)").arg(mes).arg(hasta));
     if (!cuenta.isEmpty())
         CConcilia.Locate("CUENTA", {cuenta});
-    Aviso->clear();
+    diga_al_pie(Aviso, {});
 }
 
 void Tfconciliapat::AuxiliarClick() {

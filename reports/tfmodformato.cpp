@@ -10,6 +10,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
+#include "toolkit/letrero_al_pie.h"
 #include "toolkit/rejilla/editor_celda.h"
 #include "toolkit/rejilla/rejilla.h"
 #include "toolkit/sin_grabar.h"
@@ -166,7 +167,7 @@ QWidget* Tfmodformato::construya_datos() {
     EstadoFormula = new QLabel;
     EstadoFormula->setObjectName("EstadoFormula");
     EstadoFormula->setTextFormat(Qt::PlainText);
-    EstadoFormula->setMinimumHeight(EstadoFormula->fontMetrics().height());
+    EstadoFormula->hide();
     Formulario(caja).ancha(DBGridEh1, 1).ancha(EstadoFormula, 0);
     return caja;
 }
@@ -321,7 +322,7 @@ void Tfmodformato::diga_formula(const QString& formula) {
     } else if (!formula.isEmpty()) {
         estado = QStringLiteral("Fórmula correcta");
     }
-    EstadoFormula->setText(estado);
+    diga_al_pie(EstadoFormula, estado);
     EstadoFormula->setStyleSheet(mal ? QStringLiteral("color: %1").arg(color_inactivo().name())
                                      : QString());
 }

@@ -207,7 +207,8 @@ void FormaMedio::SpeedButton5Click() {
     // En una ventana baja lo que se pidió quedaría debajo de ella.
     constexpr int kFilas = 3;
     const int alto = kFilas * DBGridEh1->verticalHeader()->defaultSectionSize();
-    if (CMedmagdata->Active() && DBGridEh1->visibleRegion().boundingRect().height() < alto)
+    if (CMedmagdata->Active() && !CMedmagdata->IsEmpty() &&
+        DBGridEh1->visibleRegion().boundingRect().height() < alto)
         DBGridEh1->setFocus();
 }
 

@@ -1,15 +1,48 @@
 #include "toolkit/division_fluida.h"
 
+#include "toolkit/estilo.h"
 #include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QScopedValueRollback>
+#include <QScrollArea>
 
 namespace {
 
 const AnchosRejilla& anchos_de(const Rejilla& r) {
     return static_cast<EncabezadoRejilla*>(r.horizontalHeader())->anchos();
+}
+
+/// Las de una parte, que puede ser ella misma.
+QVector<const Rejilla*> rejillas_de(const QWidget& parte) {
+    QVector<const Rejilla*> todas;
+    if (const auto* sola = qobject_cast<const Rejilla*>(&parte))
+        todas << sola;
+    for (const Rejilla* r : parte.findChildren<Rejilla*>())
+        todas << r;
+    return todas;
+}
+
+int ancho_de(const QWidget& parte, int (AnchosRejilla::*pide)() const) {
+    int ancho = parte.minimumSizeHint().width();
+    for (const Rejilla* r : rejillas_de(parte))
+        ancho = qMax(ancho, (anchos_de(*r).*pide)() + parte.width() - r->width());
+    return ancho;
+}
+
+/// Una debajo de la otra, la pantalla no tiene que desplazarse.
+bool caben_apiladas(const QSplitter& division) {
+    const QScrollArea* marco = nullptr;
+    for (const QWidget* w = division.parentWidget(); w && !marco; w = w->parentWidget())
+        marco = qobject_cast<const QScrollArea*>(w);
+    if (!marco || !marco->widget())
+        return true;
+    int alto = marco->widget()->height() - division.height() +
+               division.handleWidth() * (division.count() - 1);
+    for (int i = 0; i < division.count(); ++i)
+        alto += division.widget(i)->minimumSizeHint().height();
+    return alto <= marco->maximumViewportSize().height() + paso(4); // unos píxeles los ceden
 }
 
 } // namespace
@@ -35,10 +68,7 @@ void DivisionFluida::resizeEvent(QResizeEvent* evento) {
 }
 
 int DivisionFluida::pide(const QWidget& parte) const {
-    int ancho = parte.minimumSizeHint().width();
-    for (const Rejilla* r : parte.findChildren<Rejilla*>())
-        ancho = qMax(ancho, anchos_de(*r).sin_ceder() + parte.width() - r->width());
-    return ancho;
+    return ancho_de(parte, &AnchosRejilla::sin_ceder);
 }
 
 void DivisionFluida::acomode() {
@@ -46,12 +76,21 @@ void DivisionFluida::acomode() {
         return;
     const QScopedValueRollback<bool> guarda(acomodando_, true);
     QVector<int> piden;
-    int sobra = width() - handleWidth() * (count() - 1), partes = 0;
-    for (int i = 0; i < count(); ++i) {
-        piden << pide(*widget(i));
-        sobra -= piden.last();
-        partes += widget(i)->sizePolicy().horizontalStretch();
-    }
+    int sobra = 0, partes = 0;
+    const auto mida = [&](const auto& ancho) {
+        piden.clear();
+        sobra = width() - handleWidth() * (count() - 1);
+        partes = 0;
+        for (int i = 0; i < count(); ++i) {
+            piden << ancho(*widget(i));
+            sobra -= piden.last();
+            partes += widget(i)->sizePolicy().horizontalStretch();
+        }
+    };
+    mida([this](const QWidget& parte) { return pide(parte); });
+    // Apiladas sacarían algo de la vista: mejor que cedan los nombres.
+    if (sobra < 0 && !caben_apiladas(*this))
+        mida([](const QWidget& parte) { return ancho_de(parte, &AnchosRejilla::cediendo); });
     const Qt::Orientation antes = orientation();
     setOrientation(sobra < 0 ? Qt::Vertical : Qt::Horizontal);
     if (antes != orientation())
@@ -70,7 +109,7 @@ void DivisionFluida::acomode() {
 
 int DivisionFluida::falta(const QWidget& parte) const {
     int falta = 0;
-    for (const Rejilla* r : parte.findChildren<Rejilla*>())
+    for (const Rejilla* r : rejillas_de(parte))
         falta = qMax(falta, anchos_de(*r).lo_que_falta());
     return falta;
 }

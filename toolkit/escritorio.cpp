@@ -9,6 +9,7 @@
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -46,6 +47,39 @@ template <class Falta> int lo_que_falta(const Pantalla& pantalla, const Falta& f
     return total;
 }
 
+/// Lo que a un nombre que no se digita le falta para leerse entero, si su caja crece con la
+/// ventana.
+int ancho_que_falta(const QLineEdit& caja) {
+    constexpr int kLetras = 70; // lo más largo es una nota, y se lee en su letrero
+    if (!caja.isReadOnly() || !caja.isVisible() || caja.maximumWidth() <= caja.width())
+        return 0;
+    const QFontMetrics medidas = caja.fontMetrics();
+    const int aire = 2 * medidas.averageCharWidth();
+    return qMax(0, medidas.horizontalAdvance(caja.text().left(kLetras)) + aire -
+                       caja.contentsRect().width());
+}
+
+void ensanche_por_cajas(QMdiSubWindow& ventana, const Pantalla& pantalla, int mayor) {
+    constexpr int kVeces = 4; // la caja se parte lo nuevo con las de su fila
+    const auto falta = [&] {
+        int total = 0;
+        for (const QLineEdit* caja : pantalla.findChildren<QLineEdit*>())
+            total = qMax(total, ancho_que_falta(*caja));
+        return total;
+    };
+    int antes = falta();
+    for (int i = 0; i < kVeces && antes > 0 && ventana.width() < mayor; ++i) {
+        const int ancho = ventana.width();
+        ventana.resize(qMin(ancho + antes, mayor), ventana.height());
+        const int ahora = falta();
+        if (ahora >= antes) { // el ancho no es para ella
+            ventana.resize(ancho, ventana.height());
+            break;
+        }
+        antes = ahora;
+    }
+}
+
 /// Agranda la ventana desde su centro, sin salirse del área, hasta que sus rejillas muestren todas
 /// sus cifras, enteros sus nombres y las filas que quepan. Falso si no hizo falta, o si el usuario
 /// le dio otro tamaño.
@@ -62,6 +96,7 @@ bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
             break;
         ventana.resize(qMin(ventana.width() + falta, area.width()), ventana.height());
     }
+    ensanche_por_cajas(ventana, pantalla, area.width());
     const int mayor = ventana.property(kAltoDelArea).toBool() ? 0 : area.height();
     for (int i = 0; i < kVeces && ventana.height() < mayor; ++i) {
         const int falta = lo_que_falta(pantalla, alto_que_falta), alto = ventana.height();

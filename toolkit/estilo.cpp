@@ -32,8 +32,9 @@ constexpr qreal kPixelesLetra = 12.0; ///< letra de 9 puntos a 96 puntos por pul
 constexpr int kPuntosMinimos = 9;
 /// Foco, selección y enlaces. Son del programa: los de la empresa podrían no dejarse leer.
 const QColor kAcento(0x2b, 0x5c, 0x8a), kAcentoOscuro(0x4d, 0x93, 0xd0);
-const QColor kLineaOscura(0x3f, 0x47, 0x4f); ///< entre las celdas: la de Fusion no se ve
-const QColor kHojaOscura(0x23, 0x27, 0x2b);  ///< las hojas con pestaña, como la ventana
+const QColor kLineaOscura(0x3f, 0x47, 0x4f);   ///< entre las celdas: la de Fusion no se ve
+const QColor kHojaOscura(0x23, 0x27, 0x2b);    ///< las hojas con pestaña, como la ventana
+const QColor kPestanaOscura(0x16, 0x19, 0x1c); ///< la de la que no se ve
 
 bool oscuro_ = false; ///< el sistema pide letras claras sobre fondo oscuro
 
@@ -265,10 +266,8 @@ public:
     void drawControl(ControlElement elemento, const QStyleOption* opcion, QPainter* pintor,
                      const QWidget* widget) const override {
         const auto* pestana = qstyleoption_cast<const QStyleOptionTab*>(opcion);
-        if (elemento == CE_TabBarTabShape && oscuro_ && pestana) {
-            QStyleOptionTab copia = *pestana;
-            copia.palette.setColor(QPalette::Button, kHojaOscura);
-            QProxyStyle::drawControl(elemento, &copia, pintor, widget);
+        if (elemento == CE_TabBarTabShape && pestana) {
+            pinte_pestana(*pestana, pintor, widget);
             return;
         }
         const auto* lista = qstyleoption_cast<const QStyleOptionComboBox*>(opcion);
@@ -342,6 +341,21 @@ public:
 
 private:
     mutable LectorDeCajas lector_;
+
+    void pinte_pestana(const QStyleOptionTab& pestana, QPainter* pintor,
+                       const QWidget* widget) const {
+        const bool actual = pestana.state.testFlag(State_Selected);
+        QStyleOptionTab copia = pestana;
+        // En oscuro el brillo que Fusion le da a la actual no se nota: se hunden las demás.
+        if (oscuro_)
+            copia.palette.setColor(QPalette::Button, actual ? kHojaOscura : kPestanaOscura);
+        QProxyStyle::drawControl(CE_TabBarTabShape, &copia, pintor, widget);
+        if (!actual || !(pestana.shape == QTabBar::RoundedNorth))
+            return;
+        const QRect filo(pestana.rect.left() + 2, pestana.rect.top(), pestana.rect.width() - 4,
+                         escalado(3));
+        pintor->fillRect(filo, segun(kAcento, kAcentoOscuro));
+    }
 
     static void borde(QPainter* pintor, const QRect& marco, const QPalette& colores, qreal curva) {
         pintor->save();

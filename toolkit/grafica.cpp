@@ -123,6 +123,13 @@ void Grafica::pinte_ejes(QPainter& p, const QRectF& l, const Escala& e) const {
     const QColor tinta = palette().color(QPalette::WindowText);
     QColor suave = tinta;
     suave.setAlpha(45);
+    if (senalada_ >= 0) {
+        QColor franja = tinta;
+        franja.setAlpha(22);
+        const double media = l.width() / double(std::max<qsizetype>(1, categorias_.size())) / 2;
+        p.fillRect(QRectF(x_de(l, senalada_) - media, l.top(), 2 * media, height() - l.top()),
+                   franja);
+    }
     for (double v = e.minimo; v <= e.maximo + e.paso / 2; v += e.paso) {
         const double y = y_de(l, e, v);
         p.setPen(QPen(std::abs(v) < e.paso / 2 ? tinta : suave, 1));
@@ -146,11 +153,6 @@ void Grafica::pinte_ejes(QPainter& p, const QRectF& l, const Escala& e) const {
         if (x >= libre)
             p.drawText(QPointF(x, l.bottom() + paso(0.5) + m.ascent()), categorias_[i]);
         libre = x + suyo + paso(0.5);
-    }
-    if (senalada_ >= 0) {
-        p.setPen(QPen(tinta, 1, Qt::DashDotLine));
-        const double x = x_de(l, senalada_);
-        p.drawLine(QPointF(x, l.top()), QPointF(x, l.bottom()));
     }
 }
 

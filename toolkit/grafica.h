@@ -22,7 +22,7 @@ public:
 
     /// Reemplaza lo dibujado. `categorias` rotula el eje horizontal.
     void muestre(const QStringList& categorias, const QVector<SerieGrafica>& series);
-    /// Categoría que se señala con una línea vertical; -1 ninguna.
+    /// Categoría que se señala con una franja tenue, con su rótulo; -1 ninguna.
     void senale(int categoria);
     const QVector<SerieGrafica>& series() const { return series_; }
     const QStringList& categorias() const { return categorias_; }

@@ -85,6 +85,9 @@ void MarcoPantalla::decida_barra() {
     const QSize todo = maximumViewportSize(), pide = pantalla_->minimumSizeHint();
     const int alto =
         pantalla_->hasHeightForWidth() ? pantalla_->heightForWidth(todo.width()) : pide.height();
+    // Lo que se mide a ese ancho vale más que la suma de lo que cada parte pediría sola.
+    if (pantalla_->hasHeightForWidth())
+        pantalla_->setMinimumHeight(alto < pide.height() ? alto : 0);
     const bool cabe = pide.width() <= todo.width() && alto <= todo.height();
     setVerticalScrollBarPolicy(cabe ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
 }
@@ -165,9 +168,18 @@ void MarcoPantalla::siga_el_foco() {
     // De una rejilla o de un texto largo basta ver su comienzo y por dónde se va; si no caben los
     // dos, por dónde se va.
     QRect renglon = area->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    const QScrollBar* abajo = area->horizontalScrollBar();
+    QScrollBar* al_lado = verticalScrollBar();
+    // La barra era de mientras se acomodaba: se vuelve a donde se estaba.
+    if (abajo->maximum() == 0)
+        if (const auto corrida = std::exchange(por_la_barra_, {});
+            corrida && al_lado->value() == corrida->second)
+            al_lado->setValue(corrida->first);
     if (const auto* lista = qobject_cast<const QAbstractItemView*>(area)) {
         connect(lista->selectionModel(), &QItemSelectionModel::currentChanged, this,
                 &MarcoPantalla::siga_el_foco_luego, Qt::UniqueConnection);
+        connect(abajo, &QScrollBar::rangeChanged, this, &MarcoPantalla::siga_el_foco_luego,
+                Qt::UniqueConnection);
         renglon = lista->visualRect(lista->currentIndex());
         if (antes && antes != foco) // se pasó a ella: cuantas filas quepan
             muestre(lugar);
@@ -176,6 +188,17 @@ void MarcoPantalla::siga_el_foco() {
     const int alto = qMax(renglon.height(), area->fontMetrics().height());
     renglon = QRect(lugar.left(), arriba, lugar.width(), alto) & lugar;
     muestre(QRect(lugar.topLeft(), renglon.bottomRight()));
+    // Lo que se desplaza de lado muestra también con qué, mientras no saque el renglón.
+    const QRect con_barra(renglon.topLeft(), lugar.bottomRight());
+    if (abajo->maximum() > 0 && con_barra.height() + 2 * paso(1.5) <= alto_libre()) {
+        const int sin_barra = al_lado->value();
+        muestre(lugar.height() + 2 * paso(1.5) <= alto_libre() ? lugar : con_barra);
+        if (al_lado->value() != sin_barra)
+            por_la_barra_ = {por_la_barra_ && por_la_barra_->second == sin_barra
+                                 ? por_la_barra_->first
+                                 : sin_barra,
+                             al_lado->value()};
+    }
     muestre(renglon);
 }
 
@@ -187,6 +210,7 @@ void MarcoPantalla::siga_el_foco_luego() {
 void MarcoPantalla::suelte() {
     if (pantalla_) {
         takeWidget();
+        pantalla_->setMinimumHeight(0);
         pantalla_->setParent(nullptr);
     }
 }

@@ -45,6 +45,8 @@ private:
     QPointer<QWidget> botones_;
     QPointer<QWidget> seguido_; ///< el último al que se llevó la vista
     QPointer<QWidget> telon_;   ///< detrás de los botones, cuando tapan lo que se desplaza
+    /// De dónde a dónde se corrió para mostrar la barra de una rejilla.
+    std::optional<std::pair<int, int>> por_la_barra_;
     bool fijando_ = false, siguiendo_ = false;
 };
 

@@ -6,10 +6,12 @@
 #include "toolkit/estilo.h"
 #include "toolkit/letras_alt.h"
 #include "toolkit/marcos.h"
+#include "toolkit/rejilla/rejilla.h"
 #include "toolkit/sin_grabar.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <QLayout>
 #include <QMdiSubWindow>
 
@@ -186,8 +188,27 @@ QSize Pantalla::tamano_inicial() const {
     return deseado.expandedTo(minimumSizeHint()).boundedTo(area);
 }
 
+namespace {
+
+/// El alto que pide. Por menos de una fila no sale una barra: la ceden sus rejillas.
+int apretado(const Pantalla& pantalla, int alto) {
+    const QWidget* ventanilla = pantalla.parentWidget();
+    const auto* marco =
+        qobject_cast<QAbstractScrollArea*>(ventanilla ? ventanilla->parentWidget() : nullptr);
+    const int falta = marco ? alto - marco->maximumViewportSize().height() : 0;
+    if (falta <= 0 || falta > paso(4))
+        return alto;
+    for (const Rejilla* r : pantalla.findChildren<Rejilla*>())
+        if (r->isVisibleTo(&pantalla) && falta <= r->verticalHeader()->defaultSectionSize())
+            return alto - falta;
+    return alto;
+}
+
+} // namespace
+
 int Pantalla::heightForWidth(int ancho) const {
-    return layout() ? layout()->minimumHeightForWidth(ancho) : QWidget::heightForWidth(ancho);
+    return apretado(*this, layout() ? layout()->minimumHeightForWidth(ancho)
+                                    : QWidget::heightForWidth(ancho));
 }
 
 QSize Pantalla::area_principal() const {

@@ -1,11 +1,13 @@
 #include "vouchers/nombres_en_linea.h"
 
+#include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "vouchers/pch.h"
 
 NombresEnLinea::NombresEnLinea(Rejilla* rejilla, Libro libro, int columna)
-    : QObject(rejilla), rejilla_(rejilla), libro_(libro) {
+    : QObject(rejilla), rejilla_(rejilla), libro_(libro), columna_(columna) {
     static_cast<DelegadoCelda*>(rejilla->itemDelegate())
         ->acompane(columna, [this, columna](int fila) {
             return nombre(rejilla_->modelo().texto(fila, columna));
@@ -42,5 +44,6 @@ void NombresEnLinea::consulte() {
     } catch (const std::exception&) {
         return;
     }
+    static_cast<EncabezadoRejilla*>(rejilla_->horizontalHeader())->anchos().mida_nombres(columna_);
     rejilla_->viewport()->update();
 }

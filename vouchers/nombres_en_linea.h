@@ -19,6 +19,7 @@ private:
 
     Rejilla* rejilla_;
     Libro libro_;
+    int columna_;
     QHash<QString, QString> nombres_;
     QSet<QString> por_consultar_;
 };

@@ -61,7 +61,7 @@ void Tfplanilladatos::construya() {
         .fila({{"Tipo", ETipo}, {"Período", Formulario::junto({EMes, EAno})}})
         .ancha(DBGridEh1)
         .botones(barra);
-    tamano_del_area(60, 40);
+    tamano(1100, 700);
 }
 
 // ---------------------------------------------------------------- creación

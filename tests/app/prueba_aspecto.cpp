@@ -367,10 +367,17 @@ void revise_apertura(const Pantalla* p, QStringList& faltas) {
     const int fondo = botones ? botones->mapTo(marco, QPoint()).y() : marco->height();
     const int corrida = barras->verticalScrollBar()->value();
     QRect lugar(foco->mapTo(marco, QPoint()), foco->size());
-    if (const auto* r = qobject_cast<const QAbstractItemView*>(foco))
-        lugar.setHeight(r->viewport()->y() + qMax(0, r->visualRect(r->currentIndex()).bottom()));
-    else if (qobject_cast<const QAbstractScrollArea*>(foco)) // de un texto, su primer renglón
+    // De una rejilla, hasta su fila; de la que se desplaza de lado, su fila y la barra.
+    if (const auto* r = qobject_cast<const QAbstractItemView*>(foco)) {
+        const QRect fila = r->visualRect(r->currentIndex());
+        const int arriba = r->viewport()->y() + qMax(0, fila.top());
+        if (r->horizontalScrollBar()->maximum() > 0 && lugar.height() - arriba + 4 * paso() < fondo)
+            lugar.setTop(lugar.top() + arriba);
+        else
+            lugar.setHeight(r->viewport()->y() + qMax(0, fila.bottom()));
+    } else if (qobject_cast<const QAbstractScrollArea*>(foco)) { // su primer renglón
         lugar.setHeight(foco->fontMetrics().height());
+    }
     if (botones && botones->isAncestorOf(foco))
         return;
     if (lugar.top() < 0 || lugar.bottom() > fondo)

@@ -1,10 +1,12 @@
 // El ancho de una rejilla se reparte: cifras y códigos enteros, y lo demás para los textos.
 #include "rejilla_de_prueba.h"
+#include "toolkit/estilo.h"
 #include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/titulo_columna.h"
 
+#include <cmath>
 #include <numeric>
 
 namespace {
@@ -67,7 +69,8 @@ private slots:
             {1000, {80, 760, 160}}};
         for (const auto& [disponible, anchos] : casos)
             QCOMPARE(reparta_ancho(codigo_nombre_y_cifra, disponible), anchos);
-        // Un nombre que puede ceder lo hace antes que un título, y los dos antes que desplazarse.
+        // El título de lo que no dice nada cede primero; después un nombre que puede ceder, después
+        // un título, y todos antes que desplazarse.
         QVector<PedidoAncho> con_nombre_largo = codigo_nombre_y_cifra;
         con_nombre_largo[1].cede = 30;
         QCOMPARE(reparta_ancho(con_nombre_largo, 280), QVector<int>({60, 80, 140}));
@@ -75,11 +78,10 @@ private slots:
         QCOMPARE(reparta_ancho(con_nombre_largo, 249), QVector<int>({60, 70, 140})); // se desplaza
         con_nombre_largo << PedidoAncho{
             .contenido = 90, .titulo = 50, .cede = 90, .peso = 9, .vacia = true};
-        QCOMPARE(reparta_ancho(con_nombre_largo, 340), QVector<int>({60, 90, 140, 50}));
-        // La que no dice nada da hasta parte de su título antes que las otras el suyo, y lo recobra
-        // en cuanto dice algo.
+        QCOMPARE(reparta_ancho(con_nombre_largo, 340), QVector<int>({60, 100, 140, 40}));
+        // Y lo recobra en cuanto dice algo.
         con_nombre_largo.last() = {.contenido = 90, .titulo = 50, .cede = 70, .vacia = true};
-        QCOMPARE(reparta_ancho(con_nombre_largo, 310), QVector<int>({60, 70, 140, 40}));
+        QCOMPARE(reparta_ancho(con_nombre_largo, 310), QVector<int>({60, 90, 140, 20}));
         QCOMPARE(reparta_ancho(con_nombre_largo, 280), QVector<int>({60, 70, 130, 20}));
         // Si de todos modos se desplaza, el nombre toma hasta la quinta parte; donde se puede
         // digitar y no hay nada, queda el título.
@@ -94,9 +96,14 @@ private slots:
             {.contenido = 50, .comodo = 300, .peso = 10},
             {.contenido = 50, .titulo = 20, .seguido = 60, .cede = 50, .vacia = true},
             {.contenido = 50, .comodo = 200, .entero = 200, .peso = 10}};
+        QCOMPARE(reparta_ancho(nombres, 260), QVector<int>({50, 10, 200}));
         QCOMPARE(reparta_ancho(nombres, 270), QVector<int>({50, 20, 200}));
         QCOMPARE(reparta_ancho(nombres, 305), QVector<int>({55, 50, 200}));
         QCOMPARE(reparta_ancho(nombres, 315), QVector<int>({55, 60, 200}));
+        // De dos nombres, el corto se lee entero antes que el largo un poco más.
+        const QVector<PedidoAncho> dos{{.contenido = 50, .entero = 70, .peso = 10},
+                                       {.contenido = 50, .entero = 400, .peso = 10}};
+        QCOMPARE(reparta_ancho(dos, 150), QVector<int>({70, 80}));
     }
 
     void un_titulo_se_parte_y_se_abrevia_antes_que_perderse() {
@@ -124,8 +131,9 @@ private slots:
                                      {.contenido = 100, .comodo = 100, .cifra = true}};
         QCOMPARE(reparta_ancho(pedidos, 300), QVector<int>({115, 70, 115}));
         QCOMPARE(reparta_ancho(pedidos, 2000), QVector<int>({150, 70, 150}));
-        pedidos[0].cifra = false; // un código sí: la rejilla llega hasta su borde
-        QCOMPARE(reparta_ancho(pedidos, 2000), QVector<int>({1780, 70, 150}));
+        pedidos[0].cifra = false; // un código un poco más, sin llevarse toda la ventana
+        QCOMPARE(reparta_ancho(pedidos, 450), QVector<int>({230, 70, 150}));
+        QCOMPARE(reparta_ancho(pedidos, 2000), QVector<int>({300, 70, 150}));
         // Con anchos cualesquiera nada se pierde por redondeo.
         for (int disponible = 301; disponible < 700; disponible += 7) {
             const QVector<PedidoAncho> tres{{.contenido = 33, .comodo = 90, .peso = 7},
@@ -266,6 +274,61 @@ private slots:
             return QString("Otro nombre");
         });
         QCOMPARE(tinta(), angosta);
+        // Con sitio, un nombre largo se lee entero.
+        const QString largo = "Anticipos de clientes por servicios de mantenimiento";
+        static_cast<DelegadoCelda*>(p.rejilla->itemDelegate())->acompane(p.Cuenta, [&](int) {
+            return largo;
+        });
+        p.ventana.resize(1600, 300);
+        p.rejilla->ajuste_anchos();
+        QVERIFY(p.rejilla->columnWidth(p.Cuenta) >
+                p.rejilla->fontMetrics().horizontalAdvance("110501  " + largo));
+    }
+
+    void las_barras_no_reservan_sitio_si_las_filas_caben_justas() {
+        RejillaDePrueba p(6);
+        p.rejilla->pie(false);
+        const int filas = p.rejilla->verticalHeader()->length();
+        const int sobra = p.rejilla->viewport()->height() - filas;
+        p.ventana.resize(p.ventana.width(), p.ventana.height() - sobra);
+        QCoreApplication::processEvents();
+        QCOMPARE(p.rejilla->viewport()->height(), filas);
+        QCOMPARE(total(*p.rejilla), p.rejilla->viewport()->width());
+    }
+
+    void el_nombre_tenue_se_lee_tambien_en_la_fila_actual() {
+        constexpr double kContraste = 4.5; // el menor de un texto corriente, WCAG 2.1 (1.4.3)
+        const auto luz = [](const QColor& c) {
+            const auto lineal = [](double x) {
+                return x <= 0.03928 ? x / 12.92 : std::pow((x + 0.055) / 1.055, 2.4);
+            };
+            return 0.2126 * lineal(c.redF()) + 0.7152 * lineal(c.greenF()) +
+                   0.0722 * lineal(c.blueF());
+        };
+        for (const char* tema : {"claro", "oscuro"}) {
+            qputenv("QUORVEX_TEMA", tema);
+            aplique_estilo(*qApp);
+            RejillaDePrueba p;
+            static_cast<DelegadoCelda*>(p.rejilla->itemDelegate())->acompane(p.Cuenta, [](int) {
+                return QString(12, QChar(0x2588)); // tinta pareja
+            });
+            p.rejilla->ajuste_anchos();
+            p.rejilla->setFocus();
+            p.rejilla->dgMultiSelect(true);
+            p.rejilla->marque(2);
+            p.rejilla->marque(0);
+            const QImage foto = p.rejilla->viewport()->grab().toImage();
+            for (int fila = 0; fila < 3; ++fila) {
+                const QRect celda = p.rejilla->visualRect(p.rejilla->model()->index(fila, 0));
+                const int x =
+                    celda.left() + p.rejilla->fontMetrics().horizontalAdvance("1105010  ") + 12;
+                const double a = luz(foto.pixelColor(x, celda.center().y()));
+                const double b = luz(foto.pixelColor(celda.left() + 4, celda.top() + 4));
+                QVERIFY2((qMax(a, b) + 0.05) / (qMin(a, b) + 0.05) >= kContraste,
+                         qPrintable(QString("%1, fila %2").arg(tema).arg(fila)));
+            }
+        }
+        qunsetenv("QUORVEX_TEMA");
     }
 };
 

@@ -117,12 +117,14 @@ void RejillaCubo::ajuste_anchos() {
 }
 
 void RejillaCubo::reparta() {
-    // Un nombre largo se corta solo si todas no caben a la vez. La primera no se desplaza: deja a
-    // la vista al menos la mitad.
+    // Un nombre largo se corta solo si todas no caben a la vez.
     const int total = std::accumulate(pedidos_.begin(), pedidos_.end(), 0);
     const bool todas = pedidos_.size() == modelo_.columnCount();
     const bool caben = todas && total <= viewport()->width();
-    const int mitad = qMax(paso(12), viewport()->width() / 2);
+    // La primera no se desplaza: deja a la vista al menos la mitad, y entera cualquier cifra.
+    const int cifra =
+        minimos_.size() > 1 ? *std::max_element(minimos_.begin() + 1, minimos_.end()) : 0;
+    const int mitad = qMax(paso(12), qMin(viewport()->width() / 2, viewport()->width() - cifra));
     const int sobra = viewport()->width() - std::accumulate(minimos_.begin(), minimos_.end(), 0);
     int libre = todas ? qMax(0, sobra) : 0;
     for (int c = 0; c < pedidos_.size(); ++c) {

@@ -19,6 +19,7 @@ constexpr int kCaracteresMinimo = 8;   ///< lo que de un nombre siempre se ve
 constexpr int kCaracteresCodigo = 4;   ///< y de un código, aunque hoy sean más cortos
 constexpr int kCaracteresAlLado = 32;  ///< del nombre que va tras su código
 constexpr int kCaracteresHolgura = 45; ///< y si sobra
+constexpr int kVecesCodigo = 3;        ///< lo más que un código se ensancha con lo que sobra
 constexpr int kCaracteresEntero = 70; ///< un nombre; lo más largo es una nota, y se lee en su celda
 
 /// Reparte hasta `libre` en proporción a lo que a cada uno le falta. Devuelve lo que sobra.
@@ -42,8 +43,29 @@ int de_lo_que_falta(QVector<int>& anchos, const QVector<int>& faltas, int libre)
     return libre - tope;
 }
 
+/// A los que menos les falta primero: entre un nombre largo y uno corto, el corto se lee entero.
+int de_menor_a_mayor(QVector<int>& anchos, const QVector<int>& faltas, int libre) {
+    QVector<qsizetype> orden;
+    for (qsizetype i = 0; i < faltas.size(); ++i)
+        if (faltas[i] > 0)
+            orden << i;
+    std::sort(orden.begin(), orden.end(),
+              [&](qsizetype a, qsizetype b) { return faltas[a] < faltas[b]; });
+    for (qsizetype i = 0; i < orden.size() && libre > 0; ++i) {
+        const int da = qMin(faltas[orden[i]], libre / int(orden.size() - i));
+        anchos[orden[i]] += da;
+        libre -= da;
+    }
+    return libre;
+}
+
 int suma(const QVector<int>& pixeles) {
     return std::accumulate(pixeles.begin(), pixeles.end(), 0);
+}
+
+bool alguna_dice(const QVector<PedidoAncho>& pedidos) {
+    return std::any_of(pedidos.begin(), pedidos.end(),
+                       [](const PedidoAncho& p) { return !p.vacia && !p.fijo; });
 }
 
 /// Un texto sin nada en ninguna fila, también donde se podría digitar: le basta su título.
@@ -77,14 +99,20 @@ struct Cesiones {
     int indispensable() const { return sin_ceder() - suma(nombre) - suma(titulo); }
 };
 
-/// No cabe todo: un nombre y un título se pueden leer en su letrero; una cifra, no. Si ni así, la
-/// rejilla se desplaza, con las más cifras a la vista y entero el título de lo que dice algo.
+/// Con menos, la rejilla se desplaza.
+int lo_indispensable(const QVector<PedidoAncho>& pedidos) {
+    const Cesiones c(pedidos);
+    return c.indispensable() + (alguna_dice(pedidos) ? 0 : suma(c.titulo_vacia));
+}
+
+/// Ni cediendo lo que no dice nada y los nombres cabe todo: un título se puede leer en su letrero;
+/// una cifra, no. Si ni así, la rejilla se desplaza, con las más cifras a la vista y entero el
+/// título de lo que dice algo.
 QVector<int> apriete(const Cesiones& c, const QVector<PedidoAncho>& pedidos, int disponible) {
     QVector<int> anchos = c.anchos, quita(anchos.size(), 0);
     int sobra = de_lo_que_falta(quita, c.nombre, suma(anchos) - disponible);
     const bool cabe = c.indispensable() <= disponible;
-    if (cabe || std::any_of(pedidos.begin(), pedidos.end(),
-                            [](const PedidoAncho& p) { return !p.vacia && !p.fijo; }))
+    if (cabe || alguna_dice(pedidos))
         sobra = de_lo_que_falta(quita, c.titulo_vacia, sobra);
     if (cabe)
         de_lo_que_falta(quita, c.titulo, sobra);
@@ -101,10 +129,14 @@ QVector<int> apriete(const Cesiones& c, const QVector<PedidoAncho>& pedidos, int
 
 QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) {
     const Cesiones c(pedidos);
-    QVector<int> anchos = c.anchos;
-    int libre = disponible - suma(anchos);
+    QVector<int> anchos = c.anchos, cedidos = c.titulo_vacia;
+    if (!alguna_dice(pedidos))
+        cedidos.fill(0);
+    int libre = disponible - suma(anchos) + suma(cedidos) + suma(c.nombre);
     if (libre < 0)
         return apriete(c, pedidos, disponible);
+    for (qsizetype i = 0; i < anchos.size(); ++i)
+        anchos[i] -= cedidos[i] + c.nombre[i];
     const auto lo_suyo = [&](const auto& cuanto) {
         QVector<int> faltas;
         for (qsizetype i = 0; i < pedidos.size(); ++i)
@@ -115,8 +147,13 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
         libre = de_lo_que_falta(anchos, lo_suyo(cuanto), libre);
     };
     using P = const PedidoAncho&;
-    // Antes de guardarle sitio a lo que se digite, que se lea lo que ya hay.
-    de([](P p, int ancho) { return p.entero - ancho; });
+    // Antes que el título entero de lo que no dice nada, y que el sitio de lo que se digite, va lo
+    // que ya hay.
+    QVector<int> nombres = lo_suyo([](P p, int ancho) { return p.entero - ancho; });
+    for (qsizetype i = 0; i < nombres.size(); ++i)
+        nombres[i] = qMax(nombres[i], c.nombre[i]);
+    libre = de_menor_a_mayor(anchos, nombres, libre);
+    libre = de_lo_que_falta(anchos, cedidos, libre);
     libre = de_lo_que_falta(anchos, c.reserva, libre);
     // Los títulos en un renglón, si todos caben.
     if (const auto seguidos = lo_suyo([](P p, int ancho) { return p.seguido - ancho; });
@@ -129,7 +166,7 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
     } else {
         // Sin textos que lo aprovechen, las cifras se separan un poco, y no más.
         de([](P p, int ancho) { return ancho / 2; });
-        de([libre](P p, int ancho) { return p.cifra ? 0 : ancho * qMax(1, libre); });
+        de([](P p, int ancho) { return p.cifra ? 0 : kVecesCodigo * p.comodo - ancho; });
     }
     return anchos;
 }
@@ -280,10 +317,45 @@ void AnchosRejilla::mida_corto(int columna, PedidoAncho& p) const {
     p.comodo = qMax(p.contenido, declarado);
     if (acompanada) {
         p.comodo = p.contenido + ancho_caracteres(medidas, kCaracteresHolgura);
-        if (rejilla_.modelo().rowCount() > 0)
-            p.entero = p.contenido + ancho_caracteres(medidas, kCaracteresAlLado);
+        if (const int filas = rejilla_.modelo().rowCount(); filas > 0)
+            p.entero = qMax(p.contenido + ancho_caracteres(medidas, kCaracteresAlLado),
+                            con_su_nombre(columna, 0, filas));
         p.peso = c.ancho;
     }
+}
+
+int AnchosRejilla::con_su_nombre(int columna, int desde, int hasta) const {
+    const auto& delegado = static_cast<const DelegadoCelda&>(*rejilla_.itemDelegate());
+    const int aire = DelegadoCelda::margen(rejilla_.fontMetrics());
+    int mayor = 0;
+    for (int f = desde; f < qMin(hasta, desde + kFilasMedidas); ++f) {
+        const QFont& letra = rejilla_.aspecto_de(f).letra;
+        const int nombre = ancho_entero(
+            qCeil(regla_.ancho(letra, delegado.acompanante(rejilla_.modelo().index(f, columna)))));
+        const int codigo = qCeil(regla_.ancho(letra, rejilla_.modelo().texto(f, columna)));
+        mayor = qMax(mayor, codigo + nombre + 4 * aire + 2);
+    }
+    return mayor;
+}
+
+void AnchosRejilla::mida_nombres(int columna) {
+    // Mientras se digita nada se mueve: al grabar la fila se mide.
+    if (pedidos_.size() != rejilla_.cuenta_columnas() || rejilla_.digitando() ||
+        !rejilla_.conjunto() || rejilla_.conjunto()->Modified())
+        return;
+    crezca_con_su_nombre(columna, 0, rejilla_.modelo().rowCount());
+    if (reparta_si_crecio())
+        emit crecio();
+}
+
+void AnchosRejilla::crezca_con_su_nombre(int columna, int desde, int hasta) {
+    PedidoAncho& p = pedidos_[columna];
+    const int entero = p.fijo ? 0 : con_su_nombre(columna, desde, hasta);
+    if (entero <= p.entero)
+        return;
+    p.entero = entero;
+    p.comodo = qMax(p.comodo, entero);
+    repartido_ = -1;
 }
 
 void AnchosRejilla::mida() {
@@ -363,6 +435,10 @@ void AnchosRejilla::crezca(int columna, int desde, int hasta, bool con_nombres) 
         }
         return;
     }
+    // A lo que se digita el nombre le llega al pintarse; una tecla no lo pide antes.
+    if (con_nombres && !rejilla_.conjunto()->editando() &&
+        static_cast<DelegadoCelda*>(rejilla_.itemDelegate())->acompanada(columna))
+        crezca_con_su_nombre(columna, desde, hasta);
     const bool dice = !calla || !p.vacia;
     asegure(p, dice ? qMax(suyo, ancho_del_pie(columna)) : ceros(columna, suyo), !calla);
 }
@@ -400,9 +476,10 @@ int AnchosRejilla::ancho_disponible() const {
     const int filas =
         rejilla_.modelo().rowCount() * rejilla_.verticalHeader()->defaultSectionSize();
     // Sin filas queda como estaba: al volver a leer se vacía y se llena, y no hay que repartir ni
-    // pintar dos veces.
+    // pintar dos veces. La de abajo también les quita alto.
     if (filas > 0)
-        con_barra_ = filas > todo.height() - barra;
+        con_barra_ = filas > todo.height() ||
+                     (filas > todo.height() - barra && lo_indispensable(pedidos_) > todo.width());
     return todo.width() - (con_barra_ ? barra : 0);
 }
 
@@ -415,10 +492,17 @@ int AnchosRejilla::lo_que_falta() const {
     return qMax(0, total - ancho_disponible());
 }
 
-int AnchosRejilla::sin_ceder() const {
+int AnchosRejilla::fuera_de_las_columnas() const {
     const int barra = rejilla_.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &rejilla_);
-    const int fuera = rejilla_.width() - rejilla_.maximumViewportSize().width();
-    return Cesiones(pedidos_).sin_ceder() + fuera + barra;
+    return rejilla_.width() - rejilla_.maximumViewportSize().width() + barra;
+}
+
+int AnchosRejilla::sin_ceder() const {
+    return Cesiones(pedidos_).sin_ceder() + fuera_de_las_columnas();
+}
+
+int AnchosRejilla::cediendo() const {
+    return lo_indispensable(pedidos_) + fuera_de_las_columnas();
 }
 
 void AnchosRejilla::reparta() {

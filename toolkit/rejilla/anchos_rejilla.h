@@ -42,6 +42,8 @@ public:
     void mida_filas(int desde, int hasta);
     /// Mide lo que se acaba de poner en una fila, o solo en una de sus celdas.
     void mida_fila(int fila, int columna = -1);
+    /// Llegaron los nombres que acompañan los códigos de esa columna.
+    void mida_nombres(int columna);
     /// Reparte lo ya medido en el ancho que haya.
     void reparta();
     /// La columna no alcanza para lo que se acaba de pintar: se le da en cuanto termine el pintado.
@@ -54,6 +56,8 @@ public:
     int lo_que_falta() const;
     /// Ancho de la rejilla con que se ve todo lo que dice, sin que ceda sino lo que no dice nada.
     int sin_ceder() const;
+    /// Y con el que no hay que desplazarla, cediendo lo que se puede ceder.
+    int cediendo() const;
 
     // --- los del usuario, por campo, en caracteres
     void escoja(int columna, int ancho); ///< el usuario la dejó en esos píxeles
@@ -65,6 +69,7 @@ signals:
 
 private:
     int ancho_disponible() const;
+    int fuera_de_las_columnas() const; ///< marcos y barras
     PedidoAncho mida_columna(int columna) const;
     /// Lo más ancho que muestra una columna; `calla` si no dice nada o solo ceros.
     struct Contenido {
@@ -82,6 +87,9 @@ private:
     int ceros(int columna, int lleno) const;
     void mida_texto(int columna, PedidoAncho& p) const;
     void mida_corto(int columna, PedidoAncho& p) const;
+    /// Lo que pide el código con su nombre tenue al lado.
+    int con_su_nombre(int columna, int desde, int hasta) const;
+    void crezca_con_su_nombre(int columna, int desde, int hasta);
     void crezca(int columna, int desde, int hasta, bool con_nombres);
     bool reparta_si_crecio();
     /// No cede por debajo de ese ancho. `dice`: ya no está vacía.

@@ -46,6 +46,11 @@ void BandasRejilla::paintEvent(QPaintEvent*) {
         letra.setBold(true);
         p.setFont(letra);
         p.setPen(palette().color(QPalette::ButtonText));
-        p.drawText(r, Qt::AlignCenter, banda.titulo);
+        // En la mitad de lo que se ve de ella; si ahí no cabe, se lee su comienzo.
+        const QFontMetrics medidas(letra);
+        const QRect sitio = r.adjusted(paso(0.5), 0, -paso(0.5), 0);
+        const bool cabe = medidas.horizontalAdvance(banda.titulo) <= sitio.width();
+        p.drawText(sitio, Qt::AlignVCenter | (cabe ? Qt::AlignHCenter : Qt::AlignLeft),
+                   medidas.elidedText(banda.titulo, Qt::ElideRight, sitio.width()));
     }
 }

@@ -8,6 +8,7 @@
 
 #include <QHelpEvent>
 #include <QToolTip>
+#include <cmath>
 
 namespace {
 
@@ -17,6 +18,30 @@ QColor mezcle(const QColor& base, const QColor& tinte, qreal cuanto) {
     return QColor::fromRgbF(float(base.redF() + (tinte.redF() - base.redF()) * cuanto),
                             float(base.greenF() + (tinte.greenF() - base.greenF()) * cuanto),
                             float(base.blueF() + (tinte.blueF() - base.blueF()) * cuanto));
+}
+
+/// Luminancia relativa, de 0 a 1.
+double luz(const QColor& c) {
+    const auto lineal = [](double x) {
+        return x <= 0.03928 ? x / 12.92 : std::pow((x + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * lineal(c.redF()) + 0.7152 * lineal(c.greenF()) + 0.0722 * lineal(c.blueF());
+}
+
+/// La tinta, acercada al negro o al blanco hasta que se lea sobre ese fondo.
+QColor legible(QColor tinta, const QColor& fondo) {
+    constexpr double kContraste = 4.6; // el 4,5 de un texto corriente, y lo que pierde al redondear
+    constexpr int kPaso = 12;
+    const double detras = luz(fondo);
+    const int hacia = detras < 0.18 ? kPaso : -kPaso;
+    const auto contraste = [&] {
+        const double suya = luz(tinta);
+        return (qMax(suya, detras) + 0.05) / (qMin(suya, detras) + 0.05);
+    };
+    const auto corra = [hacia](int canal) { return qBound(0, canal + hacia, 255); };
+    while (contraste() < kContraste && tinta != QColor(Qt::white) && tinta != QColor(Qt::black))
+        tinta = QColor(corra(tinta.red()), corra(tinta.green()), corra(tinta.blue()));
+    return tinta;
 }
 
 } // namespace
@@ -70,7 +95,8 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
     const Rejilla::Aspecto& aspecto = rejilla_.aspecto_de(indice.row());
     const QRect celda = opcion.rect;
     pintor->save();
-    pintor->fillRect(celda, fondo(opcion, indice));
+    const QColor papel = fondo(opcion, indice);
+    pintor->fillRect(celda, papel);
 
     const ColumnaRejilla& columna = rejilla_.columna(indice.column());
     if (columna.casilla) {
@@ -116,7 +142,7 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
         }
         pintor->drawText(hueco, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
                          texto);
-        pinte_acompanante(*pintor, hueco.adjusted(ancho + 2 * aire, 0, 0, 0), indice);
+        pinte_acompanante(*pintor, hueco.adjusted(ancho + 2 * aire, 0, 0, 0), indice, papel);
     }
 
     if (indice == rejilla_.currentIndex()) {
@@ -141,11 +167,11 @@ QString DelegadoCelda::acompanante(const QModelIndex& indice) const {
 }
 
 void DelegadoCelda::pinte_acompanante(QPainter& pintor, const QRect& hueco,
-                                      const QModelIndex& indice) const {
+                                      const QModelIndex& indice, const QColor& papel) const {
     const QFontMetrics medidas = pintor.fontMetrics();
     if (!acompanada(indice.column()) || hueco.width() < medidas.averageCharWidth() * kLetrasUtiles)
         return;
-    pintor.setPen(rejilla_.palette().color(QPalette::PlaceholderText));
+    pintor.setPen(legible(rejilla_.palette().color(QPalette::PlaceholderText), papel));
     pintor.drawText(hueco, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                     medidas.elidedText(acompanante(indice), Qt::ElideRight, hueco.width()));
 }

@@ -29,7 +29,8 @@ public:
     static QRect caja(const QRect& celda, const QWidget* vista);
 
 private:
-    void pinte_acompanante(QPainter& pintor, const QRect& hueco, const QModelIndex& indice) const;
+    void pinte_acompanante(QPainter& pintor, const QRect& hueco, const QModelIndex& indice,
+                           const QColor& papel) const;
     int sangria(const QModelIndex& indice) const;
     QColor fondo(const QStyleOptionViewItem& opcion, const QModelIndex& indice) const;
 
