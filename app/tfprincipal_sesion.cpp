@@ -7,6 +7,7 @@
 #include "app/vigiamensajes.h"
 #include "datos/firebird/claves.h"
 #include "datos/firebird/reloj.h"
+#include "datos/firebird/servicios.h"
 #include "sesion/apertura.h"
 #include "sesion/guardas.h"
 #include "sesion/instalacion.h"
@@ -83,6 +84,10 @@ void Tfprincipal::revise_guardas() {
     if (encienda_guardas(fdm().Quorvex) > 0)
         fdm().mostrar_advertencia("Hay guardas de la base de datos apagadas. Pida al administrador "
                                   "que las encienda con quorvex-admin actualizar.");
+    AvisosBarra* barra = fdm().barra();
+    if (barra && !tiene_escritura_inmediata(fdm().Quorvex))
+        barra->texto("La base de datos no espera al disco: pida al administrador que la asegure "
+                     "con quorvex-admin actualizar.");
 }
 
 bool Tfprincipal::entre_si_falta() {

@@ -451,6 +451,8 @@ void FormaRango::imprimirClick() {
         close();
         return;
     }
+    // Si algo falla la pantalla sigue abierta: el título de este rango no es el del siguiente.
+    auto devuelva = qScopeGuard([this, propio = ETit->text()] { ETit->setText(propio); });
     compone_titulo();
     MotorInformes motor(this);
     motor.nombre_archivo = datos_.archivo;
@@ -466,6 +468,7 @@ void FormaRango::imprimirClick() {
     ajuste_reporte(motor, pagina);
     saque(motor);
     motor.cerrar();
+    devuelva.dismiss();
     close();
 }
 

@@ -252,9 +252,11 @@ void FormaMantenimiento::anuncie(const QString& texto) {
 
 void FormaMantenimiento::trabaje(const QString& aviso,
                                  const std::function<CifrasMantenimiento()>& trabajo) {
+    // También si falla: un trabajo de los dos libros puede haber cambiado ya el primero.
     const auto al_salir = qScopeGuard([this] {
         Aviso->clear();
         QApplication::restoreOverrideCursor();
+        emit fdmcnt().balance_por_recalcular();
     });
     QApplication::setOverrideCursor(Qt::WaitCursor);
     anuncie(aviso);
@@ -263,7 +265,6 @@ void FormaMantenimiento::trabaje(const QString& aviso,
         compacte_lo_pendiente(fdm().Quorvex, [this](qint64 van) {
             anuncie(QStringLiteral("Poniendo los saldos al día: %1 ...").arg(van));
         });
-    emit fdmcnt().balance_por_recalcular();
     AvisosBarra* barra = fdm().barra();
     if (barra && hecho.comprobantes > 0)
         barra->texto(windowTitle() + ": " + hecho.cuantos());

@@ -18,11 +18,12 @@ namespace {
 
 /// Base nueva con su esquema. Si no se llega a `conserve`, se borra con la carpeta que se hizo para
 /// ella: una creación que falla a mitad de camino no deja nada. Mientras se llena no se espera al
-/// disco: quien la crea termina con asegure().
+/// disco: se asegura cuando está completa, y solo entonces se registra.
 class BaseNueva {
 public:
     BaseNueva(const Sesion& s, const ParametrosConexion& parametros, TipoBase tipo)
-        : ruta_(s.ubicacion().carpetas_alcanzables() ? s.ubicacion().ruta_de(parametros.base)
+        : parametros_(parametros),
+          ruta_(s.ubicacion().carpetas_alcanzables() ? s.ubicacion().ruta_de(parametros.base)
                                                      : QString()) {
         if (!ruta_.isEmpty() && QFileInfo::exists(ruta_))
             throw ErrorDatos(QStringLiteral("Ya existe la base de datos %1.").arg(parametros.base));
@@ -34,6 +35,7 @@ public:
         nueva.escritura_forzada = false;
         try {
             base.cree_base(nueva);
+            creada_ = true;
             Instalador(base).instale(tipo);
         } catch (...) {
             deshaga();
@@ -44,17 +46,21 @@ public:
         if (!conservada_)
             deshaga();
     }
-    void conserve() {
+    /// Ya está completa: desde aquí cada confirmación llega al disco.
+    void asegure() {
         base.desconectar();
-        conservada_ = true;
+        ponga_escritura_inmediata(parametros_, true);
     }
+    void conserve() { conservada_ = true; }
 
     Conexion base;
 
 private:
     void deshaga() noexcept {
         try {
-            if (base.conectada())
+            if (creada_ && !base.conectada())
+                base.conectar(parametros_);
+            if (creada_)
                 base.borre_base();
         } catch (const std::exception&) {
             base.desconectar();
@@ -65,19 +71,21 @@ private:
             QDir().rmdir(carpeta);
     }
 
+    ParametrosConexion parametros_;
     QString ruta_;
     QStringList hechas_; ///< carpetas que no existían, de la más honda a la menos
+    bool creada_ = false;
     bool conservada_ = false;
 };
 
-/// Desde aquí cada confirmación llega al disco. No debe quedar conexión propia abierta.
-void asegure(const ParametrosConexion& parametros) {
-    ponga_escritura_inmediata(parametros, true);
+void cree_general(const Sesion& s) {
+    BaseNueva nueva(s, s.general(), TipoBase::General);
+    nueva.asegure();
+    nueva.conserve();
 }
 
 void crear_general(const Sesion& s) {
-    BaseNueva(s, s.general(), TipoBase::General).conserve();
-    asegure(s.general());
+    cree_general(s);
     diga(QStringLiteral("Base general creada en %1.").arg(s.general().base));
 }
 
@@ -97,9 +105,9 @@ void crear_compania(const Sesion& s) {
     general.conectar(s.general());
     BaseNueva nueva(s, s.compania(d.codigo), TipoBase::Compania);
     configure_compania(nueva.base, d);
+    nueva.asegure();
     registre_compania(general, d);
     nueva.conserve();
-    asegure(s.compania(d.codigo));
     diga(QStringLiteral("Compañía %1 creada en %2.").arg(d.codigo, s.compania(d.codigo).base));
 }
 
@@ -124,8 +132,7 @@ void crear_demo(const Sesion& s) {
     } catch (const ErrorBase& e) {
         if (e.clase() != ClaseFalla::NoExiste)
             throw;
-        BaseNueva(s, s.general(), TipoBase::General).conserve();
-        asegure(s.general());
+        cree_general(s);
         general.conectar(s.general());
     }
     BaseNueva nueva(s, s.compania(d.codigo), TipoBase::Compania);
@@ -136,10 +143,10 @@ void crear_demo(const Sesion& s) {
     compacte_saldos(nueva.base);
     if (s.ubicacion().carpetas_alcanzables())
         escriba_muestras(nueva.base, carpeta_de_muestras(s, d.codigo), opciones.ano);
+    nueva.asegure();
     registre_compania(general, d);
     registre_logo(general, d.codigo, logo_demo());
     nueva.conserve();
-    asegure(s.compania(d.codigo));
     if (s.ubicacion().en_servidor())
         for (const char* usuario : {"ADMIN", "AUXILIAR"})
             cree_usuario_servidor(general, QLatin1String(usuario),
@@ -160,7 +167,13 @@ void actualice_una(const ParametrosConexion& base, TipoBase tipo, const QString&
         throw ErrorDatos(QStringLiteral("%1 está en uso por %2. Cierre esas sesiones e intente de "
                                         "nuevo.")
                              .arg(nombre, otras.join(QStringLiteral(", "))));
-    const QStringList hechas = Instalador(conexion).actualice(tipo);
+    QStringList hechas = Instalador(conexion).actualice(tipo);
+    // La que quedó así de una creación que murió perdería lo grabado al irse la luz.
+    if (!tiene_escritura_inmediata(conexion)) {
+        conexion.desconectar();
+        ponga_escritura_inmediata(base, true);
+        hechas << QStringLiteral("la escritura inmediata");
+    }
     diga(nombre + (hechas.isEmpty() ? QStringLiteral(": al día.")
                                     : QStringLiteral(": aplicadas %1.").arg(hechas.join(", "))));
 }

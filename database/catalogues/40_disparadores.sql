@@ -43,16 +43,40 @@ BEGIN
     OR EXISTS (SELECT 1 FROM ACTIVOS_FIJOS WHERE ACFJ_COD = :CODIGO);
 END^
 
--- Espera a que terminen los comprobantes nuevos que se están grabando y detiene a los que sigan, si
--- la cuenta PADRE podía llevar movimiento y va a recibir un auxiliar. Todo el que graba un
--- comprobante toma antes la fila de su prefijo: así, o sus líneas ya se ven, o se le rehúsan.
+-- Toma la estructura: quien la cambia, quien crea la primera cuenta y quien abre un auxiliar se
+-- esperan, y el que llega segundo ve lo que hizo el otro.
+CREATE OR ALTER PROCEDURE TOME_ESTRUCTURA
+AS
+  DECLARE NIVEL integer;
+BEGIN
+  FOR SELECT ESTR_NIVEL FROM ESTRUCTURA WITH LOCK INTO :NIVEL DO
+    NIVEL = NULL;
+END^
+
+-- Ninguna cuenta recibe su primer auxiliar hasta que termine esta transacción, que va a poner
+-- movimiento en una: el auxiliar lo verá, o ya está y se verá aquí. Un comprobante nuevo no la
+-- necesita, porque tiene tomado su prefijo. La llaman las líneas y los saldos iniciales.
+CREATE OR ALTER PROCEDURE DETENGA_AUXILIARES
+AS
+  DECLARE NIVEL integer;
+BEGIN
+  SELECT FIRST 1 ESTR_NIVEL FROM ESTRUCTURA ORDER BY ESTR_NIVEL WITH LOCK INTO :NIVEL;
+END^
+
+-- Espera a que terminen los que están grabando y detiene a los que sigan, si la cuenta PADRE podía
+-- llevar movimiento y va a recibir un auxiliar. Quien graba un comprobante nuevo tiene la fila de
+-- su prefijo y los demás la estructura: así, o sus líneas ya se ven, o se le rehúsan. La
+-- estructura primero: quien la toma al grabar puede tomar después un prefijo, y nunca al revés.
 CREATE OR ALTER PROCEDURE ESPERE_GRABACIONES (PADRE varchar(20))
 AS
   DECLARE PREFIJO varchar(4);
 BEGIN
   IF (NIVEL_CUENTA(PADRE) >= NIVEL_AFECTABLE()) THEN
+  BEGIN
+    EXECUTE PROCEDURE TOME_ESTRUCTURA;
     FOR SELECT PRCO_PREF FROM PREFIJOS_CONTA WITH LOCK INTO :PREFIJO DO
       PREFIJO = NULL;
+  END
 END^
 
 -- El mantenimiento está cambiando la cuenta en esta transacción.
@@ -62,16 +86,6 @@ AS
 BEGIN
   RETURN EXISTS (SELECT 1 FROM CUENTA_EN_MANTENIMIENTO
     WHERE LIBRO = :LIBRO AND CUEN_COD = :CUENTA);
-END^
-
--- Toma la estructura: quien la cambia y quien crea la primera cuenta se esperan, y el que llega
--- segundo ve lo que hizo el otro.
-CREATE OR ALTER PROCEDURE TOME_ESTRUCTURA
-AS
-  DECLARE NIVEL integer;
-BEGIN
-  FOR SELECT ESTR_NIVEL FROM ESTRUCTURA WITH LOCK INTO :NIVEL DO
-    NIVEL = NULL;
 END^
 
 CREATE OR ALTER TRIGGER ESTRUCTURA_BIUD FOR ESTRUCTURA

@@ -238,6 +238,10 @@ void restaure_base(const QString& archivo, const ParametrosConexion& destino, bo
     });
 }
 
+bool tiene_escritura_inmediata(Conexion& conexion) {
+    return conexion.consulte("select mon$forced_writes from mon$database").entero() != 0;
+}
+
 void ponga_escritura_inmediata(const ParametrosConexion& base, bool inmediata) {
     con_servicio(base, [=, ruta = direccion_de(base.base).ruta](Servicio& servicio) {
         IXpbBuilder* spb = orden(isc_action_svc_properties);

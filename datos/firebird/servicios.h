@@ -18,3 +18,4 @@ void restaure_base(const QString& archivo, const ParametrosConexion& destino, bo
 /// Que cada confirmación llegue al disco antes de contestar (lo normal), o no. Nadie más puede
 /// tener abierta la base.
 void ponga_escritura_inmediata(const ParametrosConexion& base, bool inmediata);
+bool tiene_escritura_inmediata(Conexion& conexion);

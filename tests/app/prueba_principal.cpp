@@ -150,7 +150,8 @@ private slots:
     void la_primera_activacion_sigue_su_orden() {
         QStringList orden;
         const auto anote = [&orden](const QString& sql) {
-            if (!sql.contains("rdb$", Qt::CaseInsensitive) && !sql.contains("version_esquema"))
+            if (!sql.contains("rdb$", Qt::CaseInsensitive) && !sql.contains("mon$") &&
+                !sql.contains("version_esquema"))
                 orden << sql;
         };
         s_->datos.Quorvex.observador = [&](const QString& sql) { anote("Q " + sql); };

@@ -52,7 +52,7 @@ void PruebaActualizacion::initTestCase() {
         Conexion c;
         conecte(c);
         c.ejecute("insert into planilla_digitacion (pldi_id) values (7)");
-        for (const char* dato : {"1, 'Valor'", "2, 'VALOR'"})
+        for (const char* dato : {"1, 'Valor'", "2, 'VALOR'", "3, 'valor (2)'"})
             c.ejecute(QString("insert into planilla_digitacion_cuentas (pldi_id, pldc_item,"
                               " pldc_titulo) values (7, %1)")
                           .arg(QLatin1String(dato)));
@@ -90,7 +90,7 @@ void PruebaActualizacion::los_datos_quedan_como_las_guardas_los_exigen() {
     QCOMPARE(filas("select sain_debito, sain_credito from saldos_iniciales order by sain_item"),
              "40|0\n0|40");
     QCOMPARE(filas("select pldc_titulo from planilla_digitacion_cuentas order by pldc_item"),
-             "Valor\nVALOR (2)");
+             "Valor\nVALOR (3)\nvalor (2)");
     // Nadie modificó nada: solo quedan las inserciones de entonces.
     QCOMPARE(filas("select tido_cod, audi_oper, count(*) from auditoria where tido_cod <> 102 and "
                    "tido_cod <> 100 group by 1, 2 order by 1"),

@@ -31,6 +31,7 @@ private slots:
     void una_compania_que_no_se_acaba_de_crear_no_deja_nada();
     void la_ayuda_nombra_todas_las_ordenes();
     void un_respaldo_probado_devuelve_los_datos();
+    void un_respaldo_que_cae_entre_dos_cambios_se_repite();
     void un_respaldo_danado_no_toca_la_base();
     void con_otra_sesion_abierta_no_se_actualiza_ni_restaura();
     void verificar_encuentra_un_saldo_alterado();
@@ -193,6 +194,25 @@ void PruebaAdministrador::un_respaldo_probado_devuelve_los_datos() {
     QCOMPARE(anterior.consulte("select count(*) from centros").entero(), 0);
 }
 
+void PruebaAdministrador::un_respaldo_que_cae_entre_dos_cambios_se_repite() {
+    BaseDePrueba b;
+    // Una fila que solo el primer respaldo ve: entra después de contar la base y sale antes de
+    // volver a contarla.
+    const QString cuando = "create trigger %1 active on %2 as begin "
+                           "if (rdb$get_context('SYSTEM', 'DB_NAME') like '%/001/%' "
+                           "and gen_id(contadas, %3) = %4) then %5; end";
+    b.ejecute({"create table de_paso (n integer)", "create sequence contadas",
+               cuando.arg("al_salir", "disconnect", "1", "2", "insert into de_paso values (1)"),
+               cuando.arg("al_entrar", "connect", "0", "3", "delete from de_paso")});
+    b.base().desconectar();
+    const QString archivo = b.ruta() + "/copia.fbk";
+    const auto r = administre(en(b.ruta(), respalde(archivo)));
+    QVERIFY2(r.codigo == 0, qPrintable(r.errores));
+    QVERIFY(QFile::exists(archivo) && !QFile::exists(archivo + ".dudoso"));
+    // La de esta prueba y, de cada respaldo, las dos cuentas y la copia.
+    QCOMPARE(b.base().consulte("select gen_id(contadas, 0) from rdb$database").entero(), 7);
+}
+
 void PruebaAdministrador::un_respaldo_danado_no_toca_la_base() {
     BaseDePrueba b;
     const QString archivo = b.ruta() + "/copia.fbk";
@@ -220,8 +240,12 @@ void PruebaAdministrador::con_otra_sesion_abierta_no_se_actualiza_ni_restaura() 
         QVERIFY2(r.errores.contains("está en uso por ADMIN desde prueba_admin"),
                  qPrintable(r.errores));
     }
+    // La de prueba no espera al disco: la que queda al día, sí.
+    const QString segura = "select mon$forced_writes from mon$database";
+    QCOMPARE(b.base().consulte(segura).entero(), 0);
     b.base().desconectar();
     QCOMPARE(administre(en(b.ruta(), {"actualizar"})).codigo, 0);
+    QCOMPARE(b.base().consulte(segura).entero(), 1);
 }
 
 void PruebaAdministrador::verificar_encuentra_un_saldo_alterado() {

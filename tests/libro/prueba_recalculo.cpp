@@ -49,6 +49,15 @@ private slots:
                  "SALDOS_CUENTA|130505|2017|2|109|100|0|0");
         QCOMPARE(en_texto(recalcule_saldos(c, Libro::Niif, "20000101", "0", "99999999")),
                  "SALDOS_TERCERO_NIIF|130505|2018|2|0|30|0|0");
+        // Sin año de inicio, los saldos iniciales no son de ninguna fecha.
+        base.ejecute({"update configuracion set conf_valor = '' where conf_propiedad = 'AÑO DE "
+                      "INICIO'",
+                      "insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values "
+                      "(1, '110505', 70)",
+                      "execute procedure compacte_saldos",
+                      "update saldos_cuenta set sald_debito = 7 where cuen_cod = '110505'"});
+        QCOMPARE(en_texto(recalcule_saldos(c, Libro::Decreto2649, "20000101", "0", "99999999")),
+                 "SALDOS_CUENTA|110505|0000|0|7|70|0|0");
         QCOMPARE(saldos_distintos(c), QString());
     }
 

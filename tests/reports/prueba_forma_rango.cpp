@@ -15,6 +15,7 @@ private slots:
     void exportar_exige_su_derecho_y_graba_todas_las_columnas();
     void el_libro_de_calculo_lleva_numeros_y_tildes();
     void una_fecha_mal_escrita_no_pierde_lo_digitado();
+    void un_informe_que_falla_no_deja_su_titulo_para_el_siguiente();
     void lo_impreso_cuadra_mientras_otro_graba();
     void la_lista_escribe_en_la_caja_que_la_pidio();
     void quien_lee_la_vista_no_detiene_la_base();
@@ -190,6 +191,29 @@ void PruebaFormaRango::una_fecha_mal_escrita_no_pierde_lo_digitado() {
     fecha.clear();
     QTest::keyClicks(&fecha, "2017/01/31");
     QCOMPARE(fecha.text(), "20170131");
+}
+
+void PruebaFormaRango::un_informe_que_falla_no_deja_su_titulo_para_el_siguiente() {
+    SesionGui s;
+    agregue_libro(s);
+    const QString carpeta = s.base.ruta() + "/contabilidad/Reportes";
+    QFile propia(carpeta + "/auxiliares.rav");
+    QVERIFY(QDir().mkpath(carpeta) && propia.open(QIODevice::WriteOnly));
+    propia.write("<proyecto>");
+    propia.close();
+    auto* f = s.abra<Tfrngauxiliarcta>("Tfrngauxiliarcta");
+    for (const QString& titulo : {QString(), QString("Mi título")}) {
+        f->ETit->setText(titulo);
+        Interlocutor i;
+        i.espere_modal("dialogo", [](QWidget* w) {
+            QVERIFY(static_cast<QMessageBox*>(w)->text().contains("no es XML bien formado"));
+            w->close();
+        });
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QVERIFY(s.escritorio.abierta("Tfrngauxiliarcta"));
+        QCOMPARE(f->ETit->text(), titulo);
+    }
 }
 
 void PruebaFormaRango::lo_impreso_cuadra_mientras_otro_graba() {

@@ -99,8 +99,8 @@ private slots:
 
     void una_plantilla_que_no_acaba_se_rechaza() {
         const QTemporaryDir carpeta;
-        const auto falla = [&](const QString& cuerpo) {
-            QFile f(carpeta.filePath("propia.rav"));
+        const auto falla = [&](const QString& cuerpo, const char* nombre = "propia.rav") {
+            QFile f(carpeta.filePath(nombre));
             if (!f.open(QIODevice::WriteOnly) || f.write(cuerpo.toUtf8()) < 0)
                 return QString("no se escribió");
             f.close();
@@ -108,6 +108,15 @@ private slots:
         };
         QCOMPARE(falla("<proyecto><incluya archivo='propia.rav'/></proyecto>").section(": ", 1),
                  "\"propia.rav\" se incluye a sí mismo.");
+        // Una que llega a sí misma por otra; y la que se llama como la parte común del programa,
+        // que la incluye a ella y no a sí misma.
+        QCOMPARE(falla("<proyecto><incluya archivo='propia.rav'/></proyecto>", "otra.rav")
+                     .section(": ", 1),
+                 "\"propia.rav\" se incluye a sí mismo.");
+        QCOMPARE(falla("<proyecto><incluya archivo='otra.rav'/></proyecto>").section(": ", 1),
+                 "\"propia.rav\" se incluye a sí mismo.");
+        QCOMPARE(falla("<proyecto><incluya archivo='comun.xml'/></proyecto>", "comun.xml"),
+                 "(entró)");
         QCOMPARE(falla("<proyecto>" + QString("<banda>").repeated(100000)).section(": ", 1),
                  "el archivo no es XML bien formado.");
     }

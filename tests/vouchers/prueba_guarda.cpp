@@ -15,7 +15,9 @@ private slots:
     void lo_que_nadie_usa_cambia_de_codigo_y_arrastra_a_quien_lo_nombra();
     void un_proyecto_con_centros_de_otras_agencias_no_se_borra_desde_la_suya();
     void un_auxiliar_y_una_linea_de_su_cuenta_no_entran_a_la_vez();
+    void un_auxiliar_y_lo_que_se_le_agrega_a_lo_grabado_no_entran_a_la_vez();
     void la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez();
+    void de_dos_planillas_grabadas_a_la_vez_ninguna_repite_un_titulo();
     void replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649();
     void un_libro_niif_distinto_sigue_siendo_del_usuario();
     void sin_equivalente_no_hay_media_replica();
@@ -37,6 +39,18 @@ private:
         return QString("insert into comprobante_detalle%1 (enco_consec, code_item, cuen_cod, "
                        "code_debito, code_credito, arti_cod) values (%2)")
             .arg(libro, valores);
+    }
+    /// Con la primera a medias la segunda no pasa; confirmada, la razón por la que se rehúsa.
+    QString a_la_vez(Conexion& otra, const QString& primera, const QString& segunda) {
+        Transaccion t(base(), Transaccion::Modo::Escritura);
+        base().prepare(primera, t)->ejecute(t, {});
+        {
+            Transaccion sin(otra, Transaccion::Modo::EscrituraSinEspera);
+            if (falla_de([&] { otra.prepare(segunda, sin)->ejecute(sin, {}); }) == "(entró)")
+                return "Entraron las dos";
+        }
+        t.confirme();
+        return negativa_de(otra, segunda);
     }
     /// Lo que las pantallas de los catálogos no alcanzan a borrar, con alguien que lo nombra.
     void ponga_todo_en_uso();
@@ -300,6 +314,50 @@ void PruebaGuarda::un_auxiliar_y_una_linea_de_su_cuenta_no_entran_a_la_vez() {
     QCOMPARE(filas("select count(*) from comprobante_encabezado"), "0");
 }
 
+void PruebaGuarda::un_auxiliar_y_lo_que_se_le_agrega_a_lo_grabado_no_entran_a_la_vez() {
+    Conexion otra;
+    otra.conectar(base_->parametros());
+    const QString aumente =
+        "execute block as begin insert into asiento_linea (asie_id, libro, code_item, cuen_cod, "
+        "code_debito, code_credito) select 1, '%1', n, '110505', 7, 7 from (select 8 n from "
+        "rdb$database union all select 9 from rdb$database); "
+        "execute procedure aumente_comprobante(1, 1); end";
+    for (const QString libro : {"", "_niif"}) {
+        const QString abra = QString("insert into cuentas%1 (cuen_cod, cuen_nom) values "
+                                     "('11050501', 'Auxiliar')")
+                                 .arg(libro),
+                      inicial = "saldos_iniciales" + libro;
+        const QString formas[] = {
+            linea(libro, "1, 9, '110505', 5, 0, null"),
+            QString("update comprobante_detalle%1 set cuen_cod = '110505' where code_item = 1")
+                .arg(libro),
+            QString("insert into %1 (sain_item, cuen_cod, sain_debito) values (2, '110505', 5)")
+                .arg(inicial),
+            QString("update %1 set cuen_cod = '110505'").arg(inicial),
+            QString("execute procedure reemplace_cuenta%1('111005', '110505', '20170101', "
+                    "'20171231', null, 'S')")
+                .arg(libro),
+            aumente.arg(libro.isEmpty() ? "2649" : "NIIF"),
+        };
+        for (const QString& agregue : formas) {
+            const QVector<Linea> lineas{{1, "111005", 5, 0}, {2, "111005", 0, 5}};
+            grabe(base(), 1, "20170310", lineas, lineas);
+            base_->ejecute({QString("insert into %1 (sain_item, cuen_cod, sain_debito) values "
+                                    "(1, '111005', 5)")
+                                .arg(inicial)});
+            const QString abierto = a_la_vez(otra, abra, agregue);
+            QVERIFY2(abierto.contains("tiene auxiliares definidos"), qPrintable(abierto + agregue));
+            base_->ejecute(
+                {QString("delete from cuentas%1 where cuen_cod = '11050501'").arg(libro)});
+            QCOMPARE(a_la_vez(otra, agregue, abra),
+                     "La cuenta 110505 tiene movimiento y no puede recibir auxiliares.");
+            base_->ejecute({"delete from comprobante_detalle",
+                            "delete from comprobante_detalle_niif",
+                            "delete from comprobante_encabezado", "delete from " + inicial});
+        }
+    }
+}
+
 void PruebaGuarda::la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez() {
     base_->ejecute({"delete from cuentas where char_length(cuen_cod) = 8"});
     for (const char* libro : {"", "_niif"})
@@ -313,26 +371,29 @@ void PruebaGuarda::la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez() {
                   cree = "insert into cuentas%1 (cuen_cod, cuen_nom) values ('1', 'Activo')",
                   primer = "select list(estr_digitos) from estructura where estr_nivel = 1";
     for (const char* libro : {"", "_niif"}) {
-        const auto a_la_vez = [&](const QString& primera, const QString& segunda) {
-            Transaccion t(base(), Transaccion::Modo::Escritura);
-            base().prepare(primera, t)->ejecute(t, {});
-            {
-                // Mientras la primera no termina, la segunda no pasa.
-                Transaccion sin(otra, Transaccion::Modo::EscrituraSinEspera);
-                if (falla_de([&] { otra.prepare(segunda, sin)->ejecute(sin, {}); }) == "(entró)")
-                    return QString("Entraron las dos");
-            }
-            t.confirme();
-            return negativa_de(otra, segunda);
-        };
-        QCOMPARE(a_la_vez(cambie.arg(3), cree.arg(libro)),
+        QCOMPARE(a_la_vez(otra, cambie.arg(3), cree.arg(libro)),
                  "El código 1 no tiene la longitud de ningún nivel de la estructura.");
         base_->ejecute({cambie.arg(1)});
-        QCOMPARE(a_la_vez(cree.arg(libro), cambie.arg(3)),
+        QCOMPARE(a_la_vez(otra, cree.arg(libro), cambie.arg(3)),
                  "La estructura no se puede cambiar: ya hay cuentas creadas.");
         QCOMPARE(filas(primer), "1");
         base_->ejecute({QString("delete from cuentas%1").arg(libro)});
     }
+}
+
+void PruebaGuarda::de_dos_planillas_grabadas_a_la_vez_ninguna_repite_un_titulo() {
+    base_->ejecute({"insert into planilla_digitacion (pldi_id) values (11)",
+                    "insert into planilla_digitacion (pldi_id) values (1)"});
+    const auto grabe = [&](const char* titulo_11, const char* titulo_1) {
+        const QString dato = "insert into planilla_digitacion_cuentas (pldi_id, pldc_item, "
+                             "pldc_titulo) values (%1, %2, '%3'); ";
+        return negativa("execute block as begin " + dato.arg(11).arg(1).arg("Banco") +
+                        dato.arg(11).arg(2).arg(titulo_11) + dato.arg(1).arg(1).arg("Banco") +
+                        dato.arg(1).arg(2).arg(titulo_1) + "end");
+    };
+    for (const auto& [uno, otro] : {std::pair("banco", "Caja"), std::pair("Caja", "BANCO")})
+        QVERIFY(grabe(uno, otro).startsWith("Otro dato de la planilla ya se llama "));
+    QCOMPARE(grabe("Caja", "Caja"), "(entró)");
 }
 
 void PruebaGuarda::replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649() {

@@ -1,5 +1,6 @@
 -- El nombre de un dato identifica su columna en la planilla. Donde dos usuarios dejaron el mismo,
--- el segundo y los que sigan llevan su número: la planilla vuelve a abrir.
+-- el segundo y los que sigan llevan su número, el primero que ninguno tenga: la planilla vuelve a
+-- abrir.
 
 SET TERM ^ ;
 
@@ -20,9 +21,14 @@ BEGIN
     WHERE VEZ > 1
     INTO :PLANILLA, :ITEM, :TITULO, :VEZ
   DO
+  BEGIN
+    WHILE (EXISTS (SELECT 1 FROM PLANILLA_DIGITACION_CUENTAS WHERE PLDI_ID = :PLANILLA
+      AND upper(PLDC_TITULO) = upper(trim(left(:TITULO, 24)) || ' (' || :VEZ || ')'))) DO
+      VEZ = VEZ + 1;
     UPDATE PLANILLA_DIGITACION_CUENTAS
     SET PLDC_TITULO = trim(left(:TITULO, 24)) || ' (' || :VEZ || ')'
     WHERE PLDI_ID = :PLANILLA AND PLDC_ITEM = :ITEM;
+  END
 END^
 
 SET TERM ; ^
