@@ -1,7 +1,7 @@
 // Lo de todos los días: ventas, compras, gastos, recaudos y pagos.
 #include "herramientas/demo_ano.h"
 
-#include <QDate>
+#include "herramientas/demo_calendario.h"
 
 using namespace cuenta_demo;
 
@@ -10,14 +10,13 @@ namespace {
 constexpr int kFactura = 31, kFacturaCompra = 21;
 constexpr int kBaseRetencion =
     860000; // 27 UVT de 2017, compras (artículo 401 del Estatuto Tributario)
-constexpr int kIva = 1900, kReteCompras = 250, kReteicaVenta = 97, kReteicaCompra = 110,
-              kReteivaTarifa = 1500; // diezmilésimas
-constexpr int kCajaMaxima = 6000000, kFondoBanco = 8000000;
-constexpr int kRecientes = 25; // facturas más viejas entre las que se elige qué se paga
-
-Moneda parte(Moneda base, int diezmilesimas) {
-    return Moneda::porcentaje(base, Moneda::de_escalado(diezmilesimas, 2)).redondeada(0);
-}
+constexpr int kIva = 19000, kReteCompras = 2500, kReteivaTarifa = 15000; // milésimas de punto
+constexpr int kCajaMaxima = 6000000, kFondoBanco = 40000000;
+constexpr int kRecientes = 25;         // facturas más viejas entre las que se elige qué se paga
+constexpr int kVentasAno = 1480000000; // medidas en el año normal
+constexpr int kExistenciaSobrada = 60000000, kBancoSobrado = 220000000;
+constexpr qint64 kMayorCompra = 400;  // por ciento de la normal
+constexpr int kMinimasMilesimas = 40; // con menos volumen, una sola venta decidiría el año
 
 QString plazo(int ano, int mes, int dia, int dias) {
     return QDate(ano, mes, qMin(dia, QDate(ano, mes, 1).daysInMonth()))
@@ -87,18 +86,17 @@ void AnoDemo::abra() {
     }
     abra_activos(saldos);
     abra_proveedores(saldos);
-    retenciones_[kRetencionCompras] = 2140000;
-    for (auto i = retenciones_.begin(); i != retenciones_.end(); ++i)
-        saldos.ponga(i.key(), -i.value(), de(demo_.dian));
+    abra_impuestos(saldos);
+    abra_laborales(saldos);
     saldos.ponga(QStringLiteral("210510"), -Moneda(90000000), de(demo_.banco_corriente));
-    saldos.ponga(QStringLiteral("261005"), -Moneda(kCesantiasAnteriores), de(demo_.pensiones));
     saldos.ponga(QStringLiteral("310505"), -Moneda(400000000), de(demo_.socio));
     saldos.ponga(QStringLiteral("330505"), -Moneda(18500000));
     grabe_saldos(saldos.filas, false);
-    // El libro NIIF midió el camión con otra vida útil; la diferencia va a lo acumulado.
+    // El libro NIIF midió los activos con otra vida útil; la diferencia va a lo acumulado.
     for (RenglonDemo& r : saldos.filas)
-        if (r.cuenta == QLatin1String("159235"))
-            r.credito = 30200000;
+        for (const DepreciacionDemo& d : kDepreciaciones)
+            if (r.cuenta == QLatin1String(d.acumulada))
+                r.credito = d.inicial(true);
     grabe_saldos(saldos.filas, true);
 }
 
@@ -117,25 +115,19 @@ void AnoDemo::abra_clientes(SaldosDemo& saldos) {
 }
 
 void AnoDemo::abra_activos(SaldosDemo& saldos) {
-    const struct {
-        const char *nombre, *cuenta, *depreciada;
-        int costo, depreciado, meses, meses_niif;
-    } activos[] = {{"MUEBLES", "152405", "159215", 36000000, 9600000, 120, 144},
-                   {"COMPUTO", "152805", "159220", 28000000, 14200000, 60, 96},
-                   {"CAMION", "154008", "159235", 96000000, 38400000, 60, 96}};
     int grupo = 0;
-    for (const auto& a : activos) {
+    for (const DepreciacionDemo& d : kDepreciaciones) {
         RenglonDemo r;
-        r.articulo = QLatin1String(a.nombre);
-        saldos.ponga(QLatin1String(a.cuenta), a.costo, r);
-        saldos.ponga(QLatin1String(a.depreciada), -Moneda(a.depreciado));
+        r.articulo = QLatin1String(d.activo);
+        saldos.ponga(QLatin1String(d.cuenta), d.costo, r);
+        saldos.ponga(QLatin1String(d.acumulada), -Moneda(d.inicial(false)));
         conexion_.ejecute(
             QStringLiteral("insert into activos_fijos (acfj_cod, acfj_desc, acfj_fecing,"
                            " acfj_mesdep, acfj_depniif, acfj_dep, acfj_activo, acfj_unidades,"
                            " acfj_vrorig, acfj_ctaconta, acfj_ctadepc, acgr_id)"
                            " values (?,?,?,?,?,'S','S','N',?,?,?,?)"),
-            {Valor(r.articulo), Valor(r.articulo), Valor(QDate(ano_ - 2, 3, 1)), Valor(a.meses),
-             Valor(a.meses_niif), Valor(a.costo), Valor(a.cuenta), Valor(a.depreciada),
+            {Valor(r.articulo), Valor(r.articulo), Valor(QDate(ano_ - 2, 3, 1)), Valor(d.vida),
+             Valor(d.vida_niif), Valor(d.costo), Valor(d.cuenta), Valor(d.acumulada),
              Valor(++grupo)});
     }
 }
@@ -151,6 +143,35 @@ void AnoDemo::abra_proveedores(SaldosDemo& saldos) {
         r.vence = plazo(ano_, 1, 8, i * 5);
         saldos.ponga(kProveedores, -c.valor, r);
         por_pagar_.push_back(c);
+    }
+}
+
+void AnoDemo::abra_impuestos(SaldosDemo& saldos) {
+    // Con el IVA al 16 %, que era la tarifa del último bimestre.
+    bimestres_[0] = {40300000, 30900000, 920000, {}, 2710000, 890000};
+    const Bimestre& b = bimestres_[0];
+    saldos.ponga(kReteiva, b.reteiva, de(demo_.dian));
+    saldos.ponga(kReteica, b.reteica, de(demo_.hacienda));
+    saldos.ponga(kIvaGenerado, -b.iva_generado, de(demo_.dian));
+    saldos.ponga(kIvaDescontable, b.iva_descontable, de(demo_.dian));
+    saldos.ponga(kRentaPorPagar, -Moneda(kRentaAnterior), de(demo_.dian));
+    saldos.ponga(kIcaPorPagar, -b.ica, de(demo_.hacienda));
+    const std::pair<const char*, int> retenido[] = {
+        {"236515", 198000},           {"236525", 284000}, {"236530", 168000},
+        {kRetencionCompras, 2140000}, {"236550", 172500}, {"236705", 184000},
+        {kRetencionIca, 1870000}};
+    for (const auto& [cuenta, valor] : retenido) {
+        const QString codigo = QLatin1String(cuenta);
+        retenido_[0][codigo] = valor;
+        saldos.ponga(codigo, -Moneda(valor),
+                     de(codigo == QLatin1String(kRetencionIca) ? demo_.hacienda : demo_.dian));
+    }
+}
+
+void AnoDemo::abra_laborales(SaldosDemo& saldos) {
+    for (const EmpleadoDemo& e : demo_.empleados) {
+        saldos.ponga(kCesantias, -cesantias_anteriores(e), de(e.nit));
+        saldos.ponga(kInteresesCesantias, -parte(cesantias_anteriores(e), 12000), de(e.nit));
     }
 }
 
@@ -179,56 +200,92 @@ void AnoDemo::grabe_saldos(QVector<RenglonDemo> filas, bool niif) {
 
 void AnoDemo::mes(int mes, qint64 milesimas) {
     mes_ = mes;
+    milesimas = qMax<qint64>(milesimas, kMinimasMilesimas);
+    tamano_ = qMax<qint64>(100, 100 * 1000 / milesimas);
     const int dias = QDate(ano_, mes, 1).daysInMonth();
     for (dia_ = 1; dia_ <= dias; ++dia_) {
-        const bool domingo = QDate(ano_, mes, dia_).dayOfWeek() == Qt::Sunday;
-        if (!domingo)
+        if (es_habil(QDate(ano_, mes, dia_))) {
             dia(milesimas);
-        if (dia_ == 2)
-            for (const GastoDemo& g : demo_.gastos)
-                if (g.minimo == g.maximo)
-                    gaste(g);
-        if (dia_ == 5)
-            pague_credito();
-        if (dia_ == 10)
-            pague_aportes();
-        if (dia_ == 14 && mes == 2)
-            pague_cesantias();
-        if (dia_ == 15)
-            pague_nomina(1);
-        if (dia_ == 16)
-            pague_retenciones();
-        if (dia_ == 18 && mes % 2 == 1 && mes > 1)
-            pague_iva();
-        if (dia_ == 20 && mes % 6 == 0)
-            pague_prima();
-        if (dia_ == 22)
-            pague_al_exterior();
-        if (dia_ == 23 && mes == 8)
-            reciba_indemnizacion();
-        if (dia_ == 24 && mes == 11)
-            reciba_sin_saber_de_quien();
-        if (dia_ == dias) {
-            pague_nomina(2);
-            deprecie();
-            cobre_banco();
+            fechas_del_mes();
         }
+        if (dia_ == dias)
+            fin_de_mes();
     }
 }
 
+bool AnoDemo::toca(int dia) const {
+    return desde_habil(QDate(ano_, mes_, dia)) == QDate(ano_, mes_, dia_);
+}
+
+void AnoDemo::fechas_del_mes() {
+    const bool declara = mes_ % 2 == 1;
+    if (toca(2))
+        for (const GastoDemo& g : demo_.gastos)
+            if (g.minimo == g.maximo)
+                gaste(g);
+    if (toca(5))
+        pague_credito();
+    if (toca(10))
+        pague_aportes();
+    if (toca(12) && (mes_ == 4 || mes_ == 6))
+        pague_renta();
+    if (toca(14) && mes_ == 2)
+        pague_cesantias();
+    if (toca(15))
+        pague_nomina(1);
+    if (toca(16))
+        pague_retenciones();
+    if (toca(18) && declara)
+        pague_iva();
+    if (toca(19) && declara) {
+        pague_ica();
+        pague_reteica();
+    }
+    if (toca(20) && mes_ % 6 == 0)
+        pague_prima();
+    if (toca(22))
+        pague_al_exterior();
+    if (toca(23) && mes_ == 8)
+        reciba_indemnizacion();
+    if (toca(24) && mes_ == 11)
+        reciba_sin_saber_de_quien();
+    if (toca(27) && mes_ == 1)
+        pague_intereses_cesantias();
+}
+
+void AnoDemo::fin_de_mes() {
+    pague_nomina(2);
+    deprecie();
+    cobre_banco();
+    // El del último bimestre va con los ajustes, cuando ya están todas sus ventas.
+    if (mes_ % 2 == 0 && mes_ < 12)
+        cause_ica();
+}
+
 void AnoDemo::dia(qint64 milesimas) {
-    for (qint64 i = veces(250, milesimas); i > 0; --i)
-        venda();
+    if (milesimas < 1000) {
+        // Con pocas ventas el azar decidiría la utilidad: van al paso de las del año normal.
+        const int corridos = QDate(ano_, mes_, dia_).dayOfYear();
+        while (ventas_ < parte(Moneda(kVentasAno), corridos * 100000 / 365))
+            venda();
+    } else {
+        for (qint64 i = veces(250, milesimas); i > 0; --i)
+            venda();
+    }
     for (qint64 i = veces(5, milesimas); i > 0; --i)
         devuelva();
     for (qint64 i = veces(30, milesimas); i > 0; --i)
-        compre(int(azar_.entre(0, demo_.articulos.size() - 1)));
+        if (const int k = int(azar_.entre(0, demo_.articulos.size() - 1));
+            existencias_[k] < Moneda(kExistenciaSobrada))
+            compre(k);
     for (qint64 i = veces(60, milesimas); i > 0; --i)
         if (const GastoDemo& g = azar_.elija(demo_.gastos); g.minimo < g.maximo)
             gaste(g);
-    for (qint64 i = veces(160, milesimas); i > 0; --i)
+    for (qint64 i = veces(172, milesimas); i > 0; --i)
         recaude();
     for (qint64 i = veces(82, milesimas); i > 0; --i)
+        pague();
+    for (int i = 0; i < 3 && milesimas < 1000 && banco_ > Moneda(kBancoSobrado); ++i)
         pague();
     if (caja_ > Moneda(kCajaMaxima))
         consigne();
@@ -246,10 +303,11 @@ QVector<AnoDemo::Vendido> AnoDemo::escoja_vendidos() {
     for (qint64 i = azar_.entre(1, 4); i > 0; --i) {
         const int k = int(azar_.entre(0, demo_.articulos.size() - 1));
         const ArticuloDemo& a = demo_.articulos[k];
-        const int unidades = int(azar_.entre(1, qMax(1, 900000 / a.costo)));
+        const int unidades =
+            int(qMax<qint64>(1, azar_.entre(1, qMax(1, 900000 / a.costo)) * tamano_ / 100));
         const int precio = a.costo * int(azar_.entre(160, 186)) / 100 / 100 * 100;
         // Se repone antes de vender: la bodega nunca queda en rojo.
-        if (existencias_[k] < Moneda(a.costo * unidades))
+        while (existencias_[k] < Moneda(a.costo * unidades))
             compre(k);
         items.push_back({k, Moneda(a.costo * unidades), Moneda(precio * unidades)});
         existencias_[k] -= items.back().costo;
@@ -274,18 +332,19 @@ void AnoDemo::venda() {
     RenglonDemo retenido = de(cliente.nit);
     retenido.base = base;
     if (!contado && cliente.retenedor && base >= Moneda(kBaseRetencion)) {
-        const Moneda fuente = parte(base, kReteCompras), ica = parte(base, kReteicaVenta);
-        retenido.porcentaje = Moneda::de_texto(QStringLiteral("2.5"));
+        const Moneda fuente = parte(base, kReteCompras), ica = parte(base, kIca);
+        retenido.porcentaje = Moneda::de_escalado(kReteCompras, 3);
         a.debite(kRetefuente, fuente, retenido);
-        retenido.porcentaje = Moneda::de_texto(QStringLiteral("0.97"));
+        retenido.porcentaje = Moneda::de_escalado(kIca, 3);
         a.debite(kReteica, ica, retenido);
+        bimestre().reteica += ica;
         total -= fuente + ica;
         if (cliente.contribuyente) {
             const Moneda retenida = parte(iva, kReteivaTarifa);
             retenido.base = iva;
             retenido.porcentaje = 15;
             a.debite(kReteiva, retenida, retenido);
-            reteiva_ += retenida;
+            bimestre().reteiva += retenida;
             total -= retenida;
         }
     }
@@ -308,11 +367,12 @@ void AnoDemo::venda() {
         RenglonDemo bodega;
         bodega.articulo = art.codigo;
         a.acredite(kMercancias, i.costo, bodega);
-        ventas_ += i.precio;
         costos_ += i.costo;
     }
     a.acredite(kIvaGenerado, iva, de(cliente.nit));
-    iva_generado_ += iva;
+    ventas_ += base;
+    bimestre().ventas += base;
+    bimestre().iva_generado += iva;
     libro_.asiente(a);
 }
 
@@ -336,20 +396,21 @@ void AnoDemo::devuelva() {
     a.acredite(art.costo_ventas, costo, en(centro));
     caja_ -= precio + iva;
     existencias_[k] += costo;
-    iva_generado_ -= iva;
+    bimestre().iva_generado -= iva;
+    bimestre().ventas -= precio;
     ventas_ -= precio;
     costos_ -= costo;
     libro_.asiente(a);
 }
 
-Moneda AnoDemo::retenga(AsientoDemo& a, const QString& cuenta, Moneda base, int diezmilesimas,
+Moneda AnoDemo::retenga(AsientoDemo& a, const QString& cuenta, Moneda base, int milesimas,
                         const QString& nit) {
     RenglonDemo r = de(nit);
-    r.base = base;
-    r.porcentaje = Moneda::de_escalado(diezmilesimas, 2);
-    const Moneda valor = parte(base, diezmilesimas);
+    r.base = -base; // al crédito la base es negativa, como la graban las pantallas
+    r.porcentaje = Moneda::de_escalado(milesimas, 3);
+    const Moneda valor = parte(base, milesimas);
     a.acredite(cuenta, valor, r);
-    retenciones_[cuenta] += valor;
+    retenido_[size_t(mes_)][cuenta] += valor;
     return valor;
 }
 
@@ -362,7 +423,8 @@ void AnoDemo::compre(int articulo) {
     int k = articulo;
     for (qint64 i = azar_.entre(1, 3); i > 0; --i) {
         const ArticuloDemo& art = demo_.articulos[k];
-        const Moneda valor(art.costo * int(azar_.entre(2500000, 6500000) / art.costo));
+        const Moneda valor(art.costo * int(azar_.entre(2500000, 6500000) *
+                                           qMin(tamano_, kMayorCompra) / 100 / art.costo));
         RenglonDemo bodega;
         bodega.articulo = art.codigo;
         bodega.nit = proveedor.nit;
@@ -373,10 +435,10 @@ void AnoDemo::compre(int articulo) {
     }
     const Moneda iva = parte(base, kIva);
     a.debite(kIvaDescontable, iva, de(proveedor.nit));
-    iva_descontable_ += iva;
+    bimestre().iva_descontable += iva;
     Moneda total = base + iva;
     total -= retenga(a, kRetencionCompras, base, kReteCompras, proveedor.nit);
-    total -= retenga(a, kRetencionIca, base, kReteicaCompra, proveedor.nit);
+    total -= retenga(a, kRetencionIca, base, kIca, proveedor.nit);
     RenglonDemo r = de(proveedor.nit);
     r.documento = QString::number(++consecutivo_proveedor_).rightJustified(6, '0');
     r.tipo_documento = kFacturaCompra;
@@ -394,12 +456,12 @@ void AnoDemo::gaste(const GastoDemo& g) {
     a.debite(g.cuenta, base, en(azar_.elija(demo_.centros_gasto), g.nit));
     Moneda total = base;
     if (g.iva > 0) {
-        const Moneda iva = parte(base, g.iva * 100);
+        const Moneda iva = parte(base, g.iva * 1000);
         a.debite(kIvaDescontable, iva, de(g.nit));
-        iva_descontable_ += iva;
+        bimestre().iva_descontable += iva;
         total += iva;
     }
-    if (!g.retencion.isEmpty())
+    if (!g.retencion.isEmpty() && base >= Moneda(g.base_minima))
         total -= retenga(a, g.retencion, base, g.tarifa, g.nit);
     RenglonDemo r = de(g.nit);
     r.documento = QString::number(++consecutivo_proveedor_).rightJustified(6, '0');
@@ -464,6 +526,8 @@ void AnoDemo::al_banco(AsientoDemo& a, Moneda valor) {
 }
 
 void AnoDemo::del_banco(AsientoDemo& a, Moneda valor) {
+    while (banco_ < valor && !por_cobrar_.empty())
+        recaude();
     a.acredite(kCorriente, valor, de(demo_.banco_corriente));
     banco_ -= valor;
 }

@@ -2,6 +2,7 @@
 
 #include "herramientas/demo_plantillas.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -16,8 +17,8 @@ struct AuxiliarDemo {
 
 // Lo que el plan oficial deja a cada comerciante: auxiliares y cuentas sin subcuenta propia.
 const AuxiliarDemo kAuxiliares[] = {
-    {"11100501", "Banco Comercial de los Andes, cuenta corriente"},
-    {"11200501", "Banco del Progreso, cuenta de ahorros"},
+    {"11100501", "Banco La Cordillera, cuenta corriente"},
+    {"11200501", "Banco El Manantial, cuenta de ahorros"},
     {"143505", "Mercancías en bodega", "", "I"},
     {"220505", "Proveedores nacionales", "T", "C"},
     {"236705", "IVA retenido a régimen común", "TR", "N", "15"},
@@ -29,6 +30,8 @@ const AuxiliarDemo kAuxiliares[] = {
     {"289595", "Descuadres de interfaz"},
     {"370505", "Utilidades acumuladas"},
     {"417505", "Devoluciones en ventas", "C"},
+    {"9415", "Bienes y valores recibidos de terceros"},
+    {"941520", "Mercancía recibida en consignación por contra"},
 };
 
 // Marcas que el plan oficial no trae y la compañía sí quiere en cuentas ya creadas.
@@ -36,7 +39,7 @@ const AuxiliarDemo kMarcas[] = {
     {"130505", "", "T", "C"},
     {"135515", "", "TR", "N", "2.5", 860000},
     {"135517", "", "TR", "N", "15", 860000},
-    {"135518", "", "TR", "N", "0.966", 860000},
+    {"135518", "", "TR", "N", "1.104", 860000},
     {"236515", "", "TR", "N", "11"},
     {"236525", "", "TR", "N", "4", 127000},
     {"236530", "", "TR", "N", "3.5", 860000},
@@ -65,8 +68,8 @@ const Nombre kClientes[] = {
     {"Inversiones Peña y Muñoz Ltda.", "05001", "Medellín"},
     {"Ferreeléctricos del Valle S.A.S.", "76001", "Cali"},
     {"Constructora Altos del Ñame S.A.", kBogota, "Bogotá, D.C."},
-    {"Colegio San Bartolo de Chía", "25175", "Chía"},
-    {"Clínica Santa Inés S.A.", kBogota, "Bogotá, D.C."},
+    {"Colegio Campestre El Nogal", "25175", "Chía"},
+    {"Clínica Los Urapanes S.A.", kBogota, "Bogotá, D.C."},
     {"Taller Industrial Güiza Ltda.", "25754", "Soacha"},
     {"Cooperativa Multiactiva El Trigal", "15001", "Tunja"},
     {"Distribuciones El Candado S.A.S.", "68001", "Bucaramanga"},
@@ -101,21 +104,21 @@ struct Servicio {
     int tarifa, iva, minimo, maximo;
 };
 const Servicio kServicios[] = {
-    {"Inmobiliaria Portal del Sol S.A.S.", "512010", "233540", "236530", "Arriendo de local", 350,
+    {"Inmobiliaria Portal del Sol S.A.S.", "512010", "233540", "236530", "Arriendo de local", 3500,
      19, 4800000, 4800000},
     {"Energía y Redes de la Sabana S.A. E.S.P.", "513530", "233550", "", "Energía eléctrica", 0, 0,
      380000, 920000},
     {"Comunicaciones del Centro S.A. E.S.P.", "513535", "233550", "", "Telefonía e internet", 0, 19,
      290000, 290000},
-    {"Seguridad Vigía Ltda.", "513505", "233595", "236525", "Vigilancia", 400, 19, 1900000,
-     2300000},
+    {"Soporte y Redes Nodo Azul Ltda.", "513515", "233595", "236525", "Soporte de sistemas", 4000,
+     19, 1900000, 2300000},
     {"Revisores y Auditores Asociados S.A.S.", "511010", "233525", "236515", "Revisoría fiscal",
-     1100, 19, 1800000, 1800000},
-    {"Publicidad Punto Aparte S.A.S.", "523560", "233595", "236525", "Publicidad y pauta", 400, 19,
+     11000, 19, 1800000, 1800000},
+    {"Publicidad Punto Aparte S.A.S.", "523560", "233595", "236525", "Publicidad y pauta", 4000, 19,
      350000, 2600000},
-    {"Transportes La Carreta Ltda.", "523550", "233545", "236525", "Fletes y acarreos", 100, 0,
+    {"Transportes La Carreta Ltda.", "523550", "233545", "236525", "Fletes y acarreos", 1000, 0,
      180000, 1500000},
-    {"Papelería El Cuaderno S.A.S.", "519530", "233595", "236540", "Papelería y útiles", 250, 19,
+    {"Papelería El Cuaderno S.A.S.", "519530", "233595", "236540", "Papelería y útiles", 2500, 19,
      90000, 640000},
 };
 
@@ -139,13 +142,13 @@ const Empleado kEmpleados[] = {
 };
 
 const Nombre kOtros[] = {
-    {"Banco Comercial de los Andes S.A.", kBogota, "Bogotá, D.C."},
-    {"Banco del Progreso S.A.", kBogota, "Bogotá, D.C."},
+    {"Banco La Cordillera S.A.", kBogota, "Bogotá, D.C."},
+    {"Banco El Manantial S.A.", kBogota, "Bogotá, D.C."},
     {"Dirección de Impuestos y Aduanas Nacionales", kBogota, "Bogotá, D.C."},
     {"Secretaría Distrital de Hacienda", kBogota, "Bogotá, D.C."},
-    {"EPS Salud Andina S.A.", kBogota, "Bogotá, D.C."},
-    {"Fondo de Pensiones Horizonte Claro S.A.", kBogota, "Bogotá, D.C."},
-    {"Riesgos Laborales La Colmena Segura S.A.", kBogota, "Bogotá, D.C."},
+    {"EPS Salud El Arrayán S.A.", kBogota, "Bogotá, D.C."},
+    {"Fondo de Pensiones La Alameda S.A.", kBogota, "Bogotá, D.C."},
+    {"Riesgos Laborales del Llano S.A.", kBogota, "Bogotá, D.C."},
     {"Caja de Compensación Familiar del Altiplano", kBogota, "Bogotá, D.C."},
     {"Vélez Aristizábal Inversiones S.A.S.", kBogota, "Bogotá, D.C."},
     {"Seguros La Muralla S.A.", kBogota, "Bogotá, D.C."},
@@ -224,11 +227,13 @@ public:
                                   " terc_apellido2, terc_nombre1, terc_nombre2)"
                                   " values (?,?,?,?,?,?,?,'169',?,?,?,?,?,'S',?,?,?,?)")) {}
 
-    QString agregue(const Nombre& n, bool juridica, const char* papel) {
+    /// `propio`: el NIT, si es de una entidad pública conocida.
+    QString agregue(const Nombre& n, bool juridica, const char* papel, const char* propio = "") {
         ++cuantos_;
-        // Números sin dueño conocido: arrancan en bloques altos y saltan de forma fija.
-        const QString nit = juridica ? QString::number(901500000 + cuantos_ * 10337)
-                                     : QString::number(1020700000 + cuantos_ * 20101);
+        // Saltan de forma fija por lo que ya se había asignado en el año del libro.
+        const QString nit = *propio    ? QLatin1String(propio)
+                            : juridica ? QString::number(801000000 + cuantos_ * 1563149)
+                                       : QString::number(1020700000 + cuantos_ * 20101);
         const QString nombre = QString::fromUtf8(n.nombre);
         // Apellidos y nombres vienen en ese orden, separados por un blanco.
         QStringList partes = juridica ? QStringList() : nombre.split(' ');
@@ -242,7 +247,7 @@ public:
                                     .arg(cuantos_ * 3 % 60 + 1)
                                     .arg(cuantos_ * 11 % 90 + 10)),
                           Valor(n.nombre_ciudad), Valor(n.ciudad),
-                          Valor(QStringLiteral("601 %1").arg(3100000 + cuantos_ * 4789)),
+                          Valor(QString::number(3100000 + cuantos_ * 4789)),
                           Valor(QStringLiteral("contacto%1@ejemplo.com.co").arg(cuantos_)), es('C'),
                           es('P'), es('E'), Valor(partes[0]), Valor(partes[1]), Valor(partes[2]),
                           Valor(partes[3])});
@@ -280,9 +285,13 @@ void cree_terceros(Conexion& c, CatalogosDemo& demo) {
         demo.proveedores.push_back({registro.agregue(n, true, "P"), QString::fromUtf8(n.nombre)});
     for (const Servicio& s : kServicios) {
         const QString nit = registro.agregue({s.nombre, kBogota, "Bogotá, D.C."}, true, "P");
+        const auto* marca = std::ranges::find_if(kMarcas, [&s](const AuxiliarDemo& a) {
+            return QLatin1String(a.codigo) == QLatin1String(s.retencion);
+        });
         demo.gastos.push_back({QLatin1String(s.cuenta), QLatin1String(s.por_pagar),
                                QLatin1String(s.retencion), QString::fromUtf8(s.concepto), s.tarifa,
-                               s.iva, s.minimo, s.maximo, nit});
+                               s.iva, s.minimo, s.maximo,
+                               marca == std::end(kMarcas) ? 0 : marca->base, nit});
     }
     for (const Empleado& e : kEmpleados)
         demo.empleados.push_back({registro.agregue({e.nombre, kBogota, "Bogotá, D.C."}, false, "E"),
@@ -300,8 +309,13 @@ void cree_terceros(Conexion& c, CatalogosDemo& demo) {
                               &demo.aseguradora,
                               &demo.del_exterior};
     i = 0;
-    for (const Nombre& n : kOtros)
-        *otros[i++] = registro.agregue(n, true, "O");
+    for (const Nombre& n : kOtros) {
+        QString* const otro = otros[i++];
+        *otro = registro.agregue(n, true, "O",
+                                 otro == &demo.dian       ? "800197268"
+                                 : otro == &demo.hacienda ? "899999061"
+                                                          : "");
+    }
     registro.confirme(c);
     c.ejecute("update terceros set terc_tipoid = 'D', terc_dv = null, ciud_cod = null, pais_id ="
               " '249', terc_dir = '1200 Harbor Ave, Miami' where terc_nit = ?",

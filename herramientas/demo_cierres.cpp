@@ -5,50 +5,41 @@
 namespace {
 
 struct ActivoDemo {
-    const char *codigo, *nombre, *modelo, *marca, *costo, *deterioro;
-    int subgrupo;
-    const char* subgrupo_nombre;
-    int meses_antes; ///< de uso cuando empezó el año
-    int vida, vida_niif;
-    int inicial, inicial_niif; ///< pesos ya depreciados al empezar el año
+    const char *modelo, *marca, *subgrupo;
 };
-/// En el orden de kDepreciaciones, que dice cuánto se deprecia cada uno al mes.
-constexpr ActivoDemo kActivos[] = {
-    {"MUEBLES", "Muebles de oficina y exhibición", "Línea Andina", "Maderas del Sur", "152405",
-     "159299", 1, "Oficina", 32, 120, 138, 9600000, 9600000},
-    {"COMPUTO", "Servidor y doce equipos de cómputo", "Torre T40", "Equipos Unidos", "152805",
-     "159299", 1, "Servidores", 30, 60, 54, 14200000, 14200000},
-    {"CAMION", "Camión de reparto de 4 toneladas", "2015", "Carga Liviana", "154008", "159299", 1,
-     "Reparto", 24, 60, 90, 38400000, 30200000}};
+/// En el orden de kDepreciaciones, que dice lo demás de cada uno.
+constexpr ActivoDemo kActivos[] = {{"Línea Andina", "Maderas del Sur", "Oficina"},
+                                   {"Torre T40", "Equipos Unidos", "Servidores"},
+                                   {"2015", "Carga Liviana", "Reparto"}};
 
 void complete_activo(Conexion& c, const ActivoDemo& a, const DepreciacionDemo& d, int grupo,
                      int ano) {
-    const QDate entrada = QDate(ano, 1, 10).addMonths(-a.meses_antes);
-    c.ejecute("insert into activos_subgrupo (acgr_id, acsg_id, acsg_nombre) values (?, ?, ?)",
-              {Valor(grupo), Valor(a.subgrupo), Valor(a.subgrupo_nombre)});
+    const QDate entrada = QDate(ano, 1, 10).addMonths(-d.uso);
+    c.ejecute("insert into activos_subgrupo (acgr_id, acsg_id, acsg_nombre) values (?, 1, ?)",
+              {Valor(grupo), Valor(a.subgrupo)});
     c.ejecute("update activos_fijos set acfj_desc = ?, acfj_fecing = ?, acfj_fecgar = ?,"
-              " acfj_modelo = ?, acfj_marca = ?, acfj_mesdep = ?, acfj_depniif = ?, acsg_id = ?,"
+              " acfj_modelo = ?, acfj_marca = ?, acfj_mesdep = ?, acfj_depniif = ?, acsg_id = 1,"
               " acfj_rescate = 0, acfj_ctadepd = ?, acfj_ctadepc = ?, acfj_ctaniif = ?,"
               " acfj_ctaniifd = ?, acfj_ctaniifc = ?, acfj_ctadeterd = '519910',"
-              " acfj_ctadeterc = ? where acfj_cod = ?",
-              {Valor(a.nombre), Valor(entrada), Valor(entrada.addYears(3)), Valor(a.modelo),
-               Valor(a.marca), Valor(a.vida), Valor(a.vida_niif), Valor(a.subgrupo), Valor(d.gasto),
-               Valor(d.acumulada), Valor(a.costo), Valor(d.gasto), Valor(d.acumulada),
-               Valor(a.deterioro), Valor(a.codigo)});
+              " acfj_ctadeterc = '159299' where acfj_cod = ?",
+              {Valor(d.nombre), Valor(entrada), Valor(entrada.addYears(3)), Valor(a.modelo),
+               Valor(a.marca), Valor(d.vida), Valor(d.vida_niif), Valor(d.gasto),
+               Valor(d.acumulada), Valor(d.cuenta), Valor(d.gasto), Valor(d.acumulada),
+               Valor(d.activo)});
     c.ejecute("insert into activos_centros (acfj_cod, acce_item, acce_proy, acce_centro, acce_porc)"
               " values (?, 1, ?, ?, 100)",
-              {Valor(a.codigo), Valor(d.proyecto), Valor(d.centro)});
+              {Valor(d.activo), Valor(d.proyecto), Valor(d.centro)});
     const auto hecho = [&](const char* libro, const char* clase, const QString& fecha, int mes,
                            int valor, const Valor& comprobante) {
         c.ejecute("insert into depreciacion_detalle (dede_id, acfj_cod, dede_libro, dede_clase,"
                   " dede_fecha, dede_mes, dede_valor, enco_consec) values (next value for"
                   " sec_depreciacion_detalle, ?, ?, ?, ?, ?, ?, ?)",
-                  {Valor(a.codigo), Valor(libro), Valor(clase), Valor(fecha), Valor(mes),
+                  {Valor(d.activo), Valor(libro), Valor(clase), Valor(fecha), Valor(mes),
                    Valor(valor), comprobante});
     };
     const QString antes = QString("%1%2").arg(ano - 1).arg("1231");
-    hecho("2649", "I", antes, (ano - 1) * 12 + 12, a.inicial, {});
-    hecho("NIIF", "I", antes, (ano - 1) * 12 + 12, a.inicial_niif, {});
+    hecho("2649", "I", antes, (ano - 1) * 12 + 12, d.inicial(false), {});
+    hecho("NIIF", "I", antes, (ano - 1) * 12 + 12, d.inicial(true), {});
     const auto meses = c.abra("select enco_consec, enco_fecha from comprobante_encabezado where"
                               " tico_cod = 'DP' order by enco_fecha");
     while (meses->siguiente()) {
@@ -85,7 +76,7 @@ QVector<RegistroDemo> registros() {
              {"AMSE",
               "Amortización de seguros pagados por anticipado",
               "170520",
-              {{"513095", nullptr, "FIN", nullptr, "350000", "S", "Seguridad", "0001", "0001"}}}},
+              {{"513095", nullptr, "FIN", nullptr, "350000", "S", "Seguros", "0001", "0001"}}}},
             {"DIGA",
              "Distribución de gastos comunes",
              {"DIGA",

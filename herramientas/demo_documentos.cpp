@@ -2,31 +2,32 @@
 
 #include "herramientas/administracion.h"
 #include "herramientas/azar.h"
+#include "herramientas/demo_calendario.h"
+#include "herramientas/demo_libro.h"
 #include "herramientas/documentos.h"
 #include "herramientas/instalador.h"
 #include "herramientas/interfaces.h"
 
 #include <QHash>
 
+using namespace cuenta_demo;
+
 namespace {
 
 constexpr int kMeses = 3, kNomina = 92;
-constexpr int kIva = 1900, kReteCompras = 250, kReteica = 97; // diezmilésimas
+constexpr int kIva = 19000, kReteCompras = 2500; // milésimas de punto
 constexpr int kBaseRetencion = 895000; // 27 UVT de 2018, compras (artículo 401 del Estatuto)
-constexpr int kCorriente = 1, kAhorros = 2;
-
-Moneda parte(Moneda base, int diezmilesimas) {
-    return Moneda::porcentaje(base, Moneda::de_escalado(diezmilesimas, 2)).redondeada(0);
-}
+constexpr int kBancoCorriente = 1, kBancoAhorros = 2;
+constexpr int kFondoCaja = 800000, kFondoBanco = 15000000;
 
 /// Arma los documentos de cada día y los escribe.
 class MesesDemo {
 public:
-    MesesDemo(Transaccion& t, const CatalogosDemo& demo, quint64 semilla)
-        : escritor_(t), demo_(demo), azar_(semilla) {}
+    MesesDemo(Transaccion& t, const CatalogosDemo& demo, quint64 semilla, Moneda corriente,
+              Moneda ahorros)
+        : escritor_(t), demo_(demo), azar_(semilla), corriente_(corriente), ahorros_(ahorros) {}
 
     void dia(QDate fecha);
-    void de_cada_mes(QDate primero);
     void defectuosos(QDate fecha);
     DocumentosDemo hechos;
 
@@ -62,7 +63,7 @@ private:
                         Moneda& total, const QString& clase = {}) {
         LineaDocumento& l = linea(d, concepto, parte(base, tarifa), clase);
         l.base = base;
-        l.porcentaje = Moneda::de_escalado(tarifa, 2);
+        l.porcentaje = Moneda::de_escalado(tarifa, 3);
         total -= l.valor;
     }
     QString registre(DocumentoSuite d) {
@@ -77,18 +78,31 @@ private:
             return {};
         return deudas.takeAt(azar_.entre(0, deudas.size() - 1));
     }
+    /// Una sin cancelar que aguante una nota; quien la hace le cambia el valor.
+    Deuda& escoja(QVector<Deuda>& deudas) {
+        const qsizetype desde = azar_.entre(0, deudas.size() - 1);
+        for (qsizetype i = 0; i < deudas.size(); ++i)
+            if (Deuda& d = deudas[(desde + i) % deudas.size()]; d.valor > Moneda(600000))
+                return d;
+        return deudas[desde];
+    }
     static void aplique(LineaDocumento& l, int tipo, const QString& numero) {
         l.tipo_aplica = tipo;
         l.aplica = numero;
     }
 
-    void venda();
+    /// `revisada`: con el prefijo que pide confirmación.
+    void venda(bool revisada);
     void compre();
     void recaude();
     void pague();
     void consigne();
     void mueva_inventario();
     void anote_notas();
+    void anote_cruces();
+    void mueva_mercancia_sin_factura();
+    void devuelva_mercancia();
+    void devuelva_cheque();
     void mueva_bancos();
     void pague_nomina(int quincena);
 
@@ -98,23 +112,26 @@ private:
     QDate fecha_;
     QHash<QString, int> numeros_;
     QVector<Deuda> por_cobrar_, por_pagar_;
+    /// Lo que hay si todo se contabiliza: en caja por medios, y en cada banco.
+    Moneda efectivo_, cheques_, tarjetas_, corriente_, ahorros_;
+    Deuda ultimo_cheque_;
 };
 
-void MesesDemo::venda() {
+void MesesDemo::venda(bool revisada) {
     const TerceroDemo& cliente = azar_.elija(demo_.clientes);
     const CentroDemo centro = azar_.elija(demo_.centros_venta);
     const qint64 suerte = azar_.entre(1, 100);
     DocumentoSuite d = documento(31, QStringLiteral("Venta de ferretería"), cliente.nit, centro);
-    d.prefijo = suerte <= 12   ? QStringLiteral("0002")
-                : suerte <= 28 ? QStringLiteral("POS")
+    d.prefijo = revisada       ? QStringLiteral("0002")
+                : suerte <= 20 ? QStringLiteral("POS")
                                : QStringLiteral("0001");
     d.vence = fecha_.addDays(30);
     Moneda base;
     for (int i = 0, n = int(azar_.entre(1, 3)); i < n; ++i) {
         const ArticuloDemo& a = azar_.elija(demo_.articulos);
         const int cantidad = int(azar_.entre(1, 12));
-        const Moneda precio = parte(Moneda(a.costo), 13500);
-        const Moneda venta = parte(precio, cantidad * 10000), costo(a.costo * cantidad);
+        const Moneda precio = parte(Moneda(a.costo), 135000);
+        const Moneda venta = parte(precio, cantidad * 100000), costo(a.costo * cantidad);
         const QString grupo = a.ingreso.right(2);
         linea(d, "VENTA", venta, grupo).detalle = a.nombre;
         LineaDocumento& l = linea(d, "COSTO", costo, grupo);
@@ -128,10 +145,15 @@ void MesesDemo::venda() {
     if (!contado && cliente.retenedor && base >= Moneda(kBaseRetencion))
         retenga(d, "RETEFUENTE", base, kReteCompras, total);
     d.total = total;
-    linea(d, contado ? "MEDIO" : "CLIENTE", total,
-          !contado         ? QString()
-          : azar_.sale(60) ? QStringLiteral("EF")
-                           : QStringLiteral("TJ"));
+    if (!contado) {
+        linea(d, "CLIENTE", total);
+    } else if (azar_.sale(60)) {
+        linea(d, "MEDIO", total, QStringLiteral("EF"));
+        efectivo_ += total;
+    } else {
+        linea(d, "MEDIO", total, QStringLiteral("TJ")).nit = demo_.banco_corriente;
+        tarjetas_ += total;
+    }
     const QString numero = registre(d);
     if (!contado)
         por_cobrar_.push_back({numero, cliente.nit, total, centro});
@@ -172,7 +194,11 @@ void MesesDemo::recaude() {
         linea(d, "DESCUENTO", descuento);
         recibido -= descuento;
     }
-    linea(d, "MEDIO", recibido, azar_.sale(50) ? QStringLiteral("EF") : QStringLiteral("CH"));
+    const bool cheque = azar_.sale(60);
+    linea(d, "MEDIO", recibido, cheque ? QStringLiteral("CH") : QStringLiteral("EF"));
+    (cheque ? cheques_ : efectivo_) += recibido;
+    if (cheque)
+        ultimo_cheque_ = {{}, deuda.nit, recibido, {}};
     aplique(linea(d, "CLIENTE", deuda.valor), 31, deuda.numero);
     d.total = recibido;
     registre(d);
@@ -182,22 +208,37 @@ void MesesDemo::pague() {
     const Deuda deuda = tome(por_pagar_);
     if (deuda.numero.isEmpty())
         return;
+    const bool de_ahorros = azar_.sale(20);
+    Moneda& banco = de_ahorros ? ahorros_ : corriente_;
+    if (banco < deuda.valor + Moneda(kFondoBanco)) {
+        por_pagar_.push_back(deuda); // no alcanza: espera
+        return;
+    }
     DocumentoSuite d = documento(62, QStringLiteral("Pago a proveedor"), deuda.nit);
     aplique(linea(d, "PROVEEDOR", deuda.valor), 21, deuda.numero);
-    linea(d, "BANCO", deuda.valor, QString::number(azar_.sale(80) ? kCorriente : kAhorros));
+    linea(d, "BANCO", deuda.valor, QString::number(de_ahorros ? kBancoAhorros : kBancoCorriente));
+    banco -= deuda.valor;
     d.total = deuda.valor;
     registre(d);
 }
 
 void MesesDemo::consigne() {
+    const Moneda efectivo = (efectivo_ - Moneda(kFondoCaja)).redondeada(-3);
+    if (efectivo <= Moneda() && cheques_.es_cero())
+        return;
     DocumentoSuite d = documento(71, QStringLiteral("Consignación del día"));
-    d.banco = kCorriente;
-    const Moneda efectivo(int(azar_.entre(4, 60)) * 50000),
-        cheques(int(azar_.entre(0, 30)) * 70000);
-    linea(d, "MEDIO", efectivo, QStringLiteral("EF"));
-    if (!cheques.es_cero())
-        linea(d, "MEDIO", cheques, QStringLiteral("CH"));
-    linea(d, "BANCO", efectivo + cheques);
+    d.banco = kBancoCorriente;
+    Moneda total = cheques_;
+    if (efectivo > Moneda()) {
+        linea(d, "MEDIO", efectivo, QStringLiteral("EF"));
+        efectivo_ -= efectivo;
+        total += efectivo;
+    }
+    if (!cheques_.es_cero())
+        linea(d, "MEDIO", cheques_, QStringLiteral("CH"));
+    cheques_ = {};
+    corriente_ += total;
+    linea(d, "BANCO", total);
     registre(d);
 }
 
@@ -220,7 +261,7 @@ void MesesDemo::mueva_inventario() {
         const ArticuloDemo a = articulo(), otro = articulo();
         const Moneda valor(a.costo * int(azar_.entre(1, 6)));
         DocumentoSuite d = documento(m.tipo, QString::fromUtf8(m.concepto),
-                                     m.tipo == 12 ? demo_.proveedores.front().nit : QString(),
+                                     m.tipo <= 12 ? demo_.proveedores.front().nit : QString(),
                                      azar_.elija(demo_.centros_gasto));
         if (m.entra)
             con(linea(d, m.entra, valor), a);
@@ -239,24 +280,27 @@ void MesesDemo::mueva_inventario() {
 }
 
 void MesesDemo::anote_notas() {
-    const Moneda interes(int(azar_.entre(10, 90)) * 1000);
-    const auto cliente = [this] { return azar_.elija(demo_.clientes).nit; };
-    const auto proveedor = [this] { return azar_.elija(demo_.proveedores).nit; };
-    const CentroDemo centro = azar_.elija(demo_.centros_venta);
-    const QString factura = QStringLiteral("000001");
-
-    DocumentoSuite debito = documento(41, QStringLiteral("Intereses de mora"), cliente());
+    const Moneda interes(int(azar_.entre(10, 90)) * 1000), iva = parte(interes, kIva);
+    Deuda& mora = escoja(por_cobrar_);
+    DocumentoSuite debito = documento(41, QStringLiteral("Intereses de mora"), mora.nit);
     linea(debito, "INTERES", interes);
-    linea(debito, "IVA", parte(interes, kIva), QStringLiteral("19"));
-    aplique(linea(debito, "CLIENTE", interes + parte(interes, kIva)), 31, factura);
+    linea(debito, "IVA", iva, QStringLiteral("19"));
+    aplique(linea(debito, "CLIENTE", interes + iva), 31, mora.numero);
+    mora.valor += interes + iva;
     registre(debito);
 
     for (const char* motivo : {"Descuento por pronto pago", "Rebaja por mercancía averiada"}) {
-        DocumentoSuite credito = documento(42, QString::fromUtf8(motivo), cliente(), centro);
+        Deuda& deuda = escoja(por_cobrar_);
+        DocumentoSuite credito = documento(42, QString::fromUtf8(motivo), deuda.nit, deuda.centro);
         linea(credito, "DESCUENTO", interes);
-        aplique(linea(credito, "CLIENTE", interes), 31, factura);
+        aplique(linea(credito, "CLIENTE", interes), 31, deuda.numero);
+        deuda.valor -= interes;
         registre(credito);
     }
+}
+
+void MesesDemo::anote_cruces() {
+    const Moneda valor(int(azar_.entre(10, 90)) * 1000);
     struct Cruce {
         int tipo, de;
         const char *concepto, *uno, *otro;
@@ -265,92 +309,123 @@ void MesesDemo::anote_notas() {
                             {51, 21, "Mayor valor cobrado", "CONTRA", "PROVEEDOR"},
                             {53, 21, "Cruce de anticipo al proveedor", "ANTICIPO", "PROVEEDOR"}};
     for (const Cruce& c : cruces) {
-        DocumentoSuite d =
-            documento(c.tipo, QString::fromUtf8(c.concepto), c.de == 31 ? cliente() : proveedor());
-        linea(d, c.uno, interes);
-        aplique(linea(d, c.otro, interes), c.de, factura);
+        Deuda& deuda = escoja(c.de == 31 ? por_cobrar_ : por_pagar_);
+        DocumentoSuite d = documento(c.tipo, QString::fromUtf8(c.concepto), deuda.nit);
+        linea(d, c.uno, valor);
+        aplique(linea(d, c.otro, valor), c.de, deuda.numero);
+        deuda.valor -= valor;
         registre(d);
     }
-    DocumentoSuite flete = documento(52, QStringLiteral("Flete cobrado aparte"), proveedor(),
-                                     {QStringLiteral("0003"), QStringLiteral("0002")});
-    linea(flete, "CONTRA", interes, QStringLiteral("FLETE"));
-    linea(flete, "PROVEEDOR", interes);
+    DocumentoSuite flete =
+        documento(52, QStringLiteral("Flete cobrado aparte"), escoja(por_pagar_).nit,
+                  {QStringLiteral("0003"), QStringLiteral("0002")});
+    linea(flete, "CONTRA", valor, QStringLiteral("FLETE"));
+    linea(flete, "PROVEEDOR", valor);
     registre(flete);
+}
 
+void MesesDemo::mueva_mercancia_sin_factura() {
     const ArticuloDemo a = azar_.elija(demo_.articulos);
-    DocumentoSuite remision = documento(22, QStringLiteral("Mercancía sin factura"), proveedor());
+    DocumentoSuite remision =
+        documento(22, QStringLiteral("Mercancía sin factura"), azar_.elija(demo_.proveedores).nit);
     linea(remision, "COMPRA", Moneda(10 * a.costo)).articulo = a.codigo;
     linea(remision, "PORFACTURA", Moneda(10 * a.costo));
     registre(remision);
 
-    DocumentoSuite devuelta = documento(24, QStringLiteral("Devolución al proveedor"), proveedor());
-    linea(devuelta, "COMPRA", Moneda(a.costo)).articulo = a.codigo;
-    linea(devuelta, "IVA", parte(Moneda(a.costo), kIva), QStringLiteral("19"));
-    aplique(linea(devuelta, "PROVEEDOR", Moneda(a.costo) + parte(Moneda(a.costo), kIva)), 21,
-            factura);
-    registre(devuelta);
-
-    DocumentoSuite entrega = documento(32, QStringLiteral("Mercancía en consignación"), cliente());
+    DocumentoSuite entrega =
+        documento(32, QStringLiteral("Mercancía en consignación"), azar_.elija(demo_.clientes).nit);
     linea(entrega, "COSTO", Moneda(a.costo * 2)).articulo = a.codigo;
     registre(entrega);
+}
 
-    const Moneda precio = parte(Moneda(a.costo), 13500);
+void MesesDemo::devuelva_mercancia() {
+    const ArticuloDemo a = azar_.elija(demo_.articulos);
+    const Moneda costo(a.costo), con_iva = costo + parte(costo, kIva);
+    Deuda& compra = escoja(por_pagar_);
+    DocumentoSuite devuelta = documento(24, QStringLiteral("Devolución al proveedor"), compra.nit);
+    linea(devuelta, "COMPRA", costo).articulo = a.codigo;
+    linea(devuelta, "IVA", con_iva - costo, QStringLiteral("19"));
+    aplique(linea(devuelta, "PROVEEDOR", con_iva), 21, compra.numero);
+    compra.valor -= con_iva;
+    registre(devuelta);
+
+    const Moneda precio = parte(costo, 135000), total = precio + parte(precio, kIva);
+    Deuda& venta = escoja(por_cobrar_);
     DocumentoSuite regreso =
-        documento(33, QStringLiteral("Devolución del cliente"), cliente(), centro);
+        documento(33, QStringLiteral("Devolución del cliente"), venta.nit, venta.centro);
     linea(regreso, "VENTA", precio);
-    linea(regreso, "IVA", parte(precio, kIva), QStringLiteral("19"));
-    aplique(linea(regreso, "CLIENTE", precio + parte(precio, kIva)), 31, factura);
-    linea(regreso, "COSTO", Moneda(a.costo), a.ingreso.right(2)).articulo = a.codigo;
+    linea(regreso, "IVA", total - precio, QStringLiteral("19"));
+    aplique(linea(regreso, "CLIENTE", total), 31, venta.numero);
+    venta.valor -= total;
+    linea(regreso, "COSTO", costo, a.ingreso.right(2)).articulo = a.codigo;
     registre(regreso);
 }
 
 void MesesDemo::mueva_bancos() {
-    const Moneda cien(100000), millon(1000000);
-    DocumentoSuite tarjetas =
-        documento(64, QStringLiteral("Cupones de tarjeta"), demo_.banco_corriente);
-    linea(tarjetas, "TARJETA", millon);
-    linea(tarjetas, "COMISION", parte(millon, 200));
-    Moneda neto = millon - parte(millon, 200);
-    retenga(tarjetas, "RETEFUENTE", millon, 150, neto);
-    linea(tarjetas, "BANCO", neto, QString::number(kCorriente));
-    registre(tarjetas);
+    const Moneda cien(100000), millon(1000000), fondo(300000);
+    if (!tarjetas_.es_cero()) {
+        DocumentoSuite cupones =
+            documento(64, QStringLiteral("Cupones de tarjeta"), demo_.banco_corriente);
+        const Moneda comision = parte(tarjetas_, 2000);
+        linea(cupones, "TARJETA", tarjetas_);
+        linea(cupones, "COMISION", comision);
+        Moneda neto = tarjetas_ - comision;
+        retenga(cupones, "RETEFUENTE", tarjetas_, 1500, neto);
+        linea(cupones, "BANCO", neto, QString::number(kBancoCorriente));
+        registre(cupones);
+        corriente_ += neto;
+        tarjetas_ = {};
+    }
 
-    DocumentoSuite cajas = documento(66, QStringLiteral("Fondo de caja menor"));
-    linea(cajas, "CAJAENTRA", Moneda(300000));
-    linea(cajas, "CAJASALE", Moneda(300000));
-    registre(cajas);
+    if (efectivo_ >= fondo) {
+        DocumentoSuite cajas = documento(66, QStringLiteral("Fondo de caja menor"));
+        linea(cajas, "CAJAENTRA", fondo);
+        linea(cajas, "CAJASALE", fondo);
+        registre(cajas);
+        efectivo_ -= fondo;
+    }
 
     DocumentoSuite debito =
         documento(74, QStringLiteral("Comisiones del mes"), demo_.banco_corriente);
-    debito.banco = kCorriente;
+    debito.banco = kBancoCorriente;
     const Moneda comision(int(azar_.entre(40, 90)) * 1000);
     linea(debito, "GASTO", comision, QStringLiteral("COMISION"));
     linea(debito, "IVA", parte(comision, kIva), QStringLiteral("19"));
     linea(debito, "GRAVAMEN", cien);
     linea(debito, "BANCO", comision + parte(comision, kIva) + cien);
+    corriente_ -= comision + parte(comision, kIva) + cien;
     registre(debito);
 
     DocumentoSuite credito = documento(75, QStringLiteral("Rendimientos"), demo_.banco_ahorros);
-    credito.banco = kAhorros;
+    credito.banco = kBancoAhorros;
     Moneda ganado = cien;
     linea(credito, "INTERES", cien);
-    retenga(credito, "RETEFUENTE", cien, 700, ganado);
+    retenga(credito, "RETEFUENTE", cien, 7000, ganado);
+    ahorros_ += ganado;
     linea(credito, "BANCO", ganado);
     registre(credito);
 
     DocumentoSuite traslado = documento(76, QStringLiteral("Excedentes de tesorería"));
-    traslado.banco = kCorriente;
-    linea(traslado, "DESTINO", millon, QString::number(kAhorros));
+    traslado.banco = kBancoCorriente;
+    linea(traslado, "DESTINO", millon, QString::number(kBancoAhorros));
     linea(traslado, "BANCO", millon);
+    corriente_ -= millon;
+    ahorros_ += millon;
     registre(traslado);
+}
 
-    DocumentoSuite cheque =
-        documento(77, QStringLiteral("Cheque sin fondos"), azar_.elija(demo_.clientes).nit);
-    cheque.banco = kCorriente;
-    linea(cheque, "CLIENTE", parte(millon, 12000));
-    linea(cheque, "BANCO", millon);
-    linea(cheque, "SANCION", parte(millon, 2000));
-    registre(cheque);
+void MesesDemo::devuelva_cheque() {
+    if (ultimo_cheque_.nit.isEmpty() || corriente_ < ultimo_cheque_.valor)
+        return;
+    const Moneda valor = ultimo_cheque_.valor, sancion = parte(valor, 20000);
+    DocumentoSuite d = documento(77, QStringLiteral("Cheque sin fondos"), ultimo_cheque_.nit);
+    d.banco = kBancoCorriente;
+    linea(d, "CLIENTE", valor + sancion);
+    linea(d, "BANCO", valor);
+    linea(d, "SANCION", sancion);
+    corriente_ -= valor;
+    ultimo_cheque_ = {};
+    registre(d);
 }
 
 void MesesDemo::pague_nomina(int quincena) {
@@ -363,17 +438,35 @@ void MesesDemo::pague_nomina(int quincena) {
             l.centro = e->centro;
         }
     };
+    DocumentoSuite pago = documento(62, QStringLiteral("Pago de la quincena"));
     for (const EmpleadoDemo& e : demo_.empleados) {
         const QString area = e.ventas ? QStringLiteral("VEN") : QStringLiteral("ADM");
-        const Moneda sueldo(e.salario / 2), aporte = parte(sueldo, 400),
-                                            cesantia = parte(sueldo, 833);
+        const Moneda sueldo(e.salario / 2),
+            comision = e.ventas ? Moneda(int(azar_.entre(20, 300)) * 1000) : Moneda(),
+            salario = sueldo + comision;
+        const bool con_auxilio = salario + salario <= Moneda(kTopes2018.tope_auxilio);
+        const Moneda auxilio = con_auxilio ? Moneda(kTopes2018.auxilio / 2) : Moneda();
+        // La pensión, con el punto de solidaridad de quien gana más.
+        const Moneda salud = parte(salario, 4000),
+                     pension =
+                         parte(salario, e.salario >= kTopes2018.tope_solidaridad ? 5000 : 4000),
+                     neto = salario + auxilio - salud - pension;
         de(linea(d, "SUELDO", sueldo, area), e.nit, &e);
-        de(linea(d, "SALUD", aporte), demo_.eps, nullptr);
-        de(linea(d, "PENSION", aporte), demo_.pensiones, nullptr);
-        de(linea(d, "NETO", sueldo - aporte - aporte), e.nit, nullptr);
-        de(linea(d, "CESANTIA", cesantia, area), e.nit, &e);
+        if (e.ventas)
+            de(linea(d, "COMISION", comision, area), e.nit, &e);
+        if (con_auxilio)
+            de(linea(d, "AUXTRANS", auxilio, area), e.nit, &e);
+        de(linea(d, "SALUD", salud), demo_.eps, nullptr);
+        de(linea(d, "PENSION", pension), demo_.pensiones, nullptr);
+        de(linea(d, "NETO", neto), e.nit, nullptr);
+        de(linea(d, "CESANTIA", parte(salario + auxilio, 8330), area), e.nit, &e);
+        de(linea(pago, "EMPLEADO", neto), e.nit, nullptr);
+        pago.total += neto;
     }
     registre(d);
+    linea(pago, "BANCO", pago.total, QString::number(kBancoCorriente));
+    corriente_ -= pago.total;
+    registre(pago);
 }
 
 void MesesDemo::dia(QDate fecha) {
@@ -382,26 +475,32 @@ void MesesDemo::dia(QDate fecha) {
         pague_nomina(1);
     if (fecha.day() == fecha.daysInMonth())
         pague_nomina(2);
-    if (fecha.dayOfWeek() == Qt::Sunday)
+    if (!es_habil(fecha))
         return;
+    const auto toca = [fecha](int dia) {
+        return desde_habil(QDate(fecha.year(), fecha.month(), dia)) == fecha;
+    };
+    // Los días impares, la primera es de las que se revisan.
     for (int i = 0, n = int(azar_.entre(3, 4)); i < n; ++i)
-        venda();
+        venda(i == 0 && fecha.day() % 2 == 1);
     if (azar_.sale(85))
         compre();
-    if (azar_.sale(95))
+    for (int i = 0, n = int(azar_.entre(1, 2)); i < n; ++i)
         recaude();
+    if (toca(10))
+        mueva_inventario();
+    if (toca(20) && !por_cobrar_.isEmpty() && !por_pagar_.isEmpty()) {
+        anote_notas();
+        anote_cruces();
+        mueva_mercancia_sin_factura();
+        devuelva_mercancia();
+        mueva_bancos();
+        devuelva_cheque();
+    }
     if (azar_.sale(50))
         pague();
     if (azar_.sale(60))
         consigne();
-}
-
-void MesesDemo::de_cada_mes(QDate primero) {
-    fecha_ = primero.addDays(9);
-    mueva_inventario();
-    fecha_ = primero.addDays(19);
-    anote_notas();
-    mueva_bancos();
 }
 
 void MesesDemo::defectuosos(QDate fecha) {
@@ -457,19 +556,26 @@ void prepare(Conexion& c) {
     cargue_interfaces(c, carpeta_guiones() + QStringLiteral("/posting/interfaces_demo.txt"));
 }
 
+/// Lo que la cuenta tiene al acabar el año del libro; la mitad se reserva para sus impuestos.
+Moneda disponible(Conexion& c, const char* cuenta) {
+    const Moneda saldo =
+        c.consulte("select sum(sald_debito - sald_credito) from vista_saldos_cuenta where"
+                   " cuen_cod = ?",
+                   {Valor(cuenta)})
+            .moneda();
+    return parte(saldo, 50000);
+}
+
 } // namespace
 
 DocumentosDemo siembre_documentos(Conexion& compania, const CatalogosDemo& catalogos,
                                   quint64 semilla, int ano) {
     prepare(compania);
     Transaccion t(compania, Transaccion::Modo::Escritura);
-    MesesDemo meses(t, catalogos, semilla);
-    for (int mes = 1; mes <= kMeses; ++mes) {
-        const QDate primero(ano, mes, 1);
-        meses.de_cada_mes(primero);
-        for (int dia = 0; dia < primero.daysInMonth(); ++dia)
-            meses.dia(primero.addDays(dia));
-    }
+    MesesDemo meses(t, catalogos, semilla, disponible(compania, kCorriente),
+                    disponible(compania, kAhorros));
+    for (QDate dia(ano, 1, 1); dia.month() <= kMeses; dia = dia.addDays(1))
+        meses.dia(dia);
     meses.defectuosos(QDate(ano, 1, 30));
     t.confirme();
     return meses.hechos;

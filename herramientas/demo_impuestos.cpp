@@ -13,13 +13,13 @@ const std::pair<const char*, const char*> kCategorias[] = {
 
 void siembre_impuestos(Conexion& compania, int ano) {
     configure(compania, "CONTABILIDAD", "GENERAL", "FIRMA PARA CERTIFICADOS DE RETENCION",
-              "Carolina Suárez Peña");
+              "Andrés Felipe Gómez Rincón");
     configure(compania, "CONTABILIDAD", "GENERAL", "CARGO PARA CERTIFICADOS DE RETENCION",
-              "Contadora, T.P. 148223-T");
+              "Contador, T.P. 148223-T");
     for (const auto& [propiedad, valor] :
          {std::pair{"REPRESENTANTE LEGAL", "Jorge Iván Restrepo Mejía"},
           {"DOCUMENTO DEL REPRESENTANTE LEGAL", "71.334.902"},
-          {"CONTADOR PUBLICO", "Carolina Suárez Peña"},
+          {"CONTADOR PUBLICO", "Andrés Felipe Gómez Rincón"},
           {"TARJETA PROFESIONAL DEL CONTADOR PUBLICO", "148223-T"},
           {"REVISOR FISCAL", "Álvaro Quintero Díaz"},
           {"TARJETA PROFESIONAL DEL REVISOR FISCAL", "61507-T"}})

@@ -20,11 +20,9 @@ QByteArray lea(const QString& relativo) {
 
 // ---------------------------------------------------------------- apertura
 
-constexpr const char* kCamion = "159235";
 constexpr const char* kUtilidades = "370505";
 constexpr const char* kPlazoFijo = "122505";
-constexpr int kAjusteCamion = 8200000; ///< lo que el libro NIIF no había depreciado al abrir
-constexpr int kAPlazo = 28000000;      ///< de los ahorros, lo que vence a más de noventa días
+constexpr int kAPlazo = 28000000; ///< de los ahorros, lo que vence a más de noventa días
 
 /// Los saldos con que empezó el año, ya cruzados, como los trae la pantalla.
 void traiga_saldos(Conexion& c, int ano) {
@@ -50,7 +48,7 @@ void traiga_saldos(Conexion& c, int ano) {
 }
 
 /// Otra línea NIIF de la cuenta: el ajuste o la reclasificación va en `columna`.
-void agregue(Conexion& c, const char* cuenta, const char* niif, const char* concepto,
+void agregue(Conexion& c, const char* cuenta, const char* niif, const QString& concepto,
              const char* columna, int valor, int saldo) {
     c.ejecute(
         QStringLiteral("insert into apertura_niif_det (cuen_cod, apnd_item, apnd_ctaniif,"
@@ -61,19 +59,38 @@ void agregue(Conexion& c, const char* cuenta, const char* niif, const char* conc
         {Valor(cuenta), Valor(cuenta), Valor(niif), Valor(concepto), Valor(valor), Valor(saldo)});
 }
 
+/// Lo que el libro NIIF había depreciado de más o de menos al abrir, por su otra vida útil.
+void ajuste_depreciado(Conexion& c, const DepreciacionDemo& d) {
+    const int ajuste = d.inicial(false) - d.inicial(true);
+    const bool debito = ajuste > 0;
+    const QString concepto = debito ? "Mayor vida útil" : "Menor vida útil";
+    const QString lado = debito ? "db" : "cr";
+    c.ejecute(QStringLiteral("update apertura_niif_det set apnd_%1 = ?, apnd_saldofin ="
+                             " apnd_saldofin + ?, apnd_concepto = ? where cuen_cod = ? and"
+                             " apnd_item = 2")
+                  .arg(debito ? "debito" : "credito"),
+              {Valor(qAbs(ajuste)), Valor(ajuste), Valor(concepto), Valor(d.acumulada)});
+    agregue(c, d.acumulada, kUtilidades, concepto, debito ? "apnd_credito" : "apnd_debito",
+            qAbs(ajuste), -ajuste);
+    const QString nota =
+        QStringLiteral("%1: se deprecia en %2 meses y no en %3. Al abrir lleva %4"
+                       " y no %5.")
+            .arg(QString::fromUtf8(d.nombre))
+            .arg(d.vida_niif)
+            .arg(d.vida)
+            .arg(Moneda(d.inicial(true)).formateada(0), Moneda(d.inicial(false)).formateada(0));
+    c.ejecute(QStringLiteral("update apertura_niif set apni_ajuste%1 = ?, apni_saldoniif ="
+                             " apni_saldoniif + ?, apni_nota = ? where cuen_cod = ?")
+                  .arg(lado),
+              {Valor(qAbs(ajuste)), Valor(ajuste), Valor(nota), Valor(d.acumulada)});
+}
+
 void trabaje_apertura(Conexion& c) {
-    // El camión: menos depreciado en NIIF, con su cálculo en la hoja.
-    c.ejecute("update apertura_niif_det set apnd_debito = ?, apnd_saldofin = apnd_saldofin + ?,"
-              " apnd_concepto = 'Mayor vida útil del camión' where cuen_cod = ? and apnd_item = 2",
-              {Valor(kAjusteCamion), Valor(kAjusteCamion), Valor(kCamion)});
-    agregue(c, kCamion, kUtilidades, "Mayor vida útil del camión", "apnd_credito", kAjusteCamion,
-            -kAjusteCamion);
-    c.ejecute("update apertura_niif set apni_ajustedb = ?, apni_saldoniif = apni_saldoniif + ?,"
-              " apni_nota = 'El camión se deprecia en 90 meses y no en 60: al abrir lleva"
-              " 30.200.000 y no 38.400.000. El cálculo está en la hoja de trabajo.',"
-              " apni_archivo = ? where cuen_cod = ?",
-              {Valor(kAjusteCamion), Valor(kAjusteCamion),
-               Valor(lea(QStringLiteral("niif/ejemplos/hoja_camion.xlsx"))), Valor(kCamion)});
+    for (const DepreciacionDemo& d : kDepreciaciones)
+        ajuste_depreciado(c, d);
+    c.ejecute("update apertura_niif set apni_nota = apni_nota || ' El cálculo está en la hoja de"
+              " trabajo.', apni_archivo = ? where cuen_cod = '159235'",
+              {Valor(lea(QStringLiteral("niif/ejemplos/hoja_camion.xlsx")))});
     // De los ahorros, lo que está a término pasa a inversiones.
     c.ejecute("update apertura_niif_det set apnd_recldb = apnd_recldb - ?, apnd_saldofin ="
               " apnd_saldofin - ? where cuen_cod = ? and apnd_item = 2",
@@ -124,10 +141,10 @@ QStringList cuentas_de_muestra() {
 }
 
 QStringList terceros_de_muestra() {
-    return {"901990015,Ferretería del Puerto S.A.S.,Calle 8 # 3-21,Medellín,Medellín,"
-            "604 5557788,,,compras@puerto.com.co,,J,,,,,S,N,N",
-            "901990023,Transportes La Ceiba Ltda.,Carrera 15 # 40-02,Cali,Cali,"
-            "602 5551122,,,,,J,,,,,N,S,N",
+    return {"830990015,Ferretería del Puerto S.A.S.,Calle 8 # 3-21,Medellín,Medellín,"
+            "5557788,,,compras@puerto.com.co,,J,,,,,S,N,N",
+            "830990023,Transportes La Ceiba Ltda.,Carrera 15 # 40-02,Cali,Cali,"
+            "5551122,,,,,J,,,,,N,S,N",
             "1090444555,,Calle 22 # 9-10,Tunja,Tunja,,,300 5550199,,,C,Rincón,Mejía,Laura,Inés,"
             "S,N,N"};
 }
@@ -142,7 +159,7 @@ QString renglon(int numero, const QString& fecha, const QString& concepto, const
 
 QStringList comprobantes_de_muestra(const QString& proveedor, int ano) {
     const QString dia = QString::number(ano) + "1215", sin = ",,,,,", nit = proveedor + ",,,,,",
-                  gasto = proveedor + ",0001,0001,,,", retenido = proveedor + ",,,,1000000,2.5";
+                  gasto = proveedor + ",0001,0001,,,", retenido = proveedor + ",,,,-1000000,2.5";
     return {renglon(1, dia, "Energía de la sede", "513530", gasto, "350000", ""),
             renglon(1, dia, "Energía de la sede", kProveedores, nit, "", "350000"),
             renglon(2, dia, "Consignación", kCorriente, sin, "1200000.50", ""),

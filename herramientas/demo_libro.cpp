@@ -48,20 +48,20 @@ struct LibroDemo::Sentencias {
     Preparada id, encabezado, detalle, niif;
 };
 
+Moneda cuenta_demo::parte(Moneda base, int milesimas) {
+    return Moneda::porcentaje(base, Moneda::de_escalado(milesimas, 3)).redondeada(0);
+}
+
 void AsientoDemo::debite(const QString& cuenta, Moneda valor, const RenglonDemo& datos) {
     if (valor.es_cero())
         return;
     renglones.push_back(datos);
     renglones.back().cuenta = cuenta;
-    renglones.back().debito = valor;
+    (valor.negativa() ? renglones.back().credito : renglones.back().debito) = valor.absoluta();
 }
 
 void AsientoDemo::acredite(const QString& cuenta, Moneda valor, const RenglonDemo& datos) {
-    if (valor.es_cero())
-        return;
-    renglones.push_back(datos);
-    renglones.back().cuenta = cuenta;
-    renglones.back().credito = valor;
+    debite(cuenta, -valor, datos);
 }
 
 LibroDemo::LibroDemo(Conexion& conexion) : conexion_(conexion) {

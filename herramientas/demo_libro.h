@@ -6,6 +6,11 @@
 #include <QHash>
 #include <QVector>
 
+namespace cuenta_demo {
+/// `base` por una tarifa en milésimas de punto (1104 es 1,104 %), en pesos enteros.
+Moneda parte(Moneda base, int milesimas);
+} // namespace cuenta_demo
+
 struct RenglonDemo {
     QString cuenta;
     Moneda debito, credito;
@@ -22,6 +27,7 @@ struct AsientoDemo {
     /// Renglones del libro NIIF cuando no son los mismos.
     QVector<RenglonDemo> niif;
 
+    /// Un valor negativo va al otro lado; el cero no se escribe.
     void debite(const QString& cuenta, Moneda valor, const RenglonDemo& datos = {});
     void acredite(const QString& cuenta, Moneda valor, const RenglonDemo& datos = {});
 };

@@ -9,16 +9,16 @@ DatosCompania compania_demo(const QString& codigo) {
     d.ciudad = QStringLiteral("Bogotá, D.C.");
     if (codigo == QLatin1String(kSegundaDemo)) {
         d.nombre = QStringLiteral("Ferretería La Tuerca S.A.S.");
-        d.nit = QStringLiteral("901500888-%1").arg(digito_de(QStringLiteral("901500888")));
+        d.nit = QStringLiteral("830600888-%1").arg(digito_de(QStringLiteral("830600888")));
         d.direccion = QStringLiteral("Calle 68 # 28-15");
-        d.telefonos = QStringLiteral("601 4567890");
+        d.telefonos = QStringLiteral("4567890");
         d.encabezado = QStringLiteral("Filial de Comercializadora El Martillo");
         return d;
     }
     d.nombre = QStringLiteral("Comercializadora El Martillo S.A.S.");
-    d.nit = QStringLiteral("901400777-9");
+    d.nit = QStringLiteral("830512777-2");
     d.direccion = QStringLiteral("Carrera 30 # 12-45");
-    d.telefonos = QStringLiteral("601 3456789");
+    d.telefonos = QStringLiteral("3456789");
     d.encabezado = QStringLiteral("Todo para construir y habitar");
     return d;
 }

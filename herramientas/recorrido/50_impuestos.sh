@@ -81,7 +81,7 @@ anexo h
 teclas Tab Tab Tab
 escriba "4"
 teclas Tab
-escriba 902078872 # la secretaría: lo que se le paga no es una retención
+escriba 899999061 # la secretaría: lo que se le paga no es una retención
 calcule
 foto articulo_4 1.5
 teclas Tab Tab

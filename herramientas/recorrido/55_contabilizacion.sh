@@ -54,7 +54,7 @@ teclas ctrl+Next
 foto comprobante_en_el_libro_niif 0.8
 teclas Escape
 solo_los_de 2018/01/30
-teclas Down Down Down Down F2
+teclas Down Down Down Down Down Down F2
 foto documento_que_falla 1.5
 teclas Return
 foto propuesta_con_la_falla 1.5

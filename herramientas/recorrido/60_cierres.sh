@@ -39,7 +39,7 @@ teclas Tab
 escriba "Factura de v"
 foto documento_en_moneda 0.6
 teclas Tab Tab Tab Tab space
-linea "901541348" "" "" "" "" "" "1000" "" "2900000" "" ""
+linea "807252596" "" "" "" "" "" "1000" "" "2900000" "" ""
 linea "413548" "" "0004" "0001" "" "" "" "" "" "" "2900000"
 foto venta_en_moneda 0.6
 teclas F2
@@ -106,7 +106,7 @@ escriba "31"
 teclas Tab Tab
 escriba "Cierre de proveedores"
 teclas Tab
-escriba "901541348"
+escriba "807252596"
 teclas Tab Tab
 escriba "2205"
 teclas Tab

@@ -61,8 +61,8 @@ void PruebaMuestras::la_apertura_esta_a_medio_trabajar() {
                   "ajustes_apertura_niif where codigo < '4' and final <> 0"),
              "2");
     QCOMPARE(filas("select cuenta, debito, credito from balance_inicial_niif where cuenta in "
-                   "('122505', '159235') order by 1"),
-             "122505|28000000|0\n159235|0|30200000");
+                   "('122505', '159215', '159220', '159235') order by 1"),
+             "122505|28000000|0\n159215|0|8000000\n159220|0|17500000\n159235|0|24000000");
     QVERIFY(dato("select negativa from lleve_apertura_niif('N')").contains("descuadrado"));
     QVERIFY(!dato("select apni_nota from apertura_niif where cuen_cod = '159235'").isEmpty());
     QVERIFY(compania_.consulte("select apni_archivo from apertura_niif where cuen_cod = '159235'")
@@ -71,11 +71,11 @@ void PruebaMuestras::la_apertura_esta_a_medio_trabajar() {
 }
 
 void PruebaMuestras::los_dos_libros_difieren_en_lo_que_se_sabe() {
-    // Al abrir, el camión; en el año, lo que cada libro deprecia al mes; al cierre, la cartera.
-    QMap<QString, Moneda> esperado{{"159235", Moneda(-8200000)},
-                                   {"370505", Moneda(8200000)},
-                                   {"139905", Moneda(6850000 - 4200000)},
-                                   {"519910", Moneda(4200000 - 6850000)}};
+    // Al abrir, los activos; en el año, lo que cada libro deprecia al mes; al cierre, la cartera.
+    QMap<QString, Moneda> esperado{
+        {"159215", Moneda(-1600000)},          {"159220", Moneda(3500000)},
+        {"159235", Moneda(-14400000)},         {"370505", Moneda(12500000)},
+        {"139905", Moneda(6850000 - 4200000)}, {"519910", Moneda(4200000 - 6850000)}};
     for (const DepreciacionDemo& d : kDepreciaciones) {
         esperado[d.gasto] += Moneda((d.local - d.niif) * 12);
         esperado[d.acumulada] += Moneda((d.niif - d.local) * 12);

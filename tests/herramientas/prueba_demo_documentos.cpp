@@ -16,7 +16,7 @@ private:
 
     Demo demo_{
         {.renglones = 4000},
-        {.codigo = "001", .nombre = "Comercializadora El Martillo S.A.S.", .nit = "901400777-9"}};
+        {.codigo = "001", .nombre = "Comercializadora El Martillo S.A.S.", .nit = "830512777-2"}};
     Conexion& c_ = demo_.compania;
 };
 
@@ -87,6 +87,15 @@ void PruebaDemoDocumentos::los_que_no_fallan_a_proposito_se_contabilizan_limpios
     QCOMPARE(filas_de(c_, "select sum(code_debito) - sum(code_credito) from comprobante_detalle"),
              "0");
     QCOMPARE(verifique_compania(c_), QStringList());
+    // Con todo contabilizado, ni la caja ni los bancos quedan en rojo al fin de ningún mes.
+    for (const char* libro : {"", "_niif"})
+        QCOMPARE(filas_de(c_, QString("select * from (select cuen_cod, sald_ano, sald_mes, "
+                                      "sum(sum(sald_debito - sald_credito)) over (partition by "
+                                      "cuen_cod order by sald_ano, sald_mes) saldo from "
+                                      "vista_saldos_cuenta%1 where cuen_cod starting '11' group "
+                                      "by 1, 2, 3) where saldo < 0")
+                                  .arg(QLatin1String(libro))),
+                 QString());
     // Y los hay que piden una persona.
     QVERIFY(c_.consulte("select count(*) from documento where pref_pre = '0002'").entero() > 10);
 }
