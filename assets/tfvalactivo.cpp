@@ -71,7 +71,6 @@ void Tfvalactivo::bajo_el_encabezado(Formulario& f) {
                     paso()));
     f.fila("Observaciones", observaciones);
     f.fila("Documento", EDocumento);
-    f.estire();
 }
 
 void Tfvalactivo::botones_propios(BarraBotones& barra) {
