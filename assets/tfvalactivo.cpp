@@ -27,7 +27,7 @@ Tfvalactivo::Tfvalactivo() : FormaProceso(valoracion(), SinArmar{}) {
     EDocumento = caja_que_muestra("EDocumento", 40);
     EDocumento->setPlaceholderText("F8 agrega el documento de soporte");
     arme();
-    tamano(860, 560);
+    tamano(860, 460);
 }
 
 QWidget* Tfvalactivo::importe(const char* columna, const char* nombre) {
