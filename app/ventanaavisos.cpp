@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QShortcut>
 
@@ -49,6 +51,11 @@ VentanaAvisos::VentanaAvisos(QWidget* marco)
     columna->addWidget(texto_, 1);
     columna->addLayout(paso_a_paso);
     columna->addLayout(acciones);
+    // La pantalla que se abre o se pasa adelante trae otros botones.
+    connect(qApp, &QApplication::focusChanged, this, [this] {
+        if (isVisible() && !isAncestorOf(QApplication::focusWidget()))
+            QMetaObject::invokeMethod(this, &VentanaAvisos::ubique, Qt::QueuedConnection);
+    });
     auto* teclado = new QShortcut(QKeySequence("Ctrl+Shift+M"), marco);
     connect(teclado, &QShortcut::activated, this, &VentanaAvisos::tome_teclado);
     hide();
@@ -115,7 +122,39 @@ void VentanaAvisos::ubique() {
     const int ancho = qMin(qMax(escalado(360), sizeHint().width()), lugar.width());
     const int alto =
         qMin(qMax(escalado(190), layout()->totalHeightForWidth(ancho)), lugar.height());
-    setGeometry(lugar.width() - ancho - paso(), lugar.height() - alto - paso(6), ancho, alto);
+    // A la derecha y lo más abajo que se pueda sin tapar botones; si no hay dónde, los menos.
+    const QVector<QRect> botones = botones_a_la_vista();
+    QRect mejor;
+    qsizetype menos = botones.size() + 1;
+    for (int y = lugar.height() - alto - paso(6); menos > 0; y -= paso()) {
+        const QRect aqui(lugar.width() - ancho - paso(), qMax(0, y), ancho, alto);
+        const auto tapa = std::count_if(botones.begin(), botones.end(),
+                                        [&](const QRect& b) { return b.intersects(aqui); });
+        if (tapa < menos)
+            menos = tapa, mejor = aqui;
+        if (y <= 0)
+            break;
+    }
+    setGeometry(mejor);
+}
+
+QVector<QRect> VentanaAvisos::botones_a_la_vista() const {
+    const auto* area = parentWidget()->findChild<QMdiArea*>();
+    QVector<QRect> lugares;
+    for (const auto* b : parentWidget()->findChildren<QAbstractButton*>()) {
+        if (!b->isVisible() || b->window() != window() || isAncestorOf(b))
+            continue;
+        QRect visible = b->rect();
+        bool atras = false; // en una pantalla tapada por otra
+        for (const QWidget* w = b; w != parentWidget() && !atras; w = w->parentWidget()) {
+            visible = (visible & w->rect()).translated(w->pos());
+            const auto* hija = qobject_cast<const QMdiSubWindow*>(w);
+            atras = hija && area && hija != area->activeSubWindow();
+        }
+        if (!atras && !visible.isEmpty())
+            lugares << visible;
+    }
+    return lugares;
 }
 
 bool VentanaAvisos::eventFilter(QObject* objeto, QEvent* evento) {

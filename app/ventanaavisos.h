@@ -41,6 +41,7 @@ private:
     };
     void presente();
     void ubique();
+    QVector<QRect> botones_a_la_vista() const; ///< en el marco, sin los suyos
     QPushButton* boton(const QString& nombre, const QString& texto, const QString& imagen);
 
     QVector<Aviso> avisos_;

@@ -160,7 +160,7 @@ void FormaActivo::construya() {
     f.ancha(PageControl1, 1);
     f.botones(barra);
     enter_como_tab();
-    tamano(860, 640);
+    tamano(860, 560);
 }
 
 QWidget* FormaActivo::cuenta(const char* columna, const char* marca, Libro libro) {

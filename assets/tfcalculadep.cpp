@@ -2,6 +2,7 @@
 
 #include "assets/pch.h"
 #include "assets/procesos_activos.h"
+#include "toolkit/marcos.h"
 
 Tfcalculadep::Tfcalculadep()
     : FormaProceso(depreciacion(), SinArmar{}),
@@ -98,6 +99,7 @@ bool Tfcalculadep::pida_unidades() {
     Panel1->hide();
     Panel2->show();
     SpeedButton3->show();
+    reajuste_ventana(*this);
     DBGridEh1->setFocus();
     DBGridEh1->SelectedIndex(DBGridEh1->columna_de("DEPU_UNIDADES"));
     return true;

@@ -27,7 +27,7 @@ Tfvalactivo::Tfvalactivo() : FormaProceso(valoracion(), SinArmar{}) {
     EDocumento = caja_que_muestra("EDocumento", 40);
     EDocumento->setPlaceholderText("F8 agrega el documento de soporte");
     arme();
-    tamano(860, 560);
+    tamano(860, 460);
 }
 
 QWidget* Tfvalactivo::importe(const char* columna, const char* nombre) {
@@ -71,7 +71,6 @@ void Tfvalactivo::bajo_el_encabezado(Formulario& f) {
                     paso()));
     f.fila("Observaciones", observaciones);
     f.fila("Documento", EDocumento);
-    f.estire();
 }
 
 void Tfvalactivo::botones_propios(BarraBotones& barra) {

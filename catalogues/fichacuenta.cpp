@@ -89,6 +89,7 @@ void FichaCuenta::arme_ficha() {
         NomCtaniif = new QLabel(this);
         NomCtaniif->setObjectName("NomCtaniif");
         NomCtaniif->setWordWrap(true);
+        NomCtaniif->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         forma.fila("Cuenta NII&F equivalente", Formulario::junto({ECtaAjus, escoger, NomCtaniif}));
     }
     forma.fila("Nor&ma", ENorma);

@@ -32,7 +32,7 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
     DBGridEh1->setAccessibleName(windowTitle());
     DBGridEh1->columnas(columnas);
     DBGridEh1->ReadOnly = true;
-    DBGridEh1->texto_vacio = "No hay registros. F5 crea uno nuevo.";
+    DBGridEh1->texto_vacio = "No hay registros. F5 crea el primero.";
     DBGridEh1->nombre_archivo = nombre_archivo;
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     DBGridEh1->menu_emergente(

@@ -43,7 +43,7 @@ Tfcuentas::Tfcuentas(Libro libro)
           {"CUEN_ACTIVA", "Activa", 6, Casilla}},
          plan(libro).nombre_archivo);
     DBGridEh1->lista("CUEN_TIPO", clases_cuenta().nombres, clases_cuenta().codigos);
-    DBGridEh1->texto_vacio = "No hay cuentas que mostrar. F5 crea una.";
+    DBGridEh1->texto_vacio = "No hay cuentas. F5 crea la primera.";
     DBGridEh1->OnGetCellParams = [this](int fila, QFont& letra, QColor& frente, QColor&) {
         pinte(fila, letra, frente);
     };

@@ -2,6 +2,7 @@
 
 #include "catalogues/grabe_y_anuncie.h"
 #include "catalogues/plancuentas.h"
+#include "sesion/auditoria.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -75,10 +76,9 @@ void Tfmodcuenta::muestre_cuenta() {
     for (CasillaDato* casilla : {CkTerceros, CkRetenciones, CkCentros})
         casilla->setEnabled(sin_lineas);
     if (LabAudit)
-        LabAudit->setText(
-            "Modificado: " +
+        LabAudit->setText(modificado(
             CAudit->valor_unico(Tfdm::sql_auditoria(kAuditoriaCuentas, "audi_cod", codigo()))
-                .texto());
+                .texto()));
 }
 
 QStringList Tfmodcuenta::indicadores() const {

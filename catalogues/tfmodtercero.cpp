@@ -2,6 +2,7 @@
 
 #include "catalogues/grabe_y_anuncie.h"
 #include "catalogues/terceros.h"
+#include "sesion/auditoria.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
@@ -39,11 +40,10 @@ void Tfmodtercero::FormCreate() {
         return;
     }
     habilite_nombres();
-    LabAudit->setText("Modificado: " +
-                      CAudit
-                          ->valor_unico(Tfdm::sql_auditoria(kAuditoriaTerceros, "audi_cod",
-                                                            campo("TERC_NIT").texto()))
-                          .texto());
+    LabAudit->setText(modificado(CAudit
+                                     ->valor_unico(Tfdm::sql_auditoria(
+                                         kAuditoriaTerceros, "audi_cod", campo("TERC_NIT").texto()))
+                                     .texto()));
     SBGrabar->setEnabled(fdm().valide_acceso(modulo_de_terceros(), 10));
     ENombre->setFocus();
 }

@@ -18,10 +18,12 @@ CifrasControl::CifrasControl(Rejilla* rejilla, const QStringList& columnas,
       navegador_(new NavegadorDatos(rejilla->conjunto(), nbRecorrido | nbRefresh, this)) {
     for (int i = 0; i < nombres.size(); ++i) {
         auto* caja = EditorNumero::de_saldo(hueco_);
+        const QString titulo = rejilla->columna(rejilla->columna_de(columnas[i])).Titulo();
         caja->setObjectName(nombres[i]);
-        caja->setAccessibleName("Cifra de control: " +
-                                rejilla->columna(rejilla->columna_de(columnas[i])).Titulo());
+        caja->setAccessibleName("Cifra de control: " + titulo);
         cajas_.append(caja);
+        titulos_.append(new QLabel(titulo + ':', hueco_));
+        titulos_.last()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     enlace(rejilla->conjunto());
@@ -29,6 +31,7 @@ CifrasControl::CifrasControl(Rejilla* rejilla, const QStringList& columnas,
     connect(rejilla->horizontalHeader(), &QHeaderView::geometriesChanged, this,
             [this] { ubique(); });
     connect(rejilla->horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { ubique(); });
+    connect(rejilla->horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this] { ubique(); });
 }
 
 void CifrasControl::muestre() {
@@ -75,6 +78,11 @@ void CifrasControl::showEvent(QShowEvent* evento) {
 void CifrasControl::ubique() {
     const QSize botones = navegador_->sizeHint();
     auto& titulos = static_cast<EncabezadoRejilla&>(*rejilla_->horizontalHeader());
+    for (int i = 0; i < cajas_.size(); ++i) {
+        const int c = rejilla_->columna_de(columnas_[i]);
+        if (titulos.sectionSize(c) < ancho_de(cajas_[i]))
+            titulos.anchos().pida(c, ancho_de(cajas_[i]));
+    }
     // Si las columnas empiezan antes de que termine el rótulo, va en dos renglones; si ni así, son
     // las cajas las que van en otro.
     const int primera = rejilla_->x() - x() + rejilla_->viewport()->x() +
@@ -88,24 +96,54 @@ void CifrasControl::ubique() {
         if (primera >= libre)
             break;
     }
-    const bool debajo = primera < libre;
     navegador_->setGeometry(0, (alto - botones.height()) / 2, botones.width(), botones.height());
     const QRect vista(rejilla_->x() - x() + rejilla_->viewport()->x(), 0,
                       rejilla_->viewport()->width(), alto);
+    // Si hay que desplazarse para ver sus columnas, las cajas no se van con ellas.
+    const bool sueltas = rejilla_->horizontalScrollBar()->maximum() > 0;
+    const bool debajo = sueltas || primera < libre;
     QRect lugar = vista.translated(0, debajo ? alto : 0);
-    if (!debajo)
+    if (sueltas)
+        lugar.setRect(0, alto, width(), ubique_a_la_vista(width(), alto));
+    else if (!debajo)
         lugar.setLeft(qMax(libre, vista.x()));
     hueco_->setGeometry(lugar);
+    for (QLabel* titulo : titulos_)
+        titulo->setVisible(sueltas);
+    if (!sueltas)
+        ubique_bajo_columnas(vista.translated(-lugar.x(), 0), alto);
+    if (const int todo = lugar.bottom() + 1; todo != minimumHeight())
+        setFixedHeight(todo);
+}
+
+void CifrasControl::ubique_bajo_columnas(const QRect& vista, int alto) {
+    const auto& titulos = static_cast<EncabezadoRejilla&>(*rejilla_->horizontalHeader());
     for (int i = 0; i < cajas_.size(); ++i) {
         const int c = rejilla_->columna_de(columnas_[i]), pide = ancho_de(cajas_[i]);
-        if (titulos.sectionSize(c) < pide)
-            titulos.anchos().pida(c, pide);
-        QRect caja(vista.x() - lugar.x() + titulos.sectionViewportPosition(c) + 1, 0,
+        QRect caja(vista.x() + titulos.sectionViewportPosition(c) + 1, 0,
                    titulos.sectionSize(c) - 2, alto);
         // Si el usuario angostó la columna, se extiende sobre la vecina.
         caja.setLeft(qMin(caja.left(), caja.right() + 1 - pide));
         cajas_[i]->setGeometry(caja);
     }
-    if (const int todo = lugar.bottom() + 1; todo != minimumHeight())
-        setFixedHeight(todo);
+}
+
+int CifrasControl::ubique_a_la_vista(int ancho, int alto) {
+    int rotulo = 0, caja = 0;
+    for (int i = 0; i < cajas_.size(); ++i) {
+        rotulo = qMax(rotulo, titulos_[i]->sizeHint().width());
+        caja = qMax(caja, ancho_de(cajas_[i]));
+    }
+    const int cada = rotulo + caja + paso(1.5);
+    const int caben = qBound(1, ancho / cada, int(cajas_.size()));
+    // Parejas: de cuatro, dos y dos mejor que tres y una.
+    const int renglones = (int(cajas_.size()) + caben - 1) / caben;
+    const int por_renglon = (int(cajas_.size()) + renglones - 1) / renglones;
+    for (int i = 0; i < cajas_.size(); ++i) {
+        const int x = ancho - (por_renglon - i % por_renglon) * cada + paso(1.5);
+        const int y = i / por_renglon * (alto + paso(0.5));
+        titulos_[i]->setGeometry(x, y, rotulo, alto);
+        cajas_[i]->setGeometry(x + rotulo + paso(0.5), y, caja - paso(0.5), alto);
+    }
+    return renglones * (alto + paso(0.5)) - paso(0.5);
 }

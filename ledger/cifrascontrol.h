@@ -32,6 +32,8 @@ protected:
 
 private:
     void ubique();
+    void ubique_bajo_columnas(const QRect& vista, int alto);
+    int ubique_a_la_vista(int ancho, int alto);
     int alto_de_renglon() const;
     int ancho_de(const EditorNumero* caja) const;
 
@@ -41,4 +43,5 @@ private:
     QWidget* hueco_; ///< por donde se ven las cajas, que se desplazan con sus columnas
     NavegadorDatos* navegador_;
     QVector<EditorNumero*> cajas_;
+    QVector<QLabel*> titulos_; ///< de qué es cada una, si no está bajo su columna
 };

@@ -64,6 +64,7 @@ Tfbalanceanual::Tfbalanceanual() : ConsultaPeriodo("Tfbalanceanual", "balance an
     arme_botones();
     f.botones(findChild<BarraBotones*>());
     tamano_del_area(140, 130);
+    setProperty("alto_del_area", true); // ese es el que tiene señalado
     connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] { por_recalcular_ = true; });
 }
 

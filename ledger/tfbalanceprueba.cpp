@@ -81,6 +81,7 @@ Tfbalanceprueba::Tfbalanceprueba()
     f.botones(findChild<BarraBotones*>());
     flechas("SpeedButton1", "SpeedButton2");
     tamano_del_area(140, 130);
+    setProperty("alto_del_area", true); // ese es el que tiene señalado
     connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] { por_recalcular_ = true; });
 }
 

@@ -24,6 +24,7 @@
 namespace {
 
 constexpr int kMasPaginas = 99;
+const QString kDelSistema = QStringLiteral("Impresora del sistema");
 
 } // namespace
 
@@ -272,13 +273,12 @@ void Tfmodformato::FormCreate() {
         return;
     }
     for (const QString& nombre : impresoras_de_informes())
-        EImpresora->addItem(nombre.isEmpty() ? QStringLiteral("(la del sistema)") : nombre);
+        EImpresora->addItem(nombre.isEmpty() ? kDelSistema : nombre);
     EImpresora->setCurrentIndex(CFormato.FieldByName("FOCO_IMPRESORA").nulo()
                                     ? -1
                                     : int(CFormato.FieldByName("FOCO_IMPRESORA").entero()));
     EImpresora->setEnabled(EImpresora->count() > 0);
-    if (!EImpresora->isEnabled())
-        EImpresora->setPlaceholderText("(sin impresoras.cfg)");
+    EImpresora->setPlaceholderText(kDelSistema);
     const QStringList letras = QFontDatabase::families();
     DBGridEh1->lista("FOCD_FONT", letras);
     DBGridEh2->lista("FOCD_FONT", letras);

@@ -41,7 +41,7 @@ Tfnumeracion::Tfnumeracion() : Pantalla("Tfnumeracion", "Numeración hojas") {
         .estire()
         .botones(barra);
     enter_como_tab();
-    tamano(382, 200);
+    tamano(382, 150);
     centre_en_area(125, 120);
 }
 

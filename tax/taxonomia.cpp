@@ -43,9 +43,11 @@ void exporte_taxonomia(ConjuntoDatos& filas, const QString& ano, const QString& 
     // El que lo recibe lo espera así, con la cabecera abierta y un solo dato por renglón.
     escriba(cabeza_xml(QStringLiteral("1002")) + "<Ano>" + ano + "</Ano>\r\n<CantReg>" +
             QString::number(filas.RecordCount()) + "</CantReg>\r\n");
-    for (int i = 0; i < filas.RecordCount(); ++i)
-        escriba(QStringLiteral("  <pagos  ndom=%1 />\r\n")
-                    .arg(cadenahtml(filas.valor_en(i, filas.FieldByName("VALOR")).texto())));
+    for (int i = 0; i < filas.RecordCount(); ++i) {
+        const Valor valor = filas.valor_en(i, filas.FieldByName("VALOR"));
+        escriba(QStringLiteral("  <pagos  ndom=%1 />\r\n") // un título, en cero
+                    .arg(cadenahtml(valor.nulo() ? QStringLiteral("0.00") : valor.texto())));
+    }
     escriba("</mas>\r\n");
     archivo.confirme();
 }

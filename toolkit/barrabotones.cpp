@@ -65,6 +65,8 @@ void BarraBotones::ceda_dibujos() {
         fila_->setSpacing(espacio);
         return fila_->heightForWidth(width()) <= fila_->sizeHint().height();
     };
+    // La que no cabe con ellos tampoco los conserva en dos renglones: se vería distinta de su
+    // gemela.
     if (!caben(lado, paso()) && !caben(0, paso(0.5)))
-        caben(lado, paso());
+        caben(0, paso());
 }

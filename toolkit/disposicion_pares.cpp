@@ -75,20 +75,22 @@ QVector<DisposicionPares::Par> DisposicionPares::pares() const {
     return lista;
 }
 
-int DisposicionPares::ancho_rotulo(const Par& par, bool primero) const {
+int DisposicionPares::ancho_rotulo(const Par& par, int guia) const {
     const int suyo = par.rotulo ? par.rotulo->sizeHint().width() : 0;
-    if (!primero || par.columna == 0)
-        return suyo;
+    return par.columna == 0 ? suyo : qMax(suyo, guia);
+}
+
+int DisposicionPares::primera_columna() const {
     int guia = columnMinimumWidth(0);
     for (int f = 0; f < rowCount(); ++f)
         if (const QLayoutItem* otro = itemAtPosition(f, 0);
             otro && otro != itemAtPosition(f, 1) && !otro->isEmpty())
             guia = qMax(guia, otro->sizeHint().width());
-    return qMax(suyo, guia);
+    return guia;
 }
 
-int DisposicionPares::sitio(const Par& par, bool primero) const {
-    const int rotulo = ancho_rotulo(par, primero);
+int DisposicionPares::sitio(const Par& par, int guia) const {
+    const int rotulo = ancho_rotulo(par, guia);
     return rotulo + (rotulo ? horizontalSpacing() : 0) + par.casilla->minimumSize().width();
 }
 
@@ -97,8 +99,9 @@ QSize DisposicionPares::minimumSize() const {
     if (todo_en_columnas_)
         return s;
     int ancho = 0;
+    const int guia = primera_columna();
     for (const Par& p : pares())
-        ancho = qMax(ancho, sitio(p, true));
+        ancho = qMax(ancho, sitio(p, guia));
     const QMargins m = contentsMargins();
     s.setWidth(qMin(s.width(), ancho + m.left() + m.right()));
     return s;
@@ -125,7 +128,9 @@ int DisposicionPares::minimumHeightForWidth(int ancho) const {
 
 int DisposicionPares::alto_sin_columnas(int ancho, bool minimo) const {
     const QMargins m = contentsMargins();
-    return alto_de(renglones(pares(), ancho - m.left() - m.right()), minimo) + m.top() + m.bottom();
+    const QVector<Par> todos = pares();
+    ancho -= m.left() + m.right();
+    return alto_de(renglones(todos, ancho, guia(todos, ancho)), minimo) + m.top() + m.bottom();
 }
 
 int DisposicionPares::alto_de(const QVector<Renglon>& lista, bool minimo) const {
@@ -135,23 +140,38 @@ int DisposicionPares::alto_de(const QVector<Renglon>& lista, bool minimo) const 
     return alto;
 }
 
-QVector<DisposicionPares::Renglon> DisposicionPares::renglones(const QVector<Par>& todos,
-                                                               int ancho) const {
+int DisposicionPares::guia(const QVector<Par>& todos, int ancho) const {
+    // Con otra guía pueden empezar renglón otros, que también se alinean.
+    for (int guia = primera_columna();;) {
+        int mayor = guia;
+        for (const Renglon& r : renglones(todos, ancho, guia))
+            mayor = qMax(mayor, ancho_rotulo(todos[r.desde], 0));
+        for (const Par& p : todos) // sin sacar a ninguno de la ventana
+            if (p.columna > 0)
+                mayor = qMin(mayor, qMax(guia, ancho - horizontalSpacing() -
+                                                   p.casilla->minimumSize().width()));
+        if (std::exchange(guia, mayor) == mayor)
+            return guia;
+    }
+}
+
+QVector<DisposicionPares::Renglon> DisposicionPares::renglones(const QVector<Par>& todos, int ancho,
+                                                               int guia) const {
     QVector<Renglon> lista;
     for (int i = 0; i < todos.size(); i = lista.last().hasta)
-        lista << renglon(todos, i, ancho);
+        lista << renglon(todos, i, ancho, guia);
     return lista;
 }
 
-DisposicionPares::Renglon DisposicionPares::renglon(const QVector<Par>& todos, int desde,
-                                                    int ancho) const {
+DisposicionPares::Renglon DisposicionPares::renglon(const QVector<Par>& todos, int desde, int ancho,
+                                                    int guia) const {
     // Los de la misma fila que quepan con su ancho mínimo.
     Renglon r;
     r.desde = desde;
-    int sobra = ancho - sitio(todos[desde], true);
+    int sobra = ancho - sitio(todos[desde], guia);
     for (r.hasta = desde + 1; r.hasta < todos.size() && todos[r.hasta].fila == todos[desde].fila;
          ++r.hasta) {
-        const int otro = horizontalSpacing() + sitio(todos[r.hasta], false);
+        const int otro = horizontalSpacing() + sitio(todos[r.hasta], 0);
         if (otro > sobra)
             break;
         sobra -= otro;
@@ -200,7 +220,8 @@ void DisposicionPares::setGeometry(const QRect& marco) {
     QLayout::setGeometry(marco);
     const QRect campo = marco.marginsRemoved(contentsMargins());
     const QVector<Par> todos = pares();
-    QVector<Renglon> lista = renglones(todos, campo.width());
+    const int guia_suya = guia(todos, campo.width());
+    QVector<Renglon> lista = renglones(todos, campo.width(), guia_suya);
     int sobra = campo.height() - alto_de(lista, false);
     auto elasticos =
         std::count_if(lista.begin(), lista.end(), [](const Renglon& r) { return r.elastico; });
@@ -213,7 +234,8 @@ void DisposicionPares::setGeometry(const QRect& marco) {
         }
         int x = campo.x();
         for (int j = r.desde; j < r.hasta; ++j) {
-            const int rotulo = ancho_rotulo(todos[j], j == r.desde), suyo = r.anchos[j - r.desde];
+            const int rotulo = ancho_rotulo(todos[j], j == r.desde ? guia_suya : 0);
+            const int suyo = r.anchos[j - r.desde];
             if (todos[j].rotulo)
                 todos[j].rotulo->setGeometry(QRect(x, y, rotulo, r.alto));
             x += rotulo + (rotulo ? horizontalSpacing() : 0);

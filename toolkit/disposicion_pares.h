@@ -33,11 +33,13 @@ private:
     /// Los que están a la vista, como se leen.
     QVector<Par> pares() const;
     bool cabe(int ancho) const { return ancho >= ancho_en_columnas(); }
-    /// Sitio del rótulo: el primero de un renglón va alineado con los de los demás.
-    int ancho_rotulo(const Par& par, bool primero) const;
-    int sitio(const Par& par, bool primero) const;
-    QVector<Renglon> renglones(const QVector<Par>& todos, int ancho) const;
-    Renglon renglon(const QVector<Par>& todos, int desde, int ancho) const;
+    /// Sitio del rótulo. `guia`: el de los que empiezan renglón, que van alineados; 0 en los demás.
+    int ancho_rotulo(const Par& par, int guia) const;
+    int primera_columna() const;
+    int guia(const QVector<Par>& todos, int ancho) const;
+    int sitio(const Par& par, int guia) const;
+    QVector<Renglon> renglones(const QVector<Par>& todos, int ancho, int guia) const;
+    Renglon renglon(const QVector<Par>& todos, int desde, int ancho, int guia) const;
     /// Lo que suman los renglones, con el alto que les gusta o con el menor que admiten.
     int alto_de(const QVector<Renglon>& lista, bool minimo) const;
     int alto_sin_columnas(int ancho, bool minimo) const;

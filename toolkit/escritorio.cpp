@@ -20,7 +20,7 @@
 
 namespace {
 Escritorio* escritorio_ = nullptr;
-constexpr char kAltoDelArea[] = "alto_del_area"; ///< ya tomó todo el que le toca
+constexpr char kAltoDelArea[] = "alto_del_area"; ///< el suyo no cambia aunque no quepan sus filas
 
 Pantalla* pantalla_en(QMdiSubWindow* ventana) {
     auto* marco = ventana ? dynamic_cast<MarcoPantalla*>(ventana->widget()) : nullptr;
@@ -102,7 +102,8 @@ bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
         const int falta = lo_que_falta(pantalla, alto_que_falta), alto = ventana.height();
         if (falta == 0)
             break;
-        ventana.resize(ventana.width(), qMin(alto + falta, mayor));
+        // Lo que crezca lo puede compartir con otro: de a un píxel no le tocaría nada.
+        ventana.resize(ventana.width(), qMin(alto + qMax(falta, paso()), mayor));
         if (lo_que_falta(pantalla, alto_que_falta) >= falta) { // el alto no es para ellas
             ventana.resize(ventana.width(), alto);
             break;
@@ -138,6 +139,18 @@ void recuerde_anchos(const Pantalla& pantalla, QSettings* ajustes) {
             r->guarde_en(ajustes, pantalla.objectName() + '/' + r->objectName());
 }
 } // namespace
+
+void reajuste_ventana(const Pantalla& pantalla) {
+    QMdiSubWindow* ventana = nullptr;
+    for (QWidget* w = pantalla.parentWidget(); w && !ventana; w = w->parentWidget())
+        ventana = qobject_cast<QMdiSubWindow*>(w);
+    if (!ventana || ventana->size() != ventana->property("inicial").toSize())
+        return;
+    const QSize area = pantalla.area_principal();
+    ventana->resize(ventana->sizeHint().expandedTo(ventana->size()).boundedTo(area));
+    ventana->setProperty("inicial", ventana->size());
+    ventana->move(ventana->x(), qBound(0, ventana->y(), area.height() - ventana->height()));
+}
 
 Escritorio* escritorio() {
     return escritorio_;
@@ -193,7 +206,7 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
             tamano.rwidth() += ventana->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
         ventana->resize(tamano.boundedTo(area));
         ventana->setProperty("inicial", ventana->size());
-        ventana->setProperty(kAltoDelArea, pantalla->del_area_);
+        ventana->setProperty(kAltoDelArea, pantalla->property(kAltoDelArea).toBool());
         ventana->show();
         if (pantalla->del_area_)
             ventana->move(0, 0);

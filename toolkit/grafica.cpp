@@ -80,7 +80,7 @@ double Grafica::paso_redondo(double tramo, int cuantas) {
 }
 
 Grafica::Escala Grafica::escala() const {
-    Escala e{0, 0, 1};
+    Escala e{0, 0, 1, 1};
     for (const SerieGrafica& s : series_)
         for (const Moneda& valor : s.valores) {
             e.minimo = std::min(e.minimo, altura(valor));
@@ -91,6 +91,9 @@ Grafica::Escala Grafica::escala() const {
     e.paso = paso_redondo(e.maximo - e.minimo, 4);
     e.minimo = std::floor(e.minimo / e.paso) * e.paso;
     e.maximo = std::ceil(e.maximo / e.paso) * e.paso;
+    constexpr double kMuchas = 1e9, kMillon = 1e6;
+    if (std::max(e.maximo, -e.minimo) >= kMuchas) // sus ceros se comerían el dibujo
+        e.unidad = kMillon;
     return e;
 }
 
@@ -104,9 +107,9 @@ double Grafica::altura(Moneda valor) {
 
 QRectF Grafica::lienzo(const Escala& e) const {
     const QFontMetricsF m(font());
-    const double izquierda =
-        std::max(m.horizontalAdvance(rotulo(e.maximo)), m.horizontalAdvance(rotulo(e.minimo))) +
-        paso(1.5);
+    const double izquierda = std::max(m.horizontalAdvance(rotulo(e.maximo / e.unidad)),
+                                      m.horizontalAdvance(rotulo(e.minimo / e.unidad))) +
+                             paso(1.5);
     return QRectF(rect()).adjusted(izquierda, m.height() * 1.8, -paso(1.5), -m.height() * 1.7);
 }
 
@@ -136,23 +139,54 @@ void Grafica::pinte_ejes(QPainter& p, const QRectF& l, const Escala& e) const {
         p.drawLine(QPointF(l.left(), y), QPointF(l.right(), y));
         p.setPen(tinta);
         p.drawText(QRectF(0, y - m.height() / 2, l.left() - paso(0.75), m.height()),
-                   Qt::AlignRight | Qt::AlignVCenter, rotulo(v));
+                   Qt::AlignRight | Qt::AlignVCenter, rotulo(v / e.unidad));
     }
-    // Los rótulos que quepan sin tocarse.
+    pinte_categorias(p, l);
+}
+
+QVector<qsizetype> Grafica::rotuladas(double ancho, double libre) const {
+    const qsizetype cuantas = categorias_.size();
+    auto cada = std::max<qsizetype>(
+        1, qsizetype(std::ceil(ancho * double(cuantas) / std::max(1.0, libre))));
+    // De los meses de varios años, el mismo de cada uno.
+    const auto enero = std::find_if(categorias_.begin(), categorias_.end(),
+                                    [](const QString& c) { return c.endsWith("/01"); });
+    const qsizetype desde = enero == categorias_.end() ? 0 : enero - categorias_.begin();
+    constexpr qsizetype kMeses = 12;
+    while (enero != categorias_.end() && kMeses % cada != 0 && cada % kMeses != 0)
+        ++cada;
+    QVector<qsizetype> lista{0};
+    for (qsizetype i = desde % cada; i < cuantas; i += cada)
+        if (i > 0)
+            lista << i;
+    if (lista.last() != cuantas - 1)
+        lista << cuantas - 1;
+    return lista;
+}
+
+void Grafica::pinte_categorias(QPainter& p, const QRectF& l) const {
+    const QFontMetricsF m(font());
     double ancho = 1;
     for (const QString& c : categorias_)
         ancho = std::max(ancho, m.horizontalAdvance(c) + paso(1));
-    const auto cada = std::max<qsizetype>(
-        1, qsizetype(std::ceil(ancho * double(categorias_.size()) / std::max(1.0, l.width()))));
-    double libre = 0;
-    for (qsizetype i = 0; i < categorias_.size(); i += cada) {
-        // El primero y el último se corren hacia adentro antes que salirse del dibujo.
+    const QVector<qsizetype> lista = rotuladas(ancho, l.width());
+    // El primero y el último se corren hacia adentro antes que pisar las cifras o salirse.
+    const auto x_rotulo = [&](qsizetype i) {
         const double suyo = m.horizontalAdvance(categorias_[i]);
-        const double x =
-            std::clamp(x_de(l, double(i)) - suyo / 2, 0.0, std::max(0.0, width() - suyo - 1));
-        if (x >= libre)
-            p.drawText(QPointF(x, l.bottom() + paso(0.5) + m.ascent()), categorias_[i]);
-        libre = x + suyo + paso(0.5);
+        return std::clamp(x_de(l, double(i)) - suyo / 2, l.left(),
+                          std::max(l.left(), width() - suyo - 1));
+    };
+    const double final = x_rotulo(lista.last()) - paso(0.5);
+    double libre = 0;
+    for (const qsizetype i : lista) {
+        const double x = x_rotulo(i), fin = x + m.horizontalAdvance(categorias_[i]);
+        // El comienzo y el final se leen siempre; los de en medio, si no los tocan.
+        if (x < libre || (i != lista.last() && i > 0 && fin > final))
+            continue;
+        p.drawText(QPointF(x, l.bottom() + paso(0.5) + m.ascent()), categorias_[i]);
+        p.drawLine(QPointF(x_de(l, double(i)), l.bottom()),
+                   QPointF(x_de(l, double(i)), l.bottom() + paso(0.5)));
+        libre = fin + paso(0.5);
     }
 }
 
@@ -187,9 +221,14 @@ void Grafica::pinte_barras(QPainter& p, const QRectF& l, const Escala& e) const 
     }
 }
 
-void Grafica::pinte_leyenda(QPainter& p, const QRectF& l) const {
+void Grafica::pinte_leyenda(QPainter& p, const QRectF& l, const Escala& e) const {
     const QFontMetricsF m(font());
     double x = l.left();
+    if (e.unidad > 1) {
+        p.setPen(palette().color(QPalette::WindowText));
+        p.drawText(QRectF(0, 0, l.right(), m.height() * 1.5), Qt::AlignRight | Qt::AlignVCenter,
+                   "En millones");
+    }
     for (qsizetype s = 0; s < series_.size(); ++s) {
         const Trazo t = trazo(s, palette().color(QPalette::Base));
         const QRectF muestra(x, m.height() * 0.35, paso(3), m.height() * 0.75);
@@ -223,5 +262,5 @@ void Grafica::paintEvent(QPaintEvent*) {
     const QRectF l = lienzo(e);
     pinte_ejes(p, l, e);
     forma_ == Lineas ? pinte_lineas(p, l, e) : pinte_barras(p, l, e);
-    pinte_leyenda(p, l);
+    pinte_leyenda(p, l, e);
 }

@@ -39,16 +39,19 @@ protected:
 
 private:
     struct Escala {
-        double minimo = 0, maximo = 1, paso = 1;
+        double minimo = 0, maximo = 1, paso = 1, unidad = 1;
     };
     Escala escala() const;
     QRectF lienzo(const Escala& e) const;
     double x_de(const QRectF& l, double categoria) const;
     static double y_de(const QRectF& l, const Escala& e, double valor);
     void pinte_ejes(QPainter& p, const QRectF& l, const Escala& e) const;
+    /// Las categorías que se rotulan si a cada rótulo le tocan `ancho` de los `libre`.
+    QVector<qsizetype> rotuladas(double ancho, double libre) const;
+    void pinte_categorias(QPainter& p, const QRectF& l) const;
     void pinte_lineas(QPainter& p, const QRectF& l, const Escala& e) const;
     void pinte_barras(QPainter& p, const QRectF& l, const Escala& e) const;
-    void pinte_leyenda(QPainter& p, const QRectF& l) const;
+    void pinte_leyenda(QPainter& p, const QRectF& l, const Escala& e) const;
     static QString rotulo(double valor);
     static double altura(Moneda valor); ///< solo para el dibujo
 

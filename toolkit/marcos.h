@@ -50,6 +50,9 @@ private:
     bool fijando_ = false, siguiendo_ = false;
 };
 
+/// Da a la ventana de `pantalla` el tamaño con que abriría ahora, si muestra algo que antes no.
+void reajuste_ventana(const Pantalla& pantalla);
+
 class DialogoPantalla : public QDialog {
 public:
     DialogoPantalla(Pantalla* pantalla, QWidget* padre);

@@ -42,6 +42,30 @@ bool espera_una_modal(const Pantalla* pantalla) {
                        [pantalla](const Espera& e) { return e.quien == pantalla; });
 }
 
+/// Falso si el alto que sobre queda en blanco: solo lo toma el espacio que junta las filas arriba.
+bool toma_alto(QLayoutItem& item) {
+    if (item.isEmpty() || item.spacerItem())
+        return false;
+    const QWidget* w = item.widget();
+    if (w && (w->sizePolicy().verticalPolicy() & QSizePolicy::ExpandFlag))
+        return true;
+    QLayout* interior = w ? w->layout() : item.layout();
+    const auto* columna = qobject_cast<const QVBoxLayout*>(interior);
+    for (int i = 0; interior && i < interior->count(); ++i) {
+        QLayoutItem& parte = *interior->itemAt(i);
+        const bool estira = columna && columna->stretch(i) > 0;
+        if (toma_alto(parte) || (estira && !parte.isEmpty() && !parte.spacerItem()))
+            return true;
+    }
+    return false;
+}
+
+int alto_comodo(const Pantalla& pantalla, int ancho) {
+    const QLayout& todo = *pantalla.layout();
+    return todo.hasHeightForWidth() ? todo.totalHeightForWidth(ancho)
+                                    : pantalla.sizeHint().height();
+}
+
 } // namespace
 
 Pantalla::Pantalla(const QString& clase, const QString& titulo, QWidget* padre) : QWidget(padre) {
@@ -185,6 +209,8 @@ QSize Pantalla::tamano_inicial() const {
         deseado = {escalado(tamano_.width()), escalado(tamano_.height())};
     // Si hay dónde, ninguna fila sigue en otro renglón.
     deseado.setWidth(qMax(deseado.width(), property(kEnColumnas).toInt()));
+    if (layout() && !menos_centro_.isValid() && !toma_alto(*layout()))
+        deseado.setHeight(qMin(deseado.height(), alto_comodo(*this, deseado.width())));
     return deseado.expandedTo(minimumSizeHint()).boundedTo(area);
 }
 

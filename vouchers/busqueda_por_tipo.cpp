@@ -29,8 +29,9 @@ BusquedaPorTipo::BusquedaPorTipo(const QString& clase, const QString& titulo, Se
 }
 
 void BusquedaPorTipo::construya_filtros(const QVector<FiltroTexto>& filtros,
-                                        const char* nombre_boton, bool con_fila) {
-    filtros_ = new FiltrosBusqueda(CVirtual, filtros, nombre_boton, con_fila, this);
+                                        const char* nombre_boton, bool con_fila,
+                                        const Formulario::Par& antes) {
+    filtros_ = new FiltrosBusqueda(CVirtual, filtros, nombre_boton, con_fila, antes, this);
 }
 
 Rejilla* BusquedaPorTipo::rejilla(const char* nombre, const QVector<DefinicionColumna>& columnas,

@@ -23,7 +23,7 @@ protected:
     BarraBotones* barra_ = nullptr;
 
     void construya_filtros(const QVector<FiltroTexto>& filtros, const char* nombre_boton,
-                           bool con_fila);
+                           bool con_fila, const Formulario::Par& antes = {});
     /// Rejilla de consulta sobre el resultado, con el nombre de archivo que propone al guardar.
     Rejilla* rejilla(const char* nombre, const QVector<DefinicionColumna>& columnas,
                      const QString& archivo, Rejilla::Orden orden_imprimir);

@@ -17,7 +17,8 @@ QString FiltroTexto::condicion(const QString& digitado) const {
 }
 
 FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto>& filtros,
-                                 const char* nombre_boton, bool con_fila, QWidget* padre)
+                                 const char* nombre_boton, bool con_fila,
+                                 const Formulario::Par& antes, QWidget* padre)
     : QWidget(padre), tipos_(tipos), filtros_(filtros) {
     LTipo = new ListaDato(this);
     LTipo->setObjectName("LTipo");
@@ -70,7 +71,10 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
         abajo->addWidget(ckfiltro);
     }
     segundo->setFocusProxy(primero_largo);
-    Formulario(this).fila("Tipo", arriba).fila("Concepto", segundo);
+    Formulario f(this);
+    if (antes.control)
+        f.fila({antes});
+    f.fila("Tipo", arriba).fila("Concepto", segundo);
     layout()->setContentsMargins(0, 0, 0, 0);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum); // más renglones si no cabe
     connect(buscar, &QPushButton::clicked, this, [this] { busque(); });

@@ -1,5 +1,6 @@
 #pragma once
 // Filtros de las listas de comprobantes y plantillas: el tipo y unas cajas de texto.
+#include "toolkit/formulario.h"
 #include "toolkit/pantalla.h"
 
 #include <QVector>
@@ -30,9 +31,11 @@ public:
     static constexpr const char* kTodos = "__";
 
     /// `tipos` tiene TICO_COD y TICO_NOM y se abre después. Uno de los filtros es el
-    /// concepto, que abre el segundo renglón. Sin `con_fila` no hay ckfiltro.
+    /// concepto, que abre el segundo renglón. Sin `con_fila` no hay ckfiltro. `antes`, si tiene
+    /// control, es una fila más, arriba de todas.
     FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto>& filtros,
-                    const char* nombre_boton, bool con_fila, QWidget* padre);
+                    const char* nombre_boton, bool con_fila, const Formulario::Par& antes,
+                    QWidget* padre);
 
     ListaDato* LTipo;
     QPushButton* buscar;

@@ -26,7 +26,7 @@ Tfbuscplantilla::Tfbuscplantilla()
                          {"PLAN_REFER", "Referencia", 12},
                          {"PLAN_USUARIO", "Usuario", 12}},
                         "BuscPlantilla", Rejilla::Imprimir);
-    DBGridEh1->texto_vacio = "No hay plantillas. F6 crea una nueva.";
+    DBGridEh1->texto_vacio = "No hay plantillas. F6 crea la primera.";
     DBGridEh1->OnTitleClick = [this](Campo& campo) { busque("order by " + campo.FieldName); };
     DBGridEh1->OnDblClick = [this](int) {
         modo_mantenimiento_ ? SpeedButton2Click() : SpeedButton4Click();

@@ -24,16 +24,13 @@ Tfcomproterc::Tfcomproterc()
 
     ENIT = caja_de_lectura("ENIT", 16);
     ENom = caja_de_lectura("ENom", 40);
-    auto* tercero = new QWidget(this);
-    Formulario(tercero).fila({{"NIT", Formulario::junto({ENIT, ENom})}});
-    tercero->layout()->setContentsMargins(0, 0, 0, 0);
     ENom->setAccessibleName("Nombre del tercero");
     construya_filtros({{"TPref", "Prefijo", 4, "prefijo"},
                        {"TNum", "Número", 8, "numero", FiltroTexto::Desde},
                        {"TFecha", "Fecha", 8, "fecha", FiltroTexto::Desde},
                        {"TConc", "Concepto", 60, "concepto", FiltroTexto::Contiene},
                        {"TRef", "Referencia", 20, "ref", FiltroTexto::Contiene}},
-                      "BitBtn1", false);
+                      "BitBtn1", false, {"NIT", Formulario::junto({ENIT, ENom})});
     filtros_->al_buscar = [this] {
         busque("order by tipo, fecha desc");
         if (hay_fila())
@@ -83,7 +80,7 @@ Tfcomproterc::Tfcomproterc()
             paginas->setCurrentIndex(qBound(0, paginas->currentIndex() + salto, 2));
             paginas->currentWidget()->setFocus();
         });
-    Formulario(this).ancha(tercero, 0).ancha(filtros_, 0).ancha(paginas).botones(barra_);
+    Formulario(this).ancha(filtros_, 0).ancha(paginas).botones(barra_);
     tamano(1060, 560);
 }
 

@@ -2,6 +2,7 @@
 
 #include "datos/firebird/reloj.h"
 #include "libro/revision.h"
+#include "sesion/auditoria.h"
 #include "sesion/copias_comprobante.h"
 #include "toolkit/estilo.h"
 #include "toolkit/sin_grabar.h"
@@ -103,17 +104,14 @@ void Tfedtmovimien::declare_menu_y_teclas() {
 void Tfedtmovimien::declare_pie() {
     auto* barra = findChild<BarraBotones*>("barra");
     Edit1 = new QLineEdit;
-    Edit3 = new QLineEdit;
+    Edit3 = new QLabel;
     LabAudit = new QLabel;
     Edit1->setObjectName("Edit1");
     Edit3->setObjectName("Edit3");
     LabAudit->setObjectName("LabAudit");
-    const int letra = fontMetrics().averageCharWidth();
-    for (QLineEdit* e : {Edit1, Edit3}) {
-        e->setReadOnly(true);
-        e->setFocusPolicy(Qt::NoFocus);
-        e->setFixedWidth(letra * (e == Edit1 ? 34 : 44));
-    }
+    Edit1->setReadOnly(true);
+    Edit1->setFocusPolicy(Qt::NoFocus);
+    Edit1->setFixedWidth(fontMetrics().averageCharWidth() * 34);
     Edit1->setAccessibleName("Origen del comprobante");
     Edit3->setAccessibleName("Último cambio NIIF");
     barra->separe();
@@ -153,9 +151,7 @@ void Tfedtmovimien::FormCreate() {
     muestre_auditoria(1, id, [this](const QString& t) { LabAudit->setText(t); });
     muestre_auditoria(1001, id, [this](const QString& t) {
         Edit3->setText(t);
-        Edit3->setToolTip(t);
         cambio_niif_ = !CAudit.FieldByName("AUDIT").vacio();
-        Edit3->setCursorPosition(0); // si no cabe, que se vea el comienzo
     });
     muestre_cambio();
     llene_categorias(lineas_2649->rejilla);
@@ -196,7 +192,7 @@ int Tfedtmovimien::maximo_item(Libro libro, const QString& id) {
 void Tfedtmovimien::muestre_auditoria(int tipo, const QString& id,
                                       const std::function<void(QString)>& donde) {
     CAudit.Open(Tfdm::sql_auditoria(tipo, "audi_iddoc", id.isEmpty() ? QStringLiteral("0") : id));
-    donde("Modificado: " + CAudit.FieldByName("AUDIT").texto());
+    donde(modificado(CAudit.FieldByName("AUDIT").texto()));
 }
 
 void Tfedtmovimien::muestre_origen() {

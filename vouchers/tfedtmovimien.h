@@ -14,8 +14,8 @@ public:
     Proveedor PMaxitem, PAudit, PTidocart, PPlantilla;
     ConjuntoDatos CMaxitem, CAudit, CPrefijos, CTidocart, CPlantilla, CPlantilladet;
     EditorDato* EPref;
-    QLineEdit *Edit1, *Edit3;
-    QLabel* LabAudit;
+    QLineEdit* Edit1;
+    QLabel *LabAudit, *Edit3;  ///< último cambio de cada libro
     bool cambio_niif_ = false; ///< el libro NIIF del comprobante se ha modificado
     QPushButton* SBBorrar = nullptr;
 

@@ -195,7 +195,8 @@ void revise_ventana(Pantalla* p, QStringList& faltas) {
             faltas << nombre_de(r) + " se desplaza y su ventana puede ensancharse";
         else if (!ancha && se_recorta_un_nombre(*r))
             faltas << nombre_de(r) + " recorta un nombre y su ventana puede ensancharse";
-        if (!alta && r->verticalScrollBar()->maximum() > 0)
+        const bool quieta = r->conjunto() && r->conjunto()->editando(); // no se mueve al digitar
+        if (!alta && !quieta && r->verticalScrollBar()->maximum() > 0)
             faltas << nombre_de(r) + " esconde filas y su ventana puede crecer";
     }
 }
@@ -331,6 +332,23 @@ void revise_vacias(const Pantalla* p, QStringList& faltas) {
             faltas << nombre_de(r) + " abre en blanco y no dice cómo se consulta";
 }
 
+/// Bajo el último control no queda en blanco más de la cuarta parte de la ventana. Los informes
+/// abren del tamaño que tienen señalado.
+void revise_hueco(Pantalla* p, QStringList& faltas) {
+    const auto* barra = p->findChild<BarraBotones*>();
+    if (!barra || !barra->isVisible() || p->inherits("FormaRango"))
+        return;
+    int ultimo = 0;
+    for (const QWidget* w : p->findChildren<QWidget*>()) {
+        const bool contiene = w->layout() || w->inherits("QTabWidget") || w->inherits("QSplitter");
+        if (w->isVisible() && !contiene && w != barra && !barra->isAncestorOf(w))
+            ultimo = qMax(ultimo, w->mapTo(p, QPoint(0, w->height())).y());
+    }
+    const int hueco = barra->mapTo(p, QPoint()).y() - ultimo;
+    if (hueco * 4 > ventana_de(p)->height())
+        faltas << QString("deja %1 en blanco sobre los botones").arg(hueco);
+}
+
 /// A un monitor corriente, quien digita ve el asiento y no una ventanilla; con letra grande, sus
 /// sumas.
 void revise_lineas(const Pantalla* p, QStringList& faltas) {
@@ -397,6 +415,7 @@ QStringList revise(Pantalla* p) {
     revise_botones(p, faltas);
     revise_vacias(p, faltas);
     revise_lineas(p, faltas);
+    revise_hueco(p, faltas);
     return faltas;
 }
 

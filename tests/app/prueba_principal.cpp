@@ -519,6 +519,16 @@ private slots:
 
         p.mensajes->Timer3Timer();
         QCOMPARE(aviso->cuantos(), 1);
+        // Ni en un monitor pequeño tapa los botones de la pantalla que se abre.
+        p.resize(911, 512);
+        Pantalla* cuentas = pantallas().abrir("Tfcuentas");
+        QVERIFY(cuentas);
+        agote_eventos();
+        for (const QPushButton* b : cuentas->findChildren<QPushButton*>())
+            QVERIFY2(!b->isVisible() ||
+                         !aviso->geometry().intersects({b->mapTo(&p, QPoint()), b->size()}),
+                     qPrintable(b->text()));
+        cuentas->close();
         RespondeMensaje contestado;
         registre_testigo("Tfmensaje",
                          [&](const Pantalla& m) { contestado = m.peticion<RespondeMensaje>(); });

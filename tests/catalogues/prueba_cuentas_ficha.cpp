@@ -328,11 +328,10 @@ private slots:
         p->close();
         p = modifique(s, "110505");
         const QString linea = componente<QLabel>(p, "LabAudit").text();
-        QVERIFY2(
-            QRegularExpression("^Modificado: \\d{4}-\\d\\d-\\d\\d  \\d\\d:\\d\\d:\\d\\d  ADMIN$")
-                .match(linea)
-                .hasMatch(),
-            qPrintable(linea));
+        QVERIFY2(QRegularExpression("^Modificado: \\d{4}/\\d\\d/\\d\\d \\d\\d:\\d\\d  ADMIN$")
+                     .match(linea)
+                     .hasMatch(),
+                 qPrintable(linea));
         p->close();
         p = modifique(s, "110505", Libro::Niif);
         QVERIFY(!p->findChild<QLabel*>("LabAudit"));

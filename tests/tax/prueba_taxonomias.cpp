@@ -11,6 +11,8 @@
 #include "tax/tftaxnotas.h"
 #include "tax/tftaxonomias.h"
 #include "toolkit/exportacion/archivo_salida.h"
+#include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/rejilla/rejilla.h"
 
 /// El programa con que el sistema abriría un archivo.
 class Abridor : public QObject {
@@ -219,6 +221,14 @@ void PruebaTaxonomias::supersociedades_calcula_las_dos_secciones() {
                       "SELECT * FROM IMPR_TAXONOMIA(1,310000,'20181231') order by ITEM\n");
     QCOMPARE(p->CImprtax->RecordCount(), 25);
     QCOMPARE(p->CImptaxr->RecordCount(), 8);
+    // "Activos" es un título y no lleva cifra; los demás, aunque sea cero.
+    const auto dice = [p](int fila) {
+        const ModeloConjunto& m = p->DBGridEh1->modelo();
+        return m.texto(fila, 1) + '=' + m.texto(fila, 2) + m.texto(fila, 3);
+    };
+    QCOMPARE(dice(0), "Activos=");
+    for (int fila = 1; fila < p->CImprtax->RecordCount(); ++fila)
+        QVERIFY2(dice(fila).count(".") == 2, qPrintable(dice(fila)));
     QCOMPARE(p->DBGridEh1->nombre_archivo + p->DBGridEh2->nombre_archivo, "BalanPruebaBalanPrueba");
 }
 

@@ -75,6 +75,13 @@ private slots:
         f.rotule(codigo, "Cuenta");
         QCOMPARE(r->text(), "Cuenta:");
         QCOMPARE(codigo->accessibleName(), "Cuenta");
+        // Cuando la fila se parte, el que empieza el otro renglón sigue en la columna de los demás.
+        f.muestre(codigo, true);
+        f.rotule(pais, "País de la residencia fiscal");
+        ventana.resize(ventana.minimumSizeHint().width(), 500);
+        QTRY_VERIFY(en(pais, &ventana).top() > en(ciudad, &ventana).bottom());
+        QCOMPARE(en(pais, &ventana).left(), en(ciudad, &ventana).left());
+        QCOMPARE(en(codigo, &ventana).left(), en(ciudad, &ventana).left());
     }
 
     void con_letra_doble_todo_crece_y_nada_se_corta() {

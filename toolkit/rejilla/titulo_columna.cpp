@@ -10,6 +10,13 @@ bool vocal(QChar letra) {
     return QStringLiteral("aeiouáéíóúü").contains(letra.toLower());
 }
 
+bool es_mes(const QString& palabra) {
+    static const QStringList meses{"Enero",      "Febrero", "Marzo",     "Abril",
+                                   "Mayo",       "Junio",   "Julio",     "Agosto",
+                                   "Septiembre", "Octubre", "Noviembre", "Diciembre"};
+    return meses.contains(palabra);
+}
+
 /// Cada palabra más larga que `letras`, cortada tras una consonante y con punto.
 QString abrevie(const QString& renglon, qsizetype letras) {
     QString corto;
@@ -17,6 +24,11 @@ QString abrevie(const QString& renglon, qsizetype letras) {
         qsizetype fin = i;
         while (fin < renglon.size() && renglon[fin].isLetter())
             ++fin;
+        if (fin - i > letras && es_mes(renglon.mid(i, fin - i))) { // como todos lo abrevian
+            corto += renglon.mid(i, kLetras);
+            i = fin;
+            continue;
+        }
         if (fin - i <= letras + 1) { // el punto ocuparía lo que se ahorra
             fin = qMax(fin, i + 1);
             corto += renglon.mid(i, fin - i);
