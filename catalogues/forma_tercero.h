@@ -10,7 +10,9 @@
 #include <QSet>
 
 class BarraBotones;
+class CasillaDato;
 class EditorDato;
+class Formulario;
 class ListaDato;
 class MemoDato;
 class QFrame;
@@ -53,7 +55,17 @@ protected:
 
 private:
     void defina_campos();
-    void arme(); ///< en forma_tercero_diseno.cpp
+    // --- disposición, en forma_tercero_diseno.cpp
+    void arme();
+    void arme_identificacion(Formulario& f);
+    void arme_ubicacion(Formulario& f);
+    void arme_papeles(Formulario& f);
+    void arme_cuentas(Formulario& f);
+    EditorDato* editor(const QString& campo, const QString& nombre, int ancho = 0);
+    ListaDato* lista(const QString& campo, const QString& nombre, ConjuntoDatos* tabla,
+                     const QString& llave, const QString& columna);
+    CasillaDato* casilla(const QString& texto, const QString& campo);
+
     void escoja_cuenta(Campo& campo, const QString& desde);
     void abra_catalogo(const QString& pantalla);
 

@@ -50,28 +50,44 @@ QWidget* en_columnas(int columnas, std::initializer_list<QWidget*> controles) {
 
 } // namespace
 
+EditorDato* FormaTercero::editor(const QString& campo, const QString& nombre, int ancho) {
+    auto* e = con_nombre(new EditorDato(CTerceros, campo), nombre);
+    e->ancho(ancho);
+    return e;
+}
+
+ListaDato* FormaTercero::lista(const QString& campo, const QString& nombre, ConjuntoDatos* tabla,
+                               const QString& llave, const QString& columna) {
+    auto* l = con_nombre(new ListaDato(CTerceros, campo), nombre);
+    l->lista_de(tabla, llave, columna);
+    return l;
+}
+
+CasillaDato* FormaTercero::casilla(const QString& texto, const QString& campo) {
+    return con_nombre(new CasillaDato(texto, CTerceros, campo), "CK" + campo.mid(4));
+}
+
 void FormaTercero::arme() {
     Formulario f(this);
-    EditorDato *dvdian, *nit_contable, *actividad, *concepto;
-    const auto editor = [this](const QString& campo, const QString& nombre, int ancho = 0) {
-        auto* e = con_nombre(new EditorDato(CTerceros, campo), nombre);
-        e->ancho(ancho);
-        return e;
-    };
-    const auto lista = [this](const QString& campo, const QString& nombre, ConjuntoDatos* tabla,
-                              const QString& llave, const QString& columna) {
-        auto* l = con_nombre(new ListaDato(CTerceros, campo), nombre);
-        l->lista_de(tabla, llave, columna);
-        return l;
-    };
-    const auto casilla = [this](const QString& texto, const QString& campo) {
-        return con_nombre(new CasillaDato(texto, CTerceros, campo), "CK" + campo.mid(4));
-    };
+    arme_identificacion(f);
+    arme_ubicacion(f);
+    arme_papeles(f.al_lado());
+    arme_cuentas(f.fin_grupo());
+    barra_ = new BarraBotones(this);
+    SBGrabar = barra_->boton("SBGrabar", "F2:Grabar", "document-save", QKeySequence(Qt::Key_F2),
+                             [this] { SBGrabarClick(); });
+    barra_->principal(SBGrabar);
+    barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
+                  [this] { close(); });
+    f.botones(barra_);
+    enter_como_tab();
+    tamano(1040, 650);
+}
 
-    // --- identificación
+void FormaTercero::arme_identificacion(Formulario& f) {
     ENit = editor("TERC_NIT", "ENit", 17);
     DBEdit8 = editor("TERC_DV", "DBEdit8", 3);
-    dvdian = editor("TERC_DVDIAN", "EDvdian", 3);
+    EditorDato* dvdian = editor("TERC_DVDIAN", "EDvdian", 3);
     dvdian->setToolTip("Dígito de verificación según la DIAN");
     auto* tipo = lista("TERC_TIPOID", "LTipoid", Ctipo_id, "TIID_COD", "TIID_NOM");
     EApellido1 = editor("TERC_APELLIDO1", "EApellido1", 20);
@@ -88,8 +104,9 @@ void FormaTercero::arme() {
         .fila({{"Primer apellido", EApellido1}, {"Segundo apellido", EApellido2}})
         .fila({{"Primer nombre", ENombre1}, {"Segundo nombre", ENombre2}})
         .fila({{"&Nombre", ENombre}, {"", casilla("Activo", "TERC_ESTADO")}});
+}
 
-    // --- ubicación
+void FormaTercero::arme_ubicacion(Formulario& f) {
     auto* ciudades = boton_pequeno(this, "SpeedButton1", "…", "Abrir el catálogo de ciudades",
                                    [this] { abra_catalogo("Tfciudades"); });
     auto* ciudad = lista("CIUD_COD", "LCiudad", CCiudades, "CIUD_COD", "CIUD_NOM");
@@ -108,8 +125,9 @@ void FormaTercero::arme() {
                {"Aniversario", con_nombre(new FechaDato(CTerceros, "TERC_ANIV"), "FAniv")}})
         .fila("C&orreo", editor("TERC_EMAIL", "EEmail", 30))
         .fila("Contacto", editor("TERC_CONTACTO", "EContacto", 30));
+}
 
-    // --- papeles
+void FormaTercero::arme_papeles(Formulario& f) {
     panel_exento_ = con_nombre(new QFrame, "PExento");
     panel_exento_->setFrameShape(QFrame::StyledPanel);
     auto* fila_exento = new QGridLayout(panel_exento_);
@@ -120,13 +138,12 @@ void FormaTercero::arme() {
     panel_exento_->hide();
     auto* exento = boton_pequeno(this, "SpeedButton7", "Exento…", "Mostrar si el tercero es exento",
                                  [this] { panel_exento_->show(); });
-    nit_contable = editor("TERC_NITCONTA", "ENitconta", 16);
+    EditorDato* nit_contable = editor("TERC_NITCONTA", "ENitconta", 16);
     nit_contable->setToolTip("NIT con que se contabiliza, si es otro");
-    actividad = editor("TERC_ACTIVIDAD", "EActividad", 6);
-    concepto = editor("TERC_CONCSH", "EConcsh", 6);
+    EditorDato* actividad = editor("TERC_ACTIVIDAD", "EActividad", 6);
+    EditorDato* concepto = editor("TERC_CONCSH", "EConcsh", 6);
     concepto->setToolTip("Concepto en medios magnéticos");
-    f.al_lado()
-        .grupo("Papeles y tributos")
+    f.grupo("Papeles y tributos")
         .ancha(en_columnas(3, {casilla("Cl&iente", "TERC_CLIE"), casilla("Proveedor", "TERC_PROV"),
                                casilla("Empleado", "TERC_EMPL"),
                                casilla("Conductor", "TERC_CONDUCTOR"),
@@ -143,8 +160,9 @@ void FormaTercero::arme() {
         .fila({{"Licencia vence", con_nombre(new FechaDato(CTerceros, "TERC_LICVEN"), "FLicven")},
                {"Categoría", editor("TERC_CATEGORIA", "ECategoria", 6)}})
         .fila("NIT contable", nit_contable);
+}
 
-    // --- cuentas
+void FormaTercero::arme_cuentas(Formulario& f) {
     const auto cuenta = [&](const char* campo, int numero) {
         EditorDato* e = editor(campo, "DBEdit" + QString::number(numero), 14);
         e->setToolTip("? y el comienzo de la cuenta abre el plan; doble clic también");
@@ -154,8 +172,7 @@ void FormaTercero::arme() {
     EObs = con_nombre(new MemoDato(CTerceros, "TERC_OBS"), "EObs");
     EObs->lineas(3);
     EObs->setAccessibleName("Observaciones");
-    f.fin_grupo()
-        .grupo("Cuentas propias en vez de las generales")
+    f.grupo("Cuentas propias en vez de las generales")
         .fila({{"Cliente", cuenta("TERC_CTACLIENTE", 9)},
                {"Retención fuente", cuenta("TERC_CTARTFTE", 13)}})
         .fila({{"Proveedor", cuenta("TERC_CTAPROV", 10)},
@@ -167,14 +184,4 @@ void FormaTercero::arme() {
         .al_lado()
         .grupo("Observaciones")
         .ancha(EObs);
-
-    barra_ = new BarraBotones(this);
-    SBGrabar = barra_->boton("SBGrabar", "F2:Grabar", "document-save", QKeySequence(Qt::Key_F2),
-                             [this] { SBGrabarClick(); });
-    barra_->principal(SBGrabar);
-    barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
-                  [this] { close(); });
-    f.botones(barra_);
-    enter_como_tab();
-    tamano(1040, 650);
 }

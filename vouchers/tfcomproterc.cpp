@@ -22,6 +22,14 @@ Tfcomproterc::Tfcomproterc()
     columna_tipo_ = "tipo";
     condicion_base_ = " where id > 0 ";
 
+    arme_filtros();
+    arme_paginas();
+    arme_botones();
+    Formulario(this).ancha(filtros_, 0).ancha(paginas).botones(barra_);
+    tamano(1060, 560);
+}
+
+void Tfcomproterc::arme_filtros() {
     ENIT = caja_de_lectura("ENIT", 16);
     ENom = caja_de_lectura("ENom", 40);
     ENom->setAccessibleName("Nombre del tercero");
@@ -36,7 +44,9 @@ Tfcomproterc::Tfcomproterc()
         if (hay_fila())
             paginas->currentWidget()->setFocus();
     };
+}
 
+void Tfcomproterc::arme_paginas() {
     // Las mismas filas vistas de tres maneras.
     const DefinicionColumna tipo{"TIPO", "Tipo", 5}, prefijo{"PREFIJO", "Prefijo", 7},
         numero{"NUMERO", "Número", 9}, fecha{"FECHA", "Fecha", 10, 0, "aaaa/mm/dd"},
@@ -64,7 +74,9 @@ Tfcomproterc::Tfcomproterc()
     const auto menu_de = [](const Rejilla* r) { return r->findChild<QMenu*>("menu_rejilla"); };
     ofrezca_copias(*this, {menu_de(DBGridEh2), menu_de(DBGridEh1), menu_de(DBGridEh3)},
                    [this] { return hay_fila() ? conjunto_.FieldByName("ID").entero() : 0; });
+}
 
+void Tfcomproterc::arme_botones() {
     barra_ = new BarraBotones(this);
     barra_->principal(barra_->boton("SpeedButton2", "F4:Modificar", "accessories-text-editor",
                                     Qt::Key_F4, [this] { SpeedButton2Click(); }));
@@ -80,8 +92,6 @@ Tfcomproterc::Tfcomproterc()
             paginas->setCurrentIndex(qBound(0, paginas->currentIndex() + salto, 2));
             paginas->currentWidget()->setFocus();
         });
-    Formulario(this).ancha(filtros_, 0).ancha(paginas).botones(barra_);
-    tamano(1060, 560);
 }
 
 void Tfcomproterc::FormCreate() {

@@ -17,6 +17,9 @@ public:
     Rejilla *DBGridEh1, *DBGridEh2, *DBGridEh3;
 
 private:
+    void arme_filtros();
+    void arme_paginas();
+    void arme_botones();
     void SpeedButton2Click();
     void borrar_comprobante();
 };
