@@ -107,8 +107,8 @@ END^
 --</LIBROS>
 
 -- Comprobante del documento de una propuesta, si su encabezado o sus líneas 2649 ya no son los de
--- ella: alguien los corrigió y rehacerlo con la propuesta lo botaría. Nulo si son los mismos o no lo
--- hay. La llama la lista de documentos sin contabilizar, antes de la corrida NIIF.
+-- ella: alguien los corrigió y rehacerlo con la propuesta lo botaría. Nulo si son los mismos o no
+-- lo hay. La llama la lista de documentos sin contabilizar, antes de la corrida NIIF.
 CREATE OR ALTER FUNCTION COMPROBANTE_CORREGIDO (IDCNT integer)
 RETURNS varchar(20)
 AS

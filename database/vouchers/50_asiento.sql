@@ -154,9 +154,9 @@ BEGIN
 END^
 --</LIBROS>
 
--- Negativas del tipo, el prefijo y el número. El que rehace un comprobante con el tipo, el prefijo y
--- el número que tenía (NUMERO_CONSERVADO, en la transacción) no toma ninguno nuevo: no necesita que
--- el prefijo siga activo ni que le queden números. Interna; la llama REVISE_ASIENTO.
+-- Negativas del tipo, el prefijo y el número. El que rehace un comprobante con el tipo, el prefijo
+-- y el número que tenía (NUMERO_CONSERVADO, en la transacción) no toma ninguno nuevo: no necesita
+-- que el prefijo siga activo ni que le queden números. Interna; la llama REVISE_ASIENTO.
 CREATE OR ALTER PROCEDURE REVISE_ASIENTO_NUMERO (
   TIPO varchar(20), PREFIJO varchar(20), NUMERO varchar(40))
 RETURNS (CODIGO varchar(20), CAMPO varchar(31), TEXTO varchar(255))
