@@ -12,18 +12,76 @@ constexpr qint64 kArchivoChico = 100; ///< con menos octetos el avance va por qu
 /// Quien la lanza detiene la lectura sin que sea una falla.
 struct Cancelada {};
 
+/// Mira octeto por octeto si un archivo con letras de más de un octeto es todo él UTF-8. Un texto
+/// de un octeto por letra con tildes casi nunca lo es.
+class MiradaUtf8 {
+public:
+    void mire(const QByteArray& octetos) {
+        for (const char c : octetos) {
+            const auto o = uchar(c);
+            if (faltan_ > 0) {
+                vale_ = vale_ && (o & 0xC0) == 0x80;
+                --faltan_;
+            } else if (o >= 0x80) {
+                faltan_ = o >= 0xF0 ? 3 : o >= 0xE0 ? 2 : 1;
+                vale_ = vale_ && o >= 0xC2 && o <= 0xF4;
+                hay_ = true;
+            }
+        }
+    }
+    bool es() const { return hay_ && vale_ && faltan_ == 0; }
+
+private:
+    int faltan_ = 0; ///< octetos de la letra que va
+    bool vale_ = true, hay_ = false;
+};
+
+/// El archivo se lee con la página de códigos de la base, sin convertirlo: uno en Unicode entraría
+/// con las tildes y las eñes cambiadas. Lo deja en su comienzo.
+void exija_un_octeto_por_letra(QFile& archivo) {
+    const QByteArray marca = archivo.peek(3);
+    bool unicode =
+        marca == "\xEF\xBB\xBF" || marca.startsWith("\xFF\xFE") || marca.startsWith("\xFE\xFF");
+    MiradaUtf8 mirada;
+    while (!unicode && !archivo.atEnd()) {
+        const QByteArray octetos = archivo.read(kBloque);
+        if (octetos.isEmpty())
+            break; // no se deja leer: lo dice la lectura
+        mirada.mire(octetos);
+    }
+    if (unicode || mirada.es())
+        throw ErrorDatos(QStringLiteral(
+            "El archivo está en Unicode (UTF-8): sus tildes y eñes entrarían cambiadas. Guárdelo "
+            "como texto ANSI (Windows-1252) y vuelva a importarlo. No se grabó nada."));
+    archivo.seek(0);
+}
+
 } // namespace
 
+QString ResultadoImportacion::descuadre() const {
+    return saldos && saldos->first != saldos->second
+               ? (saldos->first - saldos->second).absoluta().formateada()
+               : QString();
+}
+
 QString ResultadoImportacion::resumen() const {
-    const QString texto = QStringLiteral("Leídos %1, grabados %2, rechazados %3, omitidos %4")
-                              .arg(leidos)
-                              .arg(grabados)
-                              .arg(rechazados.size())
-                              .arg(omitidos);
-    return agregados == 0
-               ? texto
-               : texto +
-                     QStringLiteral("; agregados a comprobantes que ya estaban: %1").arg(agregados);
+    QString texto = QStringLiteral("Leídos %1, grabados %2, rechazados %3, omitidos %4")
+                        .arg(leidos)
+                        .arg(grabados)
+                        .arg(rechazados.size())
+                        .arg(omitidos);
+    if (agregados != 0)
+        texto += QStringLiteral("; agregados a comprobantes que ya estaban: %1").arg(agregados);
+    if (!avisos.isEmpty())
+        texto += QStringLiteral("; incompletos: %1").arg(avisos.size());
+    if (siguen_los_anteriores)
+        texto += QStringLiteral("; los saldos anteriores siguen como estaban");
+    if (saldos)
+        texto += QStringLiteral("; saldos iniciales: débitos %1, créditos %2")
+                     .arg(saldos->first.formateada(), saldos->second.formateada());
+    if (!descuadre().isEmpty())
+        texto += QStringLiteral(", descuadrados por ") + descuadre();
+    return texto;
 }
 
 Importacion::Importacion(Conexion& conexion, const PeticionImportacion& peticion,
@@ -43,9 +101,10 @@ ResultadoImportacion Importacion::corra() {
     if (paso_ == 0)
         throw ErrorDatos(QStringLiteral("División por cero: el archivo tiene menos de cinco "
                                         "octetos y no hay avance que mostrar."));
+    exija_un_octeto_por_letra(archivo);
     proximo_ = 0;
     if (peticion_.ensayo)
-        ensayo_ = std::make_unique<Transaccion>(conexion_, ModoTransaccion::Escritura);
+        todo_junto();
     qint64 leidos = 0;
     try {
         prepare();
@@ -66,8 +125,10 @@ ResultadoImportacion Importacion::corra() {
         termine();
     } catch (const Cancelada&) {
         resultado_.cancelada = true;
+        if (resultado_.siguen_los_anteriores)
+            resultado_.grabados = 0;
     }
-    ensayo_.reset(); // se deshace
+    junto_.reset(); // lo que no se confirmó se deshace
     return resultado_;
 }
 
@@ -104,8 +165,8 @@ QString Importacion::lea(const RegistroLeido& registro, const QStringList& salvo
 
 QString Importacion::escriba(const std::function<void(Transaccion&)>& trabajo) {
     try {
-        if (ensayo_)
-            trabajo(*ensayo_);
+        if (junto_)
+            trabajo(*junto_);
         else
             conexion_.en_transaccion(ModoTransaccion::Escritura, trabajo);
     } catch (const ErrorBase& falla) {
@@ -115,6 +176,16 @@ QString Importacion::escriba(const std::function<void(Transaccion&)>& trabajo) {
         return falla.para_usuario();
     }
     return {};
+}
+
+void Importacion::todo_junto() {
+    if (!junto_)
+        junto_ = std::make_unique<Transaccion>(conexion_, ModoTransaccion::Escritura);
+}
+
+void Importacion::confirme_junto() {
+    if (!peticion_.ensayo && junto_)
+        junto_->confirme();
 }
 
 void Importacion::rechace(const RegistroLeido& registro, const QString& razon) {

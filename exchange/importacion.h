@@ -24,8 +24,11 @@ struct PeticionImportacion {
     QString archivo;
     char separador = ',', delimitador = 0;
     QVector<ColumnaImportacion> columnas;
-    bool borre_saldos = false; ///< antes de traer saldos iniciales
-    bool ensayo = false;       ///< no deja nada escrito
+    /// Los que traiga reemplazan los saldos iniciales. Entran todos juntos: si se detiene, o no
+    /// entra ninguno, siguen los que había.
+    bool borre_saldos = false;
+    bool digito_de_verificacion = false; ///< el tercero que entra lleva el de su NIT
+    bool ensayo = false;                 ///< no deja nada escrito
 };
 
 struct RenglonRechazado {
@@ -39,7 +42,13 @@ struct ResultadoImportacion {
     qint64 omitidos = 0;  ///< en blanco, o de una cuenta o un tercero que ya existían
     qint64 agregados = 0; ///< de los grabados, los de comprobantes que ya estaban antes de empezar
     QVector<RenglonRechazado> rechazados;
+    QStringList avisos; ///< de lo que entró incompleto, también anotados
     bool cancelada = false;
+    bool siguen_los_anteriores = false; ///< se iban a reemplazar los saldos y no se tocó ninguno
+    /// Débitos y créditos de todos los saldos iniciales del libro, como quedan.
+    std::optional<std::pair<Moneda, Moneda>> saldos;
+    /// Por cuánto; vacío si cuadran o no son saldos.
+    QString descuadre() const;
     QString resumen() const;
 };
 
@@ -61,8 +70,8 @@ public:
     /// ya se grabó queda.
     std::function<bool(const QString& que, int ciento)> avance;
 
-    /// Lanza ErrorDatos si el archivo no se puede abrir o es de menos de cinco octetos, antes de
-    /// escribir nada.
+    /// Lanza ErrorDatos si el archivo no se puede abrir, es de menos de cinco octetos o está en
+    /// Unicode, antes de escribir nada.
     ResultadoImportacion corra();
 
 protected:
@@ -76,11 +85,14 @@ protected:
     Valor valor(const char* dato) const;
     /// Lee los datos del registro; devuelve por qué no sirven, o vacío.
     QString lea(const RegistroLeido& registro, const QStringList& salvo = {});
-    /// Corre `trabajo` y lo confirma o, en un ensayo, en la transacción que al final se deshace.
-    /// Devuelve la falla que lo impidió, o vacío.
+    /// Corre `trabajo` y lo confirma o, en un ensayo o si todo va junto, en la transacción que se
+    /// termina al final. Devuelve la falla que lo impidió, o vacío.
     QString escriba(const std::function<void(Transaccion&)>& trabajo);
     void rechace(const RegistroLeido& registro, const QString& razon);
     void muestre(const QString& que) { que_ = que; }
+    /// Desde aquí nada de lo que se escribe queda hasta `confirme_junto`.
+    void todo_junto();
+    void confirme_junto();
 
     Libro libro() const { return peticion_.niif ? Libro::Niif : Libro::Decreto2649; }
 
@@ -95,7 +107,7 @@ private:
     void avance_de(qint64 leidos, qint64 total);
 
     QHash<QString, Valor> valores_;
-    std::unique_ptr<Transaccion> ensayo_;
+    std::unique_ptr<Transaccion> junto_; ///< de un ensayo, o de lo que entra todo o nada
     QString que_;
     qint64 paso_ = 0, proximo_ = 0;
 };

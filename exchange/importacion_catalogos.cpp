@@ -3,6 +3,9 @@
 #include "exchange/importacion_clases.h"
 
 #include "libro/catalogos.h"
+#include "sesion/tfdmter.h"
+
+#include <QRegularExpression>
 
 namespace {
 
@@ -22,6 +25,17 @@ void inserte(Transaccion& t, const QString& tabla, const QVector<QPair<QString, 
                 .arg(tabla, columnas.join(QStringLiteral(", ")), marcas.join(QStringLiteral(", "))),
             t)
         ->ejecute(t, valores);
+}
+
+/// El nombre en minúsculas, sin tildes, con un blanco donde haya puntuación.
+QString palabras_de(const QString& nombre) {
+    QString llano;
+    for (const QChar c : nombre.normalized(QString::NormalizationForm_D))
+        if (c.isLetterOrNumber())
+            llano += c.toLower();
+        else if (!c.isMark())
+            llano += ' ';
+    return llano.simplified();
 }
 
 Valor o(const Valor& valor, const char* defecto) {
@@ -76,20 +90,18 @@ bool ImportacionCuentas::existe(const QString& codigo) {
 }
 
 void ImportacionTerceros::procese(const RegistroLeido& registro) {
-    QString razon = lea(registro);
-    const QString nit = texto("TERC_NIT");
+    const QString razon = lea(registro);
+    const QString nit = texto("TERC_NIT"), nombre_ciudad = texto("CIUD_NOM");
     muestre(nit);
     if (razon.isEmpty() && (nit.isEmpty() || existe(nit))) {
         ++resultado_.omitidos;
         return;
     }
-    Valor ciudad;
-    if (razon.isEmpty())
-        razon = busque_ciudad(ciudad);
     if (!razon.isEmpty()) {
         rehuse(registro, razon);
         return;
     }
+    const Valor codigo_ciudad = ciudad(nombre_ciudad);
     const QString falla = escriba([&](Transaccion& t) {
         QVector<QPair<QString, Valor>> datos;
         for (const DatoImportacion& d : datos_de(ClaseImportacion::Terceros))
@@ -101,13 +113,21 @@ void ImportacionTerceros::procese(const RegistroLeido& registro) {
             else if (nombre == "TERC_NOM" && dato.nulo())
                 dato = nombre_compuesto();
         }
-        datos.append({QStringLiteral("CIUD_COD"), ciudad});
+        datos.append({QStringLiteral("CIUD_COD"), codigo_ciudad});
+        datos.append({QStringLiteral("TERC_DV"), digito()});
         datos.append({QStringLiteral("TERC_USUARIO"), usuario_});
         inserte(t, QStringLiteral("terceros"), datos);
     });
     if (falla.isEmpty()) {
         ++resultado_.grabados;
         vistos_.insert(nit);
+        if (!nombre_ciudad.isEmpty() && codigo_ciudad.nulo()) {
+            resultado_.avisos << QStringLiteral("Ciudad no encontrada '%1': el tercero %2 entró "
+                                                "sin ella.")
+                                     .arg(nombre_ciudad, nit);
+            if (anote)
+                anote(resultado_.avisos.last(), llave_);
+        }
     } else {
         rehuse(registro, falla);
     }
@@ -126,12 +146,43 @@ QString ImportacionTerceros::nombre_compuesto() const {
     return (nombre + texto("TERC_NOMBRE2")).left(60);
 }
 
-QString ImportacionTerceros::busque_ciudad(Valor& codigo) {
-    const QString nombre = texto("CIUD_NOM");
-    if (nombre.isEmpty())
+Valor ImportacionTerceros::digito() const {
+    const QString nit = texto("TERC_NIT");
+    static const QRegularExpression cifras(QStringLiteral("^[0-9]{1,15}$"));
+    return peticion_.digito_de_verificacion && cifras.match(nit).hasMatch()
+               ? Valor(QString::number(Tfdmter::dv(nit)))
+               : Valor();
+}
+
+Valor ImportacionTerceros::ciudad(const QString& nombre) {
+    if (ciudades_.isEmpty())
+        for (auto c = conexion_.abra("select ciud_cod, ciud_nom from ciudades order by ciud_cod");
+             c->siguiente();) {
+            const QString palabras = palabras_de(c->valor(1).texto());
+            ciudades_.append(
+                {c->valor(0).texto().trimmed(), palabras, QString(palabras).remove(' ')});
+        }
+    const QString buscada = palabras_de(nombre), letras = QString(buscada).remove(' ');
+    if (buscada.isEmpty())
         return {};
-    codigo = conexion_.consulte("select min(ciud_cod) from ciudades where ciud_nom collate "
-                                "ES_ES_CI_AI = ?",
-                                {nombre});
-    return codigo.nulo() ? QStringLiteral("No existe la ciudad '%1'.").arg(nombre) : QString();
+    for (const Ciudad& c : ciudades_)
+        if (c.letras == letras)
+            return Valor(c.codigo);
+    // "Cartagena" es la de Indias y "Buga", Guadalajara de Buga; entre varias, la capital.
+    const auto escoja = [&](const std::function<bool(const Ciudad&)>& puede) -> QString {
+        QStringList todas, capitales;
+        for (const Ciudad& c : ciudades_)
+            if (puede(c)) {
+                todas << c.codigo;
+                if (c.codigo.endsWith(QLatin1String("001")))
+                    capitales << c.codigo;
+            }
+        if (todas.size() > 1)
+            todas = capitales;
+        return todas.size() == 1 ? todas.first() : QString();
+    };
+    QString codigo = escoja([&](const Ciudad& c) { return c.palabras.startsWith(buscada + ' '); });
+    if (codigo.isEmpty())
+        codigo = escoja([&](const Ciudad& c) { return c.palabras.endsWith(' ' + buscada); });
+    return codigo.isEmpty() ? Valor() : Valor(codigo);
 }

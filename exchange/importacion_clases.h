@@ -39,9 +39,17 @@ protected:
     void procese(const RegistroLeido& registro) override;
 
 private:
+    struct Ciudad {
+        QString codigo;
+        QString palabras, letras; ///< el nombre sin tildes ni puntuación, con blancos y sin ellos
+    };
     bool existe(const QString& nit);
     QString nombre_compuesto() const;
-    QString busque_ciudad(Valor& codigo);
+    Valor digito() const;
+    /// Código de la ciudad que el archivo nombra, como se escribe de corrido ("Bogotá", "Cúcuta");
+    /// nulo si ninguna o varias pueden ser.
+    Valor ciudad(const QString& nombre);
+    QVector<Ciudad> ciudades_;
 };
 
 class ImportacionSaldos : public ImportacionPorRenglon {
@@ -54,6 +62,7 @@ public:
 protected:
     void prepare() override;
     void procese(const RegistroLeido& registro) override;
+    void termine() override;
 
 private:
     QString tabla() const;

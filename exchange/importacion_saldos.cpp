@@ -1,6 +1,8 @@
 // Importación de los saldos iniciales de un libro.
 #include "exchange/importacion_clases.h"
 
+#include "libro/catalogos.h"
+
 QString ImportacionSaldos::tabla() const {
     return QStringLiteral("saldos_iniciales") + QLatin1String(datos(libro()).sufijo);
 }
@@ -31,16 +33,37 @@ void ImportacionSaldos::lea_item(Transaccion& t) {
 }
 
 void ImportacionSaldos::prepare() {
+    if (const QString negativa = negativa_de_saldos_iniciales(conexion_, libro());
+        !negativa.isEmpty())
+        throw ErrorDatos(negativa + ". Los saldos iniciales no se pueden cambiar.");
     tome_turno();
     if (peticion_.borre_saldos) {
+        todo_junto();
         const QString falla = escriba([&](Transaccion& t) {
             t.conexion().prepare(QStringLiteral("delete from %1").arg(tabla()), t)->ejecute(t, {});
         });
         if (!falla.isEmpty())
             throw ErrorDatos(falla);
+        resultado_.siguen_los_anteriores = true; // mientras no se confirme
     }
     // Con números saltados la cuenta de filas repetiría uno que ya está.
     (void)escriba([&](Transaccion& t) { lea_item(t); });
+}
+
+void ImportacionSaldos::termine() {
+    if (peticion_.borre_saldos && resultado_.grabados == 0)
+        return; // un archivo equivocado no deja a la compañía sin saldos
+    (void)escriba([&](Transaccion& t) {
+        Cursor c(t.conexion().prepare(QStringLiteral("select coalesce(sum(sain_debito), 0), "
+                                                     "coalesce(sum(sain_credito), 0) from %1")
+                                          .arg(tabla()),
+                                      t),
+                 t, {});
+        if (c.siguiente())
+            resultado_.saldos = {c.valor(0).moneda(), c.valor(1).moneda()};
+    });
+    confirme_junto();
+    resultado_.siguen_los_anteriores = false;
 }
 
 void ImportacionSaldos::inserte(Transaccion& t) {

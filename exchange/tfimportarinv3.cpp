@@ -136,6 +136,7 @@ PeticionImportacion Tfimportarinv3::peticion_de(bool ensayo) {
     p.delimitador = kDelimitadores[qBound(0, asistente_.delimitador, 2)];
     p.columnas = columnas(false);
     p.ensayo = ensayo;
+    p.digito_de_verificacion = !fdm().valor<Llave::LetrasEnNit>();
     if (p.clase == ClaseImportacion::Saldos)
         p.borre_saldos = pregunte_con_no("Desea borrar los saldos previamente registrados?");
     return p;
@@ -179,13 +180,31 @@ void Tfimportarinv3::SpeedButton1Click() {
         return;
     const ResultadoImportacion resultado = corra(false);
     emit fdmcnt().balance_por_recalcular();
-    muestre_mensaje(
-        resultado.cancelada
-            ? "Importación detenida. Lo que ya se había grabado queda: " + resultado.resumen() + '.'
-            : QStringLiteral("Importación finalizada."));
+    const QString hasta_aqui = resultado.siguen_los_anteriores
+                                   ? "Importación detenida. No se grabó nada: "
+                                   : "Importación detenida. Lo que ya se había grabado queda: ";
+    muestre_mensaje(resultado.cancelada ? hasta_aqui + resultado.resumen() + '.'
+                                        : QStringLiteral("Importación finalizada."));
+    diga_lo_incompleto(resultado);
     if (!resultado.rechazados.isEmpty())
         muestre_rechazos();
     close();
+}
+
+void Tfimportarinv3::diga_lo_incompleto(const ResultadoImportacion& resultado) {
+    constexpr int kCaben = 10; // en un mensaje
+    QStringList renglones = resultado.avisos.mid(0, kCaben);
+    if (const qsizetype mas = resultado.avisos.size() - renglones.size(); mas > 0)
+        renglones << QStringLiteral("... y %1 más, en ERRIMPCN.TXT.").arg(mas);
+    if (!resultado.cancelada && resultado.siguen_los_anteriores)
+        renglones << QStringLiteral("No entró ningún saldo: los que había siguen como estaban.");
+    if (!resultado.descuadre().isEmpty())
+        renglones << QStringLiteral("Los saldos iniciales quedaron descuadrados por %1: débitos "
+                                    "%2, créditos %3.")
+                         .arg(resultado.descuadre(), resultado.saldos->first.formateada(),
+                              resultado.saldos->second.formateada());
+    if (!renglones.isEmpty())
+        muestre_mensaje(renglones.join('\n'));
 }
 
 void Tfimportarinv3::SBEnsayoClick() {

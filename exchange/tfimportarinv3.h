@@ -40,6 +40,8 @@ private:
     void SpeedButton1Click();
     void SBEnsayoClick();
     ResultadoImportacion corra(bool ensayo);
+    /// Lo que entró pero pide una mano: ciudades que faltan, saldos descuadrados.
+    void diga_lo_incompleto(const ResultadoImportacion& resultado);
     void error_importacion(const QString& mensaje, const LlaveComprobante& llave);
 
     AsistenteImportacion asistente_;

@@ -173,3 +173,10 @@ std::optional<Rechazo> revise_articulo(Conexion& conexion, const QString& clase,
     r.campo = QStringLiteral("ARTI_COD");
     return r;
 }
+
+QString negativa_de_saldos_iniciales(Conexion& conexion, Libro libro) {
+    return conexion
+        .consulte(QStringLiteral("select negativa_saldos_iniciales('%1') from rdb$database")
+                      .arg(QLatin1String(es_niif(libro) ? "NIIF" : "2649")))
+        .texto();
+}

@@ -30,6 +30,9 @@ QString nombre_de_cuenta(Conexion& conexion, Libro libro, const QString& cuenta,
 /// El nombre con que está en el plan, activa o no; vacío si no está.
 QString nombre_en_el_plan(Conexion& conexion, Libro libro, const QString& cuenta);
 
+/// Por qué los saldos iniciales del libro no se pueden cambiar; vacío si se pueden.
+QString negativa_de_saldos_iniciales(Conexion& conexion, Libro libro);
+
 /// El tercero existe y está activo.
 bool tercero_activo(Conexion& conexion, const QString& nit);
 std::optional<Rechazo> revise_tercero(Conexion& conexion, const QString& nit);

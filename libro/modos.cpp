@@ -48,7 +48,6 @@ const ModoBorrado kBorrado[] = {
     {"Tfcomproterc", false, kSolo2649},
     {"Tfconciliacta", true, kSolo2649},
     {"Tfmovimien", false, kSolo2649}, // el provisional que se elimina al entrar
-    {"Tfcontabiliza", false, {Lineas2649, LineasNiif, Encabezado}},
     {"Tfauxiliar", true, kSolo2649},
     {"Tfauxiliarcentro", true, kSolo2649},
     {"Tfauxiliarcentroniif", true, kSolo2649},

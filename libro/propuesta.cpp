@@ -4,6 +4,24 @@
 
 namespace {
 
+qint64 comprobante_en(Transaccion& t, const DocumentoOrigen& documento) {
+    Cursor c(t.conexion().prepare("select enco_consec from comprobante_encabezado where "
+                                  "enco_tiporef = ? and enco_idref = ?",
+                                  t),
+             t, {documento.tipo, documento.id});
+    return c.siguiente() ? c.valor(0).entero() : 0;
+}
+
+/// Con el procedimiento de la base, que mira los bloqueos de cada libro. Falso si no había.
+bool borre_anterior(Transaccion& t, const DocumentoOrigen& documento, const QString& usuario) {
+    const qint64 anterior = comprobante_en(t, documento);
+    if (anterior != 0)
+        t.conexion()
+            .prepare("execute procedure borre_comprobante(?, ?)", t)
+            ->ejecute(t, {anterior, usuario});
+    return anterior != 0;
+}
+
 void convierta(Transaccion& t, int cntb_id, Libro corrida) {
     const QString sql = QStringLiteral("execute procedure contabiliza_pendiente%1(?)")
                             .arg(QLatin1String(datos(corrida).sufijo));
@@ -58,12 +76,19 @@ void exija_propuesta_vigente(Conexion& conexion, int cntb_id, qint64 visto) {
 
 void borre_comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento,
                                      int cntb_id, qint64 visto, const QString& usuario) {
-    const qint64 anterior = comprobante_del_documento(conexion, documento);
     conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
+        const auto orden = [&](const char* sql) {
+            conexion.prepare(QLatin1String(sql), t)->ejecute(t, {});
+        };
         opere_como(t, usuario);
         tome(t, cntb_id, visto);
-        if (anterior != 0)
-            borre_comprobante(t, modo_borrado(QStringLiteral("Tfcontabiliza")), anterior, usuario);
+        if (!borre_anterior(t, documento, usuario))
+            return;
+        // La conversión es de quien llama y va después: si no va a entrar, no se borra nada. Las
+        // dos corridas hacen el mismo comprobante.
+        orden("savepoint ensayo");
+        convierta(t, cntb_id, Libro::Decreto2649);
+        orden("rollback to savepoint ensayo");
     });
 }
 
@@ -74,17 +99,22 @@ void convierta_propuesta(Conexion& conexion, int cntb_id, Libro corrida, const Q
     });
 }
 
+QString comprobante_corregido(Conexion& conexion, int cntb_id) {
+    return conexion
+        .consulte("select comprobante_corregido(" + QString::number(cntb_id) +
+                  ") from rdb$database")
+        .texto();
+}
+
 bool asiente_sin_revisar(Conexion& conexion, const DocumentoOrigen& documento, int cntb_id,
                          Libro corrida, bool permite_descuadre, const QString& usuario) {
     if (!permite_descuadre && !cuadra(conexion, cntb_id))
         return false;
-    const qint64 anterior = comprobante_del_documento(conexion, documento),
-                 visto = ultimo_comprobante(conexion, documento);
+    const qint64 visto = ultimo_comprobante(conexion, documento);
     conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
         opere_como(t, usuario);
         tome(t, cntb_id, visto);
-        if (anterior != 0)
-            borre_comprobante(t, modo_borrado(QStringLiteral("Tfcontabiliza")), anterior, usuario);
+        borre_anterior(t, documento, usuario);
         convierta(t, cntb_id, corrida);
     });
     return true;

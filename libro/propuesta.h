@@ -19,11 +19,15 @@ qint64 ultimo_comprobante(Conexion& conexion, const DocumentoOrigen& documento);
 /// documento, o si este tiene un comprobante mayor que `visto`.
 void exija_propuesta_vigente(Conexion& conexion, int cntb_id, qint64 visto);
 /// Borra el comprobante del documento con las líneas de sus dos libros, en la misma transacción en
-/// que exige lo anterior: el que otro hizo mientras tanto no se borra.
+/// que exige lo anterior y ensaya la conversión: el que otro hizo mientras tanto no se borra, ni el
+/// que no se podría rehacer o está en una fecha bloqueada.
 void borre_comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento,
                                      int cntb_id, qint64 visto, const QString& usuario);
 /// Hace el comprobante de la propuesta ya guardada. `corrida`: el libro que se contabilizó.
 void convierta_propuesta(Conexion& conexion, int cntb_id, Libro corrida, const QString& usuario);
+/// Nombre del comprobante del documento de la propuesta si su libro 2649 ya no es el de ella,
+/// porque alguien lo corrigió; vacío si es el mismo o no lo hay.
+QString comprobante_corregido(Conexion& conexion, int cntb_id);
 
 /// Lo que la pantalla de revisión hace con una propuesta que nadie cambia, y su conversión, en una
 /// sola transacción: si algo la rehúsa, el documento queda como estaba. Falso, sin escribir, si un

@@ -265,6 +265,20 @@ void Tfsincontab::asiente(ResultadoDocumento& r, int cntb_id) {
     const DocumentoOrigen origen{r.documento.tido, r.documento.id};
     const Libro corrida = ckNiif->isChecked() ? Libro::Niif : Libro::Decreto2649;
     Conexion& base = fdm().Quorvex;
+    // Rehacer el comprobante con la propuesta bota lo que se le corrigió a mano.
+    if (const QString corregido =
+            es_niif(corrida) ? comprobante_corregido(base, cntb_id) : QString();
+        !corregido.isEmpty() &&
+        !pregunte_con_no(
+            QStringLiteral("El comprobante %1 ya no es igual a la propuesta de la que salió: "
+                           "alguien lo corrigió. Contabilizar en NIIF lo rehace con la propuesta "
+                           "y esas correcciones se pierden. Desea continuar?")
+                .arg(corregido))) {
+        r.desenlace = Desenlace::EnEspera;
+        r.motivo =
+            QStringLiteral("El comprobante %1 tiene correcciones hechas a mano.").arg(corregido);
+        return;
+    }
     if (!fdm().confirmar_contabilizacion &&
         asiente_sin_revisar(base, origen, cntb_id, corrida,
                             fdm().valor<Llave::PermitirDescuadrados>(), fdm().usuario)) {

@@ -79,25 +79,25 @@ void ArchivoBorrador::siga() {
     marque(); // lo que se retomó de otro vuelve a estar a salvo
 }
 
-void ArchivoBorrador::guarde() {
+bool ArchivoBorrador::guarde() {
     reloj_.stop();
     if (!sigue_ || !conjuntos_.first()->Active())
-        return;
+        return false;
     const QByteArray texto = contenido();
     if (texto.isEmpty()) {
         if (candado_)
             QFile::remove(archivo_);
-        return;
+        return false;
     }
     // Un disco lleno no le quita lo digitado de las manos a quien digita: solo no hay borrador.
     if (!abra_archivo())
-        return;
+        return false;
     QSaveFile f(archivo_);
     if (!f.open(QIODevice::WriteOnly))
-        return;
+        return false;
     f.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     f.write(texto);
-    f.commit();
+    return f.commit();
 }
 
 void ArchivoBorrador::descarte() {

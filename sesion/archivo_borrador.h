@@ -17,8 +17,8 @@ public:
 
     /// Desde aquí lo que cambie se guarda, poco después de la última tecla.
     void siga();
-    /// Lo guarda ya; sin nada que valga la pena no deja archivo.
-    void guarde();
+    /// Lo guarda ya; sin nada que valga la pena no deja archivo. Devuelve si quedó guardado.
+    bool guarde();
     /// Se grabó o se dejó: no queda borrador.
     void descarte();
     /// Carpeta de los borradores de esta llave.

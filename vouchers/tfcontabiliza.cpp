@@ -24,7 +24,8 @@ Tfcontabiliza::Tfcontabiliza()
       PBorrar(this, "PBorrar", &fdm().QBorrar, poAllowCommandText),
       CContabiliza(this, "CContabiliza", &PContabiliza), CContadetalle(this, "CContadetalle"),
       CPlantilla(this, "CPlantilla", &PPlantilla), CPlantilladet(this, "CPlantilladet"),
-      CBorrar(this, "CBorrar", &PBorrar), reloj_(new QTimer(this)) {
+      CPlantilladn(this, "CPlantilladn"), CBorrar(this, "CBorrar", &PBorrar),
+      reloj_(new QTimer(this)) {
     defina_conjuntos();
     const auto lineas = [this](Libro libro) {
         auto* l =
@@ -64,6 +65,7 @@ void Tfcontabiliza::defina_conjuntos() {
     LineasPropuesta::defina_campos(CContadetalle);
     CContadetalle.IndexFieldNames("CNDE_ITEM");
     CPlantilladet.anide_en(&CPlantilla, &fdmcnt().TPlantilladetalle);
+    CPlantilladn.anide_en(&CPlantilla, &fdmcnt().TPlantilladn);
 }
 
 // ---------------------------------------------------------------- disposición
@@ -247,12 +249,15 @@ void Tfcontabiliza::traiga_plantilla(const QString& plantilla) {
     l.con("la plantilla", [&] {
         while (!CContadetalle.IsEmpty())
             CContadetalle.Delete();
-        // Una plantilla puede no traer importes: se digitan después.
+        // Una plantilla puede no traer importes: se digitan después. En la página NIIF entran sus
+        // líneas NIIF, si las tiene.
         const QScopedValueRollback<bool> guarda(l.replicando, true);
-        copie_lineas(CPlantilladet, CContadetalle, kPares, [this] {
-            if (Campo& concepto = CContadetalle.FieldByName("CNDE_CONC"); concepto.vacio())
-                concepto = CContabiliza.FieldByName("CNTB_CONCEPTO").texto();
-        });
+        copie_lineas(es_niif(l.libro) && !CPlantilladn.IsEmpty() ? CPlantilladn : CPlantilladet,
+                     CContadetalle, kPares, [this] {
+                         if (Campo& concepto = CContadetalle.FieldByName("CNDE_CONC");
+                             concepto.vacio())
+                             concepto = CContabiliza.FieldByName("CNTB_CONCEPTO").texto();
+                     });
     });
     CPlantilla.Close();
     CContadetalle.First();
@@ -301,7 +306,14 @@ void Tfcontabiliza::grabe() {
         vuelva_a_la_primera();
         return;
     }
-    borre_comprobante_del_documento(fdm().Quorvex, origen_, cntb_id, visto_, fdm().usuario);
+    try {
+        borre_comprobante_del_documento(fdm().Quorvex, origen_, cntb_id, visto_, fdm().usuario);
+    } catch (...) {
+        // La propuesta ya quedó grabada y el comprobante sigue: lo que falte puede estar en otra
+        // parte (un bloqueo, una cuenta) y hay que poder ir allá.
+        permitir_cerrar_ = true;
+        throw;
+    }
     vuelva_a_la_primera();
     reloj_->stop();
     resultado_modal(mrOk);

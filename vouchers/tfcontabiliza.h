@@ -24,7 +24,7 @@ public:
     // --- conjuntos de datos
     Sentencia TContabiliza, TContadetalle;
     Proveedor PContabiliza, PPlantilla, PBorrar;
-    ConjuntoDatos CContabiliza, CContadetalle, CPlantilla, CPlantilladet, CBorrar;
+    ConjuntoDatos CContabiliza, CContadetalle, CPlantilla, CPlantilladet, CPlantilladn, CBorrar;
 
     // --- controles
     QTabWidget* PageControl1;

@@ -249,10 +249,10 @@ QString Tfplanilladatos::fecha_del_dia(const QString& dia) const {
     return f.fecha;
 }
 
-FilaPlanilla Tfplanilladatos::fila_de(const Fila& fila) const {
+FilaPlanilla Tfplanilladatos::fila_de(const std::function<Valor(const Campo&)>& valor) const {
     const auto texto = [&](const char* columna) {
         const Campo* campo = CVirtdata.FindField(columna);
-        return campo ? CVirtdata.valor_de(fila, *campo).texto() : QString();
+        return campo ? valor(*campo).texto() : QString();
     };
     FilaPlanilla f{.fecha = planilla_.pide_fecha ? texto(kFecha) : fecha_del_dia(texto(kDia)),
                    .numero = texto(kNumero),
@@ -263,16 +263,18 @@ FilaPlanilla Tfplanilladatos::fila_de(const Fila& fila) const {
                    .base = {},
                    .importes = {}};
     if (const Campo* base = CVirtdata.FindField(kBase))
-        f.base = CVirtdata.valor_de(fila, *base).moneda();
+        f.base = valor(*base).moneda();
     for (const CuentaPlanilla& c : planilla_.cuentas)
-        f.importes << CVirtdata.valor_de(fila, CVirtdata.FieldByName(c.titulo)).moneda();
+        f.importes << valor(CVirtdata.FieldByName(c.titulo)).moneda();
     return f;
 }
 
 QVector<Comprobante> Tfplanilladatos::comprobantes() const {
     QVector<Comprobante> todos;
     CVirtdata.recorra_todas([&](const Fila& fila) {
-        Comprobante c = comprobante_de_fila(planilla_, fila_de(fila));
+        Comprobante c = comprobante_de_fila(planilla_, fila_de([&](const Campo& campo) {
+                                                return CVirtdata.valor_de(fila, campo);
+                                            }));
         c.usuario = fdm().usuario;
         c.nombre_tercero = c.nit.isEmpty() ? QString() : fdmter().nom_tercero(c.nit);
         todos << c;
@@ -361,14 +363,32 @@ void Tfplanilladatos::SBGrabarClick() {
         fallas = CMovimiento.ApplyUpdates(0);
     }
     if (fallas == 0) {
-        grabado_ = true;
         emit fdmcnt().balance_por_recalcular();
-        close();
-        return;
+        deja_borrador_ = !omitidos.isEmpty() && deje_las_omitidas();
+        grabado_ = omitidos.isEmpty() || deja_borrador_;
+        if (grabado_) {
+            close();
+            return;
+        }
+        muestre_mensaje("Las filas omitidas no se pudieron guardar en este equipo: siguen en la "
+                        "planilla para corregirlas.");
     }
     // Otro intento empieza de la hoja, que sigue como estaba.
     CMovimiento.CancelUpdates();
     CMovimiento.Close();
+}
+
+bool Tfplanilladatos::deje_las_omitidas() {
+    CVirtdata.Filtered(false);
+    for (int i = CVirtdata.RecordCount() - 1; i >= 0; --i) {
+        const FilaPlanilla fila =
+            fila_de([&](const Campo& campo) { return CVirtdata.valor_en(i, campo); });
+        if (!cuadra(comprobante_de_fila(planilla_, fila)))
+            continue;
+        CVirtdata.vaya_a(i);
+        CVirtdata.Delete();
+    }
+    return borrador_ && borrador_->guarde();
 }
 
 void Tfplanilladatos::avise_omitidos(const QStringList& numeros) {
@@ -377,7 +397,8 @@ void Tfplanilladatos::avise_omitidos(const QStringList& numeros) {
         renglones << "No puede grabar un comprobante descuadrado. Se omite el comprobante " +
                          numero;
     if (!renglones.isEmpty())
-        muestre_mensaje(renglones.join('\n'));
+        muestre_mensaje(renglones.join('\n') +
+                        "\nAl abrir otra vez esta planilla se ofrecen las filas omitidas.");
 }
 
 bool Tfplanilladatos::FormClose() {
@@ -387,7 +408,9 @@ bool Tfplanilladatos::FormClose() {
         return false;
     CVirtdata.Cancel();
     CVirtdata.Close();
-    if (borrador_)
+    if (deja_borrador_)
+        delete std::exchange(borrador_, nullptr); // suelta el archivo para la próxima hoja
+    else if (borrador_)
         borrador_->descarte();
     CMovimiento.Close();
     return true;

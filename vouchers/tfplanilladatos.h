@@ -39,17 +39,22 @@ private:
     void busque_centro();
     void DBGridDblClick(int columna);
     QString fecha_del_dia(const QString& dia) const;
-    FilaPlanilla fila_de(const Fila& fila) const;
+    /// `valor`: el de cada columna en la fila.
+    FilaPlanilla fila_de(const std::function<Valor(const Campo&)>& valor) const;
     QVector<Comprobante> comprobantes() const;
     QStringList rehusados(const QVector<Comprobante>& todos);
     bool cuadra(const Comprobante& comprobante) const;
     void agregue(const Comprobante& comprobante);
     void SBGrabarClick();
     void avise_omitidos(const QStringList& numeros);
+    /// Quita de la hoja lo grabado; lo omitido queda en el borrador, para la próxima vez. Falso si
+    /// no se pudo guardar.
+    bool deje_las_omitidas();
 
     Planilla planilla_;
     CursorPeriodo periodo_ = {}; ///< el que se ve y en el que se graba, aunque cambie la sesión
     QLineEdit *ETipo, *EMes, *EAno;
     BorradorFilas* borrador_ = nullptr;
     bool grabado_ = false, mirado_ = false;
+    bool deja_borrador_ = false; ///< quedaron filas omitidas por corregir
 };

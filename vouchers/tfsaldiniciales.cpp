@@ -104,7 +104,10 @@ void Tfsaldiniciales::construya() {
     lineas->ate_eventos();
     lineas->al_dejar_la_cuenta = [this](const QString& clase) { panel_de_clase(clase); };
     lineas->arme_menu(LineasCuenta::ordenes_de_comprobante(), "SaldoIni", windowTitle());
-    lineas->rejilla->al_ordenar(Rejilla::Pegar, [this] { lineas->pegue(); });
+    lineas->rejilla->al_ordenar(Rejilla::Pegar, [this] {
+        lineas->exija_abiertas();
+        lineas->pegue();
+    });
     lineas->rejilla->OnDblClick = [this](int columna) { DBGridEh1DblClick(columna); };
     enter_como_tab();
 }
@@ -117,8 +120,9 @@ void Tfsaldiniciales::resizeEvent(QResizeEvent* evento) {
 
 void Tfsaldiniciales::declare_teclas() {
     auto* barra = findChild<BarraBotones*>("barra");
-    barra->principal(barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
-                                  [this] { SBGrabarClick(); }));
+    SBGrabar = barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
+                            [this] { SBGrabarClick(); });
+    barra->principal(SBGrabar);
     barra->boton("SBCancel", "Esc:Cancelar", "dialog-cancel", Qt::Key_Escape,
                  [this] { SBCancelClick(); });
     barra->boton("SpeedButton1", "F8:Imprimir", "document-print", Qt::Key_F8,
@@ -163,6 +167,11 @@ void Tfsaldiniciales::FormActivate() {
         return;
     CSaldos.Open();
     lineas->rejilla->setFocus();
+    if (const QString negativa = negativa_de_saldos_iniciales(fdm().Quorvex, lineas->libro);
+        !negativa.isEmpty()) {
+        solo_muestre(negativa);
+        return;
+    }
     borrador_ = new BorradorFilas(
         "saldos", {&CSaldos}, [this] { return hay_por_perder(); }, this);
     if (borrador_->ofrezca([](const BorradorFilas::Huerfano& h) {
@@ -179,9 +188,20 @@ void Tfsaldiniciales::FormActivate() {
     borrador_->siga();
 }
 
+void Tfsaldiniciales::solo_muestre(const QString& negativa) {
+    // Lo que haya quedado en un borrador espera a que se pueda grabar.
+    solo_lectura_ = true;
+    lineas->rejilla->ReadOnly = true;
+    SBGrabar->setEnabled(false);
+    setWindowTitle(windowTitle() + " (solo lectura)");
+    muestre_mensaje(negativa + ". Los saldos iniciales se pueden ver e imprimir, pero no cambiar.");
+}
+
 // ---------------------------------------------------------------- líneas
 
 void Tfsaldiniciales::panel_de_clase(const QString& clase) {
+    if (solo_lectura_)
+        return;
     if (clase == "I")
         GroupBox2->muestre(EArticod);
     else
@@ -263,7 +283,7 @@ bool Tfsaldiniciales::salida_confirmada() {
 }
 
 void Tfsaldiniciales::SBCancelClick() {
-    if (!salida_confirmada())
+    if (!solo_lectura_ && !salida_confirmada())
         return;
     CSaldos.CancelUpdates();
     cierre();

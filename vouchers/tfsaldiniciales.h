@@ -7,6 +7,7 @@
 class BorradorFilas;
 class EditorDato;
 class LineasSaldos;
+class QPushButton;
 class Rejilla;
 
 class Tfsaldiniciales : public Pantalla {
@@ -20,6 +21,7 @@ public:
         CBorrar;
 
     QLineEdit *EAno, *EMes;
+    QPushButton* SBGrabar;
     LineasSaldos* lineas;
     Rejilla* DBGridEh2; ///< lo que se imprime; no se ve
     PanelDocumento* GroupBox1;
@@ -38,6 +40,8 @@ private:
     void construya();
     void declare_teclas();
     void muestre_periodo();
+    /// Con los meses del inicio cerrados no hay nada que grabar.
+    void solo_muestre(const QString& negativa);
     void panel_de_clase(const QString& clase);
     void DBGridEh1DblClick(int columna);
     void SBGrabarClick();
@@ -50,6 +54,6 @@ private:
 
     BorradorFilas* borrador_ = nullptr; ///< desde que los saldos están a la vista
     qint64 item_al_abrir_ = 0;
-    bool cierre_confirmado_ = false;
+    bool cierre_confirmado_ = false, solo_lectura_ = false;
     int corrimiento_ = 0; ///< cuánto se corren los números de las líneas nuevas al grabar
 };

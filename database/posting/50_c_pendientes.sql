@@ -85,11 +85,13 @@ BEGIN
   WHERE D.TIDO_COD = :TIDO AND D.DOCU_ID = :ID
   INTO :NIT, :TOTAL;
   SELECT TERC_NOM FROM TERCEROS WHERE TERC_NIT = :NIT INTO :NOMBRE;
+  rdb$set_context('USER_TRANSACTION', 'NUMERO_CONSERVADO', TIPO || ' ' || PREFIJO || ' ' || NUMERO);
   EXECUTE PROCEDURE ASIENTE_COMPROBANTE(IDCNT, TIPO, PREFIJO, NUMERO, FECHA, CONCEPTO,
     iif(char_length(REFER) <= 8, REFER, NUMREF), TIDO, ID,
     coalesce(USUARIO_QUE_OPERA(), substring(CURRENT_USER FROM 1 FOR 10)), NIT, NOMBRE, TOTAL, NULL,
     NULL, NULL)
   RETURNING_VALUES :COMPROBANTE, :NUMERO;
+  rdb$set_context('USER_TRANSACTION', 'NUMERO_CONSERVADO', NULL);
   UPDATE CONTABILIZACION SET CNTB_NUMERO = :NUMERO WHERE CNTB_ID = :IDCNT;
 END^
 
@@ -103,6 +105,40 @@ BEGIN
   EXECUTE PROCEDURE ASIENTE_PROPUESTA(IDCNT);
 END^
 --</LIBROS>
+
+-- Comprobante del documento de una propuesta, si su encabezado o sus líneas 2649 ya no son los de
+-- ella: alguien los corrigió y rehacerlo con la propuesta lo botaría. Nulo si son los mismos o no
+-- lo hay. La llama la lista de documentos sin contabilizar, antes de la corrida NIIF.
+CREATE OR ALTER FUNCTION COMPROBANTE_CORREGIDO (IDCNT integer)
+RETURNS varchar(20)
+AS
+BEGIN
+  RETURN (SELECT FIRST 1 E.TICO_COD || ' ' || E.PRCO_PREF || ' ' || E.ENCO_NUMERO
+    FROM CONTABILIZACION C
+    JOIN COMPROBANTE_ENCABEZADO E
+      ON E.ENCO_IDREF = C.CNTB_IDREF AND E.ENCO_TIPOREF = C.CNTB_TIPOREF
+    WHERE C.CNTB_ID = :IDCNT
+      AND (E.ENCO_FECHA IS DISTINCT FROM C.CNTB_FECHA
+        OR coalesce(E.ENCO_CONCEPTO, '') <> coalesce(C.CNTB_CONCEPTO, '')
+        OR EXISTS (
+          SELECT 1 FROM (
+            SELECT CUEN_COD, coalesce(TERC_NIT, '') NIT, coalesce(PROY_COD, '') PROY,
+              coalesce(CENT_COD, '') CENT, coalesce(ARTI_COD, '') ARTICULO,
+              coalesce(CONC_COD, '') CATEGORIA, coalesce(CODE_CONCEPTO, '') CONCEPTO,
+              coalesce(CODE_REFER, '') REFER, coalesce(CODE_BASE, 0) BASE,
+              coalesce(CODE_PORC, 0) PORC, CODE_DEBITO DEBITO, CODE_CREDITO CREDITO, 1 LADO
+            FROM COMPROBANTE_DETALLE WHERE ENCO_CONSEC = E.ENCO_CONSEC
+            UNION ALL
+            SELECT CNDE_CUENTA, coalesce(CNDE_TERC, ''), coalesce(CNDE_PROY, ''),
+              coalesce(CNDE_CENTRO, ''), coalesce(CNDE_ARTICULO, ''), coalesce(CNDE_CONCOD, ''),
+              coalesce(CNDE_CONC, ''), coalesce(CNDE_REF, ''), coalesce(CNDE_BASE, 0),
+              coalesce(CNDE_PORC, 0), coalesce(CNDE_DEBITOS, 0), coalesce(CNDE_CREDITOS, 0), -1
+            FROM CONTABILIZACION_DET WHERE CNTB_ID = C.CNTB_ID AND CNDE_ITEM < 100000)
+          GROUP BY CUEN_COD, NIT, PROY, CENT, ARTICULO, CATEGORIA, CONCEPTO, REFER, BASE, PORC,
+            DEBITO, CREDITO
+          HAVING sum(LADO) <> 0))
+    ORDER BY E.ENCO_CONSEC);
+END^
 
 -- Documentos vigentes entre dos fechas a los que les falta el comprobante. CONTADO "S": también las
 -- facturas y los recibos de contado. NIIF "S": los que no tienen renglones en el libro NIIF, estén

@@ -154,7 +154,9 @@ BEGIN
 END^
 --</LIBROS>
 
--- Negativas del tipo, el prefijo y el número. Interna; la llama REVISE_ASIENTO.
+-- Negativas del tipo, el prefijo y el número. El que rehace un comprobante con el tipo, el prefijo
+-- y el número que tenía (NUMERO_CONSERVADO, en la transacción) no toma ninguno nuevo: no necesita
+-- que el prefijo siga activo ni que le queden números. Interna; la llama REVISE_ASIENTO.
 CREATE OR ALTER PROCEDURE REVISE_ASIENTO_NUMERO (
   TIPO varchar(20), PREFIJO varchar(20), NUMERO varchar(40))
 RETURNS (CODIGO varchar(20), CAMPO varchar(31), TEXTO varchar(255))
@@ -174,6 +176,9 @@ BEGIN
   SELECT PRCO_ACTIVO, trim(PREF_NUMERO) FROM PREFIJOS_CONTA
   WHERE TICO_COD = :TIPO AND PRCO_PREF = :PREFIJO
   INTO :ACTIVO, :CONTADOR;
+  IF (ACTIVO IS NOT NULL AND TIPO || ' ' || PREFIJO || ' ' || NUMERO
+    = rdb$get_context('USER_TRANSACTION', 'NUMERO_CONSERVADO')) THEN
+    EXIT;
   IF (ACTIVO IS DISTINCT FROM 'S') THEN
   BEGIN
     CODIGO = 'PREFIJO';

@@ -47,6 +47,8 @@ private slots:
 
     void la_maquina_lee_como_se_dijo();
     void un_archivo_de_menos_de_cinco_octetos_o_que_no_abre_se_dice();
+    void un_archivo_en_unicode_no_se_lee_a_medias();
+    void la_ciudad_se_reconoce_como_se_escribe_y_el_nit_lleva_su_digito();
     void cada_dato_se_lee_o_se_rehusa_por_su_nombre();
     void las_cuentas_y_los_terceros_que_existen_no_cambian();
     void las_cuentas_niif_unen_su_equivalente();
@@ -55,6 +57,7 @@ private slots:
     void al_libro_niif_entra_solo_en_el();
     void si_se_permite_entra_descuadrado();
     void los_saldos_iniciales_se_agregan_o_se_reemplazan();
+    void los_saldos_que_reemplazan_entran_todos_o_ninguno();
     void el_ensayo_no_escribe_y_da_la_misma_lista();
     void los_rechazados_corregidos_entran_al_leerlos_otra_vez();
     void cien_mil_renglones_dejan_los_saldos_que_suma_el_archivo();
@@ -110,6 +113,10 @@ private:
         return importe(ClaseImportacion::Comprobantes, archivo.toLatin1());
     }
     QString filas(const QString& sql) { return filas_de(base_->base(), sql); }
+    void configure(const char* propiedad, const QString& valor) {
+        base_->base().ejecute("update configuracion set conf_valor = ? where conf_propiedad = ?",
+                              {valor, QString::fromUtf8(propiedad)});
+    }
 
     AjustesLibro ajustes_;
     bool ensaya_ = true;
@@ -172,6 +179,33 @@ void PruebaImportacion::un_archivo_de_menos_de_cinco_octetos_o_que_no_abre_se_di
         QString("Error al abrir el archivo, asegúrece que el nombre sea correcto y que no esté "
                 "abierto en otra aplicación en este momento."));
     QCOMPARE(filas("select count(*) from saldos_iniciales"), "1");
+}
+
+void PruebaImportacion::un_archivo_en_unicode_no_se_lee_a_medias() {
+    const QByteArray muchas = QByteArray("71,") + QByteArray(64 * 1024 - 4, 'x');
+    const struct {
+        QByteArray archivo;
+        bool entra;
+    } casos[] = {
+        {"\xEF\xBB\xBF"
+         "71,Uno\n",
+         false},                              // con marca, aunque no tenga tildes
+        {"71,P\xC3\xA9rez\n72,Dos\n", false}, // UTF-8 sin marca
+        {muchas + "\xC3\xA9\n", false},       // la letra, partida entre dos bloques
+        {QByteArray("\xFF\xFE"
+                    "7\0"
+                    "1\0",
+                    6),
+         false},
+        {"71,P\xE9rez\n72,\xD1\xBA 5\n", true}, // de un octeto por letra
+        {"71,Perez\n", true},
+    };
+    for (const auto& [archivo, entra] : casos) {
+        base_->base().ejecute("delete from terceros where terc_nit in ('71', '72')");
+        const QString falla = falla_de([&] { importe(ClaseImportacion::Terceros, archivo); });
+        QCOMPARE(falla.startsWith("El archivo está en Unicode"), !entra);
+        QCOMPARE(filas("select count(*) from terceros where terc_nit = '71'"), entra ? "1" : "0");
+    }
 }
 
 void PruebaImportacion::cada_dato_se_lee_o_se_rehusa_por_su_nombre() {
@@ -239,14 +273,63 @@ void PruebaImportacion::las_cuentas_y_los_terceros_que_existen_no_cambian() {
                                   "73,,,,,,,,,,,Solo\n"
                                   ",Sin NIT\n");
     QCOMPARE(terceros.resultado.omitidos, 2);
-    QCOMPARE(rechazos(terceros.resultado),
-             "3|72,Sin ciudad,,,Macondo|No existe la ciudad 'Macondo'.");
+    QCOMPARE(rechazos(terceros.resultado), QString());
+    QCOMPARE(terceros.resultado.avisos,
+             QStringList("Ciudad no encontrada 'Macondo': el tercero 72 entró sin ella."));
+    QCOMPARE(terceros.anotado, QStringList(terceros.resultado.avisos[0] + "Tipo:Pref:Num:"));
+    QCOMPARE(filas("select coalesce(ciud_cod, '-') from terceros where terc_nit = '72'"), "-");
     QCOMPARE(filas("select terc_nom, terc_clie, terc_prov, ciud_cod, terc_estado from terceros "
-                   "where terc_nit in ('900123456', '71', '72') order by terc_nit desc"),
+                   "where terc_nit in ('900123456', '71') order by terc_nit desc"),
              filas("select terc_nom, terc_clie, terc_prov, ciud_cod, terc_estado from terceros "
                    "where terc_nit = '900123456'") +
                  "\nPérez Gómez Ana|S|N|05001|S");
     QCOMPARE(filas("select '[' || terc_nom || ']' from terceros where terc_nit = '73'"), "[Solo ]");
+}
+
+void PruebaImportacion::la_ciudad_se_reconoce_como_se_escribe_y_el_nit_lleva_su_digito() {
+    for (const char* ciudad : {"'11001', 'Bogotá, D.C.'", "'13001', 'Cartagena de Indias'",
+                               "'18150', 'Cartagena del Chairá'", "'54001', 'San José de Cúcuta'",
+                               "'76111', 'Guadalajara de Buga'", "'76113', 'Bugalagrande'",
+                               "'63001', 'Armenia'", "'05059', 'Armenia (Antioquia)'",
+                               "'05079', 'Barbosa (Antioquia)'", "'68077', 'Barbosa (Santander)'"})
+        base_->base().ejecute(
+            QStringLiteral("update or insert into ciudades (ciud_cod, ciud_nom) values (%1)")
+                .arg(QString::fromUtf8(ciudad)));
+    const std::pair<const char*, const char*> casos[] = {{"Bogotá", "11001"},
+                                                         {"BOGOTA DC", "11001"},
+                                                         {"bogotá d.c.", "11001"},
+                                                         {"Cartagena", "13001"},
+                                                         {"Cartagena del Chaira", "18150"},
+                                                         {"Cúcuta", "54001"},
+                                                         {"Buga", "76111"},
+                                                         {"Armenia", "63001"},
+                                                         {"Armenia Antioquia", "05059"},
+                                                         {"Barbosa", "-"},
+                                                         {"Bog", "-"},
+                                                         {".", "-"}};
+    QString archivo;
+    int nit = 700;
+    for (const auto& [nombre, codigo] : casos)
+        archivo += QStringLiteral("%1,Uno,,,%2\n").arg(++nit).arg(QString::fromUtf8(nombre));
+    const auto c = importe(ClaseImportacion::Terceros, archivo.toLatin1());
+    QCOMPARE(c.resultado.avisos.size(), 3);
+    nit = 700;
+    for (const auto& [nombre, codigo] : casos)
+        QCOMPARE(filas(QStringLiteral("select coalesce(ciud_cod, '-') from terceros where terc_nit "
+                                      "= '%1'")
+                           .arg(++nit)),
+                 codigo);
+    // El dígito, como en la pantalla: si los NIT son de solo cifras.
+    const auto con = [](bool digito) {
+        return [digito](PeticionImportacion& p) { p.digito_de_verificacion = digito; };
+    };
+    importe(ClaseImportacion::Terceros, "800197268,DIAN\nX7,Letras\n1234567890123456,Largo\n",
+            con(true));
+    importe(ClaseImportacion::Terceros, "800197269,Otro\n", con(false));
+    QCOMPARE(filas("select list(coalesce(terc_dv, '-')) from (select terc_dv from terceros where "
+                   "terc_nit in ('800197268', '800197269', 'X7', '1234567890123456') order by "
+                   "terc_nit)"),
+             "-,4,-,-");
 }
 
 void PruebaImportacion::las_cuentas_niif_unen_su_equivalente() {
@@ -453,6 +536,55 @@ void PruebaImportacion::los_saldos_iniciales_se_agregan_o_se_reemplazan() {
              "4|101|101");
 }
 
+void PruebaImportacion::los_saldos_que_reemplazan_entran_todos_o_ninguno() {
+    ensaya_ = false;
+    const QByteArray bueno = "110505,,,,,70,\n310505,,,,,,50\n999999,,,,,1,\n";
+    const auto borre = [](PeticionImportacion& p) { p.borre_saldos = true; };
+    const auto quedan = [&] { return filas("select list(sain_debito) from saldos_iniciales"); };
+    base_->base().ejecute("insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values "
+                          "(9, '111005', 5)");
+    // Esc a la mitad, o un archivo en el que nada sirve: siguen los de antes.
+    PeticionImportacion p;
+    p.clase = ClaseImportacion::Saldos;
+    p.archivo = base_->ruta() + "/entrada.txt";
+    p.columnas = columnas(p.clase);
+    p.borre_saldos = true;
+    QFile f(p.archivo);
+    QVERIFY(f.open(QIODevice::WriteOnly) && f.write(bueno) > 0);
+    f.close();
+    auto una = importacion_de(base_->base(), p, {}, "ADMIN");
+    int vistos = 0;
+    una->avance = [&](const QString&, int) { return ++vistos < 2; };
+    const ResultadoImportacion detenida = una->corra();
+    una.reset(); // suelta el turno
+    QVERIFY(detenida.cancelada && detenida.siguen_los_anteriores);
+    QCOMPARE(detenida.grabados, 0);
+    QCOMPARE(quedan(), "5.00");
+    const auto nada = importe(ClaseImportacion::Saldos, "999999,,,,,1,\n1105,,,,,2,\n", borre);
+    QCOMPARE(nada.resultado.resumen(), "Leídos 2, grabados 0, rechazados 2, omitidos 0; los saldos "
+                                       "anteriores siguen como estaban");
+    QCOMPARE(quedan(), "5.00");
+    const auto si = importe(ClaseImportacion::Saldos, bueno, borre);
+    QCOMPARE(si.resultado.resumen(),
+             "Leídos 3, grabados 2, rechazados 1, omitidos 0; saldos iniciales: débitos 70.00, "
+             "créditos 50.00, descuadrados por 20.00");
+    QCOMPARE(quedan(), "70.00,0.00");
+    // Con el mes de inicio cerrado no se lee nada.
+    configure("FECHA DE BLOQUEO NIIF", "20171231");
+    for (const bool niif : {false, true}) {
+        const QString falla = falla_de([&] {
+            importe(ClaseImportacion::Saldos, bueno, [&](PeticionImportacion& q) {
+                q.niif = niif;
+                q.borre_saldos = true;
+            });
+        });
+        QCOMPARE(falla, niif ? "La contabilidad esta bloqueada a: 2017/12/31 (libro NIIF). Los "
+                               "saldos iniciales no se pueden cambiar."
+                             : "(entró)");
+    }
+    QCOMPARE(saldos_distintos(base_->base()), QString());
+}
+
 // ---------------------------------------------------------------- ensayo y rechazados
 
 void PruebaImportacion::el_ensayo_no_escribe_y_da_la_misma_lista() {
@@ -460,7 +592,8 @@ void PruebaImportacion::el_ensayo_no_escribe_y_da_la_misma_lista() {
     const std::pair<ClaseImportacion, QByteArray> casos[] = {
         {ClaseImportacion::Cuentas, "112005,Sin mayor\n1120,Mayor\n112005,Buena\n110505,Ya\n"
                                     "1120A5,Letras\n11200501,Auxiliar\n"},
-        {ClaseImportacion::Terceros, "1,Uno\n1,Otra vez\n2,,,,Macondo\n3\n"},
+        {ClaseImportacion::Terceros,
+         "1,Uno\n1,Otra vez\n2,,,,Macondo\n3\n4,Cuatro,,,,,,,,,,,,,,X\n"},
         {ClaseImportacion::Comprobantes,
          (renglon("1", "110505", "10", "") + renglon("1", "111005", "", "10") +
           renglon("2", "110505", "5", "4") + renglon("1", "110505", "3", "") +

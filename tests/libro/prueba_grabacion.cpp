@@ -476,7 +476,6 @@ void PruebaGrabacion::el_borrado_es_todo_o_nada_y_lo_firma_quien_borra() {
     const std::pair<const char*, QString> pantallas[] = {
         {"Tfbuscomproba", "detalle detalle_niif firma encabezado"},
         {"Tfedtmovimien", "detalle detalle_niif firma encabezado"},
-        {"Tfcontabiliza", "detalle detalle_niif encabezado"},
         {"Tfauxiliarterc", "detalle_niif detalle encabezado"}};
     for (const auto& [pantalla, orden] : pantallas) {
         QStringList tocadas;

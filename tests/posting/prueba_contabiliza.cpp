@@ -39,6 +39,7 @@ private slots:
     void el_doble_clic_pregunta_en_la_celda();
     void el_centro_debe_existir_y_ser_de_la_agencia();
     void la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista();
+    void cada_pagina_recibe_las_lineas_de_su_libro_en_la_plantilla();
     void solo_se_cierra_sin_grabar_si_se_permite();
     void lo_que_otro_cambio_no_se_pisa();
     void lo_que_otro_contabilizo_mientras_se_revisa_no_se_borra();
@@ -391,6 +392,31 @@ void PruebaContabiliza::la_plantilla_reemplaza_las_lineas_del_libro_a_la_vista()
                               " contabilizacion_det where cnde_item < 100000 order by 1"),
              "8|110515|119000|\n9|110505|0|119000");
     QCOMPARE(s_->dato("select count(*) from contabilizacion_det where cnde_item >= 100000"), "3");
+}
+
+void PruebaContabiliza::cada_pagina_recibe_las_lineas_de_su_libro_en_la_plantilla() {
+    proponga();
+    ponga_plantilla();
+    ListaFalsa<PidePlantilla> lista("Tfbuscplantilla");
+    (void)revise([&](Tfcontabiliza& p) {
+        const auto traiga = [&] {
+            i_->espere_modal("Tfbuscplantilla", [&](QWidget*) { lista.conteste("50"); });
+            i_->espere("Al traer la plantilla perderá los movimientos digitados en el comprobante, "
+                       "Continuar?",
+                       "Sí");
+            oprima(Qt::Key_F9);
+            return valores_de(p.CContadetalle, "CNDE_CUENTA").join(' ');
+        };
+        oprima(Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(traiga(), "110515 110505 130505"); // no tiene del NIIF
+        base().ejecute("insert into plantilla_detalle_niif (plan_id, plde_item, cuen_cod, "
+                       "plde_debitos) values (50, 1, '240805', 70)");
+        QCOMPARE(traiga(), "240805");
+        QVERIFY(celda(p, "CNDE_ITEM").toInt() > 100000);
+        oprima(Qt::Key_PageUp, Qt::ControlModifier);
+        QCOMPARE(traiga(), "110515 110505 130505");
+        cierre(p);
+    });
 }
 
 void PruebaContabiliza::solo_se_cierra_sin_grabar_si_se_permite() {

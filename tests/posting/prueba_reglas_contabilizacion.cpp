@@ -403,6 +403,28 @@ void PruebaReglasContabilizacion::
     QCOMPARE(comprobante_de(base(), 31, id, ""), doble);
     QCOMPARE(comprobante_de(base(), 31, id, "_niif"), doble);
     QCOMPARE(saldos_distintos(base()), QString());
+
+    // También si el comprobante ya se borró, aunque el prefijo no dé más números.
+    base().ejecute("update prefijos_conta set prco_activo = 'N', pref_numero = '1000000' where "
+                   "tico_cod = 'CG' and prco_pref = '0001'");
+    borre_anterior(31, id);
+    const int otro = registre(base(), venta_de_prueba("2"));
+    contabil(base(), "contabil_factura", {otro, 2});
+    QCOMPARE(errores(31, otro), "PREFIJO"); // uno que necesita número
+    const QString r = contabil(base(), "contabil_factura", {id, 2});
+    QVERIFY2(r.startsWith("0|N|"), qPrintable(r));
+    QVERIFY(contabil(base(), "contabil_factura_niif", {id, 2, propuesta(r)}).startsWith("0|N|"));
+    convierta(propuesta(r));
+    QCOMPARE(filas("select enco_numero from comprobante_encabezado"), "000001");
+    // El que otro tomó entre tanto no se repite.
+    base().ejecute("update prefijos_conta set prco_activo = 'S', pref_numero = '000002' where "
+                   "tico_cod = 'CG' and prco_pref = '0001'");
+    borre_anterior(31, id);
+    base().ejecute("insert into comprobante_encabezado (enco_consec, tico_cod, prco_pref, "
+                   "enco_numero, enco_fecha) values (9000, 'CG', '0001', '000001', '20170101')");
+    convierta(propuesta(contabil(base(), "contabil_factura", {id, 2})));
+    QCOMPARE(filas("select enco_numero from comprobante_encabezado where enco_consec <> 9000"),
+             "000002");
 }
 
 void PruebaReglasContabilizacion::lo_que_otro_contabilizo_no_se_repite() {

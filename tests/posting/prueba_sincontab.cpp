@@ -74,6 +74,7 @@ private slots:
     void con_varias_interfaces_se_pregunta_cual();
     void el_libro_niif_se_agrega_a_la_propuesta_que_ya_hay();
     void lo_que_pide_confirmacion_se_revisa_y_la_falla_lo_deja_pendiente();
+    void rehacer_el_comprobante_en_niif_no_pierde_el_que_habia();
     void lo_que_otro_ya_contabilizo_no_se_rehace();
     void los_marcados_siguen_aunque_uno_falle_y_el_resumen_lleva_al_documento();
     void cancelar_el_lote_termina_el_documento_que_va();
@@ -299,18 +300,24 @@ void PruebaSincontab::lo_que_pide_confirmacion_se_revisa_y_la_falla_lo_deja_pend
     const auto grabe = [](Tfcontabiliza&) { oprima(Qt::Key_F2); };
     revise(false, [](Tfcontabiliza& r) { r.close(); });
     for (const bool niif : {false, true}) {
-        // Entre guardar la propuesta y convertirla la cuenta queda inactiva: nada se pierde. En el
-        // libro NIIF el comprobante anterior ya se borró, y el documento vuelve a las dos listas.
-        revise(niif, [&](Tfcontabiliza&) {
+        // La cuenta queda inactiva mientras se revisa: nada se pierde. El comprobante que ya había
+        // sigue, con la revisión abierta; quien no lo puede arreglar ahí puede salir.
+        configure("PERMITIR CERRAR LA VENTANA DE CONTABILIZACION SIN GRABAR EL COMPROBANTE",
+                  niif ? "NO" : "SI");
+        revise(niif, [&](Tfcontabiliza& r) {
             base().ejecute("update cuentas set cuen_activa = 'N' where cuen_cod = '413505'");
             i.espere_comienzo("Se presento el siguiente error: Línea 2, cuenta 413505");
             oprima(Qt::Key_F2);
+            if (niif) {
+                QVERIFY(r.isVisible());
+                r.close();
+            }
         });
-        QCOMPARE(comprobantes(), "0");
+        QCOMPARE(comprobantes(), niif ? "1" : "0");
         QCOMPARE(s_->dato("select count(*) from contabilizacion_det"), niif ? "6" : "3");
         for (const bool lista : {!niif, niif}) {
             p->ckNiif->setChecked(lista);
-            QCOMPARE(numeros(p), QStringList("000001"));
+            QCOMPARE(numeros(p), niif && !lista ? QStringList() : QStringList("000001"));
         }
         base().ejecute("update cuentas set cuen_activa = 'S' where cuen_cod = '413505'");
         revise(niif, grabe);
@@ -320,6 +327,75 @@ void PruebaSincontab::lo_que_pide_confirmacion_se_revisa_y_la_falla_lo_deja_pend
     QCOMPARE(comprobante_de(base(), 31, id, "_niif"), comprobante_de(base(), 31, id, ""));
     QVERIFY(numeros(p).isEmpty());
     QCOMPARE(saldos_distintos(base()), QString());
+}
+
+void PruebaSincontab::rehacer_el_comprobante_en_niif_no_pierde_el_que_habia() {
+    configure("AÑO BALANCE DE APERTURA NIIF", "2018");
+    configure(kPorInterfaz, "EQUIVALENCIAS");
+    registre(base(), 31, interfaz_de_prueba(kReglasVenta, 1, "S"));
+    const int id = registre(base(), venta_de_prueba());
+    Tfsincontab* p = abra();
+    Interlocutor i;
+    const auto revise = [&](std::function<void(Tfcontabiliza&)> atienda) {
+        espere_pantalla(i, "Tfcontabiliza", atienda);
+        oprima_en(p->DBGridEh1, Qt::Key_F2);
+    };
+    const auto grabe = [](Tfcontabiliza&) { oprima(Qt::Key_F2); };
+    revise(grabe);
+    p->ckNiif->setChecked(true);
+    const auto retrato = [&] {
+        return s_->dato("select list(enco_consec || enco_numero) from comprobante_encabezado") +
+               comprobante_de(base(), 31, id, "");
+    };
+    const QString antes = retrato();
+    // Lo que estorba, lo que se dice y cómo se arregla; `mensajes`: los que la propuesta ya dijo.
+    const struct {
+        const char *estorbe, *dice, *arregle;
+        int mensajes = 0;
+    } casos[] = {
+        {"update configuracion set conf_valor = '20180131' where conf_propiedad = 'FECHA DE "
+         "BLOQUEO'",
+         "La contabilidad esta bloqueada a: 2018/01/31. No se puede borrar el comprobante CG 0001 "
+         "000001",
+         "update configuracion set conf_valor = '' where conf_propiedad = 'FECHA DE BLOQUEO'"},
+        {"update cuentas set cuen_eqniif = null where cuen_cod = '240805'",
+         "La cuenta 240805 (línea 3) no tiene una cuenta NIIF equivalente",
+         "update cuentas set cuen_eqniif = '240805' where cuen_cod = '240805'", 1},
+        {"update terceros set terc_estado = 'N' where terc_nit = '900123456'",
+         "Línea 1, cuenta 130505: Tercero no encontrado.",
+         "update terceros set terc_estado = 'S' where terc_nit = '900123456'", 1},
+    };
+    for (const auto& c : casos) {
+        base().ejecute(QString::fromUtf8(c.estorbe));
+        if (c.mensajes)
+            i.espere_comienzo(kErrores);
+        revise([&](Tfcontabiliza& r) {
+            i.espere_comienzo("Se presento el siguiente error: " + QString::fromUtf8(c.dice));
+            oprima(Qt::Key_F2);
+            QVERIFY(r.isVisible());
+            r.close();
+        });
+        QCOMPARE(retrato(), antes);
+        base().ejecute(c.arregle);
+    }
+    // Con su tipo, su prefijo y su número no le hace falta que el prefijo siga activo.
+    base().ejecute("update prefijos_conta set prco_activo = 'N', pref_numero = '1000000' where "
+                   "tico_cod = 'CG'");
+    // Lo corregido a mano no se bota sin preguntarlo.
+    base().ejecute("update comprobante_detalle set code_concepto = 'A mano' where code_item = 1");
+    const QString corregido =
+        "El comprobante CG 0001 000001 ya no es igual a la propuesta de la que salió: alguien lo "
+        "corrigió. Contabilizar en NIIF lo rehace con la propuesta y esas correcciones se pierden. "
+        "Desea continuar?";
+    i.espere(corregido, "No");
+    oprima_en(p->DBGridEh1, Qt::Key_F2);
+    QCOMPARE(s_->dato("select code_concepto from comprobante_detalle where code_item = 1"),
+             "A mano");
+    i.espere(corregido, "Sí");
+    revise(grabe);
+    QCOMPARE(s_->dato("select list(enco_numero) from comprobante_encabezado"), "000001");
+    QCOMPARE(comprobante_de(base(), 31, id, "_niif"), comprobante_de(base(), 31, id, ""));
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
 }
 
 void PruebaSincontab::lo_que_otro_ya_contabilizo_no_se_rehace() {

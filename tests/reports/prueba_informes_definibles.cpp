@@ -102,6 +102,38 @@ private slots:
         QCOMPARE(una("base_cuenta_mes('2408',2017,3,'0001','0001')"), "0");
     }
 
+    void la_base_se_suma_igual_digan_lo_que_digan_los_signos() {
+        Sesion s;
+        // Débito, crédito y base de cada línea; la base y el porcentaje que deben salir.
+        const struct {
+            QStringList lineas;
+            const char *base, *porcentaje;
+        } casos[] = {
+            {{"0, 25, 1000"}, "1000", "2.5"},                 // al crédito, en positivo
+            {{"0, 25, -1000"}, "1000", "2.5"},                // como la graba la digitación
+            {{"0, 25, -1000", "10, 0, 400"}, "600", "2.5"},   // una reversión resta
+            {{"0, 25, -1000", "0, 25, 1000"}, "2000", "2.5"}, // la mezcla
+            {{"0, 25, -1000", "25, 0, -1000"}, "0", "0"},     // anulada del todo
+            {{"10, 0, -400", "10, 0, 400"}, "800", "2.5"},    // al débito
+        };
+        for (const auto& c : casos)
+            for (const char* libro : {"", "_niif"}) {
+                const QString tabla = QString("comprobante_detalle%1").arg(libro);
+                s.base.ejecute({"delete from " + tabla + " where cuen_cod = '236540'"});
+                int item = 500;
+                for (const QString& linea : c.lineas)
+                    s.base.ejecute({QString("insert into %1 (enco_consec, code_item, cuen_cod, "
+                                            "terc_nit, code_debito, code_credito, code_base) "
+                                            "values (902, %2, '236540', '900123456', %3)")
+                                        .arg(tabla)
+                                        .arg(++item)
+                                        .arg(linea)});
+                const QString f = QString("base_cuenta_mes%1('2365',2017,3,'','')").arg(libro);
+                QCOMPARE(s.dato("select base from " + f), c.base);
+                QCOMPARE(s.dato("select porcentaje from " + f), c.porcentaje);
+            }
+    }
+
     void cada_codigo_imprime_lo_suyo_y_las_cifras_del_periodo() {
         Sesion s;
         s.dm.datos_compania.nombre = "La Compañía";

@@ -8,6 +8,7 @@ class PruebaGuarda : public PruebaConBase {
 private slots:
     void lo_que_no_puede_ser_se_rehusa_y_se_dice_que_corregir();
     void los_importes_sin_digitar_son_cero();
+    void los_saldos_iniciales_de_un_libro_cerrado_no_se_tocan();
     void las_lineas_niif_quedan_donde_las_dejan_los_borrados_de_dos_ordenes();
     void una_cuenta_que_se_inactiva_no_impide_corregir_sus_lineas();
     void un_numero_es_el_mismo_con_o_sin_ceros_y_el_contador_no_retrocede();
@@ -124,6 +125,67 @@ void PruebaGuarda::lo_que_no_puede_ser_se_rehusa_y_se_dice_que_corregir() {
     QCOMPARE(negativa(linea("", "1, 2, '152405', 1, 0, 'ESC01'")), "(entró)");
     QCOMPARE(negativa(linea("_NIIF", "1, 2, '143505', 1, 0, 'MART01'")), "(entró)");
     QCOMPARE(filas("select count(*) from comprobante_encabezado"), "1");
+}
+
+void PruebaGuarda::los_saldos_iniciales_de_un_libro_cerrado_no_se_tocan() {
+    const auto configure = [&](const char* propiedad, const char* valor) {
+        base().ejecute("update configuracion set conf_valor = ? where conf_propiedad = ?",
+                       {QString(valor), QString::fromUtf8(propiedad)});
+    };
+    const QString inserte = "insert into saldos_iniciales%1 (sain_item, cuen_cod, proy_cod, "
+                            "cent_cod, sain_debito) values (%2, '%3', %4, 5)";
+    for (const char* libro : {"", "_niif"})
+        base_->ejecute({inserte.arg(libro, "1", "110505", "'0001', '0002'"),
+                        inserte.arg(libro, "2", "110505", "null, null")});
+    const QString texto = ". Los saldos iniciales no se pueden cambiar.",
+                  contable = "La contabilidad esta bloqueada a: ";
+    const struct {
+        const char *mes, *de_2649, *de_niif, *general;
+        QString al_2649, al_niif;
+    } casos[] = {
+        {"1", "20161231", "20161231", "20161231", {}, {}},
+        {"1", "2017/01/01", "", "", contable + "2017/01/01" + texto, {}},
+        {"4", "20170331", "", "", {}, {}}, // hasta el mes antes de empezar
+        {"4", "20170430", "", "", contable + "2017/04/30" + texto, {}},
+        {"1", "", "20170131", "", {}, contable + "2017/01/31 (libro NIIF)" + texto},
+        {"1", "20180131", "", "20180228", "Los módulos estan bloqueados a: 2018/02/28" + texto,
+         "Los módulos estan bloqueados a: 2018/02/28" + texto},
+    };
+    for (const auto& c : casos) {
+        configure("MES DE INICIO", c.mes);
+        configure("FECHA DE BLOQUEO", c.de_2649);
+        configure("FECHA DE BLOQUEO NIIF", c.de_niif);
+        configure("FECHA DE BLOQUEO ADMINISTRATIVO", c.general);
+        for (const bool niif : {false, true})
+            for (const QString& orden :
+                 {inserte.arg("%1", "3", "111005", "null, null"),
+                  QString("update saldos_iniciales%1 set sain_debito = 6 where sain_item = 2"),
+                  QString("update saldos_iniciales%1 set cuen_cod = '111005' where sain_item = 2"),
+                  QString("delete from saldos_iniciales%1 where sain_item = 2")}) {
+                Transaccion t(base(), Transaccion::Modo::Escritura); // se deshace
+                const QString& rehusa = niif ? c.al_niif : c.al_2649;
+                QCOMPARE(falla_de([&] {
+                             base().prepare(orden.arg(niif ? "_niif" : ""), t)->ejecute(t, {});
+                         }),
+                         rehusa.isEmpty() ? "(entró)" : rehusa);
+            }
+    }
+    // Los dos libros siguen cerrados: lo que no mueve un saldo pasa. Un centro cambia de código, y
+    // un auxiliar nuevo se lleva los de su cuenta mayor.
+    base_->ejecute({"update centros set cent_cod = '0077' where proy_cod = '0001' and cent_cod = "
+                    "'0002'",
+                    "update saldos_iniciales set sain_debito = 5",
+                    "execute block as declare a int; declare b int; declare c varchar(255); begin "
+                    "execute procedure abra_auxiliar('11050501', 'Caja', 'N', 'N', 'N', '110505', "
+                    "'S') returning_values a, b, c; "
+                    "execute procedure abra_auxiliar_niif('11050501', 'Caja', 'N', 'N', 'N', null, "
+                    "'S') returning_values a, b, c; end"});
+    for (const char* libro : {"", "_niif"})
+        QCOMPARE(filas(QStringLiteral("select cuen_cod, coalesce(cent_cod, '-') from "
+                                      "saldos_iniciales%1 order by sain_item")
+                           .arg(libro)),
+                 "11050501|0077\n11050501|-");
+    QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaGuarda::los_importes_sin_digitar_son_cero() {

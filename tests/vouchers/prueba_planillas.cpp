@@ -284,12 +284,33 @@ private slots:
                 oprima(Qt::Key_Z, Qt::ControlModifier);
         }
         dice(Qt::Key_F2, "No puede grabar un comprobante descuadrado. Se omite el comprobante 2\n"
-                         "No puede grabar un comprobante descuadrado. Se omite el comprobante 4");
+                         "No puede grabar un comprobante descuadrado. Se omite el comprobante 4\n"
+                         "Al abrir otra vez esta planilla se ofrecen las filas omitidas.");
         QVERIFY(!s.escritorio.abierta("Tfplanilladatos"));
         // El 3, en ceros, es un encabezado sin líneas.
         QCOMPARE(s.dato("select list(enco_numero || enco_fecha) from comprobante_encabezado"),
                  "00000120170305,00000320170307");
         QCOMPARE(s.dato("select count(*) from comprobante_detalle"), "2");
+        // La próxima vez se ofrecen solo las omitidas, en su período, y ya corregidas entran.
+        s.cnt.periodo_actual = 4;
+        i.espere_comienzo("Hace", "Sí");
+        p = s.abra<Tfplanilladatos>("Tfplanilladatos", AbrePlanilla{"1"});
+        QCOMPARE(valores_de(p->CVirtdata, "NUMERO"), QStringList({"2", "4"}));
+        p->CVirtdata.First();
+        for (const char* caja : {"90", "6"}) {
+            p->CVirtdata.Edit();
+            p->CVirtdata.FieldByName("Caja") = pesos(caja);
+            p->CVirtdata.Post();
+            p->CVirtdata.Next();
+        }
+        oprima(Qt::Key_F2);
+        QVERIFY(!s.escritorio.abierta("Tfplanilladatos"));
+        QCOMPARE(s.dato("select list(enco_numero || enco_fecha) from comprobante_encabezado where "
+                        "enco_numero in ('000002', '000004')"),
+                 "00000220170306,00000420170308");
+        // Ya sin omitidas no queda nada que ofrecer.
+        QVERIFY(s.abra<Tfplanilladatos>("Tfplanilladatos", AbrePlanilla{"1"}));
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
     }
 
     void una_fila_que_falla_no_deja_nada_escrito_y_la_hoja_sigue() {

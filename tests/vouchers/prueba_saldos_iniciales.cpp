@@ -366,6 +366,34 @@ private slots:
         QCOMPARE(lineas, 150);
     }
 
+    void con_el_mes_de_inicio_cerrado_se_miran_y_se_imprimen_pero_no_se_cambian() {
+        SesionGui s;
+        Saldos d(s);
+        s.base.ejecute({"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito) values "
+                        "(1, '110505', 150)"});
+        d.configure("GENERAL", "FECHA DE BLOQUEO", "20170131");
+        const QString aviso = "La contabilidad esta bloqueada a: 2017/01/31. Los saldos iniciales "
+                              "se pueden ver e imprimir, pero no cambiar.";
+        Interlocutor i;
+        for (const Qt::Key sale : {Qt::Key_F8, Qt::Key_Escape}) {
+            i.espere(aviso);
+            QVERIFY(d.abra());
+            con_foco();
+            for (const Qt::Key k : {Qt::Key_Insert, Qt::Key_F5, Qt::Key_Return, Qt::Key_F2})
+                oprima(k);
+            QCOMPARE(s.escritorio.abiertas().size(), 1);
+            QCOMPARE(d.saldos->CSaldos.ChangeCount(), 0);
+            QVERIFY(!d.saldos->CSaldos.editando());
+            if (sale == Qt::Key_F8)
+                QVERIFY(informe_como_texto(d.saldos, sale).contains("150.00"));
+            else
+                oprima(sale); // sin preguntar: no hay qué perder
+            QVERIFY(s.escritorio.abiertas().isEmpty());
+        }
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato(kTabla), "1:110505:::150.00:0.00");
+    }
+
     void salir_pregunta_siempre() {
         SesionGui s;
         Saldos d(s);
