@@ -119,7 +119,7 @@ void FilaBusqueda::siga(QAbstractItemView* filas) {
 }
 
 void FilaBusqueda::siga_a_las_filas(const QEvent& evento) {
-    if (evento.type() == QEvent::MouseButtonPress) {
+    if (evento.type() == QEvent::MouseButtonPress || evento.type() == QEvent::MouseButtonDblClick) {
         espera_->stop();
         return;
     }
