@@ -82,9 +82,12 @@ void LineasCuenta::consulte_cuenta(const char* columnas, const char* plan) {
 void LineasCuenta::ate_preguntas() {
     for (const char* celda : {n_.cuenta, n_.tercero, n_.proyecto, n_.centro})
         pregunta_.atienda(campo(celda));
-    // Lo que se canceló ya no se nombra; lo que queda se nombra al reposar, que al cerrar no se
+    // Lo que se cancela ya no se nombra; lo que queda se nombra al reposar, que al cerrar no se
     // consulta nada.
-    detalle.AfterCancel = [this] { vacie_pie(); };
+    detalle.BeforeCancel = [this] {
+        if (!intacta())
+            vacie_pie();
+    };
     LabDiferencia->al_reposar = [this] {
         if (detalle.State() == Estado::Navegacion && !cuenta().isEmpty() &&
             NomCuenta->text().isEmpty())
