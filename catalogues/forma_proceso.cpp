@@ -88,6 +88,8 @@ void FormaProceso::defina_campos() {
         c.texto(datos_.usuario, 10);
     if (datos_.libros)
         c.texto(datos_.libros, 1).etiqueta("Libros");
+    if (datos_.tercero)
+        pregunta_.atienda(campo(datos_.tercero));
     campo("TICO_COD").OnChange = [this](Campo& x) { TICO_CODChange(x); };
     campo("PRCO_PREF").OnChange = [this](Campo& x) { PRCO_PREFChange(x); };
 }
@@ -263,10 +265,8 @@ void FormaProceso::TERC_NITChange(Campo& nit) {
     NomTerc->clear();
     if (nit.vacio())
         return;
-    if (nit.texto().startsWith('?')) {
-        const QString texto = nit.texto().mid(1);
-        nit.limpie();
-        escoja_el_tercero(texto);
+    if (const auto texto = pregunta_.tome(nit)) {
+        escoja_el_tercero(*texto);
     } else if (fdmter().valide_tercero(nit.texto())) {
         NomTerc->setText(fdmter().nom_tercero(nit.texto()));
         NomTerc->setCursorPosition(0);

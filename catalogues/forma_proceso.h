@@ -6,6 +6,7 @@
 // y la base hace el comprobante y decide qué se puede; si lo rehúsa, lo dice y la pantalla sigue
 // abierta. Sin tabla, los mismos datos están en memoria y el miembro llama su procedimiento.
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "toolkit/pantalla.h"
 
 class BarraBotones;
@@ -80,6 +81,7 @@ protected:
     void escoja_el_tercero(const QString& texto);
 
     const DatosProceso datos_;
+    PreguntaEnCampo pregunta_;
     ListaDato *LTipo = nullptr, *LPref = nullptr;
     EditorDato *ENumero = nullptr, *EConcepto = nullptr, *ERef = nullptr, *ENit = nullptr;
     QWidget* Panel1 = nullptr; ///< el encabezado entero

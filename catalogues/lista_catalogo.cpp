@@ -39,6 +39,7 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     DBGridEh1->OnTeclear = [this](const QString& texto) { busqueda_->busque_texto(texto); };
     busqueda_->al_bajar = [this] { DBGridEh1->setFocus(); };
+    busqueda_->siga(DBGridEh1);
     if (busqueda_->demora >
         0) // Enter escoge de lo que se acaba de teclear, aunque aún no se busque
         DBGridEh1->OnReturn = [this] { enter(); };
@@ -75,7 +76,6 @@ void ListaCatalogo::boton_salir() {
 void ListaCatalogo::enter() {
     if (DBGridEh1->filtro_visible() && !enter_con_filtros_)
         return; // la fila de filtros ya tomó su Enter; sobre las filas no hace más
-    busqueda_->pongase_al_dia();
     if (modo_mantenimiento_)
         SBModificarClick();
     else
@@ -86,6 +86,7 @@ bool ListaCatalogo::busque_lo_pedido(const QString& texto) {
     if (texto.isEmpty())
         return false;
     busqueda_->busque_texto(texto);
+    busqueda_->pongase_al_dia(); // ya está entero: no hay tecla que esperar
     return true;
 }
 
@@ -95,6 +96,7 @@ void ListaCatalogo::ubique(const QString& codigo) {
 }
 
 QString ListaCatalogo::codigo() const {
+    busqueda_->pongase_al_dia();
     return conjunto_->Active() ? conjunto_->Fields(0).texto() : QString();
 }
 

@@ -42,7 +42,7 @@ protected:
     bool busque_lo_pedido(const QString& texto_busqueda);
     /// Señala la fila de ese código, si está en la lista.
     void ubique(const QString& codigo);
-    /// Código de la fila actual, la primera columna; vacío sin filas.
+    /// Código de la fila actual, la primera columna, ya buscado lo que se tecleó; vacío sin filas.
     QString codigo() const;
     /// Cierra, cambia el texto y abre.
     void consulte(const QString& sql);

@@ -78,8 +78,8 @@ void Tfcuentas::FormCreate() {
     lea_niveles();
     aplique_modo();
     consulte(base_ + "where cuen_activa = 'S' order by cuen_cod");
-    ubique(pedida.cuenta_localizar);
-    busque_lo_pedido(pedida.texto_busqueda);
+    if (!busque_lo_pedido(pedida.texto_busqueda))
+        ubique(pedida.cuenta_localizar);
     if (!fdm().exija_acceso(kOpcionConsultar))
         pida_cierre_al_crear();
 }

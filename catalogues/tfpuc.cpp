@@ -46,6 +46,7 @@ Tfpuc::Tfpuc() : Pantalla("Tfpuc", "Plan único de cuentas") {
     DBGridEh1->dgMultiSelect(true);
     DBGridEh1->OnTeclear = [this](const QString& texto) { busqueda_->busque_texto(texto); };
     busqueda_->al_bajar = [this] { DBGridEh1->setFocus(); };
+    busqueda_->siga(DBGridEh1);
     DBGridEh1->texto_vacio = "La lista publicada no tiene cuentas.";
     DBGridEh1->nombre_archivo = "PlanUnico";
     DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
@@ -69,13 +70,11 @@ void Tfpuc::ofrezca_seleccion() {
     SBSelec->show();
     tecla(Qt::Key_Return, "SBSelec");
     DBGridEh1->OnDblClick = [this](int) { SBSelecClick(); };
-    DBGridEh1->OnReturn = [this] {
-        busqueda_->pongase_al_dia();
-        SBSelecClick();
-    };
+    DBGridEh1->OnReturn = [this] { SBSelecClick(); };
 }
 
 void Tfpuc::SBSelecClick() {
+    busqueda_->pongase_al_dia();
     QMap<QString, Valor> cuenta;
     for (int i = 0; i < CPuc->FieldCount(); ++i)
         cuenta[CPuc->Fields(i).FieldName] = CPuc->Fields(i).valor();

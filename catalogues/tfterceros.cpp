@@ -68,8 +68,9 @@ void Tfterceros::FormCreate() {
         conjunto_->Filtered(true);
     }
     const auto pedido = peticion<PideTercero>();
-    if (!busque_lo_pedido(pedido.texto_busqueda))
-        consulte(kBase + "where terc_estado = 'S' order by terc_nom");
+    if (busque_lo_pedido(pedido.texto_busqueda))
+        return; // se buscó otro: en ese queda
+    consulte(kBase + "where terc_estado = 'S' order by terc_nom");
     ubique(pedido.tercero_localizar);
 }
 

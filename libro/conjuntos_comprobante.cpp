@@ -101,15 +101,14 @@ Comprobante lea_comprobante(const ConjuntosComprobante& conjuntos) {
 void vuelque(const Comprobante& comprobante, const ConjuntosComprobante& conjuntos) {
     const SinEventos encabezado(conjuntos.encabezado), de_2649(conjuntos.lineas_2649),
         de_niif(conjuntos.lineas_niif);
+    // Queda sin grabarse en memoria: a un borrador le pueden faltar datos que se exigen al grabar.
     conjuntos.encabezado.Edit();
     escriba(conjuntos.encabezado, comprobante, columnas_encabezado());
-    conjuntos.encabezado.Post();
     for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
         ConjuntoDatos& d = conjuntos.lineas(libro);
         d.condicion({});
         vuelque_lineas(comprobante, d, libro);
     }
-    conjuntos.encabezado.Edit();
 }
 
 void ponga_callado(ConjuntoDatos& conjunto, const QString& campo, const Valor& valor) {

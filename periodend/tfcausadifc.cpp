@@ -24,6 +24,7 @@ Tfcausadifc::Tfcausadifc() : FormaProceso(kDatos, SinArmar{}), CDiferencia(this,
     CProceso.decimal("TRM", 4).tasa().requerido().etiqueta("TRM").formato("#,##0.00##");
     CProceso.texto("CUENTA", 20).requerido().etiqueta("Cuenta cartera").OnChange =
         [this](Campo& x) { CUEN_CODChange(x); };
+    pregunta_.atienda(campo("CUENTA"));
     CDiferencia.texto("PREFIJO", 4);
     CDiferencia.texto("NUMERO", 10);
     CDiferencia.texto("NIT", 20);
@@ -82,10 +83,8 @@ void Tfcausadifc::CUEN_CODChange(Campo& cuenta) {
     NomCta->clear();
     if (cuenta.vacio())
         return;
-    if (cuenta.texto().startsWith('?')) {
-        const QString texto = cuenta.texto().mid(1);
-        cuenta.limpie();
-        escoja_la_cuenta(texto);
+    if (const auto texto = pregunta_.tome(cuenta)) {
+        escoja_la_cuenta(*texto);
         return;
     }
     NomCta->setText(fdmcnt().nom_cuenta(cuenta.texto()));

@@ -113,23 +113,33 @@ bool ArchivoBorrador::tome_el_huerfano(const std::function<bool(const QByteArray
     for (const QString& nombre :
          carpeta.entryList({QStringLiteral("*") + kExtension}, QDir::Files, QDir::Time)) {
         const QString ruta = carpeta.filePath(nombre);
-        QLockFile candado(ruta + ".candado");
-        candado.setStaleLockTime(0);
-        if (!candado.tryLock(0))
+        auto candado = std::make_unique<QLockFile>(ruta + ".candado");
+        candado->setStaleLockTime(0);
+        if (!candado->tryLock(0))
             continue; // otro programa, u otra pantalla, lo está digitando
         QFile f(ruta);
         const bool leido = f.open(QIODevice::ReadOnly) && lea(f.readAll());
         const bool vacio = f.size() == 0;
         f.close();
         const QString aparte = ruta + ".ilegible";
-        if (leido || vacio)
+        if (leido) { // de a uno por vez: los demás quedan para la próxima pantalla
+            huerfano_ = ruta;
+            candado_huerfano_ = std::move(candado);
+            return true;
+        }
+        if (vacio)
             QFile::remove(ruta);
         else if (QFile::rename(ruta, aparte))
             muestre_mensaje("Lo que quedó sin grabar lo guardó otra versión del programa, y esta "
                             "no lo puede leer. El archivo queda aparte: " +
                             aparte);
-        if (leido)
-            return true; // de a uno por vez: los demás quedan para la próxima pantalla
     }
     return false;
+}
+
+void ArchivoBorrador::resuelva_huerfano() {
+    if (!candado_huerfano_)
+        return;
+    QFile::remove(huerfano_);
+    candado_huerfano_.reset();
 }

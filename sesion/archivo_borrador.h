@@ -21,6 +21,8 @@ public:
     bool guarde();
     /// Se grabó o se dejó: no queda borrador.
     void descarte();
+    /// El huérfano ya se retomó, o no se quiso: no se vuelve a ofrecer.
+    void resuelva_huerfano();
     /// Carpeta de los borradores de esta llave.
     QString carpeta() const { return carpeta_; }
 
@@ -29,8 +31,8 @@ protected:
     ArchivoBorrador(const QString& llave, const QVector<ConjuntoDatos*>& conjuntos, QObject* dueno);
     /// Lo que se guarda; vacío si no hay qué.
     virtual QByteArray contenido() const = 0;
-    /// El más reciente de los huérfanos que se entienda, que deja de estarlo: no se vuelve a
-    /// ofrecer. El que no se entiende queda aparte, y se dice.
+    /// El más reciente de los huérfanos que se entienda: es de esta pantalla, pero su archivo sigue
+    /// ahí hasta que se resuelva. El que no se entiende queda aparte, y se dice.
     bool tome_el_huerfano(const std::function<bool(const QByteArray&)>& lea);
 
 private:
@@ -38,10 +40,10 @@ private:
     void marque();
     bool abra_archivo();
 
-    QString carpeta_, archivo_;
+    QString carpeta_, archivo_, huerfano_;
     QVector<ConjuntoDatos*> conjuntos_;
     std::vector<std::unique_ptr<EnlaceDatos>> enlaces_;
-    std::unique_ptr<QLockFile> candado_;
+    std::unique_ptr<QLockFile> candado_, candado_huerfano_;
     QTimer reloj_;
     QElapsedTimer espera_; ///< desde el primer cambio sin guardar
     bool sigue_ = false;

@@ -4,6 +4,7 @@
 #include "datos/recordset/cambios_escritos.h"
 #include "libro/borrador.h"
 #include "sesion/tfdm.h"
+#include "toolkit/proteccion.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -94,12 +95,20 @@ std::optional<BorradorFilas::Huerfano> BorradorFilas::tome_huerfano() {
 
 bool BorradorFilas::ofrezca(const std::function<QString(const Huerfano&)>& frase) {
     const auto h = tome_huerfano();
-    if (!h ||
-        !pregunte(hace_cuanto(h->momento, reloj().ahora()).replace(0, 1, "H") + ' ' + frase(*h)))
+    if (!h)
         return false;
+    if (!pregunte(hace_cuanto(h->momento, reloj().ahora()).replace(0, 1, "H") + ' ' + frase(*h))) {
+        resuelva_huerfano();
+        return false;
+    }
     int distintas = 0;
-    for (qsizetype i = 0; i < conjuntos_.size(); ++i)
-        distintas += rehaga_cambios(*conjuntos_[i], h->cambios[i]);
+    // Si no se pudo, el archivo se queda para otra vez.
+    if (!proteja([&] {
+            for (qsizetype i = 0; i < conjuntos_.size(); ++i)
+                distintas += rehaga_cambios(*conjuntos_[i], h->cambios[i]);
+        }))
+        return false;
+    resuelva_huerfano();
     if (distintas > 0)
         muestre_mensaje(QStringLiteral("Entre tanto otro grabó cambios en %1. Quedaron como usted "
                                        "los había dejado: revíselos antes de grabar.")

@@ -44,7 +44,7 @@ Tfmeddisctas::Tfmeddisctas(Consultas consultas)
            {"MMDI_PROY", "Centro", 7},
            {"MMDI_CENTRO", "Subcen.", 7},
            {"MMDI_PROCEDIMIENTO", "Procedimiento", 16},
-           {"MMDI_NATUR", "D/C", 5},
+           {"MMDI_NATUR", "D/C", 8},
            {"MMDI_INCSALDO", "Inc.Saldo", 8, Casilla}},
           6,
           nullptr,
@@ -54,7 +54,7 @@ Tfmeddisctas::Tfmeddisctas(Consultas consultas)
            {"MMDC_CTASALDO", "Cuenta Saldo", 13},
            {"MMDC_CTADEV", "Cta. Devolución", 13}},
           3});
-    DBGridEh1->lista("MMDI_NATUR", {"D", "C"});
+    DBGridEh1->lista("MMDI_NATUR", {"Débito", "Crédito"}, {"D", "C"});
     for (Rejilla* r : {DBGridEh1, DBGridEh2}) {
         r->nombre_archivo = "MedDistrital";
         r->titulo_impreso = windowTitle() + "  %[Today]";

@@ -56,8 +56,6 @@ void BarraBotones::resizeEvent(QResizeEvent* evento) {
 }
 
 void BarraBotones::ceda_dibujos() {
-    if (!area_estrecha())
-        return;
     const int lado = style()->pixelMetric(QStyle::PM_ButtonIconSize, nullptr, this);
     const auto caben = [&](int dibujo, int espacio) {
         for (auto* b : findChildren<QPushButton*>())
@@ -65,8 +63,8 @@ void BarraBotones::ceda_dibujos() {
         fila_->setSpacing(espacio);
         return fila_->heightForWidth(width()) <= fila_->sizeHint().height();
     };
-    // La que no cabe con ellos tampoco los conserva en dos renglones: se vería distinta de su
-    // gemela.
-    if (!caben(lado, paso()) && !caben(0, paso(0.5)))
+    // En un área amplia siempre están, también los que cedieron cuando era estrecha. La que no cabe
+    // con ellos tampoco los conserva en dos renglones: se vería distinta de su gemela.
+    if (!caben(lado, paso()) && area_estrecha() && !caben(0, paso(0.5)))
         caben(0, paso());
 }

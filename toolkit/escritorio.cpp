@@ -118,10 +118,18 @@ bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
     return true;
 }
 
+/// En alguna de sus rejillas se está digitando: la ventana no se mueve debajo de quien digita.
+bool digitando(const Pantalla& pantalla) {
+    const auto rejillas = pantalla.findChildren<Rejilla*>();
+    return std::any_of(rejillas.begin(), rejillas.end(), [](const Rejilla* r) {
+        return r->isVisible() && r->conjunto() && r->conjunto()->editando();
+    });
+}
+
 /// Lo que se consulta después de abrir la pantalla también se lee entero.
 void siga_ensanchando(QMdiSubWindow* ventana, QPointer<Pantalla> pantalla) {
     const auto siga = [ventana, pantalla] {
-        if (pantalla)
+        if (pantalla && !digitando(*pantalla))
             ensanche(*ventana, *pantalla, pantalla->area_principal());
     };
     for (const Rejilla* r : pantalla->findChildren<Rejilla*>()) {

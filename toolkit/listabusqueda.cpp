@@ -4,6 +4,7 @@
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 
+#include <QAbstractItemView>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QGroupBox>
@@ -111,6 +112,33 @@ void FilaBusqueda::ItemIndex(int indice) {
         radio->setChecked(true);
 }
 
+void FilaBusqueda::siga(QAbstractItemView* filas) {
+    filas_ = filas;
+    filas->installEventFilter(this);
+    filas->viewport()->installEventFilter(this);
+}
+
+void FilaBusqueda::siga_a_las_filas(const QEvent& evento) {
+    if (evento.type() == QEvent::MouseButtonPress || evento.type() == QEvent::MouseButtonDblClick) {
+        espera_->stop();
+        return;
+    }
+    if (evento.type() != QEvent::KeyPress)
+        return;
+    switch (static_cast<const QKeyEvent&>(evento).key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        pongase_al_dia();
+        break;
+    default:
+        break;
+    }
+}
+
 QString FilaBusqueda::columna() const {
     return columnas_.value(ItemIndex()).columna;
 }
@@ -156,6 +184,8 @@ bool FilaBusqueda::reclama(const QKeyEvent& evento) {
 }
 
 bool FilaBusqueda::eventFilter(QObject* objeto, QEvent* evento) {
+    if (filas_ && objeto != EBuscar)
+        siga_a_las_filas(*evento);
     if (objeto == EBuscar && evento->type() == QEvent::KeyPress &&
         reclama(*static_cast<QKeyEvent*>(evento))) {
         busque();

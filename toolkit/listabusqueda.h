@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+class QAbstractItemView;
 class QButtonGroup;
 class QCheckBox;
 class QGroupBox;
@@ -51,6 +52,9 @@ public:
     void busque_texto(const QString& texto);
     /// Busca ya lo que espera su demora: antes de escoger una fila.
     void pongase_al_dia();
+    /// Las filas de lo que se busca: moverse por ellas con el teclado es moverse por lo ya buscado.
+    /// El ratón señala lo que se ve, y lo que esperaba por buscarse ya no se busca.
+    void siga(QAbstractItemView* filas);
     int demora = 0; ///< milisegundos de espera al buscar sobre la marcha
     /// Criterio con lo que el usuario dejó en los controles, sobre `plantilla`.
     CriterioBusqueda criterio(CriterioBusqueda plantilla) const;
@@ -66,8 +70,10 @@ protected:
 
 private:
     void busque();
+    void siga_a_las_filas(const QEvent& evento);
     QButtonGroup* grupo_;
     QVector<Eleccion> columnas_;
     bool pendiente_ = false;
+    QAbstractItemView* filas_ = nullptr;
     QTimer* espera_;
 };

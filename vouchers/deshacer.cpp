@@ -6,12 +6,16 @@ void Deshacer::con(const QString& que, const std::function<void()>& cambio) {
     const Comprobante antes = lea_comprobante(c_);
     // También lo que quedó a medias por una falla se puede deshacer.
     const auto anote = qScopeGuard([&] {
-        Comprobante despues = lea_comprobante(c_);
-        if (despues == antes)
-            return; // se desistió: lo anterior todavía se puede deshacer
-        antes_ = antes;
-        despues_ = std::move(despues);
-        que_ = que;
+        try {
+            Comprobante despues = lea_comprobante(c_);
+            if (despues == antes)
+                return; // se desistió: lo anterior todavía se puede deshacer
+            antes_ = antes;
+            despues_ = std::move(despues);
+            que_ = que;
+        } catch (...) {
+            antes_.reset(); // no se sabe a qué se volvería
+        }
     });
     cambio();
 }

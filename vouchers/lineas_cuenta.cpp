@@ -12,7 +12,6 @@
 #include "vouchers/piezas.h"
 
 #include <QClipboard>
-#include <QScopedValueRollback>
 
 bool vacio_o_cero(const Campo& c) {
     return c.vacio() || c.texto() == "0";
@@ -80,32 +79,43 @@ void LineasCuenta::consulte_cuenta(const char* columnas, const char* plan) {
                    QuotedStr(cuenta()));
 }
 
-void LineasCuenta::recuerde_celdas() {
+void LineasCuenta::ate_preguntas() {
     for (const char* celda : {n_.cuenta, n_.tercero, n_.proyecto, n_.centro})
-        recordadas_[celda] = actual(celda);
+        pregunta_.atienda(campo(celda));
+    // Lo que se cancela ya no se nombra; lo que queda se nombra al reposar, que al cerrar no se
+    // consulta nada.
+    detalle.BeforeCancel = [this] {
+        if (!intacta())
+            vacie_pie();
+    };
+    LabDiferencia->al_reposar = [this] {
+        if (detalle.State() == Estado::Navegacion && !cuenta().isEmpty() &&
+            NomCuenta->text().isEmpty())
+            muestre_pie();
+    };
 }
 
 std::optional<QString> LineasCuenta::tome_pregunta(const char* celda) {
-    const QString texto = campo(celda).texto();
-    if (reponiendo_ || !texto.startsWith('?'))
-        return {};
-    const QScopedValueRollback<bool> guarda(reponiendo_, true);
-    campo(celda) = recordadas_.value(celda);
-    return texto.mid(1);
+    const auto texto = pregunta_.tome(campo(celda));
+    if (texto) {
+        pregunto_ = true;
+        muestre_pie(); // también los nombres son los de antes
+    }
+    return texto;
 }
 
 bool LineasCuenta::busque_cuenta() {
     const auto texto = tome_pregunta(n_.cuenta);
     if (texto)
         escoja_cuenta(*texto);
-    return texto || reponiendo_;
+    return texto || reponiendo();
 }
 
 bool LineasCuenta::busque_tercero() {
     const auto texto = tome_pregunta(n_.tercero);
     if (texto)
         escoja_tercero(*texto);
-    return texto || reponiendo_;
+    return texto || reponiendo();
 }
 
 bool LineasCuenta::busque_centro() {
@@ -118,7 +128,7 @@ bool LineasCuenta::busque_proyecto() {
 
 bool LineasCuenta::pregunta_por_centro(const char* celda) {
     if (!tome_pregunta(celda))
-        return reponiendo_;
+        return reponiendo();
     for (const char* otra : {n_.proyecto, n_.centro})
         tome_pregunta(otra);
     escoja_centro();
@@ -211,7 +221,6 @@ void LineasCuenta::diferencia() {
 
 void LineasCuenta::anote_guardados() {
     guardados_ = {campo(n_.debito).moneda(), campo(n_.credito).moneda()};
-    recuerde_celdas();
 }
 
 Lados LineasCuenta::sumas_en_memoria(const Lados& escritos) const {
@@ -437,6 +446,7 @@ void LineasCuenta::pegue(const QVector<QStringList>& filas) {
 
 void LineasCuenta::prepare_recepcion() {
     exija_abiertas();
+    pregunto_ = false;
     if (detalle.editando())
         return;
     if (cuenta().isEmpty())
@@ -464,7 +474,7 @@ QString LineasCuenta::actual(const char* nombre) const {
     // Lo que se está digitando también es lo que la celda tiene.
     const Campo* c = detalle.Active() ? detalle.FindField(nombre) : nullptr;
     const QString texto = c ? c->texto() : QString();
-    return texto.startsWith('?') ? QString() : texto;
+    return PreguntaEnCampo::es(texto) ? QString() : texto;
 }
 
 Pantalla& LineasCuenta::pantalla() const {
@@ -474,13 +484,13 @@ Pantalla& LineasCuenta::pantalla() const {
 void LineasCuenta::escoja_cuenta(Libro plan, const QString& texto) {
     ::escoja_cuenta(
         pantalla(), plan, texto, [this](const QString& cuenta) { reciba(n_.cuenta, cuenta); },
-        actual(n_.cuenta));
+        texto.isEmpty() ? actual(n_.cuenta) : QString());
 }
 
 void LineasCuenta::escoja_tercero(const QString& texto) {
     ::escoja_tercero(
         pantalla(), texto, [this](const QString& nit) { reciba(n_.tercero, nit); },
-        actual(n_.tercero));
+        texto.isEmpty() ? actual(n_.tercero) : QString());
 }
 
 void LineasCuenta::escoja_centro() {

@@ -5,11 +5,11 @@
 // lados, sugiere el que cuadra, recibe lo escogido en las búsquedas y rehúsa la línea incompleta.
 // Las cuatro primeras columnas de la rejilla son cuenta, tercero, proyecto y centro.
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "libro/importes.h"
 #include "libro/lineas.h"
 #include "toolkit/rejilla/rejilla.h"
 
-#include <QMap>
 #include <QObject>
 #include <functional>
 
@@ -68,8 +68,7 @@ public:
     virtual Moneda suma_credito() const { return detalle.agregado_total("Sumacredito").moneda(); }
     /// Las dos sumas con lo que la línea en edición lleva escrito, aunque aún no haya entrado.
     Lados sumas_al_digitar() const;
-    /// La línea acaba de entrar en edición: aún tiene lo que las sumas cuentan de ella, y lo que
-    /// sus celdas vuelven a tener si en una se pregunta y no se escoge.
+    /// La línea acaba de entrar en edición: aún tiene lo que las sumas cuentan de ella.
     void anote_guardados();
     /// El contador sigue al mayor de los números que hay, también el de la que se inserta.
     void siga_los_items(const char* campo_item);
@@ -126,12 +125,17 @@ protected:
     bool busque_proyecto(); ///< la misma lista, preguntada en el proyecto
     /// Lo preguntado en la celda, que vuelve a lo que tenía; nada si no empieza por "?".
     std::optional<QString> tome_pregunta(const char* celda);
-    void recuerde_celdas();
-    bool reponiendo() const { return reponiendo_; }
+    bool reponiendo() const { return pregunta_.reponiendo(); }
+    /// Al dejar una celda: en ella se preguntó, y quien contesta es la lista que se abrió.
+    bool se_pregunto() { return std::exchange(pregunto_, false); }
+    /// Nombres y saldos de lo que la línea tiene, sin validarlo.
+    virtual void muestre_pie() = 0;
     /// Cierra al entrar las columnas que la cuenta no lleva.
     void abra_o_cierre(int columna);
     /// Un débito quita el crédito, y al revés; y la diferencia sigue a las sumas.
     void ate_lados();
+    /// Las celdas en que "?" pregunta, y el pie cuando se desiste de la línea.
+    void ate_preguntas();
     void diferencia();
     /// Dice lo primero que falta y deja la línea en edición.
     void exija(const Rechazos& faltas);
@@ -166,8 +170,8 @@ protected:
     void disponga_pie(Formulario& f, EditorNumero* saldo_cuenta = nullptr,
                       EditorNumero* saldo_tercero = nullptr, EditorNumero* saldo_centro = nullptr);
 
-    QMap<QString, QString> recordadas_; ///< por columna, lo que tenían antes de preguntar
-    bool reponiendo_ = false;
+    PreguntaEnCampo pregunta_;
+    bool pregunto_ = false;         ///< en la celda que aún no se deja
     QVector<EditorNumero*> saldos_; ///< los que van junto a los nombres
     Lados guardados_;               ///< los de la línea en edición, como las sumas la cuentan
     ConjuntoDatos& consulta_;       ///< CBorrar de la pantalla

@@ -168,19 +168,8 @@ void LineasLibro::ate_eventos() {
             repita(c, memorias_.referencia_anterior);
         };
     }
-    LabDiferencia->al_reposar = [this] {
-        // Con el encabezado aún sin grabar, pasar por una línea no la valida: solo dice cuál es.
-        if (detalle.State() != Estado::Navegacion || cuenta().isEmpty() ||
-            !NomCuenta->text().isEmpty())
-            return;
-        muestre_nombres();
-        if (!ajustes_.mostrar_saldo)
-            return;
-        saldo(ESaldocta, "saldo_cuenta_mes", {QuotedStr(cuenta())});
-        muestre_saldo_tercero();
-        muestre_saldo_centro();
-    };
     ate_lados();
+    ate_preguntas();
     detalle.BeforePost = [this] { BeforePost(); };
     detalle.AfterInsert = [this] { AfterInsert(); };
     detalle.AfterScroll = [this] { AfterScroll(); };
@@ -216,6 +205,7 @@ void LineasLibro::ColEnter(int columna) {
 }
 
 void LineasLibro::ColExit(int columna) {
+    const bool pregunto = se_pregunto();
     if (cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION, CUEN_TIPO");
@@ -223,7 +213,7 @@ void LineasLibro::ColExit(int columna) {
     switch (columna) {
     case kCuenta:
         // El panel edita la línea actual: abierto al pasar de fila, editaría la otra.
-        anfitrion_.panel_de_clase(libro, rejilla->cambia_de_fila() || rejilla->ReadOnly
+        anfitrion_.panel_de_clase(libro, pregunto || rejilla->cambia_de_fila() || rejilla->ReadOnly
                                              ? QString()
                                              : consulta_.FieldByName("CUEN_TIPO").texto());
         break;
@@ -458,6 +448,7 @@ void LineasLibro::AfterInsert() {
 void LineasLibro::BeforePost() {
     for (const char* celda : {n_.proyecto, n_.centro})
         tome_pregunta(celda); // la que no llegó a abrir la lista
+    se_pregunto();
     if (cuenta().isEmpty()) {
         if (c_.exige_valor && !sin_valor())
             rehuse(QStringLiteral("Debe indicar una cuenta para el movimiento."));
@@ -521,6 +512,11 @@ void LineasLibro::AfterScroll() {
     vacie_pie(); // era de otra línea
     if (!anfitrion_.encabezado_posteado())
         return;
+    if (rejilla->ReadOnly) { // no hay qué corregir: pasar por una línea no la valida
+        muestre_pie();
+        actualice_sumas();
+        return;
+    }
     if (c_.solo_nombres) {
         muestre_nombres();
         if (!cuenta().isEmpty() || !campo(n_.tercero).vacio())
@@ -528,12 +524,21 @@ void LineasLibro::AfterScroll() {
         actualice_sumas();
         return;
     }
-    if (!cuenta().isEmpty() && !rejilla->ReadOnly)
+    if (!cuenta().isEmpty())
         detalle.Edit();
     validar_cuenta();
     validar_tercero();
     validar_centro();
     actualice_sumas();
+}
+
+void LineasLibro::muestre_pie() {
+    muestre_nombres();
+    if (!ajustes_.mostrar_saldo || !ESaldocta || cuenta().isEmpty())
+        return;
+    saldo(ESaldocta, "saldo_cuenta_mes", {QuotedStr(cuenta())});
+    muestre_saldo_tercero();
+    muestre_saldo_centro();
 }
 
 void LineasLibro::muestre_nombres() {

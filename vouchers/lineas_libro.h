@@ -120,8 +120,8 @@ protected:
     QString como_de_comprobante(const QString& columna) const override;
     MemoriasLinea memorias_de_pegado() const override;
     bool exige_valor() const override { return c_.exige_valor; }
-    /// Nombres de lo que la línea tiene, sin validarlo.
     void muestre_nombres();
+    void muestre_pie() override;
     const AjustesLinea& ajustes() const { return ajustes_; }
 
     const CamposLinea& c_;

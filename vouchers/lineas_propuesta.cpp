@@ -4,6 +4,8 @@
 #include "toolkit/rejilla/paso_atras.h"
 #include "vouchers/pch.h"
 
+#include <QScopeGuard>
+
 namespace {
 
 const CamposLinea kDePropuesta{
@@ -126,15 +128,16 @@ void LineasPropuesta::pregunte_por(int columna) {
         detalle.Insert();
     else
         detalle.Edit();
-    recuerde_celdas();
     if (columna == kCuenta || columna == kTercero) {
         Campo& celda = campo(columna == kCuenta ? n_.cuenta : n_.tercero);
         celda = '?' + celda.texto();
+        se_pregunto(); // con el ratón, sin dejar la celda
         return;
     }
-    campo(n_.centro).limpie(); // el que había no es del proyecto por el que se pregunta
-    campo(n_.proyecto) = QStringLiteral("?");
     campo(n_.centro) = QStringLiteral("?");
+    if (PreguntaEnCampo::es(campo(n_.centro).texto())) // sin proyecto espera por el suyo
+        campo(n_.proyecto) = QStringLiteral("?");
+    se_pregunto();
 }
 
 void LineasPropuesta::validar_centro() {
@@ -181,11 +184,22 @@ LineasPropuesta::Lineas LineasPropuesta::lea_lineas(bool con_la_que_nace) const 
 }
 
 void LineasPropuesta::con(const QString& que, const std::function<void()>& cambio) {
-    const Lineas antes = lea_lineas(false);
+    const Lineas antes = lea_lineas(false), habia = lea_lineas(true);
+    // También lo que quedó a medias por una falla se puede deshacer; y si se desistió, lo anterior
+    // todavía se puede deshacer.
+    const auto anote = qScopeGuard([&] {
+        try {
+            Lineas quedan = lea_lineas(true);
+            if (quedan == habia)
+                return;
+            antes_ = antes;
+            despues_ = std::move(quedan);
+            que_ = que;
+        } catch (...) {
+            antes_.reset(); // no se sabe a qué se volvería
+        }
+    });
     cambio();
-    antes_ = antes;
-    despues_ = lea_lineas(true);
-    que_ = que;
 }
 
 void LineasPropuesta::deshaga() {

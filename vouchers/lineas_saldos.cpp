@@ -63,8 +63,10 @@ QWidget* LineasSaldos::construya_pagina() {
 void LineasSaldos::ate_eventos() {
     campo("CUEN_COD").OnChange = [this](Campo&) { cuenta_cambiada(); };
     campo("TERC_NIT").OnChange = [this](Campo&) { tercero_cambiado(); };
-    campo("PROY_COD").OnChange = campo("CENT_COD").OnChange = [this](Campo&) { centro_cambiado(); };
+    campo("PROY_COD").OnChange =
+        campo("CENT_COD").OnChange = [this](Campo& c) { centro_cambiado(c); };
     ate_lados();
+    ate_preguntas();
     detalle.BeforePost = [this] { BeforePost(); };
     detalle.AfterInsert = [this] { AfterInsert(); };
     detalle.AfterScroll = [this] { AfterScroll(); };
@@ -107,13 +109,14 @@ void LineasSaldos::tercero_cambiado() {
     }
 }
 
-void LineasSaldos::centro_cambiado() {
+void LineasSaldos::centro_cambiado(const Campo& cual) {
     if (busque_proyecto() || busque_centro())
         return;
     NomProy->clear();
     NomCent->clear();
     const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
-    if (proyecto.isEmpty())
+    // El proyecto que se borra no se deduce otra vez del centro que tenía.
+    if (proyecto.isEmpty() && cual.FieldName == QLatin1String("CENT_COD"))
         deduzca_proyecto(); // y con él se vuelve aquí
     if (proyecto.isEmpty() || centro.isEmpty())
         return;
@@ -137,12 +140,14 @@ void LineasSaldos::ColEnter(int columna) {
 }
 
 void LineasSaldos::ColExit(int columna) {
+    const bool pregunto = se_pregunto();
     if (columna != kCuenta || cuenta().isEmpty())
         return;
     consulte_cuenta("CUEN_TIPO");
     // El panel edita la línea actual: abierto al pasar de fila, editaría la otra.
-    al_dejar_la_cuenta(rejilla->cambia_de_fila() ? QString()
-                                                 : consulta_.FieldByName("CUEN_TIPO").texto());
+    al_dejar_la_cuenta(pregunto || rejilla->cambia_de_fila()
+                           ? QString()
+                           : consulta_.FieldByName("CUEN_TIPO").texto());
 }
 
 // ---------------------------------------------------------------- la línea
@@ -171,6 +176,11 @@ void LineasSaldos::BeforePost() {
 
 void LineasSaldos::AfterScroll() {
     vacie_pie();
+    muestre_pie();
+    actualice_sumas();
+}
+
+void LineasSaldos::muestre_pie() {
     if (!cuenta().isEmpty())
         NomCuenta->setText(fdmcnt().nom_cuenta(cuenta()));
     if (!campo("TERC_NIT").vacio())
@@ -178,7 +188,6 @@ void LineasSaldos::AfterScroll() {
     const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
     if (!proyecto.isEmpty() && !centro.isEmpty())
         muestre_centro(proyecto, centro);
-    actualice_sumas();
 }
 
 bool LineasSaldos::cuadrados() const {

@@ -27,7 +27,9 @@ public:
 private:
     void cuenta_cambiada();
     void tercero_cambiado();
-    void centro_cambiado();
+    /// `cual` es la celda que cambió: el proyecto o el centro.
+    void centro_cambiado(const Campo& cual);
+    void muestre_pie() override;
     void muestre_centro(const QString& proyecto, const QString& centro);
     void ColEnter(int columna);
     void ColExit(int columna);

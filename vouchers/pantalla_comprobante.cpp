@@ -28,6 +28,8 @@ PantallaComprobante::PantallaComprobante(const QString& clase, const QString& ti
     CMovimiento.FieldByName("ENCO_MANDANTE").OnChange = [this](Campo& x) {
         ENCO_MANDANTEChange(x);
     };
+    for (const char* con_pregunta : {"TERC_NIT", "ENCO_MANDANTE"})
+        pregunta_.atienda(CMovimiento.FieldByName(con_pregunta));
     CMovimiento.AfterPost = [this] { encabezado_posteado_ = true; };
     CDetalle.anide_en(&CMovimiento, &fdmcnt().TComprDetalle);
     Cdetniif.anide_en(&CMovimiento, &fdmcnt().TCompniif);
@@ -208,14 +210,13 @@ void PantallaComprobante::ckFiltroClick() {
 // ---------------------------------------------------------------- encabezado
 
 void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
-    const QString nit = campo.texto();
-    if (nit.isEmpty())
-        return;
-    if (nit.startsWith('?')) {
-        campo.limpie();
-        busque_tercero_del_encabezado(nit.mid(1));
+    if (const auto texto = pregunta_.tome(campo)) {
+        busque_tercero_del_encabezado(*texto);
         return;
     }
+    const QString nit = campo.texto();
+    if (nit.isEmpty() || pregunta_.reponiendo())
+        return;
     const QString nombre = fdmter().nom_tercero(nit);
     CMovimiento.FieldByName("ENCO_NOMTERC") = nombre;
     if (!nombre.isEmpty()) {
@@ -231,14 +232,13 @@ void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
 }
 
 void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {
-    const QString nit = campo.texto();
-    if (nit.isEmpty())
-        return;
-    if (nit.startsWith('?')) {
-        campo.limpie(); // salir sin escoger no deja la pregunta
-        busque_mandante(nit.mid(1));
+    if (const auto texto = pregunta_.tome(campo)) {
+        busque_mandante(*texto);
         return;
     }
+    const QString nit = campo.texto();
+    if (nit.isEmpty() || pregunta_.reponiendo())
+        return;
     const QString nombre = fdmter().nom_tercero(nit);
     NomMand->setText(nombre);
     if (nombre.isEmpty()) {
@@ -337,7 +337,8 @@ void PantallaComprobante::panel_de_clase(Libro libro, const QString& clase) {
     } else {
         GroupBox2->hide();
     }
-    if (clase == "C")
+    // Es de la línea 2649, también desde la otra página: cerrada, no hay qué digitarle.
+    if (clase == "C" && !lineas_2649->rejilla->ReadOnly)
         GroupBox1->muestre(Etidocart);
     else
         GroupBox1->hide();

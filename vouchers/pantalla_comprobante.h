@@ -108,4 +108,5 @@ private:
     void disponga(QWidget* control_prefijo);
     void construya_panel_documento();
     QWidget* ultimo_ = nullptr; ///< el control que precede a las rejillas
+    PreguntaEnCampo pregunta_;  ///< en el tercero del encabezado y en el mandante
 };

@@ -259,7 +259,7 @@ void Tfedtmovimien::siga_borrador() {
             peticion<AbreComprobante>().comprobante_encontrado,
         [this] { return huella(visto_); }, this);
     borrador_->parta_de(visto_);
-    ofrezca_borrador();
+    proteja([this] { ofrezca_borrador(); });
     borrador_->siga();
 }
 
@@ -272,8 +272,10 @@ void Tfedtmovimien::ofrezca_borrador() {
     const bool igual = b->dia == huella(visto_);
     if (!(igual ? pregunte(ofrece + " Desea retomarlos?")
                 : pregunte_con_no(ofrece + " Después de eso se grabó con otros, que se perderían. "
-                                           "Desea retomarlos?")))
+                                           "Desea retomarlos?"))) {
+        borrador_->resuelva_huerfano();
         return;
+    }
     {
         const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);
         vuelque(b->comprobante, conjuntos());
@@ -285,6 +287,7 @@ void Tfedtmovimien::ofrezca_borrador() {
         l->actualice_sumas();
         l->muestre_linea();
     }
+    borrador_->resuelva_huerfano();
 }
 
 bool Tfedtmovimien::FormClose() {

@@ -105,12 +105,13 @@ void Tfmovimien::ofrezca_lo_pendiente() {
     // Ya con la ventana a la vista, para que las preguntas se entiendan.
     borrador_ = new BorradorVivo(
         conjuntos(), fdm().Quorvex.parametros().base + '/' + fdm().usuario,
-        [this] { return (EDia->text() + ' ' + visto_).trimmed(); }, this);
+        [this] { return EDia->text() + ' ' + visto_; }, this);
     borrador_->hay = [this] { return hay_por_perder(); };
     if (provisional_)
         recupere_provisional();
+    // Aunque lo anterior no se haya podido retomar, lo que se digite ahora queda a salvo.
     if (CMovimiento.State() == Estado::Insercion)
-        ofrezca_borrador();
+        proteja([this] { ofrezca_borrador(); });
     borrador_->siga();
 }
 
@@ -160,6 +161,7 @@ void Tfmovimien::ofrezca_borrador() {
                                     "lo suyo se perdería. Desea retomarlo?")
             : pregunte(que + "Desea retomarlo?"))
         recupere(*borrador);
+    borrador_->resuelva_huerfano();
 }
 
 bool Tfmovimien::lo_cambio_otro(const Borrador& borrador) {

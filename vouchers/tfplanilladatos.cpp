@@ -163,18 +163,16 @@ void Tfplanilladatos::valide(const char* columna,
     if (!campo)
         return;
     campo->OnChange = [this](Campo& c) {
-        if (!c.texto().startsWith('?'))
-            return;
-        const QString texto = c.texto().mid(1);
-        c.limpie();
-        busque_tercero(texto);
+        if (const auto texto = pregunta_.tome(c))
+            busque_tercero(*texto);
     };
     campo->OnValidate = [revise](Campo&, const Valor& v) {
-        if (v.texto().isEmpty() || v.texto().startsWith('?'))
+        if (v.texto().isEmpty())
             return;
         if (const auto rechazo = revise(v.texto()))
             throw ErrorDatos(rechazo->texto);
     };
+    pregunta_.atienda(*campo);
 }
 
 void Tfplanilladatos::FormActivate() {

@@ -1,6 +1,7 @@
 #pragma once
 // Ejecución de una planilla de digitación: una fila por comprobante y una columna por cuenta. F2
 // los graba todos juntos o ninguno.
+#include "datos/recordset/pregunta_en_campo.h"
 #include "libro/conjuntos_comprobante.h"
 #include "libro/rechazo.h"
 #include "sesion/tfdmcnt.h"
@@ -52,6 +53,7 @@ private:
     bool deje_las_omitidas();
 
     Planilla planilla_;
+    PreguntaEnCampo pregunta_;   ///< en el tercero de una fila
     CursorPeriodo periodo_ = {}; ///< el que se ve y en el que se graba, aunque cambie la sesión
     QLineEdit *ETipo, *EMes, *EAno;
     BorradorFilas* borrador_ = nullptr;

@@ -67,6 +67,40 @@ private slots:
         QCOMPARE(nits(lista), QStringList({"860002964", "900123456"}));
     }
 
+    void con_demora_lo_pedido_sale_ya_y_nada_actua_sobre_la_fila_de_antes() {
+        SesionGui s;
+        s.dm.duracion_busquedas = 600'000;
+        Solicitante<PideTercero> yo;
+        // Quien pregunta por otro no cae en el que ya tenía.
+        Pantalla* lista = yo.pida("Tfterceros", {"fer", "52345678"});
+        QCOMPARE(terceros(lista).FieldByName("TERC_NIT").texto(), "900123456");
+        const auto teclee = [&](const QString& texto) {
+            lista = yo.pida("Tfterceros", {});
+            con_foco();
+            rejilla(lista).setFocus();
+            digite(texto);
+        };
+        lista->close();
+        teclee("8004");
+        componente<QPushButton>(lista, "SBSelec").click();
+        QCOMPARE(yo.recibidas(), QStringList({"800456789"}));
+        teclee("8004"); // por NIT desde ese: la segunda es el banco
+        oprima_seguidas({Qt::Key_Down, Qt::Key_Return});
+        QCOMPARE(yo.recibidas(), QStringList({"860002964"}));
+        teclee("8004");
+        oprima(Qt::Key_F4);
+        QCOMPARE(s.escritorio.activa()->objectName(), "Tfmodtercero");
+        QCOMPARE(s.escritorio.activa()->peticion<AbreTercero>().tercero_seleccion, "800456789");
+        s.escritorio.activa()->close();
+        lista->close();
+        // El ratón señala lo que ve.
+        teclee("9001");
+        Rejilla& r = rejilla(lista);
+        QTest::mouseDClick(r.viewport(), Qt::LeftButton, {},
+                           r.visualRect(r.model()->index(3, 0)).center());
+        QCOMPARE(yo.recibidas(), QStringList({"52345678"}));
+    }
+
     void enter_modifica_en_mantenimiento_y_al_volver_se_ve_lo_cambiado() {
         SesionGui s;
 

@@ -198,6 +198,13 @@ private slots:
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QVERIFY(cajas.last()->hasFocus());
         QVERIFY(!cajas.last()->visibleRegion().isEmpty());
+        // Con más área vuelven, aunque la barra siga angosta.
+        barra->resize(entera.width() - 10, entera.height());
+        QVERIFY(primero->iconSize().isEmpty());
+        ventana.resize(900, 900);
+        QTRY_VERIFY(area->viewport()->height() > 700);
+        barra->resize(entera.width() - 9, entera.height());
+        QVERIFY(!primero->iconSize().isEmpty());
     }
 
     void la_fila_de_busqueda_arma_su_criterio_y_enter_busca_antes_de_escoger() {

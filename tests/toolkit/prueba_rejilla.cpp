@@ -429,14 +429,23 @@ private slots:
         p.digite("Varios"); // digitado vale lo mismo que escogido
         p.tecla(Qt::Key_Tab);
         QCOMPARE(p.detalle->FieldByName("CONC_COD").texto(), "VAR");
-        // Lo que no está en ella no entra, y la celda sigue abierta.
-        p.rejilla->SelectedIndex(p.Categoria);
-        p.digite("1000");
-        p.tecla(Qt::Key_Tab);
-        QCOMPARE(p.celda(), Celda(0, p.Categoria));
-        QVERIFY(p.rejilla->digitando());
-        p.tecla(Qt::Key_Escape);
-        QCOMPARE(p.detalle->FieldByName("CONC_COD").texto(), "VAR");
+        // También sin mayúsculas, por su clave o por un comienzo que no tenga otro.
+        const std::pair<const char*, const char*> entran[] = {
+            {"of", "OFI"}, {"vIAJES", "VIA"}, {"ofi", "OFI"}, {"var", "VAR"}};
+        for (const auto& [digitado, queda] : entran) {
+            p.rejilla->SelectedIndex(p.Categoria);
+            p.digite(digitado, Qt::Key_Tab);
+            QCOMPARE(p.detalle->FieldByName("CONC_COD").texto(), queda);
+        }
+        // Lo que no está en ella o puede ser dos no entra, y la celda sigue abierta.
+        for (const char* otro : {"1000", "v"}) {
+            p.rejilla->SelectedIndex(p.Categoria);
+            p.digite(otro, Qt::Key_Tab);
+            QCOMPARE(p.celda(), Celda(0, p.Categoria));
+            QVERIFY(p.rejilla->digitando());
+            p.tecla(Qt::Key_Escape);
+            QCOMPARE(p.detalle->FieldByName("CONC_COD").texto(), "VAR");
+        }
     }
 
     void los_importes_aceptan_el_decimal_del_teclado_numerico_y_miles() {

@@ -89,6 +89,17 @@ private slots:
         QCOMPARE(p.rejilla->suma(p.Debito), Moneda::de_texto("1570.5"));
     }
 
+    void pegar_lo_mismo_no_quita_el_paso_atras_que_habia() {
+        RejillaDePrueba p;
+        p.rejilla->SelectedIndex(p.Concepto);
+        ponga("Uno");
+        for (int vez = 0; vez < 2; ++vez)
+            p.tecla(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(p.en(0, "CODE_CONCEPTO"), "Uno");
+        p.tecla(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(p.en(0, "CODE_CONCEPTO"), "Renglón 1");
+    }
+
     void pegar_se_detiene_en_la_linea_que_se_rehusa_y_salta_las_vacias() {
         RejillaDePrueba p(0);
         ponga("1105\ta\t\t10\n\tsin cuenta\n2205\tb\t\t0\n2335\tc\t\t30");

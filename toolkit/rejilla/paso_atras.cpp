@@ -4,6 +4,9 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QScopeGuard>
+#include <tuple>
+
 bool confirme_deshacer(const QString& que) {
     return pregunte_con_no("Después de " + que +
                            " hubo otros cambios, que también se perderán. Desea deshacerlo?");
@@ -38,18 +41,31 @@ QVector<PasoAtras::Valores> PasoAtras::todas() const {
 }
 
 void PasoAtras::con(const std::function<void()>& cambio, const QString& que) {
-    que_ = que;
     ConjuntoDatos& c = *rejilla_.conjunto();
     c.FetchAll(); // una fila que llegue después no es de lo pegado
+    const auto anterior = std::make_tuple(sigue_, antes_, borradas_, despues_, que_);
     filas_reiniciadas();
-    for (const Valores& v : todas())
+    que_ = que;
+    const QVector<Valores> habia = todas();
+    for (const Valores& v : habia)
         antes_ << v;
     if (c.State() == Estado::Insercion) // la que se está agregando todavía no es
         antes_[c.RecNo()].reset();
     sigue_ = true;
+    // También lo que quedó a medias por una falla se puede deshacer; y si se desistió, lo anterior
+    // todavía se puede deshacer.
+    const auto anote = qScopeGuard([&] {
+        if (!sigue_)
+            return;
+        try {
+            despues_ = todas();
+            if (*despues_ == habia && borradas_.isEmpty())
+                std::tie(sigue_, antes_, borradas_, despues_, que_) = anterior;
+        } catch (...) {
+            filas_reiniciadas(); // no se sabe a qué se volvería
+        }
+    });
     cambio();
-    if (sigue_)
-        despues_ = todas();
 }
 
 void PasoAtras::filas_reiniciadas() {

@@ -11,6 +11,7 @@
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/indicador_filas.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
+#include "toolkit/tecleo.h"
 
 #include <QMdiSubWindow>
 #include <QScopedValueRollback>
@@ -27,6 +28,29 @@ private:
     bool& bandera_;
     bool antes_;
 };
+
+/// Cuál de las entradas de una lista es lo digitado: su texto o su valor, o un comienzo que solo
+/// tiene ella, sin que importen mayúsculas ni tildes. -1 si ninguna.
+qsizetype entrada_de(const QString& digitado, const QStringList& textos,
+                     const QStringList& valores) {
+    for (const QStringList* lista : {&textos, &valores})
+        if (const qsizetype i = lista->indexOf(digitado); i >= 0)
+            return i;
+    const QString llano = texto_llano(digitado);
+    qsizetype comienza = -1;
+    bool una = true;
+    for (const QStringList* lista : {&textos, &valores})
+        for (qsizetype i = 0; i < lista->size(); ++i) {
+            const QString suyo = texto_llano(lista->at(i));
+            if (suyo == llano)
+                return i;
+            if (lista == &textos && suyo.startsWith(llano)) {
+                una = comienza < 0;
+                comienza = i;
+            }
+        }
+    return una ? comienza : -1;
+}
 
 /// Ventana hija o ventana a la que pertenece un control: pasar a otra no es dejar el control.
 const QWidget* contenedor(const QWidget* w) {
@@ -293,10 +317,10 @@ void Rejilla::asigne(int columna, const QString& texto) {
     const ColumnaRejilla& c = this->columna(columna);
     QString valor = texto;
     if (!c.KeyList().isEmpty() && !texto.isEmpty()) {
-        const qsizetype i = c.PickList().indexOf(texto);
+        const qsizetype i = entrada_de(texto, c.PickList(), c.KeyList());
         if (i >= 0 && i < c.KeyList().size())
             valor = c.KeyList().at(i);
-        else if (!c.KeyList().contains(texto))
+        else
             throw ErrorDatos(QStringLiteral("\"%1\" no está en la lista de %2: %3.")
                                  .arg(texto, c.Titulo(), c.PickList().join(QStringLiteral(", "))));
     }
