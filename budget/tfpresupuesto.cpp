@@ -72,7 +72,6 @@ void Tfpresupuesto::construya() {
     DBGridEh1->ReadOnly = true;
     DBGridEh1->texto_vacio = "El mes no tiene presupuesto. F2 lo digita.";
     DBGridEh1->nombre_archivo = "Presupuesto";
-    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     DBGridEh1->menu_emergente(
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     // Las superiores, que son sumas, se leen más fuertes.
@@ -152,6 +151,11 @@ void Tfpresupuesto::abre_presupuesto() {
                       QString::number(periodo_.numero()) + ',' +
                       (centro.isEmpty() ? QStringLiteral("'','')")
                                         : QuotedStr(centro[0]) + ',' + QuotedStr(centro[1]) + ')'));
+    DBGridEh1->titulo_impreso =
+        QStringLiteral("%1 · %2 de %3%4")
+            .arg(windowTitle(), Tfdm::nombres_periodo().value(periodo_.indice))
+            .arg(periodo_.ano)
+            .arg(centro.isEmpty() ? QString() : " · Centro " + LCentro->currentText());
 }
 
 void Tfpresupuesto::abra(const char* pantalla) {

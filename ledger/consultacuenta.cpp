@@ -1,8 +1,10 @@
 #include "ledger/consultacuenta.h"
 
 #include "toolkit/formulario.h"
+#include "toolkit/rejilla/rejilla.h"
 
 #include <QLineEdit>
+#include <QRegularExpression>
 
 namespace {
 constexpr int kPrimerAno = 2000;
@@ -79,6 +81,19 @@ void ConsultaCuenta::muestre_clave() {
     case Clave::Ninguna:
         break;
     }
+}
+
+void ConsultaCuenta::muestre_lo_consultado() {
+    muestre_periodo();
+    // El libro es el que se lee, que no siempre es el que dice la pantalla.
+    static const QRegularExpression de_niif("_n(iif)?\\(",
+                                            QRegularExpression::CaseInsensitiveOption);
+    const bool niif = de_niif.match(QLatin1String(datos_.consulta)).hasMatch();
+    QStringList consultado{ECuenta->text() + ' ' + NomCuenta->text()};
+    if (EClave)
+        consultado << EClave->text() + ' ' + NomClave->text();
+    DBGridEh1->titulo_impreso =
+        titulo_de_hoja(niif ? Libro::Niif : Libro::Decreto2649, periodo_legible(), consultado);
 }
 
 QString ConsultaCuenta::componga(const QString& orden, const char* consulta) {

@@ -27,6 +27,8 @@ protected:
     void arme_encabezado(Formulario& formulario);
     /// Texto de la consulta en el período de la sesión.
     QString componga(const QString& orden, const char* consulta = nullptr);
+    /// Período en la caja, y en el encabezado de lo que se imprime con la cuenta y la clave.
+    void muestre_lo_consultado();
     const QString& cuenta() const { return consulta_.cuenta; }
 
 private:

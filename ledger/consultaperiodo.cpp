@@ -57,6 +57,17 @@ void ConsultaPeriodo::muestre_periodo() {
         periodo->texto_mes(fdmcnt().nombre_periodo());
 }
 
+QString ConsultaPeriodo::titulo_de_hoja(Libro libro, const QString& cuando,
+                                        const QStringList& consultado) const {
+    QStringList partes{windowTitle(), QStringLiteral("Libro ") + datos(libro).nombre, cuando};
+    partes[0][0] = partes[0][0].toUpper();
+    return (partes + consultado).join(QStringLiteral(" · "));
+}
+
+QString ConsultaPeriodo::periodo_legible() {
+    return fdmcnt().nombre_periodo() + " de " + fdmcnt().ano_actual;
+}
+
 // ---------------------------------------------------------------- piezas
 
 QToolButton* ConsultaPeriodo::cree_paso(const QString& nombre, Qt::ArrowType sentido,

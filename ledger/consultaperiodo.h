@@ -3,6 +3,7 @@
 //
 // Los botones y las flechas guardan el período en la fila del usuario; la caja del mes y la del año
 // lo cambian solo en memoria, salvo donde la pantalla diga otra cosa.
+#include "libro/libro.h"
 #include "sesion/tfdm.h"
 #include "toolkit/pantalla.h"
 
@@ -35,6 +36,12 @@ protected:
     /// Consulta de las pantallas que se abren desde el balance: este se lee de nuevo al volver.
     virtual void periodo_movido();
 
+    /// Encabezado de lo que se imprime o se guarda: "Auxiliar · Libro NIIF · Febrero de 2017 ·
+    /// 110505 Caja general".
+    QString titulo_de_hoja(Libro libro, const QString& cuando,
+                           const QStringList& consultado = {}) const;
+    /// "Febrero de 2017".
+    static QString periodo_legible();
     QString dato(const QString& sql) { return CBorrar.valor_unico(sql).texto(); }
     /// Año, mes y orden con que se completa una consulta.
     void muestre_periodo();

@@ -150,7 +150,7 @@ void Tfauxiliar::calcule_auxiliar(const QString& orden) {
     Foto foto(fdm().Quorvex);
     calcule_saldos(foto);
     foto.abra(CAuxiliar, componga(orden) + kDesempate, Foto::PorPaquetes);
-    muestre_periodo();
+    muestre_lo_consultado();
 }
 
 // ---------------------------------------------------------------- comprobantes

@@ -173,6 +173,9 @@ void Tfbalanceanual::actualice_balance() {
     muestre_periodo();
     for (const char* columna : {"NIT", "NOMTERC"})
         DBGridEh1->columna(DBGridEh1->columna_de(columna)).Visible = ckTerc->isChecked();
+    DBGridEh1->titulo_impreso = titulo_de_hoja(
+        Libro::Decreto2649, "Año " + fdmcnt().ano_actual,
+        {cksaldos->isChecked() ? QStringLiteral("Saldos") : QStringLiteral("Movimientos")});
     Foto foto(fdm().Quorvex);
     foto.abra(CBalance, "select * from balance_anual(" + QuotedStr(fdmcnt().ano_actual) +
                             ", '1','99', " + terceros + ", " + saldos +

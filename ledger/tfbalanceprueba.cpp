@@ -199,6 +199,7 @@ void Tfbalanceprueba::lea(Pagina& pagina, Foto& foto) {
                   QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
                   QString::number(nivel_) + ')');
     pagina.cifras->muestre();
+    pagina.rejilla->titulo_impreso = titulo_de_hoja(pagina.datos->libro, periodo_legible());
 }
 
 Tfbalanceprueba::Pagina& Tfbalanceprueba::actual() {

@@ -232,6 +232,8 @@ void Tfcomparacentros::actualice_balance() {
                     QuotedStr(fdmcnt().ano_actual) + ", " +
                     QString::number(fdmcnt().periodo_actual + 1) +
                     ",'S', '4','999999','0','zz','0','zz')");
+    rejilla->titulo_impreso =
+        titulo_de_hoja(ckNiif->isChecked() ? Libro::Niif : Libro::Decreto2649, periodo_legible());
     CBalcentro.FetchAll();
     llene_cubo();
 }

@@ -108,7 +108,7 @@ void Tfsaldoterc::calcule_saldoterc(const QString& orden) {
     Foto(fdm().Quorvex)
         .abra(CSaldos, componga(orden) + kMovidos + " order by " + orden +
                            (por_centro() ? ",proyecto,centro" : ",codigo"));
-    muestre_periodo();
+    muestre_lo_consultado();
 }
 
 QVector<Valor> Tfsaldoterc::llave_actual() const {

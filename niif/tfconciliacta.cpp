@@ -40,7 +40,6 @@ Tfconciliacta::Tfconciliacta() : Pantalla("Tfconciliacta", "Conciliacion cuenta"
     DBGridEh1->ReadOnly = true;
     DBGridEh1->pie(true);
     DBGridEh1->nombre_archivo = "ConciliaCta";
-    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     DBGridEh1->texto_vacio = "Los dos libros suman lo mismo en esta cuenta.";
     DBGridEh1->menu_emergente({Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir,
                                Rejilla::VistaPreliminar, Rejilla::Guardar});
@@ -67,6 +66,7 @@ void Tfconciliacta::FormCreate() {
         p.cuenta + ' ' + nombre + "  ›  " +
         (p.mes == 0 ? "al comenzar " + p.ano
                     : "hasta " + Tfdm::nombres_periodo().value(p.mes - 1) + " de " + p.ano));
+    DBGridEh1->titulo_impreso = windowTitle() + " · " + NomCuenta->text().replace("  ›  ", " · ");
     sql_ =
         "select * FROM CONCILIA_PAT_DETALLE(" + QuotedStr(p.cuenta) + "," + QuotedStr(p.ano) + ")";
     // Lo posterior al mes no está en la diferencia que se vino a ver.

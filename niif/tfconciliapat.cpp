@@ -49,7 +49,6 @@ void Tfconciliapat::construya() {
                          {"PORCENTAJE", "%", 9}});
     DBGridEh1->ReadOnly = true;
     DBGridEh1->nombre_archivo = "BalanPrueba";
-    DBGridEh1->titulo_impreso = windowTitle() + "  %[Today]";
     DBGridEh1->texto_vacio = "Ninguna cuenta tiene saldo en ese período.";
     DBGridEh1->menu_emergente({Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir,
                                Rejilla::VistaPreliminar, Rejilla::Guardar});
@@ -112,6 +111,11 @@ void Tfconciliapat::actualice_balance() {
                    QStringLiteral(", %1, %2)").arg(mes).arg(hasta));
     if (!cuenta.isEmpty())
         CConcilia.Locate("CUENTA", {cuenta});
+    DBGridEh1->titulo_impreso =
+        QStringLiteral("%1 · %2 %3 · Nivel %4")
+            .arg(windowTitle(), mes ? EMes->currentText() + " de" : EMes->currentText())
+            .arg(EAno->value())
+            .arg(hasta);
     diga_al_pie(Aviso, {});
 }
 

@@ -29,6 +29,7 @@ protected:
     QString titulo() override;
     QString rango_legible() override;
 
+    const Orden& orden() const;
     const QString& columna() const { return orden().columna; }
     bool por_codigo() const { return &orden() == &ordenes_[0]; }
     /// "cuen_cod >= '0' and cuen_cod <= 'ZZ'".
@@ -43,8 +44,6 @@ protected:
     bool si(const char* campo) const { return dato(campo) == QLatin1String("S"); }
 
 private:
-    const Orden& orden() const;
-
     const QVector<Orden> ordenes_;
     QButtonGroup* grupo_;
     bool hay_fila_ = false;

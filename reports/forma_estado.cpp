@@ -108,6 +108,10 @@ QString FormaEstado::procedimiento(const char* nombre, const char* sufijo) const
 
 void FormaEstado::fije_encabezado(MotorInformes& motor) {
     FormaRango::fije_encabezado(motor);
+    fije_firmas(motor);
+}
+
+void FormaEstado::fije_firmas(MotorInformes& motor) {
     Sentencia firmas(nullptr, "QFirmas", fdm().Quorvex);
     firmas.Open("select * from firmas_estados");
     for (const auto& [variable, columna] : {std::pair{"Representante", "REPRESENTANTE"},
@@ -118,6 +122,19 @@ void FormaEstado::fije_encabezado(MotorInformes& motor) {
                                             {"TarjetaRevisor", "TARJETA_REVISOR"}})
         motor.fijar_parametro(variable, firmas.FieldByName(columna).texto());
     firmas.Close();
+}
+
+QString FormaEstado::aviso_de_cierre(Conexion& base, const QString& compania) const {
+    const QString ano = QString::number(periodo.ano);
+    const Valor cierres = base.consulte(
+        "select count(*) from CIERRE_ANUAL where CIAN_FECHA starting with ? and "
+        "cast(substring(CIAN_FECHA from 5 for 2) as smallint) <= ? and ALCANZA_LIBRO(CIAN_NIIF, ?)",
+        {Valor(ano), Valor(periodo.numero()), Valor(niif() ? "NIIF" : "2649")});
+    if (cierres.entero() == 0)
+        return {};
+    return "El año " + ano + " ya tiene cierre" +
+           (compania.isEmpty() ? QString() : " en la compañía " + compania) +
+           ": sus cuentas de resultados van en cero. ";
 }
 
 QString FormaEstado::del_periodo() const {

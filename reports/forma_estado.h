@@ -43,10 +43,13 @@ protected:
         const QString& texto = QStringLiteral("Incluir cuentas sin movimiento o saldo"));
     /// "balance_mes" o, en el libro NIIF, con su sufijo.
     QString procedimiento(const char* nombre, const char* sufijo = "_niif") const;
+    /// Si el cierre del año ya dejó en cero los resultados del período, lo dice; vacío si no.
+    QString aviso_de_cierre(Conexion& base, const QString& compania = {}) const;
     /// "Período:" + mes + "/" + año.
     QString del_periodo() const;
     /// También los que firman: un estado se imprime para firmarlo.
     void fije_encabezado(MotorInformes& motor) override;
+    void fije_firmas(MotorInformes& motor);
     /// La cifra de la caja Nivel.
     QString nivel() const { return QString::number(valor(QStringLiteral("Nivel")).toInt()); }
 

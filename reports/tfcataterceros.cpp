@@ -118,6 +118,17 @@ QString Tfcataterceros::sql() {
                        .arg(fdmcnt().periodo_actual + 1);
 }
 
+QString Tfcataterceros::rango_legible() {
+    if (!marcada(CkCumple))
+        return FormaCatalogo::rango_legible();
+    const QString desde = valor("EDesde"), hasta = valor("EHasta");
+    const QString cumple =
+        "Cumpleaños de " + Tfdm::nombres_periodo().value(fdmcnt().periodo_actual).toLower();
+    return tramo_legible("Registros", desde, hasta) == tramo_legible("Registros", "0", "ZZ")
+               ? cumple
+               : cumple + " · " + tramo_legible(orden().rotulo, desde, hasta);
+}
+
 QString Tfcataterceros::reporte() {
     return marcada(CkContacto) ? "Contactos" : "Terceros";
 }

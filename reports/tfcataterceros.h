@@ -11,6 +11,7 @@ public:
 
 protected:
     QString sql() override;
+    QString rango_legible() override;
     QString reporte() override;
     void ajuste_reporte(MotorInformes& motor, const QString& pagina) override;
     void describa() override;

@@ -28,6 +28,7 @@ Tfrngauxiliarcta::Tfrngauxiliarcta() : FormaRango(kDatos) {
     CAuxiliar.calculado("SaldoF", ClaseCampo::Decimal, 2)
         .etiqueta("Saldo final")
         .formato("#,###.00");
+    CAuxiliar.texto("SOLO_CENTRO", 1).Visible = false;
 
     Formulario f(this);
     arme_pares(f);
@@ -58,8 +59,20 @@ QString Tfrngauxiliarcta::sql() {
     return texto + " order by CUENTA,FECHA,PREFIJO,NUMERO";
 }
 
+bool Tfrngauxiliarcta::por_centros() const {
+    return marcada(Chcentro) && !marcada(CkCateg);
+}
+
 void Tfrngauxiliarcta::antes_de_abrir() {
     saldo_.comience();
+    // La cuenta sin movimiento viene una vez por centro: sin agruparlos basta una.
+    CAuxiliar.Filter(por_centros() ? QString() : QStringLiteral("SOLO_CENTRO = 'N'"));
+    CAuxiliar.Filtered(!por_centros());
+}
+
+QString Tfrngauxiliarcta::rango_legible() {
+    const QString rango = FormaRango::rango_legible(), categoria = valor("TxCateg");
+    return categoria.isEmpty() ? rango : rango + " · sólo la categoría " + categoria;
 }
 
 QString Tfrngauxiliarcta::titulo() {
@@ -73,14 +86,13 @@ QString Tfrngauxiliarcta::reporte() {
 }
 
 void Tfrngauxiliarcta::ajuste_reporte(MotorInformes& motor, const QString& pagina) {
-    const bool por_centros = marcada(Chcentro) && !marcada(CkCateg);
     // El saldo corrido es de la cuenta; dentro de un centro interesa el del centro. De una sola
     // categoría no hay saldo que partir ni que cerrar: solo su movimiento.
-    QString saldo = por_centros ? "centro" : "cuenta";
+    QString saldo = por_centros() ? "centro" : "cuenta";
     if (!valor("TxCateg").isEmpty())
         saldo.clear();
     motor.fijar_parametro("Saldo", saldo);
-    if (por_centros || marcada(CkCateg)) // por categoría ya agrupa por cuenta
+    if (por_centros() || marcada(CkCateg)) // por categoría ya agrupa por cuenta
         return;
     for (const char* banda : {"grupo", "total"})
         motor.fijar_grupo(pagina, banda, "CUENTA");

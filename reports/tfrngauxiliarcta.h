@@ -14,11 +14,15 @@ public:
 protected:
     QString sql() override;
     void antes_de_abrir() override;
+    QString rango_legible() override;
     QString titulo() override;
     QString reporte() override;
     QString titulo_niif() override { return QStringLiteral("Auxiliar por cuenta NIIF"); }
     void ajuste_reporte(MotorInformes& motor, const QString& pagina) override;
 
 private:
+    /// "Agrupar por categoría" puede más.
+    bool por_centros() const;
+
     SaldoCorrido saldo_{CAuxiliar, "CUENTA", "INICIAL"};
 };

@@ -88,6 +88,11 @@ QString Tfrngconsecutivos::titulo() {
     return texto;
 }
 
+QString Tfrngconsecutivos::rango_legible() {
+    const QString rango = FormaRango::rango_legible();
+    return marcada(CkDesc) ? rango + " · sólo descuadrados" : rango;
+}
+
 QString Tfrngconsecutivos::reporte() {
     return marcada(Ckdetalle) ? listado_.detallado : listado_.consolidado;
 }

@@ -25,6 +25,7 @@ public:
 protected:
     QString sql() override;
     QString titulo() override;
+    QString rango_legible() override;
     QString reporte() override;
     QString titulo_niif() override;
 

@@ -154,6 +154,14 @@ QString Tfrngoficiales::diario() const {
 
 // ---------------------------------------------------------------- plantilla
 
+QString Tfrngoficiales::rango_legible() {
+    const QString rango = "Período: " + nombre_del_periodo();
+    if (!es("D") || (valor("Ticoini").isEmpty() && valor("Ticofin").isEmpty()))
+        return rango;
+    return rango + " · " +
+           tramo_legible("Tipos de comprobante", valor("Ticoini"), valor("Ticofin"));
+}
+
 QString Tfrngoficiales::reporte() {
     if (es("I"))
         return QStringLiteral("Invybalance");
@@ -170,8 +178,10 @@ QString Tfrngoficiales::titulo_niif() {
 }
 
 void Tfrngoficiales::fije_encabezado(MotorInformes& motor) {
-    const bool con_encabezado = fdm().valor<Llave::EncabezadoOficiales>();
-    if (con_encabezado)
+    // Lo que el papel ya trae impreso es el encabezado; quiénes firman, no.
+    if (fdm().valor<Llave::EncabezadoOficiales>())
         FormaEstado::fije_encabezado(motor);
+    else
+        fije_firmas(motor);
     motor.fijar_parametro("Fecha", fecha("EFecha").toString("yyyy/MM/dd"));
 }

@@ -17,7 +17,7 @@ public:
 protected:
     QString sql() override;
     QString titulo() override { return del_periodo(); }
-    QString rango_legible() override { return "Período: " + nombre_del_periodo(); }
+    QString rango_legible() override;
     QString reporte() override;
     QString titulo_niif() override;
     void fije_encabezado(MotorInformes& motor) override;

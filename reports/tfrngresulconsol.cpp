@@ -3,6 +3,7 @@
 #include "toolkit/formulario.h"
 
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QSpinBox>
 
 namespace {
@@ -61,7 +62,12 @@ QString Tfrngresulconsol::sql() {
 }
 
 void Tfrngresulconsol::despues_de_abrir() {
+    const QString otra = CodCia1->text().trimmed();
+    QString aviso = aviso_de_cierre(fdm().Quorvex, fdm().codigo_compania);
+    aviso += aviso_de_cierre(Conexion2, otra);
     FormaConsolidado::despues_de_abrir();
+    if (!aviso.isEmpty())
+        fdm().mostrar_advertencia(aviso + "Pida un período anterior al del cierre.");
     // Las utilidades al pie son las de lo que se imprime, y van iguales en todas las filas.
     Moneda operacional, neto;
     for (CAuxiliar.First(); !CAuxiliar.Eof(); CAuxiliar.Next()) {

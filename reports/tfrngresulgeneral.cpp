@@ -57,6 +57,14 @@ QString Tfrngresulgeneral::sql() {
     return texto + (es("G") ? "NIVEL < 4" : "nivel <= " + nivel()) + " order by CODIGO";
 }
 
+void Tfrngresulgeneral::antes_de_abrir() {
+    if (es("G") || marcada(ckMes))
+        return;
+    if (const QString aviso = aviso_de_cierre(fdm().Quorvex); !aviso.isEmpty())
+        fdm().mostrar_advertencia(aviso + "Para ver el resultado marque \"" + ckMes->text() +
+                                  "\" o pida un período anterior al del cierre.");
+}
+
 QString Tfrngresulgeneral::rango_legible() {
     const QString rango = FormaEstado::rango_legible();
     return marcada(ckMes) ? rango + " · sólo el movimiento del mes" : rango;

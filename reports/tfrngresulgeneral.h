@@ -14,6 +14,7 @@ public:
 
 protected:
     QString sql() override;
+    void antes_de_abrir() override;
     QString rango_legible() override;
     QString titulo() override { return del_periodo(); }
     QString reporte() override;

@@ -20,10 +20,14 @@ Tfrngresultadoanual::Tfrngresultadoanual() : FormaEstado(kDatos) {
     CAuxiliar.texto("CODIGO", 20).etiqueta("Código");
     CAuxiliar.texto("NOMBRE", 60).etiqueta("Nombre");
     CAuxiliar.entero("NIVEL").etiqueta("Nivel");
+    // El último período son solo los ajustes: el cierre no es resultado.
+    const auto rotulo_de = [](const QString& mes, const QString& rotulo) {
+        return mes == "CIE" ? QStringLiteral("Ajustes") : rotulo;
+    };
     for (const auto& [nombre, rotulo] : meses_del_ano())
-        importe("MV" + nombre, rotulo);
+        importe("MV" + nombre, rotulo_de(nombre, rotulo));
     for (const auto& [nombre, rotulo] : meses_del_ano())
-        importe("SA" + nombre, "Acumulado a " + rotulo);
+        importe("SA" + nombre, "Acumulado a " + rotulo_de(nombre, rotulo));
 
     Formulario f(this);
     f.fila("Año:", cree_ano("EAno"));

@@ -78,8 +78,7 @@ const QHash<QString, Lectura>& lecturas() {
         {"PORCENTAJE ITEM", campo("PORC")},
         {"DOCUMENTO ITEM", campo("NUMDOC")},
         {"DOCUMENTO APLICACION", campo("NUMAPLICA")},
-        {"DOCUMENTO VENCE",
-         [](ConjuntoDatos& c) { return fecha_legible(c.FieldByName("VENCE").texto()); }},
+        {"DOCUMENTO VENCE", campo("VENCE")},
     };
     return tabla;
 }

@@ -20,8 +20,9 @@ SET TERM ^ ;
 --<LIBROS>
 -- Auxiliar por cuenta. Por CUENTA, FECHA, tipo, prefijo, número y línea. INICIAL: saldo de partida
 -- de la cuenta. SALDO: el de la cuenta en el proyecto y centro de la fila, para quien agrupa por
--- centros. Sin movimiento salen todas las cuentas del rango que pueden llevarlo, también en cero.
--- Lo llama Tfrngauxiliarcta.
+-- centros. Sin movimiento salen la cuenta en cada centro en que tiene saldo y, sin centro, la que
+-- no tiene ninguno y puede llevar movimiento. SOLO_CENTRO "S": la fila sobra si no se agrupa por
+-- centros, porque la cuenta ya tiene otra. Lo llama Tfrngauxiliarcta.
 CREATE OR ALTER PROCEDURE AUXILIAR_DESDE_HASTA{_NIIF} (CTAINI varchar(20), CTAFIN varchar(20),
   FECINI varchar(20), FECFIN varchar(20), PROYINI varchar(20), PROYFIN varchar(20),
   CENTINI varchar(20), CENTFIN varchar(20), SINMOV char(1))
@@ -29,7 +30,8 @@ RETURNS (ID integer, CUENTA varchar(20), TIPOCOMP varchar(3), PREFIJO varchar(4)
   NUMERO varchar(8), FECHA varchar(8), CONCEPTO varchar(60), NIT varchar(20), REF varchar(20),
   BASE numeric(15,2), PORC numeric(15,4), DEBITO numeric(15,2), CREDITO numeric(15,2),
   PROYECTO varchar(4), CENTRO varchar(4), TIPOREF integer, IDREF integer, NOMCUENTA varchar(60),
-  SALDO numeric(15,2), CATEGORIA varchar(4), INICIAL numeric(15,2), ITEM integer)
+  SALDO numeric(15,2), CATEGORIA varchar(4), INICIAL numeric(15,2), ITEM integer,
+  SOLO_CENTRO char(1))
 AS
   DECLARE CTASIN varchar(20);
 BEGIN
@@ -43,11 +45,15 @@ BEGIN
     SELECT E.ENCO_CONSEC, L.CUENTA, E.TICO_COD, E.PRCO_PREF, E.ENCO_NUMERO, E.ENCO_FECHA,
       coalesce(L.CONCEPTO, E.ENCO_CONCEPTO), L.NIT, coalesce(L.REFER, E.ENCO_REFER), L.BASE,
       L.PORC, L.DEBITO, L.CREDITO, L.PROYECTO, L.CENTRO, E.ENCO_TIPOREF, E.ENCO_IDREF, C.CUEN_NOM,
-      iif(L.ID IS NULL, K.INICIAL, K.SALDO), L.CATEGORIA, K.INICIAL, L.ITEM
+      K.SALDO, L.CATEGORIA, K.INICIAL, L.ITEM,
+      iif(L.ID IS NULL AND (K.DE_LA_CUENTA > 0 OR K.TURNO > 1), 'S', 'N')
     FROM (
-      SELECT CUENTA, PROYECTO, CENTRO, sum(PARTIDA) SALDO,
+      SELECT CUENTA, PROYECTO, CENTRO, sum(PARTIDA) SALDO, sum(LINEAS) LINEAS,
         sum(sum(PARTIDA)) OVER (PARTITION BY CUENTA) INICIAL,
-        sum(sum(LINEAS)) OVER (PARTITION BY CUENTA) LINEAS
+        sum(sum(LINEAS)) OVER (PARTITION BY CUENTA) DE_LA_CUENTA,
+        sum(iif(sum(PARTIDA) <> 0, 1, 0)) OVER (PARTITION BY CUENTA) CON_SALDO,
+        row_number() OVER (PARTITION BY CUENTA
+          ORDER BY iif(sum(PARTIDA) <> 0 AND sum(LINEAS) = 0, 0, 1), PROYECTO, CENTRO) TURNO
       FROM (
         SELECT CUENTA, PROYECTO, CENTRO, INICIAL PARTIDA, 0 LINEAS
         FROM LEA_INICIALES{_NIIF}('N', :CTAINI, :CTAFIN, NULL, NULL, :PROYINI, :PROYFIN, :CENTINI,
@@ -67,16 +73,23 @@ BEGIN
         :FECINI, :FECFIN)
       UNION ALL
       SELECT CUEN_COD, '', '', '', NULL, NULL, NULL, NULL, NULL, NULL, 0, 0, ''
-      FROM {CUENTAS} WHERE CUEN_COD BETWEEN :CTAINI AND :CTASIN) L
+      FROM {CUENTAS} WHERE CUEN_COD BETWEEN :CTAINI AND :CTASIN
+      UNION ALL
+      SELECT CUENTA, '', PROYECTO, CENTRO, NULL, NULL, NULL, NULL, NULL, NULL, 0, 0, ''
+      FROM LEA_INICIALES{_NIIF}('N', :CTAINI, :CTASIN, NULL, NULL, :PROYINI, :PROYFIN, :CENTINI,
+        :CENTFIN, :FECINI, substring(:FECFIN FROM 1 FOR 4))
+      WHERE PROYECTO <> '' OR CENTRO <> '') L
     ON L.CUENTA = K.CUENTA AND L.PROYECTO = K.PROYECTO AND L.CENTRO = K.CENTRO
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = L.CUENTA
     LEFT JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = L.ID
-    WHERE L.ID IS NOT NULL
-      OR (K.LINEAS = 0 AND (C.CUEN_AFECTABLE = 'S' OR K.INICIAL <> 0))
-    ORDER BY L.CUENTA, E.ENCO_FECHA, E.TICO_COD, E.PRCO_PREF, E.ENCO_NUMERO, L.ITEM
+    WHERE L.ID IS NOT NULL OR (K.LINEAS = 0 AND (K.SALDO <> 0
+      OR (K.DE_LA_CUENTA = 0 AND K.CON_SALDO = 0 AND L.PROYECTO = '' AND L.CENTRO = ''
+        AND C.CUEN_AFECTABLE = 'S')))
+    ORDER BY L.CUENTA, E.ENCO_FECHA, E.TICO_COD, E.PRCO_PREF, E.ENCO_NUMERO, L.ITEM, L.PROYECTO,
+      L.CENTRO
     INTO :ID, :CUENTA, :TIPOCOMP, :PREFIJO, :NUMERO, :FECHA, :CONCEPTO, :NIT, :REF, :BASE, :PORC,
       :DEBITO, :CREDITO, :PROYECTO, :CENTRO, :TIPOREF, :IDREF, :NOMCUENTA, :SALDO, :CATEGORIA,
-      :INICIAL, :ITEM
+      :INICIAL, :ITEM, :SOLO_CENTRO
   DO
     SUSPEND;
 END^

@@ -10,12 +10,14 @@ SELECT ENCO_CONSEC, CIAN_FECHA FROM CIERRE_ANUAL;
 
 --<LIBROS>
 -- Lo que los cierres anuales movieron. Se parte de los cierres, que son uno por año: por eso la
--- unión es externa, y una línea nula es la de un cierre del otro libro.
+-- unión es externa, y una línea nula es la de un cierre del otro libro. Lo que la línea no tiene
+-- va vacío, como en los saldos.
 CREATE OR ALTER VIEW MOVIMIENTO_CIERRE{_NIIF}
-  (CUEN_COD, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO) AS
+  (CUEN_COD, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO, TERC_NIT, PROY_COD, CENT_COD) AS
 SELECT D.CUEN_COD, cast(substring(D.CODE_FECHA FROM 1 FOR 4) AS char(4)),
   cast(substring(D.CODE_FECHA FROM 5 FOR 2) AS smallint), coalesce(D.CODE_DEBITO, 0),
-  coalesce(D.CODE_CREDITO, 0)
+  coalesce(D.CODE_CREDITO, 0), coalesce(D.TERC_NIT, ''), coalesce(D.PROY_COD, ''),
+  coalesce(D.CENT_COD, '')
 FROM CIERRE_ANUAL C
 LEFT JOIN {DETALLE} D ON D.ENCO_CONSEC = C.ENCO_CONSEC;
 

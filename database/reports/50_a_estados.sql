@@ -39,7 +39,8 @@ END^
 --    39 y sumado a la clase 3, para que activo sea pasivo más patrimonio;
 --  * GENERAL: de quien pide el estado general. Sin CON_RESULTADO es el de resultados, y las clases
 --    4 a 7 van sin el cierre del año, que las dejó en cero;
---  * MENSUAL: MOVIMIEN, UOP y NETO son los del mes; con "N", los del saldo.
+--  * MENSUAL: MOVIMIEN, UOP y NETO son los del mes, también sin el cierre, que no es movimiento del
+--    resultado; con "N", los del saldo.
 -- UOP y NETO van iguales en todas las filas: ingresos al crédito menos costos y gastos; la utilidad
 -- operacional toma 41, 51, 52, 6 y 7.
 -- Lo llaman Tfrngbalancegeneral y Tfrngresulgeneral; la comparación de dos compañías también.
@@ -58,7 +59,7 @@ AS
   DECLARE SIGNO smallint;
   DECLARE SIN_CIERRE char(1);
 BEGIN
-  SIN_CIERRE = iif(GENERAL = 'S' AND CON_RESULTADO <> 'S', 'S', 'N');
+  SIN_CIERRE = iif(CON_RESULTADO <> 'S' AND (GENERAL = 'S' OR MENSUAL = 'S'), 'S', 'N');
   SELECT coalesce(sum(INICIAL), 0), coalesce(sum(DEBITOS), 0), coalesce(sum(CREDITOS), 0),
     -coalesce(sum(iif(:MENSUAL = 'S', 0, INICIAL) + DEBITOS - CREDITOS), 0),
     -coalesce(sum(iif(left(CUENTA, 2) IN ('41', '51', '52') OR left(CUENTA, 1) IN ('6', '7'),
@@ -113,15 +114,17 @@ BEGIN
 END^
 
 -- Saldos de un tramo de meses por cuenta y tercero. NIT vacío: lo que no lleva tercero. Con
--- TERCEROS "N" y todos en el rango lee los saldos por cuenta, que no crecen con ellos. Interna.
+-- TERCEROS "N" y todos en el rango lee los saldos por cuenta, que no crecen con ellos. Con
+-- SIN_CIERRE "S" el año va como antes de cerrarlo. Interna.
 CREATE OR ALTER PROCEDURE LEA_TRAMO_TERCERO{_NIIF} (
   DESDE varchar(20), HASTA varchar(20), NITINI varchar(20), NITFIN varchar(20), ANO varchar(4),
-  MES1 smallint, MES2 smallint, TERCEROS char(1))
+  MES1 smallint, MES2 smallint, TERCEROS char(1), SIN_CIERRE char(1) = 'N')
 RETURNS (CUENTA varchar(20), NIT varchar(20), INICIAL numeric(18,2), DEBITOS numeric(18,2),
   CREDITOS numeric(18,2))
 AS
 BEGIN
-  IF (TERCEROS <> 'S' AND NITINI = '' AND NITFIN = 'ZZ') THEN
+  NITFIN = HASTA_CODIGO(NITFIN);
+  IF (TERCEROS <> 'S' AND SIN_CIERRE <> 'S' AND NITINI = '' AND NITFIN = HASTA_CODIGO('ZZ')) THEN
   BEGIN
     NIT = '';
     FOR
@@ -143,7 +146,12 @@ BEGIN
       sum(iif(SALD_ANO < :ANO OR SALD_MES < :MES1, SALD_DEBITO - SALD_CREDITO, 0)),
       sum(iif(SALD_ANO = :ANO AND SALD_MES >= :MES1, SALD_DEBITO, 0)),
       sum(iif(SALD_ANO = :ANO AND SALD_MES >= :MES1, SALD_CREDITO, 0))
-    FROM VISTA_SALDOS_TERCERO{_NIIF}
+    FROM (
+      SELECT CUEN_COD, TERC_NIT, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO
+      FROM VISTA_SALDOS_TERCERO{_NIIF}
+      UNION ALL
+      SELECT CUEN_COD, TERC_NIT, SALD_ANO, SALD_MES, -SALD_DEBITO, -SALD_CREDITO
+      FROM MOVIMIENTO_CIERRE{_NIIF} WHERE :SIN_CIERRE = 'S' AND SALD_ANO = :ANO)
     WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
       AND TERC_NIT >= :NITINI AND TERC_NIT <= :NITFIN
       AND (SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES <= :MES2))
@@ -158,7 +166,8 @@ END^
 -- los terceros del rango. Interna de los balances con terceros.
 CREATE OR ALTER PROCEDURE BALANCE_TRAMO{_NIIF} (
   DESDE varchar(20), HASTA varchar(20), NITINI varchar(20), NITFIN varchar(20), ANO varchar(4),
-  MES1 smallint, MES2 smallint, SIN_MOVIMIENTO char(1), TERCEROS char(1))
+  MES1 smallint, MES2 smallint, SIN_MOVIMIENTO char(1), TERCEROS char(1),
+  SIN_CIERRE char(1) = 'N')
 RETURNS (CODIGO varchar(20), NIT varchar(20), NIVEL integer, INICIAL numeric(18,2),
   DEBITOS numeric(18,2), CREDITOS numeric(18,2))
 AS
@@ -169,7 +178,7 @@ BEGIN
     FROM (
       SELECT CUENTA, INICIAL, DEBITOS, CREDITOS
       FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2,
-        :TERCEROS)
+        :TERCEROS, :SIN_CIERRE)
       WHERE :SIN_MOVIMIENTO = 'S' OR INICIAL <> 0 OR DEBITOS <> 0 OR CREDITOS <> 0
       UNION ALL
       SELECT CUEN_COD, 0, 0, 0 FROM {CUENTAS}
@@ -180,7 +189,7 @@ BEGIN
     UNION ALL
     SELECT T.CUENTA, T.NIT, N.ESTR_NIVEL, T.INICIAL, T.DEBITOS, T.CREDITOS
     FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2,
-      :TERCEROS) T
+      :TERCEROS, :SIN_CIERRE) T
     LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(T.CUENTA)
     WHERE :TERCEROS = 'S' AND T.NIT <> ''
       AND (:SIN_MOVIMIENTO = 'S' OR T.INICIAL <> 0 OR T.DEBITOS <> 0 OR T.CREDITOS <> 0)
@@ -192,8 +201,8 @@ END^
 
 -- Balance de un mes con los terceros de cada cuenta. En las filas de tercero NIVEL es 99, STERCERO
 -- su saldo final y NOMCTATER su nombre; en las demás NOMCTATER es el de la cuenta. SIN_MOVIMIENTO
--- "S" incluye lo que no tiene saldo ni movimiento. Lo llaman Tfrngbalancetercero y
--- Tfrngresultadotercero.
+-- "S" incluye lo que no tiene saldo ni movimiento. De 4 a 8, que es como se pide el resultado, va
+-- sin el cierre del año. Lo llaman Tfrngbalancetercero y Tfrngresultadotercero.
 CREATE OR ALTER PROCEDURE BALANCE_CON_TERCEROS_MES{_N} (
   ANO varchar(4), MES smallint, DESDE varchar(20), HASTA varchar(20), NITINI varchar(20),
   NITFIN varchar(20), SIN_MOVIMIENTO char(1))
@@ -210,7 +219,7 @@ BEGIN
       B.INICIAL + B.DEBITOS - B.CREDITOS, iif(B.NIT IS NULL, B.NIVEL, 99), T.TERC_DV, T.TERC_DIR,
       T.TERC_CIU, T.CIUD_COD, T.TERC_TEL, T.TERC_FAX, T.TERC_CEL
     FROM BALANCE_TRAMO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES, :MES, :SIN_MOVIMIENTO,
-      'S') B
+      'S', iif(:DESDE = '4' AND :HASTA = '8', 'S', 'N')) B
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = B.CODIGO
     LEFT JOIN TERCEROS T ON T.TERC_NIT = B.NIT
     INTO :CUENTA, :NOM_CUENTA, :NIT, :NOM_TERCERO, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL,

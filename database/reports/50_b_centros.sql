@@ -6,8 +6,9 @@ SET TERM ^ ;
 -- Balance de un mes por cuenta y centro. CENTRO_CUENTA "N": cada cuenta con sus centros debajo;
 -- "S": cada centro con sus cuentas de todos los niveles. Los límites de proyecto y centro son de
 -- texto; lo que no lleva centro entra con el inferior vacío. En las filas de centro NIVEL es 99 y
--- NOMCTACEN el nombre del centro; los valores por nivel van con el signo del estado. Lo llaman
--- Tfrngbalancecentro y Tfrngresultadocentro.
+-- NOMCTACEN el nombre del centro; los valores por nivel van con el signo del estado. De 4 a 8, que
+-- es como se pide el resultado, va sin el cierre del año. Lo llaman Tfrngbalancecentro y
+-- Tfrngresultadocentro.
 CREATE OR ALTER PROCEDURE BALANCE_CON_CENTROS_MES{_N} (
   ANO varchar(4), MES smallint, CENTRO_CUENTA char(1), DESDE varchar(20), HASTA varchar(20),
   PROYINI varchar(4), PROYFIN varchar(4), CENTINI varchar(4), CENTFIN varchar(4))
@@ -21,13 +22,21 @@ AS
   DECLARE SIGNO smallint;
   DECLARE DE_CENTRO smallint;
 BEGIN
+  PROYFIN = HASTA_CODIGO(PROYFIN);
+  CENTFIN = HASTA_CODIGO(CENTFIN);
   FOR
     WITH HOJA AS (
       SELECT CUEN_COD CUENTA, PROY_COD PROY, CENT_COD CENTRO,
         sum(iif(SALD_ANO < :ANO OR SALD_MES < :MES, SALD_DEBITO - SALD_CREDITO, 0)) INI,
         sum(iif(SALD_ANO = :ANO AND SALD_MES = :MES, SALD_DEBITO, 0)) DEB,
         sum(iif(SALD_ANO = :ANO AND SALD_MES = :MES, SALD_CREDITO, 0)) CRE
-      FROM VISTA_SALDOS_CENTRO{_NIIF}
+      FROM (
+        SELECT CUEN_COD, PROY_COD, CENT_COD, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO
+        FROM VISTA_SALDOS_CENTRO{_NIIF}
+        UNION ALL
+        SELECT CUEN_COD, PROY_COD, CENT_COD, SALD_ANO, SALD_MES, -SALD_DEBITO, -SALD_CREDITO
+        FROM MOVIMIENTO_CIERRE{_NIIF}
+        WHERE :DESDE = '4' AND :HASTA = '8' AND SALD_ANO = :ANO)
       WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
         AND PROY_COD >= :PROYINI AND PROY_COD <= :PROYFIN AND CENT_COD >= :CENTINI
         AND CENT_COD <= :CENTFIN

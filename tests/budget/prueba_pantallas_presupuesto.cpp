@@ -46,6 +46,7 @@ private slots:
         s.cnt.periodo_actual = 2;
         auto* p = s.abra<Tfpresupuesto>("Tfpresupuesto");
         QVERIFY(p->CPresupuesto.IsEmpty());
+        QCOMPARE(p->DBGridEh1->titulo_impreso, "Presupuesto · Marzo de 2017");
         oprima(Qt::Key_F2);
         auto* n = qobject_cast<Tfnvopresup*>(s.escritorio.activa());
         QCOMPARE(n->windowTitle(), "Nuevo presupuesto: Marzo de 2017");

@@ -151,6 +151,12 @@ private slots:
                             "d.cuen_cod = '" + p->ECuenta->text() + '\'' + clave);
             QCOMPARE(p->Saldof->valor().texto(), suma.saldo().texto());
             QCOMPARE(p->periodo->texto_mes(), "Marzo");
+            // Lo que se imprime dice de qué es: el libro leído, el período, la cuenta y la clave.
+            QStringList partes{p->windowTitle(), libro.isEmpty() ? "Libro 2649" : "Libro NIIF",
+                               "Marzo de 2017", p->ECuenta->text() + ' ' + p->NomCuenta->text()};
+            if (p->EClave)
+                partes << p->EClave->text() + ' ' + p->NomClave->text();
+            QCOMPARE(p->DBGridEh1->titulo_impreso, partes.join(" · "));
             if (caso.ancho)
                 QCOMPARE(p->height(), caso.alto);
             // Con su tamaño, o más ancha si a las cifras de su rejilla no les alcanza.

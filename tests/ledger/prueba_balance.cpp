@@ -83,6 +83,8 @@ private slots:
             QVERIFY(b);
             QCOMPARE(b->PageControl1->currentIndex(), indice);
             QCOMPARE(abra(s), b);
+            QCOMPARE(componente<Rejilla>(b, indice ? "DBGridEh2" : "DBGridEh1").titulo_impreso,
+                     QString("Balance de prueba · Libro %1 · Marzo de 2017").arg(valor));
             const auto* ventana = s.escritorio.area()->activeSubWindow();
             const QSize area = s.escritorio.area()->viewport()->size();
             QCOMPARE(ventana->pos(), QPoint(0, 0));

@@ -3,6 +3,7 @@
 #include "libro_al_azar.h"
 
 #include <map>
+#include <set>
 
 namespace {
 
@@ -69,44 +70,63 @@ private slots:
     }
 
     void el_auxiliar_por_cuenta_da_lo_que_suman_las_lineas() {
-        int con_filas = 0;
+        int con_filas = 0, de_centro = 0;
         for (int libro : {0, 1})
             for (const Rango& r : rangos_al_azar(60)) {
                 const auto elegidos = elija(libro, r, false, "cuenta");
-                std::map<QString, Moneda> inicial, saldo;
+                std::map<QString, Moneda> inicial;
+                std::map<QStringList, Moneda> saldo; // por cuenta, proyecto y centro
+                std::set<QStringList> movidos;
                 std::map<QString, QStringList> por_cuenta;
+                const auto lugar = [](const Renglon& x) {
+                    return QStringList{x.cuenta, x.proyecto, x.centro};
+                };
                 for (const Renglon& x : elegidos)
                     if (r.antes(x) || x.fecha.isEmpty()) {
                         inicial[x.cuenta] += x.neto();
-                        saldo[x.cuenta + x.proyecto + x.centro] += x.neto();
+                        saldo[lugar(x)] += x.neto();
                     }
                 for (const Renglon& x : elegidos)
-                    if (r.durante(x) && !x.fecha.isEmpty())
+                    if (r.durante(x) && !x.fecha.isEmpty()) {
+                        movidos.insert(lugar(x));
                         por_cuenta[x.cuenta]
                             << fila(x.cuenta, x.fecha, x.tipo, x.prefijo, x.numero, x.item, x.nit,
                                     x.proyecto, x.centro, x.categoria, x.debito, x.credito,
-                                    saldo[x.cuenta + x.proyecto + x.centro], inicial[x.cuenta]);
+                                    saldo[lugar(x)], inicial[x.cuenta], "N");
+                    }
+                // La cuenta en cada centro con saldo que no se movió, y la que no tiene ninguno.
+                std::map<QString, QStringList> quietas;
+                for (const auto& [l, s] : saldo)
+                    if (!s.es_cero() && !movidos.count(l)) {
+                        const bool sobra = por_cuenta.count(l[0]) || quietas.count(l[0]);
+                        quietas[l[0]] << l[0] + "|||||||" + l[1] + '|' + l[2] + "||0|0|" +
+                                             s.texto() + '|' + inicial[l[0]].texto() +
+                                             (sobra ? "|S" : "|N");
+                        de_centro += sobra;
+                    }
+                for (const QString& cuenta :
+                     filas("select cuen_cod from cuentas where cuen_afectable = 'S'").split('\n'))
+                    if (r.cuenta(cuenta) && !por_cuenta.count(cuenta) && !quietas.count(cuenta))
+                        quietas[cuenta] << cuenta + "||||||||||0|0|0|0|N";
                 for (const bool todas : {false, true}) {
-                    if (todas)
-                        for (const QString& cuenta :
-                             filas("select cuen_cod from cuentas where cuen_afectable = 'S'")
-                                 .split('\n'))
-                            if (r.cuenta(cuenta) && !por_cuenta.count(cuenta)) {
-                                const QString s = inicial[cuenta].texto();
-                                por_cuenta[cuenta] << cuenta + "||||||||||0|0|" + s + '|' + s;
-                            }
+                    for (const auto& [cuenta, f] : quietas)
+                        if (todas)
+                            por_cuenta[cuenta] = f + por_cuenta[cuenta];
                     QStringList esperadas;
                     for (const auto& [cuenta, f] : por_cuenta)
                         esperadas << f;
                     con_filas += !esperadas.isEmpty();
-                    QCOMPARE(filas(QString("select cuenta, fecha, tipocomp, prefijo, numero, item, "
-                                           "nit, proyecto, centro, categoria, debito, credito, "
-                                           "saldo, inicial from auxiliar_desde_hasta%1(%2, '%3')")
-                                       .arg(sufijo(libro), r.para_cuenta(), todas ? "S" : "N")),
-                             esperadas.join('\n'));
+                    QCOMPARE(
+                        filas(
+                            QString(
+                                "select cuenta, fecha, tipocomp, prefijo, numero, item, "
+                                "nit, proyecto, centro, categoria, debito, credito, "
+                                "saldo, inicial, solo_centro from auxiliar_desde_hasta%1(%2, '%3')")
+                                .arg(sufijo(libro), r.para_cuenta(), todas ? "S" : "N")),
+                        esperadas.join('\n'));
                 }
             }
-        QVERIFY(con_filas > 150);
+        QVERIFY(con_filas > 150 && de_centro > 50);
     }
 
     void el_auxiliar_por_tercero_da_lo_que_suman_las_lineas() {

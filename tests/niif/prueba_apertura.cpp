@@ -618,6 +618,8 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     QCOMPARE(campo("SALDONIIF"), "35");
     QCOMPARE(campo("DIFERENCIA"), "1097");
     QCOMPARE(campo("PORCENTAJE"), "96.91");
+    QCOMPARE(p->DBGridEh1->titulo_impreso,
+             "Conciliación Patrimonial · Ajustes de 2018 · Nivel " + p->LNivel->text().left(1));
     // Las de nivel 1 suman lo que las subcuentas.
     Moneda niveles[6];
     for (p->CConcilia.First(); !p->CConcilia.Eof(); p->CConcilia.Next())
@@ -629,6 +631,9 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     auto* c = qobject_cast<Tfconciliacta*>(escritorio()->activa());
     QVERIFY(c);
     QCOMPARE(valores_de(c->CDetalle, "DIF"), QStringList({"93", "999", "5"}));
+    QVERIFY2(c->DBGridEh1->titulo_impreso.contains(" · 110505 ") &&
+                 c->DBGridEh1->titulo_impreso.endsWith(" · hasta Ajustes de 2018"),
+             qPrintable(c->DBGridEh1->titulo_impreso));
     QCOMPARE(valores_de(c->CDetalle, "CONCEPTO").value(0), "Saldo al comenzar el año");
     // Con otro mes, lo que explica la diferencia de ese mes.
     for (const auto& [mes, dif] :

@@ -142,6 +142,7 @@ void PruebaCambios::el_resultado_anual_acumula_los_meses() {
         QCOMPARE(hecha,
                  QString("select * from resultado_anual('2018','%1')").arg(libro ? "S" : "N"));
         QCOMPARE(texto.contains("Resultado Comparativo Anual NIIF"), libro == 1);
+        QVERIFY2(texto.contains("Ajustes") && !texto.contains("Cierre"), qPrintable(texto));
         // La utilidad, en el último cuadro: dos renglones del mes y dos de lo acumulado.
         QStringList cifras;
         static const QRegularExpression cifra(R"(\(?[\d,]+\.\d\d\)?)");

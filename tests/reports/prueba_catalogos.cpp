@@ -236,7 +236,11 @@ void PruebaCatalogos::cumpleanos_del_periodo_en_orden_de_dia() {
     const QString marzo = cumple("ZZ");
     QCOMPARE(codigos(marzo, nits), QStringList({"860002964-4", "900123456-8", "52345678"}));
     QVERIFY(renglon(marzo, "52345678").contains("25 mar"));
-    QCOMPARE(codigos(cumple("6"), nits), QStringList{"52345678"});
+    QVERIFY2(marzo.contains("Cumpleaños de marzo\n") && !marzo.contains("todos los"),
+             qPrintable(marzo));
+    const QString hasta_6 = cumple("6");
+    QCOMPARE(codigos(hasta_6, nits), QStringList{"52345678"});
+    QVERIFY2(hasta_6.contains("Cumpleaños de marzo · NIT hasta 6\n"), qPrintable(hasta_6));
     // Ajustes no es un mes.
     s.cnt.periodo_actual = 12;
     auto* f = s.abra<Tfcataterceros>("Tfcataterceros");

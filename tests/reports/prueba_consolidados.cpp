@@ -4,9 +4,12 @@
 #include "apoyo_gui/fotos.h"
 #include "ledger/libro_al_azar.h"
 #include "reports/informe_de_prueba.h"
+#include "reports/registro.h"
 #include "reports/registro_definibles.h"
 #include "reports/tfrngbalanceconsol.h"
 #include "reports/tfrngresulconsol.h"
+#include "reports/tfrngresulgeneral.h"
+#include "tax/cierre_de_prueba.h"
 #include "toolkit/lector_xls.h"
 
 namespace {
@@ -201,6 +204,44 @@ private slots:
         texto = informe_como_texto(p, Qt::Key_F2);
         QVERIFY(renglon_con(texto, "130505").endsWith("0.00 0.00 0.00 0.00"));
         QVERIFY(renglon_con(texto, "110505").endsWith("0.00 20.00 0.00 20.00"));
+    }
+
+    void los_resultados_de_un_ano_cerrado_lo_dicen() {
+        DosCompanias s;
+        registre_pantallas_informes();
+        for (Conexion* c : {&s.base.base(), &s.segunda}) {
+            grabe(*c, 1, "20170605",
+                  {{1, "110505", Moneda(900), Moneda()},
+                   {2, "413505", Moneda(), Moneda(900), "900123456", "0002", "0001"}});
+            cierre_anual(*c, "20171331");
+        }
+        const auto corra = [&](FormaRango* f, bool del_mes = false) {
+            s.barra.texto({});
+            f->findChild<QSpinBox*>("Nivel")->setValue(5);
+            if (del_mes)
+                componente<QCheckBox>(f, "ckMes").click();
+            return informe_como_texto(f, Qt::Key_F2);
+        };
+        const auto detallado = [&](int periodo, bool del_mes = false) {
+            s.cnt.periodo_actual = periodo;
+            return corra(s.abra<Tfrngresulgeneral>("Tfrngresulgeneral", AbreInforme{"D"}), del_mes);
+        };
+        const auto consolidado = [&](int periodo) {
+            s.cnt.periodo_actual = periodo;
+            return corra(s.pantalla<Tfrngresulconsol>("Tfrngresulconsol", "D"));
+        };
+        detallado(12);
+        QVERIFY2(s.barra.text().contains("El año 2017 ya tiene cierre: "),
+                 qPrintable(s.barra.text()));
+        consolidado(12);
+        for (const char* compania : {"001", "002"})
+            QVERIFY2(s.barra.text().contains(QString("ya tiene cierre en la compañía ") + compania),
+                     qPrintable(s.barra.text()));
+        // Diciembre todavía no está cerrado; del mes, el resultado sale sin el cierre.
+        QVERIFY(detallado(11).contains("900.00"));
+        QVERIFY(consolidado(11).contains("1,800.00"));
+        detallado(12, true);
+        QVERIFY2(!s.barra.text().contains("ya tiene cierre"), qPrintable(s.barra.text()));
     }
 
     void lo_omitido_se_cuenta_una_vez_y_con_su_saldo() {

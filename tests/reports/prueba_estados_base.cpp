@@ -34,6 +34,7 @@ private slots:
     void los_terceros_suman_su_cuenta();
     void los_centros_suman_en_los_dos_ordenes_data() { un_mes_de_cada(); }
     void los_centros_suman_en_los_dos_ordenes();
+    void el_rango_por_omision_no_deja_codigos_por_fuera();
     void el_acumulado_y_el_comparativo_son_tramos_de_meses();
     void el_anual_reparte_el_ano_en_trece_columnas();
     void los_cambios_del_patrimonio_llegan_al_saldo_de_los_libros();
@@ -208,6 +209,42 @@ void PruebaEstadosBase::los_centros_suman_en_los_dos_ordenes() {
                            .arg(sufijo(libro), ano_mes(mes)))
                      .join('\n'),
                  a.texto() + '|' + b.texto());
+}
+
+void PruebaEstadosBase::el_rango_por_omision_no_deja_codigos_por_fuera() {
+    for (const char* orden :
+         {"insert into terceros (terc_nit, terc_nom) values ('x123', 'Zúñiga Ltd.')",
+          "insert into terceros (terc_nit, terc_nom) values ('Ñ45', 'Ñuñoa S.A.')",
+          "insert into proyectos (proy_cod, proy_nom) values ('ña', 'Muelle')",
+          "insert into centros (proy_cod, cent_cod, cent_nom) values ('ña', 'ñb', 'Bodega')"})
+        base().ejecute(orden);
+    const QVector<Linea> lineas{{1, "130505", 70, 0, "x123"},
+                                {2, "130505", 30, 0, "Ñ45"},
+                                {3, "510506", 20, 0, "900123456", "ña", "ñb"},
+                                {4, "310505", 0, 120}};
+    grabe(base(), 990, "20190315", lineas, lineas);
+    for (int libro : {0, 1})
+        for (const QString& rango :
+             {QString("balance_con_terceros_mes%1('2019', 3, '', 'ZZ', '', 'ZZ', 'N')"),
+              QString("balance_con_centros_mes%1('2019', 3, 'N', '', 'ZZ', '', 'zz', '', 'zz')"),
+              QString("balance_con_centros_mes%1('2019', 3, 'S', '', 'ZZ', '', 'zz', '', 'zz')"),
+              QString("balance_prueba_acumulado%2('2019', 3, 3, '0', 'ZZ', '0', 'ZZ', 'N', 'N')"),
+              QString("balance_prueba_acumulado%2('2019', 3, 3, '0', 'ZZ', '0', 'ZZ', 'N', 'S') "
+                      "where nomctater = nombre"),
+              QString("balance_comparativo%2('2019', 3, '2019', 3, 'S') where tercero = 'N'")}) {
+            const QString tabla = rango.contains("%1")
+                                      ? rango.arg(sufijo(libro, "_n"))
+                                      : QString(rango).replace("%2", sufijo(libro));
+            const QString uno = rango.contains("comparativo") ? "1" : "";
+            QCOMPARE(filas(QString("select sum(debitos%1), sum(creditos%1), sum(final%1) from %2 "
+                                   "%3 nivel = 1")
+                               .arg(uno, tabla, tabla.contains("where") ? "and" : "where"))
+                         .join('\n'),
+                     "120|120|0");
+        }
+    for (const char* tabla :
+         {"comprobante_detalle", "comprobante_detalle_niif", "comprobante_encabezado"})
+        base().ejecute(QString("delete from %1 where enco_consec = 990").arg(tabla));
 }
 
 void PruebaEstadosBase::el_acumulado_y_el_comparativo_son_tramos_de_meses() {

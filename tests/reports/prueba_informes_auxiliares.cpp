@@ -98,6 +98,7 @@ private slots:
     void las_hojas_repiten_el_grupo_y_no_pierden_renglones();
     void por_nombre_cada_tercero_de_una_cuenta_abre_y_cierra_una_vez();
     void de_una_sola_categoria_no_se_imprimen_saldos();
+    void sin_movimiento_cada_centro_trae_su_saldo();
 };
 
 void PruebaInformesAuxiliares::cada_total_es_la_suma_de_las_lineas() {
@@ -396,6 +397,7 @@ void PruebaInformesAuxiliares::de_una_sola_categoria_no_se_imprimen_saldos() {
         r["TxCateg"] = "02";
         const QString texto = imprima("Tfrngauxiliarcta", r, casillas);
         QVERIFY2(!texto.contains("Saldo"), qPrintable(texto.left(3000)));
+        QVERIFY2(texto.contains("sólo la categoría 02"), qPrintable(texto.left(1000)));
         // El movimiento sí es el de la categoría.
         const auto c = s.base.base().abra("select sum(code_debito), sum(code_credito) from "
                                           "comprobante_detalle where conc_cod = '02'");
@@ -407,6 +409,39 @@ void PruebaInformesAuxiliares::de_una_sola_categoria_no_se_imprimen_saldos() {
         for (const QString& t : totales)
             QCOMPARE(importes(t).split(' ').size(), 2);
     }
+}
+
+void PruebaInformesAuxiliares::sin_movimiento_cada_centro_trae_su_saldo() {
+    SesionGui s;
+    // Dos centros con saldo; en marzo solo se mueve uno, y la 111005 no se mueve en ninguno.
+    grabe(s.base.base(), 1, "20170115",
+          {{1, "510506", 300, 0, "900123456", "0001", "0001"},
+           {2, "510506", 500, 0, "900123456", "0002", "0001"},
+           {3, "111005", 40, 0, "", "0001", "0001"},
+           {4, "310505", 0, 840}});
+    grabe(s.base.base(), 2, "20170310",
+          {{1, "510506", 7, 0, "900123456", "0001", "0001"}, {2, "310505", 0, 7}});
+    const Cajas marzo{{"EFecIni", "20170301"}, {"EFecFin", "20170331"}};
+    QString texto = imprima("Tfrngauxiliarcta", marzo, {"CkSinMov", "Chcentro"});
+    const auto de_centro = [&](const QString& centro) {
+        // De un centro al siguiente, con los espacios que ponga la hoja.
+        static const QRegularExpression anuncio("\n *Proyecto +"), espacios(" +");
+        QString aqui;
+        for (QString grupo : texto.split(anuncio))
+            if (grupo.replace(espacios, " ").startsWith(centro))
+                aqui = grupo;
+        return importes(renglones_con(aqui, "Total 510506").value(0));
+    };
+    QCOMPARE(de_centro("0001 Centro 0001"), "7.00 0.00 307.00");
+    QCOMPARE(de_centro("0002 Centro 0001"), "0.00 0.00 500.00");
+    QCOMPARE(de_centro("(ninguno)"), QString());
+    QCOMPARE(importes(renglones_con(texto, "Total 111005").join(' ')), "0.00 0.00 40.00");
+    // Sin agrupar, cada cuenta sale una vez con el saldo de todos sus centros.
+    texto = imprima("Tfrngauxiliarcta", marzo, {"CkSinMov"});
+    QCOMPARE(importes(renglones_con(texto, "Total 510506").join(' ')), "7.00 0.00 807.00");
+    QCOMPARE(importes(renglones_con(texto, "Total 111005").join(' ')), "0.00 0.00 40.00");
+    texto = imprima("Tfrngauxiliarcta", marzo, {"CkSinMov", "CkCateg"});
+    QCOMPARE(texto.section("510506", 1, 1).count("Categoría"), 1);
 }
 
 QTEST_MAIN(PruebaInformesAuxiliares)

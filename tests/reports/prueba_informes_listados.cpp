@@ -125,7 +125,7 @@ void PruebaInformesListados::solo_descuadrados_deja_los_que_no_cuadran() {
         QVERIFY(imprima(clase, cajas).contains("000901"));
         const QString texto = imprima(clase, cajas, {"CkDesc"}, &orden);
         QVERIFY2(orden.endsWith(", 'S', 'N') where DEBITO <> CREDITO"), qPrintable(orden));
-        QVERIFY(!texto.contains("000901"));
+        QVERIFY(!texto.contains("000901") && texto.contains(" · sólo descuadrados"));
         QStringList numeros;
         for (const QString& r : renglones_con(texto, "(CG|RC) \\d{4} \\d{6} "))
             numeros << r.section(' ', 2, 2);

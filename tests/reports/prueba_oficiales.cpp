@@ -40,10 +40,10 @@ private slots:
 
 void PruebaOficiales::la_consulta_sigue_a_la_letra_y_a_la_configuracion() {
     SesionDeEstados s(51, 4);
-    QString orden;
+    QString orden, texto;
     const auto consulta = [&](const char* letra, const Cajas& cajas = {},
                               const QStringList& casillas = {}) {
-        libro(letra, cajas, casillas, &orden);
+        texto = libro(letra, cajas, casillas, &orden);
         return orden;
     };
     QCOMPARE(consulta("M"),
@@ -63,6 +63,8 @@ void PruebaOficiales::la_consulta_sigue_a_la_letra_y_a_la_configuracion() {
     QCOMPARE(consulta("D", {{"Ticoini", "CG"}}, {"Cksinmov"}),
              "select * from libro_diario('2018', 5, 3,'N','N') where CUENTA <> '' and TIPOCOMP >= "
              "'CG' order by cuenta, tipocomp");
+    QVERIFY2(texto.contains("Período: Mayo/2018 · Tipos de comprobante desde CG"),
+             qPrintable(texto));
     QCOMPARE(consulta("D", {{"Ticofin", "CG"}}, {"Ckfechas", "ckniif", "Cksinmov"}),
              "select * from libro_diario('2018', 5, 3,'S','S') where CUENTA <> '' and TIPOCOMP <= "
              "'CG' order by cuenta, fecha, tipocomp");
@@ -145,6 +147,10 @@ void PruebaOficiales::en_papel_ya_impreso_no_va_encabezado() {
     s.cnt.periodo_actual = 1;
     const QString compania = "Ferretería El Tornillo";
     configure(s, "NOMBRE COMPAÑIA", compania.toUtf8());
+    s.base.ejecute({"delete from configuracion where conf_propiedad = 'CONTADOR PUBLICO'",
+                    "insert into configuracion (conf_modulo, conf_categoria, conf_propiedad, "
+                    "conf_valor) values ('CONTABILIDAD', 'FIRMAS', 'CONTADOR PUBLICO', 'Ana "
+                    "Contreras')"});
     for (const char* letra : {"M", "I", "D"}) {
         configure(s, kEncabezado, "SI");
         QString texto = libro(letra);
@@ -158,6 +164,7 @@ void PruebaOficiales::en_papel_ya_impreso_no_va_encabezado() {
                      !texto.contains("Página") && !texto.contains("Libro "),
                  qPrintable(texto));
         QVERIFY(texto.contains(QRegularExpression("Código|Débitos"))); // las columnas sí van
+        QCOMPARE(texto.contains("Ana Contreras"), *letra == 'I');      // y quien firma
         QVERIFY(renglones_con_encabezado > texto.count('\n') - 4);
     }
 }

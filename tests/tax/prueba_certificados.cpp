@@ -69,6 +69,7 @@ private slots:
     void el_ica_sigue_la_configuracion();
     void lo_impreso_es_lo_retenido_del_libro();
     void cada_clase_imprime_su_hoja();
+    void el_rango_por_omision_certifica_a_todos();
     void un_archivo_por_tercero_con_su_numero();
     void los_archivos_piden_acceso_y_una_carpeta_que_sirva();
     void nombres_seguros_y_una_falla_no_detiene_a_los_demas();
@@ -167,10 +168,11 @@ void PruebaCertificados::lo_impreso_es_lo_retenido_del_libro() {
                                  "31,080.00", "777.00"}}}) {
         for (const QString& d : datos)
             QVERIFY2(hoja.contains(d), qPrintable(d + "\n" + hoja));
-        for (const char* comun :
-             {"Año gravable 2017", "NIT 901555123-4", "Mónica Vélez", "Contadora",
-              "administración de impuestos de Bogotá", "artículo 381", "15 de marzo de 2018"})
+        for (const char* comun : {"Año gravable 2017", "NIT 901555123-4", "Mónica Vélez",
+                                  "Contadora", "administración de impuestos de Bogotá",
+                                  "artículo 381", "15 de marzo de 2018", "Elaborado por:"})
             QVERIFY2(hoja.contains(comun), qPrintable(QString(comun) + "\n" + hoja));
+        QVERIFY2(!hoja.contains("Cuentas:") && !hoja.contains("ZZ"), qPrintable(hoja));
     }
     QVERIFY(!s.escritorio.abierta("Tfrngcertificados"));
     // Sin numerar, y sin filas.
@@ -208,6 +210,27 @@ void PruebaCertificados::cada_clase_imprime_su_hoja() {
     texto = hoja(3, 0);
     QVERIFY2(texto.contains("CREE") && texto.contains("33.00") && texto.contains("Ley 1607"),
              qPrintable(texto));
+}
+
+void PruebaCertificados::el_rango_por_omision_certifica_a_todos() {
+    SesionGui s;
+    s.base.ejecute({"insert into terceros (terc_nit, terc_nom) values ('x-9', 'Zúñiga Ltd.')",
+                    "insert into terceros (terc_nit, terc_nom) values ('Ñ45', 'Ñuñoa S.A.')",
+                    "insert into proyectos (proy_cod, proy_nom) values ('ña', 'Muelle')",
+                    "insert into centros (proy_cod, cent_cod, cent_nom) values ('ña', 'ñb', 'B')"});
+    grabe(s.base.base(), 701, "20170110",
+          {{1, "236540", 0, 25, "x-9", "ña", "ñb"},
+           {2, "236540", 0, 31, "Ñ45"},
+           {3, "143505", 56, 0, "Ñ45", "ña", "ñb"}});
+    QCOMPARE(s.dato("select sum(retencion) from certificados_retencion('2365', '23659999', '0', "
+                    "'ZZ', '20170101', '20171231', '0', 'ZZ', '0', 'ZZ', '2018/03/15', '', 'N', "
+                    "'0')"),
+             "56");
+    s.base.ejecute({"insert into cuentas_reporte_certdet values ('1435', 'Mercancías', '2408', "
+                    "'2365', '2367', '2368')"});
+    QCOMPARE(s.dato("select sum(debito) from rep_detalle_certificado('20170101', '20171231', '', "
+                    "'zz', '', 'zz', 'G')"),
+             "56");
 }
 
 void PruebaCertificados::un_archivo_por_tercero_con_su_numero() {
@@ -252,8 +275,7 @@ void PruebaCertificados::un_archivo_por_tercero_con_su_numero() {
     dice(Qt::Key_F5, QString("Se generaron 1 certificados en \"%1\".").arg(carpeta.path()));
     const QString iva = texto("Certificado retencion de IVA 860002964.PDF");
     QVERIFY(iva.contains("190.00"));
-    // El pie es el de estas fechas, no el de los archivos de antes.
-    QVERIFY2(iva.contains("2017/03/01...2017/04/30"), qPrintable(iva));
+    QVERIFY2(iva.contains("bimestre 2: Mar - Abr"), qPrintable(iva));
 }
 
 void PruebaCertificados::los_archivos_piden_acceso_y_una_carpeta_que_sirva() {

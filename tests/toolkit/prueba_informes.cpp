@@ -2,6 +2,7 @@
 #include "apoyo_gui/interlocutor.h"
 #include "toolkit/exportacion/archivo_salida.h"
 #include "toolkit/impresora.h"
+#include "toolkit/informes/letra.h"
 #include "toolkit/informes/motor.h"
 #include "toolkit/informes/vista_preliminar.h"
 #include "toolkit/proteccion.h"
@@ -206,6 +207,8 @@ private slots:
             } else if (formato == int(FormatoArchivo::Html)) {
                 QVERIFY(texto.contains("Zona Norte &lt;1&gt;"));
                 QCOMPARE(texto.count("class=\"hoja\""), 3);
+                // Después de la última no se pasa a otra.
+                QVERIFY(texto.contains(".hoja:last-child{page-break-after:auto}"));
             } else {
                 QVERIFY(texto.contains("Peña \\ Güiza 99"));
                 QVERIFY(texto.contains("Zona Norte <1> (continuación)"));
@@ -515,6 +518,53 @@ private slots:
         QVERIFY2(primera >= 50 * kEscala && ultima <= 62 * kEscala && ultima > 60 * kEscala &&
                      primera < 53 * kEscala,
                  qPrintable(QString("de %1 a %2").arg(primera).arg(ultima)));
+    }
+
+    void lo_achicado_tambien_cabe_en_rtf_y_en_html() {
+        const QString cifra = "-9,999,999,999,999.99", nombre = "Distribuidora Andina Limitada";
+        Hojas hojas;
+        hojas.comience_pagina(Papel());
+        const int estilo = hojas.estilo(Estilo());
+        hojas.trazo({Trazo::Texto, QRectF(10, 10, 28, 4), quint16(estilo), Lado::Izquierda,
+                     float(hojas.letra(estilo).achique(nombre, 28)), nombre});
+        hojas.texto(QRectF(50, 10, 16, 4), cifra, estilo, Lado::Derecha);
+        hojas.texto(QRectF(70, 10, 16, 4), "1.00", estilo, Lado::Derecha);
+        hojas.linea({10, 20}, {90, 20}, 0.2);
+        hojas.termine_pagina();
+        for (const auto& [formato, tamano, por_punto] :
+             {std::tuple{FormatoArchivo::Rtf, "\\\\fs(\\d+) (%1)", 2.0},
+              {FormatoArchivo::Html, "font-size:([\\d.]+)pt[^>]*>(%1)<", 1.0}}) {
+            const QString ruta = carpeta_.filePath("achique." + extension_de(formato));
+            grabe(hojas, formato, ruta, todas(hojas), "x");
+            const QString escrito = QString::fromUtf8(contenido_de(ruta));
+            for (const auto& [texto, campo] : {std::pair{nombre, 28.0}, {cifra, 16.0}}) {
+                const auto m =
+                    QRegularExpression(QString(tamano).arg(QRegularExpression::escape(texto)))
+                        .match(escrito);
+                QVERIFY2(m.hasMatch(), qPrintable(escrito));
+                QFont letra("Liberation Sans");
+                letra.setPixelSize(qRound(m.captured(1).toDouble() / por_punto * 100));
+                const double ancho = QFontMetricsF(letra).horizontalAdvance(texto) / 100;
+                QVERIFY2(ancho * 25.4 / 72 <= campo + 0.1, qPrintable(texto + m.captured(1)));
+            }
+            // La raya que cierra la hoja no tiene renglón debajo.
+            if (formato == FormatoArchivo::Rtf)
+                QVERIFY2(escrito.section("1.00", 1).contains("\\brdrt"), qPrintable(escrito));
+        }
+    }
+
+    void un_porcentaje_que_no_cabe_no_detiene_el_informe() {
+        const QString plantilla = QString(kPlantilla)
+                                      .replace("de=\"VALOR\" formato=\"importe\"",
+                                               "de=\"VALOR*VALOR*VALOR*100\" formato=\"%1\"");
+        const auto hojas = componga({{"N", "C", "Ana", 10}, {"N", "C", "Beto", 1'000'000}},
+                                    plantilla.arg("porcentaje"));
+        QVERIFY2(hojas[0].contains("Ana|100,000.00") && hojas[0].contains("Beto"),
+                 qPrintable(hojas[0].join('\n')));
+        // Un importe sí: callarlo descuadraría la hoja.
+        QVERIFY(falla_de([&] {
+                    componga({{"N", "C", "Beto", 1'000'000}}, plantilla.arg("importe"));
+                }).contains("no cabe"));
     }
 
     void lo_impreso_sin_verlo_no_cambia_lo_que_se_propone_despues() {

@@ -264,6 +264,8 @@ private slots:
         p.detalle->FieldByName("CONC_COD").asigne("OFI");
         p.detalle->Post();
         TablaRejilla tabla(*p.rejilla);
+        p.rejilla->titulo_impreso = "Comprobante  %[Today]"; // la marca es solo de la hoja
+        QCOMPARE(tabla.titulo(), "Comprobante");
         QCOMPARE(tabla.columnas(), 6);
         QCOMPARE(tabla.columna(p.Cuenta).tipo, TipoExportable::Texto);
         QCOMPARE(tabla.columna(p.Debito).tipo, TipoExportable::Moneda);

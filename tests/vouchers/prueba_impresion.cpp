@@ -179,7 +179,7 @@ QMap<QString, QString> dice_cada_dato(SesionGui& s) {
         {"PORCENTAJE ITEM", "16.00"},
         {"DOCUMENTO ITEM", "000123"},
         {"DOCUMENTO APLICACION", "000124"},
-        {"DOCUMENTO VENCE", "2017/04/30"},
+        {"DOCUMENTO VENCE", "20170430"},
     };
 }
 

@@ -16,6 +16,7 @@ namespace {
 constexpr double kCuerpoMayor = 9;
 constexpr double kCuerpoComodo = 7;
 constexpr double kCuerpoMenor = 3;
+constexpr const char* kHoy = "%[Today]";
 const QColor kFondoTitulos(0xe4, 0xea, 0xf1);
 const QColor kFondoAlterno(0xf5, 0xf7, 0xfa);
 const QColor kRaya(0x66, 0x70, 0x7c);
@@ -95,8 +96,7 @@ QFont Impresion::fuente(double cuerpo, bool negrita) const {
 }
 
 QString Impresion::con_marcas(QString texto) const {
-    return texto.replace(QStringLiteral("%[Today]"),
-                         opciones_.hoy.toString(QStringLiteral("yyyy/MM/dd")));
+    return texto.replace(QLatin1String(kHoy), opciones_.hoy.toString(QStringLiteral("yyyy/MM/dd")));
 }
 
 // Anchos con ese cuerpo si los textos ceden hasta tantos caracteres; falso si la hoja no alcanza.
@@ -225,7 +225,10 @@ void Impresion::escriba_encabezado() {
     const double renglon = alto_renglon(letra_titulo_);
     double y = 0;
     pintor_.setPen(Qt::black);
-    const QString derecha = con_marcas(opciones_.encabezado_derecho);
+    const QString titulo = opciones_.encabezado.isEmpty() ? tabla_.titulo() : opciones_.encabezado;
+    // La fecha no sale dos veces.
+    const QString derecha =
+        titulo.contains(QLatin1String(kHoy)) ? QString() : con_marcas(opciones_.encabezado_derecho);
     pintor_.setFont(letra_pagina_);
     const double ancho_derecha =
         QFontMetricsF(letra_pagina_, &dispositivo_).horizontalAdvance(derecha);
@@ -248,7 +251,7 @@ void Impresion::escriba_encabezado() {
     };
     if (!opciones_.compania.isEmpty())
         escriba(opciones_.compania);
-    escriba(con_marcas(opciones_.encabezado.isEmpty() ? tabla_.titulo() : opciones_.encabezado));
+    escriba(con_marcas(titulo));
 }
 
 void Impresion::escriba_pie_pagina() {

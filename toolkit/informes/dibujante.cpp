@@ -304,6 +304,8 @@ QString Dibujante::dato(const Item& item) const {
             return formatee(Valor(c.texto), item);
         return c.clase == Cifra::Numero ? cifra(c.numero, item) : QString();
     } catch (const ErrorMoneda&) {
+        if (item.formato == Formato::Porcentaje) // contra una base de centavos no dice nada
+            return {};
         throw ErrorInforme(QStringLiteral("La fórmula \"%1\" del informe da una cifra que no cabe.")
                                .arg(item.formula.texto));
     }

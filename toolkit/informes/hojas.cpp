@@ -78,7 +78,7 @@ int Hojas::estilo(const Estilo& estilo) {
     return indice_de(estilos_, estilo);
 }
 
-const Letra& Hojas::letra(int estilo) {
+const Letra& Hojas::letra(int estilo) const {
     if (letras_.size() < size_t(estilos_.size()))
         letras_.resize(size_t(estilos_.size()));
     std::unique_ptr<Letra>& letra = letras_[size_t(estilo)];
@@ -230,9 +230,19 @@ QVector<Trazo> Hojas::lea(int pagina) const {
     return trazos;
 }
 
-namespace {
+double achique_de(const Trazo& texto, double ancho) {
+    constexpr double kAireDeCifra = 0.5; // mm entre una achicada y la columna vecina
+    constexpr double kHolgura = 1.0 / kPorMilimetro;
+    if (texto.grosor > 0)
+        return double(texto.grosor);
+    // Una cifra que no cabe en su columna se achica: nunca se monta sobre la de al lado.
+    const double cabe = texto.lugar.width();
+    if (texto.lado == Lado::Derecha && ancho > cabe + kHolgura && cabe > kAireDeCifra)
+        return (cabe - kAireDeCifra) / ancho;
+    return 1;
+}
 
-constexpr double kAireDeCifra = 0.5 * kPorMilimetro; ///< entre una achicada y la columna vecina
+namespace {
 
 QRectF en_unidades(const QRectF& mm) {
     return QRectF(mm.topLeft() * kPorMilimetro, mm.size() * kPorMilimetro);
@@ -246,11 +256,7 @@ void pinte_texto(QPainter& pintor, const Trazo& t) {
                          ? lugar.y() + (lugar.height() + medidas.ascent() - medidas.descent()) / 2
                          : lugar.y() + medidas.ascent();
     const double ancho = t.lado == Lado::Izquierda ? 0 : medidas.horizontalAdvance(t.texto);
-    double parte = t.grosor > 0 ? double(t.grosor) : 1;
-    // Una cifra que no cabe en su columna se achica: nunca se monta sobre la de al lado.
-    if (t.lado == Lado::Derecha && t.grosor <= 0 && ancho > lugar.width() + 1 &&
-        lugar.width() > kAireDeCifra)
-        parte = (lugar.width() - kAireDeCifra) / ancho;
+    const double parte = achique_de(t, ancho / kPorMilimetro);
     const double sobra = lugar.width() - ancho * parte;
     const double x = lugar.x() + (t.lado == Lado::Izquierda ? 0
                                   : t.lado == Lado::Derecha ? sobra

@@ -44,7 +44,7 @@ public:
     int estilo(const Estilo& estilo);
     /// Lo que mide la letra de un estilo de estas hojas. Medirla cuesta: sirve a todos los reportes
     /// de un trabajo.
-    const Letra& letra(int estilo);
+    const Letra& letra(int estilo) const;
     int imagen(const QImage& imagen);
     /// Una imagen como llegó (PNG, JPEG, BMP); -1 si no se puede leer.
     int imagen(const QByteArray& archivo);
@@ -93,7 +93,7 @@ private:
     QVector<Hoja> hojas_;
     QVector<Papel> papeles_;
     QVector<Estilo> estilos_;
-    std::vector<std::unique_ptr<Letra>> letras_; ///< por estilo; las que se han pedido
+    mutable std::vector<std::unique_ptr<Letra>> letras_; ///< por estilo; las que se han pedido
     QVector<Guardada> imagenes_;
     mutable QCache<int, QImage> a_la_mano_;      ///< las últimas que se dibujaron
     QVector<std::pair<qint64, int>> pendientes_; ///< dónde quedó cada texto y su largo
@@ -102,6 +102,9 @@ private:
     qint64 final_ = 0;
     bool abierta_ = false;
 };
+
+/// A qué parte de su tamaño se pinta un texto que mide `ancho` mm: 1 si cabe en su lugar.
+double achique_de(const Trazo& texto, double ancho);
 
 /// Unidades de dibujo por milímetro: las letras se miden con enteros sin perder precisión.
 constexpr int kPorMilimetro = 100;

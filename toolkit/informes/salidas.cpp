@@ -2,6 +2,7 @@
 
 #include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/archivo_salida.h"
+#include "toolkit/informes/letra.h"
 
 #include <QDir>
 #include <QFileDevice>
@@ -133,9 +134,10 @@ QVector<Renglon> renglones_de(const Hojas& hojas, int pagina) {
         }
         if (renglones.isEmpty() || renglones.last().raya || p.y - renglones.last().y > kMismaAltura)
             renglones << Renglon{p.y, false, {}};
-        const QRectF& l = p.trazo->lugar;
-        renglones.last().trozos << Trozo{l.x(), l.width(), p.trazo->lado, p.trazo->recurso,
-                                         p.trazo->texto};
+        const Trazo& t = *p.trazo;
+        const double ancho = hojas.letra(t.recurso).ancho(t.texto);
+        renglones.last().trozos << Trozo{t.lugar.x(), t.lugar.width(),      t.lado,
+                                         t.recurso,   achique_de(t, ancho), t.texto};
     }
     for (Renglon& r : renglones)
         std::stable_sort(r.trozos.begin(), r.trozos.end(), [](const Trozo& a, const Trozo& b) {

@@ -39,6 +39,7 @@ struct Trozo {
     double x, ancho;
     Lado lado;
     int estilo;
+    double achique; ///< a qué parte de su tamaño va la letra
     QString texto;
 };
 struct Renglon {

@@ -2,6 +2,7 @@
 #include "toolkit/exportacion/archivo_salida.h"
 #include "toolkit/informes/salidas.h"
 
+#include <QtMath>
 #include <cmath>
 
 namespace informes {
@@ -77,10 +78,10 @@ Celdas celdas_de(const Renglon& renglon, double ancho) {
 }
 
 /// Estilo de un texto, en la propia celda: los procesadores de texto no leen el de las clases.
-QString estilo_html(const Estilo& e) {
+QString estilo_html(const Estilo& e, double achique) {
     return QStringLiteral("font-family:'%1',sans-serif;font-size:%2pt;color:%3%4%5")
         .arg(e.letra.isEmpty() ? QStringLiteral("Liberation Sans") : e.letra)
-        .arg(e.cuerpo)
+        .arg(e.cuerpo * achique, 0, 'g', 4)
         .arg(e.color, e.negrita ? QStringLiteral(";font-weight:bold") : QString(),
              e.cursiva ? QStringLiteral(";font-style:italic") : QString());
 }
@@ -91,7 +92,8 @@ void escriba_html(const Hojas& hojas, ArchivoSalida& salida, Rango rango, const 
     salida.escriba(
         QStringLiteral("<!DOCTYPE html>\n<html lang=\"es\"><head><meta charset=\"utf-8\">"
                        "<title>%1</title>\n<style>\n.hoja{margin:8mm auto;page-break-after:always}"
-                       "\ntable{border-collapse:collapse;table-layout:fixed}\n"
+                       "\n.hoja:last-child{page-break-after:auto}\n"
+                       "table{border-collapse:collapse;table-layout:fixed}\n"
                        "td{padding:0;vertical-align:top;white-space:nowrap}\n"
                        "hr{border:0;border-top:1px solid #000;margin:1px 0}\n</style></head>"
                        "<body>\n")
@@ -134,7 +136,7 @@ void escriba_html(const Hojas& hojas, ArchivoSalida& salida, Rango rango, const 
                                        "</span></td>")
                             .arg(por_ciento(celdas.bordes[2 * i + 1]),
                                  QLatin1String(lados[int(t.lado)]),
-                                 estilo_html(hojas.estilo_de(t.estilo)),
+                                 estilo_html(hojas.estilo_de(t.estilo), t.achique),
                                  t.texto.toHtmlEscaped().replace(QLatin1Char('\n'),
                                                                  QLatin1String("<br>")));
             }
@@ -211,13 +213,16 @@ void escriba_rtf(const Hojas& hojas, ArchivoSalida& salida, Rango rango) {
             for (const Trozo& t : r.trozos) {
                 const Estilo& e = hojas.estilo_de(t.estilo);
                 parrafo += QStringLiteral("\\tab{\\fs%1%2%3 ")
-                               .arg(qRound(e.cuerpo * 2))
+                               .arg(qFloor(e.cuerpo * t.achique *
+                                           2)) // hacia abajo: más grande, corre al que le sigue
                                .arg(e.negrita ? QStringLiteral("\\b") : QString(),
                                     e.cursiva ? QStringLiteral("\\i") : QString()) +
                            escape_rtf(t.texto) + QLatin1Char('}');
             }
             salida.escriba(parrafo + QStringLiteral("\\par\n"));
         }
+        if (raya) // sin renglón que la lleve
+            salida.escriba(QStringLiteral("\\pard\\brdrt\\brdrs\\brdrw5\\fs2\\par\n"));
     }
     salida.escriba(QStringLiteral("}\n"));
 }

@@ -213,7 +213,7 @@ void RejillaCubo::guarde() {
     if (QFileInfo::exists(ruta) &&
         !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
         return;
-    TablaDeCubo tabla(modelo_, nombre_archivo);
+    TablaDeCubo tabla(modelo_, titulo_impreso.isEmpty() ? nombre_archivo : titulo_impreso);
     exporte(tabla, formato, ruta);
 }
 

@@ -14,6 +14,7 @@ public:
     ModeloCubo& modelo() { return modelo_; }
     QString texto_vacio; ///< lo que dice sin hechos
     QString nombre_archivo = QStringLiteral("Cubo");
+    QString titulo_impreso; ///< encabezado del archivo; vacío, su nombre
 
     /// Calcula y muestra, y vuelve a la fila y la columna en que estaba.
     void disponga(const Cubo& cubo, const DisposicionCubo& disposicion);

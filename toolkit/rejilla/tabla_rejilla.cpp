@@ -16,8 +16,9 @@ TablaRejilla::TablaRejilla(const Rejilla& rejilla) : rejilla_(rejilla) {
 }
 
 QString TablaRejilla::titulo() const {
+    // La fecha es de la hoja impresa: el archivo ya tiene la suya.
     if (!rejilla_.titulo_impreso.isEmpty())
-        return rejilla_.titulo_impreso;
+        return QString(rejilla_.titulo_impreso).remove(QStringLiteral("%[Today]")).trimmed();
     // El título de la pantalla, que es una ventana hija, y no el del programa.
     for (const QWidget* w = &rejilla_; w; w = w->parentWidget())
         if (!w->windowTitle().isEmpty())
