@@ -46,9 +46,10 @@ void complete_activo(Conexion& c, const ActivoDemo& a, const DepreciacionDemo& d
                   {Valor(a.codigo), Valor(libro), Valor(clase), Valor(fecha), Valor(mes),
                    Valor(valor), comprobante});
     };
-    const QString antes = QString("%1%2").arg(ano - 1).arg("1231");
-    hecho("2649", "I", antes, (ano - 1) * 12 + 12, a.inicial, {});
-    hecho("NIIF", "I", antes, (ano - 1) * 12 + 12, a.inicial_niif, {});
+    for (const auto& [libro, valor] : {std::pair("2649", a.inicial), {"NIIF", a.inicial_niif}})
+        c.ejecute("insert into activos_inicial (acfj_cod, acin_libro, acin_hasta, acin_valor)"
+                  " values (?, ?, ?, ?)",
+                  {Valor(a.codigo), Valor(libro), Valor(QDate(ano - 1, 12, 31)), Valor(valor)});
     const auto meses = c.abra("select enco_consec, enco_fecha from comprobante_encabezado where"
                               " tico_cod = 'DP' order by enco_fecha");
     while (meses->siguiente()) {
