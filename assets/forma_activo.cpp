@@ -32,16 +32,20 @@ FormaActivo::FormaActivo(Modo modo)
                   "SELECT * FROM ACTIVOS_CENTROS WHERE ACFJ_COD = :ACFJ_COD ORDER BY ACCE_ITEM"),
       TActfoto(this, "TActfoto", fdm().Quorvex,
                "SELECT * FROM ACTIVOS_FOTOS WHERE ACFJ_COD = :ACFJ_COD"),
+      TActinicial(this, "TActinicial", fdm().Quorvex,
+                  "SELECT * FROM ACTIVOS_INICIAL WHERE ACFJ_COD = :ACFJ_COD ORDER BY ACIN_LIBRO"),
       PActivo(this, "PActivo", &TActivo, poCascadeDeletes | poCascadeUpdates),
       PGrupos(this, "PGrupos", &sentencia_de_grupos()),
       PBorrar(this, "PBorrar", &fdm().QBorrar, poAllowCommandText),
       CActivo(this, "CActivo", &PActivo), CCentros(this, "CCentros"), CFoto(this, "CFoto"),
-      CGrupos(this, "CGrupos", &PGrupos), CSubgrupos(this, "CSubgrupos"),
-      CBorrar(this, "CBorrar", &PBorrar), modo_(modo) {
+      CInicial(this, "CInicial"), CGrupos(this, "CGrupos", &PGrupos),
+      CSubgrupos(this, "CSubgrupos"), CBorrar(this, "CBorrar", &PBorrar), modo_(modo) {
     TActcentros.enlace_maestra(&TActivo, {"ACFJ_COD"});
     TActfoto.enlace_maestra(&TActivo, {"ACFJ_COD"});
+    TActinicial.enlace_maestra(&TActivo, {"ACFJ_COD"});
     CCentros.anide_en(&CActivo, &TActcentros);
     CFoto.anide_en(&CActivo, &TActfoto);
+    CInicial.anide_en(&CActivo, &TActinicial);
     CSubgrupos.anide_en(&CGrupos, &sentencia_de_subgrupos());
     defina_campos();
     construya();
@@ -87,6 +91,14 @@ void FormaActivo::defina_campos() {
         if (CCentros.FieldByName("ACCE_PROY").vacio())
             CCentros.Cancel();
     };
+    CInicial.texto("ACFJ_COD", 15).banderas(kLlave);
+    CInicial.texto("ACIN_LIBRO", 4).banderas(kLlave).etiqueta("Libro").defecto("2649");
+    CInicial.fecha("ACIN_HASTA").requerido().etiqueta("Hasta");
+    CInicial.decimal("ACIN_VALOR").requerido().formato("#,###.00").etiqueta("Depreciado");
+    CInicial.entero("ACIN_UNIDADES").etiqueta("Unidades").defecto("0");
+    CInicial.AfterInsert = [this] {
+        CInicial.FieldByName("ACFJ_COD") = CActivo.FieldByName("ACFJ_COD").texto();
+    };
     CFoto.texto("ACFJ_COD", 15).banderas(kLlave);
     CFoto.blob("ACFO_FOTO");
 }
@@ -117,6 +129,7 @@ void FormaActivo::construya() {
     PageControl1->addTab(pagina_niif(), "NIIF");
     if (modo_ == Editar)
         PageControl1->addTab(pagina_centros(), "Centros de costo");
+    PageControl1->addTab(pagina_inicial(), "Depreciado antes");
     PageControl1->addTab(pagina_foto(), "Foto");
 
     auto* barra = new BarraBotones(this);
@@ -230,6 +243,23 @@ QWidget* FormaActivo::pagina_centros() {
         });
     };
     Formulario(pagina).ancha(DBGridEh1);
+    return pagina;
+}
+
+QWidget* FormaActivo::pagina_inicial() {
+    auto* pagina = new QWidget;
+    DBGridEh2 = nombrado(new Rejilla(pagina, &CInicial), "DBGridEh2");
+    DBGridEh2->setAccessibleName("Lo que el activo traía depreciado en cada libro");
+    DBGridEh2->columnas({{"ACIN_LIBRO", "Libro", 16},
+                         {"ACIN_HASTA", "Hasta", 12},
+                         {"ACIN_VALOR", "Depreciado", 18},
+                         {"ACIN_UNIDADES", "Unidades", 10}});
+    DBGridEh2->lista("ACIN_LIBRO", {"Norma local", "NIIF"}, {"2649", "NIIF"});
+    DBGridEh2->enter_como_tab = true;
+    DBGridEh2->texto_vacio =
+        "Lo que traía al llegar al programa: se deprecia de ahí en adelante. No hace comprobante, "
+        "porque su acumulado ya está en los saldos iniciales. Insert lo agrega.";
+    Formulario(pagina).ancha(DBGridEh2);
     return pagina;
 }
 
@@ -385,6 +415,7 @@ void FormaActivo::quite_foto() {
 
 void FormaActivo::SBGrabarClick() {
     CCentros.CheckBrowseMode();
+    CInicial.CheckBrowseMode();
     CFoto.CheckBrowseMode();
     CActivo.Post();
     if (CActivo.ApplyUpdates(0) == 0)
@@ -401,7 +432,7 @@ bool FormaActivo::hay_por_perder() const {
     if (CActivo.State() == Estado::Insercion && vacio("ACFJ_COD") && vacio("ACFJ_DESC"))
         return false;
     return CActivo.Active() && (CActivo.ChangeCount() > 0 || CActivo.Modified() ||
-                                CCentros.Modified() || CFoto.Modified());
+                                CCentros.Modified() || CInicial.Modified() || CFoto.Modified());
 }
 
 bool FormaActivo::FormClose() {

@@ -22,11 +22,12 @@ public:
     void FormActivate() override;
     bool FormClose() override;
 
-    Sentencia TActivo, TActcentros, TActfoto;
+    Sentencia TActivo, TActcentros, TActfoto, TActinicial;
     Proveedor PActivo, PGrupos, PBorrar;
-    ConjuntoDatos CActivo, CCentros, CFoto, CGrupos, CSubgrupos, CBorrar;
+    ConjuntoDatos CActivo, CCentros, CFoto, CInicial, CGrupos, CSubgrupos, CBorrar;
     QTabWidget* PageControl1;
     Rejilla* DBGridEh1 = nullptr; ///< el reparto por centros; solo al editar
+    Rejilla* DBGridEh2;           ///< lo que traía depreciado en cada libro
 
     /// Pone de foto la imagen del archivo. Lanza ErrorDatos si no lo es.
     void cargue_foto(const QString& ruta);
@@ -37,6 +38,7 @@ private:
     QWidget* pagina_local();
     QWidget* pagina_niif();
     QWidget* pagina_centros();
+    QWidget* pagina_inicial();
     QWidget* pagina_foto();
     QWidget* cuenta(const char* columna, const char* marca, Libro libro);
     void busque_cuenta(const char* columna, Libro libro, const QString& texto);

@@ -114,11 +114,11 @@ void Tfcalculadep::CDepunidadBeforePost() {
 
 void Tfcalculadep::SpeedButton3Click() {
     CDepunidad.CheckBrowseMode();
-    if (deje_las_que_no_produjeron())
+    if (acepte_las_que_no_produjeron())
         grabe();
 }
 
-bool Tfcalculadep::deje_las_que_no_produjeron() {
+bool Tfcalculadep::acepte_las_que_no_produjeron() {
     const Campo& unidades = CDepunidad.FieldByName("DEPU_UNIDADES");
     QVector<int> paradas;
     for (int i = CDepunidad.RecordCount() - 1; i >= 0; --i)
@@ -138,9 +138,5 @@ bool Tfcalculadep::deje_las_que_no_produjeron() {
         DBGridEh1->setFocus();
         return false;
     }
-    for (const int fila : std::as_const(paradas)) {
-        CDepunidad.vaya_a(fila);
-        CDepunidad.Delete();
-    }
-    return true;
+    return true; // se graban en cero: si la base rehúsa, siguen ahí para digitarlas
 }

@@ -26,7 +26,7 @@ private:
     bool pida_unidades();
     void CDepunidadBeforePost();
     void SpeedButton3Click();
-    bool deje_las_que_no_produjeron();
+    bool acepte_las_que_no_produjeron();
 
     QWidget* Panel2 = nullptr;
     QPushButton* SpeedButton3 = nullptr;

@@ -1,7 +1,8 @@
 // bench [medida ...]: apertura, guardado, celdas, pegado, plan, balance, auxiliar, lista, informe,
-// masiva, estados, definible, anual, cubo, terceros, medio, cierre, depreciacion, contabilizacion,
-// importacion, reemplazo, recalculo, traslado, teclado; sin argumentos, todas. Cada una corre en un
-// proceso propio: su memoria máxima es la suya. Sale con 1 si alguna no cumple.
+// masiva, estados, cerrado, definible, anual, cubo, terceros, medio, cierre, depreciacion,
+// contabilizacion, importacion, reemplazo, recalculo, traslado, teclado; sin argumentos, todas.
+// Cada una corre en un proceso propio: su memoria máxima es la suya. Sale con 1 si alguna no
+// cumple.
 #include "bench/medidas.h"
 #include "datos/firebird/errores.h"
 
@@ -26,6 +27,7 @@ int main(int argc, char** argv) {
         {"informe", mida_informe},
         {"masiva", mida_masiva},
         {"estados", mida_estados},
+        {"cerrado", mida_cerrado},
         {"definible", mida_definible},
         {"anual", mida_anual},
         {"cubo", mida_cubo},

@@ -38,6 +38,7 @@ void mida_lista();
 void mida_informe();
 void mida_masiva();
 void mida_estados();
+void mida_cerrado();
 void mida_definible();
 void mida_anual();
 void mida_cubo();

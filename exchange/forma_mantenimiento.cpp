@@ -270,6 +270,11 @@ void FormaMantenimiento::trabaje(const QString& aviso,
         barra->texto(windowTitle() + ": " + hecho.cuantos());
 }
 
+void FormaMantenimiento::pida_revision(QWidget* donde, const QString& cuenta) {
+    fdm().mostrar_advertencia("Revise lo que exige la cuenta " + cuenta + " y oprima F2 otra vez.");
+    donde->setFocus();
+}
+
 void FormaMantenimiento::rehuse(QWidget* donde, const QString& texto) {
     if (!texto.isEmpty())
         muestre_mensaje(texto);

@@ -64,6 +64,8 @@ protected:
     /// Muestra el aviso, corre el trabajo y pasa a los saldos lo que haya dejado.
     void trabaje(const QString& aviso, const std::function<CifrasMantenimiento()>& trabajo);
     void anuncie(const QString& texto);
+    /// F2 leyó lo que hay que mirar antes de seguir: lo dice y lleva allá.
+    void pida_revision(QWidget* donde, const QString& cuenta);
     /// Dice qué está mal, si no se ha dicho ya, y deja la pantalla como estaba.
     [[noreturn]] void rehuse(QWidget* donde, const QString& texto);
 

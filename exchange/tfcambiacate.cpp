@@ -37,6 +37,8 @@ bool Tfcambiacate::corra() {
     // F2 no saca de la caja: las casillas pueden ser todavía las de otra.
     if (leida_ != std::pair(libro(), cuenta)) {
         Edit1Exit(cuenta);
+        if (leida_)
+            pida_revision(ckter, cuenta);
         return false;
     }
     const IndicadoresCuenta i{ckter->isChecked(), ckcen->isChecked(), ckret->isChecked()};

@@ -65,6 +65,9 @@ bool Tfcreactamov::corra() {
     // F2 no saca de la caja: lo de la cuenta mayor puede ser todavía de otra.
     if (leida_ != std::pair(libro(), n.cuenta)) {
         CUEN_CODChange(n.cuenta);
+        if (leida_)
+            pida_revision(n.nombre.isEmpty() ? static_cast<QWidget*>(CUEN_NOM) : CUEN_TERCERO,
+                          n.cuenta);
         return false;
     }
     if (n.nombre.isEmpty())

@@ -37,9 +37,11 @@ void complete_activo(Conexion& c, const ActivoDemo& a, const DepreciacionDemo& d
                   {Valor(d.activo), Valor(libro), Valor(clase), Valor(fecha), Valor(mes),
                    Valor(valor), comprobante});
     };
-    const QString antes = QString("%1%2").arg(ano - 1).arg("1231");
-    hecho("2649", "I", antes, (ano - 1) * 12 + 12, d.inicial(false), {});
-    hecho("NIIF", "I", antes, (ano - 1) * 12 + 12, d.inicial(true), {});
+    for (const auto& [libro, valor] :
+         {std::pair("2649", d.inicial(false)), {"NIIF", d.inicial(true)}})
+        c.ejecute("insert into activos_inicial (acfj_cod, acin_libro, acin_hasta, acin_valor)"
+                  " values (?, ?, ?, ?)",
+                  {Valor(d.activo), Valor(libro), Valor(QDate(ano - 1, 12, 31)), Valor(valor)});
     const auto meses = c.abra("select enco_consec, enco_fecha from comprobante_encabezado where"
                               " tico_cod = 'DP' order by enco_fecha");
     while (meses->siguiente()) {

@@ -8,8 +8,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <cerrno>
 #include <cstdio>
+#include <fcntl.h>
 #include <optional>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace {
@@ -25,9 +28,22 @@ void exija_sola(const ParametrosConexion& base) {
                              .arg(otras.join(QStringLiteral(", "))));
 }
 
-/// Una base que ya no abre no la está usando nadie: es la que hay que reemplazar.
+/// La que este motor no abre, que es la que hay que reemplazar.
 bool inservible(const ErrorBase& falla) {
     return falla.clase() == ClaseFalla::BaseDanada || falla.clase() == ClaseFalla::OtraVersion;
+}
+
+/// Esa no dice quién está en ella, y un motor de su versión puede tenerla abierta: todos retienen
+/// el archivo mientras tanto. Un disco que no sabe de bloqueos no contesta, y se sigue.
+void exija_suelta(const QString& ruta) {
+    const int archivo = ::open(QFile::encodeName(ruta).constData(), O_RDONLY | O_CLOEXEC);
+    if (archivo < 0)
+        return;
+    const bool tomada = ::flock(archivo, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    ::close(archivo);
+    if (tomada)
+        throw ErrorDatos(QStringLiteral("La base de datos está en uso por otro programa, de otra "
+                                        "versión del motor. Ciérrelo e intente de nuevo."));
 }
 
 ParametrosConexion con_sufijo(const ParametrosConexion& base, const QString& sufijo) {
@@ -122,6 +138,7 @@ QMap<QString, QString> restaure_aqui(const QString& archivo, const ParametrosCon
             } catch (const ErrorBase& e) {
                 if (!inservible(e))
                     throw;
+                exija_suelta(ruta);
             }
         } catch (...) {
             QFile::remove(lista); // la base sigue en uso y no hizo falta

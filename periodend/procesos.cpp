@@ -42,8 +42,10 @@ const DatosProceso& cierre_anual() {
         .sin_prefijos = "Debe registrar antes los prefijos para el documento %1",
         .nombra_tipo = true,
         .haciendo = "Cancelando las cuentas de resultados...",
-        .nota = "Cancela las clases 4 a 7 por cuenta, tercero y centro contra la utilidad o la "
-                "pérdida del ejercicio. El comprobante lleva la fecha que se indique."};
+        .nota =
+            "Cancela las clases 4 a 7 por cuenta, tercero y centro contra la utilidad o la "
+            "pérdida del ejercicio. El comprobante lleva la fecha que se indique; en el período "
+            "de ajustes diciembre se puede seguir consultando sin cerrar."};
     return d;
 }
 

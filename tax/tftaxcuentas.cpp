@@ -32,8 +32,9 @@ Tftaxcuentas::Tftaxcuentas() : RejillaConfiguracion("Tftaxcuentas", "Cuentas del
          "TaxCuentas");
     DBGridEh1->lista("TAXC_TIPO",
                      {"Saldo", "Movimiento del año", "Débitos del año", "Créditos del año",
-                      "Saldo, al crédito", "Movimiento, al crédito"},
-                     {"1", "2", "3", "4", "-1", "-2"});
+                      "Saldo anterior al año", "Saldo, al crédito", "Movimiento, al crédito",
+                      "Saldo anterior, al crédito"},
+                     {"1", "2", "3", "4", "5", "-1", "-2", "-5"});
     tamano(760, 420);
 }
 

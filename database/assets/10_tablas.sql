@@ -57,6 +57,16 @@ CREATE TABLE ACTIVOS_FIJOS_VALOR (
   ENCO_NUMERO varchar(8)
 );
 
+-- Lo que un activo ya traía depreciado en un libro cuando llegó al programa, hasta el mes de
+-- ACIN_HASTA. No hace comprobante: el acumulado ya viene en los saldos iniciales.
+CREATE TABLE ACTIVOS_INICIAL (
+  ACFJ_COD D_ARTICULO NOT NULL,
+  ACIN_LIBRO varchar(4) NOT NULL,
+  ACIN_HASTA date NOT NULL,
+  ACIN_VALOR D_MONEDA NOT NULL,
+  ACIN_UNIDADES integer DEFAULT 0 NOT NULL
+);
+
 -- Foto del activo; aparte de la ficha, para que las listas no la carguen.
 CREATE TABLE ACTIVOS_FOTOS (
   ACFJ_COD D_ARTICULO NOT NULL,

@@ -39,6 +39,20 @@ BEGIN
     + iif(extract(day FROM ENTRADA) <= 15, 0, 1);
 END^
 
+-- Unidades u horas que a un activo le quedan por producir, en el libro en que más le queden.
+CREATE OR ALTER FUNCTION UNIDADES_QUE_RESTAN (CODIGO varchar(15))
+RETURNS integer
+AS
+BEGIN
+  RETURN (SELECT maxvalue(coalesce(A.ACFJ_MESDEP, 0), coalesce(A.ACFJ_DEPNIIF, 0))
+      - coalesce(maxvalue(sum(iif(D.DEDE_LIBRO = '2649', D.DEDE_UNIDADES, 0)),
+          sum(iif(D.DEDE_LIBRO = 'NIIF', D.DEDE_UNIDADES, 0))), 0)
+    FROM ACTIVOS_FIJOS A
+    LEFT JOIN DEPRECIACION_DETALLE D ON D.ACFJ_COD = A.ACFJ_COD AND D.DEDE_CLASE IN ('D', 'I')
+    WHERE A.ACFJ_COD = :CODIGO
+    GROUP BY A.ACFJ_MESDEP, A.ACFJ_DEPNIIF);
+END^
+
 -- Valor en libros de un activo al fin de una fecha ("aaaammdd"). NIIF "S" lo da en el libro NIIF;
 -- lo demás, en la norma local. Un activo dado de baja vale 0. La llaman Tfedtactivo y Tfvalactivo.
 CREATE OR ALTER PROCEDURE ACTIVO_VALOR (CODIGO varchar(15), FECHA varchar(8), NIIF char(1))

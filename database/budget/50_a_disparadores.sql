@@ -84,7 +84,8 @@ BEGIN
 END^
 
 -- La cuenta MAYOR que recibe su primer auxiliar deja de ser afectable: lo presupuestado en ella
--- pasa a él, y ella queda como suma con lo mismo. Interna de los disparadores.
+-- pasa a él, y ella queda como suma con lo mismo. Si ya tiene otro, nadie sabe de cuál es: se queda
+-- donde está y la verificación lo nombra. Interna de los disparadores y de las sumas.
 CREATE OR ALTER PROCEDURE PASE_PRESUPUESTO (MAYOR varchar(20), AUXILIAR varchar(20))
 AS
   DECLARE ANO varchar(4);
@@ -95,6 +96,9 @@ BEGIN
   FOR
     SELECT PRES_ANO, PRES_PERIODO, PRES_DEBITO, PRES_CREDITO FROM PRESUPUESTO
     WHERE CUEN_COD = :MAYOR AND PRES_AFECTA = 'S'
+      AND NOT EXISTS (SELECT 1 FROM CUENTAS C
+        WHERE C.CUEN_COD STARTING WITH :MAYOR AND C.CUEN_COD NOT IN (:MAYOR, :AUXILIAR)
+          AND C.CUEN_AFECTABLE = 'S')
     INTO :ANO, :PERIODO, :DEBITO, :CREDITO
   DO
   BEGIN

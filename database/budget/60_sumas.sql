@@ -1,10 +1,23 @@
--- Las sumas que dejó una versión anterior, dobladas o sin filas debajo, se rehacen.
+-- Las sumas que dejó una versión anterior, dobladas o sin filas debajo, se rehacen. Antes, la mayor
+-- que quedó digitada le pasa lo suyo a su auxiliar, si es uno solo.
 
 SET TERM ^ ;
 
 EXECUTE BLOCK
 AS
+  DECLARE MAYOR varchar(20);
+  DECLARE AUXILIAR varchar(20);
 BEGIN
+  FOR
+    SELECT P.CUEN_COD, min(C.CUEN_COD)
+    FROM (SELECT DISTINCT CUEN_COD FROM PRESUPUESTO WHERE PRES_AFECTA = 'S') P
+    JOIN CUENTAS C ON C.CUEN_COD STARTING WITH P.CUEN_COD AND C.CUEN_COD <> P.CUEN_COD
+      AND C.CUEN_AFECTABLE = 'S'
+    GROUP BY P.CUEN_COD
+    HAVING count(*) = 1
+    INTO :MAYOR, :AUXILIAR
+  DO
+    EXECUTE PROCEDURE PASE_PRESUPUESTO(MAYOR, AUXILIAR);
   DELETE FROM PRESUPUESTO WHERE PRES_AFECTA <> 'S';
   INSERT INTO PRESUPUESTO (PRES_ANO, PRES_PERIODO, CUEN_COD, PRES_DEBITO, PRES_CREDITO,
     PRES_AFECTA)

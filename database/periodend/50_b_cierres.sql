@@ -45,12 +45,13 @@ BEGIN
   END
 END^
 
--- Si las clases 4 a 7 se movieron después de diciembre. Interna de REVISE_CIERRE_ANUAL.
+-- Si las clases 4 a 7 se movieron después de diciembre sin contar un cierre. Interna de
+-- REVISE_CIERRE_ANUAL.
 CREATE OR ALTER FUNCTION HAY_RESULTADOS_DE_AJUSTES{_NIIF} (ANO char(4))
 RETURNS boolean
 AS
 BEGIN
-  RETURN EXISTS (SELECT 1 FROM VISTA_SALDOS_CUENTA{_NIIF}
+  RETURN EXISTS (SELECT 1 FROM VISTA_SALDOS_SIN_CIERRE{_NIIF}
     WHERE CUEN_COD >= '4' AND CUEN_COD < '8' AND SALD_ANO = :ANO AND SALD_MES > 12
     GROUP BY CUEN_COD HAVING sum(SALD_DEBITO - SALD_CREDITO) <> 0);
 END^
@@ -90,8 +91,8 @@ BEGIN
 END^
 --</LIBROS>
 
--- Negativas del cierre anual: mes que no es del fin del año, diciembre cuando los ajustes también
--- tienen resultados, y otro cierre de un libro del mismo alcance. Interna de CIERRE_ANUAL.
+-- Negativas del cierre anual: mes que no es del fin del año, otro cierre de un libro del mismo
+-- alcance, y diciembre cuando los ajustes también tienen resultados. Interna de CIERRE_ANUAL.
 CREATE OR ALTER PROCEDURE REVISE_CIERRE_ANUAL (FECHA varchar(8), ALCANCE char(1))
 AS
   DECLARE ANO char(4);
@@ -102,11 +103,6 @@ BEGIN
   IF (substring(FECHA FROM 5 FOR 2) < '12') THEN
     EXCEPTION PROCESO_INCOMPLETO 'El cierre anual se hace en diciembre o en el período de ajustes; '
       || 'la fecha ' || FECHA_CON_BARRAS(FECHA) || ' no es de ninguno de los dos.';
-  IF (substring(FECHA FROM 5 FOR 2) = '12'
-    AND ((ALCANZA_LIBRO(ALCANCE, '2649') AND HAY_RESULTADOS_DE_AJUSTES(ANO))
-      OR (ALCANZA_LIBRO(ALCANCE, 'NIIF') AND HAY_RESULTADOS_DE_AJUSTES_NIIF(ANO)))) THEN
-    EXCEPTION PROCESO_INCOMPLETO 'Las cuentas de resultados tienen movimiento en el período de '
-      || 'ajustes de ' || ANO || ': haga en él el cierre.';
   SELECT FIRST 1 ENCO_CONSEC, CIAN_NIIF FROM CIERRE_ANUAL
   WHERE CIAN_FECHA STARTING WITH :ANO AND (CIAN_NIIF = :ALCANCE OR 'A' IN (CIAN_NIIF, :ALCANCE))
   ORDER BY CIAN_ID
@@ -123,6 +119,11 @@ BEGIN
   IF (LIBROS IS NOT NULL) THEN
     EXCEPTION PROCESO_REPETIDO 'Un año posterior a ' || ANO || ' ya tiene cierre (comprobante '
       || NOMBRE_COMPROBANTE(OTRO) || '). Elimínelo antes de cerrar ' || ANO || '.';
+  IF (substring(FECHA FROM 5 FOR 2) = '12'
+    AND ((ALCANZA_LIBRO(ALCANCE, '2649') AND HAY_RESULTADOS_DE_AJUSTES(ANO))
+      OR (ALCANZA_LIBRO(ALCANCE, 'NIIF') AND HAY_RESULTADOS_DE_AJUSTES_NIIF(ANO)))) THEN
+    EXCEPTION PROCESO_INCOMPLETO 'Las cuentas de resultados tienen movimiento en el período de '
+      || 'ajustes de ' || ANO || ': haga en él el cierre.';
 END^
 
 -- El comprobante lleva la fecha del cierre, de diciembre o de los ajustes. Lo que habla del

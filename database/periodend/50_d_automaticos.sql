@@ -3,9 +3,10 @@
 SET TERM ^ ;
 
 -- Líneas de un concepto en un período, sin la de cierre. La base de una es el saldo o movimiento
--- del mes de su cuenta base con todas sus auxiliares: INI, DEB, CRE, NET (débitos menos créditos) o
--- FIN, sin signo. Un monto fijo manda sobre la base; PORC distinto de cero, sobre el porcentaje.
--- Los centavos se redondean línea a línea. Interna de LINEAS_REGIAUTO.
+-- del mes de su cuenta base, que se digita afectable (si después recibió auxiliares, el de todas):
+-- INI, DEB, CRE, NET (débitos menos créditos) o FIN, sin signo. Un monto fijo manda sobre la base;
+-- PORC distinto de cero, sobre el porcentaje. Los centavos se redondean línea a línea. Interna de
+-- LINEAS_REGIAUTO.
 CREATE OR ALTER PROCEDURE LINEAS_CONCEPTO (
   CONCEPTO varchar(4), ANO varchar(4), MES smallint, PORC numeric(15,4))
 RETURNS (ITEM integer, CUENTA varchar(20), NIT varchar(20), PROY varchar(4), CENTRO varchar(4),

@@ -443,16 +443,18 @@ BEGIN
       SELECT CODIGO, NOMBRE, NIVEL, MVENE, MVFEB, MVMAR, MVABR, MVMAY, MVJUN, MVJUL, MVAGO, MVSEP,
         MVOCT, MVNOV, MVDIC, MVCIE
       FROM BALANCE_ANUAL_NIIF(:ANO, '4', '7', 'N', 'N', 'S') WHERE :NIIF = 'S'),
+    -- La clase va otra vez, sumada a la utilidad: el año se lee una sola.
     FILA AS (
-      SELECT CODIGO, NOMBRE, NIVEL, NATURALEZA(CODIGO) SIGNO, MVENE, MVFEB, MVMAR, MVABR, MVMAY,
-        MVJUN, MVJUL, MVAGO, MVSEP, MVOCT, MVNOV, MVDIC, MVCIE
-      FROM ANUAL
-      UNION ALL
-      SELECT 'Z', 'Utilidad o pérdida', 0, -1, sum(MVENE), sum(MVFEB), sum(MVMAR), sum(MVABR),
-        sum(MVMAY), sum(MVJUN), sum(MVJUL), sum(MVAGO), sum(MVSEP), sum(MVOCT), sum(MVNOV),
-        sum(MVDIC), sum(MVCIE)
-      FROM ANUAL WHERE NIVEL = 1
-      HAVING count(*) > 0)
+      SELECT iif(V.N = 1, A.CODIGO, 'Z') CODIGO,
+        iif(V.N = 1, A.NOMBRE, 'Utilidad o pérdida') NOMBRE,
+        iif(V.N = 1, A.NIVEL, 0) NIVEL, iif(V.N = 1, NATURALEZA(A.CODIGO), -1) SIGNO,
+        sum(MVENE) MVENE, sum(MVFEB) MVFEB, sum(MVMAR) MVMAR, sum(MVABR) MVABR, sum(MVMAY) MVMAY,
+        sum(MVJUN) MVJUN, sum(MVJUL) MVJUL, sum(MVAGO) MVAGO, sum(MVSEP) MVSEP, sum(MVOCT) MVOCT,
+        sum(MVNOV) MVNOV, sum(MVDIC) MVDIC, sum(MVCIE) MVCIE
+      FROM ANUAL A
+      LEFT JOIN (SELECT 1 N FROM RDB$DATABASE UNION ALL SELECT 2 FROM RDB$DATABASE) V
+        ON V.N = 1 OR A.NIVEL = 1
+      GROUP BY 1, 2, 3, 4)
     SELECT CODIGO, NOMBRE, NIVEL, SIGNO * MVENE, SIGNO * MVFEB, SIGNO * MVMAR, SIGNO * MVABR,
       SIGNO * MVMAY, SIGNO * MVJUN, SIGNO * MVJUL, SIGNO * MVAGO, SIGNO * MVSEP, SIGNO * MVOCT,
       SIGNO * MVNOV, SIGNO * MVDIC, SIGNO * MVCIE

@@ -7,7 +7,9 @@
 #include <QFileInfo>
 #include <QtEndian>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace {
@@ -50,6 +52,30 @@ bool lo_tiene_otra(int archivo) {
     return tomado(0, propio) || tomado(propio + 1, kOctetos - propio - 1);
 }
 
+/// La cuenta de este equipo que retiene el archivo, si no es esta; vacía si el sistema no lo dice.
+QString cuenta_que_lo_tiene(int archivo) {
+    struct stat cual {};
+    QFile bloqueos(QStringLiteral("/proc/locks"));
+    if (::fstat(archivo, &cual) != 0 || !bloqueos.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray nombre =
+        QByteArray::number(uint(major(cual.st_dev)), 16).rightJustified(2, '0') + ':' +
+        QByteArray::number(uint(minor(cual.st_dev)), 16).rightJustified(2, '0') + ':' +
+        QByteArray::number(quint64(cual.st_ino));
+    // "1: FLOCK  ADVISORY  READ 1234 fe:00:5455941 0 EOF": el quinto es el proceso.
+    for (const QByteArray& renglon : bloqueos.readAll().split('\n')) {
+        const QByteArrayList partes = renglon.simplified().split(' ');
+        struct stat proceso {};
+        if (partes.size() < 6 || partes[5] != nombre ||
+            ::stat(("/proc/" + partes[4]).constData(), &proceso) != 0 ||
+            proceso.st_uid == ::geteuid())
+            continue;
+        if (const passwd* cuenta = ::getpwuid(proceso.st_uid))
+            return QString::fromLocal8Bit(cuenta->pw_name);
+    }
+    return {};
+}
+
 } // namespace
 
 namespace fbc {
@@ -69,8 +95,11 @@ CuentaUnica aparte_para_esta_cuenta(const QString& base) {
     struct flock64 propio = tramo(F_RDLCK, octeto_propio(), 1);
     if (lo_tiene_otra(archivo) ||
         (::fcntl(archivo, F_OFD_SETLK, &propio) == 0 && lo_tiene_otra(archivo))) {
-        const QString texto = QStringLiteral("La base está abierta desde otra cuenta o equipo: "
-                                             "para compartirla use un servidor.");
+        const QString quien = cuenta_que_lo_tiene(archivo);
+        const QString texto =
+            QStringLiteral("La base está abierta desde %1: para compartirla use un servidor.")
+                .arg(quien.isEmpty() ? QStringLiteral("otra cuenta o equipo")
+                                     : "la cuenta " + quien + " de este equipo");
         throw ErrorBase({ClaseFalla::EnUso}, QStringLiteral("dbExpress Error: ") + texto, {},
                         texto);
     }

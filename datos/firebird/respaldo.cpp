@@ -121,6 +121,11 @@ namespace {
 
 constexpr int kIntentos = 3; ///< respaldos que se hacen mientras otros graban
 
+/// La copia no da las cifras de la base: otra, hecha un momento después, puede darlas.
+class OtrasCifras : public ErrorDatos {
+    using ErrorDatos::ErrorDatos;
+};
+
 /// El compactador pasa filas de las diferencias a los saldos cuando nadie trabaja: no crecen solo.
 bool se_compacta(const QString& clave) {
     return clave.startsWith(QLatin1String("SALDOS_")) &&
@@ -136,12 +141,33 @@ QMap<QString, QString> respalde_y_compare(const ParametrosConexion& base, const 
     const auto copia = recuento_de(aparte.parametros());
     exija_contenido(copia);
     if (copia.keys() != antes.keys())
-        throw ErrorDatos(QStringLiteral("la copia no tiene las mismas tablas"));
+        throw OtrasCifras(QStringLiteral("la copia no tiene las mismas tablas"));
     for (auto i = copia.begin(); i != copia.end(); ++i)
         if (!se_compacta(i.key()) && !entre(i.value(), antes[i.key()], despues[i.key()]))
-            throw ErrorDatos(QStringLiteral("%1 tiene %2 en la copia y %3 en la base")
-                                 .arg(i.key(), i.value(), antes[i.key()]));
+            throw OtrasCifras(QStringLiteral("%1 tiene %2 en la copia y %3 en la base")
+                                  .arg(i.key(), i.value(), antes[i.key()]));
     return copia;
+}
+
+/// Como la anterior, otra vez mientras las cifras no den. Lo que no pasa queda en `dudoso`.
+QMap<QString, QString> respalde_y_reintente(const ParametrosConexion& base, const QString& archivo,
+                                            const QString& dudoso) {
+    for (int intento = 1;; ++intento) {
+        try {
+            return respalde_y_compare(base, archivo);
+        } catch (const ErrorDatos& e) {
+            if (!QFile::exists(archivo))
+                throw; // ni siquiera se pudo hacer
+            if (intento < kIntentos && dynamic_cast<const OtrasCifras*>(&e))
+                continue;
+            QFile::remove(dudoso);
+            QFile::rename(archivo, dudoso);
+            throw ErrorDatos(QStringLiteral("El respaldo no pasó la prueba de restauración y quedó "
+                                            "como %1: %2")
+                                 .arg(dudoso, e.para_usuario()),
+                             e.detalle());
+        }
+    }
 }
 
 } // namespace
@@ -150,25 +176,12 @@ ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QStrin
     // El anterior del mismo nombre sigue en su sitio hasta que el nuevo está probado.
     const QString nuevo = archivo + QStringLiteral(".sin_probar");
     QFile::remove(nuevo); // el de un programa que murió en este paso
-    for (int intento = 1;; ++intento) {
-        try {
-            const auto copia = respalde_y_compare(base, nuevo);
-            if (std::rename(QFile::encodeName(nuevo).constData(),
-                            QFile::encodeName(archivo).constData()) != 0)
-                throw ErrorDatos(QStringLiteral("no se pudo reemplazar el archivo"));
-            return {int(copia.size()), total_filas(copia), QFileInfo(archivo).size()};
-        } catch (const ErrorDatos& e) {
-            if (!QFile::exists(nuevo))
-                throw; // ni siquiera se pudo hacer
-            if (intento < kIntentos && !dynamic_cast<const ErrorBase*>(&e))
-                continue;
-            const QString dudoso = archivo + QStringLiteral(".dudoso");
-            QFile::remove(dudoso);
-            QFile::rename(nuevo, dudoso);
-            throw ErrorDatos(QStringLiteral("El respaldo no pasó la prueba de restauración y quedó "
-                                            "como %1: %2")
-                                 .arg(dudoso, e.para_usuario()),
-                             e.detalle());
-        }
-    }
+    const auto copia = respalde_y_reintente(base, nuevo, archivo + QStringLiteral(".dudoso"));
+    if (std::rename(QFile::encodeName(nuevo).constData(), QFile::encodeName(archivo).constData()) !=
+        0)
+        throw ErrorDatos(QStringLiteral("El respaldo se hizo y pasó la prueba, pero no se pudo "
+                                        "dejar como %1: está en %2. Verifique los permisos de la "
+                                        "carpeta.")
+                             .arg(archivo, nuevo));
+    return {int(copia.size()), total_filas(copia), QFileInfo(archivo).size()};
 }

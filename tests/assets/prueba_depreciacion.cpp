@@ -13,6 +13,7 @@ private slots:
     void el_gasto_se_reparte_por_los_centros_del_activo();
     void un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupera();
     void las_unidades_producidas_mandan_y_la_que_no_produjo_no_carga();
+    void el_que_llego_depreciado_sigue_desde_ahi();
     void el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene();
     void lo_que_queda_al_acabarse_la_vida_se_carga_de_una_vez();
     void un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del_mes();
@@ -211,18 +212,19 @@ void PruebaDepreciacion::las_unidades_producidas_mandan_y_la_que_no_produjo_no_c
     activo("PRENSA", "1000", "0", 300, 300, 1, "2017-01-01", "S");
     // La que llegó con 60 unidades ya producidas: le restan las demás.
     activo("SIERRA", "1000", "0", 300, 300, 1, "2017-01-01", "S");
-    base().ejecute("insert into depreciacion_detalle (dede_id, acfj_cod, dede_libro, dede_clase,"
-                   " dede_fecha, dede_mes, dede_unidades, dede_valor) values (next value for"
-                   " sec_depreciacion_detalle, 'SIERRA', '2649', 'I', '20161231', 24204, 60, 200)");
+    activo("FRESA", "1000", "0", 10, 300, 1, "2017-01-01", "S");
+    base().ejecute("update activos_fijos set acfj_fecing = '2016-01-01' where acfj_cod = 'SIERRA'");
+    base().ejecute("insert into activos_inicial values ('SIERRA', '2649', '2016-12-31', 200, 60)");
     QCOMPARE(
         filas_de(base(), "select activo, unirest from ultima_depreciacion_unidades('20170131')"),
-        "PRENSA|300\nSIERRA|240");
-    const auto corra = [this](const QString& fecha, int unidades) {
+        "FRESA|300\nPRENSA|300\nSIERRA|240");
+    const auto corra = [this](const QString& fecha, int unidades, const char* de = "PRENSA") {
         Transaccion t(base(), Transaccion::Modo::Escritura);
         base().prepare(orden_depreciacion(fecha, "A"), t)->ejecute(t, {});
         base()
-            .prepare("insert into depreciacion_unidades values (0, 1, 'PRENSA', " +
-                         QString::number(unidades) + ')',
+            .prepare(QString("insert into depreciacion_unidades values (0, 1, '%1', %2)")
+                         .arg(de)
+                         .arg(unidades),
                      t)
             ->ejecute(t, {});
         t.confirme();
@@ -235,7 +237,35 @@ void PruebaDepreciacion::las_unidades_producidas_mandan_y_la_que_no_produjo_no_c
     QCOMPARE(cargos("PRENSA"), (QStringList{"333.33", "166.67", "500"}));
     QCOMPARE(cargos("MESA"), (QStringList{"100", "100", "100", "100"}));
     QCOMPARE(filas_de(base(), "select activo from ultima_depreciacion_unidades('20170531')"),
-             "SIERRA");
+             "FRESA\nSIERRA");
+    // La que agotó un libro tampoco carga en él lo que le falte el mes en que no produjo.
+    corra("20170531", 10, "FRESA");
+    base().ejecute("update activos_fijos set acfj_vrorig = 1300 where acfj_cod = 'FRESA'");
+    corra("20170630", 0, "FRESA");
+    QCOMPARE(cargos("FRESA"), QStringList("1000"));
+    QCOMPARE(cargos("FRESA", "NIIF"), QStringList("33.33"));
+}
+
+void PruebaDepreciacion::el_que_llego_depreciado_sigue_desde_ahi() {
+    activo("VIEJO", "1200", "0", 120, 120, 1, "2010-01-01");
+    base().ejecute("insert into activos_inicial values ('VIEJO', '2649', '2016-12-31', 840, 0)");
+    deprecie("20170131");
+    QCOMPARE(cargos("VIEJO").last(), "10");
+    QCOMPARE(cargos("VIEJO", "NIIF"), QStringList("850")); // en el que no se dijo, todo de una vez
+    const QString otro = "update activos_inicial set acin_valor = 900";
+    QVERIFY(falla(otro).contains("ya tiene procesos en el libro 2649"));
+    QVERIFY(falla("delete from activos_inicial").contains("ya tiene procesos"));
+    base().ejecute("delete from depreciacion");
+    base().ejecute(otro);
+    QVERIFY(falla("update activos_inicial set acin_valor = 1201").contains("valor original"));
+    QVERIFY(falla("update activos_inicial set acin_hasta = '2009-12-31'").contains("su ingreso"));
+    base().ejecute("update activos_inicial set acin_libro = 'NIIF'");
+    QCOMPARE(filas_de(base(), "select dede_libro, dede_clase, dede_mes, dede_valor from "
+                              "depreciacion_detalle"),
+             "NIIF|I|24204|900");
+    deprecie("20170131");
+    QCOMPARE(cargos("VIEJO", "NIIF").last(), "8.33"); // los 300 en los 36 meses que quedaban
+    QCOMPARE(cargos("VIEJO"), QStringList("850"));
 }
 
 void PruebaDepreciacion::el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene() {

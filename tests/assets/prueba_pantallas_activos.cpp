@@ -163,6 +163,11 @@ private slots:
         digite_celdas({"0001", "0001", "60"});
         enfoque(s.p, "DBGridEh1", 0);
         digite_celdas({"0001", "0002", "40"});
+        forma->PageControl1->setCurrentIndex(3);
+        enfoque(s.p, "DBGridEh2");
+        oprima(Qt::Key_Insert);
+        enfoque(s.p, "DBGridEh2", 1);
+        digite_celdas({"2017/01/31", "100"});
         QTemporaryDir carpeta;
         QImage imagen(8, 8, QImage::Format_RGB32);
         imagen.fill(Qt::darkGreen);
@@ -172,6 +177,9 @@ private slots:
         QCOMPARE(s.dato("select list(acce_item || acce_proy || acce_centro || acce_porc) from "
                         "activos_centros"),
                  "10001000160.0000,20001000240.0000");
+        QCOMPARE(s.dato("select dede_libro || dede_clase || dede_fecha || ' ' || dede_valor from "
+                        "depreciacion_detalle"),
+                 "2649I20170131 100.00");
         QVERIFY(s.dato("select octet_length(acfo_foto) from activos_fotos").toInt() > 50);
         s.i.espere("No se encontró el activo NADA");
         QVERIFY(!s.abra("Tfedtactivo", AbreActivo{"NADA"}));
@@ -205,9 +213,16 @@ private slots:
         s.i.espere("Debe indicar el número de unidades/horas producidas.");
         digite("0", Qt::Key_Down);
         forma->CDepunidad.Cancel();
-        s.i.espere("El activo PARADA queda sin unidades u horas producidas, y este mes no se "
-                   "deprecia. Desea continuar?",
-                   "Sí");
+        const QString parada = "El activo PARADA queda sin unidades u horas producidas, y este mes "
+                               "no se deprecia. Desea continuar?";
+        // Si la base rehúsa, la que no se digitó sigue ahí.
+        s.base.ejecute({"update activos_fijos set acfj_ctadepd = null where acfj_cod = 'EQ1'"});
+        s.i.espere(parada, "Sí");
+        s.i.espere("Al activo EQ1 le faltan las cuentas de depreciación.");
+        pulse(s.p, "SpeedButton3");
+        QCOMPARE(valores_de(forma->CDepunidad, "ACFJ_COD"), QStringList({"MAQ", "PARADA"}));
+        s.base.ejecute({"update activos_fijos set acfj_ctadepd = '519530' where acfj_cod = 'EQ1'"});
+        s.i.espere(parada, "Sí");
         QSignalSpy balance(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         pulse(s.p, "SpeedButton3");
         QVERIFY(!s.escritorio.abierta("Tfcalculadep"));
@@ -215,7 +230,8 @@ private slots:
         QCOMPARE(s.dato("select list(acfj_cod || dede_libro || ':' || dede_valor, ' ') from "
                         "(select * from depreciacion_detalle order by acfj_cod, dede_libro)"),
                  "EQ12649:100.00 EQ1NIIF:50.00 MAQ2649:250.00 MAQNIIF:125.00");
-        QCOMPARE(s.dato("select list(depu_unidades) from depreciacion_unidades"), "25");
+        QCOMPARE(s.dato("select list(acfj_cod || depu_unidades) from depreciacion_unidades"),
+                 "MAQ25,PARADA0");
         QCOMPARE(lista->CLista.RecordCount(), 1);
         oprima(Qt::Key_F4);
         QCOMPARE(abiertos, QStringList(s.dato("select enco_consec from depreciacion")));

@@ -1,4 +1,5 @@
 // Las cuentas superiores del presupuesto son siempre la suma de las digitadas.
+#include "herramientas/guion.h"
 #include "ledger/libro_al_azar.h"
 
 class PruebaPresupuestoBase : public QObject {
@@ -68,8 +69,23 @@ void PruebaPresupuestoBase::el_primer_auxiliar_se_queda_con_lo_de_su_mayor_y_nad
                "insert into presupuesto values ('2017', 1, '519530', 100, 0, 'S')",
                "insert into presupuesto values ('2017', 1, '51953001', 50, 0, 'S')"});
     QCOMPARE(presupuesto(), "5195|150|N\n519530|100|S\n51953001|50|S");
+    // Al ponerla al día pasa al auxiliar si es uno; entre dos nadie lo escoge, y se dice.
+    const auto al_dia = [&] {
+        QFile guion(qEnvironmentVariable("QUORVEX_PROYECTO") + "/database/budget/60_sumas.sql");
+        for (const SentenciaGuion& s :
+             lea_guion(guion.open(QIODevice::ReadOnly) ? guion.readAll() : "", guion.fileName()))
+            b.base().ejecute(s.texto);
+        return presupuesto();
+    };
     b.ejecute({"insert into cuentas (cuen_cod, cuen_nom) values ('51953002', 'Dos')"});
-    QCOMPARE(presupuesto(), "5195|150|N\n519530|150|N\n51953001|50|S\n51953002|100|S");
+    QCOMPARE(al_dia(), "5195|150|N\n519530|100|S\n51953001|50|S");
+    QCOMPARE(filas_de(b.base(), "select libro, causa, detalle from verifique_libros"),
+             "2649|presupuesto en una cuenta que ya tiene auxiliares|cuenta 519530, año 2017");
+    b.ejecute({"delete from cuentas where cuen_cod = '51953002'"});
+    QCOMPARE(al_dia(), "5195|150|N\n519530|150|N\n51953001|150|S");
+    b.ejecute({"insert into cuentas (cuen_cod, cuen_nom) values ('51953002', 'Dos')",
+               "update presupuesto set pres_debito = 50 where cuen_cod = '51953001'",
+               "insert into presupuesto values ('2017', 1, '51953002', 100, 0, 'S')"});
     // La que llega cambiando de código junta lo suyo con lo de la mayor.
     b.ejecute({"insert into cuentas (cuen_cod, cuen_nom) values ('519540', 'Otra')",
                "insert into presupuesto values ('2017', 1, '519540', 1, 0, 'S')",

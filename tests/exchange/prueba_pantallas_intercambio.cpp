@@ -303,9 +303,15 @@ void PruebaPantallasIntercambio::cada_herramienta_avisa_pregunta_con_cifras_y_ha
         const QString resto = paso.section('=', 1), aviso = resto.section('|', 1);
         if (!aviso.isEmpty())
             i_->espere(aviso);
-        if (caja.isEmpty())
+        if (caja.isEmpty()) {
             oprima(Qt::Key_F2);
-        else if (caja.startsWith("ck"))
+            // El que no dice nada leyó la cuenta: lo anuncia y lleva a lo que ella exige.
+            if (aviso.isEmpty()) {
+                QVERIFY2(barra_.text().endsWith("oprima F2 otra vez."), qPrintable(barra_.text()));
+                QVERIFY(
+                    QStringList({"ckter", "CUEN_NOM"}).contains(p->focusWidget()->objectName()));
+            }
+        } else if (caja.startsWith("ck"))
             pulse(p, caja);
         else {
             QString texto = resto.section('|', 0, 0);

@@ -91,6 +91,9 @@ void PruebaActualizacion::los_datos_quedan_como_las_guardas_los_exigen() {
              "40|0\n0|40");
     QCOMPARE(filas("select pldc_titulo from planilla_digitacion_cuentas order by pldc_item"),
              "Valor\nVALOR (3)\nvalor (2)");
+    QCOMPARE(filas("select conf_valor from configuracion where conf_propiedad = 'DURACION DE LAS "
+                   "BUSQUEDAS'"),
+             "0");
     // Nadie modificó nada: solo quedan las inserciones de entonces.
     QCOMPARE(filas("select tido_cod, audi_oper, count(*) from auditoria where tido_cod <> 102 and "
                    "tido_cod <> 100 group by 1, 2 order by 1"),

@@ -99,7 +99,8 @@ private:
         restaure_base(respaldo, {lugar(version).base_compania("001"), "SYSDBA", {}}, false);
         const auto r = ordene(version, {"actualizar"});
         QVERIFY2(r.codigo == 0, qPrintable(r.errores));
-        QVERIFY2(r.salida.contains("004_indices, 005_titulos_planilla, 006_taxonomia_resultado"),
+        QVERIFY2(r.salida.contains("005_titulos_planilla, 006_taxonomia_resultado, "
+                                   "007_taxonomia_anteriores"),
                  qPrintable(r.salida));
     }
 

@@ -5,6 +5,7 @@
 #include "herramientas/respaldo.h"
 
 #include <cstdlib>
+#include <sys/file.h>
 
 namespace {
 
@@ -125,6 +126,24 @@ private slots:
             QCOMPARE(QFileInfo(base.base + ".anterior").size(),
                      dano == "corta" ? 30000 : dano.size());
         }
+    }
+
+    void la_de_otro_motor_no_se_reemplaza_mientras_la_tenga_abierta() {
+        BaseDePrueba b;
+        const ParametrosConexion base = dueno(b.parametros().base);
+        QFile f(base.base);
+        QVERIFY(f.open(QIODevice::ReadWrite) && f.seek(18));
+        QCOMPARE(f.write("\x0b\x80", 2), 2); // la estructura de la versión anterior del motor
+        QVERIFY(f.flush());
+        QCOMPARE(::flock(f.handle(), LOCK_SH), 0); // como la retiene el que la tiene abierta
+        const QString falla =
+            falla_de([&] { restaure_en_lugar(archivo_, base, TipoBase::Compania); });
+        QVERIFY2(falla.contains("en uso por otro programa"), qPrintable(falla));
+        QCOMPARE(buenas(base), QStringList());
+        f.close();
+        restaure_en_lugar(archivo_, base, TipoBase::Compania);
+        QCOMPARE(buenas(base), QStringList("respaldo"));
+        QVERIFY(QFile::exists(base.base + ".anterior"));
     }
 
     void un_respaldo_que_no_pasa_deja_el_anterior() {

@@ -186,7 +186,7 @@ void PruebaProcesosCierre::cerrar_el_ano_no_cambia_lo_que_habla_de_su_resultado(
               "balance_con_centros_mes_n('2017', 13, 'S', '4', '8', '0001', 'zz', '', 'zz') where "
               "cuenta < '8'",
               "impr_taxonomia(1, 210000, '20171231')", "impr_taxonomia(1, 310000, '20171231')",
-              "impr_taxonomia(1, 210000, '20181231') where item = 250"})
+              "impr_taxonomia(1, 210000, '20181231') where item in (190, 250)"})
             todo += filas_de(base(), QString("select * from ") + sql) + "\n--\n";
         return todo;
     };
@@ -209,6 +209,14 @@ void PruebaProcesosCierre::cerrar_el_ano_no_cambia_lo_que_habla_de_su_resultado(
     QCOMPARE(dato("select valor from impr_taxonomia(1, 210000, '20181231') where item = 250"),
              dato("select -sum(final) from balance_prueba_niif('2018', 13, 'N', 99) where codigo "
                   "in ('2', '3', '4', '5', '6', '7')"));
+    // Cada columna del total es la suma de pasivo y patrimonio, y sale en su propio renglón.
+    for (const char* columna : {"valor", "saldo2", "saldo3", "valora", "saldo2a", "saldo3a"})
+        QCOMPARE(dato(QString("select sum(iif(item = 250, -%1, %1)) from impr_taxonomia(1, 210000, "
+                              "'20181231') where item in (180, 190, 250)")
+                          .arg(columna)),
+                 "0");
+    QVERIFY(dato("select valor from impr_taxonomia(1, 210000, '20181231') where item = 235") !=
+            "0");
 }
 
 void PruebaProcesosCierre::el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_ya_no_se_usan() {
@@ -233,7 +241,8 @@ void PruebaProcesosCierre::el_cierre_no_se_repite_ni_se_salta_ni_se_edita() {
     QVERIFY(falla(cierre_anual("20171231", "C")).contains("período de ajustes de 2017"));
     base().ejecute(cierre_anual("20171331", "C"));
     const QString hecho = foto(base());
-    QVERIFY(falla(cierre_anual("20171331", "A")).contains("El año 2017 ya tiene cierre"));
+    for (const char* fecha : {"20171331", "20171231"}) // antes de mandar a otro mes
+        QVERIFY(falla(cierre_anual(fecha, "A")).contains("El año 2017 ya tiene cierre"));
     QVERIFY(falla(cierre_anual("20180630", "A")).contains("se hace en diciembre"));
     QVERIFY(falla(cierre_anual("20161331", "C")).contains("posterior a 2016"));
     QVERIFY(falla("update cierre_anual set cian_concepto = 'Otro'").contains("no se modifica"));

@@ -21,6 +21,7 @@ private slots:
     void una_companera_compartida_sigue_al_comprobante();
     void cada_naturaleza_toma_lo_suyo();
     void los_ajustes_que_no_se_incluyen_se_dicen();
+    void mover_el_cierre_a_diciembre_no_borra_lo_que_se_informa();
     void las_cuantias_menores_se_juntan_sin_perder_un_peso();
     void lo_que_nadie_toma_y_lo_incompleto_se_dice();
 
@@ -166,6 +167,28 @@ void PruebaMediosBase::los_ajustes_que_no_se_incluyen_se_dicen() {
     QCOMPARE(ajustes("20181331"), QString());
     base().ejecute("execute procedure medio_1001_v9('20180101', '20181331')");
     QCOMPARE(filas(10019, "memg_nit, memg_pago"), QStringList("900123456|80"));
+}
+
+void PruebaMediosBase::mover_el_cierre_a_diciembre_no_borra_lo_que_se_informa() {
+    base().ejecute("delete from comprobante_detalle");
+    grabe(base(), 901, "20180310",
+          {{1, "111005", 500, 0}, {2, "413505", 0, 500, "900123456", "0002", "0001"}});
+    concepto(1, 10078, 4001, "C");
+    cuentas(1, {"41", "", ""});
+    const auto informado = [this] {
+        base().ejecute("delete from medios_magneticos_datos");
+        base().ejecute("execute procedure medio_1007_v8('20180101', '20181231')");
+        return filas(10078, "memg_nit, memg_pago").join('\n') + '\n' +
+               filas_de(base(), "select nit, cuenta, debitos, creditos from "
+                                "listado_movimiento_tercero('20180101', '20181231')");
+    };
+    const QString antes = informado();
+    QVERIFY(antes.startsWith("900123456|500\n"));
+    cierre_anual(base(), "20181331");
+    QCOMPARE(informado(), antes);
+    base().ejecute("update comprobante_encabezado set enco_fecha = '20181231' where enco_consec = "
+                   "(select enco_consec from cierre_anual)");
+    QCOMPARE(informado(), antes);
 }
 
 void PruebaMediosBase::las_cuantias_menores_se_juntan_sin_perder_un_peso() {

@@ -1,4 +1,9 @@
-
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/file.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -57,6 +62,40 @@ private slots:
             c.conectar({base, "SYSDBA", "", 1});
         }
         c.borre_base();
+    }
+
+    void se_nombra_la_cuenta_que_la_tiene_abierta() {
+        // Solo el administrador del equipo puede hacerse pasar por otra; si no, es la misma.
+        const bool otra = ::geteuid() == 0;
+        const QString base = carpeta_.filePath("ajena.fdb");
+        Conexion().cree_base({base, "SYSDBA", "", 1}, 512);
+        int listo[2];
+        QCOMPARE(::pipe(listo), 0);
+        const pid_t ajeno = ::fork();
+        if (ajeno == 0) {
+            const int a = ::open(qPrintable(base), O_RDONLY);
+            struct flock64 octetos {};
+            octetos.l_type = F_RDLCK;
+            octetos.l_start = off64_t(1) << 60;
+            octetos.l_len = off64_t(1) << 30;
+            const bool tomada = (!otra || ::setuid(65534) == 0) &&
+                                ::prctl(PR_SET_DUMPABLE, 1) == 0 && ::flock(a, LOCK_SH) == 0 &&
+                                ::fcntl(a, F_OFD_SETLK, &octetos) == 0;
+            if (::write(listo[1], tomada ? "s" : "n", 1) == 1)
+                ::pause();
+            ::_exit(0);
+        }
+        char tomada = 0;
+        const bool contesto = ::read(listo[0], &tomada, 1) == 1;
+        const QString dijo = abra_otro(base, {});
+        ::kill(ajeno, SIGKILL);
+        ::waitpid(ajeno, nullptr, 0);
+        QVERIFY(contesto && tomada == 's');
+        QCOMPARE(
+            dijo,
+            QString("La base está abierta desde %1: para compartirla use un servidor.")
+                .arg(otra ? QString("la cuenta %1 de este equipo").arg(::getpwuid(65534)->pw_name)
+                          : "otra cuenta o equipo"));
     }
 
     void los_tipos_van_y_vuelven_exactos() {
