@@ -68,6 +68,7 @@ private:
     QString tabla() const;
     /// Dos importaciones a la vez duplicarían los saldos: la segunda no empieza.
     void tome_turno();
+    void detenidos_por_el_turno();
     void lea_item(Transaccion& t);
     void inserte(Transaccion& t);
     QStringList revise(const LineaImportada& linea);

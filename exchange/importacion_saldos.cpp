@@ -10,8 +10,11 @@ QString ImportacionSaldos::tabla() const {
 void ImportacionSaldos::tome_turno() {
     turno_ = std::make_unique<Transaccion>(conexion_, ModoTransaccion::EscrituraSinEspera);
     try {
-        Cursor c(conexion_.prepare("select estr_nivel from estructura with lock", *turno_), *turno_,
-                 {});
+        // Abrir un auxiliar toma todas las filas. La primera se deja a quien agrega un saldo.
+        Cursor c(conexion_.prepare("select estr_nivel from estructura where estr_nivel > "
+                                   "(select min(estr_nivel) from estructura) with lock",
+                                   *turno_),
+                 *turno_, {});
         while (c.siguiente()) {
         }
     } catch (const ErrorBase& falla) {
@@ -20,6 +23,17 @@ void ImportacionSaldos::tome_turno() {
         throw ErrorDatos(QStringLiteral("Otro usuario está importando saldos iniciales. Espere a "
                                         "que termine y revise lo que dejó antes de importar."));
     }
+}
+
+void ImportacionSaldos::detenidos_por_el_turno() {
+    // La transacción que va hasta el final retendría con esa fila a los demás: le basta el turno.
+    (void)escriba([](Transaccion& t) {
+        Cursor c(t.conexion().prepare("select rdb$set_context('USER_TRANSACTION', "
+                                      "'AUXILIARES_DETENIDOS', 'S') from rdb$database",
+                                      t),
+                 t, {});
+        (void)c.siguiente();
+    });
 }
 
 void ImportacionSaldos::lea_item(Transaccion& t) {
@@ -46,6 +60,7 @@ void ImportacionSaldos::prepare() {
             throw ErrorDatos(falla);
         resultado_.siguen_los_anteriores = true; // mientras no se confirme
     }
+    detenidos_por_el_turno();
     // Con números saltados la cuenta de filas repetiría uno que ya está.
     (void)escriba([&](Transaccion& t) { lea_item(t); });
 }

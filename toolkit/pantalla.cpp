@@ -225,7 +225,9 @@ int apretado(const Pantalla& pantalla, int alto) {
     if (falta <= 0 || falta > paso(4))
         return alto;
     for (const Rejilla* r : pantalla.findChildren<Rejilla*>())
-        if (r->isVisibleTo(&pantalla) && falta <= r->verticalHeader()->defaultSectionSize())
+        // La que tiene un mínimo puesto no cede: se montaría sobre lo que sigue.
+        if (r->isVisibleTo(&pantalla) && r->minimumHeight() == 0 &&
+            falta <= r->verticalHeader()->defaultSectionSize())
             return alto - falta;
     return alto;
 }

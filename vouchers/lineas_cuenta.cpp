@@ -99,6 +99,9 @@ std::optional<QString> LineasCuenta::tome_pregunta(const char* celda) {
     const auto texto = pregunta_.tome(campo(celda));
     if (texto) {
         pregunto_ = true;
+        // Quien deja la celda lo mira enseguida; a quien no la deja no le queda para otra vez.
+        QMetaObject::invokeMethod(
+            this, [this] { pregunto_ = false; }, Qt::QueuedConnection);
         muestre_pie(); // también los nombres son los de antes
     }
     return texto;

@@ -181,13 +181,17 @@ void LineasSaldos::AfterScroll() {
 }
 
 void LineasSaldos::muestre_pie() {
+    // Pasar por una línea no la revisa.
+    Conexion& base = detalle.conexion();
     if (!cuenta().isEmpty())
-        NomCuenta->setText(fdmcnt().nom_cuenta(cuenta()));
+        NomCuenta->setText(nombre_en_el_plan(base, libro, cuenta()));
     if (!campo("TERC_NIT").vacio())
         NomTerc->setText(fdmter().nom_tercero(campo("TERC_NIT").texto()));
     const QString proyecto = campo("PROY_COD").texto(), centro = campo("CENT_COD").texto();
-    if (!proyecto.isEmpty() && !centro.isEmpty())
-        muestre_centro(proyecto, centro);
+    if (!proyecto.isEmpty() && !centro.isEmpty()) {
+        NomProy->setText(nombre_de_proyecto(base, proyecto));
+        NomCent->setText(nombre_de_centro(base, proyecto, centro));
+    }
 }
 
 bool LineasSaldos::cuadrados() const {

@@ -55,12 +55,14 @@ END^
 
 -- Ninguna cuenta recibe su primer auxiliar hasta que termine esta transacción, que va a poner
 -- movimiento en una: el auxiliar lo verá, o ya está y se verá aquí. Un comprobante nuevo no la
--- necesita, porque tiene tomado su prefijo. La llaman las líneas y los saldos iniciales.
+-- necesita, porque tiene tomado su prefijo; ni la importación de saldos, que los detiene por su
+-- turno (AUXILIARES_DETENIDOS). La llaman las líneas y los saldos iniciales.
 CREATE OR ALTER PROCEDURE DETENGA_AUXILIARES
 AS
   DECLARE NIVEL integer;
 BEGIN
-  SELECT FIRST 1 ESTR_NIVEL FROM ESTRUCTURA ORDER BY ESTR_NIVEL WITH LOCK INTO :NIVEL;
+  IF (rdb$get_context('USER_TRANSACTION', 'AUXILIARES_DETENIDOS') IS NULL) THEN
+    SELECT FIRST 1 ESTR_NIVEL FROM ESTRUCTURA ORDER BY ESTR_NIVEL WITH LOCK INTO :NIVEL;
 END^
 
 -- Espera a que terminen los que están grabando y detiene a los que sigan, si la cuenta PADRE podía

@@ -132,7 +132,8 @@ BEGIN
             SELECT CNDE_CUENTA, coalesce(CNDE_TERC, ''), coalesce(CNDE_PROY, ''),
               coalesce(CNDE_CENTRO, ''), coalesce(CNDE_ARTICULO, ''), coalesce(CNDE_CONCOD, ''),
               coalesce(CNDE_CONC, ''), coalesce(CNDE_REF, ''), coalesce(CNDE_BASE, 0),
-              coalesce(CNDE_PORC, 0), coalesce(CNDE_DEBITOS, 0), coalesce(CNDE_CREDITOS, 0), -1
+              cast(coalesce(CNDE_PORC, 0) AS numeric(15,2)), coalesce(CNDE_DEBITOS, 0),
+              coalesce(CNDE_CREDITOS, 0), -1
             FROM CONTABILIZACION_DET WHERE CNTB_ID = C.CNTB_ID AND CNDE_ITEM < 100000)
           GROUP BY CUEN_COD, NIT, PROY, CENT, ARTICULO, CATEGORIA, CONCEPTO, REFER, BASE, PORC,
             DEBITO, CREDITO
