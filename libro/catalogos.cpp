@@ -176,7 +176,7 @@ std::optional<Rechazo> revise_articulo(Conexion& conexion, const QString& clase,
 
 QString negativa_de_saldos_iniciales(Conexion& conexion, Libro libro) {
     return conexion
-        .consulte(QStringLiteral("select negativa_saldos_iniciales('%1') from rdb$database")
-                      .arg(QLatin1String(es_niif(libro) ? "NIIF" : "2649")))
+        .consulte("select negativa_saldos_iniciales(" +
+                  QuotedStr(es_niif(libro) ? "NIIF" : "2649") + ") from rdb$database")
         .texto();
 }

@@ -28,7 +28,9 @@ Tfrngauxiliarcta::Tfrngauxiliarcta() : FormaRango(kDatos) {
     CAuxiliar.calculado("SaldoF", ClaseCampo::Decimal, 2)
         .etiqueta("Saldo final")
         .formato("#,###.00");
-    CAuxiliar.texto("SOLO_CENTRO", 1).Visible = false;
+    Campo& solo_centro = CAuxiliar.texto("SOLO_CENTRO", 1);
+    solo_centro.DisplayLabel = "Fila solo del centro";
+    solo_centro.Visible = false;
 
     Formulario f(this);
     arme_pares(f);

@@ -11,6 +11,9 @@ AS
   DECLARE INICIO varchar(8);
   DECLARE BLOQUEO varchar(8);
 BEGIN
+  -- Sin año de inicio no son de ninguna fecha.
+  IF (ANO_INICIO(LIBRO) = '0000') THEN
+    RETURN NULL;
   -- El mes de inicio es del libro 2649; el NIIF empieza con su año.
   IF (LIBRO = '2649') THEN
     MES = coalesce(CONFIGURADO('GENERAL', 'MES DE INICIO'), '');

@@ -525,7 +525,7 @@ void PruebaImportacion::los_saldos_iniciales_se_agregan_o_se_reemplazan() {
     una->avance = [&](const QString&, int) {
         if (rehusada.isEmpty()) {
             otra.ejecute("insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, "
-                         "sain_credito) values (9, '111005', 1, 1)");
+                         "sain_credito) values (99, '111005', 1, 1)");
             rehusada = falla_de([&] { (void)importacion_de(otra, p, {}, "AUXILIAR")->corra(); });
         }
         return true;

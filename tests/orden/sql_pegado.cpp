@@ -3,6 +3,8 @@
 namespace {
 
 const QStringList kEnvolturas{"QStringLiteral", "QLatin1String", "QString", "QLatin1Char", "QChar"};
+/// Piezas que también podrían salir de una caja.
+const QStringList kDatos{"numero", "prefijo", "id", "item", "mes", "nivel", "saldo", "llave"};
 const QStringList kCifras{"int", "qint64", "quint64", "qsizetype", "bool", "Moneda", "size_t"};
 /// Devuelven un literal SQL: entre comillas y con las suyas dobladas.
 const QStringList kCitan{"QuotedStr", "entre_comillas", "argumentos"};
@@ -169,8 +171,9 @@ private:
         if (constante.match(ultima).hasMatch())
             return true;
         const bool variable = t_[a].tipo == Trozo::Nombre && (b - a == 1 || t_[a + 1].es("."));
-        // La que nace en la función se sigue, se llame como se llame.
-        if (variable && (ultima == t_[a].texto || !piezas_.contains(ultima)))
+        // Las del esquema se creen por su nombre; un dato que nace en la función se sigue.
+        if (variable &&
+            (!piezas_.contains(ultima) || (ultima == t_[a].texto && kDatos.contains(ultima))))
             if (const auto sana = variable_sana(t_[a].texto, punto, vistas))
                 return *sana;
         return piezas_.contains(ultima);

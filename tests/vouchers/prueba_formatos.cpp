@@ -462,7 +462,7 @@ private slots:
         for (const char* lleva :
              {"Comercializadora de Prueba", "Comprobante de egreso", "000020", "111005",
               "$12,000.00", "DOCE MIL", "Recibí conforme: C.C. o NIT", "ADMIN", "2.50", "F 991",
-              "2017/04/30", "Administración", "Contabilidad", "Peña Gómez"})
+              "20170430", "Administración", "Contabilidad", "Peña Gómez"})
             QVERIFY2(hojas[1].contains(QString::fromUtf8(lleva), Qt::CaseInsensitive), lleva);
     }
 
