@@ -50,6 +50,9 @@ void Tfbalaperturaniif::defina_lineas() {
     c.texto("PROY_COD", 4).etiqueta("Proyecto").OnChange = valide;
     c.texto("CENT_COD", 4).etiqueta("Centro").OnChange = valide;
     c.texto("ACTI_COD", 15).etiqueta("Artículo o activo").OnChange = valide;
+    for (const char* celda :
+         {"APND_CUENTA", "APND_CTANIIF", "TERC_NIT", "PROY_COD", "CENT_COD", "ACTI_COD"})
+        pregunta_.atienda(c.FieldByName(celda));
     c.agregado("Sumadebito", "Sum(APND_DEBITO)");
     c.agregado("Sumacredito", "sum(APND_CREDITO)");
     c.agregado("SumaRecldb", "sum(apnd_recldb)");
@@ -272,13 +275,10 @@ void Tfbalaperturaniif::calcule_saldo_final() {
 }
 
 void Tfbalaperturaniif::valide_celda(Campo& campo) {
-    const QString texto = campo.texto();
-    if (trayendo_ || recibiendo_ || texto.isEmpty())
+    if (trayendo_ || recibiendo_ || pregunta_.reponiendo() || campo.vacio())
         return;
-    const QString nombre = campo.FieldName;
-    const bool busca = texto.startsWith('?');
-    if (busca)
-        reciba(nombre, {}); // salir de la búsqueda sin escoger no deja el "?"
+    const QString texto = campo.texto(), nombre = campo.FieldName;
+    const bool busca = pregunta_.tome(campo).has_value(); // sin escoger queda lo que había
     const auto reciba_en = [this, nombre](const QString& valor) { reciba(nombre, valor); };
     if (nombre == "APND_CUENTA" || nombre == "APND_CTANIIF") {
         const Libro libro = nombre == "APND_CUENTA" ? Libro::Decreto2649 : Libro::Niif;

@@ -2,6 +2,7 @@
 // "Balance de Apertura NIIF": la hoja en que los saldos 2649 del año anterior pasan al plan NIIF,
 // cuenta por cuenta, con reclasificaciones, ajustes, notas y una hoja de cálculo de cada una.
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "niif/hoja_trabajo.h"
 #include "sesion/tfdm.h"
 #include "toolkit/pantalla.h"
@@ -96,5 +97,6 @@ private:
 
     BorradorFilas* borrador_ = nullptr; ///< desde que la pantalla está a la vista
     bool fila_nueva_ = false;           ///< la del detalle aún no estaba en la hoja
+    PreguntaEnCampo pregunta_;
     bool trayendo_ = false, recibiendo_ = false, cierre_confirmado_ = false;
 };

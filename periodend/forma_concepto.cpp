@@ -131,6 +131,7 @@ void FormaConcepto::construya() {
         cuenta_cambiada(x, NomBase);
     };
     CCuentas.FieldByName("TERC_NIT").OnChange = [this](Campo& x) { tercero_cambiado(x); };
+    pregunta_.atienda(CCuentas.FieldByName("TERC_NIT"));
     for (const char* columna : {"PROY_COD", "CENT_COD"})
         CCuentas.FieldByName(columna).OnChange = [this](Campo&) { centro_cambiado(); };
 }
@@ -258,12 +259,11 @@ void FormaConcepto::cuenta_cambiada(Campo& campo, QLineEdit* nombre) {
 }
 
 void FormaConcepto::tercero_cambiado(Campo& nit) {
-    if (nit.vacio())
+    if (nit.vacio() || pregunta_.reponiendo())
         return;
-    if (nit.texto().startsWith('?')) {
-        const QString texto = nit.texto().mid(1);
-        nit.limpie();
-        escoja_tercero(*this, texto, [this](const QString& n) { reciba(CCuentas, "TERC_NIT", n); });
+    if (const auto texto = pregunta_.tome(nit)) {
+        escoja_tercero(*this, *texto,
+                       [this](const QString& n) { reciba(CCuentas, "TERC_NIT", n); });
         return;
     }
     if (CBorrar

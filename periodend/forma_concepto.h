@@ -2,6 +2,7 @@
 // Concepto de un registro automático, nuevo (Tfnvoconcepto) o guardado (Tfmodconcepto): qué cuentas
 // afecta y de dónde sale el importe de cada una.
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "libro/lineas.h"
 #include "toolkit/pantalla.h"
 
@@ -47,6 +48,7 @@ private:
 
     const Modo modo_;
     ContadorLineas contador_;
+    PreguntaEnCampo pregunta_;
     EditorDato *ECod, *ECta;
     QLineEdit *NomCierre, *NomCuenta, *NomBase;
     CasillaDato* Vence;

@@ -166,7 +166,7 @@ void Tfmediosmagbog::FormActivate() {
 void Tfmediosmagbog::siga_al_nit() {
     Campo& campo = CMedmagdata->FieldByName("MMDD_NIT");
     campo.OnValidate = [](Campo&, const Valor& nit) {
-        if (nit.texto().isEmpty() || nit.texto().startsWith('?') ||
+        if (nit.texto().isEmpty() ||
             !fdm()
                  .Quorvex.consulte("select TERC_NIT from TERCEROS where TERC_NIT = ?", {nit})
                  .nulo())
@@ -175,15 +175,13 @@ void Tfmediosmagbog::siga_al_nit() {
         throw EdicionAbortada(); // queda el que había
     };
     campo.OnChange = [this](Campo& nit) {
-        if (!nit.texto().startsWith('?'))
-            return;
-        const QString texto = nit.texto().mid(1);
-        nit.limpie();
-        escoja_tercero(*this, texto, [this](const QString& escogido) {
-            CMedmagdata->Edit();
-            CMedmagdata->FieldByName("MMDD_NIT") = escogido;
-        });
+        if (const auto texto = pregunta_.tome(nit))
+            escoja_tercero(*this, *texto, [this](const QString& escogido) {
+                CMedmagdata->Edit();
+                CMedmagdata->FieldByName("MMDD_NIT") = escogido;
+            });
     };
+    pregunta_.atienda(campo);
     ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, {}, "MMDD_NIT");
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // Información de la secretaría de hacienda de Bogotá: un artículo y un año, corregidos a mano y
 // escritos con ";".
+#include "datos/recordset/pregunta_en_campo.h"
 #include "tax/forma_medio.h"
 
 class QComboBox;
@@ -38,6 +39,7 @@ private:
     void siga_al_nit();
     int articulo() const;
 
+    PreguntaEnCampo pregunta_;
     QString ano_listado_;
     int a_la_vista_ = 0; ///< el artículo de las filas
 };
