@@ -9,7 +9,6 @@
 #include "app/vigiamensajes.h"
 #include "catalogues/copiacuentas.h"
 #include "catalogues/terceros.h"
-#include "sesion/apertura.h"
 #include "sesion/campos_catalogos.h"
 #include "sesion/instalacion.h"
 #include "sesion/peticiones.h"
@@ -256,7 +255,6 @@ BotonComando* Tfprincipal::boton(const Comando& comando) {
     b->setObjectName(comando.nombre);
     b->setToolTip(comando.texto());
     b->setAccessibleName(comando.texto());
-    habilite_segun(b, comando);
     connect(b, &QPushButton::clicked, this, [this, comando] { ejecute(comando); });
     return b;
 }
@@ -291,10 +289,6 @@ QString Tfprincipal::rotulo_revision() {
 }
 
 // ---------------------------------------------------------------- órdenes
-
-bool Tfprincipal::esta_hecha(const Comando& comando) {
-    return comando.abre.isEmpty() || pantallas().existe(comando.abre);
-}
 
 void Tfprincipal::ejecute(const Comando& comando) {
     proteja([&] {

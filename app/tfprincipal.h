@@ -77,15 +77,6 @@ private:
     void acomode_panel_superior(); ///< en un renglón si la ventana es pequeña para su letra
     void acomode_columna();        ///< solo los iconos si a lo ancho no cabe casi nada
     void abra(const Comando& comando);
-    /// Esta versión trae lo que la orden abre.
-    static bool esta_hecha(const Comando& comando);
-    /// La orden de lo que aún no está hecho se ve y no se puede pedir.
-    template <class Control> static void habilite_segun(Control* control, const Comando& comando) {
-        if (esta_hecha(comando))
-            return;
-        control->setEnabled(false);
-        control->setToolTip(comando.texto() + ": aún no está en esta versión");
-    }
     /// Lo que el modo de la orden dice a la pantalla que abre.
     static Encargo peticion(const Comando& comando);
     void abra_pagina();

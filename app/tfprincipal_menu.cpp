@@ -159,7 +159,6 @@ QAction* Tfprincipal::entrada(QMenu* menu, const Comando& comando) {
     a->setObjectName(comando.nombre);
     if (!comando.tecla.isEmpty())
         a->setShortcut(QKeySequence(comando.tecla));
-    habilite_segun(a, comando);
     connect(a, &QAction::triggered, this, [this, comando] { ejecute(comando); });
     return a;
 }

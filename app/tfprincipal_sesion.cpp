@@ -8,7 +8,6 @@
 #include "datos/firebird/claves.h"
 #include "datos/firebird/reloj.h"
 #include "datos/firebird/servicios.h"
-#include "sesion/apertura.h"
 #include "sesion/guardas.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdmcnt.h"
@@ -214,11 +213,11 @@ void Tfprincipal::abra_iniciales() {
     ECompania->setToolTip(ECompania->text());
     ECompania->home(false);
     recuerde_preferencias();
-    if (fdm().valor<Llave::MostrarSinContabilizar>() && hay_pantalla("Tfsincontab"))
+    if (fdm().valor<Llave::MostrarSinContabilizar>())
         pantallas().abrir_modal("Tfsincontab");
     emit fdmcnt().balance_por_recalcular();
     if (fdm().valor<Llave::MostrarBalance>() && fdm().exija_acceso(150))
-        abra_o_avise("Tfbalanceprueba");
+        pantallas().abrir("Tfbalanceprueba");
 }
 
 void Tfprincipal::recuerde_preferencias() {

@@ -1,7 +1,6 @@
 #include "app/vigiamensajes.h"
 
 #include "app/ventanaavisos.h"
-#include "sesion/apertura.h"
 #include "sesion/peticiones.h"
 
 namespace {
@@ -109,5 +108,5 @@ void VigiaMensajes::AdvAlertWindow2PopupClick() {
             .texto();
     marque_leido(id);
     AdvAlertWindow2->cierre();
-    abra_o_avise("Tfmensaje", RespondeMensaje{QString::number(id), autor});
+    pantallas().abrir("Tfmensaje", RespondeMensaje{QString::number(id), autor});
 }

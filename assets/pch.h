@@ -4,7 +4,6 @@
 #include "catalogues/lista_catalogo.h"
 #include "catalogues/lista_proceso.h"
 #include "catalogues/maestro_detalle.h"
-#include "sesion/apertura.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"

@@ -52,7 +52,7 @@ Tfactivos::Tfactivos()
     boton("SBMovto", "F8:Movto.", "view-list-details", Qt::Key_F8, "Tfmovactivo");
     boton("SBCuadro", "F2:Cuadro", "x-office-spreadsheet", Qt::Key_F2, "Tfcuadroactivo");
     barra_->boton("SBReporte", "F9:Reporte", "document-print", Qt::Key_F9,
-                  [] { abra_o_avise("Tfcataactivos"); });
+                  [] { pantallas().abrir("Tfcataactivos"); });
     barra_->boton("SBDepreciar", "F7:Depreciar", "accessories-calculator", Qt::Key_F7,
                   [] { pantallas().abrir("Tfbuscdep"); });
     barra_->boton("SBBaja", "F6:Dar Baja", "edit-clear", Qt::Key_F6,

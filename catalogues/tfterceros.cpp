@@ -2,7 +2,6 @@
 
 #include "catalogues/grabe_y_anuncie.h"
 #include "catalogues/terceros.h"
-#include "sesion/apertura.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
@@ -116,6 +115,6 @@ void Tfterceros::SBSelecClick() {
 void Tfterceros::SBMovimientoClick() {
     if (codigo().isEmpty())
         return;
-    abra_o_avise("Tfcomproterc",
-                 AbreComprobantesTercero{codigo(), conjunto_->FieldByName("TERC_NOM").texto()});
+    pantallas().abrir("Tfcomproterc", AbreComprobantesTercero{
+                                          codigo(), conjunto_->FieldByName("TERC_NOM").texto()});
 }

@@ -1,7 +1,6 @@
 #include "catalogues/tftipodoc.h"
 
 #include "catalogues/grabe_y_anuncie.h"
-#include "sesion/apertura.h"
 #include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
@@ -92,7 +91,7 @@ void Tftipodoc::SpeedButton2Click() {
 
 void Tftipodoc::SpeedButton3Click() {
     const bool por_tipo = fdm().valor<Llave::FormatoPorTipo>();
-    abra_o_avise("Tfedtformato",
-                 AbreFormato{por_tipo ? maestro_->FieldByName("TICO_COD").texto()
-                                      : detalle_->FieldByName("PRCO_PREF").texto()});
+    pantallas().abrir("Tfedtformato",
+                      AbreFormato{por_tipo ? maestro_->FieldByName("TICO_COD").texto()
+                                           : detalle_->FieldByName("PRCO_PREF").texto()});
 }

@@ -1,6 +1,5 @@
 #pragma once
 #include "libro/catalogos.h"
-#include "sesion/apertura.h"
 #include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"

@@ -4,6 +4,7 @@
 #include "exchange/pch.h"
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/controles/lista_tecleo.h"
+#include "toolkit/pida_archivo.h"
 
 namespace {
 
@@ -79,13 +80,13 @@ bool Tfexportar::FormClose() {
 }
 
 void Tfexportar::ExaminarClick() {
-    QFileDialog dialogo(this, "Archivo de la exportación", QFileInfo(Archivo->text()).path(),
-                        "Texto (*.txt *.csv);;Todos (*)");
-    dialogo.setObjectName("escoger_archivo");
-    dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    dialogo.setOption(QFileDialog::DontConfirmOverwrite);
-    if (dialogo.exec() == QDialog::Accepted && !dialogo.selectedFiles().isEmpty())
-        Archivo->setText(dialogo.selectedFiles().first());
+    // El archivo que ya está se pregunta al grabarlo: el nombre se puede escribir a mano.
+    if (const auto escogido = pida_archivo(this, {.nombre = "escoger_archivo",
+                                                  .titulo = "Archivo de la exportación",
+                                                  .sugerido = Archivo->text(),
+                                                  .filtro = "Texto (*.txt *.csv);;Todos (*)",
+                                                  .reemplaza = false}))
+        Archivo->setText(escogido->ruta);
 }
 
 std::optional<PeticionExportacion> Tfexportar::pedido() {

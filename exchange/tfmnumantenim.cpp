@@ -42,7 +42,7 @@ Tfmnumantenim::Tfmnumantenim() : MenuBotones("Tfmnumantenim", "Mantenimiento") {
     for (const Entrada& e : kEntradas) {
         const QString pantalla = QLatin1String(e.pantalla);
         QPushButton* b = opcion(QLatin1String(e.nombre), QString::fromUtf8(e.texto),
-                                QLatin1String(e.icono), pantalla, [&e, pantalla] {
+                                QLatin1String(e.icono), [&e, pantalla] {
                                     if (!permitida(e))
                                         return;
                                     if (pantalla == "Tfconceptos")

@@ -3,6 +3,7 @@
 #include "exchange/pch.h"
 #include "toolkit/aviso_salida.h"
 #include "toolkit/exportacion/archivo_salida.h"
+#include "toolkit/pida_archivo.h"
 
 namespace {
 constexpr int kLargoTexto = 2000; ///< lo que se ve de un renglón; al archivo va entero
@@ -55,20 +56,16 @@ void Tfrechazosimp::FormCreate() {
 
 void Tfrechazosimp::SBGrabarClick() {
     const QFileInfo origen(rechazos_.archivo);
-    QFileDialog dialogo(this, "Grabar los renglones rechazados", origen.path(),
-                        "Texto (*.txt *.csv);;Todos (*)");
-    dialogo.setObjectName("grabar_rechazados");
-    dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    dialogo.setOption(QFileDialog::DontConfirmOverwrite);
-    dialogo.selectFile(origen.completeBaseName() + "_rechazados." + origen.suffix());
-    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
+    const auto escogido =
+        pida_archivo(this, {.nombre = "grabar_rechazados",
+                            .titulo = "Grabar los renglones rechazados",
+                            .sugerido = origen.path() + '/' + origen.completeBaseName() +
+                                        "_rechazados." + origen.suffix(),
+                            .filtro = "Texto (*.txt *.csv);;Todos (*)"});
+    if (!escogido)
         return;
-    const QString ruta = dialogo.selectedFiles().first();
-    if (QFileInfo::exists(ruta) &&
-        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
-        return;
-    grabe(rechazos_.resultado.rechazados, ruta);
-    avise_grabado(ruta);
+    grabe(rechazos_.resultado.rechazados, escogido->ruta);
+    avise_grabado(escogido->ruta);
 }
 
 void Tfrechazosimp::grabe(const QVector<RenglonRechazado>& renglones, const QString& ruta) {

@@ -7,12 +7,12 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
+#include "toolkit/pida_archivo.h"
 #include "toolkit/pivote/rejilla_cubo.h"
 #include "toolkit/pivote/zonas_cubo.h"
 
 #include <QComboBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QSplitter>
 
@@ -203,22 +203,17 @@ DisposicionCubo Tfcomparacentros::plantilla_inicial() const {
 
 void Tfcomparacentros::SbGrabarClick() {
     QDir().mkpath(carpeta_de_plantillas());
-    QFileDialog dialogo(this, "Grabar plantilla", carpeta_de_plantillas(),
-                        "Plantillas (*.mds);;Todos los archivos (*)");
-    dialogo.setObjectName("grabar_plantilla");
-    dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    dialogo.setOption(QFileDialog::DontConfirmOverwrite);
-    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
+    const auto escogido =
+        pida_archivo(this, {.nombre = "grabar_plantilla",
+                            .titulo = "Grabar plantilla",
+                            .sugerido = carpeta_de_plantillas() + '/',
+                            .filtro = "Plantillas (*.mds);;Todos los archivos (*)",
+                            .extension = [](const QString&) { return QStringLiteral("mds"); }});
+    if (!escogido)
         return;
-    QString ruta = dialogo.selectedFiles().constFirst();
-    if (!ruta.endsWith(".mds", Qt::CaseInsensitive))
-        ruta += ".mds";
-    if (QFileInfo::exists(ruta) &&
-        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
-        return;
-    grabe_archivo_disposicion(zonas->disposicion(), ruta);
+    grabe_archivo_disposicion(zonas->disposicion(), escogido->ruta);
     lea_plantillas();
-    ComboBox1->setCurrentIndex(ComboBox1->findText(QFileInfo(ruta).fileName()));
+    ComboBox1->setCurrentIndex(ComboBox1->findText(QFileInfo(escogido->ruta).fileName()));
 }
 
 // ---------------------------------------------------------------- lectura

@@ -84,6 +84,7 @@ void opere_como(Transaccion& t, const QString& usuario) {
 }
 
 void borre_comprobante(Transaccion& t, const ModoBorrado& modo, qint64 id, const QString& usuario) {
+    t.conexion().prepare("execute procedure prepare_borrado(?)", t)->ejecute(t, {id});
     for (const OrdenBorrado clase : modo.ordenes) {
         const Orden orden = orden_de(clase, id, usuario);
         t.conexion().prepare(orden.sql, t)->ejecute(t, orden.valores);

@@ -107,10 +107,6 @@ std::optional<Moneda> porcentaje_sugerido(Moneda base, Moneda porcentaje, Moneda
     return porcentaje_cuenta;
 }
 
-Moneda tarifa_plena(Moneda porcentaje, Moneda porcentaje_cuenta, int decimales) {
-    return porcentaje == porcentaje_cuenta.redondeada(decimales) ? porcentaje_cuenta : porcentaje;
-}
-
 Lados lados_que_cuadran(Moneda debitos, Moneda creditos) {
     const Moneda diferencia = debitos - creditos;
     return diferencia <= Moneda() ? Lados{-diferencia, {}} : Lados{{}, diferencia};

@@ -42,9 +42,6 @@ std::optional<Lados> lados_de_retencion(Moneda base, Moneda porcentaje, std::opt
 /// al mínimo.
 std::optional<Moneda> porcentaje_sugerido(Moneda base, Moneda porcentaje, Moneda base_minima,
                                           Moneda porcentaje_cuenta);
-/// La tarifa con que se calcula: la de la cuenta con todos sus decimales si la de la línea es esa
-/// misma, redondeada a los que su columna guarda.
-Moneda tarifa_plena(Moneda porcentaje, Moneda porcentaje_cuenta, int decimales);
 
 /// Lo que cuadra un libro con esas sumas, en la línea que aún no tiene valor.
 Lados lados_que_cuadran(Moneda debitos, Moneda creditos);

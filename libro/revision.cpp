@@ -55,9 +55,12 @@ public:
             junte(recordado(centros_, l.proyecto + '/' + l.centro,
                             [&] { return revise_centro(conexion_, l.proyecto, l.centro); }));
         if (!l.categoria.isEmpty())
-            junte(revise_categoria(conexion_, libro, l.categoria));
+            junte(recordado(categorias_, datos(libro).nombre + l.categoria,
+                            [&] { return revise_categoria(conexion_, libro, l.categoria); }));
         const auto& a = atributos(libro, l.cuenta);
-        junte(revise_articulo(conexion_, a ? a->clase : QString(), l.articulo));
+        const QString clase = a ? a->clase : QString();
+        junte(recordado(articulos_, clase + '/' + l.articulo,
+                        [&] { return revise_articulo(conexion_, clase, l.articulo); }));
         if (a)
             for (const Rechazo& r : faltas_de_linea(l, *a))
                 if (r.motivo != Motivo::FaltaCentro || (l.proyecto.isEmpty() && l.centro.isEmpty()))
@@ -120,7 +123,7 @@ private:
 
     Conexion& conexion_;
     const Comprobante& c_;
-    QHash<QString, std::optional<Rechazo>> cuentas_, terceros_, centros_;
+    QHash<QString, std::optional<Rechazo>> cuentas_, terceros_, centros_, categorias_, articulos_;
     QHash<QString, std::optional<AtributosCuenta>> atributos_;
 };
 
@@ -147,19 +150,97 @@ void revise_fechas(Rechazos& lista, const Comprobante& c, const AjustesLibro& aj
     }
 }
 
-/// Las réplicas nacen en la base: pueden no traer lo que su cuenta NIIF exige.
-void revise_nacidas(Rechazos& lista, Conexion& conexion, const Comprobante& c) {
-    for (const LineaComprobante& l : c.lineas_niif) {
-        if (l.item_replica == 0)
-            continue;
-        if (const auto a = atributos_de_cuenta(conexion, Libro::Niif, l.cuenta))
-            for (Rechazo& r : faltas_de_linea(l, *a)) {
-                r.texto = QStringLiteral("Línea %1 del libro NIIF, cuenta %2: %3")
-                              .arg(l.item)
-                              .arg(l.cuenta, r.texto);
-                lista << r.en(Libro::Niif, int(l.item));
+/// "línea 3", "líneas 3, 4"; de las muchas, las primeras.
+QString nombre_lineas(const QVector<int>& items) {
+    constexpr int kNombradas = 8;
+    QStringList textos;
+    for (const int item : items.first(qMin(items.size(), kNombradas)))
+        textos << QString::number(item);
+    if (items.size() > kNombradas)
+        textos << QStringLiteral("y %1 más").arg(items.size() - kNombradas);
+    return (items.size() == 1 ? "línea " : "líneas ") + textos.join(", ");
+}
+
+/// Lo que a unas líneas les falta para su cuenta NIIF: un rechazo por cuenta y falta, y no por
+/// línea.
+class FaltasNiif {
+public:
+    explicit FaltasNiif(Conexion& conexion) : conexion_(conexion) {}
+
+    void mire(const LineaComprobante& l, const QString& cuenta_niif) {
+        const auto& a = recordado(atributos_, cuenta_niif, [&] {
+            return atributos_de_cuenta(conexion_, Libro::Niif, cuenta_niif);
+        });
+        if (a)
+            for (const Rechazo& r : faltas_de_linea(l, *a)) {
+                Falta& f = faltas_[{cuenta_niif, int(r.motivo)}];
+                f.rechazo = r;
+                f.items << int(l.item);
             }
     }
+    /// `texto` dice la falta a partir de "líneas 3, 4" y la cuenta.
+    Rechazos rechazos(Libro libro, const std::function<QString(QString, QString)>& texto) const {
+        Rechazos lista;
+        for (auto i = faltas_.cbegin(); i != faltas_.cend(); ++i) {
+            Rechazo r = i->rechazo;
+            r.texto = texto(nombre_lineas(i->items), i.key().first) + r.texto;
+            lista << r.en(libro, i->items.first());
+        }
+        return lista;
+    }
+
+private:
+    struct Falta {
+        Rechazo rechazo;
+        QVector<int> items;
+    };
+    Conexion& conexion_;
+    QMap<std::pair<QString, int>, Falta> faltas_;
+    QHash<QString, std::optional<AtributosCuenta>> atributos_;
+};
+
+/// Las réplicas nacen en la base: pueden no traer lo que su cuenta NIIF exige.
+void revise_nacidas(Rechazos& lista, Conexion& conexion, const Comprobante& c) {
+    FaltasNiif faltas(conexion);
+    for (const LineaComprobante& l : c.lineas_niif)
+        if (l.item_replica != 0)
+            faltas.mire(l, l.cuenta);
+    lista << faltas.rechazos(Libro::Niif, [](QString lineas, const QString& cuenta) {
+        return lineas.replace(0, 1, lineas[0].toUpper()) + " del libro NIIF, cuenta " + cuenta +
+               ": ";
+    });
+}
+
+/// La cuenta NIIF que replica esa; vacía si ninguna puede.
+QString cuenta_de_replica(Conexion& conexion, const QString& cuenta) {
+    return conexion
+        .consulte("select n.cuen_cod from cuentas c join cuentas_niif n on n.cuen_cod = "
+                  "c.cuen_eqniif and n.cuen_activa = 'S' where c.cuen_cod = ? and (select error "
+                  "from valide_cuenta_niif_c(c.cuen_eqniif)) = 0",
+                  {cuenta})
+        .texto();
+}
+
+/// Las que aún no nacen: sin pasar por la página NIIF nadie las vería incompletas.
+void revise_por_nacer(Rechazos& lista, Conexion& conexion, const Comprobante& c) {
+    if (c.replica != "S" || !c.lineas_niif.isEmpty())
+        return;
+    FaltasNiif faltas(conexion);
+    QHash<QString, QString> destinos;
+    for (const LineaComprobante& l : c.lineas_2649) {
+        const QString& destino =
+            recordado(destinos, l.cuenta, [&] { return cuenta_de_replica(conexion, l.cuenta); });
+        if (!destino.isEmpty())
+            faltas.mire(l, destino);
+    }
+    Rechazos propias =
+        faltas.rechazos(Libro::Decreto2649, [](QString lineas, const QString& cuenta) {
+            return lineas.replace(0, 1, lineas[0].toUpper()) +
+                   ", por su réplica en la cuenta NIIF " + cuenta + ": ";
+        });
+    for (Rechazo& r : propias)
+        r.motivo = Motivo::SinEquivalente; // se tolera donde no haya réplica que hacer
+    lista << propias;
 }
 
 } // namespace
@@ -187,12 +268,7 @@ Rechazos revise_replica(Conexion& conexion, const Comprobante& c) {
         lineas[l.cuenta] << QString::number(l.item);
     Rechazos lista;
     for (auto i = lineas.cbegin(); i != lineas.cend(); ++i) {
-        const Valor sirve = conexion.consulte(
-            "select n.cuen_cod from cuentas c join cuentas_niif n on n.cuen_cod = c.cuen_eqniif "
-            "and n.cuen_activa = 'S' where c.cuen_cod = ? and (select error from "
-            "valide_cuenta_niif_c(c.cuen_eqniif)) = 0",
-            {i.key()});
-        if (!sirve.nulo())
+        if (!cuenta_de_replica(conexion, i.key()).isEmpty())
             continue;
         Rechazo r;
         r.motivo = Motivo::SinEquivalente;
@@ -219,6 +295,8 @@ Rechazos revise(Conexion& conexion, const Comprobante& c, const ModoGrabacion& m
                 celdas.linea(lista, libro, l);
     else if (modo.revisa_nacidas)
         revise_nacidas(lista, conexion, c);
+    if (modo.revisa_celdas || modo.revisa_nacidas)
+        revise_por_nacer(lista, conexion, c);
     if (modo.revisa_celdas)
         celdas.tercero_del_encabezado(lista);
     lista << revise_replica(conexion, c);

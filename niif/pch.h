@@ -1,6 +1,5 @@
 #pragma once
 #include "libro/importes.h"
-#include "sesion/apertura.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmart.h"

@@ -1,9 +1,7 @@
 #include "periodend/tfcausadifc.h"
 
 #include "periodend/pch.h"
-#include "sesion/ayuda_al_teclear.h"
 #include "toolkit/aviso_trabajo.h"
-#include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/sin_grabar.h"
 
 namespace {
@@ -20,11 +18,8 @@ const DatosProceso kDatos{
 
 } // namespace
 
-Tfcausadifc::Tfcausadifc() : FormaProceso(kDatos, SinArmar{}), CDiferencia(this, "CDiferencia") {
+Tfcausadifc::Tfcausadifc() : FormaConCuenta(kDatos, SinArmar{}), CDiferencia(this, "CDiferencia") {
     CProceso.decimal("TRM", 4).tasa().requerido().etiqueta("TRM").formato("#,##0.00##");
-    CProceso.texto("CUENTA", 20).requerido().etiqueta("Cuenta cartera").OnChange =
-        [this](Campo& x) { CUEN_CODChange(x); };
-    pregunta_.atienda(campo("CUENTA"));
     CDiferencia.texto("PREFIJO", 4);
     CDiferencia.texto("NUMERO", 10);
     CDiferencia.texto("NIT", 20);
@@ -34,11 +29,7 @@ Tfcausadifc::Tfcausadifc() : FormaProceso(kDatos, SinArmar{}), CDiferencia(this,
     Trm = new EditorDato(&CProceso, "TRM");
     Trm->setObjectName("Trm");
     Trm->ancho(12);
-    Cta = caja_de_cuenta(CProceso, "CUENTA", [] { return Libro::Decreto2649; });
-    Cta->setObjectName("Cta");
-    Cta->ancho(15);
-    Cta->OnDblClick = [this] { escoja_la_cuenta({}); };
-    NomCta = caja_que_muestra("NomCta", 30);
+    arme_cuenta("CUENTA", "Cuenta cartera", "Cta", 30);
     DBGridEh1 = new Rejilla(this, &CDiferencia);
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName("Diferencia de cada documento");
@@ -60,7 +51,7 @@ Tfcausadifc::Tfcausadifc() : FormaProceso(kDatos, SinArmar{}), CDiferencia(this,
 }
 
 void Tfcausadifc::complete(Formulario& f) {
-    f.fila({{"T&RM Día:", Trm}, {"C&uenta cartera:", Formulario::junto({Cta, NomCta})}});
+    f.fila({{"T&RM Día:", Trm}, {"C&uenta cartera:", Formulario::junto({ECta, NomCta})}});
 }
 
 void Tfcausadifc::bajo_el_encabezado(Formulario& f) {
@@ -69,30 +60,7 @@ void Tfcausadifc::bajo_el_encabezado(Formulario& f) {
 
 void Tfcausadifc::FormCreate() {
     CDiferencia.CreateDataSet();
-    FormaProceso::FormCreate();
-}
-
-void Tfcausadifc::escoja_la_cuenta(const QString& texto) {
-    escoja_cuenta(
-        *this, Libro::Decreto2649, texto,
-        [this](const QString& cuenta) { campo("CUENTA") = cuenta; },
-        texto.isEmpty() ? campo("CUENTA").texto() : QString());
-}
-
-void Tfcausadifc::CUEN_CODChange(Campo& cuenta) {
-    NomCta->clear();
-    if (cuenta.vacio())
-        return;
-    if (const auto texto = pregunta_.tome(cuenta)) {
-        escoja_la_cuenta(*texto);
-        return;
-    }
-    NomCta->setText(fdmcnt().nom_cuenta(cuenta.texto()));
-    NomCta->setCursorPosition(0);
-    if (NomCta->text().isEmpty()) {
-        muestre_mensaje("No se encontró la cuenta contable indicada.");
-        cuenta.limpie();
-    }
+    FormaConCuenta::FormCreate();
 }
 
 QString Tfcausadifc::llamada() const {

@@ -1,11 +1,11 @@
 #pragma once
 // "Causar diferencia en cambio": lleva la cartera en moneda de una cuenta a la tasa de un día y
 // muestra lo que cambió cada documento.
-#include "catalogues/forma_proceso.h"
+#include "periodend/forma_con_cuenta.h"
 
 class Rejilla;
 
-class Tfcausadifc : public FormaProceso {
+class Tfcausadifc : public FormaConCuenta {
     Q_OBJECT
 public:
     Tfcausadifc();
@@ -20,12 +20,9 @@ protected:
     void SBGrabarClick() override;
 
 private:
-    void CUEN_CODChange(Campo& cuenta);
-    void escoja_la_cuenta(const QString& texto);
     QString llamada() const;
     /// Devuelve el consecutivo del comprobante hecho.
     QString cause(Transaccion& t);
 
-    EditorDato *Trm, *Cta;
-    QLineEdit* NomCta;
+    EditorDato* Trm;
 };

@@ -13,7 +13,7 @@ Tfmnucierre::Tfmnucierre() : MenuBotones("Tfmnucierre", "Automáticos") {
         {"SBRegistro", "Registro a&utomático", "system-run", "Tfbuscregiauto", 73},
     };
     for (const auto& o : kOpciones)
-        opcion(o.nombre, o.texto, o.icono, o.pantalla, [o] {
+        opcion(o.nombre, o.texto, o.icono, [o] {
             if (fdm().exija_acceso(o.opcion))
                 pantallas().abrir(o.pantalla);
         });

@@ -3,7 +3,6 @@
 #include "libro/propuesta.h"
 #include "posting/pch.h"
 #include "posting/tfresumencontab.h"
-#include "sesion/apertura.h"
 #include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
@@ -362,6 +361,6 @@ void Tfsincontab::vaya_a(const ResultadoDocumento& r) {
     // Ya no está pendiente: se muestra su comprobante.
     const qint64 comprobante =
         comprobante_del_documento(fdm().Quorvex, {r.documento.tido, r.documento.id});
-    if (comprobante != 0 && hay_pantalla("Tfedtmovimien"))
+    if (comprobante != 0)
         pantallas().abrir_modal("Tfedtmovimien", AbreComprobante{QString::number(comprobante)});
 }

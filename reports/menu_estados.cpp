@@ -1,6 +1,5 @@
 #include "reports/menu_estados.h"
 
-#include "sesion/apertura.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
 
@@ -61,6 +60,6 @@ MenuEstados::MenuEstados(const DatosMenuEstados& datos)
     for (const EntradaEstado& e : datos.entradas)
         opcion(e.nombre, e.texto, "x-office-spreadsheet", [&e] {
             if (e.acceso == 0 || fdm().exija_acceso(e.acceso))
-                abra_o_avise(e.pantalla, AbreInforme{e.tipo, e.niif});
+                pantallas().abrir(e.pantalla, AbreInforme{e.tipo, e.niif});
         });
 }

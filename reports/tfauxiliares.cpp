@@ -13,7 +13,7 @@ Tfauxiliares::Tfauxiliares() : MenuBotones("Tfauxiliares", "Auxiliares") {
                      {"SBCronologico", "Cronológico", "Tfrngcronologicos", 114},
                      {"SBDiario", "Diario detallado", "Tfrngcomprodiario", 115}};
     for (const auto& o : kOpciones)
-        opcion(o.nombre, o.texto, "x-office-document", o.pantalla, [&o] {
+        opcion(o.nombre, o.texto, "x-office-document", [&o] {
             if (fdm().exija_acceso(o.acceso))
                 pantallas().abrir(o.pantalla);
         });

@@ -1,6 +1,5 @@
 #include "reports/tfcambiopatr.h"
 
-#include "sesion/apertura.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -125,7 +124,7 @@ QString Tfcambiopatr::titulo_niif() {
 
 void Tfcambiopatr::SpeedButton1Click() {
     if (es("S"))
-        abra_o_avise("Tfconfcambiosit");
+        pantallas().abrir("Tfconfcambiosit");
     else
-        abra_o_avise("Tfconfflujoef", AbreInforme{tipo(), niif()});
+        pantallas().abrir("Tfconfflujoef", AbreInforme{tipo(), niif()});
 }

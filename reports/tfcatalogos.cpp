@@ -15,7 +15,7 @@ Tfcatalogos::Tfcatalogos() : MenuBotones("Tfcatalogos", "Catálogos") {
         {"SBPlantillas", "Plantillas", "x-office-document-template", "Plantillas", 104},
     };
     for (const Entrada& e : kEntradas)
-        opcion(e.nombre, e.texto, e.icono, e.pantalla, [&e] {
+        opcion(e.nombre, e.texto, e.icono, [&e] {
             if (fdm().exija_acceso(e.derecho))
                 pantallas().abrir(e.pantalla);
         });

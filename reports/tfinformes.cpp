@@ -14,5 +14,5 @@ Tfinformes::Tfinformes() : MenuBotones("Tfinformes", "Informes contables") {
         {"SBOficiales", "Libros oficiales", "Tfoficiales", "x-office-document-template"},
         {"SBFormatos", "Formatos especiales", "Tfformatoconta", "document-properties"}};
     for (const auto& o : kOpciones)
-        opcion(o.nombre, o.texto, o.icono, o.menu, [&o] { pantallas().abrir(o.menu); });
+        opcion(o.nombre, o.texto, o.icono, [&o] { pantallas().abrir(o.menu); });
 }

@@ -1,23 +1,13 @@
 #include "sesion/peticiones.h"
 
-#include "sesion/apertura.h"
 #include "toolkit/pantalla.h"
-
-namespace {
-
-template <class P> void pida(Pantalla& este, const char* nombre, P peticion, Recibo<P> reciba) {
-    if (hay_pantalla(nombre))
-        este.pida(nombre, std::move(peticion), std::move(reciba));
-}
-
-} // namespace
 
 // ---------------------------------------------------------------- listas
 
 void escoja_cuenta(Pantalla& este, Libro libro, const QString& texto, Recibo<PideCuenta> reciba,
                    const QString& actual) {
-    pida(este, datos(libro).pantalla_cuentas,
-         PideCuenta{.texto_busqueda = texto, .cuenta_localizar = actual}, std::move(reciba));
+    este.pida(datos(libro).pantalla_cuentas,
+              PideCuenta{.texto_busqueda = texto, .cuenta_localizar = actual}, std::move(reciba));
 }
 
 QString escoja_cuenta_modal(const QString& cuenta_localizar, Libro libro) {
@@ -29,62 +19,63 @@ QString escoja_cuenta_modal(const QString& cuenta_localizar, Libro libro) {
 
 void escoja_tercero(Pantalla& este, const QString& texto, Recibo<PideTercero> reciba,
                     const QString& actual) {
-    pida(este, "Tfterceros", PideTercero{texto, actual}, std::move(reciba));
+    este.pida("Tfterceros", PideTercero{texto, actual}, std::move(reciba));
 }
 
 void cree_tercero(Pantalla& este, const QString& nit, Recibo<PideNuevoTercero> reciba) {
-    pida(este, "Tfnvotercero", PideNuevoTercero{nit}, std::move(reciba));
+    este.pida("Tfnvotercero", PideNuevoTercero{nit}, std::move(reciba));
 }
 
 void escoja_centro(Pantalla& este, Recibo<PideCentro> reciba, const CentroEscogido& actual) {
-    pida(este, "Tfcentros", PideCentro{.localizar = actual}, std::move(reciba));
+    este.pida("Tfcentros", PideCentro{.localizar = actual}, std::move(reciba));
 }
 
 void escoja_concepto(Pantalla& este, Recibo<PideConcepto> reciba, const QString& actual) {
-    pida(este, "Tfconceptos", PideConcepto{actual}, std::move(reciba));
+    este.pida("Tfconceptos", PideConcepto{actual}, std::move(reciba));
 }
 
 void escoja_articulo(Pantalla& este, Recibo<PideArticulo> reciba, const QString& actual) {
-    pida(este, "Tfarticulos", PideArticulo{actual}, std::move(reciba));
+    este.pida("Tfarticulos", PideArticulo{actual}, std::move(reciba));
 }
 
 void escoja_activo(Pantalla& este, Recibo<PideActivo> reciba, const QString& actual) {
-    pida(este, "Tfactivos", PideActivo{actual}, std::move(reciba));
+    este.pida("Tfactivos", PideActivo{actual}, std::move(reciba));
 }
 
 void escoja_plantilla(Pantalla& este, Recibo<PidePlantilla> reciba) {
-    pida(este, "Tfbuscplantilla", PidePlantilla{}, std::move(reciba));
+    este.pida("Tfbuscplantilla", PidePlantilla{}, std::move(reciba));
 }
 
 void escoja_norma(Pantalla& este, Recibo<PideNorma> reciba) {
-    pida(este, "Tfnormas", PideNorma{}, std::move(reciba));
+    este.pida("Tfnormas", PideNorma{}, std::move(reciba));
 }
 
 // ---------------------------------------------------------------- contabilización
 
 bool revise_contabilizacion(int tipo_ref, int id_ref) {
-    return hay_pantalla("Tfcontabiliza") &&
-           pantallas().abrir_modal("Tfcontabiliza", AbreContabilizacion{tipo_ref, id_ref}) == mrOk;
+    return pantallas().abrir_modal("Tfcontabiliza", AbreContabilizacion{tipo_ref, id_ref}) == mrOk;
 }
 
 std::optional<int> escoja_interfaz(const QVector<InterfazContable>& interfaces) {
-    if (!hay_pantalla("Tfpreginterfaz"))
-        return {};
     return pantallas().pida_modal("Tfpreginterfaz", PideInterfaz{interfaces});
 }
 
 // ---------------------------------------------------------------- fichas y consultas
 
 void cree_cuenta(Libro libro, const QString& cuenta) {
-    abra_o_avise(datos(libro).pantalla_nueva_cuenta, AbreCuenta{cuenta});
+    pantallas().abrir(datos(libro).pantalla_nueva_cuenta, AbreCuenta{cuenta});
 }
 
 void modifique_cuenta(Libro libro, const QString& cuenta) {
-    abra_o_avise(datos(libro).pantalla_modificar_cuenta, AbreCuenta{cuenta});
+    pantallas().abrir(datos(libro).pantalla_modificar_cuenta, AbreCuenta{cuenta});
+}
+
+void imprima_comprobante(const QString& id) {
+    pantallas().abrir_modal("Tfimprcomproba", AbreComprobante{id});
 }
 
 void abra_comprobante(const QString& id) {
-    abra_o_avise("Tfedtmovimien", AbreComprobante{id});
+    pantallas().abrir("Tfedtmovimien", AbreComprobante{id});
 }
 
 void abra_auxiliar(Libro libro, const QString& cuenta) {
@@ -92,5 +83,5 @@ void abra_auxiliar(Libro libro, const QString& cuenta) {
         muestre_mensaje("Escoja antes la cuenta: el auxiliar es el de una sola.");
         return;
     }
-    abra_o_avise(datos(libro).pantalla_auxiliar, AbreAuxiliar{.cuenta_auxiliar = cuenta});
+    pantallas().abrir(datos(libro).pantalla_auxiliar, AbreAuxiliar{.cuenta_auxiliar = cuenta});
 }

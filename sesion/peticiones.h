@@ -7,7 +7,7 @@
 //     escoja_tercero(*this, texto, [this](const QString& nit) { reciba("TERC_NIT", nit); });
 //
 // Quien atiende lee la petición por su tipo, peticion<PideTercero>().texto_busqueda, y contesta con
-// responda<PideTercero>(nit). Todas avisan en la barra si la pantalla no está en esta versión.
+// responda<PideTercero>(nit).
 #include "libro/libro.h"
 #include "sesion/contabilizacion.h"
 #include "toolkit/peticion.h"
@@ -157,4 +157,6 @@ std::optional<int> escoja_interfaz(const QVector<InterfazContable>& interfaces);
 void cree_cuenta(Libro libro, const QString& cuenta);
 void modifique_cuenta(Libro libro, const QString& cuenta);
 void abra_comprobante(const QString& id);
+/// Pregunta cómo y lo imprime.
+void imprima_comprobante(const QString& id);
 void abra_auxiliar(Libro libro, const QString& cuenta);

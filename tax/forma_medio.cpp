@@ -3,13 +3,14 @@
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "tax/calculo_cancelable.h"
-#include "tax/escoja_archivo.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
+#include "toolkit/exportacion/exportacion.h"
 #include "toolkit/formulario.h"
 #include "toolkit/historia_avisos.h"
+#include "toolkit/pida_archivo.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QDir>
@@ -351,9 +352,12 @@ void FormaMedio::SpeedButton2Click() {
 }
 
 void FormaMedio::SpeedButton1Click() {
-    const QString escogido = escoja_archivo(this, ruta(), datos_.filtro);
-    if (escogido.isEmpty())
+    const auto escogido = pida_archivo(this, {.nombre = "escoja_archivo",
+                                              .titulo = "Nombre del archivo",
+                                              .sugerido = ruta(),
+                                              .filtro = filtro_para_qt(datos_.filtro)});
+    if (!escogido)
         return;
-    Ubicacion->setText(escogido);
-    carpeta_ = QFileInfo(escogido).path();
+    Ubicacion->setText(escogido->ruta);
+    carpeta_ = QFileInfo(escogido->ruta).path();
 }

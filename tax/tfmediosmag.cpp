@@ -2,16 +2,16 @@
 
 #include "catalogues/columnas_auxiliar.h"
 #include "sesion/tfdm.h"
-#include "tax/avance.h"
-#include "tax/escoja_archivo.h"
 #include "tax/medio_distrital.h"
 #include "tax/procedimiento.h"
+#include "toolkit/avance_trabajo.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
+#include "toolkit/pida_archivo.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QComboBox>
@@ -80,10 +80,12 @@ void Tfmediosmag::arme() {
     connect(otra, &QToolButton::clicked, this, [this] {
         ejecute([this] {
             const QString actual =
-                Ubicacion->text().isEmpty() ? QDir::homePath() + "/exogena.csv" : Ubicacion->text();
-            if (const QString escogido = escoja_archivo(this, actual, "Archivos CSV|*.csv");
-                !escogido.isEmpty())
-                Ubicacion->setText(escogido);
+                Ubicacion->text().isEmpty() ? QStringLiteral("exogena.csv") : Ubicacion->text();
+            if (const auto escogido = pida_archivo(this, {.nombre = "escoja_archivo",
+                                                          .titulo = "Nombre del archivo",
+                                                          .sugerido = actual,
+                                                          .filtro = "Archivos CSV (*.csv)"}))
+                Ubicacion->setText(escogido->ruta);
         });
     });
     DBGridEh1 = new Rejilla(this, CMedmagdata);

@@ -13,7 +13,7 @@ Tfmnuanexos::Tfmnuanexos() : MenuBotones("Tfmnuanexos", "Anexos") {
                      {"SBExogena", "Inf. Exógena CSV", "Tfmediosmag", 131},
                      {"SBSupersociedades", "Supersociedades", "Tfsupersociedades", 131}};
     for (const auto& o : kOpciones)
-        opcion(o.nombre, o.texto, "x-office-document", o.pantalla, [&o] {
+        opcion(o.nombre, o.texto, "x-office-document", [&o] {
             if (fdm().exija_acceso(o.acceso))
                 pantallas().abrir(o.pantalla);
         });

@@ -4,12 +4,12 @@
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "sesion/variables_informe.h"
-#include "tax/escoja_archivo.h"
 #include "tax/taxonomia.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/fechadato.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/informes/motor.h"
+#include "toolkit/pida_archivo.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QApplication>
@@ -291,11 +291,14 @@ void Tfmodtaxonom::exporte() {
     if (!abra_resultado())
         return;
     const QString ano = EFecIni->fecha_texto().left(4);
-    const QString ruta = escoja_archivo(
-        this, QDir::homePath() + QStringLiteral("/taxonomia_%1_%2.xml").arg(seccion()).arg(ano),
-        "Archivos XML|*.xml");
-    if (ruta.isEmpty())
+    const auto escogido = pida_archivo(
+        this, {.nombre = "escoja_archivo",
+               .titulo = "Nombre del archivo",
+               .sugerido = QStringLiteral("taxonomia_%1_%2.xml").arg(seccion()).arg(ano),
+               .filtro = "Archivos XML (*.xml)"});
+    if (!escogido)
         return;
+    const QString& ruta = escogido->ruta;
     exporte_taxonomia(*CImprtax, ano, ruta);
     CImprtax->Close();
     Panel->hide();

@@ -2,8 +2,8 @@
 
 #include "sesion/instalacion.h"
 #include "tax/archivos_por_tercero.h"
-#include "tax/avance.h"
 #include "tax/variables_certificado.h"
+#include "toolkit/avance_trabajo.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/dialogos.h"

@@ -42,16 +42,6 @@ QPushButton* MenuBotones::opcion(const QString& nombre, const QString& texto, co
     return boton;
 }
 
-QPushButton* MenuBotones::opcion(const QString& nombre, const QString& texto, const QString& imagen,
-                                 const QString& pantalla, std::function<void()> accion) {
-    QPushButton* boton = opcion(nombre, texto, imagen, std::move(accion));
-    if (!pantallas().existe(pantalla)) {
-        boton->setEnabled(false);
-        boton->setToolTip(QStringLiteral("Aún no está en esta versión"));
-    }
-    return boton;
-}
-
 void MenuBotones::keyPressEvent(QKeyEvent* evento) {
     // Una letra lleva a la opción siguiente que empieza por ella, como en cualquier menú.
     const QString letra = evento->text();

@@ -12,9 +12,6 @@ public:
     MenuBotones(const QString& clase, const QString& titulo);
     QPushButton* opcion(const QString& nombre, const QString& texto, const QString& icono,
                         std::function<void()> accion);
-    /// La que abre esa pantalla; si esta versión no la trae, se ve apagada.
-    QPushButton* opcion(const QString& nombre, const QString& texto, const QString& icono,
-                        const QString& pantalla, std::function<void()> accion);
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override;

@@ -70,12 +70,17 @@ void BusquedaPorTipo::compone_query() {
 
 void BusquedaPorTipo::busque(const QString& orden) {
     compone_query();
-    if (const QStringList llenas = filtros_->sobrantes(condicion_base_); !llenas.isEmpty()) {
-        conjunto_.Close();
+    conjunto_.Close();
+    try {
+        conjunto_.Open(fijo_ + condicion_ + orden);
+    } catch (const ErrorBase& falla) {
+        const QStringList llenas = filtros_->sobrantes(condicion_base_);
+        if (llenas.isEmpty())
+            throw;
+        // La base rehúsa el "where" repetido: se anota lo que dijo y se explica qué hacer.
+        fdm().registre_en_archivo(falla.texto());
         muestre_mensaje(texto_sobrantes(llenas));
-        return;
     }
-    conjunto_.Open(fijo_ + condicion_ + orden);
 }
 
 QString BusquedaPorTipo::dato(const char* campo) const {

@@ -160,6 +160,7 @@ void LineasLibro::ate_eventos() {
     campo(n_.centro).OnChange = [this](Campo&) { centro_cambiado(); };
     campo(c_.categoria).OnChange = [this](Campo&) { categoria_cambiada(); };
     campo(c_.articulo).OnChange = [this](Campo&) { anfitrion_.articulo_cambiado(libro); };
+    campo(c_.base).OnValidate = [this](Campo& c, const Valor&) { base_anterior_ = c.moneda(); };
     campo(c_.base).OnChange = [this](Campo&) { base_cambiada(); };
     campo(c_.porcentaje).OnChange = [this](Campo&) { porcentaje_cambiado(); };
     if (c_.comilla_en_celda) {
@@ -394,13 +395,15 @@ void LineasLibro::base_cambiada() {
         campo(c_.porcentaje) = *sugerido;
         if (!confirme_porcentaje())
             return;
+        retenga(tarifa); // la columna guarda menos decimales: el valor es el de la tarifa entera
+        return;
     }
-    aplique_porcentaje(tarifa);
+    retenga(tarifa_en_uso(tarifa));
 }
 
 void LineasLibro::porcentaje_cambiado() {
     if (en_edicion() && !sugiriendo_ && confirme_porcentaje())
-        aplique_porcentaje(tarifa_de_la_cuenta());
+        retenga(campo(c_.porcentaje).moneda());
 }
 
 void LineasLibro::consulte_tarifa(const char* columnas) {
@@ -419,17 +422,16 @@ bool LineasLibro::confirme_porcentaje() {
     return false;
 }
 
-Moneda LineasLibro::tarifa_de_la_cuenta() {
-    if (campo(c_.base).moneda().es_cero() || cuenta().isEmpty())
-        return {};
-    consulte_tarifa("CUEN_PORC");
-    return consulta_.Fields(0).moneda();
+Moneda LineasLibro::tarifa_en_uso(Moneda tarifa_cuenta) const {
+    const Campo& porcentaje = campo(c_.porcentaje);
+    const auto de_la_cuenta = lados_de_retencion(base_anterior_, tarifa_cuenta, digito());
+    const bool sugerida =
+        porcentaje.moneda() == tarifa_cuenta.redondeada(porcentaje.Size) &&
+        de_la_cuenta == Lados{campo(n_.debito).moneda(), campo(n_.credito).moneda()};
+    return sugerida ? tarifa_cuenta : porcentaje.moneda();
 }
 
-void LineasLibro::aplique_porcentaje(Moneda tarifa_cuenta) {
-    const Campo& porcentaje = campo(c_.porcentaje);
-    // La columna guarda menos decimales que la tarifa: el valor es el de la tarifa entera.
-    const Moneda tarifa = tarifa_plena(porcentaje.moneda(), tarifa_cuenta, porcentaje.Size);
+void LineasLibro::retenga(Moneda tarifa) {
     if (const auto lados = lados_de_retencion(campo(c_.base).moneda(), tarifa, digito())) {
         campo(n_.debito) = lados->debito;
         campo(n_.credito) = lados->credito;

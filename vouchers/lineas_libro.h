@@ -111,9 +111,8 @@ protected:
     virtual void comilla_de_referencia(); ///< al salir de una columna sin regla propia
     /// Dígito a que se redondea lo retenido; nada, a centavos.
     virtual std::optional<int> digito() const { return ajustes_.digito_redondeo; }
-    /// Tarifa de la cuenta de la línea, con todos sus decimales; cero si no cuenta.
-    virtual Moneda tarifa_de_la_cuenta();
-    void aplique_porcentaje(Moneda tarifa_cuenta);
+    /// Los lados salen de la base de la línea y esa tarifa.
+    void retenga(Moneda tarifa);
     /// Rehúsa la línea a la que le falta lo que su cuenta exige.
     void exija_completa();
     LineaComprobante linea() const override;
@@ -139,6 +138,8 @@ private:
     void categoria_cambiada();
     void porcentaje_cambiado();
     void consulte_tarifa(const char* columnas);
+    /// La de la cuenta si de ella salió el importe que la línea tiene; si no, la escrita en ella.
+    Moneda tarifa_en_uso(Moneda tarifa_cuenta) const;
     bool confirme_porcentaje();
     void ColEnter(int columna);
     void ColExit(int columna);
@@ -151,5 +152,6 @@ private:
     MemoriasLinea& memorias_;
     MemoriasLinea propias_; ///< las de la NIIF, que nadie lee
     const AjustesLinea& ajustes_;
+    Moneda base_anterior_;    ///< la que la celda tenía antes de cambiarla
     bool sugiriendo_ = false; ///< el porcentaje lo pone la cuenta, no el usuario
 };

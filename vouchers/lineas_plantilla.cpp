@@ -102,5 +102,5 @@ void LineasPlantilla::validar_centro() {
 
 void LineasPlantilla::base_cambiada() {
     if (en_edicion() && !cuenta().isEmpty())
-        aplique_porcentaje({});
+        retenga(campo("PLDE_PORC").moneda());
 }

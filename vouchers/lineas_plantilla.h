@@ -24,5 +24,4 @@ protected:
     void base_cambiada() override;
     void comilla_de_referencia() override {}
     std::optional<int> digito() const override { return {}; }
-    Moneda tarifa_de_la_cuenta() override { return {}; }
 };

@@ -236,15 +236,18 @@ void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {
         busque_mandante(*texto);
         return;
     }
-    const QString nit = campo.texto();
-    if (nit.isEmpty() || pregunta_.reponiendo())
+    if (pregunta_.reponiendo())
         return;
-    const QString nombre = fdmter().nom_tercero(nit);
-    NomMand->setText(nombre);
-    if (nombre.isEmpty()) {
+    muestre_mandante();
+    if (!campo.texto().isEmpty() && NomMand->text().isEmpty()) {
         campo.limpie();
         muestre_mensaje("El NIT indicado no esta registrado.");
     }
+}
+
+void PantallaComprobante::muestre_mandante() {
+    const QString nit = CMovimiento.FieldByName("ENCO_MANDANTE").texto();
+    NomMand->setText(nit.isEmpty() ? QString() : fdmter().nom_tercero(nit));
 }
 
 // ---------------------------------------------------------------- grabar

@@ -71,6 +71,7 @@ protected:
     // eventos compartidos
     void encabezado_TERC_NITChange(Campo& campo);
     void ENCO_MANDANTEChange(Campo& campo);
+    void muestre_mandante();
     void DBGridDblClick(Libro libro, int columna) override;
     void ckFiltroClick();
     /// Fuera de la rejilla, al tercero del encabezado.

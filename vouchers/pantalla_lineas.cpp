@@ -179,9 +179,10 @@ void PantallaLineas::destine_panel(bool a_activo) {
 void PantallaLineas::agregue_panel(PanelFlotante* panel, QWidget* destino) {
     panel->flote_sobre(PageControl1);
     panel->vuelve = [this, destino](bool tenia_foco) -> QWidget* {
-        if (destino)
+        // La rejilla de la página tapada también recibiría el foco, y lo que se digite.
+        if (destino && destino->isVisible())
             return destino;
-        return tenia_foco ? lineas_a_la_vista().rejilla : nullptr;
+        return destino || tenia_foco ? lineas_a_la_vista().rejilla : nullptr;
     };
     paneles_.append(panel);
 }

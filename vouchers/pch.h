@@ -1,5 +1,4 @@
 #pragma once
-#include "sesion/apertura.h"
 #include "sesion/campos_catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"

@@ -1,7 +1,6 @@
 #include "vouchers/tfbuscomproba.h"
 
 #include "sesion/copias_comprobante.h"
-#include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
 
 #include <QMenu>
@@ -86,11 +85,7 @@ void Tfbuscomproba::FormCreate() {
 void Tfbuscomproba::FormActivate() {
     if (conjunto_.Active())
         conjunto_.Refresh();
-    // De vuelta de un comprobante se sigue en la lista; al abrir, en las condiciones.
-    if (hay_fila())
-        DBGridEh1->setFocus();
-    else
-        filtros_->LTipo->setFocus();
+    filtros_->LTipo->setFocus();
 }
 
 void Tfbuscomproba::BitBtn1Click() {

@@ -3,7 +3,6 @@
 #include "toolkit/controles/imagendato.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/datos_formato.h"
-#include "vouchers/impresion_pendiente.h"
 #include "vouchers/lienzo_formato.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"

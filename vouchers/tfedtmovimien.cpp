@@ -7,7 +7,6 @@
 #include "toolkit/estilo.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/copia_plantilla.h"
-#include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
 
 #include <QMenu>
@@ -168,6 +167,7 @@ void Tfedtmovimien::FormCreate() {
     CMovimiento.Edit();
     muestre_origen();
     muestre_fecha();
+    muestre_mandante();
     encabezado_posteado_ = true;
     const QString cual = QStringList{CMovimiento.FieldByName("TICO_COD").texto(),
                                      CMovimiento.FieldByName("PRCO_PREF").texto(),
@@ -307,6 +307,8 @@ void Tfedtmovimien::solo_imprima() {
 
 void Tfedtmovimien::SBGrabarClick() {
     if (solo_imprime_) {
+        if (hay_por_perder() && !salida_confirmada())
+            return;
         imprima_comprobante(CMovimiento.FieldByName("ENCO_CONSEC").texto());
         cierre();
         return;
@@ -333,8 +335,8 @@ bool Tfedtmovimien::se_tolera(const Rechazo& rechazo) const {
     // Lo que está cerrado no se puede corregir: no por eso deja de grabarse lo demás.
     if (rechazo.libro == Libro::Niif && rechazo.item != 0 && !libre_niif)
         return true;
-    // Sin tocar el libro 2649 no hay réplica que hacer.
-    return rechazo.motivo == Motivo::SinEquivalente && !toca_la_replica();
+    // Sin tocar el libro 2649, o con el NIIF cerrado, no hay réplica que hacer.
+    return rechazo.motivo == Motivo::SinEquivalente && (!libre_niif || !toca_la_replica());
 }
 
 bool Tfedtmovimien::toca_la_replica() const {

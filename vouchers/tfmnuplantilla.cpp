@@ -11,8 +11,8 @@ void abra_en_mantenimiento(const char* pantalla) {
 } // namespace
 
 Tfmnuplantilla::Tfmnuplantilla() : MenuBotones("Tfmnuplantilla", "Plantillas") {
-    opcion("SBPlantillas", "Plantillas contables", "x-office-document-template", "Tfbuscplantilla",
+    opcion("SBPlantillas", "Plantillas contables", "x-office-document-template",
            [] { abra_en_mantenimiento("Tfbuscplantilla"); });
-    opcion("SBDigitacion", "Digitación rápida   ", "x-office-spreadsheet", "Tfbuscplanillasd",
+    opcion("SBDigitacion", "Digitación rápida   ", "x-office-spreadsheet",
            [] { abra_en_mantenimiento("Tfbuscplanillasd"); });
 }

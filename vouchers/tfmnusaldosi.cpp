@@ -1,8 +1,8 @@
 #include "vouchers/tfmnusaldosi.h"
 
 Tfmnusaldosi::Tfmnusaldosi() : MenuBotones("Tfmnusaldosi", "Saldos iniciales") {
-    opcion("SBSaldos2649", "Saldos Dec.2649        ", "go-first", "Tfsaldiniciales",
+    opcion("SBSaldos2649", "Saldos Dec.2649        ", "go-first",
            [] { pantallas().abrir("Tfsaldiniciales"); });
-    opcion("SBAperturaNiif", "Balance apertura NIIF ", "x-office-spreadsheet", "Tfbalaperturaniif",
+    opcion("SBAperturaNiif", "Balance apertura NIIF ", "x-office-spreadsheet",
            [] { pantallas().abrir("Tfbalaperturaniif"); });
 }

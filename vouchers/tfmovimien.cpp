@@ -3,7 +3,6 @@
 #include "datos/firebird/reloj.h"
 #include "libro/numeracion.h"
 #include "vouchers/copia_plantilla.h"
-#include "vouchers/impresion_pendiente.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
@@ -55,7 +54,7 @@ void Tfmovimien::declare_botones() {
     SBPlantilla = barra->boton("SBPlantilla", "Plantilla", "folder-open", Qt::Key_F11,
                                [this] { busque_plantilla(); });
     SpeedButton1 = barra->boton("SpeedButton1", "Buscar", "edit-find", {}, [this] {
-        abra_o_avise("Tfbuscomproba", AbreBusquedaComprobantes{LTipo->valor().texto()});
+        pantallas().abrir("Tfbuscomproba", AbreBusquedaComprobantes{LTipo->valor().texto()});
     });
     speedButton4 = barra->boton("speedButton4", "Mes anterior", "go-previous",
                                 QKeySequence(Qt::ALT | Qt::Key_Left), [this] {
@@ -243,6 +242,7 @@ void Tfmovimien::CMovimientoAfterInsert() {
     ponga("ENCO_USUARIO", fdm().usuario);
     ponga("ENCO_DESCONTABLE", "S");
     ponga("ENCO_REPNIIF", "N");
+    muestre_mandante();
     EDia->setText(fdmcnt().dia_actual);
     for (LineasLibro* l : {lineas_2649, lineas_niif}) {
         // Lo de la última línea y las sumas del anterior no son del nuevo.

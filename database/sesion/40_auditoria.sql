@@ -58,6 +58,17 @@ BEGIN
     VALUES (:TIDO, :ID, :FILA, :ORIGEN);
 END^
 
+-- Anuncia que esta transacción va a borrar el comprobante: sus líneas ya cuentan como auditadas, y
+-- queda una sola fila por libro, la del borrado, que escribe el disparador del encabezado. La llaman
+-- quienes borran (BORRE_COMPROBANTE y las pantallas, antes de sus órdenes).
+CREATE OR ALTER PROCEDURE PREPARE_BORRADO (ID integer)
+AS
+BEGIN
+  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC, AUDI_ORIGEN) VALUES (1, :ID, 'E');
+  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC, AUDI_ORIGEN) VALUES (1001, :ID, 'E');
+  rdb$set_context('USER_TRANSACTION', 'BORRADO_DE', ID);
+END^
+
 -- Deja anotado que se borró una línea de un comprobante ya auditado. La llaman los disparadores de
 -- las líneas.
 CREATE OR ALTER PROCEDURE ANOTE_LINEA_BORRADA (TIDO integer, ID integer)

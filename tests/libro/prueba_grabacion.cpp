@@ -504,6 +504,11 @@ void PruebaGrabacion::el_borrado_es_todo_o_nada_y_lo_firma_quien_borra() {
     QCOMPARE(filas_de(base(), "select list(audi_usuario) from auditoria where audi_oper = 'E' and "
                               "tido_cod = 1"),
              QString("AUXILIAR,AUXILIAR"));
+    // Una fila por libro, aunque el borrado sean cuatro órdenes.
+    QCOMPARE(filas_de(base(), "select tido_cod, audi_oper, audi_usuario from auditoria where "
+                              "audi_oper <> 'I' and audi_iddoc = " +
+                                  QString::number(otro) + " order by tido_cod"),
+             QString("1|E|AUXILIAR\n1001|E|AUXILIAR"));
     QCOMPARE(revise_borrado(base(), {1, "CG", "0001", "1", 31, {}})->texto,
              "Debe utilizar la opcion Factura de venta para borrar el comprobante");
 }

@@ -95,10 +95,6 @@ private slots:
         QVERIFY(!lados_de_retencion({}, pesos("3"), 0));
         QVERIFY(!lados_de_retencion(pesos("100"), {}, 0));
         QVERIFY(!lados_de_retencion(pesos("100"), pesos("-1"), 0));
-        // La columna guarda dos decimales; se calcula con la tarifa de la cuenta.
-        QCOMPARE(tarifa_plena(pesos("0.97"), pesos("0.966"), 2), pesos("0.966"));
-        QCOMPARE(tarifa_plena(pesos("0.96"), pesos("0.966"), 2), pesos("0.96"));
-        QCOMPARE(tarifa_plena(pesos("0.97"), pesos("0.966"), 4), pesos("0.97"));
         // Un porcentaje propio, o una base bajo el mínimo, no toman el de la cuenta.
         QCOMPARE(porcentaje_sugerido(pesos("-895000"), {}, pesos("895000"), pesos("2.5")),
                  pesos("2.5"));

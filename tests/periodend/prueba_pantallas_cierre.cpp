@@ -212,6 +212,8 @@ private slots:
         plan.conteste("220505");
         agote_eventos();
         QCOMPARE(s.caja("ECta"), "220505");
+        s.escriba("ECta", "?otra");
+        QCOMPARE(s.caja("ECta"), "220505"); // sin escoger, sigue la que tenía
         QVERIFY(!s.caja("NomCta").isEmpty());
         enfoque(s.p, "LLibros");
         digite("Solo NIIF", Qt::Key_Tab);

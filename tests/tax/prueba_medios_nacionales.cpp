@@ -6,11 +6,11 @@
 #include "catalogues/registro_cuentas.h"
 #include "catalogues/registro_terceros.h"
 #include "ledger/libro_al_azar.h"
-#include "tax/avance.h"
 #include "tax/registro.h"
 #include "tax/tfmediosmag13.h"
 #include "tax/tfmediosmagbog.h"
 #include "tax/tfrevisamedio.h"
+#include "toolkit/avance_trabajo.h"
 
 namespace {
 

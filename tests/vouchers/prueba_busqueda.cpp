@@ -182,8 +182,11 @@ private slots:
         Pantalla* p = pantallas().abrir("Tfbuscomproba");
         // Con más de uno la búsqueda se rehúsa diciendo qué vaciar, y el resultado queda cerrado.
         const auto rehuse = [&](const QString& mensaje) {
+            const auto anotado = [&] { return QFileInfo(s.base.ruta() + "/ERRORES.TXT").size(); };
+            const qint64 antes = anotado();
             dice([&] { busque(p); }, mensaje);
             QVERIFY(!resultado(p).Active());
+            QVERIFY(anotado() > antes); // la rehusó la base, por su "where" repetido
         };
         rehuse("Con todos los tipos la búsqueda admite un solo dato y hay varios: Fecha desde y "
                "Fecha hasta. Escoja un tipo o vacíe Fecha desde o Fecha hasta.");
@@ -301,7 +304,7 @@ private slots:
             {"update comprobante_encabezado set enco_concepto = 'Otro' where enco_consec = 6"});
         e->close();
         QCOMPARE(resultado(p).FieldByName("ENCO_CONCEPTO").texto(), "Otro");
-        QVERIFY(p->DBGridEh1->enfocada()); // de vuelta se sigue en la lista
+        QVERIFY(componente<ListaDato>(p, "LTipo").hasFocus());
         p->DBGridEh1->OnDblClick(0);
         QVERIFY(s.escritorio.abierta("Tfedtmovimien"));
         s.escritorio.activa()->close();

@@ -172,6 +172,12 @@ private slots:
                 QCOMPARE(d.celda("CODE_DEBITO"), QString(base[0] == '1' ? "9660" : "19320"));
             }
             QCOMPARE(d.celda("CODE_PORC"), QString(pagina == 0 ? "0.97" : "0.966"));
+            for (const char* celda : {"0.97", "1000000"}) { // la escrita es la que vale
+                d.rejilla().SelectedIndex(*celda == '0' ? LineasLibro::kPorcentaje
+                                                        : LineasLibro::kBase);
+                d.linea({celda});
+            }
+            QCOMPARE(d.celda("CODE_DEBITO"), "9700");
             p->lineas_a_la_vista().detalle.Cancel();
         }
         p->CMovimiento.CancelUpdates();

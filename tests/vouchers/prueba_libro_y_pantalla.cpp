@@ -386,12 +386,13 @@ private:
         const auto a = atributos_de_cuenta(conexion_, libro, l.cuenta);
         if (!a || l.base.es_cero())
             return;
-        const int decimales = es_niif(libro) ? 4 : 2;
-        if (const auto p = porcentaje_sugerido(l.base, l.porcentaje, a->base_minima, a->porcentaje))
-            l.porcentaje = p->redondeada(decimales);
-        if (const auto lados =
-                lados_de_retencion(l.base, tarifa_plena(l.porcentaje, a->porcentaje, decimales),
-                                   ajustes_.digito_redondeo)) {
+        Moneda tarifa = l.porcentaje;
+        if (const auto p =
+                porcentaje_sugerido(l.base, l.porcentaje, a->base_minima, a->porcentaje)) {
+            tarifa = *p;
+            l.porcentaje = p->redondeada(es_niif(libro) ? 4 : 2);
+        }
+        if (const auto lados = lados_de_retencion(l.base, tarifa, ajustes_.digito_redondeo)) {
             l.debito = lados->debito;
             l.credito = lados->credito;
         }

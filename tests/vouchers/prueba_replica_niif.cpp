@@ -57,7 +57,7 @@ private slots:
         d.rejilla().SelectedIndex(LineasLibro::kDebito); // dejar la cuenta muestra su panel
         QVERIFY(p->GroupBox1->isVisible());
         componente<QPushButton>(p, "SpeedButton2").click();
-        d.rejilla().setFocus();
+        QVERIFY(d.rejilla().enfocada()); // y no la del 2649, que no se ve
         QCOMPARE(d.celda("CUEN_COD"), "130505");
         oprima(Qt::Key_Down);
         QCOMPARE(d.celda("CUEN_COD"), "310505");

@@ -45,6 +45,10 @@ FormatoExportacion formato_del_filtro(const QString& filtro) {
     return FormatoExportacion::Txt;
 }
 
+QString extension_del_filtro(const QString& filtro) {
+    return extension_de(formato_del_filtro(filtro));
+}
+
 QString componga_nombre(const QString& nombre, const QString& extension) {
     if (nombre.right(3).toUpper() == extension.toUpper())
         return nombre;

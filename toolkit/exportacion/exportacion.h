@@ -20,6 +20,9 @@ QString extension_de(FormatoExportacion formato);
 /// El formato de un filtro de los que da `filtro_para_qt`, por su extensión; sin reconocerla, Txt.
 FormatoExportacion formato_del_filtro(const QString& filtro);
 
+/// La extensión de ese formato.
+QString extension_del_filtro(const QString& filtro);
+
 /// Agrega "." y la extensión si los tres últimos caracteres del nombre no son ella, en mayúsculas
 /// ambos: "datosxls" ya termina en "xls" y queda como está.
 QString componga_nombre(const QString& nombre, const QString& extension);

@@ -5,13 +5,13 @@
 #include "toolkit/estilo.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/impresora.h"
+#include "toolkit/pida_archivo.h"
 #include "toolkit/proteccion.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -58,21 +58,18 @@ Rango OpcionesReporte::rango(int total, int actual) const {
 }
 
 QString pida_archivo(QWidget* ventana, const QString& sugerido, FormatoArchivo formato) {
-    QFileDialog dialogo(ventana, QStringLiteral("Guardar informe"),
-                        ultima_carpeta_.isEmpty() ? QDir::homePath() : ultima_carpeta_,
-                        QLatin1String(kFormatos[int(formato)]));
-    dialogo.setObjectName(QStringLiteral("guardar_informe"));
-    dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    dialogo.setOption(QFileDialog::DontConfirmOverwrite);
-    dialogo.selectFile(componga_nombre(sugerido, extension_de(formato)));
-    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
+    const QString carpeta = ultima_carpeta_.isEmpty() ? QDir::homePath() : ultima_carpeta_;
+    const auto extension = [formato](const QString&) { return extension_de(formato); };
+    const auto escogido = ::pida_archivo(
+        ventana, {.nombre = "guardar_informe",
+                  .titulo = QStringLiteral("Guardar informe"),
+                  .sugerido = carpeta + '/' + componga_nombre(sugerido, extension_de(formato)),
+                  .filtro = QLatin1String(kFormatos[int(formato)]),
+                  .extension = extension});
+    if (!escogido)
         return {};
-    const QString ruta = componga_nombre(dialogo.selectedFiles().first(), extension_de(formato));
-    if (QFileInfo::exists(ruta) &&
-        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
-        return {};
-    ultima_carpeta_ = QFileInfo(ruta).path();
-    return ruta;
+    ultima_carpeta_ = QFileInfo(escogido->ruta).path();
+    return escogido->ruta;
 }
 
 DialogoOpciones::DialogoOpciones(const OpcionesReporte& inicial, const QString& archivo,

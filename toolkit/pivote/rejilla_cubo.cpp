@@ -1,17 +1,14 @@
 #include "toolkit/pivote/rejilla_cubo.h"
 
-#include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/exportacion/exportacion.h"
+#include "toolkit/pida_archivo.h"
 #include "toolkit/pivote/columna_fija.h"
 #include "toolkit/pivote/tabla_cubo.h"
 #include "toolkit/proteccion.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -199,22 +196,16 @@ void RejillaCubo::guarde() {
         QApplication::beep();
         return;
     }
-    QFileDialog dialogo(this, QStringLiteral("Guardar cubo"), QDir::homePath(),
-                        filtro_para_qt(kFiltroExportacion));
-    dialogo.setObjectName(QStringLiteral("guardar_cubo"));
-    dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    dialogo.setOption(QFileDialog::DontConfirmOverwrite);
-    dialogo.selectNameFilter(dialogo.nameFilters().constLast()); // el libro
-    dialogo.selectFile(nombre_archivo);
-    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
-        return;
-    const FormatoExportacion formato = formato_del_filtro(dialogo.selectedNameFilter());
-    const QString ruta = componga_nombre(dialogo.selectedFiles().first(), extension_de(formato));
-    if (QFileInfo::exists(ruta) &&
-        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
+    const auto escogido = pida_archivo(this, {.nombre = "guardar_cubo",
+                                              .titulo = QStringLiteral("Guardar cubo"),
+                                              .sugerido = nombre_archivo,
+                                              .filtro = filtro_para_qt(kFiltroExportacion),
+                                              .extension = extension_del_filtro,
+                                              .ultimo_filtro = true}); // el libro
+    if (!escogido)
         return;
     TablaDeCubo tabla(modelo_, titulo_impreso.isEmpty() ? nombre_archivo : titulo_impreso);
-    exporte(tabla, formato, ruta);
+    exporte(tabla, formato_del_filtro(escogido->filtro), escogido->ruta);
 }
 
 void RejillaCubo::keyPressEvent(QKeyEvent* evento) {

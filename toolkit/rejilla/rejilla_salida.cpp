@@ -1,23 +1,21 @@
 // Menú emergente, archivos e impresión de la rejilla.
 #include "toolkit/rejilla/rejilla.h"
 
+#include "toolkit/avance_trabajo.h"
 #include "toolkit/aviso_salida.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/exportacion/exportacion.h"
 #include "toolkit/exportacion/impresion_tabla.h"
 #include "toolkit/impresora.h"
+#include "toolkit/pida_archivo.h"
 #include "toolkit/proteccion.h"
 #include "toolkit/rejilla/anuncio_pegado.h"
 #include "toolkit/rejilla/tabla_rejilla.h"
 #include "toolkit/rejilla/texto_tabulado.h"
 
 #include <QClipboard>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QProgressDialog>
 
 namespace {
 
@@ -41,25 +39,6 @@ const char* rotulo(Rejilla::Orden orden) {
         return "&Guardar selección";
     }
 }
-
-/// Avance que aparece si el recorrido tarda; cancelar lo aborta en silencio y no deja archivo.
-class Avance {
-public:
-    Avance(QWidget* padre, const QString& texto) : dialogo_(texto, "Cancelar", 0, 0, padre) {
-        dialogo_.setObjectName(QStringLiteral("avance"));
-        dialogo_.setWindowModality(Qt::ApplicationModal);
-        dialogo_.setMinimumDuration(1000);
-    }
-    void operator()(int fila) {
-        dialogo_.setLabelText(QStringLiteral("%1 filas").arg(fila));
-        dialogo_.setValue(fila);
-        if (dialogo_.wasCanceled())
-            throw EdicionAbortada();
-    }
-
-private:
-    QProgressDialog dialogo_;
-};
 
 } // namespace
 
@@ -151,26 +130,22 @@ void Rejilla::contextMenuEvent(QContextMenuEvent* evento) {
 void Rejilla::guarde_seleccion() {
     if (!termine_edicion() || !puede_copiar())
         return;
-    QFileDialog dialogo(
-        this, QStringLiteral("Guardar selección"), QDir::homePath(),
-        filtro_para_qt(filtro_archivo.isEmpty() ? kFiltroExportacion : filtro_archivo));
-    dialogo.setObjectName(QStringLiteral("guardar_seleccion"));
-    dialogo.setAcceptMode(QFileDialog::AcceptSave);
-    // La extensión se agrega después: la pregunta por el archivo existente es sobre el nombre
-    // final.
-    dialogo.setOption(QFileDialog::DontConfirmOverwrite);
-    dialogo.selectFile(nombre_archivo);
-    if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
-        return;
-    const FormatoExportacion formato = formato_del_filtro(dialogo.selectedNameFilter());
-    const QString ruta = componga_nombre(dialogo.selectedFiles().first(), extension_de(formato));
-    if (QFileInfo::exists(ruta) &&
-        !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
+    const auto escogido = pida_archivo(
+        this,
+        {.nombre = "guardar_seleccion",
+         .titulo = QStringLiteral("Guardar selección"),
+         .sugerido = nombre_archivo,
+         .filtro = filtro_para_qt(filtro_archivo.isEmpty() ? kFiltroExportacion : filtro_archivo),
+         .extension = extension_del_filtro});
+    if (!escogido)
         return;
     TablaRejilla tabla(*this);
-    Avance avance(this, QStringLiteral("Guardando %1 ...").arg(ruta));
-    tabla.avance = [&avance](int fila) { avance(fila); };
-    exporte(tabla, formato, ruta);
+    AvanceTrabajo avance(this, QStringLiteral("Guardando %1 ...").arg(escogido->ruta));
+    tabla.avance = [&avance](int fila) {
+        if (!avance.siga(fila, QStringLiteral("%1 filas").arg(fila)))
+            throw EdicionAbortada();
+    };
+    exporte(tabla, formato_del_filtro(escogido->filtro), escogido->ruta);
 }
 
 void Rejilla::imprima() {
