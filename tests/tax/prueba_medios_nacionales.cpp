@@ -169,12 +169,13 @@ void PruebaMediosNacionales::nace_con_el_ano_y_el_formato_decide_nombre_y_column
     p->Concepto->setCurrentIndex(1);
     QCOMPARE(p->Ubicacion->text(), "Dmuisca_020100108201400000012.xml");
     // Unas fechas de otro año no se calculan: sus filas no se volverían a ver.
-    p->FecIni->setText("20130101");
     enfoque(p, "EAno");
     p->EAno->clearFocus();
-    p->FecIni->setText("20130101");
-    oprima_en(p->FecIni, Qt::Key_F2);
-    QVERIFY(!p->CMedmagdata->Active());
+    for (const char* fecha : {"20130101", "20140230"}) {
+        p->FecIni->setText(fecha);
+        oprima_en(p->FecIni, Qt::Key_F2);
+        QVERIFY(!p->CMedmagdata->Active());
+    }
     // El formato decide las columnas, y el tipo de documento, si el NIT lleva dígito.
     p->FecIni->setText("20140101");
     p->LFormato->setCurrentText("1001 Pagos o abonos en cuenta y retenciones (v. 9)");
@@ -439,6 +440,12 @@ void PruebaMediosNacionales::lo_que_no_se_pudo_grabar_no_se_va_con_otro_formato(
     QCOMPARE(m.s.dato("select count(*) from medios_magneticos_datos where memg_formato = 10019 and "
                       "memg_pago = 1234"),
              "1");
+    // El año digitado vale aunque F5 no saque de su caja: las filas a la vista eran del otro.
+    oprima(Qt::Key_F2);
+    llene(p, "EAno", "2016");
+    oprima(Qt::Key_F5);
+    QVERIFY(!p->CMedmagdata->Active());
+    QVERIFY2(p->Ubicacion->text().contains("2016"), qPrintable(p->Ubicacion->text()));
 }
 
 void PruebaMediosNacionales::esperar_a_otro_que_calcula_se_cancela() {
