@@ -346,6 +346,12 @@ void PruebaCertificados::la_configuracion_numera_dentro_de_la_cuenta() {
     QVERIFY(c.FieldByName("CFCR_CTABASE").vacio());
     c.FieldByName("CFCR_CTABASE") = "143505";
     c.Post();
+    ListaFalsa<PideCuenta> plan("Tfcuentas"); // buscar sin escoger deja la que había
+    c.Edit();
+    c.FieldByName("CFCR_CTABASE") = "?14";
+    plan.cancele();
+    QCOMPARE(plan.pedida().texto_busqueda + c.FieldByName("CFCR_CTABASE").texto(), "14143505");
+    c.Cancel();
     c.Append(); // el siguiente cuenta lo que aún no se graba
     c.FieldByName("CFCR_CUENTA") = "236540";
     QCOMPARE(c.FieldByName("CFCR_ITEM").texto(), "6");
