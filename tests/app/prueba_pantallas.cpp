@@ -225,7 +225,8 @@ void PruebaPantallas::cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos() 
                 malas << esta + (atras ? " hacia atrás: " : ": ") + mala;
         // Un pie suma todas las filas, no las del primer paquete.
         for (const Rejilla* r : p->findChildren<Rejilla*>())
-            if (r->pie() && r->conjunto() && r->conjunto()->PacketRecords > 0)
+            if (const ConjuntoDatos* c = r->conjunto();
+                r->pie() && c && c->proveedor && c->PacketRecords > 0)
                 malas << esta + ": " + r->objectName() + " suma solo lo traído";
         // Ningún dato se llama en un mensaje como su columna de la base.
         for (const ConjuntoDatos* c : p->findChildren<ConjuntoDatos*>())
