@@ -276,6 +276,16 @@ void PruebaCertificados::un_archivo_por_tercero_con_su_numero() {
     const QString iva = texto("Certificado retencion de IVA 860002964.PDF");
     QVERIFY(iva.contains("190.00"));
     QVERIFY2(iva.contains("bimestre 2: Mar - Abr"), qPrintable(iva));
+    // El que no se puede escribir queda registrado.
+    const QString suyo = "Certificado retencion de IVA 860002964.PDF";
+    QVERIFY(QDir(carpeta.path()).remove(suyo) && QDir(carpeta.path()).mkdir(suyo));
+    Interlocutor i;
+    i.espere_comienzo("Se generaron 0 certificados");
+    oprima(Qt::Key_F5);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QFile errores(s.base.ruta() + "/ERRORES.TXT");
+    QVERIFY(errores.open(QIODevice::ReadOnly));
+    QVERIFY(errores.readAll().contains("Certificado del NIT 860002964: "));
 }
 
 void PruebaCertificados::los_archivos_piden_acceso_y_una_carpeta_que_sirva() {
