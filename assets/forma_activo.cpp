@@ -88,8 +88,14 @@ void FormaActivo::defina_campos() {
         CCentros.FieldByName("ACFJ_COD") = CActivo.FieldByName("ACFJ_COD").texto();
     };
     CCentros.BeforePost = [this] {
-        if (CCentros.FieldByName("ACCE_PROY").vacio())
-            CCentros.Cancel();
+        if (!CCentros.FieldByName("ACCE_PROY").vacio())
+            return;
+        if (!CCentros.FieldByName("ACCE_CENTRO").vacio() ||
+            !CCentros.FieldByName("ACCE_PORC").moneda().es_cero()) {
+            muestre_mensaje("Debe indicar el proyecto del centro al que se reparte.");
+            throw EdicionAbortada();
+        }
+        CCentros.Cancel();
     };
     CInicial.texto("ACFJ_COD", 15).banderas(kLlave);
     CInicial.texto("ACIN_LIBRO", 4).banderas(kLlave).etiqueta("Libro").defecto("2649");
@@ -185,6 +191,7 @@ QWidget* FormaActivo::cuenta(const char* columna, const char* marca, Libro libro
     CActivo.FieldByName(columna).OnChange = [this, libro, nombre](Campo& c) {
         cuenta_cambiada(c, libro, nombre);
     };
+    pregunta_.atienda(CActivo.FieldByName(columna));
     // Una que se inactivó después sigue siendo la suya: se nombra sin validarla.
     nombres_ << [this, columna, libro, nombre] {
         nombre->setText(
@@ -213,6 +220,7 @@ QWidget* FormaActivo::pagina_niif() {
     vida->ancho(6);
     auto* rescate = nombrado(new EditorDato(&CActivo, "ACFJ_RESCATE"), "ERescate");
     rescate->ancho(18);
+    rescate->setToolTip("No se deprecia: en la norma local tampoco");
     Formulario(pagina)
         .fila({{"Vida útil:", vida}, {"Valor Rescate:", rescate}})
         .fila("Activo", cuenta("ACFJ_CTANIIF", "ActivoN", Libro::Niif))
@@ -373,19 +381,18 @@ void FormaActivo::busque_cuenta(const char* columna, Libro libro, const QString&
 }
 
 void FormaActivo::cuenta_cambiada(Campo& campo, Libro libro, QLineEdit* nombre) {
-    nombre->clear();
-    const QString cuenta = campo.texto();
-    if (cuenta.isEmpty())
-        return;
-    if (cuenta.startsWith('?')) {
-        campo.limpie();
-        escoja_cuenta(*this, libro, cuenta.mid(1),
+    const bool repuesta = pregunta_.reponiendo();
+    if (const auto buscada = pregunta_.tome(campo)) {
+        escoja_cuenta(*this, libro, *buscada,
                       [&campo](const QString& escogida) { campo = escogida; });
         return;
     }
-    nombre->setText(fdmcnt().nom_cuenta(cuenta, libro));
+    const QString cuenta = campo.texto();
+    nombre->setText(cuenta.isEmpty() ? QString()
+                    : repuesta       ? nombre_en_el_plan(fdm().Quorvex, libro, cuenta)
+                                     : fdmcnt().nom_cuenta(cuenta, libro));
     nombre->setCursorPosition(0);
-    if (nombre->text().isEmpty() && campo.conjunto().editando()) {
+    if (nombre->text().isEmpty() && !cuenta.isEmpty() && !repuesta && campo.conjunto().editando()) {
         muestre_mensaje("No se encontró la cuenta contable indicada.");
         campo.limpie();
     }

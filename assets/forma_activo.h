@@ -1,7 +1,7 @@
 #pragma once
 // Ficha de un activo fijo, nueva (Tfnvoactivo) o guardada (Tfedtactivo): sus datos, lo que lo
 // deprecia en cada libro, su reparto por centros y su foto.
-#include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "libro/lineas.h"
 #include "toolkit/pantalla.h"
 
@@ -53,6 +53,7 @@ private:
 
     const Modo modo_;
     ContadorLineas contador_;
+    PreguntaEnCampo pregunta_;               ///< en las cuentas
     QVector<std::function<void()>> nombres_; ///< muestran el de cada cuenta
     EditorDato *ECod, *EDesc;
     ListaDato *LGrupo, *LSubgrupo;

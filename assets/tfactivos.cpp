@@ -65,12 +65,9 @@ Tfactivos::Tfactivos()
 
 void Tfactivos::FormCreate() {
     fdm().ConfigurarProviders(this);
-    aplique_modo();
-    // Solo se escoge para quien lo pide; desde el menú la lista es para mantenerlos.
-    findChild<QPushButton*>("SBSelec")->setVisible(trae<PideActivo>());
-    modo_mantenimiento_ = !trae<PideActivo>();
+    aplique_modo(!trae<PideActivo>()); // solo se escoge para quien lo pide
     consulte(kBase + "order by acfj_desc");
-    ubique(peticion<PideActivo>().activo_localizar);
+    ubique_o_busque(peticion<PideActivo>().activo_localizar);
 }
 
 void Tfactivos::sbBuscarClick() {

@@ -4,6 +4,9 @@
 #include "assets/procesos_activos.h"
 #include "toolkit/marcos.h"
 
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
 Tfcalculadep::Tfcalculadep()
     : FormaProceso(depreciacion(), SinArmar{}),
       TDepunidad(this, "TDepunidad", fdm().Quorvex,
@@ -31,7 +34,7 @@ Tfcalculadep::Tfcalculadep()
     DBGridEh1->setAccessibleName("Unidades u horas producidas en el mes");
     DBGridEh1->columnas({{"ACFJ_COD", "Activo", 12, SoloLectura},
                          {"NomActivo", "Descripción", 34, SoloLectura},
-                         {"Ultfec", "Última", 10, SoloLectura},
+                         {"Ultfec", "Última", 11, SoloLectura, "aaaa/mm/dd"},
                          {"Unirest", "Restan", 10, SoloLectura},
                          {"DEPU_UNIDADES", "Unidades/horas", 14}});
     DBGridEh1->permite_insertar = DBGridEh1->permite_borrar = false;
@@ -70,35 +73,45 @@ void Tfcalculadep::SBGrabarClick() {
         grabe();
 }
 
-bool Tfcalculadep::pida_unidades() {
-    ponga_fecha();
-    postee(); // lo que falte del encabezado se dice antes de pedir las unidades
-    CProceso.Edit();
-    Sentencia& q = fdm().QBorrar;
-    q.Open("select activo, fecult, unirest from ultima_depreciacion_unidades(" +
-           QuotedStr(campo("DEPR_FECHA").texto()) + ')');
-    llenando_ = true;
+void Tfcalculadep::liste_los_que_producen() {
+    QMap<QString, Valor> digitadas; // de un intento anterior
+    CDepunidad.recorra_todas([&](const Fila& fila) {
+        digitadas[CDepunidad.valor_de(fila, CDepunidad.FieldByName("ACFJ_COD")).texto()] =
+            CDepunidad.valor_de(fila, CDepunidad.FieldByName("DEPU_UNIDADES"));
+    });
+    const QScopedValueRollback<bool> guarda(llenando_, true);
     CDepunidad.DisableControls();
+    const auto encienda = qScopeGuard([this] { CDepunidad.EnableControls(); });
+    CDepunidad.borre_todas();
+    Sentencia& q = fdm().QBorrar;
+    const auto cierre = qScopeGuard([&q] { q.Close(); });
+    q.Open("select activo, fecult, unirest from ultima_depreciacion_unidades(" +
+           QuotedStr(fecha_pedida_) + ')');
     for (int item = 1; !q.Eof(); q.Next(), ++item) {
         CDepunidad.Append();
         CDepunidad.FieldByName("DEPR_ID") = 0;
         CDepunidad.FieldByName("DEPU_ITEM") = item;
         CDepunidad.FieldByName("ACFJ_COD") = q.Fields(0);
-        CDepunidad.FieldByName("DEPU_UNIDADES") = 0;
+        CDepunidad.FieldByName("DEPU_UNIDADES") = digitadas.value(q.Fields(0).texto(), Valor(0));
         CDepunidad.FieldByName("Ultfec") = q.Fields(1);
         CDepunidad.FieldByName("Unirest") = q.Fields(2);
         CDepunidad.Post();
     }
-    q.Close();
-    llenando_ = false;
     if (!CDepunidad.IsEmpty())
         CDepunidad.First();
-    CDepunidad.EnableControls();
+}
+
+bool Tfcalculadep::pida_unidades() {
+    ponga_fecha();
+    postee(); // lo que falte del encabezado se dice antes de pedir las unidades
+    CProceso.Edit();
+    fecha_pedida_ = campo("DEPR_FECHA").texto();
+    liste_los_que_producen();
+    Panel2->setVisible(!CDepunidad.IsEmpty());
+    SpeedButton3->setVisible(!CDepunidad.IsEmpty());
     if (CDepunidad.IsEmpty())
         return false;
     Panel1->hide();
-    Panel2->show();
-    SpeedButton3->show();
     reajuste_ventana(*this);
     DBGridEh1->setFocus();
     DBGridEh1->SelectedIndex(DBGridEh1->columna_de("DEPU_UNIDADES"));
@@ -114,8 +127,20 @@ void Tfcalculadep::CDepunidadBeforePost() {
 
 void Tfcalculadep::SpeedButton3Click() {
     CDepunidad.CheckBrowseMode();
-    if (acepte_las_que_no_produjeron())
-        grabe();
+    // De vuelta en el encabezado se pudo cambiar el día: los que producen son los de esa fecha.
+    ponga_fecha();
+    if (campo("DEPR_FECHA").texto() != fecha_pedida_ && pida_unidades())
+        return;
+    if (!acepte_las_que_no_produjeron())
+        return;
+    // Si la base rehúsa, lo que haya que corregir puede estar en el encabezado.
+    const auto vuelva = qScopeGuard([this] {
+        if (!CProceso.Active())
+            return; // quedó hecha
+        Panel1->show();
+        reajuste_ventana(*this);
+    });
+    grabe();
 }
 
 bool Tfcalculadep::acepte_las_que_no_produjeron() {

@@ -23,6 +23,7 @@ protected:
     void SBGrabarClick() override;
 
 private:
+    void liste_los_que_producen();
     bool pida_unidades();
     void CDepunidadBeforePost();
     void SpeedButton3Click();
@@ -31,4 +32,5 @@ private:
     QWidget* Panel2 = nullptr;
     QPushButton* SpeedButton3 = nullptr;
     bool llenando_ = false;
+    QString fecha_pedida_; ///< la de los activos a la vista
 };

@@ -5,3 +5,9 @@
 struct AbrePresupuesto {
     CursorPeriodo periodo = {};
 };
+
+/// El presupuesto llega hasta los ajustes: a quien quedó en el cierre se le muestran ellos.
+inline CursorPeriodo presupuestable(CursorPeriodo periodo) {
+    periodo.indice = qMin(periodo.indice, 12);
+    return periodo;
+}

@@ -180,7 +180,8 @@ void Tfcompresupuesto::construya() {
 
 void Tfcompresupuesto::FormCreate() {
     fdm().ConfigurarProviders(this);
-    periodo_ = trae<AbrePresupuesto>() ? peticion<AbrePresupuesto>().periodo : fdmcnt().cursor();
+    periodo_ = presupuestable(trae<AbrePresupuesto>() ? peticion<AbrePresupuesto>().periodo
+                                                      : fdmcnt().cursor());
     consulte();
     dibuje();
     DBGridEh1->setFocus();
@@ -206,6 +207,7 @@ void Tfcompresupuesto::consulte() {
     const QString antes =
         CComparacion.Active() ? CComparacion.FieldByName("CUENTA").texto() : QString();
     CComparacion.Open(compone_query());
+    consultadas_ = EDesde->text() + " - " + EHasta->text();
     if (!antes.isEmpty())
         CComparacion.Locate("CUENTA", {antes});
     DBGridEh1->titulo_impreso =
@@ -251,8 +253,7 @@ void Tfcompresupuesto::imprima() {
     motor.nombre_archivo = "Presupuesto";
     motor.ProjectFile = ruta_informe("presupuesto.rav");
     motor.abrir_proyecto(motor.ProjectFile);
-    fije_variables(motor,
-                   "Presupuesto para el periodo de:" + EDesde->text() + " - " + EHasta->text());
+    fije_variables(motor, "Presupuesto para el periodo de:" + consultadas_);
     motor.fijar_parametro("Libro", "2649");
     motor.fijar_parametro("Periodo", EMes->text() + " de " + EAno->text());
     CComparacion.FetchAll();

@@ -37,6 +37,7 @@ private:
     QString aviso(int fila) const;
 
     CursorPeriodo periodo_;
+    QString consultadas_; ///< las cuentas a la vista: "1 - 8"
     QLineEdit *EDesde, *EHasta, *EMes, *EAno;
     QTimer* quieta_; ///< la gráfica espera a que el cursor se detenga
 };

@@ -38,6 +38,7 @@ void Tfnvopresup::defina_campos() {
     c.decimal("PRES_CREDITO").formato("#,###.00").etiqueta("Crédito");
     c.texto("PRES_AFECTA", 1);
     c.FieldByName("CUEN_COD").OnChange = [this](Campo& x) { CUEN_CODChange(x); };
+    pregunta_.atienda(c.FieldByName("CUEN_COD"));
     c.AfterInsert = [this] {
         CPresupuesto.FieldByName("PRES_ANO") = QString::number(periodo_.ano);
         CPresupuesto.FieldByName("PRES_PERIODO") = periodo_.numero();
@@ -99,7 +100,8 @@ void Tfnvopresup::construya() {
 
 void Tfnvopresup::FormCreate() {
     fdm().ConfigurarProviders(this);
-    periodo_ = trae<AbrePresupuesto>() ? peticion<AbrePresupuesto>().periodo : fdmcnt().cursor();
+    periodo_ = presupuestable(trae<AbrePresupuesto>() ? peticion<AbrePresupuesto>().periodo
+                                                      : fdmcnt().cursor());
     setWindowTitle(QString("%1: %2 de %3")
                        .arg(windowTitle(), Tfdm::nombres_periodo().value(periodo_.indice))
                        .arg(periodo_.ano));
@@ -125,9 +127,12 @@ void Tfnvopresup::CUEN_CODChange(Campo& cuenta) {
     const QString codigo = cuenta.texto();
     if (codigo.isEmpty())
         return;
-    if (codigo.startsWith('?')) {
-        cuenta.limpie();
-        busque_cuenta(codigo.mid(1));
+    if (pregunta_.reponiendo()) {
+        muestre_nombre();
+        return;
+    }
+    if (const auto buscada = pregunta_.tome(cuenta)) {
+        busque_cuenta(*buscada);
         return;
     }
     const bool nueva = CPresupuesto.State() == Estado::Insercion;

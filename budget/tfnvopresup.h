@@ -1,6 +1,6 @@
 #pragma once
 // "Nuevo presupuesto": el de un mes, digitado, pegado o copiado de otro con un crecimiento.
-#include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/pantalla.h"
 
@@ -33,6 +33,7 @@ private:
     void SBGrabarClick();
 
     CursorPeriodo periodo_;
+    PreguntaEnCampo pregunta_;
     QComboBox* LMes;
     QSpinBox* EAnoOrigen;
     EditorNumero* ECrecimiento;

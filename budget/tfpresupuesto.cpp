@@ -22,7 +22,8 @@ QComboBox* lista_de_centros() {
 Tfpresupuesto::Tfpresupuesto()
     : Pantalla("Tfpresupuesto", "Presupuesto"), QPresupuesto(this, "QPresupuesto", fdm().Quorvex),
       PPresupuesto(this, "PPresupuesto", &QPresupuesto, poAllowCommandText),
-      CPresupuesto(this, "CPresupuesto", &PPresupuesto), periodo_(fdmcnt().cursor()) {
+      CPresupuesto(this, "CPresupuesto", &PPresupuesto),
+      periodo_(presupuestable(fdmcnt().cursor())) {
     CPresupuesto.texto("CUENTA", 20);
     CPresupuesto.texto("NOMBRE", 60);
     CPresupuesto.decimal("DEBITO").formato("#,###.00");

@@ -62,7 +62,11 @@ void ListaCatalogo::arme(const QVector<FilaBusqueda::Eleccion>& busquedas,
 }
 
 void ListaCatalogo::aplique_modo() {
-    modo_mantenimiento_ = peticion<AbreLista>().modo_mantenimiento;
+    aplique_modo(peticion<AbreLista>().modo_mantenimiento);
+}
+
+void ListaCatalogo::aplique_modo(bool mantenimiento) {
+    modo_mantenimiento_ = mantenimiento;
     auto* seleccionar = findChild<QPushButton*>("SBSelec");
     seleccionar->setVisible(!modo_mantenimiento_);
     barra_->principal(modo_mantenimiento_ ? findChild<QPushButton*>("SBModificar") : seleccionar);
@@ -90,9 +94,13 @@ bool ListaCatalogo::busque_lo_pedido(const QString& texto) {
     return true;
 }
 
-void ListaCatalogo::ubique(const QString& codigo) {
-    if (!codigo.isEmpty())
-        conjunto_->Locate(conjunto_->Fields(0).FieldName, {codigo});
+bool ListaCatalogo::ubique(const QString& codigo) {
+    return !codigo.isEmpty() && conjunto_->Locate(conjunto_->Fields(0).FieldName, {codigo});
+}
+
+void ListaCatalogo::ubique_o_busque(const QString& texto) {
+    if (!ubique(texto))
+        busque_lo_pedido(texto);
 }
 
 QString ListaCatalogo::codigo() const {

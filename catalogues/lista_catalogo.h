@@ -29,6 +29,7 @@ protected:
     void boton_salir();
     /// Deja a la vista los botones del modo en que se abrió.
     void aplique_modo();
+    void aplique_modo(bool mantenimiento);
     /// Con fila señalada contesta su código a quien abrió la lista; cierra en todo caso.
     template <class P> void responda_codigo() {
         if (!codigo().isEmpty())
@@ -41,7 +42,9 @@ protected:
     /// Busca el texto con que otra pantalla la abrió tras un "?". Falso si viene vacío.
     bool busque_lo_pedido(const QString& texto_busqueda);
     /// Señala la fila de ese código, si está en la lista.
-    void ubique(const QString& codigo);
+    bool ubique(const QString& codigo);
+    /// Lo que no es el código de ninguna se busca.
+    void ubique_o_busque(const QString& texto);
     /// Código de la fila actual, la primera columna, ya buscado lo que se tecleó; vacío sin filas.
     QString codigo() const;
     /// Cierra, cambia el texto y abre.

@@ -25,7 +25,7 @@ void Tfarticulos::FormCreate() {
     fdm().ConfigurarProviders(this);
     aplique_modo();
     sbBuscarClick();
-    ubique(peticion<PideArticulo>().articulo_localizar);
+    ubique_o_busque(peticion<PideArticulo>().articulo_localizar);
 }
 
 void Tfarticulos::sbBuscarClick() {

@@ -1,4 +1,6 @@
 // El detalle de una cuenta de la apertura NIIF: sus líneas, su nota y su hoja de trabajo.
+#include "datos/recordset/consecutivo.h"
+#include "datos/recordset/sin_eventos.h"
 #include "niif/apertura.h"
 #include "niif/paginas.h"
 #include "niif/pch.h"
@@ -168,6 +170,7 @@ void Tfbalaperturaniif::AdvGlowButton1Click() {
         CSaldos.Post();
         CSaldos.Edit();
     }
+    lineas_antes_ = lineas_del_detalle();
     NomDetalle->setText(cuenta + ' ' + CAjusniif.FieldByName("NOMBRE").texto());
     muestre_ancestros();
     muestre_sumas();
@@ -222,7 +225,45 @@ void Tfbalaperturaniif::AdvGlowButton3Click() {
 }
 
 bool Tfbalaperturaniif::hay_detalle_por_perder() const {
-    return APNI_NOTA->modificado() || CSaldos.Modified() || CAperniifdet.Modified();
+    return APNI_NOTA->modificado() || CSaldos.Modified() || CAperniifdet.Modified() ||
+           lineas_del_detalle() != lineas_antes_;
+}
+
+QMap<qint64, QVector<Valor>> Tfbalaperturaniif::lineas_del_detalle() const {
+    QMap<qint64, QVector<Valor>> lineas;
+    CAperniifdet.recorra_todas([&](const Fila& fila) {
+        auto& linea =
+            lineas[CAperniifdet.valor_de(fila, CAperniifdet.FieldByName("APND_ITEM")).entero()];
+        for (int i = 0; i < CAperniifdet.FieldCount(); ++i)
+            linea << CAperniifdet.valor_de(fila, CAperniifdet.Fields(i));
+    });
+    return lineas;
+}
+
+void Tfbalaperturaniif::reponga_lineas() {
+    ConjuntoDatos& c = CAperniifdet;
+    const SinEventos callado(c);
+    auto faltan = lineas_antes_;
+    const auto ponga = [&c](const QVector<Valor>& linea) {
+        for (int i = 0; i < c.FieldCount(); ++i)
+            if (c.Fields(i).valor() != linea[i])
+                c.Fields(i) = linea[i];
+        c.Post();
+    };
+    for (int i = c.RecordCount() - 1; i >= 0; --i) {
+        c.vaya_a(i);
+        const qint64 item = c.FieldByName("APND_ITEM").entero();
+        if (!faltan.contains(item)) {
+            c.Delete();
+            continue;
+        }
+        c.Edit();
+        ponga(faltan.take(item));
+    }
+    for (const QVector<Valor>& linea : std::as_const(faltan)) {
+        c.Append();
+        ponga(linea);
+    }
 }
 
 void Tfbalaperturaniif::cierre_detalle() {
@@ -231,6 +272,8 @@ void Tfbalaperturaniif::cierre_detalle() {
         return;
     APNI_NOTA->restaure();
     CAperniifdet.Cancel();
+    if (lineas_del_detalle() != lineas_antes_)
+        reponga_lineas();
     CSaldos.Cancel();
     // Solo se miró: una fila vacía no deja traer los saldos después.
     if (fila_nueva_ && CAperniifdet.IsEmpty() && CSaldos.FieldByName("APNI_ARCHIVO").nulo())
@@ -243,14 +286,9 @@ void Tfbalaperturaniif::cierre_detalle() {
 void Tfbalaperturaniif::CAperniifdetAfterInsert() {
     if (trayendo_)
         return;
-    qint64 mayor = 0;
-    CAperniifdet.recorra_todas([&](const Fila& fila) {
-        mayor = qMax(mayor,
-                     CAperniifdet.valor_de(fila, CAperniifdet.FieldByName("APND_ITEM")).entero());
-    });
     const QString cuenta = CSaldos.FieldByName("CUEN_COD").texto();
     const QScopedValueRollback<bool> guarda(recibiendo_, true);
-    CAperniifdet.FieldByName("APND_ITEM") = mayor + 1;
+    CAperniifdet.FieldByName("APND_ITEM") = mayor_de(CAperniifdet, "APND_ITEM") + 1;
     CAperniifdet.FieldByName("CUEN_COD") = cuenta;
     CAperniifdet.FieldByName("APND_CUENTA") = cuenta;
     for (const char* campo : {"APND_DEBITO", "APND_CREDITO", "APND_RECLDB", "APND_RECLCR"})

@@ -81,6 +81,8 @@ private:
     void AdvGlowButton3Click();
     void cierre_detalle();
     bool hay_detalle_por_perder() const;
+    QMap<qint64, QVector<Valor>> lineas_del_detalle() const; ///< por su ítem
+    void reponga_lineas();
     void CAperniifdetAfterInsert();
     void calcule_saldo_final();
     void valide_celda(Campo& campo);
@@ -95,8 +97,9 @@ private:
     void AdvGlowButton5Click();
     void AdvGlowButton6Click();
 
-    BorradorFilas* borrador_ = nullptr; ///< desde que la pantalla está a la vista
-    bool fila_nueva_ = false;           ///< la del detalle aún no estaba en la hoja
+    BorradorFilas* borrador_ = nullptr;         ///< desde que la pantalla está a la vista
+    bool fila_nueva_ = false;                   ///< la del detalle aún no estaba en la hoja
+    QMap<qint64, QVector<Valor>> lineas_antes_; ///< las del detalle al abrirlo
     PreguntaEnCampo pregunta_;
     bool trayendo_ = false, recibiendo_ = false, cierre_confirmado_ = false;
 };

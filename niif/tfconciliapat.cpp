@@ -78,7 +78,7 @@ void Tfconciliapat::FormCreate() {
     nivel_ = qMin(kNivelInicial, nivel_maximo_);
     const auto p = peticion<AbreConciliacion>();
     EAno->setValue((p.ano.isEmpty() ? fdmcnt().ano_actual : p.ano).toInt());
-    EMes->setCurrentIndex(p.apertura ? 0 : fdmcnt().periodo_actual + 1);
+    EMes->setCurrentIndex(p.apertura ? 0 : qMin(fdmcnt().periodo_actual + 1, kAjustes));
     actualice_balance();
     DBGridEh1->setFocus();
 }
@@ -109,6 +109,7 @@ void Tfconciliapat::actualice_balance() {
     CConcilia.Open("select * from conciliacion_patrimonial(" +
                    QuotedStr(QString::number(EAno->value())) +
                    QStringLiteral(", %1, %2)").arg(mes).arg(hasta));
+    consultado_ = {QString(), QString::number(EAno->value()), mes};
     if (!cuenta.isEmpty())
         CConcilia.Locate("CUENTA", {cuenta});
     DBGridEh1->titulo_impreso =
@@ -120,9 +121,8 @@ void Tfconciliapat::actualice_balance() {
 }
 
 void Tfconciliapat::AuxiliarClick() {
-    if (!CConcilia.IsEmpty())
-        pantallas().abrir("Tfconciliacta",
-                          AbreConciliacionCuenta{CConcilia.FieldByName("CUENTA").texto(),
-                                                 QString::number(EAno->value()),
-                                                 EMes->currentIndex()});
+    if (CConcilia.IsEmpty())
+        return;
+    consultado_.cuenta = CConcilia.FieldByName("CUENTA").texto();
+    pantallas().abrir("Tfconciliacta", consultado_);
 }

@@ -1,6 +1,7 @@
 #pragma once
 // "Conciliación Patrimonial": los saldos de los dos libros, cuenta por cuenta, y su diferencia.
 #include "datos/recordset/conjunto.h"
+#include "niif/peticiones_niif.h"
 #include "sesion/tfdm.h"
 #include "toolkit/pantalla.h"
 
@@ -34,4 +35,5 @@ private:
     void SpeedButton1Click();
     void AuxiliarClick();
     int nivel_ = 1, nivel_maximo_ = 1;
+    AbreConciliacionCuenta consultado_; ///< el año y el mes a la vista
 };

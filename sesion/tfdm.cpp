@@ -8,6 +8,7 @@
 #include "toolkit/aviso_salida.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/proteccion.h"
+#include "toolkit/rejilla/rejilla.h"
 
 namespace {
 Tfdm* unico_ = nullptr;
@@ -187,6 +188,10 @@ void Tfdm::ConfigurarProviders(QObject* componente) {
             ConfigurarProviders(o);
         }
     }
+    // Un pie con parte de las filas daría otra suma.
+    for (const Rejilla* r : componente->findChildren<Rejilla*>())
+        if (r->pie() && r->conjunto())
+            r->conjunto()->PacketRecords = -1;
 }
 
 // ---------------------------------------------------------------- derechos y auditoría

@@ -1,6 +1,6 @@
 #include "tax/cuentas_configuradas.h"
 
-#include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "libro/catalogos.h"
 #include "sesion/peticiones.h"
 #include "sesion/tfdm.h"
@@ -19,18 +19,17 @@ void reciba(Campo& campo, const QString& cuenta) {
 
 void atienda_cuenta(Pantalla& pantalla, Campo& campo, std::function<bool(const QString&)> revise,
                     Libro libro) {
-    campo.al_cambiar([&pantalla, revise = std::move(revise), libro](Campo& c) {
-        const QString texto = c.texto();
-        if (texto.isEmpty())
+    const auto pregunta = std::make_shared<PreguntaEnCampo>();
+    campo.al_cambiar([&pantalla, pregunta, revise = std::move(revise), libro](Campo& c) {
+        if (c.vacio() || pregunta->reponiendo())
             return;
-        if (texto.startsWith('?')) {
-            c.limpie();
-            escoja_cuenta(pantalla, libro, texto.mid(1),
+        if (const auto buscada = pregunta->tome(c))
+            escoja_cuenta(pantalla, libro, *buscada,
                           [&c](const QString& cuenta) { reciba(c, cuenta); });
-        } else if (!revise(texto)) {
+        else if (!revise(c.texto()))
             c.limpie();
-        }
     });
+    pregunta->atienda(campo);
 }
 
 bool existe_o_se_crea(const QString& cuenta) {

@@ -1,5 +1,6 @@
 #include "tax/forma_medio.h"
 
+#include "libro/fechas.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "tax/calculo_cancelable.h"
@@ -20,7 +21,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpression>
 #include <QResizeEvent>
 #include <QScopeGuard>
 #include <QScrollArea>
@@ -155,14 +155,22 @@ void FormaMedio::arme_pie(Formulario& f, const QString& rotulo_archivo,
                           const std::function<void(BarraBotones&)>& otros) {
     f.ancha(PanelAdvertencia, 0).ancha(DBGridEh1);
     auto* barra = new BarraBotones(this);
-    barra->boton("SBGrabar", "F8:Configura", "preferences-system", Qt::Key_F8,
-                 [this] { SBGrabarClick(); });
-    barra->principal(barra->boton("SpeedButton5", "F2:Ejecutar", "system-run", Qt::Key_F2,
-                                  [this] { SpeedButton5Click(); }));
-    barra->boton("SpeedButton3", rotulo_archivo, "document-save", Qt::Key_F5,
-                 [this] { SpeedButton3Click(); });
-    barra->boton("SpeedButton2", "F6:Grabar XLS", "x-office-spreadsheet", Qt::Key_F6,
-                 [this] { SpeedButton2Click(); });
+    barra->boton("SBGrabar", "F8:Configura", "preferences-system", Qt::Key_F8, [this] {
+        siga_el_ano();
+        SBGrabarClick();
+    });
+    barra->principal(barra->boton("SpeedButton5", "F2:Ejecutar", "system-run", Qt::Key_F2, [this] {
+        siga_el_ano();
+        SpeedButton5Click();
+    }));
+    barra->boton("SpeedButton3", rotulo_archivo, "document-save", Qt::Key_F5, [this] {
+        siga_el_ano();
+        SpeedButton3Click();
+    });
+    barra->boton("SpeedButton2", "F6:Grabar XLS", "x-office-spreadsheet", Qt::Key_F6, [this] {
+        siga_el_ano();
+        SpeedButton2Click();
+    });
     if (otros)
         otros(*barra);
     barra->separe();
@@ -182,8 +190,14 @@ void FormaMedio::FormCreate() {
 void FormaMedio::EAnoExit() {
     if (ano() != ano_a_la_vista_ && !suelte_filas())
         EAno->setText(ano_a_la_vista_);
+    ano_a_la_vista_ = ano();
     FecIni->setText(ano() + "0101");
     FecFin->setText(ano() + "1231");
+}
+
+void FormaMedio::siga_el_ano() {
+    if (ano() != ano_a_la_vista_)
+        EAnoExit();
 }
 
 QString FormaMedio::ano() const {
@@ -214,10 +228,10 @@ void FormaMedio::SpeedButton5Click() {
 }
 
 bool FormaMedio::revise_fechas() {
-    static const QRegularExpression kFecha("^[0-9]{4}(0[1-9]|1[0-3])(0[1-9]|[12][0-9]|3[01])$");
     for (QLineEdit* f : {FecIni, FecFin})
-        // Las filas se guardan con el año de las fechas: con otro, no se volverían a ver.
-        if (!kFecha.match(f->text()).hasMatch() || f->text().left(4) != ano()) {
+        // Las filas se guardan con el año de las fechas: con otro, no se volverían a ver. El cierre
+        // no se reporta.
+        if (revise_fecha(f->text()) || f->text().mid(4, 2) == "14" || f->text().left(4) != ano()) {
             fdm().mostrar_advertencia(
                 QStringLiteral("La fecha \"%1\" debe ser del año %2, como aaaammdd.")
                     .arg(f->text(), ano()));
@@ -248,7 +262,6 @@ bool FormaMedio::confirme_recalculo() {
 
 void FormaMedio::abre_query() {
     const bool hay = hay_guardadas();
-    ano_a_la_vista_ = ano();
     if ((!hay || confirme_recalculo()) && !calcule(hay))
         return;
     CMedmagdata->Open("SELECT * FROM " + datos_.tabla + " where " + condicion() + " order by " +

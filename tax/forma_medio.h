@@ -55,6 +55,8 @@ protected:
     virtual void SBGrabarClick() = 0;
     virtual void SpeedButton3Click() = 0;
     virtual void EAnoExit();
+    /// Una tecla de función no saca de la caja: el año digitado se atiende antes que la orden.
+    void siga_el_ano();
 
     // --- construcción
     QLineEdit* caja(const QString& nombre, int caracteres);

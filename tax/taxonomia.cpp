@@ -44,9 +44,8 @@ void exporte_taxonomia(ConjuntoDatos& filas, const QString& ano, const QString& 
     escriba(cabeza_xml(QStringLiteral("1002")) + "<Ano>" + ano + "</Ano>\r\n<CantReg>" +
             QString::number(filas.RecordCount()) + "</CantReg>\r\n");
     for (int i = 0; i < filas.RecordCount(); ++i) {
-        const Valor valor = filas.valor_en(i, filas.FieldByName("VALOR"));
-        escriba(QStringLiteral("  <pagos  ndom=%1 />\r\n") // un título, en cero
-                    .arg(cadenahtml(valor.nulo() ? QStringLiteral("0.00") : valor.texto())));
+        const Moneda valor = filas.valor_en(i, filas.FieldByName("VALOR")).moneda(); // título: cero
+        escriba(QStringLiteral("  <pagos  ndom=%1 />\r\n").arg(cadenahtml(valor.texto())));
     }
     escriba("</mas>\r\n");
     archivo.confirme();

@@ -1,5 +1,6 @@
 #include "tax/tfconfcertrte.h"
 
+#include "datos/recordset/consecutivo.h"
 #include "sesion/tfdm.h"
 #include "tax/cuentas_configuradas.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -32,18 +33,16 @@ bool Tfconfcertrte::CFCR_CUENTAChange(const QString& cuenta) {
     if (!fdmcnt().valide_cuenta(cuenta))
         return false;
     // Dentro de la cuenta, después de lo grabado y de lo que aún no.
-    qint64 mayor =
+    const qint64 grabado =
         fdm()
             .Quorvex
             .consulte("select max(CFCR_ITEM) from CONFIGURA_CERTRETE where CFCR_CUENTA = " +
                       QuotedStr(cuenta))
             .entero();
-    CCambiosit->recorra_todas([&](const Fila& fila) {
-        if (CCambiosit->valor_de(fila, CCambiosit->FieldByName("CFCR_CUENTA")).texto() == cuenta)
-            mayor = qMax(mayor,
-                         CCambiosit->valor_de(fila, CCambiosit->FieldByName("CFCR_ITEM")).entero());
-    });
-    CCambiosit->FieldByName("CFCR_ITEM") = mayor + 1;
+    const auto suya = [&](const Fila& fila) {
+        return CCambiosit->valor_de(fila, CCambiosit->FieldByName("CFCR_CUENTA")).texto() == cuenta;
+    };
+    CCambiosit->FieldByName("CFCR_ITEM") = mayor_de(*CCambiosit, "CFCR_ITEM", grabado, suya) + 1;
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "tax/tfconfmediosm.h"
 
+#include "datos/recordset/consecutivo.h"
 #include "sesion/tfdm.h"
 #include "tax/cuentas_configuradas.h"
 #include "tax/tfmediosmag13.h"
@@ -134,12 +135,9 @@ void Tfconfmediosm::muestre_columnas(int formato) {
 
 void Tfconfmediosm::CCambiositAfterInsert() {
     // El concepto se numera sobre todos los formatos, con los que aún no se graban.
-    qint64 mayor =
+    const qint64 grabado =
         fdm().Quorvex.consulte("select max(come_item) from configura_mediosmag").entero();
-    maestro_->recorra_todas([&](const Fila& fila) {
-        mayor = qMax(mayor, maestro_->valor_de(fila, maestro_->FieldByName("COME_ITEM")).entero());
-    });
-    maestro_->FieldByName("COME_ITEM") = mayor + 1;
+    maestro_->FieldByName("COME_ITEM") = mayor_de(*maestro_, "COME_ITEM", grabado) + 1;
     maestro_->FieldByName("COME_FORMATO") = formato_;
     maestro_->FieldByName("COME_NATUR") = "D";
 }

@@ -1,5 +1,6 @@
 #include "tax/tfmeddisctas.h"
 
+#include "datos/recordset/consecutivo.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
 #include "tax/articulos_distrito.h"
@@ -137,13 +138,9 @@ void Tfmeddisctas::CMeddistBeforePost() {
 }
 
 void Tfmeddisctas::CmmcuentasAfterInsert() {
-    qint64 mayor = 0;
-    detalle_->recorra_todas([&](const Fila& fila) {
-        mayor = qMax(mayor, detalle_->valor_de(fila, detalle_->FieldByName("MMDC_ITEM")).entero());
-    });
     for (const char* llave : {"MMDI_ARTICULO", "MMDI_ANO"})
         detalle_->FieldByName(llave) = maestro_->FieldByName(llave).valor();
-    detalle_->FieldByName("MMDC_ITEM") = mayor + 1;
+    detalle_->FieldByName("MMDC_ITEM") = mayor_de(*detalle_, "MMDC_ITEM") + 1;
 }
 
 void Tfmeddisctas::CmmcuentasBeforePost() {

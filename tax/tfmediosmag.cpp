@@ -1,6 +1,7 @@
 #include "tax/tfmediosmag.h"
 
 #include "catalogues/columnas_auxiliar.h"
+#include "libro/fechas.h"
 #include "sesion/tfdm.h"
 #include "tax/medio_distrital.h"
 #include "tax/procedimiento.h"
@@ -17,7 +18,6 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
-#include <QRegularExpression>
 #include <QToolButton>
 
 namespace {
@@ -73,6 +73,11 @@ void Tfmediosmag::arme() {
     Ubicacion = caja("Ubicacion", 400);
     LFormato = new ListaTecleo(this);
     LFormato->setObjectName("LFormato");
+    // Las filas a la vista son de lo que se consultó: con otro listado o fecha ya no lo son.
+    const auto suelte = [this] { proteja([this] { CMedmagdata->Close(); }); };
+    connect(LFormato, &QComboBox::currentIndexChanged, this, suelte);
+    for (QLineEdit* f : {FecIni, FecFin})
+        connect(f, &QLineEdit::textChanged, this, suelte);
     auto* otra = new QToolButton(this);
     otra->setObjectName("SpeedButton1");
     otra->setText("...");
@@ -120,6 +125,7 @@ void Tfmediosmag::FormCreate() {
     FecIni->setText(primer_dia_del_periodo());
     FecFin->setText(ultimo_dia_del_periodo());
     CListados->Open();
+    CListados->FetchAll();
     for (CListados->First(); !CListados->Eof(); CListados->Next())
         LFormato->addItem(CListados->FieldByName("MM14_NOMBRE").texto());
     FecIni->setFocus();
@@ -132,9 +138,8 @@ bool Tfmediosmag::FormClose() {
 }
 
 bool Tfmediosmag::abre_query() {
-    static const QRegularExpression fecha("^[0-9]{4}(0[1-9]|1[0-4])(0[1-9]|[12][0-9]|3[01])$");
     for (QLineEdit* f : {FecIni, FecFin})
-        if (!fecha.match(f->text()).hasMatch()) {
+        if (revise_fecha(f->text())) {
             fdm().mostrar_advertencia("\"" + f->text() + "\" no es una fecha: use aaaammdd.");
             f->setFocus();
             return false;

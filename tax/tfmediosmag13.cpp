@@ -19,6 +19,7 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QSpinBox>
 #include <utility>
 
@@ -152,6 +153,7 @@ void Tfmediosmag13::FormCreate() {
     FecEnvio->setDate(hoy);
     FormaMedio::FormCreate();
     CFtomediosm->Open();
+    CFtomediosm->FetchAll();
     for (int i = 0; i < CFtomediosm->RecordCount(); ++i)
         LFormato->addItem(
             CFtomediosm->valor_en(i, CFtomediosm->FieldByName("MEDM_NOMBRE")).texto());
@@ -271,15 +273,16 @@ void Tfmediosmag13::SBGrabarClick() {
     pantallas().abrir("Tfconfmediosm", AbreConfiguracionMedio{formato_});
 }
 
+MedioRevisado Tfmediosmag13::medio_a_la_vista() const {
+    return {formato_, LFormato->currentText(), ano(), FecIni->text(), FecFin->text()};
+}
+
 void Tfmediosmag13::revise() {
+    siga_el_ano();
     if (!grabe_cambios())
         return;
     revisado_ = true;
-    pantallas().abrir("Tfrevisamedio", AbreRevisionMedio{.formato = formato_,
-                                                         .nombre = LFormato->currentText(),
-                                                         .ano = ano(),
-                                                         .inicio = FecIni->text(),
-                                                         .final = FecFin->text()});
+    pantallas().abrir("Tfrevisamedio", AbreRevisionMedio{medio_a_la_vista()});
 }
 
 void Tfmediosmag13::SpeedButton3Click() {
@@ -294,16 +297,10 @@ void Tfmediosmag13::SpeedButton3Click() {
         return;
     }
     revisado_ = true;
-    pida("Tfrevisamedio",
-         PideRevisionMedio{.formato = formato_,
-                           .nombre = LFormato->currentText(),
-                           .ano = ano(),
-                           .inicio = FecIni->text(),
-                           .final = FecFin->text()},
-         [this](bool de_todos_modos) {
-             if (de_todos_modos && relea())
-                 escriba();
-         });
+    pida("Tfrevisamedio", PideRevisionMedio{medio_a_la_vista()}, [this](bool de_todos_modos) {
+        if (de_todos_modos && relea())
+            escriba();
+    });
 }
 
 void Tfmediosmag13::escriba() {
@@ -313,6 +310,8 @@ void Tfmediosmag13::escriba() {
         const Valor suma = CMedmagdata->agregado(QStringLiteral("SumValor%1").arg(i + 1));
         totales.suma[i] = suma.nulo() ? QStringLiteral("0") : suma.texto();
     }
+    // Grabarlo otra vez reemplaza lo que quedó.
+    auto reponga = qScopeGuard([&] { NroEnv->setValue(e.numero); });
     const ResultadoMedio r = [&] {
         FilasConjunto filas(*CMedmagdata);
         AvanceTrabajo avance(this, "Grabando " + e.ruta, int(totales.filas));
@@ -321,7 +320,6 @@ void Tfmediosmag13::escriba() {
             [this](int numero) { NroEnv->setValue(numero); });
     }();
     if (r.cancelado) {
-        NroEnv->setValue(e.numero); // grabarlo otra vez reemplaza lo que quedó
         fdm().mostrar_advertencia(
             QStringLiteral("Grabación cancelada. Archivos del envío que ya estaban completos: %1.")
                 .arg(r.archivos.size()));
@@ -331,11 +329,7 @@ void Tfmediosmag13::escriba() {
         fdm().mostrar_advertencia(r.rechazo);
         return;
     }
-    pantallas().abrir("Tfrevisamedio", AbreRevisionMedio{.formato = formato_,
-                                                         .nombre = LFormato->currentText(),
-                                                         .ano = e.ano,
-                                                         .inicio = e.inicio,
-                                                         .final = e.final,
-                                                         .archivos = r.archivos});
+    reponga.dismiss();
+    pantallas().abrir("Tfrevisamedio", AbreRevisionMedio{medio_a_la_vista(), r.archivos});
     close();
 }

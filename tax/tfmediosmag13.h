@@ -12,6 +12,8 @@ struct AbreConfiguracionMedio {
     int formato = 0;
 };
 
+struct MedioRevisado;
+
 class Tfmediosmag13 : public FormaMedio {
     Q_OBJECT
 public:
@@ -44,6 +46,7 @@ private:
     void CMedmagdataAfterInsert();
     void CMedmagdataMEMG_NITChange();
     void revise();
+    MedioRevisado medio_a_la_vista() const;
     void escriba();
     QString del_formato(const char* campo) const;
     struct EnvioMedio envio() const;

@@ -1,5 +1,6 @@
 #include "tax/tfmodtaxonom.h"
 
+#include "datos/recordset/consecutivo.h"
 #include "sesion/instalacion.h"
 #include "sesion/tfdm.h"
 #include "sesion/tfdmcnt.h"
@@ -25,14 +26,6 @@
 namespace {
 
 const char* const kPlantilla = "taxonomia.fr3";
-
-qint64 mayor_de(ConjuntoDatos& c, const char* campo) {
-    qint64 mayor = 0;
-    c.recorra_todas([&](const Fila& fila) {
-        mayor = qMax(mayor, c.valor_de(fila, c.FieldByName(campo)).entero());
-    });
-    return mayor;
-}
 
 } // namespace
 
@@ -177,13 +170,17 @@ void Tfmodtaxonom::CTaxencabezaAfterInsert() {
 void Tfmodtaxonom::CTaxdetalleAfterInsert() {
     // El siguiente de su categoría, contando los que aún no se graban; nace con el nivel del
     // último.
-    const int filas = detalle_->RecordCount();
+    const qint64 ultimo = mayor_de(*detalle_, "TAXD_ITEM");
+    Valor nivel(1);
+    detalle_->recorra_todas([&](const Fila& fila) {
+        if (detalle_->valor_de(fila, detalle_->FieldByName("TAXD_ITEM")).entero() == ultimo)
+            nivel = detalle_->valor_de(fila, detalle_->FieldByName("TAXD_NIVEL"));
+    });
     detalle_->FieldByName("TAXO_ID") = taxonomia_;
     detalle_->FieldByName("TAXE_ID") = seccion();
-    detalle_->FieldByName("TAXD_ITEM") = mayor_de(*detalle_, "TAXD_ITEM") + 1;
+    detalle_->FieldByName("TAXD_ITEM") = ultimo + 1;
     detalle_->FieldByName("TAXD_TIPO") = 1;
-    detalle_->FieldByName("TAXD_NIVEL") =
-        filas > 1 ? detalle_->valor_en(0, detalle_->FieldByName("TAXD_NIVEL")) : Valor(1);
+    detalle_->FieldByName("TAXD_NIVEL") = nivel;
 }
 
 bool Tfmodtaxonom::grabe() {

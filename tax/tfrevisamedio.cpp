@@ -97,12 +97,7 @@ void Tfrevisamedio::FormCreate() {
     const bool antes = trae<PideRevisionMedio>();
     SBGrabar->setVisible(antes);
     if (antes) {
-        const auto p = peticion<PideRevisionMedio>();
-        pedido_ = {.formato = p.formato,
-                   .nombre = p.nombre,
-                   .ano = p.ano,
-                   .inicio = p.inicio,
-                   .final = p.final};
+        pedido_.medio = peticion<PideRevisionMedio>().medio;
     } else {
         quite_tecla(Qt::Key_F5);
         pedido_ = peticion<AbreRevisionMedio>();
@@ -118,8 +113,8 @@ void Tfrevisamedio::FormActivate() {
 
 void Tfrevisamedio::ponga_al_dia() {
     const QString nit = std::exchange(nit_abierto_, {});
-    const FilasCorregidas r = corrija_filas_del_tercero(fdm().Quorvex, pedido_.formato, pedido_.ano,
-                                                        nit, identificacion_);
+    const FilasCorregidas r = corrija_filas_del_tercero(fdm().Quorvex, pedido_.medio.formato,
+                                                        pedido_.medio.ano, nit, identificacion_);
     if (r.columnas.isEmpty() && !r.recalcular)
         return;
     QStringList datos;
@@ -147,8 +142,9 @@ void Tfrevisamedio::lea(const QString& aviso) {
         c->Close();
         c->CreateDataSet();
     }
-    QString resumen = pedido_.nombre + ", año " + pedido_.ano + ". " + aviso;
-    for (const ProblemaMedio& p : revise_medio(fdm().Quorvex, pedido_.formato, pedido_.ano))
+    QString resumen = pedido_.medio.nombre + ", año " + pedido_.medio.ano + ". " + aviso;
+    for (const ProblemaMedio& p :
+         revise_medio(fdm().Quorvex, pedido_.medio.formato, pedido_.medio.ano))
         agregue_problema(p.concepto, p.nit, p.nombre, p.causa);
     if (trae<PideRevisionMedio>() && CProblemas->IsEmpty())
         resumen += "Ya no hay nada por corregir: F5 graba el archivo.";
@@ -165,7 +161,8 @@ void Tfrevisamedio::lea(const QString& aviso) {
     }
     // Lo que no cuadra va primero: no hay que buscarlo.
     QVector<CuadreMedio> cuadre =
-        cuadre_medio(fdm().Quorvex, pedido_.formato, pedido_.ano, pedido_.inicio, pedido_.final);
+        cuadre_medio(fdm().Quorvex, pedido_.medio.formato, pedido_.medio.ano, pedido_.medio.inicio,
+                     pedido_.medio.final);
     std::stable_partition(cuadre.begin(), cuadre.end(),
                           [](const CuadreMedio& r) { return !r.diferencia.es_cero(); });
     for (const CuadreMedio& r : cuadre) {
@@ -185,7 +182,7 @@ void Tfrevisamedio::lea(const QString& aviso) {
 
 void Tfrevisamedio::lea_archivos(const QStringList& archivos) {
     for (const QString& archivo : archivos)
-        for (const FallaEsquema& f : revise_xml(archivo, pedido_.formato))
+        for (const FallaEsquema& f : revise_xml(archivo, pedido_.medio.formato))
             agregue_problema({}, {}, QFileInfo(archivo).fileName(), f.texto);
 }
 

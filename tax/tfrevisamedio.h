@@ -10,17 +10,19 @@
 class QLabel;
 class Rejilla;
 
-/// Mirar el formato, con los archivos que se acaban de grabar si los hay.
-struct AbreRevisionMedio {
+struct MedioRevisado {
     int formato = 0; ///< MEDM_FORMATO
     QString nombre = {}, ano = {}, inicio = {}, final = {};
+};
+/// Mirar el formato, con los archivos que se acaban de grabar si los hay.
+struct AbreRevisionMedio {
+    MedioRevisado medio = {};
     QStringList archivos = {};
 };
 /// Lo mismo antes de grabar: responde verdadero para grabar de todos modos.
 struct PideRevisionMedio {
     using Respuesta = bool;
-    int formato = 0;
-    QString nombre = {}, ano = {}, inicio = {}, final = {};
+    MedioRevisado medio = {};
 };
 
 class Tfrevisamedio : public Pantalla {

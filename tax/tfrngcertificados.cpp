@@ -296,6 +296,8 @@ void Tfrngcertificados::AdvGlowButton1Click() {
     compone_titulo();
     const ResumenArchivos r = grabe_archivos(carpeta + "/Certificado retencion " +
                                              kClases[Ltipo->currentIndex()].archivo);
+    for (const QString& falla : r.fallas) // a la vista solo caben las primeras
+        fdm().registre_en_archivo("Certificado del NIT " + falla);
     const QString aviso = aviso_sin_tercero();
     muestre_mensaje(r.texto(carpeta) + (aviso.isEmpty() ? QString() : '\n' + aviso));
 }

@@ -1,5 +1,6 @@
 #include "tax/tftaxcuentas.h"
 
+#include "datos/recordset/consecutivo.h"
 #include "libro/catalogos.h"
 #include "sesion/tfdm.h"
 #include "tax/cuentas_configuradas.h"
@@ -52,12 +53,8 @@ void Tftaxcuentas::FormCreate() {
 
 void Tftaxcuentas::CTaxcuentasAfterInsert() {
     ConjuntoDatos& c = *CCambiosit;
-    qint64 mayor = 0;
-    c.recorra_todas([&](const Fila& fila) {
-        mayor = qMax(mayor, c.valor_de(fila, c.FieldByName("TAXC_ITEM")).entero());
-    });
     c.FieldByName("TAXO_ID") = renglon_.taxonomia;
     c.FieldByName("TAXE_ID") = renglon_.seccion;
     c.FieldByName("TAXD_ID") = renglon_.renglon;
-    c.FieldByName("TAXC_ITEM") = mayor + 1;
+    c.FieldByName("TAXC_ITEM") = mayor_de(c, "TAXC_ITEM") + 1;
 }

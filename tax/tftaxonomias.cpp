@@ -1,5 +1,6 @@
 #include "tax/tftaxonomias.h"
 
+#include "datos/recordset/consecutivo.h"
 #include "sesion/tfdm.h"
 #include "tax/taxonomia.h"
 #include "toolkit/barrabotones.h"
@@ -58,12 +59,10 @@ bool Tftaxonomias::grabe() {
 }
 
 void Tftaxonomias::SBNuevoClick() {
-    qint64 mayor = 0;
     Ctaxonomia->CheckBrowseMode();
-    for (int i = 0; i < Ctaxonomia->RecordCount(); ++i)
-        mayor = qMax(mayor, Ctaxonomia->valor_en(i, Ctaxonomia->FieldByName("TAXO_ID")).entero());
+    Ctaxonomia->FetchAll();
     Ctaxonomia->Append();
-    Ctaxonomia->FieldByName("TAXO_ID") = mayor + 1;
+    Ctaxonomia->FieldByName("TAXO_ID") = mayor_de(*Ctaxonomia, "TAXO_ID") + 1;
     DBGridEh1->setFocus();
     DBGridEh1->SelectedIndex(1);
 }

@@ -93,8 +93,8 @@ public:
         if (nombre == "Tfconciliacta")
             return AbreConciliacionCuenta{"413505", "2017"};
         if (nombre == "Tfrevisamedio")
-            return AbreRevisionMedio{10019, "1001 Pagos o abonos en cuenta y retenciones", "2017",
-                                     "20170101", "20171231"};
+            return AbreRevisionMedio{{10019, "1001 Pagos o abonos en cuenta y retenciones", "2017",
+                                      "20170101", "20171231"}};
         if (nombre == "Tfconfmediosm")
             return AbreConfiguracionMedio{10019};
         if (nombre == "Tfmodtaxonom")

@@ -223,6 +223,11 @@ void PruebaPantallas::cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos() 
         for (const bool atras : {false, true})
             if (const QString mala = compare_recorrido(p, atras); !mala.isEmpty())
                 malas << esta + (atras ? " hacia atrás: " : ": ") + mala;
+        // Un pie suma todas las filas, no las del primer paquete.
+        for (const Rejilla* r : p->findChildren<Rejilla*>())
+            if (const ConjuntoDatos* c = r->conjunto();
+                r->pie() && c && c->proveedor && c->PacketRecords > 0)
+                malas << esta + ": " + r->objectName() + " suma solo lo traído";
         // Ningún dato se llama en un mensaje como su columna de la base.
         for (const ConjuntoDatos* c : p->findChildren<ConjuntoDatos*>())
             for (int i = 0; i < c->FieldCount(); ++i)

@@ -3,6 +3,8 @@
 #include "apoyo/falla_sql.h"
 #include "assets/activo_de_prueba.h"
 
+#include <future>
+
 class PruebaDepreciacion : public PruebaConBase {
     Q_OBJECT
 private slots:
@@ -12,6 +14,7 @@ private slots:
     void cada_metodo_carga_lo_suyo_cada_mes();
     void el_gasto_se_reparte_por_los_centros_del_activo();
     void un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupera();
+    void dos_a_la_vez_no_deprecian_ni_dan_de_baja_dos_veces();
     void las_unidades_producidas_mandan_y_la_que_no_produjo_no_carga();
     void el_que_llego_depreciado_sigue_desde_ahi();
     void el_deterioro_cambia_el_ritmo_y_la_baja_lo_detiene();
@@ -200,11 +203,50 @@ void PruebaDepreciacion::un_mes_no_se_deprecia_dos_veces_y_uno_saltado_se_recupe
     QVERIFY(falla("delete from depreciacion where depr_fecha = '20170131' and depr_niif ="
                   " 'C'")
                 .contains("proceso posterior"));
+    // Una baja del mes no es una depreciación.
+    activo("SILLA", "100", "0", 12, 12, 1, "2017-01-01");
+    retire("SILLA");
+    deprecie("20170505", {});
+    deprecie("20170531");
     // Un mes bloqueado se niega diciendo el bloqueo, y no queda nada.
-    base().ejecute("update configuracion set conf_valor = '20170531' where conf_propiedad ="
+    base().ejecute("update configuracion set conf_valor = '20170630' where conf_propiedad ="
                    " 'FECHA DE BLOQUEO'");
-    QVERIFY(falla(orden_depreciacion("20170531", "C")).contains("bloqueada a: 2017/05/31"));
-    QCOMPARE(dato("select count(*) from depreciacion").entero(), 3);
+    QVERIFY(falla(orden_depreciacion("20170630", "C")).contains("bloqueada a: 2017/06/30"));
+    QCOMPARE(dato("select count(*) from depreciacion").entero(), 5);
+    // Sin su grupo o su subgrupo cambiaría de método.
+    base().ejecute("insert into activos_subgrupo values (1, 7, 'Mesas')");
+    base().ejecute("update activos_fijos set acsg_id = 7 where acfj_cod = 'MESA'");
+    QVERIFY(falla("delete from activos_subgrupo").contains("7 del grupo 1 es el del activo MESA"));
+    QVERIFY(falla("delete from activos_grupos").contains("El grupo 1 es el del activo MESA"));
+}
+
+void PruebaDepreciacion::dos_a_la_vez_no_deprecian_ni_dan_de_baja_dos_veces() {
+    activo("MESA", "1200", "0", 12, 12, 1, "2017-01-01");
+    activo("SILLA", "100", "0", 12, 12, 1, "2017-01-01");
+    retire("SILLA");
+    for (const char* alcance : {"A", ""}) {
+        // Otro retiene el prefijo hasta que los dos han llegado a pedir número.
+        Transaccion freno(base(), Transaccion::Modo::Escritura);
+        Cursor(base().prepare("select prco_pref from prefijos_conta where tico_cod = 'CG' and "
+                              "prco_pref = '0001' with lock",
+                              freno),
+               freno, {})
+            .siguiente();
+        const auto corra = [&] {
+            Conexion c;
+            c.conectar(base_->parametros());
+            return falla_sql(c, orden_depreciacion("20170131", alcance));
+        };
+        auto uno = std::async(std::launch::async, corra),
+             dos = std::async(std::launch::async, corra);
+        uno.wait_for(std::chrono::seconds(1));
+        freno.confirme();
+        const QStringList fallas{uno.get(), dos.get()};
+        QVERIFY2(fallas.contains(QString()) && fallas[0] != fallas[1],
+                 qPrintable(fallas.join('|')));
+    }
+    QCOMPARE(cargos("MESA"), QStringList("100"));
+    QCOMPARE(filas("select count(*) from comprobante_encabezado"), "2");
 }
 
 void PruebaDepreciacion::las_unidades_producidas_mandan_y_la_que_no_produjo_no_carga() {

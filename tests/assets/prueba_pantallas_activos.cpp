@@ -105,6 +105,9 @@ private slots:
         plan.conteste("519530");
         agote_eventos();
         QCOMPARE(s.caja("DepD"), "519530");
+        s.escriba("DepD", "?5"); // buscar sin escoger deja la que había
+        plan.cancele();
+        QCOMPARE(s.caja("DepD"), "519530");
         QVERIFY(!s.caja("NomDepD").isEmpty());
         oprima(Qt::Key_PageDown, Qt::ControlModifier);
         QCOMPARE(s.caja("EVida"), "60");
@@ -163,6 +166,11 @@ private slots:
         digite_celdas({"0001", "0001", "60"});
         enfoque(s.p, "DBGridEh1", 0);
         digite_celdas({"0001", "0002", "40"});
+        forma->CCentros.Append();
+        forma->CCentros.FieldByName("ACCE_PORC") = "5";
+        s.i.espere("Debe indicar el proyecto del centro al que se reparte.");
+        QVERIFY_EXCEPTION_THROWN(forma->CCentros.Post(), EdicionAbortada);
+        forma->CCentros.Cancel();
         forma->PageControl1->setCurrentIndex(3);
         enfoque(s.p, "DBGridEh2");
         oprima(Qt::Key_Insert);
@@ -183,6 +191,8 @@ private slots:
         QVERIFY(s.dato("select octet_length(acfo_foto) from activos_fotos").toInt() > 50);
         s.i.espere("No se encontró el activo NADA");
         QVERIFY(!s.abra("Tfedtactivo", AbreActivo{"NADA"}));
+        s.abra("Tfactivos", PideActivo{"Equipo"}); // no es un código: lo busca
+        QCOMPARE(s.caja("EBuscar"), "Equipo");
     }
 
     void la_depreciacion_del_mes_pide_las_unidades_de_quienes_producen() {
@@ -220,6 +230,12 @@ private slots:
         s.i.espere(parada, "Sí");
         s.i.espere("Al activo EQ1 le faltan las cuentas de depreciación.");
         pulse(s.p, "SpeedButton3");
+        // Y se puede volver al encabezado: con otro día, los que producen son los de ese.
+        QVERIFY(componente<QWidget>(s.p, "Panel1").isVisible());
+        s.escriba("EDia", "30");
+        oprima(Qt::Key_F2);
+        QVERIFY(!componente<QWidget>(s.p, "Panel1").isVisible());
+        QCOMPARE(valores_de(forma->CDepunidad, "DEPU_UNIDADES"), QStringList({"25", "0"}));
         QCOMPARE(valores_de(forma->CDepunidad, "ACFJ_COD"), QStringList({"MAQ", "PARADA"}));
         s.base.ejecute({"update activos_fijos set acfj_ctadepd = '519530' where acfj_cod = 'EQ1'"});
         s.i.espere(parada, "Sí");

@@ -43,6 +43,10 @@ private slots:
 
     void se_digita_y_se_ve_con_las_sumas_de_las_superiores() {
         SesionGui s;
+        s.cnt.periodo_actual = 13; // en el cierre no hay presupuesto
+        QCOMPARE(s.abra<Tfnvopresup>("Tfnvopresup")->windowTitle(),
+                 "Nuevo presupuesto: Ajustes de 2017");
+        s.escritorio.activa()->close();
         s.cnt.periodo_actual = 2;
         auto* p = s.abra<Tfpresupuesto>("Tfpresupuesto");
         QVERIFY(p->CPresupuesto.IsEmpty());
@@ -121,6 +125,15 @@ private slots:
         oprima(Qt::Key_V, Qt::ControlModifier);
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(valores_de(n->CPresupuesto, "PRES_DEBITO"), QStringList({"100", "5"}));
+        // Buscar sin escoger deja la cuenta que había.
+        ListaFalsa<PideCuenta> plan("Tfcuentas");
+        n->CPresupuesto.First();
+        n->CPresupuesto.Edit();
+        n->CPresupuesto.FieldByName("CUEN_COD") = "?11";
+        plan.cancele();
+        QCOMPARE(n->CPresupuesto.FieldByName("CUEN_COD").texto(), "510506");
+        n->CPresupuesto.Cancel();
+        enfoque(n, "DBGridEh1", 1);
         oprima(Qt::Key_Z, Qt::ControlModifier);
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato(QString(kDigitado).arg(1)), "413505:0.00:200.00 510506:100.00:0.00");
@@ -217,6 +230,7 @@ private slots:
         llene(c, "EHasta", "5105");
         oprima(Qt::Key_Return);
         QCOMPARE(valores_de(c->CComparacion, "CUENTA"), QStringList({"5105", "510506"}));
+        llene(c, "EHasta", "9"); // sin consultar: lo impreso es lo que se ve
         const QString impreso = informe_como_texto(c, Qt::Key_F2);
         for (const char* texto : {"Presupuesto para el periodo de: 5105 - 5105", "Periodo actual",
                                   "Acumulado", "Enero de 2017", "Libro 2649", "510506", "100.00"})

@@ -1,11 +1,15 @@
 // Las cuentas superiores del presupuesto son siempre la suma de las digitadas.
+#include "apoyo/falla_sql.h"
 #include "herramientas/guion.h"
 #include "ledger/libro_al_azar.h"
+
+#include <future>
 
 class PruebaPresupuestoBase : public QObject {
     Q_OBJECT
 private slots:
     void las_superiores_siguen_a_lo_digitado();
+    void dos_que_presupuestan_bajo_la_misma_superior_se_suman();
     void el_primer_auxiliar_se_queda_con_lo_de_su_mayor_y_nada_suma_dos_veces();
 };
 
@@ -56,6 +60,24 @@ void PruebaPresupuestoBase::las_superiores_siguen_a_lo_digitado() {
     b.base().ejecute("delete from presupuesto where pres_ano = '2017' and pres_periodo = 2");
     texto.removeIf([](const QString& fila) { return fila.startsWith("2 "); });
     QCOMPARE(b.base().consulte("select count(*) from presupuesto").entero(), texto.size());
+}
+
+void PruebaPresupuestoBase::dos_que_presupuestan_bajo_la_misma_superior_se_suman() {
+    BaseDePrueba b;
+    Transaccion t(b.base(), Transaccion::Modo::Escritura);
+    b.base()
+        .prepare("insert into presupuesto values ('2017', 1, '510506', 100, 0, 'S')", t)
+        ->ejecute(t, {});
+    auto otro = std::async(std::launch::async, [&] {
+        Conexion c;
+        c.conectar(b.parametros());
+        return falla_sql(c, "insert into presupuesto values ('2017', 1, '519530', 50, 0, 'S')");
+    });
+    otro.wait_for(std::chrono::seconds(1)); // hasta que espere por la suma de la 51
+    t.confirme();
+    QCOMPARE(otro.get(), QString());
+    QCOMPARE(filas_de(b.base(), "select cuen_cod, pres_debito from presupuesto order by 1"),
+             "5|150\n51|150\n5105|100\n510506|100\n5195|50\n519530|50");
 }
 
 void PruebaPresupuestoBase::el_primer_auxiliar_se_queda_con_lo_de_su_mayor_y_nada_suma_dos_veces() {

@@ -400,6 +400,23 @@ void PruebaApertura::salir_con_cambios_pregunta() {
     QCOMPARE(p->APNI_NOTA->toPlainText(), "A medias");
     dice(Qt::Key_Escape, "Desea salir del detalle y perder los cambios que no ha aceptado?", "Sí");
     QCOMPARE(p->paginas->currentIndex(), int(Tfbalaperturaniif::Principal));
+    // También las líneas que ya habían entrado: la cambiada, la quitada y la nueva.
+    detalle(p, "110505");
+    const QStringList antes = valores_de(p->CAperniifdet, "APND_SALDOFIN");
+    p->CAperniifdet.First();
+    p->CAperniifdet.Edit();
+    p->CAperniifdet.FieldByName("APND_DEBITO") = 10;
+    p->CAperniifdet.Post();
+    p->CAperniifdet.Last();
+    p->CAperniifdet.Delete();
+    for (int i = 0; i < 2; ++i) {
+        p->CAperniifdet.Append();
+        p->CAperniifdet.Post();
+    }
+    dice(Qt::Key_Escape, "Desea salir del detalle y perder los cambios que no ha aceptado?", "Sí");
+    detalle(p, "110505");
+    QCOMPARE(valores_de(p->CAperniifdet, "APND_SALDOFIN"), antes);
+    oprima(Qt::Key_Escape);
     dice(Qt::Key_Escape, "Desea salir del comprobante y perder los movimientos que no ha grabado?",
          "No");
     QVERIFY(escritorio()->abierta("Tfbalaperturaniif"));
@@ -609,9 +626,8 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
     // NIIF lleva 90 de los 100 de caja y todo el capital: difiere en caja y bancos.
     grabe(s_->base.base(), 4, "20180201", {{1, "110505", 40, 0}, {2, "310505", 0, 40}},
           {{1, "110505", 35, 0}, {2, "310505", 0, 35}});
+    s_->cnt.periodo_actual = 13; // el cierre: lo último que se concilia son los ajustes
     auto* p = s_->abra<Tfconciliapat>("Tfconciliapat", AbreConciliacion{"2018", false});
-    QVERIFY(p);
-    p->EMes->setCurrentIndex(13);
     oprima(Qt::Key_F6);
     QVERIFY(p->CConcilia.Locate("CUENTA", {"110505"}));
     const auto campo = [&](const char* c) { return p->CConcilia.FieldByName(c).texto(); };
@@ -628,6 +644,7 @@ void PruebaApertura::la_conciliacion_llega_hasta_el_comprobante() {
             p->CConcilia.FieldByName("DIFERENCIA").moneda();
     QCOMPARE(niveles[1].texto(), niveles[4].texto());
     p->CConcilia.Locate("CUENTA", {"110505"});
+    p->EMes->setCurrentIndex(2); // sin calcular: se abre lo que se ve
     oprima(Qt::Key_F8);
     auto* c = qobject_cast<Tfconciliacta*>(escritorio()->activa());
     QVERIFY(c);

@@ -276,6 +276,16 @@ void PruebaCertificados::un_archivo_por_tercero_con_su_numero() {
     const QString iva = texto("Certificado retencion de IVA 860002964.PDF");
     QVERIFY(iva.contains("190.00"));
     QVERIFY2(iva.contains("bimestre 2: Mar - Abr"), qPrintable(iva));
+    // El que no se puede escribir queda registrado.
+    const QString suyo = "Certificado retencion de IVA 860002964.PDF";
+    QVERIFY(QDir(carpeta.path()).remove(suyo) && QDir(carpeta.path()).mkdir(suyo));
+    Interlocutor i;
+    i.espere_comienzo("Se generaron 0 certificados");
+    oprima(Qt::Key_F5);
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QFile errores(s.base.ruta() + "/ERRORES.TXT");
+    QVERIFY(errores.open(QIODevice::ReadOnly));
+    QVERIFY(errores.readAll().contains("Certificado del NIT 860002964: "));
 }
 
 void PruebaCertificados::los_archivos_piden_acceso_y_una_carpeta_que_sirva() {
@@ -346,6 +356,12 @@ void PruebaCertificados::la_configuracion_numera_dentro_de_la_cuenta() {
     QVERIFY(c.FieldByName("CFCR_CTABASE").vacio());
     c.FieldByName("CFCR_CTABASE") = "143505";
     c.Post();
+    ListaFalsa<PideCuenta> plan("Tfcuentas"); // buscar sin escoger deja la que había
+    c.Edit();
+    c.FieldByName("CFCR_CTABASE") = "?14";
+    plan.cancele();
+    QCOMPARE(plan.pedida().texto_busqueda + c.FieldByName("CFCR_CTABASE").texto(), "14143505");
+    c.Cancel();
     c.Append(); // el siguiente cuenta lo que aún no se graba
     c.FieldByName("CFCR_CUENTA") = "236540";
     QCOMPARE(c.FieldByName("CFCR_ITEM").texto(), "6");

@@ -177,6 +177,15 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
     i.espere_comienzo("Si Recalcula el archivo perdera toda", "Sí");
     oprima(Qt::Key_F2);
     QVERIFY(!valores_de(*p->CMedmagdata, "MMDD_MONTO").contains("123.45"));
+    // Los ajustes son el último día del año.
+    grabe(s.base.base(), 701, "20171331",
+          {{1, "413505", 0, 1000, "800456789", "0001", "0001"}, {2, "111005", 1000, 0}});
+    p->FecFin->setText("20171331");
+    i.espere(pregunta, "Abortar");
+    i.espere_comienzo("Si Recalcula el archivo perdera toda", "Sí");
+    oprima(Qt::Key_F2);
+    QVERIFY(p->CMedmagdata->Locate("MMDD_NIT", {"800456789"}));
+    QCOMPARE(p->CMedmagdata->FieldByName("MMDD_FECHA").texto(), "2017/12/31");
 }
 
 void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_los_crea() {
@@ -285,6 +294,8 @@ void PruebaMediosDistritales::
     QCOMPARE(QString::fromLatin1(contenido(casa.filePath("exogena.csv"))),
              "\"800456789\",\"1\",\"Andina &quot;A &amp; B&quot;\",\"220505\",\"" + nombre +
                  "\",0,1000.5\r\n");
+    p->FecFin->setText("20170228"); // lo que está a la vista ya no es lo que dice
+    QVERIFY(!p->CMedmagdata->Active());
 }
 
 QTEST_MAIN(PruebaMediosDistritales)

@@ -138,6 +138,7 @@ private slots:
     void un_calculo_que_falla_no_borra_lo_guardado();
     void el_archivo_dice_lo_de_la_rejilla_y_cumple_su_esquema();
     void lo_incompleto_se_muestra_antes_y_corregir_el_tercero_pone_al_dia_sus_filas();
+    void una_falla_a_mitad_deja_el_consecutivo_donde_estaba();
     void dos_que_calculan_a_la_vez_no_duplican_las_filas();
     void lo_que_no_se_pudo_grabar_no_se_va_con_otro_formato();
     void esperar_a_otro_que_calcula_se_cancela();
@@ -169,12 +170,13 @@ void PruebaMediosNacionales::nace_con_el_ano_y_el_formato_decide_nombre_y_column
     p->Concepto->setCurrentIndex(1);
     QCOMPARE(p->Ubicacion->text(), "Dmuisca_020100108201400000012.xml");
     // Unas fechas de otro año no se calculan: sus filas no se volverían a ver.
-    p->FecIni->setText("20130101");
     enfoque(p, "EAno");
     p->EAno->clearFocus();
-    p->FecIni->setText("20130101");
-    oprima_en(p->FecIni, Qt::Key_F2);
-    QVERIFY(!p->CMedmagdata->Active());
+    for (const char* fecha : {"20130101", "20140230"}) {
+        p->FecIni->setText(fecha);
+        oprima_en(p->FecIni, Qt::Key_F2);
+        QVERIFY(!p->CMedmagdata->Active());
+    }
     // El formato decide las columnas, y el tipo de documento, si el NIT lleva dígito.
     p->FecIni->setText("20140101");
     p->LFormato->setCurrentText("1001 Pagos o abonos en cuenta y retenciones (v. 9)");
@@ -388,6 +390,25 @@ void PruebaMediosNacionales::
     QVERIFY(m.archivo("Dmuisca_010100109203000000001.xml").isEmpty());
 }
 
+void PruebaMediosNacionales::una_falla_a_mitad_deja_el_consecutivo_donde_estaba() {
+    Medios m;
+    m.s.base.ejecute({"execute block as declare n integer = 0; begin while (n <= 5000) do begin "
+                      "n = n + 1; insert into medios_magneticos_datos (memg_formato, memg_ano, "
+                      "memg_item) values (10097, '2017', :n); end end"});
+    auto* p = m.abra("1009 Saldo de cuentas por pagar (v. 7)");
+    Interlocutor i;
+    i.espere_comienzo("Ya hay información del formato 1009", "Reintentar");
+    oprima(Qt::Key_F2);
+    QVERIFY(QDir(m.carpeta.path()).mkdir("Dmuisca_010100907201700000002.xml"));
+    m.grabe(p); // dice lo que les falta
+    i.espere_comienzo("Se presento el siguiente error: \"" + m.carpeta.path());
+    oprima(Qt::Key_F5);
+    agote_eventos();
+    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    QVERIFY(!m.archivo("Dmuisca_010100907201700000001.xml").isEmpty());
+    QCOMPARE(p->NroEnv->value(), 1);
+}
+
 void PruebaMediosNacionales::dos_que_calculan_a_la_vez_no_duplican_las_filas() {
     Medios m;
     auto* p = m.abra();
@@ -439,6 +460,12 @@ void PruebaMediosNacionales::lo_que_no_se_pudo_grabar_no_se_va_con_otro_formato(
     QCOMPARE(m.s.dato("select count(*) from medios_magneticos_datos where memg_formato = 10019 and "
                       "memg_pago = 1234"),
              "1");
+    // El año digitado vale aunque F5 no saque de su caja: las filas a la vista eran del otro.
+    oprima(Qt::Key_F2);
+    llene(p, "EAno", "2016");
+    oprima(Qt::Key_F5);
+    QVERIFY(!p->CMedmagdata->Active());
+    QVERIFY2(p->Ubicacion->text().contains("2016"), qPrintable(p->Ubicacion->text()));
 }
 
 void PruebaMediosNacionales::esperar_a_otro_que_calcula_se_cancela() {

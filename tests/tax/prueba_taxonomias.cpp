@@ -62,17 +62,18 @@ void PruebaTaxonomias::una_taxonomia_nueva_se_digita_y_se_borra_entera() {
     categorias.FieldByName("TAXE_NOMBRE") = "Balance";
     categorias.Post();
     for (const auto& [nombre, tipo, nivel] :
-         {std::tuple{"Activo", 2, 1}, {"Caja", 1, 2}, {"Bancos", 1, 2}}) {
+         {std::tuple{"Activo", 2, 1}, {"Caja", 1, 2}, {"Bancos", 1, 0}}) {
         renglones.Append();
         renglones.FieldByName("TAXD_NOMBRE") = nombre;
         renglones.FieldByName("TAXD_TIPO") = tipo;
-        renglones.FieldByName("TAXD_NIVEL") = nivel;
+        if (nivel) // sin decirlo, el del último
+            renglones.FieldByName("TAXD_NIVEL") = nivel;
         renglones.Post();
     }
     oprima(Qt::Key_F2);
-    QCOMPARE(s.dato("select list(taxe_id || '.' || taxd_item || ' ' || taxd_nombre) from "
-                    "taxonomia_detalle where taxo_id = 2"),
-             "1.1 Activo,1.2 Caja,1.3 Bancos");
+    QCOMPARE(s.dato("select list(taxe_id || '.' || taxd_item || ' ' || taxd_nombre || taxd_nivel) "
+                    "from taxonomia_detalle where taxo_id = 2"),
+             "1.1 Activo1,1.2 Caja2,1.3 Bancos2");
     oprima(Qt::Key_Escape);
     agote_eventos();
     dice(Qt::Key_F3, "Esta seguro de borrar la taxonomia Salud?", "No");
@@ -168,6 +169,8 @@ void PruebaTaxonomias::se_imprime_con_la_plantilla_que_se_puede_disenar() {
 void PruebaTaxonomias::el_archivo_lleva_un_dato_por_renglon() {
     SesionGui s;
     arme_libro_al_azar(s.base.base());
+    s.base.ejecute({"update taxonomia_detalle set taxd_tipo = 0 where taxo_id = 1 and taxe_id = "
+                    "310000 rows 1"});
     auto* p = abra(s);
     QVERIFY(componente<ConjuntoDatos>(p, "CTaxencabeza").Locate("TAXE_ID", {310000}));
     QTemporaryDir carpeta;
@@ -192,8 +195,8 @@ void PruebaTaxonomias::el_archivo_lleva_un_dato_por_renglon() {
         "xsi:noNamespaceSchemaLocation=\"../xsd/1002.xsd\">\r\n<Cab>\r\n<Ano>2017</Ano>\r\n"
         "<CantReg>8</CantReg>\r\n";
     for (const QString& valor :
-         filas_de(s.base.base(), "select valor from impr_taxonomia(1, 310000, '20171231') order by "
-                                 "item")
+         filas_de(s.base.base(), "select coalesce(valor, 0) from impr_taxonomia(1, 310000, "
+                                 "'20171231') order by item")
              .split('\n'))
         esperado += "  <pagos  ndom=\"" + valor + "\" />\r\n";
     QFile archivo(ruta);
