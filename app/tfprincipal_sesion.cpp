@@ -126,6 +126,7 @@ bool Tfprincipal::version_al_dia(Conexion& base, TipoBase tipo) {
         if (!sin_permiso(e))
             throw;
         // El servidor lo dejó entrar, pero nadie lo registró en esta base.
+        fdm().registre_en_archivo(e.texto() + " | " + e.detalle());
         negativa = tipo == TipoBase::Compania ? QStringLiteral("Nombre de usuario incorrecto")
                                               : QStringLiteral("Usuario no registrado.");
     }

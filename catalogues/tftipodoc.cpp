@@ -85,6 +85,7 @@ void Tftipodoc::CPrefijosAfterScroll() {
 }
 
 void Tftipodoc::SpeedButton2Click() {
+    proveedor_->Options &= ~poCascadeDeletes; // un borrado que no terminó la deja puesta
     if (grabe_y_anuncie(*maestro_, "Grabado: " + windowTitle()) == 0)
         close();
 }

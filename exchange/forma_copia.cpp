@@ -134,8 +134,12 @@ void FormaCopia::SpeedButton1Click() {
     QString texto =
         QStringLiteral("Se copiaron %1; %2 no se tocaron.").arg(r->copiados).arg(r->omitidos);
     if (!r->fallas.isEmpty())
-        texto += QStringLiteral(" No entraron %1:\n").arg(r->fallas.size()) +
+        texto += QStringLiteral(" No entraron %1; la lista completa está en ERRORES.TXT:\n")
+                     .arg(r->fallas.size()) +
                  r->fallas.mid(0, kMuestra).join('\n');
+    for (const QString& falla : std::as_const(r->fallas))
+        fdm().registre_en_archivo(windowTitle() + ": " + falla);
     muestre_mensaje(texto);
-    close();
+    if (r->fallas.isEmpty()) // si no, queda abierta para repetirla con lo que faltó
+        close();
 }

@@ -56,7 +56,8 @@ QLineEdit* FormaMantenimiento::caja_cuenta(const QString& nombre,
                                        destino->setFocus();
                                    });
                  },
-                 {}};
+                 {},
+                 true};
     return c;
 }
 
@@ -140,7 +141,11 @@ bool FormaMantenimiento::FormClose() {
 
 bool FormaMantenimiento::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() == QEvent::FocusIn && cajas_.contains(objeto))
-        proteja([this] { IndicesCatalogos::de_la_sesion().refresque(libro()); });
+        proteja([&] {
+            auto& indices = IndicesCatalogos::de_la_sesion();
+            cajas_[objeto].de_cuenta ? indices.refresque_cuentas(libro())
+                                     : indices.refresque_terceros();
+        });
     if (evento->type() == QEvent::FocusOut && cajas_.contains(objeto) && !validando_ &&
         static_cast<QFocusEvent*>(evento)->reason() != Qt::ActiveWindowFocusReason) {
         auto* c = static_cast<QLineEdit*>(objeto);
@@ -207,10 +212,10 @@ QString FormaMantenimiento::tercero_de(QLineEdit* caja) {
     return nit;
 }
 
-bool FormaMantenimiento::sin_movimientos(const QString& nit, const QString& cuenta) {
+std::optional<bool> FormaMantenimiento::hay_movimientos(const QString& nit, const QString& cuenta) {
     const QString desde = FecIni->text().trimmed(), hasta = FecFin->text().trimmed();
     if (revise_fecha(desde) || revise_fecha(hasta))
-        return false;
+        return {};
     QString sql = QStringLiteral("select count(*) from %1 where enco_consec in (select enco_consec "
                                  "from comprobante_encabezado where enco_fecha >= ")
                       .arg(QLatin1String(datos(libro()).detalle)) +
@@ -219,7 +224,7 @@ bool FormaMantenimiento::sin_movimientos(const QString& nit, const QString& cuen
         sql += " and terc_nit = " + QuotedStr(nit);
     if (!cuenta.isEmpty())
         sql += " and cuen_cod = " + QuotedStr(cuenta);
-    return dato(sql) == "0";
+    return dato(sql) != "0";
 }
 
 std::optional<RangoFechas> FormaMantenimiento::fechas() {

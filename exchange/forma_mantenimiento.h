@@ -54,9 +54,9 @@ protected:
     /// Lo escrito en la caja; si falta o no existe lo dice, va a ella y no se sigue.
     QString cuenta_de(QLineEdit* caja);
     QString tercero_de(QLineEdit* caja);
-    /// Con las fechas ya puestas, si el libro no tiene en ellas líneas del tercero y la cuenta;
-    /// vacíos, cualquiera.
-    bool sin_movimientos(const QString& nit, const QString& cuenta);
+    /// Si el libro tiene en las fechas líneas del tercero y la cuenta (vacíos, cualquiera); nada
+    /// mientras las fechas no estén puestas.
+    std::optional<bool> hay_movimientos(const QString& nit, const QString& cuenta);
     /// El rango de fechas, o nada después de decir qué está mal.
     std::optional<RangoFechas> fechas();
     /// Muestra la negativa, o pregunta con las cifras. Verdadero si el usuario quiere hacerlo.
@@ -78,6 +78,7 @@ private:
         std::function<void(const QString&)> al_dejarla;
         std::function<void(QLineEdit*)> busque;
         QString vista; ///< lo último que se validó
+        bool de_cuenta = false;
     };
     QHash<QObject*, Caja> cajas_;
     bool validando_ = false;

@@ -53,14 +53,20 @@ bool Tfborractas::corra() {
             : QStringLiteral("Se borrarán %1 cuentas, de la %2 a la %3").arg(cuantas, desde, hasta);
     if (!pregunte_con_no(pregunta + ". Desea continuar?"))
         return false;
-    anuncie("Borrando cuentas. Espere un momento...");
-    const CuentasBorradas r = borre_cuentas(fdm().Quorvex, desde, hasta);
-    Aviso->clear();
-    if (!r.detenida.isEmpty())
-        muestre_mensaje(QStringLiteral("Se borraron %1 cuentas. No se pudo borrar la %2: %3")
-                            .arg(r.borradas)
-                            .arg(r.detenida, r.razon));
-    else if (AvisosBarra* barra = fdm().barra())
+    const QString aviso = "Borrando cuentas. Espere un momento...";
+    CuentasBorradas r;
+    trabaje(aviso, [&] {
+        r = borre_cuentas(fdm().Quorvex, desde, hasta,
+                          [&](const QString& cuenta) { anuncie(aviso + ' ' + cuenta); });
+        return CifrasMantenimiento();
+    });
+    if (!r.detenida.isEmpty()) {
+        const QString texto = QStringLiteral("Se borraron %1 cuentas. No se pudo borrar la %2: %3")
+                                  .arg(r.borradas)
+                                  .arg(r.detenida, r.razon);
+        fdm().registre_en_archivo(windowTitle() + ": " + texto);
+        muestre_mensaje(texto);
+    } else if (AvisosBarra* barra = fdm().barra())
         barra->texto(windowTitle() + ": " + (r.borradas == 1 ? "1 cuenta" : cuantas + " cuentas"));
     return r.detenida.isEmpty();
 }

@@ -55,9 +55,10 @@ bool Tfborramov::corra() {
     r.numero_hasta = numero(NumFin);
     r.nit_desde = NitIni->text().trimmed();
     r.nit_hasta = NitFin->text().trimmed();
-    if (r.nit_desde.isEmpty() != r.nit_hasta.isEmpty())
-        (r.nit_desde.isEmpty() ? r.nit_desde : r.nit_hasta) =
-            r.nit_desde.isEmpty() ? r.nit_hasta : r.nit_desde;
+    if (r.nit_desde.isEmpty())
+        r.nit_desde = r.nit_hasta;
+    if (r.nit_hasta.isEmpty())
+        r.nit_hasta = r.nit_desde;
     const auto llame = [&](Paso paso) {
         return borre_movimientos(fdm().Quorvex, r, fdm().usuario, paso);
     };

@@ -21,7 +21,7 @@ Tfcambictamov::Tfcambictamov() : FormaMantenimiento("Tfcambictamov", "Reemplazar
 
 void Tfcambictamov::Edit1Exit(const QString& cuenta) {
     Nombre1->setText(exija_cuenta(cuenta));
-    if (!Nombre1->text().isEmpty() && sin_movimientos({}, cuenta))
+    if (!Nombre1->text().isEmpty() && hay_movimientos({}, cuenta) == false)
         muestre_mensaje("La cuenta " + cuenta + " no tiene movimientos.");
 }
 

@@ -24,14 +24,14 @@ Tfcambitermov::Tfcambitermov() : FormaMantenimiento("Tfcambitermov", "Reemplazar
 
 void Tfcambitermov::Edit1Exit(const QString& nit) {
     Nombre1->setText(exija_tercero(nit));
-    if (!Nombre1->text().isEmpty() && sin_movimientos(nit, {}))
+    if (!Nombre1->text().isEmpty() && hay_movimientos(nit, {}) == false)
         muestre_mensaje("El tercero " + nit + " no tiene movimientos.");
 }
 
 void Tfcambitermov::Edit3Exit(const QString& cuenta) {
     Nombre3->setText(exija_cuenta(cuenta));
     const QString nit = Edit1->text().trimmed();
-    if (!Nombre3->text().isEmpty() && !nit.isEmpty() && sin_movimientos(nit, cuenta))
+    if (!Nombre3->text().isEmpty() && !nit.isEmpty() && hay_movimientos(nit, cuenta) == false)
         muestre_mensaje("El tercero " + nit + " no tiene movimientos en la cuenta.");
 }
 

@@ -7,4 +7,8 @@ class Tfestructura : public RejillaCatalogo {
     Q_OBJECT
 public:
     Tfestructura();
+
+private:
+    /// La base recibe los niveles uno por uno y no puede mirar el conjunto; aquí sí.
+    void exija_orden();
 };

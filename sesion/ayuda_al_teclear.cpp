@@ -64,7 +64,7 @@ EditorSugerido* caja_de_cuenta(ConjuntoDatos& conjunto, const QString& campo,
     caja->Sugiere = [libro](const QString& tecleado) {
         return IndicesCatalogos::de_la_sesion().cuentas(libro()).busque(tecleado);
     };
-    caja->OnEnter = [libro] { IndicesCatalogos::de_la_sesion().refresque(libro()); };
+    caja->OnEnter = [libro] { IndicesCatalogos::de_la_sesion().refresque_cuentas(libro()); };
     return caja;
 }
 
@@ -92,6 +92,6 @@ EditorSugerido* caja_de_tercero(ConjuntoDatos& conjunto, const QString& campo) {
     caja->Sugiere = [](const QString& tecleado) {
         return IndicesCatalogos::de_la_sesion().terceros().busque(tecleado);
     };
-    caja->OnEnter = [] { IndicesCatalogos::de_la_sesion().refresque(Libro::Decreto2649); };
+    caja->OnEnter = [] { IndicesCatalogos::de_la_sesion().refresque_terceros(); };
     return caja;
 }

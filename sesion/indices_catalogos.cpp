@@ -4,6 +4,10 @@
 
 namespace {
 
+/// Milésimas en que no se vuelve a preguntar: comparar recorre el catálogo entero, y pasar de una
+/// caja a otra no puede esperar por eso.
+constexpr qint64 kFresco = 2000;
+
 struct Origen {
     const char *tabla, *codigo, *nombre;
     const char* estado = "''";     ///< lo demás que, si cambia, obliga a leerlos otra vez
@@ -77,7 +81,10 @@ const IndiceCodigos& IndicesCatalogos::lea(Cual cual, const QString& grupo) {
 
 void IndicesCatalogos::refresque(Cual cual) {
     Leido& l = leidos_[cual];
+    if (l.hecho && l.visto.isValid() && l.visto.elapsed() < kFresco)
+        return;
     const QString ahora = sello(cual);
+    l.visto.start();
     if (l.hecho && l.sello == ahora)
         return;
     l.hecho = false;
@@ -97,6 +104,14 @@ void IndicesCatalogos::refresque(std::initializer_list<Cual> cuales) {
 
 void IndicesCatalogos::refresque(Libro libro) {
     refresque({es_niif(libro) ? Niif : Decreto, Terceros});
+}
+
+void IndicesCatalogos::refresque_cuentas(Libro libro) {
+    refresque({es_niif(libro) ? Niif : Decreto});
+}
+
+void IndicesCatalogos::refresque_terceros() {
+    refresque({Terceros});
 }
 
 void IndicesCatalogos::refresque_centros() {

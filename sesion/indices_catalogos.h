@@ -3,6 +3,7 @@
 #include "libro/libro.h"
 #include "toolkit/indice_codigos.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <map>
 
@@ -22,6 +23,8 @@ public:
     /// Los lee si no están y los lee otra vez si alguien los cambió. Se llama al llegar a donde se
     /// van a usar: teclear no pregunta nada a la base.
     void refresque(Libro libro);
+    void refresque_cuentas(Libro libro);
+    void refresque_terceros();
     void refresque_centros();
 
 private:
@@ -29,7 +32,8 @@ private:
     enum Cual { Decreto, Niif, Terceros, Proyectos, Centros };
     struct Leido {
         std::map<QString, IndiceCodigos> indices; ///< por proyecto los centros; los demás, uno solo
-        QString sello; ///< cambia si alguien agrega, quita, apaga o renombra uno
+        QString sello;       ///< cambia si alguien agrega, quita, apaga o renombra uno
+        QElapsedTimer visto; ///< desde que se comparó con la base
         bool hecho = false;
     };
     const IndiceCodigos& lea(Cual cual, const QString& grupo = {});

@@ -57,7 +57,11 @@ void Tfdm::numero_documento(int tipo, qint64 id, Campo& campo_prefijo, Campo& ca
         campo_numero = "";
         return;
     }
-    QNumerodoc.Open(sql_numero_documento(tipo, id));
+    const QString sql = sql_numero_documento(tipo, id);
+    if (sql.isEmpty())
+        throw ErrorDatos(
+            QStringLiteral("El programa no muestra los documentos de tipo %1.").arg(tipo));
+    QNumerodoc.Open(sql);
     if (!QNumerodoc.IsEmpty()) {
         campo_prefijo = QNumerodoc.Fields(0).texto();
         campo_numero = QNumerodoc.Fields(1).texto();

@@ -165,7 +165,7 @@ void Tfedtmovimien::FormCreate() {
     }
     visto_ = lea_comprobante(conjuntos());
     CMovimiento.Edit();
-    muestre_origen();
+    const QString sin_origen = muestre_origen();
     muestre_fecha();
     muestre_mandante();
     encabezado_posteado_ = true;
@@ -180,6 +180,8 @@ void Tfedtmovimien::FormCreate() {
     if (!fdm().acceso_editacomproba(fdm().usuario, "CONTABILIDAD", 30))
         SBGrabar->setEnabled(false);
     DBEdit1->setFocus(); // tipo, número y fecha ya no cambian
+    if (!sin_origen.isEmpty())
+        reporte_falla(sin_origen); // al final: mientras se lee, la pantalla ya está completa
 }
 
 int Tfedtmovimien::maximo_item(Libro libro, const QString& id) {
@@ -195,13 +197,23 @@ void Tfedtmovimien::muestre_auditoria(int tipo, const QString& id,
     donde(modificado(CAudit.FieldByName("AUDIT").texto()));
 }
 
-void Tfedtmovimien::muestre_origen() {
+QString Tfedtmovimien::muestre_origen() {
+    QString falla_origen;
     QString texto = "Id:" + CMovimiento.FieldByName("ENCO_CONSEC").texto();
     const qint64 tipo = CMovimiento.FieldByName("ENCO_TIPOREF").entero();
     const qint64 origen = CMovimiento.FieldByName("ENCO_IDREF").entero();
     if (tipo != 0 && tipo != 58 && tipo != 59 && origen != 0) {
-        fdm().numero_documento(int(tipo), origen, CMovimiento.FieldByName("PrefRef"),
-                               CMovimiento.FieldByName("NumRef"));
+        try {
+            fdm().numero_documento(int(tipo), origen, CMovimiento.FieldByName("PrefRef"),
+                                   CMovimiento.FieldByName("NumRef"));
+        } catch (const ErrorDatos& falla) { // sin el número de su origen se edita igual
+            if (!fdm().Quorvex.en_linea())
+                throw;
+            falla_origen = QStringLiteral("No se pudo ver el documento de tipo %1 con id %2: %3")
+                               .arg(tipo)
+                               .arg(origen)
+                               .arg(falla.para_usuario());
+        }
         CBorrar.Open("select tido_nomcorto from tipo_documento where tido_cod = " +
                      QString::number(tipo));
         texto += " Original:" + CBorrar.Fields(0).texto() + ' ' +
@@ -209,6 +221,7 @@ void Tfedtmovimien::muestre_origen() {
                  CMovimiento.FieldByName("NumRef").texto();
     }
     Edit1->setText(texto);
+    return falla_origen;
 }
 
 void Tfedtmovimien::muestre_fecha() {

@@ -61,7 +61,8 @@ private:
     void muestre_columnas(bool visibles);
     void muestre_auditoria(int tipo, const QString& id, const std::function<void(QString)>& donde);
     int maximo_item(Libro libro, const QString& id);
-    void muestre_origen();
+    /// Por qué no se pudo ver el documento de origen; vacío si se vio o no lo hay.
+    QString muestre_origen();
     void muestre_fecha();
     void traiga_plantilla(const QString& plantilla) override;
     void borre_desde_la_actual(ConjuntoDatos& lineas);

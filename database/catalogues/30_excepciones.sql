@@ -18,3 +18,5 @@ CREATE OR ALTER EXCEPTION PROYECTO_OTRAS_AGENCIAS
   'El proyecto tiene centros de otras agencias: no se puede borrar.';
 CREATE OR ALTER EXCEPTION ESTRUCTURA_EN_USO
   'La estructura no se puede cambiar: ya hay cuentas creadas.';
+CREATE OR ALTER EXCEPTION ESTRUCTURA_INCOHERENTE
+  'Cada nivel de la estructura debe tener más dígitos que el anterior, de 1 a 20.';

@@ -28,16 +28,31 @@ BEGIN
     || ' de fechas bloqueadas. Quite antes el bloqueo.';
 END^
 
--- El plan NIIF no lleva auditoría propia: lo que el mantenimiento le hace se anota en la del plan.
--- Interna; la llaman ABRA_AUXILIAR_NIIF y CAMBIE_DETALLE_CUENTA_NIIF.
+-- El plan NIIF no lleva auditoría propia: lo que el mantenimiento le hace se anota con su código,
+-- para que no parezca un cambio de la cuenta del otro plan. Interna; la llaman ABRA_AUXILIAR_NIIF y
+-- CAMBIE_DETALLE_CUENTA_NIIF.
 CREATE OR ALTER PROCEDURE AUDITE_PLAN_NIIF (CUENTA varchar(20), OPER char(1))
 AS
-  DECLARE RAZON varchar(255);
 BEGIN
-  RAZON = rdb$get_context('USER_TRANSACTION', 'RAZON_ANULACION');
-  rdb$set_context('USER_TRANSACTION', 'RAZON_ANULACION', 'Plan NIIF');
-  EXECUTE PROCEDURE AUDITE_CATALOGO(100, CUENTA, OPER, NULL);
-  rdb$set_context('USER_TRANSACTION', 'RAZON_ANULACION', RAZON);
+  EXECUTE PROCEDURE AUDITE_CATALOGO(1100, CUENTA, OPER, NULL);
+END^
+
+-- Qué proceso hizo un comprobante y lo retiene; nulo si ninguno.
+CREATE OR ALTER FUNCTION PROCESO_DE_COMPROBANTE (ID integer)
+RETURNS varchar(60)
+AS
+BEGIN
+--<CLAVES>
+--| TABLA               | COLUMNA     | NOMBRE
+--| CIERRE_ANUAL        | ENCO_CONSEC | el cierre anual
+--| CIERRE_TERCEROS     | ENCO_CONSEC | el cierre de terceros
+--| AJUSTES_INFLACION   | ENCO_CONSEC | los ajustes por inflación
+--| DEPRECIACION        | ENCO_CONSEC | la depreciación
+--| ACTIVOS_FIJOS_VALOR | ACFV_IDCOMP | el cambio de valor de un activo
+  IF (EXISTS (SELECT 1 FROM {TABLA} WHERE {COLUMNA} = :ID)) THEN
+    RETURN '{NOMBRE}';
+--</CLAVES>
+  RETURN NULL;
 END^
 
 --<LIBROS>
@@ -60,6 +75,7 @@ AS
   DECLARE SIN_CENTRO integer;
   DECLARE SIN_BASE integer;
   DECLARE SIN_ARTICULO integer;
+  DECLARE SIN_NIIF integer;
 BEGIN
   BLOQUEO = BLOQUEO_VIGENTE('{LIBRO}');
   BLOQUEO_NIIF = BLOQUEO_VIGENTE('NIIF');
@@ -74,14 +90,17 @@ BEGIN
     count(iif(D.TERC_NIT IS NULL, 1, NULL)),
     count(iif(D.PROY_COD IS NULL OR D.CENT_COD IS NULL, 1, NULL)),
     count(iif(coalesce(D.CODE_BASE, 0) = 0 OR coalesce(D.CODE_PORC, 0) = 0, 1, NULL)),
-    count(iif(D.ARTI_COD IS NULL, 1, NULL))
+    count(iif(D.ARTI_COD IS NULL, 1, NULL)),
+    count(iif('{LIBRO}' = '2649' AND E.ENCO_REPNIIF = 'S' AND E.ENCO_FECHA >= :BLOQUEO_NIIF
+      AND EXISTS (SELECT 1 FROM COMPROBANTE_DETALLE_NIIF R
+        WHERE R.ENCO_CONSEC = D.ENCO_CONSEC AND R.CODE_ITEMREP = D.CODE_ITEM), 1, NULL))
   FROM {DETALLE} D
   JOIN COMPROBANTE_ENCABEZADO E ON E.ENCO_CONSEC = D.ENCO_CONSEC
   JOIN {CUENTAS} C ON C.CUEN_COD = D.CUEN_COD
   WHERE D.CUEN_COD = :ORIGEN AND E.ENCO_FECHA BETWEEN :DESDE AND :HASTA
     AND (:TIPO IS NULL OR E.TICO_COD = :TIPO)
   INTO :RENGLONES, :COMPROBANTES, :BLOQUEADOS, :REPLICADOS, :SIN_TERCERO, :SIN_CENTRO, :SIN_BASE,
-    :SIN_ARTICULO;
+    :SIN_ARTICULO, :SIN_NIIF;
 
   IF (RENGLONES = 0) THEN
     NEGATIVA = 'La cuenta ' || ORIGEN || ' no tiene movimientos.';
@@ -98,6 +117,11 @@ BEGIN
       WHEN CENTRO = 'S' AND SIN_CENTRO > 0 THEN 'centro de costo, y ' || SIN_CENTRO
       WHEN CLASE = 'I' AND SIN_ARTICULO > 0 THEN 'artículo, y ' || SIN_ARTICULO
     END || ' de los ' || RENGLONES || ' renglones no lo traen.';
+  IF (NEGATIVA IS NULL AND SIN_NIIF > 0 AND NOT EXISTS (SELECT 1 FROM CUENTAS_NIIF
+    WHERE CUEN_COD = :EQUIVALENTE AND CUEN_AFECTABLE = 'S' AND CUEN_ACTIVA = 'S')) THEN
+    NEGATIVA = 'La cuenta ' || DESTINO || ' no tiene una cuenta NIIF equivalente que pueda llevar '
+      || 'movimiento, y ' || SIN_NIIF || ' de los ' || RENGLONES || ' renglones se replican. '
+      || 'Indíquela antes en la cuenta.';
   IF (HAGALO = 'S') THEN
   BEGIN
     IF (NEGATIVA IS NOT NULL) THEN
@@ -157,10 +181,10 @@ BEGIN
   SUSPEND;
 END^
 
--- Abre el auxiliar CUENTA bajo su cuenta mayor y le pasa el movimiento de ella: líneas, saldos
--- iniciales y plantillas; el presupuesto lo sigue solo. La clase y los datos de ajuste se heredan;
--- base y porcentaje nacen en cero. EQUIVALENTE: cuenta NIIF, solo del plan 2649. La llama
--- Tfcreactamov.
+-- Abre el auxiliar CUENTA bajo su cuenta mayor y le pasa el movimiento de ella y a quien la nombra,
+-- que a la mayor ya no la podría usar; el presupuesto lo sigue solo. La clase y los datos de ajuste
+-- se heredan; base y porcentaje nacen en cero. EQUIVALENTE: cuenta NIIF, solo del plan 2649. La
+-- llama Tfcreactamov.
 CREATE OR ALTER PROCEDURE ABRA_AUXILIAR{_NIIF} (CUENTA varchar(20), NOMBRE varchar(60),
   TERCERO char(1), CENTRO char(1), RETENCION char(1), EQUIVALENTE varchar(20), HAGALO char(1))
 RETURNS (RENGLONES integer, COMPROBANTES integer, NEGATIVA varchar(255))
@@ -209,6 +233,13 @@ BEGIN
     RENGLONES = ROW_COUNT;
     UPDATE SALDOS_INICIALES{_NIIF} SET CUEN_COD = :CUENTA WHERE CUEN_COD = :MAYOR;
     UPDATE PLANTILLA_DETALLE{_NIIF} SET CUEN_COD = :CUENTA WHERE CUEN_COD = :MAYOR;
+    IF ('{LIBRO}' = '2649') THEN
+    BEGIN
+      UPDATE CONCEPTOS SET CONC_CTACIERRE = :CUENTA WHERE CONC_CTACIERRE = :MAYOR;
+      UPDATE CONCEPTOS_CUENTAS SET CUEN_COD = :CUENTA WHERE CUEN_COD = :MAYOR;
+      UPDATE CONCEPTOS_CUENTAS SET COCU_CUENTABASE = :CUENTA WHERE COCU_CUENTABASE = :MAYOR;
+    END
+    EXECUTE PROCEDURE ARRASTRE_CUENTA{_NIIF}(MAYOR, CUENTA);
     DELETE FROM CUENTA_EN_MANTENIMIENTO WHERE LIBRO = '{LIBRO}' AND CUEN_COD = :MAYOR;
   END
   SUSPEND;
@@ -293,6 +324,10 @@ AS
   DECLARE BLOQUEO_NIIF varchar(8);
   DECLARE BLOQUEADOS integer = 0;
   DECLARE BLOQUEADOS_NIIF integer = 0;
+  DECLARE DE_PROCESO integer = 0;
+  DECLARE NOMBRE varchar(20);
+  DECLARE PROCESO varchar(60);
+  DECLARE PRIMERO varchar(120);
 BEGIN
   BLOQUEO = BLOQUEO_VIGENTE('2649');
   BLOQUEO_NIIF = BLOQUEO_VIGENTE('NIIF');
@@ -303,7 +338,8 @@ BEGIN
   DESCUADRADOS = 0;
   FOR
     SELECT E.ENCO_CONSEC, E.ENCO_FECHA, coalesce(E.ENCO_TIPOREF, 0), M.DENTRO, M.FUERA,
-      M.DESCUADRA, M.DE_2649, M.DE_NIIF
+      M.DESCUADRA, M.DE_2649, M.DE_NIIF, E.TICO_COD || ' ' || E.PRCO_PREF || ' ' || E.ENCO_NUMERO,
+      PROCESO_DE_COMPROBANTE(E.ENCO_CONSEC)
     FROM COMPROBANTE_ENCABEZADO E
     LEFT JOIN MIDA_BORRADO(E.ENCO_CONSEC, :NIT1, :NIT2) M ON 1 = 1
     WHERE E.TICO_COD = :TIPO AND E.ENCO_FECHA BETWEEN :DESDE AND :HASTA
@@ -311,7 +347,8 @@ BEGIN
       AND (:NUMERO1 IS NULL OR E.ENCO_NUMERO >= :NUMERO1)
       AND (:NUMERO2 IS NULL OR E.ENCO_NUMERO <= :NUMERO2)
       AND (:NIT1 IS NULL OR M.DENTRO > 0)
-    INTO :ID, :FECHA, :TIPOREF, :DENTRO, :FUERA, :DESCUADRA, :DE_2649, :DE_NIIF
+    INTO :ID, :FECHA, :TIPOREF, :DENTRO, :FUERA, :DESCUADRA, :DE_2649, :DE_NIIF, :NOMBRE,
+      :PROCESO
   DO
   BEGIN
     RENGLONES = RENGLONES + DENTRO;
@@ -326,7 +363,12 @@ BEGIN
       BLOQUEADOS = BLOQUEADOS + 1;
     IF (FECHA <= BLOQUEO_NIIF AND DE_NIIF > 0) THEN
       BLOQUEADOS_NIIF = BLOQUEADOS_NIIF + 1;
-    IF (HAGALO = 'S' AND BLOQUEADOS = 0 AND BLOQUEADOS_NIIF = 0) THEN
+    IF (PROCESO IS NOT NULL) THEN
+    BEGIN
+      DE_PROCESO = DE_PROCESO + 1;
+      PRIMERO = coalesce(PRIMERO, NOMBRE || ' lo hizo ' || PROCESO);
+    END
+    IF (HAGALO = 'S' AND BLOQUEADOS = 0 AND BLOQUEADOS_NIIF = 0 AND DE_PROCESO = 0) THEN
       IF (FUERA = 0) THEN
         EXECUTE PROCEDURE BORRE_COMPROBANTE(ID, USUARIO);
       ELSE
@@ -341,7 +383,9 @@ BEGIN
     NEGATIVA = 'No hay comprobantes por borrar en ese rango.';
   ELSE
     NEGATIVA = coalesce(NEGATIVA_BLOQUEO('2649', BLOQUEADOS),
-      NEGATIVA_BLOQUEO('NIIF', BLOQUEADOS_NIIF));
+      NEGATIVA_BLOQUEO('NIIF', BLOQUEADOS_NIIF),
+      'El comprobante ' || PRIMERO || iif(DE_PROCESO = 1, '', ', y hay ' || (DE_PROCESO - 1)
+        || ' más hechos por procesos') || '. Borre el proceso, que se lleva su comprobante.');
   IF (HAGALO = 'S' AND NEGATIVA IS NOT NULL) THEN
     EXCEPTION MANTENIMIENTO_RECHAZADO NEGATIVA;
   SUSPEND;

@@ -17,7 +17,8 @@ BEGIN
   RETURN substring(coalesce(nullif(DECLARADO, ''), CURRENT_USER) FROM 1 FOR 10);
 END^
 
--- Fila de auditoría de un catálogo (100 cuentas, y "NIVEL n" de su estructura; 102 terceros).
+-- Fila de auditoría de un catálogo (100 cuentas, y "NIVEL n" de su estructura; 1100 cuentas NIIF;
+-- 102 terceros).
 -- USUARIO vacío o nulo: el de la conexión. La llaman los disparadores de CUENTAS, ESTRUCTURA y
 -- TERCEROS.
 CREATE OR ALTER PROCEDURE AUDITE_CATALOGO (

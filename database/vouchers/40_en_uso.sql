@@ -1,6 +1,9 @@
 -- Lo que está en uso no se borra ni cambia de código, y se dice dónde está. Cubren lo que las
 -- claves foráneas no pueden: códigos que otra tabla guarda sin que tengan que existir, y columnas
 -- que comparten dos catálogos. Un código que nadie usa cambia, y arrastra a quien lo nombra.
+-- Quién nombra qué está en quien_nombra.tsv, de donde salen el uso y el arrastre. No están en ella
+-- las propuestas sin confirmar y la apertura NIIF, que se rehacen; lo que retiene el comprobante
+-- que lo acompaña; ni lo que se siembra para cualquier plan y nombra cuentas por su comienzo.
 
 SET TERM ^ ;
 
@@ -35,53 +38,25 @@ END^
 
 -- Quién nombra una cuenta fuera de las líneas; nulo si nadie.
 CREATE OR ALTER FUNCTION USO_DE_CUENTA{_NIIF} (CUENTA varchar(20))
-RETURNS varchar(160)
+RETURNS varchar(200)
 AS
-  DECLARE QUIEN varchar(60);
+  DECLARE QUIEN varchar(100);
 BEGIN
-  SELECT FIRST 1 CUEN_COD FROM {CUENTAS}
-  WHERE CUEN_CTAJUSTE = :CUENTA AND CUEN_COD <> :CUENTA INTO :QUIEN;
+--<FILAS vouchers/quien_nombra.tsv CON CUENTA>
+  IF ('{LIBRO}' = '{DE}') THEN
+    SELECT FIRST 1 coalesce({QUIEN}, '') FROM {TABLA} T WHERE {CUENTA} = :CUENTA {Y}
+    INTO :QUIEN;
   IF (QUIEN IS NOT NULL) THEN
-    RETURN 'es la cuenta de ajuste de la ' || QUIEN;
-  SELECT FIRST 1 CUEN_COD FROM {CUENTAS}
-  WHERE CUEN_CTACORRECION = :CUENTA AND CUEN_COD <> :CUENTA INTO :QUIEN;
-  IF (QUIEN IS NOT NULL) THEN
-    RETURN 'es la contrapartida del ajuste de la ' || QUIEN;
-  IF ('{LIBRO}' = 'NIIF') THEN
-  BEGIN
-    SELECT FIRST 1 CUEN_COD FROM CUENTAS WHERE CUEN_EQNIIF = :CUENTA INTO :QUIEN;
-    IF (QUIEN IS NOT NULL) THEN
-      RETURN 'es la equivalente de la cuenta ' || QUIEN;
-    SELECT FIRST 1 ACFJ_COD FROM ACTIVOS_FIJOS
-    WHERE :CUENTA IN (ACFJ_CTANIIF, ACFJ_CTANIIFD, ACFJ_CTANIIFC, ACFJ_CTADETERD, ACFJ_CTADETERC)
-    INTO :QUIEN;
-  END
-  ELSE
-  BEGIN
-    SELECT FIRST 1 TERC_NIT FROM TERCEROS
-    WHERE :CUENTA IN (TERC_CTARTFTE, TERC_CTARTIVA, TERC_CTARTICA, TERC_CTARCREE, TERC_CTAVENTA,
-      TERC_CTACLIENTE, TERC_CTAPROV, TERC_CTAEMPL)
-    INTO :QUIEN;
-    IF (QUIEN IS NOT NULL) THEN
-      RETURN 'es una de las cuentas del tercero ' || QUIEN;
-    SELECT FIRST 1 coalesce(P.PLDI_NOMBRE, '') FROM PLANILLA_DIGITACION_CUENTAS C
-    JOIN PLANILLA_DIGITACION P ON P.PLDI_ID = C.PLDI_ID
-    WHERE C.PLDC_CUENTA = :CUENTA
-    INTO :QUIEN;
-    IF (QUIEN IS NOT NULL) THEN
-      RETURN 'está en la planilla de digitación ' || QUIEN;
-    SELECT FIRST 1 ACFJ_COD FROM ACTIVOS_FIJOS
-    WHERE :CUENTA IN (ACFJ_CTACONTA, ACFJ_CTADEPD, ACFJ_CTADEPC)
-    INTO :QUIEN;
-  END
-  RETURN 'es una de las cuentas del activo fijo ' || QUIEN;
+    RETURN '{DICE} ' || QUIEN;
+--</FILAS>
+  RETURN NULL;
 END^
 
 -- A una cuenta con movimiento la retiene la clave foránea de sus líneas.
 CREATE OR ALTER TRIGGER {CUENTAS}_EN_USO FOR {CUENTAS}
 ACTIVE BEFORE DELETE POSITION 5
 AS
-  DECLARE USO varchar(160);
+  DECLARE USO varchar(200);
 BEGIN
   IF (TIENE_MOVIMIENTO{_NIIF}(OLD.CUEN_COD)) THEN
     EXIT;
@@ -91,47 +66,22 @@ BEGIN
       || ': no se puede borrar. Cámbiela allá primero.';
 END^
 
--- Cambia el código de una cuenta en quien la nombra fuera de su plan.
-CREATE OR ALTER PROCEDURE ARRASTRE_CUENTA{_NIIF} (DE varchar(20), A varchar(20))
+-- Cambia el código de una cuenta en quien la nombra fuera de las líneas.
+CREATE OR ALTER PROCEDURE ARRASTRE_CUENTA{_NIIF} (VIEJA varchar(20), NUEVA varchar(20))
 AS
 BEGIN
-  IF ('{LIBRO}' = 'NIIF') THEN
-  BEGIN
-    UPDATE CUENTAS SET CUEN_EQNIIF = :A WHERE CUEN_EQNIIF = :DE;
-    UPDATE ACTIVOS_FIJOS SET ACFJ_CTANIIF = decode(ACFJ_CTANIIF, :DE, :A, ACFJ_CTANIIF),
-      ACFJ_CTANIIFD = decode(ACFJ_CTANIIFD, :DE, :A, ACFJ_CTANIIFD),
-      ACFJ_CTANIIFC = decode(ACFJ_CTANIIFC, :DE, :A, ACFJ_CTANIIFC),
-      ACFJ_CTADETERD = decode(ACFJ_CTADETERD, :DE, :A, ACFJ_CTADETERD),
-      ACFJ_CTADETERC = decode(ACFJ_CTADETERC, :DE, :A, ACFJ_CTADETERC)
-    WHERE :DE IN (ACFJ_CTANIIF, ACFJ_CTANIIFD, ACFJ_CTANIIFC, ACFJ_CTADETERD, ACFJ_CTADETERC);
-    EXIT;
-  END
-  UPDATE ACTIVOS_FIJOS SET ACFJ_CTACONTA = decode(ACFJ_CTACONTA, :DE, :A, ACFJ_CTACONTA),
-    ACFJ_CTADEPD = decode(ACFJ_CTADEPD, :DE, :A, ACFJ_CTADEPD),
-    ACFJ_CTADEPC = decode(ACFJ_CTADEPC, :DE, :A, ACFJ_CTADEPC)
-  WHERE :DE IN (ACFJ_CTACONTA, ACFJ_CTADEPD, ACFJ_CTADEPC);
-  UPDATE PLANILLA_DIGITACION_CUENTAS SET PLDC_CUENTA = :A WHERE PLDC_CUENTA = :DE;
-  UPDATE TERCEROS SET TERC_CTARTFTE = decode(TERC_CTARTFTE, :DE, :A, TERC_CTARTFTE),
-    TERC_CTARTIVA = decode(TERC_CTARTIVA, :DE, :A, TERC_CTARTIVA),
-    TERC_CTARTICA = decode(TERC_CTARTICA, :DE, :A, TERC_CTARTICA),
-    TERC_CTARCREE = decode(TERC_CTARCREE, :DE, :A, TERC_CTARCREE),
-    TERC_CTAVENTA = decode(TERC_CTAVENTA, :DE, :A, TERC_CTAVENTA),
-    TERC_CTACLIENTE = decode(TERC_CTACLIENTE, :DE, :A, TERC_CTACLIENTE),
-    TERC_CTAPROV = decode(TERC_CTAPROV, :DE, :A, TERC_CTAPROV),
-    TERC_CTAEMPL = decode(TERC_CTAEMPL, :DE, :A, TERC_CTAEMPL)
-  WHERE :DE IN (TERC_CTARTFTE, TERC_CTARTIVA, TERC_CTARTICA, TERC_CTARCREE, TERC_CTAVENTA,
-    TERC_CTACLIENTE, TERC_CTAPROV, TERC_CTAEMPL);
+--<FILAS vouchers/quien_nombra.tsv CON CUENTA>
+  IF ('{LIBRO}' = '{DE}') THEN
+    UPDATE {TABLA} SET {CUENTA} = :NUEVA WHERE {CUENTA} = :VIEJA {Y};
+--</FILAS>
 END^
 
 CREATE OR ALTER TRIGGER {CUENTAS}_CODIGO FOR {CUENTAS}
 ACTIVE AFTER UPDATE POSITION 30
 AS
 BEGIN
-  IF (NEW.CUEN_COD = OLD.CUEN_COD) THEN
-    EXIT;
-  UPDATE {CUENTAS} SET CUEN_CTAJUSTE = NEW.CUEN_COD WHERE CUEN_CTAJUSTE = OLD.CUEN_COD;
-  UPDATE {CUENTAS} SET CUEN_CTACORRECION = NEW.CUEN_COD WHERE CUEN_CTACORRECION = OLD.CUEN_COD;
-  EXECUTE PROCEDURE ARRASTRE_CUENTA{_NIIF}(OLD.CUEN_COD, NEW.CUEN_COD);
+  IF (NEW.CUEN_COD <> OLD.CUEN_COD) THEN
+    EXECUTE PROCEDURE ARRASTRE_CUENTA{_NIIF}(OLD.CUEN_COD, NEW.CUEN_COD);
 END^
 --</LIBROS>
 
@@ -154,6 +104,26 @@ BEGIN
   IF (NOMBRE IS NOT NULL) THEN
     EXCEPTION CATALOGO_EN_USO 'El ' || OLD.TERC_NIT || ' es el ' || PAPEL || ' del comprobante '
       || NOMBRE || ': no se puede borrar ni cambiar de NIT.';
+  IF (UPDATING) THEN
+    EXIT;
+--<FILAS vouchers/quien_nombra.tsv CON NIT>
+  SELECT FIRST 1 coalesce({QUIEN}, '') FROM {TABLA} WHERE {NIT} = OLD.TERC_NIT {Y}
+  INTO :NOMBRE;
+  IF (NOMBRE IS NOT NULL) THEN
+    EXCEPTION CATALOGO_EN_USO 'El ' || OLD.TERC_NIT || ' {DICE} ' || NOMBRE
+      || ': no se puede borrar. Cámbielo allá primero.';
+--</FILAS>
+END^
+
+CREATE OR ALTER TRIGGER TERCEROS_CODIGO FOR TERCEROS
+ACTIVE AFTER UPDATE POSITION 30
+AS
+BEGIN
+  IF (NEW.TERC_NIT = OLD.TERC_NIT) THEN
+    EXIT;
+--<FILAS vouchers/quien_nombra.tsv CON NIT>
+  UPDATE {TABLA} SET {NIT} = NEW.TERC_NIT WHERE {NIT} = OLD.TERC_NIT;
+--</FILAS>
 END^
 
 CREATE OR ALTER TRIGGER ARTICULO_EN_USO FOR ARTICULO
@@ -196,7 +166,7 @@ END^
 CREATE OR ALTER TRIGGER CONCEPTO_CONTABLE_EN_USO FOR CONCEPTO_CONTABLE
 ACTIVE BEFORE UPDATE OR DELETE POSITION 5
 AS
-  DECLARE USO varchar(80);
+  DECLARE USO varchar(200);
 BEGIN
   IF (UPDATING AND NEW.CONC_COD = OLD.CONC_COD) THEN
     EXIT;
@@ -205,17 +175,51 @@ BEGIN
       OR EXISTS (SELECT 1 FROM PLANTILLA_DETALLE_NIIF WHERE CONC_COD = OLD.CONC_COD),
       'una plantilla', NULL));
   IF (USO IS NOT NULL) THEN
-    EXCEPTION CATALOGO_EN_USO 'La categoría ' || OLD.CONC_COD || ' está en ' || trim(USO)
+    USO = 'está en ' || trim(USO);
+--<FILAS vouchers/quien_nombra.tsv CON CATEGORIA>
+--<LIBROS>
+  IF (USO IS NULL) THEN
+    SELECT FIRST 1 '{DICE} ' || coalesce({QUIEN}, '') FROM {TABLA} WHERE CONC_COD = OLD.CONC_COD
+    INTO :USO;
+--</LIBROS>
+--</FILAS>
+  IF (USO IS NOT NULL) THEN
+    EXCEPTION CATALOGO_EN_USO 'La categoría ' || OLD.CONC_COD || ' ' || USO
       || ': no se puede borrar ni cambiar de código.';
 END^
 
--- Un tipo o un prefijo con comprobantes no cambia de código: cambiaría el nombre de documentos ya
--- registrados. Sin ellos, se lleva sus plantillas, planillas y formatos.
-CREATE OR ALTER TRIGGER TIPO_COMPROBANTE_EN_USO FOR TIPO_COMPROBANTE
-ACTIVE BEFORE UPDATE POSITION 5
+-- Quién nombra un tipo de comprobante con ese prefijo, o con cualquiera si es nulo; nulo si nadie.
+CREATE OR ALTER FUNCTION USO_DE_TIPO (TIPO varchar(3), PREFIJO varchar(4))
+RETURNS varchar(200)
 AS
+  DECLARE QUIEN varchar(100);
 BEGIN
-  IF (NEW.TICO_COD <> OLD.TICO_COD
+--<FILAS vouchers/quien_nombra.tsv CON TIPO>
+  SELECT FIRST 1 coalesce({QUIEN}, '') FROM {TABLA}
+  WHERE {TIPO} = :TIPO AND (:PREFIJO IS NULL OR {PREFIJO} = :PREFIJO) INTO :QUIEN;
+  IF (QUIEN IS NOT NULL) THEN
+    RETURN '{DICE} ' || QUIEN;
+--</FILAS>
+  RETURN NULL;
+END^
+
+-- Un tipo o un prefijo con comprobantes no cambia de código: cambiaría el nombre de documentos ya
+-- registrados. Sin ellos, se lleva a quien lo nombra y a sus formatos.
+CREATE OR ALTER TRIGGER TIPO_COMPROBANTE_EN_USO FOR TIPO_COMPROBANTE
+ACTIVE BEFORE UPDATE OR DELETE POSITION 5
+AS
+  DECLARE USO varchar(200);
+BEGIN
+  IF (DELETING) THEN
+  BEGIN
+    -- Con prefijos lo retiene su clave foránea.
+    IF (NOT EXISTS (SELECT 1 FROM PREFIJOS_CONTA WHERE TICO_COD = OLD.TICO_COD)) THEN
+      USO = USO_DE_TIPO(OLD.TICO_COD, NULL);
+    IF (USO IS NOT NULL) THEN
+      EXCEPTION CATALOGO_EN_USO 'El tipo ' || OLD.TICO_COD || ' ' || USO
+        || ': no se puede borrar. Cámbielo allá primero.';
+  END
+  ELSE IF (NEW.TICO_COD <> OLD.TICO_COD
     AND EXISTS (SELECT 1 FROM COMPROBANTE_ENCABEZADO WHERE TICO_COD = OLD.TICO_COD)) THEN
     EXCEPTION CATALOGO_EN_USO 'El tipo ' || OLD.TICO_COD
       || ' tiene comprobantes registrados: no se puede cambiar su código.';
@@ -227,8 +231,9 @@ AS
 BEGIN
   IF (NEW.TICO_COD = OLD.TICO_COD) THEN
     EXIT;
-  UPDATE PLANTILLA_ENCABEZADO SET TICO_COD = NEW.TICO_COD WHERE TICO_COD = OLD.TICO_COD;
-  UPDATE PLANILLA_DIGITACION SET PLDI_TIPOCOMP = NEW.TICO_COD WHERE PLDI_TIPOCOMP = OLD.TICO_COD;
+--<FILAS vouchers/quien_nombra.tsv CON TIPO>
+  UPDATE {TABLA} SET {TIPO} = NEW.TICO_COD WHERE {TIPO} = OLD.TICO_COD;
+--</FILAS>
   IF (CONFIGURADO('COMPROBANTES', 'USAR TIPO DE COMPROBANTE COMO PREFIJO DEL FORMATO A IMPRIMIR')
     = 'SI') THEN
     UPDATE FORMATOS SET PREF_PRE = NEW.TICO_COD WHERE TIDO_COD = 1 AND PREF_PRE = OLD.TICO_COD;
@@ -237,6 +242,7 @@ END^
 CREATE OR ALTER TRIGGER PREFIJOS_CONTA_EN_USO FOR PREFIJOS_CONTA
 ACTIVE BEFORE UPDATE OR DELETE POSITION 5
 AS
+  DECLARE USO varchar(200);
 BEGIN
   IF (UPDATING AND NEW.PRCO_PREF = OLD.PRCO_PREF) THEN
     EXIT;
@@ -244,17 +250,82 @@ BEGIN
     WHERE TICO_COD = OLD.TICO_COD AND PRCO_PREF = OLD.PRCO_PREF)) THEN
     EXCEPTION CATALOGO_EN_USO 'El prefijo ' || OLD.PRCO_PREF || ' del tipo ' || OLD.TICO_COD
       || ' tiene comprobantes registrados: no se puede borrar ni cambiar.';
-  IF (DELETING AND EXISTS (SELECT 1 FROM PLANTILLA_ENCABEZADO
-    WHERE TICO_COD = OLD.TICO_COD AND PRCO_PREF = OLD.PRCO_PREF)) THEN
-    EXCEPTION CATALOGO_EN_USO 'El prefijo ' || OLD.PRCO_PREF || ' del tipo ' || OLD.TICO_COD
-      || ' está en una plantilla: no se puede borrar.';
   IF (UPDATING) THEN
   BEGIN
-    UPDATE PLANTILLA_ENCABEZADO SET PRCO_PREF = NEW.PRCO_PREF
-    WHERE TICO_COD = OLD.TICO_COD AND PRCO_PREF = OLD.PRCO_PREF;
-    UPDATE PLANILLA_DIGITACION SET PLDI_PREF = NEW.PRCO_PREF
-    WHERE PLDI_TIPOCOMP = OLD.TICO_COD AND PLDI_PREF = OLD.PRCO_PREF;
+--<FILAS vouchers/quien_nombra.tsv CON TIPO>
+    UPDATE {TABLA} SET {PREFIJO} = NEW.PRCO_PREF
+    WHERE {TIPO} = OLD.TICO_COD AND {PREFIJO} = OLD.PRCO_PREF;
+--</FILAS>
+    EXIT;
   END
+  USO = USO_DE_TIPO(OLD.TICO_COD, OLD.PRCO_PREF);
+  IF (USO IS NOT NULL) THEN
+    EXCEPTION CATALOGO_EN_USO 'El prefijo ' || OLD.PRCO_PREF || ' del tipo ' || OLD.TICO_COD
+      || ' ' || USO || ': no se puede borrar. Cámbielo allá primero.';
+END^
+
+-- Quién nombra un centro fuera de las líneas, o un proyecto sin centro si es nulo; nulo si nadie.
+CREATE OR ALTER FUNCTION USO_DE_CENTRO (PROYECTO varchar(4), CENTRO varchar(4))
+RETURNS varchar(200)
+AS
+  DECLARE QUIEN varchar(100);
+BEGIN
+--<FILAS vouchers/quien_nombra.tsv CON CENTRO>
+  SELECT FIRST 1 coalesce({QUIEN}, '') FROM {TABLA}
+  WHERE {PROYECTO} = :PROYECTO AND coalesce({CENTRO}, '') = coalesce(:CENTRO, '') INTO :QUIEN;
+  IF (QUIEN IS NOT NULL) THEN
+    RETURN '{DICE} ' || QUIEN;
+--</FILAS>
+  RETURN NULL;
+END^
+
+-- Los nulos son los de un proyecto sin centro.
+CREATE OR ALTER PROCEDURE ARRASTRE_CENTRO (PROYECTO varchar(4), CENTRO varchar(4),
+  NUEVO varchar(4), CENTRO_NUEVO varchar(4))
+AS
+BEGIN
+--<FILAS vouchers/quien_nombra.tsv CON CENTRO>
+  UPDATE {TABLA} SET {PROYECTO} = :NUEVO, {CENTRO} = coalesce(:CENTRO_NUEVO, {CENTRO})
+  WHERE {PROYECTO} = :PROYECTO AND coalesce({CENTRO}, '') = coalesce(:CENTRO, '');
+--</FILAS>
+END^
+
+CREATE OR ALTER TRIGGER CENTROS_EN_USO FOR CENTROS
+ACTIVE BEFORE DELETE POSITION 5
+AS
+  DECLARE USO varchar(200);
+BEGIN
+  USO = USO_DE_CENTRO(OLD.PROY_COD, OLD.CENT_COD);
+  IF (USO IS NOT NULL) THEN
+    EXCEPTION CATALOGO_EN_USO 'El centro ' || OLD.PROY_COD || ' ' || OLD.CENT_COD || ' ' || USO
+      || ': no se puede borrar. Cámbielo allá primero.';
+END^
+
+CREATE OR ALTER TRIGGER CENTROS_CODIGO FOR CENTROS
+ACTIVE AFTER UPDATE POSITION 30
+AS
+BEGIN
+  IF (NEW.PROY_COD <> OLD.PROY_COD OR NEW.CENT_COD <> OLD.CENT_COD) THEN
+    EXECUTE PROCEDURE ARRASTRE_CENTRO(OLD.PROY_COD, OLD.CENT_COD, NEW.PROY_COD, NEW.CENT_COD);
+END^
+
+CREATE OR ALTER TRIGGER PROYECTOS_EN_USO FOR PROYECTOS
+ACTIVE BEFORE DELETE POSITION 6
+AS
+  DECLARE USO varchar(200);
+BEGIN
+  USO = USO_DE_CENTRO(OLD.PROY_COD, NULL);
+  IF (USO IS NOT NULL) THEN
+    EXCEPTION CATALOGO_EN_USO 'El proyecto ' || OLD.PROY_COD || ' ' || USO
+      || ': no se puede borrar. Cámbielo allá primero.';
+END^
+
+CREATE OR ALTER TRIGGER PROYECTOS_CODIGO FOR PROYECTOS
+ACTIVE AFTER UPDATE POSITION 30
+AS
+BEGIN
+  IF (NEW.PROY_COD <> OLD.PROY_COD) THEN
+    EXECUTE PROCEDURE ARRASTRE_CENTRO(OLD.PROY_COD, NULL, NEW.PROY_COD, NULL);
 END^
 
 -- Quien trabaja con el filtro de su agencia no ve los centros de las otras, y borrar el proyecto se

@@ -53,6 +53,29 @@ QVector<Valor> reuna(const QStringList& nombres, const QMap<QString, Valor>& par
     return valores;
 }
 
+struct ParametrosProcedimiento {
+    QStringList entradas, salidas;
+};
+
+/// Los nombres los sabe el servidor; se le preguntan una vez por base y procedimiento.
+ParametrosProcedimiento parametros_de(Conexion& conexion, const QString& procedimiento) {
+    thread_local QHash<QString, ParametrosProcedimiento> conocidos;
+    const QString llave = conexion.parametros().base + '|' + procedimiento;
+    if (const auto ya = conocidos.constFind(llave); ya != conocidos.constEnd())
+        return *ya;
+    ParametrosProcedimiento p;
+    for (const auto c = conexion.abra(
+             QStringLiteral("select rdb$parameter_name, rdb$parameter_type from "
+                            "rdb$procedure_parameters where rdb$procedure_name = ? order by "
+                            "rdb$parameter_type, rdb$parameter_number"),
+             {procedimiento});
+         c->siguiente();)
+        (c->valor(1).entero() == 0 ? p.entradas : p.salidas) << c->valor(0).texto();
+    if (!p.entradas.isEmpty() || !p.salidas.isEmpty())
+        conocidos.insert(llave, p);
+    return p;
+}
+
 } // namespace
 
 void Sentencia::Open() {
@@ -98,15 +121,8 @@ qint64 Sentencia::ExecSQL() {
 
 void Sentencia::ExecProc() {
     Close();
-    // Las entradas se toman en el orden del procedimiento; los nombres los sabe el servidor.
-    QStringList entradas, salidas;
-    for (auto cursor = conexion_.abra(
-             QStringLiteral("select rdb$parameter_name, rdb$parameter_type from "
-                            "rdb$procedure_parameters where rdb$procedure_name = ? order by "
-                            "rdb$parameter_type, rdb$parameter_number"),
-             {procedimiento.toUpper()});
-         cursor->siguiente();)
-        (cursor->valor(1).entero() == 0 ? entradas : salidas) << cursor->valor(0).texto();
+    // Las entradas se toman en el orden del procedimiento.
+    const auto [entradas, salidas] = parametros_de(conexion_, procedimiento.toUpper());
     QStringList incognitas(entradas.size(), QStringLiteral("?"));
     QString texto = QStringLiteral("execute procedure ") + procedimiento;
     if (!entradas.isEmpty())

@@ -248,8 +248,10 @@ private slots:
             Tfprincipal& p = s_->entre(c.usuario);
             QVERIFY2(s_->dialogos.conforme(), qPrintable(s_->dialogos.queja()));
             QVERIFY(!p.isVisible());
-            if (c.borra.isEmpty())
+            if (c.borra.isEmpty()) { // lo que dijo el servidor queda para quien da soporte
+                QVERIFY(!s_->errores().isEmpty());
                 continue;
+            }
             // El cierre borró el sello; los submenús y la marca de activación se alcanzaron igual.
             QVERIFY(s_->datos.ConGeneral.conectada());
             QCOMPARE(s_->sello(c.usuario), QString());

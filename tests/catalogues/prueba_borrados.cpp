@@ -238,6 +238,35 @@ private slots:
         }
     }
 
+    /// Una tabla nueva que nombre cuentas falla aquí hasta que se diga quién la cuida.
+    void toda_columna_que_nombra_una_cuenta_la_retiene_y_la_sigue() {
+        SesionGui s;
+        // Lo que se rehace o se deriva, lo que su comprobante ya retiene y lo que se siembra para
+        // cualquier plan y nombra por el comienzo.
+        const QString salvo =
+            "'(SALDOS|MEDIOSMAG|APERTURA)%|PUC|CONTABILIZACION_DET|CIERRE_TERCEROS|"
+            "TAXONOMIA_CUENTAS|CONFIGURA_MEDIOSMAG|FLUJO_EFECTIVO|CAMBIOS_SITUACION_CTAS|"
+            "NOTAS_ESTADOS_FINANCIEROS'";
+        // De la lista de donde sale el arrastre sale la guarda.
+        QCOMPARE(filas_de(s.base.base(),
+                          "select trim(f.rdb$relation_name) || '.' || trim(f.rdb$field_name) from "
+                          "rdb$relation_fields f join rdb$relations r on r.rdb$relation_name = "
+                          "f.rdb$relation_name where f.rdb$field_source = 'D_CUENTA' and "
+                          "r.rdb$view_blr is null and r.rdb$relation_type = 0 and not "
+                          "trim(r.rdb$relation_name) similar to " +
+                              salvo +
+                              " and not exists (select 1 from rdb$dependencies d where "
+                              "d.rdb$depended_on_name = f.rdb$relation_name and d.rdb$field_name = "
+                              "f.rdb$field_name and d.rdb$dependent_name starting with "
+                              "'ARRASTRE_CUENTA') and not exists (select 1 from "
+                              "rdb$relation_constraints k join rdb$index_segments g on "
+                              "g.rdb$index_name = k.rdb$index_name where k.rdb$constraint_type = "
+                              "'FOREIGN KEY' and k.rdb$relation_name = f.rdb$relation_name and "
+                              "g.rdb$field_name = f.rdb$field_name) order by 1"),
+                 // El código de otra compañía y la columna que el plan NIIF no usa.
+                 "CUENTAS_EXPORTACION.CUEX_COD\nCUENTAS_NIIF.CUEN_EQNIIF");
+    }
+
     void lo_que_nadie_usa_se_borra_si_se_contesta_que_si() {
         for (int lista = 0; lista < int(std::size(kListas)); ++lista) {
             SesionGui s;

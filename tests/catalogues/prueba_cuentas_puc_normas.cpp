@@ -146,6 +146,8 @@ private slots:
         const QString pregunta = "Esta opción copia todas las cuentas del plan COLGAP (Dec.2649) "
                                  "al plan de cuentas NIIF. Desea continuar?";
         s.base.ejecute({"update cuentas set cuen_eqniif = null",
+                        "update configuracion set conf_valor = '' where conf_propiedad starting "
+                        "with 'CUENTA DE '",
                         "delete from cuentas_niif where cuen_cod starting with '1' and "
                         "char_length(cuen_cod) = 6"});
         dice([&] { copie_cuentas_a_niif(); }, "Ya existen cuentas del plan NIIF. Si desea usar "

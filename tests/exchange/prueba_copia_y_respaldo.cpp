@@ -97,6 +97,8 @@ private:
         for (const char* orden :
              {"delete from clientes", "delete from proveedores", "delete from empleados",
               "delete from activos_fijos", "delete from terceros",
+              "update configuracion set conf_valor = '' where conf_propiedad starting with "
+              "'CUENTA DE '",
               "execute block as declare c varchar(20); begin for select cuen_cod from cuentas "
               "order by 1 desc into :c do delete from cuentas where cuen_cod = :c; for select "
               "cuen_cod from cuentas_niif order by 1 desc into :c do delete from cuentas_niif "
@@ -121,6 +123,18 @@ void PruebaCopiaYRespaldo::las_cuentas_pasan_hasta_el_nivel_pedido() {
                         "cuen_porc, cuen_tipo, cuen_activa, cuen_eqniif from cuentas where "
                         "cuen_cod starting with '1' and char_length(cuen_cod) <= 4 order by 1";
     Pantalla* p = abra("Tfcopiacatalogo");
+    // Lo que no entra se dice, queda en el registro y la pantalla sigue ahí.
+    for (const char* caja : {"Desde", "Hasta"})
+        llene(p, caja, "110505");
+    const QString falla = "110505: No existe la cuenta 1105, de nivel superior a la 110505.";
+    dice(Qt::Key_F2, "Se copiaron 0; 0 no se tocaron. No entraron 1; la lista completa está en "
+                     "ERRORES.TXT:\n" +
+                         falla);
+    QFile errores(s_->base.ruta() + "/ERRORES.TXT");
+    QVERIFY(errores.open(QIODevice::ReadOnly));
+    QVERIFY(QString::fromLatin1(errores.readAll())
+                .contains("Copiar cuentas a otra compañía: " + falla));
+    llene(p, "Desde", "1");
     llene(p, "Hasta", "1999");
     llene(p, "Nivel", "3");
     i_->espere_comienzo("Se copiaron ");
@@ -152,7 +166,10 @@ void PruebaCopiaYRespaldo::lo_que_hay_en_el_destino_se_borra_todo_o_nada() {
     i_->espere_comienzo("Se presento el siguiente error: ");
     oprima(Qt::Key_F2);
     QCOMPARE(otra_->consulte("select count(*) from cuentas").entero(), 6);
+    // La que la configuración nombra vuelve con el plan: no lo detiene.
     otra_->ejecute("delete from saldos_iniciales");
+    otra_->ejecute("update configuracion set conf_valor = '110505' where conf_propiedad = 'CUENTA "
+                   "DE GANANCIA EN CAMBIO'");
     i_->espere(pregunta, "Sí");
     i_->espere_comienzo("Se copiaron ");
     oprima(Qt::Key_F2);

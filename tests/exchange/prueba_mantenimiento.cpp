@@ -220,7 +220,13 @@ void PruebaMantenimiento::reemplazar_se_niega_con_su_razon() {
          "La contabilidad esta bloqueada a: 2017/06/30 (libro NIIF). ",
          "execute block as begin update comprobante_encabezado set enco_repniif = 'S'; update "
          "configuracion set conf_valor = '2017/06/30' where conf_propiedad = 'FECHA DE BLOQUEO "
-         "NIIF'; end"}};
+         "NIIF'; end"},
+        {"111005", "20170102",
+         "La cuenta 111005 no tiene una cuenta NIIF equivalente que pueda llevar movimiento, y ",
+         "execute block as begin update configuracion set conf_valor = '' where conf_propiedad = "
+         "'FECHA DE BLOQUEO NIIF'; update comprobante_detalle_niif set code_itemrep = code_item; "
+         "update cuentas set cuen_eqniif = null where cuen_cod = "
+         "'111005'; end"}};
     for (const auto& [destino, desde, razon, antes_de] : casos) {
         if (!antes_de.isEmpty())
             c.ejecute(antes_de);
@@ -268,7 +274,12 @@ void PruebaMantenimiento::abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas()
                     "'110505')",
                     "update cuentas set cuen_basemin = 1000, cuen_porc = 2.5 where cuen_cod = "
                     "'110505'",
-                    "insert into presupuesto values ('2017', 1, '110505', 70, 8, 'S')"});
+                    "insert into presupuesto values ('2017', 1, '110505', 70, 8, 'S')",
+                    "insert into conceptos (conc_cod, conc_nom, conc_ctacierre) values ('1', 'C', "
+                    "'110505')",
+                    "insert into interfaz_caja (incj_id, tido_cod) values (77, 61)",
+                    "insert into interfaz_caja_ctas (incj_id, inct_item, inct_concepto, "
+                    "inct_cuenta, inct_lado) values (77, 1, 'CAJA', '110505', 'D')"});
     const QString saldo = "select sum(sald_debito - sald_credito) from vista_saldos_cuenta where "
                           "cuen_cod starting with '110505'";
     const QString antes = una(c, saldo),
@@ -290,7 +301,10 @@ void PruebaMantenimiento::abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas()
         QCOMPARE(una(c, QStringLiteral("select count(*) from %1 where cuen_cod = '110505'")
                             .arg(QLatin1String(tabla))),
                  "0");
-    QCOMPARE(una(c, "select cuen_cod from plantilla_detalle"), "11050501");
+    QCOMPARE(filas_de(c, "select d.cuen_cod, inct_cuenta, conc_ctacierre from "
+                         "plantilla_detalle d, interfaz_caja_ctas, conceptos c where incj_id = 77 "
+                         "and c.conc_cod = '1'"),
+             "11050501|11050501|11050501");
     // La guarda sigue puesta para todos los demás, y la negativa nombra la razón.
     QVERIFY_EXCEPTION_THROWN(c.ejecute("insert into cuentas (cuen_cod, cuen_nom) values "
                                        "('11100501', 'Otro')"),
@@ -301,6 +315,11 @@ void PruebaMantenimiento::abrir_un_auxiliar_le_pasa_lineas_saldos_y_plantillas()
              "No existe la cuenta padre.");
     QCOMPARE(abra_auxiliar(c, Libro::Niif, {"11050501", "Caja NIIF", {}, {}}, Paso::Haga).negativa,
              QString());
+    // Lo del plan NIIF no se ve como un cambio de la cuenta del otro, y su equivalente la sigue.
+    QCOMPARE(filas_de(c, "select tido_cod, audi_oper from auditoria where audi_cod = '11050501' "
+                         "order by 1"),
+             "100|I\n100|M\n1100|I"); // la M, por su equivalente
+    QCOMPARE(una(c, "select cuen_eqniif from cuentas where cuen_cod = '11050501'"), "11050501");
 }
 
 void PruebaMantenimiento::cambiar_el_detalle_pasa_por_delante_de_la_guarda_y_la_deja_puesta() {
@@ -327,6 +346,25 @@ void PruebaMantenimiento::cambiar_el_detalle_pasa_por_delante_de_la_guarda_y_la_
 
 void PruebaMantenimiento::borrar_movimientos_borra_exactamente_lo_que_dijo() {
     Conexion& c = base_->base();
+    // El que hizo un proceso no se toca, ni en parte.
+    base_->ejecute({"alter trigger cierre_anual_bi inactive",
+                    "alter trigger cierre_anual_ad "
+                    "inactive",
+                    "insert into cierre_anual (cian_id, tico_cod, prco_pref, cian_fecha, "
+                    "enco_consec) select 1, 'CG', '0001', '20171231', min(enco_consec) from "
+                    "comprobante_encabezado join comprobante_detalle d using (enco_consec) where "
+                    "tico_cod = 'CG' and d.terc_nit = '900123456'"});
+    for (const char* nit : {"", "900123456"}) {
+        const RangoBorrado todo{"CG", {}, kTodo, {}, {}, nit, nit};
+        const QString dicho = borre_movimientos(c, todo, "ADMIN", Paso::Cifras).negativa;
+        QVERIFY2(dicho.startsWith("El comprobante CG 0001 ") &&
+                     dicho.endsWith(" lo hizo el cierre anual. Borre el proceso, que se lleva su "
+                                    "comprobante."),
+                 qPrintable(dicho));
+        QCOMPARE(falla_de([&] { borre_movimientos(c, todo, "ADMIN", Paso::Haga); }), dicho);
+    }
+    base_->ejecute({"delete from cierre_anual", "alter trigger cierre_anual_bi active",
+                    "alter trigger cierre_anual_ad active"});
     // También los de otro módulo: su documento vuelve a quedar sin contabilizar.
     c.ejecute("update comprobante_encabezado set enco_tiporef = 31 where enco_consec <= 20");
     // Cuántas líneas de cada comprobante son del tercero, y cuántas no.

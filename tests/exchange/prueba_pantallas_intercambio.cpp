@@ -369,11 +369,19 @@ void PruebaPantallasIntercambio::el_recalculo_se_puede_detener_y_cuenta_lo_que_c
 }
 
 void PruebaPantallasIntercambio::la_estructura_no_se_cambia_con_cuentas_creadas() {
-    Pantalla* p = pantallas().abrir("Tfestructura");
-    enfoque(p, "DBGridEh1", 1);
-    digite("9");
-    i_->espere_comienzo("La estructura no se puede cambiar: ya hay cuentas creadas.");
-    oprima(Qt::Key_F2);
+    ConjuntoDatos& c =
+        *componente<Rejilla>(pantallas().abrir("Tfestructura"), "DBGridEh1").conjunto();
+    for (const auto& [digitos, dice] :
+         {std::pair{6, "Cada nivel de la estructura debe tener más dígitos que el anterior"},
+          {9, "La estructura no se puede cambiar: ya hay cuentas creadas."}}) {
+        QVERIFY(c.Locate("ESTR_NIVEL", {5}));
+        c.Edit();
+        c.FieldByName("ESTR_DIGITOS") = digitos;
+        c.Post();
+        i_->espere_comienzo(dice);
+        oprima(Qt::Key_F2);
+        QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+    }
     QCOMPARE(s_->dato("select max(estr_digitos) from estructura"), "8");
 }
 

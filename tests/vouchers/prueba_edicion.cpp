@@ -33,6 +33,14 @@ private slots:
                 !p->EDia->isEnabled());
         p->close();
         Interlocutor i;
+        // De un tipo que no se sabe mostrar: lo dice y se edita igual.
+        ponga_comprobante(s, 501, "000021", "20170316", kCuadrado, "comprobante_detalle", 19, 9);
+        i.espere("Se presento el siguiente error: No se pudo ver el documento de tipo 19 con id 9: "
+                 "El programa no muestra los documentos de tipo 19.");
+        p = abra_edicion(s, 501);
+        QVERIFY2(p && i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(p->EDia->text() + p->EMes->text() + p->EAno->text(), "16Marzo2017");
+        p->close();
         i.espere("No se encontró el comprobante solicitado.");
         QVERIFY(!abra_edicion(s, 12345));
     }

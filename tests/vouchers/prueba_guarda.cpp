@@ -272,12 +272,27 @@ void PruebaGuarda::ponga_todo_en_uso() {
          "insert into cuentas (cuen_cod, cuen_nom) values ('110535', 'Cuatro')",
          "update cuentas set cuen_ctajuste = '110535' where cuen_cod = '110535'",
          "insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) values "
-         "(1, 'RC', '0002', 'Modelo')"});
+         "(1, 'RC', '0002', 'Modelo')",
+         "update or insert into concepto_contable (conc_cod, conc_nombre) values ('OFI', 'O')",
+         "update cuentas set cuen_eqniif = null where cuen_cod = '519530'",
+         "insert into interfaz_ventas (inve_id, tido_cod, tico_cod, prco_pre) values (77, 31, "
+         "'RC', '0001')",
+         "insert into interfaz_ventas_niif (inve_id, inct_item, inct_concepto, inct_cuenta, "
+         "inct_lado, conc_cod) values (77, 1, 'VENTA', '519530', 'D', 'OFI')",
+         "update configuracion set conf_valor = '519530' where conf_propiedad = 'CUENTA DE "
+         "GANANCIA EN CAMBIO'",
+         "insert into activos_centros (acfj_cod, acce_item, acce_proy, acce_centro) values "
+         "('ESC01', 1, '0002', '0001')",
+         "insert into terceros (terc_nit, terc_nom) values ('77', 'A quien se contabiliza')",
+         "update terceros set terc_nitconta = '77' where terc_nit = '800456789'",
+         "insert into tipo_comprobante (tico_cod, tico_nom) values ('ZZ', 'Sin prefijos')",
+         "insert into registro_automatico (reau_cod, tico_cod) values ('R1', 'ZZ')"});
 }
 
 void PruebaGuarda::lo_que_esta_en_uso_no_se_borra_ni_cambia_y_se_dice_donde() {
     ponga_todo_en_uso();
-    const QString no = ": no se puede borrar ni cambiar de código.";
+    const QString no = ": no se puede borrar ni cambiar de código.",
+                  alla = ": no se puede borrar. ", primero = " allá primero.";
     const std::pair<QString, QString> casos[] = {
         {"delete from articulo where arti_cod = 'CLAVO'",
          "El artículo CLAVO está en los saldos iniciales" + no},
@@ -290,7 +305,24 @@ void PruebaGuarda::lo_que_esta_en_uso_no_se_borra_ni_cambia_y_se_dice_donde() {
          "El prefijo 0001 del tipo CG tiene comprobantes registrados: no se puede borrar ni "
          "cambiar."},
         {"delete from prefijos_conta where tico_cod = 'RC' and prco_pref = '0002'",
-         "El prefijo 0002 del tipo RC está en una plantilla: no se puede borrar."},
+         "El prefijo 0002 del tipo RC está en la plantilla Modelo" + alla + "Cámbielo" + primero},
+        {"delete from prefijos_conta where tico_cod = 'RC' and prco_pref = '0001'",
+         "El prefijo 0001 del tipo RC está en la interfaz de ventas 77" + alla + "Cámbielo" +
+             primero},
+        {"delete from tipo_comprobante where tico_cod = 'ZZ'",
+         "El tipo ZZ está en el registro automático R1" + alla + "Cámbielo" + primero},
+        {"delete from concepto_contable where conc_cod = 'OFI'",
+         "La categoría OFI está en la interfaz de ventas 77" + no},
+        {"delete from cuentas where cuen_cod = '519530'",
+         "La cuenta 519530 es en la configuración la CUENTA DE GANANCIA EN CAMBIO" + alla +
+             "Cámbiela" + primero},
+        {"delete from cuentas_niif where cuen_cod = '519530'",
+         "La cuenta 519530 está en la interfaz de ventas 77" + alla + "Cámbiela" + primero},
+        {"delete from proyectos where proy_cod = '0002'",
+         "El centro 0002 0001 está en el activo fijo ESC01" + alla + "Cámbielo" + primero},
+        {"delete from terceros where terc_nit = '77'",
+         "El 77 es el NIT con que se contabiliza el tercero 800456789" + alla + "Cámbielo" +
+             primero},
     };
     for (const auto& [orden, texto] : casos)
         QCOMPARE(negativa(orden), texto);
@@ -312,6 +344,17 @@ void PruebaGuarda::lo_que_nadie_usa_cambia_de_codigo_y_arrastra_a_quien_lo_nombr
          "insert into plantilla_encabezado (plan_id, tico_cod, prco_pref, plan_concepto) values "
          "(1, 'RC', '0002', 'Modelo')",
          "insert into formatos (tido_cod, pref_pre) values (1, 'RC')",
+         "insert into interfaz_caja (incj_id, tido_cod, tico_cod, prco_pre) values (77, 61, 'RC', "
+         "'0002')",
+         "insert into interfaz_caja_ctas (incj_id, inct_item, inct_concepto, inct_cuenta, "
+         "inct_lado) values (77, 1, 'CAJA', '110520', 'D')",
+         "insert into planilla_digitacion (pldi_id, pldi_proy, pldi_centro) values (9, '0002', "
+         "'0001')",
+         "insert into terceros (terc_nit, terc_nom) values ('77', 'A quien se contabiliza')",
+         "update terceros set terc_nitconta = '77' where terc_nit = '800456789'",
+         "update terceros set terc_nit = '78' where terc_nit = '77'",
+         "update centros set cent_cod = '0088' where proy_cod = '0002' and cent_cod = '0001'",
+         "update proyectos set proy_cod = '0008' where proy_cod = '0002'",
          "update cuentas set cuen_cod = '110540' where cuen_cod = '110520'",
          "update cuentas_niif set cuen_cod = '110550' where cuen_cod = '110520'",
          "update prefijos_conta set prco_pref = '0008' where prco_pref = '0002'",
@@ -324,6 +367,11 @@ void PruebaGuarda::lo_que_nadie_usa_cambia_de_codigo_y_arrastra_a_quien_lo_nombr
     QCOMPARE(filas("select acfj_ctaconta, acfj_ctaniifc from activos_fijos"), "110540|110550");
     QCOMPARE(filas("select tico_cod, prco_pref from plantilla_encabezado"), "RX|0008");
     QCOMPARE(filas("select pref_pre from formatos"), "RX");
+    QCOMPARE(filas("select tico_cod, prco_pre, inct_cuenta, pldi_proy, pldi_centro, terc_nitconta "
+                   "from interfaz_caja join interfaz_caja_ctas using (incj_id), "
+                   "planilla_digitacion, terceros where incj_id = 77 and pldi_id = 9 and "
+                   "terc_nit = '800456789'"),
+             "RX|0008|110540|0008|0088|78");
     QCOMPARE(filas("select tico_cod, prco_pref from prefijos_conta where tico_cod starting 'R' "
                    "order by 2"),
              "RX|0001\nRX|0008");
@@ -421,7 +469,9 @@ void PruebaGuarda::un_auxiliar_y_lo_que_se_le_agrega_a_lo_grabado_no_entran_a_la
 }
 
 void PruebaGuarda::la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez() {
-    base_->ejecute({"delete from cuentas where char_length(cuen_cod) = 8"});
+    base_->ejecute({"update configuracion set conf_valor = '' where conf_propiedad starting with "
+                    "'CUENTA DE '",
+                    "delete from cuentas where char_length(cuen_cod) = 8"});
     for (const char* libro : {"", "_niif"})
         for (int digitos : {6, 4, 2, 1})
             base_->ejecute({QString("delete from cuentas%1 where char_length(cuen_cod) = %2")
@@ -435,6 +485,13 @@ void PruebaGuarda::la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez() {
     for (const char* libro : {"", "_niif"}) {
         QCOMPARE(a_la_vez(otra, cambie.arg(3), cree.arg(libro)),
                  "El código 1 no tiene la longitud de ningún nivel de la estructura.");
+        // En desorden, de abajo hacia arriba, se dejan cambiar; la primera cuenta los exige en
+        // orden.
+        base_->ejecute({cambie.arg(2)});
+        QCOMPARE(negativa(QString(cree.arg(libro)).replace("'1'", "'11'")),
+                 "Cada nivel de la estructura debe tener más dígitos que el anterior, de 1 a 20.");
+        QCOMPARE(negativa(cambie.arg(0)),
+                 "Cada nivel de la estructura debe tener más dígitos que el anterior, de 1 a 20.");
         base_->ejecute({cambie.arg(1)});
         QCOMPARE(a_la_vez(otra, cree.arg(libro), cambie.arg(3)),
                  "La estructura no se puede cambiar: ya hay cuentas creadas.");
