@@ -1,6 +1,7 @@
 #include "exchange/copia_compania.h"
 
 #include "datos/firebird/version_esquema.h"
+#include "exchange/mantenimiento.h"
 
 namespace {
 
@@ -96,11 +97,7 @@ void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango) {
     while (c->siguiente())
         cuentas << c->valor(0).texto();
     base.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
-        // Las que la configuración nombra vuelven con el plan que llega: eso no las retiene.
-        base.prepare("execute block as begin rdb$set_context('USER_TRANSACTION', "
-                     "'PLAN_QUE_SE_REEMPLAZA', 'S'); end",
-                     t)
-            ->ejecute(t, {});
+        plan_que_se_reemplaza(t);
         const auto borre =
             base.prepare(QStringLiteral("delete from %1 where cuen_cod = ?").arg(tabla), t);
         for (const QString& cuenta : cuentas)

@@ -90,6 +90,14 @@ CifrasMantenimiento borre_movimientos(Conexion& conexion, const RangoBorrado& r,
                  paso);
 }
 
+void plan_que_se_reemplaza(Transaccion& t) {
+    t.conexion()
+        .prepare("execute block as begin rdb$set_context('USER_TRANSACTION', "
+                 "'PLAN_QUE_SE_REEMPLAZA', 'S'); end",
+                 t)
+        ->ejecute(t, {});
+}
+
 CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QString& hasta,
                               const std::function<void(const QString&)>& avance) {
     QStringList cuentas;
@@ -103,7 +111,11 @@ CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QS
         if (avance)
             avance(cuenta);
         try {
-            r.borradas += conexion.ejecute("delete from cuentas where cuen_cod = ?", {cuenta});
+            r.borradas += conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
+                plan_que_se_reemplaza(t);
+                return conexion.prepare("delete from cuentas where cuen_cod = ?", t)
+                    ->ejecute(t, {cuenta});
+            });
         } catch (const ErrorBase& falla) {
             if (falla.conexion_perdida())
                 throw;

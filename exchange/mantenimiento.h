@@ -54,6 +54,10 @@ struct RangoBorrado {
 CifrasMantenimiento borre_movimientos(Conexion& conexion, const RangoBorrado& rango,
                                       const QString& usuario, Paso paso);
 
+/// Las cuentas que la configuración nombra vuelven con el plan que llega: en esta transacción eso
+/// no las retiene.
+void plan_que_se_reemplaza(Transaccion& t);
+
 struct CuentasBorradas {
     qint64 borradas = 0;
     QString detenida; ///< la cuenta que no se dejó borrar
