@@ -148,7 +148,6 @@ void Tfcomparacentros::FormCreate() {
 void Tfcomparacentros::FormActivate() {
     if (por_recalcular_)
         recalcule();
-    por_recalcular_ = false;
     rejilla->setFocus();
 }
 
@@ -236,6 +235,7 @@ void Tfcomparacentros::actualice_balance() {
         titulo_de_hoja(ckNiif->isChecked() ? Libro::Niif : Libro::Decreto2649, periodo_legible());
     CBalcentro.FetchAll();
     llene_cubo();
+    por_recalcular_ = false;
 }
 
 void Tfcomparacentros::llene_cubo() {
@@ -261,12 +261,6 @@ void Tfcomparacentros::llene_cubo() {
 void Tfcomparacentros::recalcule() {
     actualice_balance();
     muestre();
-}
-
-void Tfcomparacentros::periodo_movido() {
-    emit fdmcnt().balance_por_recalcular();
-    recalcule();
-    por_recalcular_ = false;
 }
 
 void Tfcomparacentros::muestre() {
