@@ -230,7 +230,7 @@ void Tfcomparacentros::actualice_balance() {
                                          : "SELECT * FROM  BALANCE_CON_CENTROS_MES(") +
                     QuotedStr(fdmcnt().ano_actual) + ", " +
                     QString::number(fdmcnt().periodo_actual + 1) +
-                    ",'S', '4','999999','0','zz','0','zz')");
+                    ",'S', '4','999999','0','zz','0','zz','S')"); // resultados: sin el cierre
     rejilla->titulo_impreso =
         titulo_de_hoja(ckNiif->isChecked() ? Libro::Niif : Libro::Decreto2649, periodo_legible());
     CBalcentro.FetchAll();
