@@ -293,11 +293,12 @@ QString FormaRango::entre_comillas(const QString& nombre) const {
     return QuotedStr(valor(nombre));
 }
 
-QString FormaRango::argumentos(std::initializer_list<const char*> nombres) const {
+QString FormaRango::argumentos(std::initializer_list<const char*> nombres,
+                               const QString& separador) const {
     QStringList valores;
     for (const char* n : nombres)
         valores << entre_comillas(QString::fromLatin1(n));
-    return valores.join(QStringLiteral(", "));
+    return valores.join(separador);
 }
 
 QString FormaRango::tramo(const QString& rotulo, const QString& desde, const QString& hasta) const {

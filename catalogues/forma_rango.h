@@ -133,7 +133,8 @@ protected:
     /// El mismo, como literal.
     QString entre_comillas(const QString& nombre) const;
     /// Varios, como argumentos de un procedimiento.
-    QString argumentos(std::initializer_list<const char*> nombres) const;
+    QString argumentos(std::initializer_list<const char*> nombres,
+                       const QString& separador = QStringLiteral(", ")) const;
     /// "Cuentas:" + desde + "..." + hasta.
     QString tramo(const QString& rotulo, const QString& desde, const QString& hasta) const;
     /// Mes escogido en una lista de códigos, 1 a 13.
@@ -158,7 +159,6 @@ protected:
     void busque(QWidget* caja);
     /// Pone los valores por omisión en los pares y revisa las fechas.
     void complete_rangos();
-    /// "Generando informe...", sobre el centro de la pantalla.
     /// Dice qué está mal en la caja y abandona el informe; la pantalla queda como estaba.
     [[noreturn]] void rehuse(QWidget* caja, const QString& texto);
 

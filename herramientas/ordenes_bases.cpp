@@ -141,6 +141,7 @@ void crear_demo(const Sesion& s) {
     if (segunda)
         siembre_lo_propio_de_la_segunda(nueva.base, opciones.ano);
     compacte_saldos(nueva.base);
+    actualice_estadisticas(nueva.base);
     if (s.ubicacion().carpetas_alcanzables())
         escriba_muestras(nueva.base, carpeta_de_muestras(s, d.codigo), opciones.ano);
     nueva.asegure();
@@ -168,6 +169,8 @@ void actualice_una(const ParametrosConexion& base, TipoBase tipo, const QString&
                                         "nuevo.")
                              .arg(nombre, otras.join(QStringLiteral(", "))));
     QStringList hechas = Instalador(conexion).actualice(tipo);
+    if (tipo == TipoBase::Compania)
+        actualice_estadisticas(conexion);
     // La que quedó así de una creación que murió perdería lo grabado al irse la luz.
     if (!tiene_escritura_inmediata(conexion)) {
         conexion.desconectar();
@@ -249,6 +252,7 @@ void compactar(const Sesion& s) {
         diga(QStringLiteral("Compañía %1: %2 diferencias de saldo compactadas.")
                  .arg(codigo)
                  .arg(compacte_saldos(conexion)));
+        actualice_estadisticas(conexion);
     }
 }
 

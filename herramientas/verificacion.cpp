@@ -132,3 +132,7 @@ qint64 compacte_saldos(Conexion& compania) {
     }
     return inicio;
 }
+
+void actualice_estadisticas(Conexion& compania) {
+    compania.ejecute(QStringLiteral("execute procedure actualice_estadisticas"));
+}

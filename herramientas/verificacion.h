@@ -16,3 +16,6 @@ QStringList recalcule_saldos(Conexion& compania);
 
 /// Compacta los saldos hasta no dejar diferencias; devuelve cuántas había.
 qint64 compacte_saldos(Conexion& compania);
+
+/// Pone al día las estadísticas de los índices: con las de una base vacía los planes salen malos.
+void actualice_estadisticas(Conexion& compania);

@@ -26,25 +26,22 @@ ConsultaPeriodo::ConsultaPeriodo(const QString& clase, const QString& titulo, in
 
 void ConsultaPeriodo::periodo_siguiente() {
     fdmcnt().mes_mas();
-    periodo_movido();
+    recalcule();
 }
 
 void ConsultaPeriodo::periodo_anterior() {
     fdmcnt().mes_menos();
-    periodo_movido();
+    recalcule();
 }
 
 void ConsultaPeriodo::EMesChange(int mes) {
     fdmcnt().periodo_actual = mes;
-    periodo_movido();
+    emit fdmcnt().balance_por_recalcular();
+    recalcule();
 }
 
 void ConsultaPeriodo::EAnoChange(int ano) {
     fdmcnt().ano_actual = QString::number(ano);
-    periodo_movido();
-}
-
-void ConsultaPeriodo::periodo_movido() {
     emit fdmcnt().balance_por_recalcular();
     recalcule();
 }

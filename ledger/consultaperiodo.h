@@ -33,8 +33,6 @@ public:
 protected:
     /// El período ya cambió: consulta otra vez y deja el cursor donde estaba.
     virtual void recalcule() = 0;
-    /// Consulta de las pantallas que se abren desde el balance: este se lee de nuevo al volver.
-    virtual void periodo_movido();
 
     /// Encabezado de lo que se imprime o se guarda: "Auxiliar · Libro NIIF · Febrero de 2017 ·
     /// 110505 Caja general".
@@ -43,7 +41,7 @@ protected:
     /// "Febrero de 2017".
     static QString periodo_legible();
     QString dato(const QString& sql) { return CBorrar.valor_unico(sql).texto(); }
-    /// Año, mes y orden con que se completa una consulta.
+    /// Pone el período de la sesión en la caja.
     void muestre_periodo();
 
     /// La caja del período entre sus dos botones, que toman los nombres dados.

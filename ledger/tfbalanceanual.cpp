@@ -3,7 +3,6 @@
 #include "catalogues/letracuenta.h"
 #include "datos/recordset/foto.h"
 #include "ledger/graficocuenta.h"
-#include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/controles/lista_tecleo.h"
@@ -16,11 +15,6 @@
 #include <QGroupBox>
 
 namespace {
-
-constexpr int kPrimerAno = 1990;
-constexpr int kNivelPorOmision = 5;
-constexpr int kNivelMasDetallado = 5; ///< tope de "Más detalle", tenga los que tenga ESTRUCTURA
-constexpr const char* kImporte = "#,###.00";
 
 struct Mes {
     const char *columna, *titulo, *corto;
@@ -42,7 +36,7 @@ bool se_invierte(const QString& codigo) {
 
 } // namespace
 
-Tfbalanceanual::Tfbalanceanual() : ConsultaPeriodo("Tfbalanceanual", "balance anual", kPrimerAno) {
+Tfbalanceanual::Tfbalanceanual() : BalancePorNiveles("Tfbalanceanual", "balance anual") {
     defina_conjuntos();
     arme_rejilla();
     // El año es su único período.
@@ -63,9 +57,6 @@ Tfbalanceanual::Tfbalanceanual() : ConsultaPeriodo("Tfbalanceanual", "balance an
     f.ancha(cree_grafico(), 1);
     arme_botones();
     f.botones(findChild<BarraBotones*>());
-    tamano_del_area(140, 130);
-    setProperty("alto_del_area", true); // ese es el que tiene señalado
-    connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] { por_recalcular_ = true; });
 }
 
 // ---------------------------------------------------------------- conjuntos y aspecto
@@ -130,12 +121,7 @@ void Tfbalanceanual::arme_botones() {
     barra->boton("BitBtn8", "F7:Centros", "folder", Qt::Key_F7, [this] { abra("Tfsaldocentro"); });
     barra->boton("BitBtn4", "F12:Gráfico", "x-office-presentation", Qt::Key_F12,
                  [this] { BitBtn4Click(); });
-    barra->boton("BitBtn2", "Menos detalle", "list-remove", {}, [this] { BitBtn2Click(); })
-        ->setToolTip("Tecla menos del teclado numérico");
-    barra->boton("BitBtn3", "Más detalle", "list-add", {}, [this] { BitBtn3Click(); })
-        ->setToolTip("Tecla más del teclado numérico");
-    tecla(Qt::Key_Minus, Qt::KeypadModifier, "BitBtn2");
-    tecla(Qt::Key_Plus, Qt::KeypadModifier, "BitBtn3");
+    botones_de_detalle(*barra);
     barra->separe();
     barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape,
                  [this] { SBSalirClick(); });
@@ -144,17 +130,13 @@ void Tfbalanceanual::arme_botones() {
 // ---------------------------------------------------------------- vida
 
 void Tfbalanceanual::FormCreate() {
-    fdm().ConfigurarProviders(this);
-    const Valor niveles = CBorrar.valor_unico("select max(estr_nivel) from estructura");
-    nivel_ = niveles.nulo() ? kNivelPorOmision : int(niveles.entero());
+    BalancePorNiveles::FormCreate();
     CGrafcta.CreateDataSet();
 }
 
 void Tfbalanceanual::FormActivate() {
-    if (por_recalcular_) {
+    if (por_recalcular_)
         recalcule();
-        por_recalcular_ = false;
-    }
     DBGridEh1->setFocus();
 }
 
@@ -179,7 +161,8 @@ void Tfbalanceanual::actualice_balance() {
     Foto foto(fdm().Quorvex);
     foto.abra(CBalance, "select * from balance_anual(" + QuotedStr(fdmcnt().ano_actual) +
                             ", '1','99', " + terceros + ", " + saldos +
-                            ") where Nivel <= " + QString::number(nivel_) + " order by CODIGO");
+                            ") where Nivel <= " + QString::number(nivel()) + " order by CODIGO");
+    por_recalcular_ = false;
 }
 
 void Tfbalanceanual::recalcule() {
@@ -196,22 +179,6 @@ void Tfbalanceanual::EAnoChange(int ano) {
     fdmcnt().guarde_periodo();
     emit fdmcnt().balance_por_recalcular();
     recalcule();
-    por_recalcular_ = false;
-}
-
-void Tfbalanceanual::cambie_nivel(int nuevo) {
-    nivel_ = nuevo;
-    recalcule();
-}
-
-void Tfbalanceanual::BitBtn2Click() {
-    if (nivel_ > 1)
-        cambie_nivel(nivel_ - 1);
-}
-
-void Tfbalanceanual::BitBtn3Click() {
-    if (nivel_ < kNivelMasDetallado)
-        cambie_nivel(nivel_ + 1);
 }
 
 // ---------------------------------------------------------------- consultas de la cuenta
@@ -223,10 +190,7 @@ QString Tfbalanceanual::cuenta() const {
 }
 
 void Tfbalanceanual::abra(const char* pantalla) {
-    const QString codigo = cuenta();
-    if (fdmcnt().valide_cuenta(codigo))
-        pantallas().abrir(pantalla, AbreAuxiliar{.cuenta_auxiliar = codigo});
-    else
+    if (!consulte(Libro::Decreto2649, cuenta(), pantalla))
         QApplication::beep();
 }
 

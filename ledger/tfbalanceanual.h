@@ -1,6 +1,6 @@
 #pragma once
 // "balance anual": el año en una fila por cuenta, mes por mes, con el gráfico de la escogida.
-#include "ledger/consultaperiodo.h"
+#include "ledger/balanceporniveles.h"
 #include "sesion/tfdmcnt.h"
 
 class GraficoCuenta;
@@ -8,7 +8,7 @@ class QComboBox;
 class QGroupBox;
 class Rejilla;
 
-class Tfbalanceanual : public ConsultaPeriodo {
+class Tfbalanceanual : public BalancePorNiveles {
     Q_OBJECT
 public:
     Tfbalanceanual();
@@ -31,15 +31,13 @@ public:
     void EAnoChange(int ano) override;
 
     void actualice_balance();
-    int nivel() const { return nivel_; }
 
-    void BitBtn2Click(); ///< Menos detalle
-    void BitBtn3Click(); ///< Más detalle
     void BitBtn4Click(); ///< F12:Gráfico
     void TipoChange(int indice);
 
 protected:
     void recalcule() override;
+    void nivel_cambiado() override { recalcule(); }
 
 private:
     void defina_conjuntos();
@@ -49,10 +47,6 @@ private:
     /// Cuenta de la fila, también si la fila es de un tercero.
     QString cuenta() const;
     void abra(const char* pantalla);
-    void cambie_nivel(int nuevo);
     void cierre_grafico();
     void SBSalirClick();
-
-    int nivel_ = 0;
-    bool por_recalcular_ = true;
 };

@@ -4,13 +4,10 @@
 
 #include "catalogues/letracuenta.h"
 #include "ledger/cifrascontrol.h"
-#include "libro/catalogos.h"
-#include "sesion/peticiones.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
-#include "toolkit/historia_avisos.h"
 #include "toolkit/letrero_espera.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -20,13 +17,6 @@
 #include <QScopeGuard>
 #include <QTabWidget>
 #include <QVBoxLayout>
-
-namespace {
-constexpr int kPrimerAno = 1990;
-constexpr int kNivelPorOmision = 5;
-constexpr int kNivelMasDetallado = 5; ///< tope de "Más detalle", tenga los que tenga ESTRUCTURA
-constexpr const char* kImporte = "#,###.00";
-} // namespace
 
 struct Tfbalanceprueba::DatosPagina {
     Libro libro;
@@ -67,8 +57,7 @@ const std::array<Tfbalanceprueba::DatosPagina, 2> Tfbalanceprueba::kPaginas = {{
 }};
 
 Tfbalanceprueba::Tfbalanceprueba()
-    : ConsultaPeriodo("Tfbalanceprueba", "Balance de prueba", kPrimerAno),
-      PageControl1(new QTabWidget(this)),
+    : BalancePorNiveles("Tfbalanceprueba", "Balance de prueba"), PageControl1(new QTabWidget(this)),
       Panel(new LetreroEspera("Panel", "Actualizando balance. Espere un momento...", this)) {
     PageControl1->setObjectName("PageControl1");
     Formulario f(this);
@@ -80,9 +69,6 @@ Tfbalanceprueba::Tfbalanceprueba()
     arme_botones();
     f.botones(findChild<BarraBotones*>());
     flechas("SpeedButton1", "SpeedButton2");
-    tamano_del_area(140, 130);
-    setProperty("alto_del_area", true); // ese es el que tiene señalado
-    connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] { por_recalcular_ = true; });
 }
 
 // ---------------------------------------------------------------- conjuntos y aspecto
@@ -136,10 +122,7 @@ void Tfbalanceprueba::arme_botones() {
     barra->boton("BitBtn8", "F7:Centros", "folder", Qt::Key_F7, [this] { BitBtn8Click(); });
     barra->boton("BitBtn1", "F6:Artículos", "package-x-generic", Qt::Key_F6,
                  [this] { BitBtn1Click(); });
-    barra->boton("BitBtn2", "Menos detalle", "list-remove", {}, [this] { BitBtn2Click(); })
-        ->setToolTip("Tecla menos del teclado numérico");
-    barra->boton("BitBtn3", "Más detalle", "list-add", {}, [this] { BitBtn3Click(); })
-        ->setToolTip("Tecla más del teclado numérico");
+    botones_de_detalle(*barra);
     // La rejilla se queda con Tab: al otro libro se pasa como en los comprobantes.
     const auto pagina = [this](int clave, int indice) {
         tecla(clave, Qt::ControlModifier, "PageControl1",
@@ -147,8 +130,6 @@ void Tfbalanceprueba::arme_botones() {
     };
     pagina(Qt::Key_PageDown, 1);
     pagina(Qt::Key_PageUp, 0);
-    tecla(Qt::Key_Minus, Qt::KeypadModifier, "BitBtn2");
-    tecla(Qt::Key_Plus, Qt::KeypadModifier, "BitBtn3");
     barra->separe();
     barra->boton("SBSalir", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
 }
@@ -156,9 +137,7 @@ void Tfbalanceprueba::arme_botones() {
 // ---------------------------------------------------------------- vida
 
 void Tfbalanceprueba::FormCreate() {
-    fdm().ConfigurarProviders(this);
-    const Valor niveles = CBorrar.valor_unico("select max(estr_nivel) from estructura");
-    nivel_ = niveles.nulo() ? kNivelPorOmision : int(niveles.entero());
+    BalancePorNiveles::FormCreate();
     const bool local = fdm().valor<Llave::LibroInicial>() == "2649";
     PageControl1->setCurrentIndex(local ? 0 : 1);
 }
@@ -168,7 +147,6 @@ void Tfbalanceprueba::FormActivate() {
         actualice_balance();
         ubique(actual(), actual().posicion);
         actual().posicion.clear();
-        por_recalcular_ = false;
     }
     actual().rejilla->setFocus();
 }
@@ -190,6 +168,7 @@ void Tfbalanceprueba::actualice_balance() {
     Foto foto(fdm().Quorvex);
     for (Pagina& pagina : paginas_)
         lea(pagina, foto);
+    por_recalcular_ = false;
 }
 
 void Tfbalanceprueba::lea(Pagina& pagina, Foto& foto) {
@@ -197,7 +176,7 @@ void Tfbalanceprueba::lea(Pagina& pagina, Foto& foto) {
               QStringLiteral("select * from %1(").arg(pagina.datos->procedimiento) +
                   QuotedStr(fdmcnt().ano_actual) + ", " +
                   QString::number(fdmcnt().periodo_actual + 1) + ",'S', " +
-                  QString::number(nivel_) + ')');
+                  QString::number(nivel()) + ')');
     pagina.cifras->muestre();
     pagina.rejilla->titulo_impreso = titulo_de_hoja(pagina.datos->libro, periodo_legible());
 }
@@ -231,11 +210,7 @@ void Tfbalanceprueba::recalcule() {
         ubique(pagina, pagina.posicion);
 }
 
-// ---------------------------------------------------------------- período y detalle
-
-void Tfbalanceprueba::periodo_movido() {
-    recalcule();
-}
+// ---------------------------------------------------------------- período
 
 void Tfbalanceprueba::EMesChange(int mes) {
     fdmcnt().periodo_actual = mes;
@@ -249,6 +224,7 @@ void Tfbalanceprueba::EAnoChange(int ano) {
 
 void Tfbalanceprueba::periodo_escogido() {
     fdmcnt().guarde_periodo();
+    emit fdmcnt().balance_por_recalcular();
     guarde_posiciones();
     actualice_balance();
     // Las dos páginas van al código de la primera.
@@ -256,35 +232,16 @@ void Tfbalanceprueba::periodo_escogido() {
         ubique(pagina, paginas_[0].posicion);
 }
 
-void Tfbalanceprueba::BitBtn2Click() {
-    if (nivel_ > 1) {
-        --nivel_;
-        actualice_balance();
-    }
-}
-
-void Tfbalanceprueba::BitBtn3Click() {
-    if (nivel_ < kNivelMasDetallado) {
-        ++nivel_;
-        actualice_balance();
-    }
-}
-
 // ---------------------------------------------------------------- consultas de la cuenta
 
-bool Tfbalanceprueba::consulte(Pagina& pagina, const QString& codigo, const char* pantalla) {
+bool Tfbalanceprueba::recuerde_y_consulte(Pagina& pagina, const QString& codigo,
+                                          const char* pantalla) {
     pagina.posicion = this->codigo(pagina);
-    // Sobre una fila de grupo no se interrumpe con un diálogo: la razón queda en la barra.
-    if (const auto rechazo = revise_cuenta(fdm().Quorvex, pagina.datos->libro, codigo)) {
-        anuncie(fdm().barra(), rechazo->texto);
-        return false;
-    }
-    pantallas().abrir(pantalla, AbreAuxiliar{.cuenta_auxiliar = codigo});
-    return true;
+    return consulte(pagina.datos->libro, codigo, pantalla);
 }
 
 void Tfbalanceprueba::abra(Pagina& pagina, const QString& codigo, const char* pantalla) {
-    if (!consulte(pagina, codigo, pantalla))
+    if (!recuerde_y_consulte(pagina, codigo, pantalla))
         QApplication::beep();
 }
 
@@ -313,5 +270,5 @@ void Tfbalanceprueba::BitBtn8Click() {
 
 void Tfbalanceprueba::BitBtn1Click() {
     // Los artículos son del libro 2649, se vea la página que se vea; un rechazo no pita.
-    consulte(paginas_[0], codigo(paginas_[0]), "Tfsaldoartc");
+    recuerde_y_consulte(paginas_[0], codigo(paginas_[0]), "Tfsaldoartc");
 }

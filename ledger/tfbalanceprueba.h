@@ -1,6 +1,6 @@
 #pragma once
 // Balance de prueba: los dos libros en un período, y la entrada a auxiliares y saldos.
-#include "ledger/consultaperiodo.h"
+#include "ledger/balanceporniveles.h"
 #include "sesion/tfdmcnt.h"
 
 #include <array>
@@ -9,7 +9,7 @@ class CifrasControl;
 class LetreroEspera;
 class QTabWidget;
 
-class Tfbalanceprueba : public ConsultaPeriodo {
+class Tfbalanceprueba : public BalancePorNiveles {
     Q_OBJECT
 public:
     Tfbalanceprueba();
@@ -34,11 +34,8 @@ public:
     void actualice_balance();
     void mostrar_auxiliar(const QString& codigo);
     void mostrar_auxiliar_niif(const QString& codigo);
-    int nivel() const { return nivel_; }
 
     void BitBtn1Click(); ///< F6:Artículos
-    void BitBtn2Click(); ///< Menos detalle
-    void BitBtn3Click(); ///< Más detalle
     void BitBtn5Click(); ///< F2:Actualizar
     void BitBtn6Click(); ///< F8:Auxiliar
     void BitBtn7Click(); ///< F5:Terceros
@@ -46,7 +43,7 @@ public:
 
 protected:
     void recalcule() override;
-    void periodo_movido() override;
+    void nivel_cambiado() override { actualice_balance(); }
 
 private:
     struct DatosPagina;
@@ -68,11 +65,9 @@ private:
     static void ubique(Pagina& pagina, const QString& codigo);
     void periodo_escogido();
     /// Recuerda la fila y, si su cuenta lleva movimiento, abre la pantalla en ella.
-    bool consulte(Pagina& pagina, const QString& codigo, const char* pantalla);
+    bool recuerde_y_consulte(Pagina& pagina, const QString& codigo, const char* pantalla);
     /// Lo mismo, con un pitido si no lo lleva.
     void abra(Pagina& pagina, const QString& codigo, const char* pantalla);
 
     std::array<Pagina, 2> paginas_;
-    int nivel_ = 0;
-    bool por_recalcular_ = true; ///< el libro o el período cambiaron desde la última lectura
 };

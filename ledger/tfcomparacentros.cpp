@@ -148,7 +148,6 @@ void Tfcomparacentros::FormCreate() {
 void Tfcomparacentros::FormActivate() {
     if (por_recalcular_)
         recalcule();
-    por_recalcular_ = false;
     rejilla->setFocus();
 }
 
@@ -226,11 +225,12 @@ void Tfcomparacentros::actualice_balance() {
                                          : "SELECT * FROM  BALANCE_CON_CENTROS_MES(") +
                     QuotedStr(fdmcnt().ano_actual) + ", " +
                     QString::number(fdmcnt().periodo_actual + 1) +
-                    ",'S', '4','999999','0','zz','0','zz')");
+                    ",'S', '4','999999','0','zz','0','zz','S')"); // resultados: sin el cierre
     rejilla->titulo_impreso =
         titulo_de_hoja(ckNiif->isChecked() ? Libro::Niif : Libro::Decreto2649, periodo_legible());
     CBalcentro.FetchAll();
     llene_cubo();
+    por_recalcular_ = false;
 }
 
 void Tfcomparacentros::llene_cubo() {
@@ -256,12 +256,6 @@ void Tfcomparacentros::llene_cubo() {
 void Tfcomparacentros::recalcule() {
     actualice_balance();
     muestre();
-}
-
-void Tfcomparacentros::periodo_movido() {
-    emit fdmcnt().balance_por_recalcular();
-    recalcule();
-    por_recalcular_ = false;
 }
 
 void Tfcomparacentros::muestre() {

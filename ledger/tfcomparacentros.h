@@ -34,7 +34,6 @@ public:
 
 protected:
     void recalcule() override;
-    void periodo_movido() override;
 
 private:
     void defina_conjunto();

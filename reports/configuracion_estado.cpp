@@ -30,13 +30,6 @@ void ConfiguracionEstado::FormCreate() {
 }
 
 void ConfiguracionEstado::AfterInsert() {
-    const qint64 en_la_base = fdm()
-                                  .CBorrar
-                                  .valor_unico(QStringLiteral("select max(%1) from %2")
-                                                   .arg(columna("ID"), QLatin1String(datos_.tabla)))
-                                  .entero();
-    ultimo_ = qMax(ultimo_, en_la_base) + 1;
-    conjunto_->FieldByName(columna("ID")) = ultimo_;
     conjunto_->FieldByName(columna("SECCION")) = 1;
     conjunto_->FieldByName(columna("DB")) = "N";
     fila_nueva();

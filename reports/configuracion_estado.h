@@ -18,7 +18,7 @@ public:
 protected:
     /// El libro en que se busca y valida la cuenta.
     virtual Libro libro() const { return Libro::Decreto2649; }
-    /// Lo propio de una fila nueva, ya numerada.
+    /// Lo propio de una fila nueva; el número se lo da la base.
     virtual void fila_nueva() {}
     QString columna(const char* nombre) const { return datos_.prefijo + QLatin1String(nombre); }
 
@@ -27,6 +27,4 @@ protected:
 private:
     void AfterInsert();
     void cuenta_cambiada(Campo& cuenta);
-
-    qint64 ultimo_ = 0; ///< el número que llevó la última fila nueva
 };

@@ -21,7 +21,8 @@ protected:
     /// Las columnas; las del contacto del tercero y NIVEL solo van en los balances.
     void defina_columnas(bool con_contacto);
     /// `cuentas`: los dos límites de cuenta, ya como literales.
-    QString consulta(const QString& cuentas, bool sin_movimiento) const;
+    /// El resultado se pide sin el cierre del año.
+    QString consulta(const QString& cuentas, bool sin_movimiento, bool sin_cierre = false) const;
 };
 
 class FormaConCentros : public FormaEstado {
@@ -36,7 +37,7 @@ public:
 protected:
     void defina_columnas(bool con_movimiento);
     /// La de los saldos; `solo_movidas` deja las filas con saldo o movimiento.
-    QString consulta(const QString& cuentas, bool solo_movidas) const;
+    QString consulta(const QString& cuentas, bool solo_movidas, bool sin_cierre = false) const;
     bool por_centro() const;
 
 private:

@@ -127,8 +127,11 @@ void FormaEstado::fije_firmas(MotorInformes& motor) {
 QString FormaEstado::aviso_de_cierre(Conexion& base, const QString& compania) const {
     const QString ano = QString::number(periodo.ano);
     const Valor cierres = base.consulte(
-        "select count(*) from CIERRE_ANUAL where CIAN_FECHA starting with ? and "
-        "cast(substring(CIAN_FECHA from 5 for 2) as smallint) <= ? and ALCANZA_LIBRO(CIAN_NIIF, ?)",
+        // La fecha es la del comprobante, que se pudo cambiar: con ella van las cifras.
+        "select count(*) from CIERRE_ANUAL C left join COMPROBANTE_ENCABEZADO E on E.ENCO_CONSEC = "
+        "C.ENCO_CONSEC where E.ENCO_FECHA starting with ? and "
+        "cast(substring(E.ENCO_FECHA from 5 for 2) as smallint) <= ? and "
+        "ALCANZA_LIBRO(C.CIAN_NIIF, ?)",
         {Valor(ano), Valor(periodo.numero()), Valor(niif() ? "NIIF" : "2649")});
     if (cierres.entero() == 0)
         return {};

@@ -41,13 +41,13 @@ FormaNota::FormaNota(const QString& clase, const QString& titulo)
         auto* e = new EditorDato(&CNotasestados, QLatin1String(campo), this);
         e->setObjectName(QLatin1String(nombre));
         e->ancho(ancho);
-        connect(e, &QLineEdit::textEdited, this, [this] { retocada_ = true; });
         return e;
     };
     ETitulo = editor("NOEF_TITULO", "ETitulo", 50);
     ENumero = editor("NOEF_NUMERO", "ENumero", 5);
     ECuenta = editor("NOEF_CUENTA", "ECuenta", 16);
     Editor->setObjectName("Editor");
+    cuide_lo_digitado(*this, {&CNotasestados});
 
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
@@ -198,6 +198,12 @@ void FormaNota::abra(const QString& id) {
     CNotasestados.FetchParams();
     CNotasestados.Params["ID"] = id;
     CNotasestados.Open();
+    Editor->html(CNotasestados.FieldByName("NOEF_NOTA").texto());
+    // Lo primero que se escriba en el texto ya es un cambio de la nota; al grabar va entero.
+    connect(Editor->texto->document(), &QTextDocument::modificationChanged, this, [this](bool si) {
+        if (si)
+            proteja([this] { ponga_nota(); });
+    });
 }
 
 void FormaNota::cuenta_cambiada(Campo& cuenta) {
@@ -211,20 +217,18 @@ void FormaNota::cuenta_cambiada(Campo& cuenta) {
     });
 }
 
-void FormaNota::SBGrabarClick() {
+void FormaNota::ponga_nota() {
     CNotasestados.Edit();
     CNotasestados.FieldByName("NOEF_NOTA") = Editor->html();
-    if (CNotasestados.ApplyUpdates(0) != 0)
-        return;
-    grabada_ = true;
-    close();
+}
+
+void FormaNota::SBGrabarClick() {
+    ponga_nota();
+    if (CNotasestados.ApplyUpdates(0) == 0)
+        close();
 }
 
 bool FormaNota::FormClose() {
-    if (!grabada_ && CNotasestados.Active() &&
-        (retocada_ || Editor->modificado() || hay_a_medio_escribir(*this)) &&
-        !pregunte_con_no("Desea salir y perder los cambios que no ha grabado?"))
-        return false;
     CNotasestados.Cancel();
     CNotasestados.Close();
     return true;

@@ -48,12 +48,11 @@ private:
     void cambio_el_periodo();
     void muestre_cajas();
     void cuenta_cambiada(Campo& cuenta);
+    void ponga_nota();
     void SBGrabarClick();
     void SBCopiarClick();
 
     CursorPeriodo cursor_;
     QComboBox* MesCopia;
     QSpinBox *AnoCopia, *NumeroCopia;
-    bool grabada_ = false;
-    bool retocada_ = false; ///< se digitó en el título, el número o la cuenta
 };

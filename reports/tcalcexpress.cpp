@@ -237,7 +237,7 @@ private:
         while (i_ < t_.size() && es_cifra(t_[i_]))
             numero += char(t_[i_++].unicode());
         if (i_ == desde)
-            falle(desde, QStringLiteral("el número está incompleto"));
+            falle(desde, QStringLiteral("Wrong number."));
     }
 
     int numero() {

@@ -15,6 +15,5 @@ void Tfmodnotasestados::FormCreate() {
     }
     muestre_periodo(int(CNotasestados.FieldByName("NOEF_ANO").entero()),
                     int(CNotasestados.FieldByName("NOEF_PERIODO").entero()));
-    Editor->html(CNotasestados.FieldByName("NOEF_NOTA").texto());
     Editor->setFocus();
 }

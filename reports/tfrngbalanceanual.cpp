@@ -42,7 +42,7 @@ Tfrngbalanceanual::Tfrngbalanceanual() : FormaEstado(kDatos) {
 }
 
 QString Tfrngbalanceanual::sql() {
-    const QString comunes = argumentos({"EAno", "EDesde", "EHasta"}).replace(", ", ",") + ',';
+    const QString comunes = argumentos({"EAno", "EDesde", "EHasta"}, ",") + ',';
     const QString hasta = " where nivel <= " + nivel();
     if (marcada(ckcentro))
         return "select * from balance_anual_centros(" + comunes + bandera(false) + ',' +

@@ -38,7 +38,7 @@ void Tfrngbalancecentro::FormCreate() {
 }
 
 QString Tfrngbalancecentro::sql() {
-    return consulta(argumentos({"EDesde", "EHasta"}).replace(", ", ","), !marcada(Cksinmov));
+    return consulta(argumentos({"EDesde", "EHasta"}, ","), !marcada(Cksinmov));
 }
 
 QString Tfrngbalancecentro::titulo() {

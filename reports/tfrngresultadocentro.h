@@ -10,7 +10,7 @@ public:
     QCheckBox* ckMes; ///< "Sólo el movimiento del mes"
 
 protected:
-    QString sql() override { return consulta("'4','8'", true); }
+    QString sql() override { return consulta("'4','8'", true, true); }
     QString titulo() override { return del_periodo() + tramo(" - Centros:", "ECenIni", "ECenFin"); }
     QString reporte() override;
     QString titulo_niif() override;

@@ -8,7 +8,7 @@ public:
     Tfrngresultadotercero();
 
 protected:
-    QString sql() override { return consulta("'4', '8'", false); }
+    QString sql() override { return consulta("'4', '8'", false, true); }
     QString titulo() override { return del_periodo() + tramo(" - Nits:", "ENitIni", "ENitFin"); }
     QString reporte() override { return QStringLiteral("Resultadotercero"); }
     QString titulo_niif() override {

@@ -103,6 +103,7 @@ void Tfdmcnt::mueva_periodo(void (CursorPeriodo::*paso)()) {
     ano_actual = QString::number(nuevo.ano);
     periodo_actual = nuevo.indice;
     guarde_periodo();
+    emit balance_por_recalcular();
 }
 
 void Tfdmcnt::mes_mas() {

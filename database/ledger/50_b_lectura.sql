@@ -12,18 +12,25 @@ SET TERM ^ ;
 
 --<LIBROS>
 --<CLAVES>
--- Por cuenta con saldo propio; por tercero, con NIT nulo todos y vacío lo que no lleva tercero; por
--- proyecto y centro, con PROY nulo todos; por tercero dentro de un proyecto y centro; por artículo.
---| CLAVE | VISTA | COLUMNAS | SALIDA | VARIABLES | LIMITES | FILTRO
---| CUENTA | CUENTA | CUEN_COD | CUENTA varchar(20) | :CUENTA | |
---| TERCERO | TERCERO | TERC_NIT | TERCERO varchar(20) | :TERCERO
---&   | NIT varchar(20), | AND (:NIT IS NULL OR TERC_NIT = :NIT)
---| CENTRO | CENTRO | PROY_COD, CENT_COD | PROYECTO varchar(4), CENTRO varchar(4)
---&   | :PROYECTO, :CENTRO | PROY varchar(4), CENT varchar(4),
---&   | AND (:PROY IS NULL OR (PROY_COD = :PROY AND CENT_COD = :CENT))
---| CENTRO_TERCERO | DETALLE | TERC_NIT | TERCERO varchar(20) | :TERCERO
+-- Por cuenta con saldo propio; por tercero, vacío lo que no lo lleva; por proyecto y centro; por
+-- artículo; y de un solo tercero, de un solo centro, y por tercero de un centro. Estos últimos van
+-- cuenta por cuenta para entrar en la tabla por toda la clave: solo con el prefijo de la cuenta
+-- leerían todos los terceros o todos los centros que ella tenga.
+--| CLAVE | COMPACTADA | COLUMNAS | SALIDA | VARIABLES | LIMITES | FILTRO
+--| CUENTA | SALDOS_CUENTA{_NIIF} C | CUEN_COD | CUENTA varchar(20) | :CUENTA | |
+--| TERCEROS | SALDOS_TERCERO{_NIIF} C | TERC_NIT | TERCERO varchar(20) | :TERCERO | |
+--| CENTROS | SALDOS_CENTRO{_NIIF} C | PROY_COD, CENT_COD | PROYECTO varchar(4), CENTRO varchar(4)
+--&   | :PROYECTO, :CENTRO | |
+--| ARTICULO | SALDOS_ARTICULO{_NIIF} C | ARTI_COD | ARTICULO varchar(15) | :ARTICULO | |
+--| TERCERO | {CUENTAS} C LEFT JOIN SALDOS_TERCERO{_NIIF} S ON S.CUEN_COD = C.CUEN_COD {FILTRO}
+--&   | TERC_NIT | TERCERO varchar(20) | :TERCERO | NIT varchar(20), | AND TERC_NIT = :NIT
+--| CENTRO | {CUENTAS} C LEFT JOIN SALDOS_CENTRO{_NIIF} S ON S.CUEN_COD = C.CUEN_COD {FILTRO}
+--&   | PROY_COD, CENT_COD | PROYECTO varchar(4), CENTRO varchar(4) | :PROYECTO, :CENTRO
 --&   | PROY varchar(4), CENT varchar(4), | AND PROY_COD = :PROY AND CENT_COD = :CENT
---| ARTICULO | ARTICULO | ARTI_COD | ARTICULO varchar(15) | :ARTICULO | |
+--| CENTRO_TERCERO
+--&   | {CUENTAS} C LEFT JOIN SALDOS_DETALLE{_NIIF} S ON S.CUEN_COD = C.CUEN_COD {FILTRO} | TERC_NIT
+--&   | TERCERO varchar(20) | :TERCERO
+--&   | PROY varchar(4), CENT varchar(4), | AND PROY_COD = :PROY AND CENT_COD = :CENT
 CREATE OR ALTER PROCEDURE LEA_SALDOS_{CLAVE}{_NIIF} (
   PREFIJO varchar(20), {LIMITES} ANO varchar(4), MES smallint)
 RETURNS ({SALIDA}, INICIAL numeric(18,2), DEBITOS numeric(18,2), CREDITOS numeric(18,2))
@@ -41,9 +48,14 @@ BEGIN
         sum(iif(SALD_ANO < :ANO OR SALD_MES < :MES, SALD_DEBITO - SALD_CREDITO, 0)),
         sum(iif(SALD_ANO = :ANO AND SALD_MES = :MES, SALD_DEBITO, 0)),
         sum(iif(SALD_ANO = :ANO AND SALD_MES = :MES, SALD_CREDITO, 0))
-      FROM VISTA_SALDOS_{VISTA}{_NIIF}
-      WHERE CUEN_COD STARTING WITH :PREFIJO {FILTRO}
-        AND (SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES <= :MES))
+      FROM (
+        SELECT {COLUMNAS}, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO FROM {COMPACTADA}
+        WHERE C.CUEN_COD STARTING WITH :PREFIJO
+        UNION ALL
+        SELECT {COLUMNAS}, SALD_ANO, SALD_MES, SALD_DEBITO, SALD_CREDITO
+        FROM SALDOS_DIFERENCIA{_NIIF}
+        WHERE CUEN_COD STARTING WITH :PREFIJO {FILTRO})
+      WHERE SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES <= :MES)
       GROUP BY {COLUMNAS}
       INTO {VARIABLES}, :INICIAL, :DEBITOS, :CREDITOS
     DO

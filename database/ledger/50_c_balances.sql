@@ -69,14 +69,14 @@ END^
 -- Tfsaldoterc{_NIIF}.
 CREATE OR ALTER PROCEDURE BALANCE_TERCERO_MES{_NIIF} (
   CUENTA varchar(20), ANO varchar(4), MES smallint)
-RETURNS (CODIGO varchar(20), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2),
+RETURNS (CODIGO varchar(20), NOMBRE D_NOMBRE, INICIAL numeric(15,2), DEBITOS numeric(15,2),
   CREDITOS numeric(15,2), FINAL numeric(15,2))
 AS
 BEGIN
   FOR
     SELECT S.TERCERO, T.TERC_NOM, S.INICIAL, S.DEBITOS, S.CREDITOS,
       S.INICIAL + S.DEBITOS - S.CREDITOS
-    FROM LEA_SALDOS_TERCERO{_NIIF}(:CUENTA, NULL, :ANO, :MES) S
+    FROM LEA_SALDOS_TERCEROS{_NIIF}(:CUENTA, :ANO, :MES) S
     LEFT JOIN TERCEROS T ON T.TERC_NIT = S.TERCERO
     INTO :CODIGO, :NOMBRE, :INICIAL, :DEBITOS, :CREDITOS, :FINAL
   DO
@@ -86,7 +86,7 @@ END^
 -- Terceros de una cuenta en un proyecto y centro. Lo llama Tfsaldotercent{_NIIF}.
 CREATE OR ALTER PROCEDURE BALANCE_CENTRO_TERCERO_MES{_N} (CUENTA varchar(20),
   PROYECTO varchar(4), CENTRO varchar(4), ANO varchar(4), MES smallint)
-RETURNS (CODIGO varchar(20), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2),
+RETURNS (CODIGO varchar(20), NOMBRE D_NOMBRE, INICIAL numeric(15,2), DEBITOS numeric(15,2),
   CREDITOS numeric(15,2), FINAL numeric(15,2))
 AS
 BEGIN
@@ -108,7 +108,7 @@ AS
 BEGIN
   FOR
     SELECT PROYECTO, CENTRO, INICIAL, DEBITOS, CREDITOS, INICIAL + DEBITOS - CREDITOS
-    FROM LEA_SALDOS_CENTRO{_NIIF}(:CUENTA, NULL, NULL, :ANO, :MES)
+    FROM LEA_SALDOS_CENTROS{_NIIF}(:CUENTA, :ANO, :MES)
     INTO :PROYECTO, :CENTRO, :INICIAL, :DEBITOS, :CREDITOS, :FINAL
   DO
     SUSPEND;
@@ -117,7 +117,7 @@ END^
 
 -- Artículos de una cuenta de inventario, libro 2649. Lo llama Tfsaldoartc.
 CREATE OR ALTER PROCEDURE BALANCE_ARTICULO_MES (CUENTA varchar(20), ANO varchar(4), MES smallint)
-RETURNS (CODIGO varchar(15), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2),
+RETURNS (CODIGO varchar(15), NOMBRE D_NOMBRE, INICIAL numeric(15,2), DEBITOS numeric(15,2),
   CREDITOS numeric(15,2), FINAL numeric(15,2))
 AS
 BEGIN
@@ -138,7 +138,8 @@ END^
 -- es el de las cuentas y sus meses, no el de las líneas. MOVIDAS dice si algo bajo el código tiene
 -- saldo o movimiento, aunque su suma dé cero. La suma va delante y busca cada cuenta por su clave:
 -- al revés, el motor la repetiría por cada cuenta. Cuando el plan entero no hace falta, el límite
--- sobre CUEN_COD evita que el motor lo recorra para descartarlo fila por fila.
+-- sobre CUEN_COD evita que el motor lo recorra para descartarlo fila por fila. Con ANO nulo no da
+-- nada ni lee: quien une los dos libros pide así el que no es.
 CREATE OR ALTER PROCEDURE BALANCE_PRUEBA{_NIIF} (
   ANO varchar(4), MES smallint, SOLO_MOVIDAS char(1), NIVEL_MAXIMO integer)
 RETURNS (CODIGO varchar(20), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2),
@@ -146,6 +147,8 @@ RETURNS (CODIGO varchar(20), NOMBRE varchar(60), INICIAL numeric(15,2), DEBITOS 
   SUMDB numeric(15,2), SUMCR numeric(15,2), SUMFIN numeric(15,2))
 AS
 BEGIN
+  IF (ANO IS NULL) THEN
+    EXIT;
   FOR
     SELECT S.CODIGO, C.CUEN_NOM, S.INICIAL, S.DEBITOS, S.CREDITOS,
       S.INICIAL + S.DEBITOS - S.CREDITOS, S.NIVEL,

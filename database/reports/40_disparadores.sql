@@ -9,4 +9,25 @@ BEGIN
     NEW.NOEF_ID = NEXT VALUE FOR SEC_NOTA_ESTADO;
 END^
 
+-- También el de un renglón de configuración: dos usuarios pueden agregar a la vez. Los que trae el
+-- programa llegan con el suyo, y se salta.
+--<CLAVES>
+--| TABLA | ID | SECUENCIA
+--| CAMBIOS_SITUACION_CTAS | CASI_ID | SEC_CAMBIOS_SITUACION
+--| FLUJO_EFECTIVO | FLEF_ID | SEC_FLUJO_EFECTIVO
+CREATE OR ALTER TRIGGER {TABLA}_BI FOR {TABLA}
+ACTIVE BEFORE INSERT POSITION 0
+AS
+  DECLARE DADO smallint;
+BEGIN
+  DADO = iif(coalesce(NEW.{ID}, 0) = 0, 0, 1);
+  WHILE (DADO = 0) DO
+  BEGIN
+    NEW.{ID} = NEXT VALUE FOR {SECUENCIA};
+    IF (NOT EXISTS (SELECT 1 FROM {TABLA} WHERE {ID} = NEW.{ID})) THEN
+      DADO = 1;
+  END
+END^
+--</CLAVES>
+
 SET TERM ; ^

@@ -16,11 +16,13 @@ END^
 
 --<LIBROS>
 -- Lo que hay que sumarle al balance de un mes para que sus clases 4 a 7 queden como antes de cerrar
--- ese año. Interna de BALANCE_MES.
+-- ese año; con ANO nulo, nada. Interna de BALANCE_MES.
 CREATE OR ALTER PROCEDURE DESHAGA_CIERRE{_NIIF} (ANO varchar(4), MES smallint)
 RETURNS (CUENTA varchar(20), INICIAL numeric(18,2), DEBITOS numeric(18,2), CREDITOS numeric(18,2))
 AS
 BEGIN
+  IF (ANO IS NULL) THEN
+    EXIT;
   FOR
     SELECT CUEN_COD, sum(iif(SALD_MES < :MES, SALD_CREDITO - SALD_DEBITO, 0)),
       -sum(iif(SALD_MES = :MES, SALD_DEBITO, 0)), -sum(iif(SALD_MES = :MES, SALD_CREDITO, 0))
@@ -68,8 +70,8 @@ BEGIN
     SELECT CUENTA, INICIAL, DEBITOS, CREDITOS FROM LEA_SALDOS_CUENTA{_NIIF}('', :ANO, :MES)
     WHERE CUENTA >= '4' AND CUENTA < '8'
     UNION ALL
-    SELECT CUENTA, INICIAL, DEBITOS, CREDITOS FROM DESHAGA_CIERRE{_NIIF}(:ANO, :MES)
-    WHERE :SIN_CIERRE = 'S')
+    SELECT CUENTA, INICIAL, DEBITOS, CREDITOS
+    FROM DESHAGA_CIERRE{_NIIF}(iif(:SIN_CIERRE = 'S', :ANO, NULL), :MES))
   INTO :RINI, :RDEB, :RCRE, :NETO, :UOP;
   IF (CON_RESULTADO <> 'S' OR (RINI = 0 AND RDEB = 0 AND RCRE = 0)) THEN
     CON_RESULTADO = 'N';
@@ -81,10 +83,9 @@ BEGIN
       UNION ALL
       SELECT C.CUEN_COD, C.CUEN_NOM, sum(Z.INICIAL), sum(Z.DEBITOS), sum(Z.CREDITOS),
         sum(Z.INICIAL + Z.DEBITOS - Z.CREDITOS), N.ESTR_NIVEL
-      FROM DESHAGA_CIERRE{_NIIF}(:ANO, :MES) Z
+      FROM DESHAGA_CIERRE{_NIIF}(iif(:SIN_CIERRE = 'S', :ANO, NULL), :MES) Z
       JOIN ESTRUCTURA N ON N.ESTR_DIGITOS <= char_length(Z.CUENTA)
       JOIN {CUENTAS} C ON C.CUEN_COD = substring(Z.CUENTA FROM 1 FOR N.ESTR_DIGITOS)
-      WHERE :SIN_CIERRE = 'S'
       GROUP BY C.CUEN_COD, C.CUEN_NOM, N.ESTR_NIVEL
       UNION ALL
       SELECT cast('3' AS varchar(20)),
@@ -115,7 +116,7 @@ END^
 
 -- Saldos de un tramo de meses por cuenta y tercero. NIT vacío: lo que no lleva tercero. Con
 -- TERCEROS "N" y todos en el rango lee los saldos por cuenta, que no crecen con ellos. Con
--- SIN_CIERRE "S" el año va como antes de cerrarlo. Interna.
+-- SIN_CIERRE "S" el año va como antes de cerrarlo; con ANO nulo, nada. Interna.
 CREATE OR ALTER PROCEDURE LEA_TRAMO_TERCERO{_NIIF} (
   DESDE varchar(20), HASTA varchar(20), NITINI varchar(20), NITFIN varchar(20), ANO varchar(4),
   MES1 smallint, MES2 smallint, TERCEROS char(1), SIN_CIERRE char(1) = 'N')
@@ -123,6 +124,8 @@ RETURNS (CUENTA varchar(20), NIT varchar(20), INICIAL numeric(18,2), DEBITOS num
   CREDITOS numeric(18,2))
 AS
 BEGIN
+  IF (ANO IS NULL) THEN
+    EXIT;
   NITFIN = HASTA_CODIGO(NITFIN);
   IF (TERCEROS <> 'S' AND SIN_CIERRE <> 'S' AND NITINI = '' AND NITFIN = HASTA_CODIGO('ZZ')) THEN
   BEGIN
@@ -188,10 +191,10 @@ BEGIN
     GROUP BY 1, 3
     UNION ALL
     SELECT T.CUENTA, T.NIT, N.ESTR_NIVEL, T.INICIAL, T.DEBITOS, T.CREDITOS
-    FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES1, :MES2,
-      :TERCEROS, :SIN_CIERRE) T
+    FROM LEA_TRAMO_TERCERO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN,
+      iif(:TERCEROS = 'S', :ANO, NULL), :MES1, :MES2, :TERCEROS, :SIN_CIERRE) T
     LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(T.CUENTA)
-    WHERE :TERCEROS = 'S' AND T.NIT <> ''
+    WHERE T.NIT <> ''
       AND (:SIN_MOVIMIENTO = 'S' OR T.INICIAL <> 0 OR T.DEBITOS <> 0 OR T.CREDITOS <> 0)
     ORDER BY 1, 2 NULLS FIRST
     INTO :CODIGO, :NIT, :NIVEL, :INICIAL, :DEBITOS, :CREDITOS
@@ -201,12 +204,12 @@ END^
 
 -- Balance de un mes con los terceros de cada cuenta. En las filas de tercero NIVEL es 99, STERCERO
 -- su saldo final y NOMCTATER su nombre; en las demás NOMCTATER es el de la cuenta. SIN_MOVIMIENTO
--- "S" incluye lo que no tiene saldo ni movimiento. De 4 a 8, que es como se pide el resultado, va
--- sin el cierre del año. Lo llaman Tfrngbalancetercero y Tfrngresultadotercero.
+-- "S" incluye lo que no tiene saldo ni movimiento. Lo llaman Tfrngbalancetercero y, con SIN_CIERRE
+-- "S", Tfrngresultadotercero: el resultado va sin el cierre del año.
 CREATE OR ALTER PROCEDURE BALANCE_CON_TERCEROS_MES{_N} (
   ANO varchar(4), MES smallint, DESDE varchar(20), HASTA varchar(20), NITINI varchar(20),
-  NITFIN varchar(20), SIN_MOVIMIENTO char(1))
-RETURNS (CUENTA varchar(20), NOM_CUENTA varchar(60), NIT varchar(20), NOM_TERCERO varchar(60),
+  NITFIN varchar(20), SIN_MOVIMIENTO char(1), SIN_CIERRE char(1) = 'N')
+RETURNS (CUENTA varchar(20), NOM_CUENTA varchar(60), NIT varchar(20), NOM_TERCERO D_NOMBRE,
   INICIAL numeric(15,2), DEBITOS numeric(15,2), CREDITOS numeric(15,2), FINAL numeric(15,2),
   SCLASE numeric(15,2), SGRUPO numeric(15,2), SSUBGRUPO numeric(15,2), SCUENTA numeric(15,2),
   NOMCTATER varchar(60), STERCERO numeric(15,2), NIVEL integer, DV char(1), DIR varchar(60),
@@ -219,7 +222,7 @@ BEGIN
       B.INICIAL + B.DEBITOS - B.CREDITOS, iif(B.NIT IS NULL, B.NIVEL, 99), T.TERC_DV, T.TERC_DIR,
       T.TERC_CIU, T.CIUD_COD, T.TERC_TEL, T.TERC_FAX, T.TERC_CEL
     FROM BALANCE_TRAMO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES, :MES, :SIN_MOVIMIENTO,
-      'S', iif(:DESDE = '4' AND :HASTA = '8', 'S', 'N')) B
+      'S', :SIN_CIERRE) B
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = B.CODIGO
     LEFT JOIN TERCEROS T ON T.TERC_NIT = B.NIT
     INTO :CUENTA, :NOM_CUENTA, :NIT, :NOM_TERCERO, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL,
@@ -311,7 +314,7 @@ END^
 -- Movimiento neto de los doce meses (débitos menos créditos), y en MVCIE el de ajustes y cierre.
 -- Con SALDOS "S" cada mes lleva, en vez de su movimiento, el saldo con que termina. Con TERCERO
 -- "S", también por tercero, como el acumulado. Lo llaman Tfrngbalanceanual y Tfbalanceanual; y
--- RESULTADO_ANUAL, con SIN_CIERRE "S".
+-- RESULTADO_ANUAL, con SIN_CIERRE "S", que pide con ANO nulo el libro que no es: no da nada.
 CREATE OR ALTER PROCEDURE BALANCE_ANUAL{_NIIF} (
   ANO varchar(4), DESDE varchar(20), HASTA varchar(20), TERCERO char(1), SALDOS char(1),
   SIN_CIERRE char(1) = 'N')
@@ -323,6 +326,8 @@ RETURNS (CODIGO varchar(41), NOMBRE varchar(60), INICIAL numeric(15,2), MVENE nu
   CENTRO varchar(4))
 AS
 BEGIN
+  IF (ANO IS NULL) THEN
+    EXIT;
   FOR
     WITH HOJA AS (
       SELECT CUENTA, NIT, sum(iif(MES = 0, NETO, 0)) INI, sum(iif(MES = 1, NETO, 0)) M01,
@@ -438,11 +443,11 @@ BEGIN
     WITH ANUAL AS (
       SELECT CODIGO, NOMBRE, NIVEL, MVENE, MVFEB, MVMAR, MVABR, MVMAY, MVJUN, MVJUL, MVAGO, MVSEP,
         MVOCT, MVNOV, MVDIC, MVCIE
-      FROM BALANCE_ANUAL(:ANO, '4', '7', 'N', 'N', 'S') WHERE :NIIF <> 'S'
+      FROM BALANCE_ANUAL(iif(:NIIF = 'S', NULL, :ANO), '4', '7', 'N', 'N', 'S')
       UNION ALL
       SELECT CODIGO, NOMBRE, NIVEL, MVENE, MVFEB, MVMAR, MVABR, MVMAY, MVJUN, MVJUL, MVAGO, MVSEP,
         MVOCT, MVNOV, MVDIC, MVCIE
-      FROM BALANCE_ANUAL_NIIF(:ANO, '4', '7', 'N', 'N', 'S') WHERE :NIIF = 'S'),
+      FROM BALANCE_ANUAL_NIIF(iif(:NIIF = 'S', :ANO, NULL), '4', '7', 'N', 'N', 'S')),
     -- La clase va otra vez, sumada a la utilidad: el año se lee una sola.
     FILA AS (
       SELECT iif(V.N = 1, A.CODIGO, 'Z') CODIGO,

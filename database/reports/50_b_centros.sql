@@ -6,12 +6,13 @@ SET TERM ^ ;
 -- Balance de un mes por cuenta y centro. CENTRO_CUENTA "N": cada cuenta con sus centros debajo;
 -- "S": cada centro con sus cuentas de todos los niveles. Los límites de proyecto y centro son de
 -- texto; lo que no lleva centro entra con el inferior vacío. En las filas de centro NIVEL es 99 y
--- NOMCTACEN el nombre del centro; los valores por nivel van con el signo del estado. De 4 a 8, que
--- es como se pide el resultado, va sin el cierre del año. Lo llaman Tfrngbalancecentro y
--- Tfrngresultadocentro.
+-- NOMCTACEN el nombre del centro; los valores por nivel van con el signo del estado. Lo llaman
+-- Tfrngbalancecentro y, con SIN_CIERRE "S", Tfrngresultadocentro y Tfcomparacentros: el resultado
+-- va sin el cierre del año.
 CREATE OR ALTER PROCEDURE BALANCE_CON_CENTROS_MES{_N} (
   ANO varchar(4), MES smallint, CENTRO_CUENTA char(1), DESDE varchar(20), HASTA varchar(20),
-  PROYINI varchar(4), PROYFIN varchar(4), CENTINI varchar(4), CENTFIN varchar(4))
+  PROYINI varchar(4), PROYFIN varchar(4), CENTINI varchar(4), CENTFIN varchar(4),
+  SIN_CIERRE char(1) = 'N')
 RETURNS (CUENTA varchar(20), NOM_CUENTA varchar(60), PROY varchar(4), CENTRO varchar(4),
   NOM_CENTRO varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2), CREDITOS numeric(15,2),
   FINAL numeric(15,2), NIVEL integer, SCLASE numeric(15,2), SGRUPO numeric(15,2),
@@ -36,7 +37,7 @@ BEGIN
         UNION ALL
         SELECT CUEN_COD, PROY_COD, CENT_COD, SALD_ANO, SALD_MES, -SALD_DEBITO, -SALD_CREDITO
         FROM MOVIMIENTO_CIERRE{_NIIF}
-        WHERE :DESDE = '4' AND :HASTA = '8' AND SALD_ANO = :ANO)
+        WHERE SALD_ANO = iif(:SIN_CIERRE = 'S', :ANO, NULL))
       WHERE CUEN_COD >= :DESDE AND (CUEN_COD <= :HASTA OR CUEN_COD STARTING WITH :HASTA)
         AND PROY_COD >= :PROYINI AND PROY_COD <= :PROYFIN AND CENT_COD >= :CENTINI
         AND CENT_COD <= :CENTFIN
@@ -119,13 +120,16 @@ BEGIN
   END
 END^
 
--- Filas anuales de un libro por cuenta y centro. Interna de BALANCE_ANUAL_CENTROS.
+-- Filas anuales de un libro por cuenta y centro; con ANO nulo, ninguna. Interna de
+-- BALANCE_ANUAL_CENTROS.
 CREATE OR ALTER PROCEDURE ANUAL_CENTROS{_NIIF} (
   ANO varchar(4), DESDE varchar(20), HASTA varchar(20))
 RETURNS (CUENTA varchar(20), NOMBRE varchar(60), NIVEL integer, PROY varchar(4), CENTRO varchar(4),
   MES smallint, NETO numeric(18,2))
 AS
 BEGIN
+  IF (ANO IS NULL) THEN
+    EXIT;
   FOR
     SELECT U.CUENTA, C.CUEN_NOM, U.NIVEL, U.PROY, U.CENTRO, U.MES, U.NETO
     FROM (
@@ -176,12 +180,11 @@ BEGIN
       sum(iif(A.MES = 11, A.NETO, 0)), sum(iif(A.MES = 12, A.NETO, 0)),
       sum(iif(A.MES = 13, A.NETO, 0)), sum(A.NETO), A.NIVEL, A.PROY, A.CENTRO
     FROM (
-      SELECT CUENTA, NOMBRE, NIVEL, PROY, CENTRO, MES, NETO FROM ANUAL_CENTROS(:ANO, :DESDE, :HASTA)
-      WHERE :NIIF <> 'S'
+      SELECT CUENTA, NOMBRE, NIVEL, PROY, CENTRO, MES, NETO
+      FROM ANUAL_CENTROS(iif(:NIIF = 'S', NULL, :ANO), :DESDE, :HASTA)
       UNION ALL
       SELECT CUENTA, NOMBRE, NIVEL, PROY, CENTRO, MES, NETO
-      FROM ANUAL_CENTROS_NIIF(:ANO, :DESDE, :HASTA)
-      WHERE :NIIF = 'S') A
+      FROM ANUAL_CENTROS_NIIF(iif(:NIIF = 'S', :ANO, NULL), :DESDE, :HASTA)) A
     LEFT JOIN CENTROS S ON S.PROY_COD = A.PROY AND S.CENT_COD = A.CENTRO
     GROUP BY A.CUENTA, A.NOMBRE, A.NIVEL, A.PROY, A.CENTRO
     ORDER BY A.CUENTA, A.PROY NULLS FIRST, A.CENTRO

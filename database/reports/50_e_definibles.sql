@@ -42,8 +42,8 @@ END^
 -- Base de retenciones e impuestos de una cuenta en un mes, y a qué porcentaje de ella equivale su
 -- movimiento neto (0 sin base). Es lo único que lee las líneas: las bases no tienen saldo mensual.
 -- Con proyecto y centro, los dos, solo las suyas. La base de un renglón al débito y la de uno al
--- crédito se restan, como sus valores; el signo con que se haya digitado no cuenta. Lo llama
--- Tfimpinforme.
+-- crédito se restan, como sus valores; el signo con que se haya digitado no cuenta. La unión es
+-- externa para que el motor entre por las cuentas y no por todas las líneas. Lo llama Tfimpinforme.
 CREATE OR ALTER PROCEDURE BASE_CUENTA_MES{_NIIF} (CUENTA varchar(20), ANO varchar(4), MES smallint,
   PROYECTO varchar(4), CENTRO varchar(4))
 RETURNS (BASE numeric(15,2), PORCENTAJE numeric(15,4))
@@ -56,7 +56,7 @@ BEGIN
       -abs(D.CODE_BASE), abs(D.CODE_BASE))), 0),
     coalesce(sum(coalesce(D.CODE_DEBITO, 0) - coalesce(D.CODE_CREDITO, 0)), 0)
   FROM {CUENTAS} C
-  JOIN {DETALLE} D ON D.CUEN_COD = C.CUEN_COD AND D.CODE_FECHA >= :PREFIJO
+  LEFT JOIN {DETALLE} D ON D.CUEN_COD = C.CUEN_COD AND D.CODE_FECHA >= :PREFIJO
     AND D.CODE_FECHA < :PREFIJO || '99'
   WHERE C.CUEN_COD STARTING WITH :CUENTA AND coalesce(D.CODE_BASE, 0) <> 0
     AND (coalesce(:PROYECTO, '') = '' OR coalesce(:CENTRO, '') = ''

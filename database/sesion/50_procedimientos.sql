@@ -23,8 +23,8 @@ BEGIN
     SUSPEND;
 END^
 
--- Pone al día las estadísticas de los índices, de las que salen los planes. Conviene tras cargar
--- mucho movimiento. La llama la herramienta de administración, con el dueño de la base.
+-- Pone al día las estadísticas de los índices, de las que salen los planes. La llama la herramienta
+-- de administración, con el dueño de la base: al crear la demostración, actualizar y compactar.
 CREATE OR ALTER PROCEDURE ACTUALICE_ESTADISTICAS
 AS
   DECLARE ORDEN varchar(100);

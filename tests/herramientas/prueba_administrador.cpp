@@ -77,6 +77,9 @@ void PruebaAdministrador::una_instalacion_nueva_se_arma_paso_a_paso() {
                           "from acceso_usuario where acus_modulo = 'CONTABILIDAD' order by 1)"),
              "30S,100S,101N,102S");
     QCOMPARE(de(compania, "select acus_si from acceso_usuario where acus_modulo = 'CAJA'"), "S");
+    QCOMPARE(de(compania, "select iif(rdb$statistics > 0, 'S', 'N') from rdb$indices where "
+                          "rdb$index_name = 'PK_PUC'"),
+             "S");
     for (const auto& [propiedad, valor] : {std::pair{"NOMBRE COMPAÑIA", "Frutas Ñame & Cía."},
                                            {"AÑO DE INICIO", "2018"},
                                            {"MES DE INICIO", "3"},

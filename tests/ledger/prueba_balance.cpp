@@ -257,8 +257,11 @@ private slots:
         QCOMPARE(actuales(*b), "240805 413505");
         // El mes escogido lleva las dos páginas al código de la primera.
         ubique(*b, "310505", "413505");
+        QSignalSpy aviso(&s.cnt, &Tfdmcnt::balance_por_recalcular);
         escoja_mes(*b, 4);
         QCOMPARE(actuales(*b), "310505 310505");
+        s.cnt.mes_menos(); // como en los comprobantes
+        QCOMPARE(aviso.count(), 2);
     }
 
     void al_volver_relee_solo_si_se_lo_pidieron() {

@@ -77,6 +77,15 @@ private slots:
         QCOMPARE(s.dato("select user_anocnt from usuario where user_cod = 'ADMIN'"), "2018");
     }
 
+    void sobre_un_grupo_pita_sin_interrumpir() {
+        Anual s;
+        QVERIFY(s.p->CBalance.Locate("CODIGO", {"41"}));
+        for (int tecla : {Qt::Key_F8, Qt::Key_F5, Qt::Key_F7}) {
+            oprima(tecla);
+            QCOMPARE(escritorio()->activa(), s.p);
+        }
+    }
+
     void una_fila_lleva_el_ano_mes_por_mes_y_con_saldos_los_acumula() {
         Anual s;
         const auto fila = [&](const QString& codigo) {

@@ -1,4 +1,5 @@
 // Los saldos son siempre la suma de las líneas, con la dimensión y el período que se pidan.
+#include "apoyo/monitor.h"
 
 namespace {
 
@@ -272,6 +273,27 @@ void PruebaProcedimientosSaldos::cada_consulta_reparte_el_mismo_saldo() {
         // Lo que no lleva tercero sale en una fila sin código: las partes suman la cuenta.
         QCOMPARE(filas("select codigo, final from balance_tercero_mes('1', '2017', 2)"), "|-700");
         base().ejecute("execute procedure compacte_saldos");
+    }
+    // Los nombres se ordenan en español.
+    base().ejecute("update terceros set terc_nom = 'Ábaco' where terc_nit = ?", {kTornillo});
+    for (const char* consulta : {"codigo from balance_tercero_mes('510506', '2017', 2) order by "
+                                 "nombre",
+                                 "nit from balance_con_terceros_mes('2017', 2, '510506', '510506', "
+                                 "'1', 'ZZ', 'N') where nivel = 99 order by nom_tercero"})
+        QCOMPARE(filas(QString("select ") + consulta), kTornillo + '\n' + kAndina);
+    // Ni un tercero lee los demás de su cuenta, ni una cuenta las líneas de otras, ni un libro el
+    // otro.
+    base().ejecute("execute block as declare i int = 0; begin while (i < 5000) do begin i = i + 1; "
+                   "insert into saldos_tercero values ('510506', 'T' || :i, '2017', 2, 0, 0); "
+                   "insert into saldos_centro values ('510506', 'P', :i, '2017', 2, 0, 0); "
+                   "insert into saldos_cuenta_niif values ('9' || :i, '2017', 2, 0, 0); end end");
+    for (const char* de : {"saldo_tercero_mes('510506', '900123456', 2017, 2, 'N')",
+                           "saldo_centro_mes('510506', '0001', '0002', 2017, 2, 'N')",
+                           "mayor_y_balance('2017', 2, 'N', 'N')"}) {
+        const qint64 antes = registros_leidos(base());
+        filas(QString("select * from ") + de);
+        const qint64 leidos = registros_leidos(base()) - antes;
+        QVERIFY2(leidos < 2000, qPrintable(QString("%1: %2").arg(de).arg(leidos)));
     }
 }
 

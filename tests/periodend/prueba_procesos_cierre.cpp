@@ -179,11 +179,14 @@ void PruebaProcesosCierre::cerrar_el_ano_no_cambia_lo_que_habla_de_su_resultado(
               "balance_mes('2017', 13, 'N', 'N', 'S', 'N') where codigo between '4' and '8'",
               "balance_mes_niif('2017', 13, 'N', 'N', 'S', 'S') where codigo between '4' and '8'",
               "balance_mes('2017', 13, 'N', 'N', 'N', 'S') where codigo between '4' and '8'",
-              "balance_con_terceros_mes('2017', 13, '4', '8', '', 'ZZ', 'N') where cuenta < '8'",
-              "balance_con_terceros_mes_n('2017', 13, '4', '8', '8', '9', 'N') where cuenta < '8'",
-              "balance_con_centros_mes('2017', 13, 'N', '4', '8', '', 'zz', '', 'zz') where "
+              "balance_con_terceros_mes('2017', 13, '4', '8', '', 'ZZ', 'N', 'S') where cuenta < "
+              "'8'",
+              "balance_con_terceros_mes_n('2017', 13, '4', '8', '8', '9', 'N', 'S') where cuenta < "
+              "'8'",
+              "balance_con_centros_mes('2017', 13, 'N', '4', '8', '', 'zz', '', 'zz', 'S') where "
               "cuenta < '8'",
-              "balance_con_centros_mes_n('2017', 13, 'S', '4', '8', '0001', 'zz', '', 'zz') where "
+              "balance_con_centros_mes_n('2017', 13, 'S', '4', '999999', '0001', 'zz', '', 'zz', "
+              "'S') where "
               "cuenta < '8'",
               "impr_taxonomia(1, 210000, '20171231')", "impr_taxonomia(1, 310000, '20171231')",
               "impr_taxonomia(1, 210000, '20181231') where item in (190, 250)"})
@@ -197,11 +200,11 @@ void PruebaProcesosCierre::cerrar_el_ano_no_cambia_lo_que_habla_de_su_resultado(
     QVERIFY(!libro.isEmpty());
     base().ejecute(cierre_anual("20171331", "A"));
     QCOMPARE(lea(), antes);
-    // Los balances sí son los del libro, ya cerrado.
+    // Los balances sí son los del libro, ya cerrado, también los de solo esas cuentas.
     for (const char* balance :
          {"balance_prueba('2017', 14, 'S', 99) where codigo",
-          "balance_con_terceros_mes('2017', 14, '', 'ZZ', '', 'ZZ', 'S') where cuenta",
-          "balance_con_centros_mes('2017', 14, 'N', '', 'ZZ', '', 'zz', '', 'zz') where cuenta"})
+          "balance_con_terceros_mes('2017', 14, '4', '8', '', 'ZZ', 'S') where cuenta",
+          "balance_con_centros_mes('2017', 14, 'N', '4', '8', '', 'zz', '', 'zz') where cuenta"})
         QCOMPARE(dato(QString("select sum(abs(final)) from %1 between '4' and '79'").arg(balance)),
                  "0");
     // Y lo de un año que no se cerró entra en el patrimonio del siguiente, como en el libro.

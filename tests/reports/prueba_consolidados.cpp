@@ -242,6 +242,11 @@ private slots:
         QVERIFY(consolidado(11).contains("1,800.00"));
         detallado(12, true);
         QVERIFY2(!s.barra.text().contains("ya tiene cierre"), qPrintable(s.barra.text()));
+        // Con otra fecha en su comprobante, el cierre es de ese mes.
+        s.base.ejecute({"update comprobante_encabezado set enco_fecha = '20171231' where "
+                        "enco_consec = (select enco_consec from cierre_anual)"});
+        detallado(11);
+        QVERIFY2(s.barra.text().contains("ya tiene cierre"), qPrintable(s.barra.text()));
     }
 
     void lo_omitido_se_cuenta_una_vez_y_con_su_saldo() {

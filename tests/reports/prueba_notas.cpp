@@ -149,7 +149,11 @@ void PruebaNotas::la_lista_borra_lo_que_se_confirma() {
     QVERIFY(s.escritorio.abierta("Tfmodnotasestados"));
     s.escritorio.active(lista);
     oprima(Qt::Key_F5);
-    QVERIFY(s.escritorio.abierta("Tfnotasestados"));
+    auto* nueva = s.escritorio.abierta("Tfnotasestados");
+    QVERIFY(nueva);
+    componente<QToolButton>(nueva, "SpeedButton2").click();
+    Interlocutor i; // el período escogido también es algo que se pierde
+    dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "No");
 }
 
 QTEST_MAIN(PruebaNotas)

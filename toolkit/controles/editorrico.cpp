@@ -238,7 +238,3 @@ void EditorRico::html(const QString& html) {
     texto->document()->setModified(false);
     refleje();
 }
-
-bool EditorRico::modificado() const {
-    return texto->document()->isModified();
-}

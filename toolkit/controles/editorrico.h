@@ -24,7 +24,6 @@ public:
     /// HTML de lo escrito; vacío si no hay nada.
     QString html() const;
     void html(const QString& html);
-    bool modificado() const;
 
 protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
