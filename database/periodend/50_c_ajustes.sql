@@ -5,9 +5,9 @@
 SET TERM ^ ;
 
 -- El lado lo dice la cuenta: "S" en CUEN_AJUSDB debita la de ajuste. Un detalle con el saldo al
--- revés se ajusta al revés: el ajuste de la cuenta es el de su saldo neto. Las líneas del ajuste van
--- por cuenta, y llevan el activo solo donde la de ajuste también es de activos; la corrección, una
--- por cuenta de corrección y centro. La llama AJUSTES_INFLACION.
+-- revés se ajusta al revés: el ajuste de la cuenta es el de su saldo neto. Las líneas del ajuste
+-- van por cuenta, y llevan el activo solo donde la de ajuste también es de activos; la corrección,
+-- una por cuenta de corrección y centro. La llama AJUSTES_INFLACION.
 CREATE OR ALTER PROCEDURE ARME_AJUSTE_INFLACION (
   ASIENTO integer, FECHA varchar(8), PAAG numeric(15,2), NIT varchar(20), CONCEPTO varchar(60),
   REFER varchar(8))

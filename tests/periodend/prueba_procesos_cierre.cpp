@@ -1,6 +1,7 @@
 // Cada proceso hace el comprobante que un contador haría a mano con las líneas a la vista, en los
 // libros de su alcance, y borrarlo lo deja todo como estaba.
 #include "apoyo/falla_sql.h"
+#include "apoyo/monitor.h"
 #include "assets/activo_de_prueba.h"
 #include "ledger/libro_al_azar.h"
 
@@ -321,7 +322,9 @@ void PruebaProcesosCierre::el_que_espera_a_otro_proceso_ve_lo_que_hizo() {
         base().en_transaccion(ModoTransaccion::Escritura, [&, sql = otro](Transaccion& t) {
             base().prepare(uno, t)->ejecute(t, {});
             segundo = std::async(std::launch::async, [&] { return falla_sql(otra, sql); });
-            QTest::qSleep(500); // llega a donde espera
+            while (del_motor(base(), "select count(*) from mon$statements where mon$state = 1 and "
+                                     "mon$attachment_id <> current_connection") == "0")
+                continue; // hasta que llegue a donde espera
         });
         const QString dicho = segundo.get();
         QVERIFY2(dicho.contains(negativa), qPrintable(dicho));
