@@ -1,6 +1,7 @@
 #pragma once
 // Cuentas que alimentan un estado de cambios: la tabla en una rejilla, con la cuenta validada.
 #include "catalogues/rejilla_catalogo.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "libro/libro.h"
 
 struct DatosConfiguracion {
@@ -28,5 +29,6 @@ private:
     void AfterInsert();
     void cuenta_cambiada(Campo& cuenta);
 
+    PreguntaEnCampo pregunta_;
     qint64 ultimo_ = 0; ///< el número que llevó la última fila nueva
 };
