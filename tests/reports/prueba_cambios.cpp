@@ -182,6 +182,19 @@ void PruebaCambios::la_configuracion_valida_su_cuenta_y_es_de_su_libro() {
     digite("130505", Qt::Key_Return, Qt::Key_F2);
     QVERIFY(!s.escritorio.abierta("Tfconfflujoef"));
     QCOMPARE(total(), antes + 1);
+    // Preguntar y no escoger deja la que había.
+    ListaFalsa<PideCuenta> plan("Tfcuentasniif");
+    pulse(f, "SpeedButton1");
+    auto& filas =
+        *componente<Rejilla>(s.escritorio.abierta("Tfconfflujoef"), "DBGridEh1").conjunto();
+    const QString cuenta = filas.FieldByName("FLEF_CUENTA").texto();
+    filas.Edit();
+    filas.FieldByName("FLEF_CUENTA") = "?caja";
+    QCOMPARE(plan.pedida().texto_busqueda, "caja");
+    plan.cancele();
+    QCOMPARE(filas.FieldByName("FLEF_CUENTA").texto(), cuenta);
+    filas.Cancel();
+    s.escritorio.abierta("Tfconfflujoef")->close();
     QCOMPARE(s.dato("select flef_cuenta || flef_niif || flef_seccion from flujo_efectivo where "
                     "flef_id = (select max(flef_id) from flujo_efectivo)"),
              "130505S1");
