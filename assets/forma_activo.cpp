@@ -6,14 +6,10 @@
 #include "libro/catalogos.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/controles/editor_sugerido.h"
+#include "toolkit/nombrado.h"
 #include "toolkit/sin_grabar.h"
 
 namespace {
-
-template <class T> T* nombrado(T* control, const char* nombre) {
-    control->setObjectName(nombre);
-    return control;
-}
 
 constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
 

@@ -13,6 +13,7 @@
 #include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/historia_avisos.h"
+#include "toolkit/nombrado.h"
 #include "toolkit/sin_grabar.h"
 
 #include <QIntValidator>
@@ -34,11 +35,6 @@ QLineEdit* caja_que_muestra(const char* nombre, int caracteres) {
 }
 
 namespace {
-
-template <class T> T* nombrado(T* control, const char* nombre) {
-    control->setObjectName(nombre);
-    return control;
-}
 
 ConjuntoDatos& nuevo(QObject* dueno, const char* nombre, Proveedor* proveedor) {
     return *new ConjuntoDatos(dueno, nombre, proveedor);
@@ -109,6 +105,7 @@ void FormaProceso::construya() {
     EDia = nombrado(new QLineEdit, "EDia");
     EDia->setValidator(new QIntValidator(1, 31, EDia));
     EDia->setMaxLength(2);
+    EDia->setReadOnly(datos_.fecha_al_nacer);
     EDia->setFixedWidth(EDia->fontMetrics().horizontalAdvance("0000"));
     connect(EDia, &QLineEdit::editingFinished, this, [this] { proteja([this] { EDiaExit(); }); });
     if (datos_.tercero) {
@@ -192,6 +189,8 @@ void FormaProceso::FormCreate() {
 }
 
 void FormaProceso::FormActivate() {
+    if (datos_.fecha_al_nacer && !campo(datos_.fecha).vacio())
+        return; // el período a la vista es el de la fila
     EAno->setText(fdmcnt().ano_actual);
     EMes->setText(fdmcnt().nombre_periodo());
     if (EDia->text().isEmpty())
@@ -209,6 +208,8 @@ bool FormaProceso::FormClose() {
 // ---------------------------------------------------------------- encabezado
 
 void FormaProceso::ponga_fecha() {
+    if (datos_.fecha_al_nacer && !campo(datos_.fecha).vacio())
+        return;
     campo(datos_.fecha) = fdmcnt().compone_fecha(EDia->text());
 }
 

@@ -29,6 +29,7 @@ struct DatosProceso {
     QStringList nombres_libros = {}; ///< en el orden C, N, A
     QStringList calculados = {};     ///< lo que cambia con la fecha, que nadie digita
     int largo_numero = 6, largo_referencia = 8;
+    bool fecha_al_nacer = false;     ///< la fila nace con la del día 1 y no la cambia
     bool id_en_cada_intento = false; ///< pide uno nuevo aunque el anterior no se haya usado
     /// Con "%1": se muestra con el tipo, y prefijo y número se apagan. Sin él, se lanza.
     const char* sin_prefijos = "Debe registrar antes los prefijos.";
@@ -70,7 +71,7 @@ protected:
     virtual Valor comprobante_hecho() const;
     /// Lo dice en la barra como los comprobantes: "Grabado CG 0001 000106".
     static void anuncie_hecho(const std::function<Valor()>& consecutivo);
-    /// La fecha del día digitado, "aaaammdd", en la fila.
+    /// La fecha del día digitado, "aaaammdd", en la fila; con `fecha_al_nacer`, solo si no tiene.
     void ponga_fecha();
     Campo& campo(const char* nombre) const { return CProceso.FieldByName(nombre); }
     /// El número que se pide: vacío si es el que el prefijo propuso y numera solo, porque otro

@@ -18,14 +18,16 @@ public:
             lugar_[cursor_.columnas()[i].nombre.toUpper()] = i;
     }
     bool siguiente() { return cursor_.siguiente(); }
-    QString texto(const char* columna) const {
-        return cursor_.valor(lugar_.value(QLatin1String(columna))).texto();
-    }
-    Moneda moneda(const char* columna) const {
-        return cursor_.valor(lugar_.value(QLatin1String(columna))).moneda();
-    }
+    QString texto(const char* columna) const { return valor(columna).texto(); }
+    Moneda moneda(const char* columna) const { return valor(columna).moneda(); }
 
 private:
+    Valor valor(const char* columna) const {
+        const auto i = lugar_.constFind(QLatin1String(columna));
+        if (i == lugar_.cend())
+            throw std::logic_error(std::string("la consulta no trae ") + columna);
+        return cursor_.valor(*i);
+    }
     Cursor cursor_;
     QHash<QString, int> lugar_;
 };
@@ -188,7 +190,7 @@ private:
                        const QString& cuenta) const {
         const QString r =
             cuenta.startsWith("13") || cuenta.startsWith("22") ? documento(f, propio) : QString();
-        return fijo() ? blancos(r, 31) : limpio(r, p_.separador);
+        return fijo() ? blancos(quepa(r, 31, "El documento"), 31) : limpio(r, p_.separador);
     }
     QString documento(const Filas& f, const PrefijoExportado& propio) const {
         const QString tipo = f.texto("TICO_COD"), id = f.texto("ENCO_IDREF"),
@@ -323,8 +325,8 @@ private:
 
 // ---------------------------------------------------------------- formatos 2 y 3
 
-/// Lo común de los dos que llevan los datos del tercero. La línea sin tercero también sale: sin
-/// ella el comprobante no cuadraría al leerlo.
+/// Lo común de los dos que llevan los datos del tercero. La línea sin tercero no sale: se cuenta,
+/// porque sin ella el comprobante puede no cuadrar al leerlo.
 class ExportadorLineas : public Exportador {
 public:
     using Exportador::Exportador;
@@ -334,14 +336,18 @@ public:
         Filas f(t_, "select E.ENCO_CONSEC, TICO_COD, PRCO_PREF, ENCO_NUMERO, ENCO_FECHA, CUEN_COD, "
                     "D.TERC_NIT, PROY_COD, CENT_COD, CODE_CONCEPTO, CODE_REFER, CODE_BASE, "
                     "CODE_PORC, CODE_DEBITO, CODE_CREDITO, TERC_DV" +
-                        condicion(" LEFT JOIN TERCEROS T ON D.TERC_NIT = T.TERC_NIT",
+                        condicion(" JOIN TERCEROS T ON D.TERC_NIT = T.TERC_NIT",
                                   contado().toLatin1().constData()) +
                         orden());
         qint64 n = 0;
         for (; f.siguiente(); ++n)
             linea(archivo, renglon(f));
+        Filas quedan(t_, "select count(*) CUANTAS" +
+                             condicion("", contado().toLatin1().constData()) +
+                             " and D.TERC_NIT is null");
+        quedan.siguiente();
         archivo.confirme();
-        return {{p_.archivo}, n};
+        return {{p_.archivo}, n, quedan.texto("CUANTAS").toLongLong()};
     }
 
 protected:

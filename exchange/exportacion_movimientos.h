@@ -23,6 +23,7 @@ struct PeticionExportacion {
 struct ResultadoExportacion {
     QStringList archivos;
     qint64 registros = 0;
+    qint64 sin_tercero = 0; ///< líneas del rango que Csv e Isis no llevan
 };
 
 /// Lanza ErrorExportacion si no se pudo escribir: no queda ninguno a medias.

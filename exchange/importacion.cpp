@@ -123,13 +123,33 @@ ResultadoImportacion Importacion::corra() {
             lector.alimente(octetos);
         }
         termine();
+        avise_lo_que_quedo(lector);
     } catch (const Cancelada&) {
-        resultado_.cancelada = true;
-        if (resultado_.siguen_los_anteriores)
-            resultado_.grabados = 0;
+        detengase();
+    } catch (const ErrorDatos& falla) {
+        if (resultado_.leidos == 0)
+            throw;
+        resultado_.falla = falla;
+        detengase();
     }
     junto_.reset(); // lo que no se confirmó se deshace
     return resultado_;
+}
+
+void Importacion::detengase() {
+    resultado_.cancelada = true;
+    if (resultado_.siguen_los_anteriores)
+        resultado_.grabados = 0;
+}
+
+void Importacion::avise_lo_que_quedo(const LectorRegistros& lector) {
+    if (lector.sin_fin().trimmed().isEmpty())
+        return;
+    resultado_.avisos << QStringLiteral("El último renglón no termina en fin de línea y no entró: "
+                                        "%1")
+                             .arg(QString::fromLatin1(lector.sin_fin().left(60)));
+    if (anote)
+        anote(resultado_.avisos.last(), llave_);
 }
 
 void Importacion::avance_de(qint64 leidos, qint64 total) {

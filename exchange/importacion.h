@@ -44,6 +44,7 @@ struct ResultadoImportacion {
     QVector<RenglonRechazado> rechazados;
     QStringList avisos; ///< de lo que entró incompleto, también anotados
     bool cancelada = false;
+    std::optional<ErrorDatos> falla;    ///< la que la detuvo, si no fue el usuario
     bool siguen_los_anteriores = false; ///< se iban a reemplazar los saldos y no se tocó ninguno
     /// Débitos y créditos de todos los saldos iniciales del libro, como quedan.
     std::optional<std::pair<Moneda, Moneda>> saldos;
@@ -71,7 +72,8 @@ public:
     std::function<bool(const QString& que, int ciento)> avance;
 
     /// Lanza ErrorDatos si el archivo no se puede abrir, es de menos de cinco octetos o está en
-    /// Unicode, antes de escribir nada.
+    /// Unicode, antes de escribir nada. Después, una falla que no es de un renglón la detiene: va
+    /// en el resultado, con lo que alcanzó a entrar.
     ResultadoImportacion corra();
 
 protected:
@@ -105,6 +107,8 @@ protected:
 
 private:
     void avance_de(qint64 leidos, qint64 total);
+    void detengase();
+    void avise_lo_que_quedo(const LectorRegistros& lector);
 
     QHash<QString, Valor> valores_;
     std::unique_ptr<Transaccion> junto_; ///< de un ensayo, o de lo que entra todo o nada

@@ -101,6 +101,11 @@ void ImportacionTerceros::procese(const RegistroLeido& registro) {
         rehuse(registro, razon);
         return;
     }
+    const QString nombre_compuesto = this->nombre_compuesto();
+    if (valor("TERC_NOM").nulo() && nombre_compuesto.trimmed().isEmpty()) {
+        rehuse(registro, QStringLiteral("El tercero %1 no trae nombre ni apellidos.").arg(nit));
+        return;
+    }
     const Valor codigo_ciudad = ciudad(nombre_ciudad);
     const QString falla = escriba([&](Transaccion& t) {
         QVector<QPair<QString, Valor>> datos;
@@ -111,7 +116,7 @@ void ImportacionTerceros::procese(const RegistroLeido& registro) {
             if (nombre == "TERC_CLIE" || nombre == "TERC_PROV" || nombre == "TERC_EMPL")
                 dato = o(dato, "N");
             else if (nombre == "TERC_NOM" && dato.nulo())
-                dato = nombre_compuesto();
+                dato = nombre_compuesto;
         }
         datos.append({QStringLiteral("CIUD_COD"), codigo_ciudad});
         datos.append({QStringLiteral("TERC_DV"), digito()});

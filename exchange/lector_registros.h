@@ -30,6 +30,8 @@ public:
                     std::function<void(const RegistroLeido&)> entregue);
     void alimente(const QByteArray& octetos);
     qint64 renglones() const { return registro_.renglon; }
+    /// Lo que va del último renglón: al terminar el archivo, lo que no se entregó.
+    const QByteArray& sin_fin() const { return registro_.crudo; }
 
 private:
     void reciba(char octeto);

@@ -31,7 +31,7 @@ Tfconfexporta::Tfconfexporta() : Pantalla("Tfconfexporta", "Configurar exportaci
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
                                   [this] { SBGrabarClick(); }));
-    barra->boton("SBCuentas", "F9:Cuentas", "edit-find", Qt::Key_F9, [this] { escoja({}); });
+    barra->boton("SBCuentas", "F9:Cuentas", "edit-find", Qt::Key_F9, [this] { escoja({}, true); });
     barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     tecla(Qt::Key_F12, "Cambiar de rejilla",
           [this] { (DBGridEh1->enfocada() ? DBGridEh2 : DBGridEh1)->setFocus(); });
@@ -42,11 +42,12 @@ Tfconfexporta::Tfconfexporta() : Pantalla("Tfconfexporta", "Configurar exportaci
 void Tfconfexporta::defina_conjuntos() {
     cuide_lo_digitado(*this, {&CCuentas, &CPrefijos});
     constexpr unsigned kLlave = pfInUpdate | pfInWhere | pfInKey;
-    CCuentas.texto("CUEN_COD", 20).requerido().banderas(kLlave).etiqueta("Cuenta").OnChange =
-        [this](Campo& campo) {
-            if (campo.texto().startsWith('?'))
-                escoja(campo.texto().mid(1));
-        };
+    Campo& cuenta = CCuentas.texto("CUEN_COD", 20).requerido().banderas(kLlave).etiqueta("Cuenta");
+    cuenta.OnChange = [this](Campo& campo) {
+        if (const auto texto = pregunta_.tome(campo))
+            escoja(*texto, CCuentas.State() == Estado::Insercion);
+    };
+    pregunta_.atienda(cuenta);
     CCuentas.texto("CUEX_COD", 20).etiqueta("Cuenta destino");
     CPrefijos.texto("PREX_TIPO", 3).requerido().banderas(kLlave).etiqueta("Tipo");
     CPrefijos.texto("PREX_PREF", 4).requerido().banderas(kLlave).etiqueta("Prefijo");
@@ -54,7 +55,7 @@ void Tfconfexporta::defina_conjuntos() {
     CPrefijos.texto("PREX_TIPOEXP", 10).etiqueta("Tipo destino");
     CCuentas.BeforePost = [this] {
         const QString cuenta = CCuentas.FieldByName("CUEN_COD").texto();
-        if (cuenta.isEmpty() || cuenta.startsWith('?')) {
+        if (cuenta.isEmpty()) {
             CCuentas.Cancel();
         } else if (fdmcnt().nom_cuenta(cuenta).isEmpty()) {
             muestre_mensaje(QStringLiteral("La cuenta %1 no existe.").arg(cuenta));
@@ -84,16 +85,18 @@ void Tfconfexporta::FormCreate() {
     DBGridEh1->setFocus();
 }
 
-void Tfconfexporta::escoja(const QString& texto) {
+void Tfconfexporta::escoja(const QString& texto, bool nueva) {
     escoja_cuenta(
         *this, Libro::Decreto2649, texto,
-        [this](const QString& cuenta) {
-            if (!CCuentas.editando())
+        [this, nueva](const QString& cuenta) {
+            if (!CCuentas.editando() && nueva)
                 CCuentas.Append();
+            else if (!CCuentas.editando())
+                CCuentas.Edit();
             CCuentas.FieldByName("CUEN_COD") = cuenta;
             DBGridEh1->setFocus();
         },
-        CCuentas.FieldByName("CUEN_COD").texto());
+        texto.isEmpty() ? CCuentas.FieldByName("CUEN_COD").texto() : QString());
 }
 
 void Tfconfexporta::SBGrabarClick() {

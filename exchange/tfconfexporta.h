@@ -1,6 +1,7 @@
 #pragma once
 // "Configurar exportación": con qué cuentas, tipos y prefijos salen los de la compañía.
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "sesion/tfdm.h"
 #include "toolkit/pantalla.h"
 
@@ -28,6 +29,9 @@ public:
 private:
     void defina_conjuntos();
     Rejilla* rejilla(const char* nombre, ConjuntoDatos& conjunto, const QString& titulo);
-    void escoja(const QString& texto);
+    /// La escogida va a la fila en que se está o, si ya se dejó, a otra `nueva`.
+    void escoja(const QString& texto, bool nueva);
     void SBGrabarClick();
+
+    PreguntaEnCampo pregunta_;
 };

@@ -133,12 +133,17 @@ void Tfexportar::SpeedButton1Click() {
     const ResultadoExportacion r = exporte_movimientos(fdm().Quorvex, *p);
     if (AvisosBarra* barra = fdm().barra())
         barra->texto(QStringLiteral("Exportados %1 registros").arg(r.registros));
+    const QString sin_tercero =
+        r.sin_tercero == 0 ? QString()
+                           : QStringLiteral("\nLíneas sin tercero, que este formato no lleva: %1.")
+                                 .arg(r.sin_tercero);
     muestre_mensaje(p->destino == DestinoExportacion::WebGerencial
                         ? QStringLiteral("PROCESO FINALIZADO. SE GENERARON LOS ARCHIVOS "
                                          "COMPROBANTES.TXT Y TRANSACCIONES.TXT EN LA CARPETA "
                                          "INDICADA.")
                         : QStringLiteral("PROCESO FINALIZADO. SE GENERÓ EL ARCHIVO %1 CON %2 "
                                          "REGISTROS.")
-                              .arg(p->archivo)
-                              .arg(r.registros));
+                                  .arg(p->archivo)
+                                  .arg(r.registros) +
+                              sin_tercero);
 }

@@ -2,9 +2,9 @@
 
 #include "exchange/pch.h"
 #include "sesion/instalacion.h"
+#include "toolkit/avance_trabajo.h"
 #include "toolkit/letrero_al_pie.h"
-
-#include <QScopedValueRollback>
+#include "toolkit/proteccion.h"
 
 namespace {
 /// En el orden de su lista: ninguno, comillas y comilla simple.
@@ -55,23 +55,14 @@ void Tfimportarinv3::construya() {
     LAvance->setObjectName("LAvance");
     LAvance->setTextFormat(Qt::PlainText);
     LAvance->hide();
-    Avance = new QProgressBar;
-    Avance->setObjectName("Avance");
-    Avance->setRange(0, 100);
-    Avance->hide();
     auto* barra = new BarraBotones(this);
     barra->principal(barra->boton("SpeedButton1", "F2:Importar", "document-open", Qt::Key_F2,
                                   [this] { SpeedButton1Click(); }));
     barra->boton("SBEnsayo", "F5:Ensayar", "view-refresh", Qt::Key_F5, [this] { SBEnsayoClick(); });
     barra->boton("SBRechazos", "F8:Rechazados", "dialog-warning", Qt::Key_F8,
                  [] { muestre_rechazos(); });
-    barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] {
-        if (trabajando_)
-            detenga_ = true;
-        else
-            close();
-    });
-    Formulario(this).ancha(DBGridEh1, 1).ancha(LAvance, 0).ancha(Avance, 0).botones(barra);
+    barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
+    Formulario(this).ancha(DBGridEh1, 1).ancha(LAvance, 0).botones(barra);
     tamano(660, 520);
 }
 
@@ -143,8 +134,6 @@ PeticionImportacion Tfimportarinv3::peticion_de(bool ensayo) {
 }
 
 ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
-    const QScopedValueRollback<bool> ocupada(trabajando_, true);
-    detenga_ = false;
     CImportacion.CheckBrowseMode();
     recuerde_columnas(asistente_.tipo, columnas(true));
     const auto importacion =
@@ -153,18 +142,19 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
         importacion->anote = [this](const QString& mensaje, const LlaveComprobante& llave) {
             error_importacion(mensaje, llave);
         };
-    importacion->avance = [this](const QString& que, int ciento) {
-        diga_al_pie(LAvance, que);
-        Avance->setValue(ciento);
-        // Solo Esc llega mientras se trabaja: los demás botones esperan.
-        QApplication::processEvents();
-        return !detenga_;
-    };
-    Avance->setValue(0);
-    Avance->show();
     sin_bitacora_.clear();
-    const ResultadoImportacion resultado = importacion->corra();
-    Avance->hide();
+    ResultadoImportacion resultado;
+    {
+        // Es modal: nada más del programa se toca mientras se escribe.
+        AvanceTrabajo avance(this, windowTitle(), 100);
+        avance.siga(0);
+        importacion->avance = [&](const QString& que, int ciento) {
+            return avance.siga(ciento, que);
+        };
+        resultado = importacion->corra();
+    }
+    if (resultado.falla)
+        reporte_falla(*resultado.falla);
     diga_al_pie(LAvance, resultado.resumen());
     recuerde_importacion({resultado, asistente_.archivo});
     if (AvisosBarra* barra = fdm().barra())
@@ -176,8 +166,6 @@ ResultadoImportacion Tfimportarinv3::corra(bool ensayo) {
 }
 
 void Tfimportarinv3::SpeedButton1Click() {
-    if (trabajando_)
-        return;
     const ResultadoImportacion resultado = corra(false);
     emit fdmcnt().balance_por_recalcular();
     const QString hasta_aqui = resultado.siguen_los_anteriores
@@ -208,10 +196,9 @@ void Tfimportarinv3::diga_lo_incompleto(const ResultadoImportacion& resultado) {
 }
 
 void Tfimportarinv3::SBEnsayoClick() {
-    if (trabajando_)
-        return;
     const ResultadoImportacion resultado = corra(true);
-    muestre_mensaje("Ensayo terminado: no se grabó nada. " + resultado.resumen() + '.');
+    muestre_mensaje((resultado.cancelada ? "Ensayo detenido" : "Ensayo terminado") +
+                    (": no se grabó nada. " + resultado.resumen()) + '.');
     if (!resultado.rechazados.isEmpty())
         muestre_rechazos();
 }
@@ -227,10 +214,6 @@ void Tfimportarinv3::error_importacion(const QString& mensaje, const LlaveCompro
 }
 
 bool Tfimportarinv3::FormClose() {
-    if (trabajando_) {
-        detenga_ = true;
-        return false;
-    }
     for (ConjuntoDatos* c : {&CImportacion, &CImportar, &CNombres})
         c->Close();
     return true;

@@ -6,7 +6,6 @@
 #include "toolkit/pantalla.h"
 
 class QLabel;
-class QProgressBar;
 class Rejilla;
 
 class Tfimportarinv3 : public Pantalla {
@@ -26,7 +25,6 @@ public:
     // --- controles
     Rejilla* DBGridEh1;
     QLabel* LAvance;
-    QProgressBar* Avance;
 
     void FormCreate() override;
     bool FormClose() override;
@@ -45,6 +43,5 @@ private:
     void error_importacion(const QString& mensaje, const LlaveComprobante& llave);
 
     AsistenteImportacion asistente_;
-    bool trabajando_ = false, detenga_ = false;
     QString sin_bitacora_; ///< la que no se dejó escribir
 };

@@ -4,11 +4,12 @@
 
 namespace {
 
+constexpr const char* kSuComprobante =
+    "select enco_consec from comprobante_encabezado where enco_tiporef = ? and enco_idref = ?";
+
 qint64 comprobante_en(Transaccion& t, const DocumentoOrigen& documento) {
-    Cursor c(t.conexion().prepare("select enco_consec from comprobante_encabezado where "
-                                  "enco_tiporef = ? and enco_idref = ?",
-                                  t),
-             t, {documento.tipo, documento.id});
+    Cursor c(t.conexion().prepare(QLatin1String(kSuComprobante), t), t,
+             {documento.tipo, documento.id});
     return c.siguiente() ? c.valor(0).entero() : 0;
 }
 
@@ -54,10 +55,7 @@ bool cuadra(Conexion& conexion, int cntb_id) {
 } // namespace
 
 qint64 comprobante_del_documento(Conexion& conexion, const DocumentoOrigen& documento) {
-    return conexion
-        .consulte("select enco_consec from comprobante_encabezado where enco_tiporef = ?"
-                  " and enco_idref = ?",
-                  {documento.tipo, documento.id})
+    return conexion.consulte(QLatin1String(kSuComprobante), {documento.tipo, documento.id})
         .entero();
 }
 

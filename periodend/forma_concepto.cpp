@@ -7,14 +7,8 @@
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
+#include "toolkit/nombrado.h"
 #include "toolkit/sin_grabar.h"
-
-namespace {
-template <class T> T* nombrado(T* control, const char* nombre) {
-    control->setObjectName(nombre);
-    return control;
-}
-} // namespace
 
 FormaConcepto::FormaConcepto(Modo modo)
     : Pantalla(modo == Nuevo ? "Tfnvoconcepto" : "Tfmodconcepto",
@@ -131,7 +125,9 @@ void FormaConcepto::construya() {
         cuenta_cambiada(x, NomBase);
     };
     CCuentas.FieldByName("TERC_NIT").OnChange = [this](Campo& x) { tercero_cambiado(x); };
-    pregunta_.atienda(CCuentas.FieldByName("TERC_NIT"));
+    pregunta_.atienda(CConceptos.FieldByName("CONC_CTACIERRE"));
+    for (const char* columna : {"CUEN_COD", "COCU_CUENTABASE", "TERC_NIT"})
+        pregunta_.atienda(CCuentas.FieldByName(columna));
     for (const char* columna : {"PROY_COD", "CENT_COD"})
         CCuentas.FieldByName(columna).OnChange = [this](Campo&) { centro_cambiado(); };
 }
@@ -245,12 +241,11 @@ void FormaConcepto::cuenta_cambiada(Campo& campo, QLineEdit* nombre) {
     const QString cuenta = campo.texto();
     if (cuenta.isEmpty())
         return;
-    if (cuenta.startsWith('?')) {
-        campo.limpie();
-        busque_cuenta(campo.conjunto(), campo.FieldName, cuenta.mid(1));
-        return;
-    }
-    if (fdmcnt().valide_cuenta(cuenta)) {
+    if (const auto texto = pregunta_.tome(campo)) {
+        busque_cuenta(campo.conjunto(), campo.FieldName, *texto);
+    } else if (pregunta_.reponiendo()) {
+        muestre_nombre(campo, nombre);
+    } else if (fdmcnt().valide_cuenta(cuenta)) {
         nombre->setText(fdmcnt().nom_cuenta(cuenta));
         nombre->setCursorPosition(0);
     } else if (campo.conjunto().editando()) {
@@ -303,7 +298,7 @@ void FormaConcepto::busque_cuenta(ConjuntoDatos& conjunto, const QString& column
     escoja_cuenta(
         *this, Libro::Decreto2649, texto,
         [this, &conjunto, columna](const QString& cuenta) { reciba(conjunto, columna, cuenta); },
-        conjunto.IsEmpty() ? QString() : conjunto.FieldByName(columna).texto());
+        texto.isEmpty() && !conjunto.IsEmpty() ? conjunto.FieldByName(columna).texto() : QString());
 }
 
 void FormaConcepto::DBGridDblClick(int columna) {

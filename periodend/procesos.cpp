@@ -81,8 +81,10 @@ const DatosProceso& ajuste_inflacion() {
                                 .concepto = "AJUS_CONC",
                                 .referencia = "AJUS_REFER",
                                 .tercero = "TERC_NIT",
+                                .fecha_al_nacer = true,
                                 .id_en_cada_intento = true,
-                                .haciendo = "Calculando los ajustes del mes..."};
+                                .haciendo = "Calculando los ajustes del mes...",
+                                .nota = "El comprobante lleva la fecha del primer día del mes."};
     return d;
 }
 

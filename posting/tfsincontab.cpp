@@ -341,8 +341,12 @@ ResultadoDocumento Tfsincontab::contabilice_en_lote(const DocumentoPendiente& do
     } catch (const EdicionAbortada&) {
         return {documento, Desenlace::EnEspera, QStringLiteral("Se dejó sin terminar.")};
     } catch (...) {
-        // Uno que falla no detiene a los que siguen: se dice en el resumen.
-        return {documento, Desenlace::Fallo, falla_de_excepcion().para_usuario()};
+        // Uno que falla no detiene a los que siguen: se dice en el resumen, y lo que dijo el motor
+        // queda para quien dé soporte.
+        const ErrorDatos falla = falla_de_excepcion();
+        fdm().registre_en_archivo(
+            falla.detalle().isEmpty() ? falla.texto() : falla.texto() + " | " + falla.detalle());
+        return {documento, Desenlace::Fallo, falla.para_usuario()};
     }
 }
 

@@ -17,6 +17,7 @@ ConfiguracionEstado::ConfiguracionEstado(const DatosConfiguracion& datos)
     conjunto_->texto(columna("DB"), 1).etiqueta("Db/Cr");
     conjunto_->AfterInsert = [this] { AfterInsert(); };
     conjunto_->FieldByName(columna("CUENTA")).OnChange = [this](Campo& c) { cuenta_cambiada(c); };
+    pregunta_.atienda(conjunto_->FieldByName(columna("CUENTA")));
     rotulo_grabar_ = "F2:Grabar";
 }
 
@@ -36,16 +37,14 @@ void ConfiguracionEstado::AfterInsert() {
 }
 
 void ConfiguracionEstado::cuenta_cambiada(Campo& cuenta) {
-    const QString texto = cuenta.texto();
-    if (texto.isEmpty())
+    if (cuenta.vacio() || pregunta_.reponiendo())
         return;
-    if (texto.startsWith('?')) {
-        cuenta.limpie();
-        escoja_cuenta(*this, libro(), texto.mid(1), [this](const QString& escogida) {
+    if (const auto texto = pregunta_.tome(cuenta)) {
+        escoja_cuenta(*this, libro(), *texto, [this](const QString& escogida) {
             conjunto_->Edit();
             conjunto_->FieldByName(columna("CUENTA")) = escogida;
         });
-    } else if (!fdmcnt().valide_cuenta(texto, libro())) {
+    } else if (!fdmcnt().valide_cuenta(cuenta.texto(), libro())) {
         cuenta.limpie();
         throw EdicionAbortada(); // la celda queda abierta
     }

@@ -1,6 +1,7 @@
 #pragma once
 // Cuentas que alimentan un estado de cambios: la tabla en una rejilla, con la cuenta validada.
 #include "catalogues/rejilla_catalogo.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "libro/libro.h"
 
 struct DatosConfiguracion {
@@ -27,4 +28,6 @@ protected:
 private:
     void AfterInsert();
     void cuenta_cambiada(Campo& cuenta);
+
+    PreguntaEnCampo pregunta_;
 };

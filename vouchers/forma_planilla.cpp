@@ -50,6 +50,7 @@ void FormaPlanilla::defina_campos() {
     c.texto("PLDI_CENTRO", 4).etiqueta("Centro");
     c.FieldByName("PLDI_TIPOCOMP").OnChange = [this](Campo& x) { TIPOCOMPChange(x); };
     c.FieldByName("PLDI_NIT").OnChange = [this](Campo& x) { NITChange(x); };
+    pregunta_.atienda(c.FieldByName("PLDI_NIT"));
     for (const char* columna : {"PLDI_PROY", "PLDI_CENTRO"})
         c.FieldByName(columna).OnChange = [this](Campo&) { CENTROChange(); };
     ConjuntoDatos& d = CCuentas;
@@ -61,6 +62,7 @@ void FormaPlanilla::defina_campos() {
     for (const char* bandera : {"PLDC_BASE", "PLDC_DB", "PLDC_CUADRAR"})
         d.bandera(QString::fromLatin1(bandera));
     d.FieldByName("PLDC_CUENTA").OnChange = [this](Campo& x) { PLDC_CUENTAChange(x); };
+    pregunta_.atienda(d.FieldByName("PLDC_CUENTA"));
     d.AfterInsert = [this] { nueva_cuenta(); };
     d.BeforePost = [this] { CuentasBeforePost(); };
     d.AfterScroll = [this] { CuentasAfterScroll(); };
@@ -226,15 +228,12 @@ void FormaPlanilla::TIPOCOMPChange(Campo& tipo) {
 }
 
 void FormaPlanilla::NITChange(Campo& nit) {
-    if (nit.vacio())
+    if (nit.vacio() || pregunta_.reponiendo())
         return;
-    if (nit.texto().startsWith('?')) {
-        const QString texto = nit.texto().mid(1);
+    if (const auto texto = pregunta_.tome(nit))
+        busque_tercero(*texto);
+    else if (!fdmter().valide_tercero(nit.texto()))
         nit.limpie();
-        busque_tercero(texto);
-    } else if (!fdmter().valide_tercero(nit.texto())) {
-        nit.limpie();
-    }
 }
 
 void FormaPlanilla::CENTROChange() {
@@ -249,7 +248,7 @@ void FormaPlanilla::CENTROChange() {
 void FormaPlanilla::busque_tercero(const QString& texto) {
     escoja_tercero(
         *this, texto, [this](const QString& nit) { CPlanilla.FieldByName("PLDI_NIT") = nit; },
-        CPlanilla.FieldByName("PLDI_NIT").texto());
+        texto.isEmpty() ? CPlanilla.FieldByName("PLDI_NIT").texto() : QString());
 }
 
 void FormaPlanilla::busque_centro() {
@@ -274,15 +273,14 @@ void FormaPlanilla::PLDC_CUENTAChange(Campo& cuenta) {
     NomCuenta->clear();
     if (cuenta.vacio())
         return;
-    if (cuenta.texto().startsWith('?')) {
-        const QString texto = cuenta.texto().mid(1);
-        cuenta.limpie();
-        busque_cuenta(texto);
-    } else if (fdmcnt().valide_cuenta(cuenta.texto())) {
+    if (const auto texto = pregunta_.tome(cuenta))
+        busque_cuenta(*texto);
+    else if (pregunta_.reponiendo())
+        CuentasAfterScroll();
+    else if (fdmcnt().valide_cuenta(cuenta.texto()))
         NomCuenta->setText(fdmcnt().nom_cuenta(cuenta.texto()));
-    } else {
+    else
         cuenta.limpie();
-    }
 }
 
 void FormaPlanilla::CuentasBeforePost() {

@@ -2,6 +2,7 @@
 // "Digitación rápida": definición de una planilla, nueva (Tfnvaplanillad) o guardada
 // (Tfmodplanillad).
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "libro/lineas.h"
 #include "toolkit/pantalla.h"
 
@@ -52,6 +53,7 @@ private:
     const Modo modo_;
     bool provisional_ = false; ///< la base tiene una sin grabar del todo
     ContadorLineas contador_;
+    PreguntaEnCampo pregunta_;
     ListaDato *LTipo, *LPref;
     EditorDato *ENombre, *Nit, *Proy, *Centro;
     CasillaDato *ckTerc, *ckCentro;

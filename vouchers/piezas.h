@@ -1,5 +1,7 @@
 #pragma once
 // Piezas pequeñas con que se arman las pantallas de comprobantes.
+#include "toolkit/nombrado.h"
+
 #include <QLabel>
 #include <QLineEdit>
 
@@ -34,9 +36,4 @@ inline QLabel* rotulo(const QString& texto, QWidget* control) {
     l->setBuddy(control);
     control->setAccessibleName(texto);
     return l;
-}
-
-template <class T> T* nombrado(T* control, const char* nombre) {
-    control->setObjectName(nombre);
-    return control;
 }

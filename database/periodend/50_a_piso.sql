@@ -98,12 +98,57 @@ BEGIN
 END^
 
 -- Toma los saldos de un libro para leerlos enteros: mientras no termine la transacción nadie
--- compacta.
+-- compacta, y otro proceso que lea saldos espera. Es lo primero que hace un proceso: lo que
+-- averigüe antes puede cambiar mientras espera.
 CREATE OR ALTER PROCEDURE RETENGA_SALDOS (LIBRO varchar(4))
 AS
   DECLARE TOMADO varchar(4);
 BEGIN
   SELECT SACO_LIBRO FROM SALDOS_CONTROL WHERE SACO_LIBRO = :LIBRO WITH LOCK INTO :TOMADO;
+END^
+
+-- Los de cada libro del alcance, siempre en el mismo orden: dos procesos no se traban.
+CREATE OR ALTER PROCEDURE RETENGA_ALCANCE (ALCANCE char(1))
+AS
+BEGIN
+  IF (ALCANZA_LIBRO(ALCANCE, '2649')) THEN
+    EXECUTE PROCEDURE RETENGA_SALDOS('2649');
+  IF (ALCANZA_LIBRO(ALCANCE, 'NIIF')) THEN
+    EXECUTE PROCEDURE RETENGA_SALDOS('NIIF');
+END^
+
+-- Reparte en varias cada línea de la hoja que no quepa en una. Lo que sigue va al final, sin base.
+CREATE OR ALTER PROCEDURE REPARTA_LINEAS (ASIENTO integer)
+AS
+  DECLARE TOPE numeric(15,2) = 9999999999999.99;
+  DECLARE LIBRO varchar(4);
+  DECLARE ITEM integer;
+  DECLARE DEBITO numeric(18,2);
+  DECLARE CREDITO numeric(18,2);
+BEGIN
+  FOR
+    SELECT LIBRO, CODE_ITEM, CODE_DEBITO, CODE_CREDITO FROM ASIENTO_LINEA
+    WHERE ASIE_ID = :ASIENTO AND maxvalue(CODE_DEBITO, CODE_CREDITO) > :TOPE
+    INTO :LIBRO, :ITEM, :DEBITO, :CREDITO
+  DO
+  BEGIN
+    UPDATE ASIENTO_LINEA SET CODE_DEBITO = minvalue(:DEBITO, :TOPE),
+      CODE_CREDITO = minvalue(:CREDITO, :TOPE)
+    WHERE ASIE_ID = :ASIENTO AND LIBRO = :LIBRO AND CODE_ITEM = :ITEM;
+    WHILE (maxvalue(DEBITO, CREDITO) > TOPE) DO
+    BEGIN
+      DEBITO = maxvalue(DEBITO - TOPE, 0);
+      CREDITO = maxvalue(CREDITO - TOPE, 0);
+      INSERT INTO ASIENTO_LINEA (ASIE_ID, LIBRO, CODE_ITEM, CUEN_COD, CODE_CONCEPTO, CODE_REFER,
+        CODE_DEBITO, CODE_CREDITO, CODE_PORC, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD, CODE_TIPOAPL,
+        CNDE_DOCAPLICA, CODE_DESCONTABLE)
+      SELECT ASIE_ID, LIBRO, (SELECT max(CODE_ITEM) + 1 FROM ASIENTO_LINEA
+          WHERE ASIE_ID = :ASIENTO AND LIBRO = :LIBRO), CUEN_COD, CODE_CONCEPTO, CODE_REFER,
+        minvalue(:DEBITO, :TOPE), minvalue(:CREDITO, :TOPE), CODE_PORC, TERC_NIT, PROY_COD,
+        CENT_COD, ARTI_COD, CODE_TIPOAPL, CNDE_DOCAPLICA, CODE_DESCONTABLE
+      FROM ASIENTO_LINEA WHERE ASIE_ID = :ASIENTO AND LIBRO = :LIBRO AND CODE_ITEM = :ITEM;
+    END
+  END
 END^
 
 -- Asienta lo que el proceso armó en la hoja ASIENTO y devuelve el comprobante. QUE nombra el
@@ -123,6 +168,7 @@ BEGIN
   INTO :MONTO;
   IF (MONTO IS NULL) THEN
     EXCEPTION PROCESO_VACIO QUE || ': ' || VACIO || ' No se hizo ningún comprobante.';
+  EXECUTE PROCEDURE REPARTA_LINEAS(ASIENTO);
   -- Un saldo se cancela como está, aunque a la cuenta hoy se le exija más.
   rdb$set_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS', nullif(DE_SALDOS, 'N'));
   NOMBRE = (SELECT TERC_NOM FROM TERCEROS WHERE TERC_NIT = :NIT);

@@ -4,9 +4,10 @@
 
 SET TERM ^ ;
 
--- El lado lo dice la cuenta: "S" en CUEN_AJUSDB debita la de ajuste. Las líneas del ajuste van por
--- cuenta, y llevan el activo solo donde la de ajuste también es de activos; la corrección, una por
--- cuenta de corrección y centro. La llama AJUSTES_INFLACION.
+-- El lado lo dice la cuenta: "S" en CUEN_AJUSDB debita la de ajuste. Un detalle con el saldo al
+-- revés se ajusta al revés: el ajuste de la cuenta es el de su saldo neto. Las líneas del ajuste
+-- van por cuenta, y llevan el activo solo donde la de ajuste también es de activos; la corrección,
+-- una por cuenta de corrección y centro. La llama AJUSTES_INFLACION.
 CREATE OR ALTER PROCEDURE ARME_AJUSTE_INFLACION (
   ASIENTO integer, FECHA varchar(8), PAAG numeric(15,2), NIT varchar(20), CONCEPTO varchar(60),
   REFER varchar(8))
@@ -24,14 +25,13 @@ BEGIN
   IF (CUENTA IS NOT NULL) THEN
     EXCEPTION PROCESO_INCOMPLETO 'La cuenta ' || CUENTA
       || ' tiene cuenta de ajuste por inflación pero no cuenta de corrección.';
-  EXECUTE PROCEDURE RETENGA_SALDOS('2649');
   INSERT INTO ASIENTO_LINEA (ASIE_ID, LIBRO, CODE_ITEM, CUEN_COD, CODE_CONCEPTO, CODE_REFER,
     CODE_DEBITO, CODE_CREDITO, CODE_BASE, CODE_PORC, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD,
     CODE_DESCONTABLE)
   WITH SALDO AS (
     SELECT C.CUEN_CTAJUSTE, C.CUEN_CTACORRECION, C.CUEN_AJUSDB, S.TERC_NIT, S.PROY_COD, S.CENT_COD,
       iif(C.CUEN_TIPO = 'A' AND T.CUEN_TIPO IS DISTINCT FROM 'A', '', S.ARTI_COD) ARTI_COD,
-      abs(sum(S.SALD_DEBITO - S.SALD_CREDITO)) VALOR
+      iif(C.CUEN_AJUSDB = 'S', 1, -1) * sum(S.SALD_DEBITO - S.SALD_CREDITO) VALOR
     FROM CUENTAS C
     LEFT JOIN CUENTAS T ON T.CUEN_COD = C.CUEN_CTAJUSTE
     JOIN VISTA_SALDOS_DETALLE S ON S.CUEN_COD = C.CUEN_COD
@@ -44,7 +44,7 @@ BEGIN
     SELECT SALDO.*, cast(VALOR * :PAAG / 100 AS numeric(15,2)) IMPORTE FROM SALDO),
   MOVIMIENTO AS (
     SELECT 0 PARTE, CUEN_CTAJUSTE CUENTA, iif(CUEN_AJUSDB = 'S', 1, -1) * sum(IMPORTE) NETO,
-      sum(VALOR) BASE, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD
+      abs(sum(VALOR)) BASE, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD
     FROM AJUSTE
     GROUP BY CUEN_CTAJUSTE, CUEN_AJUSDB, TERC_NIT, PROY_COD, CENT_COD, ARTI_COD
     UNION ALL
@@ -68,6 +68,7 @@ AS
   DECLARE ASIENTO integer;
   DECLARE OTRO integer;
 BEGIN
+  EXECUTE PROCEDURE RETENGA_SALDOS('2649');
   IF (coalesce(NEW.AJUS_ID, 0) = 0) THEN
     NEW.AJUS_ID = NEXT VALUE FOR SEC_AJUSTE_INFLACION;
   IF (coalesce(NEW.AJUS_PAAG, 0) = 0) THEN

@@ -64,6 +64,7 @@ AS
   DECLARE ID integer;
   DECLARE FINAL varchar(8);
 BEGIN
+  EXECUTE PROCEDURE RETENGA_SALDOS('2649');
   IF (coalesce(TRM, 0) <= 0) THEN
     EXCEPTION PROCESO_INCOMPLETO 'La TRM del día debe ser mayor que cero.';
   DIA = replace(FECHA, '/', '');

@@ -34,7 +34,8 @@ AS
   DECLARE NOMBRE varchar(11) = 'cuenta';
   DECLARE DE_SALDOS char(1);
 BEGIN
-  -- Un proceso que cancela saldos los toma como están: no les exige lo que hoy pide la cuenta.
+  -- Un proceso que cancela saldos los toma como están: no les exige lo que hoy pide la cuenta, ni
+  -- que su clase sea la que tenía cuando recibió el artículo.
   DE_SALDOS = rdb$get_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS');
   IF ('{LIBRO}' = 'NIIF') THEN
     NOMBRE = 'cuenta NIIF';
@@ -98,7 +99,8 @@ BEGIN
     END
 
     CAMPO = iif(PROY = '', 'PROY_COD', 'CENT_COD');
-    IF ((PROY <> '' OR CENT <> '') AND HAY_CENTRO IS NULL) THEN
+    IF (HAY_CENTRO IS NULL AND (PROY <> '' OR CENT <> '')
+      AND (DE_SALDOS IS NULL OR '' NOT IN (PROY, CENT))) THEN
     BEGIN
       CODIGO = 'CENTRO';
       TEXTO = SITIO || 'Proyecto-Centro no encontrado.';
@@ -121,7 +123,8 @@ BEGIN
     END
 
     -- Un activo fijo en las cuentas de clase "A"; en las demás, un artículo.
-    IF (ARTICULO <> '' AND iif(TIPO = 'A', HAY_ACTIVO, HAY_ARTICULO) IS NULL) THEN
+    IF (ARTICULO <> '' AND iif(DE_SALDOS IS NOT NULL, coalesce(HAY_ACTIVO, HAY_ARTICULO),
+      iif(TIPO = 'A', HAY_ACTIVO, HAY_ARTICULO)) IS NULL) THEN
     BEGIN
       CODIGO = 'ARTICULO';
       CAMPO = 'ARTI_COD';

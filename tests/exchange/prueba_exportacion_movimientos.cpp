@@ -39,6 +39,10 @@ private:
             return {"sin fin de línea"};
         return todo.split("\r\n", Qt::SkipEmptyParts);
     }
+    void con_tercero() {
+        base_->base().ejecute("update comprobante_detalle set terc_nit = '860002964' where "
+                              "terc_nit is null");
+    }
     QStringList exporte(const PeticionExportacion& p) {
         exporte_movimientos(base_->base(), p);
         return renglones(p.archivo);
@@ -150,6 +154,10 @@ void PruebaExportacionMovimientos::la_referencia_de_siigo_sale_del_documento() {
         referencias << renglon.split(',')[21];
     QCOMPARE(referencias, QStringList({"FV0100000000987", "", "00000000002", "", "FCCC300000000055",
                                        "", "000100000000004", ""}));
+    base_->ejecute({"update egresos_detalle set egde_numero = '12345678'",
+                    "update prefijos_exportacion set prex_exporta = 'ABCDEFGHIJ', prex_tipoexp = "
+                    "'ABCDEFGHIJ'"});
+    QVERIFY_EXCEPTION_THROWN(exporte(pedido(DestinoExportacion::Siigo, QChar())), ErrorDatos);
 }
 
 void PruebaExportacionMovimientos::web_gerencial_graba_dos_archivos_del_mismo_ancho() {
@@ -191,6 +199,11 @@ void PruebaExportacionMovimientos::isis_es_de_ancho_fijo_y_omite_las_ventas_de_c
          "'000001')"});
     siete("000001", "20170201", "VNT", "0001");
     PeticionExportacion p = pedido(DestinoExportacion::Isis);
+    // La línea sin tercero no viaja, y se cuenta.
+    const ResultadoExportacion sin = exporte_movimientos(base_->base(), p);
+    QCOMPARE(sin.registros, 1);
+    QCOMPARE(sin.sin_tercero, 3);
+    con_tercero();
     QCOMPARE(exporte(p).size(), 4);
     p.omita_contado = true;
     const QStringList r = exporte(p);
@@ -209,6 +222,7 @@ void PruebaExportacionMovimientos::isis_es_de_ancho_fijo_y_omite_las_ventas_de_c
 void PruebaExportacionMovimientos::los_filtros_escogen_tipo_prefijo_y_fechas() {
     uno();
     siete("000001", "20170301", "RC", "0002");
+    con_tercero();
     const auto cuantas = [&](const std::function<void(PeticionExportacion&)>& ajuste) {
         PeticionExportacion p = pedido(DestinoExportacion::Csv);
         ajuste(p);
@@ -224,12 +238,12 @@ void PruebaExportacionMovimientos::los_filtros_escogen_tipo_prefijo_y_fechas() {
 
 void PruebaExportacionMovimientos::el_csv_leido_en_una_compania_vacia_da_los_mismos_saldos() {
     QRandomGenerator azar = azar_de_prueba(122);
-    const QVector<Linea> posibles{{0, "110505", 0, 0},
+    const QVector<Linea> posibles{{0, "110505", 0, 0, "860002964"},
                                   {0, "130505", 0, 0, "900123456"},
                                   {0, "220505", 0, 0, "800456789"},
-                                  {0, "413505", 0, 0, {}, "0002", "0001"},
+                                  {0, "413505", 0, 0, "900123456", "0002", "0001"},
                                   {0, "510506", 0, 0, "52345678", "0001", "0002"},
-                                  {0, "310505", 0, 0}};
+                                  {0, "310505", 0, 0, "860002964"}};
     for (int id = 1; id <= 150; ++id) {
         ComprobanteEnTablas c{id, QStringLiteral("%1").arg(id, 6, 10, QChar('0')),
                               QStringLiteral("2017%1%2")
@@ -281,6 +295,7 @@ void PruebaExportacionMovimientos::una_carpeta_que_no_existe_se_dice_y_no_deja_n
 
 void PruebaExportacionMovimientos::lo_que_no_cabe_en_ancho_fijo_se_dice_y_no_deja_nada() {
     uno();
+    con_tercero();
     base_->ejecute({"update cuentas_exportacion set cuex_cod = '4135950001234' where cuen_cod = "
                     "'413505'"});
     for (PeticionExportacion p :
@@ -307,6 +322,7 @@ void PruebaExportacionMovimientos::un_valor_negativo_conserva_su_signo() {
                           {{1, "110505", Moneda::de_texto("-1250.05"), 0},
                            {2, "111005", Moneda::de_texto("1250.05"), 0},
                            {3, "111005", 0, Moneda::de_texto("-5")}}});
+    con_tercero();
     const QStringList comas = exporte(pedido(DestinoExportacion::Siigo)),
                       fijo = exporte(pedido(DestinoExportacion::Siigo, QChar()));
     QCOMPARE(comas[0].split(',').mid(13, 3), QStringList({"D", "-1250", "05"}));

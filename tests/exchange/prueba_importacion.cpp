@@ -271,12 +271,17 @@ void PruebaImportacion::las_cuentas_y_los_terceros_que_existen_no_cambian() {
                                   "71,,Calle 1,,Medell\xEDn,,,,,,N,P\xE9rez,G\xF3mez,Ana,,S\n"
                                   "72,Sin ciudad,,,Macondo\n"
                                   "73,,,,,,,,,,,Solo\n"
-                                  ",Sin NIT\n");
+                                  ",Sin NIT\n"
+                                  "74,,,,,,,,,,, ,,,\n"
+                                  "75,Sin fin");
     QCOMPARE(terceros.resultado.omitidos, 2);
-    QCOMPARE(rechazos(terceros.resultado), QString());
+    QCOMPARE(rechazos(terceros.resultado),
+             "6|74,,,,,,,,,,, ,,,|El tercero 74 no trae nombre ni apellidos.");
     QCOMPARE(terceros.resultado.avisos,
-             QStringList("Ciudad no encontrada 'Macondo': el tercero 72 entró sin ella."));
-    QCOMPARE(terceros.anotado, QStringList(terceros.resultado.avisos[0] + "Tipo:Pref:Num:"));
+             QStringList({"Ciudad no encontrada 'Macondo': el tercero 72 entró sin ella.",
+                          "El último renglón no termina en fin de línea y no entró: 75,Sin fin"}));
+    QCOMPARE(terceros.anotado.first(), terceros.resultado.avisos[0] + "Tipo:Pref:Num:");
+    QCOMPARE(terceros.anotado.size(), 3);
     QCOMPARE(filas("select coalesce(ciud_cod, '-') from terceros where terc_nit = '72'"), "-");
     QCOMPARE(filas("select terc_nom, terc_clie, terc_prov, ciud_cod, terc_estado from terceros "
                    "where terc_nit in ('900123456', '71') order by terc_nit desc"),
@@ -554,11 +559,20 @@ void PruebaImportacion::los_saldos_que_reemplazan_entran_todos_o_ninguno() {
     f.close();
     auto una = importacion_de(base_->base(), p, {}, "ADMIN");
     int vistos = 0;
-    una->avance = [&](const QString&, int) { return ++vistos < 2; };
-    const ResultadoImportacion detenida = una->corra();
+    for (const bool se_cae : {false, true}) {
+        vistos = 0;
+        una->avance = [&](const QString&, int) {
+            if (++vistos == 2 && se_cae)
+                throw ErrorBase({ClaseFalla::ConexionPerdida}, "Se cayó");
+            return vistos < 2;
+        };
+        const ResultadoImportacion detenida = una->corra();
+        QVERIFY(detenida.cancelada && detenida.siguen_los_anteriores);
+        QCOMPARE(detenida.falla ? detenida.falla->texto() : QString(), se_cae ? "Se cayó" : "");
+        QCOMPARE(detenida.grabados, 0);
+        una = importacion_de(base_->base(), p, {}, "ADMIN");
+    }
     una.reset(); // suelta el turno
-    QVERIFY(detenida.cancelada && detenida.siguen_los_anteriores);
-    QCOMPARE(detenida.grabados, 0);
     QCOMPARE(quedan(), "5.00");
     const auto nada = importe(ClaseImportacion::Saldos, "999999,,,,,1,\n1105,,,,,2,\n", borre);
     QCOMPARE(nada.resultado.resumen(), "Leídos 2, grabados 0, rechazados 2, omitidos 0; los saldos "

@@ -6,6 +6,9 @@
 #include "exchange/tfimportarinv2.h"
 #include "exchange/tfimportarinv3.h"
 #include "exchange/tfrechazosimp.h"
+#include "toolkit/avance_trabajo.h"
+
+#include "apoyo/servidor_prueba.h"
 
 class PruebaPantallasIntercambio : public QObject {
     Q_OBJECT
@@ -23,6 +26,7 @@ private slots:
     }
 
     void el_asistente_importa_y_recuerda_archivo_y_columnas();
+    void mientras_importa_solo_se_puede_detener_y_se_dice_lo_que_entro();
     void el_asistente_exige_un_archivo_que_exista();
     void los_saldos_preguntan_si_se_borran_los_que_hay();
     void la_exportacion_pide_lo_que_falta_y_graba();
@@ -117,6 +121,40 @@ void PruebaPantallasIntercambio::el_asistente_importa_y_recuerda_archivo_y_colum
                                 ": F8 muestra los rechazados.");
 }
 
+void PruebaPantallasIntercambio::mientras_importa_solo_se_puede_detener_y_se_dice_lo_que_entro() {
+    const QScopedValueRollback<int> enseguida(AvanceTrabajo::ms_demora, 0);
+    ServidorDePrueba servidor;
+    s_->dm.Quorvex.desconectar();
+    s_->dm.Quorvex.conectar(servidor.parametros());
+    QByteArray terceros;
+    for (int nit = 1000; nit < 3000; ++nit)
+        terceros += QByteArray::number(nit) + ",Tercero\n";
+    const QString ruta = archivo(terceros);
+    for (const bool se_cae : {false, true}) {
+        Tfimportarinv3* tres = tercer_paso("Importar1", ruta);
+        QVERIFY(tres);
+        int vistas = 0;
+        QTimer reloj;
+        connect(&reloj, &QTimer::timeout, &reloj, [&] {
+            auto* d = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+            if (!d || ++vistas != 3)
+                return;
+            if (se_cae)
+                servidor.mate();
+            else
+                QTest::keyClick(d, Qt::Key_Escape);
+        });
+        reloj.start(1);
+        if (se_cae)
+            i_->espere_comienzo("Se presento el siguiente error: ");
+        i_->espere_comienzo("Importación detenida. Lo que ya se había grabado queda: Leídos ");
+        siga(Qt::Key_F2);
+        QVERIFY(vistas >= 3);
+        QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
+        QVERIFY(barra_.text().startsWith("Leídos "));
+    }
+}
+
 void PruebaPantallasIntercambio::el_asistente_exige_un_archivo_que_exista() {
     pantallas().abrir("Tfimportarinv1");
     auto* dos = qobject_cast<Tfimportarinv2*>(siga(Qt::Key_F2));
@@ -168,7 +206,8 @@ void PruebaPantallasIntercambio::la_exportacion_pide_lo_que_falta_y_graba() {
     componente<QComboBox>(p, "LSepara").setCurrentIndex(3);
     dice(Qt::Key_F2, "El formato CSV necesita un separador: escoja uno.");
     componente<QComboBox>(p, "LSepara").setCurrentIndex(1);
-    dice(Qt::Key_F2, "PROCESO FINALIZADO. SE GENERÓ EL ARCHIVO " + ruta + " CON 2 REGISTROS.");
+    dice(Qt::Key_F2, "PROCESO FINALIZADO. SE GENERÓ EL ARCHIVO " + ruta +
+                         " CON 0 REGISTROS.\nLíneas sin tercero, que este formato no lleva: 2.");
     QVERIFY(QFile::exists(ruta));
     dice(Qt::Key_F2, "El archivo " + ruta + " ya existe. Desea reemplazarlo?", "No");
     componente<QComboBox>(p, "LDestino").setCurrentText("WEB GERENCIAL");
@@ -187,6 +226,13 @@ void PruebaPantallasIntercambio::las_equivalencias_se_graban_y_la_cuenta_debe_ex
     QCOMPARE(cuentas.pedida().texto_busqueda, "caja");
     cuentas.conteste("110505");
     agote_eventos();
+    // Preguntar otra vez y no escoger deja la que había.
+    auto& equivalencias = *componente<Rejilla>(p, "DBGridEh1").conjunto();
+    enfoque(p, "DBGridEh1", 0);
+    digite("?", Qt::Key_Return);
+    cuentas.cancele();
+    agote_eventos();
+    QCOMPARE(equivalencias.FieldByName("CUEN_COD").texto(), "110505");
     enfoque(p, "DBGridEh1", 1);
     digite("1105");
     QApplication::clipboard()->setText("111005\tA1\n9\tB\n110505\tC\n");

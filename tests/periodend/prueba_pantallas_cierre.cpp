@@ -241,9 +241,12 @@ private slots:
         s.tipo("Comprobante");
         dice(Qt::Key_F2, "Los campos PAAG,  son obligatorios.");
         QCOMPARE(con_foco()->objectName(), "EPaag");
-        s.escriba("EPaag=1.5; EConcepto=Junio");
+        s.escriba("EDia=30; EPaag=1.5; EConcepto=Junio");
+        s.cnt.periodo_actual = 8;
         oprima(Qt::Key_F2);
         QVERIFY(!s.escritorio.abierta("Tfajustesinf"));
+        // La fecha es la de cuando nació la fila.
+        QCOMPARE(s.dato("select ajus_fecha from ajustes_inflacion"), "20170601");
         QCOMPARE(s.dato("select code_debito from comprobante_detalle where enco_consec <> 501 and "
                         "cuen_cod = '152405'"),
                  "15");
@@ -366,7 +369,12 @@ private slots:
         s.abra("Tfbuscconcepto");
         s.siga(Qt::Key_F4);
         QCOMPARE(s.p->objectName(), "Tfmodconcepto");
-        QCOMPARE(s.caja("ECta"), "159215"); // la que se inactivó después sigue ahí
+        ListaFalsa<PideCuenta> plan("Tfcuentas");
+        enfoque(s.p, "ECta");
+        digite("?banco", Qt::Key_Tab);
+        QCOMPARE(plan.pedida().texto_busqueda, "banco");
+        plan.cancele();
+        QCOMPARE(s.caja("ECta"), "159215"); // sin escoger, aunque se inactivó después, sigue ahí
         pulse(s.p, "Vence");
         QVERIFY(componente<QWidget>(s.p, "MesIni").isEnabled());
         pulse(s.p, "Vence");

@@ -1,8 +1,11 @@
 // Cada proceso hace el comprobante que un contador haría a mano con las líneas a la vista, en los
 // libros de su alcance, y borrarlo lo deja todo como estaba.
 #include "apoyo/falla_sql.h"
+#include "apoyo/monitor.h"
 #include "assets/activo_de_prueba.h"
 #include "ledger/libro_al_azar.h"
+
+#include <future>
 
 namespace {
 
@@ -60,6 +63,7 @@ private slots:
     void cerrar_el_ano_no_cambia_lo_que_habla_de_su_resultado();
     void el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_ya_no_se_usan();
     void el_cierre_no_se_repite_ni_se_salta_ni_se_edita();
+    void el_que_espera_a_otro_proceso_ve_lo_que_hizo();
     void el_cierre_de_terceros_pasa_los_saldos_al_tercero();
     void el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del_comienzo();
     void un_registro_automatico_calcula_cada_base();
@@ -70,6 +74,9 @@ private slots:
 private:
     QString dato(const QString& sql) { return base().consulte(sql).texto(); }
     QString falla(const QString& orden) { return falla_sql(base(), orden); }
+    /// Línea de un documento F1 o F2 en la cartera, con su Base en moneda.
+    void en_cartera(int id, const char* debito, const char* credito, const char* base_,
+                    const char* abre, const char* aplica);
     void conceptos_de_prueba();
     /// Una receta con esos conceptos, ya registrados.
     void receta(const QStringList& conceptos) {
@@ -94,6 +101,14 @@ void PruebaProcesosCierre::init() {
 }
 
 void PruebaProcesosCierre::el_cierre_anual_deja_en_cero_los_resultados_de_su_alcance() {
+    // Lo que no cabe en una línea va en varias.
+    const Moneda tope = Moneda::de_texto("9999999999999.99");
+    ComprobanteEnTablas grande{950, "000950", "20171115"};
+    for (int i = 0; i < 5; i += 2)
+        grande.lineas << Linea{i + 1, "413505", {}, tope, {}, "0002", "0001"}
+                      << Linea{i + 2, "111005", tope, {}};
+    grande.lineas_niif = grande.lineas;
+    grabe(base(), grande);
     const QString antes = foto(base());
     const auto hasta_2017 = resultados_hasta("2017");
     const QMap<Clave, Moneda> esperado[] = {netos(base(), 0, hasta_2017),
@@ -225,6 +240,15 @@ void PruebaProcesosCierre::cerrar_el_ano_no_cambia_lo_que_habla_de_su_resultado(
 void PruebaProcesosCierre::el_cierre_saca_los_saldos_de_cuentas_y_terceros_que_ya_no_se_usan() {
     base().ejecute("update cuentas set cuen_activa = 'N' where cuen_cod >= '4' and cuen_cod < '8'");
     base().ejecute("update terceros set terc_estado = 'N' where terc_nit <> '860002964'");
+    // Ni de qué clase son hoy, ni si a un saldo le falta el centro.
+    agregue_al_plan(base(), {"5160", "516015"});
+    base().ejecute("insert into activos_fijos (acfj_cod, acfj_desc) values ('MUEB1', 'Mesa')");
+    base().ejecute("update cuentas set cuen_tipo = 'A' where cuen_cod = '516015'");
+    grabe(base(), 950, "20180105",
+          {{1, "516015", Moneda(1000), {}, {}, {}, {}, "MUEB1"}, {2, "310505", {}, Moneda(1000)}});
+    base().ejecute("update cuentas set cuen_tipo = 'N' where cuen_cod = '516015'");
+    base().ejecute("insert into saldos_iniciales (sain_item, cuen_cod, proy_cod, sain_debito) "
+                   "values (90, '516015', '0001', 7)");
     const QString movimiento =
         "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, code_debito, "
         "code_credito) select first 1 enco_consec, 999, '413505', 0, 1 from comprobante_encabezado";
@@ -249,6 +273,12 @@ void PruebaProcesosCierre::el_cierre_no_se_repite_ni_se_salta_ni_se_edita() {
     QVERIFY(falla(cierre_anual("20180630", "A")).contains("se hace en diciembre"));
     QVERIFY(falla(cierre_anual("20161331", "C")).contains("posterior a 2016"));
     QVERIFY(falla("update cierre_anual set cian_concepto = 'Otro'").contains("no se modifica"));
+    // Ni se deshace el que está debajo de otro.
+    base().ejecute(cierre_anual("20181331", "A"));
+    QVERIFY(falla("delete from cierre_anual where cian_fecha = '20171331'")
+                .contains("Elimínelo antes de borrar el de 2017"));
+    base().ejecute("delete from cierre_anual where cian_fecha = '20181331'");
+    QCOMPARE(foto(base()), hecho);
     // Un comprobante hecho por un proceso solo sale con él.
     QVERIFY(!falla("delete from comprobante_encabezado where enco_consec = (select enco_consec "
                    "from cierre_anual)")
@@ -268,6 +298,40 @@ void PruebaProcesosCierre::el_cierre_no_se_repite_ni_se_salta_ni_se_edita() {
     base().ejecute("delete from saldos_iniciales_niif");
     QVERIFY(falla(cierre_anual("20171331", "N")).contains("no tienen saldo"));
     QCOMPARE(dato("select count(*) from cierre_anual"), "1");
+}
+
+void PruebaProcesosCierre::el_que_espera_a_otro_proceso_ve_lo_que_hizo() {
+    base().ejecute("update cuentas set cuen_ctajuste = '143505', cuen_ctacorrecion = '421020', "
+                   "cuen_ajusdb = 'S' where cuen_cod = '143505'");
+    base().ejecute("delete from comprobante_detalle where cuen_cod = '130505'");
+    en_cartera(901, "3000000", "0", "1000", "F1", "");
+    const QString ajuste =
+        "insert into ajustes_inflacion (ajus_id, tico_cod, prco_pref, ajus_conc, ajus_fecha, "
+        "ajus_paag) values (0, 'CG', '0001', 'PAAG', '20180331', 1.25)";
+    const QString causa = "execute block as declare n integer; begin select count(*) from "
+                          "causa_diferencia_cambio('2018/12/31', 'CG', '0001', '', 3100, '1305') "
+                          "into n; end";
+    const struct {
+        QString uno, otro;
+        const char* negativa;
+    } casos[] = {{causa, causa, "ningún documento en moneda"},
+                 {ajuste, ajuste, "ya tiene ajuste por inflación"},
+                 {cierre_anual("20181331", "C"), cierre_anual("20171331", "A"),
+                  "posterior a 2017 ya tiene cierre"}};
+    Conexion otra;
+    otra.conectar(base_->parametros());
+    for (const auto& [uno, otro, negativa] : casos) {
+        std::future<QString> segundo;
+        base().en_transaccion(ModoTransaccion::Escritura, [&, sql = otro](Transaccion& t) {
+            base().prepare(uno, t)->ejecute(t, {});
+            segundo = std::async(std::launch::async, [&] { return falla_sql(otra, sql); });
+            while (del_motor(base(), "select count(*) from mon$statements where mon$state = 1 and "
+                                     "mon$attachment_id <> current_connection") == "0")
+                continue; // hasta que llegue a donde espera
+        });
+        const QString dicho = segundo.get();
+        QVERIFY2(dicho.contains(negativa), qPrintable(dicho));
+    }
 }
 
 void PruebaProcesosCierre::el_cierre_de_terceros_pasa_los_saldos_al_tercero() {
@@ -328,15 +392,17 @@ void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del
     base().ejecute(orden);
     const QString id = dato("select enco_consec from ajustes_inflacion");
     QMap<Clave, Moneda> esperado;
+    int al_reves = 0;
     for (auto i = saldos.begin(); i != saldos.end(); ++i) {
         const auto& [cuenta, nit, proyecto, centro] = i.key();
-        // 1,25 % en centavos, la mitad hacia arriba.
-        const qint64 centavos = qAbs(i.value().unidades() / 100);
-        const Moneda ajuste = Moneda::de_unidades((centavos * 125 + 5000) / 10000 * 100);
-        const bool debita = cuenta != "220505";
-        esperado[{ajustes[cuenta], nit, proyecto, centro}] += debita ? ajuste : Moneda() - ajuste;
-        esperado[{"421020", "", proyecto, centro}] += debita ? Moneda() - ajuste : ajuste;
+        // 1,25 % en centavos, la mitad hacia afuera, del lado que esté cada detalle.
+        const qint64 centavos = i.value().unidades() / 100, medio = centavos < 0 ? -5000 : 5000;
+        const Moneda ajuste = Moneda::de_unidades((centavos * 125 + medio) / 10000 * 100);
+        al_reves += (cuenta == "220505") == (centavos > 0);
+        esperado[{ajustes[cuenta], nit, proyecto, centro}] += ajuste;
+        esperado[{"421020", "", proyecto, centro}] += Moneda() - ajuste;
     }
+    QVERIFY(al_reves > 0);
     esperado.removeIf([](const auto& i) { return i.value() == Moneda(); });
     QVERIFY(esperado.contains({"152499", "900123456", "", ""}));
     QCOMPARE(lineas_de(base(), 0, id), esperado);
@@ -466,23 +532,24 @@ void PruebaProcesosCierre::la_cuenta_de_cierre_lleva_el_tercero_y_el_centro_que_
     QVERIFY_EXCEPTION_THROWN(cierre("S", "S"), ErrorDatos);
 }
 
+void PruebaProcesosCierre::en_cartera(int id, const char* debito, const char* credito,
+                                      const char* base_, const char* abre, const char* aplica) {
+    grabe(base(), id, "20180910",
+          {{2, "111005", Moneda::de_texto(credito), Moneda::de_texto(debito)}});
+    base().ejecute(QString("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, "
+                           "terc_nit, code_debito, code_credito, code_base, cnde_docnumero, "
+                           "code_tiponue, cnde_docaplica, code_tipoapl) values (%1, 1, "
+                           "'130505', '900123456', %2, %3, %4, '%5', 31, '%6', 31)")
+                       .arg(id)
+                       .arg(debito, credito, base_, abre, aplica));
+}
+
 void PruebaProcesosCierre::la_diferencia_en_cambio_lleva_los_documentos_a_la_tasa() {
     // Factura de 1.000 a 3.000, abono de 400 a 2.900 y otra en pesos que no entra.
-    const auto linea = [this](int id, const char* debito, const char* credito, const char* base_,
-                              const char* abre, const char* aplica) {
-        grabe(base(), id, "20180910",
-              {{2, "111005", Moneda::de_texto(credito), Moneda::de_texto(debito)}});
-        base().ejecute(QString("insert into comprobante_detalle (enco_consec, code_item, cuen_cod, "
-                               "terc_nit, code_debito, code_credito, code_base, cnde_docnumero, "
-                               "code_tiponue, cnde_docaplica, code_tipoapl) values (%1, 1, "
-                               "'130505', '900123456', %2, %3, %4, '%5', 31, '%6', 31)")
-                           .arg(id)
-                           .arg(debito, credito, base_, abre, aplica));
-    };
     base().ejecute("delete from comprobante_detalle where cuen_cod = '130505'");
-    linea(901, "3000000", "0", "1000", "F1", "");
-    linea(902, "0", "1160000", "400", "", "F1");
-    linea(903, "500000", "0", "0", "F2", "");
+    en_cartera(901, "3000000", "0", "1000", "F1", "");
+    en_cartera(902, "0", "1160000", "400", "", "F1");
+    en_cartera(903, "500000", "0", "0", "F2", "");
     const QString llamada = "select nit, numero, diferencia from causa_diferencia_cambio("
                             "'2018/12/31', 'CG', '0001', '', %1, '1305')";
     const auto corra = [&](const char* tasa) {

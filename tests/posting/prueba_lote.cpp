@@ -375,6 +375,9 @@ void PruebaLote::una_red_muda_detiene_el_lote_y_lo_dice() {
     const int hechos = cifras.captured(1).toInt(), sin_empezar = cifras.captured(2).toInt();
     QVERIFY(hechos > 0 && sin_empezar > 0 && hechos + 2 + sin_empezar == kDocumentos);
     QCOMPARE(p->CSincontab.RecordCount(), kDocumentos); // la lista sigue a la vista
+    QFile errores(s.base.ruta() + "/ERRORES.TXT");      // los dos del lote y el de la lista
+    QVERIFY(errores.open(QIODevice::ReadOnly));
+    QCOMPARE(errores.readAll().count("Se perdi\xF3 la conexi\xF3n"), 3);
     // Con el servidor de vuelta se acaba, sin decir que otro hizo lo que ya estaba.
     p->CSincontab.AfterScroll = {};
     red.atienda();

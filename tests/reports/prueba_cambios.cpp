@@ -189,6 +189,19 @@ void PruebaCambios::la_configuracion_valida_su_cuenta_y_es_de_su_libro() {
     QCOMPARE(s.dato("select flef_niif || flef_seccion from flujo_efectivo where flef_cuenta = "
                     "'130505'"),
              "S1");
+    // Preguntar y no escoger deja la que había.
+    ListaFalsa<PideCuenta> plan("Tfcuentasniif");
+    pulse(f, "SpeedButton1");
+    auto& filas =
+        *componente<Rejilla>(s.escritorio.abierta("Tfconfflujoef"), "DBGridEh1").conjunto();
+    const QString cuenta = filas.FieldByName("FLEF_CUENTA").texto();
+    filas.Edit();
+    filas.FieldByName("FLEF_CUENTA") = "?caja";
+    QCOMPARE(plan.pedida().texto_busqueda, "caja");
+    plan.cancele();
+    QCOMPARE(filas.FieldByName("FLEF_CUENTA").texto(), cuenta);
+    filas.Cancel();
+    s.escritorio.abierta("Tfconfflujoef")->close();
     // La del otro estado, de un solo libro, y lo abandonado no se graba.
     pulse(pantallas().abrir("Tfcambiopatr", AbreInforme{"S"}), "SpeedButton1");
     QVERIFY(s.escritorio.abierta("Tfconfcambiosit"));

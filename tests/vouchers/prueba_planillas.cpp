@@ -181,6 +181,19 @@ private slots:
             p->CCuentas.FieldByName("PLDC_TITULO") = titulo;
             p->CCuentas.Post();
         }
+        // Preguntar y no escoger deja lo que había.
+        ListaFalsa<PideTercero> terceros("Tfterceros");
+        ListaFalsa<PideCuenta> plan("Tfcuentas");
+        p->CPlanilla.FieldByName("PLDI_NIT") = "?ban";
+        QCOMPARE(terceros.pedida().texto_busqueda, "ban");
+        terceros.cancele();
+        QCOMPARE(p->CPlanilla.FieldByName("PLDI_NIT").texto(), "900123456");
+        p->CCuentas.vaya_a(0);
+        p->CCuentas.Edit();
+        p->CCuentas.FieldByName("PLDC_CUENTA") = "?caj";
+        QCOMPARE(plan.pedida().texto_busqueda, "caj");
+        plan.cancele();
+        QCOMPARE(p->CCuentas.FieldByName("PLDC_CUENTA").texto(), "110505");
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato(todos), "1Reten,2Caja,3Ventas,4Banco,5Banco dos");
         QVERIFY(s.abra<Tfplanilladatos>("Tfplanilladatos", AbrePlanilla{"1"}));
