@@ -112,8 +112,7 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
                          {"AJUSTEDBN", "Ajuste DB", 14, Suma},
                          {"AJUSTECRN", "Ajuste CR", 14, Suma},
                          {"NUEVO", "Nuevo saldo", 16, Suma}});
-    if (!area_estrecha()) // si no, tras los botones quedarían sus sumas y su barra
-        DBGridEh1->setMinimumHeight(DBGridEh1->fontMetrics().height() * 11);
+    DBGridEh1->setMinimumHeight(area_estrecha() ? 0 : DBGridEh1->fontMetrics().height() * 11);
     DBGridEh1->ReadOnly = true;
     DBGridEh1->pie(true);
     DBGridEh1->nombre_archivo = "SaldosIniNIIF";

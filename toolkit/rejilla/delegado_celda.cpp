@@ -44,6 +44,15 @@ QColor legible(QColor tinta, const QColor& fondo) {
     return tinta;
 }
 
+AnchosRejilla& anchos_de(const Rejilla& rejilla) {
+    return static_cast<EncabezadoRejilla*>(rejilla.horizontalHeader())->anchos();
+}
+
+/// Lo que a lo ancho se ve de una columna, con su margen.
+QRect a_la_vista(const QRect& lugar, const QWidget& vista, int margen) {
+    return lugar & QRect(margen, lugar.y(), vista.width() - 2 * margen, lugar.height());
+}
+
 } // namespace
 
 DelegadoCelda::DelegadoCelda(Rejilla& rejilla) : QStyledItemDelegate(&rejilla), rejilla_(rejilla) {}
@@ -132,9 +141,7 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
         const bool cifra = modelo.numerica(indice.column());
         int ancho = medidas.horizontalAdvance(texto);
         if (ancho > hueco.width()) {
-            static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())
-                ->anchos()
-                .pida(indice.column(), sizeHint(opcion, indice).width());
+            anchos_de(rejilla_).pida(indice.column(), sizeHint(opcion, indice).width());
             texto =
                 cifra
                     ? QString(qMax(1, hueco.width() / qMax(1, medidas.horizontalAdvance('#'))), '#')
@@ -142,7 +149,7 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
             ancho = medidas.horizontalAdvance(texto);
         }
         // Un pedazo del que asoma a medias, también.
-        const QRect sitio = cifra ? hueco & rejilla_.viewport()->rect() : hueco;
+        const QRect sitio = cifra ? a_la_vista(hueco, *rejilla_.viewport(), aire) : hueco;
         pintor->drawText(sitio, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
                          cifra && ancho > sitio.width() ? QStringLiteral("…") : texto);
         pinte_acompanante(*pintor, hueco.adjusted(ancho + 2 * aire, 0, 0, 0), indice, papel);
