@@ -292,8 +292,10 @@ private slots:
         p.detalle->Edit();
         p.detalle->FieldByName("CODE_CONCEPTO").asigne("Anticipo de la obra del puente");
         p.detalle->Post();
+        p.ventana.resize(560, 300);
         p.rejilla->ajuste_anchos();
         QVERIFY(cabe(*p.rejilla, 0, p.Concepto));
+        p.ventana.resize(760, 300);
         QVERIFY(tinta() != sin_nombre);
         QCOMPARE(total(*p.rejilla), p.rejilla->viewport()->width());
         p.rejilla->setColumnWidth(p.Cuenta, p.rejilla->fontMetrics().horizontalAdvance("1105010"));
