@@ -1,6 +1,9 @@
 #include "app/ventanaavisos.h"
 
+#include "toolkit/controles/editornumero.h"
 #include "toolkit/estilo.h"
+#include "toolkit/pantalla.h"
+#include "toolkit/rejilla/pie_rejilla.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -27,7 +30,7 @@ VentanaAvisos::VentanaAvisos(QWidget* marco)
     siguiente_ = boton("Siguiente", "Siguiente", "go-next");
     QPushButton* leido = boton("Leido", "Leído", "mail-mark-read");
     responder_ = boton("Responder", "Responder", "mail-reply-sender");
-    QPushButton* cerrar = boton("Cerrar", "Cerrar", "window-close");
+    QPushButton* cerrar = boton("Cerrar", "Salir", "window-close");
     connect(anterior_, &QPushButton::clicked, this, [this] {
         --actual_;
         presente();
@@ -53,8 +56,8 @@ VentanaAvisos::VentanaAvisos(QWidget* marco)
     columna->addLayout(acciones);
     // La pantalla que se abre o se pasa adelante trae otros botones.
     connect(qApp, &QApplication::focusChanged, this, [this] {
-        if (isVisible() && !isAncestorOf(QApplication::focusWidget()))
-            QMetaObject::invokeMethod(this, &VentanaAvisos::ubique, Qt::QueuedConnection);
+        if (!isAncestorOf(QApplication::focusWidget()))
+            ubique_luego();
     });
     auto* teclado = new QShortcut(QKeySequence("Ctrl+Shift+M"), marco);
     connect(teclado, &QShortcut::activated, this, &VentanaAvisos::tome_teclado);
@@ -83,6 +86,7 @@ QString VentanaAvisos::texto_actual() const {
 
 void VentanaAvisos::muestre() {
     presente();
+    siga_a_la_activa();
     ubique();
     show();
     raise();
@@ -117,31 +121,63 @@ void VentanaAvisos::presente() {
     setPalette(p);
 }
 
+void VentanaAvisos::siga_a_la_activa() {
+    auto* area = parentWidget()->findChild<QMdiArea*>();
+    if (!area)
+        return;
+    connect(area, &QMdiArea::subWindowActivated, this, &VentanaAvisos::siga_a_la_activa,
+            Qt::UniqueConnection);
+    for (QObject* de_antes : std::as_const(seguidas_))
+        if (de_antes)
+            de_antes->removeEventFilter(this);
+    seguidas_.clear();
+    if (QMdiSubWindow* ventana = area->activeSubWindow()) {
+        seguidas_ << ventana;
+        for (Pantalla* p : ventana->findChildren<Pantalla*>())
+            seguidas_ << p;
+    }
+    for (QObject* ahora : std::as_const(seguidas_))
+        ahora->installEventFilter(this);
+    ubique_luego();
+}
+
+void VentanaAvisos::ubique_luego() {
+    if (isVisible() && !std::exchange(por_ubicar_, true))
+        QMetaObject::invokeMethod(this, &VentanaAvisos::ubique, Qt::QueuedConnection);
+}
+
 void VentanaAvisos::ubique() {
+    por_ubicar_ = false;
     const QSize lugar = parentWidget()->size();
     const int ancho = qMin(qMax(escalado(360), sizeHint().width()), lugar.width());
     const int alto =
         qMin(qMax(escalado(190), layout()->totalHeightForWidth(ancho)), lugar.height());
-    // A la derecha y lo más abajo que se pueda sin tapar botones; si no hay dónde, los menos.
-    const QVector<QRect> botones = botones_a_la_vista();
+    // A la derecha y lo más abajo que se pueda sin tapar botones ni sumas; si no hay dónde, los
+    // menos botones, y de ellos donde tape menos sumas.
+    const QVector<QRect> botones = a_la_vista<QAbstractButton>(),
+                         sumas = a_la_vista<PieRejilla>() + a_la_vista<EditorNumero>();
+    const auto tapa = [](const QVector<QRect>& lista, const QRect& aqui) {
+        return std::count_if(lista.begin(), lista.end(),
+                             [&](const QRect& r) { return r.intersects(aqui); });
+    };
     QRect mejor;
-    qsizetype menos = botones.size() + 1;
-    for (int y = lugar.height() - alto - paso(6); menos > 0; y -= paso()) {
+    std::pair<qsizetype, qsizetype> menos{botones.size() + 1, 0};
+    for (int y = lugar.height() - alto - paso(6); menos > std::pair<qsizetype, qsizetype>();
+         y -= paso()) {
         const QRect aqui(lugar.width() - ancho - paso(), qMax(0, y), ancho, alto);
-        const auto tapa = std::count_if(botones.begin(), botones.end(),
-                                        [&](const QRect& b) { return b.intersects(aqui); });
-        if (tapa < menos)
-            menos = tapa, mejor = aqui;
+        if (const std::pair<qsizetype, qsizetype> van{tapa(botones, aqui), tapa(sumas, aqui)};
+            van < menos)
+            menos = van, mejor = aqui;
         if (y <= 0)
             break;
     }
     setGeometry(mejor);
 }
 
-QVector<QRect> VentanaAvisos::botones_a_la_vista() const {
+template <class Control> QVector<QRect> VentanaAvisos::a_la_vista() const {
     const auto* area = parentWidget()->findChild<QMdiArea*>();
     QVector<QRect> lugares;
-    for (const auto* b : parentWidget()->findChildren<QAbstractButton*>()) {
+    for (const auto* b : parentWidget()->findChildren<Control*>()) {
         if (!b->isVisible() || b->window() != window() || isAncestorOf(b))
             continue;
         QRect visible = b->rect();
@@ -158,10 +194,15 @@ QVector<QRect> VentanaAvisos::botones_a_la_vista() const {
 }
 
 bool VentanaAvisos::eventFilter(QObject* objeto, QEvent* evento) {
-    if (objeto == texto_ && evento->type() == QEvent::MouseButtonRelease)
-        emit oprimido();
-    else if (objeto == parentWidget() && evento->type() == QEvent::Resize && isVisible())
-        ubique();
+    const auto tipo = evento->type();
+    if (objeto == texto_) {
+        if (tipo == QEvent::MouseButtonRelease)
+            emit oprimido();
+    } else if (tipo == QEvent::Resize ||
+               (objeto != parentWidget() &&
+                (tipo == QEvent::Move || tipo == QEvent::LayoutRequest))) {
+        ubique_luego(); // con lo de la ventana ya acomodado
+    }
     return QFrame::eventFilter(objeto, evento);
 }
 

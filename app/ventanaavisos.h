@@ -41,11 +41,17 @@ private:
     };
     void presente();
     void ubique();
-    QVector<QRect> botones_a_la_vista() const; ///< en el marco, sin los suyos
+    void ubique_luego();
+    /// Lo que la pantalla activa acomode puede quedar detrás.
+    void siga_a_la_activa();
+    /// Dónde están en el marco, sin los suyos.
+    template <class Control> QVector<QRect> a_la_vista() const;
     QPushButton* boton(const QString& nombre, const QString& texto, const QString& imagen);
 
     QVector<Aviso> avisos_;
     int actual_ = 0;
+    bool por_ubicar_ = false;
+    QVector<QPointer<QObject>> seguidas_;
     QPointer<QWidget> antes_; ///< quien tenía el teclado
     QLabel *texto_, *cuenta_;
     QPushButton *anterior_, *siguiente_, *responder_;

@@ -3,6 +3,7 @@
 #include "assets/pch.h"
 #include "assets/peticiones_activos.h"
 #include "assets/procesos_activos.h"
+#include "toolkit/aire.h"
 #include "toolkit/disposicion_flujo.h"
 
 #include <QFile>
@@ -50,21 +51,23 @@ void Tfvalactivo::bajo_el_encabezado(Formulario& f) {
     f.fila("Activo",
            en_flujo({ECodigo, con_rotulo("Valor en libros", lectura("ACFV_VALOR", "EValor"))},
                     paso()));
-    // La operación se lee seguida aunque su resultado pase a otro renglón.
-    const auto igual_a = [](QWidget* resultado, const char* de_que) {
+    // La operación se lee seguida aunque la resta y su resultado pasen a otro renglón.
+    const bool caben_juntos = area_de_ventanas().width() >= paso(85);
+    const auto operacion = [&](QWidget* valor, QWidget* costo, QWidget* resultado,
+                               const char* de_que) {
         resultado->setAccessibleName(de_que);
-        return Formulario::junto({new QLabel("="), resultado});
+        QWidget* igual_a = Formulario::junto({new QLabel("="), resultado});
+        return caben_juntos ? en_flujo({valor, Formulario::junto({costo, igual_a})}, paso())
+                            : en_flujo({valor, costo, igual_a}, paso());
     };
     f.fila("Valor en Uso = Valor uso producción:",
-           en_flujo({importe("ACFV_VRUSO", "EVrUso"),
+           operacion(importe("ACFV_VRUSO", "EVrUso"),
                      con_rotulo("- Costo uso", importe("ACFJ_CSUSO", "ECsUso")),
-                     igual_a(lectura("VrUso", "EUso"), "Valor en uso")},
-                    paso()));
+                     lectura("VrUso", "EUso"), "Valor en uso"));
     f.fila("Valor Razonable = Precio de venta:",
-           en_flujo({importe("ACFV_PRVENTA", "EPrVenta"),
+           operacion(importe("ACFV_PRVENTA", "EPrVenta"),
                      con_rotulo("- Costo venta", importe("ACFV_CSVENTA", "ECsVenta")),
-                     igual_a(lectura("VrRazon", "ERazon"), "Valor razonable")},
-                    paso()));
+                     lectura("VrRazon", "ERazon"), "Valor razonable"));
     f.fila("Valor recuperable:",
            en_flujo({lectura("ACFV_VRRECUP", "EVrRecup"),
                      con_rotulo("Deterioro/Superavit", lectura("ACFV_DIFER", "EDifer"))},

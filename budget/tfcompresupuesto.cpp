@@ -104,7 +104,7 @@ QWidget* Tfcompresupuesto::construya_periodo() {
         return b;
     };
     return Formulario::junto(
-        {EMes, EAno, boton("SpeedButton1", Qt::LeftArrow, "Mes anterior", -1, Qt::Key_Left),
+        {boton("SpeedButton1", Qt::LeftArrow, "Mes anterior", -1, Qt::Key_Left), EMes, EAno,
          boton("SpeedButton2", Qt::RightArrow, "Mes siguiente", 1, Qt::Key_Right)});
 }
 
@@ -154,9 +154,9 @@ void Tfcompresupuesto::construya() {
     division->setChildrenCollapsible(false);
     division->addWidget(tabla);
     division->addWidget(Barras);
-    // Lo que sobre es de las cuentas.
-    division->setStretchFactor(0, 1);
-    division->setStretchFactor(1, 0);
+    // En un monitor grande las cuentas no usan todo lo que sobra.
+    division->setStretchFactor(0, 2);
+    division->setStretchFactor(1, 1);
     division->setSizes({escalado(400), escalado(150)});
 
     auto* barra = new BarraBotones(this);

@@ -55,10 +55,11 @@ void Tfpresupuesto::construya() {
         return b;
     };
     QWidget* periodo = Formulario::junto(
-        {caja_,
-         paso_de("SBAnterior", Qt::LeftArrow, "Mes anterior", &CursorPeriodo::menos, Qt::Key_Left),
+        {paso_de("SBAnterior", Qt::LeftArrow, "Mes anterior", &CursorPeriodo::menos, Qt::Key_Left),
+         caja_,
          paso_de("SBSiguiente", Qt::RightArrow, "Mes siguiente", &CursorPeriodo::mas,
                  Qt::Key_Right)});
+    periodo->setFocusProxy(caja_);
     LCentro = lista_de_centros();
     connect(LCentro, &QComboBox::activated, this,
             [this] { proteja([this] { abre_presupuesto(); }); });

@@ -50,6 +50,7 @@ PantallaDocumentos::PantallaDocumentos(const DatosDocumentos& datos)
                  [this] { PngSpeedButton1Click(); });
     barra->boton("PngSpeedButton3", "F3:Eliminar", "edit-delete", QKeySequence(Qt::Key_F3),
                  [this] { PngSpeedButton3Click(); });
+    barra->separe();
     barra->boton("SBSalir", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
                  [this] { close(); });
     Formulario(this).ancha(DBGridEh1).botones(barra);

@@ -271,6 +271,8 @@ void FormaRango::FormCreate() {
     if (auto* primera =
             datos_.pares.isEmpty() ? nullptr : findChild<QWidget*>(datos_.pares.first().desde))
         primera->setFocus();
+    else if (caja_periodo) // y no en la flecha que va antes
+        caja_periodo->setFocus();
 }
 
 // ---------------------------------------------------------------- cajas

@@ -51,6 +51,7 @@ void RejillaCatalogo::arme(const QVector<DefinicionColumna>& columnas,
     auto* grabar = barra_->boton("SBGrabar", rotulo_grabar_, "document-save",
                                  QKeySequence(Qt::Key_F2), [this] { SBGrabarClick(); });
     barra_->principal(grabar);
+    barra_->separe();
     barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
                   [this] { SBCancelarClick(); });
 

@@ -28,6 +28,7 @@ Tfcentros::Tfcentros()
     barra_->principal(barra_->boton("SBGrabar", "F2:Modificar", "document-save",
                                     QKeySequence(Qt::Key_F2), [this] { SBGrabarClick(); }));
     escoja_con([this] { SBSelecClick(); });
+    barra_->separe();
     barra_->boton("SBCancelar", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
                   [this] { cancele_y_cierre(); });
     tamano(980, 520);

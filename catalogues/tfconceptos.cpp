@@ -6,6 +6,8 @@
 #include "toolkit/barrabotones.h"
 #include "toolkit/rejilla/rejilla.h"
 
+#include <QLayout>
+
 Tfconceptos::Tfconceptos()
     : RejillaCatalogo("Tfconceptos", "Categorías", fdmcnt().TConceptoconta, "Concepto",
                       "CONC_COD") {
@@ -14,6 +16,10 @@ Tfconceptos::Tfconceptos()
     arme({{"CONC_COD", "Código", 8}, {"CONC_NOMBRE", "Nombre", 44}}, "Categorias");
     barra_->boton("SpeedButton1", "Seleccionar", "dialog-ok-apply", QKeySequence(),
                   [this] { SpeedButton1Click(); });
+    QWidget* salir = findChild<QWidget*>("SBCancelar"); // de última, como en las demás
+    barra_->layout()->removeWidget(salir);
+    barra_->separe();
+    barra_->agregue(salir);
     DBGridEh1->OnDblClick = [this](int) { SpeedButton1Click(); };
     tamano(560, 480);
 }

@@ -30,6 +30,7 @@ Tftipodoc::Tftipodoc()
     SpeedButton3 = barra_->boton("SpeedButton3", "F8:Formato", "document-properties",
                                  QKeySequence(Qt::Key_F8), [this] { SpeedButton3Click(); });
     SpeedButton3->setEnabled(false);
+    barra_->separe();
     barra_->boton("SpeedButton1", "Esc:Salir", "window-close", QKeySequence(Qt::Key_Escape),
                   [this] { cancele_y_cierre(); });
     tamano(900, 500);

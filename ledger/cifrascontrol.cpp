@@ -76,6 +76,10 @@ void CifrasControl::showEvent(QShowEvent* evento) {
 }
 
 void CifrasControl::ubique() {
+    if (!isVisible()) { // en la otra hoja las columnas no tienen su ancho todavía
+        setFixedHeight(alto_de_renglon());
+        return;
+    }
     const QSize botones = navegador_->sizeHint();
     auto& titulos = static_cast<EncabezadoRejilla&>(*rejilla_->horizontalHeader());
     for (int i = 0; i < cajas_.size(); ++i) {

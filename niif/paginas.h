@@ -27,3 +27,9 @@ private:
     QVBoxLayout* columna_;
     int actual_ = 0;
 };
+
+/// Lo que va en una ventanilla: no se desplaza mientras quepa con el menor alto que admite.
+class EnVentanilla : public QWidget {
+public:
+    int heightForWidth(int ancho) const override { return layout()->minimumHeightForWidth(ancho); }
+};

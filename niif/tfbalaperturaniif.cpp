@@ -79,7 +79,7 @@ void Tfbalaperturaniif::defina_conjuntos() {
 // ---------------------------------------------------------------- disposición
 
 QWidget* Tfbalaperturaniif::pagina_principal() {
-    auto* pagina = new QWidget;
+    auto* pagina = new EnVentanilla;
     const auto diferencia = [](const char* nombre) {
         EditorNumero* e = EditorNumero::de_saldo();
         e->setObjectName(nombre);
@@ -112,7 +112,7 @@ QWidget* Tfbalaperturaniif::pagina_principal() {
                          {"AJUSTEDBN", "Ajuste DB", 14, Suma},
                          {"AJUSTECRN", "Ajuste CR", 14, Suma},
                          {"NUEVO", "Nuevo saldo", 16, Suma}});
-    DBGridEh1->setMinimumHeight(DBGridEh1->fontMetrics().height() * 11); // en letra grande también
+    DBGridEh1->setMinimumHeight(area_estrecha() ? 0 : DBGridEh1->fontMetrics().height() * 11);
     DBGridEh1->ReadOnly = true;
     DBGridEh1->pie(true);
     DBGridEh1->nombre_archivo = "SaldosIniNIIF";
@@ -158,6 +158,10 @@ QWidget* Tfbalaperturaniif::con_botones(QWidget* contenido, BarraBotones* barra)
     ventanilla->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     ventanilla->setMinimumHeight(paso(12));
     ventanilla->setWidget(contenido);
+    connect(qApp, &QApplication::focusChanged, ventanilla, [ventanilla](QWidget*, QWidget* ahora) {
+        if (ahora && ventanilla->isAncestorOf(ahora))
+            ventanilla->ensureWidgetVisible(ahora, 0, 0);
+    });
     auto* pagina = new QWidget;
     auto* todo = new QVBoxLayout(pagina);
     todo->setContentsMargins(0, 0, 0, 0);

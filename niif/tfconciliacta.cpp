@@ -47,8 +47,9 @@ Tfconciliacta::Tfconciliacta() : Pantalla("Tfconciliacta", "Conciliacion cuenta"
     auto* barra = new BarraBotones(this);
     barra->boton("SBEliminar", "F3:Eliminar", "edit-delete", Qt::Key_F3,
                  [this] { borrar_comprobante(); });
-    barra->boton("SBModificar", "F4:Modificar", "document-edit", Qt::Key_F4,
+    barra->boton("SBModificar", "F4:Modificar", "accessories-text-editor", Qt::Key_F4,
                  [this] { ModificarClick(); });
+    barra->separe();
     barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario f(this);
     f.fila("Cuenta", NomCuenta);

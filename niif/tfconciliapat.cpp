@@ -61,9 +61,10 @@ void Tfconciliapat::construya() {
                                   [this] { actualice_balance(); }));
     barra->boton("SpeedButton1", "Año de apertura", "go-first", {},
                  [this] { SpeedButton1Click(); });
-    barra->boton("SBMas", "F6:Más detalle", "zoom-in", Qt::Key_F6, [this] { nivel(1); });
-    barra->boton("SBMenos", "F5:Menos detalle", "zoom-out", Qt::Key_F5, [this] { nivel(-1); });
+    barra->boton("SBMas", "F6:Más detalle", "list-add", Qt::Key_F6, [this] { nivel(1); });
+    barra->boton("SBMenos", "F5:Menos detalle", "list-remove", Qt::Key_F5, [this] { nivel(-1); });
     barra->boton("SBAuxiliar", "F8:Auxiliar", "edit-find", Qt::Key_F8, [this] { AuxiliarClick(); });
+    barra->separe();
     barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario f(this);
     f.fila({{"Año", EAno}, {"Mes", EMes}, {"Nivel", LNivel}});

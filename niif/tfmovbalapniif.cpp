@@ -31,6 +31,7 @@ Tfmovbalapniif::Tfmovbalapniif()
                  [this] { DBGridEh1->ejecute_orden(Rejilla::Imprimir); });
     barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2,
                  [this] { DBGridEh1->ejecute_orden(Rejilla::Guardar); });
+    barra->separe();
     barra->boton("SBCancel", "Esc:Salir", "window-close", Qt::Key_Escape, [this] { close(); });
     Formulario(this).ancha(DBGridEh1, 1).botones(barra);
     tamano(860, 420);

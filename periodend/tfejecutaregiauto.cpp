@@ -49,8 +49,8 @@ Tfejecutaregiauto::Tfejecutaregiauto()
                          {"CREDITO", "Crédito", 14, Suma}});
     DBGridEh1->ReadOnly = true;
     DBGridEh1->pie(true);
-    DBGridEh1->texto_vacio = "F5 muestra las líneas que tendría el comprobante.";
-    DBGridEh1->setProperty("sin_consultar", DBGridEh1->texto_vacio);
+    DBGridEh1->texto_vacio = "El registro no produce líneas en el mes.";
+    DBGridEh1->setProperty("sin_consultar", "F5 muestra las líneas que tendría el comprobante.");
     arme();
     tamano(960, 520);
 }

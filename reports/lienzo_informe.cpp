@@ -11,7 +11,8 @@
 
 namespace {
 
-constexpr qreal kHolgura = 3; // pixeles alrededor del elemento señalado
+const QColor kResaltado(0xc0, 0x18, 0x18); // sobre el papel, que es blanco en cualquier tema
+constexpr qreal kHolgura = 3;              // pixeles alrededor del elemento señalado
 
 qint64 entero(const ConjuntoDatos& c, int fila, const char* campo) {
     return c.valor_en(fila, c.FieldByName(QLatin1String(campo))).entero();
@@ -181,6 +182,7 @@ void LienzoInforme::paintEvent(QPaintEvent*) {
     p.translate(h.topLeft());
     informes::pinte_hoja(p, *hojas_, 0, h.width() / hojas_->papel(0).ancho);
     p.restore();
+    p.setPen(Qt::black);
     if (const auto paginas = d_.CFormato.FieldByName("FOCO_PAGINAS").entero(); pagina_ > paginas)
         p.drawText(h, Qt::AlignHCenter | Qt::AlignBottom,
                    QStringLiteral("No se imprime: el informe tiene %1.")
@@ -190,7 +192,7 @@ void LienzoInforme::paintEvent(QPaintEvent*) {
     if (fila < 0 || fila >= resaltado_->RecordCount() ||
         entero(*resaltado_, fila, "FOCD_PAGINA") != pagina_)
         return;
-    p.setPen(QPen(color_inactivo(), 1, Qt::DashLine));
+    p.setPen(QPen(kResaltado, 1, Qt::DashLine));
     if (const QString dice = resaltado_ == &d_.CFormadatos ? falla(fila) : QString();
         !dice.isEmpty())
         p.drawText(h.adjusted(4, 4, -4, -4), Qt::AlignBottom | Qt::TextWordWrap, dice);

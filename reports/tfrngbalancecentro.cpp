@@ -26,8 +26,7 @@ Tfrngbalancecentro::Tfrngbalancecentro() : FormaConCentros(kDatos) {
     arme_pares(f);
     f.ancha(RgOrden, 0);
     casilla_niif();
-    arme_casillas(f, {casilla_sin_movimiento()});
-    arme_casillas(f, {ckniif});
+    arme_casillas(f, {casilla_sin_movimiento(), ckniif});
     arme_titulo(f);
     arme_botones(f);
 }

@@ -6,6 +6,7 @@
 #include "toolkit/formulario.h"
 
 #include <QComboBox>
+#include <QLayout>
 
 namespace {
 const DatosRango kDatos{"Tfrngcertificadet",
@@ -45,8 +46,12 @@ Tfrngcertificadet::Tfrngcertificadet() : FormaRango(kDatos) {
     f.fila("Tipo de informe:", RTipo);
     arme_titulo(f);
     arme_botones(f);
-    findChild<BarraBotones*>()->boton("SBGrabar", "F8:Configura", "preferences-system", Qt::Key_F8,
-                                      [] { pantallas().abrir("Tfconfcertdet"); });
+    auto* barra = findChild<BarraBotones*>();
+    barra->boton("SBGrabar", "F8:Configura", "preferences-system", Qt::Key_F8,
+                 [] { pantallas().abrir("Tfconfcertdet"); });
+    QWidget* salir = findChild<QWidget*>("SpeedButton4"); // de última, como en las demás
+    barra->layout()->removeWidget(salir);
+    barra->agregue(salir);
     ponga_fechas();
 }
 

@@ -54,7 +54,7 @@ Rejilla* Tfsupersociedades::cree_rejilla(const QString& nombre, ConjuntoDatos* c
     auto* r = new Rejilla(marco, conjunto);
     r->setObjectName(nombre);
     r->setAccessibleName(titulo);
-    r->columnas({{"ITEM", "Ítem", 6, Numerica},
+    r->columnas({{"ITEM", "Item", 6, Numerica},
                  {"NOMBRE", "Descripción", 36},
                  {"VALOR", "Valor", 17, Numerica},
                  {"VALORA", "Año anterior", 17, Numerica}});
@@ -65,8 +65,8 @@ Rejilla* Tfsupersociedades::cree_rejilla(const QString& nombre, ConjuntoDatos* c
     r->OnGetCellParams = [conjunto](int fila, QFont& letra, QColor&, QColor&) {
         letra.setBold(conjunto->valor_en(fila, conjunto->FieldByName("NIVEL")).entero() == 1);
     };
-    r->texto_vacio = "F2 calcula las dos secciones del año.";
-    r->setProperty("sin_consultar", r->texto_vacio);
+    r->texto_vacio = "La taxonomía no tiene renglones en esta sección.";
+    r->setProperty("sin_consultar", "F2 calcula las dos secciones del año.");
     r->nombre_archivo = "BalanPrueba";
     r->titulo_impreso = titulo + "  %[Today]";
     r->menu_emergente({Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir,

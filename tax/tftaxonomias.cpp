@@ -30,8 +30,8 @@ Tftaxonomias::Tftaxonomias() : Pantalla("Tftaxonomias", "Taxonomías") {
         {Rejilla::Copiar, Rejilla::SeleccionarTodo, Rejilla::Imprimir, Rejilla::Guardar});
     DBGridEh1->OnDblClick = [this](int) { SBModificarClick(); };
     auto* barra = new BarraBotones(this);
-    barra->principal(barra->boton("SBModificar", "F4:Modificar", "document-edit", Qt::Key_F4,
-                                  [this] { SBModificarClick(); }));
+    barra->principal(barra->boton("SBModificar", "F4:Modificar", "accessories-text-editor",
+                                  Qt::Key_F4, [this] { SBModificarClick(); }));
     barra->boton("SBNuevo", "F5:Nueva", "document-new", Qt::Key_F5, [this] { SBNuevoClick(); });
     barra->boton("SBGrabar", "F2:Grabar", "document-save", Qt::Key_F2, [this] { grabe(); });
     barra->boton("SBBorrar", "F3:Eliminar", "edit-delete", Qt::Key_F3, [this] { SBBorrarClick(); });

@@ -110,7 +110,7 @@ void DivisionFluida::acomode() {
 int DivisionFluida::falta(const QWidget& parte) const {
     int falta = 0;
     for (const Rejilla* r : rejillas_de(parte))
-        falta = qMax(falta, anchos_de(*r).lo_que_falta());
+        falta = qMax(falta, anchos_de(*r).lo_que_falta(false));
     return falta;
 }
 

@@ -4,6 +4,7 @@
 #include "toolkit/marcos.h"
 #include "toolkit/orden_lectura.h"
 #include "toolkit/pantalla.h"
+#include "toolkit/pivote/rejilla_cubo.h"
 #include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/rejilla.h"
@@ -44,6 +45,15 @@ template <class Falta> int lo_que_falta(const Pantalla& pantalla, const Falta& f
     for (const Rejilla* r : pantalla.findChildren<Rejilla*>())
         if (r->isVisible())
             total = qMax(total, falta(*r));
+    return total;
+}
+
+/// Las columnas de un cubo que no se ven, en píxeles.
+int falta_a_los_cubos(const Pantalla& pantalla) {
+    int total = 0;
+    for (const RejillaCubo* r : pantalla.findChildren<RejillaCubo*>())
+        if (r->isVisible())
+            total = qMax(total, r->horizontalScrollBar()->maximum());
     return total;
 }
 
@@ -90,8 +100,9 @@ bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
         antes != ventana.property("inicial").toSize())
         return false;
     for (int i = 0; i < kVeces && ventana.width() < area.width(); ++i) {
-        const int falta =
-            lo_que_falta(pantalla, [](const Rejilla& r) { return anchos_de(r).lo_que_falta(); });
+        const int falta = qMax(
+            falta_a_los_cubos(pantalla),
+            lo_que_falta(pantalla, [](const Rejilla& r) { return anchos_de(r).lo_que_falta(); }));
         if (falta == 0)
             break;
         ventana.resize(qMin(ventana.width() + falta, area.width()), ventana.height());
@@ -122,7 +133,7 @@ bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
 bool digitando(const Pantalla& pantalla) {
     const auto rejillas = pantalla.findChildren<Rejilla*>();
     return std::any_of(rejillas.begin(), rejillas.end(), [](const Rejilla* r) {
-        return r->isVisible() && r->conjunto() && r->conjunto()->editando();
+        return r->isVisible() && r->conjunto() && (r->digitando() || r->conjunto()->Modified());
     });
 }
 
@@ -138,6 +149,9 @@ void siga_ensanchando(QMdiSubWindow* ventana, QPointer<Pantalla> pantalla) {
         QObject::connect(r->verticalScrollBar(), &QScrollBar::rangeChanged, ventana, siga,
                          Qt::QueuedConnection);
     }
+    for (const RejillaCubo* r : pantalla->findChildren<RejillaCubo*>())
+        QObject::connect(r->horizontalScrollBar(), &QScrollBar::rangeChanged, ventana, siga,
+                         Qt::QueuedConnection);
 }
 
 /// Los anchos que el usuario dejó en cada rejilla vuelven con la pantalla.

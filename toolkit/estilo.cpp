@@ -1,5 +1,6 @@
 #include "toolkit/estilo.h"
 
+#include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/textos_qt.h"
 
 #include <QAbstractScrollArea>
@@ -30,6 +31,7 @@ ColoresEmpresa colores_;
 
 constexpr qreal kPixelesLetra = 12.0; ///< letra de 9 puntos a 96 puntos por pulgada
 constexpr int kPuntosMinimos = 9;
+constexpr int kMargenTitulo = 2; ///< sobre y bajo el título de una columna
 /// Foco, selección y enlaces. Son del programa: los de la empresa podrían no dejarse leer.
 const QColor kAcento(0x2b, 0x5c, 0x8a), kAcentoOscuro(0x4d, 0x93, 0xd0);
 const QColor kLineaOscura(0x3f, 0x47, 0x4f);   ///< entre las celdas: la de Fusion no se ve
@@ -44,7 +46,7 @@ QColor segun(const QColor& claro, const QColor& oscuro) {
 
 /// Lo que no se puede cambiar se ve distinto antes de intentarlo.
 QColor fondo_fijo() {
-    return segun({0xe9, 0xed, 0xf1}, {0x2c, 0x32, 0x38});
+    return segun({0xe9, 0xed, 0xf1}, {0x34, 0x3b, 0x42});
 }
 
 /// Una caja que no se está digitando muestra el comienzo de su texto, y completo en su letrero si
@@ -183,6 +185,12 @@ public:
         case PM_CheckBoxLabelSpacing:
         case PM_RadioButtonLabelSpacing:
             return escalado(6);
+        case PM_HeaderMargin: // el título, sobre lo que dice su columna
+            return widget ? DelegadoCelda::margen(widget->fontMetrics()) : escalado(4);
+        case PM_DefaultFrameWidth: // el del foco cabe en él
+            return qobject_cast<const QAbstractScrollArea*>(widget)
+                       ? qMax(2, escalado(2))
+                       : QProxyStyle::pixelMetric(medida, opcion, widget);
         case PM_TitleBarHeight:
             return escalado(24);
         case PM_TitleBarButtonIconSize:
@@ -280,9 +288,26 @@ public:
             QProxyStyle::drawControl(elemento, &copia, pintor, widget);
             return;
         }
+        const auto* titulo = qstyleoption_cast<const QStyleOptionHeader*>(opcion);
+        if (elemento == CE_HeaderLabel && titulo) {
+            QStyleOptionHeader copia = *titulo;
+            const int sobra = pixelMetric(PM_HeaderMargin, opcion, widget) - kMargenTitulo;
+            copia.rect.adjust(0, -sobra, 0, sobra);
+            QProxyStyle::drawControl(elemento, &copia, pintor, widget);
+            return;
+        }
         QProxyStyle::drawControl(elemento, opcion, pintor, widget);
         if (elemento == CE_PushButtonBevel && opcion->state.testFlag(State_HasFocus))
             anillo(pintor, opcion->rect.adjusted(1, 1, -1, -1));
+    }
+
+    // El margen de un título es hacia los lados: no le quita filas a la rejilla.
+    QSize sizeFromContents(ContentsType tipo, const QStyleOption* opcion, const QSize& contenido,
+                           const QWidget* widget) const override {
+        QSize s = QProxyStyle::sizeFromContents(tipo, opcion, contenido, widget);
+        if (tipo == CT_HeaderSection)
+            s.rheight() -= 2 * (pixelMetric(PM_HeaderMargin, opcion, widget) - kMargenTitulo);
+        return s;
     }
 
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* opcion,
@@ -396,7 +421,7 @@ QPalette paleta() {
     p.setColor(QPalette::BrightText, Qt::white);
     p.setColor(QPalette::Light, segun(Qt::white, boton.lighter(130)));
     p.setColor(QPalette::Midlight, segun(boton.lighter(104), boton.lighter(115)));
-    p.setColor(QPalette::Mid, segun({0xa3, 0xac, 0xb5}, {0x5b, 0x64, 0x6d}));
+    p.setColor(QPalette::Mid, segun({0xa3, 0xac, 0xb5}, {0x7a, 0x84, 0x8e}));
     p.setColor(QPalette::Dark, segun({0x87, 0x90, 0x99}, {0x14, 0x16, 0x18}));
     p.setColor(QPalette::Shadow, segun({0x60, 0x67, 0x6e}, Qt::black));
     p.setColor(QPalette::Highlight, segun(kAcento, kAcentoOscuro.darker(125)));
@@ -535,10 +560,15 @@ public:
         return molde_.availableSizes();
     }
     QPixmap pixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State) override {
-        QPixmap dibujo = molde_.pixmap(tamano, 1.0);
-        if (dibujo.isNull())
-            return dibujo;
+        const QSize aire = tamano / 8; // el trazo va de lado a lado: tocaría el texto
+        const QPixmap trazo = molde_.pixmap(tamano - aire, 1.0);
+        if (trazo.isNull())
+            return trazo;
+        QPixmap dibujo(tamano);
+        dibujo.fill(Qt::transparent);
         QPainter pintor(&dibujo);
+        pintor.drawPixmap((tamano.width() - trazo.width()) / 2,
+                          (tamano.height() - trazo.height()) / 2, trazo);
         pintor.setCompositionMode(QPainter::CompositionMode_SourceIn);
         pintor.fillRect(dibujo.rect(),
                         QApplication::palette().color(modo == QIcon::Disabled ? QPalette::Disabled
@@ -570,7 +600,7 @@ QIcon con_tinta(const QIcon& molde) {
 /// no se ven. Su molde de un color sirve en los dos. Nulo si el tema no lo trae.
 QIcon de_un_color(const QString& nombre) {
     static const QRegularExpression cuales(
-        QStringLiteral("^(go|zoom|format|view-refresh|edit-find|view-sort)\\b"));
+        QStringLiteral("^(go|zoom|format|view-refresh|edit-find|view-sort|list-(add|remove))\\b"));
     QIcon molde;
     if (!cuales.match(nombre).hasMatch())
         return molde;

@@ -1,5 +1,6 @@
 #include "toolkit/menubotones.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/estilo.h"
 
 #include <QKeyEvent>
@@ -21,8 +22,8 @@ public:
 
 MenuBotones::MenuBotones(const QString& clase, const QString& titulo) : Pantalla(clase, titulo) {
     columna_ = new QVBoxLayout(this);
-    columna_->setContentsMargins(paso(2), paso(2), paso(2), paso(2));
-    columna_->setSpacing(paso());
+    columna_->setContentsMargins(aire(2), aire(1.5), aire(2), aire(1.5));
+    columna_->setSpacing(aire());
     tecla(Qt::Key_Escape, QStringLiteral("Cerrar"), [this] { close(); });
     tecla(Qt::Key_Down, QStringLiteral("Opción siguiente"), [this] { focusNextChild(); });
     tecla(Qt::Key_Up, QStringLiteral("Opción anterior"), [this] { focusPreviousChild(); });

@@ -11,9 +11,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QHeaderView>
 #include <QLayout>
 #include <QMdiSubWindow>
+#include <QTextEdit>
 
 void instale_despacho_teclas(); // teclas_pantalla.cpp
 
@@ -210,24 +210,50 @@ QSize Pantalla::tamano_inicial() const {
     // Si hay dónde, ninguna fila sigue en otro renglón.
     deseado.setWidth(qMax(deseado.width(), property(kEnColumnas).toInt()));
     if (layout() && !menos_centro_.isValid() && !toma_alto(*layout()))
-        deseado.setHeight(qMin(deseado.height(), alto_comodo(*this, deseado.width())));
+        deseado.setHeight(
+            qMin(deseado.height(), alto_comodo(*this, qMin(deseado.width(), area.width()))));
     return deseado.expandedTo(minimumSizeHint()).boundedTo(area);
 }
 
 namespace {
 
-/// El alto que pide. Por menos de una fila no sale una barra: la ceden sus rejillas.
-int apretado(const Pantalla& pantalla, int alto) {
+int alto_minimo(const QLayoutItem& item, int ancho) {
+    return item.hasHeightForWidth() ? item.minimumHeightForWidth(ancho)
+                                    : item.minimumSize().height();
+}
+
+/// A una columna que no cabe Qt le quita primero de lo más alto: es solo de él si aun así lo es.
+bool cede(const QWidget& control, const Pantalla& pantalla, int ancho, int falta) {
+    for (const QWidget* w = &control; w != &pantalla; w = w->parentWidget()) {
+        const QWidget* dueno = w->parentWidget();
+        const auto* columna = qobject_cast<const QVBoxLayout*>(dueno->layout());
+        const int suyo = columna ? columna->indexOf(w) : -1;
+        if (suyo < 0)
+            continue;
+        const QMargins m = columna->contentsMargins();
+        const int sitio = (dueno == &pantalla ? ancho : dueno->width()) - m.left() - m.right();
+        const int queda = alto_minimo(*columna->itemAt(suyo), sitio) - falta;
+        for (int i = 0; i < columna->count(); ++i)
+            if (i != suyo && alto_minimo(*columna->itemAt(i), sitio) > queda)
+                return false;
+    }
+    return true;
+}
+
+/// El alto que pide. Por menos de una fila no sale una barra: la cede una rejilla o un texto.
+int apretado(const Pantalla& pantalla, int ancho, int alto) {
     const QWidget* ventanilla = pantalla.parentWidget();
     const auto* marco =
         qobject_cast<QAbstractScrollArea*>(ventanilla ? ventanilla->parentWidget() : nullptr);
     const int falta = marco ? alto - marco->maximumViewportSize().height() : 0;
     if (falta <= 0 || falta > paso(4))
         return alto;
-    for (const Rejilla* r : pantalla.findChildren<Rejilla*>())
+    const int renglon = pantalla.fontMetrics().height() + escalado(6);
+    for (const QAbstractScrollArea* r : pantalla.findChildren<QAbstractScrollArea*>())
         // La que tiene un mínimo puesto no cede: se montaría sobre lo que sigue.
-        if (r->isVisibleTo(&pantalla) && r->minimumHeight() == 0 &&
-            falta <= r->verticalHeader()->defaultSectionSize())
+        if ((qobject_cast<const Rejilla*>(r) || qobject_cast<const QTextEdit*>(r)) &&
+            r->isVisibleTo(&pantalla) && r->minimumHeight() == 0 && falta <= renglon &&
+            cede(*r, pantalla, ancho, falta))
             return alto - falta;
     return alto;
 }
@@ -235,8 +261,9 @@ int apretado(const Pantalla& pantalla, int alto) {
 } // namespace
 
 int Pantalla::heightForWidth(int ancho) const {
-    return apretado(*this, layout() ? layout()->minimumHeightForWidth(ancho)
-                                    : QWidget::heightForWidth(ancho));
+    return apretado(*this, ancho,
+                    layout() ? layout()->minimumHeightForWidth(ancho)
+                             : QWidget::heightForWidth(ancho));
 }
 
 QSize Pantalla::area_principal() const {

@@ -1,6 +1,7 @@
 #include "vouchers/filtros_busqueda.h"
 
 #include "datos/recordset/condicion.h"
+#include "toolkit/aire.h"
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
@@ -68,7 +69,9 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     abajo->addWidget(buscar);
     if (con_fila) {
         ckfiltro = nombrado(new QCheckBox("Habilitar filtros", this), "ckfiltro");
-        abajo->addWidget(ckfiltro);
+        // En un área estrecha, donde las fechas dejan sitio: otro renglón le quita filas a la
+        // lista.
+        (area_estrecha() ? arriba->layout() : abajo)->addWidget(ckfiltro);
     }
     segundo->setFocusProxy(primero_largo);
     Formulario f(this);

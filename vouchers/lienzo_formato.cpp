@@ -8,7 +8,8 @@
 
 namespace {
 
-constexpr int kUnidades = 10000; // una Moneda de una pulgada
+const QColor kResaltado(0xc0, 0x18, 0x18); // el papel es blanco en cualquier tema
+constexpr int kUnidades = 10000;           // una Moneda de una pulgada
 constexpr int kCartaAncho = 85000, kCartaAlto = 110000;
 constexpr int kPuntosPorPulgada = 72;
 
@@ -101,7 +102,7 @@ QFont LienzoFormato::letra(const QString& propia, qint64 tamano) const {
 }
 
 QColor LienzoFormato::color(const ConjuntoDatos& c, int fila, const QColor& normal) const {
-    return &c == resaltado_ && fila == c.RecNo() ? color_inactivo() : normal;
+    return &c == resaltado_ && fila == c.RecNo() ? kResaltado : normal;
 }
 
 void LienzoFormato::paintEvent(QPaintEvent*) {

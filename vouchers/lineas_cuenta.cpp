@@ -36,6 +36,20 @@ QLineEdit* LineasCuenta::caja_de_nombre(const QString& componente) {
     return e;
 }
 
+namespace {
+/// Un saldo que no dice nada le da su ancho al nombre: entre los dos siempre piden lo mismo.
+void ceda_si_calla(EditorNumero* saldo, QWidget* nombre) {
+    const auto reparta = [saldo, nombre, minimo = nombre->minimumWidth()] {
+        const int lleno = saldo->sizeHint().width();
+        const int suyo = saldo->text().isEmpty() ? lleno / 3 : lleno;
+        saldo->setFixedWidth(suyo);
+        nombre->setMinimumWidth(minimo + lleno - suyo);
+    };
+    QObject::connect(saldo, &QLineEdit::textChanged, nombre, reparta);
+    reparta();
+}
+} // namespace
+
 void LineasCuenta::disponga_pie(Formulario& f, EditorNumero* saldo_cuenta,
                                 EditorNumero* saldo_tercero, EditorNumero* saldo_centro) {
     // Dos renglones para que quepan más líneas, las sumas contra ellas: si la ventana no alcanza,
@@ -48,8 +62,10 @@ void LineasCuenta::disponga_pie(Formulario& f, EditorNumero* saldo_cuenta,
         QWidget* grupo = Formulario::junto(cajas);
         auto* fila = static_cast<QHBoxLayout*>(grupo->layout());
         fila->insertWidget(0, rotulo(titulo, *cajas.begin()));
-        if (saldo)
+        if (saldo) {
             fila->insertWidget(int(cajas.size()) + 1, saldo);
+            ceda_si_calla(saldo, *cajas.begin());
+        }
         flujo->addWidget(grupo);
     };
     for (EditorNumero* suma : {Sumadeb, SumCred})

@@ -170,7 +170,7 @@ void Tfedtformato::construya_encabezado(Formulario& f) {
     LFont->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     auto* tamano_letra = editor("FORM_FSIZE", 4);
     auto* alto = editor("FORM_PAPELAL", 6);
-    auto* impresora = editor("FORM_IMPRE", 14);
+    auto* impresora = editor("FORM_IMPRE", 30);
     ultimo_ = new CasillaDato("Permitir varias páginas", &CFormato, "FORM_PAGINAS");
     f.fila({{"Formato:", Formulario::junto({llave, rotulo("Tipo de letra", LFont), LFont,
                                             rotulo("Tamaño", tamano_letra), tamano_letra})},

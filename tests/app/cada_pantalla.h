@@ -46,6 +46,7 @@ inline void con_cada_pantalla(SesionDePrueba& s, const QStringList& ordenes, QSi
             muestre_modal(callado);
         } else if (PantallasDePrueba::es_modal(n)) {
             muestre_modal(s.dialogos);
+            s.principal->activateWindow(); // si no, ninguna de las que siguen tiene el foco
         } else {
             const QPointer<Pantalla> p(pantallas().abrir(n, encargo));
             QVERIFY2(p, qPrintable(n));

@@ -169,11 +169,18 @@ void revise_anchos(const Rejilla& r, QStringList& faltas) {
 bool se_recorta_un_nombre(const Rejilla& r) {
     constexpr int kLetras = 60, kFilas = 100;
     for (const int c : columnas_a_la_vista(r))
-        for (int f = 0; es_nombre(r, c) && f < qMin(kFilas, r.modelo().rowCount()); ++f) {
+        for (int f = 0; f < qMin(kFilas, r.modelo().rowCount()); ++f) {
             const QFontMetrics m(r.aspecto_de(f).letra);
             const QString texto = r.modelo().texto(f, c).section('\n', 0, 0);
-            if (texto.size() <= kLetras &&
+            if (es_nombre(r, c) && texto.size() <= kLetras &&
                 m.horizontalAdvance(texto) > r.columnWidth(c) - 1 - 2 * DelegadoCelda::margen(m))
+                return true;
+            // El nombre tenue tras su código.
+            const auto* celdas = static_cast<const DelegadoCelda*>(r.itemDelegate());
+            const QString tenue = celdas->acompanante(r.model()->index(f, c));
+            if (!tenue.isEmpty() && tenue.size() <= kLetras &&
+                m.horizontalAdvance(texto + tenue) + 4 * DelegadoCelda::margen(m) >
+                    r.columnWidth(c))
                 return true;
         }
     return false;
@@ -257,6 +264,9 @@ void revise_rejillas(const Pantalla* p, QStringList& faltas) {
         revise_celdas(*r, faltas);
         revise_anchos(*r, faltas);
         revise_desplazamiento(*r, faltas);
+        if (r->horizontalScrollBar()->maximum() !=
+            qMax(0, r->horizontalHeader()->length() - r->viewport()->width()))
+            faltas << nombre_de(r) + ": su barra no llega a todas las columnas";
     }
     faltas.removeDuplicates();
 }
@@ -321,6 +331,22 @@ void revise_botones(Pantalla* p, QStringList& faltas) {
                 faltas << nombre_de(b) + " dice " + b->text();
         }
     }
+}
+
+/// Nada que reciba el teclado queda cortado por abajo, salvo lo que se desplaza.
+void revise_cortes(const Pantalla* p, QStringList& faltas) {
+    for (const QWidget* w : p->findChildren<QWidget*>()) {
+        QRect lugar = w->rect();
+        const QWidget* c = w->isVisible() && (w->focusPolicy() & Qt::TabFocus) ? w : p;
+        for (; c != p && !c->parentWidget()->inherits("QAbstractScrollArea") &&
+               c->objectName() != "qt_scrollarea_viewport";
+             c = c->parentWidget()) {
+            lugar.translate(c->pos());
+            if (lugar.bottom() > c->parentWidget()->height())
+                faltas << nombre_de(w) + " queda cortado";
+        }
+    }
+    faltas.removeDuplicates();
 }
 
 void revise_vacias(const Pantalla* p, QStringList& faltas) {
@@ -413,6 +439,7 @@ QStringList revise(Pantalla* p) {
     revise_cajas(p, faltas);
     revise_nombres(p, faltas);
     revise_botones(p, faltas);
+    revise_cortes(p, faltas);
     revise_vacias(p, faltas);
     revise_lineas(p, faltas);
     revise_hueco(p, faltas);
@@ -528,6 +555,8 @@ private slots:
             *s_, ordenes, area,
             [&](Pantalla* p) {
                 QStringList suyas = Reproches::saque();
+                p->window()->activateWindow(); // en la foto se ve el foco
+                (void)QTest::qWaitForWindowActive(p->window());
                 revise_apertura(p, suyas);
                 suyas << revise(p);
                 if (p->objectName() == "Tfmovimien")

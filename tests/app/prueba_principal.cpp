@@ -521,16 +521,6 @@ private slots:
 
         p.mensajes->Timer3Timer();
         QCOMPARE(aviso->cuantos(), 1);
-        // Ni en un monitor pequeño tapa los botones de la pantalla que se abre.
-        p.resize(911, 512);
-        Pantalla* cuentas = pantallas().abrir("Tfcuentas");
-        QVERIFY(cuentas);
-        agote_eventos();
-        for (const QPushButton* b : cuentas->findChildren<QPushButton*>())
-            QVERIFY2(!b->isVisible() ||
-                         !aviso->geometry().intersects({b->mapTo(&p, QPoint()), b->size()}),
-                     qPrintable(b->text()));
-        cuentas->close();
         RespondeMensaje contestado;
         registre_testigo("Tfmensaje",
                          [&](const Pantalla& m) { contestado = m.peticion<RespondeMensaje>(); });
@@ -541,6 +531,34 @@ private slots:
         escritorio()->cierre_todas();
         p.mensajes->Timer3Timer();
         QVERIFY(!aviso->isVisible() && reloj->isActive());
+    }
+
+    void el_aviso_no_tapa_los_botones_ni_cuando_se_mueven() {
+        s_->bases.ejecute({"insert into mensajeria (mens_id, mens_autor, mens_mensaje, mens_nivel, "
+                           "mens_destino, mens_leido) values (901, 'AUXILIAR', 'Hola', 9, 'ADMIN', "
+                           "'N')"});
+        Tfprincipal& p = s_->entre();
+        const VentanaAvisos* aviso = p.mensajes->AdvAlertWindow2;
+        p.resize(911, 512); // ni en un monitor pequeño
+        Pantalla* cuentas = pantallas().abrir("Tfcuentas");
+        QVERIFY(cuentas);
+        agote_eventos();
+        const auto tapado = [&] {
+            QString tapados;
+            for (const QPushButton* b : cuentas->findChildren<QPushButton*>())
+                if (b->isVisible() &&
+                    aviso->geometry().intersects({b->mapTo(&p, QPoint()), b->size()}))
+                    tapados += b->text();
+            return tapados;
+        };
+        QCOMPARE(tapado(), QString());
+        QWidget* suya = p.findChild<QWidget*>("ventana_Tfcuentas"); // ni si sus botones se mueven
+        const QSize abierta = suya->size();
+        suya->resize(abierta - QSize(0, 60));
+        agote_eventos();
+        QCOMPARE(tapado(), QString());
+        suya->resize(abierta); // la que escoge el usuario se guarda
+        cuentas->close();
     }
 
     void una_excepcion_que_nadie_atrapa_llega_a_la_falla_general() {

@@ -3,6 +3,7 @@
 #include "toolkit/estilo.h"
 #include "toolkit/rejilla/anchos_rejilla.h"
 #include "toolkit/rejilla/delegado_celda.h"
+#include "toolkit/rejilla/encabezado_rejilla.h"
 #include "toolkit/rejilla/modelo_conjunto.h"
 #include "toolkit/rejilla/titulo_columna.h"
 
@@ -193,6 +194,27 @@ private slots:
         QCOMPARE(total(*p.rejilla), p.rejilla->viewport()->width());
     }
 
+    void unos_ceros_se_leen_aunque_la_primera_fila_no_diga_nada() {
+        RejillaDePrueba p;
+        p.rejilla->columna(p.Credito).Titulo = "C";
+        p.rejilla->columna(p.Credito).DisplayFormat = "#,##0.00";
+        for (p.detalle->Next(); !p.detalle->Eof(); p.detalle->Next()) {
+            p.detalle->Edit();
+            p.detalle->FieldByName("CODE_CREDITO").asigne(Moneda());
+            p.detalle->Post();
+        }
+        p.ventana.resize(330, 300);
+        QCoreApplication::processEvents();
+        p.rejilla->ajuste_anchos();
+        QVERIFY(cabe(*p.rejilla, 1, p.Credito));
+        // Lo que hace su sitio al pintarse también se lo pide a la ventana.
+        auto& anchos = static_cast<EncabezadoRejilla*>(p.rejilla->horizontalHeader())->anchos();
+        const QSignalSpy crecio(&anchos, &AnchosRejilla::crecio);
+        anchos.pida(p.Credito, 200);
+        QCoreApplication::processEvents();
+        QCOMPARE(crecio.count(), 1);
+    }
+
     void la_que_se_vacia_para_digitar_queda_como_recien_abierta() {
         RejillaDePrueba nueva(0), p;
         QVector<int> de_fabrica;
@@ -265,7 +287,15 @@ private slots:
         });
         p.rejilla->ajuste_anchos();
         QVERIFY(p.rejilla->columnWidth(p.Cuenta) >
-                p.rejilla->fontMetrics().horizontalAdvance("110501  Caja g"));
+                p.rejilla->fontMetrics().horizontalAdvance("110501  Caja general"));
+        // Y no se queda con lo que al concepto le falta.
+        p.detalle->Edit();
+        p.detalle->FieldByName("CODE_CONCEPTO").asigne("Anticipo de la obra del puente");
+        p.detalle->Post();
+        p.ventana.resize(560, 300);
+        p.rejilla->ajuste_anchos();
+        QVERIFY(cabe(*p.rejilla, 0, p.Concepto));
+        p.ventana.resize(760, 300);
         QVERIFY(tinta() != sin_nombre);
         QCOMPARE(total(*p.rejilla), p.rejilla->viewport()->width());
         p.rejilla->setColumnWidth(p.Cuenta, p.rejilla->fontMetrics().horizontalAdvance("1105010"));

@@ -1,5 +1,6 @@
 #include "toolkit/controles/editorrico.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/controles/lista_tecleo.h"
 #include "toolkit/estilo.h"
 
@@ -73,6 +74,8 @@ void EditorRico::arme_letras() {
     letra->setObjectName("letra");
     letra->setAccessibleName(QStringLiteral("Letra"));
     letra->setFocusPolicy(Qt::ClickFocus);
+    if (area_estrecha()) // el sitio es de las órdenes
+        letra->setMaximumWidth(escalado(140));
     cuerpo_->setObjectName("cuerpo");
     cuerpo_->setAccessibleName(QStringLiteral("Tamaño de la letra"));
     cuerpo_->setFocusPolicy(Qt::ClickFocus);

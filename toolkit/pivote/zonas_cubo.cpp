@@ -1,5 +1,6 @@
 #include "toolkit/pivote/zonas_cubo.h"
 
+#include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 
 #include <QDialog>
@@ -37,6 +38,9 @@ public:
         setDefaultDropAction(Qt::MoveAction);
         setSelectionMode(SingleSelection);
         setMinimumHeight(fontMetrics().height() * 3);
+    }
+    QSize sizeHint() const override { // el ancho que sobra es de las cifras
+        return {ancho_caracteres(fontMetrics(), 24), QListWidget::sizeHint().height()};
     }
 
 protected:
@@ -108,6 +112,8 @@ ZonasCubo::ZonasCubo(const Cubo& cubo, QWidget* padre)
     };
     casilla(total_filas, "TotalFilas", &DisposicionCubo::total_filas);
     casilla(total_columnas, "TotalColumnas", &DisposicionCubo::total_columnas);
+    casillas_ = en_flujo({total_filas, total_columnas}, rejilla_->spacing());
+    casillas_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum); // siguen en otro renglón
     alinee(false);
     setToolTip(QStringLiteral("Arrastre los campos, o F, C, T, V y Supr los mueven; Alt+Arriba y "
                               "Alt+Abajo los ordenan; Enter escoge sus valores o cómo se ven"));
@@ -124,9 +130,8 @@ void ZonasCubo::alinee(bool parejas) {
     }
     constexpr int kRenglones = 10;
     for (int fila = 1; fila < kRenglones; fila += 2)
-        rejilla_->setRowStretch(fila, parejas && fila > 5 ? 0 : fila == 1 ? 3 : 2);
-    rejilla_->addWidget(total_filas, kRenglones, 0, 1, parejas ? 1 : 2);
-    rejilla_->addWidget(total_columnas, kRenglones + !parejas, parejas, 1, parejas ? 1 : 2);
+        rejilla_->setRowStretch(fila, parejas && fila > 5 ? 0 : fila == 1 ? 6 : 2);
+    rejilla_->addWidget(casillas_, kRenglones, 0, 1, 2);
 }
 
 int ZonasCubo::alto_con(int listas, int casillas) const {
@@ -136,7 +141,7 @@ int ZonasCubo::alto_con(int listas, int casillas) const {
 }
 
 QSize ZonasCubo::minimumSizeHint() const {
-    return {QWidget::minimumSizeHint().width(), alto_con(3, 1)};
+    return {QWidget::minimumSizeHint().width(), alto_con(3, 2)};
 }
 
 void ZonasCubo::resizeEvent(QResizeEvent* evento) {

@@ -63,5 +63,6 @@ private:
     std::array<QListWidget*, 5> listas_;
     std::array<QLabel*, 5> titulos_;
     QGridLayout* rejilla_;
+    QWidget* casillas_;
     bool llenando_ = false, parejas_ = false;
 };

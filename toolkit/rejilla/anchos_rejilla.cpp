@@ -17,8 +17,7 @@ constexpr int kFilasCodigo = 2000;     ///< filas en que se busca el código má
 constexpr int kCaracteresLargo = 24;   ///< desde aquí un texto es un nombre y no un código
 constexpr int kCaracteresMinimo = 8;   ///< lo que de un nombre siempre se ve
 constexpr int kCaracteresCodigo = 4;   ///< y de un código, aunque hoy sean más cortos
-constexpr int kCaracteresAlLado = 32;  ///< del nombre que va tras su código
-constexpr int kCaracteresHolgura = 45; ///< y si sobra
+constexpr int kCaracteresHolgura = 45; ///< del nombre que va tras su código, si sobra
 constexpr int kVecesCodigo = 3;        ///< lo más que un código se ensancha con lo que sobra
 constexpr int kCaracteresEntero = 70; ///< un nombre; lo más largo es una nota, y se lee en su celda
 
@@ -120,6 +119,8 @@ QVector<int> apriete(const Cesiones& c, const QVector<PedidoAncho>& pedidos, int
         for (qsizetype i = 0; i < anchos.size(); ++i)
             if (c.nombre[i] > 0)
                 quita[i] = qMin(quita[i], anchos[i] - qMin(pedidos[i].entero, disponible / 5));
+            else if (!pedidos[i].vacia && pedidos[i].breve > 0)
+                quita[i] = qMax(quita[i], anchos[i] - pedidos[i].breve);
     for (qsizetype i = 0; i < anchos.size(); ++i)
         anchos[i] -= quita[i];
     return anchos;
@@ -153,7 +154,7 @@ QVector<int> reparta_ancho(const QVector<PedidoAncho>& pedidos, int disponible) 
     for (qsizetype i = 0; i < nombres.size(); ++i)
         nombres[i] = qMax(nombres[i], c.nombre[i]);
     libre = de_menor_a_mayor(anchos, nombres, libre);
-    libre = de_lo_que_falta(anchos, cedidos, libre);
+    libre = de_menor_a_mayor(anchos, cedidos, libre); // los de un mismo largo, parejos
     libre = de_lo_que_falta(anchos, c.reserva, libre);
     // Los títulos en un renglón, si todos caben.
     if (const auto seguidos = lo_suyo([](P p, int ancho) { return p.seguido - ancho; });
@@ -211,10 +212,11 @@ bool AnchosRejilla::vea_cifras(int columna, int desde, int hasta,
     const bool pareja = !formato.isEmpty() && formato.lastIndexOf('#') < formato.indexOf('.');
     const Moneda mucho = Moneda::porcentaje(alta, Moneda(1)),
                  poco = Moneda::porcentaje(baja, Moneda(1));
+    const bool ceros = alta.es_cero() && baja.es_cero(); // y alguna fila puede no decir ni eso
     for (int i = 0; i < primeras.size(); ++i)
-        if (!pareja || primeras[i] > mucho || primeras[i] < poco)
+        if (!pareja || ceros || primeras[i] > mucho || primeras[i] < poco)
             vea(columna, desde + i, mas_ancha);
-    return !alta.es_cero() || !baja.es_cero();
+    return !ceros;
 }
 
 AnchosRejilla::Contenido AnchosRejilla::contenido(int columna, int desde, int hasta) const {
@@ -287,6 +289,7 @@ void AnchosRejilla::mida_texto(int columna, PedidoAncho& p) const {
     // Donde se digita un nombre siempre hay sitio para su comienzo.
     p.vacia = calla && !rejilla_.modelo().editable(columna);
     p.cede = p.contenido - (p.vacia ? qMin(piso(columna, lleno), p.contenido) : poco);
+    p.breve = calla ? piso(columna, lleno) : 0;
     p.entero = ancho_entero(lleno);
     p.peso = qMax(1, c.ancho);
 }
@@ -318,8 +321,7 @@ void AnchosRejilla::mida_corto(int columna, PedidoAncho& p) const {
     if (acompanada) {
         p.comodo = p.contenido + ancho_caracteres(medidas, kCaracteresHolgura);
         if (const int filas = rejilla_.modelo().rowCount(); filas > 0)
-            p.entero = qMax(p.contenido + ancho_caracteres(medidas, kCaracteresAlLado),
-                            con_su_nombre(columna, 0, filas));
+            p.entero = con_su_nombre(columna, 0, filas);
         p.peso = c.ancho;
     }
 }
@@ -338,10 +340,14 @@ int AnchosRejilla::con_su_nombre(int columna, int desde, int hasta) const {
     return mayor;
 }
 
+bool AnchosRejilla::digitando() const {
+    const ConjuntoDatos* c = rejilla_.conjunto();
+    return rejilla_.digitando() || !c || c->Modified();
+}
+
 void AnchosRejilla::mida_nombres(int columna) {
     // Mientras se digita nada se mueve: al grabar la fila se mide.
-    if (pedidos_.size() != rejilla_.cuenta_columnas() || rejilla_.digitando() ||
-        !rejilla_.conjunto() || rejilla_.conjunto()->Modified())
+    if (pedidos_.size() != rejilla_.cuenta_columnas() || digitando())
         return;
     crezca_con_su_nombre(columna, 0, rejilla_.modelo().rowCount());
     if (reparta_si_crecio())
@@ -426,7 +432,7 @@ void AnchosRejilla::crezca(int columna, int desde, int hasta, bool con_nombres) 
         return;
     const auto [suyo, calla] = contenido(columna, desde, hasta);
     if (texto) {
-        if (p.vacia && !calla)
+        if ((p.vacia || p.breve > 0) && !calla)
             p = mida_columna(columna), repartido_ = -1;
         else if (const int entero = ancho_entero(suyo); entero > p.entero) {
             p.entero = entero;
@@ -462,6 +468,8 @@ void AnchosRejilla::pida(int columna, int ancho) {
             [this] {
                 pendiente_ = false;
                 reparta();
+                if (!digitando())
+                    emit crecio();
             },
             Qt::QueuedConnection);
 }
@@ -483,12 +491,14 @@ int AnchosRejilla::ancho_disponible() const {
     return todo.width() - (con_barra_ ? barra : 0);
 }
 
-int AnchosRejilla::lo_que_falta() const {
+int AnchosRejilla::lo_que_falta(bool con_titulos) const {
     const Cesiones c(pedidos_);
     int total = 0;
-    for (qsizetype i = 0; i < pedidos_.size(); ++i)
-        total +=
-            qMax(c.anchos[i], qMax(pedidos_[i].fijo ? 0 : pedidos_[i].seguido, pedidos_[i].entero));
+    for (qsizetype i = 0; i < pedidos_.size(); ++i) {
+        const PedidoAncho& p = pedidos_[i];
+        const int minimo = c.anchos[i] - (con_titulos ? 0 : c.titulo_vacia[i]);
+        total += qMax(minimo, qMax(con_titulos && !p.fijo ? p.seguido : 0, p.entero));
+    }
     return qMax(0, total - ancho_disponible());
 }
 

@@ -17,6 +17,7 @@ class Rejilla;
 struct PedidoAncho {
     int contenido = 0;  ///< sin esto se recortaría una cifra o un código
     int titulo = 0;     ///< para que su título se lea entero, aunque sea en dos renglones
+    int breve = 0;      ///< de la que no dice nada y se digita, para leerlo abreviado
     int seguido = 0;    ///< para que se lea en uno
     int comodo = 0;     ///< el texto completo, o sitio para digitar
     int entero = 0;     ///< para leer sin puntos suspensivos lo que hay; 0 si basta `contenido`
@@ -52,8 +53,8 @@ public:
     bool vacia(int columna) const { return pedidos_.value(columna).vacia; }
     bool repartiendo() const { return repartiendo_; }
     /// Píxeles que le faltan a la rejilla para mostrar sin desplazarse sus cifras, códigos y
-    /// títulos, y enteros los nombres que tiene.
-    int lo_que_falta() const;
+    /// títulos, y enteros los nombres que tiene. Sin títulos, solo lo que dice.
+    int lo_que_falta(bool con_titulos = true) const;
     /// Ancho de la rejilla con que se ve todo lo que dice, sin que ceda sino lo que no dice nada.
     int sin_ceder() const;
     /// Y con el que no hay que desplazarla, cediendo lo que se puede ceder.
@@ -92,6 +93,7 @@ private:
     void crezca_con_su_nombre(int columna, int desde, int hasta);
     void crezca(int columna, int desde, int hasta, bool con_nombres);
     bool reparta_si_crecio();
+    bool digitando() const; ///< lo que se digita no se mueve bajo los ojos
     /// No cede por debajo de ese ancho. `dice`: ya no está vacía.
     void asegure(PedidoAncho& pedido, int ancho, bool dice);
     int ancho_entero(int lleno) const; ///< el de un nombre, sin lo que pase de un renglón

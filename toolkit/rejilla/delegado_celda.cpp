@@ -44,6 +44,15 @@ QColor legible(QColor tinta, const QColor& fondo) {
     return tinta;
 }
 
+AnchosRejilla& anchos_de(const Rejilla& rejilla) {
+    return static_cast<EncabezadoRejilla*>(rejilla.horizontalHeader())->anchos();
+}
+
+/// Lo que a lo ancho se ve de una columna, con su margen.
+QRect a_la_vista(const QRect& lugar, const QWidget& vista, int margen) {
+    return lugar & QRect(margen, lugar.y(), vista.width() - 2 * margen, lugar.height());
+}
+
 } // namespace
 
 DelegadoCelda::DelegadoCelda(Rejilla& rejilla) : QStyledItemDelegate(&rejilla), rejilla_(rejilla) {}
@@ -129,26 +138,27 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
         if (salto >= 0)
             texto = texto.left(salto) + QStringLiteral(" …");
         // Un importe recortado se leería como otro importe.
+        const bool cifra = modelo.numerica(indice.column());
         int ancho = medidas.horizontalAdvance(texto);
         if (ancho > hueco.width()) {
-            static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())
-                ->anchos()
-                .pida(indice.column(), sizeHint(opcion, indice).width());
+            anchos_de(rejilla_).pida(indice.column(), sizeHint(opcion, indice).width());
             texto =
-                modelo.numerica(indice.column())
+                cifra
                     ? QString(qMax(1, hueco.width() / qMax(1, medidas.horizontalAdvance('#'))), '#')
                     : medidas.elidedText(texto, Qt::ElideRight, hueco.width());
             ancho = medidas.horizontalAdvance(texto);
         }
-        pintor->drawText(hueco, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
-                         texto);
+        // Un pedazo del que asoma a medias, también.
+        const QRect sitio = cifra ? a_la_vista(hueco, *rejilla_.viewport(), aire) : hueco;
+        pintor->drawText(sitio, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
+                         cifra && ancho > sitio.width() ? QStringLiteral("…") : texto);
         pinte_acompanante(*pintor, hueco.adjusted(ancho + 2 * aire, 0, 0, 0), indice, papel);
     }
 
     if (indice == rejilla_.currentIndex()) {
         const bool foco = rejilla_.enfocada();
         const int grueso = foco ? qMax(2, escalado(2)) : 1;
-        const QColor borde = foco ? rejilla_.palette().color(QPalette::Active, QPalette::Highlight)
+        const QColor borde = foco ? rejilla_.palette().color(QPalette::Active, QPalette::Link)
                                   : rejilla_.palette().color(QPalette::Mid);
         pintor->setPen(QPen(borde, grueso, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
         const int medio = grueso / 2;

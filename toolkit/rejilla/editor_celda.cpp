@@ -52,7 +52,7 @@ void EditorCelda::prepare(const Campo& campo, bool numerico, const QString& titu
     setTextMargins(aire, 0, aire, 0);
     setStyleSheet(QStringLiteral("QLineEdit { border: %1px solid %2; background: %3; }")
                       .arg(qMax(2, escalado(2)))
-                      .arg(palette().color(QPalette::Active, QPalette::Highlight).name(),
+                      .arg(palette().color(QPalette::Active, QPalette::Link).name(),
                            palette().color(QPalette::Base).name()));
 }
 

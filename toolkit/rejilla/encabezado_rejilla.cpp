@@ -40,8 +40,15 @@ void EncabezadoRejilla::initStyleOptionForIndex(QStyleOptionHeader* opcion, int 
 }
 
 QString EncabezadoRejilla::titulo_partido(int columna) const {
-    return titulo_en(rejilla_.columna(columna).Titulo, fontMetrics(),
+    const QString titulo = rejilla_.columna(columna).Titulo;
+    return titulo_en(meses_cortos_ ? mes_corto(titulo) : titulo, fontMetrics(),
                      sectionSize(columna) - margenes());
+}
+
+void EncabezadoRejilla::paintSection(QPainter* pintor, const QRect& lugar, int columna) const {
+    const QRect visible = lugar & viewport()->rect();
+    const int pide = fontMetrics().size(0, titulo_partido(columna)).width() + margenes();
+    QHeaderView::paintSection(pintor, visible.width() < pide ? lugar : visible, columna);
 }
 
 int EncabezadoRejilla::margenes() const {
@@ -61,6 +68,12 @@ int EncabezadoRejilla::ancho_minimo(int columna) const {
 
 void EncabezadoRejilla::acomode_titulos() {
     bool dos = false;
+    meses_cortos_ = false;
+    for (int c = 0; c < count() && !meses_cortos_; ++c) {
+        const QString titulo = rejilla_.columna(c).Titulo;
+        meses_cortos_ =
+            !isSectionHidden(c) && mes_corto(titulo) != titulo && titulo_partido(c) != titulo;
+    }
     for (int c = 0; c < count() && !dos; ++c)
         dos = !isSectionHidden(c) && titulo_partido(c).contains('\n');
     if (std::exchange(dos_renglones_, dos) != dos)

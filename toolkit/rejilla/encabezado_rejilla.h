@@ -42,6 +42,8 @@ public:
 
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const override;
+    /// El título de la que asoma a medias va en lo que se ve de ella, si cabe.
+    void paintSection(QPainter* pintor, const QRect& lugar, int columna) const override;
     void mousePressEvent(QMouseEvent* evento) override;
     void mouseReleaseEvent(QMouseEvent* evento) override;
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
@@ -56,6 +58,7 @@ private:
     Rejilla& rejilla_;
     AnchosRejilla* anchos_;
     bool dos_renglones_ = false;
+    bool meses_cortos_ = false; ///< si uno no cabe, todos van abreviados
     bool oprimido_ = false;
     std::vector<QLineEdit*> filtros_;
     bool con_filtros_ = false;

@@ -26,8 +26,7 @@ void IndicadorFilas::paintSection(QPainter* pintor, const QRect& seccion, int fi
     const QPointF centro = QRectF(seccion).center();
     const QColor tinta = palette().color(QPalette::ButtonText);
     if (marcada) {
-        QPen pluma(palette().color(QPalette::Active, QPalette::Highlight).darker(130),
-                   qMax(1.5, lado * 0.22));
+        QPen pluma(tinta, qMax(1.5, lado * 0.22));
         pluma.setCapStyle(Qt::RoundCap);
         pintor->setPen(pluma);
         pintor->drawPolyline(QPolygonF{{centro.x() - lado * 0.45, centro.y()},

@@ -62,6 +62,9 @@ void PieRejilla::paintEvent(QPaintEvent*) {
             anchos.pida(c, medidas.horizontalAdvance(suma) + 4 * aire);
         }
         hueco.setLeft(qMin(hueco.left(), hueco.right() - medidas.horizontalAdvance(suma)));
-        pintor.drawText(hueco, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, suma);
+        // Un pedazo de la de una columna que asoma a medias se leería como otra.
+        hueco &= campo.adjusted(aire, 0, -aire, 0);
+        if (medidas.horizontalAdvance(suma) <= hueco.width())
+            pintor.drawText(hueco, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, suma);
     }
 }

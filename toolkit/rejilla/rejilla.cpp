@@ -13,6 +13,7 @@
 #include "toolkit/rejilla/pie_rejilla.h"
 #include "toolkit/rejilla/tabla_rejilla.h"
 
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QSettings>
 
@@ -99,7 +100,9 @@ Rejilla::Rejilla(QWidget* padre, ConjuntoDatos* conjunto)
         encabezado_->anchos().mida(); // los textos se quedan con lo que el arrastre dejó
     });
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] {
-        pie_->update();
+        // De la que asoma a medias no basta pintar lo que acaba de entrar.
+        for (QWidget* w : {viewport(), encabezado_->viewport(), static_cast<QWidget*>(pie_)})
+            w->update();
         ubique_editor();
     });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
@@ -280,10 +283,12 @@ void Rejilla::guarde_anchos() {
 void Rejilla::updateGeometries() {
     if (geometria_)
         return;
-    geometria_ = true;
-    const int desplazada = verticalScrollBar()->value();
-    QTableView::updateGeometries();
-    if (pie_ && pie_->isVisibleTo(this)) {
+    const auto acomode = [this] {
+        const QScopedValueRollback<bool> guarda(geometria_, true);
+        const int desplazada = verticalScrollBar()->value();
+        QTableView::updateGeometries();
+        if (!pie_ || !pie_->isVisibleTo(this))
+            return;
         // La base reparte toda la altura: el pie toma la suya al final. Primero las barras, para
         // que el margen del pie no las quite y las ponga sin acabar nunca.
         const QMargins margenes = viewportMargins();
@@ -295,9 +300,12 @@ void Rejilla::updateGeometries() {
         pie_->setGeometry(indicador_->x(), filas.bottom() + 1, filas.right() + 1 - indicador_->x(),
                           alto);
         verticalScrollBar()->setValue(desplazada);
-    }
-    geometria_ = false;
+    };
+    acomode();
     encabezado_->anchos().reparta();
+    // Con otros anchos puede hacer falta otra barra, sin esperar a que la base vuelva a mirar.
+    if (horizontalScrollBar()->maximum() != qMax(0, encabezado_->length() - viewport()->width()))
+        acomode();
     ubique_editor();
     // Un primer paquete que no llena la vista no se deja desplazar: el siguiente se pide ya.
     if (isVisible() && modelo_->canFetchMore({}) &&

@@ -74,6 +74,10 @@ QStringList en_dos(const QString& titulo, const QFontMetrics& medidas) {
 
 } // namespace
 
+QString mes_corto(const QString& titulo) {
+    return es_mes(titulo) ? titulo.left(kLetras) : titulo;
+}
+
 QString titulo_en(const QString& titulo, const QFontMetrics& medidas, int ancho) {
     if (medidas.horizontalAdvance(titulo) <= ancho)
         return titulo;

@@ -8,6 +8,9 @@
 /// caben, abreviadas ("Ref.", "Ajust."). Los renglones van separados por '\n'.
 QString titulo_en(const QString& titulo, const QFontMetrics& medidas, int ancho);
 
+/// Un mes como se abrevia; cualquier otro título, como está.
+QString mes_corto(const QString& titulo);
+
 /// Píxeles con que se lee entero en dos renglones.
 int ancho_en_dos_renglones(const QString& titulo, const QFontMetrics& medidas);
 
