@@ -491,7 +491,7 @@ bool FormaRango::abra() {
     CAuxiliar.Close();
     // Para imprimir basta una pasada; la exportación mide la tabla antes de escribirla.
     CAuxiliar.Unidireccional = !exportar && !todas_las_filas();
-    CAuxiliar.Open(sql());
+    lea([this] { CAuxiliar.Open(sql()); });
     if (CAuxiliar.IsEmpty())
         return false;
     despues_de_abrir();

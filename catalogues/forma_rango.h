@@ -82,6 +82,8 @@ protected:
     /// Columnas que la base no calcula y pasos antes de abrir el conjunto. Lo que no se pueda
     /// imprimir se dice aquí con `rehuse`: la pantalla queda como estaba.
     virtual void antes_de_abrir() {}
+    /// Rodea la lectura: quien pide que la base la haga de otro modo la envuelve.
+    virtual void lea(const std::function<void()>& abra) { abra(); }
     /// El miembro mira o cambia las filas antes de imprimirlas: se traen todas.
     virtual bool todas_las_filas() const { return false; }
     /// Las filas ya están: con `todas_las_filas` se pueden recorrer y cambiar.

@@ -1,5 +1,6 @@
 #include "ledger/tfcomparacentros.h"
 
+#include "libro/sin_cierre.h"
 #include "sesion/instalacion.h"
 #include "toolkit/barrabotones.h"
 #include "toolkit/controles/cajaperiodo.h"
@@ -221,11 +222,12 @@ void Tfcomparacentros::actualice_balance() {
     fdmcnt().guarde_periodo();
     muestre_periodo();
     CBalcentro.Close();
-    CBalcentro.Open((ckNiif->isChecked() ? "SELECT * FROM  BALANCE_CON_CENTROS_MES_N("
-                                         : "SELECT * FROM  BALANCE_CON_CENTROS_MES(") +
-                    QuotedStr(fdmcnt().ano_actual) + ", " +
-                    QString::number(fdmcnt().periodo_actual + 1) +
-                    ",'S', '4','999999','0','zz','0','zz','S')"); // resultados: sin el cierre
+    const QString consulta = (ckNiif->isChecked() ? "SELECT * FROM  BALANCE_CON_CENTROS_MES_N("
+                                                  : "SELECT * FROM  BALANCE_CON_CENTROS_MES(") +
+                             QuotedStr(fdmcnt().ano_actual) + ", " +
+                             QString::number(fdmcnt().periodo_actual + 1) +
+                             ",'S', '4','999999','0','zz','0','zz')";
+    sin_el_cierre(fdm().Quorvex, [&] { CBalcentro.Open(consulta); });
     rejilla->titulo_impreso =
         titulo_de_hoja(ckNiif->isChecked() ? Libro::Niif : Libro::Decreto2649, periodo_legible());
     CBalcentro.FetchAll();

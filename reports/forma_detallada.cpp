@@ -41,12 +41,10 @@ void FormaConTerceros::defina_columnas(bool con_contacto) {
     defina_totales("CUENTA");
 }
 
-QString FormaConTerceros::consulta(const QString& cuentas, bool sin_movimiento,
-                                   bool sin_cierre) const {
+QString FormaConTerceros::consulta(const QString& cuentas, bool sin_movimiento) const {
     const QString texto = "SELECT * FROM " + procedimiento("BALANCE_CON_TERCEROS_MES", "_N") + '(' +
                           ano_y_periodo() + ", " + cuentas + ", " +
-                          argumentos({"ENitIni", "ENitFin"}) + ',' + bandera(sin_movimiento) +
-                          (sin_cierre ? ",'S')" : ")");
+                          argumentos({"ENitIni", "ENitFin"}) + ',' + bandera(sin_movimiento) + ')';
     return marcada(cknombre) ? texto + "ORDER BY CUENTA,NOM_TERCERO" : texto;
 }
 
@@ -95,11 +93,9 @@ void FormaConCentros::defina_columnas(bool con_movimiento) {
     defina_totales("CUENTA");
 }
 
-QString FormaConCentros::consulta(const QString& cuentas, bool solo_movidas,
-                                  bool sin_cierre) const {
+QString FormaConCentros::consulta(const QString& cuentas, bool solo_movidas) const {
     return "SELECT * FROM " + procedimiento("BALANCE_CON_CENTROS_MES", "_N") + '(' +
            ano_y_periodo() + (por_centro() ? ",'S'," : ",'N',") + cuentas + ',' +
-           argumentos({"ECenIni", "ECenFin", "ESubcIni", "ESubcfin"}, ",") +
-           (sin_cierre ? ",'S')" : ")") +
+           argumentos({"ECenIni", "ECenFin", "ESubcIni", "ESubcfin"}, ",") + ')' +
            (solo_movidas ? " WHERE ((inicial <> 0) or (debitos <> 0) or (creditos <> 0))" : "");
 }

@@ -22,7 +22,7 @@ protected:
     void defina_columnas(bool con_contacto);
     /// `cuentas`: los dos límites de cuenta, ya como literales.
     /// El resultado se pide sin el cierre del año.
-    QString consulta(const QString& cuentas, bool sin_movimiento, bool sin_cierre = false) const;
+    QString consulta(const QString& cuentas, bool sin_movimiento) const;
 };
 
 class FormaConCentros : public FormaEstado {
@@ -37,7 +37,7 @@ public:
 protected:
     void defina_columnas(bool con_movimiento);
     /// La de los saldos; `solo_movidas` deja las filas con saldo o movimiento.
-    QString consulta(const QString& cuentas, bool solo_movidas, bool sin_cierre = false) const;
+    QString consulta(const QString& cuentas, bool solo_movidas) const;
     bool por_centro() const;
 
 private:

@@ -205,10 +205,10 @@ END^
 -- Balance de un mes con los terceros de cada cuenta. En las filas de tercero NIVEL es 99, STERCERO
 -- su saldo final y NOMCTATER su nombre; en las demás NOMCTATER es el de la cuenta. SIN_MOVIMIENTO
 -- "S" incluye lo que no tiene saldo ni movimiento. Lo llaman Tfrngbalancetercero y, con SIN_CIERRE
--- "S", Tfrngresultadotercero: el resultado va sin el cierre del año.
+-- "S" en la sesión, Tfrngresultadotercero: el resultado va sin el cierre del año.
 CREATE OR ALTER PROCEDURE BALANCE_CON_TERCEROS_MES{_N} (
   ANO varchar(4), MES smallint, DESDE varchar(20), HASTA varchar(20), NITINI varchar(20),
-  NITFIN varchar(20), SIN_MOVIMIENTO char(1), SIN_CIERRE char(1) = 'N')
+  NITFIN varchar(20), SIN_MOVIMIENTO char(1))
 RETURNS (CUENTA varchar(20), NOM_CUENTA varchar(60), NIT varchar(20), NOM_TERCERO D_NOMBRE,
   INICIAL numeric(15,2), DEBITOS numeric(15,2), CREDITOS numeric(15,2), FINAL numeric(15,2),
   SCLASE numeric(15,2), SGRUPO numeric(15,2), SSUBGRUPO numeric(15,2), SCUENTA numeric(15,2),
@@ -222,7 +222,7 @@ BEGIN
       B.INICIAL + B.DEBITOS - B.CREDITOS, iif(B.NIT IS NULL, B.NIVEL, 99), T.TERC_DV, T.TERC_DIR,
       T.TERC_CIU, T.CIUD_COD, T.TERC_TEL, T.TERC_FAX, T.TERC_CEL
     FROM BALANCE_TRAMO{_NIIF}(:DESDE, :HASTA, :NITINI, :NITFIN, :ANO, :MES, :MES, :SIN_MOVIMIENTO,
-      'S', :SIN_CIERRE) B
+      'S', coalesce(rdb$get_context('USER_SESSION', 'SIN_CIERRE'), 'N')) B
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = B.CODIGO
     LEFT JOIN TERCEROS T ON T.TERC_NIT = B.NIT
     INTO :CUENTA, :NOM_CUENTA, :NIT, :NOM_TERCERO, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL,

@@ -7,12 +7,11 @@ SET TERM ^ ;
 -- "S": cada centro con sus cuentas de todos los niveles. Los límites de proyecto y centro son de
 -- texto; lo que no lleva centro entra con el inferior vacío. En las filas de centro NIVEL es 99 y
 -- NOMCTACEN el nombre del centro; los valores por nivel van con el signo del estado. Lo llaman
--- Tfrngbalancecentro y, con SIN_CIERRE "S", Tfrngresultadocentro y Tfcomparacentros: el resultado
--- va sin el cierre del año.
+-- Tfrngbalancecentro y, con SIN_CIERRE "S" en la sesión, Tfrngresultadocentro y Tfcomparacentros: el
+-- resultado va sin el cierre del año.
 CREATE OR ALTER PROCEDURE BALANCE_CON_CENTROS_MES{_N} (
   ANO varchar(4), MES smallint, CENTRO_CUENTA char(1), DESDE varchar(20), HASTA varchar(20),
-  PROYINI varchar(4), PROYFIN varchar(4), CENTINI varchar(4), CENTFIN varchar(4),
-  SIN_CIERRE char(1) = 'N')
+  PROYINI varchar(4), PROYFIN varchar(4), CENTINI varchar(4), CENTFIN varchar(4))
 RETURNS (CUENTA varchar(20), NOM_CUENTA varchar(60), PROY varchar(4), CENTRO varchar(4),
   NOM_CENTRO varchar(60), INICIAL numeric(15,2), DEBITOS numeric(15,2), CREDITOS numeric(15,2),
   FINAL numeric(15,2), NIVEL integer, SCLASE numeric(15,2), SGRUPO numeric(15,2),
@@ -22,7 +21,9 @@ RETURNS (CUENTA varchar(20), NOM_CUENTA varchar(60), PROY varchar(4), CENTRO var
 AS
   DECLARE SIGNO smallint;
   DECLARE DE_CENTRO smallint;
+  DECLARE SIN_CIERRE char(1);
 BEGIN
+  SIN_CIERRE = rdb$get_context('USER_SESSION', 'SIN_CIERRE');
   PROYFIN = HASTA_CODIGO(PROYFIN);
   CENTFIN = HASTA_CODIGO(CENTFIN);
   FOR

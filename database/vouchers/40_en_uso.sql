@@ -271,7 +271,7 @@ AS
   DECLARE QUIEN varchar(100);
 BEGIN
 --<FILAS vouchers/quien_nombra.tsv CON CENTRO>
-  SELECT FIRST 1 coalesce({QUIEN}, '') FROM {TABLA}
+  SELECT FIRST 1 coalesce({QUIEN}, '') FROM {TABLA} T
   WHERE {PROYECTO} = :PROYECTO AND coalesce({CENTRO}, '') = coalesce(:CENTRO, '') INTO :QUIEN;
   IF (QUIEN IS NOT NULL) THEN
     RETURN '{DICE} ' || QUIEN;

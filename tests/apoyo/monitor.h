@@ -3,6 +3,8 @@
 // suya.
 #include "datos/firebird/conexion.h"
 
+#include <future>
+
 inline QString del_motor(Conexion& c, const char* sql) {
     Transaccion aparte(c, Transaccion::Modo::Lectura);
     Cursor cursor(c.prepare(sql, aparte), aparte, {});
@@ -22,4 +24,12 @@ inline qint64 registros_leidos(Conexion& c) {
                         "mon$attachments a join mon$record_stats r on r.mon$stat_id = "
                         "a.mon$stat_id where a.mon$attachment_id = current_connection")
         .toLongLong();
+}
+
+/// Hasta que otra conexión esté a mitad de una orden, o `otra` termine sin haber esperado.
+template <class T> void hasta_que_espere(Conexion& c, const std::future<T>& otra) {
+    while (del_motor(c, "select count(*) from mon$statements where mon$state = 1 and "
+                        "mon$attachment_id <> current_connection") == "0" &&
+           otra.wait_for(std::chrono::milliseconds(20)) != std::future_status::ready)
+        continue;
 }

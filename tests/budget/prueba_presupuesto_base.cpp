@@ -1,5 +1,6 @@
 // Las cuentas superiores del presupuesto son siempre la suma de las digitadas.
 #include "apoyo/falla_sql.h"
+#include "apoyo/monitor.h"
 #include "herramientas/guion.h"
 #include "ledger/libro_al_azar.h"
 
@@ -73,7 +74,7 @@ void PruebaPresupuestoBase::dos_que_presupuestan_bajo_la_misma_superior_se_suman
         c.conectar(b.parametros());
         return falla_sql(c, "insert into presupuesto values ('2017', 1, '519530', 50, 0, 'S')");
     });
-    otro.wait_for(std::chrono::seconds(1)); // hasta que espere por la suma de la 51
+    hasta_que_espere(b.base(), otro); // por la suma de la 51
     t.confirme();
     QCOMPARE(otro.get(), QString());
     QCOMPARE(filas_de(b.base(), "select cuen_cod, pres_debito from presupuesto order by 1"),

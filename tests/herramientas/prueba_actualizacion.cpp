@@ -61,6 +61,15 @@ void PruebaActualizacion::initTestCase() {
     QVERIFY2(r.codigo == 0, qPrintable(r.errores));
     QVERIFY2(r.salida.contains("002_guardas"), qPrintable(r.salida));
     QVERIFY(ordene({"actualizar"}).salida.contains("Compañía 001: al día."));
+    // La de la versión anterior trae ya sus disparadores, que tienen tomado lo que se suelta.
+    {
+        Conexion c;
+        conecte(c);
+        c.ejecute("alter table estructura add constraint uk_estructura unique (estr_digitos)");
+        c.ejecute("delete from version_esquema where vers_numero >= 8");
+    }
+    const auto anterior = ordene({"actualizar"});
+    QVERIFY2(anterior.codigo == 0, qPrintable(anterior.errores));
 }
 
 void PruebaActualizacion::la_version_del_programa_es_la_del_ultimo_guion() {

@@ -55,13 +55,13 @@ private slots:
             Comparativo s("NIIF");
             QVERIFY(s.p->ckNiif->isChecked());
             QCOMPARE(s.ultima, "SELECT * FROM  BALANCE_CON_CENTROS_MES_N('2017', 3,'S', "
-                               "'4','999999','0','zz','0','zz','S')");
+                               "'4','999999','0','zz','0','zz')");
         }
         Comparativo s;
         QVERIFY(!s.p->ckNiif->isChecked());
         QVERIFY(!s.fotos.isEmpty()); // de un solo instante, aunque otros graben
         QCOMPARE(s.ultima, "SELECT * FROM  BALANCE_CON_CENTROS_MES('2017', 3,'S', "
-                           "'4','999999','0','zz','0','zz','S')");
+                           "'4','999999','0','zz','0','zz')");
         QCOMPARE(s.dato("select user_percnt from usuario where user_cod = 'ADMIN'"), "2");
         oprima(Qt::Key_Right, Qt::AltModifier);
         QVERIFY(s.ultima.contains("'2017', 4,"));

@@ -325,9 +325,7 @@ void PruebaProcesosCierre::el_que_espera_a_otro_proceso_ve_lo_que_hizo() {
         base().en_transaccion(ModoTransaccion::Escritura, [&, sql = otro](Transaccion& t) {
             base().prepare(uno, t)->ejecute(t, {});
             segundo = std::async(std::launch::async, [&] { return falla_sql(otra, sql); });
-            while (del_motor(base(), "select count(*) from mon$statements where mon$state = 1 and "
-                                     "mon$attachment_id <> current_connection") == "0")
-                continue; // hasta que llegue a donde espera
+            hasta_que_espere(base(), segundo);
         });
         const QString dicho = segundo.get();
         QVERIFY2(dicho.contains(negativa), qPrintable(dicho));
