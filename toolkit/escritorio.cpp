@@ -139,19 +139,26 @@ bool digitando(const Pantalla& pantalla) {
 
 /// Lo que se consulta después de abrir la pantalla también se lee entero.
 void siga_ensanchando(QMdiSubWindow* ventana, QPointer<Pantalla> pantalla) {
-    const auto siga = [ventana, pantalla] {
-        if (pantalla && !digitando(*pantalla))
-            ensanche(*ventana, *pantalla, pantalla->area_principal());
+    // De a una, y lo que ella misma mueve no la vuelve a llamar: no acabaría nunca.
+    const auto en_curso = std::make_shared<bool>(false);
+    const auto siga = [ventana, pantalla, en_curso] {
+        if (std::exchange(*en_curso, true))
+            return;
+        QMetaObject::invokeMethod(
+            ventana,
+            [ventana, pantalla, en_curso] {
+                if (pantalla && !digitando(*pantalla))
+                    ensanche(*ventana, *pantalla, pantalla->area_principal());
+                *en_curso = false;
+            },
+            Qt::QueuedConnection);
     };
     for (const Rejilla* r : pantalla->findChildren<Rejilla*>()) {
-        QObject::connect(&anchos_de(*r), &AnchosRejilla::crecio, ventana, siga,
-                         Qt::QueuedConnection);
-        QObject::connect(r->verticalScrollBar(), &QScrollBar::rangeChanged, ventana, siga,
-                         Qt::QueuedConnection);
+        QObject::connect(&anchos_de(*r), &AnchosRejilla::crecio, ventana, siga);
+        QObject::connect(r->verticalScrollBar(), &QScrollBar::rangeChanged, ventana, siga);
     }
     for (const RejillaCubo* r : pantalla->findChildren<RejillaCubo*>())
-        QObject::connect(r->horizontalScrollBar(), &QScrollBar::rangeChanged, ventana, siga,
-                         Qt::QueuedConnection);
+        QObject::connect(r->horizontalScrollBar(), &QScrollBar::rangeChanged, ventana, siga);
 }
 
 /// Los anchos que el usuario dejó en cada rejilla vuelven con la pantalla.
