@@ -97,7 +97,7 @@ void borre_rango(Conexion& base, Libro libro, const RangoCodigos& rango) {
     while (c->siguiente())
         cuentas << c->valor(0).texto();
     base.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
-        plan_que_se_reemplaza(t);
+        plan_que_se_va(t, true);
         const auto borre =
             base.prepare(QStringLiteral("delete from %1 where cuen_cod = ?").arg(tabla), t);
         for (const QString& cuenta : cuentas)

@@ -140,6 +140,5 @@ void FormaCopia::SpeedButton1Click() {
     for (const QString& falla : std::as_const(r->fallas))
         fdm().registre_en_archivo(windowTitle() + ": " + falla);
     muestre_mensaje(texto);
-    if (r->fallas.isEmpty()) // si no, queda abierta para repetirla con lo que faltó
-        close();
+    close();
 }

@@ -90,10 +90,11 @@ CifrasMantenimiento borre_movimientos(Conexion& conexion, const RangoBorrado& r,
                  paso);
 }
 
-void plan_que_se_reemplaza(Transaccion& t) {
+void plan_que_se_va(Transaccion& t, bool llega_otro) {
     t.conexion()
-        .prepare("execute block as begin rdb$set_context('USER_TRANSACTION', "
-                 "'PLAN_QUE_SE_REEMPLAZA', 'S'); end",
+        .prepare(QStringLiteral("execute block as begin rdb$set_context('USER_TRANSACTION', "
+                                "'PLAN_QUE_SE_VA', '%1'); end")
+                     .arg(llega_otro ? 'R' : 'B'),
                  t)
         ->ejecute(t, {});
 }
@@ -112,7 +113,7 @@ CuentasBorradas borre_cuentas(Conexion& conexion, const QString& desde, const QS
             avance(cuenta);
         try {
             r.borradas += conexion.en_transaccion(ModoTransaccion::Escritura, [&](Transaccion& t) {
-                plan_que_se_reemplaza(t);
+                plan_que_se_va(t, false);
                 return conexion.prepare("delete from cuentas where cuen_cod = ?", t)
                     ->ejecute(t, {cuenta});
             });

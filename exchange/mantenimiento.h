@@ -54,9 +54,9 @@ struct RangoBorrado {
 CifrasMantenimiento borre_movimientos(Conexion& conexion, const RangoBorrado& rango,
                                       const QString& usuario, Paso paso);
 
-/// Las cuentas que la configuración nombra vuelven con el plan que llega: en esta transacción eso
-/// no las retiene.
-void plan_que_se_reemplaza(Transaccion& t);
+/// En esta transacción el plan se va: a sus cuentas ya no las retiene que la configuración las
+/// nombre ni, si `llega_otro` enseguida, que las nombren las interfaces y los certificados.
+void plan_que_se_va(Transaccion& t, bool llega_otro);
 
 struct CuentasBorradas {
     qint64 borradas = 0;

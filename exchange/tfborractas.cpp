@@ -56,8 +56,10 @@ bool Tfborractas::corra() {
     const QString aviso = "Borrando cuentas. Espere un momento...";
     CuentasBorradas r;
     trabaje(aviso, [&] {
-        r = borre_cuentas(fdm().Quorvex, desde, hasta,
-                          [&](const QString& cuenta) { anuncie(aviso + ' ' + cuenta); });
+        r = borre_cuentas(fdm().Quorvex, desde, hasta, [](const QString& cuenta) {
+            if (AvisosBarra* barra = fdm().barra())
+                barra->texto(cuenta);
+        });
         return CifrasMantenimiento();
     });
     if (!r.detenida.isEmpty()) {

@@ -208,7 +208,7 @@ void Tfcomparacentros::SbGrabarClick() {
                             .titulo = "Grabar plantilla",
                             .sugerido = carpeta_de_plantillas() + '/',
                             .filtro = "Plantillas (*.mds);;Todos los archivos (*)",
-                            .extension = [](const QString&) { return QStringLiteral("mds"); }});
+                            .termina = ".mds"});
     if (!escogido)
         return;
     grabe_archivo_disposicion(zonas->disposicion(), escogido->ruta);

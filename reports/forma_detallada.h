@@ -21,7 +21,6 @@ protected:
     /// Las columnas; las del contacto del tercero y NIVEL solo van en los balances.
     void defina_columnas(bool con_contacto);
     /// `cuentas`: los dos límites de cuenta, ya como literales.
-    /// El resultado se pide sin el cierre del año.
     QString consulta(const QString& cuentas, bool sin_movimiento) const;
 };
 

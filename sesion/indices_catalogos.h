@@ -20,8 +20,8 @@ public:
     const IndiceCodigos& proyectos() { return lea(Proyectos); }
     /// Los centros del proyecto que el usuario puede ver.
     const IndiceCodigos& centros(const QString& proyecto) { return lea(Centros, proyecto); }
-    /// Los lee si no están y los lee otra vez si alguien los cambió. Se llama al llegar a donde se
-    /// van a usar: teclear no pregunta nada a la base.
+    /// Los lee si no están y los lee otra vez si alguien los cambió, a lo sumo dos segundos
+    /// después. Se llama al llegar a donde se van a usar: teclear no pregunta nada a la base.
     void refresque(Libro libro);
     void refresque_cuentas(Libro libro);
     void refresque_terceros();

@@ -24,7 +24,9 @@ std::optional<ArchivoEscogido> pida_archivo(QWidget* padre, const ArchivoPorGrab
         return {};
     const QString filtro = dialogo.selectedNameFilter();
     const QString dado = dialogo.selectedFiles().constFirst();
-    const QString ruta = que.extension ? componga_nombre(dado, que.extension(filtro)) : dado;
+    QString ruta = que.extension ? componga_nombre(dado, que.extension(filtro)) : dado;
+    if (!ruta.endsWith(que.termina, Qt::CaseInsensitive))
+        ruta += que.termina;
     if (que.reemplaza && QFileInfo::exists(ruta) &&
         !pregunte_con_no(QStringLiteral("El archivo %1 ya existe. Desea reemplazarlo?").arg(ruta)))
         return {};

@@ -13,6 +13,7 @@ struct ArchivoPorGrabar {
     QString filtro;   ///< en la forma de Qt: "Texto (*.txt *.csv);;Todos (*)"
     /// La extensión que el nombre debe llevar según el filtro escogido; sin ella, queda el dado.
     std::function<QString(const QString& filtro)> extension = {};
+    QString termina = {};       ///< lo que se le agrega al nombre que no termine así: ".mds"
     bool ultimo_filtro = false; ///< empieza en el último de los filtros
     bool reemplaza = true;      ///< pregunta si el archivo ya existe
 };

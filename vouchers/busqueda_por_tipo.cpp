@@ -75,10 +75,10 @@ void BusquedaPorTipo::busque(const QString& orden) {
         conjunto_.Open(fijo_ + condicion_ + orden);
     } catch (const ErrorBase& falla) {
         const QStringList llenas = filtros_->sobrantes(condicion_base_);
-        if (llenas.isEmpty())
+        if (llenas.isEmpty() || falla.conexion_perdida())
             throw;
         // La base rehúsa el "where" repetido: se anota lo que dijo y se explica qué hacer.
-        fdm().registre_en_archivo(falla.texto());
+        fdm().registre_en_archivo(falla.texto() + " | " + falla.detalle());
         muestre_mensaje(texto_sobrantes(llenas));
     }
 }

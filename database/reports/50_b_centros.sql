@@ -7,8 +7,8 @@ SET TERM ^ ;
 -- "S": cada centro con sus cuentas de todos los niveles. Los límites de proyecto y centro son de
 -- texto; lo que no lleva centro entra con el inferior vacío. En las filas de centro NIVEL es 99 y
 -- NOMCTACEN el nombre del centro; los valores por nivel van con el signo del estado. Lo llaman
--- Tfrngbalancecentro y, con SIN_CIERRE "S" en la sesión, Tfrngresultadocentro y Tfcomparacentros: el
--- resultado va sin el cierre del año.
+-- Tfrngbalancecentro y, con SIN_CIERRE "S" en la sesión, Tfrngresultadocentro y Tfcomparacentros:
+-- el resultado va sin el cierre del año.
 CREATE OR ALTER PROCEDURE BALANCE_CON_CENTROS_MES{_N} (
   ANO varchar(4), MES smallint, CENTRO_CUENTA char(1), DESDE varchar(20), HASTA varchar(20),
   PROYINI varchar(4), PROYFIN varchar(4), CENTINI varchar(4), CENTFIN varchar(4))

@@ -57,8 +57,8 @@ CREATE TABLE AUDITORIA (
 
 -- Lo ya auditado en la transacción en curso, para dejar una sola fila por operación. Las
 -- variables de contexto no sirven de memoria: el motor solo admite mil por transacción.
--- AUDI_ID es la fila que quedó, nulo mientras el borrado solo está anunciado; AUDI_ORIGEN, "E" si empezó por el encabezado y "L" por una línea;
--- AUDI_BORRO, "S" si se borraron líneas.
+-- AUDI_ID es la fila que quedó, nulo mientras el borrado solo está anunciado; AUDI_ORIGEN, "E" si
+-- empezó por el encabezado y "L" por una línea; AUDI_BORRO, "S" si se borraron líneas.
 CREATE GLOBAL TEMPORARY TABLE AUDITADO (
   TIDO_COD integer NOT NULL,
   AUDI_IDDOC integer NOT NULL,

@@ -60,8 +60,8 @@ BEGIN
 END^
 
 -- Anuncia que esta transacción va a borrar el comprobante: sus líneas ya cuentan como auditadas, y
--- queda una sola fila por libro, la del borrado, que escribe el disparador del encabezado. La llaman
--- quienes borran (BORRE_COMPROBANTE y las pantallas, antes de sus órdenes).
+-- queda una sola fila por libro, la del borrado, que escribe el disparador del encabezado. La
+-- llaman quienes borran: BORRE_COMPROBANTE y las pantallas, antes de sus órdenes.
 CREATE OR ALTER PROCEDURE PREPARE_BORRADO (ID integer)
 AS
 BEGIN

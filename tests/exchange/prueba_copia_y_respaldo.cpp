@@ -123,7 +123,7 @@ void PruebaCopiaYRespaldo::las_cuentas_pasan_hasta_el_nivel_pedido() {
                         "cuen_porc, cuen_tipo, cuen_activa, cuen_eqniif from cuentas where "
                         "cuen_cod starting with '1' and char_length(cuen_cod) <= 4 order by 1";
     Pantalla* p = abra("Tfcopiacatalogo");
-    // Lo que no entra se dice, queda en el registro y la pantalla sigue ahí.
+    // Lo que no entra se dice y queda en el registro.
     for (const char* caja : {"Desde", "Hasta"})
         llene(p, caja, "110505");
     const QString falla = "110505: No existe la cuenta 1105, de nivel superior a la 110505.";
@@ -134,6 +134,7 @@ void PruebaCopiaYRespaldo::las_cuentas_pasan_hasta_el_nivel_pedido() {
     QVERIFY(errores.open(QIODevice::ReadOnly));
     QVERIFY(QString::fromLatin1(errores.readAll())
                 .contains("Copiar cuentas a otra compañía: " + falla));
+    p = abra("Tfcopiacatalogo");
     llene(p, "Desde", "1");
     llene(p, "Hasta", "1999");
     llene(p, "Nivel", "3");

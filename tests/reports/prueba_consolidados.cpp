@@ -247,6 +247,21 @@ private slots:
                         "enco_consec = (select enco_consec from cierre_anual)"});
         detallado(11);
         QVERIFY2(s.barra.text().contains("ya tiene cierre"), qPrintable(s.barra.text()));
+        // Con terceros o centros el resultado va sin el cierre, y la sesión queda como estaba.
+        const auto detallados = [] {
+            QStringList textos;
+            for (const char* clase : {"Tfrngresultadotercero", "Tfrngresultadocentro"})
+                textos << informe_como_texto(pantallas().abrir(clase), Qt::Key_F2);
+            return textos.join('\n');
+        };
+        const QString cerrado = detallados();
+        QVERIFY(fdm()
+                    .Quorvex
+                    .consulte("select rdb$get_context('USER_SESSION', 'SIN_CIERRE') from "
+                              "rdb$database")
+                    .nulo());
+        s.base.ejecute({"delete from cierre_anual"});
+        QCOMPARE(cerrado, detallados());
     }
 
     void lo_omitido_se_cuenta_una_vez_y_con_su_saldo() {

@@ -1,5 +1,5 @@
--- Se apaga para que la siguiente actualización pueda soltar la clave de la estructura, que usa desde
--- que abre la conexión; los guiones lo vuelven a encender.
+-- Se apaga para que la siguiente actualización pueda soltar la clave de la estructura: la tiene en
+-- uso desde que se abre la conexión. Los guiones lo vuelven a encender.
 
 SET TERM ^ ;
 
