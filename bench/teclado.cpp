@@ -6,7 +6,6 @@
 #include "tests/fallas/contador.h"
 
 #include <QClipboard>
-#include <QThread>
 
 namespace {
 
@@ -119,9 +118,8 @@ void mida_teclado() {
     informe(QString("la tecla más lenta al completar entre %1 terceros").arg(terceros.cuantos()),
             peor, "el tope", kMsTecla, 1);
     informe("llegar a las líneas la primera vez, con su lectura", llegar, "-", llegar);
-    QThread::msleep(2500); // antes de eso no se vuelve a preguntar
     informe("volver a ellas sin que nada cambie",
-            mida([] { IndicesCatalogos::de_la_sesion().refresque(Libro::Decreto2649); }, 1), "-",
+            mida([] { IndicesCatalogos::de_la_sesion().refresque(Libro::Decreto2649); }), "-",
             llegar);
     c.p->CDetalle.Cancel();
     const QString llana = cuenta_afectable(c.dm.Quorvex, false);

@@ -4,10 +4,6 @@
 
 namespace {
 
-/// Milésimas en que no se vuelve a preguntar: comparar recorre el catálogo entero, y pasar de una
-/// caja a otra no puede esperar por eso.
-constexpr qint64 kFresco = 2000;
-
 struct Origen {
     const char *tabla, *codigo, *nombre;
     const char* estado = "''";     ///< lo demás que, si cambia, obliga a leerlos otra vez
@@ -81,10 +77,7 @@ const IndiceCodigos& IndicesCatalogos::lea(Cual cual, const QString& grupo) {
 
 void IndicesCatalogos::refresque(Cual cual) {
     Leido& l = leidos_[cual];
-    if (l.hecho && l.visto.isValid() && l.visto.elapsed() < kFresco)
-        return;
     const QString ahora = sello(cual);
-    l.visto.start();
     if (l.hecho && l.sello == ahora)
         return;
     l.hecho = false;

@@ -3,7 +3,6 @@
 #include "libro/libro.h"
 #include "toolkit/indice_codigos.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <map>
 
@@ -20,8 +19,8 @@ public:
     const IndiceCodigos& proyectos() { return lea(Proyectos); }
     /// Los centros del proyecto que el usuario puede ver.
     const IndiceCodigos& centros(const QString& proyecto) { return lea(Centros, proyecto); }
-    /// Los lee si no están y los lee otra vez si alguien los cambió, a lo sumo dos segundos
-    /// después. Se llama al llegar a donde se van a usar: teclear no pregunta nada a la base.
+    /// Los lee si no están y los lee otra vez si alguien los cambió. Se llama al llegar a donde se
+    /// van a usar: teclear no pregunta nada a la base.
     void refresque(Libro libro);
     void refresque_cuentas(Libro libro);
     void refresque_terceros();
@@ -32,8 +31,7 @@ private:
     enum Cual { Decreto, Niif, Terceros, Proyectos, Centros };
     struct Leido {
         std::map<QString, IndiceCodigos> indices; ///< por proyecto los centros; los demás, uno solo
-        QString sello;       ///< cambia si alguien agrega, quita, apaga o renombra uno
-        QElapsedTimer visto; ///< desde que se comparó con la base
+        QString sello; ///< cambia si alguien agrega, quita, apaga o renombra uno
         bool hecho = false;
     };
     const IndiceCodigos& lea(Cual cual, const QString& grupo = {});

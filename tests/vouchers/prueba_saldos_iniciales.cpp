@@ -42,10 +42,8 @@ private slots:
         Saldos d(s);
         auto* menu = s.abra<Tfmnusaldosi>("Tfmnusaldosi");
         QCOMPARE(menu->windowTitle(), "Saldos iniciales");
-        auto& niif = componente<QPushButton>(menu, "SBAperturaNiif");
         QCOMPARE(componente<QPushButton>(menu, "SBSaldos2649").text(), "Saldos Dec.2649        ");
-        QCOMPARE(niif.text(), "Balance apertura NIIF ");
-        QVERIFY(!niif.isEnabled()); // su pantalla no está aquí
+        QCOMPARE(componente<QPushButton>(menu, "SBAperturaNiif").text(), "Balance apertura NIIF ");
         componente<QPushButton>(menu, "SBSaldos2649").setFocus();
         oprima(Qt::Key_Return);
         QCOMPARE(s.escritorio.activa()->objectName(), "Tfsaldiniciales");
