@@ -1,5 +1,6 @@
 #include "toolkit/estilo.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/rejilla/delegado_celda.h"
 #include "toolkit/textos_qt.h"
 
@@ -185,8 +186,9 @@ public:
         case PM_CheckBoxLabelSpacing:
         case PM_RadioButtonLabelSpacing:
             return escalado(6);
-        case PM_HeaderMargin: // el título, sobre lo que dice su columna
-            return widget ? DelegadoCelda::margen(widget->fontMetrics()) : escalado(4);
+        case PM_HeaderMargin: // el título, sobre lo que dice su columna, si no le quita sitio
+            return widget && !area_estrecha() ? DelegadoCelda::margen(widget->fontMetrics())
+                                              : QProxyStyle::pixelMetric(medida, opcion, widget);
         case PM_DefaultFrameWidth: // el del foco cabe en él
             return qobject_cast<const QAbstractScrollArea*>(widget)
                        ? qMax(2, escalado(2))

@@ -150,8 +150,10 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
         }
         // Un pedazo del que asoma a medias, también.
         const QRect sitio = cifra ? a_la_vista(hueco, *rejilla_.viewport(), aire) : hueco;
-        pintor->drawText(sitio, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
-                         cifra && ancho > sitio.width() ? QStringLiteral("…") : texto);
+        const QString leido = cifra && ancho > sitio.width() ? QStringLiteral("…") : texto;
+        if (!cifra || medidas.horizontalAdvance(leido) <= sitio.width())
+            pintor->drawText(sitio, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
+                             leido);
         pinte_acompanante(*pintor, hueco.adjusted(ancho + 2 * aire, 0, 0, 0), indice, papel);
     }
 

@@ -64,7 +64,8 @@ void PieRejilla::paintEvent(QPaintEvent*) {
         hueco.setLeft(qMin(hueco.left(), hueco.right() - medidas.horizontalAdvance(suma)));
         // Un pedazo de la de una columna que asoma a medias se leería como otra.
         hueco &= campo.adjusted(aire, 0, -aire, 0);
-        if (medidas.horizontalAdvance(suma) <= hueco.width())
-            pintor.drawText(hueco, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, suma);
+        const QString entera = medidas.horizontalAdvance(suma) <= hueco.width() ? suma : "…";
+        if (medidas.horizontalAdvance(entera) <= hueco.width())
+            pintor.drawText(hueco, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, entera);
     }
 }
