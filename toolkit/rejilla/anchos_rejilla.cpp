@@ -123,6 +123,7 @@ QVector<int> apriete(const Cesiones& c, const QVector<PedidoAncho>& pedidos, int
                 quita[i] = qMax(quita[i], anchos[i] - pedidos[i].breve);
     for (qsizetype i = 0; i < anchos.size(); ++i)
         anchos[i] -= quita[i];
+    de_menor_a_mayor(anchos, quita, disponible - suma(anchos)); // lo que se quitó de más
     return anchos;
 }
 
