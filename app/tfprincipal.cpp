@@ -281,6 +281,10 @@ void Tfprincipal::abra_pagina() {
 bool Tfprincipal::eventFilter(QObject* objeto, QEvent* evento) {
     if (objeto == Image2 && evento->type() == QEvent::MouseButtonRelease)
         abra_pagina();
+    // Con el menú abierto, Esc lo cierra; en la barra, la deja.
+    if (objeto == menuBar() && evento->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape)
+        QMetaObject::invokeMethod(this, &Tfprincipal::deje_el_menu, Qt::QueuedConnection);
     return QMainWindow::eventFilter(objeto, evento);
 }
 

@@ -86,6 +86,8 @@ private:
     void arme_edicion();
     void arme_ventana();
     void arme_atajos();
+    /// El teclado vuelve a quien lo tenía antes de F10.
+    void deje_el_menu();
     QVector<TeclaExplicada> teclas_del_marco() const;
     QMenu* menu(const QString& ruta);
     QAction* entrada(QMenu* menu, const Comando& comando);

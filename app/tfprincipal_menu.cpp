@@ -115,8 +115,16 @@ void Tfprincipal::arme_atajos() {
         menuBar()->setFocus(Qt::MenuBarFocusReason);
         menuBar()->setActiveAction(menuBar()->actions().first());
     });
+    menuBar()->installEventFilter(this);
+    connect(menuBar(), &QMenuBar::triggered, this, &Tfprincipal::deje_el_menu,
+            Qt::QueuedConnection);
     // Sin una pantalla que la atienda: cada una muestra las suyas.
     atajo("F1", [this] { muestre_teclas(this, windowTitle(), teclas_del_marco()); });
+}
+
+void Tfprincipal::deje_el_menu() {
+    if (focusWidget() == menuBar() && !menuBar()->activeAction() && ultimo_foco_)
+        ultimo_foco_->setFocus(Qt::MenuBarFocusReason);
 }
 
 QVector<TeclaExplicada> Tfprincipal::teclas_del_marco() const {

@@ -14,3 +14,7 @@ struct Copia {
 
 /// La cuenta más usada con tercero, o sin tercero ni centro.
 QString cuenta_afectable(Conexion& c, bool con_tercero);
+
+/// Agrega `cuantas` cuentas al plan 2649, con sus superiores, bajo una clase que la demostración no
+/// usa.
+void agrande_plan(Conexion& c, int cuantas);

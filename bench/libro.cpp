@@ -1,4 +1,5 @@
 // El libro con mucho movimiento: balance de prueba de los dos libros y auxiliar de una cuenta.
+#include "bench/copia.h"
 #include "bench/medidas.h"
 #include "ledger/familia.h"
 #include "ledger/registro.h"
@@ -97,7 +98,33 @@ private:
 
 } // namespace
 
+/// Con todas las cuentas, un plan mayor cuesta por sus filas: cada una busca su nombre, y no
+/// recorre el plan.
+void mida_balance_de_todo_el_plan() {
+    constexpr int kCuentas = 7500;
+    Copia copia;
+    Conexion c;
+    c.conectar({copia.lugar.base_compania("001"), "ADMIN", {}});
+    const QStringList consultas{"consulta_balance_mes('2017', 12, 'N', 5)",
+                                "balance_mes('2017', 12, 'S', 'S', 'S', 'N')",
+                                "mayor_y_balance('2017', 12, 'N', 'S')"};
+    const auto por_mil = [&](const QString& consulta) {
+        qint64 filas = 0;
+        const double ms =
+            mida([&] { filas = c.consulte("select count(*) from " + consulta).entero(); });
+        return ms * 1000 / double(filas);
+    };
+    QList<double> antes;
+    for (const QString& consulta : consultas)
+        antes << por_mil(consulta);
+    agrande_plan(c, kCuentas);
+    for (int i = 0; i < consultas.size(); ++i)
+        informe(consultas[i].section('(', 0, 0) + ", todas las cuentas, cada mil, con 10.000",
+                por_mil(consultas[i]), "con 2.500", antes[i], 1.5);
+}
+
 void mida_balance() {
+    mida_balance_de_todo_el_plan();
     // Una sola sesión por proceso a la vez: se turnan las dos bases.
     double grande = 1e12, chica = 1e12;
     for (int i = 0; i < 3; ++i) {

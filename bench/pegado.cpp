@@ -49,20 +49,7 @@ void mida_plan() {
     Copia copia;
     Conexion c;
     c.conectar({copia.lugar.base_compania("001"), "ADMIN", {}});
-    // Las superiores, y bajo ellas las que se miden.
-    const QString cuenta = " insert into cuentas (cuen_cod, cuen_nom, cuen_tercero, cuen_centro, "
-                           "cuen_retencion, cuen_tipo, cuen_activa) select %1, 'Cuenta', 'N', 'N', "
-                           "'N', 'N', 'S' from rdb$database where not exists (select 1 from "
-                           "cuentas where cuen_cod = %1);";
-    QString superiores;
-    for (const char* codigo : {"'9'", "'99'", "'9900'"})
-        superiores += cuenta.arg(codigo);
-    c.ejecute(QString("execute block as declare i integer = 0; begin %1 while (i < %2) do begin "
-                      "if (mod(i, 100) = 0) then %3 %4 i = i + 1; end end")
-                  .arg(superiores)
-                  .arg(kCuentas)
-                  .arg(cuenta.arg("'9900' || lpad(:i / 100, 2, '0')"),
-                       cuenta.arg("'9900' || lpad(:i, 4, '0')")));
+    agrande_plan(c, kCuentas);
     QObject dueno;
     Sentencia s(&dueno, "TCuentas", c, "select * from cuentas order by cuen_cod");
     Proveedor p(&dueno, "PCuentas", &s);

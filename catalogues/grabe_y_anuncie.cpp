@@ -4,10 +4,21 @@
 #include "sesion/tfdm.h"
 #include "toolkit/historia_avisos.h"
 
-int grabe_y_anuncie(ConjuntoDatos& conjunto, const QString& aviso, int errores_maximos) {
+namespace {
+
+/// La fila nueva en la que no se digitó nada se descarta, y no impide grabar las demás.
+void termine(ConjuntoDatos& conjunto) {
+    if (conjunto.State() == Estado::Insercion && !conjunto.Modified())
+        conjunto.Cancel();
     conjunto.CheckBrowseMode();
+}
+
+} // namespace
+
+int grabe_y_anuncie(ConjuntoDatos& conjunto, const QString& aviso, int errores_maximos) {
     for (ConjuntoDatos* detalle : conjunto.anidados())
-        detalle->CheckBrowseMode();
+        termine(*detalle);
+    termine(conjunto);
     const bool hay = conjunto.ChangeCount() > 0;
     const int errores = conjunto.ApplyUpdates(errores_maximos);
     if (hay && errores == 0)

@@ -77,7 +77,7 @@ void Tfbalanceanual::defina_conjuntos() {
 
 void Tfbalanceanual::arme_rejilla() {
     DBGridEh1 = cree_rejilla("DBGridEh1", &CBalance, "BalanAnual");
-    QVector<DefinicionColumna> columnas{{"CODIGO", "Código", 12},
+    QVector<DefinicionColumna> columnas{{"CODIGO", "Código", 12, Codigo},
                                         {"NOMBRE", "Nombre", 32},
                                         {"NIT", "NIT", 13, Oculta},
                                         {"NOMTERC", "Tercero", 26, Oculta},

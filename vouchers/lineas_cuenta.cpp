@@ -342,7 +342,8 @@ void LineasCuenta::sugiera_db_cr() {
         if (!vacio_o_cero(campo(lado)))
             return;
     detalle.Edit();
-    const Lados cuadra = lados_que_cuadran(suma_debito(), suma_credito());
+    const Lados s = sumas_en_memoria({}); // lo grabado de esta línea ya no cuenta
+    const Lados cuadra = lados_que_cuadran(s.debito, s.credito);
     campo(n_.debito) = cuadra.debito;
     campo(n_.credito) = cuadra.credito;
 }

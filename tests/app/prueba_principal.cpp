@@ -475,6 +475,16 @@ private slots:
             QVERIFY2(vistas.contains(t), qPrintable(vistas.join('\n')));
     }
 
+    void del_menu_se_vuelve_a_donde_se_estaba() {
+        Tfprincipal& p = s_->entre();
+        auto* boton = p.findChild<QPushButton*>("sButton6");
+        boton->setFocus();
+        QTest::keyClick(&p, Qt::Key_F10);
+        QCOMPARE(QApplication::focusWidget(), p.menuBar());
+        QTest::keyClick(p.menuBar(), Qt::Key_Escape);
+        QTRY_COMPARE(QApplication::focusWidget(), boton);
+    }
+
     void los_mensajes_sin_leer_aparecen_al_entrar_y_se_marcan() {
         const auto escriba = [this](int id, int nivel, const QString& texto) {
             s_->bases.base().ejecute(

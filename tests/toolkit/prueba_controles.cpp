@@ -415,6 +415,16 @@ private slots:
         m.digite(m.desde, "20171231"); // desde vacía
         m.ajena.setFocus();
         QCOMPARE(m.campo("CUEN_DESDE"), "2017/12/31");
+        for (const char* con_barras : {"2017/02/11", "2018-1-5", "2019.12.3"}) {
+            m.desde.setFocus(Qt::TabFocusReason);
+            QTest::keyClick(&m.desde, Qt::Key_Delete);
+            m.digite(m.desde, con_barras);
+            QVERIFY(m.desde.hasFocus());
+            m.ajena.setFocus();
+            QCOMPARE(QDate::fromString(m.campo("CUEN_DESDE"), "yyyy/MM/dd"),
+                     QDate::fromString(QString(con_barras).replace(QRegularExpression("[-.]"), "/"),
+                                       "yyyy/M/d"));
+        }
         // En un campo de texto la misma caja guarda "aaaammdd".
         QTest::keyClick(&m.corte, Qt::Key_Delete);
         m.digite(m.corte, "20181115");

@@ -145,6 +145,18 @@ private slots:
         QCOMPARE(p->CDetalle.agregado("Sumadebito").texto(), "100");
         QCOMPARE(p->lineas_2649->DifCred->text(), "0.00");
         QCOMPARE(p->lineas_2649->Difdeb->text(), QString());
+        // Lo que tenía el que se acaba de poner en cero ya no cuenta.
+        p->CDetalle.vaya_a(2);
+        d.rejilla().SelectedIndex(LineasLibro::kCredito);
+        digite("0", Qt::Key_Return, Qt::Key_F5);
+        QCOMPARE(d.celda("CODE_CREDITO"), "100");
+        // Y lo que se teclea tras un importe rehusado lo reemplaza.
+        d.rejilla().SelectedIndex(LineasLibro::kCredito);
+        digite("1.250");
+        dice(Qt::Key_Return,
+             "'1.250' se puede leer de dos maneras en Crédito: escriba 1250 o 1.25.");
+        digite("50", Qt::Key_Return);
+        QCOMPARE(d.celda("CODE_CREDITO"), "50");
     }
 
     void un_libro_descuadrado_no_se_graba_salvo_que_la_compania_lo_permita() {

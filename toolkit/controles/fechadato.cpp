@@ -140,6 +140,11 @@ void FechaDato::arranque() {
     setSelectedSection(QDateTimeEdit::YearSection);
 }
 
+static bool es_separador(const QString& texto) {
+    return texto == QLatin1String("/") || texto == QLatin1String("-") ||
+           texto == QLatin1String(".");
+}
+
 void FechaDato::entre_por_el_ano() {
     if (lineEdit()->selectedText() == lineEdit()->text())
         setSelectedSection(QDateTimeEdit::YearSection);
@@ -164,6 +169,12 @@ void FechaDato::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     const QString texto = evento->text();
+    if (es_separador(texto)) {
+        // Tras el año entero la caja ya pasó sola al mes, y lo tiene escogido.
+        if (!vacia_ && !lineEdit()->hasSelectedText() && currentSectionIndex() + 1 < sectionCount())
+            setSelectedSection(sectionAt(currentSectionIndex() + 1));
+        return;
+    }
     if (!texto.isEmpty() && texto[0].isDigit()) {
         if (vacia_) {
             arranque();

@@ -252,7 +252,7 @@ int AnchosRejilla::ancho_del_pie(int columna) const {
 
 bool AnchosRejilla::es_texto_largo(int columna) const {
     const ColumnaRejilla& c = rejilla_.columna(columna);
-    if (c.casilla || rejilla_.modelo().numerica(columna))
+    if (c.casilla || c.codigo || rejilla_.modelo().numerica(columna))
         return false;
     if (!c.campo)
         return c.ancho >= kCaracteresLargo;

@@ -15,6 +15,7 @@ enum OpcionColumna : unsigned {
     SoloLectura = 4, ///< nace con ReadOnly
     Oculta = 8,      ///< nace sin Visible
     Numerica = 16,   ///< es una cifra, aunque su campo no se conozca hasta consultar
+    Codigo = 32,     ///< un código, aunque su campo tenga sitio para un nombre: no se abrevia
 };
 
 /// Renglón de la tabla de columnas con que una pantalla declara su rejilla.
@@ -65,7 +66,7 @@ public:
     /// Qué ofrecer bajo la celda para lo que se va tecleando; se toma con Abajo y Enter.
     std::function<QVector<Sugerencia>(const QString& tecleado)> Sugiere;
     const int ancho; ///< en caracteres
-    const bool casilla, cifra;
+    const bool casilla, cifra, codigo;
 
     /// Campo del conjunto atado; nulo mientras el conjunto no lo tenga.
     Campo* campo = nullptr;

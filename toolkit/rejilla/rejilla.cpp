@@ -46,7 +46,7 @@ ColumnaRejilla::ColumnaRejilla(const DefinicionColumna& d, const std::function<v
     : FieldName(d.campo), Titulo(d.titulo, aviso), DisplayFormat(d.DisplayFormat, aviso),
       Visible(!(d.opciones & Oculta), aviso), ReadOnly(d.opciones & SoloLectura, aviso),
       ConSuma(d.opciones & Suma, aviso), PickList({}, aviso), KeyList({}, aviso), ancho(d.ancho),
-      casilla(d.opciones & Casilla), cifra(d.opciones & Numerica) {}
+      casilla(d.opciones & Casilla), cifra(d.opciones & Numerica), codigo(d.opciones & Codigo) {}
 
 Rejilla::Rejilla(QWidget* padre, ConjuntoDatos* conjunto)
     : QTableView(padre), modelo_(new ModeloConjunto(*this)),
@@ -249,7 +249,7 @@ bool Rejilla::olvide_anchos() {
 }
 
 void Rejilla::mida_desde(int fila, int cuantas) {
-    if (!isVisible())
+    if (aplaza_medida())
         por_medir_ = true; // la otra página no le cuesta a la que se ve
     else if (cuantas == 1 && conjunto()->editando())
         encabezado_->anchos().mida_fila(fila);
@@ -346,13 +346,17 @@ const Rejilla::Aspecto& Rejilla::aspecto_de(int fila) const {
     return aspecto_;
 }
 
+void Rejilla::mida_lo_aplazado() {
+    if (isVisible() && std::exchange(por_medir_, false))
+        encabezado_->anchos().mida_filas(0, modelo_->rowCount());
+}
+
 void Rejilla::showEvent(QShowEvent* evento) {
     QTableView::showEvent(evento);
     if (accessibleName().isEmpty())
         setAccessibleName(QStringLiteral("Lista de ") + TablaRejilla(*this).titulo());
     // Antes de mostrarse no se sabía cuánto espacio hay.
-    if (std::exchange(por_medir_, false))
-        encabezado_->anchos().mida_filas(0, modelo_->rowCount());
+    mida_lo_aplazado();
     if (!evento->spontaneous() && !std::exchange(mostrada_, true)) {
         aplique_anchos();
         // La celda actual pudo correr la vista cuando no había dónde mostrarla.
@@ -418,6 +422,8 @@ void Rejilla::conjunto_reiniciado() {
 }
 
 void Rejilla::cursor_movido() {
+    if (pegando_)
+        return; // al acabar se va una vez a la última
     if (!conjunto() || !conjunto()->Active() || columnas_.empty()) {
         cierre_editor();
         fije_actual(-1, -1);
@@ -443,7 +449,7 @@ void Rejilla::campo_cambiado(Campo* campo) {
     // El ancho lo decide lo que se puso en la celda, y no que se alcance a pintar. Lo que se
     // calcula espera a que la fila esté completa.
     const int columna = campo ? columna_de(campo->FieldName) : -1;
-    if (!isVisible())
+    if (aplaza_medida())
         por_medir_ = true;
     else if (columna >= 0 && campo->tipo == TipoCampo::Datos)
         encabezado_->anchos().mida_fila(conjunto()->RecNo(), columna);
@@ -453,7 +459,7 @@ void Rejilla::campo_cambiado(Campo* campo) {
 }
 
 void Rejilla::fila_modificada(int fila) {
-    if (!isVisible())
+    if (aplaza_medida())
         por_medir_ = true;
     else
         encabezado_->anchos().mida_fila(fila);

@@ -224,6 +224,9 @@ private:
     void mida_filas();
     void conjunto_reiniciado();
     void cursor_movido();
+    /// Las filas cambiadas se miden juntas después, y no una por una.
+    bool aplaza_medida() const { return pegando_ || !isVisible(); }
+    void mida_lo_aplazado();
     void estado_cambiado();
     void campo_cambiado(Campo* campo);
     void fila_modificada(int fila);
@@ -315,7 +318,8 @@ private:
     QString clave_anchos_;
     QTimer* reloj_anchos_;
     bool anchos_puestos_ = false, mostrada_ = false;
-    bool por_medir_ = false; ///< sus filas cambiaron mientras no se veía
+    bool por_medir_ = false; ///< sus filas cambiaron mientras no se veía o se pegaba
+    bool pegando_ = false;
 
     Tecleo tecleo_;
     QLabel* letrero_tecleo_ = nullptr;

@@ -346,6 +346,7 @@ void Rejilla::escriba_pendiente() {
     const int columna = SelectedIndex();
     const bool con_foco = editor_->hasFocus();
     // Una operación que no se puede calcular sale de aquí: la celda sigue abierta.
+    editor_->selectAll();
     const QString valor = editor_->contenido();
     cierre_editor();
     try {
@@ -355,6 +356,7 @@ void Rejilla::escriba_pendiente() {
             abierto_ = true;
             editor_->show();
             editor_->digite(texto);
+            editor_->selectAll(); // lo que se teclee ahora lo reemplaza
             if (con_foco)
                 editor_->setFocus(Qt::OtherFocusReason);
         }

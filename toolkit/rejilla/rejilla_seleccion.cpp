@@ -12,6 +12,7 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <optional>
 
 // ---------------------------------------------------------------- marcas
@@ -294,6 +295,7 @@ void Rejilla::pegue(const TextoTabulado& tabla) {
         if (conjunto()->sentencia())
             repetidas.emplace(conjunto()->conexion());
         AvancePegado avance(this, tabla.size());
+        std::optional<QScopedValueRollback<bool>> pegando(std::in_place, pegando_, true);
         int fila = qMax(0, conjunto()->RecNo());
         int linea = 0;
         try {
@@ -319,7 +321,9 @@ void Rejilla::pegue(const TextoTabulado& tabla) {
                                   .arg(linea + 1)
                                   .arg(falla_de_excepcion().para_usuario()));
         }
+        pegando.reset();
         fije_actual(conjunto()->RecNo(), primera);
+        mida_lo_aplazado();
     };
     // La pantalla que deshace por su cuenta recuerda más que estas filas.
     OnDeshacer ? escriba() : PasoAtras::de(*this).con(escriba);
