@@ -42,8 +42,10 @@ FormaTercero::FormaTercero(const QString& clase, const QString& titulo) : Pantal
     CTerceros->BeforePost = [this] { CTercerosBeforePost(); };
     campo("TERC_TIPOID").OnChange = [this](Campo&) { CTercerosTERC_TIPOIDChange(); };
     campo("CIUD_COD").OnChange = [this](Campo&) { CTercerosCIUD_CODChange(); };
-    for (const char* cuenta : kCuentas)
+    for (const char* cuenta : kCuentas) {
         campo(cuenta).OnChange = [this](Campo& c) { CTercerosTERC_CTACLIENTEChange(c); };
+        pregunta_.atienda(campo(cuenta));
+    }
 }
 
 void FormaTercero::defina_campos() {
@@ -152,10 +154,10 @@ void FormaTercero::CTercerosCIUD_CODChange() {
 
 void FormaTercero::CTercerosTERC_CTACLIENTEChange(Campo& campo) {
     const QString texto = campo.texto();
-    if (texto.isEmpty())
+    if (texto.isEmpty() || pregunta_.reponiendo())
         return;
-    if (texto.startsWith('?'))
-        escoja_cuenta(campo, texto.mid(1));
+    if (const auto buscada = pregunta_.tome(campo))
+        escoja_cuenta(campo, *buscada);
     else if (!fdmcnt().valide_cuenta(texto))
         campo.limpie();
     else
@@ -186,8 +188,6 @@ void FormaTercero::escoja_cuenta(Campo& campo, const QString& desde) {
     const QString escogida = escoja_cuenta_modal(desde);
     if (!escogida.isEmpty())
         campo = escogida;
-    else if (campo.texto().startsWith('?'))
-        campo.limpie(); // la pregunta sin respuesta no es una cuenta
 }
 
 // ---------------------------------------------------------------- grabación

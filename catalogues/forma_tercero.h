@@ -4,7 +4,7 @@
 // Una persona natural lleva sus apellidos y nombres aparte y el nombre completo se compone de
 // ellos; una jurídica ("J") no los tiene. Un campo de cuenta que empieza por "?" abre el plan de
 // cuentas en lo que sigue; con doble clic, en la cuenta escrita.
-#include "datos/recordset/conjunto.h"
+#include "datos/recordset/pregunta_en_campo.h"
 #include "toolkit/pantalla.h"
 
 #include <QSet>
@@ -73,6 +73,7 @@ private:
     QString cuenta_que_no_existe();
 
     QFrame* panel_exento_;
+    PreguntaEnCampo pregunta_;  ///< en las cuentas
     QSet<QString> por_revisar_; ///< campos de cuenta cambiados: alguna pudo quedar por crear
     bool obligatorios_ = false, releer_catalogos_ = false;
 };

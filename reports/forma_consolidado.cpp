@@ -77,6 +77,7 @@ const VarianteConsolidado& FormaConsolidado::variante() const {
 void FormaConsolidado::FormCreate() {
     FormaEstado::FormCreate();
     setWindowTitle(QString::fromUtf8(variante().ventana));
+    fije_nivel_del_tipo();
     CodCia1->setFocus();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QSpinBox>
 
 namespace {
 constexpr const char* kImporte = "#,###.00";
@@ -104,6 +105,23 @@ QCheckBox* FormaEstado::casilla_sin_movimiento(const QString& texto) {
 
 QString FormaEstado::procedimiento(const char* nombre, const char* sufijo) const {
     return QLatin1String(nombre) + (niif() ? QLatin1String(sufijo) : QLatin1String());
+}
+
+QString FormaEstado::sql_del_balance(bool con_notas) const {
+    QString texto = "select * from " + procedimiento("balance_mes") + '(' + ano_y_periodo() + ',' +
+                    bandera(marcada(Cksinmov)) + ", " + bandera(es("G")) + ',' +
+                    bandera(es("G") && con_notas) +
+                    ",'N')  where CODIGO >= " + entre_comillas("EDesde") +
+                    " and CODIGO <= " + entre_comillas("EHasta");
+    if (es("G"))
+        texto += " and nivel < 5 and CODIGO < '4'";
+    return texto + " and Nivel <= " + nivel() + " order by CODIGO";
+}
+
+void FormaEstado::fije_nivel_del_tipo() {
+    auto* nivel = findChild<QSpinBox*>(QStringLiteral("Nivel"));
+    nivel->setValue(es("G") ? 3 : 5);
+    nivel->setEnabled(!es("G"));
 }
 
 void FormaEstado::fije_encabezado(MotorInformes& motor) {

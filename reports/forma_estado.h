@@ -43,6 +43,11 @@ protected:
         const QString& texto = QStringLiteral("Incluir cuentas sin movimiento o saldo"));
     /// "balance_mes" o, en el libro NIIF, con su sufijo.
     QString procedimiento(const char* nombre, const char* sufijo = "_niif") const;
+    /// Balance del mes ("G", "D" o "P") de las cuentas y el nivel pedidos. En el general el
+    /// resultado sin cerrar va en el patrimonio, para que cuadre.
+    QString sql_del_balance(bool con_notas) const;
+    /// La caja Nivel: el general no pasa de los subgrupos y no se escoge.
+    void fije_nivel_del_tipo();
     /// Si el cierre del año ya dejó en cero los resultados del período, lo dice; vacío si no.
     QString aviso_de_cierre(Conexion& base, const QString& compania = {}) const;
     /// "Período:" + mes + "/" + año.

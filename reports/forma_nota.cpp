@@ -37,6 +37,7 @@ FormaNota::FormaNota(const QString& clase, const QString& titulo)
     c.texto("NOEF_TITULO", 60).etiqueta("Título");
     c.memo("NOEF_NOTA");
     c.FieldByName("NOEF_CUENTA").OnChange = [this](Campo& cuenta) { cuenta_cambiada(cuenta); };
+    pregunta_.atienda(c.FieldByName("NOEF_CUENTA"));
     const auto editor = [this](const char* campo, const char* nombre, int ancho) {
         auto* e = new EditorDato(&CNotasestados, QLatin1String(campo), this);
         e->setObjectName(QLatin1String(nombre));
@@ -207,14 +208,11 @@ void FormaNota::abra(const QString& id) {
 }
 
 void FormaNota::cuenta_cambiada(Campo& cuenta) {
-    const QString texto = cuenta.texto();
-    if (!texto.startsWith('?'))
-        return;
-    cuenta.limpie();
-    escoja_cuenta(*this, Libro::Decreto2649, texto.mid(1), [this](const QString& escogida) {
-        CNotasestados.Edit();
-        CNotasestados.FieldByName("NOEF_CUENTA") = escogida;
-    });
+    if (const auto texto = pregunta_.tome(cuenta))
+        escoja_cuenta(*this, Libro::Decreto2649, *texto, [this](const QString& escogida) {
+            CNotasestados.Edit();
+            CNotasestados.FieldByName("NOEF_CUENTA") = escogida;
+        });
 }
 
 void FormaNota::ponga_nota() {

@@ -1,5 +1,6 @@
 #pragma once
 // Nota a los estados financieros: lo que comparten la que se escribe y la que se modifica.
+#include "datos/recordset/pregunta_en_campo.h"
 #include "sesion/tfdmcnt.h"
 #include "toolkit/pantalla.h"
 
@@ -53,6 +54,7 @@ private:
     void SBCopiarClick();
 
     CursorPeriodo cursor_;
+    PreguntaEnCampo pregunta_;
     QComboBox* MesCopia;
     QSpinBox *AnoCopia, *NumeroCopia;
 };

@@ -59,6 +59,12 @@ void Tfnumeracion::SpeedButton3Click() {
         muestre_mensaje("Debe indicar compañía, libro y un rango consistente.");
         return;
     }
+    const int paginas = PagFin->text().toInt() - PagIni->text().toInt() + 1;
+    if (paginas < 1) { // "12" y "3", en orden como textos
+        muestre_mensaje("Del " + PagIni->text() + " al " + PagFin->text() +
+                        " no hay páginas que numerar.");
+        return;
+    }
     QPrinter impresora(QPrinter::ScreenResolution);
     prepare_impresora(impresora);
     impresora.setFullPage(true);
@@ -70,7 +76,7 @@ void Tfnumeracion::SpeedButton3Click() {
     if (dialogo.exec() != QDialog::Accepted)
         return;
     imprima(impresora);
-    avise_impreso(impresora, PagFin->text().toInt() - PagIni->text().toInt() + 1);
+    avise_impreso(impresora, paginas);
     close();
 }
 

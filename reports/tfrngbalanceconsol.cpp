@@ -2,9 +2,6 @@
 
 #include "toolkit/formulario.h"
 
-#include <QCheckBox>
-#include <QSpinBox>
-
 namespace {
 
 const DatosRango kDatos{"Tfrngbalanceconsol",
@@ -36,22 +33,8 @@ Tfrngbalanceconsol::Tfrngbalanceconsol() : FormaConsolidado(kDatos, kVariantes) 
     arme(f);
 }
 
-void Tfrngbalanceconsol::FormCreate() {
-    FormaConsolidado::FormCreate();
-    auto* nivel = findChild<QSpinBox*>("Nivel");
-    nivel->setValue(es("G") ? 3 : 5);
-    nivel->setEnabled(!es("G"));
-}
-
 QString Tfrngbalanceconsol::sql() {
-    // En el general el resultado sin cerrar de las dos va en el patrimonio, para que cuadre.
-    QString texto = "select * from balance_mes(" + ano_y_periodo() + ',' +
-                    bandera(marcada(Cksinmov)) + ", " + bandera(es("G")) + ", 'N','N')  where " +
-                    "CODIGO >= " + entre_comillas("EDesde") +
-                    " and CODIGO <= " + entre_comillas("EHasta");
-    if (es("G"))
-        texto += " and nivel < 5 and CODIGO < '4'";
-    return texto + " and Nivel <= " + entre_comillas("Nivel") + " order by CODIGO";
+    return sql_del_balance(false);
 }
 
 QString Tfrngbalanceconsol::titulo() {

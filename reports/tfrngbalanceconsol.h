@@ -6,7 +6,6 @@ class Tfrngbalanceconsol : public FormaConsolidado {
     Q_OBJECT
 public:
     Tfrngbalanceconsol();
-    void FormCreate() override;
 
 protected:
     QString sql() override;

@@ -3,7 +3,6 @@
 #include "toolkit/formulario.h"
 
 #include <QCheckBox>
-#include <QSpinBox>
 
 namespace {
 
@@ -54,20 +53,11 @@ Tfrngbalancegeneral::Tfrngbalancegeneral() : FormaEstado(kDatos) {
 void Tfrngbalancegeneral::FormCreate() {
     FormaEstado::FormCreate();
     setWindowTitle(variante(tipo()).ventana);
-    auto* nivel = findChild<QSpinBox*>("Nivel");
-    nivel->setValue(es("G") ? 3 : 5);
-    nivel->setEnabled(!es("G"));
+    fije_nivel_del_tipo();
 }
 
 QString Tfrngbalancegeneral::sql() {
-    QString texto = "select * from " + procedimiento("balance_mes") + '(' + ano_y_periodo() + ',' +
-                    bandera(marcada(Cksinmov)) + ", ";
-    texto += es("G") ? "'S'," + bandera(marcada(ckNotas)) : QStringLiteral("'N','N'");
-    texto += ",'N')  where CODIGO >= " + entre_comillas("EDesde") +
-             " and CODIGO <= " + entre_comillas("EHasta");
-    if (es("G"))
-        texto += " and nivel < 5 and CODIGO < '4'";
-    return texto + " and Nivel <= " + nivel() + " order by CODIGO";
+    return sql_del_balance(marcada(ckNotas));
 }
 
 QString Tfrngbalancegeneral::titulo() {

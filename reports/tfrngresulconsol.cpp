@@ -44,14 +44,8 @@ Tfrngresulconsol::Tfrngresulconsol() : FormaConsolidado(kDatos, kVariantes) {
     defina_totales("CODIGO");
     Formulario f(this);
     arme(f);
-}
-
-void Tfrngresulconsol::FormCreate() {
-    FormaConsolidado::FormCreate();
-    auto* nivel = findChild<QSpinBox*>("Nivel");
-    nivel->setMinimum(2); // la utilidad operacional sale de los grupos
-    nivel->setValue(es("G") ? 3 : 5);
-    nivel->setEnabled(!es("G"));
+    // La utilidad operacional sale de los grupos.
+    findChild<QSpinBox*>("Nivel")->setMinimum(2);
 }
 
 QString Tfrngresulconsol::sql() {

@@ -6,7 +6,6 @@ class Tfrngresulconsol : public FormaConsolidado {
     Q_OBJECT
 public:
     Tfrngresulconsol();
-    void FormCreate() override;
 
 protected:
     QString sql() override;

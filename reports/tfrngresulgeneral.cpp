@@ -3,7 +3,6 @@
 #include "toolkit/formulario.h"
 
 #include <QCheckBox>
-#include <QSpinBox>
 
 namespace {
 const DatosRango kDatos{"Tfrngresulgeneral",
@@ -45,9 +44,7 @@ Tfrngresulgeneral::Tfrngresulgeneral() : FormaEstado(kDatos) {
 void Tfrngresulgeneral::FormCreate() {
     FormaEstado::FormCreate();
     setWindowTitle(es("G") ? "Estado de resultados" : "Estado de resultados detallado");
-    auto* nivel = findChild<QSpinBox*>("Nivel");
-    nivel->setValue(es("G") ? 3 : 5);
-    nivel->setEnabled(!es("G"));
+    fije_nivel_del_tipo();
 }
 
 QString Tfrngresulgeneral::sql() {

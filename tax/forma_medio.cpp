@@ -93,6 +93,7 @@ FormaMedio::FormaMedio(const DatosFormaMedio& datos)
     QMedmagdata = new Sentencia(this, "QMedmagdata", fdm().Quorvex);
     PMedmagdata = new Proveedor(this, "PMedmagdata", QMedmagdata, poAllowCommandText);
     CMedmagdata = new ConjuntoDatos(this, "CMedmagdata", PMedmagdata);
+    CMedmagdata->CampoConsecutivo = datos.columna; // dos usuarios pueden agregar a la vez
     EAno = caja("EAno", 4);
     FecIni = caja("FecIni", 8);
     FecFin = caja("FecFin", 8);

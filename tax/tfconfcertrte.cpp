@@ -12,6 +12,7 @@ Tfconfcertrte::Tfconfcertrte()
     Campo& cuenta =
         CCambiosit->texto("CFCR_CUENTA", 20).banderas(kLlave).etiqueta("Cta. Retención");
     CCambiosit->entero("CFCR_ITEM").banderas(kLlave).etiqueta("Item");
+    CCambiosit->CampoConsecutivo = "CFCR_ITEM"; // dos usuarios pueden configurar a la vez
     Campo& base = CCambiosit->texto("CFCR_CTABASE", 20).etiqueta("Cta. Base");
     CCambiosit->texto("CFCR_BASE", 1).etiqueta("Natur");
     atienda_cuenta(*this, cuenta, [this](const QString& c) { return CFCR_CUENTAChange(c); });

@@ -42,8 +42,11 @@ RejillaFormato rejilla_de(int formato) {
 Tfconfmediosm::Consultas Tfconfmediosm::cree_consultas() {
     Consultas c{new Sentencia(nullptr, "QCambiosit", fdm().Quorvex),
                 new Sentencia(nullptr, "Qmmcuentas", fdm().Quorvex,
-                              "SELECT * FROM MEDIOSMAG_CUENTAS WHERE MMCU_ITEM = :COME_ITEM "
-                              "order by MMCU_CONS")};
+                              // COME_ITEM lleva hasta las cuentas el número con que el concepto
+                              // se grabe.
+                              "SELECT M.*, cast(MMCU_ITEM as integer) COME_ITEM FROM "
+                              "MEDIOSMAG_CUENTAS M WHERE MMCU_ITEM = :COME_ITEM order by "
+                              "MMCU_CONS")};
     c.cuentas->enlace_maestra(c.conceptos, {"COME_ITEM"});
     return c;
 }
@@ -67,6 +70,14 @@ Tfconfmediosm::Tfconfmediosm(Consultas consultas)
     maestro_->texto("COME_NATUR", 1).etiqueta("Nat.");
     detalle_->entero("MMCU_CONS").requerido().banderas(kLlave);
     detalle_->entero("MMCU_ITEM");
+    detalle_->entero("COME_ITEM");
+    maestro_->CampoConsecutivo = "COME_ITEM"; // dos usuarios pueden configurar a la vez
+    detalle_->CampoConsecutivo = "MMCU_CONS";
+    proveedor_->BeforeUpdateRecord = [this](ConjuntoDatos& c, Fila& fila, ClaseCambio clase) {
+        if (&c == detalle_ && clase == ClaseCambio::Insercion)
+            (*fila.valores)[c.FieldByName("MMCU_ITEM").indice()] =
+                c.valor_de(fila, c.FieldByName("COME_ITEM"));
+    };
     const char* const kTitulos[] = {"Cuentas",         "Cta.Rtfte", "Cta. IVA",     "Cta. RtIVA",
                                     "Cta.IVA No Des.", "Rt.CREE",   "Rt.CREE Asum."};
     QVector<DefinicionColumna> columnas;
@@ -155,7 +166,8 @@ void Tfconfmediosm::CCambiositBeforePost() {
 }
 
 void Tfconfmediosm::CmmcuentasAfterInsert() {
-    detalle_->FieldByName("MMCU_ITEM") = maestro_->FieldByName("COME_ITEM").valor();
+    for (const char* concepto : {"MMCU_ITEM", "COME_ITEM"})
+        detalle_->FieldByName(concepto) = maestro_->FieldByName("COME_ITEM").valor();
     detalle_->FieldByName("MMCU_CONS") = siguiente_++;
 }
 

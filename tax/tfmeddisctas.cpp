@@ -94,6 +94,7 @@ void Tfmeddisctas::defina_campos() {
     detalle_->entero("MMDI_ARTICULO").banderas(kLlave);
     detalle_->texto("MMDI_ANO", 4).banderas(kLlave);
     detalle_->entero("MMDC_ITEM").banderas(kLlave);
+    detalle_->CampoConsecutivo = "MMDC_ITEM"; // dos usuarios pueden configurar a la vez
     const char* const rotulos[] = {"Cuenta Mov.", "Cuenta Saldo", "Cta. Devolución"};
     for (int i = 0; i < 3; ++i)
         atienda_cuenta(*this, detalle_->texto(kCuentas[i], 20).etiqueta(rotulos[i]),

@@ -12,6 +12,7 @@ Tftaxcuentas::Tftaxcuentas() : RejillaConfiguracion("Tftaxcuentas", "Cuentas del
     for (const char* llave : {"TAXO_ID", "TAXE_ID", "TAXD_ID"})
         c.entero(llave).banderas(kLlave);
     c.entero("TAXC_ITEM").banderas(kLlave).etiqueta("Item");
+    c.CampoConsecutivo = "TAXC_ITEM"; // dos usuarios pueden configurar a la vez
     Campo& cuenta = c.texto("CUEN_COD", 20).requerido().etiqueta("Cuenta");
     c.entero("TAXC_TIPO").etiqueta("Mov").defecto("1");
     c.calculado("NomCuenta", ClaseCampo::Texto, 60).etiqueta("Nombre");

@@ -38,7 +38,8 @@ END^
 -- ajustes, 14 cierre. Los cinco indicadores son "S" o "N":
 --  * SIN_MOVIMIENTO: también las cuentas sin saldo ni movimiento;
 --  * CON_RESULTADO: el resultado sin cerrar de las clases 4 a 7 va en el patrimonio, en el renglón
---    39 y sumado a la clase 3, para que activo sea pasivo más patrimonio;
+--    39 (con lo que el plan ya tenga en él) y sumado a la clase 3, para que activo sea pasivo más
+--    patrimonio;
 --  * GENERAL: de quien pide el estado general. Sin CON_RESULTADO es el de resultados, y las clases
 --    4 a 7 van sin el cierre del año, que las dejó en cero;
 --  * MENSUAL: MOVIMIEN, UOP y NETO son los del mes, también sin el cierre, que no es movimiento del
@@ -76,7 +77,7 @@ BEGIN
   IF (CON_RESULTADO <> 'S' OR (RINI = 0 AND RDEB = 0 AND RCRE = 0)) THEN
     CON_RESULTADO = 'N';
   FOR
-    SELECT CODIGO, NOMBRE, sum(INICIAL), sum(DEBITOS), sum(CREDITOS), sum(FINAL), NIVEL
+    SELECT CODIGO, max(NOMBRE), sum(INICIAL), sum(DEBITOS), sum(CREDITOS), sum(FINAL), NIVEL
     FROM (
       SELECT CODIGO, NOMBRE, INICIAL, DEBITOS, CREDITOS, FINAL, NIVEL
       FROM BALANCE_PRUEBA{_NIIF}(:ANO, :MES, iif(:SIN_MOVIMIENTO = 'S', 'N', 'S'), 99)
@@ -93,9 +94,10 @@ BEGIN
         :RCRE, :RINI + :RDEB - :RCRE, 1
       FROM RDB$DATABASE WHERE :CON_RESULTADO = 'S'
       UNION ALL
-      SELECT '39', 'Resultado del ejercicio en curso', :RINI, :RDEB, :RCRE, :RINI + :RDEB - :RCRE, 2
+      SELECT '39', coalesce((SELECT CUEN_NOM FROM {CUENTAS} WHERE CUEN_COD = '39'),
+        'Resultado del ejercicio en curso'), :RINI, :RDEB, :RCRE, :RINI + :RDEB - :RCRE, 2
       FROM RDB$DATABASE WHERE :CON_RESULTADO = 'S')
-    GROUP BY CODIGO, NOMBRE, NIVEL
+    GROUP BY CODIGO, NIVEL
     ORDER BY CODIGO
     INTO :CODIGO, :NOMBRE, :INICIAL, :DEBITOS, :CREDITOS, :FINAL, :NIVEL
   DO

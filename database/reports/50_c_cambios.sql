@@ -6,8 +6,8 @@ SET TERM ^ ;
 -- Cambios del patrimonio (libro 2649): parte del saldo de la clase 3 al 31 de diciembre anterior,
 -- suma los aumentos y resta las disminuciones del año por grupo, y llega al saldo final, con el
 -- resultado que aún no se cierra. CTA36 lleva también el grupo 37. SAL... es el saldo que va
--- quedando; OK, desde que se sabe, es "S" si el último es el de los libros. Lo llama
--- Tfcambiopatr.
+-- quedando; OK, desde que se sabe, es "S" si el último es el activo menos el pasivo de los libros.
+-- Lo llama Tfcambiopatr.
 CREATE OR ALTER PROCEDURE CAMBIOS_PATRIMONIO (ANO varchar(4))
 RETURNS (CONCEPTO varchar(60), CTA31 numeric(15,2), CTA32 numeric(15,2), CTA33 numeric(15,2),
   CTA34 numeric(15,2), CTA35 numeric(15,2), CTA36 numeric(15,2), CTA38 numeric(15,2),
@@ -18,8 +18,8 @@ AS
   DECLARE ORDEN integer;
   DECLARE LIBRO numeric(18,2);
 BEGIN
-  SELECT -coalesce(sum(SALD_DEBITO - SALD_CREDITO), 0) FROM VISTA_SALDOS_CUENTA
-  WHERE (CUEN_COD STARTING WITH '3' OR (CUEN_COD >= '4' AND CUEN_COD < '8')) AND SALD_ANO <= :ANO
+  SELECT coalesce(sum(SALD_DEBITO - SALD_CREDITO), 0) FROM VISTA_SALDOS_CUENTA
+  WHERE CUEN_COD >= '1' AND CUEN_COD < '3' AND SALD_ANO <= :ANO
   INTO :LIBRO;
   SAL31 = 0; SAL32 = 0; SAL33 = 0; SAL34 = 0; SAL35 = 0; SAL36 = 0; SAL38 = 0;
   FOR

@@ -309,20 +309,27 @@ void Proveedor::inserte_una_vez(Grabacion& g, ConjuntoDatos& conjunto, Fila& fil
         g.devueltas.push_back({&fila, devueltos[i], salida[i]});
 }
 
+/// El siguiente entre las filas que comparten el resto de la llave: las de su maestra, las de su
+/// cuenta, o todas si el número es la llave entera.
 void Proveedor::tome_siguiente(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila,
                                const QString& tabla) {
     const Campo& numero = conjunto.FieldByName(conjunto.CampoConsecutivo);
-    Condicion maestra;
-    for (const QString& n : conjunto.sentencia()->MasterFields())
-        maestra.agregue(conjunto.FieldByName(n), (*fila.valores)[conjunto.FieldByName(n).indice()]);
-    Cursor cursor(g.conexion.prepare(QStringLiteral("select max(%1) from %2 where %3")
-                                         .arg(numero.FieldName, tabla, maestra.sql()),
-                                     g.transaccion),
-                  g.transaccion, maestra.valores);
+    QVector<Campo*> resto = cambios::llave_de(conjunto, tabla);
+    resto.removeIf([&](const Campo* c) { return c == &numero; });
+    const Condicion hermanas = condicion_de(resto, *fila.valores);
+    QString sql = QStringLiteral("select max(%1) from %2").arg(numero.FieldName, tabla);
+    if (!resto.isEmpty())
+        sql += QStringLiteral(" where ") + hermanas.sql();
+    Cursor cursor(g.conexion.prepare(sql, g.transaccion), g.transaccion, hermanas.valores);
     qint64 mayor = cursor.siguiente() ? cursor.valor(0).entero() : 0;
+    const auto es_hermana = [&](const Fila& otra) {
+        return std::all_of(resto.begin(), resto.end(), [&](const Campo* c) {
+            return cambios::iguales(conjunto.valor_de(otra, *c), (*fila.valores)[c->indice()]);
+        });
+    };
     // Tampoco el de una línea que todavía no ha viajado.
     for (const auto& otra : conjunto.almacen()->filas)
-        if (otra.get() != &fila)
+        if (otra.get() != &fila && es_hermana(*otra))
             mayor = qMax(mayor, conjunto.valor_de(*otra, numero).entero());
     (*fila.valores)[numero.indice()] = mayor + 1;
 }

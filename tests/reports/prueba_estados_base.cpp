@@ -30,6 +30,7 @@ private slots:
     void el_balance_general_cuadra_en_cada_mes();
     void el_resultado_de_los_dos_estados_es_el_mismo_data() { un_mes_de_cada(); }
     void el_resultado_de_los_dos_estados_es_el_mismo();
+    void el_resultado_en_curso_va_con_el_39_del_plan();
     void los_terceros_suman_su_cuenta_data() { un_mes_de_cada(); }
     void los_terceros_suman_su_cuenta();
     void los_centros_suman_en_los_dos_ordenes_data() { un_mes_de_cada(); }
@@ -146,6 +147,20 @@ void PruebaEstadosBase::el_resultado_de_los_dos_estados_es_el_mismo() {
     if (!sume(libro, mes, mes, [](const Renglon& r) { return r.cuenta.startsWith('4'); }).vacio())
         QCOMPARE(base().consulte("select neto " + fila.arg("N", "S", "4")).moneda(),
                  t.creditos - t.debitos);
+}
+
+void PruebaEstadosBase::el_resultado_en_curso_va_con_el_39_del_plan() {
+    for (int libro : {0, 1}) {
+        const QString plan = libro ? "cuentas_niif" : "cuentas";
+        const Tramo t = sume(libro, 201805, 201805,
+                             [](const Renglon& r) { return r.cuenta >= "4" && r.cuenta < "8"; });
+        base().ejecute("insert into " + plan + " (cuen_cod, cuen_nom) values ('39', 'Del plan')");
+        QCOMPARE(filas(QString("select nombre, sgrupo from balance_mes%1('2018', 5, 'S', 'S', 'N', "
+                               "'N') where codigo = '39'")
+                           .arg(sufijo(libro))),
+                 QStringList("Del plan|" + (-t.final()).texto()));
+        base().ejecute("delete from " + plan + " where cuen_cod = '39'");
+    }
 }
 
 void PruebaEstadosBase::los_terceros_suman_su_cuenta() {
@@ -319,6 +334,14 @@ void PruebaEstadosBase::los_cambios_del_patrimonio_llegan_al_saldo_de_los_libros
                           (t.creditos - t.inicial).texto(), (-t.debitos).texto(),
                           (-t.final()).texto()));
         QCOMPARE(filas("select ok " + tabla).last(), "S");
+    }
+    // Un saldo dañado se ve.
+    for (const char* de : {"1", "3"}) {
+        base().ejecute(QString("insert into saldos_diferencia values ('%1', '2018', 1, '', '', '', "
+                               "'', 1, 0)")
+                           .arg(de));
+        QCOMPARE(filas("select ok from cambios_patrimonio('2018')").last(), "N");
+        base().ejecute(QString("delete from saldos_diferencia where cuen_cod = '%1'").arg(de));
     }
 }
 

@@ -116,6 +116,12 @@ void PruebaNotas::se_copia_de_otro_periodo_y_se_modifica() {
     componente<QSpinBox>(f, "NumeroCopia").setValue(3);
     oprima(Qt::Key_F8);
     QCOMPARE(f->Editor->texto->toPlainText(), "Al costo");
+    ListaFalsa<PideCuenta> plan("Tfcuentas"); // buscar sin escoger deja la que había
+    for (const char* cuenta : {"1105", "?caja"})
+        f->CNotasestados.FieldByName("NOEF_CUENTA") = cuenta;
+    plan.cancele();
+    QCOMPARE(plan.pedida().texto_busqueda + f->CNotasestados.FieldByName("NOEF_CUENTA").texto(),
+             "caja1105");
     {
         Interlocutor i; // lo que no se ha grabado no se pierde sin preguntar
         dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "No");

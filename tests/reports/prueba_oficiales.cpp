@@ -189,6 +189,11 @@ void PruebaOficiales::la_numeracion_compara_textos_y_deja_una_hoja_de_mas() {
         i.espere("Debe indicar compañía, libro y un rango consistente.");
         llene_todo(cia, libro, ini, fin);
     }
+    {
+        Interlocutor i;
+        i.espere("Del 12 al 3 no hay páginas que numerar.");
+        llene_todo("001", "MB", "12", "3");
+    }
     QVERIFY(s.escritorio.abierta("Tfnumeracion"));
     {
         Interlocutor i; // cancelar no imprime ni cierra

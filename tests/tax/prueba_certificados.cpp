@@ -366,10 +366,12 @@ void PruebaCertificados::la_configuracion_numera_dentro_de_la_cuenta() {
     c.FieldByName("CFCR_CUENTA") = "236540";
     QCOMPARE(c.FieldByName("CFCR_ITEM").texto(), "6");
     c.Cancel();
-    oprima(Qt::Key_F2);
+    s.base.ejecute({"insert into configura_certrete values ('236540', 5, '14', 'C')",
+                    "insert into configura_certrete values ('236570', 9, '14', 'C')"});
+    oprima(Qt::Key_F2); // otro usuario tomó el 5
     QCOMPARE(filas_de(s.base.base(), "select cfcr_item, cfcr_ctabase, cfcr_base from "
                                      "configura_certrete order by 1"),
-             "4|1435|D\n5|143505|N");
+             "4|1435|D\n5|14|C\n6|143505|N\n9|14|C");
 }
 
 QTEST_MAIN(PruebaCertificados)

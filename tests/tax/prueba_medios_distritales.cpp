@@ -213,12 +213,16 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
         cuentas.Append();
         cuentas.FieldByName("MMDC_CUENTA") = cuenta;
         cuentas.Post();
+        oprima(Qt::Key_F2);
+        // Otro usuario toma el número de la que sigue.
+        if (cuenta == QLatin1String("1435"))
+            s.base.ejecute({"insert into mediosmag_distr_cuentas (mmdi_articulo, mmdi_ano, "
+                            "mmdc_item, mmdc_cuenta) values (22, '2018', 2, '12')"});
     }
-    oprima(Qt::Key_F2);
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QCOMPARE(s.dato("select list(mmdc_item || '=' || mmdc_cuenta) from mediosmag_distr_cuentas "
                     "where mmdi_articulo = 22 and mmdi_ano = '2018'"),
-             "1=1435,2=6135");
+             "1=1435,2=12,3=6135");
     QCOMPARE(s.dato("select mmdi_procedimiento from mediosmag_distr where mmdi_ano = '2018'"),
              "ARTICULO_22");
     // F6 copia los del año señalado al que se diga; los que ya estaban no se tocan.
@@ -229,7 +233,7 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
     QCOMPARE(s.dato("select count(*) from mediosmag_distr where mmdi_ano = '2018'"), de_2017);
     QCOMPARE(s.dato("select list(mmdc_cuenta) from mediosmag_distr_cuentas where mmdi_articulo = "
                     "22 and mmdi_ano = '2018'"),
-             "1435,6135");
+             "1435,12,6135");
     const QString cuentas_de =
         "select mmdi_articulo, mmdc_item, mmdc_cuenta, mmdc_ctadev, mmdc_ctasaldo from "
         "mediosmag_distr_cuentas where mmdi_articulo <> 22 and mmdi_ano = '%1' order by 1, 2";

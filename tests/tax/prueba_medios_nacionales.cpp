@@ -69,6 +69,15 @@ void deje_un_gasto(SesionGui& s) {
            {3, "111005", 0, 1300}});
 }
 
+/// Otro usuario toma los números de un concepto y de su cuenta, en otro formato.
+void tome_los_numeros(SesionGui& s, const QString& concepto, const QString& cuenta) {
+    s.base.ejecute({"insert into configura_mediosmag (come_item, come_formato) values (" +
+                        concepto + ", 10018)",
+                    QString("insert into mediosmag_cuentas (mmcu_cons, mmcu_item, mmcu_cuenta) "
+                            "values (%1, %2, '5120')")
+                        .arg(cuenta, concepto)});
+}
+
 /// Mira el avance de ese nombre y oprime Esc cuando llega a lo que se espera.
 class CancelaElAvance {
 public:
@@ -228,9 +237,13 @@ void PruebaMediosNacionales::lo_digitado_sobrevive_y_el_recalculo_pregunta_dos_v
     digite_celdas({"5016", "13", "777"});
     QCOMPARE(p->CMedmagdata->FieldByName("MEMG_ITEM").texto(), QString::number(calculadas + 1));
     p->CMedmagdata->CheckBrowseMode();
+    // Otro usuario ya agregó la de ese número: la digitada toma el que sigue.
+    m.s.base.ejecute({"insert into medios_magneticos_datos (memg_formato, memg_ano, memg_item) "
+                      "values (10019, '2017', " +
+                      QString::number(calculadas + 1) + ')'});
     QVERIFY(p->close());
     agote_eventos();
-    QCOMPARE(m.filas(), QString::number(calculadas + 1));
+    QCOMPARE(m.filas(), QString::number(calculadas + 2));
 
     const auto consulte = [&](std::initializer_list<std::pair<QString, QString>> dialogos) {
         auto* otra = m.abra();
@@ -239,7 +252,7 @@ void PruebaMediosNacionales::lo_digitado_sobrevive_y_el_recalculo_pregunta_dos_v
             i.espere(texto, boton);
         oprima(Qt::Key_F2);
         const bool esta = valores_de(*otra->CMedmagdata, "MEMG_NIT").contains("777");
-        const bool todas = otra->CMedmagdata->RecordCount() == calculadas + (esta ? 1 : 0);
+        const bool todas = otra->CMedmagdata->RecordCount() == calculadas + (esta ? 2 : 0);
         otra->close();
         agote_eventos();
         return todas && esta;
@@ -640,12 +653,13 @@ void PruebaMediosNacionales::un_concepto_nuevo_con_sus_cuentas_se_graba() {
     agote_eventos();
     QCOMPARE(s.escritorio.activa(), p);
     QVERIFY(cuentas.FieldByName("MMCU_CTARTF").texto().startsWith("1105"));
+    tome_los_numeros(s, item, QString::number(mayor + 1));
     oprima(Qt::Key_F2);
     QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QCOMPARE(s.dato("select c.come_respuesta || '|' || c.come_formato || '|' || m.mmcu_cuenta || "
                     "'|' || count(*) from configura_mediosmag c join mediosmag_cuentas m on "
-                    "m.mmcu_item = c.come_item where c.come_item = " +
-                    item + " group by c.come_respuesta, c.come_formato, m.mmcu_cuenta"),
+                    "m.mmcu_item = c.come_item where c.come_formato = 10046 group by "
+                    "c.come_respuesta, c.come_formato, m.mmcu_cuenta"),
              "8303|10046|5105|1");
     oprima(Qt::Key_Escape);
     agote_eventos();
