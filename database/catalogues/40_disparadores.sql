@@ -66,10 +66,10 @@ BEGIN
 END^
 
 -- Espera a que terminen los que están grabando y detiene a los que sigan, si la cuenta PADRE podía
--- llevar movimiento y va a recibir un auxiliar o a cambiar lo que se exige a sus líneas. Quien graba un comprobante nuevo tiene la fila de
--- su prefijo y los demás la estructura, que quien llama ya tomó: así, o sus líneas ya se ven, o se
--- le rehúsan. La estructura primero: quien la toma al grabar puede tomar después un prefijo, y
--- nunca al revés.
+-- llevar movimiento y va a recibir un auxiliar o a cambiar lo que se exige a sus líneas. Quien
+-- graba un comprobante nuevo tiene la fila de su prefijo y los demás la estructura, que quien llama
+-- ya tomó: así, o sus líneas ya se ven, o se le rehúsan. La estructura primero: quien la toma al
+-- grabar puede tomar después un prefijo, y nunca al revés.
 CREATE OR ALTER PROCEDURE ESPERE_GRABACIONES (PADRE varchar(20))
 AS
   DECLARE PREFIJO varchar(4);
