@@ -43,8 +43,8 @@ void Tfmensaje::defina_conjuntos() {
     };
     CUsermens.AfterScroll = [this] {
         Chistomens.Filter("REMITE = " + QuotedStr(CUsermens.FieldByName("USUARIO").texto()));
-        Chistomens.Filtered(true);
     };
+    Chistomens.Filtered(true);
     Chistomens.entero("ID");
     Chistomens.texto("EOS", 1);
     Chistomens.fecha("FECHA");

@@ -298,14 +298,10 @@ void Tfprincipal::ejecute(const Comando& comando) {
     proteja([&] {
         if (!entre_si_falta())
             return;
-        if (comando.apertura == Apertura::Propia) {
+        const bool exige =
+            comando.apertura != Apertura::Propia && comando.derecho.permiso == Permiso::Entrada;
+        if (!exige || fdm().exija_acceso(comando.derecho.opcion))
             abra(comando);
-            return;
-        }
-        if (comando.derecho.permiso == Permiso::Entrada &&
-            !fdm().exija_acceso(comando.derecho.opcion))
-            return;
-        abra(comando);
     });
 }
 

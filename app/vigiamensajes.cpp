@@ -1,5 +1,6 @@
 #include "app/vigiamensajes.h"
 
+#include "app/paneldegradado.h"
 #include "app/ventanaavisos.h"
 #include "sesion/peticiones.h"
 
@@ -10,11 +11,11 @@ constexpr int kIntervalo = 10000;
 QColor color_de_nivel(qint64 nivel) {
     switch (nivel) {
     case 1:
-        return QColor(0xFF, 0x80, 0xFF);
+        return PanelDegradado::color(0xFF80FF);
     case 2:
-        return QColor(0x80, 0xFF, 0xFF);
+        return PanelDegradado::color(0x80FFFF);
     case 3:
-        return QColor(0xFF, 0xFF, 0x80);
+        return PanelDegradado::color(0xFFFF80);
     default:
         return {};
     }

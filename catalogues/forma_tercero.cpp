@@ -245,6 +245,21 @@ bool FormaTercero::complete_y_valide(bool con_nit) {
     return true;
 }
 
+bool FormaTercero::tiene_papel(const QString& tabla) {
+    CBorrar->Open("select * from " + tabla +
+                  " where TERC_NIT = " + QuotedStr(campo("TERC_NIT").texto()));
+    const bool tiene = !CBorrar->IsEmpty();
+    CBorrar->Close();
+    return tiene;
+}
+
+void FormaTercero::agregue_papeles() {
+    if (campo("TERC_CLIE").texto() == "S" && !tiene_papel("clientes"))
+        agregue_cliente();
+    if (campo("TERC_PROV").texto() == "S" && !tiene_papel("proveedores"))
+        agregue_proveedor();
+}
+
 void FormaTercero::agregue_cliente() {
     const QString nit = QuotedStr(campo("TERC_NIT").texto());
     CBorrar->Execute("insert into clientes (TERC_NIT, CLIE_COD, CLIE_ESTADO) VALUES (" + nit + "," +

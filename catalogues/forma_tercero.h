@@ -37,8 +37,8 @@ protected:
     virtual void SBGrabarClick() = 0;
     /// Compone el nombre y revisa lo obligatorio; falso después de decir lo que falta.
     bool complete_y_valide(bool con_nit);
-    void agregue_cliente();
-    void agregue_proveedor();
+    /// Las filas de cliente y de proveedor que le falten según sus papeles.
+    void agregue_papeles();
 
     bool natural() const;
     void habilite_nombres();
@@ -55,6 +55,9 @@ protected:
 
 private:
     void defina_campos();
+    bool tiene_papel(const QString& tabla);
+    void agregue_cliente();
+    void agregue_proveedor();
     // --- disposición, en forma_tercero_diseno.cpp
     void arme();
     void arme_identificacion(Formulario& f);

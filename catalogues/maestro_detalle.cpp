@@ -22,7 +22,12 @@ MaestroDetalle::MaestroDetalle(const QString& clase, const QString& titulo,
     detalle_->anide_en(maestro_, &sentencia_detalle);
     cuide_lo_digitado(*this, {maestro_, detalle_});
     // El detalle nace con la llave de su maestro: ese registro ya debe estar completo.
-    detalle_->BeforeInsert = [this] { maestro_->CheckBrowseMode(); };
+    detalle_->BeforeInsert = [this] {
+        const int antes = maestro_->State() == Estado::Insercion ? maestro_->RecordCount() : 0;
+        maestro_->CheckBrowseMode();
+        if (maestro_->RecordCount() < antes) // vacío, se canceló: el detalle sería de otro
+            throw EdicionAbortada();
+    };
 }
 
 Rejilla* MaestroDetalle::rejilla(const QString& nombre, ConjuntoDatos* conjunto, const Lado& lado,

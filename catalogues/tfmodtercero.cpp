@@ -48,21 +48,10 @@ void Tfmodtercero::FormCreate() {
     ENombre->setFocus();
 }
 
-bool Tfmodtercero::tiene_papel(const QString& tabla) {
-    CBorrar->Open("select * from " + tabla +
-                  " where TERC_NIT = " + QuotedStr(campo("TERC_NIT").texto()));
-    const bool tiene = !CBorrar->IsEmpty();
-    CBorrar->Close();
-    return tiene;
-}
-
 void Tfmodtercero::SBGrabarClick() {
     if (!complete_y_valide(false) ||
         grabe_y_anuncie(*CTerceros, "Grabado tercero " + campo("TERC_NIT").texto()) != 0)
         return;
-    if (campo("TERC_CLIE").texto() == "S" && !tiene_papel("clientes"))
-        agregue_cliente();
-    if (campo("TERC_PROV").texto() == "S" && !tiene_papel("proveedores"))
-        agregue_proveedor();
+    agregue_papeles();
     close();
 }

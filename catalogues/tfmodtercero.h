@@ -14,8 +14,6 @@ protected:
     void SBGrabarClick() override;
 
 private:
-    bool tiene_papel(const QString& tabla);
-
     Proveedor* PAudit;
     ConjuntoDatos* CAudit;
     QLabel* LabAudit;

@@ -59,11 +59,8 @@ void Tfnvotercero::SBGrabarClick() {
         CTerceros->Post();
     if (grabe_y_anuncie(*CTerceros, "Grabado tercero " + campo("TERC_NIT").texto()) != 0)
         return;
-    // El tercero ya quedó: si falla uno de sus papeles, solo falta ese papel.
-    if (campo("TERC_CLIE").texto() == "S")
-        agregue_cliente();
-    if (campo("TERC_PROV").texto() == "S")
-        agregue_proveedor();
+    // El tercero ya quedó: si falla uno de sus papeles, solo falta ese papel y se puede repetir.
+    agregue_papeles();
     if (un_solo_nit_) {
         responda<PideNuevoTercero>(campo("TERC_NIT").texto());
         close();

@@ -2,6 +2,7 @@
 
 #include "sesion/tfdm.h"
 #include "toolkit/barrabotones.h"
+#include "toolkit/dialogos.h"
 #include "toolkit/formulario.h"
 #include "toolkit/rejilla/rejilla.h"
 
@@ -107,9 +108,20 @@ void Tfpuc::sbBuscarClick() {
 
 void Tfpuc::SpeedButton1Click() {
     Sentencia& cree = fdm().SCreectapuc;
-    for (int fila : DBGridEh1->filas_marcadas()) {
-        cree.ParamByName("CUENTA") = CPuc->valor_en(fila, CPuc->FieldByName("PUC_COD"));
+    QStringList sin_crear;
+    const QVector<int> filas = DBGridEh1->filas_marcadas();
+    for (int fila : filas) {
+        const Valor cuenta = CPuc->valor_en(fila, CPuc->FieldByName("PUC_COD"));
+        cree.ParamByName("CUENTA") = cuenta;
         cree.ExecProc();
+        if (fdm().Quorvex.consulte("select 1 from cuentas where cuen_cod = ?", {cuenta}).nulo())
+            sin_crear << cuenta.texto();
     }
+    if (!sin_crear.isEmpty())
+        muestre_mensaje(QStringLiteral("Quedaron creadas %1 de %2 cuentas. La longitud de las "
+                                       "demás no es la de ningún nivel de la estructura: %3.")
+                            .arg(filas.size() - sin_crear.size())
+                            .arg(filas.size())
+                            .arg(sin_crear.join(", ")));
     close();
 }

@@ -41,7 +41,9 @@ QString fila_con_nombres(const Cursor& filas) {
 
 void revise_libros(Conexion& c, Transaccion& foto, Hallazgos& hallazgos) {
     Cursor filas(c.prepare(QStringLiteral("select comprobante, libro, causa, detalle"
-                                          " from verifique_libros"),
+                                          " from verifique_libros union all"
+                                          " select '', libro, causa, detalle"
+                                          " from verifique_cuentas"),
                            foto),
                  foto, {});
     while (filas.siguiente()) {

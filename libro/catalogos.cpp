@@ -2,11 +2,6 @@
 
 namespace {
 
-/// Primera columna del resultado; nula si no hay fila.
-Valor primera(Conexion& conexion, const QString& sql, const QVector<Valor>& valores = {}) {
-    return conexion.consulte(sql, valores);
-}
-
 Rechazo de_cuenta(Motivo motivo, const QString& texto) {
     Rechazo r;
     r.motivo = motivo;
@@ -41,10 +36,10 @@ std::optional<AtributosCuenta> atributos_de_cuenta(Conexion& conexion, Libro lib
 
 std::optional<Rechazo> revise_cuenta(Conexion& conexion, Libro libro, const QString& cuenta) {
     const DatosLibro& l = datos(libro);
-    const qint64 error =
-        primera(conexion,
-                QStringLiteral("select * from %1(").arg(l.valide_cuenta) + QuotedStr(cuenta) + ')')
-            .entero();
+    const qint64 error = conexion
+                             .consulte(QStringLiteral("select * from %1(").arg(l.valide_cuenta) +
+                                       QuotedStr(cuenta) + ')')
+                             .entero();
     switch (error) {
     case 0:
         return {};
@@ -86,15 +81,16 @@ QString nombre_en_el_plan(Conexion& conexion, Libro libro, const QString& cuenta
     if (cuenta.isEmpty())
         return {};
     // En el texto y no como parámetro: uno más largo que la columna no está, y no es una falla.
-    return primera(conexion, QStringLiteral("select cuen_nom from %1 where cuen_cod = ")
-                                     .arg(datos(libro).cuentas) +
-                                 QuotedStr(cuenta))
+    return conexion
+        .consulte(
+            QStringLiteral("select cuen_nom from %1 where cuen_cod = ").arg(datos(libro).cuentas) +
+            QuotedStr(cuenta))
         .texto();
 }
 
 QString nombre_de_tercero(Conexion& conexion, const QString& nit) {
-    return primera(conexion,
-                   "select terc_nom from terceros where terc_estado = 'S' and terc_nit = ?", {nit})
+    return conexion
+        .consulte("select terc_nom from terceros where terc_estado = 'S' and terc_nit = ?", {nit})
         .texto();
 }
 
@@ -110,7 +106,7 @@ Rechazo tercero_no_encontrado(const QString& nit) {
 }
 
 bool tercero_activo(Conexion& conexion, const QString& nit) {
-    return primera(conexion, "select * from existe_tercero(" + QuotedStr(nit) + ')').texto() == "S";
+    return conexion.consulte("select * from existe_tercero(" + QuotedStr(nit) + ')').texto() == "S";
 }
 
 std::optional<Rechazo> revise_tercero(Conexion& conexion, const QString& nit) {
@@ -120,13 +116,14 @@ std::optional<Rechazo> revise_tercero(Conexion& conexion, const QString& nit) {
 }
 
 QString nombre_de_proyecto(Conexion& conexion, const QString& proyecto) {
-    return primera(conexion, "select proy_nom from proyectos where proy_cod = ?", {proyecto})
+    return conexion.consulte("select proy_nom from proyectos where proy_cod = ?", {proyecto})
         .texto();
 }
 
 QString nombre_de_centro(Conexion& conexion, const QString& proyecto, const QString& centro) {
-    return primera(conexion, "select cent_nom from centros where proy_cod = ? and cent_cod = ?",
-                   {proyecto, centro})
+    return conexion
+        .consulte("select cent_nom from centros where proy_cod = ? and cent_cod = ?",
+                  {proyecto, centro})
         .texto();
 }
 
@@ -134,7 +131,7 @@ std::optional<Rechazo> revise_centro(Conexion& conexion, const QString& proyecto
                                      const QString& centro) {
     const QString sql =
         "select * from existe_centro(" + QuotedStr(proyecto) + ',' + QuotedStr(centro) + ')';
-    if (primera(conexion, sql).texto() == "S")
+    if (conexion.consulte(sql).texto() == "S")
         return {};
     Rechazo r;
     r.motivo = Motivo::Centro;
@@ -144,9 +141,8 @@ std::optional<Rechazo> revise_centro(Conexion& conexion, const QString& proyecto
 }
 
 std::optional<Rechazo> revise_categoria(Conexion& conexion, Libro libro, const QString& codigo) {
-    const Valor nombre =
-        primera(conexion,
-                "SELECT CONC_NOMBRE FROM CONCEPTO_CONTABLE WHERE CONC_COD = " + QuotedStr(codigo));
+    const Valor nombre = conexion.consulte(
+        "SELECT CONC_NOMBRE FROM CONCEPTO_CONTABLE WHERE CONC_COD = " + QuotedStr(codigo));
     if (!nombre.nulo())
         return {};
     Rechazo r;
@@ -163,7 +159,7 @@ std::optional<Rechazo> revise_articulo(Conexion& conexion, const QString& clase,
         return {};
     const QString sql = activo ? "select 1 from activos_fijos where acfj_cod = ?"
                                : "select 1 from articulo where arti_cod = ?";
-    if (!primera(conexion, sql, {codigo}).nulo())
+    if (!conexion.consulte(sql, {codigo}).nulo())
         return {};
     Rechazo r;
     r.motivo = Motivo::Articulo;

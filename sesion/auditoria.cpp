@@ -3,8 +3,7 @@
 #include <QRegularExpression>
 
 QString modificado(const QString& auditoria) {
-    static const QRegularExpression guardado(
-        QStringLiteral(R"(^(\d{4})-(\d\d)-(\d\d)  (\d\d:\d\d):\d\d)"));
+    static const QRegularExpression guardado(QStringLiteral(R"(^(\d{4})-(\d\d)-(\d\d))"));
     return QStringLiteral("Modificado: ") +
-           QString(auditoria).replace(guardado, QStringLiteral(R"(\1/\2/\3 \4)"));
+           QString(auditoria).replace(guardado, QStringLiteral(R"(\1/\2/\3)"));
 }

@@ -75,22 +75,31 @@ const IndiceCodigos& IndicesCatalogos::lea(Cual cual, const QString& grupo) {
     return l.indices[grupo];
 }
 
-void IndicesCatalogos::refresque(Cual cual) {
+void IndicesCatalogos::refresque(Cual cual, const QString& confirmado) {
     Leido& l = leidos_[cual];
-    const QString ahora = sello(cual);
-    if (l.hecho && l.sello == ahora)
+    const QString visto = confirmado + condicion(kOrigenes[cual]);
+    const bool igual = l.hecho && l.visto == visto;
+    if (igual && l.firme)
         return;
-    l.hecho = false;
-    lea(cual);
-    l.sello = ahora;
+    const QString ahora = sello(cual);
+    if (!l.hecho || l.sello != ahora) {
+        l.hecho = false;
+        lea(cual);
+        l.sello = ahora;
+    }
+    l.visto = visto;
+    // El sello se mueve un instante antes de que el cambio se vea: se mira una vez más.
+    l.firme = igual;
 }
 
 void IndicesCatalogos::refresque(std::initializer_list<Cual> cuales) {
     if (!fdm().Quorvex.en_linea())
         return;
     try {
+        const QString confirmado =
+            fdm().Quorvex.consulte("select sello_catalogos() from rdb$database").texto() + ' ';
         for (const Cual cual : cuales)
-            refresque(cual);
+            refresque(cual, confirmado);
     } catch (const ErrorDatos&) {
     }
 }

@@ -19,7 +19,8 @@ public:
     const IndiceCodigos& proyectos() { return lea(Proyectos); }
     /// Los centros del proyecto que el usuario puede ver.
     const IndiceCodigos& centros(const QString& proyecto) { return lea(Centros, proyecto); }
-    /// Los lee si no están y los lee otra vez si alguien los cambió. Se llama al llegar a donde se
+    /// Los lee si no están y los lee otra vez si alguien los cambió: mientras nadie confirme un
+    /// cambio en un catálogo es una consulta que no mira ninguno. Se llama al llegar a donde se
     /// van a usar: teclear no pregunta nada a la base.
     void refresque(Libro libro);
     void refresque_cuentas(Libro libro);
@@ -32,10 +33,11 @@ private:
     struct Leido {
         std::map<QString, IndiceCodigos> indices; ///< por proyecto los centros; los demás, uno solo
         QString sello; ///< cambia si alguien agrega, quita, apaga o renombra uno
-        bool hecho = false;
+        QString visto; ///< lo que decía la base de sus catálogos al mirarlo
+        bool hecho = false, firme = false;
     };
     const IndiceCodigos& lea(Cual cual, const QString& grupo = {});
-    void refresque(Cual cual);
+    void refresque(Cual cual, const QString& confirmado);
     /// Es una ayuda: sin servidor se queda como estaba, y quien digita lo sabrá por lo que haga.
     void refresque(std::initializer_list<Cual> cuales);
     static QString sello(Cual cual);

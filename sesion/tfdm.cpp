@@ -197,7 +197,7 @@ void Tfdm::ConfigurarProviders(QObject* componente) {
 // ---------------------------------------------------------------- derechos y auditoría
 
 bool Tfdm::valide_acceso(const QString& modulo, int opcion) {
-    return administrador || acceso_editacomproba(usuario, modulo, opcion);
+    return acceso_editacomproba(usuario, modulo, opcion);
 }
 
 bool Tfdm::acceso_editacomproba(const QString& usuario, const QString& modulo, int opcion) {

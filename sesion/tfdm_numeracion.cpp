@@ -63,8 +63,9 @@ void Tfdm::numero_documento(int tipo, qint64 id, Campo& campo_prefijo, Campo& ca
             QStringLiteral("El programa no muestra los documentos de tipo %1.").arg(tipo));
     QNumerodoc.Open(sql);
     if (!QNumerodoc.IsEmpty()) {
-        campo_prefijo = QNumerodoc.Fields(0).texto();
-        campo_numero = QNumerodoc.Fields(1).texto();
+        // El "número" de algunos es un NIT, que puede no caber.
+        campo_prefijo = QNumerodoc.Fields(0).texto().left(campo_prefijo.Size);
+        campo_numero = QNumerodoc.Fields(1).texto().left(campo_numero.Size);
     }
     QNumerodoc.Close();
 }

@@ -15,7 +15,8 @@
 #include <QMdiSubWindow>
 #include <QTextEdit>
 
-void instale_despacho_teclas(); // teclas_pantalla.cpp
+void instale_despacho_teclas();               // teclas_pantalla.cpp
+std::any saque_respuesta(Pantalla& pantalla); // peticion.cpp
 
 namespace {
 
@@ -126,8 +127,11 @@ bool Pantalla::consienta_cierre() {
         consiente = true;
     }
     cerrando_ = false;
+    const std::any respuesta = saque_respuesta(*this);
     if (consiente) {
         cerrada_ = true;
+        if (respuesta.has_value())
+            std::exchange(encargo_.al_responder_, {})(respuesta);
         // Lo que quedó a medio escribir se descarta: perder el foco al cerrarse no debe guardarlo.
         if (ControlDato* control = control_dato(focusWidget()))
             control->restaure();

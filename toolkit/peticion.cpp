@@ -15,11 +15,23 @@ void Pantalla::abra_encargo(const QString& nombre, Encargo encargo) {
     reciba_entregas();
 }
 
+namespace {
+constexpr char kRespuesta[] = "respuesta"; ///< lo contestado, hasta que la pantalla cierre
+}
+
+/// La última vale, y se entrega al cerrarse: si el cierre se rehúsa, no se escogió nada.
 bool Pantalla::conteste(std::any respuesta) {
     if (!encargo_.al_responder_)
         return false;
-    std::exchange(encargo_.al_responder_, {})(respuesta);
+    setProperty(kRespuesta, QVariant::fromValue(std::move(respuesta)));
     return true;
+}
+
+/// Lo contestado en la pantalla, que deja de estarlo; vacío si nada.
+std::any saque_respuesta(Pantalla& pantalla) {
+    const QVariant respuesta = pantalla.property(kRespuesta);
+    pantalla.setProperty(kRespuesta, {});
+    return respuesta.isValid() ? respuesta.value<std::any>() : std::any();
 }
 
 void Pantalla::deje(std::type_index tipo, std::any respuesta) {

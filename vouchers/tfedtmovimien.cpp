@@ -4,6 +4,7 @@
 #include "libro/revision.h"
 #include "sesion/auditoria.h"
 #include "sesion/copias_comprobante.h"
+#include "sesion/registro_documentos.h"
 #include "toolkit/estilo.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/copia_plantilla.h"
@@ -197,6 +198,14 @@ void Tfedtmovimien::muestre_auditoria(int tipo, const QString& id,
     donde(modificado(CAudit.FieldByName("AUDIT").texto()));
 }
 
+QString Tfedtmovimien::numero_de_origen(qint64 tipo, qint64 origen) {
+    const Campo& numero = CMovimiento.FieldByName("NumRef");
+    if (numero.texto().size() < numero.Size)
+        return numero.texto();
+    CBorrar.Open(sql_numero_documento(int(tipo), origen)); // NumRef pudo no traerlo entero
+    return CBorrar.Fields(1).texto();
+}
+
 QString Tfedtmovimien::muestre_origen() {
     QString falla_origen;
     QString texto = "Id:" + CMovimiento.FieldByName("ENCO_CONSEC").texto();
@@ -214,11 +223,11 @@ QString Tfedtmovimien::muestre_origen() {
                                .arg(origen)
                                .arg(falla.para_usuario());
         }
+        const QString numero = numero_de_origen(tipo, origen);
         CBorrar.Open("select tido_nomcorto from tipo_documento where tido_cod = " +
                      QString::number(tipo));
         texto += " Original:" + CBorrar.Fields(0).texto() + ' ' +
-                 CMovimiento.FieldByName("PrefRef").texto() +
-                 CMovimiento.FieldByName("NumRef").texto();
+                 CMovimiento.FieldByName("PrefRef").texto() + numero;
     }
     Edit1->setText(texto);
     return falla_origen;

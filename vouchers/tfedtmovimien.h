@@ -63,6 +63,7 @@ private:
     int maximo_item(Libro libro, const QString& id);
     /// Por qué no se pudo ver el documento de origen; vacío si se vio o no lo hay.
     QString muestre_origen();
+    QString numero_de_origen(qint64 tipo, qint64 origen);
     void muestre_fecha();
     void traiga_plantilla(const QString& plantilla) override;
     void borre_desde_la_actual(ConjuntoDatos& lineas);

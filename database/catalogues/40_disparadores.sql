@@ -43,8 +43,8 @@ BEGIN
     OR EXISTS (SELECT 1 FROM ACTIVOS_FIJOS WHERE ACFJ_COD = :CODIGO);
 END^
 
--- Toma la estructura: quien la cambia, quien crea la primera cuenta y quien abre un auxiliar se
--- esperan, y el que llega segundo ve lo que hizo el otro.
+-- Toma la estructura: quien la cambia y quien crea una cuenta, la borra o le cambia el código o los
+-- indicadores se esperan, y el que llega segundo ve lo que hizo el otro.
 CREATE OR ALTER PROCEDURE TOME_ESTRUCTURA
 AS
   DECLARE NIVEL integer;
@@ -66,19 +66,17 @@ BEGIN
 END^
 
 -- Espera a que terminen los que están grabando y detiene a los que sigan, si la cuenta PADRE podía
--- llevar movimiento y va a recibir un auxiliar. Quien graba un comprobante nuevo tiene la fila de
--- su prefijo y los demás la estructura: así, o sus líneas ya se ven, o se le rehúsan. La
--- estructura primero: quien la toma al grabar puede tomar después un prefijo, y nunca al revés.
+-- llevar movimiento y va a recibir un auxiliar o a cambiar lo que se exige a sus líneas. Quien
+-- graba un comprobante nuevo tiene la fila de su prefijo y los demás la estructura, que quien llama
+-- ya tomó: así, o sus líneas ya se ven, o se le rehúsan. La estructura primero: quien la toma al
+-- grabar puede tomar después un prefijo, y nunca al revés.
 CREATE OR ALTER PROCEDURE ESPERE_GRABACIONES (PADRE varchar(20))
 AS
   DECLARE PREFIJO varchar(4);
 BEGIN
   IF (NIVEL_CUENTA(PADRE) >= NIVEL_AFECTABLE()) THEN
-  BEGIN
-    EXECUTE PROCEDURE TOME_ESTRUCTURA;
     FOR SELECT PRCO_PREF FROM PREFIJOS_CONTA WITH LOCK INTO :PREFIJO DO
       PREFIJO = NULL;
-  END
 END^
 
 -- El mantenimiento está cambiando la cuenta en esta transacción.
@@ -119,12 +117,13 @@ BEGIN
     OR EXISTS (SELECT 1 FROM SALDOS_INICIALES{_NIIF} WHERE CUEN_COD = :CUENTA);
 END^
 
+-- Con "mayor que" el motor leería el índice desde la cuenta hasta el final del plan.
 CREATE OR ALTER FUNCTION TIENE_AUXILIARES{_NIIF} (CUENTA varchar(20))
 RETURNS boolean
 AS
 BEGIN
   RETURN EXISTS (SELECT 1 FROM {CUENTAS}
-    WHERE CUEN_COD STARTING WITH :CUENTA AND CUEN_COD > :CUENTA);
+    WHERE CUEN_COD STARTING WITH :CUENTA AND char_length(CUEN_COD) > char_length(:CUENTA));
 END^
 
 -- Por qué una cuenta no puede llevar movimiento, y qué hacer; nulo si puede.
@@ -153,10 +152,9 @@ AS
   DECLARE PADRE varchar(20);
   DECLARE PRIMERA boolean;
 BEGIN
+  EXECUTE PROCEDURE TOME_ESTRUCTURA;
   PRIMERA = NOT EXISTS (SELECT 1 FROM CUENTAS ROWS 1)
     AND NOT EXISTS (SELECT 1 FROM CUENTAS_NIIF ROWS 1);
-  IF (PRIMERA) THEN
-    EXECUTE PROCEDURE TOME_ESTRUCTURA;
   IF (NOT NEW.CUEN_COD SIMILAR TO '[0-9]+') THEN
     EXCEPTION CUENTA_DIGITOS 'La cuenta ' || NEW.CUEN_COD || ' solo puede tener dígitos.';
   IF (NIVEL_CUENTA(NEW.CUEN_COD) IS NULL) THEN
@@ -193,7 +191,12 @@ CREATE OR ALTER TRIGGER {CUENTAS}_BU FOR {CUENTAS}
 ACTIVE BEFORE UPDATE POSITION 0
 AS
   DECLARE PADRE varchar(20);
+  DECLARE DECIDE boolean;
 BEGIN
+  DECIDE = NEW.CUEN_COD <> OLD.CUEN_COD OR NEW.CUEN_TERCERO <> OLD.CUEN_TERCERO
+    OR NEW.CUEN_CENTRO <> OLD.CUEN_CENTRO OR NEW.CUEN_RETENCION <> OLD.CUEN_RETENCION;
+  IF (DECIDE) THEN
+    EXECUTE PROCEDURE TOME_ESTRUCTURA;
   IF (NEW.CUEN_COD <> OLD.CUEN_COD) THEN
   BEGIN
     IF (NOT NEW.CUEN_COD SIMILAR TO '[0-9]+') THEN
@@ -213,18 +216,20 @@ BEGIN
       EXCEPTION CUENTA_PADRE_CON_MOVIMIENTO 'La cuenta ' || PADRE
         || ' tiene movimiento y no puede recibir auxiliares.';
   END
-  IF (NEW.CUEN_COD <> OLD.CUEN_COD OR NEW.CUEN_TERCERO <> OLD.CUEN_TERCERO
-    OR NEW.CUEN_CENTRO <> OLD.CUEN_CENTRO OR NEW.CUEN_RETENCION <> OLD.CUEN_RETENCION) THEN
-    IF (NOT EN_MANTENIMIENTO('{LIBRO}', OLD.CUEN_COD)
-      AND EXISTS (SELECT 1 FROM {DETALLE} WHERE CUEN_COD = OLD.CUEN_COD)) THEN
+  IF (DECIDE AND NOT EN_MANTENIMIENTO('{LIBRO}', OLD.CUEN_COD)) THEN
+  BEGIN
+    EXECUTE PROCEDURE ESPERE_GRABACIONES(OLD.CUEN_COD);
+    IF (EXISTS (SELECT 1 FROM {DETALLE} WHERE CUEN_COD = OLD.CUEN_COD)) THEN
       EXCEPTION CUENTA_CON_MOVIMIENTO 'La cuenta ' || OLD.CUEN_COD
         || ' tiene movimiento: no se pueden cambiar su código ni sus indicadores.';
+  END
 END^
 
 CREATE OR ALTER TRIGGER {CUENTAS}_BD FOR {CUENTAS}
 ACTIVE BEFORE DELETE POSITION 0
 AS
 BEGIN
+  EXECUTE PROCEDURE TOME_ESTRUCTURA;
   IF (TIENE_AUXILIARES{_NIIF}(OLD.CUEN_COD)) THEN
     EXCEPTION CUENTA_CON_AUXILIARES 'La cuenta ' || OLD.CUEN_COD || ' tiene auxiliares definidos.';
 END^
@@ -243,7 +248,7 @@ BEGIN
 END^
 
 -- La cuenta de arriba deja de ser afectable con su primer auxiliar y vuelve a serlo sin ellos. El
--- propio disparador de arriba recalcula: basta con tocarla.
+-- propio disparador de arriba recalcula: basta con tocarla, y eso no es un cambio del usuario.
 CREATE OR ALTER TRIGGER {CUENTAS}_PADRE FOR {CUENTAS}
 ACTIVE AFTER INSERT OR UPDATE OR DELETE POSITION 10
 AS
@@ -251,6 +256,7 @@ AS
 BEGIN
   IF (UPDATING AND NEW.CUEN_COD = OLD.CUEN_COD) THEN
     EXIT;
+  rdb$set_context('USER_TRANSACTION', 'TOCA_SUPERIOR', 'S');
   IF (NOT INSERTING) THEN
   BEGIN
     PADRE = CODIGO_PADRE(OLD.CUEN_COD);
@@ -263,6 +269,7 @@ BEGIN
     PADRE = CODIGO_PADRE(NEW.CUEN_COD);
     UPDATE {CUENTAS} SET CUEN_AFECTABLE = 'N' WHERE CUEN_COD = :PADRE AND CUEN_AFECTABLE = 'S';
   END
+  rdb$set_context('USER_TRANSACTION', 'TOCA_SUPERIOR', NULL);
 END^
 --</LIBROS>
 
@@ -274,7 +281,8 @@ BEGIN
     EXECUTE PROCEDURE AUDITE_CATALOGO(100, NEW.CUEN_COD, 'I', NULL);
   ELSE IF (DELETING) THEN
     EXECUTE PROCEDURE AUDITE_CATALOGO(100, OLD.CUEN_COD, 'E', NULL);
-  ELSE IF (NEW.CUEN_AFECTABLE IS NOT DISTINCT FROM OLD.CUEN_AFECTABLE) THEN
+  ELSE IF (NEW.CUEN_AFECTABLE IS NOT DISTINCT FROM OLD.CUEN_AFECTABLE
+    OR rdb$get_context('USER_TRANSACTION', 'TOCA_SUPERIOR') IS NULL) THEN
     EXECUTE PROCEDURE AUDITE_CATALOGO(100, NEW.CUEN_COD, 'M', NULL);
 END^
 
@@ -363,6 +371,39 @@ ACTIVE BEFORE INSERT OR UPDATE POSITION 0
 AS
 BEGIN
   NEW.SUCU_ID = coalesce(NEW.SUCU_ID, 0);
+END^
+
+-- Sello de los catálogos que el programa tiene en memoria: cambia cuando alguien confirma un cambio
+-- en uno. Se mueve al confirmar y no al cambiar, que antes nadie lo ve.
+--<CLAVES>
+--| TABLA
+--| CUENTAS
+--| CUENTAS_NIIF
+--| TERCEROS
+--| PROYECTOS
+--| CENTROS
+CREATE OR ALTER TRIGGER {TABLA}_SELLO FOR {TABLA}
+ACTIVE AFTER INSERT OR UPDATE OR DELETE POSITION 30
+AS
+BEGIN
+  rdb$set_context('USER_TRANSACTION', 'CATALOGOS', 'S');
+END^
+--</CLAVES>
+
+CREATE OR ALTER TRIGGER CATALOGOS_AL_CONFIRMAR
+ACTIVE ON TRANSACTION COMMIT POSITION 100
+AS
+  DECLARE SELLO bigint;
+BEGIN
+  IF (rdb$get_context('USER_TRANSACTION', 'CATALOGOS') IS NOT NULL) THEN
+    SELLO = NEXT VALUE FOR SEC_CATALOGOS;
+END^
+
+CREATE OR ALTER FUNCTION SELLO_CATALOGOS
+RETURNS bigint
+AS
+BEGIN
+  RETURN gen_id(SEC_CATALOGOS, 0);
 END^
 
 SET TERM ; ^

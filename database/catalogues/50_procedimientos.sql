@@ -106,7 +106,7 @@ BEGIN
 END^
 
 -- Crea en CUENTAS una cuenta del plan publicado que la compañía usa, con las superiores que le
--- falten. Un código ajeno a la lista no crea nada. La llama Tfpuc.
+-- falten. Un código ajeno a la lista, o que no cabe en la estructura, no crea nada. La llama Tfpuc.
 CREATE OR ALTER PROCEDURE CREE_CUENTA_PUC (CUENTA varchar(20))
 AS
   DECLARE LISTA integer;
@@ -117,7 +117,8 @@ BEGIN
     AND CONF_PROPIEDAD = 'TIPO DE PUC A UTILIZAR'
   INTO :LISTA;
   LISTA = coalesce(LISTA, 5);
-  IF (NOT EXISTS (SELECT 1 FROM PUC WHERE TIPU_COD = :LISTA AND PUC_COD = :CUENTA)) THEN
+  IF (NIVEL_CUENTA(CUENTA) IS NULL
+    OR NOT EXISTS (SELECT 1 FROM PUC WHERE TIPU_COD = :LISTA AND PUC_COD = :CUENTA)) THEN
     EXIT;
   INSERT INTO CUENTAS (CUEN_COD, CUEN_NOM, CUEN_TERCERO, CUEN_CENTRO, CUEN_RETENCION,
     CUEN_CTAJUSTE, CUEN_CTACORRECION, CUEN_AJUSDB, CUEN_TIPO, CUEN_ACTIVA)
@@ -156,26 +157,17 @@ BEGIN
   SUSPEND;
 END^
 
+--<CLAVES>
+--| ULTIMO            | PROMEDIO                   | COSTO
+--| ULTIMO_COSTO      | COSTO_PROMEDIO_UNIDAD      | MOAR_COSTO
+--| ULTIMO_COSTO_NIIF | COSTO_PROMEDIO_UNIDAD_NIIF | MOAR_COSTONIIF
 -- Último costo de entrada de un artículo en una bodega (vacía o nula: en cualquiera), 0 si no ha
 -- entrado. Los llaman ultimo_costo y ultimo_costo_niif.
-CREATE OR ALTER PROCEDURE ULTIMO_COSTO (ARTICULO varchar(15), BODEGA varchar(10))
+CREATE OR ALTER PROCEDURE {ULTIMO} (ARTICULO varchar(15), BODEGA varchar(10))
 RETURNS (COSTO numeric(15,4))
 AS
 BEGIN
-  SELECT FIRST 1 MOAR_COSTO FROM MOVIMIENTO_ARTICULO
-  WHERE ARTI_COD = :ARTICULO AND MOAR_CANTIDAD > 0
-    AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
-  ORDER BY MOAR_FECHA DESC, MOAR_ID DESC
-  INTO :COSTO;
-  COSTO = coalesce(COSTO, 0);
-  SUSPEND;
-END^
-
-CREATE OR ALTER PROCEDURE ULTIMO_COSTO_NIIF (ARTICULO varchar(15), BODEGA varchar(10))
-RETURNS (COSTO numeric(15,4))
-AS
-BEGIN
-  SELECT FIRST 1 MOAR_COSTONIIF FROM MOVIMIENTO_ARTICULO
+  SELECT FIRST 1 {COSTO} FROM MOVIMIENTO_ARTICULO
   WHERE ARTI_COD = :ARTICULO AND MOAR_CANTIDAD > 0
     AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
   ORDER BY MOAR_FECHA DESC, MOAR_ID DESC
@@ -188,12 +180,12 @@ END^
 -- todas), 0 sin existencias. Los pesos y sus decimales se multiplican aparte: juntos llevarían ocho
 -- decimales y un costo de diez millones ya no cabría. Los llaman costo_promedio y
 -- costo_promedio_niif.
-CREATE OR ALTER PROCEDURE COSTO_PROMEDIO_UNIDAD (ARTICULO varchar(15), BODEGA varchar(10))
+CREATE OR ALTER PROCEDURE {PROMEDIO} (ARTICULO varchar(15), BODEGA varchar(10))
 RETURNS (COSTO numeric(15,4))
 AS
 BEGIN
-  SELECT cast(sum(MOAR_CANTIDAD * trunc(MOAR_COSTO)
-      + cast(MOAR_CANTIDAD * (MOAR_COSTO - trunc(MOAR_COSTO)) AS numeric(18,4)))
+  SELECT cast(sum(MOAR_CANTIDAD * trunc({COSTO})
+      + cast(MOAR_CANTIDAD * ({COSTO} - trunc({COSTO})) AS numeric(18,4)))
     / nullif(sum(MOAR_CANTIDAD), 0) AS numeric(15,4))
   FROM MOVIMIENTO_ARTICULO
   WHERE ARTI_COD = :ARTICULO AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
@@ -201,19 +193,34 @@ BEGIN
   COSTO = coalesce(COSTO, 0);
   SUSPEND;
 END^
+--</CLAVES>
 
-CREATE OR ALTER PROCEDURE COSTO_PROMEDIO_UNIDAD_NIIF (ARTICULO varchar(15), BODEGA varchar(10))
-RETURNS (COSTO numeric(15,4))
+-- Lo que está mal en los planes: cuentas que dicen poder llevar movimiento y tienen auxiliares, y
+-- cuentas sin su superior. La llama la herramienta de administración.
+CREATE OR ALTER PROCEDURE VERIFIQUE_CUENTAS
+RETURNS (LIBRO varchar(4), CAUSA varchar(80), DETALLE varchar(200))
 AS
 BEGIN
-  SELECT cast(sum(MOAR_CANTIDAD * trunc(MOAR_COSTONIIF)
-      + cast(MOAR_CANTIDAD * (MOAR_COSTONIIF - trunc(MOAR_COSTONIIF)) AS numeric(18,4)))
-    / nullif(sum(MOAR_CANTIDAD), 0) AS numeric(15,4))
-  FROM MOVIMIENTO_ARTICULO
-  WHERE ARTI_COD = :ARTICULO AND (coalesce(:BODEGA, '') = '' OR BODE_COD = :BODEGA)
-  INTO :COSTO;
-  COSTO = coalesce(COSTO, 0);
-  SUSPEND;
+--<LIBROS>
+  LIBRO = '{LIBRO}';
+  CAUSA = 'cuenta con auxiliares marcada como de movimiento';
+  FOR
+    SELECT 'cuenta ' || CUEN_COD FROM {CUENTAS}
+    WHERE CUEN_AFECTABLE = 'S' AND TIENE_AUXILIARES{_NIIF}(CUEN_COD)
+    ORDER BY CUEN_COD
+    INTO :DETALLE
+  DO
+    SUSPEND;
+  CAUSA = 'cuenta sin su cuenta superior';
+  FOR
+    SELECT 'cuenta ' || C.CUEN_COD FROM {CUENTAS} C
+    WHERE CODIGO_PADRE(C.CUEN_COD) <> '' AND NOT EXISTS (
+      SELECT 1 FROM {CUENTAS} S WHERE S.CUEN_COD = CODIGO_PADRE(C.CUEN_COD))
+    ORDER BY C.CUEN_COD
+    INTO :DETALLE
+  DO
+    SUSPEND;
+--</LIBROS>
 END^
 
 SET TERM ; ^

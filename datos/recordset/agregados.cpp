@@ -1,6 +1,7 @@
 // Sumas con nombre de un conjunto de datos. La de una tabla grande se corrige con la fila que
 // cambia y no se hace de nuevo.
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/en_la_fila.h"
 #include "datos/recordset/indice_busqueda.h"
 
 void ConjuntoDatos::agregado(const QString& nombre, const QString& expresion) {
@@ -26,8 +27,7 @@ struct Agregado {
 /// Lo que una fila pone en una suma: la que se edita cuenta con lo que tenía, que lo tecleado a
 /// medias no ha entrado al libro.
 Valor ConjuntoDatos::sumando(const Fila& fila, const Campo& campo) const {
-    const bool de_datos = campo.tipo == TipoCampo::Datos || campo.tipo == TipoCampo::Interno;
-    return de_datos ? valor_guardado(fila, campo) : valor_de(fila, campo);
+    return vive_en_la_fila(campo) ? valor_guardado(fila, campo) : valor_de(fila, campo);
 }
 
 template <class Filas>

@@ -1,5 +1,6 @@
 #include "datos/recordset/conjunto.h"
 
+#include "datos/recordset/en_la_fila.h"
 #include "datos/recordset/expresion.h"
 #include "datos/recordset/indice_busqueda.h"
 
@@ -273,7 +274,7 @@ void ConjuntoDatos::asigne(Campo& campo, const Valor& valor) {
         throw ErrorDatos(QStringLiteral("No hay un registro abierto para cambiar su %1.")
                              .arg(campo.nombre_visible()),
                          cual);
-    if (campo.tipo != TipoCampo::Datos && campo.tipo != TipoCampo::Interno)
+    if (!vive_en_la_fila(campo))
         throw ErrorDatos(QStringLiteral("El dato %1 se calcula: no se puede cambiar.")
                              .arg(campo.nombre_visible()),
                          cual);

@@ -3,6 +3,7 @@
 #include "datos/recordset/indice_busqueda.h"
 
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/en_la_fila.h"
 
 #include <optional>
 
@@ -67,9 +68,8 @@ namespace {
 
 /// De un campo calculado no se sabe cuándo cambia.
 bool de_datos(const QVector<Campo*>& campos) {
-    return std::all_of(campos.begin(), campos.end(), [](const Campo* c) {
-        return c->tipo == TipoCampo::Datos || c->tipo == TipoCampo::Interno;
-    });
+    return std::all_of(campos.begin(), campos.end(),
+                       [](const Campo* c) { return vive_en_la_fila(*c); });
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // Cursor, edición y registro de cambios del conjunto de datos.
 #include "datos/recordset/conjunto.h"
+#include "datos/recordset/en_la_fila.h"
 #include "datos/recordset/indice_busqueda.h"
 
 bool ConjuntoDatos::IsEmpty() const {
@@ -222,7 +223,7 @@ void ConjuntoDatos::Edit() {
     const Fila& fila = *orden_[size_t(pos_)];
     QVector<Valor> valores(int(campos_.size()));
     for (const auto& c : campos_)
-        if (c->tipo == TipoCampo::Datos)
+        if (vive_en_la_fila(*c))
             valores[c->indice_] = valor_de(fila, *c);
     bufer_ = std::move(valores);
     modificado_ = false;
@@ -270,9 +271,9 @@ void ConjuntoDatos::guarde_en_memoria(Fila& fila) {
                 return f.get() == orden_[size_t(pos_) + 1];
             });
         d->filas.insert(donde, std::move(nueva_));
-    } else if (cambiada()) {
+    } else if (const bool viaja = cambiada(); viaja || modificado_) {
         haga_propios(fila);
-        if (fila.marca == Fila::Marca::Intacta) {
+        if (viaja && fila.marca == Fila::Marca::Intacta) {
             fila.originales = std::move(fila.valores);
             fila.marca = Fila::Marca::Modificada;
         }

@@ -499,7 +499,7 @@ private slots:
                 .consulte("select count(*) from mensajeria where mens_leido = 'S'")
                 .entero();
         };
-        escriba(901, 1, "Cierre <b>ya</b>");
+        escriba(901, 2, "Cierre <b>ya</b>");
         escriba(902, 9, "Otro");
         Tfprincipal& p = s_->entre();
         VentanaAvisos* aviso = p.mensajes->AdvAlertWindow2;
@@ -509,7 +509,7 @@ private slots:
         QVERIFY(aviso->texto_actual().startsWith("901<br><b>Cierre &lt;b&gt;ya"));
         QVERIFY(aviso->texto_actual().endsWith(
             "<br>De : AUXILIAR</b><br>Haga clic para marcar como leído"));
-        QCOMPARE(aviso->palette().color(QPalette::Window), QColor(0xFF, 0x80, 0xFF));
+        QCOMPARE(aviso->palette().color(QPalette::Window), QColor(0xFF, 0xFF, 0x80));
         QVERIFY(!reloj->isActive()); // con el aviso a la vista no se pregunta
         QCOMPARE(reloj->interval(), 10000);
 

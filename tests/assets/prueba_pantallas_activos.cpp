@@ -219,6 +219,7 @@ private slots:
         enfoque(s.p, "DBGridEh1", 4);
         digite("25", Qt::Key_Return);
         forma->CDepunidad.First();
+        QCOMPARE(valores_de(forma->CDepunidad, "Unirest"), QStringList({"200", "200"}));
         enfoque(s.p, "DBGridEh1", 4);
         s.i.espere("Debe indicar el número de unidades/horas producidas.");
         digite("0", Qt::Key_Down);

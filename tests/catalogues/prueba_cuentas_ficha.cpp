@@ -328,7 +328,7 @@ private slots:
         p->close();
         p = modifique(s, "110505");
         const QString linea = componente<QLabel>(p, "LabAudit").text();
-        QVERIFY2(QRegularExpression("^Modificado: \\d{4}/\\d\\d/\\d\\d \\d\\d:\\d\\d  ADMIN$")
+        QVERIFY2(QRegularExpression("^Modificado: \\d{4}/\\d\\d/\\d\\d  (\\d\\d:){2}\\d\\d  ADMIN$")
                      .match(linea)
                      .hasMatch(),
                  qPrintable(linea));

@@ -139,6 +139,18 @@ private slots:
         QCOMPARE(s.dato("select list(cuen_cod) from (select cuen_cod from cuentas where cuen_cod "
                         "starting with '12' order by cuen_cod)"),
                  "12,1205,120505,1225,122505");
+        // La que no cabe en la estructura no deja a medias sus superiores, y se dice.
+        s.base.ejecute({"insert into puc (tipu_cod, puc_cod, puc_nom) values (1, '1205059', 'X')"});
+        p = s.abra<Tfpuc>("Tfpuc");
+        for (const char* cuenta : {"1205059", "121005"}) {
+            QVERIFY(p->CPuc->Locate("PUC_COD", {cuenta}));
+            rejilla(p).setFocus();
+            oprima(Qt::Key_Space);
+        }
+        dice([&] { componente<QPushButton>(p, "SpeedButton1").click(); },
+             "Quedaron creadas 1 de 2 cuentas. La longitud de las demás no es la de ningún nivel "
+             "de la estructura: 1205059.");
+        QVERIFY(s.escritorio.abiertas().isEmpty());
     }
 
     void la_copia_al_plan_niif_se_rehusa_con_una_sola_cuenta() {

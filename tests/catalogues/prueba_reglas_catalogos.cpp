@@ -1,4 +1,5 @@
 // Las reglas del plan de cuentas que guarda la base, y las preguntas que le hace el programa.
+#include "apoyo/monitor.h"
 
 class PruebaReglasCatalogos : public PruebaConBase {
     Q_OBJECT
@@ -94,6 +95,13 @@ void PruebaReglasCatalogos::el_plan_no_admite_cuentas_sueltas_ni_auxiliares_sobr
                      "cuen_cod = '110505'"),
              "(entró)");
     QCOMPARE(rechazo(nueva("11050501", "cuentas_niif")), "(entró)");
+    // Mirar si una tiene auxiliares no lee el plan desde ella hasta el final.
+    const qint64 leidos = registros_leidos(base());
+    QCOMPARE(filas_de(base(), "select iif(tiene_auxiliares('110505'), 'S', 'N') from rdb$database"),
+             "N");
+    const qint64 de_mas = registros_leidos(base()) - leidos;
+    QVERIFY2(de_mas < filas_de(base(), "select count(*) from cuentas").toInt() / 2,
+             qPrintable(QString::number(de_mas)));
     // La afectable la decide la base, aunque le manden otra cosa.
     base().ejecute("update cuentas set cuen_afectable = 'S'");
     base().ejecute(nueva("13050501"));

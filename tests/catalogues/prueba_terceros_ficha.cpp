@@ -308,6 +308,12 @@ private slots:
         QCOMPARE(s.dato("select count(*) from clientes where terc_nit = '901222333'"), "1");
         QCOMPARE(s.dato("select count(*) from proveedores where terc_nit = '901222333'"), "0");
         QCOMPARE(campo(p, "TERC_NIT").texto(), "901222333");
+        // Corregido lo que falló, repetir pone solo el papel que falta.
+        s.configure("CODIGO DE GRUPO PROVEEDORES", "01");
+        oprima(Qt::Key_F2);
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        QCOMPARE(s.dato("select grpr_cod from proveedores where terc_nit = '901222333'"), "01");
+        QVERIFY(campo(p, "TERC_NIT").vacio());
     }
 
     void una_grabacion_rehusada_deja_lo_digitado() {
@@ -330,8 +336,8 @@ private slots:
         QVERIFY(componente<EditorDato>(p, "ENit").isReadOnly());
         QVERIFY(componente<EditorDato>(p, "DBEdit8").isReadOnly());
         const QString auditoria =
-            s.dato("select first 1 replace(audi_fecha, '-', '/') || ' ' || substring(audi_hora "
-                   "from 1 for 5) || '  ' || audi_usuario from auditoria where tido_cod = 102 and "
+            s.dato("select first 1 replace(audi_fecha, '-', '/') || '  ' || substring(audi_hora "
+                   "from 1 for 8) || '  ' || audi_usuario from auditoria where tido_cod = 102 and "
                    "audi_cod = '900123456' order by audi_fecha desc, audi_hora desc");
         QVERIFY(auditoria.size() > 17);
         QCOMPARE(componente<QLabel>(p, "LabAudit").text(), "Modificado: " + auditoria);

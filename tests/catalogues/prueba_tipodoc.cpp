@@ -54,6 +54,11 @@ private slots:
         QCOMPARE(prefijos(p).RecordCount(), de_prefijos + 1);
         componente<NavegadorDatos>(p, "DBNavigator2").boton(nbFirst)->click();
         QCOMPARE(prefijos(p).RecordCount(), de_prefijos);
+        // Un prefijo del tipo que se va por vacío no cae en el que queda señalado.
+        tipos(p).Append();
+        componente<NavegadorDatos>(p, "DBNavigator2").boton(nbInsert)->click();
+        QCOMPARE(tipos(p).RecordCount(), antes);
+        QVERIFY(prefijos(p).State() != Estado::Insercion);
     }
 
     void el_prefijo_senalado_queda_en_edicion_y_solo_el_que_cambia_lleva_el_usuario() {

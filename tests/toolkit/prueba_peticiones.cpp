@@ -185,14 +185,38 @@ private slots:
             colores.cancele();
         }
         QVERIFY(a->caja->text().isEmpty());
-        // la que sí se pidió contesta una vez; otra respuesta, u otro tipo, no va a ninguna parte
+        // a la que sí se pidió le vale la última; de otro tipo no va a ninguna parte
         a->color();
         QVERIFY(!colores.abierta()->responda<PideTamano>({}));
         QVERIFY(colores.abierta()->responda<PideColor>("uno"));
-        QVERIFY(!colores.abierta()->responda<PideColor>("dos"));
+        QVERIFY(colores.abierta()->responda<PideColor>("dos"));
         colores.cancele();
-        QCOMPARE(a->caja->text(), "uno");
+        QCOMPARE(a->caja->text(), "dos");
         QVERIFY_EXCEPTION_THROWN(a->color("TfNoHay"), ErrorDatos);
+    }
+
+    void si_el_cierre_se_rehusa_no_se_escogio_nada() {
+        Marco m;
+        class Terca : public Pantalla {
+        public:
+            Terca() : Pantalla("TfTerca") {}
+            bool FormClose() override { return std::exchange(cede_, true); }
+
+        private:
+            bool cede_ = false;
+        };
+        pantallas().registre("TfTerca", [] { return new Terca; });
+        Pide* a = m.abra("A");
+        for (const char* luego : {"", "otro"}) {
+            a->color("TfTerca");
+            Pantalla* lista = m.escritorio.activa();
+            Marco::conteste<PideColor>(lista, "rojo");
+            QVERIFY(!lista->close());
+            if (*luego)
+                Marco::conteste<PideColor>(lista, luego);
+            QVERIFY(lista->close());
+            QCOMPARE(a->caja->text(), luego);
+        }
     }
 
     void lo_que_llega_en_una_misma_activacion_se_entrega_en_el_orden_declarado() {

@@ -26,6 +26,14 @@ private slots:
                      s.dato("select tido_nomcorto from tipo_documento where tido_cod = "
                             "31") +
                      " FV00012");
+        // El "número" de una liquidación es el NIT, que no cabe en NumRef.
+        s.base.ejecute({"insert into liquidacion (liqd_id, terc_nit) values (9, '900123456')"});
+        ponga_comprobante(s, 502, "000022", "20170315", kCuadrado, "comprobante_detalle", 99, 9);
+        Tfedtmovimien* liquidacion = abra_edicion(s, 502);
+        QVERIFY(liquidacion);
+        QVERIFY2(liquidacion->Edit1->text().endsWith(" 900123456"),
+                 qPrintable(liquidacion->Edit1->text()));
+        liquidacion->close();
         QVERIFY(p->LabAudit->text().startsWith("Modificado: ") &&
                 p->LabAudit->text().endsWith("ADMIN"));
         QCOMPARE(p->Edit3->text(), "Modificado: ");

@@ -18,6 +18,8 @@ private slots:
     void un_auxiliar_y_una_linea_de_su_cuenta_no_entran_a_la_vez();
     void un_auxiliar_y_lo_que_se_le_agrega_a_lo_grabado_no_entran_a_la_vez();
     void la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez();
+    void dos_que_cambian_el_plan_a_la_vez_se_esperan();
+    void una_cuenta_que_se_sana_al_cambiarla_queda_auditada();
     void de_dos_planillas_grabadas_a_la_vez_ninguna_repite_un_titulo();
     void replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649();
     void un_libro_niif_distinto_sigue_siendo_del_usuario();
@@ -498,6 +500,55 @@ void PruebaGuarda::la_estructura_y_la_primera_cuenta_no_cambian_a_la_vez() {
         QCOMPARE(filas(primer), "1");
         base_->ejecute({QString("delete from cuentas%1").arg(libro)});
     }
+}
+
+void PruebaGuarda::dos_que_cambian_el_plan_a_la_vez_se_esperan() {
+    Conexion otra;
+    otra.conectar(base_->parametros());
+    base_->ejecute({encabezado(1, "1")});
+    for (const QString libro : {"", "_niif"}) {
+        const auto cree = [&](const char* cuenta) {
+            return QString("insert into cuentas%1 (cuen_cod, cuen_nom) values ('%2', 'Otra')")
+                .arg(libro, cuenta);
+        };
+        const auto borre = [&](const char* cuenta) {
+            return QString("delete from cuentas%1 where cuen_cod = '%2'").arg(libro, cuenta);
+        };
+        base_->ejecute({cree("11050501"), cree("17")});
+        QCOMPARE(a_la_vez(otra, borre("11050501"), cree("11050502")), "(entró)");
+        QCOMPARE(filas("select cuen_afectable from cuentas" + libro + " where cuen_cod = '110505'"),
+                 "N");
+        QCOMPARE(a_la_vez(otra, borre("17"), cree("1705")),
+                 "No existe la cuenta 17, de nivel superior a la 1705.");
+        base_->ejecute({cree("17"), borre("11050502")});
+        QCOMPARE(a_la_vez(otra, cree("1705"), borre("17")),
+                 "La cuenta 17 tiene auxiliares definidos.");
+        QCOMPARE(a_la_vez(otra, linea(libro, "1, 1, '110505', 5, 5, null"),
+                          QString("update cuentas%1 set cuen_tercero = 'S' where cuen_cod = "
+                                  "'110505'")
+                              .arg(libro)),
+                 "La cuenta 110505 tiene movimiento: no se pueden cambiar su código ni sus "
+                 "indicadores.");
+    }
+}
+
+void PruebaGuarda::una_cuenta_que_se_sana_al_cambiarla_queda_auditada() {
+    const auto cambios = [this] {
+        return filas("select count(*) from auditoria where tido_cod = 100 and audi_cod = '110505' "
+                     "and audi_oper = 'M'")
+            .toInt();
+    };
+    const int antes = cambios();
+    base_->ejecute({"insert into cuentas (cuen_cod, cuen_nom) values ('11050501', 'Otra')",
+                    "delete from cuentas where cuen_cod = '11050501'"});
+    QCOMPARE(cambios(), antes); // lo que la base le hace a la superior no es de un usuario
+    base_->ejecute({"alter trigger cuentas_afectable inactive",
+                    "update cuentas set cuen_afectable = 'N' where cuen_cod = '110505'",
+                    "alter trigger cuentas_afectable active"});
+    const int danada = cambios();
+    base_->ejecute({"update cuentas set cuen_nom = 'Caja' where cuen_cod = '110505'"});
+    QCOMPARE(filas("select cuen_afectable from cuentas where cuen_cod = '110505'"), "S");
+    QCOMPARE(cambios(), danada + 1);
 }
 
 void PruebaGuarda::de_dos_planillas_grabadas_a_la_vez_ninguna_repite_un_titulo() {

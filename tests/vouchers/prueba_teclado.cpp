@@ -2,6 +2,7 @@
 // al teclear, copias, borrador, documentos abiertos, pegar y deshacer.
 #include "vouchers/digitador.h"
 
+#include "apoyo/monitor.h"
 #include "apoyo_gui/anuncio.h"
 #include "apoyo_gui/huerfano.h"
 #include "catalogues/registro_terceros.h"
@@ -231,6 +232,16 @@ private slots:
         QCOMPARE(codigos(s), QStringList({"800456789", "811000111"}));
         oprima_seguidas({Qt::Key_Escape, Qt::Key_Escape});
         p->CDetalle.Cancel();
+        // Sin cambios, volver no mira los catálogos.
+        const auto vuelva = [&] {
+            const qint64 antes = registros_leidos(fdm().Quorvex);
+            IndicesCatalogos::de_la_sesion().refresque(Libro::Decreto2649);
+            return registros_leidos(fdm().Quorvex) - antes;
+        };
+        (void)vuelva();
+        const qint64 de_mas = vuelva();
+        QVERIFY2(de_mas < s.dato("select count(*) from terceros").toInt(),
+                 qPrintable(QString::number(de_mas)));
         tambien_se_completa_en_niif_y_en_el_encabezado(s, d);
         los_centros_se_ofrecen_entre_los_del_proyecto(s, d);
         // Y "?" pregunta también en el proyecto.
