@@ -45,6 +45,13 @@ QLineEdit* campo_fijo(const QString& nombre) {
     return e;
 }
 
+/// Mientras el aviso no quepa, las revisiones le dan su sitio. Su letrero llega con el texto.
+void deje_sitio(const AvisosBarra& aviso, QLabel& revisiones) {
+    const int cedido = revisiones.isHidden() ? revisiones.sizeHint().width() + paso(2) : 0;
+    const int pide = aviso.fontMetrics().horizontalAdvance(aviso.text()) + 2 * aviso.margin();
+    revisiones.setVisible(!aviso.isVisible() || pide <= aviso.width() - cedido);
+}
+
 QString pagina_fabricante() {
     const QString pagina = ajuste_instalacion(QStringLiteral("Pagina"));
     return pagina.isEmpty() ? QStringLiteral("https://quorvex.example/") : pagina;
@@ -208,6 +215,7 @@ void Tfprincipal::arme_panel_inferior() {
     fila->setContentsMargins(paso(), paso(0.5), paso(), paso(0.5));
     fila->addWidget(barra, 1);
     fila->addWidget(pie);
+    barra->installEventFilter(this);
 }
 
 QWidget* Tfprincipal::columna_de_botones() {
@@ -285,6 +293,8 @@ bool Tfprincipal::eventFilter(QObject* objeto, QEvent* evento) {
     if (objeto == menuBar() && evento->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape)
         QMetaObject::invokeMethod(this, &Tfprincipal::deje_el_menu, Qt::QueuedConnection);
+    if (objeto == barra && evento->type() == QEvent::ToolTipChange)
+        deje_sitio(*barra, *LabRevision);
     return QMainWindow::eventFilter(objeto, evento);
 }
 

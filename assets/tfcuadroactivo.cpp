@@ -24,6 +24,7 @@ Tfcuadroactivo::Tfcuadroactivo()
     division->setChildrenCollapsible(false);
     division->addWidget(Curva);
     division->addWidget(PageControl1);
+    Curva->setMaximumHeight(escalado(260)); // lo demás que la ventana crezca es de las filas
     division->setStretchFactor(0, 2);
     division->setStretchFactor(1, 3);
     auto* barra = new BarraBotones(this);

@@ -11,10 +11,14 @@
 #include <QLabel>
 #include <QScrollBar>
 
+namespace {
+constexpr char kRotulo[] = "Cifras de control:";
+}
+
 CifrasControl::CifrasControl(Rejilla* rejilla, const QStringList& columnas,
                              const QStringList& sumas, const QStringList& nombres, QWidget* padre)
     : QWidget(padre), rejilla_(rejilla), columnas_(columnas), sumas_(sumas),
-      rotulo_(new QLabel("Cifras de control:", this)), hueco_(new QWidget(this)),
+      rotulo_(new QLabel(kRotulo, this)), hueco_(new QWidget(this)),
       navegador_(new NavegadorDatos(rejilla->conjunto(), nbRecorrido | nbRefresh, this)) {
     for (int i = 0; i < nombres.size(); ++i) {
         auto* caja = EditorNumero::de_saldo(hueco_);
@@ -91,21 +95,24 @@ void CifrasControl::ubique() {
     // las cajas las que van en otro.
     const int primera = rejilla_->x() - x() + rejilla_->viewport()->x() +
                         titulos.sectionPosition(rejilla_->columna_de(columnas_[0]));
-    int alto = alto_de_renglon(), libre = 0;
-    for (const char* texto : {"Cifras de control:", "Cifras de\ncontrol:"}) {
+    // Si hay que desplazarse para ver sus columnas, las cajas no se van con ellas.
+    const bool sueltas = rejilla_->horizontalScrollBar()->maximum() > 0;
+    int alto = 0, libre = 0;
+    const auto rotule = [&](const char* texto) {
         rotulo_->setText(QLatin1String(texto));
-        alto = qMax(alto, rotulo_->sizeHint().height());
+        alto = qMax(alto_de_renglon(), rotulo_->sizeHint().height());
         rotulo_->setGeometry(botones.width() + paso(), 0, rotulo_->sizeHint().width(), alto);
         libre = rotulo_->geometry().right() + paso(0.5);
-        if (primera >= libre)
-            break;
-    }
+    };
+    rotule(kRotulo);
+    if (!sueltas && primera < libre)
+        rotule("Cifras de\ncontrol:");
+    const bool debajo = sueltas || primera < libre;
+    if (debajo) // la fila es suya
+        rotule(kRotulo);
     navegador_->setGeometry(0, (alto - botones.height()) / 2, botones.width(), botones.height());
     const QRect vista(rejilla_->x() - x() + rejilla_->viewport()->x(), 0,
                       rejilla_->viewport()->width(), alto);
-    // Si hay que desplazarse para ver sus columnas, las cajas no se van con ellas.
-    const bool sueltas = rejilla_->horizontalScrollBar()->maximum() > 0;
-    const bool debajo = sueltas || primera < libre;
     QRect lugar = vista.translated(0, debajo ? alto : 0);
     if (sueltas)
         lugar.setRect(0, alto, width(), ubique_a_la_vista(width(), alto));

@@ -31,7 +31,7 @@ Tfrngresulgeneral::Tfrngresulgeneral() : FormaEstado(kDatos) {
     Formulario f(this);
     f.fila("Período:", cree_periodo());
     f.fila("Nivel:", cree_nivel(5));
-    ckMes = casilla("ckMes", "Sólo el movimiento del mes");
+    ckMes = casilla("ckMes", "Solo el movimiento del mes");
     ckNotas = casilla("ckNotas", "Incluir notas a estados financieros");
     casilla_niif();
     arme_casillas(f, {casilla_sin_movimiento()});
@@ -64,7 +64,7 @@ void Tfrngresulgeneral::antes_de_abrir() {
 
 QString Tfrngresulgeneral::rango_legible() {
     const QString rango = FormaEstado::rango_legible();
-    return marcada(ckMes) ? rango + " · sólo el movimiento del mes" : rango;
+    return marcada(ckMes) ? rango + " · solo el movimiento del mes" : rango;
 }
 
 QString Tfrngresulgeneral::reporte() {

@@ -25,7 +25,7 @@ Tfrngresultadocentro::Tfrngresultadocentro() : FormaConCentros(kDatos) {
     f.fila("Período:", cree_periodo());
     arme_pares(f);
     f.ancha(RgOrden, 0);
-    ckMes = casilla("ckMes", "Sólo el movimiento del mes");
+    ckMes = casilla("ckMes", "Solo el movimiento del mes");
     casilla_niif();
     arme_casillas(f, {ckMes, ckniif});
     arme_titulo(f);

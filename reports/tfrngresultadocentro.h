@@ -9,7 +9,7 @@ class Tfrngresultadocentro : public FormaConCentros {
 public:
     Tfrngresultadocentro();
 
-    QCheckBox* ckMes; ///< "Sólo el movimiento del mes"
+    QCheckBox* ckMes; ///< "Solo el movimiento del mes"
 
 protected:
     QString sql() override { return consulta("'4','8'", true); }

@@ -67,15 +67,16 @@ QFrame* cree_advertencia(QWidget* padre) {
     panel->setFrameShape(QFrame::StyledPanel);
     auto* fila = new QHBoxLayout(panel);
     fila->setContentsMargins(paso(), paso(0.5), paso(), paso(0.5));
-    QString texto = "<p style='margin:0'><b>A D V E R T E N C I A !</b></p>";
-    for (const char* parrafo :
-         {"Lo que Quorvex calcula aquí es una ayuda: sale de los comprobantes y de las cuentas que "
-          "se hayan configurado en cada concepto.",
-          "Revise cada fila antes de enviarla, y compárela con la norma del año: los conceptos, "
-          "las cuantías y los plazos cambian.",
-          "De la información que se presenta responde quien la presenta."})
-        texto +=
-            QStringLiteral("<p style='margin:4px 0 0 0'>%1</p>").arg(QString::fromUtf8(parrafo));
+    // El título va con lo que sigue: en un renglón suyo, con letra grande lo último no se vería.
+    const QString texto =
+        "<p style='margin:0'><b>A D V E R T E N C I A !</b> " +
+        QStringList{"Lo que Quorvex calcula aquí es una ayuda: sale de los comprobantes y de las "
+                    "cuentas que se hayan configurado en cada concepto.",
+                    "Revise cada fila antes de enviarla, y compárela con la norma del año: los "
+                    "conceptos, las cuantías y los plazos cambian.",
+                    "De la información que se presenta responde quien la presenta."}
+            .join("</p><p style='margin:4px 0 0 0'>") +
+        "</p>";
     fila->addWidget(new TextoQueCede(texto, "Advertencia"), 1);
     auto* aceptar = new QPushButton("Aceptar", panel);
     aceptar->setObjectName("Button1");

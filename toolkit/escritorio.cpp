@@ -32,9 +32,14 @@ const AnchosRejilla& anchos_de(const Rejilla& r) {
     return static_cast<EncabezadoRejilla*>(r.horizontalHeader())->anchos();
 }
 
-/// Las filas que no se ven, en píxeles. Mientras se digita nada se mueve.
+/// En ella se está digitando, y nada se mueve. La que abre en edición todavía no.
+bool se_digita(const Rejilla& r) {
+    return r.digitando() || r.conjunto()->Modified();
+}
+
+/// Las filas que no se ven, en píxeles.
 int alto_que_falta(const Rejilla& r) {
-    if (!r.conjunto() || !r.conjunto()->Active() || r.conjunto()->editando())
+    if (!r.conjunto() || !r.conjunto()->Active() || se_digita(r))
         return 0;
     return qMax(0, r.verticalHeader()->length() - r.viewport()->height());
 }
@@ -48,12 +53,12 @@ template <class Falta> int lo_que_falta(const Pantalla& pantalla, const Falta& f
     return total;
 }
 
-/// Las columnas de un cubo que no se ven, en píxeles.
+/// Lo que a un cubo le falta de ancho.
 int falta_a_los_cubos(const Pantalla& pantalla) {
     int total = 0;
     for (const RejillaCubo* r : pantalla.findChildren<RejillaCubo*>())
         if (r->isVisible())
-            total = qMax(total, r->horizontalScrollBar()->maximum());
+            total = qMax(total, r->lo_que_falta());
     return total;
 }
 
@@ -133,7 +138,7 @@ bool ensanche(QMdiSubWindow& ventana, const Pantalla& pantalla, QSize area) {
 bool digitando(const Pantalla& pantalla) {
     const auto rejillas = pantalla.findChildren<Rejilla*>();
     return std::any_of(rejillas.begin(), rejillas.end(), [](const Rejilla* r) {
-        return r->isVisible() && r->conjunto() && (r->digitando() || r->conjunto()->Modified());
+        return r->isVisible() && r->conjunto() && se_digita(*r);
     });
 }
 
@@ -157,8 +162,10 @@ void siga_ensanchando(QMdiSubWindow* ventana, QPointer<Pantalla> pantalla) {
         QObject::connect(&anchos_de(*r), &AnchosRejilla::crecio, ventana, siga);
         QObject::connect(r->verticalScrollBar(), &QScrollBar::rangeChanged, ventana, siga);
     }
-    for (const RejillaCubo* r : pantalla->findChildren<RejillaCubo*>())
+    for (const RejillaCubo* r : pantalla->findChildren<RejillaCubo*>()) {
         QObject::connect(r->horizontalScrollBar(), &QScrollBar::rangeChanged, ventana, siga);
+        QObject::connect(r->model(), &QAbstractItemModel::modelReset, ventana, siga);
+    }
 }
 
 /// Los anchos que el usuario dejó en cada rejilla vuelven con la pantalla.

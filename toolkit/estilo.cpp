@@ -295,6 +295,13 @@ public:
             QStyleOptionHeader copia = *titulo;
             const int sobra = pixelMetric(PM_HeaderMargin, opcion, widget) - kMargenTitulo;
             copia.rect.adjust(0, -sobra, 0, sobra);
+            // En una pantalla pequeña se mide con menos; si cabe, queda sobre lo que titula.
+            const int corre = widget ? DelegadoCelda::margen(widget->fontMetrics()) -
+                                           pixelMetric(PM_HeaderMargin, opcion, widget)
+                                     : 0;
+            if (corre > 0 && titulo->fontMetrics.size(0, titulo->text).width() + 2 * corre <=
+                                 titulo->rect.width())
+                copia.rect.adjust(corre, 0, -corre, 0);
             QProxyStyle::drawControl(elemento, &copia, pintor, widget);
             return;
         }

@@ -79,12 +79,38 @@ void MarcoPantalla::fije_botones() {
     fijando_ = false;
 }
 
+bool MarcoPantalla::ajuste_margenes(int falta) {
+    // Por unos píxeles con todo a la vista no sale una barra: los ponen los márgenes.
+    QLayout* todo = pantalla_->layout();
+    if (!todo)
+        return false;
+    const auto alto = [](const QMargins& m) { return m.top() + m.bottom(); };
+    const QMargins ahora = todo->contentsMargins();
+    if (!margenes_)
+        margenes_ = ahora;
+    const int quitado = alto(*margenes_) - alto(ahora), natural = falta + quitado;
+    const int quita = natural > qMin(paso(), alto(*margenes_)) ? 0 : qMax(0, natural);
+    if (quita == quitado)
+        return false;
+    const int arriba = qMax(quita / 2, quita - margenes_->bottom());
+    todo->setContentsMargins(*margenes_ - QMargins(0, arriba, 0, quita - arriba));
+    return true;
+}
+
 void MarcoPantalla::decida_barra() {
     if (!pantalla_)
         return;
-    const QSize todo = maximumViewportSize(), pide = pantalla_->minimumSizeHint();
-    const int alto =
-        pantalla_->hasHeightForWidth() ? pantalla_->heightForWidth(todo.width()) : pide.height();
+    const QSize todo = maximumViewportSize();
+    QSize pide;
+    int alto = 0;
+    const auto mida = [&] {
+        pide = pantalla_->minimumSizeHint();
+        alto = pantalla_->hasHeightForWidth() ? pantalla_->heightForWidth(todo.width())
+                                              : pide.height();
+    };
+    mida();
+    if (ajuste_margenes(alto - todo.height()))
+        mida();
     // Lo que se mide a ese ancho vale más que la suma de lo que cada parte pediría sola.
     if (pantalla_->hasHeightForWidth())
         pantalla_->setMinimumHeight(alto < pide.height() ? alto : 0);

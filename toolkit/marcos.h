@@ -28,6 +28,8 @@ protected:
 private:
     /// Sin la barra del lado cabe entera: la barra no se queda por el ancho que ella misma quita.
     void decida_barra();
+    /// Los márgenes de la pantalla ponen lo poco que le falte. Verdadero si cambiaron.
+    bool ajuste_margenes(int falta);
     /// Los botones se quedan en el borde de abajo aunque la pantalla sea más alta que su ventana.
     void fije_botones();
     /// El alto de la ventanilla que los botones no tapan.
@@ -47,6 +49,7 @@ private:
     QPointer<QWidget> telon_;   ///< detrás de los botones, cuando tapan lo que se desplaza
     /// De dónde a dónde se corrió para mostrar la barra de una rejilla.
     std::optional<std::pair<int, int>> por_la_barra_;
+    std::optional<QMargins> margenes_; ///< los de la pantalla, antes de ajustarlos
     bool fijando_ = false, siguiendo_ = false;
 };
 

@@ -98,6 +98,10 @@ void PantallaComprobante::construya_controles() {
     EMes = caja_de_lectura("EMes", 10);
     for (QLineEdit* e : {EAno, EMes})
         e->setEnabled(false);
+    int mes = 0; // con el más largo basta: lo demás es del tipo
+    for (const QString& nombre : Tfdm::nombres_periodo())
+        mes = qMax(mes, EMes->fontMetrics().horizontalAdvance(nombre));
+    EMes->setFixedWidth(mes + paso(1.5));
     EDia = nombrado(new QLineEdit, "EDia");
     EDia->setValidator(new QIntValidator(1, 31, EDia));
     EDia->setMaxLength(2);

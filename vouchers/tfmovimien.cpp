@@ -20,6 +20,7 @@ Tfmovimien::Tfmovimien()
     LPref = new ListaDato(&CMovimiento, "PRCO_PREF");
     LPref->setObjectName("LPref");
     LPref->lista_de(&CPrefijos, "PRCO_PREF", "PRCO_PREF");
+    LPref->setSizeAdjustPolicy(QComboBox::AdjustToContents); // sin el sitio de un dibujo
     construya(LPref);
     LTipo->OnEnter = [this] { LTipoEnter(); };
     LPref->OnExit = [this] { LPrefExit(); };

@@ -202,7 +202,7 @@ void revise_ventana(Pantalla* p, QStringList& faltas) {
             faltas << nombre_de(r) + " se desplaza y su ventana puede ensancharse";
         else if (!ancha && se_recorta_un_nombre(*r))
             faltas << nombre_de(r) + " recorta un nombre y su ventana puede ensancharse";
-        const bool quieta = r->conjunto() && r->conjunto()->editando(); // no se mueve al digitar
+        const bool quieta = r->digitando() || (r->conjunto() && r->conjunto()->Modified());
         if (!alta && !quieta && r->verticalScrollBar()->maximum() > 0)
             faltas << nombre_de(r) + " esconde filas y su ventana puede crecer";
     }
@@ -228,11 +228,15 @@ void revise_desplazamiento(const Rejilla& r, QStringList& faltas) {
                       .arg(ceden);
 }
 
-/// La columna que no se desplaza no tapa las cifras del cubo.
+/// La columna que no se desplaza no tapa las cifras del cubo, y por su aire no sale una barra.
 void revise_cubos(const Pantalla* p, QStringList& faltas) {
-    for (const RejillaCubo* r : p->findChildren<RejillaCubo*>())
+    for (const RejillaCubo* r : p->findChildren<RejillaCubo*>()) {
         if (r->columnWidth(0) > qMax(paso(12), r->viewport()->width() / 2))
             faltas << nombre_de(r) + ": la columna fija tapa las cifras";
+        const int falta = r->horizontalScrollBar()->maximum();
+        if (falta > 0 && falta <= r->model()->columnCount() * paso())
+            faltas << QString("%1 se desplaza por %2").arg(nombre_de(r)).arg(falta);
+    }
 }
 
 /// Un título puede abreviarse, no quedar en puntos suspensivos.

@@ -230,6 +230,27 @@ private slots:
         QVERIFY(!fija.isVisible());
     }
 
+    void una_cifra_que_asoma_no_se_lee_como_otra() {
+        const auto asoma = [](const char* cifra) {
+            Cubo cubo({{"CUENTA", "Cuenta"}, {"PROY", "Centro"}, {"SALDO", "Saldo", true}});
+            cubo.agregue({"41", "A"}, {Moneda::de_texto(cifra)});
+            DisposicionCubo d;
+            d.filas = {"CUENTA"};
+            d.columnas = {"PROY"};
+            d.valores = {{"SALDO"}};
+            RejillaCubo r;
+            r.disponga(cubo, d);
+            r.setFixedSize(180, 200);
+            r.show();
+            QCoreApplication::processEvents();
+            const QRect celda = r.visualRect(r.model()->index(0, 1));
+            return std::pair(r.viewport()->grab(celda).toImage(), celda.right() > 180);
+        };
+        const auto unos = asoma("1111111111111.00"), nueves = asoma("9999999999999.00");
+        QVERIFY(unos.second && nueves.second);
+        QCOMPARE(unos.first, nueves.first);
+    }
+
     void una_plantilla_danada_no_deja_a_nadie_sin_la_pantalla() {
         Comparativo s;
         const QString vista = s.fila(0);

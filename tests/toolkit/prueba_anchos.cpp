@@ -105,6 +105,19 @@ private slots:
         const QVector<PedidoAncho> dos{{.contenido = 50, .entero = 70, .peso = 10},
                                        {.contenido = 50, .entero = 400, .peso = 10}};
         QCOMPARE(reparta_ancho(dos, 150), QVector<int>({70, 80}));
+        // Para que se lea un nombre, la que se digita y no dice nada abrevia su título.
+        const QVector<PedidoAncho> por_digitar{
+            {.contenido = 50, .titulo = 100, .breve = 30, .comodo = 90, .entero = 12, .peso = 9},
+            {.contenido = 50, .entero = 200, .peso = 10}};
+        QCOMPARE(reparta_ancho(por_digitar, 260), QVector<int>({60, 200}));
+        // Desplazándose, los nombres dan a la cifra que asoma lo poco que le falte; mucho, no.
+        QVector<PedidoAncho> asoma{
+            {.contenido = 100, .titulo = 40, .entero = 200, .cede = 60, .peso = 20},
+            {.contenido = 380, .cifra = true},
+            {.contenido = 300, .cifra = true}};
+        QCOMPARE(reparta_ancho(asoma, 460), QVector<int>({80, 380, 300}));
+        asoma[1].contenido = 421;
+        QCOMPARE(reparta_ancho(asoma, 460), QVector<int>({92, 421, 300}));
     }
 
     void un_titulo_se_parte_y_se_abrevia_antes_que_perderse() {

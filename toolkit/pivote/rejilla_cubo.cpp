@@ -6,6 +6,7 @@
 #include "toolkit/pivote/columna_fija.h"
 #include "toolkit/pivote/tabla_cubo.h"
 #include "toolkit/proteccion.h"
+#include "toolkit/rejilla/delegado_celda.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -24,10 +25,23 @@ int otro_nivel(int nivel, qsizetype campos, int paso) {
     return nuevo == ahora ? nivel : nuevo == campos ? 0 : nuevo;
 }
 
-/// Un título que no cabe se lee por su comienzo, renglón por renglón.
+/// Blanco con que Qt pinta el texto de una celda, a cada lado.
+int margen_celda(const QWidget& rejilla) {
+    return rejilla.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &rejilla) + 1;
+}
+
+/// Lo que de una columna no tapan el borde ni la que no se desplaza.
+QRect a_la_vista(QRect lugar, const RejillaCubo& rejilla, int columna) {
+    lugar &= QRect(0, lugar.y(), rejilla.viewport()->width(), lugar.height());
+    lugar.setLeft(qMax(lugar.left(), columna > 0 ? rejilla.ancho_fijo() : 0));
+    return lugar;
+}
+
+/// Un título que no cabe se lee por su comienzo, renglón por renglón, en lo que se ve de él.
 class EncabezadoCubo : public QHeaderView {
 public:
-    explicit EncabezadoCubo(QWidget* padre) : QHeaderView(Qt::Horizontal, padre) {
+    explicit EncabezadoCubo(RejillaCubo* rejilla)
+        : QHeaderView(Qt::Horizontal, rejilla), rejilla_(*rejilla) {
         setSectionsClickable(true);
     }
 
@@ -35,19 +49,55 @@ protected:
     void initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const override {
         QHeaderView::initStyleOptionForIndex(opcion, columna);
         const int margen = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+        const QRect lugar(sectionViewportPosition(columna), 0, sectionSize(columna), height());
         QStringList renglones =
             model()->headerData(columna, Qt::Horizontal).toString().split(QLatin1Char('\n'));
         for (QString& r : renglones)
-            r = opcion->fontMetrics.elidedText(r, Qt::ElideRight,
-                                               sectionSize(columna) - 2 * margen);
+            r = opcion->fontMetrics.elidedText(
+                r, Qt::ElideRight, a_la_vista(lugar, rejilla_, columna).width() - 2 * margen);
         opcion->text = renglones.join(QLatin1Char('\n'));
     }
+    void paintSection(QPainter* pintor, const QRect& lugar, int columna) const override {
+        if (const QRect visible = a_la_vista(lugar, rejilla_, columna); !visible.isEmpty())
+            QHeaderView::paintSection(pintor, visible, columna);
+    }
+
+private:
+    const RejillaCubo& rejilla_;
+};
+
+/// La celda que asoma a medias va en lo que se ve de ella: su nombre por el comienzo, su cifra
+/// entera o en puntos.
+class DelegadoCubo : public QStyledItemDelegate {
+public:
+    explicit DelegadoCubo(RejillaCubo* rejilla)
+        : QStyledItemDelegate(rejilla), rejilla_(*rejilla) {}
+    void paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
+               const QModelIndex& indice) const override {
+        QStyleOptionViewItem o = opcion;
+        o.rect = a_la_vista(opcion.rect, rejilla_, indice.column());
+        if (!o.rect.isEmpty())
+            QStyledItemDelegate::paint(pintor, o, indice);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* opcion, const QModelIndex& indice) const override {
+        QStyledItemDelegate::initStyleOption(opcion, indice);
+        if (indice.column() > 0)
+            opcion->text =
+                DelegadoCelda::cifra_entera(opcion->text, opcion->fontMetrics,
+                                            opcion->rect.width() - 2 * margen_celda(rejilla_));
+    }
+
+private:
+    const RejillaCubo& rejilla_;
 };
 
 } // namespace
 
 RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
     setHorizontalHeader(new EncabezadoCubo(this));
+    setItemDelegate(new DelegadoCubo(this));
     setModel(&modelo_);
     setObjectName(QStringLiteral("RejillaCubo"));
     setAccessibleName(QStringLiteral("Tabla de resultados"));
@@ -64,6 +114,10 @@ RejillaCubo::RejillaCubo(QWidget* padre) : QTableView(padre) {
             alterne_columna(columna);
     });
     fija_ = new ColumnaFija(this);
+    connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        viewport()->update(); // de la que asoma a medias no basta pintar lo que acaba de entrar
+        horizontalHeader()->viewport()->update();
+    });
     connect(fija_, &ColumnaFija::fila_pulsada, this,
             [this](int fila) { setCurrentIndex(modelo_.index(fila, currentIndex().column())); });
     connect(fija_, &ColumnaFija::fila_doble_pulsada, this, [this](int) { alterne_actual(); });
@@ -73,6 +127,15 @@ void RejillaCubo::scrollTo(const QModelIndex& celda, ScrollHint como) {
     QTableView::scrollTo(celda, como);
     if (const int tapado = fija_->tapado(celda); tapado > 0)
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() - tapado);
+}
+
+int RejillaCubo::ancho_fijo() const {
+    return fija_ && fija_->isVisible() ? fija_->width() : 0;
+}
+
+int RejillaCubo::lo_que_falta() const {
+    const int total = std::accumulate(pedidos_.begin(), pedidos_.end(), 0);
+    return qMax(horizontalScrollBar()->maximum(), total - viewport()->width());
 }
 
 void RejillaCubo::sin_moverse(const std::function<void()>& cambio) {
@@ -107,7 +170,7 @@ void RejillaCubo::ajuste_anchos() {
             celdas = qMax(celdas, letra.horizontalAdvance(modelo_.index(f, c).data().toString()));
         pedidos_ << qMax(ancho, celdas) + paso(2);
         // Un título se corta; una cifra, no.
-        minimos_ << qMin(pedidos_.last(), c == 0 ? paso(24) : qMax(celdas + paso(2), paso(20)));
+        minimos_ << qMin(pedidos_.last(), c == 0 ? paso(24) : celdas + 2 * margen_celda(*this) + 2);
         puestos_ << columnWidth(c);
     }
     reparta();
@@ -124,15 +187,30 @@ void RejillaCubo::reparta() {
     const int mitad = qMax(paso(12), qMin(viewport()->width() / 2, viewport()->width() - cifra));
     const int sobra = viewport()->width() - std::accumulate(minimos_.begin(), minimos_.end(), 0);
     int libre = todas ? qMax(0, sobra) : 0;
-    for (int c = 0; c < pedidos_.size(); ++c) {
-        const int tope = c == 0 ? qMin(pedidos_[c], mitad) : pedidos_[c];
-        int ancho = qMin(tope, caben ? pedidos_[c] : minimos_[c]);
-        const int mas = qMin(libre, tope - ancho);
-        ancho += mas;
-        libre -= mas;
-        if (columnWidth(c) == puestos_[c]) // las que el usuario cambió son suyas
-            setColumnWidth(c, puestos_[c] = ancho);
+    QVector<int> anchos, topes = pedidos_;
+    if (!topes.isEmpty())
+        topes[0] = qMin(topes[0], mitad);
+    // Apretadas dan su aire y lo que deja leer el título, antes que desplazarse.
+    const bool apretadas = todas && sobra >= 0;
+    const auto comoda = [&](int c) {
+        return qMin(topes[c], c == 0 ? minimos_[c] : qMax(minimos_[c] + paso(1), paso(20)));
+    };
+    for (int c = 0; c < topes.size(); ++c)
+        anchos << qMin(topes[c], caben ? pedidos_[c] : apretadas ? minimos_[c] : comoda(c));
+    const auto de_hasta = [&](const auto& hasta) {
+        for (int c = 0; c < topes.size(); ++c) {
+            const int mas = qBound(0, hasta(c) - anchos[c], libre);
+            anchos[c] += mas;
+            libre -= mas;
+        }
+    };
+    if (!caben) {
+        de_hasta(comoda);
+        de_hasta([&](int c) { return topes[c]; });
     }
+    for (int c = 0; c < anchos.size(); ++c)
+        if (columnWidth(c) == puestos_[c]) // las que el usuario cambió son suyas
+            setColumnWidth(c, puestos_[c] = anchos[c]);
 }
 
 void RejillaCubo::resizeEvent(QResizeEvent* evento) {

@@ -28,6 +28,10 @@ public:
     void guarde();
     /// Copia las celdas seleccionadas, separadas por tabuladores.
     void copie() const;
+    /// Ancho de la columna que no se desplaza, si tapa otras.
+    int ancho_fijo() const;
+    /// Píxeles que le faltan para mostrar todas sus columnas con sus nombres y títulos enteros.
+    int lo_que_falta() const;
     void scrollTo(const QModelIndex& celda, ScrollHint como = EnsureVisible) override;
 
 signals:

@@ -148,6 +148,17 @@ void ZonasCubo::resizeEvent(QResizeEvent* evento) {
     QWidget::resizeEvent(evento);
     if (const bool bajas = height() < alto_con(5, 2); bajas != parejas_)
         alinee(bajas);
+    acomode_campos();
+}
+
+void ZonasCubo::acomode_campos() {
+    // De las catorce partes le tocan seis; por menos de un renglón no le sale una barra.
+    const QListWidget& campos = *listas_[0];
+    const int renglon = campos.sizeHintForRow(0);
+    const int todos = campos.count() * renglon + 2 * campos.frameWidth();
+    const int libre = height() - alto_con(5, 2) + int(listas_.size()) * listas_[0]->minimumHeight();
+    const int falta = parejas_ ? 0 : todos - libre * 6 / 14;
+    rejilla_->setRowMinimumHeight(1, falta > 0 && falta <= renglon ? todos : 0);
 }
 
 // ---------------------------------------------------------------- disposición
@@ -171,6 +182,7 @@ void ZonasCubo::disposicion(const DisposicionCubo& d) {
     total_filas->setChecked(d.total_filas);
     total_columnas->setChecked(d.total_columnas);
     llenando_ = false;
+    acomode_campos();
 }
 
 void ZonasCubo::ponga(Zona zona, const QStringList& campos) {
@@ -212,6 +224,7 @@ void ZonasCubo::cambiaron() {
         return;
     disposicion_ = disposicion();
     rotule();
+    acomode_campos();
     emit cambio();
 }
 

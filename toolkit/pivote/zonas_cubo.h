@@ -48,6 +48,7 @@ private:
     /// Una debajo de otra; si falta alto, las que reciben campos van de a dos.
     void alinee(bool parejas);
     int alto_con(int listas, int casillas) const;
+    void acomode_campos();
     Zona zona_de(const QString& campo) const;
     void ponga(Zona zona, const QStringList& campos);
     void rotule();

@@ -90,8 +90,13 @@ struct Cesiones {
             anchos << ancho - (primero ? cede : 0);
             reserva << (primero ? cede : 0);
             nombre << (primero ? 0 : cede);
-            titulo_vacia << (p.vacia ? resto : 0);
-            titulo << (p.vacia ? 0 : resto);
+            // El de la que se digita y no dice nada, hasta que se lea abreviado.
+            const bool abrevia = poco && !p.vacia && p.breve > 0;
+            const int corto = p.vacia   ? resto
+                              : abrevia ? qBound(0, anchos.last() - p.breve, resto)
+                                        : 0;
+            titulo_vacia << corto;
+            titulo << resto - corto;
         }
     }
     int sin_ceder() const { return suma(anchos) - suma(titulo_vacia); }
@@ -102,6 +107,28 @@ struct Cesiones {
 int lo_indispensable(const QVector<PedidoAncho>& pedidos) {
     const Cesiones c(pedidos);
     return c.indispensable() + (alguna_dice(pedidos) ? 0 : suma(c.titulo_vacia));
+}
+
+/// Por lo poco que le falta a la primera cifra que asoma, los nombres de antes ceden, y todavía se
+/// leen.
+void ceda_a_la_que_asoma(QVector<int>& anchos, const Cesiones& c,
+                         const QVector<PedidoAncho>& pedidos, int disponible) {
+    QVector<int> ceden(anchos.size(), 0);
+    int hasta = 0;
+    for (qsizetype i = 0; i < anchos.size(); ++i) {
+        hasta += anchos[i];
+        if (c.nombre[i] > 0)
+            ceden[i] = qMax(0, anchos[i] - (c.anchos[i] - c.nombre[i]));
+        if (hasta <= disponible)
+            continue;
+        QVector<int> da(anchos.size(), 0);
+        const int falta = hasta - disponible;
+        if (pedidos[i].cifra && falta < anchos[i] && falta <= suma(ceden) / 2)
+            de_lo_que_falta(da, ceden, falta);
+        for (qsizetype j = 0; j < i; ++j)
+            anchos[j] -= da[j];
+        return;
+    }
 }
 
 /// Ni cediendo lo que no dice nada y los nombres cabe todo: un título se puede leer en su letrero;
@@ -124,6 +151,8 @@ QVector<int> apriete(const Cesiones& c, const QVector<PedidoAncho>& pedidos, int
     for (qsizetype i = 0; i < anchos.size(); ++i)
         anchos[i] -= quita[i];
     de_menor_a_mayor(anchos, quita, disponible - suma(anchos)); // lo que se quitó de más
+    if (!cabe)
+        ceda_a_la_que_asoma(anchos, c, pedidos, disponible);
     return anchos;
 }
 
@@ -247,7 +276,7 @@ int AnchosRejilla::ancho_del_pie(int columna) const {
     QFont negrilla = rejilla_.font();
     negrilla.setBold(true);
     return qCeil(regla_.ancho(negrilla, pie->texto(columna))) +
-           4 * DelegadoCelda::margen(rejilla_.fontMetrics());
+           2 * DelegadoCelda::margen(rejilla_.fontMetrics()) + 2;
 }
 
 bool AnchosRejilla::es_texto_largo(int columna) const {
@@ -523,11 +552,21 @@ void AnchosRejilla::reparta() {
         return;
     const QScopedValueRollback<bool> guarda(repartiendo_, true);
     repartido_ = disponible;
-    const QVector<int> anchos = reparta_ancho(pedidos_, disponible);
-    for (int c = 0; c < anchos.size(); ++c)
-        if (!rejilla_.isColumnHidden(c))
-            rejilla_.setColumnWidth(c, anchos[c]);
-    static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())->acomode_titulos();
+    const auto ponga = [&](const QVector<PedidoAncho>& pedidos) {
+        const QVector<int> anchos = reparta_ancho(pedidos, disponible);
+        for (int c = 0; c < anchos.size(); ++c)
+            if (!rejilla_.isColumnHidden(c))
+                rejilla_.setColumnWidth(c, anchos[c]);
+    };
+    ponga(pedidos_);
+    if (titulos().acorte_meses()) { // lo que los meses guardaban para su título es de los demás
+        QVector<PedidoAncho> cortos = pedidos_;
+        for (int c = 0; c < cortos.size(); ++c)
+            if (const int corto = titulos().ancho_de_mes(c); corto > 0 && !cortos[c].fijo)
+                cortos[c].titulo = cortos[c].seguido = corto;
+        ponga(cortos);
+    }
+    titulos().acomode_titulos();
 }
 
 // ---------------------------------------------------------------- los del usuario

@@ -61,6 +61,13 @@ int DelegadoCelda::margen(const QFontMetrics& medidas) {
     return qMax(4, medidas.averageCharWidth() * 2 / 3);
 }
 
+QString DelegadoCelda::cifra_entera(const QString& cifra, const QFontMetrics& medidas, int ancho) {
+    const QString puntos = QStringLiteral("…");
+    return medidas.horizontalAdvance(cifra) <= ancho    ? cifra
+           : medidas.horizontalAdvance(puntos) <= ancho ? puntos
+                                                        : QString();
+}
+
 QRect DelegadoCelda::caja(const QRect& celda, const QWidget* vista) {
     const int lado = qMin(vista->style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, vista),
                           celda.height() - 2);
@@ -148,13 +155,12 @@ void DelegadoCelda::paint(QPainter* pintor, const QStyleOptionViewItem& opcion,
                     : medidas.elidedText(texto, Qt::ElideRight, hueco.width());
             ancho = medidas.horizontalAdvance(texto);
         }
-        // Un pedazo del que asoma a medias, también.
-        const QRect sitio = cifra ? a_la_vista(hueco, *rejilla_.viewport(), aire) : hueco;
-        const QString leido = cifra && ancho > sitio.width() ? QStringLiteral("…") : texto;
-        if (!cifra || medidas.horizontalAdvance(leido) <= sitio.width())
-            pintor->drawText(sitio, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
-                             leido);
-        pinte_acompanante(*pintor, hueco.adjusted(ancho + 2 * aire, 0, 0, 0), indice, papel);
+        // Un pedazo del que asoma a medias, también; y un código sin puntos, como otro código.
+        const QRect sitio = a_la_vista(hueco, *rejilla_.viewport(), aire);
+        pintor->drawText(sitio, int(modelo.alineacion(indice.column())) | Qt::TextSingleLine,
+                         cifra ? cifra_entera(texto, medidas, sitio.width())
+                               : medidas.elidedText(texto, Qt::ElideRight, sitio.width()));
+        pinte_acompanante(*pintor, sitio.adjusted(ancho + 2 * aire, 0, 0, 0), indice, papel);
     }
 
     if (indice == rejilla_.currentIndex()) {

@@ -23,6 +23,8 @@ public:
     bool acompanada(int columna) const { return acompanantes_.count(columna) > 0; }
     QString acompanante(const QModelIndex& indice) const;
 
+    /// Un pedazo de una cifra se leería como otra: si no cabe, puntos; si ni ellos, nada.
+    static QString cifra_entera(const QString& cifra, const QFontMetrics& medidas, int ancho);
     /// Blanco entre el texto y el borde de la celda, a cada lado.
     static int margen(const QFontMetrics& medidas);
     /// Cuadro de la casilla dentro de la celda.

@@ -66,14 +66,25 @@ int EncabezadoRejilla::ancho_minimo(int columna) const {
                 ancho_abreviado(rejilla_.columna(columna).Titulo, fontMetrics()) + margenes());
 }
 
-void EncabezadoRejilla::acomode_titulos() {
-    bool dos = false;
+int EncabezadoRejilla::ancho_de_mes(int columna) const {
+    const QString titulo = rejilla_.columna(columna).Titulo, corto = mes_corto(titulo);
+    return corto == titulo ? 0
+                           : qMax(minimumSectionSize(),
+                                  ancho_en_dos_renglones(corto, fontMetrics()) + margenes());
+}
+
+bool EncabezadoRejilla::acorte_meses() {
     meses_cortos_ = false;
     for (int c = 0; c < count() && !meses_cortos_; ++c) {
         const QString titulo = rejilla_.columna(c).Titulo;
         meses_cortos_ =
             !isSectionHidden(c) && mes_corto(titulo) != titulo && titulo_partido(c) != titulo;
     }
+    return meses_cortos_;
+}
+
+void EncabezadoRejilla::acomode_titulos() {
+    bool dos = false;
     for (int c = 0; c < count() && !dos; ++c)
         dos = !isSectionHidden(c) && titulo_partido(c).contains('\n');
     if (std::exchange(dos_renglones_, dos) != dos)

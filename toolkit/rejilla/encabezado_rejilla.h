@@ -25,12 +25,17 @@ public:
     void limpie();
 
     AnchosRejilla& anchos() const { return *anchos_; }
-    /// Los anchos acaban de repartirse: si algún título no cabe en un renglón, todos tienen dos.
+    /// Los anchos acaban de repartirse: si el nombre de un mes no cabe, todos van abreviados.
+    /// Verdadero si así quedan.
+    bool acorte_meses();
+    /// Y si algún título no cabe en un renglón, todos tienen dos.
     void acomode_titulos();
     /// El título de la columna como se muestra: partido o abreviado si así cabe.
     QString titulo_partido(int columna) const;
     /// Ancho con que su título se lee entero en dos renglones.
     int ancho_en_renglones(int columna) const;
+    /// Con el que se lee abreviado el mes que titula; 0 si no titula un mes.
+    int ancho_de_mes(int columna) const;
     /// Ancho con que al menos se lee abreviado.
     int ancho_minimo(int columna) const;
     /// El usuario tiene oprimido el borde de un título: el ancho que quede es suyo.

@@ -28,6 +28,15 @@ QString PieRejilla::texto(int columna) const {
     }
 }
 
+bool PieRejilla::caben_todas(const QFontMetrics& medidas) const {
+    const int aire = DelegadoCelda::margen(QFontMetrics(rejilla_.font()));
+    for (int c = 0; c < rejilla_.cuenta_columnas(); ++c)
+        if (!rejilla_.isColumnHidden(c) &&
+            medidas.horizontalAdvance(texto(c)) > rejilla_.columnWidth(c) - 1 - 2 * aire)
+            return false;
+    return true;
+}
+
 void PieRejilla::paintEvent(QPaintEvent*) {
     QPainter pintor(this);
     pintor.fillRect(rect(), palette().color(QPalette::Button));
@@ -37,6 +46,9 @@ void PieRejilla::paintEvent(QPaintEvent*) {
     letra.setBold(true);
     pintor.setFont(letra);
     const QFontMetrics medidas(letra);
+    // Sin filas no hay cifras que ensanchen sus columnas: unas sumas sí y otras no engañarían.
+    if (rejilla_.modelo().rowCount() == 0 && !caben_todas(medidas))
+        return;
     const int corrido = rejilla_.viewport()->x() - x();
     const QRect campo(corrido, 0, rejilla_.viewport()->width(), height());
     pintor.setClipRect(campo);
@@ -59,13 +71,12 @@ void PieRejilla::paintEvent(QPaintEvent*) {
             auto& anchos = static_cast<EncabezadoRejilla*>(rejilla_.horizontalHeader())->anchos();
             if (anchos.vacia(c))
                 continue;
-            anchos.pida(c, medidas.horizontalAdvance(suma) + 4 * aire);
+            anchos.pida(c, medidas.horizontalAdvance(suma) + 2 * aire + 2);
         }
         hueco.setLeft(qMin(hueco.left(), hueco.right() - medidas.horizontalAdvance(suma)));
         // Un pedazo de la de una columna que asoma a medias se leería como otra.
         hueco &= campo.adjusted(aire, 0, -aire, 0);
-        const QString entera = medidas.horizontalAdvance(suma) <= hueco.width() ? suma : "…";
-        if (medidas.horizontalAdvance(entera) <= hueco.width())
-            pintor.drawText(hueco, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, entera);
+        pintor.drawText(hueco, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
+                        DelegadoCelda::cifra_entera(suma, medidas, hueco.width()));
     }
 }

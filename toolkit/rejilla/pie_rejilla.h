@@ -17,5 +17,7 @@ protected:
     void paintEvent(QPaintEvent* evento) override;
 
 private:
+    bool caben_todas(const QFontMetrics& medidas) const;
+
     Rejilla& rejilla_;
 };
