@@ -124,7 +124,7 @@ RETURNS boolean
 AS
 BEGIN
   RETURN EXISTS (SELECT 1 FROM {CUENTAS}
-    WHERE CUEN_COD STARTING WITH :CUENTA AND CUEN_COD > :CUENTA);
+    WHERE CUEN_COD STARTING WITH :CUENTA AND CUEN_COD <> :CUENTA); -- ">" leería hasta el fin
 END^
 
 -- Por qué una cuenta no puede llevar movimiento, y qué hacer; nulo si puede.
