@@ -342,9 +342,10 @@ public:
         qint64 n = 0;
         for (; f.siguiente(); ++n)
             linea(archivo, renglon(f));
+        // Sin el índice del tercero, que por cada comprobante recorrería todas las nulas del libro.
         Filas quedan(t_, "select count(*) CUANTAS" +
                              condicion("", contado().toLatin1().constData()) +
-                             " and D.TERC_NIT is null");
+                             " and D.TERC_NIT || '' is null");
         quedan.siguiente();
         archivo.confirme();
         return {{p_.archivo}, n, quedan.texto("CUANTAS").toLongLong()};

@@ -9,7 +9,7 @@ SELECT N.CUEN_COD, coalesce((SELECT min(C.CUEN_COD) FROM CUENTAS C
   WHERE C.CUEN_EQNIIF = N.CUEN_COD AND C.CUEN_AFECTABLE = 'S'), N.CUEN_COD)
 FROM CUENTAS_NIIF N^
 
--- Saldos de los dos libros al final de un mes (13 ajustes; 0, al comenzar el año) y su
+-- Saldos de los dos libros al final de un mes (13, el fin del año; 0, al comenzarlo) y su
 -- diferencia, hasta el NIVEL dado. PORCENTAJE: de la diferencia sobre el saldo 2649, nulo si es
 -- cero o tan pequeño que no dice nada. Solo salen las cuentas con saldo en algún libro. La llama
 -- Tfconciliapat.
@@ -19,7 +19,10 @@ RETURNS (CUENTA varchar(20), NOMBRE varchar(60), CUENTANIIF varchar(20), NOMBREN
   SALDO numeric(15,2), SALDONIIF numeric(15,2), DIFERENCIA numeric(15,2),
   PORCENTAJE numeric(15,2), NIVEL integer)
 AS
+  DECLARE EQUIVALENTE varchar(20);
 BEGIN
+  IF (MES = 13) THEN
+    MES = 14;
   FOR
     WITH SALDOS AS (
       SELECT CUEN_COD CUENTA, sum(SALD_DEBITO - SALD_CREDITO) SALDO, cast(0 AS numeric(18,2)) NIIF
@@ -40,20 +43,26 @@ BEGIN
       FROM SALDOS S
       JOIN ESTRUCTURA E ON E.ESTR_DIGITOS <= char_length(S.CUENTA) AND E.ESTR_NIVEL <= :NIVEL_MAXIMO
       GROUP BY 1, 2)
-    SELECT V.CUENTA, coalesce(C.CUEN_NOM, M.CUEN_NOM), N.CUEN_COD, N.CUEN_NOM, V.SALDO, V.NIIF,
-      V.SALDO - V.NIIF,
+    SELECT V.CUENTA, V.SALDO, V.NIIF, V.SALDO - V.NIIF,
       iif(V.SALDO = 0 OR abs(V.SALDO - V.NIIF) / 10000000 > abs(V.SALDO), NULL,
         cast(cast(V.SALDO - V.NIIF AS double precision) * 100 / V.SALDO AS numeric(15,2))), V.NIVEL
     FROM NIVELES V
-    LEFT JOIN CUENTAS C ON C.CUEN_COD = V.CUENTA
-    LEFT JOIN CUENTAS_NIIF M ON M.CUEN_COD = V.CUENTA
-    LEFT JOIN CUENTAS_NIIF N ON N.CUEN_COD = coalesce(nullif(C.CUEN_EQNIIF, ''), V.CUENTA)
     WHERE V.SALDO <> 0 OR V.NIIF <> 0
     ORDER BY V.CUENTA
-    INTO :CUENTA, :NOMBRE, :CUENTANIIF, :NOMBRENIIF, :SALDO, :SALDONIIF, :DIFERENCIA, :PORCENTAJE,
-      :NIVEL
+    INTO :CUENTA, :SALDO, :SALDONIIF, :DIFERENCIA, :PORCENTAJE, :NIVEL
   DO
+  BEGIN
+    -- Unidos a la suma, el motor recorre los planes enteros por cada cuenta.
+    NOMBRE = coalesce((SELECT CUEN_NOM FROM CUENTAS WHERE CUEN_COD = :CUENTA),
+      (SELECT CUEN_NOM FROM CUENTAS_NIIF WHERE CUEN_COD = :CUENTA));
+    CUENTANIIF = NULL;
+    NOMBRENIIF = NULL;
+    EQUIVALENTE = coalesce((SELECT nullif(CUEN_EQNIIF, '') FROM CUENTAS
+      WHERE CUEN_COD = :CUENTA), CUENTA);
+    SELECT CUEN_COD, CUEN_NOM FROM CUENTAS_NIIF WHERE CUEN_COD = :EQUIVALENTE
+    INTO :CUENTANIIF, :NOMBRENIIF;
     SUSPEND;
+  END
 END^
 
 -- Las cuentas NIIF que se comparan con una cuenta 2649 o con lo que cuelga de ella. Mira solo las
@@ -90,10 +99,14 @@ BEGIN
   SELECT coalesce(sum(SALD_DEBITO - SALD_CREDITO), 0) FROM VISTA_SALDOS_CUENTA
   WHERE CUEN_COD STARTING WITH :CUENTA AND (SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES = 0))
   INTO :SALDO;
-  SELECT coalesce(sum(S.SALD_DEBITO - S.SALD_CREDITO), 0)
-  FROM PAREJAS_NIIF_DE(:CUENTA) P
-  LEFT JOIN VISTA_SALDOS_CUENTA_NIIF S ON S.CUEN_COD = P.CUEN_COD
-    AND (S.SALD_ANO < :ANO OR (S.SALD_ANO = :ANO AND S.SALD_MES = 0))
+  -- Los saldos se suman antes de unirlos: los pendientes no se buscan por cuenta.
+  SELECT coalesce(sum(S.SALDO), 0)
+  FROM (
+    SELECT CUEN_COD, sum(SALD_DEBITO - SALD_CREDITO) SALDO FROM VISTA_SALDOS_CUENTA_NIIF
+    WHERE SALD_ANO < :ANO OR (SALD_ANO = :ANO AND SALD_MES = 0)
+    GROUP BY CUEN_COD) S
+  JOIN VISTA_PAREJA_NIIF P ON P.CUEN_COD = S.CUEN_COD
+  WHERE P.PAREJA STARTING WITH :CUENTA
   INTO :SALDO_NIIF;
   IF (SALDO <> SALDO_NIIF) THEN
   BEGIN
@@ -114,13 +127,13 @@ BEGIN
         SELECT D.ENCO_CONSEC, D.CODE_DEBITO DB, D.CODE_CREDITO CR, 0 DBN, 0 CRN
         FROM CUENTAS C
         JOIN COMPROBANTE_DETALLE D ON D.CUEN_COD = C.CUEN_COD
-          AND D.CODE_FECHA BETWEEN :ANO || '0000' AND :ANO || '1399'
+          AND D.CODE_FECHA BETWEEN :ANO || '0000' AND :ANO || '1499'
         WHERE C.CUEN_COD STARTING WITH :CUENTA
         UNION ALL
         SELECT D.ENCO_CONSEC, 0, 0, D.CODE_DEBITO, D.CODE_CREDITO
         FROM PAREJAS_NIIF_DE(:CUENTA) P
         LEFT JOIN COMPROBANTE_DETALLE_NIIF D ON D.CUEN_COD = P.CUEN_COD
-          AND D.CODE_FECHA BETWEEN :ANO || '0000' AND :ANO || '1399'
+          AND D.CODE_FECHA BETWEEN :ANO || '0000' AND :ANO || '1499'
         WHERE D.ENCO_CONSEC IS NOT NULL)
       GROUP BY ENCO_CONSEC
       HAVING sum(DB) - sum(CR) <> sum(DBN) - sum(CRN)) V
