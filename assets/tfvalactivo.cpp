@@ -118,6 +118,26 @@ void Tfvalactivo::lea_valor() {
         recalcule();
 }
 
+void Tfvalactivo::SBGrabarClick() {
+    if (!EDia->text().isEmpty()) {
+        // Con la pantalla abierta, otro pudo depreciarlo o cambiarle el valor.
+        const Valor fecha = campo("ACFV_FECHA").valor();
+        const Moneda antes = campo("ACFV_VALOR").moneda();
+        CProceso.Edit();
+        ponga_fecha();
+        lea_valor();
+        const Moneda ahora = campo("ACFV_VALOR").moneda();
+        if (ahora != antes && campo("ACFV_FECHA").valor() == fecha) {
+            muestre_mensaje(
+                QStringLiteral("Otro proceso cambió el valor en libros del activo: era %1 y es %2. "
+                               "Revise la diferencia y grabe otra vez.")
+                    .arg(antes.formateada(), ahora.formateada()));
+            return;
+        }
+    }
+    FormaProceso::SBGrabarClick();
+}
+
 void Tfvalactivo::recalcule() {
     const Moneda uso = campo("ACFV_VRUSO").moneda() - campo("ACFJ_CSUSO").moneda(),
                  venta = campo("ACFV_PRVENTA").moneda() - campo("ACFV_CSVENTA").moneda();

@@ -16,6 +16,7 @@ protected:
     void bajo_el_encabezado(Formulario& f) override;
     void botones_propios(BarraBotones& barra) override;
     void nueva_fila() override;
+    void SBGrabarClick() override;
     Valor comprobante_hecho() const override;
 
 private:

@@ -141,14 +141,20 @@ const DatoImportacion* dato_de(ClaseImportacion clase, const QString& clave) {
 
 DatoLeido lea_dato(const DatoImportacion& dato, const QByteArray& octetos) {
     const QString rotulo = QString::fromUtf8(dato.rotulo);
-    const QString texto = QString::fromLatin1(octetos).trimmed();
+    QString texto = QString::fromLatin1(octetos).trimmed();
     if (texto.isEmpty())
         return {};
-    for (const QChar c : texto)
-        if (c.unicode() < 0x20 || (c.unicode() >= 0x7F && c.unicode() < 0xA0))
+    // La base guarda cualquier octeto y entra como vino. Un tabulador u otro control en un texto es
+    // un blanco: partiría la fila al copiarla. En un código o una cifra es otra cosa.
+    for (QChar& c : texto) {
+        if (c.unicode() >= 0x20)
+            continue;
+        if (dato.clase != D::Texto)
             return rehuse(QStringLiteral("Hay un octeto que no es un carácter (%1) en %2.")
                               .arg(c.unicode())
                               .arg(rotulo));
+        c = QLatin1Char(' ');
+    }
     switch (dato.clase) {
     case D::Importe:
     case D::Tasa:

@@ -153,6 +153,32 @@ BEGIN
   END
 END^
 
+--<LIBROS>
+-- Rehúsa si a la línea ITEM de la hoja le falta lo que su cuenta exige. A las que cancelan un saldo
+-- no se les pide, pero la contrapartida es movimiento nuevo. Interna de los procesos.
+CREATE OR ALTER PROCEDURE EXIJA_CONTRAPARTIDA{_NIIF} (ASIENTO integer, ITEM integer)
+AS
+  DECLARE CUENTA varchar(20);
+  DECLARE FALTA varchar(60);
+BEGIN
+  SELECT L.CUEN_COD,
+    trim(TRAILING FROM iif('S' IN (C.CUEN_TERCERO, C.CUEN_RETENCION)
+      AND coalesce(L.TERC_NIT, '') = '', ', tercero', ''))
+    || trim(TRAILING FROM iif(C.CUEN_CENTRO = 'S'
+      AND '' IN (coalesce(L.PROY_COD, ''), coalesce(L.CENT_COD, '')), ', centro de costo', ''))
+    || trim(TRAILING FROM iif(C.CUEN_RETENCION = 'S'
+      AND 0 IN (coalesce(L.CODE_BASE, 0), coalesce(L.CODE_PORC, 0)), ', base y porcentaje', ''))
+  FROM ASIENTO_LINEA L
+  LEFT JOIN {CUENTAS} C ON C.CUEN_COD = L.CUEN_COD
+  WHERE L.ASIE_ID = :ASIENTO AND L.LIBRO = '{LIBRO}' AND L.CODE_ITEM = :ITEM
+  INTO :CUENTA, :FALTA;
+  IF (FALTA <> '') THEN
+    EXCEPTION PROCESO_INCOMPLETO 'La contrapartida va a la cuenta ' || CUENTA
+      || trim(TRAILING FROM iif('{LIBRO}' = 'NIIF', ' del plan NIIF', '')) || ', que exige '
+      || substring(FALTA FROM 3) || ', y el proceso no lo trae.';
+END^
+--</LIBROS>
+
 -- Asienta lo que el proceso armó en la hoja ASIENTO y devuelve el comprobante. QUE nombra el
 -- proceso en la negativa de una hoja vacía; VACIO dice por qué lo está. DE_SALDOS "N": las líneas
 -- son movimiento nuevo y cumplen lo que su cuenta exige.

@@ -1,6 +1,7 @@
 // La depreciación reparte exactamente el costo menos el rescate, por cualquier método, en los dos
 // libros, con deterioros y bajas de por medio.
 #include "apoyo/falla_sql.h"
+#include "apoyo/monitor.h"
 #include "assets/activo_de_prueba.h"
 
 #include <future>
@@ -146,6 +147,13 @@ void PruebaDepreciacion::quinientos_activos_en_diez_anos_suman_lo_suyo_con_deter
                      qPrintable(QString("semilla %1: %2 %3").arg(semilla).arg(i.key(), libro)));
         }
     QCOMPARE(saldos_distintos(base()), QString());
+    // Un borrado mira las filas de sus activos, y no el detalle entero por cada una.
+    const qint64 detalle = dato("select count(*) from depreciacion_detalle").entero(),
+                 antes = registros_leidos(base());
+    QVERIFY(
+        falla("delete from depreciacion where depr_id = (select min(depr_id) from depreciacion)")
+            .contains("proceso posterior"));
+    QVERIFY(registros_leidos(base()) - antes < 5 * detalle);
     // El libro dice lo mismo que el detalle.
     for (const char* s : {"", "_niif"})
         QCOMPARE(dato(QString("select sum(code_credito) from comprobante_detalle%1 where cuen_cod ="
@@ -367,6 +375,10 @@ void PruebaDepreciacion::un_deterioro_a_comienzo_de_mes_no_se_lleva_la_cuota_del
 
 void PruebaDepreciacion::un_nuevo_valor_se_deshace_en_orden_y_no_se_repite_ni_se_edita() {
     camion(1);
+    // Calculado contra un valor que ya no es el del libro.
+    QVERIFY(falla("insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_valor, acfv_difer, "
+                  "tico_cod, prco_pref) values ('CAMION', '20170131', 1000, -100, 'CG', '0001')")
+                .contains("vale en libros 900.00 a 2017/01/31, y no 1000.00"));
     base().ejecute(orden_valor("CAMION", "20170131", "-300"));
     QVERIFY(falla(orden_valor("CAMION", "20170131", "-1"))
                 .contains("ya tiene un nuevo valor a 2017/01/31 (comprobante CG 0001"));
@@ -419,6 +431,12 @@ void PruebaDepreciacion::la_perdida_de_una_baja_se_reparte_por_los_centros_del_a
     // Donde la cuenta no los lleva va en una sola línea.
     base().ejecute("delete from depreciacion where depr_niif is null");
     base().ejecute("update cuentas_niif set cuen_centro = 'N' where cuen_cod = '531015'");
+    const char* exige = "update cuentas_niif set cuen_tercero = '%1' where cuen_cod = '531015'";
+    base().ejecute(QString(exige).arg("S"));
+    QVERIFY(
+        falla(orden_depreciacion("20170131", ""))
+            .contains("La contrapartida va a la cuenta 531015 del plan NIIF, que exige tercero"));
+    base().ejecute(QString(exige).arg("N"));
     deprecie("20170131", "");
     QCOMPARE(ultimo("_niif"), "152405|||0|120\n159215|||10|0\n531015|||110|0");
     QCOMPARE(saldos_distintos(base()), QString());

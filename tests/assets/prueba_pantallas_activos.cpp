@@ -423,10 +423,15 @@ private slots:
         });
         oprima(Qt::Key_F8);
         QCOMPARE(s.caja("EDocumento"), "avaluo.pdf");
+        // Otro le cambió el valor mientras tanto: se lee de nuevo, y no se graba sin verlo.
+        s.base.ejecute({orden_valor("EQ1", "20170115", "-50")});
+        dice(Qt::Key_F2, "Otro proceso cambió el valor en libros del activo: era 1,150.00 y es "
+                         "1,100.00. Revise la diferencia y grabe otra vez.");
+        QCOMPARE(s.caja("EDifer"), "-100.00");
         s.grabe("Tfvalactivo");
         QCOMPARE(s.dato("select acfv_difer || ' ' || cast(acfv_documento as varchar(20)) from "
-                        "activos_fijos_valor"),
-                 "-150.00 %PDF de avance");
+                        "activos_fijos_valor where acfv_fecha = '20170131'"),
+                 "-100.00 %PDF de avance");
         QCOMPARE(s.dato("select valor from activo_valor('EQ1', '20170131', 'S')"), "1000");
     }
 

@@ -232,10 +232,8 @@ void PruebaImportacion::cada_dato_se_lee_o_se_rehusa_por_su_nombre() {
         {"ENCO_FECHA", "2017/01/31", {}, "La fecha \"2017/01/31\" debe tener la forma aaaammdd."},
         {"ENCO_FECHA", "20170230", {}, "La fecha 2017/02/30 no existe."},
         {"ENCO_CONCEPTO", "A\xF1o", "Año"},
-        {"ENCO_CONCEPTO",
-         "10 \x80",
-         {},
-         "Hay un octeto que no es un carácter (128) en el concepto."},
+        {"ENCO_CONCEPTO", "10 \x80\tpesos", QString("10 ") + QChar(0x80) + " pesos"},
+        {"TERC_NIT", "9\t1", {}, "Hay un octeto que no es un carácter (9) en el tercero."},
         {"TICO_COD", "LARGO", {}, "'LARGO' no cabe en el tipo: son 5 caracteres y caben 3."}};
     for (const auto& caso : casos) {
         const DatoLeido leido =

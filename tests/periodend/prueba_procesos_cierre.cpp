@@ -66,6 +66,8 @@ private slots:
     void el_cierre_no_se_repite_ni_se_salta_ni_se_edita();
     void el_que_espera_a_otro_proceso_ve_lo_que_hizo();
     void el_cierre_de_terceros_pasa_los_saldos_al_tercero();
+    void el_cierre_de_terceros_en_los_dos_libros_va_por_las_equivalentes();
+    void la_contrapartida_cumple_lo_que_su_cuenta_exige();
     void el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del_comienzo();
     void un_registro_automatico_calcula_cada_base();
     void la_cuenta_de_cierre_lleva_el_tercero_y_el_centro_que_exige();
@@ -363,6 +365,66 @@ void PruebaProcesosCierre::el_cierre_de_terceros_pasa_los_saldos_al_tercero() {
                 .contains("ningún tercero distinto"));
     base().ejecute("delete from cierre_terceros");
     QCOMPARE(foto(base()), antes);
+}
+
+void PruebaProcesosCierre::el_cierre_de_terceros_en_los_dos_libros_va_por_las_equivalentes() {
+    base().ejecute("update cuentas set cuen_eqniif = '240805' where cuen_cod = '220505'");
+    for (const auto& [alcance, cuentas] :
+         {std::pair{"A", QStringList{"220505", "240805"}}, {"N", {"220505"}}}) {
+        base().ejecute(
+            QString("insert into cierre_terceros (cite_id, tico_cod, prco_pref, terc_nit, "
+                    "cite_fecha, cite_niif, cuen_cod) values (0, 'CG', '0001', "
+                    "'860002964', '20181331', '%1', '22')")
+                .arg(alcance));
+        const QString id = dato("select enco_consec from cierre_terceros");
+        QCOMPARE(
+            filas("select distinct cuen_cod from comprobante_detalle_niif where enco_consec = " +
+                  id + " order by 1")
+                .split('\n'),
+            cuentas);
+        QCOMPARE(
+            filas("select distinct cuen_cod from comprobante_detalle where enco_consec = " + id),
+            *alcance == 'A' ? "220505" : "");
+        const auto quedan = netos(base(), 1, [&](const Renglon& r) {
+            return cuentas.contains(r.cuenta) && r.fecha < "20181399" && !r.nit.isEmpty() &&
+                   r.nit != "860002964";
+        });
+        QVERIFY(quedan.isEmpty());
+        base().ejecute("delete from cierre_terceros");
+    }
+}
+
+void PruebaProcesosCierre::la_contrapartida_cumple_lo_que_su_cuenta_exige() {
+    const auto exija = [&](const char* plan, const char* columna, const char* cuentas) {
+        base().ejecute(QString("update cuentas%1 set cuen_tercero = 'N', cuen_centro = 'N', "
+                               "cuen_retencion = 'N' where cuen_cod in (%2)")
+                           .arg(plan, cuentas));
+        base().ejecute(QString("update cuentas%1 set cuen_%2 = 'S' where cuen_cod in (%3)")
+                           .arg(plan, columna, cuentas));
+    };
+    const char* resultado = "'360505', '361005'";
+    exija("", "centro", resultado);
+    const QString dicho = falla(cierre_anual("20171331", "A"));
+    QVERIFY2(dicho.contains("La contrapartida va a la cuenta 36") &&
+                 dicho.contains("que exige centro de costo, y el proceso no lo trae"),
+             qPrintable(dicho));
+    exija("", "tercero", resultado);
+    const QString sin_nit = cierre_anual("20171331", "C").replace("'860002964'", "null");
+    QVERIFY(falla(sin_nit).contains("que exige tercero, y"));
+    exija("_niif", "retencion", resultado);
+    QVERIFY(falla(cierre_anual("20171331", "A"))
+                .contains(" del plan NIIF, que exige tercero, base y porcentaje, y"));
+    base().ejecute(cierre_anual("20171331", "C"));
+    QCOMPARE(dato("select max(terc_nit) from comprobante_detalle where cuen_cod in ('360505', "
+                  "'361005') and enco_consec = (select enco_consec from cierre_anual)"),
+             "860002964");
+    // Lo ajustado no trae siempre centro.
+    base().ejecute("update cuentas set cuen_ctajuste = '143505', cuen_ctacorrecion = '421020', "
+                   "cuen_ajusdb = 'S' where cuen_cod = '143505'");
+    exija("", "centro", "'421020'");
+    QVERIFY(falla("insert into ajustes_inflacion (ajus_id, tico_cod, prco_pref, ajus_conc, "
+                  "ajus_fecha, ajus_paag) values (0, 'CG', '0001', 'PAAG', '20180331', 1.25)")
+                .contains("La contrapartida va a la cuenta 421020, que exige centro de costo"));
 }
 
 void PruebaProcesosCierre::el_ajuste_por_inflacion_es_el_paag_sobre_el_saldo_del_comienzo() {
