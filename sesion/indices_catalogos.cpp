@@ -77,7 +77,7 @@ const IndiceCodigos& IndicesCatalogos::lea(Cual cual, const QString& grupo) {
 
 void IndicesCatalogos::refresque(Cual cual, const QString& confirmado) {
     Leido& l = leidos_[cual];
-    const QString visto = confirmado + condicion(kOrigenes[cual]);
+    const QString visto = confirmado + ' ' + condicion(kOrigenes[cual]);
     const bool igual = l.hecho && l.visto == visto;
     if (igual && l.firme)
         return;
@@ -97,7 +97,7 @@ void IndicesCatalogos::refresque(std::initializer_list<Cual> cuales) {
         return;
     try {
         const QString confirmado =
-            fdm().Quorvex.consulte("select sello_catalogos() from rdb$database").texto() + ' ';
+            fdm().Quorvex.consulte("select sello_catalogos() from rdb$database").texto();
         for (const Cual cual : cuales)
             refresque(cual, confirmado);
     } catch (const ErrorDatos&) {
