@@ -10,6 +10,19 @@ namespace {
 
 constexpr int kVersion = 1;
 
+// En los borradores de antes un cero decía que la línea no replica a ninguna: así se sigue
+// escribiendo, y la que replica al renglón cero lo lleva con signo.
+QString texto_de(qint64 n, unsigned rasgos) {
+    if (!(rasgos & ColAusente) || n > 0)
+        return QString::number(n);
+    return n < 0 ? QStringLiteral("0") : QStringLiteral("+0");
+}
+
+qint64 entero_de(const QString& texto, unsigned rasgos, bool& bien) {
+    const qint64 n = texto.toLongLong(&bien);
+    return rasgos & ColAusente && texto == QLatin1String("0") ? -1 : n;
+}
+
 template <class T> QJsonObject objeto_de(const T& fila, const QVector<ColumnaDe<T>>& columnas) {
     QJsonObject o;
     for (const auto& c : columnas) {
@@ -19,7 +32,7 @@ template <class T> QJsonObject objeto_de(const T& fila, const QVector<ColumnaDe<
         else if (const auto* m = std::get_if<Moneda T::*>(&c.miembro))
             o[nombre] = (fila.**m).texto();
         else
-            o[nombre] = QString::number(fila.*std::get<qint64 T::*>(c.miembro));
+            o[nombre] = texto_de(fila.*std::get<qint64 T::*>(c.miembro), c.rasgos);
     }
     return o;
 }
@@ -38,7 +51,7 @@ bool fila_de(const QJsonObject& o, T& fila, const QVector<ColumnaDe<T>>& columna
             bien = importe.has_value();
             fila.** m = importe.value_or(Moneda());
         } else {
-            fila.*std::get<qint64 T::*>(c.miembro) = v.toString().toLongLong(&bien);
+            fila.*std::get<qint64 T::*>(c.miembro) = entero_de(v.toString(), c.rasgos, bien);
         }
         if (!bien)
             return false;
@@ -53,6 +66,8 @@ QByteArray escriba_borrador(const Borrador& b) {
                   {"momento", b.momento.toString(Qt::ISODateWithMs)},
                   {"dia", b.dia},
                   {"encabezado", objeto_de(b.comprobante, columnas_encabezado())}};
+    if (!b.periodo.isEmpty())
+        o["periodo"] = b.periodo;
     for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
         QJsonArray lineas;
         for (const LineaComprobante& l : b.comprobante.lineas(libro))
@@ -67,6 +82,7 @@ std::optional<Borrador> lea_borrador(const QByteArray& texto) {
     Borrador b;
     b.momento = QDateTime::fromString(o["momento"].toString(), Qt::ISODateWithMs);
     b.dia = o["dia"].toString();
+    b.periodo = o["periodo"].toString();
     if (o["version"].toInt() != kVersion || !b.momento.isValid() ||
         !fila_de(o["encabezado"].toObject(), b.comprobante, columnas_encabezado()))
         return {};

@@ -9,6 +9,7 @@ struct Borrador {
     QDateTime momento; ///< de la última tecla que guardó
     QString dia;       ///< el que se digitó en el encabezado
     Comprobante comprobante;
+    QString periodo; ///< "aaaamm" del día; vacío en los que no lo guardaban
 };
 
 QByteArray escriba_borrador(const Borrador& borrador);

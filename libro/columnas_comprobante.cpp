@@ -51,7 +51,7 @@ QVector<ColumnaDe<LineaComprobante>> arme_columnas(Libro libro) {
         {"CODE_DESCONTABLE", &L::descontable, "Desc.", 1, ColFija},
     };
     if (niif)
-        columnas.append({"CODE_ITEMREP", &L::item_replica, "Réplica de", 0, ColCeroNulo});
+        columnas.append({"CODE_ITEMREP", &L::item_replica, "Réplica de", 0, ColAusente});
     return columnas;
 }
 

@@ -13,6 +13,7 @@ enum RasgoColumna : unsigned {
     ColMemo = 4,
     ColCeroNulo = 8, ///< un cero va a la base como nulo
     ColTasa = 16,    ///< un porcentaje
+    ColAusente = 32, ///< un entero negativo dice que no hay, y va a la base como nulo
 };
 
 template <class T> struct ColumnaDe {
@@ -30,7 +31,8 @@ template <class T> struct ColumnaDe {
         if (const auto* m = std::get_if<Moneda T::*>(&miembro))
             return (rasgos & ColCeroNulo) && (fila.**m).es_cero() ? Valor() : Valor(fila.**m);
         const qint64 n = fila.*std::get<qint64 T::*>(miembro);
-        return (rasgos & ColCeroNulo) && n == 0 ? Valor() : Valor(n);
+        const bool nulo = (rasgos & ColCeroNulo && n == 0) || (rasgos & ColAusente && n < 0);
+        return nulo ? Valor() : Valor(n);
     }
     void ponga(T& fila, const Valor& v) const {
         if (const auto* t = std::get_if<QString T::*>(&miembro))
@@ -38,7 +40,8 @@ template <class T> struct ColumnaDe {
         else if (const auto* m = std::get_if<Moneda T::*>(&miembro))
             fila.** m = v.moneda();
         else
-            fila.*std::get<qint64 T::*>(miembro) = v.entero();
+            fila.*std::get<qint64 T::*>(miembro) =
+                rasgos & ColAusente && v.nulo() ? -1 : v.entero();
     }
 };
 

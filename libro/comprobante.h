@@ -9,7 +9,7 @@
 
 /// Línea de un libro. Importes en pesos; un cero y un importe ausente son lo mismo.
 struct LineaComprobante {
-    qint64 item = 0; ///< CODE_ITEM
+    qint64 item = -1; ///< CODE_ITEM, desde 0; negativo mientras no tiene
     QString cuenta, concepto, referencia;
     Moneda debito, credito, base;
     Moneda porcentaje; ///< de 0 a 100
@@ -19,8 +19,9 @@ struct LineaComprobante {
     qint64 tipo_aplica = 0, tipo_abre = 0; ///< TIDO_COD
     QString categoria, documento, documento_aplica;
     QString descontable;
-    qint64 item_replica = 0; ///< solo en NIIF: la línea 2649 de la que es réplica
+    qint64 item_replica = -1; ///< solo en NIIF: la línea 2649 que replica; negativo si ninguna
 
+    bool es_replica() const { return item_replica >= 0; }
     bool operator==(const LineaComprobante&) const = default;
 };
 

@@ -61,7 +61,7 @@ Comprobante copie_comprobante(const Comprobante& original, Copia clase, const QS
         c.replica = QStringLiteral("N");
     for (Libro libro : {Libro::Decreto2649, Libro::Niif})
         for (LineaComprobante& l : c.lineas(libro)) {
-            l.item_replica = 0;
+            l.item_replica = -1;
             if (reverso) {
                 reverse(l);
                 continue;

@@ -1,7 +1,11 @@
 #include "libro/grabacion.h"
 
+#include "datos/recordset/cambios.h"
+#include "datos/recordset/sin_eventos.h"
 #include "libro/numeracion.h"
 #include "libro/revision.h"
+
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -29,6 +33,21 @@ private:
     Proveedor& p_;
     decltype(Proveedor::OnUpdateError) manejador_;
 };
+
+/// Deja la fila por grabar aunque nada le haya cambiado: un concepto lleno no tiene dónde poner el
+/// blanco.
+void marque(ConjuntoDatos& d, Campo& campo) {
+    d.CheckBrowseMode();
+    if (cambios::fila_actual(d)->marca != Fila::Marca::Intacta)
+        return;
+    const SinEventos callado(d);
+    const Valor queda = campo.valor();
+    for (const Valor& v : {queda.nulo() ? Valor(QStringLiteral("-")) : Valor(), queda}) {
+        d.Edit();
+        campo = v;
+        d.Post();
+    }
+}
 
 } // namespace
 
@@ -79,14 +98,29 @@ ResultadoGrabacion GrabacionComprobante::grabe(const ModoGrabacion& modo) {
     ResultadoGrabacion r;
     r.id = tome_id();
     r.numero_pedido = numero();
+    Campo& concepto = c_.encabezado.FieldByName("ENCO_CONCEPTO");
+    const QScopedValueRollback<unsigned> banderas(concepto.ProviderFlags);
     if (modo.encabezado_viaja)
-        haga_viajar_el_encabezado();
+        alterne_blanco();
+    if (modo.encabezado_viaja || se_borraron_lineas()) {
+        concepto.ProviderFlags |= cambios::pfSiempre;
+        marque(c_.encabezado, concepto);
+    }
     r.clase = aplique(modo, r) ? ResultadoGrabacion::Grabado : ResultadoGrabacion::Fallo;
     r.numero = numero();
     return r;
 }
 
-void GrabacionComprobante::haga_viajar_el_encabezado() {
+bool GrabacionComprobante::se_borraron_lineas() const {
+    // Con el encabezado la base sabe que las quitó quien editaba el comprobante.
+    const auto borradas = [this](Libro libro) {
+        const Detalle* d = cambios::filas_de(c_.lineas(libro));
+        return d && !d->borradas.empty();
+    };
+    return borradas(Libro::Decreto2649) || borradas(Libro::Niif);
+}
+
+void GrabacionComprobante::alterne_blanco() {
     c_.encabezado.Edit();
     if (!std::exchange(blanco_puesto_, true)) {
         Campo& concepto = c_.encabezado.FieldByName("ENCO_CONCEPTO");
@@ -186,11 +220,11 @@ private:
 /// Las líneas sin número toman los que siguen.
 void numere_lineas(Comprobante& c) {
     for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
-        qint64 mayor = 0;
+        qint64 mayor = 0; // la primera sin número es la 1
         for (const LineaComprobante& l : c.lineas(libro))
             mayor = qMax(mayor, l.item);
         for (LineaComprobante& l : c.lineas(libro))
-            if (l.item == 0)
+            if (l.item < 0)
                 l.item = ++mayor;
     }
 }

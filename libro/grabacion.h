@@ -54,7 +54,8 @@ public:
 private:
     bool aplique(const ModoGrabacion& modo, ResultadoGrabacion& resultado);
     bool tome_otro_numero();
-    void haga_viajar_el_encabezado();
+    bool se_borraron_lineas() const;
+    void alterne_blanco();
     QString numero() const;
 
     ConjuntosComprobante c_;

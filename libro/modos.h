@@ -22,7 +22,7 @@ struct ModoGrabacion {
     bool niif_solo_con_2649 = false; ///< con el 2649 vacío no se prueba ninguno de los dos
     bool vuelve_a_edicion = false;   ///< la fila actual del libro descuadrado vuelve a edición
     bool nuevo = false;              ///< respeta los bloqueos; un número automático tomado avanza
-    bool encabezado_viaja = false;   ///< un blanco va y viene en el concepto: siempre hay un update
+    bool encabezado_viaja = false;   ///< siempre hay un update, con un blanco que va y viene
     bool revisa_celdas = false;  ///< quien graba no pasó por las celdas: se revisa dato por dato
     bool rehusa_vacio = false;   ///< sin líneas en ningún libro no se graba
     bool revisa_nacidas = false; ///< a las réplicas que nacieron en la base no puede faltarles nada

@@ -52,11 +52,12 @@ struct Rechazo {
     QString texto;              ///< del sistema, listo para mostrar; vacío: se rehúsa callado
     QString campo;              ///< columna de la tabla en que está el dato, o vacío
     std::optional<Libro> libro; ///< sin libro, es del encabezado
-    int item = 0;               ///< CODE_ITEM de la línea; 0 si no es de una línea
+    int item = -1;              ///< CODE_ITEM de la línea; negativo si no es de una línea
     Oferta oferta = Oferta::Ninguna;
     QString pregunta; ///< con que se propone la oferta
     QString dato;     ///< código por crear, o id del comprobante por consultar
 
+    bool de_linea() const { return item >= 0; }
     /// De una línea de ese libro.
     Rechazo& en(Libro l, int linea) {
         libro = l;

@@ -203,7 +203,7 @@ private:
 void revise_nacidas(Rechazos& lista, Conexion& conexion, const Comprobante& c) {
     FaltasNiif faltas(conexion);
     for (const LineaComprobante& l : c.lineas_niif)
-        if (l.item_replica != 0)
+        if (l.es_replica())
             faltas.mire(l, l.cuenta);
     lista << faltas.rechazos(Libro::Niif, [](QString lineas, const QString& cuenta) {
         return lineas.replace(0, 1, lineas[0].toUpper()) + " del libro NIIF, cuenta " + cuenta +
@@ -260,7 +260,7 @@ Rechazos revise_replica(Conexion& conexion, const Comprobante& c) {
         return {};
     const bool a_mano =
         !c.lineas_niif.isEmpty() && std::none_of(c.lineas_niif.begin(), c.lineas_niif.end(),
-                                                 [](const auto& l) { return l.item_replica != 0; });
+                                                 [](const auto& l) { return l.es_replica(); });
     if (a_mano)
         return {};
     QMap<QString, QStringList> lineas;

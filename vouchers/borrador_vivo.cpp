@@ -6,7 +6,7 @@
 #include <QCryptographicHash>
 
 QString huella(const Comprobante& comprobante) {
-    return QString::fromLatin1(QCryptographicHash::hash(escriba_borrador({{}, {}, comprobante}),
+    return QString::fromLatin1(QCryptographicHash::hash(escriba_borrador({{}, {}, comprobante, {}}),
                                                         QCryptographicHash::Sha256)
                                    .toHex());
 }
@@ -41,7 +41,7 @@ QByteArray BorradorVivo::contenido() const {
         if (c == *guardado_)
             return {};
     }
-    return escriba_borrador({reloj().ahora(), dia_(), c});
+    return escriba_borrador({reloj().ahora(), dia_(), c, periodo ? periodo() : QString()});
 }
 
 std::optional<Borrador> BorradorVivo::tome_huerfano() {

@@ -15,7 +15,8 @@ public:
     void parta_de(const Comprobante& guardado) { guardado_ = guardado; }
     std::optional<Borrador> tome_huerfano();
 
-    std::function<bool()> hay; ///< si lo digitado vale la pena; nulo, todo cambio
+    std::function<bool()> hay;        ///< si lo digitado vale la pena; nulo, todo cambio
+    std::function<QString()> periodo; ///< "aaaamm" del día digitado; nulo, no hace falta
 
 protected:
     QByteArray contenido() const override;

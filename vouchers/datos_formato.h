@@ -16,21 +16,23 @@ struct DatoFormato {
     const char* nombre; ///< DAFO_DATO
     bool detalle;       ///< del pase de detalle (DAFO_REPITE "S"); si no, del de encabezado
     ClaseDatoFormato clase;
+    const char* columna = nullptr; ///< de la consulta; nulo, lo sabe el intérprete
 };
 
 inline constexpr DatoFormato kDatosFormato[] = {
-    {"TIPO", false, ClaseDatoFormato::Texto},
-    {"NOMBRE TIPO", false, ClaseDatoFormato::Texto},
-    {"PREFIJO", false, ClaseDatoFormato::Texto},
-    {"NUMERO", false, ClaseDatoFormato::Texto},
-    {"FECHA", false, ClaseDatoFormato::Texto},
-    {"CONCEPTO", false, ClaseDatoFormato::Texto},
-    {"REFERENCIA", false, ClaseDatoFormato::Texto},
-    {"ENCABEZADO NIT", false, ClaseDatoFormato::Texto}, // imprime el nombre, como el que sigue
-    {"ENCABEZADO NOMBRE", false, ClaseDatoFormato::Texto},
+    {"TIPO", false, ClaseDatoFormato::Texto, "TIPO"},
+    {"NOMBRE TIPO", false, ClaseDatoFormato::Texto, "NOMTIPO"},
+    {"PREFIJO", false, ClaseDatoFormato::Texto, "PREF"},
+    {"NUMERO", false, ClaseDatoFormato::Texto, "NUMERO"},
+    {"FECHA", false, ClaseDatoFormato::Texto, "FECHA"},
+    {"CONCEPTO", false, ClaseDatoFormato::Texto, "CONCEPTO"},
+    {"REFERENCIA", false, ClaseDatoFormato::Texto, "REFER"},
+    {"ENCABEZADO NIT", false, ClaseDatoFormato::Texto,
+     "NOMENC"}, // imprime el nombre, como el que sigue
+    {"ENCABEZADO NOMBRE", false, ClaseDatoFormato::Texto, "NOMENC"},
     {"TOTAL DEBITOS", false, ClaseDatoFormato::Pesos},
     {"TOTAL CREDITOS", false, ClaseDatoFormato::Pesos},
-    {"MONTO COMPROBANTE", false, ClaseDatoFormato::Pesos},
+    {"MONTO COMPROBANTE", false, ClaseDatoFormato::Pesos, "MONTO"},
     {"MONTO LETRAS", false, ClaseDatoFormato::Texto},
     {"NOMBRE USUARIO", false, ClaseDatoFormato::Texto},
     {"CODIGO USUARIO", false, ClaseDatoFormato::Texto},
@@ -44,25 +46,26 @@ inline constexpr DatoFormato kDatosFormato[] = {
     {"NIT COMPANIA", false, ClaseDatoFormato::Texto},
     {"ENCABEZA COMPANIA", false, ClaseDatoFormato::Texto},
     {"LOGO COMPANIA", false, ClaseDatoFormato::Imagen},
-    {"ITEM", true, ClaseDatoFormato::Texto},
-    {"CUENTA", true, ClaseDatoFormato::Texto},
-    {"NOMBRE CUENTA", true, ClaseDatoFormato::Texto},
-    {"NIT TERCERO", true, ClaseDatoFormato::Texto},
-    {"NOMBRE TERCERO", true, ClaseDatoFormato::Texto},
-    {"CENTRO COSTO", true, ClaseDatoFormato::Texto},
-    {"SUBCENTRO COSTO", true, ClaseDatoFormato::Texto},
-    {"NOMBRE CENTRO COSTO", true, ClaseDatoFormato::Texto},
-    {"NOMBRE SUBCEBTRO COSTO", true, ClaseDatoFormato::Texto}, // la errata es la llave
-    {"CONCEPTO ITEM", true, ClaseDatoFormato::Texto},
-    {"REFERENCIA ITEM", true, ClaseDatoFormato::Numero}, // una referencia con letras no convierte
-    {"ARTICULO", true, ClaseDatoFormato::Texto},
-    {"DESCRIPCION ARTICULO", true, ClaseDatoFormato::Texto},
-    {"DEBITO ITEM", true, ClaseDatoFormato::Numero},
-    {"CREDITO ITEM", true, ClaseDatoFormato::Numero},
-    {"NETO ITEM", true, ClaseDatoFormato::Numero},
-    {"BASE ITEM", true, ClaseDatoFormato::Numero},
-    {"PORCENTAJE ITEM", true, ClaseDatoFormato::Numero},
-    {"DOCUMENTO ITEM", true, ClaseDatoFormato::Texto},
-    {"DOCUMENTO APLICACION", true, ClaseDatoFormato::Texto},
-    {"DOCUMENTO VENCE", true, ClaseDatoFormato::Texto},
+    {"ITEM", true, ClaseDatoFormato::Texto, "ITEM"},
+    {"CUENTA", true, ClaseDatoFormato::Texto, "CUENTA"},
+    {"NOMBRE CUENTA", true, ClaseDatoFormato::Texto, "NOMCUENTA"},
+    {"NIT TERCERO", true, ClaseDatoFormato::Texto, "NIT"},
+    {"NOMBRE TERCERO", true, ClaseDatoFormato::Texto, "NOMTERCERO"},
+    {"CENTRO COSTO", true, ClaseDatoFormato::Texto, "PROYECTO"},
+    {"SUBCENTRO COSTO", true, ClaseDatoFormato::Texto, "CENTRO"},
+    {"NOMBRE CENTRO COSTO", true, ClaseDatoFormato::Texto, "NOMPROY"},
+    {"NOMBRE SUBCEBTRO COSTO", true, ClaseDatoFormato::Texto, "NOMCENT"}, // la errata es la llave
+    {"CONCEPTO ITEM", true, ClaseDatoFormato::Texto, "ITCONCEPTO"},
+    {"REFERENCIA ITEM", true, ClaseDatoFormato::Numero,
+     "ITREFER"}, // una referencia con letras no convierte
+    {"ARTICULO", true, ClaseDatoFormato::Texto, "ARTICULO"},
+    {"DESCRIPCION ARTICULO", true, ClaseDatoFormato::Texto, "NOMARTIC"},
+    {"DEBITO ITEM", true, ClaseDatoFormato::Numero, "DEBITO"},
+    {"CREDITO ITEM", true, ClaseDatoFormato::Numero, "CREDITO"},
+    {"NETO ITEM", true, ClaseDatoFormato::Numero, "NETO"},
+    {"BASE ITEM", true, ClaseDatoFormato::Numero, "BASE"},
+    {"PORCENTAJE ITEM", true, ClaseDatoFormato::Numero, "PORC"},
+    {"DOCUMENTO ITEM", true, ClaseDatoFormato::Texto, "NUMDOC"},
+    {"DOCUMENTO APLICACION", true, ClaseDatoFormato::Texto, "NUMAPLICA"},
+    {"DOCUMENTO VENCE", true, ClaseDatoFormato::Texto, "VENCE"},
 };

@@ -21,25 +21,12 @@ QString de_la_agencia(const QString& compania, const QString& agencia) {
 
 using Lectura = std::function<QString(ConjuntoDatos&)>;
 
-Lectura campo(const char* nombre) {
-    return [nombre](ConjuntoDatos& c) { return c.FieldByName(nombre).texto(); };
-}
-
-/// De dónde sale cada dato del vocabulario. Los de registro y el logo los resuelve el intérprete.
-const QHash<QString, Lectura>& lecturas() {
+/// Los datos que no son una columna de la consulta. La página, el registro y el logo salen del
+/// intérprete.
+const QHash<QString, Lectura>& calculados() {
     static const QHash<QString, Lectura> tabla{
-        {"TIPO", campo("TIPO")},
-        {"NOMBRE TIPO", campo("NOMTIPO")},
-        {"PREFIJO", campo("PREF")},
-        {"NUMERO", campo("NUMERO")},
-        {"FECHA", campo("FECHA")},
-        {"CONCEPTO", campo("CONCEPTO")},
-        {"REFERENCIA", campo("REFER")},
-        {"ENCABEZADO NIT", campo("NOMENC")},
-        {"ENCABEZADO NOMBRE", campo("NOMENC")},
         {"TOTAL DEBITOS", [](ConjuntoDatos& c) { return c.agregado("SumDb").texto(); }},
         {"TOTAL CREDITOS", [](ConjuntoDatos& c) { return c.agregado("SumCr").texto(); }},
-        {"MONTO COMPROBANTE", campo("MONTO")},
         {"MONTO LETRAS",
          [](ConjuntoDatos& c) { return fdm().numero_a_letras(c.FieldByName("MONTO").moneda()); }},
         {"NOMBRE USUARIO", [](ConjuntoDatos&) { return fdm().nombre_usuario; }},
@@ -58,29 +45,13 @@ const QHash<QString, Lectura>& lecturas() {
          }},
         {"NIT COMPANIA", [](ConjuntoDatos&) { return fdm().datos_compania.nit; }},
         {"ENCABEZA COMPANIA", [](ConjuntoDatos&) { return fdm().datos_compania.encabezado; }},
-        {"ITEM", campo("ITEM")},
-        {"CUENTA", campo("CUENTA")},
-        {"NOMBRE CUENTA", campo("NOMCUENTA")},
-        {"NIT TERCERO", campo("NIT")},
-        {"NOMBRE TERCERO", campo("NOMTERCERO")},
-        {"CENTRO COSTO", campo("PROYECTO")},
-        {"SUBCENTRO COSTO", campo("CENTRO")},
-        {"NOMBRE CENTRO COSTO", campo("NOMPROY")},
-        {"NOMBRE SUBCEBTRO COSTO", campo("NOMCENT")},
-        {"CONCEPTO ITEM", campo("ITCONCEPTO")},
-        {"REFERENCIA ITEM", campo("ITREFER")},
-        {"ARTICULO", campo("ARTICULO")},
-        {"DESCRIPCION ARTICULO", campo("NOMARTIC")},
-        {"DEBITO ITEM", campo("DEBITO")},
-        {"CREDITO ITEM", campo("CREDITO")},
-        {"NETO ITEM", campo("NETO")},
-        {"BASE ITEM", campo("BASE")},
-        {"PORCENTAJE ITEM", campo("PORC")},
-        {"DOCUMENTO ITEM", campo("NUMDOC")},
-        {"DOCUMENTO APLICACION", campo("NUMAPLICA")},
-        {"DOCUMENTO VENCE", campo("VENCE")},
     };
     return tabla;
+}
+
+QString lea(const DatoFormato& dato, ConjuntoDatos& c) {
+    return dato.columna ? c.FieldByName(QLatin1String(dato.columna)).texto()
+                        : calculados()[QLatin1String(dato.nombre)](c);
 }
 
 const DatoFormato* dato_llamado(const QString& nombre, bool detalle) {
@@ -190,7 +161,7 @@ void InterpreteFormato::imprima_dato_encabezado(qreal x, qreal y) {
         if (!valor.isEmpty())
             imprima_cadena(valor, x, y);
     } else {
-        const QString texto = lecturas().value(nombre)(comprobante_);
+        const QString texto = lea(*dato, comprobante_);
         if (dato->clase == ClaseDatoFormato::Texto)
             imprima_cadena(texto, x, y);
         else
@@ -248,7 +219,7 @@ void InterpreteFormato::imprima_dato_detalle(qreal x, qreal y) {
     const DatoFormato* dato = dato_llamado(nombre, true);
     if (!dato)
         return;
-    const QString texto = lecturas().value(nombre)(comprobante_);
+    const QString texto = lea(*dato, comprobante_);
     if (dato->clase == ClaseDatoFormato::Texto)
         imprima_cadena(texto, x, y);
     else

@@ -42,8 +42,7 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
     }
     OnEnter = [this] {
         if (EAplica)
-            abiertos_ = documentos_abiertos(lineas_.conexion(), Libro::Decreto2649,
-                                            lineas_.FieldByName("TERC_NIT").texto());
+            lea_abiertos();
         proponga_vencimiento();
     };
 }
@@ -55,31 +54,46 @@ EditorSugerido* PanelDocumento::arme_aplica(const Campos& campos) {
     e->setObjectName("EAplica");
     e->al_entrar = true;
     e->Sugiere = [this](const QString& tecleado) { return abiertos(tecleado); };
-    e->OnEscoger = [this, tipo = campos.tipo_aplica](const Sugerencia& s) {
-        aplique(s.codigo, tipo);
-    };
+    e->OnEscoger = [this, tipo = campos.tipo_aplica](const Sugerencia& s) { aplique(s, tipo); };
     return e;
 }
+
+void PanelDocumento::lea_abiertos() {
+    abiertos_ = documentos_abiertos(lineas_.conexion(), Libro::Decreto2649,
+                                    lineas_.FieldByName("TERC_NIT").texto());
+    // Primero los de la cuenta que se está moviendo.
+    std::stable_partition(abiertos_.begin(), abiertos_.end(),
+                          [cuenta = lineas_.FieldByName("CUEN_COD").texto()](const auto& d) {
+                              return d.cuenta == cuenta;
+                          });
+}
+
+namespace {
+/// Como se ofrece: también su cuenta, que dos documentos pueden llevar el mismo número.
+Sugerencia sugerencia_de(const DocumentoAbierto& d) {
+    const QDate vence = QDate::fromString(d.vence, QStringLiteral("yyyyMMdd"));
+    QStringList dice{d.nombre_tipo, d.cuenta};
+    if (vence.isValid())
+        dice << "vence " + vence.toString(QStringLiteral("yyyy/MM/dd"));
+    dice << (d.saldo.negativa() ? "se debe " : "nos deben ") + d.saldo.absoluta().formateada();
+    dice.removeAll(QString());
+    return {d.numero, dice.join(" · ")};
+}
+} // namespace
 
 QVector<Sugerencia> PanelDocumento::abiertos(const QString& tecleado) const {
     QVector<Sugerencia> lista;
     for (const DocumentoAbierto& d : abiertos_) {
-        if (!d.numero.startsWith(tecleado.trimmed(), Qt::CaseInsensitive))
-            continue;
-        const QDate vence = QDate::fromString(d.vence, QStringLiteral("yyyyMMdd"));
-        QStringList dice{d.nombre_tipo};
-        if (vence.isValid())
-            dice << "vence " + vence.toString(QStringLiteral("yyyy/MM/dd"));
-        dice << (d.saldo.negativa() ? "se debe " : "nos deben ") + d.saldo.absoluta().formateada();
-        dice.removeAll(QString());
-        lista.append({d.numero, dice.join(" · ")});
+        if (d.numero.startsWith(tecleado.trimmed(), Qt::CaseInsensitive))
+            lista.append(sugerencia_de(d));
     }
     return lista;
 }
 
-void PanelDocumento::aplique(const QString& numero, const char* tipo_aplica) {
-    const auto d = std::find_if(abiertos_.begin(), abiertos_.end(),
-                                [&](const auto& x) { return x.numero == numero; });
+void PanelDocumento::aplique(const Sugerencia& escogida, const char* tipo_aplica) {
+    const auto d = std::find_if(abiertos_.begin(), abiertos_.end(), [&](const auto& x) {
+        return x.numero == escogida.codigo && sugerencia_de(x).nombre == escogida.nombre;
+    });
     if (d == abiertos_.end())
         return;
     lineas_.Edit();

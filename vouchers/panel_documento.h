@@ -32,7 +32,8 @@ public:
 private:
     EditorSugerido* arme_aplica(const Campos& campos);
     QVector<Sugerencia> abiertos(const QString& tecleado) const;
-    void aplique(const QString& numero, const char* tipo_aplica);
+    void lea_abiertos();
+    void aplique(const Sugerencia& escogida, const char* tipo_aplica);
     void proponga_vencimiento();
     void DateTimePicker1Change();
     ConjuntoDatos& lineas_;

@@ -256,21 +256,23 @@ void PantallaComprobante::muestre_mandante() {
 
 // ---------------------------------------------------------------- grabar
 
-void PantallaComprobante::termine_lineas() {
-    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
-        try {
-            l->termine_linea();
-        } catch (const EdicionAbortada&) {
-            muestre_pagina(l->libro);
-            throw;
-        }
-    }
+void PantallaComprobante::pagina_cambiada(int pagina) {
+    const bool entra = pagina == 1;
+    // El foco va primero: lo que se rehúse al pasar lo lleva a donde se corrige.
+    lineas_a_la_vista().rejilla->setFocus();
+    if (!prepare_paso(entra ? *lineas_2649 : *lineas_niif))
+        return;
+    const ResultadoGrabacion r = grabe(quien_pasa(entra));
+    if (r.clase == ResultadoGrabacion::Rehusado)
+        return;
+    if (entra)
+        recuerde_para_el_siguiente();
+    termine_paso(entra, r.clase == ResultadoGrabacion::Grabado);
 }
 
-void PantallaComprobante::muestre_pagina(Libro libro) {
-    const QSignalBlocker callada(PageControl1); // ir a corregir no graba nada
-    PageControl1->setCurrentIndex(es_niif(libro) ? 1 : 0);
-    lineas_a_la_vista().rejilla->setFocus();
+void PantallaComprobante::recuerde_para_el_siguiente() {
+    fdmcnt().dia_actual = EDia->text();
+    tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
 }
 
 void PantallaComprobante::siga_los_items() {
@@ -309,7 +311,7 @@ void PantallaComprobante::diga(const Rechazos& rechazos, const ModoGrabacion& mo
             lineas_de(*r.libro).Edit();
     }
     const auto primera = std::find_if(rechazos.begin(), rechazos.end(),
-                                      [](const Rechazo& r) { return r.item != 0; });
+                                      [](const Rechazo& r) { return r.de_linea(); });
     if (primera == rechazos.end())
         return;
     muestre_pagina(*primera->libro);
@@ -390,11 +392,6 @@ void PantallaComprobante::reciba_en_encabezado(const char* campo, const QString&
 }
 
 // ---------------------------------------------------------------- salida
-
-bool PantallaComprobante::salida_confirmada() {
-    return pregunte_con_no(
-        "Desea salir del comprobante y perder los movimientos que no ha grabado?");
-}
 
 void PantallaComprobante::SBCancelClick() {
     if (hay_por_perder() && !salida_confirmada())

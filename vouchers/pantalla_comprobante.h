@@ -64,9 +64,15 @@ protected:
     virtual void pegue_filas(LineasLibro& lineas, const QVector<QStringList>& filas) = 0;
     virtual bool pegar_abre_columnas() const { return true; }
     void llene_categorias(Rejilla* rejilla);
-    void pagina_cambiada(int pagina) override { pagina == 1 ? TabSheet2Enter() : TabSheet2Exit(); }
-    virtual void TabSheet2Enter() = 0;
-    virtual void TabSheet2Exit() = 0;
+    /// Graba el libro que se deja.
+    void pagina_cambiada(int pagina) override;
+    virtual Grabador quien_pasa(bool entra_niif) const = 0;
+    /// Termina lo que se deja; falso si al pasar no hay qué grabar.
+    virtual bool prepare_paso(LineasLibro& deja) = 0;
+    /// Lo que sigue a la grabación, cuando no se rehusó.
+    virtual void termine_paso(bool entra_niif, bool grabado) = 0;
+    /// El día y el tipo son los que se proponen en el comprobante que siga.
+    void recuerde_para_el_siguiente();
 
     // eventos compartidos
     void encabezado_TERC_NITChange(Campo& campo);
@@ -94,17 +100,13 @@ protected:
     bool FormClose() override;
     /// Cierra sin preguntar: lo que había ya está grabado o borrado.
     void cierre();
-    bool salida_confirmada();
     /// La plantilla, puesta en su fila; falso, después de decirlo, si alguien la borró.
     bool ubique_plantilla(ConjuntoDatos& plantillas, const QString& id);
     void quite_filtro();
-    /// Termina la línea pendiente de cada libro; si una se rehúsa, deja a la vista la suya.
-    void termine_lineas();
     /// Los contadores siguen a las líneas que hay.
     void siga_los_items();
 
 private:
-    void muestre_pagina(Libro libro);
     void construya_controles();
     void disponga(QWidget* control_prefijo);
     void construya_panel_documento();

@@ -39,6 +39,23 @@ void PantallaLineas::abra_pagina_inicial() {
 
 // ---------------------------------------------------------------- páginas y rejillas
 
+void PantallaLineas::muestre_pagina(Libro libro) {
+    const QSignalBlocker callada(PageControl1); // ir a corregir no graba nada
+    PageControl1->setCurrentIndex(es_niif(libro) ? 1 : 0);
+    lineas_a_la_vista().rejilla->setFocus();
+}
+
+void PantallaLineas::termine_lineas() {
+    for (LineasLibro* l : {lineas_2649, lineas_niif}) {
+        try {
+            l->termine_linea();
+        } catch (const EdicionAbortada&) {
+            muestre_pagina(l->libro);
+            throw;
+        }
+    }
+}
+
 void PantallaLineas::construya_paginas() {
     PageControl1 = new QTabWidget;
     PageControl1->setObjectName("PageControl1");
@@ -80,10 +97,6 @@ void PantallaLineas::declare_teclas_comunes(QWidget* anterior) {
     QWidget::setTabOrder(lineas_2649->rejilla, lineas_niif->rejilla);
     QWidget::setTabOrder(lineas_niif->rejilla, SBGrabar);
     tecla(Qt::Key_F5, "sugiera_db_cr", [this] { lineas_a_la_vista().sugiera_db_cr(); });
-    // Ir a buscar no escribe la celda a medias: lo escogido la reemplaza.
-    const auto busque = [this](int clave, const char* pantalla, std::function<void()> accion) {
-        tecla(clave, Qt::NoModifier, pantalla, std::move(accion), false);
-    };
     const auto pagina = [this](int clave, int indice) {
         tecla(clave, Qt::ControlModifier, "PageControl1",
               [this, indice] { PageControl1->setCurrentIndex(indice); });
@@ -92,8 +105,13 @@ void PantallaLineas::declare_teclas_comunes(QWidget* anterior) {
           [this] { pase_de_parte(); });
     pagina(Qt::Key_PageDown, 1);
     pagina(Qt::Key_PageUp, 0);
-    busque(Qt::Key_F6, "Tfterceros", [this] { busque_tercero(); });
-    busque(Qt::Key_F7, "Tfcentros", [this] { busque_centro(); });
+    tecla_de_busqueda(Qt::Key_F6, "Tfterceros", [this] { busque_tercero(); });
+    tecla_de_busqueda(Qt::Key_F7, "Tfcentros", [this] { busque_centro(); });
+}
+
+void PantallaLineas::tecla_de_busqueda(int clave, const char* pantalla,
+                                       std::function<void()> accion) {
+    tecla(clave, Qt::NoModifier, pantalla, std::move(accion), false);
 }
 
 void PantallaLineas::pase_de_parte() {

@@ -59,10 +59,17 @@ protected:
     /// Donde empieza el encabezado para quien viene de las líneas.
     virtual QWidget* encabezado_al_volver() const = 0;
     void abra_pagina_inicial();
+    /// La página de ese libro, con el cursor en sus líneas, sin grabar nada al pasar.
+    void muestre_pagina(Libro libro);
+    /// Termina la línea pendiente de cada libro; si una se rehúsa, deja a la vista la suya.
+    void termine_lineas();
     /// Con el tipo vacío propone el anterior o el primero.
     void LTipoEnter();
     /// La línea a la que va lo que se busque ahora; nula: lo escogido no va a ninguna.
     virtual LineasLibro* linea_que_pide() const;
+    /// Tecla que abre una lista. Ir a buscar no escribe la celda a medias: lo escogido la
+    /// reemplaza.
+    void tecla_de_busqueda(int clave, const char* pantalla, std::function<void()> accion);
     void busque_cuenta(Libro plan);
     virtual void busque_tercero();
     void busque_centro();

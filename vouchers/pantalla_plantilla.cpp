@@ -78,9 +78,7 @@ void PantallaPlantilla::construya(const QString& archivo) {
         const LineasLibro& l = lineas_a_la_vista();
         abra_auxiliar(l.libro, l.detalle.FieldByName("CUEN_COD").texto());
     });
-    tecla(
-        Qt::Key_F9, Qt::NoModifier, "Tfcuentas", [this] { busque_cuenta(Libro::Decreto2649); },
-        false);
+    tecla_de_busqueda(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(Libro::Decreto2649); });
     orden_de_entrega<PideTercero, PideCuenta, PideCentro, PideArticulo, PideActivo>();
     enter_como_tab();
     tamano_del_area(60, 40);
@@ -173,11 +171,6 @@ void PantallaPlantilla::DBGridDblClick(Libro libro, int columna) {
         busque_cuenta(Libro::Decreto2649);
     else
         PantallaLineas::DBGridDblClick(libro, columna);
-}
-
-void PantallaPlantilla::termine_lineas() {
-    lineas_2649->termine_linea();
-    lineas_niif->termine_linea();
 }
 
 void PantallaPlantilla::siga_borrador(

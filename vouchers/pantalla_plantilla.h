@@ -40,7 +40,6 @@ protected:
     void abra_catalogos();
     /// Deja en LPref los prefijos del tipo del encabezado, sin tocar el que tiene.
     void ubique_tipo();
-    void termine_lineas();
     /// Desde aquí lo que se digita queda a salvo; si un programa murió digitando `cual`, lo ofrece.
     void siga_borrador(const QString& cual, std::function<bool()> hay,
                        const std::function<QString(const BorradorFilas::Huerfano&)>& frase);

@@ -1,5 +1,6 @@
 #pragma once
 // Piezas pequeñas con que se arman las pantallas de comprobantes.
+#include "toolkit/dialogos.h"
 #include "toolkit/nombrado.h"
 
 #include <QLabel>
@@ -9,6 +10,12 @@ inline QString cuantas_lineas(qsizetype lineas) {
     return lineas == 0   ? QStringLiteral("sin líneas")
            : lineas == 1 ? QStringLiteral("1 línea")
                          : QStringLiteral("%1 líneas").arg(lineas);
+}
+
+/// La pregunta de quien deja un comprobante, o los saldos iniciales, con algo sin grabar.
+inline bool salida_confirmada() {
+    return pregunte_con_no(
+        "Desea salir del comprobante y perder los movimientos que no ha grabado?");
 }
 
 constexpr int kLetrasNombre = 80; ///< ninguno pide más, aunque la ventana sea ancha

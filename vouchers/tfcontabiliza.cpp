@@ -337,7 +337,7 @@ LineasPropuesta* Tfcontabiliza::descuadrada() const {
 
 void Tfcontabiliza::vuelva_a_la_primera() {
     PageControl1->setCurrentIndex(0);
-    lineas_2649->rejilla->setFocus();
+    lineas_a_la_vista().rejilla->setFocus(); // el paso pudo rehusarse
     if (!CContadetalle.IsEmpty())
         CContadetalle.Edit();
 }

@@ -9,6 +9,7 @@
 #include "toolkit/sin_grabar.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/pch.h"
+#include "vouchers/piezas.h"
 
 #include <QMenu>
 #include <QScopedValueRollback>
@@ -94,7 +95,7 @@ void Tfedtmovimien::declare_menu_y_teclas() {
     auto* barra = findChild<BarraBotones*>("barra");
     SBBorrar =
         barra->boton("SBBorrar", "F3:Borrar", "edit-delete", {}, [this] { SBBorrarClick(); });
-    tecla(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(Libro::Decreto2649); });
+    tecla_de_busqueda(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(Libro::Decreto2649); });
     orden_de_entrega<PideTercero, PideNuevoTercero, PideCuenta, PideConcepto, PideCentro,
                      PideArticulo, PideActivo, PidePlantilla>();
     tecla(Qt::Key_F11, "oculta columnas", [this] { muestre_columnas(false); });
@@ -355,7 +356,7 @@ void Tfedtmovimien::SBGrabarClick() {
 
 bool Tfedtmovimien::se_tolera(const Rechazo& rechazo) const {
     // Lo que está cerrado no se puede corregir: no por eso deja de grabarse lo demás.
-    if (rechazo.libro == Libro::Niif && rechazo.item != 0 && !libre_niif)
+    if (rechazo.libro == Libro::Niif && rechazo.de_linea() && !libre_niif)
         return true;
     // Sin tocar el libro 2649, o con el NIIF cerrado, no hay réplica que hacer.
     return rechazo.motivo == Motivo::SinEquivalente && (!libre_niif || !toca_la_replica());
@@ -367,30 +368,14 @@ bool Tfedtmovimien::toca_la_replica() const {
     return toca;
 }
 
-void Tfedtmovimien::TabSheet2Enter() {
-    lineas_niif->rejilla->setFocus();
-    grabe_por_cambio_de_pagina(*lineas_2649, Grabador::EditarEntraNiif);
-}
-
-void Tfedtmovimien::TabSheet2Exit() {
-    lineas_2649->rejilla->setFocus();
-    grabe_por_cambio_de_pagina(*lineas_niif, Grabador::EditarSaleNiif);
-}
-
-void Tfedtmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien) {
-    lineas.termine_linea();
+bool Tfedtmovimien::prepare_paso(LineasLibro& deja) {
+    deja.termine_linea();
     // Mirar la otra página no graba a quien no puede grabar, ni lo que nadie cambió.
-    if (lineas.sin_lineas() || !SBGrabar->isEnabled() || (solo_imprime_ && !hay_por_perder()))
-        return;
-    const ResultadoGrabacion r = grabe(quien);
-    if (r.clase == ResultadoGrabacion::Rehusado)
-        return;
-    const bool entra = quien == Grabador::EditarEntraNiif, grabado = r.clase != r.Fallo;
-    if (entra) {
-        fdmcnt().dia_actual = EDia->text();
-        tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
-    }
-    if (entra && grabado) {
+    return !deja.sin_lineas() && SBGrabar->isEnabled() && (!solo_imprime_ || hay_por_perder());
+}
+
+void Tfedtmovimien::termine_paso(bool entra_niif, bool grabado) {
+    if (entra_niif && grabado) {
         CMovimiento.Refresh();
         siga_los_items(); // las réplicas ya ocupan los suyos
     }

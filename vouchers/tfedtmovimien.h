@@ -35,8 +35,11 @@ protected:
     bool hay_por_perder() const override;
     bool FormClose() override;
     bool se_tolera(const Rechazo& rechazo) const override;
-    void TabSheet2Enter() override;
-    void TabSheet2Exit() override;
+    Grabador quien_pasa(bool entra_niif) const override {
+        return entra_niif ? Grabador::EditarEntraNiif : Grabador::EditarSaleNiif;
+    }
+    bool prepare_paso(LineasLibro& deja) override;
+    void termine_paso(bool entra_niif, bool grabado) override;
     /// Con el foco donde esté.
     LineasLibro* linea_que_pide() const override { return &lineas_a_la_vista(); }
 
@@ -49,7 +52,6 @@ private:
     void muestre_cambio();
     void CMovimientoAfterEdit();
     void solo_imprima();
-    void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
     void replique();
     void recuerde_lo_visto();
     void siga_borrador();

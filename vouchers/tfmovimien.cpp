@@ -8,6 +8,24 @@
 
 #include <QScopedValueRollback>
 
+namespace {
+
+constexpr int kLargoPeriodo = 6; ///< "aaaamm"
+
+QString periodo_de_la_sesion() {
+    return fdmcnt().compone_fecha("1").left(kLargoPeriodo);
+}
+
+bool es_otro_periodo(const QString& periodo) {
+    return periodo.size() == kLargoPeriodo && periodo != periodo_de_la_sesion();
+}
+
+QString nombre_de(const QString& periodo) {
+    return Tfdm::nombres_periodo().value(periodo.mid(4).toInt() - 1) + " de " + periodo.left(4);
+}
+
+} // namespace
+
 Tfmovimien::Tfmovimien()
     : PantallaComprobante("Tfmovimien", "Comprobantes contables"),
       PPrefijos(this, "PPrefijos", &fdm().QPrefijos, poAllowCommandText),
@@ -69,7 +87,8 @@ void Tfmovimien::declare_botones() {
                                 });
     tecla(Qt::Key_F8, "Tfauxiliar",
           [this] { abra_auxiliar(Libro::Decreto2649, CDetalle.FieldByName("CUEN_COD").texto()); });
-    tecla(Qt::Key_F9, "Tfcuentas", [this] { busque_cuenta(lineas_a_la_vista().libro); });
+    tecla_de_busqueda(Qt::Key_F9, "Tfcuentas",
+                      [this] { busque_cuenta(lineas_a_la_vista().libro); });
 }
 
 // ---------------------------------------------------------------- creación
@@ -107,6 +126,7 @@ void Tfmovimien::ofrezca_lo_pendiente() {
         conjuntos(), fdm().Quorvex.parametros().base + '/' + fdm().usuario,
         [this] { return EDia->text() + ' ' + visto_; }, this);
     borrador_->hay = [this] { return hay_por_perder(); };
+    borrador_->periodo = periodo_de_la_sesion;
     if (provisional_)
         recupere_provisional();
     // Aunque lo anterior no se haya podido retomar, lo que se digite ahora queda a salvo.
@@ -130,6 +150,7 @@ void Tfmovimien::recupere_provisional() {
     case Segunda: {
         // El día, el prefijo y los contadores siguen al comprobante que se rescata.
         const auto rescatado = [this](const char* c) { return CMovimiento.FieldByName(c).texto(); };
+        pase_al_periodo(rescatado("ENCO_FECHA").left(kLargoPeriodo));
         EDia->setText(rescatado("ENCO_FECHA").right(2));
         siga_al_prefijo();
         siga_los_items();
@@ -153,9 +174,11 @@ void Tfmovimien::ofrezca_borrador() {
     if (!c.concepto.isEmpty())
         cual << QStringLiteral("«%1»").arg(c.concepto);
     cual << cuantas_lineas(lineas);
-    const QString que = QStringLiteral("%1 quedó un comprobante sin grabar: %2. ")
-                            .arg(hace_cuanto(borrador->momento, reloj().ahora()).replace(0, 1, "H"),
-                                 cual.join(QStringLiteral(", ")));
+    QString que = QStringLiteral("%1 quedó un comprobante sin grabar: %2. ")
+                      .arg(hace_cuanto(borrador->momento, reloj().ahora()).replace(0, 1, "H"),
+                           cual.join(QStringLiteral(", ")));
+    if (const QString periodo = periodo_de(*borrador); es_otro_periodo(periodo))
+        que += "Es de " + nombre_de(periodo) + " y se sigue en ese período. ";
     if (lo_cambio_otro(*borrador)
             ? pregunte_con_no(que + "Después de eso otro usuario lo cambió, y "
                                     "lo suyo se perdería. Desea retomarlo?")
@@ -170,6 +193,26 @@ bool Tfmovimien::lo_cambio_otro(const Borrador& borrador) {
     return !visto.isEmpty() && ahora && huella(*ahora) != visto;
 }
 
+QString Tfmovimien::periodo_de(const Borrador& borrador) {
+    const Comprobante& c = borrador.comprobante;
+    if (c.id != 0)
+        if (const auto guardado = lea_comprobante(fdm().Quorvex, c.id))
+            return guardado->fecha.left(kLargoPeriodo);
+    return borrador.periodo.isEmpty() ? c.fecha.left(kLargoPeriodo) : borrador.periodo;
+}
+
+void Tfmovimien::pase_al_periodo(const QString& periodo) {
+    if (!es_otro_periodo(periodo))
+        return;
+    fdmcnt().ano_actual = periodo.left(4);
+    fdmcnt().periodo_actual = periodo.mid(4).toInt() - 1;
+    muestre_periodo();
+    mes_ = fdmcnt().periodo_actual;
+    emit fdmcnt().balance_por_recalcular();
+    fdm().mostrar_advertencia("El período de trabajo pasó a " + nombre_de(periodo) +
+                              ", el del comprobante.");
+}
+
 void Tfmovimien::recuerde_lo_visto() {
     const auto ahora =
         lea_comprobante(fdm().Quorvex, CMovimiento.FieldByName("ENCO_CONSEC").entero());
@@ -178,6 +221,7 @@ void Tfmovimien::recuerde_lo_visto() {
 
 void Tfmovimien::recupere(const Borrador& borrador) {
     Comprobante c = borrador.comprobante;
+    pase_al_periodo(periodo_de(borrador));
     if (c.id != 0) {
         // Un cambio de página ya lo había grabado: sigue siendo ese, si todavía está.
         CMovimiento.Cancel();
@@ -419,11 +463,6 @@ void Tfmovimien::SBGrabarClick() {
     }
 }
 
-void Tfmovimien::recuerde_para_el_siguiente() {
-    fdmcnt().dia_actual = EDia->text();
-    tipo_anterior = CMovimiento.FieldByName("TICO_COD").texto();
-}
-
 void Tfmovimien::siga_con_otro() {
     lineas_2649->vacie_diferencias();
     CMovimiento.Append();
@@ -431,30 +470,19 @@ void Tfmovimien::siga_con_otro() {
     CMovimiento.FieldByName("TICO_COD") = tipo_anterior;
 }
 
-void Tfmovimien::TabSheet2Enter() {
-    if (!grabando)
-        grabe_por_cambio_de_pagina(*lineas_2649, Grabador::DigitarEntraNiif);
-    lineas_niif->rejilla->setFocus();
-}
-
-void Tfmovimien::TabSheet2Exit() {
-    if (!grabando)
-        grabe_por_cambio_de_pagina(*lineas_niif, Grabador::DigitarSaleNiif);
-    lineas_2649->rejilla->setFocus();
-}
-
-void Tfmovimien::grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien) {
-    lineas.termine_linea();
-    if (lineas.sin_lineas())
-        return;
+bool Tfmovimien::prepare_paso(LineasLibro& deja) {
+    if (grabando)
+        return false;
+    deja.termine_linea();
+    if (deja.sin_lineas())
+        return false;
     asegure_numeracion();
     ponga_fecha();
-    const ResultadoGrabacion r = grabe(quien);
-    if (r.clase == ResultadoGrabacion::Rehusado)
-        return;
-    if (quien == Grabador::DigitarEntraNiif)
-        recuerde_para_el_siguiente();
-    if (r.clase == ResultadoGrabacion::Fallo)
+    return true;
+}
+
+void Tfmovimien::termine_paso(bool, bool grabado) {
+    if (!grabado)
         return;
     {
         const QScopedValueRollback<bool> sin_mostrar(encabezado_posteado_, false);

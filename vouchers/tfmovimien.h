@@ -27,8 +27,11 @@ protected:
     bool FormClose() override;
     void SBGrabarClick() override;
     bool hay_por_perder() const override;
-    void TabSheet2Enter() override;
-    void TabSheet2Exit() override;
+    Grabador quien_pasa(bool entra_niif) const override {
+        return entra_niif ? Grabador::DigitarEntraNiif : Grabador::DigitarSaleNiif;
+    }
+    bool prepare_paso(LineasLibro& deja) override;
+    void termine_paso(bool entra_niif, bool grabado) override;
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
@@ -49,6 +52,9 @@ private:
     void siga_al_prefijo() override;
     bool sirve_su_prefijo();
     bool lo_cambio_otro(const Borrador& borrador);
+    /// "aaaamm" en que hay que retomarlo: uno grabado no cambia de mes.
+    QString periodo_de(const Borrador& borrador);
+    void pase_al_periodo(const QString& periodo);
     void recuerde_lo_visto();
     QString siguiente_numero();
     void asegure_numeracion();
@@ -59,9 +65,7 @@ private:
     void busque_plantilla();
     void traiga_plantilla(const QString& plantilla) override;
     void muestre_periodo();
-    void recuerde_para_el_siguiente();
     void siga_con_otro();
-    void grabe_por_cambio_de_pagina(LineasLibro& lineas, Grabador quien);
 
     BorradorVivo* borrador_ = nullptr;
     QString visto_;            ///< huella del que un cambio de página ya grabó

@@ -299,7 +299,7 @@ QStringList Tfplanilladatos::rehusados(const QVector<Comprobante>& todos) {
             textos << sitio + "el número está repetido en la planilla.";
         numeros << numero;
         for (const Rechazo& r : revise(fdm().Quorvex, todos[i], modo, ajustes)) {
-            const QString cuenta = r.item < todos[i].lineas_2649.size() && r.libro
+            const QString cuenta = r.de_linea() && r.item < todos[i].lineas_2649.size()
                                        ? "cuenta " + todos[i].lineas_2649[r.item].cuenta + ": "
                                        : QString();
             textos << sitio + cuenta + r.texto;

@@ -277,11 +277,6 @@ bool Tfsaldiniciales::hay_por_perder() const {
     return CSaldos.Active() && (CSaldos.ChangeCount() > 0 || CSaldos.Modified());
 }
 
-bool Tfsaldiniciales::salida_confirmada() {
-    return pregunte_con_no(
-        "Desea salir del comprobante y perder los movimientos que no ha grabado?");
-}
-
 void Tfsaldiniciales::SBCancelClick() {
     if (!solo_lectura_ && !salida_confirmada())
         return;

@@ -49,7 +49,6 @@ private:
     void SBCancelClick();
     int separe_numeros();
     bool hay_por_perder() const;
-    bool salida_confirmada();
     void cierre();
 
     BorradorFilas* borrador_ = nullptr; ///< desde que los saldos están a la vista

@@ -12,6 +12,9 @@ struct Fila::Envio {
 
 namespace cambios {
 
+/// Bandera de proveedor: con un campo así la fila por grabar viaja aunque nada le haya cambiado.
+inline constexpr unsigned pfSiempre = 8;
+
 struct Condicion {
     QStringList partes;
     QVector<Valor> valores;

@@ -2,6 +2,8 @@
 
 #include "datos/recordset/cambios.h"
 
+#include <QScopedValueRollback>
+
 using cambios::cambio;
 using cambios::campos_de;
 using cambios::Condicion;
@@ -37,6 +39,7 @@ struct Proveedor::Grabacion {
     Transaccion& transaccion;
     Conexion& conexion;
     int errores_maximos;
+    int profundidad = 0; ///< de los puntos de retorno abiertos
     std::vector<Fila*> grabadas;
     std::vector<std::pair<Detalle*, Fila*>> borradas;
     std::vector<Devuelta> devueltas;
@@ -98,7 +101,7 @@ int Proveedor::aplique(ConjuntoDatos& conjunto, int errores_maximos) {
 int Proveedor::intente(ConjuntoDatos& conjunto, int errores_maximos) {
     Conexion& conexion = conjunto.conexion();
     Transaccion transaccion(conexion, Transaccion::Modo::Escritura);
-    Grabacion g{transaccion, conexion, errores_maximos, {}, {}, {}, {}};
+    Grabacion g{transaccion, conexion, errores_maximos, 0, {}, {}, {}, {}};
     bool entera = true;
     try {
         resuelva_conjunto(g, conjunto);
@@ -161,8 +164,11 @@ void Proveedor::en_punto(Grabacion& g, const std::function<void()>& cuerpo) {
         cuerpo();
         return;
     }
-    // Con errores tolerados cada fila que cambió lleva su punto de retorno.
-    g.conexion.prepare(QStringLiteral("savepoint fila"), g.transaccion)->ejecute(g.transaccion, {});
+    // Con errores tolerados cada fila que cambió lleva su punto de retorno, y cada nivel el suyo:
+    // uno del mismo nombre reemplazaría el de su maestra.
+    const QScopedValueRollback<int> nivel(g.profundidad, g.profundidad + 1);
+    const QString punto = QStringLiteral("savepoint fila%1").arg(g.profundidad);
+    g.conexion.prepare(punto, g.transaccion)->ejecute(g.transaccion, {});
     const auto grabadas = g.grabadas.size(), borradas = g.borradas.size(),
                devueltas = g.devueltas.size();
     try {
@@ -172,8 +178,7 @@ void Proveedor::en_punto(Grabacion& g, const std::function<void()>& cuerpo) {
         if (motor && motor->conexion_perdida())
             throw;
         const Grabacion::Falla falla{g.conjunto, std::current_exception(), g.clase};
-        g.conexion.prepare(QStringLiteral("rollback to savepoint fila"), g.transaccion)
-            ->ejecute(g.transaccion, {});
+        g.conexion.prepare("rollback to " + punto, g.transaccion)->ejecute(g.transaccion, {});
         g.grabadas.resize(grabadas);
         g.borradas.resize(borradas);
         while (g.devueltas.size() > devueltas)
@@ -237,13 +242,20 @@ void Proveedor::resuelva_detalles(Grabacion& g, ConjuntoDatos& maestra, Fila& fi
             for (const auto& f : detalle.borradas)
                 lleve_llave(maestra, fila, *d, *f);
         }
+        const auto borre_una = [&](Fila& f) {
+            borre(g, *d, f);
+            g.borradas.emplace_back(&detalle, &f);
+        };
         for (const auto& f : detalle.borradas) {
-            borre(g, *d, *f);
-            g.borradas.emplace_back(&detalle, f.get());
+            if (solo_borrados) // se van con su maestra, o ninguna
+                borre_una(*f);
+            else
+                en_punto(g, [&] { borre_una(*f); });
         }
         for (const auto& f : detalle.filas) {
             if (!solo_borrados) {
-                resuelva_fila(g, *d, *f);
+                if (cambio(*f))
+                    en_punto(g, [&] { resuelva_fila(g, *d, *f); });
             } else if ((Options & poCascadeDeletes) && f->marca != Fila::Marca::Insertada) {
                 d->haga_propios(*f);
                 borre(g, *d, *f);
@@ -421,7 +433,8 @@ void Proveedor::modifique(Grabacion& g, ConjuntoDatos& conjunto, Fila& fila) {
     QVector<Valor> valores;
     for (Campo* c : campos) {
         const Valor& v = (*fila.valores)[c->indice()];
-        if (!(c->ProviderFlags & pfInUpdate) || v == (*fila.originales)[c->indice()])
+        const bool igual = v == (*fila.originales)[c->indice()];
+        if (!(c->ProviderFlags & pfInUpdate) || (igual && !(c->ProviderFlags & cambios::pfSiempre)))
             continue;
         cambios << c->FieldName + QStringLiteral(" = ?");
         tocados << c;

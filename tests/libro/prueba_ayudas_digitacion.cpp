@@ -211,10 +211,28 @@ private slots:
         QCOMPARE(abiertos[0].saldo, Moneda::de_texto("-499999.75"));
         QVERIFY(documentos_abiertos(b, Libro::Niif, "800456789").isEmpty());
         QVERIFY(documentos_abiertos(b, Libro::Decreto2649, "").isEmpty());
+        // El mismo número de otro tipo, de los saldos iniciales, es otro documento; lo que se
+        // aplica sin decir el tipo es del único de su cuenta.
+        b.ejecute("insert into saldos_iniciales (sain_item, cuen_cod, terc_nit, sain_debito, "
+                  "sain_credito, doco_numero, sain_tipodoc, doco_vence) values (1, '220505', "
+                  "'800456789', 0, 70, 'F-10', 12, '20170105')");
+        b.ejecute("insert into saldos_iniciales (sain_item, cuen_cod, terc_nit, sain_debito, "
+                  "sain_credito, doco_numero, sain_tipodoc) values (2, '220505', '800456789', 0, "
+                  "50, 'F-9', 12)");
+        paga.documento_aplica = "F-9";
+        paga.tipo_aplica = 0;
+        paga.debito = Moneda(20);
+        abono.lineas_2649 = {paga, linea("110505", "0", "20")};
+        QCOMPARE(grabe_comprobante(b, abono, {}).clase, ResultadoGrabacion::Grabado);
+        QStringList todos;
+        for (const DocumentoAbierto& d : documentos_abiertos(b, Libro::Decreto2649, "800456789"))
+            todos << QString("%1 %2 %3").arg(d.tipo).arg(d.numero, d.saldo.texto());
+        QCOMPARE(todos, QStringList({"12 F-10 -70", "11 F-10 -499999.75", "12 F-9 -30"}));
     }
 
     void un_borrador_se_lee_como_se_escribio_y_uno_a_medias_no_se_lee() {
-        Borrador b{QDateTime({2017, 5, 15}, {12, 0}), "15", compra()};
+        Borrador b{QDateTime({2017, 5, 15}, {12, 0}), "15", compra(), "201705"};
+        b.comprobante.lineas_niif[0].item_replica = 0; // el renglón cero de una planilla
         b.comprobante.observaciones = "Línea uno\n\"comillas\" y \\ barras";
         b.comprobante.lineas_2649[0].debito = Moneda::de_texto("922337203685477.5807");
         const QByteArray texto = escriba_borrador(b);
@@ -222,7 +240,12 @@ private slots:
         QVERIFY(leido);
         QVERIFY(leido->comprobante == b.comprobante);
         QCOMPARE(leido->momento, b.momento);
-        QCOMPARE(leido->dia, "15");
+        QCOMPARE(leido->dia + ' ' + leido->periodo, "15 201705");
+        // Uno de antes, sin período: ahí un cero decía que no replica a ninguna.
+        const auto viejo = lea_borrador(
+            QByteArray(texto).replace(",\"periodo\":\"201705\"", "").replace("\"+0\"", "\"0\""));
+        QVERIFY(viejo && viejo->periodo.isEmpty() &&
+                !viejo->comprobante.lineas_niif[0].es_replica());
         for (qsizetype n : {qsizetype(0), qsizetype(1), texto.size() / 2, texto.size() - 1})
             QVERIFY(!lea_borrador(texto.left(n)));
         QVERIFY(!lea_borrador(QByteArray(texto).replace("\"version\":1", "\"version\":9")));

@@ -39,7 +39,8 @@ QStringList textos(const Rechazos& lista) {
 QString lugar(const Rechazo& r) {
     return QStringLiteral("%1/%2/%3")
         .arg(r.libro ? QString(datos(*r.libro).nombre) : QString("-"),
-             r.item ? QString::number(r.item) : QString("-"), r.campo.isEmpty() ? "-" : r.campo);
+             r.de_linea() ? QString::number(r.item) : QString("-"),
+             r.campo.isEmpty() ? "-" : r.campo);
 }
 
 } // namespace
@@ -344,7 +345,7 @@ void PruebaGrabacion::lo_que_se_rehusa_en_lote_es_lo_mismo_que_rehusa_la_base() 
         for (const Rechazo& r : revise(c))
             del_libro << QStringLiteral("%1 %2 %3")
                              .arg(codigo_de(r.motivo), r.libro ? datos(*r.libro).nombre : "",
-                                  r.item ? QString::number(r.item) : QString());
+                                  r.de_linea() ? QString::number(r.item) : QString());
         QCOMPARE(del_libro.join('\n'), de_la_base.join('\n'));
         con_faltas += del_libro.isEmpty() ? 0 : 1;
         t.deshaga();
@@ -392,6 +393,10 @@ void PruebaGrabacion::sin_cuenta_equivalente_no_se_replica_a_medias() {
     QCOMPARE(encabezados(), QString());
     // Con el libro NIIF a mano no hay nada que replicar.
     c.lineas_niif = {linea("110505", 100, 0), linea("310505", 0, 100)};
+    // Las de una planilla empiezan en cero, y esa también es réplica.
+    c.lineas_niif[0].item_replica = 0;
+    QCOMPARE(revise(c).size(), 3);
+    c.lineas_niif[0].item_replica = -1;
     QCOMPARE(grabe(c).clase, Clase::Grabado);
 }
 

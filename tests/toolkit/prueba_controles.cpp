@@ -534,6 +534,8 @@ private slots:
         QSignalSpy meses(&caja, &CajaPeriodo::mes_cambiado);
         QSignalSpy anos(&caja, &CajaPeriodo::ano_cambiado);
         caja.rango_ano(2000, 2099);
+        caja.ano(1995); // el ajeno se muestra, y no el primero de los propios
+        QCOMPARE(caja.ano(), 1995);
         caja.ano(2018);
         caja.mes(4);
         caja.texto_mes("Ajustes");

@@ -366,13 +366,19 @@ private slots:
         oprima(Qt::Key_F9);
         cuentas.cancele();
         QCOMPARE(d.celda("CUEN_COD"), "510506");
+        // Ir a la lista a medio escribir no prueba lo escrito ni lo deja en la línea.
+        d.rejilla().SelectedIndex(0);
+        digite("11");
+        oprima(Qt::Key_F9);
+        cuentas.cancele();
+        QCOMPARE(d.celda("CUEN_COD") + d.rejilla().texto_digitado(), "51050611");
         p->CDetalle.Cancel();
         p->PageControl1->setCurrentIndex(1);
         d.entre_a_la_rejilla();
         oprima(Qt::Key_F9);
         cuentas_niif.conteste("110505");
         QCOMPARE(p->Cdetniif.FieldByName("CUEN_COD").texto(), "110505");
-        QCOMPARE(terceros.veces() * 100 + cuentas.veces() * 10 + cuentas_niif.veces(), 421);
+        QCOMPARE(terceros.veces() * 100 + cuentas.veces() * 10 + cuentas_niif.veces(), 431);
         oprima(Qt::Key_F11);
         QCOMPARE(s.escritorio.activa()->objectName(), "Tfbuscplantilla");
     }

@@ -214,6 +214,19 @@ private slots:
         oprima_en(p->lineas_2649->rejilla, Qt::Key_F2);
         QCOMPARE(s.escritorio.abiertas().size(), 0);
         QCOMPARE(s.dato("select char_length(enco_concepto) from comprobante_encabezado"), "60");
+        QCOMPARE(s.dato(modificado).toInt(), antes + 3); // con la de la orden de arriba
+        // Quitar un libro entero y grabar al pasar de página no es haberlo perdido.
+        p = abra_edicion(s, 1);
+        p->PageControl1->setCurrentIndex(1);
+        p->Cdetniif.borre_todas();
+        p->PageControl1->setCurrentIndex(0);
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle_niif"), "2");
+        p->PageControl1->setCurrentIndex(1);
+        QCOMPARE(s.dato("select count(*) from comprobante_detalle_niif"), "0");
+        QCOMPARE(s.dato("select list(audi_oper) from auditoria where audi_oper in ('V', 'Q')"),
+                 "Q");
+        QCOMPARE(s.dato("select count(*) from verifique_libros"), "0");
+        p->CMovimiento.CancelUpdates();
     }
 
     void f11_oculta_una_columna_salir_pregunta_si_hay_que_perder_y_corregir_corrige_los_saldos() {

@@ -412,7 +412,7 @@ private:
                 // Lo que falta se reclama al dejar la línea, cuando ya están sus importes.
                 const bool de_importes =
                     x.motivo == Motivo::FaltaBase || x.motivo == Motivo::FaltaPorcentaje;
-                return x.item != 0 && (con_importes_ || !de_importes);
+                return x.de_linea() && (con_importes_ || !de_importes);
             });
             if (r == lista.end())
                 return;

@@ -233,6 +233,15 @@ private slots:
             QVERIFY(p->CDetalle.editando());
             p->CDetalle.Cancel();
         }
+        // La del otro libro se rehúsa en su página.
+        p->PageControl1->setCurrentIndex(1);
+        linea(p, kLineasIncompletas[0].celdas);
+        p->PageControl1->setCurrentIndex(0);
+        dice([&] { oprima_en(p->EConcepto, Qt::Key_F2); }, kLineasIncompletas[0].mensaje);
+        QCOMPARE(p->PageControl1->currentIndex(), 1);
+        con_foco();
+        QVERIFY(p->lineas_niif->rejilla->enfocada());
+        p->CPlantilla.CancelUpdates();
     }
 
     void base_y_porcentaje_no_leen_la_cuenta_ni_redondean_a_multiplos() {

@@ -33,10 +33,12 @@ private slots:
         QCOMPARE(d.celda("CUEN_COD"), "310505"); // el cursor quedó en ella
         dice([&] { p->PageControl1->setCurrentIndex(1); }, texto);
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
-        p->PageControl1->setCurrentIndex(0);
+        // El paso no se dio: el teclado está donde se corrige.
+        QCOMPARE(p->PageControl1->currentIndex(), 0);
+        con_foco();
+        QVERIFY(p->lineas_2649->rejilla->enfocada());
         // Con la equivalencia puesta el mismo F2 graba los dos libros.
         s.base.ejecute({"update cuentas set cuen_eqniif = '310505' where cuen_cod = '310505'"});
-        d.rejilla().setFocus();
         oprima(Qt::Key_F2);
         QCOMPARE(niif(s), "110505:10.00:0.00::1,310505:0.00:10.00::2");
     }

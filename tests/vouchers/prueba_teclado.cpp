@@ -366,8 +366,9 @@ private slots:
         QCOMPARE(borradores(carpeta),
                  QStringList({"huerfano.borrador"})); // el que se dejó ya no está
         const RelojDetenido media_hora_despues({2017, 5, 15}, {10, 30});
+        s.cnt.periodo_actual = 3; // entre tanto se trabajó en otro mes
         i.espere("Hace 30 minutos quedó un comprobante sin grabar: CG 0001, «Nómina de mayo», 2 "
-                 "líneas. Desea retomarlo?",
+                 "líneas. Es de Enero de 2017 y se sigue en ese período. Desea retomarlo?",
                  "Sí");
         p = d.abra();
         QVERIFY2(i.conforme(), qPrintable(i.queja()));
@@ -452,7 +453,7 @@ private slots:
         QCOMPARE(codigos(s), QStringList({"F-10"}));
         tome_foto(&s.ventana, "documentos");
         const QString dice = sugerencias(s)->topLevelItem(0)->text(1);
-        QVERIFY2(dice.endsWith("vence 2017/03/12 · se debe 1,000.00"), qPrintable(dice));
+        QVERIFY2(dice.endsWith("220505 · vence 2017/03/12 · se debe 1,000.00"), qPrintable(dice));
         oprima_seguidas({Qt::Key_Down, Qt::Key_Return});
         QCOMPARE(d.celda("CNDE_DOCAPLICA") + ' ' + d.celda("CODE_TIPOAPL") + ' ' +
                      d.celda("DOCO_VENCE"),

@@ -82,6 +82,9 @@ void CajaPeriodo::mes(int indice) {
 
 void CajaPeriodo::ano(int valor) {
     QScopedValueRollback<bool> guarda(por_codigo_, true);
+    // Uno de fuera del rango se muestra, y no otro en su lugar.
+    if (valor > 0)
+        EAno->setRange(qMin(valor, EAno->minimum()), qMax(valor, EAno->maximum()));
     EAno->setValue(valor);
 }
 

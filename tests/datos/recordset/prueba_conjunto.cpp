@@ -194,6 +194,22 @@ private slots:
         l.CancelUpdates();
         QCOMPARE(l.RecordCount(), 2);
         QCOMPARE(c_.ejecute("delete from lista where cod < 0"), qint64(2));
+        // También línea por línea: ni la buena se va con la mala, ni la maestra con ella.
+        Documento d(c_);
+        d.abra(0);
+        d.doc.Append();
+        d.doc.FieldByName("ID") = 1;
+        d.doc.FieldByName("NOMBRE") = "doc";
+        for (const int valor : {10, 5000, 30}) // la segunda viola la restricción
+            d.linea(d.lineas, valor / 10, valor);
+        QCOMPARE(d.doc.ApplyUpdates(-1), 1);
+        QCOMPARE(c_.consulte("select list(valor) from linea").texto(), "10.00,30.00");
+        QCOMPARE(d.doc.ChangeCount(), 1);
+        d.lineas.Locate("ITEM", {500});
+        d.lineas.Edit();
+        d.lineas.FieldByName("VALOR") = Moneda(20);
+        QCOMPARE(d.doc.ApplyUpdates(-1), 0);
+        QCOMPARE(cuenta("linea"), 3);
     }
 
     void dos_usuarios_sobre_la_misma_fila_se_encuentran_al_grabar() {
