@@ -206,6 +206,9 @@ void revise_ventana(Pantalla* p, QStringList& faltas) {
         if (!alta && !quieta && r->verticalScrollBar()->maximum() > 0)
             faltas << nombre_de(r) + " esconde filas y su ventana puede crecer";
     }
+    for (const RejillaCubo* r : p->findChildren<RejillaCubo*>())
+        if (!ancha && r->lo_que_falta() > 0)
+            faltas << nombre_de(r) + " recorta y su ventana puede ensancharse";
 }
 
 /// Un nombre cede hasta doce letras antes de que una cifra haya que ir a buscarla.
@@ -287,6 +290,10 @@ void revise_cajas(const Pantalla* p, QStringList& faltas) {
             e->fontMetrics().horizontalAdvance(e->text().left(kLetras)) >
                 e->contentsRect().width() - 4)
             faltas << nombre_de(e) + " se recorta: " + e->text();
+    for (const QLabel* l : p->findChildren<QLabel*>())
+        if (l->isVisible() && l->text() == "Cifras de\ncontrol:" &&
+            l->height() < l->parentWidget()->height())
+            faltas << "las cifras de control se rotulan en dos renglones con su fila libre";
     for (const QComboBox* lista : p->findChildren<QComboBox*>())
         if (!lista->isEditable() && !lista->inherits("ListaTecleo"))
             faltas << nombre_de(lista) + " no busca lo que se teclea con espacios";
@@ -409,6 +416,8 @@ void revise_apertura(const Pantalla* p, QStringList& faltas) {
     constexpr int kAnchoQueBasta = 700; // el del área a 150 %
     if (barras->horizontalScrollBar()->maximum() > 0 && marco->width() >= kAnchoQueBasta)
         faltas << "se desplaza de lado";
+    if (const int m = barras->verticalScrollBar()->maximum(); m > 0 && m <= paso())
+        faltas << QString("se desplaza por %1").arg(m);
     if (p->height() > marco->height() && !barras->verticalScrollBar()->isVisible())
         faltas << "no cabe y no tiene barra al lado";
     const BarraBotones* botones = p->findChild<BarraBotones*>();
@@ -603,6 +612,13 @@ private slots:
         });
         QTest::keyClick(&p, Qt::Key_H, Qt::ControlModifier | Qt::ShiftModifier);
         QVERIFY(visto.startsWith("2017/05/15 12:00:00  Grabado FC 0001 000106"));
+        // El que no cabe toma el sitio de las revisiones.
+        const auto* revisiones = p.findChild<QLabel*>("LabRevision");
+        QVERIFY(revisiones->isVisible());
+        p.barra->texto(QString(300, 'm'));
+        QVERIFY(revisiones->isHidden());
+        p.barra->texto("Grabado FC 0001 000107");
+        QVERIFY(revisiones->isVisible());
     }
 
     void lo_que_dice_qt_va_en_espanol() {
