@@ -9,6 +9,38 @@ void exija(bool condicion, const QString& mensaje) {
         throw ErrorDatos(mensaje);
 }
 
+/// Un valor que el programa no sabe leer apaga la regla que lo usa o la cierra para siempre.
+void exija_valor(Conexion& compania, const QString& propiedad, const QString& valor) {
+    static const QRegularExpression fecha(
+        QStringLiteral("^[0-9]{8}$|^[0-9]{4}/[0-9]{2}/[0-9]{2}$")),
+        ano(QStringLiteral("^(19|20)[0-9]{2}$"));
+    const auto hay = [&](const QString& consulta, const QString& texto) {
+        return compania.consulte(consulta, {Valor(texto)}).entero() > 0;
+    };
+    if (valor.isEmpty())
+        return;
+    if (propiedad.startsWith(QStringLiteral("FECHA DE ")))
+        exija(fecha.match(valor).hasMatch() &&
+                  hay(QStringLiteral("select iif(existe_fecha(?), 1, 0) from rdb$database"),
+                      QString(valor).remove('/')),
+              QStringLiteral("'%1' no es una fecha: escríbala como 20171231 o 2017/12/31, o deje "
+                             "vacío el valor para quitarla.")
+                  .arg(valor));
+    if (propiedad.startsWith(QStringLiteral("AÑO ")))
+        exija(ano.match(valor).hasMatch(),
+              QStringLiteral("'%1' no es un año de cuatro cifras.").arg(valor));
+    if (propiedad.startsWith(QStringLiteral("MES ")))
+        exija(valor.toInt() >= 1 && valor.toInt() <= 12,
+              QStringLiteral("'%1' no es un mes: son de 1 a 12.").arg(valor));
+    if (propiedad.startsWith(QStringLiteral("CUENTA ")))
+        exija(
+            hay(QStringLiteral("select count(*) from %1 where cuen_cod = ?")
+                    .arg(propiedad.endsWith(QStringLiteral("NIIF")) ? QStringLiteral("cuentas_niif")
+                                                                    : QStringLiteral("cuentas")),
+                valor),
+            QStringLiteral("La cuenta %1 no existe.").arg(valor));
+}
+
 } // namespace
 
 QVector<int> opciones_contabilidad() {
@@ -137,6 +169,7 @@ void otorgue(Conexion& compania, const QString& usuario, const QString& modulo,
 
 void configure(Conexion& compania, const QString& modulo, const QString& categoria,
                const QString& propiedad, const QString& valor) {
+    exija_valor(compania, propiedad, valor);
     const qint64 filas = compania.ejecute(
         QStringLiteral("update configuracion set conf_valor = ? where conf_modulo = ?"
                        " and conf_categoria = ? and conf_propiedad = ?"),

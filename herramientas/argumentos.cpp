@@ -1,5 +1,9 @@
 #include "herramientas/argumentos.h"
 
+namespace {
+constexpr int kMayorOpcion = 999; // la de cualquier módulo
+}
+
 Argumentos::Argumentos(const QStringList& escritos, const QStringList& con_valor,
                        const QStringList& banderas) {
     for (qsizetype i = 0; i < escritos.size(); ++i) {
@@ -58,6 +62,10 @@ QVector<int> numeros(const QStringList& textos) {
             if (!bien || !tambien || hasta < desde)
                 throw ErrorDeUso(
                     QStringLiteral("'%1' no es un número de opción ni un tramo.").arg(parte));
+            if (hasta > kMayorOpcion)
+                throw ErrorDeUso(QStringLiteral("No hay opciones mayores que %1: '%2'.")
+                                     .arg(kMayorOpcion)
+                                     .arg(parte));
             for (int i = desde; i <= hasta; ++i)
                 lista.push_back(i);
         }

@@ -16,6 +16,12 @@ const QStringList kSubsistemas = {"sesion",  "catalogues", "vouchers",  "ledger"
                                   "posting", "reports",    "periodend", "assets", "budget",
                                   "tax",     "niif",       "exchange"};
 constexpr int kVersionInicial = 1;
+/// Nacen con la compañía y de ahí en adelante son suyas: lo que ella borra no vuelve, y lo que una
+/// versión nueva les agrega lo trae su actualización.
+const QSet<QString> kDeLaCompania = {
+    "ESTRUCTURA",         "FLUJO_EFECTIVO",     "CAMBIOS_SITUACION_CTAS", "CONFIGURA_MEDIOSMAG",
+    "MEDIOSMAG_ARCHIVOS", "MEDIOSMAG_CUENTAS",  "MEDIOSMAG_DISTR",        "MEDIOSMAG_DISTR_CUENTAS",
+    "TAXONOMIA",          "TAXONOMIA_ENCABEZA", "TAXONOMIA_DETALLE",      "TAXONOMIA_CUENTAS"};
 
 QStringList columnas_clave(Conexion& conexion, const QString& tabla) {
     Transaccion lectura(conexion, Transaccion::Modo::Lectura);
@@ -98,7 +104,10 @@ QString Instalador::lea(const QString& archivo) const {
 }
 
 void Instalador::instale(TipoBase tipo) {
+    nueva_ = true;
     ejecute_guiones(tipo);
+    // Lo último: la que se quedó a medias no dice ser de ninguna versión.
+    anote_version({kVersionInicial, QStringLiteral("Esquema inicial")});
     for (const Actualizacion& a : actualizaciones(tipo))
         anote_version(a);
 }
@@ -118,27 +127,41 @@ QSet<qint64> Instalador::aplicadas() {
                                          QStringLiteral("select vers_numero from version_esquema"));
     Cursor filas(s, lectura, {});
     while (filas.siguiente())
-        numeros.insert(filas.valor(0).entero());
+        numeros.insert(qAbs(filas.valor(0).entero()));
     return numeros;
 }
 
+void Instalador::anuncie(int ultima) {
+    conexion_.ejecute(QStringLiteral("update version_esquema set vers_numero = -vers_numero where"
+                                     " vers_numero = ?"),
+                      {Valor(ultima)});
+}
+
 QStringList Instalador::actualice(TipoBase tipo) {
+    if (version_de_esquema(conexion_) == 0)
+        throw ErrorDatos(QStringLiteral("La creación de esta base de datos no terminó. Vuelva a "
+                                        "crearla."));
     const QSet<qint64> aplicadas = this->aplicadas();
     const QVector<Actualizacion> conocidas = actualizaciones(tipo);
     const int ultima = conocidas.isEmpty() ? kVersionInicial : conocidas.back().numero;
     for (const qint64 numero : aplicadas)
         if (numero > ultima)
             throw ErrorDatos(negativa_de_version(tipo, int(numero)));
+    anuncie(ultima);
     QStringList hechas;
-    for (const Actualizacion& a : conocidas) {
+    for (Actualizacion a : conocidas) {
         if (aplicadas.contains(a.numero))
             continue;
         ejecute_guion(a.archivo);
+        if (a.numero == ultima)
+            a.numero = -ultima;
         anote_version(a);
         reconecte();
         hechas << QFileInfo(a.archivo).completeBaseName();
     }
     ejecute_guiones(tipo);
+    conexion_.ejecute(QStringLiteral("update version_esquema set vers_numero = -vers_numero where"
+                                     " vers_numero < 0"));
     return hechas;
 }
 
@@ -218,6 +241,7 @@ void Instalador::cargue_lista(const QString& archivo) {
         if (posiciones.back() < 0)
             throw ErrorDatos(QStringLiteral("%1: falta la columna clave %2").arg(archivo, c));
     }
+    const bool suya = !nueva_ && kDeLaCompania.contains(tabla);
     Transaccion transaccion(conexion_, Transaccion::Modo::Escritura);
     QSet<QString> presentes;
     {
@@ -232,6 +256,8 @@ void Instalador::cargue_lista(const QString& archivo) {
             presentes.insert(clave_unida(partes));
         }
     }
+    if (suya && !presentes.isEmpty())
+        return;
     const QStringList marcas(lista.columnas.size(), QStringLiteral("?"));
     Preparada inserte(conexion_, transaccion,
                       QStringLiteral("insert into %1 (%2) values (%3)")
@@ -250,6 +276,10 @@ void Instalador::cargue_lista(const QString& archivo) {
         try {
             inserte.ejecute(transaccion, valores);
         } catch (const ErrorDatos& e) {
+            // Es de algo que la compañía borró.
+            const auto* motor = dynamic_cast<const ErrorBase*>(&e);
+            if (suya && motor && motor->clase() == ClaseFalla::LlaveForanea)
+                continue;
             throw ErrorDatos(
                 QStringLiteral("%1:%2: %3").arg(archivo).arg(renglon).arg(e.para_usuario()),
                 e.detalle());

@@ -5,6 +5,7 @@
 // (sesion, catalogues, vouchers, ledger...) y luego por nombre; la general solo tiene el suyo.
 // Las listas datos/NN_TABLA.tsv entran en su fase antes que los guiones. Todo puede repetirse: lo
 // que ya existe se deja quieto y una fila de semilla solo se agrega si falta su clave.
+// Lo que nace con la compañía y después es suyo solo se siembra en su tabla vacía.
 // Los errores son ErrorDatos con archivo, renglón y el texto del servidor.
 #include "datos/firebird/version_esquema.h"
 
@@ -24,6 +25,8 @@ public:
     /// Aplica, en orden, las actualizaciones numeradas que falten y repite los guiones. Devuelve
     /// los nombres de las aplicadas. Se niega si la base es de una versión que los guiones no
     /// conocen. Entre una y otra vuelve a entrar a la base: la conexión no debe tener nada abierto.
+    /// Mientras dura, el número de la última lleva signo menos: la base que se quedó a medias dice
+    /// ser de una versión anterior, nadie entra a ella y repetir la orden la termina.
     QStringList actualice(TipoBase tipo);
 
     /// Archivos de una base, en el orden en que se ejecutan, relativos a la carpeta.
@@ -39,6 +42,7 @@ private:
     };
     QVector<Actualizacion> actualizaciones(TipoBase tipo) const;
     QSet<qint64> aplicadas();
+    void anuncie(int ultima);
     void reconecte();
     void ejecute_guiones(TipoBase tipo);
     void ejecute_guion(const QString& archivo);
@@ -48,4 +52,5 @@ private:
 
     Conexion& conexion_;
     QString carpeta_;
+    bool nueva_ = false;
 };

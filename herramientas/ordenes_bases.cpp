@@ -16,22 +16,49 @@
 
 namespace {
 
+/// La que dejó una creación que murió: es de este sistema y no llegó a tener versión.
+bool quedo_a_medias(const ParametrosConexion& base) {
+    try {
+        Conexion c;
+        c.conectar(base);
+        return version_de_esquema(c) == 0 &&
+               c.consulte(QStringLiteral("select count(*) from version_esquema")).entero() == 0;
+    } catch (const ErrorBase& e) {
+        if (e.clase() == ClaseFalla::EnUso)
+            throw;
+        return false;
+    }
+}
+
 /// Base nueva con su esquema. Si no se llega a `conserve`, se borra con la carpeta que se hizo para
 /// ella: una creación que falla a mitad de camino no deja nada. Mientras se llena no se espera al
-/// disco: se asegura cuando está completa, y solo entonces se registra.
+/// disco: se asegura cuando está completa, y solo entonces se registra. En este equipo toma su
+/// nombre al final: la de un programa que murió se llama de otro modo y se vuelve a hacer.
 class BaseNueva {
 public:
     BaseNueva(const Sesion& s, const ParametrosConexion& parametros, TipoBase tipo)
         : parametros_(parametros),
           ruta_(s.ubicacion().carpetas_alcanzables() ? s.ubicacion().ruta_de(parametros.base)
                                                      : QString()) {
-        if (!ruta_.isEmpty() && QFileInfo::exists(ruta_))
-            throw ErrorDatos(QStringLiteral("Ya existe la base de datos %1.").arg(parametros.base));
+        if (!ruta_.isEmpty() && QFileInfo::exists(ruta_)) {
+            if (!quedo_a_medias(parametros_))
+                throw ErrorDatos(
+                    QStringLiteral("Ya existe la base de datos %1.").arg(parametros.base));
+            borre(parametros_);
+        }
+        if (!s.ubicacion().en_servidor()) {
+            definitiva_ = ruta_;
+            parametros_.base = ruta_ += QStringLiteral(".nueva");
+            if (QFileInfo::exists(ruta_)) {
+                (void)quedo_a_medias(parametros_); // otra creación en curso lanza
+                QFile::remove(ruta_);
+            }
+        }
         for (QString c = QFileInfo(ruta_).path(); !ruta_.isEmpty() && !QDir(c).exists();
              c = QFileInfo(c).path())
             hechas_ << c;
         s.ubicacion().prepare_carpeta(parametros.base);
-        ParametrosConexion nueva = parametros;
+        ParametrosConexion nueva = parametros_;
         nueva.escritura_forzada = false;
         try {
             base.cree_base(nueva);
@@ -51,11 +78,22 @@ public:
         base.desconectar();
         ponga_escritura_inmediata(parametros_, true);
     }
-    void conserve() { conservada_ = true; }
+    void conserve() {
+        if (!definitiva_.isEmpty() && !QFile::rename(ruta_, definitiva_))
+            throw ErrorDatos(QStringLiteral("No se pudo cambiar de nombre %1 a %2. Verifique los "
+                                            "permisos de la carpeta.")
+                                 .arg(ruta_, definitiva_));
+        conservada_ = true;
+    }
 
     Conexion base;
 
 private:
+    static void borre(const ParametrosConexion& base) {
+        Conexion c;
+        c.conectar(base);
+        c.borre_base();
+    }
     void deshaga() noexcept {
         try {
             if (creada_ && !base.conectada())
@@ -72,7 +110,8 @@ private:
     }
 
     ParametrosConexion parametros_;
-    QString ruta_;
+    QString ruta_;       ///< vacía si no se alcanza desde aquí
+    QString definitiva_; ///< la que toma al final; vacía si es la misma
     QStringList hechas_; ///< carpetas que no existían, de la más honda a la menos
     bool creada_ = false;
     bool conservada_ = false;
@@ -215,11 +254,20 @@ void restaurar(const Sesion& s) {
     diga(QStringLiteral("Base restaurada: %1 filas.").arg(r.filas));
 }
 
+/// Entra a una compañía que esté al día.
+void entre(Conexion& conexion, const Sesion& s, const QString& codigo) {
+    conexion.conectar(s.compania(codigo));
+    if (const QString negativa =
+            negativa_de_version(TipoBase::Compania, version_de_esquema(conexion));
+        !negativa.isEmpty())
+        throw ErrorDatos(QStringLiteral("Compañía %1: %2").arg(codigo, negativa));
+}
+
 void verificar(const Sesion& s) {
     int fallas = 0;
     for (const QString& codigo : s.codigos()) {
         Conexion conexion;
-        conexion.conectar(s.compania(codigo));
+        entre(conexion, s, codigo);
         const QStringList hallazgos = verifique_compania(conexion);
         for (const QString& h : hallazgos)
             diga(QStringLiteral("Compañía %1: %2").arg(codigo, h));
@@ -236,7 +284,7 @@ void verificar(const Sesion& s) {
 void recalcular(const Sesion& s) {
     for (const QString& codigo : s.codigos()) {
         Conexion conexion;
-        conexion.conectar(s.compania(codigo));
+        entre(conexion, s, codigo);
         const QStringList corregidos = recalcule_saldos(conexion);
         for (const QString& c : corregidos)
             diga(QStringLiteral("Compañía %1: %2").arg(codigo, c));
@@ -248,7 +296,7 @@ void recalcular(const Sesion& s) {
 void compactar(const Sesion& s) {
     for (const QString& codigo : s.codigos()) {
         Conexion conexion;
-        conexion.conectar(s.compania(codigo));
+        entre(conexion, s, codigo);
         diga(QStringLiteral("Compañía %1: %2 diferencias de saldo compactadas.")
                  .arg(codigo)
                  .arg(compacte_saldos(conexion)));

@@ -38,12 +38,17 @@ void otorgar(const Sesion& s, bool conceder) {
     const Argumentos& a = s.argumentos();
     if (a.sueltos().isEmpty())
         throw ErrorDeUso(QStringLiteral("Faltan las opciones."));
-    const QVector<int> opciones =
-        a.sueltos() == QStringList{"todas"} ? opciones_contabilidad() : numeros(a.sueltos());
+    const QString modulo = a.valor(QStringLiteral("modulo"), kModuloContabilidad);
+    const QVector<int> todas = opciones_contabilidad();
+    QVector<int> opciones = a.sueltos() == QStringList{"todas"} ? todas : numeros(a.sueltos());
+    // Un tramo puede saltarse números; las de los otros módulos no se conocen aquí.
+    if (modulo == QLatin1String(kModuloContabilidad))
+        opciones.removeIf([&](int opcion) { return !todas.contains(opcion); });
+    if (opciones.isEmpty())
+        throw ErrorDeUso(QStringLiteral("Ninguna de esas opciones existe."));
     Conexion compania;
     compania.conectar(s.compania());
-    otorgue(compania, a.exija(QStringLiteral("codigo")),
-            a.valor(QStringLiteral("modulo"), kModuloContabilidad), opciones, conceder);
+    otorgue(compania, a.exija(QStringLiteral("codigo")), modulo, opciones, conceder);
     diga((conceder ? QStringLiteral("Concedidas %1 opciones.")
                    : QStringLiteral("Negadas %1 opciones."))
              .arg(opciones.size()));

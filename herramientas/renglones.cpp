@@ -83,7 +83,11 @@ QVector<RenglonTexto> lea_renglones(const QString& archivo, Faltas& faltas) {
         if (limpia.isEmpty() || limpia.startsWith('#'))
             continue;
         if (const QChar c = caracter_fuera_de_latin1(limpia); !c.isNull()) {
-            faltas.anote(numero, QStringLiteral("el carácter '%1' no se puede guardar").arg(c));
+            // Puede ocupar dos lugares del texto.
+            const char32_t entero = QStringView(limpia).mid(limpia.indexOf(c)).toUcs4().value(0);
+            faltas.anote(numero, QStringLiteral("el carácter '%1' (U+%2) no se puede guardar")
+                                     .arg(QString::fromUcs4(&entero, 1))
+                                     .arg(uint(entero), 4, 16, QLatin1Char('0')));
             continue;
         }
         RenglonTexto r;

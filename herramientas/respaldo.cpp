@@ -74,6 +74,12 @@ QMap<QString, QString> restaure_y_revise(const QString& archivo, const Parametro
     restaure_base(archivo, destino, true);
     const auto cuenta = recuento_de(destino);
     exija_contenido(cuenta);
+    if (cuenta.contains(QStringLiteral("CUENTAS")) != (tipo == TipoBase::Compania))
+        throw ErrorDatos(tipo == TipoBase::General
+                             ? QStringLiteral("El respaldo es de una compañía y no de la base "
+                                              "general.")
+                             : QStringLiteral("El respaldo es de la base general y no de una "
+                                              "compañía."));
     Conexion c;
     c.conectar(destino);
     const int version = version_de_esquema(c);

@@ -510,7 +510,6 @@ ACTIVE AFTER INSERT POSITION 0
 AS
 BEGIN
   INSERT INTO DEPRECIACION_PENDIENTE (DEPR_ID) VALUES (NEW.DEPR_ID);
-  rdb$set_context('USER_TRANSACTION', 'DEPRECIACIONES', 'S');
 END^
 
 -- Deshacer es borrar la fila; cambiarla no, porque el comprobante ya no diría lo mismo.
@@ -538,12 +537,12 @@ ACTIVE ON TRANSACTION COMMIT POSITION 0
 AS
   DECLARE DEPR integer;
 BEGIN
-  IF (rdb$get_context('USER_TRANSACTION', 'DEPRECIACIONES') IS NULL) THEN
+  IF (rdb$get_context('SYSTEM', 'READ_ONLY') = 'TRUE'
+    OR NOT EXISTS (SELECT 1 FROM DEPRECIACION_PENDIENTE)) THEN
     EXIT;
   FOR SELECT DEPR_ID FROM DEPRECIACION_PENDIENTE INTO :DEPR DO
     EXECUTE PROCEDURE ASIENTE_DEPRECIACION(DEPR);
   DELETE FROM DEPRECIACION_PENDIENTE;
-  rdb$set_context('USER_TRANSACTION', 'DEPRECIACIONES', NULL);
 END^
 
 -- Deshacer una corrida exige que no haya otra posterior de los mismos activos: su cargo se calculó

@@ -181,6 +181,73 @@ BEGIN
     SUSPEND;
 END^
 
+--<LIBROS>
+-- Los códigos que algo guarda y ya no existen, según vouchers/quien_nombra.tsv. Los que no son de
+-- un libro se dicen con el 2649. La configuración no: nace con cuentas que un plan puede no tener.
+-- La llama VERIFIQUE_LIBROS.
+CREATE OR ALTER PROCEDURE VERIFIQUE_NOMBRADOS{_NIIF}
+RETURNS (CAUSA varchar(80), DETALLE varchar(200))
+AS
+BEGIN
+  CAUSA = 'se nombra una cuenta que no existe';
+--<FILAS vouchers/quien_nombra.tsv CON CUENTA>
+  IF ('{LIBRO}' = '{DE}' AND '{TABLA}' <> 'CONFIGURACION') THEN
+    FOR
+      SELECT {CUENTA} || ' {DICE} ' || coalesce({QUIEN}, '') FROM {TABLA} T
+      WHERE {CUENTA} <> '' {Y}
+        AND NOT EXISTS (SELECT 1 FROM {CUENTAS} X WHERE X.CUEN_COD = T.{CUENTA})
+      INTO :DETALLE
+    DO
+      SUSPEND;
+--</FILAS>
+  CAUSA = 'se nombra una categoría que no existe';
+--<FILAS vouchers/quien_nombra.tsv CON CATEGORIA>
+  FOR
+    SELECT CONC_COD || ' {DICE} ' || coalesce({QUIEN}, '') FROM {TABLA} T
+    WHERE CONC_COD <> ''
+      AND NOT EXISTS (SELECT 1 FROM CONCEPTO_CONTABLE X WHERE X.CONC_COD = T.CONC_COD)
+    INTO :DETALLE
+  DO
+    SUSPEND;
+--</FILAS>
+  IF ('{LIBRO}' = 'NIIF') THEN
+    EXIT;
+  CAUSA = 'se nombra un tercero que no existe';
+--<FILAS vouchers/quien_nombra.tsv CON NIT>
+  FOR
+    SELECT {NIT} || ' {DICE} ' || coalesce({QUIEN}, '') FROM {TABLA} T
+    WHERE {NIT} <> '' {Y} AND NOT EXISTS (SELECT 1 FROM TERCEROS X WHERE X.TERC_NIT = T.{NIT})
+    INTO :DETALLE
+  DO
+    SUSPEND;
+--</FILAS>
+  CAUSA = 'se nombra un prefijo que no existe';
+--<FILAS vouchers/quien_nombra.tsv CON TIPO>
+  FOR
+    SELECT {TIPO} || ' ' || coalesce({PREFIJO}, '') || ' {DICE} ' || coalesce({QUIEN}, '')
+    FROM {TABLA} T
+    WHERE {TIPO} <> '' AND NOT EXISTS (SELECT 1 FROM PREFIJOS_CONTA X
+      WHERE X.TICO_COD = T.{TIPO} AND (coalesce(T.{PREFIJO}, '') IN ('', X.PRCO_PREF)))
+    INTO :DETALLE
+  DO
+    SUSPEND;
+--</FILAS>
+  CAUSA = 'se nombra un centro que no existe';
+--<FILAS vouchers/quien_nombra.tsv CON CENTRO>
+  FOR
+    SELECT {PROYECTO} || ' ' || coalesce({CENTRO}, '') || ' {DICE} ' || coalesce({QUIEN}, '')
+    FROM {TABLA} T
+    WHERE {PROYECTO} <> '' AND iif(coalesce({CENTRO}, '') = '',
+      (SELECT 1 FROM PROYECTOS X WHERE X.PROY_COD = T.{PROYECTO}),
+      (SELECT 1 FROM CENTROS X
+       WHERE X.PROY_COD = T.{PROYECTO} AND X.CENT_COD = T.{CENTRO})) IS NULL
+    INTO :DETALLE
+  DO
+    SUSPEND;
+--</FILAS>
+END^
+--</LIBROS>
+
 -- Todo lo que está mal en los dos libros de la compañía, menos los saldos (VERIFIQUE_SALDOS).
 -- LIBRO: '2649', 'NIIF' o vacío si es del encabezado. Ninguna fila cuando todo está bien. Léase en
 -- una instantánea. La llama la herramienta de administración.
@@ -208,10 +275,23 @@ BEGIN
     INTO :DETALLE
   DO
     SUSPEND;
+  CAUSA = 'depreciación sin comprobante';
+  FOR
+    SELECT 'mes ' || substring(DEPR_FECHA FROM 1 FOR 6) FROM DEPRECIACION
+    WHERE ENCO_CONSEC IS NULL
+    ORDER BY DEPR_FECHA
+    INTO :DETALLE
+  DO
+    SUSPEND;
+  FOR SELECT * FROM VERIFIQUE_NOMBRADOS INTO :CAUSA, :DETALLE DO
+    SUSPEND;
   LIBRO = 'NIIF';
   FOR SELECT * FROM VERIFIQUE_COMPROBANTES_NIIF(:CUADRADOS)
     INTO :COMPROBANTE, :CAUSA, :DETALLE
   DO
+    SUSPEND;
+  COMPROBANTE = NULL;
+  FOR SELECT * FROM VERIFIQUE_NOMBRADOS_NIIF INTO :CAUSA, :DETALLE DO
     SUSPEND;
 END^
 

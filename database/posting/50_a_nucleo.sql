@@ -299,7 +299,8 @@ BEGIN
       || '. La diferencia queda en la cuenta ' || CUENTA
       || '; corrija el documento o revísela antes de grabar.');
   END
-  rdb$set_context('USER_TRANSACTION', 'NUMERO_CONSERVADO', TIPO || ' ' || PREFIJO || ' ' || NUMERO);
+  INSERT INTO PERMISO_INTERNO (PEIN_QUE, PEIN_DATO)
+  VALUES ('NUMERO_CONSERVADO', :TIPO || ' ' || :PREFIJO || ' ' || :NUMERO);
   FOR
     SELECT CODIGO, TEXTO FROM REVISE_ASIENTO(:ASIE_ID, :TIPO, :PREFIJO, :NUMERO, :FECHA)
     INTO :CODIGO, :TEXTO
@@ -312,7 +313,7 @@ BEGIN
       trim(iif(right(TEXTO, 1) = '.', TEXTO, TEXTO || '.') || ' '
         || REMEDIO_DE(CODIGO, INTERFAZ)));
   END
-  rdb$set_context('USER_TRANSACTION', 'NUMERO_CONSERVADO', NULL);
+  DELETE FROM PERMISO_INTERNO WHERE PEIN_QUE = 'NUMERO_CONSERVADO';
   SUSPEND;
 END^
 

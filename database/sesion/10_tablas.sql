@@ -58,13 +58,21 @@ CREATE TABLE AUDITORIA (
 -- Lo ya auditado en la transacción en curso, para dejar una sola fila por operación. Las
 -- variables de contexto no sirven de memoria: el motor solo admite mil por transacción.
 -- AUDI_ID es la fila que quedó, nulo mientras el borrado solo está anunciado; AUDI_ORIGEN, "E" si
--- empezó por el encabezado y "L" por una línea; AUDI_BORRO, "S" si se borraron líneas.
+-- empezó por el encabezado y "L" por una línea; AUDI_BORRO, "S" si se borraron líneas y "N" si, con
+-- el borrado anunciado, se tocó otra cosa.
 CREATE GLOBAL TEMPORARY TABLE AUDITADO (
   TIDO_COD integer NOT NULL,
   AUDI_IDDOC integer NOT NULL,
   AUDI_ID bigint,
   AUDI_ORIGEN char(1),
   AUDI_BORRO char(1)
+) ON COMMIT DELETE ROWS;
+
+-- Lo que un proceso se permite en la transacción en curso y a nadie más: saltarse una guarda. Solo
+-- lo escriben los procedimientos; una variable de contexto la pondría cualquiera.
+CREATE GLOBAL TEMPORARY TABLE PERMISO_INTERNO (
+  PEIN_QUE varchar(20) NOT NULL,
+  PEIN_DATO varchar(40)
 ) ON COMMIT DELETE ROWS;
 
 CREATE TABLE TIPO_COMPROBANTE (

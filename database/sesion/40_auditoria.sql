@@ -42,10 +42,17 @@ AS
   DECLARE RAZON varchar(255);
   DECLARE FILA bigint;
   DECLARE PRIMERA boolean;
+  DECLARE BORRO char(1);
 BEGIN
-  PRIMERA = NOT EXISTS (SELECT 1 FROM AUDITADO WHERE TIDO_COD = :TIDO AND AUDI_IDDOC = :ID);
+  SELECT AUDI_ID, AUDI_BORRO FROM AUDITADO WHERE TIDO_COD = :TIDO AND AUDI_IDDOC = :ID
+  INTO :FILA, :BORRO;
+  PRIMERA = (ROW_COUNT = 0);
   IF (NOT PRIMERA AND OPER <> 'E') THEN
+  BEGIN
+    IF (FILA IS NULL AND BORRO IS NULL) THEN
+      UPDATE AUDITADO SET AUDI_BORRO = 'N' WHERE TIDO_COD = :TIDO AND AUDI_IDDOC = :ID;
     EXIT;
+  END
   RAZON = rdb$get_context('USER_TRANSACTION', 'RAZON_ANULACION');
   IF (OPER = 'E' AND RAZON IS NOT NULL) THEN
     OPER = 'A';
@@ -61,13 +68,15 @@ END^
 
 -- Anuncia que esta transacción va a borrar el comprobante: sus líneas ya cuentan como auditadas, y
 -- queda una sola fila por libro, la del borrado, que escribe el disparador del encabezado. La
--- llaman quienes borran: BORRE_COMPROBANTE y las pantallas, antes de sus órdenes.
+-- llaman quienes borran: BORRE_COMPROBANTE y las pantallas, antes de sus órdenes. Si al confirmar el
+-- comprobante sigue ahí, lo tocado se audita como lo de cualquiera.
 CREATE OR ALTER PROCEDURE PREPARE_BORRADO (ID integer)
 AS
 BEGIN
-  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC, AUDI_ORIGEN) VALUES (1, :ID, 'E');
-  UPDATE OR INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC, AUDI_ORIGEN) VALUES (1001, :ID, 'E');
-  rdb$set_context('USER_TRANSACTION', 'BORRADO_DE', ID);
+  INSERT INTO AUDITADO (TIDO_COD, AUDI_IDDOC, AUDI_ORIGEN)
+  SELECT L.TIDO, :ID, 'E'
+  FROM (SELECT 1 TIDO FROM RDB$DATABASE UNION ALL SELECT 1001 FROM RDB$DATABASE) L
+  WHERE NOT EXISTS (SELECT 1 FROM AUDITADO A WHERE A.TIDO_COD = L.TIDO AND A.AUDI_IDDOC = :ID);
 END^
 
 -- Deja anotado que se borró una línea de un comprobante ya auditado. La llaman los disparadores de
@@ -76,9 +85,7 @@ CREATE OR ALTER PROCEDURE ANOTE_LINEA_BORRADA (TIDO integer, ID integer)
 AS
 BEGIN
   UPDATE AUDITADO SET AUDI_BORRO = 'S'
-  WHERE TIDO_COD = :TIDO AND AUDI_IDDOC = :ID AND AUDI_BORRO IS NULL;
-  IF (ROW_COUNT > 0) THEN
-    rdb$set_context('USER_TRANSACTION', 'BORRADAS', 'S');
+  WHERE TIDO_COD = :TIDO AND AUDI_IDDOC = :ID AND AUDI_BORRO IS DISTINCT FROM 'S';
 END^
 
 SET TERM ; ^

@@ -1,9 +1,5 @@
 -- Filas con que nace una compañía. Nada de esto pisa lo que la compañía haya cambiado después.
 
-INSERT INTO VERSION_ESQUEMA (VERS_NUMERO, VERS_FECHA, VERS_NOMBRE)
-SELECT 1, CURRENT_TIMESTAMP, 'Esquema inicial' FROM RDB$DATABASE
-WHERE NOT EXISTS (SELECT 1 FROM VERSION_ESQUEMA WHERE VERS_NUMERO = 1);
-
 -- Fecha de revisión de la base, que la ventana principal muestra junto a la del programa.
 INSERT INTO REVISION (REVI_FECHA)
 SELECT DATE '2018-02-21' FROM RDB$DATABASE WHERE NOT EXISTS (SELECT 1 FROM REVISION);

@@ -38,7 +38,6 @@ BEGIN
   IF (UPDATING AND NEW.CODE_ITEM <> OLD.CODE_ITEM) THEN
     UPDATE OR INSERT INTO REPLICA_LINEA (ENCO_CONSEC, CODE_ITEM, REPL_NUEVA)
     VALUES (:ID, OLD.CODE_ITEM, 'N');
-  rdb$set_context('USER_TRANSACTION', 'REPLICAS', 'S');
 END^
 
 -- Lo digitado en el libro NIIF. Si una línea nueva cae en el lugar de una réplica, esta se corre.
@@ -56,11 +55,8 @@ BEGIN
       WHERE ENCO_CONSEC = NEW.ENCO_CONSEC AND CODE_ITEM = NEW.CODE_ITEM;
     IF (EXISTS (SELECT 1 FROM COMPROBANTE_ENCABEZADO
       WHERE ENCO_CONSEC = NEW.ENCO_CONSEC AND ENCO_REPNIIF = 'S')) THEN
-    BEGIN
       UPDATE OR INSERT INTO REPLICA_MANO (ENCO_CONSEC, CODE_ITEM, REPL_NUEVA)
       VALUES (NEW.ENCO_CONSEC, NEW.CODE_ITEM, 'S');
-      rdb$set_context('USER_TRANSACTION', 'REPLICAS', 'S');
-    END
   END
 END^
 
@@ -229,14 +225,16 @@ BEGIN
   END
 END^
 
--- REPLICAS es solo un aviso de que puede haber algo que hacer; la verdad está en REPLICA_LINEA,
--- que se deshace con la fila que fracasó.
+-- Lo que hay que hacer está en REPLICA_LINEA, que se deshace con la fila que fracasó. Una temporal
+-- cuesta aunque esté vacía: la transacción de solo lectura no la mira.
 CREATE OR ALTER TRIGGER REPLICAS_AL_CONFIRMAR
 ACTIVE ON TRANSACTION COMMIT POSITION 0
 AS
   DECLARE ID integer;
 BEGIN
-  IF (rdb$get_context('USER_TRANSACTION', 'REPLICAS') IS NULL) THEN
+  IF (rdb$get_context('SYSTEM', 'READ_ONLY') = 'TRUE'
+    OR (NOT EXISTS (SELECT 1 FROM REPLICA_LINEA)
+      AND NOT EXISTS (SELECT 1 FROM REPLICA_MANO))) THEN
     EXIT;
   rdb$set_context('USER_TRANSACTION', 'REPLICANDO', 'S');
   FOR SELECT ENCO_CONSEC FROM REPLICA_LINEA UNION SELECT ENCO_CONSEC FROM REPLICA_MANO
@@ -246,7 +244,6 @@ BEGIN
   -- Una confirmación que conserva la transacción no vuelve a empezar con la misma lista.
   DELETE FROM REPLICA_LINEA;
   DELETE FROM REPLICA_MANO;
-  rdb$set_context('USER_TRANSACTION', 'REPLICAS', NULL);
   rdb$set_context('USER_TRANSACTION', 'REPLICANDO', NULL);
 END^
 

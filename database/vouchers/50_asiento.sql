@@ -36,7 +36,7 @@ AS
 BEGIN
   -- Un proceso que cancela saldos los toma como están: no les exige lo que hoy pide la cuenta, ni
   -- que su clase sea la que tenía cuando recibió el artículo.
-  DE_SALDOS = rdb$get_context('USER_TRANSACTION', 'ASIENTO_DE_SALDOS');
+  DE_SALDOS = (SELECT FIRST 1 'S' FROM PERMISO_INTERNO WHERE PEIN_QUE = 'ASIENTO_DE_SALDOS');
   IF ('{LIBRO}' = 'NIIF') THEN
     NOMBRE = 'cuenta NIIF';
   FOR
@@ -179,8 +179,9 @@ BEGIN
   SELECT PRCO_ACTIVO, trim(PREF_NUMERO) FROM PREFIJOS_CONTA
   WHERE TICO_COD = :TIPO AND PRCO_PREF = :PREFIJO
   INTO :ACTIVO, :CONTADOR;
-  IF (ACTIVO IS NOT NULL AND TIPO || ' ' || PREFIJO || ' ' || NUMERO
-    = rdb$get_context('USER_TRANSACTION', 'NUMERO_CONSERVADO')) THEN
+  IF (ACTIVO IS NOT NULL AND EXISTS (SELECT 1 FROM PERMISO_INTERNO
+    WHERE PEIN_QUE = 'NUMERO_CONSERVADO'
+      AND PEIN_DATO = :TIPO || ' ' || :PREFIJO || ' ' || :NUMERO)) THEN
     EXIT;
   IF (ACTIVO IS DISTINCT FROM 'S') THEN
   BEGIN

@@ -367,6 +367,9 @@ ErrorBase conectando(const Vector& v, Causa causa, const QString& motor) {
             "El archivo de la base de datos está incompleto o no es una base de datos.");
         return forma(ClaseFalla::BaseDanada, corta, corta);
     }
+    // Otro motor la tiene abierta por otro medio.
+    if (v.tiene(isc_io_error) && v.argumento(isc_io_error) == QLatin1String("lock"))
+        return forma(ClaseFalla::EnUso, QString::fromUtf8(kEnUso), QString::fromUtf8(kEnUso));
     if (v.tiene(isc_io_error) &&
         (sistema == 0 || sistema == ENOENT || sistema == ENOTDIR || sistema == ENAMETOOLONG)) {
         const QString archivo = v.argumento(isc_io_error, 1);

@@ -119,7 +119,8 @@ QMap<QString, QString> recuento(Conexion& conexion) {
 
 namespace {
 
-constexpr int kIntentos = 3; ///< respaldos que se hacen mientras otros graban
+const QByteArray kComienzo("\0\2\4", 3); ///< de todo respaldo del motor
+constexpr int kIntentos = 3;             ///< respaldos que se hacen mientras otros graban
 
 /// La copia no da las cifras de la base: otra, hecha un momento después, puede darlas.
 class OtrasCifras : public ErrorDatos {
@@ -170,9 +171,22 @@ QMap<QString, QString> respalde_y_reintente(const ParametrosConexion& base, cons
     }
 }
 
+/// Lo que ya hay con ese nombre solo se reemplaza si es otro respaldo: podría ser la misma base.
+void exija_reemplazable(const QString& archivo) {
+    QFile f(archivo);
+    if (!f.exists())
+        return;
+    const QByteArray comienzo = f.open(QIODevice::ReadOnly) ? f.read(kComienzo.size()) : "?";
+    if (!comienzo.isEmpty() && comienzo != kComienzo)
+        throw ErrorDatos(QStringLiteral("El archivo %1 ya existe y no es un respaldo. Escoja otro "
+                                        "nombre.")
+                             .arg(archivo));
+}
+
 } // namespace
 
 ResultadoRespaldo respalde_y_pruebe(const ParametrosConexion& base, const QString& archivo) {
+    exija_reemplazable(archivo);
     // El anterior del mismo nombre sigue en su sitio hasta que el nuevo está probado.
     const QString nuevo = archivo + QStringLiteral(".sin_probar");
     QFile::remove(nuevo); // el de un programa que murió en este paso

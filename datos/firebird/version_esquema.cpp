@@ -17,8 +17,8 @@ int version_de_esquema(Conexion& conexion) {
                                       " 'VERSION_ESQUEMA'"))
              .nulo();
     return hay ? int(conexion
-                         .consulte(QStringLiteral("select max(vers_numero) from"
-                                                  " version_esquema"))
+                         .consulte(QStringLiteral("select maxvalue(coalesce(max(vers_numero),"
+                                                  " 0), 0) from version_esquema"))
                          .entero())
                : 0;
 }

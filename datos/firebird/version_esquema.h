@@ -12,7 +12,8 @@ inline int version_conocida(TipoBase tipo) {
     return tipo == TipoBase::Compania ? kVersionCompania : kVersionGeneral;
 }
 
-/// Versión que dice la base conectada; 0 si no es de este sistema.
+/// Versión que dice la base conectada; 0 si no es de este sistema o no se acabó de crear. La que se
+/// quedó a medias de actualizar dice la anterior.
 int version_de_esquema(Conexion& conexion);
 
 /// Verdadero si la falla es que el usuario no tiene permiso en la base: nadie le concedió el papel.

@@ -51,11 +51,20 @@ void PruebaActualizacion::initTestCase() {
     {
         Conexion c;
         conecte(c);
+        c.ejecute("alter trigger estructura_biud inactive");
+        c.ejecute("delete from estructura where estr_nivel = 5");
         c.ejecute("insert into planilla_digitacion (pldi_id) values (7)");
         for (const char* dato : {"1, 'Valor'", "2, 'VALOR'", "3, 'valor (2)'"})
             c.ejecute(QString("insert into planilla_digitacion_cuentas (pldi_id, pldc_item,"
                               " pldc_titulo) values (7, %1)")
                           .arg(QLatin1String(dato)));
+    }
+    // Muere en cualquier punto: la base no pasa por buena, y repetir la orden la termina.
+    for (const char* segundos : {"0.2", "0.6", "1.2"}) {
+        corra("timeout",
+              {"-s", "KILL", segundos, QCoreApplication::applicationDirPath() + "/quorvex-admin",
+               "actualizar", "--ubicacion", carpeta_.path()});
+        QVERIFY(ordene({"verificar"}).errores.contains("con quorvex-admin actualizar"));
     }
     const auto r = ordene({"actualizar"});
     QVERIFY2(r.codigo == 0, qPrintable(r.errores));
@@ -70,6 +79,7 @@ void PruebaActualizacion::initTestCase() {
     }
     const auto anterior = ordene({"actualizar"});
     QVERIFY2(anterior.codigo == 0, qPrintable(anterior.errores));
+    QCOMPARE(filas("select count(*) from estructura"), "4");
 }
 
 void PruebaActualizacion::la_version_del_programa_es_la_del_ultimo_guion() {

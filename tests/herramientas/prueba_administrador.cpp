@@ -11,8 +11,8 @@ QStringList conceda(const char* usuario, const char* opcion = nullptr) {
     QStringList orden{"conceder", "--codigo", usuario, "--compania", "001"};
     return opcion ? orden << opcion : orden;
 }
-QStringList configure(const char* propiedad, const char* valor) {
-    return {"configurar", "--compania", "001", "GENERAL", "GENERAL", propiedad, valor};
+QStringList configure(const char* propiedad, const char* valor, const char* modulo = "GENERAL") {
+    return {"configurar", "--compania", "001", modulo, "GENERAL", propiedad, valor};
 }
 QStringList respalde(const QString& archivo) {
     return {"respaldar", "--compania", "001", "--archivo", archivo};
@@ -112,6 +112,15 @@ void PruebaAdministrador::cada_falla_se_dice_en_espanol_y_cambia_el_codigo() {
         {conceda("NADIE", "1"), 1, "El usuario NADIE no está registrado"},
         {conceda("ADMIN", "x"), 2, "'x' no es un número de opción"},
         {conceda("ADMIN"), 2, "Faltan las opciones."},
+        {conceda("ADMIN", "1-99999999"), 2, "No hay opciones mayores que 999"},
+        {conceda("ADMIN", "106-109"), 2, "Ninguna de esas opciones existe."},
+        {configure("FECHA DE BLOQUEO", "31/12/2017", "CONTABILIDAD"), 1, "no es una fecha"},
+        {configure("FECHA DE BLOQUEO ADMINISTRATIVO", "2017/02/31"), 1, "no es una fecha"},
+        {configure("AÑO DE INICIO", "17", "CONTABILIDAD"), 1, "no es un año"},
+        {configure("CUENTA PARA CUADRAR COMPROBANTES DESCUADRADOS DE INTERFAZ", "999999",
+                   "CONTABILIDAD"),
+         1, "La cuenta 999999 no existe."},
+        {respalde(b.ubicacion().base_general()), 1, "ya existe y no es un respaldo"},
         {configure("BUSQUEDAS", "1"), 1, "DURACION DE LAS BUSQUEDAS"},
         {configure("NOMBRE COMPAÑIA", "€ uros"), 1, "El carácter '€'"},
         {restaure("/no/hay.fbk"), 1, "No se encontró el archivo de respaldo"},
@@ -157,8 +166,14 @@ void PruebaAdministrador::una_compania_que_no_se_acaba_de_crear_no_deja_nada() {
              qPrintable(lleno.errores));
     QVERIFY(!QFile::exists(lugar + "/datos/009"));
     QVERIFY(administre(en(lugar, {"verificar", "--compania", "009"})).errores.contains("009"));
-    const auto r = administre(en(lugar, {"crear-compania", "--codigo", "009", "--nombre", "Sí"}));
+    // Ni la que muere a la mitad estorba a la siguiente.
+    const QStringList orden = en(lugar, {"crear-compania", "--codigo", "009", "--nombre", "Sí"});
+    const QString admin = QCoreApplication::applicationDirPath() + "/quorvex-admin";
+    corra("timeout", QStringList{"-s", "KILL", "0.4", admin} + orden);
+    QVERIFY(!QFile::exists(lugar + "/datos/009/quorvex.fdb"));
+    const auto r = administre(orden);
     QVERIFY2(r.codigo == 0, qPrintable(r.errores));
+    QCOMPARE(QDir(lugar + "/datos/009").entryList(QDir::Files), QStringList{"quorvex.fdb"});
 }
 
 void PruebaAdministrador::la_ayuda_nombra_todas_las_ordenes() {
@@ -186,6 +201,8 @@ void PruebaAdministrador::un_respaldo_probado_devuelve_los_datos() {
         c.ejecute("delete from centros");
         c.ejecute("update terceros set terc_nom = 'Otro'");
     }
+    const auto ajena = administre(en(b.ruta(), {"restaurar", "--general", "--archivo", archivo}));
+    QVERIFY2(ajena.errores.contains("El respaldo es de una compañía"), qPrintable(ajena.errores));
     const auto vuelta = administre(en(b.ruta(), restaure(archivo)));
     QVERIFY2(vuelta.codigo == 0, qPrintable(vuelta.errores));
     QCOMPARE(b.base().consulte("select count(*) from centros").entero(), 4);

@@ -185,19 +185,19 @@ void PruebaCargaDocumentos::lo_mal_escrito_se_dice_todo_con_su_renglon_y_no_entr
                           "DOCUMENTO tipo=31 numero=2 fecha=2018/01/01 concepto=\"€ uno\"\n"
                           "VENTA 10\n");
     QCOMPARE(d.codigo, 1);
-    QCOMPARE(
-        falta_en(d.errores,
-                 {":1: 'fecha' no es una fecha aaaa/mm/dd: 2018/02/30.",
-                  ":1: no existe el tercero 1.", ":1: no existe el proyecto-centro 0009-0001.",
-                  ":2: 'valor' no es un valor con 2 decimales: 10.001.",
-                  ":3: la familia VENTAS no tiene el concepto 'SALIDA'.",
-                  ":3: no existe el artículo NADA.", ":3: 'aplica' es tipo/número: 31.",
-                  ":4: 'niif' no es un valor con 2 decimales: diez.",
-                  ":4: no se conoce el dato 'precio'.", ":4: el porcentaje va de 0 a 100.",
-                  ":4: 'aplica' es tipo/número: 31/12345678901.",
-                  ":5: el tipo de documento 99 no se contabiliza.", ":5: falta el número.",
-                  ":5: el documento no tiene líneas.", ":8: el carácter '€' no se puede guardar."}),
-        QString());
+    QCOMPARE(falta_en(d.errores,
+                      {":1: 'fecha' no es una fecha aaaa/mm/dd: 2018/02/30.",
+                       ":1: no existe el tercero 1.", ":1: no existe el proyecto-centro 0009-0001.",
+                       ":2: 'valor' no es un valor con 2 decimales: 10.001.",
+                       ":3: la familia VENTAS no tiene el concepto 'SALIDA'.",
+                       ":3: no existe el artículo NADA.", ":3: 'aplica' es tipo/número: 31.",
+                       ":4: 'niif' no es un valor con 2 decimales: diez.",
+                       ":4: no se conoce el dato 'precio'.", ":4: el porcentaje va de 0 a 100.",
+                       ":4: 'aplica' es tipo/número: 31/12345678901.",
+                       ":5: el tipo de documento 99 no se contabiliza.", ":5: falta el número.",
+                       ":5: el documento no tiene líneas.",
+                       ":8: el carácter '€' (U+20ac) no se puede guardar."}),
+             QString());
     QCOMPARE(filas("select count(*) from documento"), "0");
     QCOMPARE(filas("select count(*) from interfaz_ventas"), "0");
 }

@@ -168,13 +168,20 @@ void PruebaInstalador::repetir_los_guiones_no_pisa_lo_que_la_compania_cambio() {
          "update puc set puc_nom = 'Otro nombre' where puc_cod = '1105'",
          "update ciudades set ciud_activa = 'N' where ciud_cod = '05001'",
          "update revision set revi_fecha = '2019-01-01'",
-         "delete from paises where pais_id = '013'"});
+         "delete from paises where pais_id = '013'", "alter trigger estructura_biud inactive",
+         "delete from estructura where estr_nivel = 5",
+         "delete from flujo_efectivo where flef_id = 1",
+         "delete from configura_mediosmag where come_item = '1001801'",
+         "delete from mediosmag_cuentas"});
     const auto antes = recuento(b.base());
     Conexion dueno;
     dueno.conectar(b.parametros("SYSDBA"));
     Instalador instalador(dueno);
     QVERIFY(instalador.actualice(TipoBase::Compania).isEmpty());
     QVERIFY(instalador.actualice(TipoBase::Compania).isEmpty());
+    // La tabla que quedó vacía se vuelve a sembrar, menos lo de quien ya no está.
+    QCOMPARE(dueno.consulte("select min(mmcu_item) from mediosmag_cuentas").texto(), "1001802");
+    dueno.ejecute("delete from mediosmag_cuentas");
     auto esperado = antes;
     esperado[QString("PAISES")] = QString::number(antes[QString("PAISES")].toInt() + 1);
     QCOMPARE(recuento(dueno), esperado);
@@ -262,13 +269,16 @@ void PruebaInstalador::un_error_de_la_base_nombra_archivo_y_renglon() {
     guiones.escriba("ledger/95_malo.sql",
                     "-- uno\nupdate revision set revi_fecha = revi_fecha;\n\nselect nada from\n"
                     " no_existe;\n");
-    const QString falla = falla_de([&] {
-        Conexion c;
-        c.conectar(b.parametros("SYSDBA"));
-        Instalador(c, guiones.ruta()).actualice(TipoBase::Compania);
-    });
+    Conexion c;
+    c.conectar(b.parametros("SYSDBA"));
+    const QString falla =
+        falla_de([&] { Instalador(c, guiones.ruta()).actualice(TipoBase::Compania); });
     QVERIFY2(falla.startsWith("ledger/95_malo.sql:4: select nada from"), qPrintable(falla));
     QVERIFY(falla.contains("NO_EXISTE"));
+    // La que se quedó a medias no es de la versión del programa hasta que se termina.
+    QVERIFY(version_de_esquema(c) < kVersionCompania);
+    QVERIFY(Instalador(c).actualice(TipoBase::Compania).isEmpty());
+    QCOMPARE(version_de_esquema(c), kVersionCompania);
 }
 
 void PruebaInstalador::una_base_vieja_recibe_las_actualizaciones_que_le_faltan() {

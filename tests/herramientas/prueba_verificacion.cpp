@@ -97,6 +97,16 @@ void PruebaVerificacion::un_libro_bien_llevado_no_tiene_nada_que_decir() {
     base_->ejecute({"update configuracion set conf_valor = 'SI' where conf_propiedad = 'PERMITIR "
                     "COMPROBANTES DESCUADRADOS'"});
     QCOMPARE(verificacion(), kBien);
+    // Lo que algo nombra y ya no está.
+    base_->ejecute({"update terceros set terc_ctaventa = '990099', terc_nitconta = '77' where "
+                    "terc_nit = '19876543'",
+                    "insert into plantilla_encabezado (plan_id, plan_concepto, tico_cod, prco_pref)"
+                    " values (1, 'Nómina', 'ZZ', '0001')"});
+    QCOMPARE(verificacion(),
+             "libro 2649: se nombra una cuenta que no existe (990099 es una de las cuentas del "
+             "tercero 19876543)\nlibro 2649: se nombra un tercero que no existe (77 es el NIT con "
+             "que se contabiliza el tercero 19876543)\nlibro 2649: se nombra un prefijo que no "
+             "existe (ZZ 0001 está en la plantilla Nómina)\n1");
 }
 
 void PruebaVerificacion::un_borrado_a_medias_se_ve_en_cualquier_punto() {

@@ -1,6 +1,31 @@
--- El renglón de los años sin cerrar llega con las semillas. La demora de las búsquedas, que antes
--- no se cumplía aunque se sembrara en 1, queda en la de hoy donde nadie la cambió: ninguna.
+-- El renglón de los años sin cerrar llega a quien ya tenía las taxonomías; a los demás, con las
+-- semillas. La demora de las búsquedas, que antes no se cumplía aunque se sembrara en 1, queda en
+-- la de hoy donde nadie la cambió: ninguna.
 
 UPDATE CONFIGURACION SET CONF_VALOR = '0'
 WHERE CONF_MODULO = 'GENERAL' AND CONF_CATEGORIA = 'GENERAL'
   AND CONF_PROPIEDAD = 'DURACION DE LAS BUSQUEDAS' AND trim(CONF_VALOR) = '1';
+
+SET TERM ^ ;
+
+EXECUTE BLOCK
+AS
+  DECLARE HAY integer = 0;
+BEGIN
+  IF (EXISTS (SELECT 1 FROM RDB$RELATIONS WHERE RDB$RELATION_NAME = 'TAXONOMIA_CUENTAS')) THEN
+    EXECUTE STATEMENT 'SELECT count(*) FROM TAXONOMIA_ENCABEZA '
+      || 'WHERE TAXO_ID = 1 AND TAXE_ID = 210000 AND NOT EXISTS (SELECT 1 FROM TAXONOMIA_DETALLE D '
+      || 'WHERE D.TAXO_ID = 1 AND D.TAXE_ID = 210000 AND D.TAXD_ITEM = 235)' INTO :HAY;
+  IF (HAY > 0) THEN
+  BEGIN
+    EXECUTE STATEMENT 'INSERT INTO TAXONOMIA_DETALLE (TAXO_ID, TAXE_ID, TAXD_ITEM, TAXD_NOMBRE, '
+      || 'TAXD_TIPO, TAXD_NIVEL) VALUES (1, 210000, 235, '
+      || '''Resultados de años anteriores sin cerrar'', 1, 2)';
+    EXECUTE STATEMENT 'INSERT INTO TAXONOMIA_CUENTAS (TAXO_ID, TAXE_ID, TAXD_ID, TAXC_ITEM, '
+      || 'CUEN_COD, TAXC_TIPO) SELECT 1, 210000, 235, CLASE - 3, CLASE, iif(CLASE = 4, 5, -5) '
+      || 'FROM (SELECT 4 CLASE FROM RDB$DATABASE UNION SELECT 5 FROM RDB$DATABASE '
+      || 'UNION SELECT 6 FROM RDB$DATABASE UNION SELECT 7 FROM RDB$DATABASE)';
+  END
+END^
+
+SET TERM ; ^

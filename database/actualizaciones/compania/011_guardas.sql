@@ -1,0 +1,2 @@
+-- Los permisos que los procesos se dan a sí mismos pasan de las variables de la transacción, que
+-- cualquiera pone, a una tabla que solo ellos escriben. Los guiones hacen la tabla.
