@@ -109,7 +109,7 @@ private slots:
         const QVector<PedidoAncho> por_digitar{
             {.contenido = 50, .titulo = 100, .breve = 30, .comodo = 90, .entero = 12, .peso = 9},
             {.contenido = 50, .entero = 200, .peso = 10}};
-        QCOMPARE(reparta_ancho(por_digitar, 260), QVector<int>({60, 200}));
+        QCOMPARE(reparta_ancho(por_digitar, 240), QVector<int>({40, 200}));
         // Desplazándose, los nombres dan a la cifra que asoma lo poco que le falte; mucho, no.
         QVector<PedidoAncho> asoma{
             {.contenido = 100, .titulo = 40, .entero = 200, .cede = 60, .peso = 20},

@@ -91,12 +91,11 @@ struct Cesiones {
             reserva << (primero ? cede : 0);
             nombre << (primero ? 0 : cede);
             // El de la que se digita y no dice nada, hasta que se lea abreviado.
-            const bool abrevia = poco && !p.vacia && p.breve > 0;
-            const int corto = p.vacia   ? resto
-                              : abrevia ? qBound(0, anchos.last() - p.breve, resto)
-                                        : 0;
+            const int corto = poco && !p.vacia && p.breve > 0 ? qMax(0, anchos.last() - p.breve)
+                              : p.vacia                       ? resto
+                                                              : 0;
             titulo_vacia << corto;
-            titulo << resto - corto;
+            titulo << qMax(0, resto - corto);
         }
     }
     int sin_ceder() const { return suma(anchos) - suma(titulo_vacia); }
