@@ -9,20 +9,31 @@ void exija(bool condicion, const QString& mensaje) {
         throw ErrorDatos(mensaje);
 }
 
+bool existe_fecha(Conexion& compania, const QString& fecha) {
+    return compania
+               .consulte(QStringLiteral("select iif(existe_fecha(?), 1, 0) from rdb$database"),
+                         {Valor(fecha)})
+               .entero() > 0;
+}
+
+bool existe_cuenta(Conexion& compania, bool niif, const QString& cuenta) {
+    return compania
+               .consulte(
+                   niif ? QStringLiteral("select count(*) from cuentas_niif where cuen_cod = ?")
+                        : QStringLiteral("select count(*) from cuentas where cuen_cod = ?"),
+                   {Valor(cuenta)})
+               .entero() > 0;
+}
+
 /// Un valor que el programa no sabe leer apaga la regla que lo usa o la cierra para siempre.
 void exija_valor(Conexion& compania, const QString& propiedad, const QString& valor) {
     static const QRegularExpression fecha(
         QStringLiteral("^[0-9]{8}$|^[0-9]{4}/[0-9]{2}/[0-9]{2}$")),
         ano(QStringLiteral("^(19|20)[0-9]{2}$"));
-    const auto hay = [&](const QString& consulta, const QString& texto) {
-        return compania.consulte(consulta, {Valor(texto)}).entero() > 0;
-    };
     if (valor.isEmpty())
         return;
     if (propiedad.startsWith(QStringLiteral("FECHA DE ")))
-        exija(fecha.match(valor).hasMatch() &&
-                  hay(QStringLiteral("select iif(existe_fecha(?), 1, 0) from rdb$database"),
-                      QString(valor).remove('/')),
+        exija(fecha.match(valor).hasMatch() && existe_fecha(compania, QString(valor).remove('/')),
               QStringLiteral("'%1' no es una fecha: escríbala como 20171231 o 2017/12/31, o deje "
                              "vacío el valor para quitarla.")
                   .arg(valor));
@@ -33,12 +44,8 @@ void exija_valor(Conexion& compania, const QString& propiedad, const QString& va
         exija(valor.toInt() >= 1 && valor.toInt() <= 12,
               QStringLiteral("'%1' no es un mes: son de 1 a 12.").arg(valor));
     if (propiedad.startsWith(QStringLiteral("CUENTA ")))
-        exija(
-            hay(QStringLiteral("select count(*) from %1 where cuen_cod = ?")
-                    .arg(propiedad.endsWith(QStringLiteral("NIIF")) ? QStringLiteral("cuentas_niif")
-                                                                    : QStringLiteral("cuentas")),
-                valor),
-            QStringLiteral("La cuenta %1 no existe.").arg(valor));
+        exija(existe_cuenta(compania, propiedad.endsWith(QStringLiteral("NIIF")), valor),
+              QStringLiteral("La cuenta %1 no existe.").arg(valor));
 }
 
 } // namespace

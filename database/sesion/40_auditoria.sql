@@ -68,8 +68,8 @@ END^
 
 -- Anuncia que esta transacción va a borrar el comprobante: sus líneas ya cuentan como auditadas, y
 -- queda una sola fila por libro, la del borrado, que escribe el disparador del encabezado. La
--- llaman quienes borran: BORRE_COMPROBANTE y las pantallas, antes de sus órdenes. Si al confirmar el
--- comprobante sigue ahí, lo tocado se audita como lo de cualquiera.
+-- llaman quienes borran: BORRE_COMPROBANTE y las pantallas, antes de sus órdenes. Si al confirmar
+-- el comprobante sigue ahí, lo tocado se audita como lo de cualquiera.
 CREATE OR ALTER PROCEDURE PREPARE_BORRADO (ID integer)
 AS
 BEGIN

@@ -135,18 +135,11 @@ void PruebaRegistroComprobantes::la_auditoria_deja_una_fila_por_operacion() {
     base_->ejecute({"delete from auditoria", "update comprobante_encabezado set enco_fecha ="
                                              " '20170301'"});
     QCOMPARE(auditoria(), QString("1|1|M|AUXILIAR"));
-    // Anunciar un borrado no esconde un cambio, se toquen o no las dos variables; y lo que no se
-    // tocó no se da por modificado.
-    base_->ejecute({"delete from auditoria"});
-    {
-        Transaccion t(base(), Transaccion::Modo::Escritura);
-        for (const char* sql :
-             {"execute procedure prepare_borrado(1)",
-              "execute block as begin rdb$set_context('USER_TRANSACTION', 'BORRADO_DE', null); end",
-              "update comprobante_detalle set code_concepto = 'y'"})
-            base().prepare(sql, t)->ejecute(t, {});
-        t.confirme();
-    }
+    // Anunciar un borrado no esconde un cambio, y lo que no se tocó no se da por modificado.
+    base_->ejecute({"delete from auditoria",
+                    "execute block as begin execute procedure prepare_borrado(1); "
+                    "rdb$set_context('USER_TRANSACTION', 'BORRADO_DE', null); "
+                    "update comprobante_detalle set code_concepto = 'y'; end"});
     QCOMPARE(auditoria(), QString("1|1|M|ADMIN"));
     // Un reemplazo en masa lo firma quien se conectó. Las dos órdenes del borrado dejan su huella.
     base_->ejecute({"delete from auditoria",
