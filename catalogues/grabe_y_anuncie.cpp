@@ -6,9 +6,10 @@
 
 namespace {
 
-/// La fila nueva en la que no se digitó nada se descarta, y no impide grabar las demás.
+/// La fila nueva en la que no se digitó nada se descarta, y no impide grabar las demás; la única
+/// dice lo que le falta.
 void termine(ConjuntoDatos& conjunto) {
-    if (conjunto.State() == Estado::Insercion && !conjunto.Modified())
+    if (conjunto.State() == Estado::Insercion && !conjunto.Modified() && conjunto.RecordCount() > 1)
         conjunto.Cancel();
     conjunto.CheckBrowseMode();
 }

@@ -258,7 +258,8 @@ void PantallaComprobante::muestre_mandante() {
 
 void PantallaComprobante::pagina_cambiada(int pagina) {
     const bool entra = pagina == 1;
-    // El foco va primero: lo que se rehúse al pasar lo lleva a donde se corrige.
+    // El foco va primero: si lo rehusado nombra una línea o el día, desde aquí va a donde se
+    // corrige.
     lineas_a_la_vista().rejilla->setFocus();
     if (!prepare_paso(entra ? *lineas_2649 : *lineas_niif))
         return;

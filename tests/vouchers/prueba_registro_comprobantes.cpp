@@ -138,7 +138,6 @@ void PruebaRegistroComprobantes::la_auditoria_deja_una_fila_por_operacion() {
     // Anunciar un borrado no esconde un cambio, y lo que no se tocó no se da por modificado.
     base_->ejecute({"delete from auditoria",
                     "execute block as begin execute procedure prepare_borrado(1); "
-                    "rdb$set_context('USER_TRANSACTION', 'BORRADO_DE', null); "
                     "update comprobante_detalle set code_concepto = 'y'; end"});
     QCOMPARE(auditoria(), QString("1|1|M|ADMIN"));
     // Un reemplazo en masa lo firma quien se conectó. Las dos órdenes del borrado dejan su huella.
