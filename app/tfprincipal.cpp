@@ -21,6 +21,7 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
