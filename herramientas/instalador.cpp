@@ -16,6 +16,8 @@ const QStringList kSubsistemas = {"sesion",  "catalogues", "vouchers",  "ledger"
                                   "posting", "reports",    "periodend", "assets", "budget",
                                   "tax",     "niif",       "exchange"};
 constexpr int kVersionInicial = 1;
+/// Antes de ella, lo que se agregaba a los medios y las taxonomías llegaba solo con sus semillas.
+constexpr int kVersionDeMedios = 5;
 /// Nacen con la compañía y de ahí en adelante son suyas: lo que ella borra no vuelve, y lo que una
 /// versión nueva les agrega lo trae su actualización.
 const QSet<QString> kDeLaCompania = {
@@ -138,10 +140,11 @@ void Instalador::anuncie(int ultima) {
 }
 
 QStringList Instalador::actualice(TipoBase tipo) {
-    if (version_de_esquema(conexion_) == 0)
+    const QSet<qint64> aplicadas = this->aplicadas();
+    if (aplicadas.isEmpty())
         throw ErrorDatos(QStringLiteral("La creación de esta base de datos no terminó. Vuelva a "
                                         "crearla."));
-    const QSet<qint64> aplicadas = this->aplicadas();
+    desde_ = version_de_esquema(conexion_);
     const QVector<Actualizacion> conocidas = actualizaciones(tipo);
     const int ultima = conocidas.isEmpty() ? kVersionInicial : conocidas.back().numero;
     for (const qint64 numero : aplicadas)
@@ -241,7 +244,10 @@ void Instalador::cargue_lista(const QString& archivo) {
         if (posiciones.back() < 0)
             throw ErrorDatos(QStringLiteral("%1: falta la columna clave %2").arg(archivo, c));
     }
-    const bool suya = !nueva_ && kDeLaCompania.contains(tabla);
+    const bool crecia =
+        desde_ < kVersionDeMedios && (tabla.startsWith(QLatin1String("MEDIOSMAG_")) ||
+                                      tabla.startsWith(QLatin1String("TAXONOMIA_")));
+    const bool suya = !nueva_ && !crecia && kDeLaCompania.contains(tabla);
     Transaccion transaccion(conexion_, Transaccion::Modo::Escritura);
     QSet<QString> presentes;
     {

@@ -53,4 +53,5 @@ private:
     Conexion& conexion_;
     QString carpeta_;
     bool nueva_ = false;
+    int desde_ = 0; ///< versión de la que parte una actualización
 };

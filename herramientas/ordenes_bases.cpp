@@ -21,8 +21,10 @@ bool quedo_a_medias(const ParametrosConexion& base) {
     try {
         Conexion c;
         c.conectar(base);
-        return version_de_esquema(c) == 0 &&
-               c.consulte(QStringLiteral("select count(*) from version_esquema")).entero() == 0;
+        const char* tablas = "select count(*) from rdb$relations where rdb$system_flag = 0";
+        const char* versiones = "select count(*) from version_esquema";
+        return c.consulte(QLatin1String(tablas)).entero() == 0 ||
+               (version_de_esquema(c) == 0 && c.consulte(QLatin1String(versiones)).entero() == 0);
     } catch (const ErrorBase& e) {
         if (e.clase() == ClaseFalla::EnUso)
             throw;
@@ -73,18 +75,19 @@ public:
         if (!conservada_)
             deshaga();
     }
-    /// Ya está completa: desde aquí cada confirmación llega al disco.
+    /// Ya está completa: desde aquí cada confirmación llega al disco, y toma su nombre.
     void asegure() {
         base.desconectar();
         ponga_escritura_inmediata(parametros_, true);
-    }
-    void conserve() {
-        if (!definitiva_.isEmpty() && !QFile::rename(ruta_, definitiva_))
+        if (definitiva_.isEmpty())
+            return;
+        if (!QFile::rename(ruta_, definitiva_))
             throw ErrorDatos(QStringLiteral("No se pudo cambiar de nombre %1 a %2. Verifique los "
                                             "permisos de la carpeta.")
                                  .arg(ruta_, definitiva_));
-        conservada_ = true;
+        parametros_.base = ruta_ = definitiva_;
     }
+    void conserve() { conservada_ = true; }
 
     Conexion base;
 

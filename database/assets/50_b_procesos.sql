@@ -598,9 +598,10 @@ BEGIN
       || NOMBRE_COMPROBANTE(OTRO) || ').';
   VALOR = (SELECT VALOR FROM ACTIVO_VALOR(:CODIGO, :FECHA, 'S'));
   IF (LEIDO <> VALOR) THEN
-    EXCEPTION PROCESO_INCOMPLETO 'El activo ' || CODIGO || ' vale en libros ' || VALOR || ' a '
-      || FECHA_CON_BARRAS(FECHA) || ', y no ' || LEIDO || ': otro proceso lo cambió. Vuelva a leer '
-      || 'el valor y calcule otra vez la diferencia.';
+    EXCEPTION PROCESO_INCOMPLETO 'El activo ' || CODIGO || ' vale en libros '
+      || IMPORTE_CON_MILES(VALOR) || ' a ' || FECHA_CON_BARRAS(FECHA) || ', y no '
+      || IMPORTE_CON_MILES(LEIDO) || ': otro proceso lo cambió. Vuelva a leer el valor y calcule '
+      || 'otra vez la diferencia.';
 END^
 
 -- Lleva a la hoja el deterioro o la recuperación de un activo: el gasto, repartido por sus centros

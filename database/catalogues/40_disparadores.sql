@@ -43,14 +43,23 @@ BEGIN
     OR EXISTS (SELECT 1 FROM ACTIVOS_FIJOS WHERE ACFJ_COD = :CODIGO);
 END^
 
--- Toma la estructura: quien la cambia y quien crea una cuenta, la borra o le cambia el código o los
--- indicadores se esperan, y el que llega segundo ve lo que hizo el otro.
+-- Toma toda la estructura: quien la cambia y quien espera a los que están grabando.
 CREATE OR ALTER PROCEDURE TOME_ESTRUCTURA
 AS
   DECLARE NIVEL integer;
 BEGIN
   FOR SELECT ESTR_NIVEL FROM ESTRUCTURA WITH LOCK INTO :NIVEL DO
     NIVEL = NULL;
+END^
+
+-- Quien crea una cuenta, la borra o le cambia el código o los indicadores espera a los demás, y el
+-- que llega segundo ve lo que hizo el otro. Entre ellos basta la primera fila de la estructura, y no
+-- espera a una importación de saldos, que retiene las otras. Interna de los disparadores del plan.
+CREATE OR ALTER PROCEDURE TOME_PLAN
+AS
+  DECLARE NIVEL integer;
+BEGIN
+  SELECT FIRST 1 ESTR_NIVEL FROM ESTRUCTURA ORDER BY ESTR_NIVEL WITH LOCK INTO :NIVEL;
 END^
 
 -- Ninguna cuenta recibe su primer auxiliar hasta que termine esta transacción, que va a poner
@@ -67,16 +76,19 @@ END^
 
 -- Espera a que terminen los que están grabando y detiene a los que sigan, si la cuenta PADRE podía
 -- llevar movimiento y va a recibir un auxiliar o a cambiar lo que se exige a sus líneas. Quien
--- graba un comprobante nuevo tiene la fila de su prefijo y los demás la estructura, que quien llama
--- ya tomó: así, o sus líneas ya se ven, o se le rehúsan. La estructura primero: quien la toma al
--- grabar puede tomar después un prefijo, y nunca al revés.
+-- graba un comprobante nuevo tiene la fila de su prefijo y los demás la estructura: así, o sus líneas
+-- ya se ven, o se le rehúsan. La estructura primero: quien la toma al grabar puede tomar después un
+-- prefijo, y nunca al revés.
 CREATE OR ALTER PROCEDURE ESPERE_GRABACIONES (PADRE varchar(20))
 AS
   DECLARE PREFIJO varchar(4);
 BEGIN
   IF (NIVEL_CUENTA(PADRE) >= NIVEL_AFECTABLE()) THEN
+  BEGIN
+    EXECUTE PROCEDURE TOME_ESTRUCTURA;
     FOR SELECT PRCO_PREF FROM PREFIJOS_CONTA WITH LOCK INTO :PREFIJO DO
       PREFIJO = NULL;
+  END
 END^
 
 -- El mantenimiento está cambiando la cuenta en esta transacción.
@@ -152,7 +164,7 @@ AS
   DECLARE PADRE varchar(20);
   DECLARE PRIMERA boolean;
 BEGIN
-  EXECUTE PROCEDURE TOME_ESTRUCTURA;
+  EXECUTE PROCEDURE TOME_PLAN;
   PRIMERA = NOT EXISTS (SELECT 1 FROM CUENTAS ROWS 1)
     AND NOT EXISTS (SELECT 1 FROM CUENTAS_NIIF ROWS 1);
   IF (NOT NEW.CUEN_COD SIMILAR TO '[0-9]+') THEN
@@ -196,7 +208,7 @@ BEGIN
   DECIDE = NEW.CUEN_COD <> OLD.CUEN_COD OR NEW.CUEN_TERCERO <> OLD.CUEN_TERCERO
     OR NEW.CUEN_CENTRO <> OLD.CUEN_CENTRO OR NEW.CUEN_RETENCION <> OLD.CUEN_RETENCION;
   IF (DECIDE) THEN
-    EXECUTE PROCEDURE TOME_ESTRUCTURA;
+    EXECUTE PROCEDURE TOME_PLAN;
   IF (NEW.CUEN_COD <> OLD.CUEN_COD) THEN
   BEGIN
     IF (NOT NEW.CUEN_COD SIMILAR TO '[0-9]+') THEN
@@ -229,7 +241,7 @@ CREATE OR ALTER TRIGGER {CUENTAS}_BD FOR {CUENTAS}
 ACTIVE BEFORE DELETE POSITION 0
 AS
 BEGIN
-  EXECUTE PROCEDURE TOME_ESTRUCTURA;
+  EXECUTE PROCEDURE TOME_PLAN;
   IF (TIENE_AUXILIARES{_NIIF}(OLD.CUEN_COD)) THEN
     EXCEPTION CUENTA_CON_AUXILIARES 'La cuenta ' || OLD.CUEN_COD || ' tiene auxiliares definidos.';
 END^

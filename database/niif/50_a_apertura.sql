@@ -115,24 +115,6 @@ LEFT JOIN TERCEROS T ON T.TERC_NIT = A.TERC_NIT
 GROUP BY A.CUEN_COD, C.CUEN_NOM, A.TERC_NIT, T.TERC_DV, A.PROY_COD, T.TERC_NOM, A.CENT_COD
 HAVING sum(A.NETO) <> 0^
 
--- Un importe como se lee en pantalla: "1,234,567.80".
-CREATE OR ALTER FUNCTION IMPORTE_CON_MILES (IMPORTE numeric(18,2))
-RETURNS varchar(30)
-AS
-  DECLARE CIFRAS varchar(30);
-  DECLARE RESULTADO varchar(30);
-BEGIN
-  CIFRAS = abs(IMPORTE);
-  RESULTADO = right(CIFRAS, 3);
-  CIFRAS = left(CIFRAS, char_length(CIFRAS) - 3);
-  WHILE (char_length(CIFRAS) > 3) DO
-  BEGIN
-    RESULTADO = ',' || right(CIFRAS, 3) || RESULTADO;
-    CIFRAS = left(CIFRAS, char_length(CIFRAS) - 3);
-  END
-  RETURN trim(iif(IMPORTE < 0, '-', '')) || CIFRAS || RESULTADO;
-END^
-
 -- Reemplaza los saldos iniciales del libro NIIF por el balance de apertura. Con HAGALO "N" solo
 -- dice cuántas filas y cuánto suman, las que hay hoy (ACTUALES), y en NEGATIVA por qué no se
 -- puede; con "S" lo hace o lanza APERTURA_RECHAZADA sin tocar nada. La llama Tfbalaperturaniif.

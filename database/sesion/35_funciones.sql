@@ -62,4 +62,22 @@ BEGIN
     nullif(rdb$get_context('USER_SESSION', 'USUARIO'), '')) FROM 1 FOR 10);
 END^
 
+-- Un importe como se lee en pantalla: "1,234,567.80".
+CREATE OR ALTER FUNCTION IMPORTE_CON_MILES (IMPORTE numeric(18,2))
+RETURNS varchar(30)
+AS
+  DECLARE CIFRAS varchar(30);
+  DECLARE RESULTADO varchar(30);
+BEGIN
+  CIFRAS = abs(IMPORTE);
+  RESULTADO = right(CIFRAS, 3);
+  CIFRAS = left(CIFRAS, char_length(CIFRAS) - 3);
+  WHILE (char_length(CIFRAS) > 3) DO
+  BEGIN
+    RESULTADO = ',' || right(CIFRAS, 3) || RESULTADO;
+    CIFRAS = left(CIFRAS, char_length(CIFRAS) - 3);
+  END
+  RETURN trim(iif(IMPORTE < 0, '-', '')) || CIFRAS || RESULTADO;
+END^
+
 SET TERM ; ^

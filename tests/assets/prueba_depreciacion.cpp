@@ -378,7 +378,7 @@ void PruebaDepreciacion::un_nuevo_valor_se_deshace_en_orden_y_no_se_repite_ni_se
     // Calculado contra un valor que ya no es el del libro.
     QVERIFY(falla("insert into activos_fijos_valor (acfj_cod, acfv_fecha, acfv_valor, acfv_difer, "
                   "tico_cod, prco_pref) values ('CAMION', '20170131', 1000, -100, 'CG', '0001')")
-                .contains("vale en libros 900.00 a 2017/01/31, y no 1000.00"));
+                .contains("vale en libros 900.00 a 2017/01/31, y no 1,000.00"));
     base().ejecute(orden_valor("CAMION", "20170131", "-300"));
     QVERIFY(falla(orden_valor("CAMION", "20170131", "-1"))
                 .contains("ya tiene un nuevo valor a 2017/01/31 (comprobante CG 0001"));

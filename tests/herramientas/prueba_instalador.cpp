@@ -279,6 +279,18 @@ void PruebaInstalador::un_error_de_la_base_nombra_archivo_y_renglon() {
     QVERIFY(version_de_esquema(c) < kVersionCompania);
     QVERIFY(Instalador(c).actualice(TipoBase::Compania).isEmpty());
     QCOMPARE(version_de_esquema(c), kVersionCompania);
+    // Tampoco la general, que solo tiene la primera.
+    QTemporaryDir carpeta;
+    Conexion general;
+    general.cree_base(desechable(carpeta.filePath("general.fdb")), 1000);
+    Instalador(general).instale(TipoBase::General);
+    guiones.escriba("general/95_malo.sql", "select nada from ninguna;\n");
+    QVERIFY(!falla_de([&] {
+                 Instalador(general, guiones.ruta()).actualice(TipoBase::General);
+             }).isEmpty());
+    QCOMPARE(version_de_esquema(general), 0);
+    QVERIFY(Instalador(general).actualice(TipoBase::General).isEmpty());
+    QCOMPARE(version_de_esquema(general), kVersionGeneral);
 }
 
 void PruebaInstalador::una_base_vieja_recibe_las_actualizaciones_que_le_faltan() {
