@@ -123,7 +123,8 @@ void Tfprincipal::arme_atajos() {
 }
 
 void Tfprincipal::deje_el_menu() {
-    if (focusWidget() == menuBar() && !menuBar()->activeAction() && ultimo_foco_)
+    const QWidget* foco = QApplication::focusWidget(); // Esc deja la barra sin dárselo a nadie
+    if ((!foco || foco == menuBar()) && !menuBar()->activeAction() && ultimo_foco_)
         ultimo_foco_->setFocus(Qt::MenuBarFocusReason);
 }
 
