@@ -138,15 +138,8 @@ private slots:
         QCOMPARE(d.celda("CODE_CREDITO"), "100");
         oprima(Qt::Key_F5); // con valor no hace nada
         QCOMPARE(d.celda("CODE_CREDITO"), "100");
-        oprima(Qt::Key_Down);
-        d.linea({"240805"});
-        oprima(Qt::Key_F5); // cuadrado: ceros a ambos lados
-        QCOMPARE(d.celda("CODE_DEBITO") + d.celda("CODE_CREDITO"), "00");
-        QCOMPARE(p->CDetalle.agregado("Sumadebito").texto(), "100");
-        QCOMPARE(p->lineas_2649->DifCred->text(), "0.00");
-        QCOMPARE(p->lineas_2649->Difdeb->text(), QString());
         // Lo que tenía el que se acaba de poner en cero ya no cuenta.
-        p->CDetalle.vaya_a(2);
+        oprima_seguidas({Qt::Key_Down, Qt::Key_Up});
         d.rejilla().SelectedIndex(LineasLibro::kCredito);
         digite("0", Qt::Key_Return, Qt::Key_F5);
         QCOMPARE(d.celda("CODE_CREDITO"), "100");
@@ -155,8 +148,15 @@ private slots:
         digite("1.250");
         dice(Qt::Key_Return,
              "'1.250' se puede leer de dos maneras en Crédito: escriba 1250 o 1.25.");
-        digite("50", Qt::Key_Return);
-        QCOMPARE(d.celda("CODE_CREDITO"), "50");
+        digite("100", Qt::Key_Return);
+        QCOMPARE(d.celda("CODE_CREDITO"), "100");
+        oprima(Qt::Key_Down);
+        d.linea({"240805"});
+        oprima(Qt::Key_F5); // cuadrado: ceros a ambos lados
+        QCOMPARE(d.celda("CODE_DEBITO") + d.celda("CODE_CREDITO"), "00");
+        QCOMPARE(p->CDetalle.agregado("Sumadebito").texto(), "100");
+        QCOMPARE(p->lineas_2649->DifCred->text(), "0.00");
+        QCOMPARE(p->lineas_2649->Difdeb->text(), QString());
     }
 
     void un_libro_descuadrado_no_se_graba_salvo_que_la_compania_lo_permita() {

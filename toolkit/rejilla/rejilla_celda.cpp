@@ -346,7 +346,8 @@ void Rejilla::escriba_pendiente() {
     const int columna = SelectedIndex();
     const bool con_foco = editor_->hasFocus();
     // Una operación que no se puede calcular sale de aquí: la celda sigue abierta.
-    editor_->selectAll();
+    if (modelo_->numerica(columna))
+        editor_->selectAll();
     const QString valor = editor_->contenido();
     cierre_editor();
     try {
@@ -356,7 +357,8 @@ void Rejilla::escriba_pendiente() {
             abierto_ = true;
             editor_->show();
             editor_->digite(texto);
-            editor_->selectAll(); // lo que se teclee ahora lo reemplaza
+            if (modelo_->numerica(columna))
+                editor_->selectAll(); // otra cifra la reemplaza; un texto se corrige
             if (con_foco)
                 editor_->setFocus(Qt::OtherFocusReason);
         }
