@@ -79,27 +79,40 @@ void Tfimportarinv3::FormCreate() {
 }
 
 void Tfimportarinv3::llene_columnas() {
+    struct Renglon {
+        QString dato;
+        Valor columna, ancho;
+        bool entra;
+    };
+    QVector<Renglon> renglones;
     const QVector<ColumnaImportacion> anteriores = columnas_recordadas(asistente_.tipo);
-    CImportacion.CreateDataSet();
-    CImportacion.DisableControls();
     CImportar.FetchAll();
-    CImportacion.FieldByName("DATO").ReadOnly = false;
     for (CImportar.First(); !CImportar.Eof(); CImportar.Next()) {
         const QString dato = CImportar.FieldByName("IMIN_DATO").texto();
         const auto antes = std::find_if(anteriores.begin(), anteriores.end(),
                                         [&](const auto& c) { return c.dato == dato; });
+        const bool recordada = antes != anteriores.end();
+        renglones << Renglon{
+            dato,
+            recordada ? Valor(qAbs(antes->columna)) : CImportar.FieldByName("IMIN_COLUMNA").valor(),
+            CImportar.FieldByName("IMIN_ANCHO").valor(), !recordada || antes->columna >= 0};
+    }
+    // Por columna al abrir. Un índice se llevaría la fila de debajo de quien la cambia.
+    std::stable_sort(renglones.begin(), renglones.end(), [](const Renglon& a, const Renglon& b) {
+        return a.columna.entero() < b.columna.entero();
+    });
+    CImportacion.CreateDataSet();
+    CImportacion.DisableControls();
+    CImportacion.FieldByName("DATO").ReadOnly = false;
+    for (const Renglon& r : renglones) {
         CImportacion.Append();
-        CImportacion.FieldByName("DATO") = dato;
-        CImportacion.FieldByName("COLUMNA") = antes == anteriores.end()
-                                                  ? CImportar.FieldByName("IMIN_COLUMNA").valor()
-                                                  : Valor(qAbs(antes->columna));
-        CImportacion.FieldByName("ANCHO") = CImportar.FieldByName("IMIN_ANCHO").valor();
-        CImportacion.FieldByName("IMPORTAR") =
-            antes != anteriores.end() && antes->columna < 0 ? "NO" : "SI";
+        CImportacion.FieldByName("DATO") = r.dato;
+        CImportacion.FieldByName("COLUMNA") = r.columna;
+        CImportacion.FieldByName("ANCHO") = r.ancho;
+        CImportacion.FieldByName("IMPORTAR") = r.entra ? "SI" : "NO";
         CImportacion.Post();
     }
     CImportacion.FieldByName("DATO").ReadOnly = true;
-    CImportacion.IndexFieldNames("COLUMNA");
     CImportacion.First();
     CImportacion.EnableControls();
 }

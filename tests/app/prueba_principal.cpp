@@ -481,6 +481,8 @@ private slots:
         boton->setFocus();
         QTest::keyClick(&p, Qt::Key_F10);
         QCOMPARE(QApplication::focusWidget(), p.menuBar());
+        while (QWidget* abierto = QApplication::activePopupWidget())
+            QTest::keyClick(abierto, Qt::Key_Escape);
         QTest::keyClick(p.menuBar(), Qt::Key_Escape);
         QTRY_COMPARE(QApplication::focusWidget(), boton);
     }

@@ -146,8 +146,8 @@ private slots:
         // Y lo que se teclea tras un importe rehusado lo reemplaza.
         d.rejilla().SelectedIndex(LineasLibro::kCredito);
         digite("1.250");
-        dice(Qt::Key_Return,
-             "'1.250' se puede leer de dos maneras en Crédito: escriba 1250 o 1.25.");
+        dice(Qt::Key_Return, "Se presento el siguiente error: '1.250' se puede leer de dos maneras "
+                             "en Crédito: escriba 1250 o 1.25.");
         digite("100", Qt::Key_Return);
         QCOMPARE(d.celda("CODE_CREDITO"), "100");
         oprima(Qt::Key_Down);

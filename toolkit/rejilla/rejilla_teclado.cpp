@@ -205,7 +205,7 @@ bool Rejilla::oprima_enter(Qt::KeyboardModifiers m) {
     if (m != Qt::NoModifier || !(editable() || (ReadOnly && enter_como_tab)))
         return false;
     if (enter_como_tab) {
-        if (tiene_seleccion() && !enter_con_seleccion)
+        if (!digitando() && tiene_seleccion() && !enter_con_seleccion)
             fije_actual(currentIndex().row(), SelectedIndex());
         else if (!siguiente_celda())
             salga_con_tab(true);
