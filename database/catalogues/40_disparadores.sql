@@ -53,8 +53,8 @@ BEGIN
 END^
 
 -- Quien crea una cuenta, la borra o le cambia el código o los indicadores espera a los demás, y el
--- que llega segundo ve lo que hizo el otro. Entre ellos basta la primera fila de la estructura, y no
--- espera a una importación de saldos, que retiene las otras. Interna de los disparadores del plan.
+-- que llega segundo ve lo que hizo el otro. Entre ellos basta la primera fila de la estructura, sin
+-- esperar a una importación de saldos, que retiene las otras. Interna de los disparadores del plan.
 CREATE OR ALTER PROCEDURE TOME_PLAN
 AS
   DECLARE NIVEL integer;
@@ -76,9 +76,9 @@ END^
 
 -- Espera a que terminen los que están grabando y detiene a los que sigan, si la cuenta PADRE podía
 -- llevar movimiento y va a recibir un auxiliar o a cambiar lo que se exige a sus líneas. Quien
--- graba un comprobante nuevo tiene la fila de su prefijo y los demás la estructura: así, o sus líneas
--- ya se ven, o se le rehúsan. La estructura primero: quien la toma al grabar puede tomar después un
--- prefijo, y nunca al revés.
+-- graba un comprobante nuevo tiene la fila de su prefijo y los demás la estructura: así, o sus
+-- líneas ya se ven, o se le rehúsan. La estructura primero: quien la toma al grabar puede tomar
+-- después un prefijo, y nunca al revés.
 CREATE OR ALTER PROCEDURE ESPERE_GRABACIONES (PADRE varchar(20))
 AS
   DECLARE PREFIJO varchar(4);
