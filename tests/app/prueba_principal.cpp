@@ -484,7 +484,7 @@ private slots:
         while (QWidget* abierto = QApplication::activePopupWidget())
             QTest::keyClick(abierto, Qt::Key_Escape);
         QTest::keyClick(p.menuBar(), Qt::Key_Escape);
-        QTRY_COMPARE(QApplication::focusWidget(), boton);
+        QTRY_COMPARE(p.focusWidget(), boton);
     }
 
     void los_mensajes_sin_leer_aparecen_al_entrar_y_se_marcan() {

@@ -151,6 +151,7 @@ private slots:
         digite("100", Qt::Key_Return);
         QCOMPARE(d.celda("CODE_CREDITO"), "100");
         oprima(Qt::Key_Down);
+        d.rejilla().SelectedIndex(0);
         d.linea({"240805"});
         oprima(Qt::Key_F5); // cuadrado: ceros a ambos lados
         QCOMPARE(d.celda("CODE_DEBITO") + d.celda("CODE_CREDITO"), "00");
