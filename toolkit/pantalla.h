@@ -98,7 +98,8 @@ public:
         return p ? *p : P{};
     }
     template <class P> bool trae() const { return encargo_.de<P>() != nullptr; }
-    /// Contesta, una sola vez, a quien la abrió con esa petición. Falso si nadie la pidió.
+    /// Contesta a quien la abrió con esa petición: la última respuesta vale, si la pantalla cierra.
+    /// Falso si nadie la pidió.
     template <class P> bool responda(typename P::Respuesta respuesta) {
         return trae<P>() && conteste(std::move(respuesta));
     }

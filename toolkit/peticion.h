@@ -24,7 +24,8 @@
 // Reglas que se cumplen solas:
 // - La respuesta llega a quien la pidió, la próxima vez que se active, después de su FormActivate.
 //   Con dos que piden a la vez, cada una recibe la suya.
-// - Cerrar sin contestar no deja nada; quien se cerró mientras tanto no recibe nada.
+// - Cerrar sin contestar no deja nada, ni contestar si el cierre se rehúsa; quien se cerró mientras
+//   tanto no recibe nada.
 // - Una pantalla abierta sin petición, o con la de otro tipo, lee los valores por omisión, y lo que
 //   conteste no va a ninguna parte (véase `acepte`, para la respuesta que espera a quien la tome).
 // - Quien pide desde un modal abre también en modal y recibe al cerrarse la otra.

@@ -116,8 +116,9 @@ public:
         ++vigencia_;
         ++version_;
     }
-    /// Campo que numera los detalles de una maestra ("CODE_ITEM"). Si otro usuario ya grabó una
-    /// línea con el número de una nueva, la nueva toma el siguiente libre en vez de rehusarse.
+    /// Campo que numera las filas que comparten el resto de la llave ("CODE_ITEM" las de un
+    /// comprobante), o toda la tabla si él es la llave. Si otro usuario ya grabó una con el número
+    /// de una nueva, la nueva toma el siguiente libre en vez de rehusarse.
     QString CampoConsecutivo;
     QMap<QString, Valor> Params;
     void FetchParams(); ///< toma de la sentencia los nombres de sus parámetros
