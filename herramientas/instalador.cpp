@@ -139,6 +139,13 @@ void Instalador::anuncie(int ultima) {
                       {Valor(ultima)});
 }
 
+bool Instalador::quedo_a_medias() {
+    return conexion_
+               .consulte(QStringLiteral("select count(*) from version_esquema where"
+                                        " vers_numero < 0"))
+               .entero() > 0;
+}
+
 QStringList Instalador::actualice(TipoBase tipo) {
     const QSet<qint64> aplicadas = this->aplicadas();
     if (aplicadas.isEmpty())

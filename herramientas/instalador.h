@@ -29,6 +29,9 @@ public:
     /// ser de una versión anterior, nadie entra a ella y repetir la orden la termina.
     QStringList actualice(TipoBase tipo);
 
+    /// Si una actualización anterior murió antes de terminar.
+    bool quedo_a_medias();
+
     /// Archivos de una base, en el orden en que se ejecutan, relativos a la carpeta.
     QStringList archivos(TipoBase tipo) const;
 

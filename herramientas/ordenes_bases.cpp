@@ -13,6 +13,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -203,6 +204,16 @@ void crear_demo(const Sesion& s) {
              .arg(r.documentos));
 }
 
+/// Lo que el motor anota de una tabla que se está creando (sus páginas, sus formatos) no es de
+/// ninguna transacción: si muere ahí, quedan restos y lo que se cree encima sale mal. De su
+/// respaldo sale limpia.
+void rehaga(const ParametrosConexion& base, TipoBase tipo) {
+    QTemporaryDir carpeta;
+    const QString copia = carpeta.filePath(QStringLiteral("a_medias.fbk"));
+    respalde_y_pruebe(base, copia);
+    restaure_en_lugar(copia, base, tipo);
+}
+
 void actualice_una(const ParametrosConexion& base, TipoBase tipo, const QString& nombre) {
     Conexion conexion;
     conexion.conectar(base);
@@ -210,6 +221,13 @@ void actualice_una(const ParametrosConexion& base, TipoBase tipo, const QString&
         throw ErrorDatos(QStringLiteral("%1 está en uso por %2. Cierre esas sesiones e intente de "
                                         "nuevo.")
                              .arg(nombre, otras.join(QStringLiteral(", "))));
+    if (Instalador(conexion).quedo_a_medias()) {
+        diga(nombre + QStringLiteral(": una actualización anterior no terminó; se rehace la base"
+                                     " desde su respaldo."));
+        conexion.desconectar();
+        rehaga(base, tipo);
+        conexion.conectar(base);
+    }
     QStringList hechas = Instalador(conexion).actualice(tipo);
     if (tipo == TipoBase::Compania)
         actualice_estadisticas(conexion);
