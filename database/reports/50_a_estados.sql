@@ -343,26 +343,25 @@ BEGIN
         sum(iif(MES > 0, 1, 0)) MOVIDAS
       FROM LEA_ANO{_NIIF}(:ANO, :DESDE, :HASTA, :TERCERO, :SIN_CIERRE)
       GROUP BY CUENTA, NIT),
+    -- Cada hoja va a sus niveles y, con terceros, otra vez sola: el año se lee una vez.
     FILA AS (
-      SELECT substring(H.CUENTA FROM 1 FOR N.ESTR_DIGITOS) CUENTA, cast(NULL AS varchar(20)) NIT,
-        N.ESTR_NIVEL NIVEL, sum(INI) INI, sum(M01) M01, sum(M02) M02, sum(M03) M03, sum(M04) M04,
+      SELECT iif(N.DIGITOS = 0, H.CUENTA, substring(H.CUENTA FROM 1 FOR N.DIGITOS)) CUENTA,
+        iif(N.DIGITOS = 0, H.NIT, NULL) NIT, N.NIVEL, sum(INI) INI, sum(M01) M01, sum(M02) M02, sum(M03) M03, sum(M04) M04,
         sum(M05) M05, sum(M06) M06, sum(M07) M07, sum(M08) M08, sum(M09) M09, sum(M10) M10,
         sum(M11) M11, sum(M12) M12, sum(M13) M13
       FROM HOJA H
-      JOIN ESTRUCTURA N ON N.ESTR_DIGITOS <= char_length(H.CUENTA)
+      JOIN (SELECT ESTR_NIVEL NIVEL, ESTR_DIGITOS DIGITOS FROM ESTRUCTURA WHERE ESTR_DIGITOS > 0
+        UNION ALL
+        SELECT NULL, 0 FROM RDB$DATABASE WHERE :TERCERO = 'S') N
+        ON N.DIGITOS <= char_length(H.CUENTA) AND (N.DIGITOS > 0 OR H.NIT <> '')
       WHERE H.INI <> 0 OR H.MOVIDAS > 0
-      GROUP BY 1, 3
-      UNION ALL
-      SELECT H.CUENTA, H.NIT, N.ESTR_NIVEL, INI, M01, M02, M03, M04, M05, M06, M07, M08, M09, M10,
-        M11, M12, M13
-      FROM HOJA H
-      LEFT JOIN ESTRUCTURA N ON N.ESTR_DIGITOS = char_length(H.CUENTA)
-      WHERE :TERCERO = 'S' AND H.NIT <> '' AND (H.INI <> 0 OR H.MOVIDAS > 0))
+      GROUP BY 1, 2, 3)
     SELECT F.CUENTA || iif(F.NIT IS NULL, '', '.' || F.NIT), C.CUEN_NOM, F.INI, F.M01, F.M02, F.M03,
       F.M04, F.M05, F.M06, F.M07, F.M08, F.M09, F.M10, F.M11, F.M12, F.M13, F.INI + F.M01 + F.M02
         + F.M03 + F.M04 + F.M05 + F.M06 + F.M07 + F.M08 + F.M09 + F.M10 + F.M11 + F.M12 + F.M13,
-      F.NIVEL, F.NIT, T.TERC_NOM
+      coalesce(F.NIVEL, E.ESTR_NIVEL), F.NIT, T.TERC_NOM
     FROM FILA F
+    LEFT JOIN ESTRUCTURA E ON F.NIT IS NOT NULL AND E.ESTR_DIGITOS = char_length(F.CUENTA)
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = F.CUENTA
     LEFT JOIN TERCEROS T ON T.TERC_NIT = F.NIT
     ORDER BY F.CUENTA, F.NIT NULLS FIRST
