@@ -89,9 +89,11 @@ private:
     static QWidget* a_la_vista() {
         if (QWidget* modal = QApplication::activeModalWidget())
             return modal->isVisible() ? modal : nullptr;
-        // El mensaje que se quita solo no es modal, pero detiene al que lo muestra.
+        // El mensaje que se quita solo no es modal, pero detiene al que lo muestra; contestado,
+        // sigue a la vista un instante.
         for (QWidget* w : QApplication::topLevelWidgets())
-            if (w->isVisible() && w->objectName() == QLatin1String("mensaje_temporal"))
+            if (w->isVisible() && w->objectName() == QLatin1String("mensaje_temporal") &&
+                !w->property(kContestada).toBool())
                 return w;
         return nullptr;
     }
@@ -123,9 +125,12 @@ private:
                 falle(nombre(*ventana));
             cierre(*ventana);
         }
+        if (atendida_)
+            atendida_->setProperty(kContestada, true);
         atendida_ = guarda;
     }
 
+    static constexpr const char* kContestada = "contestada";
     QTimer reloj_;
     QPointer<QWidget> atendida_;
     QList<AtiendeDialogos*> atienden_;
