@@ -249,6 +249,21 @@ private slots:
         const auto unos = asoma("1111111111111.00"), nueves = asoma("9999999999999.00");
         QVERIFY(unos.second && nueves.second);
         QCOMPARE(unos.first, nueves.first);
+        // A la que asoma le da el nombre lo que le falte.
+        Cubo cubo({{"CUENTA", "Cuenta"}, {"PROY", "Centro"}, {"SALDO", "Saldo", true}});
+        for (const char* centro : {"A", "B", "C"})
+            cubo.agregue({"41 Operacionales del comercio", centro},
+                         {Moneda::de_texto("9999999999999.00")});
+        DisposicionCubo d;
+        d.filas = {"CUENTA"};
+        d.columnas = {"PROY"};
+        d.valores = {{"SALDO"}};
+        RejillaCubo r;
+        r.disponga(cubo, d);
+        r.setFixedSize(r.columnWidth(0) + 2 * r.columnWidth(1) - 20, 200);
+        r.show();
+        QCoreApplication::processEvents();
+        QCOMPARE(r.visualRect(r.model()->index(0, 2)).right() + 1, r.viewport()->width());
     }
 
     void una_plantilla_danada_no_deja_a_nadie_sin_la_pantalla() {
