@@ -119,6 +119,8 @@ void FormaActivo::construya() {
     ECod = editor("ACFJ_COD", "ECod");
     ECod->ReadOnly(modo_ == Editar);
     EDesc = editor("ACFJ_DESC", "EDesc");
+    constexpr int kLetras = 40; // con menos sigue en otro renglón
+    EDesc->setMinimumWidth(ancho_caracteres(EDesc->fontMetrics(), kLetras));
     LGrupo = nombrado(new ListaDato(&CActivo, "ACGR_ID"), "LGrupo");
     LGrupo->lista_de(&CGrupos, "ACGR_ID", "ACGR_NOM");
     ceda_ancho(*LGrupo);

@@ -9,6 +9,7 @@
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/sin_grabar.h"
 
@@ -48,6 +49,8 @@ void FichaCuenta::arme_ficha() {
     };
     ECodigo = editor("ECodigo", "CUEN_COD", kDigitos);
     ENombre = editor("ENombre", "CUEN_NOM", 40);
+    constexpr int kLetras = 40; // con menos sigue en otro renglón
+    ENombre->setMinimumWidth(ancho_caracteres(ENombre->fontMetrics(), kLetras));
     LTipo = new ListaDato(CCuentas, "CUEN_TIPO", this);
     LTipo->setObjectName("LTipo");
     LTipo->lista_de(clases_cuenta().nombres, clases_cuenta().codigos);
