@@ -173,9 +173,7 @@ void FormaActivo::construya() {
     f.fila({{"", casilla("En &uso", "ACFJ_ACTIVO", "CKActivo")},
             {"", casilla("Se de&precia", "ACFJ_DEP", "CKDep")},
             {"", casilla("Depreciar unidades/horas producción", "ACFJ_UNIDADES", "CKUnidades")}});
-    f.fila("&Observaciones", observaciones);
-    f.ancha(PageControl1, 1);
-    f.botones(barra);
+    f.fila("&Observaciones", observaciones).ancha(PageControl1, 1).botones(barra);
     enter_como_tab();
     tamano(860, 560);
 }
