@@ -253,7 +253,7 @@ QWidget* Tfprincipal::columna_de_botones() {
 void Tfprincipal::acomode_columna() {
     QWidget* contenido = columna_->widget();
     for (BotonComando* b : contenido->findChildren<BotonComando*>())
-        b->solo_icono(width() < escalado(760));
+        b->solo_icono(width() < escalado(1000)); // el sitio es de las cifras
     contenido->layout()->invalidate();
     columna_->setFixedWidth(contenido->sizeHint().width() +
                             columna_->style()->pixelMetric(QStyle::PM_ScrollBarExtent));

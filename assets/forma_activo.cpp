@@ -119,6 +119,8 @@ void FormaActivo::construya() {
     ECod = editor("ACFJ_COD", "ECod");
     ECod->ReadOnly(modo_ == Editar);
     EDesc = editor("ACFJ_DESC", "EDesc");
+    constexpr int kLetras = 40; // con menos sigue en otro renglón
+    EDesc->setMinimumWidth(ancho_caracteres(EDesc->fontMetrics(), kLetras));
     LGrupo = nombrado(new ListaDato(&CActivo, "ACGR_ID"), "LGrupo");
     LGrupo->lista_de(&CGrupos, "ACGR_ID", "ACGR_NOM");
     ceda_ancho(*LGrupo);
@@ -171,9 +173,7 @@ void FormaActivo::construya() {
     f.fila({{"", casilla("En &uso", "ACFJ_ACTIVO", "CKActivo")},
             {"", casilla("Se de&precia", "ACFJ_DEP", "CKDep")},
             {"", casilla("Depreciar unidades/horas producción", "ACFJ_UNIDADES", "CKUnidades")}});
-    f.fila("&Observaciones", observaciones);
-    f.ancha(PageControl1, 1);
-    f.botones(barra);
+    f.fila("&Observaciones", observaciones).ancha(PageControl1, 1).botones(barra);
     enter_como_tab();
     tamano(860, 560);
 }

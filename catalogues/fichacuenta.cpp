@@ -9,6 +9,7 @@
 #include "toolkit/controles/editordato.h"
 #include "toolkit/controles/listadato.h"
 #include "toolkit/dialogos.h"
+#include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
 #include "toolkit/sin_grabar.h"
 
@@ -17,7 +18,8 @@
 
 namespace {
 
-constexpr int kDigitos = 14; ///< ancho de un código: caben los del plan sin estirar la ficha
+constexpr int kDigitos = 14;      ///< ancho de un código: caben los del plan sin estirar la ficha
+constexpr int kLetrasNombre = 40; ///< con menos, sigue en otro renglón
 
 } // namespace
 
@@ -37,8 +39,7 @@ void FichaCuenta::arme_ficha() {
     const auto editor = [this](const char* nombre, const char* campo, int ancho = 0) {
         auto* e = new EditorDato(CCuentas, campo, this);
         e->setObjectName(nombre);
-        if (ancho > 0)
-            e->ancho(ancho);
+        e->ancho(ancho);
         return e;
     };
     const auto casilla = [this](const char* nombre, const char* texto, const char* campo) {
@@ -48,6 +49,7 @@ void FichaCuenta::arme_ficha() {
     };
     ECodigo = editor("ECodigo", "CUEN_COD", kDigitos);
     ENombre = editor("ENombre", "CUEN_NOM", 40);
+    ENombre->setMinimumWidth(ancho_caracteres(fontMetrics(), kLetrasNombre));
     LTipo = new ListaDato(CCuentas, "CUEN_TIPO", this);
     LTipo->setObjectName("LTipo");
     LTipo->lista_de(clases_cuenta().nombres, clases_cuenta().codigos);

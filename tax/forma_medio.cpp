@@ -49,15 +49,18 @@ public:
     QSize sizeHint() const override {
         return {paso(60), widget()->heightForWidth(viewport()->width())};
     }
-    QSize minimumSizeHint() const override {
-        return {paso(20), 2 * fontMetrics().lineSpacing() + 6};
-    }
+    QSize minimumSizeHint() const override { return {paso(20), 2 * fontMetrics().lineSpacing()}; }
 
 protected:
     void resizeEvent(QResizeEvent* evento) override {
         QScrollArea::resizeEvent(evento);
         if (evento->size().width() != evento->oldSize().width())
             updateGeometry();
+        // Se corta entre renglones.
+        const int renglon = fontMetrics().lineSpacing();
+        const bool cabe = widget()->heightForWidth(viewport()->width()) <= height();
+        setViewportMargins(0, 0, 0, cabe ? 0 : height() % renglon);
+        verticalScrollBar()->setSingleStep(renglon);
     }
 };
 
@@ -75,7 +78,7 @@ QFrame* cree_advertencia(QWidget* padre) {
                     "Revise cada fila antes de enviarla, y compárela con la norma del año: los "
                     "conceptos, las cuantías y los plazos cambian.",
                     "De la información que se presenta responde quien la presenta."}
-            .join("</p><p style='margin:4px 0 0 0'>") +
+            .join("</p><p style='margin:0'>") +
         "</p>";
     fila->addWidget(new TextoQueCede(texto, "Advertencia"), 1);
     auto* aceptar = new QPushButton("Aceptar", panel);

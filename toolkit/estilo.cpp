@@ -188,7 +188,7 @@ public:
             return escalado(6);
         case PM_HeaderMargin: // el título, sobre lo que dice su columna, si no le quita sitio
             return widget && !area_estrecha() ? DelegadoCelda::margen(widget->fontMetrics())
-                                              : QProxyStyle::pixelMetric(medida, opcion, widget);
+                                              : escalado(3);
         case PM_DefaultFrameWidth: // el del foco cabe en él
             return qobject_cast<const QAbstractScrollArea*>(widget)
                        ? qMax(2, escalado(2))

@@ -1,5 +1,6 @@
 #include "vouchers/lienzo_formato.h"
 
+#include "toolkit/aire.h"
 #include "toolkit/estilo.h"
 #include "vouchers/datos_formato.h"
 #include "vouchers/pch.h"
@@ -52,7 +53,7 @@ private:
 
 LienzoFormato::LienzoFormato(ConjuntoDatos& formato, ConjuntoDatos& datos, ConjuntoDatos& lineas)
     : formato_(formato), datos_(datos), lineas_(lineas) {
-    setMinimumSize(escalado(180), escalado(160));
+    setMinimumSize(escalado(area_estrecha() ? 110 : 180), escalado(160));
     for (ConjuntoDatos* c : {&formato_, &datos_, &lineas_})
         enlaces_.push_back(std::make_unique<Enlace>(*this, *c));
 }

@@ -45,6 +45,21 @@ struct Comparativo : SesionGui {
     Tfcomparacentros* p = nullptr;
 };
 
+/// Una cuenta con la misma cifra en cada centro.
+struct CuboDeCentros {
+    CuboDeCentros(const QStringList& centros, const char* cifra) {
+        for (const QString& c : centros)
+            cubo.agregue({"41 Operacionales del comercio", c}, {Moneda::de_texto(cifra)});
+        DisposicionCubo d;
+        d.filas = {"CUENTA"};
+        d.columnas = {"PROY"};
+        d.valores = {{"SALDO"}};
+        r->disponga(cubo, d);
+    }
+    Cubo cubo{{{"CUENTA", "Cuenta"}, {"PROY", "Centro"}, {"SALDO", "Saldo", true}}};
+    std::unique_ptr<RejillaCubo> r = std::make_unique<RejillaCubo>();
+};
+
 } // namespace
 
 class PruebaComparaCentros : public QObject {
@@ -230,25 +245,23 @@ private slots:
         QVERIFY(!fija.isVisible());
     }
 
-    void una_cifra_que_asoma_no_se_lee_como_otra() {
+    void una_cifra_que_asoma_no_se_lee_como_otra_y_el_nombre_le_da_lo_que_le_falte() {
         const auto asoma = [](const char* cifra) {
-            Cubo cubo({{"CUENTA", "Cuenta"}, {"PROY", "Centro"}, {"SALDO", "Saldo", true}});
-            cubo.agregue({"41", "A"}, {Moneda::de_texto(cifra)});
-            DisposicionCubo d;
-            d.filas = {"CUENTA"};
-            d.columnas = {"PROY"};
-            d.valores = {{"SALDO"}};
-            RejillaCubo r;
-            r.disponga(cubo, d);
-            r.setFixedSize(180, 200);
-            r.show();
+            const CuboDeCentros c({"A"}, cifra);
+            c.r->setFixedSize(180, 200);
+            c.r->show();
             QCoreApplication::processEvents();
-            const QRect celda = r.visualRect(r.model()->index(0, 1));
-            return std::pair(r.viewport()->grab(celda).toImage(), celda.right() > 180);
+            const QRect celda = c.r->visualRect(c.r->model()->index(0, 1));
+            return std::pair(c.r->viewport()->grab(celda).toImage(), celda.right() > 180);
         };
         const auto unos = asoma("1111111111111.00"), nueves = asoma("9999999999999.00");
         QVERIFY(unos.second && nueves.second);
         QCOMPARE(unos.first, nueves.first);
+        const CuboDeCentros c({"A", "B", "C"}, "9999999999999.00");
+        c.r->setFixedSize(c.r->columnWidth(0) + 2 * c.r->columnWidth(1) - 20, 200);
+        c.r->show();
+        QCoreApplication::processEvents();
+        QCOMPARE(c.r->columnViewportPosition(2) + c.r->columnWidth(2), c.r->viewport()->width());
     }
 
     void una_plantilla_danada_no_deja_a_nadie_sin_la_pantalla() {

@@ -208,6 +208,11 @@ void RejillaCubo::reparta() {
         de_hasta(comoda);
         de_hasta([&](int c) { return topes[c]; });
     }
+    // Y el nombre cede por lo que le falte a la cifra que asoma.
+    int asoma = anchos.value(0) - viewport()->width();
+    for (int c = 1; c < anchos.size() && asoma <= 0; ++c)
+        if ((asoma += anchos[c]) > 0 && asoma <= anchos[0] - paso(12))
+            anchos[0] -= asoma;
     for (int c = 0; c < anchos.size(); ++c)
         if (columnWidth(c) == puestos_[c]) // las que el usuario cambió son suyas
             setColumnWidth(c, puestos_[c] = anchos[c]);

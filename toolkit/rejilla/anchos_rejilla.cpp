@@ -16,7 +16,7 @@ constexpr int kFilasMedidas = 100;     ///< filas que deciden cuánto pide un te
 constexpr int kFilasCodigo = 2000;     ///< filas en que se busca el código más largo
 constexpr int kCaracteresLargo = 24;   ///< desde aquí un texto es un nombre y no un código
 constexpr int kCaracteresMinimo = 8;   ///< lo que de un nombre siempre se ve
-constexpr int kCaracteresCodigo = 4;   ///< y de un código, aunque hoy sean más cortos
+constexpr int kCaracteresCodigo = 2;   ///< y de un código, aunque hoy sean más cortos
 constexpr int kCaracteresHolgura = 45; ///< del nombre que va tras su código, si sobra
 constexpr int kVecesCodigo = 3;        ///< lo más que un código se ensancha con lo que sobra
 constexpr int kCaracteresEntero = 70; ///< un nombre; lo más largo es una nota, y se lee en su celda
@@ -108,22 +108,25 @@ int lo_indispensable(const QVector<PedidoAncho>& pedidos) {
     return c.indispensable() + (alguna_dice(pedidos) ? 0 : suma(c.titulo_vacia));
 }
 
-/// Por lo poco que le falta a la primera cifra que asoma, los nombres de antes ceden, y todavía se
-/// leen.
+/// Por lo que le falta a la primera cifra que asoma, lo que no dice nada se aprieta y los nombres
+/// de antes ceden un poco, y todavía se leen.
 void ceda_a_la_que_asoma(QVector<int>& anchos, const Cesiones& c,
                          const QVector<PedidoAncho>& pedidos, int disponible) {
-    QVector<int> ceden(anchos.size(), 0);
-    int hasta = 0;
+    QVector<int> vacias(anchos.size(), 0), nombres(anchos.size(), 0);
+    int falta = -disponible;
     for (qsizetype i = 0; i < anchos.size(); ++i) {
-        hasta += anchos[i];
-        if (c.nombre[i] > 0)
-            ceden[i] = qMax(0, anchos[i] - (c.anchos[i] - c.nombre[i]));
-        if (hasta <= disponible)
+        falta += anchos[i];
+        if (falta <= 0) {
+            if (pedidos[i].apretado > 0)
+                vacias[i] = qMax(0, anchos[i] - pedidos[i].apretado);
+            else if (c.nombre[i] > 0)
+                nombres[i] = qMax(0, anchos[i] - (c.anchos[i] - c.nombre[i]));
             continue;
+        }
+        if (!pedidos[i].cifra || falta >= anchos[i] || falta > suma(vacias) + suma(nombres) * 3 / 4)
+            return;
         QVector<int> da(anchos.size(), 0);
-        const int falta = hasta - disponible;
-        if (pedidos[i].cifra && falta < anchos[i] && falta <= suma(ceden) / 2)
-            de_lo_que_falta(da, ceden, falta);
+        de_lo_que_falta(da, nombres, de_lo_que_falta(da, vacias, falta));
         for (qsizetype j = 0; j < i; ++j)
             anchos[j] -= da[j];
         return;
@@ -319,6 +322,7 @@ void AnchosRejilla::mida_texto(int columna, PedidoAncho& p) const {
     p.vacia = calla && !rejilla_.modelo().editable(columna);
     p.cede = p.contenido - (p.vacia ? qMin(piso(columna, lleno), p.contenido) : poco);
     p.breve = calla ? piso(columna, lleno) : 0;
+    p.apretado = calla ? piso(columna, lleno, true) : 0;
     p.entero = ancho_entero(lleno);
     p.peso = qMax(1, c.ancho);
 }
@@ -345,6 +349,7 @@ void AnchosRejilla::mida_corto(int columna, PedidoAncho& p) const {
     if (rejilla_.modelo().editable(columna) && !acompanada)
         p.contenido = qMax(p.contenido, declarado * 6 / 10);
     p.vacia = calla;
+    p.apretado = calla ? piso(columna, lleno, true) : 0;
     p.cede = p.contenido - indispensable;
     p.comodo = qMax(p.contenido, declarado);
     if (acompanada) {
@@ -402,8 +407,8 @@ void AnchosRejilla::mida() {
     emit crecio();
 }
 
-int AnchosRejilla::piso(int columna, int lleno) const {
-    return qMax(titulos().ancho_minimo(columna), ceros(columna, lleno));
+int AnchosRejilla::piso(int columna, int lleno, bool apretado) const {
+    return qMax(titulos().ancho_minimo(columna, apretado), ceros(columna, lleno));
 }
 
 int AnchosRejilla::ceros(int columna, int lleno) const {
@@ -417,7 +422,9 @@ EncabezadoRejilla& AnchosRejilla::titulos() const {
 
 void AnchosRejilla::asegure(PedidoAncho& p, int ancho, bool dice) {
     if (dice && std::exchange(p.vacia, false))
-        repartido_ = -1;
+        p.apretado = 0, repartido_ = -1;
+    if (p.apretado > 0) // unos ceros
+        p.apretado = qMax(p.apretado, ancho);
     if (p.contenido - p.cede >= ancho)
         return;
     p.contenido = qMax(p.contenido, ancho);

@@ -18,6 +18,7 @@ struct PedidoAncho {
     int contenido = 0;  ///< sin esto se recortaría una cifra o un código
     int titulo = 0;     ///< para que su título se lea entero, aunque sea en dos renglones
     int breve = 0;      ///< de la que no dice nada y se digita, para leerlo abreviado
+    int apretado = 0;   ///< de la que no dice nada, por una cifra que asoma; 0 si dice algo
     int seguido = 0;    ///< para que se lea en uno
     int comodo = 0;     ///< el texto completo, o sitio para digitar
     int entero = 0;     ///< para leer sin puntos suspensivos lo que hay; 0 si basta `contenido`
@@ -83,7 +84,7 @@ private:
     bool vea_cifras(int columna, int desde, int hasta, std::pair<double, int>& mas_ancha) const;
     int ancho_del_pie(int columna) const;
     /// Lo que le queda a la que no dice nada: su título abreviado, y sus ceros con su suma.
-    int piso(int columna, int lleno) const;
+    int piso(int columna, int lleno, bool apretado = false) const;
     /// Unos ceros se leen enteros, con su suma; una celda en blanco no pide nada.
     int ceros(int columna, int lleno) const;
     void mida_texto(int columna, PedidoAncho& p) const;

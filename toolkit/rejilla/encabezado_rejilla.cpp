@@ -36,7 +36,7 @@ void EncabezadoRejilla::mouseDoubleClickEvent(QMouseEvent* evento) {
 
 void EncabezadoRejilla::initStyleOptionForIndex(QStyleOptionHeader* opcion, int columna) const {
     QHeaderView::initStyleOptionForIndex(opcion, columna);
-    opcion->text = titulo_partido(columna);
+    opcion->text = titulo_a_la_vista(columna);
 }
 
 QString EncabezadoRejilla::titulo_partido(int columna) const {
@@ -45,10 +45,24 @@ QString EncabezadoRejilla::titulo_partido(int columna) const {
                      sectionSize(columna) - margenes());
 }
 
+QString EncabezadoRejilla::titulo_a_la_vista(int columna) const {
+    const QString entero = titulo_partido(columna);
+    const int desde = sectionViewportPosition(columna), hasta = desde + sectionSize(columna);
+    const int visible = qMin(hasta, viewport()->width()) - qMax(desde, 0) - margenes();
+    const QFontMetrics m = fontMetrics();
+    if (m.size(0, entero).width() <= visible)
+        return entero;
+    if (visible < m.horizontalAdvance(QChar(0x2026)))
+        return {};
+    const QString titulo = rejilla_.columna(columna).Titulo, corto = titulo_en(titulo, m, visible);
+    // El alto es el de los que se ven enteros.
+    return corto.contains('\n') && !dos_renglones_ ? m.elidedText(titulo, Qt::ElideRight, visible)
+                                                   : corto;
+}
+
 void EncabezadoRejilla::paintSection(QPainter* pintor, const QRect& lugar, int columna) const {
-    const QRect visible = lugar & viewport()->rect();
-    const int pide = fontMetrics().size(0, titulo_partido(columna)).width() + margenes();
-    QHeaderView::paintSection(pintor, visible.width() < pide ? lugar : visible, columna);
+    if (const QRect visible = lugar & viewport()->rect(); !visible.isEmpty())
+        QHeaderView::paintSection(pintor, visible, columna);
 }
 
 int EncabezadoRejilla::margenes() const {
@@ -61,9 +75,10 @@ int EncabezadoRejilla::ancho_en_renglones(int columna) const {
                     margenes());
 }
 
-int EncabezadoRejilla::ancho_minimo(int columna) const {
+int EncabezadoRejilla::ancho_minimo(int columna, bool apretado) const {
     return qMax(minimumSectionSize(),
-                ancho_abreviado(rejilla_.columna(columna).Titulo, fontMetrics()) + margenes());
+                ancho_abreviado(rejilla_.columna(columna).Titulo, fontMetrics(), apretado) +
+                    margenes());
 }
 
 int EncabezadoRejilla::ancho_de_mes(int columna) const {

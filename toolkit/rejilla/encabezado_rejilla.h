@@ -32,12 +32,14 @@ public:
     void acomode_titulos();
     /// El título de la columna como se muestra: partido o abreviado si así cabe.
     QString titulo_partido(int columna) const;
+    /// El de la que asoma a medias, en lo que se ve de ella.
+    QString titulo_a_la_vista(int columna) const;
     /// Ancho con que su título se lee entero en dos renglones.
     int ancho_en_renglones(int columna) const;
     /// Con el que se lee abreviado el mes que titula; 0 si no titula un mes.
     int ancho_de_mes(int columna) const;
     /// Ancho con que al menos se lee abreviado.
-    int ancho_minimo(int columna) const;
+    int ancho_minimo(int columna, bool apretado = false) const;
     /// El usuario tiene oprimido el borde de un título: el ancho que quede es suyo.
     bool arrastrando() const { return oprimido_; }
 

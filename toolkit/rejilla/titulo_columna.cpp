@@ -4,7 +4,8 @@
 
 namespace {
 
-constexpr int kLetras = 3; ///< las que quedan de la palabra más abreviada
+constexpr int kLetras = 3;    ///< las que quedan de una palabra abreviada
+constexpr int kApretadas = 2; ///< y si ni así cabe
 
 bool vocal(QChar letra) {
     return QStringLiteral("aeiouáéíóúü").contains(letra.toLower());
@@ -84,7 +85,7 @@ QString titulo_en(const QString& titulo, const QFontMetrics& medidas, int ancho)
     QStringList renglones = en_dos(titulo, medidas);
     for (QString& r : renglones) {
         QString corto = r;
-        for (qsizetype letras = r.size(); letras >= kLetras; --letras)
+        for (qsizetype letras = r.size(); letras >= kApretadas; --letras)
             if (corto = abrevie(r, letras); ancho_de(corto, medidas) <= ancho)
                 break;
         r = medidas.elidedText(corto, Qt::ElideRight, ancho);
@@ -96,9 +97,9 @@ int ancho_en_dos_renglones(const QString& titulo, const QFontMetrics& medidas) {
     return mayor(en_dos(titulo, medidas), medidas);
 }
 
-int ancho_abreviado(const QString& titulo, const QFontMetrics& medidas) {
+int ancho_abreviado(const QString& titulo, const QFontMetrics& medidas, bool apretado) {
     QStringList renglones = en_dos(titulo, medidas);
     for (QString& r : renglones)
-        r = abrevie(r, kLetras);
+        r = abrevie(r, apretado ? kApretadas : kLetras);
     return mayor(renglones, medidas);
 }

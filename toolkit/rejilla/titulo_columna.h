@@ -14,5 +14,6 @@ QString mes_corto(const QString& titulo);
 /// Píxeles con que se lee entero en dos renglones.
 int ancho_en_dos_renglones(const QString& titulo, const QFontMetrics& medidas);
 
-/// Píxeles con que se lee abreviado; con menos ya no dice de qué es la columna.
-int ancho_abreviado(const QString& titulo, const QFontMetrics& medidas);
+/// Píxeles con que se lee abreviado; con menos ya no dice de qué es la columna. `apretado`: lo que
+/// basta a la que no dice nada.
+int ancho_abreviado(const QString& titulo, const QFontMetrics& medidas, bool apretado = false);
