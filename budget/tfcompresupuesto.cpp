@@ -7,6 +7,7 @@
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/grafica.h"
 #include "toolkit/informes/motor.h"
+#include "toolkit/lista_teclas.h"
 #include "toolkit/rejilla/bandas_rejilla.h"
 
 #include <QSplitter>
@@ -119,6 +120,7 @@ void Tfcompresupuesto::construya() {
     };
     EDesde = caja("EDesde", "1");
     EHasta = caja("EHasta", "8");
+    explique_tecla(*EDesde, "Enter en una cuenta", "Consultar otra vez");
     DBGridEh1 = new Rejilla(this, &CComparacion);
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName(windowTitle());

@@ -10,6 +10,7 @@
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
 #include "toolkit/formulario.h"
+#include "toolkit/lista_teclas.h"
 #include "toolkit/rejilla/rejilla.h"
 
 #include <QLineEdit>
@@ -43,6 +44,8 @@ ListaProceso::ListaProceso(const DatosLista& datos)
                 [this] { proteja([this] { busque(orden_); }); });
         cajas_ << caja;
     }
+    if (!cajas_.isEmpty())
+        explique_tecla(*cajas_.first(), "Enter en una caja", "Buscar");
     DBGridEh1 = new Rejilla(this, &CLista);
     DBGridEh1->setObjectName("DBGridEh1");
     DBGridEh1->setAccessibleName(windowTitle());

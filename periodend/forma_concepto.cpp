@@ -329,6 +329,12 @@ void FormaConcepto::DBGridDblClick(int columna) {
 void FormaConcepto::SBGrabarClick() {
     CCuentas.CheckBrowseMode();
     CConceptos.Post();
+    if (CCuentas.IsEmpty() && !pregunte_con_no("El concepto no tiene cuentas: no generará ninguna "
+                                               "línea. Desea grabarlo así?")) {
+        CConceptos.Edit();
+        DBGridEh1->setFocus();
+        return;
+    }
     if (CConceptos.ApplyUpdates(0) == 0)
         close();
     else

@@ -23,6 +23,10 @@ namespace {
 
 constexpr int kMsSinAvance = 500; ///< un lote corto no alcanza a mostrarlo
 constexpr int kSinServidor = 2; ///< documentos seguidos: cada uno de los demás esperaría por él
+const QString kEnAjustes =
+    QStringLiteral("En el período de ajustes no hay documentos por contabilizar: escoja otro mes.");
+const QString kListaDeAntes =
+    QStringLiteral("El período de ajustes no tiene documentos: la lista es la que ya estaba.");
 constexpr int kPrimerAno = 1990, kUltimoAno = 2099, kUltimoMes = 11;
 
 /// Cuánto va de un lote. Cancelar espera a que termine el documento que va.
@@ -174,8 +178,14 @@ void Tfsincontab::muestre_periodo() {
 
 void Tfsincontab::calcule_pendientes() {
     const int indice = fdmcnt().periodo_actual;
-    if (indice > kUltimoMes)
+    const bool abierta = CSincontab.Active();
+    DBGridEh1->setProperty("sin_consultar", indice > kUltimoMes ? kEnAjustes : QString());
+    if (indice > kUltimoMes) {
+        fdm().mostrar_advertencia(abierta ? kListaDeAntes : kEnAjustes);
         return;
+    }
+    for (const QString& aviso : {kEnAjustes, kListaDeAntes})
+        retire_advertencia(fdm().barra(), aviso);
     const QDate primero(fdmcnt().ano_actual.toInt(), indice + 1, 1);
     const QDate ultimo(primero.year(), primero.month(), primero.daysInMonth());
     const auto si = [](const QCheckBox* c) { return c->isChecked() ? "S" : "N"; };

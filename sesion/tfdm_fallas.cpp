@@ -3,6 +3,7 @@
 
 #include "datos/firebird/nombres.h"
 #include "datos/firebird/reloj.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/instalacion.h"
 #include "toolkit/barraestado.h"
 #include "toolkit/proteccion.h"
@@ -88,7 +89,7 @@ void Tfdm::ManejarError(Proveedor* remitente, ConjuntoDatos* conjunto, const Err
     QString mensaje;
     if (conjunto && !remitente) {
         // La falla se dice aunque la barra no se pueda usar.
-        proteja([&] { mostrar_advertencia(conjunto->objectName() + ": " + texto); });
+        proteja([&] { advierta_de_fila(*conjunto, conjunto->objectName() + ": " + texto); });
         mensaje = mensaje_en_memoria(*conjunto, error);
     } else if (conjunto) {
         mensaje = mensaje_al_grabar(*remitente, error);

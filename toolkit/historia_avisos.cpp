@@ -37,6 +37,7 @@ HistoriaAvisos* HistoriaAvisos::de(const AvisosBarra* barra) {
 void HistoriaAvisos::anote(const QString& texto) {
     if (texto.trimmed().isEmpty())
         return;
+    retirado_ = false;
     // Lo mismo dicho dos veces seguidas (el texto crudo y su advertencia) se cuenta una.
     const QDateTime ahora = reloj().ahora();
     if (!avisos_.isEmpty() && avisos_.last().texto == texto)
@@ -45,6 +46,13 @@ void HistoriaAvisos::anote(const QString& texto) {
     if (avisos_.size() > kAvisosGuardados)
         avisos_.removeFirst();
     envejece_.start(kCadaCuantoMs);
+    barra_->update();
+}
+
+void HistoriaAvisos::retire(const QString& texto) {
+    if (avisos_.isEmpty() || avisos_.last().texto != texto)
+        return;
+    retirado_ = true;
     barra_->update();
 }
 
@@ -71,7 +79,7 @@ void HistoriaAvisos::pinte() const {
     const bool reposo = barra_->text().isEmpty();
     QString texto = en_un_renglon(barra_->text());
     QString cuando;
-    if (!avisos_.isEmpty() && (reposo || barra_->text() == avisos_.last().texto)) {
+    if (!avisos_.isEmpty() && ((reposo && !retirado_) || barra_->text() == avisos_.last().texto)) {
         texto = en_un_renglon(avisos_.last().texto);
         cuando = edad(avisos_.last());
         pintor.setOpacity(intensidad());
@@ -134,4 +142,14 @@ void anuncie(AvisosBarra* barra, const QString& texto) {
         barra->texto(texto);
     else
         historia->anote(texto);
+}
+
+void retire_advertencia(AvisosBarra* barra, const QString& texto) {
+    HistoriaAvisos* historia = HistoriaAvisos::de(barra);
+    if (!historia)
+        return;
+    const QString dicha = QStringLiteral("Advertencia: ") + texto;
+    historia->retire(dicha);
+    if (barra->color() == AvisosBarra::Rojo && barra->text() == dicha)
+        barra->Timer2Timer();
 }

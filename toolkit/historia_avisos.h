@@ -21,6 +21,8 @@ public:
     static HistoriaAvisos* de(const AvisosBarra* barra);
 
     void anote(const QString& texto);
+    /// Ese aviso, si es el último, ya no se muestra en reposo; en la historia sigue.
+    void retire(const QString& texto);
     const QVector<Aviso>& avisos() const { return avisos_; }
     /// "hace 3 min": vacía en el primer minuto.
     QString edad(const Aviso& aviso) const;
@@ -37,9 +39,12 @@ private:
 
     AvisosBarra* barra_;
     QVector<Aviso> avisos_;
+    bool retirado_ = false; ///< el último
     QTimer envejece_;
 };
 
 /// Dice lo que se acaba de hacer ("Grabado FC 0001 000106"). No cambia el color de la barra ni tapa
 /// una advertencia: en ese caso queda para cuando termine. Sin barra no hace nada.
 void anuncie(AvisosBarra* barra, const QString& texto);
+/// Lo que esa advertencia decía ya se resolvió: deja de verse, también en reposo.
+void retire_advertencia(AvisosBarra* barra, const QString& texto);

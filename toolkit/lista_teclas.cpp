@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr char kTeclaDelControl[] = "tecla_del_control";
+
 QString nombre_de_tecla(const Tecla& t) {
     static const QHash<int, QString> nombres{
         {Qt::Key_Return, "Enter"},        {Qt::Key_Escape, "Esc"},    {Qt::Key_PageDown, "Av Pág"},
@@ -138,6 +140,11 @@ QVector<TeclaExplicada> teclas_explicadas(const Pantalla& p) {
             continue;
         lista << TeclaExplicada{nombre_de_tecla(t), explique(p, t.nombre)};
     }
+    // Lo que un control hace con una tecla que no está en la tabla de la pantalla.
+    for (const QWidget* w : p.findChildren<QWidget*>())
+        if (const QStringList suya = w->property(kTeclaDelControl).toStringList();
+            suya.size() == 2 && w->isVisibleTo(&p))
+            lista << TeclaExplicada{suya[0], suya[1]};
     for (const Rejilla* r : p.findChildren<Rejilla*>())
         if (r->isVisibleTo(&p)) {
             // Una tecla que la pantalla toma para sí no llega a la rejilla.
@@ -150,6 +157,10 @@ QVector<TeclaExplicada> teclas_explicadas(const Pantalla& p) {
         lista << de_cubo();
     lista << TeclaExplicada{"F1", "Ver esta lista"};
     return lista;
+}
+
+void explique_tecla(QWidget& control, const QString& tecla, const QString& que_hace) {
+    control.setProperty(kTeclaDelControl, QStringList{tecla, que_hace});
 }
 
 QString nombre_de_tecla(const QKeySequence& tecla) {

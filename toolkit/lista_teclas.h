@@ -16,6 +16,8 @@ struct TeclaExplicada {
 QVector<TeclaExplicada> teclas_explicadas(const Pantalla& pantalla);
 /// Como se escribe al usuario: "Mayús+F9".
 QString nombre_de_tecla(const QKeySequence& tecla);
+/// Lo que el control hace con una tecla que no está en la tabla de su pantalla; F1 lo dice.
+void explique_tecla(QWidget& control, const QString& tecla, const QString& que_hace);
 /// La ventana de F1.
 void muestre_teclas(Pantalla& pantalla);
 void muestre_teclas(QWidget* ventana, const QString& titulo, const QVector<TeclaExplicada>& teclas);

@@ -3,6 +3,7 @@
 #include "datos/recordset/condicion.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
+#include "toolkit/lista_teclas.h"
 
 #include <QAbstractItemView>
 #include <QButtonGroup>
@@ -66,6 +67,7 @@ FilaBusqueda::FilaBusqueda(const QVector<Eleccion>& columnas, const QString& rot
     EBuscar->setMaxLength(kLargoTexto);
     EBuscar->setMinimumWidth(ancho_caracteres(fontMetrics(), 24));
     EBuscar->installEventFilter(this);
+    explique_tecla(*EBuscar, "Enter tras escribir el texto", "Buscar");
     rotulo->setBuddy(EBuscar);
     sbBuscar = new QPushButton(icono(QStringLiteral("edit-find")), QStringLiteral("&Buscar"), this);
     sbBuscar->setObjectName(QStringLiteral("sbBuscar"));

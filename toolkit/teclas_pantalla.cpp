@@ -5,6 +5,7 @@
 #include "toolkit/controles/controldato.h"
 #include "toolkit/controles/memodato.h"
 #include "toolkit/lista_teclas.h"
+#include "toolkit/rejilla/rejilla.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -49,6 +50,25 @@ bool en_rejilla(QWidget* widget) {
         if (qobject_cast<QAbstractItemView*>(w))
             return true;
     return false;
+}
+
+/// La rejilla a la vista en que se puede insertar; nula si no hay una sola.
+Rejilla* donde_insertar(const Pantalla& pantalla) {
+    Rejilla* una = nullptr;
+    for (Rejilla* r : pantalla.findChildren<Rejilla*>()) {
+        if (!r->isVisibleTo(&pantalla) || !r->editable() || !r->permite_insertar)
+            continue;
+        if (una)
+            return nullptr;
+        una = r;
+    }
+    return una;
+}
+
+void inserte_en(Rejilla& rejilla) {
+    rejilla.setFocus();
+    QKeyEvent insert(QEvent::KeyPress, Qt::Key_Insert, Qt::NoModifier);
+    QApplication::sendEvent(&rejilla, &insert);
 }
 
 bool alguien_reclama(QWidget* desde, const QWidget* hasta, const QKeyEvent& evento) {
@@ -145,6 +165,13 @@ bool Pantalla::atienda(QKeyEvent& evento, QWidget* destino, bool solo_pregunta) 
             muestre_teclas(*this);
         return true;
     }
+    if (!encontrada && evento.key() == Qt::Key_Insert && !(evento.modifiers() & ~kDeTeclado) &&
+        !en_rejilla(foco))
+        if (Rejilla* rejilla = donde_insertar(*this)) {
+            if (!solo_pregunta && !evento.isAutoRepeat())
+                ejecute([rejilla] { inserte_en(*rejilla); });
+            return true;
+        }
     if (!encontrada) {
         return enter_como_tab_ && retorno && pase_de_control(evento, foco, solo_pregunta);
     }

@@ -5,6 +5,7 @@
 #include "toolkit/controles/fecha_contable.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
+#include "toolkit/lista_teclas.h"
 #include "vouchers/pch.h"
 #include "vouchers/piezas.h"
 
@@ -29,6 +30,7 @@ FiltrosBusqueda::FiltrosBusqueda(ConjuntoDatos& tipos, const QVector<FiltroTexto
     buscar = new QPushButton(icono("edit-find"), "Buscar", this);
     buscar->setObjectName(nombre_boton);
     buscar->setAutoDefault(false);
+    explique_tecla(*this, "Enter tras cambiar una condición", "Buscar");
     // Los datos cortos van con el tipo; del primero largo en adelante, en el otro renglón.
     // Con letra grande los cortos siguen en otro renglón.
     QWidget* arriba = en_flujo({LTipo}, paso());

@@ -2,6 +2,7 @@
 
 #include "libro/aritmetica.h"
 #include "libro/grabacion.h"
+#include "sesion/aviso_de_fila.h"
 #include "sesion/ayuda_al_teclear.h"
 #include "toolkit/disposicion_flujo.h"
 #include "toolkit/estilo.h"
@@ -270,6 +271,8 @@ std::optional<Lados> LineasCuenta::lados_a_medio_digitar(const Lados& escritos) 
 }
 
 Lados LineasCuenta::sumas_al_digitar() const {
+    if (detalle.editando() && cuenta().isEmpty()) // sin ella la línea no se queda
+        return sumas_en_memoria(guardados_);
     const Lados escritos{campo(n_.debito).moneda(), campo(n_.credito).moneda()};
     Lados s = sumas_en_memoria(escritos);
     if (detalle.State() == Estado::Insercion) { // aún no es de las líneas
@@ -346,6 +349,9 @@ void LineasCuenta::sugiera_db_cr() {
     const Lados cuadra = lados_que_cuadran(s.debito, s.credito);
     campo(n_.debito) = cuadra.debito;
     campo(n_.credito) = cuadra.credito;
+    if (cuenta().isEmpty())
+        advierta_de_fila(detalle, QStringLiteral("Digite la cuenta de la línea: sin ella lo "
+                                                 "propuesto no se guarda."));
 }
 
 // ---------------------------------------------------------------- menú y recepción
@@ -377,7 +383,7 @@ void LineasCuenta::ofrezca_al_teclear() {
             LabDiferencia->diga();
     };
     rejilla->OnCeldaCerrada = [this](int columna) {
-        fdm().mostrar_advertencia(por_que_cerrada(columna));
+        advierta_de_fila(detalle, por_que_cerrada(columna));
     };
 }
 
@@ -407,7 +413,7 @@ void LineasCuenta::deduzca_proyecto() {
     if (lo_tienen.size() == 1)
         campo(n_.proyecto) = lo_tienen.first();
     else
-        fdm().mostrar_advertencia(lo_tienen.isEmpty()
+        advierta_de_fila(detalle, lo_tienen.isEmpty()
                                       ? "Ningún proyecto tiene el centro " + centro + '.'
                                       : "El centro " + centro + " es de varios proyectos (" +
                                             lo_tienen.join(", ") + "): indique cuál en Proy.");

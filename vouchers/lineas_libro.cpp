@@ -3,6 +3,7 @@
 #include "libro/catalogos.h"
 #include "libro/conjuntos_comprobante.h"
 #include "libro/importes.h"
+#include "sesion/tercero_nuevo.h"
 #include "toolkit/aire.h"
 #include "toolkit/estilo.h"
 #include "vouchers/letrero_diferencia.h"
@@ -307,12 +308,12 @@ void LineasLibro::validar_tercero() {
     const QString nombre = fdmter().nom_tercero(nit);
     NomTerc->setText(nombre);
     if (nombre.isEmpty()) {
-        if (pregunte("Tercero no encontrado. Desea crearlo?")) {
-            cree_tercero(pantalla(), nit,
-                         [this](const QString& creado) { reciba(n_.tercero, creado); });
-        } else if (en_edicion()) {
+        const bool se_crea = pregunte("Tercero no encontrado. Desea crearlo?") &&
+                             cree_tercero_digitado(pantalla(), nit, [this](const QString& creado) {
+                                 reciba(n_.tercero, creado);
+                             });
+        if (!se_crea && en_edicion())
             campo(n_.tercero).limpie();
-        }
     } else if (ajustes_.mostrar_saldo) {
         muestre_saldo_tercero();
     }

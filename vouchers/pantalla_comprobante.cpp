@@ -1,6 +1,7 @@
 #include "vouchers/pantalla_comprobante.h"
 
 #include "sesion/ayuda_al_teclear.h"
+#include "sesion/tercero_nuevo.h"
 #include "toolkit/aire.h"
 #include "toolkit/controles/editor_sugerido.h"
 #include "toolkit/disposicion_flujo.h"
@@ -227,12 +228,10 @@ void PantallaComprobante::encabezado_TERC_NITChange(Campo& campo) {
         memorias.tercero_anterior = nit; // desde ya es el de las líneas que pidan uno
         return;
     }
-    if (pregunte("Tercero no encontrado. Desea crearlo?")) {
-        cree_tercero(*this, nit,
-                     [this](const QString& creado) { reciba_en_encabezado("TERC_NIT", creado); });
-    } else {
+    const auto reciba = [this](const QString& creado) { reciba_en_encabezado("TERC_NIT", creado); };
+    if (!pregunte("Tercero no encontrado. Desea crearlo?") ||
+        !cree_tercero_digitado(*this, nit, reciba))
         campo.limpie();
-    }
 }
 
 void PantallaComprobante::ENCO_MANDANTEChange(Campo& campo) {

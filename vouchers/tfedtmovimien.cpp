@@ -6,6 +6,7 @@
 #include "sesion/copias_comprobante.h"
 #include "sesion/registro_documentos.h"
 #include "toolkit/estilo.h"
+#include "toolkit/historia_avisos.h"
 #include "toolkit/sin_grabar.h"
 #include "vouchers/copia_plantilla.h"
 #include "vouchers/pch.h"
@@ -181,9 +182,24 @@ void Tfedtmovimien::FormCreate() {
     }
     if (!fdm().acceso_editacomproba(fdm().usuario, "CONTABILIDAD", 30))
         SBGrabar->setEnabled(false);
+    diga_lo_cerrado(cual);
     DBEdit1->setFocus(); // tipo, número y fecha ya no cambian
     if (!sin_origen.isEmpty())
         reporte_falla(sin_origen); // al final: mientras se lee, la pantalla ya está completa
+}
+
+void Tfedtmovimien::diga_lo_cerrado(const QString& cual) {
+    const char* por_que = !libre_2649 && !libre_niif ? "su fecha está bloqueada"
+                          : lineas_2649->rejilla->ReadOnly && libre_2649 ? "lo hizo otro módulo"
+                          : !libre_2649            ? "el libro 2649 está bloqueado a su fecha"
+                          : !libre_niif            ? "el libro NIIF está bloqueado a su fecha"
+                          : !SBGrabar->isEnabled() ? "su usuario no puede modificarlo"
+                                                   : nullptr;
+    if (!por_que)
+        return;
+    const QString texto = QString::fromUtf8(por_que);
+    setWindowTitle(windowTitle() + " - " + texto);
+    anuncie(fdm().barra(), "Comprobante " + cual + ": " + texto + '.');
 }
 
 int Tfedtmovimien::maximo_item(Libro libro, const QString& id) {

@@ -50,6 +50,8 @@ private:
     void declare_pie();
     /// El de la hoja a la vista.
     void muestre_cambio();
+    /// En el título y la barra, al abrir: quien lo va a corregir no lo descubre digitando.
+    void diga_lo_cerrado(const QString& cual);
     void CMovimientoAfterEdit();
     void solo_imprima();
     void replique();

@@ -163,12 +163,17 @@ const Regla* causa_del_sistema(int error) {
 }
 
 /// Las columnas de una llave como las da el motor, ("TICO_COD" = 'CG', "ITEM" = 1), en palabras.
-QString llave_en_palabras(const QString& llave) {
+QString llave_en_palabras(const QString& llave, bool con_valores = true) {
     static const QRegularExpression parte("\"([^\"]+)\" = ('(?:[^']|'')*'|[^,)]+)");
     QStringList partes;
     for (auto i = parte.globalMatch(llave); i.hasNext();) {
         const auto m = i.next();
         const QString nombre = nombre_de_columna(m.captured(1));
+        if (!con_valores) {
+            if (!nombre.isEmpty())
+                partes << nombre;
+            continue;
+        }
         QString valor = m.captured(2);
         if (valor.startsWith('\''))
             valor = valor.mid(1).chopped(1).replace("''", "'");
@@ -204,38 +209,51 @@ QString con(const char* forma, const QString& valor) {
     return QString::fromUtf8(forma).arg(valor);
 }
 
+QString ya_existe(const QString& llave) {
+    return llave.isEmpty() ? QStringLiteral("Ya existe un registro igual.")
+                           : con("Ya existe un registro con el mismo %1.", llave);
+}
+
+QString llave_ajena(const Causa& causa, const QString& llave) {
+    const QString tabla = nombre_de_tabla(causa.tabla);
+    if (!causa.en_uso)
+        return con("No está registrado lo que se indica en %1.",
+                   llave.isEmpty() ? QStringLiteral("el registro") : llave);
+    return tabla.isEmpty() ? QStringLiteral("No se puede borrar ni cambiar su código: otros "
+                                            "registros lo usan.")
+                           : con("No se puede borrar ni cambiar su código: se usa en %1.", tabla);
+}
+
 /// Las que rehúsa la base por sus reglas, con el dato que las causó.
 ErrorBase rechazo(const Vector& v, Causa causa, const QString& motor) {
     causa.llave = v.argumento(isc_idx_key_value);
     const QString llave = llave_en_palabras(causa.llave);
-    const QString servidor = QStringLiteral("SQL Server Error: ") + motor;
+    // Dieciocho caracteres de prefijo, y de lo que dijo el motor el primer renglón: el resto queda
+    // en el detalle, y quien mira la barra lee además qué falta. Sin los valores: la misma razón en
+    // varias filas se dice una vez.
+    const QString columnas = llave_en_palabras(causa.llave, false);
+    const auto servidor = [&motor](const QString& usuario) {
+        return QStringLiteral("Error de la base: ") + motor.section('\n', 0, 0).trimmed() + ". " +
+               usuario;
+    };
     switch (causa.clase) {
     case ClaseFalla::LlaveRepetida: {
         causa.restriccion = v.argumento(isc_unique_key_violation, 0);
         causa.tabla = v.argumento(isc_unique_key_violation, 1);
-        QString texto = servidor;
+        QString texto = servidor(ya_existe(columnas));
         if (causa.tabla.isEmpty()) { // un índice único suelto: se cuenta igual
             causa.restriccion = v.argumento(isc_no_dup);
-            texto = con("SQL Server Error: violation of PRIMARY or UNIQUE KEY constraint \"%1\"",
-                        causa.restriccion);
+            texto = con("Error de la base: violation of PRIMARY or UNIQUE KEY constraint \"%1\". ",
+                        causa.restriccion) +
+                    ya_existe(columnas);
         }
-        return {causa, texto, motor,
-                llave.isEmpty() ? QStringLiteral("Ya existe un registro igual.")
-                                : con("Ya existe un registro con el mismo %1.", llave)};
+        return {causa, texto, motor, ya_existe(llave)};
     }
     case ClaseFalla::LlaveForanea: {
         causa.restriccion = v.argumento(isc_foreign_key, 0);
         causa.tabla = v.argumento(isc_foreign_key, 1);
         causa.en_uso = v.tiene(isc_foreign_key_references_present);
-        const QString tabla = nombre_de_tabla(causa.tabla);
-        const QString usuario =
-            !causa.en_uso ? con("No está registrado lo que se indica en %1.",
-                                llave.isEmpty() ? QStringLiteral("el registro") : llave)
-            : tabla.isEmpty()
-                ? QStringLiteral("No se puede borrar ni cambiar su código: otros "
-                                 "registros lo usan.")
-                : con("No se puede borrar ni cambiar su código: se usa en %1.", tabla);
-        return {causa, servidor, motor, usuario};
+        return {causa, servidor(llave_ajena(causa, columnas)), motor, llave_ajena(causa, llave)};
     }
     case ClaseFalla::DatoObligatorio: {
         QString lugar = v.argumento(isc_not_valid, 0);

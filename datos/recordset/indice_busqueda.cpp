@@ -123,7 +123,7 @@ void ConjuntoDatos::valide_llave() {
         for (int k = 0; igual && k < llave.size(); ++k)
             igual = valor_de(*orden_[i], *llave[k]).compare(mios[k]) == 0;
         if (igual)
-            throw ErrorDatos(QStringLiteral("key violation."), {},
+            throw ErrorDatos(QStringLiteral("key violation: ya existe un registro igual."), {},
                              QStringLiteral("Ya existe un registro igual."));
     }
 }

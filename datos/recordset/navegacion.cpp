@@ -236,7 +236,7 @@ void ConjuntoDatos::Edit() {
 void ConjuntoDatos::valide_requeridos() {
     for (const auto& c : campos_)
         if (c->Required && c->tipo == TipoCampo::Datos && bufer_[c->indice_].texto().isEmpty())
-            throw ErrorDatos(QStringLiteral("Field '%1' must have a value").arg(c->etiqueta()), {},
+            throw ErrorDatos(QStringLiteral("Field '%1': falta el dato").arg(c->etiqueta()), {},
                              QStringLiteral("Falta el dato %1.").arg(c->nombre_visible()));
 }
 

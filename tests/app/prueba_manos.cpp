@@ -167,6 +167,11 @@ void PruebaManos::lo_que_cada_pantalla_dice_de_sus_teclas_es_verdad() {
         for (const TeclaExplicada& t : teclas_explicadas(*p))
             if (t.tecla.isEmpty() || t.que_hace.contains(de_adentro))
                 malas << esta + t.tecla + ": «" + t.que_hace + "»";
+        if (p->findChild<QLineEdit*>("EBuscar") &&
+            std::ranges::none_of(teclas_explicadas(*p), [](const TeclaExplicada& t) {
+                return t.tecla.startsWith("Enter tras") && t.que_hace == "Buscar";
+            }))
+            malas << esta + "F1 no dice que Enter busca";
         for (const auto& [control, texto] : lo_que_dice(*p))
             for (const QString& falta : teclas_que_no_sirven(*p, control, texto, anuncios))
                 malas << esta + "«" + texto + "»: " + falta;

@@ -54,6 +54,7 @@ private slots:
         oprima(Qt::Key_F2);
         auto* n = qobject_cast<Tfnvopresup*>(s.escritorio.activa());
         QCOMPARE(n->windowTitle(), "Nuevo presupuesto: Marzo de 2017");
+        enfoque(n, "EAnoOrigen");
         oprima(Qt::Key_Insert);
         digite("5105"); // se completa, y el importe se calcula
         oprima(Qt::Key_Down);

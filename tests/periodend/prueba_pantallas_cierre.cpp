@@ -279,7 +279,10 @@ private slots:
         QCOMPARE(componente<QLineEdit>(concepto, "ECta").text(), "220505");
         QCOMPARE(componente<QLineEdit>(concepto, "NomCierre").text(), "Proveedores nacionales");
         QVERIFY(!componente<QWidget>(concepto, "AnoIni").isEnabled());
-        enfoque(concepto, "DBGridEh1");
+        s.i.espere("El concepto no tiene cuentas: no generará ninguna línea. Desea grabarlo así?",
+                   "No");
+        oprima(Qt::Key_F2);
+        enfoque(concepto, "ENombre"); // Insert va a las líneas desde cualquier control
         oprima(Qt::Key_Insert);
         enfoque(concepto, "DBGridEh1", 1);
         s.i.espere("La cuenta es de nivel inferior al mínimo afectable.");

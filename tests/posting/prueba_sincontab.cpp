@@ -140,7 +140,9 @@ void PruebaSincontab::la_lista_sigue_al_periodo_y_a_las_casillas() {
     QVERIFY(p->DBGridEh1->filtro_visible());
     oprima_en(p->DBGridEh1, Qt::Key_Escape);
     QVERIFY(!escritorio()->abierta("Tfsincontab"));
-    QCOMPARE(abra()->periodo->EMes->currentIndex(), 0); // el cierre no está en la lista
+    p = abra();
+    QCOMPARE(p->periodo->EMes->currentIndex(), 0); // el cierre no está en la lista, y lo dice
+    QVERIFY(p->DBGridEh1->property("sin_consultar").toString().contains("período de ajustes"));
 }
 
 void PruebaSincontab::contabilizar_uno_lo_saca_de_la_lista_en_los_dos_libros() {

@@ -62,13 +62,13 @@ private slots:
             {"Cannot delete master record with details.",
              "Error. Borre antes los detalles dependientes del registro."},
             {"Cannot delete master record", "Cannot delete master record"},
-            {"Field 'x' must have a value", "Los campos %c, %n,  son obligatorios."},
+            {"Field 'x': falta el dato", "Los campos %c, %n,  son obligatorios."},
             {"field value", "field value"},
             {"key violation.", "Ya existe un registro con el mismo %c "},
             {"Key violation.", "Key violation."},
             {"ke", "ke"},
-            {"SQL Server Error: violation of PRIMARY or UNIQUE KEY",
-             "SQL Server Error: violation of PRIMARY or UNIQUE KEY"},
+            {"Error de la base: violation of PRIMARY or UNIQUE KEY",
+             "Error de la base: violation of PRIMARY or UNIQUE KEY"},
             {"dbExpress Error: Connection failed", "dbExpress Error: Connection failed"},
         };
         const QString tipo = s.dm.nombre_campo("TICO_COD"), nombre = s.dm.nombre_campo("TICO_NOM");
@@ -85,7 +85,7 @@ private slots:
         // la lista lleva solo los vacíos, y un campo sin descripción se muestra por su nombre
         s.base.ejecute({"delete from nombres_campos where nombre = 'TICO_NOM'"});
         p.c.FieldByName("TICO_COD") = "ZZ";
-        dice([&] { s.dm.ManejarClientError(p.c, ErrorDatos("Field 'x' must have a value")); },
+        dice([&] { s.dm.ManejarClientError(p.c, ErrorDatos("Field 'x': falta el dato")); },
              "Los campos TICO_NOM,  son obligatorios.");
         s.dm.barra(nullptr);
         // Sin la propiedad que dice cuánto dura el aviso de la barra, la razón también se dice.
@@ -96,7 +96,7 @@ private slots:
         i.espere("No se encontró la configuración DURACION DE LAS ADVERTENCIAS");
         i.espere_comienzo("Se presento el siguiente error: La configuración DURACION DE LAS");
         i.espere("Los campos TICO_NOM,  son obligatorios.");
-        s.dm.ManejarClientError(p.c, ErrorDatos("Field 'x' must have a value"));
+        s.dm.ManejarClientError(p.c, ErrorDatos("Field 'x': falta el dato"));
     }
 
     void grabar_en_memoria_lo_incompleto_o_repetido_avisa_y_deja_la_edicion() {
@@ -148,7 +148,8 @@ private slots:
             QCOMPARE(p.c.ApplyUpdates(0), 1);
             QVERIFY2(i.conforme(), qPrintable(i.queja()));
             QCOMPARE(p.c.ChangeCount(), 1); // la fila sigue en la pantalla
-            QVERIFY(barra.text().startsWith("SQL Server Error: violation of PRIMARY"));
+            QVERIFY(barra.text().startsWith("Error de la base: violation of PRIMARY") &&
+                    barra.text().contains("Ya existe un registro"));
             QCOMPARE(barra.color(), AvisosBarra::Celeste); // solo cambia el texto
             p.c.CancelUpdates();
         }
@@ -179,7 +180,7 @@ private slots:
         // las palabras van en el carácter 19, ni antes ni después; el resto sale como vino
         for (const char* texto :
              {"Server Error: violation of PRIMARY or UNIQUE KEY", "key violation.",
-              "SQL Server Error:  violation of FOREIGN KEY", "Field 'x' must have a value",
+              "Error de la base:  violation of FOREIGN KEY", "Field 'x': falta el dato",
               "dbExpress Error: Connection failed", "Cannot delete master record with details."}) {
             dice([&] { s.dm.ManejarError(&p.p, &p.c, ErrorDatos(texto)); }, texto);
         }

@@ -35,6 +35,15 @@ private slots:
             QVERIFY(qAbs(historia->intensidad() - tinta) < 0.001);
         }
         QVERIFY(barra.grab().toImage() != fresca);
+        // Resuelto lo que decía deja de leerse; en la historia sigue.
+        AvisosBarra callada;
+        callada.resize(barra.size());
+        callada.Timer2Timer();
+        retire_advertencia(&barra, "Otra");
+        QVERIFY(barra.grab().toImage() != callada.grab().toImage());
+        retire_advertencia(&barra, "La cuenta no existe");
+        QCOMPARE(barra.grab().toImage(), callada.grab().toImage());
+        QCOMPARE(historia->avisos().size(), 1);
     }
 
     void un_aviso_largo_o_de_varios_renglones_no_crece_la_barra() {

@@ -486,6 +486,7 @@ private slots:
     void solo_lectura_no_edita_y_tab_sale() {
         RejillaDePrueba p;
         p.rejilla->ReadOnly = true;
+        p.rejilla->enter_como_tab = false; // con él se recorre, como si se pudiera cambiar
         p.digite("9", Qt::Key_Delete, Qt::Key_Insert);
         p.tecla(Qt::Key_Delete, Qt::ControlModifier);
         p.detalle->Last();

@@ -1,5 +1,6 @@
 #include "toolkit/rejilla/delegado_celda.h"
 #include "vouchers/digitador.h"
+#include "vouchers/letrero_diferencia.h"
 
 class PruebaDigitacion : public QObject {
     Q_OBJECT
@@ -133,8 +134,13 @@ private slots:
         auto& [s, d, p] = e;
         d.linea({"110505", "", "", "", "", "", "", "", "", "70", "", ""});
         d.linea({"111005", "", "", "", "", "", "", "", "", "30", "", ""});
+        oprima(Qt::Key_F5); // sin cuenta la línea no se queda: no cuadra, y se dice
+        QCOMPARE(p->lineas_2649->LabDiferencia->dice(), "Falta crédito 100.00");
+        QVERIFY(d.barra.text().contains("sin ella"));
+        agote_eventos();
         d.linea({"310505"});
-        oprima(Qt::Key_F5);
+        QCOMPARE(d.barra.text(), QString()); // resuelto
+        QCOMPARE(p->lineas_2649->LabDiferencia->dice(), "Cuadrado");
         QCOMPARE(d.celda("CODE_CREDITO"), "100");
         oprima(Qt::Key_F5); // con valor no hace nada
         QCOMPARE(d.celda("CODE_CREDITO"), "100");

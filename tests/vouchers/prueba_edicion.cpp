@@ -81,6 +81,7 @@ private slots:
             d.configure("COMPROBANTES", "MODIFICAR COMPROBANTES GENERADOS POR OTROS MODULOS",
                         c.ajenos);
             Tfedtmovimien* p = abra_edicion(s, c.id);
+            QCOMPARE(p->windowTitle().contains(" - "), c.lectura || c.lectura_niif);
             QCOMPARE(p->lineas_2649->rejilla->ReadOnly, c.lectura);
             QCOMPARE(p->lineas_niif->rejilla->ReadOnly, c.lectura_niif);
             QCOMPARE(p->SBGrabar->text(), QString(c.letrero));
@@ -119,8 +120,9 @@ private slots:
             l->rejilla->setFocus();
             l->detalle.First();
             l->rejilla->SelectedIndex(0);
-            for (int columna = 0; columna < 12; ++columna) // Enter sigue de celda en celda
-                oprima(Qt::Key_Return);
+            for (int columna = 0; columna < 12; ++columna) // siguen de celda en celda
+                oprima(columna % 2 ? Qt::Key_Tab : Qt::Key_Return);
+            QVERIFY(l->rejilla->enfocada() && l->detalle.RecNo() == 1);
             QVERIFY(!p->GroupBox1->isVisible() && !s.escritorio.abierta("Tfcuentas"));
             l->detalle.Last();
             l->rejilla->SelectedIndex(LineasLibro::kDebito);

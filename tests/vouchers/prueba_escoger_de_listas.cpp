@@ -129,6 +129,17 @@ private slots:
         QCOMPARE(a->CMovimiento.FieldByName("TERC_NIT").texto(), "901777888");
         QCOMPARE(s.dato("select count(*) from terceros where terc_nit starting with '901777'"),
                  "1");
+        // El que no se puede crear se dice, y el campo no se queda con él.
+        for (int n = 0; n < 2; ++n) {
+            i.espere(pregunta, "Sí");
+            i.espere("El NIT 90A1 no se puede crear: la compañía solo admite cifras en el NIT, "
+                     "hasta 15.");
+        }
+        digite_en(a->DBEdit2, "90A1", Qt::Key_Tab);
+        QCOMPARE(a->CMovimiento.FieldByName("TERC_NIT").texto(), QString());
+        a->lineas_2649->reciba("TERC_NIT", "90A1");
+        QCOMPARE(celda(a, "TERC_NIT"), QString());
+        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         for (Tfmovimien* p : {a, b})
             p->CMovimiento.CancelUpdates();
     }

@@ -180,7 +180,9 @@ bool Rejilla::navegue(QKeyEvent& e) {
 }
 
 bool Rejilla::pase_con_tab(bool adelante) {
-    if (editable() && currentIndex().isValid() && (adelante ? siguiente_celda() : celda_anterior()))
+    // Unas líneas que hoy no se pueden cambiar se recorren como si se pudiera.
+    if ((editable() || (ReadOnly && enter_como_tab)) && currentIndex().isValid() &&
+        (adelante ? siguiente_celda() : celda_anterior()))
         return true;
     return salga_con_tab(adelante);
 }
