@@ -141,13 +141,18 @@ void Tfnvopresup::CUEN_CODChange(Campo& cuenta) {
             CPresupuesto.marca_en(i) != Fila::Marca::Nueva &&
             CPresupuesto.valor_en(i, cuenta).texto() == codigo) {
             muestre_mensaje("Cuenta previamente registrada.");
-            cuenta.limpie();
+            rehuse(cuenta);
             return;
         }
     if (fdmcnt().valide_cuenta(codigo))
         muestre_nombre();
     else
-        cuenta.limpie();
+        rehuse(cuenta);
+}
+
+void Tfnvopresup::rehuse(Campo& cuenta) {
+    cuenta.limpie();
+    DBGridEh1->vuelva_a(0); // lo que sigue a ciegas es otra cuenta, no el importe
 }
 
 void Tfnvopresup::busque_cuenta(const QString& texto) {

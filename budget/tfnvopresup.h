@@ -26,6 +26,7 @@ private:
     void defina_campos();
     void construya();
     void CUEN_CODChange(Campo& cuenta);
+    void rehuse(Campo& cuenta);
     void muestre_nombre();
     void busque_cuenta(const QString& texto);
     void SpeedButton2Click();

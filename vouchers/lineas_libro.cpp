@@ -254,6 +254,8 @@ void LineasLibro::cuenta_cambiada() {
     if (cuenta().isEmpty() || busque_cuenta())
         return;
     validar_cuenta();
+    if (cuenta().isEmpty()) // rehusada: lo que se digite a ciegas no es del tercero
+        rejilla->vuelva_a(kCuenta);
     if (ajustes_.mostrar_saldo && !cuenta().isEmpty()) {
         // El tercero y el centro que la línea ya tenía, en la cuenta nueva.
         muestre_saldo_tercero();

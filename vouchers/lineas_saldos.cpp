@@ -81,8 +81,7 @@ void LineasSaldos::devuelva_a(int columna) {
     // celda, una búsqueda) lleva el cursor allá.
     if (rejilla->SelectedIndex() == columna)
         throw EdicionAbortada();
-    QMetaObject::invokeMethod(
-        rejilla, [r = rejilla, columna] { r->SelectedIndex(columna); }, Qt::QueuedConnection);
+    rejilla->vuelva_a(columna);
 }
 
 void LineasSaldos::cuenta_cambiada() {

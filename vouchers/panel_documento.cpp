@@ -45,6 +45,20 @@ PanelDocumento::PanelDocumento(QWidget* pantalla, ConjuntoDatos& lineas, Conjunt
             lea_abiertos();
         proponga_vencimiento();
     };
+    recuerde = [this, campos] {
+        antes_.clear();
+        for (const char* campo :
+             {campos.numero, campos.tipo, campos.aplica, campos.tipo_aplica, "DOCO_VENCE"})
+            if (campo && !lineas_.IsEmpty())
+                antes_.emplace_back(campo, lineas_.FieldByName(campo).valor());
+    };
+    deshaga = [this] {
+        for (const auto& [nombre, valor] : antes_)
+            if (Campo& campo = lineas_.FieldByName(nombre); campo.valor() != valor) {
+                lineas_.Edit();
+                campo = valor;
+            }
+    };
 }
 
 // ---------------------------------------------------------------- documentos abiertos

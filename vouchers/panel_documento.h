@@ -37,5 +37,7 @@ private:
     void proponga_vencimiento();
     void DateTimePicker1Change();
     ConjuntoDatos& lineas_;
+    std::vector<std::pair<QString, Valor>>
+        antes_;                          ///< lo que la línea tenía al mostrarse, por campo
     QVector<DocumentoAbierto> abiertos_; ///< los del tercero, al entrar al panel
 };

@@ -42,8 +42,10 @@ bool PanelFlotante::reclama(const QKeyEvent& evento) {
 
 void PanelFlotante::keyPressEvent(QKeyEvent* evento) {
     if (evento->key() == Qt::Key_Escape) {
-        oculte();
         evento->accept();
+        oculte(); // la caja en que se estaba entrega lo suyo al perder el foco
+        if (deshaga)
+            proteja([this] { deshaga(); });
         return;
     }
     QGroupBox::keyPressEvent(evento);
@@ -54,6 +56,8 @@ void PanelFlotante::muestre(QWidget* foco) {
     show();
     raise();
     foco->setFocus();
+    if (recuerde)
+        recuerde();
 }
 
 void PanelFlotante::oculte() {

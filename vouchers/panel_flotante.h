@@ -1,8 +1,8 @@
 #pragma once
 // Panel que una línea abre sobre su rejilla cuando la cuenta pide más datos.
 //
-// Esc lo cierra, sin cerrar la pantalla. Salir de él lo oculta; una lista desplegada o un diálogo
-// no es salir.
+// Esc lo cierra y deshace lo que se le digitó, sin cerrar la pantalla. Salir de él lo oculta; una
+// lista desplegada o un diálogo no es salir.
 #include "toolkit/pantalla.h"
 
 #include <QGroupBox>
@@ -24,6 +24,8 @@ public:
     bool reclama(const QKeyEvent& evento) override;
 
     std::function<void()> OnEnter;                   ///< el foco entró al panel
+    std::function<void()> recuerde;                  ///< ya está a la vista, con lo que propone
+    std::function<void()> deshaga;                   ///< se cerró con Esc
     std::function<QWidget*(bool tenia_foco)> vuelve; ///< a quién pasa el foco al ocultarse; o nulo
 
 protected:

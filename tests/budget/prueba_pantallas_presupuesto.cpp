@@ -64,9 +64,7 @@ private slots:
         i.espere("Cuenta previamente registrada.");
         i.espere("La cuenta es de nivel inferior al mínimo afectable.");
         digite("510506", Qt::Key_Return);
-        enfoque(n, "DBGridEh1", 0);
         digite("5105", Qt::Key_Return);
-        enfoque(n, "DBGridEh1", 0);
         digite_celdas({"413505", "", "1500000.5"});
         QCOMPARE(n->DBGridEh1->suma(1), Moneda(900000));
         oprima(Qt::Key_F2);

@@ -220,8 +220,13 @@ private slots:
         oprima(Qt::Key_Return); // deja la cuenta: el panel se abre
         QVERIFY(p->GroupBox1->isVisible());
         QCOMPARE(p->DateTimePicker1->fecha_texto(), "20170415");
+        // Esc lo cierra como estaba al abrirse.
+        p->DateTimePicker1->setFocus();
+        oprima(Qt::Key_Up);
+        QCOMPARE(p->CDetalle.FieldByName("DOCO_VENCE").texto(), "20180415");
+        oprima(Qt::Key_Escape);
+        QVERIFY(!p->GroupBox1->isVisible());
         QCOMPARE(p->CDetalle.FieldByName("DOCO_VENCE").texto(), "20170415");
-        componente<QPushButton>(p, "SpeedButton2").click();
         // En una línea que no lo tiene, cambiar de página con el cursor en la cuenta no lo pone.
         s.base.ejecute({"update comprobante_detalle set doco_vence = null"});
         p->CMovimiento.CancelUpdates();
@@ -316,6 +321,8 @@ private slots:
         Digitador d(s);
         registre_testigo("Tfnvacuenta");
         Tfmovimien* p = d.abra("CG", "05", "x");
+        dice([&] { d.linea({"1105"}); }, "La cuenta es de nivel inferior al mínimo afectable.");
+        QTRY_COMPARE(d.rejilla().SelectedIndex(), int(LineasLibro::kCuenta)); // y no en el tercero
         dice([&] { d.linea({"110599"}); }, "La cuenta especificada no existe. Desea Crearla?",
              "Sí");
         Pantalla* ficha = s.escritorio.activa();

@@ -77,6 +77,8 @@ public:
     // --- celda actual y selección
     int SelectedIndex() const; ///< columna actual, -1 sin ella
     void SelectedIndex(int columna);
+    /// Lleva el cursor a `columna` cuando termine lo que la tecla en curso haga con la celda.
+    void vuelva_a(int columna);
     Campo* campo_actual() const;
     /// El editor de la celda está abierto.
     bool digitando() const;

@@ -75,6 +75,11 @@ void Rejilla::SelectedIndex(int columna) {
     vaya(conjunto()->RecNo(), columna);
 }
 
+void Rejilla::vuelva_a(int columna) {
+    QMetaObject::invokeMethod(
+        this, [this, columna] { SelectedIndex(columna); }, Qt::QueuedConnection);
+}
+
 Campo* Rejilla::campo_actual() const {
     return currentIndex().isValid() ? columna(SelectedIndex()).campo : nullptr;
 }
