@@ -191,8 +191,10 @@ private slots:
                 }
                 s_->cierre();
             }
-        // Cada entrada "del submenú" cuelga de uno de ellos.
+        // El administrador los tiene todos, y cada entrada "del submenú" cuelga de uno de ellos.
         s_->entre();
+        for (const auto& [nombre, opcion] : kSubmenus)
+            QVERIFY2(s_->principal->findChild<QMenu*>(nombre)->isEnabled(), qPrintable(nombre));
         for (const Orden& o : ordenes())
             if (o.pregunta == "submenú") {
                 QStringList duenos;
@@ -272,13 +274,6 @@ private slots:
         QTest::keyClick(hija->texto, Qt::Key_C, Qt::AltModifier);
         QTRY_COMPARE(oprimido, 1); // el botón se hunde un instante antes de contestar
         QVERIFY(Testigo::vistas.isEmpty());
-    }
-
-    void copiar_las_cuentas_a_niif_se_rehusa_si_ya_hay() {
-        s_->entre();
-        s_->dialogos.espere("Ya existen cuentas del plan NIIF. Si desea usar opción debería "
-                            "borrarlas previamente.");
-        accion("CopiarcuentasaNIIF1")->trigger();
     }
 
     void edicion_trabaja_sobre_el_control_con_foco() {

@@ -133,7 +133,6 @@ void PruebaMensajes::uno_vacio_no_se_envia_y_esc_no_deja_nada() {
     oprima(Qt::Key_Escape);
     agote_eventos();
     QCOMPARE(filas("select count(*) from mensajeria"), "0");
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
 }
 
 void PruebaMensajes::entre_dos_programas_por_un_servidor() {
@@ -152,7 +151,6 @@ void PruebaMensajes::entre_dos_programas_por_un_servidor() {
     i_->espere_comienzo("Se presento el siguiente error: Se perdió la conexión");
     red.corte();
     emit vigia.Timer3->timeout({});
-    QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     QVERIFY(!vigia.Timer3->isActive());
     oprima_en(&yo.ventana, Qt::Key_Shift); // sigue sin servidor
     QVERIFY(!vigia.Timer3->isActive());

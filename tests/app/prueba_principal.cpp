@@ -319,32 +319,6 @@ private slots:
         QVERIFY(!s_->datos.ConGeneral.conectada());
     }
 
-    void los_submenus_de_estados_financieros_se_apagan_sin_su_derecho() {
-        for (const char* valores :
-             {"'CONTABILIDAD', 121, 'S'", "'CONTABILIDAD', 122, 's'", "'CAJA', 120, 'S'"})
-            s_->bases.base().ejecute("insert into acceso_usuario (user_cod, acus_modulo, "
-                                     "acus_opcion, acus_si) values ('AUXILIAR', " +
-                                     QString(valores) + ')');
-        Tfprincipal& auxiliar = s_->entre("AUXILIAR");
-        QVERIFY(!auxiliar.Generales1->isEnabled()); // la concesión es de otro módulo
-        QVERIFY(auxiliar.Detallados1->isEnabled());
-        QVERIFY(!auxiliar.Comparativos1->isEnabled()); // "s" no concede
-        s_->cierre();
-
-        // El administrador pasa todo sin que se pregunte a la base.
-        s_->bases.base().ejecute("delete from acceso_usuario");
-        int preguntas = 0;
-        s_->datos.Quorvex.observador = [&](const QString& sql) {
-            preguntas += sql.contains("acceso_usuario");
-        };
-        Tfprincipal& admin = s_->entre();
-        QVERIFY(admin.Generales1->isEnabled() && admin.Detallados1->isEnabled() &&
-                admin.Comparativos1->isEnabled());
-        QVERIFY(s_->datos.valide_acceso("CONTABILIDAD", 99));
-        s_->datos.Quorvex.observador = nullptr;
-        QCOMPARE(preguntas, 0);
-    }
-
     void el_sello_de_la_sesion_se_borra_solo_el_mismo_dia() {
         s_->entre();
         QCOMPARE(s_->sello(), "2017/05/15");

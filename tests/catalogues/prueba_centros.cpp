@@ -180,21 +180,6 @@ private slots:
                  }),
                  "nada");
     }
-
-    void los_nombres_y_la_validacion_avisan_cada_uno_lo_suyo() {
-        SesionGui s;
-        Interlocutor i;
-        QCOMPARE(s.cnt.nom_centro("0001"), "Administración");
-        QCOMPARE(s.cnt.nom_subcentro("0002", "0001"), "Mostrador");
-        QVERIFY(s.cnt.valide_centro("0002", "0001"));
-        // Un par desconocido da dos mensajes: el del nombre y el de la validación.
-        i.espere("Centro de costos no encontrado.");
-        i.espere("Proyecto-Centro no encontrado.");
-        QVERIFY(s.cnt.nom_subcentro("0001", "0009").isEmpty());
-        QVERIFY(!s.cnt.valide_centro("0001", "0009"));
-        i.espere("Proyecto no encontrado.");
-        QVERIFY(s.cnt.nom_centro("0077").isEmpty());
-    }
 };
 
 QTEST_MAIN(PruebaCentros)

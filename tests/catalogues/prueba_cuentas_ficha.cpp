@@ -151,22 +151,6 @@ private slots:
         QCOMPARE(ficha(s, "236540"), "Compras|SNNNS|||236540");
     }
 
-    void una_cuenta_que_no_existe_se_ofrece_crear_con_su_codigo() {
-        SesionGui s;
-        for (Libro libro : {Libro::Decreto2649, Libro::Niif}) {
-            dice([&] { QVERIFY(!s.cnt.valide_cuenta("110599", libro)); }, datos(libro).no_existe,
-                 "No");
-            // Responde verdadero antes de que la cuenta exista.
-            dice([&] { QVERIFY(s.cnt.valide_cuenta("110599", libro)); }, datos(libro).no_existe,
-                 "Sí");
-            Pantalla* p = s.escritorio.activa();
-            QCOMPARE(p->objectName(), QString(datos(libro).pantalla_nueva_cuenta));
-            QCOMPARE(campo(p, "CUEN_COD"), "110599");
-            QVERIFY(campo(p, "CUEN_EQNIIF").isEmpty());
-            p->close();
-        }
-    }
-
     void la_equivalencia_se_escoge_del_plan_niif_y_muestra_su_nombre() {
         SesionGui s;
         s.base.ejecute({"update cuentas_niif set cuen_activa = 'N' where cuen_cod = '110505'"});

@@ -150,7 +150,6 @@ void PruebaPantallasIntercambio::mientras_importa_solo_se_puede_detener_y_se_dic
         i_->espere_comienzo("Importación detenida. Lo que ya se había grabado queda: Leídos ");
         siga(Qt::Key_F2);
         QVERIFY(vistas >= 3);
-        QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
         QVERIFY(barra_.text().startsWith("Leídos "));
     }
 }
@@ -426,7 +425,6 @@ void PruebaPantallasIntercambio::la_estructura_no_se_cambia_con_cuentas_creadas(
         c.Post();
         i_->espere_comienzo(dice);
         oprima(Qt::Key_F2);
-        QVERIFY2(i_->conforme(), qPrintable(i_->queja()));
     }
     QCOMPARE(s_->dato("select max(estr_digitos) from estructura"), "8");
 }

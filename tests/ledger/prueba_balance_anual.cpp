@@ -86,21 +86,6 @@ private slots:
         }
     }
 
-    void una_fila_lleva_el_ano_mes_por_mes_y_con_saldos_los_acumula() {
-        Anual s;
-        const auto fila = [&](const QString& codigo) {
-            if (!s.p->CBalance.Locate("CODIGO", {codigo}))
-                return QString("(no está)");
-            QStringList v;
-            for (const char* c : {"INICIAL", "MVENE", "MVFEB", "MVMAR", "MVABR", "MVCIE", "FINAL"})
-                v << s.p->CBalance.FieldByName(c).texto();
-            return v.join('|');
-        };
-        QCOMPARE(fila("110505"), "0|5000000|0|758011.24|0|-7000.07|5751011.17");
-        s.p->cksaldos->click();
-        QCOMPARE(fila("110505"), "0|5000000|5000000|5758011.24|5758011.24|5751011.17|5751011.17");
-    }
-
     void el_grafico_tiene_tres_lecturas_y_lo_del_credito_va_en_positivo() {
         Anual s;
         QVERIFY(s.p->CBalance.Locate("CODIGO", {"110505"}));

@@ -12,6 +12,8 @@ private slots:
     void el_patrimonio_y_el_efectivo_terminan_en_los_libros();
     void cada_fila_es_la_suma_de_sus_lineas_en_rangos_al_azar();
     void con_las_cuentas_sin_movimiento_sale_el_plan_entero();
+    void el_resultado_en_curso_va_con_el_39_del_plan();
+    void el_rango_por_omision_no_deja_codigos_por_fuera();
     void la_cuenta_y_el_tercero_mas_largos_caben_en_el_codigo();
 
 private:
@@ -58,9 +60,10 @@ void PruebaCuadres::el_balance_cuadra_y_su_resultado_es_el_del_estado() {
                                     .arg(ano)
                                     .arg(mes);
         const Moneda utilidad = -todo(libro, resultados(), ano, mes, mes).final();
-        QCOMPARE(filas("select sum(iif(codigo = '1', sclase, -sclase)) from " + balance.arg("S") +
-                       " where codigo < '4' and nivel = 1"),
-                 QStringList{"0"});
+        QCOMPARE(filas("select sum(iif(codigo = '1', sclase, -sclase)), sum(inicial) + "
+                       "sum(debitos) - sum(creditos) from " +
+                       balance.arg("S") + " where codigo < '4' and nivel = 1"),
+                 QStringList{"0|0"});
         QCOMPARE(base()
                      .consulte("select coalesce(sum(sgrupo), 0) from " + balance.arg("S") +
                                " where codigo = '39'")
@@ -117,6 +120,14 @@ void PruebaCuadres::el_patrimonio_y_el_efectivo_terminan_en_los_libros() {
                                   efectivo.final().texto(), efectivo.final().texto()})
                          .join('|'));
         }
+    }
+    // Un saldo dañado se ve.
+    for (const char* de : {"1", "3"}) {
+        base().ejecute(QString("insert into saldos_diferencia values ('%1', '2018', 1, '', '', '', "
+                               "'', 1, 0)")
+                           .arg(de));
+        QCOMPARE(filas("select ok from cambios_patrimonio('2018')").last(), "N");
+        base().ejecute(QString("delete from saldos_diferencia where cuen_cod = '%1'").arg(de));
     }
 }
 
@@ -217,6 +228,55 @@ void PruebaCuadres::con_las_cuentas_sin_movimiento_sale_el_plan_entero() {
             QCOMPARE(con_saldo[1], con_saldo[0]); // y no cambian ninguna cifra
         }
     }
+}
+
+void PruebaCuadres::el_resultado_en_curso_va_con_el_39_del_plan() {
+    for (int libro : {0, 1}) {
+        const QString plan = libro ? "cuentas_niif" : "cuentas";
+        const Moneda utilidad = -todo(libro, resultados(), 2018, 5, 5).final();
+        base().ejecute("insert into " + plan + " (cuen_cod, cuen_nom) values ('39', 'Del plan')");
+        QCOMPARE(filas(QString("select nombre, sgrupo from balance_mes%1('2018', 5, 'S', 'S', 'N', "
+                               "'N') where codigo = '39'")
+                           .arg(sufijo(libro))),
+                 QStringList("Del plan|" + utilidad.texto()));
+        base().ejecute("delete from " + plan + " where cuen_cod = '39'");
+    }
+}
+
+void PruebaCuadres::el_rango_por_omision_no_deja_codigos_por_fuera() {
+    for (const char* orden :
+         {"insert into terceros (terc_nit, terc_nom) values ('x123', 'Zúñiga Ltd.')",
+          "insert into terceros (terc_nit, terc_nom) values ('Ñ45', 'Ñuñoa S.A.')",
+          "insert into proyectos (proy_cod, proy_nom) values ('ña', 'Muelle')",
+          "insert into centros (proy_cod, cent_cod, cent_nom) values ('ña', 'ñb', 'Bodega')"})
+        base().ejecute(orden);
+    const QVector<Linea> lineas{{1, "130505", 70, 0, "x123"},
+                                {2, "130505", 30, 0, "Ñ45"},
+                                {3, "510506", 20, 0, "900123456", "ña", "ñb"},
+                                {4, "310505", 0, 120}};
+    grabe(base(), 990, "20200315", lineas, lineas);
+    for (int libro : {0, 1})
+        for (const QString& rango :
+             {QString("balance_con_terceros_mes%1('2020', 3, '', 'ZZ', '', 'ZZ', 'N')"),
+              QString("balance_con_centros_mes%1('2020', 3, 'N', '', 'ZZ', '', 'zz', '', 'zz')"),
+              QString("balance_con_centros_mes%1('2020', 3, 'S', '', 'ZZ', '', 'zz', '', 'zz')"),
+              QString("balance_prueba_acumulado%2('2020', 3, 3, '0', 'ZZ', '0', 'ZZ', 'N', 'N')"),
+              QString("balance_prueba_acumulado%2('2020', 3, 3, '0', 'ZZ', '0', 'ZZ', 'N', 'S') "
+                      "where nomctater = nombre"),
+              QString("balance_comparativo%2('2020', 3, '2020', 3, 'S') where tercero = 'N'")}) {
+            const QString tabla = rango.contains("%1")
+                                      ? rango.arg(sufijo(libro, "_n"))
+                                      : QString(rango).replace("%2", sufijo(libro));
+            const QString uno = rango.contains("comparativo") ? "1" : "";
+            QCOMPARE(filas(QString("select sum(debitos%1), sum(creditos%1), sum(final%1) from %2 "
+                                   "%3 nivel = 1")
+                               .arg(uno, tabla, tabla.contains("where") ? "and" : "where"))
+                         .join('\n'),
+                     "120|120|0");
+        }
+    for (const char* tabla :
+         {"comprobante_detalle", "comprobante_detalle_niif", "comprobante_encabezado"})
+        base().ejecute(QString("delete from %1 where enco_consec = 990").arg(tabla));
 }
 
 void PruebaCuadres::la_cuenta_y_el_tercero_mas_largos_caben_en_el_codigo() {

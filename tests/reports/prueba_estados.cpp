@@ -148,11 +148,8 @@ void PruebaEstados::el_general_cuadra_y_no_pasa_de_las_clases_del_balance() {
     // De la clase 4 en adelante no hay balance general.
     auto* f = qobject_cast<FormaRango*>(pantallas().abrir("Tfrngbalancegeneral", AbreInforme{"G"}));
     llene(f, {{"EDesde", "4"}, {"EHasta", "5"}});
-    Interlocutor i;
-    i.espere("No hay datos que cumplan con los rangos indicados.");
     s.escritorio.active(f);
-    oprima(Qt::Key_F2);
-    QVERIFY2(i.conforme(), qPrintable(i.queja()));
+    dice(Qt::Key_F2, "No hay datos que cumplan con los rangos indicados.");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!s.escritorio.abierta("Tfrngbalancegeneral"));
 }
@@ -290,7 +287,6 @@ void PruebaEstados::las_notas_van_a_continuacion_solo_si_se_piden() {
     espere_exportar(i, carpeta.filePath("b.csv"), "Comma separated values (*.csv)",
                     QString("RepBalanCta"));
     componente<QPushButton>(f, "botonExportar").click();
-    QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QFile csv(carpeta.filePath("b.csv"));
     QVERIFY(csv.open(QIODevice::ReadOnly));
     QVERIFY(!QString::fromUtf8(csv.readAll()).contains("Ente económico"));
@@ -302,11 +298,8 @@ void PruebaEstados::lo_que_falta_se_dice_sin_cerrar_la_pantalla() {
                             const char* foco) {
         auto* f = qobject_cast<FormaRango*>(pantallas().abrir(clase));
         llene(f, cajas);
-        Interlocutor i;
-        i.espere(mensaje);
         s.escritorio.active(f);
-        oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        dice(Qt::Key_F2, mensaje);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(s.escritorio.abierta(clase));
         QCOMPARE(con_foco()->objectName(), QString(foco));
@@ -332,7 +325,6 @@ void PruebaEstados::el_libro_exportado_lleva_tipos_y_sangria() {
         Interlocutor i;
         espere_exportar(i, ruta, "Microsoft Excel Workbook (*.xls)");
         componente<QPushButton>(f, "botonExportar").click();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         LectorXls libro(ruta);
         QCOMPARE(libro.falla, QString());
         const HojaLeida& hoja = libro.hojas[0];

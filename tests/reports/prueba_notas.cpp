@@ -93,10 +93,8 @@ void PruebaNotas::el_periodo_da_el_numero_y_retrocede_hasta_el_cierre() {
     QCOMPARE(cajas(), "0 2018 3");
     componente<QLineEdit>(f, "ETitulo").setFocus();
     digite("Capital");
-    {
-        Interlocutor i; // un título sin nota tampoco se pierde callado
-        dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "No");
-    }
+    // un título sin nota tampoco se pierde callado
+    dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "No");
     oprima(Qt::Key_F2);
     QCOMPARE(
         s.dato("select max(noef_numero) from notas_estados_financieros where noef_periodo = 0"),
@@ -122,10 +120,8 @@ void PruebaNotas::se_copia_de_otro_periodo_y_se_modifica() {
     plan.cancele();
     QCOMPARE(plan.pedida().texto_busqueda + f->CNotasestados.FieldByName("NOEF_CUENTA").texto(),
              "caja1105");
-    {
-        Interlocutor i; // lo que no se ha grabado no se pierde sin preguntar
-        dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "No");
-    }
+    // lo que no se ha grabado no se pierde sin preguntar
+    dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "No");
     QVERIFY(s.escritorio.abierta("Tfmodnotasestados"));
     oprima(Qt::Key_F2);
     QCOMPARE(s.dato("select noef_titulo || noef_numero from notas_estados_financieros where "
@@ -134,9 +130,8 @@ void PruebaNotas::se_copia_de_otro_periodo_y_se_modifica() {
              "Inversiones1");
     QVERIFY(s.dato("select noef_nota from notas_estados_financieros where noef_id = " + id)
                 .contains("italic"));
-    Interlocutor i;
-    i.espere("No se encontró la nota indicada.");
-    pantallas().abrir("Tfmodnotasestados", AbreNota{"999"});
+    dice([&] { pantallas().abrir("Tfmodnotasestados", AbreNota{"999"}); },
+         "No se encontró la nota indicada.");
     QVERIFY(!s.escritorio.abierta("Tfmodnotasestados"));
 }
 
@@ -158,7 +153,7 @@ void PruebaNotas::la_lista_borra_lo_que_se_confirma() {
     auto* nueva = s.escritorio.abierta("Tfnotasestados");
     QVERIFY(nueva);
     componente<QToolButton>(nueva, "SpeedButton2").click();
-    Interlocutor i; // el período escogido también es algo que se pierde
+    // el período escogido también es algo que se pierde
     dice(Qt::Key_Escape, "Desea salir y perder los cambios que no ha grabado?", "No");
 }
 

@@ -62,16 +62,6 @@ private slots:
         QVERIFY(!s.dm.acceso_editacomproba("x' or 'a' = 'a", "CONTABILIDAD", 30));
     }
 
-    void la_negativa_se_dice_con_su_texto() {
-        SesionGui s("AUXILIAR");
-        Interlocutor i;
-        i.espere("Acceso no permitido. comuníquese con el administrador del sistema.");
-        QVERIFY(!s.dm.exija_acceso(60));
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
-        s.otorgue(60);
-        QVERIFY(s.dm.exija_acceso(60));
-    }
-
     void el_administrador_pasa_sin_preguntar_a_la_base() {
         SesionGui s;
         ponga(s, "ADMIN", "CONTABILIDAD", 30, "'N'");

@@ -8,7 +8,6 @@ private slots:
     void el_certificado_suma_lo_retenido_y_su_base();
     void el_certificado_de_un_centro_lleva_su_base_y_lo_devuelto_la_resta();
     void los_certificados_suman_lo_del_libro_y_no_lo_que_se_le_paga_a_la_administracion();
-    void el_detalle_no_cuenta_dos_veces_una_retencion();
     void una_factura_de_dos_categorias_reparte_una_vez_su_iva();
     void un_articulo_distrital_respeta_tope_centro_y_secretaria();
     void un_articulo_lee_una_vez_cada_cuenta_y_resta_lo_reversado();
@@ -113,20 +112,6 @@ void PruebaInformacionBase::
                    "terc_nit, cite_fecha, cite_niif, cuen_cod) values (0, 'Cierre', 'CG', '0001', "
                    "'860002964', '20181130', 'C', '2408')");
     QCOMPARE(filas_de(base(), llamada), esperado.join('\n'));
-}
-
-void PruebaInformacionBase::el_detalle_no_cuenta_dos_veces_una_retencion() {
-    retencion(1, "20180110", "800456789", 1000, 25, 1000);
-    // La misma compra en dos líneas de distinto porcentaje: la retención sigue siendo una.
-    base().ejecute(
-        "insert into comprobante_detalle (enco_consec, code_item, cuen_cod, terc_nit, code_debito, "
-        "code_credito, code_porc) values (1, 9, '143505', '800456789', 500, 0, 19)");
-    base().ejecute("insert into cuentas_reporte_certdet values ('1435', 'Mercancías', '2408', "
-                   "'2365', '2367', '2368')");
-    const QString llamada = "select nit, base, porc, retefte, pagado from rep_detalle_certificado("
-                            "'20180101', '20181231', '', 'zz', '', 'zz', '%1')";
-    QCOMPARE(filas_de(base(), llamada.arg("C")), "800456789|1000|0|25|975\n800456789|500|19|0|500");
-    QCOMPARE(filas_de(base(), llamada.arg("G")), "800456789|1500|0|25|1475");
 }
 
 void PruebaInformacionBase::una_factura_de_dos_categorias_reparte_una_vez_su_iva() {

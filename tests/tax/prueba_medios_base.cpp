@@ -1,28 +1,16 @@
-// Los totales de un formato, por concepto y por tercero, son los de las líneas del libro; nada se
-// cuenta dos veces ni se pierde.
+// Lo que cada formato toma del libro según la naturaleza, y lo que se dice de lo que no toma.
 #include "ledger/libro_al_azar.h"
 #include "tax/cierre_de_prueba.h"
-
-namespace {
-
-qint64 al_peso(Moneda m) {
-    const qint64 u = m.unidades();
-    return (qAbs(u) + 5000) / 10000 * (u < 0 ? -1 : 1);
-}
-
-} // namespace
 
 class PruebaMediosBase : public PruebaConBase {
     Q_OBJECT
 private slots:
     void init();
 
-    void cada_linea_va_a_un_solo_concepto();
-    void una_companera_compartida_sigue_al_comprobante();
+    void cada_tercero_se_identifica_segun_su_clase();
     void cada_naturaleza_toma_lo_suyo();
     void los_ajustes_que_no_se_incluyen_se_dicen();
     void mover_el_cierre_a_diciembre_no_borra_lo_que_se_informa();
-    void las_cuantias_menores_se_juntan_sin_perder_un_peso();
     void lo_que_nadie_toma_y_lo_incompleto_se_dice();
 
 private:
@@ -58,34 +46,12 @@ void PruebaMediosBase::init() {
     base().ejecute("delete from configura_mediosmag");
 }
 
-void PruebaMediosBase::cada_linea_va_a_un_solo_concepto() {
+void PruebaMediosBase::cada_tercero_se_identifica_segun_su_clase() {
     concepto(1, 10019, 5001, "D");
-    concepto(2, 10019, 5016, "D");
-    cuentas(1, {"5105", "", ""});
-    cuentas(2, {"51", "", ""});
-    cuentas(2, {"6135", "", ""}); // el prefijo más largo es el que manda
-    base().ejecute(
-        "update comprobante_detalle set code_descontable = iif(mod(code_item, 2) = 0, 'N',"
-        " 'S')");
+    cuentas(1, {"51", "", ""});
     base().ejecute("update terceros set terc_apellido1 = 'Peña', terc_apellido2 = 'Gómez',"
                    " terc_nombre1 = 'María' where terc_nit = '52345678'");
-    QMap<QString, QPair<Moneda, Moneda>> esperado;
-    for (const Renglon& r : renglones(base(), 0, false)) {
-        if (r.fecha.left(4) != "2018" || r.fecha > "20181231")
-            continue;
-        const int codigo = r.cuenta.startsWith("5105")                                ? 5001
-                           : r.cuenta.startsWith("51") || r.cuenta.startsWith("6135") ? 5016
-                                                                                      : 0;
-        auto& e = esperado[QString("%1|%2").arg(codigo).arg(r.nit)];
-        (r.item % 2 ? e.first : e.second) += r.neto();
-    }
     base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
-    QStringList texto;
-    for (auto i = esperado.begin(); i != esperado.end(); ++i)
-        if (!i.key().startsWith('0') && (al_peso(i->first) || al_peso(i->second)))
-            texto
-                << QString("%1|%2|%3").arg(i.key()).arg(al_peso(i->first)).arg(al_peso(i->second));
-    QCOMPARE(filas(10019, "memg_concepto, memg_nit, memg_pago, memg_pagond"), texto);
     // La cédula trae su tipo y sus apellidos; el NIT, razón social y dígito.
     QCOMPARE(filas_de(base(), "select distinct memg_tipodoc, memg_dv, memg_apellido1,"
                               " memg_razonsocial from medios_magneticos_datos where memg_nit in"
@@ -93,35 +59,6 @@ void PruebaMediosBase::cada_linea_va_a_un_solo_concepto() {
              filas_de(base(), "select 13, null, terc_apellido1, null from terceros where terc_nit ="
                               " '52345678' union all select 31, terc_dv, null, terc_nom from"
                               " terceros where terc_nit = '900123456'"));
-    // El cuadre contra el libro no pasa del redondeo.
-    QCOMPARE(
-        base()
-            .consulte("select count(*) from cuadre_medio(10019, '2018', '20180101', '20181231')"
-                      " where concepto is not null and abs(diferencia) > 5")
-            .entero(),
-        0);
-}
-
-void PruebaMediosBase::una_companera_compartida_sigue_al_comprobante() {
-    base().ejecute("delete from comprobante_detalle");
-    const QString nit = "800456789";
-    // Honorarios con IVA y retención, compra con IVA, un IVA suelto y otro de un tercero que compró
-    // en otro comprobante.
-    grabe(base(), 901, "20180310",
-          {{1, "510506", 1000, 0, nit},
-           {2, "240805", 190, 0, nit},
-           {3, "236540", 0, 110, nit},
-           {4, "220505", 0, 1080, nit}});
-    grabe(base(), 902, "20180310",
-          {{1, "519530", 500, 0, nit}, {2, "240805", 95, 0, nit}, {3, "220505", 0, 595, nit}});
-    grabe(base(), 903, "20180310", {{1, "240805", 7, 0, nit}, {2, "220505", 0, 7, nit}});
-    concepto(1, 10019, 5002, "D");
-    concepto(2, 10019, 5016, "D");
-    cuentas(1, {"5105", "236540", "2408"});
-    cuentas(2, {"5195", "236540", "2408"});
-    base().ejecute("execute procedure medio_1001_v9('20180101', '20181231')");
-    QCOMPARE(filas(10019, "memg_concepto, memg_pago, memg_iva, memg_retencion"),
-             (QStringList{"5002|1000|197|110", "5016|500|95|0"}));
 }
 
 void PruebaMediosBase::cada_naturaleza_toma_lo_suyo() {
@@ -189,27 +126,6 @@ void PruebaMediosBase::mover_el_cierre_a_diciembre_no_borra_lo_que_se_informa() 
     base().ejecute("update comprobante_encabezado set enco_fecha = '20181231' where enco_consec = "
                    "(select enco_consec from cierre_anual)");
     QCOMPARE(informado(), antes);
-}
-
-void PruebaMediosBase::las_cuantias_menores_se_juntan_sin_perder_un_peso() {
-    base().ejecute("delete from comprobante_detalle");
-    int id = 900;
-    const auto venta = [&](const char* nit, const char* valor) {
-        const Moneda m = Moneda::de_texto(valor);
-        grabe(base(), ++id, "20180310",
-              {{1, "111005", m, 0}, {2, "413505", 0, m, nit, "0002", "0001"}});
-    };
-    venta("900123456", "1000.40");
-    venta("52345678", "499.40");
-    venta("800456789", "0.60");
-    venta("860002964", "1000");
-    concepto(1, 10078, 4001, "C", "1000");
-    cuentas(1, {"41", "", ""});
-    base().ejecute("execute procedure medio_1007_v8('20180101', '20181231')");
-    // El que llega a la cuantía va solo; los demás, redondeados uno por uno.
-    QCOMPARE(filas(10078, "memg_nit, memg_tipodoc, memg_razonsocial, memg_pago"),
-             (QStringList{"222222222|43|CUANTIAS MENORES|500", "860002964|31|Banco de Bogotá|1000",
-                          "900123456|31|Ferretería El Tornillo S.A.S.|1000"}));
 }
 
 void PruebaMediosBase::lo_que_nadie_toma_y_lo_incompleto_se_dice() {

@@ -386,7 +386,8 @@ void PruebaMediosColumnas::juntar_las_cuantias_menores_conserva_cada_columna() {
     // Se juntaron esos y solo esos.
     QCOMPARE(filas_de(base(), sumas +
                                   " from medios_magneticos_datos where memg_nit = '222222222' "
-                                  "and memg_tipodoc = 43" +
+                                  "and memg_tipodoc = 43 and memg_razonsocial = 'CUANTIAS "
+                                  "MENORES'" +
                                   grupos),
              por_juntar);
     QCOMPARE(filas_de(base(), "select memg_formato, memg_nit" + menores), QString());

