@@ -390,13 +390,7 @@ private slots:
 
     void el_mensaje_temporal_no_detiene_a_quien_lo_muestra() {
         SesionGui s;
-        Interlocutor i;
-        i.espere_modal("mensaje_temporal", [](QWidget* w) {
-            QCOMPARE(static_cast<QMessageBox*>(w)->text(), "Documento sin cuentas");
-            QTest::keyClick(w, Qt::Key_Escape);
-            w->hide(); // seguiría a la vista hasta su próxima ronda, y se contestaría dos veces
-        });
-        s.dm.mensaje_error("Documento sin cuentas");
+        dice([&] { s.dm.mensaje_error("Documento sin cuentas"); }, "Documento sin cuentas");
         QVERIFY(!QApplication::activeModalWidget());
     }
 };
