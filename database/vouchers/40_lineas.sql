@@ -4,11 +4,10 @@ SET TERM ^ ;
 
 --<LIBROS>
 -- Un código vacío no nombra a nadie y tropezaría con las claves foráneas: se guarda nulo. Un
--- importe sin digitar es cero: con un nulo, un comprobante descuadrado pasaría por cuadrado. La línea
--- nueva que no dice si es descontable lo es como su encabezado. Lo que
--- se mira al cambiar un dato no se vuelve a mirar al cambiar otro: una cuenta que se inactiva
--- después no impide corregir el concepto de sus líneas, y una línea NIIF que quedó sin encabezado
--- sigue en su sitio.
+-- importe sin digitar es cero: con un nulo, un comprobante descuadrado pasaría por cuadrado. La
+-- línea nueva que no dice si es descontable lo es como su encabezado. Lo que se mira al cambiar un
+-- dato no se vuelve a mirar al cambiar otro: una cuenta que se inactiva después no impide corregir
+-- el concepto de sus líneas, y una línea NIIF que quedó sin encabezado sigue en su sitio.
 CREATE OR ALTER TRIGGER {DETALLE}_BI FOR {DETALLE}
 ACTIVE BEFORE INSERT OR UPDATE POSITION 0
 AS

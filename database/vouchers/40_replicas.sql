@@ -8,12 +8,12 @@
 --  * si el comprobante tiene líneas NIIF digitadas y ninguna réplica, no se replica;
 --  * si en esta transacción digitó una línea NIIF en el lugar de una réplica por nacer, las líneas
 --    nuevas de esta transacción no se replican;
---  * a una réplica solo le llega lo que de verdad cambió en su línea 2649: lo que el usuario corrigió
---    en ella, en esta transacción o antes, se conserva;
+--  * a una réplica solo le llega lo que de verdad cambió en su línea 2649: lo que el usuario
+--    corrigió en ella, en esta transacción o antes, se conserva;
 --  * sin el check recién puesto solo nacen réplicas de líneas nuevas.
 -- Al volver a poner el check se rehace toda: se igualan las que hay, nacen las que faltan y se van
--- las de líneas que ya no están. Y si con lo corregido a mano el libro NIIF ya no cuadra mientras el
--- 2649 sí, no se graba.
+-- las de líneas que ya no están. Y si con lo corregido a mano el libro NIIF ya no cuadra mientras
+-- el 2649 sí, no se graba.
 -- Un libro NIIF digitado que resulta ser, línea por línea, la réplica del 2649 (lo deja así la
 -- opción de replicar de la pantalla) pasa a serlo: las correcciones que sigan llegan también a él.
 -- No hay media réplica: si a una cuenta le falta el equivalente, no se graba nada.
@@ -21,8 +21,9 @@
 SET TERM ^ ;
 
 -- Qué cambió se anota por bits: 1 cuenta, 2 concepto, 4 referencia, 8 importes, 16 base, 32
--- porcentaje, 64 tercero, 128 centro, 256 vencimiento, 512 artículo, 1024 y 2048 documento al que se
--- aplica y que abre, 4096 categoría, 8192 descontable; 16383 todo. Lo que solo vale junto va en uno.
+-- porcentaje, 64 tercero, 128 centro, 256 vencimiento, 512 artículo, 1024 y 2048 documento al que
+-- se aplica y que abre, 4096 categoría, 8192 descontable; 16383 todo. Lo que solo vale junto va en
+-- uno.
 CREATE OR ALTER TRIGGER COMPROBANTE_DETALLE_REPLICA FOR COMPROBANTE_DETALLE
 ACTIVE AFTER INSERT OR UPDATE OR DELETE POSITION 30
 AS
@@ -214,8 +215,8 @@ BEGIN
   END
 END^
 
--- El check recién puesto pide todas las líneas ("C") y se lleva las réplicas de las que ya no están.
--- Interna; la llama REPLIQUE_COMPROBANTE.
+-- El check recién puesto pide todas las líneas ("C") y se lleva las réplicas de las que ya no
+-- están. Interna; la llama REPLIQUE_COMPROBANTE.
 CREATE OR ALTER PROCEDURE REHAGA_REPLICA (ID integer)
 RETURNS (BORRADAS integer)
 AS
@@ -234,8 +235,8 @@ BEGIN
 END^
 
 -- Lleva a la réplica ITEM_NIIF lo que cambió en la línea ITEM, menos lo que el usuario puso en ella
--- en esta transacción. NUEVA: lo que REPLICA_LINEA dice de la línea. CUENTA: la equivalente. Interna;
--- la llama REPLIQUE_COMPROBANTE.
+-- en esta transacción. NUEVA: lo que REPLICA_LINEA dice de la línea. CUENTA: la equivalente.
+-- Interna; la llama REPLIQUE_COMPROBANTE.
 CREATE OR ALTER PROCEDURE SIGA_REPLICA (ID integer, ITEM integer, ITEM_NIIF integer,
   CUENTA varchar(20), NUEVA char(1), CAMBIOS integer)
 RETURNS (MUEVE boolean)
