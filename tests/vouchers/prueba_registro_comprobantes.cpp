@@ -26,6 +26,7 @@ private slots:
     void el_libro_niif_llevado_a_mano_manda();
     void el_check_de_replica_llena_el_libro_vacio();
     void lo_corregido_a_mano_en_la_replica_no_se_pisa();
+    void lo_que_la_replica_descuadraria_se_dice();
     void las_plantillas_y_planillas_se_van_con_sus_lineas();
     void un_mensaje_para_todos_llega_a_cada_usuario();
 
@@ -315,9 +316,14 @@ void PruebaRegistroComprobantes::lo_corregido_a_mano_en_la_replica_no_se_pisa() 
             base().ejecute("execute block as declare n integer; begin " + orden + " end");
         QCOMPARE(filas_de(base(), kLineasNiif), queda);
     }
+}
+
+void PruebaRegistroComprobantes::lo_que_la_replica_descuadraria_se_dice() {
+    grabe(base(), replicado(venta(100)));
+    base_->ejecute({"update comprobante_detalle_niif set code_debito = 80 where code_item = 1",
+                    "update comprobante_detalle_niif set code_credito = 80, proy_cod = '0001',"
+                    " cent_cod = '0001' where code_item = 2"});
     // Un centro que cambia de código no es una corrección: el que se puso a mano sigue.
-    base().ejecute("update comprobante_detalle_niif set proy_cod = '0001', cent_cod = '0001' where"
-                   " code_item = 2");
     base().ejecute("update centros set cent_cod = '0093' where proy_cod = '0002' and cent_cod ="
                    " '0001'");
     QCOMPARE(filas_de(base(), "select d.cent_cod, n.proy_cod, n.cent_cod from comprobante_detalle d"
