@@ -89,7 +89,7 @@ void AnoDemo::abra() {
     abra_impuestos(saldos);
     abra_laborales(saldos);
     saldos.ponga(QStringLiteral("210510"), -Moneda(90000000), de(demo_.banco_corriente));
-    saldos.ponga(QStringLiteral("310505"), -Moneda(400000000));
+    saldos.ponga(QStringLiteral("310505"), -Moneda(400000000), de(demo_.socio));
     saldos.ponga(QStringLiteral("330505"), -Moneda(18500000));
     grabe_saldos(saldos.filas, false);
     // El libro NIIF midió los activos con otra vida útil; la diferencia va a lo acumulado.
