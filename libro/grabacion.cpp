@@ -162,7 +162,8 @@ bool GrabacionComprobante::tome_otro_numero() {
     const QString tipo = texto("TICO_COD"), prefijo = texto("PRCO_PREF");
     const QString de_otro = id_del_numero(conexion_, tipo, prefijo, numero());
     const auto datos = prefijo_contable(conexion_, tipo, prefijo);
-    if (de_otro.isEmpty() || de_otro == texto("ENCO_CONSEC") || !datos || !datos->automatico ||
+    if (de_otro.isEmpty() || de_otro == texto("ENCO_CONSEC") || !datos ||
+        (!datos->automatico && !numero_del_contador) ||
         revise_contador(tipo, prefijo, datos->siguiente))
         return false;
     QString libre = datos->siguiente;
@@ -253,5 +254,6 @@ ResultadoGrabacion grabe_comprobante(Conexion& conexion, const Comprobante& comp
     vuelque(c, mesa.conjuntos());
     GrabacionComprobante grabacion(mesa.conjuntos());
     grabacion.numero_fijo = !comprobante.numero.isEmpty();
+    grabacion.numero_del_contador = comprobante.numero.isEmpty();
     return grabacion.grabe(modo);
 }

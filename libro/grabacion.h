@@ -39,6 +39,9 @@ public:
 
     /// El número es el que escribió quien graba: aunque el prefijo numere solo, no avanza.
     bool numero_fijo = false;
+    /// El número se tomó del contador: si ya lo tiene otro avanza, aunque el prefijo no numere
+    /// solo.
+    bool numero_del_contador = false;
 
     Rechazos revise(const ModoGrabacion& modo, const AjustesLibro& ajustes) const;
     /// Graba lo que ya se revisó. Las fallas las dice el OnUpdateError del proveedor, salvo el

@@ -1,6 +1,7 @@
 #include "sesion/tfdmter.h"
 
 #include "libro/catalogos.h"
+#include "libro/documentos_abiertos.h"
 #include "sesion/tfdm.h"
 
 namespace {
@@ -168,16 +169,9 @@ Moneda Tfdmter::precio_proveedor(const QString& nit, const QString& articulo) {
         .moneda();
 }
 Moneda Tfdmter::cartera_vencida_cliente(const QString& nit, const QString& fecha) {
-    // Un documento nace en la línea que lo abre y baja con las que se le aplican; vence con la
-    // primera.
-    return CConsulta
-        .valor_unico("select sum(saldo) from (select sum(coalesce(d.code_debito, 0) - "
-                     "coalesce(d.code_credito, 0)) saldo, min(nullif(d.doco_vence, '')) vence from "
-                     "comprobante_detalle d join cuentas c on c.cuen_cod = d.cuen_cod where "
-                     "c.cuen_tipo = 'C' and d.terc_nit = " +
-                     QuotedStr(nit) +
-                     " group by coalesce(nullif(d.cnde_docaplica, ''), d.cnde_docnumero)) where "
-                     "saldo > 0 and vence < " +
-                     QuotedStr(fecha))
-        .moneda();
+    Moneda vencida;
+    for (const DocumentoAbierto& d : documentos_abiertos(fdm().Quorvex, Libro::Decreto2649, nit))
+        if (d.saldo > Moneda() && !d.vence.isEmpty() && d.vence < fecha)
+            vencida += d.saldo;
+    return vencida;
 }

@@ -42,6 +42,7 @@ Comprobante comprobante_de_fila(const Planilla& planilla, const FilaPlanilla& fi
             diferencia = Moneda();
         }
         l.nit = c.nit;
+        l.descontable = c.descontable;
         l.proyecto = planilla.pide_centro ? fila.proyecto : planilla.proyecto;
         l.centro = planilla.pide_centro ? fila.centro : planilla.centro;
         c.lineas_2649.append(l);

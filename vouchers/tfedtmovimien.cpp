@@ -380,7 +380,13 @@ bool Tfedtmovimien::se_tolera(const Rechazo& rechazo) const {
 
 bool Tfedtmovimien::toca_la_replica() const {
     bool toca = CMovimiento.FieldByName("ENCO_REPNIIF").texto() != visto_.replica;
-    CDetalle.recorra_todas([&](const Fila& f) { toca = toca || f.marca != Fila::Marca::Intacta; });
+    // En el libro que se vació a mano solo nacen las réplicas de las líneas nuevas.
+    bool vacio = true;
+    Cdetniif.recorra_todas([&](const Fila&) { vacio = false; });
+    CDetalle.recorra_todas([&](const Fila& f) {
+        toca =
+            toca || (vacio ? f.marca == Fila::Marca::Insertada : f.marca != Fila::Marca::Intacta);
+    });
     return toca;
 }
 

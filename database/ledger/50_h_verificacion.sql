@@ -92,14 +92,22 @@ BEGIN
     SUSPEND;
 
   COMPROBANTE = NULL;
-  CAUSA = 'saldo inicial en una cuenta que no puede llevarlo';
   FOR
-    SELECT 'línea ' || S.SAIN_ITEM || ', cuenta ' || S.CUEN_COD
+    SELECT 'línea ' || S.SAIN_ITEM || ', cuenta ' || S.CUEN_COD,
+      CASE
+        WHEN C.CUEN_AFECTABLE IS DISTINCT FROM 'S' THEN
+          'saldo inicial en una cuenta que no puede llevarlo'
+        WHEN 'S' IN (C.CUEN_TERCERO, C.CUEN_RETENCION) AND S.TERC_NIT IS NULL THEN
+          'al saldo inicial le falta el tercero que su cuenta exige'
+        ELSE 'al saldo inicial le falta el centro que su cuenta exige'
+      END
     FROM SALDOS_INICIALES{_NIIF} S
     LEFT JOIN {CUENTAS} C ON C.CUEN_COD = S.CUEN_COD
     WHERE C.CUEN_AFECTABLE IS DISTINCT FROM 'S'
-    ORDER BY S.SAIN_ITEM
-    INTO :DETALLE
+      OR ('S' IN (C.CUEN_TERCERO, C.CUEN_RETENCION) AND S.TERC_NIT IS NULL)
+      OR (C.CUEN_CENTRO = 'S' AND (S.PROY_COD IS NULL OR S.CENT_COD IS NULL))
+    ORDER BY 2, S.SAIN_ITEM
+    INTO :DETALLE, :CAUSA
   DO
     SUSPEND;
   CAUSA = 'saldos iniciales descuadrados';

@@ -74,17 +74,20 @@ CREATE TABLE COMPROBANTE_DETALLE_NIIF (
 );
 
 -- Memoria de la transacción para las réplicas, que se hacen al confirmar: las líneas 2649 tocadas
--- (CODE_ITEM -1 pide todas las del comprobante) y lo que el usuario digitó en el libro NIIF.
+-- (CODE_ITEM -1 pide todas las del comprobante) y lo que el usuario puso en el libro NIIF. Qué dice
+-- cada marca y los bits de REPL_CAMBIOS, en 40_replicas.sql.
 CREATE GLOBAL TEMPORARY TABLE REPLICA_LINEA (
   ENCO_CONSEC integer NOT NULL,
   CODE_ITEM integer NOT NULL,
-  REPL_NUEVA D_SN
+  REPL_NUEVA D_SN,
+  REPL_CAMBIOS integer
 ) ON COMMIT DELETE ROWS;
 
 CREATE GLOBAL TEMPORARY TABLE REPLICA_MANO (
   ENCO_CONSEC integer NOT NULL,
   CODE_ITEM integer NOT NULL,
-  REPL_NUEVA D_SN
+  REPL_NUEVA D_SN,
+  REPL_CAMBIOS integer
 ) ON COMMIT DELETE ROWS;
 
 CREATE TABLE PLANTILLA_ENCABEZADO (

@@ -21,6 +21,8 @@ CREATE OR ALTER EXCEPTION LINEA_IMPORTE
   'El importe de la línea pasa de 9,999,999,999,999.99.';
 CREATE OR ALTER EXCEPTION REPLICA_SIN_CUENTA
   'Una cuenta no tiene equivalente NIIF: la réplica quedaría descuadrada.';
+CREATE OR ALTER EXCEPTION REPLICA_DESCUADRADA
+  'El libro NIIF tiene líneas corregidas a mano: quedaría descuadrado.';
 CREATE OR ALTER EXCEPTION PLANILLA_TITULO
   'Dos datos de la planilla tienen el mismo nombre. Cada uno debe tener el suyo.';
 -- El texto es el de la primera negativa de REVISE_ASIENTO.

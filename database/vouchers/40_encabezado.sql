@@ -137,7 +137,7 @@ BEGIN
   END
 END^
 
--- El check de réplica recién puesto pide todas las líneas, por si el libro NIIF está vacío.
+-- El check de réplica recién puesto pide todas las líneas.
 CREATE OR ALTER TRIGGER COMPROBANTE_REPLICA FOR COMPROBANTE_ENCABEZADO
 ACTIVE AFTER UPDATE POSITION 30
 AS

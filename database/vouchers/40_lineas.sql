@@ -4,18 +4,23 @@ SET TERM ^ ;
 
 --<LIBROS>
 -- Un código vacío no nombra a nadie y tropezaría con las claves foráneas: se guarda nulo. Un
--- importe sin digitar es cero: con un nulo, un comprobante descuadrado pasaría por cuadrado. Lo que
--- se mira al cambiar un dato no se vuelve a mirar al cambiar otro: una cuenta que se inactiva
--- después no impide corregir el concepto de sus líneas, y una línea NIIF que quedó sin encabezado
--- sigue en su sitio.
+-- importe sin digitar es cero: con un nulo, un comprobante descuadrado pasaría por cuadrado. La
+-- línea nueva que no dice si es descontable lo es como su encabezado. Lo que se mira al cambiar un
+-- dato no se vuelve a mirar al cambiar otro: una cuenta que se inactiva después no impide corregir
+-- el concepto de sus líneas, y una línea NIIF que quedó sin encabezado sigue en su sitio.
 CREATE OR ALTER TRIGGER {DETALLE}_BI FOR {DETALLE}
 ACTIVE BEFORE INSERT OR UPDATE POSITION 0
 AS
   DECLARE AFECTABLE char(1);
   DECLARE ACTIVA char(1);
+  DECLARE DESCONTABLE char(1);
 BEGIN
-  NEW.CODE_FECHA = (SELECT ENCO_FECHA FROM COMPROBANTE_ENCABEZADO
-    WHERE ENCO_CONSEC = NEW.ENCO_CONSEC);
+  NEW.CODE_FECHA = NULL;
+  SELECT ENCO_FECHA, ENCO_DESCONTABLE FROM COMPROBANTE_ENCABEZADO
+  WHERE ENCO_CONSEC = NEW.ENCO_CONSEC
+  INTO NEW.CODE_FECHA, :DESCONTABLE;
+  IF (INSERTING) THEN
+    NEW.CODE_DESCONTABLE = coalesce(nullif(NEW.CODE_DESCONTABLE, ''), DESCONTABLE);
   IF (NEW.CODE_FECHA IS NULL AND (INSERTING OR NEW.ENCO_CONSEC <> OLD.ENCO_CONSEC)) THEN
     EXCEPTION LINEA_SIN_ENCABEZADO;
   NEW.TERC_NIT = nullif(NEW.TERC_NIT, '');

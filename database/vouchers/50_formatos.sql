@@ -12,8 +12,8 @@ CREATE OR ALTER EXCEPTION FORMATO_ACCION 'No existe esa forma de mover un format
 --   M, C  la mitad y el doble en vertical, de todo el formato: lugares, altos de los dibujos y
 --         espacio entre líneas;
 --   Y, X  la mitad y el doble en horizontal: lugares y anchos.
--- Un elemento puede salir de la página; el movimiento contrario lo trae de vuelta. La llama
--- TFmoverforma.
+-- DESDE en 0 y HASTA en 2000 son los bordes de la página y no ponen límite: lo que salió de ella se
+-- trae de vuelta con el movimiento contrario. La llama TFmoverforma.
 CREATE OR ALTER PROCEDURE MOVER_FORMATO (TIPO integer, PREFI varchar(6), POSICIONES integer,
   DESDE integer, HASTA integer, ACCION char(1))
 AS
@@ -31,6 +31,10 @@ BEGIN
   IF (ACCION IN ('M', 'Y')) THEN
     ENTRE = 2;
 
+  IF (coalesce(DESDE, 0) <= 0) THEN
+    DESDE = -2147483648;
+  IF (coalesce(HASTA, 2000) >= 2000) THEN
+    HASTA = 2147483647;
   IF (ACCION IN ('R', 'L')) THEN
   BEGIN
     UPDATE FORMATO_DATOS SET DAFO_POSX = DAFO_POSX + :POSICIONES

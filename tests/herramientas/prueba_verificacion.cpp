@@ -168,6 +168,11 @@ void PruebaVerificacion::lo_que_entro_por_fuera_de_las_guardas_tambien_se_nombra
          {"update comprobante_detalle_niif set code_fecha = '20170311' where code_item = 2"});
     dane("saldos_iniciales_bi", {"insert into saldos_iniciales (sain_item, cuen_cod, sain_debito, "
                                  "sain_credito) values (1, '11', 5, 5)"});
+    for (const char* cuenta : {"130505", "519530"})
+        base_->ejecute(
+            {QString("insert into saldos_iniciales_niif (sain_item, cuen_cod, sain_debito"
+                     ", sain_credito) values (%1, '%1', 5, 5)")
+                 .arg(cuenta)});
     dane("cuentas_afectable", {"update cuentas set cuen_afectable = 'S' where cuen_cod = '1110'"});
     dane("cuentas_niif_bi",
          {"insert into cuentas_niif (cuen_cod, cuen_nom) values ('1805', 'Huérfana')"});
@@ -179,6 +184,8 @@ void PruebaVerificacion::lo_que_entro_por_fuera_de_las_guardas_tambien_se_nombra
              "comprobante CG 0001, libro NIIF: la fecha de la línea no es la del comprobante "
              "(línea 2, cuenta 111005)",
              "libro 2649: saldo inicial en una cuenta que no puede llevarlo (línea 1, cuenta 11)",
+             "libro NIIF: al saldo inicial le falta el tercero que su cuenta exige (línea 130505, ",
+             "libro NIIF: al saldo inicial le falta el centro que su cuenta exige (línea 519530, ",
              "libro 2649: cuenta con auxiliares marcada como de movimiento (cuenta 1110)",
              "libro NIIF: cuenta sin su cuenta superior (cuenta 1805)"}),
         QString());

@@ -141,6 +141,12 @@ private slots:
         QCOMPARE(d.debitos(Libro::Niif), Moneda(975000));
         QCOMPARE(d.lineas_2649[2].vence, "20170614"); // treinta días desde hoy
         QCOMPARE(d.lineas_2649[2].documento, QString());
+        // Con el contador en un número ya usado avanza, aunque el prefijo no numere solo.
+        b.ejecute("update prefijos_conta set prco_auto = 'N', pref_numero = '" + original.numero +
+                  '\'');
+        const auto manual = grabe_copia(b, original.id, Copia::Duplicado, "20170515", "ADMIN", {});
+        QVERIFY2(manual.clase == ResultadoGrabacion::Grabado, qPrintable(manual.falla));
+        QCOMPARE(manual.numero.toInt(), otro.numero.toInt() + 1);
     }
 
     void la_copia_no_es_de_otro_modulo_respeta_los_bloqueos_y_dice_si_ya_no_esta() {

@@ -83,8 +83,13 @@ private slots:
         linea(3, "'F2'", "null", "'20170201'", 500, 0);
         linea(4, "null", "'F2'", "null", 0, 500);
         linea(5, "'F3'", "null", "'20170901'", 700, 0);
-        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20170401").texto(), "600");
-        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20171001").texto(), "1300");
+        // La F2 de los saldos iniciales es de otra cuenta: no la paga el abono de la primera.
+        s.base.ejecute({"update cuentas set cuen_tipo = 'C' where cuen_cod = '135515'",
+                        "insert into saldos_iniciales (sain_item, cuen_cod, terc_nit, doco_numero, "
+                        "doco_vence, sain_debito) values (1, '135515', '900123456', 'F2', "
+                        "'20170201', 50)"});
+        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20170401").texto(), "650");
+        QCOMPARE(s.ter.cartera_vencida_cliente("900123456", "20171001").texto(), "1350");
 
         QVERIFY(s.ter.valide_solocliente("900123456"));
         QVERIFY(!s.ter.valide_solocliente("860002964")); // también es proveedor

@@ -370,6 +370,10 @@ private slots:
             QCOMPARE(donde("(f.tido_cod = 31 or f.pref_pre = 'CG')"),
                      "40 1500,100 50,60,1900,300,40 1500,100 50,60,1900,300");
         }
+        for (const char* accion : {"L", "R"}) // lo que salió de la página vuelve
+            s.base.ejecute({QString("execute procedure mover_formato(1, 'RC', 120, 0, 2000, '%1')")
+                                .arg(accion)});
+        QCOMPARE(donde("f.tido_cod = 1 and f.pref_pre = 'RC'"), "40 3000,100 100,60,3800,300");
         const auto otra = [&] {
             s.base.base().ejecute("execute procedure mover_formato(1, 'RC', 10, 0, 2000, 'Z')");
         };

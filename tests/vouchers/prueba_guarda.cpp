@@ -22,7 +22,6 @@ private slots:
     void una_cuenta_que_se_sana_al_cambiarla_queda_auditada();
     void de_dos_planillas_grabadas_a_la_vez_ninguna_repite_un_titulo();
     void replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649();
-    void un_libro_niif_distinto_sigue_siendo_del_usuario();
     void sin_equivalente_no_hay_media_replica();
     void un_libro_que_pierde_sus_lineas_lo_deja_en_la_auditoria();
 
@@ -590,18 +589,6 @@ void PruebaGuarda::replicar_desde_la_pantalla_deja_una_replica_que_sigue_al_2649
                    "by code_item"),
              "110505|250|0\n310505|0|250");
     QCOMPARE(saldos_distintos(base()), QString());
-}
-
-void PruebaGuarda::un_libro_niif_distinto_sigue_siendo_del_usuario() {
-    ComprobanteEnTablas c{1,
-                          "000001",
-                          "20170310",
-                          {{1, "110505", 100, 0}, {2, "111005", 0, 100}},
-                          {{1, "110505", 90, 0}, {2, "111005", 0, 90}},
-                          "S"};
-    grabe(base(), c);
-    base_->ejecute({"update comprobante_detalle set code_debito = 250 where code_item = 1"});
-    QCOMPARE(libro_niif(), "1|110505|90|0|\n2|111005|0|90|");
 }
 
 void PruebaGuarda::sin_equivalente_no_hay_media_replica() {

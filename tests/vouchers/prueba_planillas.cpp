@@ -77,6 +77,7 @@ private slots:
                  QStringList({"0:10:0", "1:3:0"}));
         QVERIFY(de({db, cr}, {{}, {}}).lineas_2649.isEmpty());
         QCOMPARE(de({db}, {pesos("1")}).concepto, "Ventas 7");
+        QCOMPARE(de({db}, {pesos("1")}).lineas_2649[0].descontable, "S");
     }
 
     void se_define_con_el_teclado_y_la_base_le_da_su_numero() {

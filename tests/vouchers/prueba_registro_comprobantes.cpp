@@ -24,6 +24,8 @@ private slots:
     void la_replica_sigue_a_las_lineas_2649();
     void el_libro_niif_llevado_a_mano_manda();
     void el_check_de_replica_llena_el_libro_vacio();
+    void lo_corregido_a_mano_en_la_replica_no_se_pisa();
+    void lo_que_la_replica_descuadraria_se_dice();
     void las_plantillas_y_planillas_se_van_con_sus_lineas();
 
 private:
@@ -206,6 +208,87 @@ void PruebaRegistroComprobantes::el_check_de_replica_llena_el_libro_vacio() {
                     " (1, 4, '110505')",
                     "update comprobante_encabezado set enco_repniif = 'S'"});
     QCOMPARE(filas_de(base(), kLineasNiif), "4|110505|0|0|");
+}
+
+void PruebaRegistroComprobantes::lo_corregido_a_mano_en_la_replica_no_se_pisa() {
+    const auto importes = [](const char* libro, int pesos) {
+        return QString("update comprobante_detalle%1 set code_debito = iif(code_debito = 0, 0, %2),"
+                       " code_credito = iif(code_credito = 0, 0, %2);")
+            .arg(libro)
+            .arg(pesos);
+    };
+    const auto quedan = [](const char* pesos) {
+        return QString("1|130505|%1|0|1\n2|413505|0|%1|2").arg(pesos);
+    };
+    const QString a80 = importes("_niif", 80), a300 = importes("", 300),
+                  concepto = "update comprobante_detalle set code_concepto = 'otro' where code_item"
+                             " = 1;",
+                  check = "update comprobante_encabezado set enco_repniif = '%1';",
+                  bloqueo = "update configuracion set conf_valor = '%1' where conf_propiedad ="
+                            " 'FECHA DE BLOQUEO NIIF';",
+                  borre = "delete from comprobante_detalle_niif;",
+                  replica =
+                      "insert into comprobante_detalle_niif (enco_consec, code_item, cuen_cod,"
+                      " code_debito, code_credito, code_itemrep, terc_nit) values (1, %1,"
+                      " %2, %1, '900123456');",
+                  replica80 =
+                      replica.arg(1).arg("'130505', 80, 0") + replica.arg(2).arg("'413505', 0, 80");
+    // Cada orden es una grabación.
+    const std::pair<QStringList, QString> casos[] = {
+        {{a80, concepto}, quedan("80")},
+        {{borre, concepto}, ""},
+        {{bloqueo.arg("20171231"), a300, bloqueo.arg(""), concepto}, quedan("100")},
+        {{check.arg("N"), a300, check.arg("S"), concepto}, quedan("300")},
+        {{a80, "select renglones from reemplace_tercero('900123456', '860002964', '20170101',"
+               " '20171231', null, null, 'S') into :n;"},
+         quedan("80")},
+        // Los importes que sí cambian llegan, aunque a la vez se corrija otro dato de la réplica.
+        {{a80, a300 + "update comprobante_detalle_niif set code_concepto = 'mía' where code_item ="
+                      " 1;"},
+         quedan("300")},
+        {{check.arg("N"), "delete from comprobante_detalle where code_item = 2;", check.arg("S")},
+         "1|130505|100|0|1"},
+        // Lo que la pantalla replica con el check recién puesto va como el usuario lo dejó.
+        {{check.arg("N"), borre, check.arg("S") + replica80}, quedan("80")},
+        {{check.arg("N"), check.arg("S") + borre + replica80}, quedan("80")}};
+    for (const auto& [ordenes, queda] : casos) {
+        base_.emplace();
+        grabe(base(), replicado(venta(100)));
+        for (const QString& orden : ordenes)
+            base().ejecute("execute block as declare n integer; begin " + orden + " end");
+        QCOMPARE(filas_de(base(), kLineasNiif), queda);
+    }
+}
+
+void PruebaRegistroComprobantes::lo_que_la_replica_descuadraria_se_dice() {
+    grabe(base(), replicado(venta(100)));
+    base_->ejecute({"update comprobante_detalle_niif set code_debito = 80 where code_item = 1",
+                    "update comprobante_detalle_niif set code_credito = 80, proy_cod = '0001',"
+                    " cent_cod = '0001' where code_item = 2"});
+    // Un centro que cambia de código no es una corrección: el que se puso a mano sigue.
+    base().ejecute("update centros set cent_cod = '0093' where proy_cod = '0002' and cent_cod ="
+                   " '0001'");
+    QCOMPARE(filas_de(base(), "select d.cent_cod, n.proy_cod, n.cent_cod from comprobante_detalle d"
+                              " join comprobante_detalle_niif n using (code_item) where code_item ="
+                              " 2"),
+             "0093|0001|0001");
+    const QString parta = "execute block as begin update comprobante_detalle set code_debito = 60"
+                          " where code_item = 1; insert into comprobante_detalle (enco_consec,"
+                          " code_item, cuen_cod, code_debito) values (1, 3, '110505', 40); end";
+    QCOMPARE(falla_de([&] { base().ejecute(parta); }),
+             "El libro NIIF del comprobante CG 0001 000001 quedaría descuadrado: tiene líneas"
+             " corregidas a mano que la réplica no cambia. Corríjalas en el libro NIIF o quite el"
+             " check de réplica.");
+    base_->ejecute({"update comprobante_encabezado set enco_descontable = 'N'",
+                    "update configuracion set conf_valor = 'SI' where conf_propiedad = 'PERMITIR"
+                    " COMPROBANTES DESCUADRADOS'",
+                    parta});
+    QCOMPARE(filas_de(base(), kLineasNiif), "1|130505|60|0|1\n2|413505|0|80|2\n3|110505|40|0|3");
+    // La línea que no dice si es descontable lo toma del encabezado.
+    QCOMPARE(filas_de(base(), "select code_descontable from comprobante_detalle where code_item ="
+                              " 3"),
+             "N");
+    QCOMPARE(saldos_distintos(base()), QString());
 }
 
 void PruebaRegistroComprobantes::las_plantillas_y_planillas_se_van_con_sus_lineas() {

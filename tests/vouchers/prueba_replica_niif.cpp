@@ -103,6 +103,25 @@ private slots:
         digite("250", Qt::Key_Return, Qt::Key_F2);
         QCOMPARE(s.escritorio.abiertas().size(), 0);
         QCOMPARE(niif(s), "110505:250.00:0.00::1,310505:0.00:250.00::2");
+        // Lo que allí se corrija a mano no lo deshace otro cambio del 2649.
+        p = abra_edicion(s, 1);
+        p->PageControl1->setCurrentIndex(1);
+        p->Cdetniif.First();
+        for (const char* lado : {"CODE_DEBITO", "CODE_CREDITO"}) {
+            p->Cdetniif.Edit();
+            p->Cdetniif.FieldByName(lado) = 80;
+            p->Cdetniif.Next();
+        }
+        p->SBGrabar->click();
+        p = abra_edicion(s, 1);
+        p->PageControl1->setCurrentIndex(0);
+        p->CDetalle.First();
+        p->CDetalle.Edit();
+        p->CDetalle.FieldByName("CODE_CONCEPTO") = "otro";
+        p->SBGrabar->click();
+        QCOMPARE(s.dato("select code_concepto from comprobante_detalle where code_item = 1"),
+                 "otro");
+        QCOMPARE(niif(s), "110505:80.00:0.00::1,310505:0.00:80.00::2");
         QCOMPARE(s.dato("select count(*) from verifique_saldos('NIIF')"), "0");
     }
 

@@ -1,0 +1,31 @@
+-- La réplica anota qué cambió de cada línea, y las líneas que la planilla grabó sin decir si son
+-- descontables toman lo de su encabezado. Esto no es obra de un usuario ni se replica: los guiones
+-- vuelven a encender lo que aquí se apaga.
+
+ALTER TABLE REPLICA_LINEA ADD REPL_CAMBIOS integer;
+ALTER TABLE REPLICA_MANO ADD REPL_CAMBIOS integer;
+
+SET TERM ^ ;
+
+EXECUTE BLOCK
+AS
+  DECLARE NOMBRE varchar(31);
+BEGIN
+  FOR
+    SELECT trim(RDB$TRIGGER_NAME) FROM RDB$TRIGGERS
+    WHERE RDB$RELATION_NAME IN ('COMPROBANTE_DETALLE', 'COMPROBANTE_DETALLE_NIIF')
+      AND RDB$SYSTEM_FLAG = 0
+    INTO :NOMBRE
+  DO
+    EXECUTE STATEMENT 'ALTER TRIGGER ' || NOMBRE || ' INACTIVE';
+END^
+
+SET TERM ; ^
+
+--<LIBROS>
+UPDATE {DETALLE} D SET CODE_DESCONTABLE = (SELECT E.ENCO_DESCONTABLE FROM COMPROBANTE_ENCABEZADO E
+  WHERE E.ENCO_CONSEC = D.ENCO_CONSEC)
+WHERE coalesce(CODE_DESCONTABLE, '') = ''
+  AND EXISTS (SELECT 1 FROM COMPROBANTE_ENCABEZADO E
+    WHERE E.ENCO_CONSEC = D.ENCO_CONSEC AND E.ENCO_DESCONTABLE <> '');
+--</LIBROS>
