@@ -36,8 +36,6 @@ QString letras_usadas(const QWidget* menu) {
     return letras;
 }
 
-enum class Corte { Copiar, Cortar, Pegar };
-
 Rejilla* rejilla_de(QWidget* widget) {
     for (; widget; widget = widget->parentWidget())
         if (auto* r = qobject_cast<Rejilla*>(widget))
@@ -45,24 +43,19 @@ Rejilla* rejilla_de(QWidget* widget) {
     return nullptr;
 }
 
-/// Los controles de texto de Qt comparten los nombres de sus operaciones; las rejillas tienen las
-/// suyas.
-void edite(QWidget* foco, Corte corte) {
+/// Los controles de texto de Qt comparten los nombres de sus operaciones; una rejilla hace lo mismo
+/// que con su tecla, con lo que anuncie y revise.
+void edite(QWidget* foco, Rejilla::Orden orden) {
     if (!foco)
         return;
-    const char* operacion = corte == Corte::Copiar   ? "copy"
-                            : corte == Corte::Cortar ? "cut"
-                                                     : "paste";
+    const char* operacion = orden == Rejilla::Copiar   ? "copy"
+                            : orden == Rejilla::Cortar ? "cut"
+                                                       : "paste";
     if (qobject_cast<QLineEdit*>(foco) || foco->inherits("QTextEdit") ||
         qobject_cast<QPlainTextEdit*>(foco)) {
         QMetaObject::invokeMethod(foco, operacion);
     } else if (Rejilla* r = rejilla_de(foco)) {
-        if (corte == Corte::Copiar && r->puede_copiar())
-            r->copie();
-        else if (corte == Corte::Cortar && r->puede_copiar() && r->puede_borrar())
-            r->corte();
-        else if (corte == Corte::Pegar && r->puede_pegar())
-            r->pegue();
+        r->ejecute_orden(orden);
     }
 }
 
@@ -193,15 +186,15 @@ void Tfprincipal::arme_edicion() {
     });
     QMenu* m = menu("Edición");
     const auto agregue = [&](const QString& texto, const QString& nombre, const QString& imagen,
-                             Corte corte) {
+                             Rejilla::Orden orden) {
         QAction* a = m->addAction(icono(imagen), texto);
         a->setObjectName(nombre);
         connect(a, &QAction::triggered, this,
-                [this, corte] { proteja([&] { edite(ultimo_foco_, corte); }); });
+                [this, orden] { proteja([&] { edite(ultimo_foco_, orden); }); });
     };
-    agregue("&Copiar", "Copiar1", "edit-copy", Corte::Copiar);
-    agregue("C&ortar", "Cortar1", "edit-cut", Corte::Cortar);
-    agregue("&Pegar", "Pegar1", "edit-paste", Corte::Pegar);
+    agregue("&Copiar", "Copiar1", "edit-copy", Rejilla::Copiar);
+    agregue("C&ortar", "Cortar1", "edit-cut", Rejilla::Cortar);
+    agregue("&Pegar", "Pegar1", "edit-paste", Rejilla::Pegar);
 }
 
 void Tfprincipal::arme_ventana() {

@@ -239,12 +239,15 @@ QWidget* FormaActivo::pagina_centros() {
     DBGridEh1->pie(true);
     DBGridEh1->texto_vacio = "El gasto no se reparte. Insert agrega el primer centro.";
     DBGridEh1->OnDblClick = [this](int) {
-        escoja_centro(*this, [this](const CentroEscogido& c) {
-            if (!CCentros.editando())
-                CCentros.IsEmpty() ? CCentros.Append() : CCentros.Edit();
-            CCentros.FieldByName("ACCE_PROY") = c.proyecto_seleccion;
-            CCentros.FieldByName("ACCE_CENTRO") = c.centro_seleccion;
-        });
+        escoja_centro(*this,
+                      [this](const CentroEscogido& c) {
+                          if (!CCentros.editando())
+                              CCentros.IsEmpty() ? CCentros.Append() : CCentros.Edit();
+                          CCentros.FieldByName("ACCE_PROY") = c.proyecto_seleccion;
+                          CCentros.FieldByName("ACCE_CENTRO") = c.centro_seleccion;
+                      },
+                      {CCentros.FieldByName("ACCE_PROY").texto(),
+                       CCentros.FieldByName("ACCE_CENTRO").texto()});
     };
     Formulario(pagina).ancha(DBGridEh1);
     return pagina;
@@ -373,14 +376,15 @@ void FormaActivo::busque_cuenta(const char* columna, Libro libro, const QString&
     escoja_cuenta(
         *this, libro, texto,
         [this, columna](const QString& cuenta) { CActivo.FieldByName(columna) = cuenta; },
-        texto.isEmpty() ? CActivo.FieldByName(columna).texto() : QString());
+        CActivo.FieldByName(columna).texto());
 }
 
 void FormaActivo::cuenta_cambiada(Campo& campo, Libro libro, QLineEdit* nombre) {
     const bool repuesta = pregunta_.reponiendo();
     if (const auto buscada = pregunta_.tome(campo)) {
-        escoja_cuenta(*this, libro, *buscada,
-                      [&campo](const QString& escogida) { campo = escogida; });
+        escoja_cuenta(
+            *this, libro, *buscada, [&campo](const QString& escogida) { campo = escogida; },
+            campo.texto());
         return;
     }
     const QString cuenta = campo.texto();

@@ -77,6 +77,7 @@ void Tfnvopresup::construya() {
     EAnoOrigen->setAccessibleName("Año del que se copia");
     ECrecimiento = new EditorNumero;
     ECrecimiento->setObjectName("ECrecimiento");
+    ECrecimiento->setProperty("tasa", true);
     ECrecimiento->setMaximumWidth(ancho_caracteres(fontMetrics(), 10));
     auto* copiar = new QPushButton("Copiar");
     copiar->setObjectName("SpeedButton2");
@@ -156,11 +157,14 @@ void Tfnvopresup::rehuse(Campo& cuenta) {
 }
 
 void Tfnvopresup::busque_cuenta(const QString& texto) {
-    escoja_cuenta(*this, Libro::Decreto2649, texto, [this](const QString& cuenta) {
-        if (!CPresupuesto.editando())
-            CPresupuesto.IsEmpty() ? CPresupuesto.Append() : CPresupuesto.Edit();
-        CPresupuesto.FieldByName("CUEN_COD") = cuenta;
-    });
+    escoja_cuenta(
+        *this, Libro::Decreto2649, texto,
+        [this](const QString& cuenta) {
+            if (!CPresupuesto.editando())
+                CPresupuesto.IsEmpty() ? CPresupuesto.Append() : CPresupuesto.Edit();
+            CPresupuesto.FieldByName("CUEN_COD") = cuenta;
+        },
+        CPresupuesto.FieldByName("CUEN_COD").texto());
 }
 
 // ---------------------------------------------------------------- copia

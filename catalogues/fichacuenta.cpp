@@ -134,10 +134,13 @@ void FichaCuenta::CCuentasCUEN_EQNIIFChange() {
 }
 
 void FichaCuenta::ECtaAjusDblClick() {
-    escoja_cuenta(*this, Libro::Niif, {}, [this](const QString& cuenta) {
-        CCuentas->Edit();
-        CCuentas->FieldByName("CUEN_EQNIIF") = cuenta;
-    });
+    escoja_cuenta(
+        *this, Libro::Niif, {},
+        [this](const QString& cuenta) {
+            CCuentas->Edit();
+            CCuentas->FieldByName("CUEN_EQNIIF") = cuenta;
+        },
+        ECtaAjus->text());
 }
 
 bool FichaCuenta::hay_nombre() {

@@ -390,10 +390,18 @@ void FormaRango::busque(QWidget* caja) {
         escoja_tercero(*this, {}, reciba_codigo, destino->text());
         break;
     case ClaseRango::Proyecto:
-    case ClaseRango::Centro:
-        escoja_centro(*this, [this, abajo = par->desde == caja->objectName()](
-                                 const CentroEscogido& centro) { reciba_centro(abajo, centro); });
+    case ClaseRango::Centro: {
+        const bool abajo = par->desde == caja->objectName();
+        CentroEscogido actual;
+        for (const ParRango& p : datos_.pares)
+            if (p.clase == ClaseRango::Proyecto || p.clase == ClaseRango::Centro)
+                (p.clase == ClaseRango::Proyecto ? actual.proyecto_seleccion
+                                                 : actual.centro_seleccion) =
+                    valor(abajo ? p.desde : p.hasta);
+        escoja_centro(
+            *this, [this, abajo](const CentroEscogido& c) { reciba_centro(abajo, c); }, actual);
         break;
+    }
     default:
         break;
     }

@@ -53,6 +53,8 @@ void Tfnvacuenta::FormCreate() {
     CCuentas->Append();
     if (const auto pedida = peticion<AbreCuenta>(); !pedida.cuenta_seleccion.isEmpty())
         CCuentas->FieldByName("CUEN_COD") = pedida.cuenta_seleccion;
+    if (!codigo().isEmpty())
+        ENombre->setFocus();
     if (!fdm().exija_acceso(kOpcionCrear))
         pida_cierre_al_crear();
 }

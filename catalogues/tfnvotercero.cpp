@@ -5,6 +5,7 @@
 #include "sesion/tfdm.h"
 #include "sesion/tfdmter.h"
 #include "toolkit/controles/editordato.h"
+#include "toolkit/controles/listadato.h"
 #include "toolkit/dialogos.h"
 
 Tfnvotercero::Tfnvotercero() : FormaTercero("Tfnvotercero", "Nuevo tercero") {
@@ -26,6 +27,9 @@ void Tfnvotercero::FormCreate() {
         return;
     un_solo_nit_ = true;
     campo("TERC_NIT") = pedido;
+    // El NIT ya está: se empieza por lo que sigue.
+    if (!campo("TERC_NIT").vacio())
+        findChild<ListaDato*>("LTipoid")->setFocus();
 }
 
 void Tfnvotercero::CTercerosAfterInsert() {

@@ -41,13 +41,17 @@ CifrasControl::CifrasControl(Rejilla* rejilla, const QStringList& columnas,
 void CifrasControl::muestre() {
     // Cualquier fila las lleva; si un filtro las oculta todas, siguen siendo las del libro.
     const ConjuntoDatos& datos = *conjunto();
+    QStringList impresas;
     for (int i = 0; i < cajas_.size(); ++i) {
         const Campo& suma = datos.FieldByName(sumas_[i]);
         Valor v = datos.valor_en(0, suma);
         if (datos.RecordCount() == 0)
             datos.recorra_todas([&](const Fila& f) { v = datos.valor_de(f, suma); });
         cajas_[i]->valor(v.moneda().redondeada(2));
+        impresas << titulos_[i]->text() + ' ' + cajas_[i]->text();
     }
+    rejilla_->setProperty("cifras_impresas",
+                          QLatin1String(kRotulo) + ' ' + impresas.join(QStringLiteral(" · ")));
     ubique(); // lo que ocupan depende de lo que dicen
 }
 

@@ -143,6 +143,8 @@ void Tfauxiliar::calcule_saldos(Foto& foto) {
             Saldoi->valor(saldo.moneda());
     }
     Saldof->valor(foto.consulte(componga({}, miembro_.final)).moneda());
+    const QString inicial = Saldoi ? "Saldo inicial: " + Saldoi->text() + " · " : QString();
+    DBGridEh1->setProperty("cifras_impresas", inicial + "Saldo final: " + Saldof->text());
 }
 
 void Tfauxiliar::calcule_auxiliar(const QString& orden) {

@@ -82,7 +82,9 @@ QString rechazo_de_importe(const ImporteLeido& leido, const QString& texto, cons
     case ImporteLeido::Bueno:
         return {};
     case ImporteLeido::NoEsNumero:
-        return QStringLiteral("'%1' no es un número para %2.").arg(texto, rotulo);
+        // Un rótulo abreviado ya trae su punto.
+        return QStringLiteral("'%1' no es un número para %2%3")
+            .arg(texto, rotulo, rotulo.endsWith('.') ? QString() : QStringLiteral("."));
     default:
         return QStringLiteral("'%1' se puede leer de dos maneras en %2: escriba %3 o %4.")
             .arg(texto, rotulo, leido.miles.texto(), leido.decimal.texto());

@@ -321,21 +321,24 @@ void Tfbalaperturaniif::valide_celda(Campo& campo) {
     if (nombre == "APND_CUENTA" || nombre == "APND_CTANIIF") {
         const Libro libro = nombre == "APND_CUENTA" ? Libro::Decreto2649 : Libro::Niif;
         if (busca)
-            escoja_cuenta(*this, libro, texto.mid(1), reciba_en);
+            escoja_cuenta(*this, libro, texto.mid(1), reciba_en, campo.texto());
         else if (!fdmcnt().valide_cuenta(texto, libro))
             reciba(nombre, {});
     } else if (nombre == "TERC_NIT") {
         if (busca)
-            escoja_tercero(*this, texto.mid(1), reciba_en);
+            escoja_tercero(*this, texto.mid(1), reciba_en, campo.texto());
         else if (!fdmter().valide_tercero(texto))
             reciba(nombre, {});
     } else if (nombre == "ACTI_COD") {
         valide_articulo(texto, reciba_en);
     } else if (busca) {
-        escoja_centro(*this, [this](const CentroEscogido& c) {
-            reciba("PROY_COD", c.proyecto_seleccion);
-            reciba("CENT_COD", c.centro_seleccion);
-        });
+        escoja_centro(*this,
+                      [this](const CentroEscogido& c) {
+                          reciba("PROY_COD", c.proyecto_seleccion);
+                          reciba("CENT_COD", c.centro_seleccion);
+                      },
+                      {CAperniifdet.FieldByName("PROY_COD").texto(),
+                       CAperniifdet.FieldByName("CENT_COD").texto()});
     } else if (const QString proyecto = CAperniifdet.FieldByName("PROY_COD").texto();
                nombre == "CENT_COD" && !proyecto.isEmpty() &&
                !fdmcnt().valide_centro(proyecto, texto)) {
@@ -357,10 +360,12 @@ void Tfbalaperturaniif::valide_articulo(const QString& texto,
                       QuotedStr(cuenta))
             .texto() == "I";
     if (texto.startsWith('?')) {
+        const QString actual =
+            texto.size() > 1 ? texto.mid(1) : CAperniifdet.FieldByName("ACTI_COD").texto();
         if (inventario)
-            escoja_articulo(*this, reciba_en, texto.mid(1));
+            escoja_articulo(*this, reciba_en, actual);
         else
-            escoja_activo(*this, reciba_en, texto.mid(1));
+            escoja_activo(*this, reciba_en, actual);
     } else if (inventario && !fdmArt().valide_articulo(texto)) {
         reciba("ACTI_COD", {});
     } else if (!inventario && fdmcnt().desc_activo(texto).isEmpty()) {

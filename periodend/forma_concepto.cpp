@@ -257,8 +257,7 @@ void FormaConcepto::tercero_cambiado(Campo& nit) {
     if (nit.vacio() || pregunta_.reponiendo())
         return;
     if (const auto texto = pregunta_.tome(nit)) {
-        escoja_tercero(*this, *texto,
-                       [this](const QString& n) { reciba(CCuentas, "TERC_NIT", n); });
+        busque_tercero(*texto);
         return;
     }
     if (CBorrar
@@ -298,7 +297,13 @@ void FormaConcepto::busque_cuenta(ConjuntoDatos& conjunto, const QString& column
     escoja_cuenta(
         *this, Libro::Decreto2649, texto,
         [this, &conjunto, columna](const QString& cuenta) { reciba(conjunto, columna, cuenta); },
-        texto.isEmpty() && !conjunto.IsEmpty() ? conjunto.FieldByName(columna).texto() : QString());
+        conjunto.FieldByName(columna).texto());
+}
+
+void FormaConcepto::busque_tercero(const QString& texto) {
+    escoja_tercero(
+        *this, texto, [this](const QString& nit) { reciba(CCuentas, "TERC_NIT", nit); },
+        CCuentas.FieldByName("TERC_NIT").texto());
 }
 
 void FormaConcepto::DBGridDblClick(int columna) {
@@ -310,14 +315,17 @@ void FormaConcepto::DBGridDblClick(int columna) {
         busque_cuenta(CCuentas, "COCU_CUENTABASE", {});
         break;
     case kTercero:
-        escoja_tercero(*this, {}, [this](const QString& n) { reciba(CCuentas, "TERC_NIT", n); });
+        busque_tercero({});
         break;
     case kProyecto:
     case kCentro:
-        escoja_centro(*this, [this](const CentroEscogido& c) {
-            reciba(CCuentas, "PROY_COD", c.proyecto_seleccion);
-            reciba(CCuentas, "CENT_COD", c.centro_seleccion);
-        });
+        escoja_centro(
+            *this,
+            [this](const CentroEscogido& c) {
+                reciba(CCuentas, "PROY_COD", c.proyecto_seleccion);
+                reciba(CCuentas, "CENT_COD", c.centro_seleccion);
+            },
+            {CCuentas.FieldByName("PROY_COD").texto(), CCuentas.FieldByName("CENT_COD").texto()});
         break;
     default:
         break;

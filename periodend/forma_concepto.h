@@ -41,6 +41,7 @@ private:
     void centro_cambiado();
     void tercero_cambiado(Campo& nit);
     void busque_cuenta(ConjuntoDatos& conjunto, const QString& columna, const QString& texto);
+    void busque_tercero(const QString& texto);
     void DBGridDblClick(int columna);
     void reciba(ConjuntoDatos& conjunto, const QString& columna, const QString& valor);
     void VenceClick();

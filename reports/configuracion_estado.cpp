@@ -40,10 +40,13 @@ void ConfiguracionEstado::cuenta_cambiada(Campo& cuenta) {
     if (cuenta.vacio() || pregunta_.reponiendo())
         return;
     if (const auto texto = pregunta_.tome(cuenta)) {
-        escoja_cuenta(*this, libro(), *texto, [this](const QString& escogida) {
-            conjunto_->Edit();
-            conjunto_->FieldByName(columna("CUENTA")) = escogida;
-        });
+        escoja_cuenta(
+            *this, libro(), *texto,
+            [&cuenta](const QString& escogida) {
+                cuenta.conjunto().Edit();
+                cuenta = escogida;
+            },
+            cuenta.texto());
     } else if (!fdmcnt().valide_cuenta(cuenta.texto(), libro())) {
         cuenta.limpie();
         throw EdicionAbortada(); // la celda queda abierta

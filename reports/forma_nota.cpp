@@ -209,10 +209,13 @@ void FormaNota::abra(const QString& id) {
 
 void FormaNota::cuenta_cambiada(Campo& cuenta) {
     if (const auto texto = pregunta_.tome(cuenta))
-        escoja_cuenta(*this, Libro::Decreto2649, *texto, [this](const QString& escogida) {
-            CNotasestados.Edit();
-            CNotasestados.FieldByName("NOEF_CUENTA") = escogida;
-        });
+        escoja_cuenta(
+            *this, Libro::Decreto2649, *texto,
+            [&cuenta](const QString& escogida) {
+                cuenta.conjunto().Edit();
+                cuenta = escogida;
+            },
+            cuenta.texto());
 }
 
 void FormaNota::ponga_nota() {

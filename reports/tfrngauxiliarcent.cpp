@@ -27,6 +27,7 @@ Tfrngauxiliarcent::Tfrngauxiliarcent() : FormaRango(kDatos) {
     CAuxiliar.decimal("SALDO").etiqueta("Saldo inicial").formato("#,###.00");
     defina_columnas(CAuxiliar, {"TERCERO"});
     CAuxiliar.decimal("SALDOF").etiqueta("Saldo final").formato("#,###.00");
+    CAuxiliar.entero("ITEM").Visible = false;
 
     Formulario f(this);
     arme_pares(f);
@@ -44,6 +45,18 @@ QString Tfrngauxiliarcent::sql() {
            argumentos({"EDesde", "EHasta", "ProyIni", "ProyFin", "CentIni", "CentFin", "EFecIni",
                        "EFecFin"}) +
            ")";
+}
+
+void Tfrngauxiliarcent::antes_de_abrir() {
+    CAuxiliar.IndexFieldNames({});
+}
+
+void Tfrngauxiliarcent::despues_de_abrir() {
+    if (marcada(agrupater))
+        return;
+    // La consulta separa los terceros: sin agruparlos, el saldo del centro corre por fechas.
+    CAuxiliar.FetchAll();
+    CAuxiliar.IndexFieldNames("CUENTA;PROYECTO;CENTRO;FECHA;TIPOCOMP;PREFIJO;NUMERO;ITEM");
 }
 
 QString Tfrngauxiliarcent::titulo() {

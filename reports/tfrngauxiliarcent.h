@@ -12,6 +12,9 @@ public:
 
 protected:
     QString sql() override;
+    void antes_de_abrir() override;
+    void despues_de_abrir() override;
+    bool todas_las_filas() const override { return !marcada(agrupater); }
     QString titulo() override;
     QString reporte() override { return QStringLiteral("Centros"); }
     QString titulo_niif() override { return QStringLiteral("Auxiliar por centro NIIF"); }

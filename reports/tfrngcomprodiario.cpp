@@ -53,9 +53,3 @@ QString Tfrngcomprodiario::titulo_niif() {
     return marcada(Ckdetalle) ? "Comprobantes de Diario Detallado NIIF"
                               : "Comprobantes de Diario Consolidado NIIF";
 }
-
-void Tfrngcomprodiario::ajuste_reporte(MotorInformes& motor, const QString&) {
-    // El título no dice de qué mes es.
-    motor.fijar_parametro("Periodo", Tfdm::nombres_periodo()[periodo.indice] + " de " +
-                                         QString::number(periodo.ano));
-}

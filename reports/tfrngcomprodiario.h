@@ -15,5 +15,4 @@ protected:
     QString titulo() override;
     QString reporte() override;
     QString titulo_niif() override;
-    void ajuste_reporte(MotorInformes& motor, const QString& pagina) override;
 };

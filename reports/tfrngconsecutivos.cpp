@@ -76,9 +76,17 @@ QString Tfrngconsecutivos::sql() {
     for (const ParRango& par : datos_.pares)
         limites << entre_comillas(par.desde) << entre_comillas(par.hasta);
     // La bandera es la inversa de la casilla: 'S' pide el listado consolidado.
-    return "select * from " + listado_.procedimiento + '(' + limites.join(", ") +
-           (marcada(Ckdetalle) ? ", 'N'" : ", 'S'") + (niif() ? ", 'S')" : ", 'N')") +
-           (marcada(CkDesc) ? " where DEBITO <> CREDITO" : "");
+    const bool detalle = marcada(Ckdetalle), descuadrados = marcada(CkDesc);
+    const QString libro = bandera(niif());
+    const QString listado = listado_.procedimiento + '(' + limites.join(", ") + ", " +
+                            bandera(!detalle || descuadrados) + ", " + libro + ')';
+    if (!descuadrados)
+        return "select * from " + listado;
+    if (!detalle)
+        return "select * from " + listado + " where DEBITO <> CREDITO";
+    // El que descuadra es el comprobante: cada línea por su lado es de un solo lado.
+    return "select C.ID, L.* from " + listado + " C left join liste_comprobante(C.ID, 'N', " +
+           libro + ") L on 1 = 1 where C.DEBITO <> C.CREDITO";
 }
 
 QString Tfrngconsecutivos::titulo() {

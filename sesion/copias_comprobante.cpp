@@ -62,14 +62,14 @@ void ofrezca_copias(Pantalla& pantalla, const QVector<QMenu*>& menus,
         int tecla;
         const char *nombre, *texto;
     } ordenes[] = {
-        {Copia::Duplicado, Qt::Key_D, "Duplicar1", "Duplicar comprobante"},
-        {Copia::Reverso, Qt::Key_I, "Reversar1", "Reversar comprobante"},
+        {Copia::Duplicado, Qt::Key_D, "Duplicar1", "&Duplicar comprobante"},
+        {Copia::Reverso, Qt::Key_I, "Reversar1", "&Reversar comprobante"},
     };
     for (QMenu* menu : menus)
         menu->addSeparator();
     for (const auto& o : ordenes) {
         const auto haga = [cual, clase = o.clase] { copie(cual(), clase); };
-        pantalla.tecla(o.tecla, Qt::ControlModifier, QString::fromUtf8(o.texto), haga);
+        pantalla.tecla(o.tecla, Qt::ControlModifier, QString::fromUtf8(o.texto + 1), haga);
         for (QMenu* menu : menus) {
             QAction* a = menu->addAction(QString::fromUtf8(o.texto) + "\tCtrl+" + QChar(o.tecla));
             a->setObjectName(QLatin1String(o.nombre));

@@ -4,10 +4,13 @@
 
 // ---------------------------------------------------------------- listas
 
+// Con algo que buscar, la lista va a lo buscado y no a lo que había.
 void escoja_cuenta(Pantalla& este, Libro libro, const QString& texto, Recibo<PideCuenta> reciba,
                    const QString& actual) {
     este.pida(datos(libro).pantalla_cuentas,
-              PideCuenta{.texto_busqueda = texto, .cuenta_localizar = actual}, std::move(reciba));
+              PideCuenta{.texto_busqueda = texto,
+                         .cuenta_localizar = texto.isEmpty() ? actual : QString()},
+              std::move(reciba));
 }
 
 QString escoja_cuenta_modal(const QString& cuenta_localizar, Libro libro) {
@@ -19,7 +22,8 @@ QString escoja_cuenta_modal(const QString& cuenta_localizar, Libro libro) {
 
 void escoja_tercero(Pantalla& este, const QString& texto, Recibo<PideTercero> reciba,
                     const QString& actual) {
-    este.pida("Tfterceros", PideTercero{texto, actual}, std::move(reciba));
+    este.pida("Tfterceros", PideTercero{texto, texto.isEmpty() ? actual : QString()},
+              std::move(reciba));
 }
 
 void cree_tercero(Pantalla& este, const QString& nit, Recibo<PideNuevoTercero> reciba) {

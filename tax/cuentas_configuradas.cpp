@@ -24,8 +24,9 @@ void atienda_cuenta(Pantalla& pantalla, Campo& campo, std::function<bool(const Q
         if (c.vacio() || pregunta->reponiendo())
             return;
         if (const auto buscada = pregunta->tome(c))
-            escoja_cuenta(pantalla, libro, *buscada,
-                          [&c](const QString& cuenta) { reciba(c, cuenta); });
+            escoja_cuenta(
+                pantalla, libro, *buscada, [&c](const QString& cuenta) { reciba(c, cuenta); },
+                c.texto());
         else if (!revise(c.texto()))
             c.limpie();
     });

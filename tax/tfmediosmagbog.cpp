@@ -176,10 +176,13 @@ void Tfmediosmagbog::siga_al_nit() {
     };
     campo.OnChange = [this](Campo& nit) {
         if (const auto texto = pregunta_.tome(nit))
-            escoja_tercero(*this, *texto, [this](const QString& escogido) {
-                CMedmagdata->Edit();
-                CMedmagdata->FieldByName("MMDD_NIT") = escogido;
-            });
+            escoja_tercero(
+                *this, *texto,
+                [&nit](const QString& escogido) {
+                    nit.conjunto().Edit();
+                    nit = escogido;
+                },
+                nit.texto());
     };
     pregunta_.atienda(campo);
     ofrezca_al_teclear(*DBGridEh1, Libro::Decreto2649, {}, "MMDD_NIT");

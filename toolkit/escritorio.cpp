@@ -254,6 +254,8 @@ Pantalla* Escritorio::muestre(Pantalla* pantalla) {
         area_->setActiveSubWindow(ventana);
         if (primero)
             primero->setFocus();
+        if (auto* caja = qobject_cast<QLineEdit*>(pantalla->focusWidget()))
+            caja->selectAll(); // lo que ya trae se reemplaza al teclear
         // Si el que Qt escogería está apagado, se empieza por lo primero que se lee.
         const QWidget* foco = pantalla->focusWidget();
         const bool sirve = foco && foco->isEnabled() && foco->isVisible();

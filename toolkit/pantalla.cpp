@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QTextEdit>
 
@@ -164,6 +165,8 @@ int Pantalla::mostrar_modal() {
         dialogo.show();
         if (primero)
             primero->setFocus();
+        if (auto* caja = qobject_cast<QLineEdit*>(focusWidget()))
+            caja->selectAll(); // lo que ya trae se reemplaza al teclear
         proteja([this] { FormActivate(); });
         if (viva && !cerrada_)
             dialogo.exec();

@@ -248,14 +248,18 @@ void FormaPlanilla::CENTROChange() {
 void FormaPlanilla::busque_tercero(const QString& texto) {
     escoja_tercero(
         *this, texto, [this](const QString& nit) { CPlanilla.FieldByName("PLDI_NIT") = nit; },
-        texto.isEmpty() ? CPlanilla.FieldByName("PLDI_NIT").texto() : QString());
+        CPlanilla.FieldByName("PLDI_NIT").texto());
 }
 
 void FormaPlanilla::busque_centro() {
-    escoja_centro(*this, [this](const CentroEscogido& c) {
-        CPlanilla.FieldByName("PLDI_PROY") = c.proyecto_seleccion;
-        CPlanilla.FieldByName("PLDI_CENTRO") = c.centro_seleccion;
-    });
+    Campo &proyecto = CPlanilla.FieldByName("PLDI_PROY"),
+          &centro = CPlanilla.FieldByName("PLDI_CENTRO");
+    escoja_centro(*this,
+                  [&](const CentroEscogido& c) {
+                      proyecto = c.proyecto_seleccion;
+                      centro = c.centro_seleccion;
+                  },
+                  {proyecto.texto(), centro.texto()});
 }
 
 // ---------------------------------------------------------------- cuentas
@@ -309,8 +313,9 @@ void FormaPlanilla::CuentasAfterScroll() {
 }
 
 void FormaPlanilla::busque_cuenta(const QString& texto) {
-    escoja_cuenta(*this, Libro::Decreto2649, texto,
-                  [this](const QString& cuenta) { reciba_cuenta(cuenta); });
+    escoja_cuenta(
+        *this, Libro::Decreto2649, texto, [this](const QString& c) { reciba_cuenta(c); },
+        CCuentas.FieldByName("PLDC_CUENTA").texto());
 }
 
 void FormaPlanilla::reciba_cuenta(const QString& cuenta) {

@@ -105,6 +105,10 @@ void LineasCuenta::ate_preguntas() {
         if (!intacta())
             vacie_pie();
     };
+    connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] {
+        if (!cuenta().isEmpty() && NomCuenta->text().isEmpty()) // recién creada desde la celda
+            NomCuenta->setText(nombre_en_el_plan(detalle.conexion(), libro, cuenta()));
+    });
     LabDiferencia->al_reposar = [this] {
         if (detalle.State() == Estado::Navegacion && !cuenta().isEmpty() &&
             NomCuenta->text().isEmpty())

@@ -12,6 +12,11 @@ NombresEnLinea::NombresEnLinea(Rejilla* rejilla, Libro libro, int columna)
         ->acompane(columna, [this, columna](int fila) {
             return nombre(rejilla_->modelo().texto(fila, columna));
         });
+    // La que no existía pudo crearse desde la celda.
+    connect(&fdmcnt(), &Tfdmcnt::balance_por_recalcular, this, [this] {
+        if (nombres_.removeIf([](const auto& n) { return n.value().isEmpty(); }) > 0)
+            rejilla_->viewport()->update();
+    });
 }
 
 QString NombresEnLinea::nombre(const QString& cuenta) {
@@ -30,7 +35,7 @@ QString NombresEnLinea::nombre(const QString& cuenta) {
 void NombresEnLinea::consulte() {
     QStringList codigos;
     for (const QString& c : std::exchange(por_consultar_, {})) {
-        nombres_.insert(c, {}); // la que no exista no se vuelve a buscar
+        nombres_.insert(c, {}); // la que no exista no se busca cada vez que se pinta
         codigos << QuotedStr(c);
     }
     // El nombre es un adorno: si no se puede leer, la línea sigue diciendo su código.

@@ -98,6 +98,9 @@ void Tfcomproterc::FormCreate() {
     const auto pedido = peticion<AbreComprobantesTercero>();
     ENIT->setText(pedido.nit_comprobantes);
     ENom->setText(pedido.nombre_seleccion);
+    for (Rejilla* r : {DBGridEh1, DBGridEh2, DBGridEh3})
+        r->titulo_impreso = QStringLiteral("%1 · %2 %3 · Libro 2649  %[Today]")
+                                .arg(windowTitle(), ENIT->text(), ENom->text());
     abra_tipos();
     DBGridEh2->setFocus();
 }

@@ -214,20 +214,26 @@ void Tfplanilladatos::abra_fila() {
 void Tfplanilladatos::busque_tercero(const QString& texto) {
     if (!planilla_.pide_tercero)
         return;
-    escoja_tercero(*this, texto, [this](const QString& nit) {
-        abra_fila();
-        CVirtdata.FieldByName(kTercero) = nit;
-    });
+    escoja_tercero(
+        *this, texto,
+        [this](const QString& nit) {
+            abra_fila();
+            CVirtdata.FieldByName(kTercero) = nit;
+        },
+        CVirtdata.FieldByName(kTercero).texto());
 }
 
 void Tfplanilladatos::busque_centro() {
     if (!planilla_.pide_centro)
         return;
-    escoja_centro(*this, [this](const CentroEscogido& centro) {
-        abra_fila();
-        CVirtdata.FieldByName(kCentro) = centro.proyecto_seleccion;
-        CVirtdata.FieldByName(kSubcentro) = centro.centro_seleccion;
-    });
+    escoja_centro(
+        *this,
+        [this](const CentroEscogido& centro) {
+            abra_fila();
+            CVirtdata.FieldByName(kCentro) = centro.proyecto_seleccion;
+            CVirtdata.FieldByName(kSubcentro) = centro.centro_seleccion;
+        },
+        {CVirtdata.FieldByName(kCentro).texto(), CVirtdata.FieldByName(kSubcentro).texto()});
 }
 
 void Tfplanilladatos::DBGridDblClick(int columna) {

@@ -4,6 +4,7 @@
 #include "sesion/peticiones.h"
 #include "sesion_de_prueba.h"
 #include "toolkit/impresora.h"
+#include "toolkit/rejilla/rejilla.h"
 
 namespace {
 
@@ -293,6 +294,22 @@ private slots:
         accion("Copiar1")->trigger();
         accion("Pegar1")->trigger();
         QCOMPARE(otro->text(), "Caja");
+        // En una rejilla, lo mismo que su tecla: con lo que ella revise.
+        auto* filas = new ConjuntoDatos(pantalla, "CFilas");
+        filas->texto("A", 9);
+        filas->CreateDataSet();
+        auto* rejilla = new Rejilla(pantalla, filas);
+        rejilla->columnas({{"A", "A", 9}});
+        int pegados = 0;
+        rejilla->al_ordenar(Rejilla::Pegar, [&] { ++pegados; });
+        rejilla->show();
+        rejilla->setFocus();
+        accion("Pegar1")->trigger();
+        QCOMPARE(pegados, 1);
+        rejilla->ReadOnly = true;
+        QApplication::clipboard()->setText("1\t2");
+        s_->dialogos.espere("Esta lista no se digita: no se puede pegar en ella.");
+        accion("Pegar1")->trigger();
     }
 
     void las_ventanas_se_ordenan_y_se_listan() {

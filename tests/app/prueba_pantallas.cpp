@@ -171,6 +171,7 @@ private slots:
     }
     void cada_pantalla_se_recorre_como_se_lee_y_nombra_sus_datos();
     void el_encabezado_del_comprobante_se_recorre_como_lo_piensa_un_contador();
+    void lo_que_se_busca_desde_un_dato_se_abre_en_el();
 
 private:
     /// En qué se aparta Tab del orden de lectura; vacío si en nada.
@@ -263,6 +264,39 @@ void PruebaPantallas::el_encabezado_del_comprobante_se_recorre_como_lo_piensa_un
     Pantalla* p = pantallas().abrir("Tfedtmovimien", preparadas.encargo("Tfedtmovimien"));
     QCOMPARE(nombre_de(QApplication::focusWidget()), "DBEdit1");
     QVERIFY(p->close());
+}
+
+void PruebaPantallas::lo_que_se_busca_desde_un_dato_se_abre_en_el() {
+    const PantallasDePrueba preparadas(s_->bases);
+    s_->entre();
+    const auto abierto_en = [](const char* conjunto, const char* campo) {
+        Pantalla* lista = escritorio()->activa();
+        const auto* c = lista->findChild<ConjuntoDatos*>(conjunto);
+        return c ? c->FieldByName(campo).texto() : lista->objectName();
+    };
+    for (const auto& [pantalla, conjunto, campo, cuenta] :
+         {std::tuple{"Tfmodplanillad", "CCuentas", "PLDC_CUENTA", "110505"},
+          {"Tfedtactivo", "CActivo", "ACFJ_CTACONTA", "152405"},
+          {"Tfmodconcepto", "CConceptos", "CONC_CTACIERRE", "220505"},
+          {"Tfmodnotasestados", "CNotasestados", "NOEF_CUENTA", "110505"}}) {
+        Pantalla* p = pantallas().abrir(pantalla, preparadas.encargo(pantalla));
+        auto* c = p->findChild<ConjuntoDatos*>(conjunto);
+        QVERIFY2(c, pantalla);
+        c->Edit();
+        if (c->FieldByName(campo).vacio())
+            c->FieldByName(campo) = cuenta;
+        c->FieldByName(campo) = "?";
+        QCOMPARE(abierto_en("CCuentas", "CUEN_COD"), cuenta);
+        escritorio()->activa()->close();
+        c->CancelUpdates();
+        QVERIFY(p->close());
+    }
+    Pantalla* p = pantallas().abrir("Tfrngauxiliarcent");
+    p->findChild<QLineEdit*>("ProyIni")->setText("0002");
+    auto* centro = p->findChild<QLineEdit*>("CentIni");
+    centro->setText("0001");
+    QTest::mouseDClick(centro, Qt::LeftButton);
+    QCOMPARE(abierto_en("CProyectos", "PROY_COD") + abierto_en("CCentros", "CENT_COD"), "00020001");
 }
 
 PRUEBA_DE_LA_APLICACION(PruebaPantallas)

@@ -165,6 +165,8 @@ private slots:
         oprima(Qt::Key_F2);
         QCOMPARE(s.dato(QString(kDigitado).arg(2)), "510506:7.00:0.00 613505:9.00:0.00");
         n = s.abra<Tfnvopresup>("Tfnvopresup", AbrePresupuesto{{2017, 1}});
+        escriba(n, "ECrecimiento", "2,125"); // no es dos mil ciento veinticinco
+        QCOMPARE(componente<EditorNumero>(n, "ECrecimiento").text(), "2.125");
         escriba(n, "ECrecimiento", "10");
         i.espere(pregunta, "Sí");
         pulse(n, "SpeedButton2");

@@ -105,10 +105,9 @@ private slots:
 
     void lo_que_la_base_rehusa_se_informa_se_descarta_y_sigue_otra() {
         SesionGui s;
-        Pantalla* p = pantallas().abrir("Tfnvacuenta");
+        Pantalla* p = pantallas().abrir("Tfnvacuenta", AbreCuenta{"110520"});
         // Otro usuario la creó entre la digitación y la grabación.
-        escriba(p, "ECodigo", "110520");
-        escriba(p, "ENombre", "Mía");
+        digite("Mía", Qt::Key_Return); // el código ya está
         s.base.ejecute({"insert into cuentas (cuen_cod, cuen_nom) values ('110520', 'Ajena')"});
         dice(Qt::Key_F2, "Ya existe el registro en la tabla Cuentas");
         QVERIFY(ficha(s, "110520").startsWith("Ajena|"));

@@ -285,6 +285,7 @@ private slots:
         Solicitante<PideNuevoTercero> yo;
         Pantalla* p = yo.pida("Tfnvotercero", {"901777888"});
         QCOMPARE(campo(p, "TERC_NIT").texto(), "901777888");
+        QCOMPARE(con_foco()->objectName(), "LTipoid"); // el NIT no se vuelve a digitar
         escriba(p, "ENombre", "Pedido S.A.S.");
         oprima(Qt::Key_F2);
         QCOMPARE(s.escritorio.activa(), yo.pantalla());

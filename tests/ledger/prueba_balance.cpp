@@ -85,6 +85,10 @@ private slots:
             QCOMPARE(abra(s), b);
             QCOMPARE(componente<Rejilla>(b, indice ? "DBGridEh2" : "DBGridEh1").titulo_impreso,
                      QString("Balance de prueba · Libro %1 · Marzo de 2017").arg(valor));
+            QVERIFY(componente<Rejilla>(b, indice ? "DBGridEh2" : "DBGridEh1")
+                        .property("cifras_impresas")
+                        .toString()
+                        .startsWith("Cifras de control: "));
             const auto* ventana = s.escritorio.area()->activeSubWindow();
             const QSize area = s.escritorio.area()->viewport()->size();
             QCOMPARE(ventana->pos(), QPoint(0, 0));

@@ -171,12 +171,20 @@ void PruebaInformesAuxiliares::agrupado_por_centros_o_categoria_tambien_cuadra()
     for (const QString& f : totales_por_fuera(s, 0, r, "proy, cent, cuen_cod, nit", true))
         esperados << importes(f).section(' ', 0, 1);
     QCOMPARE(solo_importes(renglones_con(texto, "Total (\\d{8,9} \\S|\\(sin)")), esperados);
+    QVERIFY(!renglones_con(texto, "\\d{8,9}-\\d +\\S").isEmpty()); // con su dígito
     // Con uno solo, también su saldo.
     r["ProyIni"] = r["ProyFin"] = "0001";
     r["CentIni"] = r["CentFin"] = "0002";
     texto = imprima("Tfrngauxiliarter", r, {"Chcentro"});
     QCOMPARE(solo_importes(renglones_con(texto, "Total (\\d{8,9} \\S|\\(sin)")),
              solo_importes(totales_por_fuera(s, 0, r, "cuen_cod, nit", true)));
+    // Sin agrupar los terceros, los renglones de cada centro van por fecha.
+    QString dia;
+    for (const QString& l :
+         renglones_con(imprima("Tfrngauxiliarcent", kTodo), "(" + kDiaImpreso + "|Total centro)")) {
+        QVERIFY2(l.startsWith("Total") || l.left(10) >= dia, qPrintable(l));
+        dia = l.startsWith("Total") ? QString() : l.left(10);
+    }
     // Por categoría: las de cada cuenta suman la cuenta, y se puede pedir una sola.
     texto = imprima("Tfrngauxiliarcta", sin_terceros(r), {"CkCateg"});
     QCOMPARE(solo_importes(renglones_con(texto, "Total \\d{6} ")),

@@ -462,6 +462,7 @@ private slots:
         OpcionesImpresion opciones;
         opciones.compania = "Distribuidora de prueba S.A.S.";
         opciones.encabezado = "Plan de cuentas a %[Today]";
+        opciones.cifras = "Por restar: 1.00";
         opciones.hoy = QDate(2018, 3, 5);
         int paginas;
         {
@@ -490,7 +491,8 @@ private slots:
         const QStringList hojas = texto.split('\f', Qt::SkipEmptyParts);
         QCOMPARE(hojas.size(), paginas);
         for (int i = 0; i < paginas; ++i) {
-            QVERIFY(hojas[i].contains("Plan de cuentas a 2018/03/05"));
+            QVERIFY(hojas[i].contains("Plan de cuentas a 2018/03/05") &&
+                    hojas[i].contains("Por restar: 1.00"));
             // El título ya dice la fecha.
             QCOMPARE(hojas[i].section("S. Final", 0, 0).count("2018/03/05"), 1);
             QVERIFY(hojas[i].contains("Distribuidora de prueba S.A.S."));

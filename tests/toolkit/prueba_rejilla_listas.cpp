@@ -5,6 +5,7 @@
 #include "datos/recordset/proveedor.h"
 #include "datos/recordset/sentencia.h"
 #include "toolkit/estilo.h"
+#include "toolkit/rejilla/filtro_columna.h"
 
 namespace {
 
@@ -233,6 +234,10 @@ private slots:
             QCOMPARE(d.RecordCount(), 3);
             p.tecla(Qt::Key_Escape);
             QVERIFY(!p.rejilla->en_fila_de_filtro());
+        }
+        for (const char* desde : {">=20170115", ">=2017/01/15"}) {
+            QVERIFY(FiltroColumna(desde).cumple(Valor("20170115"), "2017/01/15"));
+            QVERIFY(!FiltroColumna(desde).cumple(Valor("20170114"), "2017/01/14"));
         }
         // Dos columnas se suman; ocultar la fila quita los filtros.
         p.rejilla->SelectedIndex(p.Cuenta);

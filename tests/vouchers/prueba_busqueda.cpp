@@ -455,6 +455,7 @@ private slots:
         ponga_movimiento(s);
         auto* p = s.abra<Tfcomproterc>("Tfcomproterc", AbreComprobantesTercero{"900123456", {}});
         for (Rejilla* r : {p->DBGridEh2, p->DBGridEh1, p->DBGridEh3}) {
+            QVERIFY(r->titulo_impreso.contains(" · 900123456 "));
             QStringList ordenes;
             for (const QAction* a : r->findChild<QMenu*>("menu_rejilla")->actions())
                 ordenes << a->text();

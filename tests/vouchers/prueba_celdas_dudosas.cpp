@@ -309,6 +309,10 @@ private slots:
             QVERIFY(p->CDetalle.editando());
         }
         QCOMPARE(s.dato("select count(*) from comprobante_encabezado"), "0");
+        // Si al fin se creó, se la nombra.
+        s.base.ejecute({"insert into cuentas (cuen_cod, cuen_nom) values ('110599', 'Al fin')"});
+        emit s.cnt.balance_por_recalcular();
+        QCOMPARE(p->lineas_2649->NomCuenta->text(), "Al fin");
         // Con Esc en la rejilla, la línea se va.
         oprima(Qt::Key_Escape);
         QCOMPARE(p->CDetalle.RecordCount(), 0);

@@ -178,7 +178,7 @@ private slots:
         // En un porcentaje "%" no es nada: quien digita 19 quiere 19.
         d.rejilla().SelectedIndex(LineasLibro::kPorcentaje);
         dice([&] { digite("19%", Qt::Key_Return); },
-             "Se presento el siguiente error: '19%' no es un número para Porc..");
+             "Se presento el siguiente error: '19%' no es un número para Porc.");
         oprima(Qt::Key_Escape);
         p->CDetalle.Cancel();
         el_monto_tambien_se_calcula(s, *p);

@@ -1,5 +1,6 @@
 #include "toolkit/controles/editornumero.h"
 
+#include "libro/importes.h"
 #include "toolkit/controles/teclas_numericas.h"
 #include "toolkit/dialogos.h"
 #include "toolkit/estilo.h"
@@ -7,6 +8,23 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+
+namespace {
+
+/// En un porcentaje ("tasa") el separador es el decimal aunque lo sigan tres cifras, y se ven
+/// todas.
+bool es_tasa(const EditorNumero& caja) {
+    return caja.property("tasa").toBool();
+}
+
+std::optional<Moneda> lea(const EditorNumero& caja) {
+    if (!es_tasa(caja))
+        return Moneda::intente(caja.text());
+    const ImporteLeido leido = lea_porcentaje(caja.text());
+    return leido.clase == ImporteLeido::Bueno ? std::optional(leido.valor) : std::nullopt;
+}
+
+} // namespace
 
 EditorNumero::EditorNumero(QWidget* padre, int decimales)
     : QLineEdit(padre), decimales_(decimales) {
@@ -26,7 +44,7 @@ EditorNumero* EditorNumero::de_saldo(QWidget* padre) {
 
 Moneda EditorNumero::valor() const {
     if (editado_) // quien pregunta a media digitación quiere lo que se ve
-        if (const auto leido = Moneda::intente(text()))
+        if (const auto leido = lea(*this))
             return *leido;
     return valor_;
 }
@@ -34,7 +52,8 @@ Moneda EditorNumero::valor() const {
 void EditorNumero::valor(Moneda importe) {
     valor_ = importe;
     editado_ = false;
-    setText(hasFocus() && !isReadOnly() ? importe.texto() : importe.formateada(decimales_));
+    const bool llano = es_tasa(*this) || (hasFocus() && !isReadOnly());
+    setText(llano ? importe.texto() : importe.formateada(decimales_));
     if (!hasFocus())
         setCursorPosition(0);
     coloree();
@@ -59,7 +78,7 @@ void EditorNumero::termine() {
         return;
     editado_ = false;
     const bool vacio = text().trimmed().isEmpty();
-    const auto leido = vacio ? std::optional(Moneda()) : Moneda::intente(text());
+    const auto leido = vacio ? std::optional(Moneda()) : lea(*this);
     if (!leido) {
         const QString escrito = text();
         valor(valor_);

@@ -177,8 +177,9 @@ int Impresion::imprima() {
     medidas_.emplace(letra_, &dispositivo_);
     medidas_negrita_.emplace(letra_negrita_, &dispositivo_);
     alto_fila_ = medidas_->height() * 1.25;
-    alto_encabezado_ =
-        alto_renglon(letra_titulo_) * (opciones_.compania.isEmpty() ? 1 : 2) + puntos(8);
+    alto_encabezado_ = alto_renglon(letra_titulo_) * (1 + (opciones_.compania.isEmpty() ? 0 : 1) +
+                                                      (opciones_.cifras.isEmpty() ? 0 : 1)) +
+                       puntos(8);
     const double alto_pie = alto_renglon(letra_pagina_) + puntos(8);
     const auto filas_por_pagina = std::max<qint64>(
         1, static_cast<qint64>((alto_ - alto_encabezado_ - alto_pie) / alto_fila_) - 1);
@@ -252,6 +253,8 @@ void Impresion::escriba_encabezado() {
     if (!opciones_.compania.isEmpty())
         escriba(opciones_.compania);
     escriba(con_marcas(titulo));
+    if (!opciones_.cifras.isEmpty())
+        escriba(opciones_.cifras);
 }
 
 void Impresion::escriba_pie_pagina() {

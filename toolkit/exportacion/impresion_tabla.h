@@ -12,6 +12,7 @@ class TablaExportable;
 struct OpcionesImpresion {
     QString compania;
     QString encabezado; ///< Vacío: el título de la tabla.
+    QString cifras;     ///< Renglón tras el encabezado: lo que la pantalla dice y no es una fila.
     QString encabezado_derecho = QStringLiteral("%[Today]");
     QDate hoy = reloj().hoy();
     QFont fuente; ///< Solo la familia: el cuerpo lo decide el ancho de la hoja.

@@ -2,6 +2,8 @@
 
 #include "toolkit/tecleo.h"
 
+#include <QRegularExpression>
+
 FiltroColumna::FiltroColumna(const QString& expresion) {
     static const std::pair<QLatin1String, Operador> kOperadores[] = {
         {QLatin1String("<="), Operador::MenorIgual}, {QLatin1String(">="), Operador::MayorIgual},
@@ -43,7 +45,12 @@ bool FiltroColumna::cumple(const Valor& valor, const QString& presentado) const 
     } else {
         if (valor.nulo() && operador_ != Operador::Distinto)
             return false;
-        orden = texto_llano(presentado).compare(texto_);
+        // Una fecha se puede escribir con o sin sus barras.
+        static const QRegularExpression fecha(QStringLiteral("^\\d{4}/\\d\\d/\\d\\d$"));
+        if (fecha.match(presentado).hasMatch())
+            orden = QString(presentado).remove('/').compare(QString(texto_).remove('/'));
+        else
+            orden = texto_llano(presentado).compare(texto_);
     }
     switch (operador_) {
     case Operador::Igual:

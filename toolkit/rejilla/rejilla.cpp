@@ -370,7 +370,10 @@ void Rejilla::paintEvent(QPaintEvent* evento) {
     QTableView::paintEvent(evento);
     // Sin consultar todavía no se sabe si está vacía: se dice cómo se consulta.
     const bool abierta = conjunto() && conjunto()->Active();
-    const QString texto = abierta ? texto_vacio : property("sin_consultar").toString();
+    const QString texto = abierta && encabezado_->filtrando()
+                              ? QStringLiteral("Ninguna fila cumple el filtro.")
+                          : abierta ? texto_vacio
+                                    : property("sin_consultar").toString();
     if (modelo_->rowCount() > 0 || texto.isEmpty() || !conjunto())
         return;
     QPainter pintor(viewport());

@@ -163,6 +163,7 @@ void Rejilla::imprima() {
             OpcionesImpresion opciones;
             opciones.compania = compania_impresa;
             opciones.encabezado = titulo_impreso;
+            opciones.cifras = property("cifras_impresas").toString();
             opciones.fuente = font();
             paginas = imprima_tabla(tabla, *hoja, opciones);
         });
